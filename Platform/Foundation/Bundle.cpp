@@ -1,0 +1,77 @@
+#include "Platform/Foundation/Bundle.hpp"
+
+#include <algorithm>
+#include <cstdlib>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace orivanta::foundation {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct MainBundle {
+  std::mutex mutex;
+  std::optional<fs::path> folder;
+};
+
+MainBundle& mainBundle() {
+  static auto& instance = *new MainBundle;
+  return instance;
+}
+
+std::optional<fs::path> userConfigurationFolder() {
+  const char* configured = std::getenv("XDG_CONFIG_HOME");
+  if (configured != nullptr && fs::path(configured).is_absolute()) return fs::path(configured);
+  const char* home = std::getenv("HOME");
+  if (home == nullptr || *home == '\0') return std::nullopt;
+  return fs::path(home) / ".config";
+}
+
+std::vector<fs::path> mainBundleFolders() {
+  const std::lock_guard lock(mainBundle().mutex);
+  if (mainBundle().folder) return {*mainBundle().folder};
+  std::vector<fs::path> folders;
+  const fs::path executable = executablePath();
+  if (executable.empty()) return folders;
+  folders.push_back(executable.parent_path() / "Resources");
+  if (const auto configuration = userConfigurationFolder())
+    folders.push_back(*configuration / executable.filename());
+  return folders;
+}
+
+}  // namespace
+
+void setMainBundleFolder(fs::path folder) {
+  const std::lock_guard lock(mainBundle().mutex);
+  mainBundle().folder = std::move(folder);
+}
+
+std::vector<fs::path> mainBundleFiles(std::string_view type) {
+  const std::string extension = "." + std::string(type);
+  std::vector<fs::path> files;
+  for (const fs::path& folder : mainBundleFolders()) {
+    const auto firstOfFolder = static_cast<std::ptrdiff_t>(files.size());
+    std::error_code failure;
+    fs::directory_iterator entry(folder, failure);
+    while (!failure && entry != fs::directory_iterator()) {
+      std::error_code statusFailure;
+      if (entry->path().extension() == extension && entry->is_regular_file(statusFailure))
+        files.push_back(entry->path());
+      entry.increment(failure);
+    }
+    std::sort(files.begin() + firstOfFolder, files.end());
+  }
+  return files;
+}
+
+fs::path executablePath() {
+  std::error_code failure;
+  fs::path path = fs::read_symlink("/proc/self/exe", failure);
+  return failure ? fs::path() : path;
+}
+
+}  // namespace orivanta::foundation

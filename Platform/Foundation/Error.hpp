@@ -1,0 +1,16 @@
+// The error value that crosses the ports: who reports it, a number within that domain, a text.
+#pragma once
+
+#include <string>
+
+namespace orivanta::foundation {
+
+struct Error {
+  std::string domain;       ///< the reporting part, such as "curl"; empty for the library's own
+  int code = 0;             ///< meaningful within the domain
+  std::string description;  ///< for people; may be empty
+
+  friend bool operator==(const Error&, const Error&) = default;
+};
+
+}  // namespace orivanta::foundation

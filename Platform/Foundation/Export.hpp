@@ -1,0 +1,4 @@
+// Marks what the shared libraries offer to the outside; everything else stays hidden.
+#pragma once
+
+#define ORIVANTA_API __attribute__((visibility("default")))

@@ -1,0 +1,72 @@
+#include "Platform/Foundation/PropertyList.hpp"
+
+#include <plist/plist.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <fstream>
+#include <memory>
+#include <string_view>
+
+namespace orivanta::foundation {
+
+namespace {
+
+constexpr std::uintmax_t largestFileBytes = 16U << 20U;
+
+using PlistHandle = std::unique_ptr<void, decltype(&plist_free)>;
+using PlistText = std::unique_ptr<char, decltype(&std::free)>;
+
+std::optional<std::string> readFile(const std::filesystem::path& file) {
+  std::error_code failure;
+  if (!std::filesystem::is_regular_file(file, failure)) return std::nullopt;
+  const std::uintmax_t size = std::filesystem::file_size(file, failure);
+  if (failure || size > largestFileBytes) return std::nullopt;
+  std::ifstream stream(file, std::ios::binary);
+  std::string bytes(static_cast<std::size_t>(size), '\0');
+  if (!stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) return std::nullopt;
+  return bytes;
+}
+
+PlistHandle parse(const std::string& bytes) {
+  plist_t root = nullptr;
+  const auto length = static_cast<std::uint32_t>(bytes.size());
+  if (std::string_view(bytes).starts_with("bplist"))
+    plist_from_bin(bytes.data(), length, &root);
+  else
+    plist_from_xml(bytes.data(), length, &root);
+  return {root, plist_free};
+}
+
+std::optional<std::string> textOf(plist_t node) {
+  if (node == nullptr || plist_get_node_type(node) != PLIST_STRING) return std::nullopt;
+  char* text = nullptr;
+  plist_get_string_val(node, &text);
+  const PlistText owner(text, std::free);
+  return text != nullptr ? std::optional<std::string>(text) : std::nullopt;
+}
+
+}  // namespace
+
+std::optional<PropertyListDictionary> readPropertyList(const std::filesystem::path& file) {
+  const auto bytes = readFile(file);
+  if (!bytes) return std::nullopt;
+  const PlistHandle root = parse(*bytes);
+  if (!root || plist_get_node_type(root.get()) != PLIST_DICT) return std::nullopt;
+
+  PropertyListDictionary entries;
+  plist_dict_iter walker = nullptr;
+  plist_dict_new_iter(root.get(), &walker);
+  const std::unique_ptr<void, decltype(&std::free)> walkerOwner(walker, std::free);
+  for (;;) {
+    char* key = nullptr;
+    plist_t value = nullptr;
+    plist_dict_next_item(root.get(), walker, &key, &value);
+    if (key == nullptr) break;
+    const PlistText keyOwner(key, std::free);
+    entries[key] = textOf(value);
+  }
+  return entries;
+}
+
+}  // namespace orivanta::foundation

@@ -1,0 +1,76 @@
+#include "Platform/Foundation/SerialQueue.hpp"
+
+#include <algorithm>
+#include <boost/asio/post.hpp>
+#include <boost/asio/thread_pool.hpp>
+#include <deque>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+namespace orivanta::foundation {
+
+namespace {
+
+// At least four threads, so that a callback that waits for another load does not starve it. Never
+// destroyed: work may be under way when the process ends.
+boost::asio::thread_pool& backgroundPool() {
+  static auto& pool =
+      *new boost::asio::thread_pool(std::max(4U, std::thread::hardware_concurrency()));
+  return pool;
+}
+
+}  // namespace
+
+struct SerialQueue::State {
+  std::mutex mutex;
+  std::deque<std::function<void()>> tasks;
+  int suspensions = 0;
+  bool draining = false;
+};
+
+SerialQueue::SerialQueue() : state_(std::make_unique<State>()) {}
+SerialQueue::~SerialQueue() = default;
+
+std::shared_ptr<SerialQueue> SerialQueue::make() {
+  return std::shared_ptr<SerialQueue>(new SerialQueue);
+}
+
+void SerialQueue::async(std::function<void()> task) {
+  const std::lock_guard lock(state_->mutex);
+  state_->tasks.push_back(std::move(task));
+  scheduleIfReady();
+}
+
+void SerialQueue::suspend() {
+  const std::lock_guard lock(state_->mutex);
+  ++state_->suspensions;
+}
+
+void SerialQueue::resume() {
+  const std::lock_guard lock(state_->mutex);
+  --state_->suspensions;
+  scheduleIfReady();
+}
+
+// Called with the mutex held.
+void SerialQueue::scheduleIfReady() {
+  if (state_->draining || state_->suspensions > 0 || state_->tasks.empty()) return;
+  state_->draining = true;
+  boost::asio::post(backgroundPool(), [self = shared_from_this()] { self->drain(); });
+}
+
+void SerialQueue::drain() {
+  std::unique_lock lock(state_->mutex);
+  while (state_->suspensions == 0 && !state_->tasks.empty()) {
+    std::function<void()> task = std::move(state_->tasks.front());
+    state_->tasks.pop_front();
+    lock.unlock();
+    task();
+    task = nullptr;  // what the task holds goes before the next one starts, outside the lock
+    lock.lock();
+  }
+  state_->draining = false;
+}
+
+}  // namespace orivanta::foundation

@@ -1,0 +1,125 @@
+#include "Platform/Foundation/Url.hpp"
+
+#include <uriparser/Uri.h>
+
+#include <algorithm>
+#include <cctype>
+
+namespace orivanta::foundation {
+
+namespace {
+
+// The library's parsed form, which points into the text that it was parsed from.
+class ParsedUri {
+ public:
+  explicit ParsedUri(std::string_view text) {
+    const char* errorPosition = nullptr;
+    valid_ = uriParseSingleUriExA(&uri_, text.data(), text.data() + text.size(), &errorPosition) ==
+             URI_SUCCESS;
+  }
+  ~ParsedUri() {
+    if (valid_) uriFreeUriMembersA(&uri_);
+  }
+  ParsedUri(const ParsedUri&) = delete;
+  ParsedUri& operator=(const ParsedUri&) = delete;
+
+  bool valid() const { return valid_; }
+  const UriUriA& operator*() const { return uri_; }
+  const UriUriA* operator->() const { return &uri_; }
+
+ private:
+  UriUriA uri_{};
+  bool valid_ = false;
+};
+
+std::string textOf(const UriTextRangeA& range) {
+  return range.first == nullptr ? std::string() : std::string(range.first, range.afterLast);
+}
+
+std::string recomposed(const UriUriA& uri) {
+  int length = 0;
+  if (uriToStringCharsRequiredA(&uri, &length) != URI_SUCCESS) return {};
+  std::string text(static_cast<std::size_t>(length) + 1, '\0');
+  int written = 0;
+  if (uriToStringA(text.data(), &uri, length + 1, &written) != URI_SUCCESS) return {};
+  text.resize(static_cast<std::size_t>(written) - 1);
+  return text;
+}
+
+// Everything but the unreserved characters and those that a query may hold without a meaning of
+// their own there. "+" is encoded, since many servers read it as a blank.
+std::string encodedQueryText(std::string_view text) {
+  static constexpr char digits[] = "0123456789ABCDEF";
+  static constexpr std::string_view kept = "-._~:/?@!$'()*,;";
+  std::string encoded;
+  for (const char character : text) {
+    const auto byte = static_cast<unsigned char>(character);
+    const bool plain = byte < 128 && std::isalnum(byte) != 0;
+    if (plain || kept.find(character) != std::string_view::npos) {
+      encoded += character;
+    } else {
+      encoded += '%';
+      encoded += digits[byte >> 4U];
+      encoded += digits[byte & 15U];
+    }
+  }
+  return encoded;
+}
+
+}  // namespace
+
+std::optional<Url> Url::parse(std::string_view text) {
+  if (text.empty() || !ParsedUri(text).valid()) return std::nullopt;
+  return Url(std::string(text));
+}
+
+std::optional<Url> Url::parse(std::string_view text, const Url& base) {
+  if (text.empty()) return std::nullopt;
+  const ParsedUri reference(text);
+  if (!reference.valid()) return std::nullopt;
+  const bool absolute = reference->scheme.first != nullptr;
+  const ParsedUri parsedBase(base.text_);
+  if (absolute || parsedBase->scheme.first == nullptr) return Url(std::string(text));
+  UriUriA resolved;
+  if (uriAddBaseUriA(&resolved, &*reference, &*parsedBase) != URI_SUCCESS) return std::nullopt;
+  std::string resolvedText = recomposed(resolved);
+  uriFreeUriMembersA(&resolved);
+  if (resolvedText.empty()) return std::nullopt;
+  return Url(std::move(resolvedText));
+}
+
+bool Url::isAbsolute() const { return ParsedUri(text_)->scheme.first != nullptr; }
+
+std::string Url::scheme() const { return textOf(ParsedUri(text_)->scheme); }
+
+std::string Url::host() const { return textOf(ParsedUri(text_)->hostText); }
+
+std::string Url::query() const { return textOf(ParsedUri(text_)->query); }
+
+std::string Url::path() const {
+  const ParsedUri uri(text_);
+  std::string path;
+  if (uri->absolutePath != URI_FALSE || (uri->hostText.first != nullptr && uri->pathHead != nullptr))
+    path += '/';
+  for (const UriPathSegmentA* segment = uri->pathHead; segment != nullptr; segment = segment->next) {
+    path += textOf(segment->text);
+    if (segment->next != nullptr) path += '/';
+  }
+  return path;
+}
+
+Url Url::withQueryItems(std::span<const std::pair<std::string, std::string>> items) const {
+  const std::string_view text = text_;
+  const std::size_t fragmentStart = std::min(text.find('#'), text.size());
+  std::string result(text.substr(0, std::min(text.find('?'), fragmentStart)));
+  char separator = '?';
+  for (const auto& [name, value] : items) {
+    result += separator;
+    result += encodedQueryText(name) + '=' + encodedQueryText(value);
+    separator = '&';
+  }
+  result += text.substr(fragmentStart);
+  return Url(std::move(result));
+}
+
+}  // namespace orivanta::foundation

@@ -1,0 +1,49 @@
+// A URL: a well-formed URI reference, absolute or relative (RFC 3986).
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "Platform/Foundation/Export.hpp"
+
+namespace orivanta::foundation {
+
+/// An immutable value. The text of a URL that was parsed without a base, or that was absolute by
+/// itself, is kept exactly as it was given.
+class ORIVANTA_API Url {
+ public:
+  /// A URL from text exactly as it stands: nothing is trimmed or escaped. Nothing when the text is
+  /// empty or no URI reference of RFC 3986 (a blank, a character outside ASCII, a stray "%").
+  static std::optional<Url> parse(std::string_view text);
+
+  /// As above, with a relative reference resolved against `base` (RFC 3986, section 5.2); against
+  /// a base that is itself relative it stays as it is.
+  static std::optional<Url> parse(std::string_view text, const Url& base);
+
+  const std::string& absoluteString() const { return text_; }
+
+  /// Whether there is a scheme.
+  bool isAbsolute() const;
+
+  /// The components as they stand in the text, without delimiters; empty when missing.
+  std::string scheme() const;
+  std::string host() const;
+  std::string path() const;
+  std::string query() const;
+
+  /// The query replaced by "name=value" pairs joined with "&", both percent-encoded; no "?" when
+  /// there are no pairs.
+  Url withQueryItems(std::span<const std::pair<std::string, std::string>> items) const;
+
+  friend bool operator==(const Url&, const Url&) = default;
+
+ private:
+  explicit Url(std::string text) : text_(std::move(text)) {}
+
+  std::string text_;
+};
+
+}  // namespace orivanta::foundation

@@ -1,0 +1,222 @@
+#include "Platform/Network/Curl/CurlLoop.hpp"
+
+#include <curl/curl.h>
+
+#include <atomic>
+#include <cctype>
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+namespace orivanta::network {
+
+namespace {
+
+constexpr std::size_t largestBodyBytes = 512U << 20U;
+constexpr long mostRedirects = 20;
+constexpr long idleSeconds = 60;
+constexpr std::size_t keptIdleHandles = 16;
+
+foundation::Error curlError(int code, const char* detail) {
+  const char* text = curl_easy_strerror(static_cast<CURLcode>(code));
+  return {"curl", code, detail != nullptr && *detail != '\0' ? detail : text};
+}
+
+}  // namespace
+
+// Everything but `cancelled_` belongs to the loop's thread once the transfer is pending.
+class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_this<Transfer> {
+ public:
+  Transfer(CurlLoop& loop, UrlRequest request, std::function<void(UrlResult)> completed)
+      : loop_(loop), request_(std::move(request)), completed_(std::move(completed)) {}
+
+  void cancel() override {
+    cancelled_ = true;
+    loop_.cancel(shared_from_this());
+  }
+
+ private:
+  friend class CurlLoop;
+
+  static std::size_t receiveBody(char* bytes, std::size_t, std::size_t count, void* context) {
+    std::string& body = static_cast<Transfer*>(context)->result_.body;
+    if (count > largestBodyBytes - body.size()) return 0;
+    body.append(bytes, count);
+    return count;
+  }
+
+  // Called for each header line of each response on the way, redirects included; a status line
+  // begins a new response.
+  static std::size_t receiveHeader(char* bytes, std::size_t, std::size_t count, void* context) {
+    auto& fields = static_cast<Transfer*>(context)->result_.response.headerFields;
+    std::string_view line(bytes, count);
+    while (!line.empty() && std::isspace(static_cast<unsigned char>(line.back())))
+      line.remove_suffix(1);
+    const std::size_t colon = line.find(':');
+    if (line.starts_with("HTTP/")) {
+      fields.clear();
+    } else if (colon != std::string_view::npos) {
+      std::string_view value = line.substr(colon + 1);
+      while (!value.empty() && (value.front() == ' ' || value.front() == '\t'))
+        value.remove_prefix(1);
+      fields.emplace_back(line.substr(0, colon), value);
+    }
+    return count;
+  }
+
+  CurlLoop& loop_;
+  UrlRequest request_;
+  std::function<void(UrlResult)> completed_;
+  std::atomic<bool> cancelled_ = false;
+  UrlResult result_;
+  CURL* handle_ = nullptr;
+  curl_slist* headerList_ = nullptr;
+  char errorText_[CURL_ERROR_SIZE] = {};
+};
+
+CurlLoop& CurlLoop::shared() {
+  static auto& instance = *new CurlLoop;
+  return instance;
+}
+
+CurlLoop::CurlLoop() {
+  curl_global_init(CURL_GLOBAL_DEFAULT);
+  multi_ = curl_multi_init();
+  if (multi_ == nullptr) std::abort();
+  curl_multi_setopt(multi_, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
+  curl_multi_setopt(multi_, CURLMOPT_MAXCONNECTS, 32L);
+  thread_ = std::thread([this] { run(); });
+}
+
+std::shared_ptr<UrlTransfer> CurlLoop::start(UrlRequest request,
+                                             std::function<void(UrlResult)> completed) {
+  auto transfer = std::make_shared<Transfer>(*this, std::move(request), std::move(completed));
+  {
+    const std::lock_guard lock(mutex_);
+    pending_.push_back(transfer);
+  }
+  curl_multi_wakeup(multi_);
+  return transfer;
+}
+
+void CurlLoop::cancel(std::shared_ptr<Transfer> transfer) {
+  {
+    const std::lock_guard lock(mutex_);
+    cancelled_.push_back(std::move(transfer));
+  }
+  curl_multi_wakeup(multi_);
+}
+
+void CurlLoop::run() {
+  for (;;) {
+    startPending();
+    stopCancelled();
+    int runningCount = 0;
+    curl_multi_perform(multi_, &runningCount);
+    finishCompleted();
+    curl_multi_poll(multi_, nullptr, 0, 60'000, nullptr);
+  }
+}
+
+void CurlLoop::startPending() {
+  std::vector<std::shared_ptr<Transfer>> starting;
+  {
+    const std::lock_guard lock(mutex_);
+    starting.swap(pending_);
+  }
+  for (const auto& transfer : starting)
+    if (!transfer->cancelled_) begin(transfer);
+}
+
+void CurlLoop::stopCancelled() {
+  std::vector<std::shared_ptr<Transfer>> stopping;
+  {
+    const std::lock_guard lock(mutex_);
+    stopping.swap(cancelled_);
+  }
+  for (const auto& transfer : stopping)
+    if (running_.erase(transfer) > 0) release(*transfer);
+}
+
+void CurlLoop::finishCompleted() {
+  int remaining = 0;
+  while (const CURLMsg* message = curl_multi_info_read(multi_, &remaining)) {
+    if (message->msg != CURLMSG_DONE) continue;
+    void* context = nullptr;
+    curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &context);
+    finish(*static_cast<Transfer*>(context), message->data.result);
+  }
+}
+
+CURL* CurlLoop::takeHandle() {
+  if (idleHandles_.empty()) return curl_easy_init();
+  CURL* handle = idleHandles_.back();
+  idleHandles_.pop_back();
+  return handle;
+}
+
+void CurlLoop::begin(const std::shared_ptr<Transfer>& transfer) {
+  CURL* handle = takeHandle();
+  if (handle == nullptr) {
+    transfer->result_.error = curlError(CURLE_OUT_OF_MEMORY, nullptr);
+    transfer->completed_(std::move(transfer->result_));
+    return;
+  }
+  transfer->handle_ = handle;
+  for (const auto& [name, value] : transfer->request_.headerFields)
+    transfer->headerList_ =
+        curl_slist_append(transfer->headerList_, (name + ": " + value).c_str());
+  // Asked for by hand, not through CURLOPT_ACCEPT_ENCODING: the body is inflated elsewhere, so
+  // that this one thread stays free for the other transfers.
+  transfer->headerList_ = curl_slist_append(transfer->headerList_, "Accept-Encoding: gzip");
+
+  curl_easy_setopt(handle, CURLOPT_URL, transfer->request_.url.absoluteString().c_str());
+  curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
+  curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
+  curl_easy_setopt(handle, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
+  curl_easy_setopt(handle, CURLOPT_HTTPHEADER, transfer->headerList_);
+  curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 1L);
+  curl_easy_setopt(handle, CURLOPT_MAXREDIRS, mostRedirects);
+  curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT, idleSeconds);
+  curl_easy_setopt(handle, CURLOPT_LOW_SPEED_LIMIT, 1L);
+  curl_easy_setopt(handle, CURLOPT_LOW_SPEED_TIME, idleSeconds);
+  curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
+  curl_easy_setopt(handle, CURLOPT_ERRORBUFFER, transfer->errorText_);
+  curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, &Transfer::receiveBody);
+  curl_easy_setopt(handle, CURLOPT_WRITEDATA, transfer.get());
+  curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, &Transfer::receiveHeader);
+  curl_easy_setopt(handle, CURLOPT_HEADERDATA, transfer.get());
+  curl_easy_setopt(handle, CURLOPT_PRIVATE, transfer.get());
+  running_.insert(transfer);
+  curl_multi_add_handle(multi_, handle);
+}
+
+void CurlLoop::finish(Transfer& transfer, int outcome) {
+  const std::shared_ptr<Transfer> owner = transfer.shared_from_this();
+  UrlResult& result = transfer.result_;
+  if (outcome != CURLE_OK) result.error = curlError(outcome, transfer.errorText_);
+  long status = 0;
+  curl_easy_getinfo(transfer.handle_, CURLINFO_RESPONSE_CODE, &status);
+  result.response.statusCode = static_cast<int>(status);
+  const char* effectiveUrl = nullptr;
+  curl_easy_getinfo(transfer.handle_, CURLINFO_EFFECTIVE_URL, &effectiveUrl);
+  if (effectiveUrl != nullptr) result.response.url = foundation::Url::parse(effectiveUrl);
+  release(transfer);
+  running_.erase(owner);
+  if (!transfer.cancelled_) transfer.completed_(std::move(result));
+  transfer.completed_ = nullptr;
+}
+
+void CurlLoop::release(Transfer& transfer) {
+  curl_multi_remove_handle(multi_, transfer.handle_);
+  curl_easy_reset(transfer.handle_);  // keeps connections and the session cache
+  if (idleHandles_.size() < keptIdleHandles)
+    idleHandles_.push_back(transfer.handle_);
+  else
+    curl_easy_cleanup(transfer.handle_);
+  transfer.handle_ = nullptr;
+  curl_slist_free_all(transfer.headerList_);
+  transfer.headerList_ = nullptr;
+}
+
+}  // namespace orivanta::network

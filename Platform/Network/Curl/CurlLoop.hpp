@@ -1,0 +1,53 @@
+// One background thread that drives all transfers of the process through a libcurl multi handle,
+// so that connections are reused and HTTP/2 requests share them.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <unordered_set>
+#include <vector>
+
+#include "Platform/Network/UrlTransport.hpp"
+
+using CURL = void;
+using CURLM = void;
+
+namespace orivanta::network {
+
+/// Lives as long as the process. All operations may be called from any thread.
+class CurlLoop {
+ public:
+  static CurlLoop& shared();
+
+  std::shared_ptr<UrlTransfer> start(UrlRequest request, std::function<void(UrlResult)> completed);
+
+ private:
+  class Transfer;
+
+  CurlLoop();
+  void run();
+  void startPending();
+  void stopCancelled();
+  void finishCompleted();
+  CURL* takeHandle();
+  void begin(const std::shared_ptr<Transfer>& transfer);
+  void finish(Transfer& transfer, int outcome);
+  void release(Transfer& transfer);
+  void cancel(std::shared_ptr<Transfer> transfer);
+
+  CURLM* multi_ = nullptr;
+
+  std::mutex mutex_;                                  // guards the two lists below
+  std::vector<std::shared_ptr<Transfer>> pending_;    // to be started
+  std::vector<std::shared_ptr<Transfer>> cancelled_;  // to be stopped
+
+  // Touched by the loop's thread alone.
+  std::unordered_set<std::shared_ptr<Transfer>> running_;
+  std::vector<CURL*> idleHandles_;
+  std::thread thread_;
+};
+
+}  // namespace orivanta::network

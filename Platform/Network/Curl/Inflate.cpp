@@ -1,0 +1,40 @@
+#include "Platform/Network/Curl/Inflate.hpp"
+
+#include <zlib.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace orivanta::network {
+
+std::optional<std::string> gunzipped(std::string_view compressed, std::size_t largestBytes) {
+  z_stream stream{};
+  if (inflateInit2(&stream, 15 + 16) != Z_OK) return std::nullopt;
+  const std::unique_ptr<z_stream, decltype(&inflateEnd)> owner(&stream, inflateEnd);
+  // zlib reads through a pointer that is not const, but does not write there.
+  stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(compressed.data()));
+  stream.avail_in = static_cast<uInt>(compressed.size());
+
+  std::string bytes(std::min(largestBytes, std::max<std::size_t>(compressed.size() * 4, 4096)), '\0');
+  std::size_t length = 0;
+  for (;;) {
+    stream.next_out = reinterpret_cast<Bytef*>(bytes.data() + length);
+    stream.avail_out = static_cast<uInt>(bytes.size() - length);
+    const int outcome = inflate(&stream, Z_NO_FLUSH);
+    length = bytes.size() - stream.avail_out;
+    if (outcome == Z_STREAM_END) {
+      if (stream.avail_in == 0) break;
+      if (inflateReset(&stream) != Z_OK) return std::nullopt;
+    } else if (outcome != Z_OK || (stream.avail_in == 0 && stream.avail_out > 0)) {
+      return std::nullopt;
+    }
+    if (stream.avail_out == 0) {
+      if (bytes.size() >= largestBytes) return std::nullopt;
+      bytes.resize(std::min(largestBytes, bytes.size() * 2));
+    }
+  }
+  bytes.resize(length);
+  return bytes;
+}
+
+}  // namespace orivanta::network

@@ -1,0 +1,88 @@
+#include "Platform/Network/UrlSession.hpp"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+namespace orivanta::network {
+
+namespace {
+
+// What keeps valid sessions alive. Never destroyed: sessions may outlive the end of `main`.
+struct ValidSessions {
+  std::mutex mutex;
+  std::unordered_set<std::shared_ptr<UrlSession>> sessions;
+};
+
+ValidSessions& validSessions() {
+  static auto& instance = *new ValidSessions;
+  return instance;
+}
+
+}  // namespace
+
+std::shared_ptr<UrlSession> UrlSession::make(UrlSessionConfiguration configuration,
+                                             std::shared_ptr<UrlSessionDelegate> delegate) {
+  std::shared_ptr<UrlSession> session(
+      new UrlSession(std::move(configuration), std::move(delegate)));
+  const std::lock_guard lock(validSessions().mutex);
+  validSessions().sessions.insert(session);
+  return session;
+}
+
+UrlSession::UrlSession(UrlSessionConfiguration configuration,
+                       std::shared_ptr<UrlSessionDelegate> delegate)
+    : configuration_(std::move(configuration)),
+      queue_(foundation::SerialQueue::make()),
+      delegate_(std::move(delegate)) {}
+
+void UrlSession::startDataTask(const foundation::Url& url) {
+  const std::lock_guard lock(mutex_);
+  if (!delegate_) return;
+  std::erase_if(transfers_, [](const auto& transfer) { return transfer.expired(); });
+  transfers_.push_back(
+      defaultTransport().start({url, configuration_.additionalHeaders},
+                               [self = shared_from_this()](UrlResult result) {
+                                 self->queue_->async([self, result = std::move(result)]() mutable {
+                                   self->deliver(std::move(result));
+                                 });
+                               }));
+}
+
+void UrlSession::deliver(UrlResult result) {
+  // Asked for before each call: the delegate may invalidate the session while it handles one.
+  if (!delegate()) return;
+  if (!result.error) result.error = defaultTransport().decodeBody(result);
+  if (!result.error && !result.body.empty()) {
+    if (const auto receiver = delegate()) receiver->didReceiveData(result.body);
+    std::string().swap(result.body);
+  }
+  if (const auto receiver = delegate()) receiver->didComplete(result.response, result.error);
+}
+
+void UrlSession::invalidateAndCancel() {
+  std::shared_ptr<UrlSession> self;
+  std::shared_ptr<UrlSessionDelegate> released;
+  std::vector<std::weak_ptr<UrlTransfer>> cancelled;
+  {
+    const std::lock_guard lock(mutex_);
+    released.swap(delegate_);
+    cancelled.swap(transfers_);
+  }
+  for (const auto& transfer : cancelled)
+    if (const auto running = transfer.lock()) running->cancel();
+  const std::lock_guard lock(validSessions().mutex);
+  const auto entry = validSessions().sessions.find(shared_from_this());
+  if (entry == validSessions().sessions.end()) return;
+  self = *entry;  // released after the lock, when the last reference may end the session
+  validSessions().sessions.erase(entry);
+}
+
+bool UrlSession::isValid() const { return delegate() != nullptr; }
+
+std::shared_ptr<UrlSessionDelegate> UrlSession::delegate() const {
+  const std::lock_guard lock(mutex_);
+  return delegate_;
+}
+
+}  // namespace orivanta::network

@@ -1,0 +1,77 @@
+// URL sessions: requests that share header fields and report, one after the other, to a delegate
+// on a background queue of the session's own.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/SerialQueue.hpp"
+#include "Platform/Foundation/Url.hpp"
+#include "Platform/Network/HttpUrlResponse.hpp"
+#include "Platform/Network/UrlTransport.hpp"
+
+namespace orivanta::network {
+
+/// Receives what happens to a session's tasks. Called on the session's serial queue, never on two
+/// threads at once and never on the main thread.
+class UrlSessionDelegate {
+ public:
+  virtual ~UrlSessionDelegate() = default;
+  virtual void didReceiveData(std::string_view bytes) = 0;
+  /// `response` is meaningful only without an error.
+  virtual void didComplete(const HttpUrlResponse& response,
+                           const std::optional<foundation::Error>& error) = 0;
+};
+
+struct UrlSessionConfiguration {
+  std::string identifier;
+  /// Sent with every request of the session.
+  HeaderFields additionalHeaders;
+};
+
+/// Shared by reference. A session that has not been invalidated stays alive without an owner, and
+/// keeps its delegate; invalidating it releases both.
+class ORIVANTA_API UrlSession : public std::enable_shared_from_this<UrlSession> {
+ public:
+  static std::shared_ptr<UrlSession> make(UrlSessionConfiguration configuration,
+                                          std::shared_ptr<UrlSessionDelegate> delegate);
+
+  const UrlSessionConfiguration& configuration() const { return configuration_; }
+
+  /// Starts a GET request. Does nothing on an invalidated session. Any thread.
+  ///
+  /// The request follows up to 20 redirects, within HTTP and HTTPS; header fields that carry
+  /// credentials stay behind when a redirect leaves the host. It ends with an error when no byte
+  /// arrives for a minute, or when the body is larger than 512 MiB.
+  void startDataTask(const foundation::Url& url);
+
+  /// Cancels everything outstanding and releases the delegate. Nothing is reported afterwards,
+  /// except what is being reported just now. Any thread; more than once is harmless.
+  void invalidateAndCancel();
+
+  bool isValid() const;
+
+  /// Holds back, respectively lets through, what is to be reported to the delegate. Calls nest.
+  void suspendDelivery() { queue_->suspend(); }
+  void resumeDelivery() { queue_->resume(); }
+
+ private:
+  UrlSession(UrlSessionConfiguration configuration, std::shared_ptr<UrlSessionDelegate> delegate);
+  void deliver(UrlResult result);
+  std::shared_ptr<UrlSessionDelegate> delegate() const;
+
+  const UrlSessionConfiguration configuration_;
+  const std::shared_ptr<foundation::SerialQueue> queue_;
+  mutable std::mutex mutex_;
+  std::shared_ptr<UrlSessionDelegate> delegate_;      // empty once invalidated
+  std::vector<std::weak_ptr<UrlTransfer>> transfers_;  // those that may still be running
+};
+
+}  // namespace orivanta::network

@@ -1,0 +1,10 @@
+#include "Source/Category.hpp"
+
+namespace orivanta {
+
+std::shared_ptr<Category> Category::make(const RawData& data) { return makeRecord<Category>(data); }
+
+Category::Category(RecordToken, const RawData& data)
+    : _data(data), id(data["id"].stringForce()), name(data["name"].stringForce()) {}
+
+}  // namespace orivanta

@@ -1,0 +1,162 @@
+#include "Source/Directions.hpp"
+
+#include <utility>
+
+#include "Platform/Foundation/Fatal.hpp"
+#include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/NavigationGraph.hpp"
+#include "Source/Node.hpp"
+#include "Source/Orivanta.hpp"
+#include "Source/RouteSearch.hpp"
+#include "Source/Venue.hpp"
+
+namespace orivanta {
+
+using Place = std::shared_ptr<Location>;
+
+namespace {
+
+NodeList listOf(Node& node) { return {node.shared_from_this()}; }
+
+Direction namedDirection(const std::shared_ptr<Node>& node,
+                         std::shared_ptr<const Direction::Action> action, const Place& place,
+                         const char* verb) {
+  return {node, std::move(action), place, nullptr, verb + place->name.value_or("nil")};
+}
+
+}  // namespace
+
+Direction::TakeVortex::TakeVortex(std::shared_ptr<Map> from, std::shared_ptr<Map> to)
+    : fromMap(std::move(from)), toMap(std::move(to)) {}
+
+Direction::Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo,
+                     std::shared_ptr<Location> at, std::shared_ptr<Location> towards,
+                     std::string text)
+    : node(std::move(atNode)),
+      action(std::move(whatToDo)),
+      atLocation(std::move(at)),
+      towardsLocation(std::move(towards)),
+      instruction(std::move(text)) {}
+
+std::shared_ptr<Directions> Directions::make(const std::optional<NodeList>& path,
+                                             const Place& departFrom, const Place& arriveAt) {
+  if (!path || path->empty()) return nullptr;
+  auto directions = std::make_shared<Directions>();
+  directions->path = *path;
+  if (departFrom)
+    directions->directions.push_back(namedDirection(
+        path->front(), std::make_shared<Direction::Departure>(), departFrom, "Depart from "));
+  if (arriveAt)
+    directions->directions.push_back(namedDirection(
+        path->back(), std::make_shared<Direction::Arrival>(), arriveAt, "Arrive at "));
+  return directions;
+}
+
+std::shared_ptr<Directions> getDirections(const NodeList& starts, const NodeList& destinations,
+                                          const Place& departFrom, const Place& arriveAt) {
+  const auto graph = foundation::unwrap(activeVenue).navigationGraph;
+  if (!graph) return nullptr;
+  return Directions::make(AStar(starts, destinations, *graph), departFrom, arriveAt);
+}
+
+std::shared_ptr<Directions> getDirections(Node& start, const NodeList& destinations,
+                                          const Place& departFrom, const Place& arriveAt) {
+  return getDirections(listOf(start), destinations, departFrom, arriveAt);
+}
+
+std::shared_ptr<Directions> getDirections(const NodeList& starts, Node& destination,
+                                          const Place& departFrom, const Place& arriveAt) {
+  return getDirections(starts, listOf(destination), departFrom, arriveAt);
+}
+
+std::shared_ptr<Directions> getDirections(Node& start, Node& destination, const Place& departFrom,
+                                          const Place& arriveAt) {
+  return getDirections(listOf(start), listOf(destination), departFrom, arriveAt);
+}
+
+std::shared_ptr<Directions> directionsTo(const NodeList& starts, Location& location,
+                                         const Place& departFrom) {
+  return getDirections(starts, location.nodes, departFrom, location.shared_from_this());
+}
+
+std::shared_ptr<Directions> directionsTo(const NodeList& starts, Node& node,
+                                         const Place& departFrom, const Place& arriveAt) {
+  return getDirections(starts, node, departFrom, arriveAt);
+}
+
+std::shared_ptr<Directions> directionsTo(const NodeList& starts, const NodeList& nodes,
+                                         const Place& departFrom, const Place& arriveAt) {
+  return getDirections(starts, nodes, departFrom, arriveAt);
+}
+
+std::shared_ptr<Directions> directionsFrom(const NodeList& destinations, Location& location,
+                                           const Place& arriveAt) {
+  return getDirections(location.nodes, destinations, location.shared_from_this(), arriveAt);
+}
+
+std::shared_ptr<Directions> directionsFrom(const NodeList& destinations, Node& node,
+                                           const Place& departFrom, const Place& arriveAt) {
+  return getDirections(node, destinations, departFrom, arriveAt);
+}
+
+std::shared_ptr<Directions> directionsFrom(const NodeList& destinations, const NodeList& nodes,
+                                           const Place& departFrom, const Place& arriveAt) {
+  return getDirections(nodes, destinations, departFrom, arriveAt);
+}
+
+std::shared_ptr<Directions> Location::directionsTo(Location& location) {
+  return getDirections(nodes, location.nodes, shared_from_this(), location.shared_from_this());
+}
+
+std::shared_ptr<Directions> Location::directionsTo(Node& node, const Place& arriveAt) {
+  return getDirections(nodes, node, shared_from_this(), arriveAt);
+}
+
+std::shared_ptr<Directions> Location::directionsTo(const NodeList& destinations,
+                                                   const Place& arriveAt) {
+  return getDirections(nodes, destinations, shared_from_this(), arriveAt);
+}
+
+std::shared_ptr<Directions> Location::directionsFrom(Location& location) {
+  return location.directionsTo(*this);
+}
+
+std::shared_ptr<Directions> Location::directionsFrom(Node& node, const Place& departFrom) {
+  return getDirections(node, nodes, departFrom, shared_from_this());
+}
+
+std::shared_ptr<Directions> Location::directionsFrom(const NodeList& starts,
+                                                     const Place& departFrom) {
+  return getDirections(starts, nodes, departFrom, shared_from_this());
+}
+
+std::shared_ptr<Directions> Node::directionsTo(Location& location, const Place& departFrom) {
+  return orivanta::directionsTo(listOf(*this), location, departFrom);
+}
+
+std::shared_ptr<Directions> Node::directionsTo(Node& node, const Place& departFrom,
+                                               const Place& arriveAt) {
+  return getDirections(*this, node, departFrom, arriveAt);
+}
+
+std::shared_ptr<Directions> Node::directionsTo(const NodeList& nodes, const Place& departFrom,
+                                               const Place& arriveAt) {
+  return getDirections(*this, nodes, departFrom, arriveAt);
+}
+
+std::shared_ptr<Directions> Node::directionsFrom(Location& location, const Place& arriveAt) {
+  return orivanta::directionsFrom(listOf(*this), location, arriveAt);
+}
+
+std::shared_ptr<Directions> Node::directionsFrom(Node& node, const Place& departFrom,
+                                                 const Place& arriveAt) {
+  return getDirections(node, *this, departFrom, arriveAt);
+}
+
+std::shared_ptr<Directions> Node::directionsFrom(const NodeList& nodes, const Place& departFrom,
+                                                 const Place& arriveAt) {
+  return getDirections(nodes, *this, departFrom, arriveAt);
+}
+
+}  // namespace orivanta

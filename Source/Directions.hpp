@@ -1,0 +1,117 @@
+// Directions along a route, and the route search's entry points.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Source/Fwd.hpp"
+
+namespace orivanta {
+
+/// One instruction: the node where it applies, what to do there, the places involved, the text.
+class ORIVANTA_API Direction {
+ public:
+  /// What to do.
+  class ORIVANTA_API Action {
+   public:
+    virtual ~Action() = default;
+  };
+  class ORIVANTA_API Departure : public Action {};
+  class ORIVANTA_API Arrival : public Action {};
+
+  /// For applications: the library itself makes no turns.
+  class ORIVANTA_API Turn : public Action {
+   public:
+    enum class Bearing { Left, SlightLeft, Straight, SlightRight, Right };
+    enum class ReferencePosition { At, Past, Before };
+
+    Turn(Bearing bearing, ReferencePosition position)
+        : relativeBearing(bearing), referencePosition(position) {}
+
+    const Bearing relativeBearing;
+    const ReferencePosition referencePosition;
+  };
+
+  /// For applications: a ride between two maps. The library itself makes none.
+  class ORIVANTA_API TakeVortex : public Action {
+   public:
+    TakeVortex(std::shared_ptr<Map> from, std::shared_ptr<Map> to);
+
+    const std::shared_ptr<Map> fromMap;
+    const std::shared_ptr<Map> toMap;
+  };
+
+  Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo,
+            std::shared_ptr<Location> at, std::shared_ptr<Location> towards, std::string text);
+
+  std::shared_ptr<Node> node;
+  std::shared_ptr<const Action> action;
+  std::shared_ptr<Location> atLocation;       ///< null when no place is named
+  std::shared_ptr<Location> towardsLocation;  ///< null when no place is headed for
+  std::string instruction;
+};
+
+/// The result of a route search. Owns the records that it names, so it stays valid after the next
+/// venue load.
+class ORIVANTA_API Directions {
+ public:
+  /// "Depart from " and the place at the first node, "Arrive at " and the place at the last; a place
+  /// that is null gives no instruction, one without a name reads "nil". Null for an empty path.
+  static std::shared_ptr<Directions> make(const std::optional<NodeList>& path,
+                                          const std::shared_ptr<Location>& departFrom = nullptr,
+                                          const std::shared_ptr<Location>& arriveAt = nullptr);
+
+  NodeList path;  ///< from a start node to the destination that was reached
+  std::vector<Direction> directions;
+};
+
+/// Searches a route over the active venue's graph, from any of the start nodes to any of the
+/// destinations. Null when there is none, when either list is empty or when the venue has no graph.
+/// Stops the program when no venue is active.
+///
+/// The search is A* with the distance to the farthest destination as its heuristic, so with several
+/// destinations the route may not be the cheapest. Runs on the calling thread; several at once are
+/// safe as long as no load starts.
+ORIVANTA_API std::shared_ptr<Directions> getDirections(
+    const NodeList& starts, const NodeList& destinations,
+    const std::shared_ptr<Location>& departFrom = nullptr,
+    const std::shared_ptr<Location>& arriveAt = nullptr);
+ORIVANTA_API std::shared_ptr<Directions> getDirections(
+    Node& start, const NodeList& destinations,
+    const std::shared_ptr<Location>& departFrom = nullptr,
+    const std::shared_ptr<Location>& arriveAt = nullptr);
+ORIVANTA_API std::shared_ptr<Directions> getDirections(
+    const NodeList& starts, Node& destination,
+    const std::shared_ptr<Location>& departFrom = nullptr,
+    const std::shared_ptr<Location>& arriveAt = nullptr);
+ORIVANTA_API std::shared_ptr<Directions> getDirections(
+    Node& start, Node& destination, const std::shared_ptr<Location>& departFrom = nullptr,
+    const std::shared_ptr<Location>& arriveAt = nullptr);
+
+// Routes between a list of nodes and a place, a node or another list; see `getDirections`.
+ORIVANTA_API std::shared_ptr<Directions> directionsTo(
+    const NodeList& starts, Location& location,
+    const std::shared_ptr<Location>& departFrom = nullptr);
+ORIVANTA_API std::shared_ptr<Directions> directionsTo(
+    const NodeList& starts, Node& node, const std::shared_ptr<Location>& departFrom = nullptr,
+    const std::shared_ptr<Location>& arriveAt = nullptr);
+ORIVANTA_API std::shared_ptr<Directions> directionsTo(
+    const NodeList& starts, const NodeList& nodes,
+    const std::shared_ptr<Location>& departFrom = nullptr,
+    const std::shared_ptr<Location>& arriveAt = nullptr);
+ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
+    const NodeList& destinations, Location& location,
+    const std::shared_ptr<Location>& arriveAt = nullptr);
+ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
+    const NodeList& destinations, Node& node,
+    const std::shared_ptr<Location>& departFrom = nullptr,
+    const std::shared_ptr<Location>& arriveAt = nullptr);
+ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
+    const NodeList& destinations, const NodeList& nodes,
+    const std::shared_ptr<Location>& departFrom = nullptr,
+    const std::shared_ptr<Location>& arriveAt = nullptr);
+
+}  // namespace orivanta

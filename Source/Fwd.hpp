@@ -1,0 +1,37 @@
+// Forward declarations of the records, and the two collection types that they use everywhere.
+#pragma once
+
+#include <tsl/ordered_map.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace orivanta {
+
+class Category;
+class Direction;
+class Directions;
+class Edge;
+class ImageCollection;
+class Location;
+class Map;
+class NavigationGraph;
+class Node;
+class Polygon;
+class RawData;
+class Venue;
+class Vortex;
+
+/// A dictionary keyed by text that iterates in the order of insertion; giving an existing key a
+/// new value keeps the key's place.
+template <class Value>
+using Dictionary = tsl::ordered_map<std::string, Value>;
+
+/// Records of one collection by identifier, in the order in which the web API sent them.
+template <class Record>
+using Collection = Dictionary<std::shared_ptr<Record>>;
+
+using NodeList = std::vector<std::shared_ptr<Node>>;
+
+}  // namespace orivanta

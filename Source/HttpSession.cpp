@@ -1,0 +1,83 @@
+#include "Source/HttpSession.hpp"
+
+#include <vector>
+
+#include "Platform/Foundation/Base64.hpp"
+#include "Platform/Foundation/Fatal.hpp"
+#include "Source/HttpLink.hpp"
+
+namespace orivanta {
+
+namespace {
+constexpr std::size_t receiveBufferBytes = 204800;
+}
+
+CustomUrlSessionDelegate::CustomUrlSessionDelegate(SuccessCallback success, ErrorCallback error)
+    : onSuccess(std::move(success)), onError(std::move(error)) {
+  buffer.reserve(receiveBufferBytes);
+}
+
+void CustomUrlSessionDelegate::didReceiveData(std::string_view bytes) { buffer.append(bytes); }
+
+void CustomUrlSessionDelegate::didComplete(const network::HttpUrlResponse& response,
+                                           const std::optional<foundation::Error>& error) {
+  if (error)
+    onError(*error);
+  else
+    onSuccess(response, buffer);
+}
+
+namespace detail {
+
+DeliveryHold::DeliveryHold(std::shared_ptr<network::UrlSession> session)
+    : session_(std::move(session)) {
+  session_->suspendDelivery();
+}
+
+DeliveryHold::~DeliveryHold() { session_->resumeDelivery(); }
+
+std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response) {
+  const auto link = findLink(response, "next");
+  return link ? foundation::Url::parse(link->uri) : std::nullopt;
+}
+
+foundation::Error invalidJson() { return {"", 1, ""}; }
+
+}  // namespace detail
+
+HttpSession::HttpSession(std::string_view rootText, const std::optional<std::string>& username,
+                         const std::optional<std::string>& password,
+                         const std::optional<std::string>& languages)
+    : root(foundation::Url::parse(rootText)),
+      authString("Basic " + foundation::base64Encoded(foundation::unwrap(username) + ":" +
+                                                      foundation::unwrap(password))),
+      language(foundation::unwrap(languages)) {}
+
+HttpResponse<std::any> HttpSession::get(std::string_view path,
+                                        const Dictionary<std::string>& parameters) const {
+  const std::vector<std::pair<std::string, std::string>> items(parameters.begin(),
+                                                               parameters.end());
+  return start(resolved(path).withQueryItems(items));
+}
+
+HttpResponse<std::any> HttpSession::post(std::string_view path,
+                                         const Dictionary<std::string>&) const {
+  return start(resolved(path));
+}
+
+foundation::Url HttpSession::resolved(std::string_view path) const {
+  return foundation::unwrap(root ? foundation::Url::parse(path, *root)
+                                 : foundation::Url::parse(path));
+}
+
+HttpResponse<std::any> HttpSession::start(const foundation::Url& url) const {
+  auto delegate = std::make_shared<CustomUrlSessionDelegate>(nullptr, nullptr);
+  auto session = network::UrlSession::make(
+      {url.absoluteString(), {{"Authorization", authString}, {"Accept-Language", language}}},
+      delegate);
+  auto hold = std::make_shared<detail::DeliveryHold>(session);
+  session->startDataTask(url);
+  return HttpResponse<std::any>({std::move(session), std::move(delegate)}, std::move(hold));
+}
+
+}  // namespace orivanta

@@ -1,0 +1,228 @@
+// Authenticated GET requests for paged JSON collections.
+//
+//   session.get("node", {{"venue", slug}})
+//       .onPage(Nodes(), [](Nodes nodes, const RawData& page) { ...; return nodes; })
+//       .onComplete([](Nodes nodes) { ... })
+//       .onError([](const foundation::Error& error) { ... });
+//
+// A request chain runs from its first page to the last: as long as a response carries a `Link`
+// header with the relation "next", the page that it names is requested too, and each page is folded
+// into an accumulator. A link that leads back to an earlier page is followed like any other, so a
+// server can keep a chain running for ever; whoever started it ends it by invalidating the session.
+//
+// The HTTP status plays no part: any body that is JSON is a page. The chain's callbacks run on a
+// background queue of the chain's own, one after the other, never on the caller's thread.
+#pragma once
+
+#include <any>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Url.hpp"
+#include "Platform/Network/UrlSession.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/RawData.hpp"
+
+namespace orivanta {
+
+/// Collects the bytes of the current request and reports how it ended.
+class ORIVANTA_API CustomUrlSessionDelegate : public network::UrlSessionDelegate {
+ public:
+  /// The body is the delegate's own buffer: what is to outlive the call is copied.
+  using SuccessCallback = std::function<void(const network::HttpUrlResponse&, std::string& body)>;
+  using ErrorCallback = std::function<void(const foundation::Error&)>;
+
+  CustomUrlSessionDelegate(SuccessCallback success, ErrorCallback error);
+
+  SuccessCallback onSuccess;
+  ErrorCallback onError;
+  std::string buffer;  ///< cleared, not reallocated, between the pages of a chain
+
+  void didReceiveData(std::string_view bytes) override;
+  void didComplete(const network::HttpUrlResponse& response,
+                   const std::optional<foundation::Error>& error) override;
+};
+
+namespace detail {
+
+/// Holds a session's reports back from the start of a chain until the last handle to the chain is
+/// gone, so that an answer that comes at once still finds every callback in place.
+class DeliveryHold {
+ public:
+  explicit DeliveryHold(std::shared_ptr<network::UrlSession> session);
+  ~DeliveryHold();
+  DeliveryHold(const DeliveryHold&) = delete;
+  DeliveryHold& operator=(const DeliveryHold&) = delete;
+
+ private:
+  std::shared_ptr<network::UrlSession> session_;
+};
+
+/// The part of a chain that does not depend on the accumulator's type.
+struct ChainLinks {
+  std::shared_ptr<network::UrlSession> session;
+  std::shared_ptr<CustomUrlSessionDelegate> sessionDelegate;
+};
+
+ORIVANTA_API std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response);
+ORIVANTA_API foundation::Error invalidJson();
+
+}  // namespace detail
+
+/// A handle to one request chain whose pages are folded into a `T`. Copies refer to the same chain.
+/// While any handle exists the chain's results wait; in the usual form, one expression, it is
+/// complete when the expression ends.
+template <class T>
+class HttpResponse {
+ public:
+  using PageCallback = std::function<T(T accumulated, const RawData& page)>;
+  using CompleteCallback = std::function<void(T accumulated)>;
+  using ErrorCallback = std::function<void(const foundation::Error&)>;
+  using ResponseCallback =
+      std::function<void(const network::HttpUrlResponse& response, std::size_t bodyBytes)>;
+
+  /// For `HttpSession`: the handle to a chain just started.
+  HttpResponse(detail::ChainLinks links, std::shared_ptr<detail::DeliveryHold> hold)
+      : state_(std::make_shared<State>(std::move(links))), hold_(std::move(hold)) {
+    adopt();
+  }
+
+  /// Moves the chain to an accumulator of type `U`. Handles of the former type keep the results
+  /// waiting, but receive nothing any more.
+  template <class U>
+  HttpResponse<U> onPage(U initial, std::function<U(U, const RawData&)> callback) const {
+    HttpResponse<U> response(state_->links, hold_);
+    response.state_->pageBuffer = std::move(initial);
+    response.state_->pageCallback = std::move(callback);
+    return response;
+  }
+
+  /// Receives the accumulator once, after the last page.
+  const HttpResponse& onComplete(CompleteCallback callback) const {
+    state_->completeCallback = std::move(callback);
+    return *this;
+  }
+
+  /// Receives the error that ended the chain: the transport's own, or domain "" and code 1 for a
+  /// body that is no JSON. `onComplete` is not called then.
+  const HttpResponse& onError(ErrorCallback callback) const {
+    state_->errorCallback = std::move(callback);
+    return *this;
+  }
+
+  /// Receives the head of every response before its body is read, whatever its status.
+  const HttpResponse& onResponse(ResponseCallback callback) const {
+    state_->responseCallback = std::move(callback);
+    return *this;
+  }
+
+  /// The session that runs the chain; `invalidateAndCancel` on it ends the chain without a callback.
+  const std::shared_ptr<network::UrlSession>& session() const { return state_->links.session; }
+
+ private:
+  template <class U>
+  friend class HttpResponse;
+
+  // Kept alive by the delegate's callbacks until the session is invalidated.
+  struct State {
+    explicit State(detail::ChainLinks chainLinks) : links(std::move(chainLinks)) {}
+
+    detail::ChainLinks links;
+    PageCallback pageCallback;
+    CompleteCallback completeCallback;
+    ErrorCallback errorCallback;
+    ResponseCallback responseCallback;
+    std::optional<T> pageBuffer;
+
+    void success(const network::HttpUrlResponse& response, std::string& body);
+    void error(const foundation::Error& failure);
+    void foldPage(const RawData& page);
+    void finish(const RawData& page);
+  };
+
+  void adopt() {
+    auto& delegate = *state_->links.sessionDelegate;
+    delegate.onSuccess = [state = state_](const network::HttpUrlResponse& response,
+                                          std::string& body) { state->success(response, body); };
+    delegate.onError = [state = state_](const foundation::Error& failure) {
+      state->error(failure);
+    };
+  }
+
+  std::shared_ptr<State> state_;
+  std::shared_ptr<detail::DeliveryHold> hold_;
+};
+
+/// The API root, the credentials and the language of all requests. Immutable; any thread.
+class ORIVANTA_API HttpSession {
+ public:
+  /// A root that is no URL leaves requests without a base. An absent user name, password or
+  /// language stops the program.
+  HttpSession(std::string_view rootText, const std::optional<std::string>& username,
+              const std::optional<std::string>& password,
+              const std::optional<std::string>& languages);
+
+  const std::optional<foundation::Url> root;
+  const std::string authString;  ///< the value of "Authorization"
+  const std::string language;    ///< the value of "Accept-Language"
+
+  /// Starts a request for `path`, resolved against the root, with the parameters as its query. A
+  /// path that is no URL reference stops the program.
+  HttpResponse<std::any> get(std::string_view path,
+                             const Dictionary<std::string>& parameters = {}) const;
+
+  /// The same GET request without a query and without a body, whatever the parameters.
+  HttpResponse<std::any> post(std::string_view path,
+                              const Dictionary<std::string>& parameters = {}) const;
+
+ private:
+  HttpResponse<std::any> start(const foundation::Url& url) const;
+  foundation::Url resolved(std::string_view path) const;
+};
+
+template <class T>
+void HttpResponse<T>::State::success(const network::HttpUrlResponse& response, std::string& body) {
+  if (responseCallback) responseCallback(response, body.size());
+  const auto page = RawData::parse(body);
+  if (!page) {
+    error(detail::invalidJson());
+    return;
+  }
+  const auto next = detail::nextPage(response);
+  body.clear();
+  if (next) {
+    links.session->startDataTask(*next);  // fetched while this page is folded
+    foldPage(*page);
+  } else if (pageBuffer && pageCallback) {
+    finish(*page);
+  }
+}
+
+template <class T>
+void HttpResponse<T>::State::error(const foundation::Error& failure) {
+  links.session->invalidateAndCancel();
+  if (errorCallback) errorCallback(failure);
+}
+
+template <class T>
+void HttpResponse<T>::State::foldPage(const RawData& page) {
+  if (!pageBuffer) return;
+  if (pageCallback)
+    pageBuffer = pageCallback(std::move(*pageBuffer), page);
+  else
+    pageBuffer.reset();
+}
+
+template <class T>
+void HttpResponse<T>::State::finish(const RawData& page) {
+  links.session->invalidateAndCancel();
+  T accumulated = pageCallback(std::move(*pageBuffer), page);
+  if (completeCallback) completeCallback(std::move(accumulated));
+}
+
+}  // namespace orivanta

@@ -1,0 +1,42 @@
+// One floor of a venue, with the files of its 3D scene.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Url.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/Record.hpp"
+
+namespace orivanta {
+
+class ORIVANTA_API Map {
+ public:
+  /// Needs a text under "id"; null without it.
+  static std::shared_ptr<Map> make(const RawData& data);
+  Map(RecordToken, const RawData& data);
+  Map(const Map&) = delete;
+  Map& operator=(const Map&) = delete;
+
+  RawData _data;
+  std::optional<std::string> id;
+  std::string name;                   ///< "" when missing
+  std::string shortName;              ///< "" when missing
+  double elevation;                   ///< in the venue's units; 0 when missing
+  std::optional<foundation::Url> obj;  ///< the 3D model
+  std::optional<foundation::Url> mtl;  ///< its material library
+  const IdentityHash hashValue;
+
+  friend bool operator==(const Map& left, const Map& right) {
+    return left.hashValue == right.hashValue;
+  }
+};
+
+}  // namespace orivanta
+
+template <>
+struct std::hash<orivanta::Map> {
+  std::size_t operator()(const orivanta::Map& map) const { return map.hashValue; }
+};

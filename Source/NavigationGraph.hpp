@@ -1,0 +1,98 @@
+// The walking network of a venue as a directed graph with weights.
+#pragma once
+
+#include <tsl/ordered_map.h>
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/Node.hpp"
+
+namespace orivanta {
+
+class RouteNetwork;
+
+/// A way out of a node. Immutable; owns its destination and its connector.
+class ORIVANTA_API Edge {
+ public:
+  /// Walking: the length is the straight distance in three dimensions, without the maps'
+  /// elevations; it costs what the destination's weights make of it.
+  Edge(const Node& origin, std::shared_ptr<Node> destination);
+
+  /// Riding a connector: no length; it costs what the connector's weights make of the difference
+  /// between the maps' elevations. A node without a map stops the program.
+  Edge(const Node& origin, std::shared_ptr<Node> destination, std::shared_ptr<Vortex> vortex);
+
+  const std::shared_ptr<Node>& node() const { return node_; }        ///< the destination
+  const std::shared_ptr<Vortex>& vortex() const { return vortex_; }  ///< null when walking
+  double distance() const { return distance_; }                      ///< in the venue's units
+  double weight() const { return weight_; }                          ///< what the search adds up
+
+ private:
+  std::shared_ptr<Node> node_;
+  std::shared_ptr<Vortex> vortex_;
+  double distance_;
+  double weight_;
+};
+
+/// Hash and equality of nodes by identity, for handles and for plain pointers.
+struct NodeIdentityHash {
+  using is_transparent = void;
+  std::size_t operator()(const std::shared_ptr<Node>& node) const { return (*this)(node.get()); }
+  std::size_t operator()(const Node* node) const {
+    // Addresses of one allocator differ in few bits; the multiplication spreads them.
+    return (identityHash(node) >> 4U) * 0x9E3779B97F4A7C15U >> 7U;
+  }
+};
+struct NodeIdentityEqual {
+  using is_transparent = void;
+  bool operator()(const auto& left, const auto& right) const {
+    return address(left) == address(right);
+  }
+
+ private:
+  static const Node* address(const Node* node) { return node; }
+  static const Node* address(const std::shared_ptr<Node>& node) { return node.get(); }
+};
+
+/// Built once per loaded venue and not changed by the library afterwards. Reading from several
+/// threads at once is safe; `setGraph` is not safe beside readers.
+class ORIVANTA_API NavigationGraph {
+ public:
+  /// The edges out of each node that has any, walking edges first.
+  using Adjacency = tsl::ordered_map<std::shared_ptr<Node>, std::vector<Edge>, NodeIdentityHash,
+                                     NodeIdentityEqual>;
+
+  /// Walking edges come from each node's "paths"; unknown identifiers are passed over, duplicates
+  /// and loops are kept. Then each vortex joins all its nodes with one another, each with itself
+  /// too. With `accessible`, the first vortex that is not accessible ends the vortices altogether,
+  /// so hand the accessible ones over first. Beyond 16,777,216 connector edges the remaining
+  /// vortices contribute none, and a diagnostic line says so.
+  NavigationGraph(const Collection<Node>& nodes, const Collection<Vortex>& vortices,
+                  bool accessible);
+  ~NavigationGraph();
+
+  /// The edges out of a node, in order; empty for a node without any. The reference is valid until
+  /// `setGraph`.
+  const std::vector<Edge>& operator[](const Node& node) const;
+
+  const Adjacency& graph() const { return graph_; }
+  void setGraph(Adjacency graph);
+
+  /// The same graph in the form that the route search walks, made on first use.
+  std::shared_ptr<const RouteNetwork> routeNetwork() const;
+
+ private:
+  void addWalkingEdges(const Collection<Node>& nodes);
+  void addConnectorEdges(const Collection<Vortex>& vortices, bool accessible);
+
+  Adjacency graph_;
+  mutable std::mutex networkMutex_;
+  mutable std::shared_ptr<const RouteNetwork> network_;
+};
+
+}  // namespace orivanta

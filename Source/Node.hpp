@@ -1,0 +1,63 @@
+// A point of the venue's walking network: a position on one map.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/Record.hpp"
+
+namespace orivanta {
+
+/// Owns its map. Its walking links stay in `_data` under "paths", for the navigation graph.
+class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
+ public:
+  /// Needs a text under "id" and numbers under "x" and "y"; null without them.
+  static std::shared_ptr<Node> make(const RawData& data);
+  Node(RecordToken, const RawData& data);
+  Node(const Node&) = delete;
+  Node& operator=(const Node&) = delete;
+
+  RawData _data;
+  std::optional<std::string> id;
+  std::shared_ptr<Map> map;  ///< never null in a published venue
+  double x;                  ///< position in the venue's units; z is up and does not include the
+  double y;                  ///< map's elevation
+  double z;
+  double constantWeight;    ///< added to the cost of every edge that enters this node
+  double multiplierWeight;  ///< multiplies the length of every edge that enters this node
+  const IdentityHash hashValue;
+
+  friend bool operator==(const Node& left, const Node& right) {
+    return left.hashValue == right.hashValue;
+  }
+
+  // Routes between this node and others, over the active venue's graph. Each is a call of
+  // `getDirections`; null when there is no route.
+  std::shared_ptr<Directions> directionsTo(Location& location,
+                                           const std::shared_ptr<Location>& departFrom = nullptr);
+  std::shared_ptr<Directions> directionsTo(Node& node,
+                                           const std::shared_ptr<Location>& departFrom = nullptr,
+                                           const std::shared_ptr<Location>& arriveAt = nullptr);
+  std::shared_ptr<Directions> directionsTo(const NodeList& nodes,
+                                           const std::shared_ptr<Location>& departFrom = nullptr,
+                                           const std::shared_ptr<Location>& arriveAt = nullptr);
+  std::shared_ptr<Directions> directionsFrom(Location& location,
+                                             const std::shared_ptr<Location>& arriveAt = nullptr);
+  std::shared_ptr<Directions> directionsFrom(Node& node,
+                                             const std::shared_ptr<Location>& departFrom = nullptr,
+                                             const std::shared_ptr<Location>& arriveAt = nullptr);
+  std::shared_ptr<Directions> directionsFrom(const NodeList& nodes,
+                                             const std::shared_ptr<Location>& departFrom = nullptr,
+                                             const std::shared_ptr<Location>& arriveAt = nullptr);
+};
+
+}  // namespace orivanta
+
+template <>
+struct std::hash<orivanta::Node> {
+  std::size_t operator()(const orivanta::Node& node) const { return node.hashValue; }
+};

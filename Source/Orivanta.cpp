@@ -1,0 +1,76 @@
+#include "Source/Orivanta.hpp"
+
+#include <utility>
+
+#include "Platform/Foundation/Fatal.hpp"
+#include "Platform/Foundation/SerialQueue.hpp"
+#include "Source/ApiSettings.hpp"
+#include "Source/NavigationGraph.hpp"
+#include "Source/Venue.hpp"
+#include "Source/VenueLoad.hpp"
+
+namespace orivanta {
+
+std::shared_ptr<Venue> activeVenue;
+
+namespace {
+
+void clear(Venue& venue) {
+  venue.locations.reset();
+  venue.categories.reset();
+  venue.maps.reset();
+  venue.nodes.reset();
+  venue.vortices.reset();
+  venue.polygons.reset();
+  venue.polygonDictionary.reset();
+  venue.navigationGraph.reset();
+}
+
+// Requests the six collections and hands each answer to the load, one at a time.
+void startLoad(const WebApiSession& session, const std::string& slug,
+               const std::shared_ptr<VenueLoad>& load) {
+  const auto queue = foundation::SerialQueue::make();
+  const auto receiver = [queue, load](auto field) {
+    return [queue, load, field](auto records) {
+      queue->async([load, field, records = std::move(records)]() mutable {
+        load->receive(field, std::move(records));
+      });
+    };
+  };
+  session.locations(slug, receiver(&CollectionDictionary::locations));
+  session.categories(slug, receiver(&CollectionDictionary::categories));
+  session.maps(slug, receiver(&CollectionDictionary::maps));
+  session.nodes(slug, receiver(&CollectionDictionary::nodes));
+  session.vortices(slug, receiver(&CollectionDictionary::vortices));
+  session.polygons(slug, receiver(&CollectionDictionary::polygons));
+}
+
+}  // namespace
+
+void getVenues(std::function<void(std::vector<std::shared_ptr<Venue>>)> callback) {
+  APISession().venues([callback = std::move(callback)](const Collection<Venue>& venues) {
+    std::vector<std::shared_ptr<Venue>> list;
+    for (const auto& entry : venues) list.push_back(entry.second);
+    callback(std::move(list));
+  });
+}
+
+void getVenue(const std::shared_ptr<Venue>& venue, bool accessible,
+              std::function<void(std::shared_ptr<Venue>)> callback) {
+  loadVenue(APISession(), venue, accessible, std::move(callback));
+}
+
+void getVenue(const std::shared_ptr<Venue>& venue,
+              std::function<void(std::shared_ptr<Venue>)> callback) {
+  getVenue(venue, false, std::move(callback));
+}
+
+void loadVenue(const WebApiSession& session, const std::shared_ptr<Venue>& venue, bool accessible,
+               std::function<void(std::shared_ptr<Venue>)> callback) {
+  const std::string slug = foundation::unwrap(foundation::unwrap(venue).slug);
+  if (activeVenue) clear(*activeVenue);
+  activeVenue = venue;
+  startLoad(session, slug, std::make_shared<VenueLoad>(accessible, std::move(callback)));
+}
+
+}  // namespace orivanta

@@ -1,0 +1,68 @@
+// Venue loading: the entry points for data.
+//
+//   getVenues([](const auto& venues) {
+//     getVenue(venues.front(), /*accessible=*/true, [](const auto& venue) { ... });
+//   });
+//
+// The first call of the process reads the settings and creates the one API session, which is kept:
+// later changes have no effect. Settings come from the main bundle's property lists, first file
+// first, under the keys "OrivantaEndpoint" (the API root, ending in a slash), "OrivantaUsername"
+// and "OrivantaPassword"; see Platform/Foundation/Bundle.hpp for where the main bundle is.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/WebApi.hpp"
+
+namespace orivanta {
+
+/// The API root used when no setting names another.
+extern ORIVANTA_API const std::string DEFAULT_ORIVANTA_ENDPOINT;
+
+/// Settings that an application gives by itself; what is present goes before the property lists.
+struct ApiSettings {
+  std::optional<std::string> endpoint;
+  std::optional<std::string> username;
+  std::optional<std::string> password;
+  std::shared_ptr<WebApiObserver> observer;  ///< told of every request; may be null
+};
+
+/// Takes effect when it is called before the first `getVenues` or `getVenue`; not beside them.
+ORIVANTA_API void setApiSettings(ApiSettings settings);
+
+/// The venue most recently passed to `getVenue`, or null before the first call. Owns what was
+/// loaded.
+extern ORIVANTA_API std::shared_ptr<Venue> activeVenue;
+
+/// Lists the venues that the account may see, in the API's order. `callback` is called once, on a
+/// background thread; the list is empty when the request failed.
+ORIVANTA_API void getVenues(std::function<void(std::vector<std::shared_ptr<Venue>>)> callback);
+
+/// Makes `venue` the active one, loads its six collections side by side, joins them, builds its
+/// navigation graph and calls `callback` once with it, on a background thread. With `accessible`
+/// the graph leaves out the connectors that are not accessible. What the venue that was active
+/// before held is cleared; records that the application kept stay valid.
+///
+/// A collection whose request fails counts as empty. One that never answers keeps the venue
+/// waiting. When the polygons arrive last, the links that need no polygons are made before them and
+/// again after them, so that those lists hold each link twice.
+///
+/// Wait for one load to finish before the next one starts. A null venue, or one without a slug,
+/// stops the program.
+ORIVANTA_API void getVenue(const std::shared_ptr<Venue>& venue, bool accessible,
+                           std::function<void(std::shared_ptr<Venue>)> callback);
+ORIVANTA_API void getVenue(const std::shared_ptr<Venue>& venue,
+                           std::function<void(std::shared_ptr<Venue>)> callback);
+
+/// As `getVenue`, through a session of the caller's own, for applications with several accounts.
+ORIVANTA_API void loadVenue(const WebApiSession& session, const std::shared_ptr<Venue>& venue,
+                            bool accessible,
+                            std::function<void(std::shared_ptr<Venue>)> callback);
+
+}  // namespace orivanta

@@ -1,0 +1,10 @@
+#include "Source/Polygon.hpp"
+
+namespace orivanta {
+
+std::shared_ptr<Polygon> Polygon::make(const RawData& data) { return makeRecord<Polygon>(data); }
+
+Polygon::Polygon(RecordToken, const RawData& data)
+    : _data(data), id(data["id"].stringForce()), hashValue(identityHash(this)) {}
+
+}  // namespace orivanta

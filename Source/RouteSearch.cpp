@@ -1,0 +1,68 @@
+#include "Source/RouteSearch.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+#include "Source/NavigationGraph.hpp"
+#include "Source/Node.hpp"
+#include "Source/PriorityQueue.hpp"
+
+namespace orivanta {
+
+double getEuclideanDistance(const Node& node, const Node& destination) {
+  const double dx = node.x - destination.x;
+  const double dy = node.y - destination.y;
+  const double dz = node.z - destination.z;
+  return std::sqrt(dx * dx + dy * dy + dz * dz);
+}
+
+std::optional<double> getShortestEuclideanDistance(const Node& node, const NodeList& destinations) {
+  std::optional<double> running;
+  for (const auto& destination : destinations) {
+    const double distance = getEuclideanDistance(node, *destination);
+    if (!running || *running < distance) running = distance;
+  }
+  return running;
+}
+
+std::optional<Route> searchRoute(const NodeList& nodes, const NodeList& destinations,
+                                 const NavigationGraph& graph) {
+  if (nodes.empty() || destinations.empty()) return std::nullopt;
+  PriorityQueue<std::shared_ptr<Node>, double> frontier;
+  std::unordered_map<std::shared_ptr<Node>, std::shared_ptr<Node>> predecessors;
+  std::unordered_map<std::shared_ptr<Node>, double> costs;
+  for (const auto& start : nodes) {
+    frontier.put(start, *getShortestEuclideanDistance(*start, destinations));
+    predecessors[start] = nullptr;
+    costs[start] = 0.0;
+  }
+  std::size_t taken = 0;
+  while (const auto current = frontier.next()) {
+    ++taken;
+    if (std::find(destinations.begin(), destinations.end(), *current) != destinations.end()) {
+      Route route{{}, costs[*current], taken};
+      for (auto node = *current; node; node = predecessors[node]) route.path.push_back(node);
+      std::reverse(route.path.begin(), route.path.end());
+      return route;
+    }
+    for (const Edge& edge : graph[**current]) {
+      const double cost = costs[*current] + edge.weight();
+      const auto known = costs.find(edge.node());
+      if (known != costs.end() && !(cost < known->second)) continue;
+      costs[edge.node()] = cost;
+      frontier.put(edge.node(), cost + *getShortestEuclideanDistance(*edge.node(), destinations));
+      predecessors[edge.node()] = *current;
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<NodeList> AStar(const NodeList& nodes, const NodeList& destinations,
+                              const NavigationGraph& graph) {
+  auto route = searchRoute(nodes, destinations, graph);
+  if (!route) return std::nullopt;
+  return std::move(route->path);
+}
+
+}  // namespace orivanta

@@ -1,0 +1,37 @@
+// The route search: A* over a navigation graph (Hart, Nilsson and Raphael, 1968), with a frontier
+// that settles ties and requeueing in its own way.
+#pragma once
+
+#include <optional>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Source/Fwd.hpp"
+
+namespace orivanta {
+
+/// What a search found, and what it took.
+struct Route {
+  NodeList path;          ///< start node first
+  double cost;            ///< the search's cost at the goal, in the graph's weights
+  std::size_t takenNodes;  ///< nodes taken from the frontier, the goal included
+};
+
+/// The route from any of the start nodes to any of the destinations; nothing when either list is
+/// empty or no destination can be reached. Deterministic: the same lists and graph give the same
+/// path, ties included. Any thread; several searches of one graph may run at once.
+ORIVANTA_API std::optional<Route> searchRoute(const NodeList& nodes, const NodeList& destinations,
+                                              const NavigationGraph& graph);
+
+/// The path of `searchRoute`.
+ORIVANTA_API std::optional<NodeList> AStar(const NodeList& nodes, const NodeList& destinations,
+                                           const NavigationGraph& graph);
+
+/// The straight distance in three dimensions, in the venue's units, without the maps' elevations.
+ORIVANTA_API double getEuclideanDistance(const Node& node, const Node& destination);
+
+/// The greatest of the distances to the destinations, whatever the name says: with several
+/// destinations the search heads for the farthest. Nothing for an empty list.
+ORIVANTA_API std::optional<double> getShortestEuclideanDistance(const Node& node,
+                                                                const NodeList& destinations);
+
+}  // namespace orivanta

@@ -1,0 +1,35 @@
+// One load of a venue: collects the six answers and runs the joins when enough of them are there.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "Source/VenueJoin.hpp"
+
+namespace orivanta {
+
+/// Kept alive by whoever still has an answer to deliver. One thread at a time.
+class VenueLoad {
+ public:
+  VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)> callback);
+
+  /// Stores an answer, such as `receive(&CollectionDictionary::nodes, nodes)`, and runs the gate.
+  template <class Record>
+  void receive(std::optional<Collection<Record>> CollectionDictionary::*field,
+               Collection<Record> records) {
+    collections_.*field = std::move(records);
+    collectionReady();
+  }
+
+ private:
+  /// Runs all joins, in order, whenever the five collections other than the polygons are there;
+  /// when the polygons come last, that is twice.
+  void collectionReady();
+
+  CollectionDictionary collections_;
+  std::vector<std::function<bool(CollectionDictionary&)>> joins_;
+};
+
+}  // namespace orivanta

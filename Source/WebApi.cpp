@@ -1,0 +1,93 @@
+#include "Source/WebApi.hpp"
+
+#include <utility>
+
+#include "Platform/Foundation/Fatal.hpp"
+#include "Source/Category.hpp"
+#include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/Node.hpp"
+#include "Source/Polygon.hpp"
+#include "Source/Venue.hpp"
+#include "Source/Vortex.hpp"
+
+namespace orivanta {
+
+namespace {
+
+// Folds one page into the collection.
+template <class Record>
+Collection<Record> withPage(Collection<Record> records, const RawData& page) {
+  for (const RawData& element : page.arrayValue())
+    if (auto record = Record::make(element)) {
+      const std::string& id = foundation::unwrap(record->id);
+      records.insert_or_assign(id, std::move(record));
+    }
+  return records;
+}
+
+}  // namespace
+
+WebApiSession::WebApiSession(std::string_view root, const std::string& username,
+                             const std::string& password,
+                             const std::optional<std::string>& language,
+                             std::shared_ptr<WebApiObserver> observer)
+    : ApiHttpSession(root, username, password, language), observer_(std::move(observer)) {}
+
+template <class Record>
+WebApiSession::Request WebApiSession::collection(const char* path,
+                                                 const Dictionary<std::string>& parameters,
+                                                 Callback<Record> callback) const {
+  const auto chain = ApiHttpSession.get(path, parameters)
+                         .template onPage<Collection<Record>>({}, withPage<Record>);
+  chain.onComplete([callback, path, observer = observer_](Collection<Record> records) {
+    if (observer) observer->collectionEnded(path, std::nullopt);
+    callback(std::move(records));
+  });
+  chain.onError([callback, path, observer = observer_](const foundation::Error& error) {
+    if (observer) observer->collectionEnded(path, error);
+    callback({});
+  });
+  if (observer_)
+    chain.onResponse([path, observer = observer_](const network::HttpUrlResponse& response,
+                                                  std::size_t bodyBytes) {
+      observer->pageReceived(path, response, bodyBytes);
+    });
+  return chain.session();
+}
+
+WebApiSession::Request WebApiSession::venues(Callback<Venue> callback) const {
+  return collection<Venue>("venue", {}, std::move(callback));
+}
+
+WebApiSession::Request WebApiSession::locations(const std::string& venue,
+                                                Callback<Location> callback) const {
+  return collection<Location>("location", {{"venue", venue}}, std::move(callback));
+}
+
+WebApiSession::Request WebApiSession::categories(const std::string& venue,
+                                                 Callback<Category> callback) const {
+  return collection<Category>("category", {{"venue", venue}}, std::move(callback));
+}
+
+WebApiSession::Request WebApiSession::maps(const std::string& venue, Callback<Map> callback) const {
+  return collection<Map>("map", {{"venue", venue}}, std::move(callback));
+}
+
+WebApiSession::Request WebApiSession::nodes(const std::string& venue,
+                                            Callback<Node> callback) const {
+  return collection<Node>("node", {{"venue", venue}, {"perspective", "well-known:3D"}},
+                          std::move(callback));
+}
+
+WebApiSession::Request WebApiSession::vortices(const std::string& venue,
+                                               Callback<Vortex> callback) const {
+  return collection<Vortex>("vortex", {{"venue", venue}}, std::move(callback));
+}
+
+WebApiSession::Request WebApiSession::polygons(const std::string& venue,
+                                               Callback<Polygon> callback) const {
+  return collection<Polygon>("polygon", {{"venue", venue}}, std::move(callback));
+}
+
+}  // namespace orivanta

@@ -1,0 +1,69 @@
+// The client of the venue web API: one call per collection.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Network/HttpUrlResponse.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/HttpSession.hpp"
+
+namespace orivanta {
+
+/// Watches the requests of a session, for progress and for reasons that the collections themselves
+/// do not tell. Called on the chains' background queues, several at once.
+class ORIVANTA_API WebApiObserver {
+ public:
+  virtual ~WebApiObserver() = default;
+  /// A page has arrived; `collection` is the resource's name in the API, such as "node".
+  virtual void pageReceived(std::string_view collection, const network::HttpUrlResponse& response,
+                            std::size_t bodyBytes) = 0;
+  /// The collection is complete, respectively failed and counts as empty.
+  virtual void collectionEnded(std::string_view collection,
+                               const std::optional<foundation::Error>& error) = 0;
+};
+
+/// Every call returns at once. Its callback is called once, on a background queue of that call: with
+/// the collection, or with an empty one when a request failed. Elements that form no record are
+/// left out; of two with the same identifier the later one counts. The returned session ends the
+/// call without a callback when it is invalidated; it may be ignored.
+///
+/// Any thread; holds no mutable state.
+class ORIVANTA_API WebApiSession {
+ public:
+  using Request = std::shared_ptr<network::UrlSession>;
+  template <class Record>
+  using Callback = std::function<void(Collection<Record>)>;
+
+  /// An absent language stops the program.
+  WebApiSession(std::string_view root, const std::string& username, const std::string& password,
+                const std::optional<std::string>& language,
+                std::shared_ptr<WebApiObserver> observer = nullptr);
+
+  const HttpSession ApiHttpSession;
+
+  /// All venues that the account may see.
+  Request venues(Callback<Venue> callback) const;
+
+  // The collections of one venue, named by its slug.
+  Request locations(const std::string& venue, Callback<Location> callback) const;
+  Request categories(const std::string& venue, Callback<Category> callback) const;
+  Request maps(const std::string& venue, Callback<Map> callback) const;
+  Request nodes(const std::string& venue, Callback<Node> callback) const;
+  Request vortices(const std::string& venue, Callback<Vortex> callback) const;
+  Request polygons(const std::string& venue, Callback<Polygon> callback) const;
+
+ private:
+  template <class Record>
+  Request collection(const char* path, const Dictionary<std::string>& parameters,
+                     Callback<Record> callback) const;
+
+  std::shared_ptr<WebApiObserver> observer_;
+};
+
+}  // namespace orivanta

@@ -1,0 +1,65 @@
+#include "Tests/Support/Venues.hpp"
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "Source/Category.hpp"
+#include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/Node.hpp"
+#include "Source/Polygon.hpp"
+#include "Source/Vortex.hpp"
+
+namespace orivanta::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+template <class Record>
+Collection<Record> readCollection(const fs::path& file) {
+  Collection<Record> records;
+  const auto data = RawData::parse(contentsOf(file));
+  if (!data) return records;
+  for (const RawData& element : data->arrayValue())
+    if (auto record = Record::make(element)) records.insert_or_assign(*record->id, record);
+  return records;
+}
+
+}  // namespace
+
+std::optional<fs::path> venuesFolder() {
+  const char* configured = std::getenv("ORIVANTA_VENUES");
+  fs::path folder = configured != nullptr ? configured : ORIVANTA_VENUES;
+  if (!fs::is_directory(folder)) return std::nullopt;
+  return folder;
+}
+
+std::vector<std::string> venueNames() {
+  std::vector<std::string> names;
+  if (const auto folder = venuesFolder())
+    for (const auto& entry : fs::directory_iterator(*folder))
+      if (fs::exists(entry.path() / "venue.json")) names.push_back(entry.path().filename());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::string contentsOf(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+CollectionDictionary readPackage(const fs::path& package) {
+  CollectionDictionary collections;
+  collections.locations = readCollection<Location>(package / "location.json");
+  collections.categories = readCollection<Category>(package / "category.json");
+  collections.maps = readCollection<Map>(package / "map.json");
+  collections.nodes = readCollection<Node>(package / "node.json");
+  collections.vortices = readCollection<Vortex>(package / "vortex.json");
+  collections.polygons = readCollection<Polygon>(package / "polygon.json");
+  return collections;
+}
+
+}  // namespace orivanta::test

@@ -1,0 +1,18 @@
+# Everything comes from Debian's packages; Scripts/setup names them.
+
+find_package(Threads REQUIRED)
+find_package(ZLIB REQUIRED)
+find_package(CURL REQUIRED)
+find_package(Boost 1.81 REQUIRED COMPONENTS json)
+find_package(fmt REQUIRED)
+find_package(FastFloat REQUIRED)
+find_package(tsl-ordered-map REQUIRED)
+find_package(uriparser REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(plist REQUIRED IMPORTED_TARGET libplist-2.0)
+
+# Boost.Asio as the whole project uses it: header only, without its deprecated parts.
+add_library(orivanta_asio INTERFACE)
+target_link_libraries(orivanta_asio INTERFACE Boost::headers Threads::Threads)
+target_compile_definitions(orivanta_asio INTERFACE BOOST_ASIO_NO_DEPRECATED
+                                                   BOOST_BEAST_USE_STD_STRING_VIEW)

@@ -1,0 +1,34 @@
+# Language level, warnings and sanitizers, the same for every target of the project.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+include(GNUInstallDirs)
+
+set(ORIVANTA_SANITIZER "" CACHE STRING "Empty, or the value of -fsanitize= for every target")
+if(ORIVANTA_SANITIZER)
+  add_compile_options(-fsanitize=${ORIVANTA_SANITIZER} -fno-omit-frame-pointer
+                      -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${ORIVANTA_SANITIZER})
+endif()
+
+# Distances and costs are compared bit for bit, so no target may fuse a multiplication and an addition.
+add_compile_options(-ffp-contract=off)
+
+# orivanta_library(name FILES...): one static library per folder, with the project's warnings.
+function(orivanta_library name)
+  add_library(${name} STATIC ${ARGN})
+  orivanta_warnings(${name})
+  target_include_directories(
+    ${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+                   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>)
+  target_compile_definitions(${name} PRIVATE ORIVANTA_BUILDING)
+endfunction()
+
+function(orivanta_warnings name)
+  target_compile_options(${name} PRIVATE -Wall -Wextra -Wconversion -Wshadow -Werror)
+endfunction()
