@@ -20,7 +20,7 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 fs::path TemporaryFolder::write(const fs::path& name, std::string_view contents) const {
-  const fs::path file = path_ / name;
+  fs::path file = path_ / name;
   fs::create_directories(file.parent_path());
   std::ofstream(file, std::ios::binary)
       .write(contents.data(), static_cast<std::streamsize>(contents.size()));
