@@ -33,11 +33,13 @@ std::shared_ptr<Record> named(const Collection<Record>& records, std::string_vie
 template <class Record>
 void linkMaps(Collection<Record>& records, const Collection<Map>& maps) {
   std::size_t linked = 0;
+  std::shared_ptr<Map> map;  // of the record before: neighbours mostly share it
   for (const auto& entry : records) {
     Record& record = *entry.second;
     const auto id = referenceIn(record._data, "map");
-    record.map = id ? named(maps, *id) : nullptr;
-    if (record.map) ++linked;
+    if (!id || !map || map->id != *id) map = id ? named(maps, *id) : nullptr;
+    record.map = map;
+    if (map) ++linked;
   }
   if (linked == records.size()) return;
   Collection<Record> kept;
