@@ -178,6 +178,7 @@ bool publishVenue(const CollectionDictionary& collections,
       !collections.navigationGraph)
     return false;
   const std::shared_ptr<Venue> venue = activeVenue;
+  if (!venue) foundation::fatalAbsence();
   venue->locations = listOf(*collections.locations);
   venue->categories = listOf(*collections.categories);
   venue->maps = listOf(*collections.maps);
