@@ -14,6 +14,7 @@
 #include "Apps/Command/RouteDescription.hpp"
 #include "Apps/Command/Session.hpp"
 #include "Source/Directions.hpp"
+#include "Source/Location.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {
@@ -53,10 +54,15 @@ ExitCode answerBatch(const FindRouteOptions& options) {
   return ExitCode::success;
 }
 
-ExitCode reportNoRoute(const FindRouteOptions& options) {
+ExitCode reportNoRoute(const FindRouteOptions& options, const RouteEnd& from, const RouteEnd& to) {
   if (options.json) writeOutput("{\"path\":null,\"weight\":null}\n");
-  complain(fmt::format("no {}route from {} to {}", options.accessible ? "accessible " : "",
-                       fmt::join(options.from, ", "), fmt::join(options.to, ", ")));
+  std::string text =
+      fmt::format("no {}route from {} to {}", options.accessible ? "accessible " : "",
+                  fmt::join(options.from, ", "), fmt::join(options.to, ", "));
+  for (const RouteEnd* end : {&from, &to})
+    if (end->nodes.empty())
+      text += fmt::format("; {} has no nodes", end->place ? *end->place->name : "one side");
+  complain(text);
   return ExitCode::notFound;
 }
 
@@ -69,7 +75,7 @@ ExitCode findRoute(const FindRouteOptions& options) {
   const RouteEnd from = findRouteEnd(*venue, options.from);
   const RouteEnd to = findRouteEnd(*venue, options.to);
   const auto directions = getDirections(from.nodes, to.nodes, from.place, to.place);
-  if (!directions) return reportNoRoute(options);
+  if (!directions) return reportNoRoute(options, from, to);
   const RouteDescription route = describeRoute(*venue, directions);
   writeOutput(options.json ? jsonText(routeJson(route)) + '\n' : routeText(route));
   return ExitCode::success;

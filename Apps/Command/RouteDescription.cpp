@@ -123,9 +123,9 @@ json::object routeJson(const RouteDescription& route) {
                        {"directions", std::move(directions)},
                        {"floors", std::move(floors)},
                        {"connectors", std::move(connectors)},
-                       {"length", route.length},
-                       {"weight", route.weight}});
+                       {"length", route.length}});
   if (route.lengthMetres) result["lengthMetres"] = *route.lengthMetres;
+  result["weight"] = route.weight;
   return result;
 }
 
