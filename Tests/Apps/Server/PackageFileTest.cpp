@@ -32,7 +32,7 @@ class PackageFileTest : public testing::Test {
   }
 
   const test::TemporaryFolder root_;
-  const fs::path package_ = root_.path() / "package";
+  const fs::path package_ = fs::canonical(root_.path()) / "package";
 };
 
 TEST_F(PackageFileTest, FilesInsideAreOpened) {
