@@ -18,11 +18,11 @@ namespace orivanta::server {
 struct Request {
   std::string method = "GET";
   std::string target = "/";
-  std::string host;
-  std::string authorization;
-  std::string acceptEncoding;
-  std::string acceptLanguage;
-  std::string ifNoneMatch;
+  std::string host{};
+  std::string authorization{};
+  std::string acceptEncoding{};
+  std::string acceptLanguage{};
+  std::string ifNoneMatch{};
 };
 
 /// The bytes that stand for a resource under some request, ready to be sent.

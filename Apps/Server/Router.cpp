@@ -134,6 +134,7 @@ Response Router::file(const Request& request, const Target& target) {
   }
   const auto unread = std::make_shared<const Representation>(Representation{{}, entityTag});
   Response response = representationResponse(request, unread, type.name, {});
+  response.text = nullptr;
   if (response.status == 200) response.file = std::move(opened);
   return response;
 }
