@@ -63,7 +63,7 @@ class DeliveryHold {
   std::shared_ptr<network::UrlSession> session_;
 };
 
-/// The part of a chain that does not depend on the accumulator's type.
+/// The part of a handle that does not depend on the accumulator's type.
 struct ChainLinks {
   std::shared_ptr<network::UrlSession> session;
   std::shared_ptr<CustomUrlSessionDelegate> sessionDelegate;
@@ -88,15 +88,17 @@ class HttpResponse {
 
   /// For `HttpSession`: the handle to a chain just started.
   HttpResponse(detail::ChainLinks links, std::shared_ptr<detail::DeliveryHold> hold)
-      : state_(std::make_shared<State>(std::move(links))), hold_(std::move(hold)) {
+      : links_(std::move(links)),
+        state_(std::make_shared<State>(links_.session)),
+        hold_(std::move(hold)) {
     adopt();
   }
 
   /// Moves the chain to an accumulator of type `U`. Handles of the former type keep the results
   /// waiting, but receive nothing any more.
   template <class U>
-  HttpResponse<U> onPage(U initial, std::function<U(U, const RawData&)> callback) const {
-    HttpResponse<U> response(state_->links, hold_);
+  HttpResponse<U> onPage(U initial, typename HttpResponse<U>::PageCallback callback) const {
+    HttpResponse<U> response(links_, hold_);
     response.state_->pageBuffer = std::move(initial);
     response.state_->pageCallback = std::move(callback);
     return response;
@@ -122,17 +124,19 @@ class HttpResponse {
   }
 
   /// The session that runs the chain; `invalidateAndCancel` on it ends the chain without a callback.
-  const std::shared_ptr<network::UrlSession>& session() const { return state_->links.session; }
+  const std::shared_ptr<network::UrlSession>& session() const { return links_.session; }
 
  private:
   template <class U>
   friend class HttpResponse;
 
-  // Kept alive by the delegate's callbacks until the session is invalidated.
+  // Kept alive by the delegate's callbacks, and so by the session until that is invalidated. It must
+  // not own the delegate, or the two would keep each other.
   struct State {
-    explicit State(detail::ChainLinks chainLinks) : links(std::move(chainLinks)) {}
+    explicit State(std::shared_ptr<network::UrlSession> chainSession)
+        : session(std::move(chainSession)) {}
 
-    detail::ChainLinks links;
+    std::shared_ptr<network::UrlSession> session;
     PageCallback pageCallback;
     CompleteCallback completeCallback;
     ErrorCallback errorCallback;
@@ -146,7 +150,7 @@ class HttpResponse {
   };
 
   void adopt() {
-    auto& delegate = *state_->links.sessionDelegate;
+    auto& delegate = *links_.sessionDelegate;
     delegate.onSuccess = [state = state_](const network::HttpUrlResponse& response,
                                           std::string& body) { state->success(response, body); };
     delegate.onError = [state = state_](const foundation::Error& failure) {
@@ -154,6 +158,7 @@ class HttpResponse {
     };
   }
 
+  detail::ChainLinks links_;
   std::shared_ptr<State> state_;
   std::shared_ptr<detail::DeliveryHold> hold_;
 };
@@ -196,7 +201,7 @@ void HttpResponse<T>::State::success(const network::HttpUrlResponse& response, s
   const auto next = detail::nextPage(response);
   body.clear();
   if (next) {
-    links.session->startDataTask(*next);  // fetched while this page is folded
+    session->startDataTask(*next);  // fetched while this page is folded
     foldPage(*page);
   } else if (pageBuffer && pageCallback) {
     finish(*page);
@@ -205,7 +210,7 @@ void HttpResponse<T>::State::success(const network::HttpUrlResponse& response, s
 
 template <class T>
 void HttpResponse<T>::State::error(const foundation::Error& failure) {
-  links.session->invalidateAndCancel();
+  session->invalidateAndCancel();
   if (errorCallback) errorCallback(failure);
 }
 
@@ -220,7 +225,7 @@ void HttpResponse<T>::State::foldPage(const RawData& page) {
 
 template <class T>
 void HttpResponse<T>::State::finish(const RawData& page) {
-  links.session->invalidateAndCancel();
+  session->invalidateAndCancel();
   T accumulated = pageCallback(std::move(*pageBuffer), page);
   if (completeCallback) completeCallback(std::move(accumulated));
 }

@@ -1,10 +1,13 @@
 #include "Platform/Network/Curl/CurlLoop.hpp"
 
 #include <curl/curl.h>
+#include <pthread.h>
 
 #include <atomic>
 #include <cctype>
+#include <csignal>
 #include <cstdlib>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -20,6 +23,20 @@ constexpr std::size_t keptIdleHandles = 16;
 foundation::Error curlError(int code, const char* detail) {
   const char* text = curl_easy_strerror(static_cast<CURLcode>(code));
   return {"curl", code, detail != nullptr && *detail != '\0' ? detail : text};
+}
+
+// Signals are for the application's own threads; above all, a peer that closes a connection must
+// not end the program by SIGPIPE.
+void blockSignals() {
+  sigset_t all;
+  sigfillset(&all);
+  pthread_sigmask(SIG_BLOCK, &all, nullptr);
+}
+
+// One header line. A name with an empty value needs libcurl's own notation: with a colon it would
+// take the field away.
+std::string headerLine(const std::string& name, const std::string& value) {
+  return value.empty() ? name + ";" : name + ": " + value;
 }
 
 }  // namespace
@@ -41,28 +58,46 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
   static std::size_t receiveBody(char* bytes, std::size_t, std::size_t count, void* context) {
     std::string& body = static_cast<Transfer*>(context)->result_.body;
     if (count > largestBodyBytes - body.size()) return 0;
-    body.append(bytes, count);
+    try {
+      body.append(bytes, count);
+    } catch (const std::bad_alloc&) {
+      return 0;
+    }
     return count;
   }
 
-  // Called for each header line of each response on the way, redirects included; a status line
-  // begins a new response.
+  // Called for each header line of each response on the way, redirects included.
   static std::size_t receiveHeader(char* bytes, std::size_t, std::size_t count, void* context) {
-    auto& fields = static_cast<Transfer*>(context)->result_.response.headerFields;
     std::string_view line(bytes, count);
     while (!line.empty() && std::isspace(static_cast<unsigned char>(line.back())))
       line.remove_suffix(1);
+    static_cast<Transfer*>(context)->receiveLine(line);
+    return count;
+  }
+
+  // A status line begins a new response; an empty line ends its fields, and what comes behind the
+  // body of a chunked response does not count.
+  void receiveLine(std::string_view line) {
+    auto& fields = result_.response.headerFields;
     const std::size_t colon = line.find(':');
     if (line.starts_with("HTTP/")) {
       fields.clear();
-    } else if (colon != std::string_view::npos) {
+      headComplete_ = false;
+    } else if (line.empty()) {
+      headComplete_ = true;
+    } else if (colon != std::string_view::npos && !headComplete_) {
       std::string_view value = line.substr(colon + 1);
       while (!value.empty() && (value.front() == ' ' || value.front() == '\t'))
         value.remove_prefix(1);
       fields.emplace_back(line.substr(0, colon), value);
     }
-    return count;
   }
+
+  // libcurl would take a reference without a scheme or without a host for the name of a host, and
+  // send the credentials there.
+  bool namesHost() const { return request_.url.isAbsolute() && !request_.url.host().empty(); }
+
+  void setOptions();
 
   CurlLoop& loop_;
   UrlRequest request_;
@@ -71,6 +106,7 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
   UrlResult result_;
   CURL* handle_ = nullptr;
   curl_slist* headerList_ = nullptr;
+  bool headComplete_ = false;
   char errorText_[CURL_ERROR_SIZE] = {};
 };
 
@@ -108,6 +144,7 @@ void CurlLoop::cancel(std::shared_ptr<Transfer> transfer) {
 }
 
 void CurlLoop::run() {
+  blockSignals();
   for (;;) {
     startPending();
     stopCancelled();
@@ -156,39 +193,48 @@ CURL* CurlLoop::takeHandle() {
 }
 
 void CurlLoop::begin(const std::shared_ptr<Transfer>& transfer) {
-  CURL* handle = takeHandle();
-  if (handle == nullptr) {
-    transfer->result_.error = curlError(CURLE_OUT_OF_MEMORY, nullptr);
+  const auto fail = [&](int code) {
+    transfer->result_.error = curlError(code, nullptr);
     transfer->completed_(std::move(transfer->result_));
-    return;
+    transfer->completed_ = nullptr;
+  };
+  if (!transfer->namesHost()) return fail(CURLE_URL_MALFORMAT);
+  transfer->handle_ = takeHandle();
+  if (transfer->handle_ == nullptr) return fail(CURLE_OUT_OF_MEMORY);
+  transfer->setOptions();
+  if (curl_multi_add_handle(multi_, transfer->handle_) == CURLM_OK) {
+    running_.insert(transfer);
+  } else {
+    release(*transfer);
+    fail(CURLE_FAILED_INIT);
   }
-  transfer->handle_ = handle;
-  for (const auto& [name, value] : transfer->request_.headerFields)
-    transfer->headerList_ =
-        curl_slist_append(transfer->headerList_, (name + ": " + value).c_str());
+}
+
+void CurlLoop::Transfer::setOptions() {
+  for (const auto& [name, value] : request_.headerFields)
+    headerList_ = curl_slist_append(headerList_, headerLine(name, value).c_str());
   // Asked for by hand, not through CURLOPT_ACCEPT_ENCODING: the body is inflated elsewhere, so
   // that this one thread stays free for the other transfers.
-  transfer->headerList_ = curl_slist_append(transfer->headerList_, "Accept-Encoding: gzip");
+  headerList_ = curl_slist_append(headerList_, "Accept-Encoding: gzip");
 
-  curl_easy_setopt(handle, CURLOPT_URL, transfer->request_.url.absoluteString().c_str());
-  curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
-  curl_easy_setopt(handle, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
-  curl_easy_setopt(handle, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
-  curl_easy_setopt(handle, CURLOPT_HTTPHEADER, transfer->headerList_);
-  curl_easy_setopt(handle, CURLOPT_FOLLOWLOCATION, 1L);
-  curl_easy_setopt(handle, CURLOPT_MAXREDIRS, mostRedirects);
-  curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT, idleSeconds);
-  curl_easy_setopt(handle, CURLOPT_LOW_SPEED_LIMIT, 1L);
-  curl_easy_setopt(handle, CURLOPT_LOW_SPEED_TIME, idleSeconds);
-  curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
-  curl_easy_setopt(handle, CURLOPT_ERRORBUFFER, transfer->errorText_);
-  curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, &Transfer::receiveBody);
-  curl_easy_setopt(handle, CURLOPT_WRITEDATA, transfer.get());
-  curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, &Transfer::receiveHeader);
-  curl_easy_setopt(handle, CURLOPT_HEADERDATA, transfer.get());
-  curl_easy_setopt(handle, CURLOPT_PRIVATE, transfer.get());
-  running_.insert(transfer);
-  curl_multi_add_handle(multi_, handle);
+  curl_easy_setopt(handle_, CURLOPT_URL, request_.url.absoluteString().c_str());
+  curl_easy_setopt(handle_, CURLOPT_PROTOCOLS_STR, "http,https");
+  curl_easy_setopt(handle_, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
+  curl_easy_setopt(handle_, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
+  curl_easy_setopt(handle_, CURLOPT_HTTPHEADER, headerList_);
+  curl_easy_setopt(handle_, CURLOPT_FOLLOWLOCATION, 1L);
+  curl_easy_setopt(handle_, CURLOPT_MAXREDIRS, mostRedirects);
+  curl_easy_setopt(handle_, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(largestBodyBytes));
+  curl_easy_setopt(handle_, CURLOPT_CONNECTTIMEOUT, idleSeconds);
+  curl_easy_setopt(handle_, CURLOPT_LOW_SPEED_LIMIT, 1L);
+  curl_easy_setopt(handle_, CURLOPT_LOW_SPEED_TIME, idleSeconds);
+  curl_easy_setopt(handle_, CURLOPT_NOSIGNAL, 1L);
+  curl_easy_setopt(handle_, CURLOPT_ERRORBUFFER, errorText_);
+  curl_easy_setopt(handle_, CURLOPT_WRITEFUNCTION, &Transfer::receiveBody);
+  curl_easy_setopt(handle_, CURLOPT_WRITEDATA, this);
+  curl_easy_setopt(handle_, CURLOPT_HEADERFUNCTION, &Transfer::receiveHeader);
+  curl_easy_setopt(handle_, CURLOPT_HEADERDATA, this);
+  curl_easy_setopt(handle_, CURLOPT_PRIVATE, this);
 }
 
 void CurlLoop::finish(Transfer& transfer, int outcome) {

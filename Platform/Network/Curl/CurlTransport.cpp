@@ -22,7 +22,8 @@ class CurlTransport : public UrlTransport {
 
   std::optional<foundation::Error> decodeBody(UrlResult& result) override {
     const auto encoding = result.response.headerField("Content-Encoding");
-    if (!encoding || strcasecmp(encoding->c_str(), "identity") == 0) return std::nullopt;
+    if (result.body.empty() || !encoding || strcasecmp(encoding->c_str(), "identity") == 0)
+      return std::nullopt;
     if (strcasecmp(encoding->c_str(), "gzip") != 0 && strcasecmp(encoding->c_str(), "x-gzip") != 0)
       return foundation::Error{"http", 1, "unknown content encoding \"" + *encoding + "\""};
     auto bytes = gunzipped(result.body, largestDecodedBytes);

@@ -15,7 +15,8 @@ std::optional<std::string> gunzipped(std::string_view compressed, std::size_t la
   stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(compressed.data()));
   stream.avail_in = static_cast<uInt>(compressed.size());
 
-  std::string bytes(std::min(largestBytes, std::max<std::size_t>(compressed.size() * 4, 4096)), '\0');
+  std::string bytes(std::min(largestBytes, std::max<std::size_t>(compressed.size() * 4, 4096)),
+                    '\0');
   std::size_t length = 0;
   for (;;) {
     stream.next_out = reinterpret_cast<Bytef*>(bytes.data() + length);

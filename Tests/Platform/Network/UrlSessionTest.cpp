@@ -1,0 +1,235 @@
+#include "Platform/Network/UrlSession.hpp"
+
+#include <gmock/gmock.h>
+
+#include <condition_variable>
+#include <thread>
+
+#include "Tests/Support/Awaited.hpp"
+#include "Tests/Support/MisbehavingServer.hpp"
+
+namespace orivanta::network {
+namespace {
+
+using test::Answer;
+using test::Latch;
+using test::MisbehavingServer;
+using testing::ElementsAre;
+
+foundation::Url url(const std::string& text) {
+  return *foundation::Url::parse(text);
+}
+
+// Keeps what is reported; a test may add to what happens on a report.
+class Recorder : public UrlSessionDelegate {
+ public:
+  struct Report {
+    HttpUrlResponse response;
+    std::optional<foundation::Error> error;
+    std::string body;
+  };
+
+  void didReceiveData(std::string_view bytes) override {
+    received_ += bytes;
+    if (onData) onData();
+  }
+
+  void didComplete(const HttpUrlResponse& response,
+                   const std::optional<foundation::Error>& error) override {
+    if (onComplete) onComplete();
+    const std::lock_guard lock(mutex_);
+    reports_.push_back({response, error, std::exchange(received_, "")});
+    reported_.notify_all();
+  }
+
+  // Blocks until there are so many reports.
+  std::vector<Report> reports(std::size_t count) {
+    std::unique_lock lock(mutex_);
+    EXPECT_TRUE(reported_.wait_for(lock, test::patience, [&] { return reports_.size() >= count; }));
+    return reports_;
+  }
+
+  std::function<void()> onData;
+  std::function<void()> onComplete;
+
+ private:
+  std::string received_;  // no lock: the session reports one at a time
+  std::mutex mutex_;
+  std::condition_variable reported_;
+  std::vector<Report> reports_;
+};
+
+// A session with a recorder, invalidated at the end of the test.
+struct Recorded {
+  std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
+  std::shared_ptr<UrlSession> session = UrlSession::make({"test", {{"X-Own", "1"}}}, recorder);
+
+  ~Recorded() { session->invalidateAndCancel(); }
+
+  Recorder::Report get(const std::string& address) {
+    session->startDataTask(url(address));
+    return recorder->reports(++count_).back();
+  }
+
+ private:
+  std::size_t count_ = 0;
+};
+
+TEST(UrlSession, ReportsTheBodyTheHeadAndTheUrlThatAnswered) {
+  MisbehavingServer server;
+  server.on("/a", Answer::redirect("/b?c=1").with("X-Redirect", "1"));
+  server.on("/b", Answer::json("[1]", 418)
+                      .with("X-Twice", "1")
+                      .with("x-twice", "2,3")
+                      .with("X-Empty", "")
+                      .with("X-Blanks", " \t a b \t"));
+  Recorded recorded;
+  const auto report = recorded.get(server.root("/a"));
+  EXPECT_FALSE(report.error);
+  EXPECT_EQ(report.body, "[1]");
+  const HttpUrlResponse& response = report.response;
+  EXPECT_EQ(response.statusCode, 418);
+  EXPECT_EQ(response.url, url(server.root("/b?c=1")));
+  EXPECT_EQ(response.headerField("X-TWICE"), "1, 2,3");
+  EXPECT_EQ(response.headerField("x-empty"), "");
+  EXPECT_EQ(response.headerField("x-blanks"), "a b");
+  EXPECT_FALSE(response.headerField("X-Redirect"));
+  EXPECT_FALSE(response.headerField("X-Twic"));
+  EXPECT_EQ(response.headerFields.at(1).first, "X-Twice");
+  EXPECT_EQ(server.requests("/b").at(0).field("X-Own"), "1");
+  EXPECT_EQ(server.requests("/b").at(0).field("Accept-Encoding"), "gzip");
+}
+
+TEST(UrlSession, FieldsBehindTheBodyDoNotCount) {
+  MisbehavingServer server;
+  Answer answer = Answer::json("[1]").with("Link", "<a>; rel=next").chunked();
+  answer.trailer = "Link: <b>; rel=next\r\n";
+  server.on("/a", answer);
+  Recorded recorded;
+  EXPECT_EQ(recorded.get(server.root("/a")).response.headerField("Link"), "<a>; rel=next");
+}
+
+TEST(UrlSession, AnEmptyBodyIsNoDamageWhateverItsEncoding) {
+  MisbehavingServer server;
+  server.on("/a", Answer::json("").with("Content-Encoding", "gzip"));
+  Recorded recorded;
+  EXPECT_FALSE(recorded.get(server.root("/a")).error);
+}
+
+TEST(UrlSession, RefusesABodyThatInflatesBeyondTheLimit) {
+  // Gzip members may follow one another: 33 of 16 MiB each go beyond 512 MiB.
+  const std::string member = test::gzipped(std::string(16U << 20U, ' '));
+  Answer bomb = Answer::json("").with("Content-Encoding", "gzip");
+  for (int i = 0; i < 33; ++i) bomb.body += member;
+  MisbehavingServer server;
+  server.on("/bomb", bomb);
+  bomb.body = member + member;
+  server.on("/large", bomb);
+  Recorded recorded;
+  const auto report = recorded.get(server.root("/bomb"));
+  ASSERT_TRUE(report.error);
+  EXPECT_EQ(report.error->domain, "http");
+  EXPECT_TRUE(report.body.empty());
+  EXPECT_EQ(recorded.get(server.root("/large")).body.size(), 32U << 20U);
+}
+
+TEST(UrlSession, TasksOfOneSessionRunTogetherAndReportOneAtATime) {
+  MisbehavingServer server;
+  const auto latch = std::make_shared<Latch>();
+  server.on("/held", Answer::json("[0]").held(latch));
+  server.on("/a", Answer::json(std::string(100'000, ' ')));
+  Recorded recorded;
+  recorded.session->startDataTask(url(server.root("/held")));
+  for (int i = 0; i < 20; ++i) recorded.session->startDataTask(url(server.root("/a")));
+  // The recorder appends to one text without a lock: mixed reports would show in the sizes.
+  for (const auto& report : recorded.recorder->reports(20)) EXPECT_EQ(report.body.size(), 100'000U);
+  latch->open();
+  EXPECT_EQ(recorded.recorder->reports(21).back().body, "[0]");
+}
+
+TEST(UrlSession, ReportsWaitWhileDeliveryIsSuspended) {
+  MisbehavingServer server;
+  Recorded held;
+  held.session->suspendDelivery();
+  held.session->startDataTask(url(server.root("/a")));
+  ASSERT_TRUE(server.waitForRequests("/a", 1));
+  Recorded other;
+  other.get(server.root("/b"));  // by now the first answer is there
+  EXPECT_TRUE(held.recorder->reports(0).empty());
+  held.session->resumeDelivery();
+  EXPECT_EQ(held.recorder->reports(1).size(), 1U);
+}
+
+TEST(UrlSession, NothingIsReportedAfterInvalidation) {
+  MisbehavingServer server;
+  const auto latch = std::make_shared<Latch>();
+  server.on("/held", Answer::json("[0]").held(latch));
+  server.on("/a", Answer::json("[1]"));
+  const auto recorder = std::make_shared<Recorder>();
+  const auto session = UrlSession::make({}, recorder);
+  session->startDataTask(url(server.root("/held")));
+  ASSERT_TRUE(server.waitForRequests("/held", 1));
+  session->startDataTask(url(server.root("/a")));
+  recorder->reports(1);
+  session->invalidateAndCancel();
+  session->invalidateAndCancel();
+  EXPECT_FALSE(session->isValid());
+  session->startDataTask(url(server.root("/afterwards")));
+  latch->open();
+  Recorded other;
+  other.get(server.root("/b"));  // what was cancelled is gone when this has been answered
+  EXPECT_EQ(recorder->reports(0).size(), 1U);
+  EXPECT_TRUE(server.requests("/afterwards").empty());
+}
+
+TEST(UrlSession, ADelegateMayInvalidateBetweenDataAndCompletion) {
+  MisbehavingServer server;
+  server.on("/a", Answer::json("[1]"));
+  const auto released = std::make_shared<Latch>();
+  {
+    auto recorder = std::make_shared<Recorder>();
+    const auto session = UrlSession::make({}, recorder);
+    recorder->onData = [weak = std::weak_ptr(session)] { weak.lock()->invalidateAndCancel(); };
+    recorder->onComplete = [token = test::opensWhenGone(released)] { ADD_FAILURE(); };
+    session->startDataTask(url(server.root("/a")));
+  }
+  EXPECT_TRUE(released->wait());
+}
+
+TEST(UrlSession, AValidSessionNeedsNoOwnerAndAnInvalidOneReleasesItsDelegate) {
+  MisbehavingServer server;
+  const auto latch = std::make_shared<Latch>();
+  server.on("/a", Answer::json("[1]").held(latch));
+  const auto released = std::make_shared<Latch>();
+  std::weak_ptr<Recorder> recorder;
+  std::weak_ptr<UrlSession> session;
+  {
+    const auto own = std::make_shared<Recorder>();
+    own->onComplete = [token = test::opensWhenGone(released)] {};
+    const auto started = UrlSession::make({}, own);
+    started->startDataTask(url(server.root("/a")));
+    recorder = own;
+    session = started;
+  }
+  latch->open();
+  EXPECT_EQ(recorder.lock()->reports(1).size(), 1U);
+  EXPECT_FALSE(released->isOpen());
+  session.lock()->invalidateAndCancel();
+  EXPECT_TRUE(released->wait());
+}
+
+TEST(UrlSession, StartingAndInvalidatingAtOnceFromSeveralThreadsIsSafe) {
+  MisbehavingServer server;
+  for (int round = 0; round < 50; ++round) {
+    const auto session = UrlSession::make({}, std::make_shared<Recorder>());
+    std::thread starter([&] {
+      for (int i = 0; i < 5; ++i) session->startDataTask(url(server.root("/a")));
+    });
+    session->invalidateAndCancel();
+    starter.join();
+    session->invalidateAndCancel();
+  }
+}
+
+}  // namespace
+}  // namespace orivanta::network

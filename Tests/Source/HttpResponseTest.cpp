@@ -1,0 +1,312 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "Source/HttpSession.hpp"
+#include "Tests/Support/ChainCourse.hpp"
+#include "Tests/Support/MisbehavingServer.hpp"
+
+namespace orivanta {
+namespace {
+
+using foundation::Error;
+using test::Answer;
+using test::Awaited;
+using test::Course;
+using test::courseOf;
+using test::Latch;
+using test::MisbehavingServer;
+using test::ReceivedRequest;
+using test::sessionFor;
+using test::Texts;
+using test::withPage;
+
+struct PagesCase {
+  std::string name;
+  std::vector<std::pair<std::string, Answer>> answers;  // by path below the root
+  Texts completed;
+};
+
+TEST(HttpResponse, FoldsThePagesOfAChainInOrder) {
+  const Answer a = Answer::json(R"(["1"])");
+  const Answer b = Answer::json(R"(["2"])");
+  const Answer c = Answer::json(R"(["3"])");
+  const Answer notFound = Answer::json(R"({"error": "none"})", 404);
+  const PagesCase cases[] = {
+      {"one page", {{"a", a}}, {"1"}},
+      {"empty page", {{"a", Answer::json("[]")}}, {}},
+      {"three pages", {{"a", a.next("/1/b")}, {"b", b.next("/1/c")}, {"c", c}}, {"1", "2", "3"}},
+      {"relative next", {{"a", a.next("b")}, {"b", b}}, {"1", "2"}},
+      {"next among others",
+       {{"a", a.with("Link", "<c>; rel=\"last\", <b>; title=\"x\"; rel=\"next\"")}, {"b", b}},
+       {"1", "2"}},
+      {"next without quotes", {{"a", a.with("Link", "<b>;rel=next")}, {"b", b}}, {"1", "2"}},
+      {"lower-case field", {{"a", a.with("link", "<b>; rel=\"next\"")}, {"b", b}}, {"1", "2"}},
+      {"two fields", {{"a", a.with("Link", "<c>; rel=\"last\"").next("b")}, {"b", b}}, {"1", "2"}},
+      {"next that is no URL", {{"a", a.next("b b")}, {"b", b}}, {"1"}},
+      {"empty next", {{"a", a.next("")}}, {"1"}},
+      {"two relations in one", {{"a", a.with("Link", "<b>; rel=\"next prev\"")}}, {"1"}},
+      {"error body that is JSON", {{"a", notFound}}, {"object"}},
+      {"server error with pages",
+       {{"a", Answer::json(R"(["1"])", 500).next("b")}, {"b", notFound.next("c")}, {"c", c}},
+       {"1", "object", "3"}},
+      {"chunked", {{"a", a.chunked().next("b")}, {"b", b.chunked()}}, {"1", "2"}},
+      {"compressed", {{"a", a.gzipped().next("b")}, {"b", b.gzipped().chunked()}}, {"1", "2"}},
+      {"redirect", {{"a", Answer::redirect("x/b")}, {"x/b", b.next("c")}, {"x/c", c}}, {"2", "3"}},
+  };
+  for (const PagesCase& chain : cases) {
+    SCOPED_TRACE(chain.name);
+    MisbehavingServer server;
+    for (const auto& [path, answer] : chain.answers) server.on("/1/" + path, answer);
+    const Course course = courseOf(sessionFor(server.root()));
+    EXPECT_EQ(course.completed, chain.completed);
+    EXPECT_FALSE(course.error) << course.error->description;
+  }
+}
+
+struct FailureCase {
+  std::string name;
+  Answer first;
+  std::string domain;
+  int code;
+};
+
+TEST(HttpResponse, AFailureOnAnyPageEndsTheChainWithItsError) {
+  const std::string longText = R"([")" + std::string(100'000, 'x') + R"("])";
+  const Answer sound = Answer::json(longText);
+  Answer damaged = sound.gzipped();
+  damaged.body[20] ^= 1;
+  Answer shortened = sound.gzipped();
+  shortened.body.resize(shortened.body.size() / 2);
+  const FailureCase cases[] = {
+      {"HTML", Answer::html("<p>Not today"), "", 1},
+      {"empty body", Answer::json(""), "", 1},
+      {"no body", Answer::json("", 204), "", 1},
+      {"bare text", Answer::json("\"1\""), "", 1},
+      {"truncated JSON", Answer::json(R"([{"id": "1"}, {"id)"), "", 1},
+      {"connection closed in the body", sound.closedAfter(50'000), "curl", 18},
+      {"connection reset in the body", sound.resetAfter(50'000), "curl", 56},
+      {"connection reset at once", sound.resetAfter(0), "curl", 56},
+      {"chunked body cut", sound.chunked().closedAfter(50'000), "curl", 18},
+      {"damaged compression", damaged, "http", 2},
+      {"compressed body cut", shortened, "http", 2},
+      {"compressed text in plain clothes", sound.with("Content-Encoding", "gzip"), "http", 2},
+      {"unknown compression", sound.with("Content-Encoding", "br"), "http", 1},
+      {"endless redirects", Answer::redirect("b"), "curl", 47},
+      {"redirect to a file", Answer::redirect("file:///etc/hostname"), "curl", 1},
+      {"body announced too large",
+       [&] {
+         auto huge = sound;
+         huge.announcedBytes = 1ULL << 40U;
+         return huge;
+       }(),
+       "curl", 63},
+  };
+  for (const FailureCase& failure : cases)
+    for (const bool onSecondPage : {false, true}) {
+      SCOPED_TRACE(failure.name + (onSecondPage ? ", page 2" : ", page 1"));
+      MisbehavingServer server;
+      server.on("/1/a", Answer::json(R"(["1"])").next("b"));
+      server.on(onSecondPage ? "/1/b" : "/1/a", failure.first);
+      server.on(onSecondPage ? "/1/never" : "/1/b", failure.first);
+      const Course course = courseOf(sessionFor(server.root()));
+      EXPECT_FALSE(course.completed);
+      EXPECT_EQ(course.folds, onSecondPage ? 1 : 0);
+      ASSERT_TRUE(course.error);
+      EXPECT_EQ(course.error->domain, failure.domain) << course.error->description;
+      EXPECT_EQ(course.error->code, failure.code) << course.error->description;
+    }
+}
+
+TEST(HttpResponse, TheNextPageIsRequestedBeforeThisOneIsFolded) {
+  MisbehavingServer server;
+  server.on("/1/a", Answer::json(R"(["1"])").next("b"));
+  server.on("/1/b", Answer::json(R"(["2"])"));
+  const Awaited<Texts> completed;
+  sessionFor(server.root())
+      .get("a")
+      .onPage(Texts(),
+              [&server](Texts texts, const RawData& page) {
+                EXPECT_TRUE(server.waitForRequests("/1/b", 1));
+                return withPage(std::move(texts), page);
+              })
+      .onComplete([=](Texts texts) { completed.give(std::move(texts)); });
+  EXPECT_EQ(completed.take(), Texts({"1", "2"}));
+}
+
+TEST(HttpResponse, ASlowPageHoldsUpItsOwnChainOnly) {
+  MisbehavingServer server;
+  const auto latch = std::make_shared<Latch>();
+  server.on("/1/slow", Answer::json(R"(["1"])").next("b").held(latch));
+  server.on("/1/a", Answer::json(R"(["3"])"));
+  server.on("/1/b", Answer::json(R"(["2"])"));
+  const HttpSession session = sessionFor(server.root());
+  const Awaited<Texts> completed;
+  session.get("slow").onPage(Texts(), withPage).onComplete([=](Texts texts) {
+    completed.give(std::move(texts));
+  });
+  ASSERT_TRUE(server.waitForRequests("/1/slow", 1));
+  EXPECT_EQ(courseOf(session).completed, Texts({"3"}));
+  EXPECT_TRUE(server.requests("/1/b").empty());
+  latch->open();
+  EXPECT_EQ(completed.take(), Texts({"1", "2"}));
+}
+
+TEST(HttpResponse, AnAnswerThatComesBeforeTheChainIsCompleteIsKept) {
+  MisbehavingServer server;
+  server.on("/1/a", Answer::json(R"(["1"])"));
+  server.on("/1/wrong", Answer::html("<p>"));
+  const HttpSession session = sessionFor(server.root());
+  const Awaited<Texts> completed;
+  const Awaited<Error> failed;
+  {
+    const auto early = session.get("a");
+    const auto earlyFailure = session.get("wrong");
+    ASSERT_TRUE(server.waitForRequests("/1/a", 1));
+    ASSERT_TRUE(server.waitForRequests("/1/wrong", 1));
+    // Another chain from start to end: by now the answers are there.
+    EXPECT_TRUE(courseOf(session).completed);
+    early.onPage(Texts(), withPage).onComplete([=](Texts texts) {
+      completed.give(std::move(texts));
+    });
+    earlyFailure.onError([=](const Error& error) { failed.give(error); });
+  }
+  EXPECT_EQ(completed.take(), Texts({"1"}));
+  EXPECT_EQ(failed.take().code, 1);
+}
+
+TEST(HttpResponse, AChainWithoutAPageCallbackEndsSilentlyAndStaysValid) {
+  MisbehavingServer server;
+  server.on("/1/a", Answer::json("[]").next("b"));
+  server.on("/1/b", Answer::json("[]"));
+  server.on("/1/afterwards", Answer::json("[]"));
+  const auto calls = std::make_shared<std::atomic<int>>(0);
+  const Awaited<std::shared_ptr<network::UrlSession>> lastPage;
+  const Awaited<bool> reportedAfterwards;
+  {
+    const auto chain = sessionFor(server.root()).get("a");
+    chain.onComplete([=](const std::any&) { ++*calls; });
+    chain.onError([=](const Error&) { ++*calls; });
+    const std::weak_ptr<network::UrlSession> session = chain.session();
+    chain.onResponse([=](const network::HttpUrlResponse& response, std::size_t) {
+      if (response.url->path() == "/1/b") lastPage.give(session.lock());
+      if (response.url->path() == "/1/afterwards") reportedAfterwards.give(true);
+    });
+  }
+  const auto session = lastPage.take();
+  // Reports come one after the other, so that of another task tells that the last page is done
+  // with.
+  session->startDataTask(*foundation::Url::parse(server.root("/1/afterwards")));
+  EXPECT_TRUE(reportedAfterwards.take());
+  EXPECT_TRUE(session->isValid());
+  EXPECT_EQ(*calls, 0);
+  session->invalidateAndCancel();
+}
+
+TEST(HttpResponse, AChainThatRunsInACircleEndsWhenItsSessionIsInvalidated) {
+  for (const bool fromWithin : {true, false}) {
+    SCOPED_TRACE(fromWithin ? "from the page callback" : "from another thread");
+    MisbehavingServer server;
+    server.on("/1/a", Answer::json("[]").next("a"));
+    const auto released = std::make_shared<Latch>();
+    const auto fifthPage = std::make_shared<Latch>();
+    const auto ends = std::make_shared<std::atomic<int>>(0);
+    auto token = test::opensWhenGone(released);
+    std::shared_ptr<network::UrlSession> running;
+    {
+      const auto start = sessionFor(server.root()).get("a");
+      running = start.session();
+      start
+          .onPage(0,
+                  [=, session = running](int pages, const RawData&) {
+                    if (pages == 5) {
+                      if (fromWithin) session->invalidateAndCancel();
+                      fifthPage->open();
+                    }
+                    return pages + 1;
+                  })
+          .onComplete([ends, token](int) { ++*ends; })
+          .onError([ends, token](const Error&) { ++*ends; });
+    }
+    token.reset();
+    ASSERT_TRUE(fifthPage->wait());
+    running->invalidateAndCancel();
+    ASSERT_TRUE(released->wait());
+    // What was cancelled is gone once a later request has been answered.
+    const auto requestsAfterAnother = [&server] {
+      courseOf(sessionFor(server.root()), "another");
+      return server.requests("/1/a").size();
+    };
+    const std::size_t requests = requestsAfterAnother();
+    EXPECT_GE(requests, 6U);
+    EXPECT_EQ(requestsAfterAnother(), requests);
+    EXPECT_EQ(*ends, 0);
+  }
+}
+
+TEST(HttpResponse, CallbacksComeFromOtherThreadsAndOneAtATime) {
+  MisbehavingServer server;
+  for (const auto& [path, next] : {std::pair("a", "b"), {"b", "c"}})
+    server.on(std::string("/1/") + path, Answer::json(R"(["1"])").next(next));
+  server.on("/1/c", Answer::json(R"(["1"])"));
+  const HttpSession session = sessionFor(server.root());
+  const std::thread::id caller = std::this_thread::get_id();
+  std::vector<Awaited<Texts>> chains(20);
+  for (const auto& completed : chains) {
+    // Plain members, not atomic ones: the thread sanitizer watches them.
+    struct Use {
+      bool inside = false;
+      int pages = 0;
+    };
+    const auto use = std::make_shared<Use>();
+    session.get("a")
+        .onPage(Texts(),
+                [=](Texts texts, const RawData& page) {
+                  EXPECT_NE(std::this_thread::get_id(), caller);
+                  EXPECT_FALSE(std::exchange(use->inside, true));
+                  ++use->pages;
+                  texts = withPage(std::move(texts), page);
+                  use->inside = false;
+                  return texts;
+                })
+        .onComplete([=](Texts texts) {
+          EXPECT_NE(std::this_thread::get_id(), caller);
+          EXPECT_EQ(use->pages, 3);
+          completed.give(std::move(texts));
+        });
+  }
+  for (const auto& completed : chains) EXPECT_EQ(completed.take(), Texts({"1", "1", "1"}));
+}
+
+TEST(HttpResponse, TheSessionIsInvalidBeforeTheEndIsReported) {
+  MisbehavingServer server;
+  server.on("/1/a", Answer::json("[]"));
+  const HttpSession session = sessionFor(server.root());
+  const Awaited<bool> validAtEnd;
+  const Awaited<bool> validAtError;
+  const auto start = [&](const char* path, const Awaited<bool>& valid) {
+    const auto chain = session.get(path).onPage(0, [](int, const RawData&) { return 0; });
+    const std::weak_ptr<network::UrlSession> running = chain.session();
+    chain.onComplete([=](int) { valid.give(running.lock()->isValid()); });
+    chain.onError([=](const Error&) { valid.give(running.lock()->isValid()); });
+  };
+  start("a", validAtEnd);
+  server.on("/1/b", Answer::html(""));
+  start("b", validAtError);
+  EXPECT_FALSE(validAtEnd.take());
+  EXPECT_FALSE(validAtError.take());
+}
+
+TEST(HttpResponseDeathTest, ALinkParameterOfOneQuoteStopsTheProgram) {
+  const auto load = [] {
+    MisbehavingServer server;
+    server.on("/1/a", Answer::json("[]").with("Link", "<b>; rel=\""));
+    courseOf(sessionFor(server.root()));
+  };
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_DEATH(load(), "fatal error: Can't form Range with end < start");
+}
+
+}  // namespace
+}  // namespace orivanta

@@ -1,0 +1,61 @@
+// A latch: threads and servers wait for it until somebody opens it, once and for good.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace orivanta::test {
+
+/// How long a test waits for something that must happen before it calls the wait a failure. Far
+/// beyond what any machine takes; nothing is measured against it.
+constexpr std::chrono::seconds patience{120};
+
+/// All operations are safe from any thread.
+class Latch {
+ public:
+  void open() {
+    std::vector<std::function<void()>> waiting;
+    {
+      const std::lock_guard lock(mutex_);
+      isOpen_ = true;
+      waiting.swap(waiting_);
+    }
+    opened_.notify_all();
+    for (const auto& action : waiting) action();
+  }
+
+  /// Blocks until the latch is open; false when patience ran out.
+  [[nodiscard]] bool wait() {
+    std::unique_lock lock(mutex_);
+    return opened_.wait_for(lock, patience, [this] { return isOpen_; });
+  }
+
+  bool isOpen() {
+    const std::lock_guard lock(mutex_);
+    return isOpen_;
+  }
+
+  /// Runs the action when the latch opens, on the thread that opens it; at once when it is open.
+  void whenOpen(std::function<void()> action) {
+    {
+      const std::lock_guard lock(mutex_);
+      if (!isOpen_) {
+        waiting_.push_back(std::move(action));
+        return;
+      }
+    }
+    action();
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable opened_;
+  bool isOpen_ = false;
+  std::vector<std::function<void()>> waiting_;
+};
+
+}  // namespace orivanta::test

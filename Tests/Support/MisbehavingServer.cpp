@@ -1,0 +1,317 @@
+#include "Tests/Support/MisbehavingServer.hpp"
+
+#include <fmt/format.h>
+#include <strings.h>
+#include <zlib.h>
+
+#include <algorithm>
+#include <boost/asio.hpp>
+#include <condition_variable>
+#include <map>
+#include <mutex>
+#include <stdexcept>
+#include <string_view>
+#include <thread>
+
+namespace orivanta::test {
+
+namespace asio = boost::asio;
+using asio::ip::tcp;
+
+namespace {
+
+constexpr auto reportingErrors = asio::as_tuple(asio::use_awaitable);
+
+ReceivedRequest parsed(std::string_view head) {
+  const auto takeLine = [&head] {
+    const std::string_view line = head.substr(0, head.find("\r\n"));
+    head.remove_prefix(std::min(head.size(), line.size() + 2));
+    return line;
+  };
+  ReceivedRequest request;
+  const std::string_view requestLine = takeLine();
+  request.method = requestLine.substr(0, requestLine.find(' '));
+  const std::size_t start = request.method.size() + 1;
+  request.target = requestLine.substr(start, requestLine.find(' ', start) - start);
+  const std::size_t mark = std::min(request.target.find('?'), request.target.size());
+  request.path = request.target.substr(0, mark);
+  request.query = request.target.substr(std::min(mark + 1, request.target.size()));
+  for (std::string_view line = takeLine(); !line.empty(); line = takeLine()) {
+    const std::size_t colon = line.find(':');
+    const std::size_t value = line.find_first_not_of(' ', colon + 1);
+    request.fields.emplace_back(line.substr(0, colon), line.substr(std::min(value, line.size())));
+  }
+  return request;
+}
+
+std::string headOf(const Answer& answer) {
+  std::string head = fmt::format("HTTP/1.1 {} Scripted\r\n", answer.status);
+  for (const auto& [name, value] : answer.fields) head += fmt::format("{}: {}\r\n", name, value);
+  if (answer.inChunks)
+    head += "Transfer-Encoding: chunked\r\n";
+  else
+    head +=
+        fmt::format("Content-Length: {}\r\n", answer.announcedBytes.value_or(answer.body.size()));
+  return head + "\r\n";
+}
+
+// The body in chunks of 1,000 bytes, or as it is.
+std::string framedBody(const Answer& answer) {
+  if (!answer.inChunks) return answer.body;
+  std::string framed;
+  for (std::size_t start = 0; start < answer.body.size(); start += 1000) {
+    const std::string chunk = answer.body.substr(start, 1000);
+    framed += fmt::format("{:x}\r\n{}\r\n", chunk.size(), chunk);
+  }
+  return framed + "0\r\n" + answer.trailer + "\r\n";
+}
+
+}  // namespace
+
+std::optional<std::string> ReceivedRequest::field(std::string_view name) const {
+  for (const auto& [fieldName, value] : fields)
+    if (strcasecmp(fieldName.c_str(), std::string(name).c_str()) == 0) return value;
+  return std::nullopt;
+}
+
+Answer Answer::json(std::string text, int status) {
+  Answer answer;
+  answer.status = status;
+  answer.body = std::move(text);
+  return answer.with("Content-Type", "application/json");
+}
+
+Answer Answer::html(std::string text, int status) {
+  Answer answer;
+  answer.status = status;
+  answer.body = std::move(text);
+  return answer.with("Content-Type", "text/html");
+}
+
+Answer Answer::redirect(std::string location, int status) {
+  return html("<p>Moved", status).with("Location", std::move(location));
+}
+
+Answer Answer::with(std::string name, std::string value) const {
+  Answer answer = *this;
+  answer.fields.emplace_back(std::move(name), std::move(value));
+  return answer;
+}
+
+Answer Answer::next(const std::string& uri) const {
+  return with("Link", fmt::format("<{}>; rel=\"next\"", uri));
+}
+
+Answer Answer::gzipped() const {
+  Answer answer = with("Content-Encoding", "gzip");
+  answer.body = test::gzipped(body);
+  return answer;
+}
+
+Answer Answer::chunked() const {
+  Answer answer = *this;
+  answer.inChunks = true;
+  return answer;
+}
+
+Answer Answer::closedAfter(std::size_t bodyBytes) const {
+  Answer answer = *this;
+  answer.ending = Ending::closed;
+  answer.sentBodyBytes = bodyBytes;
+  return answer;
+}
+
+Answer Answer::resetAfter(std::size_t bodyBytes) const {
+  Answer answer = closedAfter(bodyBytes);
+  answer.ending = Ending::reset;
+  return answer;
+}
+
+Answer Answer::held(std::shared_ptr<Latch> opener) const {
+  Answer answer = *this;
+  answer.latch = std::move(opener);
+  return answer;
+}
+
+std::string gzipped(const std::string& bytes) {
+  z_stream stream{};
+  if (deflateInit2(&stream, 9, Z_DEFLATED, 15 + 16, 8, Z_DEFAULT_STRATEGY) != Z_OK)
+    throw std::runtime_error("deflateInit2");
+  std::string compressed(deflateBound(&stream, bytes.size()), '\0');
+  stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
+  stream.avail_in = static_cast<uInt>(bytes.size());
+  stream.next_out = reinterpret_cast<Bytef*>(compressed.data());
+  stream.avail_out = static_cast<uInt>(compressed.size());
+  deflate(&stream, Z_FINISH);
+  compressed.resize(stream.total_out);
+  deflateEnd(&stream);
+  return compressed;
+}
+
+class MisbehavingServer::Implementation {
+ public:
+  Implementation() : acceptor_(context_, {asio::ip::address_v4::loopback(), 0}) {
+    asio::co_spawn(context_, acceptAll(), asio::detached);
+    thread_ = std::thread([this] { context_.run(); });
+  }
+
+  ~Implementation() {
+    context_.stop();
+    thread_.join();
+  }
+
+  unsigned port() const { return port_; }
+
+  void on(const std::string& path, Script script) {
+    const std::lock_guard lock(mutex_);
+    scripts_[path] = std::move(script);
+  }
+
+  std::vector<ReceivedRequest> requests() const {
+    const std::lock_guard lock(mutex_);
+    return requests_;
+  }
+
+  std::size_t connectionCount() const {
+    const std::lock_guard lock(mutex_);
+    return connectionCount_;
+  }
+
+  bool waitForRequests(const std::string& path, std::size_t count) const {
+    std::unique_lock lock(mutex_);
+    return arrived_.wait_for(lock, patience, [&] {
+      return count <= static_cast<std::size_t>(
+                          std::count_if(requests_.begin(), requests_.end(),
+                                        [&](const auto& request) { return request.path == path; }));
+    });
+  }
+
+ private:
+  asio::awaitable<void> acceptAll() {
+    for (;;) {
+      auto [failure, socket] = co_await acceptor_.async_accept(reportingErrors);
+      if (!failure) asio::co_spawn(context_, serve(std::move(socket)), asio::detached);
+    }
+  }
+
+  asio::awaitable<void> serve(tcp::socket socket) {
+    const std::size_t connection = counted();
+    std::string received;
+    for (;;) {
+      const auto [failure, headBytes] = co_await asio::async_read_until(
+          socket, asio::dynamic_buffer(received), "\r\n\r\n", reportingErrors);
+      if (failure) co_return;
+      ReceivedRequest request = parsed(std::string_view(received).substr(0, headBytes));
+      received.erase(0, headBytes);
+      request.connection = connection;
+      const Answer answer = answerFor(std::move(request));
+      if (answer.latch) co_await opened(*answer.latch);
+      if (!co_await sent(socket, answer)) co_return;
+    }
+  }
+
+  // Whether the connection can serve another request.
+  asio::awaitable<bool> sent(tcp::socket& socket, const Answer& answer) {
+    const bool complete = answer.ending == Answer::Ending::complete;
+    std::string body = framedBody(answer);
+    if (!complete) body.resize(std::min(body.size(), answer.sentBodyBytes));
+    const std::string bytes = headOf(answer) + body;
+    const auto [failure, count] =
+        co_await asio::async_write(socket, asio::buffer(bytes), reportingErrors);
+    boost::system::error_code ignored;
+    if (answer.ending == Answer::Ending::reset)
+      socket.set_option(asio::socket_base::linger(true, 0), ignored);
+    if (!complete) socket.close(ignored);
+    co_return complete && !failure;
+  }
+
+  asio::awaitable<void> opened(Latch& latch) {
+    const auto timer =
+        std::make_shared<asio::steady_timer>(context_, asio::steady_timer::time_point::max());
+    latch.whenOpen([weakTimer = std::weak_ptr(timer)] {
+      if (const auto waiting = weakTimer.lock())
+        asio::post(waiting->get_executor(), [waiting] { waiting->cancel(); });
+    });
+    co_await timer->async_wait(reportingErrors);
+  }
+
+  std::size_t counted() {
+    const std::lock_guard lock(mutex_);
+    return ++connectionCount_;
+  }
+
+  Answer answerFor(ReceivedRequest request) {
+    Script script;
+    {
+      const std::lock_guard lock(mutex_);
+      const auto entry = scripts_.find(request.path);
+      if (entry != scripts_.end()) script = entry->second;
+      requests_.push_back(request);
+    }
+    arrived_.notify_all();
+    return script ? script(request) : Answer::json(R"({"error": "not found"})", 404);
+  }
+
+  mutable std::mutex mutex_;  // guards what the test's threads read and write
+  mutable std::condition_variable arrived_;
+  std::map<std::string, Script> scripts_;
+  std::vector<ReceivedRequest> requests_;
+  std::size_t connectionCount_ = 0;
+
+  asio::io_context context_;
+  tcp::acceptor acceptor_;
+  const unsigned port_ = acceptor_.local_endpoint().port();
+  std::thread thread_;
+};
+
+MisbehavingServer::MisbehavingServer() : implementation_(std::make_unique<Implementation>()) {}
+MisbehavingServer::~MisbehavingServer() = default;
+
+void MisbehavingServer::on(const std::string& path, Script script) {
+  implementation_->on(path, std::move(script));
+}
+
+void MisbehavingServer::on(const std::string& path, std::vector<Answer> answers) {
+  const auto turn = std::make_shared<std::size_t>(0);
+  on(path, [answers = std::move(answers), turn](const ReceivedRequest&) {
+    return answers[std::min((*turn)++, answers.size() - 1)];
+  });
+}
+
+void MisbehavingServer::on(const std::string& path, Answer answer) {
+  on(path, [answer = std::move(answer)](const ReceivedRequest&) { return answer; });
+}
+
+std::string MisbehavingServer::root(const std::string& path) const {
+  return fmt::format("http://127.0.0.1:{}{}", implementation_->port(), path);
+}
+
+std::string MisbehavingServer::rootByName(const std::string& path) const {
+  return fmt::format("http://localhost:{}{}", implementation_->port(), path);
+}
+
+std::string MisbehavingServer::refusingRoot() {
+  asio::io_context context;
+  const tcp::acceptor briefly(context, {asio::ip::address_v4::loopback(), 0});
+  return fmt::format("http://127.0.0.1:{}/1/", briefly.local_endpoint().port());
+}
+
+std::vector<ReceivedRequest> MisbehavingServer::requests() const {
+  return implementation_->requests();
+}
+
+std::vector<ReceivedRequest> MisbehavingServer::requests(const std::string& path) const {
+  auto all = requests();
+  std::erase_if(all, [&](const auto& request) { return request.path != path; });
+  return all;
+}
+
+bool MisbehavingServer::waitForRequests(const std::string& path, std::size_t count) const {
+  return implementation_->waitForRequests(path, count);
+}
+
+std::size_t MisbehavingServer::connectionCount() const {
+  return implementation_->connectionCount();
+}
+
+}  // namespace orivanta::test
