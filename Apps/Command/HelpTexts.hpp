@@ -13,10 +13,11 @@ bundle: the folder "Resources" beside this program, then ~/.config/orivanta.
 
 inline constexpr const char* footer = R"(
 Examples:
+  orivanta serve &                      the demo venue, on http://127.0.0.1:8080/1/
+  export ORIVANTA_ENDPOINT=http://127.0.0.1:8080/1/
   orivanta venues
-  orivanta venue my-mall --locations coffee
-  orivanta route my-mall --from "North Entrance" --to "Book Shop" --accessible
-  orivanta serve & orivanta --endpoint http://localhost:8080/1/ venues
+  orivanta venue astrolabe-court --locations coffee
+  orivanta route astrolabe-court --from "paper kestrel" --to "popcorn nebula" --accessible
 
 Exit codes: 0 done, 1 nothing found, 2 wrong use, 3 no answer from the server,
 4 the output cannot be written.
@@ -25,15 +26,15 @@ Exit codes: 0 done, 1 nothing found, 2 wrong use, 3 no answer from the server,
 
 inline constexpr const char* venuesFooter = R"(
 Examples:
-  orivanta venues                       slug and name of each venue, one on a line
+  orivanta venues                              slug and name of each venue, one on a line
   orivanta venues --json | jq -r '.[].slug')";
 
 inline constexpr const char* venueFooter = R"(
 Examples:
-  orivanta venue my-mall                floors, categories and connectors
-  orivanta venue my-mall --locations    all locations
-  orivanta venue my-mall --locations coffee
-  orivanta venue my-mall --accessible   only connectors without steps)";
+  orivanta venue astrolabe-court                       floors, categories and connectors
+  orivanta venue astrolabe-court --locations           all locations
+  orivanta venue astrolabe-court --locations coffee    those with "coffee" in their name
+  orivanta venue astrolabe-court --accessible          only connectors without steps)";
 
 inline constexpr const char* routeFooter = R"(
 A place is the identifier of a location or of a node, or a location's name: the whole name, the
@@ -41,13 +42,13 @@ name in other capitals, or a part of it that no other name has. `orivanta venue 
 lists them. With several places on a side the route may begin (end) at any of them.
 
 Examples:
-  orivanta route my-mall --from "North Entrance" --to "Book Shop"
-  orivanta route my-mall --from node-17 --to lift-lobby --to stairs-lobby --json
-  orivanta route my-mall --batch requests.jsonl > answers.jsonl
+  orivanta route astrolabe-court --from "paper kestrel" --to "popcorn nebula"
+  orivanta route astrolabe-court --from paper-kestrel --to ecliptic-1 --to ecliptic-2 --json
+  orivanta route astrolabe-court --batch requests.jsonl > answers.jsonl
 
 A batch has one JSON object a line and gives one line for each, in order:
   {"id": 1, "from": ["node-17"], "to": ["node-4", "node-5"]}
-  {"id": 2, "fromLocation": "shop-1", "toLocation": "shop-2"}
+  {"id": 2, "fromLocation": "paper-kestrel", "toLocation": "ecliptic-1"}
 "path" in an answer is the list of nodes, or null without a route; "weight" is what it costs. A
 line that is no such request gives "error" instead, and the batch goes on.)";
 

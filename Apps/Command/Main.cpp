@@ -5,7 +5,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <functional>
 #include <iostream>
 #include <optional>
@@ -18,7 +17,7 @@
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Serve.hpp"
 #include "Apps/Command/ShowVenue.hpp"
-#include "Platform/Foundation/Bundle.hpp"
+#include "Apps/DemoVenue/Folder.hpp"
 
 namespace orivanta::command {
 
@@ -112,19 +111,13 @@ void addRoute(CLI::App& app, CommandLine& line) {
   addQueryOptions(query, line);
 }
 
-// Where the demo venue is: beside the program, in the build folder, or installed.
-std::filesystem::path demoVenue() {
-  const std::filesystem::path folder = foundation::executablePath().parent_path();
-  for (const char* place : {"Resources", "../../Resources", "../share/orivanta"}) {
-    const auto candidate = (folder / place / "DemoVenue").lexically_normal();
-    std::error_code failure;
-    if (std::filesystem::is_directory(candidate, failure)) return candidate;
-  }
-  throw CommandError(ExitCode::wrongUse, "the demo venue is missing; name a folder to serve");
-}
-
 ExitCode serveVenues(ServeOptions& options, const ConnectionOptions& connection) {
-  if (options.folders.empty()) options.demoVenue = demoVenue();
+  if (options.folders.empty()) {
+    const auto folder = demo::demoVenueFolder();
+    if (!folder)
+      throw CommandError(ExitCode::wrongUse, "the demo venue is missing; name a folder to serve");
+    options.demoVenue = *folder;
+  }
   options.username = connection.username;
   options.password = givenPassword(connection);
   return static_cast<ExitCode>(serve(options));
@@ -155,17 +148,23 @@ void addServe(CLI::App& app, CommandLine& line) {
   });
 }
 
+std::string describeFailure(const CLI::App* app, const CLI::Error& error) {
+  const auto chosen = app->get_subcommands();
+  const auto unknown = app->remaining();
+  std::string reason = error.what();
+  if (chosen.empty() && !unknown.empty())
+    reason = fmt::format("\"{}\" is no command or option", unknown.front());
+  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n", reason,
+                     chosen.empty() ? "" : chosen.front()->get_name() + " ");
+}
+
 int run(int argc, char** argv) {
   CommandLine line;
   CLI::App app(help::description, "orivanta");
   app.footer(help::footer);
   app.set_version_flag("--version", "orivanta " ORIVANTA_VERSION);
   app.require_subcommand(1);
-  app.failure_message([](const CLI::App* failed, const CLI::Error& error) {
-    const auto chosen = failed->get_subcommands();
-    return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n", error.what(),
-                       chosen.empty() ? "" : chosen.front()->get_name() + " ");
-  });
+  app.failure_message(describeFailure);
   app.get_formatter()->column_width(28);
   addQueryOptions(app, line);
   addVenues(app, line);
