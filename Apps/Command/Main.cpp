@@ -5,65 +5,23 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <functional>
 #include <iostream>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "Apps/Command/FindRoute.hpp"
+#include "Apps/Command/HelpTexts.hpp"
 #include "Apps/Command/ListVenues.hpp"
 #include "Apps/Command/Output.hpp"
+#include "Apps/Command/Serve.hpp"
 #include "Apps/Command/ShowVenue.hpp"
+#include "Apps/DemoVenue/Folder.hpp"
 
 namespace orivanta::command {
 
 namespace {
-
-constexpr const char* description = R"(Indoor venue maps: list venues, look into one, find routes.
-
-Venues come from a web API. Its root, the user name and the password are taken from the
-command line, else from the environment, else from the property lists (*.plist) of the main
-bundle: the folder "Resources" beside this program, then ~/.config/orivanta.
-)";
-
-constexpr const char* footer = R"(
-Examples:
-  orivanta venues
-  orivanta venue my-mall --locations coffee
-  orivanta route my-mall --from "North Entrance" --to "Book Shop" --accessible
-  orivanta --endpoint http://localhost:8080/1/ venues
-
-Exit codes: 0 done, 1 nothing found, 2 wrong use, 3 no answer from the server,
-4 the output cannot be written.
-
-`orivanta COMMAND --help` tells more about each command.)";
-
-constexpr const char* venuesFooter = R"(
-Examples:
-  orivanta venues                       slug and name of each venue, one on a line
-  orivanta venues --json | jq -r '.[].slug')";
-
-constexpr const char* venueFooter = R"(
-Examples:
-  orivanta venue my-mall                floors, categories and connectors
-  orivanta venue my-mall --locations    all locations
-  orivanta venue my-mall --locations coffee
-  orivanta venue my-mall --accessible   only connectors without steps)";
-
-constexpr const char* routeFooter = R"(
-A place is the identifier of a location or of a node, or a location's name: the whole name, the
-name in other capitals, or a part of it that no other name has. `orivanta venue SLUG --locations`
-lists them. With several places on a side the route may begin (end) at any of them.
-
-Examples:
-  orivanta route my-mall --from "North Entrance" --to "Book Shop"
-  orivanta route my-mall --from node-17 --to lift-lobby --to stairs-lobby --json
-  orivanta route my-mall --batch requests.jsonl > answers.jsonl
-
-A batch has one JSON object a line and gives one line for each, in order:
-  {"id": 1, "from": ["node-17"], "to": ["node-4", "node-5"]}
-  {"id": 2, "fromLocation": "shop-1", "toLocation": "shop-2"}
-"path" in an answer is the list of nodes, or null without a route; "weight" is what it costs. A
-line that is no such request gives "error" instead, and the batch goes on.)";
 
 /// What the command line says, and the subcommand that it chose.
 struct CommandLine {
@@ -72,20 +30,22 @@ struct CommandLine {
   ListVenuesOptions listVenues;
   ShowVenueOptions showVenue;
   FindRouteOptions findRoute;
+  ServeOptions serve;
   std::function<ExitCode()> chosen;
 };
 
+void addText(CLI::App& app, const char* name, std::optional<std::string>& value,
+             const char* purpose, const char* type) {
+  app.add_option(name, value, purpose)->type_name(type)->group("Connection");
+}
+
 void addConnectionOptions(CLI::App& app, ConnectionOptions& options) {
-  const auto add = [&](const char* name, std::optional<std::string>& value, const char* help,
-                       const char* type) {
-    app.add_option(name, value, help)->type_name(type)->group("Connection");
-  };
-  add("--settings", options.settingsFolder, "Folder of property lists to use", "FOLDER");
-  add("--endpoint", options.endpoint, "Root of the web API (or ORIVANTA_ENDPOINT)", "URL");
-  add("--username", options.username, "User name (or ORIVANTA_USERNAME)", "TEXT");
-  add("--password", options.password, "Password (better: ORIVANTA_PASSWORD)", "TEXT");
-  add("--password-file", options.passwordFile, "File with the password, - for standard input",
-      "FILE");
+  addText(app, "--settings", options.settingsFolder, "Folder of property lists to use", "FOLDER");
+  addText(app, "--endpoint", options.endpoint, "Root of the web API (or ORIVANTA_ENDPOINT)", "URL");
+  addText(app, "--username", options.username, "User name (or ORIVANTA_USERNAME)", "TEXT");
+  addText(app, "--password", options.password, "Password (better: ORIVANTA_PASSWORD)", "TEXT");
+  addText(app, "--password-file", options.passwordFile,
+          "File with the password, - for standard input", "FILE");
 }
 
 // The options of every query, before the subcommand and after it.
@@ -96,9 +56,9 @@ void addQueryOptions(CLI::App& app, CommandLine& line) {
 
 // `options` is filled while the command line is read; what all queries share goes in at the end.
 template <class Options>
-CLI::App& addQuery(CLI::App& app, CommandLine& line, const char* name, const char* help,
+CLI::App& addQuery(CLI::App& app, CommandLine& line, const char* name, const char* purpose,
                    const char* examples, Options& options, ExitCode (*run)(const Options&)) {
-  CLI::App& query = *app.add_subcommand(name, help);
+  CLI::App& query = *app.add_subcommand(name, purpose);
   query.footer(examples);
   query.callback([&line, &options, run] {
     line.chosen = [&line, &options, run] {
@@ -111,15 +71,15 @@ CLI::App& addQuery(CLI::App& app, CommandLine& line, const char* name, const cha
 }
 
 void addVenues(CLI::App& app, CommandLine& line) {
-  auto& query =
-      addQuery(app, line, "venues", "List the venues", venuesFooter, line.listVenues, listVenues);
+  auto& query = addQuery(app, line, "venues", "List the venues", help::venuesFooter,
+                         line.listVenues, listVenues);
   addQueryOptions(query, line);
 }
 
 void addVenue(CLI::App& app, CommandLine& line) {
   ShowVenueOptions& options = line.showVenue;
-  auto& query =
-      addQuery(app, line, "venue", "Show what is in a venue", venueFooter, options, showVenue);
+  auto& query = addQuery(app, line, "venue", "Show what is in a venue", help::venueFooter, options,
+                         showVenue);
   query.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")
       ->required()
       ->type_name("");
@@ -134,13 +94,14 @@ void addVenue(CLI::App& app, CommandLine& line) {
 
 void addRoute(CLI::App& app, CommandLine& line) {
   FindRouteOptions& options = line.findRoute;
-  auto& query = addQuery(app, line, "route", "Find the way from one place to another", routeFooter,
-                         options, findRoute);
+  auto& query = addQuery(app, line, "route", "Find the way from one place to another",
+                         help::routeFooter, options, findRoute);
   query.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")
       ->required()
       ->type_name("");
-  const auto addPlaces = [&](const char* name, std::vector<std::string>& places, const char* help) {
-    query.add_option(name, places, help)->type_name("PLACE")->allow_extra_args(false);
+  const auto addPlaces = [&](const char* name, std::vector<std::string>& places,
+                             const char* purpose) {
+    query.add_option(name, places, purpose)->type_name("PLACE")->allow_extra_args(false);
   };
   addPlaces("--from", options.from, "Where to begin; may be repeated");
   addPlaces("--to", options.to, "Where to arrive; may be repeated");
@@ -150,22 +111,66 @@ void addRoute(CLI::App& app, CommandLine& line) {
   addQueryOptions(query, line);
 }
 
+ExitCode serveVenues(ServeOptions& options, const ConnectionOptions& connection) {
+  if (options.folders.empty()) {
+    const auto folder = demo::demoVenueFolder();
+    if (!folder)
+      throw CommandError(ExitCode::wrongUse, "the demo venue is missing; name a folder to serve");
+    options.demoVenue = *folder;
+  }
+  options.username = connection.username;
+  options.password = givenPassword(connection);
+  return static_cast<ExitCode>(serve(options));
+}
+
+void addServe(CLI::App& app, CommandLine& line) {
+  ServeOptions& options = line.serve;
+  auto& command = *app.add_subcommand("serve", "Serve venues to this program and others");
+  command.footer(help::serveFooter);
+  command.add_option("FOLDER", options.folders, "Venue packages, or folders of them")
+      ->type_name("");
+  command.add_option("--port", options.port, "TCP port, 0 for a free one")
+      ->type_name("N")
+      ->capture_default_str();
+  command.add_option("--address", options.address, "IP address to listen on")
+      ->type_name("ADDRESS")
+      ->capture_default_str();
+  command.add_option("--page-size", options.pageSize, "Records on a page")
+      ->check(CLI::PositiveNumber)
+      ->type_name("N")
+      ->capture_default_str();
+  addText(command, "--username", line.connection.username, "User name to ask for", "TEXT");
+  addText(command, "--password", line.connection.password, "Password to ask for", "TEXT");
+  addText(command, "--password-file", line.connection.passwordFile,
+          "File with that password, - for standard input", "FILE");
+  command.callback([&line, &options] {
+    line.chosen = [&line, &options] { return serveVenues(options, line.connection); };
+  });
+}
+
+std::string describeFailure(const CLI::App* app, const CLI::Error& error) {
+  const auto chosen = app->get_subcommands();
+  const auto unknown = app->remaining();
+  std::string reason = error.what();
+  if (chosen.empty() && !unknown.empty())
+    reason = fmt::format("\"{}\" is no command or option", unknown.front());
+  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n", reason,
+                     chosen.empty() ? "" : chosen.front()->get_name() + " ");
+}
+
 int run(int argc, char** argv) {
   CommandLine line;
-  CLI::App app(description, "orivanta");
-  app.footer(footer);
+  CLI::App app(help::description, "orivanta");
+  app.footer(help::footer);
   app.set_version_flag("--version", "orivanta " ORIVANTA_VERSION);
   app.require_subcommand(1);
-  app.failure_message([](const CLI::App* failed, const CLI::Error& error) {
-    const auto chosen = failed->get_subcommands();
-    return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n", error.what(),
-                       chosen.empty() ? "" : chosen.front()->get_name() + " ");
-  });
+  app.failure_message(describeFailure);
   app.get_formatter()->column_width(28);
   addQueryOptions(app, line);
   addVenues(app, line);
   addVenue(app, line);
   addRoute(app, line);
+  addServe(app, line);
   try {
     app.parse(argc, argv);
     return static_cast<int>(line.chosen());

@@ -65,8 +65,11 @@ RouteEnd findPlace(const Venue& venue, const std::string& text) {
     if (node->id == text) return {{node}, nullptr};
   const Locations found = locationsNamed(venue, text);
   if (found.empty())
-    throw CommandError(ExitCode::notFound,
-                       fmt::format("no location or node \"{}\" in the venue", text));
+    throw CommandError(
+        ExitCode::notFound,
+        fmt::format("no location or node \"{}\" in the venue; `orivanta venue {} --locations` "
+                    "lists its locations",
+                    text, *venue.slug));
   if (found.size() > 1) throw CommandError(ExitCode::wrongUse, ambiguity(text, found));
   return {found.front()->nodes, found.front()};
 }

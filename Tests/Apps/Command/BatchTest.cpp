@@ -5,13 +5,13 @@
 #include <sstream>
 #include <vector>
 
-#include "Tests/Apps/Command/SmallVenue.hpp"
+#include "Tests/Apps/Command/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
 namespace {
 
 TEST(Batch, AnswersRequests) {
-  const auto venue = test::SmallVenue().load();
+  const auto venue = test::TwoFloorVenue().load();
   const BatchRouter router(*venue);
   const std::vector<std::pair<std::string, std::string>> cases = {
       {R"({"id": 1, "from": ["n1"], "to": ["n3"]})",
@@ -36,7 +36,7 @@ TEST(Batch, AnswersRequests) {
 }
 
 TEST(Batch, AnswersBadLinesWithAnError) {
-  const auto venue = test::SmallVenue().load();
+  const auto venue = test::TwoFloorVenue().load();
   const BatchRouter router(*venue);
   struct Case {
     std::string line;
@@ -68,7 +68,7 @@ TEST(Batch, AnswersBadLinesWithAnError) {
 }
 
 TEST(Batch, WritesQuotedIdentifiersAndInfiniteWeights) {
-  test::SmallVenue small;
+  test::TwoFloorVenue small;
   small.nodes = R"([{"id": "a\"\n", "map": "g", "x": 1e300, "y": 0, "paths": [{"node": "b"}]},
                     {"id": "b", "map": "g", "x": -1e300, "y": 0}])";
   const auto venue = small.load();
@@ -100,7 +100,7 @@ class TurnTaking : public std::streambuf {
 };
 
 TEST(Batch, AnswersEachLineBeforeItReadsTheNext) {
-  const auto venue = test::SmallVenue().load();
+  const auto venue = test::TwoFloorVenue().load();
   std::string written;
   TurnTaking input(
       {"{\"id\":1}\n", " \t\r\n", "\n", "nonsense\r\n", R"({"id":2,"from":["n1"],"to":["n1"]})"},

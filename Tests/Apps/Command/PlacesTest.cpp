@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "Apps/Command/CommandError.hpp"
-#include "Tests/Apps/Command/SmallVenue.hpp"
+#include "Tests/Apps/Command/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
 namespace {
@@ -21,7 +21,7 @@ constexpr const char* locations = R"([
     {"id": "l8", "name": "l1", "type": "shop"}])";
 
 std::shared_ptr<Venue> venueOfShops() {
-  test::SmallVenue small;
+  test::TwoFloorVenue small;
   small.locations = locations;
   return small.load();
 }
@@ -86,7 +86,7 @@ TEST(Places, ThatCannotBeToldAreRefused) {
 }
 
 TEST(Places, ALongListOfCandidatesIsCut) {
-  test::SmallVenue small;
+  test::TwoFloorVenue small;
   small.locations = "[";
   for (int i = 0; i < 25; ++i)
     small.locations += R"({"id": "t)" + std::to_string(i) + R"(", "name": "Gate", "type": "g"},)";
@@ -111,7 +111,7 @@ TEST(Places, SearchLooksIntoNamesAndIdentifiers) {
 }
 
 TEST(Places, FloorsComeFromNodesAndPolygonsOnceEach) {
-  test::SmallVenue small;
+  test::TwoFloorVenue small;
   small.locations = R"([{"id": "l", "name": "Hall", "type": "hall",
       "nodes": [{"node": "n1"}, {"node": "n2"}], "polygons": [{"id": "p2"}, {"id": "p1"}]}])";
   const auto venue = small.load(false, true);

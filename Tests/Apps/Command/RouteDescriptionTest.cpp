@@ -6,7 +6,7 @@
 #include "Apps/Command/Places.hpp"
 #include "Source/Directions.hpp"
 #include "Source/NavigationGraph.hpp"
-#include "Tests/Apps/Command/SmallVenue.hpp"
+#include "Tests/Apps/Command/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
 namespace {
@@ -18,7 +18,7 @@ NodeList nodesNamed(const Venue& venue, const std::vector<std::string>& ids) {
 }
 
 TEST(RouteDescription, TellsFloorsRidesLengthAndWeight) {
-  const auto venue = test::SmallVenue().load(/*accessible=*/true);
+  const auto venue = test::TwoFloorVenue().load(/*accessible=*/true);
   const RouteEnd from = findRouteEnd(*venue, {"Bakery"});
   const RouteEnd to = findRouteEnd(*venue, {"Book Shop"});
   const auto route =
@@ -42,7 +42,7 @@ TEST(RouteDescription, TellsFloorsRidesLengthAndWeight) {
 
 TEST(RouteDescription, LengthInMetresNeedsAPositiveScale) {
   for (const char* scale : {"0", "-2", "\"2\"", "null"}) {
-    test::SmallVenue small;
+    test::TwoFloorVenue small;
     small.venue =
         R"({"id": "v", "slug": "s", "name": "n", "unitsPerMetre": )" + std::string(scale) + "}";
     const auto venue = small.load();
@@ -53,7 +53,7 @@ TEST(RouteDescription, LengthInMetresNeedsAPositiveScale) {
 }
 
 TEST(RouteDescription, StopsOfOneRideAreOne) {
-  test::SmallVenue small;
+  test::TwoFloorVenue small;
   small.maps = R"([{"id": "g", "shortName": "G"}, {"id": "f1", "shortName": "F1", "elevation": 1},
                    {"id": "f2", "shortName": "F2", "elevation": 2}])";
   small.nodes =
@@ -75,7 +75,7 @@ TEST(RouteDescription, StopsOfOneRideAreOne) {
 }
 
 TEST(RouteDescription, OfParallelEdgesTheCheapestCountsAndTheFirstAmongEquals) {
-  test::SmallVenue small;
+  test::TwoFloorVenue small;
   small.nodes = R"([
       {"id": "n1", "map": "g", "x": 0, "y": 0,
        "paths": [{"node": "n2"}, {"node": "n2"}, {"node": "n3"}]},
@@ -92,7 +92,7 @@ TEST(RouteDescription, OfParallelEdgesTheCheapestCountsAndTheFirstAmongEquals) {
 }
 
 TEST(RouteDescription, WeightsAreAddedFromTheStart) {
-  test::SmallVenue small;
+  test::TwoFloorVenue small;
   small.nodes = R"([
       {"id": "n1", "map": "g", "x": 0, "y": 0, "paths": [{"node": "n2"}]},
       {"id": "n2", "map": "g", "x": 0.1, "y": 0, "paths": [{"node": "n3"}]},

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "Apps/Command/VenueReport.hpp"
-#include "Tests/Apps/Command/SmallVenue.hpp"
+#include "Tests/Apps/Command/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
 namespace {
@@ -33,14 +33,14 @@ TEST(VenueDescription, CategoriesAreATreeWhateverTheirParents) {
   };
   for (const auto& [categories, expected] : cases)
     for (const bool twice : {false, true}) {
-      test::SmallVenue small;
+      test::TwoFloorVenue small;
       small.categories = categories;
       EXPECT_EQ(treeText(*small.load(false, twice)), expected) << categories;
     }
 }
 
 TEST(VenueDescription, ADeepChainOfCategoriesNeedsNoDeepStackAndNoWidePage) {
-  test::SmallVenue small;
+  test::TwoFloorVenue small;
   small.categories = R"([{"id": "0", "name": "c"})";
   for (int i = 1; i < 20'000; ++i)
     small.categories += fmt::format(R"(,{{"id": "{}", "name": "c", "parents": ["{}"]}})", i, i - 1);
@@ -51,7 +51,7 @@ TEST(VenueDescription, ADeepChainOfCategoriesNeedsNoDeepStackAndNoWidePage) {
 }
 
 TEST(VenueDescription, ConnectorsAreGroupedByTypeFloorsAndAccess) {
-  test::SmallVenue small;
+  test::TwoFloorVenue small;
   small.vortices = R"([
       {"id": "s1", "name": "S1", "type": "stairs", "nodes": ["n1", "u1"], "accessible": false},
       {"id": "e1", "name": "E1", "type": "lift", "nodes": ["n1", "u1"]},

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Apps/Command/Json.hpp"
-#include "Tests/Apps/Command/SmallVenue.hpp"
+#include "Tests/Apps/Command/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
 namespace {
@@ -26,11 +26,11 @@ TEST(VenueReport, IsTheSameWhenLinksWereMadeTwice) {
       "  elevator  F1, G  1 x  accessible      Lift A\n"
       "  stairs    F1, G  1 x  not accessible  Stairs B\n";
   for (const bool twice : {false, true})
-    EXPECT_EQ(venueText(*test::SmallVenue().load(false, twice), false), expected);
+    EXPECT_EQ(venueText(*test::TwoFloorVenue().load(false, twice), false), expected);
 }
 
 TEST(VenueReport, JsonHasTheWholeVenue) {
-  test::SmallVenue small;
+  test::TwoFloorVenue small;
   small.venue = R"({"id": "v", "slug": "small", "name": "Small Mall", "unitsPerMetre": 2,
                     "attribution": "by \"us\"", "license": 7})";
   const auto object = venueJson(*small.load(), true);
@@ -47,7 +47,7 @@ TEST(VenueReport, JsonHasTheWholeVenue) {
 }
 
 TEST(VenueReport, LocationsHaveTheirFloorsAndCategories) {
-  const auto venue = test::SmallVenue().load(false, true);
+  const auto venue = test::TwoFloorVenue().load(false, true);
   EXPECT_EQ(locationsText(*venue->locations),
             "l1  Bakery     G   Food\n"
             "l2  Book Shop  F1  Shops\n");

@@ -23,7 +23,7 @@
 namespace orivanta::test {
 
 /// The collections as JSON; replace what a test is about.
-struct SmallVenue {
+struct TwoFloorVenue {
   std::string venue = R"({"id": "v", "slug": "small", "name": "Small Mall", "unitsPerMetre": 2})";
   std::string maps = R"([{"id": "g", "name": "Ground", "shortName": "G", "elevation": 0},
                          {"id": "f1", "name": "First", "shortName": "F1", "elevation": 10}])";
