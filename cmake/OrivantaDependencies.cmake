@@ -16,3 +16,7 @@ add_library(orivanta_asio INTERFACE)
 target_link_libraries(orivanta_asio INTERFACE Boost::headers Threads::Threads)
 target_compile_definitions(orivanta_asio INTERFACE BOOST_ASIO_NO_DEPRECATED
                                                    BOOST_BEAST_USE_STD_STRING_VIEW)
+# The thread sanitizer knows no stand-alone fences. Asio's queues are guarded by mutexes as well.
+if(ORIVANTA_SANITIZER MATCHES thread)
+  target_compile_definitions(orivanta_asio INTERFACE BOOST_ASIO_DISABLE_FENCED_BLOCK)
+endif()

@@ -172,6 +172,11 @@ class MisbehavingServer::Implementation {
     return requests_;
   }
 
+  void forgetRequests() {
+    const std::lock_guard lock(mutex_);
+    requests_.clear();
+  }
+
   std::size_t connectionCount() const {
     const std::lock_guard lock(mutex_);
     return connectionCount_;
@@ -309,6 +314,8 @@ std::vector<ReceivedRequest> MisbehavingServer::requests(const std::string& path
 bool MisbehavingServer::waitForRequests(const std::string& path, std::size_t count) const {
   return implementation_->waitForRequests(path, count);
 }
+
+void MisbehavingServer::forgetRequests() { implementation_->forgetRequests(); }
 
 std::size_t MisbehavingServer::connectionCount() const {
   return implementation_->connectionCount();

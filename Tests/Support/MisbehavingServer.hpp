@@ -92,6 +92,9 @@ class MisbehavingServer {
   /// Blocks until `count` requests for the path have arrived; false when patience ran out.
   [[nodiscard]] bool waitForRequests(const std::string& path, std::size_t count) const;
 
+  /// Starts the record of requests anew.
+  void forgetRequests();
+
   std::size_t connectionCount() const;
 
  private:

@@ -1,0 +1,104 @@
+#include "Source/VenueLoad.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+
+#include "Source/Category.hpp"
+#include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/Node.hpp"
+#include "Source/Orivanta.hpp"
+#include "Source/Polygon.hpp"
+#include "Source/Vortex.hpp"
+#include "Tests/Support/JoinedLinks.hpp"
+#include "Tests/Support/SmallVenue.hpp"
+
+namespace orivanta {
+namespace {
+
+using test::expectSameLinks;
+using test::joinedLinks;
+using test::smallVenueLinks;
+
+template <class Record>
+Collection<Record> recordsOf(const char* collection) {
+  Collection<Record> records;
+  for (const RawData& element :
+       RawData::parse(test::smallVenueAnswers().at(collection))->arrayValue())
+    if (auto record = Record::make(element)) records.insert_or_assign(*record->id, record);
+  return records;
+}
+
+using Arrival = void (*)(VenueLoad&);
+constexpr Arrival arrivals[] = {
+    [](VenueLoad& load) {
+      load.receive(&CollectionDictionary::locations, recordsOf<Location>("location"));
+    },
+    [](VenueLoad& load) {
+      load.receive(&CollectionDictionary::categories, recordsOf<Category>("category"));
+    },
+    [](VenueLoad& load) { load.receive(&CollectionDictionary::maps, recordsOf<Map>("map")); },
+    [](VenueLoad& load) { load.receive(&CollectionDictionary::nodes, recordsOf<Node>("node")); },
+    [](VenueLoad& load) {
+      load.receive(&CollectionDictionary::vortices, recordsOf<Vortex>("vortex"));
+    },
+    [](VenueLoad& load) {
+      load.receive(&CollectionDictionary::polygons, recordsOf<Polygon>("polygon"));
+    }};
+
+TEST(VenueLoad, EveryOrderOfArrivalPublishesOnceAndPolygonsLastLinksTwice) {
+  std::array<std::size_t, 6> order{0, 1, 2, 3, 4, 5};
+  int orders = 0;
+  do {
+    const bool polygonsLast = order.back() == 5;
+    activeVenue = test::smallVenue();
+    int calls = 0;
+    VenueLoad load(false, [&](const std::shared_ptr<Venue>& venue) {
+      ++calls;
+      EXPECT_EQ(venue, activeVenue);
+    });
+    for (const std::size_t arrival : order) {
+      EXPECT_EQ(calls, 0);
+      arrivals[arrival](load);
+    }
+    ASSERT_EQ(calls, 1);
+    ASSERT_EQ(joinedLinks(*activeVenue), smallVenueLinks(polygonsLast));
+    ++orders;
+  } while (std::next_permutation(order.begin(), order.end()));
+  EXPECT_EQ(orders, 720);
+  activeVenue = nullptr;
+}
+
+TEST(VenueLoad, ACollectionThatNeverComesKeepsTheVenueWaiting) {
+  for (std::size_t missing = 0; missing < std::size(arrivals); ++missing) {
+    activeVenue = test::smallVenue();
+    VenueLoad load(false, [](const auto&) { ADD_FAILURE(); });
+    for (std::size_t arrival = 0; arrival < std::size(arrivals); ++arrival)
+      if (arrival != missing) arrivals[arrival](load);
+    EXPECT_FALSE(activeVenue->locations);
+  }
+  activeVenue = nullptr;
+}
+
+TEST(VenueLoad, ASecondAnswerReplacesTheFirstAndRunsTheGateAgain) {
+  activeVenue = test::smallVenue();
+  int calls = 0;
+  VenueLoad load(false, [&](const auto&) { ++calls; });
+  for (const Arrival arrival : arrivals) arrival(load);
+  load.receive(&CollectionDictionary::polygons, Collection<Polygon>());
+  EXPECT_EQ(calls, 2);
+  EXPECT_TRUE(activeVenue->polygons->empty());
+  activeVenue = nullptr;
+}
+
+TEST(VenueLoadDeathTest, PublishingWithoutAnActiveVenueStopsTheProgram) {
+  activeVenue = nullptr;
+  VenueLoad load(false, [](const auto&) {});
+  for (std::size_t arrival = 0; arrival < 5; ++arrival) arrivals[arrival](load);
+  EXPECT_DEATH(arrivals[5](load), "unexpectedly found nil");
+}
+
+}  // namespace
+}  // namespace orivanta
