@@ -45,9 +45,4 @@ void forEachReference(const RawData& data, std::string_view key, std::string_vie
   for (const json::value& element : *elements) visitText(memberOf(&element, member), visit);
 }
 
-std::size_t countOfReferences(const RawData& data, std::string_view key) {
-  const json::array* elements = arrayOf(data, key);
-  return elements == nullptr ? 0 : elements->size();
-}
-
 }  // namespace orivanta
