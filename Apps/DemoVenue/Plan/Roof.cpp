@@ -1,4 +1,6 @@
 // The roof terrace: gardens, a bar and the small observatory.
+#include <utility>
+
 #include "Apps/DemoVenue/Plan/Structure.hpp"
 
 namespace orivanta::demo {
@@ -58,6 +60,21 @@ Floor makeRoof() {
   floor.walkways.push_back({"star-path", sector(islandDepth, galleryDepth, 98, 164)});
   for (const double bearing : {131.0, 229.0, 311.0})
     floor.lines.push_back({{at(23, bearing), at(43, bearing)}});
+  for (const auto& [from, to] : {std::pair{2.0, 41.0},
+                                 {48.0, 65.0},
+                                 {89.0, 119.0},
+                                 {121.0, 149.0},
+                                 {185.0, 224.0},
+                                 {226.0, 269.0},
+                                 {271.0, 314.0},
+                                 {316.0, 358.0}}) {
+    floor.lawns.push_back(sector(1.5, 16.5, from, to));
+    for (double bearing = from + 4.0; bearing < to - 2.0; bearing += 9.0)
+      floor.trees.push_back(at(6.0, bearing));
+  }
+  floor.lawns.push_back(sector(29.5, 38.5, 18, 32));
+  floor.lawns.push_back(sector(29.5, 38.5, 60, 80));
+  floor.railings.push_back(oval(0.3));
   return floor;
 }
 
