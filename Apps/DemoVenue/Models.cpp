@@ -135,6 +135,8 @@ void addGarnish(Model& model, const Floor& floor) {
     model.top(inlay, floorTop + 0.02);
   }
   for (const Outline& outline : floor.railings) addRailing(model, outline);
+  model.use({"Tables", palette::railing});
+  for (const Point table : floor.tables) model.prism(circle(table, 0.75, 12), floorTop, 1.3);
   for (const Point tree : floor.trees) addTree(model, tree);
 }
 

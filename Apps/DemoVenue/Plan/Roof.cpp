@@ -74,6 +74,8 @@ Floor makeRoof() {
   }
   floor.lawns.push_back(sector(29.5, 38.5, 18, 32));
   floor.lawns.push_back(sector(29.5, 38.5, 60, 80));
+  for (const double bearing : {104.0, 110.0, 116.0, 122.0, 140.0, 147.0, 154.0})
+    for (const double depth : {32.0, 36.0}) floor.tables.push_back(at(depth, bearing));
   floor.railings.push_back(oval(0.3));
   return floor;
 }

@@ -217,6 +217,9 @@ Floor makeSecondFloor() {
   floor.lines.push_back({{{91.0, 0.0}, at(23, 0)}});
   for (const double bearing : {33.0, 49.0, 65.0})
     floor.lines.push_back({{at(23, bearing), at(43, bearing)}});
+  for (const double bearing :
+       {20.5, 24.5, 28.5, 37.5, 41.5, 45.0, 53.5, 57.5, 61.5, 69.5, 73.5, 77.5})
+    for (const double depth : {31.0, 34.0, 37.0}) floor.tables.push_back(at(depth, bearing));
   for (const auto& part : {foodAndFilm(), aroundTheAtrium()})
     floor.places.insert(floor.places.end(), part.begin(), part.end());
   return floor;

@@ -57,6 +57,8 @@ std::vector<Obstacle> obstacles(const Floor& floor) {
     }
   for (const Outline& outline : floor.lawns) all.push_back({"lawn", outline, {}});
   for (const Outline& outline : floor.voids) all.push_back({"void", outline, {}});
+  for (const Point table : floor.tables)
+    all.push_back({"table", demo::circle(table, 0.75, 12), {}});
   for (const Point tree : floor.trees) all.push_back({"tree", demo::circle(tree, 1.0, 12), {}});
   return all;
 }
