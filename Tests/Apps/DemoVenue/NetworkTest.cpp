@@ -163,7 +163,7 @@ TEST(DemoVenueNetwork, EscalatorsRunOneWay) {
   EXPECT_EQ(checked, 24);
 }
 
-TEST(DemoVenueNetwork, ConnectorsGoStraightUp) {
+TEST(DemoVenueNetwork, ConnectorsStopOnceOnAFloor) {
   for (const auto& [connector, stops] : network().stops) {
     EXPECT_GE(stops.size(), 2U) << connector;
     std::set<std::string_view> floors;
