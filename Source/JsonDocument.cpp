@@ -3,11 +3,12 @@
 #include <fast_float/fast_float.h>
 
 #include <boost/json/basic_parser_impl.hpp>
-#include <boost/json/monotonic_resource.hpp>
 #include <boost/json/value_stack.hpp>
 #include <cmath>
 #include <system_error>
 #include <utility>
+
+#include "Source/JsonArena.hpp"
 
 namespace orivanta {
 
@@ -24,7 +25,9 @@ class DocumentHandler {
   static constexpr std::size_t max_key_size = json::string::max_size();
   static constexpr std::size_t max_string_size = json::string::max_size();
 
-  explicit DocumentHandler(json::storage_ptr storage) { stack_.reset(std::move(storage)); }
+  DocumentHandler(JsonScratch* scratch, JsonArena* memory) : stack_(scratch) {
+    stack_.reset(memory);
+  }
 
   json::value release() { return stack_.release(); }
 
@@ -94,7 +97,7 @@ class DocumentHandler {
 // The memory of the document and its root. The root's destructor does nothing: what it refers to
 // goes with the memory, however deeply it is nested.
 struct Document {
-  json::monotonic_resource memory;
+  JsonArena memory;
   json::value root;
 
   explicit Document(std::size_t expectedBytes) : memory(expectedBytes), root(&memory) {}
@@ -110,7 +113,8 @@ json::parse_options strictOptions() {
 
 std::shared_ptr<const json::value> parseJsonDocument(std::string_view text) {
   auto document = std::make_shared<Document>(text.size());
-  json::basic_parser<DocumentHandler> parser(strictOptions(), &document->memory);
+  JsonScratch scratch;
+  json::basic_parser<DocumentHandler> parser(strictOptions(), &scratch, &document->memory);
   json::error_code error;
   const std::size_t consumed = parser.write_some(false, text.data(), text.size(), error);
   if (error || consumed != text.size()) return nullptr;

@@ -6,6 +6,7 @@
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Source/Map.hpp"
+#include "Source/References.hpp"
 #include "Source/RouteNetwork.hpp"
 #include "Source/Vortex.hpp"
 
@@ -52,15 +53,11 @@ void NavigationGraph::addWalkingEdges(const Collection<Node>& nodes) {
   for (const auto& entry : nodes) {
     const std::shared_ptr<Node>& origin = entry.second;
     std::vector<Edge> edges;
-    const std::vector<RawData> paths = origin->_data["paths"].arrayValue();
-    edges.reserve(paths.size());
-    for (const RawData& path : paths) {
-      const RawData member = path["node"];
-      const auto id = member.stringView();
-      if (!id) continue;
-      const auto destination = nodes.find(std::string(*id));
+    edges.reserve(countOfReferences(origin->_data, "paths"));
+    forEachReference(origin->_data, "paths", "node", [&](std::string_view id) {
+      const auto destination = nodes.find(id);
       if (destination != nodes.end()) edges.emplace_back(*origin, destination->second);
-    }
+    });
     if (!edges.empty()) graph_.insert_or_assign(origin, std::move(edges));
   }
 }

@@ -64,8 +64,11 @@ struct NodeIdentityEqual {
 class ORIVANTA_API NavigationGraph {
  public:
   /// The edges out of each node that has any, walking edges first.
-  using Adjacency = tsl::ordered_map<std::shared_ptr<Node>, std::vector<Edge>, NodeIdentityHash,
-                                     NodeIdentityEqual>;
+  using Adjacency =
+      tsl::ordered_map<std::shared_ptr<Node>, std::vector<Edge>, NodeIdentityHash,
+                       NodeIdentityEqual,
+                       std::allocator<std::pair<std::shared_ptr<Node>, std::vector<Edge>>>,
+                       std::vector<std::pair<std::shared_ptr<Node>, std::vector<Edge>>>>;
 
   /// Walking edges come from each node's "paths"; unknown identifiers are passed over, duplicates
   /// and loops are kept. Then each vortex joins all its nodes with one another, each with itself

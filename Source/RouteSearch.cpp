@@ -4,11 +4,46 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "Source/CompactRouteSearch.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
 #include "Source/PriorityQueue.hpp"
+#include "Source/RouteNetwork.hpp"
 
 namespace orivanta {
+
+namespace {
+
+// The search as it is defined, node by node: for graphs that the compact form does not cover.
+std::optional<Route> searchByDefinition(const NodeList& nodes, const NodeList& destinations,
+                                        const NavigationGraph& graph) {
+  PriorityQueue<std::shared_ptr<Node>, double> frontier;
+  std::unordered_map<std::shared_ptr<Node>, std::shared_ptr<Node>> predecessors;
+  std::unordered_map<std::shared_ptr<Node>, double> costs;
+  for (const auto& start : nodes) {
+    frontier.put(start, *getShortestEuclideanDistance(*start, destinations));
+    costs[start] = 0.0;
+  }
+  for (std::size_t taken = 1; const auto current = frontier.next(); ++taken) {
+    if (std::find(destinations.begin(), destinations.end(), *current) != destinations.end()) {
+      Route route{{}, costs[*current], taken};
+      for (auto node = *current; node; node = predecessors[node]) route.path.push_back(node);
+      std::reverse(route.path.begin(), route.path.end());
+      return route;
+    }
+    for (const Edge& edge : graph[**current]) {
+      const double cost = costs[*current] + edge.weight();
+      const auto known = costs.find(edge.node());
+      if (known != costs.end() && !(cost < known->second)) continue;
+      costs[edge.node()] = cost;
+      frontier.put(edge.node(), cost + *getShortestEuclideanDistance(*edge.node(), destinations));
+      predecessors[edge.node()] = *current;
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
 
 double getEuclideanDistance(const Node& node, const Node& destination) {
   const double dx = node.x - destination.x;
@@ -29,33 +64,10 @@ std::optional<double> getShortestEuclideanDistance(const Node& node, const NodeL
 std::optional<Route> searchRoute(const NodeList& nodes, const NodeList& destinations,
                                  const NavigationGraph& graph) {
   if (nodes.empty() || destinations.empty()) return std::nullopt;
-  PriorityQueue<std::shared_ptr<Node>, double> frontier;
-  std::unordered_map<std::shared_ptr<Node>, std::shared_ptr<Node>> predecessors;
-  std::unordered_map<std::shared_ptr<Node>, double> costs;
-  for (const auto& start : nodes) {
-    frontier.put(start, *getShortestEuclideanDistance(*start, destinations));
-    predecessors[start] = nullptr;
-    costs[start] = 0.0;
-  }
-  std::size_t taken = 0;
-  while (const auto current = frontier.next()) {
-    ++taken;
-    if (std::find(destinations.begin(), destinations.end(), *current) != destinations.end()) {
-      Route route{{}, costs[*current], taken};
-      for (auto node = *current; node; node = predecessors[node]) route.path.push_back(node);
-      std::reverse(route.path.begin(), route.path.end());
-      return route;
-    }
-    for (const Edge& edge : graph[**current]) {
-      const double cost = costs[*current] + edge.weight();
-      const auto known = costs.find(edge.node());
-      if (known != costs.end() && !(cost < known->second)) continue;
-      costs[edge.node()] = cost;
-      frontier.put(edge.node(), cost + *getShortestEuclideanDistance(*edge.node(), destinations));
-      predecessors[edge.node()] = *current;
-    }
-  }
-  return std::nullopt;
+  const auto network = graph.routeNetwork();
+  if (!CompactRouteSearch::covers(*network, nodes, destinations))
+    return searchByDefinition(nodes, destinations, graph);
+  return CompactRouteSearch(*network, nodes, destinations).run();
 }
 
 std::optional<NodeList> AStar(const NodeList& nodes, const NodeList& destinations,

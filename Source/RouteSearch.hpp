@@ -11,8 +11,8 @@ namespace orivanta {
 
 /// What a search found, and what it took.
 struct Route {
-  NodeList path;          ///< start node first
-  double cost;            ///< the search's cost at the goal, in the graph's weights
+  NodeList path;           ///< start node first
+  double cost;             ///< the search's cost at the goal, in the graph's weights
   std::size_t takenNodes;  ///< nodes taken from the frontier, the goal included
 };
 

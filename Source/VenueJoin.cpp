@@ -1,7 +1,7 @@
 #include "Source/VenueJoin.hpp"
 
 #include <algorithm>
-#include <string>
+#include <string_view>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -14,6 +14,7 @@
 #include "Source/Node.hpp"
 #include "Source/Orivanta.hpp"
 #include "Source/Polygon.hpp"
+#include "Source/References.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
 
@@ -21,12 +22,10 @@ namespace orivanta {
 
 namespace {
 
-// The record that an identifier in the JSON names, or null.
+// The record of that identifier, or null.
 template <class Record>
-std::shared_ptr<Record> named(const Collection<Record>& records, const RawData& identifier) {
-  const auto id = identifier.stringView();
-  if (!id) return nullptr;
-  const auto entry = records.find(std::string(*id));
+std::shared_ptr<Record> named(const Collection<Record>& records, std::string_view id) {
+  const auto entry = records.find(id);
   return entry == records.end() ? nullptr : entry->second;
 }
 
@@ -34,9 +33,13 @@ std::shared_ptr<Record> named(const Collection<Record>& records, const RawData& 
 template <class Record>
 void linkMaps(Collection<Record>& records, const Collection<Map>& maps) {
   std::size_t linked = 0;
+  std::shared_ptr<Map> map;  // of the record before: neighbours mostly share it
   for (const auto& entry : records) {
-    entry.second->map = named(maps, entry.second->_data["map"]);
-    if (entry.second->map) ++linked;
+    Record& record = *entry.second;
+    const auto id = referenceIn(record._data, "map");
+    if (!id || !map || map->id != *id) map = id ? named(maps, *id) : nullptr;
+    record.map = map;
+    if (map) ++linked;
   }
   if (linked == records.size()) return;
   Collection<Record> kept;
@@ -62,18 +65,26 @@ Collection<Vortex> accessibleFirst(const Collection<Vortex>& vortices) {
   return ordered;
 }
 
+// Appends the nodes that the elements of an array name.
+void appendNodes(NodeList& list, const RawData& data, std::string_view key,
+                 std::string_view member, const Collection<Node>& nodes) {
+  forEachReference(data, key, member, [&](std::string_view id) {
+    if (auto node = named(nodes, id)) list.push_back(std::move(node));
+  });
+}
+
 void linkPolygonsOf(const std::shared_ptr<Location>& location,
                     const Collection<Polygon>& polygons) {
   std::unordered_set<const Node*> entrances;
   std::unordered_set<const Polygon*> seen;
-  for (const RawData& element : location->_data["polygons"].arrayValue()) {
-    const auto polygon = named(polygons, element["id"]);
-    if (!polygon) continue;
+  forEachReference(location->_data, "polygons", "id", [&](std::string_view id) {
+    const auto polygon = named(polygons, id);
+    if (!polygon) return;
     location->polygons.push_back(polygon);
     polygon->locations.push_back(location);
-    if (!seen.insert(polygon.get()).second) continue;
+    if (!seen.insert(polygon.get()).second) return;
     for (const auto& entrance : polygon->entrances) entrances.insert(entrance.get());
-  }
+  });
   std::erase_if(location->nodes, [&](const auto& node) { return entrances.contains(node.get()); });
 }
 
@@ -81,23 +92,29 @@ void linkPolygonsOf(const std::shared_ptr<Location>& location,
 
 bool linkCategoryParents(CollectionDictionary& collections) {
   if (!collections.categories) return false;
-  for (const auto& [id, category] : *collections.categories)
-    for (const RawData& element : category->_data["parents"].arrayValue())
-      if (const auto parent = named(*collections.categories, element)) {
-        category->parents.push_back(parent);
-        parent->children.push_back(category);
-      }
+  for (const auto& entry : *collections.categories) {
+    const std::shared_ptr<Category>& category = entry.second;
+    forEachReference(category->_data, "parents", [&](std::string_view parentId) {
+      const auto parent = named(*collections.categories, parentId);
+      if (!parent) return;
+      category->parents.push_back(parent);
+      parent->children.push_back(category);
+    });
+  }
   return true;
 }
 
 bool linkLocationCategories(CollectionDictionary& collections) {
   if (!collections.locations || !collections.categories) return false;
-  for (const auto& [id, location] : *collections.locations)
-    for (const RawData& element : location->_data["categories"].arrayValue())
-      if (const auto category = named(*collections.categories, element)) {
-        location->categories.push_back(category);
-        category->locations.push_back(location);
-      }
+  for (const auto& entry : *collections.locations) {
+    const std::shared_ptr<Location>& location = entry.second;
+    forEachReference(location->_data, "categories", [&](std::string_view categoryId) {
+      const auto category = named(*collections.categories, categoryId);
+      if (!category) return;
+      location->categories.push_back(category);
+      category->locations.push_back(location);
+    });
+  }
   return true;
 }
 
@@ -115,25 +132,24 @@ bool linkNodeMaps(CollectionDictionary& collections) {
 
 bool linkPolygonEntrances(CollectionDictionary& collections) {
   if (!collections.polygons || !collections.nodes || !collections.maps) return false;
-  for (const auto& [id, polygon] : *collections.polygons)
-    for (const RawData& element : polygon->_data["entrances"].arrayValue())
-      if (auto node = named(*collections.nodes, element["id"]))
-        polygon->entrances.push_back(std::move(node));
+  for (const auto& entry : *collections.polygons)
+    appendNodes(entry.second->entrances, entry.second->_data, "entrances", "id",
+                *collections.nodes);
   return true;
 }
 
 bool linkVortexNodes(CollectionDictionary& collections, bool accessible) {
   if (!collections.vortices || !collections.nodes || !collections.maps) return false;
-  for (const auto& [id, vortex] : *collections.vortices) {
-    std::vector<std::shared_ptr<Map>> maps;
+  for (const auto& entry : *collections.vortices) {
+    Vortex& vortex = *entry.second;
+    vortex.maps.clear();
     std::unordered_set<const Map*> seen;
-    for (const RawData& element : vortex->_data["nodes"].arrayValue()) {
-      const auto node = named(*collections.nodes, element);
-      if (!node) continue;
-      if (seen.insert(&foundation::unwrap(node->map)).second) maps.push_back(node->map);
-      vortex->nodes.push_back(node);
-    }
-    vortex->maps = std::move(maps);
+    forEachReference(vortex._data, "nodes", [&](std::string_view id) {
+      const auto node = named(*collections.nodes, id);
+      if (!node) return;
+      if (seen.insert(&foundation::unwrap(node->map)).second) vortex.maps.push_back(node->map);
+      vortex.nodes.push_back(node);
+    });
   }
   collections.navigationGraph = std::make_shared<NavigationGraph>(
       *collections.nodes,
@@ -143,10 +159,8 @@ bool linkVortexNodes(CollectionDictionary& collections, bool accessible) {
 
 bool linkLocationNodes(CollectionDictionary& collections) {
   if (!collections.nodes || !collections.locations || !collections.maps) return false;
-  for (const auto& [id, location] : *collections.locations)
-    for (const RawData& element : location->_data["nodes"].arrayValue())
-      if (auto node = named(*collections.nodes, element["node"]))
-        location->nodes.push_back(std::move(node));
+  for (const auto& entry : *collections.locations)
+    appendNodes(entry.second->nodes, entry.second->_data, "nodes", "node", *collections.nodes);
   return true;
 }
 

@@ -1,8 +1,198 @@
+// The command `orivanta`: what can be said on its command line.
+#include <fmt/format.h>
+
 #include <CLI/CLI.hpp>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Apps/Command/FindRoute.hpp"
+#include "Apps/Command/HelpTexts.hpp"
+#include "Apps/Command/ListVenues.hpp"
+#include "Apps/Command/Output.hpp"
+#include "Apps/Command/Serve.hpp"
+#include "Apps/Command/ShowVenue.hpp"
+#include "Apps/DemoVenue/Folder.hpp"
+
+namespace orivanta::command {
+
+namespace {
+
+/// What the command line says, and the subcommand that it chose.
+struct CommandLine {
+  ConnectionOptions connection;
+  bool json = false;
+  ListVenuesOptions listVenues;
+  ShowVenueOptions showVenue;
+  FindRouteOptions findRoute;
+  ServeOptions serve;
+  std::function<ExitCode()> chosen;
+};
+
+void addText(CLI::App& app, const char* name, std::optional<std::string>& value,
+             const char* purpose, const char* type) {
+  app.add_option(name, value, purpose)->type_name(type)->group("Connection");
+}
+
+void addConnectionOptions(CLI::App& app, ConnectionOptions& options) {
+  addText(app, "--settings", options.settingsFolder, "Folder of property lists to use", "FOLDER");
+  addText(app, "--endpoint", options.endpoint, "Root of the web API (or ORIVANTA_ENDPOINT)", "URL");
+  addText(app, "--username", options.username, "User name (or ORIVANTA_USERNAME)", "TEXT");
+  addText(app, "--password", options.password, "Password (better: ORIVANTA_PASSWORD)", "TEXT");
+  addText(app, "--password-file", options.passwordFile,
+          "File with the password, - for standard input", "FILE");
+}
+
+// The options of every query, before the subcommand and after it.
+void addQueryOptions(CLI::App& app, CommandLine& line) {
+  addConnectionOptions(app, line.connection);
+  app.add_flag("--json", line.json, "Print JSON");
+}
+
+// `options` is filled while the command line is read; what all queries share goes in at the end.
+template <class Options>
+CLI::App& addQuery(CLI::App& app, CommandLine& line, const char* name, const char* purpose,
+                   const char* examples, Options& options, ExitCode (*run)(const Options&)) {
+  CLI::App& query = *app.add_subcommand(name, purpose);
+  query.footer(examples);
+  query.callback([&line, &options, run] {
+    line.chosen = [&line, &options, run] {
+      options.connection = line.connection;
+      options.json = line.json;
+      return run(options);
+    };
+  });
+  return query;
+}
+
+void addVenues(CLI::App& app, CommandLine& line) {
+  auto& query = addQuery(app, line, "venues", "List the venues", help::venuesFooter,
+                         line.listVenues, listVenues);
+  addQueryOptions(query, line);
+}
+
+void addVenue(CLI::App& app, CommandLine& line) {
+  ShowVenueOptions& options = line.showVenue;
+  auto& query = addQuery(app, line, "venue", "Show what is in a venue", help::venueFooter, options,
+                         showVenue);
+  query.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")
+      ->required()
+      ->type_name("");
+  query
+      .add_option("--locations", options.locations,
+                  "List the locations, or those with this text in their name or identifier")
+      ->expected(0, 1)
+      ->type_name("[TEXT]");
+  query.add_flag("--accessible", options.accessible, "Leave out connectors with steps");
+  addQueryOptions(query, line);
+}
+
+void addRoute(CLI::App& app, CommandLine& line) {
+  FindRouteOptions& options = line.findRoute;
+  auto& query = addQuery(app, line, "route", "Find the way from one place to another",
+                         help::routeFooter, options, findRoute);
+  query.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")
+      ->required()
+      ->type_name("");
+  const auto addPlaces = [&](const char* name, std::vector<std::string>& places,
+                             const char* purpose) {
+    query.add_option(name, places, purpose)->type_name("PLACE")->allow_extra_args(false);
+  };
+  addPlaces("--from", options.from, "Where to begin; may be repeated");
+  addPlaces("--to", options.to, "Where to arrive; may be repeated");
+  query.add_flag("--accessible", options.accessible, "Without connectors that have steps");
+  query.add_option("--batch", options.batchFile, "File of requests, - for standard input")
+      ->type_name("FILE");
+  addQueryOptions(query, line);
+}
+
+ExitCode serveVenues(ServeOptions& options, const ConnectionOptions& connection) {
+  if (options.folders.empty()) {
+    const auto folder = demo::demoVenueFolder();
+    if (!folder)
+      throw CommandError(ExitCode::wrongUse, "the demo venue is missing; name a folder to serve");
+    options.demoVenue = *folder;
+  }
+  options.username = connection.username;
+  options.password = givenPassword(connection);
+  return static_cast<ExitCode>(serve(options));
+}
+
+void addServe(CLI::App& app, CommandLine& line) {
+  ServeOptions& options = line.serve;
+  auto& command = *app.add_subcommand("serve", "Serve venues to this program and others");
+  command.footer(help::serveFooter);
+  command.add_option("FOLDER", options.folders, "Venue packages, or folders of them")
+      ->type_name("");
+  command.add_option("--port", options.port, "TCP port, 0 for a free one")
+      ->type_name("N")
+      ->capture_default_str();
+  command.add_option("--address", options.address, "IP address to listen on")
+      ->type_name("ADDRESS")
+      ->capture_default_str();
+  command.add_option("--page-size", options.pageSize, "Records on a page")
+      ->check(CLI::PositiveNumber)
+      ->type_name("N")
+      ->capture_default_str();
+  addText(command, "--username", line.connection.username, "User name to ask for", "TEXT");
+  addText(command, "--password", line.connection.password, "Password to ask for", "TEXT");
+  addText(command, "--password-file", line.connection.passwordFile,
+          "File with that password, - for standard input", "FILE");
+  command.callback([&line, &options] {
+    line.chosen = [&line, &options] { return serveVenues(options, line.connection); };
+  });
+}
+
+std::string describeFailure(const CLI::App* app, const CLI::Error& error) {
+  const auto chosen = app->get_subcommands();
+  const auto unknown = app->remaining();
+  std::string reason = error.what();
+  if (chosen.empty() && !unknown.empty())
+    reason = fmt::format("\"{}\" is no command or option", unknown.front());
+  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n", reason,
+                     chosen.empty() ? "" : chosen.front()->get_name() + " ");
+}
+
+int run(int argc, char** argv) {
+  CommandLine line;
+  CLI::App app(help::description, "orivanta");
+  app.footer(help::footer);
+  app.set_version_flag("--version", "orivanta " ORIVANTA_VERSION);
+  app.require_subcommand(1);
+  app.failure_message(describeFailure);
+  app.get_formatter()->column_width(28);
+  addQueryOptions(app, line);
+  addVenues(app, line);
+  addVenue(app, line);
+  addRoute(app, line);
+  addServe(app, line);
+  try {
+    app.parse(argc, argv);
+    return static_cast<int>(line.chosen());
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? 0 : static_cast<int>(ExitCode::wrongUse);
+  } catch (const CommandError& error) {
+    complain(error.what());
+    return static_cast<int>(error.code);
+  }
+}
+
+}  // namespace
+
+}  // namespace orivanta::command
 
 int main(int argc, char** argv) {
-  CLI::App app("Indoor venue maps: list venues, load one, find routes.", "orivanta");
-  app.require_subcommand(1);
-  CLI11_PARSE(app, argc, argv);
-  return 0;
+  // A server or a reader that hangs up is an error to report, not the end of the program.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::ios::sync_with_stdio(false);
+  const int code = orivanta::command::run(argc, argv);
+  std::cout.flush();
+  std::fflush(nullptr);
+  // Requests may still be running on background threads: nothing that they use is torn down.
+  std::_Exit(code);
 }

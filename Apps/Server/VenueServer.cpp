@@ -1,14 +1,86 @@
 #include "Apps/Server/VenueServer.hpp"
 
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <boost/asio/io_context.hpp>
+#include <stdexcept>
+#include <thread>
 #include <utility>
+
+#include "Apps/Server/Listener.hpp"
+#include "Apps/Server/Router.hpp"
 
 namespace orivanta::server {
 
-class VenueServer::Implementation {};
+namespace {
 
-VenueServer::VenueServer(ServerOptions) : implementation_(std::make_unique<Implementation>()) {}
+// Where a client reaches the server: one that listens everywhere is reached by loopback.
+std::string originOf(const boost::asio::ip::tcp::endpoint& endpoint) {
+  const auto address = endpoint.address();
+  if (address.is_v4())
+    return fmt::format("http://{}:{}", address.is_unspecified() ? "127.0.0.1" : address.to_string(),
+                       endpoint.port());
+  return fmt::format("http://[{}]:{}", address.is_unspecified() ? "::1" : address.to_string(),
+                     endpoint.port());
+}
+
+std::optional<Credentials> credentialsOf(const ServerOptions& options) {
+  if (options.username.has_value() != options.password.has_value())
+    throw std::invalid_argument("a user name needs a password, and a password a user name");
+  if (!options.username) return std::nullopt;
+  return Credentials(*options.username, *options.password);
+}
+
+const ServerOptions& checked(const ServerOptions& options) {
+  if (options.pageSize == 0) throw std::invalid_argument("a page holds at least one record");
+  if (options.maximumConnections == 0)
+    throw std::invalid_argument("at least one connection must be allowed");
+  return options;
+}
+
+}  // namespace
+
+class VenueServer::Implementation {
+ public:
+  explicit Implementation(const ServerOptions& options) {
+    std::optional<Credentials> credentials = credentialsOf(options);
+    std::vector<VenuePackage> packages = readPackages(options.folders);
+    listener_ = std::make_shared<Listener>(
+        context_, Listener::Options{options.address, options.port, options.idleTimeout,
+                                    options.maximumConnections});
+    origin_ = originOf(listener_->endpoint());
+    router_.emplace(std::move(packages),
+                    Router::Options{origin_, options.pageSize, std::move(credentials)});
+    listener_->start(*router_);
+    const unsigned threadCount = std::clamp(std::thread::hardware_concurrency(), 2U, 4U);
+    for (unsigned count = 0; count < threadCount; ++count)
+      threads_.emplace_back([this] { context_.run(); });
+  }
+
+  ~Implementation() {
+    context_.stop();
+    for (std::thread& thread : threads_) thread.join();
+    listener_->stop();
+  }
+
+  std::string root() const { return origin_ + "/1/"; }
+
+ private:
+  std::string origin_;
+  std::optional<Router> router_;
+  boost::asio::io_context context_;  // goes before the router: connections refer to it
+  std::shared_ptr<Listener> listener_;
+  std::vector<std::thread> threads_;
+};
+
+VenueServer::VenueServer(const ServerOptions& options)
+    : implementation_(std::make_unique<Implementation>(checked(options))) {}
+
 VenueServer::~VenueServer() = default;
 
-std::string VenueServer::root() const { return {}; }
+std::string VenueServer::root() const {
+  return implementation_->root();
+}
 
 }  // namespace orivanta::server

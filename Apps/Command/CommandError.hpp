@@ -1,0 +1,26 @@
+// How a subcommand ends: its exit code, and the error that carries one together with a text.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace orivanta::command {
+
+enum class ExitCode {
+  success = 0,
+  notFound = 1,     ///< no route, no such venue, no such location
+  wrongUse = 2,     ///< the command line or a file that it names cannot be used
+  noAnswer = 3,     ///< the server cannot be reached, refuses or answers something else
+  outputFailed = 4  ///< standard output cannot be written
+};
+
+/// Ends the subcommand; the text is for people and may have several lines, without a final break.
+class CommandError : public std::runtime_error {
+ public:
+  CommandError(ExitCode exitCode, const std::string& text)
+      : std::runtime_error(text), code(exitCode) {}
+
+  const ExitCode code;
+};
+
+}  // namespace orivanta::command

@@ -1,0 +1,65 @@
+// What the helps say beyond the lists of options: purposes and examples.
+#pragma once
+
+namespace orivanta::command::help {
+
+inline constexpr const char* description =
+    R"(Indoor venue maps: list venues, look into one, find routes.
+
+Venues come from a web API. Its root, the user name and the password are taken from the
+command line, else from the environment, else from the property lists (*.plist) of the main
+bundle: the folder "Resources" beside this program, then ~/.config/orivanta.
+)";
+
+inline constexpr const char* footer = R"(
+Examples:
+  orivanta serve &                      the demo venue, on http://127.0.0.1:8080/1/
+  export ORIVANTA_ENDPOINT=http://127.0.0.1:8080/1/
+  orivanta venues
+  orivanta venue astrolabe-court --locations coffee
+  orivanta route astrolabe-court --from "paper kestrel" --to "popcorn nebula" --accessible
+
+Exit codes: 0 done, 1 nothing found, 2 wrong use, 3 no answer from the server,
+4 the output cannot be written.
+
+`orivanta COMMAND --help` tells more about each command.)";
+
+inline constexpr const char* venuesFooter = R"(
+Examples:
+  orivanta venues                              slug and name of each venue, one on a line
+  orivanta venues --json | jq -r '.[].slug')";
+
+inline constexpr const char* venueFooter = R"(
+Examples:
+  orivanta venue astrolabe-court                       floors, categories and connectors
+  orivanta venue astrolabe-court --locations           all locations
+  orivanta venue astrolabe-court --locations coffee    those with "coffee" in their name
+  orivanta venue astrolabe-court --accessible          only connectors without steps)";
+
+inline constexpr const char* routeFooter = R"(
+A place is the identifier of a location or of a node, or a location's name: the whole name, the
+name in other capitals, or a part of it that no other name has. `orivanta venue SLUG --locations`
+lists them. With several places on a side the route may begin (end) at any of them.
+
+Examples:
+  orivanta route astrolabe-court --from "paper kestrel" --to "popcorn nebula"
+  orivanta route astrolabe-court --from paper-kestrel --to ecliptic-1 --to ecliptic-2 --json
+  orivanta route astrolabe-court --batch requests.jsonl > answers.jsonl
+
+A batch has one JSON object a line and gives one line for each, in order:
+  {"id": 1, "from": ["node-17"], "to": ["node-4", "node-5"]}
+  {"id": 2, "fromLocation": "paper-kestrel", "toLocation": "ecliptic-1"}
+"path" in an answer is the list of nodes, or null without a route; "weight" is what it costs. A
+line that is no such request gives "error" instead, and the batch goes on.)";
+
+inline constexpr const char* serveFooter = R"(
+Prints the API root when it is ready, and serves until it is interrupted. A folder is a venue
+package or holds several of them; without one the demo venue is served. With a user name and a
+password, clients have to give them too.
+
+Examples:
+  orivanta serve                        the demo venue on http://127.0.0.1:8080/1/
+  orivanta serve my-venues --port 0     on a free port
+  orivanta serve my-venues --address 0.0.0.0 --username me --password-file secret)";
+
+}  // namespace orivanta::command::help

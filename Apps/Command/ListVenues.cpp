@@ -1,0 +1,28 @@
+#include "Apps/Command/ListVenues.hpp"
+
+#include <boost/json/array.hpp>
+#include <boost/json/object.hpp>
+
+#include "Apps/Command/Json.hpp"
+#include "Apps/Command/Output.hpp"
+#include "Apps/Command/Session.hpp"
+#include "Apps/Command/Table.hpp"
+#include "Apps/Command/Text.hpp"
+#include "Source/Venue.hpp"
+
+namespace orivanta::command {
+
+ExitCode listVenues(const ListVenuesOptions& options) {
+  const auto venues = Session(options.connection).fetchVenues();
+  boost::json::array array;
+  Table table({Alignment::left, Alignment::left});
+  for (const auto& venue : venues) {
+    array.push_back({{"id", *venue->id}, {"slug", *venue->slug}, {"name", *venue->name}});
+    table.add({printable(*venue->slug), label(*venue->name)});
+  }
+  writeOutput(options.json ? jsonText(array) + '\n' : table.text());
+  if (venues.empty()) complain("the server has no venue for this account");
+  return ExitCode::success;
+}
+
+}  // namespace orivanta::command

@@ -1,0 +1,73 @@
+// What the requests of a load come to: how far they are, which of them failed and why.
+#pragma once
+
+#include <condition_variable>
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "Source/WebApi.hpp"
+
+namespace orivanta::command {
+
+struct LoadProgress {
+  std::size_t collectionsDone = 0;
+  std::size_t collections = 0;
+  std::size_t pages = 0;
+  std::size_t bytes = 0;
+};
+
+/// A collection that counts as empty although the server may have something in it.
+struct LoadFailure {
+  std::string collection;  ///< the resource's name in the API
+  std::string reason;      ///< a sentence with the URL, without a full stop
+  bool endless = false;    ///< the load has been given up: its result will not come
+};
+
+/// One load at a time, each between `begin` and `wait`. Any thread.
+class LoadMonitor : public WebApiObserver {
+ public:
+  /// `report` is called with every page, one call at a time, until the wait for the load ends.
+  LoadMonitor(std::string endpoint, std::function<void(const LoadProgress&)> report);
+
+  void begin(std::size_t collections);
+
+  /// The load has delivered its result.
+  void finish();
+
+  /// Blocks until `finish`, or until a collection's pages have come back to one that was there
+  /// before, so that the load would run for ever. At most one failure for each collection.
+  std::vector<LoadFailure> wait();
+
+  void pageReceived(std::string_view collection, const network::HttpUrlResponse& response,
+                    std::size_t bodyBytes) override;
+  void collectionEnded(std::string_view collection,
+                       const std::optional<foundation::Error>& error) override;
+
+ private:
+  struct Collection {
+    std::unordered_set<std::string> pages;  // by URL
+    std::string latestUrl;
+    std::string failure;  // empty while all is well
+    bool endless = false;
+  };
+
+  void end();
+  void report();
+
+  const std::string endpoint_;
+  const std::function<void(const LoadProgress&)> report_;
+
+  std::mutex mutex_;  // guards everything below
+  std::condition_variable ended_;
+  bool running_ = false;
+  LoadProgress progress_;
+  std::map<std::string, Collection, std::less<>> collections_;
+};
+
+}  // namespace orivanta::command

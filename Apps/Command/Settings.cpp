@@ -1,0 +1,110 @@
+#include "Apps/Command/Settings.hpp"
+
+#include <fmt/format.h>
+#include <strings.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+#include "Apps/Command/CommandError.hpp"
+#include "Platform/Foundation/Bundle.hpp"
+#include "Platform/Foundation/Url.hpp"
+#include "Source/ApiSettings.hpp"
+
+namespace orivanta::command {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t longestPasswordBytes = 65536;
+
+struct Setting {
+  std::string value;
+  std::string origin;  // for messages
+};
+
+std::optional<std::string> environmentVariable(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? std::nullopt : std::optional<std::string>(value);
+}
+
+Setting resolve(const std::optional<std::string>& given, const char* option, const char* variable,
+                const char* key, const std::string& fallback) {
+  if (given) return {*given, option};
+  if (auto value = environmentVariable(variable)) return {std::move(*value), variable};
+  if (auto value = settingFromPropertyLists(key))
+    return {std::move(*value), fmt::format("{} in a property list", key)};
+  return {fallback, "the default"};
+}
+
+void useSettingsFolder(const std::string& folder) {
+  std::error_code failure;
+  if (!fs::is_directory(folder, failure))
+    throw CommandError(ExitCode::wrongUse, fmt::format("--settings: no folder \"{}\"", folder));
+  foundation::setMainBundleFolder(folder);
+}
+
+std::string passwordFrom(std::istream& stream, const std::string& name) {
+  std::string password(longestPasswordBytes + 1, '\0');
+  stream.read(password.data(), static_cast<std::streamsize>(password.size()));
+  password.resize(static_cast<std::size_t>(stream.gcount()));
+  if (stream.bad() || password.size() > longestPasswordBytes)
+    throw CommandError(ExitCode::wrongUse,
+                       fmt::format("--password-file: cannot read a password from {}", name));
+  if (password.ends_with('\n')) password.pop_back();
+  if (password.ends_with('\r')) password.pop_back();
+  return password;
+}
+
+}  // namespace
+
+std::optional<std::string> givenPassword(const ConnectionOptions& options) {
+  if (!options.passwordFile) return options.password;
+  if (options.password)
+    throw CommandError(ExitCode::wrongUse, "give either --password or --password-file, not both");
+  if (*options.passwordFile == "-") return passwordFrom(std::cin, "standard input");
+  std::ifstream file(*options.passwordFile, std::ios::binary);
+  std::error_code failure;
+  if (!file || fs::is_directory(*options.passwordFile, failure))
+    throw CommandError(ExitCode::wrongUse,
+                       fmt::format("--password-file: cannot read \"{}\"", *options.passwordFile));
+  return passwordFrom(file, *options.passwordFile);
+}
+
+std::string usableEndpoint(const std::string& text, const std::string& origin) {
+  const auto url = foundation::Url::parse(text);
+  const auto fail = [&](const char* reason) {
+    throw CommandError(ExitCode::wrongUse,
+                       fmt::format("the endpoint \"{}\" ({}) {}", text, origin, reason));
+  };
+  if (!url) fail("is no URL");
+  const std::string scheme = url->scheme();
+  if (strcasecmp(scheme.c_str(), "http") != 0 && strcasecmp(scheme.c_str(), "https") != 0)
+    fail("begins with neither http:// nor https://");
+  if (url->host().empty()) fail("names no host");
+  if (text.find_first_of("?#") != std::string::npos) fail("has a query or a fragment");
+  return text.ends_with('/') ? text : text + '/';
+}
+
+ApiSettings resolveSettings(const ConnectionOptions& options) {
+  if (options.settingsFolder) useSettingsFolder(*options.settingsFolder);
+  const Setting endpoint = resolve(options.endpoint, "--endpoint", "ORIVANTA_ENDPOINT",
+                                   "OrivantaEndpoint", DEFAULT_ORIVANTA_ENDPOINT);
+  const Setting username =
+      resolve(options.username, "--username", "ORIVANTA_USERNAME", "OrivantaUsername", "");
+  const Setting password =
+      resolve(givenPassword(options), "--password", "ORIVANTA_PASSWORD", "OrivantaPassword", "");
+  if (username.value.find(':') != std::string::npos)
+    throw CommandError(ExitCode::wrongUse,
+                       fmt::format("a user name ({}) must not hold a colon", username.origin));
+  ApiSettings settings;
+  settings.endpoint = usableEndpoint(endpoint.value, endpoint.origin);
+  settings.username = username.value;
+  settings.password = password.value;
+  return settings;
+}
+
+}  // namespace orivanta::command

@@ -1,0 +1,34 @@
+// Where the venues are and who asks for them: from the command line, the environment and the
+// property lists.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "Source/Orivanta.hpp"
+
+namespace orivanta::command {
+
+/// What the command line says; everything may be left out.
+struct ConnectionOptions {
+  std::optional<std::string> settingsFolder;  ///< takes the place of the main bundle
+  std::optional<std::string> endpoint;
+  std::optional<std::string> username;
+  std::optional<std::string> password;
+  std::optional<std::string> passwordFile;  ///< "-" for standard input
+};
+
+/// The first that is given of: command line, environment (ORIVANTA_ENDPOINT, ORIVANTA_USERNAME,
+/// ORIVANTA_PASSWORD), property lists, default. All but the observer are set in the result. Throws
+/// `CommandError`. Call it once, before the first use of the library.
+ApiSettings resolveSettings(const ConnectionOptions& options);
+
+/// The password of `options`, given directly or in a file, whose last line break does not count.
+/// Throws `CommandError` when it is given both ways or the file cannot be read.
+std::optional<std::string> givenPassword(const ConnectionOptions& options);
+
+/// The API root in the form that the library takes, ending in a slash. Throws `CommandError`, with
+/// `origin` in its text, when it is no absolute HTTP or HTTPS URL or has a query or a fragment.
+std::string usableEndpoint(const std::string& text, const std::string& origin);
+
+}  // namespace orivanta::command

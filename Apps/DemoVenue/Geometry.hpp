@@ -1,0 +1,49 @@
+// Points and outlines on a floor, in metres: x to the east, y to the north, the middle of the
+// building at the origin.
+#pragma once
+
+#include <vector>
+
+namespace orivanta::demo {
+
+struct Point {
+  double x = 0.0;
+  double y = 0.0;
+
+  friend Point operator+(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
+  friend Point operator-(Point a, Point b) { return {a.x - b.x, a.y - b.y}; }
+  friend Point operator*(Point a, double factor) { return {a.x * factor, a.y * factor}; }
+};
+
+/// The corners of a simple polygon, counter-clockwise, without repeating the first.
+using Outline = std::vector<Point>;
+
+double dot(Point a, Point b);
+/// The z of the cross product: positive when b lies to the left of a.
+double cross(Point a, Point b);
+double length(Point a);
+double distance(Point a, Point b);
+
+/// Positive for a counter-clockwise outline.
+double signedArea(const Outline& outline);
+
+/// Whether the point lies inside; on the border either answer may come.
+bool contains(const Outline& outline, Point point);
+
+/// The point of a segment that is nearest to another point, as a fraction of the way from a to b.
+double nearestFraction(Point a, Point b, Point point);
+double distanceToSegment(Point a, Point b, Point point);
+
+/// The distance to the nearest point of the border.
+double distanceToBorder(const Outline& outline, Point point);
+
+/// Whether two segments cross in a point inside both.
+bool cross(Point a, Point b, Point c, Point d);
+
+Outline rectangle(double left, double bottom, double right, double top);
+Outline circle(Point middle, double radius, int corners = 24);
+
+/// The outline moved outwards by a margin, corner by corner (inwards for a negative one).
+Outline grown(const Outline& outline, double margin);
+
+}  // namespace orivanta::demo

@@ -1,0 +1,100 @@
+#include "Apps/DemoVenue/Network.hpp"
+
+#include <utility>
+
+#include "Apps/DemoVenue/WalkingLines.hpp"
+
+namespace orivanta::demo {
+
+namespace {
+
+// What makes walking through a shop from door to door dearer than walking around it.
+constexpr double insideWeight = 8.0;
+
+class FloorNetwork {
+ public:
+  FloorNetwork(const Floor& floor, Network& network)
+      : floor_(floor), network_(network), lines_(floor.lines) {}
+
+  void build(const Plan& plan) {
+    for (const Place& place : floor_.places) addPlace(place);
+    for (const Connector& connector : plan.connectors)
+      for (const Stop& stop : connector.stops)
+        if (stop.floor == floor_.id) addStop(connector, stop);
+    addLines();
+    for (const auto& [point, way] : attached_) join(lineNode(point), way.first, way.second);
+  }
+
+ private:
+  std::size_t add(std::string id, Point position) {
+    network_.nodes.push_back({std::move(id), floor_.id, position, 0.0, {}});
+    return network_.nodes.size() - 1;
+  }
+
+  // `flow` is seen from `to`: `On` leads there, `Off` comes from there.
+  void join(std::size_t from, std::size_t to, Flow flow = Flow::Both) {
+    NetworkNode& first = network_.nodes[from];
+    NetworkNode& second = network_.nodes[to];
+    if (flow != Flow::Off) first.paths.push_back(second.id);
+    if (flow != Flow::On) second.paths.push_back(first.id);
+  }
+
+  void addPlace(const Place& place) {
+    const std::string prefix = std::string(floor_.id) + "-";
+    const std::string name(place.id);
+    const std::size_t inside = add(prefix + "in-" + name, place.shape.inside);
+    PlaceNodes nodes = {network_.nodes[inside].id, {}};
+    if (place.shape.doors.empty())
+      attached_.emplace_back(lines_.attach(place.shape.inside), std::pair{inside, Flow::Both});
+    if (place.shape.doors.size() > 1) network_.nodes[inside].weight = insideWeight;
+    for (std::size_t i = 0; i < place.shape.doors.size(); ++i) {
+      const std::string number = i == 0 ? "" : "-" + std::to_string(i + 1);
+      const std::size_t door = add(prefix + "door-" + name + number, place.shape.doors[i]);
+      join(door, inside);
+      attached_.emplace_back(lines_.attach(place.shape.doors[i]), std::pair{door, Flow::Both});
+      nodes.doors.push_back(network_.nodes[door].id);
+    }
+    network_.places[{floor_.id, place.id}] = std::move(nodes);
+  }
+
+  void addStop(const Connector& connector, const Stop& stop) {
+    const std::string id = std::string(connector.id) + "-" + std::string(floor_.id);
+    std::size_t last = add(id, stop.node);
+    network_.stops[connector.id].push_back(id);
+    for (std::size_t i = 0; i < stop.way.size(); ++i) {
+      const std::size_t next = add(id + "-way-" + std::to_string(i + 1), stop.way[i]);
+      join(next, last, stop.flow);
+      last = next;
+    }
+    attached_.emplace_back(lines_.attach(network_.nodes[last].position),
+                           std::pair{last, stop.flow});
+  }
+
+  void addLines() {
+    lines_.subdivide();
+    const WalkingLines::Stretches stretches = lines_.stretches();
+    firstLineNode_ = network_.nodes.size();
+    for (std::size_t i = 0; i < stretches.points.size(); ++i)
+      add(std::string(floor_.id) + "-" + std::to_string(i + 1), stretches.points[i]);
+    for (const auto& [from, to] : stretches.joined) join(lineNode(from), lineNode(to));
+  }
+
+  std::size_t lineNode(std::size_t point) const { return firstLineNode_ + point; }
+
+  const Floor& floor_;
+  Network& network_;
+  WalkingLines lines_;
+  std::size_t firstLineNode_ = 0;
+  // Points of the lines, and the node that hangs on each with the way its people walk.
+  std::vector<std::pair<std::size_t, std::pair<std::size_t, Flow>>> attached_;
+};
+
+}  // namespace
+
+Network makeNetwork(const Plan& plan) {
+  Network network;
+  for (const Floor& floor : plan.floors) FloorNetwork(floor, network).build(plan);
+  return network;
+}
+
+}  // namespace orivanta::demo

@@ -1,0 +1,218 @@
+// 2: the food terrace, the restaurants and the cinema.
+#include "Apps/DemoVenue/Plan/Structure.hpp"
+
+namespace orivanta::demo {
+
+namespace {
+
+// The large auditorium stands out over the garden side, behind the cinema's lobby.
+Shape greatAuditorium() {
+  Outline outline = {{93.5, -23.0}, {104.0, -21.0}, {112.0, -13.0},
+                     {112.0, 13.0}, {104.0, 21.0},  {93.5, 23.0}};
+  outline.push_back({93.5, 0.0});
+  return {outline, {{93.5, 0.0}}, {103.0, 0.0}};
+}
+
+Outline cinemaLobby() {
+  Outline outline = arc(corridorDepth, 5.0, -5.0);
+  outline.push_back({93.5, -6.0});
+  outline.push_back({93.5, 6.0});
+  return outline;
+}
+
+std::vector<Place> foodAndFilm() {
+  return {
+      {"ecliptic-1",
+       "cinema",
+       {"Ecliptic Pictures, screen 1", "黄道シネマ スクリーン1", "سينما فلك البروج، القاعة 1",
+        "Ekliptik-Kino, Saal 1"},
+       "Silent films with a live piano on Sundays.",
+       outer(6, 22)},
+      {"ecliptic-2",
+       "cinema",
+       {"Ecliptic Pictures, screen 2", "黄道シネマ スクリーン2", "سينما فلك البروج، القاعة 2",
+        "Ekliptik-Kino, Saal 2"},
+       "New films in their own language.",
+       outer(338, 354)},
+      {"ecliptic-great",
+       "cinema",
+       {"Ecliptic Pictures, great screen", "黄道シネマ 大スクリーン",
+        "سينما فلك البروج، القاعة الكبرى", "Ekliptik-Kino, großer Saal"},
+       "Four hundred seats under a painted zodiac.",
+       greatAuditorium()},
+      {"popcorn-nebula",
+       "street-food",
+       {"Popcorn Nebula", "ポップコーン星雲", "سديم الفشار"},
+       "Sweet, salted or on fire.",
+       outer(22, 32)},
+      {"toilets-l2",
+       "toilets",
+       {"Toilets, second floor", "トイレ（3階）", "دورات المياه، الطابق الثاني",
+        "Toiletten 2. Obergeschoss"},
+       "With a step-free cabin.",
+       outer(32, 38)},
+      {"cash-l2",
+       "cash",
+       {"Cash machine, second floor", "ATM（3階）", "الصراف الآلي، الطابق الثاني",
+        "Geldautomat 2. Obergeschoss"},
+       "One machine beside the stairs.",
+       niche(38, 42, 9.0)},
+      {"charcoal-ode",
+       "street-food",
+       {"Ode to Charcoal", "炭火への頌歌", "قصيدة الفحم"},
+       "Skewers, flatbread, smoke.",
+       outer(47, 57)},
+      {"lemon-mortar",
+       "street-food",
+       {"Lemon & Mortar", "レモンと乳鉢", "ليمون وهاون"},
+       "Hummus, herbs, falafel from the pan.",
+       outer(57, 67)},
+      {"rice-ferry",
+       "street-food",
+       {"The Rice Ferry", "飯の渡し舟", "عبّارة الأرز"},
+       "Bowls that arrive on time.",
+       outer(67, 77)},
+      {"tortilla-post",
+       "street-food",
+       {"Blue Maize", "青とうもろこし", "الذرة الزرقاء"},
+       "Tortillas pressed at the counter.",
+       outer(77, 87)},
+      {"dosa-dynamo",
+       "street-food",
+       {"Dosa Dynamo", "ドーサ・ダイナモ", "دينامو الدوسا"},
+       "A metre of crispness.",
+       outer(87, 97)},
+      {"bao-barometer",
+       "street-food",
+       {"Bao Barometer", "包子気圧計", "بارومتر الباو"},
+       "Rising all day.",
+       outer(97, 107)},
+      {"stockpot-choir",
+       "restaurants",
+       {"The Stockpot Choir", "寸胴合唱団", "جوقة القدور"},
+       "Slow dishes, long tables.",
+       outer(107, 123)},
+      {"red-cedar-table",
+       "restaurants",
+       {"Red Cedar Table", "赤杉の食卓", "مائدة الأرز الأحمر"},
+       "Grilled fish and mountain wine.",
+       outer(123, 137)},
+      {"mulberry-court",
+       "restaurants",
+       {"Mulberry Silk Road", "桑のシルクロード", "طريق التوت والحرير"},
+       "Eleven kitchens on one menu.",
+       outer(137, 149.7)},
+      {"quillon",
+       "department",
+       {"Quillon & Daughters", "クイヨン&ドーターズ", "كويون وبناتها"},
+       "Three floors of nearly everything. Ground floor: scent, scarves and the famous glove "
+       "counter.",
+       {westBlock(), {at(corridorDepth, 172), at(corridorDepth, 188)}, {-88.0, 0.0}}},
+      {"night-heron-bar",
+       "bars",
+       {"The Night Heron", "五位鷺バー", "بلشون الليل"},
+       "Alcohol-free cocktails, and the other kind.",
+       outer(210.3, 223)},
+      {"pendulum-arcade",
+       "play",
+       {"Pendulum Arcade", "振り子ゲームセンター", "ألعاب البندول"},
+       "Pinball, air hockey and one honest claw.",
+       outer(228, 252)},
+      {"waltz-academy",
+       "culture",
+       {"Three-Four School of Dance", "四分の三拍子舞踏学校", "مدرسة ثلاثة أرباع للرقص",
+        "Tanzschule Dreiviertel"},
+       "Waltz on Mondays, dabke on Thursdays.",
+       outer(252, 270)},
+      {"climbing-ivy",
+       "fitness",
+       {"Ivy Climbing Wall", "蔦のクライミング", "جدار اللبلاب للتسلق"},
+       "Nine metres up, soft landing guaranteed.",
+       outer(270, 292)},
+      {"puppet-theatre",
+       "culture",
+       {"The Thumb Theatre", "親指劇場", "مسرح الإبهام"},
+       "A theatre for very small actors.",
+       outer(292, 313)},
+      {"trampoline-sky",
+       "play",
+       {"Low Gravity", "低重力", "الجاذبية الخفيفة"},
+       "Trampolines, socks obligatory.",
+       outer(318, 338)},
+  };
+}
+
+std::vector<Place> aroundTheAtrium() {
+  return {
+      {"perseid-terrace",
+       "gardens",
+       {"Perseid food terrace", "ペルセウス・フードテラス", "شرفة البرشاويات للطعام",
+        "Perseiden-Terrasse"},
+       "Two hundred seats between the counters and the atrium.",
+       ground(sector(29.5, 38.5, 18, 47), at(34, 33))},
+      {"leonid-terrace",
+       "gardens",
+       {"Leonid food terrace", "獅子座フードテラス", "شرفة الأسديات للطعام", "Leoniden-Terrasse"},
+       "Quieter seats, high chairs and sockets.",
+       ground(sector(29.5, 38.5, 51, 80), at(34, 65))},
+      {"gramophone-room",
+       "restaurants",
+       {"The Gramophone Room", "蓄音機の間", "قاعة الغراموفون"},
+       "Dinner at the pace of one record a course.",
+       island(98, 131, Front::Both)},
+      {"tea-orrery",
+       "cafes",
+       {"Tea & Trajectory", "お茶と軌道", "شاي ومسار"},
+       "Thirty teas, each with its orbit time.",
+       island(131, 164, Front::Both)},
+      {"comet-kids",
+       "play",
+       {"Comet's Nursery", "彗星の保育園", "حضانة المذنب", "Kinderstube Komet"},
+       "Two hours of play while you shop.",
+       island(196, 229)},
+      {"story-well",
+       "books",
+       {"The Story Well", "物語の井戸", "بئر الحكايات"},
+       "Picture books and a teller at four.",
+       island(229, 262, Front::Both)},
+      {"waffle-zenith",
+       "sweets",
+       {"Waffle Zenith", "ワッフル天頂", "سمت الوافل"},
+       "As high as waffles go.",
+       island(278, 311, Front::Both)},
+      {"poster-archive",
+       "gifts",
+       {"The Poster Archive", "ポスター資料館", "أرشيف الملصقات"},
+       "Every film shown here since the opening.",
+       island(311, 344)},
+  };
+}
+
+}  // namespace
+
+Floor makeSecondFloor() {
+  Floor floor = {.id = "l2",
+                 .shortName = "2",
+                 .names = {"Second floor", "3階", "الطابق الثاني", "2. Obergeschoss"},
+                 .elevation = 10.0,
+                 .slab = {},
+                 .voids = {},
+                 .walkways = {},
+                 .lines = {},
+                 .places = {}};
+  addRingSlab(floor);
+  floor.slab.push_back(grown(westBlock(), 0.5));
+  floor.slab.push_back({{80, -24}, {104.5, -22}, {113, -13.5}, {113, 13.5}, {104.5, 22}, {80, 24}});
+  addRing(floor);
+  addGallery(floor);
+  floor.walkways.push_back({"cinema-lobby", cinemaLobby()});
+  floor.walkways.push_back({"food-terrace", sector(islandDepth, galleryDepth, 16, 82)});
+  floor.lines.push_back({{{91.0, 0.0}, at(23, 0)}});
+  for (const double bearing : {33.0, 49.0, 65.0})
+    floor.lines.push_back({{at(23, bearing), at(43, bearing)}});
+  for (const auto& part : {foodAndFilm(), aroundTheAtrium()})
+    floor.places.insert(floor.places.end(), part.begin(), part.end());
+  return floor;
+}
+
+}  // namespace orivanta::demo

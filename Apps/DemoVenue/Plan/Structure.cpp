@@ -1,0 +1,91 @@
+#include "Apps/DemoVenue/Plan/Structure.hpp"
+
+namespace orivanta::demo {
+
+namespace {
+
+constexpr double bridgeBearing = 83.76;  // where the bridge, 10 m wide, meets the gallery
+
+void addRadialLine(Floor& floor, double bearing) {
+  floor.lines.push_back({{at(23.0, bearing), at(43.0, bearing)}});
+}
+
+Outline bridge() {
+  Outline outline = arc(atriumDepth, bridgeBearing, 180.0 - bridgeBearing);
+  for (const Point point : arc(atriumDepth, 180.0 + bridgeBearing, 360.0 - bridgeBearing))
+    outline.push_back(point);
+  return outline;
+}
+
+Outline square(const std::vector<Point>& corners, double from, double to) {
+  Outline outline = corners;
+  for (const Point point : arc(0.0, from, to)) outline.push_back(point);
+  return outline;
+}
+
+}  // namespace
+
+void addRing(Floor& floor) {
+  const auto quarter = [&](std::string_view id, double from) {
+    floor.walkways.push_back({id, sector(corridorDepth, islandDepth, from, from + 90.0)});
+  };
+  quarter("ring-ne", 0.0);
+  quarter("ring-nw", 90.0);
+  quarter("ring-sw", 180.0);
+  quarter("ring-se", 270.0);
+  floor.walkways.push_back({"passage-east", sector(islandDepth, galleryDepth, -16.0, 16.0)});
+  floor.walkways.push_back({"passage-north", sector(islandDepth, galleryDepth, 82.0, 98.0)});
+  floor.walkways.push_back({"passage-west", sector(islandDepth, galleryDepth, 164.0, 196.0)});
+  floor.walkways.push_back({"passage-south", sector(islandDepth, galleryDepth, 262.0, 278.0)});
+  floor.lines.push_back({oval(23.0), true});
+  floor.lines.push_back({oval(43.0), true});
+  for (const double bearing : {10.0, 170.0, 190.0, 350.0}) addRadialLine(floor, bearing);
+  for (const double x : {-5.0, 5.0})
+    for (const double side : {-1.0, 1.0})
+      floor.lines.push_back({{{x, side * 20.0}, {x, side * 41.5}}});
+}
+
+void addCourt(Floor& floor) {
+  floor.walkways.push_back({"court", oval(galleryDepth)});
+  floor.lines.push_back({circle({}, 10.0, 16), true});
+  floor.lines.push_back({{{10.0, 0.0}, {49.0, 0.0}}});
+  floor.lines.push_back({{{-10.0, 0.0}, {-49.0, 0.0}}});
+  floor.lines.push_back({{{0.0, 10.0}, {0.0, 21.0}}});
+  floor.lines.push_back({{{0.0, -10.0}, {0.0, -21.0}}});
+}
+
+void addGallery(Floor& floor) {
+  const auto quarter = [&](std::string_view id, double from) {
+    floor.walkways.push_back({id, sector(galleryDepth, atriumDepth, from, from + 90.0)});
+  };
+  quarter("gallery-ne", 0.0);
+  quarter("gallery-nw", 90.0);
+  quarter("gallery-sw", 180.0);
+  quarter("gallery-se", 270.0);
+  floor.walkways.push_back({"bridge", bridge()});
+  floor.lines.push_back({{{0.0, 21.0}, {0.0, -21.0}}});
+  floor.voids.push_back(arc(atriumDepth, -bridgeBearing, bridgeBearing));
+  floor.voids.push_back(arc(atriumDepth, 180.0 - bridgeBearing, 180.0 + bridgeBearing));
+}
+
+void addRingSlab(Floor& floor) {
+  for (double from = 0.0; from < 360.0; from += 30.0)
+    floor.slab.push_back(sector(0.0, atriumDepth, from, from + 30.0));
+  floor.slab.push_back(bridge());
+}
+
+Outline squareNorth() {
+  return square({{43.0, 84.0}, {-43.0, 84.0}}, 118.0, 62.0);
+}
+Outline squareSouth() {
+  return square({{-43.0, -90.0}, {43.0, -90.0}}, 298.0, 242.0);
+}
+Outline squareEast() {
+  return square({{106.0, -26.0}, {106.0, 26.0}}, 24.0, -24.0);
+}
+
+Outline lobby(double bearing) {
+  return sector(0.0, corridorDepth, bearing - 4.0, bearing + 4.0);
+}
+
+}  // namespace orivanta::demo

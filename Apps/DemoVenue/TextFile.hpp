@@ -1,0 +1,12 @@
+// Writing whole files.
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace orivanta::demo {
+
+/// Replaces the file. Throws `std::runtime_error` with the file's name when it cannot be written.
+void writeFile(const std::filesystem::path& file, std::string_view bytes);
+
+}  // namespace orivanta::demo

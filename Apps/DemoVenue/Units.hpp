@@ -1,0 +1,21 @@
+// From the plan's metres to the venue's units, rounded so that every machine writes the same
+// digits.
+#pragma once
+
+#include <cmath>
+
+namespace orivanta::demo {
+
+inline constexpr double unitsPerMetre = 3.0;
+
+/// Hundredths of a unit are enough: 3 mm.
+inline double rounded(double units) {
+  const double value = std::round(units * 100.0) / 100.0;
+  return value == 0.0 ? 0.0 : value;  // no negative zero
+}
+
+inline double toUnits(double metres) {
+  return rounded(metres * unitsPerMetre);
+}
+
+}  // namespace orivanta::demo

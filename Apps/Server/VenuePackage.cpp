@@ -1,0 +1,144 @@
+#include "Apps/Server/VenuePackage.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <boost/json/object.hpp>
+#include <boost/json/parser.hpp>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <optional>
+
+#include "Apps/Server/JsonText.hpp"
+#include "Apps/Server/PackageError.hpp"
+#include "Apps/Server/UrlText.hpp"
+#include "Source/JsonDocument.hpp"
+
+namespace orivanta::server {
+
+namespace fs = std::filesystem;
+namespace json = boost::json;
+
+namespace {
+
+[[noreturn]] void refuse(const fs::path& file, std::string_view reason) {
+  throw PackageError(fmt::format("{}: {}", file.string(), reason));
+}
+
+std::string contentsOf(const fs::path& file) {
+  if (!fs::exists(file)) refuse(file, "the file is missing");
+  if (!fs::is_regular_file(file)) refuse(file, "not a file");
+  std::ifstream stream(file, std::ios::binary);
+  std::string contents{std::istreambuf_iterator<char>(stream), {}};
+  if (!stream) refuse(file, "the file cannot be read");
+  return contents;
+}
+
+// What is wrong with a text that the document parser refused, and where.
+std::string faultOf(std::string_view text) {
+  json::parse_options options;
+  options.max_depth = deepestJsonNesting;
+  json::parser parser({}, options);
+  json::error_code error;
+  const std::size_t position = parser.write_some(text.data(), text.size(), error);
+  if (!error && position == text.size()) return "it holds a number beyond the range of a double";
+  const std::string_view before = text.substr(0, position);
+  const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+  const std::size_t column = before.size() - (before.rfind('\n') + 1) + 1;
+  return fmt::format("{} at line {}, column {}", error ? error.message() : "more than one value",
+                     line, column);
+}
+
+struct JsonFile {
+  std::string text;
+  std::shared_ptr<const json::value> value;
+};
+
+JsonFile readJson(const fs::path& file) {
+  JsonFile read{contentsOf(file), nullptr};
+  read.value = parseJsonDocument(read.text);
+  if (!read.value) refuse(file, "not JSON: " + faultOf(read.text));
+  return read;
+}
+
+std::string requiredText(const fs::path& file, const json::object& venue, std::string_view key) {
+  const json::value* value = venue.if_contains(key);
+  if (value == nullptr || !value->is_string())
+    refuse(file, fmt::format("the venue has no text \"{}\"", key));
+  return std::string(value->get_string());
+}
+
+void readVenue(const fs::path& file, VenuePackage& package) {
+  JsonFile read = readJson(file);
+  if (!read.value->is_object()) refuse(file, "not an object");
+  requiredText(file, read.value->get_object(), "id");
+  package.slug = requiredText(file, read.value->get_object(), "slug");
+  if (package.slug.empty() || package.slug == "." || package.slug == "..")
+    refuse(file, fmt::format("the slug \"{}\" cannot be part of a URL", package.slug));
+  package.venue = std::move(read.text);
+}
+
+void readCollection(const fs::path& file, std::string_view filesPath,
+                    RecordCollection& collection) {
+  const JsonFile read = readJson(file);
+  if (!read.value->is_array()) refuse(file, "not an array");
+  for (const std::string_view record : jsonElements(read.text))
+    collection.append(record, filesPath);
+}
+
+bool isPackage(const fs::path& folder) {
+  return fs::exists(folder / "venue.json");
+}
+
+std::vector<fs::path> packagesIn(const fs::path& folder) {
+  if (!fs::is_directory(folder)) refuse(folder, "no such folder");
+  if (isPackage(folder)) return {folder};
+  std::vector<fs::path> packages;
+  for (const auto& entry : fs::directory_iterator(folder))
+    if (isPackage(entry.path())) packages.push_back(entry.path());
+  if (packages.empty())
+    refuse(folder, "neither a venue package (no venue.json) nor a folder of them");
+  std::sort(packages.begin(), packages.end());
+  return packages;
+}
+
+}  // namespace
+
+std::string VenuePackage::filesPath() const {
+  return fmt::format("/1/files/{}/", percentEncoded(slug));
+}
+
+const RecordCollection* VenuePackage::collection(std::string_view name) const {
+  const auto entry = std::find(collectionNames.begin(), collectionNames.end(), name);
+  if (entry == collectionNames.end()) return nullptr;
+  return &collections[static_cast<std::size_t>(entry - collectionNames.begin())];
+}
+
+VenuePackage readPackage(const fs::path& folder) {
+  VenuePackage package;
+  package.folder = fs::canonical(folder);
+  readVenue(folder / "venue.json", package);
+  for (std::size_t index = 0; index < collectionNames.size(); ++index)
+    readCollection(folder / fmt::format("{}.json", collectionNames[index]), package.filesPath(),
+                   package.collections[index]);
+  return package;
+}
+
+std::vector<VenuePackage> readPackages(const std::vector<fs::path>& folders) {
+  std::vector<VenuePackage> packages;
+  std::map<std::string, fs::path> foldersBySlug;
+  for (const fs::path& folder : folders) {
+    for (const fs::path& packageFolder : packagesIn(folder)) {
+      packages.push_back(readPackage(packageFolder));
+      const std::string& slug = packages.back().slug;
+      const auto [entry, isNew] = foldersBySlug.emplace(slug, packageFolder);
+      if (!isNew)
+        refuse(packageFolder,
+               fmt::format("the slug \"{}\" is also that of {}", slug, entry->second.string()));
+    }
+  }
+  return packages;
+}
+
+}  // namespace orivanta::server

@@ -1,0 +1,14 @@
+// A shopping mall as the web API's JSON, of any size.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+
+namespace orivanta::benchmarks {
+
+/// The collections of a venue with about so many nodes, by resource name ("node", "location", ...),
+/// each a JSON array; "venue" is one object. The slug is "mall".
+std::map<std::string, std::string> mallJson(std::size_t nodeCount);
+
+}  // namespace orivanta::benchmarks

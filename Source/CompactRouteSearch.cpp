@@ -1,0 +1,130 @@
+#include "Source/CompactRouteSearch.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "Source/Node.hpp"
+
+namespace orivanta {
+
+namespace {
+
+constexpr RouteNetwork::Index none = std::numeric_limits<RouteNetwork::Index>::max();
+
+bool isFinite(const std::shared_ptr<Node>& node) {
+  return std::isfinite(node->x) && std::isfinite(node->y) && std::isfinite(node->z);
+}
+
+}  // namespace
+
+bool CompactRouteSearch::covers(const RouteNetwork& network, const NodeList& nodes,
+                                const NodeList& destinations) {
+  return network.isRegular() && std::all_of(nodes.begin(), nodes.end(), isFinite) &&
+         std::all_of(destinations.begin(), destinations.end(), isFinite);
+}
+
+CompactRouteSearch::CompactRouteSearch(const RouteNetwork& network, const NodeList& nodes,
+                                       const NodeList& destinations)
+    : network_(network), state_(network.takeState(network.size() + nodes.size())) {
+  destinations_.reserve(destinations.size());
+  for (const auto& destination : destinations)
+    destinations_.push_back({destination->x, destination->y, destination->z});
+  for (const auto& start : nodes) putStart(start);
+  for (const auto& destination : destinations) {
+    const Index index = number(destination);
+    if (index != none) state_->nodes[index].destinationStamp = state_->stamp;
+  }
+}
+
+CompactRouteSearch::~CompactRouteSearch() {
+  network_.giveBack(std::move(state_));
+}
+
+std::optional<Route> CompactRouteSearch::run() {
+  RouteFrontier& frontier = state_->frontier;
+  for (std::size_t taken = 1; !frontier.empty(); ++taken) {
+    const Index current = frontier.front();
+    frontier.removeFront();
+    NodeState& node = state_->nodes[current];
+    if (node.destinationStamp == state_->stamp) return routeTo(current, taken);
+    node.queued = false;
+    if (current < network_.size()) expand(current);
+  }
+  return std::nullopt;
+}
+
+void CompactRouteSearch::expand(Index current) {
+  NodeState* const nodes = state_->nodes.data();
+  const std::uint32_t stamp = state_->stamp;
+  const double costSoFar = nodes[current].cost;
+  const RouteNetwork::Place& place = network_.places()[current];
+  const RouteNetwork::Link* const end = network_.links() + place.endLink;
+  for (const auto* link = network_.links() + place.firstLink; link != end; ++link) {
+    NodeState& target = nodes[link->target];
+    const double cost = costSoFar + link->weight;
+    if (target.reachedStamp != stamp) {
+      const RouteNetwork::Place& there = network_.places()[link->target];
+      target.reachedStamp = stamp;
+      target.heuristic = heuristic({there.x, there.y, there.z});
+      target.queued = false;
+    } else if (!(cost < target.cost)) {
+      continue;
+    }
+    target.cost = cost;
+    target.predecessor = current;
+    if (target.queued) continue;
+    target.queued = true;
+    state_->frontier.put(cost + target.heuristic, link->target);
+  }
+}
+
+// The root of the greatest square is the greatest root: rounding is monotone.
+double CompactRouteSearch::heuristic(const Position& position) const {
+  double greatest = 0.0;
+  for (const Position& destination : destinations_) {
+    const double dx = position.x - destination.x;
+    const double dy = position.y - destination.y;
+    const double dz = position.z - destination.z;
+    greatest = std::max(greatest, dx * dx + dy * dy + dz * dz);
+  }
+  return std::sqrt(greatest);
+}
+
+void CompactRouteSearch::putStart(const std::shared_ptr<Node>& start) {
+  Index index = number(start);
+  if (index == none) {
+    index = static_cast<Index>(network_.size() + foreign_.size());
+    foreign_.push_back(start);
+  }
+  NodeState& state = state_->nodes[index];
+  if (state.reachedStamp == state_->stamp) return;
+  state.reachedStamp = state_->stamp;
+  state.cost = 0.0;
+  state.heuristic = heuristic({start->x, start->y, start->z});
+  state.predecessor = none;
+  state.queued = true;
+  state_->frontier.put(state.heuristic, index);
+}
+
+RouteNetwork::Index CompactRouteSearch::number(const std::shared_ptr<Node>& node) {
+  if (const auto index = network_.find(*node)) return *index;
+  const auto known = std::find(foreign_.begin(), foreign_.end(), node);
+  if (known == foreign_.end()) return none;
+  return static_cast<Index>(network_.size() + static_cast<std::size_t>(known - foreign_.begin()));
+}
+
+const std::shared_ptr<Node>& CompactRouteSearch::node(Index index) const {
+  return index < network_.size() ? network_.node(index) : foreign_[index - network_.size()];
+}
+
+Route CompactRouteSearch::routeTo(Index destination, std::size_t takenNodes) const {
+  Route route{{}, state_->nodes[destination].cost, takenNodes};
+  for (Index index = destination; index != none; index = state_->nodes[index].predecessor)
+    route.path.push_back(node(index));
+  std::reverse(route.path.begin(), route.path.end());
+  return route;
+}
+
+}  // namespace orivanta

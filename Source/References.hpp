@@ -1,0 +1,42 @@
+// The identifiers by which one record's JSON refers to others: a text, a list of texts, or a list
+// of objects with a text each. Read in place, since a large venue has hundreds of thousands.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "Source/RawData.hpp"
+
+namespace orivanta {
+
+/// A function that is called with each identifier; it must not keep the view beyond the data.
+class ReferenceVisitor {
+ public:
+  template <class Function>
+  ReferenceVisitor(Function&& function)  // NOLINT(google-explicit-constructor): for call sites
+      : context_(&function), call_([](void* context, std::string_view id) {
+          (*static_cast<std::remove_reference_t<Function>*>(context))(id);
+        }) {}
+  void operator()(std::string_view id) const { call_(context_, id); }
+
+ private:
+  void* context_;
+  void (*call_)(void*, std::string_view);
+};
+
+/// The text under a key of an object; nothing when there is none.
+std::optional<std::string_view> referenceIn(const RawData& data, std::string_view key);
+
+/// Visits the elements of the array under a key that are texts, in order.
+void forEachReference(const RawData& data, std::string_view key, ReferenceVisitor visit);
+
+/// Visits the texts under `member` of the elements of the array under a key, in order; elements
+/// without such a text are passed over.
+void forEachReference(const RawData& data, std::string_view key, std::string_view member,
+                      ReferenceVisitor visit);
+
+/// The number of elements of the array under a key, visited or not; 0 for anything else.
+std::size_t countOfReferences(const RawData& data, std::string_view key);
+
+}  // namespace orivanta

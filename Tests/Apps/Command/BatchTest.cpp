@@ -1,0 +1,132 @@
+#include "Apps/Command/Batch.hpp"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <vector>
+
+#include "Tests/Apps/Command/TwoFloorVenue.hpp"
+
+namespace orivanta::command {
+namespace {
+
+TEST(Batch, AnswersRequests) {
+  const auto venue = test::TwoFloorVenue().load();
+  const BatchRouter router(*venue);
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {R"({"id": 1, "from": ["n1"], "to": ["n3"]})",
+       R"({"id":1,"path":["n1","n2","n3"],"weight":6})"},
+      {R"({"id": "a", "from": ["n4", "n2"], "to": ["n1"]})",
+       R"({"id":"a","path":["n2","n1"],"weight":3})"},
+      {R"({"fromLocation": "l1", "toLocation": "l2"})",
+       R"({"id":null,"path":["n1","n2","u2"],"weight":13})"},
+      {R"({"id": null, "from": ["n1"], "toLocation": "l1"})",
+       R"({"id":null,"path":["n1"],"weight":0})"},
+      {R"({"id": 2, "from": ["n1"], "to": ["n4"]})", R"({"id":2,"path":null,"weight":null})"},
+      {R"({"id": 3, "from": [], "to": ["n4"]})", R"({"id":3,"path":null,"weight":null})"},
+      // Identifiers come back just as they were written.
+      {R"( {"from":["n1"],"to":["n1"] , "id" : [1.50, {"id": "}\""}] } )",
+       R"({"id":[1.50, {"id": "}\""}],"path":["n1"],"weight":0})"},
+      {R"({"id":12345678901234567890123,"from":["n1"],"to":["n1"]})",
+       R"({"id":12345678901234567890123,"path":["n1"],"weight":0})"},
+      {R"({"i\u0064":"\u00e9","from":["n1"],"to":["n1"]})",
+       R"({"id":"\u00e9","path":["n1"],"weight":0})"},
+  };
+  for (const auto& [request, answer] : cases) EXPECT_EQ(router.answer(request), answer) << request;
+}
+
+TEST(Batch, AnswersBadLinesWithAnError) {
+  const auto venue = test::TwoFloorVenue().load();
+  const BatchRouter router(*venue);
+  struct Case {
+    std::string line;
+    std::string id;
+    std::string said;
+  };
+  const std::vector<Case> cases = {
+      {"from n1 to n2", "null", "no JSON object"},
+      {R"([{"id":1}])", "null", "no JSON object"},
+      {R"({"id":1,"from":["n1"],"to":["n2"])", "null", "no JSON object"},
+      {R"({"id":1} {"id":2})", "null", "no JSON object"},
+      {"{\"id\":\"\xFF\"}", "null", "no JSON object"},
+      {"{}", "null", R"(no \"from\" or \"fromLocation\")"},
+      {R"({"id":"x","from":["n1"]})", R"("x")", R"(no \"to\")"},
+      {R"({"id":1,"from":"n1","to":["n2"]})", "1", "list of identifiers"},
+      {R"({"id":1,"from":["n1"],"to":{"n2":1}})", "1", "list of identifiers"},
+      {R"({"id":1,"from":["n1"],"to":[2]})", "1", "identifier of a node"},
+      {R"({"id":1,"from":["n1"],"to":["n9"]})", "1", R"(unknown node \"n9\")"},
+      {R"({"id":1,"fromLocation":"n1","to":["n2"]})", "1", R"(unknown location \"n1\")"},
+      {R"({"id":1,"fromLocation":["l1"],"to":["n2"]})", "1", "identifier of a location"},
+      {R"({"id":1,"from":["n1"],"fromLocation":"l1","to":["n2"]})", "1", "give either"},
+  };
+  for (const Case& each : cases) {
+    const std::string answer = router.answer(each.line);
+    EXPECT_TRUE(answer.starts_with(R"({"id":)" + each.id + R"(,"error":")")) << answer;
+    EXPECT_NE(answer.find(each.said), std::string::npos) << answer;
+    EXPECT_TRUE(RawData::parse(answer)) << answer;
+  }
+}
+
+TEST(Batch, WritesQuotedIdentifiersAndInfiniteWeights) {
+  test::TwoFloorVenue small;
+  small.nodes = R"([{"id": "a\"\n", "map": "g", "x": 1e300, "y": 0, "paths": [{"node": "b"}]},
+                    {"id": "b", "map": "g", "x": -1e300, "y": 0}])";
+  const auto venue = small.load();
+  EXPECT_EQ(BatchRouter(*venue).answer(R"({"from": ["a\"\n"], "to": ["b"]})"),
+            R"({"id":null,"path":["a\"\n","b"],"weight":1e999})");
+}
+
+// A stream buffer that hands out one line at a time and notes what had been written by then.
+class TurnTaking : public std::streambuf {
+ public:
+  TurnTaking(std::vector<std::string> lines, const std::string& written)
+      : lines_(std::move(lines)), written_(written) {}
+
+  std::vector<std::string> writtenBefore;
+
+ protected:
+  int_type underflow() override {
+    if (next_ == lines_.size()) return traits_type::eof();
+    writtenBefore.push_back(written_);
+    std::string& line = lines_[next_++];
+    setg(line.data(), line.data(), line.data() + line.size());
+    return traits_type::to_int_type(*gptr());
+  }
+
+ private:
+  std::vector<std::string> lines_;
+  const std::string& written_;
+  std::size_t next_ = 0;
+};
+
+TEST(Batch, AnswersEachLineBeforeItReadsTheNext) {
+  const auto venue = test::TwoFloorVenue().load();
+  std::string written;
+  TurnTaking input(
+      {"{\"id\":1}\n", " \t\r\n", "\n", "nonsense\r\n", R"({"id":2,"from":["n1"],"to":["n1"]})"},
+      written);
+  std::istream stream(&input);
+  answerLines(stream, BatchRouter(*venue), [&](std::string_view text) { written += text; });
+  const std::string first = "{\"id\":1,\"error\":\"no \\\"from\\\" or \\\"fromLocation\\\"\"}\n";
+  const std::string second = "{\"id\":null,\"error\":\"the line is no JSON object\"}\n";
+  EXPECT_EQ(input.writtenBefore,
+            (std::vector<std::string>{"", first, first, first, first + second}));
+  EXPECT_EQ(written, first + second + "{\"id\":2,\"path\":[\"n1\"],\"weight\":0}\n");
+}
+
+TEST(RawMember, FindsTheTextOfATopLevelMember) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"{}", ""},
+      {R"({"id":1})", "1"},
+      {R"({ "id" : -1.5e3 , "x":2})", "-1.5e3"},
+      {R"({"x":{"id":1},"y":["id",2]})", ""},
+      {R"({"x":"id","id":true})", "true"},
+      {R"({"x":"a\\","id":"\"}"})", R"("\"}")"},
+      {R"({"id":1,"id":[ ]})", "[ ]"},
+      {R"({"ID":1,"id ":2,"\u0069d":3})", "3"},
+  };
+  for (const auto& [object, member] : cases) EXPECT_EQ(rawMember(object, "id"), member) << object;
+}
+
+}  // namespace
+}  // namespace orivanta::command

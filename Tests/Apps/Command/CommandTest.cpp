@@ -1,0 +1,286 @@
+// The program as its users run it, against the venue server.
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <fstream>
+
+#include "Apps/Server/VenueServer.hpp"
+#include "Source/RawData.hpp"
+#include "Tests/Apps/Command/Program.hpp"
+#include "Tests/Apps/Command/TwoFloorVenue.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+#include "Tests/Support/Venues.hpp"
+
+namespace orivanta::command {
+namespace {
+
+using test::Program;
+using test::ProgramResult;
+using test::runProgram;
+
+bool contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+class Command : public testing::Test {
+ protected:
+  Command() : server_(options()) {}
+
+  ProgramResult run(const std::vector<std::string>& arguments, std::string_view input = "") const {
+    return runProgram(arguments, environment(), input);
+  }
+
+  std::vector<std::string> environment() const {
+    return {"ORIVANTA_ENDPOINT=" + server_.root(), "ORIVANTA_USERNAME=me",
+            "ORIVANTA_PASSWORD=s3cret"};
+  }
+
+  server::ServerOptions options() const {
+    const test::TwoFloorVenue venue;
+    folder_.write("package/venue.json", venue.venue);
+    folder_.write("package/map.json", venue.maps);
+    folder_.write("package/node.json", venue.nodes);
+    folder_.write("package/vortex.json", venue.vortices);
+    folder_.write("package/category.json", venue.categories);
+    folder_.write("package/polygon.json", venue.polygons);
+    folder_.write("package/location.json", venue.locations);
+    server::ServerOptions result;
+    result.folders = {folder_.path() / "package"};
+    result.username = "me";
+    result.password = "s3cret";
+    result.pageSize = 2;
+    return result;
+  }
+
+  test::TemporaryFolder folder_;
+  server::VenueServer server_;
+};
+
+TEST_F(Command, AnswersQueries) {
+  struct Case {
+    std::vector<std::string> arguments;
+    int exitCode;
+    std::string output;
+    std::string said;  // a part of standard error; "" for nothing at all
+  };
+  const std::vector<Case> cases = {
+      {{"venues"}, 0, "small  Small Mall\n", ""},
+      {{"venues", "--json"},
+       0,
+       R"([{"id":"v","slug":"small","name":"Small Mall"}])"
+       "\n",
+       ""},
+      {{"--json", "venues"},
+       0,
+       R"([{"id":"v","slug":"small","name":"Small Mall"}])"
+       "\n",
+       ""},
+      {{"venue", "small", "--locations"},
+       0,
+       "l1  Bakery     G   Food\nl2  Book Shop  F1  Shops\n",
+       ""},
+      {{"venue", "small", "--locations", "o"}, 0, "l2  Book Shop  F1  Shops\n", ""},
+      {{"venue", "--locations=BAKE", "small"}, 0, "l1  Bakery  G  Food\n", ""},
+      {{"venue", "small", "--locations", "zoo"}, 1, "", "no location with \"zoo\""},
+      {{"venue", "smell"}, 1, "", "no venue \"smell\"; the server has small"},
+      {{"route", "small", "--from", "bakery", "--to", "l2"},
+       0,
+       "Depart from Bakery\nArrive at Book Shop\nFloors:      G, F1\n"
+       "Connectors:  Stairs B (stairs), G -> F1\nLength:      1.5 m (3.0 units)\n",
+       ""},
+      {{"route", "--accessible", "--from", "bakery", "--to", "l2", "small"},
+       0,
+       "Depart from Bakery\nArrive at Book Shop\nFloors:      G, F1\n"
+       "Connectors:  Lift A (elevator), G -> F1\nLength:      4.5 m (9.0 units)\n",
+       ""},
+      {{"route", "small", "--from", "n4", "--from", "l1", "--to", "n1"},
+       0,
+       "Floors:  G\nLength:  0.0 m (0.0 units)\n",
+       ""},
+      {{"route", "small", "--from", "n1", "--to", "n4"}, 1, "", "no route from n1 to n4"},
+      {{"route", "small", "--from", "n1", "--to", "n4", "--json"},
+       1,
+       R"({"path":null,"weight":null})"
+       "\n",
+       "no route from n1 to n4"},
+      {{"route", "small", "--from", "n1", "--to", "cinema"}, 1, "", "no location or node"},
+      {{"route", "small", "--from", "n1", "--to", "b"}, 2, "", "l2  Book Shop  F1"},
+  };
+  for (const Case& each : cases) {
+    const ProgramResult result = run(each.arguments);
+    EXPECT_EQ(result.exitCode, each.exitCode) << result.errors;
+    EXPECT_EQ(result.output, each.output);
+    if (each.said.empty())
+      EXPECT_EQ(result.errors, "");
+    else
+      EXPECT_TRUE(contains(result.errors, each.said)) << result.errors;
+  }
+}
+
+TEST_F(Command, DescribesAVenue) {
+  const ProgramResult text = run({"venue", "small"});
+  EXPECT_EQ(text.exitCode, 0);
+  EXPECT_TRUE(text.output.starts_with("Small Mall (small)\n")) << text.output;
+  EXPECT_TRUE(contains(text.output, "    Food (1)\n")) << text.output;
+  EXPECT_FALSE(contains(run({"venue", "small", "--accessible"}).output, "Stairs B"));
+  const auto json = RawData::parse(run({"venue", "small", "--json"}).output);
+  ASSERT_TRUE(json);
+  EXPECT_EQ((*json)["counts"]["nodes"].double_(), 6.0);
+}
+
+TEST_F(Command, RefusesWrongUse) {
+  const std::string missing = (folder_.path() / "missing").string();
+  const std::string folder = folder_.path().string();
+  struct Case {
+    std::vector<std::string> arguments;
+    std::string said;
+  };
+  const std::vector<Case> cases = {
+      {{}, "subcommand is required"},
+      {{"fly"}, "\"fly\" is no command"},
+      {{"--fast", "venues"}, "--fast"},
+      {{"venues", "--fast"}, "--fast"},
+      {{"venue"}, "SLUG is required"},
+      {{"venue", "small", "two"}, "two"},
+      {{"route", "small", "--from", "n1"}, "--to"},
+      {{"route", "small", "--from", "n1", "--to", ""}, "empty"},
+      {{"route", "small", "--batch", "-", "--to", "n1"}, "--batch takes the place"},
+      {{"route", "small", "--batch", missing}, "cannot read \"" + missing},
+      {{"route", "small", "--batch", folder}, "cannot read \"" + folder},
+      {{"route", "small", "--batch", "-", "--password-file", "-"}, "not both"},
+      {{"venues", "--settings", missing}, "no folder"},
+      {{"venues", "--endpoint", "nowhere at all"}, "is no URL"},
+      {{"venues", "--password", "a", "--password-file", "-"}, "not both"},
+      {{"venues", "--password-file", missing}, "cannot read"},
+      {{"venues", "--username", "a:b"}, "colon"},
+      {{"serve", missing, "--port", "0"}, "missing"},
+      {{"serve", folder, "--port", "66000"}, "--port"},
+      {{"serve", folder, "--port", "0", "--page-size", "0"}, "--page-size"},
+      {{"serve", folder, "--port", "0", "--username", "me"}, "password"},
+  };
+  for (const Case& each : cases) {
+    const ProgramResult result = run(each.arguments);
+    EXPECT_EQ(result.exitCode, 2) << result.errors;
+    EXPECT_EQ(result.output, "");
+    EXPECT_TRUE(contains(result.errors, each.said)) << result.errors;
+  }
+}
+
+TEST_F(Command, HelpTeaches) {
+  for (const char* name : {"venues", "venue", "route", "serve"}) {
+    const ProgramResult result = run({name, "--help"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(contains(result.output, std::string("Examples:\n  orivanta ") + name)) << name;
+    EXPECT_EQ(result.errors, "");
+    EXPECT_TRUE(contains(run({"--help"}).output, std::string("\n  ") + name + "  ")) << name;
+  }
+  EXPECT_TRUE(contains(run({"--version"}).output, "orivanta "));
+}
+
+TEST_F(Command, TakesThePasswordWithoutShowingIt) {
+  const std::string file = folder_.write("password", "s3cret\n").string();
+  const std::string wrong = folder_.write("wrong", "s3cret\n\n").string();
+  const std::string refusal =
+      server_.root() + "venue answered with HTTP status 401: wrong user name or password";
+  struct Case {
+    std::vector<std::string> arguments;
+    std::string input;
+    int exitCode;
+  };
+  const std::vector<Case> cases = {
+      {{"--username", "me", "--password", "s3cret", "venues"}, "", 0},
+      {{"venues", "--username", "me", "--password-file", file}, "", 0},
+      {{"--password-file", "-", "--username", "me", "venues"}, "s3cret\r\n", 0},
+      {{"--password-file", "-", "--username", "me", "venues"}, "s3cret", 0},
+      {{"venues", "--username", "me", "--password-file", wrong}, "", 3},
+      {{"venues", "--username", "you", "--password", "s3cret"}, "", 3},
+      {{"venues"}, "", 3},
+  };
+  for (const Case& each : cases) {
+    const ProgramResult result =
+        runProgram(each.arguments, {"ORIVANTA_ENDPOINT=" + server_.root()}, each.input);
+    EXPECT_EQ(result.exitCode, each.exitCode) << result.errors;
+    EXPECT_EQ(contains(result.errors, refusal), each.exitCode == 3) << result.errors;
+    EXPECT_FALSE(contains(result.errors, "s3cret"));
+  }
+}
+
+TEST_F(Command, AnswersABatchLineByLine) {
+  Program program({"route", "small", "--batch", "-"}, environment());
+  program.send("{\"id\":1,\"from\":[\"n1\"],\"to\":[\"n2\"]}\n");
+  EXPECT_EQ(program.readLine(), "{\"id\":1,\"path\":[\"n1\",\"n2\"],\"weight\":3}\n");
+  program.send("\nnonsense\n");
+  EXPECT_EQ(program.readLine(), "{\"id\":null,\"error\":\"the line is no JSON object\"}\n");
+  std::string many;
+  for (int i = 0; i < 1000; ++i)
+    many += "{\"from\":[\"n1\"],\"to\":[\"n4\"]," + std::string(500, ' ') + "\"id\":0}\n";
+  program.send(many);
+  for (int i = 0; i < 1000; ++i)
+    ASSERT_EQ(program.readLine(), "{\"id\":0,\"path\":null,\"weight\":null}\n");
+  const ProgramResult result = program.finish();
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_EQ(result.output + result.errors, "");
+}
+
+TEST_F(Command, ReadsABatchFromAFile) {
+  const auto file = folder_.write("batch", "{\"id\":7,\"fromLocation\":\"l1\",\"to\":[\"n1\"]}");
+  const ProgramResult result = run({"route", "small", "--batch", file.string()});
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  EXPECT_EQ(result.output, "{\"id\":7,\"path\":[\"n1\"],\"weight\":0}\n");
+}
+
+TEST_F(Command, SaysWhenItsOutputCannotBeWritten) {
+  const int full = open("/dev/full", O_WRONLY | O_CLOEXEC);
+  const ProgramResult result = Program({"venues"}, environment(), full).finish();
+  close(full);
+  EXPECT_EQ(result.exitCode, 4);
+  EXPECT_TRUE(contains(result.errors, "cannot write to standard output: No space"))
+      << result.errors;
+}
+
+TEST_F(Command, EndsQuietlyWhenNobodyReads) {
+  std::array<int, 2> pipe{};
+  ASSERT_EQ(pipe2(pipe.data(), O_CLOEXEC), 0);
+  Program program({"venues"}, environment(), pipe[1]);
+  close(pipe[0]);
+  close(pipe[1]);
+  const ProgramResult result = program.finish();
+  EXPECT_EQ(result.exitCode, -SIGPIPE);
+  EXPECT_EQ(result.errors, "");
+}
+
+TEST_F(Command, ShowsProgressOnATerminalAndClearsIt) {
+  const int terminal = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+  ASSERT_GE(terminal, 0);
+  ASSERT_EQ(grantpt(terminal), 0);
+  ASSERT_EQ(unlockpt(terminal), 0);
+  const int side = open(ptsname(terminal), O_RDWR | O_NOCTTY | O_CLOEXEC);
+  auto variables = environment();
+  variables.insert(variables.begin(), "TERM=xterm");
+  const ProgramResult result = Program({"venues"}, variables, -1, side).finish();
+  std::string shown(4096, '\0');
+  shown.resize(static_cast<std::size_t>(std::max<ssize_t>(0, read(terminal, shown.data(), 4096))));
+  close(side);
+  close(terminal);
+  EXPECT_EQ(result.output, "small  Small Mall\n");
+  EXPECT_TRUE(shown.starts_with("\r\033[KLoading: 0 of 1 collections")) << shown;
+  EXPECT_TRUE(shown.ends_with("\r\033[K")) << shown;
+}
+
+TEST_F(Command, ServesUntilItIsInterrupted) {
+  const std::string package = (folder_.path() / "package").string();
+  const std::string password = folder_.write("password", "pw\n").string();
+  Program open({"serve", package, "--port", "0", "--username", "him", "--password-file", password});
+  const std::string line = open.readLine();
+  const std::string root = line.substr(0, line.size() - 1);
+  EXPECT_EQ(runProgram({"venues", "--endpoint", root}).exitCode, 3);
+  EXPECT_EQ(runProgram({"venues", "--endpoint", root.substr(0, root.size() - 1), "--username",
+                        "him", "--password", "pw"})
+                .output,
+            "small  Small Mall\n");
+  open.endWith(SIGTERM);
+  EXPECT_EQ(open.finish().exitCode, 0);
+}
+
+}  // namespace
+}  // namespace orivanta::command

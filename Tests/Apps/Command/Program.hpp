@@ -1,0 +1,159 @@
+// The command `orivanta` as a process: what goes in, what comes out.
+#pragma once
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orivanta::test {
+
+struct ProgramResult {
+  int exitCode = 0;  ///< minus the number of the signal that ended the program
+  std::string output;
+  std::string errors;
+};
+
+/// Runs from construction to `finish`. The environment is the test's own without what the program
+/// reads as its settings, and with what is given, such as "ORIVANTA_USERNAME=me".
+class Program {
+ public:
+  explicit Program(const std::vector<std::string>& arguments,
+                   const std::vector<std::string>& environment = {}, int standardOutput = -1,
+                   int standardError = -1)
+      : errors_(std::tmpfile()) {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::array<int, 2> input{};
+    std::array<int, 2> output{};
+    if (pipe2(input.data(), O_CLOEXEC) != 0 || pipe2(output.data(), O_CLOEXEC) != 0)
+      throw std::runtime_error("no pipe");
+    start(arguments, environment, input[0], standardOutput < 0 ? output[1] : standardOutput,
+          standardError < 0 ? fileno(errors_) : standardError);
+    close(input[0]);
+    close(output[1]);
+    input_ = input[1];
+    output_ = output[0];
+  }
+
+  ~Program() {
+    if (running_) {
+      kill(process_, SIGKILL);
+      finish();
+    }
+    std::fclose(errors_);
+  }
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  void send(std::string_view text) const {
+    while (!text.empty()) {
+      const ssize_t count = ::write(input_, text.data(), text.size());
+      if (count < 0) throw std::runtime_error("the program does not read");
+      text.remove_prefix(static_cast<std::size_t>(count));
+    }
+  }
+
+  /// The next line of standard output, with its line break; blocks until it is there. Less than a
+  /// line at the end.
+  std::string readLine() {
+    while (unread_.find('\n') == std::string::npos && readMore()) {
+    }
+    const std::size_t end = unread_.find('\n');
+    const std::string line = unread_.substr(0, end == std::string::npos ? end : end + 1);
+    unread_.erase(0, line.size());
+    return line;
+  }
+
+  void endWith(int signal) const { kill(process_, signal); }
+
+  /// Closes the program's input, takes what is left of its output and waits for its end.
+  ProgramResult finish() {
+    close(input_);
+    while (readMore()) {
+    }
+    close(output_);
+    int status = 0;
+    waitpid(process_, &status, 0);
+    running_ = false;
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), unread_, errors()};
+  }
+
+ private:
+  static std::vector<std::string> environmentWith(const std::vector<std::string>& given) {
+    std::vector<std::string> result = given;
+    for (char** entry = environ; *entry != nullptr; ++entry) {
+      const std::string_view text = *entry;
+      if (!text.starts_with("ORIVANTA_") && !text.starts_with("XDG_") && !text.starts_with("HOME="))
+        result.emplace_back(text);
+    }
+    result.emplace_back("HOME=/nonexistent");
+    return result;
+  }
+
+  static std::vector<char*> pointersTo(std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (std::string& text : texts) pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+  }
+
+  void start(const std::vector<std::string>& arguments, const std::vector<std::string>& given,
+             int input, int output, int errors) {
+    std::vector<std::string> command = {ORIVANTA_COMMAND};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    std::vector<std::string> environment = environmentWith(given);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+    posix_spawn_file_actions_adddup2(&actions, errors, STDERR_FILENO);
+    const int failure = posix_spawn(&process_, ORIVANTA_COMMAND, &actions, nullptr,
+                                    pointersTo(command).data(), pointersTo(environment).data());
+    posix_spawn_file_actions_destroy(&actions);
+    if (failure != 0) throw std::runtime_error("cannot start " ORIVANTA_COMMAND);
+    running_ = true;
+  }
+
+  bool readMore() {
+    std::array<char, 4096> buffer{};
+    const ssize_t count = ::read(output_, buffer.data(), buffer.size());
+    if (count > 0) unread_.append(buffer.data(), static_cast<std::size_t>(count));
+    return count > 0;
+  }
+
+  std::string errors() const {
+    std::string text;
+    std::rewind(errors_);
+    for (int byte = std::fgetc(errors_); byte != EOF; byte = std::fgetc(errors_))
+      text += static_cast<char>(byte);
+    return text;
+  }
+
+  std::FILE* errors_;
+  pid_t process_ = 0;
+  bool running_ = false;
+  int input_ = -1;
+  int output_ = -1;
+  std::string unread_;
+};
+
+/// Runs the program to its end.
+inline ProgramResult runProgram(const std::vector<std::string>& arguments,
+                                const std::vector<std::string>& environment = {},
+                                std::string_view input = "") {
+  Program program(arguments, environment);
+  program.send(input);
+  return program.finish();
+}
+
+}  // namespace orivanta::test

@@ -1,0 +1,163 @@
+// Where the program gets its settings from, and what it says when the server fails it.
+#include "Apps/Command/Session.hpp"
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "Apps/Command/CommandError.hpp"
+#include "Tests/Apps/Command/Program.hpp"
+#include "Tests/Support/MisbehavingServer.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace orivanta::command {
+namespace {
+
+using test::Answer;
+using test::Latch;
+using test::MisbehavingServer;
+using test::runProgram;
+
+constexpr const char* venues = R"([{"id": "v", "slug": "s", "name": "n"}])";
+
+TEST(Settings, EndpointsAreCompletedOrRefused) {
+  const std::vector<std::pair<std::string, std::string>> usable = {
+      {"http://localhost:8080/1/", "http://localhost:8080/1/"},
+      {"https://h", "https://h/"},
+      {"HTTP://h/1", "HTTP://h/1/"},
+  };
+  for (const auto& [text, endpoint] : usable) EXPECT_EQ(usableEndpoint(text, "x"), endpoint);
+  for (const char* text : {"", "localhost", "localhost:8080/1/", "/1/", "http://", "http:/h/",
+                           "ftp://h/", "http://h/ 1/", "http://h/?a=b", "http://h/1/#top"})
+    try {
+      usableEndpoint(text, "--endpoint");
+      ADD_FAILURE() << text;
+    } catch (const CommandError& error) {
+      EXPECT_EQ(error.code, ExitCode::wrongUse);
+      EXPECT_TRUE(std::string(error.what())
+                      .starts_with(fmt::format("the endpoint \"{}\" (--endpoint) ", text)));
+    }
+}
+
+TEST(Settings, CommandLineGoesBeforeEnvironmentBeforePropertyLists) {
+  MisbehavingServer server;
+  for (const char* place : {"/file/", "/environment/", "/option/"})
+    server.on(place + std::string("venue"), [place](const test::ReceivedRequest& request) {
+      return Answer::json(fmt::format(R"([{{"id": "1", "slug": "{}", "name": "{}"}}])", place,
+                                      *request.field("Authorization")));
+    });
+  const test::TemporaryFolder folder;
+  folder.write("settings.plist", fmt::format(R"(<plist version="1.0"><dict>
+      <key>OrivantaEndpoint</key><string>{}</string><key>OrivantaUsername</key><string>a</string>
+      <key>OrivantaPassword</key><string>a</string></dict></plist>)",
+                                             server.root("/file/")));
+  const std::vector<std::string> settings = {"--settings", folder.path().string()};
+  const std::vector<std::string> options = {
+      "--endpoint", server.root("/option/"), "--username", "c", "--password", "c"};
+  const std::vector<std::string> environment = {"ORIVANTA_ENDPOINT=" + server.root("/environment/"),
+                                                "ORIVANTA_USERNAME=b", "ORIVANTA_PASSWORD=b"};
+  const auto run = [](std::vector<std::string> arguments, const std::vector<std::string>& more,
+                      const std::vector<std::string>& variables) {
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    arguments.emplace_back("venues");
+    return runProgram(arguments, variables).output;
+  };
+  EXPECT_EQ(run(settings, {}, {}), "/file/  Basic YTph\n");
+  EXPECT_EQ(run(settings, {}, environment), "/environment/  Basic Yjpi\n");
+  EXPECT_EQ(run(settings, options, environment), "/option/  Basic Yzpj\n");
+  EXPECT_EQ(run(settings, options, {}), "/option/  Basic Yzpj\n");
+  EXPECT_EQ(run(settings, {"--username", "c"}, {"ORIVANTA_PASSWORD="}), "/file/  Basic Yzo=\n");
+}
+
+TEST(Session, SaysWhatTheServerDidInsteadOfAnswering) {
+  struct Case {
+    std::function<void(MisbehavingServer&)> script;
+    std::vector<std::string> arguments;
+    std::string said;  // "{}" stands for the root
+  };
+  const auto good = [](MisbehavingServer& server) { server.on("/1/venue", Answer::json(venues)); };
+  const std::vector<Case> cases = {
+      {[](auto& server) { server.on("/1/venue", Answer::json("{}", 401)); },
+       {"venues"},
+       "{}venue answered with HTTP status 401: wrong user name or password"},
+      {[](auto&) {}, {"venues"}, "{}venue answered with HTTP status 404: the server does not have"},
+      {[](auto& server) { server.on("/1/venue", Answer::html("<p>Busy</p>", 503)); },
+       {"venues"},
+       "{}venue answered with HTTP status 503: the server has a problem"},
+      {[](auto& server) { server.on("/1/venue", Answer::html("<p>Hello</p>")); },
+       {"venues"},
+       "{}venue answered with a body that is no JSON"},
+      {[](auto& server) { server.on("/1/venue", Answer::json(venues).closedAfter(9)); },
+       {"venues"},
+       "no answer from {}venue: "},
+      {good,
+       {"venue", "s"},
+       "{}node?venue=s&perspective=well-known:3D answered with HTTP status 404"},
+      {good, {"route", "s", "--from", "a", "--to", "b"}, "{}map?venue=s answered with HTTP status"},
+  };
+  for (const Case& each : cases) {
+    MisbehavingServer server;
+    each.script(server);
+    std::vector<std::string> arguments = each.arguments;
+    arguments.insert(arguments.begin(), {"--endpoint", server.root()});
+    const auto result = runProgram(arguments);
+    EXPECT_EQ(result.exitCode, 3);
+    EXPECT_EQ(result.output, "");
+    const std::string said = fmt::format(fmt::runtime(each.said), server.root());
+    EXPECT_NE(result.errors.find(said), std::string::npos) << result.errors;
+  }
+  const auto refused = runProgram({"--endpoint", MisbehavingServer::refusingRoot(), "venues"});
+  EXPECT_EQ(refused.exitCode, 3);
+  EXPECT_TRUE(refused.errors.starts_with("orivanta: no answer from http://")) << refused.errors;
+}
+
+TEST(Session, OnlyWarnsOfACollectionThatTheQueryDoesNotNeed) {
+  MisbehavingServer server;
+  server.on("/1/venue", Answer::json(venues));
+  for (const char* name : {"location", "vortex", "polygon"})
+    server.on("/1/" + std::string(name), Answer::json("[]"));
+  server.on("/1/map", Answer::json(R"([{"id": "m"}])"));
+  server.on("/1/node", Answer::json(R"([{"id": "a", "x": 0, "y": 0, "map": "m"}])"));
+  const std::vector<std::string> environment = {"ORIVANTA_ENDPOINT=" + server.root()};
+  const auto route = runProgram({"route", "s", "--from", "a", "--to", "a"}, environment);
+  EXPECT_EQ(route.exitCode, 0);
+  EXPECT_TRUE(route.errors.starts_with("orivanta: warning: " + server.root() +
+                                       "category?venue=s answered with HTTP status 404"))
+      << route.errors;
+  EXPECT_EQ(runProgram({"venue", "s"}, environment).exitCode, 3);
+}
+
+TEST(Session, EndsWhileRequestsAreStillRunning) {
+  const auto never = std::make_shared<Latch>();
+  MisbehavingServer server;
+  server.on("/1/venue", Answer::json(venues));
+  for (const char* name : {"location", "map", "vortex", "polygon", "node"})
+    server.on("/1/" + std::string(name), Answer::json("[]").held(never));
+  server.on("/1/category", Answer::json("[]").next("/1/category?venue=s"));
+  const auto result =
+      runProgram({"route", "s", "--from", "a", "--to", "b", "--endpoint", server.root()});
+  EXPECT_EQ(result.exitCode, 3);
+  EXPECT_NE(result.errors.find("the pages of category run in a circle"), std::string::npos)
+      << result.errors;
+  never->open();
+}
+
+TEST(Session, AVenueWithoutAnybodyInItIsNoFailure) {
+  MisbehavingServer server;
+  server.on("/1/venue", Answer::json("[]"));
+  const auto result = runProgram({"venues", "--json", "--endpoint", server.root()});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_EQ(result.output, "[]\n");
+  EXPECT_NE(result.errors.find("no venue for this account"), std::string::npos);
+}
+
+TEST(Session, NamesFromTheServerCannotActOnTheTerminal) {
+  MisbehavingServer server;
+  server.on("/1/venue", Answer::json(R"([{"id": "1", "slug": "a\u001bb", "name": "c\u0007\nd"}])"));
+  const auto result = runProgram({"venues", "--endpoint", server.root()});
+  EXPECT_EQ(result.output, "a\uFFFDb  c\uFFFD d\n");
+}
+
+}  // namespace
+}  // namespace orivanta::command

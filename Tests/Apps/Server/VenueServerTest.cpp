@@ -1,0 +1,212 @@
+#include "Apps/Server/VenueServer.hpp"
+
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <thread>
+
+#include "Tests/Apps/Server/RawClient.hpp"
+#include "Tests/Apps/Server/SmallPackage.hpp"
+
+namespace orivanta::server {
+namespace {
+
+using std::chrono::milliseconds;
+using test::RawClient;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+class VenueServerTest : public testing::Test {
+ protected:
+  VenueServerTest() {
+    test::writeSmallPackage(root_, "mall", "mall");
+    options_.folders = {root_.path()};
+  }
+
+  const test::TemporaryFolder root_;
+  ServerOptions options_;
+};
+
+std::string requestFor(const std::string& target, const std::string& headers = {}) {
+  return "GET " + target + " HTTP/1.1\r\nHost: here\r\n" + headers + "\r\n";
+}
+
+TEST_F(VenueServerTest, ConnectionsAreKeptAndRequestsMayComeInARow) {
+  const VenueServer server(options_);
+  EXPECT_THAT(server.root(), testing::MatchesRegex("http://127.0.0.1:[0-9]+/1/"));
+  RawClient client(server.root());
+  client.send(requestFor("/1/node?venue=mall&per-page=1"));
+  EXPECT_EQ(client.read().body(), R"([{"id":"n1"}])");
+  std::string row;
+  for (const char* page : {"2", "3", "4", "5", "6"})
+    row += requestFor(std::string("/1/node?venue=mall&per-page=1&page=") + page);
+  client.send(row + "HEAD /1/venue HTTP/1.1\r\n\r\n" +
+              requestFor("/1/files/mall/maps/floor.obj", "Connection: close\r\n"));
+  for (const char* body :
+       {R"([{"id":"n2"}])", R"([{"id":"n3"}])", R"([{"id":"n4"}])", R"([{"id":"n5"}])"})
+    EXPECT_EQ(client.read().body(), body);
+  EXPECT_EQ(client.read().result_int(), 404U);
+  const auto head = client.read(true);
+  EXPECT_EQ(head.result_int(), 200U);
+  EXPECT_NE(head["Content-Length"], "0");
+  const auto last = client.read();
+  EXPECT_EQ(last.body().size(), 2008U);
+  EXPECT_FALSE(last.keep_alive());
+  EXPECT_THAT(client.readToEnd(), IsEmpty());
+}
+
+TEST_F(VenueServerTest, AnswersAreWholeMessages) {
+  const VenueServer server(options_);
+  RawClient client(server.root());
+  client.send(
+      requestFor("/1/location?venue=mall", "accept-language: fr\r\nAccept-Language: ja\r\n"));
+  const auto message = client.read();
+  EXPECT_THAT(message.body(), HasSubstr("\"name\":\"昇降機\""));
+  EXPECT_THAT(std::string(message["Date"]), testing::EndsWith(" GMT"));
+  EXPECT_EQ(message["X-Content-Type-Options"], "nosniff");
+  client.send(requestFor("/1/location?venue=mall", "Accept-Language: ja\r\nIf-None-Match: " +
+                                                       std::string(message["ETag"]) + "\r\n"));
+  EXPECT_EQ(client.read().result_int(), 304U);
+  client.send("GET /1/files/mall/images/logo.png HTTP/1.0\r\n\r\n");
+  EXPECT_THAT(client.readToEnd(), testing::AllOf(StartsWith("HTTP/1.0 200 OK\r\n"),
+                                                 testing::EndsWith("\r\n\r\na picture")));
+}
+
+TEST_F(VenueServerTest, FilesLargerThanTheSocketTakesAtOnceArriveWhole) {
+  std::string large(20'000'000, '\0');
+  for (std::size_t index = 0; index < large.size(); ++index)
+    large[index] = static_cast<char>(index * 31 / 7);
+  root_.write("mall/images/large.png", large);
+  const VenueServer server(options_);
+  RawClient client(server.root());
+  client.send("GET /1/files/mall/images/large.png HTTP/1.0\r\n\r\n");
+  EXPECT_TRUE(client.readToEnd().ends_with("\r\n\r\n" + large));
+}
+
+TEST_F(VenueServerTest, WhatIsNoRequestIsAnsweredAndEndsTheConnection) {
+  struct Row {
+    std::string bytes;
+    const char* status;
+  };
+  const Row rows[] = {
+      {"hello\r\n\r\n", "HTTP/1.1 400 "},
+      {std::string("\0\xff\x16\x03\x01\r\n\r\n", 9), "HTTP/1.1 400 "},
+      {"GET / HTTP/9.9\r\n\r\n", "HTTP/1.1 400 "},
+      {"GET /\r\n\r\n", "HTTP/1.1 400 "},
+      {"GET / HTTP/1.1\r\nbad header\r\n\r\n", "HTTP/1.1 400 "},
+      {"GET / HTTP/1.1\r\nContent-Length: x\r\n\r\n", "HTTP/1.1 400 "},
+      {"GET / HTTP/1.1\r\nContent-Length: 1\r\nContent-Length: 2\r\n\r\n", "HTTP/1.1 400 "},
+      {"GET / HTTP/1.1\r\nX: " + std::string(100'000, 'x') + "\r\n\r\n", "HTTP/1.1 431 "},
+      {"GET /" + std::string(100'000, 'x') + " HTTP/1.1\r\n\r\n", "HTTP/1.1 431 "},
+      {"POST / HTTP/1.1\r\nContent-Length: 99999999999\r\n\r\n", "HTTP/1.1 413 "},
+      {"POST / HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n20000\r\n" + std::string(0x20000, 'x'),
+       "HTTP/1.1 413 "},
+      {"POST / HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\nzz\r\n", "HTTP/1.1 400 "},
+      {"GET / HTT", ""},
+      {"", ""},
+  };
+  const VenueServer server(options_);
+  for (const Row& row : rows) {
+    RawClient client(server.root());
+    client.send(row.bytes);
+    client.endSending();
+    const std::string answer = client.readToEnd();
+    EXPECT_THAT(answer, StartsWith(row.status)) << row.bytes.substr(0, 60);
+    EXPECT_EQ(answer.empty(), *row.status == '\0') << answer;
+  }
+  RawClient client(server.root());
+  client.send("POST /1/venue HTTP/1.1\r\nContent-Length: 3\r\n\r\nabc" + requestFor("/1/venue"));
+  EXPECT_EQ(client.read().result_int(), 405U);
+  EXPECT_EQ(client.read().result_int(), 200U);  // the body was not taken for a request
+}
+
+TEST_F(VenueServerTest, ManyClientsAtOnceGetTheirOwnAnswers) {
+  const VenueServer server(options_);
+  std::atomic<int> right = 0;
+  std::vector<std::thread> clients;
+  for (int number = 1; number <= 8; ++number)
+    clients.emplace_back([&, page = std::to_string(number % 5 + 1)] {
+      RawClient client(server.root());
+      for (int round = 0; round < 50; ++round) {
+        client.send(requestFor("/1/node?venue=mall&per-page=1&page=" + page));
+        if (client.read().body() == "[{\"id\":\"n" + page + "\"}]") ++right;
+      }
+    });
+  for (std::thread& client : clients) client.join();
+  EXPECT_EQ(right, 8 * 50);
+}
+
+TEST_F(VenueServerTest, SilentClientsAreSentAway) {
+  options_.idleTimeout = milliseconds(50);
+  const VenueServer server(options_);
+  for (const char* bytes : {"", "GET /1/venue HTTP/1.1\r\nX:"}) {
+    RawClient client(server.root());
+    client.send(bytes);
+    EXPECT_THAT(client.readToEnd(), IsEmpty());
+  }
+}
+
+TEST_F(VenueServerTest, ClientsBeyondTheLimitWaitForTheirTurn) {
+  options_.maximumConnections = 1;
+  const VenueServer server(options_);
+  auto first = std::make_unique<RawClient>(server.root());
+  first->send(requestFor("/1/venue"));
+  EXPECT_EQ(first->read().result_int(), 200U);
+  for (int turn = 0; turn < 3; ++turn) {
+    auto next = std::make_unique<RawClient>(server.root());
+    next->send(requestFor("/1/venue"));
+    first.reset();
+    EXPECT_EQ(next->read().result_int(), 200U);
+    first = std::move(next);
+  }
+}
+
+TEST_F(VenueServerTest, StopsWithConnectionsOpen) {
+  root_.write("mall/images/large.png", std::string(20'000'000, 'x'));
+  auto server = std::make_unique<VenueServer>(options_);
+  RawClient idle(server->root());
+  RawClient begun(server->root());
+  begun.send("GET /1/ve");
+  RawClient served(server->root());
+  served.send(requestFor("/1/venue"));
+  EXPECT_EQ(served.read().result_int(), 200U);
+  RawClient full(server->root());  // whose answer does not fit into the socket
+  full.send(requestFor("/1/files/mall/images/large.png"));
+  server.reset();
+  EXPECT_THAT(idle.readToEnd(), IsEmpty());
+  EXPECT_THAT(begun.readToEnd(), IsEmpty());
+  EXPECT_THAT(served.readToEnd(), IsEmpty());
+  EXPECT_LT(full.readToEnd().size(), 20'000'000U);
+}
+
+TEST_F(VenueServerTest, AddressesAndPorts) {
+  options_.address = "0.0.0.0";
+  const VenueServer everywhere(options_);
+  EXPECT_THAT(everywhere.root(), StartsWith("http://127.0.0.1:"));
+
+  const std::string port = everywhere.root().substr(everywhere.root().rfind(':') + 1);
+  options_.port = static_cast<std::uint16_t>(std::stoul(port));
+  EXPECT_THROW(VenueServer{options_}, std::system_error);
+  options_.port = 0;
+  options_.address = "no address";
+  EXPECT_THROW(VenueServer{options_}, std::system_error);
+}
+
+TEST_F(VenueServerTest, ContradictoryOptionsAreRefused) {
+  ServerOptions half = options_;
+  half.username = "user";
+  EXPECT_THROW(VenueServer{half}, std::invalid_argument);
+  ServerOptions empty = options_;
+  empty.pageSize = 0;
+  EXPECT_THROW(VenueServer{empty}, std::invalid_argument);
+  ServerOptions closed = options_;
+  closed.maximumConnections = 0;
+  EXPECT_THROW(VenueServer{closed}, std::invalid_argument);
+  ServerOptions elsewhere = options_;
+  elsewhere.folders = {root_.path() / "none"};
+  EXPECT_THROW(VenueServer{elsewhere}, PackageError);
+}
+
+}  // namespace
+}  // namespace orivanta::server

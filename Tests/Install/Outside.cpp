@@ -1,0 +1,27 @@
+// Uses the public headers and a few symbols of each part of the library.
+#include <orivanta/orivanta.hpp>
+
+#include <iostream>
+
+using namespace orivanta;
+
+int main() {
+  const auto page = RawData::parse(R"([
+    {"id": "m", "elevation": 0},
+    {"id": "a", "x": 0, "y": 0, "paths": [{"node": "b"}]},
+    {"id": "b", "x": 3, "y": 4}])");
+  const auto elements = page->arrayValue();
+  auto venue = Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "Venue"})"));
+  Collection<Node> nodes;
+  for (std::size_t i = 1; i < elements.size(); ++i) {
+    auto node = Node::make(elements[i]);
+    node->map = Map::make(elements[0]);
+    nodes.insert({*node->id, node});
+  }
+  venue->navigationGraph =
+      std::make_shared<NavigationGraph>(nodes, Collection<Vortex>(), /*accessible=*/false);
+  activeVenue = venue;
+  const auto directions = nodes.at("a")->directionsTo(*nodes.at("b"));
+  if (!directions || directions->path.size() != 2) return 1;
+  std::cout << "length " << (*venue->navigationGraph)[*nodes.at("a")].front().distance() << '\n';
+}

@@ -1,0 +1,64 @@
+#include "Platform/Foundation/Url.hpp"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace orivanta::foundation {
+namespace {
+
+TEST(Url, TakesWellFormedReferencesAsTheyStand) {
+  for (const char* text :
+       {"http://h/a?b=c#d", "HTTP://H/%7Ea/../b", "a.obj", "/a", "?page=2", "//h:8/x", "#f",
+        "http://[::1]:80/", "urn:a:b", "http://h/a%20b", "http://h/(a);b,c"}) {
+    const auto url = Url::parse(text);
+    ASSERT_TRUE(url) << text;
+    EXPECT_EQ(url->absoluteString(), text);
+  }
+  for (const char* text : {"", " ", "http://h/a b", "a\tb", "http://h/%zz", "http://h/%2",
+                           "http://[::1/", "http://h/\xC3\xA4", "a\\b", "<a>", "http://h:x/"})
+    EXPECT_FALSE(Url::parse(text)) << text;
+  EXPECT_FALSE(Url::parse(std::string_view("a\0b", 3)));
+}
+
+TEST(Url, ResolvesReferencesAgainstABase) {
+  struct Case {
+    const char* reference;
+    const char* resolved;
+  };
+  const Url base = *Url::parse("http://h:8080/1/venue?page=1");
+  for (const auto& [reference, resolved] :
+       {Case{"node", "http://h:8080/1/node"}, Case{"?page=2", "http://h:8080/1/venue?page=2"},
+        Case{"/x/y", "http://h:8080/x/y"}, Case{"../../../x", "http://h:8080/x"},
+        Case{"//other/x", "http://other/x"}, Case{"https://o/%7e/../x", "https://o/%7e/../x"},
+        Case{"./a/./b", "http://h:8080/1/a/b"}, Case{"#f", "http://h:8080/1/venue?page=1#f"}})
+    EXPECT_EQ(Url::parse(reference, base)->absoluteString(), resolved) << reference;
+  EXPECT_FALSE(Url::parse("", base));
+  EXPECT_FALSE(Url::parse("a b", base));
+  EXPECT_EQ(Url::parse("x", *Url::parse("relative/base"))->absoluteString(), "x");
+}
+
+TEST(Url, NamesItsComponents) {
+  const Url url = *Url::parse("https://user@host.example:44/a/b%20c/?q=1&r#f");
+  EXPECT_TRUE(url.isAbsolute());
+  EXPECT_EQ(url.scheme(), "https");
+  EXPECT_EQ(url.host(), "host.example");
+  EXPECT_EQ(url.path(), "/a/b%20c/");
+  EXPECT_EQ(url.query(), "q=1&r");
+  EXPECT_FALSE(Url::parse("a/b")->isAbsolute());
+  EXPECT_EQ(Url::parse("a/b")->path(), "a/b");
+  EXPECT_EQ(Url::parse("/a")->path(), "/a");
+}
+
+TEST(Url, QueryItemsAreEncodedAndReplaceTheQuery) {
+  const Url url = *Url::parse("http://h/1/node?old=1");
+  const std::vector<std::pair<std::string, std::string>> items{
+      {"venue", "a b&c=d+e#%"}, {"perspective", "well-known:3D"}, {"name", "駅"}};
+  EXPECT_EQ(url.withQueryItems(items).absoluteString(),
+            "http://h/1/node?venue=a%20b%26c%3Dd%2Be%23%25&perspective=well-known:3D"
+            "&name=%E9%A7%85");
+  EXPECT_EQ(url.withQueryItems({}).absoluteString(), "http://h/1/node");
+}
+
+}  // namespace
+}  // namespace orivanta::foundation

@@ -1,0 +1,53 @@
+#include "Source/ApiSettings.hpp"
+
+#include <gtest/gtest.h>
+
+#include "Platform/Foundation/Bundle.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace orivanta {
+namespace {
+
+std::string propertyList(const std::string& entries) {
+  return R"(<plist version="1.0"><dict>)" + entries + "</dict></plist>";
+}
+
+// In a process of its own: the property lists are looked for once.
+TEST(ApiSettingsDeathTest, TheFirstPropertyListWithATextWins) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto readSettings = [] {
+    const test::TemporaryFolder folder;
+    folder.write("1.plist", "damaged");
+    folder.write("2.plist", propertyList("<key>OrivantaEndpoint</key><integer>7</integer>"
+                                         "<key>OrivantaUsername</key><string/>"));
+    folder.write("3.plist", propertyList("<key>OrivantaEndpoint</key><string>http://h/1/</string>"
+                                         "<key>OrivantaUsername</key><string>late</string>"));
+    foundation::setMainBundleFolder(folder.path());
+    const bool right = settingFromPropertyLists("OrivantaEndpoint") == "http://h/1/" &&
+                       settingFromPropertyLists("OrivantaUsername") == "" &&
+                       !settingFromPropertyLists("OrivantaPassword");
+    setApiSettings({{}, "given", {}, {}});
+    const HttpSession& session = APISession().ApiHttpSession;
+    const bool used = session.root->absoluteString() == "http://h/1/" &&
+                      session.authString == "Basic Z2l2ZW46";  // given:
+    _exit(right && used ? 0 : 1);
+  };
+  EXPECT_EXIT(readSettings(), testing::ExitedWithCode(0), "");
+}
+
+TEST(ApiSettingsDeathTest, TheDefaultEndpointIsSecureAndReserved) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto readDefaults = [] {
+    const test::TemporaryFolder folder;
+    foundation::setMainBundleFolder(folder.path());
+    const foundation::Url root = *APISession().ApiHttpSession.root;
+    const bool right = root.scheme() == "https" && root.host().ends_with(".example") &&
+                       root.path() == "/1/" &&
+                       APISession().ApiHttpSession.authString == "Basic Og==";  // :
+    _exit(right ? 0 : 1);
+  };
+  EXPECT_EXIT(readDefaults(), testing::ExitedWithCode(0), "");
+}
+
+}  // namespace
+}  // namespace orivanta
