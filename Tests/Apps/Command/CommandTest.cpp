@@ -1,6 +1,7 @@
 // The program as its users run it, against the venue server.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <csignal>
 #include <fstream>
 
