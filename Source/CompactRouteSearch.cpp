@@ -38,15 +38,12 @@ CompactRouteSearch::CompactRouteSearch(const RouteNetwork& network, const NodeLi
   }
 }
 
-CompactRouteSearch::~CompactRouteSearch() {
-  network_.giveBack(std::move(state_));
-}
+CompactRouteSearch::~CompactRouteSearch() { network_.giveBack(std::move(state_)); }
 
 std::optional<Route> CompactRouteSearch::run() {
   RouteFrontier& frontier = state_->frontier;
   for (std::size_t taken = 1; !frontier.empty(); ++taken) {
-    const Index current = frontier.front();
-    frontier.removeFront();
+    const Index current = frontier.take();
     NodeState& node = state_->nodes[current];
     if (node.destinationStamp == state_->stamp) return routeTo(current, taken);
     node.queued = false;
@@ -56,39 +53,51 @@ std::optional<Route> CompactRouteSearch::run() {
 }
 
 void CompactRouteSearch::expand(Index current) {
+  const RouteNetwork::Place* const places = network_.places();
+  const RouteNetwork::Link* const links = network_.links();
+  const RouteNetwork::Link* const end = links + places[current].endLink;
   NodeState* const nodes = state_->nodes.data();
+  RouteFrontier& frontier = state_->frontier;
   const std::uint32_t stamp = state_->stamp;
   const double costSoFar = nodes[current].cost;
-  const RouteNetwork::Place& place = network_.places()[current];
-  const RouteNetwork::Link* const end = network_.links() + place.endLink;
-  for (const auto* link = network_.links() + place.firstLink; link != end; ++link) {
-    NodeState& target = nodes[link->target];
+  for (const auto* link = links + places[current].firstLink; link != end; ++link) {
+    __builtin_prefetch(&nodes[link->target]);
+    __builtin_prefetch(&places[link->target]);
+  }
+  for (const auto* link = links + places[current].firstLink; link != end; ++link) {
+    const Index index = link->target;
+    NodeState& target = nodes[index];
     const double cost = costSoFar + link->weight;
     if (target.reachedStamp != stamp) {
-      const RouteNetwork::Place& there = network_.places()[link->target];
+      const RouteNetwork::Place& there = places[index];
+      __builtin_prefetch(links + there.firstLink);
       target.reachedStamp = stamp;
       target.heuristic = heuristic({there.x, there.y, there.z});
-      target.queued = false;
     } else if (!(cost < target.cost)) {
+      continue;
+    } else if (target.queued) {
+      target.cost = cost;
+      target.predecessor = current;
       continue;
     }
     target.cost = cost;
     target.predecessor = current;
-    if (target.queued) continue;
     target.queued = true;
-    state_->frontier.put(cost + target.heuristic, link->target);
+    frontier.put(cost + target.heuristic, index);
   }
 }
 
 // The root of the greatest square is the greatest root: rounding is monotone.
 double CompactRouteSearch::heuristic(const Position& position) const {
-  double greatest = 0.0;
-  for (const Position& destination : destinations_) {
+  const auto square = [&position](const Position& destination) {
     const double dx = position.x - destination.x;
     const double dy = position.y - destination.y;
     const double dz = position.z - destination.z;
-    greatest = std::max(greatest, dx * dx + dy * dy + dz * dz);
-  }
+    return dx * dx + dy * dy + dz * dz;
+  };
+  double greatest = square(destinations_.front());
+  for (std::size_t i = 1; i < destinations_.size(); ++i)
+    greatest = std::max(greatest, square(destinations_[i]));
   return std::sqrt(greatest);
 }
 
