@@ -19,6 +19,20 @@ bool isFinite(const std::shared_ptr<Node>& node) {
 
 }  // namespace
 
+// The root of the greatest square is the greatest root: rounding is monotone.
+inline double CompactRouteSearch::heuristic(double x, double y, double z) const {
+  const auto square = [=](const Position& destination) {
+    const double dx = x - destination.x;
+    const double dy = y - destination.y;
+    const double dz = z - destination.z;
+    return dx * dx + dy * dy + dz * dz;
+  };
+  double greatest = square(firstDestination_);
+  for (const Position& destination : otherDestinations_)
+    greatest = std::max(greatest, square(destination));
+  return std::sqrt(greatest);
+}
+
 bool CompactRouteSearch::covers(const RouteNetwork& network, const NodeList& nodes,
                                 const NodeList& destinations) {
   return network.isRegular() && std::all_of(nodes.begin(), nodes.end(), isFinite) &&
@@ -28,9 +42,10 @@ bool CompactRouteSearch::covers(const RouteNetwork& network, const NodeList& nod
 CompactRouteSearch::CompactRouteSearch(const RouteNetwork& network, const NodeList& nodes,
                                        const NodeList& destinations)
     : network_(network), state_(network.takeState(network.size() + nodes.size())) {
-  destinations_.reserve(destinations.size());
-  for (const auto& destination : destinations)
-    destinations_.push_back({destination->x, destination->y, destination->z});
+  const auto positionOf = [](const Node& node) { return Position{node.x, node.y, node.z}; };
+  firstDestination_ = positionOf(*destinations.front());
+  for (std::size_t i = 1; i < destinations.size(); ++i)
+    otherDestinations_.push_back(positionOf(*destinations[i]));
   for (const auto& start : nodes) putStart(start);
   for (const auto& destination : destinations) {
     const Index index = number(destination);
@@ -72,7 +87,7 @@ void CompactRouteSearch::expand(Index current) {
       const RouteNetwork::Place& there = places[index];
       __builtin_prefetch(links + there.firstLink);
       target.reachedStamp = stamp;
-      target.heuristic = heuristic({there.x, there.y, there.z});
+      target.heuristic = heuristic(there.x, there.y, there.z);
     } else if (!(cost < target.cost)) {
       continue;
     } else if (target.queued) {
@@ -87,20 +102,6 @@ void CompactRouteSearch::expand(Index current) {
   }
 }
 
-// The root of the greatest square is the greatest root: rounding is monotone.
-double CompactRouteSearch::heuristic(const Position& position) const {
-  const auto square = [&position](const Position& destination) {
-    const double dx = position.x - destination.x;
-    const double dy = position.y - destination.y;
-    const double dz = position.z - destination.z;
-    return dx * dx + dy * dy + dz * dz;
-  };
-  double greatest = square(destinations_.front());
-  for (std::size_t i = 1; i < destinations_.size(); ++i)
-    greatest = std::max(greatest, square(destinations_[i]));
-  return std::sqrt(greatest);
-}
-
 void CompactRouteSearch::putStart(const std::shared_ptr<Node>& start) {
   Index index = number(start);
   if (index == none) {
@@ -111,7 +112,7 @@ void CompactRouteSearch::putStart(const std::shared_ptr<Node>& start) {
   if (state.reachedStamp == state_->stamp) return;
   state.reachedStamp = state_->stamp;
   state.cost = 0.0;
-  state.heuristic = heuristic({start->x, start->y, start->z});
+  state.heuristic = heuristic(start->x, start->y, start->z);
   state.predecessor = none;
   state.queued = true;
   state_->frontier.put(state.heuristic, index);
