@@ -6,6 +6,7 @@
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Source/Map.hpp"
+#include "Source/NodeIndex.hpp"
 #include "Source/References.hpp"
 #include "Source/RouteNetwork.hpp"
 #include "Source/Vortex.hpp"
@@ -16,6 +17,9 @@ namespace {
 
 // A connector of n nodes has n * n edges: the bound keeps a hostile venue from taking all memory.
 constexpr std::size_t mostConnectorEdges = std::size_t{1} << 24U;
+
+// Enough for the walks through memory to overlap, few enough to stay in the cache.
+constexpr std::size_t referencesAtOnce = 64;
 
 double walkingDistance(const Node& origin, const Node& destination) {
   const double dx = origin.x - destination.x;
@@ -50,16 +54,34 @@ NavigationGraph::~NavigationGraph() = default;
 
 void NavigationGraph::addWalkingEdges(const Collection<Node>& nodes) {
   graph_.reserve(nodes.size());
-  for (const auto& entry : nodes) {
-    const std::shared_ptr<Node>& origin = entry.second;
-    std::vector<Edge> edges;
-    edges.reserve(countOfReferences(origin->_data, "paths"));
-    forEachReference(origin->_data, "paths", "node", [&](std::string_view id) {
-      const auto destination = nodes.find(id);
-      if (destination != nodes.end()) edges.emplace_back(*origin, destination->second);
-    });
-    if (!edges.empty()) graph_.insert_or_assign(origin, std::move(edges));
+  NodeIndex index(nodes);
+  std::vector<std::string_view> references;  // of the nodes of one block, one after the other
+  std::vector<std::size_t> referenceEnds;
+  for (auto block = nodes.begin(); block != nodes.end();) {
+    references.clear();
+    referenceEnds.clear();
+    auto origin = block;
+    for (; block != nodes.end() && references.size() < referencesAtOnce; ++block) {
+      forEachReference(block->second->_data, "paths", "node",
+                       [&](std::string_view id) { references.push_back(id); });
+      referenceEnds.push_back(references.size());
+    }
+    const auto destinations = index.find(references);
+    std::size_t begin = 0;
+    for (const std::size_t end : referenceEnds) {
+      addWalkingEdges((origin++)->second, destinations.subspan(begin, end - begin));
+      begin = end;
+    }
   }
+}
+
+void NavigationGraph::addWalkingEdges(const std::shared_ptr<Node>& origin,
+                                      std::span<const std::shared_ptr<Node>* const> destinations) {
+  std::vector<Edge> edges;
+  edges.reserve(destinations.size());
+  for (const std::shared_ptr<Node>* destination : destinations)
+    if (destination != nullptr) edges.emplace_back(*origin, *destination);
+  if (!edges.empty()) graph_.insert_or_assign(origin, std::move(edges));
 }
 
 void NavigationGraph::addConnectorEdges(const Collection<Vortex>& vortices, bool accessible) {
