@@ -11,7 +11,7 @@
 
 namespace orivanta {
 
-std::shared_ptr<Venue> activeVenue;
+std::shared_ptr<Venue>& activeVenue = *new std::shared_ptr<Venue>;
 
 namespace {
 
