@@ -19,6 +19,20 @@ bool isFinite(const std::shared_ptr<Node>& node) {
 
 }  // namespace
 
+// The root of the greatest square is the greatest root: rounding is monotone.
+inline double CompactRouteSearch::heuristic(double x, double y, double z) const {
+  const auto square = [=](const Position& destination) {
+    const double dx = x - destination.x;
+    const double dy = y - destination.y;
+    const double dz = z - destination.z;
+    return dx * dx + dy * dy + dz * dz;
+  };
+  double greatest = square(firstDestination_);
+  for (const Position& destination : otherDestinations_)
+    greatest = std::max(greatest, square(destination));
+  return std::sqrt(greatest);
+}
+
 bool CompactRouteSearch::covers(const RouteNetwork& network, const NodeList& nodes,
                                 const NodeList& destinations) {
   return network.isRegular() && std::all_of(nodes.begin(), nodes.end(), isFinite) &&
@@ -28,9 +42,10 @@ bool CompactRouteSearch::covers(const RouteNetwork& network, const NodeList& nod
 CompactRouteSearch::CompactRouteSearch(const RouteNetwork& network, const NodeList& nodes,
                                        const NodeList& destinations)
     : network_(network), state_(network.takeState(network.size() + nodes.size())) {
-  destinations_.reserve(destinations.size());
-  for (const auto& destination : destinations)
-    destinations_.push_back({destination->x, destination->y, destination->z});
+  const auto positionOf = [](const Node& node) { return Position{node.x, node.y, node.z}; };
+  firstDestination_ = positionOf(*destinations.front());
+  for (std::size_t i = 1; i < destinations.size(); ++i)
+    otherDestinations_.push_back(positionOf(*destinations[i]));
   for (const auto& start : nodes) putStart(start);
   for (const auto& destination : destinations) {
     const Index index = number(destination);
@@ -38,15 +53,12 @@ CompactRouteSearch::CompactRouteSearch(const RouteNetwork& network, const NodeLi
   }
 }
 
-CompactRouteSearch::~CompactRouteSearch() {
-  network_.giveBack(std::move(state_));
-}
+CompactRouteSearch::~CompactRouteSearch() { network_.giveBack(std::move(state_)); }
 
 std::optional<Route> CompactRouteSearch::run() {
   RouteFrontier& frontier = state_->frontier;
   for (std::size_t taken = 1; !frontier.empty(); ++taken) {
-    const Index current = frontier.front();
-    frontier.removeFront();
+    const Index current = frontier.take();
     NodeState& node = state_->nodes[current];
     if (node.destinationStamp == state_->stamp) return routeTo(current, taken);
     node.queued = false;
@@ -56,40 +68,38 @@ std::optional<Route> CompactRouteSearch::run() {
 }
 
 void CompactRouteSearch::expand(Index current) {
+  const RouteNetwork::Place* const places = network_.places();
+  const RouteNetwork::Link* const links = network_.links();
+  const RouteNetwork::Link* const end = links + places[current].endLink;
   NodeState* const nodes = state_->nodes.data();
+  RouteFrontier& frontier = state_->frontier;
   const std::uint32_t stamp = state_->stamp;
   const double costSoFar = nodes[current].cost;
-  const RouteNetwork::Place& place = network_.places()[current];
-  const RouteNetwork::Link* const end = network_.links() + place.endLink;
-  for (const auto* link = network_.links() + place.firstLink; link != end; ++link) {
-    NodeState& target = nodes[link->target];
+  for (const auto* link = links + places[current].firstLink; link != end; ++link) {
+    __builtin_prefetch(&nodes[link->target]);
+    __builtin_prefetch(&places[link->target]);
+  }
+  for (const auto* link = links + places[current].firstLink; link != end; ++link) {
+    const Index index = link->target;
+    NodeState& target = nodes[index];
     const double cost = costSoFar + link->weight;
     if (target.reachedStamp != stamp) {
-      const RouteNetwork::Place& there = network_.places()[link->target];
+      const RouteNetwork::Place& there = places[index];
+      __builtin_prefetch(links + there.firstLink);
       target.reachedStamp = stamp;
-      target.heuristic = heuristic({there.x, there.y, there.z});
-      target.queued = false;
+      target.heuristic = heuristic(there.x, there.y, there.z);
     } else if (!(cost < target.cost)) {
+      continue;
+    } else if (target.queued) {
+      target.cost = cost;
+      target.predecessor = current;
       continue;
     }
     target.cost = cost;
     target.predecessor = current;
-    if (target.queued) continue;
     target.queued = true;
-    state_->frontier.put(cost + target.heuristic, link->target);
+    frontier.put(cost + target.heuristic, index);
   }
-}
-
-// The root of the greatest square is the greatest root: rounding is monotone.
-double CompactRouteSearch::heuristic(const Position& position) const {
-  double greatest = 0.0;
-  for (const Position& destination : destinations_) {
-    const double dx = position.x - destination.x;
-    const double dy = position.y - destination.y;
-    const double dz = position.z - destination.z;
-    greatest = std::max(greatest, dx * dx + dy * dy + dz * dz);
-  }
-  return std::sqrt(greatest);
 }
 
 void CompactRouteSearch::putStart(const std::shared_ptr<Node>& start) {
@@ -102,7 +112,7 @@ void CompactRouteSearch::putStart(const std::shared_ptr<Node>& start) {
   if (state.reachedStamp == state_->stamp) return;
   state.reachedStamp = state_->stamp;
   state.cost = 0.0;
-  state.heuristic = heuristic({start->x, start->y, start->z});
+  state.heuristic = heuristic(start->x, start->y, start->z);
   state.predecessor = none;
   state.queued = true;
   state_->frontier.put(state.heuristic, index);

@@ -43,14 +43,15 @@ class CompactRouteSearch {
 
   Index number(const std::shared_ptr<Node>& node);
   const std::shared_ptr<Node>& node(Index index) const;
-  double heuristic(const Position& position) const;
+  double heuristic(double x, double y, double z) const;
   void putStart(const std::shared_ptr<Node>& start);
   void expand(Index current);
   Route routeTo(Index destination, std::size_t takenNodes) const;
 
   const RouteNetwork& network_;
   NodeList foreign_;  ///< start nodes that the network does not have, numbered after those it has
-  std::vector<Position> destinations_;
+  Position firstDestination_;
+  std::vector<Position> otherDestinations_;
   std::unique_ptr<RouteNetwork::SearchState> state_;
 };
 

@@ -37,8 +37,8 @@ struct ApiSettings {
 ORIVANTA_API void setApiSettings(ApiSettings settings);
 
 /// The venue most recently passed to `getVenue`, or null before the first call. Owns what was
-/// loaded.
-extern ORIVANTA_API std::shared_ptr<Venue> activeVenue;
+/// loaded. Never destroyed, so that a load may still be under way when the program ends.
+extern ORIVANTA_API std::shared_ptr<Venue>& activeVenue;
 
 /// Lists the venues that the account may see, in the API's order. `callback` is called once, on a
 /// background thread; the list is empty when the request failed.

@@ -4,6 +4,7 @@
 
 #include "Source/ImageCollection.hpp"
 #include "Source/JsonDocument.hpp"
+#include "Source/JsonMember.hpp"
 
 namespace orivanta {
 
@@ -38,8 +39,7 @@ std::vector<RawData> RawData::arrayValue() const {
 }
 
 RawData RawData::operator[](std::string_view key) const {
-  if (!data_ || !data_->is_object()) return {};
-  const json::value* found = data_->get_object().if_contains({key.data(), key.size()});
+  const json::value* found = jsonMember(data_.get(), key);
   if (found == nullptr) return {};
   return RawData(std::shared_ptr<const json::value>(data_, found));
 }

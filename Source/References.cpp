@@ -1,6 +1,6 @@
 #include "Source/References.hpp"
 
-#include <boost/json/value.hpp>
+#include "Source/JsonMember.hpp"
 
 namespace orivanta {
 
@@ -8,13 +8,8 @@ namespace json = boost::json;
 
 namespace {
 
-const json::value* memberOf(const json::value* value, std::string_view key) {
-  if (value == nullptr || !value->is_object()) return nullptr;
-  return value->get_object().if_contains({key.data(), key.size()});
-}
-
 const json::array* arrayOf(const RawData& data, std::string_view key) {
-  const json::value* member = memberOf(data.data().get(), key);
+  const json::value* member = jsonMember(data.data().get(), key);
   return member == nullptr ? nullptr : member->if_array();
 }
 
@@ -28,7 +23,7 @@ void visitText(const json::value* value, const ReferenceVisitor& visit) {
 
 std::optional<std::string_view> referenceIn(const RawData& data, std::string_view key) {
   std::optional<std::string_view> reference;
-  visitText(memberOf(data.data().get(), key), [&](std::string_view id) { reference = id; });
+  visitText(jsonMember(data.data().get(), key), [&](std::string_view id) { reference = id; });
   return reference;
 }
 
@@ -42,12 +37,7 @@ void forEachReference(const RawData& data, std::string_view key, std::string_vie
                       ReferenceVisitor visit) {
   const json::array* elements = arrayOf(data, key);
   if (elements == nullptr) return;
-  for (const json::value& element : *elements) visitText(memberOf(&element, member), visit);
-}
-
-std::size_t countOfReferences(const RawData& data, std::string_view key) {
-  const json::array* elements = arrayOf(data, key);
-  return elements == nullptr ? 0 : elements->size();
+  for (const json::value& element : *elements) visitText(jsonMember(&element, member), visit);
 }
 
 }  // namespace orivanta

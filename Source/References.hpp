@@ -36,7 +36,4 @@ void forEachReference(const RawData& data, std::string_view key, ReferenceVisito
 void forEachReference(const RawData& data, std::string_view key, std::string_view member,
                       ReferenceVisitor visit);
 
-/// The number of elements of the array under a key, visited or not; 0 for anything else.
-std::size_t countOfReferences(const RawData& data, std::string_view key);
-
 }  // namespace orivanta

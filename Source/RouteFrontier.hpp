@@ -1,42 +1,138 @@
 // The frontier of the route search: a heap in which equal priorities come newest first.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <limits>
 #include <vector>
 
 namespace orivanta {
 
-/// Holds each node at most once; the caller sees to that. A 4-ary heap: its order is that of
-/// PriorityQueue as long as no queued node is put again.
+/// Holds each node at most once; the caller sees to that. As long as no queued node is put again,
+/// its order is that of PriorityQueue.
+///
+/// A heap of four children a node. Taking leaves its root vacant, and what is put next fills it: in
+/// a search that is a neighbour of the node that was taken, which seldom has to sink far.
 class RouteFrontier {
  public:
   /// Sequence numbers start at `firstSequence` after each `clear`.
-  explicit RouteFrontier(std::uint32_t firstSequence = 0);
+  explicit RouteFrontier(std::uint32_t firstSequence = 0) : firstSequence_(firstSequence) {
+    clear();
+  }
 
-  bool empty() const { return entries_.empty(); }
-  void clear();
+  void clear() {
+    entries_.assign(spare, Entry::last());
+    size_ = 0;
+    rootIsVacant_ = false;
+    sequence_ = firstSequence_;
+  }
 
   /// `priority` is 0 or greater, infinity included, and not the negative zero.
-  void put(double priority, std::uint32_t node);
+  void put(double priority, std::uint32_t node) {
+    if (sequence_ == std::numeric_limits<std::uint32_t>::max()) renumber();
+    const Entry entry(priority, sequence_++, node);
+    if (rootIsVacant_) {
+      rootIsVacant_ = false;
+      sink(entry);
+    } else {
+      entries_.push_back(Entry::last());
+      rise(entry, size_++);
+    }
+  }
 
-  /// The node of the smallest priority, of equal ones the node put last. Not for an empty frontier.
-  std::uint32_t front() const { return static_cast<std::uint32_t>(entries_.front().rank); }
-  void removeFront();
+  bool empty() const { return size_ == (rootIsVacant_ ? 1 : 0); }
+
+  /// Takes the node of the smallest priority, of equal ones the node put last. Not for an empty
+  /// frontier.
+  std::uint32_t take() {
+    if (rootIsVacant_) closeRoot();
+    rootIsVacant_ = true;
+    return entries_.front().node();
+  }
 
  private:
-  struct Entry {
-    std::uint64_t priority;  ///< the bits of the double, which are in the order of the numbers
-    std::uint64_t rank;      ///< high half: inverted sequence number; low half: node
+  // In the order of the list's end: priority, sequence number (greater first), node.
+  class Entry {
+   public:
+    Entry(double priority, std::uint32_t sequence, std::uint32_t node)
+        : Entry(bitsOf(priority), std::uint64_t{~sequence} << 32U | node) {}
+    /// An entry behind all others.
+    static Entry last() { return Entry(~std::uint64_t{0}, ~std::uint64_t{0}); }
 
-    bool operator<(const Entry& other) const {
-      return (priority < other.priority) | ((priority == other.priority) & (rank < other.rank));
+    Entry renumbered(std::uint32_t sequence) const {
+      return Entry(static_cast<std::uint64_t>(key_ >> 64U),
+                   std::uint64_t{~sequence} << 32U | node());
     }
+    std::uint32_t node() const { return static_cast<std::uint32_t>(key_); }
+    bool operator<(const Entry& other) const { return key_ < other.key_; }
+
+   private:
+    using Key = unsigned __int128;
+
+    Entry(std::uint64_t high, std::uint64_t low) : key_(static_cast<Key>(high) << 64U | low) {}
+
+    // Doubles that are not negative are in the order of their bits.
+    static std::uint64_t bitsOf(double number) {
+      std::uint64_t bits = 0;
+      std::memcpy(&bits, &number, sizeof bits);
+      return bits;
+    }
+
+    Key key_;
   };
 
-  void renumber();
+  static constexpr std::size_t arity = 4;
+  static constexpr std::size_t spare = arity;  ///< last entries behind the heap, for `sink`
+
+  void rise(Entry entry, std::size_t hole) {
+    Entry* const entries = entries_.data();
+    while (hole != 0) {
+      const std::size_t parent = (hole - 1) / arity;
+      const Entry above = entries[parent];
+      if (!(entry < above)) break;
+      entries[hole] = above;
+      hole = parent;
+    }
+    entries[hole] = entry;
+  }
+
+  // From the root, past the least of four children each time.
+  void sink(Entry entry) {
+    Entry* const entries = entries_.data();
+    std::size_t hole = 0;
+    for (std::size_t child = 1; child < size_; child = hole * arity + 1) {
+      const std::size_t left = child + (entries[child + 1] < entries[child]);
+      const std::size_t right = child + 2 + (entries[child + 3] < entries[child + 2]);
+      const std::size_t least = left + (right - left) * (entries[right] < entries[left]);
+      const Entry below = entries[least];
+      if (!(below < entry)) break;
+      entries[hole] = below;
+      hole = least;
+    }
+    entries[hole] = entry;
+  }
+
+  void closeRoot() {
+    rootIsVacant_ = false;
+    entries_.pop_back();
+    const Entry moved = entries_[--size_];
+    entries_[size_] = Entry::last();
+    sink(moved);
+  }
+
+  // A sorted array is a heap too, so the numbers start again without a change of order.
+  void renumber() {
+    if (rootIsVacant_) closeRoot();
+    std::sort(entries_.begin(), entries_.begin() + static_cast<std::ptrdiff_t>(size_));
+    sequence_ = 0;
+    for (std::size_t i = size_; i-- != 0;) entries_[i] = entries_[i].renumbered(sequence_++);
+  }
 
   std::vector<Entry> entries_;
+  std::size_t size_;  ///< the vacant root included
+  bool rootIsVacant_;
   std::uint32_t firstSequence_;
   std::uint32_t sequence_;
 };

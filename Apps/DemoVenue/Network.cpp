@@ -42,10 +42,12 @@ class FloorNetwork {
   void addPlace(const Place& place) {
     const std::string prefix = std::string(floor_.id) + "-";
     const std::string name(place.id);
+    if (place.shape.doors.empty()) {
+      network_.places[{floor_.id, place.id}] = {lineNodeId(lines_.attach(place.shape.inside)), {}};
+      return;
+    }
     const std::size_t inside = add(prefix + "in-" + name, place.shape.inside);
     PlaceNodes nodes = {network_.nodes[inside].id, {}};
-    if (place.shape.doors.empty())
-      attached_.emplace_back(lines_.attach(place.shape.inside), std::pair{inside, Flow::Both});
     if (place.shape.doors.size() > 1) network_.nodes[inside].weight = insideWeight;
     for (std::size_t i = 0; i < place.shape.doors.size(); ++i) {
       const std::string number = i == 0 ? "" : "-" + std::to_string(i + 1);
@@ -75,8 +77,12 @@ class FloorNetwork {
     const WalkingLines::Stretches stretches = lines_.stretches();
     firstLineNode_ = network_.nodes.size();
     for (std::size_t i = 0; i < stretches.points.size(); ++i)
-      add(std::string(floor_.id) + "-" + std::to_string(i + 1), stretches.points[i]);
+      add(lineNodeId(i), stretches.points[i]);
     for (const auto& [from, to] : stretches.joined) join(lineNode(from), lineNode(to));
+  }
+
+  std::string lineNodeId(std::size_t point) const {
+    return std::string(floor_.id) + "-" + std::to_string(point + 1);
   }
 
   std::size_t lineNode(std::size_t point) const { return firstLineNode_ + point; }

@@ -74,7 +74,7 @@ json::object venueRecord(const Plan& plan) {
   venue["logo"] = {{"xxsmall", "images/logo-64.png"},
                    {"xsmall", "images/logo-128.png"},
                    {"small", "images/logo-256.png"},
-                   {"original", "images/logo-512.png"}};
+                   {"original", "images/logo-256.png"}};
   venue["cover-image"] = "images/cover.png";
   venue["unitsPerMetre"] = unitsPerMetre;
   venue["synthetic"] = true;

@@ -59,6 +59,11 @@ struct Floor {
   std::vector<Walkway> walkways;
   std::vector<WalkingLine> lines;
   std::vector<Place> places;
+  std::vector<Outline> lawns = {};   ///< green, not walked on
+  std::vector<Outline> inlays = {};  ///< brass lines in the floor
+  std::vector<Outline> railings = {};
+  std::vector<Point> tables = {};  ///< round, a metre and a half across
+  std::vector<Point> trees = {};   ///< in tubs of a metre's radius
 };
 
 enum class ConnectorKind { Lift, Escalator, Stairs, Ramp };

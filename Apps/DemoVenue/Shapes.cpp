@@ -9,8 +9,18 @@ namespace {
 
 constexpr double halfLength = 92.0;
 constexpr double halfWidth = 64.0;
-constexpr double sampling = 2.0;    // degrees between the points of an arc
+constexpr double sampling = 2.0;  // degrees between the points of an arc
+constexpr double partyWallMetres = 0.4;
 constexpr double partyWall = 0.16;  // degrees that each of two neighbours leaves between them
+
+// The block in the west.
+constexpr double westBearing = 149.7;    // its north side meets the façade here
+constexpr double westCorner = -101.0;    // x where its chamfered corners begin
+constexpr double westEnd = -106.0;       // x of its street side
+constexpr double westSide = 26.0;        // y where the street side ends
+constexpr double westBack = -92.0;       // x of the wall between aisle and hall
+constexpr double aisleHalf = 3.5;        // half the aisle's width
+constexpr double aisleBearing = 175.65;  // the aisle's north side meets the corridor near here
 
 Outline joined(std::vector<Point> first, const std::vector<Point>& second) {
   first.insert(first.end(), second.begin(), second.end());
@@ -53,17 +63,31 @@ Outline oval(double depth) {
   return outline;
 }
 
-Shape niche(double from, double to, double backDepth) {
-  from += partyWall;
-  to -= partyWall;
-  const double middle = (from + to) / 2.0;
-  return {joined(arc(backDepth, from, to), front(corridorDepth, to, from)),
-          {at(corridorDepth, middle)},
-          at((backDepth + corridorDepth) / 2.0, middle)};
+std::vector<Point> ovalLine(double depth) {
+  constexpr double stride = 3.0;
+  std::vector<Point> points = {at(depth, 0.0)};
+  for (double bearing = 1.0; bearing < 360.0; bearing += 1.0) {
+    const Point next = at(depth, bearing);
+    if (distance(next, points.back()) >= stride && distance(next, points.front()) >= stride)
+      points.push_back(next);
+  }
+  return points;
+}
+
+Outline mirrored(const Outline& outline) {
+  Outline result;
+  for (auto point = outline.rbegin(); point != outline.rend(); ++point)
+    result.push_back({point->x, -point->y});
+  return result;
 }
 
 Shape outer(double from, double to) {
-  return niche(from, to, 0.0);
+  from += partyWall;
+  to -= partyWall;
+  const double middle = (from + to) / 2.0;
+  return {joined(arc(0.0, from, to), front(corridorDepth, to, from)),
+          {at(corridorDepth, middle)},
+          at(corridorDepth / 2.0, middle)};
 }
 
 Shape island(double from, double to, Front side) {
@@ -96,13 +120,47 @@ Shape ground(const Outline& outline, Point inside) {
 }
 
 Outline westBlock() {
-  return joined({at(0.0, 149.7),
-                 {-101.0, at(0.0, 149.7).y},
-                 {-106.0, 26.0},
-                 {-106.0, -26.0},
-                 {-101.0, at(0.0, 210.3).y},
-                 at(0.0, 210.3)},
-                arc(corridorDepth, 209.8, 150.2));
+  const double side = at(0.0, westBearing).y;
+  return joined({at(0.0, westBearing),
+                 {westCorner, side},
+                 {westEnd, westSide},
+                 {westEnd, -westSide},
+                 {westCorner, -side},
+                 at(0.0, 360.0 - westBearing)},
+                arc(corridorDepth, 359.5 - westBearing, westBearing + 0.5));
+}
+
+Outline westAisle() {
+  return joined({{westBack, aisleHalf}, {westBack, -aisleHalf}},
+                arc(corridorDepth, 360.0 - aisleBearing, aisleBearing));
+}
+
+Shape westHall() {
+  const double side = at(0.0, westBearing).y;
+  return {{{westBack, -side},
+           {westBack, 0.0},
+           {westBack, side},
+           {westCorner, side},
+           {westEnd, westSide},
+           {westEnd, -westSide},
+           {westCorner, -side}},
+          {{westBack, 0.0}},
+          {westBack - 7.0, 0.0}};
+}
+
+Shape westWingNorth() {
+  const double left = westBack + partyWallMetres;
+  Outline outline = joined({{left, aisleHalf}, {-83.0, aisleHalf}},
+                           arc(corridorDepth, aisleBearing, westBearing + 0.5));
+  outline.push_back(at(0.0, westBearing));
+  outline.push_back({left, at(0.0, westBearing).y});
+  return {outline, {{-83.0, aisleHalf}}, {-80.0, 16.0}};
+}
+
+Shape westWingSouth() {
+  const Shape north = westWingNorth();
+  const auto across = [](Point point) { return Point{point.x, -point.y}; };
+  return {mirrored(north.outline), {across(north.doors.front())}, across(north.inside)};
 }
 
 }  // namespace orivanta::demo

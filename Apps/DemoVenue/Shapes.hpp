@@ -29,6 +29,12 @@ Outline sector(double outerDepth, double innerDepth, double from, double to);
 /// The whole oval inside a depth.
 Outline oval(double depth);
 
+/// The oval at a depth with points a few metres apart, to walk along.
+std::vector<Point> ovalLine(double depth);
+
+/// The outline seen in the east-west axis as in a mirror.
+Outline mirrored(const Outline& outline);
+
 /// A place to go to: its outline, its doors on the outline, and where one stands inside.
 struct Shape {
   Outline outline;
@@ -38,9 +44,6 @@ struct Shape {
 
 /// A shop between façade and ring corridor, its door in the middle of its front.
 Shape outer(double from, double to);
-/// A shop between façade and ring corridor in which only the front part, down to a depth, counts.
-Shape niche(double from, double to, double backDepth);
-
 enum class Front { Corridor, Gallery, Both };
 
 /// A shop on an island, between ring corridor and gallery.
@@ -55,7 +58,13 @@ Shape room(const Outline& outline, Point door, Point inside);
 /// Somewhere to walk onto, without walls or doors.
 Shape ground(const Outline& outline, Point inside);
 
-/// The department store's block in the west: an arc along the corridor, square to the street.
+/// The block in the west: an arc along the corridor, square to the street.
 Outline westBlock();
+
+// The same block with an aisle from the corridor to a hall at the back, and a wing on either side.
+Outline westAisle();
+Shape westHall();
+Shape westWingNorth();
+Shape westWingSouth();
 
 }  // namespace orivanta::demo

@@ -51,7 +51,9 @@ Point WalkingLines::nearestOnOtherLines(std::size_t line, Point end,
     for (std::size_t k = 0; k < count; ++k) {
       const Point a = points[k];
       const Point b = points[(k + 1) % points.size()];
-      const Point candidate = a + (b - a) * nearestFraction(a, b, end);
+      Point candidate = a + (b - a) * nearestFraction(a, b, end);
+      for (const Point corner : {a, b})
+        if (distance(candidate, corner) < close) candidate = corner;
       if (distance(candidate, end) >= best) continue;
       best = distance(candidate, end);
       nearest = candidate;

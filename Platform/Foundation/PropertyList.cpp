@@ -8,11 +8,14 @@
 #include <memory>
 #include <string_view>
 
+#include "Platform/Foundation/BinaryPropertyList.hpp"
+
 namespace orivanta::foundation {
 
 namespace {
 
 constexpr std::uintmax_t largestFileBytes = 16U << 20U;
+constexpr std::size_t mostContainers = 10'000;
 
 using PlistHandle = std::unique_ptr<void, decltype(&plist_free)>;
 using PlistText = std::unique_ptr<char, decltype(&std::free)>;
@@ -28,13 +31,20 @@ std::optional<std::string> readFile(const std::filesystem::path& file) {
   return bytes;
 }
 
-PlistHandle parse(const std::string& bytes) {
+// The library frees a list by recursion, so the containers, and with them the nesting, are limited
+// beforehand; and it stops the program at a text with a NUL, which XML cannot hold.
+bool safeToParse(std::string_view xml) {
+  if (xml.find('\0') != std::string_view::npos) return false;
+  std::size_t containers = 0;
+  for (const std::string_view tag : {"<array", "<dict"})
+    for (std::size_t at = xml.find(tag); at != std::string_view::npos; at = xml.find(tag, at + 1))
+      ++containers;
+  return containers <= mostContainers;
+}
+
+PlistHandle parseXml(const std::string& xml) {
   plist_t root = nullptr;
-  const auto length = static_cast<std::uint32_t>(bytes.size());
-  if (std::string_view(bytes).starts_with("bplist"))
-    plist_from_bin(bytes.data(), length, &root);
-  else
-    plist_from_xml(bytes.data(), length, &root);
+  if (safeToParse(xml)) plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &root);
   return {root, plist_free};
 }
 
@@ -51,7 +61,8 @@ std::optional<std::string> textOf(plist_t node) {
 std::optional<PropertyListDictionary> readPropertyList(const std::filesystem::path& file) {
   const auto bytes = readFile(file);
   if (!bytes) return std::nullopt;
-  const PlistHandle root = parse(*bytes);
+  if (std::string_view(*bytes).starts_with("bplist")) return readBinaryPropertyList(*bytes);
+  const PlistHandle root = parseXml(*bytes);
   if (!root || plist_get_node_type(root.get()) != PLIST_DICT) return std::nullopt;
 
   PropertyListDictionary entries;

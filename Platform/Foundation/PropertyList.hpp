@@ -12,8 +12,8 @@ namespace orivanta::foundation {
 /// with a value of another kind is present with nothing.
 using PropertyListDictionary = std::map<std::string, std::optional<std::string>>;
 
-/// Reads the file. Nothing when it cannot be read, is over 16 MiB, is no property list or is not
-/// a dictionary at the top level.
+/// Reads the file. Nothing when it cannot be read, is over 16 MiB, is no property list, is not a
+/// dictionary at the top level or has more than 10,000 arrays and dictionaries as XML.
 std::optional<PropertyListDictionary> readPropertyList(const std::filesystem::path& file);
 
 }  // namespace orivanta::foundation

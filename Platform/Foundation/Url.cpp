@@ -83,8 +83,12 @@ std::optional<Url> Url::parse(std::string_view text, const Url& base) {
   UriUriA resolved;
   if (uriAddBaseUriA(&resolved, &*reference, &*parsedBase) != URI_SUCCESS) return std::nullopt;
   std::string resolvedText = recomposed(resolved);
+  const bool namesHost = resolved.hostText.first != nullptr;
   uriFreeUriMembersA(&resolved);
-  if (resolvedText.empty()) return std::nullopt;
+  // Without a host, a path may be left that begins with "//" and would read as one.
+  const ParsedUri reread(resolvedText);
+  if (resolvedText.empty() || !reread.valid()) return std::nullopt;
+  if ((reread->hostText.first != nullptr) != namesHost) return std::nullopt;
   return Url(std::move(resolvedText));
 }
 

@@ -270,5 +270,23 @@ TEST_F(VenueLoadingDeathTest, TheProcessWideSessionTakesTheFirstSettings) {
               "^2 venues, B has 4 nodes, Basic dXNlcjpzZWNyZXQ=\n$");
 }
 
+// Loads go on in the background while the process runs its exit handlers.
+[[noreturn]] void endDuringALoad() {
+  const auto server = std::make_shared<MisbehavingServer>();
+  serveSmallVenue(*server);
+  const WebApiSession session = sessionFor(server->root());
+  const std::function<void()> loadForEver = [&, server] {
+    loadVenue(session, smallVenue(), false, [&](const auto&) { loadForEver(); });
+  };
+  loadForEver();
+  EXPECT_TRUE(server->waitForRequests("/1/node", 50));
+  std::exit(0);
+}
+
+TEST_F(VenueLoadingDeathTest, AProgramMayEndWhileALoadIsUnderWay) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  for (int i = 0; i < 10; ++i) EXPECT_EXIT(endDuringALoad(), testing::ExitedWithCode(0), "^$");
+}
+
 }  // namespace
 }  // namespace orivanta

@@ -16,7 +16,7 @@ std::vector<Place> shops() {
        "fitness",
        {"Undertow Gym", "アンダートウ・ジム", "نادي التيار الخفي"},
        "Weights, mats and a pool with no waves.",
-       outer(4, 44)},
+       outer(0, 44)},
       {"ninepin-cellar",
        "play",
        {"Ninepin Cellar", "ナインピン地下室", "قبو القناني التسع", "Kegelkeller"},
@@ -52,7 +52,7 @@ std::vector<Place> shops() {
        {"Cash machines, basement", "ATM（地下1階）", "الصراف الآلي، القبو",
         "Geldautomaten Untergeschoss"},
        "Two machines beside the stairs.",
-       niche(228, 232, 9.0)},
+       outer(228, 232)},
       {"night-baker",
        "sweets",
        {"The Night Baker", "夜のパン屋", "خباز الليل"},
@@ -82,7 +82,7 @@ std::vector<Place> shops() {
        "play",
        {"The Escapement", "エスケープメント", "الإفلات"},
        "Four locked rooms and one hour for each.",
-       outer(316, 356)},
+       outer(316, 360)},
   };
 }
 

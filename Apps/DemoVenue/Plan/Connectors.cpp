@@ -20,14 +20,14 @@ Connector lift(std::string_view id, const Names& names, double side) {
 Connector escalator(std::string_view id, const Names& names, double side, double lane, bool up,
                     std::string_view lower, std::string_view upper) {
   const double inner = lane * 0.3;
-  const double outer = lane * 2.1;
+  const double outer = lane * 2.6;
   const double near = 52.5;
   const double far = 63.0;
   const double left = side > 0.0 ? near : -far;
   const double right = side > 0.0 ? far : -near;
   const Outline outline =
       lane > 0.0 ? rectangle(left, inner, right, outer) : rectangle(left, outer, right, inner);
-  const double y = lane * 1.2;
+  const double y = lane * 1.45;
   return {id,
           ConnectorKind::Escalator,
           names,

@@ -66,9 +66,20 @@ std::vector<Place> outerShops() {
       {"quillon",
        "department",
        {"Quillon & Daughters", "クイヨン&ドーターズ", "كويون وبناتها"},
-       "Three floors of nearly everything. Ground floor: scent, scarves and the famous glove "
-       "counter.",
-       {westBlock(), {at(corridorDepth, 172), at(corridorDepth, 188)}, {-88.0, 0.0}}},
+       "Three floors of nearly everything, since before the astrolabe.",
+       westHall()},
+      {"quillon-ladies",
+       "clothing",
+       {"Quillon & Daughters, ladies", "クイヨン 婦人服", "كويون، أزياء السيدات",
+        "Quillon & Daughters, Damen"},
+       "Fitting rooms with daylight and an honest mirror.",
+       westWingNorth()},
+      {"quillon-gentlemen",
+       "clothing",
+       {"Quillon & Daughters, gentlemen", "クイヨン 紳士服", "كويون، أزياء الرجال",
+        "Quillon & Daughters, Herren"},
+       "Suits, socks and the tie wall.",
+       westWingSouth()},
       {"tuning-fork",
        "tech",
        {"Tuning Fork Audio", "音叉オーディオ", "الشوكة الرنانة للصوتيات"},
@@ -110,7 +121,7 @@ std::vector<Place> outerShops() {
        {"Cash machine, first floor", "ATM（2階）", "الصراف الآلي، الطابق الأول",
         "Geldautomat 1. Obergeschoss"},
        "One machine beside the stairs.",
-       niche(308.5, 313, 9.0)},
+       outer(308.5, 313)},
       {"signal-box",
        "toys",
        {"The Signal Box", "信号扱所", "كشك الإشارات"},
@@ -209,6 +220,7 @@ Floor makeFirstFloor() {
   addRingSlab(floor);
   floor.slab.push_back(grown(westBlock(), 0.5));
   addRing(floor);
+  addStore(floor);
   addGallery(floor);
   for (const auto& part : {outerShops(), islandShops()})
     floor.places.insert(floor.places.end(), part.begin(), part.end());

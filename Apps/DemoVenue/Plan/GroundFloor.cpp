@@ -27,12 +27,12 @@ std::vector<Place> outerShops() {
        {"Cash machines, ground floor", "ATM（1階）", "الصراف الآلي، الطابق الأرضي",
         "Geldautomaten Erdgeschoss"},
        "Four machines, one at wheelchair height.",
-       niche(35, 38.5, 9.0)},
+       outer(35, 38.5)},
       {"lockers-g",
        "lockers",
        {"Lockers", "コインロッカー", "خزائن الأمانات", "Schließfächer"},
        "Sixty lockers, twelve of them big enough for a suitcase.",
-       niche(38.5, 42, 9.0)},
+       outer(38.5, 42)},
       {"brass-heron",
        "jewellery",
        {"The Brass Heron", "真鍮の青鷺", "مالك الحزين النحاسي"},
@@ -83,9 +83,20 @@ std::vector<Place> outerShops() {
       {"quillon",
        "department",
        {"Quillon & Daughters", "クイヨン&ドーターズ", "كويون وبناتها"},
-       "Three floors of nearly everything. Ground floor: scent, scarves and the famous glove "
-       "counter.",
-       {westBlock(), {at(corridorDepth, 172), at(corridorDepth, 188)}, {-88.0, 0.0}}},
+       "Three floors of nearly everything, since before the astrolabe.",
+       westHall()},
+      {"quillon-scent",
+       "beauty",
+       {"Quillon & Daughters, scent hall", "クイヨン 香水売場", "كويون، قاعة العطور",
+        "Quillon & Daughters, Düfte"},
+       "Eleven hundred bottles and one patient nose.",
+       westWingNorth()},
+      {"quillon-gloves",
+       "bags",
+       {"Quillon & Daughters, gloves and scarves", "クイヨン 手袋・スカーフ売場",
+        "كويون، القفازات والأوشحة", "Quillon & Daughters, Handschuhe und Schals"},
+       "The famous glove counter, with velvet cushions for the elbow.",
+       westWingSouth()},
       {"salt-lantern",
        "home",
        {"Salt Lantern", "塩のランタン", "فانوس الملح"},
@@ -274,6 +285,28 @@ std::vector<Place> courtAndStreet() {
   };
 }
 
+// Lawns in the four corners of the plot and trees along the façade.
+void addGarden(Floor& floor) {
+  constexpr double margin = -6.0;
+  Outline east = {{107, 34}, {107, 79}, {101, 85}, {50, 85}};
+  for (const Point point : arc(margin, 59, 25)) east.push_back(point);
+  Outline west = {{-50, 85}, {-112, 85}, {-118, 79}, {-118, 39}, {-84, 39}};
+  for (const Point point : arc(margin, 144, 121)) west.push_back(point);
+  floor.lawns = {east, west, mirrored(east), mirrored(west)};
+  for (const double side : {-1.0, 1.0}) {
+    for (const double bearing : {29.0, 35.0, 41.0, 47.0, 53.0, 127.0, 133.0, 139.0})
+      floor.trees.push_back(at(-11, side * bearing));
+    for (const double bearing : {32.0, 44.0, 130.0}) floor.trees.push_back(at(-21, side * bearing));
+    for (const double x : {-112.0, -104.0, -96.0, -88.0}) floor.trees.push_back({x, side * 45});
+    for (const double x : {-114.0, 102.0})
+      for (const double y : {54.0, 63.0, 72.0}) floor.trees.push_back({x, side * y});
+    for (const double y : {8.0, 14.0, 20.0}) floor.trees.push_back({99, side * y});
+  }
+  for (const double x : {-36.0, -27.0, -18.0, -9.0}) floor.trees.push_back({x, 76});
+  for (const double x : {14.0, 22.0, 30.0, 38.0}) floor.trees.push_back({x, -86});
+  for (const double x : {-39.0, 39.0}) floor.trees.push_back({x, -66});
+}
+
 }  // namespace
 
 Floor makeGroundFloor() {
@@ -295,7 +328,9 @@ Floor makeGroundFloor() {
                         {-124, 80},
                         {-124, -86}});
   addRing(floor);
+  addStore(floor);
   addCourt(floor);
+  addGarden(floor);
   floor.walkways.push_back({"lobby-north", lobby(90)});
   floor.walkways.push_back({"lobby-south", lobby(270)});
   floor.walkways.push_back({"lobby-east", lobby(0)});

@@ -1,4 +1,6 @@
 // The roof terrace: gardens, a bar and the small observatory.
+#include <utility>
+
 #include "Apps/DemoVenue/Plan/Structure.hpp"
 
 namespace orivanta::demo {
@@ -58,6 +60,23 @@ Floor makeRoof() {
   floor.walkways.push_back({"star-path", sector(islandDepth, galleryDepth, 98, 164)});
   for (const double bearing : {131.0, 229.0, 311.0})
     floor.lines.push_back({{at(23, bearing), at(43, bearing)}});
+  for (const auto& [from, to] : {std::pair{2.0, 41.0},
+                                 {48.0, 65.0},
+                                 {89.0, 119.0},
+                                 {121.0, 149.0},
+                                 {185.0, 224.0},
+                                 {226.0, 269.0},
+                                 {271.0, 314.0},
+                                 {316.0, 358.0}}) {
+    floor.lawns.push_back(sector(1.5, 16.5, from, to));
+    for (double bearing = from + 4.0; bearing < to - 2.0; bearing += 9.0)
+      floor.trees.push_back(at(6.0, bearing));
+  }
+  floor.lawns.push_back(sector(29.5, 38.5, 18, 32));
+  floor.lawns.push_back(sector(29.5, 38.5, 60, 80));
+  for (const double bearing : {104.0, 110.0, 116.0, 122.0, 140.0, 147.0, 154.0})
+    for (const double depth : {32.0, 36.0}) floor.tables.push_back(at(depth, bearing));
+  floor.railings.push_back(oval(0.3));
   return floor;
 }
 

@@ -5,19 +5,13 @@ namespace orivanta::demo {
 
 namespace {
 
+constexpr double lobbyEnd = -1.5;  // a little outside the façade
+
 // The large auditorium stands out over the garden side, behind the cinema's lobby.
 Shape greatAuditorium() {
-  Outline outline = {{93.5, -23.0}, {104.0, -21.0}, {112.0, -13.0},
-                     {112.0, 13.0}, {104.0, 21.0},  {93.5, 23.0}};
-  outline.push_back({93.5, 0.0});
-  return {outline, {{93.5, 0.0}}, {103.0, 0.0}};
-}
-
-Outline cinemaLobby() {
-  Outline outline = arc(corridorDepth, 5.0, -5.0);
-  outline.push_back({93.5, -6.0});
-  outline.push_back({93.5, 6.0});
-  return outline;
+  Outline outline = {{104.0, -21.5}, {112.0, -13.0}, {112.0, 13.0}, {104.0, 21.5}};
+  for (const Point point : arc(lobbyEnd, 20.0, -20.0)) outline.push_back(point);
+  return {outline, {at(lobbyEnd, 0.0)}, {102.0, 0.0}};
 }
 
 std::vector<Place> foodAndFilm() {
@@ -56,7 +50,7 @@ std::vector<Place> foodAndFilm() {
        {"Cash machine, second floor", "ATM（3階）", "الصراف الآلي، الطابق الثاني",
         "Geldautomat 2. Obergeschoss"},
        "One machine beside the stairs.",
-       niche(38, 42, 9.0)},
+       outer(38, 42)},
       {"charcoal-ode",
        "street-food",
        {"Ode to Charcoal", "炭火への頌歌", "قصيدة الفحم"},
@@ -105,9 +99,20 @@ std::vector<Place> foodAndFilm() {
       {"quillon",
        "department",
        {"Quillon & Daughters", "クイヨン&ドーターズ", "كويون وبناتها"},
-       "Three floors of nearly everything. Ground floor: scent, scarves and the famous glove "
-       "counter.",
-       {westBlock(), {at(corridorDepth, 172), at(corridorDepth, 188)}, {-88.0, 0.0}}},
+       "Three floors of nearly everything, since before the astrolabe.",
+       westHall()},
+      {"quillon-home",
+       "home",
+       {"Quillon & Daughters, home", "クイヨン リビング", "كويون، المنزل",
+        "Quillon & Daughters, Wohnen"},
+       "China, curtains and forty kinds of spoon.",
+       westWingNorth()},
+      {"quillon-tea",
+       "cafes",
+       {"Quillon & Daughters, tea room", "クイヨン ティールーム", "كويون، صالة الشاي",
+        "Quillon & Daughters, Teesalon"},
+       "Three tiers, two kinds of cream.",
+       westWingSouth()},
       {"night-heron-bar",
        "bars",
        {"The Night Heron", "五位鷺バー", "بلشون الليل"},
@@ -202,14 +207,19 @@ Floor makeSecondFloor() {
                  .places = {}};
   addRingSlab(floor);
   floor.slab.push_back(grown(westBlock(), 0.5));
-  floor.slab.push_back({{80, -24}, {104.5, -22}, {113, -13.5}, {113, 13.5}, {104.5, 22}, {80, 24}});
+  floor.slab.push_back(grown(greatAuditorium().outline, 0.5));
+  floor.slab.push_back(sector(-2.0, 0.0, -20.0, 20.0));
   addRing(floor);
+  addStore(floor);
   addGallery(floor);
-  floor.walkways.push_back({"cinema-lobby", cinemaLobby()});
+  floor.walkways.push_back({"cinema-lobby", sector(lobbyEnd, corridorDepth, -5.4, 5.4)});
   floor.walkways.push_back({"food-terrace", sector(islandDepth, galleryDepth, 16, 82)});
   floor.lines.push_back({{{91.0, 0.0}, at(23, 0)}});
   for (const double bearing : {33.0, 49.0, 65.0})
     floor.lines.push_back({{at(23, bearing), at(43, bearing)}});
+  for (const double bearing :
+       {20.5, 24.5, 28.5, 37.5, 41.5, 45.0, 53.5, 57.5, 61.5, 69.5, 73.5, 77.5})
+    for (const double depth : {31.0, 34.0, 37.0}) floor.tables.push_back(at(depth, bearing));
   for (const auto& part : {foodAndFilm(), aroundTheAtrium()})
     floor.places.insert(floor.places.end(), part.begin(), part.end());
   return floor;

@@ -11,6 +11,9 @@ namespace orivanta::demo {
 /// The ring corridor and the four passages inwards: walkways and lines.
 void addRing(Floor& floor);
 
+/// The aisle of the department store.
+void addStore(Floor& floor);
+
 /// The whole middle of the floor as one open court around the great astrolabe.
 void addCourt(Floor& floor);
 

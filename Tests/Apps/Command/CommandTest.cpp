@@ -1,6 +1,7 @@
 // The program as its users run it, against the venue server.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <csignal>
 #include <fstream>
 
@@ -249,6 +250,16 @@ TEST_F(Command, EndsQuietlyWhenNobodyReads) {
   EXPECT_EQ(result.errors, "");
 }
 
+// What programs have written to a terminal whose last side is closed; closes it.
+std::string readToEnd(int terminal) {
+  std::string text;
+  std::array<char, 4096> piece{};
+  for (ssize_t count = 0; (count = ::read(terminal, piece.data(), piece.size())) > 0;)
+    text.append(piece.data(), static_cast<std::size_t>(count));
+  close(terminal);
+  return text;
+}
+
 TEST_F(Command, ShowsProgressOnATerminalAndClearsIt) {
   const int terminal = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
   ASSERT_GE(terminal, 0);
@@ -258,10 +269,8 @@ TEST_F(Command, ShowsProgressOnATerminalAndClearsIt) {
   auto variables = environment();
   variables.insert(variables.begin(), "TERM=xterm");
   const ProgramResult result = Program({"venues"}, variables, -1, side).finish();
-  std::string shown(4096, '\0');
-  shown.resize(static_cast<std::size_t>(std::max<ssize_t>(0, read(terminal, shown.data(), 4096))));
   close(side);
-  close(terminal);
+  const std::string shown = readToEnd(terminal);
   EXPECT_EQ(result.output, "small  Small Mall\n");
   EXPECT_TRUE(shown.starts_with("\r\033[KLoading: 0 of 1 collections")) << shown;
   EXPECT_TRUE(shown.ends_with("\r\033[K")) << shown;

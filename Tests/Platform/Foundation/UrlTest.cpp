@@ -21,6 +21,14 @@ TEST(Url, TakesWellFormedReferencesAsTheyStand) {
   EXPECT_FALSE(Url::parse(std::string_view("a\0b", 3)));
 }
 
+TEST(Url, AReferenceThatWouldTurnItsPathIntoAHostResolvesToNothing) {
+  const Url base = *Url::parse("mail:a");
+  EXPECT_EQ(Url::parse("/.//host/b", base), std::nullopt);
+  EXPECT_EQ(Url::parse("/.//host:b", base), std::nullopt);
+  EXPECT_EQ(Url::parse("/./host/b", base)->absoluteString(), "mail:/host/b");
+  EXPECT_EQ(Url::parse("/.//b", *Url::parse("file:///a"))->absoluteString(), "file:////b");
+}
+
 TEST(Url, ResolvesReferencesAgainstABase) {
   struct Case {
     const char* reference;

@@ -1,0 +1,132 @@
+#include "Apps/DemoVenue/Model.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "Apps/DemoVenue/Units.hpp"
+
+namespace orivanta::demo {
+
+namespace {
+
+constexpr double textureMetres = 4.0;
+
+// Three or four decimals, without a negative zero.
+double rounded(double value, double steps) {
+  const double near = std::round(value * steps) / steps;
+  return near == 0.0 ? 0.0 : near;
+}
+
+}  // namespace
+
+std::size_t Model::Lines::number(std::string line) {
+  const auto [entry, added] = numbers_.emplace(std::move(line), numbers_.size() + 1);
+  if (added) text_ += entry->first;
+  return entry->second;
+}
+
+void Model::use(const Material& material) {
+  const auto known = std::find_if(groups_.begin(), groups_.end(), [&](const Group& group) {
+    return group.material.name == material.name;
+  });
+  current_ = static_cast<std::size_t>(known - groups_.begin());
+  if (known == groups_.end()) groups_.push_back({material, {}});
+}
+
+// The normal is that of the polygon's plane by Newell's method; coordinates in units.
+void Model::face(const std::vector<Corner>& corners) {
+  double x = 0.0;
+  double y = 0.0;
+  double z = 0.0;
+  for (std::size_t i = 0; i < corners.size(); ++i) {
+    const Corner& a = corners[i];
+    const Corner& b = corners[(i + 1) % corners.size()];
+    x += (a.plan.y - b.plan.y) * unitsPerMetre * (a.height + b.height);
+    y += (a.height - b.height) * (a.plan.x + b.plan.x) * unitsPerMetre;
+    z += (a.plan.x - b.plan.x) * (a.plan.y + b.plan.y) * unitsPerMetre * unitsPerMetre;
+  }
+  const double size = std::sqrt(x * x + y * y + z * z);
+  if (size < 1e-9) return;
+  const std::size_t normal = normals_.number(fmt::format(
+      "vn {} {} {}\n", rounded(x / size, 1e4), rounded(y / size, 1e4), rounded(z / size, 1e4)));
+  Group& group = groups_[current_];
+  group.faces += 'f';
+  for (const Corner& corner : corners) {
+    const std::size_t vertex =
+        vertices_.number(fmt::format("v {} {} {}\n", toUnits(corner.plan.x), toUnits(corner.plan.y),
+                                     rounded(corner.height, 1e3)));
+    if (group.material.texture.empty()) {
+      group.faces += fmt::format(" {}//{}", vertex, normal);
+    } else {
+      const std::size_t coordinates = textureCoordinates_.number(
+          fmt::format("vt {} {}\n", rounded(corner.plan.x / textureMetres, 1e4),
+                      rounded(corner.plan.y / textureMetres, 1e4)));
+      group.faces += fmt::format(" {}/{}/{}", vertex, coordinates, normal);
+    }
+  }
+  group.faces += '\n';
+}
+
+void Model::wall(Corner from, Corner to, double bottom) {
+  face({{from.plan, bottom}, {to.plan, bottom}, to, from});
+}
+
+void Model::top(const Outline& outline, double height) {
+  std::vector<Corner> corners;
+  for (const Point point : outline) corners.push_back({point, height});
+  face(corners);
+}
+
+void Model::walls(const Outline& outline, double from, double to) {
+  for (std::size_t i = 0; i < outline.size(); ++i)
+    wall({outline[i], to}, {outline[(i + 1) % outline.size()], to}, from);
+}
+
+void Model::prism(const Outline& outline, double from, double to) {
+  walls(outline, from, to);
+  top(outline, to);
+}
+
+void Model::slope(const Outline& outline, double from, const Height& height) {
+  std::vector<Corner> corners;
+  for (const Point point : outline) corners.push_back({point, height(point)});
+  for (std::size_t i = 0; i < corners.size(); ++i)
+    wall(corners[i], corners[(i + 1) % corners.size()], from);
+  face(corners);
+}
+
+void Model::frustum(const Outline& lower, double from, const Outline& upper, double to) {
+  for (std::size_t i = 0; i < lower.size(); ++i) {
+    const std::size_t next = (i + 1) % lower.size();
+    face({{lower[i], from}, {lower[next], from}, {upper[next], to}, {upper[i], to}});
+  }
+}
+
+std::string Model::obj(std::string_view library) const {
+  std::string text = fmt::format(
+      "# x to the east, y to the north, z up; {} units a metre\n"
+      "mtllib {}\n",
+      unitsPerMetre, library);
+  text += vertices_.text() + textureCoordinates_.text() + normals_.text();
+  for (const Group& group : groups_)
+    if (!group.faces.empty())
+      text += fmt::format("g {0}\nusemtl {0}\n{1}", group.material.name, group.faces);
+  return text;
+}
+
+std::string Model::mtl() const {
+  std::string text;
+  for (const Group& group : groups_) {
+    const Colour& look = group.material.colour;
+    text += fmt::format("newmtl {}\nKa 0 0 0\nKd {} {} {}\nKs 0 0 0\nd 1\nillum 1\n",
+                        group.material.name, rounded(look.red, 1e3), rounded(look.green, 1e3),
+                        rounded(look.blue, 1e3));
+    if (!group.material.texture.empty()) text += fmt::format("map_Kd {}\n", group.material.texture);
+    text += '\n';
+  }
+  return text;
+}
+
+}  // namespace orivanta::demo

@@ -1,0 +1,119 @@
+#include "Apps/DemoVenue/Picture.hpp"
+
+#include <png.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <stdexcept>
+
+namespace orivanta::demo {
+
+namespace {
+
+std::uint8_t toByte(double share) {
+  return static_cast<std::uint8_t>(std::lround(std::clamp(share, 0.0, 1.0) * 255.0));
+}
+
+void put(std::uint8_t* pixel, Colour colour, double alpha) {
+  pixel[0] = toByte(colour.red);
+  pixel[1] = toByte(colour.green);
+  pixel[2] = toByte(colour.blue);
+  pixel[3] = toByte(alpha);
+}
+
+// The "over" operator (Porter and Duff, 1984) for straight alpha.
+void blend(std::uint8_t* pixel, Colour colour, double share) {
+  const double under = pixel[3] / 255.0 * (1.0 - share);
+  const double alpha = share + under;
+  if (alpha <= 0.0) return;
+  const Colour below = {pixel[0] / 255.0, pixel[1] / 255.0, pixel[2] / 255.0};
+  put(pixel, mixed(colour, below, under / alpha), alpha);
+}
+
+// The share of a pixel that is covered, from a grid of points. When those at its corners and in its
+// middle agree, so will the others.
+double coverage(int x, int y, const std::function<bool(Point)>& covers) {
+  constexpr int grid = 4;
+  const bool first = covers({x + 0.5, y + 0.5});
+  const auto agrees = [&](double right, double down) {
+    return covers({x + right, y + down}) == first;
+  };
+  if (agrees(0.1, 0.1) && agrees(0.9, 0.1) && agrees(0.1, 0.9) && agrees(0.9, 0.9))
+    return first ? 1.0 : 0.0;
+  int hits = 0;
+  for (int sample = 0; sample < grid * grid; ++sample)
+    if (covers({x + (sample % grid + 0.5) / grid, y + (sample / grid + 0.5) / grid})) ++hits;
+  return hits / double{grid * grid};
+}
+
+}  // namespace
+
+Picture::Picture(int width, int height, Colour background, double alpha)
+    : width_(width),
+      height_(height),
+      bytes_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4) {
+  for (int y = 0; y < height_; ++y)
+    for (int x = 0; x < width_; ++x) put(pixel(x, y), background, alpha);
+}
+
+std::uint8_t* Picture::pixel(int x, int y) {
+  return &bytes_[(static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) +
+                  static_cast<std::size_t>(x)) *
+                 4];
+}
+
+void Picture::paint(const Box& box, const std::function<bool(Point)>& covers, Colour colour) {
+  for (int y = box.top; y < box.bottom; ++y)
+    for (int x = box.left; x < box.right; ++x) {
+      const double share = coverage(x, y, covers);
+      if (share > 0.0) blend(pixel(x, y), colour, share);
+    }
+}
+
+void Picture::paint(const std::function<bool(Point)>& covers, Colour colour) {
+  paint({0, 0, width_, height_}, covers, colour);
+}
+
+void Picture::fill(const Outline& outline, Colour colour) {
+  double left = width_;
+  double top = height_;
+  double right = 0.0;
+  double bottom = 0.0;
+  for (const Point point : outline) {
+    left = std::min(left, point.x);
+    right = std::max(right, point.x);
+    top = std::min(top, point.y);
+    bottom = std::max(bottom, point.y);
+  }
+  const auto within = [](double value, int most) {
+    return static_cast<int>(std::clamp(value, 0.0, static_cast<double>(most)));
+  };
+  paint(
+      {within(std::floor(left), width_), within(std::floor(top), height_),
+       within(std::ceil(right), width_), within(std::ceil(bottom), height_)},
+      [&](Point point) { return contains(outline, point); }, colour);
+}
+
+void Picture::shade(const std::function<Colour(int, int)>& colourAt) {
+  for (int y = 0; y < height_; ++y)
+    for (int x = 0; x < width_; ++x) put(pixel(x, y), colourAt(x, y), 1.0);
+}
+
+void Picture::write(const std::filesystem::path& file) const {
+  bool opaque = true;
+  for (std::size_t i = 3; i < bytes_.size(); i += 4) opaque = opaque && bytes_[i] == 255;
+  std::vector<std::uint8_t> packed;
+  for (std::size_t i = 0; i < bytes_.size(); ++i)
+    if (!opaque || i % 4 != 3) packed.push_back(bytes_[i]);
+  png_image image;
+  std::memset(&image, 0, sizeof(image));
+  image.version = PNG_IMAGE_VERSION;
+  image.width = static_cast<png_uint_32>(width_);
+  image.height = static_cast<png_uint_32>(height_);
+  image.format = opaque ? PNG_FORMAT_RGB : PNG_FORMAT_RGBA;
+  if (png_image_write_to_file(&image, file.c_str(), 0, packed.data(), 0, nullptr) == 0)
+    throw std::runtime_error("cannot write " + file.string() + ": " + image.message);
+}
+
+}  // namespace orivanta::demo

@@ -1,0 +1,76 @@
+// A JSON body through everything that reads it: the parser, the records, the join, the navigation
+// graph and the route search.
+#include <cstdint>
+#include <string_view>
+#include <utility>
+
+#include "Source/Category.hpp"
+#include "Source/Directions.hpp"
+#include "Source/ImageCollection.hpp"
+#include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/Node.hpp"
+#include "Source/Orivanta.hpp"
+#include "Source/Polygon.hpp"
+#include "Source/Venue.hpp"
+#include "Source/VenueLoad.hpp"
+#include "Source/Vortex.hpp"
+
+namespace orivanta {
+namespace {
+
+template <class Record>
+Collection<Record> recordsOf(const RawData& elements) {
+  Collection<Record> records;
+  for (const RawData& element : elements.arrayValue())
+    if (auto record = Record::make(element)) records.insert_or_assign(*record->id, record);
+  return records;
+}
+
+// An object of the six collections is loaded as a venue; polygons come last when it says so.
+void loadCollections(const RawData& body) {
+  activeVenue = Venue::make(*RawData::parse(R"({"id": "", "slug": "", "name": ""})"));
+  VenueLoad load(body["accessible"].bool_().value_or(false), [](const auto&) {});
+  const bool polygonsLast = body["polygonsLast"].bool_().value_or(false);
+  const auto receivePolygons = [&] {
+    load.receive(&CollectionDictionary::polygons, recordsOf<Polygon>(body["polygon"]));
+  };
+  if (!polygonsLast) receivePolygons();
+  load.receive(&CollectionDictionary::locations, recordsOf<Location>(body["location"]));
+  load.receive(&CollectionDictionary::categories, recordsOf<Category>(body["category"]));
+  load.receive(&CollectionDictionary::maps, recordsOf<Map>(body["map"]));
+  load.receive(&CollectionDictionary::nodes, recordsOf<Node>(body["node"]));
+  load.receive(&CollectionDictionary::vortices, recordsOf<Vortex>(body["vortex"]));
+  if (polygonsLast) receivePolygons();
+}
+
+void findRoutes() {
+  const auto& nodes = *activeVenue->nodes;
+  if (!nodes.empty()) getDirections(*nodes.front(), *nodes.back());
+  for (const auto& from : *activeVenue->locations)
+    for (const auto& to : *activeVenue->locations) from->directionsTo(*to);
+}
+
+// A list is read as a page of each collection.
+void buildRecords(const RawData& page) {
+  for (const auto& entry : recordsOf<Venue>(page))
+    if (entry.second->logo) (*entry.second->logo)[100];
+  recordsOf<Location>(page);
+  recordsOf<Category>(page);
+  recordsOf<Map>(page);
+  recordsOf<Node>(page);
+  recordsOf<Vortex>(page);
+  recordsOf<Polygon>(page);
+}
+
+}  // namespace
+}  // namespace orivanta
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
+  const auto body = orivanta::RawData::parse({reinterpret_cast<const char*>(bytes), count});
+  if (!body) return 0;
+  orivanta::buildRecords(*body);
+  orivanta::loadCollections(*body);
+  orivanta::findRoutes();
+  return 0;
+}

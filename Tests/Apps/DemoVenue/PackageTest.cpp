@@ -1,0 +1,259 @@
+#include "Apps/DemoVenue/Package.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <boost/json.hpp>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <string>
+#include <unordered_set>
+
+#include "Apps/DemoVenue/Folder.hpp"
+#include "Source/Category.hpp"
+#include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/NavigationGraph.hpp"
+#include "Source/Node.hpp"
+#include "Source/Polygon.hpp"
+#include "Source/RouteSearch.hpp"
+#include "Source/Venue.hpp"
+#include "Source/Vortex.hpp"
+#include "Tests/Apps/DemoVenue/GeneratedVenue.hpp"
+
+namespace orivanta::test {
+
+namespace fs = std::filesystem;
+namespace json = boost::json;
+
+namespace {
+
+CollectionDictionary joined(bool accessible) {
+  CollectionDictionary collections = readPackage(generatedVenue());
+  linkCategoryParents(collections);
+  linkLocationCategories(collections);
+  linkPolygonMaps(collections);
+  linkNodeMaps(collections);
+  linkPolygonEntrances(collections);
+  linkVortexNodes(collections, accessible);
+  linkLocationNodes(collections);
+  linkLocationPolygons(collections);
+  return collections;
+}
+
+json::array recordsOf(std::string_view file) {
+  return json::parse(contentsOf(generatedVenue() / file)).as_array();
+}
+
+std::unordered_set<const Node*> reachableFrom(const NodeList& starts,
+                                              const NavigationGraph& graph) {
+  std::unordered_set<const Node*> reached;
+  std::vector<const Node*> open;
+  for (const auto& node : starts)
+    if (reached.insert(node.get()).second) open.push_back(node.get());
+  while (!open.empty()) {
+    const Node* node = open.back();
+    open.pop_back();
+    for (const Edge& edge : graph[*node])
+      if (reached.insert(edge.node().get()).second) open.push_back(edge.node().get());
+  }
+  return reached;
+}
+
+// Which scripts a text uses, by the first letters that tell.
+std::set<std::string> scriptsOf(const json::object& names) {
+  std::set<std::string> scripts;
+  for (const auto& member : names) {
+    const std::string text(member.value().as_string());
+    if (text.find_first_of("abcdefghijklmnopqrstuvwxyz") != std::string::npos)
+      scripts.insert("latin");
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      const auto lead = static_cast<unsigned char>(text[i]);
+      if (lead >= 0xD8 && lead <= 0xDB) scripts.insert("arabic");
+      if (lead >= 0xE3 && lead <= 0xE9) scripts.insert("japanese");
+    }
+  }
+  return scripts;
+}
+
+std::map<std::string, std::string> filesBelow(const fs::path& folder) {
+  std::map<std::string, std::string> files;
+  for (const auto& entry : fs::recursive_directory_iterator(folder))
+    if (entry.is_regular_file())
+      files[fs::relative(entry.path(), folder).string()] = contentsOf(entry.path());
+  return files;
+}
+
+void expectSameFiles(const fs::path& one, const fs::path& other) {
+  const auto first = filesBelow(one);
+  const auto second = filesBelow(other);
+  for (const auto& [name, bytes] : second) EXPECT_TRUE(first.contains(name)) << name;
+  for (const auto& [name, bytes] : first) {
+    ASSERT_TRUE(second.contains(name)) << name;
+    EXPECT_TRUE(second.at(name) == bytes) << name << " differs";
+  }
+}
+
+}  // namespace
+
+TEST(DemoVenuePackage, EveryRecordIsBuiltAndKept) {
+  const CollectionDictionary collections = joined(false);
+  EXPECT_EQ(collections.maps->size(), recordsOf("map.json").size());
+  EXPECT_EQ(collections.categories->size(), recordsOf("category.json").size());
+  EXPECT_EQ(collections.locations->size(), recordsOf("location.json").size());
+  EXPECT_EQ(collections.nodes->size(), recordsOf("node.json").size());
+  EXPECT_EQ(collections.polygons->size(), recordsOf("polygon.json").size());
+  EXPECT_EQ(collections.vortices->size(), recordsOf("vortex.json").size());
+  const auto venue = RawData::parse(contentsOf(generatedVenue() / "venue.json"));
+  ASSERT_TRUE(venue);
+  const auto record = Venue::make(*venue);
+  ASSERT_TRUE(record);
+  EXPECT_EQ(record->name, "Astrolabe Court");
+  EXPECT_TRUE(record->logo);
+  EXPECT_TRUE(record->coverImage);
+}
+
+TEST(DemoVenuePackage, IsWorthAWalk) {
+  const CollectionDictionary collections = joined(false);
+  EXPECT_GE(collections.maps->size(), 4U);
+  std::map<std::string, int> types;
+  for (const auto& [id, location] : *collections.locations) ++types[*location->type];
+  EXPECT_GE(types["tenant"], 100);
+  EXPECT_GE(types["amenity"], 15);
+  EXPECT_GE(types["entrance"], 4);
+  std::map<std::string, int> vortices;
+  for (const auto& [id, vortex] : *collections.vortices) {
+    ++vortices[*vortex->type];
+    const bool stepFree = vortex->type == "elevator" || vortex->type == "ramp";
+    EXPECT_EQ(vortex->accessible, stepFree) << id;
+  }
+  EXPECT_THAT(vortices, testing::UnorderedElementsAre(
+                            testing::Pair("elevator", 3), testing::Pair("escalator", 12),
+                            testing::Pair("stairs", 3), testing::Pair("ramp", 1)));
+}
+
+TEST(DemoVenuePackage, EveryReferenceNamesARecord) {
+  const CollectionDictionary collections = joined(false);
+  std::size_t links = 0;
+  const auto expectAll = [&](const RawData& list, std::string_view member, const auto& records,
+                             const std::string& where) {
+    for (const RawData& element : list.arrayValue()) {
+      const auto id = member.empty() ? element.string() : element[member].string();
+      ASSERT_TRUE(id) << where;
+      EXPECT_TRUE(records.contains(*id)) << where << " names " << *id;
+      ++links;
+    }
+  };
+  for (const auto& [id, location] : *collections.locations) {
+    expectAll(location->_data["categories"], "", *collections.categories, id);
+    expectAll(location->_data["nodes"], "node", *collections.nodes, id);
+    expectAll(location->_data["polygons"], "id", *collections.polygons, id);
+  }
+  for (const auto& [id, category] : *collections.categories)
+    expectAll(category->_data["parents"], "", *collections.categories, id);
+  for (const auto& [id, node] : *collections.nodes)
+    expectAll(node->_data["paths"], "node", *collections.nodes, id);
+  for (const auto& [id, polygon] : *collections.polygons)
+    expectAll(polygon->_data["entrances"], "id", *collections.nodes, id);
+  for (const auto& [id, vortex] : *collections.vortices) {
+    expectAll(vortex->_data["nodes"], "", *collections.nodes, id);
+    expectAll(vortex->_data["categories"], "", *collections.categories, id);
+    expectAll(vortex->_data["polygons"], "id", *collections.polygons, id);
+    EXPECT_EQ(vortex->maps.size(), vortex->nodes.size()) << id;
+    EXPECT_GE(vortex->maps.size(), 2U) << id;
+  }
+  EXPECT_GT(links, 4000U);
+}
+
+TEST(DemoVenuePackage, EveryLocationKeepsANodeAndLiesInACategory) {
+  const CollectionDictionary collections = joined(true);
+  for (const auto& [id, location] : *collections.locations) {
+    EXPECT_EQ(location->nodes.size(), location->polygons.size()) << id;
+    EXPECT_FALSE(location->nodes.empty()) << id;
+    EXPECT_FALSE(location->categories.empty()) << id;
+  }
+}
+
+TEST(DemoVenuePackage, NamesComeInThreeScripts) {
+  for (const std::string_view file : {"location.json", "category.json", "map.json", "vortex.json"})
+    for (const json::value& record : recordsOf(file)) {
+      const json::object& names = record.at("names").as_object();
+      EXPECT_EQ(names.at("en"), record.at("name"));
+      const bool letters = scriptsOf({{"en", names.at("en")}}).contains("latin");
+      EXPECT_TRUE(letters || record.at("name") == "ATM") << record.at("name");
+      EXPECT_TRUE(scriptsOf({{"ar", names.at("ar")}}).contains("arabic")) << record.at("name");
+      const bool japanese = scriptsOf({{"ja", names.at("ja")}}).contains("japanese");
+      EXPECT_TRUE(japanese || names.at("ja") == "ATM") << record.at("name");
+    }
+}
+
+TEST(DemoVenuePackage, EveryPlaceIsReachedFromEveryOther) {
+  for (const bool accessible : {true, false}) {
+    const CollectionDictionary collections = joined(accessible);
+    for (const auto& [from, start] : *collections.locations) {
+      const auto reached = reachableFrom(start->nodes, *collections.navigationGraph);
+      for (const auto& [to, destination] : *collections.locations)
+        for (const auto& node : destination->nodes)
+          if (!reached.contains(node.get()))
+            ADD_FAILURE() << from << " to " << to << (accessible ? " without steps" : "");
+    }
+  }
+}
+
+TEST(DemoVenuePackage, StairsAndEscalatorsShortenSomeWays) {
+  struct Case {
+    std::string from, to, type;
+  };
+  for (const auto& [from, to, type] : {Case{"brass-heron", "sundays-child", "stairs"},
+                                       Case{"star-deck", "tea-orrery", "escalator"},
+                                       Case{"lockers-b1", "information", "elevator"}}) {
+    std::map<bool, double> costs;
+    std::set<std::string> ridden;
+    for (const bool accessible : {true, false}) {
+      const CollectionDictionary collections = joined(accessible);
+      const auto& start = collections.locations->at(from);
+      const auto& destination = collections.locations->at(to);
+      const auto route =
+          searchRoute(start->nodes, destination->nodes, *collections.navigationGraph);
+      ASSERT_TRUE(route) << from << " to " << to;
+      costs[accessible] = route->cost;
+      if (accessible) continue;
+      for (std::size_t i = 0; i + 1 < route->path.size(); ++i)
+        for (const Edge& edge : (*collections.navigationGraph)[*route->path[i]])
+          if (edge.node() == route->path[i + 1] && edge.vortex())
+            ridden.insert(*edge.vortex()->type);
+    }
+    EXPECT_THAT(ridden, testing::ElementsAre(type)) << from << " to " << to;
+    if (type == "elevator")
+      EXPECT_EQ(costs[false], costs[true]) << from << " to " << to;
+    else
+      EXPECT_LT(costs[false], costs[true]) << from << " to " << to;
+  }
+}
+
+TEST(DemoVenuePackage, IsTheSameEveryTime) {
+  const TemporaryFolder again("orivanta-demo-venue-again-");
+  demo::writeDemoVenue(again.path());
+  EXPECT_EQ(filesBelow(generatedVenue()).size(), 24U);
+  expectSameFiles(generatedVenue(), again.path());
+}
+
+TEST(DemoVenuePackage, AFolderThatCannotBeWrittenIsReported) {
+  const TemporaryFolder folder("orivanta-demo-venue-blocked-");
+  fs::create_directories(folder.path() / "venue.json");
+  try {
+    demo::writeDemoVenue(folder.path());
+    FAIL() << "a folder was overwritten";
+  } catch (const std::runtime_error& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("venue.json"));
+  }
+}
+
+TEST(DemoVenueFolder, HoldsTheBuiltVenue) {
+  const auto folder = demo::demoVenueFolder();
+  ASSERT_TRUE(folder);
+  expectSameFiles(*folder, generatedVenue());
+}
+
+}  // namespace orivanta::test

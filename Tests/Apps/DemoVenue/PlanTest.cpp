@@ -1,0 +1,178 @@
+#include "Apps/DemoVenue/Plan.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "Tests/Apps/DemoVenue/GeneratedVenue.hpp"
+
+namespace orivanta::test {
+
+using demo::Floor;
+using demo::Outline;
+using demo::Place;
+using demo::Point;
+
+namespace {
+
+constexpr double tolerance = 0.05;  // metres: chords of the same arc that were cut differently
+
+struct Named {
+  std::string name;
+  Outline outline;
+};
+
+// What stands on a floor: places, connectors, lawns and trees.
+std::vector<Named> standing(const Floor& floor) {
+  std::vector<Named> all;
+  for (const Place& place : floor.places)
+    all.push_back({std::string(place.id), place.shape.outline});
+  for (const auto& connector : plan().connectors)
+    for (const auto& stop : connector.stops)
+      if (stop.floor == floor.id && !stop.outline.empty())
+        all.push_back({std::string(connector.id), stop.outline});
+  for (const Outline& lawn : floor.lawns) all.push_back({"lawn", lawn});
+  for (const Point tree : floor.trees) all.push_back({"tree", demo::circle(tree, 1.0, 12)});
+  return all;
+}
+
+bool simple(const Outline& outline) {
+  const std::size_t count = outline.size();
+  for (std::size_t i = 0; i < count; ++i)
+    for (std::size_t k = i + 1; k < count; ++k)
+      if (demo::cross(outline[i], outline[(i + 1) % count], outline[k], outline[(k + 1) % count]))
+        return false;
+  return true;
+}
+
+bool wellInside(const Outline& outline, Point point) {
+  return demo::contains(outline, point) && demo::distanceToBorder(outline, point) > tolerance;
+}
+
+// Corners and middles of edges, moved a little inwards, so that shared walls do not count.
+std::vector<Point> probes(const Outline& outline) {
+  const Outline inner = demo::grown(outline, -0.02);
+  std::vector<Point> points;
+  for (std::size_t i = 0; i < inner.size(); ++i) {
+    points.push_back(inner[i]);
+    points.push_back((inner[i] + inner[(i + 1) % inner.size()]) * 0.5);
+  }
+  return points;
+}
+
+bool overlap(const Outline& first, const Outline& second) {
+  const auto inside = [](const Outline& outline) {
+    return [&outline](Point point) { return wellInside(outline, point); };
+  };
+  const auto ofFirst = probes(first);
+  const auto ofSecond = probes(second);
+  return std::any_of(ofFirst.begin(), ofFirst.end(), inside(second)) ||
+         std::any_of(ofSecond.begin(), ofSecond.end(), inside(first));
+}
+
+bool onWalkway(const Floor& floor, Point point) {
+  return std::any_of(floor.walkways.begin(), floor.walkways.end(), [&](const auto& walkway) {
+    return demo::contains(walkway.outline, point) ||
+           demo::distanceToBorder(walkway.outline, point) < tolerance;
+  });
+}
+
+}  // namespace
+
+TEST(DemoVenuePlan, OutlinesAreSimpleAndCounterClockwise) {
+  for (const Floor& floor : plan().floors) {
+    std::vector<Named> all = standing(floor);
+    for (const auto& walkway : floor.walkways)
+      all.push_back({std::string(walkway.id), walkway.outline});
+    for (const Outline& outline : floor.slab) all.push_back({"slab", outline});
+    for (const Outline& outline : floor.voids) all.push_back({"void", outline});
+    for (const Outline& outline : floor.inlays) all.push_back({"inlay", outline});
+    for (const auto& [name, outline] : all) {
+      EXPECT_TRUE(simple(outline)) << floor.id << ' ' << name;
+      EXPECT_GT(demo::signedArea(outline), 0.0) << floor.id << ' ' << name;
+    }
+  }
+}
+
+TEST(DemoVenuePlan, NothingOnAFloorOverlaps) {
+  for (const Floor& floor : plan().floors) {
+    const std::vector<Named> all = standing(floor);
+    for (std::size_t i = 0; i < all.size(); ++i)
+      for (std::size_t k = i + 1; k < all.size(); ++k) {
+        if (all[i].name == "lawn" && all[k].name == "tree") continue;
+        EXPECT_FALSE(overlap(all[i].outline, all[k].outline))
+            << floor.id << ": " << all[i].name << " and " << all[k].name;
+      }
+  }
+}
+
+TEST(DemoVenuePlan, WalkwaysDoNotOverlapOneAnotherNorVoids) {
+  for (const Floor& floor : plan().floors) {
+    std::vector<Named> all;
+    for (const auto& walkway : floor.walkways)
+      all.push_back({std::string(walkway.id), walkway.outline});
+    for (const Outline& outline : floor.voids) all.push_back({"void", outline});
+    for (std::size_t i = 0; i < all.size(); ++i)
+      for (std::size_t k = i + 1; k < all.size(); ++k)
+        EXPECT_FALSE(overlap(all[i].outline, all[k].outline))
+            << floor.id << ": " << all[i].name << " and " << all[k].name;
+  }
+}
+
+TEST(DemoVenuePlan, DoorsLeadFromAWalkwayThroughTheirOwnWall) {
+  for (const Floor& floor : plan().floors)
+    for (const Place& place : floor.places) {
+      EXPECT_TRUE(demo::contains(place.shape.outline, place.shape.inside))
+          << floor.id << ' ' << place.id;
+      for (const Point door : place.shape.doors) {
+        EXPECT_LT(demo::distanceToBorder(place.shape.outline, door), 0.001)
+            << floor.id << ' ' << place.id;
+        EXPECT_TRUE(onWalkway(floor, door)) << floor.id << ' ' << place.id;
+      }
+    }
+}
+
+TEST(DemoVenuePlan, PeopleStepOnAndOffOnWalkways) {
+  for (const auto& connector : plan().connectors)
+    for (const auto& stop : connector.stops) {
+      const auto floor = std::find_if(plan().floors.begin(), plan().floors.end(),
+                                      [&](const Floor& each) { return each.id == stop.floor; });
+      ASSERT_NE(floor, plan().floors.end()) << connector.id;
+      const Point landing = stop.way.empty() ? stop.node : stop.way.back();
+      EXPECT_TRUE(onWalkway(*floor, landing)) << connector.id << ' ' << stop.floor;
+    }
+}
+
+TEST(DemoVenuePlan, CategoriesFormATreeAndPlacesUseThem) {
+  std::set<std::string_view> known;
+  for (const auto& category : plan().categories) {
+    EXPECT_TRUE(category.parent.empty() || known.contains(category.parent)) << category.id;
+    EXPECT_TRUE(known.insert(category.id).second) << category.id;
+  }
+  std::set<std::string_view> used;
+  for (const Floor& floor : plan().floors)
+    for (const Place& place : floor.places) {
+      EXPECT_TRUE(known.contains(place.category)) << place.id;
+      EXPECT_FALSE(place.description.empty()) << place.id;
+      used.insert(place.category);
+    }
+  EXPECT_THAT(used, testing::IsSupersetOf({"toilets", "cash", "information", "lockers", "prayer",
+                                           "baby", "cafes", "restaurants", "shoes", "station"}));
+}
+
+TEST(DemoVenuePlan, NoNameIsUsedTwice) {
+  std::map<std::string_view, std::string_view> placeOfName;
+  for (const Floor& floor : plan().floors)
+    for (const Place& place : floor.places) {
+      const auto known = placeOfName.emplace(place.names.english, place.id).first;
+      EXPECT_EQ(known->second, place.id) << place.names.english;
+    }
+}
+
+}  // namespace orivanta::test
