@@ -3,6 +3,9 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <algorithm>
+#include <cmath>
+#include <tuple>
 #include <unordered_map>
 #include <vector>
 
@@ -32,6 +35,15 @@ class Identifiers {
   std::unordered_map<const void*, std::string> identifiers_;
 };
 
+// Floor by floor and row by row: like real venues, whose lists keep most neighbours together.
+bool isListedBefore(const std::shared_ptr<Node>& left, const std::shared_ptr<Node>& right) {
+  constexpr double rowHeight = 10.0;
+  const auto place = [](const Node& node) {
+    return std::tuple(node.map->elevation, std::floor(node.y / rowHeight), node.x);
+  };
+  return place(*left) < place(*right);
+}
+
 std::string arrayOf(const Texts& elements) {
   return fmt::format("[\n{}\n]\n", fmt::join(elements, ",\n"));
 }
@@ -39,7 +51,8 @@ std::string arrayOf(const Texts& elements) {
 }  // namespace
 
 std::map<std::string, std::string> mallJson(std::size_t nodeCount) {
-  const test::Mall mall = test::makeMall(nodeCount, 0.2, 1);
+  test::Mall mall = test::makeMall(nodeCount, 0.2, 1);
+  std::sort(mall.nodes.begin(), mall.nodes.end(), isListedBefore);
   Identifiers ids;
   std::map<const Map*, std::string> maps;
   std::map<const Vortex*, std::string> vortices;

@@ -65,6 +65,7 @@ void NodeIndex::find(std::span<const std::string_view> identifiers,
     if (const Entry* candidate = candidateOf(hash)) {
       __builtin_prefetch(candidate->first.data());
       __builtin_prefetch(&candidate->second->x);
+      __builtin_prefetch(&candidate->second->multiplierWeight);
       // The counts of owners lie in front of the node.
       __builtin_prefetch(reinterpret_cast<const char*>(candidate->second.get()) - 8, 1);
     }
