@@ -60,9 +60,9 @@ void withBoostInOneBlock(benchmark::State& state) {
   });
 }
 
-BENCHMARK(withLibrary)->Name("json/library")->Arg(500)->Arg(100'000);
-BENCHMARK(withBoost)->Name("json/boost")->Arg(500)->Arg(100'000);
-BENCHMARK(withBoostInOneBlock)->Name("json/boost-in-one-block")->Arg(500)->Arg(100'000);
+BENCHMARK(withLibrary)->Name("Json")->Arg(500)->Arg(100'000);
+BENCHMARK(withBoost)->Name("Json.boost")->Arg(500)->Arg(100'000);
+BENCHMARK(withBoostInOneBlock)->Name("Json.boostInOneBlock")->Arg(500)->Arg(100'000);
 
 }  // namespace
 }  // namespace orivanta::benchmarks

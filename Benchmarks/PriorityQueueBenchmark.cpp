@@ -1,47 +1,64 @@
-// One `put` into a queue of so many elements, with a take to keep its size.
+// One `put` into a queue of so many elements.
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cstdint>
+#include <memory>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include "Source/PriorityQueue.hpp"
 #include "Tests/Support/LiteralPriorityQueue.hpp"
+#include "Tests/Support/Networks.hpp"
 
 namespace orivanta::benchmarks {
 namespace {
 
-// As in a search: what is put comes later than what was taken, and is not queued yet.
+using Clock = std::chrono::steady_clock;
+
+// Rounds of puts, which are timed, and as many takes, which are not, so that the size stays. As in
+// a search, what is put comes later than what was taken, and most of it is not queued yet: one put
+// in eight is of an element that is.
 template <class Queue>
-void putAndTake(benchmark::State& state) {
+void put(benchmark::State& state) {
   const auto size = static_cast<std::uint32_t>(state.range(0));
+  const std::uint32_t round = size / 20;
   std::mt19937 random(1);
   std::uniform_real_distribution<double> ahead(0.0, 1.0);
-  std::vector<double> distances(4096);
-  for (double& distance : distances) distance = ahead(random);
+  // Elements come round again long after they were taken.
+  NodeList nodes(2 * size);
+  for (auto& node : nodes) node = test::makeNode(0.0, 0.0);
+  std::shuffle(nodes.begin(), nodes.end(), random);
   Queue queue;
-  std::vector<double> priorities(size + 1);
   for (std::uint32_t element = 0; element < size; ++element)
-    queue.put(element, priorities[element] = ahead(random));
-  std::uint32_t unused = size;
+    queue.put(nodes[element], ahead(random));
+  std::uint32_t next = size;
   double now = 0.0;
-  std::size_t step = 0;
+  std::vector<std::pair<std::shared_ptr<Node>, double>> puts(round);
   for (auto _ : state) {
-    queue.put(unused, priorities[unused] = now + distances[step++ % distances.size()]);
-    unused = *queue.next();
-    now = priorities[unused];
+    now += 1.0 / 20;
+    for (auto& [element, priority] : puts) {
+      element = nodes[(random() % 8 == 0 ? next - 1 : next++) % nodes.size()];
+      priority = now + ahead(random);
+    }
+    const auto start = Clock::now();
+    for (const auto& [element, priority] : puts) queue.put(element, priority);
+    const std::chrono::duration<double> taken = Clock::now() - start;
+    state.SetIterationTime(taken.count());
+    while (queue.size() > size) queue.next();
   }
+  state.SetItemsProcessed(state.iterations() * round);
 }
 
-void sizes(benchmark::internal::Benchmark* benchmark) {
-  benchmark->Arg(1'000)->Arg(10'000);
-}
+void sizes(benchmark::internal::Benchmark* benchmark) { benchmark->Arg(1'000)->Arg(10'000); }
 
-BENCHMARK(putAndTake<PriorityQueue<std::uint32_t, double>>)
+BENCHMARK(put<PriorityQueue<std::shared_ptr<Node>, double>>)
     ->Name("PriorityQueue.put")
     ->Apply(sizes);
-BENCHMARK(putAndTake<test::LiteralPriorityQueue<std::uint32_t, double>>)
+BENCHMARK(put<test::LiteralPriorityQueue<std::shared_ptr<Node>, double>>)
     ->Name("PriorityQueue.put.list")
     ->Apply(sizes);
 

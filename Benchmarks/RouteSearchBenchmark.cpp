@@ -25,7 +25,7 @@ struct Scenario {
       : mall(test::makeMall(nodeCount, 0.2, 1)), boost(mall.nodes, *mall.graph) {
     std::mt19937 random(1);
     std::uniform_int_distribution<std::size_t> any(0, mall.nodes.size() - 1);
-    const std::size_t queryCount = std::clamp<std::size_t>(2'000'000 / nodeCount, 4, 100);
+    const std::size_t queryCount = std::clamp<std::size_t>(1'000'000 / nodeCount, 20, 100);
     while (queries.size() < queryCount)
       queries.push_back({{mall.nodes[any(random)]}, {mall.nodes[any(random)]}});
     for (const auto& [from, to] : queries) found.push_back(searchRoute(from, to, *mall.graph));

@@ -2,7 +2,7 @@
 // by side, without looking into them; parsing the same pages into records, one after the other;
 // joining the records and building the graph.
 //
-// "loopback" is a server in this process, "far" the same server behind 20 ms of latency. Joining is
+// "near" is a server in this process, "far" the same server behind 20 ms of latency. Joining is
 // measured on 100,000 nodes, against parsing their JSON.
 
 #include <benchmark/benchmark.h>
@@ -11,7 +11,6 @@
 #include <fstream>
 #include <future>
 #include <map>
-#include <mutex>
 
 #include "Apps/Server/VenueServer.hpp"
 #include "Benchmarks/LatencyRelay.hpp"
@@ -128,10 +127,8 @@ CollectionDictionary parsed(const Pages& pages) {
   return collections;
 }
 
-bool isFar(const benchmark::State& state) { return state.range(0) != 0; }
-
-void load(benchmark::State& state) {
-  const WebApiSession session(ServedMall::shared().root(isFar(state)), "", "", "en");
+void load(benchmark::State& state, bool far) {
+  const WebApiSession session(ServedMall::shared().root(far), "", "", "en");
   const auto venue = Venue::make(*RawData::parse(R"({"id": "v", "slug": "mall", "name": "Mall"})"));
   for (auto _ : state) {
     std::promise<void> finished;
@@ -141,8 +138,8 @@ void load(benchmark::State& state) {
   activeVenue = nullptr;
 }
 
-void transfer(benchmark::State& state) {
-  const std::string root = ServedMall::shared().root(isFar(state));
+void transfer(benchmark::State& state, bool far) {
+  const std::string root = ServedMall::shared().root(far);
   for (auto _ : state) benchmark::DoNotOptimize(transferred(root));
 }
 
@@ -178,11 +175,13 @@ void join(benchmark::State& state) {
   }
 }
 
-BENCHMARK(load)->Name("loading/load")->ArgName("far")->Arg(0)->Arg(1)->UseRealTime();
-BENCHMARK(transfer)->Name("loading/transfer")->ArgName("far")->Arg(0)->Arg(1)->UseRealTime();
-BENCHMARK(parse)->Name("loading/parse")->UseRealTime();
-BENCHMARK(join)->Name("loading/join")->UseRealTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(parseJson)->Name("loading/parse-json")->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(load, near, false)->Name("Loading/near")->UseRealTime();
+BENCHMARK_CAPTURE(load, far, true)->Name("Loading/far")->UseRealTime();
+BENCHMARK_CAPTURE(transfer, near, false)->Name("Loading.transfer/near")->UseRealTime();
+BENCHMARK_CAPTURE(transfer, far, true)->Name("Loading.transfer/far")->UseRealTime();
+BENCHMARK(parse)->Name("Loading.parse")->UseRealTime();
+BENCHMARK(join)->Name("Loading.join")->UseRealTime();
+BENCHMARK(parseJson)->Name("Loading.parseJson")->UseRealTime();
 
 }  // namespace
 }  // namespace orivanta::benchmarks

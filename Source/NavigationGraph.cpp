@@ -1,10 +1,13 @@
 #include "Source/NavigationGraph.hpp"
 
+#include <algorithm>
 #include <cmath>
+#include <span>
 #include <utility>
 
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
+#include "Platform/Foundation/ParallelFor.hpp"
 #include "Source/Map.hpp"
 #include "Source/NodeIndex.hpp"
 #include "Source/References.hpp"
@@ -18,14 +21,35 @@ namespace {
 // A connector of n nodes has n * n edges: the bound keeps a hostile venue from taking all memory.
 constexpr std::size_t mostConnectorEdges = std::size_t{1} << 24U;
 
-// Enough for the walks through memory to overlap, few enough to stay in the cache.
-constexpr std::size_t referencesAtOnce = 64;
+// Enough for their walks through memory to overlap, few enough to stay in the cache.
+constexpr std::size_t nodesAtOnce = 64;
 
 double walkingDistance(const Node& origin, const Node& destination) {
   const double dx = origin.x - destination.x;
   const double dy = origin.y - destination.y;
   const double dz = origin.z - destination.z;
   return std::sqrt(dx * dx + dy * dy + dz * dz);
+}
+
+// The edges out of each of some nodes of a collection, in the order of their paths.
+void findWalkingEdges(std::span<const std::pair<std::string, std::shared_ptr<Node>>> origins,
+                      const NodeIndex& index, std::span<std::vector<Edge>> edges) {
+  std::vector<std::string_view> references;
+  std::vector<std::size_t> ends;
+  for (const auto& entry : origins) {
+    forEachReference(entry.second->_data, "paths", "node",
+                     [&](std::string_view id) { references.push_back(id); });
+    ends.push_back(references.size());
+  }
+  std::vector<const std::shared_ptr<Node>*> destinations;
+  index.find(references, destinations);
+  std::size_t next = 0;
+  for (std::size_t i = 0; i < origins.size(); ++i) {
+    edges[i].reserve(ends[i] - next);
+    for (; next < ends[i]; ++next)
+      if (destinations[next] != nullptr)
+        edges[i].emplace_back(*origins[i].second, *destinations[next]);
+  }
 }
 
 }  // namespace
@@ -53,35 +77,18 @@ NavigationGraph::NavigationGraph(const Collection<Node>& nodes, const Collection
 NavigationGraph::~NavigationGraph() = default;
 
 void NavigationGraph::addWalkingEdges(const Collection<Node>& nodes) {
-  graph_.reserve(nodes.size());
-  NodeIndex index(nodes);
-  std::vector<std::string_view> references;  // of the nodes of one block, one after the other
-  std::vector<std::size_t> referenceEnds;
-  for (auto block = nodes.begin(); block != nodes.end();) {
-    references.clear();
-    referenceEnds.clear();
-    auto origin = block;
-    for (; block != nodes.end() && references.size() < referencesAtOnce; ++block) {
-      forEachReference(block->second->_data, "paths", "node",
-                       [&](std::string_view id) { references.push_back(id); });
-      referenceEnds.push_back(references.size());
-    }
-    const auto destinations = index.find(references);
-    std::size_t begin = 0;
-    for (const std::size_t end : referenceEnds) {
-      addWalkingEdges((origin++)->second, destinations.subspan(begin, end - begin));
-      begin = end;
-    }
-  }
-}
-
-void NavigationGraph::addWalkingEdges(const std::shared_ptr<Node>& origin,
-                                      std::span<const std::shared_ptr<Node>* const> destinations) {
-  std::vector<Edge> edges;
-  edges.reserve(destinations.size());
-  for (const std::shared_ptr<Node>* destination : destinations)
-    if (destination != nullptr) edges.emplace_back(*origin, *destination);
-  if (!edges.empty()) graph_.insert_or_assign(origin, std::move(edges));
+  const auto& entries = nodes.values_container();
+  const NodeIndex index(nodes);
+  std::vector<std::vector<Edge>> edges(entries.size());
+  foundation::parallelFor((entries.size() + nodesAtOnce - 1) / nodesAtOnce, [&](std::size_t block) {
+    const std::size_t first = block * nodesAtOnce;
+    const std::size_t count = std::min(nodesAtOnce, entries.size() - first);
+    findWalkingEdges(std::span(entries).subspan(first, count), index,
+                     std::span(edges).subspan(first, count));
+  });
+  graph_.reserve(entries.size());
+  for (std::size_t i = 0; i < entries.size(); ++i)
+    if (!edges[i].empty()) graph_.insert_or_assign(entries[i].second, std::move(edges[i]));
 }
 
 void NavigationGraph::addConnectorEdges(const Collection<Vortex>& vortices, bool accessible) {

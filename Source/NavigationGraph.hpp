@@ -6,7 +6,6 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <span>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
@@ -92,8 +91,6 @@ class ORIVANTA_API NavigationGraph {
 
  private:
   void addWalkingEdges(const Collection<Node>& nodes);
-  void addWalkingEdges(const std::shared_ptr<Node>& origin,
-                       std::span<const std::shared_ptr<Node>* const> destinations);
   void addConnectorEdges(const Collection<Vortex>& vortices, bool accessible);
 
   Adjacency graph_;

@@ -50,27 +50,27 @@ const std::shared_ptr<Node>* NodeIndex::nodeOf(std::string_view identifier,
 
 // Each loop touches what the one before it has sent for: the slots, the entries, their texts and
 // nodes.
-std::span<const std::shared_ptr<Node>* const> NodeIndex::find(
-    std::span<const std::string_view> identifiers) {
+void NodeIndex::find(std::span<const std::string_view> identifiers,
+                     std::vector<const std::shared_ptr<Node>*>& found) const {
   const std::size_t mask = slots_.size() - 1;
-  hashes_.clear();
+  std::vector<std::uint64_t> hashes;
+  hashes.reserve(identifiers.size());
   for (const std::string_view identifier : identifiers) {
-    hashes_.push_back(TextHash()(identifier));
-    __builtin_prefetch(&slots_[hashes_.back() & mask]);
+    hashes.push_back(TextHash()(identifier));
+    __builtin_prefetch(&slots_[hashes.back() & mask]);
   }
-  for (const std::uint64_t hash : hashes_)
+  for (const std::uint64_t hash : hashes)
     if (const Entry* candidate = candidateOf(hash)) __builtin_prefetch(candidate);
-  for (const std::uint64_t hash : hashes_)
+  for (const std::uint64_t hash : hashes)
     if (const Entry* candidate = candidateOf(hash)) {
       __builtin_prefetch(candidate->first.data());
       __builtin_prefetch(&candidate->second->x);
       // The counts of owners lie in front of the node.
       __builtin_prefetch(reinterpret_cast<const char*>(candidate->second.get()) - 8, 1);
     }
-  found_.clear();
+  found.clear();
   for (std::size_t i = 0; i < identifiers.size(); ++i)
-    found_.push_back(nodeOf(identifiers[i], hashes_[i]));
-  return found_;
+    found.push_back(nodeOf(identifiers[i], hashes[i]));
 }
 
 }  // namespace orivanta

@@ -12,14 +12,15 @@
 
 namespace orivanta {
 
-/// Refers to the collection, which must outlive it unchanged.
+/// Refers to the collection, which must outlive it unchanged. Any number of threads at once.
 class NodeIndex {
  public:
   explicit NodeIndex(const Collection<Node>& nodes);
 
   /// The node of each identifier, or null, in their order. The pointers are valid as long as the
-  /// collection; the result itself until the next call. One thread at a time.
-  std::span<const std::shared_ptr<Node>* const> find(std::span<const std::string_view> identifiers);
+  /// collection.
+  void find(std::span<const std::string_view> identifiers,
+            std::vector<const std::shared_ptr<Node>*>& found) const;
 
  private:
   using Entry = std::pair<std::string, std::shared_ptr<Node>>;
@@ -36,8 +37,6 @@ class NodeIndex {
 
   const std::vector<Entry>& entries_;
   std::vector<Slot> slots_;  // a power of two, at most half of them used
-  std::vector<std::uint64_t> hashes_;
-  std::vector<const std::shared_ptr<Node>*> found_;
 };
 
 }  // namespace orivanta

@@ -15,15 +15,18 @@ std::shared_ptr<Venue>& activeVenue = *new std::shared_ptr<Venue>;
 
 namespace {
 
+// Takes the collections out of the venue. What nobody else holds of them is released in the
+// background, since a large venue takes a while.
 void clear(Venue& venue) {
-  venue.locations.reset();
-  venue.categories.reset();
-  venue.maps.reset();
-  venue.nodes.reset();
-  venue.vortices.reset();
-  venue.polygons.reset();
-  venue.polygonDictionary.reset();
-  venue.navigationGraph.reset();
+  foundation::SerialQueue::make()->async(
+      [locations = std::exchange(venue.locations, std::nullopt),
+       categories = std::exchange(venue.categories, std::nullopt),
+       maps = std::exchange(venue.maps, std::nullopt),
+       nodes = std::exchange(venue.nodes, std::nullopt),
+       vortices = std::exchange(venue.vortices, std::nullopt),
+       polygons = std::exchange(venue.polygons, std::nullopt),
+       polygonDictionary = std::exchange(venue.polygonDictionary, std::nullopt),
+       navigationGraph = std::exchange(venue.navigationGraph, nullptr)] {});
 }
 
 // Requests the six collections and hands each answer to the load, one at a time.

@@ -2,15 +2,14 @@
 // on.
 #pragma once
 
-#include <algorithm>
+#include <tsl/ordered_map.h>
+
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <iterator>
 #include <limits>
 #include <map>
 #include <optional>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -31,17 +30,22 @@ template <class Element, class Priority, class Hash = std::hash<Element>,
           class Equal = std::equal_to<Element>>
 class PriorityQueue {
  public:
+  PriorityQueue() = default;
+  PriorityQueue(const PriorityQueue&) = delete;
+  PriorityQueue& operator=(const PriorityQueue&) = delete;
+
   void put(const Element& element, Priority priority) {
-    Occurrences& occurrences = occurrences_[element];
-    if (occurrences.empty()) {
-      occurrences.push_back(insert(element, priority));
+    auto [entry, isNew] = first_.try_emplace(element);
+    if (isNew) {
+      entry.value() = insert(element, priority, pairs_.end());
       return;
     }
-    const Position oldest = occurrences.back();
-    if (oldest == pairs_.begin()) return;
-    const Position before = std::prev(oldest);
-    if (!(priority > before->first.priority)) return;
-    occurrences.push_back(insert(element, priority));
+    const Position older = entry.value();
+    if (older == pairs_.begin()) return;
+    const Position before = std::prev(older);
+    if (!(priority > before->first)) return;
+    entry.value() = insert(element, priority, older);
+    older->second.ahead = entry.value();
     remove(before);
   }
 
@@ -49,7 +53,7 @@ class PriorityQueue {
   std::optional<Element> next() {
     if (pairs_.empty()) return std::nullopt;
     const Position last = std::prev(pairs_.end());
-    std::optional<Element> element(last->second);
+    std::optional<Element> element(last->second.element);
     remove(last);
     return element;
   }
@@ -66,50 +70,56 @@ class PriorityQueue {
   std::vector<std::pair<Element, Priority>> collection() const {
     std::vector<std::pair<Element, Priority>> pairs;
     pairs.reserve(pairs_.size());
-    for (const auto& [place, element] : pairs_) pairs.emplace_back(element, place.priority);
+    for (const auto& [priority, pair] : pairs_) pairs.emplace_back(pair.element, priority);
     return pairs;
   }
 
  private:
-  struct Place {
-    Priority priority;
-    std::uint64_t sequence;
-
-    bool operator<(const Place& other) const {
-      if (priority > other.priority) return true;
-      if (other.priority > priority) return false;
-      return sequence < other.sequence;
-    }
-  };
-  using Pairs = std::map<Place, Element>;
+  struct Pair;
+  /// Of equal priorities the one inserted first comes first.
+  using Pairs = std::multimap<Priority, Pair, std::greater<Priority>>;
   using Position = typename Pairs::iterator;
-  using Occurrences = std::vector<Position>;  ///< the one nearest to the front is the last
+  /// The pairs of one element are linked with one another; `end()` of the map where there is none.
+  struct Pair {
+    Element element;
+    Position ahead;  ///< nearer to the front
+    Position behind;
+  };
 
-  Position insert(const Element& element, Priority priority) {
-    return pairs_.emplace(Place{comparable(priority), sequence_++}, element).first;
+  /// In front of all pairs of the element, the first of which is `behind`.
+  Position insert(const Element& element, Priority priority, Position behind) {
+    return pairs_.emplace(comparable(priority), Pair{element, pairs_.end(), behind});
   }
 
   Priority comparable(Priority priority) const {
     if (priority == priority) return priority;
     return pairs_.empty() ? std::numeric_limits<Priority>::infinity()
-                          : std::prev(pairs_.end())->first.priority;
+                          : std::prev(pairs_.end())->first;
   }
 
   void remove(Position position) {
-    const auto entry = occurrences_.find(position->second);
-    Occurrences& occurrences = entry->second;
-    if (occurrences.size() == 1)
-      occurrences_.erase(entry);
+    const auto& [element, ahead, behind] = position->second;
+    if (behind != pairs_.end()) behind->second.ahead = ahead;
+    if (ahead != pairs_.end())
+      ahead->second.behind = behind;
+    else if (behind != pairs_.end())
+      first_[element] = behind;
     else
-      occurrences.erase(std::lower_bound(
-          occurrences.begin(), occurrences.end(), position,
-          [](Position left, Position right) { return right->first < left->first; }));
+      first_.unordered_erase(element);
     pairs_.erase(position);
   }
 
   Pairs pairs_;
-  std::unordered_map<Element, Occurrences, Hash, Equal> occurrences_;
-  std::uint64_t sequence_ = 0;
+  struct SpreadHash {
+    std::size_t operator()(const Element& element) const {
+      const std::size_t hash = Hash()(element) * 0x9E3779B1U;
+      return hash ^ hash >> 15U;
+    }
+  };
+  tsl::ordered_map<Element, Position, SpreadHash, Equal,
+                   std::allocator<std::pair<Element, Position>>,
+                   std::vector<std::pair<Element, Position>>>
+      first_;  ///< the one nearest to the front
 };
 
 }  // namespace orivanta

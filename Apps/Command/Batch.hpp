@@ -28,7 +28,7 @@ class BatchRouter {
   std::string answer(std::string_view line) const;
 
  private:
-  NodeList side(const class RawData& request, const std::string& name) const;
+  NodeList side(const RawData& request, const std::string& name) const;
   std::string route(const RawData& request) const;
 
   const Venue& venue_;

@@ -30,6 +30,7 @@ std::shared_ptr<Venue> venueNamed(const std::vector<std::shared_ptr<Venue>>& ven
                                   [&](const auto& venue) { return venue->slug == slug; });
   if (found != venues.end()) return *found;
   std::vector<std::string> slugs;
+  slugs.reserve(venues.size());
   for (const auto& venue : venues) slugs.push_back(*venue->slug);
   const std::string choice =
       slugs.empty() ? "none at all" : fmt::format("{}", fmt::join(slugs, ", "));

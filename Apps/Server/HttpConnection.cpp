@@ -83,9 +83,7 @@ HttpConnection::HttpConnection(boost::asio::ip::tcp::socket socket, Router& rout
       idleTimeout_(idleTimeout),
       closed_(std::move(closed)) {}
 
-HttpConnection::~HttpConnection() {
-  closed_();
-}
+HttpConnection::~HttpConnection() { closed_(); }
 
 void HttpConnection::start() {
   boost::asio::dispatch(stream_.get_executor(),

@@ -1,5 +1,6 @@
 #include "Apps/Server/JsonText.hpp"
 
+#include <algorithm>
 #include <boost/json/parse.hpp>
 #include <boost/json/value.hpp>
 

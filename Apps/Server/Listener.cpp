@@ -14,13 +14,21 @@ namespace orivanta::server {
 namespace asio = boost::asio;
 using asio::ip::tcp;
 
+namespace {
+
+asio::ip::address addressOf(const std::string& text) {
+  return text == "localhost" ? asio::ip::address_v4::loopback() : asio::ip::make_address(text);
+}
+
+}  // namespace
+
 Listener::Listener(asio::io_context& context, Options options)
     : context_(context),
       options_(std::move(options)),
       acceptor_(asio::make_strand(context)),
       retry_(acceptor_.get_executor()) {
   try {
-    const tcp::endpoint endpoint(asio::ip::make_address(options_.address), options_.port);
+    const tcp::endpoint endpoint(addressOf(options_.address), options_.port);
     acceptor_.open(endpoint.protocol());
     acceptor_.set_option(asio::socket_base::reuse_address(true));
     acceptor_.bind(endpoint);

@@ -79,9 +79,7 @@ std::string PackageFile::read() const {
   return bytes;
 }
 
-int PackageFile::release() {
-  return std::exchange(descriptor_, -1);
-}
+int PackageFile::release() { return std::exchange(descriptor_, -1); }
 
 MediaType mediaTypeOf(std::string_view fileName) {
   struct Row {

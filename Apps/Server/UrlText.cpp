@@ -6,9 +6,7 @@ namespace orivanta::server {
 
 namespace {
 
-bool isDigit(char character) {
-  return character >= '0' && character <= '9';
-}
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 bool isLetter(char character) {
   const char lower = static_cast<char>(character | 0x20);

@@ -87,9 +87,7 @@ void readCollection(const fs::path& file, std::string_view filesPath,
     collection.append(record, filesPath);
 }
 
-bool isPackage(const fs::path& folder) {
-  return fs::exists(folder / "venue.json");
-}
+bool isPackage(const fs::path& folder) { return fs::exists(folder / "venue.json"); }
 
 std::vector<fs::path> packagesIn(const fs::path& folder) {
   if (!fs::is_directory(folder)) refuse(folder, "no such folder");

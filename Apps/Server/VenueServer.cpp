@@ -79,8 +79,6 @@ VenueServer::VenueServer(const ServerOptions& options)
 
 VenueServer::~VenueServer() = default;
 
-std::string VenueServer::root() const {
-  return implementation_->root();
-}
+std::string VenueServer::root() const { return implementation_->root(); }
 
 }  // namespace orivanta::server

@@ -17,7 +17,7 @@ namespace orivanta::server {
 struct ServerOptions {
   /// Venue packages, or folders of them.
   std::vector<std::filesystem::path> folders;
-  std::string address = "127.0.0.1";  ///< an IPv4 or IPv6 address
+  std::string address = "127.0.0.1";  ///< of IPv4 or IPv6, or "localhost"
   std::uint16_t port = 0;             ///< 0 for a free one
   /// Both or neither: required of every request when set (HTTP Basic).
   std::optional<std::string> username;

@@ -1,26 +1,13 @@
 #include "Platform/Foundation/SerialQueue.hpp"
 
-#include <algorithm>
 #include <boost/asio/post.hpp>
-#include <boost/asio/thread_pool.hpp>
 #include <deque>
 #include <mutex>
-#include <thread>
 #include <utility>
 
+#include "Platform/Foundation/BackgroundPool.hpp"
+
 namespace orivanta::foundation {
-
-namespace {
-
-// At least four threads, so that a callback that waits for another load does not starve it. Never
-// destroyed: work may be under way when the process ends.
-boost::asio::thread_pool& backgroundPool() {
-  static auto& pool =
-      *new boost::asio::thread_pool(std::max(4U, std::thread::hardware_concurrency()));
-  return pool;
-}
-
-}  // namespace
 
 struct SerialQueue::State {
   std::mutex mutex;

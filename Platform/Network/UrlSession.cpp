@@ -33,6 +33,7 @@ std::shared_ptr<UrlSession> UrlSession::make(UrlSessionConfiguration configurati
 UrlSession::UrlSession(UrlSessionConfiguration configuration,
                        std::shared_ptr<UrlSessionDelegate> delegate)
     : configuration_(std::move(configuration)),
+      decodingQueue_(foundation::SerialQueue::make()),
       queue_(foundation::SerialQueue::make()),
       delegate_(std::move(delegate)) {}
 
@@ -40,19 +41,24 @@ void UrlSession::startDataTask(const foundation::Url& url) {
   const std::lock_guard lock(mutex_);
   if (!delegate_) return;
   std::erase_if(transfers_, [](const auto& transfer) { return transfer.expired(); });
-  transfers_.push_back(
-      defaultTransport().start({url, configuration_.additionalHeaders},
-                               [self = shared_from_this()](UrlResult result) {
-                                 self->queue_->async([self, result = std::move(result)]() mutable {
-                                   self->deliver(std::move(result));
-                                 });
-                               }));
+  transfers_.push_back(defaultTransport().start(
+      {url, configuration_.additionalHeaders}, [self = shared_from_this()](UrlResult result) {
+        self->decodingQueue_->async(
+            [self, result = std::move(result)]() mutable { self->decode(std::move(result)); });
+      }));
+}
+
+// On a queue of its own, so that a body is decoded while the delegate handles the one before.
+void UrlSession::decode(UrlResult result) {
+  if (!delegate()) return;
+  if (!result.error) result.error = defaultTransport().decodeBody(result);
+  queue_->async([self = shared_from_this(), result = std::move(result)]() mutable {
+    self->deliver(std::move(result));
+  });
 }
 
 void UrlSession::deliver(UrlResult result) {
   // Asked for before each call: the delegate may invalidate the session while it handles one.
-  if (!delegate()) return;
-  if (!result.error) result.error = defaultTransport().decodeBody(result);
   if (!result.error && !result.body.empty()) {
     if (const auto receiver = delegate()) receiver->didReceiveData(result.body);
     std::string().swap(result.body);

@@ -64,10 +64,12 @@ class ORIVANTA_API UrlSession : public std::enable_shared_from_this<UrlSession> 
 
  private:
   UrlSession(UrlSessionConfiguration configuration, std::shared_ptr<UrlSessionDelegate> delegate);
+  void decode(UrlResult result);
   void deliver(UrlResult result);
   std::shared_ptr<UrlSessionDelegate> delegate() const;
 
   const UrlSessionConfiguration configuration_;
+  const std::shared_ptr<foundation::SerialQueue> decodingQueue_;
   const std::shared_ptr<foundation::SerialQueue> queue_;
   mutable std::mutex mutex_;
   std::shared_ptr<UrlSessionDelegate> delegate_;      // empty once invalidated

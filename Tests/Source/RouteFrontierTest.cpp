@@ -25,9 +25,9 @@ TEST(RouteFrontier, TakesNodesInTheOrderOfTheList) {
       for (int step = 0; step < 2000; ++step) {
         const auto node = static_cast<std::uint32_t>(random() % 500);
         if (random() % 5 < 2 && !frontier.empty()) {
-          ASSERT_EQ(frontier.front(), *list.next());
-          queued.erase(frontier.front());
-          frontier.removeFront();
+          const std::uint32_t taken = frontier.take();
+          ASSERT_EQ(taken, list.next());
+          queued.erase(taken);
         } else if (queued.insert(node).second) {
           const double priority = priorities[random() % 6];
           frontier.put(priority, node);
@@ -36,8 +36,7 @@ TEST(RouteFrontier, TakesNodesInTheOrderOfTheList) {
       }
       while (const auto expected = list.next()) {
         ASSERT_FALSE(frontier.empty());
-        ASSERT_EQ(frontier.front(), *expected);
-        frontier.removeFront();
+        ASSERT_EQ(frontier.take(), *expected);
       }
       ASSERT_TRUE(frontier.empty());
     }

@@ -36,6 +36,7 @@ class LiteralPriorityQueue {
     return element;
   }
 
+  std::size_t size() const { return pairs_.size(); }
   const std::vector<std::pair<Element, Priority>>& collection() const { return pairs_; }
 
  private:

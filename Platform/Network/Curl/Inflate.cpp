@@ -7,6 +7,23 @@
 
 namespace orivanta::network {
 
+namespace {
+
+// A member ends with the size of its contents, low byte first. It may lie, but not beyond what so
+// many compressed bytes can hold.
+std::size_t expectedBytes(std::string_view compressed) {
+  constexpr std::size_t greatestRatio = 1032;
+  constexpr std::size_t least = 64;
+  if (compressed.size() < 4) return least;
+  std::size_t size = 0;
+  for (const char byte : {compressed.rbegin()[0], compressed.rbegin()[1], compressed.rbegin()[2],
+                          compressed.rbegin()[3]})
+    size = size << 8U | static_cast<unsigned char>(byte);
+  return std::clamp(size, least, compressed.size() * greatestRatio);
+}
+
+}  // namespace
+
 std::optional<std::string> gunzipped(std::string_view compressed, std::size_t largestBytes) {
   z_stream stream{};
   if (inflateInit2(&stream, 15 + 16) != Z_OK) return std::nullopt;
@@ -15,8 +32,7 @@ std::optional<std::string> gunzipped(std::string_view compressed, std::size_t la
   stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(compressed.data()));
   stream.avail_in = static_cast<uInt>(compressed.size());
 
-  std::string bytes(std::min(largestBytes, std::max<std::size_t>(compressed.size() * 4, 4096)),
-                    '\0');
+  std::string bytes(std::min(largestBytes, expectedBytes(compressed)), '\0');
   std::size_t length = 0;
   for (;;) {
     stream.next_out = reinterpret_cast<Bytef*>(bytes.data() + length);

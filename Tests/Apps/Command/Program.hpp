@@ -69,7 +69,7 @@ class Program {
     while (unread_.find('\n') == std::string::npos && readMore()) {
     }
     const std::size_t end = unread_.find('\n');
-    const std::string line = unread_.substr(0, end == std::string::npos ? end : end + 1);
+    std::string line = unread_.substr(0, end == std::string::npos ? end : end + 1);
     unread_.erase(0, line.size());
     return line;
   }
@@ -102,6 +102,7 @@ class Program {
 
   static std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
     return pointers;

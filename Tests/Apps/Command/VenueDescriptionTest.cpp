@@ -57,7 +57,8 @@ TEST(VenueDescription, ConnectorsAreGroupedByTypeFloorsAndAccess) {
       {"id": "e1", "name": "E1", "type": "lift", "nodes": ["n1", "u1"]},
       {"id": "s2", "name": "S2", "type": "stairs", "nodes": ["u2", "n2"], "accessible": false},
       {"id": "e2", "name": "E2", "type": "lift", "nodes": ["n1"], "accessible": false},
-      {"id": "e3", "name": "E3", "type": "lift", "nodes": []}])";
+      {"id": "e3", "name": "E3", "type": "lift", "nodes": []},
+      {"id": "e4", "name": "E4", "type": "lift", "nodes": ["n2", "u2"], "accessible": false}])";
   const auto venue = small.load();
   const auto summary = [&](bool accessibleOnly) {
     std::string text;
@@ -69,7 +70,8 @@ TEST(VenueDescription, ConnectorsAreGroupedByTypeFloorsAndAccess) {
     }
     return text;
   };
-  EXPECT_EQ(summary(false), "lift+ F1 G e1; lift- G e2; lift+ e3; stairs- F1 G s1 s2; ");
+  EXPECT_EQ(summary(false),
+            "lift+ F1 G e1; lift- G e2; lift+ e3; lift- F1 G e4; stairs- F1 G s1 s2; ");
   EXPECT_EQ(summary(true), "lift+ F1 G e1; lift+ e3; ");
 }
 

@@ -42,6 +42,9 @@ class RawClient {
     return parser.release();
   }
 
+  /// How many bytes have arrived and are not read yet.
+  std::size_t available() const { return socket_.available(); }
+
   /// Everything until the server ends the connection.
   std::string readToEnd() {
     std::string rest;

@@ -12,7 +12,6 @@ namespace orivanta::server {
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 
 class RouterTest : public testing::Test {
  protected:
@@ -43,9 +42,9 @@ TEST_F(RouterTest, TargetsAndTheirAnswers) {
       {"/1/node?venue=mall", 200, R"([{"id":"n1"},{"id":"n2"}])"},
       {"/1/node?venue=mall&perspective=well-known:3D&page=3", 200, R"([{"id":"n5"}])"},
       {"/1/node?venue=mall&page=4", 404, "The last page is 3."},
-      {"/1/node?venue=mall&page=99999999999999999999999", 404, "The last page is 3."},
+      {"/1/node?venue=mall&page=18446744073709551617", 404, "The last page is 3."},
       {"/1/node?venue=mall&page=2&per-page=4", 200, R"([{"id":"n5"}])"},
-      {"/1/node?venue=mall&per-page=99999999999999999999999", 200, "n5"},
+      {"/1/node?venue=mall&per-page=18446744073709551617", 200, "n5"},
       {"/1/node?venue=mall&page=0", 400, "numbers from 1 on"},
       {"/1/node?venue=mall&page=-1", 400, "numbers from 1 on"},
       {"/1/node?venue=mall&page=", 400, "numbers from 1 on"},
@@ -115,8 +114,8 @@ TEST_F(RouterTest, LinksNameTheOtherPages) {
   EXPECT_EQ(get(router, "/1/node?venue=mall").header("Link"),
             nodes + "&page=2>; rel=\"next\", " + nodes + "&page=1>; rel=\"first\", " + nodes +
                 "&page=3>; rel=\"last\"");
-  const std::string sized = "<http://me:1/1/node?venue=mall&x=%2C%3B%20%22%3E&per-page=3&";
-  EXPECT_EQ(get(router, "/1/node?venue=mall&page=2&x=,;+\"%3e&per-page=3").header("Link"),
+  const std::string sized = "<http://me:1/1/node?venue=mall&x%2C=%2C%3B%20%22%3E&per-page=3&";
+  EXPECT_EQ(get(router, "/1/node?venue=mall&page=2&x,=,;+\"%3e&per-page=3").header("Link"),
             sized + "page=1>; rel=\"prev\", " + sized + "page=1>; rel=\"first\", " + sized +
                 "page=2>; rel=\"last\"");
   EXPECT_EQ(get(router, "/1/venue").header("Link"),

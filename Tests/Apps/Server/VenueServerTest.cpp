@@ -46,7 +46,9 @@ TEST_F(VenueServerTest, ConnectionsAreKeptAndRequestsMayComeInARow) {
   for (const char* body :
        {R"([{"id":"n2"}])", R"([{"id":"n3"}])", R"([{"id":"n4"}])", R"([{"id":"n5"}])"})
     EXPECT_EQ(client.read().body(), body);
-  EXPECT_EQ(client.read().result_int(), 404U);
+  const auto missing = client.read();
+  EXPECT_EQ(missing.result_int(), 404U);
+  EXPECT_EQ(missing.body(), R"({"error":{"status":404,"message":"The last page is 5."}})");
   const auto head = client.read(true);
   EXPECT_EQ(head.result_int(), 200U);
   EXPECT_NE(head["Content-Length"], "0");
@@ -153,6 +155,21 @@ TEST_F(VenueServerTest, ClientsBeyondTheLimitWaitForTheirTurn) {
   auto first = std::make_unique<RawClient>(server.root());
   first->send(requestFor("/1/venue"));
   EXPECT_EQ(first->read().result_int(), 200U);
+  RawClient second(server.root());
+  second.send(requestFor("/1/venue"));
+  for (int round = 0; round < 50; ++round) {
+    first->send(requestFor("/1/venue"));
+    EXPECT_EQ(first->read().result_int(), 200U);
+  }
+  EXPECT_EQ(second.available(), 0U);
+  first.reset();
+  EXPECT_EQ(second.read().result_int(), 200U);
+}
+
+TEST_F(VenueServerTest, EveryConnectionThatEndsMakesRoomForTheNext) {
+  options_.maximumConnections = 1;
+  const VenueServer server(options_);
+  auto first = std::make_unique<RawClient>(server.root());
   for (int turn = 0; turn < 3; ++turn) {
     auto next = std::make_unique<RawClient>(server.root());
     next->send(requestFor("/1/venue"));
@@ -189,6 +206,8 @@ TEST_F(VenueServerTest, AddressesAndPorts) {
   options_.port = static_cast<std::uint16_t>(std::stoul(port));
   EXPECT_THROW(VenueServer{options_}, std::system_error);
   options_.port = 0;
+  options_.address = "localhost";
+  EXPECT_THAT(VenueServer(options_).root(), StartsWith("http://127.0.0.1:"));
   options_.address = "no address";
   EXPECT_THROW(VenueServer{options_}, std::system_error);
 }

@@ -1,0 +1,11 @@
+// The threads that all background work of the process shares.
+#pragma once
+
+#include <boost/asio/thread_pool.hpp>
+
+namespace orivanta::foundation {
+
+/// Lives as long as the process. Any thread.
+boost::asio::thread_pool& backgroundPool();
+
+}  // namespace orivanta::foundation

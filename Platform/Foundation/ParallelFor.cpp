@@ -1,0 +1,52 @@
+#include "Platform/Foundation/ParallelFor.hpp"
+
+#include <algorithm>
+#include <atomic>
+#include <boost/asio/post.hpp>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+#include "Platform/Foundation/BackgroundPool.hpp"
+
+namespace orivanta::foundation {
+
+namespace {
+
+// Helpers that the pool starts late find nothing to do, perhaps after the caller has gone; so they
+// share this, and touch the body only with a number in hand.
+struct SharedWork {
+  SharedWork(std::size_t pieces, const std::function<void(std::size_t)>& work)
+      : count(pieces), body(work) {}
+
+  void takePieces() {
+    for (std::size_t piece = next++; piece < count; piece = next++) {
+      body(piece);
+      const std::lock_guard lock(mutex);
+      if (++finished == count) allFinished.notify_one();
+    }
+  }
+
+  const std::size_t count;
+  const std::function<void(std::size_t)>& body;
+  std::atomic<std::size_t> next = 0;
+  std::mutex mutex;
+  std::condition_variable allFinished;
+  std::size_t finished = 0;
+};
+
+}  // namespace
+
+void parallelFor(std::size_t count, const std::function<void(std::size_t)>& body) {
+  if (count == 0) return;
+  const auto work = std::make_shared<SharedWork>(count, body);
+  const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());
+  for (std::size_t helper = 1; helper < std::min(processors, count); ++helper)
+    boost::asio::post(backgroundPool(), [work] { work->takePieces(); });
+  work->takePieces();
+  std::unique_lock lock(work->mutex);
+  work->allFinished.wait(lock, [&] { return work->finished == count; });
+}
+
+}  // namespace orivanta::foundation
