@@ -184,11 +184,16 @@ class MisbehavingServer::Implementation {
 
   bool waitForRequests(const std::string& path, std::size_t count) const {
     std::unique_lock lock(mutex_);
-    return arrived_.wait_for(lock, patience, [&] {
+    return changed_.wait_for(lock, patience, [&] {
       return count <= static_cast<std::size_t>(
                           std::count_if(requests_.begin(), requests_.end(),
                                         [&](const auto& request) { return request.path == path; }));
     });
+  }
+
+  bool waitForEndedConnections(std::size_t count) const {
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, patience, [&] { return endedConnectionCount_ >= count; });
   }
 
  private:
@@ -200,7 +205,12 @@ class MisbehavingServer::Implementation {
   }
 
   asio::awaitable<void> serve(tcp::socket socket) {
-    const std::size_t connection = counted();
+    const std::size_t connection = counted(connectionCount_);
+    co_await answerAll(std::move(socket), connection);
+    counted(endedConnectionCount_);
+  }
+
+  asio::awaitable<void> answerAll(tcp::socket socket, std::size_t connection) {
     std::string received;
     for (;;) {
       const auto [failure, headBytes] = co_await asio::async_read_until(
@@ -240,9 +250,10 @@ class MisbehavingServer::Implementation {
     co_await timer->async_wait(reportingErrors);
   }
 
-  std::size_t counted() {
+  std::size_t counted(std::size_t& counter) {
     const std::lock_guard lock(mutex_);
-    return ++connectionCount_;
+    changed_.notify_all();
+    return ++counter;
   }
 
   Answer answerFor(ReceivedRequest request) {
@@ -253,15 +264,16 @@ class MisbehavingServer::Implementation {
       if (entry != scripts_.end()) script = entry->second;
       requests_.push_back(request);
     }
-    arrived_.notify_all();
+    changed_.notify_all();
     return script ? script(request) : Answer::json(R"({"error": "not found"})", 404);
   }
 
   mutable std::mutex mutex_;  // guards what the test's threads read and write
-  mutable std::condition_variable arrived_;
+  mutable std::condition_variable changed_;
   std::map<std::string, Script> scripts_;
   std::vector<ReceivedRequest> requests_;
   std::size_t connectionCount_ = 0;
+  std::size_t endedConnectionCount_ = 0;
 
   asio::io_context context_;
   tcp::acceptor acceptor_;
@@ -319,6 +331,10 @@ void MisbehavingServer::forgetRequests() { implementation_->forgetRequests(); }
 
 std::size_t MisbehavingServer::connectionCount() const {
   return implementation_->connectionCount();
+}
+
+bool MisbehavingServer::waitForEndedConnections(std::size_t count) const {
+  return implementation_->waitForEndedConnections(count);
 }
 
 }  // namespace orivanta::test

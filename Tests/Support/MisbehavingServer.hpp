@@ -96,6 +96,8 @@ class MisbehavingServer {
   void forgetRequests();
 
   std::size_t connectionCount() const;
+  /// Blocks until so many connections have ended; false when patience ran out.
+  [[nodiscard]] bool waitForEndedConnections(std::size_t count) const;
 
  private:
   class Implementation;

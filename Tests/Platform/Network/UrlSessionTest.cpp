@@ -16,9 +16,7 @@ using test::Latch;
 using test::MisbehavingServer;
 using testing::ElementsAre;
 
-foundation::Url url(const std::string& text) {
-  return *foundation::Url::parse(text);
-}
+foundation::Url url(const std::string& text) { return *foundation::Url::parse(text); }
 
 // Keeps what is reported; a test may add to what happens on a report.
 class Recorder : public UrlSessionDelegate {
@@ -180,6 +178,20 @@ TEST(UrlSession, NothingIsReportedAfterInvalidation) {
   other.get(server.root("/b"));  // what was cancelled is gone when this has been answered
   EXPECT_EQ(recorder->reports(0).size(), 1U);
   EXPECT_TRUE(server.requests("/afterwards").empty());
+}
+
+TEST(UrlSession, InvalidationEndsTheTransfersUnderWay) {
+  MisbehavingServer server;
+  const auto latch = std::make_shared<Latch>();
+  server.on("/held", Answer::json("[0]").held(latch));
+  const auto session = UrlSession::make({}, std::make_shared<Recorder>());
+  session->startDataTask(url(server.root("/held")));
+  session->startDataTask(url(server.root("/held")));
+  ASSERT_TRUE(server.waitForRequests("/held", 2));
+  session->invalidateAndCancel();
+  latch->open();
+  // A connection whose transfer had gone on would stay open for the next one.
+  EXPECT_TRUE(server.waitForEndedConnections(2));
 }
 
 TEST(UrlSession, ADelegateMayInvalidateBetweenDataAndCompletion) {
