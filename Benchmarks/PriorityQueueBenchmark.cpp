@@ -41,8 +41,9 @@ void put(benchmark::State& state) {
   for (auto _ : state) {
     now += 1.0 / 20;
     for (auto& [element, priority] : puts) {
-      element = nodes[(random() % 8 == 0 ? next - 1 : next++) % nodes.size()];
-      priority = now + ahead(random);
+      const bool isQueued = random() % 8 == 0;
+      element = nodes[(isQueued ? next - 1 : next++) % nodes.size()];
+      priority = isQueued ? now : now + ahead(random);
     }
     const auto start = Clock::now();
     for (const auto& [element, priority] : puts) queue.put(element, priority);

@@ -4,14 +4,16 @@
 
 #include <tsl/ordered_map.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
-#include <iterator>
 #include <limits>
-#include <map>
 #include <optional>
 #include <utility>
 #include <vector>
+
+#include "Source/SortedBlocks.hpp"
 
 namespace orivanta {
 
@@ -35,26 +37,30 @@ class PriorityQueue {
   PriorityQueue& operator=(const PriorityQueue&) = delete;
 
   void put(const Element& element, Priority priority) {
-    auto [entry, isNew] = first_.try_emplace(element);
+    auto [entry, isNew] = first_.try_emplace(element, none);
+    const Number older = entry.value();
     if (isNew) {
-      entry.value() = insert(element, priority, pairs_.end());
+      entry.value() = insert(element, priority, older);
       return;
     }
-    const Position older = entry.value();
-    if (older == pairs_.begin()) return;
-    const Position before = std::prev(older);
-    if (!(priority > before->first)) return;
+    if (!(priority > pairs_[older].priority)) return;
+    const Position place = positionOf(older);
+    if (order_.isFirst(place)) return;
+    const Position before = order_.before(place);
+    if (!(priority > order_[before].priority)) return;
+    const Number toRemove = order_[before].number;
     entry.value() = insert(element, priority, older);
-    older->second.ahead = entry.value();
-    remove(before);
+    pairs_[older].ahead = entry.value();
+    remove(toRemove, positionOf(toRemove));
   }
 
   /// Takes the last pair and returns its element; nothing when the queue is empty.
   std::optional<Element> next() {
-    if (pairs_.empty()) return std::nullopt;
-    const Position last = std::prev(pairs_.end());
-    std::optional<Element> element(last->second.element);
-    remove(last);
+    if (order_.empty()) return std::nullopt;
+    const Position last = order_.last();
+    const Number number = order_[last].number;
+    std::optional<Element> element(pairs_[number].element);
+    remove(number, last);
     return element;
   }
 
@@ -64,62 +70,92 @@ class PriorityQueue {
     return [this] { return next(); };
   }
 
-  std::size_t size() const { return pairs_.size(); }
+  std::size_t size() const { return pairs_.size() - unused_.size(); }
 
   /// The whole list, the largest priority first.
   std::vector<std::pair<Element, Priority>> collection() const {
     std::vector<std::pair<Element, Priority>> pairs;
-    pairs.reserve(pairs_.size());
-    for (const auto& [priority, pair] : pairs_) pairs.emplace_back(pair.element, priority);
+    pairs.reserve(size());
+    if (order_.empty()) return pairs;
+    for (Position at = order_.last();; at = order_.before(at)) {
+      pairs.emplace_back(pairs_[order_[at].number].element, order_[at].priority);
+      if (order_.isFirst(at)) break;
+    }
+    std::reverse(pairs.begin(), pairs.end());
     return pairs;
   }
 
  private:
-  struct Pair;
-  /// Of equal priorities the one inserted first comes first.
-  using Pairs = std::multimap<Priority, Pair, std::greater<Priority>>;
-  using Position = typename Pairs::iterator;
-  /// The pairs of one element are linked with one another; `end()` of the map where there is none.
+  using Order = SortedBlocks<Priority>;
+  using Position = typename Order::Position;
+  using Number = typename Order::Number;
+  static constexpr Number none = std::numeric_limits<Number>::max();
+
+  /// The pairs of one element are linked with one another.
   struct Pair {
     Element element;
-    Position ahead;  ///< nearer to the front
-    Position behind;
+    Priority priority;
+    std::uint64_t sequence;
+    Number ahead;  ///< nearer to the front
+    Number behind;
   };
 
   /// In front of all pairs of the element, the first of which is `behind`.
-  Position insert(const Element& element, Priority priority, Position behind) {
-    return pairs_.emplace(comparable(priority), Pair{element, pairs_.end(), behind});
+  Number insert(const Element& element, Priority priority, Number behind) {
+    Pair pair{element, comparable(priority), sequence_++, none, behind};
+    Number number = static_cast<Number>(pairs_.size());
+    if (unused_.empty()) {
+      pairs_.push_back(std::move(pair));
+    } else {
+      number = unused_.back();
+      unused_.pop_back();
+      pairs_[number] = std::move(pair);
+    }
+    order_.insert(pairs_[number].priority, number);
+    return number;
+  }
+
+  Position positionOf(Number wanted) const {
+    const Pair& pair = pairs_[wanted];
+    return order_.find([&](const auto& entry) {
+      if (entry.priority > pair.priority) return true;
+      return !(pair.priority > entry.priority) && pairs_[entry.number].sequence < pair.sequence;
+    });
   }
 
   Priority comparable(Priority priority) const {
     if (priority == priority) return priority;
-    return pairs_.empty() ? std::numeric_limits<Priority>::infinity()
-                          : std::prev(pairs_.end())->first;
+    return order_.empty() ? std::numeric_limits<Priority>::infinity()
+                          : order_[order_.last()].priority;
   }
 
-  void remove(Position position) {
-    const auto& [element, ahead, behind] = position->second;
-    if (behind != pairs_.end()) behind->second.ahead = ahead;
-    if (ahead != pairs_.end())
-      ahead->second.behind = behind;
-    else if (behind != pairs_.end())
-      first_[element] = behind;
+  void remove(Number number, Position at) {
+    order_.erase(at);
+    const Pair pair = std::move(pairs_[number]);
+    if (pair.behind != none) pairs_[pair.behind].ahead = pair.ahead;
+    if (pair.ahead != none)
+      pairs_[pair.ahead].behind = pair.behind;
+    else if (pair.behind != none)
+      first_[pair.element] = pair.behind;
     else
-      first_.unordered_erase(element);
-    pairs_.erase(position);
+      first_.unordered_erase(pair.element);
+    unused_.push_back(number);
   }
 
-  Pairs pairs_;
   struct SpreadHash {
     std::size_t operator()(const Element& element) const {
       const std::size_t hash = Hash()(element) * 0x9E3779B1U;
       return hash ^ hash >> 15U;
     }
   };
-  tsl::ordered_map<Element, Position, SpreadHash, Equal,
-                   std::allocator<std::pair<Element, Position>>,
-                   std::vector<std::pair<Element, Position>>>
-      first_;  ///< the one nearest to the front
+
+  Order order_;
+  std::vector<Pair> pairs_;     ///< by number
+  std::vector<Number> unused_;  ///< numbers of pairs that were removed
+  tsl::ordered_map<Element, Number, SpreadHash, Equal, std::allocator<std::pair<Element, Number>>,
+                   std::vector<std::pair<Element, Number>>>
+      first_;  ///< of each element the pair nearest to the front
+  std::uint64_t sequence_ = 0;
 };
 
 }  // namespace orivanta

@@ -62,16 +62,22 @@ class RouteFrontier {
     static Entry last() { return Entry(~std::uint64_t{0}, ~std::uint64_t{0}); }
 
     Entry renumbered(std::uint32_t sequence) const {
-      return Entry(static_cast<std::uint64_t>(key_ >> 64U),
-                   std::uint64_t{~sequence} << 32U | node());
+      return Entry(priority_, std::uint64_t{~sequence} << 32U | node());
     }
-    std::uint32_t node() const { return static_cast<std::uint32_t>(key_); }
-    bool operator<(const Entry& other) const { return key_ < other.key_; }
+    std::uint32_t node() const { return static_cast<std::uint32_t>(rank_); }
+
+    // Without a jump, since no processor can foresee which way it goes.
+    bool operator<(const Entry& other) const {
+#ifdef __SIZEOF_INT128__
+      return key() < other.key();
+#else
+      return (priority_ < other.priority_) |
+             ((priority_ == other.priority_) & (rank_ < other.rank_));
+#endif
+    }
 
    private:
-    using Key = unsigned __int128;
-
-    Entry(std::uint64_t high, std::uint64_t low) : key_(static_cast<Key>(high) << 64U | low) {}
+    Entry(std::uint64_t priority, std::uint64_t rank) : priority_(priority), rank_(rank) {}
 
     // Doubles that are not negative are in the order of their bits.
     static std::uint64_t bitsOf(double number) {
@@ -80,7 +86,14 @@ class RouteFrontier {
       return bits;
     }
 
-    Key key_;
+#ifdef __SIZEOF_INT128__
+    unsigned __int128 key() const {
+      return static_cast<unsigned __int128>(priority_) << 64U | rank_;
+    }
+#endif
+
+    std::uint64_t priority_;
+    std::uint64_t rank_;
   };
 
   static constexpr std::size_t arity = 4;

@@ -65,20 +65,22 @@ struct Stream {
   int elements;
   int priorities;
   double shareOfTakes;
+  int steps = 300;
 };
 
 TEST(PriorityQueue, FollowsTheListOnRandomStreams) {
   const Stream streams[] = {
-      {4, 3, 0.3}, {10, 5, 0.4}, {40, 6, 0.2}, {40, 1000, 0.45}, {3, 50, 0.1}};
+      {4, 3, 0.3},  {10, 5, 0.4},        {40, 6, 0.2},           {40, 1000, 0.45},
+      {3, 50, 0.1}, {400, 4, 0.1, 1000}, {400, 1000, 0.3, 1000}, {1000, 30, 0.02, 1000}};
   std::mt19937 random(7);
   for (const Stream& stream : streams)
-    for (int repetition = 0; repetition < 60; ++repetition) {
+    for (int repetition = 0; repetition < 30; ++repetition) {
       PriorityQueue<int, double> queue;
       test::LiteralPriorityQueue<int, double> list;
       std::uniform_int_distribution<int> element(1, stream.elements);
       std::uniform_int_distribution<int> priority(-1, stream.priorities);
       std::bernoulli_distribution take(stream.shareOfTakes);
-      for (int step = 0; step < 300; ++step) {
+      for (int step = 0; step < stream.steps; ++step) {
         if (take(random)) {
           ASSERT_EQ(queue.next(), list.next());
         } else {

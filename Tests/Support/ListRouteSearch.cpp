@@ -11,16 +11,13 @@ namespace orivanta::test {
 
 namespace {
 
-struct Reached {
-  double cost = 0.0;
-  Node* predecessor = nullptr;
-};
-using ReachedNodes = std::unordered_map<Node*, Reached>;
+using Predecessors = std::unordered_map<Node*, Node*>;
 
-NodeList pathTo(Node* node, const ReachedNodes& reached) {
-  NodeList path;
-  for (; node != nullptr; node = reached.at(node).predecessor)
-    path.push_back(node->shared_from_this());
+NodeList pathTo(Node* node, const Predecessors& predecessors) {
+  NodeList path{node->shared_from_this()};
+  for (auto entry = predecessors.find(node); entry != predecessors.end();
+       entry = predecessors.find(entry->second))
+    path.push_back(entry->second->shared_from_this());
   std::reverse(path.begin(), path.end());
   return path;
 }
@@ -31,24 +28,26 @@ std::optional<Route> searchRouteWithList(const NodeList& nodes, const NodeList& 
                                          const NavigationGraph& graph) {
   if (nodes.empty() || destinations.empty()) return std::nullopt;
   LiteralPriorityQueue<Node*, double> frontier;
-  ReachedNodes reached;
+  Predecessors predecessors;
+  std::unordered_map<Node*, double> costs;
   for (const auto& start : nodes) {
     frontier.put(start.get(), *getShortestEuclideanDistance(*start, destinations));
-    reached[start.get()] = {};
+    costs[start.get()] = 0.0;
   }
   for (std::size_t taken = 1; const auto next = frontier.next(); ++taken) {
     Node* const current = *next;
-    const Reached& here = reached[current];
+    const double& costSoFar = costs.at(current);
     const auto isCurrent = [&](const auto& node) { return node.get() == current; };
     if (std::any_of(destinations.begin(), destinations.end(), isCurrent))
-      return Route{pathTo(current, reached), here.cost, taken};
+      return Route{pathTo(current, predecessors), costSoFar, taken};
     for (const Edge& edge : graph[*current]) {
       Node* const target = edge.node().get();
-      const double cost = here.cost + edge.weight();
-      const auto [known, isNew] = reached.try_emplace(target);
-      if (!isNew && !(cost < known->second.cost)) continue;
-      known->second = {cost, current};
+      const double cost = costSoFar + edge.weight();
+      const auto [known, isNew] = costs.try_emplace(target, cost);
+      if (!isNew && !(cost < known->second)) continue;
+      known->second = cost;
       frontier.put(target, cost + *getShortestEuclideanDistance(*target, destinations));
+      predecessors[target] = current;
     }
   }
   return std::nullopt;
