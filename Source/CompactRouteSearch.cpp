@@ -13,6 +13,9 @@ namespace {
 
 constexpr RouteNetwork::Index none = std::numeric_limits<RouteNetwork::Index>::max();
 
+// Up to here a second-level cache holds network and state, and fetching ahead is only work.
+constexpr std::size_t nodesThatStayInCache = 8192;
+
 bool isFinite(const std::shared_ptr<Node>& node) {
   return std::isfinite(node->x) && std::isfinite(node->y) && std::isfinite(node->z);
 }
@@ -75,9 +78,12 @@ void CompactRouteSearch::expand(Index current) {
   RouteFrontier& frontier = state_->frontier;
   const std::uint32_t stamp = state_->stamp;
   const double costSoFar = nodes[current].cost;
-  for (const auto* link = links + places[current].firstLink; link != end; ++link) {
-    __builtin_prefetch(&nodes[link->target]);
-    __builtin_prefetch(&places[link->target]);
+  const bool prefetches = network_.size() > nodesThatStayInCache;
+  if (prefetches) {
+    for (const auto* link = links + places[current].firstLink; link != end; ++link) {
+      __builtin_prefetch(&nodes[link->target]);
+      __builtin_prefetch(&places[link->target]);
+    }
   }
   for (const auto* link = links + places[current].firstLink; link != end; ++link) {
     const Index index = link->target;
@@ -85,7 +91,7 @@ void CompactRouteSearch::expand(Index current) {
     const double cost = costSoFar + link->weight;
     if (target.reachedStamp != stamp) {
       const RouteNetwork::Place& there = places[index];
-      __builtin_prefetch(links + there.firstLink);
+      if (prefetches) __builtin_prefetch(links + there.firstLink);
       target.reachedStamp = stamp;
       target.heuristic = heuristic(there.x, there.y, there.z);
     } else if (!(cost < target.cost)) {
