@@ -20,7 +20,7 @@ namespace orivanta {
 /// A list of (element, priority) pairs in descending order of priority, taken from the end: the
 /// smallest priority first, of equal priorities the one put last.
 ///
-/// `put` behaves as this walk of the list from its front does, and takes O(log n) instead:
+/// `put` does what this walk of the list from its front would do, without walking:
 /// - the walk ends without any change when it meets the element before a smaller priority;
 /// - else the new pair goes before the first smaller priority, or to the end;
 /// - and if the walk meets the element further on, the pair that stood just before that older one

@@ -19,6 +19,11 @@ struct Route {
 /// The route from any of the start nodes to any of the destinations; nothing when either list is
 /// empty or no destination can be reached. Deterministic: the same lists and graph give the same
 /// path, ties included. Any thread; several searches of one graph may run at once.
+///
+/// Positions of the graph's nodes are those at the first search; `setGraph` has them read again.
+/// Lists may name nodes that the graph does not have. Applications that give records negative
+/// weights, or positions that are no finite numbers, get the same search at less speed; around a
+/// circle of negative weight it does not end.
 ORIVANTA_API std::optional<Route> searchRoute(const NodeList& nodes, const NodeList& destinations,
                                               const NavigationGraph& graph);
 

@@ -13,8 +13,9 @@ namespace orivanta {
 
 /// Numbers in descending order of their priorities; of equal priorities the one inserted first
 /// comes first. A binary search finds the block, which lies in a few cache lines, and all of its
-/// priorities are compared: that takes about half the time of a search tree, whose every branch is
-/// a guess.
+/// priorities are compared: a third less time than in a search tree, whose every branch is a guess.
+/// One insertion in sixteen or fewer divides a block, which moves a pointer for each block behind
+/// it.
 template <class Priority>
 class SortedBlocks {
  public:
@@ -75,7 +76,6 @@ class SortedBlocks {
     Entry* const first = block.entries.data();
     std::move(first + at.index + 1, first + block.size, first + at.index);
     --block.size;
-    least_[at.block] = first[block.size - 1].priority;
   }
 
  private:
@@ -110,7 +110,8 @@ class SortedBlocks {
   }
 
   std::vector<std::unique_ptr<Block>> blocks_;  ///< none is empty
-  std::vector<Priority> least_;                 ///< the smallest priority of each block
+  std::vector<Priority> least_;  ///< of each block: no greater than its smallest priority, no less
+                                 ///< than the next block's greatest
 };
 
 }  // namespace orivanta
