@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Platform/Foundation/Fatal.hpp"
+#include "Platform/Foundation/ParallelFor.hpp"
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -22,6 +23,8 @@ namespace orivanta {
 
 namespace {
 
+constexpr std::size_t recordsAtOnce = 512;
+
 // The record of that identifier, or null.
 template <class Record>
 std::shared_ptr<Record> named(const Collection<Record>& records, std::string_view id) {
@@ -32,16 +35,20 @@ std::shared_ptr<Record> named(const Collection<Record>& records, std::string_vie
 // Sets each record's map and keeps those that have one.
 template <class Record>
 void linkMaps(Collection<Record>& records, const Collection<Map>& maps) {
-  std::size_t linked = 0;
-  std::shared_ptr<Map> map;  // of the record before: neighbours mostly share it
-  for (const auto& entry : records) {
-    Record& record = *entry.second;
-    const auto id = referenceIn(record._data, "map");
-    if (!id || !map || map->id != *id) map = id ? named(maps, *id) : nullptr;
-    record.map = map;
-    if (map) ++linked;
-  }
-  if (linked == records.size()) return;
+  const auto& entries = records.values_container();
+  // Looking into the records' JSON takes most of the time, and may be shared out.
+  std::vector<const std::shared_ptr<Map>*> found(entries.size());
+  foundation::parallelFor((entries.size() + recordsAtOnce - 1) / recordsAtOnce, [&](std::size_t n) {
+    const std::size_t end = std::min(entries.size(), (n + 1) * recordsAtOnce);
+    for (std::size_t i = n * recordsAtOnce; i < end; ++i) {
+      const auto id = referenceIn(entries[i].second->_data, "map");
+      const auto map = id ? maps.find(*id) : maps.end();
+      found[i] = map == maps.end() ? nullptr : &map->second;
+    }
+  });
+  for (std::size_t i = 0; i < entries.size(); ++i)
+    entries[i].second->map = found[i] == nullptr ? nullptr : *found[i];
+  if (std::find(found.begin(), found.end(), nullptr) == found.end()) return;
   Collection<Record> kept;
   for (const auto& [id, record] : records)
     if (record->map) kept.insert({id, record});
