@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <unordered_set>
 #include <utility>
 
 #include "Source/Node.hpp"
@@ -45,15 +46,22 @@ bool CompactRouteSearch::covers(const RouteNetwork& network, const NodeList& nod
 CompactRouteSearch::CompactRouteSearch(const RouteNetwork& network, const NodeList& nodes,
                                        const NodeList& destinations)
     : network_(network), state_(network.takeState(network.size() + nodes.size())) {
-  const auto positionOf = [](const Node& node) { return Position{node.x, node.y, node.z}; };
-  firstDestination_ = positionOf(*destinations.front());
-  for (std::size_t i = 1; i < destinations.size(); ++i)
-    otherDestinations_.push_back(positionOf(*destinations[i]));
+  setDestinations(destinations);
   for (const auto& start : nodes) putStart(start);
   for (const auto& destination : destinations) {
-    const Index index = number(destination);
+    const Index index = number(*destination);
     if (index != none) state_->nodes[index].destinationStamp = state_->stamp;
   }
+}
+
+// Each node once: a venue may name one many times, and the heuristic looks at them all.
+void CompactRouteSearch::setDestinations(const NodeList& destinations) {
+  const auto positionOf = [](const Node& node) { return Position{node.x, node.y, node.z}; };
+  firstDestination_ = positionOf(*destinations.front());
+  std::unordered_set<const Node*> seen{destinations.front().get()};
+  for (const auto& destination : destinations)
+    if (seen.insert(destination.get()).second)
+      otherDestinations_.push_back(positionOf(*destination));
 }
 
 CompactRouteSearch::~CompactRouteSearch() { network_.giveBack(std::move(state_)); }
@@ -109,10 +117,11 @@ void CompactRouteSearch::expand(Index current) {
 }
 
 void CompactRouteSearch::putStart(const std::shared_ptr<Node>& start) {
-  Index index = number(start);
+  Index index = number(*start);
   if (index == none) {
     index = static_cast<Index>(network_.size() + foreign_.size());
     foreign_.push_back(start);
+    foreignNumbers_[start.get()] = index;
   }
   NodeState& state = state_->nodes[index];
   if (state.reachedStamp == state_->stamp) return;
@@ -124,11 +133,10 @@ void CompactRouteSearch::putStart(const std::shared_ptr<Node>& start) {
   state_->frontier.put(state.heuristic, index);
 }
 
-RouteNetwork::Index CompactRouteSearch::number(const std::shared_ptr<Node>& node) {
-  if (const auto index = network_.find(*node)) return *index;
-  const auto known = std::find(foreign_.begin(), foreign_.end(), node);
-  if (known == foreign_.end()) return none;
-  return static_cast<Index>(network_.size() + static_cast<std::size_t>(known - foreign_.begin()));
+RouteNetwork::Index CompactRouteSearch::number(const Node& node) const {
+  if (const auto index = network_.find(node)) return *index;
+  const auto known = foreignNumbers_.find(&node);
+  return known == foreignNumbers_.end() ? none : known->second;
 }
 
 const std::shared_ptr<Node>& CompactRouteSearch::node(Index index) const {

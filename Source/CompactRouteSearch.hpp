@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <unordered_map>
 #include <vector>
 
 #include "Source/RouteNetwork.hpp"
@@ -41,7 +42,8 @@ class CompactRouteSearch {
     double x, y, z;
   };
 
-  Index number(const std::shared_ptr<Node>& node);
+  Index number(const Node& node) const;
+  void setDestinations(const NodeList& destinations);
   const std::shared_ptr<Node>& node(Index index) const;
   double heuristic(double x, double y, double z) const;
   void putStart(const std::shared_ptr<Node>& start);
@@ -49,7 +51,9 @@ class CompactRouteSearch {
   Route routeTo(Index destination, std::size_t takenNodes) const;
 
   const RouteNetwork& network_;
-  NodeList foreign_;  ///< start nodes that the network does not have, numbered after those it has
+  /// Start nodes that the network does not have, numbered after those it has.
+  NodeList foreign_;
+  std::unordered_map<const Node*, Index> foreignNumbers_;
   Position firstDestination_;
   std::vector<Position> otherDestinations_;
   std::unique_ptr<RouteNetwork::SearchState> state_;

@@ -58,8 +58,9 @@ class ORIVANTA_API Direction {
 /// venue load.
 class ORIVANTA_API Directions {
  public:
-  /// "Depart from " and the place at the first node, "Arrive at " and the place at the last; a place
-  /// that is null gives no instruction, one without a name reads "nil". Null for an empty path.
+  /// "Depart from " and the place at the first node, "Arrive at " and the place at the last; a
+  /// place that is null gives no instruction, one without a name reads "nil". Null for an empty
+  /// path.
   static std::shared_ptr<Directions> make(const std::optional<NodeList>& path,
                                           const std::shared_ptr<Location>& departFrom = nullptr,
                                           const std::shared_ptr<Location>& arriveAt = nullptr);
@@ -106,8 +107,7 @@ ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
     const NodeList& destinations, Location& location,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
-    const NodeList& destinations, Node& node,
-    const std::shared_ptr<Location>& departFrom = nullptr,
+    const NodeList& destinations, Node& node, const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
     const NodeList& destinations, const NodeList& nodes,

@@ -29,16 +29,17 @@ class Vortex;
 /// Lets a dictionary look up any text without a copy.
 struct TextHash {
   using is_transparent = void;
-  std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+  std::size_t operator()(std::string_view text) const {
+    return std::hash<std::string_view>()(text);
+  }
 };
 
 /// A dictionary keyed by text that iterates in the order of insertion; giving an existing key a
 /// new value keeps the key's place.
 template <class Value>
-using Dictionary =
-    tsl::ordered_map<std::string, Value, TextHash, std::equal_to<>,
-                     std::allocator<std::pair<std::string, Value>>,
-                     std::vector<std::pair<std::string, Value>>>;
+using Dictionary = tsl::ordered_map<std::string, Value, TextHash, std::equal_to<>,
+                                    std::allocator<std::pair<std::string, Value>>,
+                                    std::vector<std::pair<std::string, Value>>>;
 
 /// Records of one collection by identifier, in the order in which the web API sent them.
 template <class Record>

@@ -24,9 +24,11 @@ std::optional<std::string> parameter(const Link& link, const char* name) {
 }
 
 // What stands for the URI, then each parameter as name="value".
-std::vector<std::string> renderedItems(std::string first, const Dictionary<std::string>& parameters) {
+std::vector<std::string> renderedItems(std::string first,
+                                       const Dictionary<std::string>& parameters) {
   std::vector<std::string> items{std::move(first)};
-  for (const auto& [name, value] : parameters) items.push_back(fmt::format("{}=\"{}\"", name, value));
+  for (const auto& [name, value] : parameters)
+    items.push_back(fmt::format("{}=\"{}\"", name, value));
   return items;
 }
 
@@ -65,7 +67,8 @@ bool operator==(const Link& left, const Link& right) {
 
 std::vector<Link> parseLinkHeader(std::string_view header) {
   std::vector<Link> parsed;
-  for (const std::string& value : separateBy(",")(header)) parsed.push_back(Link::fromHeader(value));
+  for (const std::string& value : separateBy(",")(header))
+    parsed.push_back(Link::fromHeader(value));
   return parsed;
 }
 

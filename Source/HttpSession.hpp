@@ -123,15 +123,16 @@ class HttpResponse {
     return *this;
   }
 
-  /// The session that runs the chain; `invalidateAndCancel` on it ends the chain without a callback.
+  /// The session that runs the chain; `invalidateAndCancel` on it ends the chain without a
+  /// callback.
   const std::shared_ptr<network::UrlSession>& session() const { return links_.session; }
 
  private:
   template <class U>
   friend class HttpResponse;
 
-  // Kept alive by the delegate's callbacks, and so by the session until that is invalidated. It must
-  // not own the delegate, or the two would keep each other.
+  // Kept alive by the delegate's callbacks, and so by the session until that is invalidated. It
+  // must not own the delegate, or the two would keep each other.
   struct State {
     explicit State(std::shared_ptr<network::UrlSession> chainSession)
         : session(std::move(chainSession)) {}

@@ -14,12 +14,12 @@ namespace orivanta {
 namespace {
 
 constexpr std::array<std::pair<std::string_view, std::int64_t>, 7> renditions{{{"xxsmall", 64},
-                                                                              {"xsmall", 128},
-                                                                              {"small", 256},
-                                                                              {"medium", 512},
-                                                                              {"large", 1024},
-                                                                              {"xlarge", 2048},
-                                                                              {"xxlarge", 4096}}};
+                                                                               {"xsmall", 128},
+                                                                               {"small", 256},
+                                                                               {"medium", 512},
+                                                                               {"large", 1024},
+                                                                               {"xlarge", 2048},
+                                                                               {"xxlarge", 4096}}};
 
 std::int64_t screenScale() {
   static const auto scale = static_cast<std::int64_t>(std::ceil(foundation::mainScreenScale()));

@@ -22,9 +22,9 @@ class ORIVANTA_API Map {
 
   RawData _data;
   std::optional<std::string> id;
-  std::string name;                   ///< "" when missing
-  std::string shortName;              ///< "" when missing
-  double elevation;                   ///< in the venue's units; 0 when missing
+  std::string name;                    ///< "" when missing
+  std::string shortName;               ///< "" when missing
+  double elevation;                    ///< in the venue's units; 0 when missing
   std::optional<foundation::Url> obj;  ///< the 3D model
   std::optional<foundation::Url> mtl;  ///< its material library
   const IdentityHash hashValue;

@@ -62,7 +62,6 @@ ORIVANTA_API void getVenue(const std::shared_ptr<Venue>& venue,
 
 /// As `getVenue`, through a session of the caller's own, for applications with several accounts.
 ORIVANTA_API void loadVenue(const WebApiSession& session, const std::shared_ptr<Venue>& venue,
-                            bool accessible,
-                            std::function<void(std::shared_ptr<Venue>)> callback);
+                            bool accessible, std::function<void(std::shared_ptr<Venue>)> callback);
 
 }  // namespace orivanta

@@ -66,8 +66,8 @@ Collection<Vortex> accessibleFirst(const Collection<Vortex>& vortices) {
 }
 
 // Appends the nodes that the elements of an array name.
-void appendNodes(NodeList& list, const RawData& data, std::string_view key,
-                 std::string_view member, const Collection<Node>& nodes) {
+void appendNodes(NodeList& list, const RawData& data, std::string_view key, std::string_view member,
+                 const Collection<Node>& nodes) {
   forEachReference(data, key, member, [&](std::string_view id) {
     if (auto node = named(nodes, id)) list.push_back(std::move(node));
   });

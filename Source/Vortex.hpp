@@ -16,9 +16,9 @@ class ORIVANTA_API Vortex : public Location {
   static std::shared_ptr<Vortex> make(const RawData& data);
   Vortex(RecordToken, const RawData& data);
 
-  bool accessible;          ///< unless the API says otherwise
-  double constantWeight;    ///< added to the cost of every ride
-  double multiplierWeight;  ///< multiplies the difference of elevation of every ride
+  bool accessible;                         ///< unless the API says otherwise
+  double constantWeight;                   ///< added to the cost of every ride
+  double multiplierWeight;                 ///< multiplies the difference of elevation of every ride
   std::vector<std::shared_ptr<Map>> maps;  ///< the distinct maps of its nodes
 };
 

@@ -28,10 +28,10 @@ class ORIVANTA_API WebApiObserver {
                                const std::optional<foundation::Error>& error) = 0;
 };
 
-/// Every call returns at once. Its callback is called once, on a background queue of that call: with
-/// the collection, or with an empty one when a request failed. Elements that form no record are
-/// left out; of two with the same identifier the later one counts. The returned session ends the
-/// call without a callback when it is invalidated; it may be ignored.
+/// Every call returns at once. Its callback is called once, on a background queue of that call:
+/// with the collection, or with an empty one when a request failed. Elements that form no record
+/// are left out; of two with the same identifier the later one counts. The returned session ends
+/// the call without a callback when it is invalidated; it may be ignored.
 ///
 /// Any thread; holds no mutable state.
 class ORIVANTA_API WebApiSession {

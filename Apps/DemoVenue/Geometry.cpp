@@ -7,18 +7,10 @@
 
 namespace orivanta::demo {
 
-double dot(Point a, Point b) {
-  return a.x * b.x + a.y * b.y;
-}
-double cross(Point a, Point b) {
-  return a.x * b.y - a.y * b.x;
-}
-double length(Point a) {
-  return std::sqrt(dot(a, a));
-}
-double distance(Point a, Point b) {
-  return length(a - b);
-}
+double dot(Point a, Point b) { return a.x * b.x + a.y * b.y; }
+double cross(Point a, Point b) { return a.x * b.y - a.y * b.x; }
+double length(Point a) { return std::sqrt(dot(a, a)); }
+double distance(Point a, Point b) { return length(a - b); }
 
 double signedArea(const Outline& outline) {
   double twice = 0.0;

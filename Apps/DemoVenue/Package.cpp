@@ -50,9 +50,7 @@ std::string lines(const json::array& records) {
   return text + "]\n";
 }
 
-json::string text(std::string_view view) {
-  return json::string(view.data(), view.size());
-}
+json::string text(std::string_view view) { return json::string(view.data(), view.size()); }
 
 json::object namesOf(const Names& names) {
   json::object object = {{"en", text(names.english)}};
@@ -227,9 +225,7 @@ std::string polygonId(std::string_view floor, std::string_view part) {
   return fmt::format("{}-{}", floor, part);
 }
 
-std::string mapId(std::string_view floor) {
-  return fmt::format("floor-{}", floor);
-}
+std::string mapId(std::string_view floor) { return fmt::format("floor-{}", floor); }
 
 void writePackage(const Plan& plan, const Network& network, const std::filesystem::path& folder) {
   std::string venue;

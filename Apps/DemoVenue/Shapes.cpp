@@ -111,13 +111,9 @@ Shape kiosk(Point middle, double radius, double bearing) {
   return {outline, {outline.front()}, middle};
 }
 
-Shape room(const Outline& outline, Point door, Point inside) {
-  return {outline, {door}, inside};
-}
+Shape room(const Outline& outline, Point door, Point inside) { return {outline, {door}, inside}; }
 
-Shape ground(const Outline& outline, Point inside) {
-  return {outline, {}, inside};
-}
+Shape ground(const Outline& outline, Point inside) { return {outline, {}, inside}; }
 
 Outline westBlock() {
   const double side = at(0.0, westBearing).y;

@@ -14,8 +14,6 @@ inline double rounded(double units) {
   return value == 0.0 ? 0.0 : value;  // no negative zero
 }
 
-inline double toUnits(double metres) {
-  return rounded(metres * unitsPerMetre);
-}
+inline double toUnits(double metres) { return rounded(metres * unitsPerMetre); }
 
 }  // namespace orivanta::demo

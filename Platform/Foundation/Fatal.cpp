@@ -10,8 +10,6 @@ void fatalError(std::string_view message) {
   std::abort();
 }
 
-void fatalAbsence() {
-  fatalError("unexpectedly found nil while unwrapping an Optional value");
-}
+void fatalAbsence() { fatalError("unexpectedly found nil while unwrapping an Optional value"); }
 
 }  // namespace orivanta::foundation

@@ -103,9 +103,11 @@ std::string Url::query() const { return textOf(ParsedUri(text_)->query); }
 std::string Url::path() const {
   const ParsedUri uri(text_);
   std::string path;
-  if (uri->absolutePath != URI_FALSE || (uri->hostText.first != nullptr && uri->pathHead != nullptr))
+  if (uri->absolutePath != URI_FALSE ||
+      (uri->hostText.first != nullptr && uri->pathHead != nullptr))
     path += '/';
-  for (const UriPathSegmentA* segment = uri->pathHead; segment != nullptr; segment = segment->next) {
+  for (const UriPathSegmentA* segment = uri->pathHead; segment != nullptr;
+       segment = segment->next) {
     path += textOf(segment->text);
     if (segment->next != nullptr) path += '/';
   }

@@ -70,7 +70,7 @@ class ORIVANTA_API UrlSession : public std::enable_shared_from_this<UrlSession> 
   const UrlSessionConfiguration configuration_;
   const std::shared_ptr<foundation::SerialQueue> queue_;
   mutable std::mutex mutex_;
-  std::shared_ptr<UrlSessionDelegate> delegate_;      // empty once invalidated
+  std::shared_ptr<UrlSessionDelegate> delegate_;       // empty once invalidated
   std::vector<std::weak_ptr<UrlTransfer>> transfers_;  // those that may still be running
 };
 

@@ -17,7 +17,6 @@ using test::Course;
 using test::courseOf;
 using test::Latch;
 using test::MisbehavingServer;
-using test::ReceivedRequest;
 using test::sessionFor;
 using test::Texts;
 using test::withPage;

@@ -10,12 +10,10 @@
 namespace orivanta {
 namespace {
 
-using foundation::Error;
 using test::Answer;
 using test::Awaited;
 using test::Course;
 using test::courseOf;
-using test::Latch;
 using test::MisbehavingServer;
 using test::ReceivedRequest;
 using test::sessionFor;

@@ -128,30 +128,16 @@ NodeList pick(const NodeList& nodes, std::size_t most, std::mt19937& random) {
   return picked;
 }
 
-double none(std::mt19937&) {
-  return 0.0;
-}
-double digit(std::mt19937& random) {
-  return static_cast<int>(random() % 10);
-}
-double fraction(std::mt19937& random) {
-  return std::uniform_real_distribution(0.0, 9.0)(random);
-}
-double huge(std::mt19937& random) {
-  return digit(random) < 5 ? -1e308 : 1e307 * fraction(random);
-}
-double rarelyInfinite(std::mt19937& random) {
-  return random() % 8 == 0 ? infinity : digit(random);
-}
+double none(std::mt19937&) { return 0.0; }
+double digit(std::mt19937& random) { return static_cast<int>(random() % 10); }
+double fraction(std::mt19937& random) { return std::uniform_real_distribution(0.0, 9.0)(random); }
+double huge(std::mt19937& random) { return digit(random) < 5 ? -1e308 : 1e307 * fraction(random); }
+double rarelyInfinite(std::mt19937& random) { return random() % 8 == 0 ? infinity : digit(random); }
 double rarelyNoNumber(std::mt19937& random) {
   return random() % 20 == 0 ? std::numeric_limits<double>::quiet_NaN() : digit(random);
 }
-double rarelyNegative(std::mt19937& random) {
-  return random() % 9 == 0 ? -0.5 : digit(random) + 1;
-}
-double negativeZero(std::mt19937& random) {
-  return random() % 2 == 0 ? -0.0 : 0.0;
-}
+double rarelyNegative(std::mt19937& random) { return random() % 9 == 0 ? -0.5 : digit(random) + 1; }
+double negativeZero(std::mt19937& random) { return random() % 2 == 0 ? -0.0 : 0.0; }
 
 TEST(RouteSearch, FollowsTheListOnRandomGraphs) {
   const RandomShape shapes[] = {

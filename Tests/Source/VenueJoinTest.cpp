@@ -34,6 +34,7 @@ void fill(std::optional<Collection<Record>>& records, const char* text) {
 template <class Handles>
 std::vector<std::string> idsOf(const Handles& records) {
   std::vector<std::string> ids;
+  ids.reserve(records.size());
   for (const auto& record : records) ids.push_back(*record->id);
   return ids;
 }
@@ -41,6 +42,7 @@ std::vector<std::string> idsOf(const Handles& records) {
 template <class Record>
 std::vector<std::string> idsOf(const std::vector<std::weak_ptr<Record>>& records) {
   std::vector<std::string> ids;
+  ids.reserve(records.size());
   for (const auto& record : records) ids.push_back(*record.lock()->id);
   return ids;
 }

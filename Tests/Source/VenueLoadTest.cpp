@@ -18,7 +18,6 @@
 namespace orivanta {
 namespace {
 
-using test::expectSameLinks;
 using test::joinedLinks;
 using test::smallVenueLinks;
 

@@ -16,9 +16,7 @@ namespace orivanta::test {
 
 using Texts = std::vector<std::string>;
 
-inline HttpSession sessionFor(std::string_view root) {
-  return {root, "user", "secret", "de, en"};
-}
+inline HttpSession sessionFor(std::string_view root) { return {root, "user", "secret", "de, en"}; }
 
 /// A page callback: appends the texts of a page that is an array; "object" for one that is not.
 inline Texts withPage(Texts texts, const RawData& page) {

@@ -110,18 +110,10 @@ void addRingSlab(Floor& floor) {
   floor.slab.push_back(bridge());
 }
 
-Outline squareNorth() {
-  return onFacade({{43.0, 84.0}, {-43.0, 84.0}}, 118.0, 62.0);
-}
-Outline squareSouth() {
-  return onFacade({{-43.0, -90.0}, {43.0, -90.0}}, 298.0, 242.0);
-}
-Outline squareEast() {
-  return onFacade({{106.0, -26.0}, {106.0, 26.0}}, 24.0, -24.0);
-}
+Outline squareNorth() { return onFacade({{43.0, 84.0}, {-43.0, 84.0}}, 118.0, 62.0); }
+Outline squareSouth() { return onFacade({{-43.0, -90.0}, {43.0, -90.0}}, 298.0, 242.0); }
+Outline squareEast() { return onFacade({{106.0, -26.0}, {106.0, 26.0}}, 24.0, -24.0); }
 
-Outline lobby(double bearing) {
-  return sector(0.0, corridorDepth, bearing - 4.0, bearing + 4.0);
-}
+Outline lobby(double bearing) { return sector(0.0, corridorDepth, bearing - 4.0, bearing + 4.0); }
 
 }  // namespace orivanta::demo

@@ -143,9 +143,7 @@ Triple areaVector(const ObjFile& obj, const Face& face) {
   return sum;
 }
 
-double dot(const Triple& a, const Triple& b) {
-  return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
+double dot(const Triple& a, const Triple& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 
 }  // namespace
 

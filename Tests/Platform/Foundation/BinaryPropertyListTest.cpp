@@ -74,8 +74,8 @@ TEST(BinaryPropertyList, ManyEntriesThatShareALongTextAreRefused) {
   ASSERT_TRUE(readBinaryPropertyList(binary));
   // The dictionary comes first: a marker, a count of three bytes, references of two bytes each, the
   // keys before the values. Every value becomes the last one, the text.
-  const std::size_t values = binary.find("\xDF\x11\x03\xE9") + 4 + 1001 * 2;
-  const std::string reference = binary.substr(values + 1000 * 2, 2);
+  const std::size_t values = binary.find("\xDF\x11\x03\xE9") + 4 + 1001 * std::size_t{2};
+  const std::string reference = binary.substr(values + 1000 * std::size_t{2}, 2);
   for (std::size_t i = 0; i < 1000; ++i) binary.replace(values + 2 * i, 2, reference);
   EXPECT_FALSE(readBinaryPropertyList(binary));
 }

@@ -1,6 +1,6 @@
 #include "Platform/Network/UrlSession.hpp"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <condition_variable>
 #include <thread>
@@ -14,7 +14,6 @@ namespace {
 using test::Answer;
 using test::Latch;
 using test::MisbehavingServer;
-using testing::ElementsAre;
 
 foundation::Url url(const std::string& text) { return *foundation::Url::parse(text); }
 
