@@ -25,7 +25,7 @@ using Clock = std::chrono::steady_clock;
 template <class Queue>
 void put(benchmark::State& state) {
   const auto size = static_cast<std::uint32_t>(state.range(0));
-  const std::uint32_t round = size / 20;
+  const std::uint32_t round = size / 10;
   std::mt19937 random(1);
   std::uniform_real_distribution<double> ahead(0.0, 1.0);
   // Elements come round again long after they were taken.
@@ -39,7 +39,7 @@ void put(benchmark::State& state) {
   double now = 0.0;
   std::vector<std::pair<std::shared_ptr<Node>, double>> puts(round);
   for (auto _ : state) {
-    now += 1.0 / 20;
+    now += 1.0 / 10;
     for (auto& [element, priority] : puts) {
       const bool isQueued = random() % 8 == 0;
       element = nodes[(isQueued ? next - 1 : next++) % nodes.size()];

@@ -102,16 +102,15 @@ class PriorityQueue {
 
   /// In front of all pairs of the element, the first of which is `behind`.
   Number insert(const Element& element, Priority priority, Number behind) {
-    Pair pair{element, comparable(priority), sequence_++, none, behind};
-    Number number = static_cast<Number>(pairs_.size());
+    priority = comparable(priority);
+    const Number number = unused_.empty() ? static_cast<Number>(pairs_.size()) : unused_.back();
     if (unused_.empty()) {
-      pairs_.push_back(std::move(pair));
+      pairs_.push_back({element, priority, sequence_++, none, behind});
     } else {
-      number = unused_.back();
       unused_.pop_back();
-      pairs_[number] = std::move(pair);
+      pairs_[number] = {element, priority, sequence_++, none, behind};
     }
-    order_.insert(pairs_[number].priority, number);
+    order_.insert(priority, number);
     return number;
   }
 
