@@ -1,4 +1,5 @@
 // Whole venues through the server, against their files.
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <boost/json/array.hpp>
@@ -57,7 +58,7 @@ TEST(ServedVenues, PagesAddUpToTheFiles) {
       const auto expected = parseJsonDocument(test::contentsOf(file));
       json::value served =
           fetched(router, "/1/" + std::string(collection) + "?venue=" + percentEncoded(slug));
-      makeRelative(served, std::string(host) + "/1/files/" + percentEncoded(slug) + "/");
+      makeRelative(served, fmt::format("{}/1/files/{}/", host, percentEncoded(slug)));
       // As text, which also tells -0.0 from 0.0 and an integer from a double.
       EXPECT_TRUE(json::serialize(served) == json::serialize(*expected)) << file;
       compared += served.get_array().size();
