@@ -34,8 +34,13 @@ double walkingDistance(const Node& origin, const Node& destination) {
 // The edges out of each of some nodes of a collection, in the order of their paths.
 void findWalkingEdges(std::span<const std::pair<std::string, std::shared_ptr<Node>>> origins,
                       const NodeIndex& index, std::span<std::vector<Edge>> edges) {
+  for (const auto& entry : origins) __builtin_prefetch(&entry.second->_data);
+  for (const auto& entry : origins) __builtin_prefetch(entry.second->_data.data().get());
+  for (const auto& entry : origins) prefetchMembers(entry.second->_data);
   std::vector<std::string_view> references;
   std::vector<std::size_t> ends;
+  references.reserve(4 * origins.size());
+  ends.reserve(origins.size());
   for (const auto& entry : origins) {
     forEachReference(entry.second->_data, "paths", "node",
                      [&](std::string_view id) { references.push_back(id); });

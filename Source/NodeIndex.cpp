@@ -21,7 +21,9 @@ std::size_t slotCountFor(std::size_t entries) {
 NodeIndex::NodeIndex(const Collection<Node>& nodes)
     : entries_(nodes.values_container()), slots_(slotCountFor(entries_.size())) {
   const std::size_t mask = slots_.size() - 1;
+  constexpr std::size_t ahead = 8;
   for (std::size_t i = 0; i < entries_.size(); ++i) {
+    if (i + ahead < entries_.size()) __builtin_prefetch(entries_[i + ahead].first.data());
     const std::uint64_t hash = TextHash()(entries_[i].first);
     std::size_t slot = hash & mask;
     while (slots_[slot].entry != unused) slot = (slot + 1) & mask;

@@ -1,5 +1,7 @@
 #include "Source/References.hpp"
 
+#include <algorithm>
+
 #include "Source/JsonMember.hpp"
 
 namespace orivanta {
@@ -38,6 +40,15 @@ void forEachReference(const RawData& data, std::string_view key, std::string_vie
   const json::array* elements = arrayOf(data, key);
   if (elements == nullptr) return;
   for (const json::value& element : *elements) visitText(jsonMember(&element, member), visit);
+}
+
+void prefetchMembers(const RawData& data) {
+  if (!data.data() || !data.data()->is_object()) return;
+  const json::object& object = data.data()->get_object();
+  constexpr std::size_t cacheLine = 64;
+  const char* members = reinterpret_cast<const char*>(object.begin());
+  const std::size_t bytes = std::min<std::size_t>(object.size() * sizeof(*object.begin()), 512);
+  for (std::size_t at = 0; at < bytes; at += cacheLine) __builtin_prefetch(members + at);
 }
 
 }  // namespace orivanta

@@ -36,4 +36,7 @@ void forEachReference(const RawData& data, std::string_view key, ReferenceVisito
 void forEachReference(const RawData& data, std::string_view key, std::string_view member,
                       ReferenceVisitor visit);
 
+/// Sends for the members of an object that will be asked for soon.
+void prefetchMembers(const RawData& data);
+
 }  // namespace orivanta

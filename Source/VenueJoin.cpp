@@ -32,19 +32,25 @@ std::shared_ptr<Record> named(const Collection<Record>& records, std::string_vie
   return entry == records.end() ? nullptr : entry->second;
 }
 
+// Calls a function with each number below the count, in blocks that are shared out: looking into
+// the records' JSON takes most of the time of a join.
+template <class Function>
+void forEachShared(std::size_t count, const Function& function) {
+  foundation::parallelFor((count + recordsAtOnce - 1) / recordsAtOnce, [&](std::size_t block) {
+    const std::size_t end = std::min(count, (block + 1) * recordsAtOnce);
+    for (std::size_t i = block * recordsAtOnce; i < end; ++i) function(i);
+  });
+}
+
 // Sets each record's map and keeps those that have one.
 template <class Record>
 void linkMaps(Collection<Record>& records, const Collection<Map>& maps) {
   const auto& entries = records.values_container();
-  // Looking into the records' JSON takes most of the time, and may be shared out.
   std::vector<const std::shared_ptr<Map>*> found(entries.size());
-  foundation::parallelFor((entries.size() + recordsAtOnce - 1) / recordsAtOnce, [&](std::size_t n) {
-    const std::size_t end = std::min(entries.size(), (n + 1) * recordsAtOnce);
-    for (std::size_t i = n * recordsAtOnce; i < end; ++i) {
-      const auto id = referenceIn(entries[i].second->_data, "map");
-      const auto map = id ? maps.find(*id) : maps.end();
-      found[i] = map == maps.end() ? nullptr : &map->second;
-    }
+  forEachShared(entries.size(), [&](std::size_t i) {
+    const auto id = referenceIn(entries[i].second->_data, "map");
+    const auto map = id ? maps.find(*id) : maps.end();
+    found[i] = map == maps.end() ? nullptr : &map->second;
   });
   for (std::size_t i = 0; i < entries.size(); ++i)
     entries[i].second->map = found[i] == nullptr ? nullptr : *found[i];
@@ -139,9 +145,11 @@ bool linkNodeMaps(CollectionDictionary& collections) {
 
 bool linkPolygonEntrances(CollectionDictionary& collections) {
   if (!collections.polygons || !collections.nodes || !collections.maps) return false;
-  for (const auto& entry : *collections.polygons)
-    appendNodes(entry.second->entrances, entry.second->_data, "entrances", "id",
-                *collections.nodes);
+  const auto& entries = collections.polygons->values_container();
+  forEachShared(entries.size(), [&](std::size_t i) {
+    Polygon& polygon = *entries[i].second;
+    appendNodes(polygon.entrances, polygon._data, "entrances", "id", *collections.nodes);
+  });
   return true;
 }
 
@@ -166,8 +174,11 @@ bool linkVortexNodes(CollectionDictionary& collections, bool accessible) {
 
 bool linkLocationNodes(CollectionDictionary& collections) {
   if (!collections.nodes || !collections.locations || !collections.maps) return false;
-  for (const auto& entry : *collections.locations)
-    appendNodes(entry.second->nodes, entry.second->_data, "nodes", "node", *collections.nodes);
+  const auto& entries = collections.locations->values_container();
+  forEachShared(entries.size(), [&](std::size_t i) {
+    Location& location = *entries[i].second;
+    appendNodes(location.nodes, location._data, "nodes", "node", *collections.nodes);
+  });
   return true;
 }
 
