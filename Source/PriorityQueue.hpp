@@ -123,7 +123,8 @@ class PriorityQueue {
   }
 
   Priority comparable(Priority priority) const {
-    if (priority == priority) return priority;
+    const bool isNumber = priority <= priority;  // NOLINT(misc-redundant-expression): not for a NaN
+    if (isNumber) return priority;
     return order_.empty() ? std::numeric_limits<Priority>::infinity()
                           : order_[order_.last()].priority;
   }

@@ -13,8 +13,9 @@ namespace orivanta {
 /// A function that is called with each identifier; it must not keep the view beyond the data.
 class ReferenceVisitor {
  public:
+  // Not explicit, so that call sites may write a lambda.
   template <class Function>
-  ReferenceVisitor(Function&& function)  // NOLINT(google-explicit-constructor): for call sites
+  ReferenceVisitor(Function&& function)  // NOLINT
       : context_(&function), call_([](void* context, std::string_view id) {
           (*static_cast<std::remove_reference_t<Function>*>(context))(id);
         }) {}

@@ -42,8 +42,9 @@ double coverage(int x, int y, const std::function<bool(Point)>& covers) {
   if (agrees(0.1, 0.1) && agrees(0.9, 0.1) && agrees(0.1, 0.9) && agrees(0.9, 0.9))
     return first ? 1.0 : 0.0;
   int hits = 0;
-  for (int sample = 0; sample < grid * grid; ++sample)
-    if (covers({x + (sample % grid + 0.5) / grid, y + (sample / grid + 0.5) / grid})) ++hits;
+  for (int row = 0; row < grid; ++row)
+    for (int column = 0; column < grid; ++column)
+      if (covers({x + (column + 0.5) / grid, y + (row + 0.5) / grid})) ++hits;
   return hits / double{grid * grid};
 }
 

@@ -76,6 +76,7 @@ TEST(Directions, TurnsAndRidesKeepWhatTheyAreGiven) {
 }
 
 /// Makes a venue with the network's graph the active one, until the end of the test.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): the test library destroys it
 class ActiveDirections : public testing::Test {
  protected:
   ActiveDirections() {

@@ -17,7 +17,6 @@ namespace {
 using test::DrawnNetwork;
 using test::makeNode;
 using test::namesOf;
-using testing::ElementsAre;
 
 std::shared_ptr<Node> nodeOf(const std::string& id, const std::string& paths) {
   return Node::make(

@@ -215,6 +215,7 @@ TEST(RouteSearch, SeveralThreadsSearchOneGraphAtOnce) {
   const auto routesOf = [&mall](std::uint32_t seed) {
     std::mt19937 random(seed);
     std::vector<std::optional<Route>> routes;
+    routes.reserve(40);
     for (int query = 0; query < 40; ++query)
       routes.push_back(
           searchRoute(pick(mall.nodes, 2, random), pick(mall.nodes, 2, random), *mall.graph));

@@ -83,7 +83,7 @@ TEST(Serve, WhatCannotBeServedIsSaidInOneLine) {
     testing::internal::CaptureStderr();
     EXPECT_EQ(serve(options), 2);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-    const std::string line = testing::internal::GetCapturedStderr();
+    std::string line = testing::internal::GetCapturedStderr();
     EXPECT_EQ(line.find('\n'), line.size() - 1);
     return line;
   };
