@@ -11,6 +11,7 @@ int main() {
   getVenues([&](const auto& venues) {
     if (venues.empty()) return finished.set_value();
     getVenue(venues.front(), /*accessible=*/true, [&](const auto& venue) {
+      if (venue->locations->empty()) return finished.set_value();
       const auto& from = venue->locations->front();
       const auto& to = venue->locations->back();
       if (const auto directions = from->directionsTo(*to))

@@ -9,6 +9,9 @@ namespace orivanta::foundation {
 
 namespace {
 
+// Far more than any server takes, and little enough for a parser that descends into the text.
+constexpr std::size_t longestText = std::size_t{64} << 10U;
+
 // The library's parsed form, which points into the text that it was parsed from.
 class ParsedUri {
  public:
@@ -69,12 +72,12 @@ std::string encodedQueryText(std::string_view text) {
 }  // namespace
 
 std::optional<Url> Url::parse(std::string_view text) {
-  if (text.empty() || !ParsedUri(text).valid()) return std::nullopt;
+  if (text.empty() || text.size() > longestText || !ParsedUri(text).valid()) return std::nullopt;
   return Url(std::string(text));
 }
 
 std::optional<Url> Url::parse(std::string_view text, const Url& base) {
-  if (text.empty()) return std::nullopt;
+  if (text.empty() || text.size() > longestText) return std::nullopt;
   const ParsedUri reference(text);
   if (!reference.valid()) return std::nullopt;
   const bool absolute = reference->scheme.first != nullptr;

@@ -16,7 +16,8 @@ namespace orivanta::foundation {
 class ORIVANTA_API Url {
  public:
   /// A URL from text exactly as it stands: nothing is trimmed or escaped. Nothing when the text is
-  /// empty or no URI reference of RFC 3986 (a blank, a character outside ASCII, a stray "%").
+  /// empty, longer than 64 KiB or no URI reference of RFC 3986 (a blank, a character outside ASCII,
+  /// a stray "%").
   static std::optional<Url> parse(std::string_view text);
 
   /// As above, with a relative reference resolved against `base` (RFC 3986, section 5.2); against

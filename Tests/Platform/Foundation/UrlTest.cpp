@@ -19,6 +19,8 @@ TEST(Url, TakesWellFormedReferencesAsTheyStand) {
                            "http://[::1/", "http://h/\xC3\xA4", "a\\b", "<a>", "http://h:x/"})
     EXPECT_FALSE(Url::parse(text)) << text;
   EXPECT_FALSE(Url::parse(std::string_view("a\0b", 3)));
+  EXPECT_TRUE(Url::parse(std::string(65536, ',')));
+  EXPECT_FALSE(Url::parse(std::string(65537, ',')));
 }
 
 TEST(Url, AReferenceThatWouldTurnItsPathIntoAHostResolvesToNothing) {

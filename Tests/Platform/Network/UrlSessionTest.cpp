@@ -188,6 +188,12 @@ TEST(UrlSession, InvalidationEndsTheTransfersUnderWay) {
   session->startDataTask(url(server.root("/held")));
   ASSERT_TRUE(server.waitForRequests("/held", 2));
   session->invalidateAndCancel();
+  // The transport does as it is told in order: what starts later shows that the end has been seen.
+  server.on("/after", Answer::json("[1]"));
+  const auto after = UrlSession::make({}, std::make_shared<Recorder>());
+  after->startDataTask(url(server.root("/after")));
+  ASSERT_TRUE(server.waitForRequests("/after", 1));
+  after->invalidateAndCancel();
   latch->open();
   // A connection whose transfer had gone on would stay open for the next one.
   EXPECT_TRUE(server.waitForEndedConnections(2));
