@@ -20,3 +20,9 @@ target_compile_definitions(orivanta_asio INTERFACE BOOST_ASIO_NO_DEPRECATED
 if(ORIVANTA_SANITIZER MATCHES thread)
   target_compile_definitions(orivanta_asio INTERFACE BOOST_ASIO_DISABLE_FENCED_BLOCK)
 endif()
+
+find_package(glm REQUIRED)
+find_package(JPEG REQUIRED)
+find_package(PNG REQUIRED)
+pkg_check_modules(pangocairo REQUIRED IMPORTED_TARGET pangocairo)
+pkg_check_modules(epoxy REQUIRED IMPORTED_TARGET epoxy egl)

@@ -1,0 +1,46 @@
+// Colours of the sRGB space, and the named ones.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "Platform/Foundation/Export.hpp"
+
+namespace orivanta::graphics {
+
+/// Components from 0 to 1, encoded as sRGB encodes them; not multiplied by the alpha.
+struct Color {
+  float red = 0.0F;
+  float green = 0.0F;
+  float blue = 0.0F;
+  float alpha = 1.0F;
+
+  static constexpr Color fromWhite(float level, float alpha = 1.0F) {
+    return {level, level, level, alpha};
+  }
+
+  /// "#rgb", "#rrggbb", "#rrggbbaa" or the name of one of the colours below, in any case.
+  ORIVANTA_API static std::optional<Color> parse(std::string_view text);
+
+  friend bool operator==(const Color&, const Color&) = default;
+};
+
+namespace colors {
+inline constexpr Color black{0, 0, 0, 1};
+inline constexpr Color darkGray{1.0F / 3, 1.0F / 3, 1.0F / 3, 1};
+inline constexpr Color lightGray{2.0F / 3, 2.0F / 3, 2.0F / 3, 1};
+inline constexpr Color gray{0.5F, 0.5F, 0.5F, 1};
+inline constexpr Color white{1, 1, 1, 1};
+inline constexpr Color red{1, 0, 0, 1};
+inline constexpr Color green{0, 1, 0, 1};
+inline constexpr Color blue{0, 0, 1, 1};
+inline constexpr Color cyan{0, 1, 1, 1};
+inline constexpr Color yellow{1, 1, 0, 1};
+inline constexpr Color magenta{1, 0, 1, 1};
+inline constexpr Color orange{1, 0.5F, 0, 1};
+inline constexpr Color purple{0.5F, 0, 0.5F, 1};
+inline constexpr Color brown{0.6F, 0.4F, 0.2F, 1};
+inline constexpr Color clear{0, 0, 0, 0};
+}  // namespace colors
+
+}  // namespace orivanta::graphics

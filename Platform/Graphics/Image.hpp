@@ -1,0 +1,47 @@
+// A picture in memory.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Geometry.hpp"
+
+namespace orivanta::graphics {
+
+/// Immutable and shared by handle, so any thread may read it. Pixels are 8-bit sRGB red, green,
+/// blue and alpha, not multiplied by the alpha, rows from the top.
+class ORIVANTA_API Image {
+ public:
+  /// `pixels` holds width * height * 4 bytes; null when it does not, or when a side is 0 or above
+  /// `maximumSide`. `scale`: pixels per point.
+  static std::shared_ptr<const Image> make(std::uint32_t width, std::uint32_t height,
+                                           std::vector<std::uint8_t> pixels, double scale = 1.0);
+
+  static constexpr std::uint32_t maximumSide = 16384;
+
+  std::uint32_t width() const { return width_; }    ///< pixels
+  std::uint32_t height() const { return height_; }  ///< pixels
+  std::span<const std::uint8_t> pixels() const { return pixels_; }
+  double scale() const { return scale_; }
+
+  /// In points.
+  Size size() const { return {width_ / scale_, height_ / scale_}; }
+
+  /// Whether no pixel is translucent.
+  bool isOpaque() const { return opaque_; }
+
+ private:
+  Image(std::uint32_t width, std::uint32_t height, std::vector<std::uint8_t> pixels, double scale);
+
+  std::uint32_t width_;
+  std::uint32_t height_;
+  std::vector<std::uint8_t> pixels_;
+  double scale_;
+  bool opaque_;
+};
+
+}  // namespace orivanta::graphics

@@ -1,0 +1,33 @@
+// Pictures from and to files: PNG and JPEG are read, PNG is written.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Image.hpp"
+
+namespace orivanta::graphics {
+
+/// The picture in a PNG or JPEG file's bytes; null when they are neither, damaged, cut off or
+/// larger than `Image::maximumSide` or 64 million pixels. Any thread.
+ORIVANTA_API std::shared_ptr<const Image> decodeImage(std::span<const std::uint8_t> bytes,
+                                                      double scale = 1.0);
+
+/// The picture in a file; null as above, and when the file cannot be read. Any thread.
+ORIVANTA_API std::shared_ptr<const Image> readImage(const std::filesystem::path& file,
+                                                    double scale = 1.0);
+
+/// A PNG file of the picture. Any thread.
+ORIVANTA_API std::vector<std::uint8_t> encodePng(const Image& image);
+
+/// Writes a PNG file whole or not at all; the error says why not. Any thread.
+ORIVANTA_API std::optional<foundation::Error> writePng(const Image& image,
+                                                       const std::filesystem::path& file);
+
+}  // namespace orivanta::graphics

@@ -1,0 +1,32 @@
+// Text made into pictures, in any script.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Color.hpp"
+#include "Platform/Graphics/Image.hpp"
+
+namespace orivanta::graphics {
+
+struct TextStyle {
+  std::string fontFamily = "Sans";
+  double fontSize = 14.0;  ///< points
+  bool bold = false;
+  Color color = colors::black;
+  Color outlineColor = colors::clear;
+  double outlineWidth = 0.0;  ///< points around each glyph; 0 for none
+  double maximumWidth = 0.0;  ///< points; longer lines break; 0 for no bound
+  int maximumLines = 0;       ///< what does not fit ends in an ellipsis; 0 for no bound
+};
+
+/// A picture that just holds the text, its outline included, with `scale` pixels per point; null
+/// for text without ink, such as blanks. Text is UTF-8; broken bytes show as replacement
+/// characters, control characters as blanks, and what exceeds 10,000 bytes is left out. Right-to-
+/// left scripts run as they should. Any thread.
+ORIVANTA_API std::shared_ptr<const Image> makeTextImage(std::string_view text,
+                                                        const TextStyle& style, double scale);
+
+}  // namespace orivanta::graphics

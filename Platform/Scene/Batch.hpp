@@ -1,0 +1,67 @@
+// The children of one node merged into one vertex and one index array, so that a floor of many
+// small parts is drawn in few calls.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Vector.hpp"
+#include "Platform/Scene/Fwd.hpp"
+
+namespace orivanta::scene {
+
+/// Immutable, without GL; made on any thread.
+class ORIVANTA_API Batch {
+ public:
+  /// As it goes to the GPU.
+  struct Vertex {
+    float position[3];
+    float normal[3];  ///< zero when not known
+    float textureCoordinate[2];
+    std::uint32_t part;  ///< index into `parts`
+  };
+
+  /// One element of one child: a run of the indices that one material covers.
+  struct Part {
+    std::shared_ptr<Node> node;
+    std::shared_ptr<Geometry> geometry;
+    std::size_t element;  ///< of the geometry
+    std::uint32_t firstIndex;
+    std::uint32_t indexCount;
+    graphics::Box box;  ///< in the parent's space
+  };
+
+  /// The children's geometries in the parent's space; null when the parent has fewer than two
+  /// children with geometry. Children that have children of their own are left out.
+  static std::shared_ptr<const Batch> make(const Node& parent);
+
+  std::span<const Vertex> vertices() const { return vertices_; }
+  std::span<const std::uint32_t> indices() const { return indices_; }
+  std::span<const Part> parts() const { return parts_; }
+  const graphics::Box& boundingBox() const { return boundingBox_; }
+
+  /// Whether the parent's children still are those that the batch was made of, unmoved.
+  bool matches(const Node& parent) const;
+
+ private:
+  struct Child {
+    const Node* node;
+    const Geometry* geometry;
+    graphics::Vector3 position;
+    graphics::Vector3 eulerAngles;
+    friend bool operator==(const Child&, const Child&) = default;
+  };
+
+  Batch() = default;
+
+  std::vector<Vertex> vertices_;
+  std::vector<std::uint32_t> indices_;
+  std::vector<Part> parts_;
+  std::vector<Child> children_;
+  graphics::Box boundingBox_;
+};
+
+}  // namespace orivanta::scene

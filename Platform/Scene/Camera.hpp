@@ -1,0 +1,27 @@
+// A perspective camera, looking along the negative z axis of its node with y upwards.
+#pragma once
+
+#include <memory>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Geometry.hpp"
+#include "Platform/Graphics/Vector.hpp"
+
+namespace orivanta::scene {
+
+/// A plain value that its node owns by handle; change it under a `graphics::Transaction` while a
+/// frame may be drawn. The angles are degrees, the planes scene units.
+class ORIVANTA_API Camera {
+ public:
+  double xFov = 60.0;
+  double yFov = 60.0;
+  double zNear = 1.0;
+  double zFar = 100.0;
+
+  /// From camera space to clip space (x, y and z of -w to w, as OpenGL has it). The field of view
+  /// belongs to the shorter side of the view, `xFov` when that is its width, so the picture is
+  /// never stretched. An empty view counts as a square.
+  graphics::Matrix4 projection(graphics::Size view) const;
+};
+
+}  // namespace orivanta::scene

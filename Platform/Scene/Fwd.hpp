@@ -1,0 +1,15 @@
+// Forward declarations of the scene's classes.
+#pragma once
+
+namespace orivanta::scene {
+
+class Batch;
+class Camera;
+class Geometry;
+class KeyframeAnimation;
+class Light;
+class Material;
+class Node;
+class Scene;
+
+}  // namespace orivanta::scene

@@ -1,0 +1,86 @@
+// Shapes made of triangles: vertex data and the elements that refer to it, both shared by handle.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Geometry.hpp"
+#include "Platform/Graphics/Vector.hpp"
+#include "Platform/Scene/Fwd.hpp"
+
+namespace orivanta::scene {
+
+/// Bytes that several geometries refer to; never copied, never changed.
+using SharedBytes = std::shared_ptr<const std::vector<std::byte>>;
+
+enum class Semantic { vertex, normal, textureCoordinate };
+
+/// One attribute of every vertex: vector i lies at byte `dataOffset + i * dataStride` of the data.
+/// Components are little-endian IEEE floats of 4 bytes.
+struct GeometrySource {
+  SharedBytes data;
+  Semantic semantic = Semantic::vertex;
+  std::size_t vectorCount = 0;
+  std::size_t componentsPerVector = 3;
+  std::size_t bytesPerComponent = 4;
+  std::size_t dataOffset = 0;
+  std::size_t dataStride = 12;
+
+  /// Components 0 to 2 of vector `index`, missing ones 0. An index outside the source, or data
+  /// too short for it, is a fatal error.
+  ORIVANTA_API graphics::Vector3 vector(std::size_t index) const;
+};
+
+/// Triangles: three indices each, little-endian and unsigned.
+struct GeometryElement {
+  SharedBytes data;
+  std::size_t bytesPerIndex = 4;  ///< 1, 2 or 4
+
+  ORIVANTA_API std::size_t indexCount() const;  ///< whole indices in the data
+  ORIVANTA_API std::uint32_t index(std::size_t position) const;
+};
+
+/// Vertices, elements and materials. Sources and elements never change; the list of materials may,
+/// under a `graphics::Transaction`. Element i is drawn with material i modulo their number, or
+/// with a white one when there is none.
+class ORIVANTA_API Geometry {
+ public:
+  /// Indices must lie inside the sources; who makes a geometry of data from elsewhere sees to it.
+  static std::shared_ptr<Geometry> make(std::vector<GeometrySource> sources,
+                                        std::vector<GeometryElement> elements);
+
+  /// Vertices of 32 bytes each, as floats: position, normal, texture coordinate (u to the right, v
+  /// up). A zero normal stands for one that is not known.
+  static std::shared_ptr<Geometry> make(SharedBytes vertices,
+                                        std::vector<GeometryElement> elements);
+
+  const std::vector<GeometrySource>& sources() const { return sources_; }
+  const std::vector<GeometryElement>& elements() const { return elements_; }
+
+  /// The first source with a semantic; null without one.
+  const GeometrySource* source(Semantic semantic) const;
+
+  std::vector<std::shared_ptr<Material>> materials() const;
+  void setMaterials(std::vector<std::shared_ptr<Material>> materials);
+
+  /// Null without a material.
+  std::shared_ptr<Material> firstMaterial() const;
+
+  /// The box of the vertices that the elements refer to; empty without any.
+  const graphics::Box& boundingBox() const { return boundingBox_; }
+
+ private:
+  Geometry(std::vector<GeometrySource> sources, std::vector<GeometryElement> elements);
+
+  std::vector<GeometrySource> sources_;
+  std::vector<GeometryElement> elements_;
+  graphics::Box boundingBox_;
+  std::vector<std::shared_ptr<Material>> materials_;
+};
+
+}  // namespace orivanta::scene

@@ -1,0 +1,35 @@
+// A matrix that changes with time, told by its values at some moments.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Vector.hpp"
+
+namespace orivanta::scene {
+
+/// Immutable once shared. The progress of one run goes from 0 to 1 over `duration`; `keyTimes`,
+/// one a value and rising, are compared with it as they stand, so a key time of 5 lies beyond the
+/// end and the run covers only the first fifth of the way to its value.
+class ORIVANTA_API KeyframeAnimation {
+ public:
+  std::string keyPath;
+  std::vector<graphics::Matrix4> values;
+  std::vector<double> keyTimes;
+  double duration = 0.0;  ///< seconds of one run
+  double repeatCount = 1.0;
+  bool autoreverses = false;
+  bool isAdditive = false;
+
+  /// The value `elapsed` seconds after the beginning, values between key times interpolated
+  /// component by component. Before the beginning it is the first frame; after the last run it is
+  /// the last. Without duration, `base`; so too without values or with another number of key times.
+  /// An additive animation adds its value to `base`.
+  graphics::Matrix4 value(double elapsed, const graphics::Matrix4& base) const;
+
+  /// Whether the value still changes at that time.
+  bool isRunning(double elapsed) const;
+};
+
+}  // namespace orivanta::scene

@@ -1,0 +1,23 @@
+// A light, shining along the negative z axis of its node.
+#pragma once
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Color.hpp"
+
+namespace orivanta::scene {
+
+enum class LightType { ambient, directional, spot };
+
+/// A plain value that its node owns by handle; change it under a `graphics::Transaction` while a
+/// frame may be drawn. Angles are degrees, distances scene units.
+class ORIVANTA_API Light {
+ public:
+  LightType type = LightType::directional;
+  graphics::Color color = graphics::colors::white;
+  bool castsShadow = false;
+  double spotInnerAngle = 0.0;   ///< full light inside this cone
+  double spotOuterAngle = 45.0;  ///< no light outside of this one
+  double zFar = 100.0;
+};
+
+}  // namespace orivanta::scene
