@@ -149,7 +149,15 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// Takes a marker away; null and unknown ones are passed over.
   void removeMarker(const std::shared_ptr<MapViewMarker2D>& marker);
 
-  /// Puts the markers where their positions show and calls nothing else. Called before each frame
+  /// Puts the markers where their positions show. Any thread.
+  void updateMarkerPositions();
+
+  /// Hides the markers that are in another's way, and shows the others: of two that collide the one
+  /// added earlier gives way, if it may, else the later one. Done after each gesture; call it after
+  /// moving the camera otherwise.
+  void updateMarkerVisibility();
+
+  /// Does `updateMarkerPositions` and nothing else. Called before each frame
   /// on the thread that draws.
   void willRenderScene(view::SceneView& view, const std::shared_ptr<scene::Scene>& scene,
                        double time) override;
@@ -208,8 +216,6 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   void hideMarker(MapViewMarker2D& marker);
   void showAllMarkers();
   void hideAllMarkers();
-  void updateMarkerPositions();
-  void updateMarkerVisibility();
 
   void addPathNode(const std::shared_ptr<scene::Node>& node);
 

@@ -18,6 +18,7 @@
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/UI/MapView.hpp"
+#include "Source/UI/ScenePosition.hpp"
 #include "Source/UI/SdkBundle.hpp"
 
 namespace orivanta {
@@ -106,10 +107,6 @@ std::shared_ptr<scene::Material> makeArrowMaterial(float length) {
   return material;
 }
 
-Vector3 positionOf(const Node& node) {
-  return {static_cast<float>(node.x), static_cast<float>(node.y), static_cast<float>(node.z)};
-}
-
 }  // namespace
 
 std::vector<std::shared_ptr<scene::Node>>& MapViewDirectionsPathNodes::nodes() {
@@ -132,7 +129,7 @@ void MapView::drawPath(const NodeList& path, int from) {
   const graphics::Transaction transaction;
   for (auto i = static_cast<std::size_t>(from); i + 1 < path.size(); ++i)
     if (path[i]->map == currentMap_ && path[i + 1]->map == currentMap_)
-      drawPathSegment(positionOf(*path[i]), positionOf(*path[i + 1]));
+      drawPathSegment(scenePosition(*path[i]), scenePosition(*path[i + 1]));
 }
 
 void MapView::drawCurrentPath() {
@@ -199,7 +196,7 @@ void MapView::highlightNode(const std::shared_ptr<Node>& node) {
   removeHighlightNode();
   currentHighlightNode = node;
   if (unwrap(node).map != currentMap_) return diagnostic("Highlighted node not on map, skipping");
-  Vector3 position = positionOf(*node);
+  Vector3 position = scenePosition(*node);
   position.z = discElevation;
   const auto disc = makeFlatDisc(
       makeDisc(discRadius, pathHeight + 0.5F, scene::Material::make(graphics::colors::orange)),

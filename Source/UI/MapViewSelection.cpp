@@ -16,6 +16,7 @@
 #include "Source/Polygon.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/UI/Printed.hpp"
+#include "Source/UI/ScenePosition.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta {
@@ -43,10 +44,6 @@ bool hasMaterialNamed(const scene::Node& shape, const std::string& name) {
   if (!geometry) return false;
   const auto material = geometry->firstMaterial();
   return material && material->name() == name;
-}
-
-graphics::Vector3 positionOf(const Node& node) {
-  return {static_cast<float>(node.x), static_cast<float>(node.y), static_cast<float>(node.z)};
 }
 
 }  // namespace
@@ -140,7 +137,7 @@ graphics::Vector3 MapView::findPosition3D(const Location& location) const {
       return getGeomeryMidPoint(*shape->geometry());
   }
   for (const auto& node : location.nodes)
-    if (node->map == currentMap_) return positionOf(*node);
+    if (node->map == currentMap_) return scenePosition(*node);
   return floor->boundingBox().centre();
 }
 
