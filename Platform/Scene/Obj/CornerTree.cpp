@@ -65,14 +65,13 @@ void CornerTree::remove(std::uint32_t corner) {
 // Whether nothing in the node's box can be of interest.
 bool CornerTree::isApart(const Node& node, const PlaneTriangle& triangle) {
   if (node.count == 0) return true;
-  const bool isOnePoint = node.least == node.most;
   for (std::size_t side = 0; side < 3; ++side) {
     const PlanePoint& from = triangle[side];
     const PlanePoint& to = triangle[(side + 1) % 3];
     // The box's corner that is farthest to the left of the side.
     const PlanePoint farthest{to.y > from.y ? node.least.x : node.most.x,
                               to.x > from.x ? node.most.y : node.least.y};
-    if (turn(from, to, farthest) < 0.0 || (isOnePoint && farthest == from)) return true;
+    if (turn(from, to, farthest) < 0.0) return true;
   }
   const auto [leastX, mostX] = std::minmax({triangle[0].x, triangle[1].x, triangle[2].x});
   const auto [leastY, mostY] = std::minmax({triangle[0].y, triangle[1].y, triangle[2].y});

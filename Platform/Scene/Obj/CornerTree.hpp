@@ -36,7 +36,6 @@ class CornerTree {
   void remove(std::uint32_t corner);
 
   /// Whether `matches` is true for any of the corners that lie in the triangle or on its outline.
-  /// Corners at the same place as one of the triangle's may be left out.
   template <class Matches>
   bool anyWithin(const PlaneTriangle& triangle, const Matches& matches);
 

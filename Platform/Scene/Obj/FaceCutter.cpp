@@ -190,24 +190,22 @@ bool FaceCutter::isEar(Index corner) {
                           [&](Index other) { return isInTheWay(other, ear); });
 }
 
-// A corner inside is, and one on a side from which the outline goes on inside. At the ends of a
-// side the angles have been looked at.
+// A corner inside is, and one on the sides or their ends from which the outline goes on inside.
 bool FaceCutter::isInTheWay(Index corner, const std::array<Index, 3>& ear) const {
-  const PlanePoint& point = points_[corner];
-  for (const Index end : ear)
-    if (point == points_[end]) return false;
-  bool isOnSide = false;
-  bool goesInside = false;
+  bool isInside = true;
+  bool comesFromInside = true;
+  bool goesInside = true;
   for (std::size_t side = 0; side < 3; ++side) {
     const Index from = ear[side];
     const Index to = ear[(side + 1) % 3];
     const double left = turnAt(from, to, corner);
     if (left < 0.0) return false;
     if (left > 0.0) continue;
-    isOnSide = true;
-    goesInside = turnAt(from, to, previous_[corner]) > 0.0 || turnAt(from, to, next_[corner]) > 0.0;
+    isInside = false;
+    comesFromInside = comesFromInside && turnAt(from, to, previous_[corner]) > 0.0;
+    goesInside = goesInside && turnAt(from, to, next_[corner]) > 0.0;
   }
-  return !isOnSide || goesInside;
+  return isInside || comesFromInside || goesInside;
 }
 
 void FaceCutter::cutEar(Index corner) {
