@@ -21,6 +21,11 @@ class MeshBuilder {
         newest_(statements.positions.size(), none),
         groups_(statements.materialNames.size(), none) {
     model_.skippedFaces = statements.skippedFaces;
+    // A corner of a room has a vertex for the floor and for each of two walls.
+    const std::size_t expectedVertices =
+        std::min(statements.corners.size(), 3 * statements.positions.size());
+    model_.vertices.reserve(expectedVertices);
+    origins_.reserve(expectedVertices);
   }
 
   Model build() {

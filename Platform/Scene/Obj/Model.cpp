@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <fstream>
+#include <memory>
 #include <set>
 #include <unordered_map>
 #include <utility>
@@ -24,7 +25,15 @@ Error failure(ModelError code, const fs::path& file, std::string_view what) {
   return {"obj", static_cast<int>(code), fmt::format("{}: {}", file.string(), what)};
 }
 
-std::variant<std::string, Error> readFile(const fs::path& file, std::size_t mostBytes) {
+// As a string these would be filled with zeros first, which takes as long as reading them.
+struct Bytes {
+  std::unique_ptr<char[]> data;
+  std::size_t count;
+
+  std::string_view text() const { return {data.get(), count}; }
+};
+
+std::variant<Bytes, Error> readFile(const fs::path& file, std::size_t mostBytes) {
   std::error_code problem;
   const auto unreadable = [&] {
     const std::string reason = problem ? problem.message() : "cannot be read";
@@ -39,9 +48,10 @@ std::variant<std::string, Error> readFile(const fs::path& file, std::size_t most
   if (size > mostBytes)
     return failure(ModelError::tooLarge, file,
                    fmt::format("has {} bytes; {} are allowed", size, mostBytes));
+  const auto count = static_cast<std::size_t>(size);
+  Bytes bytes{std::unique_ptr<char[]>(new char[count]), count};
   std::ifstream stream(file, std::ios::binary);
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  if (!stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) return unreadable();
+  if (!stream.read(bytes.data.get(), static_cast<std::streamsize>(count))) return unreadable();
   return bytes;
 }
 
@@ -97,16 +107,16 @@ Model parseModel(std::string_view text, const LibrarySource& library) {
 }
 
 std::variant<Model, Error> readModel(const fs::path& file) {
-  auto text = readFile(file, largestModelBytes);
-  if (auto* const error = std::get_if<Error>(&text)) return std::move(*error);
+  auto bytes = readFile(file, largestModelBytes);
+  if (auto* const error = std::get_if<Error>(&bytes)) return std::move(*error);
   const fs::path folder = file.parent_path();
   std::size_t roomForLibraries = largestLibrariesBytes;
-  Model model = parseModel(std::get<std::string>(text), [&](const fs::path& name) {
-    auto library = readFile(folder / name, roomForLibraries);
-    auto* const bytes = std::get_if<std::string>(&library);
-    if (bytes == nullptr) return std::optional<std::string>();
-    roomForLibraries -= bytes->size();
-    return std::optional(std::move(*bytes));
+  Model model = parseModel(std::get<Bytes>(bytes).text(), [&](const fs::path& name) {
+    const auto library = readFile(folder / name, roomForLibraries);
+    const auto* const read = std::get_if<Bytes>(&library);
+    if (read == nullptr) return std::optional<std::string>();
+    roomForLibraries -= read->count;
+    return std::optional(std::string(read->text()));
   });
   if (model.groups.empty())
     return failure(ModelError::nothingToDraw, file, "no face of it can be drawn");
