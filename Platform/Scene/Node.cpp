@@ -115,25 +115,32 @@ std::shared_ptr<Node> Node::parent() const {
   return parent_ ? parent_->weak_from_this().lock() : nullptr;
 }
 
-void Node::addChild(const std::shared_ptr<Node>& child) {
-  insertChild(child, std::numeric_limits<std::size_t>::max());
+void Node::addChild(std::shared_ptr<Node> child) {
+  insertChild(std::move(child), std::numeric_limits<std::size_t>::max());
 }
 
-void Node::insertChild(const std::shared_ptr<Node>& child, std::size_t index) {
+void Node::insertChild(std::shared_ptr<Node> child, std::size_t index) {
   const Transaction transaction;
   if (!child) foundation::fatalError("a null node cannot be a child");
-  for (const Node* above = this; above; above = above->parent_)
-    if (above == child.get()) foundation::fatalError("a node cannot be a child of itself");
+  if (child.get() == this || child->isAbove(*this))
+    foundation::fatalError("a node cannot be a child of itself");
   if (child->parent_) child->parent_->detach(*child);
   const auto place = static_cast<std::ptrdiff_t>(std::min(index, children_.size()));
-  children_.insert(children_.begin() + place, child);
   child->parent_ = this;
+  children_.insert(children_.begin() + place, std::move(child));
 }
 
 void Node::removeFromParent() {
   const auto self = weak_from_this().lock();  // outlives the transaction
   const Transaction transaction;
   if (parent_) parent_->detach(*this);
+}
+
+bool Node::isAbove(const Node& node) const {
+  if (children_.empty()) return false;  // spares deep trees the way up
+  const Node* above = node.parent_;
+  while (above && above != this) above = above->parent_;
+  return above != nullptr;
 }
 
 void Node::detach(Node& child) {

@@ -66,8 +66,8 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
 
   /// Takes the child from its former parent first. A null child, the node itself or one above it is
   /// a fatal error. The index counts without the child; one beyond the end appends.
-  void addChild(const std::shared_ptr<Node>& child);
-  void insertChild(const std::shared_ptr<Node>& child, std::size_t index);
+  void addChild(std::shared_ptr<Node> child);
+  void insertChild(std::shared_ptr<Node> child, std::size_t index);
   void removeFromParent();  ///< nothing at the top
 
   /// The first node below, nearest levels first, with that name; null without one.
@@ -93,6 +93,7 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   friend class Batch;
 
   explicit Node(std::shared_ptr<Geometry> geometry);
+  bool isAbove(const Node& node) const;
   void detach(Node& child);
 
   std::optional<std::string> name_;

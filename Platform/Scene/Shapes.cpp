@@ -1,5 +1,6 @@
 #include "Platform/Scene/Shapes.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <glm/geometric.hpp>
@@ -93,12 +94,12 @@ std::shared_ptr<Geometry> makeExtrusion(std::span<const Point> outline, double d
   Mesh mesh;
   if (outline.size() < 3) return mesh.geometry();
   std::vector<Point> points(outline.begin(), outline.end());
-  if (doubleArea(points) < 0) points.assign(outline.rbegin(), outline.rend());
+  if (doubleArea(points) < 0) std::reverse(points.begin(), points.end());
 
   mesh.addPolygon(makeFace(points, depth / 2, {0, 0, 1}));
   for (std::size_t i = 0; i < points.size(); ++i)
     mesh.addPolygon(makeSide(points[i], points[(i + 1) % points.size()], depth));
-  points.assign(points.rbegin(), points.rend());
+  std::reverse(points.begin(), points.end());
   mesh.addPolygon(makeFace(points, -depth / 2, {0, 0, -1}));
   return mesh.geometry();
 }
