@@ -1,0 +1,40 @@
+// A place to draw without a display: an EGL context without a surface, and a framebuffer.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <variant>
+
+#include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Image.hpp"
+
+namespace orivanta::render {
+
+/// Belongs to the thread that made it, whose current context it is until it goes.
+class ORIVANTA_API OffscreenSurface {
+ public:
+  /// Sides in pixels, at least 1 and at most what the driver allows. The error says what the
+  /// machine lacks.
+  static std::variant<std::unique_ptr<OffscreenSurface>, foundation::Error> make(
+      std::uint32_t width, std::uint32_t height);
+  ~OffscreenSurface();
+  OffscreenSurface(const OffscreenSurface&) = delete;
+  OffscreenSurface& operator=(const OffscreenSurface&) = delete;
+
+  void makeCurrent();
+
+  /// OpenGL's name of the framebuffer to draw into.
+  unsigned framebuffer() const;
+
+  /// What was drawn, with `scale` pixels per point.
+  std::shared_ptr<const graphics::Image> read(double scale = 1.0);
+
+ private:
+  struct Context;
+  explicit OffscreenSurface(std::unique_ptr<Context> context);
+
+  std::unique_ptr<Context> context_;
+};
+
+}  // namespace orivanta::render

@@ -1,0 +1,46 @@
+// Draws a tree of views with OpenGL ES 3.0.
+#pragma once
+
+#include <memory>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Geometry.hpp"
+#include "Platform/View/Fwd.hpp"
+
+namespace orivanta::render {
+
+/// Counted over one frame.
+struct FrameStatistics {
+  int drawCalls = 0;
+  int triangles = 0;
+  int shadowMapsDrawn = 0;
+  int bytesUploaded = 0;
+};
+
+/// Bound to the OpenGL ES context that is current when it is made; made, used and destroyed on a
+/// thread where that context is current. Keeps what it uploads as long as the scenes refer to it.
+class ORIVANTA_API Renderer {
+ public:
+  /// A context below OpenGL ES 3.0, or a shader that the driver refuses, is a fatal error.
+  Renderer();
+  ~Renderer();
+  Renderer(const Renderer&) = delete;
+  Renderer& operator=(const Renderer&) = delete;
+
+  /// Lays out and draws the view and everything below it into a framebuffer of `size` points times
+  /// `scale` pixels, from its lower left corner. `framebuffer` is OpenGL's name for it, 0 being
+  /// the window's; its colours are taken to hold sRGB values as they are. `time`: seconds, rising.
+  void render(view::View& view, graphics::Size size, double scale, double time,
+              unsigned framebuffer = 0);
+
+  const FrameStatistics& statistics() const;  ///< of the last frame
+
+  /// Samples for each pixel of a 3D scene: 4, or what the driver allows.
+  int sampleCount() const;
+
+ private:
+  struct Resources;
+  std::unique_ptr<Resources> resources_;
+};
+
+}  // namespace orivanta::render

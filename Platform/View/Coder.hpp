@@ -1,0 +1,24 @@
+// An archive of numbers by name, from which views are made.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "Platform/Foundation/Export.hpp"
+
+namespace orivanta::view {
+
+class ORIVANTA_API Coder {
+ public:
+  Coder() = default;
+  explicit Coder(std::map<std::string, double, std::less<>> numbers);
+
+  /// Nothing when the archive has no such number.
+  std::optional<double> number(std::string_view key) const;
+
+ private:
+  std::map<std::string, double, std::less<>> numbers_;
+};
+
+}  // namespace orivanta::view

@@ -1,0 +1,64 @@
+// A view that shows a 3D scene, with a 2D scene over it.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "Platform/Scene/Scene.hpp"
+#include "Platform/Sprite/Scene.hpp"
+#include "Platform/View/View.hpp"
+
+namespace orivanta::view {
+
+/// Told by whoever draws a scene view.
+class ORIVANTA_API SceneRendererDelegate {
+ public:
+  virtual ~SceneRendererDelegate() = default;
+
+  /// Before each frame, on the thread that draws, under a transaction. `time` in seconds.
+  virtual void willRenderScene(SceneView& view, const std::shared_ptr<scene::Scene>& scene,
+                               double time) = 0;
+};
+
+/// Seen from the scene's first camera. White behind the scene until another background is set.
+class ORIVANTA_API SceneView : public View {
+ public:
+  explicit SceneView(graphics::Rect frame = {});
+  explicit SceneView(const Coder& coder);
+
+  std::shared_ptr<scene::Scene> scene() const;
+  void setScene(std::shared_ptr<scene::Scene> scene);
+  std::shared_ptr<sprite::Scene> overlayScene() const;
+  void setOverlayScene(std::shared_ptr<sprite::Scene> scene);
+
+  /// Not owned; it takes itself away before it goes.
+  SceneRendererDelegate* rendererDelegate() const;
+  void setRendererDelegate(SceneRendererDelegate* delegate);
+
+  /// How the scene is seen now; nothing without a scene or a camera.
+  std::optional<scene::Viewpoint> viewpoint() const;
+
+  /// What lies under a point of the view, nearest first; nothing without a scene or a camera.
+  std::vector<scene::Hit> hits(graphics::Point point) const;
+
+  /// The point of the view where a scene point shows, and its depth (`scene::Viewpoint::project`);
+  /// zeros without a scene or a camera.
+  graphics::Vector3 project(const graphics::Vector3& point) const;
+
+  /// Makes nodes ready to be drawn without a pause, in the background, and then calls `completion`
+  /// on the main queue. The nodes must not be changed before.
+  static void prepare(std::vector<std::shared_ptr<scene::Node>> nodes,
+                      std::function<void(bool success)> completion);
+
+  void touchesBegan(
+      std::span<const Touch> touches) override;  ///< tells the overlay, then the parent
+  void draw(Canvas& canvas) override;
+
+ private:
+  std::shared_ptr<scene::Scene> scene_;
+  std::shared_ptr<sprite::Scene> overlayScene_;
+  SceneRendererDelegate* rendererDelegate_ = nullptr;
+};
+
+}  // namespace orivanta::view

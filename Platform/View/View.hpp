@@ -1,0 +1,119 @@
+// A rectangle on the screen that draws itself, its children, and receives touches.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Color.hpp"
+#include "Platform/Graphics/Geometry.hpp"
+#include "Platform/View/Coder.hpp"
+#include "Platform/View/Fwd.hpp"
+#include "Platform/View/LayoutConstraint.hpp"
+#include "Platform/View/Touch.hpp"
+
+namespace orivanta::view {
+
+/// Whether two recognisers may run at once.
+using SimultaneousRule =
+    std::function<bool(const GestureRecognizer& one, const GestureRecognizer& other)>;
+
+/// Frames are points of the parent view, from its upper left corner with y downwards. Held by
+/// handle; a parent owns its children. Main thread, apart from drawing: changes and the walk of a
+/// renderer are kept apart by `graphics::Transaction`.
+class ORIVANTA_API View : public std::enable_shared_from_this<View> {
+ public:
+  explicit View(graphics::Rect frame = {});
+
+  /// The frame that an archive holds under "x", "y", "width" and "height"; 0 for what is missing.
+  explicit View(const Coder& coder);
+  virtual ~View();
+  View(const View&) = delete;
+  View& operator=(const View&) = delete;
+
+  graphics::Rect frame() const;
+  void setFrame(graphics::Rect frame);
+  graphics::Rect bounds() const;  ///< the frame's size at the origin
+
+  double alpha() const;  ///< from 0 to 1, multiplied from parents to children
+  void setAlpha(double alpha);
+  std::optional<graphics::Color> backgroundColor() const;
+  void setBackgroundColor(std::optional<graphics::Color> color);
+  bool isHidden() const;
+  void setHidden(bool hidden);
+  bool isUserInteractionEnabled() const;  ///< true until set; false lets touches through
+  void setUserInteractionEnabled(bool enabled);
+
+  View* superview() const { return superview_; }
+  std::vector<std::shared_ptr<View>> subviews() const;  ///< from the back to the front
+
+  /// In front of the other children; taken from a former parent first. Null, the view itself or one
+  /// above it is a fatal error.
+  void addSubview(const std::shared_ptr<View>& subview);
+  void removeFromSuperview();
+  void bringSubviewToFront(const View& subview);
+
+  /// True until set: the frame holds as it was set. False: constraints decide.
+  bool translatesAutoresizingMaskIntoConstraints() const;
+  void setTranslatesAutoresizingMaskIntoConstraints(bool translates);
+  void addConstraint(LayoutConstraint constraint);
+  void addConstraints(std::span<const LayoutConstraint> constraints);
+  const std::vector<LayoutConstraint>& constraints() const { return constraints_; }
+
+  /// Solves the constraints of this view and, then, of those below it. Hosts call it after they
+  /// changed a size, the renderer before each frame.
+  void layoutIfNeeded();
+
+  void addGestureRecognizer(std::shared_ptr<GestureRecognizer> recognizer);
+  void removeGestureRecognizer(const GestureRecognizer& recognizer);
+  const std::vector<std::shared_ptr<GestureRecognizer>>& gestureRecognizers() const {
+    return gestureRecognizers_;
+  }
+
+  /// Whether two recognisers of this view or of views below it may run at once. None may until a
+  /// rule is set.
+  void allowSimultaneous(SimultaneousRule rule);
+  const SimultaneousRule& simultaneousRule() const { return simultaneousRule_; }
+
+  /// A point of this view in another view of the same tree.
+  graphics::Point convert(graphics::Point point, const View& to) const;
+
+  /// The foremost view at a point of this view that takes touches: itself or one below; null
+  /// outside of it, when it is hidden, all but transparent (alpha under 0.01) or takes none.
+  std::shared_ptr<View> viewAt(graphics::Point point);
+
+  /// Fingers put down on, moved over or taken from this view. Each hands them on to the parent
+  /// view unless overridden.
+  virtual void touchesBegan(std::span<const Touch> touches);
+  virtual void touchesMoved(std::span<const Touch> touches);
+  virtual void touchesEnded(std::span<const Touch> touches);
+
+  /// Draws the view without its children, above its background. Under a transaction.
+  virtual void draw(Canvas& canvas);
+
+  /// Whether the view looks different at a later time though nothing was changed.
+  virtual bool isAnimating() const;
+
+ private:
+  void detach(const View& child);
+
+  graphics::Rect frame_;
+  double alpha_ = 1.0;
+  std::optional<graphics::Color> backgroundColor_;
+  bool hidden_ = false;
+  bool userInteractionEnabled_ = true;
+  bool translatesAutoresizingMask_ = true;
+  View* superview_ = nullptr;
+  std::vector<std::shared_ptr<View>> subviews_;
+  std::vector<LayoutConstraint> constraints_;
+  std::vector<std::shared_ptr<GestureRecognizer>> gestureRecognizers_;
+  SimultaneousRule simultaneousRule_;
+};
+
+/// The topmost view above a view; itself at the top.
+ORIVANTA_API View& topmostView(View& view);
+
+}  // namespace orivanta::view
