@@ -69,7 +69,6 @@ class MeshBuilder {
     for (const Corner& corner : corners) points_.push_back(statements_.positions[corner.position]);
     const auto triangles = cutter_.cut(points_);
     if (triangles.empty()) return;
-    completeNormals(corners);
     vertices_.clear();
     for (const Corner& corner : corners) vertices_.push_back(vertexOf(corner));
     auto& indices = groupOf(material).indices;
@@ -86,25 +85,6 @@ class MeshBuilder {
            isIn(corner.normal, statements_.normals);
   }
 
-  // Corners without a normal get the face's. Faces one after the other that lie in a plane share
-  // it.
-  void completeNormals(std::span<Corner> corners) {
-    auto& normals = statements_.normals;
-    const auto isMissing = [&](const Corner& corner) {
-      return corner.normal == none || normals[corner.normal] == Point{};
-    };
-    if (std::none_of(corners.begin(), corners.end(), isMissing)) return;
-    model_.hasNormals = false;
-    const auto area = areaVector(points_);
-    const double length = std::sqrt(area[0] * area[0] + area[1] * area[1] + area[2] * area[2]);
-    const Point normal{static_cast<float>(area[0] / length), static_cast<float>(area[1] / length),
-                       static_cast<float>(area[2] / length)};
-    if (normals.empty() || normals.back() != normal) normals.push_back(normal);
-    const auto index = static_cast<std::uint32_t>(normals.size() - 1);
-    for (Corner& corner : corners)
-      if (isMissing(corner)) corner.normal = index;
-  }
-
   std::uint32_t vertexOf(const Corner& corner) {
     std::uint32_t& newest = newest_[corner.position];
     std::uint32_t vertex = newest;
@@ -114,7 +94,9 @@ class MeshBuilder {
         return vertex;
       vertex = origin.older;
     }
-    Vertex made{statements_.positions[corner.position], statements_.normals[corner.normal], {}};
+    Vertex made{statements_.positions[corner.position], {}, {}};
+    if (corner.normal != none) made.normal = statements_.normals[corner.normal];
+    if (made.normal == Point{}) model_.hasNormals = false;
     if (corner.textureCoordinate != none) {
       made.textureCoordinate = statements_.textureCoordinates[corner.textureCoordinate];
       model_.hasTextureCoordinates = true;

@@ -6,8 +6,7 @@
 
 namespace orivanta::scene::obj {
 
-/// The model of the statements, its materials as yet without their looks. Of the statements only
-/// the normals are changed: the made ones come behind those of the file.
+/// The model of the statements, its materials as yet without their looks.
 Model buildMesh(ModelStatements& statements);
 
 }  // namespace orivanta::scene::obj

@@ -32,7 +32,7 @@ struct Material {
 /// buffer.
 struct Vertex {
   std::array<float, 3> position;
-  std::array<float, 3> normal;             ///< of length 1
+  std::array<float, 3> normal;             ///< of length 1; zero when the file gives none
   std::array<float, 2> textureCoordinate;  ///< (0, 0) is the picture's lower left corner
 
   friend bool operator==(const Vertex&, const Vertex&) = default;
@@ -49,7 +49,7 @@ struct Group {
 struct Model {
   std::vector<Vertex> vertices;
   std::vector<Group> groups;           ///< by first use; none is empty, names are unique
-  bool hasNormals = true;              ///< false: some are made, perpendicular to their face
+  bool hasNormals = true;              ///< false: some vertices have none
   bool hasTextureCoordinates = false;  ///< whether any face has them; the others get (0, 0)
   std::size_t skippedFaces = 0;        ///< that are unreadable or refer to what is not there
 };
