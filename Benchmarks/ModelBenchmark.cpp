@@ -1,6 +1,6 @@
 // A Wavefront model from a file to vertices and groups ready to draw, against tinyobjloader, which
-// is asked for less: it neither cuts faces into triangles nor joins corners. "floor" is one floor
-// with 1,500 rooms of 20 faces, "city" seventy of them in one file.
+// is asked for less: it neither cuts faces into triangles nor joins corners. A file holds so many
+// floors of 1,500 rooms, each a material and 20 faces.
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
@@ -120,7 +120,7 @@ void withTinyObjLoader(benchmark::State& state) {
   state.SetBytesProcessed(state.iterations() * written.bytes());
 }
 
-// Floors; the largest file has some 110 MB.
+// Floors, of some 6 MB each.
 void sizes(benchmark::internal::Benchmark* benchmark) {
   benchmark->Arg(1)->Arg(25)->Unit(benchmark::kMillisecond);
 }

@@ -10,6 +10,7 @@ namespace orivanta::scene::obj {
 namespace {
 
 constexpr std::size_t mostStepsPerCorner = 2'000;
+constexpr std::size_t mostSteps = 1'000'000'000;
 
 }  // namespace
 
@@ -184,7 +185,7 @@ bool FaceCutter::isEar(Index corner) {
   if (turnAt(before, corner, after) <= 0.0) return false;
   if (isConvex(before) && turnAt(previous_[before], before, after) < 0.0) return false;
   if (isConvex(after) && turnAt(after, next_[after], before) < 0.0) return false;
-  if (tree_.steps() > mostStepsPerCorner * points_.size()) return true;
+  if (tree_.steps() > std::min(mostStepsPerCorner * points_.size(), mostSteps)) return true;
   const std::array<Index, 3> ear{before, corner, after};
   return !tree_.anyWithin({points_[before], points_[corner], points_[after]},
                           [&](Index other) { return isInTheWay(other, ear); });

@@ -26,9 +26,10 @@ class FaceCutter {
   /// negative. A face without area gives none. Valid until the next call.
   ///
   /// Ears are cut off one after the other (Meisters 1975) all around the outline in turn, corners
-  /// in the way being found with a tree: for n corners about n * sqrt(n) steps at most. An outline
-  /// on which it takes more than 2,000 n steps is cut without looking for what is in the way from
-  /// there.
+  /// in the way being found with a tree: for n corners about n * sqrt(n) steps, a second for some
+  /// 100,000 corners at the worst. An outline that takes more than 2,000 n steps, such as one that
+  /// comes back to the same point tens of thousands of times, or more than 10^9, is cut from there
+  /// on without looking for what is in the way.
   std::span<const std::uint32_t> cut(std::span<const Point> corners);
 
  private:

@@ -68,7 +68,8 @@ inline constexpr std::size_t largestLibrariesBytes = 64U << 20U;  ///< of all li
 ///
 /// Never stops on damaged input: a face is skipped when it has fewer than three corners, one that
 /// is no number or out of range, or a position that is not finite in single precision. A face of no
-/// area gives no triangle. Takes at most some 70 times the bytes of the file (usually 3 times).
+/// area gives no triangle. Takes at most some 50 times the bytes of the file as memory, usually
+/// 3 times.
 std::variant<Model, foundation::Error> readModel(const std::filesystem::path& file);
 
 /// Gives the contents of a material library; nothing when it is missing. The name is a relative

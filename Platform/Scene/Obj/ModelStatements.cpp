@@ -1,8 +1,8 @@
 #include "Platform/Scene/Obj/ModelStatements.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
 #include <unordered_map>
 #include <utility>
 
@@ -34,18 +34,21 @@ Point withLengthOne(const Point& point) {
 
 // Takes an index, which counts from 1 or, when negative, back from the last one so far. Numbers too
 // large for an index become one that is beyond every list.
-std::optional<std::uint32_t> takeIndex(std::string_view& text, std::size_t countSoFar) {
+// Whether there was one within reach.
+bool takeIndex(std::string_view& text, std::size_t countSoFar, std::uint32_t& index) {
   constexpr std::uint64_t largest = none - 1;
-  const bool isNegative = !text.empty() && text.front() == '-';
-  std::size_t length = isNegative ? 1 : 0;
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  const bool isNegative = at != end && *at == '-';
+  if (isNegative) ++at;
   std::uint64_t number = 0;
-  for (; length < text.size() && text[length] >= '0' && text[length] <= '9'; ++length)
-    if (number < largest) number = number * 10 + static_cast<std::uint64_t>(text[length] - '0');
-  text.remove_prefix(length);
-  if (number == 0) return std::nullopt;
-  if (!isNegative) return static_cast<std::uint32_t>(std::min(number, largest) - 1);
-  if (number > countSoFar) return std::nullopt;
-  return static_cast<std::uint32_t>(countSoFar - number);
+  for (; at != end && *at >= '0' && *at <= '9'; ++at)
+    if (number < largest) number = number * 10 + static_cast<std::uint64_t>(*at - '0');
+  text.remove_prefix(static_cast<std::size_t>(at - text.data()));
+  if (number == 0 || (isNegative && number > countSoFar)) return false;
+  index =
+      static_cast<std::uint32_t>(isNegative ? countSoFar - number : std::min(number, largest) - 1);
+  return true;
 }
 
 class StatementReader {
@@ -101,9 +104,8 @@ class StatementReader {
     auto& corners = statements_.corners;
     const std::size_t first = corners.size();
     bool isReadable = true;
-    for (auto word = takeWord(line); isReadable && !word.empty() && word.front() != '#';
-         word = takeWord(line))
-      isReadable = addCorner(word);
+    for (removeBlanks(line); isReadable && !line.empty() && line.front() != '#'; removeBlanks(line))
+      isReadable = addCorner(line);
     const std::size_t count = corners.size() - first;
     if (!isReadable || count < 3) {
       corners.resize(first);
@@ -116,25 +118,21 @@ class StatementReader {
   }
 
   // "position", "position/texture coordinate", "position//normal" or all three.
-  bool addCorner(std::string_view word) {
-    const auto position = takeIndex(word, statements_.positions.size());
-    if (!position) return false;
-    Corner corner{*position};
-    if (!takePart(word, statements_.textureCoordinates.size(), corner.textureCoordinate))
+  bool addCorner(std::string_view& line) {
+    Corner corner{};
+    if (!takeIndex(line, statements_.positions.size(), corner.position) ||
+        !takePart(line, statements_.textureCoordinates.size(), corner.textureCoordinate) ||
+        !takePart(line, statements_.normals.size(), corner.normal))
       return false;
-    if (!takePart(word, statements_.normals.size(), corner.normal)) return false;
     statements_.corners.push_back(corner);
-    return word.empty();
+    return line.empty() || isBlank(line.front());
   }
 
-  static bool takePart(std::string_view& word, std::size_t countSoFar, std::uint32_t& part) {
-    if (word.empty()) return true;
-    if (word.front() != '/') return false;
-    word.remove_prefix(1);
-    if (word.empty() || word.front() == '/') return true;
-    const auto index = takeIndex(word, countSoFar);
-    if (index) part = *index;
-    return index.has_value();
+  static bool takePart(std::string_view& line, std::size_t countSoFar, std::uint32_t& part) {
+    if (line.empty() || line.front() != '/') return true;
+    line.remove_prefix(1);
+    if (line.empty() || line.front() == '/' || isBlank(line.front())) return true;
+    return takeIndex(line, countSoFar, part);
   }
 
   void beginRun() {

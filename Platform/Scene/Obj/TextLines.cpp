@@ -7,16 +7,6 @@
 
 namespace orivanta::scene::obj {
 
-namespace {
-
-void removeBlanks(std::string_view& line) {
-  std::size_t count = 0;
-  while (count < line.size() && isBlank(line[count])) ++count;
-  line.remove_prefix(count);
-}
-
-}  // namespace
-
 std::string_view withoutBlanksAround(std::string_view text) {
   removeBlanks(text);
   while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);

@@ -11,6 +11,12 @@ constexpr bool isBlank(char character) {
   return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
+inline void removeBlanks(std::string_view& line) {
+  std::size_t count = 0;
+  while (count < line.size() && isBlank(line[count])) ++count;
+  line.remove_prefix(count);
+}
+
 std::string_view withoutBlanksAround(std::string_view text);
 
 /// Goes through a text, which has to outlive it, line by line.
