@@ -13,11 +13,6 @@ namespace {
 using graphics::Rect;
 using Attribute = LayoutAttribute;
 
-std::ostream& operator<<(std::ostream& out, const Rect& rect) {
-  return out << rect.minX() << ' ' << rect.minY() << ' ' << rect.size.width << ' '
-             << rect.size.height;
-}
-
 // A view of 200 x 100 with two children, one of which may be laid out.
 struct Stage {
   std::shared_ptr<View> parent = std::make_shared<View>(Rect{{30, 40}, {200, 100}});
