@@ -157,6 +157,23 @@ TEST(TouchDispatcher, BringsFingersToTheForemostViewAndThoseAbove) {
   EXPECT_EQ(stage.log.take(), "one began") << "above the button, and outside of it";
 }
 
+TEST(TouchDispatcher, HoldsBackWhatLandsBesideARunningGesture) {
+  Stage stage;
+  const auto button = std::make_shared<View>(graphics::Rect{{0, 0}, {100, 100}});
+  stage.map->addSubview(button);
+  stage.log.add<PanGestureRecognizer>(*button, "button");
+  stage.log.add<TapGestureRecognizer>(*button, "press");
+  stage.one->maximumNumberOfTouches = 5;
+  stage.fingers.down(1, {300, 300}, 0);
+  stage.fingers.move(1, {350, 300}, 0);
+  stage.fingers.tap(2, {50, 150}, 0);
+  stage.fingers.down(2, {50, 150}, 1);
+  stage.fingers.move(2, {90, 150}, 1);
+  stage.fingers.up(1, 2);
+  stage.fingers.up(2, 2);
+  EXPECT_EQ(stage.log.take(), "one began, one changed, one ended");
+}
+
 TEST(TouchDispatcher, OutlivesWhatIsTouched) {
   struct Case {
     const char* what;
