@@ -20,7 +20,7 @@ namespace {
 class LocalFiles : public HttpDownloader {
  public:
   explicit LocalFiles(std::filesystem::path folder) : folder_(std::move(folder)) {}
-  std::optional<std::string> loadFileSync(const foundation::Url& url, std::string_view) override {
+  std::optional<std::string> loadFileSync(const foundation::Url& url, const std::string&) override {
     return (folder_ / std::filesystem::path(url.path()).filename()).string();
   }
 

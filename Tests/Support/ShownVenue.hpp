@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "Source/UI/MapView.hpp"
+#include "Source/Venue.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta::test {

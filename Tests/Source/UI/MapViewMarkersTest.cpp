@@ -32,7 +32,7 @@ TEST(MapViewMarkers, GiveWay) {
                {"both may: the earlier", {{500, true}, {500, true}}, "-+"},
                {"the later may", {{500, false}, {500, true}}, "+-"},
                {"apart", {{400, true}, {500, true}}, "++"},
-               {"one that gave way pushes nobody", {{500, true}, {510, false}, {490, true}}, "-++"},
+               {"one that gave way pushes nobody", {{500, true}, {510, false}, {480, true}}, "-++"},
                {"chain", {{500, true}, {515, true}, {530, true}}, "--+"}};
   ShownVenue shown;
   for (const auto& [what, markers, expected] : cases) {

@@ -6,6 +6,7 @@
 #include "Platform/Scene/Node.hpp"
 #include "Platform/View/TouchDispatcher.hpp"
 #include "Source/Location.hpp"
+#include "Source/Map.hpp"
 #include "Source/Polygon.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
