@@ -12,6 +12,10 @@
 
 namespace orivanta {
 
+namespace scene {
+class Node;
+}
+
 class ORIVANTA_API Map {
  public:
   /// Needs a text under "id"; null without it.
@@ -28,6 +32,9 @@ class ORIVANTA_API Map {
   std::optional<foundation::Url> obj;  ///< the 3D model
   std::optional<foundation::Url> mtl;  ///< its material library
   const IdentityHash hashValue;
+
+  /// The floor's model, one child for each material. Null until a map view has loaded it.
+  std::shared_ptr<scene::Node> mapObject;
 
   friend bool operator==(const Map& left, const Map& right) {
     return left.hashValue == right.hashValue;

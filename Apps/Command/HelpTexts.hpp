@@ -4,7 +4,7 @@
 namespace orivanta::command::help {
 
 inline constexpr const char* description =
-    R"(Indoor venue maps: list venues, look into one, find routes.
+    R"(Indoor venue maps: list venues, look into one, find routes, draw floors.
 
 Venues come from a web API. Its root, the user name and the password are taken from the
 command line, else from the environment, else from the property lists (*.plist) of the main
@@ -51,6 +51,14 @@ A batch has one JSON object a line and gives one line for each, in order:
   {"id": 2, "fromLocation": "paper-kestrel", "toLocation": "ecliptic-1"}
 "path" in an answer is the list of nodes, or null without a route; "weight" is what it costs. A
 line that is no such request gives "error" instead, and the batch goes on.)";
+
+inline constexpr const char* renderFooter = R"(
+Needs no display. With several floors the short name of each goes into its file's name.
+
+Examples:
+  orivanta render astrolabe-court -o court.png                the first floor, from above
+  orivanta render astrolabe-court --map all --tilt 40 --scale 2 -o court.png
+  orivanta render astrolabe-court --map G --highlight "paper kestrel=orange" --zoom 1.5)";
 
 inline constexpr const char* serveFooter = R"(
 Prints the API root when it is ready, and serves until it is interrupted. A folder is a venue

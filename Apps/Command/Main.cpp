@@ -15,6 +15,7 @@
 #include "Apps/Command/HelpTexts.hpp"
 #include "Apps/Command/ListVenues.hpp"
 #include "Apps/Command/Output.hpp"
+#include "Apps/Command/Render/RenderVenue.hpp"
 #include "Apps/Command/Serve.hpp"
 #include "Apps/Command/ShowVenue.hpp"
 #include "Apps/DemoVenue/Folder.hpp"
@@ -30,6 +31,7 @@ struct CommandLine {
   ListVenuesOptions listVenues;
   ShowVenueOptions showVenue;
   FindRouteOptions findRoute;
+  RenderVenueOptions renderVenue;
   ServeOptions serve;
   std::function<ExitCode()> chosen;
 };
@@ -111,6 +113,37 @@ void addRoute(CLI::App& app, CommandLine& line) {
   addQueryOptions(query, line);
 }
 
+void addRender(CLI::App& app, CommandLine& line) {
+  RenderVenueOptions& options = line.renderVenue;
+  auto& query = addQuery(app, line, "render", "Draw the floors of a venue to pictures",
+                         help::renderFooter, options, renderVenue);
+  query.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")
+      ->required()
+      ->type_name("");
+  query.add_option("--map", options.map, "The floor: its name, short name or index, or all")
+      ->type_name("FLOOR");
+  query.add_option("--size", options.size, "Size of the picture in points")
+      ->type_name("WxH")
+      ->capture_default_str();
+  const auto addNumber = [&](const char* name, double& value, const char* purpose,
+                             const char* type) {
+    query.add_option(name, value, purpose)->type_name(type)->capture_default_str();
+  };
+  addNumber("--scale", options.scale, "Pixels per point", "F");
+  addNumber("--tilt", options.tilt, "Tilt from straight down, up to 60", "DEGREES");
+  addNumber("--turn", options.turn, "Turn counterclockwise", "DEGREES");
+  addNumber("--zoom", options.zoom, "Closer by this factor", "F");
+  query
+      .add_option("--highlight", options.highlights,
+                  "Colour a location, such as cafe=orange or cafe=#fbac17; may be repeated")
+      ->type_name("PLACE=COLOUR")
+      ->allow_extra_args(false);
+  query.add_option("-o,--output", options.output, "The picture to write")
+      ->type_name("FILE.png")
+      ->capture_default_str();
+  addQueryOptions(query, line);
+}
+
 ExitCode serveVenues(ServeOptions& options, const ConnectionOptions& connection) {
   if (options.folders.empty()) {
     const auto folder = demo::demoVenueFolder();
@@ -170,6 +203,7 @@ int run(int argc, char** argv) {
   addVenues(app, line);
   addVenue(app, line);
   addRoute(app, line);
+  addRender(app, line);
   addServe(app, line);
   try {
     app.parse(argc, argv);

@@ -1,11 +1,10 @@
 #include "Apps/DemoVenue/Picture.hpp"
 
-#include <png.h>
-
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <stdexcept>
+
+#include "Platform/Graphics/ImageFile.hpp"
 
 namespace orivanta::demo {
 
@@ -102,19 +101,10 @@ void Picture::shade(const std::function<Colour(int, int)>& colourAt) {
 }
 
 void Picture::write(const std::filesystem::path& file) const {
-  bool opaque = true;
-  for (std::size_t i = 3; i < bytes_.size(); i += 4) opaque = opaque && bytes_[i] == 255;
-  std::vector<std::uint8_t> packed;
-  for (std::size_t i = 0; i < bytes_.size(); ++i)
-    if (!opaque || i % 4 != 3) packed.push_back(bytes_[i]);
-  png_image image;
-  std::memset(&image, 0, sizeof(image));
-  image.version = PNG_IMAGE_VERSION;
-  image.width = static_cast<png_uint_32>(width_);
-  image.height = static_cast<png_uint_32>(height_);
-  image.format = opaque ? PNG_FORMAT_RGB : PNG_FORMAT_RGBA;
-  if (png_image_write_to_file(&image, file.c_str(), 0, packed.data(), 0, nullptr) == 0)
-    throw std::runtime_error("cannot write " + file.string() + ": " + image.message);
+  const auto image = graphics::Image::make(static_cast<std::uint32_t>(width_),
+                                           static_cast<std::uint32_t>(height_), bytes_);
+  if (!image) throw std::runtime_error("no picture for " + file.string());
+  if (const auto error = writePng(*image, file)) throw std::runtime_error(error->description);
 }
 
 }  // namespace orivanta::demo

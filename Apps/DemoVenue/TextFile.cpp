@@ -1,14 +1,14 @@
 #include "Apps/DemoVenue/TextFile.hpp"
 
-#include <fstream>
 #include <stdexcept>
+
+#include "Platform/Foundation/Files.hpp"
 
 namespace orivanta::demo {
 
 void writeFile(const std::filesystem::path& file, std::string_view bytes) {
-  std::ofstream stream(file, std::ios::binary | std::ios::trunc);
-  stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (!stream.flush()) throw std::runtime_error("cannot write " + file.string());
+  if (const auto error = foundation::writeFileAtomically(file, bytes))
+    throw std::runtime_error(error->description);
 }
 
 }  // namespace orivanta::demo

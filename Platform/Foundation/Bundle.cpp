@@ -1,11 +1,12 @@
 #include "Platform/Foundation/Bundle.hpp"
 
 #include <algorithm>
-#include <cstdlib>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
+
+#include "Platform/Foundation/UserFolder.hpp"
 
 namespace orivanta::foundation {
 
@@ -23,14 +24,6 @@ MainBundle& mainBundle() {
   return instance;
 }
 
-std::optional<fs::path> userConfigurationFolder() {
-  const char* configured = std::getenv("XDG_CONFIG_HOME");
-  if (configured != nullptr && fs::path(configured).is_absolute()) return fs::path(configured);
-  const char* home = std::getenv("HOME");
-  if (home == nullptr || *home == '\0') return std::nullopt;
-  return fs::path(home) / ".config";
-}
-
 std::vector<fs::path> mainBundleFolders() {
   const std::lock_guard lock(mainBundle().mutex);
   if (mainBundle().folder) return {*mainBundle().folder};
@@ -38,8 +31,8 @@ std::vector<fs::path> mainBundleFolders() {
   const fs::path executable = executablePath();
   if (executable.empty()) return folders;
   folders.push_back(executable.parent_path() / "Resources");
-  if (const auto configuration = userConfigurationFolder())
-    folders.push_back(*configuration / executable.filename());
+  if (const auto configuration = userFolder("XDG_CONFIG_HOME", ".config"))
+    folders.push_back(*configuration);
   return folders;
 }
 

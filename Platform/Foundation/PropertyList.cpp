@@ -4,32 +4,21 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <fstream>
 #include <memory>
 #include <string_view>
 
 #include "Platform/Foundation/BinaryPropertyList.hpp"
+#include "Platform/Foundation/Files.hpp"
 
 namespace orivanta::foundation {
 
 namespace {
 
-constexpr std::uintmax_t largestFileBytes = 16U << 20U;
+constexpr std::size_t largestFileBytes = 16U << 20U;
 constexpr std::size_t mostContainers = 10'000;
 
 using PlistHandle = std::unique_ptr<void, decltype(&plist_free)>;
 using PlistText = std::unique_ptr<char, decltype(&std::free)>;
-
-std::optional<std::string> readFile(const std::filesystem::path& file) {
-  std::error_code failure;
-  if (!std::filesystem::is_regular_file(file, failure)) return std::nullopt;
-  const std::uintmax_t size = std::filesystem::file_size(file, failure);
-  if (failure || size > largestFileBytes) return std::nullopt;
-  std::ifstream stream(file, std::ios::binary);
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  if (!stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) return std::nullopt;
-  return bytes;
-}
 
 // The library frees a list by recursion, so the containers, and with them the nesting, are limited
 // beforehand; and it stops the program at a text with a NUL, which XML cannot hold.
@@ -59,7 +48,7 @@ std::optional<std::string> textOf(plist_t node) {
 }  // namespace
 
 std::optional<PropertyListDictionary> readPropertyList(const std::filesystem::path& file) {
-  const auto bytes = readFile(file);
+  const auto bytes = readFile(file, largestFileBytes);
   if (!bytes) return std::nullopt;
   if (std::string_view(*bytes).starts_with("bplist")) return readBinaryPropertyList(*bytes);
   const PlistHandle root = parseXml(*bytes);

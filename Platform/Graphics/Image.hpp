@@ -16,12 +16,19 @@ namespace orivanta::graphics {
 /// blue and alpha, not multiplied by the alpha, rows from the top.
 class ORIVANTA_API Image {
  public:
-  /// `pixels` holds width * height * 4 bytes; null when it does not, or when a side is 0 or above
-  /// `maximumSide`. `scale`: pixels per point.
+  /// `pixels` holds width * height * 4 bytes. Null when it does not, when a side is 0 or above
+  /// `maximumSide`, and for more than `maximumPixels`. `scale`: pixels per point, above 0.
   static std::shared_ptr<const Image> make(std::uint32_t width, std::uint32_t height,
                                            std::vector<std::uint8_t> pixels, double scale = 1.0);
 
   static constexpr std::uint32_t maximumSide = 16384;
+  static constexpr std::uint64_t maximumPixels = 64'000'000;
+
+  /// Whether a picture may have these sides.
+  static constexpr bool allows(std::uint64_t width, std::uint64_t height) {
+    return width > 0 && height > 0 && width <= maximumSide && height <= maximumSide &&
+           width * height <= maximumPixels;
+  }
 
   std::uint32_t width() const { return width_; }    ///< pixels
   std::uint32_t height() const { return height_; }  ///< pixels

@@ -14,16 +14,18 @@
 
 namespace orivanta::graphics {
 
-/// The picture in a PNG or JPEG file's bytes; null when they are neither, damaged, cut off or
-/// larger than `Image::maximumSide` or 64 million pixels. Any thread.
+/// The picture in a PNG or JPEG file's bytes, without regard to colour profiles, gamma and the
+/// turn that a camera notes. Null when they are neither, damaged, cut off, a JPEG in CMYK, or hold
+/// more than a picture may. Any thread.
 ORIVANTA_API std::shared_ptr<const Image> decodeImage(std::span<const std::uint8_t> bytes,
                                                       double scale = 1.0);
 
-/// The picture in a file; null as above, and when the file cannot be read. Any thread.
+/// The picture in a file; null as above, and when the file cannot be read or has more than 256 MiB.
+/// Any thread.
 ORIVANTA_API std::shared_ptr<const Image> readImage(const std::filesystem::path& file,
                                                     double scale = 1.0);
 
-/// A PNG file of the picture. Any thread.
+/// A PNG file of the picture: RGB when it is opaque, else RGBA. Any thread.
 ORIVANTA_API std::vector<std::uint8_t> encodePng(const Image& image);
 
 /// Writes a PNG file whole or not at all; the error says why not. Any thread.

@@ -13,7 +13,7 @@
 
 namespace orivanta::scene {
 
-/// Immutable, without GL; made on any thread.
+/// Immutable, without GL; made on any thread. Owns the children and geometries that it was made of.
 class ORIVANTA_API Batch {
  public:
   /// As it goes to the GPU.
@@ -24,7 +24,8 @@ class ORIVANTA_API Batch {
     std::uint32_t part;  ///< index into `parts`
   };
 
-  /// One element of one child: a run of the indices that one material covers.
+  /// One element of one child, with at least one triangle: a run of the indices that one material
+  /// covers. No vertex belongs to two parts.
   struct Part {
     std::shared_ptr<Node> node;
     std::shared_ptr<Geometry> geometry;
@@ -43,19 +44,22 @@ class ORIVANTA_API Batch {
   std::span<const Part> parts() const { return parts_; }
   const graphics::Box& boundingBox() const { return boundingBox_; }
 
-  /// Whether the parent's children still are those that the batch was made of, unmoved.
+  /// Whether the parent's children still are those that the batch was made of, unmoved, in the
+  /// same order. Cheap enough for every frame; materials and what is hidden play no part.
   bool matches(const Node& parent) const;
 
  private:
   struct Child {
-    const Node* node;
-    const Geometry* geometry;
+    std::shared_ptr<Node> node;
+    std::shared_ptr<Geometry> geometry;
     graphics::Vector3 position;
     graphics::Vector3 eulerAngles;
-    friend bool operator==(const Child&, const Child&) = default;
   };
 
   Batch() = default;
+
+  /// Whether a child is merged.
+  static bool isMember(const Node& child);
 
   std::vector<Vertex> vertices_;
   std::vector<std::uint32_t> indices_;

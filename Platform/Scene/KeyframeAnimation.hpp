@@ -19,7 +19,7 @@ class ORIVANTA_API KeyframeAnimation {
   std::vector<double> keyTimes;
   double duration = 0.0;  ///< seconds of one run
   double repeatCount = 1.0;
-  bool autoreverses = false;
+  bool autoreverses = false;  ///< each run is followed by one back, of the same duration
   bool isAdditive = false;
 
   /// The value `elapsed` seconds after the beginning, values between key times interpolated
@@ -28,7 +28,7 @@ class ORIVANTA_API KeyframeAnimation {
   /// An additive animation adds its value to `base`.
   graphics::Matrix4 value(double elapsed, const graphics::Matrix4& base) const;
 
-  /// Whether the value still changes at that time.
+  /// Whether the last run has not ended at that time.
   bool isRunning(double elapsed) const;
 };
 

@@ -20,7 +20,8 @@ enum class WrapMode { clamp, repeat };
 /// One colour or one image.
 using Contents = std::variant<graphics::Color, std::shared_ptr<const graphics::Image>>;
 
-/// What a material property holds. `transform` is applied to the texture coordinates (u, v, 0, 1).
+/// What a material property holds. `contentsTransform` is applied to the texture coordinates (u, v,
+/// 0, 1).
 struct MaterialProperty {
   Contents contents = graphics::colors::white;
   graphics::Matrix4 contentsTransform{1.0F};
@@ -47,7 +48,7 @@ class ORIVANTA_API Material {
   void setOpacity(float opacity);
 
   /// An animation of the key path "diffuse.contentsTransform". Another under the same key takes
-  /// the place of the first.
+  /// the place of the first, a null one only removes it; one of another key path changes nothing.
   void addAnimation(std::shared_ptr<const KeyframeAnimation> animation, std::string key);
   std::shared_ptr<const KeyframeAnimation> animation(std::string_view key) const;
 

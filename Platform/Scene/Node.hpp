@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Graphics/Vector.hpp"
 #include "Platform/Scene/Fwd.hpp"
 #include "Platform/Scene/ParticleSystem.hpp"
@@ -56,25 +57,32 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   void addParticleSystem(std::shared_ptr<ParticleSystem> system);
 
   std::vector<std::shared_ptr<Node>> children() const;
+
+  /// Without a copy, for as long as the transaction lives and the children stay.
+  const std::vector<std::shared_ptr<Node>>& children(const graphics::Transaction&) const {
+    return children_;
+  }
   std::shared_ptr<Node> parent() const;  ///< null at the top
 
   /// Takes the child from its former parent first. A null child, the node itself or one above it is
-  /// a fatal error. An index beyond the end appends.
-  void addChild(const std::shared_ptr<Node>& child);
-  void insertChild(const std::shared_ptr<Node>& child, std::size_t index);
+  /// a fatal error. The index counts without the child; one beyond the end appends.
+  void addChild(std::shared_ptr<Node> child);
+  void insertChild(std::shared_ptr<Node> child, std::size_t index);
   void removeFromParent();  ///< nothing at the top
 
   /// The first node below, nearest levels first, with that name; null without one.
   std::shared_ptr<Node> childNode(std::string_view name) const;
 
-  /// All nodes below that pass, parents before their children.
+  /// All nodes below that pass, parents before their children. `passes` is called under a
+  /// `graphics::Transaction` and leaves the tree alone.
   std::vector<std::shared_ptr<Node>> childNodes(
       const std::function<bool(const Node&)>& passes) const;
 
   graphics::Matrix4 transform() const;       ///< to the parent's space
   graphics::Matrix4 worldTransform() const;  ///< to the space of the topmost node's parent
 
-  /// Of the node's geometry and everything below, in the node's own space.
+  /// Of the node's geometry and everything below, hidden or not, in the node's own space: it
+  /// holds the turned boxes of the geometries, so turned shapes may leave some room in it.
   graphics::Box boundingBox() const;
 
   /// The geometry of all children merged for drawing, if somebody prepared it; see `Batch`.
@@ -82,8 +90,11 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   void setPreparedBatch(std::shared_ptr<const Batch> batch);
 
  private:
+  friend class Batch;
+
   explicit Node(std::shared_ptr<Geometry> geometry);
-  void detach(const Node& child);
+  bool isAbove(const Node& node) const;
+  void detach(Node& child);
 
   std::optional<std::string> name_;
   graphics::Vector3 position_{0.0F};

@@ -1,0 +1,87 @@
+#include "Apps/Command/Render/PictureOptions.hpp"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <filesystem>
+#include <optional>
+
+#include "Apps/Command/CommandError.hpp"
+#include "Apps/Command/Places.hpp"
+#include "Apps/Command/Text.hpp"
+#include "Source/Map.hpp"
+#include "Source/Venue.hpp"
+
+namespace orivanta::command {
+
+namespace {
+
+constexpr unsigned largestSide = 8192;  // points
+
+std::optional<unsigned> parseNumber(std::string_view text) {
+  unsigned number = 0;
+  const auto end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, number);
+  if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
+  return number;
+}
+
+}  // namespace
+
+graphics::Size parseSize(std::string_view text) {
+  const auto cross = text.find('x');
+  const auto width = parseNumber(text.substr(0, cross));
+  const auto height =
+      cross == std::string_view::npos ? std::nullopt : parseNumber(text.substr(cross + 1));
+  if (!width || !height || *width == 0 || *height == 0 || *width > largestSide ||
+      *height > largestSide)
+    throw CommandError(ExitCode::wrongUse,
+                       fmt::format("--size: \"{}\" is no size such as 1280x800, up to {} on a side",
+                                   text, largestSide));
+  return {static_cast<double>(*width), static_cast<double>(*height)};
+}
+
+std::vector<std::shared_ptr<Map>> chooseFloors(const Venue& venue, const std::string& text) {
+  const auto& maps = *venue.maps;
+  if (maps.empty()) throw CommandError(ExitCode::notFound, "the venue has no floors");
+  if (text.empty()) return {maps.front()};
+  if (text == "all") return maps;
+  for (const auto& map : maps)
+    if (map->id == text || map->shortName == text || map->name == text) return {map};
+  const std::string folded = caseFolded(text);
+  for (const auto& map : maps)
+    if (caseFolded(map->shortName) == folded || caseFolded(map->name) == folded) return {map};
+  const auto index = parseNumber(text);
+  if (index && *index < maps.size()) return {maps[*index]};
+  throw CommandError(ExitCode::notFound,
+                     fmt::format("no floor \"{}\"; the venue has {}", text, floorLabels(maps)));
+}
+
+Highlight parseHighlight(const Venue& venue, const std::string& text) {
+  const auto sign = text.rfind('=');
+  const std::string name = text.substr(0, sign);
+  const auto color = sign == std::string::npos ? graphics::colors::red
+                                               : graphics::Color::parse(text.substr(sign + 1));
+  if (!color)
+    throw CommandError(ExitCode::wrongUse,
+                       fmt::format("--highlight: \"{}\" is no colour; give a name such as orange, "
+                                   "or #rrggbb",
+                                   text.substr(sign + 1)));
+  const auto location = findRouteEnd(venue, {name}).place;
+  if (!location)
+    throw CommandError(ExitCode::wrongUse, fmt::format("--highlight: \"{}\" is no location", name));
+  return {location, *color};
+}
+
+std::string pictureName(const std::string& output, std::string_view label, bool isOneOfMany) {
+  if (!isOneOfMany) return output;
+  std::string safe(label);
+  for (char& character : safe)
+    if (character == '/' || character == '\\' || static_cast<unsigned char>(character) < ' ')
+      character = '_';
+  const std::filesystem::path path(output);
+  const std::string stem = (path.parent_path() / path.stem()).string();
+  return fmt::format("{}-{}{}", stem, safe, path.extension().string());
+}
+
+}  // namespace orivanta::command

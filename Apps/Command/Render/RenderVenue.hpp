@@ -1,0 +1,29 @@
+// The subcommand `render`: pictures of a venue's floors, without a screen.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Apps/Command/CommandError.hpp"
+#include "Apps/Command/Settings.hpp"
+
+namespace orivanta::command {
+
+struct RenderVenueOptions {
+  ConnectionOptions connection;
+  bool json = false;
+  std::string slug;
+  std::string map;  ///< name, short name, identifier, index or "all"; empty: the first
+  std::string size = "1280x800";  ///< points
+  double scale = 1.0;             ///< pixels per point
+  double tilt = 0.0;              ///< degrees from straight down
+  double turn = 0.0;              ///< degrees, counterclockwise
+  double zoom = 1.0;
+  std::vector<std::string> highlights;  ///< PLACE=COLOUR
+  std::string output = "map.png";
+};
+
+ExitCode renderVenue(const RenderVenueOptions& options);
+
+}  // namespace orivanta::command

@@ -1,0 +1,37 @@
+// A map view without a window: loads a venue's floors and takes pictures of what it shows.
+#pragma once
+
+#include <memory>
+
+#include "Platform/Graphics/Geometry.hpp"
+#include "Platform/Graphics/Image.hpp"
+#include "Platform/Render/Offscreen/OffscreenSurface.hpp"
+#include "Platform/Render/Renderer.hpp"
+#include "Source/UI/MapView.hpp"
+
+namespace orivanta::command {
+
+/// One thread, which is the main one for the map view.
+class Stage {
+ public:
+  /// `size` in points, `scale` pixels per point. Throws `CommandError` when this machine cannot
+  /// draw or a picture would be too large for it.
+  Stage(graphics::Size size, double scale);
+
+  /// Loads the floors of a venue and waits for them, with progress on a terminal.
+  void load(const std::shared_ptr<Venue>& venue);
+
+  MapView& mapView() { return *mapView_; }
+
+  /// One frame at a time in seconds, which rises from call to call.
+  std::shared_ptr<const graphics::Image> picture(double time = 0.0);
+
+ private:
+  graphics::Size size_;
+  double scale_;
+  std::unique_ptr<render::OffscreenSurface> surface_;
+  std::unique_ptr<render::Renderer> renderer_;  // before its surface goes
+  std::shared_ptr<MapView> mapView_;
+};
+
+}  // namespace orivanta::command

@@ -1,0 +1,51 @@
+// A picture file: what decodes is a picture that a PNG holds unchanged.
+#include <zlib.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <span>
+#include <vector>
+
+#include "Platform/Graphics/ImageFile.hpp"
+
+namespace orivanta::graphics {
+namespace {
+
+constexpr std::size_t headBytes = 8;  // of a PNG file, and of each chunk in it
+
+// Changes to a PNG would end at its checksums.
+std::vector<std::uint8_t> withRightChecksums(std::vector<std::uint8_t> bytes) {
+  std::span<std::uint8_t> left = bytes;
+  left = left.subspan(std::min(left.size(), headBytes));
+  while (left.size() >= headBytes + 4) {
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < 4; ++i) length = length << 8U | left[i];
+    if (length > left.size() - headBytes - 4) break;
+    const uLong checksum = crc32(0, left.data() + 4, static_cast<uInt>(length + 4));
+    for (std::size_t i = 0; i < 4; ++i)
+      left[headBytes + length + i] = static_cast<std::uint8_t>(checksum >> (24 - 8 * i));
+    left = left.subspan(headBytes + length + 4);
+  }
+  return bytes;
+}
+
+void check(std::span<const std::uint8_t> bytes) {
+  constexpr std::size_t mostPixelBytes = 1U << 20U;  // larger ones take long to write
+  const auto image = decodeImage(bytes);
+  if (!image || image->pixels().size() > mostPixelBytes) return;
+  const auto again = decodeImage(encodePng(*image));
+  if (!again || !std::equal(image->pixels().begin(), image->pixels().end(), again->pixels().begin(),
+                            again->pixels().end()))
+    std::abort();
+}
+
+}  // namespace
+}  // namespace orivanta::graphics
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
+  orivanta::graphics::check({bytes, count});
+  if (count > 0 && bytes[0] == 0x89)
+    orivanta::graphics::check(orivanta::graphics::withRightChecksums({bytes, bytes + count}));
+  return 0;
+}

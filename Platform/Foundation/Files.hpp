@@ -1,0 +1,32 @@
+// Whole files, read and written, and the place for those that can be made again.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Export.hpp"
+
+namespace orivanta::foundation {
+
+/// The application's folder for what can be made or fetched again: $XDG_CACHE_HOME when that is an
+/// absolute path, else ~/.cache, followed by the executable's name. Made when it is missing, as far
+/// as that is possible. Nothing when no such place is known. Any thread.
+ORIVANTA_API std::optional<std::filesystem::path> cachesDirectory();
+
+/// The bytes of a regular file; nothing when it cannot be read or holds more than `largestBytes`.
+/// Any thread.
+ORIVANTA_API std::optional<std::string> readFile(const std::filesystem::path& file,
+                                                 std::size_t largestBytes);
+
+/// Replaces the file whole or not at all: whoever opens it sees the old contents or the new ones,
+/// also when the disk is full, the process is killed or others write the same file. A killed
+/// process may leave a hidden file beside it. The error's domain is "file", its code `errno`. Any
+/// thread.
+ORIVANTA_API std::optional<Error> writeFileAtomically(const std::filesystem::path& file,
+                                                      std::string_view bytes);
+
+}  // namespace orivanta::foundation

@@ -1,0 +1,62 @@
+#include "Platform/Graphics/ImageFile.hpp"
+
+#include <png.h>
+
+#include <cstddef>
+#include <new>
+#include <string_view>
+
+#include "Platform/Foundation/Files.hpp"
+#include "Platform/Graphics/JpegReader.hpp"
+#include "Platform/Graphics/PngReader.hpp"
+
+namespace orivanta::graphics {
+
+namespace {
+
+constexpr std::size_t largestFileBytes = 256U << 20U;
+
+std::vector<std::uint8_t> withoutAlpha(std::span<const std::uint8_t> pixels) {
+  std::vector<std::uint8_t> packed;
+  packed.reserve(pixels.size() / 4 * 3);
+  for (std::size_t i = 0; i < pixels.size(); ++i)
+    if (i % 4 != 3) packed.push_back(pixels[i]);
+  return packed;
+}
+
+}  // namespace
+
+std::shared_ptr<const Image> decodeImage(std::span<const std::uint8_t> bytes, double scale) {
+  if (isPng(bytes)) return decodePng(bytes, scale);
+  return isJpeg(bytes) ? decodeJpeg(bytes, scale) : nullptr;
+}
+
+std::shared_ptr<const Image> readImage(const std::filesystem::path& file, double scale) {
+  const auto bytes = foundation::readFile(file, largestFileBytes);
+  if (!bytes) return nullptr;
+  return decodeImage({reinterpret_cast<const std::uint8_t*>(bytes->data()), bytes->size()}, scale);
+}
+
+std::vector<std::uint8_t> encodePng(const Image& image) {
+  png_image header{};
+  header.version = PNG_IMAGE_VERSION;
+  header.width = image.width();
+  header.height = image.height();
+  header.format = image.isOpaque() ? PNG_FORMAT_RGB : PNG_FORMAT_RGBA;
+  const auto packed = image.isOpaque() ? withoutAlpha(image.pixels()) : std::vector<std::uint8_t>();
+  const void* const pixels = image.isOpaque() ? packed.data() : image.pixels().data();
+  png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(header);
+  std::vector<std::uint8_t> bytes(size);
+  if (png_image_write_to_memory(&header, bytes.data(), &size, 0, pixels, 0, nullptr) == 0)
+    throw std::bad_alloc();  // nothing else is left to go wrong
+  bytes.resize(size);
+  return bytes;
+}
+
+std::optional<foundation::Error> writePng(const Image& image, const std::filesystem::path& file) {
+  const auto bytes = encodePng(image);
+  return foundation::writeFileAtomically(
+      file, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+}
+
+}  // namespace orivanta::graphics

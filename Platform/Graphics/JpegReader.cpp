@@ -1,0 +1,97 @@
+#include "Platform/Graphics/JpegReader.hpp"
+
+// This one needs <cstdio> before it.
+#include <cstdio>
+//
+#include <jerror.h>
+#include <jpeglib.h>
+
+#include <csetjmp>
+#include <utility>
+#include <vector>
+
+namespace orivanta::graphics {
+
+namespace {
+
+constexpr long largestWorkBytes = 512L << 20U;
+
+// A progressive file may name its scans again and again, each as much work as the whole picture.
+constexpr int mostScans = 200;
+
+// libjpeg leaves its functions by long jumps, across which nothing may live that needs a
+// destructor: what the reading functions need therefore lies here.
+struct Reader {
+  explicit Reader(std::span<const std::uint8_t> file) : bytes(file) {
+    jpeg.err = jpeg_std_error(&errors);
+    errors.error_exit = &fail;
+    errors.emit_message = &weigh;
+    jpeg.client_data = this;
+    progress.progress_monitor = &countScans;
+  }
+  ~Reader() { jpeg_destroy_decompress(&jpeg); }
+  Reader(const Reader&) = delete;
+  Reader& operator=(const Reader&) = delete;
+
+  [[noreturn]] static void fail(j_common_ptr jpeg) {
+    std::longjmp(static_cast<Reader*>(jpeg->client_data)->jump, 1);
+  }
+
+  // Every warning but that of stray bytes between segments tells of lost pixels.
+  static void weigh(j_common_ptr jpeg, int level) {
+    if (level < 0 && jpeg->err->msg_code != JWRN_EXTRANEOUS_DATA) fail(jpeg);
+  }
+
+  static void countScans(j_common_ptr jpeg) {
+    if (reinterpret_cast<j_decompress_ptr>(jpeg)->input_scan_number > mostScans) fail(jpeg);
+  }
+
+  std::span<const std::uint8_t> bytes;
+  std::jmp_buf jump{};
+  jpeg_error_mgr errors{};
+  jpeg_progress_mgr progress{};
+  jpeg_decompress_struct jpeg{};
+  std::vector<std::uint8_t> pixels;
+};
+
+bool readHead(Reader& reader) {
+  if (setjmp(reader.jump) != 0) return false;
+  jpeg_decompress_struct& jpeg = reader.jpeg;
+  jpeg_create_decompress(&jpeg);
+  jpeg.progress = &reader.progress;
+  jpeg.mem->max_memory_to_use = largestWorkBytes;
+  jpeg_mem_src(&jpeg, reader.bytes.data(), static_cast<unsigned long>(reader.bytes.size()));
+  jpeg_read_header(&jpeg, TRUE);
+  if (!Image::allows(jpeg.image_width, jpeg.image_height)) return false;
+  jpeg.out_color_space = JCS_EXT_RGBA;  // CMYK does not convert to it and fails
+  return true;
+}
+
+bool readRows(Reader& reader) {
+  if (setjmp(reader.jump) != 0) return false;
+  jpeg_decompress_struct& jpeg = reader.jpeg;
+  jpeg_start_decompress(&jpeg);
+  while (jpeg.output_scanline < jpeg.output_height) {
+    JSAMPROW row = reader.pixels.data() + std::size_t{jpeg.output_scanline} * jpeg.image_width * 4;
+    jpeg_read_scanlines(&jpeg, &row, 1);
+  }
+  jpeg_finish_decompress(&jpeg);
+  return true;
+}
+
+}  // namespace
+
+bool isJpeg(std::span<const std::uint8_t> bytes) {
+  return bytes.size() >= 3 && bytes[0] == 0xFF && bytes[1] == 0xD8 && bytes[2] == 0xFF;
+}
+
+std::shared_ptr<const Image> decodeJpeg(std::span<const std::uint8_t> bytes, double scale) {
+  Reader reader(bytes);
+  if (!readHead(reader)) return nullptr;
+  reader.pixels.resize(std::size_t{reader.jpeg.image_width} * reader.jpeg.image_height * 4);
+  if (!readRows(reader)) return nullptr;
+  return Image::make(reader.jpeg.image_width, reader.jpeg.image_height, std::move(reader.pixels),
+                     scale);
+}
+
+}  // namespace orivanta::graphics

@@ -1,0 +1,107 @@
+#include "Platform/Graphics/PngReader.hpp"
+
+#include <png.h>
+
+#include <csetjmp>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+namespace orivanta::graphics {
+
+namespace {
+
+constexpr png_alloc_size_t largestChunkBytes = 8U << 20U;
+
+// deflate (RFC 1951) never grows by more than this.
+constexpr std::uint64_t greatestInflation = 1032;
+
+// libpng leaves its functions by long jumps, across which nothing may live that needs a destructor:
+// what the reading functions need therefore lies here.
+struct Reader {
+  explicit Reader(std::span<const std::uint8_t> file) : bytes(file), left(file) {
+    png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, &fail, &ignore);
+    if (png != nullptr) info = png_create_info_struct(png);
+  }
+  ~Reader() { png_destroy_read_struct(&png, &info, nullptr); }
+  Reader(const Reader&) = delete;
+  Reader& operator=(const Reader&) = delete;
+
+  [[noreturn]] static void fail(png_structp png, png_const_charp) { png_longjmp(png, 1); }
+  static void ignore(png_structp, png_const_charp) {}
+
+  static void read(png_structp png, png_bytep target, std::size_t count) {
+    auto& left = static_cast<Reader*>(png_get_io_ptr(png))->left;
+    if (count > left.size()) png_error(png, "cut off");
+    std::memcpy(target, left.data(), count);
+    left = left.subspan(count);
+  }
+
+  std::span<const std::uint8_t> bytes;
+  std::span<const std::uint8_t> left;
+  png_structp png = nullptr;
+  png_infop info = nullptr;
+  std::vector<std::uint8_t> pixels;
+  std::vector<png_bytep> rows;
+};
+
+// Whether the sides are allowed and so many pixels can be in so few bytes.
+bool readHead(Reader& reader) {
+  if (setjmp(png_jmpbuf(reader.png)) != 0) return false;
+  png_set_user_limits(reader.png, Image::maximumSide, Image::maximumSide);
+  png_set_chunk_malloc_max(reader.png, largestChunkBytes);
+  png_set_read_fn(reader.png, &reader, &Reader::read);
+  png_read_info(reader.png, reader.info);
+  const std::uint64_t height = png_get_image_height(reader.png, reader.info);
+  return Image::allows(png_get_image_width(reader.png, reader.info), height) &&
+         png_get_rowbytes(reader.png, reader.info) * height / greatestInflation <=
+             reader.bytes.size();
+}
+
+// Whatever the file holds becomes 8-bit RGBA.
+bool prepareRows(Reader& reader) {
+  if (setjmp(png_jmpbuf(reader.png)) != 0) return false;
+  png_set_expand(reader.png);
+  png_set_scale_16(reader.png);
+  png_set_gray_to_rgb(reader.png);
+  png_set_add_alpha(reader.png, 0xFF, PNG_FILLER_AFTER);
+  png_set_interlace_handling(reader.png);
+  png_read_update_info(reader.png, reader.info);
+  return png_get_rowbytes(reader.png, reader.info) ==
+         std::size_t{png_get_image_width(reader.png, reader.info)} * 4;
+}
+
+void allocateRows(Reader& reader) {
+  const std::size_t rowBytes = png_get_rowbytes(reader.png, reader.info);
+  const std::size_t height = png_get_image_height(reader.png, reader.info);
+  reader.pixels.resize(rowBytes * height);
+  reader.rows.reserve(height);
+  for (std::size_t row = 0; row < height; ++row)
+    reader.rows.push_back(reader.pixels.data() + row * rowBytes);
+}
+
+bool readRows(Reader& reader) {
+  if (setjmp(png_jmpbuf(reader.png)) != 0) return false;
+  png_read_image(reader.png, reader.rows.data());
+  png_read_end(reader.png, nullptr);
+  return true;
+}
+
+}  // namespace
+
+bool isPng(std::span<const std::uint8_t> bytes) {
+  constexpr std::size_t signatureBytes = 8;
+  return bytes.size() >= signatureBytes && png_sig_cmp(bytes.data(), 0, signatureBytes) == 0;
+}
+
+std::shared_ptr<const Image> decodePng(std::span<const std::uint8_t> bytes, double scale) {
+  Reader reader(bytes);
+  if (reader.info == nullptr || !readHead(reader) || !prepareRows(reader)) return nullptr;
+  allocateRows(reader);
+  if (!readRows(reader)) return nullptr;
+  return Image::make(png_get_image_width(reader.png, reader.info),
+                     png_get_image_height(reader.png, reader.info), std::move(reader.pixels),
+                     scale);
+}
+
+}  // namespace orivanta::graphics

@@ -1,0 +1,247 @@
+#include "Platform/Graphics/Text.hpp"
+
+#include <pango/pangocairo.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+namespace orivanta::graphics {
+
+namespace {
+
+constexpr std::size_t mostTextBytes = 10'000;
+
+// With it, every length fits into Pango's units.
+constexpr double smallestScale = 1.0 / 64;
+
+struct Release {
+  void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+  void operator()(cairo_t* context) const { cairo_destroy(context); }
+  void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
+  void operator()(PangoLayout* layout) const { g_object_unref(layout); }
+  void operator()(PangoFontDescription* font) const { pango_font_description_free(font); }
+  void operator()(char* text) const { g_free(text); }
+};
+
+template <class T>
+using Owned = std::unique_ptr<T, Release>;
+
+bool isContinuationByte(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80; }
+
+// Cut at the end of a character, its broken bytes replaced, without control characters other than
+// line breaks.
+std::string presentable(std::string_view text) {
+  if (text.empty()) return {};
+  if (text.size() > mostTextBytes) {
+    std::size_t end = mostTextBytes;
+    while (end > mostTextBytes - 4 && isContinuationByte(text[end])) --end;
+    text = text.substr(0, end);
+  }
+  const Owned<char> valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
+  std::string result;
+  for (const char* at = valid.get(); *at != '\0';) {
+    const char* const next = g_utf8_next_char(at);
+    const gunichar character = g_utf8_get_char(at);
+    const GUnicodeType type = g_unichar_type(character);
+    if (type == G_UNICODE_LINE_SEPARATOR || type == G_UNICODE_PARAGRAPH_SEPARATOR)
+      result += '\n';
+    else if (type == G_UNICODE_CONTROL && character != '\n' && character != '\r')
+      result += ' ';
+    else
+      result.append(at, next);
+    at = next;
+  }
+  return result;
+}
+
+void useColor(cairo_t* context, const Color& color) {
+  cairo_set_source_rgba(context, color.red, color.green, color.blue, color.alpha);
+}
+
+// Whole pixels: the ink of a drawing.
+struct Frame {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+};
+
+class TextDrawing {
+ public:
+  TextDrawing(const std::string& text, const TextStyle& style, double scale)
+      : style_(style), scale_(scale) {
+    record_.reset(cairo_recording_surface_create(CAIRO_CONTENT_COLOR_ALPHA, nullptr));
+    const Owned<cairo_t> context(cairo_create(record_.get()));
+    cairo_scale(context.get(), scale, scale);
+    layout_.reset(pango_cairo_create_layout(context.get()));
+    setUnhinted();
+    setFont();
+    pango_layout_set_alignment(layout_.get(), PANGO_ALIGN_CENTER);
+    pango_layout_set_wrap(layout_.get(), PANGO_WRAP_WORD_CHAR);
+    const double widest = Image::maximumSide / scale - 2 * style.outlineWidth;
+    const double width = style.maximumWidth > 0 ? std::min(style.maximumWidth, widest) : widest;
+    pango_layout_set_width(layout_.get(), static_cast<int>(width * PANGO_SCALE));
+    pango_layout_set_text(layout_.get(), text.data(), static_cast<int>(text.size()));
+    limitLines(text);
+    draw(context.get());
+  }
+
+  // Of what was drawn, with a margin that antialiasing may need.
+  Frame roughFrame() const {
+    double left = 0.0;
+    double top = 0.0;
+    double width = 0.0;
+    double height = 0.0;
+    cairo_recording_surface_ink_extents(record_.get(), &left, &top, &width, &height);
+    if (!(width > 0.0) || !(height > 0.0)) return {};
+    return {static_cast<int>(std::floor(left)) - 1, static_cast<int>(std::floor(top)) - 1,
+            static_cast<int>(std::ceil(width)) + 3, static_cast<int>(std::ceil(height)) + 3};
+  }
+
+  // The drawing in a frame, as Cairo keeps it.
+  Owned<cairo_surface_t> paint(const Frame& frame) const {
+    Owned<cairo_surface_t> surface(
+        cairo_image_surface_create(CAIRO_FORMAT_ARGB32, frame.width, frame.height));
+    const Owned<cairo_t> context(cairo_create(surface.get()));
+    cairo_translate(context.get(), -frame.left, -frame.top);
+    cairo_scale(context.get(), scale_, scale_);
+    draw(context.get());
+    cairo_surface_flush(surface.get());
+    return surface;
+  }
+
+ private:
+  // Glyphs keep their shapes and distances at every scale.
+  void setUnhinted() {
+    const Owned<cairo_font_options_t> options(cairo_font_options_create());
+    cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_NONE);
+    cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_OFF);
+    cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_GRAY);
+    PangoContext* context = pango_layout_get_context(layout_.get());
+    pango_cairo_context_set_font_options(context, options.get());
+    pango_context_set_round_glyph_positions(context, FALSE);
+    pango_layout_context_changed(layout_.get());
+  }
+
+  void setFont() {
+    const Owned<PangoFontDescription> font(pango_font_description_new());
+    pango_font_description_set_family(font.get(), presentable(style_.fontFamily).c_str());
+    pango_font_description_set_absolute_size(font.get(), style_.fontSize * PANGO_SCALE);
+    pango_font_description_set_weight(font.get(),
+                                      style_.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
+    pango_layout_set_font_description(layout_.get(), font.get());
+  }
+
+  // Pango counts the lines of each paragraph by itself.
+  void limitLines(std::string text) {
+    const int most = style_.maximumLines;
+    if (most <= 0 || pango_layout_get_line_count(layout_.get()) <= most) return;
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    pango_layout_set_text(layout_.get(), text.data(), static_cast<int>(text.size()));
+    pango_layout_set_ellipsize(layout_.get(), PANGO_ELLIPSIZE_END);
+    pango_layout_set_height(layout_.get(), -most);
+  }
+
+  void draw(cairo_t* context) const {
+    if (style_.outlineWidth > 0.0) {
+      pango_cairo_layout_path(context, layout_.get());
+      cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
+      cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
+      cairo_set_line_width(context, 2 * style_.outlineWidth);
+      useColor(context, style_.outlineColor);
+      cairo_stroke(context);
+      cairo_move_to(context, 0, 0);
+    }
+    useColor(context, style_.color);
+    pango_cairo_show_layout(context, layout_.get());
+  }
+
+  const TextStyle& style_;
+  double scale_;
+  Owned<cairo_surface_t> record_;
+  Owned<PangoLayout> layout_;
+};
+
+// Cairo's pixels: 32-bit numbers with the alpha on top and the colours multiplied by it.
+class CairoPixels {
+ public:
+  explicit CairoPixels(cairo_surface_t* surface)
+      : data_(cairo_image_surface_get_data(surface)),
+        rowBytes_(cairo_image_surface_get_stride(surface)) {}
+
+  std::uint32_t at(int x, int y) const {
+    std::uint32_t value = 0;
+    std::memcpy(&value, data_ + std::ptrdiff_t{y} * rowBytes_ + std::ptrdiff_t{x} * 4, 4);
+    return value;
+  }
+
+ private:
+  const unsigned char* data_;
+  int rowBytes_;
+};
+
+Frame inkOf(const CairoPixels& pixels, const Frame& frame) {
+  int left = frame.width;
+  int top = frame.height;
+  int right = 0;
+  int bottom = 0;
+  for (int y = 0; y < frame.height; ++y)
+    for (int x = 0; x < frame.width; ++x)
+      if (pixels.at(x, y) >> 24U != 0) {
+        left = std::min(left, x);
+        right = std::max(right, x + 1);
+        top = std::min(top, y);
+        bottom = y + 1;
+      }
+  return {left, top, right - left, bottom - top};
+}
+
+std::vector<std::uint8_t> straightRgba(const CairoPixels& pixels, const Frame& ink) {
+  std::vector<std::uint8_t> bytes;
+  bytes.reserve(static_cast<std::size_t>(ink.width) * static_cast<std::size_t>(ink.height) * 4);
+  for (int y = ink.top; y < ink.top + ink.height; ++y)
+    for (int x = ink.left; x < ink.left + ink.width; ++x) {
+      const std::uint32_t pixel = pixels.at(x, y);
+      const std::uint32_t alpha = pixel >> 24U;
+      for (const unsigned shift : {16U, 8U, 0U}) {
+        const std::uint32_t multiplied = pixel >> shift & 255U;
+        bytes.push_back(static_cast<std::uint8_t>(
+            alpha == 0 ? 0 : std::min(255U, (multiplied * 255U + alpha / 2) / alpha)));
+      }
+      bytes.push_back(static_cast<std::uint8_t>(alpha));
+    }
+  return bytes;
+}
+
+bool canBeDrawn(const TextStyle& style, double scale) {
+  const double largest = Image::maximumSide;
+  return scale >= smallestScale && scale <= largest && style.fontSize > 0.0 &&
+         style.fontSize * scale <= largest && style.outlineWidth >= 0.0 &&
+         style.outlineWidth * scale <= largest / 4 && !std::isnan(style.maximumWidth);
+}
+
+}  // namespace
+
+std::shared_ptr<const Image> makeTextImage(std::string_view text, const TextStyle& style,
+                                           double scale) {
+  if (!canBeDrawn(style, scale)) return nullptr;
+  const TextDrawing drawing(presentable(text), style, scale);
+  const Frame frame = drawing.roughFrame();
+  if (!Image::allows(static_cast<std::uint64_t>(frame.width),
+                     static_cast<std::uint64_t>(frame.height)))
+    return nullptr;
+  const auto surface = drawing.paint(frame);
+  if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return nullptr;
+  const CairoPixels pixels(surface.get());
+  const Frame ink = inkOf(pixels, frame);
+  if (ink.width <= 0) return nullptr;
+  return Image::make(static_cast<std::uint32_t>(ink.width), static_cast<std::uint32_t>(ink.height),
+                     straightRgba(pixels, ink), scale);
+}
+
+}  // namespace orivanta::graphics

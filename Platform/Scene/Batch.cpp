@@ -1,0 +1,138 @@
+#include "Platform/Scene/Batch.hpp"
+
+#include <algorithm>
+#include <glm/mat3x3.hpp>
+#include <utility>
+
+#include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/Geometry.hpp"
+#include "Platform/Scene/Node.hpp"
+#include "Platform/Scene/Rigid.hpp"
+
+namespace orivanta::scene {
+
+using graphics::Matrix4;
+using graphics::Vector3;
+
+namespace {
+
+/// Which of the batch's vertices stands for each of a geometry's in the part being made. One table
+/// serves all parts: an entry of another part counts as none.
+class VertexMap {
+ public:
+  /// The entry for a vertex, and whether it is new; a new one is set to `next`.
+  std::pair<std::uint32_t, bool> find(std::uint32_t vertex, std::uint32_t part,
+                                      std::uint32_t next) {
+    if (vertex >= entries_.size()) entries_.resize(std::size_t{vertex} + 1);
+    Entry& entry = entries_[vertex];
+    const bool isNew = entry.part != part + std::size_t{1};
+    if (isNew) entry = {part + std::size_t{1}, next};
+    return {entry.vertex, isNew};
+  }
+
+ private:
+  struct Entry {
+    std::size_t part = 0;  ///< counted from 1
+    std::uint32_t vertex = 0;
+  };
+  std::vector<Entry> entries_;
+};
+
+/// A geometry's attributes in the space of the node's parent.
+struct Attributes {
+  const GeometrySource* positions;
+  const GeometrySource* normals;
+  const GeometrySource* textureCoordinates;
+  Matrix4 transform;
+  glm::mat3 turn;
+
+  Attributes(const Geometry& geometry, const Matrix4& toParent)
+      : positions(geometry.source(Semantic::vertex)),
+        normals(geometry.source(Semantic::normal)),
+        textureCoordinates(geometry.source(Semantic::textureCoordinate)),
+        transform(toParent),
+        turn(toParent) {}
+
+  Batch::Vertex vertex(std::uint32_t index, std::uint32_t part) const {
+    const Vector3 position = transformPoint(transform, positions->vector(index));
+    const Vector3 normal = normals ? turn * normals->vector(index) : Vector3(0.0F);
+    const Vector3 texture = textureCoordinates ? textureCoordinates->vector(index) : Vector3(0.0F);
+    return {{position.x, position.y, position.z},
+            {normal.x, normal.y, normal.z},
+            {texture.x, texture.y},
+            part};
+  }
+};
+
+/// Appends to the arrays of a batch.
+struct Builder {
+  std::vector<Batch::Vertex>& vertices;
+  std::vector<std::uint32_t>& indices;
+  std::vector<Batch::Part>& parts;
+  VertexMap vertexMap{};
+
+  void add(const std::shared_ptr<Node>& node, const std::shared_ptr<Geometry>& geometry) {
+    const Attributes attributes(*geometry, node->transform());
+    if (!attributes.positions) return;
+    for (std::size_t i = 0; i < geometry->elements().size(); ++i) {
+      Batch::Part part{node, geometry, i, count(indices), 0, {}};
+      add(geometry->elements()[i], attributes, part);
+      if (part.indexCount > 0) parts.push_back(std::move(part));
+    }
+  }
+
+  void add(const GeometryElement& element, const Attributes& attributes, Batch::Part& part) {
+    const std::size_t whole = element.indexCount() / 3 * 3;
+    const std::uint32_t number = count(parts);
+    for (std::size_t i = 0; i < whole; ++i) {
+      const std::uint32_t index = element.index(i);
+      const auto [vertex, isNew] = vertexMap.find(index, number, count(vertices));
+      if (isNew) {
+        vertices.push_back(attributes.vertex(index, number));
+        const auto& position = vertices.back().position;
+        part.box.add({position[0], position[1], position[2]});
+      }
+      indices.push_back(vertex);
+    }
+    part.indexCount = static_cast<std::uint32_t>(whole);
+  }
+
+  template <class Values>
+  static std::uint32_t count(const Values& values) {
+    return static_cast<std::uint32_t>(values.size());
+  }
+};
+
+}  // namespace
+
+bool Batch::isMember(const Node& child) { return child.geometry_ && child.children_.empty(); }
+
+std::shared_ptr<const Batch> Batch::make(const Node& parent) {
+  const graphics::Transaction transaction;
+  const std::shared_ptr<Batch> batch(new Batch);
+  Builder builder{batch->vertices_, batch->indices_, batch->parts_};
+  for (const auto& child : parent.children_) {
+    if (!isMember(*child)) continue;
+    builder.add(child, child->geometry_);
+    batch->children_.push_back({child, child->geometry_, child->position_, child->eulerAngles_});
+  }
+  if (batch->children_.size() < 2) return nullptr;
+  for (const Part& part : batch->parts_) batch->boundingBox_.add(part.box);
+  return batch;
+}
+
+bool Batch::matches(const Node& parent) const {
+  const graphics::Transaction transaction;
+  auto expected = children_.begin();
+  for (const auto& child : parent.children_) {
+    if (!isMember(*child)) continue;
+    if (expected == children_.end() || expected->node != child ||
+        expected->geometry != child->geometry_ || expected->position != child->position_ ||
+        expected->eulerAngles != child->eulerAngles_)
+      return false;
+    ++expected;
+  }
+  return expected == children_.end();
+}
+
+}  // namespace orivanta::scene

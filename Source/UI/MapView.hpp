@@ -1,0 +1,232 @@
+// The view that shows one floor of a venue in 3D, with gestures, markers and routes.
+#pragma once
+
+#include <tsl/ordered_map.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Color.hpp"
+#include "Platform/Scene/Material.hpp"
+#include "Platform/View/ActivityIndicatorView.hpp"
+#include "Platform/View/GestureRecognizer.hpp"
+#include "Platform/View/SceneView.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/UI/AssetLoader.hpp"
+#include "Source/UI/MapDownloader.hpp"
+#include "Source/UI/MapViewDelegate.hpp"
+#include "Source/UI/MapViewMarker2D.hpp"
+#include "Source/UI/MapViewOverlay2D.hpp"
+
+namespace orivanta {
+
+/// The kinds of motion of the camera, for applications: no handler asks for it.
+enum class MotionType { Zooming = 0, Panning = 1, Rotating = 2, Multi = 3 };
+
+/// The motion with a raw value; nothing for any other number.
+ORIVANTA_API std::optional<MotionType> makeMotionType(int rawValue);
+
+/// Make one, set `venue`, call `loadScene` and wait for the delegate's `mapViewDidLoad`; from then
+/// on everything else may be called. Held by handle. Main thread, but for `willRenderScene`.
+///
+/// Floors lie in the x-y plane of the scene, z is up, in the venue's units; view positions are
+/// points from the upper left corner, overlay positions points from the lower left one. What only
+/// makes sense after the scene was started is a fatal error before that.
+class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelegate {
+ public:
+  static std::shared_ptr<MapView> make(graphics::Rect frame = {});
+  MapView();
+  explicit MapView(graphics::Rect frame);
+  explicit MapView(const view::Coder& coder);
+  ~MapView() override;
+
+  // What an application sets.
+  std::weak_ptr<MapViewDelegate> delegate;
+  std::shared_ptr<Venue> venue;                            ///< set it before `loadScene`
+  graphics::Color pathColor{0.122F, 0.302F, 0.655F};       ///< of drawn routes
+  graphics::Color pathArrowColor{0.984F, 0.675F, 0.094F};  ///< for applications: nothing reads it
+  double fov = 40.0;                                       ///< field of view in degrees
+  bool allowsSimultaneousGestures = false;                 ///< lets pinch and rotation run together
+  std::shared_ptr<AssetLoader> assetLoader;                ///< never null
+  std::shared_ptr<HttpDownloader> downloader;              ///< never null
+  std::shared_ptr<scene::Node> ground;  ///< the application's own; null until set
+
+  // The parts of the view; the nodes are null until the scene is started.
+  std::shared_ptr<view::SceneView> sceneView;
+  std::shared_ptr<MapViewOverlay2D> spriteScene;
+  std::shared_ptr<scene::Node> cameraOrbit;  ///< in the middle of the floor; the camera's parent
+  std::shared_ptr<scene::Node> labelsOrbit;  ///< follows `cameraOrbit`
+  std::shared_ptr<scene::Node> light;        ///< the ambient light's
+  std::shared_ptr<scene::Node> arrow;        ///< the application's own; null until set
+  std::optional<float> cameraDistance;       ///< from the orbit's centre when the scene started
+  const std::shared_ptr<view::ActivityIndicatorView> activityIndicator;
+
+  /// `spriteScene`.
+  MapViewOverlay2D& overlay() const;
+
+  // --- Floors -----------------------------------------------------------------------------------
+
+  /// Fetches and reads the models of all floors, one after the other, on the calling thread; then,
+  /// once the scene view has prepared them, starts the scene and tells the delegate, from the main
+  /// queue. A floor without model is left out. A URL that is none, a model that cannot be fetched
+  /// or read, and a missing venue are fatal errors.
+  void loadScene();
+
+  /// Builds the scene for the first floor of the venue: camera, lights, gestures. Without floors,
+  /// or with a first one that has no model, it says so on the diagnostics and shows nothing.
+  void startScene();
+
+  /// Shows another floor, with the current route and highlight. An index out of range, the floor
+  /// already shown and a floor without a model change nothing. When the first floor had no model,
+  /// the first switch to one that has starts the scene there.
+  void changeMap(int index);
+  void changeMap(const std::shared_ptr<Map>& map);
+
+  const std::shared_ptr<Map>& currentMap() const { return currentMap_; }  ///< null before the first
+
+  // --- Gestures ---------------------------------------------------------------------------------
+
+  /// The actions of the recognisers that `startScene` adds to the scene view: one finger moves the
+  /// map under it, one point a scene unit; two fingers tilt, from straight down to below 60
+  /// degrees; a pinch brings the camera closer or takes it away; a rotation turns the map.
+  void handleOneFingerPanGesture(const view::PanGestureRecognizer& recognizer);
+  void handleTwoFingerPanGesture(const view::PanGestureRecognizer& recognizer);
+  void handlePinchGesture(const view::PinchGestureRecognizer& recognizer);
+  void handleRotationGesture(const view::RotationGestureRecognizer& recognizer);
+
+  /// Tells the delegate what lies under the tap. Hides all markers when it is a polygon.
+  void sceneTapped(const view::TapGestureRecognizer& recognizer);
+
+  // The state of the gestures; it stays from floor to floor.
+  float lastWidthRatio = 0.0F;       ///< not used by any handler
+  float lastHeightRatio = 0.0F;      ///< of the tilt when the gesture began
+  float lastGoodHeightRatio = 0.0F;  ///< of the tilt that was last accepted
+  double lastX = 0.0;                ///< translation of the pan already applied, in points
+  double lastY = 0.0;
+  double scaleStart = 1.0;   ///< zoom now, of the distance when the scene started
+  double scaleEnd = 1.0;     ///< zoom when the last pinch ended
+  double rotateStart = 0.0;  ///< turn now, radians
+  double rotateEnd = 0.0;    ///< turn when the last rotation ended
+
+  // --- Highlights and positions -----------------------------------------------------------------
+
+  /// Colours a polygon's shape on its floor. One without a shape is passed over. Highlighting a
+  /// polygon again makes the first highlight what `clearHighlightedPolygons` goes back to.
+  void highlightPolygon(const std::shared_ptr<Polygon>& polygon,
+                        graphics::Color color = graphics::colors::red);
+  void clearHighlightedPolygons();
+
+  /// The middle of the box of the vertices that the geometry's first element refers to. A geometry
+  /// without element or vertices, or an index beyond them, is a fatal error.
+  static graphics::Vector3 getGeomeryMidPoint(const scene::Geometry& geometry);
+
+  /// Where a location is on the floor now shown: the middle of the first shape there whose
+  /// material bears the location's name, else that of the location's first polygon with a shape on
+  /// the floor, else its first node on the floor, else the centre of the floor.
+  graphics::Vector3 findPosition3D(const Location& location) const;
+
+  /// Where a scene point shows in the scene view.
+  graphics::Point findPositionCameraViewport(graphics::Vector3 position) const;
+
+  /// Where a scene point, or a location, shows in the overlay.
+  graphics::Point findPosition2D(graphics::Vector3 position) const;
+  graphics::Point findPosition2DByLocation(const Location& location) const;
+
+  /// Where a location shows in the view.
+  graphics::Point findViewportPosition(const Location& location) const;
+
+  // --- Markers ----------------------------------------------------------------------------------
+
+  /// Shown and hidden ones, in the order of their adding. Any thread.
+  std::vector<std::shared_ptr<MapViewMarker>> markers() const;
+
+  /// Shows a marker from now on, on every floor. Null, or one without a sprite, is a fatal error.
+  void addMarker(const std::shared_ptr<MapViewMarker2D>& marker);
+
+  /// Takes a marker away; null and unknown ones are passed over.
+  void removeMarker(const std::shared_ptr<MapViewMarker2D>& marker);
+
+  /// Puts the markers where their positions show. Any thread.
+  void updateMarkerPositions();
+
+  /// Hides the markers that are in another's way, and shows the others: of two that collide the one
+  /// added earlier gives way, if it may, else the later one. Done after each gesture; call it after
+  /// moving the camera otherwise.
+  void updateMarkerVisibility();
+
+  /// Does `updateMarkerPositions` and nothing else. Called before each frame
+  /// on the thread that draws.
+  void willRenderScene(view::SceneView& view, const std::shared_ptr<scene::Scene>& scene,
+                       double time) override;
+
+  // --- Routes -----------------------------------------------------------------------------------
+
+  std::optional<NodeList> currentPath;         ///< the route now shown
+  int currentPathNode = 0;                     ///< index into it at which drawing begins
+  std::shared_ptr<Node> currentHighlightNode;  ///< null before the first highlight
+
+  /// Draws the segments of a route from its node `from` on that lie on the floor now shown, over
+  /// what was drawn before. Fewer than two nodes change nothing. A negative `from` is a fatal
+  /// error.
+  void drawPath(const NodeList& path, int from = 0);
+
+  /// Draws the current route and highlight anew.
+  void drawCurrentPath();
+
+  /// Takes every drawn route from the scene, in all map views, and forgets this view's.
+  void clearPaths(bool forgetPath = true);
+
+  /// One segment, at the height of B: a white ribbon, a coloured one, and one with arrows from A to
+  /// B; or one of these layers.
+  void drawPathSegment(graphics::Vector3 positionA, graphics::Vector3 positionB);
+  void drawPathSegmentStrip(graphics::Vector3 positionA, graphics::Vector3 positionB,
+                            float pathWidth, graphics::Color color, float elevation);
+  void drawPathSegmentArrow(graphics::Vector3 positionA, graphics::Vector3 positionB,
+                            float pathWidth, float elevation);
+
+  /// Puts a disc over a node, in place of the one before; on another floor it is kept in mind until
+  /// that floor is shown. An index out of range is a fatal error.
+  void highlightNode(const std::shared_ptr<Node>& node);
+  void highlightNode(const NodeList& nodes, std::size_t index);
+  void removeHighlightNode();
+
+ private:
+  using Shapes = tsl::ordered_map<std::string, std::shared_ptr<scene::Node>>;
+  using Highlights = tsl::ordered_map<std::shared_ptr<Polygon>, scene::Contents>;
+
+  void initView();
+  void addMapLogo();
+  std::shared_ptr<scene::Node> loadFloor(Map& map);
+  void addShapes(const scene::Node& floor);
+  void startScene(const std::shared_ptr<Map>& map);
+  void addRecognizers();
+  void addCamera(scene::Node& root);
+  void addLights(scene::Node& root);
+
+  std::shared_ptr<scene::Node> shapeOf(const Polygon& polygon) const;
+  std::shared_ptr<scene::Node> floorNode() const;
+  graphics::Point overlayPosition(graphics::Vector3 projected) const;
+  void selectPolygonAt(graphics::Point point);
+  void resetPinch();
+
+  void showMarker(MapViewMarker2D& marker);
+  void hideMarker(MapViewMarker2D& marker);
+  void showAllMarkers();
+  void hideAllMarkers();
+
+  void addPathNode(const std::shared_ptr<scene::Node>& node);
+
+  std::shared_ptr<Map> currentMap_;
+  Shapes scnNodeDictionary_;
+  Highlights highlightedPolygons_;
+  std::vector<std::shared_ptr<MapViewMarker>> markers_;
+  std::vector<std::shared_ptr<view::GestureRecognizer>> recognizers_;
+};
+
+/// Pins a view to the four edges of another that it is a child of.
+ORIVANTA_API void boundInside(view::View& subview, view::View& superview);
+
+}  // namespace orivanta

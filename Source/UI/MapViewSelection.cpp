@@ -1,0 +1,171 @@
+// Taps, highlights, and where things of the map show.
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <utility>
+
+#include "Platform/Foundation/Diagnostics.hpp"
+#include "Platform/Foundation/Fatal.hpp"
+#include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/Geometry.hpp"
+#include "Platform/Scene/Material.hpp"
+#include "Platform/Scene/Node.hpp"
+#include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/Node.hpp"
+#include "Source/Polygon.hpp"
+#include "Source/UI/MapView.hpp"
+#include "Source/UI/Printed.hpp"
+#include "Source/UI/ScenePosition.hpp"
+#include "Source/Venue.hpp"
+
+namespace orivanta {
+
+using foundation::diagnostic;
+using foundation::unwrap;
+
+namespace {
+
+constexpr float zoomedDistance = 200;  // scene units: where the first pinch after a tap begins
+
+std::string namesOf(const Polygon& polygon) {
+  std::vector<std::string> names;
+  for (const auto& link : polygon.locations)
+    if (const auto location = link.lock()) names.push_back(location->name.value_or(""));
+  return fmt::format("[{}]", fmt::join(names, ", "));
+}
+
+scene::Material& firstMaterialOf(const scene::Node& shape) {
+  return unwrap(unwrap(shape.geometry()).firstMaterial());
+}
+
+bool hasMaterialNamed(const scene::Node& shape, const std::string& name) {
+  const auto geometry = shape.geometry();
+  if (!geometry) return false;
+  const auto material = geometry->firstMaterial();
+  return material && material->name() == name;
+}
+
+}  // namespace
+
+void MapView::sceneTapped(const view::TapGestureRecognizer& recognizer) {
+  const graphics::Point point = recognizer.location(*this);
+  diagnostic("tap location: " + printed(point));
+  selectPolygonAt(point);
+}
+
+void MapView::selectPolygonAt(graphics::Point point) {
+  const auto receiver = delegate.lock();
+  const auto selectNothing = [&] {
+    if (receiver) receiver->nothingSelected();
+  };
+  const auto hits = unwrap(sceneView).hits(point);
+  if (hits.empty()) return selectNothing();
+  const std::optional<std::string> name = hits.front().node->name();
+  if (!name || *name == "Ground") return selectNothing();
+
+  const auto& polygons = unwrap(unwrap(venue).polygonDictionary);
+  const auto entry = polygons.find(*name);
+  diagnostic("Got Poly: " + (entry == polygons.end() ? "nil" : *name));
+  if (entry == polygons.end()) return selectNothing();
+  const std::shared_ptr<Polygon> polygon = entry->second;
+
+  hideAllMarkers();
+  resetPinch();
+  diagnostic("cameraOrbit position " + printed(unwrap(cameraOrbit).position()));
+  if (polygon->locations.empty())
+    selectNothing();
+  else if (receiver)
+    receiver->polygonSelected(polygon);
+  diagnostic("Location selected: " + namesOf(*polygon));
+}
+
+void MapView::resetPinch() {
+  scaleStart = static_cast<double>(1 / (zoomedDistance / unwrap(cameraDistance)));
+  scaleEnd = scaleStart;
+}
+
+std::shared_ptr<scene::Node> MapView::shapeOf(const Polygon& polygon) const {
+  const auto entry = scnNodeDictionary_.find(polygon.id.value_or(""));
+  return entry == scnNodeDictionary_.end() ? nullptr : entry->second;
+}
+
+void MapView::highlightPolygon(const std::shared_ptr<Polygon>& polygon, graphics::Color color) {
+  const auto shape = shapeOf(unwrap(polygon));
+  if (!shape) return;
+  scene::Material& material = firstMaterialOf(*shape);
+  highlightedPolygons_.insert_or_assign(polygon, material.diffuse().contents);
+  material.setDiffuseContents(color);
+}
+
+void MapView::clearHighlightedPolygons() {
+  const graphics::Transaction transaction;
+  for (const auto& [polygon, contents] : highlightedPolygons_)
+    if (const auto shape = shapeOf(*polygon)) firstMaterialOf(*shape).setDiffuseContents(contents);
+  highlightedPolygons_.clear();
+}
+
+graphics::Vector3 MapView::getGeomeryMidPoint(const scene::Geometry& geometry) {
+  if (geometry.elements().empty()) foundation::fatalError("Index out of range");
+  const scene::GeometryElement& element = geometry.elements().front();
+  const scene::GeometrySource* vertices = geometry.source(scene::Semantic::vertex);
+  if (vertices == nullptr) foundation::fatalAbsence();
+  graphics::Box box;
+  for (std::size_t i = 0; i < element.indexCount(); ++i)
+    box.add(vertices->vector(element.index(i)));
+  return (box.min + box.max) / 2.0F;
+}
+
+std::shared_ptr<scene::Node> MapView::floorNode() const {
+  const auto children = unwrap(unwrap(sceneView).scene()).rootNode()->children();
+  return children.empty() ? nullptr : children.front();
+}
+
+graphics::Vector3 MapView::findPosition3D(const Location& location) const {
+  const auto floor = floorNode();
+  const auto named = unwrap(floor).childNodes([&](const scene::Node& shape) {
+    return location.name && hasMaterialNamed(shape, *location.name);
+  });
+  if (!named.empty()) {
+    const graphics::Vector3 middle = getGeomeryMidPoint(*named.front()->geometry());
+    diagnostic("3d position " + printed(middle));
+    return middle;
+  }
+  for (const auto& polygon : location.polygons) {
+    const auto shape = shapeOf(*polygon);
+    if (shape && shape->geometry() && shape->parent() == floor)
+      return getGeomeryMidPoint(*shape->geometry());
+  }
+  for (const auto& node : location.nodes)
+    if (node->map == currentMap_) return scenePosition(*node);
+  return floor->boundingBox().centre();
+}
+
+graphics::Point MapView::findPositionCameraViewport(graphics::Vector3 position) const {
+  const graphics::Vector3 projected = unwrap(sceneView).project(position);
+  return {projected.x, projected.y};
+}
+
+graphics::Point MapView::overlayPosition(graphics::Vector3 projected) const {
+  const graphics::Size shown = sceneView->frame().size;
+  const graphics::Size overlaid = overlay().frame().size;
+  return {projected.x / shown.width * overlaid.width,
+          (1 - projected.y / shown.height) * overlaid.height};
+}
+
+graphics::Point MapView::findPosition2D(graphics::Vector3 position) const {
+  return overlayPosition(unwrap(sceneView).project(position));
+}
+
+graphics::Point MapView::findPosition2DByLocation(const Location& location) const {
+  return findPosition2D(findPosition3D(location));
+}
+
+graphics::Point MapView::findViewportPosition(const Location& location) const {
+  const graphics::Point position =
+      overlay().convertToView(findPosition2DByLocation(location), sceneView->bounds().size);
+  diagnostic("position 2D spriteScene: " + printed(position));
+  return position;
+}
+
+}  // namespace orivanta

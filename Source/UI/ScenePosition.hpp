@@ -1,0 +1,14 @@
+// From the venue's coordinates to those of the scene.
+#pragma once
+
+#include "Platform/Graphics/Vector.hpp"
+#include "Source/Node.hpp"
+
+namespace orivanta {
+
+/// The same numbers in single precision.
+inline graphics::Vector3 scenePosition(const Node& node) {
+  return {static_cast<float>(node.x), static_cast<float>(node.y), static_cast<float>(node.z)};
+}
+
+}  // namespace orivanta

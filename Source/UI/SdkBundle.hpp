@@ -1,0 +1,12 @@
+// The resources that lie inside the library.
+#pragma once
+
+#include "Platform/Foundation/ResourceBundle.hpp"
+
+namespace orivanta {
+
+/// The logo, the arrow of the routes and whatever else the map view brings along. Lives as long as
+/// the process. Any thread.
+const foundation::ResourceBundle& sdkBundle();
+
+}  // namespace orivanta

@@ -1,0 +1,106 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <glm/gtc/constants.hpp>
+
+#include "Platform/Scene/Geometry.hpp"
+#include "Platform/Scene/Node.hpp"
+#include "Platform/Scene/Scene.hpp"
+#include "Platform/Scene/Shapes.hpp"
+#include "Tests/Support/Vectors.hpp"
+
+namespace orivanta::scene {
+namespace {
+
+using graphics::Vector3;
+using test::areNear;
+using test::bytesOf;
+
+/// A square of 2 units around the middle of its node.
+std::shared_ptr<Node> addSquare(Node& parent, Vector3 position) {
+  static const auto square =
+      makeExtrusion(std::vector<graphics::Point>{{-1, -1}, {1, -1}, {1, 1}, {-1, 1}}, 0);
+  auto node = Node::make(square);
+  node->setPosition(position);
+  parent.addChild(node);
+  return node;
+}
+
+class HitTest : public testing::Test {
+ protected:
+  std::vector<std::shared_ptr<Node>> nodesHit(const Ray& ray) const {
+    std::vector<std::shared_ptr<Node>> nodes;
+    for (const Hit& hit : hitTest(*scene_, ray)) nodes.push_back(hit.node);
+    return nodes;
+  }
+
+  const std::shared_ptr<Scene> scene_ = Scene::make();
+  Node& root_ = *scene_->rootNode();
+  const Ray down_{{0, 0, 10}, {0, 0, -20}};
+};
+
+TEST_F(HitTest, ComesNearestFirstAndInTreeOrderWhenLevel) {
+  const auto low = addSquare(root_, {0, 0, -5});
+  const auto levelFirst = addSquare(root_, {0.5F, 0, 0});
+  const auto levelSecond = addSquare(root_, {0, 0.5F, 0});
+  const auto high = addSquare(root_, {0, 0, 5});
+  addSquare(root_, {3, 0, 8});
+  EXPECT_THAT(nodesHit(down_), testing::ElementsAre(high, levelFirst, levelSecond, low));
+  EXPECT_THAT(nodesHit({{0, 0, -10}, {0, 0, 8}}), testing::ElementsAre(low));
+  EXPECT_THAT(nodesHit({{0, 0, 4}, {0, 0, -3}}), testing::IsEmpty());
+
+  levelFirst->setHidden(true);
+  const Hit second = hitTest(*scene_, down_).at(1);
+  EXPECT_EQ(second.node, levelSecond);
+  EXPECT_FLOAT_EQ(second.distance, 0.5F);
+  EXPECT_TRUE(areNear(second.position, {0, 0, 0}));
+}
+
+TEST_F(HitTest, FollowsTheTransformsOfTheNodesAbove) {
+  const auto group = Node::make();
+  root_.addChild(group);
+  group->setPosition({100, 0, 0});
+  group->setEulerAngle(Axis::y, glm::half_pi<float>());  // squares now face x
+  const auto square = addSquare(*group, {0, 0, 7});
+  const auto hits = hitTest(*scene_, {{0, 0.9F, 0.9F}, {214, 0, 0}});
+  ASSERT_EQ(hits.size(), 1U);
+  EXPECT_EQ(hits[0].node, square);
+  EXPECT_NEAR(hits[0].distance, 0.5, 1e-6);
+  EXPECT_TRUE(areNear(hits[0].position, {107, 0.9F, 0.9F}));
+  EXPECT_THAT(nodesHit({{0, 1.1F, 0}, {214, 0, 0}}), testing::IsEmpty());
+  group->setHidden(true);
+  EXPECT_THAT(nodesHit({{0, 0, 0}, {214, 0, 0}}), testing::IsEmpty());
+}
+
+TEST_F(HitTest, TellsElementsApartAndTakesTheNearestTriangleOfEach) {
+  // Triangles around the z axis at heights 0, 1 and 2; the middle one alone in element 1.
+  const GeometrySource source{
+      .data = bytesOf<float>({-1, -1, 0,  2, -1, 0,  -1, 2, 0,  -1, -1, 1, -1, 2,
+                              1,  2,  -1, 1, -1, -1, 2,  2, -1, 2,  -1, 2, 2}),
+      .vectorCount = 9};
+  root_.addChild(
+      Node::make(Geometry::make({source}, {{bytesOf<std::uint16_t>({0, 1, 2, 6, 7, 8}), 2},
+                                           {bytesOf<std::uint16_t>({3, 4, 5}), 2}})));
+  const auto hits = hitTest(*scene_, down_);
+  ASSERT_EQ(hits.size(), 2U);
+  EXPECT_EQ(hits[0].geometryIndex, 0U);
+  EXPECT_TRUE(areNear(hits[0].position, {0, 0, 2}));
+  EXPECT_EQ(hits[1].geometryIndex, 1U);
+  EXPECT_TRUE(areNear(hits[1].position, {0, 0, 1}));
+  // Inside the box, outside the triangles.
+  EXPECT_THAT(nodesHit({{1.5F, 1.5F, 10}, {0, 0, -20}}), testing::IsEmpty());
+}
+
+TEST_F(HitTest, NoRaySlipsBetweenTwoTriangles) {
+  const auto square = addSquare(root_, {0.1F, 0.2F, 0.3F});
+  square->setEulerAngles({0.4F, 0.5F, 0.6F});
+  for (int i = -9; i <= 9; ++i) {
+    const auto share = static_cast<float>(i) / 10;
+    const auto onDiagonal =
+        Vector3(square->worldTransform() * graphics::Vector4(share, share, 0, 1));
+    EXPECT_EQ(nodesHit({onDiagonal + Vector3(1, 2, 9), {-2, -4, -18}}).size(), 1U) << share;
+  }
+}
+
+}  // namespace
+}  // namespace orivanta::scene
