@@ -23,7 +23,8 @@ std::vector<Run> chooseRuns(std::span<const MeshPart> parts,
       joins = false;
     } else if (choice == Choice::draw) {
       const std::uint32_t end = part.firstIndex + part.indexCount;
-      if (joins && part.firstIndex <= runs.back().firstIndex + runs.back().indexCount + longestDetour)
+      if (joins &&
+          part.firstIndex <= runs.back().firstIndex + runs.back().indexCount + longestDetour)
         runs.back().indexCount = end - runs.back().firstIndex;
       else
         runs.push_back({part.firstIndex, part.indexCount});

@@ -35,7 +35,9 @@ bool hasAnisotropy() {
   return false;
 }
 
-std::uint8_t byteOf(float component) { return static_cast<std::uint8_t>(component * 255.0F + 0.5F); }
+std::uint8_t byteOf(float component) {
+  return static_cast<std::uint8_t>(component * 255.0F + 0.5F);
+}
 
 void multiplyEncoded(std::vector<std::uint8_t>& bytes) {
   for (std::size_t i = 0; i < bytes.size(); i += 4)
@@ -66,9 +68,10 @@ Pixels halve(const Pixels& from) {
   for (std::uint32_t y = 0; y < to.height; ++y)
     for (std::uint32_t x = 0; x < to.width; ++x)
       for (std::size_t c = 0; c < 4; ++c)
-        to.bytes[4 * (std::size_t{y} * to.width + x) + c] = static_cast<std::uint8_t>(
-            (at(2 * x, 2 * y, c) + at(2 * x + 1, 2 * y, c) + at(2 * x, 2 * y + 1, c) +
-             at(2 * x + 1, 2 * y + 1, c) + 2) / 4);
+        to.bytes[4 * (std::size_t{y} * to.width + x) + c] =
+            static_cast<std::uint8_t>((at(2 * x, 2 * y, c) + at(2 * x + 1, 2 * y, c) +
+                                       at(2 * x, 2 * y + 1, c) + at(2 * x + 1, 2 * y + 1, c) + 2) /
+                                      4);
   return to;
 }
 

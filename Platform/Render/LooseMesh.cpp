@@ -105,8 +105,8 @@ void LooseMesh::rebuildFrom(std::size_t first, const std::vector<LoosePart>& par
                          static_cast<std::uint32_t>(end - merged_[i].firstIndex), merged_[i].box});
   }
   if (!mesh_) mesh_.emplace();
-  mesh_->setGeometry(vertices_, indices_, std::move(meshParts), unchangedVertices,
-                     unchangedIndices, statistics);
+  mesh_->setGeometry(vertices_, indices_, std::move(meshParts), unchangedVertices, unchangedIndices,
+                     statistics);
 }
 
 void LooseMesh::append(const LoosePart& part) {

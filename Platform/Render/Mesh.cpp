@@ -110,9 +110,7 @@ void Mesh::setLooks(std::span<const PartLook> looks, FrameStatistics& statistics
   glBindTexture(GL_TEXTURE_2D, placements_.get());
   forChangedStretches(
       looks.size(),
-      [&](std::size_t i) {
-        return looks[i].image && looks[i].placement != uploadedPlacements_[i];
-      },
+      [&](std::size_t i) { return looks[i].image && looks[i].placement != uploadedPlacements_[i]; },
       [&](std::size_t first, std::size_t end) {
         for (std::size_t i = first; i < end; ++i) uploadedPlacements_[i] = looks[i].placement;
         uploadPlacements(first, end, statistics);

@@ -3,6 +3,7 @@
 #include <optional>
 #include <span>
 
+#include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Camera.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Platform/View/SceneView.hpp"
@@ -56,11 +57,12 @@ class SceneGatherer::Walk {
   void addLoose(const scene::Node& node, const std::shared_ptr<const scene::Geometry>& geometry,
                 const graphics::Matrix4& world) {
     for (std::size_t element = 0; element < geometry->elements().size(); ++element)
-      snapshot_.loose.push_back({geometry, element, world, lookOf(node, *geometry, element, time_)});
+      snapshot_.loose.push_back(
+          {geometry, element, world, lookOf(node, *geometry, element, time_)});
   }
 
   void visitChildren(const scene::Node& node, const graphics::Matrix4& world) {
-    const Nodes children = node.children();
+    const Nodes& children = node.children(transaction_);
     if (children.empty()) return;
     const auto batch = gatherer_.batchOf(node, children);
     std::size_t part = 0;  // parts come in the order of the children
@@ -86,6 +88,7 @@ class SceneGatherer::Walk {
   SceneGatherer& gatherer_;
   SceneSnapshot& snapshot_;
   double time_;
+  graphics::Transaction transaction_;
 };
 
 SceneSnapshot SceneGatherer::gather(const view::SceneView& view, double time) {

@@ -11,7 +11,7 @@ namespace orivanta::render {
 /// made here, and kept as long as the node lives.
 class SceneGatherer {
  public:
-  /// Under a transaction.
+  /// Any thread's changes wait meanwhile.
   SceneSnapshot gather(const view::SceneView& view, double time);
 
   /// Forgets the batches of nodes that are gone.

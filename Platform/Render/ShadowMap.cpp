@@ -87,8 +87,8 @@ bool ShadowMap::fit(std::span<const SceneMesh> meshes) {
   const Vector3 margin{4 * texel, 4 * texel, depthMargin};
   box.add(box.min - margin);
   box.add(box.max + margin);
-  sceneToClip_ = glm::ortho(box.min.x, box.max.x, box.min.y, box.max.y, -box.max.z, -box.min.z) *
-                 toLight;
+  sceneToClip_ =
+      glm::ortho(box.min.x, box.max.x, box.min.y, box.max.y, -box.max.z, -box.min.z) * toLight;
   const Matrix4 halve = glm::scale(Matrix4(1.0F), Vector3(0.5F));
   sceneToMap_ = glm::translate(Matrix4(1.0F), Vector3(0.5F)) * halve * sceneToClip_;
   offset_ = 1.5F * texel;

@@ -9,8 +9,7 @@ float decodeSrgb(float encoded) {
 }
 
 float encodeSrgb(float linear) {
-  return linear <= 0.0031308F ? linear * 12.92F
-                              : 1.055F * std::pow(linear, 1.0F / 2.4F) - 0.055F;
+  return linear <= 0.0031308F ? linear * 12.92F : 1.055F * std::pow(linear, 1.0F / 2.4F) - 0.055F;
 }
 
 graphics::Vector3 linearOf(const graphics::Color& color) {

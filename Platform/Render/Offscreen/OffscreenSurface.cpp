@@ -56,8 +56,8 @@ bool hasExtension(EGLDisplay display, std::string_view name) {
 EGLDisplay findDisplay() {
   if (hasExtension(EGL_NO_DISPLAY, "EGL_MESA_platform_surfaceless") &&
       hasExtension(EGL_NO_DISPLAY, "EGL_EXT_platform_base")) {
-    EGLDisplay display = eglGetPlatformDisplayEXT(EGL_PLATFORM_SURFACELESS_MESA,
-                                                  EGL_DEFAULT_DISPLAY, nullptr);
+    EGLDisplay display =
+        eglGetPlatformDisplayEXT(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr);
     if (display != EGL_NO_DISPLAY && eglInitialize(display, nullptr, nullptr) == EGL_TRUE)
       return display;
   }
