@@ -3,9 +3,11 @@
 
 #include <boost/asio/thread_pool.hpp>
 
+#include "Platform/Foundation/Export.hpp"
+
 namespace orivanta::foundation {
 
 /// Lives as long as the process. Any thread.
-boost::asio::thread_pool& backgroundPool();
+ORIVANTA_API boost::asio::thread_pool& backgroundPool();
 
 }  // namespace orivanta::foundation

@@ -15,11 +15,13 @@ ORIVANTA_API void async(std::function<void()> task);
 /// always the same. Returns whether something ran.
 ORIVANTA_API bool drain();
 
-/// Waits until something is there to drain, at most so long. Returns whether there is.
+/// Waits until something is there to drain, at most so long (a day at most). Returns whether there
+/// is.
 ORIVANTA_API bool wait(double seconds);
 
 /// Called, on the thread that adds, after each adding: a host with an event loop of its own wakes
-/// it there. Empty for none.
+/// it there. It must not use the queue itself. Empty for none; once `setWake` has returned, the
+/// former one is not called any more.
 ORIVANTA_API void setWake(std::function<void()> wake);
 
 }  // namespace orivanta::foundation::mainQueue

@@ -45,7 +45,8 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   void addChild(const std::shared_ptr<Node>& child);
   void removeFromParent();
 
-  /// What the node itself covers, in its parent's coordinates; without size for a bare place.
+  /// What the node itself covers, in its parent's coordinates; without size for a bare place. A
+  /// label's is that of its text's picture.
   graphics::Rect frame() const;
 
   /// The same around the node's own origin.
@@ -77,7 +78,7 @@ class ORIVANTA_API SpriteNode : public Node {
   std::shared_ptr<const graphics::Image> texture() const;
   void setTexture(std::shared_ptr<const graphics::Image> texture);
   graphics::Size size() const;
-  void setSize(graphics::Size size);
+  void setSize(graphics::Size size);  ///< negative sides count as 0
   graphics::Rect localFrame() const override;
 
  private:
@@ -112,6 +113,7 @@ class ORIVANTA_API LabelNode : public Node {
   double fontSize_ = 32.0;
   graphics::Color color_ = graphics::colors::white;
   mutable std::shared_ptr<const graphics::Image> image_;
+  mutable double imageScale_ = 0.0;  // of `image_`, null or not; 0 when it is out of date
 };
 
 }  // namespace orivanta::sprite

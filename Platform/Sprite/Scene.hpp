@@ -17,8 +17,9 @@ class ORIVANTA_API Scene : public Node {
   graphics::Size size() const;
   graphics::Rect localFrame() const override;  ///< from the origin to the size
 
-  /// The foremost node, hidden ones left out, whose frame holds a point of the scene; the scene
-  /// itself when there is none.
+  /// The foremost node whose frame holds a point of the scene, hidden ones and what is below them
+  /// left out; the scene itself when there is none. In front lies the larger sum of z positions;
+  /// among equals children lie before their parents and later children before earlier ones.
   std::shared_ptr<Node> nodeAt(graphics::Point point);
 
   /// A point of the scene in a view of some size (points, y downwards) that shows it, and back. An

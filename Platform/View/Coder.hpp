@@ -1,9 +1,11 @@
 // An archive of numbers by name, from which views are made.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "Platform/Foundation/Export.hpp"
 

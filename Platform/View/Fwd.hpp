@@ -6,6 +6,7 @@ namespace orivanta::view {
 class ActivityIndicatorView;
 class Canvas;
 class Coder;
+class ContinuousGestureRecognizer;
 class GestureRecognizer;
 class ImageView;
 class PanGestureRecognizer;
@@ -13,6 +14,7 @@ class PinchGestureRecognizer;
 class RotationGestureRecognizer;
 class SceneView;
 class TapGestureRecognizer;
+class TouchDispatcher;
 class View;
 struct LayoutConstraint;
 struct Touch;

@@ -1,24 +1,28 @@
-// Fingers made into gestures: taps, pans, pinches and rotations.
+// Fingers made into a gesture: what taps, pans, pinches and rotations have in common.
 #pragma once
 
 #include <functional>
-#include <map>
-#include <memory>
+#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Geometry.hpp"
 #include "Platform/View/Fwd.hpp"
 #include "Platform/View/Touch.hpp"
 
 namespace orivanta::view {
 
+/// By number: 0 to 5.
 enum class GestureState { possible, began, changed, ended, cancelled, failed };
 
-/// Belongs to one view. Main thread. Its touches, and when to begin, change, end or fail, come
-/// from `TouchDispatcher`; a subclass decides what they mean and sets its state.
+/// Belongs to one view. Main thread. A `TouchDispatcher` brings it the fingers of its view and of
+/// the views below, and decides which of several recognisers may begin; a subclass decides what
+/// the fingers mean and sets its state.
 class ORIVANTA_API GestureRecognizer {
  public:
+  /// Must not throw. May change views, recognisers and their actions, but not end the dispatcher.
   using Action = std::function<void(GestureRecognizer&)>;
 
   GestureRecognizer() = default;
@@ -34,16 +38,24 @@ class ORIVANTA_API GestureRecognizer {
   GestureState state() const { return state_; }
 
   /// For subclasses, and for whoever plays a gesture without fingers: calls the actions for every
-  /// state but possible and failed.
+  /// state but possible and failed. With fingers, a recogniser that another one holds back fails
+  /// instead of beginning or ending.
   void setState(GestureState state);
+
+  /// Whether it has begun and neither ended nor been cancelled.
+  bool isRunning() const {
+    return state_ == GestureState::began || state_ == GestureState::changed;
+  }
 
   View* view() const { return view_; }  ///< null before it is added to one
 
-  /// The middle of the recogniser's fingers in a view's coordinates.
+  /// The middle of the recogniser's fingers in a view's coordinates; of the last ones when none is
+  /// left.
   virtual graphics::Point location(const View& in) const;
-  std::size_t numberOfTouches() const { return touches_.size(); }
+  std::size_t numberOfTouches() const { return fingers_.size(); }
 
  protected:
+  /// Positions are points of the topmost view.
   struct Finger {
     std::uint64_t identifier;
     graphics::Point start;
@@ -51,89 +63,46 @@ class ORIVANTA_API GestureRecognizer {
     double startTime;
   };
 
-  const std::vector<Finger>& fingers() const { return touches_; }
-  graphics::Point centroid() const;  ///< in the topmost view; of the last fingers when none is left
+  const std::vector<Finger>& fingers() const { return fingers_; }  ///< in the order of landing
+  graphics::Point centroid() const { return centroid_; }           ///< as `location`, topmost view
 
-  /// One touch of this recogniser arrived; `fingers` already tells of it (an ended one is gone).
-  virtual void touchChanged(const Touch& touch) = 0;
+  /// Called while the recogniser is possible or running. A finger landed, and is the last of
+  /// `fingers`; some of `fingers` moved; a finger left, and is no longer among them. `time` in
+  /// seconds.
+  virtual void fingerLanded(double time) = 0;
+  virtual void fingersMoved() = 0;
+  virtual void fingerLeft(const Finger& finger, double time, bool cancelled) = 0;
 
-  /// All fingers have left: back to what it was before the first.
-  virtual void reset();
+  /// Back to what it was before the first finger. `state` still is the last one.
+  virtual void reset() {}
+
+  /// Whether a recogniser that failed or ended may begin again with the fingers that are down, once
+  /// their number has changed and nobody holds it back any more. Otherwise it waits until all of
+  /// its fingers have left.
+  virtual bool canStartOver() const { return false; }
 
  private:
   friend class TouchDispatcher;
   friend class View;
 
-  void receive(const Touch& touch);
+  // Touches of one phase, of several fingers only when they move.
+  void receive(std::span<const Touch> touches, TouchDispatcher& dispatcher);
+  void land(const Touch& touch);
+  void move(std::span<const Touch> touches);
+  void leave(const Touch& touch);
+  bool isOpen() const { return state_ == GestureState::possible || isRunning(); }
+  std::vector<Finger>::iterator find(std::uint64_t identifier);
+  void updateCentroid();
+  void startOver();
+  void cancel();
+  void forgetFingers();
 
   View* view_ = nullptr;
+  TouchDispatcher* dispatcher_ = nullptr;  // while it hands over a touch
   GestureState state_ = GestureState::possible;
   std::vector<std::pair<std::string, Action>> targets_;
-  std::vector<Finger> touches_;
-  graphics::Point lastCentroid_;
-};
-
-/// Ends once enough fingers have touched often enough, each for at most 0.75 seconds, without
-/// moving further than 10 points, and at most 0.35 seconds apart.
-class ORIVANTA_API TapGestureRecognizer : public GestureRecognizer {
- public:
-  std::size_t numberOfTapsRequired = 1;
-  std::size_t numberOfTouchesRequired = 1;
-
- protected:
-  void touchChanged(const Touch& touch) override;
-  void reset() override;
-
- private:
-  std::size_t taps_ = 0;
-  std::size_t mostFingers_ = 0;
-  double lastTapTime_ = 0.0;
-};
-
-/// Begins once the fingers' middle has moved 10 points with a number of fingers in range.
-class ORIVANTA_API PanGestureRecognizer : public GestureRecognizer {
- public:
-  std::size_t minimumNumberOfTouches = 1;
-  std::size_t maximumNumberOfTouches = SIZE_MAX;
-
-  /// Points moved since the gesture began; fingers that come or go do not make it jump.
-  graphics::Point translation() const { return translation_; }
-  void setTranslation(graphics::Point translation) { translation_ = translation; }
-
- protected:
-  void touchChanged(const Touch& touch) override;
-  void reset() override;
-
- private:
-  graphics::Point translation_;
-};
-
-/// Begins once the distance of two fingers has changed by 8 points.
-class ORIVANTA_API PinchGestureRecognizer : public GestureRecognizer {
- public:
-  double scale() const { return scale_; }  ///< of the distance, since the gesture began
-  void setScale(double scale) { scale_ = scale; }
-
- protected:
-  void touchChanged(const Touch& touch) override;
-  void reset() override;
-
- private:
-  double scale_ = 1.0;
-};
-
-/// Begins once the line between two fingers has turned by 5 degrees.
-class ORIVANTA_API RotationGestureRecognizer : public GestureRecognizer {
- public:
-  double rotation() const { return rotation_; }  ///< radians clockwise, since the gesture began
-  void setRotation(double rotation) { rotation_ = rotation; }
-
- protected:
-  void touchChanged(const Touch& touch) override;
-  void reset() override;
-
- private:
-  double rotation_ = 0.0;
+  std::vector<Finger> fingers_;
+  graphics::Point centroid_;
 };
 
 }  // namespace orivanta::view

@@ -11,6 +11,7 @@ namespace orivanta::view {
 /// Stretches the picture over its bounds. Takes no touches.
 class ORIVANTA_API ImageView : public View {
  public:
+  /// As large as the picture.
   explicit ImageView(std::shared_ptr<const graphics::Image> image = nullptr);
 
   std::shared_ptr<const graphics::Image> image() const;

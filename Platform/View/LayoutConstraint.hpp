@@ -24,8 +24,10 @@ enum class LayoutAttribute {
 };
 
 /// first.firstAttribute = second.secondAttribute * multiplier + constant, in points. Without a
-/// second view the right-hand side is the constant alone. Views are not owned: a constraint is
-/// held by a view above both, and goes when one of them leaves it.
+/// second view the right-hand side is the constant alone. Views are not owned: a constraint is held
+/// by the parent of both, by the one that is the other's parent or, when it is about one view
+/// alone, by that view; it goes when one of them leaves the view that holds it. The edges of a
+/// parent are those of its bounds.
 struct LayoutConstraint {
   View* first = nullptr;
   LayoutAttribute firstAttribute = LayoutAttribute::none;
@@ -36,16 +38,19 @@ struct LayoutConstraint {
 };
 
 /// The constraints of a visual format of the form "H:|-0-[subview]-0-|" or "V:|-0-[subview]-0-|",
-/// with any numbers: `subview`, a child of `superview`, at those distances from its edges. An
+/// with any decimal numbers: `subview`, a child of `superview`, at those distances from its edges.
+/// Either edge may be left out ("H:|-5-[subview]"), and "|[subview]" stands for "|-0-[subview]". An
 /// unknown form, or another name than `name`, is a fatal error.
 ORIVANTA_API std::vector<LayoutConstraint> constraintsWithVisualFormat(std::string_view format,
                                                                        std::string_view name,
                                                                        View& subview,
                                                                        View& superview);
 
-/// Lays out the children of a view: solves the constraints that the view holds for the frames of
-/// those children that do not translate their autoresizing mask. Earlier constraints win where
-/// some contradict one another; what the constraints leave open keeps its value.
+/// Lays out the children of a view: solves the constraints that the view holds, and then those that
+/// its children hold on themselves, for the frames of those children that do not translate their
+/// autoresizing mask. Earlier constraints win where some contradict one another, and each that
+/// loses is told in a diagnostic line. What the constraints leave open keeps its value, sizes
+/// before origins. A negative size becomes 0.
 ORIVANTA_API void solveLayout(View& superview);
 
 }  // namespace orivanta::view

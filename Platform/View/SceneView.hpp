@@ -47,13 +47,16 @@ class ORIVANTA_API SceneView : public View {
   graphics::Vector3 project(const graphics::Vector3& point) const;
 
   /// Makes nodes ready to be drawn without a pause, in the background, and then calls `completion`
-  /// on the main queue. The nodes must not be changed before.
+  /// on the main queue. The nodes must not be changed before. Without success, for want of memory,
+  /// the nodes are drawn all the same.
   static void prepare(std::vector<std::shared_ptr<scene::Node>> nodes,
                       std::function<void(bool success)> completion);
 
-  void touchesBegan(
-      std::span<const Touch> touches) override;  ///< tells the overlay, then the parent
+  /// Tells the overlay, in its own coordinates, then the parent.
+  void touchesBegan(std::span<const Touch> touches) override;
+
   void draw(Canvas& canvas) override;
+  bool isAnimating() const override;  ///< whenever there is a scene: nodes and materials may move
 
  private:
   std::shared_ptr<scene::Scene> scene_;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/View/Fwd.hpp"
@@ -9,25 +10,53 @@
 
 namespace orivanta::view {
 
-/// One for each topmost view; a host, or who replays a recording, feeds it. Main thread. A finger
-/// belongs to the view that it landed on, and to the recognisers of that view and of those above
-/// it, until it leaves. The first recogniser to begin or end makes the others, that are still
-/// possible, fail until all fingers are gone, unless a view above both allows them both
-/// (`View::allowSimultaneous`). Touches that make no sense (an unknown finger moves, a known one
-/// lands) are passed over.
+/// One for each topmost view; a host, or whoever replays a recording, feeds it. Main thread.
+///
+/// A finger belongs to the view that it landed on, and to the recognisers of that view and of those
+/// above it, until it leaves; when one of these views leaves the tree, the finger counts as
+/// cancelled for its recognisers. Recognisers are told before the view, those of lower views first.
+///
+/// Recognisers that share a finger exclude one another: the first to begin, or to end at once as a
+/// tap does, makes those that are still possible fail, unless a view above both allows the two to
+/// run at once (`View::allowSimultaneous`). A pan for one finger ends when a second one lands. As
+/// nothing is running then, pans, pinches and rotations start over with the fingers that are down,
+/// and the first of them to see enough movement begins; likewise when one of two fingers leaves. A
+/// tap that failed stays so until all of its fingers have left.
+///
+/// What makes no sense is passed over: an unknown finger that moves or leaves, a known one that
+/// lands, a place that is not finite. Time never runs backwards.
 class ORIVANTA_API TouchDispatcher {
  public:
   /// Keeps the view.
   explicit TouchDispatcher(std::shared_ptr<View> root);
-  ~TouchDispatcher();
 
-  void dispatch(const Touch& touch);
+  /// Cancels all fingers.
+  ~TouchDispatcher();
+  TouchDispatcher(const TouchDispatcher&) = delete;
+  TouchDispatcher& operator=(const TouchDispatcher&) = delete;
+
+  /// Touches of one moment, such as all that a host has received between two frames. Movements that
+  /// follow one another count as one, so that two fingers moving side by side never seem to move
+  /// apart. Called by an action or a view that is being told of a touch, it waits until that is
+  /// done.
+  void dispatch(std::span<const Touch> touches);
+  void dispatch(const Touch& touch) { dispatch({&touch, 1}); }
 
   /// Ends every finger as cancelled, as when a window loses the input.
   void cancelAll(double time);
 
  private:
+  friend class GestureRecognizer;
   struct Session;
+
+  /// Whether the recogniser may begin, or end at once; if so, makes those fail that it excludes.
+  bool claim(const GestureRecognizer& recognizer);
+
+  void deliver(std::span<const Touch> touches);
+  void hand(std::span<const Touch> touches);
+  void tellView(const Touch& touch);
+  void startOver();
+
   std::unique_ptr<Session> session_;
 };
 

@@ -22,8 +22,8 @@ using SimultaneousRule =
     std::function<bool(const GestureRecognizer& one, const GestureRecognizer& other)>;
 
 /// Frames are points of the parent view, from its upper left corner with y downwards. Held by
-/// handle; a parent owns its children. Main thread, apart from drawing: changes and the walk of a
-/// renderer are kept apart by `graphics::Transaction`.
+/// handle; a parent owns its children. Main thread, apart from drawing, which also lays out:
+/// changes and the walk of a renderer are kept apart by `graphics::Transaction`.
 class ORIVANTA_API View : public std::enable_shared_from_this<View> {
  public:
   explicit View(graphics::Rect frame = {});
@@ -35,8 +35,8 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   View& operator=(const View&) = delete;
 
   graphics::Rect frame() const;
-  void setFrame(graphics::Rect frame);
-  graphics::Rect bounds() const;  ///< the frame's size at the origin
+  void setFrame(graphics::Rect frame);  ///< negative sides count as 0
+  graphics::Rect bounds() const;        ///< the frame's size at the origin
 
   double alpha() const;  ///< from 0 to 1, multiplied from parents to children
   void setAlpha(double alpha);
@@ -47,54 +47,62 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   bool isUserInteractionEnabled() const;  ///< true until set; false lets touches through
   void setUserInteractionEnabled(bool enabled);
 
-  View* superview() const { return superview_; }
+  View* superview() const;                              ///< null at the top
   std::vector<std::shared_ptr<View>> subviews() const;  ///< from the back to the front
 
   /// In front of the other children; taken from a former parent first. Null, the view itself or one
   /// above it is a fatal error.
   void addSubview(const std::shared_ptr<View>& subview);
-  void removeFromSuperview();
-  void bringSubviewToFront(const View& subview);
+  void removeFromSuperview();                     ///< drops the parent's constraints on this view
+  void bringSubviewToFront(const View& subview);  ///< nothing unless it is a child
 
   /// True until set: the frame holds as it was set. False: constraints decide.
   bool translatesAutoresizingMaskIntoConstraints() const;
   void setTranslatesAutoresizingMaskIntoConstraints(bool translates);
-  void addConstraint(LayoutConstraint constraint);
-  void addConstraints(std::span<const LayoutConstraint> constraints);
-  const std::vector<LayoutConstraint>& constraints() const { return constraints_; }
 
-  /// Solves the constraints of this view and, then, of those below it. Hosts call it after they
-  /// changed a size, the renderer before each frame.
+  /// On this view and its children; another view is a fatal error.
+  void addConstraint(const LayoutConstraint& constraint);
+  void addConstraints(std::span<const LayoutConstraint> constraints);
+  std::vector<LayoutConstraint> constraints() const;
+
+  /// Solves the constraints of this view and, then, of those below it, where something has changed
+  /// since. Hosts call it after they changed a size, the renderer before each frame.
   void layoutIfNeeded();
 
-  void addGestureRecognizer(std::shared_ptr<GestureRecognizer> recognizer);
+  /// Taken from a former view first. Null is a fatal error.
+  void addGestureRecognizer(const std::shared_ptr<GestureRecognizer>& recognizer);
+
+  /// One under way is cancelled first. Nothing unless it belongs to this view.
   void removeGestureRecognizer(const GestureRecognizer& recognizer);
   const std::vector<std::shared_ptr<GestureRecognizer>>& gestureRecognizers() const {
     return gestureRecognizers_;
   }
 
-  /// Whether two recognisers of this view or of views below it may run at once. None may until a
-  /// rule is set.
+  /// Whether two recognisers of this view or of views below it may run at once; asked with the two
+  /// in either order. None may until a rule is set.
   void allowSimultaneous(SimultaneousRule rule);
   const SimultaneousRule& simultaneousRule() const { return simultaneousRule_; }
 
-  /// A point of this view in another view of the same tree.
+  /// A point of this view in another one. Views of two trees count as if the upper left corners of
+  /// their topmost views were one.
   graphics::Point convert(graphics::Point point, const View& to) const;
 
   /// The foremost view at a point of this view that takes touches: itself or one below; null
   /// outside of it, when it is hidden, all but transparent (alpha under 0.01) or takes none.
   std::shared_ptr<View> viewAt(graphics::Point point);
 
-  /// Fingers put down on, moved over or taken from this view. Each hands them on to the parent
-  /// view unless overridden.
+  /// Fingers put down on, moved over or taken from this view, whatever its recognisers make of
+  /// them. Each hands them on to the parent view unless overridden.
   virtual void touchesBegan(std::span<const Touch> touches);
   virtual void touchesMoved(std::span<const Touch> touches);
   virtual void touchesEnded(std::span<const Touch> touches);
 
-  /// Draws the view without its children, above its background. Under a transaction.
+  /// Draws the view without its children, which whoever draws the tree draws over it. Fills the
+  /// bounds with the background colour; an overriding view calls this first. Under a transaction.
   virtual void draw(Canvas& canvas);
 
-  /// Whether the view looks different at a later time though nothing was changed.
+  /// Whether the view, or one below it that is not hidden, looks different at a later time though
+  /// nothing was changed.
   virtual bool isAnimating() const;
 
  private:
@@ -106,6 +114,7 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   bool hidden_ = false;
   bool userInteractionEnabled_ = true;
   bool translatesAutoresizingMask_ = true;
+  bool needsLayout_ = true;
   View* superview_ = nullptr;
   std::vector<std::shared_ptr<View>> subviews_;
   std::vector<LayoutConstraint> constraints_;
@@ -114,6 +123,6 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
 };
 
 /// The topmost view above a view; itself at the top.
-ORIVANTA_API View& topmostView(View& view);
+ORIVANTA_API const View& topmostView(const View& view);
 
 }  // namespace orivanta::view

@@ -1,0 +1,77 @@
+#include "Platform/Foundation/MainQueue.hpp"
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <utility>
+
+namespace orivanta::foundation::mainQueue {
+
+namespace {
+
+struct Queue {
+  std::mutex mutex;
+  std::condition_variable added;
+  std::deque<std::function<void()>> tasks;
+  std::uint64_t takenCount = 0;  // tasks taken out since the beginning
+
+  std::mutex wakeMutex;  // held while `wake` is called; never together with `mutex`
+  std::function<void()> wake;
+};
+
+// Never destroyed: background work may add tasks while the process ends.
+Queue& queue() {
+  static auto& instance = *new Queue;
+  return instance;
+}
+
+}  // namespace
+
+void async(std::function<void()> task) {
+  Queue& q = queue();
+  {
+    const std::lock_guard lock(q.mutex);
+    q.tasks.push_back(std::move(task));
+  }
+  q.added.notify_all();
+  const std::lock_guard lock(q.wakeMutex);
+  if (q.wake) q.wake();
+}
+
+// A task may drain in turn; the outer call then has less left to do.
+bool drain() {
+  Queue& q = queue();
+  std::unique_lock lock(q.mutex);
+  if (q.tasks.empty()) return false;
+  const std::uint64_t end = q.takenCount + q.tasks.size();
+  while (q.takenCount < end) {
+    std::function<void()> task = std::move(q.tasks.front());
+    q.tasks.pop_front();
+    ++q.takenCount;
+    lock.unlock();
+    task();
+    task = nullptr;  // what the task holds goes before the next one starts, outside the lock
+    lock.lock();
+  }
+  return true;
+}
+
+bool wait(double seconds) {
+  // The clock's own arithmetic overflows beyond some centuries.
+  constexpr double longestWait = 24.0 * 3600.0;
+  Queue& q = queue();
+  std::unique_lock lock(q.mutex);
+  return q.added.wait_for(lock, std::chrono::duration<double>(std::min(seconds, longestWait)),
+                          [&] { return !q.tasks.empty(); });
+}
+
+void setWake(std::function<void()> wake) {
+  Queue& q = queue();
+  const std::lock_guard lock(q.wakeMutex);
+  q.wake = std::move(wake);
+}
+
+}  // namespace orivanta::foundation::mainQueue

@@ -1,0 +1,228 @@
+#include "Platform/Sprite/Node.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "Platform/Foundation/Fatal.hpp"
+#include "Platform/Foundation/Screen.hpp"
+#include "Platform/Graphics/Text.hpp"
+#include "Platform/Graphics/Transaction.hpp"
+
+namespace orivanta::sprite {
+
+using graphics::Point;
+using graphics::Rect;
+using graphics::Size;
+using graphics::Transaction;
+
+namespace {
+
+using ImageHandle = std::shared_ptr<const graphics::Image>;
+
+Rect centred(Size size) { return {{-size.width / 2, -size.height / 2}, size}; }
+
+}  // namespace
+
+std::shared_ptr<Node> Node::make() { return std::shared_ptr<Node>(new Node); }
+
+Node::Node() = default;
+
+Node::~Node() {
+  const Transaction transaction;
+  for (const auto& child : children_) child->parent_ = nullptr;
+}
+
+std::optional<std::string> Node::name() const {
+  const Transaction transaction;
+  return name_;
+}
+
+void Node::setName(std::optional<std::string> name) {
+  const Transaction transaction;
+  name_ = std::move(name);
+}
+
+Point Node::position() const {
+  const Transaction transaction;
+  return position_;
+}
+
+void Node::setPosition(Point position) {
+  const Transaction transaction;
+  position_ = position;
+}
+
+double Node::zPosition() const {
+  const Transaction transaction;
+  return zPosition_;
+}
+
+void Node::setZPosition(double zPosition) {
+  const Transaction transaction;
+  zPosition_ = zPosition;
+}
+
+double Node::alpha() const {
+  const Transaction transaction;
+  return alpha_;
+}
+
+void Node::setAlpha(double alpha) {
+  const Transaction transaction;
+  alpha_ = std::clamp(alpha, 0.0, 1.0);
+}
+
+bool Node::isHidden() const {
+  const Transaction transaction;
+  return hidden_;
+}
+
+void Node::setHidden(bool hidden) {
+  const Transaction transaction;
+  hidden_ = hidden;
+}
+
+std::vector<std::shared_ptr<Node>> Node::children() const {
+  const Transaction transaction;
+  return children_;
+}
+
+// A parent whose last handle is just going on another thread counts as gone.
+std::shared_ptr<Node> Node::parent() const {
+  const Transaction transaction;
+  return parent_ == nullptr ? nullptr : parent_->weak_from_this().lock();
+}
+
+bool Node::hasParent() const { return parent() != nullptr; }
+
+void Node::addChild(const std::shared_ptr<Node>& child) {
+  const std::shared_ptr<Node> added = child;  // `child` may lie in the list that it leaves
+  if (!added) foundation::fatalError("a sprite node cannot hold a child that is null");
+  const Transaction transaction;
+  for (const Node* above = this; above != nullptr; above = above->parent_)
+    if (above == added.get())
+      foundation::fatalError("a sprite node cannot become a child of itself or of one below it");
+  added->removeFromParent();
+  children_.push_back(added);
+  added->parent_ = this;
+}
+
+void Node::removeFromParent() {
+  const std::shared_ptr<Node> self =
+      weak_from_this().lock();  // the parent's may be the last handle
+  const Transaction transaction;
+  if (parent_ == nullptr) return;
+  parent_->detach(*this);
+}
+
+void Node::detach(const Node& child) {
+  const auto place = std::find_if(children_.begin(), children_.end(),
+                                  [&](const auto& held) { return held.get() == &child; });
+  (*place)->parent_ = nullptr;
+  children_.erase(place);
+}
+
+Rect Node::frame() const {
+  const Transaction transaction;
+  Rect frame = localFrame();
+  frame.origin.x += position_.x;
+  frame.origin.y += position_.y;
+  return frame;
+}
+
+Rect Node::localFrame() const { return {}; }
+
+std::shared_ptr<SpriteNode> SpriteNode::make(ImageHandle texture) {
+  const Size size = texture ? texture->size() : Size{};
+  return make(std::move(texture), size);
+}
+
+std::shared_ptr<SpriteNode> SpriteNode::make(ImageHandle texture, Size size) {
+  return std::shared_ptr<SpriteNode>(new SpriteNode(std::move(texture), size));
+}
+
+SpriteNode::SpriteNode(ImageHandle texture, Size size) : texture_(std::move(texture)) {
+  setSize(size);
+}
+
+ImageHandle SpriteNode::texture() const {
+  const Transaction transaction;
+  return texture_;
+}
+
+void SpriteNode::setTexture(ImageHandle texture) {
+  const Transaction transaction;
+  texture_ = std::move(texture);
+}
+
+Size SpriteNode::size() const {
+  const Transaction transaction;
+  return size_;
+}
+
+void SpriteNode::setSize(Size size) {
+  const Transaction transaction;
+  size_ = {std::max(0.0, size.width), std::max(0.0, size.height)};
+}
+
+Rect SpriteNode::localFrame() const { return centred(size()); }
+
+std::shared_ptr<LabelNode> LabelNode::make(std::string text) {
+  return std::shared_ptr<LabelNode>(new LabelNode(std::move(text)));
+}
+
+LabelNode::LabelNode(std::string text) : text_(std::move(text)) {}
+
+std::string LabelNode::text() const {
+  const Transaction transaction;
+  return text_;
+}
+
+void LabelNode::setText(std::string text) {
+  const Transaction transaction;
+  text_ = std::move(text);
+  imageScale_ = 0.0;
+}
+
+double LabelNode::fontSize() const {
+  const Transaction transaction;
+  return fontSize_;
+}
+
+void LabelNode::setFontSize(double fontSize) {
+  const Transaction transaction;
+  fontSize_ = fontSize;
+  imageScale_ = 0.0;
+}
+
+graphics::Color LabelNode::color() const {
+  const Transaction transaction;
+  return color_;
+}
+
+void LabelNode::setColor(graphics::Color color) {
+  const Transaction transaction;
+  color_ = color;
+  imageScale_ = 0.0;
+}
+
+ImageHandle LabelNode::image(double scale) const {
+  const Transaction transaction;
+  if (imageScale_ != scale) {
+    graphics::TextStyle style;
+    style.fontSize = fontSize_;
+    style.color = color_;
+    image_ = graphics::makeTextImage(text_, style, scale);
+    imageScale_ = scale;
+  }
+  return image_;
+}
+
+// Whatever scale the picture was last asked for does: the size in points hardly depends on it.
+Rect LabelNode::localFrame() const {
+  const Transaction transaction;
+  const auto picture = image(imageScale_ > 0.0 ? imageScale_ : foundation::mainScreenScale());
+  return picture ? centred(picture->size()) : Rect{};
+}
+
+}  // namespace orivanta::sprite

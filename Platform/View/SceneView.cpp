@@ -1,0 +1,123 @@
+#include "Platform/View/SceneView.hpp"
+
+#include <boost/asio/post.hpp>
+#include <new>
+#include <utility>
+
+#include "Platform/Foundation/BackgroundPool.hpp"
+#include "Platform/Foundation/MainQueue.hpp"
+#include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/Batch.hpp"
+#include "Platform/Scene/Node.hpp"
+#include "Platform/View/Canvas.hpp"
+
+namespace orivanta::view {
+
+using graphics::Transaction;
+
+namespace {
+
+using Nodes = std::vector<std::shared_ptr<scene::Node>>;
+
+// What the first frame would otherwise have to compute.
+bool makeReady(const Nodes& nodes) try {
+  for (const auto& node : nodes) {
+    if (!node) continue;
+    if (auto batch = scene::Batch::make(*node)) node->setPreparedBatch(std::move(batch));
+  }
+  return true;
+} catch (const std::bad_alloc&) {
+  return false;
+}
+
+}  // namespace
+
+SceneView::SceneView(graphics::Rect frame) : View(frame) {
+  setBackgroundColor(graphics::colors::white);
+}
+
+SceneView::SceneView(const Coder& coder) : View(coder) {
+  setBackgroundColor(graphics::colors::white);
+}
+
+std::shared_ptr<scene::Scene> SceneView::scene() const {
+  const Transaction transaction;
+  return scene_;
+}
+
+void SceneView::setScene(std::shared_ptr<scene::Scene> scene) {
+  const Transaction transaction;
+  scene_ = std::move(scene);
+}
+
+std::shared_ptr<sprite::Scene> SceneView::overlayScene() const {
+  const Transaction transaction;
+  return overlayScene_;
+}
+
+void SceneView::setOverlayScene(std::shared_ptr<sprite::Scene> scene) {
+  const Transaction transaction;
+  overlayScene_ = std::move(scene);
+}
+
+SceneRendererDelegate* SceneView::rendererDelegate() const {
+  const Transaction transaction;
+  return rendererDelegate_;
+}
+
+void SceneView::setRendererDelegate(SceneRendererDelegate* delegate) {
+  const Transaction transaction;
+  rendererDelegate_ = delegate;
+}
+
+std::optional<scene::Viewpoint> SceneView::viewpoint() const {
+  const Transaction transaction;
+  if (!scene_) return std::nullopt;
+  const auto pointOfView = scene::findPointOfView(*scene_);
+  if (!pointOfView) return std::nullopt;
+  return scene::Viewpoint(*pointOfView, bounds().size);
+}
+
+std::vector<scene::Hit> SceneView::hits(graphics::Point point) const {
+  const Transaction transaction;
+  const auto seen = viewpoint();
+  if (!seen) return {};
+  return scene::hitTest(*scene_, seen->ray(point));
+}
+
+graphics::Vector3 SceneView::project(const graphics::Vector3& point) const {
+  const auto seen = viewpoint();
+  return seen ? seen->project(point) : graphics::Vector3(0.0F);
+}
+
+void SceneView::prepare(Nodes nodes, std::function<void(bool success)> completion) {
+  boost::asio::post(foundation::backgroundPool(),
+                    [nodes = std::move(nodes), completion = std::move(completion)]() mutable {
+                      const bool success = makeReady(nodes);
+                      foundation::mainQueue::async(
+                          [nodes = std::move(nodes), completion = std::move(completion), success] {
+                            if (completion) completion(success);
+                          });
+                    });
+}
+
+void SceneView::touchesBegan(std::span<const Touch> touches) {
+  if (const auto overlay = overlayScene()) {
+    std::vector<graphics::Point> points;
+    for (const Touch& touch : touches) {
+      const graphics::Point own = topmostView(*this).convert(touch.position, *this);
+      points.push_back(overlay->convertFromView(own, bounds().size));
+    }
+    overlay->touchesBegan(points);
+  }
+  View::touchesBegan(touches);
+}
+
+void SceneView::draw(Canvas& canvas) {
+  View::draw(canvas);
+  canvas.draw(*this, bounds());
+}
+
+bool SceneView::isAnimating() const { return scene() != nullptr || View::isAnimating(); }
+
+}  // namespace orivanta::view
