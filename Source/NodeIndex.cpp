@@ -1,7 +1,9 @@
 #include "Source/NodeIndex.hpp"
 
+#include <algorithm>
 #include <utility>
 
+#include "Platform/Foundation/ParallelFor.hpp"
 #include "Source/Node.hpp"
 
 namespace orivanta {
@@ -20,14 +22,21 @@ std::size_t slotCountFor(std::size_t entries) {
 
 NodeIndex::NodeIndex(const Collection<Node>& nodes)
     : entries_(nodes.values_container()), slots_(slotCountFor(entries_.size())) {
+  std::vector<std::uint64_t> hashes(entries_.size());
+  constexpr std::size_t entriesAtOnce = 1024;
+  foundation::parallelFor(
+      (entries_.size() + entriesAtOnce - 1) / entriesAtOnce, [&](std::size_t block) {
+        const std::size_t end = std::min(entries_.size(), (block + 1) * entriesAtOnce);
+        for (std::size_t i = block * entriesAtOnce; i < end; ++i) {
+          if (i + 8 < end) __builtin_prefetch(entries_[i + 8].first.data());
+          hashes[i] = TextHash()(entries_[i].first);
+        }
+      });
   const std::size_t mask = slots_.size() - 1;
-  constexpr std::size_t ahead = 8;
   for (std::size_t i = 0; i < entries_.size(); ++i) {
-    if (i + ahead < entries_.size()) __builtin_prefetch(entries_[i + ahead].first.data());
-    const std::uint64_t hash = TextHash()(entries_[i].first);
-    std::size_t slot = hash & mask;
+    std::size_t slot = hashes[i] & mask;
     while (slots_[slot].entry != unused) slot = (slot + 1) & mask;
-    slots_[slot] = {tagOf(hash), static_cast<std::uint32_t>(i)};
+    slots_[slot] = {tagOf(hashes[i]), static_cast<std::uint32_t>(i)};
   }
 }
 

@@ -21,6 +21,13 @@ void visitText(const json::value* value, const ReferenceVisitor& visit) {
   visit({text.data(), text.size()});
 }
 
+void prefetchMembers(const json::object& object) {
+  constexpr std::size_t cacheLine = 64;
+  const char* members = reinterpret_cast<const char*>(object.begin());
+  const std::size_t bytes = std::min<std::size_t>(object.size() * sizeof(*object.begin()), 512);
+  for (std::size_t at = 0; at < bytes; at += cacheLine) __builtin_prefetch(members + at);
+}
+
 }  // namespace
 
 std::optional<std::string_view> referenceIn(const RawData& data, std::string_view key) {
@@ -42,13 +49,39 @@ void forEachReference(const RawData& data, std::string_view key, std::string_vie
   for (const json::value& element : *elements) visitText(jsonMember(&element, member), visit);
 }
 
-void prefetchMembers(const RawData& data) {
-  if (!data.data() || !data.data()->is_object()) return;
-  const json::object& object = data.data()->get_object();
-  constexpr std::size_t cacheLine = 64;
-  const char* members = reinterpret_cast<const char*>(object.begin());
-  const std::size_t bytes = std::min<std::size_t>(object.size() * sizeof(*object.begin()), 512);
-  for (std::size_t at = 0; at < bytes; at += cacheLine) __builtin_prefetch(members + at);
+// Each loop touches what the one before it has sent for: the members, the arrays and their
+// elements.
+References referencesOf(std::span<const RawData* const> objects, std::string_view key,
+                        std::string_view member) {
+  prefetchMembers(objects);
+  std::vector<const json::array*> arrays;
+  arrays.reserve(objects.size());
+  for (const RawData* object : objects) {
+    arrays.push_back(arrayOf(*object, key));
+    if (arrays.back() != nullptr) __builtin_prefetch(arrays.back()->begin());
+  }
+  for (const json::array* array : arrays)
+    if (array != nullptr && !array->empty() && array->begin()->is_object())
+      __builtin_prefetch(array->begin()->get_object().begin());
+  References references;
+  references.ids.reserve(4 * objects.size());
+  references.ends.reserve(objects.size());
+  auto add = [&](std::string_view id) { references.ids.push_back(id); };
+  for (const json::array* array : arrays) {
+    if (array != nullptr)
+      for (const json::value& element : *array)
+        visitText(member.empty() ? &element : jsonMember(&element, member), add);
+    references.ends.push_back(references.ids.size());
+  }
+  return references;
+}
+
+void prefetchMembers(std::span<const RawData* const> objects) {
+  for (const RawData* object : objects) __builtin_prefetch(object);
+  for (const RawData* object : objects) __builtin_prefetch(object->data().get());
+  for (const RawData* object : objects)
+    if (object->data() && object->data()->is_object())
+      prefetchMembers(object->data()->get_object());
 }
 
 }  // namespace orivanta

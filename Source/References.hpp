@@ -4,7 +4,9 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "Source/RawData.hpp"
 
@@ -37,7 +39,18 @@ void forEachReference(const RawData& data, std::string_view key, ReferenceVisito
 void forEachReference(const RawData& data, std::string_view key, std::string_view member,
                       ReferenceVisitor visit);
 
-/// Sends for the members of an object that will be asked for soon.
-void prefetchMembers(const RawData& data);
+/// The identifiers of several objects, one after the other; those of object i end at `ends[i]`.
+struct References {
+  std::vector<std::string_view> ids;
+  std::vector<std::size_t> ends;
+};
+
+/// What `forEachReference` visits for each object; an empty `member` means the elements
+/// themselves. Much faster than one by one when the JSON is not in the cache.
+References referencesOf(std::span<const RawData* const> objects, std::string_view key,
+                        std::string_view member);
+
+/// Sends for the members of objects that will be asked for soon.
+void prefetchMembers(std::span<const RawData* const> objects);
 
 }  // namespace orivanta

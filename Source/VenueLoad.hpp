@@ -28,8 +28,14 @@ class VenueLoad {
   /// when the polygons come last, that is twice.
   void collectionReady();
 
+  struct Join {
+    std::function<bool(CollectionDictionary&)> run;
+    bool early = false;  ///< may run before the gate opens: what it links does not depend on others
+    bool ranEarly = false;  ///< so the first pass leaves it out
+  };
+
   CollectionDictionary collections_;
-  std::vector<std::function<bool(CollectionDictionary&)>> joins_;
+  std::vector<Join> joins_;
 };
 
 }  // namespace orivanta
