@@ -93,14 +93,12 @@ void NavigationGraph::addWalkingEdges(const Collection<Node>& nodes) {
   const std::span entries = nodes.values_container();
   const NodeIndex index(nodes);
   std::vector<EdgeTable::Block> blocks((entries.size() + nodesAtOnce - 1) / nodesAtOnce);
-  foundation::parallelFor((blocks.size() + blocksInARow - 1) / blocksInARow, [&](std::size_t row) {
-    const std::size_t end = std::min(blocks.size(), (row + 1) * blocksInARow);
-    for (std::size_t block = row * blocksInARow; block < end; ++block) {
-      const std::size_t first = block * nodesAtOnce;
-      blocks[block] = walkingEdges(
-          entries.subspan(first, std::min(nodesAtOnce, entries.size() - first)), index);
-    }
-  });
+  const auto build = [&](std::size_t block) {
+    const std::size_t first = block * nodesAtOnce;
+    blocks[block] =
+        walkingEdges(entries.subspan(first, std::min(nodesAtOnce, entries.size() - first)), index);
+  };
+  foundation::parallelFor(blocks.size(), build, blocksInARow);
   edges_->add(std::move(blocks));
 }
 

@@ -1,6 +1,5 @@
 #include "Source/NodeIndex.hpp"
 
-#include <algorithm>
 #include <utility>
 
 #include "Platform/Foundation/ParallelFor.hpp"
@@ -23,15 +22,11 @@ std::size_t slotCountFor(std::size_t entries) {
 NodeIndex::NodeIndex(const Collection<Node>& nodes)
     : entries_(nodes.values_container()), slots_(slotCountFor(entries_.size())) {
   std::vector<std::uint64_t> hashes(entries_.size());
-  constexpr std::size_t entriesAtOnce = 1024;
-  foundation::parallelFor(
-      (entries_.size() + entriesAtOnce - 1) / entriesAtOnce, [&](std::size_t block) {
-        const std::size_t end = std::min(entries_.size(), (block + 1) * entriesAtOnce);
-        for (std::size_t i = block * entriesAtOnce; i < end; ++i) {
-          if (i + 8 < end) __builtin_prefetch(entries_[i + 8].first.data());
-          hashes[i] = TextHash()(entries_[i].first);
-        }
-      });
+  const auto hash = [&](std::size_t i) {
+    if (i + 8 < entries_.size()) __builtin_prefetch(entries_[i + 8].first.data());
+    hashes[i] = TextHash()(entries_[i].first);
+  };
+  foundation::parallelFor(entries_.size(), hash, 1024);
   const std::size_t mask = slots_.size() - 1;
   for (std::size_t i = 0; i < entries_.size(); ++i) {
     std::size_t slot = hashes[i] & mask;

@@ -31,11 +31,8 @@ class ReferenceVisitor {
 /// The text under a key of an object; nothing when there is none.
 std::optional<std::string_view> referenceIn(const RawData& data, std::string_view key);
 
-/// Visits the elements of the array under a key that are texts, in order.
-void forEachReference(const RawData& data, std::string_view key, ReferenceVisitor visit);
-
 /// Visits the texts under `member` of the elements of the array under a key, in order; elements
-/// without such a text are passed over.
+/// without such a text are passed over. An empty `member` means the elements themselves.
 void forEachReference(const RawData& data, std::string_view key, std::string_view member,
                       ReferenceVisitor visit);
 
@@ -45,12 +42,9 @@ struct References {
   std::vector<std::size_t> ends;
 };
 
-/// What `forEachReference` visits for each object; an empty `member` means the elements
-/// themselves. Much faster than one by one when the JSON is not in the cache.
+/// What `forEachReference` visits for each object. Much faster than one by one when the JSON is not
+/// in the cache.
 References referencesOf(std::span<const RawData* const> objects, std::string_view key,
                         std::string_view member);
-
-/// Sends for the members of objects that will be asked for soon.
-void prefetchMembers(std::span<const RawData* const> objects);
 
 }  // namespace orivanta

@@ -24,8 +24,7 @@ namespace orivanta {
 
 namespace {
 
-// Enough for their walks through memory to overlap, few enough to stay in the cache.
-constexpr std::size_t recordsAtOnce = 64;
+constexpr std::size_t recordsAtOnce = 512;
 
 template <class Record>
 using Entries = std::span<const std::pair<std::string, std::shared_ptr<Record>>>;
@@ -60,19 +59,15 @@ class Lookup {
   const std::shared_ptr<Record>* latest_ = nullptr;
 };
 
-// Calls a function with a few entries at a time, the place of the first, and where to find their
-// JSON. The calls are shared out: looking into the JSON takes most of the time of a join.
+// Calls a function with some entries at a time and the place of the first. The calls are shared
+// out: looking into the records' JSON takes most of the time of a join.
 template <class Record, class Function>
 void forEachBlock(const Collection<Record>& records, const Function& function) {
   const Entries<Record> entries = records.values_container();
   foundation::parallelFor(
       (entries.size() + recordsAtOnce - 1) / recordsAtOnce, [&](std::size_t block) {
         const std::size_t first = block * recordsAtOnce;
-        const auto some = entries.subspan(first, std::min(recordsAtOnce, entries.size() - first));
-        std::vector<const RawData*> data;
-        data.reserve(some.size());
-        for (const auto& entry : some) data.push_back(&entry.second->_data);
-        function(some, first, data);
+        function(entries.subspan(first, std::min(recordsAtOnce, entries.size() - first)), first);
       });
 }
 
@@ -88,32 +83,25 @@ struct NamedRecords {
   }
 };
 
-template <class Record>
-NamedRecords<Record> recordsNamedIn(std::span<const RawData* const> data, std::string_view key,
-                                    std::string_view member, const Collection<Record>& records) {
-  const auto [ids, ends] = referencesOf(data, key, member);
-  NamedRecords<Record> found;
-  found.records.reserve(ids.size());
-  Lookup<Record> lookup(records);
-  std::size_t next = 0;
-  for (const std::size_t end : ends) {
-    for (; next < end; ++next)
-      if (const auto* record = lookup(ids[next])) found.records.push_back(record);
-    found.ends.push_back(found.records.size());
-  }
-  return found;
-}
-
 // Finds what each record names in an array: hands it to `link(record, found)`, with several records
-// at once, and then to `linkBack(record, target)`, one after the other in the records' order.
+// at once, and then to `linkBack(record, target)`, one after the other in the records' order. An
+// empty `member` means that the elements are the names.
 template <class Record, class Target, class Link, class LinkBack>
 void linkNamed(const Collection<Record>& records, std::string_view key, std::string_view member,
                const Collection<Target>& targets, const Link& link, const LinkBack& linkBack) {
   std::vector<NamedRecords<Target>> blocks((records.size() + recordsAtOnce - 1) / recordsAtOnce);
-  forEachBlock(records, [&](Entries<Record> entries, std::size_t first, const auto& data) {
+  forEachBlock(records, [&](Entries<Record> entries, std::size_t first) {
     NamedRecords<Target>& found = blocks[first / recordsAtOnce];
-    found = recordsNamedIn(data, key, member, targets);
-    for (std::size_t i = 0; i < entries.size(); ++i) link(*entries[i].second, found.of(i));
+    found.records.reserve(entries.size());
+    found.ends.reserve(entries.size());
+    Lookup<Target> lookup(targets);
+    for (const auto& entry : entries) {
+      forEachReference(entry.second->_data, key, member, [&](std::string_view id) {
+        if (const auto* target = lookup(id)) found.records.push_back(target);
+      });
+      found.ends.push_back(found.records.size());
+      link(*entry.second, found.of(found.ends.size() - 1));
+    }
   });
   const auto& entries = records.values_container();
   for (std::size_t i = 0; i < entries.size(); ++i)
@@ -135,11 +123,13 @@ template <class Record>
 void linkMaps(Collection<Record>& records, const Collection<Map>& maps) {
   const auto& entries = records.values_container();
   std::vector<const std::shared_ptr<Map>*> found(entries.size());
-  forEachBlock(records, [&](Entries<Record>, std::size_t first, const auto& data) {
-    prefetchMembers(data);
+  forEachBlock(records, [&](Entries<Record> some, std::size_t first) {
     Lookup<Map> lookup(maps);
-    for (std::size_t i = 0; i < data.size(); ++i)
-      if (const auto id = referenceIn(*data[i], "map")) found[first + i] = lookup(*id);
+    constexpr std::size_t ahead = 8;
+    for (std::size_t i = 0; i < some.size(); ++i) {
+      if (i + ahead < some.size()) __builtin_prefetch(&some[i + ahead].second->_data);
+      if (const auto id = referenceIn(some[i].second->_data, "map")) found[first + i] = lookup(*id);
+    }
   });
   // By one thread: all count the owners of the same few maps.
   constexpr std::size_t ahead = 16;
@@ -236,7 +226,7 @@ bool linkVortexNodes(CollectionDictionary& collections, bool accessible) {
     Vortex& vortex = *entry.second;
     vortex.maps.clear();
     std::unordered_set<const Map*> seen;
-    forEachReference(vortex._data, "nodes", [&](std::string_view id) {
+    forEachReference(vortex._data, "nodes", "", [&](std::string_view id) {
       const auto node = named(*collections.nodes, id);
       if (!node) return;
       if (seen.insert(&foundation::unwrap(node->map)).second) vortex.maps.push_back(node->map);
