@@ -19,6 +19,8 @@ class VenueLoad {
   template <class Record>
   void receive(std::optional<Collection<Record>> CollectionDictionary::*field,
                Collection<Record> records) {
+    if (collections_.*field)
+      for (Join& join : joins_) join.ranEarly = false;
     collections_.*field = std::move(records);
     collectionReady();
   }

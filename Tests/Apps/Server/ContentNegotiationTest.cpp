@@ -39,6 +39,14 @@ TEST(ContentNegotiation, LanguagesAreLookedUpFromTheWantedToTheGeneral) {
         << row.header;
 }
 
+TEST(ContentNegotiation, LooksUpNoMoreLanguagesThanAnyoneSpeaks) {
+  std::string header = std::string(36, 'a') + ",";
+  for (int i = 0; i < 4000; ++i) header += fmt::format("l{},", i);
+  const auto tags = languagesToLookUp(header);
+  EXPECT_EQ(tags.size(), 64U);
+  EXPECT_EQ(tags.front(), "l0");
+}
+
 TEST(ContentNegotiation, EntityTagsAreComparedWeakly) {
   const std::string tag = entityTagOf("body");
   EXPECT_EQ(tag, R"("cd4de79bc6c93295-4")");
