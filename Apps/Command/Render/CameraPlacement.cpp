@@ -6,13 +6,19 @@
 
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
+#include "Source/Map.hpp"
 
 namespace orivanta::command {
 
 namespace {
 
-constexpr double margin = 1.25;
-constexpr double leastExtent = 240;  // scene units that are shown at least
+// How much of the surroundings is seen.
+struct Surroundings {
+  double margin;       // times the extent
+  double leastExtent;  // scene units that are shown at least
+};
+constexpr Surroundings ofFloor{1.04, 1};
+constexpr Surroundings ofPoints{1.25, 240};
 
 double radians(double degrees) { return degrees * std::numbers::pi / 180; }
 
@@ -44,24 +50,39 @@ double distanceFor(double width, double depth, const MapView& mapView, double ti
   return std::max(forWidth, forDepth) + depth * std::sin(tilt) / 2;
 }
 
-}  // namespace
-
-void turnCamera(MapView& mapView, const CameraAngles& angles) {
-  if (mapView.cameraOrbit) place(mapView, *mapView.cameraDistance, angles);
-}
-
 void lookAt(MapView& mapView, const std::vector<graphics::Vector3>& points,
-            const CameraAngles& angles) {
-  if (points.empty() || !mapView.cameraOrbit) return;
+            const CameraAngles& angles, const Surroundings& surroundings) {
   const double turn = radians(angles.turn);
   graphics::Box box;
   for (const auto& point : points) box.add(turned(point, turn));
   const graphics::Vector3 middle = turned(box.centre(), -turn);
   mapView.cameraOrbit->setPosition({middle.x, middle.y, 0});
   mapView.labelsOrbit->setPosition({middle.x, middle.y, 0});
-  const double width = std::max<double>(leastExtent, (box.max.x - box.min.x) * margin);
-  const double depth = std::max<double>(leastExtent, (box.max.y - box.min.y) * margin);
-  place(mapView, distanceFor(width, depth, mapView, radians(angles.tilt)), angles);
+  const auto extent = [&](float least, float most) {
+    return std::max<double>(surroundings.leastExtent, (most - least) * surroundings.margin);
+  };
+  place(mapView,
+        distanceFor(extent(box.min.x, box.max.x), extent(box.min.y, box.max.y), mapView,
+                    radians(angles.tilt)),
+        angles);
+}
+
+}  // namespace
+
+void lookAtFloor(MapView& mapView, const CameraAngles& angles) {
+  if (!mapView.cameraOrbit) return;
+  const graphics::Box box = mapView.currentMap()->mapObject->boundingBox();
+  lookAt(mapView,
+         {{box.min.x, box.min.y, 0},
+          {box.max.x, box.min.y, 0},
+          {box.min.x, box.max.y, 0},
+          {box.max.x, box.max.y, 0}},
+         angles, ofFloor);
+}
+
+void lookAt(MapView& mapView, const std::vector<graphics::Vector3>& points,
+            const CameraAngles& angles) {
+  if (!points.empty() && mapView.cameraOrbit) lookAt(mapView, points, angles, ofPoints);
 }
 
 }  // namespace orivanta::command

@@ -15,12 +15,12 @@ struct CameraAngles {
   double zoom = 1.0;
 };
 
-/// Turns and zooms about the middle of the floor, from the distance at which the map view began.
-/// Nothing before its scene is started.
-void turnCamera(MapView& mapView, const CameraAngles& angles);
+/// Looks at the middle of the floor now shown, from the distance at which it fills the view.
+/// Nothing before the map view has a scene.
+void lookAtFloor(MapView& mapView, const CameraAngles& angles);
 
-/// As above, but about the middle of some points, from the distance at which they fill the view
-/// with a margin, and not from nearer than shows their surroundings. Nothing without points.
+/// As above, at the middle of some points on the floor, with more around them, and not from nearer
+/// than shows their surroundings. Nothing without points.
 void lookAt(MapView& mapView, const std::vector<graphics::Vector3>& points,
             const CameraAngles& angles);
 

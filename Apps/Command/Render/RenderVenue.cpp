@@ -95,7 +95,7 @@ void showFloor(Stage& stage, const std::shared_ptr<Map>& floor, Contents& conten
   MapView& mapView = stage.mapView();
   if (mapView.currentMap() != floor) mapView.changeMap(floor);
   const CameraAngles angles{options.tilt, options.turn, options.zoom};
-  turnCamera(mapView, angles);
+  lookAtFloor(mapView, angles);
   contents.markers->show(mapView, options.scale);
   if (contents.route) {
     contents.route->show(mapView, options.scale);

@@ -25,6 +25,8 @@ class LoadedFlag : public MapViewDelegate {
   bool loaded = false;
 };
 
+constexpr graphics::Color background{0.945F, 0.953F, 0.961F};
+
 std::unique_ptr<render::OffscreenSurface> makeSurface(graphics::Size size, double scale) {
   auto surface =
       render::OffscreenSurface::make(static_cast<std::uint32_t>(std::lround(size.width * scale)),
@@ -43,6 +45,7 @@ Stage::Stage(graphics::Size size, double scale)
       surface_(makeSurface(size, scale)),
       renderer_(std::make_unique<render::Renderer>()),
       mapView_(MapView::make({{0, 0}, size})) {
+  mapView_->sceneView->setBackgroundColor(background);
   mapView_->layoutIfNeeded();
 }
 
