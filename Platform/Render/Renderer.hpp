@@ -5,17 +5,10 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Graphics/Geometry.hpp"
+#include "Platform/Render/FrameStatistics.hpp"
 #include "Platform/View/Fwd.hpp"
 
 namespace orivanta::render {
-
-/// Counted over one frame.
-struct FrameStatistics {
-  int drawCalls = 0;
-  int triangles = 0;
-  int shadowMapsDrawn = 0;
-  int bytesUploaded = 0;
-};
 
 /// Bound to the OpenGL ES context that is current when it is made; made, used and destroyed on a
 /// thread where that context is current. Keeps what it uploads as long as the scenes refer to it.
@@ -29,7 +22,10 @@ class ORIVANTA_API Renderer {
 
   /// Lays out and draws the view and everything below it into a framebuffer of `size` points times
   /// `scale` pixels, from its lower left corner. `framebuffer` is OpenGL's name for it, 0 being
-  /// the window's; its colours are taken to hold sRGB values as they are. `time`: seconds, rising.
+  /// the window's; its colours are taken to hold sRGB values as they are, multiplied by their
+  /// alpha, and it begins transparent. `time`: seconds, rising. Other threads may change scenes,
+  /// sprites and views meanwhile: their changes wait while the frame is gathered, and show in the
+  /// next one. Relies on no state of the context and leaves its own behind.
   void render(view::View& view, graphics::Size size, double scale, double time,
               unsigned framebuffer = 0);
 

@@ -1,0 +1,112 @@
+#include "Platform/Render/CanvasPainter.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "Platform/Render/SpriteGatherer.hpp"
+#include "Platform/View/SceneView.hpp"
+
+namespace orivanta::render {
+
+namespace {
+
+std::array<float, 4> multiplied(const graphics::Color& color, double alpha) {
+  const float a = color.alpha * static_cast<float>(alpha);
+  return {color.red * a, color.green * a, color.blue * a, a};
+}
+
+// A picture that is as large in pixels as its place is put on whole pixels, so that it stays sharp.
+void snapToPixels(QuadVertex& vertex, const graphics::Image& image) {
+  const std::array sides{image.width(), image.height()};
+  for (std::size_t axis = 0; axis < 2; ++axis)
+    if (std::abs(static_cast<float>(sides[axis]) - 2 * vertex.halfSize[axis]) > 0.01F) return;
+  for (std::size_t axis = 0; axis < 2; ++axis) {
+    const float half = static_cast<float>(sides[axis]) / 2;
+    vertex.halfSize[axis] = half;
+    vertex.centre[axis] = std::round(vertex.centre[axis] - half) + half;
+  }
+}
+
+}  // namespace
+
+void CanvasPainter::paint(view::View& view, graphics::Point origin, double alpha) {
+  alpha *= view.alpha();
+  if (view.isHidden() || alpha <= 0) return;
+  origin_ = origin;
+  alpha_ = alpha;
+  const bool clearsItself = dynamic_cast<view::SceneView*>(&view) != nullptr;
+  if (const auto background = view.backgroundColor(); background && !clearsItself)
+    fill(view.bounds(), *background, 0.0);
+  view.draw(*this);
+  for (const auto& child : view.subviews()) {
+    const graphics::Point offset = child->frame().origin;
+    paint(*child, {origin.x + offset.x, origin.y + offset.y}, alpha);
+  }
+}
+
+QuadVertex CanvasPainter::place(const graphics::Rect& rect) const {
+  QuadVertex vertex;
+  vertex.centre = {static_cast<float>((origin_.x + rect.midX()) * scale_),
+                   static_cast<float>((origin_.y + rect.midY()) * scale_)};
+  vertex.halfSize = {static_cast<float>(rect.size.width / 2 * scale_),
+                     static_cast<float>(rect.size.height / 2 * scale_)};
+  return vertex;
+}
+
+void CanvasPainter::fill(const graphics::Rect& rect, const graphics::Color& color,
+                         double cornerRadius) {
+  Quad quad{place(rect), nullptr, std::nullopt};
+  const auto& half = quad.vertex.halfSize;
+  if (!(half[0] > 0 && half[1] > 0)) return;
+  quad.vertex.color = multiplied(color, alpha_);
+  quad.vertex.cornerRadius =
+      std::clamp(static_cast<float>(cornerRadius * scale_), 0.0F, std::min(half[0], half[1]));
+  quads.push_back(quad);
+}
+
+void CanvasPainter::draw(const std::shared_ptr<const graphics::Image>& image,
+                         const graphics::Rect& rect, double alpha, double turn) {
+  Quad quad{place(rect), image, std::nullopt};
+  if (!image || !(quad.vertex.halfSize[0] > 0 && quad.vertex.halfSize[1] > 0)) return;
+  quad.vertex.color = multiplied(graphics::colors::white, alpha_ * alpha);
+  if (turn == 0)
+    snapToPixels(quad.vertex, *image);
+  else
+    quad.vertex.turn = {static_cast<float>(std::cos(turn)), static_cast<float>(std::sin(turn))};
+  quads.push_back(std::move(quad));
+}
+
+void CanvasPainter::draw(view::SceneView& view, const graphics::Rect& rect) {
+  const auto overlay = view.overlayScene();
+  if (auto* delegate = view.rendererDelegate(); delegate != nullptr && view.scene())
+    delegate->willRenderScene(view, view.scene(), time_);
+  if (overlay) overlay->update(time_);
+
+  Quad quad{place(rect), nullptr, scenes.size()};
+  const auto& half = quad.vertex.halfSize;
+  if (!(half[0] > 0 && half[1] > 0)) return;
+  quad.vertex.color = multiplied(graphics::colors::white, alpha_);
+  scenes.push_back({gatherer_.gather(view, time_),
+                    static_cast<std::uint32_t>(std::max(1L, std::lround(2 * half[0]))),
+                    static_cast<std::uint32_t>(std::max(1L, std::lround(2 * half[1])))});
+  quads.push_back(std::move(quad));
+  if (overlay) paintOverlay(view, rect);
+}
+
+void CanvasPainter::paintOverlay(const view::SceneView& view, const graphics::Rect& rect) {
+  const auto overlay = view.overlayScene();
+  const graphics::Size size = overlay->size();
+  if (!(size.width > 0 && size.height > 0)) return;
+  const double xStretch = rect.size.width / size.width;
+  const double yStretch = rect.size.height / size.height;
+  for (const PlacedSprite& sprite : gatherSprites(*overlay, scale_ * yStretch)) {
+    const graphics::Rect frame{
+        {rect.minX() + sprite.frame.minX() * xStretch,
+         rect.maxY() - sprite.frame.maxY() * yStretch},
+        {sprite.frame.size.width * xStretch, sprite.frame.size.height * yStretch}};
+    draw(sprite.image, frame, sprite.alpha, 0.0);
+  }
+}
+
+}  // namespace orivanta::render

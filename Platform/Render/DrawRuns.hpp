@@ -1,0 +1,50 @@
+// Parts of a mesh gathered into few draws.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <vector>
+
+#include "Platform/Graphics/Vector.hpp"
+
+namespace orivanta::render {
+
+/// A run of a mesh's indices; runs of one mesh follow one another without gaps.
+struct MeshPart {
+  std::uint32_t firstIndex;
+  std::uint32_t indexCount;
+  graphics::Box box;  ///< in the mesh's space
+};
+
+struct Run {
+  std::uint32_t firstIndex;
+  std::uint32_t indexCount;
+  friend bool operator==(const Run&, const Run&) = default;
+};
+
+enum class Choice {
+  leave,  ///< must not be drawn
+  allow,  ///< need not be drawn: out of sight
+  draw
+};
+
+/// Few runs that cover all parts to draw and none to leave. Short stretches of what need not be
+/// drawn are drawn along where that saves a run.
+std::vector<Run> chooseRuns(std::span<const MeshPart> parts,
+                            const std::function<Choice(std::size_t part)>& choose);
+
+/// What a camera sees, as six planes of the mesh's space.
+class Frustum {
+ public:
+  /// `toClip`: from the mesh's space to clip space.
+  explicit Frustum(const graphics::Matrix4& toClip);
+
+  /// False only for a box that is wholly outside of one plane.
+  bool sees(const graphics::Box& box) const;
+
+ private:
+  graphics::Vector4 planes_[6];
+};
+
+}  // namespace orivanta::render

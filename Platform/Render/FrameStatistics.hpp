@@ -1,0 +1,14 @@
+// What a frame cost.
+#pragma once
+
+namespace orivanta::render {
+
+/// Counted over one frame.
+struct FrameStatistics {
+  int drawCalls = 0;
+  int triangles = 0;
+  int shadowMapsDrawn = 0;
+  int bytesUploaded = 0;  ///< vertices, indices and textures
+};
+
+}  // namespace orivanta::render

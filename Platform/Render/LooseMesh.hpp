@@ -1,0 +1,51 @@
+// The geometries of single nodes, merged so that hundreds of small ones are drawn in few calls.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "Platform/Render/Mesh.hpp"
+#include "Platform/Render/SceneSnapshot.hpp"
+
+namespace orivanta::render {
+
+/// Holds vertices in the scene's space. A list that begins as the last one did keeps that part of
+/// its mesh; a node that only moved has its own vertices replaced.
+class LooseMesh {
+ public:
+  /// Puts the parts into the order in which they are merged, and their looks into `looks`.
+  void update(std::vector<LoosePart> parts, FrameStatistics& statistics);
+
+  bool isEmpty() const { return merged_.empty(); }
+  const Mesh& mesh() const { return *mesh_; }
+  std::span<const PartLook> looks() const { return looks_; }
+
+ private:
+  struct Merged {
+    std::shared_ptr<const scene::Geometry> geometry;
+    std::size_t element;
+    graphics::Matrix4 world;
+    std::size_t firstVertex;
+    std::size_t vertexCount;
+    std::size_t firstIndex;
+    graphics::Box box;
+
+    bool isOf(const LoosePart& part) const {
+      return geometry == part.geometry && element == part.element;
+    }
+  };
+
+  void rebuildFrom(std::size_t first, const std::vector<LoosePart>& parts,
+                   FrameStatistics& statistics);
+  void append(const LoosePart& part);
+  void move(std::size_t place, const graphics::Matrix4& world, FrameStatistics& statistics);
+
+  std::optional<Mesh> mesh_;
+  std::vector<Merged> merged_;
+  std::vector<Mesh::Vertex> vertices_;
+  std::vector<std::uint32_t> indices_;
+  std::vector<PartLook> looks_;
+};
+
+}  // namespace orivanta::render

@@ -1,0 +1,153 @@
+#include "Platform/Render/MeshShaders.hpp"
+
+#include <fmt/core.h>
+
+#include "Platform/Render/Mesh.hpp"
+
+namespace orivanta::render {
+
+namespace {
+
+constexpr std::string_view litVertex = R"(
+layout(location = 0) in vec3 position;
+layout(location = 1) in vec3 normal;
+layout(location = 2) in vec2 textureCoordinate;
+layout(location = 3) in uint part;
+uniform mat4 meshToView;
+uniform mat4 viewToClip;
+uniform sampler2D partColors;
+uniform sampler2D partPlacements;
+out vec3 viewPosition;
+out vec3 viewNormal;
+out vec2 imagePoint;
+flat out vec4 partColor;
+
+void main() {
+  vec4 viewPoint = meshToView * vec4(position, 1.0);
+  viewPosition = viewPoint.xyz;
+  viewNormal = mat3(meshToView) * normal;
+  ivec2 place = ivec2(int(part) % PARTS_PER_ROW, int(part) / PARTS_PER_ROW);
+  partColor = texelFetch(partColors, place, 0);
+#ifdef TEXTURED
+  vec4 point = vec4(textureCoordinate, 0.0, 1.0);
+  imagePoint = vec2(dot(texelFetch(partPlacements, ivec2(2 * place.x, place.y), 0), point),
+                    dot(texelFetch(partPlacements, ivec2(2 * place.x + 1, place.y), 0), point));
+#endif
+  gl_Position = viewToClip * viewPoint;
+}
+)";
+
+// The surface reflects what falls on it evenly in all directions (Lambert), in linear space. More
+// light than full makes nothing brighter, so that a colour lit fully is shown as it is.
+constexpr std::string_view litFragment = R"(
+in vec3 viewPosition;
+in vec3 viewNormal;
+in vec2 imagePoint;
+flat in vec4 partColor;
+uniform sampler2D image;
+uniform vec3 ambient;
+#if LIGHTS > 0
+uniform vec4 lightPlaces[LIGHTS];      // a position and 1, or the way to a light far away and 0
+uniform vec4 lightDirections[LIGHTS];  // where a cone points, and the cosine at its outer edge
+uniform vec4 lightColors[LIGHTS];      // and the cosine at the inner edge of the cone
+#endif
+uniform sampler2DShadow shadowMap;
+uniform mat4 viewToShadow;
+uniform float shadowOffset;
+out vec4 color;
+
+// Normals are towards whoever looks, wherever a triangle's corners begin; where there is none, it
+// is the triangle's own.
+vec3 surfaceNormal() {
+  vec3 n = dot(viewNormal, viewNormal) > 0.25
+      ? viewNormal : cross(dFdx(viewPosition), dFdy(viewPosition));
+  return normalize(dot(n, viewPosition) > 0.0 ? -n : n);
+}
+
+// Four filtered comparisons, half a texel off the middle: a soft edge over 3 by 3 texels.
+float lightThroughShadow(vec3 n) {
+#ifdef SHADOWED
+  vec3 p = (viewToShadow * vec4(viewPosition + n * shadowOffset, 1.0)).xyz;
+  if (any(lessThan(p.xy, vec2(0.0))) || any(greaterThan(p.xy, vec2(1.0)))) return 1.0;
+  float h = 0.5 / float(SHADOW_SIDE);
+  return 0.25 * (texture(shadowMap, p + vec3(-h, -h, 0.0)) + texture(shadowMap, p + vec3(h, -h, 0.0)) +
+                 texture(shadowMap, p + vec3(-h, h, 0.0)) + texture(shadowMap, p + vec3(h, h, 0.0)));
+#else
+  return 1.0;
+#endif
+}
+
+vec3 incomingLight() {
+  vec3 sum = ambient;
+#if LIGHTS > 0
+  vec3 n = surfaceNormal();
+  for (int i = 0; i < LIGHTS; ++i) {
+    vec3 way = normalize(lightPlaces[i].xyz - lightPlaces[i].w * viewPosition);
+    float share = dot(n, way);
+    if (share <= 0.0) continue;
+    if (lightPlaces[i].w > 0.0)
+      share *= smoothstep(lightDirections[i].w, lightColors[i].w, -dot(way, lightDirections[i].xyz));
+    if (i == 0) share *= lightThroughShadow(n);
+    sum += share * lightColors[i].rgb;
+  }
+#endif
+  return min(sum, vec3(1.0));
+}
+
+void main() {
+#ifdef TEXTURED
+  vec4 surface = texture(image, imagePoint) * partColor.a;
+#else
+  vec4 surface = vec4(partColor.rgb * partColor.a, partColor.a);
+#endif
+  color = vec4(surface.rgb * incomingLight(), surface.a);
+}
+)";
+
+constexpr std::string_view depthVertex = R"(
+layout(location = 0) in vec3 position;
+uniform mat4 meshToClip;
+
+void main() { gl_Position = meshToClip * vec4(position, 1.0); }
+)";
+
+constexpr std::string_view depthFragment = "void main() {}\n";
+
+std::string definitionsFor(const MeshFeatures& features) {
+  return fmt::format("{}{}#define LIGHTS {}\n#define PARTS_PER_ROW {}\n#define SHADOW_SIDE {}\n",
+                     features.textured ? "#define TEXTURED\n" : "",
+                     features.shadowed ? "#define SHADOWED\n" : "", features.lights,
+                     Mesh::partsPerRow, shadowMapSide);
+}
+
+}  // namespace
+
+MeshProgram::MeshProgram(const MeshFeatures& features)
+    : program(definitionsFor(features), litVertex, litFragment),
+      meshToView(program.uniform("meshToView")),
+      viewToClip(program.uniform("viewToClip")),
+      ambient(program.uniform("ambient")),
+      lightPlaces(program.uniform("lightPlaces")),
+      lightDirections(program.uniform("lightDirections")),
+      lightColors(program.uniform("lightColors")),
+      viewToShadow(program.uniform("viewToShadow")),
+      shadowOffset(program.uniform("shadowOffset")) {
+  program.setSampler("partColors", meshUnits::colors);
+  program.setSampler("partPlacements", meshUnits::placements);
+  program.setSampler("image", meshUnits::image);
+  program.setSampler("shadowMap", meshUnits::shadow);
+}
+
+DepthProgram::DepthProgram()
+    : program({}, depthVertex, depthFragment), meshToClip(program.uniform("meshToClip")) {}
+
+const MeshProgram& MeshShaders::lit(const MeshFeatures& features) {
+  return lit_.try_emplace(features, features).first->second;
+}
+
+const DepthProgram& MeshShaders::depth() {
+  if (!depth_) depth_ = std::make_unique<DepthProgram>();
+  return *depth_;
+}
+
+}  // namespace orivanta::render

@@ -1,0 +1,59 @@
+#include "Platform/Render/PartLook.hpp"
+
+#include <algorithm>
+
+#include "Platform/Scene/Geometry.hpp"
+#include "Platform/Scene/Node.hpp"
+
+namespace orivanta::render {
+
+namespace {
+
+std::uint8_t byteOf(float component) {
+  return static_cast<std::uint8_t>(std::clamp(component, 0.0F, 1.0F) * 255.0F + 0.5F);
+}
+
+// Rows from the top, while v runs upwards.
+Placement placementOf(const graphics::Matrix4& matrix) {
+  return {matrix[0][0],  matrix[1][0],  matrix[2][0],  matrix[3][0],
+          -matrix[0][1], -matrix[1][1], -matrix[2][1], 1.0F - matrix[3][1]};
+}
+
+std::shared_ptr<scene::Material> materialOf(const scene::Geometry& geometry, std::size_t element) {
+  if (element == 0) return geometry.firstMaterial();
+  const auto materials = geometry.materials();
+  return materials.empty() ? nullptr : materials[element % materials.size()];
+}
+
+void paint(PartLook& look, scene::Material& material, double time) {
+  scene::MaterialProperty diffuse = material.presentedDiffuse(time);
+  float alpha = material.opacity();
+  if (const auto* color = std::get_if<graphics::Color>(&diffuse.contents)) {
+    alpha *= color->alpha;
+    look.color = {byteOf(color->red), byteOf(color->green), byteOf(color->blue), byteOf(alpha)};
+  } else {
+    look.color[3] = byteOf(alpha);
+    look.image = std::move(std::get<std::shared_ptr<const graphics::Image>>(diffuse.contents));
+    look.wrapS = diffuse.wrapS;
+    look.wrapT = diffuse.wrapT;
+    look.placement = placementOf(diffuse.contentsTransform);
+  }
+  look.translucent = look.color[3] < 255 || (look.image && !look.image->isOpaque());
+}
+
+}  // namespace
+
+PartLook lookOf(const scene::Node& node, const scene::Geometry& geometry, std::size_t element,
+                double time) {
+  PartLook look;
+  if (node.isHidden()) {
+    look.visible = false;
+    return look;
+  }
+  look.castsShadow = node.castsShadow();
+  if (const auto material = materialOf(geometry, element)) paint(look, *material, time);
+  look.visible = look.color[3] > 0;
+  return look;
+}
+
+}  // namespace orivanta::render

@@ -1,0 +1,79 @@
+#include "Platform/Render/Program.hpp"
+
+#include <fmt/core.h>
+
+#include <array>
+
+#include "Platform/Foundation/Fatal.hpp"
+
+namespace orivanta::render {
+
+namespace {
+
+constexpr std::string_view preamble = R"(#version 300 es
+precision highp float;
+precision highp int;
+precision highp sampler2D;
+precision highp sampler2DShadow;
+)";
+
+template <class Get, class Read>
+std::string logOf(GLuint name, Get get, Read read) {
+  GLint length = 0;
+  get(name, GL_INFO_LOG_LENGTH, &length);
+  std::string log(static_cast<std::size_t>(length), '\0');
+  read(name, length, nullptr, log.data());
+  return log;
+}
+
+GLuint compile(GLenum kind, std::string_view definitions, std::string_view source) {
+  const std::array<std::string_view, 3> parts{preamble, definitions, source};
+  std::array<const char*, 3> texts{};
+  std::array<GLint, 3> lengths{};
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    texts[i] = parts[i].data();
+    lengths[i] = static_cast<GLint>(parts[i].size());
+  }
+  const GLuint shader = glCreateShader(kind);
+  glShaderSource(shader, static_cast<GLsizei>(texts.size()), texts.data(), lengths.data());
+  glCompileShader(shader);
+  GLint succeeded = 0;
+  glGetShaderiv(shader, GL_COMPILE_STATUS, &succeeded);
+  if (succeeded == 0)
+    foundation::fatalError(fmt::format("the driver refuses a shader: {}",
+                                       logOf(shader, glGetShaderiv, glGetShaderInfoLog)));
+  return shader;
+}
+
+}  // namespace
+
+Program::Program(std::string_view definitions, std::string_view vertex, std::string_view fragment)
+    : name_(glCreateProgram()) {
+  const std::array shaders{compile(GL_VERTEX_SHADER, definitions, vertex),
+                           compile(GL_FRAGMENT_SHADER, definitions, fragment)};
+  for (const GLuint shader : shaders) glAttachShader(name_, shader);
+  glLinkProgram(name_);
+  for (const GLuint shader : shaders) glDeleteShader(shader);
+  GLint succeeded = 0;
+  glGetProgramiv(name_, GL_LINK_STATUS, &succeeded);
+  if (succeeded == 0)
+    foundation::fatalError(fmt::format("the driver refuses a program: {}",
+                                       logOf(name_, glGetProgramiv, glGetProgramInfoLog)));
+}
+
+Program::~Program() { glDeleteProgram(name_); }
+
+void Program::set(GLint uniform, const graphics::Matrix4& matrix) const {
+  glUniformMatrix4fv(uniform, 1, GL_FALSE, &matrix[0][0]);
+}
+
+void Program::set(GLint uniform, const graphics::Vector3& vector) const {
+  glUniform3f(uniform, vector.x, vector.y, vector.z);
+}
+
+void Program::setSampler(const char* name, GLint unit) const {
+  use();
+  glUniform1i(uniform(name), unit);
+}
+
+}  // namespace orivanta::render

@@ -1,0 +1,38 @@
+// A shader program.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "Platform/Graphics/Vector.hpp"
+#include "Platform/Render/Gl.hpp"
+
+namespace orivanta::render {
+
+/// GLSL ES 3.00, with high precision throughout. Setting a uniform needs `use` before; one that
+/// the program does not have is passed over.
+class Program {
+ public:
+  /// `definitions` (lines of #define) come before both sources, which have no #version of their
+  /// own. A shader that the driver refuses is a fatal error.
+  Program(std::string_view definitions, std::string_view vertex, std::string_view fragment);
+  ~Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  void use() const { glUseProgram(name_); }
+  GLint uniform(const char* name) const { return glGetUniformLocation(name_, name); }
+
+  void set(GLint uniform, const graphics::Matrix4& matrix) const;
+  void set(GLint uniform, const graphics::Vector3& vector) const;
+  void set(GLint uniform, float x, float y) const { glUniform2f(uniform, x, y); }
+  void set(GLint uniform, float value) const { glUniform1f(uniform, value); }
+
+  /// The texture unit of a sampler; binds the program.
+  void setSampler(const char* name, GLint unit) const;
+
+ private:
+  GLuint name_;
+};
+
+}  // namespace orivanta::render

@@ -1,0 +1,145 @@
+#include "Platform/Render/QuadDrawing.hpp"
+
+#include <array>
+#include <cstddef>
+
+namespace orivanta::render {
+
+namespace {
+
+// Corners reach a pixel beyond the edges, for the part of an edge's pixels that it covers.
+constexpr std::string_view vertexSource = R"(
+layout(location = 0) in vec2 centre;
+layout(location = 1) in vec2 halfSize;
+layout(location = 2) in vec2 turn;
+layout(location = 3) in float cornerRadius;
+layout(location = 4) in vec4 color;
+uniform vec2 pictureSize;
+out vec2 point;  // pixels from the centre, along the rectangle's own axes
+flat out vec2 reach;
+flat out float radius;
+flat out vec4 tint;
+
+void main() {
+  point = (vec2(gl_VertexID & 1, gl_VertexID >> 1) * 2.0 - 1.0) * (halfSize + 1.0);
+  reach = halfSize;
+  radius = cornerRadius;
+  tint = color;
+  vec2 pixel = centre + vec2(turn.x * point.x - turn.y * point.y, turn.y * point.x + turn.x * point.y);
+  gl_Position = vec4(2.0 * pixel.x / pictureSize.x - 1.0, 1.0 - 2.0 * pixel.y / pictureSize.y, 0.0, 1.0);
+}
+)";
+
+constexpr std::string_view fragmentSource = R"(
+in vec2 point;
+flat in vec2 reach;
+flat in float radius;
+flat in vec4 tint;
+uniform sampler2D contents;
+out vec4 color;
+
+#ifdef SCENE
+vec3 encode(vec3 linear) {
+  return mix(1.055 * pow(linear, vec3(1.0 / 2.4)) - 0.055, linear * 12.92,
+             vec3(lessThanEqual(linear, vec3(0.0031308))));
+}
+#endif
+
+void main() {
+  // Distance to the rounded edge, negative inside.
+  vec2 q = abs(point) - reach + radius;
+  float distance = length(max(q, 0.0)) + min(max(q.x, q.y), 0.0) - radius;
+  color = tint * clamp(0.5 - distance, 0.0, 1.0);
+#if defined(IMAGE)
+  color *= texture(contents, point / (2.0 * reach) + 0.5);
+#elif defined(SCENE)
+  vec4 lit = texture(contents, vec2(0.5, -0.5) * point / reach + 0.5);
+  color *= vec4(encode(lit.rgb / max(lit.a, 1.0 / 255.0)) * lit.a, lit.a);
+#endif
+}
+)";
+
+bool haveSameContents(const Quad& a, const Quad& b) {
+  return a.image == b.image && a.scene == b.scene;
+}
+
+bool shrinks(const Quad& quad) {
+  return static_cast<float>(quad.image->width()) > 2.5F * quad.vertex.halfSize[0] ||
+         static_cast<float>(quad.image->height()) > 2.5F * quad.vertex.halfSize[1];
+}
+
+}  // namespace
+
+QuadDrawing::Variant::Variant(std::string_view definitions)
+    : program(definitions, vertexSource, fragmentSource),
+      pictureSize(program.uniform("pictureSize")) {
+  program.setSampler("contents", 0);
+}
+
+QuadDrawing::QuadDrawing(ImageTextures& images)
+    : images_(images), plain_(""), withImage_("#define IMAGE\n"), withScene_("#define SCENE\n") {
+  glBindVertexArray(vertexArray_.get());
+  for (GLuint attribute = 0; attribute < 5; ++attribute) {
+    glEnableVertexAttribArray(attribute);
+    glVertexAttribDivisor(attribute, 1);
+  }
+}
+
+void QuadDrawing::draw(std::span<const Quad> quads, std::span<const SceneTarget> scenes,
+                       GLsizei width, GLsizei height, FrameStatistics& statistics) {
+  if (quads.empty()) return;
+  vertices_.clear();
+  for (const Quad& quad : quads) vertices_.push_back(quad.vertex);
+  glBindVertexArray(vertexArray_.get());
+  glBindBuffer(GL_ARRAY_BUFFER, buffer_.get());
+  const std::size_t bytes = vertices_.size() * sizeof(QuadVertex);
+  glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(bytes), vertices_.data(), GL_STREAM_DRAW);
+  statistics.bytesUploaded += static_cast<int>(bytes);
+
+  glViewport(0, 0, width, height);
+  glDisable(GL_DEPTH_TEST);
+  glEnable(GL_BLEND);
+  glBlendFunc(GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+  glActiveTexture(GL_TEXTURE0);
+  for (std::size_t first = 0; first < quads.size();) {
+    std::size_t end = first + 1;
+    while (end < quads.size() && haveSameContents(quads[end], quads[first])) ++end;
+    const Variant& variant = variantFor(quads[first]);
+    variant.program.use();
+    variant.program.set(variant.pictureSize, static_cast<float>(width), static_cast<float>(height));
+    bindContents(quads[first], scenes, statistics);
+    pointAttributesAt(first);
+    glDrawArraysInstanced(GL_TRIANGLE_STRIP, 0, 4, static_cast<GLsizei>(end - first));
+    ++statistics.drawCalls;
+    statistics.triangles += static_cast<int>(2 * (end - first));
+    first = end;
+  }
+  glDisable(GL_BLEND);
+}
+
+const QuadDrawing::Variant& QuadDrawing::variantFor(const Quad& quad) const {
+  if (quad.scene) return withScene_;
+  return quad.image ? withImage_ : plain_;
+}
+
+void QuadDrawing::bindContents(const Quad& quad, std::span<const SceneTarget> scenes,
+                               FrameStatistics& statistics) {
+  if (quad.scene)
+    glBindTexture(GL_TEXTURE_2D, scenes[*quad.scene].texture());
+  else if (quad.image)
+    images_.bind(quad.image, TexelSpace::encoded, shrinks(quad), statistics);
+}
+
+void QuadDrawing::pointAttributesAt(std::size_t firstQuad) {
+  const auto point = [&](GLuint attribute, GLint components, std::size_t member) {
+    glVertexAttribPointer(attribute, components, GL_FLOAT, GL_FALSE, sizeof(QuadVertex),
+                          gl::offset(firstQuad * sizeof(QuadVertex) + member));
+  };
+  point(0, 2, offsetof(QuadVertex, centre));
+  point(1, 2, offsetof(QuadVertex, halfSize));
+  point(2, 2, offsetof(QuadVertex, turn));
+  point(3, 1, offsetof(QuadVertex, cornerRadius));
+  point(4, 4, offsetof(QuadVertex, color));
+}
+
+}  // namespace orivanta::render

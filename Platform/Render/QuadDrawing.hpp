@@ -1,0 +1,48 @@
+// Draws the rectangles of a frame's 2D picture.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "Platform/Render/FrameStatistics.hpp"
+#include "Platform/Render/Gl.hpp"
+#include "Platform/Render/ImageTextures.hpp"
+#include "Platform/Render/Program.hpp"
+#include "Platform/Render/Quad.hpp"
+#include "Platform/Render/SceneTarget.hpp"
+
+namespace orivanta::render {
+
+/// Later ones cover earlier ones; neighbours with the same contents share a draw. Colours are
+/// blended as sRGB encodes them.
+class QuadDrawing {
+ public:
+  explicit QuadDrawing(ImageTextures& images);
+
+  /// Into the framebuffer that is bound, of which the picture takes the lower left `width` by
+  /// `height` pixels. `scenes` are finished.
+  void draw(std::span<const Quad> quads, std::span<const SceneTarget> scenes, GLsizei width,
+            GLsizei height, FrameStatistics& statistics);
+
+ private:
+  struct Variant {
+    explicit Variant(std::string_view definitions);
+    Program program;
+    GLint pictureSize;
+  };
+
+  const Variant& variantFor(const Quad& quad) const;
+  void bindContents(const Quad& quad, std::span<const SceneTarget> scenes,
+                    FrameStatistics& statistics);
+  static void pointAttributesAt(std::size_t firstQuad);
+
+  ImageTextures& images_;
+  Variant plain_;
+  Variant withImage_;
+  Variant withScene_;
+  gl::VertexArray vertexArray_;
+  gl::Buffer buffer_;
+  std::vector<QuadVertex> vertices_;
+};
+
+}  // namespace orivanta::render

@@ -1,0 +1,24 @@
+// A mesh as it stands in a scene for one frame.
+#pragma once
+
+#include <span>
+
+#include "Platform/Graphics/Vector.hpp"
+#include "Platform/Render/Mesh.hpp"
+#include "Platform/Render/PartLook.hpp"
+
+namespace orivanta::render {
+
+/// Refers to what the frame's drawing keeps.
+struct SceneMesh {
+  const Mesh* mesh;
+  std::span<const PartLook> looks;  ///< one a part
+  graphics::Matrix4 world;
+
+  std::span<const MeshPart> parts() const { return mesh->parts(); }
+};
+
+/// Around a box in another space.
+graphics::Box transformed(const graphics::Box& box, const graphics::Matrix4& matrix);
+
+}  // namespace orivanta::render

@@ -1,0 +1,167 @@
+#include "Platform/Render/ScenePass.hpp"
+
+#include <algorithm>
+#include <functional>
+#include <glm/matrix.hpp>
+#include <limits>
+#include <tuple>
+#include <utility>
+
+namespace orivanta::render {
+
+namespace {
+
+bool isOpaqueColor(const PartLook& look) {
+  return look.visible && !look.translucent && !look.image;
+}
+bool isOpaqueImage(const PartLook& look) { return look.visible && !look.translucent && look.image; }
+
+auto imageKey(const PartLook& look) { return std::tuple(look.image.get(), look.wrapS, look.wrapT); }
+
+graphics::Box boxOf(std::span<const MeshPart> parts) {
+  graphics::Box box;
+  for (const MeshPart& part : parts) box.add(part.box);
+  return box;
+}
+
+}  // namespace
+
+ScenePass::ScenePass(const SceneSight& sight, std::span<const SceneMesh> meshes,
+                     MeshShaders& shaders, ImageTextures& images, FrameStatistics& statistics)
+    : view_(sight.view),
+      projection_(sight.projection),
+      lighting_(sight.lighting),
+      shadows_(sight.shadows),
+      meshes_(meshes),
+      shaders_(shaders),
+      images_(images),
+      statistics_(statistics) {
+  for (const SceneMesh& mesh : meshes_) frusta_.emplace_back(projection_ * view_ * mesh.world);
+  tightenDepth();
+}
+
+// The camera's planes often leave much room around the scene; depth is told apart more finely when
+// they lie close around what there is. The picture is the same.
+void ScenePass::tightenDepth() {
+  graphics::Box box;  // in the camera's space
+  for (const SceneMesh& mesh : meshes_)
+    box.add(transformed(boxOf(mesh.parts()), view_ * mesh.world));
+  if (box.isEmpty()) return;
+  const float a = projection_[2][2];
+  const float b = projection_[3][2];
+  const float near = std::max(b / (a - 1), -box.max.z * 0.99F);
+  const float far = std::min(b / (a + 1), -box.min.z * 1.01F);
+  if (near >= far) return;
+  projection_[2][2] = (near + far) / (near - far);
+  projection_[3][2] = 2 * near * far / (near - far);
+}
+
+void ScenePass::draw() {
+  if (shadows_ != nullptr) shadows_->bind(meshUnits::shadow);
+  glEnable(GL_DEPTH_TEST);
+  glDepthFunc(GL_LEQUAL);
+  glDisable(GL_CULL_FACE);
+  glDisable(GL_BLEND);
+  drawOpaqueColors();
+  drawOpaqueImages();
+  drawTranslucent();
+  glBindSampler(meshUnits::image, 0);
+}
+
+bool ScenePass::sees(const SceneMesh& mesh, std::size_t part) const {
+  return frusta_[static_cast<std::size_t>(&mesh - meshes_.data())].sees(mesh.parts()[part].box);
+}
+
+void ScenePass::drawOpaqueColors() {
+  for (const SceneMesh& mesh : meshes_) {
+    const auto runs = chooseRuns(mesh.parts(), [&](std::size_t part) {
+      if (!isOpaqueColor(mesh.looks[part])) return Choice::leave;
+      return sees(mesh, part) ? Choice::draw : Choice::allow;
+    });
+    if (runs.empty()) continue;
+    use(false);
+    bindMesh(mesh);
+    Mesh::draw(runs, statistics_);
+  }
+}
+
+// Parts with the same image that lie side by side in a mesh share a draw.
+void ScenePass::drawOpaqueImages() {
+  for (const SceneMesh& mesh : meshes_) {
+    std::size_t part = 0;
+    const std::size_t count = mesh.looks.size();
+    while (part < count) {
+      if (!isOpaqueImage(mesh.looks[part])) {
+        ++part;
+        continue;
+      }
+      const std::size_t first = part;
+      const auto isAlike = [&](std::size_t i) {
+        return isOpaqueImage(mesh.looks[i]) &&
+               imageKey(mesh.looks[i]) == imageKey(mesh.looks[first]);
+      };
+      while (part < count && isAlike(part)) ++part;
+      const auto runs = chooseRuns(mesh.parts().subspan(first, part - first), [&](std::size_t i) {
+        return sees(mesh, first + i) ? Choice::draw : Choice::allow;
+      });
+      if (runs.empty()) continue;
+      use(true);
+      bindMesh(mesh);
+      bindImage(mesh.looks[first]);
+      Mesh::draw(runs, statistics_);
+    }
+  }
+}
+
+// Back to front by the middle of each part's box, without a trace in the depth buffer.
+void ScenePass::drawTranslucent() {
+  std::vector<std::pair<float, Place>> places;
+  for (const SceneMesh& mesh : meshes_)
+    for (std::size_t part = 0; part < mesh.looks.size(); ++part) {
+      if (!mesh.looks[part].visible || !mesh.looks[part].translucent || !sees(mesh, part)) continue;
+      const graphics::Vector4 middle(mesh.parts()[part].box.centre(), 1.0F);
+      places.push_back({(view_ * (mesh.world * middle)).z, {&mesh, part}});
+    }
+  if (places.empty()) return;
+  std::stable_sort(places.begin(), places.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  glEnable(GL_BLEND);
+  glBlendFunc(GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+  glDepthMask(GL_FALSE);
+  for (const auto& [depth, place] : places) {
+    const PartLook& look = place.mesh->looks[place.part];
+    use(look.image != nullptr);
+    bindMesh(*place.mesh);
+    if (look.image) bindImage(look);
+    const MeshPart& part = place.mesh->parts()[place.part];
+    const Run run{part.firstIndex, part.indexCount};
+    Mesh::draw({&run, 1}, statistics_);
+  }
+  glDepthMask(GL_TRUE);
+  glDisable(GL_BLEND);
+}
+
+void ScenePass::use(bool textured) {
+  const MeshProgram& program = shaders_.lit({textured, shadows_ != nullptr, lighting_.count()});
+  if (program_ == &program) return;
+  program_ = &program;
+  program.program.use();
+  program.program.set(program.viewToClip, projection_);
+  lighting_.setUniforms(program);
+  if (shadows_ == nullptr) return;
+  program.program.set(program.viewToShadow, shadows_->sceneToMap() * glm::inverse(view_));
+  program.program.set(program.shadowOffset, shadows_->offset());
+}
+
+void ScenePass::bindMesh(const SceneMesh& mesh) {
+  mesh.mesh->bind();
+  program_->program.set(program_->meshToView, view_ * mesh.world);
+}
+
+void ScenePass::bindImage(const PartLook& look) {
+  glActiveTexture(GL_TEXTURE0 + meshUnits::image);
+  images_.bind(look.image, TexelSpace::linear, true, statistics_);
+  images_.bindSampler(meshUnits::image, look.wrapS, look.wrapT);
+}
+
+}  // namespace orivanta::render

@@ -1,0 +1,97 @@
+#include "Platform/Render/SceneRenderer.hpp"
+
+#include <utility>
+
+#include "Platform/Render/Lighting.hpp"
+#include "Platform/Render/ScenePass.hpp"
+#include "Platform/Render/Srgb.hpp"
+
+namespace orivanta::render {
+
+namespace {
+
+void clear(const graphics::Color& background) {
+  const graphics::Vector3 color = linearOf(background) * background.alpha;
+  glDisable(GL_SCISSOR_TEST);
+  glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+  glDepthMask(GL_TRUE);
+  glClearColor(color.x, color.y, color.z, background.alpha);
+  glClearDepthf(1.0F);
+  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+}
+
+std::vector<MeshPart> partsOf(const scene::Batch& batch) {
+  std::vector<MeshPart> parts;
+  parts.reserve(batch.parts().size());
+  for (const auto& part : batch.parts())
+    parts.push_back({part.firstIndex, part.indexCount, part.box});
+  return parts;
+}
+
+// Removes the entries whose owner, a weak handle, is gone.
+template <class Entries, class Owner>
+void removeOrphans(Entries& entries, Owner owner) {
+  for (auto entry = entries.begin(); entry != entries.end();)
+    entry = (entry->second.*owner).expired() ? entries.erase(entry) : std::next(entry);
+}
+
+}  // namespace
+
+SceneRenderer::SceneRenderer(ImageTextures& images) : images_(images) {}
+
+void SceneRenderer::render(SceneSnapshot snapshot, const SceneTarget& target,
+                           FrameStatistics& statistics) {
+  std::vector<SceneMesh> meshes;
+  const Lighting lighting(snapshot.lights, snapshot.view);
+  const ShadowMap* shadows = nullptr;
+  if (snapshot.scene) {
+    SceneState& state = stateOf(snapshot.scene);
+    meshes = updateMeshes(state, snapshot, statistics);
+    if (const auto* caster = lighting.shadowCaster()) {
+      if (!state.shadows) state.shadows.emplace();
+      if (state.shadows->update(*caster, meshes, shaders_, statistics)) shadows = &*state.shadows;
+    }
+  }
+  target.begin();
+  clear(snapshot.background);
+  ScenePass({snapshot.view, snapshot.projection, lighting, shadows}, meshes, shaders_, images_,
+            statistics)
+      .draw();
+  target.finish();
+}
+
+SceneRenderer::SceneState& SceneRenderer::stateOf(
+    const std::shared_ptr<const scene::Scene>& scene) {
+  SceneState& state = scenes_[scene.get()];
+  if (state.scene.expired()) state = {scene, {}, {}};
+  return state;
+}
+
+std::vector<SceneMesh> SceneRenderer::updateMeshes(SceneState& state, SceneSnapshot& snapshot,
+                                                   FrameStatistics& statistics) {
+  std::vector<SceneMesh> meshes;
+  state.loose.update(std::move(snapshot.loose), statistics);
+  if (!state.loose.isEmpty())
+    meshes.push_back({&state.loose.mesh(), state.loose.looks(), graphics::Matrix4(1.0F)});
+  for (const BatchInScene& batch : snapshot.batches)
+    meshes.push_back({&meshOf(batch, statistics), batch.looks, batch.world});
+  return meshes;
+}
+
+const Mesh& SceneRenderer::meshOf(const BatchInScene& inScene, FrameStatistics& statistics) {
+  const scene::Batch& batch = *inScene.batch;
+  BatchMesh& entry = batches_[&batch];
+  if (entry.batch.expired()) {
+    entry.batch = inScene.batch;
+    entry.mesh.setGeometry(batch.vertices(), batch.indices(), partsOf(batch), 0, 0, statistics);
+  }
+  entry.mesh.setLooks(inScene.looks, statistics);
+  return entry.mesh;
+}
+
+void SceneRenderer::collect() {
+  removeOrphans(batches_, &BatchMesh::batch);
+  removeOrphans(scenes_, &SceneState::scene);
+}
+
+}  // namespace orivanta::render

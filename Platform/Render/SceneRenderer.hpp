@@ -1,0 +1,54 @@
+// Draws 3D scenes, and keeps on the GPU what they are made of.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "Platform/Render/ImageTextures.hpp"
+#include "Platform/Render/LooseMesh.hpp"
+#include "Platform/Render/MeshShaders.hpp"
+#include "Platform/Render/SceneMesh.hpp"
+#include "Platform/Render/SceneSnapshot.hpp"
+#include "Platform/Render/SceneTarget.hpp"
+#include "Platform/Render/ShadowMap.hpp"
+
+namespace orivanta::render {
+
+class SceneRenderer {
+ public:
+  explicit SceneRenderer(ImageTextures& images);
+
+  /// Draws into `target` and makes its texture. Takes over what the snapshot holds.
+  void render(SceneSnapshot snapshot, const SceneTarget& target, FrameStatistics& statistics);
+
+  /// Lets go of what belongs to batches and scenes that are gone.
+  void collect();
+
+ private:
+  struct BatchMesh {
+    std::weak_ptr<const scene::Batch> batch;
+    Mesh mesh;
+  };
+
+  /// What is kept for one scene.
+  struct SceneState {
+    std::weak_ptr<const scene::Scene> scene;
+    LooseMesh loose;
+    std::optional<ShadowMap> shadows;
+  };
+
+  const Mesh& meshOf(const BatchInScene& batch, FrameStatistics& statistics);
+  std::vector<SceneMesh> updateMeshes(SceneState& state, SceneSnapshot& snapshot,
+                                      FrameStatistics& statistics);
+  SceneState& stateOf(const std::shared_ptr<const scene::Scene>& scene);
+
+  ImageTextures& images_;
+  MeshShaders shaders_;
+  std::unordered_map<const scene::Batch*, BatchMesh> batches_;
+  std::unordered_map<const scene::Scene*, SceneState> scenes_;
+};
+
+}  // namespace orivanta::render

@@ -1,0 +1,49 @@
+// What a frame shows of a scene, copied out of it so that it may change meanwhile.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "Platform/Graphics/Color.hpp"
+#include "Platform/Graphics/Vector.hpp"
+#include "Platform/Render/PartLook.hpp"
+#include "Platform/Scene/Batch.hpp"
+#include "Platform/Scene/Geometry.hpp"
+#include "Platform/Scene/Light.hpp"
+#include "Platform/Scene/Scene.hpp"
+#include "Platform/View/Fwd.hpp"
+
+namespace orivanta::render {
+
+/// The children of one node that are drawn from one merged mesh; `looks` go with the batch's parts.
+struct BatchInScene {
+  std::shared_ptr<const scene::Batch> batch;
+  graphics::Matrix4 world;
+  std::vector<PartLook> looks;
+};
+
+/// One element of the geometry of a node that is in no batch.
+struct LoosePart {
+  std::shared_ptr<const scene::Geometry> geometry;
+  std::size_t element;
+  graphics::Matrix4 world;
+  PartLook look;
+};
+
+struct LightInScene {
+  scene::Light light;
+  graphics::Matrix4 world;  ///< of its node
+};
+
+/// In the scene's space.
+struct SceneSnapshot {
+  std::shared_ptr<const scene::Scene> scene;  ///< null when there is nothing to see
+  graphics::Matrix4 view{1.0F};
+  graphics::Matrix4 projection{1.0F};
+  graphics::Color background;
+  std::vector<BatchInScene> batches;
+  std::vector<LoosePart> loose;
+  std::vector<LightInScene> lights;  ///< none of them for a scene that is lit fully
+};
+
+}  // namespace orivanta::render

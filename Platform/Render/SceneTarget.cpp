@@ -1,0 +1,61 @@
+#include "Platform/Render/SceneTarget.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace orivanta::render {
+
+namespace {
+
+constexpr GLint wantedSamples = 4;
+constexpr GLenum colorFormat = GL_SRGB8_ALPHA8;
+constexpr GLenum depthFormat = GL_DEPTH_COMPONENT24;
+
+// Formats are listed with their largest number first.
+GLint mostSamples(GLenum format) {
+  GLint samples = 0;
+  glGetInternalformativ(GL_RENDERBUFFER, format, GL_SAMPLES, 1, &samples);
+  return samples;
+}
+
+}  // namespace
+
+GLint supportedSamples() {
+  return std::min({wantedSamples, mostSamples(colorFormat), mostSamples(depthFormat)});
+}
+
+SceneTarget::SceneTarget(GLsizei width, GLsizei height, GLint samples)
+    : width_(width), height_(height) {
+  glBindFramebuffer(GL_FRAMEBUFFER, drawn_.get());
+  const auto attach = [&](const gl::Renderbuffer& buffer, GLenum format, GLenum attachment) {
+    glBindRenderbuffer(GL_RENDERBUFFER, buffer.get());
+    glRenderbufferStorageMultisample(GL_RENDERBUFFER, samples, format, width, height);
+    glFramebufferRenderbuffer(GL_FRAMEBUFFER, attachment, GL_RENDERBUFFER, buffer.get());
+  };
+  attach(color_, colorFormat, GL_COLOR_ATTACHMENT0);
+  attach(depth_, depthFormat, GL_DEPTH_ATTACHMENT);
+
+  glBindTexture(GL_TEXTURE_2D, texture_.get());
+  glTexStorage2D(GL_TEXTURE_2D, 1, colorFormat, width, height);
+  for (const GLenum filter : {GL_TEXTURE_MIN_FILTER, GL_TEXTURE_MAG_FILTER})
+    glTexParameteri(GL_TEXTURE_2D, filter, GL_LINEAR);
+  for (const GLenum wrap : {GL_TEXTURE_WRAP_S, GL_TEXTURE_WRAP_T})
+    glTexParameteri(GL_TEXTURE_2D, wrap, GL_CLAMP_TO_EDGE);
+  glBindFramebuffer(GL_FRAMEBUFFER, resolved_.get());
+  glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture_.get(), 0);
+}
+
+void SceneTarget::begin() const {
+  glBindFramebuffer(GL_FRAMEBUFFER, drawn_.get());
+  glViewport(0, 0, width_, height_);
+}
+
+void SceneTarget::finish() const {
+  glBindFramebuffer(GL_READ_FRAMEBUFFER, drawn_.get());
+  glBindFramebuffer(GL_DRAW_FRAMEBUFFER, resolved_.get());
+  glBlitFramebuffer(0, 0, width_, height_, 0, 0, width_, height_, GL_COLOR_BUFFER_BIT, GL_NEAREST);
+  constexpr std::array<GLenum, 2> done{GL_COLOR_ATTACHMENT0, GL_DEPTH_ATTACHMENT};
+  glInvalidateFramebuffer(GL_READ_FRAMEBUFFER, static_cast<GLsizei>(done.size()), done.data());
+}
+
+}  // namespace orivanta::render

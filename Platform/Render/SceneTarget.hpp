@@ -1,0 +1,38 @@
+// Where a 3D scene is drawn: a multisampled framebuffer, and the texture that it becomes.
+#pragma once
+
+#include "Platform/Render/Gl.hpp"
+
+namespace orivanta::render {
+
+class SceneTarget {
+ public:
+  /// Sides in pixels. `samples`: for each pixel; 0 or 1 for none beyond the pixel's own.
+  SceneTarget(GLsizei width, GLsizei height, GLint samples);
+
+  GLsizei width() const { return width_; }
+  GLsizei height() const { return height_; }
+
+  /// Draw into it from now on.
+  void begin() const;
+
+  /// Makes the texture of what was drawn. Nothing more is drawn into it before `begin`.
+  void finish() const;
+
+  /// Rows from the bottom, colours multiplied by the alpha and decoded by the texture unit.
+  GLuint texture() const { return texture_.get(); }
+
+ private:
+  GLsizei width_;
+  GLsizei height_;
+  gl::Renderbuffer color_;
+  gl::Renderbuffer depth_;
+  gl::Framebuffer drawn_;
+  gl::Texture texture_;
+  gl::Framebuffer resolved_;
+};
+
+/// 4, or the most that the driver allows for what a `SceneTarget` needs.
+GLint supportedSamples();
+
+}  // namespace orivanta::render

@@ -1,0 +1,19 @@
+#include "Platform/Render/Srgb.hpp"
+
+#include <cmath>
+
+namespace orivanta::render {
+
+float decodeSrgb(float encoded) {
+  return encoded <= 0.04045F ? encoded / 12.92F : std::pow((encoded + 0.055F) / 1.055F, 2.4F);
+}
+
+float encodeSrgb(float linear) {
+  return linear <= 0.0031308F ? linear * 12.92F : 1.055F * std::pow(linear, 1.0F / 2.4F) - 0.055F;
+}
+
+graphics::Vector3 linearOf(const graphics::Color& color) {
+  return {decodeSrgb(color.red), decodeSrgb(color.green), decodeSrgb(color.blue)};
+}
+
+}  // namespace orivanta::render

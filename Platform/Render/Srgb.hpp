@@ -1,0 +1,15 @@
+// The encoding of sRGB.
+#pragma once
+
+#include "Platform/Graphics/Color.hpp"
+#include "Platform/Graphics/Vector.hpp"
+
+namespace orivanta::render {
+
+/// Amount of light of an encoded component, and back; both 0 to 1.
+float decodeSrgb(float encoded);
+float encodeSrgb(float linear);
+
+graphics::Vector3 linearOf(const graphics::Color& color);
+
+}  // namespace orivanta::render
