@@ -42,6 +42,7 @@ std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response
 }
 
 foundation::Error invalidJson() { return {"", 1, ""}; }
+foundation::Error outOfMemory() { return {"memory", 1, "not enough memory for the answer"}; }
 
 }  // namespace detail
 

@@ -10,6 +10,8 @@
 // into an accumulator. A link that leads back to an earlier page is followed like any other, so a
 // server can keep a chain running for ever; whoever started it ends it by invalidating the session.
 //
+// A `Link` header with a parameter that is a single quote stops the program; see HttpLink.hpp.
+//
 // The HTTP status plays no part: any body that is JSON is a page. The chain's callbacks run on a
 // background queue of the chain's own, one after the other, never on the caller's thread.
 #pragma once
@@ -17,7 +19,9 @@
 #include <any>
 #include <functional>
 #include <memory>
+#include <new>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -71,6 +75,7 @@ struct ChainLinks {
 
 ORIVANTA_API std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response);
 ORIVANTA_API foundation::Error invalidJson();
+ORIVANTA_API foundation::Error outOfMemory();
 
 }  // namespace detail
 
@@ -110,8 +115,8 @@ class HttpResponse {
     return *this;
   }
 
-  /// Receives the error that ended the chain: the transport's own, or domain "" and code 1 for a
-  /// body that is no JSON. `onComplete` is not called then.
+  /// Receives the error that ended the chain: the transport's own, domain "" and code 1 for a body
+  /// that is no JSON, or domain "memory" when a page does not fit. `onComplete` is not called then.
   const HttpResponse& onError(ErrorCallback callback) const {
     state_->errorCallback = std::move(callback);
     return *this;
@@ -146,8 +151,8 @@ class HttpResponse {
 
     void success(const network::HttpUrlResponse& response, std::string& body);
     void error(const foundation::Error& failure);
+    std::optional<T> takePage(const network::HttpUrlResponse& response, std::string& body);
     void foldPage(const RawData& page);
-    void finish(const RawData& page);
   };
 
   void adopt() {
@@ -194,19 +199,36 @@ class ORIVANTA_API HttpSession {
 template <class T>
 void HttpResponse<T>::State::success(const network::HttpUrlResponse& response, std::string& body) {
   if (responseCallback) responseCallback(response, body.size());
+  std::optional<T> finished;
+  try {
+    finished = takePage(response, body);
+  } catch (const std::bad_alloc&) {
+    return error(detail::outOfMemory());
+  } catch (const std::length_error&) {
+    return error(detail::outOfMemory());
+  }
+  if (finished && completeCallback) completeCallback(std::move(*finished));
+}
+
+// The accumulator when this was the last page.
+template <class T>
+std::optional<T> HttpResponse<T>::State::takePage(const network::HttpUrlResponse& response,
+                                                  std::string& body) {
   const auto page = RawData::parse(body);
   if (!page) {
     error(detail::invalidJson());
-    return;
+    return std::nullopt;
   }
   const auto next = detail::nextPage(response);
   body.clear();
   if (next) {
     session->startDataTask(*next);  // fetched while this page is folded
     foldPage(*page);
-  } else if (pageBuffer && pageCallback) {
-    finish(*page);
+    return std::nullopt;
   }
+  if (!pageBuffer || !pageCallback) return std::nullopt;
+  session->invalidateAndCancel();
+  return std::optional<T>(pageCallback(std::move(*pageBuffer), *page));
 }
 
 template <class T>
@@ -222,13 +244,6 @@ void HttpResponse<T>::State::foldPage(const RawData& page) {
     pageBuffer = pageCallback(std::move(*pageBuffer), page);
   else
     pageBuffer.reset();
-}
-
-template <class T>
-void HttpResponse<T>::State::finish(const RawData& page) {
-  session->invalidateAndCancel();
-  T accumulated = pageCallback(std::move(*pageBuffer), page);
-  if (completeCallback) completeCallback(std::move(accumulated));
 }
 
 }  // namespace orivanta

@@ -13,6 +13,7 @@ namespace {
 constexpr std::size_t smallestBlockBytes = 1024;
 constexpr std::size_t smallestMappedBytes = std::size_t{128} << 10U;
 constexpr std::size_t largestBlockBytes = std::size_t{4} << 20U;
+constexpr std::size_t mostBytes = std::size_t{2} << 30U;
 
 std::byte* alignedUp(std::byte* address, std::size_t alignment) {
   const auto misalignment = reinterpret_cast<std::uintptr_t>(address) & (alignment - 1);
@@ -40,7 +41,9 @@ void* JsonArena::do_allocate(std::size_t bytes, std::size_t alignment) {
 
 void JsonArena::addBlock(Row& row, std::size_t bytes) {
   const std::size_t blockBytes = std::max(bytes, row.nextBlockBytes);
+  if (blockBytes > mostBytes - blockBytes_) throw std::bad_alloc();
   blocks_.emplace_back(new std::byte[blockBytes]);
+  blockBytes_ += blockBytes;
   row.next = blocks_.back().get();
   row.end = row.next + blockBytes;
   row.nextBlockBytes = std::min(largestBlockBytes, row.nextBlockBytes * 2);
@@ -48,6 +51,7 @@ void JsonArena::addBlock(Row& row, std::size_t bytes) {
 
 void* JsonScratch::do_allocate(std::size_t bytes, std::size_t) {
   if (bytes < smallestMappedBytes) return ::operator new(bytes);
+  if (bytes > mostBytes) throw std::bad_alloc();
   void* piece = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   if (piece == MAP_FAILED) throw std::bad_alloc();
   return piece;

@@ -11,7 +11,8 @@
 namespace orivanta {
 
 /// Values and texts lie in blocks of their own: texts, the keys above all, need no alignment, and
-/// without the gaps a document takes about a twentieth less.
+/// without the gaps a document takes about a twentieth less. Beyond 2 GiB, which only documents
+/// made for it need, allocating throws `std::bad_alloc`.
 class JsonArena final : public boost::json::memory_resource {
  public:
   /// Expects a document of about so many bytes of JSON.
@@ -35,10 +36,11 @@ class JsonArena final : public boost::json::memory_resource {
   Row values_;
   Row texts_;
   std::vector<std::unique_ptr<std::byte[]>> blocks_;
+  std::size_t blockBytes_ = 0;
 };
 
 /// Memory that parsing needs for a moment. Large pieces go back to the system at once, where the
-/// heap might keep them.
+/// heap might keep them. No piece is larger than 2 GiB.
 class JsonScratch final : public boost::json::memory_resource {
   void* do_allocate(std::size_t bytes, std::size_t alignment) override;
   void do_deallocate(void* piece, std::size_t bytes, std::size_t alignment) override;

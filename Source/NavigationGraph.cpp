@@ -1,13 +1,17 @@
 #include "Source/NavigationGraph.hpp"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <span>
+#include <unordered_map>
 #include <utility>
 
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/ParallelFor.hpp"
+#include "Source/EdgeTable.hpp"
 #include "Source/Map.hpp"
 #include "Source/NodeIndex.hpp"
 #include "Source/References.hpp"
@@ -24,6 +28,10 @@ constexpr std::size_t mostConnectorEdges = std::size_t{1} << 24U;
 // Enough for their walks through memory to overlap, few enough to stay in the cache.
 constexpr std::size_t nodesAtOnce = 64;
 
+// Neighbours are mostly near each other in the list: a thread that takes many blocks in a row
+// seldom counts owners of a node that another thread is counting too.
+constexpr std::size_t blocksInARow = 16;
+
 double walkingDistance(const Node& origin, const Node& destination) {
   const double dx = origin.x - destination.x;
   const double dy = origin.y - destination.y;
@@ -32,29 +40,28 @@ double walkingDistance(const Node& origin, const Node& destination) {
 }
 
 // The edges out of each of some nodes of a collection, in the order of their paths.
-void findWalkingEdges(std::span<const std::pair<std::string, std::shared_ptr<Node>>> origins,
-                      const NodeIndex& index, std::span<std::vector<Edge>> edges) {
-  for (const auto& entry : origins) __builtin_prefetch(&entry.second->_data);
-  for (const auto& entry : origins) __builtin_prefetch(entry.second->_data.data().get());
-  for (const auto& entry : origins) prefetchMembers(entry.second->_data);
-  std::vector<std::string_view> references;
-  std::vector<std::size_t> ends;
-  references.reserve(4 * origins.size());
-  ends.reserve(origins.size());
-  for (const auto& entry : origins) {
-    forEachReference(entry.second->_data, "paths", "node",
-                     [&](std::string_view id) { references.push_back(id); });
-    ends.push_back(references.size());
-  }
+EdgeTable::Block walkingEdges(
+    std::span<const std::pair<std::string, std::shared_ptr<Node>>> origins,
+    const NodeIndex& index) {
+  std::vector<const RawData*> objects;
+  objects.reserve(origins.size());
+  for (const auto& entry : origins) objects.push_back(&entry.second->_data);
+  const auto [ids, ends] = referencesOf(objects, "paths", "node");
   std::vector<const std::shared_ptr<Node>*> destinations;
-  index.find(references, destinations);
+  index.find(ids, destinations);
+  EdgeTable::Block block;
+  block.edges.reserve(ids.size());
+  block.rows.reserve(origins.size());
   std::size_t next = 0;
   for (std::size_t i = 0; i < origins.size(); ++i) {
-    edges[i].reserve(ends[i] - next);
+    const Edge* first = block.edges.data() + block.edges.size();
     for (; next < ends[i]; ++next)
       if (destinations[next] != nullptr)
-        edges[i].emplace_back(*origins[i].second, *destinations[next]);
+        block.edges.emplace_back(*origins[i].second, *destinations[next]);
+    const Edge* end = block.edges.data() + block.edges.size();
+    if (first != end) block.rows.emplace_back(origins[i].second, std::span(first, end));
   }
+  return block;
 }
 
 }  // namespace
@@ -74,7 +81,8 @@ Edge::Edge(const Node& origin, std::shared_ptr<Node> destination, std::shared_pt
               vortex_->constantWeight) {}
 
 NavigationGraph::NavigationGraph(const Collection<Node>& nodes, const Collection<Vortex>& vortices,
-                                 bool accessible) {
+                                 bool accessible)
+    : edges_(std::make_unique<EdgeTable>()) {
   addWalkingEdges(nodes);
   addConnectorEdges(vortices, accessible);
 }
@@ -82,55 +90,74 @@ NavigationGraph::NavigationGraph(const Collection<Node>& nodes, const Collection
 NavigationGraph::~NavigationGraph() = default;
 
 void NavigationGraph::addWalkingEdges(const Collection<Node>& nodes) {
-  const auto& entries = nodes.values_container();
+  const std::span entries = nodes.values_container();
   const NodeIndex index(nodes);
-  std::vector<std::vector<Edge>> edges(entries.size());
-  foundation::parallelFor((entries.size() + nodesAtOnce - 1) / nodesAtOnce, [&](std::size_t block) {
+  std::vector<EdgeTable::Block> blocks((entries.size() + nodesAtOnce - 1) / nodesAtOnce);
+  const auto build = [&](std::size_t block) {
     const std::size_t first = block * nodesAtOnce;
-    const std::size_t count = std::min(nodesAtOnce, entries.size() - first);
-    findWalkingEdges(std::span(entries).subspan(first, count), index,
-                     std::span(edges).subspan(first, count));
-  });
-  graph_.reserve(entries.size());
-  for (std::size_t i = 0; i < entries.size(); ++i)
-    if (!edges[i].empty()) graph_.insert_or_assign(entries[i].second, std::move(edges[i]));
+    blocks[block] =
+        walkingEdges(entries.subspan(first, std::min(nodesAtOnce, entries.size() - first)), index);
+  };
+  foundation::parallelFor(blocks.size(), build, blocksInARow);
+  edges_->add(std::move(blocks));
 }
 
 void NavigationGraph::addConnectorEdges(const Collection<Vortex>& vortices, bool accessible) {
   std::size_t edgeCount = 0;
-  for (const auto& entry : vortices) {
-    const std::shared_ptr<Vortex>& vortex = entry.second;
+  NodeList origins;
+  std::unordered_map<const Node*, std::vector<Edge>> extended;
+  for (const auto& [id, vortex] : vortices) {
     if (accessible && !vortex->accessible) break;
     const NodeList& stops = vortex->nodes;
     if (stops.empty()) continue;
     if (stops.size() > (mostConnectorEdges - edgeCount) / stops.size()) {
-      foundation::diagnostic("too many connector edges: the remaining vortices are left out");
-      break;
+      foundation::diagnostic(fmt::format("too many connector edges: vortex {} is left out", id));
+      continue;
     }
     edgeCount += stops.size() * stops.size();
     for (const std::shared_ptr<Node>& origin : stops) {
-      std::vector<Edge>& edges = graph_[origin];
+      const auto [entry, isNew] = extended.try_emplace(origin.get());
+      std::vector<Edge>& edges = entry->second;
+      if (isNew) {
+        const std::span<const Edge> walking = (*edges_)[*origin];
+        edges.assign(walking.begin(), walking.end());
+        origins.push_back(origin);
+      }
       for (const std::shared_ptr<Node>& destination : stops)
         edges.emplace_back(*origin, destination, vortex);
     }
   }
+  for (const auto& origin : origins) edges_->set(origin, std::move(extended[origin.get()]));
 }
 
-const std::vector<Edge>& NavigationGraph::operator[](const Node& node) const {
-  static const std::vector<Edge> none;
-  const auto entry = graph_.find(&node);
-  return entry == graph_.end() ? none : entry->second;
+std::span<const Edge> NavigationGraph::operator[](const Node& node) const {
+  return (*edges_)[node];
+}
+
+const NavigationGraph::Adjacency& NavigationGraph::graph() const {
+  const std::lock_guard lock(formsMutex_);
+  if (!graph_) {
+    auto graph = std::make_unique<Adjacency>();
+    graph->reserve(edges_->rows().size());
+    for (const auto& [origin, edges] : edges_->rows())
+      graph->insert({origin, std::vector<Edge>(edges.begin(), edges.end())});
+    graph_ = std::move(graph);
+  }
+  return *graph_;
 }
 
 void NavigationGraph::setGraph(Adjacency graph) {
-  const std::lock_guard lock(networkMutex_);
-  graph_ = std::move(graph);
+  const std::lock_guard lock(formsMutex_);
+  edges_ = std::make_unique<EdgeTable>();
+  for (auto entry = graph.begin(); entry != graph.end(); ++entry)
+    edges_->set(entry.key(), std::move(entry.value()));
+  graph_.reset();
   network_.reset();
 }
 
 std::shared_ptr<const RouteNetwork> NavigationGraph::routeNetwork() const {
-  const std::lock_guard lock(networkMutex_);
-  if (!network_) network_ = RouteNetwork::make(graph_);
+  const std::lock_guard lock(formsMutex_);
+  if (!network_) network_ = RouteNetwork::make(edges_->rows());
   return network_;
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <span>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
@@ -14,6 +15,7 @@
 
 namespace orivanta {
 
+class EdgeTable;
 class RouteNetwork;
 
 /// A way out of a node. Immutable; owns its destination and its connector.
@@ -73,17 +75,17 @@ class ORIVANTA_API NavigationGraph {
   /// Walking edges come from each node's "paths"; unknown identifiers are passed over, duplicates
   /// and loops are kept. Then each vortex joins all its nodes with one another, each with itself
   /// too. With `accessible`, the first vortex that is not accessible ends the vortices altogether,
-  /// so hand the accessible ones over first. Beyond 16,777,216 connector edges the remaining
-  /// vortices contribute none, and a diagnostic line says so.
+  /// so hand the accessible ones over first. A vortex that would bring the connector edges beyond
+  /// 16,777,216 contributes none, and a diagnostic line says so.
   NavigationGraph(const Collection<Node>& nodes, const Collection<Vortex>& vortices,
                   bool accessible);
   ~NavigationGraph();
 
-  /// The edges out of a node, in order; empty for a node without any. The reference is valid until
-  /// `setGraph`.
-  const std::vector<Edge>& operator[](const Node& node) const;
+  /// The edges out of a node, in order; empty for a node without any. Valid until `setGraph`.
+  std::span<const Edge> operator[](const Node& node) const;
 
-  const Adjacency& graph() const { return graph_; }
+  /// All of them as a dictionary, copied on first use; valid until `setGraph`.
+  const Adjacency& graph() const;
   void setGraph(Adjacency graph);
 
   /// The same graph in the form that the route search walks, made on first use.
@@ -93,8 +95,9 @@ class ORIVANTA_API NavigationGraph {
   void addWalkingEdges(const Collection<Node>& nodes);
   void addConnectorEdges(const Collection<Vortex>& vortices, bool accessible);
 
-  Adjacency graph_;
-  mutable std::mutex networkMutex_;
+  std::unique_ptr<EdgeTable> edges_;
+  mutable std::mutex formsMutex_;  // for the two that are made on first use
+  mutable std::unique_ptr<const Adjacency> graph_;
   mutable std::shared_ptr<const RouteNetwork> network_;
 };
 

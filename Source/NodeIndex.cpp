@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "Platform/Foundation/ParallelFor.hpp"
 #include "Source/Node.hpp"
 
 namespace orivanta {
@@ -20,14 +21,17 @@ std::size_t slotCountFor(std::size_t entries) {
 
 NodeIndex::NodeIndex(const Collection<Node>& nodes)
     : entries_(nodes.values_container()), slots_(slotCountFor(entries_.size())) {
+  std::vector<std::uint64_t> hashes(entries_.size());
+  const auto hash = [&](std::size_t i) {
+    if (i + 8 < entries_.size()) __builtin_prefetch(entries_[i + 8].first.data());
+    hashes[i] = TextHash()(entries_[i].first);
+  };
+  foundation::parallelFor(entries_.size(), hash, 1024);
   const std::size_t mask = slots_.size() - 1;
-  constexpr std::size_t ahead = 8;
   for (std::size_t i = 0; i < entries_.size(); ++i) {
-    if (i + ahead < entries_.size()) __builtin_prefetch(entries_[i + ahead].first.data());
-    const std::uint64_t hash = TextHash()(entries_[i].first);
-    std::size_t slot = hash & mask;
+    std::size_t slot = hashes[i] & mask;
     while (slots_[slot].entry != unused) slot = (slot + 1) & mask;
-    slots_[slot] = {tagOf(hash), static_cast<std::uint32_t>(i)};
+    slots_[slot] = {tagOf(hashes[i]), static_cast<std::uint32_t>(i)};
   }
 }
 

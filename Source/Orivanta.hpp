@@ -1,6 +1,7 @@
 // Venue loading: the entry points for data.
 //
 //   getVenues([](const auto& venues) {
+//     if (venues.empty()) return;
 //     getVenue(venues.front(), /*accessible=*/true, [](const auto& venue) { ... });
 //   });
 //
@@ -41,7 +42,8 @@ ORIVANTA_API void setApiSettings(ApiSettings settings);
 extern ORIVANTA_API std::shared_ptr<Venue>& activeVenue;
 
 /// Lists the venues that the account may see, in the API's order. `callback` is called once, on a
-/// background thread; the list is empty when the request failed.
+/// background thread; the list is empty when the request failed. Here and in `getVenue` the server
+/// can stop the program: with a `Link` header that has a parameter of a single quote.
 ORIVANTA_API void getVenues(std::function<void(std::vector<std::shared_ptr<Venue>>)> callback);
 
 /// Makes `venue` the active one, loads its six collections side by side, joins them, builds its

@@ -21,6 +21,19 @@ void visitText(const json::value* value, const ReferenceVisitor& visit) {
   visit({text.data(), text.size()});
 }
 
+void visitTexts(const json::array& elements, std::string_view member,
+                const ReferenceVisitor& visit) {
+  for (const json::value& element : elements)
+    visitText(member.empty() ? &element : jsonMember(&element, member), visit);
+}
+
+void prefetchMembers(const json::object& object) {
+  constexpr std::size_t cacheLine = 64;
+  const char* members = reinterpret_cast<const char*>(object.begin());
+  const std::size_t bytes = std::min<std::size_t>(object.size() * sizeof(*object.begin()), 512);
+  for (std::size_t at = 0; at < bytes; at += cacheLine) __builtin_prefetch(members + at);
+}
+
 }  // namespace
 
 std::optional<std::string_view> referenceIn(const RawData& data, std::string_view key) {
@@ -29,26 +42,38 @@ std::optional<std::string_view> referenceIn(const RawData& data, std::string_vie
   return reference;
 }
 
-void forEachReference(const RawData& data, std::string_view key, ReferenceVisitor visit) {
-  const json::array* elements = arrayOf(data, key);
-  if (elements == nullptr) return;
-  for (const json::value& element : *elements) visitText(&element, visit);
-}
-
 void forEachReference(const RawData& data, std::string_view key, std::string_view member,
                       ReferenceVisitor visit) {
-  const json::array* elements = arrayOf(data, key);
-  if (elements == nullptr) return;
-  for (const json::value& element : *elements) visitText(jsonMember(&element, member), visit);
+  if (const json::array* elements = arrayOf(data, key)) visitTexts(*elements, member, visit);
 }
 
-void prefetchMembers(const RawData& data) {
-  if (!data.data() || !data.data()->is_object()) return;
-  const json::object& object = data.data()->get_object();
-  constexpr std::size_t cacheLine = 64;
-  const char* members = reinterpret_cast<const char*>(object.begin());
-  const std::size_t bytes = std::min<std::size_t>(object.size() * sizeof(*object.begin()), 512);
-  for (std::size_t at = 0; at < bytes; at += cacheLine) __builtin_prefetch(members + at);
+// Each loop touches what the one before it has sent for: the members, the arrays and their
+// elements.
+References referencesOf(std::span<const RawData* const> objects, std::string_view key,
+                        std::string_view member) {
+  for (const RawData* object : objects) __builtin_prefetch(object);
+  for (const RawData* object : objects) __builtin_prefetch(object->data().get());
+  for (const RawData* object : objects)
+    if (object->data() && object->data()->is_object())
+      prefetchMembers(object->data()->get_object());
+  std::vector<const json::array*> arrays;
+  arrays.reserve(objects.size());
+  for (const RawData* object : objects) {
+    arrays.push_back(arrayOf(*object, key));
+    if (arrays.back() != nullptr) __builtin_prefetch(arrays.back()->begin());
+  }
+  for (const json::array* array : arrays)
+    if (array != nullptr && !array->empty() && array->begin()->is_object())
+      __builtin_prefetch(array->begin()->get_object().begin());
+  References references;
+  references.ids.reserve(4 * objects.size());
+  references.ends.reserve(objects.size());
+  auto add = [&](std::string_view id) { references.ids.push_back(id); };
+  for (const json::array* array : arrays) {
+    if (array != nullptr) visitTexts(*array, member, add);
+    references.ends.push_back(references.ids.size());
+  }
+  return references;
 }
 
 }  // namespace orivanta

@@ -4,7 +4,9 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "Source/RawData.hpp"
 
@@ -29,15 +31,20 @@ class ReferenceVisitor {
 /// The text under a key of an object; nothing when there is none.
 std::optional<std::string_view> referenceIn(const RawData& data, std::string_view key);
 
-/// Visits the elements of the array under a key that are texts, in order.
-void forEachReference(const RawData& data, std::string_view key, ReferenceVisitor visit);
-
 /// Visits the texts under `member` of the elements of the array under a key, in order; elements
-/// without such a text are passed over.
+/// without such a text are passed over. An empty `member` means the elements themselves.
 void forEachReference(const RawData& data, std::string_view key, std::string_view member,
                       ReferenceVisitor visit);
 
-/// Sends for the members of an object that will be asked for soon.
-void prefetchMembers(const RawData& data);
+/// The identifiers of several objects, one after the other; those of object i end at `ends[i]`.
+struct References {
+  std::vector<std::string_view> ids;
+  std::vector<std::size_t> ends;
+};
+
+/// What `forEachReference` visits for each object. Much faster than one by one when the JSON is not
+/// in the cache.
+References referencesOf(std::span<const RawData* const> objects, std::string_view key,
+                        std::string_view member);
 
 }  // namespace orivanta

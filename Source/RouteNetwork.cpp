@@ -17,9 +17,9 @@ bool isFinite(const Node& node) {
   return std::isfinite(node.x) && std::isfinite(node.y) && std::isfinite(node.z);
 }
 
-bool isRegularGraph(const NavigationGraph::Adjacency& graph) {
+bool isRegularGraph(const EdgeTable::Rows& rows) {
   std::size_t edgeCount = 0;
-  for (const auto& [origin, edges] : graph) {
+  for (const auto& [origin, edges] : rows) {
     if (!isFinite(*origin)) return false;
     for (const Edge& edge : edges)
       if (!(edge.weight() >= 0.0) || !isFinite(*edge.node())) return false;
@@ -27,7 +27,7 @@ bool isRegularGraph(const NavigationGraph::Adjacency& graph) {
   }
   // Nodes and links are numbered with 32 bits; there are at most `edgeCount` nodes without edges
   // of their own.
-  return edgeCount + graph.size() < std::numeric_limits<RouteNetwork::Index>::max() / 2;
+  return edgeCount + rows.size() < std::numeric_limits<RouteNetwork::Index>::max() / 2;
 }
 
 // One direction of the smallest upright rectangle around all nodes, cut into 65,536 cells.
@@ -75,23 +75,23 @@ NodeList inOrderOfPlace(const NodeList& nodes) {
 
 }  // namespace
 
-std::shared_ptr<const RouteNetwork> RouteNetwork::make(const NavigationGraph::Adjacency& graph) {
+std::shared_ptr<const RouteNetwork> RouteNetwork::make(const EdgeTable::Rows& rows) {
   auto network = std::make_shared<RouteNetwork>();
-  network->regular_ = isRegularGraph(graph);
+  network->regular_ = isRegularGraph(rows);
   if (network->regular_) {
-    network->addNodes(graph);
-    network->addLinks(graph);
+    network->addNodes(rows);
+    network->addLinks(rows);
   }
   return network;
 }
 
-void RouteNetwork::addNodes(const NavigationGraph::Adjacency& graph) {
+void RouteNetwork::addNodes(const EdgeTable::Rows& rows) {
   NodeList found;
-  numbers_.reserve(graph.size());
+  numbers_.reserve(rows.size());
   const auto add = [&](const std::shared_ptr<Node>& node) {
     if (numbers_.insert({node.get(), 0}).second) found.push_back(node);
   };
-  for (const auto& [origin, edges] : graph) {
+  for (const auto& [origin, edges] : rows) {
     add(origin);
     for (const Edge& edge : edges) add(edge.node());
   }
@@ -99,12 +99,12 @@ void RouteNetwork::addNodes(const NavigationGraph::Adjacency& graph) {
   for (Index index = 0; index < nodes_.size(); ++index) numbers_[nodes_[index].get()] = index;
 }
 
-void RouteNetwork::addLinks(const NavigationGraph::Adjacency& graph) {
+void RouteNetwork::addLinks(const EdgeTable::Rows& rows) {
   places_.reserve(nodes_.size());
   for (const auto& node : nodes_) {
     const auto firstLink = static_cast<Index>(links_.size());
-    const auto entry = graph.find(node);
-    if (entry != graph.end())
+    const auto entry = rows.find(node);
+    if (entry != rows.end())
       for (const Edge& edge : entry->second)
         if (edge.node() != node) links_.push_back({edge.weight(), *find(*edge.node())});
     places_.push_back({node->x, node->y, node->z, firstLink, static_cast<Index>(links_.size())});

@@ -10,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-#include "Source/NavigationGraph.hpp"
+#include "Source/EdgeTable.hpp"
 #include "Source/RouteFrontier.hpp"
 
 namespace orivanta {
@@ -51,7 +51,7 @@ class RouteNetwork {
     std::uint32_t stamp = 0;
   };
 
-  static std::shared_ptr<const RouteNetwork> make(const NavigationGraph::Adjacency& graph);
+  static std::shared_ptr<const RouteNetwork> make(const EdgeTable::Rows& rows);
 
   /// Whether all positions are finite and all weights 0 or greater, which the compact search takes
   /// for granted. Without that the network is empty.
@@ -71,8 +71,8 @@ class RouteNetwork {
  private:
   using Numbers = tsl::ordered_map<const Node*, Index, NodeIdentityHash, NodeIdentityEqual>;
 
-  void addNodes(const NavigationGraph::Adjacency& graph);
-  void addLinks(const NavigationGraph::Adjacency& graph);
+  void addNodes(const EdgeTable::Rows& rows);
+  void addLinks(const EdgeTable::Rows& rows);
 
   bool regular_ = true;
   Numbers numbers_;

@@ -21,9 +21,12 @@ struct Route {
 /// path, ties included. Any thread; several searches of one graph may run at once.
 ///
 /// Positions of the graph's nodes are those at the first search; `setGraph` has them read again.
-/// Lists may name nodes that the graph does not have. Applications that give records negative
-/// weights, or positions that are no finite numbers, get the same search at less speed; around a
-/// circle of negative weight it does not end.
+/// Lists may name nodes that the graph does not have.
+///
+/// Weights below 0, weights that are no number and positions that are not finite, which only an
+/// application can set, get the same search at less speed. Around a circle of negative weight it
+/// does not end. A node that is first reached over an edge whose weight is no number keeps that way
+/// in, however short another one is.
 ORIVANTA_API std::optional<Route> searchRoute(const NodeList& nodes, const NodeList& destinations,
                                               const NavigationGraph& graph);
 

@@ -1,6 +1,7 @@
 #include "Source/VenueJoin.hpp"
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
@@ -25,6 +26,9 @@ namespace {
 
 constexpr std::size_t recordsAtOnce = 512;
 
+template <class Record>
+using Entries = std::span<const std::pair<std::string, std::shared_ptr<Record>>>;
+
 // The record of that identifier, or null.
 template <class Record>
 std::shared_ptr<Record> named(const Collection<Record>& records, std::string_view id) {
@@ -32,14 +36,86 @@ std::shared_ptr<Record> named(const Collection<Record>& records, std::string_vie
   return entry == records.end() ? nullptr : entry->second;
 }
 
-// Calls a function with each number below the count, in blocks that are shared out: looking into
-// the records' JSON takes most of the time of a join.
-template <class Function>
-void forEachShared(std::size_t count, const Function& function) {
-  foundation::parallelFor((count + recordsAtOnce - 1) / recordsAtOnce, [&](std::size_t block) {
-    const std::size_t end = std::min(count, (block + 1) * recordsAtOnce);
-    for (std::size_t i = block * recordsAtOnce; i < end; ++i) function(i);
+// Looks up records of one collection. Neighbours often name the same one.
+template <class Record>
+class Lookup {
+ public:
+  explicit Lookup(const Collection<Record>& records) : records_(records) {}
+
+  // Valid as long as the collection; null when there is none.
+  const std::shared_ptr<Record>* operator()(std::string_view id) {
+    if (latest_ == nullptr || *latestId_ != id) {
+      const auto entry = records_.find(id);
+      if (entry == records_.end()) return nullptr;
+      latestId_ = &entry->first;
+      latest_ = &entry->second;
+    }
+    return latest_;
+  }
+
+ private:
+  const Collection<Record>& records_;
+  const std::string* latestId_ = nullptr;
+  const std::shared_ptr<Record>* latest_ = nullptr;
+};
+
+// Calls a function with some entries at a time and the place of the first. The calls are shared
+// out: looking into the records' JSON takes most of the time of a join.
+template <class Record, class Function>
+void forEachBlock(const Collection<Record>& records, const Function& function) {
+  const Entries<Record> entries = records.values_container();
+  foundation::parallelFor(
+      (entries.size() + recordsAtOnce - 1) / recordsAtOnce, [&](std::size_t block) {
+        const std::size_t first = block * recordsAtOnce;
+        function(entries.subspan(first, std::min(recordsAtOnce, entries.size() - first)), first);
+      });
+}
+
+// The records that some others name: those of the i-th end at `ends[i]`.
+template <class Record>
+struct NamedRecords {
+  std::vector<const std::shared_ptr<Record>*> records;
+  std::vector<std::size_t> ends;
+
+  std::span<const std::shared_ptr<Record>* const> of(std::size_t i) const {
+    const std::size_t first = i == 0 ? 0 : ends[i - 1];
+    return std::span(records).subspan(first, ends[i] - first);
+  }
+};
+
+// Finds what each record names in an array: hands it to `link(record, found)`, with several records
+// at once, and then to `linkBack(record, target)`, one after the other in the records' order. An
+// empty `member` means that the elements are the names.
+template <class Record, class Target, class Link, class LinkBack>
+void linkNamed(const Collection<Record>& records, std::string_view key, std::string_view member,
+               const Collection<Target>& targets, const Link& link, const LinkBack& linkBack) {
+  std::vector<NamedRecords<Target>> blocks((records.size() + recordsAtOnce - 1) / recordsAtOnce);
+  forEachBlock(records, [&](Entries<Record> entries, std::size_t first) {
+    NamedRecords<Target>& found = blocks[first / recordsAtOnce];
+    found.records.reserve(entries.size());
+    found.ends.reserve(entries.size());
+    Lookup<Target> lookup(targets);
+    for (const auto& entry : entries) {
+      forEachReference(entry.second->_data, key, member, [&](std::string_view id) {
+        if (const auto* target = lookup(id)) found.records.push_back(target);
+      });
+      found.ends.push_back(found.records.size());
+      link(*entry.second, found.of(found.ends.size() - 1));
+    }
   });
+  const auto& entries = records.values_container();
+  for (std::size_t i = 0; i < entries.size(); ++i)
+    for (const auto* target : blocks[i / recordsAtOnce].of(i % recordsAtOnce))
+      linkBack(entries[i].second, **target);
+}
+
+constexpr auto noLinkBack = [](const auto&, const auto&) {};
+
+// `Handle` owns the record or does not.
+template <class Handle, class Record>
+void append(std::vector<Handle>& list, std::span<const std::shared_ptr<Record>* const> found) {
+  list.reserve(list.size() + found.size());
+  for (const auto* record : found) list.emplace_back(*record);
 }
 
 // Sets each record's map and keeps those that have one.
@@ -47,13 +123,20 @@ template <class Record>
 void linkMaps(Collection<Record>& records, const Collection<Map>& maps) {
   const auto& entries = records.values_container();
   std::vector<const std::shared_ptr<Map>*> found(entries.size());
-  forEachShared(entries.size(), [&](std::size_t i) {
-    const auto id = referenceIn(entries[i].second->_data, "map");
-    const auto map = id ? maps.find(*id) : maps.end();
-    found[i] = map == maps.end() ? nullptr : &map->second;
+  forEachBlock(records, [&](Entries<Record> some, std::size_t first) {
+    Lookup<Map> lookup(maps);
+    constexpr std::size_t ahead = 8;
+    for (std::size_t i = 0; i < some.size(); ++i) {
+      if (i + ahead < some.size()) __builtin_prefetch(&some[i + ahead].second->_data);
+      if (const auto id = referenceIn(some[i].second->_data, "map")) found[first + i] = lookup(*id);
+    }
   });
-  for (std::size_t i = 0; i < entries.size(); ++i)
+  // By one thread: all count the owners of the same few maps.
+  constexpr std::size_t ahead = 16;
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (i + ahead < entries.size()) __builtin_prefetch(&entries[i + ahead].second->map, 1);
     entries[i].second->map = found[i] == nullptr ? nullptr : *found[i];
+  }
   if (std::find(found.begin(), found.end(), nullptr) == found.end()) return;
   Collection<Record> kept;
   for (const auto& [id, record] : records)
@@ -78,56 +161,42 @@ Collection<Vortex> accessibleFirst(const Collection<Vortex>& vortices) {
   return ordered;
 }
 
-// Appends the nodes that the elements of an array name.
-void appendNodes(NodeList& list, const RawData& data, std::string_view key, std::string_view member,
-                 const Collection<Node>& nodes) {
-  forEachReference(data, key, member, [&](std::string_view id) {
-    if (auto node = named(nodes, id)) list.push_back(std::move(node));
-  });
-}
+using FoundPolygons = std::span<const std::shared_ptr<Polygon>* const>;
 
-void linkPolygonsOf(const std::shared_ptr<Location>& location,
-                    const Collection<Polygon>& polygons) {
-  std::unordered_set<const Node*> entrances;
-  std::unordered_set<const Polygon*> seen;
-  forEachReference(location->_data, "polygons", "id", [&](std::string_view id) {
-    const auto polygon = named(polygons, id);
-    if (!polygon) return;
-    location->polygons.push_back(polygon);
-    polygon->locations.push_back(location);
-    if (!seen.insert(polygon.get()).second) return;
-    for (const auto& entrance : polygon->entrances) entrances.insert(entrance.get());
+// Takes from a location the nodes that are entrances of the polygons. Each polygon counts once,
+// since a venue may name one many times.
+void dropEntrances(NodeList& nodes, FoundPolygons found) {
+  if (nodes.empty() || found.empty()) return;
+  std::vector<const Polygon*> polygons;
+  for (const auto* polygon : found) polygons.push_back(polygon->get());
+  std::sort(polygons.begin(), polygons.end());
+  polygons.erase(std::unique(polygons.begin(), polygons.end()), polygons.end());
+  std::vector<const Node*> entrances;
+  for (const Polygon* polygon : polygons)
+    for (const auto& entrance : polygon->entrances) entrances.push_back(entrance.get());
+  std::sort(entrances.begin(), entrances.end());
+  std::erase_if(nodes, [&](const auto& node) {
+    return std::binary_search(entrances.begin(), entrances.end(), node.get());
   });
-  std::erase_if(location->nodes, [&](const auto& node) { return entrances.contains(node.get()); });
 }
 
 }  // namespace
 
 bool linkCategoryParents(CollectionDictionary& collections) {
   if (!collections.categories) return false;
-  for (const auto& entry : *collections.categories) {
-    const std::shared_ptr<Category>& category = entry.second;
-    forEachReference(category->_data, "parents", [&](std::string_view parentId) {
-      const auto parent = named(*collections.categories, parentId);
-      if (!parent) return;
-      category->parents.push_back(parent);
-      parent->children.push_back(category);
-    });
-  }
+  linkNamed(
+      *collections.categories, "parents", "", *collections.categories,
+      [](Category& category, auto parents) { append(category.parents, parents); },
+      [](const auto& category, Category& parent) { parent.children.push_back(category); });
   return true;
 }
 
 bool linkLocationCategories(CollectionDictionary& collections) {
   if (!collections.locations || !collections.categories) return false;
-  for (const auto& entry : *collections.locations) {
-    const std::shared_ptr<Location>& location = entry.second;
-    forEachReference(location->_data, "categories", [&](std::string_view categoryId) {
-      const auto category = named(*collections.categories, categoryId);
-      if (!category) return;
-      location->categories.push_back(category);
-      category->locations.push_back(location);
-    });
-  }
+  linkNamed(
+      *collections.locations, "categories", "", *collections.categories,
+      [](Location& location, auto categories) { append(location.categories, categories); },
+      [](const auto& location, Category& category) { category.locations.push_back(location); });
   return true;
 }
 
@@ -145,11 +214,9 @@ bool linkNodeMaps(CollectionDictionary& collections) {
 
 bool linkPolygonEntrances(CollectionDictionary& collections) {
   if (!collections.polygons || !collections.nodes || !collections.maps) return false;
-  const auto& entries = collections.polygons->values_container();
-  forEachShared(entries.size(), [&](std::size_t i) {
-    Polygon& polygon = *entries[i].second;
-    appendNodes(polygon.entrances, polygon._data, "entrances", "id", *collections.nodes);
-  });
+  linkNamed(
+      *collections.polygons, "entrances", "id", *collections.nodes,
+      [](Polygon& polygon, auto nodes) { append(polygon.entrances, nodes); }, noLinkBack);
   return true;
 }
 
@@ -159,7 +226,7 @@ bool linkVortexNodes(CollectionDictionary& collections, bool accessible) {
     Vortex& vortex = *entry.second;
     vortex.maps.clear();
     std::unordered_set<const Map*> seen;
-    forEachReference(vortex._data, "nodes", [&](std::string_view id) {
+    forEachReference(vortex._data, "nodes", "", [&](std::string_view id) {
       const auto node = named(*collections.nodes, id);
       if (!node) return;
       if (seen.insert(&foundation::unwrap(node->map)).second) vortex.maps.push_back(node->map);
@@ -174,18 +241,21 @@ bool linkVortexNodes(CollectionDictionary& collections, bool accessible) {
 
 bool linkLocationNodes(CollectionDictionary& collections) {
   if (!collections.nodes || !collections.locations || !collections.maps) return false;
-  const auto& entries = collections.locations->values_container();
-  forEachShared(entries.size(), [&](std::size_t i) {
-    Location& location = *entries[i].second;
-    appendNodes(location.nodes, location._data, "nodes", "node", *collections.nodes);
-  });
+  linkNamed(
+      *collections.locations, "nodes", "node", *collections.nodes,
+      [](Location& location, auto nodes) { append(location.nodes, nodes); }, noLinkBack);
   return true;
 }
 
 bool linkLocationPolygons(CollectionDictionary& collections) {
   if (!collections.polygons || !collections.locations || !collections.maps) return false;
-  for (const auto& entry : *collections.locations)
-    linkPolygonsOf(entry.second, *collections.polygons);
+  linkNamed(
+      *collections.locations, "polygons", "id", *collections.polygons,
+      [](Location& location, FoundPolygons polygons) {
+        append(location.polygons, polygons);
+        dropEntrances(location.nodes, polygons);
+      },
+      [](const auto& location, Polygon& polygon) { polygon.locations.push_back(location); });
   return true;
 }
 

@@ -19,6 +19,8 @@ class VenueLoad {
   template <class Record>
   void receive(std::optional<Collection<Record>> CollectionDictionary::*field,
                Collection<Record> records) {
+    if (collections_.*field)
+      for (Join& join : joins_) join.ranEarly = false;
     collections_.*field = std::move(records);
     collectionReady();
   }
@@ -28,8 +30,14 @@ class VenueLoad {
   /// when the polygons come last, that is twice.
   void collectionReady();
 
+  struct Join {
+    std::function<bool(CollectionDictionary&)> run;
+    bool early = false;  ///< may run before the gate opens: what it links does not depend on others
+    bool ranEarly = false;  ///< so the first pass leaves it out
+  };
+
   CollectionDictionary collections_;
-  std::vector<std::function<bool(CollectionDictionary&)>> joins_;
+  std::vector<Join> joins_;
 };
 
 }  // namespace orivanta

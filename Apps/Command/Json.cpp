@@ -13,7 +13,7 @@ namespace {
 
 void append(std::string& text, const json::value& value) {
   if (value.is_double()) {
-    text += jsonNumber(value.get_double());
+    text += std::isfinite(value.get_double()) ? jsonNumber(value.get_double()) : "null";
   } else if (value.is_array()) {
     const char* separator = "[";
     for (const json::value& element : value.get_array()) {

@@ -14,7 +14,8 @@ std::string jsonNumber(double number);
 /// The text in quotes, escaped where it must be.
 std::string jsonString(std::string_view text);
 
-/// The value on one line. Nesting is limited by the stack: only for values made by the program.
+/// The value on one line; null for numbers that are not finite. Nesting is limited by the stack:
+/// only for values made by the program.
 std::string jsonText(const boost::json::value& value);
 
 }  // namespace orivanta::command

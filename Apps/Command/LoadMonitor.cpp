@@ -8,6 +8,10 @@ namespace orivanta::command {
 
 namespace {
 
+// Far beyond any venue: a server that sends more does not mean to end.
+constexpr std::size_t mostPages = 100'000;
+constexpr std::size_t mostBytes = std::size_t{1} << 30U;
+
 std::string meaningOf(int status) {
   switch (status) {
     case 401:
@@ -67,12 +71,20 @@ void LoadMonitor::pageReceived(std::string_view name, const network::HttpUrlResp
   const bool refused = response.statusCode < 200 || response.statusCode > 299;
   if (refused && collection.failure.empty())
     collection.failure = refusal(collection.latestUrl, response.statusCode);
-  if (!collection.pages.insert(collection.latestUrl).second) {
-    collection.failure =
-        fmt::format("the pages of {} run in a circle, back to {}", name, collection.latestUrl);
-    collection.endless = true;
-    end();
-  }
+  const auto next = detail::nextPage(response);
+  if (next && !collection.requested.insert(next->absoluteString()).second)
+    giveUp(collection, fmt::format("the pages of {} run in a circle, back to {}", name,
+                                   next->absoluteString()));
+  else if (next && collection.requested.size() >= mostPages)
+    giveUp(collection, fmt::format("{} has more than {} pages", name, mostPages));
+  else if (progress_.bytes > mostBytes)
+    giveUp(collection, fmt::format("the server sent more than {} MiB", mostBytes >> 20U));
+}
+
+void LoadMonitor::giveUp(Collection& collection, std::string reason) {
+  collection.failure = std::move(reason);
+  collection.endless = true;
+  end();
 }
 
 void LoadMonitor::collectionEnded(std::string_view name,

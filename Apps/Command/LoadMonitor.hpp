@@ -40,8 +40,9 @@ class LoadMonitor : public WebApiObserver {
   /// The load has delivered its result.
   void finish();
 
-  /// Blocks until `finish`, or until a collection's pages have come back to one that was there
-  /// before, so that the load would run for ever. At most one failure for each collection.
+  /// Blocks until `finish`, or until the load is given up: when a page names a next one that was
+  /// asked for before, when a collection has more than 100,000 pages, or when all pages together
+  /// have more than 1 GiB. At most one failure for each collection.
   std::vector<LoadFailure> wait();
 
   void pageReceived(std::string_view collection, const network::HttpUrlResponse& response,
@@ -51,12 +52,13 @@ class LoadMonitor : public WebApiObserver {
 
  private:
   struct Collection {
-    std::unordered_set<std::string> pages;  // by URL
+    std::unordered_set<std::string> requested;  // the URLs of the pages behind the first
     std::string latestUrl;
     std::string failure;  // empty while all is well
     bool endless = false;
   };
 
+  void giveUp(Collection& collection, std::string reason);
   void end();
   void report();
 

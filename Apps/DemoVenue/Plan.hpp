@@ -53,12 +53,12 @@ struct Floor {
   std::string_view id;  ///< "b1", "g", "l1", "l2", "roof": begins the identifiers of the floor
   std::string_view shortName;
   Names names;
-  double elevation;            ///< metres above the street
-  std::vector<Outline> slab;   ///< what carries the floor, in pieces without holes
-  std::vector<Outline> voids;  ///< where one looks down to the floor below
-  std::vector<Walkway> walkways;
-  std::vector<WalkingLine> lines;
-  std::vector<Place> places;
+  double elevation;                 ///< metres above the street
+  std::vector<Outline> slab = {};   ///< what carries the floor, in pieces without holes
+  std::vector<Outline> voids = {};  ///< where one looks down to the floor below
+  std::vector<Walkway> walkways = {};
+  std::vector<WalkingLine> lines = {};
+  std::vector<Place> places = {};
   std::vector<Outline> lawns = {};   ///< green, not walked on
   std::vector<Outline> inlays = {};  ///< brass lines in the floor
   std::vector<Outline> railings = {};

@@ -11,6 +11,11 @@ namespace orivanta::server {
 
 namespace {
 
+// A header may be 16 KB long; no language has a longer name (RFC 4647, section 4.4.1), and nobody
+// speaks so many.
+constexpr std::size_t longestRange = 35;
+constexpr std::size_t mostRanges = 64;
+
 std::string_view trimmed(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
   return text.substr(0, text.find_last_not_of(" \t") + 1);
@@ -27,7 +32,7 @@ std::string_view takePart(std::string_view& text, char separator) {
 // An element of a list such as "da, en-gb;q=0.8"; the weight is in thousandths.
 struct Weighted {
   std::string value;  // in lower case
-  int weight;
+  int weight = 0;
 };
 
 // "0" to "1" with at most three decimals (RFC 9110, section 12.4.2).
@@ -88,6 +93,8 @@ std::vector<std::string> languagesToLookUp(std::string_view acceptLanguage) {
   std::stable_sort(ranges.begin(), ranges.end(), [](const Weighted& left, const Weighted& right) {
     return left.weight > right.weight;
   });
+  std::erase_if(ranges, [](const Weighted& range) { return range.value.size() > longestRange; });
+  if (ranges.size() > mostRanges) ranges.resize(mostRanges);
   std::vector<std::string> tags;
   for (Weighted& range : ranges) {
     if (range.weight == 0 || range.value.front() == '*') continue;

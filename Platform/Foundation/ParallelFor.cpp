@@ -17,18 +17,23 @@ namespace {
 // Helpers that the pool starts late find nothing to do, perhaps after the caller has gone; so they
 // share this, and touch the body only with a number in hand.
 struct SharedWork {
-  SharedWork(std::size_t pieces, const std::function<void(std::size_t)>& work)
-      : count(pieces), body(work) {}
+  SharedWork(std::size_t pieces, std::size_t rowLength,
+             const std::function<void(std::size_t)>& work)
+      : count(pieces), inARow(rowLength), body(work) {}
 
   void takePieces() {
-    for (std::size_t piece = next++; piece < count; piece = next++) {
-      body(piece);
+    for (std::size_t first = next.fetch_add(inARow); first < count;
+         first = next.fetch_add(inARow)) {
+      const std::size_t end = first + std::min(inARow, count - first);
+      for (std::size_t piece = first; piece < end; ++piece) body(piece);
       const std::lock_guard lock(mutex);
-      if (++finished == count) allFinished.notify_one();
+      finished += end - first;
+      if (finished == count) allFinished.notify_one();
     }
   }
 
   const std::size_t count;
+  const std::size_t inARow;
   const std::function<void(std::size_t)>& body;
   std::atomic<std::size_t> next = 0;
   std::mutex mutex;
@@ -38,11 +43,13 @@ struct SharedWork {
 
 }  // namespace
 
-void parallelFor(std::size_t count, const std::function<void(std::size_t)>& body) {
+void parallelFor(std::size_t count, const std::function<void(std::size_t)>& body,
+                 std::size_t inARow) {
   if (count == 0) return;
-  const auto work = std::make_shared<SharedWork>(count, body);
+  const auto work = std::make_shared<SharedWork>(count, inARow, body);
   const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());
-  for (std::size_t helper = 1; helper < std::min(processors, count); ++helper)
+  const std::size_t rows = (count - 1) / inARow + 1;
+  for (std::size_t helper = 1; helper < std::min(processors, rows); ++helper)
     boost::asio::post(backgroundPool(), [work] { work->takePieces(); });
   work->takePieces();
   std::unique_lock lock(work->mutex);

@@ -10,6 +10,10 @@ namespace orivanta::foundation {
 /// and on idle threads of the pool behind the serial queues, and returns when all calls have. The
 /// caller sees what they wrote. Never waits for a thread that is busy with something else, so it
 /// may be called from a task of a queue. `body` must not throw.
-void parallelFor(std::size_t count, const std::function<void(std::size_t)>& body);
+///
+/// A thread takes `inARow` consecutive numbers at a time: more than one where a call is short, or
+/// where neighbours write to the same memory.
+void parallelFor(std::size_t count, const std::function<void(std::size_t)>& body,
+                 std::size_t inARow = 1);
 
 }  // namespace orivanta::foundation

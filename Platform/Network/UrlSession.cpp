@@ -1,6 +1,7 @@
 #include "Platform/Network/UrlSession.hpp"
 
 #include <algorithm>
+#include <new>
 #include <unordered_set>
 #include <utility>
 
@@ -50,11 +51,14 @@ void UrlSession::startDataTask(const foundation::Url& url) {
 void UrlSession::deliver(UrlResult result) {
   // Asked for before each call: the delegate may invalidate the session while it handles one.
   if (!delegate()) return;
-  if (!result.error) result.error = defaultTransport().decodeBody(result);
-  if (!result.error && !result.body.empty()) {
-    if (const auto receiver = delegate()) receiver->didReceiveData(result.body);
-    std::string().swap(result.body);
+  try {
+    if (!result.error) result.error = defaultTransport().decodeBody(result);
+    if (!result.error && !result.body.empty())
+      if (const auto receiver = delegate()) receiver->didReceiveData(result.body);
+  } catch (const std::bad_alloc&) {
+    result.error = foundation::Error{"memory", 1, "not enough memory for the answer"};
   }
+  std::string().swap(result.body);
   if (const auto receiver = delegate()) receiver->didComplete(result.response, result.error);
 }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <new>
 #include <thread>
 
 #include "Source/HttpSession.hpp"
@@ -116,6 +117,20 @@ TEST(HttpResponse, AFailureOnAnyPageEndsTheChainWithItsError) {
       EXPECT_EQ(course.error->domain, failure.domain) << course.error->description;
       EXPECT_EQ(course.error->code, failure.code) << course.error->description;
     }
+}
+
+TEST(HttpResponse, APageThatDoesNotFitEndsTheChain) {
+  for (const char* next : {"", "b"}) {
+    MisbehavingServer server;
+    server.on("/1/a", Answer::json(R"(["1"])").next(next));
+    const Awaited<Error> failed;
+    sessionFor(server.root())
+        .get("a")
+        .onPage(Texts(), [](Texts, const RawData&) -> Texts { throw std::bad_alloc(); })
+        .onComplete([](const Texts&) { ADD_FAILURE(); })
+        .onError([=](const Error& error) { failed.give(error); });
+    EXPECT_EQ(failed.take().domain, "memory");
+  }
 }
 
 TEST(HttpResponse, TheNextPageIsRequestedBeforeThisOneIsFolded) {

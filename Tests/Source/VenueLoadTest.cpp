@@ -92,6 +92,14 @@ TEST(VenueLoad, ASecondAnswerReplacesTheFirstAndRunsTheGateAgain) {
   activeVenue = nullptr;
 }
 
+TEST(VenueLoad, AnAnswerReplacedBeforeTheGateOpensIsLinkedToo) {
+  activeVenue = test::smallVenue();
+  VenueLoad load(false, [](const auto&) {});
+  for (const std::size_t arrival : {2, 5, 5, 0, 1, 4, 3}) arrivals[arrival](load);
+  for (const auto& polygon : *activeVenue->polygons) EXPECT_TRUE(polygon->map);
+  activeVenue = nullptr;
+}
+
 TEST(VenueLoadDeathTest, PublishingWithoutAnActiveVenueStopsTheProgram) {
   activeVenue = nullptr;
   VenueLoad load(false, [](const auto&) {});

@@ -153,7 +153,7 @@ TEST_F(VenueLoading, TheNextLoadClearsAndRefillsAndKeptRecordsStayValid) {
     EXPECT_NE(next->locations->at(0), cafe);
   }
   EXPECT_EQ(*cafe->nodes.at(0)->map->id, "floor1");
-  EXPECT_EQ((*graph)[*cafe->nodes.at(0)].at(0).node()->x, 5.0);
+  EXPECT_EQ((*graph)[*cafe->nodes.at(0)].front().node()->x, 5.0);
 }
 
 TEST_F(VenueLoading, AnAccessibleGraphLeavesOutTheStairs) {

@@ -168,20 +168,14 @@ Floor makeBasement() {
   Floor floor = {.id = "b1",
                  .shortName = "B1",
                  .names = {"Basement", "地下1階", "القبو", "Untergeschoss"},
-                 .elevation = -5.0,
-                 .slab = {},
-                 .voids = {},
-                 .walkways = {},
-                 .lines = {},
-                 .places = {}};
+                 .elevation = -5.0};
   floor.slab = {oval(-1.0), grown(westBlock(), 0.5), grown(squareSouth(), 1.0)};
   addRing(floor);
   addCourt(floor);
   floor.walkways.push_back({"concourse-passage", lobby(270)});
   floor.walkways.push_back({"concourse", squareSouth()});
   floor.lines.push_back({{{0, -87}, at(23, 270)}});
-  for (const auto& part : {shops(), marketHall()})
-    floor.places.insert(floor.places.end(), part.begin(), part.end());
+  addPlaces(floor, {shops(), marketHall()});
   return floor;
 }
 

@@ -211,19 +211,13 @@ Floor makeFirstFloor() {
   Floor floor = {.id = "l1",
                  .shortName = "1",
                  .names = {"First floor", "2階", "الطابق الأول", "1. Obergeschoss"},
-                 .elevation = 5.0,
-                 .slab = {},
-                 .voids = {},
-                 .walkways = {},
-                 .lines = {},
-                 .places = {}};
+                 .elevation = 5.0};
   addRingSlab(floor);
   floor.slab.push_back(grown(westBlock(), 0.5));
   addRing(floor);
   addStore(floor);
   addGallery(floor);
-  for (const auto& part : {outerShops(), islandShops()})
-    floor.places.insert(floor.places.end(), part.begin(), part.end());
+  addPlaces(floor, {outerShops(), islandShops()});
   return floor;
 }
 

@@ -313,12 +313,7 @@ Floor makeGroundFloor() {
   Floor floor = {.id = "g",
                  .shortName = "G",
                  .names = {"Ground floor", "1階", "الطابق الأرضي", "Erdgeschoss"},
-                 .elevation = 0.0,
-                 .slab = {},
-                 .voids = {},
-                 .walkways = {},
-                 .lines = {},
-                 .places = {}};
+                 .elevation = 0.0};
   floor.slab.push_back({{-112, -98},
                         {102, -98},
                         {114, -86},
@@ -343,8 +338,7 @@ Floor makeGroundFloor() {
   floor.lines.push_back({{{0, 73}, {26, 73}, {26, 78}}});
   floor.lines.push_back({{{0, -72}, {-29, -72}, {-29, -87}}});
   floor.lines.push_back({{{0, -72}, {36, -72}, {36, -78.25}}});
-  for (const auto& part : {outerShops(), islandShops(), courtAndStreet()})
-    floor.places.insert(floor.places.end(), part.begin(), part.end());
+  addPlaces(floor, {outerShops(), islandShops(), courtAndStreet()});
   return floor;
 }
 

@@ -9,12 +9,7 @@ Floor makeRoof() {
   Floor floor = {.id = "roof",
                  .shortName = "R",
                  .names = {"Roof terrace", "屋上テラス", "شرفة السطح", "Dachterrasse"},
-                 .elevation = 15.0,
-                 .slab = {},
-                 .voids = {},
-                 .walkways = {},
-                 .lines = {},
-                 .places = {}};
+                 .elevation = 15.0};
   addRingSlab(floor);
   addRing(floor);
   addGallery(floor);

@@ -199,12 +199,7 @@ Floor makeSecondFloor() {
   Floor floor = {.id = "l2",
                  .shortName = "2",
                  .names = {"Second floor", "3階", "الطابق الثاني", "2. Obergeschoss"},
-                 .elevation = 10.0,
-                 .slab = {},
-                 .voids = {},
-                 .walkways = {},
-                 .lines = {},
-                 .places = {}};
+                 .elevation = 10.0};
   addRingSlab(floor);
   floor.slab.push_back(grown(westBlock(), 0.5));
   floor.slab.push_back(grown(greatAuditorium().outline, 0.5));
@@ -220,8 +215,7 @@ Floor makeSecondFloor() {
   for (const double bearing :
        {20.5, 24.5, 28.5, 37.5, 41.5, 45.0, 53.5, 57.5, 61.5, 69.5, 73.5, 77.5})
     for (const double depth : {31.0, 34.0, 37.0}) floor.tables.push_back(at(depth, bearing));
-  for (const auto& part : {foodAndFilm(), aroundTheAtrium()})
-    floor.places.insert(floor.places.end(), part.begin(), part.end());
+  addPlaces(floor, {foodAndFilm(), aroundTheAtrium()});
   return floor;
 }
 

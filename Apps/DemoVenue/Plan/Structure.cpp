@@ -1,5 +1,6 @@
 #include "Apps/DemoVenue/Plan/Structure.hpp"
 
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -50,16 +51,24 @@ Outline onFacade(const std::vector<Point>& corners, double from, double to) {
   return outline;
 }
 
+// A walkway all around, in four parts.
+void addQuarters(Floor& floor, const std::array<std::string_view, 4>& ids, double outerDepth,
+                 double innerDepth) {
+  double from = 0.0;
+  for (const std::string_view id : ids) {
+    floor.walkways.push_back({id, sector(outerDepth, innerDepth, from, from + 90.0)});
+    from += 90.0;
+  }
+}
+
 }  // namespace
 
+void addPlaces(Floor& floor, std::initializer_list<std::vector<Place>> parts) {
+  for (const auto& part : parts) floor.places.insert(floor.places.end(), part.begin(), part.end());
+}
+
 void addRing(Floor& floor) {
-  const auto quarter = [&](std::string_view id, double from) {
-    floor.walkways.push_back({id, sector(corridorDepth, islandDepth, from, from + 90.0)});
-  };
-  quarter("ring-ne", 0.0);
-  quarter("ring-nw", 90.0);
-  quarter("ring-sw", 180.0);
-  quarter("ring-se", 270.0);
+  addQuarters(floor, {"ring-ne", "ring-nw", "ring-sw", "ring-se"}, corridorDepth, islandDepth);
   floor.walkways.push_back({"passage-east", sector(islandDepth, galleryDepth, -16.0, 16.0)});
   floor.walkways.push_back({"passage-north", sector(islandDepth, galleryDepth, 82.0, 98.0)});
   floor.walkways.push_back({"passage-west", sector(islandDepth, galleryDepth, 164.0, 196.0)});
@@ -91,13 +100,8 @@ void addCourt(Floor& floor) {
 }
 
 void addGallery(Floor& floor) {
-  const auto quarter = [&](std::string_view id, double from) {
-    floor.walkways.push_back({id, sector(galleryDepth, atriumDepth, from, from + 90.0)});
-  };
-  quarter("gallery-ne", 0.0);
-  quarter("gallery-nw", 90.0);
-  quarter("gallery-sw", 180.0);
-  quarter("gallery-se", 270.0);
+  addQuarters(floor, {"gallery-ne", "gallery-nw", "gallery-sw", "gallery-se"}, galleryDepth,
+              atriumDepth);
   floor.walkways.push_back({"bridge", bridge()});
   floor.lines.push_back({{{0.0, 21.0}, {0.0, -21.0}}});
   floor.voids.push_back(arc(atriumDepth, -bridgeBearing, bridgeBearing));

@@ -1,12 +1,16 @@
 // What the floors have in common: the ring, the passages, the court or the gallery.
 #pragma once
 
+#include <initializer_list>
 #include <string_view>
 #include <vector>
 
 #include "Apps/DemoVenue/Plan.hpp"
 
 namespace orivanta::demo {
+
+/// Appends the places of each part, in order.
+void addPlaces(Floor& floor, std::initializer_list<std::vector<Place>> parts);
 
 /// The ring corridor and the four passages inwards: walkways and lines.
 void addRing(Floor& floor);

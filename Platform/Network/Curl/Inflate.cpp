@@ -3,6 +3,7 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 
 namespace orivanta::network {
@@ -11,15 +12,15 @@ namespace {
 
 // A member ends with the size of its contents, low byte first. It may lie, but not beyond what so
 // many compressed bytes can hold.
-std::size_t expectedBytes(std::string_view compressed) {
-  constexpr std::size_t greatestRatio = 1032;
-  constexpr std::size_t least = 64;
+std::uint64_t expectedBytes(std::string_view compressed) {
+  constexpr std::uint64_t greatestRatio = 1032;
+  constexpr std::uint64_t least = 64;
   if (compressed.size() < 4) return least;
-  std::size_t size = 0;
+  std::uint64_t size = 0;
   for (const char byte : {compressed.rbegin()[0], compressed.rbegin()[1], compressed.rbegin()[2],
                           compressed.rbegin()[3]})
     size = size << 8U | static_cast<unsigned char>(byte);
-  return std::clamp(size, least, compressed.size() * greatestRatio);
+  return std::max(least, std::min(size, compressed.size() * greatestRatio));
 }
 
 }  // namespace
@@ -32,7 +33,9 @@ std::optional<std::string> gunzipped(std::string_view compressed, std::size_t la
   stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(compressed.data()));
   stream.avail_in = static_cast<uInt>(compressed.size());
 
-  std::string bytes(std::min(largestBytes, expectedBytes(compressed)), '\0');
+  std::string bytes(
+      static_cast<std::size_t>(std::min<std::uint64_t>(largestBytes, expectedBytes(compressed))),
+      '\0');
   std::size_t length = 0;
   for (;;) {
     stream.next_out = reinterpret_cast<Bytef*>(bytes.data() + length);

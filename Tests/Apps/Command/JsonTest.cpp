@@ -30,10 +30,11 @@ TEST(Json, NumbersAreShortAndReadBackExactly) {
 TEST(Json, WritesNestedValuesOnOneLine) {
   boost::json::object object({{"a", boost::json::array{1, 2.5, nullptr, true}},
                               {"q\"", "line\nbreak"},
+                              {"far", std::numeric_limits<double>::infinity()},
                               {"none", boost::json::object()},
                               {"empty", boost::json::array()}});
   EXPECT_EQ(jsonText(object),
-            R"({"a":[1,2.5,null,true],"q\"":"line\nbreak","none":{},"empty":[]})");
+            R"({"a":[1,2.5,null,true],"q\"":"line\nbreak","far":null,"none":{},"empty":[]})");
 }
 
 }  // namespace

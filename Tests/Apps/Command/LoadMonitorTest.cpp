@@ -9,8 +9,11 @@
 namespace orivanta::command {
 namespace {
 
-network::HttpUrlResponse responseFrom(const std::string& url, int status) {
-  return {foundation::Url::parse(url), status, {}};
+network::HttpUrlResponse responseFrom(const std::string& url, int status,
+                                      const std::string& next = "") {
+  network::HttpUrlResponse response{foundation::Url::parse(url), status, {}};
+  if (!next.empty()) response.headerFields = {{"Link", "<" + next + ">; rel=\"next\""}};
+  return response;
 }
 
 TEST(LoadMonitor, TellsWhyACollectionFailed) {
@@ -50,18 +53,37 @@ TEST(LoadMonitor, TellsWhyACollectionFailed) {
   }
 }
 
-TEST(LoadMonitor, GivesUpWhenPagesRunInACircle) {
-  LoadMonitor monitor("http://h/1/", nullptr);
-  monitor.begin(6);
-  std::thread server([&] {
-    for (const char* url : {"http://h/1/node", "http://h/1/node?page=2", "http://h/1/node"})
-      monitor.pageReceived("node", responseFrom(url, 200), 1);
-  });
-  const auto failures = monitor.wait();
-  server.join();
-  ASSERT_EQ(failures.size(), 1U);
-  EXPECT_TRUE(failures.front().endless);
-  EXPECT_EQ(failures.front().reason, "the pages of node run in a circle, back to http://h/1/node");
+TEST(LoadMonitor, GivesUpLoadsThatDoNotEnd) {
+  struct {
+    std::vector<std::string> nextPages;  // by the pages of one collection
+    std::size_t pageBytes;
+    std::string reason;  // "" for none
+  } const cases[] = {
+      {{"2", "1", "2"}, 1, "the pages of node run in a circle, back to http://h/1/2"},
+      {{"2", "3", ""}, std::size_t{300} << 20U, ""},
+      {{"2", "3", "4", ""}, std::size_t{300} << 20U, "the server sent more than 1024 MiB"},
+      {std::vector<std::string>(100'001, "#"), 1, "node has more than 100000 pages"},
+  };
+  for (const auto& test : cases) {
+    LoadMonitor monitor("http://h/1/", nullptr);
+    monitor.begin(6);
+    std::thread server([&] {
+      // Every page answers from one URL, as behind a redirect.
+      for (std::size_t page = 0; page < test.nextPages.size(); ++page) {
+        std::string next = test.nextPages[page];
+        if (next == "#") next = std::to_string(page);
+        monitor.pageReceived("node", responseFrom("http://h/1/all", 200, next), test.pageBytes);
+      }
+      if (test.reason.empty()) monitor.finish();
+    });
+    const auto failures = monitor.wait();
+    server.join();
+    ASSERT_EQ(failures.size(), test.reason.empty() ? 0U : 1U) << test.reason;
+    for (const LoadFailure& failure : failures) {
+      EXPECT_TRUE(failure.endless);
+      EXPECT_EQ(failure.reason, test.reason);
+    }
+  }
 }
 
 TEST(LoadMonitor, CountsUntilTheLoadEndsAndAnew) {

@@ -39,6 +39,14 @@ TEST(ContentNegotiation, LanguagesAreLookedUpFromTheWantedToTheGeneral) {
         << row.header;
 }
 
+TEST(ContentNegotiation, LooksUpNoMoreLanguagesThanAnyoneSpeaks) {
+  std::vector<std::string> ranges{std::string(36, 'a')};
+  for (int i = 0; i < 4000; ++i) ranges.push_back(fmt::format("l{}", i));
+  const auto tags = languagesToLookUp(fmt::format("{}", fmt::join(ranges, ",")));
+  EXPECT_EQ(tags.size(), 64U);
+  EXPECT_EQ(tags.front(), "l0");
+}
+
 TEST(ContentNegotiation, EntityTagsAreComparedWeakly) {
   const std::string tag = entityTagOf("body");
   EXPECT_EQ(tag, R"("cd4de79bc6c93295-4")");

@@ -1,26 +1,15 @@
 #include "Platform/Foundation/BinaryPropertyList.hpp"
 
 #include <gtest/gtest.h>
-#include <plist/plist.h>
 
-#include <cstdlib>
-
+#include "Tests/Support/BinaryPropertyLists.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta::foundation {
 namespace {
 
-std::string binaryOf(const std::string& xmlBody) {
-  const std::string xml = "<plist>" + xmlBody + "</plist>";
-  plist_t root = nullptr;
-  plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &root);
-  char* bytes = nullptr;
-  std::uint32_t length = 0;
-  plist_to_bin(root, &bytes, &length);
-  std::string binary(bytes, length);
-  plist_free(root);
-  std::free(bytes);
-  return binary;
+std::string binaryOf(const std::string& body) {
+  return test::binaryPropertyList("<plist>" + body + "</plist>");
 }
 
 TEST(BinaryPropertyList, TextsOfAnyLengthAndScriptAreRead) {

@@ -1,6 +1,5 @@
 // Where settings come from: property lists, the main bundle, the environment's languages.
 #include <gtest/gtest.h>
-#include <plist/plist.h>
 
 #include <cstdlib>
 
@@ -8,27 +7,17 @@
 #include "Platform/Foundation/Bundle.hpp"
 #include "Platform/Foundation/Languages.hpp"
 #include "Platform/Foundation/PropertyList.hpp"
+#include "Tests/Support/BinaryPropertyLists.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta::foundation {
 namespace {
 
+using test::binaryPropertyList;
 using test::TemporaryFolder;
 
 std::string xmlPropertyList(const std::string& body) {
   return R"(<?xml version="1.0" encoding="UTF-8"?><plist version="1.0">)" + body + "</plist>";
-}
-
-std::string binaryPropertyList(const std::string& xml) {
-  plist_t root = nullptr;
-  plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &root);
-  char* bytes = nullptr;
-  std::uint32_t length = 0;
-  plist_to_bin(root, &bytes, &length);
-  std::string binary(bytes, length);
-  plist_free(root);
-  std::free(bytes);
-  return binary;
 }
 
 TEST(PropertyList, XmlAndBinaryDictionariesGiveTheirTexts) {
