@@ -35,9 +35,6 @@ void CanvasPainter::paint(view::View& view, graphics::Point origin, double alpha
   if (view.isHidden() || alpha <= 0) return;
   origin_ = origin;
   alpha_ = alpha;
-  const bool clearsItself = dynamic_cast<view::SceneView*>(&view) != nullptr;
-  if (const auto background = view.backgroundColor(); background && !clearsItself)
-    fill(view.bounds(), *background, 0.0);
   view.draw(*this);
   for (const auto& child : view.subviews()) {
     const graphics::Point offset = child->frame().origin;

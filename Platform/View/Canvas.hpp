@@ -29,7 +29,7 @@ class ORIVANTA_API Canvas {
   virtual void draw(const std::shared_ptr<const graphics::Image>& image, const graphics::Rect& rect,
                     double alpha = 1.0, double turn = 0.0) = 0;
 
-  /// The view's 3D scene with its overlay.
+  /// The view's 3D scene over its background, and the overlay over both.
   virtual void draw(SceneView& view, const graphics::Rect& rect) = 0;
 };
 

@@ -98,7 +98,8 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   virtual void touchesEnded(std::span<const Touch> touches);
 
   /// Draws the view without its children, which whoever draws the tree draws over it. Fills the
-  /// bounds with the background colour; an overriding view calls this first. Under a transaction.
+  /// bounds with the background colour; an overriding view calls this first, unless it covers them.
+  /// Under a transaction.
   virtual void draw(Canvas& canvas);
 
   /// Whether the view, or one below it that is not hidden, looks different at a later time though

@@ -10,7 +10,7 @@ using graphics::Rect;
 using graphics::Size;
 
 std::shared_ptr<SpriteNode> square(const char* name, double x, double y, double z = 0.0) {
-  const auto node = SpriteNode::make(nullptr, Size{10, 10});
+  auto node = SpriteNode::make(nullptr, Size{10, 10});
   node->setName(name);
   node->setPosition({x, y});
   node->setZPosition(z);

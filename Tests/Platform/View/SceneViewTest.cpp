@@ -15,7 +15,7 @@ namespace {
 // A square of 2 units at the origin, seen from 10 units above.
 std::shared_ptr<scene::Scene> squareSeenFromAbove() {
   const graphics::Point corners[] = {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}};
-  const auto scene = scene::Scene::make();
+  auto scene = scene::Scene::make();
   scene->rootNode()->addChild(scene::Node::make(scene::makeExtrusion(corners, 0.1)));
   const auto eye = scene::Node::make();
   eye->setCamera(std::make_shared<scene::Camera>());

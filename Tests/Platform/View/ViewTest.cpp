@@ -143,7 +143,7 @@ TEST(ActivityIndicatorView, TurnsInStepsOverItsBackgroundWhileAnimating) {
   const auto alpha = [&](std::size_t x, std::size_t y) {
     return canvas.picture->pixels()[4 * (40 * y + x) + 3];
   };
-  EXPECT_EQ(canvas.picture->pixels()[4 * (40 * 5 + 19)], 255);
+  EXPECT_EQ(canvas.picture->pixels()[std::size_t{4} * (40 * 5 + 19)], 255);
   EXPECT_EQ(alpha(19, 5), 128);
   EXPECT_NEAR(alpha(19, 34), 75, 1);
   EXPECT_EQ(alpha(20, 20), 0);
