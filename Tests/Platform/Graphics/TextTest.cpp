@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
 #include <thread>
 
@@ -130,9 +131,9 @@ TEST(Text, MeasuresOutOfRangeGiveNothing) {
 
 TEST(Text, ThreadsMakeTheSamePictures) {
   const auto expected = picture("東京 Ag");
-  std::vector<std::thread> threads;
-  for (int i = 0; i < 4; ++i)
-    threads.emplace_back([&] {
+  std::array<std::thread, 4> threads;
+  for (std::thread& thread : threads)
+    thread = std::thread([&] {
       for (int j = 0; j < 10; ++j) expectSamePictures(*picture("東京 Ag"), *expected);
     });
   for (std::thread& thread : threads) thread.join();

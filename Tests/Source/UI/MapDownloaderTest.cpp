@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <mutex>
 #include <thread>
@@ -32,7 +33,7 @@ std::string contents(const fs::path& file) {
 
 // A server, an empty caches directory and the lines that were reported.
 class MapDownloader : public testing::Test {
- protected:
+ public:
   MapDownloader() {
     foundation::setDiagnosticSink([this](std::string_view line) {
       const std::lock_guard lock(mutex_);
@@ -41,6 +42,7 @@ class MapDownloader : public testing::Test {
   }
   ~MapDownloader() override { foundation::setDiagnosticSink({}); }
 
+ protected:
   std::vector<std::string> takeLines() {
     const std::lock_guard lock(mutex_);
     return std::exchange(lines_, {});
@@ -169,9 +171,9 @@ TEST_F(MapDownloader, SeveralDownloadsOfOneFileKeepItWhole) {
   server.on("/a", [](const test::ReceivedRequest& request) {
     return Answer::html(std::string(100'000 + request.connection, 'x'));
   });
-  std::vector<std::thread> threads;
-  for (int i = 0; i < 6; ++i)
-    threads.emplace_back([this] {
+  std::array<std::thread, 6> threads;
+  for (std::thread& thread : threads)
+    thread = std::thread([this] {
       const auto path = load("/a");
       ASSERT_TRUE(path);
       EXPECT_GT(contents(*path).size(), 100'000U);
