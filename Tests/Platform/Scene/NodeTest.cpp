@@ -112,22 +112,25 @@ TEST(Node, ALongChainTakesNoStack) {
 TEST(Node, ThreadsMoveWhatOthersWalkThrough) {
   const auto root = Node::make();
   const auto wanderer = Node::make(makeFloor());
-  std::atomic<bool> hasEnded = false;
-  std::thread mover([&] {
-    for (int i = 0; i < 1000; ++i) {
-      const auto parent = Node::make();  // goes at the end of each round
-      root->addChild(parent);
-      parent->addChild(wanderer);
-      wanderer->setPosition(Axis::x, 1);
-      parent->removeFromParent();
-    }
-    hasEnded = true;
+  std::atomic<int> moves = 0;  // neither orders what the threads do
+  std::atomic<int> walks = 0;
+  const auto repeat = [&](std::atomic<int>& count, const auto& action) {
+    constexpr auto relaxed = std::memory_order_relaxed;
+    for (; moves.load(relaxed) < 1000 || walks.load(relaxed) < 1000; count.fetch_add(1, relaxed))
+      action();
+  };
+  std::thread mover(repeat, std::ref(moves), [&] {
+    const auto parent = Node::make();  // goes at the end of each round
+    root->addChild(parent);
+    parent->addChild(wanderer);
+    wanderer->setPosition(Axis::x, 1);
+    parent->removeFromParent();
   });
-  while (!hasEnded) {
+  repeat(walks, [&] {
     EXPECT_LE(root->boundingBox().max.x, 10'001);
     wanderer->worldTransform();
     wanderer->parent();
-  }
+  });
   mover.join();
   EXPECT_TRUE(root->children().empty());
   EXPECT_EQ(wanderer->parent(), nullptr);
