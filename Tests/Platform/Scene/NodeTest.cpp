@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <glm/gtc/constants.hpp>
+#include <thread>
 
 #include "Platform/Scene/Shapes.hpp"
 #include "Tests/Support/Vectors.hpp"
@@ -105,6 +107,33 @@ TEST(Node, ALongChainTakesNoStack) {
   EXPECT_EQ(top->childNode("none"), nullptr);
   top.reset();
   EXPECT_TRUE(bottom.expired());
+}
+
+TEST(Node, ThreadsMoveWhatOthersWalkThrough) {
+  const auto root = Node::make();
+  const auto wanderer = Node::make(makeFloor());
+  std::atomic<int> moves = 0;  // neither orders what the threads do
+  std::atomic<int> walks = 0;
+  const auto repeat = [&](std::atomic<int>& count, const auto& action) {
+    constexpr auto relaxed = std::memory_order_relaxed;
+    for (; moves.load(relaxed) < 1000 || walks.load(relaxed) < 1000; count.fetch_add(1, relaxed))
+      action();
+  };
+  std::thread mover(repeat, std::ref(moves), [&] {
+    const auto parent = Node::make();  // goes at the end of each round
+    root->addChild(parent);
+    parent->addChild(wanderer);
+    wanderer->setPosition(Axis::x, 1);
+    parent->removeFromParent();
+  });
+  repeat(walks, [&] {
+    EXPECT_LE(root->boundingBox().max.x, 10'001);
+    wanderer->worldTransform();
+    wanderer->parent();
+  });
+  mover.join();
+  EXPECT_TRUE(root->children().empty());
+  EXPECT_EQ(wanderer->parent(), nullptr);
 }
 
 TEST(Node, FindsByNameOnTheNearestLevelAndByTestInOrder) {
