@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string_view>
@@ -61,7 +62,13 @@ std::vector<view::Touch> readTouches(std::istream& file, const std::string& name
 
 void replay(const std::vector<view::Touch>& touches, const std::shared_ptr<view::View>& root) {
   view::TouchDispatcher fingers(root);
-  for (const view::Touch& touch : touches) fingers.dispatch(touch);
+  for (auto moment = touches.begin(); moment != touches.end();) {
+    const auto next = std::find_if(moment, touches.end(), [&](const view::Touch& touch) {
+      return touch.time > moment->time;
+    });
+    fingers.dispatch({moment, next});
+    moment = next;
+  }
 }
 
 }  // namespace orivanta::command

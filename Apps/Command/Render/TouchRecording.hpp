@@ -21,7 +21,7 @@ namespace orivanta::command {
 /// the line's number for anything else; `name` is the file's, for the error.
 std::vector<view::Touch> readTouches(std::istream& file, const std::string& name);
 
-/// Plays the touches on the topmost view.
+/// Plays the touches on the topmost view; those of one time count as one moment.
 void replay(const std::vector<view::Touch>& touches, const std::shared_ptr<view::View>& root);
 
 }  // namespace orivanta::command
