@@ -117,6 +117,7 @@ foreach(
         Source/Record.hpp
         Source/RouteSearch.hpp
         Source/UI/AssetLoader.hpp
+        Source/UI/FloorLoad.hpp
         Source/UI/MapDownloader.hpp
         Source/UI/MapView.hpp
         Source/UI/MapViewDelegate.hpp

@@ -19,6 +19,7 @@
 #include "Platform/View/TapGestureRecognizer.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/UI/AssetLoader.hpp"
+#include "Source/UI/FloorLoad.hpp"
 #include "Source/UI/MapDownloader.hpp"
 #include "Source/UI/MapViewDelegate.hpp"
 #include "Source/UI/MapViewMarker2D.hpp"
@@ -77,6 +78,15 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// queue. A floor without model is left out. A URL that is none, a model that cannot be fetched
   /// or read, and a missing venue are fatal errors.
   void loadScene();
+
+  /// The same for applications: fetches, reads and prepares the floors side by side in the
+  /// background, beginning with `first` (the venue's first floor when null). The scene starts, and
+  /// the delegate is told, as soon as a floor is ready: `first`, or, when that fails, the next in
+  /// the venue's order that does not. Floors that arrive later can be switched to from then on.
+  /// Nothing is fatal but a missing venue: what goes wrong is told for each floor. A load under way
+  /// in this view is cancelled first.
+  std::shared_ptr<FloorLoad> loadFloors(FloorLoadHandlers handlers,
+                                        const std::shared_ptr<Map>& first = nullptr);
 
   /// Builds the scene for the first floor of the venue: camera, lights, gestures. Without floors,
   /// or with a first one that has no model, it says so on the diagnostics and shows nothing.

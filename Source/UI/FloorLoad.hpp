@@ -1,0 +1,53 @@
+// The floors of a venue on their way into a map view, for applications.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Source/Fwd.hpp"
+
+namespace orivanta {
+
+enum class FloorState {
+  waiting,       ///< nothing has begun
+  fetching,      ///< its files are on their way
+  reading,       ///< its model is being read and prepared
+  ready,         ///< it can be shown
+  withoutModel,  ///< its record names no model
+  failed         ///< see `problem`
+};
+
+struct FloorProgress {
+  std::shared_ptr<Map> map;
+  FloorState state = FloorState::waiting;
+  std::size_t filesDone = 0;
+  std::size_t fileCount = 0;
+  std::string problem;  ///< a sentence for people, without a full stop; empty unless it failed
+};
+
+/// Called on the main queue.
+struct FloorLoadHandlers {
+  /// After each step of a floor.
+  std::function<void(const FloorProgress& floor)> floorChanged;
+
+  /// Once, after the last floor is ready or has failed; not after `cancel`.
+  std::function<void(const std::vector<FloorProgress>& floors)> ended;
+};
+
+/// Begun by `MapView::loadFloors`. Main thread. Letting go of the handle does not end the load.
+class ORIVANTA_API FloorLoad {
+ public:
+  virtual ~FloorLoad() = default;
+
+  /// Floors that are ready stay; the others never come, and no handler is called any more.
+  virtual void cancel() = 0;
+
+  /// In the venue's order.
+  virtual std::vector<FloorProgress> floors() const = 0;
+};
+
+}  // namespace orivanta
