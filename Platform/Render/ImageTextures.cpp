@@ -18,7 +18,7 @@ namespace orivanta::render {
 
 namespace {
 
-constexpr float anisotropy = 4.0F;
+constexpr float anisotropy = 1.0F;
 
 struct Pixels {
   std::uint32_t width;
