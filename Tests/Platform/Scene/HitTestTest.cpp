@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <glm/gtc/constants.hpp>
+#include <random>
 
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Node.hpp"
@@ -87,18 +89,36 @@ TEST_F(HitTest, TellsElementsApartAndTakesTheNearestTriangleOfEach) {
   EXPECT_TRUE(areNear(hits[0].position, {0, 0, 2}));
   EXPECT_EQ(hits[1].geometryIndex, 1U);
   EXPECT_TRUE(areNear(hits[1].position, {0, 0, 1}));
-  // Inside the box, outside the triangles.
-  EXPECT_THAT(nodesHit({{1.5F, 1.5F, 10}, {0, 0, -20}}), testing::IsEmpty());
+}
+
+TEST_F(HitTest, PassesATriangleInsideItsBox) {
+  // The plane z = x: its box reaches up to 4.
+  const GeometrySource source{.data = bytesOf<float>({0, 0, 0, 4, 2, 4, 2, 4, 2}),
+                              .vectorCount = 3};
+  root_.addChild(Node::make(Geometry::make({source}, {{bytesOf<std::uint8_t>({0, 1, 2}), 1}})));
+  const auto hits = [&](Vector3 from, float down) {
+    return hitTest(*scene_, {from, {0, 0, -down}}).size();
+  };
+  EXPECT_EQ(hits({2, 2, 10}, 20), 1U);
+  EXPECT_EQ(hits({3, 1, 10}, 20), 0U) << "beyond the first edge";
+  EXPECT_EQ(hits({3.8F, 3.8F, 10}, 20), 0U) << "beyond the second edge";
+  EXPECT_EQ(hits({1, 3, 10}, 20), 0U) << "beyond the third edge";
+  EXPECT_EQ(hits({2, 2, 10}, 7), 0U) << "ends above";
+  EXPECT_EQ(hits({2, 2, 1}, 20), 0U) << "begins below";
 }
 
 TEST_F(HitTest, NoRaySlipsBetweenTwoTriangles) {
-  const auto square = addSquare(root_, {0.1F, 0.2F, 0.3F});
-  square->setEulerAngles({0.4F, 0.5F, 0.6F});
-  for (int i = -9; i <= 9; ++i) {
-    const auto share = static_cast<float>(i) / 10;
-    const auto onDiagonal =
-        Vector3(square->worldTransform() * graphics::Vector4(share, share, 0, 1));
-    EXPECT_EQ(nodesHit({onDiagonal + Vector3(1, 2, 9), {-2, -4, -18}}).size(), 1U) << share;
+  // Multiples of 2^-20, so that each ray meets the diagonal of the square exactly.
+  std::mt19937 random(1);
+  const auto number = [&] { return std::ldexp(static_cast<float>(random() % (1U << 21)), -20); };
+  const double side = std::ldexp((1 << 21) + 3, -20);
+  root_.addChild(Node::make(
+      makeExtrusion(std::vector<graphics::Point>{{0, 0}, {side, 0}, {side, side}, {0, side}}, 0)));
+  for (int i = 0; i < 1000; ++i) {
+    const float onDiagonal = number();
+    const Vector3 back(number(), number(), number() + 1);
+    const Ray ray{Vector3(onDiagonal, onDiagonal, 0) + back, back * -2.0F};
+    ASSERT_EQ(nodesHit(ray).size(), 1U) << i;
   }
 }
 

@@ -98,6 +98,7 @@ TEST(Material, AnAnimationBeginsWhenItIsFirstShown) {
   EXPECT_FLOAT_EQ(shown(1003), 2.5F);
   material->addAnimation(nullptr, "a");
   EXPECT_EQ(material->animation("a"), nullptr);
+  EXPECT_FLOAT_EQ(shown(1004), 0);
 }
 
 TEST(Material, AnimationsOfOtherKeyPathsChangeNothing) {

@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <glm/gtc/constants.hpp>
+#include <thread>
 
 #include "Platform/Scene/Shapes.hpp"
 #include "Tests/Support/Vectors.hpp"
@@ -105,6 +107,30 @@ TEST(Node, ALongChainTakesNoStack) {
   EXPECT_EQ(top->childNode("none"), nullptr);
   top.reset();
   EXPECT_TRUE(bottom.expired());
+}
+
+TEST(Node, ThreadsMoveWhatOthersWalkThrough) {
+  const auto root = Node::make();
+  const auto wanderer = Node::make(makeFloor());
+  std::atomic<bool> hasEnded = false;
+  std::thread mover([&] {
+    for (int i = 0; i < 1000; ++i) {
+      const auto parent = Node::make();  // goes at the end of each round
+      root->addChild(parent);
+      parent->addChild(wanderer);
+      wanderer->setPosition(Axis::x, 1);
+      parent->removeFromParent();
+    }
+    hasEnded = true;
+  });
+  while (!hasEnded) {
+    EXPECT_LE(root->boundingBox().max.x, 10'001);
+    wanderer->worldTransform();
+    wanderer->parent();
+  }
+  mover.join();
+  EXPECT_TRUE(root->children().empty());
+  EXPECT_EQ(wanderer->parent(), nullptr);
 }
 
 TEST(Node, FindsByNameOnTheNearestLevelAndByTestInOrder) {
