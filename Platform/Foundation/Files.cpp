@@ -2,13 +2,14 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdint>
-#include <fstream>
 #include <random>
 #include <system_error>
+#include <utility>
 
 #include "Platform/Foundation/UserFolder.hpp"
 
@@ -18,30 +19,41 @@ namespace fs = std::filesystem;
 
 namespace {
 
+struct Descriptor {
+  explicit Descriptor(int value = -1) : number(value) {}
+  ~Descriptor() { close(); }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  bool close() { return number >= 0 && ::close(std::exchange(number, -1)) == 0; }
+
+  int number;  // -1 for none
+};
+
 // A file of its own beside the one to be replaced, removed again unless it takes that one's place.
+// The functions say in `errno` why they fail.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(const fs::path& target) {
-    std::random_device random;
-    do {
-      path_ = target.parent_path() / fmt::format(".{:08x}{:08x}.part", random(), random());
-      descriptor_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    } while (descriptor_ < 0 && errno == EEXIST);
-    exists_ = descriptor_ >= 0;
-  }
+  TemporaryFile() = default;
   ~TemporaryFile() {
-    if (descriptor_ >= 0) ::close(descriptor_);
     if (exists_) ::unlink(path_.c_str());
   }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-  // These say in `errno` why they fail.
-  bool exists() const { return exists_; }
+  bool createBeside(const fs::path& target) {
+    std::random_device random;
+    do {
+      path_ = target.parent_path() / fmt::format(".{:08x}{:08x}.part", random(), random());
+      file_.number = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    } while (file_.number < 0 && errno == EEXIST);
+    exists_ = file_.number >= 0;
+    return exists_;
+  }
 
-  bool write(std::string_view bytes) {
+  bool write(std::string_view bytes) const {
     while (!bytes.empty()) {
-      const ssize_t count = ::write(descriptor_, bytes.data(), bytes.size());
+      const ssize_t count = ::write(file_.number, bytes.data(), bytes.size());
       if (count < 0 && errno != EINTR) return false;
       if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
     }
@@ -49,17 +61,14 @@ class TemporaryFile {
   }
 
   bool takePlaceOf(const fs::path& target) {
-    if (::fsync(descriptor_) != 0) return false;
-    const int closed = ::close(descriptor_);
-    descriptor_ = -1;
-    if (closed != 0 || ::rename(path_.c_str(), target.c_str()) != 0) return false;
-    exists_ = false;
-    return true;
+    if (::fsync(file_.number) != 0 || !file_.close()) return false;
+    exists_ = ::rename(path_.c_str(), target.c_str()) != 0;
+    return !exists_;
   }
 
  private:
   fs::path path_;
-  int descriptor_ = -1;  // -1 for none
+  Descriptor file_;
   bool exists_ = false;
 };
 
@@ -73,19 +82,23 @@ std::optional<fs::path> cachesDirectory() {
 }
 
 std::optional<std::string> readFile(const fs::path& file, std::size_t largestBytes) {
-  std::error_code failure;
-  if (!fs::is_regular_file(file, failure)) return std::nullopt;
-  const std::uintmax_t size = fs::file_size(file, failure);
-  if (failure || size > largestBytes) return std::nullopt;
-  std::ifstream stream(file, std::ios::binary);
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  if (!stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) return std::nullopt;
+  // Opened before it is measured, since another may take its place; a named pipe must not wait.
+  const Descriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  struct stat status {};
+  if (::fstat(opened.number, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  if (static_cast<std::uintmax_t>(status.st_size) > largestBytes) return std::nullopt;
+  std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
+  for (std::size_t length = 0; length < bytes.size();) {
+    const ssize_t count = ::read(opened.number, bytes.data() + length, bytes.size() - length);
+    if (count == 0 || (count < 0 && errno != EINTR)) return std::nullopt;
+    if (count > 0) length += static_cast<std::size_t>(count);
+  }
   return bytes;
 }
 
 std::optional<Error> writeFileAtomically(const fs::path& file, std::string_view bytes) {
-  TemporaryFile temporary(file);
-  if (temporary.exists() && temporary.write(bytes) && temporary.takePlaceOf(file))
+  TemporaryFile temporary;
+  if (temporary.createBeside(file) && temporary.write(bytes) && temporary.takePlaceOf(file))
     return std::nullopt;
   const int code = errno;
   return Error{

@@ -1,9 +1,11 @@
 #include "Platform/Foundation/Url.hpp"
 
+#include <strings.h>
 #include <uriparser/Uri.h>
 
 #include <algorithm>
 #include <cctype>
+#include <cstring>
 
 namespace orivanta::foundation {
 
@@ -46,6 +48,12 @@ std::string recomposed(const UriUriA& uri) {
   int written = 0;
   if (uriToStringA(text.data(), &uri, length + 1, &written) != URI_SUCCESS) return {};
   text.resize(static_cast<std::size_t>(written) - 1);
+  return text;
+}
+
+std::string percentDecoded(std::string text) {
+  const char* const end = uriUnescapeInPlaceExA(text.data(), URI_FALSE, URI_BR_DONT_TOUCH);
+  text.resize(static_cast<std::size_t>(end - text.data()));
   return text;
 }
 
@@ -95,6 +103,15 @@ std::optional<Url> Url::parse(std::string_view text, const Url& base) {
   return Url(std::move(resolvedText));
 }
 
+Url Url::fromFile(const std::filesystem::path& path) {
+  constexpr std::size_t schemeBytes = 7;
+  const std::string absolute = std::filesystem::absolute(path).string();
+  std::string text(schemeBytes + 3 * absolute.size() + 1, '\0');
+  uriUnixFilenameToUriStringA(absolute.c_str(), text.data());
+  text.resize(std::strlen(text.c_str()));
+  return Url(std::move(text));
+}
+
 bool Url::isAbsolute() const { return ParsedUri(text_)->scheme.first != nullptr; }
 
 std::string Url::scheme() const { return textOf(ParsedUri(text_)->scheme); }
@@ -115,6 +132,22 @@ std::string Url::path() const {
     if (segment->next != nullptr) path += '/';
   }
   return path;
+}
+
+std::optional<std::string> Url::lastPathComponent() const {
+  std::string text = path();
+  if (text.empty()) return std::nullopt;
+  while (text.ends_with('/')) text.pop_back();
+  return percentDecoded(text.substr(text.rfind('/') + 1));
+}
+
+std::optional<std::filesystem::path> Url::filePath() const {
+  const std::string hostName = host();
+  if (strcasecmp(scheme().c_str(), "file") != 0) return std::nullopt;
+  if (!hostName.empty() && strcasecmp(hostName.c_str(), "localhost") != 0) return std::nullopt;
+  std::string text = percentDecoded(path());
+  if (!text.starts_with('/') || text.find('\0') != std::string::npos) return std::nullopt;
+  return text;
 }
 
 Url Url::withQueryItems(std::span<const std::pair<std::string, std::string>> items) const {

@@ -1,6 +1,7 @@
 // A URL: a well-formed URI reference, absolute or relative (RFC 3986).
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
@@ -24,6 +25,9 @@ class ORIVANTA_API Url {
   /// a base that is itself relative it stays as it is.
   static std::optional<Url> parse(std::string_view text, const Url& base);
 
+  /// The "file" URL of a path; a relative one is below the current folder.
+  static Url fromFile(const std::filesystem::path& path);
+
   const std::string& absoluteString() const { return text_; }
 
   /// Whether there is a scheme.
@@ -34,6 +38,14 @@ class ORIVANTA_API Url {
   std::string host() const;
   std::string path() const;
   std::string query() const;
+
+  /// The last segment of the path, percent-decoded, slashes at the end left aside; empty for a path
+  /// of slashes only, nothing without a path. It may hold any byte, a slash among them.
+  std::optional<std::string> lastPathComponent() const;
+
+  /// The local file that a "file" URL means; nothing for any other, and when it names another host
+  /// or its path holds a NUL.
+  std::optional<std::filesystem::path> filePath() const;
 
   /// The query replaced by "name=value" pairs joined with "&", both percent-encoded; no "?" when
   /// there are no pairs.

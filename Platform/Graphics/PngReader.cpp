@@ -3,6 +3,7 @@
 #include <png.h>
 
 #include <csetjmp>
+#include <cstdlib>
 #include <cstring>
 #include <utility>
 #include <vector>
@@ -20,7 +21,8 @@ constexpr std::uint64_t greatestInflation = 1032;
 // what the reading functions need therefore lies here.
 struct Reader {
   explicit Reader(std::span<const std::uint8_t> file) : bytes(file), left(file) {
-    png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, &fail, &ignore);
+    png = png_create_read_struct_2(PNG_LIBPNG_VER_STRING, nullptr, &fail, &ignore, nullptr,
+                                   &allocate, &release);
     if (png != nullptr) info = png_create_info_struct(png);
   }
   ~Reader() { png_destroy_read_struct(&png, &info, nullptr); }
@@ -29,6 +31,12 @@ struct Reader {
 
   [[noreturn]] static void fail(png_structp png, png_const_charp) { png_longjmp(png, 1); }
   static void ignore(png_structp, png_const_charp) {}
+
+  // libpng would take a chunk's length at its word.
+  static png_voidp allocate(png_structp, png_alloc_size_t size) {
+    return size <= largestChunkBytes ? std::malloc(size) : nullptr;
+  }
+  static void release(png_structp, png_voidp memory) { std::free(memory); }
 
   static void read(png_structp png, png_bytep target, std::size_t count) {
     auto& left = static_cast<Reader*>(png_get_io_ptr(png))->left;

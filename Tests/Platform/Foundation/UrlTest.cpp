@@ -48,6 +48,32 @@ TEST(Url, ResolvesReferencesAgainstABase) {
   EXPECT_EQ(Url::parse("x", *Url::parse("relative/base"))->absoluteString(), "x");
 }
 
+TEST(Url, NamesTheLastComponentOfItsPath) {
+  struct Case {
+    const char* url;
+    std::optional<std::string> component;
+  };
+  for (const auto& [url, component] :
+       {Case{"http://h/a/b.obj?c=/d#/e", "b.obj"}, Case{"http://h/a/b//", "b"},
+        Case{"http://h/a%20b%C3%A9", "a bé"}, Case{"http://h/x/%2e%2E%2fa+b", "../a+b"},
+        Case{"http://h/a%00b", std::string("a\0b", 3)}, Case{"b", "b"}, Case{"urn:a:b", "a:b"},
+        Case{"http://h/..", ".."}, Case{"http://h/", ""}, Case{"http://h", std::nullopt},
+        Case{"http://h?a/b", std::nullopt}})
+    EXPECT_EQ(Url::parse(url)->lastPathComponent(), component) << url;
+}
+
+TEST(Url, NamesFiles) {
+  for (const char* path : {"/a", "/a b/100%?#ü+.obj", "//a"}) {
+    const Url url = Url::fromFile(path);
+    EXPECT_EQ(Url::parse(url.absoluteString()), url);
+    EXPECT_EQ(url.filePath(), path);
+  }
+  EXPECT_EQ(Url::fromFile("a").filePath(), std::filesystem::current_path() / "a");
+  EXPECT_EQ(Url::parse("FILE://LocalHost/a%20b?c")->filePath(), "/a b");
+  for (const char* other : {"http://h/a", "/a", "file://h/a", "file:a", "file:///a%00"})
+    EXPECT_FALSE(Url::parse(other)->filePath()) << other;
+}
+
 TEST(Url, NamesItsComponents) {
   const Url url = *Url::parse("https://user@host.example:44/a/b%20c/?q=1&r#f");
   EXPECT_TRUE(url.isAbsolute());

@@ -1,0 +1,109 @@
+#include "Platform/Foundation/Files.hpp"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <cerrno>
+#include <csignal>
+#include <iterator>
+#include <thread>
+
+#include "Platform/Foundation/Bundle.hpp"
+#include "Tests/Support/EnvironmentVariable.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace orivanta::foundation {
+namespace {
+
+namespace fs = std::filesystem;
+using test::EnvironmentVariable;
+using test::TemporaryFolder;
+
+std::ptrdiff_t fileCount(const fs::path& folder) {
+  return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
+}
+
+TEST(Files, TheCachesDirectoryIsTheUsersAndExists) {
+  const TemporaryFolder folder;
+  const EnvironmentVariable home("HOME", folder.path() / "home");
+  const fs::path program = executablePath().filename();
+  const fs::path inHome = folder.path() / "home" / ".cache" / program;
+  for (const auto& [configured, expected] :
+       {std::pair{std::optional<std::string>(), inHome},
+        {"", inHome},
+        {"relative", inHome},
+        {folder.path() / "x", folder.path() / "x" / program}}) {
+    const EnvironmentVariable caches("XDG_CACHE_HOME", configured);
+    EXPECT_EQ(cachesDirectory(), expected);
+    EXPECT_TRUE(fs::is_directory(expected));
+  }
+  const EnvironmentVariable caches("XDG_CACHE_HOME", std::nullopt);
+  const EnvironmentVariable noHome("HOME", std::nullopt);
+  EXPECT_EQ(cachesDirectory(), std::nullopt);
+}
+
+TEST(Files, AreReadUpToALimit) {
+  const TemporaryFolder folder;
+  const std::string contents("a\0b\n", 4);
+  const fs::path file = folder.write("a", contents);
+  EXPECT_EQ(readFile(file, 4), contents);
+  EXPECT_EQ(readFile(file, 3), std::nullopt);
+  EXPECT_EQ(readFile(folder.write("empty", ""), 0), "");
+  EXPECT_EQ(readFile(folder.path(), 100), std::nullopt);
+  EXPECT_EQ(readFile(folder.path() / "missing", 100), std::nullopt);
+  EXPECT_EQ(readFile("/dev/zero", 100), std::nullopt);
+}
+
+TEST(Files, AreReplacedAndLeaveNothingBeside) {
+  const TemporaryFolder folder;
+  const fs::path file = folder.path() / "a";
+  for (const std::string& contents : {std::string("longer"), std::string(), std::string("\0", 1)}) {
+    EXPECT_EQ(writeFileAtomically(file, contents), std::nullopt);
+    EXPECT_EQ(readFile(file, 100), contents);
+    EXPECT_EQ(fileCount(folder.path()), 1);
+  }
+  EXPECT_EQ(writeFileAtomically(folder.path() / "no" / "a", "x")->code, ENOENT);
+  const auto error = writeFileAtomically(folder.path(), "x");
+  ASSERT_TRUE(error);
+  EXPECT_NE(error->description.find(folder.path().string()), std::string::npos);
+}
+
+TEST(Files, AFailedWriteLeavesTheOldContents) {
+  const TemporaryFolder folder;
+  const fs::path file = folder.write("a", "old");
+  rlimit earlier{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &earlier), 0);
+  auto* const earlierHandler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit tight{100'000, earlier.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &tight);
+  const auto error = writeFileAtomically(file, std::string(200'000, 'x'));
+  setrlimit(RLIMIT_FSIZE, &earlier);
+  std::signal(SIGXFSZ, earlierHandler);
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->code, EFBIG);
+  EXPECT_EQ(readFile(file, 100), "old");
+  EXPECT_EQ(fileCount(folder.path()), 1);
+}
+
+TEST(Files, StayWholeWhenSeveralWriteThem) {
+  const TemporaryFolder folder;
+  const auto contentsOf = [](char letter) {
+    return std::string(static_cast<std::size_t>(letter - 'a' + 1) * 20'000, letter);
+  };
+  const fs::path file = folder.write("a", contentsOf('a'));
+  std::vector<std::thread> writers;
+  for (const char letter : {'a', 'b', 'c'})
+    writers.emplace_back([&, letter] {
+      for (int i = 0; i < 20; ++i) EXPECT_FALSE(writeFileAtomically(file, contentsOf(letter)));
+    });
+  for (int i = 0; i < 200; ++i) {
+    const auto bytes = readFile(file, 100'000);
+    ASSERT_TRUE(bytes);
+    EXPECT_EQ(*bytes, contentsOf(bytes->front()));
+  }
+  for (std::thread& writer : writers) writer.join();
+  EXPECT_EQ(fileCount(folder.path()), 1);
+}
+
+}  // namespace
+}  // namespace orivanta::foundation
