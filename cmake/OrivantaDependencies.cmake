@@ -21,6 +21,7 @@ if(ORIVANTA_SANITIZER MATCHES thread)
   target_compile_definitions(orivanta_asio INTERFACE BOOST_ASIO_DISABLE_FENCED_BLOCK)
 endif()
 
+find_package(GIF REQUIRED)
 find_package(glm REQUIRED)
 find_package(JPEG REQUIRED)
 find_package(PNG REQUIRED)

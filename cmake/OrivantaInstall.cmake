@@ -1,4 +1,5 @@
-# The shared library that applications link, its headers, its CMake package and its pkg-config file.
+# The two shared libraries that applications link, with and without graphics; their headers, their
+# CMake package and their pkg-config files.
 
 add_library(orivanta SHARED)
 target_sources(
@@ -20,28 +21,86 @@ target_include_directories(
 target_compile_features(orivanta PUBLIC cxx_std_20)
 add_library(orivanta::orivanta ALIAS orivanta)
 
+add_library(orivanta-ui SHARED)
+target_sources(
+  orivanta-ui
+  PRIVATE $<TARGET_OBJECTS:orivanta_graphics>
+          $<TARGET_OBJECTS:orivanta_graphics_text>
+          $<TARGET_OBJECTS:orivanta_scene>
+          $<TARGET_OBJECTS:orivanta_scene_obj>
+          $<TARGET_OBJECTS:orivanta_sprite>
+          $<TARGET_OBJECTS:orivanta_view>
+          $<TARGET_OBJECTS:orivanta_render>
+          $<TARGET_OBJECTS:orivanta_render_offscreen>
+          $<TARGET_OBJECTS:orivanta_ui>)
+set_target_properties(orivanta-ui PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION}
+                                             SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME ui)
+target_link_libraries(
+  orivanta-ui
+  PUBLIC orivanta glm::glm
+  PRIVATE JPEG::JPEG PNG::PNG PkgConfig::epoxy PkgConfig::pangocairo fmt::fmt)
+add_library(orivanta::ui ALIAS orivanta-ui)
+
 include(CMakePackageConfigHelpers)
 set(packageFolder ${CMAKE_INSTALL_LIBDIR}/cmake/orivanta)
 
-install(TARGETS orivanta EXPORT orivantaTargets)
+install(TARGETS orivanta orivanta-ui EXPORT orivantaTargets)
 install(EXPORT orivantaTargets NAMESPACE orivanta:: DESTINATION ${packageFolder})
-install(FILES include/orivanta/orivanta.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orivanta)
-# Every header that the umbrella header reaches, and no other.
-install(
-  FILES Platform/Foundation/Bundle.hpp
+install(FILES include/orivanta/orivanta.hpp include/orivanta/ui.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orivanta)
+# Every header that the two umbrella headers reach, and no other; Tests/Install/check holds it.
+foreach(
+  header IN
+  ITEMS Platform/Foundation/Bundle.hpp
         Platform/Foundation/Diagnostics.hpp
         Platform/Foundation/Error.hpp
         Platform/Foundation/Export.hpp
+        Platform/Foundation/MainQueue.hpp
+        Platform/Foundation/ResourceBundle.hpp
         Platform/Foundation/Screen.hpp
         Platform/Foundation/SerialQueue.hpp
         Platform/Foundation/Url.hpp
-  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orivanta/Platform/Foundation)
-install(
-  FILES Platform/Network/HttpUrlResponse.hpp Platform/Network/UrlSession.hpp
+        Platform/Graphics/Color.hpp
+        Platform/Graphics/Geometry.hpp
+        Platform/Graphics/Image.hpp
+        Platform/Graphics/ImageFile.hpp
+        Platform/Graphics/Text.hpp
+        Platform/Graphics/Transaction.hpp
+        Platform/Graphics/Vector.hpp
+        Platform/Network/HttpUrlResponse.hpp
+        Platform/Network/UrlSession.hpp
         Platform/Network/UrlTransport.hpp
-  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orivanta/Platform/Network)
-install(
-  FILES Source/Category.hpp
+        Platform/Render/FrameStatistics.hpp
+        Platform/Render/Offscreen/OffscreenSurface.hpp
+        Platform/Render/Renderer.hpp
+        Platform/Scene/Camera.hpp
+        Platform/Scene/Fwd.hpp
+        Platform/Scene/Geometry.hpp
+        Platform/Scene/KeyframeAnimation.hpp
+        Platform/Scene/Light.hpp
+        Platform/Scene/Material.hpp
+        Platform/Scene/Node.hpp
+        Platform/Scene/ParticleSystem.hpp
+        Platform/Scene/Scene.hpp
+        Platform/Scene/Shapes.hpp
+        Platform/Sprite/Node.hpp
+        Platform/Sprite/Scene.hpp
+        Platform/View/ActivityIndicatorView.hpp
+        Platform/View/Canvas.hpp
+        Platform/View/Coder.hpp
+        Platform/View/ContinuousGestureRecognizer.hpp
+        Platform/View/Fwd.hpp
+        Platform/View/GestureRecognizer.hpp
+        Platform/View/ImageView.hpp
+        Platform/View/LayoutConstraint.hpp
+        Platform/View/PanGestureRecognizer.hpp
+        Platform/View/PinchGestureRecognizer.hpp
+        Platform/View/RotationGestureRecognizer.hpp
+        Platform/View/SceneView.hpp
+        Platform/View/TapGestureRecognizer.hpp
+        Platform/View/Touch.hpp
+        Platform/View/TouchDispatcher.hpp
+        Platform/View/View.hpp
+        Source/Category.hpp
         Source/CollectionHelpers.hpp
         Source/Directions.hpp
         Source/Fwd.hpp
@@ -57,10 +116,22 @@ install(
         Source/RawData.hpp
         Source/Record.hpp
         Source/RouteSearch.hpp
+        Source/UI/AssetLoader.hpp
+        Source/UI/MapDownloader.hpp
+        Source/UI/MapView.hpp
+        Source/UI/MapViewDelegate.hpp
+        Source/UI/MapViewDirections.hpp
+        Source/UI/MapViewMarker.hpp
+        Source/UI/MapViewMarker2D.hpp
+        Source/UI/MapViewMessages.hpp
+        Source/UI/MapViewOverlay2D.hpp
+        Source/UI/MarkerImages.hpp
         Source/Venue.hpp
         Source/Vortex.hpp
-        Source/WebApi.hpp
-  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orivanta/Source)
+        Source/WebApi.hpp)
+  get_filename_component(folder ${header} DIRECTORY)
+  install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orivanta/${folder})
+endforeach()
 
 configure_package_config_file(cmake/orivantaConfig.cmake.in orivantaConfig.cmake
                               INSTALL_DESTINATION ${packageFolder})
@@ -70,5 +141,6 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/orivantaConfig.cmake
         DESTINATION ${packageFolder})
 
 configure_file(cmake/orivanta.pc.in orivanta.pc @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/orivanta.pc
+configure_file(cmake/orivanta-ui.pc.in orivanta-ui.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/orivanta.pc ${CMAKE_CURRENT_BINARY_DIR}/orivanta-ui.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

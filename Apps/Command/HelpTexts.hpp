@@ -53,12 +53,21 @@ A batch has one JSON object a line and gives one line for each, in order:
 line that is no such request gives "error" instead, and the batch goes on.)";
 
 inline constexpr const char* renderFooter = R"(
-Needs no display. With several floors the short name of each goes into its file's name.
+Needs no display. Prints the names of the files that it writes; with several floors the short name
+of each goes into its file's name. Places are given as to `orivanta route`. With a route the
+pictures are of the floors that it passes, in its order, and the camera looks at it.
+
+Recorded touches are lines of JSON, positions in points from the upper left corner:
+  {"time": 0.00, "finger": 1, "phase": "began", "x": 640, "y": 400}
+  {"time": 0.10, "finger": 1, "phase": "moved", "x": 600, "y": 380}
+  {"time": 0.20, "finger": 1, "phase": "ended", "x": 600, "y": 380}
 
 Examples:
   orivanta render astrolabe-court -o court.png                the first floor, from above
   orivanta render astrolabe-court --map all --tilt 40 --scale 2 -o court.png
-  orivanta render astrolabe-court --map G --highlight "paper kestrel=orange" --zoom 1.5)";
+  orivanta render astrolabe-court --map G --highlight "paper kestrel=orange" --labels
+  orivanta render astrolabe-court --route "paper kestrel" "popcorn nebula" --tilt 35 -o way.png
+  orivanta render astrolabe-court --route "paper kestrel" "popcorn nebula" --frames 25 -o way.png)";
 
 inline constexpr const char* serveFooter = R"(
 Prints the API root when it is ready, and serves until it is interrupted. A folder is a venue

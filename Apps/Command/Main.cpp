@@ -138,6 +138,19 @@ void addRender(CLI::App& app, CommandLine& line) {
                   "Colour a location, such as cafe=orange or cafe=#fbac17; may be repeated")
       ->type_name("PLACE=COLOUR")
       ->allow_extra_args(false);
+  query
+      .add_option("--route", options.route, "Draw the way from one place to another, on each floor")
+      ->expected(2)
+      ->type_name("FROM TO");
+  query.add_flag("--accessible", options.accessible, "The way without connectors that have steps");
+  query.add_option("--marker", options.markers, "Mark a place; may be repeated")
+      ->type_name("PLACE")
+      ->allow_extra_args(false);
+  query.add_flag("--labels", options.labels, "Write the names of the locations");
+  query.add_option("--touches", options.touchesFile, "Play recorded touches first")
+      ->type_name("FILE");
+  query.add_option("--frames", options.frames, "Write so many pictures and an animation of them")
+      ->type_name("N");
   query.add_option("-o,--output", options.output, "The picture to write")
       ->type_name("FILE.png")
       ->capture_default_str();

@@ -96,15 +96,15 @@ std::shared_ptr<Node> Node::parent() const {
 bool Node::hasParent() const { return parent() != nullptr; }
 
 void Node::addChild(const std::shared_ptr<Node>& child) {
-  const std::shared_ptr<Node> added = child;  // `child` may lie in the list that it leaves
+  std::shared_ptr<Node> added = child;  // `child` may lie in the list that it leaves
   if (!added) foundation::fatalError("a sprite node cannot hold a child that is null");
   const Transaction transaction;
   for (const Node* above = this; above != nullptr; above = above->parent_)
     if (above == added.get())
       foundation::fatalError("a sprite node cannot become a child of itself or of one below it");
   added->removeFromParent();
-  children_.push_back(added);
   added->parent_ = this;
+  children_.push_back(std::move(added));
 }
 
 void Node::removeFromParent() {

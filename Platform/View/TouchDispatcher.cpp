@@ -90,8 +90,9 @@ struct TouchDispatcher::Session {
     time = std::max(time, touch.time);  // a NaN changes nothing
     touch.time = time;
     const auto finger = find(touch.identifier);
+    // No view holds a place that is not finite, so none lands there.
     const bool isFinite = std::isfinite(touch.position.x) && std::isfinite(touch.position.y);
-    if (touch.phase == TouchPhase::began) return finger == fingers.end() && isFinite;
+    if (touch.phase == TouchPhase::began) return finger == fingers.end();
     if (finger == fingers.end()) return false;
     if (touch.phase == TouchPhase::moved) return isFinite;
     if (touch.phase == TouchPhase::cancelled || !isFinite) touch.position = finger->position;

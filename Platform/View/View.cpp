@@ -124,7 +124,7 @@ std::vector<std::shared_ptr<View>> View::subviews() const {
 }
 
 void View::addSubview(const std::shared_ptr<View>& subview) {
-  const std::shared_ptr<View> added = subview;  // `subview` may lie in the list that it leaves
+  std::shared_ptr<View> added = subview;  // `subview` may lie in the list that it leaves
   if (!added) foundation::fatalError("a view cannot hold a child that is null");
   const Transaction transaction;
   for (const View* above = this; above != nullptr; above = above->superview_)
@@ -132,8 +132,8 @@ void View::addSubview(const std::shared_ptr<View>& subview) {
       foundation::fatalError("a view cannot become a child of itself or of one below it");
   if (added->superview_ == this) return bringSubviewToFront(*added);
   added->removeFromSuperview();
-  subviews_.push_back(added);
   added->superview_ = this;
+  subviews_.push_back(std::move(added));
   needsLayout_ = true;
 }
 
@@ -201,11 +201,11 @@ void View::layoutIfNeeded() {
 }
 
 void View::addGestureRecognizer(const std::shared_ptr<GestureRecognizer>& recognizer) {
-  const std::shared_ptr<GestureRecognizer> added = recognizer;
+  std::shared_ptr<GestureRecognizer> added = recognizer;  // likewise
   if (!added) foundation::fatalError("a view cannot hold a gesture recogniser that is null");
   if (added->view_ != nullptr) added->view_->removeGestureRecognizer(*added);
-  gestureRecognizers_.push_back(added);
   added->view_ = this;
+  gestureRecognizers_.push_back(std::move(added));
 }
 
 void View::removeGestureRecognizer(const GestureRecognizer& recognizer) {

@@ -12,7 +12,7 @@
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Material.hpp"
-#include "Platform/Scene/Obj/ObjModel.hpp"
+#include "Platform/Scene/Obj/Model.hpp"
 #include "Platform/Scene/Scene.hpp"
 #include "Source/RawData.hpp"
 #include "Source/UI/SdkBundle.hpp"
@@ -69,7 +69,7 @@ std::shared_ptr<scene::Geometry> makeMesh(const Model& model) {
   std::vector<std::shared_ptr<scene::Material>> materials;
   for (const auto& group : model.groups) {
     elements.push_back({bytesOf(group.indices), sizeof group.indices[0]});
-    materials.push_back(makeMaterial(model.materials[group.material], pictures));
+    materials.push_back(makeMaterial(group.material, pictures));
   }
   auto mesh = scene::Geometry::make(bytesOf(model.vertices), std::move(elements));
   mesh->setMaterials(std::move(materials));

@@ -18,7 +18,7 @@ ReportingDownloader::ReportingDownloader(const Venue& venue) {
 }
 
 std::optional<std::string> ReportingDownloader::loadFileSync(const foundation::Url& url,
-                                                             std::string_view path) {
+                                                             const std::string& path) {
   ProgressLine::standardError().show(
       fmt::format("Loading floors: {} of {} files", filesDone_, fileCount_),
       ProgressLine::Clock::now());

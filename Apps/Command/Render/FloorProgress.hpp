@@ -15,7 +15,7 @@ class ReportingDownloader : public HttpDownloader {
   explicit ReportingDownloader(const Venue& venue);
 
   std::optional<std::string> loadFileSync(const foundation::Url& url,
-                                          std::string_view path) override;
+                                          const std::string& path) override;
 
  private:
   std::size_t fileCount_ = 0;

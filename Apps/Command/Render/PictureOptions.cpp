@@ -57,6 +57,13 @@ std::vector<std::shared_ptr<Map>> chooseFloors(const Venue& venue, const std::st
                      fmt::format("no floor \"{}\"; the venue has {}", text, floorLabels(maps)));
 }
 
+std::shared_ptr<Location> findLocation(const Venue& venue, const std::string& text) {
+  auto location = findRouteEnd(venue, {text}).place;
+  if (!location)
+    throw CommandError(ExitCode::wrongUse, fmt::format("\"{}\" is a node, not a location", text));
+  return location;
+}
+
 Highlight parseHighlight(const Venue& venue, const std::string& text) {
   const auto sign = text.rfind('=');
   const std::string name = text.substr(0, sign);
@@ -67,10 +74,7 @@ Highlight parseHighlight(const Venue& venue, const std::string& text) {
                        fmt::format("--highlight: \"{}\" is no colour; give a name such as orange, "
                                    "or #rrggbb",
                                    text.substr(sign + 1)));
-  const auto location = findRouteEnd(venue, {name}).place;
-  if (!location)
-    throw CommandError(ExitCode::wrongUse, fmt::format("--highlight: \"{}\" is no location", name));
-  return {location, *color};
+  return {findLocation(venue, name), *color};
 }
 
 std::string pictureName(const std::string& output, std::string_view label, bool isOneOfMany) {
@@ -82,6 +86,10 @@ std::string pictureName(const std::string& output, std::string_view label, bool 
   const std::filesystem::path path(output);
   const std::string stem = (path.parent_path() / path.stem()).string();
   return fmt::format("{}-{}{}", stem, safe, path.extension().string());
+}
+
+std::string animationName(const std::string& output) {
+  return std::filesystem::path(output).replace_extension(".gif").string();
 }
 
 }  // namespace orivanta::command

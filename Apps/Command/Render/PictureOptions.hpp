@@ -22,6 +22,9 @@ graphics::Size parseSize(std::string_view text);
 /// first floor for an empty text.
 std::vector<std::shared_ptr<Map>> chooseFloors(const Venue& venue, const std::string& text);
 
+/// The one location that the text names as in `findRouteEnd`.
+std::shared_ptr<Location> findLocation(const Venue& venue, const std::string& text);
+
 struct Highlight {
   std::shared_ptr<Location> location;
   graphics::Color color;
@@ -30,8 +33,11 @@ struct Highlight {
 /// "PLACE=COLOUR", or "PLACE" alone for red.
 Highlight parseHighlight(const Venue& venue, const std::string& text);
 
-/// FILE.png for a single picture; for one of several FILE-LABEL.png, with what is no part of a file
-/// name replaced in the label.
+/// The name itself for a single picture; for one of several FILE-LABEL.png, with what is no part of
+/// a file name replaced in the label.
 std::string pictureName(const std::string& output, std::string_view label, bool isOneOfMany);
+
+/// The name with the ending ".gif" in the place of its own.
+std::string animationName(const std::string& output);
 
 }  // namespace orivanta::command

@@ -1,18 +1,26 @@
 #include "Apps/Command/Render/RenderVenue.hpp"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <boost/json/array.hpp>
-#include <numbers>
+#include <fstream>
+#include <memory>
+#include <utility>
 
 #include "Apps/Command/Json.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Places.hpp"
+#include "Apps/Command/Render/Animation.hpp"
+#include "Apps/Command/Render/CameraPlacement.hpp"
+#include "Apps/Command/Render/LocationMarkers.hpp"
 #include "Apps/Command/Render/PictureOptions.hpp"
+#include "Apps/Command/Render/RouteOnMap.hpp"
 #include "Apps/Command/Render/Stage.hpp"
+#include "Apps/Command/Render/TouchRecording.hpp"
 #include "Apps/Command/Session.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
-#include "Platform/Scene/Node.hpp"
+#include "Source/Directions.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Venue.hpp"
@@ -22,67 +30,148 @@ namespace orivanta::command {
 namespace {
 
 constexpr double largestTilt = 60;  // degrees; as far as the map view's own gesture goes
-
-float radians(double degrees) { return static_cast<float>(degrees * std::numbers::pi / 180); }
+constexpr double framesPerSecond = 12.5;
 
 void checkUse(const RenderVenueOptions& options) {
-  if (!(options.scale > 0 && options.scale <= 8))
-    throw CommandError(ExitCode::wrongUse, "--scale: give a number above 0, up to 8");
-  if (!(options.tilt >= 0 && options.tilt <= largestTilt))
-    throw CommandError(ExitCode::wrongUse, "--tilt: give degrees from 0 to 60");
-  if (!(options.zoom > 0 && options.zoom <= 1000))
-    throw CommandError(ExitCode::wrongUse, "--zoom: give a number above 0, up to 1000");
+  const auto check = [](bool fits, const char* text) {
+    if (!fits) throw CommandError(ExitCode::wrongUse, text);
+  };
+  check(options.scale > 0 && options.scale <= 8, "--scale: give a number above 0, up to 8");
+  check(options.tilt >= 0 && options.tilt < largestTilt, "--tilt: give degrees from 0 to below 60");
+  check(options.zoom >= 0.01 && options.zoom <= 100, "--zoom: give a number from 0.01 to 100");
+  check(options.frames >= 0 && options.frames <= 9999, "--frames: give a number up to 9999");
 }
 
-void placeCamera(MapView& mapView, const RenderVenueOptions& options) {
-  if (!mapView.cameraOrbit) return;
-  mapView.cameraOrbit->setEulerAngle(scene::Axis::x, radians(options.tilt));
-  mapView.cameraOrbit->setEulerAngle(scene::Axis::z, radians(options.turn));
-  mapView.cameraOrbit->children().front()->setPosition(
-      scene::Axis::z, *mapView.cameraDistance / static_cast<float>(options.zoom));
+// What the pictures show, found in the venue before anything is drawn.
+struct Contents {
+  std::vector<std::shared_ptr<Map>> floors;
+  std::vector<Highlight> highlights;
+  std::unique_ptr<RouteOnMap> route;
+  std::unique_ptr<LocationMarkers> markers;
+  std::vector<view::Touch> touches;
+};
+
+std::unique_ptr<RouteOnMap> findRoute(const RouteEnd& from, const RouteEnd& to,
+                                      const RenderVenueOptions& options) {
+  const auto directions = getDirections(from.nodes, to.nodes, from.place, to.place);
+  if (!directions)
+    throw CommandError(ExitCode::notFound,
+                       fmt::format("no {}route from {}", options.accessible ? "accessible " : "",
+                                   fmt::join(options.route, " to ")));
+  return std::make_unique<RouteOnMap>(directions->path, from.place, to.place);
 }
 
-void highlightLocations(MapView& mapView, const std::vector<Highlight>& highlights) {
-  for (const Highlight& highlight : highlights)
-    for (const auto& polygon : highlight.location->polygons)
-      mapView.highlightPolygon(polygon, highlight.color);
+std::vector<view::Touch> touchesIn(const std::string& name) {
+  std::ifstream file(name);
+  if (!file)
+    throw CommandError(ExitCode::wrongUse, fmt::format("--touches: cannot read \"{}\"", name));
+  return readTouches(file, name);
 }
 
-void write(const graphics::Image& image, const std::string& file) {
-  if (const auto error = graphics::writePng(image, file))
-    throw CommandError(ExitCode::outputFailed, fmt::format("{}: {}", file, error->description));
+Contents findContents(const Venue& venue, const RenderVenueOptions& options) {
+  Contents contents;
+  std::vector<std::shared_ptr<Location>> pinned;
+  std::vector<std::shared_ptr<Location>> ends;
+  for (const std::string& text : options.markers) pinned.push_back(findLocation(venue, text));
+  for (const std::string& text : options.highlights)
+    contents.highlights.push_back(parseHighlight(venue, text));
+  if (!options.route.empty()) {
+    const RouteEnd from = findRouteEnd(venue, {options.route[0]});
+    const RouteEnd to = findRouteEnd(venue, {options.route[1]});
+    contents.route = findRoute(from, to, options);
+    for (const RouteEnd* end : {&from, &to})
+      if (end->place) ends.push_back(end->place);
+  }
+  contents.floors = contents.route && options.map.empty() ? contents.route->floors()
+                                                          : chooseFloors(venue, options.map);
+  contents.markers =
+      std::make_unique<LocationMarkers>(std::move(pinned), options.labels, std::move(ends));
+  if (options.touchesFile) contents.touches = touchesIn(*options.touchesFile);
+  return contents;
 }
+
+void showFloor(Stage& stage, const std::shared_ptr<Map>& floor, Contents& contents,
+               const RenderVenueOptions& options) {
+  MapView& mapView = stage.mapView();
+  if (mapView.currentMap() != floor) mapView.changeMap(floor);
+  const CameraAngles angles{options.tilt, options.turn, options.zoom};
+  turnCamera(mapView, angles);
+  contents.markers->show(mapView, options.scale);
+  if (contents.route) {
+    contents.route->show(mapView, options.scale);
+    lookAt(mapView, contents.route->pointsOn(*floor), angles);
+  }
+  replay(contents.touches, stage.root());
+  mapView.updateMarkerPositions();
+  mapView.updateMarkerVisibility();
+}
+
+// Takes the pictures and tells their files' names.
+class PictureWriter {
+ public:
+  explicit PictureWriter(const RenderVenueOptions& options) : options_(options) {}
+
+  void write(Stage& stage, const std::string& file) {
+    if (options_.frames == 0) return writePicture(*stage.picture(), file);
+    std::vector<std::shared_ptr<const graphics::Image>> pictures;
+    for (int i = 0; i < options_.frames; ++i) {
+      pictures.push_back(stage.picture(i / framesPerSecond));
+      writePicture(*pictures.back(), pictureName(file, fmt::format("{:04}", i + 1), true));
+    }
+    const std::string animation = animationName(file);
+    writeAnimation(pictures, 1 / framesPerSecond, animation);
+    tell(animation);
+  }
+
+  /// Ends the list. Whether there was anything to list.
+  bool finish() {
+    if (options_.json) writeOutput(jsonText(files_) + '\n');
+    return !files_.empty();
+  }
+
+ private:
+  void writePicture(const graphics::Image& image, const std::string& file) {
+    if (const auto error = graphics::writePng(image, file))
+      throw CommandError(ExitCode::outputFailed, fmt::format("{}: {}", file, error->description));
+    tell(file);
+  }
+
+  void tell(const std::string& file) {
+    files_.emplace_back(file);
+    if (!options_.json) writeOutput(file + '\n');
+  }
+
+  const RenderVenueOptions& options_;
+  boost::json::array files_;
+};
 
 }  // namespace
 
 ExitCode renderVenue(const RenderVenueOptions& options) {
   checkUse(options);
   const graphics::Size size = parseSize(options.size);
-  const auto venue = Session(options.connection)
-                         .loadVenue(options.slug, false, {"location", "map", "node", "polygon"});
-  const auto floors = chooseFloors(*venue, options.map);
-  std::vector<Highlight> highlights;
-  for (const std::string& text : options.highlights)
-    highlights.push_back(parseHighlight(*venue, text));
+  std::vector<std::string_view> needed{"location", "map", "node", "polygon"};
+  if (!options.route.empty()) needed.push_back("vortex");
+  const auto venue =
+      Session(options.connection).loadVenue(options.slug, options.accessible, needed);
+  Contents contents = findContents(*venue, options);
 
   Stage stage(size, options.scale);
   stage.load(venue);
-  highlightLocations(stage.mapView(), highlights);
-  boost::json::array written;
-  for (const auto& floor : floors) {
+  for (const Highlight& highlight : contents.highlights)
+    for (const auto& polygon : highlight.location->polygons)
+      stage.mapView().highlightPolygon(polygon, highlight.color);
+  PictureWriter writer(options);
+  for (const auto& floor : contents.floors) {
     if (!floor->mapObject) {
       complain(fmt::format("warning: floor {} has no model", floorLabel(*floor)));
       continue;
     }
-    if (stage.mapView().currentMap() != floor) stage.mapView().changeMap(floor);
-    placeCamera(stage.mapView(), options);
-    const std::string file = pictureName(options.output, floorLabel(*floor), floors.size() > 1);
-    write(*stage.picture(), file);
-    if (!options.json) writeOutput(file + '\n');
-    written.emplace_back(file);
+    showFloor(stage, floor, contents, options);
+    writer.write(stage,
+                 pictureName(options.output, floorLabel(*floor), contents.floors.size() > 1));
   }
-  if (options.json) writeOutput(jsonText(written) + '\n');
-  return written.empty() ? ExitCode::notFound : ExitCode::success;
+  return writer.finish() ? ExitCode::success : ExitCode::notFound;
 }
 
 }  // namespace orivanta::command

@@ -14,13 +14,20 @@ struct RenderVenueOptions {
   ConnectionOptions connection;
   bool json = false;
   std::string slug;
-  std::string map;  ///< name, short name, identifier, index or "all"; empty: the first
+  std::string map;  ///< name, short name, identifier, index or "all"; empty: the first, or those of
+                    ///< the route
   std::string size = "1280x800";  ///< points
   double scale = 1.0;             ///< pixels per point
   double tilt = 0.0;              ///< degrees from straight down
   double turn = 0.0;              ///< degrees, counterclockwise
   double zoom = 1.0;
   std::vector<std::string> highlights;  ///< PLACE=COLOUR
+  std::vector<std::string> route;       ///< from and to, or nothing
+  bool accessible = false;              ///< the route, without connectors that are not
+  std::vector<std::string> markers;     ///< places
+  bool labels = false;
+  std::optional<std::string> touchesFile;
+  int frames = 0;  ///< pictures of a sequence; 0 for a single one
   std::string output = "map.png";
 };
 

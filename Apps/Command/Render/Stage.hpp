@@ -23,6 +23,9 @@ class Stage {
 
   MapView& mapView() { return *mapView_; }
 
+  /// The map view as the topmost view, for touches.
+  std::shared_ptr<view::View> root() const { return mapView_; }
+
   /// One frame at a time in seconds, which rises from call to call.
   std::shared_ptr<const graphics::Image> picture(double time = 0.0);
 

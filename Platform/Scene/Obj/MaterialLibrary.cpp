@@ -1,0 +1,112 @@
+#include "Platform/Scene/Obj/MaterialLibrary.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <string>
+#include <unordered_set>
+
+#include "Platform/Scene/Obj/LocalPath.hpp"
+#include "Platform/Scene/Obj/TextLines.hpp"
+
+namespace orivanta::scene::obj {
+
+namespace {
+
+constexpr float unreadable = std::numeric_limits<float>::quiet_NaN();
+
+// What may stand between `map_Kd` and the name of the file.
+struct TextureOption {
+  std::string_view name;
+  int words;    // that follow
+  int numbers;  // that may follow these
+};
+
+constexpr TextureOption textureOptions[] = {
+    {"-blendu", 1, 0}, {"-blendv", 1, 0},     {"-bm", 1, 0},      {"-boost", 1, 0}, {"-cc", 1, 0},
+    {"-clamp", 1, 0},  {"-colorspace", 1, 0}, {"-imfchan", 1, 0}, {"-mm", 2, 0},    {"-o", 1, 2},
+    {"-s", 1, 2},      {"-t", 1, 2},          {"-texres", 1, 0},  {"-type", 1, 0},
+};
+
+bool takeOption(std::string_view& line) {
+  for (const TextureOption& option : textureOptions) {
+    if (!takeKeyword(line, option.name)) continue;
+    for (int word = 0; word < option.words; ++word) takeWord(line);
+    for (int number = 0; number < option.numbers; ++number) {
+      std::string_view rest = line;
+      if (std::isnan(takeNumber(rest, unreadable))) break;
+      line = rest;
+    }
+    return true;
+  }
+  return false;
+}
+
+std::optional<std::filesystem::path> texture(std::string_view line) {
+  while (takeOption(line)) line = withoutBlanksAround(line);
+  return localPath(line);
+}
+
+// One number counts for all three.
+void readColour(std::string_view line, std::array<float, 3>& colour) {
+  const float red = takeNumber(line, unreadable);
+  const float green = takeNumber(line, red);
+  const float blue = takeNumber(line, green);
+  if (!std::isfinite(red) || !std::isfinite(green) || !std::isfinite(blue)) return;
+  colour = {red, green, blue};
+  for (float& component : colour) component = std::clamp(component, 0.0F, 1.0F);
+}
+
+std::optional<float> fraction(std::string_view line) {
+  takeKeyword(line, "-halo");
+  const float number = takeNumber(line, unreadable);
+  if (!std::isfinite(number)) return std::nullopt;
+  return std::clamp(number, 0.0F, 1.0F);
+}
+
+class MaterialReader {
+ public:
+  std::vector<Material> read(std::string_view text) {
+    TextLines lines(text);
+    for (auto line = lines.next(); !line.empty(); line = lines.next()) readStatement(line);
+    return std::move(materials_);
+  }
+
+ private:
+  void readStatement(std::string_view line) {
+    if (takeKeyword(line, "newmtl")) return begin(line);
+    if (!isOpen_) return;
+    Material& material = materials_.back();
+    if (takeKeyword(line, "Kd")) return readColour(line, material.diffuse);
+    if (takeKeyword(line, "d")) {
+      if (const auto opacity = fraction(line)) {
+        material.opacity = *opacity;
+        hasOpacity_ = true;
+      }
+    } else if (takeKeyword(line, "Tr")) {
+      const auto transparency = fraction(line);
+      if (transparency && !hasOpacity_) material.opacity = 1.0F - *transparency;
+    } else if (takeKeyword(line, "map_Kd")) {
+      if (auto path = texture(line)) material.diffuseTexture = std::move(path);
+    }
+  }
+
+  void begin(std::string_view name) {
+    hasOpacity_ = false;
+    isOpen_ = !name.empty() && names_.emplace(name).second;
+    if (!isOpen_) return;
+    materials_.emplace_back().name = name;
+    materials_.back().defined = true;
+  }
+
+  std::vector<Material> materials_;
+  std::unordered_set<std::string> names_;
+  bool isOpen_ = false;      // whether statements belong to the last material
+  bool hasOpacity_ = false;  // `d` counts more than `Tr`, whichever comes first
+};
+
+}  // namespace
+
+std::vector<Material> parseMaterials(std::string_view text) { return MaterialReader().read(text); }
+
+}  // namespace orivanta::scene::obj

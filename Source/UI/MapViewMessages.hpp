@@ -1,0 +1,40 @@
+// Operations of a map view called by name, for scripts and bindings of other languages.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Color.hpp"
+#include "Platform/Graphics/Vector.hpp"
+
+namespace orivanta {
+
+class MapView;
+
+using MessageArgument = std::variant<bool, double, graphics::Vector3, graphics::Color>;
+
+/// Calls one of these, whose arguments stand in the order of the colons:
+///
+///     drawCurrentPath                                                 none
+///     clearPaths:                                                     bool
+///     drawPathSegment:positionB:                                      vector, vector
+///     drawPathSegmentStrip:positionB:pathWidth:pathColor:elevation:   vector, vector, number,
+///                                                                     colour, number
+///     drawPathSegmentArrow:positionB:pathWidth:elevation:             vector, vector, number,
+///                                                                     number
+///     removeHighlightNode                                             none
+///
+/// Another selector, and arguments of another number or kind, give an error, and nothing is done.
+/// Main thread.
+ORIVANTA_API std::optional<foundation::Error> perform(MapView& mapView, std::string_view selector,
+                                                      std::span<const MessageArgument> arguments);
+
+/// The selectors that there are.
+ORIVANTA_API std::vector<std::string_view> messageSelectors();
+
+}  // namespace orivanta

@@ -1,0 +1,245 @@
+#include "Platform/View/TouchDispatcher.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "Platform/View/PanGestureRecognizer.hpp"
+#include "Platform/View/PinchGestureRecognizer.hpp"
+#include "Platform/View/RotationGestureRecognizer.hpp"
+#include "Platform/View/TapGestureRecognizer.hpp"
+#include "Tests/Support/Fingers.hpp"
+
+namespace orivanta::view {
+namespace {
+
+// A view with the recognisers of a map: a tap, pans for one and for two fingers, pinch, rotation.
+struct Stage {
+  std::shared_ptr<View> root = std::make_shared<View>(graphics::Rect{{}, {400, 400}});
+  std::shared_ptr<View> map = std::make_shared<View>(graphics::Rect{{0, 100}, {400, 300}});
+  test::GestureLog log;
+  std::shared_ptr<TapGestureRecognizer> tap = log.add<TapGestureRecognizer>(*map, "tap");
+  std::shared_ptr<PanGestureRecognizer> two = log.add<PanGestureRecognizer>(*map, "two");
+  std::shared_ptr<PanGestureRecognizer> one = log.add<PanGestureRecognizer>(*map, "one");
+  std::shared_ptr<PinchGestureRecognizer> pinch = log.add<PinchGestureRecognizer>(*map, "pinch");
+  std::shared_ptr<RotationGestureRecognizer> turn =
+      log.add<RotationGestureRecognizer>(*map, "turn");
+  test::Fingers fingers{root};
+
+  Stage() {
+    two->minimumNumberOfTouches = two->maximumNumberOfTouches = 2;
+    one->minimumNumberOfTouches = one->maximumNumberOfTouches = 1;
+    root->addSubview(map);
+  }
+
+  // Fingers 1 and 2 side by side, 200 points apart.
+  void putTwo() {
+    fingers.down(1, {100, 200}, 0);
+    fingers.down(2, {300, 200}, 0);
+  }
+};
+
+TEST(TouchDispatcher, LetsOneGestureRunAtATime) {
+  struct Case {
+    const char* what;
+    void (*play)(Stage& stage);
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"a drag",
+       [](Stage& s) {
+         s.fingers.down(1, {100, 200}, 0);
+         s.fingers.move(1, {150, 200}, 0);
+         s.fingers.move(1, {100, 200}, 0);
+         s.fingers.up(1, 0.1);
+       },
+       "one began, one changed, one ended"},
+      {"a tap",
+       [](Stage& s) {
+         s.fingers.tap(1, {100, 200}, 0);
+       },
+       "tap ended"},
+      {"two fingers side by side",
+       [](Stage& s) {
+         s.putTwo();
+         s.fingers.move({{1, {100, 240}}, {2, {300, 240}}}, 1);
+         s.fingers.move({{1, {0, 240}}, {2, {300, 140}}}, 2);
+         s.fingers.up(1, 3);
+         s.fingers.up(2, 3);
+       },
+       "two began, two changed, two ended"},
+      {"a pinch that goes on as a turn",
+       [](Stage& s) {
+         s.putTwo();
+         s.fingers.move({{1, {90, 200}}, {2, {310, 200}}}, 1);
+         s.fingers.move({{1, {200, 100}}, {2, {200, 300}}}, 2);
+         s.fingers.dispatcher().cancelAll(3);
+       },
+       "pinch began, pinch changed, pinch cancelled"},
+      {"one finger becomes two and one again",
+       [](Stage& s) {
+         s.fingers.down(1, {100, 200}, 0);
+         s.fingers.move(1, {100, 220}, 0);
+         s.fingers.move(1, {100, 230}, 0);
+         s.fingers.down(2, {300, 200}, 1);
+         s.fingers.move({{1, {100, 250}}, {2, {300, 220}}}, 1);
+         s.fingers.move({{1, {100, 260}}, {2, {300, 230}}}, 1);
+         s.fingers.up(2, 2);
+         s.fingers.move(1, {110, 260}, 2);
+         s.fingers.up(1, 3);
+       },
+       "one began, one changed, one ended, two began, two changed, two ended, one began, one "
+       "ended"},
+      {"one finger becomes a pinch, and the pinch a drag",
+       [](Stage& s) {
+         s.fingers.down(1, {100, 200}, 0);
+         s.fingers.move(1, {100, 220}, 0);
+         s.fingers.down(2, {300, 220}, 1);
+         s.fingers.move({{1, {90, 220}}, {2, {310, 220}}}, 1);
+         s.fingers.up(1, 2);
+         s.fingers.move(2, {310, 240}, 2);
+         s.fingers.up(2, 2);
+       },
+       "one began, one ended, pinch began, pinch ended, one began, one ended"},
+  };
+  for (const Case& each : cases) {
+    Stage stage;
+    each.play(stage);
+    EXPECT_EQ(stage.log.take(), each.expected) << each.what;
+    stage.fingers.tap(9, {100, 200}, 10);
+    EXPECT_EQ(stage.log.take(), "tap ended") << "afterwards all is as before: " << each.what;
+  }
+}
+
+TEST(TouchDispatcher, LetsThoseRunTogetherThatAViewAboveAllows) {
+  Stage stage;
+  stage.root->allowSimultaneous([&](const GestureRecognizer& a, const GestureRecognizer& b) {
+    return &a == stage.turn.get() && &b == stage.pinch.get();
+  });
+  stage.putTwo();
+  stage.fingers.move({{1, {90, 200}}, {2, {310, 200}}}, 1);
+  stage.fingers.move({{1, {200, 100}}, {2, {200, 320}}}, 2);
+  EXPECT_TRUE(stage.pinch->isRunning());
+  EXPECT_TRUE(stage.turn->isRunning());
+  EXPECT_EQ(stage.two->state(), GestureState::failed);
+  stage.fingers.up(1, 3);
+  EXPECT_EQ(stage.log.take(), "pinch began, pinch changed, turn began, pinch ended, turn ended");
+}
+
+TEST(TouchDispatcher, PassesOverWhatMakesNoSense) {
+  Stage stage;
+  stage.fingers.move(1, {100, 200}, 0);
+  stage.fingers.up(1, 0);
+  stage.fingers.down(1, {NAN, 200}, 0);
+  stage.fingers.down(1, {1000, 200}, 0);
+  stage.fingers.up(1, 0);
+  stage.fingers.down(1, {100, 200}, 0);
+  stage.fingers.down(1, {300, 200}, 0);
+  stage.fingers.move(1, {INFINITY, 200}, 0);
+  EXPECT_EQ(stage.one->numberOfTouches(), 1U);
+  EXPECT_EQ(stage.one->location(*stage.map), (graphics::Point{100, 100}));
+  stage.fingers.up(1, -5);
+  EXPECT_EQ(stage.log.take(), "tap ended");
+}
+
+TEST(TouchDispatcher, BringsFingersToTheForemostViewAndThoseAbove) {
+  Stage stage;
+  const auto button = std::make_shared<View>(graphics::Rect{{0, 0}, {100, 100}});
+  stage.map->addSubview(button);
+  stage.log.add<TapGestureRecognizer>(*button, "button");
+  stage.log.add<TapGestureRecognizer>(*stage.root, "root");
+  stage.fingers.tap(1, {50, 150}, 0);
+  EXPECT_EQ(stage.log.take(), "button ended") << "the lowest comes first";
+  stage.fingers.tap(1, {50, 50}, 1);
+  EXPECT_EQ(stage.log.take(), "root ended");
+  stage.fingers.down(1, {50, 150}, 2);
+  stage.fingers.move(1, {50, 350}, 2);
+  EXPECT_EQ(stage.log.take(), "one began") << "above the button, and outside of it";
+}
+
+TEST(TouchDispatcher, HoldsBackWhatLandsBesideARunningGesture) {
+  Stage stage;
+  const auto button = std::make_shared<View>(graphics::Rect{{0, 0}, {100, 100}});
+  stage.map->addSubview(button);
+  stage.log.add<PanGestureRecognizer>(*button, "button");
+  stage.log.add<TapGestureRecognizer>(*button, "press");
+  stage.one->maximumNumberOfTouches = 5;
+  stage.fingers.down(1, {300, 300}, 0);
+  stage.fingers.move(1, {350, 300}, 0);
+  stage.fingers.tap(2, {50, 150}, 0);
+  stage.fingers.down(2, {50, 150}, 1);
+  stage.fingers.move(2, {90, 150}, 1);
+  stage.fingers.up(1, 2);
+  stage.fingers.up(2, 2);
+  EXPECT_EQ(stage.log.take(), "one began, one changed, one ended");
+}
+
+TEST(TouchDispatcher, OutlivesWhatIsTouched) {
+  struct Case {
+    const char* what;
+    void (*change)(Stage& stage);
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"the view is gone",
+       [](Stage& s) {
+         s.map->removeFromSuperview();
+         s.map = nullptr;
+       },
+       ""},
+      {"the view left", [](Stage& s) { s.map->removeFromSuperview(); }, "one cancelled"},
+      {"the recogniser left", [](Stage& s) { s.map->removeGestureRecognizer(*s.one); },
+       "one cancelled"},
+      {"the input is lost", [](Stage& s) { s.fingers.dispatcher().cancelAll(1); }, "one cancelled"},
+  };
+  for (const Case& each : cases) {
+    Stage stage;
+    stage.fingers.down(1, {100, 200}, 0);
+    stage.fingers.move(1, {100, 250}, 0);
+    EXPECT_EQ(stage.log.take(), "one began");
+    each.change(stage);
+    stage.fingers.move(1, {100, 300}, 1);
+    stage.fingers.up(1, 1);
+    EXPECT_EQ(stage.log.take(), each.expected) << each.what;
+    EXPECT_EQ(stage.one->numberOfTouches(), 0U) << each.what;
+  }
+}
+
+TEST(TouchDispatcher, TakesTouchesAndChangesFromActions) {
+  Stage stage;
+  stage.one->addTarget("remove", [&](GestureRecognizer&) {
+    stage.fingers.dispatcher().cancelAll(1);
+    stage.map->removeGestureRecognizer(*stage.pinch);
+    stage.map->removeFromSuperview();
+  });
+  stage.fingers.down(1, {100, 200}, 0);
+  stage.fingers.move(1, {100, 250}, 0);
+  EXPECT_EQ(stage.log.take(), "one began, one cancelled");
+  EXPECT_EQ(stage.pinch->view(), nullptr);
+}
+
+TEST(TouchDispatcher, TellsTheViewAsWell) {
+  struct Told : View {
+    using View::View;
+    void touchesBegan(std::span<const Touch> touches) override { tell("down", touches); }
+    void touchesMoved(std::span<const Touch> touches) override { tell("move", touches); }
+    void touchesEnded(std::span<const Touch> touches) override { tell("up", touches); }
+    void tell(const char* what, std::span<const Touch> touches) {
+      for (const Touch& touch : touches) told.append(what).append(std::to_string(touch.identifier));
+    }
+    std::string told;
+  };
+  const auto root = std::make_shared<Told>(graphics::Rect{{}, {400, 400}});
+  const auto below = std::make_shared<View>(graphics::Rect{{}, {100, 100}});
+  root->addSubview(below);
+  test::Fingers fingers(root);
+  fingers.down(1, {50, 50}, 0);
+  fingers.down(2, {350, 350}, 0);
+  fingers.move({{1, {60, 60}}, {2, {360, 360}}}, 0);
+  fingers.up(1, 0);
+  fingers.cancel(2, 0);
+  EXPECT_EQ(root->told, "down1down2move1move2up1up2");
+}
+
+}  // namespace
+}  // namespace orivanta::view

@@ -1,0 +1,86 @@
+#include <gtest/gtest.h>
+
+#include "Platform/Scene/Node.hpp"
+#include "Source/UI/MapView.hpp"
+#include "Tests/Support/ShownVenue.hpp"
+
+namespace orivanta::test {
+namespace {
+
+struct Placed {
+  float x;
+  bool gives;  // way when it collides
+};
+
+// 20 points wide; a point is 1.25 units of the floor.
+std::shared_ptr<MapViewMarker2D> add(const ShownVenue& shown, const Placed& placed) {
+  auto marker = std::make_shared<MapViewMarker2D>(graphics::Size{20, 20}, nullptr);
+  marker->setPosition({placed.x, 500, 0});
+  marker->hideWhenCollide = placed.gives;
+  shown.mapView->addMarker(marker);
+  return marker;
+}
+
+TEST(MapViewMarkers, GiveWay) {
+  const struct {
+    const char* what;
+    std::vector<Placed> markers;
+    std::string shown;  // one character a marker
+  } cases[] = {{"one alone", {{500, true}}, "+"},
+               {"the first may not", {{500, false}, {500, true}, {500, true}}, "+--"},
+               {"none may", {{500, false}, {500, false}}, "++"},
+               {"both may: the earlier", {{500, true}, {500, true}}, "-+"},
+               {"the later may", {{500, false}, {500, true}}, "+-"},
+               {"apart", {{400, true}, {500, true}}, "++"},
+               {"one that gave way pushes nobody", {{500, true}, {510, false}, {480, true}}, "-++"},
+               {"chain", {{500, true}, {515, true}, {530, true}}, "--+"}};
+  ShownVenue shown;
+  for (const auto& [what, markers, expected] : cases) {
+    std::vector<std::shared_ptr<MapViewMarker2D>> added;
+    for (const Placed& placed : markers) added.push_back(add(shown, placed));
+    shown.mapView->updateMarkerVisibility();
+    std::string visible;
+    for (const auto& marker : added) visible += marker->node->hasParent() ? '+' : '-';
+    EXPECT_EQ(visible, expected) << what;
+    for (const auto& marker : added) shown.mapView->removeMarker(marker);
+  }
+  EXPECT_TRUE(shown.mapView->markers().empty());
+}
+
+TEST(MapViewMarkers, FollowTheCameraAndComeBack) {
+  ShownVenue shown;
+  const auto left = add(shown, {480, true});
+  const auto right = add(shown, {500, false});
+  shown.mapView->updateMarkerVisibility();
+  EXPECT_FALSE(left->node->hasParent());
+
+  shown.camera().setPosition({0, 0, 687});
+  shown.mapView->willRenderScene(*shown.mapView->sceneView, nullptr, 0);
+  EXPECT_NEAR(left->node->position().x, 400 - 20 * 800 / 500.1, 0.1);
+  shown.mapView->updateMarkerVisibility();
+  EXPECT_TRUE(left->node->hasParent());
+  shown.mapView->changeMap(1);
+  EXPECT_TRUE(left->node->hasParent());
+}
+
+TEST(MapViewMarkers, RemovingKnowsTheObjectNotItsLook) {
+  ShownVenue shown;
+  const auto kept = add(shown, {500, false});
+  const auto stranger = std::make_shared<MapViewMarker2D>(graphics::Size{20, 20}, nullptr);
+  shown.mapView->removeMarker(stranger);
+  shown.mapView->removeMarker(nullptr);
+  EXPECT_EQ(shown.mapView->markers().size(), 1U);
+  EXPECT_EQ(kept->node->name(), "LOCATION_MARKER");
+}
+
+TEST(MapViewMarkersDeathTest, StopOnBrokenPromises) {
+  ShownVenue shown;
+  EXPECT_DEATH(shown.mapView->addMarker(nullptr), "unexpectedly found nil");
+  const MapViewMarker base;
+  const MapViewMarker2D flat({1, 1}, nullptr);
+  EXPECT_FALSE(base.collidesWithMarker(flat));
+  EXPECT_DEATH(flat.collidesWithMarker(base), "2D marker");
+}
+
+}  // namespace
+}  // namespace orivanta::test

@@ -1,0 +1,97 @@
+// Made-up fingers on a tree of views, and a record of what recognisers make of them.
+#pragma once
+
+#include <initializer_list>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "Platform/View/GestureRecognizer.hpp"
+#include "Platform/View/TouchDispatcher.hpp"
+#include "Platform/View/View.hpp"
+
+namespace orivanta::test {
+
+/// Positions in points of the topmost view, times in seconds.
+class Fingers {
+ public:
+  using Place = std::pair<std::uint64_t, graphics::Point>;
+
+  explicit Fingers(std::shared_ptr<view::View> root) : dispatcher_(std::move(root)) {}
+
+  void down(std::uint64_t finger, graphics::Point position, double time) {
+    send(finger, view::TouchPhase::began, position, time);
+  }
+  void move(std::uint64_t finger, graphics::Point position, double time) {
+    send(finger, view::TouchPhase::moved, position, time);
+  }
+
+  /// Several in one moment.
+  void move(std::initializer_list<Place> places, double time) {
+    std::vector<view::Touch> touches;
+    for (const auto& [finger, position] : places) {
+      touches.push_back({finger, view::TouchPhase::moved, position, time});
+      last_[finger] = position;
+    }
+    dispatcher_.dispatch(touches);
+  }
+
+  /// Where the finger was last.
+  void up(std::uint64_t finger, double time) {
+    send(finger, view::TouchPhase::ended, last_[finger], time);
+  }
+  void cancel(std::uint64_t finger, double time) {
+    send(finger, view::TouchPhase::cancelled, last_[finger], time);
+  }
+
+  void tap(std::uint64_t finger, graphics::Point position, double time) {
+    down(finger, position, time);
+    up(finger, time + 0.1);
+  }
+
+  view::TouchDispatcher& dispatcher() { return dispatcher_; }
+
+ private:
+  void send(std::uint64_t finger, view::TouchPhase phase, graphics::Point position, double time) {
+    last_[finger] = position;
+    dispatcher_.dispatch({finger, phase, position, time});
+  }
+
+  view::TouchDispatcher dispatcher_;
+  std::map<std::uint64_t, graphics::Point> last_;
+};
+
+/// The states that recognisers go through, such as "pan began, pan changed, pan ended"; the same
+/// one several times in a row is told once.
+class GestureLog {
+ public:
+  /// Makes a recogniser for a view. The log outlives it.
+  template <class Recognizer>
+  std::shared_ptr<Recognizer> add(view::View& view, std::string name) {
+    auto recognizer = std::make_shared<Recognizer>();
+    recognizer->addTarget("log", [this, name = std::move(name)](view::GestureRecognizer& of) {
+      static constexpr const char* states[] = {"possible", "began",     "changed",
+                                               "ended",    "cancelled", "failed"};
+      std::string entry = name;
+      entry.append(" ").append(states[static_cast<std::size_t>(of.state())]);
+      if (entries_.empty() || entries_.back() != entry) entries_.push_back(std::move(entry));
+    });
+    view.addGestureRecognizer(recognizer);
+    return recognizer;
+  }
+
+  /// What happened since the last call.
+  std::string take() {
+    std::string all;
+    for (const std::string& entry : entries_) all.append(all.empty() ? "" : ", ").append(entry);
+    entries_.clear();
+    return all;
+  }
+
+ private:
+  std::vector<std::string> entries_;
+};
+
+}  // namespace orivanta::test
