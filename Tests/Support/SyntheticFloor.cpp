@@ -23,7 +23,9 @@ using graphics::Vector3;
 
 namespace {
 
-constexpr double cell = 10.0;
+constexpr double cell = 30.0;
+constexpr double nodeDistance = 15.0;  // of a route
+constexpr float roomHeight = 10.0F;    // of the lowest
 
 template <class Value>
 scene::SharedBytes bytesOf(const std::vector<Value>& values) {
@@ -123,10 +125,13 @@ struct Segment {
   }
 };
 
-Vector3 cornerOfRoute(int index, int columns) {
-  const int row = index / columns;
-  const int column = row % 2 == 0 ? index % columns : columns - 1 - index % columns;
-  return {static_cast<float>(cell * (column + 0.5)), static_cast<float>(cell * row), 8.5F};
+// To and fro along every third row of rooms, just above the highest ones.
+Vector3 nodeOfRoute(int index, int columns) {
+  const auto perRow = static_cast<int>(columns * cell / nodeDistance);
+  const int row = index / perRow;
+  const int along = row % 2 == 0 ? index % perRow : perRow - 1 - index % perRow;
+  return {static_cast<float>(nodeDistance * along), static_cast<float>(3 * cell * row),
+          roomHeight + 10.5F};
 }
 
 }  // namespace
@@ -143,8 +148,8 @@ std::shared_ptr<scene::Node> makeSyntheticFloor(int columns, int rows) {
   Prisms prisms;
   for (int row = 0; row < rows; ++row)
     for (int column = 0; column < columns; ++column)
-      prisms.add({cell * (column + 0.5), cell * (row + 0.5), 0}, 4.6F,
-                 3.0F + static_cast<float>((7 * column + 5 * row) % 6));
+      prisms.add({cell * (column + 0.5), cell * (row + 0.5), 0}, 14.0F,
+                 roomHeight + 2 * static_cast<float>((7 * column + 5 * row) % 6));
   const auto vertices = bytesOf(prisms.vertices);
   auto floor = scene::Node::make();
   for (std::size_t i = 0; i < prisms.indices.size(); ++i) {
@@ -160,7 +165,7 @@ std::shared_ptr<scene::Node> makeSyntheticRoute(int segments, int columns) {
   auto route = scene::Node::make();
   const auto arrow = arrowImage();
   for (int i = 0; i < segments; ++i) {
-    const Segment segment{cornerOfRoute(i, columns), cornerOfRoute(i + 1, columns)};
+    const Segment segment{nodeOfRoute(i, columns), nodeOfRoute(i + 1, columns)};
     const float elevation = segment.to.z;
     const auto white = scene::Material::make(graphics::colors::white);
     const auto blue = scene::Material::make(Color{0.1F, 0.4F, 0.9F});

@@ -8,12 +8,13 @@
 
 namespace orivanta::test {
 
-/// Rooms in a grid of cells of 10 by 10 units in the x-y plane, from the origin on, one child each:
+/// Rooms in a grid of cells of 30 by 30 units in the x-y plane, from the origin on, one child each:
 /// six-sided prisms of 20 triangles, in eight colours, which share their vertex data.
 std::shared_ptr<scene::Node> makeSyntheticFloor(int columns, int rows);
 
-/// Segments one after the other over such a floor's columns, to and fro; each two strips of a
-/// ribbon and two caps, and a ribbon with an image, which moves, and two dots. None casts a shadow.
+/// Segments of 15 units one after the other above such a floor, to and fro over its columns; each
+/// two strips of a ribbon and two caps, and a ribbon with an image, which moves, and two dots. None
+/// casts a shadow.
 std::shared_ptr<scene::Node> makeSyntheticRoute(int segments, int columns);
 
 /// A light from above that casts shadows, some light from everywhere, and a camera above the
