@@ -41,8 +41,9 @@ std::shared_ptr<Venue> venueNamed(const std::vector<std::shared_ptr<Venue>>& ven
 }  // namespace
 
 Session::Session(const ConnectionOptions& options) {
-  foundation::setDiagnosticSink(
-      [](std::string_view line) { ProgressLine::standardError().note(line); });
+  foundation::setDiagnosticSink([quiet = options.quiet](std::string_view line) {
+    if (!quiet) ProgressLine::standardError().note(line);
+  });
   ApiSettings settings = resolveSettings(options);
   monitor_ = std::make_shared<LoadMonitor>(*settings.endpoint, showProgress);
   settings.observer = monitor_;
