@@ -63,9 +63,8 @@ std::vector<view::Touch> readTouches(std::istream& file, const std::string& name
 void replay(const std::vector<view::Touch>& touches, const std::shared_ptr<view::View>& root) {
   view::TouchDispatcher fingers(root);
   for (auto moment = touches.begin(); moment != touches.end();) {
-    const auto next = std::find_if(moment, touches.end(), [&](const view::Touch& touch) {
-      return touch.time > moment->time;
-    });
+    const auto next = std::find_if(
+        moment, touches.end(), [&](const view::Touch& touch) { return touch.time > moment->time; });
     fingers.dispatch({moment, next});
     moment = next;
   }
