@@ -36,9 +36,9 @@ std::vector<Run> chooseRuns(std::span<const MeshPart> parts,
 
 Frustum::Frustum(const graphics::Matrix4& toClip) {
   const graphics::Matrix4 rows = glm::transpose(toClip);
-  for (int axis = 0; axis < 3; ++axis) {
-    planes_[2 * axis] = rows[3] + rows[axis];
-    planes_[2 * axis + 1] = rows[3] - rows[axis];
+  for (std::size_t i = 0; i < planes_.size(); ++i) {
+    const graphics::Vector4& axis = rows[static_cast<int>(i / 2)];
+    planes_[i] = i % 2 == 0 ? rows[3] + axis : rows[3] - axis;
   }
 }
 

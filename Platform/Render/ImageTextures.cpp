@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstring>
 #include <span>
 #include <string_view>
@@ -40,7 +41,7 @@ bool hasAnisotropy() {
 }
 
 std::uint8_t byteOf(float component) {
-  return static_cast<std::uint8_t>(component * 255.0F + 0.5F);
+  return static_cast<std::uint8_t>(std::lround(component * 255.0F));
 }
 
 void multiplyEncoded(std::vector<std::uint8_t>& bytes) {

@@ -1,6 +1,7 @@
 #include "Platform/Render/PartLook.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Node.hpp"
@@ -10,7 +11,7 @@ namespace orivanta::render {
 namespace {
 
 std::uint8_t byteOf(float component) {
-  return static_cast<std::uint8_t>(std::clamp(component, 0.0F, 1.0F) * 255.0F + 0.5F);
+  return static_cast<std::uint8_t>(std::lround(std::clamp(component, 0.0F, 1.0F) * 255.0F));
 }
 
 // Rows from the top, while v runs upwards.

@@ -47,8 +47,10 @@ std::uint8_t byteOf(float part) { return static_cast<std::uint8_t>(std::lround(p
 void paintPixel(std::uint8_t* pixel, Point corner, double size, Color color) {
   Color sum = graphics::colors::clear;
   for (int i = 0; i < samplesAcross * samplesAcross; ++i) {
-    const double x = corner.x + size * (i % samplesAcross + 0.5) / samplesAcross;
-    const double y = corner.y - size * (i / samplesAcross + 0.5) / samplesAcross;
+    const int column = i % samplesAcross;
+    const int row = i / samplesAcross;
+    const double x = corner.x + size * (column + 0.5) / samplesAcross;
+    const double y = corner.y - size * (row + 0.5) / samplesAcross;
     const Color sample = colorAt({x, y}, color);
     sum.red += sample.red * sample.alpha;
     sum.green += sample.green * sample.alpha;

@@ -151,7 +151,7 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   checkUse(options);
   const graphics::Size size = parseSize(options.size);
   std::vector<std::string_view> needed{"location", "map", "node", "polygon"};
-  if (!options.route.empty()) needed.push_back("vortex");
+  if (!options.route.empty()) needed.emplace_back("vortex");
   const auto venue =
       Session(options.connection).loadVenue(options.slug, options.accessible, needed);
   Contents contents = findContents(*venue, options);
