@@ -113,7 +113,10 @@ void SceneView::touchesBegan(std::span<const Touch> touches) {
   View::touchesBegan(touches);
 }
 
-void SceneView::draw(Canvas& canvas) { canvas.draw(*this, bounds()); }
+void SceneView::draw(Canvas& canvas) {
+  View::draw(canvas);
+  canvas.draw(*this, bounds());
+}
 
 bool SceneView::isAnimating() const { return scene() != nullptr || View::isAnimating(); }
 
