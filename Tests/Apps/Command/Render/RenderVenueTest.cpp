@@ -1,0 +1,159 @@
+// `orivanta render` as its users run it, on the demo venue.
+#include "Apps/Command/Render/RenderVenue.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "Apps/Server/VenueServer.hpp"
+#include "Platform/Graphics/ImageFile.hpp"
+#include "Tests/Apps/Command/Program.hpp"
+#include "Tests/Apps/DemoVenue/GeneratedVenue.hpp"
+
+namespace orivanta::command {
+namespace {
+
+using testing::HasSubstr;
+
+class RenderVenue : public testing::Test {
+ protected:
+  RenderVenue() : server_(options()), output_("orivanta-render-") {}
+
+  test::ProgramResult render(std::vector<std::string> arguments) const {
+    return renderTo(file("map.png"), std::move(arguments));
+  }
+
+  test::ProgramResult renderTo(const std::string& target,
+                               std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), {"render", "astrolabe-court", "--size=160x100", "-q"});
+    arguments.insert(arguments.end(), {"-o", target});
+    return test::runProgram(
+        arguments,
+        {"ORIVANTA_ENDPOINT=" + server_.root(), "XDG_CACHE_HOME=" + output_.path().string()}, "");
+  }
+
+  std::string file(const std::string& name) const { return (output_.path() / name).string(); }
+
+  std::shared_ptr<const graphics::Image> picture(const std::string& name) const {
+    return graphics::readImage(file(name));
+  }
+
+  // Pixels that are no longer as in the other picture.
+  static double changed(const graphics::Image& left, const graphics::Image& right) {
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < left.pixels().size(); i += 4)
+      for (std::size_t c = 0; c < 3; ++c)
+        if (std::abs(left.pixels()[i + c] - right.pixels()[i + c]) > 24) {
+          ++count;
+          break;
+        }
+    return static_cast<double>(count) * 4 / static_cast<double>(left.pixels().size());
+  }
+
+  static server::ServerOptions options() {
+    server::ServerOptions options;
+    options.folders = {test::generatedVenue()};
+    return options;
+  }
+
+  server::VenueServer server_;
+  test::TemporaryFolder output_;
+};
+
+TEST_F(RenderVenue, DrawsTheFirstFloorOrAllOfThem) {
+  const auto one = render({"--scale", "2", "--tilt", "30"});
+  EXPECT_EQ(one.exitCode, 0) << one.errors;
+  EXPECT_EQ(one.output, file("map.png") + "\n");
+  EXPECT_EQ(one.errors, "");
+  ASSERT_NE(picture("map.png"), nullptr);
+  EXPECT_EQ(picture("map.png")->width(), 320U);
+
+  const auto all = render({"--map", "all", "--json"});
+  EXPECT_EQ(all.exitCode, 0) << all.errors;
+  for (const char* const floor : {"B1", "G", "1", "2", "R"})
+    EXPECT_NE(picture("map-" + std::string(floor) + ".png"), nullptr) << floor;
+  EXPECT_GT(changed(*picture("map-G.png"), *picture("map-R.png")), 0.2);
+}
+
+TEST_F(RenderVenue, ShowsWhatIsAskedFor) {
+  ASSERT_EQ(render({}).exitCode, 0);
+  const auto plain = picture("map.png");
+  const struct {
+    std::vector<std::string> arguments;
+    double least;  // share of the picture that is then another
+  } cases[] = {
+      {{"--highlight", "paper kestrel=#ff0000"}, 0.002},
+      {{"--labels"}, 0.01},
+      {{"--marker", "paper kestrel"}, 0.002},
+      {{"--turn", "90"}, 0.1},
+      {{"--zoom", "2"}, 0.1},
+  };
+  for (const auto& [arguments, least] : cases) {
+    ASSERT_EQ(render(arguments).exitCode, 0) << arguments.front();
+    EXPECT_GT(changed(*plain, *picture("map.png")), least) << arguments.front();
+  }
+}
+
+TEST_F(RenderVenue, DrawsARouteOnItsFloorsAndMovesItsArrows) {
+  const auto route = render({"--route", "paper kestrel", "popcorn nebula"});
+  EXPECT_EQ(route.output, file("map-G.png") + "\n" + file("map-2.png") + "\n");
+  const auto frames =
+      render({"--route", "paper kestrel", "popcorn nebula", "--map", "G", "--frames", "3"});
+  EXPECT_EQ(frames.exitCode, 0) << frames.errors;
+  EXPECT_NE(picture("map-0003.png"), nullptr);
+  std::ifstream gif(file("map.gif"), std::ios::binary);
+  std::string header(6, ' ');
+  gif.read(header.data(), 6);
+  EXPECT_EQ(header, "GIF89a");
+}
+
+TEST_F(RenderVenue, ReplaysTouches) {
+  ASSERT_EQ(render({}).exitCode, 0);
+  const auto plain = picture("map.png");
+  std::ofstream(file("pan.jsonl")) << R"(# a pan to the left
+{"time": 0.0, "finger": 1, "phase": "began", "x": 80, "y": 50}
+{"time": 0.1, "finger": 1, "phase": "moved", "x": 60, "y": 50}
+{"time": 0.2, "finger": 1, "phase": "moved", "x": -140, "y": 50}
+{"time": 0.3, "finger": 1, "phase": "ended", "x": -140, "y": 50}
+)";
+  ASSERT_EQ(render({"--touches", file("pan.jsonl")}).exitCode, 0);
+  EXPECT_GT(changed(*plain, *picture("map.png")), 0.1);
+
+  for (const char* const line :
+       {"nonsense", R"({"time": 0, "finger": 1, "phase": "flew", "x": 0, "y": 0})",
+        R"({"time": 0, "finger": 1.5, "phase": "began", "x": 0, "y": 0})"}) {
+    std::ofstream(file("bad.jsonl")) << line;
+    const auto bad = render({"--touches", file("bad.jsonl")});
+    EXPECT_EQ(bad.exitCode, 2) << line;
+    EXPECT_THAT(bad.errors, HasSubstr("bad.jsonl:1:")) << line;
+  }
+}
+
+TEST_F(RenderVenue, SaysWhatIsWrong) {
+  const struct {
+    std::vector<std::string> arguments;
+    int exitCode;
+    std::string said;
+  } cases[] = {
+      {{"--scale", "9"}, 2, "--scale"},
+      {{"--scale", "0"}, 2, "--scale"},
+      {{"--tilt", "60"}, 2, "--tilt"},
+      {{"--zoom", "-1"}, 2, "--zoom"},
+      {{"--highlight", "paper kestrel=mauvish"}, 2, "no colour"},
+      {{"--touches", "/nonexistent"}, 2, "cannot read"},
+      {{"--map", "attic"}, 1, "no floor \"attic\""},
+      {{"--marker", "no such shop"}, 1, "no location"},
+  };
+  for (const auto& [arguments, exitCode, said] : cases) {
+    const auto result = render(arguments);
+    EXPECT_EQ(result.exitCode, exitCode) << arguments.front();
+    EXPECT_THAT(result.errors, HasSubstr(said)) << arguments.front();
+  }
+  const auto unwritable = renderTo("/nonexistent/map.png", {});
+  EXPECT_EQ(unwritable.exitCode, 4);
+  EXPECT_THAT(unwritable.errors, HasSubstr("/nonexistent"));
+}
+
+}  // namespace
+}  // namespace orivanta::command
