@@ -66,15 +66,6 @@ TEST(Directions, SayWhereToDepartAndArrive) {
     EXPECT_EQ(textOf(Directions::make(test.path, test.from, test.to)), test.text);
 }
 
-TEST(Directions, TurnsAndRidesKeepWhatTheyAreGiven) {
-  using Turn = Direction::Turn;
-  const Turn turn(Turn::Bearing::SlightLeft, Turn::ReferencePosition::Past);
-  EXPECT_EQ(turn.relativeBearing, Turn::Bearing::SlightLeft);
-  EXPECT_EQ(turn.referencePosition, Turn::ReferencePosition::Past);
-  EXPECT_EQ(std::hash<Turn::Bearing>()(Turn::Bearing::SlightLeft), 1U);
-  EXPECT_EQ(std::hash<Turn::ReferencePosition>()(Turn::ReferencePosition::Before), 2U);
-}
-
 /// Makes a venue with the network's graph the active one, until the end of the test.
 // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): the test library destroys it
 class ActiveDirections : public testing::Test {

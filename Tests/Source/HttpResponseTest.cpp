@@ -149,24 +149,6 @@ TEST(HttpResponse, TheNextPageIsRequestedBeforeThisOneIsFolded) {
   EXPECT_EQ(completed.take(), Texts({"1", "2"}));
 }
 
-TEST(HttpResponse, ASlowPageHoldsUpItsOwnChainOnly) {
-  MisbehavingServer server;
-  const auto latch = std::make_shared<Latch>();
-  server.on("/1/slow", Answer::json(R"(["1"])").next("b").held(latch));
-  server.on("/1/a", Answer::json(R"(["3"])"));
-  server.on("/1/b", Answer::json(R"(["2"])"));
-  const HttpSession session = sessionFor(server.root());
-  const Awaited<Texts> completed;
-  session.get("slow").onPage(Texts(), withPage).onComplete([=](Texts texts) {
-    completed.give(std::move(texts));
-  });
-  ASSERT_TRUE(server.waitForRequests("/1/slow", 1));
-  EXPECT_EQ(courseOf(session).completed, Texts({"3"}));
-  EXPECT_TRUE(server.requests("/1/b").empty());
-  latch->open();
-  EXPECT_EQ(completed.take(), Texts({"1", "2"}));
-}
-
 TEST(HttpResponse, AnAnswerThatComesBeforeTheChainIsCompleteIsKept) {
   MisbehavingServer server;
   server.on("/1/a", Answer::json(R"(["1"])"));

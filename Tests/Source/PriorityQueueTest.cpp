@@ -15,36 +15,6 @@ namespace {
 
 using Pairs = std::vector<std::pair<std::string, double>>;
 
-struct PutCase {
-  const char* what;
-  Pairs puts;
-  Pairs list;
-};
-
-TEST(PriorityQueue, PutSettlesTiesAndRequeueing) {
-  const PutCase cases[] = {
-      {"ties go behind", {{"A", 5}, {"B", 3}, {"C", 5}}, {{"A", 5}, {"C", 5}, {"B", 3}}},
-      {"same priority again", {{"A", 5}, {"B", 3}, {"A", 5}}, {{"A", 5}, {"B", 3}}},
-      {"smaller priority", {{"A", 5}, {"B", 3}, {"A", 1}}, {{"A", 5}, {"B", 3}}},
-      {"greater, nothing smaller before it", {{"A", 5}, {"B", 3}, {"A", 9}}, {{"A", 5}, {"B", 3}}},
-      {"as great as the pair before", {{"A", 5}, {"B", 3}, {"B", 5}}, {{"A", 5}, {"B", 3}}},
-      {"greater than the pair before, which goes",
-       {{"A", 5}, {"B", 3}, {"B", 6}},
-       {{"B", 6}, {"B", 3}}},
-      {"the pair before is not the one passed first",
-       {{"A", 5}, {"B", 4}, {"C", 3}, {"C", 6}},
-       {{"C", 6}, {"A", 5}, {"C", 3}}},
-      {"two of one element",
-       {{"A", 5}, {"B", 4}, {"C", 3}, {"C", 6}, {"D", 7}, {"C", 8}},
-       {{"C", 8}, {"C", 6}, {"A", 5}, {"C", 3}}},
-  };
-  for (const PutCase& test : cases) {
-    PriorityQueue<std::string, double> queue;
-    for (const auto& [element, priority] : test.puts) queue.put(element, priority);
-    EXPECT_EQ(queue.collection(), test.list) << test.what;
-  }
-}
-
 TEST(PriorityQueue, AGeneratorTakesFromTheLiveQueue) {
   PriorityQueue<std::string, double> queue;
   const auto generator = queue.generate();

@@ -77,14 +77,6 @@ TEST(RouteSearch, FindsRoutesOnDrawnNetworks) {
   }
 }
 
-TEST(RouteSearch, TheHeuristicIsTheGreatestDistance) {
-  const auto node = makeNode(0, 0);
-  const NodeList destinations = {makeNode(3, 4), makeNode(-6, 0, 8), makeNode(1, 0)};
-  EXPECT_EQ(getEuclideanDistance(*node, *destinations[1]), 10.0);
-  EXPECT_EQ(getShortestEuclideanDistance(*node, destinations), 10.0);
-  EXPECT_EQ(getShortestEuclideanDistance(*node, {}), std::nullopt);
-}
-
 /// A graph of random edges, and the nodes to search between, some of which it does not have.
 struct RandomGraph {
   NodeList nodes;
@@ -171,43 +163,6 @@ TEST(RouteSearch, FollowsTheListOnRandomGraphs) {
     }
     EXPECT_GT(found, 100U) << shape.what;
   }
-}
-
-TEST(RouteSearch, FollowsTheListInMalls) {
-  std::mt19937 random(5);
-  for (const double jitter : {0.0, 0.2})
-    for (const std::size_t nodeCount : {300U, 3000U}) {
-      const Mall mall = makeMall(nodeCount, jitter, 1);
-      for (int query = 0; query < 60; ++query) {
-        const std::size_t most = query % 3 == 0 ? 4 : 1;
-        const NodeList starts = pick(mall.nodes, most, random);
-        const NodeList destinations = pick(mall.nodes, most, random);
-        const auto route = searchRoute(starts, destinations, *mall.graph);
-        ASSERT_TRUE(equal(route, searchRouteWithList(starts, destinations, *mall.graph)))
-            << nodeCount << " nodes, jitter " << jitter << ", query " << query;
-      }
-    }
-}
-
-TEST(RouteSearch, NodesOutsideTheGraphAreStartsWithoutEdges) {
-  const DrawnNetwork network("A-B");
-  const auto outside = makeNode(100, 0, 0, "X");
-  const auto from = [&](NodeList starts, const NodeList& destinations) {
-    const auto route = searchRoute(starts, destinations, *network.graph);
-    EXPECT_TRUE(equal(route, searchRouteWithList(starts, destinations, *network.graph)));
-    return route ? namesOf(route->path) + " " + std::to_string(route->takenNodes) : "";
-  };
-  EXPECT_EQ(from({outside}, {outside}), "X 1");
-  EXPECT_EQ(from({outside}, network("B")), "");
-  EXPECT_EQ(from(network("A"), {outside}), "");
-  EXPECT_EQ(from({outside, network("A").front(), outside}, network("B")), "AB 2");
-  EXPECT_EQ(from(network("A"), {outside, network("B").front()}), "AB 2");
-  outside->x = -0.5;
-  EXPECT_EQ(from({network("A").front(), outside}, network("B")), "AB 2");
-  outside->x = 0.5;
-  EXPECT_EQ(from({network("A").front(), outside}, network("B")), "AB 3");
-  outside->x = std::numeric_limits<double>::quiet_NaN();
-  EXPECT_EQ(from(network("A"), {outside, network("B").front()}), "AB 2");
 }
 
 TEST(RouteSearch, SeveralThreadsSearchOneGraphAtOnce) {

@@ -25,10 +25,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 template <class Record>
-void fill(std::optional<Collection<Record>>& records, const char* text) {
-  records.emplace();
-  for (const RawData& element : RawData::parse(text)->arrayValue())
-    if (auto record = Record::make(element)) records->insert_or_assign(*record->id, record);
+void fill(std::optional<Collection<Record>>& records, const char* json) {
+  records = test::recordsIn<Record>(json);
 }
 
 template <class Handles>
@@ -115,20 +113,6 @@ TEST(VenueJoin, ALocationLosesTheEntrancesOfItsOwnPolygonsOnly) {
   EXPECT_THAT(idsOf(collections.locations->at("k")->nodes), ElementsAre("a"));
 }
 
-TEST(VenueJoin, AVortexHasEachOfItsMapsOnce) {
-  CollectionDictionary collections = twoFloors();
-  fill(collections.vortices, R"([
-    {"id": "v", "name": "", "type": "", "nodes": ["a", "b", "c", "a", "?", {"node": "a"}]},
-    {"id": "none", "name": "", "type": "", "nodes": ["?"]}])");
-  EXPECT_TRUE(linkNodeMaps(collections));
-  EXPECT_TRUE(linkVortexNodes(collections, false));
-  const Vortex& vortex = *collections.vortices->at("v");
-  EXPECT_THAT(idsOf(vortex.nodes), ElementsAre("a", "b", "c", "a"));
-  EXPECT_THAT(idsOf(vortex.maps), ElementsAre("m1", "m2"));
-  EXPECT_THAT(collections.vortices->at("none")->nodes, IsEmpty());
-  EXPECT_THAT(collections.vortices->at("none")->maps, IsEmpty());
-}
-
 TEST(VenueJoin, AnAccessibleGraphHasEveryAccessibleVortexWhereverItStands) {
   CollectionDictionary collections = twoFloors();
   fill(collections.vortices, R"([
@@ -141,43 +125,6 @@ TEST(VenueJoin, AnAccessibleGraphHasEveryAccessibleVortexWhereverItStands) {
   EXPECT_THAT(keysOf(collections.vortices), ElementsAre("stairs", "lift"));
   EXPECT_TRUE(linkVortexNodes(collections, false));
   EXPECT_FALSE((*collections.navigationGraph)[*collections.nodes->at("a")].empty());
-}
-
-TEST(VenueJoin, TasksDoNothingWithoutTheirInputs) {
-  using Task = std::function<bool(CollectionDictionary&)>;
-  using Clear = void (*)(CollectionDictionary&);
-  const Clear locations = [](auto& all) { all.locations.reset(); };
-  const Clear categories = [](auto& all) { all.categories.reset(); };
-  const Clear maps = [](auto& all) { all.maps.reset(); };
-  const Clear nodes = [](auto& all) { all.nodes.reset(); };
-  const Clear vortices = [](auto& all) { all.vortices.reset(); };
-  const Clear polygons = [](auto& all) { all.polygons.reset(); };
-  const Clear graph = [](auto& all) { all.navigationGraph.reset(); };
-  const std::pair<Task, std::vector<Clear>> cases[] = {
-      {linkCategoryParents, {categories}},
-      {linkLocationCategories, {locations, categories}},
-      {linkPolygonMaps, {polygons, maps}},
-      {linkNodeMaps, {nodes, maps}},
-      {linkPolygonEntrances, {polygons, nodes, maps}},
-      {[](auto& all) { return linkVortexNodes(all, false); }, {vortices, nodes, maps}},
-      {linkLocationNodes, {nodes, locations, maps}},
-      {linkLocationPolygons, {polygons, locations, maps}},
-      {[](auto& all) { return publishVenue(all, [](const auto&) {}); },
-       {locations, categories, maps, nodes, vortices, polygons, graph}}};
-  activeVenue = test::smallVenue();
-  for (const auto& [task, needed] : cases) {
-    CollectionDictionary all;
-    all.locations.emplace(), all.categories.emplace(), all.maps.emplace();
-    all.nodes.emplace(), all.vortices.emplace(), all.polygons.emplace();
-    all.navigationGraph = std::make_shared<NavigationGraph>(*all.nodes, *all.vortices, false);
-    EXPECT_TRUE(task(all));
-    for (const Clear clear : needed) {
-      CollectionDictionary some = all;
-      clear(some);
-      EXPECT_FALSE(task(some));
-    }
-  }
-  activeVenue = nullptr;
 }
 
 TEST(VenueJoin, RealVenuesGetTheirExpectedLinks) {

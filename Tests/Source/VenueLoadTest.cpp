@@ -14,6 +14,7 @@
 #include "Source/Vortex.hpp"
 #include "Tests/Support/JoinedLinks.hpp"
 #include "Tests/Support/SmallVenue.hpp"
+#include "Tests/Support/Venues.hpp"
 
 namespace orivanta {
 namespace {
@@ -23,11 +24,7 @@ using test::smallVenueLinks;
 
 template <class Record>
 Collection<Record> recordsOf(const char* collection) {
-  Collection<Record> records;
-  for (const RawData& element :
-       RawData::parse(test::smallVenueAnswers().at(collection))->arrayValue())
-    if (auto record = Record::make(element)) records.insert_or_assign(*record->id, record);
-  return records;
+  return test::recordsIn<Record>(test::smallVenueAnswers().at(collection));
 }
 
 using Arrival = void (*)(VenueLoad&);

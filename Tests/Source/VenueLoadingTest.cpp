@@ -156,18 +156,6 @@ TEST_F(VenueLoading, TheNextLoadClearsAndRefillsAndKeptRecordsStayValid) {
   EXPECT_EQ((*graph)[*cafe->nodes.at(0)].front().node()->x, 5.0);
 }
 
-TEST_F(VenueLoading, AnAccessibleGraphLeavesOutTheStairs) {
-  MisbehavingServer server;
-  serveSmallVenue(server);
-  for (const bool accessible : {false, true}) {
-    const auto venue = loaded(sessionFor(server.root()), smallVenue(), accessible);
-    const auto& edges = (*venue->navigationGraph)[*venue->nodes->at(0)];
-    EXPECT_EQ(std::any_of(edges.begin(), edges.end(),
-                          [](const Edge& edge) { return edge.vortex() != nullptr; }),
-              !accessible);
-  }
-}
-
 // The elements of a package's file in pages of a hundred.
 void servePackage(MisbehavingServer& server, const std::filesystem::path& package) {
   for (const auto& entry : smallVenueAnswers()) {

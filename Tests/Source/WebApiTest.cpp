@@ -152,24 +152,6 @@ TEST(WebApi, AnObserverLearnsOfPagesAndReasons) {
   EXPECT_THAT(load(), ElementsAre("location 200 2", "location failed curl"));
 }
 
-TEST(WebApi, AnInvalidatedRequestCallsNobody) {
-  MisbehavingServer server;
-  const auto latch = std::make_shared<test::Latch>();
-  const auto released = std::make_shared<test::Latch>();
-  server.on("/1/location", Answer::json("[]").held(latch));
-  const auto request =
-      sessionFor(server.root())
-          .locations("v", [token = test::opensWhenGone(released)](const auto&) { ADD_FAILURE(); });
-  ASSERT_TRUE(server.waitForRequests("/1/location", 1));
-  request->invalidateAndCancel();
-  EXPECT_TRUE(released->wait());
-  latch->open();
-}
-
-TEST(WebApiDeathTest, AnAbsentLanguageStopsTheProgram) {
-  EXPECT_DEATH(WebApiSession("http://h/", "", "", std::nullopt), "unexpectedly found nil");
-}
-
 // The response bodies of the hostile package: what becomes of each as a collection of locations,
 // nodes or venues. Nothing for a body that must fail.
 struct HostileBody {

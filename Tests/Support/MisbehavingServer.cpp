@@ -288,13 +288,6 @@ void MisbehavingServer::on(const std::string& path, Script script) {
   implementation_->on(path, std::move(script));
 }
 
-void MisbehavingServer::on(const std::string& path, std::vector<Answer> answers) {
-  const auto turn = std::make_shared<std::size_t>(0);
-  on(path, [answers = std::move(answers), turn](const ReceivedRequest&) {
-    return answers[std::min((*turn)++, answers.size() - 1)];
-  });
-}
-
 void MisbehavingServer::on(const std::string& path, Answer answer) {
   on(path, [answer = std::move(answer)](const ReceivedRequest&) { return answer; });
 }

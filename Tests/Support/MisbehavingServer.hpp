@@ -74,8 +74,6 @@ class MisbehavingServer {
 
   /// The script runs on the server's thread.
   void on(const std::string& path, Script script);
-  /// These answers in turn; the last one again and again.
-  void on(const std::string& path, std::vector<Answer> answers);
   void on(const std::string& path, Answer answer);
 
   /// The API root, such as "http://127.0.0.1:43210/1/", or another path on the same server.

@@ -16,20 +16,6 @@ namespace orivanta::test {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-template <class Record>
-Collection<Record> readCollection(const fs::path& file) {
-  Collection<Record> records;
-  const auto data = RawData::parse(contentsOf(file));
-  if (!data) return records;
-  for (const RawData& element : data->arrayValue())
-    if (auto record = Record::make(element)) records.insert_or_assign(*record->id, record);
-  return records;
-}
-
-}  // namespace
-
 std::optional<fs::path> venuesFolder() {
   const char* configured = std::getenv("ORIVANTA_VENUES");
   fs::path folder = configured != nullptr ? configured : ORIVANTA_VENUES;
@@ -53,12 +39,12 @@ std::string contentsOf(const fs::path& file) {
 
 CollectionDictionary readPackage(const fs::path& package) {
   CollectionDictionary collections;
-  collections.locations = readCollection<Location>(package / "location.json");
-  collections.categories = readCollection<Category>(package / "category.json");
-  collections.maps = readCollection<Map>(package / "map.json");
-  collections.nodes = readCollection<Node>(package / "node.json");
-  collections.vortices = readCollection<Vortex>(package / "vortex.json");
-  collections.polygons = readCollection<Polygon>(package / "polygon.json");
+  collections.locations = recordsIn<Location>(contentsOf(package / "location.json"));
+  collections.categories = recordsIn<Category>(contentsOf(package / "category.json"));
+  collections.maps = recordsIn<Map>(contentsOf(package / "map.json"));
+  collections.nodes = recordsIn<Node>(contentsOf(package / "node.json"));
+  collections.vortices = recordsIn<Vortex>(contentsOf(package / "vortex.json"));
+  collections.polygons = recordsIn<Polygon>(contentsOf(package / "polygon.json"));
   return collections;
 }
 

@@ -4,8 +4,10 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "Source/RawData.hpp"
 #include "Source/VenueJoin.hpp"
 
 namespace orivanta::test {
@@ -19,6 +21,18 @@ std::vector<std::string> venueNames();
 
 /// The whole file; "" when it cannot be read.
 std::string contentsOf(const std::filesystem::path& file);
+
+/// The records of a JSON list by identifier, as the web API would give them; empty when the text is
+/// no JSON.
+template <class Record>
+Collection<Record> recordsIn(std::string_view json) {
+  Collection<Record> records;
+  const auto data = RawData::parse(json);
+  if (!data) return records;
+  for (const RawData& element : data->arrayValue())
+    if (auto record = Record::make(element)) records.insert_or_assign(*record->id, record);
+  return records;
+}
 
 /// The records of a package as the web API would give them, in the order of its files, not joined.
 CollectionDictionary readPackage(const std::filesystem::path& package);

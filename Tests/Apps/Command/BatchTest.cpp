@@ -29,6 +29,8 @@ TEST(Batch, AnswersRequests) {
        R"({"id":[1.50, {"id": "}\""}],"path":["n1"],"weight":0})"},
       {R"({"id":12345678901234567890123,"from":["n1"],"to":["n1"]})",
        R"({"id":12345678901234567890123,"path":["n1"],"weight":0})"},
+      {R"({"x":{"id":1},"y":["id",2],"from":["n1"],"to":["n1"]})",
+       R"({"id":null,"path":["n1"],"weight":0})"},
       {R"({"i\u0064":"\u00e9","from":["n1"],"to":["n1"]})",
        R"({"id":"\u00e9","path":["n1"],"weight":0})"},
   };
@@ -112,20 +114,6 @@ TEST(Batch, AnswersEachLineBeforeItReadsTheNext) {
   EXPECT_EQ(input.writtenBefore,
             (std::vector<std::string>{"", first, first, first, first + second}));
   EXPECT_EQ(written, first + second + "{\"id\":2,\"path\":[\"n1\"],\"weight\":0}\n");
-}
-
-TEST(RawMember, FindsTheTextOfATopLevelMember) {
-  const std::vector<std::pair<std::string, std::string>> cases = {
-      {"{}", ""},
-      {R"({"id":1})", "1"},
-      {R"({ "id" : -1.5e3 , "x":2})", "-1.5e3"},
-      {R"({"x":{"id":1},"y":["id",2]})", ""},
-      {R"({"x":"id","id":true})", "true"},
-      {R"({"x":"a\\","id":"\"}"})", R"("\"}")"},
-      {R"({"id":1,"id":[ ]})", "[ ]"},
-      {R"({"ID":1,"id ":2,"\u0069d":3})", "3"},
-  };
-  for (const auto& [object, member] : cases) EXPECT_EQ(rawMember(object, "id"), member) << object;
 }
 
 }  // namespace

@@ -132,6 +132,9 @@ TEST_F(Command, DescribesAVenue) {
 TEST_F(Command, RefusesWrongUse) {
   const std::string missing = (folder_.path() / "missing").string();
   const std::string folder = folder_.path().string();
+  const std::string bad = folder_.write("bad/venue.json", "{").parent_path().string();
+  const std::string root = server_.root();
+  const std::string port = std::to_string(std::stoi(root.substr(root.rfind(':') + 1)));
   struct Case {
     std::vector<std::string> arguments;
     std::string said;
@@ -155,6 +158,8 @@ TEST_F(Command, RefusesWrongUse) {
       {{"venues", "--password-file", missing}, "cannot read"},
       {{"venues", "--username", "a:b"}, "colon"},
       {{"serve", missing, "--port", "0"}, "missing"},
+      {{"serve", bad, "--port", "0"}, "orivanta serve: " + bad + "/venue.json"},
+      {{"serve", (folder_.path() / "package").string(), "--port", port}, "in use"},
       {{"serve", folder, "--port", "66000"}, "--port"},
       {{"serve", folder, "--port", "0", "--page-size", "0"}, "--page-size"},
       {{"serve", folder, "--port", "0", "--username", "me"}, "password"},
@@ -279,16 +284,19 @@ TEST_F(Command, ShowsProgressOnATerminalAndClearsIt) {
 TEST_F(Command, ServesUntilItIsInterrupted) {
   const std::string package = (folder_.path() / "package").string();
   const std::string password = folder_.write("password", "pw\n").string();
-  Program open({"serve", package, "--port", "0", "--username", "him", "--password-file", password});
-  const std::string line = open.readLine();
-  const std::string root = line.substr(0, line.size() - 1);
-  EXPECT_EQ(runProgram({"venues", "--endpoint", root}).exitCode, 3);
-  EXPECT_EQ(runProgram({"venues", "--endpoint", root.substr(0, root.size() - 1), "--username",
-                        "him", "--password", "pw"})
-                .output,
-            "small  Small Mall\n");
-  open.endWith(SIGTERM);
-  EXPECT_EQ(open.finish().exitCode, 0);
+  for (const int signal : {SIGINT, SIGTERM}) {
+    Program open(
+        {"serve", package, "--port", "0", "--username", "him", "--password-file", password});
+    const std::string line = open.readLine();
+    const std::string root = line.substr(0, line.size() - 1);
+    EXPECT_EQ(runProgram({"venues", "--endpoint", root}).exitCode, 3);
+    EXPECT_EQ(runProgram({"venues", "--endpoint", root.substr(0, root.size() - 1), "--username",
+                          "him", "--password", "pw"})
+                  .output,
+              "small  Small Mall\n");
+    open.endWith(signal);
+    EXPECT_EQ(open.finish().exitCode, 0);
+  }
 }
 
 }  // namespace

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <boost/json/array.hpp>
-#include <boost/json/object.hpp>
 #include <cstdlib>
 #include <limits>
 #include <vector>
@@ -25,16 +23,6 @@ TEST(Json, NumbersAreShortAndReadBackExactly) {
   EXPECT_EQ(jsonNumber(std::numeric_limits<double>::infinity()), "1e999");
   EXPECT_EQ(jsonNumber(-std::numeric_limits<double>::infinity()), "-1e999");
   EXPECT_EQ(jsonNumber(std::numeric_limits<double>::quiet_NaN()), "null");
-}
-
-TEST(Json, WritesNestedValuesOnOneLine) {
-  boost::json::object object({{"a", boost::json::array{1, 2.5, nullptr, true}},
-                              {"q\"", "line\nbreak"},
-                              {"far", std::numeric_limits<double>::infinity()},
-                              {"none", boost::json::object()},
-                              {"empty", boost::json::array()}});
-  EXPECT_EQ(jsonText(object),
-            R"({"a":[1,2.5,null,true],"q\"":"line\nbreak","far":null,"none":{},"empty":[]})");
 }
 
 }  // namespace

@@ -102,14 +102,6 @@ TEST(Places, ALongListOfCandidatesIsCut) {
   }
 }
 
-TEST(Places, SearchLooksIntoNamesAndIdentifiers) {
-  const auto venue = venueOfShops();
-  const std::vector<std::pair<std::string, std::size_t>> cases = {
-      {"", 8}, {"BAKE", 2}, {"élan", 1}, {"l", 8}, {"l4", 1}, {"cinema", 0}};
-  for (const auto& [text, count] : cases)
-    EXPECT_EQ(searchLocations(*venue, text).size(), count) << text;
-}
-
 TEST(Places, FloorsComeFromNodesAndPolygonsOnceEach) {
   test::TwoFloorVenue small;
   small.locations = R"([{"id": "l", "name": "Hall", "type": "hall",

@@ -91,18 +91,5 @@ TEST(RouteDescription, OfParallelEdgesTheCheapestCountsAndTheFirstAmongEquals) {
   EXPECT_EQ(pathWeight(graph, nodesNamed(*venue, {"n1", "n3"})), 0.0);
 }
 
-TEST(RouteDescription, WeightsAreAddedFromTheStart) {
-  test::TwoFloorVenue small;
-  small.nodes = R"([
-      {"id": "n1", "map": "g", "x": 0, "y": 0, "paths": [{"node": "n2"}]},
-      {"id": "n2", "map": "g", "x": 0.1, "y": 0, "paths": [{"node": "n3"}]},
-      {"id": "n3", "map": "g", "x": 0.1, "y": 0.2, "paths": [{"node": "n4"}]},
-      {"id": "n4", "map": "g", "x": 0.1, "y": -0.1}])";
-  const auto venue = small.load();
-  const double last = 0.2 - -0.1;  // as the graph subtracts them
-  EXPECT_EQ(pathWeight(*venue->navigationGraph, nodesNamed(*venue, {"n1", "n2", "n3", "n4"})),
-            (0.1 + 0.2) + last);
-}
-
 }  // namespace
 }  // namespace orivanta::command

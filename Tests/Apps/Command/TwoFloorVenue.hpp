@@ -19,6 +19,7 @@
 #include "Source/Venue.hpp"
 #include "Source/VenueLoad.hpp"
 #include "Source/Vortex.hpp"
+#include "Tests/Support/Venues.hpp"
 
 namespace orivanta::test {
 
@@ -52,23 +53,14 @@ struct TwoFloorVenue {
   std::shared_ptr<Venue> load(bool accessible = false, bool polygonsLast = false) const {
     activeVenue = Venue::make(*RawData::parse(venue));
     const auto load = std::make_shared<VenueLoad>(accessible, [](const auto&) {});
-    if (!polygonsLast) load->receive(&CollectionDictionary::polygons, read<Polygon>(polygons));
-    load->receive(&CollectionDictionary::locations, read<Location>(locations));
-    load->receive(&CollectionDictionary::categories, read<Category>(categories));
-    load->receive(&CollectionDictionary::maps, read<Map>(maps));
-    load->receive(&CollectionDictionary::nodes, read<Node>(nodes));
-    load->receive(&CollectionDictionary::vortices, read<Vortex>(vortices));
-    if (polygonsLast) load->receive(&CollectionDictionary::polygons, read<Polygon>(polygons));
+    if (!polygonsLast) load->receive(&CollectionDictionary::polygons, recordsIn<Polygon>(polygons));
+    load->receive(&CollectionDictionary::locations, recordsIn<Location>(locations));
+    load->receive(&CollectionDictionary::categories, recordsIn<Category>(categories));
+    load->receive(&CollectionDictionary::maps, recordsIn<Map>(maps));
+    load->receive(&CollectionDictionary::nodes, recordsIn<Node>(nodes));
+    load->receive(&CollectionDictionary::vortices, recordsIn<Vortex>(vortices));
+    if (polygonsLast) load->receive(&CollectionDictionary::polygons, recordsIn<Polygon>(polygons));
     return activeVenue;
-  }
-
- private:
-  template <class Record>
-  static Collection<Record> read(const std::string& json) {
-    Collection<Record> records;
-    for (const RawData& element : RawData::parse(json)->arrayValue())
-      if (auto record = Record::make(element)) records.insert_or_assign(*record->id, record);
-    return records;
   }
 };
 

@@ -46,15 +46,5 @@ TEST(VenueReport, JsonHasTheWholeVenue) {
             R"("floors":["f1","g"]}]})");
 }
 
-TEST(VenueReport, LocationsHaveTheirFloorsAndCategories) {
-  const auto venue = test::TwoFloorVenue().load(false, true);
-  EXPECT_EQ(locationsText(*venue->locations),
-            "l1  Bakery     G   Food\n"
-            "l2  Book Shop  F1  Shops\n");
-  EXPECT_EQ(jsonText(locationsJson({venue->locations->front()})),
-            R"([{"id":"l1","name":"Bakery","type":"shop","floors":["g"],)"
-            R"("categories":[{"id":"c2","name":"Food"}]}])");
-}
-
 }  // namespace
 }  // namespace orivanta::command

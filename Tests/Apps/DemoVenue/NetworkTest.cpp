@@ -71,21 +71,6 @@ bool runsInto(const Outline& outline, Point from, Point to) {
 
 }  // namespace
 
-TEST(DemoVenueNetwork, IdentifiersAreUniqueAndPathsLeadSomewhere) {
-  std::set<std::string> ids;
-  for (const NetworkNode& node : network().nodes) {
-    EXPECT_TRUE(ids.insert(node.id).second) << node.id;
-    std::set<std::string> targets;
-    for (const std::string& path : node.paths) {
-      const NetworkNode* target = find(path);
-      ASSERT_NE(target, nullptr) << node.id << " -> " << path;
-      EXPECT_EQ(target->floor, node.floor) << node.id << " -> " << path;
-      EXPECT_NE(target, &node) << node.id;
-      EXPECT_TRUE(targets.insert(path).second) << node.id << " -> " << path << " twice";
-    }
-  }
-}
-
 TEST(DemoVenueNetwork, PathsGoThroughDoorsOnly) {
   for (const Floor& floor : plan().floors) {
     const auto all = obstacles(floor);
@@ -161,15 +146,6 @@ TEST(DemoVenueNetwork, EscalatorsRunOneWay) {
     }
   }
   EXPECT_EQ(checked, 24);
-}
-
-TEST(DemoVenueNetwork, ConnectorsStopOnceOnAFloor) {
-  for (const auto& [connector, stops] : network().stops) {
-    EXPECT_GE(stops.size(), 2U) << connector;
-    std::set<std::string_view> floors;
-    for (const std::string& stop : stops) floors.insert(find(stop)->floor);
-    EXPECT_EQ(floors.size(), stops.size()) << connector;
-  }
 }
 
 }  // namespace orivanta::test

@@ -83,13 +83,5 @@ TEST(VenuePackage, FoldersWithoutPackagesAndSlugsThatOccurTwiceAreRefused) {
                     HasSubstr((root.path() / "second").string()), HasSubstr("\"same\"")));
 }
 
-TEST(VenuePackage, BrokenRecordsAreTakenAsTheyAre) {
-  const test::TemporaryFolder root;
-  test::writeSmallPackage(root, "p", "slug");
-  const std::string records = R"([null,5,"text",[],{},{"id":7},{"logo":{"small":[]}}])";
-  root.write("p/location.json", records);
-  EXPECT_EQ(readPackage(root.path() / "p").collection("location")->page(0, 99, "", {}), records);
-}
-
 }  // namespace
 }  // namespace orivanta::server

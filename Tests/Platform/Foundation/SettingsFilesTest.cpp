@@ -3,7 +3,6 @@
 
 #include <cstdlib>
 
-#include "Platform/Foundation/Base64.hpp"
 #include "Platform/Foundation/Bundle.hpp"
 #include "Platform/Foundation/Languages.hpp"
 #include "Platform/Foundation/PropertyList.hpp"
@@ -83,21 +82,6 @@ TEST(Languages, AreTheTagsOfTheEnvironmentInOrder) {
     setenv("LANG", lang, 1);
     EXPECT_EQ(preferredLanguages(), tags) << language << '|' << all << '|' << lang;
   }
-}
-
-// The test vectors of RFC 4648, section 10, and bytes beyond ASCII.
-TEST(Base64, EncodesTheStandardsVectors) {
-  for (const auto& [bytes, text] : std::initializer_list<std::pair<const char*, const char*>>{
-           {"", ""},
-           {"f", "Zg=="},
-           {"fo", "Zm8="},
-           {"foo", "Zm9v"},
-           {"foob", "Zm9vYg=="},
-           {"fooba", "Zm9vYmE="},
-           {"foobar", "Zm9vYmFy"},
-           {"\xFF\xFE\xFD", "//79"},
-           {"name:w\xC3\xB6rt", "bmFtZTp3w7ZydA=="}})
-    EXPECT_EQ(base64Encoded(bytes), text);
 }
 
 }  // namespace

@@ -144,19 +144,6 @@ TEST(UrlSession, TasksOfOneSessionRunTogetherAndReportOneAtATime) {
   EXPECT_EQ(recorded.recorder->reports(21).back().body, "[0]");
 }
 
-TEST(UrlSession, ReportsWaitWhileDeliveryIsSuspended) {
-  MisbehavingServer server;
-  Recorded held;
-  held.session->suspendDelivery();
-  held.session->startDataTask(url(server.root("/a")));
-  ASSERT_TRUE(server.waitForRequests("/a", 1));
-  Recorded other;
-  other.get(server.root("/b"));  // by now the first answer is there
-  EXPECT_TRUE(held.recorder->reports(0).empty());
-  held.session->resumeDelivery();
-  EXPECT_EQ(held.recorder->reports(1).size(), 1U);
-}
-
 TEST(UrlSession, NothingIsReportedAfterInvalidation) {
   MisbehavingServer server;
   const auto latch = std::make_shared<Latch>();
@@ -210,28 +197,6 @@ TEST(UrlSession, ADelegateMayInvalidateBetweenDataAndCompletion) {
     recorder->onComplete = [token = test::opensWhenGone(released)] { ADD_FAILURE(); };
     session->startDataTask(url(server.root("/a")));
   }
-  EXPECT_TRUE(released->wait());
-}
-
-TEST(UrlSession, AValidSessionNeedsNoOwnerAndAnInvalidOneReleasesItsDelegate) {
-  MisbehavingServer server;
-  const auto latch = std::make_shared<Latch>();
-  server.on("/a", Answer::json("[1]").held(latch));
-  const auto released = std::make_shared<Latch>();
-  std::weak_ptr<Recorder> recorder;
-  std::weak_ptr<UrlSession> session;
-  {
-    const auto own = std::make_shared<Recorder>();
-    own->onComplete = [token = test::opensWhenGone(released)] {};
-    const auto started = UrlSession::make({}, own);
-    started->startDataTask(url(server.root("/a")));
-    recorder = own;
-    session = started;
-  }
-  latch->open();
-  EXPECT_EQ(recorder.lock()->reports(1).size(), 1U);
-  EXPECT_FALSE(released->isOpen());
-  session.lock()->invalidateAndCancel();
   EXPECT_TRUE(released->wait());
 }
 
