@@ -66,6 +66,10 @@ void ReportedLoad::cancel() {
     requests.swap(requests_);
   }
   for (const auto& request : requests) request->invalidateAndCancel();
+  queue_->async([self = shared_from_this()] {  // a handler may hold the handle to the load
+    self->progressed_ = nullptr;
+    self->ended_ = nullptr;
+  });
 }
 
 void ReportedLoad::pageReceived(std::string_view name, const network::HttpUrlResponse& response,

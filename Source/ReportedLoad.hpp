@@ -66,8 +66,8 @@ class ReportedLoad : public WebApiObserver,
   const std::shared_ptr<foundation::SerialQueue> queue_;
 
   // Used on the queue alone.
-  const std::function<void(const LoadProgress&)> progressed_;
-  const Ended ended_;
+  std::function<void(const LoadProgress&)> progressed_;
+  Ended ended_;
   LoadProgress progress_;
   std::map<std::string, Collection, std::less<>> collections_;
 

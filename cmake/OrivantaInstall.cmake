@@ -34,7 +34,8 @@ target_sources(
           $<TARGET_OBJECTS:orivanta_render_offscreen>
           $<TARGET_OBJECTS:orivanta_ui>)
 set_target_properties(orivanta-ui PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION}
-                                             SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME ui)
+                                             SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME ui
+                                             INSTALL_RPATH "$ORIGIN")
 target_link_libraries(
   orivanta-ui
   PUBLIC orivanta glm::glm

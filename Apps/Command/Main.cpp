@@ -54,6 +54,7 @@ void addConnectionOptions(CLI::App& app, ConnectionOptions& options) {
 void addQueryOptions(CLI::App& app, CommandLine& line) {
   addConnectionOptions(app, line.connection);
   app.add_flag("--json", line.json, "Print JSON");
+  app.add_flag("-q,--quiet", line.connection.quiet, "No diagnostic lines on standard error");
 }
 
 // `options` is filled while the command line is read; what all queries share goes in at the end.

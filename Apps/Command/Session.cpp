@@ -65,8 +65,9 @@ void check(const std::vector<LoadFailure>& failures, const std::vector<std::stri
 }  // namespace
 
 Session::Session(const ConnectionOptions& options) {
-  foundation::setDiagnosticSink(
-      [](std::string_view line) { ProgressLine::standardError().note(line); });
+  foundation::setDiagnosticSink([quiet = options.quiet](std::string_view line) {
+    if (!quiet) ProgressLine::standardError().note(line);
+  });
   setApiSettings(resolveSettings(options));
 }
 

@@ -16,6 +16,7 @@ struct ConnectionOptions {
   std::optional<std::string> username;
   std::optional<std::string> password;
   std::optional<std::string> passwordFile;  ///< "-" for standard input
+  bool quiet = false;                         ///< no diagnostic lines
 };
 
 /// The first that is given of: command line, environment (ORIVANTA_ENDPOINT, ORIVANTA_USERNAME,

@@ -5,8 +5,6 @@
 #include <glm/geometric.hpp>
 #include <glm/trigonometric.hpp>
 
-#include "Platform/Render/Srgb.hpp"
-
 namespace orivanta::render {
 
 namespace {
@@ -38,7 +36,7 @@ Lighting::Lighting(std::span<const LightInScene> lights, const graphics::Matrix4
 }
 
 void Lighting::add(const LightInScene& light, const graphics::Matrix4& view) {
-  const Vector3 color = linearOf(light.light.color);
+  const Vector3 color(light.light.color.red, light.light.color.green, light.light.color.blue);
   if (light.light.type == scene::LightType::ambient) {
     ambient_ += color;
     return;

@@ -1,8 +1,10 @@
 #include "Platform/Render/LooseMesh.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <glm/geometric.hpp>
+#include <limits>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
@@ -72,10 +74,62 @@ void putInOrder(std::vector<LoosePart>& parts) {
   });
 }
 
+bool haveSameShape(const scene::Geometry& a, const scene::Geometry& b) {
+  const auto areAlike = [](const scene::GeometrySource& one, const scene::GeometrySource& other) {
+    return one.data == other.data && one.semantic == other.semantic &&
+           one.dataOffset == other.dataOffset && one.dataStride == other.dataStride;
+  };
+  return &a == &b || (std::equal(a.sources().begin(), a.sources().end(), b.sources().begin(),
+                                 b.sources().end(), areAlike) &&
+                      a.elements().size() == b.elements().size() &&
+                      a.elements().front().data == b.elements().front().data);
+}
+
+// Whether the second would show exactly what the first does.
+bool covers(const LoosePart& a, const LoosePart& b) {
+  const auto isPlain = [](const PartLook& look) { return !look.translucent && !look.image; };
+  return a.world == b.world && a.element == 0 && b.element == 0 && isPlain(a.look) &&
+         isPlain(b.look) && a.look.color == b.look.color && a.look.visible == b.look.visible &&
+         a.look.castsShadow == b.look.castsShadow && haveSameShape(*a.geometry, *b.geometry);
+}
+
+// The segments of a route end and begin with the same caps, a few parts from one another.
+void dropDuplicates(std::vector<LoosePart>& parts) {
+  constexpr std::size_t reach = 16;
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const auto end = parts.begin() + static_cast<std::ptrdiff_t>(kept);
+    const auto begin = end - static_cast<std::ptrdiff_t>(std::min(kept, reach));
+    if (std::any_of(begin, end, [&](const LoosePart& other) { return covers(other, parts[i]); }))
+      continue;
+    if (kept != i) parts[kept] = std::move(parts[i]);
+    ++kept;
+  }
+  parts.resize(kept);
+}
+
 }  // namespace
 
-void LooseMesh::update(std::vector<LoosePart> parts, FrameStatistics& statistics) {
+float invisibleTolerance(std::span<const LoosePart> parts, const Matrix4& view,
+                         const Matrix4& projection, int height) {
+  const float cameraNear = projection[3][2] / (projection[2][2] - 1);
+  float nearest = std::numeric_limits<float>::max();
+  for (const LoosePart& part : parts) {
+    if (!part.geometry->simplification()) continue;
+    const graphics::Box& box = part.geometry->boundingBox();
+    const Vector3 centre = view * (part.world * graphics::Vector4(box.centre(), 1.0F));
+    nearest = std::min(nearest, -centre.z - glm::length(box.max - box.min) / 2);
+  }
+  nearest = std::max(nearest, cameraNear);
+  const float unitsPerPixel = 2 * nearest / (projection[1][1] * static_cast<float>(height));
+  return std::exp2(std::floor(2 * std::log2(unitsPerPixel / 3)) / 2);
+}
+
+void LooseMesh::update(std::vector<LoosePart> parts, float tolerance, FrameStatistics& statistics) {
+  dropDuplicates(parts);
   putInOrder(parts);
+  if (std::exchange(tolerance_, tolerance) != tolerance && !merged_.empty())
+    rebuildFrom(0, parts, statistics);
   std::size_t same = 0;
   while (same < parts.size() && same < merged_.size() && merged_[same].isOf(parts[same])) ++same;
   if (same < parts.size() || same < merged_.size()) rebuildFrom(same, parts, statistics);
@@ -112,14 +166,17 @@ void LooseMesh::rebuildFrom(std::size_t first, const std::vector<LoosePart>& par
 void LooseMesh::append(const LoosePart& part) {
   const std::size_t firstVertex = vertices_.size();
   const std::size_t firstIndex = indices_.size();
-  if (part.geometry->source(scene::Semantic::vertex) != nullptr) {
-    const auto used = usedVertices(part.geometry->elements()[part.element], &indices_);
+  const auto& simplify = part.geometry->simplification();
+  auto drawn = simplify && part.element == 0 ? simplify(tolerance_) : nullptr;
+  if (!drawn) drawn = part.geometry;
+  if (drawn->source(scene::Semantic::vertex) != nullptr) {
+    const auto used = usedVertices(drawn->elements()[part.element], &indices_);
     for (std::size_t i = firstIndex; i < indices_.size(); ++i)
       indices_[i] += static_cast<std::uint32_t>(firstVertex);
     for (const std::uint32_t vertex : used)
-      vertices_.push_back(makeVertex(*part.geometry, vertex, part.world, merged_.size()));
+      vertices_.push_back(makeVertex(*drawn, vertex, part.world, merged_.size()));
   }
-  merged_.push_back({part.geometry, part.element, part.world, firstVertex,
+  merged_.push_back({part.geometry, std::move(drawn), part.element, part.world, firstVertex,
                      vertices_.size() - firstVertex, firstIndex,
                      boxOf(std::span(vertices_).subspan(firstVertex))});
 }
@@ -128,10 +185,10 @@ void LooseMesh::move(std::size_t place, const Matrix4& world, FrameStatistics& s
   Merged& merged = merged_[place];
   merged.world = world;
   if (merged.vertexCount == 0) return;
-  const auto used = usedVertices(merged.geometry->elements()[merged.element], nullptr);
+  const auto used = usedVertices(merged.drawn->elements()[merged.element], nullptr);
   const auto moved = std::span(vertices_).subspan(merged.firstVertex, merged.vertexCount);
   for (std::size_t i = 0; i < used.size(); ++i)
-    moved[i] = makeVertex(*merged.geometry, used[i], world, place);
+    moved[i] = makeVertex(*merged.drawn, used[i], world, place);
   merged.box = boxOf(moved);
   mesh_->setBox(place, merged.box);
   mesh_->setVertices(merged.firstVertex, moved, statistics);

@@ -14,8 +14,11 @@ namespace orivanta::render {
 /// its mesh; a node that only moved has its own vertices replaced.
 class LooseMesh {
  public:
-  /// Puts the parts into the order in which they are merged, and their looks into `looks`.
-  void update(std::vector<LoosePart> parts, FrameStatistics& statistics);
+  /// Puts the parts into the order in which they are merged, and their looks into `looks`; one that
+  /// lies exactly on another that looks the same is left out. Shapes
+  /// that have simpler ones within `tolerance` units are drawn as those; another tolerance than the
+  /// last one merges everything anew.
+  void update(std::vector<LoosePart> parts, float tolerance, FrameStatistics& statistics);
 
   bool isEmpty() const { return merged_.empty(); }
   const Mesh& mesh() const { return *mesh_; }
@@ -24,6 +27,7 @@ class LooseMesh {
  private:
   struct Merged {
     std::shared_ptr<const scene::Geometry> geometry;
+    std::shared_ptr<const scene::Geometry> drawn;  ///< the same or a simpler one
     std::size_t element;
     graphics::Matrix4 world;
     std::size_t firstVertex;
@@ -46,6 +50,13 @@ class LooseMesh {
   std::vector<Mesh::Vertex> vertices_;
   std::vector<std::uint32_t> indices_;
   std::vector<PartLook> looks_;
+  float tolerance_ = 0.0F;
 };
+
+/// How far from their shapes parts may be drawn so that it shows nowhere, in scene units: a third
+/// of a pixel of a picture `height` pixels high where the nearest part lies, cut to a power of the
+/// square root of two so that it seldom changes.
+float invisibleTolerance(std::span<const LoosePart> parts, const graphics::Matrix4& view,
+                         const graphics::Matrix4& projection, int height);
 
 }  // namespace orivanta::render

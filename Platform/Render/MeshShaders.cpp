@@ -47,7 +47,8 @@ flat in vec4 partColor;
 uniform sampler2D image;
 uniform vec3 ambient;
 #if LIGHTS > 0
-uniform vec4 lightPlaces[LIGHTS];      // a position and 1, or the way to a light far away and 0
+uniform vec4 lightPlaces[LIGHTS];      // a position and 1, or the way (of length 1) to a light far
+                                       // away and 0
 uniform vec4 lightDirections[LIGHTS];  // where a cone points, and the cosine at its outer edge
 uniform vec4 lightColors[LIGHTS];      // and the cosine at the inner edge of the cone
 #endif
@@ -82,7 +83,8 @@ vec3 incomingLight() {
 #if LIGHTS > 0
   vec3 n = surfaceNormal();
   for (int i = 0; i < LIGHTS; ++i) {
-    vec3 way = normalize(lightPlaces[i].xyz - lightPlaces[i].w * viewPosition);
+    vec3 way = lightPlaces[i].xyz;
+    if (lightPlaces[i].w > 0.0) way = normalize(way - viewPosition);
     float share = dot(n, way);
     if (share <= 0.0) continue;
     if (lightPlaces[i].w > 0.0)
@@ -139,7 +141,7 @@ MeshProgram::MeshProgram(const MeshFeatures& features)
 }
 
 DepthProgram::DepthProgram()
-    : program({}, depthVertex, depthFragment), meshToClip(program.uniform("meshToClip")) {}
+    : program("", depthVertex, depthFragment), meshToClip(program.uniform("meshToClip")) {}
 
 const MeshProgram& MeshShaders::lit(const MeshFeatures& features) {
   return lit_.try_emplace(features, features).first->second;

@@ -56,7 +56,7 @@ class MeshShaders {
 };
 
 /// Texels along each side of the shadow map.
-inline constexpr int shadowMapSide = 2048;
+inline constexpr int shadowMapSide = 4096;
 
 /// Texture units.
 namespace meshUnits {

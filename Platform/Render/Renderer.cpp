@@ -54,7 +54,8 @@ void setBasicState() {
 }
 
 GLsizei pixelsOf(double points, double scale, GLint largest) {
-  return static_cast<GLsizei>(std::clamp(std::round(points * scale), 1.0, double{largest} * 1.0));
+  return static_cast<GLsizei>(
+      std::clamp(std::round(points * scale), 1.0, static_cast<double>(largest)));
 }
 
 }  // namespace

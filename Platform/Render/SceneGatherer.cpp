@@ -14,21 +14,21 @@ namespace {
 
 using Nodes = std::vector<std::shared_ptr<scene::Node>>;
 
-const scene::SharedBytes* vertexData(const scene::Node& node) {
-  const auto geometry = node.geometry();
-  const auto* source = geometry ? geometry->source(scene::Semantic::vertex) : nullptr;
-  return source != nullptr ? &source->data : nullptr;
-}
+// Fewer parts are merged with all other single nodes instead.
+constexpr std::size_t fewestOfModel = 16;
 
-// Whether the first two children with geometry refer to the same vertices, as the parts of one
-// model do.
-bool shareVertexData(std::span<const std::shared_ptr<scene::Node>> children) {
-  const scene::SharedBytes* first = nullptr;
+// Whether the first two geometries of the children differ but refer to the same vertices, as the
+// parts of one model do.
+bool arePartsOfModel(std::span<const std::shared_ptr<scene::Node>> children) {
+  if (children.size() < fewestOfModel) return false;
+  std::shared_ptr<scene::Geometry> first;
   for (const auto& child : children) {
-    const auto* data = vertexData(*child);
-    if (data == nullptr) continue;
-    if (first != nullptr) return *first == *data;
-    first = data;
+    auto geometry = child->geometry();
+    const auto* source = geometry ? geometry->source(scene::Semantic::vertex) : nullptr;
+    if (source == nullptr) continue;
+    if (first)
+      return geometry != first && source->data == first->source(scene::Semantic::vertex)->data;
+    first = std::move(geometry);
   }
   return false;
 }
@@ -93,7 +93,9 @@ class SceneGatherer::Walk {
 
 SceneSnapshot SceneGatherer::gather(const view::SceneView& view, double time) {
   SceneSnapshot snapshot;
-  snapshot.background = view.backgroundColor().value_or(graphics::colors::white);
+  // What is translucent has been drawn by the view itself, below the scene.
+  if (const auto color = view.backgroundColor(); color && color->alpha >= 1)
+    snapshot.background = *color;
   const auto viewpoint = view.viewpoint();
   if (!viewpoint) return snapshot;
   snapshot.scene = view.scene();
@@ -105,7 +107,7 @@ SceneSnapshot SceneGatherer::gather(const view::SceneView& view, double time) {
 
 std::shared_ptr<const scene::Batch> SceneGatherer::batchOf(const scene::Node& node,
                                                            const Nodes& children) {
-  if (children.size() < 2) return nullptr;
+  if (children.empty()) return nullptr;
   if (const auto prepared = node.preparedBatch(); prepared && prepared->matches(node))
     return prepared;
   const auto found = made_.find(&node);
@@ -114,7 +116,7 @@ std::shared_ptr<const scene::Batch> SceneGatherer::batchOf(const scene::Node& no
       return found->second.batch;
     made_.erase(found);
   }
-  if (!shareVertexData(children)) return nullptr;
+  if (!arePartsOfModel(children)) return nullptr;
   auto batch = scene::Batch::make(node);
   if (batch) made_.insert({&node, {node.weak_from_this(), batch}});
   return batch;

@@ -7,8 +7,8 @@
 
 namespace orivanta::render {
 
-/// Nodes whose children share vertex data are drawn as a batch even if nobody prepared one: it is
-/// made here, and kept as long as the node lives.
+/// A node whose many children share vertex data is drawn as a batch even if nobody prepared one: it
+/// is made here, and kept as long as the node lives.
 class SceneGatherer {
  public:
   /// Any thread's changes wait meanwhile.

@@ -46,7 +46,7 @@ void SceneRenderer::render(SceneSnapshot snapshot, const SceneTarget& target,
   const ShadowMap* shadows = nullptr;
   if (snapshot.scene) {
     SceneState& state = stateOf(snapshot.scene);
-    meshes = updateMeshes(state, snapshot, statistics);
+    meshes = updateMeshes(state, snapshot, target.height(), statistics);
     if (const auto* caster = lighting.shadowCaster()) {
       if (!state.shadows) state.shadows.emplace();
       if (state.shadows->update(*caster, meshes, shaders_, statistics)) shadows = &*state.shadows;
@@ -68,9 +68,11 @@ SceneRenderer::SceneState& SceneRenderer::stateOf(
 }
 
 std::vector<SceneMesh> SceneRenderer::updateMeshes(SceneState& state, SceneSnapshot& snapshot,
-                                                   FrameStatistics& statistics) {
+                                                   int height, FrameStatistics& statistics) {
   std::vector<SceneMesh> meshes;
-  state.loose.update(std::move(snapshot.loose), statistics);
+  const float tolerance =
+      invisibleTolerance(snapshot.loose, snapshot.view, snapshot.projection, height);
+  state.loose.update(std::move(snapshot.loose), tolerance, statistics);
   if (!state.loose.isEmpty())
     meshes.push_back({&state.loose.mesh(), state.loose.looks(), graphics::Matrix4(1.0F)});
   for (const BatchInScene& batch : snapshot.batches)

@@ -41,7 +41,7 @@ class SceneRenderer {
   };
 
   const Mesh& meshOf(const BatchInScene& batch, FrameStatistics& statistics);
-  std::vector<SceneMesh> updateMeshes(SceneState& state, SceneSnapshot& snapshot,
+  std::vector<SceneMesh> updateMeshes(SceneState& state, SceneSnapshot& snapshot, int height,
                                       FrameStatistics& statistics);
   SceneState& stateOf(const std::shared_ptr<const scene::Scene>& scene);
 

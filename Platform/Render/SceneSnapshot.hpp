@@ -40,7 +40,7 @@ struct SceneSnapshot {
   std::shared_ptr<const scene::Scene> scene;  ///< null when there is nothing to see
   graphics::Matrix4 view{1.0F};
   graphics::Matrix4 projection{1.0F};
-  graphics::Color background;
+  graphics::Color background = graphics::colors::clear;
   std::vector<BatchInScene> batches;
   std::vector<LoosePart> loose;
   std::vector<LightInScene> lights;  ///< none of them for a scene that is lit fully

@@ -3,9 +3,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
@@ -45,6 +47,12 @@ struct GeometryElement {
   ORIVANTA_API std::uint32_t index(std::size_t position) const;
 };
 
+class Geometry;
+
+/// Makes the same shape with fewer triangles, nowhere further than `tolerance` units from the one
+/// that it stands for; null when there is none. Any thread.
+using Simplification = std::function<std::shared_ptr<const Geometry>(float tolerance)>;
+
 /// Vertices, elements and materials. Sources and elements never change; the list of materials may,
 /// under a `graphics::Transaction`. Element i is drawn with material i modulo their number, or
 /// with a white one when there is none.
@@ -71,6 +79,13 @@ class ORIVANTA_API Geometry {
   /// Null without a material.
   std::shared_ptr<Material> firstMaterial() const;
 
+  /// For whoever draws the geometry so small that the difference does not show. Set before the
+  /// geometry is shared; none until then.
+  void setSimplification(Simplification simplification) {
+    simplification_ = std::move(simplification);
+  }
+  const Simplification& simplification() const { return simplification_; }
+
   /// The box of the vertices that the elements refer to; empty without any.
   const graphics::Box& boundingBox() const { return boundingBox_; }
 
@@ -80,6 +95,7 @@ class ORIVANTA_API Geometry {
   std::vector<GeometrySource> sources_;
   std::vector<GeometryElement> elements_;
   graphics::Box boundingBox_;
+  Simplification simplification_;
   std::vector<std::shared_ptr<Material>> materials_;
 };
 

@@ -13,7 +13,7 @@ enum class LightType { ambient, directional, spot };
 class ORIVANTA_API Light {
  public:
   LightType type = LightType::directional;
-  graphics::Color color = graphics::colors::white;
+  graphics::Color color = graphics::colors::white;  ///< components are strengths: 0.5 is half a 1
   bool castsShadow = false;
   double spotInnerAngle = 0.0;   ///< full light inside this cone
   double spotOuterAngle = 45.0;  ///< no light outside of this one

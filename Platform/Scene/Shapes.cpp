@@ -6,6 +6,8 @@
 #include <glm/geometric.hpp>
 #include <glm/gtc/constants.hpp>
 #include <glm/vec2.hpp>
+#include <map>
+#include <mutex>
 #include <utility>
 
 namespace orivanta::scene {
@@ -25,12 +27,12 @@ static_assert(sizeof(Corner) == 8 * sizeof(float));
 /// Collects the triangles of a shape that has one element.
 class Mesh {
  public:
-  /// A convex polygon, its corners counter-clockwise as seen from outside.
+  /// A convex polygon, its corners counter-clockwise as seen from outside. Made of compact
+  /// triangles rather than of a fan of slivers, which take longer to draw.
   void addPolygon(const std::vector<Corner>& corners) {
     const auto first = static_cast<std::uint32_t>(corners_.size());
     corners_.insert(corners_.end(), corners.begin(), corners.end());
-    for (std::uint32_t i = 2; i < corners.size(); ++i)
-      indices_.insert(indices_.end(), {first, first + i - 1, first + i});
+    addTriangles(first, first + static_cast<std::uint32_t>(corners.size()) - 1);
   }
 
   std::shared_ptr<Geometry> geometry() const {
@@ -38,6 +40,15 @@ class Mesh {
   }
 
  private:
+  // Between the chord from one corner to another and the corners on the way.
+  void addTriangles(std::uint32_t from, std::uint32_t to) {
+    if (to < from + 2) return;
+    const std::uint32_t middle = (from + to) / 2;
+    addTriangles(from, middle);
+    indices_.insert(indices_.end(), {from, middle, to});
+    addTriangles(middle, to);
+  }
+
   template <class Value>
   static SharedBytes bytesOf(const std::vector<Value>& values) {
     const auto bytes = std::as_bytes(std::span(values));
@@ -88,6 +99,80 @@ std::vector<Corner> makeSide(const Point& a, const Point& b, double depth) {
           {vector(a, depth / 2), normal, {0, 1}}};
 }
 
+/// The face alone, halfway between front and back.
+std::shared_ptr<Geometry> makeFlat(std::span<const Point> outline) {
+  Mesh mesh;
+  mesh.addPolygon(makeFace(outline, 0, {0, 0, 1}));
+  return mesh.geometry();
+}
+
+constexpr int finestCylinder = 48;  // sides
+
+Vector3 towardsSide(int side, int sides) {
+  const double angle = glm::two_pi<double>() * (side % sides) / sides;
+  return Vector3(std::sin(angle), 0, std::cos(angle));
+}
+
+/// A corner of a cylinder's cap, whose normal is along y.
+Corner capCorner(const Vector3& outwards, float radius, float y, float normal) {
+  return {{outwards.x * radius, y, outwards.z * radius},
+          {0, normal, 0},
+          {0.5F + outwards.x / 2, 0.5F - outwards.z / 2}};
+}
+
+std::shared_ptr<Geometry> makeCylinderOf(int sides, float radius, float height) {
+  const Vector3 up(0, height / 2, 0);
+  Mesh mesh;
+  std::vector<Corner> top;
+  std::vector<Corner> bottom;
+  for (int i = 0; i < sides; ++i) {
+    const Vector3 from = towardsSide(i, sides);
+    const Vector3 to = towardsSide(i + 1, sides);
+    const float u = static_cast<float>(i) / static_cast<float>(sides);
+    const float nextU = static_cast<float>(i + 1) / static_cast<float>(sides);
+    mesh.addPolygon({{from * radius - up, from, {u, 0}},
+                     {to * radius - up, to, {nextU, 0}},
+                     {to * radius + up, to, {nextU, 1}},
+                     {from * radius + up, from, {u, 1}}});
+    top.push_back(capCorner(from, radius, up.y, 1));
+    bottom.push_back(capCorner(towardsSide(sides - i, sides), radius, -up.y, -1));
+  }
+  mesh.addPolygon(top);
+  mesh.addPolygon(bottom);
+  return mesh.geometry();
+}
+
+std::shared_ptr<Geometry> makeDisc(int sides, float radius) {
+  Mesh mesh;
+  std::vector<Corner> corners;
+  for (int i = 0; i < sides; ++i) corners.push_back(capCorner(towardsSide(i, sides), radius, 0, 1));
+  mesh.addPolygon(corners);
+  return mesh.geometry();
+}
+
+/// How many sides stay within a distance of the circle.
+int sidesWithin(float tolerance, float radius) {
+  if (!(tolerance < radius)) return 6;
+  const double sides = glm::pi<double>() / std::acos(1.0 - tolerance / radius);
+  return static_cast<int>(std::clamp(std::ceil(sides), 6.0, double{finestCylinder}));
+}
+
+/// A cylinder of the finest kind; the last one that was made shares its data with the next, if that
+/// is alike, as the many caps of a route are.
+std::shared_ptr<Geometry> makeSharedCylinder(float radius, float height) {
+  static std::mutex mutex;
+  static std::map<std::pair<float, float>, std::weak_ptr<Geometry>> last;
+  const std::lock_guard lock(mutex);
+  for (auto entry = last.begin(); entry != last.end();)
+    entry = entry->second.expired() ? last.erase(entry) : std::next(entry);
+  auto& known = last[{radius, height}];
+  const auto alike = known.lock();
+  auto geometry = alike ? Geometry::make(alike->sources(), alike->elements())
+                        : makeCylinderOf(finestCylinder, radius, height);
+  known = geometry;
+  return geometry;
+}
+
 }  // namespace
 
 std::shared_ptr<Geometry> makeExtrusion(std::span<const Point> outline, double depth) {
@@ -101,37 +186,24 @@ std::shared_ptr<Geometry> makeExtrusion(std::span<const Point> outline, double d
     mesh.addPolygon(makeSide(points[i], points[(i + 1) % points.size()], depth));
   std::reverse(points.begin(), points.end());
   mesh.addPolygon(makeFace(points, -depth / 2, {0, 0, -1}));
-  return mesh.geometry();
+  auto geometry = mesh.geometry();
+  std::reverse(points.begin(), points.end());
+  geometry->setSimplification([points = std::move(points), depth](float tolerance) {
+    return tolerance < depth / 2 ? nullptr : makeFlat(points);
+  });
+  return geometry;
 }
 
 std::shared_ptr<Geometry> makeCylinder(double radius, double height) {
-  constexpr int segments = 48;
-  const auto outwards = [](int segment) {
-    const double angle = glm::two_pi<double>() * (segment % segments) / segments;
-    return Vector3(std::sin(angle), 0, std::cos(angle));
-  };
   const auto width = static_cast<float>(radius);
-  const Vector3 up(0, height / 2, 0);
-  Mesh mesh;
-  std::vector<Corner> top;
-  std::vector<Corner> bottom;
-  for (int i = 0; i < segments; ++i) {
-    const Vector3 from = outwards(i);
-    const Vector3 to = outwards(i + 1);
-    const float u = static_cast<float>(i) / segments;
-    const float nextU = static_cast<float>(i + 1) / segments;
-    mesh.addPolygon({{from * width - up, from, {u, 0}},
-                     {to * width - up, to, {nextU, 0}},
-                     {to * width + up, to, {nextU, 1}},
-                     {from * width + up, from, {u, 1}}});
-    const Vector3 opposite = outwards(segments - i);
-    top.push_back({from * width + up, {0, 1, 0}, {0.5F + from.x / 2, 0.5F - from.z / 2}});
-    bottom.push_back(
-        {opposite * width - up, {0, -1, 0}, {0.5F + opposite.x / 2, 0.5F + opposite.z / 2}});
-  }
-  mesh.addPolygon(top);
-  mesh.addPolygon(bottom);
-  return mesh.geometry();
+  const auto length = static_cast<float>(height);
+  auto geometry = makeSharedCylinder(width, length);
+  geometry->setSimplification([width, length](float tolerance) -> std::shared_ptr<const Geometry> {
+    const int sides = sidesWithin(tolerance, width);
+    if (tolerance >= length / 2) return makeDisc(sides, width);
+    return sides < finestCylinder ? makeCylinderOf(sides, width, length) : nullptr;
+  });
+  return geometry;
 }
 
 std::shared_ptr<Geometry> makeFloor() {

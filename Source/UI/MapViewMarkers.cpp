@@ -1,6 +1,6 @@
 // How a map view keeps its markers in place and out of one another's way.
-#include <algorithm>
-#include <utility>
+#include <typeinfo>
+#include <vector>
 
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/Transaction.hpp"
@@ -10,6 +10,32 @@ namespace orivanta {
 
 using foundation::unwrap;
 using graphics::Transaction;
+
+namespace {
+
+// What the decision asks of a marker again and again, looked up once.
+struct Placed {
+  explicit Placed(const std::shared_ptr<MapViewMarker>& from)
+      : marker(from.get()),
+        sprite(dynamic_cast<MapViewMarker2D*>(marker)),
+        decidesByFrame(typeid(*marker) == typeid(MapViewMarker2D)),
+        givesWay(marker->hideWhenCollide.value_or(false)) {
+    if (decidesByFrame) frame = unwrap(sprite->node).frame();
+  }
+
+  bool collidesWith(const Placed& other) const {
+    return decidesByFrame && other.decidesByFrame ? frame.intersects(other.frame)
+                                                  : marker->collidesWithMarker(*other.marker);
+  }
+
+  MapViewMarker* marker;
+  MapViewMarker2D* sprite;  // null for other kinds
+  bool decidesByFrame;      // no kind of its own that may judge otherwise
+  bool givesWay;
+  graphics::Rect frame;
+};
+
+}  // namespace
 
 std::vector<std::shared_ptr<MapViewMarker>> MapView::markers() const {
   const Transaction transaction;
@@ -63,20 +89,21 @@ void MapView::updateMarkerPositions() {
 
 void MapView::updateMarkerVisibility() {
   const Transaction transaction;
-  std::vector<char> hidden(markers_.size(), 0);
-  for (std::size_t i = 0; i + 1 < markers_.size(); ++i) {
-    const MapViewMarker& earlier = *markers_[i];
-    for (std::size_t j = i + 1; j < markers_.size() && hidden[i] == 0; ++j) {
-      const MapViewMarker& later = *markers_[j];
-      if (!earlier.collidesWithMarker(later)) continue;
-      if (earlier.hideWhenCollide.value_or(false))
+  const std::vector<Placed> placed(markers_.begin(), markers_.end());
+  std::vector<char> hidden(placed.size(), 0);
+  for (std::size_t i = 0; i < placed.size(); ++i) {
+    if (hidden[i] != 0) continue;
+    for (std::size_t j = i + 1; j < placed.size(); ++j) {
+      if (!placed[i].collidesWith(placed[j])) continue;
+      if (placed[i].givesWay) {
         hidden[i] = 1;
-      else if (later.hideWhenCollide.value_or(false))
-        hidden[j] = 1;
+        break;
+      }
+      if (placed[j].givesWay) hidden[j] = 1;
     }
   }
-  for (std::size_t i = 0; i < markers_.size(); ++i) {
-    auto* sprite = dynamic_cast<MapViewMarker2D*>(markers_[i].get());
+  for (std::size_t i = 0; i < placed.size(); ++i) {
+    MapViewMarker2D* const sprite = placed[i].sprite;
     if (sprite == nullptr) continue;
     if (hidden[i] != 0)
       hideMarker(*sprite);

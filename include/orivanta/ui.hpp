@@ -1,6 +1,8 @@
 // The map view with all that belongs to it, and the data half of the library.
 #pragma once
 
+#include <orivanta/orivanta.hpp>
+
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Platform/Graphics/Text.hpp"
@@ -20,4 +22,3 @@
 #include "Source/UI/MapViewDirections.hpp"
 #include "Source/UI/MapViewMessages.hpp"
 #include "Source/UI/MarkerImages.hpp"
-#include "orivanta/orivanta.hpp"

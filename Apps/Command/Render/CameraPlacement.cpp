@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 #include "Platform/Graphics/Transaction.hpp"
@@ -17,17 +18,24 @@ struct Surroundings {
   double margin;       // times the extent
   double leastExtent;  // scene units that are shown at least
 };
-constexpr Surroundings ofFloor{1.04, 1};
-constexpr Surroundings ofPoints{1.25, 240};
+constexpr Surroundings ofFloor{1.06, 1};
+constexpr Surroundings ofPoints{1.3, 240};
+
+struct Placement {
+  graphics::Vector3 centre;  // of the orbit
+  double distance;           // of the camera from there
+};
 
 double radians(double degrees) { return degrees * std::numbers::pi / 180; }
 
-void place(MapView& mapView, double distance, const CameraAngles& angles) {
+void place(MapView& mapView, const Placement& placement, const CameraAngles& angles) {
   const graphics::Transaction transaction;
+  mapView.cameraOrbit->setPosition(placement.centre);
+  mapView.labelsOrbit->setPosition(placement.centre);
   mapView.cameraOrbit->setEulerAngle(scene::Axis::x, static_cast<float>(radians(angles.tilt)));
   mapView.cameraOrbit->setEulerAngle(scene::Axis::z, static_cast<float>(radians(angles.turn)));
-  mapView.cameraOrbit->children().front()->setPosition(scene::Axis::z,
-                                                       static_cast<float>(distance / angles.zoom));
+  mapView.cameraOrbit->children().front()->setPosition(
+      scene::Axis::z, static_cast<float>(placement.distance / angles.zoom));
   mapView.updateMarkerPositions();
   mapView.updateMarkerVisibility();
 }
@@ -39,50 +47,67 @@ graphics::Vector3 turned(const graphics::Vector3& point, double turn) {
   return {point.x * cosine + point.y * sine, point.y * cosine - point.x * sine, point.z};
 }
 
-// From where `width` units to the right and `depth` units away fill the view.
-double distanceFor(double width, double depth, const MapView& mapView, double tilt) {
+// The nearest place from which points of the floor just fill the view. A point (x, y) beside the
+// orbit's centre is y sin(tilt) farther away than the centre, and shows x to the right and
+// y cos(tilt) up; what shows at a distance d is at most d * slope off the middle.
+Placement fit(const MapView& mapView, const std::vector<graphics::Vector3>& points,
+              const CameraAngles& angles, const Surroundings& surroundings) {
   const graphics::Size view = mapView.bounds().size;
-  const double shorter = std::min(view.width, view.height);
   const double slope =
-      std::tan(radians(mapView.fov) / 2) / shorter;  // of the view's angle, a point
-  const double forWidth = width / 2 / (slope * view.width);
-  const double forDepth = depth * std::cos(tilt) / 2 / (slope * view.height);
-  return std::max(forWidth, forDepth) + depth * std::sin(tilt) / 2;
+      std::tan(radians(mapView.fov) / 2) / surroundings.margin / std::min(view.width, view.height);
+  const double slopeX = slope * view.width;
+  const double slopeY = slope * view.height;
+  const double sine = std::sin(radians(angles.tilt));
+  const double cosine = std::cos(radians(angles.tilt));
+  const double turn = radians(angles.turn);
+  graphics::Box box;
+  for (const auto& point : points) box.add(turned(point, turn));
+
+  const double farSlope = cosine - sine * slopeY;
+  const double nearSlope = cosine + sine * slopeY;
+  const double y = (box.max.y * farSlope + box.min.y * nearSlope) / (farSlope + nearSlope);
+  const double forDepth = (box.max.y - y) * farSlope / slopeY;
+  double right = std::numeric_limits<double>::lowest();
+  double left = right;
+  for (const auto& point : points) {
+    const graphics::Vector3 seen = turned(point, turn);
+    const double nearer = (y - seen.y) * sine;
+    right = std::max(right, seen.x / slopeX + nearer);
+    left = std::max(left, -seen.x / slopeX + nearer);
+  }
+  const double x = slopeX * (right - left) / 2;
+  const double least = surroundings.leastExtent / 2 / std::min(slopeX, slopeY);
+  return {turned({static_cast<float>(x), static_cast<float>(y), 0}, -turn),
+          std::max({forDepth, (right + left) / 2, least})};
+}
+
+// The corners of everything on a floor, seen from above.
+std::vector<graphics::Vector3> cornersOf(const scene::Node& floor) {
+  std::vector<graphics::Vector3> corners;
+  for (const auto& shape : floor.children()) {
+    const graphics::Box box = shape->boundingBox();
+    for (const float x : {box.min.x, box.max.x})
+      for (const float y : {box.min.y, box.max.y}) corners.emplace_back(x, y, 0.0F);
+  }
+  return corners;
 }
 
 void lookAt(MapView& mapView, const std::vector<graphics::Vector3>& points,
             const CameraAngles& angles, const Surroundings& surroundings) {
-  const double turn = radians(angles.turn);
-  graphics::Box box;
-  for (const auto& point : points) box.add(turned(point, turn));
-  const graphics::Vector3 middle = turned(box.centre(), -turn);
-  mapView.cameraOrbit->setPosition({middle.x, middle.y, 0});
-  mapView.labelsOrbit->setPosition({middle.x, middle.y, 0});
-  const auto extent = [&](float least, float most) {
-    return std::max<double>(surroundings.leastExtent, (most - least) * surroundings.margin);
-  };
-  place(mapView,
-        distanceFor(extent(box.min.x, box.max.x), extent(box.min.y, box.max.y), mapView,
-                    radians(angles.tilt)),
-        angles);
+  if (!points.empty() && mapView.cameraOrbit)
+    place(mapView, fit(mapView, points, angles, surroundings), angles);
 }
 
 }  // namespace
 
 void lookAtFloor(MapView& mapView, const CameraAngles& angles) {
-  if (!mapView.cameraOrbit) return;
-  const graphics::Box box = mapView.currentMap()->mapObject->boundingBox();
-  lookAt(mapView,
-         {{box.min.x, box.min.y, 0},
-          {box.max.x, box.min.y, 0},
-          {box.min.x, box.max.y, 0},
-          {box.max.x, box.max.y, 0}},
-         angles, ofFloor);
+  if (mapView.currentMap())
+    lookAt(mapView, cornersOf(*mapView.currentMap()->mapObject), angles, ofFloor);
 }
 
 void lookAt(MapView& mapView, const std::vector<graphics::Vector3>& points,
             const CameraAngles& angles) {
-  if (!points.empty() && mapView.cameraOrbit) lookAt(mapView, points, angles, ofPoints);
+  lookAt(mapView, points, angles, ofPoints);
 }
 
 }  // namespace orivanta::command

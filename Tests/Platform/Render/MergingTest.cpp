@@ -1,0 +1,139 @@
+// Many parts are drawn in few calls, and what has not changed is not uploaded again.
+#include <gtest/gtest.h>
+
+#include "Platform/Render/DrawRuns.hpp"
+#include "Platform/Scene/Batch.hpp"
+#include "Tests/Platform/Render/Studio.hpp"
+#include "Tests/Support/GoldenPicture.hpp"
+#include "Tests/Support/SyntheticFloor.hpp"
+
+namespace orivanta::test {
+namespace {
+
+using render::Choice;
+using render::Run;
+
+struct Runs {
+  const char* choices;  ///< of parts of 300 indices: d draw, a allow, l leave
+  std::vector<Run> expected;
+};
+
+TEST(DrawRuns, CoverWhatIsDrawnInFewRuns) {
+  const Runs cases[] = {
+      {"", {}},
+      {"al", {}},
+      {"ddd", {{0, 900}}},
+      {"dld", {{0, 300}, {600, 300}}},
+      {"adad", {{300, 900}}},              // a short stretch out of sight saves a call
+      {"daaad", {{0, 300}, {1200, 300}}},  // a long one does not
+      {"dald", {{0, 300}, {900, 300}}},
+  };
+  for (const auto& [choices, expected] : cases) {
+    std::vector<render::MeshPart> parts;
+    for (std::uint32_t i = 0; choices[i] != '\0'; ++i) parts.push_back({300 * i, 300, {}});
+    const auto runs = render::chooseRuns(parts, [text = choices](std::size_t part) {
+      return text[part] == 'd' ? Choice::draw : text[part] == 'a' ? Choice::allow : Choice::leave;
+    });
+    EXPECT_EQ(runs, expected) << choices;
+  }
+}
+
+class FloorDrawing : public testing::Test {
+ protected:
+  FloorDrawing() : floor(makeSyntheticFloor(8, 6)) {
+    studio.scene->rootNode()->addChild(floor);
+    studio.eye->removeFromParent();
+    lightAndWatch(*studio.scene, 8, 6);
+  }
+
+  std::shared_ptr<scene::Material> materialOf(std::size_t room) const {
+    return floor->children()[room]->geometry()->firstMaterial();
+  }
+
+  Studio studio{200, 150};
+  std::shared_ptr<scene::Node> floor;
+};
+
+TEST_F(FloorDrawing, HighlightingARoomUploadsOneTexel) {
+  studio.draw();
+  studio.draw();
+  const auto before = studio.statistics();
+  materialOf(27)->setDiffuseContents(graphics::colors::red);
+  EXPECT_TRUE(looksAsKept(*studio.draw(), "highlight"));
+  EXPECT_EQ(studio.statistics().bytesUploaded, before.bytesUploaded + 4);
+  EXPECT_EQ(studio.statistics().drawCalls, before.drawCalls);
+  EXPECT_EQ(before.drawCalls, 2);  // all rooms, and the finished scene
+  EXPECT_EQ(studio.statistics().shadowMapsDrawn, 0);
+}
+
+TEST_F(FloorDrawing, ARoomMayBecomeTranslucentOrHiddenOrGetAnImage) {
+  const auto drawCalls = [&] {
+    studio.draw();
+    return studio.statistics().drawCalls;
+  };
+  drawCalls();
+  materialOf(27)->setDiffuseContents(graphics::Color{1, 0, 0, 0.5F});
+  EXPECT_EQ(drawCalls(), 2 + 1 + 1 + 2);  // a run on either side, the room; shadows in two runs
+  materialOf(27)->setDiffuseContents(makeQuarters());
+  EXPECT_EQ(drawCalls(), 2 + 1 + 1 + 1);
+  floor->children()[27]->setHidden(true);
+  EXPECT_EQ(drawCalls(), 2 + 0 + 1 + 2);
+}
+
+TEST_F(FloorDrawing, APreparedBatchLooksLikeOneMadeForTheFrame) {
+  const auto made = studio.draw();
+  floor->setPreparedBatch(scene::Batch::make(*floor));
+  const auto prepared = studio.draw();
+  EXPECT_TRUE(std::equal(made->pixels().begin(), made->pixels().end(), prepared->pixels().begin()));
+
+  // One that no longer matches is passed over.
+  floor->children()[0]->setPosition({-50, 0, 0});
+  const auto moved = studio.draw();
+  floor->setPreparedBatch(nullptr);
+  const auto unprepared = studio.draw();
+  EXPECT_FALSE(std::equal(made->pixels().begin(), made->pixels().end(), moved->pixels().begin()));
+  EXPECT_TRUE(
+      std::equal(moved->pixels().begin(), moved->pixels().end(), unprepared->pixels().begin()));
+}
+
+TEST_F(FloorDrawing, ALongRouteCostsFewCalls) {
+  studio.draw();
+  const int calls = studio.statistics().drawCalls;
+  const auto route = makeSyntheticRoute(40, 8);
+  studio.scene->rootNode()->addChild(route);
+  studio.draw();
+  studio.draw(0.5);
+  EXPECT_LE(studio.statistics().drawCalls, calls + 8);  // all that is in sight of one look: one
+  EXPECT_LE(studio.statistics().bytesUploaded, 40 * 32 + 200);  // where the images have moved to
+  EXPECT_TRUE(looksAsKept(*studio.draw(0.5), "route"));
+}
+
+TEST_F(FloorDrawing, MovingANodeUploadsItsOwnVerticesAlone) {
+  const auto add = [&] { return studio.add(makeSlab(5, 5), scene::Material::make()); };
+  const auto moving = add();
+  for (int i = 0; i < 20; ++i) add();
+  studio.draw();
+  studio.draw();
+  const int before = studio.statistics().bytesUploaded;
+  moving->setPosition({3, 4, 5});
+  studio.draw();
+  EXPECT_EQ(studio.statistics().bytesUploaded - before, 24 * 36);  // four corners a side
+}
+
+TEST_F(FloorDrawing, WhatIsTakenAwayIsLetGo) {
+  auto node = studio.add(makeSlab(5, 5), scene::Material::make(makeQuarters()));
+  studio.draw();
+  const std::weak_ptr<scene::Geometry> geometry = node->geometry();
+  const auto parts = floor->children();
+  const std::weak_ptr<scene::Node> part = parts.front();
+  node->removeFromParent();
+  node = nullptr;
+  floor->removeFromParent();
+  floor = nullptr;
+  studio.draw();
+  EXPECT_TRUE(geometry.expired());
+  EXPECT_EQ(part.use_count(), 1);  // `parts`
+}
+
+}  // namespace
+}  // namespace orivanta::test

@@ -1,0 +1,256 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cmath>
+#include <glm/ext/matrix_transform.hpp>
+#include <glm/gtc/constants.hpp>
+#include <thread>
+
+#include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/KeyframeAnimation.hpp"
+#include "Platform/Sprite/Node.hpp"
+#include "Tests/Platform/Render/Studio.hpp"
+#include "Tests/Support/GoldenPicture.hpp"
+
+namespace orivanta::test {
+namespace {
+
+using graphics::Color;
+using graphics::Vector3;
+using scene::LightType;
+
+Color colorOf(const Pixel& pixel) {
+  const auto part = [&](std::size_t i) { return static_cast<float>(pixel[i]) / 255.0F; };
+  return {part(0), part(1), part(2), part(3)};
+}
+
+int encoded(double linear) {
+  const double value =
+      linear <= 0.0031308 ? linear * 12.92 : 1.055 * std::pow(linear, 1 / 2.4) - 0.055;
+  return static_cast<int>(std::lround(255 * value));
+}
+
+TEST(SceneDrawing, ColorsThatAreLitFullyAreShownAsTheyAre) {
+  Studio studio(16, 16);
+  const auto material = scene::Material::make();
+  studio.add(makeSlab(40, 40), material);
+  for (const bool lit : {false, true}) {
+    if (lit) {
+      studio.addLight(LightType::directional, graphics::colors::white);
+      studio.addLight(LightType::ambient, graphics::colors::gray);  // more than full counts as full
+    }
+    for (const Pixel color : {Pixel{0, 0, 0, 255},
+                              {255, 255, 255, 255},
+                              {1, 2, 3, 255},
+                              {37, 150, 190, 255},
+                              {128, 127, 64, 255},
+                              {254, 10, 200, 255}}) {
+      material->setDiffuseContents(colorOf(color));
+      EXPECT_TRUE(isNear(pixelOf(*studio.draw(), 8, 8), color)) << "lit: " << lit;
+    }
+  }
+}
+
+struct Lights {
+  const char* name;
+  std::vector<std::tuple<LightType, Color, Vector3>> lights;
+  double amount;
+};
+
+TEST(SceneDrawing, LightAddsUpInLinearSpace) {
+  const float third = glm::pi<float>() / 3;
+  const Color half = Color::fromWhite(0.735357F);  // half of the light
+  const Lights cases[] = {
+      {"from above", {{LightType::directional, graphics::colors::white, {0, 0, 0}}}, 1.0},
+      {"aslant", {{LightType::directional, graphics::colors::white, {third, 0, 0}}}, 0.5},
+      {"from below", {{LightType::directional, graphics::colors::white, {3.1F, 0, 0}}}, 0.0},
+      {"everywhere", {{LightType::ambient, half, {}}}, 0.5},
+      {"cone beside", {{LightType::spot, graphics::colors::white, {third, 0, 0}}}, 0.0},
+      {"two",
+       {{LightType::directional, half, {third, 0, 0}}, {LightType::ambient, half, {}}},
+       0.75},
+  };
+  for (const auto& [name, lights, amount] : cases) {
+    Studio studio(16, 16);
+    studio.add(makeSlab(40, 40), scene::Material::make());
+    for (const auto& [type, color, angles] : lights)
+      studio.addLight(type, color, angles)->setPosition({0, 0, 10});
+    const int level = encoded(amount);
+    EXPECT_TRUE(isNear(pixelOf(*studio.draw(), 8, 8), {level, level, level, 255}, 2)) << name;
+  }
+}
+
+TEST(SceneDrawing, TrianglesWithoutNormalsAreLitAsTheyLieWhicheverWayTheyRun) {
+  const std::vector<float> corners{-20, -20, 0, 20, -20, 0, 0, 20, 0};
+  const auto bytes = std::as_bytes(std::span(corners));
+  const auto data = std::make_shared<const std::vector<std::byte>>(bytes.begin(), bytes.end());
+  for (const int second : {1, 2}) {
+    Studio studio(16, 16);
+    const std::vector<std::byte> order{std::byte{0}, static_cast<std::byte>(second),
+                                       static_cast<std::byte>(3 - second)};
+    auto geometry = scene::Geometry::make(
+        {{.data = data, .vectorCount = 3}},
+        {{.data = std::make_shared<const std::vector<std::byte>>(order), .bytesPerIndex = 1}});
+    studio.add(geometry, scene::Material::make());
+    studio.addLight(LightType::directional, graphics::colors::white, {glm::pi<float>() / 3, 0, 0});
+    const int half = encoded(0.5);
+    EXPECT_TRUE(isNear(pixelOf(*studio.draw(), 8, 8), {half, half, half, 255}, 2)) << second;
+  }
+}
+
+TEST(SceneDrawing, ShadowsFallAwayFromTheLightAndAreDrawnOnlyWhenTheyChange) {
+  Studio studio(200, 150);
+  studio.add(makeSlab(180, 130), scene::Material::make(Color{0.9F, 0.85F, 0.7F}));
+  const auto box = studio.add(makeSlab(40, 40, 20), scene::Material::make(Color{0.8F, 0.3F, 0.2F}),
+                              {-20, 10, 10});
+  studio.addLight(LightType::ambient, graphics::colors::darkGray);
+  const auto sun =
+      studio.addLight(LightType::directional, graphics::colors::white, {0.5F, 0.9F, 0}, true);
+  studio.eye->setEulerAngles({0.2F, 0, 0});
+  studio.eye->setPosition({0, -20, 98});
+  const auto picture = studio.draw();
+  EXPECT_TRUE(looksAsKept(*picture, "shadow"));
+  EXPECT_EQ(studio.statistics().shadowMapsDrawn, 1);
+
+  const auto drawnAfter = [&](const auto& change) {
+    change();
+    studio.draw();
+    return studio.statistics().shadowMapsDrawn;
+  };
+  EXPECT_EQ(drawnAfter([] {}), 0);
+  EXPECT_EQ(drawnAfter([&] { studio.eye->setPosition({0, 0, 90}); }), 0);
+  EXPECT_EQ(drawnAfter([&] { sun->light()->color = graphics::colors::yellow; }), 0);
+  EXPECT_EQ(drawnAfter([&] { sun->setEulerAngle(scene::Axis::y, -0.9F); }), 1);
+  EXPECT_EQ(drawnAfter([&] { box->setPosition({20, 10, 10}); }), 1);
+  EXPECT_EQ(drawnAfter([&] { box->setCastsShadow(false); }), 1);
+}
+
+TEST(SceneDrawing, OnlyWhatCastsShadowsDarkensAndOnlyTheLightThatCastsThem) {
+  const auto levelBelow = [](bool boxCasts, bool ambient) {
+    Studio studio(32, 32);
+    studio.add(makeSlab(60, 60), scene::Material::make());
+    studio.add(makeSlab(20, 20), scene::Material::make(), {-30, 0, 30})->setCastsShadow(boxCasts);
+    if (ambient) studio.addLight(LightType::ambient, graphics::colors::gray);
+    studio.addLight(LightType::directional, graphics::colors::white, {0, -glm::pi<float>() / 4, 0},
+                    true);
+    return pixelOf(*studio.draw(), 16, 16)[0];
+  };
+  EXPECT_NEAR(levelBelow(true, false), 0, 2);
+  EXPECT_NEAR(levelBelow(true, true), 128, 2);
+  EXPECT_NEAR(levelBelow(false, false), encoded(std::sqrt(0.5)), 3);
+}
+
+TEST(SceneDrawing, TranslucentPartsAreBlendedFromBackToFrontWhateverTheirOrder) {
+  Pixel first{};
+  for (const bool nearFirst : {false, true}) {
+    Studio studio(16, 16);
+    const auto red = scene::Material::make(graphics::colors::red);
+    red->setOpacity(0.5F);
+    const auto blue = scene::Material::make(Color{0, 0, 1, 0.5F});
+    const auto addRed = [&] { studio.add(makeSlab(40, 40), red, {0, 0, 20}); };
+    if (nearFirst) addRed();
+    studio.add(makeSlab(40, 40), blue);
+    if (!nearFirst) addRed();
+    studio.add(makeSlab(40, 40), scene::Material::make(graphics::colors::green), {0, 0, 40})
+        ->setHidden(true);
+    // Each slab has a front and a back: a quarter of what lies behind passes both.
+    const Pixel pixel = pixelOf(*studio.draw(), 8, 8);
+    EXPECT_TRUE(isNear(
+        pixel, {encoded(0.75 + 1 / 16.0), encoded(1 / 16.0), encoded(3 / 16.0 + 1 / 16.0), 255},
+        4));
+    if (nearFirst) {
+      EXPECT_EQ(pixel, first);
+    }
+    first = pixel;
+  }
+}
+
+TEST(SceneDrawing, ImagesArePlacedWrappedAndBlended) {
+  Studio studio(200, 150);
+  using scene::WrapMode;
+  const auto at = [&](float x, float y, WrapMode wrapS, WrapMode wrapT, graphics::Matrix4 transform,
+                      std::uint8_t alpha = 255) {
+    const auto material = scene::Material::make();
+    material->setDiffuse({makeQuarters(alpha), transform, wrapS, wrapT});
+    studio.add(makeSlab(50, 50), material, {x, y, 0});
+  };
+  const graphics::Matrix4 same(1.0F);
+  const auto twice = glm::scale(same, Vector3(2, 2, 1));
+  at(-62, 35, WrapMode::clamp, WrapMode::clamp, same);
+  at(0, 35, WrapMode::clamp, WrapMode::clamp, glm::translate(same, Vector3(0.5F, 0, 0)));
+  at(62, 35, WrapMode::repeat, WrapMode::clamp, twice);
+  at(-62, -35, WrapMode::clamp, WrapMode::repeat, twice);
+  at(0, -35, WrapMode::repeat, WrapMode::repeat,
+     glm::rotate(same, glm::half_pi<float>(), Vector3(0, 0, 1)));
+  at(62, -35, WrapMode::repeat, WrapMode::repeat, twice, 100);
+  const auto picture = studio.draw();
+  EXPECT_TRUE(looksAsKept(*picture, "images"));
+  // The upper left corner of the first one is that of its image.
+  EXPECT_TRUE(isNear(pixelOf(*picture, 16, 18), {255, 0, 0, 255}));
+  EXPECT_TRUE(isNear(pixelOf(*picture, 60, 18), {0, 255, 0, 255}));
+}
+
+TEST(SceneDrawing, AnimatedPlacementsFollowTheTime) {
+  Studio studio(16, 16);
+  const auto material = scene::Material::make();
+  material->setDiffuse({makeQuarters(), glm::scale(graphics::Matrix4(1.0F), Vector3(0, 0, 1)),
+                        scene::WrapMode::clamp, scene::WrapMode::clamp});
+  auto animation = std::make_shared<scene::KeyframeAnimation>();
+  animation->keyPath = "diffuse.contentsTransform";
+  const auto still = glm::scale(graphics::Matrix4(1.0F), Vector3(0, 0, 1));
+  animation->values = {still, glm::translate(graphics::Matrix4(1.0F), Vector3(1, 1, 0)) * still};
+  animation->keyTimes = {0, 1};
+  animation->duration = 10;
+  material->addAnimation(animation, "moves");
+  studio.add(makeSlab(40, 40), material);
+  EXPECT_TRUE(isNear(pixelOf(*studio.draw(1.0), 8, 8), {0, 0, 255, 255}));
+  EXPECT_TRUE(isNear(pixelOf(*studio.draw(10.99), 8, 8), {0, 255, 0, 255}, 8));
+}
+
+TEST(SceneDrawing, WithoutACameraOnlyTheBackgroundShows) {
+  Studio studio(16, 16);
+  studio.add(makeSlab(40, 40), scene::Material::make(graphics::colors::red));
+  studio.eye->removeFromParent();
+  EXPECT_TRUE(isNear(pixelOf(*studio.draw(), 8, 8), {255, 255, 255, 255}));
+  studio.view->setBackgroundColor(Color{0.2F, 0.4F, 0.6F, 0.5F});
+  EXPECT_TRUE(isNear(pixelOf(*studio.draw(), 8, 8), {51, 102, 153, 128}, 3));
+}
+
+TEST(SceneDrawing, WhatIsOutOfSightIsNotDrawn) {
+  Studio studio(16, 16);
+  studio.add(makeSlab(4, 4), scene::Material::make());
+  studio.draw();
+  const int triangles = studio.statistics().triangles;
+  studio.eye->setPosition({50, 0, 100});
+  studio.draw();
+  EXPECT_EQ(studio.statistics().triangles, triangles - 12);
+}
+
+TEST(SceneDrawing, ChangesOfOtherThreadsShowSoonerOrLater) {
+  Studio studio(32, 32);
+  const auto overlay = sprite::Scene::make({32, 32});
+  studio.view->setOverlayScene(overlay);
+  std::atomic<bool> done{false};
+  std::thread other([&] {
+    const auto image = makeQuarters();
+    while (!done) {
+      const auto material = scene::Material::make(graphics::colors::red);
+      const auto node = studio.add(makeSlab(10, 10), material);
+      const auto marker = sprite::SpriteNode::make(image);
+      overlay->addChild(marker);
+      marker->setPosition({3, 4});
+      node->setPosition({1, 2, 3});
+      material->setDiffuseContents(image);
+      const graphics::Transaction together;
+      node->removeFromParent();
+      marker->removeFromParent();
+    }
+  });
+  for (int frame = 0; frame < 50; ++frame) studio.draw(frame);
+  done = true;
+  other.join();
+  EXPECT_TRUE(isNear(pixelOf(*studio.draw(), 16, 16), {255, 255, 255, 255}));
+}
+
+}  // namespace
+}  // namespace orivanta::test

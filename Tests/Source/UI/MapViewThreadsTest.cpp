@@ -1,0 +1,55 @@
+// A map view that is drawn on one thread while another one changes it.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "Platform/Render/Offscreen/OffscreenSurface.hpp"
+#include "Platform/Render/Renderer.hpp"
+#include "Platform/Scene/Node.hpp"
+#include "Source/UI/MapView.hpp"
+#include "Source/UI/MarkerImages.hpp"
+#include "Tests/Support/ShownVenue.hpp"
+
+namespace orivanta::test {
+namespace {
+
+TEST(MapViewThreads, ChangesWhileItIsDrawn) {
+  ShownVenue shown;
+  MapView& mapView = *shown.mapView;
+  std::atomic<int> frames = 0;
+  std::atomic<bool> done = false;
+  std::thread drawing([&] {
+    auto surface = render::OffscreenSurface::make(200, 200);
+    ASSERT_EQ(surface.index(), 0U);
+    render::Renderer renderer;
+    while (!done) {
+      renderer.render(mapView, {200, 200}, 1.0, frames * 0.1, std::get<0>(surface)->framebuffer());
+      ++frames;
+    }
+  });
+  const auto image = makePinImage(graphics::colors::red, 20, 1.0);
+  const auto a = shown.node(100, 100, 0.5);
+  const auto b = shown.node(900, 900, 0.5);
+  for (int round = 0; round < 200 || frames < 5; ++round) {
+    const auto marker = makeImageMarker(image);
+    marker->setPosition({static_cast<float>(round % 10) * 100, 500, 0});
+    marker->hideWhenCollide = true;
+    mapView.addMarker(marker);
+    mapView.highlightPolygon(shown.polygon("cafe"), graphics::colors::orange);
+    mapView.cameraOrbit->setEulerAngle(scene::Axis::z, static_cast<float>(round) * 0.01F);
+    mapView.updateMarkerVisibility();
+    mapView.drawPath({a, b, a});
+    mapView.highlightNode(b);
+    mapView.changeMap(round % 2);
+    mapView.clearHighlightedPolygons();
+    mapView.clearPaths();
+    if (round % 3 != 0) mapView.removeMarker(marker);
+  }
+  done = true;
+  drawing.join();
+  EXPECT_GE(frames, 5);
+}
+
+}  // namespace
+}  // namespace orivanta::test

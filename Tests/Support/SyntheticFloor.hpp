@@ -1,0 +1,24 @@
+// A floor and a route to draw that are made of numbers alone.
+#pragma once
+
+#include <memory>
+
+#include "Platform/Scene/Fwd.hpp"
+#include "Platform/Scene/Scene.hpp"
+
+namespace orivanta::test {
+
+/// Rooms in a grid of cells of 30 by 30 units in the x-y plane, from the origin on, one child each:
+/// six-sided prisms of 20 triangles, in eight colours, which share their vertex data.
+std::shared_ptr<scene::Node> makeSyntheticFloor(int columns, int rows);
+
+/// Segments of 15 units one after the other above such a floor, to and fro over its columns; each
+/// two strips of a ribbon and two caps, and a ribbon with an image, which moves, and two dots. None
+/// casts a shadow.
+std::shared_ptr<scene::Node> makeSyntheticRoute(int segments, int columns);
+
+/// A light from above that casts shadows, some light from everywhere, and a camera above the
+/// middle of a floor of that size, tilted by `tilt` radians.
+void lightAndWatch(scene::Scene& scene, int columns, int rows, float tilt = 0.5F);
+
+}  // namespace orivanta::test
