@@ -1,4 +1,4 @@
-// The process-wide API session and the settings that it is made of.
+// The settings that the process-wide API session is made of.
 #pragma once
 
 #include "Source/Orivanta.hpp"
@@ -8,8 +8,5 @@ namespace orivanta {
 /// A setting from the main bundle's property lists: the text of the first file that has the key
 /// with a text; an empty one counts.
 std::optional<std::string> settingFromPropertyLists(const std::string& key);
-
-/// The one session of the process, made on first use.
-const WebApiSession& APISession();
 
 }  // namespace orivanta

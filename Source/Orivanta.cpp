@@ -6,6 +6,7 @@
 #include "Platform/Foundation/SerialQueue.hpp"
 #include "Source/ApiSettings.hpp"
 #include "Source/NavigationGraph.hpp"
+#include "Source/ReportedLoad.hpp"
 #include "Source/Venue.hpp"
 #include "Source/VenueLoad.hpp"
 
@@ -29,9 +30,11 @@ void clear(Venue& venue) {
        navigationGraph = std::exchange(venue.navigationGraph, nullptr)] {});
 }
 
+using Requests = std::vector<WebApiSession::Request>;
+
 // Requests the six collections and hands each answer to the load, one at a time.
-void startLoad(const WebApiSession& session, const std::string& slug,
-               const std::shared_ptr<VenueLoad>& load) {
+Requests startLoad(const WebApiSession& session, const std::string& slug,
+                   const std::shared_ptr<VenueLoad>& load) {
   const auto queue = foundation::SerialQueue::make();
   const auto receiver = [queue, load](auto field) {
     return [queue, load, field](auto records) {
@@ -40,21 +43,38 @@ void startLoad(const WebApiSession& session, const std::string& slug,
       });
     };
   };
-  session.locations(slug, receiver(&CollectionDictionary::locations));
-  session.categories(slug, receiver(&CollectionDictionary::categories));
-  session.maps(slug, receiver(&CollectionDictionary::maps));
-  session.nodes(slug, receiver(&CollectionDictionary::nodes));
-  session.vortices(slug, receiver(&CollectionDictionary::vortices));
-  session.polygons(slug, receiver(&CollectionDictionary::polygons));
+  return {session.locations(slug, receiver(&CollectionDictionary::locations)),
+          session.categories(slug, receiver(&CollectionDictionary::categories)),
+          session.maps(slug, receiver(&CollectionDictionary::maps)),
+          session.nodes(slug, receiver(&CollectionDictionary::nodes)),
+          session.vortices(slug, receiver(&CollectionDictionary::vortices)),
+          session.polygons(slug, receiver(&CollectionDictionary::polygons))};
+}
+
+Requests startLoad(const WebApiSession& session, const std::shared_ptr<Venue>& venue,
+                   bool accessible, std::function<void(std::shared_ptr<Venue>)> callback) {
+  const std::string slug = foundation::unwrap(foundation::unwrap(venue).slug);
+  if (activeVenue) clear(*activeVenue);
+  activeVenue = venue;
+  return startLoad(session, slug, std::make_shared<VenueLoad>(accessible, std::move(callback)));
+}
+
+std::vector<std::shared_ptr<Venue>> listOf(const Collection<Venue>& venues) {
+  std::vector<std::shared_ptr<Venue>> list;
+  for (const auto& entry : venues) list.push_back(entry.second);
+  return list;
+}
+
+std::string endpointOf(const WebApiSession& session) {
+  const auto& root = session.ApiHttpSession.root;
+  return root ? root->absoluteString() : "";
 }
 
 }  // namespace
 
 void getVenues(std::function<void(std::vector<std::shared_ptr<Venue>>)> callback) {
   APISession().venues([callback = std::move(callback)](const Collection<Venue>& venues) {
-    std::vector<std::shared_ptr<Venue>> list;
-    for (const auto& entry : venues) list.push_back(entry.second);
-    callback(std::move(list));
+    callback(listOf(venues));
   });
 }
 
@@ -70,10 +90,39 @@ void getVenue(const std::shared_ptr<Venue>& venue,
 
 void loadVenue(const WebApiSession& session, const std::shared_ptr<Venue>& venue, bool accessible,
                std::function<void(std::shared_ptr<Venue>)> callback) {
-  const std::string slug = foundation::unwrap(foundation::unwrap(venue).slug);
-  if (activeVenue) clear(*activeVenue);
-  activeVenue = venue;
-  startLoad(session, slug, std::make_shared<VenueLoad>(accessible, std::move(callback)));
+  startLoad(session, venue, accessible, std::move(callback));
+}
+
+std::shared_ptr<LoadHandle> loadVenuesReporting(const WebApiSession& session,
+                                                LoadHandlers<VenueListReport> handlers) {
+  const auto list = std::make_shared<std::vector<std::shared_ptr<Venue>>>();
+  const auto load = std::make_shared<ReportedLoad>(
+      endpointOf(session), 1, std::move(handlers.progressed),
+      [list, ended = std::move(handlers.ended)](std::vector<LoadFailure> failures, bool) {
+        if (ended) ended({std::move(*list), std::move(failures)});
+      });
+  load->start([&] {
+    return Requests{session.observedBy(load).venues([list, load](const Collection<Venue>& venues) {
+      *list = listOf(venues);
+      load->finish();
+    })};
+  });
+  return load;
+}
+
+std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,
+                                               const std::shared_ptr<Venue>& venue, bool accessible,
+                                               LoadHandlers<VenueLoadReport> handlers) {
+  const auto load = std::make_shared<ReportedLoad>(
+      endpointOf(session), 6, std::move(handlers.progressed),
+      [venue, ended = std::move(handlers.ended)](std::vector<LoadFailure> failures, bool complete) {
+        if (ended) ended({venue, std::move(failures), complete});
+      });
+  load->start([&] {
+    return startLoad(session.observedBy(load), venue, accessible,
+                     [load](const auto&) { load->finish(); });
+  });
+  return load;
 }
 
 }  // namespace orivanta

@@ -19,6 +19,7 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/LoadReport.hpp"
 #include "Source/WebApi.hpp"
 
 namespace orivanta {
@@ -65,5 +66,18 @@ ORIVANTA_API void getVenue(const std::shared_ptr<Venue>& venue,
 /// As `getVenue`, through a session of the caller's own, for applications with several accounts.
 ORIVANTA_API void loadVenue(const WebApiSession& session, const std::shared_ptr<Venue>& venue,
                             bool accessible, std::function<void(std::shared_ptr<Venue>)> callback);
+
+/// The session of `getVenues` and `getVenue`, made on first use.
+ORIVANTA_API const WebApiSession& APISession();
+
+/// As `getVenues` and `getVenue`, with word of how the load goes: a collection that failed is told
+/// from one that is empty. A load whose pages do not end is given up. The session's own observer is
+/// not told. Any thread.
+ORIVANTA_API std::shared_ptr<LoadHandle> loadVenuesReporting(
+    const WebApiSession& session, LoadHandlers<VenueListReport> handlers);
+ORIVANTA_API std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,
+                                                            const std::shared_ptr<Venue>& venue,
+                                                            bool accessible,
+                                                            LoadHandlers<VenueLoadReport> handlers);
 
 }  // namespace orivanta

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
@@ -44,6 +45,13 @@ class ORIVANTA_API WebApiSession {
   WebApiSession(std::string_view root, const std::string& username, const std::string& password,
                 const std::optional<std::string>& language,
                 std::shared_ptr<WebApiObserver> observer = nullptr);
+
+  /// The same with another observer, or none.
+  WebApiSession observedBy(std::shared_ptr<WebApiObserver> observer) const {
+    WebApiSession session = *this;
+    session.observer_ = std::move(observer);
+    return session;
+  }
 
   const HttpSession ApiHttpSession;
 

@@ -4,6 +4,7 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
+#include <future>
 #include <utility>
 
 #include "Apps/Command/CommandError.hpp"
@@ -38,51 +39,54 @@ std::shared_ptr<Venue> venueNamed(const std::vector<std::shared_ptr<Venue>>& ven
                      fmt::format("no venue \"{}\"; the server has {}", slug, choice));
 }
 
+// Waits for the end of a load that `start` is given the handlers for.
+template <class Report, class Start>
+Report reportOf(const Start& start) {
+  const auto promise = std::make_shared<std::promise<Report>>();
+  start(LoadHandlers<Report>{showProgress,
+                             [promise](Report report) { promise->set_value(std::move(report)); }});
+  Report report = promise->get_future().get();
+  ProgressLine::standardError().clear();
+  return report;
+}
+
+void check(const std::vector<LoadFailure>& failures, const std::vector<std::string_view>& needed) {
+  std::string reasons;
+  for (const LoadFailure& failure : failures) {
+    const auto entry = std::find(needed.begin(), needed.end(), failure.collection);
+    if (failure.problem == LoadProblem::endless || entry != needed.end())
+      reasons += (reasons.empty() ? "" : "\n") + failure.reason;
+    else
+      complain("warning: " + failure.reason);
+  }
+  if (!reasons.empty()) throw CommandError(ExitCode::noAnswer, reasons);
+}
+
 }  // namespace
 
 Session::Session(const ConnectionOptions& options) {
   foundation::setDiagnosticSink([quiet = options.quiet](std::string_view line) {
     if (!quiet) ProgressLine::standardError().note(line);
   });
-  ApiSettings settings = resolveSettings(options);
-  monitor_ = std::make_shared<LoadMonitor>(*settings.endpoint, showProgress);
-  settings.observer = monitor_;
-  setApiSettings(std::move(settings));
+  setApiSettings(resolveSettings(options));
 }
 
 std::vector<std::shared_ptr<Venue>> Session::fetchVenues() {
-  auto list = std::make_shared<std::vector<std::shared_ptr<Venue>>>();
-  monitor_->begin(1);
-  getVenues([list, monitor = monitor_](std::vector<std::shared_ptr<Venue>> venues) {
-    *list = std::move(venues);
-    monitor->finish();
+  auto report = reportOf<VenueListReport>([](auto handlers) {  //
+    loadVenuesReporting(APISession(), std::move(handlers));
   });
-  endLoad({"venue"});
-  return *list;
+  check(report.failures, {"venue"});
+  return std::move(report.venues);
 }
 
 std::shared_ptr<Venue> Session::loadVenue(const std::string& slug, bool accessible,
                                           const std::vector<std::string_view>& needed) {
-  auto venue = venueNamed(fetchVenues(), slug);
-  monitor_->begin(6);
-  getVenue(venue, accessible,
-           [monitor = monitor_](const std::shared_ptr<Venue>&) { monitor->finish(); });
-  endLoad(needed);
+  const auto venue = venueNamed(fetchVenues(), slug);
+  const auto report = reportOf<VenueLoadReport>([&](auto handlers) {
+    loadVenueReporting(APISession(), venue, accessible, std::move(handlers));
+  });
+  check(report.failures, needed);
   return venue;
-}
-
-void Session::endLoad(const std::vector<std::string_view>& needed) {
-  const std::vector<LoadFailure> failures = monitor_->wait();
-  ProgressLine::standardError().clear();
-  std::string reasons;
-  for (const LoadFailure& failure : failures) {
-    const auto entry = std::find(needed.begin(), needed.end(), failure.collection);
-    if (failure.endless || entry != needed.end())
-      reasons += (reasons.empty() ? "" : "\n") + failure.reason;
-    else
-      complain("warning: " + failure.reason);
-  }
-  if (!reasons.empty()) throw CommandError(ExitCode::noAnswer, reasons);
 }
 
 }  // namespace orivanta::command

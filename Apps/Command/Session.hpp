@@ -6,14 +6,12 @@
 #include <string_view>
 #include <vector>
 
-#include "Apps/Command/LoadMonitor.hpp"
 #include "Apps/Command/Settings.hpp"
 #include "Source/Fwd.hpp"
 
 namespace orivanta::command {
 
-/// One per process, used by one thread. While a call waits, progress shows on a terminal. Requests
-/// that a failed call leaves behind go on in the background.
+/// One per process, used by one thread. While a call waits, progress shows on a terminal.
 class Session {
  public:
   /// Throws `CommandError` for settings that cannot be used.
@@ -27,11 +25,6 @@ class Session {
   /// API) fails; of others that fail a warning is written.
   std::shared_ptr<Venue> loadVenue(const std::string& slug, bool accessible,
                                    const std::vector<std::string_view>& needed);
-
- private:
-  void endLoad(const std::vector<std::string_view>& needed);
-
-  std::shared_ptr<LoadMonitor> monitor_;
 };
 
 }  // namespace orivanta::command

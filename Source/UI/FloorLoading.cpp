@@ -207,10 +207,10 @@ void FloorLoading::endIfDone() {
   if (handlers->ended) handlers->ended(floors());
 }
 
-// Ends the load; what it held goes with the last handle of the application.
+// Ends the load. The application's handle to it keeps neither handlers nor downloader alive.
 std::shared_ptr<FloorLoadHandlers> FloorLoading::release() {
   const auto self = shared_from_this();
-  if (fetch_) fetch_->cancel();
+  if (const auto fetch = std::exchange(fetch_, nullptr)) fetch->cancel();
   if (const auto view = view_.lock(); view && view->floorLoad_ == self) view->floorLoad_.reset();
   return std::exchange(handlers_, nullptr);
 }

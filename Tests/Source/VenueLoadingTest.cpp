@@ -221,6 +221,71 @@ TEST_F(VenueLoading, AThousandLoadsLeaveTheMemoryLevel) {
   EXPECT_LT(late, early + slackBytes);
 }
 
+TEST_F(VenueLoading, ReportsWhatFailedBesideWhatIsThere) {
+  MisbehavingServer server;
+  serveSmallVenue(server);
+  server.on("/1/location", Answer::json("[]", 403));
+  server.on("/1/category", Answer::json("[]"));
+  server.on("/1/polygon", Answer::html("<p>busy", 503));
+  const Awaited<VenueLoadReport> arrived;
+  loadVenueReporting(sessionFor(server.root()), smallVenue(), false,
+                     {{}, [=](VenueLoadReport report) { arrived.give(std::move(report)); }});
+  const VenueLoadReport report = arrived.take();
+  EXPECT_TRUE(report.complete);
+  EXPECT_EQ(report.venue, activeVenue);
+  EXPECT_EQ(report.venue->nodes->size(), 4U);
+  ASSERT_EQ(report.failures.size(), 2U);
+  EXPECT_EQ(report.failures[0].collection, "location");
+  EXPECT_EQ(report.failures[0].problem, LoadProblem::refused);
+  EXPECT_EQ(report.failures[1].collection, "polygon");
+  EXPECT_EQ(report.failures[1].statusCode, 503);
+}
+
+TEST_F(VenueLoading, ReportsTheListOfVenues) {
+  MisbehavingServer server;
+  server.on("/1/venue", {Answer::json(R"([{"id": "a", "slug": "a", "name": "A"}])"),
+                         Answer::json("[]"), Answer::json("{}", 401)});
+  const auto listed = [](const std::string& root) {
+    const Awaited<VenueListReport> arrived;
+    loadVenuesReporting(sessionFor(root), {{}, [=](auto report) { arrived.give(report); }});
+    return arrived.take();
+  };
+  EXPECT_EQ(listed(server.root()).venues.at(0)->slug, "a");
+  EXPECT_TRUE(listed(server.root()).failures.empty());
+  EXPECT_EQ(listed(server.root()).failures.at(0).problem, LoadProblem::refused);
+  EXPECT_EQ(listed(server.root("/2/")).failures.at(0).problem, LoadProblem::notFound);
+  EXPECT_EQ(listed(MisbehavingServer::refusingRoot()).failures.at(0).problem,
+            LoadProblem::noAnswer);
+}
+
+TEST_F(VenueLoading, GivesUpALoadThatDoesNotEnd) {
+  MisbehavingServer server;
+  serveSmallVenue(server);
+  server.on("/1/node", Answer::json("[]").next("node"));
+  const Awaited<VenueLoadReport> arrived;
+  loadVenueReporting(sessionFor(server.root()), smallVenue(), false,
+                     {{}, [=](VenueLoadReport report) { arrived.give(std::move(report)); }});
+  const VenueLoadReport report = arrived.take();
+  EXPECT_FALSE(report.complete);
+  EXPECT_FALSE(report.venue->maps);
+  EXPECT_EQ(report.failures.at(0).problem, LoadProblem::endless);
+}
+
+TEST_F(VenueLoading, ACancelledLoadTellsNothingAndLetsGo) {
+  MisbehavingServer server;
+  serveSmallVenue(server);
+  const auto latch = std::make_shared<Latch>();
+  server.on("/1/node", Answer::json("[]").held(latch));
+  const auto letGo = std::make_shared<Latch>();
+  const auto handle = loadVenueReporting(
+      sessionFor(server.root()), smallVenue(), false,
+      {{}, [held = test::opensWhenGone(letGo)](const auto&) { ADD_FAILURE() << "cancelled"; }});
+  ASSERT_TRUE(server.waitForRequests("/1/node", 1));
+  handle->cancel();
+  EXPECT_TRUE(letGo->wait());
+  latch->open();
+}
+
 using VenueLoadingDeathTest = VenueLoading;
 
 TEST_F(VenueLoadingDeathTest, AVenueWithoutASlugStopsTheProgram) {

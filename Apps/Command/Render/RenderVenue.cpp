@@ -106,6 +106,14 @@ void showFloor(Stage& stage, const std::shared_ptr<Map>& floor, Contents& conten
   mapView.updateMarkerVisibility();
 }
 
+void warn(const FloorProgress& floor) {
+  const std::string label = floorLabel(*floor.map);
+  if (floor.state == FloorState::withoutModel)
+    complain(fmt::format("warning: floor {} has no model", label));
+  else if (!floor.problem.empty())
+    complain(fmt::format("warning: floor {}: {}", label, floor.problem));
+}
+
 // Takes the pictures and tells their files' names.
 class PictureWriter {
  public:
@@ -157,21 +165,22 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   Contents contents = findContents(*venue, options);
 
   Stage stage(size, options.scale);
-  stage.load(venue);
+  const auto floors = stage.load(venue, contents.floors);
   for (const Highlight& highlight : contents.highlights)
     for (const auto& polygon : highlight.location->polygons)
       stage.mapView().highlightPolygon(polygon, highlight.color);
   PictureWriter writer(options);
-  for (const auto& floor : contents.floors) {
-    if (!floor->mapObject) {
-      complain(fmt::format("warning: floor {} has no model", floorLabel(*floor)));
-      continue;
-    }
-    showFloor(stage, floor, contents, options);
-    writer.write(stage,
-                 pictureName(options.output, floorLabel(*floor), contents.floors.size() > 1));
+  bool failed = false;
+  for (const FloorProgress& floor : floors) {
+    warn(floor);
+    failed = failed || floor.state == FloorState::failed;
+    if (floor.state != FloorState::ready) continue;
+    showFloor(stage, floor.map, contents, options);
+    writer.write(stage, pictureName(options.output, floorLabel(*floor.map), floors.size() > 1));
   }
-  return writer.finish() ? ExitCode::success : ExitCode::notFound;
+  const bool anything = writer.finish();
+  if (failed) return ExitCode::noAnswer;
+  return anything ? ExitCode::success : ExitCode::notFound;
 }
 
 }  // namespace orivanta::command

@@ -2,28 +2,18 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "Apps/Command/CommandError.hpp"
 #include "Apps/Command/ProgressLine.hpp"
-#include "Apps/Command/Render/FloorProgress.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {
 
 namespace {
-
-// Tells the wait for the floors that it is over.
-class LoadedFlag : public MapViewDelegate {
- public:
-  void mapViewDidLoad() override { loaded = true; }
-  void polygonSelected(const std::shared_ptr<Polygon>&) override {}
-  void nothingSelected() override {}
-
-  bool loaded = false;
-};
 
 constexpr graphics::Color background{0.945F, 0.953F, 0.961F};
 
@@ -35,6 +25,35 @@ std::unique_ptr<render::OffscreenSurface> makeSurface(graphics::Size size, doubl
     throw CommandError(ExitCode::outputFailed,
                        fmt::format("this machine cannot draw: {}", error->description));
   return std::move(std::get<0>(surface));
+}
+
+std::vector<FloorProgress> pick(const std::vector<FloorProgress>& all,
+                                const std::vector<std::shared_ptr<Map>>& floors) {
+  std::vector<FloorProgress> picked;
+  for (const auto& floor : floors) {
+    const auto entry = std::find_if(all.begin(), all.end(), [&](const FloorProgress& progress) {
+      return progress.map == floor;
+    });
+    if (entry != all.end()) picked.push_back(*entry);
+  }
+  return picked;
+}
+
+bool isDone(const FloorProgress& floor) {
+  return floor.state == FloorState::ready || floor.state == FloorState::withoutModel ||
+         floor.state == FloorState::failed;
+}
+
+void showProgress(const std::vector<FloorProgress>& floors) {
+  std::size_t filesDone = 0;
+  std::size_t fileCount = 0;
+  for (const FloorProgress& floor : floors) {
+    filesDone += floor.filesDone;
+    fileCount += floor.fileCount;
+  }
+  ProgressLine::standardError().show(
+      fmt::format("Loading floors: {} of {} files", filesDone, fileCount),
+      ProgressLine::Clock::now());
 }
 
 }  // namespace
@@ -49,17 +68,20 @@ Stage::Stage(graphics::Size size, double scale)
   mapView_->layoutIfNeeded();
 }
 
-void Stage::load(const std::shared_ptr<Venue>& venue) {
-  const auto flag = std::make_shared<LoadedFlag>();
+std::vector<FloorProgress> Stage::load(const std::shared_ptr<Venue>& venue,
+                                       const std::vector<std::shared_ptr<Map>>& floors) {
   mapView_->venue = venue;
-  mapView_->delegate = flag;
-  mapView_->downloader = std::make_shared<ReportingDownloader>(*venue);
-  mapView_->loadScene();
-  while (!flag->loaded) {
+  const auto load = mapView_->loadFloors({}, floors.empty() ? nullptr : floors.front());
+  std::vector<FloorProgress> wanted = pick(load->floors(), floors);
+  while (!std::all_of(wanted.begin(), wanted.end(), isDone)) {
+    showProgress(wanted);
     foundation::mainQueue::wait(1.0);
     foundation::mainQueue::drain();
+    wanted = pick(load->floors(), floors);
   }
+  load->cancel();
   ProgressLine::standardError().clear();
+  return wanted;
 }
 
 std::shared_ptr<const graphics::Image> Stage::picture(double time) {

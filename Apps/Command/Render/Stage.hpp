@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Image.hpp"
@@ -18,8 +19,10 @@ class Stage {
   /// draw or a picture would be too large for it.
   Stage(graphics::Size size, double scale);
 
-  /// Loads the floors of a venue and waits for them, with progress on a terminal.
-  void load(const std::shared_ptr<Venue>& venue);
+  /// Shows a venue, the first of `floors` to begin with, and waits for these floors of it, with
+  /// progress on a terminal. What came of them, in their order.
+  std::vector<FloorProgress> load(const std::shared_ptr<Venue>& venue,
+                                  const std::vector<std::shared_ptr<Map>>& floors);
 
   MapView& mapView() { return *mapView_; }
 

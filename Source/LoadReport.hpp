@@ -1,0 +1,73 @@
+// What a load tells an application: how far it is, what came of it, and what failed and why.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Source/Fwd.hpp"
+
+namespace orivanta {
+
+struct LoadProgress {
+  std::size_t collectionsDone = 0;
+  std::size_t collections = 0;
+  std::size_t pages = 0;
+  std::size_t bytes = 0;  ///< of the pages' bodies
+};
+
+enum class LoadProblem {
+  noAnswer,     ///< the server cannot be reached, or the connection broke
+  refused,      ///< HTTP status 401 or 403: it is about the user name and password
+  notFound,     ///< 404
+  otherStatus,  ///< any other that is no success
+  unusable,     ///< the answer is no JSON, or does not fit into memory
+  endless       ///< its pages run in a circle, or are too many
+};
+
+/// A collection that counts as empty although the server may have something in it.
+struct LoadFailure {
+  std::string collection;  ///< the resource's name in the API, such as "node"
+  LoadProblem problem = LoadProblem::noAnswer;
+  int statusCode = 0;  ///< of the latest page; 0 when there was none
+  std::string reason;  ///< a sentence with the URL, for people, without a full stop
+};
+
+struct VenueListReport {
+  std::vector<std::shared_ptr<Venue>> venues;
+  std::vector<LoadFailure> failures;  ///< at most one
+};
+
+struct VenueLoadReport {
+  std::shared_ptr<Venue> venue;
+  std::vector<LoadFailure> failures;  ///< at most one for each collection
+
+  /// False when the load was given up because of an endless collection: then the venue has none of
+  /// its collections. A failure of another kind leaves one empty.
+  bool complete = true;
+};
+
+/// Called in the background, one call at a time; either may be empty.
+template <class Report>
+struct LoadHandlers {
+  /// At the start, with each page and with the end of each collection.
+  std::function<void(const LoadProgress& progress)> progressed;
+
+  /// Once, at the end; not after `cancel`.
+  std::function<void(Report report)> ended;
+};
+
+/// A load under way. Letting go of the handle does not end it.
+class ORIVANTA_API LoadHandle {
+ public:
+  virtual ~LoadHandle() = default;
+
+  /// Ends the requests. No handler is called any more once this has returned, but for one that is
+  /// being called just now. Any thread, also from a handler.
+  virtual void cancel() = 0;
+};
+
+}  // namespace orivanta

@@ -1,0 +1,171 @@
+#include "Source/ReportedLoad.hpp"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+namespace orivanta {
+
+namespace {
+
+// Far beyond any venue: a server that sends more does not mean to end.
+constexpr std::size_t mostPages = 100'000;
+constexpr std::size_t mostBytes = std::size_t{1} << 30U;
+
+std::string meaningOf(int status) {
+  switch (status) {
+    case 401:
+      return ": wrong user name or password";
+    case 403:
+      return ": this account may not read it";
+    case 404:
+      return ": the server does not have it; is the endpoint right?";
+    case 429:
+      return ": too many requests, try again later";
+    default:
+      return status >= 500 ? ": the server has a problem of its own" : "";
+  }
+}
+
+LoadProblem problemOf(int status) {
+  if (status == 401 || status == 403) return LoadProblem::refused;
+  return status == 404 ? LoadProblem::notFound : LoadProblem::otherStatus;
+}
+
+}  // namespace
+
+ReportedLoad::ReportedLoad(std::string endpoint, std::size_t collections,
+                           std::function<void(const LoadProgress&)> progressed, Ended ended)
+    : endpoint_(std::move(endpoint)),
+      queue_(foundation::SerialQueue::make()),
+      progressed_(std::move(progressed)),
+      ended_(std::move(ended)),
+      progress_{0, collections, 0, 0} {}
+
+void ReportedLoad::start(
+    const std::function<std::vector<WebApiSession::Request>()>& startRequests) {
+  onQueue([](ReportedLoad& self) { self.tellProgress(); });
+  auto requests = startRequests();
+  {
+    const std::lock_guard lock(mutex_);
+    requests_ = std::move(requests);
+    if (!over_) return;
+  }
+  cancel();  // it was given up in the meantime
+}
+
+void ReportedLoad::finish() {
+  onQueue([](ReportedLoad& self) { self.end(true); });
+}
+
+void ReportedLoad::cancel() {
+  std::vector<WebApiSession::Request> requests;
+  {
+    const std::lock_guard lock(mutex_);
+    over_ = true;
+    requests.swap(requests_);
+  }
+  for (const auto& request : requests) request->invalidateAndCancel();
+  queue_->async([self = shared_from_this()] {  // a handler may hold the handle to the load
+    self->progressed_ = nullptr;
+    self->ended_ = nullptr;
+  });
+}
+
+void ReportedLoad::pageReceived(std::string_view name, const network::HttpUrlResponse& response,
+                                std::size_t bodyBytes) {
+  onQueue([name = std::string(name), response, bodyBytes](ReportedLoad& self) {
+    self.takePage(name, response, bodyBytes);
+  });
+}
+
+void ReportedLoad::collectionEnded(std::string_view name,
+                                   const std::optional<foundation::Error>& error) {
+  onQueue([name = std::string(name), error](ReportedLoad& self) { self.takeEnd(name, error); });
+}
+
+void ReportedLoad::onQueue(std::function<void(ReportedLoad&)> step) {
+  queue_->async([self = shared_from_this(), step = std::move(step)] {
+    if (!self->isOver()) step(*self);
+  });
+}
+
+void ReportedLoad::takePage(const std::string& name, const network::HttpUrlResponse& response,
+                            std::size_t bodyBytes) {
+  Collection& collection = collectionNamed(name);
+  if (response.url) collection.latestUrl = response.url->absoluteString();
+  ++progress_.pages;
+  progress_.bytes += bodyBytes;
+  tellProgress();
+  const int status = response.statusCode;
+  LoadFailure& failure = collection.failure;
+  if (failure.reason.empty()) {
+    failure.statusCode = status;
+    if (status < 200 || status > 299) {
+      failure.problem = problemOf(status);
+      failure.reason = fmt::format("{} answered with HTTP status {}{}", collection.latestUrl,
+                                   status, meaningOf(status));
+    }
+  }
+  const auto next = detail::nextPage(response);
+  if (next && !collection.requested.insert(next->absoluteString()).second)
+    giveUp(collection, fmt::format("the pages of {} run in a circle, back to {}", name,
+                                   next->absoluteString()));
+  else if (next && collection.requested.size() >= mostPages)
+    giveUp(collection, fmt::format("{} has more than {} pages", name, mostPages));
+  else if (progress_.bytes > mostBytes)
+    giveUp(collection, fmt::format("the server sent more than {} MiB", mostBytes >> 20U));
+}
+
+void ReportedLoad::takeEnd(const std::string& name, const std::optional<foundation::Error>& error) {
+  Collection& collection = collectionNamed(name);
+  ++progress_.collectionsDone;
+  tellProgress();
+  LoadFailure& failure = collection.failure;
+  if (!error || !failure.reason.empty()) return;
+  if (error->domain.empty()) {
+    failure.problem = LoadProblem::unusable;
+    failure.reason = fmt::format("{} answered with a body that is no JSON", collection.latestUrl);
+  } else if (error->domain == "memory") {
+    failure.problem = LoadProblem::unusable;
+    failure.reason = fmt::format("{}: {}", collection.latestUrl, error->description);
+  } else {
+    failure.problem = LoadProblem::noAnswer;
+    failure.reason = fmt::format("no answer from {}{}: {}", endpoint_, name, error->description);
+  }
+}
+
+ReportedLoad::Collection& ReportedLoad::collectionNamed(const std::string& name) {
+  const auto [entry, isNew] = collections_.try_emplace(name);
+  if (isNew) {
+    entry->second.latestUrl = endpoint_ + name;
+    entry->second.failure.collection = name;
+  }
+  return entry->second;
+}
+
+void ReportedLoad::giveUp(Collection& collection, std::string reason) {
+  collection.failure.problem = LoadProblem::endless;
+  collection.failure.reason = std::move(reason);
+  end(false);
+}
+
+void ReportedLoad::end(bool complete) {
+  if (isOver()) return;
+  cancel();
+  std::vector<LoadFailure> failures;
+  for (auto& [name, collection] : collections_)
+    if (!collection.failure.reason.empty()) failures.push_back(std::move(collection.failure));
+  if (ended_) ended_(std::move(failures), complete);
+}
+
+void ReportedLoad::tellProgress() {
+  if (progressed_) progressed_(progress_);
+}
+
+bool ReportedLoad::isOver() const {
+  const std::lock_guard lock(mutex_);
+  return over_;
+}
+
+}  // namespace orivanta

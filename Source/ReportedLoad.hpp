@@ -1,0 +1,79 @@
+// One load that tells how far it is and which of its requests failed and why.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "Platform/Foundation/SerialQueue.hpp"
+#include "Source/LoadReport.hpp"
+#include "Source/WebApi.hpp"
+
+namespace orivanta {
+
+/// Watches the requests of the load. What it sees is looked at on a queue of its own, where the
+/// handlers are called too. Any thread.
+///
+/// The load is given up when a page names a next one that was asked for before, when a collection
+/// has more than 100,000 pages, or when all pages together have more than 1 GiB.
+class ReportedLoad : public WebApiObserver,
+                     public LoadHandle,
+                     public std::enable_shared_from_this<ReportedLoad> {
+ public:
+  using Ended = std::function<void(std::vector<LoadFailure> failures, bool complete)>;
+
+  /// `endpoint` is the API root, for the reasons.
+  ReportedLoad(std::string endpoint, std::size_t collections,
+               std::function<void(const LoadProgress&)> progressed, Ended ended);
+
+  /// Starts the requests, which this load observes, and keeps them for the case that they are to
+  /// end early.
+  void start(const std::function<std::vector<WebApiSession::Request>()>& startRequests);
+
+  /// The load has delivered its result.
+  void finish();
+  void cancel() override;
+
+  void pageReceived(std::string_view collection, const network::HttpUrlResponse& response,
+                    std::size_t bodyBytes) override;
+  void collectionEnded(std::string_view collection,
+                       const std::optional<foundation::Error>& error) override;
+
+ private:
+  struct Collection {
+    std::unordered_set<std::string> requested;  // the URLs of the pages behind the first
+    std::string latestUrl;
+    LoadFailure failure;  // without a reason while all is well
+  };
+
+  void onQueue(std::function<void(ReportedLoad&)> step);
+  void takePage(const std::string& name, const network::HttpUrlResponse& response,
+                std::size_t bodyBytes);
+  void takeEnd(const std::string& name, const std::optional<foundation::Error>& error);
+  Collection& collectionNamed(const std::string& name);
+  void giveUp(Collection& collection, std::string reason);
+  void end(bool complete);
+  void tellProgress();
+  bool isOver() const;
+
+  const std::string endpoint_;
+  const std::shared_ptr<foundation::SerialQueue> queue_;
+
+  // Used on the queue alone.
+  std::function<void(const LoadProgress&)> progressed_;
+  Ended ended_;
+  LoadProgress progress_;
+  std::map<std::string, Collection, std::less<>> collections_;
+
+  mutable std::mutex mutex_;  // guards the two below
+  bool over_ = false;
+  std::vector<WebApiSession::Request> requests_;
+};
+
+}  // namespace orivanta
