@@ -33,7 +33,7 @@ bool isErrorPage(const std::string& path) {
 std::shared_ptr<FileFetch> FileFetch::start(std::vector<File> files,
                                             std::shared_ptr<HttpDownloader> downloader,
                                             Reports reports) {
-  const std::shared_ptr<FileFetch> fetch(
+  std::shared_ptr<FileFetch> fetch(
       new FileFetch(std::move(files), std::move(downloader), std::move(reports)));
   for (std::size_t i = 0; i < std::min(mostThreads, fetch->files_.size()); ++i)
     std::thread([fetch] { fetch->work(); }).detach();
