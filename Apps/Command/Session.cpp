@@ -81,7 +81,7 @@ std::vector<std::shared_ptr<Venue>> Session::fetchVenues() {
 
 std::shared_ptr<Venue> Session::loadVenue(const std::string& slug, bool accessible,
                                           const std::vector<std::string_view>& needed) {
-  const auto venue = venueNamed(fetchVenues(), slug);
+  auto venue = venueNamed(fetchVenues(), slug);
   const auto report = reportOf<VenueLoadReport>([&](auto handlers) {
     loadVenueReporting(APISession(), venue, accessible, std::move(handlers));
   });

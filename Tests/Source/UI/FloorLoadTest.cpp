@@ -315,10 +315,19 @@ TEST_F(FloorLoadTest, AnotherLoadTakesThePlaceOfTheFirst) {
   latch->open();
   EXPECT_TRUE(drainUntil([this] { return !ended.empty(); }));
   EXPECT_FALSE(firstTold);
+
+  const auto former = shown.floor(0)->mapObject;  // which shows until the wanted floor is there
+  const auto upperLatch = std::make_shared<Latch>();
+  downloader->held["upper.obj"] = upperLatch;
   ended.clear();
-  load();  // in place of what shows
-  EXPECT_THAT(shown.delegate->calls, ElementsAre("loaded", "loaded"));
+  shown.mapView->loadFloors(handlers(), shown.floor(1));
+  EXPECT_TRUE(drainUntil([&] { return shown.floor(0)->mapObject != former; }));
+  EXPECT_EQ(former->parent(), nullptr);
   EXPECT_EQ(shown.floor(0)->mapObject->parent(), shown.mapView->sceneView->scene()->rootNode());
+  upperLatch->open();
+  EXPECT_TRUE(drainUntil([this] { return !ended.empty(); }));
+  EXPECT_EQ(shown.mapView->currentMap(), shown.floor(1));
+  EXPECT_THAT(shown.delegate->calls, ElementsAre("loaded", "loaded"));
 }
 
 TEST_F(FloorLoadTest, AViewWithoutAVenueStopsTheProgram) {
