@@ -27,12 +27,6 @@ constexpr double cell = 30.0;
 constexpr double nodeDistance = 15.0;  // of a route
 constexpr float roomHeight = 10.0F;    // of the lowest
 
-template <class Value>
-scene::SharedBytes bytesOf(const std::vector<Value>& values) {
-  const auto bytes = std::as_bytes(std::span(values));
-  return std::make_shared<const std::vector<std::byte>>(bytes.begin(), bytes.end());
-}
-
 /// Collects prisms; their corners have no normals.
 struct Prisms {
   std::vector<std::array<float, 8>> vertices;

@@ -2,11 +2,20 @@
 #pragma once
 
 #include <memory>
+#include <span>
+#include <vector>
 
 #include "Platform/Scene/Fwd.hpp"
+#include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Scene.hpp"
 
 namespace orivanta::test {
+
+template <class Value>
+scene::SharedBytes bytesOf(const std::vector<Value>& values) {
+  const auto bytes = std::as_bytes(std::span(values));
+  return std::make_shared<const std::vector<std::byte>>(bytes.begin(), bytes.end());
+}
 
 /// Rooms in a grid of cells of 30 by 30 units in the x-y plane, from the origin on, one child each:
 /// six-sided prisms of 20 triangles, in eight colours, which share their vertex data.

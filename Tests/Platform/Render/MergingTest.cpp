@@ -1,4 +1,5 @@
 // Many parts are drawn in few calls, and what has not changed is not uploaded again.
+#include <epoxy/gl.h>
 #include <gtest/gtest.h>
 
 #include "Platform/Render/DrawRuns.hpp"
@@ -120,19 +121,50 @@ TEST_F(FloorDrawing, MovingANodeUploadsItsOwnVerticesAlone) {
   EXPECT_EQ(studio.statistics().bytesUploaded - before, 24 * 36);  // four corners a side
 }
 
+TEST_F(FloorDrawing, WhatLiesExactlyOnItsLikeIsDrawnOnce) {
+  const auto trianglesOfAnother = [&](const auto& add) {
+    studio.draw();
+    const int before = studio.statistics().triangles;
+    add();
+    studio.draw();
+    return studio.statistics().triangles - before;
+  };
+  const auto add = [&](graphics::Color color) {
+    studio.add(scene::makeCylinder(9, 9), scene::Material::make(color), {60, 60, 60})
+        ->setCastsShadow(false);
+  };
+  EXPECT_GT(trianglesOfAnother([&] { add(graphics::colors::red); }), 20);
+  EXPECT_EQ(trianglesOfAnother([&] { add(graphics::colors::red); }), 0);
+  EXPECT_GT(trianglesOfAnother([&] { add(graphics::colors::blue); }), 20);
+}
+
+// How many buffers and textures the driver holds.
+int liveNames() {
+  int count = 0;
+  for (GLuint name = 1; name < 500; ++name)
+    count += (glIsBuffer(name) != 0 ? 1 : 0) + (glIsTexture(name) != 0 ? 1 : 0);
+  return count;
+}
+
 TEST_F(FloorDrawing, WhatIsTakenAwayIsLetGo) {
-  auto node = studio.add(makeSlab(5, 5), scene::Material::make(makeQuarters()));
   studio.draw();
-  const std::weak_ptr<scene::Geometry> geometry = node->geometry();
-  const auto parts = floor->children();
-  const std::weak_ptr<scene::Node> part = parts.front();
-  node->removeFromParent();
-  node = nullptr;
-  floor->removeFromParent();
-  floor = nullptr;
+  const int names = liveNames();
+  auto image = studio.add(makeSlab(5, 5), scene::Material::make(makeQuarters()), {50, 50, 50});
+  auto other = makeSyntheticFloor(6, 6);
+  studio.scene->rootNode()->addChild(other);
+  studio.draw();
+  EXPECT_EQ(liveNames(), names + 2 * 4 + 1);  // two meshes of four names, an image
+  const std::weak_ptr<scene::Geometry> geometry = image->geometry();
+  const std::weak_ptr<scene::Node> part = other->children().front();
+  for (auto* node : {&image, &other}) {
+    (*node)->removeFromParent();
+    node->reset();
+  }
   studio.draw();
   EXPECT_TRUE(geometry.expired());
-  EXPECT_EQ(part.use_count(), 1);  // `parts`
+  EXPECT_TRUE(part.expired());
+  studio.draw();                      // what the frame before still held on to is gone now
+  EXPECT_EQ(liveNames(), names + 4);  // the mesh of single nodes stays, empty
 }
 
 }  // namespace

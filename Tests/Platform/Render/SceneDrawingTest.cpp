@@ -11,6 +11,7 @@
 #include "Platform/Sprite/Node.hpp"
 #include "Tests/Platform/Render/Studio.hpp"
 #include "Tests/Support/GoldenPicture.hpp"
+#include "Tests/Support/SyntheticFloor.hpp"
 
 namespace orivanta::test {
 namespace {
@@ -80,22 +81,22 @@ TEST(SceneDrawing, LightAddsUpInLinearSpace) {
   }
 }
 
-TEST(SceneDrawing, TrianglesWithoutNormalsAreLitAsTheyLieWhicheverWayTheyRun) {
-  const std::vector<float> corners{-20, -20, 0, 20, -20, 0, 0, 20, 0};
-  const auto bytes = std::as_bytes(std::span(corners));
-  const auto data = std::make_shared<const std::vector<std::byte>>(bytes.begin(), bytes.end());
-  for (const int second : {1, 2}) {
-    Studio studio(16, 16);
-    const std::vector<std::byte> order{std::byte{0}, static_cast<std::byte>(second),
-                                       static_cast<std::byte>(3 - second)};
-    auto geometry = scene::Geometry::make(
-        {{.data = data, .vectorCount = 3}},
-        {{.data = std::make_shared<const std::vector<std::byte>>(order), .bytesPerIndex = 1}});
-    studio.add(geometry, scene::Material::make());
-    studio.addLight(LightType::directional, graphics::colors::white, {glm::pi<float>() / 3, 0, 0});
-    const int half = encoded(0.5);
-    EXPECT_TRUE(isNear(pixelOf(*studio.draw(), 8, 8), {half, half, half, 255}, 2)) << second;
-  }
+TEST(SceneDrawing, BothSidesAreLitAlikeWithNormalsEitherWayOrNone) {
+  for (const float up : {1.0F, -1.0F, 0.0F})
+    for (const int second : {1, 2}) {
+      const std::vector<std::array<float, 8>> corners{
+          {-20, -20, 0, 0, 0, up}, {20, -20, 0, 0, 0, up}, {0, 20, 0, 0, 0, up}};
+      const std::vector<std::uint32_t> order{0, static_cast<std::uint32_t>(second),
+                                             static_cast<std::uint32_t>(3 - second)};
+      Studio studio(16, 16);
+      studio.add(scene::Geometry::make(bytesOf(corners), {{.data = bytesOf(order)}}),
+                 scene::Material::make());
+      const float third = glm::pi<float>() / 3;
+      studio.addLight(LightType::directional, graphics::colors::white, {third, 0, 0});
+      const int half = encoded(0.5);
+      EXPECT_TRUE(isNear(pixelOf(*studio.draw(), 8, 8), {half, half, half, 255}, 2))
+          << up << ", " << second;
+    }
 }
 
 TEST(SceneDrawing, ShadowsFallAwayFromTheLightAndAreDrawnOnlyWhenTheyChange) {
