@@ -292,6 +292,13 @@ void MisbehavingServer::on(const std::string& path, Answer answer) {
   on(path, [answer = std::move(answer)](const ReceivedRequest&) { return answer; });
 }
 
+void MisbehavingServer::on(const std::string& path, std::vector<Answer> answers) {
+  const auto turn = std::make_shared<std::size_t>(0);
+  on(path, [answers = std::move(answers), turn](const ReceivedRequest&) {
+    return answers[std::min((*turn)++, answers.size() - 1)];
+  });
+}
+
 std::string MisbehavingServer::root(const std::string& path) const {
   return fmt::format("http://127.0.0.1:{}{}", implementation_->port(), path);
 }

@@ -76,6 +76,9 @@ class MisbehavingServer {
   void on(const std::string& path, Script script);
   void on(const std::string& path, Answer answer);
 
+  /// These answers in turn; the last one again and again.
+  void on(const std::string& path, std::vector<Answer> answers);
+
   /// The API root, such as "http://127.0.0.1:43210/1/", or another path on the same server.
   std::string root(const std::string& path = "/1/") const;
   /// The same place under another name of this machine, which makes it another host.
