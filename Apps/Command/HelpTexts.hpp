@@ -57,7 +57,7 @@ Needs no display. Prints the names of the files that it writes; with several flo
 of each goes into its file's name. Places are given as to `orivanta route`. With a route the
 pictures are of the floors that it passes, in its order, and the camera looks at it.
 
-Recorded touches are lines of JSON, positions in points from the upper left corner:
+Recorded touches, played on each floor, are lines of JSON, positions in points from the upper left corner:
   {"time": 0.00, "finger": 1, "phase": "began", "x": 640, "y": 400}
   {"time": 0.10, "finger": 1, "phase": "moved", "x": 600, "y": 380}
   {"time": 0.20, "finger": 1, "phase": "ended", "x": 600, "y": 380}

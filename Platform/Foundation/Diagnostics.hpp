@@ -9,7 +9,7 @@
 namespace orivanta::foundation {
 
 /// Receives one line at a time, without its line break. Called on the thread that reports the
-/// line, one call at a time.
+/// line, one call at a time, maybe while the library holds locks: it must not call the library.
 using DiagnosticSink = std::function<void(std::string_view line)>;
 
 /// Replaces the sink for the whole process; an empty one restores the default, which writes to

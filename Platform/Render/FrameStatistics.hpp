@@ -1,6 +1,8 @@
 // What a frame cost.
 #pragma once
 
+#include <cstdint>
+
 namespace orivanta::render {
 
 /// Counted over one frame.
@@ -8,7 +10,7 @@ struct FrameStatistics {
   int drawCalls = 0;
   int triangles = 0;
   int shadowMapsDrawn = 0;
-  int bytesUploaded = 0;  ///< vertices, indices and textures
+  std::int64_t bytesUploaded = 0;  ///< vertices, indices and textures
 };
 
 }  // namespace orivanta::render

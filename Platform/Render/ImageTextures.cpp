@@ -137,7 +137,7 @@ void ImageTextures::upload(const graphics::Image& image, TexelSpace space,
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
-  statistics.bytesUploaded += static_cast<int>(pixels.bytes.size());
+  statistics.bytesUploaded += static_cast<std::int64_t>(pixels.bytes.size());
 }
 
 void ImageTextures::bindSampler(GLuint unit, scene::WrapMode wrapS, scene::WrapMode wrapT) const {

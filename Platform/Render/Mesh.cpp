@@ -31,7 +31,7 @@ void fillBuffer(GLenum target, std::size_t& capacity, std::span<const Value> val
   if (changed.empty()) return;
   glBufferSubData(target, static_cast<GLintptr>(first * sizeof(Value)),
                   static_cast<GLsizeiptr>(changed.size_bytes()), changed.data());
-  statistics.bytesUploaded += static_cast<int>(changed.size_bytes());
+  statistics.bytesUploaded += static_cast<std::int64_t>(changed.size_bytes());
 }
 
 void setAttribute(GLuint index, GLint components, std::size_t offset) {
@@ -93,7 +93,7 @@ void Mesh::setVertices(std::size_t first, std::span<const Vertex> vertices,
   glBindBuffer(GL_ARRAY_BUFFER, vertices_.get());
   glBufferSubData(GL_ARRAY_BUFFER, static_cast<GLintptr>(first * sizeof(Vertex)),
                   static_cast<GLsizeiptr>(vertices.size_bytes()), vertices.data());
-  statistics.bytesUploaded += static_cast<int>(vertices.size_bytes());
+  statistics.bytesUploaded += static_cast<std::int64_t>(vertices.size_bytes());
   revision_ = nextRevision();
 }
 
@@ -138,7 +138,7 @@ void Mesh::uploadColors(std::size_t first, std::size_t end, FrameStatistics& sta
   const auto count = static_cast<GLsizei>(end - first);
   glTexSubImage2D(GL_TEXTURE_2D, 0, place % partsPerRow, place / partsPerRow, count, 1, GL_RGBA,
                   GL_UNSIGNED_BYTE, &uploadedColors_[first]);
-  statistics.bytesUploaded += count * static_cast<int>(sizeof(Texel));
+  statistics.bytesUploaded += std::int64_t{count} * static_cast<std::int64_t>(sizeof(Texel));
 }
 
 void Mesh::uploadPlacements(std::size_t first, std::size_t end, FrameStatistics& statistics) {
@@ -146,7 +146,7 @@ void Mesh::uploadPlacements(std::size_t first, std::size_t end, FrameStatistics&
   const auto count = static_cast<GLsizei>(end - first);
   glTexSubImage2D(GL_TEXTURE_2D, 0, 2 * (place % partsPerRow), place / partsPerRow, 2 * count, 1,
                   GL_RGBA, GL_FLOAT, &uploadedPlacements_[first]);
-  statistics.bytesUploaded += count * static_cast<int>(sizeof(Placement));
+  statistics.bytesUploaded += std::int64_t{count} * static_cast<std::int64_t>(sizeof(Placement));
 }
 
 void Mesh::bind() const {

@@ -94,7 +94,7 @@ void QuadDrawing::draw(std::span<const Quad> quads, std::span<const SceneTarget>
   glBindBuffer(GL_ARRAY_BUFFER, buffer_.get());
   const std::size_t bytes = vertices_.size() * sizeof(QuadVertex);
   glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(bytes), vertices_.data(), GL_STREAM_DRAW);
-  statistics.bytesUploaded += static_cast<int>(bytes);
+  statistics.bytesUploaded += static_cast<std::int64_t>(bytes);
 
   glViewport(0, 0, width, height);
   glDisable(GL_DEPTH_TEST);

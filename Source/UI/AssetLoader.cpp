@@ -26,16 +26,29 @@ using scene::obj::Model;
 
 namespace {
 
-// Pictures are read once a model, however many of its materials show them.
+// Pictures are read once a model, however many of its materials show them. All of them together
+// have at most `mostPixels`; those beyond are left out.
 class Pictures {
  public:
   std::shared_ptr<const graphics::Image> at(const std::filesystem::path& file) {
     const auto [entry, isNew] = images_.try_emplace(file);
-    if (isNew) entry->second = graphics::readImage(file);
+    if (!isNew || pixelsLeft_ == 0) return entry->second;
+    auto image = graphics::readImage(file);
+    if (!image) return nullptr;
+    const std::size_t pixels = std::size_t{image->width()} * image->height();
+    if (pixels > pixelsLeft_) {
+      pixelsLeft_ = 0;
+      return nullptr;
+    }
+    pixelsLeft_ -= pixels;
+    entry->second = std::move(image);
     return entry->second;
   }
 
  private:
+  static constexpr std::size_t mostPixels = 128'000'000;
+
+  std::size_t pixelsLeft_ = mostPixels;
   std::map<std::filesystem::path, std::shared_ptr<const graphics::Image>> images_;
 };
 
@@ -61,9 +74,8 @@ scene::SharedBytes bytesOf(const std::vector<Value>& values) {
   return bytes;
 }
 
-// The whole model as one mesh, with an element for each material; null without triangles.
+// The whole model as one mesh, with an element for each material.
 std::shared_ptr<scene::Geometry> makeMesh(const Model& model) {
-  if (model.groups.empty()) return nullptr;
   Pictures pictures;
   std::vector<scene::GeometryElement> elements;
   std::vector<std::shared_ptr<scene::Material>> materials;
@@ -81,9 +93,14 @@ std::variant<std::shared_ptr<scene::Scene>, Error> readScene(const foundation::U
   const auto path = url.filePath();
   if (!path) return Error{"", 0, fmt::format("{}: not a file", url.absoluteString())};
   auto model = scene::obj::readModel(*path);
-  if (auto* error = std::get_if<Error>(&model)) return std::move(*error);
   auto scene = scene::Scene::make();
-  scene->rootNode()->addChild(scene::Node::make(makeMesh(std::get<Model>(model))));
+  if (auto* error = std::get_if<Error>(&model)) {
+    if (error->code != static_cast<int>(scene::obj::ModelError::nothingToDraw))
+      return std::move(*error);
+    scene->rootNode()->addChild(scene::Node::make());
+  } else {
+    scene->rootNode()->addChild(scene::Node::make(makeMesh(std::get<Model>(model))));
+  }
   return scene;
 }
 

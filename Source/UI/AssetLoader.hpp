@@ -42,8 +42,9 @@ class ORIVANTA_API AssetLoader {
   virtual std::shared_ptr<scene::Node> load3DAsset(std::string_view name,
                                                    std::string_view nodeName);
 
-  /// As `loadObjFromURL`, with an error in place of a fatal one. Prints nothing.
-  std::variant<std::shared_ptr<scene::Node>, foundation::Error> readModel(
+  /// As `loadObjFromURL`, with an error in place of a fatal one; what `MapView::loadFloors` calls,
+  /// on background threads. Prints nothing.
+  virtual std::variant<std::shared_ptr<scene::Node>, foundation::Error> readModel(
       const foundation::Url& url);
 };
 

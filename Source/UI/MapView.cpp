@@ -42,6 +42,7 @@ MapView::MapView() : MapView(graphics::Rect()) {}
 
 MapView::MapView(graphics::Rect frame)
     : View(frame),
+      bundle(sdkBundle()),
       assetLoader(std::make_shared<AssetLoader>()),
       downloader(std::make_shared<HttpDownloader>()),
       sceneView(std::make_shared<view::SceneView>(frame)),
@@ -51,6 +52,7 @@ MapView::MapView(graphics::Rect frame)
 
 MapView::MapView(const view::Coder& coder)
     : View(coder),
+      bundle(sdkBundle()),
       assetLoader(std::make_shared<AssetLoader>()),
       downloader(std::make_shared<HttpDownloader>()),
       sceneView(std::make_shared<view::SceneView>(coder)),
@@ -58,9 +60,12 @@ MapView::MapView(const view::Coder& coder)
   initView();
 }
 
+// The scene view may be kept by others: nothing in it may lead back here.
 MapView::~MapView() {
   if (const auto load = floorLoad_) load->cancel();
   sceneView->setRendererDelegate(nullptr);
+  sceneView->allowSimultaneous({});
+  for (const auto& recognizer : recognizers_) sceneView->removeGestureRecognizer(*recognizer);
 }
 
 void MapView::initView() {
@@ -100,7 +105,7 @@ void MapView::hideActivity() {
 }
 
 void MapView::addMapLogo() {
-  const auto bytes = foundation::unwrap(sdkBundle().bytes("MapLogo", "png"));
+  const auto bytes = foundation::unwrap(bundle.bytes("MapLogo", "png"));
   const auto logo = std::make_shared<view::ImageView>(graphics::decodeImage(bytes));
   logo->setAlpha(logoAlpha);
   logo->setFrame({{0, 0}, logoSize});

@@ -49,6 +49,8 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   explicit MapView(const view::Coder& coder);
   ~MapView() override;
 
+  const foundation::ResourceBundle& bundle;  ///< the library's own
+
   // What an application sets.
   std::weak_ptr<MapViewDelegate> delegate;
   std::shared_ptr<Venue> venue;                            ///< set it before `loadScene`
@@ -72,6 +74,13 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
 
   /// `spriteScene`.
   MapViewOverlay2D& overlay() const;
+
+  /// Puts the parts together: scene view, logo, overlay and activity indicator. Construction does
+  /// it; nobody else needs to.
+  void initView();
+
+  /// Adds the logo, 70 by 30 points, at the lower right corner; part of `initView`.
+  void addMapLogo();
 
   // --- Floors -----------------------------------------------------------------------------------
 
@@ -101,7 +110,7 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
 
   /// Shows another floor, with the current route and highlight. An index out of range, the floor
   /// already shown and a floor without a model change nothing. When the first floor had no model,
-  /// the first switch to one that has starts the scene there.
+  /// the first switch to one that has starts the scene there. Fatal before a scene was started.
   void changeMap(int index);
   void changeMap(const std::shared_ptr<Map>& map);
 
@@ -218,8 +227,6 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   using Shapes = tsl::ordered_map<std::string, std::shared_ptr<scene::Node>>;
   using Highlights = tsl::ordered_map<std::shared_ptr<Polygon>, scene::Contents>;
 
-  void initView();
-  void addMapLogo();
   void showActivity();
   void hideActivity();
   std::shared_ptr<scene::Node> loadFloor(Map& map);

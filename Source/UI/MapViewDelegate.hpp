@@ -13,7 +13,8 @@ class ORIVANTA_API MapViewDelegate {
  public:
   virtual ~MapViewDelegate() = default;
 
-  /// All floors are prepared and the scene is built.
+  /// The scene is built: after `loadScene` with all floors prepared, after `loadFloors` with the
+  /// first one that is ready, again for each further load.
   virtual void mapViewDidLoad() = 0;
 
   /// A tap hit a polygon that has at least one location.

@@ -1,6 +1,7 @@
 // How gestures move the camera of a map view.
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -20,8 +21,12 @@ using view::GestureState;
 namespace {
 
 constexpr float pi = std::numbers::pi_v<float>;
-constexpr float tiltLimit = pi / 3;     // radians
+constexpr float tiltLimit = pi / 3;  // radians
+constexpr double farthestFactor = 1e30;
 constexpr float nearestDistance = 100;  // scene units: no pinch begins to zoom closer from there
+
+// Pinches add up without a limit; the distance stays a number nevertheless.
+float zoomedOut(double scale) { return static_cast<float>(std::min(1 / scale, farthestFactor)); }
 
 }  // namespace
 
@@ -71,7 +76,7 @@ void MapView::handlePinchGesture(const view::PinchGestureRecognizer& recognizer)
   switch (recognizer.state()) {
     case GestureState::changed:
       scaleStart = scaleEnd * scale;
-      camera.setPosition(Axis::z, unwrap(cameraDistance) * static_cast<float>(1 / scaleStart));
+      camera.setPosition(Axis::z, unwrap(cameraDistance) * zoomedOut(scaleStart));
       updateMarkerVisibility();
       break;
     case GestureState::ended:

@@ -19,6 +19,7 @@ using foundation::diagnostic;
 using foundation::unwrap;
 
 void MapView::loadScene() {
+  if (const auto former = floorLoad_) former->cancel();
   diagnostic(venue ? venue->name.value_or("") : "nil");
   std::vector<std::shared_ptr<scene::Node>> floors;
   for (const auto& map : unwrap(unwrap(venue).maps))
@@ -36,8 +37,10 @@ std::shared_ptr<FloorLoad> MapView::loadFloors(FloorLoadHandlers handlers,
                                                const std::shared_ptr<Map>& first) {
   unwrap(venue);
   if (const auto former = floorLoad_) former->cancel();
+  clearHighlightedPolygons();
   scnNodeDictionary_.clear();
-  highlightedPolygons_.clear();
+  for (const auto& map : unwrap(unwrap(venue).maps))
+    if (map->mapObject) addShapes(*map->mapObject);
   showActivity();
   floorLoad_ = std::make_shared<FloorLoading>(std::static_pointer_cast<MapView>(shared_from_this()),
                                               std::move(handlers), first);

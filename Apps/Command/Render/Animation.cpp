@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <vector>
 
 #include "Apps/Command/CommandError.hpp"
 
@@ -17,8 +18,10 @@ namespace {
 constexpr int mostColors = 256;
 constexpr int keepForever = 0;  // times that the animation repeats
 
+}  // namespace
+
 // Throws unless giflib is content.
-class GifFile {
+class Animation::GifFile {
  public:
   explicit GifFile(const std::string& name) : name_(name) {
     int error = 0;
@@ -89,15 +92,17 @@ class GifFile {
   GifFileType* file_ = nullptr;
 };
 
-}  // namespace
+Animation::Animation(const std::string& file, double secondsPerPicture)
+    : gif_(std::make_unique<GifFile>(file)), secondsPerPicture_(secondsPerPicture) {}
 
-void writeAnimation(const std::vector<std::shared_ptr<const graphics::Image>>& pictures,
-                    double secondsPerPicture, const std::string& file) {
-  GifFile gif(file);
-  gif.begin(static_cast<int>(pictures.front()->width()),
-            static_cast<int>(pictures.front()->height()));
-  for (const auto& picture : pictures) gif.add(*picture, secondsPerPicture);
-  gif.finish();
+Animation::~Animation() = default;
+
+void Animation::add(const graphics::Image& picture) {
+  if (!begun_) gif_->begin(static_cast<int>(picture.width()), static_cast<int>(picture.height()));
+  begun_ = true;
+  gif_->add(picture, secondsPerPicture_);
 }
+
+void Animation::finish() { gif_->finish(); }
 
 }  // namespace orivanta::command

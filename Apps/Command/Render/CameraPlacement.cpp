@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/Camera.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
 
@@ -21,6 +22,10 @@ struct Surroundings {
 constexpr Surroundings ofFloor{1.06, 1};
 constexpr Surroundings ofPoints{1.3, 240};
 
+constexpr double nearPlane = 40;  // scene units, as the map view has them
+constexpr double farPlane = 5000;
+constexpr double leastFarSlope = 0.2;  // keeps what is far from the horizon
+
 struct Placement {
   graphics::Vector3 centre;  // of the orbit
   double distance;           // of the camera from there
@@ -34,8 +39,16 @@ void place(MapView& mapView, const Placement& placement, const CameraAngles& ang
   mapView.labelsOrbit->setPosition(placement.centre);
   mapView.cameraOrbit->setEulerAngle(scene::Axis::x, static_cast<float>(radians(angles.tilt)));
   mapView.cameraOrbit->setEulerAngle(scene::Axis::z, static_cast<float>(radians(angles.turn)));
-  mapView.cameraOrbit->children().front()->setPosition(
-      scene::Axis::z, static_cast<float>(placement.distance / angles.zoom));
+  const auto distance = static_cast<float>(placement.distance / angles.zoom);
+  scene::Node& camera = *mapView.cameraOrbit->children().front();
+  camera.setPosition(scene::Axis::z, distance);
+  // Whatever the size of the venue, all of it lies between the planes.
+  camera.camera()->zNear = std::min(nearPlane, distance / 10.0);
+  camera.camera()->zFar = std::max(farPlane, distance * 4.0);
+  // Gestures go on from here.
+  mapView.scaleStart = mapView.scaleEnd = *mapView.cameraDistance / distance;
+  mapView.rotateStart = mapView.rotateEnd = -radians(angles.turn);
+  mapView.lastHeightRatio = mapView.lastGoodHeightRatio = -static_cast<float>(angles.tilt / 180);
   mapView.updateMarkerPositions();
   mapView.updateMarkerVisibility();
 }
@@ -63,7 +76,7 @@ Placement fit(const MapView& mapView, const std::vector<graphics::Vector3>& poin
   graphics::Box box;
   for (const auto& point : points) box.add(turned(point, turn));
 
-  const double farSlope = cosine - sine * slopeY;
+  const double farSlope = std::max(cosine - sine * slopeY, leastFarSlope);
   const double nearSlope = cosine + sine * slopeY;
   const double y = (box.max.y * farSlope + box.min.y * nearSlope) / (farSlope + nearSlope);
   const double forDepth = (box.max.y - y) * farSlope / slopeY;

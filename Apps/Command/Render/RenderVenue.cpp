@@ -4,8 +4,10 @@
 #include <fmt/ranges.h>
 
 #include <boost/json/array.hpp>
+#include <cmath>
 #include <fstream>
 #include <memory>
+#include <set>
 #include <utility>
 
 #include "Apps/Command/Json.hpp"
@@ -38,6 +40,7 @@ void checkUse(const RenderVenueOptions& options) {
   };
   check(options.scale > 0 && options.scale <= 8, "--scale: give a number above 0, up to 8");
   check(options.tilt >= 0 && options.tilt < largestTilt, "--tilt: give degrees from 0 to below 60");
+  check(std::isfinite(options.turn), "--turn: give degrees");
   check(options.zoom >= 0.01 && options.zoom <= 100, "--zoom: give a number from 0.01 to 100");
   check(options.frames >= 0 && options.frames <= 9999, "--frames: give a number up to 9999");
 }
@@ -121,14 +124,23 @@ class PictureWriter {
 
   void write(Stage& stage, const std::string& file) {
     if (options_.frames == 0) return writePicture(*stage.picture(), file);
-    std::vector<std::shared_ptr<const graphics::Image>> pictures;
+    Animation animation(animationName(file), 1 / framesPerSecond);
     for (int i = 0; i < options_.frames; ++i) {
-      pictures.push_back(stage.picture(i / framesPerSecond));
-      writePicture(*pictures.back(), pictureName(file, fmt::format("{:04}", i + 1), true));
+      const auto picture = stage.picture(i / framesPerSecond);
+      writePicture(*picture, pictureName(file, fmt::format("{:04}", i + 1), true));
+      animation.add(*picture);
     }
-    const std::string animation = animationName(file);
-    writeAnimation(pictures, 1 / framesPerSecond, animation);
-    tell(animation);
+    animation.finish();
+    tell(animationName(file));
+  }
+
+  /// The name for a floor's picture, which no other floor gets.
+  std::string nameFor(const Map& floor, bool isOneOfMany) {
+    const std::string label = floorLabel(floor);
+    std::string name = pictureName(options_.output, label, isOneOfMany);
+    for (int i = 2; !names_.insert(name).second; ++i)
+      name = pictureName(options_.output, fmt::format("{}-{}", label, i), isOneOfMany);
+    return name;
   }
 
   /// Ends the list. Whether there was anything to list.
@@ -151,6 +163,7 @@ class PictureWriter {
 
   const RenderVenueOptions& options_;
   boost::json::array files_;
+  std::set<std::string> names_;
 };
 
 }  // namespace
@@ -176,7 +189,7 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
     failed = failed || floor.state == FloorState::failed;
     if (floor.state != FloorState::ready) continue;
     showFloor(stage, floor.map, contents, options);
-    writer.write(stage, pictureName(options.output, floorLabel(*floor.map), floors.size() > 1));
+    writer.write(stage, writer.nameFor(*floor.map, floors.size() > 1));
   }
   const bool anything = writer.finish();
   if (failed) return ExitCode::noAnswer;

@@ -25,13 +25,18 @@ std::string nameOf(const std::shared_ptr<Location>& location, const char* otherw
   return location ? location->name.value_or(otherwise) : otherwise;
 }
 
+const char* arrowBetween(const Map& from, const Map& to) {
+  if (to.elevation == from.elevation) return "\u2192";
+  return to.elevation < from.elevation ? "\u2193" : "\u2191";
+}
+
 // Where a ride that begins at a node of the path ends, and whether that is up or down.
 std::string rideText(const NodeList& path, std::size_t begin) {
   std::size_t end = begin + 1;
   while (end + 1 < path.size() && path[end]->map != path[end + 1]->map) ++end;
   const Map& from = *path[begin]->map;
   const Map& to = *path[end]->map;
-  return fmt::format("{} {}", to.elevation < from.elevation ? "\u2193" : "\u2191", floorLabel(to));
+  return fmt::format("{} {}", arrowBetween(from, to), floorLabel(to));
 }
 
 }  // namespace

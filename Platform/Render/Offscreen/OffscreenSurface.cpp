@@ -112,7 +112,7 @@ std::variant<std::unique_ptr<OffscreenSurface>, foundation::Error> OffscreenSurf
   GLint largest = 0;
   glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &largest);
   const auto side = static_cast<std::uint32_t>(largest);
-  if (width == 0 || height == 0 || width > side || height > side)
+  if (!graphics::Image::allows(width, height) || width > side || height > side)
     return error(fmt::format("a picture of {} by {} pixels is not possible: sides are 1 to {}",
                              width, height, side),
                  EGL_BAD_PARAMETER);

@@ -27,7 +27,7 @@ class ORIVANTA_API OffscreenSurface {
   /// OpenGL's name of the framebuffer to draw into.
   unsigned framebuffer() const;
 
-  /// What was drawn, with `scale` pixels per point.
+  /// What was drawn, with `scale` pixels per point; never null.
   std::shared_ptr<const graphics::Image> read(double scale = 1.0);
 
  private:

@@ -134,6 +134,12 @@ TEST_F(MapViewGestures, APinchStopsNearTheFloorAndLeadsAway) {
   EXPECT_EQ(height(), 2748);
 }
 
+TEST_F(MapViewGestures, NoNumberOfPinchesLeadsBeyondAllNumbers) {
+  shown.mapView->scaleEnd = 1e-300;
+  hand.pinch(1e-20);
+  EXPECT_TRUE(std::isfinite(height()));
+}
+
 TEST_F(MapViewGestures, RotationsAddUp) {
   const DiagnosticLines lines;
   hand.rotate(0.25, GestureState::began);

@@ -63,6 +63,14 @@ TEST(MapViewMarkers, FollowTheCameraAndComeBack) {
   EXPECT_TRUE(left->node->hasParent());
 }
 
+TEST(MapViewMarkers, ASingleHiddenOneComesBack) {
+  ShownVenue shown;
+  const auto marker = add(shown, {500, true});
+  marker->node->removeFromParent();
+  shown.mapView->updateMarkerVisibility();
+  EXPECT_TRUE(marker->node->hasParent());
+}
+
 TEST(MapViewMarkers, RemovingKnowsTheObjectNotItsLook) {
   ShownVenue shown;
   const auto kept = add(shown, {500, false});

@@ -56,6 +56,10 @@ TEST(MapView, BuildsTheSceneOnTheFirstFloor) {
   EXPECT_FLOAT_EQ(children[2]->eulerAngles().x, -1.5707964F);
   EXPECT_FLOAT_EQ(children[2]->eulerAngles().y, -3.1415927F);
   EXPECT_EQ(children[3]->light()->type, scene::LightType::directional);
+  EXPECT_TRUE(children[3]->light()->castsShadow);
+  EXPECT_EQ(children[3]->position(), graphics::Vector3(-50, 20, 0));
+  EXPECT_EQ(children[3]->eulerAngles(), graphics::Vector3(45, 0, 0));
+  EXPECT_EQ(children[4]->light()->color, graphics::colors::darkGray);
   EXPECT_EQ(children[4], shown.mapView->light);
 }
 
@@ -102,6 +106,15 @@ TEST(MapView, StartsOnTheFirstFloorThatIsSwitchedToWhenTheFirstHasNoModel) {
   shown.mapView->changeMap(1);
   EXPECT_EQ(*shown.mapView->cameraDistance, 1099);  // 800 / (2 tan 20 degrees)
   EXPECT_EQ(shown.mapView->sceneView->gestureRecognizers().size(), 5U);
+}
+
+TEST(MapView, LeavesNothingBehindInASceneViewThatOutlivesIt) {
+  ShownVenue shown;
+  const auto sceneView = shown.mapView->sceneView;
+  EXPECT_EQ(sceneView->gestureRecognizers().size(), 5U);
+  shown.mapView = MapView::make();
+  EXPECT_TRUE(sceneView->gestureRecognizers().empty());
+  EXPECT_EQ(sceneView->rendererDelegate(), nullptr);
 }
 
 TEST(MapView, LoadsAVenueWithoutFloors) {

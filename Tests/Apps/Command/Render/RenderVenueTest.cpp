@@ -18,7 +18,7 @@ using testing::HasSubstr;
 
 class RenderVenue : public testing::Test {
  protected:
-  RenderVenue() : server_(options()), output_("orivanta-render-") {}
+  RenderVenue() : server_(options()) {}
 
   test::ProgramResult render(std::vector<std::string> arguments) const {
     return renderTo(file("map.png"), std::move(arguments));
@@ -98,10 +98,14 @@ TEST_F(RenderVenue, ShowsWhatIsAskedFor) {
 TEST_F(RenderVenue, DrawsARouteOnItsFloorsAndMovesItsArrows) {
   const auto route = render({"--route", "paper kestrel", "popcorn nebula"});
   EXPECT_EQ(route.output, file("map-G.png") + "\n" + file("map-2.png") + "\n");
+  ASSERT_EQ(render({"--map", "G"}).exitCode, 0);
+  EXPECT_GT(changed(*picture("map.png"), *picture("map-G.png")), 0.2);
   const auto frames =
       render({"--route", "paper kestrel", "popcorn nebula", "--map", "G", "--frames", "3"});
   EXPECT_EQ(frames.exitCode, 0) << frames.errors;
-  EXPECT_NE(picture("map-0003.png"), nullptr);
+  ASSERT_NE(picture("map-0003.png"), nullptr);
+  EXPECT_GT(changed(*picture("map-0001.png"), *picture("map-0003.png")), 0) << "arrows move";
+  EXPECT_LT(changed(*picture("map-0001.png"), *picture("map-0003.png")), 0.05);
   std::ifstream gif(file("map.gif"), std::ios::binary);
   std::string header(6, ' ');
   gif.read(header.data(), 6);
@@ -138,6 +142,7 @@ TEST_F(RenderVenue, SaysWhatIsWrong) {
   } cases[] = {
       {{"--scale", "9"}, 2, "--scale"},
       {{"--scale", "0"}, 2, "--scale"},
+      {{"--turn", "nan"}, 2, "--turn"},
       {{"--tilt", "60"}, 2, "--tilt"},
       {{"--zoom", "-1"}, 2, "--zoom"},
       {{"--highlight", "paper kestrel=mauvish"}, 2, "no colour"},
