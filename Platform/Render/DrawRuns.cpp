@@ -36,9 +36,10 @@ std::vector<Run> chooseRuns(std::span<const MeshPart> parts,
 
 Frustum::Frustum(const graphics::Matrix4& toClip) {
   const graphics::Matrix4 rows = glm::transpose(toClip);
-  for (int axis = 0; axis < 3; ++axis) {
-    planes_[2 * axis] = rows[3] + rows[axis];
-    planes_[2 * axis + 1] = rows[3] - rows[axis];
+  for (glm::length_t axis = 0; axis < 3; ++axis) {
+    const std::size_t place = std::size_t{2} * static_cast<std::size_t>(axis);
+    planes_[place] = rows[3] + rows[axis];
+    planes_[place + 1] = rows[3] - rows[axis];
   }
 }
 

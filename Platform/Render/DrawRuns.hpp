@@ -1,6 +1,7 @@
 // Parts of a mesh gathered into few draws.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -44,7 +45,7 @@ class Frustum {
   bool sees(const graphics::Box& box) const;
 
  private:
-  graphics::Vector4 planes_[6];
+  std::array<graphics::Vector4, 6> planes_;
 };
 
 }  // namespace orivanta::render

@@ -39,10 +39,6 @@ bool hasAnisotropy() {
   return false;
 }
 
-std::uint8_t byteOf(float component) {
-  return static_cast<std::uint8_t>(component * 255.0F + 0.5F);
-}
-
 void multiplyEncoded(std::vector<std::uint8_t>& bytes) {
   for (std::size_t i = 0; i < bytes.size(); i += 4)
     for (std::size_t c = i; c < i + 3; ++c)

@@ -1,17 +1,14 @@
 #include "Platform/Render/PartLook.hpp"
 
-#include <algorithm>
+#include <utility>
 
+#include "Platform/Render/Srgb.hpp"
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Node.hpp"
 
 namespace orivanta::render {
 
 namespace {
-
-std::uint8_t byteOf(float component) {
-  return static_cast<std::uint8_t>(std::clamp(component, 0.0F, 1.0F) * 255.0F + 0.5F);
-}
 
 // Rows from the top, while v runs upwards.
 Placement placementOf(const graphics::Matrix4& matrix) {

@@ -108,8 +108,7 @@ SceneSnapshot SceneGatherer::gather(const view::SceneView& view, double time) {
 std::shared_ptr<const scene::Batch> SceneGatherer::batchOf(const scene::Node& node,
                                                            const Nodes& children) {
   if (children.empty()) return nullptr;
-  if (const auto prepared = node.preparedBatch(); prepared && prepared->matches(node))
-    return prepared;
+  if (auto prepared = node.preparedBatch(); prepared && prepared->matches(node)) return prepared;
   const auto found = made_.find(&node);
   if (found != made_.end()) {
     if (!found->second.node.expired() && found->second.batch->matches(node))

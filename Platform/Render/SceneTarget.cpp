@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 
 namespace orivanta::render {
 
@@ -37,9 +38,10 @@ SceneTarget::SceneTarget(GLsizei width, GLsizei height, GLint samples)
 
   glBindTexture(GL_TEXTURE_2D, texture_.get());
   glTexStorage2D(GL_TEXTURE_2D, 1, colorFormat, width, height);
-  for (const GLenum filter : {GL_TEXTURE_MIN_FILTER, GL_TEXTURE_MAG_FILTER})
+  for (const GLenum filter :
+       std::initializer_list<GLenum>{GL_TEXTURE_MIN_FILTER, GL_TEXTURE_MAG_FILTER})
     glTexParameteri(GL_TEXTURE_2D, filter, GL_LINEAR);
-  for (const GLenum wrap : {GL_TEXTURE_WRAP_S, GL_TEXTURE_WRAP_T})
+  for (const GLenum wrap : std::initializer_list<GLenum>{GL_TEXTURE_WRAP_S, GL_TEXTURE_WRAP_T})
     glTexParameteri(GL_TEXTURE_2D, wrap, GL_CLAMP_TO_EDGE);
   glBindFramebuffer(GL_FRAMEBUFFER, resolved_.get());
   glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture_.get(), 0);

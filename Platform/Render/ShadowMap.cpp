@@ -4,6 +4,7 @@
 #include <glm/ext/matrix_clip_space.hpp>
 #include <glm/ext/matrix_transform.hpp>
 #include <glm/matrix.hpp>
+#include <initializer_list>
 #include <utility>
 
 namespace orivanta::render {
@@ -41,9 +42,10 @@ ShadowMap::ShadowMap() {
   glActiveTexture(GL_TEXTURE0 + meshUnits::shadow);
   glBindTexture(GL_TEXTURE_2D, depth_.get());
   glTexStorage2D(GL_TEXTURE_2D, 1, GL_DEPTH_COMPONENT24, shadowMapSide, shadowMapSide);
-  for (const GLenum filter : {GL_TEXTURE_MIN_FILTER, GL_TEXTURE_MAG_FILTER})
+  for (const GLenum filter :
+       std::initializer_list<GLenum>{GL_TEXTURE_MIN_FILTER, GL_TEXTURE_MAG_FILTER})
     glTexParameteri(GL_TEXTURE_2D, filter, GL_LINEAR);
-  for (const GLenum wrap : {GL_TEXTURE_WRAP_S, GL_TEXTURE_WRAP_T})
+  for (const GLenum wrap : std::initializer_list<GLenum>{GL_TEXTURE_WRAP_S, GL_TEXTURE_WRAP_T})
     glTexParameteri(GL_TEXTURE_2D, wrap, GL_CLAMP_TO_EDGE);
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_COMPARE_MODE, GL_COMPARE_REF_TO_TEXTURE);
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_COMPARE_FUNC, GL_LEQUAL);

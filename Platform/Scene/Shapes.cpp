@@ -145,6 +145,7 @@ std::shared_ptr<Geometry> makeCylinderOf(int sides, float radius, float height) 
 std::shared_ptr<Geometry> makeDisc(int sides, float radius) {
   Mesh mesh;
   std::vector<Corner> corners;
+  corners.reserve(static_cast<std::size_t>(sides));
   for (int i = 0; i < sides; ++i) corners.push_back(capCorner(towardsSide(i, sides), radius, 0, 1));
   mesh.addPolygon(corners);
   return mesh.geometry();
