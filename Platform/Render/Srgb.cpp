@@ -1,5 +1,6 @@
 #include "Platform/Render/Srgb.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 namespace orivanta::render {
@@ -10,6 +11,10 @@ float decodeSrgb(float encoded) {
 
 float encodeSrgb(float linear) {
   return linear <= 0.0031308F ? linear * 12.92F : 1.055F * std::pow(linear, 1.0F / 2.4F) - 0.055F;
+}
+
+std::uint8_t byteOf(float component) {
+  return static_cast<std::uint8_t>(std::lround(std::clamp(component, 0.0F, 1.0F) * 255.0F));
 }
 
 graphics::Vector3 linearOf(const graphics::Color& color) {

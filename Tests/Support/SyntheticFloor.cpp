@@ -68,7 +68,7 @@ std::shared_ptr<const graphics::Image> arrowImage() {
   std::vector<std::uint8_t> pixels(std::size_t{4} * side * side, 255);
   for (std::uint32_t y = 0; y < side; ++y)
     for (std::uint32_t x = 0; x < side; ++x)
-      if (y / 2 >= x % 16 && y < 28) pixels[4 * (y * side + x)] = 40;
+      if (y / 2 >= x % 16 && y < 28) pixels[std::size_t{4} * (y * side + x)] = 40;
   return graphics::Image::make(side, side, std::move(pixels));
 }
 
@@ -78,7 +78,7 @@ std::shared_ptr<scene::Material> arrowMaterial(
       glm::rotate(graphics::Matrix4(1.0F), glm::half_pi<float>(), Vector3(0, 0, 1));
   const graphics::Matrix4 placed =
       glm::scale(turn, Vector3(static_cast<float>(length) / 5.0F, 1, 1));
-  const auto material = scene::Material::make(image);
+  auto material = scene::Material::make(image);
   material->setDiffuse({image, placed, scene::WrapMode::repeat, scene::WrapMode::repeat});
   auto moving = std::make_shared<scene::KeyframeAnimation>();
   moving->keyPath = "diffuse.contentsTransform";

@@ -26,7 +26,6 @@ TEST(MapViewMarkers, GiveWay) {
     const char* what;
     std::vector<Placed> markers;
     std::string shown;  // one character a marker
-  } cases[] = {{"one alone", {{500, true}}, "+"},
                {"the first may not", {{500, false}, {500, true}, {500, true}}, "+--"},
                {"none may", {{500, false}, {500, false}}, "++"},
                {"both may: the earlier", {{500, true}, {500, true}}, "-+"},
