@@ -108,6 +108,7 @@ foreach(
         Source/HttpLink.hpp
         Source/HttpSession.hpp
         Source/ImageCollection.hpp
+        Source/LoadReport.hpp
         Source/Location.hpp
         Source/Map.hpp
         Source/NavigationGraph.hpp

@@ -115,7 +115,7 @@ TEST_F(FloorDrawing, MovingANodeUploadsItsOwnVerticesAlone) {
   for (int i = 0; i < 20; ++i) add();
   studio.draw();
   studio.draw();
-  const int before = studio.statistics().bytesUploaded;
+  const std::int64_t before = studio.statistics().bytesUploaded;
   moving->setPosition({3, 4, 5});
   studio.draw();
   EXPECT_EQ(studio.statistics().bytesUploaded - before, 24 * 36);  // four corners a side

@@ -26,7 +26,7 @@ TEST(MapViewMarkers, GiveWay) {
     const char* what;
     std::vector<Placed> markers;
     std::string shown;  // one character a marker
-               {"the first may not", {{500, false}, {500, true}, {500, true}}, "+--"},
+  } cases[] = {{"the first may not", {{500, false}, {500, true}, {500, true}}, "+--"},
                {"none may", {{500, false}, {500, false}}, "++"},
                {"both may: the earlier", {{500, true}, {500, true}}, "-+"},
                {"the later may", {{500, false}, {500, true}}, "+-"},
