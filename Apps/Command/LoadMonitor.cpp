@@ -55,7 +55,8 @@ std::vector<LoadFailure> LoadMonitor::wait() {
   std::vector<LoadFailure> failures;
   for (const auto& [name, collection] : collections_)
     if (!collection.failure.empty())
-      failures.push_back({name, collection.failure, collection.endless});
+      failures.push_back(
+          {name, collection.failure, collection.endless, collection.httpStatus});
   return failures;
 }
 
@@ -69,8 +70,10 @@ void LoadMonitor::pageReceived(std::string_view name, const network::HttpUrlResp
   progress_.bytes += bodyBytes;
   report();
   const bool refused = response.statusCode < 200 || response.statusCode > 299;
-  if (refused && collection.failure.empty())
+  if (refused && collection.failure.empty()) {
     collection.failure = refusal(collection.latestUrl, response.statusCode);
+    collection.httpStatus = response.statusCode;
+  }
   const auto next = detail::nextPage(response);
   if (next && !collection.requested.insert(next->absoluteString()).second)
     giveUp(collection, fmt::format("the pages of {} run in a circle, back to {}", name,

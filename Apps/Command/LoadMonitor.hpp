@@ -27,6 +27,7 @@ struct LoadFailure {
   std::string collection;  ///< the resource's name in the API
   std::string reason;      ///< a sentence with the URL, without a full stop
   bool endless = false;    ///< the load has been given up: its result will not come
+  int httpStatus = 0;      ///< with which the server refused; 0 when it did not
 };
 
 /// One load at a time, each between `begin` and `wait`. Any thread.
@@ -56,6 +57,7 @@ class LoadMonitor : public WebApiObserver {
     std::string latestUrl;
     std::string failure;  // empty while all is well
     bool endless = false;
+    int httpStatus = 0;   // of the refusal
   };
 
   void giveUp(Collection& collection, std::string reason);
