@@ -26,7 +26,10 @@ struct FloorProgress {
   FloorState state = FloorState::waiting;
   std::size_t filesDone = 0;
   std::size_t fileCount = 0;
-  std::string problem;  ///< a sentence for people, without a full stop; empty unless it failed
+
+  /// Why it failed or, when it is ready nonetheless, which of its files it is shown without: with
+  /// the URL, for people, without a full stop. Empty when all is well.
+  std::string problem;
 };
 
 /// Called on the main queue.
@@ -43,7 +46,8 @@ class ORIVANTA_API FloorLoad {
  public:
   virtual ~FloorLoad() = default;
 
-  /// Floors that are ready stay; the others never come, and no handler is called any more.
+  /// Floors that are ready stay; the others never come, and no handler is called any more. Nothing
+  /// happens when the load is over.
   virtual void cancel() = 0;
 
   /// In the venue's order.

@@ -3,6 +3,7 @@
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Platform/View/ImageView.hpp"
+#include "Source/UI/FloorLoading.hpp"
 #include "Source/UI/SdkBundle.hpp"
 
 namespace orivanta {
@@ -57,7 +58,10 @@ MapView::MapView(const view::Coder& coder)
   initView();
 }
 
-MapView::~MapView() { sceneView->setRendererDelegate(nullptr); }
+MapView::~MapView() {
+  if (const auto load = floorLoad_) load->cancel();
+  sceneView->setRendererDelegate(nullptr);
+}
 
 void MapView::initView() {
   sceneView->setFrame(frame());
@@ -76,6 +80,10 @@ void MapView::initView() {
   activityIndicator->setStyle(view::ActivityIndicatorStyle::gray);
   activityIndicator->setColor(graphics::colors::white);
   activityIndicator->setBackgroundColor(veil);
+  showActivity();
+}
+
+void MapView::showActivity() {
   addSubview(activityIndicator);
   bringSubviewToFront(*activityIndicator);
   activityIndicator->setTranslatesAutoresizingMaskIntoConstraints(false);
@@ -84,6 +92,11 @@ void MapView::initView() {
         LayoutAttribute::trailing, LayoutAttribute::top, LayoutAttribute::bottom})
     addConstraint({activityIndicator.get(), attribute, this, attribute});
   activityIndicator->startAnimating();
+}
+
+void MapView::hideActivity() {
+  activityIndicator->stopAnimating();
+  activityIndicator->removeFromSuperview();
 }
 
 void MapView::addMapLogo() {

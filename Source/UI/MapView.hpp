@@ -27,6 +27,8 @@
 
 namespace orivanta {
 
+class FloorLoading;
+
 /// The kinds of motion of the camera, for applications: no handler asks for it.
 enum class MotionType { Zooming = 0, Panning = 1, Rotating = 2, Multi = 3 };
 
@@ -80,11 +82,16 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   void loadScene();
 
   /// The same for applications: fetches, reads and prepares the floors side by side in the
-  /// background, beginning with `first` (the venue's first floor when null). The scene starts, and
-  /// the delegate is told, as soon as a floor is ready: `first`, or, when that fails, the next in
-  /// the venue's order that does not. Floors that arrive later can be switched to from then on.
-  /// Nothing is fatal but a missing venue: what goes wrong is told for each floor. A load under way
-  /// in this view is cancelled first.
+  /// background, beginning with `first` (the venue's first floor when null or of another venue).
+  /// The scene starts anew, and the delegate is told, as soon as that floor is ready; when it fails
+  /// or has no model, as soon as any other is: of several the first in the venue's order. Floors
+  /// that arrive later can be switched to from then on. When no floor can be shown the delegate is
+  /// not told, and the activity indicator stops; it turns again from the next call on.
+  ///
+  /// Nothing is fatal but a missing venue: what goes wrong is told for each floor. A model that
+  /// cannot be read is taken out of the caches directory, so that another call fetches it anew. A
+  /// load under way in this view is cancelled first, and so is this one when the view goes or gets
+  /// another venue.
   std::shared_ptr<FloorLoad> loadFloors(FloorLoadHandlers handlers,
                                         const std::shared_ptr<Map>& first = nullptr);
 
@@ -207,13 +214,18 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   void removeHighlightNode();
 
  private:
+  friend class FloorLoading;
   using Shapes = tsl::ordered_map<std::string, std::shared_ptr<scene::Node>>;
   using Highlights = tsl::ordered_map<std::shared_ptr<Polygon>, scene::Contents>;
 
   void initView();
   void addMapLogo();
+  void showActivity();
+  void hideActivity();
   std::shared_ptr<scene::Node> loadFloor(Map& map);
   void addShapes(const scene::Node& floor);
+  void setModel(Map& map, const std::shared_ptr<scene::Node>& model);
+  void show(const std::shared_ptr<Map>& map);
   void startScene(const std::shared_ptr<Map>& map);
   void addRecognizers();
   void addCamera(scene::Node& root);
@@ -237,6 +249,7 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   Highlights highlightedPolygons_;
   std::vector<std::shared_ptr<MapViewMarker>> markers_;
   std::vector<std::shared_ptr<view::GestureRecognizer>> recognizers_;
+  std::shared_ptr<FloorLoading> floorLoad_;  // null when none is under way
 };
 
 /// Pins a view to the four edges of another that it is a child of.

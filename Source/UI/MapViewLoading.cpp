@@ -5,8 +5,11 @@
 
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
+#include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/FloorFiles.hpp"
+#include "Source/UI/FloorLoading.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
 
@@ -24,10 +27,43 @@ void MapView::loadScene() {
   const auto self = std::static_pointer_cast<MapView>(shared_from_this());
   view::SceneView::prepare(std::move(floors), [self](bool) {
     self->startScene();
-    self->activityIndicator->stopAnimating();
-    self->activityIndicator->removeFromSuperview();
+    self->hideActivity();
     if (const auto receiver = self->delegate.lock()) receiver->mapViewDidLoad();
   });
+}
+
+std::shared_ptr<FloorLoad> MapView::loadFloors(FloorLoadHandlers handlers,
+                                               const std::shared_ptr<Map>& first) {
+  unwrap(venue);
+  if (const auto former = floorLoad_) former->cancel();
+  scnNodeDictionary_.clear();
+  highlightedPolygons_.clear();
+  showActivity();
+  floorLoad_ = std::make_shared<FloorLoading>(std::static_pointer_cast<MapView>(shared_from_this()),
+                                              std::move(handlers), first);
+  floorLoad_->start();
+  return floorLoad_;
+}
+
+// Also in place of a model of the same floor that shows at the moment.
+void MapView::setModel(Map& map, const std::shared_ptr<scene::Node>& model) {
+  const graphics::Transaction transaction;
+  if (map.mapObject) {
+    if (const auto root = map.mapObject->parent()) root->insertChild(model, 0);
+    map.mapObject->removeFromParent();
+  }
+  map.mapObject = model;
+  addShapes(*model);
+}
+
+void MapView::show(const std::shared_ptr<Map>& map) {
+  {
+    const graphics::Transaction transaction;
+    unwrap(sceneView).setScene(scene::Scene::make());
+    startScene(map);
+  }
+  hideActivity();
+  if (const auto receiver = delegate.lock()) receiver->mapViewDidLoad();
 }
 
 std::shared_ptr<scene::Node> MapView::loadFloor(Map& map) {

@@ -1,0 +1,89 @@
+#include "Source/UI/FileFetch.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "Platform/Foundation/Files.hpp"
+
+namespace orivanta {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t mostThreads = 4;
+
+// Whether a file begins as web pages and JSON do: no model, material library or picture does.
+bool isErrorPage(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  char first = '\0';
+  file >> first;  // behind blanks
+  return first == '<' || first == '{';
+}
+
+}  // namespace
+
+std::shared_ptr<FileFetch> FileFetch::start(std::vector<File> files,
+                                            std::shared_ptr<HttpDownloader> downloader,
+                                            Reports reports) {
+  const std::shared_ptr<FileFetch> fetch(
+      new FileFetch(std::move(files), std::move(downloader), std::move(reports)));
+  for (std::size_t i = 0; i < std::min(mostThreads, fetch->files_.size()); ++i)
+    std::thread([fetch] { fetch->work(); }).detach();
+  return fetch;
+}
+
+FileFetch::FileFetch(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader,
+                     Reports reports)
+    : files_(std::move(files)), downloader_(std::move(downloader)), reports_(std::move(reports)) {}
+
+void FileFetch::cancel() {
+  const std::lock_guard lock(mutex_);
+  next_ = files_.size() + 1;
+}
+
+bool FileFetch::isCancelled() const {
+  const std::lock_guard lock(mutex_);
+  return next_ > files_.size();
+}
+
+void FileFetch::work() {
+  const auto take = [this] {
+    const std::lock_guard lock(mutex_);
+    return next_ < files_.size() ? next_++ : files_.size();
+  };
+  for (std::size_t i = take(); i < files_.size(); i = take()) {
+    reports_.began(i);
+    reports_.ended(i, fetch(files_[i]));
+  }
+}
+
+FileFetch::Outcome FileFetch::fetch(const File& file) const try {
+  const std::string& address = file.url.absoluteString();
+  if (!foundation::cachesDirectory())
+    return {"", fmt::format("{} has no place to be kept: HOME is not set", address)};
+  const auto path = downloader_->loadFileSync(file.url, file.folder);
+  if (!path) return {"", fmt::format("{} cannot be fetched", address)};
+  if (!isErrorPage(*path)) return {*path, ""};
+  forget(*path);
+  return {"", fmt::format("{} gives an error page in place of the file", address)};
+} catch (const std::exception& failure) {
+  return {"", fmt::format("{}: {}", file.url.absoluteString(), failure.what())};
+}
+
+void FileFetch::forget(const std::string& path) {
+  const auto caches = foundation::cachesDirectory();
+  if (!caches) return;
+  const fs::path below = fs::path(path).lexically_relative(*caches);
+  std::error_code failure;
+  if (!below.empty() && *below.begin() != ".." && below != ".") fs::remove(path, failure);
+}
+
+}  // namespace orivanta
