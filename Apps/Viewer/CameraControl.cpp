@@ -127,8 +127,7 @@ void CameraControl::advance(double time) {
 }
 
 void CameraControl::settle(bool gestureEnded) {
-  if (!isReady()) return;
-  glide_.reset();
+  if (!isReady() || glide_) return;
   const CameraPose now = pose();
   CameraPose allowed = limits().clamped(now);
   allowed.turn = now.turn;  // a rotation under way counts on

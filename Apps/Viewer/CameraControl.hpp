@@ -41,11 +41,14 @@ class CameraControl {
   /// Shows some points of the floor, and their surroundings.
   void frame(const std::vector<graphics::Point>& points, double time);
 
+  /// Ends a glide where it is, as when a finger lands.
+  void stop() { glide_.reset(); }
+
   bool isGliding() const { return glide_.has_value(); }
   void advance(double time);
 
-  /// After a gesture of the map view itself: brings back what went beyond the limits, and the
-  /// gesture state that a tap resets.
+  /// After a touch of the map view itself: brings back what went beyond the limits and, with the
+  /// last finger, the gesture state that a tap resets. A glide that it started goes on.
   void settle(bool gestureEnded);
 
  private:

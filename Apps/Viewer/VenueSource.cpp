@@ -1,5 +1,8 @@
 #include "Apps/Viewer/VenueSource.hpp"
 
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
 #include <algorithm>
 #include <optional>
 #include <string_view>
@@ -69,7 +72,7 @@ std::shared_ptr<VenueSource::Request> VenueSource::begin(Handlers handlers,
         });
       });
   request->session.emplace(*settings_.endpoint, *settings_.username, *settings_.password,
-                           foundation::preferredLanguage(), request->monitor);
+                           fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", ")), request->monitor);
   request->monitor->begin(collections);
   return request;
 }

@@ -42,7 +42,7 @@ void Row::draw(view::Canvas& canvas) {
   const double trailing = trailing_->text().empty() ? 0 : trailing_->fitting(160).width + 10;
   const double width = size.width - left - theme::padding - trailing;
   const bool isPlain = detail_->text().empty();
-  title_->setFrame({{left, isPlain ? 0 : 8}, {width, isPlain ? size.height : 22}});
+  title_->setFrame({{left, isPlain ? 0.0 : 8.0}, {width, isPlain ? size.height : 22}});
   detail_->setFrame({{left, 30}, {width, isPlain ? 0.0 : 18}});
   trailing_->setFrame({{size.width - theme::padding - trailing, 0}, {trailing, size.height}});
 }
