@@ -77,31 +77,59 @@ CameraPose zoomed(const CameraPose& pose, const Lens& lens, const CameraLimits& 
   return limits.clamped(closer);
 }
 
+std::optional<graphics::Point> shownAt(const CameraPose& pose, const Lens& lens,
+                                       graphics::Point ground) {
+  const graphics::Point seen = turned({ground.x - pose.x, ground.y - pose.y}, -pose.turn);
+  const double depth = pose.distance + seen.y * std::sin(pose.tilt);
+  if (depth < pose.distance * 0.05) return std::nullopt;  // behind the camera, or nearly
+  const double pointsPerUnit = 1 / (slopePerPoint(lens) * depth);
+  return graphics::Point{lens.size.width / 2 + seen.x * pointsPerUnit,
+                         lens.size.height / 2 - seen.y * std::cos(pose.tilt) * pointsPerUnit};
+}
+
+namespace {
+
+// The smallest upright rectangle of the view around the points; nothing when one does not show.
+std::optional<graphics::Rect> frameOf(const std::vector<graphics::Point>& points,
+                                      const CameraPose& pose, const Lens& lens) {
+  graphics::Box box;
+  for (const graphics::Point& point : points) {
+    const auto shown = shownAt(pose, lens, point);
+    if (!shown) return std::nullopt;
+    box.add(graphics::Vector3{static_cast<float>(shown->x), static_cast<float>(shown->y), 0});
+  }
+  return graphics::Rect{{box.min.x, box.min.y}, {box.max.x - box.min.x, box.max.y - box.min.y}};
+}
+
+CameraPose aboveMiddle(const std::vector<graphics::Point>& points, CameraPose pose) {
+  graphics::Box box;
+  for (const graphics::Point& point : points)
+    box.add(graphics::Vector3{static_cast<float>(point.x), static_cast<float>(point.y), 0});
+  pose.x = box.centre().x;
+  pose.y = box.centre().y;
+  pose.distance = 4.0 * std::max({box.max.x - box.min.x, box.max.y - box.min.y, 1.0F});
+  return pose;
+}
+
+}  // namespace
+
+// What is near looks larger, so the frame is found in steps, from far away.
 CameraPose framing(const std::vector<graphics::Point>& points, CameraPose pose, const Lens& lens,
                    const Insets& insets, double margin) {
   if (points.empty()) return pose;
-  graphics::Box box;
-  for (const graphics::Point& point : points) {
-    const graphics::Point seen = turned(point, -pose.turn);
-    box.add(graphics::Vector3{static_cast<float>(seen.x), static_cast<float>(seen.y), 0});
+  const graphics::Rect room{{insets.left, insets.top},
+                            {std::max(80.0, lens.size.width - insets.left - insets.right),
+                             std::max(80.0, lens.size.height - insets.top - insets.bottom)}};
+  pose = aboveMiddle(points, pose);
+  constexpr int steps = 12;
+  for (int step = 0; step < steps; ++step) {
+    const auto frame = frameOf(points, pose, lens);
+    if (!frame) break;
+    const graphics::Point middle{frame->midX(), frame->midY()};
+    pose = dragged(pose, lens, middle, {room.midX(), room.midY()});
+    pose.distance *= (1 + margin) * std::max({frame->size.width / room.size.width,
+                                              frame->size.height / room.size.height, 1e-3});
   }
-  const double width = (box.max.x - box.min.x) * (1 + margin);
-  const double depth = (box.max.y - box.min.y) * (1 + margin);
-  const double slope = slopePerPoint(lens);
-  const double freeWidth = std::max(80.0, lens.size.width - insets.left - insets.right);
-  const double freeHeight = std::max(80.0, lens.size.height - insets.top - insets.bottom);
-  pose.distance =
-      std::max(width / (slope * freeWidth), depth * std::cos(pose.tilt) / (slope * freeHeight)) +
-      depth / 2 * std::sin(pose.tilt);
-  // The middle of the points shows in the middle of what is free.
-  const double unitsPerPoint = slope * pose.distance;
-  const graphics::Point middle{(box.min.x + box.max.x) / 2.0, (box.min.y + box.max.y) / 2.0};
-  const graphics::Point target = turned(
-      {middle.x - (insets.left - insets.right) / 2 * unitsPerPoint,
-       middle.y - (insets.bottom - insets.top) / 2 * unitsPerPoint / std::cos(pose.tilt)},
-      pose.turn);
-  pose.x = target.x;
-  pose.y = target.y;
   return pose;
 }
 

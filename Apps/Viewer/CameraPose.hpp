@@ -41,6 +41,10 @@ struct CameraLimits {
 std::optional<graphics::Point> groundUnder(const CameraPose& pose, const Lens& lens,
                                            graphics::Point point);
 
+/// The point of the view where a point of the ground shows; nothing behind the camera.
+std::optional<graphics::Point> shownAt(const CameraPose& pose, const Lens& lens,
+                                       graphics::Point ground);
+
 /// So that what was under `from` comes under `to`. Unchanged when either shows no ground.
 CameraPose dragged(const CameraPose& pose, const Lens& lens, graphics::Point from,
                    graphics::Point to);
@@ -49,14 +53,16 @@ CameraPose dragged(const CameraPose& pose, const Lens& lens, graphics::Point fro
 CameraPose zoomed(const CameraPose& pose, const Lens& lens, const CameraLimits& limits,
                   double factor, graphics::Point about);
 
-/// Looks at the middle of some points from where all of them show, with a margin around them as a
-/// share of their extent, and inside a part of the view: its `insets` are covered by other things.
+/// The edges of a view that other things cover, in points.
 struct Insets {
   double left = 0;
   double top = 0;
   double right = 0;
   double bottom = 0;
 };
+
+/// As close as shows all points, inside the insets and with a margin around them as a share of
+/// their extent; tilted and turned as the pose is.
 CameraPose framing(const std::vector<graphics::Point>& points, CameraPose pose, const Lens& lens,
                    const Insets& insets, double margin);
 

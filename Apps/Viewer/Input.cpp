@@ -22,6 +22,7 @@ std::optional<Key> keyOf(SDL_Keycode code) {
     case SDLK_ESCAPE: return Key::escape;
     case SDLK_BACKSPACE: return Key::backspace;
     case SDLK_HOME: return Key::home;
+    case SDLK_F12: return Key::picture;
     default: return std::nullopt;
   }
 }

@@ -3,7 +3,7 @@
 
 namespace orivanta::viewer {
 
-enum class Key { left, right, up, down, pageUp, pageDown, enter, escape, backspace, home, search };
+enum class Key { left, right, up, down, pageUp, pageDown, enter, escape, backspace, home, search, picture };
 
 struct KeyPress {
   Key key;

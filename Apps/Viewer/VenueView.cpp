@@ -22,7 +22,8 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double startTilt = 0.6;      // radians
+constexpr double startTilt = 0.6;  // radians
+constexpr double uprightTilt = 0.3;  // in a view that is higher than wide
 constexpr double pinHeight = 32;       // points
 constexpr std::int64_t pictureSize = 320;
 constexpr graphics::Color pinColor{0.80F, 0.47F, 0.02F};
@@ -172,7 +173,7 @@ void VenueView::floorsEnded(const std::vector<FloorProgress>& floors) {
 void VenueView::mapViewDidLoad() {
   isLoaded_ = true;
   CameraPose pose = camera_->pose();
-  pose.tilt = startTilt;
+  pose.tilt = bounds().size.width < bounds().size.height ? uprightTilt : startTilt;
   camera_->setPose(pose);
   arrangePanels();
   camera_->fit(time_, /*gliding=*/false);

@@ -129,7 +129,7 @@ void VenueView::updateInsets(bool isWide) {
   if (isWide && !hasSheet) insets.top = 72;
   if (!isWide) {
     insets.top = 72;
-    insets.right = 64;
+    insets.right = 24;
     const view::View& sheet = selected_ ? static_cast<view::View&>(*card_) : *routePanel_;
     if (hasSheet) insets.bottom = size.height - sheet.frame().minY() + gap;
   }

@@ -219,6 +219,10 @@ void Viewer::wheel(graphics::Point at, double steps, double time) {
 }
 
 void Viewer::keyPressed(const KeyPress& press) {
+  if (press.key == Key::picture) {
+    if (pictureWanted) pictureWanted();
+    return;
+  }
   if (!message_->isHidden()) {
     if (press.key == Key::enter && message_->retried) message_->retried();
     if (press.key == Key::escape && message_->dismissed) message_->dismissed();

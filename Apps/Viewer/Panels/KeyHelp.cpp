@@ -21,7 +21,7 @@ constexpr std::array lines{
     Line{"Page Up, Page Down", "Floor up, floor down"},
     Line{"F", "Show the whole floor"},
     Line{"/ or Ctrl + F", "Search"},
-    Line{"S", "Save a picture"},
+    Line{"S or F12", "Save a picture"},
     Line{"Esc", "Close what is open"},
     Line{"?", "This list"},
 };

@@ -19,7 +19,7 @@ void drawPaper(view::Canvas& canvas, const graphics::Rect& rect, double radius) 
   graphics::Rect lowered = rect;
   lowered.origin.y += 3;
   for (int ring = rings; ring > 0; --ring)
-    canvas.fill(grown(lowered, ring * 1.6), {0.09F, 0.13F, 0.22F, 0.014F}, radius + ring * 1.6);
+    canvas.fill(grown(lowered, ring * 1.6), {0.09F, 0.11F, 0.16F, 0.010F}, radius + ring * 1.6);
   canvas.fill(grown(rect, 1), theme::hairline, radius + 1);
   canvas.fill(rect, theme::paper, radius);
 }
