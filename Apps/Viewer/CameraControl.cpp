@@ -92,8 +92,11 @@ CameraPose CameraControl::fitting() const {
   const auto box = mapView_->currentMap()->mapObject->boundingBox();
   CameraPose upright = pose();
   upright.turn = 0;
-  return framing({{box.min.x, box.min.y}, {box.max.x, box.max.y}}, upright, lens(), insets_,
-                 floorMargin);
+  return framing({{box.min.x, box.min.y},
+                  {box.max.x, box.min.y},
+                  {box.min.x, box.max.y},
+                  {box.max.x, box.max.y}},
+                 upright, lens(), insets_, floorMargin);
 }
 
 void CameraControl::fit(double time, bool gliding) {

@@ -40,6 +40,14 @@ std::string nameOfFloor(const Map& map) {
   return map.name.empty() ? command::floorLabel(map) : map.name;
 }
 
+std::string rideText(const Vortex& vortex, const Map& from, const Map& to) {
+  const std::string name = vortex.name.value_or("the connector");
+  const char* const way = to.elevation < from.elevation ? "down" : "up";
+  // Some connectors say by themselves where they go.
+  if (name.find(fmt::format(" {} to ", way)) != std::string::npos) return "Take " + name;
+  return fmt::format("Take {} {} to {}", name, way, nameOfFloor(to));
+}
+
 }  // namespace
 
 RoutePlanner::RoutePlanner(std::shared_ptr<Venue> venue)
@@ -92,9 +100,7 @@ void RoutePlanner::describe(PlannedRoute& route, const NavigationGraph& network)
     const Vortex* vortex = edge->vortex().get();
     const bool changesFloor = path[i - 1]->map != path[i]->map;
     if (vortex != nullptr && changesFloor) {
-      const char* way = path[i]->map->elevation < path[i - 1]->map->elevation ? "down" : "up";
-      const auto text = fmt::format("Take {} {} to {}", vortex->name.value_or("the connector"), way,
-                                    nameOfFloor(*path[i]->map));
+      const std::string text = rideText(*vortex, *path[i - 1]->map, *path[i]->map);
       if (vortex == ridden)
         route.steps.back().text = text;
       else

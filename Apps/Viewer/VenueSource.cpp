@@ -31,6 +31,13 @@ struct VenueSource::Request {
 
 namespace {
 
+// With a capital letter and a full stop.
+std::string sentence(std::string text) {
+  if (!text.starts_with("http") && !text.empty() && text.front() >= 'a' && text.front() <= 'z')
+    text.front() = static_cast<char>(text.front() - 'a' + 'A');
+  return text + '.';
+}
+
 Problem problemOf(const LoadFailure& failure, const std::string& reasons) {
   if (failure.httpStatus == 401 || failure.httpStatus == 403)
     return {"The server refuses these credentials", reasons};
@@ -49,7 +56,7 @@ std::optional<Problem> problemIn(const std::vector<LoadFailure>& failures,
     if (!counts) continue;
     if (!first) {
       first = failure;
-      reasons = failure.reason + ".";
+      reasons = sentence(failure.reason);
     }
   }
   return first ? std::optional(problemOf(*first, reasons)) : std::nullopt;

@@ -4,6 +4,8 @@
 #include <functional>
 #include <memory>
 
+#include "Platform/Foundation/Export.hpp"
+
 namespace orivanta::foundation {
 
 /// Tasks run in the order in which they were added, never two of one queue at once, on threads of
@@ -12,7 +14,7 @@ namespace orivanta::foundation {
 ///
 /// The queue is shared by reference; tasks still waiting keep it alive. A suspended queue that
 /// nobody refers to any more is dropped together with its tasks, unrun.
-class SerialQueue : public std::enable_shared_from_this<SerialQueue> {
+class ORIVANTA_API SerialQueue : public std::enable_shared_from_this<SerialQueue> {
  public:
   static std::shared_ptr<SerialQueue> make();
   ~SerialQueue();

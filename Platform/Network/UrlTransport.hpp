@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
 
@@ -54,6 +55,6 @@ class UrlTransport {
 };
 
 /// The process-wide transport. Any thread.
-UrlTransport& defaultTransport();
+ORIVANTA_API UrlTransport& defaultTransport();
 
 }  // namespace orivanta::network

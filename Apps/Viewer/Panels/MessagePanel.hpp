@@ -21,6 +21,8 @@ class MessagePanel : public Panel {
   /// `otherWay`: what the second button says.
   void show(const Problem& problem, const std::string& otherWay = "");
 
+  const std::string& title() const { return title_->text(); }
+
   graphics::Size arrange(graphics::Size room);
 
  private:
