@@ -155,6 +155,18 @@ void VenueView::floorsChanged(const FloorProgress& floor) {
     const auto all = floorLoad_->floors();
     progressed(shareOf(all), progressText(all));
   }
+  if (floor.state == FloorState::ready && floor.map == awaitedFloor_) {
+    showFloor(floor.map);
+    lookAgain();
+  }
+}
+
+// At what is wanted, once its floor is there.
+void VenueView::lookAgain() {
+  if (selected_)
+    camera_->frame({flat(mapView_->findPosition3D(*selected_))}, time_);
+  else if (routeOnMap_)
+    frameRoute();
 }
 
 void VenueView::floorsEnded(const std::vector<FloorProgress>& floors) {
@@ -182,6 +194,7 @@ void VenueView::mapViewDidLoad() {
 }
 
 void VenueView::showFloor(const std::shared_ptr<Map>& floor) {
+  awaitedFloor_ = floor;
   if (!isLoaded_ || !floor || floor == mapView_->currentMap()) return;
   if (!floor->mapObject) {
     if (!floorLoad_ || !failed) return;
@@ -304,6 +317,10 @@ void VenueView::planRoute() {
   routeOnMap_ = std::make_unique<command::RouteOnMap>(route_->path, from_, to_);
   showFloor(route_->path.front()->map);
   routeOnMap_->show(*mapView_, scale_);
+  frameRoute();
+}
+
+void VenueView::frameRoute() {
   std::vector<graphics::Point> points;
   for (const auto& point : routeOnMap_->pointsOn(*mapView_->currentMap()))
     points.push_back(flat(point));

@@ -83,11 +83,13 @@ class VenueView : public view::View, public MapViewDelegate {
   void floorsChanged(const FloorProgress& floor);
   void floorsEnded(const std::vector<FloorProgress>& floors);
   void floorShown();
+  void lookAgain();
 
   void mark(const std::shared_ptr<Location>& place);
   void fetchPicture(const std::shared_ptr<Location>& place);
   void beginRoute(std::shared_ptr<Location> from, std::shared_ptr<Location> to);
   void planRoute();
+  void frameRoute();
   void showStep(const RouteStep& step);
   void clearRoute();
   void lookFor(bool start);
@@ -111,6 +113,7 @@ class VenueView : public view::View, public MapViewDelegate {
   std::vector<std::shared_ptr<Button>> mapButtonList_;
 
   std::shared_ptr<FloorLoad> floorLoad_;
+  std::shared_ptr<Map> awaitedFloor_;  // to be shown as soon as it is there; null for none
   bool isLoaded_ = false;
   std::shared_ptr<Location> selected_;
   std::shared_ptr<MapViewMarker2D> mark_;

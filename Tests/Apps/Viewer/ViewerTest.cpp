@@ -15,6 +15,7 @@ class ViewerTest : public testing::Test {
  protected:
   test::TemporaryFolder caches;
   test::EnvironmentVariable home{"XDG_CACHE_HOME", caches.path().string()};
+  test::EnvironmentVariable noShaderCache{"MESA_SHADER_CACHE_DISABLE", "true"};
   std::unique_ptr<server::VenueServer> server = test::serveDemo();
 };
 
@@ -51,9 +52,9 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     stage.tap(view.searchPanel().field());
     stage.type("dosa dinamo");
     stage.viewer.keyPressed({Key::enter});
-    stage.settle();
     EXPECT_EQ(view.selected(), stage.place("dosa-dynamo"));
-    EXPECT_EQ(view.mapView().currentMap()->shortName, "2");
+    stage.until([&] { return view.mapView().currentMap()->shortName == "2"; });
+    stage.settle();
 
     view.placeCard().toHere();
     EXPECT_FALSE(view.route());
