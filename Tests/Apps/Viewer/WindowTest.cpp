@@ -43,10 +43,10 @@ class Screen {
       _exit(127);
     }
     close(ends[1]);
-    std::array<char, 16> number{};
-    const auto count = read(ends[0], number.data(), number.size() - 1);
+    std::string number;
+    for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';) number += digit;
     close(ends[0]);
-    if (count > 1) display_ = ":" + std::string(number.data(), static_cast<std::size_t>(count - 1));
+    display_ = ":" + number;
   }
   ~Screen() {
     kill(process_, SIGTERM);
