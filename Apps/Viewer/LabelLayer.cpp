@@ -14,6 +14,7 @@ namespace {
 
 constexpr double labelSize = 12;  // points
 constexpr double gap = 3;         // between names, points
+constexpr int mostDrawnAtOnce = 6;
 
 graphics::Rect around(graphics::Point middle, graphics::Size size, double margin) {
   return {{middle.x - size.width / 2 - margin, middle.y - size.height / 2 - margin},
@@ -45,26 +46,34 @@ void LabelLayer::reload(double scale) {
 
 void LabelLayer::setMarked(std::shared_ptr<Location> location) { marked_ = std::move(location); }
 
-void LabelLayer::arrange() {
-  if (!mapView_->cameraOrbit) return;
+bool LabelLayer::arrange() {
+  if (!mapView_->cameraOrbit) return false;
   mapView_->updateMarkerPositions();
   std::vector<graphics::Rect> taken;
   for (const auto& marker : mapView_->markers())
     if (const auto* mark = dynamic_cast<MapViewMarker2D*>(marker.get());
         mark != nullptr && !mark->hideWhenCollide.value_or(false))
       taken.push_back(around(mapView_->findPosition2D(mark->position()), mark->node->size(), 0));
-  for (Name& name : names_)
-    show(name, name.location != marked_ && hasRoom(name, taken));
+  int drawn = 0;
+  for (Name& name : names_) {
+    const bool isWanted = name.location != marked_ && isInView(name);
+    if (isWanted && !name.made) {
+      if (++drawn > mostDrawnAtOnce) break;
+      makeMarker(name);
+    }
+    show(name, isWanted && name.marker && hasRoom(name, taken));
+  }
   mapView_->updateMarkerVisibility();
+  return drawn > mostDrawnAtOnce;
 }
 
-bool LabelLayer::hasRoom(Name& name, std::vector<graphics::Rect>& taken) const {
-  const graphics::Point middle = mapView_->findPosition2D(name.position);
-  const graphics::Size view = mapView_->overlay().size();
-  if (!graphics::Rect{{0, 0}, view}.contains(middle)) return false;
-  if (!name.marker) makeMarker(name);
-  if (!name.marker) return false;
-  const graphics::Rect frame = around(middle, name.size, gap);
+bool LabelLayer::isInView(const Name& name) const {
+  return graphics::Rect{{0, 0}, mapView_->overlay().size()}.contains(
+      mapView_->findPosition2D(name.position));
+}
+
+bool LabelLayer::hasRoom(const Name& name, std::vector<graphics::Rect>& taken) const {
+  const graphics::Rect frame = around(mapView_->findPosition2D(name.position), name.size, gap);
   const bool isFree = std::none_of(taken.begin(), taken.end(), [&](const graphics::Rect& other) {
     return other.intersects(frame);
   });
@@ -73,6 +82,7 @@ bool LabelLayer::hasRoom(Name& name, std::vector<graphics::Rect>& taken) const {
 }
 
 void LabelLayer::makeMarker(Name& name) const {
+  name.made = true;
   name.marker = makeLabelMarker(name.location->name.value_or(""), labelStyle(labelSize), scale_);
   if (!name.marker) return;
   name.marker->setPosition(name.position);

@@ -22,8 +22,9 @@ class LabelLayer {
   void setMarked(std::shared_ptr<Location> location);
 
   /// Chooses what has room as the camera stands now. Call it after the camera or other markers
-  /// have moved.
-  void arrange();
+  /// have moved, again before the next frame as long as it returns true: a few new names are drawn
+  /// at a time, so that a frame does not wait for all of them.
+  bool arrange();
 
  private:
   struct Name {
@@ -31,10 +32,12 @@ class LabelLayer {
     std::shared_ptr<MapViewMarker2D> marker;  // null until it is first shown
     graphics::Size size;
     graphics::Vector3 position;
+    bool made = false;
     bool shown = false;
   };
 
-  bool hasRoom(Name& name, std::vector<graphics::Rect>& taken) const;
+  bool hasRoom(const Name& name, std::vector<graphics::Rect>& taken) const;
+  bool isInView(const Name& name) const;
   void makeMarker(Name& name) const;
   void show(Name& name, bool shown);
 

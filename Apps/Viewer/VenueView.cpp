@@ -439,7 +439,8 @@ void VenueView::toggleHelp() {
 // --- Time -----------------------------------------------------------------------------------------
 
 bool VenueView::isMoving() const {
-  return camera_->isGliding() || (route_ && mapView_->cameraOrbit && !isHidden());
+  if (!isLoaded_) return false;
+  return camera_->isGliding() || labelsAreOld_ || (route_ && mapView_->cameraOrbit && !isHidden());
 }
 
 void VenueView::advance(double time) {
@@ -448,8 +449,7 @@ void VenueView::advance(double time) {
   if (!isLoaded_) return;
   const CameraPose pose = camera_->pose();
   if (!labelsAreOld_ && pose == labelledPose_) return;
-  labels_->arrange();
-  labelsAreOld_ = false;
+  labelsAreOld_ = labels_->arrange();
   labelledPose_ = pose;
 }
 
