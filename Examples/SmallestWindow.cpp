@@ -35,10 +35,14 @@ void sendTouch(const SDL_Event& event, graphics::Size size, view::TouchDispatche
   const double y = event.tfinger.y * size.height;
   const auto finger = static_cast<std::uint64_t>(event.tfinger.fingerId);
   switch (event.type) {
-    case SDL_FINGERDOWN: return send(finger, view::TouchPhase::began, x, y);
-    case SDL_FINGERMOTION: return send(finger, view::TouchPhase::moved, x, y);
-    case SDL_FINGERUP: return send(finger, view::TouchPhase::ended, x, y);
-    default: return;
+    case SDL_FINGERDOWN:
+      return send(finger, view::TouchPhase::began, x, y);
+    case SDL_FINGERMOTION:
+      return send(finger, view::TouchPhase::moved, x, y);
+    case SDL_FINGERUP:
+      return send(finger, view::TouchPhase::ended, x, y);
+    default:
+      return;
   }
 }
 

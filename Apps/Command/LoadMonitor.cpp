@@ -55,8 +55,7 @@ std::vector<LoadFailure> LoadMonitor::wait() {
   std::vector<LoadFailure> failures;
   for (const auto& [name, collection] : collections_)
     if (!collection.failure.empty())
-      failures.push_back(
-          {name, collection.failure, collection.endless, collection.httpStatus});
+      failures.push_back({name, collection.failure, collection.endless, collection.httpStatus});
   return failures;
 }
 

@@ -57,7 +57,7 @@ class LoadMonitor : public WebApiObserver {
     std::string latestUrl;
     std::string failure;  // empty while all is well
     bool endless = false;
-    int httpStatus = 0;   // of the refusal
+    int httpStatus = 0;  // of the refusal
   };
 
   void giveUp(Collection& collection, std::string reason);

@@ -16,11 +16,11 @@ using scene::Axis;
 namespace {
 
 constexpr double glideSeconds = 0.28;
-constexpr double floorMargin = 0.06;        // around a floor that is shown whole, of its extent
-constexpr double leastFramedUnits = 300;    // of the surroundings of what is framed
-constexpr double framedMargin = 0.35;       // around it, of its extent
+constexpr double floorMargin = 0.06;      // around a floor that is shown whole, of its extent
+constexpr double leastFramedUnits = 300;  // of the surroundings of what is framed
+constexpr double framedMargin = 0.35;     // around it, of its extent
 constexpr double farthestTimesFitting = 1.8;
-constexpr double farthestOfAll = 4500;      // within the far plane at every tilt
+constexpr double farthestOfAll = 4500;  // within the far plane at every tilt
 
 }  // namespace
 

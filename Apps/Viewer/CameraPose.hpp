@@ -29,10 +29,10 @@ struct Lens {
 
 /// How far the camera may go.
 struct CameraLimits {
-  graphics::Box floor;         ///< what the middle of the view stays above
-  double nearest = 90;         ///< distance
-  double farthest = 4000;      ///< distance
-  double steepest = 1.047;     ///< tilt, just below 60 degrees
+  graphics::Box floor;      ///< what the middle of the view stays above
+  double nearest = 90;      ///< distance
+  double farthest = 4000;   ///< distance
+  double steepest = 1.047;  ///< tilt, just below 60 degrees
 
   CameraPose clamped(CameraPose pose) const;
 };

@@ -11,19 +11,31 @@ namespace {
 
 std::optional<Key> keyOf(SDL_Keycode code) {
   switch (code) {
-    case SDLK_LEFT: return Key::left;
-    case SDLK_RIGHT: return Key::right;
-    case SDLK_UP: return Key::up;
-    case SDLK_DOWN: return Key::down;
-    case SDLK_PAGEUP: return Key::pageUp;
-    case SDLK_PAGEDOWN: return Key::pageDown;
+    case SDLK_LEFT:
+      return Key::left;
+    case SDLK_RIGHT:
+      return Key::right;
+    case SDLK_UP:
+      return Key::up;
+    case SDLK_DOWN:
+      return Key::down;
+    case SDLK_PAGEUP:
+      return Key::pageUp;
+    case SDLK_PAGEDOWN:
+      return Key::pageDown;
     case SDLK_RETURN:
-    case SDLK_KP_ENTER: return Key::enter;
-    case SDLK_ESCAPE: return Key::escape;
-    case SDLK_BACKSPACE: return Key::backspace;
-    case SDLK_HOME: return Key::home;
-    case SDLK_F12: return Key::picture;
-    default: return std::nullopt;
+    case SDLK_KP_ENTER:
+      return Key::enter;
+    case SDLK_ESCAPE:
+      return Key::escape;
+    case SDLK_BACKSPACE:
+      return Key::backspace;
+    case SDLK_HOME:
+      return Key::home;
+    case SDLK_F12:
+      return Key::picture;
+    default:
+      return std::nullopt;
   }
 }
 
@@ -106,8 +118,10 @@ bool Input::handleFinger(const SDL_Event& event, double time) {
   const SDL_TouchFingerEvent& finger = event.tfinger;
   if (!isOnScreen(finger.touchId)) return false;
   const graphics::Size size = surface_.size();
-  touches_.push_back({static_cast<std::uint64_t>(finger.fingerId), phaseOf(event.type),
-                      {finger.x * size.width, finger.y * size.height}, time});
+  touches_.push_back({static_cast<std::uint64_t>(finger.fingerId),
+                      phaseOf(event.type),
+                      {finger.x * size.width, finger.y * size.height},
+                      time});
   return true;
 }
 
@@ -129,8 +143,7 @@ bool Input::handleMouse(const SDL_Event& event, double time) {
   }
   const SDL_MouseButtonEvent& button = event.button;
   if (button.button != SDL_BUTTON_LEFT && button.button != SDL_BUTTON_RIGHT) return false;
-  const auto which =
-      button.button == SDL_BUTTON_LEFT ? PointerButton::left : PointerButton::right;
+  const auto which = button.button == SDL_BUTTON_LEFT ? PointerButton::left : PointerButton::right;
   const graphics::Point at = surface_.pointAt(button.x, button.y);
   if (event.type == SDL_MOUSEBUTTONDOWN) {
     if (++buttonsDown_ == 1) SDL_CaptureMouse(SDL_TRUE);

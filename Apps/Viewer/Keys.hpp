@@ -3,7 +3,20 @@
 
 namespace orivanta::viewer {
 
-enum class Key { left, right, up, down, pageUp, pageDown, enter, escape, backspace, home, search, picture };
+enum class Key {
+  left,
+  right,
+  up,
+  down,
+  pageUp,
+  pageDown,
+  enter,
+  escape,
+  backspace,
+  home,
+  search,
+  picture
+};
 
 struct KeyPress {
   Key key;

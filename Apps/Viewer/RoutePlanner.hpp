@@ -43,8 +43,8 @@ class RoutePlanner {
   void describe(PlannedRoute& route, const NavigationGraph& graph) const;
 
   std::shared_ptr<Venue> venue_;
-  double unitsPerMetre_;                                 // 0 when the venue does not tell
-  std::shared_ptr<const NavigationGraph> accessible_;    // null until it is needed
+  double unitsPerMetre_;                               // 0 when the venue does not tell
+  std::shared_ptr<const NavigationGraph> accessible_;  // null until it is needed
 };
 
 }  // namespace orivanta::viewer

@@ -18,9 +18,8 @@ namespace {
 using CodePoints = std::vector<utf8proc_int32_t>;
 
 CodePoints decomposed(std::string_view text) {
-  const auto options = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_DECOMPOSE |
-                                                      UTF8PROC_COMPAT | UTF8PROC_CASEFOLD |
-                                                      UTF8PROC_IGNORE);
+  const auto options = static_cast<utf8proc_option_t>(
+      UTF8PROC_STABLE | UTF8PROC_DECOMPOSE | UTF8PROC_COMPAT | UTF8PROC_CASEFOLD | UTF8PROC_IGNORE);
   const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
   const auto size = static_cast<utf8proc_ssize_t>(text.size());
   const auto length = utf8proc_decompose(bytes, size, nullptr, 0, options);
@@ -31,9 +30,7 @@ CodePoints decomposed(std::string_view text) {
 }
 
 // Accents, vowel points and tone marks combine in these classes; those below make other letters.
-bool isLeftOut(utf8proc_int32_t point) {
-  return utf8proc_get_property(point)->combining_class > 9;
-}
+bool isLeftOut(utf8proc_int32_t point) { return utf8proc_get_property(point)->combining_class > 9; }
 
 bool isPartOfWord(utf8proc_int32_t point) {
   switch (utf8proc_category(point)) {
@@ -54,7 +51,9 @@ bool isPartOfWord(utf8proc_int32_t point) {
 }
 
 // An apostrophe joins what it separates: "Joe's" is found as "joes".
-bool isJoiner(utf8proc_int32_t point) { return point == '\'' || point == 0x2019 || point == 0x02BC; }
+bool isJoiner(utf8proc_int32_t point) {
+  return point == '\'' || point == 0x2019 || point == 0x02BC;
+}
 
 void append(std::string& text, utf8proc_int32_t point) {
   std::array<utf8proc_uint8_t, 4> bytes{};
@@ -76,9 +75,8 @@ CodePoints codePoints(std::string_view text) {
   CodePoints points;
   while (!text.empty()) {
     utf8proc_int32_t point = -1;
-    const auto read =
-        utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                         static_cast<utf8proc_ssize_t>(text.size()), &point);
+    const auto read = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                                       static_cast<utf8proc_ssize_t>(text.size()), &point);
     points.push_back(point);
     text.remove_prefix(static_cast<std::size_t>(std::max<utf8proc_ssize_t>(read, 1)));
   }

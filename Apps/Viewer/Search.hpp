@@ -11,8 +11,8 @@
 namespace orivanta::viewer {
 
 /// A text for comparison: without case, accents and other marks that are often left out, compatible
-/// forms made one; marks that make another letter (of Indic and Thai scripts, of kana) stay. Runs of
-/// anything but letters and digits become one blank.
+/// forms made one; marks that make another letter (of Indic and Thai scripts, of kana) stay. Runs
+/// of anything but letters and digits become one blank.
 std::string searchForm(std::string_view text);
 
 /// How well a name answers what was typed; smaller is better.

@@ -51,8 +51,8 @@ std::optional<Problem> problemIn(const std::vector<LoadFailure>& failures,
   std::optional<LoadFailure> first;
   std::string reasons;
   for (const LoadFailure& failure : failures) {
-    const bool counts = failure.endless || std::find(needed.begin(), needed.end(),
-                                                     failure.collection) != needed.end();
+    const bool counts = failure.endless ||
+                        std::find(needed.begin(), needed.end(), failure.collection) != needed.end();
     if (!counts) continue;
     if (!first) {
       first = failure;
@@ -72,14 +72,16 @@ std::shared_ptr<VenueSource::Request> VenueSource::begin(Handlers handlers,
   request->handlers = std::move(handlers);
   request->alive = alive_;
   request->monitor = std::make_shared<command::LoadMonitor>(
-      *settings_.endpoint, [alive = std::weak_ptr(alive_), progressed = request->handlers.progressed](
-                               const command::LoadProgress& progress) {
+      *settings_.endpoint,
+      [alive = std::weak_ptr(alive_),
+       progressed = request->handlers.progressed](const command::LoadProgress& progress) {
         mainQueue::async([alive, progressed, progress] {
           if (alive.lock() && progressed) progressed(progress);
         });
       });
   request->session.emplace(*settings_.endpoint, *settings_.username, *settings_.password,
-                           fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", ")), request->monitor);
+                           fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", ")),
+                           request->monitor);
   request->monitor->begin(collections);
   return request;
 }

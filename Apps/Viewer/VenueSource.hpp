@@ -37,7 +37,8 @@ class VenueSource {
 
   /// All collections of a venue, which is the active one from now on, and the whole of its walking
   /// network. A request begins when the former one has been answered.
-  void loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers, std::function<void()> done);
+  void loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
+                 std::function<void()> done);
 
   const std::string& endpoint() const { return *settings_.endpoint; }
 

@@ -22,9 +22,9 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double startTilt = 0.6;  // radians
+constexpr double startTilt = 0.6;    // radians
 constexpr double uprightTilt = 0.3;  // in a view that is higher than wide
-constexpr double pinHeight = 32;       // points
+constexpr double pinHeight = 32;     // points
 constexpr std::int64_t pictureSize = 320;
 constexpr graphics::Color pinColor{0.80F, 0.47F, 0.02F};
 constexpr int floorSteps = 4;  // of a floor's load, beside its files
@@ -134,7 +134,8 @@ void VenueView::connect() {
   help_->closed = [this] { toggleHelp(); };
 }
 
-// --- Floors ---------------------------------------------------------------------------------------
+// --- Floors
+// ---------------------------------------------------------------------------------------
 
 void VenueView::load(const std::shared_ptr<Map>& first) {
   const auto self = std::weak_ptr(std::static_pointer_cast<VenueView>(shared_from_this()));
@@ -219,7 +220,8 @@ void VenueView::floorShown() {
   labelsAreOld_ = true;
 }
 
-// --- Places ---------------------------------------------------------------------------------------
+// --- Places
+// ---------------------------------------------------------------------------------------
 
 void VenueView::select(const std::shared_ptr<Location>& place) {
   mapView_->clearHighlightedPolygons();
@@ -284,7 +286,8 @@ void VenueView::nothingSelected() {
     select(nullptr);
 }
 
-// --- Routes ---------------------------------------------------------------------------------------
+// --- Routes
+// ---------------------------------------------------------------------------------------
 
 // Whether a place that was tapped is the end that the route lacks.
 bool VenueView::fillsEnd(const std::shared_ptr<Location>& place) {
@@ -343,7 +346,8 @@ void VenueView::lookFor(bool start) {
   search_->open(start ? "Where do you begin?" : "Where do you want to go?");
 }
 
-// --- Keys -----------------------------------------------------------------------------------------
+// --- Keys
+// -----------------------------------------------------------------------------------------
 
 bool VenueView::handleText(std::string_view text) {
   if (search_->isOpen()) {
@@ -352,12 +356,18 @@ bool VenueView::handleText(std::string_view text) {
   }
   const graphics::Size size = bounds().size;
   const graphics::Point middle{size.width / 2, size.height / 2};
-  if (text == "+" || text == "=") camera_->glideZoom(1.4, middle, time_);
-  else if (text == "-" || text == "_") camera_->glideZoom(1 / 1.4, middle, time_);
-  else if (text == "f" || text == "F") camera_->fit(time_);
-  else if (text == "?") toggleHelp();
-  else if (text == "/") search_->open();
-  else return false;
+  if (text == "+" || text == "=")
+    camera_->glideZoom(1.4, middle, time_);
+  else if (text == "-" || text == "_")
+    camera_->glideZoom(1 / 1.4, middle, time_);
+  else if (text == "f" || text == "F")
+    camera_->fit(time_);
+  else if (text == "?")
+    toggleHelp();
+  else if (text == "/")
+    search_->open();
+  else
+    return false;
   return true;
 }
 
@@ -399,8 +409,8 @@ bool VenueView::handleKeyInSearch(const KeyPress& press) {
 }
 
 bool VenueView::moveCamera(const KeyPress& press) {
-  constexpr double step = 110;    // points
-  constexpr double angle = 0.2;   // radians
+  constexpr double step = 110;   // points
+  constexpr double angle = 0.2;  // radians
   const auto sign = [&](Key positive, Key negative) {
     return press.key == positive ? 1.0 : press.key == negative ? -1.0 : 0.0;
   };
@@ -436,7 +446,8 @@ void VenueView::toggleHelp() {
   arrangePanels();
 }
 
-// --- Time -----------------------------------------------------------------------------------------
+// --- Time
+// -----------------------------------------------------------------------------------------
 
 bool VenueView::isMoving() const {
   if (!isLoaded_) return false;

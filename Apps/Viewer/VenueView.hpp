@@ -30,8 +30,8 @@ class VenueView : public view::View, public MapViewDelegate {
 
   // Told what the load of the floors comes to.
   std::function<void(double share, const std::string& text)> progressed;
-  std::function<void()> loaded;                 ///< there is a floor to see
-  std::function<void(const Problem&)> failed;   ///< there is none, or the one that was asked for
+  std::function<void()> loaded;                ///< there is a floor to see
+  std::function<void(const Problem&)> failed;  ///< there is none, or the one that was asked for
 
   /// Begins with `first`, if any. May be called again after a failure.
   void load(const std::shared_ptr<Map>& first = nullptr);

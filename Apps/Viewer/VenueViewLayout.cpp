@@ -93,8 +93,7 @@ void VenueView::arrangeMapButtons(bool isWide) {
   const double margin = isWide ? theme::margin : narrowMargin;
   constexpr double side = theme::controlSize;
   const graphics::Size floors = floors_->arrange();
-  const double buttonsHeight =
-      side * static_cast<double>(mapButtonList_.size()) + 2 * buttonInset;
+  const double buttonsHeight = side * static_cast<double>(mapButtonList_.size()) + 2 * buttonInset;
   double top = buttonInset;
   for (const auto& button : mapButtonList_) {
     button->setFrame({{buttonInset, top}, {side, side}});
@@ -105,8 +104,8 @@ void VenueView::arrangeMapButtons(bool isWide) {
   double freeBottom = size.height - margin;
   if (!isWide) {
     freeTop += 48 + gap;
-    for (const view::View* sheet : {static_cast<view::View*>(card_.get()),
-                                    static_cast<view::View*>(routePanel_.get())})
+    for (const view::View* sheet :
+         {static_cast<view::View*>(card_.get()), static_cast<view::View*>(routePanel_.get())})
       if (!sheet->isHidden()) freeBottom = std::min(freeBottom, sheet->frame().minY() - gap);
   }
   const double logo = 36;  // the map view's own, below the buttons

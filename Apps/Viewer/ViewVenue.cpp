@@ -31,8 +31,8 @@ std::unique_ptr<server::VenueServer> serveDemo(const std::filesystem::path& fold
 }
 
 std::unique_ptr<render::WindowSurface> openWindow(const ViewVenueOptions& options) {
-  auto surface = render::WindowSurface::make(
-      {"Orivanta", command::parseSize(options.size), options.scale});
+  auto surface =
+      render::WindowSurface::make({"Orivanta", command::parseSize(options.size), options.scale});
   if (const auto* error = std::get_if<foundation::Error>(&surface))
     throw CommandError(ExitCode::outputFailed, error->description);
   return std::move(std::get<0>(surface));

@@ -12,9 +12,9 @@ namespace orivanta::viewer {
 
 struct ViewVenueOptions {
   command::ConnectionOptions connection;
-  std::string slug;               ///< empty for a list of venues
-  std::string size = "1280x800";  ///< points
-  double scale = 0;               ///< pixels per point; 0 for the screen's own
+  std::string slug;                                ///< empty for a list of venues
+  std::string size = "1280x800";                   ///< points
+  double scale = 0;                                ///< pixels per point; 0 for the screen's own
   std::optional<std::filesystem::path> demoVenue;  ///< shown when no endpoint is set
 };
 

@@ -14,9 +14,9 @@ using view::TouchPhase;
 
 namespace {
 
-constexpr double wheelZoom = 1.18;    // a step
-constexpr double wheelScroll = 60;    // points, a step
-constexpr double venueShare = 0.4;    // of the bar, for the records; the rest is for the floors
+constexpr double wheelZoom = 1.18;  // a step
+constexpr double wheelScroll = 60;  // points, a step
+constexpr double venueShare = 0.4;  // of the bar, for the records; the rest is for the floors
 
 // The list that a point is over, if any.
 List* listAt(view::View& root, graphics::Point point) {
@@ -26,9 +26,9 @@ List* listAt(view::View& root, graphics::Point point) {
 }
 
 void centre(view::View& view, graphics::Size size, graphics::Size room) {
-  view.setFrame({{std::round((room.width - size.width) / 2),
-                  std::round((room.height - size.height) / 2)},
-                 size});
+  view.setFrame(
+      {{std::round((room.width - size.width) / 2), std::round((room.height - size.height) / 2)},
+       size});
 }
 
 }  // namespace
@@ -43,8 +43,8 @@ Viewer::Viewer(ViewerOptions options)
       fingers_(root_),
       pointer_(*this) {
   root_->setBackgroundColor(theme::backdrop);
-  for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
-           veil_, venueList_, message_})
+  for (const std::shared_ptr<view::View>& part :
+       std::initializer_list<std::shared_ptr<view::View>>{veil_, venueList_, message_})
     root_->addSubview(part);
   venueList_->setHidden(true);
   message_->setHidden(true);
@@ -52,19 +52,19 @@ Viewer::Viewer(ViewerOptions options)
   listVenues();
 }
 
-// --- Loading --------------------------------------------------------------------------------------
+// --- Loading
+// --------------------------------------------------------------------------------------
 
 VenueSource::Handlers Viewer::handlers(std::function<void()> retry) {
   VenueSource::Handlers result;
   result.progressed = [this](const command::LoadProgress& progress) {
-    const double share = progress.collections > 0
-                             ? static_cast<double>(progress.collectionsDone) /
-                                   static_cast<double>(progress.collections)
-                             : 0.0;
-    veil_->setProgress(share * venueShare,
-                       fmt::format("{} of {} collections, {:.1f} MB", progress.collectionsDone,
-                                   progress.collections,
-                                   static_cast<double>(progress.bytes) / 1e6));
+    const double share = progress.collections > 0 ? static_cast<double>(progress.collectionsDone) /
+                                                        static_cast<double>(progress.collections)
+                                                  : 0.0;
+    veil_->setProgress(
+        share * venueShare,
+        fmt::format("{} of {} collections, {:.1f} MB", progress.collectionsDone,
+                    progress.collections, static_cast<double>(progress.bytes) / 1e6));
   };
   result.failed = [this, retry = std::move(retry)](const Problem& problem) {
     showProblem(problem, retry);
@@ -130,8 +130,8 @@ void Viewer::showFloors(const std::shared_ptr<Venue>& venue) {
   if (venueView_) venueView_->removeFromSuperview();
   venueView_ = VenueView::make(venue);
   root_->addSubview(venueView_);
-  for (const view::View* above : {static_cast<view::View*>(veil_.get()),
-                                  static_cast<view::View*>(message_.get())})
+  for (const view::View* above :
+       {static_cast<view::View*>(veil_.get()), static_cast<view::View*>(message_.get())})
     root_->bringSubviewToFront(*above);
   venueView_->progressed = [this](double share, const std::string& text) {
     veil_->setProgress(venueShare + (1 - venueShare) * share, text);
@@ -151,12 +151,14 @@ void Viewer::floorFailed(const Problem& problem) {
     venueView_->load();
   };
   if (veil_->isHidden())
-    showProblem(problem, retry, [this] { message_->setHidden(true); }, "Back to the map");
+    showProblem(
+        problem, retry, [this] { message_->setHidden(true); }, "Back to the map");
   else
     showProblem(problem, retry);
 }
 
-// --- Layout ---------------------------------------------------------------------------------------
+// --- Layout
+// ---------------------------------------------------------------------------------------
 
 void Viewer::resize(graphics::Size size, double scale) {
   size_ = size;
@@ -183,7 +185,8 @@ void Viewer::arrange() {
   if (venueView_) venueView_->arrange(size_, scale_);
 }
 
-// --- What people do -------------------------------------------------------------------------------
+// --- What people do
+// -------------------------------------------------------------------------------
 
 CameraControl* Viewer::cameraAt(graphics::Point point) const {
   if (!venueView_ || !venueView_->camera().isReady()) return nullptr;
@@ -249,7 +252,8 @@ void Viewer::textComposed(std::string_view text) {
 
 bool Viewer::wantsText() const { return venueView_ && venueView_->searchPanel().isOpen(); }
 
-// --- Time -----------------------------------------------------------------------------------------
+// --- Time
+// -----------------------------------------------------------------------------------------
 
 void Viewer::advance(double time) {
   if (venueView_) venueView_->advance(time);

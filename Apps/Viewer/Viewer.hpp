@@ -54,9 +54,9 @@ class Viewer {
   /// Whether somebody is typing.
   bool wantsText() const;
 
-  std::string title() const;                                     ///< of the window
+  std::string title() const;                                                  ///< of the window
   const std::shared_ptr<VenueView>& venueView() const { return venueView_; }  ///< null without one
-  const MessagePanel* message() const;                           ///< null when there is none
+  const MessagePanel* message() const;  ///< null when there is none
   VenueList& venueList() { return *venueList_; }
 
  private:

@@ -24,9 +24,8 @@ class FloorSwitch::Cell : public Pressable {
  public:
   explicit Cell(std::shared_ptr<Map> shownFloor)
       : floor(std::move(shownFloor)),
-        label_(std::make_shared<Label>(
-            LabelStyle{.bold = true, .alignment = Alignment::centre},
-            command::floorLabel(*floor))) {
+        label_(std::make_shared<Label>(LabelStyle{.bold = true, .alignment = Alignment::centre},
+                                       command::floorLabel(*floor))) {
     addSubview(label_);
   }
 
@@ -87,7 +86,8 @@ std::shared_ptr<Map> FloorSwitch::neighbour(int up) const {
   auto index = at - cells_.begin();
   const auto count = static_cast<std::ptrdiff_t>(cells_.size());
   do index -= up;
-  while (index >= 0 && index < count && !canBeShown(cells_[static_cast<std::size_t>(index)]->state));
+  while (index >= 0 && index < count &&
+         !canBeShown(cells_[static_cast<std::size_t>(index)]->state));
   if (index < 0 || index >= count) return nullptr;
   return cells_[static_cast<std::size_t>(index)]->floor;
 }

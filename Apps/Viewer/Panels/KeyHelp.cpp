@@ -40,9 +40,8 @@ KeyHelp::KeyHelp()
     if (closed) closed();
   };
   for (const Line& line : lines) {
-    lines_.emplace_back(
-        std::make_shared<Label>(LabelStyle{.bold = true}, line.keys),
-        std::make_shared<Label>(LabelStyle{.color = theme::faint}, line.meaning));
+    lines_.emplace_back(std::make_shared<Label>(LabelStyle{.bold = true}, line.keys),
+                        std::make_shared<Label>(LabelStyle{.color = theme::faint}, line.meaning));
     addSubview(lines_.back().first);
     addSubview(lines_.back().second);
   }

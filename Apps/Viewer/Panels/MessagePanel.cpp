@@ -5,8 +5,8 @@
 namespace orivanta::viewer {
 
 MessagePanel::MessagePanel()
-    : title_(std::make_shared<Label>(
-          LabelStyle{.size = theme::titleSize, .bold = true, .lines = 3})),
+    : title_(
+          std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 3})),
       detail_(std::make_shared<Label>(LabelStyle{.color = theme::faint, .lines = 8})),
       retry_(std::make_shared<Button>(ButtonLook::filled, "Try again")),
       other_(std::make_shared<Button>(ButtonLook::tinted, "")) {

@@ -36,17 +36,16 @@ std::string kindOf(const Location& place) {
 }  // namespace
 
 PlaceCard::PlaceCard()
-    : name_(std::make_shared<Label>(
-          LabelStyle{.size = theme::titleSize, .bold = true, .lines = 2})),
+    : name_(
+          std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 2})),
       kind_(std::make_shared<Label>(
           LabelStyle{.size = theme::smallSize, .color = theme::faint, .lines = 2})),
       description_(std::make_shared<Label>(LabelStyle{.lines = 5})),
       close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
       from_(std::make_shared<Button>(ButtonLook::tinted, "From here")),
       to_(std::make_shared<Button>(ButtonLook::filled, "To here")) {
-  for (const std::shared_ptr<view::View>& part :
-       std::initializer_list<std::shared_ptr<view::View>>{name_, kind_, description_, close_, from_,
-                                                          to_})
+  for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
+           name_, kind_, description_, close_, from_, to_})
     addSubview(part);
   const auto forward = [](std::function<void()>& receiver) {
     return [&receiver] {

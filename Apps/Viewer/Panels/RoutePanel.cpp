@@ -40,9 +40,8 @@ RoutePanel::RoutePanel()
       steps_(std::make_shared<List>()) {
   from_ = makeEnd(fromName_);
   to_ = makeEnd(toName_);
-  for (const std::shared_ptr<view::View>& part :
-       std::initializer_list<std::shared_ptr<view::View>>{from_, to_, swap_, close_, summary_,
-                                                          accessible_, steps_})
+  for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
+           from_, to_, swap_, close_, summary_, accessible_, steps_})
     addSubview(part);
   const auto forward = [](std::function<void()>& receiver) {
     return [&receiver] {
@@ -85,8 +84,8 @@ void RoutePanel::setRoute(const std::optional<PlannedRoute>& route) {
   if (route_)
     for (std::size_t i = 0; i < route_->steps.size(); ++i) {
       const RouteStep& step = route_->steps[i];
-      rows.push_back(std::make_shared<Row>(
-          RowText{.title = step.text, .detail = step.detail, .trailing = "", .dot = colorOf(step.kind)}));
+      rows.push_back(std::make_shared<Row>(RowText{
+          .title = step.text, .detail = step.detail, .trailing = "", .dot = colorOf(step.kind)}));
       rows.back()->action = [this, i] {
         if (stepChosen && route_) stepChosen(route_->steps[i]);
       };
@@ -99,8 +98,7 @@ double RoutePanel::arrange(double width, double mostHeight) {
   const double endWidth = width - padding - 20 - 52;
   from_->setFrame({{padding + 20, 6}, {endWidth, endHeight}});
   to_->setFrame({{padding + 20, 6 + endHeight}, {endWidth, endHeight}});
-  for (const auto& label : {fromName_, toName_})
-    label->setFrame({{0, 0}, {endWidth, endHeight}});
+  for (const auto& label : {fromName_, toName_}) label->setFrame({{0, 0}, {endWidth, endHeight}});
   close_->setFrame({{width - 46, 4}, {42, 42}});
   swap_->setFrame({{width - 46, 6 + endHeight}, {42, 42}});
   double top = headHeight + 6;

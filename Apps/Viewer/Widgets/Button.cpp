@@ -49,8 +49,7 @@ void Button::draw(view::Canvas& canvas) {
   if (isPressed()) canvas.fill(bounds(), shade, radius);
 }
 
-Switch::Switch(std::string text)
-    : label_(std::make_shared<Label>(LabelStyle{}, std::move(text))) {
+Switch::Switch(std::string text) : label_(std::make_shared<Label>(LabelStyle{}, std::move(text))) {
   addSubview(label_);
 }
 

@@ -18,12 +18,12 @@ constexpr double fadeShare = 0.2;  // of a row's height, over which it fades
 
 Row::Row(const RowText& text)
     : title_(std::make_shared<Label>(LabelStyle{}, text.title)),
-      detail_(std::make_shared<Label>(
-          LabelStyle{.size = theme::smallSize, .color = theme::faint}, text.detail)),
-      trailing_(std::make_shared<Label>(LabelStyle{.size = theme::smallSize,
-                                                   .color = theme::faint,
-                                                   .alignment = Alignment::trailing},
-                                        text.trailing)),
+      detail_(std::make_shared<Label>(LabelStyle{.size = theme::smallSize, .color = theme::faint},
+                                      text.detail)),
+      trailing_(std::make_shared<Label>(
+          LabelStyle{
+              .size = theme::smallSize, .color = theme::faint, .alignment = Alignment::trailing},
+          text.trailing)),
       dot_(text.dot),
       height_(text.detail.empty() ? plainHeight : detailHeight) {
   for (const auto& label : {title_, detail_, trailing_}) addSubview(label);
@@ -50,8 +50,7 @@ void Row::draw(view::Canvas& canvas) {
 List::List() {
   const auto pan = std::make_shared<view::PanGestureRecognizer>();
   pan->addTarget("scrolled", [this](view::GestureRecognizer& sender) {
-    const double translation =
-        static_cast<view::PanGestureRecognizer&>(sender).translation().y;
+    const double translation = static_cast<view::PanGestureRecognizer&>(sender).translation().y;
     if (sender.state() == view::GestureState::changed) scrollBy(lastTranslation_ - translation);
     lastTranslation_ = sender.isRunning() ? translation : 0;
   });

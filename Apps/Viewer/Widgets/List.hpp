@@ -14,8 +14,8 @@ namespace orivanta::viewer {
 /// What a row says.
 struct RowText {
   std::string title;
-  std::string detail;    ///< below the title; may be empty
-  std::string trailing;  ///< at the end of the line; may be empty
+  std::string detail;                                 ///< below the title; may be empty
+  std::string trailing;                               ///< at the end of the line; may be empty
   std::optional<graphics::Color> dot = std::nullopt;  ///< before the title
 };
 

@@ -81,16 +81,17 @@ std::variant<std::unique_ptr<WindowSurface>, foundation::Error> WindowSurface::m
     const Options& options) {
   setHints();
   auto state = std::make_unique<State>();
-  if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return error("there is no screen to open a window on");
+  if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
+    return error("there is no screen to open a window on");
   setAttributes();
   state->wantedScale = options.scale;
   // Where the window's units are pixels, a density that is asked for makes the window larger.
   const double factor = options.scale > 0 ? options.scale : 1.0;
-  state->window = SDL_CreateWindow(
-      options.title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
-      static_cast<int>(std::lround(options.size.width * factor)),
-      static_cast<int>(std::lround(options.size.height * factor)),
-      SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI);
+  state->window =
+      SDL_CreateWindow(options.title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
+                       static_cast<int>(std::lround(options.size.width * factor)),
+                       static_cast<int>(std::lround(options.size.height * factor)),
+                       SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI);
   if (state->window == nullptr) return error("the window cannot be opened");
   if (const double own = density(state->window); own > 1 && options.scale > 0)
     SDL_SetWindowSize(state->window,

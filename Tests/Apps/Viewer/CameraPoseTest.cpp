@@ -10,10 +10,8 @@ namespace orivanta::viewer {
 
 namespace {
 
-const std::vector<CameraPose> poses{{0, 0, 800, 0, 0},
-                                    {120, -40, 500, 0.7, 0},
-                                    {-30, 60, 1500, 1.04, 2.5},
-                                    {0, 0, 90, 0.3, -3}};
+const std::vector<CameraPose> poses{
+    {0, 0, 800, 0, 0}, {120, -40, 500, 0.7, 0}, {-30, 60, 1500, 1.04, 2.5}, {0, 0, 90, 0.3, -3}};
 const Lens wide{{1280, 800}, 40};
 const Lens upright{{390, 844}, 40};
 

@@ -15,11 +15,17 @@ TEST(SearchForm, LeavesOutWhatPeopleLeaveOut) {
     const char* text;
     const char* form;
   };
-  for (const Case& each : {Case{"Crème  Brûlée!", "creme brulee"}, {"STRASSE", "strasse"},
-                           {"Straße", "strasse"}, {"Łódź – Café", "łodz cafe"},
-                           {"Joe's & Moe’s", "joes moes"}, {"ＷＣ２", "wc2"},
-                           {"مَقْهى", "مقهى"}, {"Ёлка", "елка"}, {"が", "か\u3099"},
-                           {"  ", ""}, {"", ""}})
+  for (const Case& each : {Case{"Crème  Brûlée!", "creme brulee"},
+                           {"STRASSE", "strasse"},
+                           {"Straße", "strasse"},
+                           {"Łódź – Café", "łodz cafe"},
+                           {"Joe's & Moe’s", "joes moes"},
+                           {"ＷＣ２", "wc2"},
+                           {"مَقْهى", "مقهى"},
+                           {"Ёлка", "елка"},
+                           {"が", "か\u3099"},
+                           {"  ", ""},
+                           {"", ""}})
     EXPECT_EQ(searchForm(each.text), each.form) << each.text;
   EXPECT_NE(searchForm("ก\u0E34"), searchForm("ก\u0E35")) << "vowels of Thai are letters";
 }
@@ -30,23 +36,27 @@ TEST(Match, TellsHowWellANameAnswers) {
     const char* typed;
     Match expected;
   };
-  for (const Case& each :
-       {Case{"paper kestrel", "pap", Match::beginning}, {"paper kestrel", "kest", Match::word},
-        {"paper kestrel", "kes pap", Match::word}, {"paper kestrel", "estr", Match::inside},
-        {"paper kestrel", "kestral", Match::near}, {"paper kestrel", "kesrtel", Match::near},
-        {"paper kestrel", "ketre", Match::near}, {"paper kestrel", "papr kest", Match::near},
-        {"paper kestrel", "cat", Match::none}, {"toilets", "toliet", Match::near},
-        {"さまようホタン", "ホタ", Match::inside}, {"bar", "bat", Match::none},
-        {"anything", "", Match::beginning}})
+  for (const Case& each : {Case{"paper kestrel", "pap", Match::beginning},
+                           {"paper kestrel", "kest", Match::word},
+                           {"paper kestrel", "kes pap", Match::word},
+                           {"paper kestrel", "estr", Match::inside},
+                           {"paper kestrel", "kestral", Match::near},
+                           {"paper kestrel", "kesrtel", Match::near},
+                           {"paper kestrel", "ketre", Match::near},
+                           {"paper kestrel", "papr kest", Match::near},
+                           {"paper kestrel", "cat", Match::none},
+                           {"toilets", "toliet", Match::near},
+                           {"さまようホタン", "ホタ", Match::inside},
+                           {"bar", "bat", Match::none},
+                           {"anything", "", Match::beginning}})
     EXPECT_EQ(match(each.name, each.typed), each.expected) << each.name << " / " << each.typed;
 }
 
 namespace {
 
 std::shared_ptr<Location> place(const char* id, const char* name, bool isReachable = true) {
-  auto location = Location::make(
-      *RawData::parse(std::string(R"({"id": ")") + id + R"(", "name": ")" + name +
-                      R"(", "type": "shop"})"));
+  auto location = Location::make(*RawData::parse(
+      std::string(R"({"id": ")") + id + R"(", "name": ")" + name + R"(", "type": "shop"})"));
   if (isReachable)
     location->nodes.push_back(Node::make(*RawData::parse(R"({"id": "n", "x": 0, "y": 0})")));
   return location;
@@ -55,8 +65,7 @@ std::shared_ptr<Location> place(const char* id, const char* name, bool isReachab
 }  // namespace
 
 TEST(SearchIndex, PutsNamesBeforeCategoriesBeforeNearMisses) {
-  const auto venue =
-      Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
+  const auto venue = Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
   const auto category = Category::make(*RawData::parse(R"({"id": "c", "name": "Coffee"})"));
   venue->locations = {place("1", "The Toffee Shop"), place("2", "Zum Löwen"),
                       place("3", "Old Coffee"), place("4", "Coffee Counter"),

@@ -135,9 +135,8 @@ TEST_F(WindowTest, StartsSearchesIsResizedAndOutlivesItsServer) {
   EXPECT_TRUE(shows(*program, [](const auto& image) { return !showsSelection(image); }));
 
   hand("windowsize --sync " + window + " 390 844");
-  EXPECT_TRUE(shows(*program, [](const auto& image) {
-    return image.width() == 390 && image.height() == 844;
-  }));
+  EXPECT_TRUE(shows(
+      *program, [](const auto& image) { return image.width() == 390 && image.height() == 844; }));
   program->endWith(SIGTERM);
   EXPECT_EQ(program->finish().exitCode, 0);
 }
