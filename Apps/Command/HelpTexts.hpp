@@ -13,6 +13,7 @@ bundle: the folder "Resources" beside this program, then ~/.config/orivanta.
 
 inline constexpr const char* footer = R"(
 Examples:
+  orivanta view                         walk around the demo venue in a window
   orivanta serve &                      the demo venue, on http://127.0.0.1:8080/1/
   export ORIVANTA_ENDPOINT=http://127.0.0.1:8080/1/
   orivanta venues
@@ -68,6 +69,16 @@ Examples:
   orivanta render astrolabe-court --map G --highlight "paper kestrel=orange" --labels
   orivanta render astrolabe-court --route "paper kestrel" "popcorn nebula" --tilt 35 -o way.png
   orivanta render astrolabe-court --route "paper kestrel" "popcorn nebula" --frames 25 -o way.png)";
+
+inline constexpr const char* viewFooter = R"(
+Without SLUG there is a list of venues to choose from, and without an endpoint the demo venue.
+Drag to move, turn the wheel to come closer, drag with the right button to tilt and turn; fingers
+do all of it on a touchscreen. Press ? in the window for the list of keys.
+
+Examples:
+  orivanta view                                 the demo venue
+  orivanta view astrolabe-court --size 390x844  one venue of the server, as on a phone
+  orivanta view --scale 2                       twice as many pixels for each point)";
 
 inline constexpr const char* serveFooter = R"(
 Prints the API root when it is ready, and serves until it is interrupted. A folder is a venue

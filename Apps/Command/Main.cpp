@@ -19,6 +19,7 @@
 #include "Apps/Command/Serve.hpp"
 #include "Apps/Command/ShowVenue.hpp"
 #include "Apps/DemoVenue/Folder.hpp"
+#include "Apps/Viewer/ViewVenue.hpp"
 
 namespace orivanta::command {
 
@@ -32,6 +33,7 @@ struct CommandLine {
   ShowVenueOptions showVenue;
   FindRouteOptions findRoute;
   RenderVenueOptions renderVenue;
+  viewer::ViewVenueOptions viewVenue;
   ServeOptions serve;
   std::function<ExitCode()> chosen;
 };
@@ -158,6 +160,26 @@ void addRender(CLI::App& app, CommandLine& line) {
   addQueryOptions(query, line);
 }
 
+void addView(CLI::App& app, CommandLine& line) {
+  viewer::ViewVenueOptions& options = line.viewVenue;
+  auto& command = *app.add_subcommand("view", "Walk around a venue in a window");
+  command.footer(help::viewFooter);
+  command.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")->type_name("");
+  command.add_option("--size", options.size, "Size of the window in points")
+      ->type_name("WxH")
+      ->capture_default_str();
+  command.add_option("--scale", options.scale, "Pixels per point, instead of the screen's own")
+      ->type_name("F");
+  addConnectionOptions(command, line.connection);
+  command.callback([&line, &options] {
+    line.chosen = [&line, &options] {
+      options.connection = line.connection;
+      options.demoVenue = demo::demoVenueFolder();
+      return viewer::viewVenue(options);
+    };
+  });
+}
+
 ExitCode serveVenues(ServeOptions& options, const ConnectionOptions& connection) {
   if (options.folders.empty()) {
     const auto folder = demo::demoVenueFolder();
@@ -218,6 +240,7 @@ int run(int argc, char** argv) {
   addVenue(app, line);
   addRoute(app, line);
   addRender(app, line);
+  addView(app, line);
   addServe(app, line);
   try {
     app.parse(argc, argv);

@@ -89,6 +89,11 @@ std::string usableEndpoint(const std::string& text, const std::string& origin) {
   return text.ends_with('/') ? text : text + '/';
 }
 
+bool isEndpointGiven(const ConnectionOptions& options) {
+  return options.endpoint || environmentVariable("ORIVANTA_ENDPOINT") ||
+         settingFromPropertyLists("OrivantaEndpoint");
+}
+
 ApiSettings resolveSettings(const ConnectionOptions& options) {
   if (options.settingsFolder) useSettingsFolder(*options.settingsFolder);
   const Setting endpoint = resolve(options.endpoint, "--endpoint", "ORIVANTA_ENDPOINT",

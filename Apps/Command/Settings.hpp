@@ -24,6 +24,10 @@ struct ConnectionOptions {
 /// `CommandError`. Call it once, before the first use of the library.
 ApiSettings resolveSettings(const ConnectionOptions& options);
 
+/// Whether command line, environment or property lists name an API root. Call it after
+/// `resolveSettings`.
+bool isEndpointGiven(const ConnectionOptions& options);
+
 /// The password of `options`, given directly or in a file, whose last line break does not count.
 /// Throws `CommandError` when it is given both ways or the file cannot be read.
 std::optional<std::string> givenPassword(const ConnectionOptions& options);

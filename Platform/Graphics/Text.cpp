@@ -80,7 +80,9 @@ class TextDrawing {
     layout_.reset(pango_cairo_create_layout(context.get()));
     setUnhinted();
     setFont();
-    pango_layout_set_alignment(layout_.get(), PANGO_ALIGN_CENTER);
+    pango_layout_set_alignment(layout_.get(), style.alignment == TextAlignment::centre
+                                                  ? PANGO_ALIGN_CENTER
+                                                  : PANGO_ALIGN_LEFT);
     pango_layout_set_wrap(layout_.get(), PANGO_WRAP_WORD_CHAR);
     const double widest = Image::maximumSide / scale - 2 * style.outlineWidth;
     const double width = style.maximumWidth > 0 ? std::min(style.maximumWidth, widest) : widest;
@@ -100,6 +102,13 @@ class TextDrawing {
     if (!(width > 0.0) || !(height > 0.0)) return {};
     return {static_cast<int>(std::floor(left)) - 1, static_cast<int>(std::floor(top)) - 1,
             static_cast<int>(std::ceil(width)) + 3, static_cast<int>(std::ceil(height)) + 3};
+  }
+
+  // The height of all lines, in pixels.
+  int linesHeight() const {
+    int height = 0;
+    pango_layout_get_size(layout_.get(), nullptr, &height);
+    return static_cast<int>(std::ceil(scale_ * height / PANGO_SCALE));
   }
 
   // The drawing in a frame, as Cairo keeps it.
@@ -185,6 +194,12 @@ class CairoPixels {
   int rowBytes_;
 };
 
+// Higher where that is needed to hold the lines that begin at 0.
+Frame withLines(const Frame& frame, int height) {
+  const int top = std::min(frame.top, 0);
+  return {frame.left, top, frame.width, std::max(frame.top + frame.height, height) - top};
+}
+
 Frame inkOf(const CairoPixels& pixels, const Frame& frame) {
   int left = frame.width;
   int top = frame.height;
@@ -231,15 +246,21 @@ std::shared_ptr<const Image> makeTextImage(std::string_view text, const TextStyl
                                            double scale) {
   if (!canBeDrawn(style, scale)) return nullptr;
   const TextDrawing drawing(presentable(text), style, scale);
-  const Frame frame = drawing.roughFrame();
+  Frame frame = drawing.roughFrame();
+  if (style.wholeLines && frame.width > 0) frame = withLines(frame, drawing.linesHeight());
   if (!Image::allows(static_cast<std::uint64_t>(frame.width),
                      static_cast<std::uint64_t>(frame.height)))
     return nullptr;
   const auto surface = drawing.paint(frame);
   if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return nullptr;
   const CairoPixels pixels(surface.get());
-  const Frame ink = inkOf(pixels, frame);
+  Frame ink = inkOf(pixels, frame);
   if (ink.width <= 0) return nullptr;
+  if (style.wholeLines) {
+    const int top = std::min(ink.top, -frame.top);
+    const int bottom = std::max(ink.top + ink.height, drawing.linesHeight() - frame.top);
+    ink = {ink.left, top, ink.width, bottom - top};
+  }
   return Image::make(static_cast<std::uint32_t>(ink.width), static_cast<std::uint32_t>(ink.height),
                      straightRgba(pixels, ink), scale);
 }

@@ -63,10 +63,14 @@ std::vector<graphics::Vector3> RouteOnMap::pointsOn(const Map& floor) const {
   return points;
 }
 
-void RouteOnMap::show(MapView& mapView, double scale) {
+void RouteOnMap::hide(MapView& mapView) {
   for (const auto& mark : marks_) mapView.removeMarker(mark);
   marks_.clear();
   mapView.clearPaths();
+}
+
+void RouteOnMap::show(MapView& mapView, double scale) {
+  hide(mapView);
   mapView.drawPath(path_);
   const auto& floor = mapView.currentMap();
   for (std::size_t i = 0; i + 1 < path_.size(); ++i) {

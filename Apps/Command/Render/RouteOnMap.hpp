@@ -26,6 +26,9 @@ class RouteOnMap {
   /// floor's label, and where it comes from one.
   void show(MapView& mapView, double scale);
 
+  /// Takes the route and its marks away.
+  void hide(MapView& mapView);
+
  private:
   void mark(MapView& mapView, const Node& place, graphics::Color color, const std::string& text,
             double scale);

@@ -1,0 +1,176 @@
+#include "Apps/Viewer/CameraControl.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <utility>
+
+#include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/Node.hpp"
+#include "Source/Map.hpp"
+
+namespace orivanta::viewer {
+
+using scene::Axis;
+
+namespace {
+
+constexpr double glideSeconds = 0.28;
+constexpr double floorMargin = 0.06;      // around a floor that is shown whole, of its extent
+constexpr double leastFramedUnits = 300;  // of the surroundings of what is framed
+constexpr double framedMargin = 0.35;     // around it, of its extent
+constexpr double farthestTimesFitting = 1.8;
+constexpr double farthestOfAll = 4500;  // within the far plane at every tilt
+
+}  // namespace
+
+CameraControl::CameraControl(std::shared_ptr<MapView> mapView) : mapView_(std::move(mapView)) {}
+
+CameraPose CameraControl::pose() const {
+  if (!isReady()) return {};
+  const graphics::Transaction transaction;
+  const scene::Node& orbit = *mapView_->cameraOrbit;
+  const auto position = orbit.position();
+  const auto angles = orbit.eulerAngles();
+  return {position.x, position.y, orbit.children().front()->position().z, angles.x, angles.z};
+}
+
+Lens CameraControl::lens() const { return {mapView_->sceneView->bounds().size, mapView_->fov}; }
+
+CameraLimits CameraControl::limits() const {
+  CameraLimits limits;
+  if (!isReady()) return limits;
+  limits.floor = mapView_->currentMap()->mapObject->boundingBox();
+  limits.farthest = std::min(farthestOfAll, fitting().distance * farthestTimesFitting);
+  limits.steepest = std::numbers::pi / 3 - 0.001;
+  return limits;
+}
+
+void CameraControl::setPose(const CameraPose& pose) {
+  glide_.reset();
+  if (isReady()) write(limits().clamped(pose));
+}
+
+void CameraControl::drag(graphics::Point from, graphics::Point to) {
+  setPose(dragged(pose(), lens(), from, to));
+}
+
+void CameraControl::zoom(double factor, graphics::Point about) {
+  setPose(zoomed(pose(), lens(), limits(), factor, about));
+}
+
+void CameraControl::tiltAndTurn(double tilt, double turn) {
+  CameraPose changed = pose();
+  changed.tilt += tilt;
+  changed.turn += turn;
+  setPose(changed);
+}
+
+void CameraControl::glideTo(const CameraPose& target, double time) {
+  if (!isReady()) return;
+  glide_ = Glide{pose(), limits().clamped(target), time};
+}
+
+void CameraControl::glideZoom(double factor, graphics::Point about, double time) {
+  if (isReady()) glideTo(zoomed(target(), lens(), limits(), factor, about), time);
+}
+
+void CameraControl::glidePan(double right, double up, double time) {
+  const graphics::Size size = lens().size;
+  const graphics::Point middle{size.width / 2, size.height / 2};
+  glideTo(dragged(target(), lens(), {middle.x + right, middle.y - up}, middle), time);
+}
+
+void CameraControl::glideTilt(double tilt, double turn, double time) {
+  CameraPose changed = target();
+  changed.tilt += tilt;
+  changed.turn += turn;
+  glideTo(changed, time);
+}
+
+CameraPose CameraControl::fitting() const {
+  const auto box = mapView_->currentMap()->mapObject->boundingBox();
+  CameraPose upright = pose();
+  upright.turn = 0;
+  return framing({{box.min.x, box.min.y},
+                  {box.max.x, box.min.y},
+                  {box.min.x, box.max.y},
+                  {box.max.x, box.max.y}},
+                 upright, lens(), insets_, floorMargin);
+}
+
+void CameraControl::fit(double time, bool gliding) {
+  if (!isReady()) return;
+  if (gliding)
+    glideTo(fitting(), time);
+  else
+    setPose(fitting());
+}
+
+void CameraControl::frame(const std::vector<graphics::Point>& points, double time) {
+  if (points.empty() || !isReady()) return;
+  std::vector<graphics::Point> wider = points;
+  graphics::Point middle;
+  for (const auto& point : points) {
+    middle.x += point.x / static_cast<double>(points.size());
+    middle.y += point.y / static_cast<double>(points.size());
+  }
+  for (const double side : {-0.5, 0.5})
+    wider.push_back({middle.x + side * leastFramedUnits, middle.y + side * leastFramedUnits});
+  glideTo(framing(wider, pose(), lens(), insets_, framedMargin), time);
+}
+
+void CameraControl::advance(double time) {
+  if (!glide_) return;
+  const double share = std::clamp((time - glide_->start) / glideSeconds, 0.0, 1.0);
+  const double eased = 1 - std::pow(1 - share, 3);
+  const Glide glide = *glide_;
+  write(between(glide.from, glide.to, eased));
+  if (share >= 1) glide_.reset();
+}
+
+void CameraControl::settle(bool gestureEnded) {
+  if (!isReady() || glide_) return;
+  const CameraPose now = pose();
+  CameraPose allowed = limits().clamped(now);
+  allowed.turn = now.turn;  // a rotation under way counts on
+  if (gestureEnded) {
+    write(allowed);
+  } else if (!(allowed == now)) {
+    const double zoom = mapView_->scaleEnd;
+    const double turn = mapView_->rotateEnd;
+    const float tilt = mapView_->lastHeightRatio;
+    write(allowed);
+    // Where the gesture began is its own matter until it ends.
+    mapView_->scaleEnd = zoom;
+    mapView_->rotateEnd = turn;
+    mapView_->lastHeightRatio = tilt;
+  }
+}
+
+void CameraControl::write(const CameraPose& pose) {
+  const graphics::Transaction transaction;
+  const auto x = static_cast<float>(pose.x);
+  const auto y = static_cast<float>(pose.y);
+  scene::Node& orbit = *mapView_->cameraOrbit;
+  orbit.setPosition({x, y, 0});
+  orbit.setEulerAngle(Axis::x, static_cast<float>(pose.tilt));
+  orbit.setEulerAngle(Axis::z, static_cast<float>(pose.turn));
+  orbit.children().front()->setPosition(Axis::z, static_cast<float>(pose.distance));
+  scene::Node& labels = *mapView_->labelsOrbit;
+  labels.setPosition(Axis::x, x);
+  labels.setPosition(Axis::y, y);
+  labels.setEulerAngle(Axis::z, static_cast<float>(pose.turn));
+  writeGestureState(pose);
+}
+
+void CameraControl::writeGestureState(const CameraPose& pose) {
+  mapView_->scaleStart = *mapView_->cameraDistance / pose.distance;
+  mapView_->scaleEnd = mapView_->scaleStart;
+  mapView_->rotateStart = -pose.turn;
+  mapView_->rotateEnd = -pose.turn;
+  mapView_->lastGoodHeightRatio = static_cast<float>(-pose.tilt / std::numbers::pi);
+  mapView_->lastHeightRatio = mapView_->lastGoodHeightRatio;
+}
+
+}  // namespace orivanta::viewer

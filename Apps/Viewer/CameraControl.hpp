@@ -1,0 +1,71 @@
+// Moves the camera of a map view with pointer and keys, beside the view's own gestures.
+#pragma once
+
+#include <optional>
+
+#include "Apps/Viewer/CameraPose.hpp"
+#include "Source/UI/MapView.hpp"
+
+namespace orivanta::viewer {
+
+/// Needs a started scene; without one nothing happens. Writes the nodes of the camera, and the
+/// state of the gestures with them, so that a gesture goes on from where this has brought it.
+/// Keeps the map view. Main thread.
+class CameraControl {
+ public:
+  explicit CameraControl(std::shared_ptr<MapView> mapView);
+
+  bool isReady() const { return mapView_->cameraOrbit != nullptr; }
+  CameraPose pose() const;
+  Lens lens() const;
+  CameraLimits limits() const;
+
+  /// What covers the edges of the view, for `fit` and `frame`.
+  void setInsets(const Insets& insets) { insets_ = insets; }
+
+  // At once; a glide under way ends.
+  void setPose(const CameraPose& pose);
+  void drag(graphics::Point from, graphics::Point to);
+  void zoom(double factor, graphics::Point about);
+  void tiltAndTurn(double tilt, double turn);  ///< radians to add
+
+  // As a glide of a quarter of a second from `time` on (seconds), which adds up with one under way.
+  void glideTo(const CameraPose& pose, double time);
+  void glideZoom(double factor, graphics::Point about, double time);
+  void glidePan(double right, double up, double time);  ///< points of the view
+  void glideTilt(double tilt, double turn, double time);
+
+  /// Shows the whole floor as it lies, tilted as now.
+  void fit(double time, bool gliding = true);
+
+  /// Shows some points of the floor, and their surroundings.
+  void frame(const std::vector<graphics::Point>& points, double time);
+
+  /// Ends a glide where it is, as when a finger lands.
+  void stop() { glide_.reset(); }
+
+  bool isGliding() const { return glide_.has_value(); }
+  void advance(double time);
+
+  /// After a touch of the map view itself: brings back what went beyond the limits and, with the
+  /// last finger, the gesture state that a tap resets. A glide that it started goes on.
+  void settle(bool gestureEnded);
+
+ private:
+  struct Glide {
+    CameraPose from;
+    CameraPose to;
+    double start;
+  };
+
+  CameraPose target() const { return glide_ ? glide_->to : pose(); }
+  CameraPose fitting() const;
+  void write(const CameraPose& pose);
+  void writeGestureState(const CameraPose& pose);
+
+  std::shared_ptr<MapView> mapView_;
+  Insets insets_;
+  std::optional<Glide> glide_;
+};
+
+}  // namespace orivanta::viewer

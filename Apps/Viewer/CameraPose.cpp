@@ -1,0 +1,147 @@
+#include "Apps/Viewer/CameraPose.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace orivanta::viewer {
+
+namespace {
+
+constexpr double pi = std::numbers::pi;
+
+// Of the angle between the middle of the view and a point of it, for each point.
+double slopePerPoint(const Lens& lens) {
+  const double shorter = std::max(1.0, std::min(lens.size.width, lens.size.height));
+  return std::tan(lens.fieldOfView * pi / 360) * 2 / shorter;
+}
+
+// A point of the plane turned counterclockwise.
+graphics::Point turned(graphics::Point point, double angle) {
+  const double sine = std::sin(angle);
+  const double cosine = std::cos(angle);
+  return {point.x * cosine - point.y * sine, point.x * sine + point.y * cosine};
+}
+
+}  // namespace
+
+CameraPose CameraLimits::clamped(CameraPose pose) const {
+  pose.distance = std::clamp(pose.distance, nearest, std::max(nearest, farthest));
+  pose.tilt = std::clamp(pose.tilt, 0.0, steepest);
+  pose.turn = std::remainder(pose.turn, 2 * pi);
+  if (floor.isEmpty()) return pose;
+  pose.x = std::clamp<double>(pose.x, floor.min.x, floor.max.x);
+  pose.y = std::clamp<double>(pose.y, floor.min.y, floor.max.y);
+  return pose;
+}
+
+std::optional<graphics::Point> groundUnder(const CameraPose& pose, const Lens& lens,
+                                           graphics::Point point) {
+  const double slope = slopePerPoint(lens);
+  const double right = (point.x - lens.size.width / 2) * slope;
+  const double up = (lens.size.height / 2 - point.y) * slope;
+  const double sine = std::sin(pose.tilt);
+  const double cosine = std::cos(pose.tilt);
+  // The ray (right, up, -1) after the tilt, and how often it goes into the camera's height.
+  const double along = up * cosine + sine;
+  const double down = cosine - up * sine;
+  constexpr double horizon = 0.02;
+  if (down < horizon) return std::nullopt;
+  const double length = pose.distance * cosine / down;
+  const graphics::Point flat =
+      turned({right * length, along * length - pose.distance * sine}, pose.turn);
+  return graphics::Point{pose.x + flat.x, pose.y + flat.y};
+}
+
+CameraPose dragged(const CameraPose& pose, const Lens& lens, graphics::Point from,
+                   graphics::Point to) {
+  const auto start = groundUnder(pose, lens, from);
+  const auto end = groundUnder(pose, lens, to);
+  if (!start || !end) return pose;
+  CameraPose moved = pose;
+  moved.x += start->x - end->x;
+  moved.y += start->y - end->y;
+  return moved;
+}
+
+CameraPose zoomed(const CameraPose& pose, const Lens& lens, const CameraLimits& limits,
+                  double factor, graphics::Point about) {
+  CameraPose closer = pose;
+  closer.distance /= factor;
+  closer = limits.clamped(closer);
+  const auto before = groundUnder(pose, lens, about);
+  const auto after = groundUnder(closer, lens, about);
+  if (!before || !after) return closer;
+  closer.x += before->x - after->x;
+  closer.y += before->y - after->y;
+  return limits.clamped(closer);
+}
+
+std::optional<graphics::Point> shownAt(const CameraPose& pose, const Lens& lens,
+                                       graphics::Point ground) {
+  const graphics::Point seen = turned({ground.x - pose.x, ground.y - pose.y}, -pose.turn);
+  const double depth = pose.distance + seen.y * std::sin(pose.tilt);
+  if (depth < pose.distance * 0.05) return std::nullopt;  // behind the camera, or nearly
+  const double pointsPerUnit = 1 / (slopePerPoint(lens) * depth);
+  return graphics::Point{lens.size.width / 2 + seen.x * pointsPerUnit,
+                         lens.size.height / 2 - seen.y * std::cos(pose.tilt) * pointsPerUnit};
+}
+
+namespace {
+
+// The smallest upright rectangle of the view around the points; nothing when one does not show.
+std::optional<graphics::Rect> frameOf(const std::vector<graphics::Point>& points,
+                                      const CameraPose& pose, const Lens& lens) {
+  graphics::Box box;
+  for (const graphics::Point& point : points) {
+    const auto shown = shownAt(pose, lens, point);
+    if (!shown) return std::nullopt;
+    box.add(graphics::Vector3{static_cast<float>(shown->x), static_cast<float>(shown->y), 0});
+  }
+  return graphics::Rect{{box.min.x, box.min.y}, {box.max.x - box.min.x, box.max.y - box.min.y}};
+}
+
+CameraPose aboveMiddle(const std::vector<graphics::Point>& points, CameraPose pose) {
+  graphics::Box box;
+  for (const graphics::Point& point : points)
+    box.add(graphics::Vector3{static_cast<float>(point.x), static_cast<float>(point.y), 0});
+  pose.x = box.centre().x;
+  pose.y = box.centre().y;
+  pose.distance = 4.0 * std::max({box.max.x - box.min.x, box.max.y - box.min.y, 1.0F});
+  return pose;
+}
+
+}  // namespace
+
+// What is near looks larger, so the frame is found in steps, from far away.
+CameraPose framing(const std::vector<graphics::Point>& points, CameraPose pose, const Lens& lens,
+                   const Insets& insets, double margin) {
+  if (points.empty()) return pose;
+  const graphics::Rect room{{insets.left, insets.top},
+                            {std::max(80.0, lens.size.width - insets.left - insets.right),
+                             std::max(80.0, lens.size.height - insets.top - insets.bottom)}};
+  pose = aboveMiddle(points, pose);
+  constexpr int steps = 12;
+  for (int step = 0; step < steps; ++step) {
+    const auto frame = frameOf(points, pose, lens);
+    if (!frame) break;
+    const graphics::Point middle{frame->midX(), frame->midY()};
+    pose = dragged(pose, lens, middle, {room.midX(), room.midY()});
+    pose.distance *= (1 + margin) * std::max({frame->size.width / room.size.width,
+                                              frame->size.height / room.size.height, 1e-3});
+  }
+  return pose;
+}
+
+CameraPose between(const CameraPose& from, const CameraPose& to, double share) {
+  const auto mix = [&](double a, double b) { return a + (b - a) * share; };
+  CameraPose pose;
+  pose.x = mix(from.x, to.x);
+  pose.y = mix(from.y, to.y);
+  pose.distance = from.distance * std::pow(to.distance / from.distance, share);
+  pose.tilt = mix(from.tilt, to.tilt);
+  pose.turn = from.turn + std::remainder(to.turn - from.turn, 2 * pi) * share;
+  return pose;
+}
+
+}  // namespace orivanta::viewer

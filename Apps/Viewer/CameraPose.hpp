@@ -1,0 +1,72 @@
+// Where the camera of a map stands, as numbers: how a pointer moves it, and how far it may go.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "Platform/Graphics/Geometry.hpp"
+#include "Platform/Graphics/Vector.hpp"
+
+namespace orivanta::viewer {
+
+/// Circles around a point of the ground (z = 0), which is in the middle of the view. Scene units
+/// and radians.
+struct CameraPose {
+  double x = 0;
+  double y = 0;
+  double distance = 1;
+  double tilt = 0;  ///< from straight down
+  double turn = 0;  ///< counterclockwise, seen from above
+
+  friend bool operator==(const CameraPose&, const CameraPose&) = default;
+};
+
+/// The view that the camera fills.
+struct Lens {
+  graphics::Size size;      ///< points
+  double fieldOfView = 40;  ///< degrees, over the shorter side
+};
+
+/// How far the camera may go.
+struct CameraLimits {
+  graphics::Box floor;      ///< what the middle of the view stays above
+  double nearest = 90;      ///< distance
+  double farthest = 4000;   ///< distance
+  double steepest = 1.047;  ///< tilt, just below 60 degrees
+
+  CameraPose clamped(CameraPose pose) const;
+};
+
+/// The point of the ground under a point of the view; nothing at or above the horizon.
+std::optional<graphics::Point> groundUnder(const CameraPose& pose, const Lens& lens,
+                                           graphics::Point point);
+
+/// The point of the view where a point of the ground shows; nothing behind the camera.
+std::optional<graphics::Point> shownAt(const CameraPose& pose, const Lens& lens,
+                                       graphics::Point ground);
+
+/// So that what was under `from` comes under `to`. Unchanged when either shows no ground.
+CameraPose dragged(const CameraPose& pose, const Lens& lens, graphics::Point from,
+                   graphics::Point to);
+
+/// Closer by a factor, keeping what is under the point where it is; within the limits.
+CameraPose zoomed(const CameraPose& pose, const Lens& lens, const CameraLimits& limits,
+                  double factor, graphics::Point about);
+
+/// The edges of a view that other things cover, in points.
+struct Insets {
+  double left = 0;
+  double top = 0;
+  double right = 0;
+  double bottom = 0;
+};
+
+/// As close as shows all points, inside the insets and with a margin around them as a share of
+/// their extent; tilted and turned as the pose is.
+CameraPose framing(const std::vector<graphics::Point>& points, CameraPose pose, const Lens& lens,
+                   const Insets& insets, double margin);
+
+/// Between two poses, the shorter way round: 0 gives `from`, 1 gives `to`. Distances go by ratios.
+CameraPose between(const CameraPose& from, const CameraPose& to, double share);
+
+}  // namespace orivanta::viewer

@@ -1,0 +1,170 @@
+#include "Apps/Viewer/Input.hpp"
+
+#include <SDL.h>
+
+#include <optional>
+#include <utility>
+
+namespace orivanta::viewer {
+
+namespace {
+
+std::optional<Key> keyOf(SDL_Keycode code) {
+  switch (code) {
+    case SDLK_LEFT:
+      return Key::left;
+    case SDLK_RIGHT:
+      return Key::right;
+    case SDLK_UP:
+      return Key::up;
+    case SDLK_DOWN:
+      return Key::down;
+    case SDLK_PAGEUP:
+      return Key::pageUp;
+    case SDLK_PAGEDOWN:
+      return Key::pageDown;
+    case SDLK_RETURN:
+    case SDLK_KP_ENTER:
+      return Key::enter;
+    case SDLK_ESCAPE:
+      return Key::escape;
+    case SDLK_BACKSPACE:
+      return Key::backspace;
+    case SDLK_HOME:
+      return Key::home;
+    case SDLK_F12:
+      return Key::picture;
+    default:
+      return std::nullopt;
+  }
+}
+
+view::TouchPhase phaseOf(Uint32 type) {
+  if (type == SDL_FINGERDOWN) return view::TouchPhase::began;
+  return type == SDL_FINGERUP ? view::TouchPhase::ended : view::TouchPhase::moved;
+}
+
+// A trackpad tells of its fingers as well, but they are nowhere on the screen.
+bool isOnScreen(SDL_TouchID device) {
+  const SDL_TouchDeviceType type = SDL_GetTouchDeviceType(device);
+  return type == SDL_TOUCH_DEVICE_DIRECT || type == SDL_TOUCH_DEVICE_INVALID;
+}
+
+}  // namespace
+
+Input::Input(Viewer& viewer, render::WindowSurface& surface) : viewer_(viewer), surface_(surface) {
+  SDL_StartTextInput();
+}
+
+bool Input::take(bool wait, double time) {
+  SDL_Event event;
+  bool matters = false;
+  if (wait && SDL_WaitEvent(&event) == 1) matters = handle(event, time);
+  while (SDL_PollEvent(&event) == 1) matters = handle(event, time) || matters;
+  handTouches();
+  return matters;
+}
+
+bool Input::handle(const SDL_Event& event, double time) {
+  if (event.type != SDL_FINGERDOWN && event.type != SDL_FINGERMOTION && event.type != SDL_FINGERUP)
+    handTouches();
+  switch (event.type) {
+    case SDL_QUIT:
+      closed_ = true;
+      return false;
+    case SDL_WINDOWEVENT:
+      return handleWindow(event, time);
+    case SDL_FINGERDOWN:
+    case SDL_FINGERMOTION:
+    case SDL_FINGERUP:
+      return handleFinger(event, time);
+    case SDL_MOUSEBUTTONDOWN:
+    case SDL_MOUSEBUTTONUP:
+    case SDL_MOUSEMOTION:
+    case SDL_MOUSEWHEEL:
+      return handleMouse(event, time);
+    case SDL_KEYDOWN:
+      return handleKey(event);
+    case SDL_TEXTINPUT:
+      viewer_.textTyped(event.text.text);
+      return true;
+    case SDL_TEXTEDITING:
+      viewer_.textComposed(event.edit.text);
+      return viewer_.wantsText();
+    default:
+      return false;
+  }
+}
+
+bool Input::handleWindow(const SDL_Event& event, double time) {
+  switch (event.window.event) {
+    case SDL_WINDOWEVENT_SIZE_CHANGED:
+    case SDL_WINDOWEVENT_DISPLAY_CHANGED:
+      viewer_.resize(surface_.size(), surface_.scale());
+      return true;
+    case SDL_WINDOWEVENT_FOCUS_LOST:
+      viewer_.cancelTouches(time);
+      return true;
+    case SDL_WINDOWEVENT_EXPOSED:
+    case SDL_WINDOWEVENT_SHOWN:
+    case SDL_WINDOWEVENT_RESTORED:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool Input::handleFinger(const SDL_Event& event, double time) {
+  const SDL_TouchFingerEvent& finger = event.tfinger;
+  if (!isOnScreen(finger.touchId)) return false;
+  const graphics::Size size = surface_.size();
+  touches_.push_back({static_cast<std::uint64_t>(finger.fingerId),
+                      phaseOf(event.type),
+                      {finger.x * size.width, finger.y * size.height},
+                      time});
+  return true;
+}
+
+void Input::handTouches() {
+  if (!touches_.empty()) viewer_.touch(std::exchange(touches_, {}));
+}
+
+bool Input::handleMouse(const SDL_Event& event, double time) {
+  if (event.type == SDL_MOUSEMOTION) {
+    if (buttonsDown_ == 0) return false;
+    viewer_.pointer().move(surface_.pointAt(event.motion.x, event.motion.y), time);
+    return true;
+  }
+  if (event.type == SDL_MOUSEWHEEL) {
+    const double sign = event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -1 : 1;
+    viewer_.wheel(surface_.pointAt(event.wheel.mouseX, event.wheel.mouseY),
+                  sign * static_cast<double>(event.wheel.preciseY), time);
+    return true;
+  }
+  const SDL_MouseButtonEvent& button = event.button;
+  if (button.button != SDL_BUTTON_LEFT && button.button != SDL_BUTTON_RIGHT) return false;
+  const auto which = button.button == SDL_BUTTON_LEFT ? PointerButton::left : PointerButton::right;
+  const graphics::Point at = surface_.pointAt(button.x, button.y);
+  if (event.type == SDL_MOUSEBUTTONDOWN) {
+    if (++buttonsDown_ == 1) SDL_CaptureMouse(SDL_TRUE);
+    viewer_.pointer().press(which, at, button.clicks, time);
+  } else {
+    if (buttonsDown_ > 0 && --buttonsDown_ == 0) SDL_CaptureMouse(SDL_FALSE);
+    viewer_.pointer().release(which, at, time);
+  }
+  return true;
+}
+
+bool Input::handleKey(const SDL_Event& event) {
+  const SDL_Keysym& symbol = event.key.keysym;
+  const bool control = (symbol.mod & (KMOD_CTRL | KMOD_GUI)) != 0;
+  if (control && symbol.sym == SDLK_f) {
+    viewer_.keyPressed({Key::search});
+    return true;
+  }
+  const auto key = keyOf(symbol.sym);
+  if (key) viewer_.keyPressed({*key, (symbol.mod & KMOD_SHIFT) != 0, control});
+  return key.has_value();
+}
+
+}  // namespace orivanta::viewer

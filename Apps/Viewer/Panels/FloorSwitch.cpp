@@ -1,0 +1,105 @@
+#include "Apps/Viewer/Panels/FloorSwitch.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "Apps/Command/Places.hpp"
+#include "Platform/View/Canvas.hpp"
+#include "Source/Map.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+constexpr double inset = 4;  // points
+constexpr double dotSide = 9;
+
+bool canBeShown(FloorState state) {
+  return state != FloorState::failed && state != FloorState::withoutModel;
+}
+
+}  // namespace
+
+class FloorSwitch::Cell : public Pressable {
+ public:
+  explicit Cell(std::shared_ptr<Map> shownFloor)
+      : floor(std::move(shownFloor)),
+        label_(std::make_shared<Label>(LabelStyle{.bold = true, .alignment = Alignment::centre},
+                                       command::floorLabel(*floor))) {
+    addSubview(label_);
+  }
+
+  void draw(view::Canvas& canvas) override {
+    const graphics::Size size = bounds().size;
+    label_->setFrame({{2, 0}, {size.width - 4, size.height}});
+    label_->setColor(isCurrent ? theme::paper : theme::ink);
+    label_->setAlpha(state == FloorState::ready || isCurrent ? 1 : 0.35);
+    if (isCurrent || isPressed())
+      canvas.fill(bounds(), isCurrent ? theme::accent : theme::pressed, theme::radius - inset);
+    if (!isOnRoute) return;
+    const graphics::Rect dot{{size.width - dotSide - 3, 3}, {dotSide, dotSide}};
+    canvas.fill({{dot.minX() - 1.5, dot.minY() - 1.5}, {dotSide + 3, dotSide + 3}},
+                isCurrent ? theme::accent : theme::paper, dotSide);
+    canvas.fill(dot, theme::amber, dotSide / 2);
+  }
+
+  const std::shared_ptr<Map> floor;
+  FloorState state = FloorState::waiting;
+  bool isCurrent = false;
+  bool isOnRoute = false;
+
+ private:
+  std::shared_ptr<Label> label_;
+};
+
+FloorSwitch::FloorSwitch(std::vector<std::shared_ptr<Map>> floors) {
+  std::stable_sort(floors.begin(), floors.end(),
+                   [](const auto& a, const auto& b) { return a->elevation > b->elevation; });
+  for (const auto& floor : floors) {
+    const auto cell = std::make_shared<Cell>(floor);
+    cell->action = [this, floor] {
+      if (chosen) chosen(floor);
+    };
+    cells_.push_back(cell);
+    addSubview(cell);
+  }
+}
+
+void FloorSwitch::setState(const Map& floor, FloorState state) {
+  for (const auto& cell : cells_)
+    if (*cell->floor == floor) cell->state = state;
+}
+
+void FloorSwitch::setCurrent(std::shared_ptr<Map> floor) {
+  current_ = std::move(floor);
+  for (const auto& cell : cells_) cell->isCurrent = cell->floor == current_;
+}
+
+void FloorSwitch::setRoute(const std::vector<std::shared_ptr<Map>>& floors) {
+  for (const auto& cell : cells_)
+    cell->isOnRoute = std::find(floors.begin(), floors.end(), cell->floor) != floors.end();
+}
+
+std::shared_ptr<Map> FloorSwitch::neighbour(int up) const {
+  const auto at = std::find_if(cells_.begin(), cells_.end(),
+                               [this](const auto& cell) { return cell->floor == current_; });
+  auto index = at - cells_.begin();
+  const auto count = static_cast<std::ptrdiff_t>(cells_.size());
+  do index -= up;
+  while (index >= 0 && index < count &&
+         !canBeShown(cells_[static_cast<std::size_t>(index)]->state));
+  if (index < 0 || index >= count) return nullptr;
+  return cells_[static_cast<std::size_t>(index)]->floor;
+}
+
+graphics::Size FloorSwitch::arrange() {
+  constexpr double side = theme::controlSize;
+  double top = inset;
+  for (const auto& cell : cells_) {
+    cell->setFrame({{inset, top}, {side, side}});
+    top += side;
+  }
+  return {side + 2 * inset, top + inset};
+}
+
+}  // namespace orivanta::viewer

@@ -1,0 +1,39 @@
+// The floors of a venue, one below the other as they lie.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "Apps/Viewer/Widgets/Button.hpp"
+#include "Apps/Viewer/Widgets/Panel.hpp"
+#include "Source/UI/FloorLoad.hpp"
+
+namespace orivanta::viewer {
+
+/// The highest floor on top. Those that cannot be shown are pale.
+class FloorSwitch : public Panel {
+ public:
+  explicit FloorSwitch(std::vector<std::shared_ptr<Map>> floors);
+
+  std::function<void(const std::shared_ptr<Map>&)> chosen;
+
+  void setState(const Map& floor, FloorState state);
+  void setCurrent(std::shared_ptr<Map> floor);
+
+  /// Puts a dot on the floors that a route passes.
+  void setRoute(const std::vector<std::shared_ptr<Map>>& floors);
+
+  /// The floor so many places further up; null at the end. Floors that cannot be shown are skipped.
+  std::shared_ptr<Map> neighbour(int up) const;
+
+  graphics::Size arrange();
+
+ private:
+  class Cell;
+
+  std::vector<std::shared_ptr<Cell>> cells_;  // from the top
+  std::shared_ptr<Map> current_;
+};
+
+}  // namespace orivanta::viewer

@@ -1,0 +1,75 @@
+#include "Apps/Viewer/Panels/LoadingVeil.hpp"
+
+#include <algorithm>
+
+#include "Platform/Foundation/Fatal.hpp"
+#include "Platform/Graphics/ImageFile.hpp"
+#include "Platform/View/Canvas.hpp"
+#include "Source/UI/AssetLoader.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+constexpr graphics::Size logoSize{210, 90};  // points
+constexpr double barWidth = 220;
+
+std::shared_ptr<const graphics::Image> logoImage() {
+  return graphics::decodeImage(
+      foundation::unwrap(orivanta::AssetLoader().bundle.bytes("MapLogo", "png")));
+}
+
+}  // namespace
+
+LoadingVeil::LoadingVeil()
+    : logo_(std::make_shared<view::ImageView>(logoImage())),
+      wheel_(std::make_shared<view::ActivityIndicatorView>()),
+      title_(std::make_shared<Label>(
+          LabelStyle{.size = theme::titleSize, .bold = true, .alignment = Alignment::centre})),
+      text_(std::make_shared<Label>(
+          LabelStyle{.color = theme::faint, .alignment = Alignment::centre})) {
+  setBackgroundColor(theme::backdrop);
+  wheel_->setStyle(view::ActivityIndicatorStyle::whiteLarge);
+  wheel_->setColor(theme::accent);
+  wheel_->startAnimating();
+  logo_->setUserInteractionEnabled(false);
+  for (const std::shared_ptr<view::View>& part :
+       std::initializer_list<std::shared_ptr<view::View>>{logo_, wheel_, title_, text_})
+    addSubview(part);
+}
+
+void LoadingVeil::setBusy(bool busy) {
+  busy_ = busy;
+  if (busy)
+    wheel_->startAnimating();
+  else
+    wheel_->stopAnimating();
+  title_->setHidden(!busy);
+  text_->setHidden(!busy);
+}
+
+void LoadingVeil::setProgress(double share, const std::string& text) {
+  share_ = std::clamp(share, 0.0, 1.0);
+  text_->setText(text);
+}
+
+void LoadingVeil::arrange(graphics::Size size) {
+  const double middle = size.width / 2;
+  double top = std::max(20.0, size.height * 0.5 - 170);
+  logo_->setFrame({{middle - logoSize.width / 2, top}, logoSize});
+  top += logoSize.height + 34;
+  wheel_->setFrame({{middle - 18.5, top}, {37, 37}});
+  top += 37 + 22;
+  title_->setFrame({{theme::margin, top}, {size.width - 2 * theme::margin, 30}});
+  text_->setFrame({{theme::margin, top + 32}, {size.width - 2 * theme::margin, 22}});
+  bar_ = {{middle - barWidth / 2, top + 68}, {barWidth, 4}};
+}
+
+void LoadingVeil::draw(view::Canvas& canvas) {
+  View::draw(canvas);
+  if (!busy_) return;
+  canvas.fill(bar_, theme::hairline, 2);
+  if (share_ > 0) canvas.fill({bar_.origin, {barWidth * share_, 4}}, theme::accent, 2);
+}
+
+}  // namespace orivanta::viewer

@@ -1,0 +1,38 @@
+// What shows until there is a map: the logo, a turning wheel, and how far the load is.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "Apps/Viewer/Widgets/Label.hpp"
+#include "Platform/View/ActivityIndicatorView.hpp"
+#include "Platform/View/ImageView.hpp"
+
+namespace orivanta::viewer {
+
+class LoadingVeil : public view::View {
+ public:
+  LoadingVeil();
+
+  /// The wheel turns and the bar shows, or only the logo does.
+  void setBusy(bool busy);
+  bool isBusy() const { return busy_; }
+  void setTitle(const std::string& title) { title_->setText(title); }
+
+  /// `share`: from 0 to 1.
+  void setProgress(double share, const std::string& text);
+
+  void arrange(graphics::Size size);
+  void draw(view::Canvas& canvas) override;
+
+ private:
+  std::shared_ptr<view::ImageView> logo_;
+  std::shared_ptr<view::ActivityIndicatorView> wheel_;
+  std::shared_ptr<Label> title_;
+  std::shared_ptr<Label> text_;
+  graphics::Rect bar_;
+  double share_ = 0;
+  bool busy_ = true;
+};
+
+}  // namespace orivanta::viewer

@@ -1,0 +1,34 @@
+// The venues to choose from.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "Apps/Viewer/Widgets/List.hpp"
+#include "Apps/Viewer/Widgets/Panel.hpp"
+#include "Source/Fwd.hpp"
+
+namespace orivanta::viewer {
+
+class VenueList : public Panel {
+ public:
+  VenueList();
+
+  std::function<void(const std::shared_ptr<Venue>&)> chosen;
+
+  void show(const std::vector<std::shared_ptr<Venue>>& venues);
+
+  void moveMark(int down);
+  void chooseMarked();
+
+  graphics::Size arrange(graphics::Size room);
+
+ private:
+  std::vector<std::shared_ptr<Venue>> venues_;
+  std::size_t marked_ = 0;
+  std::shared_ptr<Label> title_;
+  std::shared_ptr<List> list_;
+};
+
+}  // namespace orivanta::viewer

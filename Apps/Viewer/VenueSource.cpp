@@ -1,0 +1,106 @@
+#include "Apps/Viewer/VenueSource.hpp"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "Platform/Foundation/Languages.hpp"
+#include "Platform/Foundation/MainQueue.hpp"
+#include "Source/Venue.hpp"
+#include "Source/WebApi.hpp"
+
+namespace orivanta::viewer {
+
+namespace mainQueue = foundation::mainQueue;
+
+namespace {
+
+// With a capital letter and a full stop.
+std::string sentence(std::string text) {
+  if (!text.starts_with("http") && !text.empty() && text.front() >= 'a' && text.front() <= 'z')
+    text.front() = static_cast<char>(text.front() - 'a' + 'A');
+  return text + '.';
+}
+
+Problem problemOf(const LoadFailure& failure) {
+  const std::string reason = sentence(failure.reason);
+  switch (failure.problem) {
+    case LoadProblem::refused:
+      return {"The server refuses these credentials", reason};
+    case LoadProblem::noAnswer:
+      return {"The server does not answer", reason};
+    default:
+      return {"The server does not give the venue", reason};
+  }
+}
+
+std::optional<Problem> problemIn(const std::vector<LoadFailure>& failures,
+                                 const std::vector<std::string_view>& needed) {
+  const auto first =
+      std::find_if(failures.begin(), failures.end(), [&](const LoadFailure& failure) {
+        return failure.problem == LoadProblem::endless ||
+               std::find(needed.begin(), needed.end(), failure.collection) != needed.end();
+      });
+  return first == failures.end() ? std::nullopt : std::optional(problemOf(*first));
+}
+
+}  // namespace
+
+VenueSource::VenueSource(ApiSettings settings) : settings_(std::move(settings)) {}
+
+WebApiSession VenueSource::makeSession() const {
+  return {*settings_.endpoint, *settings_.username, *settings_.password,
+          fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", "))};
+}
+
+// Brings what is told in the background to the main queue, as long as the source lives.
+template <class Report>
+LoadHandlers<Report> VenueSource::handlersFor(const Handlers& handlers,
+                                              const std::vector<std::string_view>& needed,
+                                              std::function<void(Report)> done) const {
+  const std::weak_ptr alive = alive_;
+  return {[alive, progressed = handlers.progressed](const LoadProgress& progress) {
+            mainQueue::async([alive, progressed, progress] {
+              if (alive.lock() && progressed) progressed(progress);
+            });
+          },
+          [alive, needed, failed = handlers.failed, done = std::move(done)](Report report) {
+            mainQueue::async([alive, needed, failed, done, report = std::move(report)] {
+              if (!alive.lock()) return;
+              if (const auto problem = problemIn(report.failures, needed))
+                failed(*problem);
+              else
+                done(report);
+            });
+          }};
+}
+
+void VenueSource::fetchVenues(Handlers handlers, std::function<void(Venues)> done) {
+  const auto listed = [done = std::move(done), failed = handlers.failed,
+                       endpoint = *settings_.endpoint](const VenueListReport& report) {
+    if (report.venues.empty())
+      failed({"No venues", "The server at " + endpoint + " has no venue for this account."});
+    else
+      done(report.venues);
+  };
+  loadVenuesReporting(makeSession(), handlersFor<VenueListReport>(handlers, {"venue"}, listed));
+}
+
+void VenueSource::loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
+                            std::function<void()> done) {
+  const auto loaded = [venue, done = std::move(done),
+                       failed = handlers.failed](const VenueLoadReport&) {
+    if (venue->maps->empty())
+      failed({"This venue is empty", venue->name.value_or("") + " has no floors to show yet."});
+    else
+      done();
+  };
+  loadVenueReporting(
+      makeSession(), venue, /*accessible=*/false,
+      handlersFor<VenueLoadReport>(handlers, {"location", "map", "node", "polygon"}, loaded));
+}
+
+}  // namespace orivanta::viewer

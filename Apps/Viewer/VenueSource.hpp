@@ -1,0 +1,58 @@
+// The web API as the viewer asks it: in the background, with progress and reasons.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Source/Fwd.hpp"
+#include "Source/LoadReport.hpp"
+#include "Source/Orivanta.hpp"
+
+namespace orivanta::viewer {
+
+/// Why there is nothing to show, for people.
+struct Problem {
+  std::string title;
+  std::string detail;  ///< sentences
+};
+
+/// Made and used on the main thread. What a source that is gone has asked for is never told.
+class VenueSource {
+ public:
+  using Venues = std::vector<std::shared_ptr<Venue>>;
+
+  /// Called from the main queue; after each request `failed` or what was asked for, once.
+  struct Handlers {
+    std::function<void(const LoadProgress&)> progressed;
+    std::function<void(const Problem&)> failed;
+  };
+
+  /// `settings` has all but the observer.
+  explicit VenueSource(ApiSettings settings);
+
+  /// An empty list is a problem as well.
+  void fetchVenues(Handlers handlers, std::function<void(Venues)> done);
+
+  /// All collections of a venue, which is the active one from now on, and the whole of its walking
+  /// network. A request begins when the former one has been answered.
+  void loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
+                 std::function<void()> done);
+
+  const std::string& endpoint() const { return *settings_.endpoint; }
+
+ private:
+  WebApiSession makeSession() const;
+
+  template <class Report>
+  LoadHandlers<Report> handlersFor(const Handlers& handlers,
+                                   const std::vector<std::string_view>& needed,
+                                   std::function<void(Report)> done) const;
+
+  ApiSettings settings_;
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+};
+
+}  // namespace orivanta::viewer

@@ -1,0 +1,133 @@
+// One venue in the hands of a person: the map, and the panels around it.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Apps/Command/Render/RouteOnMap.hpp"
+#include "Apps/Viewer/CameraControl.hpp"
+#include "Apps/Viewer/Keys.hpp"
+#include "Apps/Viewer/LabelLayer.hpp"
+#include "Apps/Viewer/Panels/FloorSwitch.hpp"
+#include "Apps/Viewer/Panels/KeyHelp.hpp"
+#include "Apps/Viewer/Panels/PlaceCard.hpp"
+#include "Apps/Viewer/Panels/RoutePanel.hpp"
+#include "Apps/Viewer/Panels/SearchPanel.hpp"
+#include "Apps/Viewer/RoutePlanner.hpp"
+#include "Apps/Viewer/VenueSource.hpp"
+#include "Source/UI/MapView.hpp"
+
+namespace orivanta::viewer {
+
+/// Held by handle; of a venue whose records are loaded. Main thread.
+class VenueView : public view::View, public MapViewDelegate {
+ public:
+  static std::shared_ptr<VenueView> make(std::shared_ptr<Venue> venue);
+
+  // Told what the load of the floors comes to.
+  std::function<void(double share, const std::string& text)> progressed;
+  std::function<void()> loaded;                ///< there is a floor to see
+  std::function<void(const Problem&)> failed;  ///< there is none, or the one that was asked for
+
+  /// Begins with `first`, if any. May be called again after a failure.
+  void load(const std::shared_ptr<Map>& first = nullptr);
+
+  /// `size` in points, `scale` pixels per point.
+  void arrange(graphics::Size size, double scale);
+
+  /// Moves what moves by itself. Before each frame; `time` in seconds.
+  void advance(double time);
+
+  /// Whether something moves by itself.
+  bool isMoving() const;
+
+  bool handleKey(const KeyPress& press);
+  bool handleText(std::string_view text);
+
+  /// Shows a place, with its card; null for none. Brings the camera to it.
+  void select(const std::shared_ptr<Location>& place);
+  void showFloor(const std::shared_ptr<Map>& floor);
+
+  MapView& mapView() { return *mapView_; }
+  CameraControl& camera() { return *camera_; }
+  SearchPanel& searchPanel() { return *search_; }
+  PlaceCard& placeCard() { return *card_; }
+  RoutePanel& routePanel() { return *routePanel_; }
+  FloorSwitch& floorSwitch() { return *floors_; }
+  const std::shared_ptr<Location>& selected() const { return selected_; }
+  const std::optional<PlannedRoute>& route() const { return route_; }
+  const std::shared_ptr<Venue>& venue() const { return venue_; }
+  void toggleHelp();
+
+  /// Something over the map may be in the way of names now.
+  void touchLabels() { labelsAreOld_ = true; }
+
+  // MapViewDelegate
+  void mapViewDidLoad() override;
+  void polygonSelected(const std::shared_ptr<Polygon>& polygon) override;
+  void nothingSelected() override;
+
+ private:
+  explicit VenueView(std::shared_ptr<Venue> venue);
+  void connect();
+  void addMapButtons();
+  void arrangePanels();
+  void arrangeSheets(bool isWide);
+  void arrangeMapButtons(bool isWide);
+  void updateInsets(bool isWide);
+
+  void floorsChanged(const FloorProgress& floor);
+  void floorsEnded(const std::vector<FloorProgress>& floors);
+  void floorShown();
+  void lookAgain();
+
+  void mark(const std::shared_ptr<Location>& place);
+  void fetchPicture(const std::shared_ptr<Location>& place);
+  void beginRoute(std::shared_ptr<Location> from, std::shared_ptr<Location> to);
+  void planRoute();
+  void frameRoute();
+  void showStep(const RouteStep& step);
+  void clearRoute();
+  void lookFor(bool start);
+  bool escape();
+  bool handleKeyInSearch(const KeyPress& press);
+  bool moveCamera(const KeyPress& press);
+  bool fillsEnd(const std::shared_ptr<Location>& place);
+
+  std::shared_ptr<Venue> venue_;
+  std::shared_ptr<MapView> mapView_;
+  std::unique_ptr<CameraControl> camera_;
+  std::unique_ptr<LabelLayer> labels_;
+  RoutePlanner planner_;
+
+  std::shared_ptr<SearchPanel> search_;
+  std::shared_ptr<PlaceCard> card_;
+  std::shared_ptr<RoutePanel> routePanel_;
+  std::shared_ptr<FloorSwitch> floors_;
+  std::shared_ptr<KeyHelp> help_;
+  std::shared_ptr<Panel> mapButtons_;
+  std::vector<std::shared_ptr<Button>> mapButtonList_;
+
+  std::shared_ptr<FloorLoad> floorLoad_;
+  std::shared_ptr<Map> awaitedFloor_;  // to be shown as soon as it is there; null for none
+  bool isLoaded_ = false;
+  std::shared_ptr<Location> selected_;
+  std::shared_ptr<MapViewMarker2D> mark_;
+  std::shared_ptr<Location> from_;
+  std::shared_ptr<Location> to_;
+  std::optional<bool> searchesForStart_;  // what is looked for is an end of the route
+  bool accessible_ = false;
+  std::optional<PlannedRoute> route_;
+  std::unique_ptr<command::RouteOnMap> routeOnMap_;
+
+  double scale_ = 1;
+  double time_ = 0;
+  bool labelsAreOld_ = true;
+  CameraPose labelledPose_;
+};
+
+}  // namespace orivanta::viewer

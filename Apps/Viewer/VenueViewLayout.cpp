@@ -1,0 +1,138 @@
+// Where the panels of a venue lie: beside the map on a wide screen, over and under it on a phone.
+#include <algorithm>
+#include <array>
+
+#include "Apps/Viewer/VenueView.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+constexpr double leastWideWidth = 720;  // points
+constexpr double columnWidth = 344;
+constexpr double gap = 12;
+constexpr double narrowMargin = 12;
+constexpr double mostSheetShare = 0.46;  // of a phone's height
+
+struct MapButton {
+  const char* sign;
+  const char* key;
+};
+constexpr std::array mapButtonSigns{MapButton{"+", "+"}, MapButton{"\u2212", "-"},
+                                    MapButton{"\u26F6", "f"}, MapButton{"?", "?"}};
+constexpr double buttonInset = 4;
+
+}  // namespace
+
+void VenueView::addMapButtons() {
+  for (const MapButton& button : mapButtonSigns) {
+    mapButtonList_.push_back(std::make_shared<Button>(ButtonLook::plain, button.sign, 19));
+    mapButtonList_.back()->action = [this, &button] { handleText(button.key); };
+    mapButtons_->addSubview(mapButtonList_.back());
+  }
+}
+
+void VenueView::arrange(graphics::Size size, double scale) {
+  const bool hasChanged = !(size == bounds().size) || scale != scale_;
+  setFrame({{0, 0}, size});
+  scale_ = scale;
+  mapView_->setFrame(bounds());
+  mapView_->layoutIfNeeded();
+  if (hasChanged) {
+    // The overlay keeps the size that it was made with.
+    for (const auto& marker : mapView_->markers())
+      mapView_->removeMarker(std::dynamic_pointer_cast<MapViewMarker2D>(marker));
+    mapView_->spriteScene = MapViewOverlay2D::make(size);
+    mapView_->sceneView->setOverlayScene(mapView_->spriteScene);
+    mark_ = nullptr;
+  }
+  arrangePanels();
+  if (hasChanged && isLoaded_) {
+    floorShown();
+    camera_->setPose(camera_->pose());
+  }
+}
+
+void VenueView::arrangePanels() {
+  const graphics::Size size = bounds().size;
+  if (size.width <= 0) return;
+  const bool isWide = size.width >= leastWideWidth;
+  const double margin = isWide ? theme::margin : narrowMargin;
+  const double searchWidth = isWide ? columnWidth : size.width - 2 * margin;
+  const double searchHeight = search_->arrange(searchWidth, size.height - 2 * margin);
+  search_->setFrame({{margin, margin}, {searchWidth, searchHeight}});
+  arrangeSheets(isWide);
+  arrangeMapButtons(isWide);
+  const graphics::Size help = help_->arrange(size);
+  help_->setFrame(
+      {{(size.width - help.width) / 2, std::max(margin, (size.height - help.height) / 2)}, help});
+  updateInsets(isWide);
+  labelsAreOld_ = true;
+}
+
+// The card or the route: in the column below the search field, or from the lower edge.
+void VenueView::arrangeSheets(bool isWide) {
+  const graphics::Size size = bounds().size;
+  const double margin = isWide ? theme::margin : narrowMargin;
+  const double width = isWide ? columnWidth : size.width - 2 * margin;
+  const double top = search_->frame().minY() + 48 + gap;
+  const bool showsRoute = (from_ || to_) && !selected_;
+  card_->setHidden(!selected_ || search_->isOpen());
+  routePanel_->setHidden(!showsRoute || search_->isOpen());
+  const auto place = [&](view::View& sheet, double height) {
+    const double y = isWide ? top : size.height - margin - height;
+    sheet.setFrame({{margin, y}, {width, height}});
+  };
+  if (selected_) place(*card_, card_->arrange(width, !isWide));
+  const double most = isWide ? size.height - top - margin : size.height * mostSheetShare;
+  if (showsRoute) place(*routePanel_, routePanel_->arrange(width, most));
+}
+
+void VenueView::arrangeMapButtons(bool isWide) {
+  const graphics::Size size = bounds().size;
+  const double margin = isWide ? theme::margin : narrowMargin;
+  constexpr double side = theme::controlSize;
+  const graphics::Size floors = floors_->arrange();
+  const double buttonsHeight = side * static_cast<double>(mapButtonList_.size()) + 2 * buttonInset;
+  double top = buttonInset;
+  for (const auto& button : mapButtonList_) {
+    button->setFrame({{buttonInset, top}, {side, side}});
+    top += side;
+  }
+  const double x = size.width - margin - floors.width;
+  double freeTop = margin;
+  double freeBottom = size.height - margin;
+  if (!isWide) {
+    freeTop += 48 + gap;
+    for (const view::View* sheet :
+         {static_cast<view::View*>(card_.get()), static_cast<view::View*>(routePanel_.get())})
+      if (!sheet->isHidden()) freeBottom = std::min(freeBottom, sheet->frame().minY() - gap);
+  }
+  const double logo = 36;  // the map view's own, below the buttons
+  mapButtons_->setHidden(!isWide ||
+                         freeBottom - freeTop < floors.height + buttonsHeight + logo + gap);
+  mapButtons_->setFrame(
+      {{x, freeBottom - logo - buttonsHeight}, {side + 2 * buttonInset, buttonsHeight}});
+  const double lowest = mapButtons_->isHidden() ? freeBottom : mapButtons_->frame().minY() - gap;
+  const double y = std::clamp((freeTop + freeBottom - floors.height) / 2, freeTop,
+                              std::max(freeTop, lowest - floors.height));
+  floors_->setFrame({{x, y}, floors});
+  floors_->setHidden(search_->isOpen() && !isWide);
+}
+
+void VenueView::updateInsets(bool isWide) {
+  const graphics::Size size = bounds().size;
+  Insets insets{8, 8, 76, 8};
+  const bool hasSheet = selected_ || from_ || to_;
+  if (isWide && hasSheet) insets.left = theme::margin + columnWidth + gap;
+  if (isWide && !hasSheet) insets.top = 72;
+  if (!isWide) {
+    insets.top = 72;
+    insets.right = 24;
+    const view::View& sheet = selected_ ? static_cast<view::View&>(*card_) : *routePanel_;
+    if (hasSheet) insets.bottom = size.height - sheet.frame().minY() + gap;
+  }
+  camera_->setInsets(insets);
+}
+
+}  // namespace orivanta::viewer

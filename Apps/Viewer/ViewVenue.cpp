@@ -1,0 +1,63 @@
+#include "Apps/Viewer/ViewVenue.hpp"
+
+#include <fmt/format.h>
+
+#include <memory>
+#include <utility>
+
+#include "Apps/Command/Render/PictureOptions.hpp"
+#include "Apps/Server/VenuePackage.hpp"
+#include "Apps/Server/VenueServer.hpp"
+#include "Apps/Viewer/Viewer.hpp"
+#include "Apps/Viewer/Window.hpp"
+#include "Platform/Foundation/Diagnostics.hpp"
+#include "Platform/Foundation/Screen.hpp"
+
+namespace orivanta::viewer {
+
+using command::CommandError;
+using command::ExitCode;
+
+namespace {
+
+std::unique_ptr<server::VenueServer> serveDemo(const std::filesystem::path& folder) {
+  server::ServerOptions options;
+  options.folders = {folder};
+  try {
+    return std::make_unique<server::VenueServer>(options);
+  } catch (const std::exception& error) {
+    throw CommandError(ExitCode::wrongUse, fmt::format("the demo venue: {}", error.what()));
+  }
+}
+
+std::unique_ptr<render::WindowSurface> openWindow(const ViewVenueOptions& options) {
+  auto surface =
+      render::WindowSurface::make({"Orivanta", command::parseSize(options.size), options.scale});
+  if (const auto* error = std::get_if<foundation::Error>(&surface))
+    throw CommandError(ExitCode::outputFailed, error->description);
+  return std::move(std::get<0>(surface));
+}
+
+}  // namespace
+
+ExitCode viewVenue(const ViewVenueOptions& options) {
+  if (options.scale != 0 && !(options.scale >= 0.25 && options.scale <= 8))
+    throw CommandError(ExitCode::wrongUse, "--scale: give a number from 0.25 to 8");
+  foundation::setDiagnosticSink([](std::string_view) {});  // a window tells what matters
+  ViewerOptions viewerOptions;
+  if (!options.slug.empty()) viewerOptions.slug = options.slug;
+  viewerOptions.settings = command::resolveSettings(options.connection);
+  std::unique_ptr<server::VenueServer> demo;
+  if (options.demoVenue && !command::isEndpointGiven(options.connection)) {
+    demo = serveDemo(*options.demoVenue);
+    viewerOptions.settings.endpoint = demo->root();
+    if (!viewerOptions.slug) viewerOptions.slug = server::readPackage(*options.demoVenue).slug;
+  }
+  const auto surface = openWindow(options);
+  foundation::setMainScreenScale(surface->scale());
+  Viewer viewer(std::move(viewerOptions));
+  runWindow(viewer, *surface);
+  return ExitCode::success;
+}
+
+}  // namespace orivanta::viewer

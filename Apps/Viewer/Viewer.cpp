@@ -1,0 +1,275 @@
+#include "Apps/Viewer/Viewer.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "Source/Venue.hpp"
+
+namespace orivanta::viewer {
+
+using view::TouchPhase;
+
+namespace {
+
+constexpr double wheelZoom = 1.18;  // a step
+constexpr double wheelScroll = 60;  // points, a step
+constexpr double venueShare = 0.4;  // of the bar, for the records; the rest is for the floors
+
+// The list that a point is over, if any.
+List* listAt(view::View& root, graphics::Point point) {
+  for (view::View* at = root.viewAt(point).get(); at != nullptr; at = at->superview())
+    if (auto* list = dynamic_cast<List*>(at)) return list;
+  return nullptr;
+}
+
+void centre(view::View& view, graphics::Size size, graphics::Size room) {
+  view.setFrame(
+      {{std::round((room.width - size.width) / 2), std::round((room.height - size.height) / 2)},
+       size});
+}
+
+}  // namespace
+
+Viewer::Viewer(ViewerOptions options)
+    : slug_(std::move(options.slug)),
+      source_(std::move(options.settings)),
+      root_(std::make_shared<view::View>()),
+      veil_(std::make_shared<LoadingVeil>()),
+      venueList_(std::make_shared<VenueList>()),
+      message_(std::make_shared<MessagePanel>()),
+      fingers_(root_),
+      pointer_(*this) {
+  root_->setBackgroundColor(theme::backdrop);
+  for (const std::shared_ptr<view::View>& part :
+       std::initializer_list<std::shared_ptr<view::View>>{veil_, venueList_, message_})
+    root_->addSubview(part);
+  venueList_->setHidden(true);
+  message_->setHidden(true);
+  venueList_->chosen = [this](const auto& venue) { open(venue); };
+  listVenues();
+}
+
+// --- Loading
+// --------------------------------------------------------------------------------------
+
+VenueSource::Handlers Viewer::handlers(std::function<void()> retry) {
+  VenueSource::Handlers result;
+  result.progressed = [this](const LoadProgress& progress) {
+    const double share = progress.collections > 0 ? static_cast<double>(progress.collectionsDone) /
+                                                        static_cast<double>(progress.collections)
+                                                  : 0.0;
+    veil_->setProgress(
+        share * venueShare,
+        fmt::format("{} of {} collections, {:.1f} MB", progress.collectionsDone,
+                    progress.collections, static_cast<double>(progress.bytes) / 1e6));
+  };
+  result.failed = [this, retry = std::move(retry)](const Problem& problem) {
+    showProblem(problem, retry);
+  };
+  return result;
+}
+
+void Viewer::showLoading(const std::string& title) {
+  venueList_->setHidden(true);
+  message_->setHidden(true);
+  veil_->setHidden(false);
+  veil_->setBusy(true);
+  veil_->setTitle(title);
+  veil_->setProgress(0, "");
+  arrange();
+}
+
+void Viewer::showProblem(const Problem& problem, std::function<void()> retry,
+                         std::function<void()> dismiss, const std::string& otherWay) {
+  veil_->setBusy(false);
+  message_->show(problem, otherWay);
+  message_->retried = std::move(retry);
+  message_->dismissed = std::move(dismiss);
+  message_->setHidden(false);
+  arrange();
+}
+
+void Viewer::listVenues() {
+  showLoading("Looking for venues");
+  source_.fetchVenues(handlers([this] { listVenues(); }),
+                      [this](const VenueSource::Venues& venues) { choose(venues); });
+}
+
+void Viewer::choose(const VenueSource::Venues& venues) {
+  veil_->setBusy(false);
+  venueList_->show(venues);
+  if (slug_) {
+    const auto venue = std::find_if(venues.begin(), venues.end(),
+                                    [&](const auto& each) { return each->slug == slug_; });
+    if (venue != venues.end()) return open(*venue);
+    return showProblem(
+        {fmt::format("No venue \u201C{}\u201D", *slug_),
+         fmt::format("The server at {} has {} of other names.", source_.endpoint(),
+                     venues.size() == 1 ? "one" : fmt::format("{}", venues.size()))},
+        [this] { listVenues(); },
+        [this] {
+          slug_.reset();
+          listVenues();
+        },
+        "Show all");
+  }
+  venueList_->setHidden(false);
+  arrange();
+}
+
+void Viewer::open(const std::shared_ptr<Venue>& venue) {
+  showLoading(venue->name.value_or(""));
+  source_.loadVenue(venue, handlers([this, venue] { open(venue); }),
+                    [this, venue] { showFloors(venue); });
+}
+
+void Viewer::showFloors(const std::shared_ptr<Venue>& venue) {
+  if (venueView_) venueView_->removeFromSuperview();
+  venueView_ = VenueView::make(venue);
+  root_->addSubview(venueView_);
+  for (const view::View* above :
+       {static_cast<view::View*>(veil_.get()), static_cast<view::View*>(message_.get())})
+    root_->bringSubviewToFront(*above);
+  venueView_->progressed = [this](double share, const std::string& text) {
+    veil_->setProgress(venueShare + (1 - venueShare) * share, text);
+  };
+  venueView_->loaded = [this] {
+    veil_->setHidden(true);
+    arrange();
+  };
+  venueView_->failed = [this](const Problem& problem) { floorFailed(problem); };
+  arrange();
+  venueView_->load();
+}
+
+void Viewer::floorFailed(const Problem& problem) {
+  const auto retry = [this] {
+    showLoading(venueView_->venue()->name.value_or(""));
+    venueView_->load();
+  };
+  if (veil_->isHidden())
+    showProblem(
+        problem, retry, [this] { message_->setHidden(true); }, "Back to the map");
+  else
+    showProblem(problem, retry);
+}
+
+// --- Layout
+// ---------------------------------------------------------------------------------------
+
+void Viewer::resize(graphics::Size size, double scale) {
+  size_ = size;
+  scale_ = scale;
+  arrange();
+}
+
+void Viewer::arrange() {
+  root_->setFrame({{0, 0}, size_});
+  veil_->setFrame(root_->bounds());
+  veil_->arrange(size_);
+  centre(*message_, message_->arrange(size_), size_);
+  centre(*venueList_, venueList_->arrange(size_), size_);
+  // The logo stays in sight above what there is to read.
+  for (view::View* panel :
+       {static_cast<view::View*>(message_.get()), static_cast<view::View*>(venueList_.get())}) {
+    graphics::Rect frame = panel->frame();
+    const bool veiled = !veil_->isHidden();
+    const double lowest = size_.height - frame.size.height - theme::margin;
+    const double wanted = veiled ? std::max(20.0, size_.height * 0.5 - 170) + 120 : frame.minY();
+    frame.origin.y = std::max(theme::margin, std::min(wanted, lowest));
+    panel->setFrame(frame);
+  }
+  if (venueView_) venueView_->arrange(size_, scale_);
+}
+
+// --- What people do
+// -------------------------------------------------------------------------------
+
+CameraControl* Viewer::cameraAt(graphics::Point point) const {
+  if (!venueView_ || !venueView_->camera().isReady()) return nullptr;
+  const auto under = root_->viewAt(point);
+  return under == venueView_->mapView().sceneView ? &venueView_->camera() : nullptr;
+}
+
+void Viewer::touch(std::span<const view::Touch> touches) {
+  for (const view::Touch& touch : touches) {
+    if (touch.phase != TouchPhase::began || cameraAt(touch.position) == nullptr) continue;
+    mapFingers_.push_back(touch.identifier);
+    venueView_->camera().stop();
+  }
+  fingers_.dispatch(touches);
+  if (mapFingers_.empty()) return;
+  for (const view::Touch& touch : touches)
+    if (touch.phase == TouchPhase::ended || touch.phase == TouchPhase::cancelled)
+      std::erase(mapFingers_, touch.identifier);
+  if (!venueView_) return;
+  venueView_->camera().settle(mapFingers_.empty());
+  venueView_->touchLabels();
+}
+
+void Viewer::cancelTouches(double time) {
+  pointer_.cancel(time);
+  fingers_.cancelAll(time);
+  mapFingers_.clear();
+}
+
+void Viewer::wheel(graphics::Point at, double steps, double time) {
+  if (List* list = listAt(*root_, at)) return list->scrollBy(-steps * wheelScroll);
+  if (CameraControl* camera = cameraAt(at)) camera->glideZoom(std::pow(wheelZoom, steps), at, time);
+}
+
+void Viewer::keyPressed(const KeyPress& press) {
+  if (press.key == Key::picture) {
+    if (pictureWanted) pictureWanted();
+    return;
+  }
+  if (!message_->isHidden()) {
+    if (press.key == Key::enter && message_->retried) message_->retried();
+    if (press.key == Key::escape && message_->dismissed) message_->dismissed();
+    return;
+  }
+  if (!venueList_->isHidden()) {
+    if (press.key == Key::up || press.key == Key::down)
+      venueList_->moveMark(press.key == Key::down ? 1 : -1);
+    if (press.key == Key::enter) venueList_->chooseMarked();
+    return;
+  }
+  if (venueView_ && veil_->isHidden()) venueView_->handleKey(press);
+}
+
+void Viewer::textTyped(std::string_view text) {
+  const bool showsMap = venueView_ && veil_->isHidden() && message_->isHidden();
+  if (showsMap && venueView_->handleText(text)) return;
+  if ((text == "s" || text == "S") && pictureWanted) pictureWanted();
+}
+
+void Viewer::textComposed(std::string_view text) {
+  if (wantsText()) venueView_->searchPanel().field().setComposition(std::string(text));
+}
+
+bool Viewer::wantsText() const { return venueView_ && venueView_->searchPanel().isOpen(); }
+
+// --- Time
+// -----------------------------------------------------------------------------------------
+
+void Viewer::advance(double time) {
+  if (venueView_) venueView_->advance(time);
+}
+
+bool Viewer::isMoving() const {
+  if (!veil_->isHidden()) return veil_->isBusy();
+  return venueView_ && venueView_->isMoving();
+}
+
+std::string Viewer::title() const {
+  return venueView_ ? venueView_->venue()->name.value_or("Orivanta") : "Orivanta";
+}
+
+const MessagePanel* Viewer::message() const {
+  return message_->isHidden() ? nullptr : message_.get();
+}
+
+}  // namespace orivanta::viewer

@@ -1,0 +1,68 @@
+#include "Apps/Viewer/Widgets/Button.hpp"
+
+#include <utility>
+
+#include "Platform/View/Canvas.hpp"
+#include "Platform/View/TapGestureRecognizer.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+constexpr graphics::Size knobTrack{44, 26};
+constexpr double knobInset = 3;
+
+LabelStyle buttonStyle(ButtonLook look, double size) {
+  LabelStyle style;
+  style.size = size;
+  style.bold = look != ButtonLook::plain;
+  style.alignment = Alignment::centre;
+  style.color = look == ButtonLook::filled ? theme::paper : theme::accent;
+  return style;
+}
+
+}  // namespace
+
+Pressable::Pressable() {
+  const auto tap = std::make_shared<view::TapGestureRecognizer>();
+  tap->addTarget("tapped", [this](view::GestureRecognizer&) {
+    const auto self = shared_from_this();  // the action may take the view away
+    if (action) action();
+  });
+  addGestureRecognizer(tap);
+}
+
+void Pressable::touchesBegan(std::span<const view::Touch>) { pressed_ = true; }
+void Pressable::touchesEnded(std::span<const view::Touch>) { pressed_ = false; }
+
+Button::Button(ButtonLook look, std::string text, double textSize)
+    : look_(look), label_(std::make_shared<Label>(buttonStyle(look, textSize), std::move(text))) {
+  addSubview(label_);
+}
+
+void Button::draw(view::Canvas& canvas) {
+  label_->setFrame(bounds());
+  constexpr double radius = 10;
+  constexpr graphics::Color shade{0, 0, 0, 0.12F};
+  if (look_ == ButtonLook::filled) canvas.fill(bounds(), theme::accent, radius);
+  if (look_ == ButtonLook::tinted) canvas.fill(bounds(), theme::accentTint, radius);
+  if (isPressed()) canvas.fill(bounds(), shade, radius);
+}
+
+Switch::Switch(std::string text) : label_(std::make_shared<Label>(LabelStyle{}, std::move(text))) {
+  addSubview(label_);
+}
+
+void Switch::draw(view::Canvas& canvas) {
+  const graphics::Size size = bounds().size;
+  label_->setFrame({{0, 0}, {size.width - knobTrack.width - 8, size.height}});
+  const graphics::Rect track{{size.width - knobTrack.width, (size.height - knobTrack.height) / 2},
+                             knobTrack};
+  canvas.fill(track, on_ ? theme::accent : graphics::Color{0.78F, 0.81F, 0.85F},
+              knobTrack.height / 2);
+  const double side = knobTrack.height - 2 * knobInset;
+  const double left = on_ ? track.maxX() - knobInset - side : track.minX() + knobInset;
+  canvas.fill({{left, track.minY() + knobInset}, {side, side}}, theme::paper, side / 2);
+}
+
+}  // namespace orivanta::viewer

@@ -1,0 +1,62 @@
+#include "Apps/Viewer/Widgets/Label.hpp"
+
+#include <cmath>
+#include <utility>
+
+#include "Platform/Graphics/Text.hpp"
+#include "Platform/View/Canvas.hpp"
+
+namespace orivanta::viewer {
+
+Label::Label(LabelStyle style, std::string text) : style_(style), text_(std::move(text)) {
+  setUserInteractionEnabled(false);
+}
+
+void Label::setText(std::string text) {
+  if (text == text_) return;
+  text_ = std::move(text);
+  pictureWidth_ = -1;
+}
+
+void Label::setColor(graphics::Color color) {
+  if (color == style_.color) return;
+  style_.color = color;
+  pictureWidth_ = -1;
+}
+
+const std::shared_ptr<const graphics::Image>& Label::picture(double width, double scale) {
+  if (pictureWidth_ == width && pictureScale_ == scale) return picture_;
+  graphics::TextStyle style;
+  style.fontSize = style_.size;
+  style.bold = style_.bold;
+  style.color = style_.color;
+  style.maximumWidth = width;
+  style.maximumLines = style_.lines;
+  style.wholeLines = true;
+  style.alignment = style_.alignment == Alignment::centre ? graphics::TextAlignment::centre
+                                                          : graphics::TextAlignment::leading;
+  picture_ = width > 0 ? graphics::makeTextImage(text_, style, scale) : nullptr;
+  pictureWidth_ = width;
+  pictureScale_ = scale;
+  return picture_;
+}
+
+graphics::Size Label::fitting(double width) {
+  const auto& image = picture(width, pictureScale_);
+  if (!image) return {0, 0};
+  return {std::ceil(image->size().width), std::ceil(image->size().height)};
+}
+
+void Label::draw(view::Canvas& canvas) {
+  View::draw(canvas);
+  const graphics::Size size = bounds().size;
+  const auto& image = picture(size.width, canvas.scale());
+  if (!image) return;
+  const graphics::Size shown = image->size();
+  double left = 0;
+  if (style_.alignment == Alignment::centre) left = (size.width - shown.width) / 2;
+  if (style_.alignment == Alignment::trailing) left = size.width - shown.width;
+  canvas.draw(image, {{left, (size.height - shown.height) / 2}, shown});
+}
+
+}  // namespace orivanta::viewer

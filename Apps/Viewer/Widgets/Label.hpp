@@ -1,0 +1,48 @@
+// A text on the screen.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "Apps/Viewer/Theme.hpp"
+#include "Platform/Graphics/Image.hpp"
+#include "Platform/View/View.hpp"
+
+namespace orivanta::viewer {
+
+enum class Alignment { leading, centre, trailing };
+
+struct LabelStyle {
+  double size = theme::textSize;  ///< points
+  bool bold = false;
+  graphics::Color color = theme::ink;
+  Alignment alignment = Alignment::leading;
+  int lines = 1;  ///< at most; 0 for no bound
+};
+
+/// In the middle of its height; what does not fit ends in an ellipsis. Any script. Takes no
+/// touches. The picture of the text is kept until something about it changes.
+class Label : public view::View {
+ public:
+  explicit Label(LabelStyle style = {}, std::string text = "");
+
+  const std::string& text() const { return text_; }
+  void setText(std::string text);
+  void setColor(graphics::Color color);
+
+  /// What the text takes when it may be so wide.
+  graphics::Size fitting(double width);
+
+  void draw(view::Canvas& canvas) override;
+
+ private:
+  const std::shared_ptr<const graphics::Image>& picture(double width, double scale);
+
+  LabelStyle style_;
+  std::string text_;
+  std::shared_ptr<const graphics::Image> picture_;
+  double pictureWidth_ = -1;  // what it was made for; below 0 when it is out of date
+  double pictureScale_ = 1;
+};
+
+}  // namespace orivanta::viewer

@@ -1,0 +1,132 @@
+#include "Apps/Viewer/Window.hpp"
+
+#include <SDL.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <atomic>
+#include <filesystem>
+#include <memory>
+
+#include "Apps/Command/Output.hpp"
+#include "Apps/Viewer/Input.hpp"
+#include "Platform/Foundation/MainQueue.hpp"
+#include "Platform/Graphics/ImageFile.hpp"
+#include "Platform/Render/Renderer.hpp"
+
+namespace orivanta::viewer {
+
+namespace mainQueue = foundation::mainQueue;
+
+namespace {
+
+// Seconds since the start of SDL.
+double now() {
+  return static_cast<double>(SDL_GetPerformanceCounter()) /
+         static_cast<double>(SDL_GetPerformanceFrequency());
+}
+
+std::string freePictureName() {
+  for (int number = 1;; ++number) {
+    auto name = fmt::format("orivanta-{:03}.png", number);
+    std::error_code failure;
+    if (!std::filesystem::exists(name, failure)) return name;
+  }
+}
+
+// Wakes the loop for what waits in the main queue; several at once as one event.
+class Wake {
+ public:
+  Wake() : event_(SDL_RegisterEvents(1)) {
+    mainQueue::setWake([this] {
+      if (pending_.exchange(true)) return;
+      SDL_Event event{};
+      event.type = event_;
+      SDL_PushEvent(&event);
+    });
+  }
+  ~Wake() { mainQueue::setWake(nullptr); }
+  Wake(const Wake&) = delete;
+  Wake& operator=(const Wake&) = delete;
+
+  bool drain() {
+    pending_ = false;
+    return mainQueue::drain();
+  }
+
+ private:
+  const Uint32 event_;
+  std::atomic<bool> pending_ = false;
+};
+
+class Loop {
+ public:
+  Loop(Viewer& viewer, render::WindowSurface& surface)
+      : viewer_(viewer), surface_(surface), input_(viewer, surface) {
+    viewer_.pictureWanted = [this] { pictureWanted_ = true; };
+    viewer_.resize(surface_.size(), surface_.scale());
+  }
+
+  void run() {
+    while (!input_.isClosed()) {
+      const bool isMoving = viewer_.isMoving();
+      const bool hasEvents = input_.take(/*wait=*/!isMoving && !changed_, now());
+      if (wake_.drain() || hasEvents) changed_ = true;
+      if (isMoving || viewer_.isMoving() || changed_) drawFrame();
+    }
+  }
+
+ private:
+  void drawFrame() {
+    const double start = now();
+    changed_ = false;
+    viewer_.advance(start);
+    renderer_.render(*viewer_.root(), surface_.size(), surface_.scale(), start);
+    if (pictureWanted_) savePicture();
+    surface_.present();
+    updateTitle();
+    keepRate(start);
+  }
+
+  // Where showing a frame does not wait for the screen, as without one.
+  void keepRate(double start) const {
+    SDL_DisplayMode mode{};
+    const int display = SDL_GetWindowDisplayIndex(surface_.window());
+    const bool known = SDL_GetCurrentDisplayMode(display, &mode) == 0 && mode.refresh_rate > 0;
+    const double interval = 1.0 / (known ? mode.refresh_rate : 60);
+    const double left = interval - (now() - start) - 0.001;
+    if (left > 0) SDL_Delay(static_cast<Uint32>(left * 1000));
+  }
+
+  void savePicture() {
+    pictureWanted_ = false;
+    const auto name = freePictureName();
+    const auto picture = surface_.read();
+    if (!picture) return;
+    if (const auto error = graphics::writePng(*picture, name))
+      command::complain(fmt::format("{}: {}", name, error->description));
+    else
+      command::writeOutput(name + '\n');
+  }
+
+  void updateTitle() {
+    if (viewer_.title() == title_) return;
+    title_ = viewer_.title();
+    SDL_SetWindowTitle(surface_.window(), title_.c_str());
+  }
+
+  Viewer& viewer_;
+  render::WindowSurface& surface_;
+  Input input_;
+  Wake wake_;
+  render::Renderer renderer_;
+  std::string title_;
+  bool changed_ = true;
+  bool pictureWanted_ = false;
+};
+
+}  // namespace
+
+void runWindow(Viewer& viewer, render::WindowSurface& surface) { Loop(viewer, surface).run(); }
+
+}  // namespace orivanta::viewer

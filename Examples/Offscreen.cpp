@@ -1,0 +1,51 @@
+// Draws the first floor of the API's first venue into a picture, without a screen.
+#include <cstdlib>
+#include <iostream>
+#include <orivanta/ui.hpp>
+
+using namespace orivanta;
+
+int main() {
+  constexpr graphics::Size size{800, 600};  // points
+  constexpr double scale = 2;               // pixels per point
+  const char* const endpoint = std::getenv("ORIVANTA_ENDPOINT");
+  if (endpoint != nullptr) setApiSettings({endpoint, {}, {}, nullptr});
+  foundation::setDiagnosticSink([](std::string_view) {});
+
+  const auto mapView = MapView::make({{0, 0}, size});
+  bool ended = false;
+  FloorLoadHandlers handlers;
+  handlers.ended = [&](const auto&) { ended = true; };
+  getVenues([&](const auto& venues) {
+    if (venues.empty()) return foundation::mainQueue::async([&] { ended = true; });
+    getVenue(venues.front(), [&](const auto& venue) {
+      foundation::mainQueue::async([&, venue] {
+        mapView->venue = venue;
+        mapView->loadFloors(handlers);
+      });
+    });
+  });
+  while (!ended) {
+    foundation::mainQueue::wait(1.0);
+    foundation::mainQueue::drain();
+  }
+  if (!mapView->currentMap()) {
+    std::cerr << "no floor to draw; is ORIVANTA_ENDPOINT set?\n";
+    return 1;
+  }
+
+  auto made = render::OffscreenSurface::make(static_cast<std::uint32_t>(size.width * scale),
+                                             static_cast<std::uint32_t>(size.height * scale));
+  if (const auto* error = std::get_if<foundation::Error>(&made)) {
+    std::cerr << error->description << '\n';
+    return 1;
+  }
+  const auto& surface = std::get<0>(made);
+  render::Renderer renderer;
+  renderer.render(*mapView, size, scale, 0.0, surface->framebuffer());
+  if (const auto error = graphics::writePng(*surface->read(scale), "floor.png")) {
+    std::cerr << error->description << '\n';
+    return 1;
+  }
+  std::cout << "floor.png\n";
+}

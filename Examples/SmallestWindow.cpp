@@ -1,0 +1,85 @@
+// A window with a map: the first venue of the API, to be moved with fingers or the left button.
+#include <SDL.h>
+
+#include <iostream>
+#include <orivanta/ui.hpp>
+
+using namespace orivanta;
+
+namespace {
+
+double now() { return static_cast<double>(SDL_GetTicks64()) / 1000; }
+
+/// Loads the first venue into the map view, from background threads to the main queue.
+void showFirstVenue(const std::shared_ptr<MapView>& mapView) {
+  getVenues([mapView](const auto& venues) {
+    if (venues.empty()) {
+      std::cerr << "no venue; is ORIVANTA_ENDPOINT set?\n";
+      return;
+    }
+    getVenue(venues.front(), [mapView](const auto& venue) {
+      foundation::mainQueue::async([mapView, venue] {
+        mapView->venue = venue;
+        mapView->loadFloors({});
+      });
+    });
+  });
+}
+
+/// The mouse as one more finger.
+void sendTouch(const SDL_Event& event, graphics::Size size, view::TouchDispatcher& fingers) {
+  const auto send = [&](std::uint64_t finger, view::TouchPhase phase, double x, double y) {
+    fingers.dispatch({finger, phase, {x, y}, now()});
+  };
+  const double x = event.tfinger.x * size.width;
+  const double y = event.tfinger.y * size.height;
+  const auto finger = static_cast<std::uint64_t>(event.tfinger.fingerId);
+  switch (event.type) {
+    case SDL_FINGERDOWN:
+      return send(finger, view::TouchPhase::began, x, y);
+    case SDL_FINGERMOTION:
+      return send(finger, view::TouchPhase::moved, x, y);
+    case SDL_FINGERUP:
+      return send(finger, view::TouchPhase::ended, x, y);
+    default:
+      return;
+  }
+}
+
+}  // namespace
+
+int main() {
+  const char* const endpoint = std::getenv("ORIVANTA_ENDPOINT");
+  if (endpoint != nullptr) setApiSettings({endpoint, {}, {}, nullptr});
+  SDL_SetHint(SDL_HINT_OPENGL_ES_DRIVER, "1");
+  SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "1");
+  if (SDL_Init(SDL_INIT_VIDEO) != 0) return 1;
+  SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_ES);
+  SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 3);
+  SDL_Window* const window =
+      SDL_CreateWindow("Orivanta", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, 1000, 700,
+                       SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE);
+  if (window == nullptr || SDL_GL_CreateContext(window) == nullptr) return 1;
+
+  const auto mapView = MapView::make();
+  mapView->allowsSimultaneousGestures = true;
+  view::TouchDispatcher fingers(mapView);
+  render::Renderer renderer;
+  showFirstVenue(mapView);
+  for (bool open = true; open;) {
+    int width = 0;
+    int height = 0;
+    SDL_GetWindowSize(window, &width, &height);
+    const graphics::Size size{static_cast<double>(width), static_cast<double>(height)};
+    SDL_Event event;
+    while (SDL_PollEvent(&event) == 1) {
+      sendTouch(event, size, fingers);
+      open = open && event.type != SDL_QUIT;
+    }
+    foundation::mainQueue::drain();
+    mapView->setFrame({{0, 0}, size});
+    renderer.render(*mapView, size, 1.0, now());
+    SDL_GL_SwapWindow(window);
+  }
+  std::quick_exit(0);
+}

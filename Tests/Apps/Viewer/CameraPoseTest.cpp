@@ -1,0 +1,101 @@
+#include "Apps/Viewer/CameraPose.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+namespace orivanta::viewer {
+
+namespace {
+
+const std::vector<CameraPose> poses{
+    {0, 0, 800, 0, 0}, {120, -40, 500, 0.7, 0}, {-30, 60, 1500, 1.04, 2.5}, {0, 0, 90, 0.3, -3}};
+const Lens wide{{1280, 800}, 40};
+const Lens upright{{390, 844}, 40};
+
+CameraLimits limits() {
+  CameraLimits result;
+  result.floor.add(graphics::Vector3{-500, -400, 0});
+  result.floor.add(graphics::Vector3{500, 400, 6});
+  return result;
+}
+
+void expectNear(const std::optional<graphics::Point>& found, graphics::Point wanted) {
+  ASSERT_TRUE(found);
+  EXPECT_NEAR(found->x, wanted.x, 1e-3);
+  EXPECT_NEAR(found->y, wanted.y, 1e-3);
+}
+
+}  // namespace
+
+TEST(CameraPose, FindsTheGroundThatShowsAtAPoint) {
+  for (const CameraPose& pose : poses)
+    for (const Lens& lens : {wide, upright})
+      for (const graphics::Point point :
+           {graphics::Point{0, lens.size.height}, {100, 700}, {300, 400}}) {
+        const auto ground = groundUnder(pose, lens, point);
+        ASSERT_TRUE(ground);
+        expectNear(shownAt(pose, lens, *ground), point);
+      }
+  EXPECT_FALSE(groundUnder({0, 0, 800, 1.04, 0}, upright, {195, 0})) << "above the horizon";
+}
+
+TEST(CameraPose, DragsTheGroundWithThePointer) {
+  for (const CameraPose& pose : poses) {
+    const auto held = groundUnder(pose, wide, {900, 600});
+    expectNear(groundUnder(dragged(pose, wide, {900, 600}, {400, 500}), wide, {400, 500}), *held);
+  }
+}
+
+TEST(CameraPose, ZoomsTowardsThePointerAsFarAsItMay) {
+  const CameraPose pose{20, 10, 700, 0.5, 1};
+  const auto held = groundUnder(pose, wide, {700, 500});
+  const CameraPose closer = zoomed(pose, wide, limits(), 2, {700, 500});
+  EXPECT_DOUBLE_EQ(closer.distance, 350);
+  expectNear(groundUnder(closer, wide, {700, 500}), *held);
+  EXPECT_EQ(zoomed(pose, wide, limits(), 1e6, {640, 400}).distance, limits().nearest);
+  EXPECT_EQ(zoomed(pose, wide, limits(), 1e-6, {640, 400}).distance, limits().farthest);
+}
+
+TEST(CameraPose, StaysWithinItsLimits) {
+  const CameraPose far = limits().clamped({9000, -9000, 1, 2, 7});
+  EXPECT_EQ(far.x, 500);
+  EXPECT_EQ(far.y, -400);
+  EXPECT_EQ(far.distance, limits().nearest);
+  EXPECT_EQ(far.tilt, limits().steepest);
+  EXPECT_NEAR(std::remainder(far.turn - 7, 2 * 3.14159265358979), 0, 1e-9);
+  EXPECT_EQ(limits().clamped({0, 0, 500, -0.2, 0}).tilt, 0);
+}
+
+TEST(CameraPose, FramesPointsInWhatIsFree) {
+  const std::vector<graphics::Point> points{{-350, -290}, {340, 270}, {-350, 270}, {340, -290}};
+  const Insets insets{360, 20, 80, 10};
+  for (const CameraPose& pose : poses) {
+    const CameraPose framed = framing(points, pose, wide, insets, 0.05);
+    EXPECT_EQ(framed.tilt, pose.tilt);
+    EXPECT_EQ(framed.turn, pose.turn);
+    double least = 1e9;  // of the distances to the free part's edges
+    for (const graphics::Point& point : points) {
+      const auto shown = shownAt(framed, wide, point);
+      ASSERT_TRUE(shown);
+      for (const double distance : {shown->x - 360, 1200 - shown->x, shown->y - 20, 790 - shown->y})
+        least = std::min(least, distance);
+    }
+    EXPECT_GT(least, 0);
+    EXPECT_LT(least, 60) << "no closer than need be";
+  }
+}
+
+TEST(CameraPose, GoesTheShorterWayRound) {
+  const CameraPose from{0, 0, 100, 0, 3};
+  const CameraPose to{10, 20, 400, 1, -3};
+  EXPECT_EQ(between(from, to, 0), from);
+  const CameraPose half = between(from, to, 0.5);
+  EXPECT_NEAR(half.distance, 200, 1e-9);
+  EXPECT_NEAR(half.turn, 3.14159, 1e-3);
+  EXPECT_NEAR(between(from, to, 1).turn, 3.2832, 1e-3);
+}
+
+}  // namespace orivanta::viewer

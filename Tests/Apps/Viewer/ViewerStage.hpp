@@ -1,0 +1,123 @@
+// A viewer without a window: feeds it what people do and takes its picture.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+
+#include "Apps/DemoVenue/Folder.hpp"
+#include "Apps/Server/VenueServer.hpp"
+#include "Apps/Viewer/Viewer.hpp"
+#include "Platform/Foundation/MainQueue.hpp"
+#include "Platform/Render/Offscreen/OffscreenSurface.hpp"
+#include "Platform/Render/Renderer.hpp"
+#include "Source/Location.hpp"
+#include "Source/Venue.hpp"
+#include "Tests/Support/EnvironmentVariable.hpp"
+#include "Tests/Support/Latch.hpp"
+#include "Tests/Support/ShownVenue.hpp"
+
+namespace orivanta::test {
+
+/// A server of the demo venue, at a port if one is given.
+inline std::unique_ptr<server::VenueServer> serveDemo(std::uint16_t port = 0) {
+  server::ServerOptions options;
+  options.folders = {demo::demoVenueFolder().value()};
+  options.port = port;
+  return std::make_unique<server::VenueServer>(options);
+}
+
+inline ApiSettings settingsFor(const std::string& endpoint) {
+  ApiSettings settings;
+  settings.endpoint = endpoint;
+  settings.username = "";
+  settings.password = "";
+  return settings;
+}
+
+class ViewerStage {
+ public:
+  explicit ViewerStage(const std::string& endpoint, std::optional<std::string> slug,
+                       graphics::Size shownSize = {1280, 800})
+      : size(shownSize), viewer({settingsFor(endpoint), std::move(slug)}) {
+    viewer.resize(size, 1);
+  }
+
+  /// Lets things happen until they have; throws when patience runs out.
+  void until(const std::function<bool()>& happened) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (!happened()) {
+      if (std::chrono::steady_clock::now() > end) throw std::runtime_error("it does not happen");
+      foundation::mainQueue::wait(0.02);
+      foundation::mainQueue::drain();
+      viewer.advance(time += 0.1);
+    }
+  }
+
+  /// Until the map is there and the camera rests.
+  void untilShown() {
+    until([this] {
+      return viewer.venueView() && viewer.venueView()->camera().isReady() && !viewer.isMoving();
+    });
+  }
+
+  /// Until nothing glides.
+  void settle() {
+    until([this] { return !viewer.venueView()->camera().isGliding(); });
+  }
+
+  void tap(graphics::Point at) {
+    for (const auto phase : {view::TouchPhase::began, view::TouchPhase::ended}) {
+      const view::Touch touch{1, phase, at, time += 0.05};
+      viewer.touch({&touch, 1});
+    }
+    settle();
+  }
+
+  /// The middle of a view, in the root.
+  void tap(const view::View& view) {
+    const graphics::Size part = view.bounds().size;
+    tap(view.convert({part.width / 2, part.height / 2}, *viewer.root()));
+  }
+
+  void type(std::string_view text) { viewer.textTyped(text); }
+
+  std::shared_ptr<Location> place(const std::string& id) const {
+    for (const auto& location : *viewer.venueView()->venue()->locations)
+      if (location->id == id) return location;
+    throw std::runtime_error("no place " + id);
+  }
+
+  std::shared_ptr<const graphics::Image> picture() {
+    viewer.advance(time += 0.1);
+    auto made = render::OffscreenSurface::make(static_cast<std::uint32_t>(size.width),
+                                               static_cast<std::uint32_t>(size.height));
+    const auto& surface = std::get<0>(made);
+    render::Renderer renderer;
+    renderer.render(*viewer.root(), size, 1, time, surface->framebuffer());
+    return surface->read();
+  }
+
+  graphics::Size size;
+  DiagnosticLines quiet;
+  double time = 0;
+  viewer::Viewer viewer;
+};
+
+/// How many pixels have about this colour.
+inline int countPixels(const graphics::Image& image, const graphics::Color& color) {
+  const auto pixels = image.pixels();
+  int count = 0;
+  for (std::size_t i = 0; i < pixels.size(); i += 4) {
+    const auto differs = [&](std::size_t part, float wanted) {
+      return std::abs(pixels[i + part] - wanted * 255) > 4;
+    };
+    if (!differs(0, color.red) && !differs(1, color.green) && !differs(2, color.blue)) ++count;
+  }
+  return count;
+}
+
+}  // namespace orivanta::test

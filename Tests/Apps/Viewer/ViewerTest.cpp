@@ -1,0 +1,172 @@
+#include "Apps/Viewer/Viewer.hpp"
+
+#include <gtest/gtest.h>
+
+#include "Source/Map.hpp"
+#include "Tests/Apps/Server/SmallPackage.hpp"
+#include "Tests/Apps/Viewer/ViewerStage.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+class ViewerTest : public testing::Test {
+ protected:
+  test::TemporaryFolder caches;
+  test::EnvironmentVariable home{"XDG_CACHE_HOME", caches.path().string()};
+  test::EnvironmentVariable noShaderCache{"MESA_SHADER_CACHE_DISABLE", "true"};
+  std::unique_ptr<server::VenueServer> server = test::serveDemo();
+};
+
+// A place of the shop that no name and no pin covers.
+graphics::Point on(VenueView& view, const Location& place) {
+  return view.mapView().findPositionCameraViewport(view.mapView().findPosition3D(place));
+}
+
+}  // namespace
+
+TEST_F(ViewerTest, ATapOnAShopShowsItsCardAndATapBesideItPutsItAway) {
+  test::ViewerStage stage(server->root(), "astrolabe-court");
+  EXPECT_GT(test::countPixels(*stage.picture(), theme::backdrop), 800'000) << "the veil";
+  EXPECT_TRUE(stage.viewer.isMoving()) << "its wheel turns";
+  stage.untilShown();
+  VenueView& view = *stage.viewer.venueView();
+  EXPECT_EQ(test::countPixels(*stage.picture(), theme::amber), 0);
+  const auto kindling = stage.place("kindling");
+  stage.tap(on(view, *kindling));
+  EXPECT_EQ(view.selected(), kindling);
+  EXPECT_FALSE(view.placeCard().isHidden());
+  EXPECT_FALSE(stage.viewer.isMoving()) << "nothing is drawn when nothing moves";
+  stage.tap({640, 780});
+  EXPECT_EQ(view.selected(), nullptr);
+  EXPECT_TRUE(view.placeCard().isHidden());
+}
+
+TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
+  for (const graphics::Size size : {graphics::Size{1280, 800}, {390, 844}}) {
+    test::ViewerStage stage(server->root(), "astrolabe-court", size);
+    stage.untilShown();
+    VenueView& view = *stage.viewer.venueView();
+    EXPECT_EQ(view.mapView().currentMap()->shortName, "G");
+    stage.tap(view.searchPanel().field());
+    stage.type("dosa dinamo");
+    stage.viewer.keyPressed({Key::enter});
+    EXPECT_EQ(view.selected(), stage.place("dosa-dynamo"));
+    stage.until([&] { return view.mapView().currentMap()->shortName == "2"; });
+    stage.settle();
+
+    view.placeCard().toHere();
+    EXPECT_FALSE(view.route());
+    stage.viewer.keyPressed({Key::pageDown});
+    stage.viewer.keyPressed({Key::pageDown});
+    EXPECT_EQ(view.mapView().currentMap()->shortName, "G");
+    view.camera().fit(stage.time, false);
+    stage.tap(on(view, *stage.place("kindling")));
+    ASSERT_TRUE(view.route());
+    EXPECT_EQ(view.route()->from, stage.place("kindling"));
+    EXPECT_EQ(view.route()->floors.size(), 2U);
+    EXPECT_TRUE(stage.viewer.isMoving()) << "its arrows do";
+    EXPECT_GT(test::countPixels(*stage.picture(), {0.18F, 0.55F, 0.34F}), 100) << "the start";
+
+    view.routePanel().stepChosen(view.route()->steps.back());
+    stage.settle();
+    EXPECT_EQ(view.mapView().currentMap()->shortName, "2");
+    stage.viewer.keyPressed({Key::escape});
+    EXPECT_FALSE(view.route());
+    EXPECT_FALSE(view.mapView().currentPath);
+  }
+}
+
+TEST_F(ViewerTest, PlansWithoutStepsWhenAsked) {
+  test::ViewerStage stage(server->root(), "astrolabe-court");
+  stage.untilShown();
+  RoutePlanner planner(stage.viewer.venueView()->venue());
+  const auto from = stage.place("tamarisk-row");
+  const auto to = stage.place("dosa-dynamo");
+  for (const bool accessible : {false, true}) {
+    const auto route = planner.plan(from, to, accessible);
+    ASSERT_TRUE(route);
+    ASSERT_GE(route->steps.size(), 3U);
+    EXPECT_EQ(route->steps.front().kind, StepKind::departure);
+    EXPECT_EQ(route->steps.back().kind, StepKind::arrival);
+    const bool climbs = route->steps[1].text.find("stairs") != std::string::npos;
+    EXPECT_NE(climbs, accessible) << route->steps[1].text;
+  }
+}
+
+TEST_F(ViewerTest, ThePointerDragsZoomsAndTilts) {
+  test::ViewerStage stage(server->root(), "astrolabe-court");
+  stage.untilShown();
+  CameraControl& camera = stage.viewer.venueView()->camera();
+  Pointer& pointer = stage.viewer.pointer();
+  stage.viewer.wheel({640, 400}, 3, stage.time);
+  stage.settle();
+  const CameraPose start = camera.pose();
+  const auto held = groundUnder(start, camera.lens(), {600, 400});
+  pointer.press(PointerButton::left, {600, 400}, 1, stage.time);
+  pointer.move({640, 420}, stage.time);
+  pointer.move({700, 450}, stage.time);
+  pointer.release(PointerButton::left, {700, 450}, stage.time);
+  const auto moved = groundUnder(camera.pose(), camera.lens(), {700, 450});
+  ASSERT_TRUE(held && moved);
+  EXPECT_NEAR(held->x, moved->x, 0.5);
+  EXPECT_NEAR(held->y, moved->y, 0.5);
+  EXPECT_EQ(stage.viewer.venueView()->selected(), nullptr) << "a drag is no tap";
+
+  pointer.press(PointerButton::right, {600, 400}, 1, stage.time);
+  pointer.move({650, 300}, stage.time);
+  pointer.release(PointerButton::right, {650, 300}, stage.time);
+  EXPECT_GT(camera.pose().tilt, start.tilt);
+  EXPECT_NE(camera.pose().turn, start.turn);
+  pointer.press(PointerButton::left, {600, 400}, 2, stage.time);
+  pointer.release(PointerButton::left, {600, 400}, stage.time);
+  stage.settle();
+  EXPECT_LT(camera.pose().distance, start.distance);
+}
+
+TEST_F(ViewerTest, SaysWhatWentWrongAndTriesAgain) {
+  const std::string root = server->root();
+  const auto port = static_cast<std::uint16_t>(std::stoi(root.substr(root.rfind(':') + 1)));
+  server.reset();
+  test::ViewerStage stage(root, std::nullopt);
+  stage.until([&] { return stage.viewer.message() != nullptr; });
+  EXPECT_FALSE(stage.viewer.isMoving());
+  server = test::serveDemo(port);
+  stage.viewer.keyPressed({Key::enter});
+  stage.until([&] { return !stage.viewer.venueList().isHidden(); });
+  EXPECT_EQ(stage.viewer.message(), nullptr);
+  stage.viewer.keyPressed({Key::enter});
+  stage.untilShown();
+}
+
+TEST_F(ViewerTest, TellsFailuresApart) {
+  test::TemporaryFolder folder;
+  test::writeSmallPackage(folder, "broken", "broken");
+  test::writeSmallPackage(folder, "bare", "bare");
+  test::writeSmallPackage(folder, "empty", "empty");
+  folder.write("bare/map.json", R"([{"id": "m", "name": "Attic"}])");
+  folder.write("empty/map.json", "[]");
+  server::ServerOptions options;
+  options.folders = {folder.path()};
+  const server::VenueServer open(options);
+  options.username = "me";
+  options.password = "secret";
+  const server::VenueServer closed(options);
+  struct Case {
+    std::string root;
+    const char* slug;
+    const char* title;
+  };
+  for (const Case& each : {Case{closed.root(), "bare", "The server refuses these credentials"},
+                           {open.root(), "nowhere", "No venue \u201Cnowhere\u201D"},
+                           {open.root(), "empty", "This venue is empty"},
+                           {open.root(), "bare", "Nothing to see here yet"},
+                           {open.root(), "broken", "The floors cannot be loaded"}}) {
+    test::ViewerStage stage(each.root, each.slug);
+    stage.until([&] { return stage.viewer.message() != nullptr; });
+    EXPECT_EQ(stage.viewer.message()->title(), each.title);
+  }
+}
+
+}  // namespace orivanta::viewer
