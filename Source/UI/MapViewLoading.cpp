@@ -39,8 +39,9 @@ std::shared_ptr<FloorLoad> MapView::loadFloors(FloorLoadHandlers handlers,
   if (const auto former = floorLoad_) former->cancel();
   clearHighlightedPolygons();
   scnNodeDictionary_.clear();
-  for (const auto& map : unwrap(unwrap(venue).maps))
-    if (map->mapObject) addShapes(*map->mapObject);
+  if (venue->maps)
+    for (const auto& map : *venue->maps)
+      if (map->mapObject) addShapes(*map->mapObject);
   showActivity();
   floorLoad_ = std::make_shared<FloorLoading>(std::static_pointer_cast<MapView>(shared_from_this()),
                                               std::move(handlers), first);
