@@ -30,9 +30,10 @@ struct TextStyle {
 };
 
 /// A picture that just holds the text, its outline included, with `scale` pixels per point; null
-/// for text without ink, such as blanks, and when it would be larger than a picture may be. A text with too many lines gives up its own line breaks. Text is UTF-8; broken
-/// bytes show as replacement characters, control characters as blanks, and what exceeds 10,000
-/// bytes is left out. Each paragraph runs in the direction of its first letter. Any thread.
+/// for text without ink, such as blanks, and when it would be larger than a picture may be. A text
+/// with too many lines gives up its own line breaks. Text is UTF-8; broken bytes show as
+/// replacement characters, control characters as blanks, and what exceeds 10,000 bytes is left out.
+/// Each paragraph runs in the direction of its first letter. Any thread.
 ORIVANTA_API std::shared_ptr<const Image> makeTextImage(std::string_view text,
                                                         const TextStyle& style, double scale);
 
