@@ -81,13 +81,17 @@ void addVenues(CLI::App& app, CommandLine& line) {
   addQueryOptions(query, line);
 }
 
+void addSlug(CLI::App& query, std::string& slug) {
+  query.add_option("SLUG", slug, "The venue's key, see `orivanta venues`")
+      ->required()
+      ->type_name("");
+}
+
 void addVenue(CLI::App& app, CommandLine& line) {
   ShowVenueOptions& options = line.showVenue;
   auto& query = addQuery(app, line, "venue", "Show what is in a venue", help::venueFooter, options,
                          showVenue);
-  query.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")
-      ->required()
-      ->type_name("");
+  addSlug(query, options.slug);
   query
       .add_option("--locations", options.locations,
                   "List the locations, or those with this text in their name or identifier")
@@ -101,9 +105,7 @@ void addRoute(CLI::App& app, CommandLine& line) {
   FindRouteOptions& options = line.findRoute;
   auto& query = addQuery(app, line, "route", "Find the way from one place to another",
                          help::routeFooter, options, findRoute);
-  query.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")
-      ->required()
-      ->type_name("");
+  addSlug(query, options.slug);
   const auto addPlaces = [&](const char* name, std::vector<std::string>& places,
                              const char* purpose) {
     query.add_option(name, places, purpose)->type_name("PLACE")->allow_extra_args(false);
@@ -120,9 +122,7 @@ void addRender(CLI::App& app, CommandLine& line) {
   RenderVenueOptions& options = line.renderVenue;
   auto& query = addQuery(app, line, "render", "Draw the floors of a venue to pictures",
                          help::renderFooter, options, renderVenue);
-  query.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")
-      ->required()
-      ->type_name("");
+  addSlug(query, options.slug);
   query.add_option("--map", options.map, "The floor: its name, short name or index, or all")
       ->type_name("FLOOR");
   query.add_option("--size", options.size, "Size of the picture in points")

@@ -5,10 +5,12 @@
 #include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
-#include "Platform/Scene/Guarded.hpp"
+#include "Platform/Graphics/Guarded.hpp"
 
 namespace orivanta::scene {
 
+using graphics::assign;
+using graphics::read;
 using graphics::Vector3;
 
 namespace {

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "Platform/Scene/Guarded.hpp"
+#include "Platform/Graphics/Guarded.hpp"
 #include "Platform/Scene/KeyframeAnimation.hpp"
 
 namespace orivanta::scene {
 
+using graphics::assign;
+using graphics::read;
 using graphics::Transaction;
 
 std::shared_ptr<Material> Material::make() { return std::shared_ptr<Material>(new Material); }

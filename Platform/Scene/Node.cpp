@@ -9,15 +9,17 @@
 #include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
+#include "Platform/Graphics/Guarded.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Geometry.hpp"
-#include "Platform/Scene/Guarded.hpp"
 #include "Platform/Scene/Rigid.hpp"
 #include "Platform/Scene/Walk.hpp"
 
 namespace orivanta::scene {
 
+using graphics::assign;
 using graphics::Matrix4;
+using graphics::read;
 using graphics::Transaction;
 using graphics::Vector3;
 

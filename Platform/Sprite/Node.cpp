@@ -5,12 +5,15 @@
 
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/Screen.hpp"
+#include "Platform/Graphics/Guarded.hpp"
 #include "Platform/Graphics/Text.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 
 namespace orivanta::sprite {
 
+using graphics::assign;
 using graphics::Point;
+using graphics::read;
 using graphics::Rect;
 using graphics::Size;
 using graphics::Transaction;
@@ -32,60 +35,30 @@ Node::~Node() {
   for (const auto& child : children_) child->parent_ = nullptr;
 }
 
-std::optional<std::string> Node::name() const {
-  const Transaction transaction;
-  return name_;
-}
+std::optional<std::string> Node::name() const { return read(name_); }
 
-void Node::setName(std::optional<std::string> name) {
-  const Transaction transaction;
-  name_ = std::move(name);
-}
+void Node::setName(std::optional<std::string> name) { assign(name_, name); }
 
-Point Node::position() const {
-  const Transaction transaction;
-  return position_;
-}
+Point Node::position() const { return read(position_); }
 
-void Node::setPosition(Point position) {
-  const Transaction transaction;
-  position_ = position;
-}
+void Node::setPosition(Point position) { assign(position_, position); }
 
-double Node::zPosition() const {
-  const Transaction transaction;
-  return zPosition_;
-}
+double Node::zPosition() const { return read(zPosition_); }
 
-void Node::setZPosition(double zPosition) {
-  const Transaction transaction;
-  zPosition_ = zPosition;
-}
+void Node::setZPosition(double zPosition) { assign(zPosition_, zPosition); }
 
-double Node::alpha() const {
-  const Transaction transaction;
-  return alpha_;
-}
+double Node::alpha() const { return read(alpha_); }
 
 void Node::setAlpha(double alpha) {
   const Transaction transaction;
   alpha_ = std::clamp(alpha, 0.0, 1.0);
 }
 
-bool Node::isHidden() const {
-  const Transaction transaction;
-  return hidden_;
-}
+bool Node::isHidden() const { return read(hidden_); }
 
-void Node::setHidden(bool hidden) {
-  const Transaction transaction;
-  hidden_ = hidden;
-}
+void Node::setHidden(bool hidden) { assign(hidden_, hidden); }
 
-std::vector<std::shared_ptr<Node>> Node::children() const {
-  const Transaction transaction;
-  return children_;
-}
+std::vector<std::shared_ptr<Node>> Node::children() const { return read(children_); }
 
 // A parent whose last handle is just going on another thread counts as gone.
 std::shared_ptr<Node> Node::parent() const {
@@ -145,20 +118,11 @@ SpriteNode::SpriteNode(ImageHandle texture, Size size) : texture_(std::move(text
   setSize(size);
 }
 
-ImageHandle SpriteNode::texture() const {
-  const Transaction transaction;
-  return texture_;
-}
+ImageHandle SpriteNode::texture() const { return read(texture_); }
 
-void SpriteNode::setTexture(ImageHandle texture) {
-  const Transaction transaction;
-  texture_ = std::move(texture);
-}
+void SpriteNode::setTexture(ImageHandle texture) { assign(texture_, texture); }
 
-Size SpriteNode::size() const {
-  const Transaction transaction;
-  return size_;
-}
+Size SpriteNode::size() const { return read(size_); }
 
 void SpriteNode::setSize(Size size) {
   const Transaction transaction;
@@ -173,10 +137,7 @@ std::shared_ptr<LabelNode> LabelNode::make(std::string text) {
 
 LabelNode::LabelNode(std::string text) : text_(std::move(text)) {}
 
-std::string LabelNode::text() const {
-  const Transaction transaction;
-  return text_;
-}
+std::string LabelNode::text() const { return read(text_); }
 
 void LabelNode::setText(std::string text) {
   const Transaction transaction;
@@ -184,10 +145,7 @@ void LabelNode::setText(std::string text) {
   imageScale_ = 0.0;
 }
 
-double LabelNode::fontSize() const {
-  const Transaction transaction;
-  return fontSize_;
-}
+double LabelNode::fontSize() const { return read(fontSize_); }
 
 void LabelNode::setFontSize(double fontSize) {
   const Transaction transaction;
@@ -195,10 +153,7 @@ void LabelNode::setFontSize(double fontSize) {
   imageScale_ = 0.0;
 }
 
-graphics::Color LabelNode::color() const {
-  const Transaction transaction;
-  return color_;
-}
+graphics::Color LabelNode::color() const { return read(color_); }
 
 void LabelNode::setColor(graphics::Color color) {
   const Transaction transaction;

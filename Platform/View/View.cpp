@@ -4,13 +4,16 @@
 #include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
+#include "Platform/Graphics/Guarded.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/GestureRecognizer.hpp"
 
 namespace orivanta::view {
 
+using graphics::assign;
 using graphics::Point;
+using graphics::read;
 using graphics::Rect;
 using graphics::Transaction;
 
@@ -57,10 +60,7 @@ View::~View() {
   }
 }
 
-Rect View::frame() const {
-  const Transaction transaction;
-  return frame_;
-}
+Rect View::frame() const { return read(frame_); }
 
 void View::setFrame(Rect frame) {
   frame.size = {std::max(0.0, frame.size.width), std::max(0.0, frame.size.height)};
@@ -73,55 +73,30 @@ void View::setFrame(Rect frame) {
 
 Rect View::bounds() const { return {{}, frame().size}; }
 
-double View::alpha() const {
-  const Transaction transaction;
-  return alpha_;
-}
+double View::alpha() const { return read(alpha_); }
 
 void View::setAlpha(double alpha) {
   const Transaction transaction;
   alpha_ = std::clamp(alpha, 0.0, 1.0);
 }
 
-std::optional<graphics::Color> View::backgroundColor() const {
-  const Transaction transaction;
-  return backgroundColor_;
-}
+std::optional<graphics::Color> View::backgroundColor() const { return read(backgroundColor_); }
 
 void View::setBackgroundColor(std::optional<graphics::Color> color) {
-  const Transaction transaction;
-  backgroundColor_ = color;
+  assign(backgroundColor_, color);
 }
 
-bool View::isHidden() const {
-  const Transaction transaction;
-  return hidden_;
-}
+bool View::isHidden() const { return read(hidden_); }
 
-void View::setHidden(bool hidden) {
-  const Transaction transaction;
-  hidden_ = hidden;
-}
+void View::setHidden(bool hidden) { assign(hidden_, hidden); }
 
-bool View::isUserInteractionEnabled() const {
-  const Transaction transaction;
-  return userInteractionEnabled_;
-}
+bool View::isUserInteractionEnabled() const { return read(userInteractionEnabled_); }
 
-void View::setUserInteractionEnabled(bool enabled) {
-  const Transaction transaction;
-  userInteractionEnabled_ = enabled;
-}
+void View::setUserInteractionEnabled(bool enabled) { assign(userInteractionEnabled_, enabled); }
 
-View* View::superview() const {
-  const Transaction transaction;
-  return superview_;
-}
+View* View::superview() const { return read(superview_); }
 
-std::vector<std::shared_ptr<View>> View::subviews() const {
-  const Transaction transaction;
-  return subviews_;
-}
+std::vector<std::shared_ptr<View>> View::subviews() const { return read(subviews_); }
 
 void View::addSubview(const std::shared_ptr<View>& subview) {
   std::shared_ptr<View> added = subview;  // `subview` may lie in the list that it leaves
@@ -161,8 +136,7 @@ void View::bringSubviewToFront(const View& subview) {
 }
 
 bool View::translatesAutoresizingMaskIntoConstraints() const {
-  const Transaction transaction;
-  return translatesAutoresizingMask_;
+  return read(translatesAutoresizingMask_);
 }
 
 void View::setTranslatesAutoresizingMaskIntoConstraints(bool translates) {
@@ -188,10 +162,7 @@ void View::addConstraints(std::span<const LayoutConstraint> constraints) {
   for (const LayoutConstraint& constraint : constraints) addConstraint(constraint);
 }
 
-std::vector<LayoutConstraint> View::constraints() const {
-  const Transaction transaction;
-  return constraints_;
-}
+std::vector<LayoutConstraint> View::constraints() const { return read(constraints_); }
 
 void View::layoutIfNeeded() {
   const Transaction transaction;

@@ -5,19 +5,19 @@
 
 #include "Platform/Graphics/Transaction.hpp"
 
-namespace orivanta::scene {
+namespace orivanta::graphics {
 
 template <class Value>
 Value read(const Value& field) {
-  const graphics::Transaction transaction;
+  const Transaction transaction;
   return field;
 }
 
 /// Leaves the old value in `value`, so that it goes when the transaction has ended.
 template <class Value>
 void assign(Value& field, Value& value) {
-  const graphics::Transaction transaction;
+  const Transaction transaction;
   std::swap(field, value);
 }
 
-}  // namespace orivanta::scene
+}  // namespace orivanta::graphics
