@@ -15,7 +15,8 @@ namespace orivanta::render {
 struct MeshPart {
   std::uint32_t firstIndex;
   std::uint32_t indexCount;
-  graphics::Box box;  ///< in the mesh's space
+  graphics::Box box;     ///< in the mesh's space
+  bool isShell = false;  ///< nobody above the box sees a face from behind
 };
 
 struct Run {

@@ -52,6 +52,11 @@ void Lighting::add(const LightInScene& light, const graphics::Matrix4& view) {
   colors_.emplace_back(color, inner);
 }
 
+bool Lighting::isFarAway() const {
+  return std::all_of(places_.begin(), places_.end(),
+                     [](const Vector4& place) { return place.w == 0.0F; });
+}
+
 void Lighting::setUniforms(const MeshProgram& program) const {
   program.program.set(program.ambient, ambient_);
   if (places_.empty()) return;

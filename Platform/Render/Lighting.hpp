@@ -19,6 +19,9 @@ class Lighting {
   /// The world matrix of the light that casts shadows; null without one.
   const graphics::Matrix4* shadowCaster() const { return hasCaster_ ? &caster_ : nullptr; }
 
+  /// Whether all lights shine on everything from the same side.
+  bool isFarAway() const;
+
   int count() const { return static_cast<int>(places_.size()); }
 
   /// The program is in use.

@@ -8,6 +8,25 @@ namespace orivanta::render {
 
 namespace {
 
+// Light is handed over in the camera's space.
+constexpr std::string_view lights = R"(
+uniform vec3 ambient;
+#if LIGHTS > 0
+uniform vec4 lightPlaces[LIGHTS];      // a position and 1, or the way (of length 1) to a light far
+                                       // away and 0
+uniform vec4 lightDirections[LIGHTS];  // where a cone points, and the cosine at its outer edge
+uniform vec4 lightColors[LIGHTS];      // and the cosine at the inner edge of the cone
+#endif
+uniform mat4 viewToShadow;
+uniform float shadowOffset;
+
+vec3 shadowPoint(vec3 viewPoint, vec3 normal) {
+  return (viewToShadow * vec4(viewPoint + normal * shadowOffset, 1.0)).xyz;
+}
+)";
+
+// Faces that are seen from their front alone, lit by lights far away, have their light decided at
+// their corners, but for what the shadow takes away.
 constexpr std::string_view litVertex = R"(
 layout(location = 0) in vec3 position;
 layout(location = 1) in vec3 normal;
@@ -17,15 +36,33 @@ uniform mat4 meshToView;
 uniform mat4 viewToClip;
 uniform sampler2D partColors;
 uniform sampler2D partPlacements;
-out vec3 viewPosition;
-out vec3 viewNormal;
 out vec2 imagePoint;
 flat out vec4 partColor;
+#ifdef FRONT_ALONE
+out vec3 steadyLight;
+out vec3 placeInShadow;
+out float castShare;
+#else
+out vec3 viewPosition;
+out vec3 viewNormal;
+#endif
 
 void main() {
   vec4 viewPoint = meshToView * vec4(position, 1.0);
+  vec3 n = mat3(meshToView) * normal;
+#ifdef FRONT_ALONE
+  steadyLight = ambient;
+  castShare = 0.0;
+#ifdef SHADOWED
+  castShare = dot(n, lightPlaces[0].xyz);
+  placeInShadow = shadowPoint(viewPoint.xyz, n);
+#endif
+  for (int i = FIRST_STEADY; i < LIGHTS; ++i)
+    steadyLight += max(dot(n, lightPlaces[i].xyz), 0.0) * lightColors[i].rgb;
+#else
   viewPosition = viewPoint.xyz;
-  viewNormal = mat3(meshToView) * normal;
+  viewNormal = n;
+#endif
   ivec2 place = ivec2(int(part) % PARTS_PER_ROW, int(part) / PARTS_PER_ROW);
   partColor = texelFetch(partColors, place, 0);
 #ifdef TEXTURED
@@ -38,24 +75,39 @@ void main() {
 )";
 
 // The surface reflects what falls on it evenly in all directions (Lambert), in linear space. More
-// light than full makes nothing brighter, so that a colour lit fully is shown as it is.
+// light than full makes nothing brighter, so that a colour lit fully is shown as it is. What is
+// written is encoded for sRGB here, once for all samples of a pixel.
 constexpr std::string_view litFragment = R"(
-in vec3 viewPosition;
-in vec3 viewNormal;
 in vec2 imagePoint;
 flat in vec4 partColor;
 uniform sampler2D image;
-uniform vec3 ambient;
-#if LIGHTS > 0
-uniform vec4 lightPlaces[LIGHTS];      // a position and 1, or the way (of length 1) to a light far
-                                       // away and 0
-uniform vec4 lightDirections[LIGHTS];  // where a cone points, and the cosine at its outer edge
-uniform vec4 lightColors[LIGHTS];      // and the cosine at the inner edge of the cone
-#endif
 uniform sampler2DShadow shadowMap;
-uniform mat4 viewToShadow;
-uniform float shadowOffset;
 out vec4 color;
+
+// Four filtered comparisons, half a texel off the middle: a soft edge over 3 by 3 texels.
+float lightThroughShadow(vec3 p) {
+  if (any(lessThan(p.xy, vec2(0.0))) || any(greaterThan(p.xy, vec2(1.0)))) return 1.0;
+  float h = 0.5 / float(SHADOW_SIDE);
+  return 0.25 * (texture(shadowMap, p + vec3(-h, -h, 0.0)) + texture(shadowMap, p + vec3(h, -h, 0.0)) +
+                 texture(shadowMap, p + vec3(-h, h, 0.0)) + texture(shadowMap, p + vec3(h, h, 0.0)));
+}
+
+#ifdef FRONT_ALONE
+in vec3 steadyLight;
+in vec3 placeInShadow;
+in float castShare;
+
+vec3 incomingLight() {
+#ifdef SHADOWED
+  vec3 light = steadyLight + max(castShare, 0.0) * lightThroughShadow(placeInShadow) * lightColors[0].rgb;
+  return min(light, vec3(1.0));
+#else
+  return min(steadyLight, vec3(1.0));
+#endif
+}
+#else
+in vec3 viewPosition;
+in vec3 viewNormal;
 
 // Normals are towards whoever looks, wherever a triangle's corners begin; where there is none, it
 // is the triangle's own.
@@ -63,19 +115,6 @@ vec3 surfaceNormal() {
   vec3 n = dot(viewNormal, viewNormal) > 0.25
       ? viewNormal : cross(dFdx(viewPosition), dFdy(viewPosition));
   return normalize(dot(n, viewPosition) > 0.0 ? -n : n);
-}
-
-// Four filtered comparisons, half a texel off the middle: a soft edge over 3 by 3 texels.
-float lightThroughShadow(vec3 n) {
-#ifdef SHADOWED
-  vec3 p = (viewToShadow * vec4(viewPosition + n * shadowOffset, 1.0)).xyz;
-  if (any(lessThan(p.xy, vec2(0.0))) || any(greaterThan(p.xy, vec2(1.0)))) return 1.0;
-  float h = 0.5 / float(SHADOW_SIDE);
-  return 0.25 * (texture(shadowMap, p + vec3(-h, -h, 0.0)) + texture(shadowMap, p + vec3(h, -h, 0.0)) +
-                 texture(shadowMap, p + vec3(-h, h, 0.0)) + texture(shadowMap, p + vec3(h, h, 0.0)));
-#else
-  return 1.0;
-#endif
 }
 
 vec3 incomingLight() {
@@ -89,20 +128,31 @@ vec3 incomingLight() {
     if (share <= 0.0) continue;
     if (lightPlaces[i].w > 0.0)
       share *= smoothstep(lightDirections[i].w, lightColors[i].w, -dot(way, lightDirections[i].xyz));
-    if (i == 0) share *= lightThroughShadow(n);
+#ifdef SHADOWED
+    if (i == 0) share *= lightThroughShadow(shadowPoint(viewPosition, n));
+#endif
     sum += share * lightColors[i].rgb;
   }
 #endif
   return min(sum, vec3(1.0));
 }
+#endif
+
+vec3 encode(vec3 linear) {
+  return mix(1.055 * pow(linear, vec3(1.0 / 2.4)) - 0.055, linear * 12.92,
+             vec3(lessThanEqual(linear, vec3(0.0031308))));
+}
 
 void main() {
 #ifdef TEXTURED
-  vec4 surface = texture(image, imagePoint) * partColor.a;
+  vec4 surface = texture(image, imagePoint);
+  float alpha = surface.a * partColor.a;
+  vec3 reflecting = surface.rgb / max(surface.a, 1.0 / 255.0);
 #else
-  vec4 surface = vec4(partColor.rgb * partColor.a, partColor.a);
+  float alpha = partColor.a;
+  vec3 reflecting = partColor.rgb;
 #endif
-  color = vec4(surface.rgb * incomingLight(), surface.a);
+  color = vec4(encode(reflecting * incomingLight()) * alpha, alpha);
 }
 )";
 
@@ -116,16 +166,18 @@ void main() { gl_Position = meshToClip * vec4(position, 1.0); }
 constexpr std::string_view depthFragment = "void main() {}\n";
 
 std::string definitionsFor(const MeshFeatures& features) {
-  return fmt::format("{}{}#define LIGHTS {}\n#define PARTS_PER_ROW {}\n#define SHADOW_SIDE {}\n",
-                     features.textured ? "#define TEXTURED\n" : "",
-                     features.shadowed ? "#define SHADOWED\n" : "", features.lights,
-                     Mesh::partsPerRow, shadowMapSide);
+  return fmt::format(
+      "{}{}{}#define LIGHTS {}\n#define FIRST_STEADY {}\n#define PARTS_PER_ROW {}\n#define "
+      "SHADOW_SIDE {}\n",
+      features.textured ? "#define TEXTURED\n" : "", features.shadowed ? "#define SHADOWED\n" : "",
+      features.frontAlone ? "#define FRONT_ALONE\n" : "", features.lights,
+      features.shadowed ? 1 : 0, Mesh::partsPerRow, shadowMapSide);
 }
 
 }  // namespace
 
 MeshProgram::MeshProgram(const MeshFeatures& features)
-    : program(definitionsFor(features), litVertex, litFragment),
+    : program(definitionsFor(features) + std::string(lights), litVertex, litFragment),
       meshToView(program.uniform("meshToView")),
       viewToClip(program.uniform("viewToClip")),
       ambient(program.uniform("ambient")),

@@ -12,11 +12,10 @@ namespace orivanta::render {
 /// What a program is made for.
 struct MeshFeatures {
   bool textured = false;
-  bool shadowed = false;  ///< the first light casts shadows
-  int lights = 0;         ///< besides the ambient one
-  friend bool operator<(const MeshFeatures& a, const MeshFeatures& b) {
-    return std::tie(a.textured, a.shadowed, a.lights) < std::tie(b.textured, b.shadowed, b.lights);
-  }
+  bool shadowed = false;    ///< the first light casts shadows
+  bool frontAlone = false;  ///< faces from behind are not drawn, and all lights are far away
+  int lights = 0;           ///< besides the ambient one
+  friend auto operator<=>(const MeshFeatures&, const MeshFeatures&) = default;
 };
 
 /// Lit surfaces. Lights are handed over in the camera's space.

@@ -38,13 +38,6 @@ flat in vec4 tint;
 uniform sampler2D contents;
 out vec4 color;
 
-#ifdef SCENE
-vec3 encode(vec3 linear) {
-  return mix(1.055 * pow(linear, vec3(1.0 / 2.4)) - 0.055, linear * 12.92,
-             vec3(lessThanEqual(linear, vec3(0.0031308))));
-}
-#endif
-
 void main() {
   // Distance to the rounded edge, negative inside.
   vec2 q = abs(point) - reach + radius;
@@ -53,8 +46,7 @@ void main() {
 #if defined(IMAGE)
   color *= texture(contents, point / (2.0 * reach) + 0.5);
 #elif defined(SCENE)
-  vec4 lit = texture(contents, vec2(0.5, -0.5) * point / reach + 0.5);
-  color *= vec4(encode(lit.rgb / max(lit.a, 1.0 / 255.0)) * lit.a, lit.a);
+  color *= texture(contents, vec2(0.5, -0.5) * point / reach + 0.5);
 #endif
 }
 )";

@@ -36,7 +36,11 @@ ScenePass::ScenePass(const SceneSight& sight, std::span<const SceneMesh> meshes,
       shaders_(shaders),
       images_(images),
       statistics_(statistics) {
-  for (const SceneMesh& mesh : meshes_) frusta_.emplace_back(projection_ * view_ * mesh.world);
+  for (const SceneMesh& mesh : meshes_) {
+    const graphics::Matrix4 meshToView = view_ * mesh.world;
+    frusta_.emplace_back(projection_ * meshToView);
+    heights_.push_back(glm::inverse(meshToView)[3].z);
+  }
   tightenDepth();
 }
 
@@ -60,29 +64,37 @@ void ScenePass::draw() {
   if (shadows_ != nullptr) shadows_->bind(meshUnits::shadow);
   glEnable(GL_DEPTH_TEST);
   glDepthFunc(GL_LEQUAL);
-  glDisable(GL_CULL_FACE);
   glDisable(GL_BLEND);
   drawOpaqueColors();
   drawOpaqueImages();
   drawTranslucent();
   glBindSampler(meshUnits::image, 0);
+  glDisable(GL_CULL_FACE);
 }
 
 bool ScenePass::sees(const SceneMesh& mesh, std::size_t part) const {
   return frusta_[static_cast<std::size_t>(&mesh - meshes_.data())].sees(mesh.parts()[part].box);
 }
 
+bool ScenePass::seesFrontAlone(const SceneMesh& mesh, std::size_t part) const {
+  const MeshPart& seen = mesh.parts()[part];
+  return seen.isShell && lighting_.isFarAway() &&
+         heights_[static_cast<std::size_t>(&mesh - meshes_.data())] > seen.box.max.z;
+}
+
 void ScenePass::drawOpaqueColors() {
-  for (const SceneMesh& mesh : meshes_) {
-    const auto runs = chooseRuns(mesh.parts(), [&](std::size_t part) {
-      if (!isOpaqueColor(mesh.looks[part])) return Choice::leave;
-      return sees(mesh, part) ? Choice::draw : Choice::allow;
-    });
-    if (runs.empty()) continue;
-    use(false);
-    bindMesh(mesh);
-    Mesh::draw(runs, statistics_);
-  }
+  for (const SceneMesh& mesh : meshes_)
+    for (const bool frontAlone : {true, false}) {
+      const auto runs = chooseRuns(mesh.parts(), [&](std::size_t part) {
+        if (!isOpaqueColor(mesh.looks[part]) || seesFrontAlone(mesh, part) != frontAlone)
+          return Choice::leave;
+        return sees(mesh, part) ? Choice::draw : Choice::allow;
+      });
+      if (runs.empty()) continue;
+      use(false, frontAlone);
+      bindMesh(mesh);
+      Mesh::draw(runs, statistics_);
+    }
 }
 
 // Parts with the same image that lie side by side in a mesh share a draw.
@@ -96,16 +108,18 @@ void ScenePass::drawOpaqueImages() {
         continue;
       }
       const std::size_t first = part;
+      const bool frontAlone = seesFrontAlone(mesh, first);
       const auto isAlike = [&](std::size_t i) {
         return isOpaqueImage(mesh.looks[i]) &&
-               imageKey(mesh.looks[i]) == imageKey(mesh.looks[first]);
+               imageKey(mesh.looks[i]) == imageKey(mesh.looks[first]) &&
+               seesFrontAlone(mesh, i) == frontAlone;
       };
       while (part < count && isAlike(part)) ++part;
       const auto runs = chooseRuns(mesh.parts().subspan(first, part - first), [&](std::size_t i) {
         return sees(mesh, first + i) ? Choice::draw : Choice::allow;
       });
       if (runs.empty()) continue;
-      use(true);
+      use(true, frontAlone);
       bindMesh(mesh);
       bindImage(mesh.looks[first]);
       Mesh::draw(runs, statistics_);
@@ -130,7 +144,7 @@ void ScenePass::drawTranslucent() {
   glDepthMask(GL_FALSE);
   for (const auto& [depth, place] : places) {
     const PartLook& look = place.mesh->looks[place.part];
-    use(look.image != nullptr);
+    use(look.image != nullptr, false);
     bindMesh(*place.mesh);
     if (look.image) bindImage(look);
     const MeshPart& part = place.mesh->parts()[place.part];
@@ -141,9 +155,14 @@ void ScenePass::drawTranslucent() {
   glDisable(GL_BLEND);
 }
 
-void ScenePass::use(bool textured) {
-  const MeshProgram& program = shaders_.lit({textured, shadows_ != nullptr, lighting_.count()});
+void ScenePass::use(bool textured, bool frontAlone) {
+  const MeshProgram& program =
+      shaders_.lit({textured, shadows_ != nullptr, frontAlone, lighting_.count()});
   if (program_ == &program) return;
+  if (frontAlone)
+    glEnable(GL_CULL_FACE);
+  else
+    glDisable(GL_CULL_FACE);
   program_ = &program;
   program.program.use();
   program.program.set(program.viewToClip, projection_);

@@ -40,10 +40,11 @@ class ScenePass {
   void drawOpaqueColors();
   void drawOpaqueImages();
   void drawTranslucent();
-  void use(bool textured);
+  void use(bool textured, bool frontAlone);
   void bindMesh(const SceneMesh& mesh);
   void bindImage(const PartLook& look);
   bool sees(const SceneMesh& mesh, std::size_t part) const;
+  bool seesFrontAlone(const SceneMesh& mesh, std::size_t part) const;
 
   graphics::Matrix4 view_;
   graphics::Matrix4 projection_;
@@ -51,6 +52,7 @@ class ScenePass {
   const ShadowMap* shadows_;
   std::span<const SceneMesh> meshes_;
   std::vector<Frustum> frusta_;  ///< one a mesh
+  std::vector<float> heights_;   ///< of the camera in the mesh's space, one a mesh
   MeshShaders& shaders_;
   ImageTextures& images_;
   FrameStatistics& statistics_;

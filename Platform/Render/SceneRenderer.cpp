@@ -4,18 +4,17 @@
 
 #include "Platform/Render/Lighting.hpp"
 #include "Platform/Render/ScenePass.hpp"
-#include "Platform/Render/Srgb.hpp"
 
 namespace orivanta::render {
 
 namespace {
 
 void clear(const graphics::Color& background) {
-  const graphics::Vector3 color = linearOf(background) * background.alpha;
   glDisable(GL_SCISSOR_TEST);
   glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
   glDepthMask(GL_TRUE);
-  glClearColor(color.x, color.y, color.z, background.alpha);
+  const float alpha = background.alpha;
+  glClearColor(background.red * alpha, background.green * alpha, background.blue * alpha, alpha);
   glClearDepthf(1.0F);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
 }
@@ -24,7 +23,7 @@ std::vector<MeshPart> partsOf(const scene::Batch& batch) {
   std::vector<MeshPart> parts;
   parts.reserve(batch.parts().size());
   for (const auto& part : batch.parts())
-    parts.push_back({part.firstIndex, part.indexCount, part.box});
+    parts.push_back({part.firstIndex, part.indexCount, part.box, part.isShell});
   return parts;
 }
 

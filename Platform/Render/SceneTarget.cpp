@@ -9,7 +9,7 @@ namespace orivanta::render {
 namespace {
 
 constexpr GLint wantedSamples = 4;
-constexpr GLenum colorFormat = GL_SRGB8_ALPHA8;
+constexpr GLenum colorFormat = GL_RGBA8;
 constexpr GLenum depthFormat = GL_DEPTH_COMPONENT24;
 
 // Formats are listed with their largest number first.

@@ -19,7 +19,7 @@ class SceneTarget {
   /// Makes the texture of what was drawn. Nothing more is drawn into it before `begin`.
   void finish() const;
 
-  /// Rows from the bottom, colours multiplied by the alpha and decoded by the texture unit.
+  /// Rows from the bottom, sRGB values multiplied by the alpha.
   GLuint texture() const { return texture_.get(); }
 
  private:

@@ -55,20 +55,26 @@ ShadowMap::ShadowMap() {
 
 bool ShadowMap::update(const Matrix4& lightWorld, std::span<const SceneMesh> meshes,
                        MeshShaders& shaders, FrameStatistics& statistics) {
+  const bool isSameLight = std::exchange(lightWorld_, lightWorld) == lightWorld;
   std::vector<Caster> casters;
   for (const SceneMesh& mesh : meshes) casters.push_back(makeCaster(mesh));
-  if (casters == casters_ && lightWorld == lightWorld_) return hasCasters_;
+  if (casters == casters_ && isSameLight) return hasCasters_;
   casters_ = std::move(casters);
-  lightWorld_ = lightWorld;
   hasCasters_ = fit(meshes);
   if (hasCasters_) draw(meshes, shaders, statistics);
   return hasCasters_;
 }
 
-ShadowMap::Caster ShadowMap::makeCaster(const SceneMesh& mesh) {
-  return {mesh.mesh->revision(), mesh.world, chooseRuns(mesh.parts(), [&](std::size_t part) {
-            return casts(mesh.looks[part]) ? Choice::draw : Choice::leave;
-          })};
+ShadowMap::Caster ShadowMap::makeCaster(const SceneMesh& mesh) const {
+  const bool isFromAbove = (glm::transpose(mesh.world) * lightWorld_[2]).z > 0;
+  const auto runs = [&](bool frontAlone) {
+    return chooseRuns(mesh.parts(), [&](std::size_t part) {
+      const bool isChosen =
+          casts(mesh.looks[part]) && (isFromAbove && mesh.parts()[part].isShell) == frontAlone;
+      return isChosen ? Choice::draw : Choice::leave;
+    });
+  };
+  return {mesh.mesh->revision(), mesh.world, runs(true), runs(false)};
 }
 
 bool ShadowMap::fit(std::span<const SceneMesh> meshes) {
@@ -110,10 +116,12 @@ void ShadowMap::draw(std::span<const SceneMesh> meshes, MeshShaders& shaders,
   const DepthProgram& depth = shaders.depth();
   depth.program.use();
   for (std::size_t i = 0; i < meshes.size(); ++i) {
-    if (casters_[i].runs.empty()) continue;
     meshes[i].mesh->bind();
     depth.program.set(depth.meshToClip, sceneToClip_ * meshes[i].world);
-    Mesh::draw(casters_[i].runs, statistics);
+    glEnable(GL_CULL_FACE);
+    Mesh::draw(casters_[i].runsOfFronts, statistics);
+    glDisable(GL_CULL_FACE);
+    Mesh::draw(casters_[i].runsOfBothSides, statistics);
   }
   glDisable(GL_POLYGON_OFFSET_FILL);
   ++statistics.shadowMapsDrawn;

@@ -35,11 +35,12 @@ class ShadowMap {
   struct Caster {
     std::uint64_t revision;
     graphics::Matrix4 world;
-    std::vector<Run> runs;
+    std::vector<Run> runsOfFronts;  ///< of parts that the light meets from their front alone
+    std::vector<Run> runsOfBothSides;
     friend bool operator==(const Caster&, const Caster&) = default;
   };
 
-  static Caster makeCaster(const SceneMesh& mesh);
+  Caster makeCaster(const SceneMesh& mesh) const;
   bool fit(std::span<const SceneMesh> meshes);
   void draw(std::span<const SceneMesh> meshes, MeshShaders& shaders,
             FrameStatistics& statistics) const;

@@ -17,8 +17,4 @@ std::uint8_t byteOf(float component) {
   return static_cast<std::uint8_t>(std::lround(std::clamp(component, 0.0F, 1.0F) * 255.0F));
 }
 
-graphics::Vector3 linearOf(const graphics::Color& color) {
-  return {decodeSrgb(color.red), decodeSrgb(color.green), decodeSrgb(color.blue)};
-}
-
 }  // namespace orivanta::render

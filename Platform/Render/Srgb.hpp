@@ -3,9 +3,6 @@
 
 #include <cstdint>
 
-#include "Platform/Graphics/Color.hpp"
-#include "Platform/Graphics/Vector.hpp"
-
 namespace orivanta::render {
 
 /// Amount of light of an encoded component, and back; both 0 to 1.
@@ -14,7 +11,5 @@ float encodeSrgb(float linear);
 
 /// A component from 0 to 1, others cut off, as a byte.
 std::uint8_t byteOf(float component);
-
-graphics::Vector3 linearOf(const graphics::Color& color);
 
 }  // namespace orivanta::render

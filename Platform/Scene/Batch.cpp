@@ -8,6 +8,7 @@
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Platform/Scene/Rigid.hpp"
+#include "Platform/Scene/Shell.hpp"
 
 namespace orivanta::scene {
 
@@ -77,7 +78,9 @@ struct Builder {
     for (std::size_t i = 0; i < geometry->elements().size(); ++i) {
       Batch::Part part{node, geometry, i, count(indices), 0, {}};
       add(geometry->elements()[i], attributes, part);
-      if (part.indexCount > 0) parts.push_back(std::move(part));
+      if (part.indexCount == 0) continue;
+      part.isShell = isShell(vertices, std::span(indices).subspan(part.firstIndex));
+      parts.push_back(std::move(part));
     }
   }
 

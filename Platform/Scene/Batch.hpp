@@ -32,7 +32,8 @@ class ORIVANTA_API Batch {
     std::size_t element;  ///< of the geometry
     std::uint32_t firstIndex;
     std::uint32_t indexCount;
-    graphics::Box box;  ///< in the parent's space
+    graphics::Box box;     ///< in the parent's space
+    bool isShell = false;  ///< see Shell.hpp
   };
 
   /// The children's geometries in the parent's space; null when the parent has fewer than two

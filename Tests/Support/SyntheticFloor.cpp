@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstring>
 #include <glm/ext/matrix_transform.hpp>
+#include <glm/geometric.hpp>
 #include <glm/gtc/constants.hpp>
 #include <span>
 
@@ -27,28 +28,41 @@ constexpr double cell = 30.0;
 constexpr double nodeDistance = 15.0;  // of a route
 constexpr float roomHeight = 10.0F;    // of the lowest
 
-/// Collects prisms; their corners have no normals.
-struct Prisms {
+/// Collects prisms with flat faces: corners are not shared between them.
+class Prisms {
+ public:
   std::vector<std::array<float, 8>> vertices;
   std::vector<std::vector<std::uint32_t>> indices;  ///< one list a prism
 
-  void add(Vector3 centre, float radius, float height) {
+  void add(Vector3 centre, float radius, float height, std::uint32_t sides) {
+    indices.emplace_back();
+    std::vector<Vector3> lower;
+    for (std::uint32_t i = 0; i < sides; ++i) {
+      const float angle = glm::two_pi<float>() * static_cast<float>(i) / static_cast<float>(sides);
+      lower.push_back(centre + radius * Vector3(std::cos(angle), std::sin(angle), 0));
+    }
+    const Vector3 up(0, 0, height);
+    std::vector<Vector3> upper;
+    for (const Vector3& corner : lower) upper.push_back(corner + up);
+    for (std::size_t i = 0; i < sides; ++i) {
+      const std::size_t next = (i + 1) % sides;
+      addFace(std::array{lower[i], lower[next], upper[next], upper[i]});
+    }
+    addFace(upper);
+    std::reverse(lower.begin(), lower.end());
+    addFace(lower);
+  }
+
+ private:
+  // Corners counter-clockwise as seen from outside.
+  void addFace(std::span<const Vector3> corners) {
     const auto first = static_cast<std::uint32_t>(vertices.size());
-    auto& list = indices.emplace_back();
-    for (std::uint32_t i = 0; i < 6; ++i) {
-      const float angle = glm::two_pi<float>() * static_cast<float>(i) / 6;
-      const float x = centre.x + radius * std::cos(angle);
-      const float y = centre.y + radius * std::sin(angle);
-      vertices.push_back({x, y, centre.z, 0, 0, 0, 0, 0});
-      vertices.push_back({x, y, centre.z + height, 0, 0, 0, 0, 0});
-      const std::uint32_t next = first + 2 * ((i + 1) % 6);
-      const std::uint32_t here = first + 2 * i;
-      list.insert(list.end(), {here, next, next + 1, here, next + 1, here + 1});
-    }
-    for (std::uint32_t i = 2; i < 6; ++i) {
-      list.insert(list.end(), {first, first + 2 * i, first + 2 * i - 2});
-      list.insert(list.end(), {first + 1, first + 2 * i - 1, first + 2 * i + 1});
-    }
+    const Vector3 normal =
+        glm::normalize(glm::cross(corners[1] - corners[0], corners[2] - corners[0]));
+    for (const Vector3& at : corners)
+      vertices.push_back({at.x, at.y, at.z, normal.x, normal.y, normal.z, 0, 0});
+    for (std::uint32_t i = 2; i < corners.size(); ++i)
+      indices.back().insert(indices.back().end(), {first, first + i - 1, first + i});
   }
 };
 
@@ -130,7 +144,7 @@ Vector3 nodeOfRoute(int index, int columns) {
 
 }  // namespace
 
-std::shared_ptr<scene::Node> makeSyntheticFloor(int columns, int rows) {
+std::shared_ptr<scene::Node> makeSyntheticFloor(int columns, int rows, int sides) {
   constexpr std::array<Color, 8> palette{{{0.86F, 0.78F, 0.62F},
                                           {0.62F, 0.74F, 0.86F},
                                           {0.74F, 0.85F, 0.66F},
@@ -143,7 +157,8 @@ std::shared_ptr<scene::Node> makeSyntheticFloor(int columns, int rows) {
   for (int row = 0; row < rows; ++row)
     for (int column = 0; column < columns; ++column)
       prisms.add({cell * (column + 0.5), cell * (row + 0.5), 0}, 14.0F,
-                 roomHeight + 2 * static_cast<float>((7 * column + 5 * row) % 6));
+                 roomHeight + 2 * static_cast<float>((7 * column + 5 * row) % 6),
+                 static_cast<std::uint32_t>(sides));
   const auto vertices = bytesOf(prisms.vertices);
   auto floor = scene::Node::make();
   for (std::size_t i = 0; i < prisms.indices.size(); ++i) {
@@ -172,7 +187,7 @@ std::shared_ptr<scene::Node> makeSyntheticRoute(int segments, int columns) {
   return route;
 }
 
-void lightAndWatch(scene::Scene& scene, int columns, int rows, float tilt) {
+LightAndCamera lightAndWatch(scene::Scene& scene, int columns, int rows, float tilt) {
   const auto add = [&](auto set, Vector3 position, Vector3 angles) {
     auto node = scene::Node::make();
     set(*node);
@@ -183,7 +198,7 @@ void lightAndWatch(scene::Scene& scene, int columns, int rows, float tilt) {
   };
   auto sun = std::make_shared<scene::Light>();
   sun->castsShadow = true;
-  add([&](auto& node) { node.setLight(sun); }, {}, {0.5F, 0.4F, 0});
+  const auto sunNode = add([&](auto& node) { node.setLight(sun); }, {}, {0.5F, 0.4F, 0});
   auto sky = std::make_shared<scene::Light>();
   sky->type = scene::LightType::ambient;
   sky->color = graphics::colors::darkGray;
@@ -197,6 +212,7 @@ void lightAndWatch(scene::Scene& scene, int columns, int rows, float tilt) {
   eye->setCamera(camera);
   eye->setPosition({0, 0, static_cast<float>(cell * std::max(rows, columns * 5 / 8) * 0.95)});
   orbit->addChild(eye);
+  return {sunNode, orbit, eye};
 }
 
 }  // namespace orivanta::test

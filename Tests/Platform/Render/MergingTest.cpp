@@ -44,7 +44,7 @@ class FloorDrawing : public testing::Test {
   FloorDrawing() : floor(makeSyntheticFloor(8, 6)) {
     studio.scene->rootNode()->addChild(floor);
     studio.eye->removeFromParent();
-    lightAndWatch(*studio.scene, 8, 6);
+    rig = lightAndWatch(*studio.scene, 8, 6);
   }
 
   std::shared_ptr<scene::Material> materialOf(std::size_t room) const {
@@ -53,6 +53,7 @@ class FloorDrawing : public testing::Test {
 
   Studio studio{200, 150};
   std::shared_ptr<scene::Node> floor;
+  LightAndCamera rig;
 };
 
 TEST_F(FloorDrawing, HighlightingARoomUploadsOneTexel) {
@@ -65,6 +66,8 @@ TEST_F(FloorDrawing, HighlightingARoomUploadsOneTexel) {
   EXPECT_EQ(studio.statistics().drawCalls, before.drawCalls);
   EXPECT_EQ(before.drawCalls, 2);  // all rooms, and the finished scene
   EXPECT_EQ(studio.statistics().shadowMapsDrawn, 0);
+  studio.addLight(scene::LightType::spot, graphics::colors::black);  // all is lit pixel by pixel
+  EXPECT_TRUE(looksAsKept(*studio.draw(), "highlight"));
 }
 
 TEST_F(FloorDrawing, ARoomMayBecomeTranslucentOrHiddenOrGetAnImage) {
@@ -107,6 +110,14 @@ TEST_F(FloorDrawing, ALongRouteCostsFewCalls) {
   EXPECT_LE(studio.statistics().drawCalls, calls + 8);  // all that is in sight of one look: one
   EXPECT_LE(studio.statistics().bytesUploaded, 40 * 32 + 200);  // where the images have moved to
   EXPECT_TRUE(looksAsKept(*studio.draw(0.5), "route"));
+}
+
+TEST_F(FloorDrawing, LeavesOutFacesThatAreTurnedAwayOnlyWhereNobodySeesThem) {
+  rig.eye->camera()->zNear = 1;
+  rig.orbit->setEulerAngles({0, 0, 0});
+  rig.orbit->setPosition({15, 15, 0});
+  rig.eye->setPosition({0, 0, 5});  // in a room, looking at its floor
+  EXPECT_FALSE(isNear(pixelOf(*studio.draw(), 100, 75), {255, 255, 255, 255}, 20));
 }
 
 TEST_F(FloorDrawing, MovingANodeUploadsItsOwnVerticesAlone) {

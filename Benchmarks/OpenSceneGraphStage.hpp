@@ -1,0 +1,30 @@
+// The floor of the benchmarks drawn by OpenSceneGraph.
+#pragma once
+
+#include <memory>
+
+#include "Benchmarks/SeenFloor.hpp"
+
+namespace orivanta::benchmarks {
+
+/// Draws off screen, but needs the X server that `DISPLAY` names. One thread.
+class OpenSceneGraphStage {
+ public:
+  /// Every room becomes a geometry with vertex buffers, a colour and a state of its own, so that
+  /// each can be highlighted, as OpenSceneGraph's reader of Wavefront models has it. Its shadow map
+  /// has as many texels as the library's. Throws std::runtime_error without an X server.
+  explicit OpenSceneGraphStage(const SeenFloor& floor);
+  ~OpenSceneGraphStage();
+
+  /// Draws a frame with 4 samples, seen from where the floor's camera is, and reads the picture.
+  void draw();
+
+  /// Of the last frame: 4 bytes a pixel, from the lower left corner.
+  const unsigned char* pixels() const;
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace orivanta::benchmarks

@@ -1,0 +1,68 @@
+// Draws the floor of the benchmarks into a picture.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+#include <utility>
+#include <variant>
+
+#include "Benchmarks/SeenFloor.hpp"
+#include "Platform/Foundation/Error.hpp"
+#include "Platform/Render/Offscreen/OffscreenSurface.hpp"
+#include "Platform/Render/Renderer.hpp"
+#include "Platform/View/SceneView.hpp"
+
+namespace orivanta::benchmarks {
+
+/// Without a display. One thread.
+class Stage {
+ public:
+  explicit Stage(std::unique_ptr<render::OffscreenSurface> surface)
+      : surface_(std::move(surface)),
+        view_(std::make_shared<view::SceneView>(graphics::Rect{{0, 0}, SeenFloor::pictureSize})) {
+    view_->setScene(floor.scene);
+  }
+
+  /// Reading the picture waits until the driver has drawn it.
+  void draw() {
+    handOver();
+    benchmark::DoNotOptimize(surface_->read());
+  }
+
+  /// A frame without waiting for it.
+  void handOver() {
+    renderer_.render(*view_, SeenFloor::pictureSize, 1.0, time_ += 1.0 / 60,
+                     surface_->framebuffer());
+  }
+
+  const view::SceneView& view() const { return *view_; }
+
+  void report(benchmark::State& state) const {
+    state.counters["draws"] = renderer_.statistics().drawCalls;
+    state.counters["triangles"] = renderer_.statistics().triangles;
+    state.counters["uploaded"] = static_cast<double>(renderer_.statistics().bytesUploaded);
+  }
+
+  SeenFloor floor;
+
+ private:
+  std::unique_ptr<render::OffscreenSurface> surface_;
+  render::Renderer renderer_;
+  std::shared_ptr<view::SceneView> view_;
+  double time_ = 0.0;
+};
+
+/// Calls act(stage), or reports why there is no stage.
+template <class Act>
+void onStage(benchmark::State& state, const Act& act) {
+  auto surface = render::OffscreenSurface::make(1280, 800);
+  if (const auto* error = std::get_if<foundation::Error>(&surface)) {
+    state.SkipWithError(error->description.c_str());
+    return;
+  }
+  Stage stage(std::move(std::get<0>(surface)));
+  act(stage);
+}
+
+}  // namespace orivanta::benchmarks

@@ -1,0 +1,40 @@
+// A floor as a Wavefront model on the disk, to be read.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <random>
+#include <string>
+
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace orivanta::benchmarks {
+
+/// So many floors of 1,500 rooms in one file, each room a material and a prism with 26 walls and a
+/// floor and a ceiling that are not convex: 28 faces, 100 triangles.
+class WrittenModel {
+ public:
+  explicit WrittenModel(int floors);
+
+  const std::filesystem::path& file() const { return file_; }
+  std::int64_t bytes() const { return bytes_; }  ///< with the library of materials
+
+ private:
+  static constexpr int roomsOfFloor = 1'500;
+  static constexpr int sides = 26;
+
+  void addRoom(int floor, int room);
+  void addCorner(double x, double z, int side);
+  void addFaces();
+
+  test::TemporaryFolder folder_;
+  std::filesystem::path file_;
+  std::int64_t bytes_ = 0;
+  std::string text_ = "mtllib model.mtl\n";
+  std::string library_;
+  int first_ = 1;
+  std::mt19937 random_{1};
+  std::uniform_real_distribution<double> jitter_{0.0, 0.5};
+};
+
+}  // namespace orivanta::benchmarks
