@@ -114,7 +114,8 @@ void SceneView::touchesBegan(std::span<const Touch> touches) {
 }
 
 void SceneView::draw(Canvas& canvas) {
-  View::draw(canvas);
+  const auto background = backgroundColor();
+  if (background && background->alpha < 1) canvas.fill(bounds(), *background);
   canvas.draw(*this, bounds());
 }
 
