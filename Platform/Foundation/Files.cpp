@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdint>
 #include <random>
 #include <system_error>
 #include <utility>
@@ -72,6 +71,35 @@ class TemporaryFile {
   bool exists_ = false;
 };
 
+// Into the place that `makeRoom` gives for so many bytes.
+template <class MakeRoom>
+std::optional<Error> read(const fs::path& file, std::size_t largestBytes,
+                          const MakeRoom& makeRoom) {
+  const auto error = [&](int code, std::string_view what) {
+    return Error{"file", code, fmt::format("{}: {}", file.string(), what)};
+  };
+  const auto lastError = [&] {
+    const int code = errno;
+    return error(code, std::generic_category().message(code));
+  };
+  // Opened before it is measured, since another may take its place; a named pipe must not wait.
+  const Descriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  struct stat status {};
+  if (opened.number < 0 || ::fstat(opened.number, &status) != 0) return lastError();
+  if (!S_ISREG(status.st_mode)) return error(EINVAL, "is not a regular file");
+  const auto size = static_cast<std::size_t>(status.st_size);
+  if (size > largestBytes)
+    return error(EFBIG, fmt::format("has {} bytes; {} are allowed", size, largestBytes));
+  char* const room = makeRoom(size);
+  for (std::size_t length = 0; length < size;) {
+    const ssize_t count = ::read(opened.number, room + length, size - length);
+    if (count == 0) return error(EIO, "became shorter while it was read");
+    if (count < 0 && errno != EINTR) return lastError();
+    if (count > 0) length += static_cast<std::size_t>(count);
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<fs::path> cachesDirectory() {
@@ -81,18 +109,23 @@ std::optional<fs::path> cachesDirectory() {
   return folder;
 }
 
+std::variant<FileBytes, Error> readBytes(const fs::path& file, std::size_t largestBytes) {
+  FileBytes bytes;
+  if (auto error = read(file, largestBytes, [&](std::size_t count) {
+        bytes = {std::unique_ptr<char[]>(new char[count]), count};
+        return bytes.data.get();
+      }))
+    return std::move(*error);
+  return bytes;
+}
+
 std::optional<std::string> readFile(const fs::path& file, std::size_t largestBytes) {
-  // Opened before it is measured, since another may take its place; a named pipe must not wait.
-  const Descriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  struct stat status {};
-  if (::fstat(opened.number, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
-  if (static_cast<std::uintmax_t>(status.st_size) > largestBytes) return std::nullopt;
-  std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
-  for (std::size_t length = 0; length < bytes.size();) {
-    const ssize_t count = ::read(opened.number, bytes.data() + length, bytes.size() - length);
-    if (count == 0 || (count < 0 && errno != EINTR)) return std::nullopt;
-    if (count > 0) length += static_cast<std::size_t>(count);
-  }
+  std::string bytes;
+  if (read(file, largestBytes, [&](std::size_t count) {
+        bytes.resize(count);
+        return bytes.data();
+      }))
+    return std::nullopt;
   return bytes;
 }
 

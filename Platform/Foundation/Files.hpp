@@ -3,9 +3,11 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
@@ -17,8 +19,22 @@ namespace orivanta::foundation {
 /// as that is possible. Nothing when no such place is known. Any thread.
 ORIVANTA_API std::optional<std::filesystem::path> cachesDirectory();
 
-/// The bytes of a regular file; nothing when it cannot be read or holds more than `largestBytes`.
-/// Any thread.
+/// A file's bytes. Unlike those of a string they are not filled with zeros first, which takes as
+/// long as reading them.
+struct FileBytes {
+  std::unique_ptr<char[]> data;
+  std::size_t count = 0;
+
+  std::string_view text() const { return {data.get(), count}; }
+};
+
+/// The bytes of a regular file. An error when it cannot be read, becomes shorter meanwhile or holds
+/// more than `largestBytes`: its domain is "file", its code an `errno`, EFBIG for the last, and its
+/// text begins with the file. Any thread.
+ORIVANTA_API std::variant<FileBytes, Error> readBytes(const std::filesystem::path& file,
+                                                      std::size_t largestBytes);
+
+/// The same as a string; nothing in place of an error. Any thread.
 ORIVANTA_API std::optional<std::string> readFile(const std::filesystem::path& file,
                                                  std::size_t largestBytes);
 

@@ -84,21 +84,11 @@ void CanvasPainter::draw(view::SceneView& view, const graphics::Rect& rect) {
   const auto& half = quad.vertex.halfSize;
   if (!(half[0] > 0 && half[1] > 0)) return;
   quad.vertex.color = multiplied(graphics::colors::white, alpha_);
-  if (view.backgroundColor().value_or(graphics::colors::clear).alpha >= 1) dropCovered(quad);
   scenes.push_back({gatherer_.gather(view, time_),
                     static_cast<std::uint32_t>(std::max(1L, std::lround(2 * half[0]))),
                     static_cast<std::uint32_t>(std::max(1L, std::lround(2 * half[1])))});
   quads.push_back(std::move(quad));
   if (overlay) paintOverlay(view, rect);
-}
-
-void CanvasPainter::dropCovered(const Quad& quad) {
-  if (quads.empty()) return;
-  const Quad& last = quads.back();
-  const bool isPlain = !last.image && !last.scene && last.vertex.cornerRadius == 0;
-  if (isPlain && last.vertex.centre == quad.vertex.centre &&
-      last.vertex.halfSize == quad.vertex.halfSize)
-    quads.pop_back();
 }
 
 void CanvasPainter::paintOverlay(const view::SceneView& view, const graphics::Rect& rect) {

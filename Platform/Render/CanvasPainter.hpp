@@ -40,9 +40,6 @@ class CanvasPainter : public view::Canvas {
   void paint(view::View& view, graphics::Point origin, double alpha);
   void paintOverlay(const view::SceneView& view, const graphics::Rect& rect);
 
-  /// Takes back a filled rectangle that an opaque one in the same place is about to cover.
-  void dropCovered(const Quad& quad);
-
   /// Of a rectangle of the view that draws, in pixels.
   QuadVertex place(const graphics::Rect& rect) const;
 

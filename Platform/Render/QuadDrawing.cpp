@@ -75,6 +75,7 @@ QuadDrawing::QuadDrawing(ImageTextures& images)
     glEnableVertexAttribArray(attribute);
     glVertexAttribDivisor(attribute, 1);
   }
+  glBindVertexArray(0);
 }
 
 void QuadDrawing::draw(std::span<const Quad> quads, std::span<const SceneTarget> scenes,

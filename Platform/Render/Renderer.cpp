@@ -50,6 +50,9 @@ void setBasicState() {
   glDepthRangef(0.0F, 1.0F);
   glBlendEquation(GL_FUNC_ADD);
   glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
+  for (const GLenum none : std::initializer_list<GLenum>{
+           GL_UNPACK_ROW_LENGTH, GL_UNPACK_SKIP_PIXELS, GL_UNPACK_SKIP_ROWS})
+    glPixelStorei(none, 0);
   glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);
   for (GLuint unit = 0; unit < 4; ++unit) glBindSampler(unit, 0);
 }
@@ -107,6 +110,7 @@ void Renderer::render(view::View& view, graphics::Size size, double scale, doubl
   glClear(GL_COLOR_BUFFER_BIT);
   resources.quads.draw(quads, resources.targets, width, height, resources.statistics);
   glDisable(GL_SCISSOR_TEST);
+  glBindVertexArray(0);  // whoever draws next describes attributes of their own
   resources.images.collect();
   resources.scenes.collect();
   resources.gatherer.collect();

@@ -25,7 +25,8 @@ class ORIVANTA_API Renderer {
   /// the window's; its colours are taken to hold sRGB values as they are, multiplied by their
   /// alpha, and it begins transparent. `time`: seconds, rising. Other threads may change scenes,
   /// sprites and views meanwhile: their changes wait while the frame is gathered, and show in the
-  /// next one. Relies on no state of the context and leaves its own behind.
+  /// next one. Relies on no state of the context and leaves its own behind,
+  /// with no vertex array bound.
   void render(view::View& view, graphics::Size size, double scale, double time,
               unsigned framebuffer = 0);
 

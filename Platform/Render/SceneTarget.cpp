@@ -1,8 +1,12 @@
 #include "Platform/Render/SceneTarget.hpp"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <initializer_list>
+
+#include "Platform/Foundation/Fatal.hpp"
 
 namespace orivanta::render {
 
@@ -19,25 +23,40 @@ GLint mostSamples(GLenum format) {
   return samples;
 }
 
+bool isComplete() { return glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE; }
+
 }  // namespace
 
+// A driver may name more than it gives.
 GLint supportedSamples() {
-  return std::min({wantedSamples, mostSamples(colorFormat), mostSamples(depthFormat)});
+  constexpr GLsizei side = 16;
+  const GLint named = std::min({wantedSamples, mostSamples(colorFormat), mostSamples(depthFormat)});
+  return SceneTarget(side, side, named).samples();
 }
 
 SceneTarget::SceneTarget(GLsizei width, GLsizei height, GLint samples)
-    : width_(width), height_(height) {
+    : width_(width), height_(height), samples_(samples) {
+  while (!makeDrawn() && samples_ > 0) samples_ /= 2;
+  if (!isComplete() || !makeResolved())
+    foundation::fatalError(
+        fmt::format("the driver gives no framebuffer of {} x {} pixels", width, height));
+}
+
+bool SceneTarget::makeDrawn() const {
   glBindFramebuffer(GL_FRAMEBUFFER, drawn_.get());
   const auto attach = [&](const gl::Renderbuffer& buffer, GLenum format, GLenum attachment) {
     glBindRenderbuffer(GL_RENDERBUFFER, buffer.get());
-    glRenderbufferStorageMultisample(GL_RENDERBUFFER, samples, format, width, height);
+    glRenderbufferStorageMultisample(GL_RENDERBUFFER, samples_, format, width_, height_);
     glFramebufferRenderbuffer(GL_FRAMEBUFFER, attachment, GL_RENDERBUFFER, buffer.get());
   };
   attach(color_, colorFormat, GL_COLOR_ATTACHMENT0);
   attach(depth_, depthFormat, GL_DEPTH_ATTACHMENT);
+  return isComplete();
+}
 
+bool SceneTarget::makeResolved() const {
   glBindTexture(GL_TEXTURE_2D, texture_.get());
-  glTexStorage2D(GL_TEXTURE_2D, 1, colorFormat, width, height);
+  glTexStorage2D(GL_TEXTURE_2D, 1, colorFormat, width_, height_);
   for (const GLenum filter :
        std::initializer_list<GLenum>{GL_TEXTURE_MIN_FILTER, GL_TEXTURE_MAG_FILTER})
     glTexParameteri(GL_TEXTURE_2D, filter, GL_LINEAR);
@@ -45,6 +64,7 @@ SceneTarget::SceneTarget(GLsizei width, GLsizei height, GLint samples)
     glTexParameteri(GL_TEXTURE_2D, wrap, GL_CLAMP_TO_EDGE);
   glBindFramebuffer(GL_FRAMEBUFFER, resolved_.get());
   glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture_.get(), 0);
+  return isComplete();
 }
 
 void SceneTarget::begin() const {

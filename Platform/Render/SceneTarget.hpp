@@ -7,11 +7,13 @@ namespace orivanta::render {
 
 class SceneTarget {
  public:
-  /// Sides in pixels. `samples`: for each pixel; 0 or 1 for none beyond the pixel's own.
+  /// Sides in pixels. `samples`: for each pixel; 0 or 1 for none beyond the pixel's own. Takes
+  /// fewer where the driver refuses so many; one that refuses even none is a fatal error.
   SceneTarget(GLsizei width, GLsizei height, GLint samples);
 
   GLsizei width() const { return width_; }
   GLsizei height() const { return height_; }
+  GLint samples() const { return samples_; }  ///< as far as the driver allows them
 
   /// Draw into it from now on.
   void begin() const;
@@ -23,8 +25,12 @@ class SceneTarget {
   GLuint texture() const { return texture_.get(); }
 
  private:
+  bool makeDrawn() const;
+  bool makeResolved() const;
+
   GLsizei width_;
   GLsizei height_;
+  GLint samples_;
   gl::Renderbuffer color_;
   gl::Renderbuffer depth_;
   gl::Framebuffer drawn_;

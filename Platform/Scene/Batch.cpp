@@ -72,8 +72,9 @@ struct Builder {
   std::vector<Batch::Part>& parts;
   VertexMap vertexMap{};
 
-  void add(const std::shared_ptr<Node>& node, const std::shared_ptr<Geometry>& geometry) {
-    const Attributes attributes(*geometry, node->transform());
+  void add(const std::shared_ptr<Node>& node, const std::shared_ptr<Geometry>& geometry,
+           const Matrix4& toParent) {
+    const Attributes attributes(*geometry, toParent);
     if (!attributes.positions) return;
     for (std::size_t i = 0; i < geometry->elements().size(); ++i) {
       Batch::Part part{node, geometry, i, count(indices), 0, {}};
@@ -110,16 +111,23 @@ struct Builder {
 
 bool Batch::isMember(const Node& child) { return child.geometry_ && child.children_.empty(); }
 
-std::shared_ptr<const Batch> Batch::make(const Node& parent) {
+std::vector<Batch::Child> Batch::membersOf(const Node& parent) {
   const graphics::Transaction transaction;
+  std::vector<Child> members;
+  for (const auto& child : parent.children_)
+    if (isMember(*child))
+      members.push_back({child, child->geometry_, child->position_, child->eulerAngles_});
+  return members;
+}
+
+// Geometries never change, so that a frame need not wait until they are merged.
+std::shared_ptr<const Batch> Batch::make(const Node& parent) {
   const std::shared_ptr<Batch> batch(new Batch);
-  Builder builder{batch->vertices_, batch->indices_, batch->parts_};
-  for (const auto& child : parent.children_) {
-    if (!isMember(*child)) continue;
-    builder.add(child, child->geometry_);
-    batch->children_.push_back({child, child->geometry_, child->position_, child->eulerAngles_});
-  }
+  batch->children_ = membersOf(parent);
   if (batch->children_.size() < 2) return nullptr;
+  Builder builder{batch->vertices_, batch->indices_, batch->parts_};
+  for (const Child& child : batch->children_)
+    builder.add(child.node, child.geometry, rigidTransform(child.position, child.eulerAngles));
   for (const Part& part : batch->parts_) batch->boundingBox_.add(part.box);
   return batch;
 }

@@ -61,6 +61,7 @@ class ORIVANTA_API Batch {
 
   /// Whether a child is merged.
   static bool isMember(const Node& child);
+  static std::vector<Child> membersOf(const Node& parent);
 
   std::vector<Vertex> vertices_;
   std::vector<std::uint32_t> indices_;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <deque>
-#include <glm/gtc/matrix_transform.hpp>
 #include <iterator>
 #include <limits>
 #include <utility>
@@ -175,11 +174,7 @@ Nodes Node::childNodes(const std::function<bool(const Node&)>& passes) const {
 
 Matrix4 Node::transform() const {
   const Transaction transaction;
-  Matrix4 result = glm::translate(Matrix4(1.0F), position_);
-  if (eulerAngles_ == Vector3(0.0F)) return result;
-  result = glm::rotate(result, eulerAngles_.z, Vector3(0, 0, 1));
-  result = glm::rotate(result, eulerAngles_.y, Vector3(0, 1, 0));
-  return glm::rotate(result, eulerAngles_.x, Vector3(1, 0, 0));
+  return rigidTransform(position_, eulerAngles_);
 }
 
 Matrix4 Node::worldTransform() const {

@@ -1,5 +1,6 @@
 #include "Platform/Sprite/Scene.hpp"
 
+#include "Platform/Graphics/Guarded.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 
 namespace orivanta::sprite {
@@ -34,10 +35,7 @@ std::shared_ptr<Scene> Scene::make(Size size) { return std::shared_ptr<Scene>(ne
 
 Scene::Scene(Size size) : size_(size) {}
 
-Size Scene::size() const {
-  const graphics::Transaction transaction;
-  return size_;
-}
+Size Scene::size() const { return graphics::read(size_); }
 
 Rect Scene::localFrame() const { return {{}, size()}; }
 

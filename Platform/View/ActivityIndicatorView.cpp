@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "Platform/Graphics/Guarded.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/View/Canvas.hpp"
 
@@ -69,10 +70,7 @@ ActivityIndicatorView::ActivityIndicatorView() {
   setUserInteractionEnabled(false);
 }
 
-ActivityIndicatorStyle ActivityIndicatorView::style() const {
-  const Transaction transaction;
-  return style_;
-}
+ActivityIndicatorStyle ActivityIndicatorView::style() const { return graphics::read(style_); }
 
 void ActivityIndicatorView::setStyle(ActivityIndicatorStyle style) {
   const Transaction transaction;
@@ -82,10 +80,7 @@ void ActivityIndicatorView::setStyle(ActivityIndicatorStyle style) {
                                                  : graphics::colors::white);
 }
 
-Color ActivityIndicatorView::color() const {
-  const Transaction transaction;
-  return color_;
-}
+Color ActivityIndicatorView::color() const { return graphics::read(color_); }
 
 void ActivityIndicatorView::setColor(Color color) {
   const Transaction transaction;
@@ -93,14 +88,12 @@ void ActivityIndicatorView::setColor(Color color) {
   wheel_ = nullptr;
 }
 
-void ActivityIndicatorView::startAnimating() {
-  const Transaction transaction;
-  animating_ = true;
-}
+void ActivityIndicatorView::startAnimating() { setAnimating(true); }
 
-void ActivityIndicatorView::stopAnimating() {
-  const Transaction transaction;
-  animating_ = false;
+void ActivityIndicatorView::stopAnimating() { setAnimating(false); }
+
+void ActivityIndicatorView::setAnimating(bool animating) {
+  graphics::assign(animating_, animating);
 }
 
 bool ActivityIndicatorView::isAnimating() const {

@@ -30,6 +30,8 @@ class ORIVANTA_API ActivityIndicatorView : public View {
   void draw(Canvas& canvas) override;
 
  private:
+  void setAnimating(bool animating);
+
   ActivityIndicatorStyle style_ = ActivityIndicatorStyle::white;
   graphics::Color color_ = graphics::colors::white;
   bool animating_ = false;

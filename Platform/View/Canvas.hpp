@@ -29,7 +29,8 @@ class ORIVANTA_API Canvas {
   virtual void draw(const std::shared_ptr<const graphics::Image>& image, const graphics::Rect& rect,
                     double alpha = 1.0, double turn = 0.0) = 0;
 
-  /// The view's 3D scene over its background, and the overlay over both.
+  /// The view's 3D scene, with the background behind it when that is opaque, and the overlay over
+  /// both. What lies under it shows through elsewhere.
   virtual void draw(SceneView& view, const graphics::Rect& rect) = 0;
 };
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Graphics/Guarded.hpp"
 #include "Platform/View/Canvas.hpp"
 
 namespace orivanta::view {
@@ -12,14 +12,10 @@ ImageView::ImageView(std::shared_ptr<const graphics::Image> image) : image_(std:
   setUserInteractionEnabled(false);
 }
 
-std::shared_ptr<const graphics::Image> ImageView::image() const {
-  const graphics::Transaction transaction;
-  return image_;
-}
+std::shared_ptr<const graphics::Image> ImageView::image() const { return graphics::read(image_); }
 
 void ImageView::setImage(std::shared_ptr<const graphics::Image> image) {
-  const graphics::Transaction transaction;
-  image_ = std::move(image);
+  graphics::assign(image_, image);
 }
 
 void ImageView::draw(Canvas& canvas) {

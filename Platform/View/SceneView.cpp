@@ -6,6 +6,7 @@
 
 #include "Platform/Foundation/BackgroundPool.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
+#include "Platform/Graphics/Guarded.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Batch.hpp"
 #include "Platform/Scene/Node.hpp"
@@ -13,6 +14,8 @@
 
 namespace orivanta::view {
 
+using graphics::assign;
+using graphics::read;
 using graphics::Transaction;
 
 namespace {
@@ -40,34 +43,20 @@ SceneView::SceneView(const Coder& coder) : View(coder) {
   setBackgroundColor(graphics::colors::white);
 }
 
-std::shared_ptr<scene::Scene> SceneView::scene() const {
-  const Transaction transaction;
-  return scene_;
-}
+std::shared_ptr<scene::Scene> SceneView::scene() const { return read(scene_); }
 
-void SceneView::setScene(std::shared_ptr<scene::Scene> scene) {
-  const Transaction transaction;
-  scene_ = std::move(scene);
-}
+void SceneView::setScene(std::shared_ptr<scene::Scene> scene) { assign(scene_, scene); }
 
-std::shared_ptr<sprite::Scene> SceneView::overlayScene() const {
-  const Transaction transaction;
-  return overlayScene_;
-}
+std::shared_ptr<sprite::Scene> SceneView::overlayScene() const { return read(overlayScene_); }
 
 void SceneView::setOverlayScene(std::shared_ptr<sprite::Scene> scene) {
-  const Transaction transaction;
-  overlayScene_ = std::move(scene);
+  assign(overlayScene_, scene);
 }
 
-SceneRendererDelegate* SceneView::rendererDelegate() const {
-  const Transaction transaction;
-  return rendererDelegate_;
-}
+SceneRendererDelegate* SceneView::rendererDelegate() const { return read(rendererDelegate_); }
 
 void SceneView::setRendererDelegate(SceneRendererDelegate* delegate) {
-  const Transaction transaction;
-  rendererDelegate_ = delegate;
+  assign(rendererDelegate_, delegate);
 }
 
 std::optional<scene::Viewpoint> SceneView::viewpoint() const {
@@ -114,7 +103,8 @@ void SceneView::touchesBegan(std::span<const Touch> touches) {
 }
 
 void SceneView::draw(Canvas& canvas) {
-  View::draw(canvas);
+  const auto background = backgroundColor();
+  if (background && background->alpha < 1) canvas.fill(bounds(), *background);
   canvas.draw(*this, bounds());
 }
 

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-
 #include <cstdint>
 #include <filesystem>
 #include <string_view>
@@ -113,6 +112,7 @@ std::optional<std::string> HttpDownloader::loadFileSync(const foundation::Url& u
 }
 
 void HttpDownloader::loadFileAsync(const foundation::Url& url, Completion completion) {
+  if (!completion) completion = [](const auto&, const auto&) {};
   const fs::path file = fileFor(url, cacheRoot());
   if (isCached(file)) return completion(file.string(), std::nullopt);
   // Inflating, writing and the completion take longer than the transport's thread may be held.

@@ -36,7 +36,7 @@ class ORIVANTA_API HttpDownloader {
   /// As above, for a file directly in the caches directory. A file that is there is reported before
   /// this returns, anything else on a background thread. An answer other than 200 is kept from the
   /// cache and never reported. A file that cannot be written gives an error of the domain "Error
-  /// saving file" with the code 1001.
+  /// saving file" with the code 1001. Without a completion the file is fetched all the same.
   virtual void loadFileAsync(const foundation::Url& url, Completion completion);
 };
 

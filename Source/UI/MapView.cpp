@@ -50,15 +50,7 @@ MapView::MapView(graphics::Rect frame)
   initView();
 }
 
-MapView::MapView(const view::Coder& coder)
-    : View(coder),
-      bundle(sdkBundle()),
-      assetLoader(std::make_shared<AssetLoader>()),
-      downloader(std::make_shared<HttpDownloader>()),
-      sceneView(std::make_shared<view::SceneView>(coder)),
-      activityIndicator(std::make_shared<view::ActivityIndicatorView>()) {
-  initView();
-}
+MapView::MapView(const view::Coder& coder) : MapView(View(coder).frame()) {}
 
 // The scene view may be kept by others: nothing in it may lead back here.
 MapView::~MapView() {

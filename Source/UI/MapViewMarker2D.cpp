@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
-#include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Graphics/Guarded.hpp"
 
 namespace orivanta {
 
@@ -13,14 +13,10 @@ MapViewMarker2D::MapViewMarker2D(graphics::Size size, std::shared_ptr<const grap
   node->setName(std::string(MARKER_NAME));
 }
 
-graphics::Vector3 MapViewMarker2D::position() const {
-  const graphics::Transaction transaction;
-  return position_;
-}
+graphics::Vector3 MapViewMarker2D::position() const { return graphics::read(position_); }
 
 void MapViewMarker2D::setPosition(graphics::Vector3 position) {
-  const graphics::Transaction transaction;
-  position_ = position;
+  graphics::assign(position_, position);
 }
 
 bool MapViewMarker2D::collidesWithMarker(const MapViewMarker& other) const {

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "Platform/Foundation/Fatal.hpp"
+#include "Platform/Graphics/Guarded.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Source/UI/MapView.hpp"
 
@@ -38,8 +39,7 @@ struct Placed {
 }  // namespace
 
 std::vector<std::shared_ptr<MapViewMarker>> MapView::markers() const {
-  const Transaction transaction;
-  return markers_;
+  return graphics::read(markers_);
 }
 
 void MapView::addMarker(const std::shared_ptr<MapViewMarker2D>& marker) {

@@ -93,7 +93,7 @@ class MaterialReader {
 
   void begin(std::string_view name) {
     hasOpacity_ = false;
-    isOpen_ = !name.empty() && names_.emplace(name).second;
+    isOpen_ = !name.empty() && materials_.size() < mostMaterials && names_.emplace(name).second;
     if (!isOpen_) return;
     materials_.emplace_back().name = name;
     materials_.back().defined = true;

@@ -9,8 +9,8 @@
 namespace orivanta::scene::obj {
 
 /// The materials of a library in their order, textures as paths relative to the model's folder. Of
-/// materials named alike the first is kept; those without a name, statements that are unknown and
-/// values that are unreadable are passed over.
+/// materials named alike the first is kept; those without a name or beyond the first
+/// `mostMaterials`, statements that are unknown and values that are unreadable are passed over.
 std::vector<Material> parseMaterials(std::string_view text);
 
 }  // namespace orivanta::scene::obj

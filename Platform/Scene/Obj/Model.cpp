@@ -2,12 +2,12 @@
 
 #include <fmt/format.h>
 
-#include <fstream>
-#include <memory>
+#include <cerrno>
 #include <set>
 #include <unordered_map>
 #include <utility>
 
+#include "Platform/Foundation/Files.hpp"
 #include "Platform/Scene/Obj/LocalPath.hpp"
 #include "Platform/Scene/Obj/MaterialLibrary.hpp"
 #include "Platform/Scene/Obj/MeshBuilder.hpp"
@@ -21,38 +21,8 @@ using foundation::Error;
 
 namespace {
 
-Error failure(ModelError code, const fs::path& file, std::string_view what) {
-  return {"obj", static_cast<int>(code), fmt::format("{}: {}", file.string(), what)};
-}
-
-// As a string these would be filled with zeros first, which takes as long as reading them.
-struct Bytes {
-  std::unique_ptr<char[]> data;
-  std::size_t count;
-
-  std::string_view text() const { return {data.get(), count}; }
-};
-
-std::variant<Bytes, Error> readFile(const fs::path& file, std::size_t mostBytes) {
-  std::error_code problem;
-  const auto unreadable = [&] {
-    const std::string reason = problem ? problem.message() : "cannot be read";
-    return failure(ModelError::unreadable, file, reason);
-  };
-  const auto status = fs::status(file, problem);
-  if (problem) return unreadable();
-  if (!fs::is_regular_file(status))
-    return failure(ModelError::unreadable, file, "is not a regular file");
-  const std::uintmax_t size = fs::file_size(file, problem);
-  if (problem) return unreadable();
-  if (size > mostBytes)
-    return failure(ModelError::tooLarge, file,
-                   fmt::format("has {} bytes; {} are allowed", size, mostBytes));
-  const auto count = static_cast<std::size_t>(size);
-  Bytes bytes{std::unique_ptr<char[]>(new char[count]), count};
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream.read(bytes.data.get(), static_cast<std::streamsize>(count))) return unreadable();
-  return bytes;
+Error failure(ModelError code, std::string description) {
+  return {"obj", static_cast<int>(code), std::move(description)};
 }
 
 // The definitions of the libraries that the lines name, the first one of each name.
@@ -85,6 +55,7 @@ class Definitions {
     const auto text = library_(*path);
     if (!text) return false;
     for (Material& material : parseMaterials(*text)) {
+      if (materials_.size() >= mostMaterials) break;
       std::string key = material.name;
       materials_.try_emplace(std::move(key), std::move(material));
     }
@@ -100,6 +71,11 @@ class Definitions {
 
 Model parseModel(std::string_view text, const LibrarySource& library) {
   ModelStatements statements = readStatements(text);
+  if (statements.hasTooManyMaterials) {
+    Model refused;
+    refused.hasTooManyMaterials = true;
+    return refused;
+  }
   Model model = buildMesh(statements);
   Definitions definitions(statements.libraryLines, library);
   for (Group& group : model.groups) definitions.apply(group.material);
@@ -107,19 +83,24 @@ Model parseModel(std::string_view text, const LibrarySource& library) {
 }
 
 std::variant<Model, Error> readModel(const fs::path& file) {
-  auto bytes = readFile(file, largestModelBytes);
-  if (auto* const error = std::get_if<Error>(&bytes)) return std::move(*error);
+  auto bytes = foundation::readBytes(file, largestModelBytes);
+  if (auto* const error = std::get_if<Error>(&bytes))
+    return failure(error->code == EFBIG ? ModelError::tooLarge : ModelError::unreadable,
+                   std::move(error->description));
   const fs::path folder = file.parent_path();
   std::size_t roomForLibraries = largestLibrariesBytes;
-  Model model = parseModel(std::get<Bytes>(bytes).text(), [&](const fs::path& name) {
-    const auto library = readFile(folder / name, roomForLibraries);
-    const auto* const read = std::get_if<Bytes>(&library);
-    if (read == nullptr) return std::optional<std::string>();
-    roomForLibraries -= read->count;
-    return std::optional(std::string(read->text()));
-  });
+  Model model =
+      parseModel(std::get<foundation::FileBytes>(bytes).text(), [&](const fs::path& name) {
+        auto library = foundation::readFile(folder / name, roomForLibraries);
+        if (library) roomForLibraries -= library->size();
+        return library;
+      });
+  if (model.hasTooManyMaterials)
+    return failure(ModelError::tooLarge,
+                   fmt::format("{}: uses more than {} materials", file.string(), mostMaterials));
   if (model.groups.empty())
-    return failure(ModelError::nothingToDraw, file, "no face of it can be drawn");
+    return failure(ModelError::nothingToDraw,
+                   fmt::format("{}: no face of it can be drawn", file.string()));
   for (Group& group : model.groups)
     if (auto& texture = group.material.diffuseTexture) texture = folder / *texture;
   return model;

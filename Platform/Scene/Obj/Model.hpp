@@ -52,6 +52,7 @@ struct Model {
   bool hasNormals = true;              ///< false: some vertices have none
   bool hasTextureCoordinates = false;  ///< whether any face has them; the others get (0, 0)
   std::size_t skippedFaces = 0;        ///< that are unreadable or refer to what is not there
+  bool hasTooManyMaterials = false;    ///< its faces use more than `mostMaterials`: no groups then
 };
 
 /// What `Error::code` is in the domain "obj".
@@ -59,12 +60,14 @@ enum class ModelError { unreadable = 1, tooLarge, nothingToDraw };
 
 inline constexpr std::size_t largestModelBytes = 512U << 20U;
 inline constexpr std::size_t largestLibrariesBytes = 64U << 20U;  ///< of all libraries together
+inline constexpr std::size_t mostMaterials = 65'536;  ///< that faces use, and that libraries define
 
 /// Reads a model and the material libraries it names, from its folder and those inside it alone: of
 /// a name that leads elsewhere only the last part counts, for textures too. Textures are paths in
 /// the model's folder; whether they exist is not looked at. A library that is missing is passed
 /// over, and a material that none defines keeps its name and looks as a `Material` does by default.
-/// Any thread.
+/// Definitions beyond the first `mostMaterials` are passed over. A model that uses more is too
+/// large: each costs whoever draws it objects of its own. Any thread.
 ///
 /// Never stops on damaged input: a face is skipped when it has fewer than three corners, one that
 /// is no number or out of range, or a position that is not finite in single precision. A face of no

@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "Platform/Scene/Obj/Model.hpp"
 #include "Platform/Scene/Obj/TextLines.hpp"
 
 namespace orivanta::scene::obj {
@@ -32,9 +33,9 @@ Point withLengthOne(const Point& point) {
           static_cast<float>(exact[2] / length)};
 }
 
-// Takes an index, which counts from 1 or, when negative, back from the last one so far. Numbers too
-// large for an index become one that is beyond every list.
-// Whether there was one within reach.
+// Takes an index, which counts from 1 or, when negative, back from the last one so far, and returns
+// whether there was one within reach. Numbers too large for an index become one that is beyond
+// every list.
 bool takeIndex(std::string_view& text, std::size_t countSoFar, std::uint32_t& index) {
   constexpr std::uint64_t largest = none - 1;
   const char* at = text.data();
@@ -55,7 +56,9 @@ class StatementReader {
  public:
   ModelStatements read(std::string_view text) {
     TextLines lines(text);
-    for (auto line = lines.next(); !line.empty(); line = lines.next()) readStatement(line);
+    for (auto line = lines.next(); !line.empty() && !statements_.hasTooManyMaterials;
+         line = lines.next())
+      readStatement(line);
     return std::move(statements_);
   }
 
@@ -140,6 +143,7 @@ class StatementReader {
     const auto next = static_cast<std::uint32_t>(statements_.materialNames.size());
     const auto [found, isNew] = materials_.try_emplace(material_, next);
     if (isNew) statements_.materialNames.push_back(material_);
+    statements_.hasTooManyMaterials = statements_.materialNames.size() > mostMaterials;
     statements_.runs.push_back({found->second, 0});
   }
 

@@ -38,6 +38,7 @@ struct ModelStatements {
   std::vector<std::string> materialNames;  ///< unique, by the first face that uses them
   std::vector<std::string> libraryLines;   ///< what stands behind each `mtllib`
   std::size_t skippedFaces = 0;
+  bool hasTooManyMaterials = false;  ///< more than `mostMaterials`; nothing is read from there on
 };
 
 ModelStatements readStatements(std::string_view text);

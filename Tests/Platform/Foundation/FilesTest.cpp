@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <cerrno>
 #include <csignal>
@@ -47,11 +48,20 @@ TEST(Files, AreReadUpToALimit) {
   const std::string contents("a\0b\n", 4);
   const fs::path file = folder.write("a", contents);
   EXPECT_EQ(readFile(file, 4), contents);
-  EXPECT_EQ(readFile(file, 3), std::nullopt);
+  EXPECT_EQ(std::get<FileBytes>(readBytes(file, 4)).text(), contents);
   EXPECT_EQ(readFile(folder.write("empty", ""), 0), "");
-  EXPECT_EQ(readFile(folder.path(), 100), std::nullopt);
-  EXPECT_EQ(readFile(folder.path() / "missing", 100), std::nullopt);
-  EXPECT_EQ(readFile("/dev/zero", 100), std::nullopt);
+  const fs::path pipe = folder.path() / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const auto& [unreadable, code] : {std::pair<fs::path, int>{file, EFBIG},
+                                         {folder.path() / "missing", ENOENT},
+                                         {folder.path(), EINVAL},
+                                         {"/dev/zero", EINVAL},
+                                         {pipe, EINVAL}}) {
+    EXPECT_EQ(readFile(unreadable, 3), std::nullopt);
+    const auto error = std::get<Error>(readBytes(unreadable, 3));
+    EXPECT_EQ(error.code, code);
+    EXPECT_EQ(error.description.find(unreadable.string() + ": "), 0U);
+  }
 }
 
 TEST(Files, AreReplacedAndLeaveNothingBeside) {

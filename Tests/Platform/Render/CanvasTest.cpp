@@ -2,6 +2,7 @@
 
 #include <glm/gtc/constants.hpp>
 
+#include "Platform/Render/Gl.hpp"
 #include "Platform/Sprite/Node.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/ImageView.hpp"
@@ -138,6 +139,28 @@ TEST(Canvas, PicturesThatShrinkAreAveraged) {
   view::ImageView root(graphics::Image::make(64, 64, std::move(stripes)));
   root.setFrame({{0, 0}, {16, 16}});
   EXPECT_TRUE(isNear(pixelOf(*studio.draw(root), 8, 8), {64, 64, 64, 255}, 2));
+}
+
+// A toolkit whose widgets share the context, with vertices and pictures of its own.
+TEST(Canvas, IsTheSameAfterOthersUsedTheContext) {
+  Studio studio(16, 16);
+  const auto useOtherwise = [] {
+    for (GLuint attribute = 0; attribute < 5; ++attribute) glDisableVertexAttribArray(attribute);
+    for (const GLenum skip : {GL_UNPACK_ROW_LENGTH, GL_UNPACK_SKIP_PIXELS, GL_UNPACK_SKIP_ROWS})
+      glPixelStorei(skip, 3);
+    for (const GLenum capability : {GL_CULL_FACE, GL_SCISSOR_TEST}) glEnable(capability);
+    glBlendEquation(GL_FUNC_REVERSE_SUBTRACT);
+    glColorMask(GL_FALSE, GL_TRUE, GL_TRUE, GL_TRUE);
+  };
+  for (int frame = 0; frame < 2; ++frame) {
+    useOtherwise();
+    view::ImageView root(makeQuarters());
+    root.setFrame({{0, 0}, {16, 16}});
+    const auto picture = studio.draw(root);
+    EXPECT_EQ(pixelOf(*picture, 1, 1), (Pixel{255, 0, 0, 255}));
+    EXPECT_EQ(pixelOf(*picture, 14, 1), (Pixel{0, 255, 0, 255}));
+    EXPECT_EQ(pixelOf(*picture, 1, 14), (Pixel{0, 0, 255, 255}));
+  }
 }
 
 TEST(OffscreenSurface, SaysWhatIsNotPossible) {

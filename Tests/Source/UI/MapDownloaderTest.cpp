@@ -203,6 +203,7 @@ TEST_F(MapDownloader, ACachedFileIsReportedAtOnce) {
   downloader.loadFileAsync(url(server.root("/a")),
                            [&](const std::string&, const auto&) { reported = true; });
   EXPECT_TRUE(reported);
+  EXPECT_NO_THROW(downloader.loadFileAsync(url(server.root("/a")), {}));
 }
 
 TEST_F(MapDownloader, AnAnswerOtherThanOkIsNeitherKeptNorReported) {

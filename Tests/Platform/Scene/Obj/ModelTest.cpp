@@ -1,6 +1,7 @@
 // Models and material libraries: what is read, what is passed over, and models that are damaged.
 #include "Platform/Scene/Obj/Model.hpp"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -215,6 +216,21 @@ TEST(LocalPath, NeverLeavesTheFolder) {
   EXPECT_FALSE(localPath(std::string_view("a\0b", 3)));
 }
 
+std::string usesOfMaterials(std::size_t count) {
+  std::string text = square;
+  for (std::size_t i = 0; i < count; ++i) text += fmt::format("usemtl {}\nf 1 2 3\n", i);
+  return text;
+}
+
+TEST(Model, MaterialsAreLimited) {
+  const Model model = parseModel(usesOfMaterials(mostMaterials) + "usemtl 0\nf 1 2 3\n");
+  EXPECT_EQ(model.groups.size(), mostMaterials);
+  EXPECT_FALSE(model.hasTooManyMaterials);
+  std::string library;
+  for (std::size_t i = 0; i <= mostMaterials; ++i) library += fmt::format("newmtl {}\n", i);
+  EXPECT_EQ(parseMaterials(library).size(), mostMaterials);
+}
+
 TEST(Model, FilesThatCannotBeReadSayWhy) {
   const test::TemporaryFolder folder;
   const fs::path large = folder.write("large.obj", "");
@@ -224,6 +240,7 @@ TEST(Model, FilesThatCannotBeReadSayWhy) {
       {folder.path(), ModelError::unreadable},
       {"/dev/zero", ModelError::unreadable},
       {large, ModelError::tooLarge},
+      {folder.write("many.obj", usesOfMaterials(mostMaterials + 1)), ModelError::tooLarge},
       {folder.write("empty.obj", ""), ModelError::nothingToDraw},
       {folder.write("points.obj", square), ModelError::nothingToDraw}};
   for (const auto& [file, code] : files) {
