@@ -7,6 +7,7 @@
 #include <chrono>
 #include <functional>
 #include <utility>
+#include <variant>
 
 #include "Benchmarks/Stage.hpp"
 #include "Benchmarks/WrittenModel.hpp"
@@ -25,8 +26,8 @@ void load(benchmark::State& state) {
   const auto url = foundation::Url::fromFile(written.file());
   AssetLoader loader;
   for (auto _ : state) {
-    const auto floor = loader.loadObjFromURL(url);
-    benchmark::DoNotOptimize(scene::Batch::make(*floor));
+    const auto floor = loader.readModel(url);
+    benchmark::DoNotOptimize(scene::Batch::make(*std::get<0>(floor)));
   }
 }
 BENCHMARK(load)->Name("Floor.load");

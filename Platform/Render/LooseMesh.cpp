@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "Platform/Scene/Geometry.hpp"
+#include "Platform/Scene/Shell.hpp"
 
 namespace orivanta::render {
 
@@ -153,14 +154,20 @@ void LooseMesh::rebuildFrom(std::size_t first, const std::vector<LoosePart>& par
   for (std::size_t i = first; i < parts.size(); ++i) append(parts[i]);
 
   std::vector<MeshPart> meshParts;
-  for (std::size_t i = 0; i < merged_.size(); ++i) {
-    const std::size_t end = i + 1 < merged_.size() ? merged_[i + 1].firstIndex : indices_.size();
+  for (std::size_t i = 0; i < merged_.size(); ++i)
     meshParts.push_back({static_cast<std::uint32_t>(merged_[i].firstIndex),
-                         static_cast<std::uint32_t>(end - merged_[i].firstIndex), merged_[i].box});
-  }
+                         static_cast<std::uint32_t>(indicesOf(i).size()), merged_[i].box,
+                         merged_[i].isShell});
   if (!mesh_) mesh_.emplace();
   mesh_->setGeometry(vertices_, indices_, std::move(meshParts), unchangedVertices, unchangedIndices,
                      statistics);
+}
+
+std::span<const std::uint32_t> LooseMesh::indicesOf(std::size_t place) const {
+  const std::size_t first = merged_[place].firstIndex;
+  const std::size_t end =
+      place + 1 < merged_.size() ? merged_[place + 1].firstIndex : indices_.size();
+  return std::span(indices_).subspan(first, end - first);
 }
 
 void LooseMesh::append(const LoosePart& part) {
@@ -178,7 +185,8 @@ void LooseMesh::append(const LoosePart& part) {
   }
   merged_.push_back({part.geometry, std::move(drawn), part.element, part.world, firstVertex,
                      vertices_.size() - firstVertex, firstIndex,
-                     boxOf(std::span(vertices_).subspan(firstVertex))});
+                     boxOf(std::span(vertices_).subspan(firstVertex)),
+                     scene::isShell(vertices_, std::span(indices_).subspan(firstIndex))});
 }
 
 void LooseMesh::move(std::size_t place, const Matrix4& world, FrameStatistics& statistics) {
@@ -190,7 +198,8 @@ void LooseMesh::move(std::size_t place, const Matrix4& world, FrameStatistics& s
   for (std::size_t i = 0; i < used.size(); ++i)
     moved[i] = makeVertex(*merged.drawn, used[i], world, place);
   merged.box = boxOf(moved);
-  mesh_->setBox(place, merged.box);
+  merged.isShell = scene::isShell(vertices_, indicesOf(place));
+  mesh_->setPlace(place, merged.box, merged.isShell);
   mesh_->setVertices(merged.firstVertex, moved, statistics);
 }
 

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "Platform/Render/Mesh.hpp"
@@ -34,6 +35,7 @@ class LooseMesh {
     std::size_t vertexCount;
     std::size_t firstIndex;
     graphics::Box box;
+    bool isShell;
 
     bool isOf(const LoosePart& part) const {
       return geometry == part.geometry && element == part.element;
@@ -42,6 +44,7 @@ class LooseMesh {
 
   void rebuildFrom(std::size_t first, const std::vector<LoosePart>& parts,
                    FrameStatistics& statistics);
+  std::span<const std::uint32_t> indicesOf(std::size_t place) const;
   void append(const LoosePart& part);
   void move(std::size_t place, const graphics::Matrix4& world, FrameStatistics& statistics);
 

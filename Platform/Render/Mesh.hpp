@@ -30,10 +30,13 @@ class Mesh {
                    std::vector<MeshPart> parts, std::size_t unchangedVertices,
                    std::size_t unchangedIndices, FrameStatistics& statistics);
 
-  /// Replaces some vertices; the boxes of their parts are the caller's to update.
+  /// Replaces some vertices; where their parts are is the caller's to update.
   void setVertices(std::size_t first, std::span<const Vertex> vertices,
                    FrameStatistics& statistics);
-  void setBox(std::size_t part, const graphics::Box& box) { parts_[part].box = box; }
+  void setPlace(std::size_t part, const graphics::Box& box, bool isShell) {
+    parts_[part].box = box;
+    parts_[part].isShell = isShell;
+  }
 
   /// One look for each part.
   void setLooks(std::span<const PartLook> looks, FrameStatistics& statistics);

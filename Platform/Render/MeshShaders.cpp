@@ -57,8 +57,10 @@ void main() {
   castShare = dot(n, lightPlaces[0].xyz);
   placeInShadow = shadowPoint(viewPoint.xyz, n);
 #endif
+#if LIGHTS > FIRST_STEADY
   for (int i = FIRST_STEADY; i < LIGHTS; ++i)
     steadyLight += max(dot(n, lightPlaces[i].xyz), 0.0) * lightColors[i].rgb;
+#endif
 #else
   viewPosition = viewPoint.xyz;
   viewNormal = n;

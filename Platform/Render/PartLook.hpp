@@ -27,6 +27,8 @@ struct PartLook {
   scene::WrapMode wrapT = scene::WrapMode::clamp;
   std::shared_ptr<const graphics::Image> image;  ///< null for one colour
   Placement placement{1, 0, 0, 0, 0, -1, 0, 1};
+
+  friend bool operator==(const PartLook&, const PartLook&) = default;
 };
 
 /// How an element of a node's geometry looks at a time of the frames' clock, its node's own

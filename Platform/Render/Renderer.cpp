@@ -72,6 +72,7 @@ struct Renderer::Resources {
   SceneRenderer scenes{images};
   QuadDrawing quads{images};
   std::vector<SceneTarget> targets;  ///< one a scene of a frame
+  std::vector<SceneSnapshot> shown;  ///< what each of them shows
   FrameStatistics statistics;
 
   void drawScenes(std::vector<PaintedScene>& painted);
@@ -120,6 +121,7 @@ void Renderer::render(view::View& view, graphics::Size size, double scale, doubl
 void Renderer::Resources::drawScenes(std::vector<PaintedScene>& painted) {
   const auto side = static_cast<std::uint32_t>(largestSide);
   while (targets.size() > painted.size()) targets.pop_back();
+  shown.resize(painted.size());
   for (std::size_t i = 0; i < painted.size(); ++i) {
     const auto width = static_cast<GLsizei>(std::min(painted[i].width, side));
     const auto height = static_cast<GLsizei>(std::min(painted[i].height, side));
@@ -127,7 +129,10 @@ void Renderer::Resources::drawScenes(std::vector<PaintedScene>& painted) {
       targets.emplace_back(width, height, samples);
     else if (targets[i].width() != width || targets[i].height() != height)
       targets[i] = SceneTarget(width, height, samples);
-    scenes.render(std::move(painted[i].snapshot), targets[i], statistics);
+    else if (shown[i] == painted[i].snapshot)
+      continue;
+    shown[i] = std::move(painted[i].snapshot);
+    scenes.render(shown[i], targets[i], statistics);
   }
 }
 

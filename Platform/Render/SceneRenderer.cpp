@@ -38,7 +38,7 @@ void removeOrphans(Entries& entries, Owner owner) {
 
 SceneRenderer::SceneRenderer(ImageTextures& images) : images_(images) {}
 
-void SceneRenderer::render(SceneSnapshot snapshot, const SceneTarget& target,
+void SceneRenderer::render(const SceneSnapshot& snapshot, const SceneTarget& target,
                            FrameStatistics& statistics) {
   std::vector<SceneMesh> meshes;
   const Lighting lighting(snapshot.lights, snapshot.view);
@@ -66,12 +66,12 @@ SceneRenderer::SceneState& SceneRenderer::stateOf(
   return state;
 }
 
-std::vector<SceneMesh> SceneRenderer::updateMeshes(SceneState& state, SceneSnapshot& snapshot,
+std::vector<SceneMesh> SceneRenderer::updateMeshes(SceneState& state, const SceneSnapshot& snapshot,
                                                    int height, FrameStatistics& statistics) {
   std::vector<SceneMesh> meshes;
   const float tolerance =
       invisibleTolerance(snapshot.loose, snapshot.view, snapshot.projection, height);
-  state.loose.update(std::move(snapshot.loose), tolerance, statistics);
+  state.loose.update(snapshot.loose, tolerance, statistics);
   if (!state.loose.isEmpty())
     meshes.push_back({&state.loose.mesh(), state.loose.looks(), graphics::Matrix4(1.0F)});
   for (const BatchInScene& batch : snapshot.batches)

@@ -21,8 +21,9 @@ class SceneRenderer {
  public:
   explicit SceneRenderer(ImageTextures& images);
 
-  /// Draws into `target` and makes its texture. Takes over what the snapshot holds.
-  void render(SceneSnapshot snapshot, const SceneTarget& target, FrameStatistics& statistics);
+  /// Draws into `target` and makes its texture.
+  void render(const SceneSnapshot& snapshot, const SceneTarget& target,
+              FrameStatistics& statistics);
 
   /// Lets go of what belongs to batches and scenes that are gone.
   void collect();
@@ -41,7 +42,7 @@ class SceneRenderer {
   };
 
   const Mesh& meshOf(const BatchInScene& batch, FrameStatistics& statistics);
-  std::vector<SceneMesh> updateMeshes(SceneState& state, SceneSnapshot& snapshot, int height,
+  std::vector<SceneMesh> updateMeshes(SceneState& state, const SceneSnapshot& snapshot, int height,
                                       FrameStatistics& statistics);
   SceneState& stateOf(const std::shared_ptr<const scene::Scene>& scene);
 

@@ -20,6 +20,8 @@ struct BatchInScene {
   std::shared_ptr<const scene::Batch> batch;
   graphics::Matrix4 world;
   std::vector<PartLook> looks;
+
+  friend bool operator==(const BatchInScene&, const BatchInScene&) = default;
 };
 
 /// One element of the geometry of a node that is in no batch.
@@ -28,14 +30,18 @@ struct LoosePart {
   std::size_t element;
   graphics::Matrix4 world;
   PartLook look;
+
+  friend bool operator==(const LoosePart&, const LoosePart&) = default;
 };
 
 struct LightInScene {
   scene::Light light;
   graphics::Matrix4 world;  ///< of its node
+
+  friend bool operator==(const LightInScene&, const LightInScene&) = default;
 };
 
-/// In the scene's space.
+/// In the scene's space. Equal ones give equal pictures.
 struct SceneSnapshot {
   std::shared_ptr<const scene::Scene> scene;  ///< null when there is nothing to see
   graphics::Matrix4 view{1.0F};
@@ -44,6 +50,8 @@ struct SceneSnapshot {
   std::vector<BatchInScene> batches;
   std::vector<LoosePart> loose;
   std::vector<LightInScene> lights;  ///< none of them for a scene that is lit fully
+
+  friend bool operator==(const SceneSnapshot&, const SceneSnapshot&) = default;
 };
 
 }  // namespace orivanta::render

@@ -57,11 +57,15 @@ bool ShadowMap::update(const Matrix4& lightWorld, std::span<const SceneMesh> mes
                        MeshShaders& shaders, FrameStatistics& statistics) {
   const bool isSameLight = std::exchange(lightWorld_, lightWorld) == lightWorld;
   std::vector<Caster> casters;
-  for (const SceneMesh& mesh : meshes) casters.push_back(makeCaster(mesh));
+  for (const SceneMesh& mesh : meshes) {
+    Caster caster = makeCaster(mesh);
+    if (!caster.runsOfFronts.empty() || !caster.runsOfBothSides.empty())
+      casters.push_back(std::move(caster));
+  }
   if (casters == casters_ && isSameLight) return hasCasters_;
   casters_ = std::move(casters);
   hasCasters_ = fit(meshes);
-  if (hasCasters_) draw(meshes, shaders, statistics);
+  if (hasCasters_) draw(shaders, statistics);
   return hasCasters_;
 }
 
@@ -74,7 +78,7 @@ ShadowMap::Caster ShadowMap::makeCaster(const SceneMesh& mesh) const {
       return isChosen ? Choice::draw : Choice::leave;
     });
   };
-  return {mesh.mesh->revision(), mesh.world, runs(true), runs(false)};
+  return {mesh.mesh, mesh.mesh->revision(), mesh.world, runs(true), runs(false)};
 }
 
 bool ShadowMap::fit(std::span<const SceneMesh> meshes) {
@@ -103,8 +107,7 @@ bool ShadowMap::fit(std::span<const SceneMesh> meshes) {
   return true;
 }
 
-void ShadowMap::draw(std::span<const SceneMesh> meshes, MeshShaders& shaders,
-                     FrameStatistics& statistics) const {
+void ShadowMap::draw(MeshShaders& shaders, FrameStatistics& statistics) const {
   glBindFramebuffer(GL_FRAMEBUFFER, framebuffer_.get());
   glViewport(0, 0, shadowMapSide, shadowMapSide);
   glDisable(GL_BLEND);
@@ -115,13 +118,13 @@ void ShadowMap::draw(std::span<const SceneMesh> meshes, MeshShaders& shaders,
   glPolygonOffset(1.5F, 4.0F);
   const DepthProgram& depth = shaders.depth();
   depth.program.use();
-  for (std::size_t i = 0; i < meshes.size(); ++i) {
-    meshes[i].mesh->bind();
-    depth.program.set(depth.meshToClip, sceneToClip_ * meshes[i].world);
+  for (const Caster& caster : casters_) {
+    caster.mesh->bind();
+    depth.program.set(depth.meshToClip, sceneToClip_ * caster.world);
     glEnable(GL_CULL_FACE);
-    Mesh::draw(casters_[i].runsOfFronts, statistics);
+    Mesh::draw(caster.runsOfFronts, statistics);
     glDisable(GL_CULL_FACE);
-    Mesh::draw(casters_[i].runsOfBothSides, statistics);
+    Mesh::draw(caster.runsOfBothSides, statistics);
   }
   glDisable(GL_POLYGON_OFFSET_FILL);
   ++statistics.shadowMapsDrawn;

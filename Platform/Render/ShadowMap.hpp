@@ -33,6 +33,7 @@ class ShadowMap {
 
  private:
   struct Caster {
+    const Mesh* mesh;
     std::uint64_t revision;
     graphics::Matrix4 world;
     std::vector<Run> runsOfFronts;  ///< of parts that the light meets from their front alone
@@ -42,8 +43,7 @@ class ShadowMap {
 
   Caster makeCaster(const SceneMesh& mesh) const;
   bool fit(std::span<const SceneMesh> meshes);
-  void draw(std::span<const SceneMesh> meshes, MeshShaders& shaders,
-            FrameStatistics& statistics) const;
+  void draw(MeshShaders& shaders, FrameStatistics& statistics) const;
 
   gl::Texture depth_;
   gl::Framebuffer framebuffer_;

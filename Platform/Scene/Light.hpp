@@ -18,6 +18,8 @@ class ORIVANTA_API Light {
   double spotInnerAngle = 0.0;   ///< full light inside this cone
   double spotOuterAngle = 45.0;  ///< no light outside of this one
   double zFar = 100.0;
+
+  friend bool operator==(const Light&, const Light&) = default;
 };
 
 }  // namespace orivanta::scene
