@@ -32,6 +32,12 @@ std::optional<Key> keyOf(SDL_Keycode code) {
       return Key::backspace;
     case SDLK_HOME:
       return Key::home;
+    case SDLK_END:
+      return Key::end;
+    case SDLK_DELETE:
+      return Key::erase;
+    case SDLK_AC_BACK:
+      return Key::back;
     case SDLK_F12:
       return Key::picture;
     default:
@@ -158,11 +164,9 @@ bool Input::handleMouse(const SDL_Event& event, double time) {
 bool Input::handleKey(const SDL_Event& event) {
   const SDL_Keysym& symbol = event.key.keysym;
   const bool control = (symbol.mod & (KMOD_CTRL | KMOD_GUI)) != 0;
-  if (control && symbol.sym == SDLK_f) {
-    viewer_.keyPressed({Key::search});
-    return true;
-  }
-  const auto key = keyOf(symbol.sym);
+  auto key = keyOf(symbol.sym);
+  if (control && symbol.sym == SDLK_f) key = Key::search;
+  if ((symbol.mod & KMOD_ALT) != 0 && symbol.sym == SDLK_LEFT) key = Key::back;
   if (key) viewer_.keyPressed({*key, (symbol.mod & KMOD_SHIFT) != 0, control});
   return key.has_value();
 }

@@ -14,6 +14,10 @@ enum class Key {
   escape,
   backspace,
   home,
+  end,
+  erase,  ///< forwards
+  back,   ///< to where one came from
+  paste,
   search,
   picture
 };

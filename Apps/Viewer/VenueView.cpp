@@ -100,13 +100,15 @@ VenueView::VenueView(std::shared_ptr<Venue> venue)
       routePanel_(std::make_shared<RoutePanel>()),
       floors_(std::make_shared<FloorSwitch>(*venue_->maps)),
       help_(std::make_shared<KeyHelp>()),
-      mapButtons_(std::make_shared<Panel>()) {
+      mapButtons_(std::make_shared<Panel>()),
+      backPanel_(std::make_shared<Panel>()) {
   mapView_->venue = venue_;
   mapView_->allowsSimultaneousGestures = true;
   mapView_->sceneView->setBackgroundColor(theme::backdrop);
   addMapButtons();
+  addWayBack();
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
-           mapView_, mapButtons_, floors_, card_, routePanel_, search_, help_})
+           mapView_, mapButtons_, backPanel_, floors_, card_, routePanel_, search_, help_})
     addSubview(part);
   help_->setHidden(true);
 }
@@ -148,6 +150,13 @@ void VenueView::load(const std::shared_ptr<Map>& first) {
     if (const auto view = self.lock()) view->floorsEnded(floors);
   };
   floorLoad_ = mapView_->loadFloors(std::move(handlers), first);
+}
+
+void VenueView::stopLoading() {
+  progressed = nullptr;
+  loaded = nullptr;
+  failed = nullptr;
+  if (floorLoad_) floorLoad_->cancel();
 }
 
 void VenueView::floorsChanged(const FloorProgress& floor) {

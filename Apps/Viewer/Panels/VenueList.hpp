@@ -17,6 +17,7 @@ class VenueList : public Panel {
 
   std::function<void(const std::shared_ptr<Venue>&)> chosen;
 
+  std::size_t size() const { return venues_.size(); }
   void show(const std::vector<std::shared_ptr<Venue>>& venues);
 
   void moveMark(int down);
