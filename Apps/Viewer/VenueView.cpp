@@ -266,14 +266,15 @@ void VenueView::fetchPicture(const std::shared_ptr<Location>& place) {
   const auto& pictures = place->picture ? place->picture : place->logo;
   if (!pictures) return;
   const foundation::Url url = (*pictures)[pictureSize];
+  const auto mode = place->picture ? PictureMode::fill : PictureMode::fit;
   const auto self = std::weak_ptr(std::static_pointer_cast<VenueView>(shared_from_this()));
-  std::thread([self, place, url, downloader = mapView_->downloader,
+  std::thread([self, place, url, mode, downloader = mapView_->downloader,
                slug = venue_->slug.value_or("")] {
     auto image = loadPicture(*downloader, url, slug);
-    foundation::mainQueue::async([self, place, image = std::move(image)] {
+    foundation::mainQueue::async([self, place, mode, image = std::move(image)] {
       const auto view = self.lock();
       if (!view || view->selected_ != place || !image) return;
-      view->card_->setPicture(image);
+      view->card_->setPicture(image, mode);
       view->arrangePanels();
     });
   }).detach();

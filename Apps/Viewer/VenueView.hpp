@@ -87,6 +87,7 @@ class VenueView : public view::View, public MapViewDelegate {
   double arrangeWayBack(double margin);
   void arrangeSheets(bool isWide);
   void arrangeMapButtons(bool isWide);
+  void coverLabels();
   void updateInsets(bool isWide);
 
   void floorsChanged(const FloorProgress& floor);

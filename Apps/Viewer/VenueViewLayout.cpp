@@ -76,7 +76,17 @@ void VenueView::arrangePanels() {
   help_->setFrame(
       {{(size.width - help.width) / 2, std::max(margin, (size.height - help.height) / 2)}, help});
   updateInsets(isWide);
+  coverLabels();
   labelsAreOld_ = true;
+}
+
+void VenueView::coverLabels() {
+  std::vector<graphics::Rect> covered;
+  for (const view::View* panel : std::initializer_list<const view::View*>{
+           mapButtons_.get(), backPanel_.get(), floors_.get(), card_.get(), routePanel_.get(),
+           search_.get(), help_.get()})
+    if (!panel->isHidden()) covered.push_back(panel->frame());
+  labels_->setCovered(std::move(covered));
 }
 
 // Before the search field, which takes its place while it is open. How far it reaches.
@@ -148,7 +158,7 @@ void VenueView::updateInsets(bool isWide) {
   if (isWide && !hasSheet) insets.top = 72;
   if (!isWide) {
     insets.top = 72;
-    insets.right = 24;
+    insets.right = narrowMargin + theme::controlSize + 2 * buttonInset + 4;
     const view::View& sheet = selected_ ? static_cast<view::View&>(*card_) : *routePanel_;
     if (hasSheet) insets.bottom = size.height - sheet.frame().minY() + gap;
   }

@@ -28,6 +28,7 @@ constexpr std::array lines{
 };
 constexpr double lineHeight = 31;  // points
 constexpr double titleHeight = 54;
+constexpr double roomyWidth = 440;
 
 }  // namespace
 
@@ -59,6 +60,8 @@ graphics::Size KeyHelp::arrange(graphics::Size room) {
     keys->setHidden(isWayBack && !offersWayBack_);
     meaning->setHidden(isWayBack && !offersWayBack_);
     if (keys->isHidden()) break;
+    for (const auto& label : {keys, meaning})
+      label->setSize(width < roomyWidth ? theme::smallSize : theme::textSize);
     keys->setFrame({{theme::padding, top}, {inner * 0.56, lineHeight}});
     meaning->setFrame({{theme::padding + inner * 0.58, top}, {inner * 0.42, lineHeight}});
     top += lineHeight;

@@ -161,7 +161,7 @@ TEST_F(ViewerTest, GoesBackToTheListAtAnyMomentAndLetsGoOfTheVenue) {
   for (std::size_t i = 0; i < std::size(moments); ++i) {
     stage.until([&] { return !viewer.venueList().isHidden(); });
     EXPECT_FALSE(viewer.canGoBack());
-    if (i > 0) viewer.keyPressed({Key::down});
+    for (std::size_t row = 0; i > 0 && row < 2; ++row) viewer.keyPressed({Key::down});
     viewer.keyPressed({Key::enter});
     for (std::size_t k = 0; k <= i; ++k) stage.until(moments[k]);
     const std::weak_ptr<VenueView> view = viewer.venueView();
