@@ -2,6 +2,7 @@
 
 #include <SDL.h>
 
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -167,6 +168,11 @@ bool Input::handleKey(const SDL_Event& event) {
   auto key = keyOf(symbol.sym);
   if (control && symbol.sym == SDLK_f) key = Key::search;
   if ((symbol.mod & KMOD_ALT) != 0 && symbol.sym == SDLK_LEFT) key = Key::back;
+  if (control && symbol.sym == SDLK_v && viewer_.wantsText()) {
+    const std::unique_ptr<char, void (*)(void*)> text(SDL_GetClipboardText(), SDL_free);
+    if (text) viewer_.textTyped(text.get());
+    return true;
+  }
   if (key) viewer_.keyPressed({*key, (symbol.mod & KMOD_SHIFT) != 0, control});
   return key.has_value();
 }

@@ -17,7 +17,6 @@ enum class Key {
   end,
   erase,  ///< forwards
   back,   ///< to where one came from
-  paste,
   search,
   picture
 };

@@ -413,6 +413,17 @@ bool VenueView::handleKeyInSearch(const KeyPress& press) {
     case Key::backspace:
       search_->field().eraseBack(press.control);
       return true;
+    case Key::erase:
+      search_->field().eraseForward();
+      return true;
+    case Key::left:
+    case Key::right:
+      search_->field().moveCaret(press.key == Key::left ? CaretStep::left : CaretStep::right);
+      return true;
+    case Key::home:
+    case Key::end:
+      search_->field().moveCaret(press.key == Key::home ? CaretStep::start : CaretStep::end);
+      return true;
     default:
       return false;
   }

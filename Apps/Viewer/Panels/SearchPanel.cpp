@@ -35,7 +35,10 @@ SearchPanel::SearchPanel(const Venue& venue)
        std::initializer_list<std::shared_ptr<view::View>>{sign_, field_, clear_, nothing_, list_})
     addSubview(part);
   field_->action = [this] {
-    if (!isOpen()) open();
+    if (isOpen())
+      field_->placeCaret(field_->tapPlace().x);
+    else
+      open();
   };
   field_->changed = [this] { search(); };
   clear_->action = [this] { close(); };
