@@ -66,7 +66,8 @@ class ORIVANTA_API LoadHandle {
   virtual ~LoadHandle() = default;
 
   /// Ends the requests. No handler is called any more once this has returned, but for one that is
-  /// being called just now. Any thread, also from a handler.
+  /// being called just now, and no venue is changed: the next load may start. Any thread, also from
+  /// a handler.
   virtual void cancel() = 0;
 };
 

@@ -52,11 +52,13 @@ Requests startLoad(const WebApiSession& session, const std::string& slug,
 }
 
 Requests startLoad(const WebApiSession& session, const std::shared_ptr<Venue>& venue,
-                   bool accessible, std::function<void(std::shared_ptr<Venue>)> callback) {
+                   bool accessible, std::function<void(std::shared_ptr<Venue>)> callback,
+                   VenueLoad::Guard guard = nullptr) {
   const std::string slug = foundation::unwrap(foundation::unwrap(venue).slug);
   if (activeVenue) clear(*activeVenue);
   activeVenue = venue;
-  return startLoad(session, slug, std::make_shared<VenueLoad>(accessible, std::move(callback)));
+  return startLoad(session, slug,
+                   std::make_shared<VenueLoad>(accessible, std::move(callback), std::move(guard)));
 }
 
 std::vector<std::shared_ptr<Venue>> listOf(const Collection<Venue>& venues) {
@@ -119,8 +121,9 @@ std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,
         if (ended) ended({venue, std::move(failures), complete});
       });
   load->start([&] {
-    return startLoad(session.observedBy(load), venue, accessible,
-                     [load](const auto&) { load->finish(); });
+    return startLoad(
+        session.observedBy(load), venue, accessible, [load](const auto&) { load->finish(); },
+        [load](const auto& step) { load->unlessOver(step); });
   });
   return load;
 }

@@ -58,6 +58,11 @@ void ReportedLoad::finish() {
   onQueue([](ReportedLoad& self) { self.end(true); });
 }
 
+void ReportedLoad::unlessOver(const std::function<void()>& step) {
+  const std::lock_guard lock(mutex_);
+  if (!over_) step();
+}
+
 void ReportedLoad::cancel() {
   std::vector<WebApiSession::Request> requests;
   {

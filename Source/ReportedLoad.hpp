@@ -38,6 +38,9 @@ class ReportedLoad : public WebApiObserver,
 
   /// The load has delivered its result.
   void finish();
+
+  /// Runs a step unless the load is over; `cancel` waits for it to end.
+  void unlessOver(const std::function<void()>& step);
   void cancel() override;
 
   void pageReceived(std::string_view collection, const network::HttpUrlResponse& response,

@@ -4,7 +4,8 @@
 
 namespace orivanta {
 
-VenueLoad::VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)> callback)
+VenueLoad::VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)> callback,
+                     Guard guard)
     : joins_{{linkCategoryParents, true},
              {linkLocationCategories, true},
              {linkPolygonMaps, true},
@@ -15,8 +16,15 @@ VenueLoad::VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)
              }},
              {linkLocationNodes},
              {linkLocationPolygons},
-             {[callback = std::move(callback)](CollectionDictionary& collections) {
-               return publishVenue(collections, callback);
+             {[callback = std::move(callback),
+               guard = std::move(guard)](CollectionDictionary& collections) {
+               bool published = false;
+               const auto publish = [&] { published = publishVenue(collections, callback); };
+               if (guard)
+                 guard(publish);
+               else
+                 publish();
+               return published;
              }}} {}
 
 void VenueLoad::collectionReady() {

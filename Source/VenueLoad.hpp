@@ -13,7 +13,12 @@ namespace orivanta {
 /// Kept alive by whoever still has an answer to deliver. One thread at a time.
 class VenueLoad {
  public:
-  VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)> callback);
+  /// Runs a step, or leaves it out when the load is not wanted any more.
+  using Guard = std::function<void(const std::function<void()>& step)>;
+
+  /// The venue is published, and `callback` called, within `guard`; without one always.
+  VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)> callback,
+            Guard guard = nullptr);
 
   /// Stores an answer, such as `receive(&CollectionDictionary::nodes, nodes)`, and runs the gate.
   template <class Record>

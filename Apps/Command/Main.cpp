@@ -52,11 +52,15 @@ void addConnectionOptions(CLI::App& app, ConnectionOptions& options) {
           "File with the password, - for standard input", "FILE");
 }
 
+void addQuiet(CLI::App& app, ConnectionOptions& options) {
+  app.add_flag("-q,--quiet", options.quiet, "No diagnostic lines on standard error");
+}
+
 // The options of every query, before the subcommand and after it.
 void addQueryOptions(CLI::App& app, CommandLine& line) {
   addConnectionOptions(app, line.connection);
   app.add_flag("--json", line.json, "Print JSON");
-  app.add_flag("-q,--quiet", line.connection.quiet, "No diagnostic lines on standard error");
+  addQuiet(app, line.connection);
 }
 
 // `options` is filled while the command line is read; what all queries share goes in at the end.
@@ -171,6 +175,7 @@ void addView(CLI::App& app, CommandLine& line) {
   command.add_option("--scale", options.scale, "Pixels per point, instead of the screen's own")
       ->type_name("F");
   addConnectionOptions(command, line.connection);
+  addQuiet(command, line.connection);
   command.callback([&line, &options] {
     line.chosen = [&line, &options] {
       options.connection = line.connection;

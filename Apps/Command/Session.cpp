@@ -64,10 +64,14 @@ void check(const std::vector<LoadFailure>& failures, const std::vector<std::stri
 
 }  // namespace
 
-Session::Session(const ConnectionOptions& options) {
+void showDiagnostics(const ConnectionOptions& options) {
   foundation::setDiagnosticSink([quiet = options.quiet](std::string_view line) {
     if (!quiet) ProgressLine::standardError().note(line);
   });
+}
+
+Session::Session(const ConnectionOptions& options) {
+  showDiagnostics(options);
   setApiSettings(resolveSettings(options));
 }
 

@@ -11,6 +11,9 @@
 
 namespace orivanta::command {
 
+/// The library's diagnostic lines go to standard error from now on, unless quiet is asked for.
+void showDiagnostics(const ConnectionOptions& options);
+
 /// One per process, used by one thread. While a call waits, progress shows on a terminal.
 class Session {
  public:

@@ -7,6 +7,8 @@
 #include <map>
 #include <set>
 
+#include "Apps/DemoVenue/Pictures.hpp"
+#include "Apps/DemoVenue/Symbols.hpp"
 #include "Apps/DemoVenue/TextFile.hpp"
 #include "Apps/DemoVenue/Units.hpp"
 
@@ -148,11 +150,22 @@ json::array polygonRecords(const Plan& plan, const Network& network) {
   return records;
 }
 
+json::object pictureOf(const Category& category) {
+  json::object picture;
+  for (const Rendition& rendition : renditions) {
+    const std::string file = "images/places/" + signName(category.id, rendition);
+    picture[rendition.key] = file;
+    picture["original"] = file;  // the largest, which comes last
+  }
+  return picture;
+}
+
 json::object locationRecord(const Place& place, const Category& category) {
   json::object record = named(std::string(place.id), place.names);
   record["type"] = text(category.type);
   record["description"] = text(place.description);
   record["categories"] = json::array{"cat-" + std::string(category.id)};
+  if (!symbolOf(category.id).empty()) record["picture"] = pictureOf(category);
   if (!category.openingHours.empty()) record["openingHours"] = text(category.openingHours);
   record["nodes"] = json::array();
   record["polygons"] = json::array();

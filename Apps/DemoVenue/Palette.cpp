@@ -49,9 +49,7 @@ Colour mixed(Colour first, Colour second, double share) {
           between(first.blue, second.blue)};
 }
 
-Colour placeColour(const Plan& plan, const Place& place) {
-  std::string_view category = place.category;
-  if (place.id == "great-astrolabe" || place.id == "tide-clock") return palette::brass;
+Colour categoryColour(const Plan& plan, std::string_view category) {
   std::optional<Colour> found = colourOf(category);
   while (!found && !category.empty()) {
     const auto entry =
@@ -60,8 +58,13 @@ Colour placeColour(const Plan& plan, const Place& place) {
     category = entry == plan.categories.end() ? std::string_view{} : entry->parent;
     found = colourOf(category);
   }
+  return found.value_or(palette::plate);
+}
+
+Colour placeColour(const Plan& plan, const Place& place) {
+  if (place.id == "great-astrolabe" || place.id == "tide-clock") return palette::brass;
   const double shade = static_cast<double>(hashOf(place.id) % 9U) / 8.0;
-  return mixed(found.value_or(palette::plate), colour(shade < 0.5 ? 0xFFFFFF : 0x5A4A48),
+  return mixed(categoryColour(plan, place.category), colour(shade < 0.5 ? 0xFFFFFF : 0x5A4A48),
                std::abs(shade - 0.5) * 0.22);
 }
 

@@ -39,6 +39,9 @@ inline constexpr Colour glass = colour(0xDCE9EE);
 inline constexpr Colour opening = colour(0x4A525C);
 }  // namespace palette
 
+/// The colour of a category, else of the next one above it that has one.
+Colour categoryColour(const Plan& plan, std::string_view category);
+
 /// The colour of a place: that of its category, else of the next category above it that has one,
 /// a little lighter or darker from place to place.
 Colour placeColour(const Plan& plan, const Place& place);

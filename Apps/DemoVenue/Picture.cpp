@@ -76,23 +76,32 @@ void Picture::paint(const std::function<bool(Point)>& covers, Colour colour) {
 }
 
 void Picture::fill(const Outline& outline, Colour colour) {
-  double left = width_;
-  double top = height_;
-  double right = 0.0;
-  double bottom = 0.0;
+  Point least = {static_cast<double>(width_), static_cast<double>(height_)};
+  Point most = {0.0, 0.0};
   for (const Point point : outline) {
-    left = std::min(left, point.x);
-    right = std::max(right, point.x);
-    top = std::min(top, point.y);
-    bottom = std::max(bottom, point.y);
+    least = {std::min(least.x, point.x), std::min(least.y, point.y)};
+    most = {std::max(most.x, point.x), std::max(most.y, point.y)};
   }
-  const auto within = [](double value, int most) {
-    return static_cast<int>(std::clamp(value, 0.0, static_cast<double>(most)));
-  };
   paint(
-      {within(std::floor(left), width_), within(std::floor(top), height_),
-       within(std::ceil(right), width_), within(std::ceil(bottom), height_)},
-      [&](Point point) { return contains(outline, point); }, colour);
+      boxAround(least, most), [&](Point point) { return contains(outline, point); }, colour);
+}
+
+Picture::Box Picture::boxAround(Point least, Point most) const {
+  const auto within = [](double value, int end) {
+    return static_cast<int>(std::clamp(value, 0.0, static_cast<double>(end)));
+  };
+  return {within(std::floor(least.x), width_), within(std::floor(least.y), height_),
+          within(std::ceil(most.x), width_), within(std::ceil(most.y), height_)};
+}
+
+void Picture::paint(Point least, Point most, const std::function<double(Point)>& distance,
+                    Colour colour) {
+  const Box box = boxAround(least, most);
+  for (int y = box.top; y < box.bottom; ++y)
+    for (int x = box.left; x < box.right; ++x) {
+      const double share = std::clamp(0.5 - distance({x + 0.5, y + 0.5}), 0.0, 1.0);
+      if (share > 0.0) blend(pixel(x, y), colour, share);
+    }
 }
 
 void Picture::shade(const std::function<Colour(int, int)>& colourAt) {

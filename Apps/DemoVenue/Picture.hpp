@@ -26,6 +26,10 @@ class Picture {
   /// Paints the inside of an outline in pixels, whichever way around it goes.
   void fill(const Outline& outline, Colour colour);
 
+  /// Paints within a rectangle, right and bottom outside, where the distance to a border is
+  /// negative; `distance` is in pixels, and the edge is smoothed over a pixel.
+  void paint(Point least, Point most, const std::function<double(Point)>& distance, Colour colour);
+
   /// The colour of each pixel from its column and row.
   void shade(const std::function<Colour(int, int)>& colourAt);
 
@@ -37,6 +41,7 @@ class Picture {
   struct Box {
     int left, top, right, bottom;  // right and bottom are outside
   };
+  Box boxAround(Point least, Point most) const;
   void paint(const Box& box, const std::function<bool(Point)>& covers, Colour colour);
   std::uint8_t* pixel(int x, int y);
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Apps/DemoVenue/Picture.hpp"
+#include "Apps/DemoVenue/Symbols.hpp"
 
 namespace orivanta::demo {
 
@@ -104,6 +105,33 @@ Picture cover(const Plan& plan) {
   return picture;
 }
 
+// A category's symbol on a disc, with orbits around it.
+Picture sign(Colour ground, std::span<const Mark> symbol, int width) {
+  Picture picture(width, width / 2, ground);
+  const double unit = width / 4.0;
+  const Point middle = {2 * unit, unit};
+  const auto circleOf = [&](double radius, double line, Colour look) {
+    const double reach = (radius + line) * unit;
+    picture.paint(
+        middle - Point{reach, reach}, middle + Point{reach, reach},
+        [=](Point point) {
+          return std::abs(distance(point, middle) - radius * unit) - line * unit;
+        },
+        look);
+  };
+  for (const double radius : {1.08, 1.46, 1.9})
+    circleOf(radius, 0.012, mixed(ground, palette::night, 0.12));
+  const Colour paper = mixed(ground, colour(0xFFFCF4), 0.78);
+  circleOf(0.0, 0.8, paper);
+  const double scale = 0.92 * unit;
+  for (const Mark& mark : symbol)
+    picture.paint(
+        middle + mark.least * scale - Point{1.0, 1.0}, middle + mark.most * scale + Point{1.0, 1.0},
+        [&](Point point) { return mark.distance((point - middle) * (1.0 / scale)) * scale; },
+        mark.tone == Tone::dark ? palette::night : paper);
+  return picture;
+}
+
 }  // namespace
 
 void writeTextures(const std::filesystem::path& folder) {
@@ -121,6 +149,20 @@ void writeImages(const Plan& plan, const std::filesystem::path& folder) {
   for (const int size : {64, 128, 256})
     logo(size).write(folder / ("logo-" + std::to_string(size) + ".png"));
   cover(plan).write(folder / "cover.png");
+}
+
+std::string signName(std::string_view category, const Rendition& rendition) {
+  return std::string(category) + '-' + std::to_string(rendition.width) + ".png";
+}
+
+void writeSigns(const Plan& plan, const std::filesystem::path& folder) {
+  for (const Category& category : plan.categories) {
+    const auto symbol = symbolOf(category.id);
+    if (symbol.empty()) continue;
+    for (const Rendition& rendition : renditions)
+      sign(categoryColour(plan, category.id), symbol, rendition.width)
+          .write(folder / signName(category.id, rendition));
+  }
 }
 
 }  // namespace orivanta::demo

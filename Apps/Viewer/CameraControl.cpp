@@ -16,9 +16,8 @@ using scene::Axis;
 namespace {
 
 constexpr double glideSeconds = 0.28;
-constexpr double floorMargin = 0.06;      // around a floor that is shown whole, of its extent
-constexpr double leastFramedUnits = 300;  // of the surroundings of what is framed
-constexpr double framedMargin = 0.35;     // around it, of its extent
+constexpr command::Surroundings ofFloor{0.06, 1};
+constexpr command::Surroundings ofPoints{0.35, 300};
 constexpr double farthestTimesFitting = 1.8;
 constexpr double farthestOfAll = 4500;  // within the far plane at every tilt
 
@@ -96,7 +95,7 @@ CameraPose CameraControl::fitting() const {
                   {box.max.x, box.min.y},
                   {box.min.x, box.max.y},
                   {box.max.x, box.max.y}},
-                 upright, lens(), insets_, floorMargin);
+                 upright, lens(), insets_, ofFloor);
 }
 
 void CameraControl::fit(double time, bool gliding) {
@@ -109,15 +108,7 @@ void CameraControl::fit(double time, bool gliding) {
 
 void CameraControl::frame(const std::vector<graphics::Point>& points, double time) {
   if (points.empty() || !isReady()) return;
-  std::vector<graphics::Point> wider = points;
-  graphics::Point middle;
-  for (const auto& point : points) {
-    middle.x += point.x / static_cast<double>(points.size());
-    middle.y += point.y / static_cast<double>(points.size());
-  }
-  for (const double side : {-0.5, 0.5})
-    wider.push_back({middle.x + side * leastFramedUnits, middle.y + side * leastFramedUnits});
-  glideTo(framing(wider, pose(), lens(), insets_, framedMargin), time);
+  glideTo(framing(points, pose(), lens(), insets_, ofPoints), time);
 }
 
 void CameraControl::advance(double time) {

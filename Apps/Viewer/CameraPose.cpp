@@ -10,12 +10,6 @@ namespace {
 
 constexpr double pi = std::numbers::pi;
 
-// Of the angle between the middle of the view and a point of it, for each point.
-double slopePerPoint(const Lens& lens) {
-  const double shorter = std::max(1.0, std::min(lens.size.width, lens.size.height));
-  return std::tan(lens.fieldOfView * pi / 360) * 2 / shorter;
-}
-
 // A point of the plane turned counterclockwise.
 graphics::Point turned(graphics::Point point, double angle) {
   const double sine = std::sin(angle);
@@ -37,7 +31,7 @@ CameraPose CameraLimits::clamped(CameraPose pose) const {
 
 std::optional<graphics::Point> groundUnder(const CameraPose& pose, const Lens& lens,
                                            graphics::Point point) {
-  const double slope = slopePerPoint(lens);
+  const double slope = lens.slopePerPoint();
   const double right = (point.x - lens.size.width / 2) * slope;
   const double up = (lens.size.height / 2 - point.y) * slope;
   const double sine = std::sin(pose.tilt);
@@ -82,54 +76,18 @@ std::optional<graphics::Point> shownAt(const CameraPose& pose, const Lens& lens,
   const graphics::Point seen = turned({ground.x - pose.x, ground.y - pose.y}, -pose.turn);
   const double depth = pose.distance + seen.y * std::sin(pose.tilt);
   if (depth < pose.distance * 0.05) return std::nullopt;  // behind the camera, or nearly
-  const double pointsPerUnit = 1 / (slopePerPoint(lens) * depth);
+  const double pointsPerUnit = 1 / (lens.slopePerPoint() * depth);
   return graphics::Point{lens.size.width / 2 + seen.x * pointsPerUnit,
                          lens.size.height / 2 - seen.y * std::cos(pose.tilt) * pointsPerUnit};
 }
 
-namespace {
-
-// The smallest upright rectangle of the view around the points; nothing when one does not show.
-std::optional<graphics::Rect> frameOf(const std::vector<graphics::Point>& points,
-                                      const CameraPose& pose, const Lens& lens) {
-  graphics::Box box;
-  for (const graphics::Point& point : points) {
-    const auto shown = shownAt(pose, lens, point);
-    if (!shown) return std::nullopt;
-    box.add(graphics::Vector3{static_cast<float>(shown->x), static_cast<float>(shown->y), 0});
-  }
-  return graphics::Rect{{box.min.x, box.min.y}, {box.max.x - box.min.x, box.max.y - box.min.y}};
-}
-
-CameraPose aboveMiddle(const std::vector<graphics::Point>& points, CameraPose pose) {
-  graphics::Box box;
-  for (const graphics::Point& point : points)
-    box.add(graphics::Vector3{static_cast<float>(point.x), static_cast<float>(point.y), 0});
-  pose.x = box.centre().x;
-  pose.y = box.centre().y;
-  pose.distance = 4.0 * std::max({box.max.x - box.min.x, box.max.y - box.min.y, 1.0F});
-  return pose;
-}
-
-}  // namespace
-
-// What is near looks larger, so the frame is found in steps, from far away.
 CameraPose framing(const std::vector<graphics::Point>& points, CameraPose pose, const Lens& lens,
-                   const Insets& insets, double margin) {
+                   const Insets& insets, const command::Surroundings& surroundings) {
   if (points.empty()) return pose;
-  const graphics::Rect room{{insets.left, insets.top},
-                            {std::max(80.0, lens.size.width - insets.left - insets.right),
-                             std::max(80.0, lens.size.height - insets.top - insets.bottom)}};
-  pose = aboveMiddle(points, pose);
-  constexpr int steps = 12;
-  for (int step = 0; step < steps; ++step) {
-    const auto frame = frameOf(points, pose, lens);
-    if (!frame) break;
-    const graphics::Point middle{frame->midX(), frame->midY()};
-    pose = dragged(pose, lens, middle, {room.midX(), room.midY()});
-    pose.distance *= (1 + margin) * std::max({frame->size.width / room.size.width,
-                                              frame->size.height / room.size.height, 1e-3});
-  }
+  const auto orbit = command::framing(points, pose.tilt, pose.turn, lens, insets, surroundings);
+  pose.x = orbit.centre.x;
+  pose.y = orbit.centre.y;
+  pose.distance = orbit.distance;
   return pose;
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "Apps/Command/Render/Framing.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Vector.hpp"
 
@@ -21,11 +22,8 @@ struct CameraPose {
   friend bool operator==(const CameraPose&, const CameraPose&) = default;
 };
 
-/// The view that the camera fills.
-struct Lens {
-  graphics::Size size;      ///< points
-  double fieldOfView = 40;  ///< degrees, over the shorter side
-};
+using command::Insets;
+using command::Lens;
 
 /// How far the camera may go.
 struct CameraLimits {
@@ -53,18 +51,10 @@ CameraPose dragged(const CameraPose& pose, const Lens& lens, graphics::Point fro
 CameraPose zoomed(const CameraPose& pose, const Lens& lens, const CameraLimits& limits,
                   double factor, graphics::Point about);
 
-/// The edges of a view that other things cover, in points.
-struct Insets {
-  double left = 0;
-  double top = 0;
-  double right = 0;
-  double bottom = 0;
-};
-
-/// As close as shows all points, inside the insets and with a margin around them as a share of
-/// their extent; tilted and turned as the pose is.
+/// As close as shows all points, inside the insets; tilted and turned as the pose is. Unchanged
+/// without points.
 CameraPose framing(const std::vector<graphics::Point>& points, CameraPose pose, const Lens& lens,
-                   const Insets& insets, double margin);
+                   const Insets& insets, const command::Surroundings& surroundings);
 
 /// Between two poses, the shorter way round: 0 gives `from`, 1 gives `to`. Distances go by ratios.
 CameraPose between(const CameraPose& from, const CameraPose& to, double share);

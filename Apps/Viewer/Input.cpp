@@ -2,6 +2,7 @@
 
 #include <SDL.h>
 
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -32,6 +33,12 @@ std::optional<Key> keyOf(SDL_Keycode code) {
       return Key::backspace;
     case SDLK_HOME:
       return Key::home;
+    case SDLK_END:
+      return Key::end;
+    case SDLK_DELETE:
+      return Key::erase;
+    case SDLK_AC_BACK:
+      return Key::back;
     case SDLK_F12:
       return Key::picture;
     default:
@@ -158,11 +165,14 @@ bool Input::handleMouse(const SDL_Event& event, double time) {
 bool Input::handleKey(const SDL_Event& event) {
   const SDL_Keysym& symbol = event.key.keysym;
   const bool control = (symbol.mod & (KMOD_CTRL | KMOD_GUI)) != 0;
-  if (control && symbol.sym == SDLK_f) {
-    viewer_.keyPressed({Key::search});
+  auto key = keyOf(symbol.sym);
+  if (control && symbol.sym == SDLK_f) key = Key::search;
+  if ((symbol.mod & KMOD_ALT) != 0 && symbol.sym == SDLK_LEFT) key = Key::back;
+  if (control && symbol.sym == SDLK_v && viewer_.wantsText()) {
+    const std::unique_ptr<char, void (*)(void*)> text(SDL_GetClipboardText(), SDL_free);
+    if (text) viewer_.textTyped(text.get());
     return true;
   }
-  const auto key = keyOf(symbol.sym);
   if (key) viewer_.keyPressed({*key, (symbol.mod & KMOD_SHIFT) != 0, control});
   return key.has_value();
 }

@@ -14,6 +14,9 @@ enum class Key {
   escape,
   backspace,
   home,
+  end,
+  erase,  ///< forwards
+  back,   ///< to where one came from
   search,
   picture
 };

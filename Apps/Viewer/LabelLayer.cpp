@@ -49,7 +49,9 @@ void LabelLayer::setMarked(std::shared_ptr<Location> location) { marked_ = std::
 bool LabelLayer::arrange() {
   if (!mapView_->cameraOrbit) return false;
   mapView_->updateMarkerPositions();
-  std::vector<graphics::Rect> taken;
+  std::vector<graphics::Rect> taken = covered_;
+  for (graphics::Rect& panel : taken)  // as the overlay has it, y upwards
+    panel.origin.y = mapView_->overlay().size().height - panel.maxY();
   for (const auto& marker : mapView_->markers())
     if (const auto* mark = dynamic_cast<MapViewMarker2D*>(marker.get());
         mark != nullptr && !mark->hideWhenCollide.value_or(false))
@@ -74,9 +76,12 @@ bool LabelLayer::isInView(const Name& name) const {
 
 bool LabelLayer::hasRoom(const Name& name, std::vector<graphics::Rect>& taken) const {
   const graphics::Rect frame = around(mapView_->findPosition2D(name.position), name.size, gap);
-  const bool isFree = std::none_of(taken.begin(), taken.end(), [&](const graphics::Rect& other) {
-    return other.intersects(frame);
-  });
+  const graphics::Size room = mapView_->overlay().size();
+  const bool isWhole = frame.minX() >= 0 && frame.minY() >= 0 && frame.maxX() <= room.width &&
+                       frame.maxY() <= room.height;
+  const bool isFree =
+      isWhole && std::none_of(taken.begin(), taken.end(),
+                              [&](const graphics::Rect& other) { return other.intersects(frame); });
   if (isFree) taken.push_back(frame);
   return isFree;
 }

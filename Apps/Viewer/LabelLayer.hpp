@@ -26,6 +26,9 @@ class LabelLayer {
   /// at a time, so that a frame does not wait for all of them.
   bool arrange();
 
+  /// What lies over the map, in points of the view: no name goes under it.
+  void setCovered(std::vector<graphics::Rect> covered) { covered_ = std::move(covered); }
+
  private:
   struct Name {
     std::shared_ptr<Location> location;
@@ -44,6 +47,7 @@ class LabelLayer {
   std::shared_ptr<MapView> mapView_;
   std::shared_ptr<Location> marked_;
   double scale_;
+  std::vector<graphics::Rect> covered_;
   std::vector<Name> names_;  // of the floor, the most important first
 };
 

@@ -56,20 +56,30 @@ WebApiSession VenueSource::makeSession() const {
           fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", "))};
 }
 
-// Brings what is told in the background to the main queue, as long as the source lives.
+void VenueSource::cancel() {
+  wanted_ = std::make_shared<bool>(true);
+  if (const auto load = std::exchange(load_, nullptr)) load->cancel();
+}
+
+void VenueSource::release() {
+  cancel();
+  activeVenue = nullptr;
+}
+
+// Brings what is told in the background to the main queue, as long as the request is wanted.
 template <class Report>
 LoadHandlers<Report> VenueSource::handlersFor(const Handlers& handlers,
                                               const std::vector<std::string_view>& needed,
                                               std::function<void(Report)> done) const {
-  const std::weak_ptr alive = alive_;
-  return {[alive, progressed = handlers.progressed](const LoadProgress& progress) {
-            mainQueue::async([alive, progressed, progress] {
-              if (alive.lock() && progressed) progressed(progress);
+  const std::weak_ptr wanted = wanted_;
+  return {[wanted, progressed = handlers.progressed](const LoadProgress& progress) {
+            mainQueue::async([wanted, progressed, progress] {
+              if (!wanted.expired() && progressed) progressed(progress);
             });
           },
-          [alive, needed, failed = handlers.failed, done = std::move(done)](Report report) {
-            mainQueue::async([alive, needed, failed, done, report = std::move(report)] {
-              if (!alive.lock()) return;
+          [wanted, needed, failed = handlers.failed, done = std::move(done)](Report report) {
+            mainQueue::async([wanted, needed, failed, done, report = std::move(report)] {
+              if (wanted.expired()) return;
               if (const auto problem = problemIn(report.failures, needed))
                 failed(*problem);
               else
@@ -86,7 +96,9 @@ void VenueSource::fetchVenues(Handlers handlers, std::function<void(Venues)> don
     else
       done(report.venues);
   };
-  loadVenuesReporting(makeSession(), handlersFor<VenueListReport>(handlers, {"venue"}, listed));
+  cancel();
+  load_ =
+      loadVenuesReporting(makeSession(), handlersFor<VenueListReport>(handlers, {"venue"}, listed));
 }
 
 void VenueSource::loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
@@ -98,7 +110,8 @@ void VenueSource::loadVenue(const std::shared_ptr<Venue>& venue, Handlers handle
     else
       done();
   };
-  loadVenueReporting(
+  cancel();
+  load_ = loadVenueReporting(
       makeSession(), venue, /*accessible=*/false,
       handlersFor<VenueLoadReport>(handlers, {"location", "map", "node", "polygon"}, loaded));
 }

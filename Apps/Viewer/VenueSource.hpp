@@ -19,7 +19,8 @@ struct Problem {
   std::string detail;  ///< sentences
 };
 
-/// Made and used on the main thread. What a source that is gone has asked for is never told.
+/// Made and used on the main thread. What a source that is gone has asked for is never told. A new
+/// request ends the former one.
 class VenueSource {
  public:
   using Venues = std::vector<std::shared_ptr<Venue>>;
@@ -37,14 +38,19 @@ class VenueSource {
   void fetchVenues(Handlers handlers, std::function<void(Venues)> done);
 
   /// All collections of a venue, which is the active one from now on, and the whole of its walking
-  /// network. A request begins when the former one has been answered.
+  /// network.
   void loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
                  std::function<void()> done);
+
+  /// Ends what is under way, without a word, and lets go of the active venue.
+  void release();
 
   const std::string& endpoint() const { return *settings_.endpoint; }
 
  private:
   WebApiSession makeSession() const;
+
+  void cancel();
 
   template <class Report>
   LoadHandlers<Report> handlersFor(const Handlers& handlers,
@@ -52,7 +58,8 @@ class VenueSource {
                                    std::function<void(Report)> done) const;
 
   ApiSettings settings_;
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+  std::shared_ptr<bool> wanted_;  // of the request under way; gone with it
+  std::shared_ptr<LoadHandle> load_;
 };
 
 }  // namespace orivanta::viewer

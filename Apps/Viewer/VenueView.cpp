@@ -100,13 +100,15 @@ VenueView::VenueView(std::shared_ptr<Venue> venue)
       routePanel_(std::make_shared<RoutePanel>()),
       floors_(std::make_shared<FloorSwitch>(*venue_->maps)),
       help_(std::make_shared<KeyHelp>()),
-      mapButtons_(std::make_shared<Panel>()) {
+      mapButtons_(std::make_shared<Panel>()),
+      backPanel_(std::make_shared<Panel>()) {
   mapView_->venue = venue_;
   mapView_->allowsSimultaneousGestures = true;
   mapView_->sceneView->setBackgroundColor(theme::backdrop);
   addMapButtons();
+  addWayBack();
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
-           mapView_, mapButtons_, floors_, card_, routePanel_, search_, help_})
+           mapView_, mapButtons_, backPanel_, floors_, card_, routePanel_, search_, help_})
     addSubview(part);
   help_->setHidden(true);
 }
@@ -148,6 +150,13 @@ void VenueView::load(const std::shared_ptr<Map>& first) {
     if (const auto view = self.lock()) view->floorsEnded(floors);
   };
   floorLoad_ = mapView_->loadFloors(std::move(handlers), first);
+}
+
+void VenueView::stopLoading() {
+  progressed = nullptr;
+  loaded = nullptr;
+  failed = nullptr;
+  if (floorLoad_) floorLoad_->cancel();
 }
 
 void VenueView::floorsChanged(const FloorProgress& floor) {
@@ -257,14 +266,15 @@ void VenueView::fetchPicture(const std::shared_ptr<Location>& place) {
   const auto& pictures = place->picture ? place->picture : place->logo;
   if (!pictures) return;
   const foundation::Url url = (*pictures)[pictureSize];
+  const auto mode = place->picture ? PictureMode::fill : PictureMode::fit;
   const auto self = std::weak_ptr(std::static_pointer_cast<VenueView>(shared_from_this()));
-  std::thread([self, place, url, downloader = mapView_->downloader,
+  std::thread([self, place, url, mode, downloader = mapView_->downloader,
                slug = venue_->slug.value_or("")] {
     auto image = loadPicture(*downloader, url, slug);
-    foundation::mainQueue::async([self, place, image = std::move(image)] {
+    foundation::mainQueue::async([self, place, mode, image = std::move(image)] {
       const auto view = self.lock();
       if (!view || view->selected_ != place || !image) return;
-      view->card_->setPicture(image);
+      view->card_->setPicture(image, mode);
       view->arrangePanels();
     });
   }).detach();
@@ -402,6 +412,17 @@ bool VenueView::handleKeyInSearch(const KeyPress& press) {
       return true;
     case Key::backspace:
       search_->field().eraseBack(press.control);
+      return true;
+    case Key::erase:
+      search_->field().eraseForward();
+      return true;
+    case Key::left:
+    case Key::right:
+      search_->field().moveCaret(press.key == Key::left ? CaretStep::left : CaretStep::right);
+      return true;
+    case Key::home:
+    case Key::end:
+      search_->field().moveCaret(press.key == Key::home ? CaretStep::start : CaretStep::end);
       return true;
     default:
       return false;

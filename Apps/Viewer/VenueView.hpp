@@ -33,8 +33,14 @@ class VenueView : public view::View, public MapViewDelegate {
   std::function<void()> loaded;                ///< there is a floor to see
   std::function<void(const Problem&)> failed;  ///< there is none, or the one that was asked for
 
+  /// To the list of venues; without it no button for it shows. Set before `arrange`.
+  std::function<void()> wayBack;
+
   /// Begins with `first`, if any. May be called again after a failure.
   void load(const std::shared_ptr<Map>& first = nullptr);
+
+  /// Ends the load of the floors; nothing is told of it any more.
+  void stopLoading();
 
   /// `size` in points, `scale` pixels per point.
   void arrange(graphics::Size size, double scale);
@@ -58,6 +64,7 @@ class VenueView : public view::View, public MapViewDelegate {
   PlaceCard& placeCard() { return *card_; }
   RoutePanel& routePanel() { return *routePanel_; }
   FloorSwitch& floorSwitch() { return *floors_; }
+  Button& backButton() { return *backButton_; }
   const std::shared_ptr<Location>& selected() const { return selected_; }
   const std::optional<PlannedRoute>& route() const { return route_; }
   const std::shared_ptr<Venue>& venue() const { return venue_; }
@@ -75,9 +82,12 @@ class VenueView : public view::View, public MapViewDelegate {
   explicit VenueView(std::shared_ptr<Venue> venue);
   void connect();
   void addMapButtons();
+  void addWayBack();
   void arrangePanels();
+  double arrangeWayBack(double margin);
   void arrangeSheets(bool isWide);
   void arrangeMapButtons(bool isWide);
+  void coverLabels();
   void updateInsets(bool isWide);
 
   void floorsChanged(const FloorProgress& floor);
@@ -111,6 +121,8 @@ class VenueView : public view::View, public MapViewDelegate {
   std::shared_ptr<KeyHelp> help_;
   std::shared_ptr<Panel> mapButtons_;
   std::vector<std::shared_ptr<Button>> mapButtonList_;
+  std::shared_ptr<Panel> backPanel_;
+  std::shared_ptr<Button> backButton_;
 
   std::shared_ptr<FloorLoad> floorLoad_;
   std::shared_ptr<Map> awaitedFloor_;  // to be shown as soon as it is there; null for none

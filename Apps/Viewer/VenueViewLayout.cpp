@@ -21,6 +21,8 @@ struct MapButton {
 constexpr std::array mapButtonSigns{MapButton{"+", "+"}, MapButton{"\u2212", "-"},
                                     MapButton{"\u26F6", "f"}, MapButton{"?", "?"}};
 constexpr double buttonInset = 4;
+constexpr double barHeight = 48;  // of the closed search field and what is beside it
+constexpr double backGap = 8;
 
 }  // namespace
 
@@ -30,6 +32,12 @@ void VenueView::addMapButtons() {
     mapButtonList_.back()->action = [this, &button] { handleText(button.key); };
     mapButtons_->addSubview(mapButtonList_.back());
   }
+}
+
+void VenueView::addWayBack() {
+  backButton_ = std::make_shared<Button>(ButtonLook::plain, "\u2039  Venues");
+  backButton_->action = [this] { wayBack(); };
+  backPanel_->addSubview(backButton_);
 }
 
 void VenueView::arrange(graphics::Size size, double scale) {
@@ -58,16 +66,38 @@ void VenueView::arrangePanels() {
   if (size.width <= 0) return;
   const bool isWide = size.width >= leastWideWidth;
   const double margin = isWide ? theme::margin : narrowMargin;
-  const double searchWidth = isWide ? columnWidth : size.width - 2 * margin;
+  const double indent = arrangeWayBack(margin);
+  const double searchWidth = (isWide ? columnWidth : size.width - 2 * margin) - indent;
   const double searchHeight = search_->arrange(searchWidth, size.height - 2 * margin);
-  search_->setFrame({{margin, margin}, {searchWidth, searchHeight}});
+  search_->setFrame({{margin + indent, margin}, {searchWidth, searchHeight}});
   arrangeSheets(isWide);
   arrangeMapButtons(isWide);
   const graphics::Size help = help_->arrange(size);
   help_->setFrame(
       {{(size.width - help.width) / 2, std::max(margin, (size.height - help.height) / 2)}, help});
   updateInsets(isWide);
+  coverLabels();
   labelsAreOld_ = true;
+}
+
+void VenueView::coverLabels() {
+  std::vector<graphics::Rect> covered;
+  for (const view::View* panel : std::initializer_list<const view::View*>{
+           mapButtons_.get(), backPanel_.get(), floors_.get(), card_.get(), routePanel_.get(),
+           search_.get(), help_.get()})
+    if (!panel->isHidden()) covered.push_back(panel->frame());
+  labels_->setCovered(std::move(covered));
+}
+
+// Before the search field, which takes its place while it is open. How far it reaches.
+double VenueView::arrangeWayBack(double margin) {
+  backPanel_->setHidden(!wayBack || search_->isOpen());
+  help_->setWayBack(wayBack != nullptr);
+  if (backPanel_->isHidden()) return 0;
+  const double width = backButton_->fittingWidth();
+  backPanel_->setFrame({{margin, margin}, {width, barHeight}});
+  backButton_->setFrame(backPanel_->bounds());
+  return width + backGap;
 }
 
 // The card or the route: in the column below the search field, or from the lower edge.
@@ -75,7 +105,7 @@ void VenueView::arrangeSheets(bool isWide) {
   const graphics::Size size = bounds().size;
   const double margin = isWide ? theme::margin : narrowMargin;
   const double width = isWide ? columnWidth : size.width - 2 * margin;
-  const double top = search_->frame().minY() + 48 + gap;
+  const double top = search_->frame().minY() + barHeight + gap;
   const bool showsRoute = (from_ || to_) && !selected_;
   card_->setHidden(!selected_ || search_->isOpen());
   routePanel_->setHidden(!showsRoute || search_->isOpen());
@@ -103,7 +133,7 @@ void VenueView::arrangeMapButtons(bool isWide) {
   double freeTop = margin;
   double freeBottom = size.height - margin;
   if (!isWide) {
-    freeTop += 48 + gap;
+    freeTop += barHeight + gap;
     for (const view::View* sheet :
          {static_cast<view::View*>(card_.get()), static_cast<view::View*>(routePanel_.get())})
       if (!sheet->isHidden()) freeBottom = std::min(freeBottom, sheet->frame().minY() - gap);
@@ -128,7 +158,7 @@ void VenueView::updateInsets(bool isWide) {
   if (isWide && !hasSheet) insets.top = 72;
   if (!isWide) {
     insets.top = 72;
-    insets.right = 24;
+    insets.right = narrowMargin + theme::controlSize + 2 * buttonInset + 4;
     const view::View& sheet = selected_ ? static_cast<view::View&>(*card_) : *routePanel_;
     if (hasSheet) insets.bottom = size.height - sheet.frame().minY() + gap;
   }

@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "Apps/Command/Render/PictureOptions.hpp"
+#include "Apps/Command/Session.hpp"
 #include "Apps/Server/VenuePackage.hpp"
 #include "Apps/Server/VenueServer.hpp"
 #include "Apps/Viewer/Viewer.hpp"
 #include "Apps/Viewer/Window.hpp"
-#include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Screen.hpp"
 
 namespace orivanta::viewer {
@@ -43,7 +43,7 @@ std::unique_ptr<render::WindowSurface> openWindow(const ViewVenueOptions& option
 ExitCode viewVenue(const ViewVenueOptions& options) {
   if (options.scale != 0 && !(options.scale >= 0.25 && options.scale <= 8))
     throw CommandError(ExitCode::wrongUse, "--scale: give a number from 0.25 to 8");
-  foundation::setDiagnosticSink([](std::string_view) {});  // a window tells what matters
+  command::showDiagnostics(options.connection);
   ViewerOptions viewerOptions;
   if (!options.slug.empty()) viewerOptions.slug = options.slug;
   viewerOptions.settings = command::resolveSettings(options.connection);

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "Platform/Foundation/MainQueue.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
@@ -16,6 +17,7 @@ namespace {
 
 constexpr double wheelZoom = 1.18;  // a step
 constexpr double wheelScroll = 60;  // points, a step
+constexpr const char* allVenues = "All venues";
 constexpr double venueShare = 0.4;  // of the bar, for the records; the rest is for the floors
 
 // The list that a point is over, if any.
@@ -24,6 +26,8 @@ List* listAt(view::View& root, graphics::Point point) {
     if (auto* list = dynamic_cast<List*>(at)) return list;
   return nullptr;
 }
+
+bool isBack(const KeyPress& press) { return press.key == Key::escape || press.key == Key::back; }
 
 void centre(view::View& view, graphics::Size size, graphics::Size room) {
   view.setFrame(
@@ -67,7 +71,7 @@ VenueSource::Handlers Viewer::handlers(std::function<void()> retry) {
                     progress.collections, static_cast<double>(progress.bytes) / 1e6));
   };
   result.failed = [this, retry = std::move(retry)](const Problem& problem) {
-    showProblem(problem, retry);
+    showProblem(problem, retry, wayBack(), allVenues);
   };
   return result;
 }
@@ -78,6 +82,7 @@ void Viewer::showLoading(const std::string& title) {
   veil_->setHidden(false);
   veil_->setBusy(true);
   veil_->setTitle(title);
+  veil_->setWayBack(wayBack());
   veil_->setProgress(0, "");
   arrange();
 }
@@ -85,7 +90,7 @@ void Viewer::showLoading(const std::string& title) {
 void Viewer::showProblem(const Problem& problem, std::function<void()> retry,
                          std::function<void()> dismiss, const std::string& otherWay) {
   veil_->setBusy(false);
-  message_->show(problem, otherWay);
+  message_->show(problem, dismiss ? otherWay : "");
   message_->retried = std::move(retry);
   message_->dismissed = std::move(dismiss);
   message_->setHidden(false);
@@ -109,30 +114,54 @@ void Viewer::choose(const VenueSource::Venues& venues) {
         {fmt::format("No venue \u201C{}\u201D", *slug_),
          fmt::format("The server at {} has {} of other names.", source_.endpoint(),
                      venues.size() == 1 ? "one" : fmt::format("{}", venues.size()))},
-        [this] { listVenues(); },
-        [this] {
-          slug_.reset();
-          listVenues();
-        },
-        "Show all");
+        [this] { listVenues(); }, [this] { showList(); }, allVenues);
   }
+  showList();
+}
+
+void Viewer::showList() {
+  slug_.reset();
+  message_->setHidden(true);
+  veil_->setBusy(false);
+  veil_->setHidden(false);
   venueList_->setHidden(false);
   arrange();
 }
 
+// Loads a copy of the list's record, so that everything goes with the map.
 void Viewer::open(const std::shared_ptr<Venue>& venue) {
-  showLoading(venue->name.value_or(""));
-  source_.loadVenue(venue, handlers([this, venue] { open(venue); }),
-                    [this, venue] { showFloors(venue); });
+  venue_ = Venue::make(venue->_data);
+  showLoading(venue_->name.value_or(""));
+  source_.loadVenue(venue_, handlers([this, venue] { open(venue); }), [this] { showFloors(); });
 }
 
-void Viewer::showFloors(const std::shared_ptr<Venue>& venue) {
-  if (venueView_) venueView_->removeFromSuperview();
-  venueView_ = VenueView::make(venue);
+bool Viewer::canGoBack() const { return venue_ != nullptr && (!slug_ || venueList_->size() > 1); }
+
+std::function<void()> Viewer::wayBack() {
+  if (!canGoBack()) return nullptr;
+  return [this] { goBack(); };
+}
+
+void Viewer::goBack() {
+  if (!canGoBack()) return;
+  source_.release();
+  if (venueView_) {
+    venueView_->stopLoading();
+    venueView_->removeFromSuperview();
+    // One of its buttons may be asking for this.
+    foundation::mainQueue::async([left = std::move(venueView_)] {});
+    venueView_ = nullptr;
+  }
+  venue_ = nullptr;
+  mapFingers_.clear();
+  showList();
+}
+
+void Viewer::showFloors() {
+  venueView_ = VenueView::make(venue_);
+  venueView_->wayBack = wayBack();
   root_->addSubview(venueView_);
-  for (const view::View* above :
-       {static_cast<view::View*>(veil_.get()), static_cast<view::View*>(message_.get())})
-    root_->bringSubviewToFront(*above);
+  raisePanels();
   venueView_->progressed = [this](double share, const std::string& text) {
     veil_->setProgress(venueShare + (1 - venueShare) * share, text);
   };
@@ -145,6 +174,13 @@ void Viewer::showFloors(const std::shared_ptr<Venue>& venue) {
   venueView_->load();
 }
 
+void Viewer::raisePanels() {
+  for (const view::View* above :
+       {static_cast<view::View*>(veil_.get()), static_cast<view::View*>(venueList_.get()),
+        static_cast<view::View*>(message_.get())})
+    root_->bringSubviewToFront(*above);
+}
+
 void Viewer::floorFailed(const Problem& problem) {
   const auto retry = [this] {
     showLoading(venueView_->venue()->name.value_or(""));
@@ -154,7 +190,7 @@ void Viewer::floorFailed(const Problem& problem) {
     showProblem(
         problem, retry, [this] { message_->setHidden(true); }, "Back to the map");
   else
-    showProblem(problem, retry);
+    showProblem(problem, retry, wayBack(), allVenues);
 }
 
 // --- Layout
@@ -228,7 +264,7 @@ void Viewer::keyPressed(const KeyPress& press) {
   }
   if (!message_->isHidden()) {
     if (press.key == Key::enter && message_->retried) message_->retried();
-    if (press.key == Key::escape && message_->dismissed) message_->dismissed();
+    if (isBack(press) && message_->dismissed) message_->dismissed();
     return;
   }
   if (!venueList_->isHidden()) {
@@ -237,7 +273,8 @@ void Viewer::keyPressed(const KeyPress& press) {
     if (press.key == Key::enter) venueList_->chooseMarked();
     return;
   }
-  if (venueView_ && veil_->isHidden()) venueView_->handleKey(press);
+  if (venueView_ && veil_->isHidden() && venueView_->handleKey(press)) return;
+  if (isBack(press)) goBack();
 }
 
 void Viewer::textTyped(std::string_view text) {

@@ -54,6 +54,11 @@ class Viewer {
   /// Whether somebody is typing.
   bool wantsText() const;
 
+  /// Leaves the venue, loaded or not, for the list. Not without one to choose from: when there is
+  /// one venue only and it was asked for.
+  void goBack();
+  bool canGoBack() const;
+
   std::string title() const;                                                  ///< of the window
   const std::shared_ptr<VenueView>& venueView() const { return venueView_; }  ///< null without one
   const MessagePanel* message() const;  ///< null when there is none
@@ -66,12 +71,15 @@ class Viewer {
   void listVenues();
   void choose(const VenueSource::Venues& venues);
   void open(const std::shared_ptr<Venue>& venue);
-  void showFloors(const std::shared_ptr<Venue>& venue);
+  void showFloors();
   void showLoading(const std::string& title);
+  void showList();
+  void raisePanels();
   void showProblem(const Problem& problem, std::function<void()> retry,
                    std::function<void()> dismiss = nullptr, const std::string& otherWay = "");
   void floorFailed(const Problem& problem);
   VenueSource::Handlers handlers(std::function<void()> retry);
+  std::function<void()> wayBack();
 
   /// The camera of the map under a point; null when something else lies there.
   CameraControl* cameraAt(graphics::Point point) const;
@@ -82,6 +90,7 @@ class Viewer {
   std::shared_ptr<LoadingVeil> veil_;
   std::shared_ptr<VenueList> venueList_;
   std::shared_ptr<MessagePanel> message_;
+  std::shared_ptr<Venue> venue_;  // that is shown or about to be; null while one is to be chosen
   std::shared_ptr<VenueView> venueView_;
   view::TouchDispatcher fingers_;
   Pointer pointer_;

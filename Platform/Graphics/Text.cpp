@@ -9,54 +9,14 @@
 #include <utility>
 #include <vector>
 
+#include "Platform/Graphics/TextLayout.hpp"
+
 namespace orivanta::graphics {
 
 namespace {
 
-constexpr std::size_t mostTextBytes = 10'000;
-
 // With it, every length fits into Pango's units.
 constexpr double smallestScale = 1.0 / 64;
-
-struct Release {
-  void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
-  void operator()(cairo_t* context) const { cairo_destroy(context); }
-  void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
-  void operator()(PangoLayout* layout) const { g_object_unref(layout); }
-  void operator()(PangoFontDescription* font) const { pango_font_description_free(font); }
-  void operator()(char* text) const { g_free(text); }
-};
-
-template <class T>
-using Owned = std::unique_ptr<T, Release>;
-
-bool isContinuationByte(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80; }
-
-// Cut at the end of a character, its broken bytes replaced, without control characters other than
-// line breaks.
-std::string presentable(std::string_view text) {
-  if (text.empty()) return {};
-  if (text.size() > mostTextBytes) {
-    std::size_t end = mostTextBytes;
-    while (end > mostTextBytes - 4 && isContinuationByte(text[end])) --end;
-    text = text.substr(0, end);
-  }
-  const Owned<char> valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
-  std::string result;
-  for (const char* at = valid.get(); *at != '\0';) {
-    const char* const next = g_utf8_next_char(at);
-    const gunichar character = g_utf8_get_char(at);
-    const GUnicodeType type = g_unichar_type(character);
-    if (type == G_UNICODE_LINE_SEPARATOR || type == G_UNICODE_PARAGRAPH_SEPARATOR)
-      result += '\n';
-    else if (type == G_UNICODE_CONTROL && character != '\n' && character != '\r')
-      result += ' ';
-    else
-      result.append(at, next);
-    at = next;
-  }
-  return result;
-}
 
 void useColor(cairo_t* context, const Color& color) {
   cairo_set_source_rgba(context, color.red, color.green, color.blue, color.alpha);
@@ -78,8 +38,7 @@ class TextDrawing {
     const Owned<cairo_t> context(cairo_create(record_.get()));
     cairo_scale(context.get(), scale, scale);
     layout_.reset(pango_cairo_create_layout(context.get()));
-    setUnhinted();
-    setFont();
+    setFont(*layout_, style);
     pango_layout_set_alignment(layout_.get(), style.alignment == TextAlignment::centre
                                                   ? PANGO_ALIGN_CENTER
                                                   : PANGO_ALIGN_LEFT);
@@ -124,27 +83,6 @@ class TextDrawing {
   }
 
  private:
-  // Glyphs keep their shapes and distances at every scale.
-  void setUnhinted() {
-    const Owned<cairo_font_options_t> options(cairo_font_options_create());
-    cairo_font_options_set_hint_style(options.get(), CAIRO_HINT_STYLE_NONE);
-    cairo_font_options_set_hint_metrics(options.get(), CAIRO_HINT_METRICS_OFF);
-    cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_GRAY);
-    PangoContext* context = pango_layout_get_context(layout_.get());
-    pango_cairo_context_set_font_options(context, options.get());
-    pango_context_set_round_glyph_positions(context, FALSE);
-    pango_layout_context_changed(layout_.get());
-  }
-
-  void setFont() {
-    const Owned<PangoFontDescription> font(pango_font_description_new());
-    pango_font_description_set_family(font.get(), presentable(style_.fontFamily).c_str());
-    pango_font_description_set_absolute_size(font.get(), style_.fontSize * PANGO_SCALE);
-    pango_font_description_set_weight(font.get(),
-                                      style_.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
-    pango_layout_set_font_description(layout_.get(), font.get());
-  }
-
   // Pango counts the lines of each paragraph by itself.
   void limitLines(std::string text) {
     const int most = style_.maximumLines;

@@ -122,9 +122,13 @@ TEST(ReportedLoad, CountsUntilItEnds) {
   load->pageReceived("map", responseFrom("http://h/1/map", 500), 10);
   load->pageReceived("node", responseFrom("http://h/1/node", 200), 5);
   load->collectionEnded("map", std::nullopt);
+  int done = 0;
+  load->unlessOver([&] { ++done; });
   load->finish();
   load->pageReceived("node", responseFrom("http://h/1/node?page=2", 200), 5);
   EXPECT_EQ(ending.take().first.size(), 1U);
+  load->unlessOver([&] { ++done; });
+  EXPECT_EQ(done, 1) << "not once it is over";
   ASSERT_EQ(steps.size(), 4U);
   EXPECT_EQ(steps[0].pages, 0U);
   EXPECT_EQ(steps[3].collectionsDone, 1U);

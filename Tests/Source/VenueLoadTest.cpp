@@ -97,6 +97,15 @@ TEST(VenueLoad, AnAnswerReplacedBeforeTheGateOpensIsLinkedToo) {
   activeVenue = nullptr;
 }
 
+TEST(VenueLoad, PublishesNothingOnceItIsUnwanted) {
+  activeVenue = nullptr;  // there is no venue to publish to any more
+  int calls = 0;
+  VenueLoad load(
+      false, [](const auto&) { ADD_FAILURE() << "published"; }, [&](const auto&) { ++calls; });
+  for (const Arrival arrive : arrivals) arrive(load);
+  EXPECT_GT(calls, 0);
+}
+
 TEST(VenueLoadDeathTest, PublishingWithoutAnActiveVenueStopsTheProgram) {
   activeVenue = nullptr;
   VenueLoad load(false, [](const auto&) {});

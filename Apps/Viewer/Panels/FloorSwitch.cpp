@@ -13,6 +13,7 @@ namespace {
 
 constexpr double inset = 4;  // points
 constexpr double dotSide = 9;
+constexpr double smallestSize = 10.5;  // of a long name's letters
 
 bool canBeShown(FloorState state) {
   return state != FloorState::failed && state != FloorState::withoutModel;
@@ -27,11 +28,15 @@ class FloorSwitch::Cell : public Pressable {
         label_(std::make_shared<Label>(LabelStyle{.bold = true, .alignment = Alignment::centre},
                                        command::floorLabel(*floor))) {
     addSubview(label_);
+    for (const double size : {theme::textSize, theme::smallSize, smallestSize}) {
+      label_->setSize(size);
+      if (label_->fitting(2 * theme::controlSize).width <= theme::controlSize - 2) break;
+    }
   }
 
   void draw(view::Canvas& canvas) override {
     const graphics::Size size = bounds().size;
-    label_->setFrame({{2, 0}, {size.width - 4, size.height}});
+    label_->setFrame({{1, 0}, {size.width - 2, size.height}});
     label_->setColor(isCurrent ? theme::paper : theme::ink);
     label_->setAlpha(state == FloorState::ready || isCurrent ? 1 : 0.35);
     if (isCurrent || isPressed())

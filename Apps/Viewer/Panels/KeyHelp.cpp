@@ -24,9 +24,11 @@ constexpr std::array lines{
     Line{"S or F12", "Save a picture"},
     Line{"Esc", "Close what is open"},
     Line{"?", "This list"},
+    Line{"Alt + \u2190, Esc", "All venues"},
 };
 constexpr double lineHeight = 31;  // points
 constexpr double titleHeight = 54;
+constexpr double roomyWidth = 440;
 
 }  // namespace
 
@@ -54,6 +56,12 @@ graphics::Size KeyHelp::arrange(graphics::Size room) {
   close_->setFrame({{width - 46, 6}, {42, 42}});
   double top = titleHeight;
   for (const auto& [keys, meaning] : lines_) {
+    const bool isWayBack = keys == lines_.back().first;
+    keys->setHidden(isWayBack && !offersWayBack_);
+    meaning->setHidden(isWayBack && !offersWayBack_);
+    if (keys->isHidden()) break;
+    for (const auto& label : {keys, meaning})
+      label->setSize(width < roomyWidth ? theme::smallSize : theme::textSize);
     keys->setFrame({{theme::padding, top}, {inner * 0.56, lineHeight}});
     meaning->setFrame({{theme::padding + inner * 0.58, top}, {inner * 0.42, lineHeight}});
     top += lineHeight;

@@ -15,11 +15,15 @@ class KeyHelp : public Panel {
  public:
   KeyHelp();
 
+  /// Whether there are venues to go back to.
+  void setWayBack(bool offered) { offersWayBack_ = offered; }
+
   std::function<void()> closed;
 
   graphics::Size arrange(graphics::Size room);
 
  private:
+  bool offersWayBack_ = false;
   std::shared_ptr<Label> title_;
   std::shared_ptr<Button> close_;
   std::vector<std::pair<std::shared_ptr<Label>, std::shared_ptr<Label>>> lines_;

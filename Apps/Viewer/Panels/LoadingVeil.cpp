@@ -1,6 +1,7 @@
 #include "Apps/Viewer/Panels/LoadingVeil.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
@@ -27,14 +28,15 @@ LoadingVeil::LoadingVeil()
       title_(std::make_shared<Label>(
           LabelStyle{.size = theme::titleSize, .bold = true, .alignment = Alignment::centre})),
       text_(std::make_shared<Label>(
-          LabelStyle{.color = theme::faint, .alignment = Alignment::centre})) {
+          LabelStyle{.color = theme::faint, .alignment = Alignment::centre})),
+      back_(std::make_shared<Button>(ButtonLook::tinted, "All venues")) {
   setBackgroundColor(theme::backdrop);
   wheel_->setStyle(view::ActivityIndicatorStyle::whiteLarge);
   wheel_->setColor(theme::accent);
   wheel_->startAnimating();
   logo_->setUserInteractionEnabled(false);
   for (const std::shared_ptr<view::View>& part :
-       std::initializer_list<std::shared_ptr<view::View>>{logo_, wheel_, title_, text_})
+       std::initializer_list<std::shared_ptr<view::View>>{logo_, wheel_, title_, text_, back_})
     addSubview(part);
 }
 
@@ -46,11 +48,17 @@ void LoadingVeil::setBusy(bool busy) {
     wheel_->stopAnimating();
   title_->setHidden(!busy);
   text_->setHidden(!busy);
+  back_->setHidden(!busy || !back_->action);
 }
 
 void LoadingVeil::setProgress(double share, const std::string& text) {
   share_ = std::clamp(share, 0.0, 1.0);
   text_->setText(text);
+}
+
+void LoadingVeil::setWayBack(std::function<void()> wayBack) {
+  back_->action = std::move(wayBack);
+  back_->setHidden(!busy_ || !back_->action);
 }
 
 void LoadingVeil::arrange(graphics::Size size) {
@@ -63,6 +71,8 @@ void LoadingVeil::arrange(graphics::Size size) {
   title_->setFrame({{theme::margin, top}, {size.width - 2 * theme::margin, 30}});
   text_->setFrame({{theme::margin, top + 32}, {size.width - 2 * theme::margin, 22}});
   bar_ = {{middle - barWidth / 2, top + 68}, {barWidth, 4}};
+  const double backWidth = back_->fittingWidth();
+  back_->setFrame({{middle - backWidth / 2, top + 104}, {backWidth, theme::controlSize}});
 }
 
 void LoadingVeil::draw(view::Canvas& canvas) {

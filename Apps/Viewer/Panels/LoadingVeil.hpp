@@ -1,10 +1,11 @@
 // What shows until there is a map: the logo, a turning wheel, and how far the load is.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
-#include "Apps/Viewer/Widgets/Label.hpp"
+#include "Apps/Viewer/Widgets/Button.hpp"
 #include "Platform/View/ActivityIndicatorView.hpp"
 #include "Platform/View/ImageView.hpp"
 
@@ -22,6 +23,9 @@ class LoadingVeil : public view::View {
   /// `share`: from 0 to 1.
   void setProgress(double share, const std::string& text);
 
+  /// A button that ends the wait; without anything to do, none.
+  void setWayBack(std::function<void()> wayBack);
+
   void arrange(graphics::Size size);
   void draw(view::Canvas& canvas) override;
 
@@ -30,6 +34,7 @@ class LoadingVeil : public view::View {
   std::shared_ptr<view::ActivityIndicatorView> wheel_;
   std::shared_ptr<Label> title_;
   std::shared_ptr<Label> text_;
+  std::shared_ptr<Button> back_;
   graphics::Rect bar_;
   double share_ = 0;
   bool busy_ = true;

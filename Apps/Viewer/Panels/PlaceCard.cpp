@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "Apps/Command/Places.hpp"
-#include "Platform/View/Canvas.hpp"
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -15,8 +14,10 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double mostPictureHeight = 150;  // points
+constexpr double mostPictureHeight = 160;  // points
+constexpr double largePictureSide = 72;
 constexpr double smallPictureSide = 56;
+constexpr double leastWideRatio = 1.4;
 
 // Its categories, each once, and its floors.
 std::string kindOf(const Location& place) {
@@ -36,7 +37,8 @@ std::string kindOf(const Location& place) {
 }  // namespace
 
 PlaceCard::PlaceCard()
-    : name_(
+    : picture_(std::make_shared<PictureView>()),
+      name_(
           std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 2})),
       kind_(std::make_shared<Label>(
           LabelStyle{.size = theme::smallSize, .color = theme::faint, .lines = 2})),
@@ -45,7 +47,7 @@ PlaceCard::PlaceCard()
       from_(std::make_shared<Button>(ButtonLook::tinted, "From here")),
       to_(std::make_shared<Button>(ButtonLook::filled, "To here")) {
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
-           name_, kind_, description_, close_, from_, to_})
+           picture_, name_, kind_, description_, close_, from_, to_})
     addSubview(part);
   const auto forward = [](std::function<void()>& receiver) {
     return [&receiver] {
@@ -61,54 +63,54 @@ void PlaceCard::show(const Location& place) {
   name_->setText(place.name.value_or(""));
   kind_->setText(kindOf(place));
   description_->setText(place.description.value_or(""));
-  picture_ = nullptr;
+  picture_->setPicture(nullptr);
 }
 
-void PlaceCard::setPicture(std::shared_ptr<const graphics::Image> picture) {
-  picture_ = std::move(picture);
+void PlaceCard::setPicture(std::shared_ptr<const graphics::Image> picture, PictureMode mode) {
+  picture_->setPicture(std::move(picture), mode);
+}
+
+bool PlaceCard::hasWidePicture() const {
+  const graphics::Size size = picture_->picture()->size();
+  return size.width > leastWideRatio * size.height;
+}
+
+// The name, what it is and, beside them, a small picture.
+double PlaceCard::arrangeHead(double width, bool isSmall) {
+  constexpr double padding = theme::padding;
+  picture_->setFrame({});
+  close_->setFrame({{width - 46, 4}, {42, 42}});
+  double left = padding;
+  if (picture_->picture() && (isSmall || !hasWidePicture())) {
+    const double side = isSmall ? smallPictureSide : largePictureSide;
+    picture_->setFrame({{padding, padding}, {side, side}});
+    left += side + 14;
+  }
+  const double textWidth = width - left - padding - 28;
+  const double nameHeight = name_->fitting(textWidth).height;
+  name_->setFrame({{left, padding}, {textWidth, nameHeight}});
+  const double kindHeight = kind_->fitting(textWidth).height;
+  kind_->setFrame({{left, padding + nameHeight + 3}, {textWidth, kindHeight}});
+  return std::max(kind_->frame().maxY(), picture_->frame().maxY()) + 12;
 }
 
 double PlaceCard::arrange(double width, bool isSmall) {
   constexpr double padding = theme::padding;
-  double top = padding;
-  double textWidth = width - 2 * padding - 28;
-  double left = padding;
-  pictureFrame_ = {};
-  if (picture_) {
-    const graphics::Size size = picture_->size();
-    const double side = isSmall ? smallPictureSide : 72.0;
-    const double ratio = size.width / size.height;
-    if (!isSmall && ratio > 1.4) {
-      const double height = std::min(mostPictureHeight, (width - 2 * padding) / ratio);
-      pictureFrame_ = {{padding + (width - 2 * padding - height * ratio) / 2, top},
-                       {height * ratio, height}};
-      top += height + 12;
-    } else {
-      const double factor = side / std::max(size.width, size.height);
-      pictureFrame_ = {{padding, top}, {size.width * factor, size.height * factor}};
-      left += side + 14;
-      textWidth -= side + 14;
-    }
+  const double inner = width - 2 * padding;
+  double top = arrangeHead(width, isSmall);
+  if (picture_->picture() && !isSmall && hasWidePicture()) {
+    const graphics::Size size = picture_->picture()->size();
+    const double height = std::min(mostPictureHeight, inner * size.height / size.width);
+    picture_->setFrame({{padding, top}, {inner, height}});
+    top += height + 12;
   }
-  const double nameHeight = name_->fitting(textWidth).height;
-  name_->setFrame({{left, top}, {textWidth, nameHeight}});
-  const double kindHeight = kind_->fitting(textWidth).height;
-  kind_->setFrame({{left, top + nameHeight + 3}, {textWidth, kindHeight}});
-  close_->setFrame({{width - 46, 4}, {42, 42}});
-  top += nameHeight + 3 + kindHeight + 12;
-  top = std::max(top, pictureFrame_.maxY() + 12);
-  const double descriptionHeight = description_->fitting(width - 2 * padding).height;
-  description_->setFrame({{padding, top}, {width - 2 * padding, descriptionHeight}});
+  const double descriptionHeight = description_->fitting(inner).height;
+  description_->setFrame({{padding, top}, {inner, descriptionHeight}});
   if (descriptionHeight > 0) top += descriptionHeight + 14;
-  const double buttonWidth = (width - 2 * padding - 10) / 2;
+  const double buttonWidth = (inner - 10) / 2;
   from_->setFrame({{padding, top}, {buttonWidth, theme::controlSize}});
   to_->setFrame({{padding + buttonWidth + 10, top}, {buttonWidth, theme::controlSize}});
   return top + theme::controlSize + padding;
-}
-
-void PlaceCard::draw(view::Canvas& canvas) {
-  Panel::draw(canvas);
-  if (picture_ && pictureFrame_.size.width > 0) canvas.draw(picture_, pictureFrame_);
 }
 
 }  // namespace orivanta::viewer

@@ -6,7 +6,7 @@
 
 #include "Apps/Viewer/Widgets/Button.hpp"
 #include "Apps/Viewer/Widgets/Panel.hpp"
-#include "Platform/Graphics/Image.hpp"
+#include "Apps/Viewer/Widgets/PictureView.hpp"
 
 namespace orivanta {
 class Location;
@@ -24,16 +24,18 @@ class PlaceCard : public Panel {
 
   void show(const Location& place);
 
-  /// Above the text; null for none.
-  void setPicture(std::shared_ptr<const graphics::Image> picture);
+  /// Null for none.
+  void setPicture(std::shared_ptr<const graphics::Image> picture, PictureMode mode);
 
-  /// Its height with this width. On small screens the picture is left out.
+  /// Its height with this width. A wide picture lies across it; another one, and any on a small
+  /// screen, beside the name.
   double arrange(double width, bool isSmall);
-  void draw(view::Canvas& canvas) override;
 
  private:
-  std::shared_ptr<const graphics::Image> picture_;
-  graphics::Rect pictureFrame_;
+  double arrangeHead(double width, bool isSmall);
+  bool hasWidePicture() const;
+
+  std::shared_ptr<PictureView> picture_;
   std::shared_ptr<Label> name_;
   std::shared_ptr<Label> kind_;
   std::shared_ptr<Label> description_;

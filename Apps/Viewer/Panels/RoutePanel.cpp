@@ -1,6 +1,5 @@
 #include "Apps/Viewer/Panels/RoutePanel.hpp"
 
-#include <algorithm>
 #include <utility>
 
 #include "Platform/View/Canvas.hpp"
@@ -106,8 +105,7 @@ double RoutePanel::arrange(double width, double mostHeight) {
   top += summaryHeight;
   accessible_->setFrame({{padding, top}, {width - 2 * padding, switchHeight}});
   top += switchHeight + 4;
-  const double room = std::max(0.0, mostHeight - top - 8);
-  const double height = std::min(steps_->contentHeight(), room);
+  const double height = steps_->heightWithin(mostHeight - top - 8);
   steps_->setFrame({{0, top}, {width, height}});
   steps_->arrange();
   return top + height + 8;

@@ -1,7 +1,5 @@
 #include "Apps/Viewer/Panels/SearchPanel.hpp"
 
-#include <algorithm>
-
 #include "Apps/Command/Places.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Source/Category.hpp"
@@ -37,7 +35,10 @@ SearchPanel::SearchPanel(const Venue& venue)
        std::initializer_list<std::shared_ptr<view::View>>{sign_, field_, clear_, nothing_, list_})
     addSubview(part);
   field_->action = [this] {
-    if (!isOpen()) open();
+    if (isOpen())
+      field_->placeCaret(field_->tapPlace().x);
+    else
+      open();
   };
   field_->changed = [this] { search(); };
   clear_->action = [this] { close(); };
@@ -67,20 +68,12 @@ void SearchPanel::search() {
     rows.back()->action = [this, i] { choose(i); };
   }
   list_->setRows(std::move(rows));
-  marked_ = 0;
-  if (!found_.empty() && !field_->text().empty()) list_->mark(marked_);
+  if (!found_.empty() && !field_->text().empty()) list_->mark(0);
   if (layoutChanged) layoutChanged();
 }
 
-void SearchPanel::moveMark(int down) {
-  if (found_.empty()) return;
-  const auto last = static_cast<int>(found_.size()) - 1;
-  marked_ = static_cast<std::size_t>(std::clamp(static_cast<int>(marked_) + down, 0, last));
-  list_->mark(marked_);
-}
-
 void SearchPanel::chooseMarked() {
-  if (!found_.empty()) choose(marked_);
+  if (!found_.empty()) choose(list_->marked().value_or(0));
 }
 
 void SearchPanel::choose(std::size_t row) {
@@ -99,7 +92,7 @@ double SearchPanel::arrange(double width, double mostHeight) {
   list_->setHidden(!isOpen() || found_.empty());
   if (!isOpen()) return fieldHeight;
   if (found_.empty()) return fieldHeight + 56;
-  const double height = std::min(list_->contentHeight(), mostHeight - fieldHeight - 8);
+  const double height = list_->heightWithin(mostHeight - fieldHeight - 8);
   list_->setFrame({{0, fieldHeight}, {width, height}});
   list_->arrange();
   return fieldHeight + height + 8;

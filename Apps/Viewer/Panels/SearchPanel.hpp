@@ -30,7 +30,7 @@ class SearchPanel : public Panel {
   /// Takes the focus and the text.
   void close();
 
-  void moveMark(int down);
+  void moveMark(int down) { list_->moveMark(down); }
   void chooseMarked();
 
   /// Its height with this width, at most `mostHeight`.
@@ -50,7 +50,6 @@ class SearchPanel : public Panel {
   std::shared_ptr<Label> nothing_;
   std::shared_ptr<List> list_;
   std::vector<std::shared_ptr<Location>> found_;
-  std::size_t marked_ = 0;
 };
 
 }  // namespace orivanta::viewer

@@ -26,24 +26,17 @@ void VenueList::show(const std::vector<std::shared_ptr<Venue>>& venues) {
     };
   }
   list_->setRows(std::move(rows));
-  marked_ = 0;
-}
-
-void VenueList::moveMark(int down) {
-  if (venues_.empty()) return;
-  const auto last = static_cast<int>(venues_.size()) - 1;
-  marked_ = static_cast<std::size_t>(std::clamp(static_cast<int>(marked_) + down, 0, last));
-  list_->mark(marked_);
 }
 
 void VenueList::chooseMarked() {
-  if (marked_ < venues_.size() && chosen) chosen(venues_[marked_]);
+  const std::size_t marked = list_->marked().value_or(0);
+  if (marked < venues_.size() && chosen) chosen(venues_[marked]);
 }
 
 graphics::Size VenueList::arrange(graphics::Size room) {
   const double width = std::min(420.0, room.width - 2 * theme::margin);
   title_->setFrame({{theme::padding, 8}, {width - 2 * theme::padding, 48}});
-  const double height = std::min(list_->contentHeight(), room.height - 2 * theme::margin - 70);
+  const double height = list_->heightWithin(room.height - 2 * theme::margin - 70);
   list_->setFrame({{0, 58}, {width, height}});
   list_->arrange();
   return {width, 58 + height + 10};

@@ -17,16 +17,16 @@ class VenueList : public Panel {
 
   std::function<void(const std::shared_ptr<Venue>&)> chosen;
 
+  std::size_t size() const { return venues_.size(); }
   void show(const std::vector<std::shared_ptr<Venue>>& venues);
 
-  void moveMark(int down);
+  void moveMark(int down) { list_->moveMark(down); }
   void chooseMarked();
 
   graphics::Size arrange(graphics::Size room);
 
  private:
   std::vector<std::shared_ptr<Venue>> venues_;
-  std::size_t marked_ = 0;
   std::shared_ptr<Label> title_;
   std::shared_ptr<List> list_;
 };

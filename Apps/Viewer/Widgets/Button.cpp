@@ -25,7 +25,8 @@ LabelStyle buttonStyle(ButtonLook look, double size) {
 
 Pressable::Pressable() {
   const auto tap = std::make_shared<view::TapGestureRecognizer>();
-  tap->addTarget("tapped", [this](view::GestureRecognizer&) {
+  tap->addTarget("tapped", [this](view::GestureRecognizer& sender) {
+    tapPlace_ = sender.location(*this);
     const auto self = shared_from_this();  // the action may take the view away
     if (action) action();
   });

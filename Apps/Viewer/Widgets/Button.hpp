@@ -17,11 +17,15 @@ class Pressable : public view::View {
 
   std::function<void()> action;
   bool isPressed() const { return pressed_; }
+
+  /// Of the latest tap, in this view.
+  graphics::Point tapPlace() const { return tapPlace_; }
   void touchesBegan(std::span<const view::Touch> touches) override;
   void touchesEnded(std::span<const view::Touch> touches) override;
 
  private:
   bool pressed_ = false;
+  graphics::Point tapPlace_;
 };
 
 enum class ButtonLook {

@@ -18,6 +18,12 @@ void Label::setText(std::string text) {
   pictureWidth_ = -1;
 }
 
+void Label::setSize(double points) {
+  if (points == style_.size) return;
+  style_.size = points;
+  pictureWidth_ = -1;
+}
+
 void Label::setColor(graphics::Color color) {
   if (color == style_.color) return;
   style_.color = color;

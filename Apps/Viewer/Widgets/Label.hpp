@@ -28,6 +28,7 @@ class Label : public view::View {
 
   const std::string& text() const { return text_; }
   void setText(std::string text);
+  void setSize(double points);
   void setColor(graphics::Color color);
 
   /// What the text takes when it may be so wide.

@@ -62,12 +62,22 @@ void List::setRows(std::vector<std::shared_ptr<Row>> rows) {
   rows_ = std::move(rows);
   for (const auto& row : rows_) addSubview(row);
   offset_ = 0;
+  marked_.reset();
   arrange();
 }
 
 double List::contentHeight() const {
   double height = 0;
   for (const auto& row : rows_) height += row->height();
+  return height;
+}
+
+double List::heightWithin(double most) const {
+  double height = 0;
+  for (const auto& row : rows_) {
+    if (height + row->height() > most) break;
+    height += row->height();
+  }
   return height;
 }
 
@@ -86,8 +96,16 @@ void List::reveal(std::size_t row) {
 }
 
 void List::mark(std::optional<std::size_t> row) {
+  marked_ = row;
   for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i]->setMarked(row == i);
   if (row && *row < rows_.size()) reveal(*row);
+}
+
+void List::moveMark(int down) {
+  if (rows_.empty()) return;
+  const int last = static_cast<int>(rows_.size()) - 1;
+  const int wanted = marked_ ? static_cast<int>(*marked_) + down : 0;
+  mark(static_cast<std::size_t>(std::clamp(wanted, 0, last)));
 }
 
 void List::arrange() {

@@ -46,20 +46,28 @@ class List : public view::View {
   const std::vector<std::shared_ptr<Row>>& rows() const { return rows_; }
   double contentHeight() const;
 
+  /// Of as many whole rows as are no higher than this.
+  double heightWithin(double most) const;
+
   /// Downwards by points; stops at the ends.
   void scrollBy(double points);
 
   /// Scrolls as little as shows the row.
   void reveal(std::size_t row);
 
-  /// Marks one row for the keyboard, none when there is nothing.
+  /// Marks one row for the keyboard, none when there is nothing. New rows have none.
   void mark(std::optional<std::size_t> row);
+  std::optional<std::size_t> marked() const { return marked_; }
+
+  /// Down by so many rows, as far as there are any; the first step marks the first row.
+  void moveMark(int down);
 
   void arrange();
   void draw(view::Canvas& canvas) override;
 
  private:
   std::vector<std::shared_ptr<Row>> rows_;
+  std::optional<std::size_t> marked_;
   double offset_ = 0;
   double lastTranslation_ = 0;
 };

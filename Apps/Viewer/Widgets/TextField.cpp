@@ -3,7 +3,9 @@
 #include <utf8proc.h>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
+#include <vector>
 
 #include "Platform/View/Canvas.hpp"
 
@@ -12,42 +14,63 @@ namespace orivanta::viewer {
 namespace {
 
 constexpr std::size_t longestText = 200;  // bytes
+constexpr double caretWidth = 2;          // points
+constexpr double caretHeight = 20;
 
-bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
-
-std::size_t startOfLastCodePoint(std::string_view text) {
-  std::size_t start = text.size() - 1;
-  while (start > 0 && isContinuation(text[start])) --start;
-  return start;
+graphics::TextStyle styleOf(const graphics::Color& color) {
+  graphics::TextStyle style;
+  style.fontSize = theme::textSize;
+  style.color = color;
+  style.maximumLines = 1;
+  style.wholeLines = true;
+  return style;
 }
 
-bool isMark(std::string_view codePoint) {
-  utf8proc_int32_t value = 0;
-  utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(codePoint.data()),
-                   static_cast<utf8proc_ssize_t>(codePoint.size()), &value);
-  const auto category = utf8proc_category(value);
-  return category == UTF8PROC_CATEGORY_MN || category == UTF8PROC_CATEGORY_ME;
-}
-
-void eraseLastCharacter(std::string& text) {
-  bool wasMark = true;
-  while (wasMark && !text.empty()) {
-    const std::size_t start = startOfLastCodePoint(text);
-    wasMark = isMark(std::string_view(text).substr(start));
-    text.resize(start);
+// Whole characters that are no control characters.
+std::string typeable(std::string_view text) {
+  std::string result;
+  while (!text.empty()) {
+    utf8proc_int32_t value = -1;
+    const utf8proc_ssize_t length =
+        utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                         static_cast<utf8proc_ssize_t>(text.size()), &value);
+    const auto bytes = static_cast<std::size_t>(std::max<utf8proc_ssize_t>(length, 1));
+    if (length > 0 && utf8proc_category(value) != UTF8PROC_CATEGORY_CC &&
+        utf8proc_category(value) != UTF8PROC_CATEGORY_ZL &&
+        utf8proc_category(value) != UTF8PROC_CATEGORY_ZP)
+      result += text.substr(0, bytes);
+    text.remove_prefix(bytes);
   }
+  return result;
+}
+
+// Some columns of a picture.
+std::shared_ptr<const graphics::Image> part(const std::shared_ptr<const graphics::Image>& image,
+                                            double left, double width) {
+  if (!image) return nullptr;
+  const auto column = [&](double points) {
+    const double pixels = std::round(points * image->scale());
+    return static_cast<std::size_t>(std::clamp<double>(pixels, 0, image->width()));
+  };
+  const std::size_t first = column(left);
+  const std::size_t last = column(left + width);
+  if (first == 0 && last == image->width()) return image;
+  std::vector<std::uint8_t> pixels;
+  for (std::size_t y = 0; y < image->height(); ++y) {
+    const auto row = image->pixels().subspan((y * image->width() + first) * 4, (last - first) * 4);
+    pixels.insert(pixels.end(), row.begin(), row.end());
+  }
+  return graphics::Image::make(static_cast<std::uint32_t>(last - first), image->height(),
+                               std::move(pixels), image->scale());
 }
 
 }  // namespace
 
-TextField::TextField(std::string placeholder)
-    : placeholder_(std::move(placeholder)), label_(std::make_shared<Label>()) {
-  addSubview(label_);
-  show();
-}
+TextField::TextField(std::string placeholder) : placeholder_(std::move(placeholder)) { show(); }
 
 void TextField::setText(std::string text) {
   text_ = std::move(text);
+  caret_ = text_.size();
   composition_.clear();
   show();
 }
@@ -65,23 +88,46 @@ void TextField::setFocused(bool focused) {
 
 void TextField::insert(std::string_view text) {
   composition_.clear();
-  for (const char byte : text)
-    if (static_cast<unsigned char>(byte) >= ' ' && byte != 0x7F) text_ += byte;
-  while (text_.size() > longestText) eraseLastCharacter(text_);
+  std::string added = typeable(text);
+  if (caret_ == 0) added.erase(0, std::min(added.find_first_not_of(' '), added.size()));
+  const graphics::CaretLine characters(added, styleOf(theme::ink));
+  std::size_t length = added.size();
+  while (text_.size() + length > longestText && length > 0) length = characters.before(length);
+  text_.insert(caret_, added, 0, length);
+  caret_ += length;
+  show();
+  if (changed) changed();
+}
+
+void TextField::erase(std::size_t from, std::size_t to) {
+  text_.erase(from, to - from);
+  caret_ = from;
   show();
   if (changed) changed();
 }
 
 void TextField::eraseBack(bool word) {
-  if (text_.empty()) return;
-  if (word) {
-    while (!text_.empty() && text_.back() == ' ') text_.pop_back();
-    while (!text_.empty() && text_.back() != ' ') eraseLastCharacter(text_);
-  } else {
-    eraseLastCharacter(text_);
-  }
-  show();
-  if (changed) changed();
+  if (caret_ == 0 || !composition_.empty()) return;
+  std::size_t from = word ? caret_ : line_->before(caret_);
+  while (word && from > 0 && text_[from - 1] == ' ') --from;
+  while (word && from > 0 && text_[from - 1] != ' ') --from;
+  erase(from, caret_);
+}
+
+void TextField::eraseForward() {
+  if (caret_ < text_.size() && composition_.empty()) erase(caret_, line_->after(caret_));
+}
+
+void TextField::moveCaret(CaretStep step) {
+  if (text_.empty() || !composition_.empty()) return;
+  if (step == CaretStep::left) caret_ = line_->leftOf(caret_);
+  if (step == CaretStep::right) caret_ = line_->rightOf(caret_);
+  if (step == CaretStep::start) caret_ = 0;
+  if (step == CaretStep::end) caret_ = text_.size();
+}
+
+void TextField::placeCaret(double x) {
+  if (!text_.empty() && composition_.empty()) caret_ = line_->placeAt(x + scroll_);
 }
 
 void TextField::setComposition(std::string text) {
@@ -90,19 +136,49 @@ void TextField::setComposition(std::string text) {
 }
 
 void TextField::show() {
-  const bool isEmpty = text_.empty() && composition_.empty();
-  label_->setText(isEmpty ? placeholder_ : text_ + composition_);
-  label_->setColor(isEmpty ? theme::faint : theme::ink);
+  std::string shown = text_;
+  shown.insert(caret_, composition_);
+  if (shown.empty()) shown = placeholder_;
+  line_ = std::make_unique<graphics::CaretLine>(shown, styleOf(theme::ink));
+  whole_ = nullptr;
+}
+
+void TextField::scrollToCaret() {
+  const double room = bounds().size.width - caretWidth;
+  const double caret = line_->distance(caret_ + composition_.size());
+  const double width = whole_ ? whole_->size().width : 0;
+  const double end = std::max(width, caret);
+  const double wanted =
+      focused_ ? std::clamp(scroll_, caret - room, std::max(caret - room, caret)) : 0;
+  const double scroll = std::clamp(wanted, 0.0, std::max(0.0, end - room));
+  if (scroll != scroll_ || !visible_) visible_ = part(whole_, scroll, bounds().size.width);
+  scroll_ = scroll;
 }
 
 void TextField::draw(view::Canvas& canvas) {
   const graphics::Size size = bounds().size;
-  label_->setFrame(bounds());
-  if (!focused_) return;
   const bool isEmpty = text_.empty() && composition_.empty();
-  double right = isEmpty ? 0 : std::min(label_->fitting(size.width).width, size.width) + 1;
-  if (!text_.empty() && text_.back() == ' ') right += theme::textSize * 0.3;
-  canvas.fill({{right, size.height / 2 - 10}, {2, 20}}, theme::accent, 1);
+  if (!whole_ || whole_->scale() != canvas.scale()) {
+    const std::string shown =
+        isEmpty ? placeholder_ : std::string(text_).insert(caret_, composition_);
+    whole_ = graphics::makeTextImage(shown, styleOf(isEmpty ? theme::faint : theme::ink),
+                                     canvas.scale());
+    visible_ = nullptr;
+  }
+  if (isEmpty) {
+    scroll_ = 0;
+    visible_ = part(whole_, 0, size.width);
+  } else {
+    scrollToCaret();
+  }
+  if (visible_) {
+    const graphics::Size shown = visible_->size();
+    canvas.draw(visible_, {{0, (size.height - shown.height) / 2}, shown});
+  }
+  if (!focused_) return;
+  const double x = isEmpty ? 0 : line_->distance(caret_ + composition_.size()) - scroll_;
+  canvas.fill({{std::max(0.0, std::round(x) - 1), (size.height - caretHeight) / 2}, {caretWidth, caretHeight}},
+              theme::accent, 1);
 }
 
 }  // namespace orivanta::viewer

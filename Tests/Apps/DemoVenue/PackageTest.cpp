@@ -11,6 +11,8 @@
 #include <unordered_set>
 
 #include "Apps/DemoVenue/Folder.hpp"
+#include "Apps/DemoVenue/Pictures.hpp"
+#include "Platform/Graphics/ImageFile.hpp"
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -159,6 +161,19 @@ TEST(DemoVenuePackage, EveryLocationKeepsANodeAndLiesInACategory) {
   }
 }
 
+TEST(DemoVenuePackage, EveryLocationHasAPictureInAllItsSizes) {
+  for (const json::value& record : recordsOf("location.json")) {
+    const json::object& picture = record.at("picture").as_object();
+    EXPECT_EQ(picture.at("original"), picture.at("large"));
+    for (const demo::Rendition& rendition : demo::renditions) {
+      const auto file = generatedVenue() / picture.at(rendition.key).as_string().c_str();
+      const auto image = graphics::readImage(file);
+      ASSERT_TRUE(image) << file;
+      EXPECT_EQ(static_cast<int>(image->width()), rendition.width);
+    }
+  }
+}
+
 TEST(DemoVenuePackage, NamesComeInThreeLanguages) {
   for (const std::string_view file : {"location.json", "category.json", "map.json", "vortex.json"})
     for (const json::value& record : recordsOf(file)) {
@@ -216,7 +231,7 @@ TEST(DemoVenuePackage, StairsAndEscalatorsShortenSomeWays) {
 TEST(DemoVenuePackage, IsTheSameEveryTime) {
   const TemporaryFolder again;
   demo::writeDemoVenue(again.path());
-  EXPECT_EQ(filesBelow(generatedVenue()).size(), 24U);
+  EXPECT_EQ(filesBelow(generatedVenue()).size(), 144U);
   expectSameFiles(generatedVenue(), again.path());
 }
 

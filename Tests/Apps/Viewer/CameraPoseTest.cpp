@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -73,19 +74,28 @@ TEST(CameraPose, FramesPointsInWhatIsFree) {
   const std::vector<graphics::Point> points{{-350, -290}, {340, 270}, {-350, 270}, {340, -290}};
   const Insets insets{360, 20, 80, 10};
   for (const CameraPose& pose : poses) {
-    const CameraPose framed = framing(points, pose, wide, insets, 0.05);
+    const CameraPose framed = framing(points, pose, wide, insets, {});
     EXPECT_EQ(framed.tilt, pose.tilt);
     EXPECT_EQ(framed.turn, pose.turn);
-    double least = 1e9;  // of the distances to the free part's edges
+    Insets room{1e9, 1e9, 1e9, 1e9};
     for (const graphics::Point& point : points) {
       const auto shown = shownAt(framed, wide, point);
       ASSERT_TRUE(shown);
-      for (const double distance : {shown->x - 360, 1200 - shown->x, shown->y - 20, 790 - shown->y})
-        least = std::min(least, distance);
+      room = {std::min(room.left, shown->x - 360), std::min(room.top, shown->y - 20),
+              std::min(room.right, 1200 - shown->x), std::min(room.bottom, 790 - shown->y)};
     }
-    EXPECT_GT(least, 0);
-    EXPECT_LT(least, 60) << "no closer than need be";
+    const double across = std::max(std::abs(room.left), std::abs(room.right));
+    const double up = std::max(std::abs(room.top), std::abs(room.bottom));
+    EXPECT_LT(std::min(across, up), 1e-6) << "no closer and no farther than need be";
+    EXPECT_GT(std::min({room.left, room.top, room.right, room.bottom}), -1e-6);
   }
+}
+
+TEST(CameraPose, FramesAPointWithItsSurroundings) {
+  const CameraPose framed = framing({{70, -20}}, {0, 0, 1, 0, 1}, wide, {}, {0.25, 200});
+  expectNear(shownAt(framed, wide, {70, -20}), {640, 400});
+  EXPECT_NEAR(groundUnder(framed, wide, {640, 0})->x - groundUnder(framed, wide, {640, 800})->x,
+              -250 * std::sin(1), 1e-6);
 }
 
 TEST(CameraPose, GoesTheShorterWayRound) {

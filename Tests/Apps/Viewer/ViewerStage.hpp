@@ -66,7 +66,7 @@ class ViewerStage {
 
   /// Until nothing glides.
   void settle() {
-    until([this] { return !viewer.venueView()->camera().isGliding(); });
+    until([this] { return !viewer.venueView() || !viewer.venueView()->camera().isGliding(); });
   }
 
   void tap(graphics::Point at) {

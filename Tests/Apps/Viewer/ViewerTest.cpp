@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "Source/Map.hpp"
 #include "Tests/Apps/Server/SmallPackage.hpp"
 #include "Tests/Apps/Viewer/ViewerStage.hpp"
@@ -138,6 +140,55 @@ TEST_F(ViewerTest, SaysWhatWentWrongAndTriesAgain) {
   EXPECT_EQ(stage.viewer.message(), nullptr);
   stage.viewer.keyPressed({Key::enter});
   stage.untilShown();
+}
+
+TEST_F(ViewerTest, GoesBackToTheListAtAnyMomentAndLetsGoOfTheVenue) {
+  namespace fs = std::filesystem;
+  test::TemporaryFolder folder;
+  server::ServerOptions options;
+  for (const std::string slug : {"first", "second"}) {
+    fs::copy(*demo::demoVenueFolder(), folder.path() / slug, fs::copy_options::recursive);
+    folder.write(slug + "/venue.json", R"({"id": ")" + slug + R"(", "slug": ")" + slug +
+                                           R"(", "name": ")" + slug + "\"}");
+    options.folders.push_back(folder.path() / slug);
+  }
+  const server::VenueServer two(options);
+  test::ViewerStage stage(two.root(), std::nullopt);
+  Viewer& viewer = stage.viewer;
+  const std::function<bool()> moments[] = {
+      [&] { return viewer.venueView() != nullptr; },
+      [&] { return viewer.venueView()->camera().isReady() && !viewer.isMoving(); }};
+  for (std::size_t i = 0; i < std::size(moments); ++i) {
+    stage.until([&] { return !viewer.venueList().isHidden(); });
+    EXPECT_FALSE(viewer.canGoBack());
+    for (std::size_t row = 0; i > 0 && row < 2; ++row) viewer.keyPressed({Key::down});
+    viewer.keyPressed({Key::enter});
+    for (std::size_t k = 0; k <= i; ++k) stage.until(moments[k]);
+    const std::weak_ptr<VenueView> view = viewer.venueView();
+    const std::weak_ptr<Venue> venue = activeVenue;
+    EXPECT_EQ(activeVenue->slug, i == 0 ? "first" : "second");
+    if (i + 1 == std::size(moments)) {
+      viewer.venueView()->select(stage.place("kindling"));
+      viewer.keyPressed({Key::escape});
+      ASSERT_TRUE(viewer.venueView()) << "first what is open";
+      stage.tap(viewer.venueView()->backButton());
+    } else {
+      viewer.keyPressed({i % 2 == 0 ? Key::escape : Key::back});
+    }
+    EXPECT_FALSE(viewer.venueList().isHidden());
+    EXPECT_EQ(viewer.title(), "Orivanta");
+    EXPECT_FALSE(viewer.isMoving());
+    stage.until([&] { return venue.expired() && view.expired(); });
+  }
+  for (const char* slug : {"first", "second"}) {
+    test::ViewerStage asked(two.root(), slug);
+    asked.untilShown();
+    EXPECT_TRUE(asked.viewer.canGoBack()) << "there is another";
+  }
+  test::ViewerStage only(server->root(), "astrolabe-court");
+  only.untilShown();
+  only.viewer.keyPressed({Key::back});
+  EXPECT_TRUE(only.viewer.venueView()) << "there is none to choose from";
 }
 
 TEST_F(ViewerTest, TellsFailuresApart) {

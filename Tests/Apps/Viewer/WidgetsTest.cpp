@@ -24,10 +24,50 @@ TEST(TextField, TakesAndErasesWholeCharacters) {
   field.eraseBack();
   field.eraseBack();
   EXPECT_EQ(field.text(), "Caf") << "the accent goes with its letter";
-  field.insert(" du nord ");
+  field.insert("\xC3 du\xFF nord ");
   field.eraseBack(/*word=*/true);
   EXPECT_EQ(field.text(), "Caf du ");
   EXPECT_EQ(changes, 6);
+}
+
+TEST(TextField, TheCaretGoesByCharactersAsTheyShow) {
+  TextField field("");
+  field.setFrame({{0, 0}, {200, 40}});
+  const auto type = [&](std::initializer_list<CaretStep> steps, const char* text) {
+    for (const CaretStep step : steps) field.moveCaret(step);
+    field.insert(text);
+    return field.text();
+  };
+  field.setText("e\u0301a");
+  EXPECT_EQ(type({CaretStep::left, CaretStep::left}, "x"), "xe\u0301a") << "over the accent";
+  EXPECT_EQ(type({CaretStep::right}, "y"), "xe\u0301ya");
+  field.eraseForward();
+  EXPECT_EQ(field.text(), "xe\u0301y");
+  field.eraseForward();
+  EXPECT_EQ(type({CaretStep::start}, "  "), "xe\u0301y") << "nothing behind, blanks before";
+  field.eraseForward();
+  field.eraseForward();
+  EXPECT_EQ(field.text(), "y") << "a letter goes with its accent";
+
+  const std::string hebrew = "\u05D0\u05D1\u05D2";
+  field.setText(hebrew);
+  EXPECT_EQ(field.caret(), hebrew.size());
+  field.moveCaret(CaretStep::left);
+  EXPECT_EQ(field.caret(), hebrew.size()) << "the end is on the left";
+  field.moveCaret(CaretStep::right);
+  EXPECT_EQ(field.caret(), 4U);
+  field.placeCaret(1000);
+  EXPECT_EQ(field.caret(), 0U);
+  field.placeCaret(-5);
+  EXPECT_EQ(field.caret(), hebrew.size());
+
+  field.setText("iiiiWWWW");
+  field.placeCaret(14);  // an i is about four points wide, a W fourteen
+  EXPECT_GT(field.caret(), 1U);
+  EXPECT_LE(field.caret(), 4U);
+  field.setText(std::string(199, 'a'));
+  field.insert("e\u0301");
+  EXPECT_EQ(field.text().size(), 199U) << "no half characters";
 }
 
 TEST(List, ScrollsBetweenItsEndsAndHidesWhatLeavesIt) {

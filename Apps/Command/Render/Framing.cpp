@@ -1,0 +1,101 @@
+#include "Apps/Command/Render/Framing.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+namespace orivanta::command {
+
+namespace {
+
+constexpr double leastSide = 80;       // points of the room, whatever covers it
+constexpr double leastFarSlope = 0.2;  // keeps what is far from the horizon
+constexpr double leastLeverage =
+    0.05;  // of the distance on the depth; below it insets are too much
+
+// Of the slopes at which things may show in one direction of the view.
+struct Range {
+  double least;
+  double most;
+
+  double length() const { return most - least; }
+};
+
+// A free part of the view that is `length` long, from the middle of the view `start` away.
+Range rangeOf(double start, double length, double slope, double margin) {
+  const double half = std::max(leastSide, length) / 2;
+  const double middle = start + length / 2;
+  return {(middle - half / (1 + margin)) * slope, (middle + half / (1 + margin)) * slope};
+}
+
+// What the places of points across the view ask of the camera, in one direction. A point of the
+// ground at `place`, scaled as it shows, and at the depth e + `deeper` shows at the slope
+// (place - centre) / (e + deeper), which has to lie in the range: two bounds on the centre that are
+// linear in e.
+class Bounds {
+ public:
+  explicit Bounds(Range range) : range_(range) {}
+
+  void add(double place, double deeper) {
+    low_ = std::max(low_, place - range_.most * deeper);
+    high_ = std::min(high_, place - range_.least * deeper);
+  }
+
+  double leastDepth() const { return (low_ - high_) / range_.length(); }
+
+  // In the middle between the bounds: offset + slope * e.
+  double offset() const { return (low_ + high_) / 2; }
+  double slope() const { return -(range_.most + range_.least) / 2; }
+
+ private:
+  Range range_;
+  double low_ = std::numeric_limits<double>::lowest();
+  double high_ = std::numeric_limits<double>::max();
+};
+
+graphics::Point turned(graphics::Point point, double angle) {
+  const double sine = std::sin(angle);
+  const double cosine = std::cos(angle);
+  return {point.x * cosine - point.y * sine, point.x * sine + point.y * cosine};
+}
+
+}  // namespace
+
+double Lens::slopePerPoint() const {
+  const double shorter = std::max(1.0, std::min(size.width, size.height));
+  return std::tan(fieldOfView * std::numbers::pi / 360) * 2 / shorter;
+}
+
+Orbit framing(std::span<const graphics::Point> points, double tilt, double turn, const Lens& lens,
+              const Insets& insets, const Surroundings& surroundings) {
+  const graphics::Size view = lens.size;
+  const double slope = lens.slopePerPoint();
+  const double sine = std::sin(tilt);
+  const double cosine = std::cos(tilt);
+  const Range across = rangeOf(insets.left - view.width / 2,
+                               view.width - insets.left - insets.right, slope, surroundings.margin);
+  Range up = rangeOf(insets.bottom - view.height / 2, view.height - insets.top - insets.bottom,
+                     slope, surroundings.margin);
+  if (sine > 0)
+    up.most = std::max(std::min(up.most, (cosine - leastFarSlope) / sine), up.least + slope);
+
+  Bounds horizontal(across);
+  Bounds vertical(up);
+  for (const graphics::Point& point : points) {
+    const graphics::Point seen = turned(point, -turn);
+    horizontal.add(seen.x, seen.y * sine);
+    vertical.add(seen.y * cosine, seen.y * sine);
+  }
+  // The distance is the depth of the centre: e + centre.y * sine.
+  const double leverage = std::max(leastLeverage, 1 + vertical.slope() * sine / cosine);
+  const double shift = vertical.offset() * sine / cosine;
+  const double least = surroundings.leastExtent / std::min(across.length(), up.length());
+  const double depth =
+      std::max({horizontal.leastDepth(), vertical.leastDepth(), (least - shift) / leverage});
+  const graphics::Point centre{horizontal.offset() + horizontal.slope() * depth,
+                               (vertical.offset() + vertical.slope() * depth) / cosine};
+  return {turned(centre, turn), depth + centre.y * sine};
+}
+
+}  // namespace orivanta::command

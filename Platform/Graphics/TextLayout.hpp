@@ -1,0 +1,33 @@
+// Pango's layouts as the texts of this library use them.
+#pragma once
+
+#include <pango/pangocairo.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "Platform/Graphics/Text.hpp"
+
+namespace orivanta::graphics {
+
+struct Release {
+  void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+  void operator()(cairo_t* context) const { cairo_destroy(context); }
+  void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
+  void operator()(PangoLayout* layout) const { g_object_unref(layout); }
+  void operator()(PangoFontDescription* font) const { pango_font_description_free(font); }
+  void operator()(char* text) const { g_free(text); }
+};
+
+template <class T>
+using Owned = std::unique_ptr<T, Release>;
+
+/// Cut at the end of a character, its broken bytes replaced, without control characters other than
+/// line breaks.
+std::string presentable(std::string_view text);
+
+/// The font of a style. Glyphs keep their shapes and distances at every scale.
+void setFont(PangoLayout& layout, const TextStyle& style);
+
+}  // namespace orivanta::graphics
