@@ -174,6 +174,8 @@ void addView(CLI::App& app, CommandLine& line) {
       ->capture_default_str();
   command.add_option("--scale", options.scale, "Pixels per point, instead of the screen's own")
       ->type_name("F");
+  command.add_flag("--times", options.times,
+                   "Say on standard error how long loading and drawing took");
   addConnectionOptions(command, line.connection);
   addQuiet(command, line.connection);
   command.callback([&line, &options] {

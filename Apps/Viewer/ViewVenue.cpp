@@ -9,6 +9,7 @@
 #include "Apps/Command/Session.hpp"
 #include "Apps/Server/VenuePackage.hpp"
 #include "Apps/Server/VenueServer.hpp"
+#include "Apps/Viewer/Times.hpp"
 #include "Apps/Viewer/Viewer.hpp"
 #include "Apps/Viewer/Window.hpp"
 #include "Platform/Foundation/Screen.hpp"
@@ -43,6 +44,7 @@ std::unique_ptr<render::WindowSurface> openWindow(const ViewVenueOptions& option
 ExitCode viewVenue(const ViewVenueOptions& options) {
   if (options.scale != 0 && !(options.scale >= 0.25 && options.scale <= 8))
     throw CommandError(ExitCode::wrongUse, "--scale: give a number from 0.25 to 8");
+  Times times(options.times);
   command::showDiagnostics(options.connection);
   ViewerOptions viewerOptions;
   if (!options.slug.empty()) viewerOptions.slug = options.slug;
@@ -54,9 +56,12 @@ ExitCode viewVenue(const ViewVenueOptions& options) {
     if (!viewerOptions.slug) viewerOptions.slug = server::readPackage(*options.demoVenue).slug;
   }
   const auto surface = openWindow(options);
+  times.reached("window open");
   foundation::setMainScreenScale(surface->scale());
   Viewer viewer(std::move(viewerOptions));
-  runWindow(viewer, *surface);
+  viewer.reached = [&times](std::string_view what) { times.reached(what); };
+  runWindow(viewer, *surface, times);
+  times.summarize();
   return ExitCode::success;
 }
 

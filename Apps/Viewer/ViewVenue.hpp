@@ -15,6 +15,7 @@ struct ViewVenueOptions {
   std::string slug;                                ///< empty for a list of venues
   std::string size = "1280x800";                   ///< points
   double scale = 0;                                ///< pixels per point; 0 for the screen's own
+  bool times = false;                              ///< says what took how long
   std::optional<std::filesystem::path> demoVenue;  ///< shown when no endpoint is set
 };
 

@@ -104,6 +104,7 @@ void Viewer::listVenues() {
 }
 
 void Viewer::choose(const VenueSource::Venues& venues) {
+  if (reached) reached("venues listed");
   veil_->setBusy(false);
   venueList_->show(venues);
   if (slug_) {
@@ -158,6 +159,7 @@ void Viewer::goBack() {
 }
 
 void Viewer::showFloors() {
+  if (reached) reached("venue loaded");
   venueView_ = VenueView::make(venue_);
   venueView_->wayBack = wayBack();
   root_->addSubview(venueView_);
@@ -166,6 +168,7 @@ void Viewer::showFloors() {
     veil_->setProgress(venueShare + (1 - venueShare) * share, text);
   };
   venueView_->loaded = [this] {
+    if (reached) reached("first floor ready");
     veil_->setHidden(true);
     arrange();
   };
@@ -278,8 +281,7 @@ void Viewer::keyPressed(const KeyPress& press) {
 }
 
 void Viewer::textTyped(std::string_view text) {
-  const bool showsMap = venueView_ && veil_->isHidden() && message_->isHidden();
-  if (showsMap && venueView_->handleText(text)) return;
+  if (showsMap() && venueView_->handleText(text)) return;
   if ((text == "s" || text == "S") && pictureWanted) pictureWanted();
 }
 
@@ -291,6 +293,8 @@ bool Viewer::wantsText() const { return venueView_ && venueView_->searchPanel().
 
 // --- Time
 // -----------------------------------------------------------------------------------------
+
+bool Viewer::showsMap() const { return venueView_ && veil_->isHidden() && message_->isHidden(); }
 
 void Viewer::advance(double time) {
   if (venueView_) venueView_->advance(time);

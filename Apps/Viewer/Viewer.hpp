@@ -30,7 +30,8 @@ class Viewer {
  public:
   explicit Viewer(ViewerOptions options);
 
-  std::function<void()> pictureWanted;  ///< the key for it was pressed
+  std::function<void()> pictureWanted;                 ///< the key for it was pressed
+  std::function<void(std::string_view what)> reached;  ///< a step of loading is done
 
   const std::shared_ptr<view::View>& root() const { return root_; }
 
@@ -50,6 +51,9 @@ class Viewer {
 
   /// Whether the picture changes though nobody does anything.
   bool isMoving() const;
+
+  /// Whether there is a floor to see, and nothing over it.
+  bool showsMap() const;
 
   /// Whether somebody is typing.
   bool wantsText() const;

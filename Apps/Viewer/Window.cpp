@@ -61,8 +61,8 @@ class Wake {
 
 class Loop {
  public:
-  Loop(Viewer& viewer, render::WindowSurface& surface)
-      : viewer_(viewer), surface_(surface), input_(viewer, surface) {
+  Loop(Viewer& viewer, render::WindowSurface& surface, Times& times)
+      : viewer_(viewer), surface_(surface), times_(times), input_(viewer, surface) {
     viewer_.pictureWanted = [this] { pictureWanted_ = true; };
     viewer_.resize(surface_.size(), surface_.scale());
   }
@@ -84,6 +84,9 @@ class Loop {
     renderer_.render(*viewer_.root(), surface_.size(), surface_.scale(), start);
     if (pictureWanted_) savePicture();
     surface_.present();
+    times_.frame(now() - start);
+    times_.reached("first frame");
+    if (viewer_.showsMap()) times_.reached("first picture of the map");
     updateTitle();
     keepRate(start);
   }
@@ -117,6 +120,7 @@ class Loop {
 
   Viewer& viewer_;
   render::WindowSurface& surface_;
+  Times& times_;
   Input input_;
   Wake wake_;
   render::Renderer renderer_;
@@ -127,6 +131,8 @@ class Loop {
 
 }  // namespace
 
-void runWindow(Viewer& viewer, render::WindowSurface& surface) { Loop(viewer, surface).run(); }
+void runWindow(Viewer& viewer, render::WindowSurface& surface, Times& times) {
+  Loop(viewer, surface, times).run();
+}
 
 }  // namespace orivanta::viewer
