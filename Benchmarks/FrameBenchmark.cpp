@@ -22,6 +22,12 @@ void camera(benchmark::State& state) {
 }
 BENCHMARK(camera)->Name("Frame/camera")->MeasureProcessCPUTime();
 
+// Nothing moves in the scene, as when only a panel over it changes.
+void still(benchmark::State& state) {
+  onStage(state, [&](Stage& stage) { drawFrames(state, stage, &SeenFloor::stayAsItIs); });
+}
+BENCHMARK(still)->Name("Frame/still")->MeasureProcessCPUTime();
+
 // The shadow map is drawn anew.
 void light(benchmark::State& state) {
   onStage(state, [&](Stage& stage) { drawFrames(state, stage, &SeenFloor::turnLight); });

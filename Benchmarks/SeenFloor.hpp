@@ -27,6 +27,7 @@ struct SeenFloor {
   /// A little to and fro, so that every frame has as much to draw.
   void turnCamera() { turn(*rig.orbit); }
   void turnLight() { turn(*rig.sun); }
+  void stayAsItIs() {}
 
   /// The camera sees nothing of the floor.
   void lookAway() { rig.eye->setEulerAngles({3.0F, 0, 0}); }
