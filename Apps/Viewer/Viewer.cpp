@@ -210,14 +210,16 @@ void Viewer::arrange() {
   veil_->setFrame(root_->bounds());
   veil_->arrange(size_);
   centre(*message_, message_->arrange(size_), size_);
-  centre(*venueList_, venueList_->arrange(size_), size_);
   // The logo stays in sight above what there is to read.
+  const double logoEnd = std::max(20.0, size_.height * 0.5 - 170) + 80;
+  const graphics::Size below{size_.width, size_.height - logoEnd + theme::margin};
+  centre(*venueList_, venueList_->arrange(below), size_);
   for (view::View* panel :
        {static_cast<view::View*>(message_.get()), static_cast<view::View*>(venueList_.get())}) {
     graphics::Rect frame = panel->frame();
     const bool veiled = !veil_->isHidden();
     const double lowest = size_.height - frame.size.height - theme::margin;
-    const double wanted = veiled ? std::max(20.0, size_.height * 0.5 - 170) + 120 : frame.minY();
+    const double wanted = veiled ? logoEnd + 40 : frame.minY();
     frame.origin.y = std::max(theme::margin, std::min(wanted, lowest));
     panel->setFrame(frame);
   }

@@ -173,11 +173,13 @@ void TextField::draw(view::Canvas& canvas) {
   }
   if (visible_) {
     const graphics::Size shown = visible_->size();
-    canvas.draw(visible_, {{0, (size.height - shown.height) / 2}, shown});
+    const double left = isEmpty && focused_ ? 2 * caretWidth : 0;
+    canvas.draw(visible_, {{left, (size.height - shown.height) / 2}, shown});
   }
   if (!focused_) return;
   const double x = isEmpty ? 0 : line_->distance(caret_ + composition_.size()) - scroll_;
-  canvas.fill({{std::max(0.0, std::round(x) - 1), (size.height - caretHeight) / 2}, {caretWidth, caretHeight}},
+  canvas.fill({{std::max(0.0, std::round(x) - 1), (size.height - caretHeight) / 2},
+               {caretWidth, caretHeight}},
               theme::accent, 1);
 }
 
