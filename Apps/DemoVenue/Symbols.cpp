@@ -170,8 +170,8 @@ Symbols shoppingSymbols() {
 
 Symbols leisureSymbols() {
   Marks petals;
-  for (int i = 0; i < 6; ++i) {
-    const Point middle = arc({0, -0.14}, 0.22, 0, 360)[static_cast<std::size_t>(4 * i)];
+  for (std::size_t i = 0; i < 6; ++i) {
+    const Point middle = arc({0, -0.14}, 0.22, 0, 360)[4 * i];
     petals.push_back(disc(middle.x, middle.y, 0.13));
   }
   const auto steam = [](double x) {

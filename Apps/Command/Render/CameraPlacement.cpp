@@ -73,6 +73,7 @@ void lookAtFloor(MapView& mapView, const CameraAngles& angles) {
 void lookAt(MapView& mapView, const std::vector<graphics::Vector3>& points,
             const CameraAngles& angles) {
   std::vector<graphics::Point> flat;
+  flat.reserve(points.size());
   for (const graphics::Vector3& point : points) flat.push_back({point.x, point.y});
   lookAt(mapView, flat, angles, ofPoints);
 }
