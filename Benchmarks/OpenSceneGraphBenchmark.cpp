@@ -2,28 +2,52 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cmath>
 #include <stdexcept>
 
 #include "Benchmarks/OpenSceneGraphStage.hpp"
-#include "Benchmarks/SeenFloor.hpp"
+#include "Benchmarks/Stage.hpp"
 
 namespace orivanta::benchmarks {
 namespace {
 
-void drawFrames(benchmark::State& state) {
+// What the library makes of the floor, which the rival has to match.
+struct Picture {
+  double coverage = 0;
+  int shadowMapSide = 0;
+};
+
+Picture pictureOfTheLibrary() {
+  auto surface = render::OffscreenSurface::make(1280, 800);
+  if (!std::holds_alternative<std::unique_ptr<render::OffscreenSurface>>(surface)) return {};
+  Stage stage(std::move(std::get<0>(surface)));
+  stage.draw();
+  return {stage.coverage(), stage.statistics().shadowMapSide};
+}
+
+void drawFrames(benchmark::State& state, bool isToldThatRoomsAreClosed) {
+  static const Picture expected = pictureOfTheLibrary();
   SeenFloor floor;
   try {
-    OpenSceneGraphStage stage(floor);
+    OpenSceneGraphStage stage(floor, expected.shadowMapSide, isToldThatRoomsAreClosed);
     stage.draw();
+    if (std::abs(shareOfColored(stage.pixels()) - expected.coverage) > 0.01)
+      return state.SkipWithError("it shows something else than the library does");
     for (auto _ : state) {
       floor.turnCamera();
       stage.draw();
     }
+    state.counters["shadowMapSide"] = expected.shadowMapSide;
   } catch (const std::runtime_error& error) {
     state.SkipWithError(error.what());
   }
 }
-BENCHMARK(drawFrames)->Name("Frame.openscenegraph")->MeasureProcessCPUTime();
+
+void asItReads(benchmark::State& state) { drawFrames(state, false); }
+BENCHMARK(asItReads)->Name("Frame.openscenegraph")->MeasureProcessCPUTime();
+
+void toldOfClosedRooms(benchmark::State& state) { drawFrames(state, true); }
+BENCHMARK(toldOfClosedRooms)->Name("Frame.openscenegraphToldMore")->MeasureProcessCPUTime();
 
 }  // namespace
 }  // namespace orivanta::benchmarks

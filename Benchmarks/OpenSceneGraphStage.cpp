@@ -1,6 +1,7 @@
 #include "Benchmarks/OpenSceneGraphStage.hpp"
 
 #include <map>
+#include <osg/CullFace>
 #include <osg/GLExtensions>
 #include <osg/Geometry>
 #include <osg/GraphicsContext>
@@ -24,7 +25,6 @@ namespace {
 constexpr int samples = 4;
 constexpr int width = 1280;
 constexpr int height = 800;
-constexpr short shadowMapSide = 4'096;  // the library's
 
 osg::Vec3 vectorOf(const graphics::Vector3& v) { return {v.x, v.y, v.z}; }
 
@@ -71,6 +71,8 @@ osg::ref_ptr<osg::GraphicsContext> makeContext() {
   traits->width = width;
   traits->height = height;
   traits->pbuffer = true;
+  // An X server whose last client has left starts anew, and refuses whoever comes meanwhile.
+  static const osg::ref_ptr staying = osg::GraphicsContext::createGraphicsContext(traits);
   osg::ref_ptr context = osg::GraphicsContext::createGraphicsContext(traits);
   if (!context) throw std::runtime_error("OpenSceneGraph needs an X server: try xvfb-run");
   return context;
@@ -86,9 +88,11 @@ osg::ref_ptr<osg::LightSource> makeLight(const scene::Node& sun) {
   return source;
 }
 
-osg::ref_ptr<osg::Node> makeScene(const SeenFloor& floor) {
+osg::ref_ptr<osg::Node> makeScene(const SeenFloor& floor, int shadowMapSide) {
   osg::ref_ptr shadows = new osgShadow::ShadowMap;
-  shadows->setTextureSize({shadowMapSide, shadowMapSide});
+  const auto side = static_cast<short>(shadowMapSide);
+  shadows->setTextureSize({side, side});
+  shadows->setTextureUnit(0);  // no room has a texture of its own
   osg::ref_ptr root = new osgShadow::ShadowedScene(shadows);
   for (const auto& room : floor.rooms->children()) root->addChild(geometryOf(*room->geometry()));
   const auto light = makeLight(*floor.rig.sun);
@@ -132,13 +136,18 @@ struct OpenSceneGraphStage::Parts {
   }
 };
 
-OpenSceneGraphStage::OpenSceneGraphStage(const SeenFloor& floor) : parts_(new Parts{floor}) {
+OpenSceneGraphStage::OpenSceneGraphStage(const SeenFloor& floor, int shadowMapSide,
+                                         bool isToldThatRoomsAreClosed)
+    : parts_(new Parts{floor}) {
   parts_->setUpCamera();
   osgViewer::Viewer& viewer = parts_->viewer;
   viewer.setUseConfigureAffinity(false);  // the driver's threads would share one processor
   viewer.setThreadingModel(osgViewer::ViewerBase::SingleThreaded);
   viewer.setLightingMode(osg::View::NO_LIGHT);  // besides the floor's own
-  viewer.setSceneData(makeScene(floor));
+  const auto scene = makeScene(floor, shadowMapSide);
+  if (isToldThatRoomsAreClosed)
+    scene->getOrCreateStateSet()->setAttributeAndModes(new osg::CullFace);
+  viewer.setSceneData(scene);
   viewer.realize();
   forgetMissingFunction(*parts_->context);
 }
@@ -157,6 +166,8 @@ void OpenSceneGraphStage::draw() {
   context.releaseContext();  // so that others can use theirs on this thread
 }
 
-const unsigned char* OpenSceneGraphStage::pixels() const { return parts_->picture->data(); }
+std::span<const std::uint8_t> OpenSceneGraphStage::pixels() const {
+  return {parts_->picture->data(), std::size_t{4} * width * height};
+}
 
 }  // namespace orivanta::benchmarks

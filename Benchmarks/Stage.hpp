@@ -15,6 +15,14 @@
 
 namespace orivanta::benchmarks {
 
+/// Of pixels of 4 bytes, the share that is not white.
+inline double shareOfColored(std::span<const std::uint8_t> pixels) {
+  std::size_t colored = 0;
+  for (std::size_t i = 0; i + 3 < pixels.size(); i += 4)
+    colored += pixels[i] < 250 || pixels[i + 1] < 250 || pixels[i + 2] < 250 ? 1U : 0U;
+  return 4.0 * static_cast<double>(colored) / static_cast<double>(pixels.size());
+}
+
 /// Without a display. One thread.
 class Stage {
  public:
@@ -35,6 +43,11 @@ class Stage {
     renderer_.render(*view_, SeenFloor::pictureSize, 1.0, time_ += 1.0 / 60,
                      surface_->framebuffer());
   }
+
+  const render::FrameStatistics& statistics() const { return renderer_.statistics(); }
+
+  /// The share of pixels that are not the white background.
+  double coverage() { return shareOfColored(surface_->read()->pixels()); }
 
   const view::SceneView& view() const { return *view_; }
 

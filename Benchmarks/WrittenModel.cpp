@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <iterator>
+#include <vector>
 
 namespace orivanta::benchmarks {
 
@@ -26,23 +27,37 @@ void WrittenModel::addRoom(int floor, int room) {
   const std::string name = fmt::format("room-{}-{}", floor, room);
   fmt::format_to(out(library_), "newmtl {}\nKd 0.8 0.{} 0.7\n", name, room % 10);
   fmt::format_to(out(text_), "usemtl {}\n", name);
+  std::vector<graphics::Point> outline;
+  for (int side = 0; side < sides; ++side) {
+    const double angle = 2.0 * 3.14159265 * side / sides;
+    const double radius = (side % 2 == 0 ? 4.0 : 2.5) + jitter_(random_);
+    outline.push_back({10.0 * (room % 50) + radius * std::cos(angle),
+                       10.0 * static_cast<int>(room / 50) + radius * std::sin(angle)});
+  }
   for (const double height : {0.0, 2.5})
-    for (int side = 0; side < sides; ++side) addCorner(10.0 * room, 4.0 * floor + height, side);
+    for (const auto& corner : outline) addCorner(corner, 4.0 * floor + height);
+  for (int side = 0; side < sides; ++side)
+    addWallNormal(outline[static_cast<std::size_t>(side)],
+                  outline[static_cast<std::size_t>((side + 1) % sides)]);
+  text_ += "vn 0 0 -1\nvn 0 0 1\n";
   addFaces();
 }
 
-void WrittenModel::addCorner(double x, double z, int side) {
-  const double angle = 2.0 * 3.14159265 * side / sides;
-  const double radius = side % 2 == 0 ? 4.0 : 2.5;
-  fmt::format_to(out(text_), "v {:.3f} {:.3f} {:.3f}\n",
-                 x + radius * std::cos(angle) + jitter_(random_), radius * std::sin(angle), z);
-  fmt::format_to(out(text_), "vt {:.4f} {:.4f}\nvn {:.3f} {:.3f} 0\n", radius, angle,
-                 std::cos(angle), std::sin(angle));
+void WrittenModel::addCorner(const graphics::Point& at, double height) {
+  fmt::format_to(out(text_), "v {:.3f} {:.3f} {:.3f}\nvt {:.4f} {:.4f}\n", at.x, at.y, height,
+                 at.x / 10, at.y / 10);
 }
 
+void WrittenModel::addWallNormal(const graphics::Point& from, const graphics::Point& to) {
+  const double length = std::hypot(to.x - from.x, to.y - from.y);
+  fmt::format_to(out(text_), "vn {:.5f} {:.5f} 0\n", (to.y - from.y) / length,
+                 (from.x - to.x) / length);
+}
+
+// Walls, then floor and ceiling.
 void WrittenModel::addFaces() {
-  const auto corner = [&](int side, int normal) {
-    return fmt::format(" {0}/{0}/{1}", first_ + side, first_ + normal);
+  const auto corner = [&](int vertex, int normal) {
+    return fmt::format(" {0}/{0}/{1}", firstVertex_ + vertex, firstNormal_ + normal);
   };
   for (int side = 0; side < sides; ++side) {
     const int next = (side + 1) % sides;
@@ -53,10 +68,11 @@ void WrittenModel::addFaces() {
   for (int end = 0; end < 2; ++end) {
     text_ += 'f';
     for (int side = 0; side < sides; ++side)
-      text_ += corner(end == 0 ? sides - 1 - side : sides + side, 0);
+      text_ += corner(end == 0 ? sides - 1 - side : sides + side, sides + end);
     text_ += '\n';
   }
-  first_ += 2 * sides;
+  firstVertex_ += 2 * sides;
+  firstNormal_ += sides + 2;
 }
 
 }  // namespace orivanta::benchmarks

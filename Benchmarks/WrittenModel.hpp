@@ -6,6 +6,7 @@
 #include <random>
 #include <string>
 
+#include "Platform/Graphics/Geometry.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta::benchmarks {
@@ -24,7 +25,8 @@ class WrittenModel {
   static constexpr int sides = 26;
 
   void addRoom(int floor, int room);
-  void addCorner(double x, double z, int side);
+  void addCorner(const graphics::Point& at, double height);
+  void addWallNormal(const graphics::Point& from, const graphics::Point& to);
   void addFaces();
 
   test::TemporaryFolder folder_;
@@ -32,7 +34,8 @@ class WrittenModel {
   std::int64_t bytes_ = 0;
   std::string text_ = "mtllib model.mtl\n";
   std::string library_;
-  int first_ = 1;
+  int firstVertex_ = 1;
+  int firstNormal_ = 1;
   std::mt19937 random_{1};
   std::uniform_real_distribution<double> jitter_{0.0, 0.5};
 };

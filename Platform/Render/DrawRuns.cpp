@@ -34,12 +34,35 @@ std::vector<Run> chooseRuns(std::span<const MeshPart> parts,
   return runs;
 }
 
+SidedRuns chooseSidedRuns(std::span<const MeshPart> parts,
+                          const std::function<Choice(std::size_t part)>& choose,
+                          const std::function<bool(std::size_t part)>& isFrontEnough) {
+  constexpr std::size_t mostRuns = 64;
+  const auto runsOf = [&](bool fronts) {
+    return chooseRuns(parts, [&](std::size_t part) {
+      return isFrontEnough(part) == fronts ? choose(part) : Choice::leave;
+    });
+  };
+  SidedRuns runs{runsOf(true), runsOf(false)};
+  if (runs.fronts.size() + runs.bothSides.size() > mostRuns && !runs.bothSides.empty())
+    runs = {{}, chooseRuns(parts, choose)};
+  return runs;
+}
+
 Frustum::Frustum(const graphics::Matrix4& toClip) {
   const graphics::Matrix4 rows = glm::transpose(toClip);
   for (std::size_t i = 0; i < planes_.size(); ++i) {
     const graphics::Vector4& axis = rows[static_cast<int>(i / 2)];
     planes_[i] = i % 2 == 0 ? rows[3] + axis : rows[3] - axis;
   }
+}
+
+bool Frustum::isBeyondNear(const graphics::Box& box) const {
+  const graphics::Vector4& near = planes_[4];
+  return near.w + near.x * (near.x > 0 ? box.min.x : box.max.x) +
+             near.y * (near.y > 0 ? box.min.y : box.max.y) +
+             near.z * (near.z > 0 ? box.min.z : box.max.z) >=
+         0;
 }
 
 bool Frustum::sees(const graphics::Box& box) const {

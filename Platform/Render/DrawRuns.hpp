@@ -16,7 +16,7 @@ struct MeshPart {
   std::uint32_t firstIndex;
   std::uint32_t indexCount;
   graphics::Box box;     ///< in the mesh's space
-  bool isShell = false;  ///< nobody above the box sees a face from behind
+  bool isShell = false;  ///< see scene::isShell
 };
 
 struct Run {
@@ -36,6 +36,19 @@ enum class Choice {
 std::vector<Run> chooseRuns(std::span<const MeshPart> parts,
                             const std::function<Choice(std::size_t part)>& choose);
 
+/// How parts are drawn whose back does not show, and the others.
+struct SidedRuns {
+  std::vector<Run> fronts;
+  std::vector<Run> bothSides;
+  friend bool operator==(const SidedRuns&, const SidedRuns&) = default;
+};
+
+/// The same for parts of which some need be drawn from their front alone. Where they alternate with
+/// the others so often that many runs came of it, all are drawn from both sides.
+SidedRuns chooseSidedRuns(std::span<const MeshPart> parts,
+                          const std::function<Choice(std::size_t part)>& choose,
+                          const std::function<bool(std::size_t part)>& isFrontEnough);
+
 /// What a camera sees, as six planes of the mesh's space.
 class Frustum {
  public:
@@ -44,6 +57,9 @@ class Frustum {
 
   /// False only for a box that is wholly outside of one plane.
   bool sees(const graphics::Box& box) const;
+
+  /// Whether no part of the box lies before the near plane.
+  bool isBeyondNear(const graphics::Box& box) const;
 
  private:
   std::array<graphics::Vector4, 6> planes_;

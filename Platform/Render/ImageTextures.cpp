@@ -40,10 +40,6 @@ bool hasAnisotropy() {
   return false;
 }
 
-std::uint8_t byteOf(float component) {
-  return static_cast<std::uint8_t>(std::lround(component * 255.0F));
-}
-
 void multiplyEncoded(std::vector<std::uint8_t>& bytes) {
   for (std::size_t i = 0; i < bytes.size(); i += 4)
     for (std::size_t c = i; c < i + 3; ++c)

@@ -4,11 +4,13 @@
 #include <cmath>
 #include <functional>
 #include <glm/geometric.hpp>
+#include <glm/mat3x3.hpp>
 #include <limits>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
 
+#include "Platform/Render/Projection.hpp"
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Shell.hpp"
 
@@ -113,7 +115,6 @@ void dropDuplicates(std::vector<LoosePart>& parts) {
 
 float invisibleTolerance(std::span<const LoosePart> parts, const Matrix4& view,
                          const Matrix4& projection, int height) {
-  const float cameraNear = projection[3][2] / (projection[2][2] - 1);
   float nearest = std::numeric_limits<float>::max();
   for (const LoosePart& part : parts) {
     if (!part.geometry->simplification()) continue;
@@ -121,9 +122,8 @@ float invisibleTolerance(std::span<const LoosePart> parts, const Matrix4& view,
     const Vector3 centre = view * (part.world * graphics::Vector4(box.centre(), 1.0F));
     nearest = std::min(nearest, -centre.z - glm::length(box.max - box.min) / 2);
   }
-  nearest = std::max(nearest, cameraNear);
-  const float unitsPerPixel = 2 * nearest / (projection[1][1] * static_cast<float>(height));
-  return std::exp2(std::floor(2 * std::log2(unitsPerPixel / 3)) / 2);
+  const float pixel = unitsPerPixel(std::max(nearest, nearPlane(projection)), projection, height);
+  return std::exp2(std::floor(2 * std::log2(pixel / 3)) / 2);
 }
 
 void LooseMesh::update(std::vector<LoosePart> parts, float tolerance, FrameStatistics& statistics) {
@@ -191,6 +191,7 @@ void LooseMesh::append(const LoosePart& part) {
 
 void LooseMesh::move(std::size_t place, const Matrix4& world, FrameStatistics& statistics) {
   Merged& merged = merged_[place];
+  const bool isShifted = glm::mat3(merged.world) == glm::mat3(world);
   merged.world = world;
   if (merged.vertexCount == 0) return;
   const auto used = usedVertices(merged.drawn->elements()[merged.element], nullptr);
@@ -198,7 +199,7 @@ void LooseMesh::move(std::size_t place, const Matrix4& world, FrameStatistics& s
   for (std::size_t i = 0; i < used.size(); ++i)
     moved[i] = makeVertex(*merged.drawn, used[i], world, place);
   merged.box = boxOf(moved);
-  merged.isShell = scene::isShell(vertices_, indicesOf(place));
+  if (!isShifted) merged.isShell = scene::isShell(vertices_, indicesOf(place));
   mesh_->setPlace(place, merged.box, merged.isShell);
   mesh_->setVertices(merged.firstVertex, moved, statistics);
 }

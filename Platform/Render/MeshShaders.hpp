@@ -33,6 +33,7 @@ struct MeshProgram {
   GLint lightColors;
   GLint viewToShadow;
   GLint shadowOffset;
+  GLint shadowTexel;
 };
 
 /// Depth alone, for the shadow map.
@@ -53,9 +54,6 @@ class MeshShaders {
   std::map<MeshFeatures, MeshProgram> lit_;
   std::unique_ptr<DepthProgram> depth_;
 };
-
-/// Texels along each side of the shadow map.
-inline constexpr int shadowMapSide = 4096;
 
 /// Texture units.
 namespace meshUnits {

@@ -3,16 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "Platform/Render/Srgb.hpp"
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Node.hpp"
 
 namespace orivanta::render {
 
 namespace {
-
-std::uint8_t byteOf(float component) {
-  return static_cast<std::uint8_t>(std::lround(std::clamp(component, 0.0F, 1.0F) * 255.0F));
-}
 
 // Rows from the top, while v runs upwards.
 Placement placementOf(const graphics::Matrix4& matrix) {

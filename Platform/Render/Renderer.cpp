@@ -48,6 +48,8 @@ void setBasicState() {
   glDepthMask(GL_TRUE);
   glDepthFunc(GL_LEQUAL);
   glDepthRangef(0.0F, 1.0F);
+  glFrontFace(GL_CCW);
+  glCullFace(GL_BACK);
   glBlendEquation(GL_FUNC_ADD);
   glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
   for (const GLenum none : std::initializer_list<GLenum>{

@@ -11,7 +11,8 @@
 namespace orivanta::render {
 
 /// Bound to the OpenGL ES context that is current when it is made; made, used and destroyed on a
-/// thread where that context is current. Keeps what it uploads as long as the scenes refer to it.
+/// thread where that context is current. Keeps what it uploads as long as the scenes refer to it,
+/// and the scenes of a frame until the next one.
 class ORIVANTA_API Renderer {
  public:
   /// A context below OpenGL ES 3.0, or a shader that the driver refuses, is a fatal error.

@@ -16,6 +16,13 @@ struct SceneMesh {
   graphics::Matrix4 world;
 
   std::span<const MeshPart> parts() const { return mesh->parts(); }
+
+  /// Of all parts, in the mesh's space.
+  graphics::Box box() const {
+    graphics::Box box;
+    for (const MeshPart& part : parts()) box.add(part.box);
+    return box;
+  }
 };
 
 /// Around a box in another space.

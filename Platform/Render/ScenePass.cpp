@@ -7,6 +7,8 @@
 #include <tuple>
 #include <utility>
 
+#include "Platform/Render/Projection.hpp"
+
 namespace orivanta::render {
 
 namespace {
@@ -17,12 +19,6 @@ bool isOpaqueColor(const PartLook& look) {
 bool isOpaqueImage(const PartLook& look) { return look.visible && !look.translucent && look.image; }
 
 auto imageKey(const PartLook& look) { return std::tuple(look.image.get(), look.wrapS, look.wrapT); }
-
-graphics::Box boxOf(std::span<const MeshPart> parts) {
-  graphics::Box box;
-  for (const MeshPart& part : parts) box.add(part.box);
-  return box;
-}
 
 }  // namespace
 
@@ -38,8 +34,7 @@ ScenePass::ScenePass(const SceneSight& sight, std::span<const SceneMesh> meshes,
       statistics_(statistics) {
   for (const SceneMesh& mesh : meshes_) {
     const graphics::Matrix4 meshToView = view_ * mesh.world;
-    frusta_.emplace_back(projection_ * meshToView);
-    heights_.push_back(glm::inverse(meshToView)[3].z);
+    sights_.push_back({Frustum(projection_ * meshToView), glm::inverse(meshToView)[3].z});
   }
   tightenDepth();
 }
@@ -48,13 +43,10 @@ ScenePass::ScenePass(const SceneSight& sight, std::span<const SceneMesh> meshes,
 // they lie close around what there is. The picture is the same.
 void ScenePass::tightenDepth() {
   graphics::Box box;  // in the camera's space
-  for (const SceneMesh& mesh : meshes_)
-    box.add(transformed(boxOf(mesh.parts()), view_ * mesh.world));
+  for (const SceneMesh& mesh : meshes_) box.add(transformed(mesh.box(), view_ * mesh.world));
   if (box.isEmpty()) return;
-  const float a = projection_[2][2];
-  const float b = projection_[3][2];
-  const float near = std::max(b / (a - 1), -box.max.z * 0.99F);
-  const float far = std::min(b / (a + 1), -box.min.z * 1.01F);
+  const float near = std::max(nearPlane(projection_), -box.max.z * 0.99F);
+  const float far = std::min(farPlane(projection_), -box.min.z * 1.01F);
   if (near >= far) return;
   projection_[2][2] = (near + far) / (near - far);
   projection_[3][2] = 2 * near * far / (near - far);
@@ -72,29 +64,40 @@ void ScenePass::draw() {
   glDisable(GL_CULL_FACE);
 }
 
-bool ScenePass::sees(const SceneMesh& mesh, std::size_t part) const {
-  return frusta_[static_cast<std::size_t>(&mesh - meshes_.data())].sees(mesh.parts()[part].box);
+const ScenePass::MeshSight& ScenePass::sightOf(const SceneMesh& mesh) const {
+  return sights_[static_cast<std::size_t>(&mesh - meshes_.data())];
 }
 
+bool ScenePass::sees(const SceneMesh& mesh, std::size_t part) const {
+  return sightOf(mesh).frustum.sees(mesh.parts()[part].box);
+}
+
+// The near plane cuts bodies open.
 bool ScenePass::seesFrontAlone(const SceneMesh& mesh, std::size_t part) const {
   const MeshPart& seen = mesh.parts()[part];
-  return seen.isShell && lighting_.isFarAway() &&
-         heights_[static_cast<std::size_t>(&mesh - meshes_.data())] > seen.box.max.z;
+  const MeshSight& sight = sightOf(mesh);
+  return seen.isShell && lighting_.isFarAway() && sight.cameraHeight > seen.box.max.z &&
+         sight.frustum.isBeyondNear(seen.box);
 }
 
 void ScenePass::drawOpaqueColors() {
-  for (const SceneMesh& mesh : meshes_)
-    for (const bool frontAlone : {true, false}) {
-      const auto runs = chooseRuns(mesh.parts(), [&](std::size_t part) {
-        if (!isOpaqueColor(mesh.looks[part]) || seesFrontAlone(mesh, part) != frontAlone)
-          return Choice::leave;
-        return sees(mesh, part) ? Choice::draw : Choice::allow;
-      });
-      if (runs.empty()) continue;
-      use(false, frontAlone);
-      bindMesh(mesh);
-      Mesh::draw(runs, statistics_);
-    }
+  for (const SceneMesh& mesh : meshes_) {
+    const auto choose = [&](std::size_t part) {
+      if (!isOpaqueColor(mesh.looks[part])) return Choice::leave;
+      return sees(mesh, part) ? Choice::draw : Choice::allow;
+    };
+    const auto [fronts, bothSides] = chooseSidedRuns(
+        mesh.parts(), choose, [&](std::size_t part) { return seesFrontAlone(mesh, part); });
+    drawColors(mesh, fronts, /*frontAlone=*/true);
+    drawColors(mesh, bothSides, /*frontAlone=*/false);
+  }
+}
+
+void ScenePass::drawColors(const SceneMesh& mesh, std::span<const Run> runs, bool frontAlone) {
+  if (runs.empty()) return;
+  use(false, frontAlone);
+  bindMesh(mesh);
+  Mesh::draw(runs, statistics_);
 }
 
 // Parts with the same image that lie side by side in a mesh share a draw.
@@ -170,6 +173,7 @@ void ScenePass::use(bool textured, bool frontAlone) {
   if (shadows_ == nullptr) return;
   program.program.set(program.viewToShadow, shadows_->sceneToMap() * glm::inverse(view_));
   program.program.set(program.shadowOffset, shadows_->offset());
+  program.program.set(program.shadowTexel, shadows_->texel());
 }
 
 void ScenePass::bindMesh(const SceneMesh& mesh) {

@@ -36,14 +36,24 @@ class ScenePass {
     std::size_t part;
   };
 
+  /// In the space of one mesh.
+  struct MeshSight {
+    Frustum frustum;
+    float cameraHeight;
+  };
+
+  const MeshSight& sightOf(const SceneMesh& mesh) const;
   void tightenDepth();
   void drawOpaqueColors();
+  void drawColors(const SceneMesh& mesh, std::span<const Run> runs, bool frontAlone);
   void drawOpaqueImages();
   void drawTranslucent();
   void use(bool textured, bool frontAlone);
   void bindMesh(const SceneMesh& mesh);
   void bindImage(const PartLook& look);
   bool sees(const SceneMesh& mesh, std::size_t part) const;
+
+  /// Whether faces that are turned away from the camera do not show.
   bool seesFrontAlone(const SceneMesh& mesh, std::size_t part) const;
 
   graphics::Matrix4 view_;
@@ -51,8 +61,7 @@ class ScenePass {
   const Lighting& lighting_;
   const ShadowMap* shadows_;
   std::span<const SceneMesh> meshes_;
-  std::vector<Frustum> frusta_;  ///< one a mesh
-  std::vector<float> heights_;   ///< of the camera in the mesh's space, one a mesh
+  std::vector<MeshSight> sights_;  ///< one a mesh
   MeshShaders& shaders_;
   ImageTextures& images_;
   FrameStatistics& statistics_;

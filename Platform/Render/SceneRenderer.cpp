@@ -1,8 +1,11 @@
 #include "Platform/Render/SceneRenderer.hpp"
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "Platform/Render/Lighting.hpp"
+#include "Platform/Render/Projection.hpp"
 #include "Platform/Render/ScenePass.hpp"
 
 namespace orivanta::render {
@@ -27,6 +30,15 @@ std::vector<MeshPart> partsOf(const scene::Batch& batch) {
   return parts;
 }
 
+// Scene units that a pixel covers where the camera comes nearest to a mesh.
+float smallestDetail(std::span<const SceneMesh> meshes, const graphics::Matrix4& view,
+                     const graphics::Matrix4& projection, int height) {
+  float nearest = std::numeric_limits<float>::max();
+  for (const SceneMesh& mesh : meshes)
+    nearest = std::min(nearest, -transformed(mesh.box(), view * mesh.world).max.z);
+  return unitsPerPixel(std::max(nearest, nearPlane(projection)), projection, height);
+}
+
 // Removes the entries whose owner, a weak handle, is gone.
 template <class Entries, class Owner>
 void removeOrphans(Entries& entries, Owner owner) {
@@ -48,7 +60,10 @@ void SceneRenderer::render(const SceneSnapshot& snapshot, const SceneTarget& tar
     meshes = updateMeshes(state, snapshot, target.height(), statistics);
     if (const auto* caster = lighting.shadowCaster()) {
       if (!state.shadows) state.shadows.emplace();
-      if (state.shadows->update(*caster, meshes, shaders_, statistics)) shadows = &*state.shadows;
+      const float detail =
+          smallestDetail(meshes, snapshot.view, snapshot.projection, target.height());
+      if (state.shadows->update(*caster, meshes, detail, shaders_, statistics))
+        shadows = &*state.shadows;
     }
   }
   target.begin();

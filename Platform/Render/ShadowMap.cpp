@@ -24,6 +24,21 @@ Matrix4 sceneToLight(const Matrix4& lightWorld) {
   return glm::transpose(turn);
 }
 
+// The longer side of the map, in scene units.
+float extentOf(const Box& box) {
+  return std::max({box.max.x - box.min.x, box.max.y - box.min.y, 1e-3F});
+}
+
+// The least that shows `wanted` texels side by side; fewer than now only when there is room to
+// spare, so that a camera that moves to and fro does not draw the map each time.
+int sideFor(float wanted, int now) {
+  constexpr int least = 1024;
+  const int most = std::min(4096, gl::parameter(GL_MAX_TEXTURE_SIZE));
+  int side = least;
+  while (side < most && static_cast<float>(side) < wanted * (side < now ? 1.5F : 1.0F)) side *= 2;
+  return side;
+}
+
 }  // namespace
 
 Box transformed(const Box& box, const Matrix4& matrix) {
@@ -38,10 +53,35 @@ Box transformed(const Box& box, const Matrix4& matrix) {
   return result;
 }
 
-ShadowMap::ShadowMap() {
+bool ShadowMap::update(const Matrix4& lightWorld, std::span<const SceneMesh> meshes,
+                       float unitsPerPixel, MeshShaders& shaders, FrameStatistics& statistics) {
+  const bool isSameLight = std::exchange(lightWorld_, lightWorld) == lightWorld;
+  std::vector<Caster> casters;
+  for (const SceneMesh& mesh : meshes) {
+    Caster caster = makeCaster(mesh);
+    if (!caster.runs.fronts.empty() || !caster.runs.bothSides.empty())
+      casters.push_back(std::move(caster));
+  }
+  const bool isSame = casters == casters_ && isSameLight;
+  if (!isSame) {
+    casters_ = std::move(casters);
+    findBox(meshes);
+  }
+  if (box_.isEmpty()) return false;
+  const int side = sideFor(extentOf(box_) / unitsPerPixel, side_);
+  if (isSame && side == side_) return true;
+  if (side != side_) resize(side);
+  fit();
+  draw(shaders, statistics);
+  return true;
+}
+
+void ShadowMap::resize(int side) {
+  side_ = side;
+  depth_ = {};
   glActiveTexture(GL_TEXTURE0 + meshUnits::shadow);
   glBindTexture(GL_TEXTURE_2D, depth_.get());
-  glTexStorage2D(GL_TEXTURE_2D, 1, GL_DEPTH_COMPONENT24, shadowMapSide, shadowMapSide);
+  glTexStorage2D(GL_TEXTURE_2D, 1, GL_DEPTH_COMPONENT24, side, side);
   for (const GLenum filter :
        std::initializer_list<GLenum>{GL_TEXTURE_MIN_FILTER, GL_TEXTURE_MAG_FILTER})
     glTexParameteri(GL_TEXTURE_2D, filter, GL_LINEAR);
@@ -53,63 +93,42 @@ ShadowMap::ShadowMap() {
   glFramebufferTexture2D(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_TEXTURE_2D, depth_.get(), 0);
 }
 
-bool ShadowMap::update(const Matrix4& lightWorld, std::span<const SceneMesh> meshes,
-                       MeshShaders& shaders, FrameStatistics& statistics) {
-  const bool isSameLight = std::exchange(lightWorld_, lightWorld) == lightWorld;
-  std::vector<Caster> casters;
-  for (const SceneMesh& mesh : meshes) {
-    Caster caster = makeCaster(mesh);
-    if (!caster.runsOfFronts.empty() || !caster.runsOfBothSides.empty())
-      casters.push_back(std::move(caster));
-  }
-  if (casters == casters_ && isSameLight) return hasCasters_;
-  casters_ = std::move(casters);
-  hasCasters_ = fit(meshes);
-  if (hasCasters_) draw(shaders, statistics);
-  return hasCasters_;
-}
-
 ShadowMap::Caster ShadowMap::makeCaster(const SceneMesh& mesh) const {
   const bool isFromAbove = (glm::transpose(mesh.world) * lightWorld_[2]).z > 0;
-  const auto runs = [&](bool frontAlone) {
-    return chooseRuns(mesh.parts(), [&](std::size_t part) {
-      const bool isChosen =
-          casts(mesh.looks[part]) && (isFromAbove && mesh.parts()[part].isShell) == frontAlone;
-      return isChosen ? Choice::draw : Choice::leave;
-    });
-  };
-  return {mesh.mesh, mesh.mesh->revision(), mesh.world, runs(true), runs(false)};
+  return {
+      mesh.mesh, mesh.mesh->revision(), mesh.world,
+      chooseSidedRuns(
+          mesh.parts(),
+          [&](std::size_t part) { return casts(mesh.looks[part]) ? Choice::draw : Choice::leave; },
+          [&](std::size_t part) { return isFromAbove && mesh.parts()[part].isShell; })};
 }
 
-bool ShadowMap::fit(std::span<const SceneMesh> meshes) {
+void ShadowMap::findBox(std::span<const SceneMesh> meshes) {
   const Matrix4 toLight = sceneToLight(lightWorld_);
-  Box box;
+  box_ = {};
   for (const SceneMesh& mesh : meshes) {
     const Matrix4 meshToLight = toLight * mesh.world;
     for (std::size_t i = 0; i < mesh.looks.size(); ++i)
-      if (casts(mesh.looks[i])) box.add(transformed(mesh.parts()[i].box, meshToLight));
+      if (casts(mesh.looks[i])) box_.add(transformed(mesh.parts()[i].box, meshToLight));
   }
-  if (box.isEmpty()) return false;
+}
 
-  // A margin of a few texels, and of some depth for flat scenes.
-  const Vector3 size = box.max - box.min;
-  const float side = std::max({size.x, size.y, 1e-3F});
-  const float texel = side / static_cast<float>(shadowMapSide);
-  const float depthMargin = 4 * texel + size.z * 0.01F;
+// With a margin of a few texels, and of some depth for flat scenes.
+void ShadowMap::fit() {
+  const float texel = extentOf(box_) / static_cast<float>(side_);
+  const float depthMargin = 4 * texel + (box_.max.z - box_.min.z) * 0.01F;
   const Vector3 margin{4 * texel, 4 * texel, depthMargin};
-  box.add(box.min - margin);
-  box.add(box.max + margin);
-  sceneToClip_ =
-      glm::ortho(box.min.x, box.max.x, box.min.y, box.max.y, -box.max.z, -box.min.z) * toLight;
+  const Vector3 min = box_.min - margin;
+  const Vector3 max = box_.max + margin;
+  sceneToClip_ = glm::ortho(min.x, max.x, min.y, max.y, -max.z, -min.z) * sceneToLight(lightWorld_);
   const Matrix4 halve = glm::scale(Matrix4(1.0F), Vector3(0.5F));
   sceneToMap_ = glm::translate(Matrix4(1.0F), Vector3(0.5F)) * halve * sceneToClip_;
   offset_ = 1.5F * texel;
-  return true;
 }
 
 void ShadowMap::draw(MeshShaders& shaders, FrameStatistics& statistics) const {
   glBindFramebuffer(GL_FRAMEBUFFER, framebuffer_.get());
-  glViewport(0, 0, shadowMapSide, shadowMapSide);
+  glViewport(0, 0, side_, side_);
   glDisable(GL_BLEND);
   glEnable(GL_DEPTH_TEST);
   glDepthMask(GL_TRUE);
@@ -122,12 +141,13 @@ void ShadowMap::draw(MeshShaders& shaders, FrameStatistics& statistics) const {
     caster.mesh->bind();
     depth.program.set(depth.meshToClip, sceneToClip_ * caster.world);
     glEnable(GL_CULL_FACE);
-    Mesh::draw(caster.runsOfFronts, statistics);
+    Mesh::draw(caster.runs.fronts, statistics);
     glDisable(GL_CULL_FACE);
-    Mesh::draw(caster.runsOfBothSides, statistics);
+    Mesh::draw(caster.runs.bothSides, statistics);
   }
   glDisable(GL_POLYGON_OFFSET_FILL);
   ++statistics.shadowMapsDrawn;
+  statistics.shadowMapSide = side_;
 }
 
 void ShadowMap::bind(GLint unit) const {

@@ -37,15 +37,17 @@ class Surface {
     joinBodies();
   }
 
-  bool isShell() const { return normalsFaceOutward() && bodiesFaceOutward() && isClosed(); }
+  bool isShell() const {
+    auto bottoms = bottomsOfBodies();
+    return normalsAreThoseOfFaces() && facesLookOutward(bottoms) && areClosed(bottoms);
+  }
 
  private:
   using Triangle = std::array<std::uint32_t, 3>;
 
-  struct Body {
-    float bottom = 0;
-    float top = 0;
-    double volume = 0;
+  struct Bottom {
+    float height;
+    bool isDrawn = false;  ///< it has faces of its own, which look downward
   };
 
   Vector3 point(Place place) const { return positionOf(vertices_[first_ + place]); }
@@ -90,53 +92,47 @@ class Surface {
                       positionOf(vertices_[triangle[2]]) - a);
   }
 
-  bool normalsFaceOutward() const {
+  bool normalsAreThoseOfFaces() const {
+    constexpr float cosine = 0.966F;  // of 15 degrees
     return std::all_of(triangles_.begin(), triangles_.end(), [&](const Triangle& triangle) {
       const Vector3 face = faceNormal(triangle);
-      return face == Vector3(0.0F) ||
-             std::all_of(triangle.begin(), triangle.end(), [&](std::uint32_t corner) {
-               return glm::dot(face, normalOf(vertices_[corner])) > 0;
-             });
+      if (face == Vector3(0.0F)) return true;
+      return std::all_of(triangle.begin(), triangle.end(), [&](std::uint32_t corner) {
+        const Vector3 normal = normalOf(vertices_[corner]);
+        return std::abs(glm::length(normal) - 1) < 0.01F &&
+               glm::dot(face, normal) > cosine * glm::length(face);
+      });
     });
   }
 
-  std::vector<Body> measureBodies() const {
-    std::vector<Body> bodies(places_.size());
-    for (Place place = 0; place < bodies.size(); ++place)
-      bodies[place].bottom = bodies[place].top = point(place).z;
-    for (Place place = 0; place < bodies.size(); ++place) {
-      Body& body = bodies[bodies_[place]];
-      body.bottom = std::min(body.bottom, point(place).z);
-      body.top = std::max(body.top, point(place).z);
+  // By the body's first place.
+  std::vector<Bottom> bottomsOfBodies() const {
+    std::vector<Bottom> bottoms;
+    bottoms.reserve(places_.size());
+    for (Place place = 0; place < places_.size(); ++place) bottoms.push_back({point(place).z});
+    for (Place place = 0; place < bottoms.size(); ++place) {
+      float& height = bottoms[bodies_[place]].height;
+      height = std::min(height, point(place).z);
     }
-    return bodies;
+    return bottoms;
   }
 
-  // A body's volume is that of the columns between its triangles and its bottom, so what is missing
-  // of the bottom has none.
-  bool bodiesFaceOutward() const {
-    auto bodies = measureBodies();
-    for (const Triangle& triangle : triangles_) {
-      Body& body = bodies[bodies_[placeOf(triangle[0])]];
-      const float up = faceNormal(triangle).z;
-      float height = 0;
-      bool liesOnTop = true;
-      for (const std::uint32_t corner : triangle) {
-        const float z = positionOf(vertices_[corner]).z;
-        height += z - body.bottom;
-        liesOnTop = liesOnTop && z == body.top;
-      }
-      if (liesOnTop && up < 0) return false;
-      body.volume += double{up} * double{height};
-    }
-    return std::all_of(bodies.begin(), bodies.end(),
-                       [](const Body& body) { return body.volume >= 0; });
+  bool facesLookOutward(std::vector<Bottom>& bottoms) const {
+    return std::all_of(triangles_.begin(), triangles_.end(), [&](const Triangle& triangle) {
+      if (faceNormal(triangle).z >= 0) return true;
+      Bottom& bottom = bottoms[bodies_[placeOf(triangle[0])]];
+      bottom.isDrawn = true;
+      return std::all_of(triangle.begin(), triangle.end(), [&](std::uint32_t corner) {
+        return vertices_[corner].position[2] == bottom.height;
+      });
+    });
   }
 
-  // Every edge is used in both directions equally often, but for those of an open bottom.
-  bool isClosed() const {
-    const auto bodies = measureBodies();
+  // Every edge is used in both directions equally often, but for those around a bottom that is
+  // open altogether.
+  bool areClosed(const std::vector<Bottom>& bottoms) const {
     std::vector<std::uint64_t> edges;  // the two places, the smaller first, and which way they came
+    edges.reserve(3 * triangles_.size());
     for (const Triangle& triangle : triangles_)
       for (std::size_t i = 0; i < 3; ++i) {
         const std::uint64_t a = placeOf(triangle[i]);
@@ -151,8 +147,10 @@ class Surface {
         surplus += (edges[i] & 1) != 0 ? 1 : -1;
       const auto a = static_cast<Place>(edge >> 32);
       const auto b = static_cast<Place>(edge);
-      const float bottom = bodies[bodies_[a]].bottom;
-      if (surplus != 0 && (point(a).z != bottom || point(b).z != bottom)) return false;
+      const Bottom& bottom = bottoms[bodies_[a]];
+      if (surplus != 0 &&
+          (bottom.isDrawn || point(a).z != bottom.height || point(b).z != bottom.height))
+        return false;
     }
     return true;
   }
@@ -167,11 +165,13 @@ class Surface {
 }  // namespace
 
 bool isShell(std::span<const Batch::Vertex> vertices, std::span<const std::uint32_t> indices) {
+  constexpr std::size_t mostIndices = 6'000'000;
+  if (indices.size() < 3 || indices.size() > mostIndices) return false;
   const bool areFinite = std::all_of(indices.begin(), indices.end(), [&](std::uint32_t index) {
     const Vector3 position = positionOf(vertices[index]);
     return std::isfinite(position.x + position.y + position.z);
   });
-  return indices.size() >= 3 && areFinite && Surface(vertices, indices).isShell();
+  return areFinite && Surface(vertices, indices).isShell();
 }
 
 }  // namespace orivanta::scene

@@ -116,6 +116,21 @@ TEST_F(FloorDrawing, ALongRouteCostsFewCalls) {
   EXPECT_TRUE(looksAsKept(*studio.draw(0.5), "route"));
 }
 
+TEST_F(FloorDrawing, ShadowsGetFinerAsTheCameraComesCloser) {
+  rig.eye->camera()->zNear = 1;
+  const auto drawFrom = [&](float distance) {
+    rig.eye->setPosition({0, 0, distance});
+    studio.draw();
+    return studio.statistics().shadowMapSide;
+  };
+  const int far = drawFrom(250);
+  EXPECT_GT(far, 0);
+  EXPECT_EQ(drawFrom(240), 0);  // the same map serves
+  EXPECT_GT(drawFrom(30), far);
+  EXPECT_EQ(drawFrom(32), 0);
+  EXPECT_EQ(drawFrom(250), far);
+}
+
 TEST_F(FloorDrawing, LeavesOutFacesThatAreTurnedAwayOnlyWhereNobodySeesThem) {
   rig.eye->camera()->zNear = 1;
   rig.orbit->setEulerAngles({0, 0, 0});

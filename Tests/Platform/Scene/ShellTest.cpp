@@ -12,18 +12,22 @@ namespace {
 
 using graphics::Vector3;
 
-/// Faces of their own corners, which run counter-clockwise around the normal.
+/// Triangles of their own corners, which run counter-clockwise around the normal.
 struct Shape {
   std::vector<Batch::Vertex> vertices;
   std::vector<std::uint32_t> indices;
 
-  void face(const std::vector<Vector3>& corners) {
-    const auto first = static_cast<std::uint32_t>(vertices.size());
-    const Vector3 n = glm::normalize(glm::cross(corners[1] - corners[0], corners[2] - corners[0]));
-    for (const Vector3& at : corners)
+  void triangle(const Vector3& a, const Vector3& b, const Vector3& c) {
+    const Vector3 n = glm::normalize(glm::cross(b - a, c - a));
+    for (const Vector3& at : {a, b, c}) {
+      indices.push_back(static_cast<std::uint32_t>(vertices.size()));
       vertices.push_back({{at.x, at.y, at.z}, {n.x, n.y, n.z}, {0, 0}, 0});
-    for (std::uint32_t i = 2; i < corners.size(); ++i)
-      indices.insert(indices.end(), {first, first + i - 1, first + i});
+    }
+  }
+
+  void face(const std::vector<Vector3>& corners) {
+    for (std::size_t i = 2; i < corners.size(); ++i)
+      triangle(corners[0], corners[i - 1], corners[i]);
   }
 
   // Walls of height 2 upon an outline that runs counter-clockwise, then the ceiling.
@@ -42,12 +46,13 @@ struct Shape {
     for (std::size_t i = firstIndex; i < indices.size(); i += 3)
       std::swap(indices[i], indices[i + 1]);
     for (std::size_t i = firstIndex; i < indices.size(); ++i)
-      for (float& component : vertices[indices[i]].normal) component = -std::abs(component);
+      for (float& component : vertices[i].normal) component *= -1;
   }
 };
 
 const std::vector<Vector3> square{{0, 0, 0}, {4, 0, 0}, {4, 4, 0}, {0, 4, 0}};
 const std::vector<Vector3> farther{{8, 0, 1}, {9, 0, 1}, {9, 9, 1}};
+const std::vector<Vector3> touching{{4, 4, 0}, {5, 4, 0}, {5, 5, 0}, {4, 5, 0}};
 const std::vector<Vector3> down{{0, 4, 0}, {4, 4, 0}, {4, 0, 0}, {0, 0, 0}};
 const std::vector<Vector3> crossing{{0, 0, 0}, {4, 4, 0}, {4, 0, 0}, {0, 3, 0}};
 
@@ -70,11 +75,10 @@ TEST(Shell, IsWhatNobodyAboveSeesFromBehind) {
        }},
       {"a sheet that faces up", true, [](Shape& shape) { shape.face(square); }},
       {"a sheet that faces down", false, [](Shape& shape) { shape.face(down); }},
-      {"a ceiling alone above a sheet", false,
+      {"three walls", false,
        [](Shape& shape) {
          shape.room(square);
-         shape.vertices.resize(16);
-         shape.indices.resize(18);  // three walls
+         shape.indices.resize(18);
        }},
       {"a room inside out", false,
        [](Shape& shape) {
@@ -88,16 +92,44 @@ TEST(Shell, IsWhatNobodyAboveSeesFromBehind) {
          shape.room(farther);
          shape.turnInsideOut(first);
        }},
+      {"a low room inside out that touches another", false,
+       [](Shape& shape) {
+         shape.room(square);
+         const std::size_t first = shape.vertices.size();
+         const std::size_t firstIndex = shape.indices.size();
+         shape.room(touching);
+         shape.turnInsideOut(firstIndex);
+         for (std::size_t i = first; i < shape.vertices.size(); ++i)
+           shape.vertices[i].position[2] /= 2;
+       }},
+      {"a sheet that faces down beside a room without its floor", false,
+       [](Shape& shape) {
+         shape.room(square);
+         shape.face({{4, 4, 0}, {4, 8, 0}, {8, 8, 0}, {8, 4, 0}});
+       }},
+      {"a box that widens upwards", false,
+       [](Shape& shape) {
+         shape.room(square);
+         shape.face(down);
+         for (Batch::Vertex& vertex : shape.vertices)
+           if (vertex.position[2] > 0)
+             for (int axis : {0, 1}) vertex.position[axis] = 1.05F * vertex.position[axis] - 0.1F;
+       }},
       {"an outline that crosses itself", false, [](Shape& shape) { shape.room(crossing); }},
+      {"a hole in a wall at the bottom", false,
+       [](Shape& shape) {
+         shape.room(square);
+         shape.indices.erase(shape.indices.begin(), shape.indices.begin() + 3);
+       }},
       {"a normal that is missing", false,
        [](Shape& shape) {
          shape.room(square);
          for (float& component : shape.vertices[5].normal) component = 0;
        }},
-      {"a normal that points inward", false,
+      {"a normal that points elsewhere", false,
        [](Shape& shape) {
          shape.room(square);
-         for (float& component : shape.vertices[5].normal) component *= -1;
+         shape.vertices[5].normal[2] = 1;
        }},
       {"a corner that is nowhere", false,
        [](Shape& shape) {

@@ -1,0 +1,21 @@
+// What the matrix of a perspective projection says.
+#pragma once
+
+#include "Platform/Graphics/Vector.hpp"
+
+namespace orivanta::render {
+
+inline float nearPlane(const graphics::Matrix4& projection) {
+  return projection[3][2] / (projection[2][2] - 1);
+}
+
+inline float farPlane(const graphics::Matrix4& projection) {
+  return projection[3][2] / (projection[2][2] + 1);
+}
+
+/// What a pixel covers at a distance, in a picture of so many pixels from top to bottom.
+inline float unitsPerPixel(float distance, const graphics::Matrix4& projection, int height) {
+  return 2 * distance / (projection[1][1] * static_cast<float>(height));
+}
+
+}  // namespace orivanta::render
