@@ -15,7 +15,10 @@ struct MeshFeatures {
   bool shadowed = false;    ///< the first light casts shadows
   bool frontAlone = false;  ///< faces from behind are not drawn, and all lights are far away
   int lights = 0;           ///< besides the ambient one
-  friend auto operator<=>(const MeshFeatures&, const MeshFeatures&) = default;
+  friend bool operator<(const MeshFeatures& a, const MeshFeatures& b) {
+    return std::tie(a.textured, a.shadowed, a.frontAlone, a.lights) <
+           std::tie(b.textured, b.shadowed, b.frontAlone, b.lights);
+  }
 };
 
 /// Lit surfaces. Lights are handed over in the camera's space.
