@@ -59,14 +59,16 @@ bool isOnScreen(SDL_TouchID device) {
 
 }  // namespace
 
-Input::Input(Viewer& viewer, render::WindowSurface& surface) : viewer_(viewer), surface_(surface) {
+Input::Input(Viewer& viewer, render::WindowSurface& surface, std::function<double()> clock)
+    : viewer_(viewer), surface_(surface), clock_(std::move(clock)) {
   SDL_StartTextInput();
 }
 
-bool Input::take(bool wait, double time) {
+bool Input::take(bool wait) {
   SDL_Event event;
-  bool matters = false;
-  if (wait && SDL_WaitEvent(&event) == 1) matters = handle(event, time);
+  const bool isWoken = wait && SDL_WaitEvent(&event) == 1;
+  const double time = clock_();
+  bool matters = isWoken && handle(event, time);
   while (SDL_PollEvent(&event) == 1) matters = handle(event, time) || matters;
   handTouches();
   return matters;

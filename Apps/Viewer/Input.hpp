@@ -1,6 +1,7 @@
 // Brings SDL's events to the viewer.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "Apps/Viewer/Viewer.hpp"
@@ -12,11 +13,12 @@ namespace orivanta::viewer {
 
 class Input {
  public:
-  Input(Viewer& viewer, render::WindowSurface& surface);
+  /// `clock` tells the time in seconds.
+  Input(Viewer& viewer, render::WindowSurface& surface, std::function<double()> clock);
 
-  /// Hands over what has happened. With `wait`, sleeps until something has. Whether it matters to
-  /// the picture.
-  bool take(bool wait, double time);
+  /// Hands over what has happened, as of the time when it came in. With `wait`, sleeps until
+  /// something has. Whether it matters to the picture.
+  bool take(bool wait);
 
   bool isClosed() const { return closed_; }
 
@@ -30,6 +32,7 @@ class Input {
 
   Viewer& viewer_;
   render::WindowSurface& surface_;
+  std::function<double()> clock_;
   std::vector<view::Touch> touches_;  // of this moment
   int buttonsDown_ = 0;
   bool closed_ = false;
