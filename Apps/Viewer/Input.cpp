@@ -147,7 +147,7 @@ bool Input::handleMouse(const SDL_Event& event, double time) {
   if (event.type == SDL_MOUSEWHEEL) {
     const double sign = event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -1 : 1;
     viewer_.wheel(surface_.pointAt(event.wheel.mouseX, event.wheel.mouseY),
-                  sign * static_cast<double>(event.wheel.preciseY), time);
+                  sign * static_cast<double>(event.wheel.preciseY));
     return true;
   }
   const SDL_MouseButtonEvent& button = event.button;

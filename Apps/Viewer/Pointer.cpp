@@ -33,7 +33,7 @@ void Pointer::press(PointerButton button, graphics::Point at, int clicks, double
   }
   drag_ = Drag::none;
   if (onMap_ && clicks == 2)
-    camera->glideZoom(doubleClickZoom, at, time);
+    camera->glideZoom(doubleClickZoom, at);
   else
     sendFinger(view::TouchPhase::began, at, time);
 }

@@ -257,9 +257,9 @@ void Viewer::cancelTouches(double time) {
   mapFingers_.clear();
 }
 
-void Viewer::wheel(graphics::Point at, double steps, double time) {
+void Viewer::wheel(graphics::Point at, double steps) {
   if (List* list = listAt(*root_, at)) return list->scrollBy(-steps * wheelScroll);
-  if (CameraControl* camera = cameraAt(at)) camera->glideZoom(std::pow(wheelZoom, steps), at, time);
+  if (CameraControl* camera = cameraAt(at)) camera->glideZoom(std::pow(wheelZoom, steps), at);
 }
 
 void Viewer::keyPressed(const KeyPress& press) {

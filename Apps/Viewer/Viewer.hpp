@@ -41,7 +41,7 @@ class Viewer {
   void touch(std::span<const view::Touch> touches);
   void cancelTouches(double time);
   Pointer& pointer() { return pointer_; }
-  void wheel(graphics::Point at, double steps, double time);
+  void wheel(graphics::Point at, double steps);
   void keyPressed(const KeyPress& press);
   void textTyped(std::string_view text);
   void textComposed(std::string_view text);

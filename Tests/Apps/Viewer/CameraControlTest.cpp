@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "Platform/Scene/Node.hpp"
 #include "Tests/Support/Fingers.hpp"
 #include "Tests/Support/ShownVenue.hpp"
@@ -71,13 +73,20 @@ TEST_F(CameraControlTest, ATapLeavesTheZoomOfTheNextPinch) {
   EXPECT_NEAR(*shown.mapView->cameraDistance / shown.mapView->scaleEnd, 900, 1e-6);
 }
 
-TEST_F(CameraControlTest, GlidesAddUpAndEnd) {
+TEST_F(CameraControlTest, GlidesBeginWithTheirFirstFrameAddUpAndEnd) {
   control.setPose({500, 500, 800, 0, 0});
-  control.glideZoom(1.5, {400, 400}, 10);
-  control.advance(10.1);
-  EXPECT_LT(control.pose().distance, 800);
+  control.advance(1);
+  control.glideZoom(1.5, {400, 400});  // after a quiet while
+  control.advance(10);
+  EXPECT_NEAR(control.pose().distance, 800, 1e-3);
   EXPECT_TRUE(control.isGliding());
-  control.glideZoom(1.5, {400, 400}, 10.1);
+  for (const double time : {10.02, 10.04, 10.06, 10.08}) {  // a step for each frame
+    const double before = control.pose().distance;
+    control.glideZoom(1.01, {400, 400});
+    control.advance(time);
+    EXPECT_LT(control.pose().distance, before);
+  }
+  control.glideZoom(1.5 / std::pow(1.01, 4), {400, 400});
   control.advance(11);
   EXPECT_NEAR(control.pose().distance, 800 / 2.25, 1e-3);
   EXPECT_FALSE(control.isGliding());

@@ -63,7 +63,7 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     stage.viewer.keyPressed({Key::pageDown});
     stage.viewer.keyPressed({Key::pageDown});
     EXPECT_EQ(view.mapView().currentMap()->shortName, "G");
-    view.camera().fit(stage.time, false);
+    view.camera().fit(/*gliding=*/false);
     stage.tap(on(view, *stage.place("kindling")));
     ASSERT_TRUE(view.route());
     EXPECT_EQ(view.route()->from, stage.place("kindling"));
@@ -102,7 +102,7 @@ TEST_F(ViewerTest, ThePointerDragsZoomsAndTilts) {
   stage.untilShown();
   CameraControl& camera = stage.viewer.venueView()->camera();
   Pointer& pointer = stage.viewer.pointer();
-  stage.viewer.wheel({640, 400}, 3, stage.time);
+  stage.viewer.wheel({640, 400}, 3);
   stage.settle();
   const CameraPose start = camera.pose();
   const auto held = groundUnder(start, camera.lens(), {600, 400});
