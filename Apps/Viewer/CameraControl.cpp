@@ -125,23 +125,18 @@ void CameraControl::advance(double time) {
   if (share >= 1) glide_.reset();
 }
 
+void CameraControl::fingerLanded() {
+  glide_.reset();
+  isTouched_ = true;
+}
+
 void CameraControl::settle(bool gestureEnded) {
+  if (gestureEnded) isTouched_ = false;
   if (!isReady() || glide_) return;
   const CameraPose now = pose();
   CameraPose allowed = limits().clamped(now);
   allowed.turn = now.turn;  // a rotation under way counts on
-  if (gestureEnded) {
-    write(allowed);
-  } else if (!(allowed == now)) {
-    const double zoom = mapView_->scaleEnd;
-    const double turn = mapView_->rotateEnd;
-    const float tilt = mapView_->lastHeightRatio;
-    write(allowed);
-    // Where the gesture began is its own matter until it ends.
-    mapView_->scaleEnd = zoom;
-    mapView_->rotateEnd = turn;
-    mapView_->lastHeightRatio = tilt;
-  }
+  if (gestureEnded || !(allowed == now)) write(allowed);
 }
 
 void CameraControl::write(const CameraPose& pose) {
@@ -162,10 +157,11 @@ void CameraControl::write(const CameraPose& pose) {
 
 void CameraControl::writeGestureState(const CameraPose& pose) {
   mapView_->scaleStart = *mapView_->cameraDistance / pose.distance;
-  mapView_->scaleEnd = mapView_->scaleStart;
   mapView_->rotateStart = -pose.turn;
-  mapView_->rotateEnd = -pose.turn;
   mapView_->lastGoodHeightRatio = static_cast<float>(-pose.tilt / std::numbers::pi);
+  if (isTouched_) return;  // where a gesture began is its own matter until it ends
+  mapView_->scaleEnd = mapView_->scaleStart;
+  mapView_->rotateEnd = mapView_->rotateStart;
   mapView_->lastHeightRatio = mapView_->lastGoodHeightRatio;
 }
 

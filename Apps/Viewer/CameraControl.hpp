@@ -42,8 +42,9 @@ class CameraControl {
   /// Shows some points of the floor, and their surroundings.
   void frame(const std::vector<graphics::Point>& points);
 
-  /// Ends a glide where it is, as when a finger lands.
-  void stop() { glide_.reset(); }
+  /// A finger has landed on the map view itself: ends a glide where it is. Until `settle(true)` the
+  /// view's gestures go on from where they began, whatever moves the camera beside them.
+  void fingerLanded();
 
   bool isGliding() const { return glide_.has_value(); }
   void advance(double time);  ///< seconds, rising
@@ -68,6 +69,7 @@ class CameraControl {
   std::shared_ptr<MapView> mapView_;
   Insets insets_;
   std::optional<Glide> glide_;
+  bool isTouched_ = false;
 };
 
 }  // namespace orivanta::viewer

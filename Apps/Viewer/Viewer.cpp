@@ -239,7 +239,7 @@ void Viewer::touch(std::span<const view::Touch> touches) {
   for (const view::Touch& touch : touches) {
     if (touch.phase != TouchPhase::began || cameraAt(touch.position) == nullptr) continue;
     mapFingers_.push_back(touch.identifier);
-    venueView_->camera().stop();
+    venueView_->camera().fingerLanded();
   }
   fingers_.dispatch(touches);
   if (mapFingers_.empty()) return;
@@ -254,6 +254,7 @@ void Viewer::touch(std::span<const view::Touch> touches) {
 void Viewer::cancelTouches(double time) {
   pointer_.cancel(time);
   fingers_.cancelAll(time);
+  if (!mapFingers_.empty() && venueView_) venueView_->camera().settle(/*gestureEnded=*/true);
   mapFingers_.clear();
 }
 

@@ -56,6 +56,25 @@ TEST_F(CameraControlTest, GesturesGoOnFromWhereThePointerHasBroughtTheCamera) {
   EXPECT_LT(control.pose().tilt, 0.5) << "downwards is towards straight down";
 }
 
+TEST_F(CameraControlTest, APinchGoesOnWhileSomethingElseSetsTheCamera) {
+  control.setPose({500, 500, 900, 0.5, 0.4});
+  control.fingerLanded();
+  fingers.down(1, {300, 400}, 0);
+  fingers.down(2, {500, 400}, 0);
+  fingers.move({{1, {290, 400}}, {2, {510, 400}}}, 0.1);
+  fingers.move({{1, {250, 400}}, {2, {550, 400}}}, 0.2);
+  const double pinched = control.pose().distance;
+  ASSERT_LT(pinched, 800);
+  control.setPose(control.pose());  // as for another floor, or another size of the window
+  fingers.move({{1, {249, 400}}, {2, {551, 400}}}, 0.3);
+  EXPECT_NEAR(control.pose().distance, pinched, 0.02 * pinched);
+  fingers.dispatcher().cancelAll(0.4);
+  control.settle(true);
+  EXPECT_NEAR(*shown.mapView->cameraDistance / shown.mapView->scaleEnd, control.pose().distance,
+              1e-3)
+      << "where the next pinch begins";
+}
+
 TEST_F(CameraControlTest, BringsBackWhatAFingerDraggedTooFar) {
   fingers.down(1, {400, 400}, 0);
   fingers.move(1, {420, 400}, 0.1);
