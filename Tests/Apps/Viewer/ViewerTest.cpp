@@ -121,10 +121,27 @@ TEST_F(ViewerTest, ThePointerDragsZoomsAndTilts) {
   pointer.release(PointerButton::right, {650, 300}, stage.time);
   EXPECT_GT(camera.pose().tilt, start.tilt);
   EXPECT_NE(camera.pose().turn, start.turn);
-  pointer.press(PointerButton::left, {600, 400}, 2, stage.time);
-  pointer.release(PointerButton::left, {600, 400}, stage.time);
+}
+
+TEST_F(ViewerTest, ADoubleClickComesCloserToWhatIsUnderThePointer) {
+  test::ViewerStage stage(server->root(), "astrolabe-court");
+  stage.untilShown();
+  VenueView& view = *stage.viewer.venueView();
+  const CameraPose start = view.camera().pose();
+  const graphics::Point at = on(view, *stage.place("kindling"));
+  const auto pointed = groundUnder(start, view.camera().lens(), at);
+  for (const int clicks : {1, 2}) {
+    stage.viewer.pointer().press(PointerButton::left, at, clicks, stage.time);
+    stage.viewer.pointer().release(PointerButton::left, at, stage.time);
+    for (int frame = 0; frame < 4; ++frame) stage.viewer.advance(stage.time += 0.03);
+  }
+  EXPECT_EQ(view.selected(), stage.place("kindling"));
   stage.settle();
-  EXPECT_LT(camera.pose().distance, start.distance);
+  const auto found = groundUnder(view.camera().pose(), view.camera().lens(), at);
+  ASSERT_TRUE(pointed && found);
+  EXPECT_NEAR(found->x, pointed->x, 0.5);
+  EXPECT_NEAR(found->y, pointed->y, 0.5);
+  EXPECT_NEAR(view.camera().pose().distance, start.distance / 1.8, 1);
 }
 
 TEST_F(ViewerTest, SaysWhatWentWrongAndTriesAgain) {
