@@ -74,6 +74,10 @@ bool Input::take(bool wait) {
   return matters;
 }
 
+bool Input::isShown() const {
+  return (SDL_GetWindowFlags(surface_.window()) & (SDL_WINDOW_HIDDEN | SDL_WINDOW_MINIMIZED)) == 0;
+}
+
 bool Input::handle(const SDL_Event& event, double time) {
   if (event.type != SDL_FINGERDOWN && event.type != SDL_FINGERMOTION && event.type != SDL_FINGERUP)
     handTouches();

@@ -22,6 +22,9 @@ class Input {
 
   bool isClosed() const { return closed_; }
 
+  /// Whether the window may be in sight: neither hidden nor minimized.
+  bool isShown() const;
+
  private:
   bool handle(const SDL_Event& event, double time);
   bool handleWindow(const SDL_Event& event, double time);

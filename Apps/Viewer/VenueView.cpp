@@ -472,7 +472,10 @@ void VenueView::toggleHelp() {
 
 bool VenueView::isMoving() const {
   if (!isLoaded_) return false;
-  return camera_->isGliding() || labelsAreOld_ || (route_ && mapView_->cameraOrbit && !isHidden());
+  if (camera_->isGliding() || labelsAreOld_) return true;
+  const auto floor = mapView_->currentMap();  // arrows move along a route that it is part of
+  return route_ && !isHidden() &&
+         std::find(route_->floors.begin(), route_->floors.end(), floor) != route_->floors.end();
 }
 
 void VenueView::advance(double time) {

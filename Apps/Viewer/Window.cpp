@@ -70,9 +70,10 @@ class Loop {
   void run() {
     while (!input_.isClosed()) {
       const bool isMoving = viewer_.isMoving();
-      const bool hasEvents = input_.take(/*wait=*/!isMoving && !changed_);
+      const bool draws = (isMoving || changed_) && input_.isShown();
+      const bool hasEvents = input_.take(/*wait=*/!draws);
       if (wake_.drain() || hasEvents) changed_ = true;
-      if (isMoving || viewer_.isMoving() || changed_) drawFrame();
+      if (input_.isShown() && (isMoving || viewer_.isMoving() || changed_)) drawFrame();
     }
   }
 

@@ -3,6 +3,7 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
+#include "Apps/Viewer/Window.hpp"
 #include "Tests/Apps/Viewer/ViewerStage.hpp"
 
 namespace orivanta::viewer {
@@ -10,7 +11,7 @@ namespace orivanta::viewer {
 namespace {
 
 // Covers everything and writes down when it is touched.
-class Times : public view::View {
+class TouchTimes : public view::View {
  public:
   void touchesBegan(std::span<const view::Touch> touches) override { note(touches); }
   void touchesEnded(std::span<const view::Touch> touches) override { note(touches); }
@@ -50,7 +51,7 @@ class InputTest : public testing::Test {
 }  // namespace
 
 TEST_F(InputTest, TellsTheTimeAtWhichSomethingCameInNotThatOfFallingAsleep) {
-  const auto touched = std::make_shared<Times>();
+  const auto touched = std::make_shared<TouchTimes>();
   touched->setFrame(viewer.root()->bounds());
   viewer.root()->addSubview(touched);
   const auto clock = [] { return SDL_HasEvents(SDL_FIRSTEVENT, SDL_LASTEVENT) ? 0.0 : 10.0; };
@@ -64,6 +65,39 @@ TEST_F(InputTest, TellsTheTimeAtWhichSomethingCameInNotThatOfFallingAsleep) {
     sleeper.take(/*wait=*/true);
   }
   EXPECT_EQ(touched->times, (std::vector<double>{10, 10}));
+}
+
+TEST_F(InputTest, NothingIsDrawnWhileTheWindowIsHidden) {
+  class Counter : public view::View {
+   public:
+    void draw(view::Canvas& /*canvas*/) override { ++count; }
+    int count = 0;
+  };
+  const auto drawn = std::make_shared<Counter>();
+  drawn->setFrame(viewer.root()->bounds());
+  viewer.root()->addSubview(drawn);
+  int turn = 0;
+  int countWhenHidden = 0;
+  const auto end = std::chrono::steady_clock::now() + test::patience;
+  const std::function<void()> next = [&] {
+    if (turn == 1) {
+      countWhenHidden = drawn->count;
+      SDL_HideWindow(surface->window());
+    }
+    if (turn == 5) {
+      EXPECT_EQ(drawn->count, countWhenHidden);
+      SDL_ShowWindow(surface->window());
+    }
+    const bool isLate = std::chrono::steady_clock::now() > end;
+    EXPECT_FALSE(isLate);
+    if (isLate || (turn > 5 && drawn->count > countWhenHidden)) return push(SDL_QUIT);
+    ++turn;
+    foundation::mainQueue::async(next);
+  };
+  foundation::mainQueue::async(next);
+  viewer::Times times(/*isEnabled=*/false);
+  runWindow(viewer, *surface, times);
+  EXPECT_GT(countWhenHidden, 0);
 }
 
 }  // namespace orivanta::viewer

@@ -69,6 +69,10 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     EXPECT_EQ(view.route()->from, stage.place("kindling"));
     EXPECT_EQ(view.route()->floors.size(), 2U);
     EXPECT_TRUE(stage.viewer.isMoving()) << "its arrows do";
+    stage.viewer.keyPressed({Key::pageUp});
+    EXPECT_EQ(view.mapView().currentMap()->shortName, "1");
+    stage.until([&] { return !stage.viewer.isMoving(); });  // nothing of it on this floor
+    stage.viewer.keyPressed({Key::pageDown});
     EXPECT_GT(test::countPixels(*stage.picture(), {0.18F, 0.55F, 0.34F}), 100) << "the start";
 
     view.routePanel().stepChosen(view.route()->steps.back());
