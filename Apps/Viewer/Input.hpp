@@ -2,12 +2,14 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "Apps/Viewer/Viewer.hpp"
 #include "Platform/Render/Window/WindowSurface.hpp"
 
 union SDL_Event;
+struct SDL_Keysym;
 
 namespace orivanta::viewer {
 
@@ -31,12 +33,16 @@ class Input {
   bool handleFinger(const SDL_Event& event, double time);
   bool handleMouse(const SDL_Event& event, double time);
   bool handleKey(const SDL_Event& event);
+  bool handleCharacter(const SDL_Keysym& symbol, bool bringsText);
+  void followTyping();
   void handTouches();
 
   Viewer& viewer_;
   render::WindowSurface& surface_;
   std::function<double()> clock_;
-  std::vector<view::Touch> touches_;  // of this moment
+  std::vector<view::Touch> touches_;         // of this moment
+  std::optional<graphics::Rect> textPlace_;  // of the text input; nothing while there is none
+  int keysWithoutText_ = 0;                  // that were pressed before the text input began
   int buttonsDown_ = 0;
   bool closed_ = false;
 };

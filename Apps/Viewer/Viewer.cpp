@@ -294,6 +294,12 @@ void Viewer::textComposed(std::string_view text) {
 
 bool Viewer::wantsText() const { return venueView_ && venueView_->searchPanel().isOpen(); }
 
+std::optional<graphics::Rect> Viewer::textPlace() const {
+  if (!wantsText()) return std::nullopt;
+  const view::View& field = venueView_->searchPanel().field();
+  return graphics::Rect{field.convert({0, 0}, *root_), field.bounds().size};
+}
+
 // --- Time
 // -----------------------------------------------------------------------------------------
 

@@ -58,6 +58,9 @@ class Viewer {
   /// Whether somebody is typing.
   bool wantsText() const;
 
+  /// Where what is typed shows, in the root; nothing while nobody types.
+  std::optional<graphics::Rect> textPlace() const;
+
   /// Leaves the venue, loaded or not, for the list. Not without one to choose from: when there is
   /// one venue only and it was asked for.
   void goBack();

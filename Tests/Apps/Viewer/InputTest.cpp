@@ -3,6 +3,7 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
+#include "Apps/Viewer/KeyText.hpp"
 #include "Apps/Viewer/Window.hpp"
 #include "Tests/Apps/Viewer/ViewerStage.hpp"
 
@@ -39,6 +40,15 @@ class InputTest : public testing::Test {
     SDL_PushEvent(&event);
   }
 
+  static void press(SDL_Keycode code, SDL_Scancode place = SDL_SCANCODE_UNKNOWN) {
+    push(SDL_KEYDOWN, [&](SDL_Event& event) { event.key.keysym = {place, code, 0, 0}; });
+  }
+
+  static void type(SDL_Keycode letter) {
+    press(letter);
+    push(SDL_TEXTINPUT, [&](SDL_Event& event) { event.text.text[0] = static_cast<char>(letter); });
+  }
+
   test::DiagnosticLines quiet;
   test::EnvironmentVariable driver{"SDL_VIDEODRIVER", "offscreen"};
   std::unique_ptr<render::WindowSurface> surface =
@@ -65,6 +75,65 @@ TEST_F(InputTest, TellsTheTimeAtWhichSomethingCameInNotThatOfFallingAsleep) {
     sleeper.take(/*wait=*/true);
   }
   EXPECT_EQ(touched->times, (std::vector<double>{10, 10}));
+}
+
+TEST_F(InputTest, TextComesInWhileTheSearchFieldIsOpenAndShortcutsWhileItIsNot) {
+  const auto server = test::serveDemo();
+  test::ViewerStage stage(server->root(), "astrolabe-court", surface->size());
+  Input keys(stage.viewer, *surface, [] { return 0.0; });
+  EXPECT_FALSE(SDL_IsTextInputActive());
+  stage.untilShown();
+  SearchPanel& search = stage.viewer.venueView()->searchPanel();
+  press(SDLK_SLASH);
+  press(SDLK_d);  // too fast for the text input to be there
+  keys.take(/*wait=*/true);
+  EXPECT_TRUE(SDL_IsTextInputActive());
+  EXPECT_EQ(search.field().text(), "d");
+  type(SDLK_o);
+  type(SDLK_s);
+  keys.take(/*wait=*/false);
+  EXPECT_EQ(search.field().text(), "dos");
+  press(SDLK_ESCAPE);
+  type(SDLK_SLASH);
+  keys.take(/*wait=*/false);
+  EXPECT_TRUE(search.isOpen());
+  EXPECT_EQ(search.field().text(), "") << "the slash was a shortcut";
+  search.close();
+  press(SDLK_KP_PLUS);
+  keys.take(/*wait=*/false);
+  EXPECT_FALSE(SDL_IsTextInputActive());
+  EXPECT_TRUE(stage.viewer.venueView()->camera().isGliding());
+}
+
+TEST(KeyTextTest, FindsShortcutsOnManyKeyboards) {
+  constexpr SDL_Keycode sharpS = 0xDF;
+  constexpr SDL_Keycode russianA = 0x430;
+  struct Case {
+    const char* text;
+    SDL_Scancode place;
+    SDL_Keycode code;
+    bool shift;
+    bool hasSlashKey;
+  };
+  for (const Case& each : {Case{"/", SDL_SCANCODE_SLASH, SDLK_SLASH, false, true},
+                           {"?", SDL_SCANCODE_SLASH, SDLK_SLASH, true, true},
+                           {"", SDL_SCANCODE_7, SDLK_7, true, true},
+                           {"-", SDL_SCANCODE_MINUS, SDLK_MINUS, true, true},
+                           {"+", SDL_SCANCODE_EQUALS, SDLK_EQUALS, true, true},
+                           {"?", SDL_SCANCODE_MINUS, sharpS, true, false},            // German
+                           {"/", SDL_SCANCODE_7, SDLK_7, true, false},                // German
+                           {"-", SDL_SCANCODE_SLASH, SDLK_MINUS, false, false},       // German
+                           {"+", SDL_SCANCODE_RIGHTBRACKET, SDLK_PLUS, true, false},  // German
+                           {"?", SDL_SCANCODE_MINUS, SDLK_PLUS, true, false},         // Swedish
+                           {"+", SDL_SCANCODE_MINUS, SDLK_PLUS, false, false},        // Swedish
+                           {"?", SDL_SCANCODE_M, SDLK_COMMA, true, false},            // French
+                           {"", SDL_SCANCODE_MINUS, SDLK_RIGHTPAREN, true, false},    // French
+                           {"f", SDL_SCANCODE_F, SDLK_f, true, true},
+                           {"f", SDL_SCANCODE_F, russianA, false, false},
+                           {"", SDL_SCANCODE_LEFT, SDLK_LEFT, false, true}}) {
+    const SDL_Keysym key{each.place, each.code, each.shift ? Uint16{KMOD_LSHIFT} : Uint16{0}, 0};
+    EXPECT_EQ(shortcutOf(key, each.hasSlashKey), each.text) << SDL_GetScancodeName(each.place);
+  }
 }
 
 TEST_F(InputTest, NothingIsDrawnWhileTheWindowIsHidden) {
