@@ -1,7 +1,10 @@
 #include "Apps/Viewer/Input.hpp"
 
 #include <SDL.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 #include "Apps/Viewer/KeyText.hpp"
 #include "Apps/Viewer/Window.hpp"
@@ -134,6 +137,16 @@ TEST(KeyTextTest, FindsShortcutsOnManyKeyboards) {
     const SDL_Keysym key{each.place, each.code, each.shift ? Uint16{KMOD_LSHIFT} : Uint16{0}, 0};
     EXPECT_EQ(shortcutOf(key, each.hasSlashKey), each.text) << SDL_GetScancodeName(each.place);
   }
+}
+
+TEST(WindowSurfaceTest, WithoutAScreenThereIsNoWindow) {
+  if (std::filesystem::exists("/dev/dri/card0")) GTEST_SKIP() << "there may be a bare screen";
+  const test::EnvironmentVariable x("DISPLAY", std::nullopt);
+  const test::EnvironmentVariable wayland("WAYLAND_DISPLAY", "nowhere");
+  const test::EnvironmentVariable driver("SDL_VIDEODRIVER", std::nullopt);
+  const auto made = render::WindowSurface::make({"Nowhere", {400, 500}, 1});
+  ASSERT_TRUE(std::holds_alternative<foundation::Error>(made));
+  EXPECT_THAT(std::get<1>(made).description, testing::StartsWith("there is no screen"));
 }
 
 TEST_F(InputTest, NothingIsDrawnWhileTheWindowIsHidden) {
