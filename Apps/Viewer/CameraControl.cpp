@@ -65,26 +65,29 @@ void CameraControl::tiltAndTurn(double tilt, double turn) {
   setPose(changed);
 }
 
-void CameraControl::glideTo(const CameraPose& target, double time) {
+void CameraControl::glideTo(const CameraPose& target) {
   if (!isReady()) return;
-  glide_ = Glide{pose(), limits().clamped(target), time};
+  Glide glide{pose(), limits().clamped(target), std::nullopt};
+  // One under way hands its time on, lest steps that follow fast never get to move.
+  if (glide_ && glide_->start) glide.start = glide_->now;
+  glide_ = glide;
 }
 
-void CameraControl::glideZoom(double factor, graphics::Point about, double time) {
-  if (isReady()) glideTo(zoomed(target(), lens(), limits(), factor, about), time);
+void CameraControl::glideZoom(double factor, graphics::Point about) {
+  if (isReady()) glideTo(zoomed(target(), lens(), limits(), factor, about));
 }
 
-void CameraControl::glidePan(double right, double up, double time) {
+void CameraControl::glidePan(double right, double up) {
   const graphics::Size size = lens().size;
   const graphics::Point middle{size.width / 2, size.height / 2};
-  glideTo(dragged(target(), lens(), {middle.x + right, middle.y - up}, middle), time);
+  glideTo(dragged(target(), lens(), {middle.x + right, middle.y - up}, middle));
 }
 
-void CameraControl::glideTilt(double tilt, double turn, double time) {
+void CameraControl::glideTilt(double tilt, double turn) {
   CameraPose changed = target();
   changed.tilt += tilt;
   changed.turn += turn;
-  glideTo(changed, time);
+  glideTo(changed);
 }
 
 CameraPose CameraControl::fitting() const {
@@ -98,45 +101,42 @@ CameraPose CameraControl::fitting() const {
                  upright, lens(), insets_, ofFloor);
 }
 
-void CameraControl::fit(double time, bool gliding) {
+void CameraControl::fit(bool gliding) {
   if (!isReady()) return;
   if (gliding)
-    glideTo(fitting(), time);
+    glideTo(fitting());
   else
     setPose(fitting());
 }
 
-void CameraControl::frame(const std::vector<graphics::Point>& points, double time) {
+void CameraControl::frame(const std::vector<graphics::Point>& points) {
   if (points.empty() || !isReady()) return;
-  glideTo(framing(points, pose(), lens(), insets_, ofPoints), time);
+  glideTo(framing(points, pose(), lens(), insets_, ofPoints));
 }
 
 void CameraControl::advance(double time) {
   if (!glide_) return;
-  const double share = std::clamp((time - glide_->start) / glideSeconds, 0.0, 1.0);
+  if (!glide_->start) glide_->start = time;
+  glide_->now = time;
+  const double share = std::clamp((time - *glide_->start) / glideSeconds, 0.0, 1.0);
   const double eased = 1 - std::pow(1 - share, 3);
   const Glide glide = *glide_;
   write(between(glide.from, glide.to, eased));
   if (share >= 1) glide_.reset();
 }
 
+void CameraControl::fingerLanded() {
+  glide_.reset();
+  isTouched_ = true;
+}
+
 void CameraControl::settle(bool gestureEnded) {
+  if (gestureEnded) isTouched_ = false;
   if (!isReady() || glide_) return;
   const CameraPose now = pose();
   CameraPose allowed = limits().clamped(now);
   allowed.turn = now.turn;  // a rotation under way counts on
-  if (gestureEnded) {
-    write(allowed);
-  } else if (!(allowed == now)) {
-    const double zoom = mapView_->scaleEnd;
-    const double turn = mapView_->rotateEnd;
-    const float tilt = mapView_->lastHeightRatio;
-    write(allowed);
-    // Where the gesture began is its own matter until it ends.
-    mapView_->scaleEnd = zoom;
-    mapView_->rotateEnd = turn;
-    mapView_->lastHeightRatio = tilt;
-  }
+  if (gestureEnded || !(allowed == now)) write(allowed);
 }
 
 void CameraControl::write(const CameraPose& pose) {
@@ -157,10 +157,11 @@ void CameraControl::write(const CameraPose& pose) {
 
 void CameraControl::writeGestureState(const CameraPose& pose) {
   mapView_->scaleStart = *mapView_->cameraDistance / pose.distance;
-  mapView_->scaleEnd = mapView_->scaleStart;
   mapView_->rotateStart = -pose.turn;
-  mapView_->rotateEnd = -pose.turn;
   mapView_->lastGoodHeightRatio = static_cast<float>(-pose.tilt / std::numbers::pi);
+  if (isTouched_) return;  // where a gesture began is its own matter until it ends
+  mapView_->scaleEnd = mapView_->scaleStart;
+  mapView_->rotateEnd = mapView_->rotateStart;
   mapView_->lastHeightRatio = mapView_->lastGoodHeightRatio;
 }
 

@@ -29,23 +29,25 @@ class CameraControl {
   void zoom(double factor, graphics::Point about);
   void tiltAndTurn(double tilt, double turn);  ///< radians to add
 
-  // As a glide of a quarter of a second from `time` on (seconds), which adds up with one under way.
-  void glideTo(const CameraPose& pose, double time);
-  void glideZoom(double factor, graphics::Point about, double time);
-  void glidePan(double right, double up, double time);  ///< points of the view
-  void glideTilt(double tilt, double turn, double time);
+  // As a glide of a quarter of a second from the next `advance` on, which adds up with one under
+  // way.
+  void glideTo(const CameraPose& pose);
+  void glideZoom(double factor, graphics::Point about);
+  void glidePan(double right, double up);  ///< points of the view
+  void glideTilt(double tilt, double turn);
 
   /// Shows the whole floor as it lies, tilted as now.
-  void fit(double time, bool gliding = true);
+  void fit(bool gliding = true);
 
   /// Shows some points of the floor, and their surroundings.
-  void frame(const std::vector<graphics::Point>& points, double time);
+  void frame(const std::vector<graphics::Point>& points);
 
-  /// Ends a glide where it is, as when a finger lands.
-  void stop() { glide_.reset(); }
+  /// A finger has landed on the map view itself: ends a glide where it is. Until `settle(true)` the
+  /// view's gestures go on from where they began, whatever moves the camera beside them.
+  void fingerLanded();
 
   bool isGliding() const { return glide_.has_value(); }
-  void advance(double time);
+  void advance(double time);  ///< seconds, rising
 
   /// After a touch of the map view itself: brings back what went beyond the limits and, with the
   /// last finger, the gesture state that a tap resets. A glide that it started goes on.
@@ -55,7 +57,8 @@ class CameraControl {
   struct Glide {
     CameraPose from;
     CameraPose to;
-    double start;
+    std::optional<double> start;  // nothing before it is first advanced
+    double now = 0;               // when it was last advanced
   };
 
   CameraPose target() const { return glide_ ? glide_->to : pose(); }
@@ -66,6 +69,7 @@ class CameraControl {
   std::shared_ptr<MapView> mapView_;
   Insets insets_;
   std::optional<Glide> glide_;
+  bool isTouched_ = false;
 };
 
 }  // namespace orivanta::viewer

@@ -2,9 +2,11 @@
 
 #include <SDL.h>
 
+#include <cmath>
 #include <memory>
-#include <optional>
 #include <utility>
+
+#include "Apps/Viewer/KeyText.hpp"
 
 namespace orivanta::viewer {
 
@@ -59,17 +61,29 @@ bool isOnScreen(SDL_TouchID device) {
 
 }  // namespace
 
-Input::Input(Viewer& viewer, render::WindowSurface& surface) : viewer_(viewer), surface_(surface) {
-  SDL_StartTextInput();
+Input::Input(Viewer& viewer, render::WindowSurface& surface, std::function<double()> clock)
+    : viewer_(viewer), surface_(surface), clock_(std::move(clock)) {
+  SDL_StopTextInput();  // SDL begins with it
 }
 
-bool Input::take(bool wait, double time) {
+bool Input::take(bool wait) {
+  followTyping();
   SDL_Event event;
-  bool matters = false;
-  if (wait && SDL_WaitEvent(&event) == 1) matters = handle(event, time);
-  while (SDL_PollEvent(&event) == 1) matters = handle(event, time) || matters;
+  const bool isWoken = wait && SDL_WaitEvent(&event) == 1;
+  const double time = clock_();
+  const auto matter = [&] {
+    const bool matters = handle(event, time);
+    followTyping();
+    return matters;
+  };
+  bool matters = isWoken && matter();
+  while (SDL_PollEvent(&event) == 1) matters = matter() || matters;
   handTouches();
   return matters;
+}
+
+bool Input::isShown() const {
+  return (SDL_GetWindowFlags(surface_.window()) & (SDL_WINDOW_HIDDEN | SDL_WINDOW_MINIMIZED)) == 0;
 }
 
 bool Input::handle(const SDL_Event& event, double time) {
@@ -93,8 +107,8 @@ bool Input::handle(const SDL_Event& event, double time) {
     case SDL_KEYDOWN:
       return handleKey(event);
     case SDL_TEXTINPUT:
-      viewer_.textTyped(event.text.text);
-      return true;
+      if (viewer_.wantsText()) viewer_.textTyped(event.text.text);
+      return viewer_.wantsText();
     case SDL_TEXTEDITING:
       viewer_.textComposed(event.edit.text);
       return viewer_.wantsText();
@@ -145,7 +159,7 @@ bool Input::handleMouse(const SDL_Event& event, double time) {
   if (event.type == SDL_MOUSEWHEEL) {
     const double sign = event.wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -1 : 1;
     viewer_.wheel(surface_.pointAt(event.wheel.mouseX, event.wheel.mouseY),
-                  sign * static_cast<double>(event.wheel.preciseY), time);
+                  sign * static_cast<double>(event.wheel.preciseY));
     return true;
   }
   const SDL_MouseButtonEvent& button = event.button;
@@ -165,16 +179,50 @@ bool Input::handleMouse(const SDL_Event& event, double time) {
 bool Input::handleKey(const SDL_Event& event) {
   const SDL_Keysym& symbol = event.key.keysym;
   const bool control = (symbol.mod & (KMOD_CTRL | KMOD_GUI)) != 0;
+  const bool bringsText = keysWithoutText_ == 0;
+  if (!bringsText) --keysWithoutText_;
   auto key = keyOf(symbol.sym);
-  if (control && symbol.sym == SDLK_f) key = Key::search;
+  if (control && latinLetterOf(symbol) == 'f') key = Key::search;
   if ((symbol.mod & KMOD_ALT) != 0 && symbol.sym == SDLK_LEFT) key = Key::back;
-  if (control && symbol.sym == SDLK_v && viewer_.wantsText()) {
+  if (control && latinLetterOf(symbol) == 'v' && viewer_.wantsText()) {
     const std::unique_ptr<char, void (*)(void*)> text(SDL_GetClipboardText(), SDL_free);
     if (text) viewer_.textTyped(text.get());
     return true;
   }
   if (key) viewer_.keyPressed({*key, (symbol.mod & KMOD_SHIFT) != 0, control});
-  return key.has_value();
+  if (key || control || (symbol.mod & (KMOD_ALT | KMOD_MODE)) != 0) return key.has_value();
+  return handleCharacter(symbol, bringsText);
+}
+
+bool Input::handleCharacter(const SDL_Keysym& symbol, bool bringsText) {
+  if (viewer_.wantsText() && bringsText) return false;
+  const bool hasSlashKey = SDL_GetScancodeFromKey(SDLK_SLASH) != SDL_SCANCODE_UNKNOWN;
+  const std::string text =
+      viewer_.wantsText() ? characterOf(symbol) : std::string(shortcutOf(symbol, hasSlashKey));
+  if (!text.empty()) viewer_.textTyped(text);
+  return !text.empty();
+}
+
+// Text comes in only while somebody types: else an input method, or a keyboard on the screen, would
+// come between the shortcuts.
+void Input::followTyping() {
+  const auto place = viewer_.textPlace();
+  if (place == textPlace_) return;
+  if (!place) {
+    SDL_StopTextInput();
+    keysWithoutText_ = 0;
+  } else {
+    const double unit = surface_.pointAt(1, 1).x;
+    const auto units = [&](double points) { return static_cast<int>(std::lround(points / unit)); };
+    const SDL_Rect field{units(place->minX()), units(place->minY()), units(place->size.width),
+                         units(place->size.height)};
+    SDL_SetTextInputRect(&field);
+    if (!textPlace_) {
+      keysWithoutText_ = SDL_PeepEvents(nullptr, 0, SDL_PEEKEVENT, SDL_KEYDOWN, SDL_KEYDOWN);
+      SDL_StartTextInput();
+    }
+  }
+  textPlace_ = place;
 }
 
 }  // namespace orivanta::viewer

@@ -32,10 +32,10 @@ void Pointer::press(PointerButton button, graphics::Point at, int clicks, double
     return;
   }
   drag_ = Drag::none;
-  if (onMap_ && clicks == 2)
-    camera->glideZoom(doubleClickZoom, at, time);
-  else
-    sendFinger(view::TouchPhase::began, at, time);
+  if (onMap_ && clicks == 2)  // to what was under the pointer, wherever the first click may lead
+    return camera->glideTo(zoomed(clicked_, camera->lens(), camera->limits(), doubleClickZoom, at));
+  if (onMap_) clicked_ = camera->pose();
+  sendFinger(view::TouchPhase::began, at, time);
 }
 
 void Pointer::move(graphics::Point to, double time) {

@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "Apps/Viewer/CameraPose.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/View/Touch.hpp"
 
@@ -37,6 +38,7 @@ class Pointer {
   bool onMap_ = false;
   graphics::Point start_;
   graphics::Point last_;
+  CameraPose clicked_;  // where the camera stood at a first click
 };
 
 }  // namespace orivanta::viewer

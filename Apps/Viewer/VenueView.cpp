@@ -174,7 +174,7 @@ void VenueView::floorsChanged(const FloorProgress& floor) {
 // At what is wanted, once its floor is there.
 void VenueView::lookAgain() {
   if (selected_)
-    camera_->frame({flat(mapView_->findPosition3D(*selected_))}, time_);
+    camera_->frame({flat(mapView_->findPosition3D(*selected_))});
   else if (routeOnMap_)
     frameRoute();
 }
@@ -198,7 +198,7 @@ void VenueView::mapViewDidLoad() {
   pose.tilt = bounds().size.width < bounds().size.height ? uprightTilt : startTilt;
   camera_->setPose(pose);
   arrangePanels();
-  camera_->fit(time_, /*gliding=*/false);
+  camera_->fit(/*gliding=*/false);
   floorShown();
   if (loaded) loaded();
 }
@@ -243,7 +243,7 @@ void VenueView::select(const std::shared_ptr<Location>& place) {
   }
   mark(place);
   arrangePanels();
-  if (place && camera_->isReady()) camera_->frame({flat(mapView_->findPosition3D(*place))}, time_);
+  if (place && camera_->isReady()) camera_->frame({flat(mapView_->findPosition3D(*place))});
 }
 
 // A pin with the name, where the place is on the floor that is shown.
@@ -337,12 +337,12 @@ void VenueView::frameRoute() {
   std::vector<graphics::Point> points;
   for (const auto& point : routeOnMap_->pointsOn(*mapView_->currentMap()))
     points.push_back(flat(point));
-  camera_->frame(points, time_);
+  camera_->frame(points);
 }
 
 void VenueView::showStep(const RouteStep& step) {
   showFloor(step.node->map);
-  camera_->frame({{step.node->x, step.node->y}}, time_);
+  camera_->frame({{step.node->x, step.node->y}});
 }
 
 void VenueView::clearRoute() {
@@ -367,11 +367,11 @@ bool VenueView::handleText(std::string_view text) {
   const graphics::Size size = bounds().size;
   const graphics::Point middle{size.width / 2, size.height / 2};
   if (text == "+" || text == "=")
-    camera_->glideZoom(1.4, middle, time_);
+    camera_->glideZoom(1.4, middle);
   else if (text == "-" || text == "_")
-    camera_->glideZoom(1 / 1.4, middle, time_);
+    camera_->glideZoom(1 / 1.4, middle);
   else if (text == "f" || text == "F")
-    camera_->fit(time_);
+    camera_->fit();
   else if (text == "?")
     toggleHelp();
   else if (text == "/")
@@ -394,7 +394,7 @@ bool VenueView::handleKey(const KeyPress& press) {
       showFloor(floors_->neighbour(press.key == Key::pageUp ? 1 : -1));
       return true;
     case Key::home:
-      camera_->fit(time_);
+      camera_->fit();
       return true;
     default:
       return moveCamera(press);
@@ -439,9 +439,9 @@ bool VenueView::moveCamera(const KeyPress& press) {
   const double up = sign(Key::up, Key::down);
   if (right == 0 && up == 0) return false;
   if (press.shift)
-    camera_->glideTilt(up * angle, right * angle, time_);
+    camera_->glideTilt(up * angle, right * angle);
   else
-    camera_->glidePan(right * step, up * step, time_);
+    camera_->glidePan(right * step, up * step);
   return true;
 }
 
@@ -472,11 +472,13 @@ void VenueView::toggleHelp() {
 
 bool VenueView::isMoving() const {
   if (!isLoaded_) return false;
-  return camera_->isGliding() || labelsAreOld_ || (route_ && mapView_->cameraOrbit && !isHidden());
+  if (camera_->isGliding() || labelsAreOld_) return true;
+  const auto floor = mapView_->currentMap();  // arrows move along a route that it is part of
+  return route_ && !isHidden() &&
+         std::find(route_->floors.begin(), route_->floors.end(), floor) != route_->floors.end();
 }
 
 void VenueView::advance(double time) {
-  time_ = time;
   camera_->advance(time);
   if (!isLoaded_) return;
   const CameraPose pose = camera_->pose();

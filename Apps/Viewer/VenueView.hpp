@@ -137,7 +137,6 @@ class VenueView : public view::View, public MapViewDelegate {
   std::unique_ptr<command::RouteOnMap> routeOnMap_;
 
   double scale_ = 1;
-  double time_ = 0;
   bool labelsAreOld_ = true;
   CameraPose labelledPose_;
 };

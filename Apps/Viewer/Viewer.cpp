@@ -239,7 +239,7 @@ void Viewer::touch(std::span<const view::Touch> touches) {
   for (const view::Touch& touch : touches) {
     if (touch.phase != TouchPhase::began || cameraAt(touch.position) == nullptr) continue;
     mapFingers_.push_back(touch.identifier);
-    venueView_->camera().stop();
+    venueView_->camera().fingerLanded();
   }
   fingers_.dispatch(touches);
   if (mapFingers_.empty()) return;
@@ -254,12 +254,13 @@ void Viewer::touch(std::span<const view::Touch> touches) {
 void Viewer::cancelTouches(double time) {
   pointer_.cancel(time);
   fingers_.cancelAll(time);
+  if (!mapFingers_.empty() && venueView_) venueView_->camera().settle(/*gestureEnded=*/true);
   mapFingers_.clear();
 }
 
-void Viewer::wheel(graphics::Point at, double steps, double time) {
+void Viewer::wheel(graphics::Point at, double steps) {
   if (List* list = listAt(*root_, at)) return list->scrollBy(-steps * wheelScroll);
-  if (CameraControl* camera = cameraAt(at)) camera->glideZoom(std::pow(wheelZoom, steps), at, time);
+  if (CameraControl* camera = cameraAt(at)) camera->glideZoom(std::pow(wheelZoom, steps), at);
 }
 
 void Viewer::keyPressed(const KeyPress& press) {
@@ -292,6 +293,12 @@ void Viewer::textComposed(std::string_view text) {
 }
 
 bool Viewer::wantsText() const { return venueView_ && venueView_->searchPanel().isOpen(); }
+
+std::optional<graphics::Rect> Viewer::textPlace() const {
+  if (!wantsText()) return std::nullopt;
+  const view::View& field = venueView_->searchPanel().field();
+  return graphics::Rect{field.convert({0, 0}, *root_), field.bounds().size};
+}
 
 // --- Time
 // -----------------------------------------------------------------------------------------

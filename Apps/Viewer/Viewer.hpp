@@ -41,7 +41,7 @@ class Viewer {
   void touch(std::span<const view::Touch> touches);
   void cancelTouches(double time);
   Pointer& pointer() { return pointer_; }
-  void wheel(graphics::Point at, double steps, double time);
+  void wheel(graphics::Point at, double steps);
   void keyPressed(const KeyPress& press);
   void textTyped(std::string_view text);
   void textComposed(std::string_view text);
@@ -57,6 +57,9 @@ class Viewer {
 
   /// Whether somebody is typing.
   bool wantsText() const;
+
+  /// Where what is typed shows, in the root; nothing while nobody types.
+  std::optional<graphics::Rect> textPlace() const;
 
   /// Leaves the venue, loaded or not, for the list. Not without one to choose from: when there is
   /// one venue only and it was asked for.

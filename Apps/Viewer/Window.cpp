@@ -62,7 +62,7 @@ class Wake {
 class Loop {
  public:
   Loop(Viewer& viewer, render::WindowSurface& surface, Times& times)
-      : viewer_(viewer), surface_(surface), times_(times), input_(viewer, surface) {
+      : viewer_(viewer), surface_(surface), times_(times), input_(viewer, surface, now) {
     viewer_.pictureWanted = [this] { pictureWanted_ = true; };
     viewer_.resize(surface_.size(), surface_.scale());
   }
@@ -70,9 +70,10 @@ class Loop {
   void run() {
     while (!input_.isClosed()) {
       const bool isMoving = viewer_.isMoving();
-      const bool hasEvents = input_.take(/*wait=*/!isMoving && !changed_, now());
+      const bool draws = (isMoving || changed_) && input_.isShown();
+      const bool hasEvents = input_.take(/*wait=*/!draws);
       if (wake_.drain() || hasEvents) changed_ = true;
-      if (isMoving || viewer_.isMoving() || changed_) drawFrame();
+      if (input_.isShown() && (isMoving || viewer_.isMoving() || changed_)) drawFrame();
     }
   }
 

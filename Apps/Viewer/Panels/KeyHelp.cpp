@@ -23,7 +23,7 @@ constexpr std::array lines{
     Line{"/ or Ctrl + F", "Search"},
     Line{"S or F12", "Save a picture"},
     Line{"Esc", "Close what is open"},
-    Line{"?", "This list"},
+    Line{"? or F1", "This list"},
     Line{"Alt + \u2190, Esc", "All venues"},
 };
 constexpr double lineHeight = 31;  // points

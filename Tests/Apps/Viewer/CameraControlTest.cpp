@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "Platform/Scene/Node.hpp"
 #include "Tests/Support/Fingers.hpp"
 #include "Tests/Support/ShownVenue.hpp"
@@ -54,6 +56,25 @@ TEST_F(CameraControlTest, GesturesGoOnFromWhereThePointerHasBroughtTheCamera) {
   EXPECT_LT(control.pose().tilt, 0.5) << "downwards is towards straight down";
 }
 
+TEST_F(CameraControlTest, APinchGoesOnWhileSomethingElseSetsTheCamera) {
+  control.setPose({500, 500, 900, 0.5, 0.4});
+  control.fingerLanded();
+  fingers.down(1, {300, 400}, 0);
+  fingers.down(2, {500, 400}, 0);
+  fingers.move({{1, {290, 400}}, {2, {510, 400}}}, 0.1);
+  fingers.move({{1, {250, 400}}, {2, {550, 400}}}, 0.2);
+  const double pinched = control.pose().distance;
+  ASSERT_LT(pinched, 800);
+  control.setPose(control.pose());  // as for another floor, or another size of the window
+  fingers.move({{1, {249, 400}}, {2, {551, 400}}}, 0.3);
+  EXPECT_NEAR(control.pose().distance, pinched, 0.02 * pinched);
+  fingers.dispatcher().cancelAll(0.4);
+  control.settle(true);
+  EXPECT_NEAR(*shown.mapView->cameraDistance / shown.mapView->scaleEnd, control.pose().distance,
+              1e-3)
+      << "where the next pinch begins";
+}
+
 TEST_F(CameraControlTest, BringsBackWhatAFingerDraggedTooFar) {
   fingers.down(1, {400, 400}, 0);
   fingers.move(1, {420, 400}, 0.1);
@@ -71,13 +92,20 @@ TEST_F(CameraControlTest, ATapLeavesTheZoomOfTheNextPinch) {
   EXPECT_NEAR(*shown.mapView->cameraDistance / shown.mapView->scaleEnd, 900, 1e-6);
 }
 
-TEST_F(CameraControlTest, GlidesAddUpAndEnd) {
+TEST_F(CameraControlTest, GlidesBeginWithTheirFirstFrameAddUpAndEnd) {
   control.setPose({500, 500, 800, 0, 0});
-  control.glideZoom(1.5, {400, 400}, 10);
-  control.advance(10.1);
-  EXPECT_LT(control.pose().distance, 800);
+  control.advance(1);
+  control.glideZoom(1.5, {400, 400});  // after a quiet while
+  control.advance(10);
+  EXPECT_NEAR(control.pose().distance, 800, 1e-3);
   EXPECT_TRUE(control.isGliding());
-  control.glideZoom(1.5, {400, 400}, 10.1);
+  for (const double time : {10.02, 10.04, 10.06, 10.08}) {  // a step for each frame
+    const double before = control.pose().distance;
+    control.glideZoom(1.01, {400, 400});
+    control.advance(time);
+    EXPECT_LT(control.pose().distance, before);
+  }
+  control.glideZoom(1.5 / std::pow(1.01, 4), {400, 400});
   control.advance(11);
   EXPECT_NEAR(control.pose().distance, 800 / 2.25, 1e-3);
   EXPECT_FALSE(control.isGliding());

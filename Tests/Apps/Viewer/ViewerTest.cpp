@@ -63,12 +63,16 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     stage.viewer.keyPressed({Key::pageDown});
     stage.viewer.keyPressed({Key::pageDown});
     EXPECT_EQ(view.mapView().currentMap()->shortName, "G");
-    view.camera().fit(stage.time, false);
+    view.camera().fit(/*gliding=*/false);
     stage.tap(on(view, *stage.place("kindling")));
     ASSERT_TRUE(view.route());
     EXPECT_EQ(view.route()->from, stage.place("kindling"));
     EXPECT_EQ(view.route()->floors.size(), 2U);
     EXPECT_TRUE(stage.viewer.isMoving()) << "its arrows do";
+    stage.viewer.keyPressed({Key::pageUp});
+    EXPECT_EQ(view.mapView().currentMap()->shortName, "1");
+    stage.until([&] { return !stage.viewer.isMoving(); });  // nothing of it on this floor
+    stage.viewer.keyPressed({Key::pageDown});
     EXPECT_GT(test::countPixels(*stage.picture(), {0.18F, 0.55F, 0.34F}), 100) << "the start";
 
     view.routePanel().stepChosen(view.route()->steps.back());
@@ -102,7 +106,7 @@ TEST_F(ViewerTest, ThePointerDragsZoomsAndTilts) {
   stage.untilShown();
   CameraControl& camera = stage.viewer.venueView()->camera();
   Pointer& pointer = stage.viewer.pointer();
-  stage.viewer.wheel({640, 400}, 3, stage.time);
+  stage.viewer.wheel({640, 400}, 3);
   stage.settle();
   const CameraPose start = camera.pose();
   const auto held = groundUnder(start, camera.lens(), {600, 400});
@@ -121,10 +125,27 @@ TEST_F(ViewerTest, ThePointerDragsZoomsAndTilts) {
   pointer.release(PointerButton::right, {650, 300}, stage.time);
   EXPECT_GT(camera.pose().tilt, start.tilt);
   EXPECT_NE(camera.pose().turn, start.turn);
-  pointer.press(PointerButton::left, {600, 400}, 2, stage.time);
-  pointer.release(PointerButton::left, {600, 400}, stage.time);
+}
+
+TEST_F(ViewerTest, ADoubleClickComesCloserToWhatIsUnderThePointer) {
+  test::ViewerStage stage(server->root(), "astrolabe-court");
+  stage.untilShown();
+  VenueView& view = *stage.viewer.venueView();
+  const CameraPose start = view.camera().pose();
+  const graphics::Point at = on(view, *stage.place("kindling"));
+  const auto pointed = groundUnder(start, view.camera().lens(), at);
+  for (const int clicks : {1, 2}) {
+    stage.viewer.pointer().press(PointerButton::left, at, clicks, stage.time);
+    stage.viewer.pointer().release(PointerButton::left, at, stage.time);
+    for (int frame = 0; frame < 4; ++frame) stage.viewer.advance(stage.time += 0.03);
+  }
+  EXPECT_EQ(view.selected(), stage.place("kindling"));
   stage.settle();
-  EXPECT_LT(camera.pose().distance, start.distance);
+  const auto found = groundUnder(view.camera().pose(), view.camera().lens(), at);
+  ASSERT_TRUE(pointed && found);
+  EXPECT_NEAR(found->x, pointed->x, 0.5);
+  EXPECT_NEAR(found->y, pointed->y, 0.5);
+  EXPECT_NEAR(view.camera().pose().distance, start.distance / 1.8, 1);
 }
 
 TEST_F(ViewerTest, SaysWhatWentWrongAndTriesAgain) {
