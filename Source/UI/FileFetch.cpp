@@ -79,7 +79,7 @@ FileFetch::Outcome FileFetch::fetch(const File& file) try {
   const std::string& address = file.url.absoluteString();
   if (!foundation::cachesDirectory())
     return {"", fmt::format("{} has no place to be kept: HOME is not set", address)};
-  const Outcome outcome = downloader_->fetchFile(file.url, file.folder, requests_);
+  Outcome outcome = downloader_->fetchFile(file.url, file.folder, requests_);
   if (outcome.path.empty() || !isErrorPage(outcome.path)) return outcome;
   forget(outcome.path);
   return {"", fmt::format("{} gives an error page in place of the file", address)};
