@@ -1,23 +1,29 @@
 // Loads the first venue of the API and prints the way from its first place to its last.
 #include <orivanta/orivanta.hpp>
 
+#include <cstdlib>
 #include <future>
 #include <iostream>
 
 using namespace orivanta;
 
 int main() {
-  std::promise<void> finished;
+  if (const char* const endpoint = std::getenv("ORIVANTA_ENDPOINT"))
+    setApiSettings({endpoint, {}, {}, nullptr});
+  std::promise<int> exitCode;
   getVenues([&](const auto& venues) {
-    if (venues.empty()) return finished.set_value();
+    if (venues.empty()) {
+      std::cerr << "no venue; is ORIVANTA_ENDPOINT set?\n";
+      return exitCode.set_value(1);
+    }
     getVenue(venues.front(), /*accessible=*/true, [&](const auto& venue) {
-      if (venue->locations->empty()) return finished.set_value();
+      if (venue->locations->empty()) return exitCode.set_value(1);
       const auto& from = venue->locations->front();
       const auto& to = venue->locations->back();
       if (const auto directions = from->directionsTo(*to))
         for (const auto& step : directions->directions) std::cout << step.instruction << '\n';
-      finished.set_value();
+      exitCode.set_value(0);
     });
   });
-  finished.get_future().wait();
+  return exitCode.get_future().get();
 }

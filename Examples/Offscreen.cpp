@@ -5,6 +5,18 @@
 
 using namespace orivanta;
 
+namespace {
+
+void tell(const std::string& problem) {
+  if (!problem.empty()) std::cerr << problem << '\n';
+}
+
+void tell(const std::vector<LoadFailure>& failures) {
+  for (const LoadFailure& failure : failures) tell(failure.reason);
+}
+
+}  // namespace
+
 int main() {
   constexpr graphics::Size size{800, 600};  // points
   constexpr double scale = 2;               // pixels per point
@@ -14,17 +26,22 @@ int main() {
 
   const auto mapView = MapView::make({{0, 0}, size});
   bool ended = false;
-  FloorLoadHandlers handlers;
-  handlers.ended = [&](const auto&) { ended = true; };
-  getVenues([&](const auto& venues) {
-    if (venues.empty()) return foundation::mainQueue::async([&] { ended = true; });
-    getVenue(venues.front(), [&](const auto& venue) {
-      foundation::mainQueue::async([&, venue] {
-        mapView->venue = venue;
-        mapView->loadFloors(handlers);
-      });
+  const auto showFloors = [&](const VenueLoadReport& report) {
+    tell(report.failures);
+    foundation::mainQueue::async([&, venue = report.venue] {
+      mapView->venue = venue;
+      mapView->loadFloors({{}, [&](const auto& floors) {
+                             for (const FloorProgress& floor : floors) tell(floor.problem);
+                             ended = true;
+                           }});
     });
-  });
+  };
+  const auto showFirstVenue = [&](const VenueListReport& report) {
+    tell(report.failures);
+    if (report.venues.empty()) return foundation::mainQueue::async([&] { ended = true; });
+    loadVenueReporting(APISession(), report.venues.front(), /*accessible=*/false, {{}, showFloors});
+  };
+  loadVenuesReporting(APISession(), {{}, showFirstVenue});
   while (!ended) {
     foundation::mainQueue::wait(1.0);
     foundation::mainQueue::drain();

@@ -1,6 +1,7 @@
 // A window with a map: the first venue of the API, to be moved with fingers or the left button.
 #include <SDL.h>
 
+#include <cstdlib>
 #include <iostream>
 #include <orivanta/ui.hpp>
 
@@ -23,6 +24,15 @@ void showFirstVenue(const std::shared_ptr<MapView>& mapView) {
         mapView->loadFloors({});
       });
     });
+  });
+}
+
+/// Ends the wait for events when something is to be drained.
+void wakeWithEvents() {
+  foundation::mainQueue::setWake([type = SDL_RegisterEvents(1)] {
+    SDL_Event event{};
+    event.type = type;
+    SDL_PushEvent(&event);
   });
 }
 
@@ -53,26 +63,29 @@ int main() {
   if (endpoint != nullptr) setApiSettings({endpoint, {}, {}, nullptr});
   SDL_SetHint(SDL_HINT_OPENGL_ES_DRIVER, "1");
   SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "1");
-  if (SDL_Init(SDL_INIT_VIDEO) != 0) return 1;
+  if (SDL_Init(SDL_INIT_VIDEO) != 0 || std::atexit(SDL_Quit) != 0) return 1;
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_ES);
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 3);
   SDL_Window* const window =
       SDL_CreateWindow("Orivanta", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, 1000, 700,
                        SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE);
   if (window == nullptr || SDL_GL_CreateContext(window) == nullptr) return 1;
+  SDL_GL_SetSwapInterval(1);
 
   const auto mapView = MapView::make();
   mapView->allowsSimultaneousGestures = true;
   view::TouchDispatcher fingers(mapView);
   render::Renderer renderer;
+  wakeWithEvents();
   showFirstVenue(mapView);
-  for (bool open = true; open;) {
+  for (bool open = true, moves = true; open;) {
     int width = 0;
     int height = 0;
     SDL_GetWindowSize(window, &width, &height);
     const graphics::Size size{static_cast<double>(width), static_cast<double>(height)};
     SDL_Event event;
-    while (SDL_PollEvent(&event) == 1) {
+    int came = moves ? SDL_PollEvent(&event) : SDL_WaitEvent(&event);
+    for (; came == 1; came = SDL_PollEvent(&event)) {
       sendTouch(event, size, fingers);
       open = open && event.type != SDL_QUIT;
     }
@@ -80,6 +93,7 @@ int main() {
     mapView->setFrame({{0, 0}, size});
     renderer.render(*mapView, size, 1.0, now());
     SDL_GL_SwapWindow(window);
+    moves = mapView->currentPath || mapView->activityIndicator->isAnimating();
   }
-  std::quick_exit(0);
+  foundation::mainQueue::setWake(nullptr);
 }

@@ -3,14 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <thread>
 #include <utility>
 
 #include "Apps/Command/Places.hpp"
-#include "Platform/Foundation/MainQueue.hpp"
-#include "Platform/Graphics/ImageFile.hpp"
-#include "Source/ImageCollection.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
@@ -25,7 +20,6 @@ namespace {
 constexpr double startTilt = 0.6;    // radians
 constexpr double uprightTilt = 0.3;  // in a view that is higher than wide
 constexpr double pinHeight = 32;     // points
-constexpr std::int64_t pictureSize = 320;
 constexpr graphics::Color pinColor{0.80F, 0.47F, 0.02F};
 constexpr int floorSteps = 4;  // of a floor's load, beside its files
 
@@ -64,20 +58,6 @@ std::string progressText(const std::vector<FloorProgress>& floors) {
     if (floor.state == FloorState::ready) ++ready;
   }
   return fmt::format("{} of {} files, {} of {} floors", filesDone, files, ready, floors.size());
-}
-
-std::shared_ptr<const graphics::Image> loadPicture(HttpDownloader& downloader,
-                                                   const foundation::Url& url,
-                                                   const std::string& slug) {
-  // Pictures of several places may have the same name.
-  const auto folder =
-      fmt::format("{}/places/{:x}", slug, std::hash<std::string>()(url.absoluteString()));
-  const auto file = downloader.loadFileSync(url, folder);
-  if (!file) return nullptr;
-  auto image = graphics::readImage(*file);
-  std::error_code ignored;
-  if (!image) std::filesystem::remove(*file, ignored);  // an error page is no picture
-  return image;
 }
 
 }  // namespace
@@ -263,21 +243,12 @@ void VenueView::mark(const std::shared_ptr<Location>& place) {
 }
 
 void VenueView::fetchPicture(const std::shared_ptr<Location>& place) {
-  const auto& pictures = place->picture ? place->picture : place->logo;
-  if (!pictures) return;
-  const foundation::Url url = (*pictures)[pictureSize];
-  const auto mode = place->picture ? PictureMode::fill : PictureMode::fit;
-  const auto self = std::weak_ptr(std::static_pointer_cast<VenueView>(shared_from_this()));
-  std::thread([self, place, url, mode, downloader = mapView_->downloader,
-               slug = venue_->slug.value_or("")] {
-    auto image = loadPicture(*downloader, url, slug);
-    foundation::mainQueue::async([self, place, mode, image = std::move(image)] {
-      const auto view = self.lock();
-      if (!view || view->selected_ != place || !image) return;
-      view->card_->setPicture(image, mode);
-      view->arrangePanels();
-    });
-  }).detach();
+  pictureFetch_.start(*place, venue_->slug.value_or(""), mapView_->downloader,
+                      [this, place](const auto& picture, PictureMode mode) {
+                        if (selected_ != place) return;
+                        card_->setPicture(picture, mode);
+                        arrangePanels();
+                      });
 }
 
 void VenueView::polygonSelected(const std::shared_ptr<Polygon>& polygon) {

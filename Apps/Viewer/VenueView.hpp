@@ -17,6 +17,7 @@
 #include "Apps/Viewer/Panels/PlaceCard.hpp"
 #include "Apps/Viewer/Panels/RoutePanel.hpp"
 #include "Apps/Viewer/Panels/SearchPanel.hpp"
+#include "Apps/Viewer/PictureFetch.hpp"
 #include "Apps/Viewer/RoutePlanner.hpp"
 #include "Apps/Viewer/VenueSource.hpp"
 #include "Source/UI/MapView.hpp"
@@ -128,6 +129,7 @@ class VenueView : public view::View, public MapViewDelegate {
   std::shared_ptr<Map> awaitedFloor_;  // to be shown as soon as it is there; null for none
   bool isLoaded_ = false;
   std::shared_ptr<Location> selected_;
+  PictureFetch pictureFetch_;
   std::shared_ptr<MapViewMarker2D> mark_;
   std::shared_ptr<Location> from_;
   std::shared_ptr<Location> to_;

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <boost/asio/post.hpp>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -10,6 +11,7 @@
 #include <thread>
 #include <utility>
 
+#include "Platform/Foundation/BackgroundPool.hpp"
 #include "Platform/Foundation/Files.hpp"
 
 namespace orivanta {
@@ -35,8 +37,13 @@ std::shared_ptr<FileFetch> FileFetch::start(std::vector<File> files,
                                             Reports reports) {
   std::shared_ptr<FileFetch> fetch(
       new FileFetch(std::move(files), std::move(downloader), std::move(reports)));
-  for (std::size_t i = 0; i < std::min(mostThreads, fetch->files_.size()); ++i)
-    std::thread([fetch] { fetch->work(); }).detach();
+  const auto work = [fetch] { fetch->work(); };
+  try {
+    for (std::size_t i = 0; i < std::min(mostThreads, fetch->files_.size()); ++i)
+      std::thread(work).detach();
+  } catch (const std::system_error&) {  // as many threads as there may be
+    boost::asio::post(foundation::backgroundPool(), work);
+  }
   return fetch;
 }
 
@@ -45,8 +52,11 @@ FileFetch::FileFetch(std::vector<File> files, std::shared_ptr<HttpDownloader> do
     : files_(std::move(files)), downloader_(std::move(downloader)), reports_(std::move(reports)) {}
 
 void FileFetch::cancel() {
-  const std::lock_guard lock(mutex_);
-  next_ = files_.size() + 1;
+  {
+    const std::lock_guard lock(mutex_);
+    next_ = files_.size() + 1;
+  }
+  requests_.cancel();
 }
 
 bool FileFetch::isCancelled() const {
@@ -65,14 +75,13 @@ void FileFetch::work() {
   }
 }
 
-FileFetch::Outcome FileFetch::fetch(const File& file) const try {
+FileFetch::Outcome FileFetch::fetch(const File& file) try {
   const std::string& address = file.url.absoluteString();
   if (!foundation::cachesDirectory())
     return {"", fmt::format("{} has no place to be kept: HOME is not set", address)};
-  const auto path = downloader_->loadFileSync(file.url, file.folder);
-  if (!path) return {"", fmt::format("{} cannot be fetched", address)};
-  if (!isErrorPage(*path)) return {*path, ""};
-  forget(*path);
+  Outcome outcome = downloader_->fetchFile(file.url, file.folder, requests_);
+  if (outcome.path.empty() || !isErrorPage(outcome.path)) return outcome;
+  forget(outcome.path);
   return {"", fmt::format("{} gives an error page in place of the file", address)};
 } catch (const std::exception& failure) {
   return {"", fmt::format("{}: {}", file.url.absoluteString(), failure.what())};

@@ -14,20 +14,15 @@
 namespace orivanta {
 
 /// Up to four files at once, in their order, on threads of its own: a server that does not answer
-/// holds up nothing else, not even the next fetch. A thread that is at a file when the fetch is
-/// cancelled ends behind it. Any thread.
+/// holds up nothing else, not even the next fetch. Any thread.
 class FileFetch {
  public:
   struct File {
     foundation::Url url;
-    std::string folder;  ///< as for `HttpDownloader::loadFileSync`
+    std::string folder;  ///< as for `HttpDownloader::fetchFile`
   };
 
-  /// One of the two is empty.
-  struct Outcome {
-    std::string path;
-    std::string problem;  ///< a sentence with the URL, without a full stop
-  };
+  using Outcome = HttpDownloader::Fetched;
 
   /// Called on the fetch's threads, with the number of the file.
   struct Reports {
@@ -39,7 +34,7 @@ class FileFetch {
                                           std::shared_ptr<HttpDownloader> downloader,
                                           Reports reports);
 
-  /// Begins no further file.
+  /// Begins no further file, and ends the requests: the threads end as well.
   void cancel();
   bool isCancelled() const;
 
@@ -50,11 +45,12 @@ class FileFetch {
  private:
   FileFetch(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader, Reports reports);
   void work();
-  Outcome fetch(const File& file) const;
+  Outcome fetch(const File& file);
 
   const std::vector<File> files_;
   const std::shared_ptr<HttpDownloader> downloader_;
   const Reports reports_;
+  network::AwaitedRequests requests_;
   mutable std::mutex mutex_;
   std::size_t next_ = 0;  // the first file that nobody has taken
 };

@@ -84,6 +84,14 @@ std::string describe(const network::HttpUrlResponse& response) {
                      response.url ? response.url->absoluteString() : "");
 }
 
+// What is wrong with an answer, behind its URL; empty when it can be kept.
+std::string flawOf(const network::UrlResult& result) {
+  if (result.error) return fmt::format("cannot be fetched: {}", result.error->description);
+  if (const int status = result.response.statusCode; status < 200 || status > 299)
+    return fmt::format("answered with HTTP status {}", status);
+  return result.body.empty() ? "answered with nothing" : "";
+}
+
 void finish(network::UrlResult result, const std::string& path,
             const HttpDownloader::Completion& completion) {
   if (!result.error) result.error = network::defaultTransport().decodeBody(result);
@@ -125,6 +133,25 @@ void HttpDownloader::loadFileAsync(const foundation::Url& url, Completion comple
           finish(std::move(result), path, completion);
         });
       });
+}
+
+HttpDownloader::Fetched HttpDownloader::fetchFile(const foundation::Url& url,
+                                                  const std::string& path,
+                                                  network::AwaitedRequests& requests) {
+  const std::string& address = url.absoluteString();
+  if (url.filePath()) {
+    if (const auto kept = loadFileSync(url, path)) return {*kept, ""};
+    return {"", fmt::format("{} cannot be fetched", address)};
+  }
+  const fs::path folder = folderFor(path);
+  const fs::path file = fileFor(url, folder);
+  if (isCached(file)) return {file.string(), ""};
+  const network::UrlResult result = requests.get(url);
+  if (const std::string flaw = flawOf(result); !flaw.empty())
+    return {"", fmt::format("{} {}", address, flaw)};
+  makeFolder(folder);
+  if (saved(file, result.body)) return {file.string(), ""};
+  return {"", fmt::format("{} cannot be kept as {}", address, file.string())};
 }
 
 }  // namespace orivanta

@@ -8,6 +8,7 @@
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/Url.hpp"
+#include "Platform/Network/AwaitedRequests.hpp"
 
 namespace orivanta {
 
@@ -38,6 +39,17 @@ class ORIVANTA_API HttpDownloader {
   /// cache and never reported. A file that cannot be written gives an error of the domain "Error
   /// saving file" with the code 1001. Without a completion the file is fetched all the same.
   virtual void loadFileAsync(const foundation::Url& url, Completion completion);
+
+  /// One of the two is empty.
+  struct Fetched {
+    std::string path;
+    std::string problem;  ///< a sentence with the URL, without a full stop
+  };
+
+  /// As `loadFileSync`, but keeps only what is an answer: with a body, and with a status of 200 to
+  /// 299. Ends, with a problem, when the requests are cancelled. For `MapView::loadFloors`.
+  virtual Fetched fetchFile(const foundation::Url& url, const std::string& path,
+                            network::AwaitedRequests& requests);
 };
 
 }  // namespace orivanta

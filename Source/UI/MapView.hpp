@@ -97,10 +97,10 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// that arrive later can be switched to from then on. When no floor can be shown the delegate is
   /// not told, and the activity indicator stops; it turns again from the next call on.
   ///
-  /// Nothing is fatal but a missing venue: what goes wrong is told for each floor. A model that
-  /// cannot be read is taken out of the caches directory, so that another call fetches it anew. A
-  /// load under way in this view is cancelled first, and so is this one when the view goes or gets
-  /// another venue.
+  /// Nothing is fatal but a missing venue: what goes wrong is told for each floor. An answer of a
+  /// status that is no success counts as none. A model that cannot be read is taken out of the
+  /// caches directory, so that another call fetches it anew. A load under way in this view is
+  /// cancelled first, and so is this one when the view goes or gets another venue.
   std::shared_ptr<FloorLoad> loadFloors(FloorLoadHandlers handlers,
                                         const std::shared_ptr<Map>& first = nullptr);
 

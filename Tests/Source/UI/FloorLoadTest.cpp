@@ -26,13 +26,14 @@ class HoldingDownloader : public HttpDownloader {
  public:
   explicit HoldingDownloader(std::shared_ptr<HttpDownloader> source) : source_(std::move(source)) {}
 
-  std::optional<std::string> loadFileSync(const Url& url, const std::string& folder) override {
+  Fetched fetchFile(const Url& url, const std::string& folder,
+                    network::AwaitedRequests& requests) override {
     const std::string name = *url.lastPathComponent();
     if (const auto latch = held.find(name); latch != held.end()) {
-      if (!latch->second->wait()) return std::nullopt;
+      if (!latch->second->wait()) return {"", "no patience"};
     }
-    if (name == "missing") return std::nullopt;
-    return source_->loadFileSync(url, folder);
+    if (name == "missing") return {"", "missing"};
+    return source_->fetchFile(url, folder, requests);
   }
 
   std::map<std::string, std::shared_ptr<Latch>> held;  ///< set before the load

@@ -1,0 +1,36 @@
+// The picture of a place, fetched while people look at something else.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "Apps/Viewer/Widgets/PictureView.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/UI/FileFetch.hpp"
+
+namespace orivanta::viewer {
+
+/// One picture at a time: the next one ends the request for the former, and so does the end of
+/// this. Main thread.
+class PictureFetch {
+ public:
+  using Arrived =
+      std::function<void(const std::shared_ptr<const graphics::Image>& picture, PictureMode mode)>;
+
+  ~PictureFetch() { cancel(); }
+
+  /// `arrived` is called from the main queue, at most once: not without a picture that can be read,
+  /// nor once another is fetched. Pictures are kept below the folder `slug`, apart by their URLs
+  /// without the server, whose port may be another one tomorrow.
+  void start(const Location& place, const std::string& slug,
+             std::shared_ptr<HttpDownloader> downloader, Arrived arrived);
+
+ private:
+  void cancel();
+
+  std::shared_ptr<FileFetch> fetch_;
+  std::shared_ptr<Arrived> arrived_;  // gone with the wish for the picture
+};
+
+}  // namespace orivanta::viewer

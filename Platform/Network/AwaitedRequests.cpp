@@ -1,0 +1,46 @@
+#include "Platform/Network/AwaitedRequests.hpp"
+
+#include <cerrno>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <utility>
+
+namespace orivanta::network {
+
+struct AwaitedRequests::State {
+  std::mutex mutex;
+  std::condition_variable changed;
+  bool isCancelled = false;
+};
+
+AwaitedRequests::AwaitedRequests() : state_(std::make_shared<State>()) {}
+
+UrlResult AwaitedRequests::get(const foundation::Url& url) {
+  const auto answer = std::make_shared<std::optional<UrlResult>>();
+  const auto transfer =
+      defaultTransport().start({url, {}}, [state = state_, answer](UrlResult result) {
+        const std::lock_guard lock(state->mutex);
+        *answer = std::move(result);
+        state->changed.notify_all();
+      });
+  std::unique_lock lock(state_->mutex);
+  state_->changed.wait(lock, [&] { return answer->has_value() || state_->isCancelled; });
+  if (!*answer) {
+    lock.unlock();
+    transfer->cancel();
+    return {foundation::Error{"http", ECANCELED, "the request was cancelled"}, {}, {}};
+  }
+  UrlResult result = *std::move(*answer);
+  lock.unlock();
+  if (!result.error) result.error = defaultTransport().decodeBody(result);
+  return result;
+}
+
+void AwaitedRequests::cancel() {
+  const std::lock_guard lock(state_->mutex);
+  state_->isCancelled = true;
+  state_->changed.notify_all();
+}
+
+}  // namespace orivanta::network

@@ -1,0 +1,29 @@
+// Requests that threads wait for and another thread may end.
+#pragma once
+
+#include <memory>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Url.hpp"
+#include "Platform/Network/UrlTransport.hpp"
+
+namespace orivanta::network {
+
+/// Any thread, but that on which the transport reports.
+class ORIVANTA_API AwaitedRequests {
+ public:
+  AwaitedRequests();
+
+  /// What answers, of any status, its body decoded; blocks. As for a session's request, redirects
+  /// are followed, and a minute without a byte ends it.
+  UrlResult get(const foundation::Url& url);
+
+  /// Ends all `get`, also later ones, with an error of the domain "http" and the code ECANCELED.
+  void cancel();
+
+ private:
+  struct State;
+  const std::shared_ptr<State> state_;
+};
+
+}  // namespace orivanta::network
