@@ -67,6 +67,7 @@ foreach(
         Platform/Graphics/Text.hpp
         Platform/Graphics/Transaction.hpp
         Platform/Graphics/Vector.hpp
+        Platform/Network/AwaitedRequests.hpp
         Platform/Network/HttpUrlResponse.hpp
         Platform/Network/UrlSession.hpp
         Platform/Network/UrlTransport.hpp
