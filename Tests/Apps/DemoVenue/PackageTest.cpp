@@ -162,11 +162,14 @@ TEST(DemoVenuePackage, EveryLocationKeepsANodeAndLiesInACategory) {
 }
 
 TEST(DemoVenuePackage, EveryLocationHasAPictureInAllItsSizes) {
+  std::set<std::string> read;
   for (const json::value& record : recordsOf("location.json")) {
     const json::object& picture = record.at("picture").as_object();
     EXPECT_EQ(picture.at("original"), picture.at("large"));
     for (const demo::Rendition& rendition : demo::renditions) {
-      const auto file = generatedVenue() / picture.at(rendition.key).as_string().c_str();
+      const std::string name = picture.at(rendition.key).as_string().c_str();
+      if (!read.insert(name).second) continue;  // many places have the same
+      const auto file = generatedVenue() / name;
       const auto image = graphics::readImage(file);
       ASSERT_TRUE(image) << file;
       EXPECT_EQ(static_cast<int>(image->width()), rendition.width);
