@@ -18,6 +18,7 @@ namespace {
 constexpr double wheelZoom = 1.18;  // a step
 constexpr double wheelScroll = 60;  // points, a step
 constexpr const char* allVenues = "All venues";
+constexpr double noteTime = 6;      // seconds
 constexpr double venueShare = 0.4;  // of the bar, for the records; the rest is for the floors
 
 // The list that a point is over, if any.
@@ -44,14 +45,16 @@ Viewer::Viewer(ViewerOptions options)
       veil_(std::make_shared<LoadingVeil>()),
       venueList_(std::make_shared<VenueList>()),
       message_(std::make_shared<MessagePanel>()),
+      note_(std::make_shared<Note>()),
       fingers_(root_),
       pointer_(*this) {
   root_->setBackgroundColor(theme::backdrop);
   for (const std::shared_ptr<view::View>& part :
-       std::initializer_list<std::shared_ptr<view::View>>{veil_, venueList_, message_})
+       std::initializer_list<std::shared_ptr<view::View>>{note_, veil_, venueList_, message_})
     root_->addSubview(part);
   venueList_->setHidden(true);
   message_->setHidden(true);
+  note_->setHidden(true);
   venueList_->chosen = [this](const auto& venue) { open(venue); };
   listVenues();
 }
@@ -113,8 +116,10 @@ void Viewer::choose(const VenueSource::Venues& venues) {
     if (venue != venues.end()) return open(*venue);
     return showProblem(
         {fmt::format("No venue \u201C{}\u201D", *slug_),
-         fmt::format("The server at {} has {} of other names.", source_.endpoint(),
-                     venues.size() == 1 ? "one" : fmt::format("{}", venues.size()))},
+         venues.size() == 1 ? fmt::format("The server at {} has only \u201C{}\u201D.",
+                                          source_.endpoint(), venues.front()->slug.value_or(""))
+                            : fmt::format("The server at {} has {} venues, but none of this name.",
+                                          source_.endpoint(), venues.size())},
         [this] { listVenues(); }, [this] { showList(); }, allVenues);
   }
   showList();
@@ -133,7 +138,11 @@ void Viewer::showList() {
 void Viewer::open(const std::shared_ptr<Venue>& venue) {
   venue_ = Venue::make(venue->_data);
   showLoading(venue_->name.value_or(""));
-  source_.loadVenue(venue_, handlers([this, venue] { open(venue); }), [this] { showFloors(); });
+  source_.loadVenue(venue_, handlers([this, venue] { open(venue); }),
+                    [this](const std::vector<LoadFailure>& missing) {
+                      showFloors();
+                      if (!missing.empty()) remark("The categories of the places are missing.");
+                    });
 }
 
 bool Viewer::canGoBack() const { return venue_ != nullptr && (!slug_ || venueList_->size() > 1); }
@@ -154,6 +163,7 @@ void Viewer::goBack() {
     venueView_ = nullptr;
   }
   venue_ = nullptr;
+  hideNote();
   mapFingers_.clear();
   showList();
 }
@@ -224,6 +234,18 @@ void Viewer::arrange() {
     panel->setFrame(frame);
   }
   if (venueView_) venueView_->arrange(size_, scale_);
+  arrangeNote();
+}
+
+// Where no panel keeps lying: at the lower edge, on a phone below the search field.
+void Viewer::arrangeNote() {
+  constexpr double leastWideWidth = 720;
+  constexpr double belowSearch = 76;
+  const graphics::Size note = note_->arrange(size_);
+  const double lowest = size_.height - note.height - theme::margin;
+  note_->setFrame({{std::round((size_.width - note.width) / 2),
+                    size_.width >= leastWideWidth ? lowest : belowSearch},
+                   note});
 }
 
 // --- What people do
@@ -300,12 +322,27 @@ bool Viewer::showsMap() const { return venueView_ && veil_->isHidden() && messag
 
 void Viewer::advance(double time) {
   if (venueView_) venueView_->advance(time);
+  if (note_->isHidden() || !showsMap()) return;
+  if (!noteEnd_) noteEnd_ = time + noteTime;
+  if (time >= *noteEnd_) hideNote();
 }
 
 bool Viewer::isMoving() const {
   if (!veil_->isHidden()) return veil_->isBusy();
-  return venueView_ && venueView_->isMoving();
+  return venueView_ && (venueView_->isMoving() || !note_->isHidden());
 }
+
+void Viewer::remark(const std::string& sentence) {
+  const std::string before = note();
+  note_->setText(before.empty() ? sentence : before + ' ' + sentence);
+  note_->setHidden(false);
+  noteEnd_.reset();
+  arrangeNote();
+}
+
+std::string Viewer::note() const { return note_->isHidden() ? "" : note_->text(); }
+
+void Viewer::hideNote() { note_->setHidden(true); }
 
 std::string Viewer::title() const {
   return venueView_ ? venueView_->venue()->name.value_or("Orivanta") : "Orivanta";
