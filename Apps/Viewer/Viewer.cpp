@@ -182,28 +182,34 @@ void Viewer::showFloors() {
     veil_->setHidden(true);
     arrange();
   };
-  venueView_->failed = [this](const Problem& problem) { floorFailed(problem); };
+  venueView_->failed = [this](const Problem& problem, const auto& floor) {
+    floorFailed(problem, floor);
+  };
   arrange();
   venueView_->load();
 }
 
 void Viewer::raisePanels() {
   for (const view::View* above :
-       {static_cast<view::View*>(veil_.get()), static_cast<view::View*>(venueList_.get()),
-        static_cast<view::View*>(message_.get())})
+       {static_cast<view::View*>(note_.get()), static_cast<view::View*>(veil_.get()),
+        static_cast<view::View*>(venueList_.get()), static_cast<view::View*>(message_.get())})
     root_->bringSubviewToFront(*above);
 }
 
-void Viewer::floorFailed(const Problem& problem) {
-  const auto retry = [this] {
+void Viewer::floorFailed(const Problem& problem, const std::shared_ptr<Map>& floor) {
+  const auto backToTheMap = [this] { message_->setHidden(true); };
+  const auto retryFloor = [this, floor] {
+    message_->setHidden(true);
+    venueView_->retry(floor);
+  };
+  const auto retryAll = [this] {
     showLoading(venueView_->venue()->name.value_or(""));
     venueView_->load();
   };
-  if (veil_->isHidden())
-    showProblem(
-        problem, retry, [this] { message_->setHidden(true); }, "Back to the map");
+  if (floor)
+    showProblem(problem, retryFloor, backToTheMap, "Back to the map");
   else
-    showProblem(problem, retry, wayBack(), allVenues);
+    showProblem(problem, retryAll, wayBack(), allVenues);
 }
 
 // --- Layout

@@ -90,7 +90,7 @@ class Viewer {
   void hideNote();
   void showProblem(const Problem& problem, std::function<void()> retry,
                    std::function<void()> dismiss = nullptr, const std::string& otherWay = "");
-  void floorFailed(const Problem& problem);
+  void floorFailed(const Problem& problem, const std::shared_ptr<Map>& floor);
   VenueSource::Handlers handlers(std::function<void()> retry);
   std::function<void()> wayBack();
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Apps/Command/Places.hpp"
+#include "Platform/View/ActivityIndicatorView.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Source/Map.hpp"
 
@@ -28,15 +29,27 @@ class FloorSwitch::Cell : public Pressable {
         label_(std::make_shared<Label>(LabelStyle{.bold = true, .alignment = Alignment::centre},
                                        command::floorLabel(*floor))) {
     addSubview(label_);
+    addSubview(wheel_);
+    wheel_->setStyle(view::ActivityIndicatorStyle::gray);
+    wheel_->setColor(theme::accent);
     for (const double size : {theme::textSize, theme::smallSize, smallestSize}) {
       label_->setSize(size);
       if (label_->fitting(2 * theme::controlSize).width <= theme::controlSize - 2) break;
     }
   }
 
+  void setAwaited(bool awaited) {
+    label_->setHidden(awaited);
+    if (awaited)
+      wheel_->startAnimating();
+    else
+      wheel_->stopAnimating();
+  }
+
   void draw(view::Canvas& canvas) override {
     const graphics::Size size = bounds().size;
     label_->setFrame({{1, 0}, {size.width - 2, size.height}});
+    wheel_->setFrame(bounds());
     label_->setColor(isCurrent ? theme::paper : theme::ink);
     label_->setAlpha(state == FloorState::ready || isCurrent ? 1 : 0.35);
     if (isCurrent || isPressed())
@@ -55,6 +68,8 @@ class FloorSwitch::Cell : public Pressable {
 
  private:
   std::shared_ptr<Label> label_;
+  std::shared_ptr<view::ActivityIndicatorView> wheel_ =
+      std::make_shared<view::ActivityIndicatorView>();
 };
 
 FloorSwitch::FloorSwitch(std::vector<std::shared_ptr<Map>> floors) {
@@ -73,6 +88,10 @@ FloorSwitch::FloorSwitch(std::vector<std::shared_ptr<Map>> floors) {
 void FloorSwitch::setState(const Map& floor, FloorState state) {
   for (const auto& cell : cells_)
     if (*cell->floor == floor) cell->state = state;
+}
+
+void FloorSwitch::setAwaited(const std::shared_ptr<Map>& floor) {
+  for (const auto& cell : cells_) cell->setAwaited(cell->floor == floor);
 }
 
 void FloorSwitch::setCurrent(std::shared_ptr<Map> floor) {

@@ -19,6 +19,9 @@ class FloorSwitch : public Panel {
   std::function<void(const std::shared_ptr<Map>&)> chosen;
 
   void setState(const Map& floor, FloorState state);
+
+  /// A wheel turns in place of its name; null for none.
+  void setAwaited(const std::shared_ptr<Map>& floor);
   void setCurrent(std::shared_ptr<Map> floor);
 
   /// Puts a dot on the floors that a route passes.

@@ -74,4 +74,34 @@ TEST_F(ViewerFailuresTest, NeedsWhatRoutesAreMadeOfAndTellsWhatElseIsMissing) {
   }
 }
 
+TEST_F(ViewerFailuresTest, TellsThatAnAwaitedFloorFailsAndLoadsThatOneAgain) {
+  const auto latch = std::make_shared<test::Latch>();
+  server.on("/u.obj", {nothing.held(latch), nothing, model});
+  test::ViewerStage stage(server.root(), "small");
+  Viewer& viewer = stage.viewer;
+  stage.untilShown();
+  VenueView& view = *viewer.venueView();
+  view.select(stage.place("cafe"));
+  stage.settle();
+  const CameraPose pose = view.camera().pose();
+  const auto ground = view.mapView().currentMap();
+  const auto upper = view.venue()->maps->back();
+  view.showFloor(upper);
+  EXPECT_TRUE(viewer.isMoving()) << "a wheel turns in its cell";
+  EXPECT_EQ(viewer.message(), nullptr);
+  latch->open();
+  for (int times = 0; times < 2; ++times) {
+    stage.until([&] { return viewer.message() != nullptr; });
+    EXPECT_EQ(viewer.message()->title(), "Upper cannot be loaded");
+    EXPECT_EQ(view.mapView().currentMap(), ground);
+    EXPECT_EQ(view.camera().pose(), pose) << "the map stays as it was";
+    viewer.keyPressed({Key::enter});
+    EXPECT_TRUE(viewer.showsMap());
+  }
+  stage.until([&] { return view.mapView().currentMap() == upper; });
+  stage.untilShown();
+  EXPECT_EQ(viewer.message(), nullptr);
+  EXPECT_EQ(view.selected(), stage.place("cafe"));
+}
+
 }  // namespace orivanta::viewer
