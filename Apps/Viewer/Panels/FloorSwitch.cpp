@@ -22,10 +22,11 @@ bool canBeShown(FloorState state) {
 
 }  // namespace
 
-class FloorSwitch::Cell : public Pressable {
+class FloorSwitch::Cell : public Row {
  public:
   explicit Cell(std::shared_ptr<Map> shownFloor)
-      : floor(std::move(shownFloor)),
+      : Row(theme::controlSize),
+        floor(std::move(shownFloor)),
         label_(std::make_shared<Label>(LabelStyle{.bold = true, .alignment = Alignment::centre},
                                        command::floorLabel(*floor))) {
     addSubview(label_);
@@ -81,8 +82,9 @@ FloorSwitch::FloorSwitch(std::vector<std::shared_ptr<Map>> floors) {
       if (chosen) chosen(floor);
     };
     cells_.push_back(cell);
-    addSubview(cell);
   }
+  list_->setRows({cells_.begin(), cells_.end()});
+  addSubview(list_);
 }
 
 void FloorSwitch::setState(const Map& floor, FloorState state) {
@@ -97,6 +99,12 @@ void FloorSwitch::setAwaited(const std::shared_ptr<Map>& floor) {
 void FloorSwitch::setCurrent(std::shared_ptr<Map> floor) {
   current_ = std::move(floor);
   for (const auto& cell : cells_) cell->isCurrent = cell->floor == current_;
+  revealCurrent();
+}
+
+void FloorSwitch::revealCurrent() {
+  for (std::size_t i = 0; i < cells_.size(); ++i)
+    if (cells_[i]->isCurrent) list_->reveal(i);
 }
 
 void FloorSwitch::setRoute(const std::vector<std::shared_ptr<Map>>& floors) {
@@ -116,14 +124,17 @@ std::shared_ptr<Map> FloorSwitch::neighbour(int up) const {
   return cells_[static_cast<std::size_t>(index)]->floor;
 }
 
-graphics::Size FloorSwitch::arrange() {
+double FloorSwitch::wholeHeight() const { return list_->contentHeight() + 2 * inset; }
+
+graphics::Size FloorSwitch::arrange(double mostHeight) {
   constexpr double side = theme::controlSize;
-  double top = inset;
-  for (const auto& cell : cells_) {
-    cell->setFrame({{inset, top}, {side, side}});
-    top += side;
-  }
-  return {side + 2 * inset, top + inset};
+  const double height =
+      cells_.empty() ? 0 : std::max(side, list_->heightWithin(mostHeight - 2 * inset));
+  const bool hasChanged = height != list_->bounds().size.height;
+  list_->setFrame({{inset, inset}, {side, height}});
+  list_->arrange();
+  if (hasChanged) revealCurrent();
+  return {side + 2 * inset, height + 2 * inset};
 }
 
 }  // namespace orivanta::viewer

@@ -6,7 +6,7 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double mostWidth = 460;  // points
+constexpr double mostWidth = 560;  // points
 constexpr double border = 12;      // above the text, and below it
 
 }  // namespace
