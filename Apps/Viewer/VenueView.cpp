@@ -161,6 +161,7 @@ void VenueView::stopLoading() {
   progressed = nullptr;
   loaded = nullptr;
   failed = nullptr;
+  remarked = nullptr;
   if (floorLoad_) floorLoad_->cancel();
 }
 
@@ -208,7 +209,8 @@ void VenueView::lookAgain() {
 }
 
 void VenueView::floorsEnded(const std::vector<FloorProgress>& floors) {
-  if (isLoaded_ || !failed) return;
+  if (isLoaded_) return remarkOmissions(floors);
+  if (!failed) return;
   const auto broken = std::find_if(floors.begin(), floors.end(), [](const FloorProgress& floor) {
     return floor.state == FloorState::failed;
   });
@@ -218,6 +220,17 @@ void VenueView::floorsEnded(const std::vector<FloorProgress>& floors) {
            nullptr);
   else
     failed({"The floors cannot be loaded", broken->problem + "."}, nullptr);
+}
+
+void VenueView::remarkOmissions(const std::vector<FloorProgress>& floors) {
+  std::vector<std::string> names;
+  for (const FloorProgress& floor : floors)
+    if (floor.state == FloorState::ready && !floor.problem.empty())
+      names.push_back(floor.map->name.empty() ? command::floorLabel(*floor.map) : floor.map->name);
+  if (names.empty() || !remarked) return;
+  remarked(names.size() == 1
+               ? fmt::format("{} is shown without some of its textures.", names.front())
+               : fmt::format("{} floors are shown without some of their textures.", names.size()));
 }
 
 void VenueView::mapViewDidLoad() {
@@ -326,8 +339,7 @@ void VenueView::polygonSelected(const std::shared_ptr<Polygon>& polygon) {
   const auto place = polygon->locations.front().lock();
   labelsAreOld_ = true;
   if (search_->isOpen()) search_->close();
-  if (!place || fillsEnd(place)) return;
-  if (!route_) select(place);
+  if (place && !fillsEnd(place)) select(place);
 }
 
 void VenueView::nothingSelected() {

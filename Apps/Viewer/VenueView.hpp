@@ -35,6 +35,9 @@ class VenueView : public view::View, public MapViewDelegate {
   /// There is none to see, or one that was asked for while others can be seen: `floor`, else null.
   std::function<void(const Problem&, const std::shared_ptr<Map>& floor)> failed;
 
+  /// Told in a sentence what the floors are shown without, if anything.
+  std::function<void(const std::string&)> remarked;
+
   /// To the list of venues; without it no button for it shows. Set before `arrange`.
   std::function<void()> wayBack;
 
@@ -99,6 +102,7 @@ class VenueView : public view::View, public MapViewDelegate {
   void floorsEnded(const std::vector<FloorProgress>& floors);
   void await(const std::shared_ptr<Map>& floor);
   void tellFailure(const FloorProgress& floor);
+  void remarkOmissions(const std::vector<FloorProgress>& floors);
   void floorShown();
   void lookAgain();
   void resumeMap();

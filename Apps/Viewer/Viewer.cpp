@@ -185,6 +185,7 @@ void Viewer::showFloors() {
   venueView_->failed = [this](const Problem& problem, const auto& floor) {
     floorFailed(problem, floor);
   };
+  venueView_->remarked = [this](const std::string& sentence) { remark(sentence); };
   arrange();
   venueView_->load();
 }

@@ -21,10 +21,10 @@ class ViewerFailuresTest : public testing::Test {
   ViewerFailuresTest() {
     server.on("/1/venue", Answer::json(R"([{"id": "v", "slug": "small", "name": "Small"}])"));
     constexpr const char* floor = R"({{"id": "{0}", "name": "{1}", "elevation": {2},
-                                  "scene": {{"obj": "{3}"}}}})";
+                                  "scene": {{"obj": "{3}.obj", "mtl": "{3}.mtl"}}}})";
     server.on("/1/map",
-              Answer::json('[' + fmt::format(floor, "g", "Ground", 0, server.root("/g.obj")) + ',' +
-                           fmt::format(floor, "u", "Upper", 5, server.root("/u.obj")) + ']'));
+              Answer::json('[' + fmt::format(floor, "g", "Ground", 0, server.root("/g")) + ',' +
+                           fmt::format(floor, "u", "Upper", 5, server.root("/u")) + ']'));
     server.on("/1/location", Answer::json(R"([
         {"id": "cafe", "name": "Cafe", "type": "shop", "categories": [], "nodes": [{"node": "a"}]},
         {"id": "loft", "name": "Loft", "type": "shop", "categories": [], "nodes": [{"node": "b"}]}])"));
@@ -33,6 +33,7 @@ class ViewerFailuresTest : public testing::Test {
     for (const char* empty : {"/1/category", "/1/vortex", "/1/polygon"})
       server.on(empty, Answer::json("[]"));
     for (const char* path : {"/g.obj", "/u.obj"}) server.on(path, model);
+    for (const char* path : {"/g.mtl", "/u.mtl"}) server.on(path, Answer::html("newmtl Slab\n"));
   }
 
   const Answer model =
@@ -49,17 +50,19 @@ TEST_F(ViewerFailuresTest, NeedsWhatRoutesAreMadeOfAndTellsWhatElseIsMissing) {
   struct Case {
     const char* path;
     const char* slug;
-    const char* title;  // null when the map shows nonetheless
+    const char* title;  // null when the map shows nonetheless, with a note
+    const char* note = "";
   };
-  for (const Case& each : {Case{"/1/vortex", "small", "The server does not give the venue"},
+  for (const Case& each : {Case{"/g.mtl", "small", nullptr, "Ground is shown without"},
+                           {"/1/vortex", "small", "The server does not give the venue"},
                            {"/1/venue", "small", "The server does not list its venues"},
                            {"/", "ghost", "No venue \u201Cghost\u201D"},
-                           {"/1/category", "small", nullptr}}) {
+                           {"/1/category", "small", nullptr, "categories"}}) {
     server.on(each.path, nothing);
     test::ViewerStage stage(server.root(), each.slug);
     if (each.title == nullptr) {
       stage.until([&] { return !stage.viewer.note().empty(); });
-      EXPECT_THAT(stage.viewer.note(), HasSubstr("categories"));
+      EXPECT_THAT(stage.viewer.note(), HasSubstr(each.note));
       stage.untilShown();
       EXPECT_EQ(stage.viewer.note(), "") << "it has gone by itself";
       continue;

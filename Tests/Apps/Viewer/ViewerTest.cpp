@@ -74,6 +74,10 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     view.routePanel().stepChosen(view.route()->steps.back());
     stage.settle();
     EXPECT_EQ(view.mapView().currentMap()->shortName, "2");
+    view.polygonSelected(stage.place("dosa-dynamo")->polygons.front());
+    EXPECT_FALSE(view.placeCard().isHidden()) << "also while there is a route";
+    stage.viewer.keyPressed({Key::escape});
+    EXPECT_TRUE(view.route() && !view.routePanel().isHidden());
     stage.viewer.keyPressed({Key::escape});
     EXPECT_FALSE(view.route());
     EXPECT_FALSE(view.mapView().currentPath);
