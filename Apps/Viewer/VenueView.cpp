@@ -228,9 +228,10 @@ void VenueView::remarkOmissions(const std::vector<FloorProgress>& floors) {
     if (floor.state == FloorState::ready && !floor.problem.empty())
       names.push_back(floor.map->name.empty() ? command::floorLabel(*floor.map) : floor.map->name);
   if (names.empty() || !remarked) return;
-  remarked(names.size() == 1
-               ? fmt::format("{} is shown without some of its textures.", names.front())
-               : fmt::format("{} floors are shown without some of their textures.", names.size()));
+  const auto remark = std::exchange(remarked, nullptr);  // once, whatever is tried again
+  remark(names.size() == 1
+             ? fmt::format("{} is shown without some of its textures.", names.front())
+             : fmt::format("{} floors are shown without some of their textures.", names.size()));
 }
 
 void VenueView::mapViewDidLoad() {

@@ -50,7 +50,7 @@ Viewer::Viewer(ViewerOptions options)
       pointer_(*this) {
   root_->setBackgroundColor(theme::backdrop);
   for (const std::shared_ptr<view::View>& part :
-       std::initializer_list<std::shared_ptr<view::View>>{note_, veil_, venueList_, message_})
+       std::initializer_list<std::shared_ptr<view::View>>{veil_, venueList_, message_, note_})
     root_->addSubview(part);
   venueList_->setHidden(true);
   message_->setHidden(true);
@@ -192,8 +192,8 @@ void Viewer::showFloors() {
 
 void Viewer::raisePanels() {
   for (const view::View* above :
-       {static_cast<view::View*>(note_.get()), static_cast<view::View*>(veil_.get()),
-        static_cast<view::View*>(venueList_.get()), static_cast<view::View*>(message_.get())})
+       {static_cast<view::View*>(veil_.get()), static_cast<view::View*>(venueList_.get()),
+        static_cast<view::View*>(message_.get()), static_cast<view::View*>(note_.get())})
     root_->bringSubviewToFront(*above);
 }
 
@@ -293,7 +293,7 @@ void Viewer::wheel(graphics::Point at, double steps, double time) {
 
 void Viewer::keyPressed(const KeyPress& press) {
   if (press.key == Key::picture) {
-    if (pictureWanted) pictureWanted();
+    takePicture();
     return;
   }
   if (!message_->isHidden()) {
@@ -313,7 +313,7 @@ void Viewer::keyPressed(const KeyPress& press) {
 
 void Viewer::textTyped(std::string_view text) {
   if (showsMap() && venueView_->handleText(text)) return;
-  if ((text == "s" || text == "S") && pictureWanted) pictureWanted();
+  if (text == "s" || text == "S") takePicture();
 }
 
 void Viewer::textComposed(std::string_view text) {
@@ -329,14 +329,14 @@ bool Viewer::showsMap() const { return venueView_ && veil_->isHidden() && messag
 
 void Viewer::advance(double time) {
   if (venueView_) venueView_->advance(time);
-  if (note_->isHidden() || !showsMap()) return;
+  if (note_->isHidden() || isLoading()) return;
   if (!noteEnd_) noteEnd_ = time + noteTime;
   if (time >= *noteEnd_) hideNote();
 }
 
 bool Viewer::isMoving() const {
-  if (!veil_->isHidden()) return veil_->isBusy();
-  return venueView_ && (venueView_->isMoving() || !note_->isHidden());
+  if (isLoading() || !note_->isHidden()) return true;
+  return venueView_ && veil_->isHidden() && venueView_->isMoving();
 }
 
 void Viewer::remark(const std::string& sentence) {
@@ -348,6 +348,13 @@ void Viewer::remark(const std::string& sentence) {
 }
 
 std::string Viewer::note() const { return note_->isHidden() ? "" : note_->text(); }
+
+// Without a note of the one before.
+void Viewer::takePicture() {
+  if (!pictureWanted) return;
+  hideNote();
+  pictureWanted();
+}
 
 void Viewer::hideNote() { note_->setHidden(true); }
 

@@ -87,7 +87,9 @@ class Viewer {
   void showList();
   void raisePanels();
   void arrangeNote();
+  bool isLoading() const { return !veil_->isHidden() && veil_->isBusy(); }
   void hideNote();
+  void takePicture();
   void showProblem(const Problem& problem, std::function<void()> retry,
                    std::function<void()> dismiss = nullptr, const std::string& otherWay = "");
   void floorFailed(const Problem& problem, const std::shared_ptr<Map>& floor);

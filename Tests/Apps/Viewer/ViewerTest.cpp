@@ -90,6 +90,10 @@ TEST_F(ViewerTest, PlansWithoutStepsWhenAsked) {
   RoutePlanner planner(stage.viewer.venueView()->venue());
   const auto from = stage.place("tamarisk-row");
   const auto to = stage.place("dosa-dynamo");
+  const auto nowhere = planner.plan(from, from, false);
+  ASSERT_TRUE(nowhere);
+  EXPECT_TRUE(nowhere->summary.starts_with("You are there"));
+  EXPECT_TRUE(nowhere->steps.empty());
   for (const bool accessible : {false, true}) {
     const auto route = planner.plan(from, to, accessible);
     ASSERT_TRUE(route);
