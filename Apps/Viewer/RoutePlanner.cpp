@@ -87,6 +87,10 @@ std::string RoutePlanner::distanceText(double length) const {
 
 void RoutePlanner::describe(PlannedRoute& route, const NavigationGraph& network) const {
   const NodeList& path = route.path;
+  if (path.size() == 1) {
+    route.summary = "You are there already";
+    return addFloor(route, path.front()->map);
+  }
   double total = 0;
   double walked = 0;  // since the last step
   const Vortex* ridden = nullptr;

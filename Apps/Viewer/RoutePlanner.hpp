@@ -23,8 +23,8 @@ struct PlannedRoute {
   NodeList path;  ///< at least one node
   std::shared_ptr<Location> from;
   std::shared_ptr<Location> to;
-  std::string summary;  ///< such as "160 m, about 3 min"
-  std::vector<RouteStep> steps;
+  std::string summary;                       ///< such as "160 m, about 3 min"
+  std::vector<RouteStep> steps;              ///< none from a place to itself
   std::vector<std::shared_ptr<Map>> floors;  ///< on which it goes somewhere, each once
 };
 

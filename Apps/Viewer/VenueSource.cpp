@@ -22,7 +22,8 @@ namespace {
 std::string sentence(std::string text) {
   if (!text.starts_with("http") && !text.empty() && text.front() >= 'a' && text.front() <= 'z')
     text.front() = static_cast<char>(text.front() - 'a' + 'A');
-  return text + '.';
+  if (!text.empty() && text.back() != '?') text += '.';
+  return text;
 }
 
 Problem problemOf(const LoadFailure& failure) {
@@ -33,7 +34,9 @@ Problem problemOf(const LoadFailure& failure) {
     case LoadProblem::noAnswer:
       return {"The server does not answer", reason};
     default:
-      return {"The server does not give the venue", reason};
+      return {failure.collection == "venue" ? "The server does not list its venues"
+                                            : "The server does not give the venue",
+              reason};
   }
 }
 
@@ -102,18 +105,19 @@ void VenueSource::fetchVenues(Handlers handlers, std::function<void(Venues)> don
 }
 
 void VenueSource::loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
-                            std::function<void()> done) {
+                            std::function<void(const std::vector<LoadFailure>&)> done) {
   const auto loaded = [venue, done = std::move(done),
-                       failed = handlers.failed](const VenueLoadReport&) {
+                       failed = handlers.failed](const VenueLoadReport& report) {
     if (venue->maps->empty())
       failed({"This venue is empty", venue->name.value_or("") + " has no floors to show yet."});
     else
-      done();
+      done(report.failures);
   };
   cancel();
-  load_ = loadVenueReporting(
-      makeSession(), venue, /*accessible=*/false,
-      handlersFor<VenueLoadReport>(handlers, {"location", "map", "node", "polygon"}, loaded));
+  load_ =
+      loadVenueReporting(makeSession(), venue, /*accessible=*/false,
+                         handlersFor<VenueLoadReport>(
+                             handlers, {"location", "map", "node", "polygon", "vortex"}, loaded));
 }
 
 }  // namespace orivanta::viewer

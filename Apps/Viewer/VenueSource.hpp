@@ -38,9 +38,9 @@ class VenueSource {
   void fetchVenues(Handlers handlers, std::function<void(Venues)> done);
 
   /// All collections of a venue, which is the active one from now on, and the whole of its walking
-  /// network.
+  /// network. Without its floors, places or network it has failed; what else is missing is told.
   void loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
-                 std::function<void()> done);
+                 std::function<void(const std::vector<LoadFailure>& missing)> done);
 
   /// Ends what is under way, without a word, and lets go of the active venue.
   void release();

@@ -121,7 +121,6 @@ void VenueView::connect() {
 
 void VenueView::load(const std::shared_ptr<Map>& first) {
   const auto self = std::weak_ptr(std::static_pointer_cast<VenueView>(shared_from_this()));
-  isLoaded_ = false;
   FloorLoadHandlers handlers;
   handlers.floorChanged = [self](const FloorProgress& floor) {
     if (const auto view = self.lock()) view->floorsChanged(floor);
@@ -132,23 +131,53 @@ void VenueView::load(const std::shared_ptr<Map>& first) {
   floorLoad_ = mapView_->loadFloors(std::move(handlers), first);
 }
 
+void VenueView::retry(const std::shared_ptr<Map>& floor) {
+  await(floor);
+  load(floor);
+  highlight(selected_);
+}
+
 void VenueView::stopLoading() {
   progressed = nullptr;
   loaded = nullptr;
   failed = nullptr;
+  remarked = nullptr;
   if (floorLoad_) floorLoad_->cancel();
 }
 
 void VenueView::floorsChanged(const FloorProgress& floor) {
-  floors_->setState(*floor.map, floor.state);
+  const bool isThere = floor.map->mapObject != nullptr;
+  floors_->setState(*floor.map, isThere ? FloorState::ready : floor.state);
   if (!isLoaded_ && progressed && floorLoad_) {
     const auto all = floorLoad_->floors();
     progressed(shareOf(all), progressText(all));
   }
-  if (floor.state == FloorState::ready && floor.map == awaitedFloor_) {
+  if (floor.state == FloorState::ready) highlight(selected_);
+  if (!isLoaded_ || floor.map != awaitedFloor_) return;
+  if (isThere) {
     showFloor(floor.map);
     lookAgain();
+  } else {
+    tellFailure(floor);
   }
+}
+
+void VenueView::await(const std::shared_ptr<Map>& floor) {
+  awaitedFloor_ = floor;
+  floors_->setAwaited(floor);
+}
+
+// Of the floor that is awaited, if it will not come.
+void VenueView::tellFailure(const FloorProgress& floor) {
+  if (floor.state != FloorState::failed && floor.state != FloorState::withoutModel) return;
+  await(nullptr);
+  if (!failed) return;
+  if (floor.state == FloorState::failed)
+    failed({fmt::format("{} cannot be loaded", floor.map->name), floor.problem + "."}, floor.map);
+  else
+    failed({fmt::format("{} has no 3D model", floor.map->name),
+            "The venue's records name none for this floor."},
+           floor.map);
 }
 
 // At what is wanted, once its floor is there.
@@ -160,19 +189,33 @@ void VenueView::lookAgain() {
 }
 
 void VenueView::floorsEnded(const std::vector<FloorProgress>& floors) {
-  for (const FloorProgress& floor : floors) floors_->setState(*floor.map, floor.state);
-  if (isLoaded_ || !failed) return;
+  if (isLoaded_) return remarkOmissions(floors);
+  if (!failed) return;
   const auto broken = std::find_if(floors.begin(), floors.end(), [](const FloorProgress& floor) {
     return floor.state == FloorState::failed;
   });
   if (broken == floors.end())
     failed({"Nothing to see here yet",
-            fmt::format("No floor of {} has a 3D model.", venue_->name.value_or("this venue"))});
+            fmt::format("No floor of {} has a 3D model.", venue_->name.value_or("this venue"))},
+           nullptr);
   else
-    failed({"The floors cannot be loaded", broken->problem + "."});
+    failed({"The floors cannot be loaded", broken->problem + "."}, nullptr);
+}
+
+void VenueView::remarkOmissions(const std::vector<FloorProgress>& floors) {
+  std::vector<std::string> names;
+  for (const FloorProgress& floor : floors)
+    if (floor.state == FloorState::ready && !floor.problem.empty())
+      names.push_back(floor.map->name.empty() ? command::floorLabel(*floor.map) : floor.map->name);
+  if (names.empty() || !remarked) return;
+  const auto remark = std::exchange(remarked, nullptr);  // once, whatever is tried again
+  remark(names.size() == 1
+             ? fmt::format("{} is shown without some of its textures.", names.front())
+             : fmt::format("{} floors are shown without some of their textures.", names.size()));
 }
 
 void VenueView::mapViewDidLoad() {
+  if (isLoaded_) return resumeMap();
   isLoaded_ = true;
   CameraPose pose = camera_->pose();
   pose.tilt = bounds().size.width < bounds().size.height ? uprightTilt : startTilt;
@@ -180,20 +223,27 @@ void VenueView::mapViewDidLoad() {
   arrangePanels();
   camera_->fit(/*gliding=*/false);
   floorShown();
+  if (awaitedFloor_) showFloor(awaitedFloor_);
   if (loaded) loaded();
 }
 
+// A retry has started the scene anew: the map stays where it was, unless it was left for the floor
+// that has come.
+void VenueView::resumeMap() {
+  if (mapView_->currentMap() != awaitedFloor_ && shownFloor_->mapObject)
+    mapView_->changeMap(shownFloor_);
+  for (int i = 0; i < 2; ++i) camera_->setPose(labelledPose_);  // its limits go by its tilt
+  floorShown();
+}
+
 void VenueView::showFloor(const std::shared_ptr<Map>& floor) {
-  awaitedFloor_ = floor;
-  if (!isLoaded_ || !floor || floor == mapView_->currentMap()) return;
+  if (!floor) return;
+  await(isLoaded_ && floor->mapObject ? nullptr : floor);
+  if (!isLoaded_ || floor == mapView_->currentMap()) return;
   if (!floor->mapObject) {
-    if (!floorLoad_ || !failed) return;
-    for (const FloorProgress& progress : floorLoad_->floors())
-      if (progress.map == floor && progress.state == FloorState::failed)
-        failed({fmt::format("{} cannot be loaded", floor->name), progress.problem + "."});
-      else if (progress.map == floor && progress.state == FloorState::withoutModel)
-        failed({fmt::format("{} has no 3D model", floor->name),
-                "The venue's records name none for this floor."});
+    const auto floors = floorLoad_ ? floorLoad_->floors() : std::vector<FloorProgress>{};
+    for (const FloorProgress& progress : floors)
+      if (progress.map == floor) tellFailure(progress);
     return;
   }
   mapView_->changeMap(floor);
@@ -202,6 +252,7 @@ void VenueView::showFloor(const std::shared_ptr<Map>& floor) {
 }
 
 void VenueView::floorShown() {
+  shownFloor_ = mapView_->currentMap();
   floors_->setCurrent(mapView_->currentMap());
   labels_->reload(scale_);
   if (routeOnMap_) routeOnMap_->show(*mapView_, scale_);
@@ -213,17 +264,22 @@ void VenueView::floorShown() {
 // ---------------------------------------------------------------------------------------
 
 void VenueView::select(const std::shared_ptr<Location>& place) {
-  mapView_->clearHighlightedPolygons();
   selected_ = place;
+  highlight(place);
   if (place) {
     card_->show(*place);
     fetchPicture(place);
-    for (const auto& polygon : place->polygons) mapView_->highlightPolygon(polygon, theme::amber);
     showFloor(floorOf(*place, mapView_->currentMap()));
   }
   mark(place);
   arrangePanels();
   if (place && camera_->isReady()) camera_->frame({flat(mapView_->findPosition3D(*place))});
+}
+
+void VenueView::highlight(const std::shared_ptr<Location>& place) {
+  mapView_->clearHighlightedPolygons();
+  if (!place) return;
+  for (const auto& polygon : place->polygons) mapView_->highlightPolygon(polygon, theme::amber);
 }
 
 // A pin with the name, where the place is on the floor that is shown.
@@ -255,8 +311,7 @@ void VenueView::polygonSelected(const std::shared_ptr<Polygon>& polygon) {
   const auto place = polygon->locations.front().lock();
   labelsAreOld_ = true;
   if (search_->isOpen()) search_->close();
-  if (!place || fillsEnd(place)) return;
-  if (!route_) select(place);
+  if (place && !fillsEnd(place)) select(place);
 }
 
 void VenueView::nothingSelected() {
@@ -443,7 +498,7 @@ void VenueView::toggleHelp() {
 
 bool VenueView::isMoving() const {
   if (!isLoaded_) return false;
-  if (camera_->isGliding() || labelsAreOld_) return true;
+  if (camera_->isGliding() || labelsAreOld_ || awaitedFloor_) return true;
   const auto floor = mapView_->currentMap();  // arrows move along a route that it is part of
   return route_ && !isHidden() &&
          std::find(route_->floors.begin(), route_->floors.end(), floor) != route_->floors.end();

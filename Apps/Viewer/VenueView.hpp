@@ -31,14 +31,22 @@ class VenueView : public view::View, public MapViewDelegate {
 
   // Told what the load of the floors comes to.
   std::function<void(double share, const std::string& text)> progressed;
-  std::function<void()> loaded;                ///< there is a floor to see
-  std::function<void(const Problem&)> failed;  ///< there is none, or the one that was asked for
+  std::function<void()> loaded;  ///< there is a floor to see
+
+  /// There is none to see, or one that was asked for while others can be seen: `floor`, else null.
+  std::function<void(const Problem&, const std::shared_ptr<Map>& floor)> failed;
+
+  /// Told in a sentence what the floors are shown without, if anything.
+  std::function<void(const std::string&)> remarked;
 
   /// To the list of venues; without it no button for it shows. Set before `arrange`.
   std::function<void()> wayBack;
 
   /// Begins with `first`, if any. May be called again after a failure.
   void load(const std::shared_ptr<Map>& first = nullptr);
+
+  /// Loads a floor again that failed, while the map goes on, and shows it once it is there.
+  void retry(const std::shared_ptr<Map>& floor);
 
   /// Ends the load of the floors; nothing is told of it any more.
   void stopLoading();
@@ -93,8 +101,13 @@ class VenueView : public view::View, public MapViewDelegate {
 
   void floorsChanged(const FloorProgress& floor);
   void floorsEnded(const std::vector<FloorProgress>& floors);
+  void await(const std::shared_ptr<Map>& floor);
+  void tellFailure(const FloorProgress& floor);
+  void remarkOmissions(const std::vector<FloorProgress>& floors);
   void floorShown();
   void lookAgain();
+  void resumeMap();
+  void highlight(const std::shared_ptr<Location>& place);
 
   void mark(const std::shared_ptr<Location>& place);
   void fetchPicture(const std::shared_ptr<Location>& place);
@@ -127,6 +140,7 @@ class VenueView : public view::View, public MapViewDelegate {
 
   std::shared_ptr<FloorLoad> floorLoad_;
   std::shared_ptr<Map> awaitedFloor_;  // to be shown as soon as it is there; null for none
+  std::shared_ptr<Map> shownFloor_;    // null before the first one
   bool isLoaded_ = false;
   std::shared_ptr<Location> selected_;
   PictureFetch pictureFetch_;

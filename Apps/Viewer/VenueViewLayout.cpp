@@ -21,6 +21,7 @@ struct MapButton {
 constexpr std::array mapButtonSigns{MapButton{"+", "+"}, MapButton{"\u2212", "-"},
                                     MapButton{"\u26F6", "f"}, MapButton{"?", "?"}};
 constexpr double buttonInset = 4;
+constexpr int fewFloors = 4;      // in sight at least, beside the buttons
 constexpr double barHeight = 48;  // of the closed search field and what is beside it
 constexpr double backGap = 8;
 
@@ -113,8 +114,8 @@ void VenueView::arrangeSheets(bool isWide) {
     const double y = isWide ? top : size.height - margin - height;
     sheet.setFrame({{margin, y}, {width, height}});
   };
-  if (selected_) place(*card_, card_->arrange(width, !isWide));
   const double most = isWide ? size.height - top - margin : size.height * mostSheetShare;
+  if (selected_) place(*card_, card_->arrange(width, most, !isWide));
   if (showsRoute) place(*routePanel_, routePanel_->arrange(width, most));
 }
 
@@ -122,14 +123,13 @@ void VenueView::arrangeMapButtons(bool isWide) {
   const graphics::Size size = bounds().size;
   const double margin = isWide ? theme::margin : narrowMargin;
   constexpr double side = theme::controlSize;
-  const graphics::Size floors = floors_->arrange();
   const double buttonsHeight = side * static_cast<double>(mapButtonList_.size()) + 2 * buttonInset;
   double top = buttonInset;
   for (const auto& button : mapButtonList_) {
     button->setFrame({{buttonInset, top}, {side, side}});
     top += side;
   }
-  const double x = size.width - margin - floors.width;
+  const double x = size.width - margin - side - 2 * buttonInset;
   double freeTop = margin;
   double freeBottom = size.height - margin;
   if (!isWide) {
@@ -139,11 +139,14 @@ void VenueView::arrangeMapButtons(bool isWide) {
       if (!sheet->isHidden()) freeBottom = std::min(freeBottom, sheet->frame().minY() - gap);
   }
   const double logo = 36;  // the map view's own, below the buttons
+  const double leastFloors = std::min(floors_->wholeHeight(), fewFloors * side + 2 * buttonInset);
   mapButtons_->setHidden(!isWide ||
-                         freeBottom - freeTop < floors.height + buttonsHeight + logo + gap);
+                         freeBottom - freeTop < leastFloors + buttonsHeight + logo + gap);
   mapButtons_->setFrame(
       {{x, freeBottom - logo - buttonsHeight}, {side + 2 * buttonInset, buttonsHeight}});
-  const double lowest = mapButtons_->isHidden() ? freeBottom : mapButtons_->frame().minY() - gap;
+  const double lowest = mapButtons_->isHidden() ? std::min(freeBottom, size.height - margin - logo)
+                                                : mapButtons_->frame().minY() - gap;
+  const graphics::Size floors = floors_->arrange(lowest - freeTop);
   const double y = std::clamp((freeTop + freeBottom - floors.height) / 2, freeTop,
                               std::max(freeTop, lowest - floors.height));
   floors_->setFrame({{x, y}, floors});

@@ -18,6 +18,7 @@ namespace {
 constexpr double wheelZoom = 1.18;  // a step
 constexpr double wheelScroll = 60;  // points, a step
 constexpr const char* allVenues = "All venues";
+constexpr double noteTime = 6;      // seconds
 constexpr double venueShare = 0.4;  // of the bar, for the records; the rest is for the floors
 
 // The list that a point is over, if any.
@@ -44,14 +45,16 @@ Viewer::Viewer(ViewerOptions options)
       veil_(std::make_shared<LoadingVeil>()),
       venueList_(std::make_shared<VenueList>()),
       message_(std::make_shared<MessagePanel>()),
+      note_(std::make_shared<Note>()),
       fingers_(root_),
       pointer_(*this) {
   root_->setBackgroundColor(theme::backdrop);
   for (const std::shared_ptr<view::View>& part :
-       std::initializer_list<std::shared_ptr<view::View>>{veil_, venueList_, message_})
+       std::initializer_list<std::shared_ptr<view::View>>{veil_, venueList_, message_, note_})
     root_->addSubview(part);
   venueList_->setHidden(true);
   message_->setHidden(true);
+  note_->setHidden(true);
   venueList_->chosen = [this](const auto& venue) { open(venue); };
   listVenues();
 }
@@ -113,8 +116,10 @@ void Viewer::choose(const VenueSource::Venues& venues) {
     if (venue != venues.end()) return open(*venue);
     return showProblem(
         {fmt::format("No venue \u201C{}\u201D", *slug_),
-         fmt::format("The server at {} has {} of other names.", source_.endpoint(),
-                     venues.size() == 1 ? "one" : fmt::format("{}", venues.size()))},
+         venues.size() == 1 ? fmt::format("The server at {} has only \u201C{}\u201D.",
+                                          source_.endpoint(), venues.front()->slug.value_or(""))
+                            : fmt::format("The server at {} has {} venues, but none of this name.",
+                                          source_.endpoint(), venues.size())},
         [this] { listVenues(); }, [this] { showList(); }, allVenues);
   }
   showList();
@@ -133,7 +138,11 @@ void Viewer::showList() {
 void Viewer::open(const std::shared_ptr<Venue>& venue) {
   venue_ = Venue::make(venue->_data);
   showLoading(venue_->name.value_or(""));
-  source_.loadVenue(venue_, handlers([this, venue] { open(venue); }), [this] { showFloors(); });
+  source_.loadVenue(venue_, handlers([this, venue] { open(venue); }),
+                    [this](const std::vector<LoadFailure>& missing) {
+                      showFloors();
+                      if (!missing.empty()) remark("The categories of the places are missing.");
+                    });
 }
 
 bool Viewer::canGoBack() const { return venue_ != nullptr && (!slug_ || venueList_->size() > 1); }
@@ -154,6 +163,7 @@ void Viewer::goBack() {
     venueView_ = nullptr;
   }
   venue_ = nullptr;
+  hideNote();
   mapFingers_.clear();
   showList();
 }
@@ -172,7 +182,10 @@ void Viewer::showFloors() {
     veil_->setHidden(true);
     arrange();
   };
-  venueView_->failed = [this](const Problem& problem) { floorFailed(problem); };
+  venueView_->failed = [this](const Problem& problem, const auto& floor) {
+    floorFailed(problem, floor);
+  };
+  venueView_->remarked = [this](const std::string& sentence) { remark(sentence); };
   arrange();
   venueView_->load();
 }
@@ -180,20 +193,24 @@ void Viewer::showFloors() {
 void Viewer::raisePanels() {
   for (const view::View* above :
        {static_cast<view::View*>(veil_.get()), static_cast<view::View*>(venueList_.get()),
-        static_cast<view::View*>(message_.get())})
+        static_cast<view::View*>(message_.get()), static_cast<view::View*>(note_.get())})
     root_->bringSubviewToFront(*above);
 }
 
-void Viewer::floorFailed(const Problem& problem) {
-  const auto retry = [this] {
+void Viewer::floorFailed(const Problem& problem, const std::shared_ptr<Map>& floor) {
+  const auto backToTheMap = [this] { message_->setHidden(true); };
+  const auto retryFloor = [this, floor] {
+    message_->setHidden(true);
+    venueView_->retry(floor);
+  };
+  const auto retryAll = [this] {
     showLoading(venueView_->venue()->name.value_or(""));
     venueView_->load();
   };
-  if (veil_->isHidden())
-    showProblem(
-        problem, retry, [this] { message_->setHidden(true); }, "Back to the map");
+  if (floor)
+    showProblem(problem, retryFloor, backToTheMap, "Back to the map");
   else
-    showProblem(problem, retry, wayBack(), allVenues);
+    showProblem(problem, retryAll, wayBack(), allVenues);
 }
 
 // --- Layout
@@ -224,6 +241,18 @@ void Viewer::arrange() {
     panel->setFrame(frame);
   }
   if (venueView_) venueView_->arrange(size_, scale_);
+  arrangeNote();
+}
+
+// Where no panel keeps lying: at the lower edge, on a phone below the search field.
+void Viewer::arrangeNote() {
+  constexpr double leastWideWidth = 720;
+  constexpr double belowSearch = 76;
+  const graphics::Size note = note_->arrange(size_);
+  const double lowest = size_.height - note.height - theme::margin;
+  note_->setFrame({{std::round((size_.width - note.width) / 2),
+                    size_.width >= leastWideWidth ? lowest : belowSearch},
+                   note});
 }
 
 // --- What people do
@@ -265,7 +294,7 @@ void Viewer::wheel(graphics::Point at, double steps) {
 
 void Viewer::keyPressed(const KeyPress& press) {
   if (press.key == Key::picture) {
-    if (pictureWanted) pictureWanted();
+    takePicture();
     return;
   }
   if (!message_->isHidden()) {
@@ -285,7 +314,7 @@ void Viewer::keyPressed(const KeyPress& press) {
 
 void Viewer::textTyped(std::string_view text) {
   if (showsMap() && venueView_->handleText(text)) return;
-  if ((text == "s" || text == "S") && pictureWanted) pictureWanted();
+  if (text == "s" || text == "S") takePicture();
 }
 
 void Viewer::textComposed(std::string_view text) {
@@ -307,12 +336,34 @@ bool Viewer::showsMap() const { return venueView_ && veil_->isHidden() && messag
 
 void Viewer::advance(double time) {
   if (venueView_) venueView_->advance(time);
+  if (note_->isHidden() || isLoading()) return;
+  if (!noteEnd_) noteEnd_ = time + noteTime;
+  if (time >= *noteEnd_) hideNote();
 }
 
 bool Viewer::isMoving() const {
-  if (!veil_->isHidden()) return veil_->isBusy();
-  return venueView_ && venueView_->isMoving();
+  if (isLoading() || !note_->isHidden()) return true;
+  return venueView_ && veil_->isHidden() && venueView_->isMoving();
 }
+
+void Viewer::remark(const std::string& sentence) {
+  const std::string before = note();
+  note_->setText(before.empty() ? sentence : before + ' ' + sentence);
+  note_->setHidden(false);
+  noteEnd_.reset();
+  arrangeNote();
+}
+
+std::string Viewer::note() const { return note_->isHidden() ? "" : note_->text(); }
+
+// Without a note of the one before.
+void Viewer::takePicture() {
+  if (!pictureWanted) return;
+  hideNote();
+  pictureWanted();
+}
+
+void Viewer::hideNote() { note_->setHidden(true); }
 
 std::string Viewer::title() const {
   return venueView_ ? venueView_->venue()->name.value_or("Orivanta") : "Orivanta";

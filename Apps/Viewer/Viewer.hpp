@@ -11,6 +11,7 @@
 #include "Apps/Viewer/Keys.hpp"
 #include "Apps/Viewer/Panels/LoadingVeil.hpp"
 #include "Apps/Viewer/Panels/MessagePanel.hpp"
+#include "Apps/Viewer/Panels/Note.hpp"
 #include "Apps/Viewer/Panels/VenueList.hpp"
 #include "Apps/Viewer/Pointer.hpp"
 #include "Apps/Viewer/VenueSource.hpp"
@@ -69,6 +70,12 @@ class Viewer {
   std::string title() const;                                                  ///< of the window
   const std::shared_ptr<VenueView>& venueView() const { return venueView_; }  ///< null without one
   const MessagePanel* message() const;  ///< null when there is none
+
+  /// Shows a sentence for a while, behind one that shows already.
+  void remark(const std::string& sentence);
+
+  /// What was remarked and still shows; empty when nothing does.
+  std::string note() const;
   VenueList& venueList() { return *venueList_; }
 
  private:
@@ -82,9 +89,13 @@ class Viewer {
   void showLoading(const std::string& title);
   void showList();
   void raisePanels();
+  void arrangeNote();
+  bool isLoading() const { return !veil_->isHidden() && veil_->isBusy(); }
+  void hideNote();
+  void takePicture();
   void showProblem(const Problem& problem, std::function<void()> retry,
                    std::function<void()> dismiss = nullptr, const std::string& otherWay = "");
-  void floorFailed(const Problem& problem);
+  void floorFailed(const Problem& problem, const std::shared_ptr<Map>& floor);
   VenueSource::Handlers handlers(std::function<void()> retry);
   std::function<void()> wayBack();
 
@@ -97,7 +108,9 @@ class Viewer {
   std::shared_ptr<LoadingVeil> veil_;
   std::shared_ptr<VenueList> venueList_;
   std::shared_ptr<MessagePanel> message_;
-  std::shared_ptr<Venue> venue_;  // that is shown or about to be; null while one is to be chosen
+  std::shared_ptr<Note> note_;
+  std::optional<double> noteEnd_;  // seconds; nothing until somebody has had a chance to see it
+  std::shared_ptr<Venue> venue_;   // that is shown or about to be; null while one is to be chosen
   std::shared_ptr<VenueView> venueView_;
   view::TouchDispatcher fingers_;
   Pointer pointer_;

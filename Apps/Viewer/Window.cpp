@@ -106,11 +106,14 @@ class Loop {
     pictureWanted_ = false;
     const auto name = freePictureName();
     const auto picture = surface_.read();
-    if (!picture) return;
-    if (const auto error = graphics::writePng(*picture, name))
+    if (!picture) return viewer_.remark("The picture cannot be taken.");
+    const auto error = graphics::writePng(*picture, name);
+    if (error)
       command::complain(fmt::format("{}: {}", name, error->description));
     else
       command::writeOutput(name + '\n');
+    viewer_.remark(error ? fmt::format("{} cannot be saved: {}.", name, error->description)
+                         : fmt::format("Saved as {}.", name));
   }
 
   void updateTitle() {

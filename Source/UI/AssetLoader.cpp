@@ -162,7 +162,7 @@ std::variant<std::shared_ptr<scene::Node>, Error> AssetLoader::readModel(
   auto scene = readScene(url);
   if (auto* error = std::get_if<Error>(&scene)) return std::move(*error);
   const auto mesh = std::get<0>(scene)->rootNode()->children().front()->geometry();
-  if (!mesh) return Error{"", 0, fmt::format("{}: no faces", url.absoluteString())};
+  if (!mesh) return Error{"", 0, fmt::format("{}: it has no faces", url.filePath()->string())};
   return split(*mesh);
 }
 

@@ -23,6 +23,13 @@ bool isDone(FloorState state) {
          state == FloorState::failed;
 }
 
+// Without the path of the copy in the caches directory, which means nothing to people.
+std::string reasonOf(const foundation::Error& error, const std::string& path) {
+  const std::string prefix = path + ": ";
+  const std::string& text = error.description;
+  return text.starts_with(prefix) ? text.substr(prefix.size()) : text;
+}
+
 // The model, or what is wrong with it; then the file will be fetched anew the next time.
 std::variant<std::shared_ptr<scene::Node>, std::string> readModel(AssetLoader& loader,
                                                                   const std::string& path,
@@ -31,7 +38,7 @@ std::variant<std::shared_ptr<scene::Node>, std::string> readModel(AssetLoader& l
   const auto* const error = std::get_if<foundation::Error>(&model);
   if (error == nullptr) return std::get<0>(std::move(model));
   FileFetch::forget(path);
-  return fmt::format("{} is no model that can be shown: {}", address, error->description);
+  return fmt::format("{} is no model that can be shown: {}", address, reasonOf(*error, path));
 } catch (const std::exception& failure) {
   return fmt::format("{} cannot be read: {}", address, failure.what());
 }

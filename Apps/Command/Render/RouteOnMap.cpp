@@ -20,6 +20,7 @@ constexpr graphics::Color startColor{0.18F, 0.55F, 0.34F};
 constexpr graphics::Color endColor{0.80F, 0.22F, 0.20F};
 constexpr graphics::Color rideColor{0.122F, 0.302F, 0.655F};
 constexpr double pinHeight = 34;  // points
+constexpr double backing = 3.5;   // around the letters, which may lie on the route
 
 std::string nameOf(const std::shared_ptr<Location>& location, const char* otherwise) {
   return location ? location->name.value_or(otherwise) : otherwise;
@@ -88,6 +89,8 @@ void RouteOnMap::mark(MapView& mapView, const Node& place, graphics::Color color
                       const std::string& text, double scale) {
   auto style = labelStyle();
   style.bold = true;
+  style.outlineWidth = backing;
+  style.outlineColor = graphics::colors::white;
   const auto marker = makePinMarker(color, pinHeight, text, style, scale);
   marker->setPosition(scenePosition(place));
   mapView.addMarker(marker);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Apps/Command/Places.hpp"
+#include "Platform/View/ActivityIndicatorView.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Source/Map.hpp"
 
@@ -21,22 +22,35 @@ bool canBeShown(FloorState state) {
 
 }  // namespace
 
-class FloorSwitch::Cell : public Pressable {
+class FloorSwitch::Cell : public Row {
  public:
   explicit Cell(std::shared_ptr<Map> shownFloor)
-      : floor(std::move(shownFloor)),
+      : Row(theme::controlSize),
+        floor(std::move(shownFloor)),
         label_(std::make_shared<Label>(LabelStyle{.bold = true, .alignment = Alignment::centre},
                                        command::floorLabel(*floor))) {
     addSubview(label_);
+    addSubview(wheel_);
+    wheel_->setStyle(view::ActivityIndicatorStyle::gray);
+    wheel_->setColor(theme::accent);
     for (const double size : {theme::textSize, theme::smallSize, smallestSize}) {
       label_->setSize(size);
       if (label_->fitting(2 * theme::controlSize).width <= theme::controlSize - 2) break;
     }
   }
 
+  void setAwaited(bool awaited) {
+    label_->setHidden(awaited);
+    if (awaited)
+      wheel_->startAnimating();
+    else
+      wheel_->stopAnimating();
+  }
+
   void draw(view::Canvas& canvas) override {
     const graphics::Size size = bounds().size;
     label_->setFrame({{1, 0}, {size.width - 2, size.height}});
+    wheel_->setFrame(bounds());
     label_->setColor(isCurrent ? theme::paper : theme::ink);
     label_->setAlpha(state == FloorState::ready || isCurrent ? 1 : 0.35);
     if (isCurrent || isPressed())
@@ -55,6 +69,8 @@ class FloorSwitch::Cell : public Pressable {
 
  private:
   std::shared_ptr<Label> label_;
+  std::shared_ptr<view::ActivityIndicatorView> wheel_ =
+      std::make_shared<view::ActivityIndicatorView>();
 };
 
 FloorSwitch::FloorSwitch(std::vector<std::shared_ptr<Map>> floors) {
@@ -66,8 +82,9 @@ FloorSwitch::FloorSwitch(std::vector<std::shared_ptr<Map>> floors) {
       if (chosen) chosen(floor);
     };
     cells_.push_back(cell);
-    addSubview(cell);
   }
+  list_->setRows({cells_.begin(), cells_.end()});
+  addSubview(list_);
 }
 
 void FloorSwitch::setState(const Map& floor, FloorState state) {
@@ -75,9 +92,19 @@ void FloorSwitch::setState(const Map& floor, FloorState state) {
     if (*cell->floor == floor) cell->state = state;
 }
 
+void FloorSwitch::setAwaited(const std::shared_ptr<Map>& floor) {
+  for (const auto& cell : cells_) cell->setAwaited(cell->floor == floor);
+}
+
 void FloorSwitch::setCurrent(std::shared_ptr<Map> floor) {
   current_ = std::move(floor);
   for (const auto& cell : cells_) cell->isCurrent = cell->floor == current_;
+  revealCurrent();
+}
+
+void FloorSwitch::revealCurrent() {
+  for (std::size_t i = 0; i < cells_.size(); ++i)
+    if (cells_[i]->isCurrent) list_->reveal(i);
 }
 
 void FloorSwitch::setRoute(const std::vector<std::shared_ptr<Map>>& floors) {
@@ -97,14 +124,17 @@ std::shared_ptr<Map> FloorSwitch::neighbour(int up) const {
   return cells_[static_cast<std::size_t>(index)]->floor;
 }
 
-graphics::Size FloorSwitch::arrange() {
+double FloorSwitch::wholeHeight() const { return list_->contentHeight() + 2 * inset; }
+
+graphics::Size FloorSwitch::arrange(double mostHeight) {
   constexpr double side = theme::controlSize;
-  double top = inset;
-  for (const auto& cell : cells_) {
-    cell->setFrame({{inset, top}, {side, side}});
-    top += side;
-  }
-  return {side + 2 * inset, top + inset};
+  const double height =
+      cells_.empty() ? 0 : std::max(side, list_->heightWithin(mostHeight - 2 * inset));
+  const bool hasChanged = height != list_->bounds().size.height;
+  list_->setFrame({{inset, inset}, {side, height}});
+  list_->arrange();
+  if (hasChanged) revealCurrent();
+  return {side + 2 * inset, height + 2 * inset};
 }
 
 }  // namespace orivanta::viewer

@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "Apps/Viewer/Widgets/Button.hpp"
+#include "Apps/Viewer/Widgets/List.hpp"
 #include "Apps/Viewer/Widgets/Panel.hpp"
 #include "Source/UI/FloorLoad.hpp"
 
@@ -19,6 +19,9 @@ class FloorSwitch : public Panel {
   std::function<void(const std::shared_ptr<Map>&)> chosen;
 
   void setState(const Map& floor, FloorState state);
+
+  /// A wheel turns in place of its name; null for none.
+  void setAwaited(const std::shared_ptr<Map>& floor);
   void setCurrent(std::shared_ptr<Map> floor);
 
   /// Puts a dot on the floors that a route passes.
@@ -27,12 +30,20 @@ class FloorSwitch : public Panel {
   /// The floor so many places further up; null at the end. Floors that cannot be shown are skipped.
   std::shared_ptr<Map> neighbour(int up) const;
 
-  graphics::Size arrange();
+  /// Its size, at most so high but for one floor. What is hidden is a scroll away; the floor that
+  /// shows is in sight.
+  graphics::Size arrange(double mostHeight);
+
+  /// With all floors.
+  double wholeHeight() const;
 
  private:
   class Cell;
 
+  void revealCurrent();
+
   std::vector<std::shared_ptr<Cell>> cells_;  // from the top
+  std::shared_ptr<List> list_ = std::make_shared<List>();
   std::shared_ptr<Map> current_;
 };
 

@@ -7,24 +7,24 @@ namespace orivanta::viewer {
 
 namespace {
 
-struct Line {
+struct Meaning {
   const char* keys;
   const char* meaning;
 };
 
-constexpr std::array lines{
-    Line{"Drag, arrow keys", "Move the map"},
-    Line{"Wheel, pinch, + and \u2212", "Closer and farther"},
-    Line{"Double click", "Come closer"},
-    Line{"Right drag, Shift + arrows", "Tilt and turn"},
-    Line{"Two fingers up and down", "Tilt"},
-    Line{"Page Up, Page Down", "Floor up, floor down"},
-    Line{"F", "Show the whole floor"},
-    Line{"/ or Ctrl + F", "Search"},
-    Line{"S or F12", "Save a picture"},
-    Line{"Esc", "Close what is open"},
-    Line{"? or F1", "This list"},
-    Line{"Alt + \u2190, Esc", "All venues"},
+constexpr std::array meanings{
+    Meaning{"Drag, arrow keys", "Move the map"},
+    Meaning{"Wheel, pinch, + and \u2212", "Closer and farther"},
+    Meaning{"Double click", "Come closer"},
+    Meaning{"Right drag, Shift + arrows", "Tilt and turn"},
+    Meaning{"Two fingers up and down", "Tilt"},
+    Meaning{"Page Up, Page Down", "Floor up, floor down"},
+    Meaning{"F", "Show the whole floor"},
+    Meaning{"/ or Ctrl + F", "Search"},
+    Meaning{"S or F12", "Save a picture"},
+    Meaning{"Esc", "Close what is open"},
+    Meaning{"? or F1", "This list"},
+    Meaning{"Alt + \u2190, Esc", "All venues"},
 };
 constexpr double lineHeight = 31;  // points
 constexpr double titleHeight = 54;
@@ -32,41 +32,59 @@ constexpr double roomyWidth = 440;
 
 }  // namespace
 
+class KeyHelp::Line : public Row {
+ public:
+  explicit Line(const Meaning& line)
+      : Row(lineHeight),
+        keys_(std::make_shared<Label>(LabelStyle{.bold = true}, line.keys)),
+        meaning_(std::make_shared<Label>(LabelStyle{.color = theme::faint}, line.meaning)) {
+    for (const auto& label : {keys_, meaning_}) addSubview(label);
+  }
+
+  void draw(view::Canvas&) override {
+    const double width = bounds().size.width;
+    const double inner = width - 2 * theme::padding;
+    for (const auto& label : {keys_, meaning_})
+      label->setSize(width < roomyWidth ? theme::smallSize : theme::textSize);
+    keys_->setFrame({{theme::padding, 0}, {inner * 0.56, lineHeight}});
+    meaning_->setFrame({{theme::padding + inner * 0.58, 0}, {inner * 0.42, lineHeight}});
+  }
+
+ private:
+  std::shared_ptr<Label> keys_;
+  std::shared_ptr<Label> meaning_;
+};
+
 KeyHelp::KeyHelp()
     : title_(std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true},
                                      "Keys and gestures")),
-      close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)) {
-  addSubview(title_);
-  addSubview(close_);
+      close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
+      list_(std::make_shared<List>()) {
+  for (const std::shared_ptr<view::View>& part :
+       std::initializer_list<std::shared_ptr<view::View>>{title_, close_, list_})
+    addSubview(part);
   close_->action = [this] {
     if (closed) closed();
   };
-  for (const Line& line : lines) {
-    lines_.emplace_back(std::make_shared<Label>(LabelStyle{.bold = true}, line.keys),
-                        std::make_shared<Label>(LabelStyle{.color = theme::faint}, line.meaning));
-    addSubview(lines_.back().first);
-    addSubview(lines_.back().second);
-  }
+  for (const Meaning& meaning : meanings) lines_.push_back(std::make_shared<Line>(meaning));
+  setWayBack(false);
+}
+
+void KeyHelp::setWayBack(bool offered) {
+  const std::size_t count = lines_.size() - (offered ? 0 : 1);
+  if (list_->rows().size() == count) return;
+  list_->setRows({lines_.begin(), lines_.begin() + static_cast<std::ptrdiff_t>(count)});
 }
 
 graphics::Size KeyHelp::arrange(graphics::Size room) {
   const double width = std::min(480.0, room.width - 2 * theme::margin);
-  const double inner = width - 2 * theme::padding;
-  title_->setFrame({{theme::padding, 0}, {inner - 30, titleHeight}});
+  title_->setFrame({{theme::padding, 0}, {width - 2 * theme::padding - 30, titleHeight}});
   close_->setFrame({{width - 46, 6}, {42, 42}});
-  double top = titleHeight;
-  for (const auto& [keys, meaning] : lines_) {
-    const bool isWayBack = keys == lines_.back().first;
-    keys->setHidden(isWayBack && !offersWayBack_);
-    meaning->setHidden(isWayBack && !offersWayBack_);
-    if (keys->isHidden()) break;
-    for (const auto& label : {keys, meaning})
-      label->setSize(width < roomyWidth ? theme::smallSize : theme::textSize);
-    keys->setFrame({{theme::padding, top}, {inner * 0.56, lineHeight}});
-    meaning->setFrame({{theme::padding + inner * 0.58, top}, {inner * 0.42, lineHeight}});
-    top += lineHeight;
-  }
-  return {width, top + theme::padding};
+  const double height =
+      list_->heightWithin(room.height - 2 * theme::margin - titleHeight - theme::padding);
+  list_->setFrame({{0, titleHeight}, {width, height}});
+  list_->arrange();
+  return {width, titleHeight + height + theme::padding};
 }
 
 }  // namespace orivanta::viewer

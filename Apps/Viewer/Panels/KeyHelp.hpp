@@ -3,10 +3,9 @@
 
 #include <functional>
 #include <memory>
-#include <utility>
 #include <vector>
 
-#include "Apps/Viewer/Widgets/Button.hpp"
+#include "Apps/Viewer/Widgets/List.hpp"
 #include "Apps/Viewer/Widgets/Panel.hpp"
 
 namespace orivanta::viewer {
@@ -16,17 +15,20 @@ class KeyHelp : public Panel {
   KeyHelp();
 
   /// Whether there are venues to go back to.
-  void setWayBack(bool offered) { offersWayBack_ = offered; }
+  void setWayBack(bool offered);
 
   std::function<void()> closed;
 
+  /// In a low window its lines scroll.
   graphics::Size arrange(graphics::Size room);
 
  private:
-  bool offersWayBack_ = false;
   std::shared_ptr<Label> title_;
   std::shared_ptr<Button> close_;
-  std::vector<std::pair<std::shared_ptr<Label>, std::shared_ptr<Label>>> lines_;
+  class Line;
+
+  std::vector<std::shared_ptr<Line>> lines_;  // the last one tells the way back
+  std::shared_ptr<List> list_;
 };
 
 }  // namespace orivanta::viewer

@@ -17,6 +17,7 @@ namespace {
 constexpr double mostPictureHeight = 160;  // points
 constexpr double largePictureSide = 72;
 constexpr double smallPictureSide = 56;
+constexpr int mostLines = 5;  // of the description
 constexpr double leastWideRatio = 1.4;
 
 // Its categories, each once, and its floors.
@@ -42,7 +43,7 @@ PlaceCard::PlaceCard()
           std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 2})),
       kind_(std::make_shared<Label>(
           LabelStyle{.size = theme::smallSize, .color = theme::faint, .lines = 2})),
-      description_(std::make_shared<Label>(LabelStyle{.lines = 5})),
+      description_(std::make_shared<Label>(LabelStyle{.lines = mostLines})),
       close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
       from_(std::make_shared<Button>(ButtonLook::tinted, "From here")),
       to_(std::make_shared<Button>(ButtonLook::filled, "To here")) {
@@ -94,7 +95,16 @@ double PlaceCard::arrangeHead(double width, bool isSmall) {
   return std::max(kind_->frame().maxY(), picture_->frame().maxY()) + 12;
 }
 
-double PlaceCard::arrange(double width, bool isSmall) {
+double PlaceCard::arrange(double width, double mostHeight, bool isSmall) {
+  int lines = mostLines;
+  double height = arrangeParts(width, isSmall, lines);
+  if (height > mostHeight) height = arrangeParts(width, /*isSmall=*/true, lines);
+  while (height > mostHeight && lines > 0) height = arrangeParts(width, /*isSmall=*/true, --lines);
+  return height;
+}
+
+// With so many lines of the description.
+double PlaceCard::arrangeParts(double width, bool isSmall, int lines) {
   constexpr double padding = theme::padding;
   const double inner = width - 2 * padding;
   double top = arrangeHead(width, isSmall);
@@ -104,7 +114,9 @@ double PlaceCard::arrange(double width, bool isSmall) {
     picture_->setFrame({{padding, top}, {inner, height}});
     top += height + 12;
   }
-  const double descriptionHeight = description_->fitting(inner).height;
+  description_->setHidden(lines == 0);
+  if (lines > 0) description_->setLines(lines);
+  const double descriptionHeight = lines > 0 ? description_->fitting(inner).height : 0;
   description_->setFrame({{padding, top}, {inner, descriptionHeight}});
   if (descriptionHeight > 0) top += descriptionHeight + 14;
   const double buttonWidth = (inner - 10) / 2;

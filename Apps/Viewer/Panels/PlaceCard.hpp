@@ -28,10 +28,12 @@ class PlaceCard : public Panel {
   void setPicture(std::shared_ptr<const graphics::Image> picture, PictureMode mode);
 
   /// Its height with this width. A wide picture lies across it; another one, and any on a small
-  /// screen, beside the name.
-  double arrange(double width, bool isSmall);
+  /// screen, beside the name. Where it would be higher than `mostHeight` the picture becomes small,
+  /// then the description short.
+  double arrange(double width, double mostHeight, bool isSmall);
 
  private:
+  double arrangeParts(double width, bool isSmall, int lines);
   double arrangeHead(double width, bool isSmall);
   bool hasWidePicture() const;
 

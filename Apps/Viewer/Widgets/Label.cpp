@@ -24,6 +24,12 @@ void Label::setSize(double points) {
   pictureWidth_ = -1;
 }
 
+void Label::setLines(int most) {
+  if (most == style_.lines) return;
+  style_.lines = most;
+  pictureWidth_ = -1;
+}
+
 void Label::setColor(graphics::Color color) {
   if (color == style_.color) return;
   style_.color = color;

@@ -30,6 +30,7 @@ class Label : public view::View {
   void setText(std::string text);
   void setSize(double points);
   void setColor(graphics::Color color);
+  void setLines(int most);
 
   /// What the text takes when it may be so wide.
   graphics::Size fitting(double width);

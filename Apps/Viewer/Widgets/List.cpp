@@ -29,6 +29,8 @@ Row::Row(const RowText& text)
   for (const auto& label : {title_, detail_, trailing_}) addSubview(label);
 }
 
+Row::Row(double height) : Row(RowText{}) { height_ = height; }
+
 void Row::draw(view::Canvas& canvas) {
   const graphics::Size size = bounds().size;
   if (isPressed() || marked_)

@@ -23,6 +23,9 @@ class Row : public Pressable {
  public:
   explicit Row(const RowText& text);
 
+  /// Without text, for a kind that draws itself.
+  explicit Row(double height);
+
   double height() const { return height_; }  ///< points
   void setMarked(bool marked) { marked_ = marked; }
   const std::string& title() const { return title_->text(); }

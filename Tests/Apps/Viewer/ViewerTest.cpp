@@ -78,6 +78,10 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     view.routePanel().stepChosen(view.route()->steps.back());
     stage.settle();
     EXPECT_EQ(view.mapView().currentMap()->shortName, "2");
+    view.polygonSelected(stage.place("dosa-dynamo")->polygons.front());
+    EXPECT_FALSE(view.placeCard().isHidden()) << "also while there is a route";
+    stage.viewer.keyPressed({Key::escape});
+    EXPECT_TRUE(view.route() && !view.routePanel().isHidden());
     stage.viewer.keyPressed({Key::escape});
     EXPECT_FALSE(view.route());
     EXPECT_FALSE(view.mapView().currentPath);
@@ -90,6 +94,10 @@ TEST_F(ViewerTest, PlansWithoutStepsWhenAsked) {
   RoutePlanner planner(stage.viewer.venueView()->venue());
   const auto from = stage.place("tamarisk-row");
   const auto to = stage.place("dosa-dynamo");
+  const auto nowhere = planner.plan(from, from, false);
+  ASSERT_TRUE(nowhere);
+  EXPECT_TRUE(nowhere->summary.starts_with("You are there"));
+  EXPECT_TRUE(nowhere->steps.empty());
   for (const bool accessible : {false, true}) {
     const auto route = planner.plan(from, to, accessible);
     ASSERT_TRUE(route);

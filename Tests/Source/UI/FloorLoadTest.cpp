@@ -171,7 +171,8 @@ TEST_F(FloorLoadTest, TellsWhyAFloorCannotBeShown) {
         Case{R"("obj": ")" + refused + "floor.obj\"", FloorState::failed,
              refused + "floor.obj cannot be fetched"},
         Case{model(page.string()), FloorState::failed, "page.obj gives an error page"},
-        Case{model(text.string()), FloorState::failed, "text.obj is no model that can be shown"},
+        Case{model(text.string()), FloorState::failed,
+             "text.obj is no model that can be shown: it has no faces"},
         Case{model(good.string()) + R"(, "mtl": ":", "images": [{"url": "file:///none.png"}])",
              FloorState::ready, "\":\" is no URL of a file; file:///none.png cannot be fetched"}}) {
     *shown.venue->maps = {mapOf("m", "{" + scene + "}")};

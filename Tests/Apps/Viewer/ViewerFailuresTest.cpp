@@ -1,0 +1,110 @@
+// What people read when a server has only a part of a venue, or none.
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "Source/Map.hpp"
+#include "Tests/Apps/Viewer/ViewerStage.hpp"
+#include "Tests/Support/MisbehavingServer.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+using test::Answer;
+using testing::HasSubstr;
+
+// A venue "small" of a ground floor and an upper floor, one place on each.
+class ViewerFailuresTest : public testing::Test {
+ protected:
+  ViewerFailuresTest() {
+    server.on("/1/venue", Answer::json(R"([{"id": "v", "slug": "small", "name": "Small"}])"));
+    constexpr const char* floor = R"({{"id": "{0}", "name": "{1}", "elevation": {2},
+                                  "scene": {{"obj": "{3}.obj", "mtl": "{3}.mtl"}}}})";
+    server.on("/1/map",
+              Answer::json('[' + fmt::format(floor, "g", "Ground", 0, server.root("/g")) + ',' +
+                           fmt::format(floor, "u", "Upper", 5, server.root("/u")) + ']'));
+    server.on("/1/location", Answer::json(R"([
+        {"id": "cafe", "name": "Cafe", "type": "shop", "categories": [], "nodes": [{"node": "a"}]},
+        {"id": "loft", "name": "Loft", "type": "shop", "categories": [], "nodes": [{"node": "b"}]}])"));
+    server.on("/1/node", Answer::json(R"([{"id": "a", "x": 10, "y": 10, "map": "g"},
+                                          {"id": "b", "x": 30, "y": 10, "map": "u"}])"));
+    for (const char* empty : {"/1/category", "/1/vortex", "/1/polygon"})
+      server.on(empty, Answer::json("[]"));
+    for (const char* path : {"/g.obj", "/u.obj"}) server.on(path, model);
+    for (const char* path : {"/g.mtl", "/u.mtl"}) server.on(path, Answer::html("newmtl Slab\n"));
+  }
+
+  const Answer model =
+      Answer::html("o Slab\nv 0 0 0\nv 99 0 0\nv 99 99 0\nv 0 99 0\nf 1 2 3\nf 1 3 4\n");
+  const Answer nothing = Answer::json("{}", 500);
+  test::TemporaryFolder caches;
+  test::EnvironmentVariable home{"XDG_CACHE_HOME", caches.path().string()};
+  test::MisbehavingServer server;
+};
+
+}  // namespace
+
+TEST_F(ViewerFailuresTest, NeedsWhatRoutesAreMadeOfAndTellsWhatElseIsMissing) {
+  struct Case {
+    const char* path;
+    const char* slug;
+    const char* title;  // null when the map shows nonetheless, with a note
+    const char* note = "";
+  };
+  for (const Case& each : {Case{"/g.mtl", "small", nullptr, "Ground is shown without"},
+                           {"/1/vortex", "small", "The server does not give the venue"},
+                           {"/1/venue", "small", "The server does not list its venues"},
+                           {"/", "ghost", "No venue \u201Cghost\u201D"},
+                           {"/1/category", "small", nullptr, "categories"}}) {
+    server.on(each.path, nothing);
+    test::ViewerStage stage(server.root(), each.slug);
+    if (each.title == nullptr) {
+      stage.until([&] { return !stage.viewer.note().empty(); });
+      EXPECT_THAT(stage.viewer.note(), HasSubstr(each.note));
+      stage.untilShown();
+      EXPECT_EQ(stage.viewer.note(), "") << "it has gone by itself";
+      continue;
+    }
+    stage.until([&] { return stage.viewer.message() != nullptr; });
+    EXPECT_EQ(stage.viewer.message()->title(), each.title);
+    server.on("/1/venue", Answer::json(R"([{"id": "v", "slug": "small", "name": "Small"}])"));
+    server.on("/1/vortex", Answer::json("[]"));
+    if (std::string(each.slug) == "ghost") continue;
+    stage.viewer.keyPressed({Key::enter});
+    stage.untilShown();
+  }
+}
+
+TEST_F(ViewerFailuresTest, TellsThatAnAwaitedFloorFailsAndLoadsThatOneAgain) {
+  const auto latch = std::make_shared<test::Latch>();
+  server.on("/u.obj", {nothing.held(latch), nothing, model});
+  test::ViewerStage stage(server.root(), "small");
+  Viewer& viewer = stage.viewer;
+  stage.untilShown();
+  VenueView& view = *viewer.venueView();
+  view.select(stage.place("cafe"));
+  stage.settle();
+  const CameraPose pose = view.camera().pose();
+  const auto ground = view.mapView().currentMap();
+  const auto upper = view.venue()->maps->back();
+  view.showFloor(upper);
+  EXPECT_TRUE(viewer.isMoving()) << "a wheel turns in its cell";
+  EXPECT_EQ(viewer.message(), nullptr);
+  latch->open();
+  for (int times = 0; times < 2; ++times) {
+    stage.until([&] { return viewer.message() != nullptr; });
+    EXPECT_EQ(viewer.message()->title(), "Upper cannot be loaded");
+    EXPECT_EQ(view.mapView().currentMap(), ground);
+    EXPECT_EQ(view.camera().pose(), pose) << "the map stays as it was";
+    viewer.keyPressed({Key::enter});
+    EXPECT_TRUE(viewer.showsMap());
+  }
+  stage.until([&] { return view.mapView().currentMap() == upper; });
+  stage.untilShown();
+  EXPECT_EQ(viewer.message(), nullptr);
+  EXPECT_EQ(view.selected(), stage.place("cafe"));
+}
+
+}  // namespace orivanta::viewer
