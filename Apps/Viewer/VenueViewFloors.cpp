@@ -1,0 +1,193 @@
+// The floors of a venue as they come, and those that do not.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "Apps/Command/Places.hpp"
+#include "Apps/Viewer/VenueView.hpp"
+#include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/Venue.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+constexpr double startTilt = 0.6;    // radians
+constexpr double uprightTilt = 0.3;  // in a view that is higher than wide
+constexpr int floorSteps = 4;        // of a floor's load, beside its files
+
+// Done, of all that is to be done for the floors.
+double shareOf(const std::vector<FloorProgress>& floors) {
+  double done = 0;
+  double all = 0;
+  for (const FloorProgress& floor : floors) {
+    if (floor.state == FloorState::withoutModel) continue;
+    const double files = static_cast<double>(floor.fileCount);
+    all += files + floorSteps;
+    done += static_cast<double>(floor.filesDone);
+    if (floor.state == FloorState::reading) done += 1;
+    if (floor.state == FloorState::ready || floor.state == FloorState::failed)
+      done = done - static_cast<double>(floor.filesDone) + files + floorSteps;
+  }
+  return all > 0 ? done / all : 0;
+}
+
+std::string progressText(const std::vector<FloorProgress>& floors) {
+  std::size_t files = 0;
+  std::size_t filesDone = 0;
+  std::size_t ready = 0;
+  for (const FloorProgress& floor : floors) {
+    files += floor.fileCount;
+    filesDone += floor.filesDone;
+    if (floor.state == FloorState::ready) ++ready;
+  }
+  return fmt::format("{} of {} files, {} of {} floors", filesDone, files, ready, floors.size());
+}
+
+}  // namespace
+
+void VenueView::load(const std::shared_ptr<Map>& first) {
+  const auto self = std::weak_ptr(std::static_pointer_cast<VenueView>(shared_from_this()));
+  FloorLoadHandlers handlers;
+  handlers.floorChanged = [self](const FloorProgress& floor) {
+    if (const auto view = self.lock()) view->floorsChanged(floor);
+  };
+  handlers.ended = [self](const std::vector<FloorProgress>& floors) {
+    if (const auto view = self.lock()) view->floorsEnded(floors);
+  };
+  floorLoad_ = mapView_->loadFloors(std::move(handlers), first);
+}
+
+void VenueView::retry(const std::shared_ptr<Map>& floor) {
+  await(floor);
+  load(floor);
+  highlight(selected_);
+}
+
+void VenueView::stopLoading() {
+  progressed = nullptr;
+  loaded = nullptr;
+  failed = nullptr;
+  remarked = nullptr;
+  if (floorLoad_) floorLoad_->cancel();
+}
+
+void VenueView::floorsChanged(const FloorProgress& floor) {
+  const bool isThere = floor.map->mapObject != nullptr;
+  floors_->setState(*floor.map, isThere ? FloorState::ready : floor.state);
+  if (!isLoaded_ && progressed && floorLoad_) {
+    const auto all = floorLoad_->floors();
+    progressed(shareOf(all), progressText(all));
+  }
+  if (floor.state == FloorState::ready) highlight(selected_);
+  if (!isLoaded_ || floor.map != awaitedFloor_) return;
+  if (isThere) {
+    showFloor(floor.map);
+    lookAgain();
+  } else {
+    tellFailure(floor);
+  }
+}
+
+void VenueView::await(const std::shared_ptr<Map>& floor) {
+  awaitedFloor_ = floor;
+  floors_->setAwaited(floor);
+}
+
+// Of the floor that is awaited, if it will not come.
+void VenueView::tellFailure(const FloorProgress& floor) {
+  if (floor.state != FloorState::failed && floor.state != FloorState::withoutModel) return;
+  await(nullptr);
+  if (!failed) return;
+  if (floor.state == FloorState::failed)
+    failed({fmt::format("{} cannot be loaded", floor.map->name), floor.problem + "."}, floor.map);
+  else
+    failed({fmt::format("{} has no 3D model", floor.map->name),
+            "The venue's records name none for this floor."},
+           floor.map);
+}
+
+// At what is wanted, once its floor is there.
+void VenueView::lookAgain() {
+  if (selected_) {
+    const graphics::Vector3 at = mapView_->findPosition3D(*selected_);
+    camera_->frame({{at.x, at.y}});
+  } else if (routeOnMap_)
+    frameRoute();
+}
+
+void VenueView::floorsEnded(const std::vector<FloorProgress>& floors) {
+  if (isLoaded_) return remarkOmissions(floors);
+  if (!failed) return;
+  const auto broken = std::find_if(floors.begin(), floors.end(), [](const FloorProgress& floor) {
+    return floor.state == FloorState::failed;
+  });
+  if (broken == floors.end())
+    failed({"Nothing to see here yet",
+            fmt::format("No floor of {} has a 3D model.", venue_->name.value_or("this venue"))},
+           nullptr);
+  else
+    failed({"The floors cannot be loaded", broken->problem + "."}, nullptr);
+}
+
+void VenueView::remarkOmissions(const std::vector<FloorProgress>& floors) {
+  std::vector<std::string> names;
+  for (const FloorProgress& floor : floors)
+    if (floor.state == FloorState::ready && !floor.problem.empty())
+      names.push_back(floor.map->name.empty() ? command::floorLabel(*floor.map) : floor.map->name);
+  if (names.empty() || !remarked) return;
+  const auto remark = std::exchange(remarked, nullptr);  // once, whatever is tried again
+  remark(names.size() == 1
+             ? fmt::format("{} is shown without some of its textures.", names.front())
+             : fmt::format("{} floors are shown without some of their textures.", names.size()));
+}
+
+void VenueView::mapViewDidLoad() {
+  if (isLoaded_) return resumeMap();
+  isLoaded_ = true;
+  CameraPose pose = camera_->pose();
+  pose.tilt = bounds().size.width < bounds().size.height ? uprightTilt : startTilt;
+  camera_->setPose(pose);
+  arrangePanels();
+  camera_->fit(/*gliding=*/false);
+  floorShown();
+  if (awaitedFloor_) showFloor(awaitedFloor_);
+  if (loaded) loaded();
+}
+
+// A retry has started the scene anew: the map stays where it was, unless it was left for the floor
+// that has come.
+void VenueView::resumeMap() {
+  if (mapView_->currentMap() != awaitedFloor_ && shownFloor_->mapObject)
+    mapView_->changeMap(shownFloor_);
+  for (int i = 0; i < 2; ++i) camera_->setPose(labelledPose_);  // its limits go by its tilt
+  floorShown();
+}
+
+void VenueView::showFloor(const std::shared_ptr<Map>& floor) {
+  if (!floor) return;
+  await(isLoaded_ && floor->mapObject ? nullptr : floor);
+  if (!isLoaded_ || floor == mapView_->currentMap()) return;
+  if (!floor->mapObject) {
+    const auto floors = floorLoad_ ? floorLoad_->floors() : std::vector<FloorProgress>{};
+    for (const FloorProgress& progress : floors)
+      if (progress.map == floor) tellFailure(progress);
+    return;
+  }
+  mapView_->changeMap(floor);
+  camera_->setPose(camera_->pose());
+  floorShown();
+}
+
+void VenueView::floorShown() {
+  shownFloor_ = mapView_->currentMap();
+  floors_->setCurrent(mapView_->currentMap());
+  labels_->reload(scale_);
+  if (routeOnMap_) routeOnMap_->show(*mapView_, scale_);
+  mark(selected_);
+  labelsAreOld_ = true;
+}
+
+}  // namespace orivanta::viewer
