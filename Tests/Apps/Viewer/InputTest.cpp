@@ -31,6 +31,8 @@ class TouchTimes : public view::View {
 // A window that nobody sees, and a viewer that finds no server.
 class InputTest : public testing::Test {
  protected:
+  static void SetUpTestSuite() { test::keepDriverLoaded(); }
+
   InputTest() {
     SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
     viewer.resize(surface->size(), 1);

@@ -66,6 +66,8 @@ class Screen {
 
 class WindowTest : public testing::Test {
  protected:
+  static void SetUpTestSuite() { keepDriverLoaded(); }
+
   void SetUp() override {
     if (lineFrom("command -v Xvfb").empty() || lineFrom("command -v xdotool").empty())
       GTEST_SKIP() << "needs Xvfb and xdotool";
