@@ -1,21 +1,19 @@
-// The demo venue, written into a temporary folder once for all tests of the process.
+// The demo venue as the build has written it, and what it was written from.
 #pragma once
 
 #include <filesystem>
 
 #include "Apps/DemoVenue/DemoVenue.hpp"
+#include "Apps/DemoVenue/Folder.hpp"
 #include "Apps/DemoVenue/Network.hpp"
 #include "Apps/DemoVenue/Plan.hpp"
-#include "Tests/Support/TemporaryFolder.hpp"
 #include "Tests/Support/Venues.hpp"
 
 namespace orivanta::test {
 
 inline const std::filesystem::path& generatedVenue() {
-  static const TemporaryFolder folder;
-  static const bool written = (demo::writeDemoVenue(folder.path()), true);
-  static_cast<void>(written);
-  return folder.path();
+  static const std::filesystem::path folder = demo::demoVenueFolder().value();
+  return folder;
 }
 
 inline const demo::Plan& plan() {
