@@ -10,6 +10,7 @@
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Tests/Apps/Command/Program.hpp"
 #include "Tests/Apps/DemoVenue/GeneratedVenue.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta::command {
 namespace {
