@@ -50,11 +50,6 @@ PlaceCard::PlaceCard()
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
            picture_, name_, kind_, description_, close_, from_, to_})
     addSubview(part);
-  const auto forward = [](std::function<void()>& receiver) {
-    return [&receiver] {
-      if (receiver) receiver();
-    };
-  };
   close_->action = forward(closed);
   from_->action = forward(fromHere);
   to_->action = forward(toHere);

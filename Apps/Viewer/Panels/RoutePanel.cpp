@@ -42,11 +42,6 @@ RoutePanel::RoutePanel()
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
            from_, to_, swap_, close_, summary_, accessible_, steps_})
     addSubview(part);
-  const auto forward = [](std::function<void()>& receiver) {
-    return [&receiver] {
-      if (receiver) receiver();
-    };
-  };
   from_->action = forward(fromTapped);
   to_->action = forward(toTapped);
   swap_->action = forward(swapped);

@@ -10,6 +10,13 @@
 
 namespace orivanta::viewer {
 
+/// An action that calls what is in `receiver` by then, if anything; `receiver` outlives it.
+inline std::function<void()> forward(const std::function<void()>& receiver) {
+  return [&receiver] {
+    if (receiver) receiver();
+  };
+}
+
 /// Knows whether a finger is on it; calls `action` after a tap.
 class Pressable : public view::View {
  public:
