@@ -5,10 +5,12 @@ include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
 include(CheckPIESupported)
 
+option(ORIVANTA_HARDENING "Protections in optimized builds" ON)
+
 # Makes executables position-independent, as CMAKE_POSITION_INDEPENDENT_CODE asks.
 check_pie_supported(LANGUAGES CXX)
 
-if(ORIVANTA_SANITIZER)
+if(ORIVANTA_SANITIZER OR NOT ORIVANTA_HARDENING)
   return()
 endif()
 
