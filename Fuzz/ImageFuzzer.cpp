@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <span>
 #include <vector>
 
+#include "Fuzz/Fuzzer.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
 
 namespace orivanta::graphics {
@@ -35,17 +35,17 @@ void check(std::span<const std::uint8_t> bytes) {
   const auto image = decodeImage(bytes);
   if (!image || image->pixels().size() > mostPixelBytes) return;
   const auto again = decodeImage(encodePng(*image));
-  if (!again || !std::equal(image->pixels().begin(), image->pixels().end(), again->pixels().begin(),
-                            again->pixels().end()))
-    std::abort();
+  ORIVANTA_REQUIRE(again && std::equal(image->pixels().begin(), image->pixels().end(),
+                                       again->pixels().begin(), again->pixels().end()));
+}
+
+void checkPicture(std::string_view input) {
+  const std::vector<std::uint8_t> bytes(input.begin(), input.end());
+  check(bytes);
+  if (!bytes.empty() && bytes[0] == 0x89) check(withRightChecksums(bytes));
 }
 
 }  // namespace
 }  // namespace orivanta::graphics
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
-  orivanta::graphics::check({bytes, count});
-  if (count > 0 && bytes[0] == 0x89)
-    orivanta::graphics::check(orivanta::graphics::withRightChecksums({bytes, bytes + count}));
-  return 0;
-}
+ORIVANTA_FUZZER(Image, orivanta::graphics::checkPicture)

@@ -1,13 +1,17 @@
 // A compressed body with a limit.
-#include <cstdint>
-#include <cstdlib>
-
+#include "Fuzz/Fuzzer.hpp"
 #include "Platform/Network/Curl/Inflate.hpp"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
+namespace orivanta::network {
+namespace {
+
+void inflateWithinLimit(std::string_view input) {
   constexpr std::size_t largestBytes = 100'000;
-  const auto inflated =
-      orivanta::network::gunzipped({reinterpret_cast<const char*>(bytes), count}, largestBytes);
-  if (inflated && inflated->size() > largestBytes) std::abort();
-  return 0;
+  const auto inflated = gunzipped(input, largestBytes);
+  ORIVANTA_REQUIRE(!inflated || inflated->size() <= largestBytes);
 }
+
+}  // namespace
+}  // namespace orivanta::network
+
+ORIVANTA_FUZZER(Inflate, orivanta::network::inflateWithinLimit)

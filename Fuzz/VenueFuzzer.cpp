@@ -1,9 +1,9 @@
 // A JSON body through everything that reads it: the parser, the records, the join, the navigation
 // graph and the route search.
-#include <cstdint>
 #include <string_view>
 #include <utility>
 
+#include "Fuzz/Fuzzer.hpp"
 #include "Source/Category.hpp"
 #include "Source/Directions.hpp"
 #include "Source/ImageCollection.hpp"
@@ -63,14 +63,15 @@ void buildRecords(const RawData& page) {
   recordsOf<Polygon>(page);
 }
 
+void loadVenueText(std::string_view text) {
+  const auto body = RawData::parse(text);
+  if (!body) return;
+  buildRecords(*body);
+  loadCollections(*body);
+  findRoutes();
+}
+
 }  // namespace
 }  // namespace orivanta
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
-  const auto body = orivanta::RawData::parse({reinterpret_cast<const char*>(bytes), count});
-  if (!body) return 0;
-  orivanta::buildRecords(*body);
-  orivanta::loadCollections(*body);
-  orivanta::findRoutes();
-  return 0;
-}
+ORIVANTA_FUZZER(Venue, orivanta::loadVenueText)

@@ -13,6 +13,9 @@ namespace orivanta::view {
 
 namespace {
 
+// Points; far beyond any screen, and what is computed from such places stays finite.
+constexpr double farthestPlace = 1e6;
+
 using Recognizers = std::vector<std::shared_ptr<GestureRecognizer>>;
 
 struct Finger {
@@ -90,12 +93,12 @@ struct TouchDispatcher::Session {
     time = std::max(time, touch.time);  // a NaN changes nothing
     touch.time = time;
     const auto finger = find(touch.identifier);
-    // No view holds a place that is not finite, so none lands there.
-    const bool isFinite = std::isfinite(touch.position.x) && std::isfinite(touch.position.y);
-    if (touch.phase == TouchPhase::began) return finger == fingers.end();
+    const bool isSomewhere =
+        std::abs(touch.position.x) <= farthestPlace && std::abs(touch.position.y) <= farthestPlace;
+    if (touch.phase == TouchPhase::began) return isSomewhere && finger == fingers.end();
     if (finger == fingers.end()) return false;
-    if (touch.phase == TouchPhase::moved) return isFinite;
-    if (touch.phase == TouchPhase::cancelled || !isFinite) touch.position = finger->position;
+    if (touch.phase == TouchPhase::moved) return isSomewhere;
+    if (touch.phase == TouchPhase::cancelled || !isSomewhere) touch.position = finger->position;
     return true;
   }
 

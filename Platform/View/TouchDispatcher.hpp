@@ -24,7 +24,8 @@ namespace orivanta::view {
 /// tap that failed stays so until all of its fingers have left.
 ///
 /// What makes no sense is passed over: an unknown finger that moves or leaves, a known one that
-/// lands, a place that is not finite. Time never runs backwards.
+/// lands, a place that is not finite or lies more than a million points from the upper left corner.
+/// Time never runs backwards.
 class ORIVANTA_API TouchDispatcher {
  public:
   /// Keeps the view.

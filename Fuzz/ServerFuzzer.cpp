@@ -1,0 +1,129 @@
+// Bytes that a client sends on a connection, through the server's own reading, routing and writing:
+// every answer is a whole HTTP message, none tells what lies outside the package, and without
+// credentials a locked server tells nothing.
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <boost/asio/buffer.hpp>
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/strand.hpp>
+#include <boost/beast/http/parser.hpp>
+#include <boost/beast/http/string_body.hpp>
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "Apps/Server/HttpConnection.hpp"
+#include "Apps/Server/Router.hpp"
+#include "Apps/Server/VenuePackage.hpp"
+#include "Fuzz/Fuzzer.hpp"
+#include "Source/HttpLink.hpp"
+#include "Tests/Apps/Server/SmallPackage.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace orivanta::server {
+namespace {
+
+namespace asio = boost::asio;
+namespace http = boost::beast::http;
+using Answer = http::response<http::string_body>;
+
+constexpr std::string_view secret = "what nobody may read";
+
+std::unique_ptr<Router> makeRouter(std::optional<Credentials> credentials) {
+  static const test::TemporaryFolder folder;
+  folder.write("outside.txt", secret);
+  test::writeSmallPackage(folder, "mall", "mall");
+  folder.write("mall/.hidden/inside.txt", secret);
+  std::error_code exists;
+  std::filesystem::create_symlink("../outside.txt", folder.path() / "mall/link.txt", exists);
+  Router::Options options;
+  options.origin = "http://127.0.0.1:80";
+  options.pageSize = 2;
+  options.credentials = std::move(credentials);
+  return std::make_unique<Router>(readPackages({folder.path() / "mall"}), std::move(options));
+}
+
+void serve(asio::ip::tcp::socket socket, Router& router) {
+  std::make_shared<HttpConnection>(std::move(socket), router, std::chrono::seconds(30), [] {
+  })->start();
+}
+
+// What the server sends until it closes the connection. The client has then sent all its bytes.
+std::string answersTo(std::string_view bytes, Router& router) {
+  std::array<int, 2> ends{};
+  ORIVANTA_REQUIRE(::socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) == 0);
+  const int client = ends[1];
+  ORIVANTA_REQUIRE(::fcntl(client, F_SETFL, O_NONBLOCK) == 0);
+  asio::io_context context;
+  asio::ip::tcp::socket socket(asio::make_strand(context));
+  socket.assign(asio::ip::tcp::v4(), ends[0]);
+  serve(std::move(socket), router);
+  std::string answers;
+  do {
+    if (const auto sent = ::send(client, bytes.data(), bytes.size(), MSG_NOSIGNAL); sent > 0)
+      bytes.remove_prefix(static_cast<std::size_t>(sent));
+    if (bytes.empty()) ::shutdown(client, SHUT_WR);
+    context.run_one_for(std::chrono::seconds(1));
+    std::array<char, 65536> part;
+    for (;;) {
+      const auto count = ::recv(client, part.data(), part.size(), 0);
+      if (count <= 0) break;
+      answers.append(part.data(), static_cast<std::size_t>(count));
+    }
+  } while (!context.stopped());
+  ::close(client);
+  return answers;
+}
+
+// The first answer, cut from the front.
+Answer takeAnswer(std::string_view& answers) {
+  http::response_parser<http::string_body> parser;
+  parser.header_limit(1U << 20U);
+  parser.eager(true);
+  boost::beast::error_code error;
+  const std::size_t size = parser.put(asio::buffer(answers.data(), answers.size()), error);
+  ORIVANTA_REQUIRE(!error && parser.is_done());
+  answers.remove_prefix(size);
+  return parser.release();
+}
+
+void checkLinks(const Answer& answer) {
+  for (const Link& link : parseLinkHeader(std::string(answer[http::field::link]))) {
+    if (link.uri.empty()) continue;
+    const auto url = foundation::Url::parse(link.uri);
+    ORIVANTA_REQUIRE(url && url->isAbsolute() && link.relationType());
+  }
+}
+
+void checkAnswers(std::string_view answers, const std::set<unsigned>& allowed) {
+  ORIVANTA_REQUIRE(answers.find(secret) == std::string_view::npos);
+  while (!answers.empty()) {
+    const Answer answer = takeAnswer(answers);
+    ORIVANTA_REQUIRE(allowed.contains(answer.result_int()));
+    checkLinks(answer);
+  }
+}
+
+void serveBytes(std::string_view bytes) {
+  static const auto open = makeRouter(std::nullopt);
+  static const auto locked = makeRouter(Credentials("somebody", "a password that is not guessed"));
+  if (bytes.find("HEAD") != std::string_view::npos) {
+    answersTo(bytes, *open);  // the answers cannot be told apart without the requests
+    return;
+  }
+  checkAnswers(answersTo(bytes, *open), {200, 304, 400, 404, 405, 413, 431, 501});
+  checkAnswers(answersTo(bytes, *locked), {400, 401, 413, 431, 501});
+}
+
+}  // namespace
+}  // namespace orivanta::server
+
+ORIVANTA_FUZZER(Server, orivanta::server::serveBytes)

@@ -1,0 +1,8 @@
+// Copies into an array on the stack: something to protect.
+#include <cstring>
+
+int main(int count, char** arguments) {
+  char copy[16];
+  std::strcpy(copy, arguments[count - 1]);
+  return copy[0];
+}
