@@ -16,14 +16,17 @@ namespace {
 
 constexpr std::int64_t pictureSize = 320;
 
+// More than a card has on any screen.
+constexpr std::uint64_t mostPixels = 2048 * 2048;
+
 // Pictures of several places may have the same name.
 std::string folderFor(const foundation::Url& url, const std::string& slug) {
-  return fmt::format("{}/places/{:x}", slug,
+  return fmt::format("{}/places/{:x}", HttpDownloader::folderFor(url, slug),
                      std::hash<std::string>()(url.path() + '?' + url.query()));
 }
 
 std::shared_ptr<const graphics::Image> readPicture(const std::string& path) try {
-  auto picture = graphics::readImage(path);
+  auto picture = graphics::readImage(path, 1.0, mostPixels);
   if (!picture) FileFetch::forget(path);
   return picture;
 } catch (const std::exception&) {

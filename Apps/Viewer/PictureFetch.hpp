@@ -21,8 +21,8 @@ class PictureFetch {
   ~PictureFetch() { cancel(); }
 
   /// `arrived` is called from the main queue, at most once: not without a picture that can be read,
-  /// nor once another is fetched. Pictures are kept below the folder `slug`, apart by their URLs
-  /// without the server, whose port may be another one tomorrow.
+  /// nor once another is fetched. Pictures are kept in the folder of the venue `slug` on its
+  /// server, apart by their URLs.
   void start(const Location& place, const std::string& slug,
              std::shared_ptr<HttpDownloader> downloader, Arrived arrived);
 

@@ -137,8 +137,12 @@ void VenueView::remarkOmissions(const std::vector<FloorProgress>& floors) {
   for (const FloorProgress& floor : floors)
     if (floor.state == FloorState::ready && !floor.problem.empty())
       names.push_back(floor.map->name.empty() ? command::floorLabel(*floor.map) : floor.map->name);
-  if (names.empty() || !remarked) return;
+  const bool isEarlier = std::any_of(floors.begin(), floors.end(),
+                                     [](const auto& floor) { return floor.earlierFiles > 0; });
+  if ((names.empty() && !isEarlier) || !remarked) return;
   const auto remark = std::exchange(remarked, nullptr);  // once, whatever is tried again
+  if (names.empty())
+    return remark("Some files come from an earlier visit: the server does not give them now.");
   remark(names.size() == 1
              ? fmt::format("{} is shown without some of its textures.", names.front())
              : fmt::format("{} floors are shown without some of their textures.", names.size()));

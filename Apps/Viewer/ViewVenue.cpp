@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 
 #include <memory>
+#include <optional>
+#include <string>
 #include <utility>
 
 #include "Apps/Command/Render/PictureOptions.hpp"
@@ -13,6 +15,8 @@
 #include "Apps/Viewer/Viewer.hpp"
 #include "Apps/Viewer/Window.hpp"
 #include "Platform/Foundation/Screen.hpp"
+#include "Platform/Foundation/Url.hpp"
+#include "Source/UI/MapDownloader.hpp"
 
 namespace orivanta::viewer {
 
@@ -30,6 +34,19 @@ std::unique_ptr<server::VenueServer> serveDemo(const std::filesystem::path& fold
     throw CommandError(ExitCode::wrongUse, fmt::format("the demo venue: {}", error.what()));
   }
 }
+
+// The demo venue's server listens on another port each time, so that nobody would ever look for the
+// files that are kept from it.
+struct DemoFiles {
+  explicit DemoFiles(std::string root) : serverRoot(std::move(root)) {}
+  ~DemoFiles() {
+    if (const auto url = foundation::Url::parse(serverRoot)) HttpDownloader::removeFilesOf(*url);
+  }
+  DemoFiles(const DemoFiles&) = delete;
+  DemoFiles& operator=(const DemoFiles&) = delete;
+
+  const std::string serverRoot;
+};
 
 std::unique_ptr<render::WindowSurface> openWindow(const ViewVenueOptions& options) {
   auto surface =
@@ -50,9 +67,11 @@ ExitCode viewVenue(const ViewVenueOptions& options) {
   if (!options.slug.empty()) viewerOptions.slug = options.slug;
   viewerOptions.settings = command::resolveSettings(options.connection);
   std::unique_ptr<server::VenueServer> demo;
+  std::optional<DemoFiles> demoFiles;
   if (options.demoVenue && !command::isEndpointGiven(options.connection)) {
     demo = serveDemo(*options.demoVenue);
     viewerOptions.settings.endpoint = demo->root();
+    demoFiles.emplace(demo->root());
     if (!viewerOptions.slug) viewerOptions.slug = server::readPackage(*options.demoVenue).slug;
   }
   const auto surface = openWindow(options);

@@ -2,9 +2,12 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <random>
 #include <system_error>
@@ -29,8 +32,20 @@ struct Descriptor {
   int number;  // -1 for none
 };
 
+constexpr std::string_view temporaryEnding = ".part";
+constexpr std::size_t temporaryDigits = 16;
+
+bool isTemporaryName(std::string_view name) {
+  if (name.size() != 1 + temporaryDigits + temporaryEnding.size() || name.front() != '.' ||
+      !name.ends_with(temporaryEnding))
+    return false;
+  const std::string_view digits = name.substr(1, temporaryDigits);
+  return std::all_of(digits.begin(), digits.end(),
+                     [](unsigned char digit) { return std::isxdigit(digit) != 0; });
+}
+
 // A file of its own beside the one to be replaced, removed again unless it takes that one's place.
-// The functions say in `errno` why they fail.
+// It is locked while its writer lives. The functions say in `errno` why they fail.
 class TemporaryFile {
  public:
   TemporaryFile() = default;
@@ -43,9 +58,11 @@ class TemporaryFile {
   bool createBeside(const fs::path& target) {
     std::random_device random;
     do {
-      path_ = target.parent_path() / fmt::format(".{:08x}{:08x}.part", random(), random());
+      file_.close();
+      path_ = target.parent_path() /
+              fmt::format(".{:08x}{:08x}{}", random(), random(), temporaryEnding);
       file_.number = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    } while (file_.number < 0 && errno == EEXIST);
+    } while (file_.number < 0 ? errno == EEXIST : !lock());
     exists_ = file_.number >= 0;
     return exists_;
   }
@@ -60,12 +77,21 @@ class TemporaryFile {
   }
 
   bool takePlaceOf(const fs::path& target) {
-    if (::fsync(file_.number) != 0 || !file_.close()) return false;
-    exists_ = ::rename(path_.c_str(), target.c_str()) != 0;
+    if (::fsync(file_.number) != 0) return false;
+    exists_ = ::rename(path_.c_str(), target.c_str()) != 0;  // before the lock goes
     return !exists_;
   }
 
  private:
+  // False if the file was removed before it was locked. Where there are no locks, nobody removes
+  // it.
+  bool lock() const {
+    while (::flock(file_.number, LOCK_EX) != 0 && errno == EINTR) {
+    }
+    struct stat status {};
+    return ::fstat(file_.number, &status) != 0 || status.st_nlink > 0;
+  }
+
   fs::path path_;
   Descriptor file_;
   bool exists_ = false;
@@ -137,6 +163,18 @@ std::optional<Error> writeFileAtomically(const fs::path& file, std::string_view 
   return Error{
       "file", code,
       fmt::format("cannot write {}: {}", file.string(), std::generic_category().message(code))};
+}
+
+void removeAbandonedFiles(const fs::path& folder) {
+  std::error_code failure;
+  for (fs::directory_iterator entry(folder, failure), end; !failure && entry != end;
+       entry.increment(failure)) {
+    const fs::path& file = entry->path();
+    if (!isTemporaryName(file.filename().string())) continue;
+    const Descriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    if (opened.number >= 0 && ::flock(opened.number, LOCK_EX | LOCK_NB) == 0)
+      ::unlink(file.c_str());
+  }
 }
 
 }  // namespace orivanta::foundation

@@ -45,4 +45,9 @@ ORIVANTA_API std::optional<std::string> readFile(const std::filesystem::path& fi
 ORIVANTA_API std::optional<Error> writeFileAtomically(const std::filesystem::path& file,
                                                       std::string_view bytes);
 
+/// Removes the hidden files that killed processes left in a folder while they wrote other files.
+/// Those of running processes stay, and so do all of them if the file system has no locks. Any
+/// thread.
+ORIVANTA_API void removeAbandonedFiles(const std::filesystem::path& folder);
+
 }  // namespace orivanta::foundation

@@ -118,6 +118,8 @@ std::string Url::scheme() const { return textOf(ParsedUri(text_)->scheme); }
 
 std::string Url::host() const { return textOf(ParsedUri(text_)->hostText); }
 
+std::string Url::port() const { return textOf(ParsedUri(text_)->portText); }
+
 std::string Url::query() const { return textOf(ParsedUri(text_)->query); }
 
 std::string Url::path() const {

@@ -36,6 +36,7 @@ class ORIVANTA_API Url {
   /// The components as they stand in the text, without delimiters; empty when missing.
   std::string scheme() const;
   std::string host() const;
+  std::string port() const;
   std::string path() const;
   std::string query() const;
 

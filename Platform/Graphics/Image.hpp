@@ -12,6 +12,14 @@
 
 namespace orivanta::graphics {
 
+/// The sides of a picture in pixels.
+struct PixelSize {
+  std::uint32_t width = 0;
+  std::uint32_t height = 0;
+
+  std::uint64_t pixels() const { return std::uint64_t{width} * height; }
+};
+
 /// Immutable and shared by handle, so any thread may read it. Pixels are 8-bit sRGB red, green,
 /// blue and alpha, not multiplied by the alpha, rows from the top.
 class ORIVANTA_API Image {

@@ -2,11 +2,15 @@
 
 #include <png.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <fstream>
 #include <new>
 #include <string_view>
+#include <system_error>
 
 #include "Platform/Foundation/Files.hpp"
+#include "Platform/Graphics/DecodingRoom.hpp"
 #include "Platform/Graphics/JpegReader.hpp"
 #include "Platform/Graphics/PngReader.hpp"
 
@@ -15,6 +19,19 @@ namespace orivanta::graphics {
 namespace {
 
 constexpr std::size_t largestFileBytes = 256U << 20U;
+
+// At the beginning of a file; what a camera writes before the size is shorter.
+constexpr std::size_t bytesToSize = 256U << 10U;
+
+// The memory that reading a picture takes at most, roughly: a progressive JPEG or an interlaced PNG
+// is in memory whole.
+std::uint64_t bytesToRead(const std::filesystem::path& file) {
+  std::error_code failure;
+  const std::uint64_t fileBytes = std::filesystem::file_size(file, failure);
+  const auto size = readImageSize(file);
+  const std::uint64_t pixels = size ? size->pixels() : Image::maximumPixels;
+  return (failure ? 0 : fileBytes) + 4 * std::min(pixels, Image::maximumPixels);
+}
 
 std::vector<std::uint8_t> withoutAlpha(std::span<const std::uint8_t> pixels) {
   std::vector<std::uint8_t> packed;
@@ -26,15 +43,28 @@ std::vector<std::uint8_t> withoutAlpha(std::span<const std::uint8_t> pixels) {
 
 }  // namespace
 
-std::shared_ptr<const Image> decodeImage(std::span<const std::uint8_t> bytes, double scale) {
-  if (isPng(bytes)) return decodePng(bytes, scale);
-  return isJpeg(bytes) ? decodeJpeg(bytes, scale) : nullptr;
+std::shared_ptr<const Image> decodeImage(std::span<const std::uint8_t> bytes, double scale,
+                                         std::uint64_t mostPixels) {
+  if (isPng(bytes)) return decodePng(bytes, scale, mostPixels);
+  return isJpeg(bytes) ? decodeJpeg(bytes, scale, mostPixels) : nullptr;
 }
 
-std::shared_ptr<const Image> readImage(const std::filesystem::path& file, double scale) {
+std::optional<PixelSize> readImageSize(const std::filesystem::path& file) {
+  std::vector<std::uint8_t> bytes(bytesToSize);
+  std::ifstream stream(file, std::ios::binary);
+  stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(stream.gcount()));
+  if (isPng(bytes)) return pngSize(bytes);
+  return isJpeg(bytes) ? jpegSize(bytes) : std::nullopt;
+}
+
+std::shared_ptr<const Image> readImage(const std::filesystem::path& file, double scale,
+                                       std::uint64_t mostPixels) {
+  const DecodingRoom room(bytesToRead(file));
   const auto bytes = foundation::readFile(file, largestFileBytes);
   if (!bytes) return nullptr;
-  return decodeImage({reinterpret_cast<const std::uint8_t*>(bytes->data()), bytes->size()}, scale);
+  return decodeImage({reinterpret_cast<const std::uint8_t*>(bytes->data()), bytes->size()}, scale,
+                     mostPixels);
 }
 
 std::vector<std::uint8_t> encodePng(const Image& image) {

@@ -7,8 +7,11 @@
 #include <jpeglib.h>
 
 #include <csetjmp>
+#include <optional>
 #include <utility>
 #include <vector>
+
+#include "Platform/Graphics/BoxFilter.hpp"
 
 namespace orivanta::graphics {
 
@@ -51,7 +54,8 @@ struct Reader {
   jpeg_error_mgr errors{};
   jpeg_progress_mgr progress{};
   jpeg_decompress_struct jpeg{};
-  std::vector<std::uint8_t> pixels;
+  std::vector<std::uint8_t> pixels;  // all of them, or one row for `filter`
+  std::optional<BoxFilter> filter;   // if the decoder alone does not make the picture small enough
 };
 
 bool readHead(Reader& reader) {
@@ -67,13 +71,35 @@ bool readHead(Reader& reader) {
   return true;
 }
 
+// The decoder itself divides the sides by 8, 4 or 2 where that leads to the factor.
+bool chooseSize(Reader& reader, std::uint64_t mostPixels) {
+  jpeg_decompress_struct& jpeg = reader.jpeg;
+  const std::uint32_t factor = reductionFor(jpeg.image_width, jpeg.image_height, mostPixels);
+  std::uint32_t byDecoder = 8;
+  while (factor % byDecoder != 0) byDecoder /= 2;
+  jpeg.scale_num = 1;
+  jpeg.scale_denom = byDecoder;
+  if (setjmp(reader.jump) != 0) return false;
+  jpeg_calc_output_dimensions(&jpeg);
+  if (byDecoder != factor)
+    reader.filter.emplace(jpeg.output_width, jpeg.output_height, factor / byDecoder);
+  return true;
+}
+
+void allocateRows(Reader& reader) {
+  reader.pixels.resize(std::size_t{4} * reader.jpeg.output_width *
+                       (reader.filter ? 1 : reader.jpeg.output_height));
+}
+
 bool readRows(Reader& reader) {
   if (setjmp(reader.jump) != 0) return false;
   jpeg_decompress_struct& jpeg = reader.jpeg;
   jpeg_start_decompress(&jpeg);
   while (jpeg.output_scanline < jpeg.output_height) {
-    JSAMPROW row = reader.pixels.data() + std::size_t{jpeg.output_scanline} * jpeg.image_width * 4;
+    const std::size_t place = reader.filter ? 0 : jpeg.output_scanline;
+    JSAMPROW row = reader.pixels.data() + place * jpeg.output_width * 4;
     jpeg_read_scanlines(&jpeg, &row, 1);
+    if (reader.filter) reader.filter->addRow(row);
   }
   jpeg_finish_decompress(&jpeg);
   return true;
@@ -85,12 +111,22 @@ bool isJpeg(std::span<const std::uint8_t> bytes) {
   return bytes.size() >= 3 && bytes[0] == 0xFF && bytes[1] == 0xD8 && bytes[2] == 0xFF;
 }
 
-std::shared_ptr<const Image> decodeJpeg(std::span<const std::uint8_t> bytes, double scale) {
+std::optional<PixelSize> jpegSize(std::span<const std::uint8_t> bytes) {
   Reader reader(bytes);
-  if (!readHead(reader)) return nullptr;
-  reader.pixels.resize(std::size_t{reader.jpeg.image_width} * reader.jpeg.image_height * 4);
+  if (!readHead(reader)) return std::nullopt;
+  return PixelSize{reader.jpeg.image_width, reader.jpeg.image_height};
+}
+
+std::shared_ptr<const Image> decodeJpeg(std::span<const std::uint8_t> bytes, double scale,
+                                        std::uint64_t mostPixels) {
+  Reader reader(bytes);
+  if (!readHead(reader) || !chooseSize(reader, mostPixels)) return nullptr;
+  allocateRows(reader);
   if (!readRows(reader)) return nullptr;
-  return Image::make(reader.jpeg.image_width, reader.jpeg.image_height, std::move(reader.pixels),
+  if (reader.filter)
+    return Image::make(reader.filter->width(), reader.filter->height(), reader.filter->takePixels(),
+                       scale);
+  return Image::make(reader.jpeg.output_width, reader.jpeg.output_height, std::move(reader.pixels),
                      scale);
 }
 

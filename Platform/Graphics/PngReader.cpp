@@ -5,8 +5,11 @@
 #include <csetjmp>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <utility>
 #include <vector>
+
+#include "Platform/Graphics/BoxFilter.hpp"
 
 namespace orivanta::graphics {
 
@@ -50,7 +53,9 @@ struct Reader {
   png_structp png = nullptr;
   png_infop info = nullptr;
   std::vector<std::uint8_t> pixels;
-  std::vector<png_bytep> rows;
+  std::vector<png_bytep> rows;      // of `pixels`
+  std::vector<std::uint8_t> row;    // the one being read, where `filter` takes them one by one
+  std::optional<BoxFilter> filter;  // if the picture is made smaller
 };
 
 // Whether the sides are allowed and so many pixels can be in so few bytes.
@@ -79,8 +84,14 @@ bool prepareRows(Reader& reader) {
          std::size_t{png_get_image_width(reader.png, reader.info)} * 4;
 }
 
+// The rows of an interlaced picture are complete only together.
+bool isReadAtOnce(const Reader& reader) {
+  return !reader.filter || png_get_interlace_type(reader.png, reader.info) != PNG_INTERLACE_NONE;
+}
+
 void allocateRows(Reader& reader) {
   const std::size_t rowBytes = png_get_rowbytes(reader.png, reader.info);
+  if (!isReadAtOnce(reader)) return reader.row.resize(rowBytes);
   const std::size_t height = png_get_image_height(reader.png, reader.info);
   reader.pixels.resize(rowBytes * height);
   reader.rows.reserve(height);
@@ -90,7 +101,17 @@ void allocateRows(Reader& reader) {
 
 bool readRows(Reader& reader) {
   if (setjmp(png_jmpbuf(reader.png)) != 0) return false;
-  png_read_image(reader.png, reader.rows.data());
+  if (isReadAtOnce(reader)) {
+    png_read_image(reader.png, reader.rows.data());
+    if (reader.filter)
+      for (const png_bytep row : reader.rows) reader.filter->addRow(row);
+  } else {
+    const png_uint_32 height = png_get_image_height(reader.png, reader.info);
+    for (png_uint_32 y = 0; y < height; ++y) {
+      png_read_row(reader.png, reader.row.data(), nullptr);
+      reader.filter->addRow(reader.row.data());
+    }
+  }
   png_read_end(reader.png, nullptr);
   return true;
 }
@@ -102,13 +123,24 @@ bool isPng(std::span<const std::uint8_t> bytes) {
   return bytes.size() >= signatureBytes && png_sig_cmp(bytes.data(), 0, signatureBytes) == 0;
 }
 
-std::shared_ptr<const Image> decodePng(std::span<const std::uint8_t> bytes, double scale) {
+std::optional<PixelSize> pngSize(std::span<const std::uint8_t> bytes) {
+  constexpr std::size_t sizesAt = 16;
+  if (bytes.size() < sizesAt + 8) return std::nullopt;
+  return PixelSize{png_get_uint_32(&bytes[sizesAt]), png_get_uint_32(&bytes[sizesAt + 4])};
+}
+
+std::shared_ptr<const Image> decodePng(std::span<const std::uint8_t> bytes, double scale,
+                                       std::uint64_t mostPixels) {
   Reader reader(bytes);
   if (reader.info == nullptr || !readHead(reader) || !prepareRows(reader)) return nullptr;
+  const png_uint_32 width = png_get_image_width(reader.png, reader.info);
+  const png_uint_32 height = png_get_image_height(reader.png, reader.info);
+  if (const std::uint32_t factor = reductionFor(width, height, mostPixels); factor > 1)
+    reader.filter.emplace(width, height, factor);
   allocateRows(reader);
   if (!readRows(reader)) return nullptr;
-  return Image::make(png_get_image_width(reader.png, reader.info),
-                     png_get_image_height(reader.png, reader.info), std::move(reader.pixels),
+  if (!reader.filter) return Image::make(width, height, std::move(reader.pixels), scale);
+  return Image::make(reader.filter->width(), reader.filter->height(), reader.filter->takePixels(),
                      scale);
 }
 

@@ -16,14 +16,14 @@ struct AwaitedRequests::State {
 
 AwaitedRequests::AwaitedRequests() : state_(std::make_shared<State>()) {}
 
-UrlResult AwaitedRequests::get(const foundation::Url& url) {
+UrlResult AwaitedRequests::get(const foundation::Url& url, HeaderFields headerFields) {
   const auto answer = std::make_shared<std::optional<UrlResult>>();
-  const auto transfer =
-      defaultTransport().start({url, {}}, [state = state_, answer](UrlResult result) {
-        const std::lock_guard lock(state->mutex);
-        *answer = std::move(result);
-        state->changed.notify_all();
-      });
+  const auto transfer = defaultTransport().start({url, std::move(headerFields)},
+                                                 [state = state_, answer](UrlResult result) {
+                                                   const std::lock_guard lock(state->mutex);
+                                                   *answer = std::move(result);
+                                                   state->changed.notify_all();
+                                                 });
   std::unique_lock lock(state_->mutex);
   state_->changed.wait(lock, [&] { return answer->has_value() || state_->isCancelled; });
   if (!*answer) {

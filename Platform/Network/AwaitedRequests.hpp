@@ -16,7 +16,7 @@ class ORIVANTA_API AwaitedRequests {
 
   /// What answers, of any status, its body decoded; blocks. As for a session's request, redirects
   /// are followed, and a minute without a byte ends it.
-  UrlResult get(const foundation::Url& url);
+  UrlResult get(const foundation::Url& url, HeaderFields headerFields = {});
 
   /// Ends all `get`, also later ones, with an error of the domain "http" and the code ECANCELED.
   void cancel();

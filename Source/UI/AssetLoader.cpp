@@ -3,18 +3,18 @@
 #include <fmt/format.h>
 
 #include <cstring>
-#include <map>
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
-#include "Platform/Graphics/ImageFile.hpp"
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Material.hpp"
 #include "Platform/Scene/Obj/Model.hpp"
 #include "Platform/Scene/Scene.hpp"
 #include "Source/RawData.hpp"
+#include "Source/UI/PictureBudget.hpp"
 #include "Source/UI/SdkBundle.hpp"
 
 namespace orivanta {
@@ -26,34 +26,17 @@ using scene::obj::Model;
 
 namespace {
 
-// Pictures are read once a model, however many of its materials show them. All of them together
-// have at most `mostPixels`; those beyond are left out.
-class Pictures {
- public:
-  std::shared_ptr<const graphics::Image> at(const std::filesystem::path& file) {
-    const auto [entry, isNew] = images_.try_emplace(file);
-    if (!isNew || pixelsLeft_ == 0) return entry->second;
-    auto image = graphics::readImage(file);
-    if (!image) return nullptr;
-    const std::size_t pixels = std::size_t{image->width()} * image->height();
-    if (pixels > pixelsLeft_) {
-      pixelsLeft_ = 0;
-      return nullptr;
-    }
-    pixelsLeft_ -= pixels;
-    entry->second = std::move(image);
-    return entry->second;
-  }
-
- private:
-  static constexpr std::size_t mostPixels = 128'000'000;
-
-  std::size_t pixelsLeft_ = mostPixels;
-  std::map<std::filesystem::path, std::shared_ptr<const graphics::Image>> images_;
-};
+// The pictures of a model, within the budget of the load that it is read for, if there is one.
+FloorPictures::Images readPictures(const Model& model) {
+  std::set<std::filesystem::path> files;
+  for (const auto& group : model.groups)
+    if (group.material.diffuseTexture) files.insert(*group.material.diffuseTexture);
+  if (auto* const pictures = FloorPictures::current()) return pictures->read(files);
+  return FloorPictures(std::make_shared<PictureBudget>(1)).read(files);
+}
 
 std::shared_ptr<scene::Material> makeMaterial(const scene::obj::Material& look,
-                                              Pictures& pictures) {
+                                              const FloorPictures::Images& pictures) {
   auto material =
       scene::Material::make(graphics::Color{look.diffuse[0], look.diffuse[1], look.diffuse[2]});
   if (!look.name.empty()) material->setName(look.name);
@@ -76,7 +59,7 @@ scene::SharedBytes bytesOf(const std::vector<Value>& values) {
 
 // The whole model as one mesh, with an element for each material.
 std::shared_ptr<scene::Geometry> makeMesh(const Model& model) {
-  Pictures pictures;
+  const FloorPictures::Images pictures = readPictures(model);
   std::vector<scene::GeometryElement> elements;
   std::vector<std::shared_ptr<scene::Material>> materials;
   for (const auto& group : model.groups) {

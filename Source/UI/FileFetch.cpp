@@ -6,7 +6,6 @@
 #include <boost/asio/post.hpp>
 #include <exception>
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -21,14 +20,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t mostThreads = 4;
-
-// Whether a file begins as web pages and JSON do: no model, material library or picture does.
-bool isErrorPage(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  char first = '\0';
-  file >> first;  // behind blanks
-  return first == '<' || first == '{';
-}
 
 }  // namespace
 
@@ -79,10 +70,7 @@ FileFetch::Outcome FileFetch::fetch(const File& file) try {
   const std::string& address = file.url.absoluteString();
   if (!foundation::cachesDirectory())
     return {"", fmt::format("{} has no place to be kept: HOME is not set", address)};
-  Outcome outcome = downloader_->fetchFile(file.url, file.folder, requests_);
-  if (outcome.path.empty() || !isErrorPage(outcome.path)) return outcome;
-  forget(outcome.path);
-  return {"", fmt::format("{} gives an error page in place of the file", address)};
+  return downloader_->fetchFile(file.url, file.folder, requests_);
 } catch (const std::exception& failure) {
   return {"", fmt::format("{}: {}", file.url.absoluteString(), failure.what())};
 }

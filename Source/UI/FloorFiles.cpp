@@ -1,7 +1,10 @@
 #include "Source/UI/FloorFiles.hpp"
 
+#include <algorithm>
+
 #include "Platform/Foundation/Fatal.hpp"
 #include "Source/Map.hpp"
+#include "Source/Venue.hpp"
 
 namespace orivanta {
 
@@ -19,6 +22,15 @@ std::vector<foundation::Url> FloorFiles::urls() const {
   for (const std::string& image : images)
     urls.push_back(foundation::unwrap(foundation::Url::parse(image)));
   return urls;
+}
+
+std::size_t countFloorsWithPictures(const Venue& venue) {
+  if (!venue.maps) return 0;
+  return static_cast<std::size_t>(
+      std::count_if(venue.maps->begin(), venue.maps->end(), [](const auto& map) {
+        const FloorFiles files = FloorFiles::of(*map);
+        return !files.model.empty() && !files.images.empty();
+      }));
 }
 
 }  // namespace orivanta

@@ -1,6 +1,7 @@
 // The files that make up the 3D scene of a floor.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -21,5 +22,8 @@ struct FloorFiles {
   /// is no URL is a fatal error.
   std::vector<foundation::Url> urls() const;
 };
+
+/// The number of a venue's floors that name a model and pictures; a missing list has none.
+std::size_t countFloorsWithPictures(const Venue& venue);
 
 }  // namespace orivanta

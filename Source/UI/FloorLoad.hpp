@@ -30,6 +30,14 @@ struct FloorProgress {
   /// Why it failed or, when it is ready nonetheless, which of its files it is shown without: with
   /// the URL, for people, without a full stop. Empty when all is well.
   std::string problem;
+
+  /// The number of its files that an earlier load left and that are used since the server does not
+  /// give them now.
+  std::size_t earlierFiles = 0;
+
+  /// What else there is to say about a floor that is ready: why each of these files is used, and
+  /// which pictures are too large and were made smaller. In the form of `problem`.
+  std::string remark = {};
 };
 
 /// Called on the main queue.

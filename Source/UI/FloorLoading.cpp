@@ -11,6 +11,7 @@
 #include "Platform/Foundation/BackgroundPool.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Source/Map.hpp"
+#include "Source/UI/FloorFiles.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
 
@@ -50,6 +51,7 @@ FloorLoading::FloorLoading(const std::shared_ptr<MapView>& view, FloorLoadHandle
     : view_(view),
       venue_(view->venue),
       handlers_(std::make_shared<FloorLoadHandlers>(std::move(handlers))) {
+  pictures_ = std::make_shared<PictureBudget>(countFloorsWithPictures(*view->venue));
   FloorPlan plan = FloorPlan::of(*view->venue, first);
   order_ = std::move(plan.order);
   files_ = std::move(plan.files);
@@ -60,7 +62,7 @@ FloorLoading::FloorLoading(const std::shared_ptr<MapView>& view, FloorLoadHandle
     if (progress.fileCount == 0)
       progress.state = progress.problem.empty() ? FloorState::withoutModel : FloorState::failed;
     floors_.push_back(
-        {std::move(progress), std::move(planned.files), std::move(planned.omissions)});
+        {std::move(progress), std::move(planned.files), std::move(planned.omissions), {}});
   }
 }
 
@@ -133,6 +135,10 @@ void FloorLoading::fileEnded(std::size_t file, const FileFetch::Outcome& outcome
       }
       floor.omissions.push_back(outcome.problem);
     }
+    if (!outcome.remark.empty()) {
+      ++floor.progress.earlierFiles;
+      floor.remarks.push_back(outcome.remark);
+    }
     if (floor.progress.filesDone == floor.files.size()) read(floor);
     changed(floor);
   }
@@ -152,13 +158,15 @@ void FloorLoading::read(Floor& floor) {
       foundation::backgroundPool(),
       [weak = weak_from_this(), index = static_cast<std::size_t>(&floor - floors_.data()),
        loader = view->assetLoader, fetch = fetch_, path = paths_[model],
-       address = files_[model].url.absoluteString()] {
+       address = files_[model].url.absoluteString(), budget = pictures_] {
         if (fetch->isCancelled()) return;
-        auto read = readModel(*loader, path, address);
+        FloorPictures pictures(budget);
+        Model read{readModel(*loader, path, address), {}};
+        read.remarks = pictures.remarks();
         const auto tell = [weak, index](const Model& result) {
           onMainQueue(weak, [index, result](FloorLoading& self) { self.wasRead(index, result); });
         };
-        if (const auto* const node = std::get_if<std::shared_ptr<scene::Node>>(&read))
+        if (const auto* const node = std::get_if<std::shared_ptr<scene::Node>>(&read.node))
           view::SceneView::prepare({*node}, [tell, read](bool) { tell(read); });
         else
           tell(read);
@@ -169,10 +177,12 @@ void FloorLoading::wasRead(std::size_t index, const Model& model) {
   Floor& floor = floors_[index];
   const auto view = view_.lock();
   if (!view) return;
-  if (const auto* const problem = std::get_if<std::string>(&model)) {
+  if (const auto* const problem = std::get_if<std::string>(&model.node)) {
     fail(floor, *problem);
   } else {
-    view->setModel(*floor.progress.map, std::get<std::shared_ptr<scene::Node>>(model));
+    view->setModel(*floor.progress.map, std::get<std::shared_ptr<scene::Node>>(model.node));
+    floor.remarks.insert(floor.remarks.end(), model.remarks.begin(), model.remarks.end());
+    floor.progress.remark = fmt::format("{}", fmt::join(floor.remarks, "; "));
     floor.progress.problem = fmt::format("{}", fmt::join(floor.omissions, "; "));
     floor.progress.state = FloorState::ready;
     startScene();

@@ -11,6 +11,7 @@
 #include "Source/UI/FileFetch.hpp"
 #include "Source/UI/FloorLoad.hpp"
 #include "Source/UI/FloorPlan.hpp"
+#include "Source/UI/PictureBudget.hpp"
 
 namespace orivanta {
 
@@ -34,8 +35,12 @@ class FloorLoading : public FloorLoad, public std::enable_shared_from_this<Floor
     FloorProgress progress;
     std::vector<std::size_t> files;  // the model first
     std::vector<std::string> omissions;
+    std::vector<std::string> remarks;
   };
-  using Model = std::variant<std::shared_ptr<scene::Node>, std::string>;  // or a problem
+  struct Model {
+    std::variant<std::shared_ptr<scene::Node>, std::string> node;  // or a problem
+    std::vector<std::string> remarks;
+  };
 
   template <class Step>
   static void onMainQueue(std::weak_ptr<FloorLoading> load, Step step);
@@ -59,6 +64,7 @@ class FloorLoading : public FloorLoad, public std::enable_shared_from_this<Floor
   std::vector<std::size_t> order_;  // in which they are fetched, the wanted one first
   std::vector<FileFetch::File> files_;
   std::vector<std::string> paths_;  // of the files; empty for those that are not there
+  std::shared_ptr<PictureBudget> pictures_;
   std::shared_ptr<FileFetch> fetch_;
   bool sceneStarted_ = false;
 };

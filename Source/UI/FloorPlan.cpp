@@ -50,18 +50,19 @@ Listed listFiles(const std::shared_ptr<Map>& map) {
 }
 
 // Looks at the floors in the venue's order, so that a folder does not depend on what comes first.
-void chooseFolders(std::vector<Listed>& floors, const std::string& folder) {
-  std::map<std::string, Url> taken;
+void chooseFolders(std::vector<Listed>& floors, const std::string& slug) {
+  std::map<std::pair<std::string, std::string>, Url> taken;  // by folder and name
   for (Listed& listed : floors) {
+    if (listed.urls.empty()) continue;
+    listed.folder = HttpDownloader::folderFor(listed.urls.front(), slug) + "/maps";
     const bool clashes = std::any_of(listed.urls.begin(), listed.urls.end(), [&](const Url& url) {
-      const auto entry = taken.find(nameOf(url));
+      const auto entry = taken.find({listed.folder, nameOf(url)});
       return entry != taken.end() && entry->second != url;
     });
-    listed.folder = folder;
     if (clashes)
       listed.folder += '/' + listed.floor.map->id.value_or("");
     else
-      for (const Url& url : listed.urls) taken.emplace(nameOf(url), url);
+      for (const Url& url : listed.urls) taken.emplace(std::pair(listed.folder, nameOf(url)), url);
   }
 }
 
@@ -71,7 +72,7 @@ FloorPlan FloorPlan::of(const Venue& venue, const std::shared_ptr<Map>& first) {
   std::vector<Listed> floors;
   if (venue.maps)
     for (const auto& map : *venue.maps) floors.push_back(listFiles(map));
-  chooseFolders(floors, venue.slug.value_or("") + "/maps");
+  chooseFolders(floors, venue.slug.value_or(""));
 
   FloorPlan plan;
   plan.order.resize(floors.size());

@@ -24,8 +24,9 @@ struct FloorPlan {
   std::vector<FileFetch::File> files;  ///< in the order of fetching
 
   /// Beginning with the files of `first`, if that is a floor of the venue. The files are kept in
-  /// the folder that `MapView::loadScene` uses; those of a floor that would take the place of
-  /// another floor's, since their URLs end alike, in a folder of its own below.
+  /// the folder "maps" of the venue on its server, that of the model's URL; those of a floor that
+  /// would take the place of another floor's, since their URLs end alike, in a folder of its own
+  /// below.
   static FloorPlan of(const Venue& venue, const std::shared_ptr<Map>& first);
 };
 

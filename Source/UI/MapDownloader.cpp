@@ -3,7 +3,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdint>
+#include <cctype>
+#include <cerrno>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -15,6 +16,8 @@
 #include "Platform/Foundation/SerialQueue.hpp"
 #include "Platform/Network/DataOfUrl.hpp"
 #include "Platform/Network/UrlTransport.hpp"
+#include "Source/UI/Fnv.hpp"
+#include "Source/UI/KeptFile.hpp"
 
 namespace orivanta {
 
@@ -27,24 +30,16 @@ namespace {
 constexpr std::size_t longestName = 255;
 constexpr int savingFailed = 1001;
 
-// FNV-1a, the 64-bit form (Fowler, Noll, Vo).
-std::uint64_t hashOf(std::string_view text) {
-  std::uint64_t hash = 0xcbf29ce484222325U;
-  for (const char character : text)
-    hash = (hash ^ static_cast<unsigned char>(character)) * 0x100000001b3U;
-  return hash;
-}
-
 // The name itself when it can stand for one file in a folder, else one that depends on it alone.
 std::string fileNameFor(const std::string& name) {
   const bool proper = !name.empty() && name != "." && name != ".." && name.size() <= longestName &&
                       name.find_first_of(std::string_view("/\0", 2)) == std::string::npos;
-  return proper ? name : fmt::format("%{:016x}", hashOf(name));
+  return proper ? name : fmt::format("%{:016x}", Fnv::of(name));
 }
 
 fs::path cacheRoot() { return foundation::unwrap(foundation::cachesDirectory()); }
 
-fs::path folderFor(std::string_view path) {
+fs::path folderAt(std::string_view path) {
   fs::path folder = cacheRoot();
   while (!path.empty()) {
     const std::string_view name = path.substr(0, path.find('/'));
@@ -84,12 +79,50 @@ std::string describe(const network::HttpUrlResponse& response) {
                      response.url ? response.url->absoluteString() : "");
 }
 
+// As web pages and JSON begin: no model, material library or picture does.
+bool isErrorPage(std::string_view body) {
+  const std::size_t first = body.find_first_not_of(" \t\r\n\v\f");
+  return first != std::string_view::npos && (body[first] == '<' || body[first] == '{');
+}
+
 // What is wrong with an answer, behind its URL; empty when it can be kept.
 std::string flawOf(const network::UrlResult& result) {
   if (result.error) return fmt::format("cannot be fetched: {}", result.error->description);
   if (const int status = result.response.statusCode; status < 200 || status > 299)
     return fmt::format("answered with HTTP status {}", status);
-  return result.body.empty() ? "answered with nothing" : "";
+  if (result.body.empty()) return "answered with nothing";
+  return isErrorPage(result.body) ? "gives an error page in place of the file" : "";
+}
+
+// Whether the server would perhaps not give that answer at another time.
+bool isPassing(const network::UrlResult& result) {
+  if (result.error) return result.error->domain != "http" || result.error->code != ECANCELED;
+  const int status = result.response.statusCode;
+  return status < 300 || status == 408 || status == 429 || status >= 500;
+}
+
+std::string lowercase(std::string text) {
+  for (char& letter : text)
+    letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+  return text;
+}
+
+// "" for any URL that is not fetched.
+std::string defaultPort(const foundation::Url& url) {
+  const std::string scheme = lowercase(url.scheme());
+  if (scheme == "http") return "80";
+  return scheme == "https" ? "443" : "";
+}
+
+std::string serverName(const foundation::Url& url) {
+  const std::string port = url.port();
+  return fmt::format("{}-{}-{}", lowercase(url.scheme()), lowercase(url.host()),
+                     port.empty() ? defaultPort(url) : port);
+}
+
+// One name for a folder or file that is not hidden.
+std::string visibleName(const std::string& name) {
+  return name.starts_with('.') ? fmt::format("%{:016x}", Fnv::of(name)) : fileNameFor(name);
 }
 
 void finish(network::UrlResult result, const std::string& path,
@@ -109,7 +142,7 @@ void finish(network::UrlResult result, const std::string& path,
 
 std::optional<std::string> HttpDownloader::loadFileSync(const foundation::Url& url,
                                                         const std::string& path) {
-  const fs::path folder = folderFor(path);
+  const fs::path folder = folderAt(path);
   const fs::path file = fileFor(url, folder);
   if (isCached(file)) return file.string();
   const auto bytes = network::dataOfUrl(url);
@@ -139,19 +172,36 @@ HttpDownloader::Fetched HttpDownloader::fetchFile(const foundation::Url& url,
                                                   const std::string& path,
                                                   network::AwaitedRequests& requests) {
   const std::string& address = url.absoluteString();
-  if (url.filePath()) {
-    if (const auto kept = loadFileSync(url, path)) return {*kept, ""};
-    return {"", fmt::format("{} cannot be fetched", address)};
+  if (defaultPort(url).empty()) return {"", fmt::format("{} is no http or https URL", address)};
+  // Hidden names are those of the notes.
+  const KeptFile kept(folderAt(path) / visibleName(foundation::unwrap(url.lastPathComponent())));
+  const auto condition = kept.conditionFor(url);
+  const network::UrlResult result = requests.get(url, condition.value_or(network::HeaderFields{}));
+  if (condition && !condition->empty() && !result.error && result.response.statusCode == 304) {
+    diagnostic(fmt::format("file has not changed [{}]", kept.path().string()));
+    return {kept.path().string(), ""};
   }
-  const fs::path folder = folderFor(path);
-  const fs::path file = fileFor(url, folder);
-  if (isCached(file)) return {file.string(), ""};
-  const network::UrlResult result = requests.get(url);
-  if (const std::string flaw = flawOf(result); !flaw.empty())
-    return {"", fmt::format("{} {}", address, flaw)};
-  makeFolder(folder);
-  if (saved(file, result.body)) return {file.string(), ""};
-  return {"", fmt::format("{} cannot be kept as {}", address, file.string())};
+  std::string flaw = flawOf(result);
+  if (flaw.empty()) {
+    const auto error = kept.save(url, result.response, result.body);
+    diagnostic(error ? "error saving file" : fmt::format("file saved [{}]", kept.path().string()));
+    if (!error) return {kept.path().string(), ""};
+    flaw = fmt::format("cannot be kept: {}", error->description);
+  }
+  if (!condition || !isPassing(result)) return {"", fmt::format("{} {}", address, flaw)};
+  std::string remark = fmt::format("{} {}; the copy of an earlier load is used", address, flaw);
+  diagnostic(remark);
+  return {kept.path().string(), "", std::move(remark)};
+}
+
+std::string HttpDownloader::folderFor(const foundation::Url& url, std::string_view slug) {
+  return serverName(url) + '/' + visibleName(std::string(slug));
+}
+
+void HttpDownloader::removeFilesOf(const foundation::Url& url) {
+  std::error_code failure;
+  if (const auto root = foundation::cachesDirectory())
+    fs::remove_all(*root / fileNameFor(serverName(url)), failure);
 }
 
 }  // namespace orivanta

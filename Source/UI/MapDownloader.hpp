@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
@@ -40,16 +41,36 @@ class ORIVANTA_API HttpDownloader {
   /// saving file" with the code 1001. Without a completion the file is fetched all the same.
   virtual void loadFileAsync(const foundation::Url& url, Completion completion);
 
-  /// One of the two is empty.
   struct Fetched {
-    std::string path;
-    std::string problem;  ///< a sentence with the URL, without a full stop
+    std::string path;     ///< empty if there is no file
+    std::string problem;  ///< why there is none: a sentence with the URL, without a full stop
+
+    /// Why an earlier copy takes the place of what the server has now, in the same form; empty
+    /// unless it does.
+    std::string remark = {};
   };
 
-  /// As `loadFileSync`, but keeps only what is an answer: with a body, and with a status of 200 to
-  /// 299. Ends, with a problem, when the requests are cancelled. For `MapView::loadFloors`.
+  /// Fetches a file for `MapView::loadFloors` into the folder `path` of the caches directory, or
+  /// takes the one that is there if the server says that it has not changed. What an answer must
+  /// be to count: it has a body that does not begin as a web page or JSON does, and a status of 200
+  /// to 299. Only "http" and "https" URLs are fetched. Ends, with a problem, when the requests are
+  /// cancelled. Blocks.
+  ///
+  /// Beside each file a hidden one notes the URL that it came from, its length and a checksum, and
+  /// what the server gave to recognize it by: an entity tag, a date, or nothing, and then the file
+  /// is fetched anew each time. A file that does not agree with its note, and one that came from
+  /// another URL, counts for nothing. An agreeing one is used, with a remark, if the request fails,
+  /// the server has a problem of its own (a status of 408, 429 or from 500), nothing or a web page
+  /// comes in place of the file, or the new file cannot be saved.
   virtual Fetched fetchFile(const foundation::Url& url, const std::string& path,
                             network::AwaitedRequests& requests);
+
+  /// The folder in which the files of a venue are kept apart from those of other servers: a name
+  /// made of the URL's scheme, host and port, and one made of the slug. For `fetchFile`.
+  static std::string folderFor(const foundation::Url& url, std::string_view slug);
+
+  /// Removes all that is kept from the server of the URL in such folders, so far as possible.
+  static void removeFilesOf(const foundation::Url& url);
 };
 
 }  // namespace orivanta

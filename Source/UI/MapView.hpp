@@ -28,6 +28,7 @@
 namespace orivanta {
 
 class FloorLoading;
+class PictureBudget;
 
 /// The kinds of motion of the camera, for applications: no handler asks for it.
 enum class MotionType { Zooming = 0, Panning = 1, Rotating = 2, Multi = 3 };
@@ -86,8 +87,9 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
 
   /// Fetches and reads the models of all floors, one after the other, on the calling thread; then,
   /// once the scene view has prepared them, starts the scene and tells the delegate, from the main
-  /// queue. A floor without model is left out. A URL that is none, a model that cannot be fetched
-  /// or read, and a missing venue are fatal errors.
+  /// queue. A floor without model is left out. Pictures that are too large together are made
+  /// smaller, as in `loadFloors`. A URL that is none, a model that cannot be fetched or read, and a
+  /// missing venue are fatal errors.
   void loadScene();
 
   /// The same for applications: fetches, reads and prepares the floors side by side in the
@@ -98,9 +100,14 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// not told, and the activity indicator stops; it turns again from the next call on.
   ///
   /// Nothing is fatal but a missing venue: what goes wrong is told for each floor. An answer of a
-  /// status that is no success counts as none. A model that cannot be read is taken out of the
-  /// caches directory, so that another call fetches it anew. A load under way in this view is
-  /// cancelled first, and so is this one when the view goes or gets another venue.
+  /// status that is no success counts as none, and a URL of a local file is refused. Files are kept
+  /// below the caches directory, for each server apart, and the server is asked each time whether
+  /// they have changed; see `HttpDownloader::fetchFile`. A model that cannot be read is taken out
+  /// of the caches directory, so that another call fetches it anew. A load under way in this view
+  /// is canceled first, and so is this one when the view goes or gets another venue.
+  ///
+  /// The pictures of all floors together take at most 336 MB of memory, and as textures 4/3 of that
+  /// again. Larger ones are made smaller while they are read, as `FloorProgress::remark` tells.
   std::shared_ptr<FloorLoad> loadFloors(FloorLoadHandlers handlers,
                                         const std::shared_ptr<Map>& first = nullptr);
 
@@ -229,7 +236,7 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
 
   void showActivity();
   void hideActivity();
-  std::shared_ptr<scene::Node> loadFloor(Map& map);
+  std::shared_ptr<scene::Node> loadFloor(Map& map, const std::shared_ptr<PictureBudget>& budget);
   void addShapes(const scene::Node& floor);
   void setModel(Map& map, const std::shared_ptr<scene::Node>& model);
   void show(const std::shared_ptr<Map>& map);

@@ -11,6 +11,7 @@
 #include "Source/UI/FloorFiles.hpp"
 #include "Source/UI/FloorLoading.hpp"
 #include "Source/UI/MapView.hpp"
+#include "Source/UI/PictureBudget.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta {
@@ -22,8 +23,9 @@ void MapView::loadScene() {
   if (const auto former = floorLoad_) former->cancel();
   diagnostic(venue ? venue->name.value_or("") : "nil");
   std::vector<std::shared_ptr<scene::Node>> floors;
+  const auto budget = std::make_shared<PictureBudget>(countFloorsWithPictures(unwrap(venue)));
   for (const auto& map : unwrap(unwrap(venue).maps))
-    if (auto floor = loadFloor(*map)) floors.push_back(std::move(floor));
+    if (auto floor = loadFloor(*map, budget)) floors.push_back(std::move(floor));
 
   const auto self = std::static_pointer_cast<MapView>(shared_from_this());
   view::SceneView::prepare(std::move(floors), [self](bool) {
@@ -70,7 +72,8 @@ void MapView::show(const std::shared_ptr<Map>& map) {
   if (const auto receiver = delegate.lock()) receiver->mapViewDidLoad();
 }
 
-std::shared_ptr<scene::Node> MapView::loadFloor(Map& map) {
+std::shared_ptr<scene::Node> MapView::loadFloor(Map& map,
+                                                const std::shared_ptr<PictureBudget>& budget) {
   const FloorFiles files = FloorFiles::of(map);
   if (files.model.empty()) {
     diagnostic("Floor with no obj: " + map.name);
@@ -82,9 +85,11 @@ std::shared_ptr<scene::Node> MapView::loadFloor(Map& map) {
     auto path = downloader->loadFileSync(url, folder);
     if (!model) model = unwrap(std::move(path));
   }
+  FloorPictures pictures(budget);
   map.mapObject = assetLoader->loadObjFromURL(foundation::Url::fromFile(*model));
   addShapes(*map.mapObject);
   diagnostic(fmt::format("Floor for {}: {} shapes", map.name, map.mapObject->children().size()));
+  for (const std::string& remark : pictures.remarks()) diagnostic(remark);
   return map.mapObject;
 }
 

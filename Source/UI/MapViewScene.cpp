@@ -43,6 +43,7 @@ float framingDistance(double size, double fov) {
 void MapView::startScene() {
   const graphics::Transaction transaction;
   unwrap(sceneView).setScene(scene::Scene::make());
+  currentMap_ = nullptr;  // no floor is in the new scene
   const auto& maps = unwrap(unwrap(venue).maps);
   if (maps.empty()) return diagnostic("No maps at all!");
   if (!maps.front()->mapObject) return diagnostic("No valid map!");

@@ -115,6 +115,7 @@ void warn(const FloorProgress& floor) {
     complain(fmt::format("warning: floor {} has no model", label));
   else if (!floor.problem.empty())
     complain(fmt::format("warning: floor {}: {}", label, floor.problem));
+  if (!floor.remark.empty()) complain(fmt::format("floor {}: {}", label, floor.remark));
 }
 
 // Takes the pictures and tells their files' names.

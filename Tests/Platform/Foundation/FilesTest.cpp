@@ -95,7 +95,7 @@ TEST(Files, AFailedWriteLeavesTheOldContents) {
   EXPECT_EQ(fileCount(folder.path()), 1);
 }
 
-TEST(Files, StayWholeWhenSeveralWriteThem) {
+TEST(Files, StayWholeWhenSeveralWriteThemAndOneTidiesUp) {
   const TemporaryFolder folder;
   const auto contentsOf = [](char letter) {
     return std::string(static_cast<std::size_t>(letter - 'a' + 1) * 20'000, letter);
@@ -106,13 +106,19 @@ TEST(Files, StayWholeWhenSeveralWriteThem) {
     writers.emplace_back([&, letter] {
       for (int i = 0; i < 20; ++i) EXPECT_FALSE(writeFileAtomically(file, contentsOf(letter)));
     });
+  const fs::path abandoned = folder.write(".0123456789abcdef.part", "of a killed process");
   for (int i = 0; i < 200; ++i) {
+    removeAbandonedFiles(folder.path());
     const auto bytes = readFile(file, 100'000);
     ASSERT_TRUE(bytes);
     EXPECT_EQ(*bytes, contentsOf(bytes->front()));
   }
   for (std::thread& writer : writers) writer.join();
+  EXPECT_FALSE(fs::exists(abandoned));
   EXPECT_EQ(fileCount(folder.path()), 1);
+  folder.write(".0123456789abcdeg.part", "of somebody else");
+  removeAbandonedFiles(folder.path());
+  EXPECT_EQ(fileCount(folder.path()), 2);
 }
 
 }  // namespace

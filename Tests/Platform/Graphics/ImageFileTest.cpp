@@ -147,11 +147,53 @@ TEST(ImageFile, JpegsBecomeRgbaUnlessTheyAreCmyk) {
   EXPECT_FALSE(decodeImage(jpegOf(JCS_CMYK, 4, false)));
 }
 
+TEST(ImageFile, AreMadeSmallerWhileTheyAreRead) {
+  const test::TemporaryFolder folder;
+  // In each square all pixels have one color, some of them are clear, and the color stays.
+  constexpr std::uint32_t width = 5;
+  constexpr std::uint32_t height = 7;
+  Bytes pixels;
+  for (std::uint32_t y = 0; y < height; ++y)
+    for (std::uint32_t x = 0; x < width; ++x) {
+      const bool clear = y == 6 && x == 1;
+      const auto column = static_cast<std::uint8_t>(10 * (x / 3));
+      const auto row = static_cast<std::uint8_t>(10 * (y / 3));
+      const Bytes pixel = clear ? Bytes{255, 255, 255, 0} : Bytes{column, row, 7, 200};
+      pixels.insert(pixels.end(), pixel.begin(), pixel.end());
+    }
+  ASSERT_FALSE(writePng(*Image::make(width, height, pixels), folder.path() / "a.png"));
+  const auto size = readImageSize(folder.path() / "a.png");
+  EXPECT_EQ(size->width, width);
+  EXPECT_EQ(size->height, height);
+  for (const auto& [mostPixels, side] : {std::pair{35U, 5U}, {34U, 3U}, {11U, 2U}, {0U, 1U}})
+    EXPECT_EQ(readImage(folder.path() / "a.png", 1.0, mostPixels)->width(), side) << mostPixels;
+  EXPECT_THAT(readImage(folder.path() / "a.png", 1.0, 6)->pixels(),
+              ElementsAre(0, 0, 7, 200, 10, 0, 7, 200,    //
+                          0, 10, 7, 200, 10, 10, 7, 200,  //
+                          0, 20, 7, 133, 10, 20, 7, 200));
+
+  const auto interlaced =
+      decodeImage(pngOf({PNG_COLOR_TYPE_GRAY, 8, true, {9, 77}}), 1.0, /*mostPixels=*/1);
+  EXPECT_THAT(interlaced->pixels(), ElementsAre(43, 43, 43, 255));
+  for (const auto& [mostPixels, side] : {std::pair{64U, 8U}, {36U, 6U}, {9U, 3U}, {1U, 1U}})
+    for (const bool progressive : {false, true}) {
+      const Bytes jpeg = jpegOf(JCS_RGB, 3, progressive);
+      const auto image = decodeImage(jpeg, 1.0, mostPixels);
+      EXPECT_EQ(image->width(), side);
+      EXPECT_EQ(image->height(), side);
+      EXPECT_NEAR(image->pixels().back() - image->pixels()[0], 255 - 200, 2);
+    }
+  folder.write("a.jpg", "\xFF\xD8\xFF");
+  EXPECT_FALSE(readImageSize(folder.path() / "a.jpg"));
+}
+
 TEST(ImageFile, FilesCutAnywhereAreNull) {
   const PngForm form{PNG_COLOR_TYPE_RGB, 8, true, {1, 2, 3, 4, 5, 6}};
   for (const Bytes& whole : {pngOf(form), jpegOf(JCS_RGB, 3, false), jpegOf(JCS_RGB, 3, true)})
     for (std::size_t length = 0; length < whole.size(); ++length)
-      EXPECT_FALSE(decodeImage({whole.data(), length})) << length << " of " << whole.size();
+      for (const std::uint64_t mostPixels : {std::uint64_t{1}, Image::maximumPixels})
+        EXPECT_FALSE(decodeImage({whole.data(), length}, 1.0, mostPixels))
+            << length << " of " << whole.size();
 }
 
 TEST(ImageFile, ClaimsThatTheBytesCannotHoldAreRefused) {

@@ -7,6 +7,9 @@
 #include <map>
 
 #include "Platform/Foundation/MainQueue.hpp"
+#include "Platform/Graphics/ImageFile.hpp"
+#include "Platform/Scene/Geometry.hpp"
+#include "Platform/Scene/Material.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
 #include "Tests/Support/Awaited.hpp"
@@ -153,28 +156,35 @@ TEST_F(FloorLoadTest, ShowsAnotherFloorWhenTheWantedOneCannotBe) {
 
 TEST_F(FloorLoadTest, TellsWhyAFloorCannotBeShown) {
   const TemporaryFolder folder;
-  const auto page = folder.write("page.obj", " \n<html>no such page");
-  const auto text = folder.write("text.obj", "404");
-  const auto good = folder.write("good.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
   const EnvironmentVariable caches("XDG_CACHE_HOME", folder.path() / "caches");
+  const auto secret = folder.write("secret.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
+  MisbehavingServer server;
+  server.on("/page.obj", Answer::html(" \n<html>no such page"));
+  server.on("/text.obj", Answer::html("404"));
+  server.on("/good.obj", Answer::html("v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n"));
   shown.mapView->downloader = std::make_shared<HttpDownloader>();
   struct Case {
     std::string scene;
     FloorState state;
     std::string problem;
   };
-  const auto model = [](const auto& file) { return fmt::format(R"("obj": "file://{}")", file); };
+  const auto model = [&](const std::string& path) {
+    return fmt::format(R"("obj": "{}")", server.root(path));
+  };
   const std::string refused = MisbehavingServer::refusingRoot();
   for (const auto& [scene, state, problem] :
        {Case{R"("obj": "a floor")", FloorState::failed, "\"a floor\" is no URL of a file"},
         Case{R"("obj": "http://h")", FloorState::failed, "\"http://h\" is no URL of a file"},
         Case{R"("obj": ")" + refused + "floor.obj\"", FloorState::failed,
              refused + "floor.obj cannot be fetched"},
-        Case{model(page.string()), FloorState::failed, "page.obj gives an error page"},
-        Case{model(text.string()), FloorState::failed,
+        Case{fmt::format(R"("obj": "FILE://{}")", secret.string()), FloorState::failed,
+             "secret.obj is no http or https URL"},
+        Case{model("/page.obj"), FloorState::failed, "page.obj gives an error page"},
+        Case{model("/text.obj"), FloorState::failed,
              "text.obj is no model that can be shown: it has no faces"},
-        Case{model(good.string()) + R"(, "mtl": ":", "images": [{"url": "file:///none.png"}])",
-             FloorState::ready, "\":\" is no URL of a file; file:///none.png cannot be fetched"}}) {
+        Case{model("/good.obj") + R"(, "mtl": ":", "images": [{"url": "file:///etc/hosts"}])",
+             FloorState::ready,
+             "\":\" is no URL of a file; file:///etc/hosts is no http or https URL"}}) {
     *shown.venue->maps = {mapOf("m", "{" + scene + "}")};
     ended.clear();
     shown.delegate->calls.clear();
@@ -184,7 +194,43 @@ TEST_F(FloorLoadTest, TellsWhyAFloorCannotBeShown) {
     EXPECT_EQ(shown.delegate->calls.size(), state == FloorState::ready ? 1U : 0U) << scene;
     EXPECT_FALSE(isTurning());
   }
-  EXPECT_TRUE(std::filesystem::exists(page)) << "no file of the caches directory";
+}
+
+TEST_F(FloorLoadTest, MakesPicturesSmallerThatAreTooLargeTogether) {
+  const TemporaryFolder caches;
+  const EnvironmentVariable variable("XDG_CACHE_HOME", caches.path());
+  MisbehavingServer server;
+  const auto png = graphics::encodePng(
+      *graphics::Image::make(1200, 1000, std::vector<std::uint8_t>(4'800'000, 255)));
+  server.on("/a.png", Answer::html({png.begin(), png.end()}));
+  server.on("/a.mtl", Answer::html("newmtl a\nmap_Kd a.png\n"));
+  server.on("/a.obj", Answer::html("mtllib a.mtl\nusemtl a\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n"));
+  shown.venue->maps->clear();
+  for (int i = 0; i < 84; ++i)  // each may have 998,643 pixels
+    shown.venue->maps->push_back(
+        mapOf(fmt::format("{}", i), fmt::format(R"({{"obj": "{0}.obj", "mtl": "{0}.mtl",
+                                              "images": [{{"url": "{0}.png"}}]}})",
+                                                server.root("/a"))));
+  shown.mapView->downloader = std::make_shared<HttpDownloader>();
+  const auto pictureOf = [&](std::size_t floor) {
+    const auto shape = shown.floor(floor)->mapObject->children().front();
+    return std::get<1>(shape->geometry()->firstMaterial()->diffuse().contents);
+  };
+  const std::string remark = "a.png is shown with 600 x 500 of its 1200 x 1000 pixels";
+  std::string remarks;
+  for (const FloorProgress& floor : load()) {
+    EXPECT_EQ(floor.state, FloorState::ready) << floor.problem;
+    remarks += floor.remark;
+  }
+  EXPECT_EQ(remarks, remark);
+  const DiagnosticLines lines;
+  for (const bool again : {false, true}) {
+    EXPECT_EQ(pictureOf(0)->width(), 600U);
+    EXPECT_EQ(pictureOf(0), pictureOf(83)) << "shared";
+    shown.delegate->calls.clear();
+    if (!again) shown.load();
+  }
+  EXPECT_TRUE(lines.contains(remark));
 }
 
 TEST_F(FloorLoadTest, EndsWithoutFloors) {
@@ -226,9 +272,32 @@ TEST_F(FloorLoadTest, KeepsFilesApartAndFetchesSharedOnesOnce) {
   EXPECT_EQ(shown.mapView->currentMap(), shown.floor(2));
   for (std::size_t i = 0; i < 3; ++i)
     EXPECT_EQ(shown.floor(i)->mapObject->children().front()->name(), std::string(1, "abc"[i]));
-  EXPECT_EQ(server.requests("/shared.mtl").size(), 1U);
-  EXPECT_EQ(server.requests("/a/floor.obj").size(), 1U);
-  EXPECT_EQ(server.requests("/b/floor.obj").size(), 2U);
+  for (const std::string path : {"/shared.mtl", "/a/floor.obj", "/b/floor.obj"})
+    EXPECT_EQ(server.requests(path).size(), 2U) << "once for each load";
+}
+
+TEST_F(FloorLoadTest, TellsServersWithAVenueOfTheSameNameApartAndRemembersBoth) {
+  const TemporaryFolder caches;
+  const EnvironmentVariable variable("XDG_CACHE_HOME", caches.path());
+  MisbehavingServer servers[2];
+  const std::string names[2] = {"one", "two"};
+  shown.mapView->downloader = std::make_shared<HttpDownloader>();
+  const auto expectOwnModel = [&](std::size_t i, std::size_t earlierFiles) {
+    *shown.venue->maps = {
+        mapOf("m", fmt::format(R"({{"obj": "{}"}})", servers[i].root("/floor.obj")))};
+    ended.clear();
+    const FloorProgress floor = load().at(0);
+    ASSERT_EQ(floor.state, FloorState::ready) << floor.problem;
+    EXPECT_EQ(floor.map->mapObject->children().front()->name(), names[i]);
+    EXPECT_EQ(floor.earlierFiles, earlierFiles);
+    EXPECT_EQ(floor.remark.empty(), earlierFiles == 0) << floor.remark;
+  };
+  for (std::size_t i = 0; i < 2; ++i)
+    servers[i].on("/floor.obj",
+                  {Answer::html("v 0 0 0\nv 1 0 0\nv 0 1 0\nusemtl " + names[i] + "\nf 1 2 3\n"),
+                   Answer::html("", 503)});
+  for (const std::size_t earlierFiles : {0U, 1U})
+    for (std::size_t i = 0; i < 2; ++i) expectOwnModel(i, earlierFiles);
 }
 
 // Loads with a floor that hangs, ends the load in a way of the test's own, and lets the floor come.

@@ -97,15 +97,20 @@ TEST(MapView, SwitchesFloors) {
 }
 
 TEST(MapView, StartsOnTheFirstFloorThatIsSwitchedToWhenTheFirstHasNoModel) {
-  ShownVenue shown(false);
-  std::swap(shown.venue->maps->front(), shown.venue->maps->back());
-  const DiagnosticLines lines;
-  shown.load();
-  EXPECT_TRUE(lines.contains("No valid map!"));
-  EXPECT_EQ(shown.mapView->cameraOrbit, nullptr);
-  shown.mapView->changeMap(1);
-  EXPECT_EQ(*shown.mapView->cameraDistance, 1099);  // 800 / (2 tan 20 degrees)
-  EXPECT_EQ(shown.mapView->sceneView->gestureRecognizers().size(), 5U);
+  for (const bool afterAnotherVenue : {false, true}) {
+    ShownVenue shown(afterAnotherVenue);
+    shown.delegate->calls.clear();
+    std::swap(shown.venue->maps->front(), shown.venue->maps->back());
+    const DiagnosticLines lines;
+    shown.load();
+    EXPECT_TRUE(lines.contains("No valid map!"));
+    EXPECT_EQ(shown.mapView->currentMap(), nullptr);
+    shown.mapView->changeMap(1);
+    ASSERT_NE(shown.mapView->cameraOrbit, nullptr);
+    EXPECT_EQ(shown.mapView->cameraOrbit->parent(), shown.mapView->sceneView->scene()->rootNode());
+    EXPECT_EQ(*shown.mapView->cameraDistance, 1099);  // 800 / (2 tan 20 degrees)
+    EXPECT_EQ(shown.mapView->sceneView->gestureRecognizers().size(), 5U);
+  }
 }
 
 TEST(MapView, LeavesNothingBehindInASceneViewThatOutlivesIt) {
