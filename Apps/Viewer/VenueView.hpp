@@ -151,6 +151,7 @@ class VenueView : public view::View, public MapViewDelegate {
   bool accessible_ = false;
   std::optional<PlannedRoute> route_;
   std::unique_ptr<command::RouteOnMap> routeOnMap_;
+  std::shared_ptr<Node> wantedNode_;  // of the route, whose surroundings are to be seen
 
   double scale_ = 1;
   bool labelsAreOld_ = true;

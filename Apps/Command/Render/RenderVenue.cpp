@@ -47,7 +47,8 @@ void checkUse(const RenderVenueOptions& options) {
 
 // What the pictures show, found in the venue before anything is drawn.
 struct Contents {
-  std::vector<std::shared_ptr<Map>> floors;
+  std::vector<std::shared_ptr<Map>> floors;  // of the pictures; one may come again
+  std::vector<const RouteVisit*> visits;     // that each picture shows, when it shows only one
   std::vector<Highlight> highlights;
   std::unique_ptr<RouteOnMap> route;
   std::unique_ptr<LocationMarkers> markers;
@@ -85,26 +86,37 @@ Contents findContents(const Venue& venue, const RenderVenueOptions& options) {
     for (const RouteEnd* end : {&from, &to})
       if (end->place) ends.push_back(end->place);
   }
-  contents.floors = contents.route && options.map.empty() ? contents.route->floors()
-                                                          : chooseFloors(venue, options.map);
+  if (contents.route && options.map.empty()) {
+    for (const RouteVisit& visit : contents.route->visits()) {
+      contents.floors.push_back(visit.floor);
+      contents.visits.push_back(&visit);
+    }
+  } else {
+    contents.floors = chooseFloors(venue, options.map);
+    contents.visits.resize(contents.floors.size(), nullptr);
+  }
   contents.markers =
       std::make_unique<LocationMarkers>(std::move(pinned), options.labels, std::move(ends));
   if (options.touchesFile) contents.touches = touchesIn(*options.touchesFile);
   return contents;
 }
 
-void showFloor(Stage& stage, const std::shared_ptr<Map>& floor, Contents& contents,
+void showFloor(Stage& stage, std::size_t index, Contents& contents,
                const RenderVenueOptions& options) {
   MapView& mapView = stage.mapView();
+  const std::shared_ptr<Map>& floor = contents.floors[index];
   if (mapView.currentMap() != floor) mapView.changeMap(floor);
   const CameraAngles angles{options.tilt, options.turn, options.zoom};
   lookAtFloor(mapView, angles);
   contents.markers->show(mapView, options.scale);
-  if (contents.route) {
-    contents.route->show(mapView, options.scale);
-    lookAt(mapView, contents.route->pointsOn(*floor), angles);
+  if (RouteOnMap* const route = contents.route.get()) {
+    const RouteVisit* const visit = contents.visits[index];
+    lookAt(mapView, visit != nullptr ? route->pointsOf(*visit) : route->pointsOn(*floor), angles,
+           aroundRoute(*mapView.venue));
+    route->show(mapView, options.scale, visit);
   }
   replay(contents.touches, stage.root());
+  if (contents.route && !contents.touches.empty()) contents.route->arrangeMarks(mapView);
   mapView.updateMarkerPositions();
   mapView.updateMarkerVisibility();
 }
@@ -184,11 +196,13 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
       stage.mapView().highlightPolygon(polygon, highlight.color);
   PictureWriter writer(options);
   bool failed = false;
-  for (const FloorProgress& floor : floors) {
-    warn(floor);
+  std::set<const Map*> warned;
+  for (std::size_t i = 0; i < floors.size(); ++i) {
+    const FloorProgress& floor = floors[i];
+    if (warned.insert(floor.map.get()).second) warn(floor);
     failed = failed || floor.state == FloorState::failed;
     if (floor.state != FloorState::ready) continue;
-    showFloor(stage, floor.map, contents, options);
+    showFloor(stage, i, contents, options);
     writer.write(stage, writer.nameFor(*floor.map, floors.size() > 1));
   }
   const bool anything = writer.finish();
