@@ -7,6 +7,7 @@
 
 #include "Apps/Command/Places.hpp"
 #include "Apps/Command/Render/CameraPlacement.hpp"
+#include "Source/Attribution.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
@@ -48,6 +49,7 @@ VenueView::VenueView(std::shared_ptr<Venue> venue)
       card_(std::make_shared<PlaceCard>()),
       routePanel_(std::make_shared<RoutePanel>()),
       floors_(std::make_shared<FloorSwitch>(*venue_->maps)),
+      attribution_(std::make_shared<AttributionLine>(attributionText(*venue_))),
       help_(std::make_shared<KeyHelp>()),
       mapButtons_(std::make_shared<Panel>()),
       backPanel_(std::make_shared<Panel>()) {
@@ -57,7 +59,7 @@ VenueView::VenueView(std::shared_ptr<Venue> venue)
   addMapButtons();
   addWayBack();
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
-           mapView_, mapButtons_, backPanel_, floors_, card_, routePanel_, search_,
+           mapView_, attribution_, mapButtons_, backPanel_, floors_, card_, routePanel_, search_,
            help_})
     addSubview(part);
   help_->setHidden(true);
@@ -83,6 +85,7 @@ void VenueView::connect() {
     planRoute();
   };
   routePanel_->stepChosen = [this](const RouteStep& step) { showStep(step); };
+  attribution_->action = [this] { toggleAttribution(); };
   help_->closed = [this] { toggleHelp(); };
 }
 
@@ -234,6 +237,8 @@ bool VenueView::handleText(std::string_view text) {
     camera_->glideZoom(1 / 1.4, middle);
   else if (text == "f" || text == "F")
     camera_->fit();
+  else if (text == "i" || text == "I")
+    toggleAttribution();
   else if (text == "?")
     toggleHelp();
   else if (text == "/")
@@ -311,6 +316,8 @@ bool VenueView::moveCamera(const KeyPress& press) {
 bool VenueView::escape() {
   if (!help_->isHidden()) {
     toggleHelp();
+  } else if (attribution_->isOpen()) {
+    toggleAttribution();
   } else if (search_->isOpen()) {
     searchesForStart_.reset();
     search_->close();
@@ -322,6 +329,11 @@ bool VenueView::escape() {
     return false;
   }
   return true;
+}
+
+void VenueView::toggleAttribution() {
+  attribution_->setOpen(!attribution_->isOpen());
+  arrangePanels();
 }
 
 void VenueView::toggleHelp() {

@@ -14,6 +14,7 @@
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Places.hpp"
 #include "Apps/Command/Render/Animation.hpp"
+#include "Apps/Command/Render/AttributionView.hpp"
 #include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Apps/Command/Render/LocationMarkers.hpp"
 #include "Apps/Command/Render/PictureOptions.hpp"
@@ -22,6 +23,7 @@
 #include "Apps/Command/Render/TouchRecording.hpp"
 #include "Apps/Command/Session.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
+#include "Source/Attribution.hpp"
 #include "Source/Directions.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -42,6 +44,7 @@ void checkUse(const RenderVenueOptions& options) {
   check(options.tilt >= 0 && options.tilt < largestTilt, "--tilt: give degrees from 0 to below 60");
   check(std::isfinite(options.turn), "--turn: give degrees");
   check(options.zoom >= 0.01 && options.zoom <= 100, "--zoom: give a number from 0.01 to 100");
+  parseCorner(options.attribution);
   check(options.frames >= 0 && options.frames <= 9999, "--frames: give a number up to 9999");
 }
 
@@ -129,6 +132,21 @@ void warn(const FloorProgress& floor) {
     complain(fmt::format("warning: floor {}: {}", label, floor.problem));
 }
 
+// Puts the attribution on the pictures. Says what to show beside them where that is not possible.
+void attribute(Stage& stage, const Venue& venue, graphics::Size size,
+               const RenderVenueOptions& options) {
+  const Corner corner = parseCorner(options.attribution);
+  const std::string text = attributionText(venue);
+  if (text.empty()) return;
+  bool isShown = false;
+  if (!options.noAttribution) {
+    const auto view = std::make_shared<AttributionView>(text, corner, size, options.scale);
+    stage.mapView().addSubview(view);
+    isShown = view->isWhole();
+  }
+  if (!isShown) complain("show this with the pictures: " + text);
+}
+
 // Takes the pictures and tells their files' names.
 class PictureWriter {
  public:
@@ -190,6 +208,7 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   Contents contents = findContents(*venue, options);
 
   Stage stage(size, options.scale);
+  attribute(stage, *venue, size, options);
   const auto floors = stage.load(venue, contents.floors);
   for (const Highlight& highlight : contents.highlights)
     for (const auto& polygon : highlight.location->polygons)
