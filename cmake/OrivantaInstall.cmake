@@ -102,6 +102,7 @@ foreach(
         Platform/View/Touch.hpp
         Platform/View/TouchDispatcher.hpp
         Platform/View/View.hpp
+        Source/Attribution.hpp
         Source/Category.hpp
         Source/CollectionHelpers.hpp
         Source/Directions.hpp

@@ -125,7 +125,7 @@ std::string BatchRouter::answer(std::string_view line) const {
   try {
     const auto request = RawData::parse(line);
     if (!request || !request->data()->is_object()) throw RequestError("the line is no JSON object");
-    if (const auto given = rawMember(line, "id"); !given.empty()) id = given;
+    if (const auto given = rawMember(line, "id"); !given.empty()) id = withControlsEscaped(given);
     return fmt::format(R"({{"id":{},{}}})", id, route(*request));
   } catch (const RequestError& error) {
     return fmt::format(R"({{"id":{},"error":{}}})", id, jsonString(error.what()));

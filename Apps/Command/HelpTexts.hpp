@@ -56,7 +56,13 @@ line that is no such request gives "error" instead, and the batch goes on.)";
 inline constexpr const char* renderFooter = R"(
 Needs no display. Prints the names of the files that it writes; with several floors the short name
 of each goes into its file's name. Places are given as to `orivanta route`. With a route the
-pictures are of the floors that it passes, in its order, and the camera looks at it.
+pictures are of the floors that it passes, in its order, and the camera looks at it. A floor to
+which it comes back has a picture for each time, with that part of the route; --map FLOOR shows all
+parts on one floor.
+
+Most licenses for map data require that its sources are shown with the map. If the venue names them,
+they are on the picture. With --no-attribution, and where they do not fit, they are printed on
+standard error: show them near the picture.
 
 Recorded touches, played on each floor, are lines of JSON, positions in points from the upper left corner:
   {"time": 0.00, "finger": 1, "phase": "began", "x": 640, "y": 400}

@@ -2,8 +2,12 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <boost/json/serialize.hpp>
 #include <cmath>
+
+#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/TextControls.hpp"
 
 namespace orivanta::command {
 
@@ -30,6 +34,8 @@ void append(std::string& text, const json::value& value) {
       separator = ",";
     }
     text += value.get_object().empty() ? "{}" : "}";
+  } else if (value.is_string()) {
+    text += jsonString({value.get_string().data(), value.get_string().size()});
   } else {
     text += json::serialize(value);
   }
@@ -44,7 +50,30 @@ std::string jsonNumber(double number) {
 }
 
 std::string jsonString(std::string_view text) {
-  return json::serialize(json::string_view(text.data(), text.size()));
+  return withControlsEscaped(json::serialize(json::string_view(text.data(), text.size())));
+}
+
+std::string withControlsEscaped(std::string_view json) {
+  const auto isPlain = [](char byte) { return static_cast<unsigned char>(byte) < 0x7F; };
+  std::string text;
+  text.reserve(json.size());
+  while (!json.empty()) {
+    const auto end = std::find_if_not(json.begin(), json.end(), isPlain);
+    const auto plain = static_cast<std::size_t>(end - json.begin());
+    text += json.substr(0, plain);
+    json.remove_prefix(plain);
+    if (json.empty()) break;
+    const Character character = firstCharacter(json);
+    const char32_t point =
+        character.codePoint < 0 ? U'\uFFFD' : static_cast<char32_t>(character.codePoint);
+    if (character.codePoint < 0 || foundation::isInvisibleControl(point) ||
+        foundation::isTerminalControl(point))
+      text += fmt::format("\\u{:04x}", static_cast<std::uint32_t>(point));
+    else
+      text += character.bytes;
+    json.remove_prefix(character.bytes.size());
+  }
+  return text;
 }
 
 std::string jsonText(const json::value& value) {

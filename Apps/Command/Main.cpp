@@ -18,6 +18,7 @@
 #include "Apps/Command/Render/RenderVenue.hpp"
 #include "Apps/Command/Serve.hpp"
 #include "Apps/Command/ShowVenue.hpp"
+#include "Apps/Command/Text.hpp"
 #include "Apps/DemoVenue/Folder.hpp"
 #include "Apps/Viewer/ViewVenue.hpp"
 
@@ -154,6 +155,13 @@ void addRender(CLI::App& app, CommandLine& line) {
       ->type_name("PLACE")
       ->allow_extra_args(false);
   query.add_flag("--labels", options.labels, "Write the names of the locations");
+  query
+      .add_option("--attribution", options.attribution,
+                  "Corner for the sources of the map, such as upper-right")
+      ->type_name("CORNER")
+      ->capture_default_str();
+  query.add_flag("--no-attribution", options.noAttribution,
+                 "Leave them out of the picture, to be shown beside it");
   query.add_option("--touches", options.touchesFile, "Play recorded touches first")
       ->type_name("FILE");
   query.add_option("--frames", options.frames, "Write so many pictures and an animation of them")
@@ -237,7 +245,7 @@ std::string describeFailure(const CLI::App* app, const CLI::Error& error) {
   std::string reason = error.what();
   if (chosen.empty() && !unknown.empty())
     reason = fmt::format("\"{}\" is no command or option", unknown.front());
-  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n", reason,
+  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n", printable(reason),
                      chosen.empty() ? "" : chosen.front()->get_name() + " ");
 }
 

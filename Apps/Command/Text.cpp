@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <memory>
 
+#include "Platform/Foundation/TextControls.hpp"
+
 namespace orivanta::command {
 
 namespace {
@@ -14,10 +16,25 @@ constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 constexpr std::string_view ellipsis = "\xE2\x80\xA6";
 constexpr std::size_t labelColumns = 80;
 
-struct Character {
-  utf8proc_int32_t codePoint;  // negative for a damaged byte
-  std::string_view bytes;
-};
+std::size_t widthOf(const Character& character) {
+  if (character.codePoint < 0) return 1;
+  return static_cast<std::size_t>(std::max(0, utf8proc_charwidth(character.codePoint)));
+}
+
+std::string_view printableForm(const Character& character) {
+  if (character.codePoint < 0) return replacementCharacter;
+  const auto point = static_cast<char32_t>(character.codePoint);
+  if (foundation::isInvisibleControl(point)) return {};
+  if (!foundation::isTerminalControl(point)) return character.bytes;
+  const bool isBlank = point == U'\n' || point == U'\r' || point == U'\t' || point > 0xFF;
+  return isBlank ? " " : replacementCharacter;
+}
+
+std::string blanks(std::size_t columns, std::size_t taken) {
+  return std::string(columns > taken ? columns - taken : 0, ' ');
+}
+
+}  // namespace
 
 Character firstCharacter(std::string_view text) {
   utf8proc_int32_t codePoint = -1;
@@ -27,39 +44,6 @@ Character firstCharacter(std::string_view text) {
   if (length <= 0) return {-1, text.substr(0, 1)};
   return {codePoint, text.substr(0, static_cast<std::size_t>(length))};
 }
-
-std::size_t widthOf(const Character& character) {
-  if (character.codePoint < 0) return 1;
-  return static_cast<std::size_t>(std::max(0, utf8proc_charwidth(character.codePoint)));
-}
-
-bool turnsDirection(utf8proc_int32_t codePoint) {
-  return (codePoint >= 0x202A && codePoint <= 0x202E) ||
-         (codePoint >= 0x2066 && codePoint <= 0x2069);
-}
-
-std::string_view printableForm(const Character& character) {
-  if (character.codePoint < 0) return replacementCharacter;
-  if (turnsDirection(character.codePoint)) return {};
-  switch (utf8proc_category(character.codePoint)) {
-    case UTF8PROC_CATEGORY_CC:
-      return character.codePoint == '\n' || character.codePoint == '\r' ||
-                     character.codePoint == '\t'
-                 ? " "
-                 : replacementCharacter;
-    case UTF8PROC_CATEGORY_ZL:
-    case UTF8PROC_CATEGORY_ZP:
-      return " ";
-    default:
-      return character.bytes;
-  }
-}
-
-std::string blanks(std::size_t columns, std::size_t taken) {
-  return std::string(columns > taken ? columns - taken : 0, ' ');
-}
-
-}  // namespace
 
 std::size_t displayWidth(std::string_view text) {
   std::size_t width = 0;

@@ -10,6 +10,7 @@
 #include "Apps/Command/Table.hpp"
 #include "Apps/Command/Text.hpp"
 #include "Apps/Command/VenueDescription.hpp"
+#include "Source/Attribution.hpp"
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -121,10 +122,9 @@ json::array connectorsJson(const std::vector<ConnectorGroup>& groups) {
 
 std::string venueText(const Venue& venue, bool accessibleOnly) {
   std::string text = fmt::format("{} ({})\n", label(*venue.name), printable(*venue.slug));
-  if (const auto attribution = venue._data["attribution"].string())
-    text += printable(*attribution) + '\n';
-  if (const auto license = venue._data["license"].string())
-    text += fmt::format("License: {}\n", printable(*license));
+  const auto [credit, license] = attributionOf(venue);
+  if (!credit.empty()) text += printable(credit) + '\n';
+  if (!license.empty()) text += fmt::format("License: {}\n", printable(license));
   text += fmt::format(
       "\n{} floors, {} locations, {} categories, {} connectors, {} nodes, {} polygons\n\n",
       venue.maps->size(), venue.locations->size(), venue.categories->size(), venue.vortices->size(),
@@ -140,8 +140,9 @@ std::string venueText(const Venue& venue, bool accessibleOnly) {
 
 json::object venueJson(const Venue& venue, bool accessibleOnly) {
   json::object result({{"id", *venue.id}, {"slug", *venue.slug}, {"name", *venue.name}});
-  for (const char* key : {"attribution", "license"})
-    if (const auto text = venue._data[key].string()) result[key] = *text;
+  const auto [credit, license] = attributionOf(venue);
+  if (!credit.empty()) result["attribution"] = credit;
+  if (!license.empty()) result["license"] = license;
   const double unitsPerMetre = venue._data["unitsPerMetre"].doubleValue();
   if (unitsPerMetre > 0.0) result["unitsPerMetre"] = unitsPerMetre;
   result["counts"] = {

@@ -5,21 +5,17 @@
 #include <numbers>
 #include <utility>
 
+#include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
 
 namespace orivanta::viewer {
 
-using scene::Axis;
-
 namespace {
 
 constexpr double glideSeconds = 0.28;
-constexpr command::Surroundings ofFloor{0.06, 1};
-constexpr command::Surroundings ofPoints{0.35, 300};
 constexpr double farthestTimesFitting = 1.8;
-constexpr double farthestOfAll = 4500;  // within the far plane at every tilt
 
 }  // namespace
 
@@ -40,7 +36,10 @@ CameraLimits CameraControl::limits() const {
   CameraLimits limits;
   if (!isReady()) return limits;
   limits.floor = mapView_->currentMap()->mapObject->boundingBox();
-  limits.farthest = std::min(farthestOfAll, fitting().distance * farthestTimesFitting);
+  const CameraPose fit = fitting();
+  limits.farthest = fit.distance * farthestTimesFitting;
+  // A tilted camera that shows a high model looks at a point of the ground behind it.
+  limits.floor.add(graphics::Vector3{fit.x, fit.y, 0});
   limits.steepest = std::numbers::pi / 3 - 0.001;
   return limits;
 }
@@ -94,11 +93,8 @@ CameraPose CameraControl::fitting() const {
   const auto box = mapView_->currentMap()->mapObject->boundingBox();
   CameraPose upright = pose();
   upright.turn = 0;
-  return framing({{box.min.x, box.min.y},
-                  {box.max.x, box.min.y},
-                  {box.min.x, box.max.y},
-                  {box.max.x, box.max.y}},
-                 upright, lens(), insets_, ofFloor);
+  if (box.isEmpty()) return upright;
+  return framing(command::cornersOf(box), upright, lens(), insets_, command::aroundFloor);
 }
 
 void CameraControl::fit(bool gliding) {
@@ -109,9 +105,10 @@ void CameraControl::fit(bool gliding) {
     setPose(fitting());
 }
 
-void CameraControl::frame(const std::vector<graphics::Point>& points) {
+void CameraControl::frame(const std::vector<graphics::Vector3>& points,
+                          const command::Surroundings& surroundings) {
   if (points.empty() || !isReady()) return;
-  glideTo(framing(points, pose(), lens(), insets_, ofPoints));
+  glideTo(framing(points, pose(), lens(), insets_, surroundings));
 }
 
 void CameraControl::advance(double time) {
@@ -140,18 +137,7 @@ void CameraControl::settle(bool gestureEnded) {
 }
 
 void CameraControl::write(const CameraPose& pose) {
-  const graphics::Transaction transaction;
-  const auto x = static_cast<float>(pose.x);
-  const auto y = static_cast<float>(pose.y);
-  scene::Node& orbit = *mapView_->cameraOrbit;
-  orbit.setPosition({x, y, 0});
-  orbit.setEulerAngle(Axis::x, static_cast<float>(pose.tilt));
-  orbit.setEulerAngle(Axis::z, static_cast<float>(pose.turn));
-  orbit.children().front()->setPosition(Axis::z, static_cast<float>(pose.distance));
-  scene::Node& labels = *mapView_->labelsOrbit;
-  labels.setPosition(Axis::x, x);
-  labels.setPosition(Axis::y, y);
-  labels.setEulerAngle(Axis::z, static_cast<float>(pose.turn));
+  command::placeCamera(*mapView_, pose);
   writeGestureState(pose);
 }
 

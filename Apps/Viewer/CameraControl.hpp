@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "Apps/Viewer/CameraPose.hpp"
 #include "Source/UI/MapView.hpp"
@@ -40,7 +41,8 @@ class CameraControl {
   void fit(bool gliding = true);
 
   /// Shows some points of the floor, and their surroundings.
-  void frame(const std::vector<graphics::Point>& points);
+  void frame(const std::vector<graphics::Vector3>& points,
+             const command::Surroundings& surroundings);
 
   /// A finger has landed on the map view itself: ends a glide where it is. Until `settle(true)` the
   /// view's gestures go on from where they began, whatever moves the camera beside them.

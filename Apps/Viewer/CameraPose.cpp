@@ -81,16 +81,6 @@ std::optional<graphics::Point> shownAt(const CameraPose& pose, const Lens& lens,
                          lens.size.height / 2 - seen.y * std::cos(pose.tilt) * pointsPerUnit};
 }
 
-CameraPose framing(const std::vector<graphics::Point>& points, CameraPose pose, const Lens& lens,
-                   const Insets& insets, const command::Surroundings& surroundings) {
-  if (points.empty()) return pose;
-  const auto orbit = command::framing(points, pose.tilt, pose.turn, lens, insets, surroundings);
-  pose.x = orbit.centre.x;
-  pose.y = orbit.centre.y;
-  pose.distance = orbit.distance;
-  return pose;
-}
-
 CameraPose between(const CameraPose& from, const CameraPose& to, double share) {
   const auto mix = [&](double a, double b) { return a + (b - a) * share; };
   CameraPose pose;

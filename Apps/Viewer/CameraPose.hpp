@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <vector>
 
 #include "Apps/Command/Render/Framing.hpp"
 #include "Platform/Graphics/Geometry.hpp"
@@ -10,18 +9,8 @@
 
 namespace orivanta::viewer {
 
-/// Circles around a point of the ground (z = 0), which is in the middle of the view. Scene units
-/// and radians.
-struct CameraPose {
-  double x = 0;
-  double y = 0;
-  double distance = 1;
-  double tilt = 0;  ///< from straight down
-  double turn = 0;  ///< counterclockwise, seen from above
-
-  friend bool operator==(const CameraPose&, const CameraPose&) = default;
-};
-
+using command::CameraPose;
+using command::framing;
 using command::Insets;
 using command::Lens;
 
@@ -50,11 +39,6 @@ CameraPose dragged(const CameraPose& pose, const Lens& lens, graphics::Point fro
 /// Closer by a factor, keeping what is under the point where it is; within the limits.
 CameraPose zoomed(const CameraPose& pose, const Lens& lens, const CameraLimits& limits,
                   double factor, graphics::Point about);
-
-/// As close as shows all points, inside the insets; tilted and turned as the pose is. Unchanged
-/// without points.
-CameraPose framing(const std::vector<graphics::Point>& points, CameraPose pose, const Lens& lens,
-                   const Insets& insets, const command::Surroundings& surroundings);
 
 /// Between two poses, the shorter way round: 0 gives `from`, 1 gives `to`. Distances go by ratios.
 CameraPose between(const CameraPose& from, const CameraPose& to, double share);

@@ -44,8 +44,16 @@ std::string_view shortcutOf(const SDL_Keysym& key, bool hasSlashKey) {
     default:
       break;
   }
-  const char letter = latinLetterOf(key);
-  return letter == 'f' ? "f" : letter == 's' ? "s" : "";
+  switch (latinLetterOf(key)) {
+    case 'f':
+      return "f";
+    case 'i':
+      return "i";
+    case 's':
+      return "s";
+    default:
+      return "";
+  }
 }
 
 char latinLetterOf(const SDL_Keysym& key) {

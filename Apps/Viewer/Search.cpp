@@ -6,6 +6,9 @@
 #include <array>
 #include <cstdlib>
 #include <numeric>
+#include <optional>
+#include <unordered_map>
+#include <utility>
 
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
@@ -16,6 +19,17 @@ namespace orivanta::viewer {
 namespace {
 
 using CodePoints = std::vector<utf8proc_int32_t>;
+
+constexpr std::size_t mostBytes = 300;      // of a text that is compared
+constexpr std::size_t mostCategories = 16;  // of a place
+constexpr std::size_t stride = 256;         // places between two questions whether to go on
+
+std::string_view beginningOf(std::string_view text) {
+  if (text.size() <= mostBytes) return text;
+  std::size_t end = mostBytes;
+  while (end > mostBytes - 4 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) --end;
+  return text.substr(0, end);
+}
 
 CodePoints decomposed(std::string_view text) {
   const auto options = static_cast<utf8proc_option_t>(
@@ -83,14 +97,16 @@ CodePoints codePoints(std::string_view text) {
   return points;
 }
 
-// The fewest letters to change, add, leave out or swap with their neighbour in `typed` so that it
-// begins `word` (Damerau 1964, optimal string alignment).
-std::size_t lettersWrong(const CodePoints& typed, const CodePoints& word) {
-  const std::size_t columns = word.size() + 1;
-  std::vector<std::size_t> beforeLast(columns);
+// Whether at most so many letters of `typed` are to be changed, added, left out or swapped with
+// their neighbor so that it begins `word` (Damerau 1964, optimal string alignment).
+bool beginsNearly(const CodePoints& typed, const CodePoints& word, std::size_t mistakes) {
+  const std::size_t columns = std::min(word.size(), typed.size() + mistakes) + 1;
+  if (columns + mistakes < typed.size() + 1) return false;
+  std::vector<std::size_t> beforeLast(columns, typed.size());
   std::vector<std::size_t> last(columns);
   std::vector<std::size_t> row(columns);
   std::iota(last.begin(), last.end(), std::size_t{0});
+  std::size_t leastOfLast = 0;
   for (std::size_t i = 1; i <= typed.size(); ++i) {
     row[0] = i;
     for (std::size_t j = 1; j < columns; ++j) {
@@ -99,10 +115,13 @@ std::size_t lettersWrong(const CodePoints& typed, const CodePoints& word) {
       if (i > 1 && j > 1 && typed[i - 1] == word[j - 2] && typed[i - 2] == word[j - 1])
         row[j] = std::min(row[j], beforeLast[j - 2] + 1);
     }
+    const std::size_t least = *std::min_element(row.begin(), row.end());
+    if (std::min(least, leastOfLast) > mistakes) return false;
+    leastOfLast = least;
     beforeLast.swap(last);
     last.swap(row);
   }
-  return *std::min_element(last.begin(), last.end());
+  return leastOfLast <= mistakes;
 }
 
 // Short words allow no mistake, so that they do not find everything.
@@ -111,19 +130,58 @@ std::size_t mistakesAllowed(std::size_t letters) {
   return letters < 8 ? 1 : 2;
 }
 
-bool isNear(std::string_view typed, const std::vector<std::string_view>& words) {
-  const CodePoints letters = codePoints(typed);
-  return std::any_of(words.begin(), words.end(), [&](std::string_view word) {
-    return lettersWrong(letters, codePoints(word)) <= mistakesAllowed(letters.size());
-  });
+struct TypedWord {
+  std::string_view text;
+  CodePoints letters;
+};
+
+std::vector<TypedWord> typedWords(std::string_view typed) {
+  std::vector<TypedWord> words;
+  for (const std::string_view word : wordsOf(typed)) words.push_back({word, codePoints(word)});
+  return words;
+}
+
+bool isNear(const TypedWord& typed, const std::vector<std::string_view>& words) {
+  const std::size_t mistakes = mistakesAllowed(typed.letters.size());
+  return mistakes > 0 && std::any_of(words.begin(), words.end(), [&](std::string_view word) {
+           return beginsNearly(typed.letters, codePoints(word), mistakes);
+         });
 }
 
 Match matchWord(std::string_view name, const std::vector<std::string_view>& words,
-                std::string_view typed) {
-  if (std::any_of(words.begin(), words.end(), [&](auto word) { return word.starts_with(typed); }))
+                const TypedWord& typed) {
+  if (std::any_of(words.begin(), words.end(),
+                  [&](auto word) { return word.starts_with(typed.text); }))
     return Match::word;
-  if (name.find(typed) != std::string_view::npos) return Match::inside;
+  if (name.find(typed.text) != std::string_view::npos) return Match::inside;
   return isNear(typed, words) ? Match::near : Match::none;
+}
+
+Match matchWords(std::string_view name, std::string_view typed,
+                 const std::vector<TypedWord>& typedWords) {
+  if (name.starts_with(typed)) return Match::beginning;
+  const auto words = wordsOf(name);
+  Match worst = Match::word;
+  for (const TypedWord& word : typedWords) {
+    worst = std::max(worst, matchWord(name, words, word));
+    if (worst == Match::none) break;
+  }
+  return worst;
+}
+
+std::string_view textOf(const std::optional<std::string>& name) {
+  return name ? std::string_view(*name) : std::string_view();
+}
+
+bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
+
+// Takes the digits from the beginning of a text; without zeros before them.
+std::string_view takeNumber(std::string_view& text) {
+  const auto end = std::find_if_not(text.begin(), text.end(), isDigit);
+  std::string_view digits = text.substr(0, static_cast<std::size_t>(end - text.begin()));
+  text.remove_prefix(digits.size());
+  digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
+  return digits;
 }
 
 }  // namespace
@@ -131,7 +189,8 @@ Match matchWord(std::string_view name, const std::vector<std::string_view>& word
 std::string searchForm(std::string_view text) {
   std::string form;
   bool gap = false;
-  for (const utf8proc_int32_t point : decomposed(text)) {
+  for (const utf8proc_int32_t point : decomposed(beginningOf(text))) {
+    if (form.size() >= mostBytes) break;
     if (isLeftOut(point) || isJoiner(point)) continue;
     if (!isPartOfWord(point)) {
       gap = !form.empty();
@@ -144,51 +203,114 @@ std::string searchForm(std::string_view text) {
   return form;
 }
 
-Match match(std::string_view name, std::string_view typed) {
-  if (name.starts_with(typed)) return Match::beginning;
-  const auto words = wordsOf(name);
-  Match worst = Match::word;
-  for (const std::string_view word : wordsOf(typed))
-    worst = std::max(worst, matchWord(name, words, word));
-  return worst;
+bool comesBefore(std::string_view left, std::string_view right) {
+  while (!left.empty() && !right.empty()) {
+    if (isDigit(left.front()) && isDigit(right.front())) {
+      const std::string_view number = takeNumber(left);
+      const std::string_view other = takeNumber(right);
+      if (number.size() != other.size()) return number.size() < other.size();
+      if (number != other) return number < other;
+    } else if (left.front() != right.front()) {
+      return static_cast<unsigned char>(left.front()) < static_cast<unsigned char>(right.front());
+    } else {
+      left.remove_prefix(1);
+      right.remove_prefix(1);
+    }
+  }
+  return left.empty() && !right.empty();
 }
 
-SearchIndex::SearchIndex(const Venue& venue) {
-  for (const auto& location : *venue.locations) {
-    if (location->nodes.empty() && location->polygons.empty()) continue;
-    Entry entry{location, searchForm(location->name.value_or("")), {}};
-    for (const auto& category : location->categories)
-      entry.categories.push_back(searchForm(category->name.value_or("")));
+Match match(std::string_view name, std::string_view typed) {
+  return matchWords(name, typed, typedWords(typed));
+}
+
+struct SearchIndex::Query {
+  explicit Query(std::string_view typed) : form(searchForm(typed)), words(typedWords(form)) {}
+
+  const std::string form;
+  const std::vector<TypedWord> words;  // of the form
+  std::vector<bool> categories;        // whether each answers
+};
+
+SearchIndex::SearchIndex(const std::vector<std::shared_ptr<Location>>& places,
+                         const IsCancelled& isCancelled) {
+  std::unordered_map<const Category*, std::size_t> known;
+  const auto indexOf = [&](const Category& category) {
+    const auto [entry, isNew] = known.try_emplace(&category, categories_.size());
+    if (isNew) {
+      const std::string_view name = beginningOf(textOf(category.name));
+      categories_.push_back({searchForm(name), std::string(name)});
+    }
+    return entry->second;
+  };
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    if (i % stride == 0 && isCancelled()) return;
+    const Location& place = *places[i];
+    if (place.nodes.empty() && place.polygons.empty()) continue;
+    Entry entry{places[i], searchForm(textOf(place.name)), {}};
+    for (const auto& category : place.categories) {
+      if (entry.categories.size() == mostCategories) break;
+      entry.categories.push_back(indexOf(*category));
+    }
     entries_.push_back(std::move(entry));
   }
   std::stable_sort(entries_.begin(), entries_.end(),
-                   [](const Entry& a, const Entry& b) { return a.name < b.name; });
+                   [](const Entry& a, const Entry& b) { return comesBefore(a.name, b.name); });
+  byCategory_.resize(entries_.size());
+  std::iota(byCategory_.begin(), byCategory_.end(), std::size_t{0});
+  const auto groupOf = [this](std::size_t index) -> const CategoryEntry* {
+    const auto& own = entries_[index].categories;
+    return own.empty() ? nullptr : &categories_[own.front()];
+  };
+  std::stable_sort(byCategory_.begin(), byCategory_.end(), [&](std::size_t a, std::size_t b) {
+    const CategoryEntry* const left = groupOf(a);
+    const CategoryEntry* const right = groupOf(b);
+    if (left == nullptr || right == nullptr) return left != nullptr && right == nullptr;
+    if (left->name != right->name) return comesBefore(left->name, right->name);
+    return left->title < right->title;
+  });
+}
+
+std::vector<PlaceGroup> SearchIndex::byCategory() const {
+  std::vector<PlaceGroup> groups;
+  for (const std::size_t index : byCategory_) {
+    const Entry& entry = entries_[index];
+    const std::string title =
+        entry.categories.empty() ? "" : categories_[entry.categories.front()].title;
+    if (groups.empty() || groups.back().title != title) groups.push_back({title, {}});
+    groups.back().places.push_back(entry.place);
+  }
+  return groups;
 }
 
 // Names before categories before near misses.
-int SearchIndex::rank(const Entry& entry, std::string_view typed) {
+int SearchIndex::rank(const Entry& entry, const Query& query) const {
   constexpr int none = 100;
-  const Match byName = match(entry.name, typed);
+  const Match byName = matchWords(entry.name, query.form, query.words);
   if (byName < Match::near) return static_cast<int>(byName);
-  for (const std::string& category : entry.categories)
-    if (match(category, typed) <= Match::word) return 10;
+  for (const std::size_t category : entry.categories)
+    if (query.categories[category]) return 10;
   return byName == Match::near ? 20 : none;
 }
 
-std::vector<std::shared_ptr<Location>> SearchIndex::find(std::string_view typed,
-                                                         std::size_t most) const {
-  const std::string form = searchForm(typed);
+std::vector<PlaceGroup> SearchIndex::find(std::string_view typed,
+                                          const IsCancelled& isCancelled) const {
+  Query query(typed);
+  if (query.form.empty()) return byCategory();
+  for (const CategoryEntry& category : categories_)
+    query.categories.push_back(matchWords(category.name, query.form, query.words) <= Match::word);
   std::vector<std::pair<int, const Entry*>> ranked;
-  for (const Entry& entry : entries_)
-    if (const int place = rank(entry, form); place < 100) ranked.emplace_back(place, &entry);
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    if (i % stride == 0 && isCancelled()) return {};
+    if (const int place = rank(entries_[i], query); place < 100)
+      ranked.emplace_back(place, &entries_[i]);
+  }
   std::stable_sort(ranked.begin(), ranked.end(),
                    [](const auto& a, const auto& b) { return a.first < b.first; });
-  std::vector<std::shared_ptr<Location>> found;
-  for (const auto& [place, entry] : ranked) {
-    if (found.size() == most) break;
-    found.push_back(entry->location);
-  }
-  return found;
+  if (ranked.empty()) return {};
+  PlaceGroup found;
+  for (const auto& [place, entry] : ranked) found.places.push_back(entry->place);
+  return {std::move(found)};
 }
 
 }  // namespace orivanta::viewer

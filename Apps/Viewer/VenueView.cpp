@@ -6,11 +6,14 @@
 #include <utility>
 
 #include "Apps/Command/Places.hpp"
+#include "Apps/Command/Render/CameraPlacement.hpp"
+#include "Source/Attribution.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/Polygon.hpp"
 #include "Source/UI/MarkerImages.hpp"
+#include "Source/UI/ScenePosition.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
@@ -19,8 +22,6 @@ namespace {
 
 constexpr double pinHeight = 32;  // points
 constexpr graphics::Color pinColor{0.80F, 0.47F, 0.02F};
-
-graphics::Point flat(const graphics::Vector3& point) { return {point.x, point.y}; }
 
 std::shared_ptr<Map> floorOf(const Location& place, const std::shared_ptr<Map>& preferred) {
   const auto floors = command::floorsOf(place);
@@ -48,6 +49,7 @@ VenueView::VenueView(std::shared_ptr<Venue> venue)
       card_(std::make_shared<PlaceCard>()),
       routePanel_(std::make_shared<RoutePanel>()),
       floors_(std::make_shared<FloorSwitch>(*venue_->maps)),
+      attribution_(std::make_shared<AttributionLine>(attributionText(*venue_))),
       help_(std::make_shared<KeyHelp>()),
       mapButtons_(std::make_shared<Panel>()),
       backPanel_(std::make_shared<Panel>()) {
@@ -57,7 +59,8 @@ VenueView::VenueView(std::shared_ptr<Venue> venue)
   addMapButtons();
   addWayBack();
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
-           mapView_, mapButtons_, backPanel_, floors_, card_, routePanel_, search_, help_})
+           mapView_, attribution_, mapButtons_, backPanel_, floors_, card_, routePanel_, search_,
+           help_})
     addSubview(part);
   help_->setHidden(true);
 }
@@ -82,6 +85,7 @@ void VenueView::connect() {
     planRoute();
   };
   routePanel_->stepChosen = [this](const RouteStep& step) { showStep(step); };
+  attribution_->action = [this] { toggleAttribution(); };
   help_->closed = [this] { toggleHelp(); };
 }
 
@@ -98,7 +102,8 @@ void VenueView::select(const std::shared_ptr<Location>& place) {
   }
   mark(place);
   arrangePanels();
-  if (place && camera_->isReady()) camera_->frame({flat(mapView_->findPosition3D(*place))});
+  if (place && camera_->isReady())
+    camera_->frame({mapView_->findPosition3D(*place)}, command::aroundPlace);
 }
 
 void VenueView::highlight(const std::shared_ptr<Location>& place) {
@@ -179,21 +184,30 @@ void VenueView::planRoute() {
   if (!route_) return;
   floors_->setRoute(route_->floors);
   routeOnMap_ = std::make_unique<command::RouteOnMap>(route_->path, from_, to_);
-  showFloor(route_->path.front()->map);
+  wantedNode_ = route_->path.front();
+  showFloor(wantedNode_->map);
   routeOnMap_->show(*mapView_, scale_);
   frameRoute();
 }
 
+// The part of the route that is wanted, or else the first one on the floor that is shown.
 void VenueView::frameRoute() {
-  std::vector<graphics::Point> points;
-  for (const auto& point : routeOnMap_->pointsOn(*mapView_->currentMap()))
-    points.push_back(flat(point));
-  camera_->frame(points);
+  const command::RouteVisit* visit = routeOnMap_->visitWith(*wantedNode_);
+  if (visit == nullptr || visit->floor != mapView_->currentMap())
+    visit = routeOnMap_->firstVisitTo(*mapView_->currentMap());
+  if (visit != nullptr)
+    camera_->frame(routeOnMap_->pointsOf(*visit), command::aroundRoute(*venue_));
 }
 
+// The beginning from close by; otherwise the way that leads to what the step says.
 void VenueView::showStep(const RouteStep& step) {
+  wantedNode_ = step.node;
   showFloor(step.node->map);
-  camera_->frame({{step.node->x, step.node->y}});
+  if (mapView_->currentMap() != step.node->map) return;  // once it is there
+  if (step.kind == StepKind::departure || routeOnMap_->visitWith(*step.node) == nullptr)
+    camera_->frame({scenePosition(*step.node)}, command::aroundPlace);
+  else
+    frameRoute();
 }
 
 void VenueView::clearRoute() {
@@ -223,6 +237,8 @@ bool VenueView::handleText(std::string_view text) {
     camera_->glideZoom(1 / 1.4, middle);
   else if (text == "f" || text == "F")
     camera_->fit();
+  else if (text == "i" || text == "I")
+    toggleAttribution();
   else if (text == "?")
     toggleHelp();
   else if (text == "/")
@@ -300,6 +316,8 @@ bool VenueView::moveCamera(const KeyPress& press) {
 bool VenueView::escape() {
   if (!help_->isHidden()) {
     toggleHelp();
+  } else if (attribution_->isOpen()) {
+    toggleAttribution();
   } else if (search_->isOpen()) {
     searchesForStart_.reset();
     search_->close();
@@ -311,6 +329,11 @@ bool VenueView::escape() {
     return false;
   }
   return true;
+}
+
+void VenueView::toggleAttribution() {
+  attribution_->setOpen(!attribution_->isOpen());
+  arrangePanels();
 }
 
 void VenueView::toggleHelp() {
@@ -334,6 +357,7 @@ void VenueView::advance(double time) {
   if (!isLoaded_) return;
   const CameraPose pose = camera_->pose();
   if (!labelsAreOld_ && pose == labelledPose_) return;
+  if (routeOnMap_) routeOnMap_->arrangeMarks(*mapView_);
   labelsAreOld_ = labels_->arrange();
   labelledPose_ = pose;
 }

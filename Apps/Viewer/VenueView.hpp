@@ -12,6 +12,7 @@
 #include "Apps/Viewer/CameraControl.hpp"
 #include "Apps/Viewer/Keys.hpp"
 #include "Apps/Viewer/LabelLayer.hpp"
+#include "Apps/Viewer/Panels/AttributionLine.hpp"
 #include "Apps/Viewer/Panels/FloorSwitch.hpp"
 #include "Apps/Viewer/Panels/KeyHelp.hpp"
 #include "Apps/Viewer/Panels/PlaceCard.hpp"
@@ -73,11 +74,13 @@ class VenueView : public view::View, public MapViewDelegate {
   PlaceCard& placeCard() { return *card_; }
   RoutePanel& routePanel() { return *routePanel_; }
   FloorSwitch& floorSwitch() { return *floors_; }
+  AttributionLine& attribution() { return *attribution_; }
   Button& backButton() { return *backButton_; }
   const std::shared_ptr<Location>& selected() const { return selected_; }
   const std::optional<PlannedRoute>& route() const { return route_; }
   const std::shared_ptr<Venue>& venue() const { return venue_; }
   void toggleHelp();
+  void toggleAttribution();
 
   /// Something over the map may be in the way of names now.
   void touchLabels() { labelsAreOld_ = true; }
@@ -96,6 +99,7 @@ class VenueView : public view::View, public MapViewDelegate {
   double arrangeWayBack(double margin);
   void arrangeSheets(bool isWide);
   void arrangeMapButtons(bool isWide);
+  void arrangeAttribution(bool isWide);
   void coverLabels();
   void updateInsets(bool isWide);
 
@@ -132,6 +136,7 @@ class VenueView : public view::View, public MapViewDelegate {
   std::shared_ptr<PlaceCard> card_;
   std::shared_ptr<RoutePanel> routePanel_;
   std::shared_ptr<FloorSwitch> floors_;
+  std::shared_ptr<AttributionLine> attribution_;
   std::shared_ptr<KeyHelp> help_;
   std::shared_ptr<Panel> mapButtons_;
   std::vector<std::shared_ptr<Button>> mapButtonList_;
@@ -151,6 +156,7 @@ class VenueView : public view::View, public MapViewDelegate {
   bool accessible_ = false;
   std::optional<PlannedRoute> route_;
   std::unique_ptr<command::RouteOnMap> routeOnMap_;
+  std::shared_ptr<Node> wantedNode_;  // of the route, whose surroundings are to be seen
 
   double scale_ = 1;
   bool labelsAreOld_ = true;

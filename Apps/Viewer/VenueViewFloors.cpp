@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Apps/Command/Places.hpp"
+#include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Apps/Viewer/VenueView.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -112,8 +113,7 @@ void VenueView::tellFailure(const FloorProgress& floor) {
 // At what is wanted, once its floor is there.
 void VenueView::lookAgain() {
   if (selected_) {
-    const graphics::Vector3 at = mapView_->findPosition3D(*selected_);
-    camera_->frame({{at.x, at.y}});
+    camera_->frame({mapView_->findPosition3D(*selected_)}, command::aroundPlace);
   } else if (routeOnMap_)
     frameRoute();
 }

@@ -24,6 +24,8 @@ constexpr double buttonInset = 4;
 constexpr int fewFloors = 4;      // in sight at least, beside the buttons
 constexpr double barHeight = 48;  // of the closed search field and what is beside it
 constexpr double backGap = 8;
+constexpr double logoWidth = 88;  // the map view's own, with the room around it
+constexpr double attributionGap = 8;
 
 }  // namespace
 
@@ -73,6 +75,7 @@ void VenueView::arrangePanels() {
   search_->setFrame({{margin + indent, margin}, {searchWidth, searchHeight}});
   arrangeSheets(isWide);
   arrangeMapButtons(isWide);
+  arrangeAttribution(isWide);
   const graphics::Size help = help_->arrange(size);
   help_->setFrame(
       {{(size.width - help.width) / 2, std::max(margin, (size.height - help.height) / 2)}, help});
@@ -84,8 +87,8 @@ void VenueView::arrangePanels() {
 void VenueView::coverLabels() {
   std::vector<graphics::Rect> covered;
   for (const view::View* panel : std::initializer_list<const view::View*>{
-           mapButtons_.get(), backPanel_.get(), floors_.get(), card_.get(), routePanel_.get(),
-           search_.get(), help_.get()})
+           attribution_.get(), mapButtons_.get(), backPanel_.get(), floors_.get(), card_.get(),
+           routePanel_.get(), search_.get(), help_.get()})
     if (!panel->isHidden()) covered.push_back(panel->frame());
   labels_->setCovered(std::move(covered));
 }
@@ -153,6 +156,22 @@ void VenueView::arrangeMapButtons(bool isWide) {
   floors_->setHidden(search_->isOpen() && !isWide);
 }
 
+// At the lower edge beside the logo; on a phone above the sheet, if there is one.
+void VenueView::arrangeAttribution(bool isWide) {
+  attribution_->setHidden(attribution_->isEmpty());
+  if (attribution_->isHidden()) return;
+  const graphics::Size size = bounds().size;
+  const bool hasSheet = !card_->isHidden() || !routePanel_->isHidden();
+  const double left =
+      isWide && (hasSheet || search_->isOpen()) ? theme::margin + columnWidth + gap : narrowMargin;
+  const double right = size.width - logoWidth;
+  double bottom = size.height - attributionGap;
+  if (!isWide && hasSheet)
+    bottom = (card_->isHidden() ? routePanel_->frame() : card_->frame()).minY() - attributionGap;
+  const graphics::Size line = attribution_->arrange({right - left, bottom / 2});
+  attribution_->setFrame({{right - line.width, bottom - line.height}, line});
+}
+
 void VenueView::updateInsets(bool isWide) {
   const graphics::Size size = bounds().size;
   Insets insets{8, 8, 76, 8};
@@ -165,6 +184,7 @@ void VenueView::updateInsets(bool isWide) {
     const view::View& sheet = selected_ ? static_cast<view::View&>(*card_) : *routePanel_;
     if (hasSheet) insets.bottom = size.height - sheet.frame().minY() + gap;
   }
+  if (!attribution_->isHidden()) insets.bottom += AttributionLine::closedHeight;
   camera_->setInsets(insets);
 }
 

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "Apps/Command/Text.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Source/Venue.hpp"
 
@@ -366,7 +367,7 @@ void Viewer::takePicture() {
 void Viewer::hideNote() { note_->setHidden(true); }
 
 std::string Viewer::title() const {
-  return venueView_ ? venueView_->venue()->name.value_or("Orivanta") : "Orivanta";
+  return venueView_ ? command::label(venueView_->venue()->name.value_or("Orivanta")) : "Orivanta";
 }
 
 const MessagePanel* Viewer::message() const {

@@ -21,6 +21,7 @@ int main() {
   venue->navigationGraph =
       std::make_shared<NavigationGraph>(nodes, Collection<Vortex>(), /*accessible=*/false);
   activeVenue = venue;
+  if (!attributionText(*venue).empty()) return 1;
   const auto directions = nodes.at("a")->directionsTo(*nodes.at("b"));
   if (!directions || directions->path.size() != 2) return 1;
   std::cout << "length " << (*venue->navigationGraph)[*nodes.at("a")].front().distance() << '\n';

@@ -1,13 +1,23 @@
-// Where the camera of a picture stands.
+// Where the camera of a map stands.
 #pragma once
 
-#include <memory>
 #include <vector>
 
-#include "Platform/Graphics/Vector.hpp"
+#include "Apps/Command/Render/Framing.hpp"
 #include "Source/UI/MapView.hpp"
 
 namespace orivanta::command {
+
+inline constexpr Surroundings aroundFloor{0.06, 1};
+inline constexpr Surroundings aroundPlace{0.35, 300};
+
+/// Around a route: a short one fills a good part of the view, and still shows what it passes. A
+/// venue that tells how many units a meter has gets at least eight meters.
+Surroundings aroundRoute(const Venue& venue);
+
+/// Writes the pose to the nodes of the camera, with clipping planes that cut nothing off the floor
+/// that is shown. The map view has a scene.
+void placeCamera(MapView& mapView, const CameraPose& pose);
 
 struct CameraAngles {
   double tilt = 0.0;  ///< degrees from straight down
@@ -15,13 +25,11 @@ struct CameraAngles {
   double zoom = 1.0;
 };
 
-/// Looks at the middle of the floor now shown, from the distance at which it fills the view.
-/// Nothing before the map view has a scene.
+/// Looks at the floor now shown so that it fills the view. Nothing before the map view has a scene.
 void lookAtFloor(MapView& mapView, const CameraAngles& angles);
 
-/// As above, at the middle of some points on the floor, with more around them, and not from nearer
-/// than shows their surroundings. Nothing without points.
+/// The same for some points on the floor with what is around them. Nothing without points.
 void lookAt(MapView& mapView, const std::vector<graphics::Vector3>& points,
-            const CameraAngles& angles);
+            const CameraAngles& angles, const Surroundings& surroundings);
 
 }  // namespace orivanta::command

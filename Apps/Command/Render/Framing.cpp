@@ -12,7 +12,8 @@ namespace {
 constexpr double leastSide = 80;       // points of the room, whatever covers it
 constexpr double leastFarSlope = 0.2;  // keeps what is far from the horizon
 constexpr double leastLeverage =
-    0.05;  // of the distance on the depth; below it insets are too much
+    0.05;                              // of the distance on the depth; below it insets are too much
+constexpr double leastNearness = 0.5;  // of the nearest point, of the least distance
 
 // Of the slopes at which things may show in one direction of the view.
 struct Range {
@@ -29,9 +30,9 @@ Range rangeOf(double start, double length, double slope, double margin) {
   return {(middle - half / (1 + margin)) * slope, (middle + half / (1 + margin)) * slope};
 }
 
-// What the places of points across the view ask of the camera, in one direction. A point of the
-// ground at `place`, scaled as it shows, and at the depth e + `deeper` shows at the slope
-// (place - centre) / (e + deeper), which has to lie in the range: two bounds on the centre that are
+// What the places of points across the view ask of the camera, in one direction. A point at
+// `place`, measured across the view, and at the depth e + `deeper` shows at the slope
+// (place - center) / (e + deeper), which has to lie in the range: two bounds on the center that are
 // linear in e.
 class Bounds {
  public:
@@ -67,12 +68,26 @@ double Lens::slopePerPoint() const {
   return std::tan(fieldOfView * std::numbers::pi / 360) * 2 / shorter;
 }
 
-Orbit framing(std::span<const graphics::Point> points, double tilt, double turn, const Lens& lens,
-              const Insets& insets, const Surroundings& surroundings) {
+double depthOf(const graphics::Vector3& point, const CameraPose& pose) {
+  const graphics::Point seen = turned({point.x - pose.x, point.y - pose.y}, -pose.turn);
+  return pose.distance + seen.y * std::sin(pose.tilt) - point.z * std::cos(pose.tilt);
+}
+
+std::array<graphics::Vector3, 8> cornersOf(const graphics::Box& box) {
+  std::array<graphics::Vector3, 8> corners;
+  for (std::size_t i = 0; i < corners.size(); ++i)
+    corners[i] = {(i & 1U) == 0 ? box.min.x : box.max.x, (i & 2U) == 0 ? box.min.y : box.max.y,
+                  (i & 4U) == 0 ? box.min.z : box.max.z};
+  return corners;
+}
+
+CameraPose framing(std::span<const graphics::Vector3> points, CameraPose pose, const Lens& lens,
+                   const Insets& insets, const Surroundings& surroundings) {
+  if (points.empty()) return pose;
   const graphics::Size view = lens.size;
   const double slope = lens.slopePerPoint();
-  const double sine = std::sin(tilt);
-  const double cosine = std::cos(tilt);
+  const double sine = std::sin(pose.tilt);
+  const double cosine = std::cos(pose.tilt);
   const Range across = rangeOf(insets.left - view.width / 2,
                                view.width - insets.left - insets.right, slope, surroundings.margin);
   Range up = rangeOf(insets.bottom - view.height / 2, view.height - insets.top - insets.bottom,
@@ -82,20 +97,27 @@ Orbit framing(std::span<const graphics::Point> points, double tilt, double turn,
 
   Bounds horizontal(across);
   Bounds vertical(up);
-  for (const graphics::Point& point : points) {
-    const graphics::Point seen = turned(point, -turn);
-    horizontal.add(seen.x, seen.y * sine);
-    vertical.add(seen.y * cosine, seen.y * sine);
+  double nearest = std::numeric_limits<double>::max();
+  for (const graphics::Vector3& point : points) {
+    const graphics::Point seen = turned({point.x, point.y}, -pose.turn);
+    const double deeper = seen.y * sine - point.z * cosine;
+    horizontal.add(seen.x, deeper);
+    vertical.add(seen.y * cosine + point.z * sine, deeper);
+    nearest = std::min(nearest, deeper);
   }
-  // The distance is the depth of the centre: e + centre.y * sine.
+  // The distance is the depth of the center: e + center.y * sine.
   const double leverage = std::max(leastLeverage, 1 + vertical.slope() * sine / cosine);
   const double shift = vertical.offset() * sine / cosine;
   const double least = surroundings.leastExtent / std::min(across.length(), up.length());
-  const double depth =
-      std::max({horizontal.leastDepth(), vertical.leastDepth(), (least - shift) / leverage});
-  const graphics::Point centre{horizontal.offset() + horizontal.slope() * depth,
+  const double depth = std::max({horizontal.leastDepth(), vertical.leastDepth(),
+                                 (least - shift) / leverage, leastNearness * least - nearest});
+  const graphics::Point center{horizontal.offset() + horizontal.slope() * depth,
                                (vertical.offset() + vertical.slope() * depth) / cosine};
-  return {turned(centre, turn), depth + centre.y * sine};
+  const graphics::Point place = turned(center, pose.turn);
+  pose.x = place.x;
+  pose.y = place.y;
+  pose.distance = depth + center.y * sine;
+  return pose;
 }
 
 }  // namespace orivanta::command

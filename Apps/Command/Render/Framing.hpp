@@ -1,9 +1,11 @@
 // From where a camera shows some points of a floor, all of them and as large as there is room for.
 #pragma once
 
+#include <array>
 #include <span>
 
 #include "Platform/Graphics/Geometry.hpp"
+#include "Platform/Graphics/Vector.hpp"
 
 namespace orivanta::command {
 
@@ -30,16 +32,28 @@ struct Surroundings {
   double leastExtent = 1;  ///< scene units that show at least, in each direction
 };
 
-/// A camera that circles around a point of the ground, which is in the middle of the view.
-struct Orbit {
-  graphics::Point centre;
-  double distance = 1;  ///< scene units
+/// A camera that circles around a point of the ground (z = 0), which is in the middle of the view.
+/// Scene units and radians.
+struct CameraPose {
+  double x = 0;
+  double y = 0;
+  double distance = 1;
+  double tilt = 0;  ///< from straight down
+  double turn = 0;  ///< counterclockwise, seen from above
+
+  friend bool operator==(const CameraPose&, const CameraPose&) = default;
 };
 
-/// The nearest orbit from which all points show inside the insets, in their middle. `tilt` from
-/// straight down and `turn` counterclockwise, in radians. With a steep tilt the points stay away
-/// from the horizon. There is at least one point.
-Orbit framing(std::span<const graphics::Point> points, double tilt, double turn, const Lens& lens,
-              const Insets& insets, const Surroundings& surroundings);
+/// How far a point of the scene is from the camera, along the direction in which it looks; negative
+/// behind it.
+double depthOf(const graphics::Vector3& point, const CameraPose& pose);
+
+/// The corners of a box, which is not empty.
+std::array<graphics::Vector3, 8> cornersOf(const graphics::Box& box);
+
+/// As close as shows all points inside the insets, in their middle; tilted and turned as `pose` is.
+/// With a steep tilt the points stay away from the horizon. The pose itself if there are no points.
+CameraPose framing(std::span<const graphics::Vector3> points, CameraPose pose, const Lens& lens,
+                   const Insets& insets, const Surroundings& surroundings);
 
 }  // namespace orivanta::command

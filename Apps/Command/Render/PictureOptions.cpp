@@ -2,9 +2,11 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <charconv>
 #include <filesystem>
 #include <optional>
+#include <utility>
 
 #include "Apps/Command/CommandError.hpp"
 #include "Apps/Command/Places.hpp"
@@ -55,6 +57,20 @@ std::vector<std::shared_ptr<Map>> chooseFloors(const Venue& venue, const std::st
   if (index && *index < maps.size()) return {maps[*index]};
   throw CommandError(ExitCode::notFound,
                      fmt::format("no floor \"{}\"; the venue has {}", text, floorLabels(maps)));
+}
+
+Corner parseCorner(std::string_view text) {
+  constexpr std::array<std::pair<std::string_view, Corner>, 4> corners{
+      {{"lower-left", Corner::lowerLeft},
+       {"lower-right", Corner::lowerRight},
+       {"upper-left", Corner::upperLeft},
+       {"upper-right", Corner::upperRight}}};
+  for (const auto& [name, corner] : corners)
+    if (name == text) return corner;
+  throw CommandError(ExitCode::wrongUse,
+                     fmt::format("--attribution: \"{}\" is no corner; give lower-left, "
+                                 "lower-right, upper-left or upper-right",
+                                 text));
 }
 
 std::shared_ptr<Location> findLocation(const Venue& venue, const std::string& text) {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Apps/Command/Render/AttributionView.hpp"
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Source/Fwd.hpp"
@@ -24,6 +25,9 @@ std::vector<std::shared_ptr<Map>> chooseFloors(const Venue& venue, const std::st
 
 /// The one location that the text names as in `findRouteEnd`.
 std::shared_ptr<Location> findLocation(const Venue& venue, const std::string& text);
+
+/// "lower-left", "lower-right", "upper-left" or "upper-right".
+Corner parseCorner(std::string_view text);
 
 struct Highlight {
   std::shared_ptr<Location> location;

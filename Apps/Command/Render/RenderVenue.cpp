@@ -14,6 +14,7 @@
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Places.hpp"
 #include "Apps/Command/Render/Animation.hpp"
+#include "Apps/Command/Render/AttributionView.hpp"
 #include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Apps/Command/Render/LocationMarkers.hpp"
 #include "Apps/Command/Render/PictureOptions.hpp"
@@ -22,6 +23,7 @@
 #include "Apps/Command/Render/TouchRecording.hpp"
 #include "Apps/Command/Session.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
+#include "Source/Attribution.hpp"
 #include "Source/Directions.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -42,12 +44,14 @@ void checkUse(const RenderVenueOptions& options) {
   check(options.tilt >= 0 && options.tilt < largestTilt, "--tilt: give degrees from 0 to below 60");
   check(std::isfinite(options.turn), "--turn: give degrees");
   check(options.zoom >= 0.01 && options.zoom <= 100, "--zoom: give a number from 0.01 to 100");
+  parseCorner(options.attribution);
   check(options.frames >= 0 && options.frames <= 9999, "--frames: give a number up to 9999");
 }
 
 // What the pictures show, found in the venue before anything is drawn.
 struct Contents {
-  std::vector<std::shared_ptr<Map>> floors;
+  std::vector<std::shared_ptr<Map>> floors;  // of the pictures; one may come again
+  std::vector<const RouteVisit*> visits;     // that each picture shows, when it shows only one
   std::vector<Highlight> highlights;
   std::unique_ptr<RouteOnMap> route;
   std::unique_ptr<LocationMarkers> markers;
@@ -85,26 +89,37 @@ Contents findContents(const Venue& venue, const RenderVenueOptions& options) {
     for (const RouteEnd* end : {&from, &to})
       if (end->place) ends.push_back(end->place);
   }
-  contents.floors = contents.route && options.map.empty() ? contents.route->floors()
-                                                          : chooseFloors(venue, options.map);
+  if (contents.route && options.map.empty()) {
+    for (const RouteVisit& visit : contents.route->visits()) {
+      contents.floors.push_back(visit.floor);
+      contents.visits.push_back(&visit);
+    }
+  } else {
+    contents.floors = chooseFloors(venue, options.map);
+    contents.visits.resize(contents.floors.size(), nullptr);
+  }
   contents.markers =
       std::make_unique<LocationMarkers>(std::move(pinned), options.labels, std::move(ends));
   if (options.touchesFile) contents.touches = touchesIn(*options.touchesFile);
   return contents;
 }
 
-void showFloor(Stage& stage, const std::shared_ptr<Map>& floor, Contents& contents,
+void showFloor(Stage& stage, std::size_t index, Contents& contents,
                const RenderVenueOptions& options) {
   MapView& mapView = stage.mapView();
+  const std::shared_ptr<Map>& floor = contents.floors[index];
   if (mapView.currentMap() != floor) mapView.changeMap(floor);
   const CameraAngles angles{options.tilt, options.turn, options.zoom};
   lookAtFloor(mapView, angles);
   contents.markers->show(mapView, options.scale);
-  if (contents.route) {
-    contents.route->show(mapView, options.scale);
-    lookAt(mapView, contents.route->pointsOn(*floor), angles);
+  if (RouteOnMap* const route = contents.route.get()) {
+    const RouteVisit* const visit = contents.visits[index];
+    lookAt(mapView, visit != nullptr ? route->pointsOf(*visit) : route->pointsOn(*floor), angles,
+           aroundRoute(*mapView.venue));
+    route->show(mapView, options.scale, visit);
   }
   replay(contents.touches, stage.root());
+  if (contents.route && !contents.touches.empty()) contents.route->arrangeMarks(mapView);
   mapView.updateMarkerPositions();
   mapView.updateMarkerVisibility();
 }
@@ -116,6 +131,21 @@ void warn(const FloorProgress& floor) {
   else if (!floor.problem.empty())
     complain(fmt::format("warning: floor {}: {}", label, floor.problem));
   if (!floor.remark.empty()) complain(fmt::format("floor {}: {}", label, floor.remark));
+}
+
+// Puts the attribution on the pictures. Says what to show beside them where that is not possible.
+void attribute(Stage& stage, const Venue& venue, graphics::Size size,
+               const RenderVenueOptions& options) {
+  const Corner corner = parseCorner(options.attribution);
+  const std::string text = attributionText(venue);
+  if (text.empty()) return;
+  bool isShown = false;
+  if (!options.noAttribution) {
+    const auto view = std::make_shared<AttributionView>(text, corner, size, options.scale);
+    stage.mapView().addSubview(view);
+    isShown = view->isWhole();
+  }
+  if (!isShown) complain("show this with the pictures: " + text);
 }
 
 // Takes the pictures and tells their files' names.
@@ -179,17 +209,20 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   Contents contents = findContents(*venue, options);
 
   Stage stage(size, options.scale);
+  attribute(stage, *venue, size, options);
   const auto floors = stage.load(venue, contents.floors);
   for (const Highlight& highlight : contents.highlights)
     for (const auto& polygon : highlight.location->polygons)
       stage.mapView().highlightPolygon(polygon, highlight.color);
   PictureWriter writer(options);
   bool failed = false;
-  for (const FloorProgress& floor : floors) {
-    warn(floor);
+  std::set<const Map*> warned;
+  for (std::size_t i = 0; i < floors.size(); ++i) {
+    const FloorProgress& floor = floors[i];
+    if (warned.insert(floor.map.get()).second) warn(floor);
     failed = failed || floor.state == FloorState::failed;
     if (floor.state != FloorState::ready) continue;
-    showFloor(stage, floor.map, contents, options);
+    showFloor(stage, i, contents, options);
     writer.write(stage, writer.nameFor(*floor.map, floors.size() > 1));
   }
   const bool anything = writer.finish();

@@ -26,6 +26,8 @@ struct RenderVenueOptions {
   bool accessible = false;              ///< the route, without connectors that are not
   std::vector<std::string> markers;     ///< places
   bool labels = false;
+  std::string attribution = "lower-left";  ///< the corner in which the venue's attribution is shown
+  bool noAttribution = false;              ///< leaves it out
   std::optional<std::string> touchesFile;
   int frames = 0;  ///< pictures of a sequence; 0 for a single one
   std::string output = "map.png";

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "Apps/Command/Places.hpp"
+#include "Apps/Command/Render/MarkImages.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
@@ -19,8 +20,7 @@ namespace {
 constexpr graphics::Color startColor{0.18F, 0.55F, 0.34F};
 constexpr graphics::Color endColor{0.80F, 0.22F, 0.20F};
 constexpr graphics::Color rideColor{0.122F, 0.302F, 0.655F};
-constexpr double pinHeight = 34;  // points
-constexpr double backing = 3.5;   // around the letters, which may lie on the route
+constexpr double backing = 3.5;  // around the letters, which may lie on the route
 
 std::string nameOf(const std::shared_ptr<Location>& location, const char* otherwise) {
   return location ? location->name.value_or(otherwise) : otherwise;
@@ -40,21 +40,35 @@ std::string rideText(const NodeList& path, std::size_t begin) {
   return fmt::format("{} {}", arrowBetween(from, to), floorLabel(to));
 }
 
+RouteVisit wholeOf(const NodeList& path) { return {nullptr, 0, path.size() - 1}; }
+
 }  // namespace
 
 RouteOnMap::RouteOnMap(NodeList path, std::shared_ptr<Location> from, std::shared_ptr<Location> to)
-    : path_(std::move(path)), from_(std::move(from)), to_(std::move(to)) {}
+    : path_(std::move(path)),
+      from_(std::move(from)),
+      to_(std::move(to)),
+      visits_(visitsOf(path_)),
+      shown_(wholeOf(path_)) {}
 
-std::vector<std::shared_ptr<Map>> RouteOnMap::floors() const {
-  std::vector<std::shared_ptr<Map>> floors;
-  const auto add = [&](const std::shared_ptr<Map>& floor) {
-    if (std::find(floors.begin(), floors.end(), floor) == floors.end()) floors.push_back(floor);
-  };
-  add(path_.front()->map);
-  for (std::size_t i = 0; i + 1 < path_.size(); ++i)
-    if (path_[i]->map == path_[i + 1]->map) add(path_[i]->map);
-  add(path_.back()->map);
-  return floors;
+const RouteVisit* RouteOnMap::firstVisitTo(const Map& floor) const {
+  const auto found = std::find_if(visits_.begin(), visits_.end(),
+                                  [&](const auto& visit) { return *visit.floor == floor; });
+  return found == visits_.end() ? nullptr : &*found;
+}
+
+const RouteVisit* RouteOnMap::visitWith(const Node& node) const {
+  for (const RouteVisit& visit : visits_)
+    for (std::size_t i = visit.first; i <= visit.last; ++i)
+      if (path_[i].get() == &node) return &visit;
+  return nullptr;
+}
+
+std::vector<graphics::Vector3> RouteOnMap::pointsOf(const RouteVisit& visit) const {
+  std::vector<graphics::Vector3> points;
+  for (std::size_t i = visit.first; i <= visit.last; ++i)
+    points.push_back(scenePosition(*path_[i]));
+  return points;
 }
 
 std::vector<graphics::Vector3> RouteOnMap::pointsOn(const Map& floor) const {
@@ -65,36 +79,82 @@ std::vector<graphics::Vector3> RouteOnMap::pointsOn(const Map& floor) const {
 }
 
 void RouteOnMap::hide(MapView& mapView) {
-  for (const auto& mark : marks_) mapView.removeMarker(mark);
+  for (const Mark& mark : marks_) mapView.removeMarker(mark.marker);
   marks_.clear();
+  looks_.clear();
   mapView.clearPaths();
 }
 
-void RouteOnMap::show(MapView& mapView, double scale) {
+void RouteOnMap::show(MapView& mapView, double scale, const RouteVisit* only) {
   hide(mapView);
-  mapView.drawPath(path_);
-  const auto& floor = mapView.currentMap();
-  for (std::size_t i = 0; i + 1 < path_.size(); ++i) {
-    if (path_[i]->map == path_[i + 1]->map) continue;
-    if (path_[i]->map == floor) mark(mapView, *path_[i], rideColor, rideText(path_, i), scale);
-    if (path_[i + 1]->map == floor) mark(mapView, *path_[i + 1], rideColor, "", scale);
-  }
-  if (path_.front()->map == floor)
-    mark(mapView, *path_.front(), startColor, nameOf(from_, "Start"), scale);
-  if (path_.back()->map == floor)
-    mark(mapView, *path_.back(), endColor, nameOf(to_, "Destination"), scale);
+  scale_ = scale;
+  shown_ = only != nullptr ? *only : wholeOf(path_);
+  const auto part = [&](std::size_t index) {
+    return path_.begin() + static_cast<NodeList::difference_type>(index);
+  };
+  if (shown_.last > shown_.first) mapView.drawPath({part(shown_.first), part(shown_.last) + 1});
+  if (!mapView.currentMap()) return;
+  addMarks(*mapView.currentMap());
+  arrangeMarks(mapView);
 }
 
-void RouteOnMap::mark(MapView& mapView, const Node& place, graphics::Color color,
-                      const std::string& text, double scale) {
+// One mark for a node, whatever happens there.
+void RouteOnMap::addMarks(const Map& floor) {
+  const auto isHere = [&](std::size_t i) { return *path_[i]->map == floor; };
+  for (std::size_t i = shown_.first; i <= shown_.last; ++i) {
+    if (!isHere(i)) continue;
+    const bool isStart = i == 0;
+    const bool isEnd = i + 1 == path_.size();
+    const bool leaves = !isEnd && !isHere(i + 1);
+    if (!isStart && !isEnd && !leaves && isHere(i - 1)) continue;
+    std::string text = isStart ? nameOf(from_, "Start") : isEnd ? nameOf(to_, "Destination") : "";
+    if (leaves) text += (text.empty() ? "" : "  ") + rideText(path_, i);
+    addMark(path_[i], isEnd ? endColor : isStart ? startColor : rideColor, text);
+  }
+}
+
+void RouteOnMap::addMark(const std::shared_ptr<Node>& node, graphics::Color color,
+                         const std::string& text) {
   auto style = labelStyle();
   style.bold = true;
   style.outlineWidth = backing;
   style.outlineColor = graphics::colors::white;
-  const auto marker = makePinMarker(color, pinHeight, text, style, scale);
-  marker->setPosition(scenePosition(place));
-  mapView.addMarker(marker);
-  marks_.push_back(marker);
+  marks_.push_back({node, color, graphics::makeTextImage(text, style, scale_), nullptr});
+}
+
+std::vector<std::vector<graphics::Point>> RouteOnMap::linesOn(const MapView& mapView) const {
+  std::vector<std::vector<graphics::Point>> lines;
+  const Node* last = nullptr;  // of the line that is being drawn
+  for (std::size_t i = shown_.first; i <= shown_.last; ++i) {
+    const Node& node = *path_[i];
+    if (node.map != mapView.currentMap()) {
+      last = nullptr;
+      continue;
+    }
+    if (last == nullptr) lines.emplace_back();
+    last = &node;
+    lines.back().push_back(mapView.findPositionCameraViewport(scenePosition(node)));
+  }
+  return lines;
+}
+
+void RouteOnMap::arrangeMarks(MapView& mapView) {
+  std::vector<MarkPlace> places;
+  for (const Mark& mark : marks_)
+    places.push_back({mapView.findPositionCameraViewport(scenePosition(*mark.node)),
+                      mark.text ? mark.text->size() : graphics::Size{}});
+  auto looks = placeMarks(places, linesOn(mapView), mapView.bounds(), looks_);
+  for (std::size_t i = 0; i < marks_.size(); ++i)
+    if (!marks_[i].marker || looks[i] != looks_[i]) setLook(mapView, marks_[i], looks[i]);
+  looks_ = std::move(looks);
+}
+
+void RouteOnMap::setLook(MapView& mapView, Mark& mark, const MarkLook& look) const {
+  mapView.removeMarker(mark.marker);
+  mark.marker = makeImageMarker(makeMarkImage(look, mark.color, mark.text, scale_));
+  if (!mark.marker) return;
+  mark.marker->setPosition(scenePosition(*mark.node));
+  mapView.addMarker(mark.marker);
 }
 
 }  // namespace orivanta::command

@@ -21,6 +21,7 @@ constexpr std::array meanings{
     Meaning{"Page Up, Page Down", "Floor up, floor down"},
     Meaning{"F", "Show the whole floor"},
     Meaning{"/ or Ctrl + F", "Search"},
+    Meaning{"I", "Sources of the map"},
     Meaning{"S or F12", "Save a picture"},
     Meaning{"Esc", "Close what is open"},
     Meaning{"? or F1", "This list"},
@@ -72,7 +73,7 @@ KeyHelp::KeyHelp()
 
 void KeyHelp::setWayBack(bool offered) {
   const std::size_t count = lines_.size() - (offered ? 0 : 1);
-  if (list_->rows().size() == count) return;
+  if (list_->size() == count) return;
   list_->setRows({lines_.begin(), lines_.begin() + static_cast<std::ptrdiff_t>(count)});
 }
 

@@ -1,9 +1,15 @@
 #include "Apps/Viewer/Panels/SearchPanel.hpp"
 
+#include <algorithm>
+#include <optional>
+#include <utility>
+
 #include "Apps/Command/Places.hpp"
+#include "Apps/Command/Text.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
+#include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
 
@@ -11,19 +17,39 @@ namespace {
 
 constexpr double fieldHeight = 48;  // points
 constexpr double signWidth = 44;
+constexpr double titleHeight = 34;
 
-std::shared_ptr<Row> rowOf(const Location& place) {
-  RowText text;
-  text.title = place.name.value_or("");
-  if (!place.categories.empty()) text.detail = place.categories.front()->name.value_or("");
-  text.trailing = command::floorLabels(command::floorsOf(place));
-  return std::make_shared<Row>(text);
+class GroupTitle : public Row {
+ public:
+  explicit GroupTitle(const std::string& title)
+      : Row(titleHeight),
+        label_(std::make_shared<Label>(
+            LabelStyle{.size = theme::smallSize, .bold = true, .color = theme::accent}, title)) {
+    addSubview(label_);
+    setUserInteractionEnabled(false);
+  }
+
+  void draw(view::Canvas&) override {
+    const graphics::Size size = bounds().size;
+    label_->setFrame({{theme::padding, 8}, {size.width - 2 * theme::padding, size.height - 8}});
+  }
+
+ private:
+  std::shared_ptr<Label> label_;
+};
+
+std::string labelOf(const std::optional<std::string>& name) {
+  return name ? command::label(*name) : std::string();
+}
+
+std::string categoryOf(const Location& place) {
+  return place.categories.empty() ? std::string() : labelOf(place.categories.front()->name);
 }
 
 }  // namespace
 
 SearchPanel::SearchPanel(const Venue& venue)
-    : index_(venue),
+    : search_(*venue.locations, [this](const auto& groups) { show(groups); }),
       field_(std::make_shared<TextField>(defaultPlaceholder)),
       sign_(std::make_shared<Label>(
           LabelStyle{.size = 28, .color = theme::faint, .alignment = Alignment::centre}, "\u2315")),
@@ -55,31 +81,73 @@ void SearchPanel::close() {
   field_->setPlaceholder(defaultPlaceholder);
   field_->setText("");
   field_->setFocused(false);
-  found_.clear();
-  list_->setRows({});
-  if (layoutChanged) layoutChanged();
+  search_.cancel();
+  choosesFirst_ = false;
+  show({});
+  hasSearched_ = false;
 }
 
 void SearchPanel::search() {
-  found_ = index_.find(field_->text());
-  std::vector<std::shared_ptr<Row>> rows;
-  for (std::size_t i = 0; i < found_.size(); ++i) {
-    rows.push_back(rowOf(*found_[i]));
-    rows.back()->action = [this, i] { choose(i); };
-  }
-  list_->setRows(std::move(rows));
-  if (!found_.empty() && !field_->text().empty()) list_->mark(0);
+  choosesFirst_ = false;
+  search_.start(field_->text());
   if (layoutChanged) layoutChanged();
 }
 
-void SearchPanel::chooseMarked() {
-  if (!found_.empty()) choose(list_->marked().value_or(0));
+void SearchPanel::show(const std::vector<PlaceGroup>& groups) {
+  hasSearched_ = true;
+  items_.clear();
+  placeCount_ = 0;
+  RowSource source;
+  const auto add = [&](Item item, double height) {
+    items_.push_back(std::move(item));
+    source.heights.push_back(height);
+  };
+  const bool hasTitles = groups.size() > 1;
+  for (const PlaceGroup& group : groups) {
+    if (hasTitles) add({nullptr, group.title.empty() ? "Other places" : group.title}, titleHeight);
+    for (const auto& place : group.places) {
+      std::string category = hasTitles ? "" : categoryOf(*place);
+      const double height = Row::heightWith(category);
+      add({place, std::move(category)}, height);
+    }
+    placeCount_ += group.places.size();
+  }
+  source.make = [this](std::size_t index) { return makeRow(index); };
+  source.canBeMarked = [this](std::size_t index) { return items_[index].place != nullptr; };
+  list_->setSource(std::move(source));
+  if (!items_.empty() && !field_->text().empty()) list_->moveMark(1);
+  if (layoutChanged) layoutChanged();
+  if (std::exchange(choosesFirst_, false)) chooseMarked();
 }
 
-void SearchPanel::choose(std::size_t row) {
-  const auto place = found_[row];
+std::shared_ptr<Row> SearchPanel::makeRow(std::size_t index) {
+  const Item& item = items_[index];
+  if (!item.place) return std::make_shared<GroupTitle>(command::label(item.text));
+  auto row = std::make_shared<Row>(
+      RowText{.title = labelOf(item.place->name),
+              .detail = item.text,
+              .trailing = command::floorLabels(command::floorsOf(*item.place))});
+  row->action = [this, place = item.place] { choose(place); };
+  return row;
+}
+
+void SearchPanel::chooseMarked() {
+  if (search_.isBusy()) {
+    choosesFirst_ = true;
+    return;
+  }
+  const auto first = std::find_if(items_.begin(), items_.end(),
+                                  [](const Item& item) { return item.place != nullptr; });
+  if (const auto marked = list_->marked())
+    choose(items_[*marked].place);
+  else if (first != items_.end())
+    choose(first->place);
+}
+
+void SearchPanel::choose(const std::shared_ptr<Location>& place) {
+  const auto chosenPlace = place;  // closing drops the row that keeps it
   close();
-  if (chosen) chosen(place);
+  if (chosen) chosen(chosenPlace);
 }
 
 double SearchPanel::arrange(double width, double mostHeight) {
@@ -87,11 +155,12 @@ double SearchPanel::arrange(double width, double mostHeight) {
   field_->setFrame({{signWidth, 0}, {width - 2 * signWidth, fieldHeight}});
   clear_->setFrame({{width - signWidth - 2, 2}, {signWidth, fieldHeight - 4}});
   clear_->setHidden(!isOpen());
-  nothing_->setHidden(!isOpen() || !found_.empty());
+  const bool isEmpty = items_.empty();
+  nothing_->setHidden(!isOpen() || !isEmpty || !hasSearched_);
   nothing_->setFrame({{theme::padding, fieldHeight}, {width - 2 * theme::padding, 48}});
-  list_->setHidden(!isOpen() || found_.empty());
+  list_->setHidden(!isOpen() || isEmpty);
   if (!isOpen()) return fieldHeight;
-  if (found_.empty()) return fieldHeight + 56;
+  if (isEmpty) return hasSearched_ ? fieldHeight + 56 : fieldHeight;
   const double height = list_->heightWithin(mostHeight - fieldHeight - 8);
   list_->setFrame({{0, fieldHeight}, {width, height}});
   list_->arrange();

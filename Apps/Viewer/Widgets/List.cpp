@@ -1,6 +1,8 @@
 #include "Apps/Viewer/Widgets/List.hpp"
 
 #include <algorithm>
+#include <cstdlib>
+#include <numeric>
 #include <utility>
 
 #include "Platform/View/Canvas.hpp"
@@ -25,8 +27,12 @@ Row::Row(const RowText& text)
               .size = theme::smallSize, .color = theme::faint, .alignment = Alignment::trailing},
           text.trailing)),
       dot_(text.dot),
-      height_(text.detail.empty() ? plainHeight : detailHeight) {
+      height_(heightWith(text.detail)) {
   for (const auto& label : {title_, detail_, trailing_}) addSubview(label);
+}
+
+double Row::heightWith(std::string_view detail) {
+  return detail.empty() ? plainHeight : detailHeight;
 }
 
 Row::Row(double height) : Row(RowText{}) { height_ = height; }
@@ -60,27 +66,25 @@ List::List() {
 }
 
 void List::setRows(std::vector<std::shared_ptr<Row>> rows) {
-  for (const auto& row : rows_) row->removeFromSuperview();
-  rows_ = std::move(rows);
-  for (const auto& row : rows_) addSubview(row);
+  RowSource source;
+  for (const auto& row : rows) source.heights.push_back(row->height());
+  source.make = [rows = std::move(rows)](std::size_t index) { return rows[index]; };
+  setSource(std::move(source));
+}
+
+void List::setSource(RowSource source) {
+  drop(0, ends_.size());
+  source_ = std::move(source);
+  ends_.resize(source_.heights.size());
+  std::partial_sum(source_.heights.begin(), source_.heights.end(), ends_.begin());
   offset_ = 0;
   marked_.reset();
   arrange();
 }
 
-double List::contentHeight() const {
-  double height = 0;
-  for (const auto& row : rows_) height += row->height();
-  return height;
-}
-
 double List::heightWithin(double most) const {
-  double height = 0;
-  for (const auto& row : rows_) {
-    if (height + row->height() > most) break;
-    height += row->height();
-  }
-  return height;
+  const auto end = std::upper_bound(ends_.begin(), ends_.end(), most);
+  return end == ends_.begin() ? 0 : *(end - 1);
 }
 
 void List::scrollBy(double points) {
@@ -90,37 +94,76 @@ void List::scrollBy(double points) {
 }
 
 void List::reveal(std::size_t row) {
-  double top = 0;
-  for (std::size_t i = 0; i < row; ++i) top += rows_[i]->height();
-  const double bottom = top + rows_[row]->height();
-  if (top < offset_) scrollBy(top - offset_);
-  if (bottom > offset_ + bounds().size.height) scrollBy(bottom - offset_ - bounds().size.height);
+  const double height = bounds().size.height;
+  if (topOf(row) < offset_) scrollBy(topOf(row) - offset_);
+  if (ends_[row] > offset_ + height) scrollBy(ends_[row] - offset_ - height);
 }
 
 void List::mark(std::optional<std::size_t> row) {
   marked_ = row;
-  for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i]->setMarked(row == i);
-  if (row && *row < rows_.size()) reveal(*row);
+  for (const auto& [index, shown] : inSight_) shown->setMarked(row == index);
+  if (row && *row < ends_.size()) reveal(*row);
+}
+
+// The nearest row that can be marked, from one on in a direction (1 or -1).
+std::optional<std::size_t> List::markableFrom(std::size_t row, int direction) const {
+  while (row < ends_.size() && !source_.canBeMarked(row))
+    row = direction < 0 && row == 0 ? ends_.size() : row + static_cast<std::size_t>(direction);
+  return row < ends_.size() ? std::optional(row) : std::nullopt;
 }
 
 void List::moveMark(int down) {
-  if (rows_.empty()) return;
-  const int last = static_cast<int>(rows_.size()) - 1;
-  const int wanted = marked_ ? static_cast<int>(*marked_) + down : 0;
-  mark(static_cast<std::size_t>(std::clamp(wanted, 0, last)));
+  if (!marked_) {
+    if (const auto first = markableFrom(0, 1)) mark(first);
+    return;
+  }
+  const int direction = down < 0 ? -1 : 1;
+  std::size_t at = *marked_;
+  for (int steps = std::abs(down); steps > 0; --steps) {
+    if (direction < 0 && at == 0) break;
+    const auto next = markableFrom(at + static_cast<std::size_t>(direction), direction);
+    if (!next) break;
+    at = *next;
+  }
+  mark(at);
+}
+
+void List::drop(std::size_t first, std::size_t last) {
+  const auto end = inSight_.lower_bound(last);
+  for (auto entry = inSight_.lower_bound(first); entry != end; entry = inSight_.erase(entry)) {
+    entry->second->setHidden(true);
+    entry->second->removeFromSuperview();
+  }
+}
+
+Row& List::rowAt(std::size_t index) {
+  std::shared_ptr<Row>& row = inSight_[index];
+  if (!row) {
+    row = source_.make(index);
+    row->setMarked(marked_ == index);
+    addSubview(row);
+  }
+  return *row;
 }
 
 void List::arrange() {
   const graphics::Size size = bounds().size;
   offset_ = std::clamp(offset_, 0.0, std::max(0.0, contentHeight() - size.height));
-  double top = -offset_;
-  for (const auto& row : rows_) {
-    const double height = row->height();
-    row->setFrame({{0, top}, {size.width, height}});
+  const auto bottom = offset_ + size.height;
+  const auto first = static_cast<std::size_t>(
+      std::upper_bound(ends_.begin(), ends_.end(), offset_) - ends_.begin());
+  std::size_t last = first;
+  while (last < ends_.size() && topOf(last) < bottom) ++last;
+  drop(0, first);
+  drop(last, ends_.size());
+  for (std::size_t index = first; index < last; ++index) {
+    Row& row = rowAt(index);
+    const double height = row.height();
+    const double top = topOf(index) - offset_;
+    row.setFrame({{0, top}, {size.width, height}});
     const double outside = std::max({0.0, -top, top + height - size.height}) / height;
-    row->setAlpha(1 - outside / fadeShare);
-    row->setHidden(row->alpha() <= 0);
-    top += height;
+    row.setAlpha(1 - outside / fadeShare);
+    row.setHidden(row.alpha() <= 0);
   }
 }
 

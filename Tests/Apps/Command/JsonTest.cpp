@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <boost/json/object.hpp>
 #include <cstdlib>
 #include <limits>
 #include <vector>
@@ -23,6 +24,22 @@ TEST(Json, NumbersAreShortAndReadBackExactly) {
   EXPECT_EQ(jsonNumber(std::numeric_limits<double>::infinity()), "1e999");
   EXPECT_EQ(jsonNumber(-std::numeric_limits<double>::infinity()), "-1e999");
   EXPECT_EQ(jsonNumber(std::numeric_limits<double>::quiet_NaN()), "null");
+}
+
+TEST(Json, StringsHoldNothingThatActsOnATerminal) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"a\"\n\033", R"("a\"\n\u001b")"},
+      {"\x7F\u009B31m", R"("\u007f\u009b31m")"},
+      {"\u202Egnp.exe\u2066", R"("\u202egnp.exe\u2066")"},
+      {"\u061C\u200E\u200F\uFEFF", R"("\u061c\u200e\u200f\ufeff")"},
+      {"\u2028\u2029", R"("\u2028\u2029")"},
+      {"Café 新宿 😀", "\"Café 新宿 😀\""},
+      {"a\x9B", R"("a\ufffd")"},
+  };
+  for (const auto& [text, quoted] : cases) {
+    EXPECT_EQ(jsonString(text), quoted);
+    EXPECT_EQ(jsonText(boost::json::object({{text, text}})), '{' + quoted + ':' + quoted + '}');
+  }
 }
 
 }  // namespace

@@ -34,6 +34,7 @@ TEST(Text, PrintableTakesWhatWouldActOnATerminal) {
       {"\u009b31m", "\uFFFD31m"},  // the one-character form of ESC [
       {"a\u2028b", "a b"},
       {"\u202Egnirts\u2066", "gnirts"},
+      {"\u061C\u200Ea\u200F\uFEFF", "a"},
       {"a\xC3", "a\uFFFD"},
   };
   for (const auto& [text, expected] : cases) EXPECT_EQ(printable(text), expected);

@@ -4,7 +4,9 @@
 
 #include <cmath>
 
+#include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Platform/Scene/Node.hpp"
+#include "Source/Venue.hpp"
 #include "Tests/Support/Fingers.hpp"
 #include "Tests/Support/ShownVenue.hpp"
 
@@ -90,6 +92,17 @@ TEST_F(CameraControlTest, ATapLeavesTheZoomOfTheNextPinch) {
   ASSERT_EQ(shown.delegate->calls.back(), "cafe");
   control.settle(true);
   EXPECT_NEAR(*shown.mapView->cameraDistance / shown.mapView->scaleEnd, 900, 1e-6);
+}
+
+TEST_F(CameraControlTest, AShortRouteFillsAFairPartOfTheView) {
+  const auto venue = Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
+  control.frame({{500, 500, 0}, {508, 500, 0}}, command::aroundRoute(*venue));
+  control.advance(1);
+  control.advance(2);
+  const auto start = shownAt(control.pose(), control.lens(), {500, 500});
+  const auto end = shownAt(control.pose(), control.lens(), {508, 500});
+  ASSERT_TRUE(start && end);
+  EXPECT_GT(end->x - start->x, 30) << "points of 800";
 }
 
 TEST_F(CameraControlTest, GlidesBeginWithTheirFirstFrameAddUpAndEnd) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <vector>
 
@@ -71,15 +72,16 @@ TEST(CameraPose, StaysWithinItsLimits) {
 }
 
 TEST(CameraPose, FramesPointsInWhatIsFree) {
-  const std::vector<graphics::Point> points{{-350, -290}, {340, 270}, {-350, 270}, {340, -290}};
+  const std::vector<graphics::Vector3> points{
+      {-350, -290, 0}, {340, 270, 0}, {-350, 270, 0}, {340, -290, 0}};
   const Insets insets{360, 20, 80, 10};
   for (const CameraPose& pose : poses) {
     const CameraPose framed = framing(points, pose, wide, insets, {});
     EXPECT_EQ(framed.tilt, pose.tilt);
     EXPECT_EQ(framed.turn, pose.turn);
     Insets room{1e9, 1e9, 1e9, 1e9};
-    for (const graphics::Point& point : points) {
-      const auto shown = shownAt(framed, wide, point);
+    for (const graphics::Vector3& point : points) {
+      const auto shown = shownAt(framed, wide, {point.x, point.y});
       ASSERT_TRUE(shown);
       room = {std::min(room.left, shown->x - 360), std::min(room.top, shown->y - 20),
               std::min(room.right, 1200 - shown->x), std::min(room.bottom, 790 - shown->y)};
@@ -92,10 +94,41 @@ TEST(CameraPose, FramesPointsInWhatIsFree) {
 }
 
 TEST(CameraPose, FramesAPointWithItsSurroundings) {
-  const CameraPose framed = framing({{70, -20}}, {0, 0, 1, 0, 1}, wide, {}, {0.25, 200});
+  const std::array point{graphics::Vector3{70, -20, 0}};
+  const CameraPose framed = framing(point, {0, 0, 1, 0, 1}, wide, {}, {0.25, 200});
   expectNear(shownAt(framed, wide, {70, -20}), {640, 400});
   EXPECT_NEAR(groundUnder(framed, wide, {640, 0})->x - groundUnder(framed, wide, {640, 800})->x,
               -250 * std::sin(1), 1e-6);
+}
+
+TEST(CameraPose, FramesAModelThatIsHigherThanWide) {
+  graphics::Box tower;
+  tower.add(graphics::Vector3{-20, -30, 0});
+  tower.add(graphics::Vector3{40, 30, 900});
+  const auto corners = command::cornersOf(tower);
+  for (const Lens& lens : {wide, upright})
+    for (const double tilt : {0.0, 0.6, 1.0}) {
+      const CameraPose pose = framing(corners, {0, 0, 1, tilt, 0.4}, lens, {}, {});
+      Insets room{1e9, 1e9, 1e9, 1e9};
+      for (const graphics::Vector3& corner : corners) {
+        const double depth = command::depthOf(corner, pose);
+        ASSERT_GT(depth, 0);
+        // Where the corner shows is where the ground behind it does.
+        const double share =
+            pose.distance * std::cos(tilt) / (pose.distance * std::cos(tilt) - corner.z);
+        const graphics::Point eye{pose.x + pose.distance * std::sin(tilt) * std::sin(0.4),
+                                  pose.y - pose.distance * std::sin(tilt) * std::cos(0.4)};
+        const auto shown = shownAt(
+            pose, lens, {eye.x + (corner.x - eye.x) * share, eye.y + (corner.y - eye.y) * share});
+        ASSERT_TRUE(shown);
+        room = {std::min(room.left, shown->x), std::min(room.top, shown->y),
+                std::min(room.right, lens.size.width - shown->x),
+                std::min(room.bottom, lens.size.height - shown->y)};
+      }
+      const double least = std::min({room.left, room.top, room.right, room.bottom});
+      EXPECT_GT(least, -1e-3) << "nothing is cut";
+      EXPECT_LT(least, 1) << "and it fills the view";
+    }
 }
 
 TEST(CameraPose, GoesTheShorterWayRound) {

@@ -22,7 +22,7 @@ TEST(FloorSwitch, KeepsTheFloorThatShowsInSightHoweverManyThereAre) {
       floorSwitch.setCurrent(floors[elevation]);
       const auto* list = dynamic_cast<const List*>(floorSwitch.subviews().front().get());
       ASSERT_NE(list, nullptr);
-      EXPECT_EQ(list->rows()[27 - elevation]->alpha(), 1) << elevation << " within " << most;
+      EXPECT_EQ(list->inSight().at(27 - elevation)->alpha(), 1) << elevation << " within " << most;
     }
   }
 }

@@ -1,12 +1,12 @@
-#include "Apps/Viewer/Search.hpp"
+#include "Apps/Viewer/BackgroundSearch.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "Platform/Foundation/MainQueue.hpp"
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
 #include "Source/Node.hpp"
-#include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
 
@@ -52,36 +52,115 @@ TEST(Match, TellsHowWellANameAnswers) {
     EXPECT_EQ(match(each.name, each.typed), each.expected) << each.name << " / " << each.typed;
 }
 
+TEST(SearchForm, OrdersAsPeopleCount) {
+  const char* const inOrder[] = {"",  "1f 2", "1f 02 a", "1f 14", "1f 139",
+                                 "2", "9",    "10",      "a",     "b"};
+  for (std::size_t i = 0; i < std::size(inOrder); ++i)
+    for (std::size_t j = 0; j < std::size(inOrder); ++j)
+      EXPECT_EQ(comesBefore(inOrder[i], inOrder[j]), i < j) << inOrder[i] << " / " << inOrder[j];
+}
+
 namespace {
 
-std::shared_ptr<Location> place(const char* id, const char* name, bool isReachable = true) {
-  auto location = Location::make(*RawData::parse(
-      std::string(R"({"id": ")") + id + R"(", "name": ")" + name + R"(", "type": "shop"})"));
+std::shared_ptr<Location> place(const std::string& id, const std::string& name,
+                                const std::shared_ptr<Category>& category = nullptr,
+                                bool isReachable = true) {
+  auto location = Location::make(
+      *RawData::parse(R"({"id": ")" + id + R"(", "name": ")" + name + R"(", "type": "shop"})"));
   if (isReachable)
     location->nodes.push_back(Node::make(*RawData::parse(R"({"id": "n", "x": 0, "y": 0})")));
+  if (category) location->categories.push_back(category);
   return location;
+}
+
+std::shared_ptr<Category> categoryNamed(const std::string& name) {
+  return Category::make(*RawData::parse(R"({"id": ")" + name + R"(", "name": ")" + name + R"("})"));
+}
+
+// "title:id,id, title:..."
+std::string textOf(const std::vector<PlaceGroup>& groups) {
+  std::string text;
+  for (const PlaceGroup& group : groups) {
+    text += (text.empty() ? "" : " ") + group.title + ':';
+    for (const auto& found : group.places) text += *found->id;
+  }
+  return text;
 }
 
 }  // namespace
 
 TEST(SearchIndex, PutsNamesBeforeCategoriesBeforeNearMisses) {
-  const auto venue = Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
-  const auto category = Category::make(*RawData::parse(R"({"id": "c", "name": "Coffee"})"));
-  venue->locations = {place("1", "The Toffee Shop"), place("2", "Zum Löwen"),
-                      place("3", "Old Coffee"), place("4", "Coffee Counter"),
-                      place("5", "Coffee without a door", false)};
-  (*venue->locations)[1]->categories.push_back(category);
-  const SearchIndex index(*venue);
-  const auto find = [&](const char* typed) {
-    std::string ids;
-    for (const auto& found : index.find(typed)) ids += *found->id;
-    return ids;
-  };
-  EXPECT_EQ(find("Coffee"), "4321");
-  EXPECT_EQ(find("lowen"), "2");
-  EXPECT_EQ(find(" "), "4312") << "all by name";
-  EXPECT_EQ(find("nothing of the kind"), "");
-  EXPECT_EQ(index.find("", 2).size(), 2U);
+  const auto coffee = categoryNamed("Coffee");
+  const SearchIndex index({place("1", "The Toffee Shop"), place("2", "Zum Löwen", coffee),
+                           place("3", "Old Coffee"), place("4", "Coffee Counter"),
+                           place("5", "Coffee without a door", nullptr, false)});
+  const std::pair<const char*, const char*> cases[] = {
+      {"Coffee", ":4321"}, {"lowen", ":2"}, {" ", "Coffee:2 :431"}, {"nothing of the kind", ""}};
+  for (const auto& [typed, expected] : cases) EXPECT_EQ(textOf(index.find(typed)), expected);
+}
+
+TEST(SearchIndex, BrowsesAllPlacesByCategoryAndNumber) {
+  const auto exits = categoryNamed("Exits 2");
+  const auto shops = categoryNamed("Exits 10");
+  std::vector<std::shared_ptr<Location>> places;
+  for (int i = 700; i > 0; --i)
+    places.push_back(place(std::to_string(i) + ',', "Gate " + std::to_string(i),
+                           i <= 2       ? nullptr
+                           : i % 2 == 0 ? exits
+                                        : shops));
+  const auto groups = SearchIndex(places).find("");
+  ASSERT_EQ(groups.size(), 3U);
+  EXPECT_EQ(groups[0].title, "Exits 2");
+  EXPECT_EQ(groups[1].title, "Exits 10");
+  EXPECT_EQ(groups[2].title, "");
+  for (const PlaceGroup& group : groups)
+    for (std::size_t i = 1; i < group.places.size(); ++i)
+      EXPECT_LT(std::stoi(*group.places[i - 1]->id), std::stoi(*group.places[i]->id));
+  EXPECT_EQ(groups[0].places.size() + groups[1].places.size() + groups[2].places.size(), 700U);
+}
+
+TEST(SearchIndex, LooksAtTheBeginningOfAHugeName) {
+  std::string name;
+  for (int i = 0; i < 100'000; ++i) name += "ﷺ-";  // of eighteen letters
+  EXPECT_LT(searchForm(name).size(), 400U);
+  EXPECT_EQ(searchForm(std::string(299, 'a') + "é").size(), 299U) << "no half characters";
+}
+
+TEST(SearchIndex, EndsWhenItIsCancelled) {
+  std::vector<std::shared_ptr<Location>> places(100'000, place("1", "Gate"));
+  int asked = 0;
+  const auto isCancelled = [&] { return ++asked == 3; };
+  EXPECT_EQ(textOf(SearchIndex(places, isCancelled).find("")), "") << "nothing half done";
+  EXPECT_EQ(asked, 3);
+  const SearchIndex index(places);
+  asked = 0;
+  EXPECT_TRUE(index.find("gate", isCancelled).empty());
+  EXPECT_EQ(asked, 3);
+}
+
+TEST(BackgroundSearch, AnswersTheLastSearchAndNobodyWhoHasLeft) {
+  std::vector<std::string> answers;
+  const auto tell = [&](const auto& groups) { answers.push_back(textOf(groups)); };
+  std::optional<BackgroundSearch> search(
+      std::in_place, std::vector{place("1", "Bakery"), place("2", "Books")}, tell);
+  search->start("boo");
+  search->start("bak");
+  EXPECT_TRUE(search->isBusy());
+  while (search->isBusy()) {
+    foundation::mainQueue::wait(10);
+    foundation::mainQueue::drain();
+  }
+  EXPECT_EQ(answers, std::vector<std::string>{":1"});
+  {
+    BackgroundSearch leaving({place("4", "Bank")}, tell);
+    leaving.start("bank");
+  }
+  search->start("b");
+  while (search->isBusy()) {
+    foundation::mainQueue::wait(10);
+    foundation::mainQueue::drain();
+  }
+  EXPECT_EQ(answers, (std::vector<std::string>{":1", ":12"}));
 }
 
 }  // namespace orivanta::viewer

@@ -16,6 +16,7 @@
 #include "Platform/Render/Renderer.hpp"
 #include "Source/Location.hpp"
 #include "Source/Venue.hpp"
+#include "Tests/Support/CountedPixels.hpp"
 #include "Tests/Support/EnvironmentVariable.hpp"
 #include "Tests/Support/Latch.hpp"
 #include "Tests/Support/ShownVenue.hpp"
@@ -106,19 +107,6 @@ class ViewerStage {
   double time = 0;
   viewer::Viewer viewer;
 };
-
-/// How many pixels have about this colour.
-inline int countPixels(const graphics::Image& image, const graphics::Color& color) {
-  const auto pixels = image.pixels();
-  int count = 0;
-  for (std::size_t i = 0; i < pixels.size(); i += 4) {
-    const auto differs = [&](std::size_t part, float wanted) {
-      return std::abs(pixels[i + part] - wanted * 255) > 4;
-    };
-    if (!differs(0, color.red) && !differs(1, color.green) && !differs(2, color.blue)) ++count;
-  }
-  return count;
-}
 
 /// A window that closes would unload the driver, and the leak checker then loses sight of what the
 /// driver keeps. The display of a surface without a window stays to the end of the process.

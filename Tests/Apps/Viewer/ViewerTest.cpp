@@ -6,6 +6,7 @@
 
 #include "Source/Map.hpp"
 #include "Tests/Apps/Server/SmallPackage.hpp"
+#include "Tests/Apps/TwoVisitsPackage.hpp"
 #include "Tests/Apps/Viewer/ViewerStage.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
@@ -54,7 +55,7 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     stage.tap(view.searchPanel().field());
     stage.type("dosa dinamo");
     stage.viewer.keyPressed({Key::enter});
-    EXPECT_EQ(view.selected(), stage.place("dosa-dynamo"));
+    stage.until([&] { return view.selected() == stage.place("dosa-dynamo"); });
     stage.until([&] { return view.mapView().currentMap()->shortName == "2"; });
     stage.settle();
 
@@ -106,6 +107,52 @@ TEST_F(ViewerTest, PlansWithoutStepsWhenAsked) {
     EXPECT_EQ(route->steps.back().kind, StepKind::arrival);
     const bool climbs = route->steps[1].text.find("stairs") != std::string::npos;
     EXPECT_NE(climbs, accessible) << route->steps[1].text;
+  }
+}
+
+TEST_F(ViewerTest, StepsShowTheirPartOfTheRouteAndTheAttributionStays) {
+  test::TemporaryFolder folder;
+  const std::string credit = "© Testers " + std::string(700, 'x');
+  test::writeTwoVisitsPackage(folder, credit);
+  server::ServerOptions options;
+  options.folders = {folder.path()};
+  const server::VenueServer visits(options);
+  for (const graphics::Size size : {graphics::Size{1280, 800}, {390, 844}}) {
+    test::ViewerStage stage(visits.root(), "visits", size);
+    stage.untilShown();
+    VenueView& view = *stage.viewer.venueView();
+    AttributionLine& line = view.attribution();
+    EXPECT_EQ(line.text(), credit + " · CC0");
+    const double closed = line.frame().size.height;
+    stage.tap(line);
+    EXPECT_GT(line.frame().size.height, 3 * closed) << "all of it";
+    EXPECT_GE(line.frame().minX(), 0);
+    stage.viewer.keyPressed({Key::escape});
+    EXPECT_EQ(line.frame().size.height, closed);
+
+    view.select(stage.place("bakery"));
+    view.placeCard().fromHere();
+    view.select(stage.place("museum"));
+    view.placeCard().toHere();
+    ASSERT_TRUE(view.route());
+    stage.settle();
+    EXPECT_NEAR(view.camera().pose().x, 50, 100) << "the first visit";
+    const auto& steps = view.route()->steps;
+    ASSERT_EQ(steps.size(), 4U);
+    const std::pair<const char*, double> expected[] = {{"G", 0}, {"G", 50}, {"U", 250}, {"G", 450}};
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+      view.routePanel().stepChosen(steps[i]);
+      stage.until([&] { return view.mapView().currentMap()->shortName == expected[i].first; });
+      stage.settle();
+      const auto middle =
+          shownAt(view.camera().pose(), view.camera().lens(), {expected[i].second, 0});
+      ASSERT_TRUE(middle) << i;
+      EXPECT_NEAR(middle->x, size.width / 2, size.width / 4) << i;
+      EXPECT_LE(line.frame().maxY(),
+                view.routePanel().frame().minY() + (size.width > 700 ? size.height : 0));
+    }
+    stage.tap(view.searchPanel().field());
+    EXPECT_FALSE(line.isHidden());
   }
 }
 

@@ -87,4 +87,29 @@ TEST(List, ScrollsBetweenItsEndsAndHidesWhatLeavesIt) {
   EXPECT_EQ(rows[0]->frame().minY(), 0);
 }
 
+TEST(List, MakesOnlyTheRowsInSightAndMarksOnlyThoseThatMayBe) {
+  List list;
+  list.setFrame({{0, 0}, {200, 100}});
+  int made = 0;
+  RowSource source;
+  source.heights.assign(100'000, 20);
+  source.make = [&](std::size_t) {
+    ++made;
+    return std::make_shared<Row>(20);
+  };
+  source.canBeMarked = [](std::size_t row) { return row % 10 != 0; };  // titles
+  list.setSource(std::move(source));
+  EXPECT_EQ(made, 5);
+  const std::pair<int, std::size_t> steps[] = {{1, 1}, {-1, 1}, {8, 9}, {1, 11}, {-1, 9}};
+  for (const auto& [down, marked] : steps) {
+    list.moveMark(down);
+    EXPECT_EQ(list.marked(), marked);
+  }
+  list.mark(99'999);
+  EXPECT_EQ(list.inSight().rbegin()->first, 99'999U);
+  EXPECT_EQ(list.inSight().size(), 5U);
+  EXPECT_EQ(list.subviews().size(), 5U);
+  EXPECT_LT(made, 25);
+}
+
 }  // namespace orivanta::viewer

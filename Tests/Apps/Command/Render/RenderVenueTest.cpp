@@ -10,6 +10,8 @@
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Tests/Apps/Command/Program.hpp"
 #include "Tests/Apps/DemoVenue/GeneratedVenue.hpp"
+#include "Tests/Apps/TwoVisitsPackage.hpp"
+#include "Tests/Support/CountedPixels.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta::command {
@@ -28,10 +30,28 @@ class RenderVenue : public testing::Test {
   test::ProgramResult renderTo(const std::string& target,
                                std::vector<std::string> arguments) const {
     arguments.insert(arguments.begin(), {"render", "astrolabe-court", "--size=160x100", "-q"});
+    return run(server_, target, std::move(arguments));
+  }
+
+  // Another venue, by a server of its own.
+  void serveVisits(const std::string& attribution) {
+    test::writeTwoVisitsPackage(visits_, attribution);
+    server::ServerOptions options;
+    options.folders = {visits_.path()};
+    visitsServer_ = std::make_unique<server::VenueServer>(options);
+  }
+
+  test::ProgramResult renderVisits(std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), {"render", "visits", "--size=320x200", "-q"});
+    return run(*visitsServer_, file("map.png"), std::move(arguments));
+  }
+
+  test::ProgramResult run(const server::VenueServer& server, const std::string& target,
+                          std::vector<std::string> arguments) const {
     arguments.insert(arguments.end(), {"-o", target});
     return test::runProgram(
         arguments,
-        {"ORIVANTA_ENDPOINT=" + server_.root(), "XDG_CACHE_HOME=" + output_.path().string()}, "");
+        {"ORIVANTA_ENDPOINT=" + server.root(), "XDG_CACHE_HOME=" + output_.path().string()}, "");
   }
 
   std::string file(const std::string& name) const { return (output_.path() / name).string(); }
@@ -60,6 +80,8 @@ class RenderVenue : public testing::Test {
   }
 
   server::VenueServer server_;
+  test::TemporaryFolder visits_;
+  std::unique_ptr<server::VenueServer> visitsServer_;
   test::TemporaryFolder output_;
 };
 
@@ -113,6 +135,38 @@ TEST_F(RenderVenue, DrawsARouteOnItsFloorsAndMovesItsArrows) {
   std::string header(6, ' ');
   gif.read(header.data(), 6);
   EXPECT_EQ(header, "GIF89a");
+}
+
+TEST_F(RenderVenue, DrawsAPictureForEachVisitToAFloor) {
+  serveVisits("© Testers");
+  const auto route = renderVisits({"--route", "bakery", "museum"});
+  EXPECT_EQ(route.output,
+            file("map-G.png") + "\n" + file("map-U.png") + "\n" + file("map-G-2.png") + "\n");
+  constexpr graphics::Color start{0.18F, 0.55F, 0.34F};
+  constexpr graphics::Color end{0.80F, 0.22F, 0.20F};
+  EXPECT_GT(test::countPixels(*picture("map-G.png"), start), 50);
+  EXPECT_EQ(test::countPixels(*picture("map-G.png"), end), 0);
+  EXPECT_EQ(test::countPixels(*picture("map-G-2.png"), start), 0);
+  EXPECT_GT(test::countPixels(*picture("map-G-2.png"), end), 50);
+  ASSERT_EQ(renderVisits({"--route", "bakery", "museum", "--map", "G"}).exitCode, 0);
+  EXPECT_GT(test::countPixels(*picture("map.png"), start), 50);
+  EXPECT_GT(test::countPixels(*picture("map.png"), end), 50);
+}
+
+TEST_F(RenderVenue, ShowsTheAttributionOrSaysToShowIt) {
+  serveVisits("© Testers");
+  const auto without = renderVisits({"--no-attribution"});
+  EXPECT_EQ(without.errors, "orivanta: show this with the pictures: © Testers · CC0\n");
+  const auto plain = picture("map.png");
+  for (const char* const corner : {"lower-left", "lower-right", "upper-left", "upper-right"}) {
+    const auto result = renderVisits({"--attribution", corner});
+    EXPECT_EQ(result.exitCode, 0) << result.errors;
+    EXPECT_EQ(result.errors, "") << corner;
+    EXPECT_GT(changed(*plain, *picture("map.png")), 0.005) << corner;
+  }
+  EXPECT_EQ(renderVisits({"--attribution", "middle"}).exitCode, 2);
+  serveVisits(std::string(900, 'x'));
+  EXPECT_THAT(renderVisits({}).errors, HasSubstr("show this with the pictures: xxx"));
 }
 
 TEST_F(RenderVenue, ReplaysTouches) {

@@ -1,0 +1,32 @@
+// Whom to thank for the map, on the map.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "Apps/Viewer/Widgets/Button.hpp"
+
+namespace orivanta::viewer {
+
+/// One line of small text; opened it shows all of a text that is longer.
+class AttributionLine : public Pressable {
+ public:
+  explicit AttributionLine(std::string text);
+
+  bool isEmpty() const { return text_->text().empty(); }
+  const std::string& text() const { return text_->text(); }
+  bool isOpen() const { return isOpen_; }
+  void setOpen(bool open) { isOpen_ = open; }
+
+  /// Its size in such a room, in which it is to lie at the lower right.
+  graphics::Size arrange(graphics::Size room);
+  void draw(view::Canvas& canvas) override;
+
+  static constexpr double closedHeight = 20;  // points
+
+ private:
+  std::shared_ptr<Label> text_;
+  bool isOpen_ = false;
+};
+
+}  // namespace orivanta::viewer
