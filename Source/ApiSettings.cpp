@@ -62,7 +62,7 @@ const WebApiSession& APISession() {
   static const auto& session =
       *new WebApiSession(getEndpoint(), getUsername(), getPassword(),
                          fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", ")),
-                         applicationSettings().observer);
+                         applicationSettings().observer, applicationSettings().loadBytes);
   return session;
 }
 

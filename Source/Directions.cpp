@@ -2,14 +2,12 @@
 
 #include <utility>
 
-#include "Platform/Foundation/Fatal.hpp"
+#include "Source/ActiveVenue.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
-#include "Source/Orivanta.hpp"
 #include "Source/RouteSearch.hpp"
-#include "Source/Venue.hpp"
 
 namespace orivanta {
 
@@ -55,7 +53,7 @@ std::shared_ptr<Directions> Directions::make(const std::optional<NodeList>& path
 
 std::shared_ptr<Directions> getDirections(const NodeList& starts, const NodeList& destinations,
                                           const Place& departFrom, const Place& arriveAt) {
-  const auto graph = foundation::unwrap(activeVenue).navigationGraph;
+  const auto graph = activeGraph();
   if (!graph) return nullptr;
   return Directions::make(AStar(starts, destinations, *graph), departFrom, arriveAt);
 }

@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "Platform/Foundation/Export.hpp"
+
 namespace orivanta {
 
 class Category;
@@ -26,12 +28,11 @@ class RawData;
 class Venue;
 class Vortex;
 
-/// Lets a dictionary look up any text without a copy.
+/// Lets a dictionary look up any text without a copy. The hash differs from process to process, so
+/// that nobody can send identifiers that all fall into one place.
 struct TextHash {
   using is_transparent = void;
-  std::size_t operator()(std::string_view text) const {
-    return std::hash<std::string_view>()(text);
-  }
+  ORIVANTA_API std::size_t operator()(std::string_view text) const;
 };
 
 /// A dictionary keyed by text that iterates in the order of insertion; giving an existing key a

@@ -5,6 +5,7 @@
 #include "Platform/Foundation/Base64.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Source/HttpLink.hpp"
+#include "Source/JsonDocument.hpp"
 
 namespace orivanta {
 
@@ -42,7 +43,11 @@ std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response
 }
 
 foundation::Error invalidJson() { return {"", 1, ""}; }
-foundation::Error outOfMemory() { return {"memory", 1, "not enough memory for the answer"}; }
+
+std::optional<RawData> parsedPage(std::string_view body,
+                                  const std::shared_ptr<foundation::MemoryBudget>& budget) {
+  return parseRawData(body, budget);
+}
 
 }  // namespace detail
 
@@ -55,10 +60,11 @@ HttpSession::HttpSession(std::string_view rootText, const std::optional<std::str
       language(foundation::unwrap(languages)) {}
 
 HttpResponse<std::any> HttpSession::get(std::string_view path,
-                                        const Dictionary<std::string>& parameters) const {
+                                        const Dictionary<std::string>& parameters,
+                                        std::shared_ptr<foundation::MemoryBudget> budget) const {
   const std::vector<std::pair<std::string, std::string>> items(parameters.begin(),
                                                                parameters.end());
-  return start(resolved(path).withQueryItems(items));
+  return start(resolved(path).withQueryItems(items), std::move(budget));
 }
 
 HttpResponse<std::any> HttpSession::post(std::string_view path,
@@ -71,11 +77,14 @@ foundation::Url HttpSession::resolved(std::string_view path) const {
                                  : foundation::Url::parse(path));
 }
 
-HttpResponse<std::any> HttpSession::start(const foundation::Url& url) const {
+HttpResponse<std::any> HttpSession::start(const foundation::Url& url,
+                                          std::shared_ptr<foundation::MemoryBudget> budget) const {
   auto delegate = std::make_shared<CustomUrlSessionDelegate>(nullptr, nullptr);
-  auto session = network::UrlSession::make(
-      {url.absoluteString(), {{"Authorization", authString}, {"Accept-Language", language}}},
-      delegate);
+  auto session =
+      network::UrlSession::make({url.absoluteString(),
+                                 {{"Authorization", authString}, {"Accept-Language", language}},
+                                 std::move(budget)},
+                                delegate);
   auto hold = std::make_shared<detail::DeliveryHold>(session);
   session->startDataTask(url);
   return HttpResponse<std::any>({std::move(session), std::move(delegate)}, std::move(hold));

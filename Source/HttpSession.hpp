@@ -27,6 +27,7 @@
 
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/MemoryBudget.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/UrlSession.hpp"
 #include "Source/Fwd.hpp"
@@ -75,7 +76,9 @@ struct ChainLinks {
 
 ORIVANTA_API std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response);
 ORIVANTA_API foundation::Error invalidJson();
-ORIVANTA_API foundation::Error outOfMemory();
+/// As `RawData::parse`; the budget pays for the document as long as anybody holds it.
+ORIVANTA_API std::optional<RawData> parsedPage(
+    std::string_view body, const std::shared_ptr<foundation::MemoryBudget>& budget);
 
 }  // namespace detail
 
@@ -116,7 +119,9 @@ class HttpResponse {
   }
 
   /// Receives the error that ended the chain: the transport's own, domain "" and code 1 for a body
-  /// that is no JSON, or domain "memory" when a page does not fit. `onComplete` is not called then.
+  /// that is no JSON, or domain "memory" if a page does not fit into memory (code 1) or into the
+  /// budget (code 2, or 3 if another chain has exceeded it before). `onComplete` is not called
+  /// then.
   const HttpResponse& onError(ErrorCallback callback) const {
     state_->errorCallback = std::move(callback);
     return *this;
@@ -183,16 +188,18 @@ class ORIVANTA_API HttpSession {
   const std::string language;    ///< the value of "Accept-Language"
 
   /// Starts a request for `path`, resolved against the root, with the parameters as its query. A
-  /// path that is no URL reference stops the program.
-  HttpResponse<std::any> get(std::string_view path,
-                             const Dictionary<std::string>& parameters = {}) const;
+  /// path that is no URL reference stops the program. The bodies of all pages and their documents
+  /// are paid for by `budget`, if there is one.
+  HttpResponse<std::any> get(std::string_view path, const Dictionary<std::string>& parameters = {},
+                             std::shared_ptr<foundation::MemoryBudget> budget = nullptr) const;
 
   /// The same GET request without a query and without a body, whatever the parameters.
   HttpResponse<std::any> post(std::string_view path,
                               const Dictionary<std::string>& parameters = {}) const;
 
  private:
-  HttpResponse<std::any> start(const foundation::Url& url) const;
+  HttpResponse<std::any> start(const foundation::Url& url,
+                               std::shared_ptr<foundation::MemoryBudget> budget = nullptr) const;
   foundation::Url resolved(std::string_view path) const;
 };
 
@@ -202,10 +209,10 @@ void HttpResponse<T>::State::success(const network::HttpUrlResponse& response, s
   std::optional<T> finished;
   try {
     finished = takePage(response, body);
-  } catch (const std::bad_alloc&) {
-    return error(detail::outOfMemory());
-  } catch (const std::length_error&) {
-    return error(detail::outOfMemory());
+  } catch (const std::bad_alloc& failure) {
+    return error(foundation::memoryError(failure));
+  } catch (const std::length_error& failure) {
+    return error(foundation::memoryError(failure));
   }
   if (finished && completeCallback) completeCallback(std::move(*finished));
 }
@@ -214,7 +221,7 @@ void HttpResponse<T>::State::success(const network::HttpUrlResponse& response, s
 template <class T>
 std::optional<T> HttpResponse<T>::State::takePage(const network::HttpUrlResponse& response,
                                                   std::string& body) {
-  const auto page = RawData::parse(body);
+  const auto page = detail::parsedPage(body, session->configuration().budget);
   if (!page) {
     error(detail::invalidJson());
     return std::nullopt;

@@ -46,6 +46,14 @@ ImageCollection::ImageCollection(foundation::Url original,
                                  std::map<std::int64_t, foundation::Url> collection)
     : original_(std::move(original)), collection_(std::move(collection)) {}
 
+std::size_t ImageCollection::memory() const {
+  constexpr std::size_t heapBytes = 64;  // of each part, for the heap and the links between them
+  std::size_t bytes = sizeof(ImageCollection) + heapBytes + original_.absoluteString().size();
+  for (const auto& [pixels, url] : collection_)
+    bytes += sizeof(url) + 2 * heapBytes + url.absoluteString().size();
+  return bytes;
+}
+
 const foundation::Url& ImageCollection::operator[](std::int64_t size) const {
   std::int64_t target = 0;
   if (__builtin_mul_overflow(size, screenScale(), &target))

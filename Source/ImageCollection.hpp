@@ -1,6 +1,7 @@
 // The URLs of one picture in several pixel sizes.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -27,6 +28,9 @@ class ORIVANTA_API ImageCollection {
 
   /// The full-size picture.
   const foundation::Url& original() const { return original_; }
+
+  /// About how many bytes it takes.
+  std::size_t memory() const;
 
  private:
   ImageCollection(foundation::Url original, std::map<std::int64_t, foundation::Url> collection);

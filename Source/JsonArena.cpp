@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <new>
+#include <utility>
 
 namespace orivanta {
 
@@ -22,7 +23,8 @@ std::byte* alignedUp(std::byte* address, std::size_t alignment) {
 
 }  // namespace
 
-JsonArena::JsonArena(std::size_t textBytes) {
+JsonArena::JsonArena(std::size_t textBytes, std::shared_ptr<foundation::MemoryBudget> budget)
+    : share_(std::move(budget)) {
   const std::size_t first = std::clamp(textBytes, smallestBlockBytes, largestBlockBytes);
   values_.nextBlockBytes = first;
   texts_.nextBlockBytes = first;
@@ -42,6 +44,7 @@ void* JsonArena::do_allocate(std::size_t bytes, std::size_t alignment) {
 void JsonArena::addBlock(Row& row, std::size_t bytes) {
   const std::size_t blockBytes = std::max(bytes, row.nextBlockBytes);
   if (blockBytes > mostBytes - blockBytes_) throw std::bad_alloc();
+  share_.take(blockBytes);
   blocks_.emplace_back(new std::byte[blockBytes]);
   blockBytes_ += blockBytes;
   row.next = blocks_.back().get();
@@ -50,14 +53,16 @@ void JsonArena::addBlock(Row& row, std::size_t bytes) {
 }
 
 void* JsonScratch::do_allocate(std::size_t bytes, std::size_t) {
-  if (bytes < smallestMappedBytes) return ::operator new(bytes);
   if (bytes > mostBytes) throw std::bad_alloc();
+  share_.take(bytes);
+  if (bytes < smallestMappedBytes) return ::operator new(bytes);
   void* piece = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   if (piece == MAP_FAILED) throw std::bad_alloc();
   return piece;
 }
 
 void JsonScratch::do_deallocate(void* piece, std::size_t bytes, std::size_t) {
+  share_.giveBack(bytes);
   if (bytes < smallestMappedBytes)
     ::operator delete(piece);
   else

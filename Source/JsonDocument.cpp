@@ -100,7 +100,8 @@ struct Document {
   JsonArena memory;
   json::value root;
 
-  explicit Document(std::size_t expectedBytes) : memory(expectedBytes), root(&memory) {}
+  Document(std::size_t expectedBytes, const std::shared_ptr<foundation::MemoryBudget>& budget)
+      : memory(expectedBytes, budget), root(&memory) {}
 };
 
 json::parse_options strictOptions() {
@@ -111,15 +112,23 @@ json::parse_options strictOptions() {
 
 }  // namespace
 
-std::shared_ptr<const json::value> parseJsonDocument(std::string_view text) {
-  auto document = std::make_shared<Document>(text.size());
-  JsonScratch scratch;
+std::shared_ptr<const json::value> parseJsonDocument(
+    std::string_view text, const std::shared_ptr<foundation::MemoryBudget>& budget) {
+  auto document = std::make_shared<Document>(text.size(), budget);
+  JsonScratch scratch(budget);
   json::basic_parser<DocumentHandler> parser(strictOptions(), &scratch, &document->memory);
   json::error_code error;
   const std::size_t consumed = parser.write_some(false, text.data(), text.size(), error);
   if (error || consumed != text.size()) return nullptr;
   document->root = parser.handler().release();
   return {document, &document->root};
+}
+
+std::optional<RawData> parseRawData(std::string_view bytes,
+                                    const std::shared_ptr<foundation::MemoryBudget>& budget) {
+  auto document = parseJsonDocument(bytes, budget);
+  if (!document || (!document->is_object() && !document->is_array())) return std::nullopt;
+  return RawData(std::move(document));
 }
 
 }  // namespace orivanta

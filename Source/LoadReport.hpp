@@ -25,12 +25,19 @@ enum class LoadProblem {
   notFound,     ///< 404
   otherStatus,  ///< any other that is no success
   unusable,     ///< the answer is no JSON, or does not fit into memory
-  endless       ///< its pages run in a circle, or are too many
+  endless,      ///< its pages run in a circle, or are too many
+  tooLarge      ///< the load takes more memory than it may
 };
+
+/// Whether the load was given up for this problem.
+constexpr bool endsLoad(LoadProblem problem) {
+  return problem == LoadProblem::endless || problem == LoadProblem::tooLarge;
+}
 
 /// A collection that counts as empty although the server may have something in it.
 struct LoadFailure {
-  std::string collection;  ///< the resource's name in the API, such as "node"
+  /// The resource's name in the API, such as "node"; "venue" for the venue as a whole.
+  std::string collection;
   LoadProblem problem = LoadProblem::noAnswer;
   int statusCode = 0;  ///< of the latest page; 0 when there was none
   std::string reason;  ///< a sentence with the URL, for people, without a full stop
@@ -45,8 +52,8 @@ struct VenueLoadReport {
   std::shared_ptr<Venue> venue;
   std::vector<LoadFailure> failures;  ///< at most one for each collection
 
-  /// False when the load was given up because of an endless collection: then the venue has none of
-  /// its collections. A failure of another kind leaves one empty.
+  /// False when the load was given up (see `endsLoad`): then the venue has none of its collections.
+  /// A failure of another kind leaves one empty.
   bool complete = true;
 };
 

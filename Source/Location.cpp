@@ -2,7 +2,9 @@
 
 namespace orivanta {
 
-std::shared_ptr<Location> Location::make(const RawData& data) { return makeRecord<Location>(data); }
+std::shared_ptr<Location> Location::make(const RawData& data) {
+  return makeRecord<Location>(data, {"id", "name", "type"}, {});
+}
 
 Location::Location(RecordToken, const RawData& data)
     : _data(data),

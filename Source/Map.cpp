@@ -2,7 +2,7 @@
 
 namespace orivanta {
 
-std::shared_ptr<Map> Map::make(const RawData& data) { return makeRecord<Map>(data); }
+std::shared_ptr<Map> Map::make(const RawData& data) { return makeRecord<Map>(data, {"id"}, {}); }
 
 Map::Map(RecordToken, const RawData& data)
     : _data(data),

@@ -32,6 +32,19 @@ constexpr std::size_t nodesAtOnce = 64;
 // seldom counts owners of a node that another thread is counting too.
 constexpr std::size_t blocksInARow = 16;
 
+// A node's row and its place in the table, both also in the block or the list they come from; its
+// slots and its hash in the index of nodes.
+constexpr std::size_t bytesPerNode = 128;
+
+// A connector edge in a list that grows by doubling.
+constexpr std::size_t bytesPerConnectorEdge = 2 * sizeof(Edge);
+
+using Budget = std::shared_ptr<foundation::MemoryBudget>;
+
+void pay(const Budget& budget, std::size_t bytes) {
+  if (budget) budget->take(bytes);
+}
+
 double walkingDistance(const Node& origin, const Node& destination) {
   const double dx = origin.x - destination.x;
   const double dy = origin.y - destination.y;
@@ -41,12 +54,14 @@ double walkingDistance(const Node& origin, const Node& destination) {
 
 // The edges out of each of some nodes of a collection, in the order of their paths.
 EdgeTable::Block walkingEdges(
-    std::span<const std::pair<std::string, std::shared_ptr<Node>>> origins,
-    const NodeIndex& index) {
+    std::span<const std::pair<std::string, std::shared_ptr<Node>>> origins, const NodeIndex& index,
+    const Budget& budget) {
   std::vector<const RawData*> objects;
   objects.reserve(origins.size());
   for (const auto& entry : origins) objects.push_back(&entry.second->_data);
-  const auto [ids, ends] = referencesOf(objects, "paths", "node");
+  foundation::BudgetShare share(budget);
+  const auto [ids, ends] = referencesOf(objects, "paths", "node", share);
+  pay(budget, ids.size() * sizeof(Edge));
   std::vector<const std::shared_ptr<Node>*> destinations;
   index.find(ids, destinations);
   EdgeTable::Block block;
@@ -81,28 +96,32 @@ Edge::Edge(const Node& origin, std::shared_ptr<Node> destination, std::shared_pt
               vortex_->constantWeight) {}
 
 NavigationGraph::NavigationGraph(const Collection<Node>& nodes, const Collection<Vortex>& vortices,
-                                 bool accessible)
+                                 bool accessible,
+                                 const std::shared_ptr<foundation::MemoryBudget>& budget)
     : edges_(std::make_unique<EdgeTable>()) {
-  addWalkingEdges(nodes);
-  addConnectorEdges(vortices, accessible);
+  addWalkingEdges(nodes, budget);
+  addConnectorEdges(vortices, accessible, budget);
 }
 
 NavigationGraph::~NavigationGraph() = default;
 
-void NavigationGraph::addWalkingEdges(const Collection<Node>& nodes) {
+void NavigationGraph::addWalkingEdges(const Collection<Node>& nodes,
+                                      const std::shared_ptr<foundation::MemoryBudget>& budget) {
   const std::span entries = nodes.values_container();
+  pay(budget, entries.size() * bytesPerNode);
   const NodeIndex index(nodes);
   std::vector<EdgeTable::Block> blocks((entries.size() + nodesAtOnce - 1) / nodesAtOnce);
   const auto build = [&](std::size_t block) {
     const std::size_t first = block * nodesAtOnce;
-    blocks[block] =
-        walkingEdges(entries.subspan(first, std::min(nodesAtOnce, entries.size() - first)), index);
+    blocks[block] = walkingEdges(
+        entries.subspan(first, std::min(nodesAtOnce, entries.size() - first)), index, budget);
   };
   foundation::parallelFor(blocks.size(), build, blocksInARow);
   edges_->add(std::move(blocks));
 }
 
-void NavigationGraph::addConnectorEdges(const Collection<Vortex>& vortices, bool accessible) {
+void NavigationGraph::addConnectorEdges(const Collection<Vortex>& vortices, bool accessible,
+                                        const Budget& budget) {
   std::size_t edgeCount = 0;
   NodeList origins;
   std::unordered_map<const Node*, std::vector<Edge>> extended;
@@ -115,11 +134,13 @@ void NavigationGraph::addConnectorEdges(const Collection<Vortex>& vortices, bool
       continue;
     }
     edgeCount += stops.size() * stops.size();
+    pay(budget, stops.size() * (bytesPerNode + stops.size() * bytesPerConnectorEdge));
     for (const std::shared_ptr<Node>& origin : stops) {
       const auto [entry, isNew] = extended.try_emplace(origin.get());
       std::vector<Edge>& edges = entry->second;
       if (isNew) {
         const std::span<const Edge> walking = (*edges_)[*origin];
+        pay(budget, walking.size_bytes());
         edges.assign(walking.begin(), walking.end());
         origins.push_back(origin);
       }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/MemoryBudget.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/Node.hpp"
 
@@ -76,9 +77,11 @@ class ORIVANTA_API NavigationGraph {
   /// and loops are kept. Then each vortex joins all its nodes with one another, each with itself
   /// too. With `accessible`, the first vortex that is not accessible ends the vortices altogether,
   /// so hand the accessible ones over first. A vortex that would bring the connector edges beyond
-  /// 16,777,216 contributes none, and a diagnostic line says so.
+  /// 16,777,216 contributes none, and a diagnostic line says so. `budget`, if there is one, pays
+  /// for the edges; throws `std::bad_alloc` if it or the memory does not suffice.
   NavigationGraph(const Collection<Node>& nodes, const Collection<Vortex>& vortices,
-                  bool accessible);
+                  bool accessible,
+                  const std::shared_ptr<foundation::MemoryBudget>& budget = nullptr);
   ~NavigationGraph();
 
   /// The edges out of a node, in order; empty for a node without any. Valid until `setGraph`.
@@ -92,8 +95,10 @@ class ORIVANTA_API NavigationGraph {
   std::shared_ptr<const RouteNetwork> routeNetwork() const;
 
  private:
-  void addWalkingEdges(const Collection<Node>& nodes);
-  void addConnectorEdges(const Collection<Vortex>& vortices, bool accessible);
+  void addWalkingEdges(const Collection<Node>& nodes,
+                       const std::shared_ptr<foundation::MemoryBudget>& budget);
+  void addConnectorEdges(const Collection<Vortex>& vortices, bool accessible,
+                         const std::shared_ptr<foundation::MemoryBudget>& budget);
 
   std::unique_ptr<EdgeTable> edges_;
   mutable std::mutex formsMutex_;  // for the two that are made on first use

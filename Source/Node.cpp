@@ -4,7 +4,9 @@
 
 namespace orivanta {
 
-std::shared_ptr<Node> Node::make(const RawData& data) { return makeRecord<Node>(data); }
+std::shared_ptr<Node> Node::make(const RawData& data) {
+  return makeRecord<Node>(data, {"id"}, {"x", "y"});
+}
 
 Node::Node(RecordToken, const RawData& data)
     : _data(data),

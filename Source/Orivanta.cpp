@@ -4,31 +4,15 @@
 
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/SerialQueue.hpp"
+#include "Source/ActiveVenue.hpp"
 #include "Source/ApiSettings.hpp"
-#include "Source/NavigationGraph.hpp"
 #include "Source/ReportedLoad.hpp"
 #include "Source/Venue.hpp"
 #include "Source/VenueLoad.hpp"
 
 namespace orivanta {
 
-std::shared_ptr<Venue>& activeVenue = *new std::shared_ptr<Venue>;
-
 namespace {
-
-// Takes the collections out of the venue. What nobody else holds of them is released in the
-// background, since a large venue takes a while.
-void clear(Venue& venue) {
-  foundation::SerialQueue::make()->async(
-      [locations = std::exchange(venue.locations, std::nullopt),
-       categories = std::exchange(venue.categories, std::nullopt),
-       maps = std::exchange(venue.maps, std::nullopt),
-       nodes = std::exchange(venue.nodes, std::nullopt),
-       vortices = std::exchange(venue.vortices, std::nullopt),
-       polygons = std::exchange(venue.polygons, std::nullopt),
-       polygonDictionary = std::exchange(venue.polygonDictionary, std::nullopt),
-       navigationGraph = std::exchange(venue.navigationGraph, nullptr)] {});
-}
 
 using Requests = std::vector<WebApiSession::Request>;
 
@@ -53,12 +37,13 @@ Requests startLoad(const WebApiSession& session, const std::string& slug,
 
 Requests startLoad(const WebApiSession& session, const std::shared_ptr<Venue>& venue,
                    bool accessible, std::function<void(std::shared_ptr<Venue>)> callback,
-                   VenueLoad::Guard guard = nullptr) {
+                   VenueLoad::Options options = {}) {
   const std::string slug = foundation::unwrap(foundation::unwrap(venue).slug);
-  if (activeVenue) clear(*activeVenue);
-  activeVenue = venue;
-  return startLoad(session, slug,
-                   std::make_shared<VenueLoad>(accessible, std::move(callback), std::move(guard)));
+  makeActive(venue);
+  options.budget = std::make_shared<foundation::MemoryBudget>(session.loadBytes());
+  return startLoad(
+      session.within(options.budget), slug,
+      std::make_shared<VenueLoad>(accessible, std::move(callback), std::move(options)));
 }
 
 std::vector<std::shared_ptr<Venue>> listOf(const Collection<Venue>& venues) {
@@ -121,9 +106,10 @@ std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,
         if (ended) ended({venue, std::move(failures), complete});
       });
   load->start([&] {
-    return startLoad(
-        session.observedBy(load), venue, accessible, [load](const auto&) { load->finish(); },
-        [load](const auto& step) { load->unlessOver(step); });
+    return startLoad(session.observedBy(load), venue, accessible,
+                     [load](const auto&) { load->finish(); },
+                     {[load](const auto& step) { load->unlessOver(step); },
+                      [load](const foundation::Error& reason) { load->fail(reason); }});
   });
   return load;
 }

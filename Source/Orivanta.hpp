@@ -33,6 +33,7 @@ struct ApiSettings {
   std::optional<std::string> username;
   std::optional<std::string> password;
   std::shared_ptr<WebApiObserver> observer;  ///< told of every request; may be null
+  std::size_t loadBytes = defaultLoadBytes;  ///< what one load may take; see WebApi.hpp
 };
 
 /// Takes effect when it is called before the first `getVenues` or `getVenue`; not beside them.
@@ -54,10 +55,15 @@ ORIVANTA_API void getVenues(std::function<void(std::vector<std::shared_ptr<Venue
 ///
 /// A collection whose request fails counts as empty. One that never answers keeps the venue
 /// waiting. When the polygons arrive last, the links that need no polygons are made before them and
-/// again after them, so that those lists hold each link twice.
+/// again after them, so that those lists hold each link twice. A load that exceeds its budget of
+/// memory (`ApiSettings::loadBytes`), or that runs out of memory, ends with a venue whose
+/// collections are all empty.
 ///
-/// Wait for one load to finish before the next one starts. A null venue, or one without a slug,
-/// stops the program.
+/// Wait for one load to finish before the next one starts. If you do not, both loads run side by
+/// side and memory stays safe, but the first one fills the venue of the second one, and its
+/// callback receives that venue. Do not read the fields of a venue while a load may fill it;
+/// `getDirections` may be called at any time. A null venue, or one without a slug, stops the
+/// program.
 ORIVANTA_API void getVenue(const std::shared_ptr<Venue>& venue, bool accessible,
                            std::function<void(std::shared_ptr<Venue>)> callback);
 ORIVANTA_API void getVenue(const std::shared_ptr<Venue>& venue,
@@ -71,8 +77,8 @@ ORIVANTA_API void loadVenue(const WebApiSession& session, const std::shared_ptr<
 ORIVANTA_API const WebApiSession& APISession();
 
 /// As `getVenues` and `getVenue`, with word of how the load goes: a collection that failed is told
-/// from one that is empty. A load whose pages do not end is given up. The session's own observer is
-/// not told. Any thread.
+/// from one that is empty. A load whose pages do not end, or that exceeds its budget of memory, is
+/// given up. The session's own observer is not told. Any thread.
 ORIVANTA_API std::shared_ptr<LoadHandle> loadVenuesReporting(
     const WebApiSession& session, LoadHandlers<VenueListReport> handlers);
 ORIVANTA_API std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,

@@ -23,9 +23,7 @@ auto forced(Optional&& value) {
 const char* RawDataError::what() const noexcept { return "CantForceCast"; }
 
 std::optional<RawData> RawData::parse(std::string_view bytes) {
-  auto document = parseJsonDocument(bytes);
-  if (!document || (!document->is_object() && !document->is_array())) return std::nullopt;
-  return RawData(std::move(document));
+  return parseRawData(bytes, nullptr);
 }
 
 std::vector<RawData> RawData::arrayValue() const {

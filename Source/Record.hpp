@@ -3,27 +3,35 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
+#include <string_view>
 
 #include "Source/RawData.hpp"
 
 namespace orivanta {
 
+using RecordKeys = std::initializer_list<std::string_view>;
+
 /// Proof that a record is being built by `makeRecord`, the only one who can create it.
 class RecordToken {
   RecordToken() = default;
   template <class Record>
-  friend std::shared_ptr<Record> makeRecord(const RawData& data);
+  friend std::shared_ptr<Record> makeRecord(const RawData& data, RecordKeys texts,
+                                            RecordKeys numbers);
 };
 
-/// The record, or null when a field that it cannot do without is missing or of the wrong kind.
+/// Whether there is a text, respectively a number, under each of the keys.
+bool hasTexts(const RawData& data, RecordKeys keys);
+bool hasNumbers(const RawData& data, RecordKeys keys);
+
+/// The record, or null if a text or a number that it cannot do without is missing or of the wrong
+/// kind. They are looked for first, because a million elements that form no record would take
+/// seconds if each of them threw an exception.
 template <class Record>
-std::shared_ptr<Record> makeRecord(const RawData& data) {
-  try {
-    return std::make_shared<Record>(RecordToken(), data);
-  } catch (const RawDataError&) {
-    return nullptr;
-  }
+std::shared_ptr<Record> makeRecord(const RawData& data, RecordKeys texts, RecordKeys numbers) {
+  if (!hasTexts(data, texts) || !hasNumbers(data, numbers)) return nullptr;
+  return std::make_shared<Record>(RecordToken(), data);
 }
 
 /// A number that no other living record shares.

@@ -15,6 +15,8 @@ const json::array* arrayOf(const RawData& data, std::string_view key) {
   return member == nullptr ? nullptr : member->if_array();
 }
 
+constexpr std::size_t bytesPerElement = 64;
+
 void visitText(const json::value* value, const ReferenceVisitor& visit) {
   if (value == nullptr || !value->is_string()) return;
   const json::string& text = value->get_string();
@@ -50,7 +52,7 @@ void forEachReference(const RawData& data, std::string_view key, std::string_vie
 // Each loop touches what the one before it has sent for: the members, the arrays and their
 // elements.
 References referencesOf(std::span<const RawData* const> objects, std::string_view key,
-                        std::string_view member) {
+                        std::string_view member, foundation::BudgetShare& share) {
   for (const RawData* object : objects) __builtin_prefetch(object);
   for (const RawData* object : objects) __builtin_prefetch(object->data().get());
   for (const RawData* object : objects)
@@ -62,9 +64,13 @@ References referencesOf(std::span<const RawData* const> objects, std::string_vie
     arrays.push_back(arrayOf(*object, key));
     if (arrays.back() != nullptr) __builtin_prefetch(arrays.back()->begin());
   }
-  for (const json::array* array : arrays)
-    if (array != nullptr && !array->empty() && array->begin()->is_object())
-      __builtin_prefetch(array->begin()->get_object().begin());
+  std::size_t elementCount = 0;
+  for (const json::array* array : arrays) {
+    if (array == nullptr || array->empty()) continue;
+    elementCount += array->size();
+    if (array->begin()->is_object()) __builtin_prefetch(array->begin()->get_object().begin());
+  }
+  share.take(elementCount * bytesPerElement);
   References references;
   references.ids.reserve(4 * objects.size());
   references.ends.reserve(objects.size());

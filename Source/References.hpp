@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Platform/Foundation/MemoryBudget.hpp"
 #include "Source/RawData.hpp"
 
 namespace orivanta {
@@ -43,8 +44,9 @@ struct References {
 };
 
 /// What `forEachReference` visits for each object. Much faster than one by one when the JSON is not
-/// in the cache.
+/// in the cache. `share` takes 64 bytes for each element of the arrays, for the identifiers and for
+/// what the caller looks up with them.
 References referencesOf(std::span<const RawData* const> objects, std::string_view key,
-                        std::string_view member);
+                        std::string_view member, foundation::BudgetShare& share);
 
 }  // namespace orivanta

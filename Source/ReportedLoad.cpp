@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace orivanta {
@@ -56,6 +57,22 @@ void ReportedLoad::start(
 
 void ReportedLoad::finish() {
   onQueue([](ReportedLoad& self) { self.end(true); });
+}
+
+// The collection that exceeded the budget has told so before, unless the joins did.
+void ReportedLoad::fail(const foundation::Error& reason) {
+  onQueue([reason](ReportedLoad& self) {
+    const bool isTold = std::any_of(
+        self.collections_.begin(), self.collections_.end(),
+        [](const auto& entry) { return entry.second.failure.problem == LoadProblem::tooLarge; });
+    if (!isTold) {
+      LoadFailure& failure = self.collectionNamed("venue").failure;
+      failure.problem = LoadProblem::tooLarge;
+      failure.reason = fmt::format("the venue of {} cannot be put together: {}", self.endpoint_,
+                                   reason.description);
+    }
+    self.end(false);
+  });
 }
 
 void ReportedLoad::unlessOver(const std::function<void()>& step) {
@@ -128,11 +145,14 @@ void ReportedLoad::takeEnd(const std::string& name, const std::optional<foundati
   tellProgress();
   LoadFailure& failure = collection.failure;
   if (!error || !failure.reason.empty()) return;
+  const bool isMemory = error->domain == foundation::memoryErrorDomain;
+  if (isMemory && error->code == foundation::budgetExceededBefore) return;  // another one tells
   if (error->domain.empty()) {
     failure.problem = LoadProblem::unusable;
     failure.reason = fmt::format("{} answered with a body that is no JSON", collection.latestUrl);
-  } else if (error->domain == "memory") {
-    failure.problem = LoadProblem::unusable;
+  } else if (isMemory) {
+    failure.problem =
+        error->code == foundation::budgetExceeded ? LoadProblem::tooLarge : LoadProblem::unusable;
     failure.reason = fmt::format("{}: {}", collection.latestUrl, error->description);
   } else {
     failure.problem = LoadProblem::noAnswer;

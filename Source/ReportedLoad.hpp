@@ -39,6 +39,9 @@ class ReportedLoad : public WebApiObserver,
   /// The load has delivered its result.
   void finish();
 
+  /// The load ended for this reason without a result.
+  void fail(const foundation::Error& reason);
+
   /// Runs a step unless the load is over; `cancel` waits for it to end.
   void unlessOver(const std::function<void()>& step);
   void cancel() override;
@@ -50,7 +53,8 @@ class ReportedLoad : public WebApiObserver,
 
  private:
   struct Collection {
-    std::unordered_set<std::string> requested;  // the URLs of the pages behind the first
+    std::unordered_set<std::string, TextHash, std::equal_to<>>
+        requested;  // the URLs of the pages behind the first
     std::string latestUrl;
     LoadFailure failure;  // without a reason while all is well
   };

@@ -2,7 +2,9 @@
 
 namespace orivanta {
 
-std::shared_ptr<Venue> Venue::make(const RawData& data) { return makeRecord<Venue>(data); }
+std::shared_ptr<Venue> Venue::make(const RawData& data) {
+  return makeRecord<Venue>(data, {"id", "slug", "name"}, {});
+}
 
 Venue::Venue(RecordToken, const RawData& data)
     : _data(data),

@@ -9,13 +9,15 @@
 
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/ParallelFor.hpp"
+#include "Source/ActiveVenue.hpp"
 #include "Source/Category.hpp"
+#include "Source/EntranceIndex.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
-#include "Source/Orivanta.hpp"
 #include "Source/Polygon.hpp"
+#include "Source/RecordMemory.hpp"
 #include "Source/References.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
@@ -25,6 +27,13 @@ namespace orivanta {
 namespace {
 
 constexpr std::size_t recordsAtOnce = 512;
+
+// Of a link: what was found, the link, and the link back in a list that grows by doubling.
+constexpr std::size_t bytesPerLink = 64;
+
+void pay(const CollectionDictionary& collections, std::size_t bytes) {
+  if (collections.budget) collections.budget->take(bytes);
+}
 
 template <class Record>
 using Entries = std::span<const std::pair<std::string, std::shared_ptr<Record>>>;
@@ -87,8 +96,9 @@ struct NamedRecords {
 // at once, and then to `linkBack(record, target)`, one after the other in the records' order. An
 // empty `member` means that the elements are the names.
 template <class Record, class Target, class Link, class LinkBack>
-void linkNamed(const Collection<Record>& records, std::string_view key, std::string_view member,
-               const Collection<Target>& targets, const Link& link, const LinkBack& linkBack) {
+void linkNamed(const CollectionDictionary& payer, const Collection<Record>& records,
+               std::string_view key, std::string_view member, const Collection<Target>& targets,
+               const Link& link, const LinkBack& linkBack) {
   std::vector<NamedRecords<Target>> blocks((records.size() + recordsAtOnce - 1) / recordsAtOnce);
   forEachBlock(records, [&](Entries<Record> entries, std::size_t first) {
     NamedRecords<Target>& found = blocks[first / recordsAtOnce];
@@ -100,8 +110,9 @@ void linkNamed(const Collection<Record>& records, std::string_view key, std::str
         if (const auto* target = lookup(id)) found.records.push_back(target);
       });
       found.ends.push_back(found.records.size());
-      link(*entry.second, found.of(found.ends.size() - 1));
     }
+    pay(payer, found.records.size() * bytesPerLink);
+    for (std::size_t i = 0; i < entries.size(); ++i) link(*entries[i].second, found.of(i));
   });
   const auto& entries = records.values_container();
   for (std::size_t i = 0; i < entries.size(); ++i)
@@ -120,7 +131,8 @@ void append(std::vector<Handle>& list, std::span<const std::shared_ptr<Record>* 
 
 // Sets each record's map and keeps those that have one.
 template <class Record>
-void linkMaps(Collection<Record>& records, const Collection<Map>& maps) {
+void linkMaps(const CollectionDictionary& payer, Collection<Record>& records,
+              const Collection<Map>& maps) {
   const auto& entries = records.values_container();
   std::vector<const std::shared_ptr<Map>*> found(entries.size());
   forEachBlock(records, [&](Entries<Record> some, std::size_t first) {
@@ -139,8 +151,11 @@ void linkMaps(Collection<Record>& records, const Collection<Map>& maps) {
   }
   if (std::find(found.begin(), found.end(), nullptr) == found.end()) return;
   Collection<Record> kept;
-  for (const auto& [id, record] : records)
-    if (record->map) kept.insert({id, record});
+  for (const auto& [id, record] : records) {
+    if (!record->map) continue;
+    pay(payer, placeInCollectionBytes + memoryOf(id));
+    kept.insert({id, record});
+  }
   records = std::move(kept);
 }
 
@@ -153,31 +168,27 @@ std::vector<std::shared_ptr<Record>> listOf(const Collection<Record>& records) {
 }
 
 // The accessible vortices first: an accessible graph stops at the first one that is not.
-Collection<Vortex> accessibleFirst(const Collection<Vortex>& vortices) {
+Collection<Vortex> accessibleFirst(const CollectionDictionary& payer) {
+  const Collection<Vortex>& vortices = *payer.vortices;
   Collection<Vortex> ordered;
   for (const bool wanted : {true, false})
-    for (const auto& [id, vortex] : vortices)
-      if (vortex->accessible == wanted) ordered.insert({id, vortex});
+    for (const auto& [id, vortex] : vortices) {
+      if (vortex->accessible != wanted) continue;
+      pay(payer, placeInCollectionBytes + memoryOf(id));
+      ordered.insert({id, vortex});
+    }
   return ordered;
 }
 
-using FoundPolygons = std::span<const std::shared_ptr<Polygon>* const>;
-
-// Takes from a location the nodes that are entrances of the polygons. Each polygon counts once,
-// since a venue may name one many times.
-void dropEntrances(NodeList& nodes, FoundPolygons found) {
-  if (nodes.empty() || found.empty()) return;
-  std::vector<const Polygon*> polygons;
-  for (const auto* polygon : found) polygons.push_back(polygon->get());
-  std::sort(polygons.begin(), polygons.end());
-  polygons.erase(std::unique(polygons.begin(), polygons.end()), polygons.end());
-  std::vector<const Node*> entrances;
-  for (const Polygon* polygon : polygons)
-    for (const auto& entrance : polygon->entrances) entrances.push_back(entrance.get());
-  std::sort(entrances.begin(), entrances.end());
-  std::erase_if(nodes, [&](const auto& node) {
-    return std::binary_search(entrances.begin(), entrances.end(), node.get());
-  });
+// The lists of a published venue and the dictionary of its polygons.
+std::size_t memoryOfLists(const CollectionDictionary& collections) {
+  const std::size_t records = collections.locations->size() + collections.categories->size() +
+                              collections.maps->size() + collections.nodes->size() +
+                              collections.vortices->size() + collections.polygons->size();
+  std::size_t bytes = records * sizeof(std::shared_ptr<Node>);
+  for (const auto& entry : *collections.polygons)
+    bytes += placeInCollectionBytes + memoryOf(entry.first);
+  return bytes;
 }
 
 }  // namespace
@@ -185,7 +196,7 @@ void dropEntrances(NodeList& nodes, FoundPolygons found) {
 bool linkCategoryParents(CollectionDictionary& collections) {
   if (!collections.categories) return false;
   linkNamed(
-      *collections.categories, "parents", "", *collections.categories,
+      collections, *collections.categories, "parents", "", *collections.categories,
       [](Category& category, auto parents) { append(category.parents, parents); },
       [](const auto& category, Category& parent) { parent.children.push_back(category); });
   return true;
@@ -194,7 +205,7 @@ bool linkCategoryParents(CollectionDictionary& collections) {
 bool linkLocationCategories(CollectionDictionary& collections) {
   if (!collections.locations || !collections.categories) return false;
   linkNamed(
-      *collections.locations, "categories", "", *collections.categories,
+      collections, *collections.locations, "categories", "", *collections.categories,
       [](Location& location, auto categories) { append(location.categories, categories); },
       [](const auto& location, Category& category) { category.locations.push_back(location); });
   return true;
@@ -202,20 +213,20 @@ bool linkLocationCategories(CollectionDictionary& collections) {
 
 bool linkPolygonMaps(CollectionDictionary& collections) {
   if (!collections.polygons || !collections.maps) return false;
-  linkMaps(*collections.polygons, *collections.maps);
+  linkMaps(collections, *collections.polygons, *collections.maps);
   return true;
 }
 
 bool linkNodeMaps(CollectionDictionary& collections) {
   if (!collections.nodes || !collections.maps) return false;
-  linkMaps(*collections.nodes, *collections.maps);
+  linkMaps(collections, *collections.nodes, *collections.maps);
   return true;
 }
 
 bool linkPolygonEntrances(CollectionDictionary& collections) {
   if (!collections.polygons || !collections.nodes || !collections.maps) return false;
   linkNamed(
-      *collections.polygons, "entrances", "id", *collections.nodes,
+      collections, *collections.polygons, "entrances", "id", *collections.nodes,
       [](Polygon& polygon, auto nodes) { append(polygon.entrances, nodes); }, noLinkBack);
   return true;
 }
@@ -229,54 +240,58 @@ bool linkVortexNodes(CollectionDictionary& collections, bool accessible) {
     forEachReference(vortex._data, "nodes", "", [&](std::string_view id) {
       const auto node = named(*collections.nodes, id);
       if (!node) return;
+      pay(collections, bytesPerLink);
       if (seen.insert(&foundation::unwrap(node->map)).second) vortex.maps.push_back(node->map);
       vortex.nodes.push_back(node);
     });
   }
-  collections.navigationGraph = std::make_shared<NavigationGraph>(
-      *collections.nodes,
-      accessible ? accessibleFirst(*collections.vortices) : *collections.vortices, accessible);
+  collections.navigationGraph = nullptr;  // of the first pass, which nobody has seen
+  const auto graphOf = [&](const Collection<Vortex>& vortices) {
+    return std::make_shared<NavigationGraph>(*collections.nodes, vortices, accessible,
+                                             collections.budget);
+  };
+  collections.navigationGraph =
+      accessible ? graphOf(accessibleFirst(collections)) : graphOf(*collections.vortices);
   return true;
 }
 
 bool linkLocationNodes(CollectionDictionary& collections) {
   if (!collections.nodes || !collections.locations || !collections.maps) return false;
   linkNamed(
-      *collections.locations, "nodes", "node", *collections.nodes,
+      collections, *collections.locations, "nodes", "node", *collections.nodes,
       [](Location& location, auto nodes) { append(location.nodes, nodes); }, noLinkBack);
   return true;
 }
 
 bool linkLocationPolygons(CollectionDictionary& collections) {
   if (!collections.polygons || !collections.locations || !collections.maps) return false;
+  const EntranceIndex entrances(*collections.polygons, collections.budget.get());
   linkNamed(
-      *collections.locations, "polygons", "id", *collections.polygons,
-      [](Location& location, FoundPolygons polygons) {
+      collections, *collections.locations, "polygons", "id", *collections.polygons,
+      [&](Location& location, EntranceIndex::FoundPolygons polygons) {
         append(location.polygons, polygons);
-        dropEntrances(location.nodes, polygons);
+        entrances.drop(location.nodes, polygons);
       },
       [](const auto& location, Polygon& polygon) { polygon.locations.push_back(location); });
   return true;
 }
 
-bool publishVenue(const CollectionDictionary& collections,
-                  const std::function<void(std::shared_ptr<Venue>)>& callback) {
+std::shared_ptr<Venue> publishVenue(const CollectionDictionary& collections) {
   if (!collections.locations || !collections.categories || !collections.maps ||
       !collections.nodes || !collections.vortices || !collections.polygons ||
       !collections.navigationGraph)
-    return false;
-  const std::shared_ptr<Venue> venue = activeVenue;
-  if (!venue) foundation::fatalAbsence();
-  venue->locations = listOf(*collections.locations);
-  venue->categories = listOf(*collections.categories);
-  venue->maps = listOf(*collections.maps);
-  venue->nodes = listOf(*collections.nodes);
-  venue->vortices = listOf(*collections.vortices);
-  venue->polygons = listOf(*collections.polygons);
-  venue->polygonDictionary = *collections.polygons;
-  venue->navigationGraph = collections.navigationGraph;
-  callback(venue);
-  return true;
+    return nullptr;
+  VenueContents contents;
+  pay(collections, memoryOfLists(collections));
+  contents.locations = listOf(*collections.locations);
+  contents.categories = listOf(*collections.categories);
+  contents.maps = listOf(*collections.maps);
+  contents.nodes = listOf(*collections.nodes);
+  contents.vortices = listOf(*collections.vortices);
+  contents.polygons = listOf(*collections.polygons);
+  contents.polygonDictionary = *collections.polygons;
+  contents.navigationGraph = collections.navigationGraph;
+  return fillActiveVenue(std::move(contents));
 }
 
 }  // namespace orivanta

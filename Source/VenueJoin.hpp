@@ -2,10 +2,10 @@
 // records' own JSON; a reference that names no record makes no link.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 
+#include "Platform/Foundation/MemoryBudget.hpp"
 #include "Source/Fwd.hpp"
 
 namespace orivanta {
@@ -19,10 +19,12 @@ struct CollectionDictionary {
   std::optional<Collection<Vortex>> vortices;
   std::optional<Collection<Polygon>> polygons;
   std::shared_ptr<NavigationGraph> navigationGraph;
+  std::shared_ptr<foundation::MemoryBudget> budget;  ///< pays for the links; may be null
 };
 
 // Each task returns whether its inputs were there; without them it does nothing. Tasks that append
-// do so again when they run again.
+// do so again when they run again. A task that runs out of memory or budget throws `std::bad_alloc`
+// and leaves the collections half linked.
 
 bool linkCategoryParents(CollectionDictionary& collections);
 bool linkLocationCategories(CollectionDictionary& collections);
@@ -36,8 +38,8 @@ bool linkVortexNodes(CollectionDictionary& collections, bool accessible);
 bool linkLocationNodes(CollectionDictionary& collections);
 /// Takes from each location the nodes that are entrances of its own polygons.
 bool linkLocationPolygons(CollectionDictionary& collections);
-/// Hands everything over to the active venue and calls back with it.
-bool publishVenue(const CollectionDictionary& collections,
-                  const std::function<void(std::shared_ptr<Venue>)>& callback);
+/// Hands everything over to the active venue and returns it; null without the inputs. Changes the
+/// venue only if there is enough memory for all of it.
+std::shared_ptr<Venue> publishVenue(const CollectionDictionary& collections);
 
 }  // namespace orivanta

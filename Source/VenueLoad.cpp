@@ -1,12 +1,43 @@
 #include "Source/VenueLoad.hpp"
 
+#include <mutex>
+#include <new>
+#include <stdexcept>
 #include <utility>
+
+#include "Source/NavigationGraph.hpp"
 
 namespace orivanta {
 
+namespace {
+
+// Held during the joins of any load, never while the application is called back. Never destroyed:
+// loads may be under way when the process ends.
+std::mutex& joinsMutex() {
+  static auto& mutex = *new std::mutex;
+  return mutex;
+}
+
+CollectionDictionary emptyCollections() {
+  CollectionDictionary collections;
+  collections.locations.emplace();
+  collections.categories.emplace();
+  collections.maps.emplace();
+  collections.nodes.emplace();
+  collections.vortices.emplace();
+  collections.polygons.emplace();
+  collections.navigationGraph =
+      std::make_shared<NavigationGraph>(Collection<Node>(), Collection<Vortex>(), false);
+  return collections;
+}
+
+}  // namespace
+
 VenueLoad::VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)> callback,
-                     Guard guard)
-    : joins_{{linkCategoryParents, true},
+                     Options options)
+    : callback_(std::move(callback)),
+      options_(std::move(options)),
+      joins_{{linkCategoryParents, true},
              {linkLocationCategories, true},
              {linkPolygonMaps, true},
              {linkNodeMaps},
@@ -16,18 +47,28 @@ VenueLoad::VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)
              }},
              {linkLocationNodes},
              {linkLocationPolygons},
-             {[callback = std::move(callback),
-               guard = std::move(guard)](CollectionDictionary& collections) {
-               bool published = false;
-               const auto publish = [&] { published = publishVenue(collections, callback); };
-               if (guard)
-                 guard(publish);
-               else
-                 publish();
-               return published;
-             }}} {}
+             {[this](CollectionDictionary&) {
+               publish();
+               return published_ != nullptr;
+             }}} {
+  collections_.budget = options_.budget;
+}
 
 void VenueLoad::collectionReady() {
+  try {
+    if (options_.budget && options_.budget->isExceeded())
+      throw foundation::BudgetExceeded(/*wasBefore=*/true);
+    runJoins();
+  } catch (const std::bad_alloc& reason) {
+    endWithout(reason);
+  } catch (const std::length_error& reason) {
+    endWithout(reason);
+  }
+  if (const auto venue = std::exchange(published_, nullptr)) callback_(venue);
+}
+
+void VenueLoad::runJoins() {
+  const std::lock_guard lock(joinsMutex());
   const bool gateOpen = collections_.locations && collections_.categories && collections_.maps &&
                         collections_.nodes && collections_.vortices;
   for (Join& join : joins_)
@@ -36,6 +77,24 @@ void VenueLoad::collectionReady() {
     } else if (join.early && !join.ranEarly) {
       join.ranEarly = join.run(collections_);
     }
+}
+
+// What has been joined so far is dropped.
+void VenueLoad::endWithout(const std::exception& reason) {
+  ended_ = true;
+  published_ = nullptr;
+  collections_ = CollectionDictionary();
+  if (options_.failed) return options_.failed(foundation::memoryError(reason));
+  collections_ = emptyCollections();
+  publish();
+}
+
+void VenueLoad::publish() {
+  const auto step = [this] { published_ = publishVenue(collections_); };
+  if (options_.guard)
+    options_.guard(step);
+  else
+    step();
 }
 
 }  // namespace orivanta

@@ -4,7 +4,9 @@
 
 namespace orivanta {
 
-std::shared_ptr<Vortex> Vortex::make(const RawData& data) { return makeRecord<Vortex>(data); }
+std::shared_ptr<Vortex> Vortex::make(const RawData& data) {
+  return makeRecord<Vortex>(data, {"id", "name", "type"}, {});
+}
 
 Vortex::Vortex(RecordToken token, const RawData& data)
     : Location(token, data),

@@ -1,15 +1,11 @@
 #include "Source/WebApi.hpp"
 
+#include <boost/json/array.hpp>
+#include <boost/json/value.hpp>
 #include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
-#include "Source/Category.hpp"
-#include "Source/Location.hpp"
-#include "Source/Map.hpp"
-#include "Source/Node.hpp"
-#include "Source/Polygon.hpp"
-#include "Source/Venue.hpp"
-#include "Source/Vortex.hpp"
+#include "Source/RecordMemory.hpp"
 
 namespace orivanta {
 
@@ -17,9 +13,14 @@ namespace {
 
 // Folds one page into the collection.
 template <class Record>
-Collection<Record> withPage(Collection<Record> records, const RawData& page) {
-  for (const RawData& element : page.arrayValue())
-    if (auto record = Record::make(element)) {
+Collection<Record> withPage(Collection<Record> records, const RawData& page,
+                            foundation::MemoryBudget& budget) {
+  const boost::json::array* elements = page.data()->if_array();
+  if (elements == nullptr) return records;
+  for (const boost::json::value& element : *elements)
+    if (auto record = Record::make(
+            RawData(std::shared_ptr<const boost::json::value>(page.data(), &element)))) {
+      budget.take(memoryOfRecord(*record));
       const std::string& id = foundation::unwrap(record->id);
       records.insert_or_assign(id, std::move(record));
     }
@@ -31,15 +32,21 @@ Collection<Record> withPage(Collection<Record> records, const RawData& page) {
 WebApiSession::WebApiSession(std::string_view root, const std::string& username,
                              const std::string& password,
                              const std::optional<std::string>& language,
-                             std::shared_ptr<WebApiObserver> observer)
-    : ApiHttpSession(root, username, password, language), observer_(std::move(observer)) {}
+                             std::shared_ptr<WebApiObserver> observer, std::size_t loadBytes)
+    : ApiHttpSession(root, username, password, language),
+      observer_(std::move(observer)),
+      loadBytes_(loadBytes) {}
 
 template <class Record>
 WebApiSession::Request WebApiSession::collection(const char* path,
                                                  const Dictionary<std::string>& parameters,
                                                  Callback<Record> callback) const {
-  const auto chain = ApiHttpSession.get(path, parameters)
-                         .template onPage<Collection<Record>>({}, withPage<Record>);
+  const auto budget = budget_ ? budget_ : std::make_shared<foundation::MemoryBudget>(loadBytes_);
+  const auto chain = ApiHttpSession.get(path, parameters, budget)
+                         .template onPage<Collection<Record>>(
+                             {}, [budget](Collection<Record> records, const RawData& page) {
+                               return withPage(std::move(records), page, *budget);
+                             });
   chain.onComplete([callback, path, observer = observer_](Collection<Record> records) {
     if (observer) observer->collectionEnded(path, std::nullopt);
     callback(std::move(records));

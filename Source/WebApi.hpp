@@ -10,6 +10,7 @@
 
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/MemoryBudget.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/HttpSession.hpp"
@@ -29,10 +30,19 @@ class ORIVANTA_API WebApiObserver {
                                const std::optional<foundation::Error>& error) = 0;
 };
 
+/// What one load may take unless told otherwise: enough for a venue of 300,000 nodes, and so little
+/// that a hostile load stays below 1 GB of resident memory.
+constexpr std::size_t defaultLoadBytes = std::size_t{640} << 20U;
+
 /// Every call returns at once. Its callback is called once, on a background queue of that call:
 /// with the collection, or with an empty one when a request failed. Elements that form no record
 /// are left out; of two with the same identifier the later one counts. The returned session ends
 /// the call without a callback when it is invalidated; it may be ignored.
+///
+/// A call takes no more memory than the session's `loadBytes`: received and decoded bodies, parsed
+/// JSON, records. If that is exceeded, the request counts as failed, with an error of the domain
+/// "memory". A load of a venue has one budget for its six calls and for what it
+/// builds of them.
 ///
 /// Any thread; holds no mutable state.
 class ORIVANTA_API WebApiSession {
@@ -44,7 +54,8 @@ class ORIVANTA_API WebApiSession {
   /// An absent language stops the program.
   WebApiSession(std::string_view root, const std::string& username, const std::string& password,
                 const std::optional<std::string>& language,
-                std::shared_ptr<WebApiObserver> observer = nullptr);
+                std::shared_ptr<WebApiObserver> observer = nullptr,
+                std::size_t loadBytes = defaultLoadBytes);
 
   /// The same with another observer, or none.
   WebApiSession observedBy(std::shared_ptr<WebApiObserver> observer) const {
@@ -52,6 +63,15 @@ class ORIVANTA_API WebApiSession {
     session.observer_ = std::move(observer);
     return session;
   }
+
+  /// The same with one budget for all its calls.
+  WebApiSession within(std::shared_ptr<foundation::MemoryBudget> budget) const {
+    WebApiSession session = *this;
+    session.budget_ = std::move(budget);
+    return session;
+  }
+
+  std::size_t loadBytes() const { return loadBytes_; }
 
   const HttpSession ApiHttpSession;
 
@@ -72,6 +92,8 @@ class ORIVANTA_API WebApiSession {
                      Callback<Record> callback) const;
 
   std::shared_ptr<WebApiObserver> observer_;
+  std::size_t loadBytes_;
+  std::shared_ptr<foundation::MemoryBudget> budget_;  // null: each call has one of its own
 };
 
 }  // namespace orivanta

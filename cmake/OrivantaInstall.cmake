@@ -56,6 +56,7 @@ foreach(
         Platform/Foundation/Error.hpp
         Platform/Foundation/Export.hpp
         Platform/Foundation/MainQueue.hpp
+        Platform/Foundation/MemoryBudget.hpp
         Platform/Foundation/ResourceBundle.hpp
         Platform/Foundation/Screen.hpp
         Platform/Foundation/SerialQueue.hpp

@@ -54,7 +54,7 @@ void check(const std::vector<LoadFailure>& failures, const std::vector<std::stri
   std::string reasons;
   for (const LoadFailure& failure : failures) {
     const auto entry = std::find(needed.begin(), needed.end(), failure.collection);
-    if (failure.problem == LoadProblem::endless || entry != needed.end())
+    if (endsLoad(failure.problem) || entry != needed.end())
       reasons += (reasons.empty() ? "" : "\n") + failure.reason;
     else
       complain("warning: " + failure.reason);

@@ -44,7 +44,7 @@ std::optional<Problem> problemIn(const std::vector<LoadFailure>& failures,
                                  const std::vector<std::string_view>& needed) {
   const auto first =
       std::find_if(failures.begin(), failures.end(), [&](const LoadFailure& failure) {
-        return failure.problem == LoadProblem::endless ||
+        return endsLoad(failure.problem) ||
                std::find(needed.begin(), needed.end(), failure.collection) != needed.end();
       });
   return first == failures.end() ? std::nullopt : std::optional(problemOf(*first));

@@ -4,8 +4,10 @@
 #include <atomic>
 #include <boost/asio/post.hpp>
 #include <condition_variable>
+#include <exception>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <thread>
 
 #include "Platform/Foundation/BackgroundPool.hpp"
@@ -25,10 +27,22 @@ struct SharedWork {
     for (std::size_t first = next.fetch_add(inARow); first < count;
          first = next.fetch_add(inARow)) {
       const std::size_t end = first + std::min(inARow, count - first);
-      for (std::size_t piece = first; piece < end; ++piece) body(piece);
+      const std::exception_ptr thrown = callAll(first, end);
       const std::lock_guard lock(mutex);
+      if (thrown) failure = thrown;
       finished += end - first;
       if (finished == count) allFinished.notify_one();
+    }
+  }
+
+  // After a failure the remaining pieces are only counted.
+  std::exception_ptr callAll(std::size_t first, std::size_t end) noexcept {
+    try {
+      for (std::size_t piece = first; piece < end && !failed; ++piece) body(piece);
+      return nullptr;
+    } catch (...) {
+      failed = true;
+      return std::current_exception();
     }
   }
 
@@ -36,9 +50,11 @@ struct SharedWork {
   const std::size_t inARow;
   const std::function<void(std::size_t)>& body;
   std::atomic<std::size_t> next = 0;
+  std::atomic<bool> failed = false;
   std::mutex mutex;
   std::condition_variable allFinished;
   std::size_t finished = 0;
+  std::exception_ptr failure;
 };
 
 }  // namespace
@@ -49,11 +65,16 @@ void parallelFor(std::size_t count, const std::function<void(std::size_t)>& body
   const auto work = std::make_shared<SharedWork>(count, inARow, body);
   const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());
   const std::size_t rows = (count - 1) / inARow + 1;
-  for (std::size_t helper = 1; helper < std::min(processors, rows); ++helper)
-    boost::asio::post(backgroundPool(), [work] { work->takePieces(); });
+  try {
+    for (std::size_t helper = 1; helper < std::min(processors, rows); ++helper)
+      boost::asio::post(backgroundPool(), [work] { work->takePieces(); });
+  } catch (const std::bad_alloc&) {
+    // The calling thread takes what no helper does.
+  }
   work->takePieces();
   std::unique_lock lock(work->mutex);
   work->allFinished.wait(lock, [&] { return work->finished == count; });
+  if (work->failure) std::rethrow_exception(work->failure);
 }
 
 }  // namespace orivanta::foundation

@@ -35,17 +35,20 @@ UrlSession::UrlSession(UrlSessionConfiguration configuration,
                        std::shared_ptr<UrlSessionDelegate> delegate)
     : configuration_(std::move(configuration)),
       queue_(foundation::SerialQueue::make()),
-      delegate_(std::move(delegate)) {}
+      delegate_(std::move(delegate)),
+      delivered_(configuration_.budget) {}
 
 void UrlSession::startDataTask(const foundation::Url& url) {
   const std::lock_guard lock(mutex_);
   if (!delegate_) return;
   std::erase_if(transfers_, [](const auto& transfer) { return transfer.expired(); });
-  transfers_.push_back(defaultTransport().start(
-      {url, configuration_.additionalHeaders}, [self = shared_from_this()](UrlResult result) {
-        self->queue_->async(
-            [self, result = std::move(result)]() mutable { self->deliver(std::move(result)); });
-      }));
+  transfers_.push_back(
+      defaultTransport().start({url, configuration_.additionalHeaders, configuration_.budget},
+                               [self = shared_from_this()](UrlResult result) {
+                                 self->queue_->async([self, result = std::move(result)]() mutable {
+                                   self->deliver(std::move(result));
+                                 });
+                               }));
 }
 
 void UrlSession::deliver(UrlResult result) {
@@ -54,11 +57,15 @@ void UrlSession::deliver(UrlResult result) {
   try {
     if (!result.error) result.error = defaultTransport().decodeBody(result);
     if (!result.error && !result.body.empty())
-      if (const auto receiver = delegate()) receiver->didReceiveData(result.body);
-  } catch (const std::bad_alloc&) {
-    result.error = foundation::Error{"memory", 1, "not enough memory for the answer"};
+      if (const auto receiver = delegate()) {
+        delivered_.growTo(result.body.size());
+        receiver->didReceiveData(result.body);
+      }
+  } catch (const std::bad_alloc& failure) {
+    result.error = foundation::memoryError(failure);
   }
   std::string().swap(result.body);
+  result.share.reset();
   if (const auto receiver = delegate()) receiver->didComplete(result.response, result.error);
 }
 

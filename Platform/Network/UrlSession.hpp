@@ -12,6 +12,7 @@
 
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/MemoryBudget.hpp"
 #include "Platform/Foundation/SerialQueue.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
@@ -34,6 +35,10 @@ struct UrlSessionConfiguration {
   std::string identifier;
   /// Sent with every request of the session.
   HeaderFields additionalHeaders;
+  /// Pays for the bodies while they are received, decoded and delivered, and for a buffer of the
+  /// delegate as large as the largest body. A request that exceeds it ends with an error of the
+  /// domain "memory" (see `memoryError`). May be null.
+  std::shared_ptr<foundation::MemoryBudget> budget = nullptr;
 };
 
 /// Shared by reference. A session that has not been invalidated stays alive without an owner, and
@@ -72,6 +77,7 @@ class ORIVANTA_API UrlSession : public std::enable_shared_from_this<UrlSession> 
   mutable std::mutex mutex_;
   std::shared_ptr<UrlSessionDelegate> delegate_;       // empty once invalidated
   std::vector<std::weak_ptr<UrlTransfer>> transfers_;  // those that may still be running
+  foundation::BudgetShare delivered_;                  // used on the queue alone
 };
 
 }  // namespace orivanta::network

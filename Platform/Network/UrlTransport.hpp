@@ -11,6 +11,7 @@
 
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/MemoryBudget.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
 
@@ -21,6 +22,7 @@ using HeaderFields = std::vector<std::pair<std::string, std::string>>;
 struct UrlRequest {
   foundation::Url url;
   HeaderFields headerFields;
+  std::shared_ptr<foundation::MemoryBudget> budget = nullptr;  ///< pays for the body; may be null
 };
 
 /// How a request ended. `body` is as it came over the wire; `decodeBody` undoes the compression
@@ -29,6 +31,8 @@ struct UrlResult {
   std::optional<foundation::Error> error;
   HttpUrlResponse response;
   std::string body;
+  /// What the body has taken from the request's budget. Null if the request has none.
+  std::shared_ptr<foundation::BudgetShare> share = nullptr;
 };
 
 /// One running request. Dropping the handle does not cancel it.
@@ -50,7 +54,8 @@ class UrlTransport {
                                              std::function<void(UrlResult)> completed) = 0;
 
   /// Undoes the "Content-Encoding" of the body in place; an error when the body is damaged or
-  /// grows beyond the transport's limit. Costs time: call it outside the transport's thread.
+  /// grows beyond the transport's limit. Throws `BudgetExceeded` if it grows beyond the budget.
+  /// Costs time: call it outside the transport's thread.
   virtual std::optional<foundation::Error> decodeBody(UrlResult& result) = 0;
 };
 

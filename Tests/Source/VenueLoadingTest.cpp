@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "Source/Category.hpp"
+#include "Source/Directions.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
@@ -256,6 +257,30 @@ TEST_F(VenueLoading, ReportsTheListOfVenues) {
   EXPECT_EQ(listed(server.root("/2/")).failures.at(0).problem, LoadProblem::notFound);
   EXPECT_EQ(listed(MisbehavingServer::refusingRoot()).failures.at(0).problem,
             LoadProblem::noAnswer);
+}
+
+// Documented as wrong use, but memory has to stay safe.
+TEST_F(VenueLoading, LoadsMayOverlapWhileRoutesAreSearched) {
+  MisbehavingServer server;
+  serveSmallVenue(server);
+  const WebApiSession session = sessionFor(server.root());
+  const auto kept = loaded(session, smallVenue())->locations->front();
+  for (int round = 0; round < 100; ++round) {
+    const auto first = smallVenue();
+    const auto second = round % 2 == 0 ? first : smallVenue();
+    const auto latch = std::make_shared<Latch>();
+    server.on("/1/map", Answer::json(smallVenueAnswers().at("map")).held(latch));
+    const Awaited<std::shared_ptr<Venue>> ends[3];
+    const auto start = [&](const auto& venue, const auto& end) {
+      loadVenue(session, venue, false, [=](const auto& ready) { end.give(ready); });
+    };
+    start(first, ends[0]);
+    start(second, ends[1]);
+    latch->open();
+    for (int i = 0; i < 20; ++i) getDirections(kept->nodes, kept->nodes);
+    start(second, ends[2]);
+    for (const auto& end : ends) EXPECT_EQ(end.take(), second);
+  }
 }
 
 TEST_F(VenueLoading, GivesUpALoadThatDoesNotEnd) {

@@ -45,7 +45,9 @@ std::string headerLine(const std::string& name, const std::string& value) {
 class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_this<Transfer> {
  public:
   Transfer(CurlLoop& loop, UrlRequest request, std::function<void(UrlResult)> completed)
-      : loop_(loop), request_(std::move(request)), completed_(std::move(completed)) {}
+      : loop_(loop), request_(std::move(request)), completed_(std::move(completed)) {
+    if (request_.budget) result_.share = std::make_shared<foundation::BudgetShare>(request_.budget);
+  }
 
   void cancel() override {
     cancelled_ = true;
@@ -56,11 +58,14 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
   friend class CurlLoop;
 
   static std::size_t receiveBody(char* bytes, std::size_t, std::size_t count, void* context) {
-    std::string& body = static_cast<Transfer*>(context)->result_.body;
-    if (count > largestBodyBytes - body.size()) return 0;
+    UrlResult& result = static_cast<Transfer*>(context)->result_;
+    if (count > largestBodyBytes - result.body.size()) return 0;
     try {
-      body.append(bytes, count);
-    } catch (const std::bad_alloc&) {
+      // Twice, since the text is there twice while it is moved to a larger place.
+      if (result.share) result.share->take(2 * count);
+      result.body.append(bytes, count);
+    } catch (const std::bad_alloc& failure) {
+      result.error = foundation::memoryError(failure);
       return 0;
     }
     return count;
@@ -240,7 +245,7 @@ void CurlLoop::Transfer::setOptions() {
 void CurlLoop::finish(Transfer& transfer, int outcome) {
   const std::shared_ptr<Transfer> owner = transfer.shared_from_this();
   UrlResult& result = transfer.result_;
-  if (outcome != CURLE_OK) result.error = curlError(outcome, transfer.errorText_);
+  if (outcome != CURLE_OK && !result.error) result.error = curlError(outcome, transfer.errorText_);
   long status = 0;
   curl_easy_getinfo(transfer.handle_, CURLINFO_RESPONSE_CODE, &status);
   result.response.statusCode = static_cast<int>(status);

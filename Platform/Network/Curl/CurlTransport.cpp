@@ -26,7 +26,7 @@ class CurlTransport : public UrlTransport {
       return std::nullopt;
     if (strcasecmp(encoding->c_str(), "gzip") != 0 && strcasecmp(encoding->c_str(), "x-gzip") != 0)
       return foundation::Error{"http", 1, "unknown content encoding \"" + *encoding + "\""};
-    auto bytes = gunzipped(result.body, largestDecodedBytes);
+    auto bytes = gunzipped(result.body, largestDecodedBytes, result.share.get());
     if (!bytes) return foundation::Error{"http", 2, "damaged or oversized compressed body"};
     result.body = std::move(*bytes);
     return std::nullopt;

@@ -25,7 +25,8 @@ std::uint64_t expectedBytes(std::string_view compressed) {
 
 }  // namespace
 
-std::optional<std::string> gunzipped(std::string_view compressed, std::size_t largestBytes) {
+std::optional<std::string> gunzipped(std::string_view compressed, std::size_t largestBytes,
+                                     foundation::BudgetShare* share) {
   z_stream stream{};
   if (inflateInit2(&stream, 15 + 16) != Z_OK) return std::nullopt;
   const std::unique_ptr<z_stream, decltype(&inflateEnd)> owner(&stream, inflateEnd);
@@ -33,9 +34,16 @@ std::optional<std::string> gunzipped(std::string_view compressed, std::size_t la
   stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(compressed.data()));
   stream.avail_in = static_cast<uInt>(compressed.size());
 
-  std::string bytes(
-      static_cast<std::size_t>(std::min<std::uint64_t>(largestBytes, expectedBytes(compressed))),
-      '\0');
+  std::string bytes;
+  // While the text grows, the former and the new one are there at once.
+  const auto resize = [&](std::size_t size) {
+    const std::size_t former = bytes.size();
+    if (share != nullptr) share->take(size);
+    bytes.resize(size);
+    if (share != nullptr) share->giveBack(former);
+  };
+  resize(
+      static_cast<std::size_t>(std::min<std::uint64_t>(largestBytes, expectedBytes(compressed))));
   std::size_t length = 0;
   for (;;) {
     stream.next_out = reinterpret_cast<Bytef*>(bytes.data() + length);
@@ -50,7 +58,7 @@ std::optional<std::string> gunzipped(std::string_view compressed, std::size_t la
     }
     if (stream.avail_out == 0) {
       if (bytes.size() >= largestBytes) return std::nullopt;
-      bytes.resize(std::min(largestBytes, bytes.size() * 2));
+      resize(std::min(largestBytes, bytes.size() * 2));
     }
   }
   bytes.resize(length);
