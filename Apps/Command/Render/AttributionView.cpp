@@ -20,7 +20,7 @@ constexpr graphics::Color ground{1, 1, 1, 0.82F};
 
 // The logo, at the lower right, with the room around it.
 constexpr graphics::Size logo{88, 44};
-constexpr double leastWidthBesideLogo = 300;
+constexpr double leastWidthBesideLogo = 200;
 
 bool isLower(Corner corner) { return corner == Corner::lowerLeft || corner == Corner::lowerRight; }
 bool isLeft(Corner corner) { return corner == Corner::lowerLeft || corner == Corner::upperLeft; }

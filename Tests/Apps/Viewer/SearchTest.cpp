@@ -87,6 +87,13 @@ std::string textOf(const std::vector<PlaceGroup>& groups) {
   return text;
 }
 
+void untilFound(const BackgroundSearch& search) {
+  while (search.isBusy()) {
+    foundation::mainQueue::wait(10);
+    foundation::mainQueue::drain();
+  }
+}
+
 }  // namespace
 
 TEST(SearchIndex, PutsNamesBeforeCategoriesBeforeNearMisses) {
@@ -141,25 +148,18 @@ TEST(SearchIndex, EndsWhenItIsCancelled) {
 TEST(BackgroundSearch, AnswersTheLastSearchAndNobodyWhoHasLeft) {
   std::vector<std::string> answers;
   const auto tell = [&](const auto& groups) { answers.push_back(textOf(groups)); };
-  std::optional<BackgroundSearch> search(
-      std::in_place, std::vector{place("1", "Bakery"), place("2", "Books")}, tell);
-  search->start("boo");
-  search->start("bak");
-  EXPECT_TRUE(search->isBusy());
-  while (search->isBusy()) {
-    foundation::mainQueue::wait(10);
-    foundation::mainQueue::drain();
-  }
+  BackgroundSearch search({place("1", "Bakery"), place("2", "Books")}, tell);
+  search.start("boo");
+  search.start("bak");
+  EXPECT_TRUE(search.isBusy());
+  untilFound(search);
   EXPECT_EQ(answers, std::vector<std::string>{":1"});
   {
     BackgroundSearch leaving({place("4", "Bank")}, tell);
     leaving.start("bank");
   }
-  search->start("b");
-  while (search->isBusy()) {
-    foundation::mainQueue::wait(10);
-    foundation::mainQueue::drain();
-  }
+  search.start("b");
+  untilFound(search);
   EXPECT_EQ(answers, (std::vector<std::string>{":1", ":12"}));
 }
 

@@ -148,21 +148,26 @@ TEST_F(RenderVenue, DrawsAPictureForEachVisitToAFloor) {
   EXPECT_EQ(test::countPixels(*picture("map-G.png"), end), 0);
   EXPECT_EQ(test::countPixels(*picture("map-G-2.png"), start), 0);
   EXPECT_GT(test::countPixels(*picture("map-G-2.png"), end), 50);
-  ASSERT_EQ(renderVisits({"--route", "bakery", "museum", "--map", "G"}).exitCode, 0);
-  EXPECT_GT(test::countPixels(*picture("map.png"), start), 50);
-  EXPECT_GT(test::countPixels(*picture("map.png"), end), 50);
 }
 
 TEST_F(RenderVenue, ShowsTheAttributionOrSaysToShowIt) {
-  serveVisits("© Testers");
+  serveVisits("© T");
   const auto without = renderVisits({"--no-attribution"});
-  EXPECT_EQ(without.errors, "orivanta: show this with the pictures: © Testers · CC0\n");
+  EXPECT_EQ(without.errors, "orivanta: show this with the pictures: © T · CC0\n");
   const auto plain = picture("map.png");
-  for (const char* const corner : {"lower-left", "lower-right", "upper-left", "upper-right"}) {
-    const auto result = renderVisits({"--attribution", corner});
-    EXPECT_EQ(result.exitCode, 0) << result.errors;
-    EXPECT_EQ(result.errors, "") << corner;
-    EXPECT_GT(changed(*plain, *picture("map.png")), 0.005) << corner;
+  for (const std::string corner : {"lower-left", "lower-right", "upper-left", "upper-right"}) {
+    EXPECT_EQ(renderVisits({"--attribution", corner}).errors, "");
+    const auto shown = picture("map.png");
+    for (std::size_t i = 0; i < shown->pixels().size(); ++i) {
+      if (shown->pixels()[i] == plain->pixels()[i]) continue;
+      const std::size_t x = i / 4 % 320;
+      const std::size_t y = i / 4 / 320;
+      ASSERT_EQ(corner, std::string(y < 50    ? "upper"
+                                    : y > 150 ? "lower"
+                                              : "middle") +
+                            (x < 130 ? "-left" : "-right"));
+    }
+    EXPECT_GT(changed(*plain, *shown), 0.002) << corner;
   }
   EXPECT_EQ(renderVisits({"--attribution", "middle"}).exitCode, 2);
   serveVisits(std::string(900, 'x'));
