@@ -83,11 +83,17 @@ Examples:
 inline constexpr const char* serveFooter = R"(
 Prints the API root when it is ready, and serves until it is interrupted. A folder is a venue
 package or holds several of them; without one the demo venue is served. With a user name and a
-password, clients have to give them too.
+password, clients have to give them too. A package that is replaced on the disk is read again.
+
+URLs in answers begin with http:// and the host that the client asked. Behind a proxy that speaks
+TLS, give the origin that clients see, or the proxy's address if it tells the server in
+X-Forwarded-Proto and X-Forwarded-Host. No other client's word counts, not even on this machine.
 
 Examples:
   orivanta serve                        the demo venue on http://127.0.0.1:8080/1/
   orivanta serve my-venues --port 0     on a free port
-  orivanta serve my-venues --address 0.0.0.0 --username me --password-file secret)";
+  orivanta serve my-venues --address 0.0.0.0 --username me --password-file secret
+  orivanta serve my-venues --origin https://maps.example
+  orivanta serve my-venues --trusted-proxy 127.0.0.1)";
 
 }  // namespace orivanta::command::help

@@ -215,6 +215,13 @@ void addServe(CLI::App& app, CommandLine& line) {
       ->check(CLI::PositiveNumber)
       ->type_name("N")
       ->capture_default_str();
+  command.add_option("--origin", options.origin, "What URLs in answers begin with, see below")
+      ->type_name("URL");
+  command
+      .add_option("--trusted-proxy", options.trustedProxies,
+                  "A proxy whose X-Forwarded-Proto and -Host count; may be repeated")
+      ->type_name("ADDRESS")
+      ->allow_extra_args(false);
   addText(command, "--username", line.connection.username, "User name to ask for", "TEXT");
   addText(command, "--password", line.connection.password, "Password to ask for", "TEXT");
   addText(command, "--password-file", line.connection.passwordFile,

@@ -1,11 +1,15 @@
 #include "Apps/Command/Serve.hpp"
 
+#include <sys/resource.h>
+
+#include <algorithm>
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/signal_set.hpp>
 #include <csignal>
 #include <exception>
 #include <iostream>
 
+#include "Apps/Command/Output.hpp"
 #include "Apps/Server/VenueServer.hpp"
 
 namespace orivanta::command {
@@ -21,7 +25,20 @@ server::ServerOptions serverOptions(const ServeOptions& options) {
   result.username = options.username;
   result.password = options.password;
   result.pageSize = options.pageSize;
+  result.origin = options.origin;
+  result.trustedProxies = options.trustedProxies;
+  result.report = [](const std::string& line) { complain(line); };
   return result;
+}
+
+// Every connection may need a descriptor for a file beside its own.
+void allowDescriptors(std::size_t connections) {
+  rlimit limit{};
+  if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
+  constexpr rlim_t others = 64;
+  limit.rlim_cur =
+      std::min(limit.rlim_max, std::max<rlim_t>(limit.rlim_cur, 2 * connections + others));
+  setrlimit(RLIMIT_NOFILE, &limit);  // without success, clients are told to ask again
 }
 
 }  // namespace
@@ -30,7 +47,9 @@ int serve(const ServeOptions& options) {
   try {
     boost::asio::io_context context;
     boost::asio::signal_set signals(context, SIGINT, SIGTERM);  // from here on, none is missed
-    const server::VenueServer server(serverOptions(options));
+    const server::ServerOptions serverOptions = command::serverOptions(options);
+    allowDescriptors(serverOptions.limits.connections);
+    const server::VenueServer server(serverOptions);
     std::cout << server.root() << std::endl;
     signals.async_wait([](const boost::system::error_code&, int) {});
     context.run();

@@ -19,6 +19,8 @@ struct ServeOptions {
   std::optional<std::string> username;
   std::optional<std::string> password;
   std::size_t pageSize = 100;
+  std::optional<std::string> origin;  ///< of all URLs in answers, such as "https://maps.example"
+  std::vector<std::string> trustedProxies;  ///< IP addresses
 };
 
 /// Prints the API root as one line on standard output once clients can come, serves until SIGINT or

@@ -2,25 +2,59 @@
 
 #include <zlib.h>
 
+#include <algorithm>
+#include <array>
+#include <memory>
 #include <new>
 
 namespace orivanta::server {
 
-std::string gzipped(std::string_view bytes) {
-  constexpr int gzipWindow = MAX_WBITS + 16;  // the 16 asks for gzip instead of zlib's own format
+namespace {
+
+struct Deflation {
+  Deflation() {
+    constexpr int gzipWindow = MAX_WBITS + 16;  // the 16 asks for gzip instead of zlib's own format
+    if (deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, gzipWindow, MAX_MEM_LEVEL,
+                     Z_DEFAULT_STRATEGY) != Z_OK)
+      throw std::bad_alloc();
+  }
+  ~Deflation() { deflateEnd(&stream); }
+  Deflation(const Deflation&) = delete;
+  Deflation& operator=(const Deflation&) = delete;
+
   z_stream stream{};
-  if (deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, gzipWindow, MAX_MEM_LEVEL,
-                   Z_DEFAULT_STRATEGY) != Z_OK)
-    throw std::bad_alloc();
-  std::string output(deflateBound(&stream, bytes.size()), '\0');
-  stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
-  stream.avail_in = static_cast<uInt>(bytes.size());
-  stream.next_out = reinterpret_cast<Bytef*>(output.data());
-  stream.avail_out = static_cast<uInt>(output.size());
-  deflate(&stream, Z_FINISH);  // all at once: the output has the room that was said to suffice
-  output.resize(stream.total_out);
-  deflateEnd(&stream);
+};
+
+}  // namespace
+
+std::string gzipped(const ByteSource& source) {
+  constexpr std::size_t chunkBytes = 64U << 10U;
+  Deflation deflation;
+  z_stream& stream = deflation.stream;
+  std::string output;
+  const auto chunks = std::make_unique<std::array<std::array<char, chunkBytes>, 2>>();
+  auto& [input, compressed] = *chunks;
+  int flush = Z_NO_FLUSH;
+  do {
+    stream.avail_in = static_cast<uInt>(source(input.data(), input.size()));
+    stream.next_in = reinterpret_cast<Bytef*>(input.data());
+    if (stream.avail_in == 0) flush = Z_FINISH;
+    do {
+      stream.next_out = reinterpret_cast<Bytef*>(compressed.data());
+      stream.avail_out = static_cast<uInt>(compressed.size());
+      deflate(&stream, flush);
+      output.append(compressed.data(), compressed.size() - stream.avail_out);
+    } while (stream.avail_out == 0);
+  } while (flush != Z_FINISH);
   return output;
+}
+
+std::string gzipped(std::string_view bytes) {
+  return gzipped([&](char* target, std::size_t count) {
+    count = bytes.copy(target, count);
+    bytes.remove_prefix(count);
+    return count;
+  });
 }
 
 }  // namespace orivanta::server

@@ -1,18 +1,15 @@
 #include "Apps/Server/HttpConnection.hpp"
 
-#include <fmt/chrono.h>
+#include <linux/sockios.h>
+#include <sys/ioctl.h>
 
 #include <algorithm>
-#include <array>
 #include <boost/asio/dispatch.hpp>
-#include <boost/beast/http/empty_body.hpp>
+#include <boost/asio/post.hpp>
 #include <boost/beast/http/error.hpp>
-#include <boost/beast/http/file_body.hpp>
 #include <boost/beast/http/read.hpp>
 #include <boost/beast/http/serializer.hpp>
-#include <boost/beast/http/span_body.hpp>
 #include <boost/beast/http/write.hpp>
-#include <ctime>
 #include <exception>
 #include <utility>
 
@@ -20,159 +17,206 @@ namespace orivanta::server {
 
 namespace beast = boost::beast;
 namespace http = boost::beast::http;
+using Clock = std::chrono::steady_clock;
+using Phase = ConnectionTable::Phase;
 
 namespace {
 
-std::string joined(const http::fields& fields, http::field name) {
-  std::string value;
-  const auto [begin, end] = fields.equal_range(name);
-  for (auto line = begin; line != end; ++line) {
-    if (line != begin) value += ',';
-    value += line->value();
-  }
-  return value;
+// How often the server looks at the progress of an answer within a rate window.
+constexpr unsigned looksPerWindow = 8;
+
+std::chrono::milliseconds lookInterval(const ConnectionLimits& limits) {
+  return std::max(std::chrono::milliseconds(1), limits.rateWindow / looksPerWindow);
 }
 
-Request requestFrom(const http::request<http::string_body>& message) {
-  Request request;
-  request.method = message.method_string();
-  request.target = message.target();
-  request.host = joined(message, http::field::host);
-  request.authorization = joined(message, http::field::authorization);
-  request.acceptEncoding = joined(message, http::field::accept_encoding);
-  request.acceptLanguage = joined(message, http::field::accept_language);
-  request.ifNoneMatch = joined(message, http::field::if_none_match);
-  return request;
-}
-
-template <class Body>
-http::response<Body> messageFrom(const Response& response, unsigned version, bool keepAlive) {
-  http::response<Body> message(static_cast<http::status>(response.status), version);
-  message.set(http::field::server, "orivanta");
-  message.set(http::field::date,
-              fmt::format("{:%a, %d %b %Y %H:%M:%S} GMT", fmt::gmtime(std::time(nullptr))));
-  message.set("X-Content-Type-Options", "nosniff");
-  for (const auto& [name, value] : response.headers) message.set(name, value);
-  if (response.status != 304) message.content_length(response.contentLength());
-  message.keep_alive(keepAlive);
-  return message;
-}
-
-unsigned statusOf(const beast::error_code& error) {
-  if (error == http::error::header_limit || error == http::error::buffer_overflow) return 431;
-  return error == http::error::body_limit ? 413 : 400;
+std::uint64_t leastInWindow(const ConnectionLimits& limits) {
+  return limits.lowestRate * static_cast<std::uint64_t>(limits.rateWindow.count()) / 1000;
 }
 
 }  // namespace
 
-// A message on its way, with what its body refers to.
-template <class Body>
-struct HttpConnection::Outgoing {
-  explicit Outgoing(http::response<Body> response)
-      : message(std::move(response)), serializer(message) {}
+ServerContext::ServerContext(RequestHandler answer, const ConnectionLimits& bounds)
+    : handler(std::move(answer)),
+      limits(bounds),
+      table(bounds.connections, 2 * lookInterval(bounds)) {}
 
-  http::response<Body> message;
-  http::response_serializer<Body> serializer;
-  std::shared_ptr<const std::string> text;
+// A message on its way.
+struct HttpConnection::Outgoing {
+  explicit Outgoing(WireResponse response) : message(std::move(response)), serializer(message) {}
+
+  WireResponse message;
+  http::response_serializer<ResponseBody> serializer;
 };
 
-HttpConnection::HttpConnection(boost::asio::ip::tcp::socket socket, Router& router,
-                               std::chrono::milliseconds idleTimeout, std::function<void()> closed)
+HttpConnection::HttpConnection(boost::asio::ip::tcp::socket socket,
+                               std::shared_ptr<ServerContext> context, bool fromTrustedProxy)
     : stream_(std::move(socket)),
-      router_(router),
-      idleTimeout_(idleTimeout),
-      closed_(std::move(closed)) {}
+      context_(std::move(context)),
+      fromTrustedProxy_(fromTrustedProxy),
+      rateTimer_(stream_.get_executor()) {}
 
-HttpConnection::~HttpConnection() { closed_(); }
-
-void HttpConnection::start() {
-  boost::asio::dispatch(stream_.get_executor(),
-                        [self = shared_from_this()] { self->readRequest(); });
+HttpConnection::~HttpConnection() {
+  if (place_) context_->table.leave(*place_);
 }
 
-void HttpConnection::readRequest() {
+void HttpConnection::start() {
+  place_ = context_->table.enter(Clock::now(), [weak = weak_from_this()] {
+    if (auto self = weak.lock()) {
+      const auto executor = self->stream_.get_executor();
+      boost::asio::post(executor, [self = std::move(self)] { self->closeForAnother(); });
+    }
+  });
+  boost::asio::dispatch(stream_.get_executor(),
+                        [self = shared_from_this()] { self->readHeader(); });
+}
+
+// False if the connection has to end.
+bool HttpConnection::enter(Phase phase) {
+  phase_ = phase;
+  return context_->table.update(*place_, phase, Clock::now());
+}
+
+void HttpConnection::closeForAnother() { phase_ == Phase::sending ? cutOff() : stream_.close(); }
+
+void HttpConnection::awaitRequest() {
+  if (!enter(Phase::idle)) return;
+  if (buffer_.size() > 0) return readHeader();
+  stream_.expires_after(context_->limits.idleTime);
+  stream_.async_read_some(buffer_.prepare(4096),
+                          [self = shared_from_this()](const Error& error, std::size_t count) {
+                            if (error) return;
+                            self->buffer_.commit(count);
+                            self->readHeader();
+                          });
+}
+
+void HttpConnection::readHeader() {
   parser_.emplace();
-  parser_->header_limit(largestHeader);
-  parser_->body_limit(largestBody);
-  stream_.expires_after(idleTimeout_);  // for the whole request: a trickle of bytes wins no time
+  parser_->header_limit(context_->limits.headerBytes);
+  parser_->body_limit(context_->limits.bodyBytes);
+  stream_.expires_after(context_->limits.requestTime);  // a trickle of bytes gains no time
+  http::async_read_header(
+      stream_, buffer_, *parser_,
+      [self = shared_from_this()](const Error& error, std::size_t) { self->headerRead(error); });
+}
+
+void HttpConnection::headerRead(const Error& error) {
+  if (error) return requestUnread(error);
+  if (auto refusal = refusalOf(parser_->get().base())) return refuse(std::move(*refusal));
+  if (parser_->is_done()) return answer();
   http::async_read(stream_, buffer_, *parser_,
-                   [self = shared_from_this()](const beast::error_code& error, std::size_t) {
-                     self->requestRead(error);
+                   [self = shared_from_this()](const Error& failure, std::size_t) {
+                     failure ? self->requestUnread(failure) : self->answer();
                    });
 }
 
-void HttpConnection::requestRead(const beast::error_code& error) {
-  if (!error) return answer();
+void HttpConnection::requestUnread(const Error& error) {
   if (error == http::error::end_of_stream || error == http::error::partial_message) return finish();
   if (error.category() == make_error_code(http::error::end_of_stream).category())
-    answerUnreadable(error);
+    refuse(unreadableResponse(error));
 }
 
 void HttpConnection::answer() {
-  const auto& message = parser_->get();
-  Response response;
+  if (!enter(Phase::working)) return;
+  const auto& request = parser_->get();
+  std::shared_ptr<Outgoing> outgoing;
   try {
-    response = router_.respond(requestFrom(message));
-  } catch (const std::exception& exception) {
-    response = errorResponse(500, exception.what());
+    outgoing = std::make_shared<Outgoing>(
+        messageFrom(context_->handler(requestFrom(request, fromTrustedProxy_)), request.version(),
+                    request.keep_alive()));
+  } catch (...) {
+    outgoing = std::make_shared<Outgoing>(
+        messageFrom(errorResponse(500, "The server failed to answer."), request.version(), false));
   }
-  send(std::move(response), message.version(), message.keep_alive());
+  send(std::move(outgoing));
 }
 
-void HttpConnection::answerUnreadable(const beast::error_code& error) {
-  send(errorResponse(statusOf(error), "The request cannot be read: " + error.message() + "."), 11,
-       false);
+void HttpConnection::refuse(Response response) {
+  if (!enter(Phase::working)) return;
+  send(std::make_shared<Outgoing>(messageFrom(std::move(response), 11, false)));
 }
 
-void HttpConnection::send(Response response, unsigned version, bool keepAlive) {
-  if (response.file && !response.bodyOmitted) {
-    auto message = messageFrom<http::file_body>(response, version, keepAlive);
-    beast::file_posix file;
-    file.native_handle(response.file->release());
-    beast::error_code error;
-    message.body().reset(std::move(file), error);
-    if (!error) write(std::make_shared<Outgoing<http::file_body>>(std::move(message)));
-  } else if (response.text && !response.bodyOmitted) {
-    auto message = messageFrom<http::span_body<const char>>(response, version, keepAlive);
-    message.body() = {response.text->data(), response.text->size()};
-    auto outgoing = std::make_shared<Outgoing<http::span_body<const char>>>(std::move(message));
-    outgoing->text = std::move(response.text);
-    write(std::move(outgoing));
-  } else {
-    write(std::make_shared<Outgoing<http::empty_body>>(
-        messageFrom<http::empty_body>(response, version, keepAlive)));
-  }
+void HttpConnection::send(std::shared_ptr<Outgoing> outgoing) {
+  // Clients that have stalled may hold what is lacking: descriptors or memory.
+  if (outgoing->message.result() == http::status::service_unavailable)
+    context_->table.closeStalled(Clock::now());
+  enter(Phase::sending);
+  startRateWindow();
+  takenBefore_ = takenAtWindowStart_;
+  watchRate();
+  stream_.expires_never();
+  write(std::move(outgoing));
 }
 
-// Writes what the socket takes, again and again: the time limit is for each step, so that a large
-// file may take long as long as something moves.
-template <class Body>
-void HttpConnection::write(std::shared_ptr<Outgoing<Body>> outgoing) {
-  stream_.expires_after(idleTimeout_);
+void HttpConnection::write(std::shared_ptr<Outgoing> outgoing) {
   auto& serializer = outgoing->serializer;
   http::async_write_some(stream_, serializer,
                          [self = shared_from_this(), outgoing = std::move(outgoing)](
-                             const beast::error_code& error, std::size_t) mutable {
+                             const Error& error, std::size_t count) mutable {
                            if (error) return;
+                           self->writtenBytes_ += count;
                            if (!outgoing->serializer.is_done())
                              return self->write(std::move(outgoing));
-                           outgoing->message.keep_alive() ? self->readRequest() : self->finish();
+                           outgoing->message.keep_alive() ? self->awaitRequest() : self->finish();
                          });
+}
+
+void HttpConnection::startRateWindow() {
+  takenAtWindowStart_ = takenBytes();
+  looksInWindow_ = 0;
+}
+
+// The timer does not keep the connection alive.
+void HttpConnection::watchRate() {
+  if (std::exchange(watchesRate_, true)) return;
+  rateTimer_.expires_after(lookInterval(context_->limits));
+  rateTimer_.async_wait([weak = weak_from_this()](const Error& error) {
+    if (const auto self = weak.lock(); self && !error) self->judgeRate();
+  });
+}
+
+void HttpConnection::judgeRate() {
+  watchesRate_ = false;
+  if (phase_ != Phase::sending) return;
+  const std::uint64_t taken = takenBytes();
+  if (taken > takenBefore_) enter(Phase::sending);
+  takenBefore_ = taken;
+  if (++looksInWindow_ == looksPerWindow) {
+    if (taken - takenAtWindowStart_ < leastInWindow(context_->limits)) return cutOff();
+    startRateWindow();
+  }
+  watchRate();
+}
+
+// What the client's system has acknowledged: what was written may still wait on this side.
+std::uint64_t HttpConnection::takenBytes() {
+  int waiting = 0;
+  if (::ioctl(stream_.socket().native_handle(), SIOCOUTQ, &waiting) != 0) return writtenBytes_;
+  return writtenBytes_ - std::min(writtenBytes_, static_cast<std::uint64_t>(waiting));
+}
+
+// Without the option the system would go on keeping what the client does not take.
+void HttpConnection::cutOff() {
+  Error ignored;
+  stream_.socket().set_option(boost::asio::socket_base::linger(true, 0), ignored);
+  stream_.close();
 }
 
 // Closing while the client still sends would reset the connection and could take the answer with
 // it, so what comes is read for a moment.
 void HttpConnection::finish() {
-  beast::error_code ignored;
+  if (!enter(Phase::idle)) return;
+  Error ignored;
   stream_.socket().shutdown(boost::asio::socket_base::shutdown_send, ignored);
   buffer_.clear();
-  stream_.expires_after(std::min<std::chrono::milliseconds>(idleTimeout_, std::chrono::seconds(2)));
+  stream_.expires_after(
+      std::min<std::chrono::milliseconds>(context_->limits.idleTime, std::chrono::seconds(2)));
   discardRest();
 }
 
 void HttpConnection::discardRest() {
   stream_.async_read_some(buffer_.prepare(4096),
-                          [self = shared_from_this()](const beast::error_code& error, std::size_t) {
+                          [self = shared_from_this()](const Error& error, std::size_t) {
                             if (!error) self->discardRest();
                           });
 }

@@ -2,54 +2,81 @@
 #pragma once
 
 #include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/steady_timer.hpp>
 #include <boost/beast/core/flat_buffer.hpp>
 #include <boost/beast/core/tcp_stream.hpp>
 #include <boost/beast/http/parser.hpp>
-#include <boost/beast/http/string_body.hpp>
 #include <chrono>
-#include <functional>
+#include <cstdint>
 #include <memory>
 #include <optional>
 
-#include "Apps/Server/Router.hpp"
+#include "Apps/Server/ConnectionLimits.hpp"
+#include "Apps/Server/ConnectionTable.hpp"
+#include "Apps/Server/WireMessage.hpp"
 
 namespace orivanta::server {
 
-/// HTTP/1.1 with connections kept alive and requests in a row; HTTP/1.0 too. What is no HTTP, or
-/// too large, is answered with an error and ends the connection. Lives until the connection ends or
-/// the `io_context` goes; all that happens runs on the socket's executor, which must be a strand.
+/// What the connections of a server share.
+struct ServerContext {
+  ServerContext(RequestHandler answer, const ConnectionLimits& bounds);
+
+  const RequestHandler handler;
+  const ConnectionLimits limits;
+  ConnectionTable table;
+};
+
+/// HTTP/1.1 with connections kept alive and requests in a row; HTTP/1.0 too. What is no HTTP, too
+/// large or ambiguous is answered with an error and ends the connection. Lives until the connection
+/// ends or the `io_context` goes; all that happens runs on the socket's executor, which must be a
+/// strand. An exception that leaves one of its handlers ends the connection.
 class HttpConnection : public std::enable_shared_from_this<HttpConnection> {
  public:
-  static constexpr std::uint32_t largestHeader = 16U << 10U;
-  static constexpr std::uint64_t largestBody = 64U << 10U;  // of requests; it is not used
-
-  /// `closed` is called once, by the destructor. The router must outlive the connection.
-  HttpConnection(boost::asio::ip::tcp::socket socket, Router& router,
-                 std::chrono::milliseconds idleTimeout, std::function<void()> closed);
+  HttpConnection(boost::asio::ip::tcp::socket socket, std::shared_ptr<ServerContext> context,
+                 bool fromTrustedProxy);
   ~HttpConnection();
+  HttpConnection(const HttpConnection&) = delete;
+  HttpConnection& operator=(const HttpConnection&) = delete;
 
+  /// Called once.
   void start();
 
  private:
-  template <class Body>
   struct Outgoing;
+  using Error = boost::beast::error_code;
 
-  void readRequest();
-  void requestRead(const boost::beast::error_code& error);
+  bool enter(ConnectionTable::Phase phase);
+  void closeForAnother();
+  void awaitRequest();
+  void readHeader();
+  void headerRead(const Error& error);
+  void requestUnread(const Error& error);
   void answer();
-  void answerUnreadable(const boost::beast::error_code& error);
-  void send(Response response, unsigned version, bool keepAlive);
-  template <class Body>
-  void write(std::shared_ptr<Outgoing<Body>> outgoing);
+  void refuse(Response response);
+  void send(std::shared_ptr<Outgoing> outgoing);
+  void write(std::shared_ptr<Outgoing> outgoing);
+  void startRateWindow();
+  void watchRate();
+  void judgeRate();
+  std::uint64_t takenBytes();
+  void cutOff();
   void finish();
   void discardRest();
 
   boost::beast::tcp_stream stream_;
-  Router& router_;
-  const std::chrono::milliseconds idleTimeout_;
-  const std::function<void()> closed_;
+  const std::shared_ptr<ServerContext> context_;
+  const bool fromTrustedProxy_;
+  std::optional<ConnectionTable::Place> place_;
+  ConnectionTable::Phase phase_ = ConnectionTable::Phase::idle;
   boost::beast::flat_buffer buffer_;
   std::optional<boost::beast::http::request_parser<boost::beast::http::string_body>> parser_;
+
+  boost::asio::steady_timer rateTimer_;
+  bool watchesRate_ = false;
+  unsigned looksInWindow_ = 0;
+  std::uint64_t writtenBytes_ = 0;
+  std::uint64_t takenBefore_ = 0;  // by the client, at the last look
+  std::uint64_t takenAtWindowStart_ = 0;
 };
 
 }  // namespace orivanta::server

@@ -2,8 +2,11 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <boost/asio/post.hpp>
 #include <boost/asio/strand.hpp>
+#include <new>
+#include <stdexcept>
 #include <system_error>
 #include <utility>
 
@@ -20,27 +23,42 @@ asio::ip::address addressOf(const std::string& text) {
   return text == "localhost" ? asio::ip::address_v4::loopback() : asio::ip::make_address(text);
 }
 
+// The IPv4 address that an IPv6 address stands for, else the address itself.
+asio::ip::address plainAddress(const asio::ip::address& address) {
+  if (!address.is_v6() || !address.to_v6().is_v4_mapped()) return address;
+  return asio::ip::make_address_v4(asio::ip::v4_mapped, address.to_v6());
+}
+
+asio::ip::address proxyAddress(const std::string& text) {
+  boost::system::error_code error;
+  const auto address = asio::ip::make_address(text, error);
+  if (error) throw std::invalid_argument(fmt::format("\"{}\" is not an IP address", text));
+  return plainAddress(address);
+}
+
 }  // namespace
 
 Listener::Listener(asio::io_context& context, Options options)
     : context_(context),
-      options_(std::move(options)),
+      limits_(options.limits),
       acceptor_(asio::make_strand(context)),
       retry_(acceptor_.get_executor()) {
+  for (const std::string& proxy : options.trustedProxies)
+    trustedProxies_.push_back(proxyAddress(proxy));
   try {
-    const tcp::endpoint endpoint(addressOf(options_.address), options_.port);
+    const tcp::endpoint endpoint(addressOf(options.address), options.port);
     acceptor_.open(endpoint.protocol());
     acceptor_.set_option(asio::socket_base::reuse_address(true));
     acceptor_.bind(endpoint);
     acceptor_.listen();
   } catch (const boost::system::system_error& error) {
     throw std::system_error(
-        error.code(), fmt::format("cannot listen on {} port {}", options_.address, options_.port));
+        error.code(), fmt::format("cannot listen on {} port {}", options.address, options.port));
   }
 }
 
-void Listener::start(Router& router) {
-  router_ = &router;
+void Listener::start(RequestHandler handler) {
+  shared_ = std::make_shared<ServerContext>(std::move(handler), limits_);
   asio::post(acceptor_.get_executor(), [self = shared_from_this()] { self->accept(); });
 }
 
@@ -48,34 +66,45 @@ void Listener::accept() {
   acceptor_.async_accept(
       asio::make_strand(context_),
       [self = shared_from_this()](const boost::system::error_code& error, tcp::socket socket) {
-        error ? self->acceptLater() : self->accepted(std::move(socket));
+        if (error) return self->acceptLater();
+        self->waiting_ = std::move(socket);
+        self->admitWaiting();
       });
 }
 
-void Listener::accepted(tcp::socket socket) {
-  boost::system::error_code ignored;
-  socket.set_option(tcp::no_delay(true), ignored);
-  ++connections_;
-  const auto closed = [weak = weak_from_this()] {
-    const auto self = weak.lock();
-    if (self && !self->stopping_)
-      asio::post(self->acceptor_.get_executor(), [self] { self->connectionClosed(); });
-  };
-  std::make_shared<HttpConnection>(std::move(socket), *router_, options_.idleTimeout, closed)
-      ->start();
-  if (connections_ < options_.maximumConnections) accept();
+void Listener::admitWaiting() {
+  if (!shared_->table.makeRoom(std::chrono::steady_clock::now()))
+    return callLater(std::chrono::milliseconds(10), &Listener::admitWaiting);
+  try {
+    tcp::socket socket = *std::exchange(waiting_, std::nullopt);
+    boost::system::error_code ignored;
+    socket.set_option(tcp::no_delay(true), ignored);
+    const bool trusted = isTrusted(socket);
+    std::make_shared<HttpConnection>(std::move(socket), shared_, trusted)->start();
+    accept();
+  } catch (const std::bad_alloc&) {
+    acceptLater();
+  }
 }
 
-void Listener::connectionClosed() {
-  if (connections_-- == options_.maximumConnections) accept();
-}
-
-// Out of descriptors, say: nothing is won by asking again at once.
+// Out of descriptors, for example: somebody has to go, and trying again at once is of no use.
 void Listener::acceptLater() {
-  retry_.expires_after(std::chrono::milliseconds(100));
-  retry_.async_wait([self = shared_from_this()](const boost::system::error_code& error) {
-    if (!error) self->accept();
+  shared_->table.closeOne(std::chrono::steady_clock::now());
+  callLater(std::chrono::milliseconds(100), &Listener::accept);
+}
+
+void Listener::callLater(std::chrono::milliseconds delay, void (Listener::*step)()) {
+  retry_.expires_after(delay);
+  retry_.async_wait([self = shared_from_this(), step](const boost::system::error_code& error) {
+    if (!error) (self.get()->*step)();
   });
+}
+
+bool Listener::isTrusted(const tcp::socket& socket) const {
+  boost::system::error_code error;
+  const auto peer = plainAddress(socket.remote_endpoint(error).address());
+  return !error &&
+         std::find(trustedProxies_.begin(), trustedProxies_.end(), peer) != trustedProxies_.end();
 }
 
 }  // namespace orivanta::server

@@ -27,6 +27,12 @@ Response errorResponse(unsigned status, std::string_view message) {
   return response;
 }
 
+Response unavailableResponse(std::string_view message) {
+  Response response = errorResponse(503, message);
+  response.headers.emplace_back("Retry-After", "1");
+  return response;
+}
+
 Response representationResponse(const Request& request,
                                 const std::shared_ptr<const Representation>& representation,
                                 std::string_view contentType, std::string_view vary) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,6 +24,9 @@ struct Request {
   std::string acceptEncoding{};
   std::string acceptLanguage{};
   std::string ifNoneMatch{};
+  /// X-Forwarded-Proto and X-Forwarded-Host. Filled only if a trusted proxy sent the request.
+  std::string forwardedProtocol{};
+  std::string forwardedHost{};
 };
 
 /// The bytes that stand for a resource under some request, ready to be sent.
@@ -44,8 +48,15 @@ struct Response {
   std::uint64_t contentLength() const;
 };
 
+/// Answers a request. Called by several threads at once. May throw: the client gets a status of
+/// 500.
+using RequestHandler = std::function<Response(const Request&)>;
+
 /// An answer whose body is {"error": {"status": ..., "message": ...}}.
 Response errorResponse(unsigned status, std::string_view message);
+
+/// 503: the server lacks something for the moment, and the client may ask again in a second.
+Response unavailableResponse(std::string_view message);
 
 /// 200 with the representation, or 304 when the request names its entity tag.
 Response representationResponse(const Request& request,

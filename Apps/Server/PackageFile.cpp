@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <boost/algorithm/string/predicate.hpp>
+#include <cerrno>
 #include <utility>
 
 namespace orivanta::server {
@@ -30,19 +31,32 @@ bool liesBelow(const fs::path& file, const fs::path& folder) {
                      [](const fs::path& part) { return isServed(part.string()); });
 }
 
+// The error if it does not tell whether the file exists, else none.
+std::error_code shortageOf(const std::error_code& error) {
+  for (const std::errc lack :
+       {std::errc::too_many_files_open, std::errc::too_many_files_open_in_system,
+        std::errc::not_enough_memory})
+    if (error == lack) return error;
+  return {};
+}
+
 }  // namespace
 
 std::optional<PackageFile> PackageFile::open(const fs::path& folder,
-                                             const std::vector<std::string>& segments) {
+                                             const std::vector<std::string>& segments,
+                                             std::error_code& shortage) {
+  shortage.clear();
   if (segments.empty() || !std::all_of(segments.begin(), segments.end(), isServed))
     return std::nullopt;
   fs::path named = folder;
   for (const std::string& segment : segments) named /= segment;
   std::error_code error;
   const fs::path path = fs::canonical(named, error);
+  shortage = shortageOf(error);
   if (error || !liesBelow(path, folder)) return std::nullopt;
   // Without O_NONBLOCK a named pipe would hold the thread until somebody writes to it.
   PackageFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+  if (file.descriptor_ < 0) shortage = shortageOf({errno, std::generic_category()});
   struct stat status {};
   if (file.descriptor_ < 0 || ::fstat(file.descriptor_, &status) != 0 || !S_ISREG(status.st_mode))
     return std::nullopt;
@@ -53,7 +67,9 @@ std::optional<PackageFile> PackageFile::open(const fs::path& folder,
 }
 
 PackageFile::PackageFile(PackageFile&& other) noexcept
-    : descriptor_(other.release()), size_(other.size_), version_(std::move(other.version_)) {}
+    : descriptor_(std::exchange(other.descriptor_, -1)),
+      size_(other.size_),
+      version_(std::move(other.version_)) {}
 
 PackageFile& PackageFile::operator=(PackageFile&& other) noexcept {
   std::swap(descriptor_, other.descriptor_);
@@ -66,20 +82,12 @@ PackageFile::~PackageFile() {
   if (descriptor_ >= 0) ::close(descriptor_);
 }
 
-std::string PackageFile::read() const {
-  std::string bytes(size_, '\0');
-  std::size_t count = 0;
-  while (count < bytes.size()) {
-    const ssize_t got =
-        ::pread(descriptor_, bytes.data() + count, bytes.size() - count, static_cast<off_t>(count));
-    if (got <= 0) break;
-    count += static_cast<std::size_t>(got);
-  }
-  bytes.resize(count);
-  return bytes;
+std::size_t PackageFile::read(std::uint64_t position, char* bytes, std::size_t count) const {
+  if (position >= size_) return 0;
+  count = static_cast<std::size_t>(std::min<std::uint64_t>(count, size_ - position));
+  const ssize_t got = ::pread(descriptor_, bytes, count, static_cast<off_t>(position));
+  return got > 0 ? static_cast<std::size_t>(got) : 0;
 }
-
-int PackageFile::release() { return std::exchange(descriptor_, -1); }
 
 MediaType mediaTypeOf(std::string_view fileName) {
   struct Row {

@@ -35,19 +35,17 @@ std::optional<Paging> Paging::parse(const Target& target, std::size_t recordCoun
   return paging;
 }
 
-std::string linkHeader(std::string_view origin, const Target& target, const Paging& paging) {
+std::string linkHeader(std::string_view origin, const Target& target, std::string_view query,
+                       const Paging& paging) {
   std::string url(origin);
   for (const std::string& segment : target.path) url += '/' + percentEncoded(segment);
-  char separator = '?';
-  for (const auto& [name, value] : target.query) {
-    if (name == "page") continue;
-    url += separator + percentEncoded(name) + '=' + percentEncoded(value);
-    separator = '&';
-  }
+  url += '?';
+  if (!query.empty()) url += fmt::format("{}&", query);
+  if (target.queryValue("per-page")) url += fmt::format("per-page={}&", paging.pageSize);
   std::string header;
   const auto add = [&](std::size_t page, std::string_view relation) {
     if (!header.empty()) header += ", ";
-    header += fmt::format("<{}{}page={}>; rel=\"{}\"", url, separator, page, relation);
+    header += fmt::format("<{}page={}>; rel=\"{}\"", url, page, relation);
   };
   if (paging.page < paging.pageCount) add(paging.page + 1, "next");
   if (paging.page > 1) add(paging.page - 1, "prev");

@@ -27,7 +27,10 @@ struct Paging {
 };
 
 /// The value of a Link header (RFC 8288) with absolute URLs of the next, previous, first and last
-/// page, each for this target with all of its query. No URL holds a comma or a semicolon.
-std::string linkHeader(std::string_view origin, const Target& target, const Paging& paging);
+/// page at the target's path. Their query is `query`, encoded and without "?", the page size if the
+/// target names one, and the page: what else a client sends could make the header too long. No URL
+/// holds a comma or a semicolon if `query` holds none.
+std::string linkHeader(std::string_view origin, const Target& target, std::string_view query,
+                       const Paging& paging);
 
 }  // namespace orivanta::server

@@ -4,6 +4,9 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
+#include <boost/algorithm/string/predicate.hpp>
+#include <stdexcept>
+#include <system_error>
 #include <utility>
 
 #include "Apps/Server/ContentNegotiation.hpp"
@@ -15,10 +18,12 @@ namespace orivanta::server {
 namespace {
 
 constexpr std::size_t cacheBytes = 64U << 20U;
+// Slow clients could hold as many pages as there are connections.
+constexpr std::size_t mostBytesInUse = 256U << 20U;
 // Smaller texts do not shrink enough to be worth it.
 constexpr std::size_t smallestCompressed = 1024;
-// Larger files are sent straight from the disk.
-constexpr std::size_t largestInMemory = 32U << 20U;
+// Larger files are not compressed: the result is kept in memory.
+constexpr std::size_t largestCompressed = 32U << 20U;
 
 // The languages of the collection that the client reads, best first.
 std::vector<RecordCollection::Language> preferredLanguages(const Request& request,
@@ -38,26 +43,41 @@ bool isCollectionName(std::string_view name) {
   return std::find(collectionNames.begin(), collectionNames.end(), name) != collectionNames.end();
 }
 
-Representation represented(std::string body, bool gzipAccepted, std::string entityTag) {
-  Representation representation{std::move(body), std::move(entityTag)};
-  if (!gzipAccepted || representation.body.size() < smallestCompressed) return representation;
-  representation.body = gzipped(representation.body);
-  representation.entityTag.insert(representation.entityTag.size() - 1, "-gzip");
-  representation.gzip = true;
-  return representation;
+std::string gzipTag(std::string entityTag) {
+  return entityTag.insert(entityTag.size() - 1, "-gzip");
 }
 
 Representation represented(std::string body, bool gzipAccepted) {
   std::string entityTag = entityTagOf(body);
-  return represented(std::move(body), gzipAccepted, std::move(entityTag));
+  if (!gzipAccepted || body.size() < smallestCompressed) return {std::move(body), entityTag};
+  return {gzipped(body), gzipTag(std::move(entityTag)), true};
+}
+
+std::string tagOf(const PackageFile& file) { return fmt::format("\"{}\"", file.version()); }
+
+std::string gzippedFile(const PackageFile& file) {
+  std::uint64_t position = 0;
+  std::string bytes = gzipped([&](char* chunk, std::size_t count) {
+    const std::size_t read = file.read(position, chunk, count);
+    position += read;
+    return read;
+  });
+  if (position < file.size()) throw std::runtime_error("the file has become shorter");
+  return bytes;
+}
+
+// The last element of a header: what the proxy itself has added if it keeps what it got.
+std::string_view lastOf(std::string_view list) {
+  const std::size_t start = list.find_last_of(", \t");
+  return list.substr(start == std::string_view::npos ? 0 : start + 1);
 }
 
 }  // namespace
 
 Router::Router(std::vector<VenuePackage> packages, Options options)
-    : packages_(std::move(packages)), options_(std::move(options)), cache_(cacheBytes) {
-  for (const VenuePackage& package : packages_) venues_.append(package.venue, package.filesPath());
-}
+    : options_(std::move(options)),
+      packages_(std::move(packages), options_.packageCheckInterval, options_.report),
+      cache_(cacheBytes, mostBytesInUse) {}
 
 Response Router::respond(const Request& request) {
   Response response;
@@ -79,26 +99,33 @@ Response Router::respondToAdmitted(const Request& request) {
   }
   const auto target = parseTarget(request.target);
   if (!target) return errorResponse(400, "The target of the request is malformed.");
+  const auto packages = packages_.current();
   const auto& path = target->path;
   if (path.size() == 2 && path[0] == "1" && path[1] == "venue")
-    return page(request, *target, venues_);
+    return page(request, *target,
+                {fmt::format("venues {}", packages->number), {}, packages->venues});
   if (path.size() == 2 && path[0] == "1" && isCollectionName(path[1]))
-    return collection(request, *target);
-  if (path.size() > 3 && path[0] == "1" && path[1] == "files") return file(request, *target);
+    return collection(request, *target, *packages);
+  if (path.size() > 3 && path[0] == "1" && path[1] == "files")
+    return file(request, *target, *packages);
   return errorResponse(404, "There is nothing here; the venues are at /1/venue.");
 }
 
-Response Router::collection(const Request& request, const Target& target) {
+Response Router::collection(const Request& request, const Target& target,
+                            const PackageSet& packages) {
   const auto slug = target.queryValue("venue");
   if (!slug) return errorResponse(400, "The query names no venue (venue=SLUG).");
-  const VenuePackage* venue = package(*slug);
+  const VenuePackage* venue = packages.package(*slug);
   if (venue == nullptr)
     return errorResponse(404, fmt::format("There is no venue \"{}\".", percentEncoded(*slug)));
-  return page(request, target, *venue->collection(target.path[1]));
+  const std::string& name = target.path[1];
+  return page(request, target,
+              {fmt::format("{} {}", name, venue->number), "venue=" + percentEncoded(*slug),
+               *venue->collection(name)});
 }
 
-Response Router::page(const Request& request, const Target& target,
-                      const RecordCollection& records) {
+Response Router::page(const Request& request, const Target& target, const Paged& paged) {
+  const RecordCollection& records = paged.records;
   const auto paging = Paging::parse(target, records.size(), options_.pageSize, largestPageSize);
   if (!paging) return errorResponse(400, "page and per-page are numbers from 1 on.");
   if (paging->page > paging->pageCount)
@@ -106,47 +133,57 @@ Response Router::page(const Request& request, const Target& target,
   const std::string origin = originFor(request);
   const auto languages = preferredLanguages(request, records);
   const bool gzip = acceptsGzip(request.acceptEncoding);
-  const auto key = fmt::format("{} {} {} {} {} {}", fmt::ptr(&records), paging->page,
-                               paging->pageSize, origin, gzip, fmt::join(languages, " "));
+  const auto key = fmt::format("{} {} {} {} {} {}", paged.key, paging->page, paging->pageSize,
+                               origin, gzip, fmt::join(languages, " "));
   const auto representation = cache_.get(key, [&] {
     return represented(records.page(paging->firstRecord(), paging->pageSize, origin, languages),
                        gzip);
   });
+  if (!representation) return unavailableResponse("Too many pages are being sent.");
   Response response = representationResponse(request, representation, "application/json",
                                              "Accept-Encoding, Accept-Language");
-  response.headers.emplace_back("Link", linkHeader(origin, target, *paging));
+  response.headers.emplace_back("Link", linkHeader(origin, target, paged.query, *paging));
   return response;
 }
 
-Response Router::file(const Request& request, const Target& target) {
-  const VenuePackage* venue = package(target.path[2]);
+Response Router::file(const Request& request, const Target& target, const PackageSet& packages) {
+  const VenuePackage* venue = packages.package(target.path[2]);
   const std::vector<std::string> segments(target.path.begin() + 3, target.path.end());
-  auto opened = venue == nullptr ? std::nullopt : PackageFile::open(venue->folder, segments);
+  if (venue == nullptr) return errorResponse(404, "There is no such file.");
+  std::error_code shortage;
+  auto opened = PackageFile::open(venue->folder, segments, shortage);
+  if (shortage) return unavailableResponse("The file cannot be opened now.");
   if (!opened) return errorResponse(404, "There is no such file.");
   const MediaType type = mediaTypeOf(segments.back());
-  const std::string entityTag = fmt::format("\"{}\"", opened->version());
-  if (type.isText && opened->size() <= largestInMemory) {
-    const bool gzip = acceptsGzip(request.acceptEncoding);
-    const auto key = fmt::format("{} {} {}", opened->version(), venue->slug, gzip);
-    const auto representation =
-        cache_.get(key, [&] { return represented(opened->read(), gzip, entityTag); });
-    return representationResponse(request, representation, type.name, "Accept-Encoding");
-  }
-  const auto unread = std::make_shared<const Representation>(Representation{{}, entityTag});
-  Response response = representationResponse(request, unread, type.name, {});
+  if (type.isText && acceptsGzip(request.acceptEncoding))
+    if (const auto compressed = compressedFile(*opened))
+      return representationResponse(request, compressed, type.name, "Accept-Encoding");
+  const auto unread = std::make_shared<const Representation>(Representation{{}, tagOf(*opened)});
+  Response response =
+      representationResponse(request, unread, type.name, type.isText ? "Accept-Encoding" : "");
   response.text = nullptr;
   if (response.status == 200) response.file = std::move(opened);
   return response;
 }
 
-const VenuePackage* Router::package(std::string_view slug) const {
-  const auto named = [&](const VenuePackage& package) { return package.slug == slug; };
-  const auto entry = std::find_if(packages_.begin(), packages_.end(), named);
-  return entry == packages_.end() ? nullptr : &*entry;
+// Null for a file that is better sent as it is: one that is being compressed for another client is
+// not waited for, as that would keep a thread from all other clients.
+std::shared_ptr<const Representation> Router::compressedFile(const PackageFile& file) {
+  if (file.size() < smallestCompressed || file.size() > largestCompressed) return nullptr;
+  const std::string entityTag = gzipTag(tagOf(file));
+  return cache_.getWithoutWaiting("file " + entityTag, [&] {
+    return Representation{gzippedFile(file), entityTag, true};
+  });
 }
 
 std::string Router::originFor(const Request& request) const {
-  return isHost(request.host) ? "http://" + request.host : options_.origin;
+  if (options_.publicOrigin) return *options_.publicOrigin;
+  const std::string_view protocol = lastOf(request.forwardedProtocol);
+  const std::string_view forwarded = lastOf(request.forwardedHost);
+  const std::string_view host = isHost(forwarded) ? forwarded : std::string_view(request.host);
+  const bool isSecure = boost::algorithm::iequals(protocol, "https");
+  if (!isHost(host)) return options_.origin;
+  return fmt::format("{}://{}", isSecure ? "https" : "http", host);
 }
 
 }  // namespace orivanta::server

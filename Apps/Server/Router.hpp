@@ -1,7 +1,10 @@
 // From a request to its response: the web API's paths, without connections.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +12,7 @@
 
 #include "Apps/Server/Credentials.hpp"
 #include "Apps/Server/Message.hpp"
+#include "Apps/Server/PackageStore.hpp"
 #include "Apps/Server/RepresentationCache.hpp"
 #include "Apps/Server/UrlText.hpp"
 #include "Apps/Server/VenuePackage.hpp"
@@ -23,14 +27,19 @@ namespace orivanta::server {
 /// - `/1/files/SLUG/...`: the files of a package.
 ///
 /// Collections come in pages; `page` (from 1) and `per-page` choose one, and a `Link` header names
-/// the others. References of records to files are absolute URLs in them, below the host that the
-/// client asked. Everything else is answered with an error as JSON.
+/// the others. References of records to files are absolute URLs in them, below the origin that is
+/// set, else the one that a trusted proxy names, else the host that the client asked. Everything
+/// else is answered with an error as JSON. Files are opened for every request; packages are read
+/// anew when they were replaced.
 class Router {
  public:
   struct Options {
     std::string origin;  ///< stands for the host when a request names none: "http://127.0.0.1:80"
     std::size_t pageSize = 100;
-    std::optional<Credentials> credentials;  ///< when set, nothing is served without them
+    std::optional<Credentials> credentials;        ///< when set, nothing is served without them
+    std::optional<std::string> publicOrigin = {};  ///< when set, stands in all URLs
+    std::chrono::milliseconds packageCheckInterval = std::chrono::seconds(1);
+    std::function<void(const std::string&)> report = nullptr;  ///< see `PackageStore`
   };
   static constexpr std::size_t largestPageSize = 10'000;
 
@@ -40,16 +49,21 @@ class Router {
   Response respond(const Request& request);
 
  private:
+  struct Paged {
+    std::string key;    // differs from that of all other collections
+    std::string query;  // that leads to the collection, encoded
+    const RecordCollection& records;
+  };
+
   Response respondToAdmitted(const Request& request);
-  Response collection(const Request& request, const Target& target);
-  Response page(const Request& request, const Target& target, const RecordCollection& records);
-  Response file(const Request& request, const Target& target);
-  const VenuePackage* package(std::string_view slug) const;
+  Response collection(const Request& request, const Target& target, const PackageSet& packages);
+  Response page(const Request& request, const Target& target, const Paged& paged);
+  Response file(const Request& request, const Target& target, const PackageSet& packages);
+  std::shared_ptr<const Representation> compressedFile(const PackageFile& file);
   std::string originFor(const Request& request) const;
 
-  std::vector<VenuePackage> packages_;
   Options options_;
-  RecordCollection venues_;
+  PackageStore packages_;
   RepresentationCache cache_;
 };
 

@@ -178,6 +178,12 @@ bool isHost(std::string_view text) {
                           std::all_of(port.begin() + 1, port.end(), isDigit));
 }
 
+bool isOrigin(std::string_view text) {
+  for (const std::string_view scheme : {"http://", "https://"})
+    if (text.starts_with(scheme)) return isHost(text.substr(scheme.size()));
+  return false;
+}
+
 std::optional<std::string> pathInPackage(std::string_view reference) {
   static constexpr std::string_view keptInQuery = "!$&'()*+,;=:@/?";
   if (hasScheme(reference) || reference.starts_with("//")) return std::nullopt;

@@ -31,6 +31,9 @@ std::optional<Target> parseTarget(std::string_view text);
 /// Whether a Host header's value is a host name or an IP address, maybe with a port.
 bool isHost(std::string_view text);
 
+/// Whether a text is "http://" or "https://" and a host, maybe with a port, and nothing else.
+bool isOrigin(std::string_view text);
+
 /// The path within its package that a relative reference of a record means, percent-encoded and
 /// without dot segments: "images/a b.png" gives "images/a%20b.png". A slash at the start means the
 /// package's own folder. Nothing for an absolute URL, one that names another host, one that leads

@@ -1,8 +1,10 @@
 #include "Apps/Server/VenuePackage.hpp"
 
 #include <fmt/format.h>
+#include <sys/stat.h>
 
 #include <algorithm>
+#include <atomic>
 #include <boost/json/object.hpp>
 #include <boost/json/parser.hpp>
 #include <fstream>
@@ -114,13 +116,32 @@ const RecordCollection* VenuePackage::collection(std::string_view name) const {
 }
 
 VenuePackage readPackage(const fs::path& folder) {
+  static std::atomic<std::uint64_t> lastNumber = 0;
   VenuePackage package;
+  package.number = ++lastNumber;
+  package.source = folder;
+  package.version = packageVersion(folder);  // first: what changes from now on is noticed later
   package.folder = fs::canonical(folder);
   readVenue(folder / "venue.json", package);
   for (std::size_t index = 0; index < collectionNames.size(); ++index)
     readCollection(folder / fmt::format("{}.json", collectionNames[index]), package.filesPath(),
                    package.collections[index]);
   return package;
+}
+
+std::string packageVersion(const fs::path& folder) {
+  std::string version;
+  const auto add = [&](const std::string& name) {
+    struct stat status {};
+    if (::stat((folder / name).c_str(), &status) != 0) return false;
+    version += fmt::format("{:x}-{:x}-{:x}-{:x}.{:x} ", status.st_dev, status.st_ino,
+                           status.st_size, status.st_ctim.tv_sec, status.st_ctim.tv_nsec);
+    return true;
+  };
+  bool isComplete = add("venue.json");
+  for (const std::string_view name : collectionNames)
+    isComplete = isComplete && add(fmt::format("{}.json", name));
+  return isComplete ? version : std::string();
 }
 
 std::vector<VenuePackage> readPackages(const std::vector<fs::path>& folders) {

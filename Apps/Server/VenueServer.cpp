@@ -34,9 +34,24 @@ std::optional<Credentials> credentialsOf(const ServerOptions& options) {
 
 const ServerOptions& checked(const ServerOptions& options) {
   if (options.pageSize == 0) throw std::invalid_argument("a page holds at least one record");
-  if (options.maximumConnections == 0)
+  if (options.limits.connections == 0)
     throw std::invalid_argument("at least one connection must be allowed");
+  if (options.origin && !isOrigin(*options.origin))
+    throw std::invalid_argument(fmt::format(
+        "the origin \"{}\" is not of the form http://HOST or https://HOST", *options.origin));
   return options;
+}
+
+// What a handler throws ends no more than its connection.
+void runToTheEnd(boost::asio::io_context& context) {
+  for (;;) {
+    try {
+      context.run();
+      return;
+    } catch (...) {
+      continue;
+    }
+  }
 }
 
 }  // namespace
@@ -47,21 +62,21 @@ class VenueServer::Implementation {
     std::optional<Credentials> credentials = credentialsOf(options);
     std::vector<VenuePackage> packages = readPackages(options.folders);
     listener_ = std::make_shared<Listener>(
-        context_, Listener::Options{options.address, options.port, options.idleTimeout,
-                                    options.maximumConnections});
+        context_,
+        Listener::Options{options.address, options.port, options.limits, options.trustedProxies});
     origin_ = originOf(listener_->endpoint());
     router_.emplace(std::move(packages),
-                    Router::Options{origin_, options.pageSize, std::move(credentials)});
-    listener_->start(*router_);
+                    Router::Options{origin_, options.pageSize, std::move(credentials),
+                                    options.origin, options.packageCheckInterval, options.report});
+    listener_->start([this](const Request& request) { return router_->respond(request); });
     const unsigned threadCount = std::clamp(std::thread::hardware_concurrency(), 2U, 4U);
     for (unsigned count = 0; count < threadCount; ++count)
-      threads_.emplace_back([this] { context_.run(); });
+      threads_.emplace_back([this] { runToTheEnd(context_); });
   }
 
   ~Implementation() {
     context_.stop();
     for (std::thread& thread : threads_) thread.join();
-    listener_->stop();
   }
 
   std::string root() const { return origin_ + "/1/"; }

@@ -163,6 +163,8 @@ TEST_F(Command, RefusesWrongUse) {
       {{"serve", folder, "--port", "66000"}, "--port"},
       {{"serve", folder, "--port", "0", "--page-size", "0"}, "--page-size"},
       {{"serve", folder, "--port", "0", "--username", "me"}, "password"},
+      {{"serve", folder, "--port", "0", "--origin", "maps.example"}, "maps.example"},
+      {{"serve", folder, "--port", "0", "--trusted-proxy", "proxy"}, "proxy"},
   };
   for (const Case& each : cases) {
     const ProgramResult result = run(each.arguments);

@@ -42,8 +42,12 @@ class RawClient {
     return parser.release();
   }
 
-  /// How many bytes have arrived and are not read yet.
-  std::size_t available() const { return socket_.available(); }
+  /// Reads one byte; false when the connection has ended.
+  bool readByte() {
+    char byte = 0;
+    boost::system::error_code error;
+    return socket_.read_some(boost::asio::buffer(&byte, 1), error) == 1;
+  }
 
   /// Everything until the server ends the connection.
   std::string readToEnd() {

@@ -41,7 +41,7 @@ TEST_F(VenueServerTest, ConnectionsAreKeptAndRequestsMayComeInARow) {
   std::string row;
   for (const char* page : {"2", "3", "4", "5", "6"})
     row += requestFor(std::string("/1/node?venue=mall&per-page=1&page=") + page);
-  client.send(row + "HEAD /1/venue HTTP/1.1\r\n\r\n" +
+  client.send(row + "HEAD /1/venue HTTP/1.1\r\nHost: here\r\n\r\n" +
               requestFor("/1/files/mall/maps/floor.obj", "Connection: close\r\n"));
   for (const char* body :
        {R"([{"id":"n2"}])", R"([{"id":"n3"}])", R"([{"id":"n4"}])", R"([{"id":"n5"}])"})
@@ -92,20 +92,30 @@ TEST_F(VenueServerTest, WhatIsNoRequestIsAnsweredAndEndsTheConnection) {
     std::string bytes;
     const char* status;
   };
+  const std::string post = "POST / HTTP/1.1\r\nHost: h\r\n";
+  const std::string other = requestFor("/1/venue");  // which is not to be answered
   const Row rows[] = {
       {"hello\r\n\r\n", "HTTP/1.1 400 "},
       {std::string("\0\xff\x16\x03\x01\r\n\r\n", 9), "HTTP/1.1 400 "},
       {"GET / HTTP/9.9\r\n\r\n", "HTTP/1.1 400 "},
       {"GET /\r\n\r\n", "HTTP/1.1 400 "},
+      {"GET / HTTP/1.1\r\n\r\n" + other, "HTTP/1.1 400 "},
+      {"GET / HTTP/1.1\r\nHost: a\r\nHost: a\r\n\r\n" + other, "HTTP/1.1 400 "},
       {"GET / HTTP/1.1\r\nbad header\r\n\r\n", "HTTP/1.1 400 "},
-      {"GET / HTTP/1.1\r\nContent-Length: x\r\n\r\n", "HTTP/1.1 400 "},
-      {"GET / HTTP/1.1\r\nContent-Length: 1\r\nContent-Length: 2\r\n\r\n", "HTTP/1.1 400 "},
+      {post + "Content-Length: x\r\n\r\n", "HTTP/1.1 400 "},
+      {post + "Content-Length: 1\r\nContent-Length: 2\r\n\r\n", "HTTP/1.1 400 "},
       {"GET / HTTP/1.1\r\nX: " + std::string(100'000, 'x') + "\r\n\r\n", "HTTP/1.1 431 "},
       {"GET /" + std::string(100'000, 'x') + " HTTP/1.1\r\n\r\n", "HTTP/1.1 431 "},
-      {"POST / HTTP/1.1\r\nContent-Length: 99999999999\r\n\r\n", "HTTP/1.1 413 "},
-      {"POST / HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n20000\r\n" + std::string(0x20000, 'x'),
+      {post + "Content-Length: 99999999999\r\n\r\n", "HTTP/1.1 413 "},
+      {post + "Transfer-Encoding: chunked\r\n\r\n20000\r\n" + std::string(0x20000, 'x'),
        "HTTP/1.1 413 "},
-      {"POST / HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\nzz\r\n", "HTTP/1.1 400 "},
+      {post + "Transfer-Encoding: chunked\r\n\r\nzz\r\n", "HTTP/1.1 400 "},
+      {post + "Transfer-Encoding: xchunked\r\n\r\n" + other, "HTTP/1.1 501 "},
+      {post + "Transfer-Encoding: chunked, identity\r\n\r\n" + other, "HTTP/1.1 501 "},
+      {post + "Transfer-Encoding: gzip\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n",
+       "HTTP/1.1 501 "},
+      {post + "Transfer-Encoding: identity\r\nContent-Length: 0\r\n\r\n" + other, "HTTP/1.1 400 "},
+      {"POST / HTTP/1.0\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n", "HTTP/1.1 400 "},
       {"GET / HTT", ""},
       {"", ""},
   };
@@ -117,11 +127,13 @@ TEST_F(VenueServerTest, WhatIsNoRequestIsAnsweredAndEndsTheConnection) {
     const std::string answer = client.readToEnd();
     EXPECT_THAT(answer, StartsWith(row.status)) << row.bytes.substr(0, 60);
     EXPECT_EQ(answer.empty(), *row.status == '\0') << answer;
+    EXPECT_EQ(answer.rfind("HTTP/1.1 "), answer.find("HTTP/1.1 ")) << row.bytes.substr(0, 60);
   }
   RawClient client(server.root());
-  client.send("POST /1/venue HTTP/1.1\r\nContent-Length: 3\r\n\r\nabc" + requestFor("/1/venue"));
-  EXPECT_EQ(client.read().result_int(), 405U);
-  EXPECT_EQ(client.read().result_int(), 200U);  // the body was not taken for a request
+  client.send(post + "Content-Length: 3\r\n\r\nabc" + post +
+              "Transfer-Encoding: CHUNKED\r\n\r\n3\r\nabc\r\n0\r\n\r\n" + other);
+  for (const unsigned status : {405U, 405U, 200U})  // bodies are not taken for requests
+    EXPECT_EQ(client.read().result_int(), status);
 }
 
 TEST_F(VenueServerTest, ManyClientsAtOnceGetTheirOwnAnswers) {
@@ -141,42 +153,61 @@ TEST_F(VenueServerTest, ManyClientsAtOnceGetTheirOwnAnswers) {
 }
 
 TEST_F(VenueServerTest, SilentClientsAreSentAway) {
-  options_.idleTimeout = milliseconds(50);
+  options_.limits.requestTime = milliseconds(50);
   const VenueServer server(options_);
-  for (const char* bytes : {"", "GET /1/venue HTTP/1.1\r\nX:"}) {
+  for (const char* bytes : {"", "GET /1/venue HTTP/1.1\r\nX:",
+                            "POST / HTTP/1.1\r\nHost: h\r\nContent-Length: 9\r\n\r\n"}) {
     RawClient client(server.root());
     client.send(bytes);
     EXPECT_THAT(client.readToEnd(), IsEmpty());
   }
+  options_.limits = {};
+  options_.limits.idleTime = milliseconds(50);
+  const VenueServer other(options_);
+  RawClient client(other.root());
+  client.send(requestFor("/1/venue"));
+  EXPECT_EQ(client.read().result_int(), 200U);
+  EXPECT_THAT(client.readToEnd(), IsEmpty());
 }
 
-TEST_F(VenueServerTest, ClientsBeyondTheLimitWaitForTheirTurn) {
-  options_.maximumConnections = 1;
+TEST_F(VenueServerTest, SlowReadersAreCutOff) {
+  root_.write("mall/images/large.png", std::string(20'000'000, 'x'));
+  options_.limits.rateWindow = milliseconds(80);
+  options_.limits.lowestRate = 1'000'000'000;
   const VenueServer server(options_);
-  auto first = std::make_unique<RawClient>(server.root());
-  first->send(requestFor("/1/venue"));
-  EXPECT_EQ(first->read().result_int(), 200U);
-  RawClient second(server.root());
-  second.send(requestFor("/1/venue"));
-  for (int round = 0; round < 50; ++round) {
-    first->send(requestFor("/1/venue"));
-    EXPECT_EQ(first->read().result_int(), 200U);
+  RawClient client(server.root());
+  client.send(requestFor("/1/files/mall/images/large.png"));
+  std::size_t count = 0;
+  while (client.readByte()) ++count;
+  EXPECT_LT(count, 20'000'000U);
+}
+
+TEST_F(VenueServerTest, SilentClientsMakeRoomForNewOnes) {
+  options_.limits.connections = 3;
+  const VenueServer server(options_);
+  std::vector<std::unique_ptr<RawClient>> silent;
+  for (int number = 0; number < 20; ++number) {
+    silent.push_back(std::make_unique<RawClient>(server.root()));
+    silent.back()->send("GET /1/venue HTTP/1.1\r\n");
   }
-  EXPECT_EQ(second.available(), 0U);
-  first.reset();
-  EXPECT_EQ(second.read().result_int(), 200U);
+  RawClient client(server.root());
+  client.send(requestFor("/1/venue"));
+  EXPECT_EQ(client.read().result_int(), 200U);
+  for (std::size_t number = 0; number < 18; ++number)
+    EXPECT_THAT(silent[number]->readToEnd(), IsEmpty());
 }
 
-TEST_F(VenueServerTest, EveryConnectionThatEndsMakesRoomForTheNext) {
-  options_.maximumConnections = 1;
-  const VenueServer server(options_);
-  auto first = std::make_unique<RawClient>(server.root());
-  for (int turn = 0; turn < 3; ++turn) {
-    auto next = std::make_unique<RawClient>(server.root());
-    next->send(requestFor("/1/venue"));
-    first.reset();
-    EXPECT_EQ(next->read().result_int(), 200U);
-    first = std::move(next);
+TEST_F(VenueServerTest, ForwardedOriginsCountFromTrustedProxiesOnly) {
+  const std::string request = requestFor("/1/venue", "X-Forwarded-Proto: https\r\n");
+  for (const auto& [proxies, link] : std::vector<std::pair<std::vector<std::string>, const char*>>{
+           {{}, "<http://here/"},
+           {{"127.0.0.2", "::1"}, "<http://here/"},
+           {{"10.0.0.1", "::ffff:127.0.0.1"}, "<https://here/"}}) {
+    options_.trustedProxies = proxies;
+    const VenueServer server(options_);
+    RawClient client(server.root());
+    client.send(request);
+    EXPECT_THAT(std::string(client.read()["Link"]), StartsWith(link));
   }
 }
 
@@ -216,18 +247,21 @@ TEST_F(VenueServerTest, AddressesAndPorts) {
 }
 
 TEST_F(VenueServerTest, ContradictoryOptionsAreRefused) {
-  ServerOptions half = options_;
-  half.username = "user";
-  EXPECT_THROW(VenueServer{half}, std::invalid_argument);
-  ServerOptions empty = options_;
-  empty.pageSize = 0;
-  EXPECT_THROW(VenueServer{empty}, std::invalid_argument);
-  ServerOptions closed = options_;
-  closed.maximumConnections = 0;
-  EXPECT_THROW(VenueServer{closed}, std::invalid_argument);
-  ServerOptions elsewhere = options_;
-  elsewhere.folders = {root_.path() / "none"};
-  EXPECT_THROW(VenueServer{elsewhere}, PackageError);
+  const std::function<void(ServerOptions&)> faults[] = {
+      [](ServerOptions& options) { options.username = "user"; },
+      [](ServerOptions& options) { options.pageSize = 0; },
+      [](ServerOptions& options) { options.limits.connections = 0; },
+      [](ServerOptions& options) { options.origin = "maps.example"; },
+      [](ServerOptions& options) { options.origin = "https://maps.example/path"; },
+      [](ServerOptions& options) { options.trustedProxies = {"localhost"}; },
+  };
+  for (const auto& fault : faults) {
+    ServerOptions options = options_;
+    fault(options);
+    EXPECT_THROW(VenueServer{options}, std::invalid_argument) << &fault - faults;
+  }
+  options_.folders = {root_.path() / "none"};
+  EXPECT_THROW(VenueServer{options_}, PackageError);
 }
 
 }  // namespace

@@ -1,0 +1,89 @@
+#include "Apps/Server/PackageStore.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <exception>
+#include <new>
+#include <utility>
+
+#include "Apps/Server/PackageError.hpp"
+
+namespace orivanta::server {
+
+PackageSet::PackageSet(std::vector<std::shared_ptr<const VenuePackage>> all)
+    : packages(std::move(all)) {
+  for (const auto& package : packages) {
+    venues.append(package->venue, package->filesPath());
+    number = std::max(number, package->number);
+  }
+}
+
+const VenuePackage* PackageSet::package(std::string_view slug) const {
+  for (const auto& package : packages)
+    if (package->slug == slug) return package.get();
+  return nullptr;
+}
+
+PackageStore::PackageStore(std::vector<VenuePackage> packages,
+                           std::chrono::milliseconds checkInterval,
+                           std::function<void(const std::string&)> report)
+    : checkInterval_(checkInterval),
+      report_(std::move(report)),
+      nextCheck_(std::chrono::steady_clock::now() + checkInterval) {
+  std::vector<std::shared_ptr<const VenuePackage>> all;
+  for (VenuePackage& package : packages) {
+    seenVersions_.push_back(package.version);
+    all.push_back(std::make_shared<const VenuePackage>(std::move(package)));
+  }
+  current_ = std::make_shared<const PackageSet>(std::move(all));
+}
+
+std::shared_ptr<const PackageSet> PackageStore::current() {
+  std::unique_lock lock(mutex_);
+  if (isChecking_ || std::chrono::steady_clock::now() < nextCheck_) return current_;
+  isChecking_ = true;
+  const auto old = current_;
+  lock.unlock();
+  auto replaced = refreshed(*old);
+  lock.lock();
+  isChecking_ = false;
+  nextCheck_ = std::chrono::steady_clock::now() + checkInterval_;
+  if (replaced) current_ = std::move(replaced);
+  return current_;
+}
+
+// Null when no package was replaced. Throws nothing.
+std::shared_ptr<const PackageSet> PackageStore::refreshed(const PackageSet& old) try {
+  auto packages = old.packages;
+  for (std::size_t index = 0; index < packages.size(); ++index)
+    if (auto package = replacement(old, index)) packages[index] = std::move(package);
+  if (packages == old.packages) return nullptr;
+  return std::make_shared<const PackageSet>(std::move(packages));
+} catch (const std::bad_alloc&) {
+  return nullptr;
+}
+
+// Null when the package is what it was, or cannot take the place of the old one.
+std::shared_ptr<const VenuePackage> PackageStore::replacement(const PackageSet& old,
+                                                              std::size_t index) {
+  const VenuePackage& before = *old.packages[index];
+  std::string version = packageVersion(before.source);
+  if (version.empty() || version == seenVersions_[index]) return nullptr;
+  seenVersions_[index] = std::move(version);
+  try {
+    auto package = std::make_shared<const VenuePackage>(readPackage(before.source));
+    const VenuePackage* namesake = old.package(package->slug);
+    if (namesake != nullptr && namesake != &before)
+      throw PackageError(fmt::format("{}: the slug \"{}\" is also that of {}",
+                                     before.source.string(), package->slug,
+                                     namesake->source.string()));
+    if (report_) report_(fmt::format("{}: the package was read again", before.source.string()));
+    return package;
+  } catch (const std::exception& error) {
+    if (report_) report_(fmt::format("{}; the package stays as it was", error.what()));
+    return nullptr;
+  }
+}
+
+}  // namespace orivanta::server

@@ -1,0 +1,45 @@
+#include "Apps/Server/ConnectionTable.hpp"
+
+#include <gmock/gmock.h>
+
+namespace orivanta::server {
+namespace {
+
+using Phase = ConnectionTable::Phase;
+using std::chrono::milliseconds;
+using testing::ElementsAre;
+
+TEST(ConnectionTable, ClosesTheOldestIdleThenTheOneThatStalledForLongest) {
+  ConnectionTable table(5, milliseconds(100));
+  const auto at = [](int time) { return ConnectionTable::Time(milliseconds(time)); };
+  std::vector<int> closed;
+  std::vector<ConnectionTable::Place> places;
+  for (int number = 0; number < 5; ++number) {
+    EXPECT_TRUE(table.makeRoom(at(0)));
+    places.push_back(table.enter(at(0), [&closed, number] { closed.push_back(number); }));
+  }
+  EXPECT_THAT(closed, ElementsAre());
+  table.update(places[4], Phase::working, at(1));
+  table.update(places[0], Phase::sending, at(2));
+  table.update(places[1], Phase::sending, at(3));
+  table.update(places[2], Phase::working, at(4));
+  table.update(places[2], Phase::idle, at(5));
+  table.update(places[0], Phase::sending, at(6));
+
+  EXPECT_TRUE(table.makeRoom(at(7)));  // 3 has been idle since the start
+  EXPECT_TRUE(table.makeRoom(at(7)));  // who is told to close counts no longer
+  EXPECT_FALSE(table.update(places[3], Phase::working, at(8)));
+  table.enter(at(8), [&] { closed.push_back(5); });
+  EXPECT_TRUE(table.makeRoom(at(9)));
+  table.closeStalled(at(102));
+  EXPECT_THAT(closed, ElementsAre(3, 2));
+  table.closeStalled(at(103));
+  EXPECT_TRUE(table.closeOne(at(103)));
+  EXPECT_FALSE(table.closeOne(at(105)));  // 0 has moved since, and 4 is being answered
+  EXPECT_TRUE(table.closeOne(at(106)));
+  EXPECT_THAT(closed, ElementsAre(3, 2, 1, 5, 0));
+  for (const auto& place : places) table.leave(place);
+}
+
+}  // namespace
+}  // namespace orivanta::server
