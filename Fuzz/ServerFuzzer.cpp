@@ -37,27 +37,33 @@ using Answer = http::response<http::string_body>;
 
 constexpr std::string_view secret = "what nobody may read";
 
-std::unique_ptr<Router> makeRouter(std::optional<Credentials> credentials) {
-  static const test::TemporaryFolder folder;
-  folder.write("outside.txt", secret);
-  test::writeSmallPackage(folder, "mall", "mall");
-  folder.write("mall/.hidden/inside.txt", secret);
-  std::error_code exists;
-  std::filesystem::create_symlink("../outside.txt", folder.path() / "mall/link.txt", exists);
+// Holds one package, beside a file that is outside and reached by a link from inside.
+const test::TemporaryFolder& folder() {
+  static const test::TemporaryFolder made;
+  static const bool filled = [] {
+    made.write("outside.txt", secret);
+    test::writeSmallPackage(made, "mall", "mall");
+    made.write("mall/.hidden/inside.txt", secret);
+    std::filesystem::create_symlink("../outside.txt", made.path() / "mall/link.txt");
+    return true;
+  }();
+  ORIVANTA_REQUIRE(filled);
+  return made;
+}
+
+std::shared_ptr<ServerContext> makeServer(std::optional<Credentials> credentials) {
   Router::Options options;
   options.origin = "http://127.0.0.1:80";
   options.pageSize = 2;
   options.credentials = std::move(credentials);
-  return std::make_unique<Router>(readPackages({folder.path() / "mall"}), std::move(options));
-}
-
-void serve(asio::ip::tcp::socket socket, Router& router) {
-  std::make_shared<HttpConnection>(std::move(socket), router, std::chrono::seconds(30), [] {
-  })->start();
+  const auto router =
+      std::make_shared<Router>(readPackages({folder().path() / "mall"}), std::move(options));
+  const auto answer = [router](const Request& request) { return router->respond(request); };
+  return std::make_shared<ServerContext>(answer, ConnectionLimits());
 }
 
 // What the server sends until it closes the connection. The client has then sent all its bytes.
-std::string answersTo(std::string_view bytes, Router& router) {
+std::string answersTo(std::string_view bytes, const std::shared_ptr<ServerContext>& server) {
   std::array<int, 2> ends{};
   ORIVANTA_REQUIRE(::socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) == 0);
   const int client = ends[1];
@@ -65,7 +71,7 @@ std::string answersTo(std::string_view bytes, Router& router) {
   asio::io_context context;
   asio::ip::tcp::socket socket(asio::make_strand(context));
   socket.assign(asio::ip::tcp::v4(), ends[0]);
-  serve(std::move(socket), router);
+  std::make_shared<HttpConnection>(std::move(socket), server, /*fromTrustedProxy=*/true)->start();
   std::string answers;
   do {
     if (const auto sent = ::send(client, bytes.data(), bytes.size(), MSG_NOSIGNAL); sent > 0)
@@ -113,14 +119,14 @@ void checkAnswers(std::string_view answers, const std::set<unsigned>& allowed) {
 }
 
 void serveBytes(std::string_view bytes) {
-  static const auto open = makeRouter(std::nullopt);
-  static const auto locked = makeRouter(Credentials("somebody", "a password that is not guessed"));
+  static const auto open = makeServer(std::nullopt);
+  static const auto locked = makeServer(Credentials("somebody", "a password that is not guessed"));
   if (bytes.find("HEAD") != std::string_view::npos) {
-    answersTo(bytes, *open);  // the answers cannot be told apart without the requests
+    answersTo(bytes, open);  // the answers cannot be told apart without the requests
     return;
   }
-  checkAnswers(answersTo(bytes, *open), {200, 304, 400, 404, 405, 413, 431, 501});
-  checkAnswers(answersTo(bytes, *locked), {400, 401, 413, 431, 501});
+  checkAnswers(answersTo(bytes, open), {200, 304, 400, 404, 405, 413, 431, 501});
+  checkAnswers(answersTo(bytes, locked), {400, 401, 413, 431, 501});
 }
 
 }  // namespace
