@@ -38,7 +38,7 @@ template <class Record>
 WebApiSession::Request WebApiSession::collection(const char* path,
                                                  const Dictionary<std::string>& parameters,
                                                  Callback<Record> callback) const {
-  const auto chain = ApiHttpSession.get(path, parameters)
+  const auto chain = ApiHttpSession.get(path, parameters, rules_)
                          .template onPage<Collection<Record>>({}, withPage<Record>);
   chain.onComplete([callback, path, observer = observer_](Collection<Record> records) {
     if (observer) observer->collectionEnded(path, std::nullopt);
@@ -53,7 +53,7 @@ WebApiSession::Request WebApiSession::collection(const char* path,
                                                   std::size_t bodyBytes) {
       observer->pageReceived(path, response, bodyBytes);
     });
-  return chain.session();
+  return chain.session;
 }
 
 WebApiSession::Request WebApiSession::venues(Callback<Venue> callback) const {

@@ -53,6 +53,25 @@ class ORIVANTA_API WebApiSession {
     return session;
   }
 
+  /// The same with another rate below which the loads of `loadVenuesReporting` and
+  /// `loadVenueReporting` fail.
+  WebApiSession withLowestRate(network::LowestRate rate) const {
+    WebApiSession session = *this;
+    session.lowestRate_ = rate;
+    return session;
+  }
+
+  /// By default 100 bytes a second, judged over a minute.
+  network::LowestRate lowestRate() const { return lowestRate_; }
+
+  /// The same whose calls fail when the server goes below the lowest rate or from HTTPS to HTTP,
+  /// with another observer.
+  WebApiSession strictlyObservedBy(std::shared_ptr<WebApiObserver> observer) const {
+    WebApiSession session = observedBy(std::move(observer));
+    session.rules_ = network::strictRules(lowestRate_);
+    return session;
+  }
+
   const HttpSession ApiHttpSession;
 
   /// All venues that the account may see.
@@ -72,6 +91,8 @@ class ORIVANTA_API WebApiSession {
                      Callback<Record> callback) const;
 
   std::shared_ptr<WebApiObserver> observer_;
+  network::LowestRate lowestRate_ = network::strictRules().lowestRate;
+  network::TransferRules rules_;
 };
 
 }  // namespace orivanta

@@ -14,12 +14,13 @@ struct AwaitedRequests::State {
   bool isCancelled = false;
 };
 
-AwaitedRequests::AwaitedRequests() : state_(std::make_shared<State>()) {}
+AwaitedRequests::AwaitedRequests(TransferRules rules)
+    : rules_(rules), state_(std::make_shared<State>()) {}
 
 UrlResult AwaitedRequests::get(const foundation::Url& url) {
   const auto answer = std::make_shared<std::optional<UrlResult>>();
   const auto transfer =
-      defaultTransport().start({url, {}}, [state = state_, answer](UrlResult result) {
+      defaultTransport().start({url, {}, rules_}, [state = state_, answer](UrlResult result) {
         const std::lock_guard lock(state->mutex);
         *answer = std::move(result);
         state->changed.notify_all();

@@ -13,6 +13,7 @@
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
+#include "Platform/Network/TransferRules.hpp"
 
 namespace orivanta::network {
 
@@ -21,6 +22,7 @@ using HeaderFields = std::vector<std::pair<std::string, std::string>>;
 struct UrlRequest {
   foundation::Url url;
   HeaderFields headerFields;
+  TransferRules rules = {};
 };
 
 /// How a request ended. `body` is as it came over the wire; `decodeBody` undoes the compression

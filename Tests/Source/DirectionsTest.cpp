@@ -71,7 +71,7 @@ TEST(Directions, DirectionsAreReadOnlyAndNeedNoPlace) {
   static_assert(
       !std::is_assignable_v<decltype((std::declval<Direction&>().instruction)), std::string>);
   const DrawnNetwork network("A-B");
-  const auto& node = network("A").front();
+  const auto node = network("A").front();
   const auto shop = placeOf("Shop");
   const auto departure = std::make_shared<Direction::Departure>();
   const Direction plain(node, departure, "Go");
