@@ -26,22 +26,20 @@ const std::vector<std::filesystem::path>& plistPaths() {
   return paths;
 }
 
-std::string setting(const std::optional<std::string>& given, const char* key,
-                    const std::string& fallback) {
-  if (given) return *given;
-  return settingFromPropertyLists(key).value_or(fallback);
+std::optional<std::string> setting(const std::optional<std::string>& given, const char* key) {
+  return given ? given : settingFromPropertyLists(key);
 }
 
-std::string getEndpoint() {
-  return setting(applicationSettings().endpoint, "OrivantaEndpoint", DEFAULT_ORIVANTA_ENDPOINT);
-}
-
-std::string getUsername() {
-  return setting(applicationSettings().username, "OrivantaUsername", "");
-}
-
-std::string getPassword() {
-  return setting(applicationSettings().password, "OrivantaPassword", "");
+WebApiSession makeSession(const ApiSettings& settings) {
+  auto endpoint =
+      setting(settings.endpoint, "OrivantaEndpoint").value_or(DEFAULT_ORIVANTA_ENDPOINT);
+  auto username = setting(settings.username, "OrivantaUsername");
+  auto password = setting(settings.password, "OrivantaPassword");
+  takeCredentials(endpoint, username, password);
+  const WebApiSession session(endpoint, username.value_or(""), password.value_or(""),
+                              fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", ")),
+                              settings.observer, settings.loadBytes);
+  return session.withLowestRate(settings.lowestRate.value_or(session.lowestRate()));
 }
 
 }  // namespace
@@ -56,13 +54,21 @@ std::optional<std::string> settingFromPropertyLists(const std::string& key) {
   return std::nullopt;
 }
 
+void takeCredentials(std::string& endpoint, std::optional<std::string>& username,
+                     std::optional<std::string>& password) {
+  const auto url = foundation::Url::parse(endpoint);
+  const auto credentials = url ? url->credentials() : std::nullopt;
+  if (!credentials) return;
+  endpoint = url->withoutCredentials().absoluteString();
+  if (username) return;
+  username = credentials->first;
+  if (!password) password = credentials->second;
+}
+
 void setApiSettings(ApiSettings settings) { applicationSettings() = std::move(settings); }
 
 const WebApiSession& APISession() {
-  static const auto& session =
-      *new WebApiSession(getEndpoint(), getUsername(), getPassword(),
-                         fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", ")),
-                         applicationSettings().observer, applicationSettings().loadBytes);
+  static const auto& session = *new WebApiSession(makeSession(applicationSettings()));
   return session;
 }
 

@@ -20,7 +20,7 @@ NodeList listOf(Node& node) { return {node.shared_from_this()}; }
 Direction namedDirection(const std::shared_ptr<Node>& node,
                          std::shared_ptr<const Direction::Action> action, const Place& place,
                          const char* verb) {
-  return {node, std::move(action), place, nullptr, verb + place->name.value_or("nil")};
+  return {node, std::move(action), place, verb + place->name.value_or("nil")};
 }
 
 }  // namespace
@@ -36,6 +36,14 @@ Direction::Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action>
       atLocation(std::move(at)),
       towardsLocation(std::move(towards)),
       instruction(std::move(text)) {}
+
+Direction::Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo,
+                     std::shared_ptr<Location> at, std::string text)
+    : Direction(std::move(atNode), std::move(whatToDo), std::move(at), nullptr, std::move(text)) {}
+
+Direction::Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo,
+                     std::string text)
+    : Direction(std::move(atNode), std::move(whatToDo), nullptr, nullptr, std::move(text)) {}
 
 std::shared_ptr<Directions> Directions::make(const std::optional<NodeList>& path,
                                              const Place& departFrom, const Place& arriveAt) {

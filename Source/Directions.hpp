@@ -44,14 +44,18 @@ class ORIVANTA_API Direction {
     const std::shared_ptr<Map> toMap;
   };
 
+  /// Places that are left out are null.
   Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo,
             std::shared_ptr<Location> at, std::shared_ptr<Location> towards, std::string text);
+  Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo,
+            std::shared_ptr<Location> at, std::string text);
+  Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo, std::string text);
 
-  std::shared_ptr<Node> node;
-  std::shared_ptr<const Action> action;
-  std::shared_ptr<Location> atLocation;       ///< null when no place is named
-  std::shared_ptr<Location> towardsLocation;  ///< null when no place is headed for
-  std::string instruction;
+  const std::shared_ptr<Node> node;
+  const std::shared_ptr<const Action> action;
+  const std::shared_ptr<Location> atLocation;       ///< null if no place is named
+  const std::shared_ptr<Location> towardsLocation;  ///< null if no place is headed for
+  const std::string instruction;
 };
 
 /// The result of a route search. Owns the records that it names, so it stays valid after the next

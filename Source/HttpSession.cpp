@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "Platform/Foundation/Base64.hpp"
+#include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Source/HttpLink.hpp"
 #include "Source/JsonDocument.hpp"
@@ -28,6 +29,14 @@ void CustomUrlSessionDelegate::didComplete(const network::HttpUrlResponse& respo
     onSuccess(response, buffer);
 }
 
+void CustomUrlSessionDelegate::didBecomeInvalid(const std::optional<foundation::Error>& error) {
+  if (error) onError(*error);
+}
+
+void CustomUrlSessionDelegate::didFinishBackgroundEvents() {
+  foundation::diagnostic("finishedeventsforbackgroundsession");
+}
+
 namespace detail {
 
 DeliveryHold::DeliveryHold(std::shared_ptr<network::UrlSession> session)
@@ -36,6 +45,24 @@ DeliveryHold::DeliveryHold(std::shared_ptr<network::UrlSession> session)
 }
 
 DeliveryHold::~DeliveryHold() { session_->resumeDelivery(); }
+
+ChainLinks chainLinks(const foundation::Url& url, const std::string& authString,
+                      const std::string& language, const network::TransferRules& rules) {
+  auto delegate = std::make_shared<CustomUrlSessionDelegate>(nullptr, nullptr);
+  auto session = network::UrlSession::make(
+      {url.absoluteString(), {{"Authorization", authString}, {"Accept-Language", language}}, rules},
+      delegate);
+  return {std::move(session), std::move(delegate)};
+}
+
+std::optional<foundation::Error> ruleAgainst(const network::UrlSession& session,
+                                             const network::HttpUrlResponse& response,
+                                             const foundation::Url& next) {
+  if (!session.configuration().rules.staysSecure || !response.url ||
+      !network::leavesHttps(*response.url, next))
+    return std::nullopt;
+  return network::insecureStep(*response.url, next);
+}
 
 std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response) {
   const auto link = findLink(response, "next");
@@ -61,33 +88,20 @@ HttpSession::HttpSession(std::string_view rootText, const std::optional<std::str
 
 HttpResponse<std::any> HttpSession::get(std::string_view path,
                                         const Dictionary<std::string>& parameters,
-                                        std::shared_ptr<foundation::MemoryBudget> budget) const {
+                                        const network::TransferRules& rules) const {
   const std::vector<std::pair<std::string, std::string>> items(parameters.begin(),
                                                                parameters.end());
-  return start(resolved(path).withQueryItems(items), std::move(budget));
+  return {resolved(path).withQueryItems(items), authString, language, rules};
 }
 
 HttpResponse<std::any> HttpSession::post(std::string_view path,
                                          const Dictionary<std::string>&) const {
-  return start(resolved(path));
+  return {resolved(path), authString, language};
 }
 
 foundation::Url HttpSession::resolved(std::string_view path) const {
   return foundation::unwrap(root ? foundation::Url::parse(path, *root)
                                  : foundation::Url::parse(path));
-}
-
-HttpResponse<std::any> HttpSession::start(const foundation::Url& url,
-                                          std::shared_ptr<foundation::MemoryBudget> budget) const {
-  auto delegate = std::make_shared<CustomUrlSessionDelegate>(nullptr, nullptr);
-  auto session =
-      network::UrlSession::make({url.absoluteString(),
-                                 {{"Authorization", authString}, {"Accept-Language", language}},
-                                 std::move(budget)},
-                                delegate);
-  auto hold = std::make_shared<detail::DeliveryHold>(session);
-  session->startDataTask(url);
-  return HttpResponse<std::any>({std::move(session), std::move(delegate)}, std::move(hold));
 }
 
 }  // namespace orivanta

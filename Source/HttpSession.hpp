@@ -13,7 +13,8 @@
 // A `Link` header with a parameter that is a single quote stops the program; see HttpLink.hpp.
 //
 // The HTTP status plays no part: any body that is JSON is a page. The chain's callbacks run on a
-// background queue of the chain's own, one after the other, never on the caller's thread.
+// background queue of the chain's own, one after the other, never on the caller's thread. They may
+// block without holding up other chains, also to wait for one: see SerialQueue.hpp for how many.
 #pragma once
 
 #include <any>
@@ -23,6 +24,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 #include "Platform/Foundation/Error.hpp"
@@ -51,6 +53,10 @@ class ORIVANTA_API CustomUrlSessionDelegate : public network::UrlSessionDelegate
   void didReceiveData(std::string_view bytes) override;
   void didComplete(const network::HttpUrlResponse& response,
                    const std::optional<foundation::Error>& error) override;
+  /// Reports the error, if there is one.
+  void didBecomeInvalid(const std::optional<foundation::Error>& error) override;
+  /// Writes the diagnostic line "finishedeventsforbackgroundsession".
+  void didFinishBackgroundEvents() override;
 };
 
 namespace detail {
@@ -68,13 +74,26 @@ class DeliveryHold {
   std::shared_ptr<network::UrlSession> session_;
 };
 
-/// The part of a handle that does not depend on the accumulator's type.
+/// What the copies of a handle share and the chain itself does not keep.
+struct ChainHandle {
+  DeliveryHold hold;
+  std::shared_ptr<CustomUrlSessionDelegate> sessionDelegate;
+};
+
 struct ChainLinks {
   std::shared_ptr<network::UrlSession> session;
   std::shared_ptr<CustomUrlSessionDelegate> sessionDelegate;
 };
 
+/// A session of its own for a chain that begins at `url`, and its delegate without callbacks.
+ORIVANTA_API ChainLinks chainLinks(const foundation::Url& url, const std::string& authString,
+                                   const std::string& language,
+                                   const network::TransferRules& rules);
 ORIVANTA_API std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response);
+/// The error of going on to that page, if the session's rules forbid it.
+ORIVANTA_API std::optional<foundation::Error> ruleAgainst(const network::UrlSession& session,
+                                                          const network::HttpUrlResponse& response,
+                                                          const foundation::Url& next);
 ORIVANTA_API foundation::Error invalidJson();
 /// As `RawData::parse`; the budget pays for the document as long as anybody holds it.
 ORIVANTA_API std::optional<RawData> parsedPage(
@@ -85,6 +104,9 @@ ORIVANTA_API std::optional<RawData> parsedPage(
 /// A handle to one request chain whose pages are folded into a `T`. Copies refer to the same chain.
 /// While any handle exists the chain's results wait; in the usual form, one expression, it is
 /// complete when the expression ends.
+///
+/// The properties belong to the chain: copies of the handle refer to the same ones. One thread at a
+/// time reads and writes them.
 template <class T>
 class HttpResponse {
  public:
@@ -94,27 +116,43 @@ class HttpResponse {
   using ResponseCallback =
       std::function<void(const network::HttpUrlResponse& response, std::size_t bodyBytes)>;
 
-  /// For `HttpSession`: the handle to a chain just started.
-  HttpResponse(detail::ChainLinks links, std::shared_ptr<detail::DeliveryHold> hold)
-      : links_(std::move(links)),
-        state_(std::make_shared<State>(links_.session)),
-        hold_(std::move(hold)) {
-    adopt();
+  /// Starts a chain at `url`. Each of its requests carries the values of "Authorization" and
+  /// "Accept-Language" and keeps to the rules, and so does the step from page to page.
+  HttpResponse(const foundation::Url& url, const std::string& authString,
+               const std::string& language, const network::TransferRules& rules = {})
+      : HttpResponse(detail::chainLinks(url, authString, language, rules)) {
+    session->startDataTask(url);
   }
+
+  /// Takes over the reports of `delegate`, which is that of `chainSession`. Starts no request.
+  HttpResponse(std::shared_ptr<network::UrlSession> chainSession,
+               std::shared_ptr<CustomUrlSessionDelegate> delegate)
+      : HttpResponse(detail::ChainLinks{std::move(chainSession), std::move(delegate)}) {}
+
+  /// Runs the chain; `invalidateAndCancel` on it ends the chain without a callback.
+  std::shared_ptr<network::UrlSession>& session;
+  /// Whose reports `onPage` takes over.
+  std::shared_ptr<CustomUrlSessionDelegate>& sessionDelegate;
+  PageCallback& pageCallback;          ///< makes the new accumulator from the old one and a page
+  CompleteCallback& completeCallback;  ///< see `onComplete`
+  ErrorCallback& errorCallback;        ///< see `onError`
+  /// The pages folded so far, but for the last one. Without it or without `pageCallback` the last
+  /// page ends the chain without a callback, and the session stays valid.
+  std::optional<T>& pageBuffer;
 
   /// Moves the chain to an accumulator of type `U`. Handles of the former type keep the results
   /// waiting, but receive nothing any more.
   template <class U>
   HttpResponse<U> onPage(U initial, typename HttpResponse<U>::PageCallback callback) const {
-    HttpResponse<U> response(links_, hold_);
-    response.state_->pageBuffer = std::move(initial);
-    response.state_->pageCallback = std::move(callback);
+    HttpResponse<U> response(session, sessionDelegate);
+    response.pageBuffer = std::move(initial);
+    response.pageCallback = std::move(callback);
     return response;
   }
 
-  /// Receives the accumulator once, after the last page.
+  /// Receives the accumulator once, after the last page, which is not folded for nobody.
   const HttpResponse& onComplete(CompleteCallback callback) const {
-    state_->completeCallback = std::move(callback);
+    completeCallback = std::move(callback);
     return *this;
   }
 
@@ -123,7 +161,7 @@ class HttpResponse {
   /// budget (code 2, or 3 if another chain has exceeded it before). `onComplete` is not called
   /// then.
   const HttpResponse& onError(ErrorCallback callback) const {
-    state_->errorCallback = std::move(callback);
+    errorCallback = std::move(callback);
     return *this;
   }
 
@@ -133,14 +171,7 @@ class HttpResponse {
     return *this;
   }
 
-  /// The session that runs the chain; `invalidateAndCancel` on it ends the chain without a
-  /// callback.
-  const std::shared_ptr<network::UrlSession>& session() const { return links_.session; }
-
  private:
-  template <class U>
-  friend class HttpResponse;
-
   // Kept alive by the delegate's callbacks, and so by the session until that is invalidated. It
   // must not own the delegate, or the two would keep each other.
   struct State {
@@ -153,25 +184,41 @@ class HttpResponse {
     ErrorCallback errorCallback;
     ResponseCallback responseCallback;
     std::optional<T> pageBuffer;
+    std::weak_ptr<detail::ChainHandle> handle;  // expired once no handle shows the properties
 
     void success(const network::HttpUrlResponse& response, std::string& body);
     void error(const foundation::Error& failure);
     std::optional<T> takePage(const network::HttpUrlResponse& response, std::string& body);
     void foldPage(const RawData& page);
+    T lastBuffer();
   };
 
-  void adopt() {
-    auto& delegate = *links_.sessionDelegate;
-    delegate.onSuccess = [state = state_](const network::HttpUrlResponse& response,
-                                          std::string& body) { state->success(response, body); };
-    delegate.onError = [state = state_](const foundation::Error& failure) {
+  explicit HttpResponse(detail::ChainLinks links)
+      : HttpResponse(std::make_shared<State>(links.session),
+                     std::shared_ptr<detail::ChainHandle>(new detail::ChainHandle{
+                         detail::DeliveryHold(links.session), links.sessionDelegate})) {
+    state_->handle = handle_;
+    sessionDelegate->onSuccess = [state = state_](const network::HttpUrlResponse& response,
+                                                  std::string& body) {
+      state->success(response, body);
+    };
+    sessionDelegate->onError = [state = state_](const foundation::Error& failure) {
       state->error(failure);
     };
   }
 
-  detail::ChainLinks links_;
+  HttpResponse(std::shared_ptr<State> state, std::shared_ptr<detail::ChainHandle> handle)
+      : session(state->session),
+        sessionDelegate(handle->sessionDelegate),
+        pageCallback(state->pageCallback),
+        completeCallback(state->completeCallback),
+        errorCallback(state->errorCallback),
+        pageBuffer(state->pageBuffer),
+        state_(std::move(state)),
+        handle_(std::move(handle)) {}
+
   std::shared_ptr<State> state_;
-  std::shared_ptr<detail::DeliveryHold> hold_;
+  std::shared_ptr<detail::ChainHandle> handle_;
 };
 
 /// The API root, the credentials and the language of all requests. Immutable; any thread.
@@ -188,18 +235,16 @@ class ORIVANTA_API HttpSession {
   const std::string language;    ///< the value of "Accept-Language"
 
   /// Starts a request for `path`, resolved against the root, with the parameters as its query. A
-  /// path that is no URL reference stops the program. The bodies of all pages and their documents
-  /// are paid for by `budget`, if there is one.
+  /// path that is no URL reference stops the program. Every request of the chain keeps to the
+  /// rules; their budget also pays for the documents of the pages.
   HttpResponse<std::any> get(std::string_view path, const Dictionary<std::string>& parameters = {},
-                             std::shared_ptr<foundation::MemoryBudget> budget = nullptr) const;
+                             const network::TransferRules& rules = {}) const;
 
   /// The same GET request without a query and without a body, whatever the parameters.
   HttpResponse<std::any> post(std::string_view path,
                               const Dictionary<std::string>& parameters = {}) const;
 
  private:
-  HttpResponse<std::any> start(const foundation::Url& url,
-                               std::shared_ptr<foundation::MemoryBudget> budget = nullptr) const;
   foundation::Url resolved(std::string_view path) const;
 };
 
@@ -217,17 +262,21 @@ void HttpResponse<T>::State::success(const network::HttpUrlResponse& response, s
   if (finished && completeCallback) completeCallback(std::move(*finished));
 }
 
-// The accumulator when this was the last page.
+// The accumulator, if this was the last page and somebody waits for it.
 template <class T>
 std::optional<T> HttpResponse<T>::State::takePage(const network::HttpUrlResponse& response,
                                                   std::string& body) {
-  const auto page = detail::parsedPage(body, session->configuration().budget);
+  const auto page = detail::parsedPage(body, session->configuration().rules.budget);
   if (!page) {
     error(detail::invalidJson());
     return std::nullopt;
   }
   const auto next = detail::nextPage(response);
   body.clear();
+  if (const auto broken = next ? detail::ruleAgainst(*session, response, *next) : std::nullopt) {
+    error(*broken);
+    return std::nullopt;
+  }
   if (next) {
     session->startDataTask(*next);  // fetched while this page is folded
     foldPage(*page);
@@ -235,7 +284,16 @@ std::optional<T> HttpResponse<T>::State::takePage(const network::HttpUrlResponse
   }
   if (!pageBuffer || !pageCallback) return std::nullopt;
   session->invalidateAndCancel();
-  return std::optional<T>(pageCallback(std::move(*pageBuffer), *page));
+  if (!completeCallback) return std::nullopt;
+  return std::optional<T>(pageCallback(lastBuffer(), *page));
+}
+
+// `pageBuffer` keeps its value if a handle still shows it.
+template <class T>
+T HttpResponse<T>::State::lastBuffer() {
+  if constexpr (std::is_copy_constructible_v<T>)
+    if (!handle.expired()) return *pageBuffer;
+  return std::move(*pageBuffer);
 }
 
 template <class T>

@@ -25,7 +25,8 @@ enum class LoadProblem {
   notFound,     ///< 404
   otherStatus,  ///< any other that is no success
   unusable,     ///< the answer is no JSON, or does not fit into memory
-  endless,      ///< its pages run in a circle, or are too many
+  insecure,     ///< a link or a redirect leads from HTTPS to HTTP
+  endless,      ///< its pages run in a circle, are too many, or come too slowly
   tooLarge      ///< the load takes more memory than it may
 };
 

@@ -54,7 +54,7 @@ std::vector<std::shared_ptr<Venue>> listOf(const Collection<Venue>& venues) {
 
 std::string endpointOf(const WebApiSession& session) {
   const auto& root = session.ApiHttpSession.root;
-  return root ? root->absoluteString() : "";
+  return root ? root->withoutCredentials().absoluteString() : "";
 }
 
 }  // namespace
@@ -84,15 +84,16 @@ std::shared_ptr<LoadHandle> loadVenuesReporting(const WebApiSession& session,
                                                 LoadHandlers<VenueListReport> handlers) {
   const auto list = std::make_shared<std::vector<std::shared_ptr<Venue>>>();
   const auto load = std::make_shared<ReportedLoad>(
-      endpointOf(session), 1, std::move(handlers.progressed),
+      endpointOf(session), 1, session.lowestRate(), std::move(handlers.progressed),
       [list, ended = std::move(handlers.ended)](std::vector<LoadFailure> failures, bool) {
         if (ended) ended({std::move(*list), std::move(failures)});
       });
   load->start([&] {
-    return Requests{session.observedBy(load).venues([list, load](const Collection<Venue>& venues) {
-      *list = listOf(venues);
-      load->finish();
-    })};
+    return Requests{
+        session.strictlyObservedBy(load).venues([list, load](const Collection<Venue>& venues) {
+          *list = listOf(venues);
+          load->finish();
+        })};
   });
   return load;
 }
@@ -101,12 +102,12 @@ std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,
                                                const std::shared_ptr<Venue>& venue, bool accessible,
                                                LoadHandlers<VenueLoadReport> handlers) {
   const auto load = std::make_shared<ReportedLoad>(
-      endpointOf(session), 6, std::move(handlers.progressed),
+      endpointOf(session), 6, session.lowestRate(), std::move(handlers.progressed),
       [venue, ended = std::move(handlers.ended)](std::vector<LoadFailure> failures, bool complete) {
         if (ended) ended({venue, std::move(failures), complete});
       });
   load->start([&] {
-    return startLoad(session.observedBy(load), venue, accessible,
+    return startLoad(session.strictlyObservedBy(load), venue, accessible,
                      [load](const auto&) { load->finish(); },
                      {[load](const auto& step) { load->unlessOver(step); },
                       [load](const foundation::Error& reason) { load->fail(reason); }});

@@ -28,12 +28,16 @@ namespace orivanta {
 extern ORIVANTA_API const std::string DEFAULT_ORIVANTA_ENDPOINT;
 
 /// Settings that an application gives by itself; what is present goes before the property lists.
+/// When no user name is set, neither here nor in a property list, the one inside the endpoint's URL
+/// counts, and with it the password there if none is set. The endpoint is kept without them.
 struct ApiSettings {
   std::optional<std::string> endpoint;
   std::optional<std::string> username;
   std::optional<std::string> password;
   std::shared_ptr<WebApiObserver> observer;  ///< told of every request; may be null
   std::size_t loadBytes = defaultLoadBytes;  ///< what one load may take; see WebApi.hpp
+  /// The rate below which the loads that report fail; see `WebApiSession::withLowestRate`.
+  std::optional<network::LowestRate> lowestRate = std::nullopt;
 };
 
 /// Takes effect when it is called before the first `getVenues` or `getVenue`; not beside them.
@@ -77,8 +81,9 @@ ORIVANTA_API void loadVenue(const WebApiSession& session, const std::shared_ptr<
 ORIVANTA_API const WebApiSession& APISession();
 
 /// As `getVenues` and `getVenue`, with word of how the load goes: a collection that failed is told
-/// from one that is empty. A load whose pages do not end, or that exceeds its budget of memory, is
-/// given up. The session's own observer is not told. Any thread.
+/// from one that is empty. A load whose pages do not end or come below the session's lowest rate,
+/// or that exceeds its budget of memory, is given up. A collection that a link or a redirect would
+/// lead from HTTPS to HTTP fails. The session's own observer is not told. Any thread.
 ORIVANTA_API std::shared_ptr<LoadHandle> loadVenuesReporting(
     const WebApiSession& session, LoadHandlers<VenueListReport> handlers);
 ORIVANTA_API std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,

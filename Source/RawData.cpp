@@ -48,15 +48,15 @@ std::optional<bool> RawData::bool_() const {
   return number ? std::optional<bool>(*number != 0.0) : std::nullopt;
 }
 
-std::optional<std::string_view> RawData::stringView() const {
+std::optional<std::string_view> RawData::text() const {
   if (!data_ || !data_->is_string()) return std::nullopt;
-  const json::string& text = data_->get_string();
-  return std::string_view(text.data(), text.size());
+  const json::string& value = data_->get_string();
+  return std::string_view(value.data(), value.size());
 }
 
 std::optional<std::string> RawData::string() const {
-  const auto text = stringView();
-  return text ? std::optional<std::string>(*text) : std::nullopt;
+  const auto view = text();
+  return view ? std::optional<std::string>(*view) : std::nullopt;
 }
 
 std::string RawData::stringValue() const { return string().value_or(""); }
@@ -94,8 +94,8 @@ std::shared_ptr<const ImageCollection> RawData::imageCollectionForce() const {
 }
 
 std::optional<foundation::Url> RawData::url() const {
-  const auto text = stringView();
-  return text ? foundation::Url::parse(*text) : std::nullopt;
+  const auto view = text();
+  return view ? foundation::Url::parse(*view) : std::nullopt;
 }
 
 }  // namespace orivanta

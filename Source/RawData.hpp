@@ -71,9 +71,6 @@ class ORIVANTA_API RawData {
   std::string stringValue() const;  ///< default ""
   std::string stringForce() const;
 
-  /// As `string`, without copying; valid as long as any handle to the document.
-  std::optional<std::string_view> stringView() const;
-
   /// A number; true is 1 and false is 0. Never a text turned into a number.
   std::optional<double> double_() const;
   double doubleValue() const;  ///< default 0.0
@@ -86,6 +83,8 @@ class ORIVANTA_API RawData {
   std::optional<foundation::Url> url() const;
 
  private:
+  std::optional<std::string_view> text() const;  // valid as long as a handle to the document
+
   std::shared_ptr<const boost::json::value> data_;
 };
 

@@ -36,8 +36,10 @@ LoadProblem problemOf(int status) {
 }  // namespace
 
 ReportedLoad::ReportedLoad(std::string endpoint, std::size_t collections,
+                           network::LowestRate lowestRate,
                            std::function<void(const LoadProgress&)> progressed, Ended ended)
     : endpoint_(std::move(endpoint)),
+      lowestRate_(lowestRate),
       queue_(foundation::SerialQueue::make()),
       progressed_(std::move(progressed)),
       ended_(std::move(ended)),
@@ -96,8 +98,8 @@ void ReportedLoad::cancel() {
 
 void ReportedLoad::pageReceived(std::string_view name, const network::HttpUrlResponse& response,
                                 std::size_t bodyBytes) {
-  onQueue([name = std::string(name), response, bodyBytes](ReportedLoad& self) {
-    self.takePage(name, response, bodyBytes);
+  onQueue([name = std::string(name), response, bodyBytes, now = Clock::now()](ReportedLoad& self) {
+    self.takePage(name, response, bodyBytes, now);
   });
 }
 
@@ -113,7 +115,7 @@ void ReportedLoad::onQueue(std::function<void(ReportedLoad&)> step) {
 }
 
 void ReportedLoad::takePage(const std::string& name, const network::HttpUrlResponse& response,
-                            std::size_t bodyBytes) {
+                            std::size_t bodyBytes, Clock::time_point arrival) {
   Collection& collection = collectionNamed(name);
   if (response.url) collection.latestUrl = response.url->absoluteString();
   ++progress_.pages;
@@ -132,11 +134,25 @@ void ReportedLoad::takePage(const std::string& name, const network::HttpUrlRespo
   const auto next = detail::nextPage(response);
   if (next && !collection.requested.insert(next->absoluteString()).second)
     giveUp(collection, fmt::format("the pages of {} run in a circle, back to {}", name,
-                                   next->absoluteString()));
+                                   next->withoutCredentials().absoluteString()));
   else if (next && collection.requested.size() >= mostPages)
     giveUp(collection, fmt::format("{} has more than {} pages", name, mostPages));
   else if (progress_.bytes > mostBytes)
     giveUp(collection, fmt::format("the server sent more than {} MiB", mostBytes >> 20U));
+  else if (isTooSlow(collection.window, bodyBytes, arrival) && next)
+    giveUp(collection, fmt::format("the pages of {} come too slowly, less than {} bytes a second",
+                                   name, lowestRate_.bytesPerSecond));
+}
+
+// A collection has one request at a time, so that its pages are all that came meanwhile. A request
+// that is too slow by itself is ended by the transport.
+bool ReportedLoad::isTooSlow(Window& window, std::size_t bodyBytes,
+                             Clock::time_point arrival) const {
+  window.bytes += bodyBytes;
+  const std::chrono::duration<double> time = arrival - window.start;
+  if (time < lowestRate_.window) return false;
+  const auto bytes = static_cast<double>(std::exchange(window, {arrival, 0}).bytes);
+  return bytes < static_cast<double>(lowestRate_.bytesPerSecond) * time.count();
 }
 
 void ReportedLoad::takeEnd(const std::string& name, const std::optional<foundation::Error>& error) {
@@ -154,6 +170,9 @@ void ReportedLoad::takeEnd(const std::string& name, const std::optional<foundati
     failure.problem =
         error->code == foundation::budgetExceeded ? LoadProblem::tooLarge : LoadProblem::unusable;
     failure.reason = fmt::format("{}: {}", collection.latestUrl, error->description);
+  } else if (network::isInsecureStep(*error)) {
+    failure.problem = LoadProblem::insecure;
+    failure.reason = error->description;
   } else {
     failure.problem = LoadProblem::noAnswer;
     failure.reason = fmt::format("no answer from {}{}: {}", endpoint_, name, error->description);
@@ -165,6 +184,7 @@ ReportedLoad::Collection& ReportedLoad::collectionNamed(const std::string& name)
   if (isNew) {
     entry->second.latestUrl = endpoint_ + name;
     entry->second.failure.collection = name;
+    entry->second.window.start = start_;
   }
   return entry->second;
 }

@@ -1,6 +1,7 @@
 // One load that tells how far it is and which of its requests failed and why.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -21,7 +22,8 @@ namespace orivanta {
 /// handlers are called too. Any thread.
 ///
 /// The load is given up when a page names a next one that was asked for before, when a collection
-/// has more than 100,000 pages, or when all pages together have more than 1 GiB.
+/// has more than 100,000 pages or comes below the lowest rate, its pages taken together, or when
+/// all pages together have more than 1 GiB.
 class ReportedLoad : public WebApiObserver,
                      public LoadHandle,
                      public std::enable_shared_from_this<ReportedLoad> {
@@ -29,7 +31,7 @@ class ReportedLoad : public WebApiObserver,
   using Ended = std::function<void(std::vector<LoadFailure> failures, bool complete)>;
 
   /// `endpoint` is the API root, for the reasons.
-  ReportedLoad(std::string endpoint, std::size_t collections,
+  ReportedLoad(std::string endpoint, std::size_t collections, network::LowestRate lowestRate,
                std::function<void(const LoadProgress&)> progressed, Ended ended);
 
   /// Starts the requests, which this load observes, and keeps them for the case that they are to
@@ -52,16 +54,26 @@ class ReportedLoad : public WebApiObserver,
                        const std::optional<foundation::Error>& error) override;
 
  private:
+  using Clock = std::chrono::steady_clock;
+
+  // The part of a collection since its rate was judged last.
+  struct Window {
+    Clock::time_point start;
+    std::size_t bytes = 0;
+  };
+
   struct Collection {
     std::unordered_set<std::string, TextHash, std::equal_to<>>
         requested;  // the URLs of the pages behind the first
     std::string latestUrl;
+    Window window;
     LoadFailure failure;  // without a reason while all is well
   };
 
   void onQueue(std::function<void(ReportedLoad&)> step);
   void takePage(const std::string& name, const network::HttpUrlResponse& response,
-                std::size_t bodyBytes);
+                std::size_t bodyBytes, Clock::time_point arrival);
+  bool isTooSlow(Window& window, std::size_t bodyBytes, Clock::time_point arrival) const;
   void takeEnd(const std::string& name, const std::optional<foundation::Error>& error);
   Collection& collectionNamed(const std::string& name);
   void giveUp(Collection& collection, std::string reason);
@@ -70,6 +82,8 @@ class ReportedLoad : public WebApiObserver,
   bool isOver() const;
 
   const std::string endpoint_;
+  const network::LowestRate lowestRate_;
+  const Clock::time_point start_ = Clock::now();
   const std::shared_ptr<foundation::SerialQueue> queue_;
 
   // Used on the queue alone.

@@ -41,12 +41,14 @@ template <class Record>
 WebApiSession::Request WebApiSession::collection(const char* path,
                                                  const Dictionary<std::string>& parameters,
                                                  Callback<Record> callback) const {
-  const auto budget = budget_ ? budget_ : std::make_shared<foundation::MemoryBudget>(loadBytes_);
-  const auto chain = ApiHttpSession.get(path, parameters, budget)
-                         .template onPage<Collection<Record>>(
-                             {}, [budget](Collection<Record> records, const RawData& page) {
-                               return withPage(std::move(records), page, *budget);
-                             });
+  network::TransferRules rules = rules_;
+  if (!rules.budget) rules.budget = std::make_shared<foundation::MemoryBudget>(loadBytes_);
+  const auto chain =
+      ApiHttpSession.get(path, parameters, rules)
+          .template onPage<Collection<Record>>(
+              {}, [budget = rules.budget](Collection<Record> records, const RawData& page) {
+                return withPage(std::move(records), page, *budget);
+              });
   chain.onComplete([callback, path, observer = observer_](Collection<Record> records) {
     if (observer) observer->collectionEnded(path, std::nullopt);
     callback(std::move(records));
@@ -60,7 +62,7 @@ WebApiSession::Request WebApiSession::collection(const char* path,
                                                   std::size_t bodyBytes) {
       observer->pageReceived(path, response, bodyBytes);
     });
-  return chain.session();
+  return chain.session;
 }
 
 WebApiSession::Request WebApiSession::venues(Callback<Venue> callback) const {

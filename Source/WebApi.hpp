@@ -67,11 +67,31 @@ class ORIVANTA_API WebApiSession {
   /// The same with one budget for all its calls.
   WebApiSession within(std::shared_ptr<foundation::MemoryBudget> budget) const {
     WebApiSession session = *this;
-    session.budget_ = std::move(budget);
+    session.rules_.budget = std::move(budget);
     return session;
   }
 
   std::size_t loadBytes() const { return loadBytes_; }
+
+  /// The same with another rate below which the loads of `loadVenuesReporting` and
+  /// `loadVenueReporting` fail.
+  WebApiSession withLowestRate(network::LowestRate rate) const {
+    WebApiSession session = *this;
+    session.lowestRate_ = rate;
+    return session;
+  }
+
+  /// By default 100 bytes a second, judged over a minute.
+  network::LowestRate lowestRate() const { return lowestRate_; }
+
+  /// The same whose calls fail when the server goes below the lowest rate or from HTTPS to HTTP,
+  /// with another observer.
+  WebApiSession strictlyObservedBy(std::shared_ptr<WebApiObserver> observer) const {
+    WebApiSession session = observedBy(std::move(observer));
+    session.rules_.lowestRate = lowestRate_;
+    session.rules_.staysSecure = true;
+    return session;
+  }
 
   const HttpSession ApiHttpSession;
 
@@ -93,7 +113,8 @@ class ORIVANTA_API WebApiSession {
 
   std::shared_ptr<WebApiObserver> observer_;
   std::size_t loadBytes_;
-  std::shared_ptr<foundation::MemoryBudget> budget_;  // null: each call has one of its own
+  network::LowestRate lowestRate_ = network::strictRules().lowestRate;
+  network::TransferRules rules_;  // without a budget each call has one of its own
 };
 
 }  // namespace orivanta

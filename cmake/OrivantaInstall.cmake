@@ -70,6 +70,7 @@ foreach(
         Platform/Graphics/Vector.hpp
         Platform/Network/AwaitedRequests.hpp
         Platform/Network/HttpUrlResponse.hpp
+        Platform/Network/TransferRules.hpp
         Platform/Network/UrlSession.hpp
         Platform/Network/UrlTransport.hpp
         Platform/Render/FrameStatistics.hpp

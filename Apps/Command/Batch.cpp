@@ -50,14 +50,14 @@ bool isKey(std::string_view quoted, std::string_view key) {
   if (quoted.find('\\') == std::string_view::npos)
     return quoted.substr(1, quoted.size() - 2) == key;
   const auto parsed = RawData::parse(fmt::format("[{}]", quoted));
-  return parsed && parsed->arrayValue().front().stringView() == key;
+  return parsed && parsed->arrayValue().front().string() == key;
 }
 
 template <class Record>
 const std::shared_ptr<Record>& known(
     const std::unordered_map<std::string_view, std::shared_ptr<Record>>& records,
     const RawData& identifier, const char* kind, const std::string& member) {
-  const auto id = identifier.stringView();
+  const auto id = identifier.string();
   if (!id) throw RequestError(fmt::format("\"{}\" must hold the identifier of a {}", member, kind));
   const auto entry = records.find(*id);
   if (entry == records.end()) throw RequestError(fmt::format("unknown {} \"{}\"", kind, *id));

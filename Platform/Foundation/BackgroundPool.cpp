@@ -5,8 +5,7 @@
 
 namespace orivanta::foundation {
 
-// At least four threads, so that a callback that waits for another load does not starve it. Never
-// destroyed: work may be under way when the process ends.
+// Never destroyed: work may be under way when the process ends.
 boost::asio::thread_pool& backgroundPool() {
   static auto& pool =
       *new boost::asio::thread_pool(std::max(4U, std::thread::hardware_concurrency()));

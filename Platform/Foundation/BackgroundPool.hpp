@@ -1,4 +1,4 @@
-// The threads that all background work of the process shares.
+// The threads that share out computations of the process. Tasks of a serial queue have others.
 #pragma once
 
 #include <boost/asio/thread_pool.hpp>

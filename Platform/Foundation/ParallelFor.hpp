@@ -7,7 +7,7 @@
 namespace orivanta::foundation {
 
 /// Calls `body` once with each number from 0 to `count` - 1, in any order, on the calling thread
-/// and on idle threads of the pool behind the serial queues, and returns when all calls have. The
+/// and on idle threads of the background pool, and returns when all calls have. The
 /// caller sees what they wrote. Never waits for a thread that is busy with something else, so it
 /// may be called from a task of a queue. If a call throws, calls that have not started are left out
 /// and one of the exceptions is thrown again to the caller, after the running calls have ended.

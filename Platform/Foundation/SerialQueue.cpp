@@ -1,13 +1,26 @@
 #include "Platform/Foundation/SerialQueue.hpp"
 
-#include <boost/asio/post.hpp>
 #include <deque>
 #include <mutex>
 #include <utility>
 
-#include "Platform/Foundation/BackgroundPool.hpp"
+#include "Platform/Foundation/GrowingPool.hpp"
 
 namespace orivanta::foundation {
+
+namespace {
+
+// So many tasks of all queues may block at once before further ones wait.
+constexpr std::size_t mostThreads = 512;
+constexpr std::chrono::seconds idleTime{10};
+
+// Never destroyed: tasks may be under way when the process ends.
+GrowingPool& pool() {
+  static auto& instance = *new GrowingPool(mostThreads, idleTime);
+  return instance;
+}
+
+}  // namespace
 
 struct SerialQueue::State {
   std::mutex mutex;
@@ -44,7 +57,7 @@ void SerialQueue::resume() {
 void SerialQueue::scheduleIfReady() {
   if (state_->draining || state_->suspensions > 0 || state_->tasks.empty()) return;
   state_->draining = true;
-  boost::asio::post(backgroundPool(), [self = shared_from_this()] { self->drain(); });
+  pool().run([self = shared_from_this()] { self->drain(); });
 }
 
 void SerialQueue::drain() {

@@ -120,6 +120,22 @@ std::string Url::host() const { return textOf(ParsedUri(text_)->hostText); }
 
 std::string Url::port() const { return textOf(ParsedUri(text_)->portText); }
 
+std::optional<std::pair<std::string, std::string>> Url::credentials() const {
+  const ParsedUri uri(text_);
+  if (uri->userInfo.first == nullptr) return std::nullopt;
+  const std::string text = textOf(uri->userInfo);
+  const std::size_t colon = std::min(text.find(':'), text.size());
+  return std::pair(percentDecoded(text.substr(0, colon)),
+                   percentDecoded(text.substr(std::min(colon + 1, text.size()))));
+}
+
+Url Url::withoutCredentials() const {
+  const ParsedUri uri(text_);
+  if (uri->userInfo.first == nullptr) return *this;
+  return Url(std::string(text_.data(), uri->userInfo.first) +
+             (uri->userInfo.afterLast + 1));  // without the "@"
+}
+
 std::string Url::query() const { return textOf(ParsedUri(text_)->query); }
 
 std::string Url::path() const {

@@ -40,6 +40,11 @@ class ORIVANTA_API Url {
   std::string path() const;
   std::string query() const;
 
+  /// The user name and password in front of the host, percent-decoded; the password is empty when
+  /// there is only a name. Nothing when there are none.
+  std::optional<std::pair<std::string, std::string>> credentials() const;
+  Url withoutCredentials() const;
+
   /// The last segment of the path, percent-decoded, slashes at the end left aside; empty for a path
   /// of slashes only, nothing without a path. It may hold any byte, a slash among them.
   std::optional<std::string> lastPathComponent() const;

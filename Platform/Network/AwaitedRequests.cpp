@@ -14,11 +14,12 @@ struct AwaitedRequests::State {
   bool isCancelled = false;
 };
 
-AwaitedRequests::AwaitedRequests() : state_(std::make_shared<State>()) {}
+AwaitedRequests::AwaitedRequests(TransferRules rules)
+    : rules_(rules), state_(std::make_shared<State>()) {}
 
 UrlResult AwaitedRequests::get(const foundation::Url& url, HeaderFields headerFields) {
   const auto answer = std::make_shared<std::optional<UrlResult>>();
-  const auto transfer = defaultTransport().start({url, std::move(headerFields)},
+  const auto transfer = defaultTransport().start({url, std::move(headerFields), rules_},
                                                  [state = state_, answer](UrlResult result) {
                                                    const std::lock_guard lock(state->mutex);
                                                    *answer = std::move(result);

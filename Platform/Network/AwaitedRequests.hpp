@@ -12,10 +12,10 @@ namespace orivanta::network {
 /// Any thread, but that on which the transport reports.
 class ORIVANTA_API AwaitedRequests {
  public:
-  AwaitedRequests();
+  explicit AwaitedRequests(TransferRules rules = {});
 
   /// What answers, of any status, its body decoded; blocks. As for a session's request, redirects
-  /// are followed, and a minute without a byte ends it.
+  /// are followed, and it ends with an error when it breaks the rules.
   UrlResult get(const foundation::Url& url, HeaderFields headerFields = {});
 
   /// Ends all `get`, also later ones, with an error of the domain "http" and the code ECANCELED.
@@ -23,6 +23,7 @@ class ORIVANTA_API AwaitedRequests {
 
  private:
   struct State;
+  const TransferRules rules_;
   const std::shared_ptr<State> state_;
 };
 

@@ -13,7 +13,8 @@
 namespace orivanta::network {
 
 struct ORIVANTA_API HttpUrlResponse {
-  /// The URL that answered, after redirects; nothing when it is no well-formed URL.
+  /// The URL that answered, after redirects and without credentials; nothing if it is not a
+  /// well-formed URL.
   std::optional<foundation::Url> url;
   int statusCode = 0;
   /// Field names and values in the order of arrival, names as the server spelt them.

@@ -36,14 +36,14 @@ UrlSession::UrlSession(UrlSessionConfiguration configuration,
     : configuration_(std::move(configuration)),
       queue_(foundation::SerialQueue::make()),
       delegate_(std::move(delegate)),
-      delivered_(configuration_.budget) {}
+      delivered_(configuration_.rules.budget) {}
 
 void UrlSession::startDataTask(const foundation::Url& url) {
   const std::lock_guard lock(mutex_);
   if (!delegate_) return;
   std::erase_if(transfers_, [](const auto& transfer) { return transfer.expired(); });
   transfers_.push_back(
-      defaultTransport().start({url, configuration_.additionalHeaders, configuration_.budget},
+      defaultTransport().start({url, configuration_.additionalHeaders, configuration_.rules},
                                [self = shared_from_this()](UrlResult result) {
                                  self->queue_->async([self, result = std::move(result)]() mutable {
                                    self->deliver(std::move(result));
@@ -80,6 +80,8 @@ void UrlSession::invalidateAndCancel() {
   }
   for (const auto& transfer : cancelled)
     if (const auto running = transfer.lock()) running->cancel();
+  if (released)
+    queue_->async([delegate = std::move(released)] { delegate->didBecomeInvalid(std::nullopt); });
   const std::lock_guard lock(validSessions().mutex);
   const auto entry = validSessions().sessions.find(shared_from_this());
   if (entry == validSessions().sessions.end()) return;

@@ -29,16 +29,20 @@ class UrlSessionDelegate {
   /// `response` is meaningful only without an error.
   virtual void didComplete(const HttpUrlResponse& response,
                            const std::optional<foundation::Error>& error) = 0;
+  /// The last report: the session has been invalidated, without an error if the application did so.
+  virtual void didBecomeInvalid(const std::optional<foundation::Error>& /*error*/) {}
+  /// For transports that go on while the program does not run. The one over libcurl does not, and
+  /// never calls this.
+  virtual void didFinishBackgroundEvents() {}
 };
 
 struct UrlSessionConfiguration {
   std::string identifier;
   /// Sent with every request of the session.
   HeaderFields additionalHeaders;
-  /// Pays for the bodies while they are received, decoded and delivered, and for a buffer of the
-  /// delegate as large as the largest body. A request that exceeds it ends with an error of the
-  /// domain "memory" (see `memoryError`). May be null.
-  std::shared_ptr<foundation::MemoryBudget> budget = nullptr;
+  /// For every request of the session. The budget also pays for the delivered bodies, and for a
+  /// buffer of the delegate as large as the largest of them.
+  TransferRules rules = {};
 };
 
 /// Shared by reference. A session that has not been invalidated stays alive without an owner, and
@@ -53,12 +57,15 @@ class ORIVANTA_API UrlSession : public std::enable_shared_from_this<UrlSession> 
   /// Starts a GET request. Does nothing on an invalidated session. Any thread.
   ///
   /// The request follows up to 20 redirects, within HTTP and HTTPS; header fields that carry
-  /// credentials stay behind when a redirect leaves the host. It ends with an error when no byte
-  /// arrives for a minute, or when the body is larger than 512 MiB.
+  /// credentials stay behind when a redirect leaves the host. It ends with an error when it breaks
+  /// the session's rules, or when the body is larger than 512 MiB. Servers prove who they are to
+  /// the certificates of the system, or to those of the file that the environment variable
+  /// SSL_CERT_FILE names.
   void startDataTask(const foundation::Url& url);
 
-  /// Cancels everything outstanding and releases the delegate. Nothing is reported afterwards,
-  /// except what is being reported just now. Any thread; more than once is harmless.
+  /// Cancels everything outstanding. Nothing is reported afterwards, except what is being reported
+  /// just now and then, as the last, that the session is invalid; the delegate is released after
+  /// that. Any thread; more than once is harmless.
   void invalidateAndCancel();
 
   bool isValid() const;

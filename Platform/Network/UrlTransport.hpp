@@ -14,6 +14,7 @@
 #include "Platform/Foundation/MemoryBudget.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
+#include "Platform/Network/TransferRules.hpp"
 
 namespace orivanta::network {
 
@@ -22,7 +23,7 @@ using HeaderFields = std::vector<std::pair<std::string, std::string>>;
 struct UrlRequest {
   foundation::Url url;
   HeaderFields headerFields;
-  std::shared_ptr<foundation::MemoryBudget> budget = nullptr;  ///< pays for the body; may be null
+  TransferRules rules = {};
 };
 
 /// How a request ended. `body` is as it came over the wire; `decodeBody` undoes the compression

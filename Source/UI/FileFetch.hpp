@@ -50,7 +50,7 @@ class FileFetch {
   const std::vector<File> files_;
   const std::shared_ptr<HttpDownloader> downloader_;
   const Reports reports_;
-  network::AwaitedRequests requests_;
+  network::AwaitedRequests requests_{network::strictRules()};
   mutable std::mutex mutex_;
   std::size_t next_ = 0;  // the first file that nobody has taken
 };

@@ -12,6 +12,30 @@ std::string propertyList(const std::string& entries) {
   return R"(<plist version="1.0"><dict>)" + entries + "</dict></plist>";
 }
 
+TEST(ApiSettings, CredentialsInTheEndpointCountIfThereAreNoOthers) {
+  using Text = std::optional<std::string>;
+  struct {
+    std::string endpoint;
+    Text username, password;
+    std::string keptEndpoint;
+    Text usedUsername, usedPassword;
+  } const cases[] = {
+      {"http://u:p%40@h/1/", {}, {}, "http://h/1/", "u", "p@"},
+      {"http://u@h/1/", {}, "q", "http://h/1/", "u", "q"},
+      {"http://u:p@h/1/", {}, "q", "http://h/1/", "u", "q"},
+      {"http://u:p@h/1/", "v", {}, "http://h/1/", "v", {}},
+      {"http://u:p@h/1/", "", "", "http://h/1/", "", ""},
+      {"http://h/1/", {}, {}, "http://h/1/", {}, {}},
+      {"no URL@", {}, {}, "no URL@", {}, {}},
+  };
+  for (auto [endpoint, username, password, keptEndpoint, usedUsername, usedPassword] : cases) {
+    takeCredentials(endpoint, username, password);
+    EXPECT_EQ(endpoint, keptEndpoint);
+    EXPECT_EQ(username, usedUsername);
+    EXPECT_EQ(password, usedPassword);
+  }
+}
+
 // In a process of its own: the property lists are looked for once.
 TEST(ApiSettingsDeathTest, TheFirstPropertyListWithATextWins) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
@@ -20,10 +44,11 @@ TEST(ApiSettingsDeathTest, TheFirstPropertyListWithATextWins) {
     folder.write("1.plist", "damaged");
     folder.write("2.plist", propertyList("<key>OrivantaEndpoint</key><integer>7</integer>"
                                          "<key>OrivantaUsername</key><string/>"));
-    folder.write("3.plist", propertyList("<key>OrivantaEndpoint</key><string>http://h/1/</string>"
-                                         "<key>OrivantaUsername</key><string>late</string>"));
+    folder.write("3.plist",
+                 propertyList("<key>OrivantaEndpoint</key><string>http://u:p@h/1/</string>"
+                              "<key>OrivantaUsername</key><string>late</string>"));
     foundation::setMainBundleFolder(folder.path());
-    const bool right = settingFromPropertyLists("OrivantaEndpoint") == "http://h/1/" &&
+    const bool right = settingFromPropertyLists("OrivantaEndpoint") == "http://u:p@h/1/" &&
                        settingFromPropertyLists("OrivantaUsername") == "" &&
                        !settingFromPropertyLists("OrivantaPassword");
     setApiSettings({{}, "given", {}, {}});

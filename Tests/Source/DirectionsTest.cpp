@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "Source/Location.hpp"
@@ -64,6 +65,20 @@ TEST(Directions, SayWhereToDepartAndArrive) {
   };
   for (const auto& test : cases)
     EXPECT_EQ(textOf(Directions::make(test.path, test.from, test.to)), test.text);
+}
+
+TEST(Directions, DirectionsAreReadOnlyAndNeedNoPlace) {
+  static_assert(
+      !std::is_assignable_v<decltype((std::declval<Direction&>().instruction)), std::string>);
+  const DrawnNetwork network("A-B");
+  const auto node = network("A").front();
+  const auto shop = placeOf("Shop");
+  const auto departure = std::make_shared<Direction::Departure>();
+  const Direction plain(node, departure, "Go");
+  const Direction at(node, departure, shop, "Go");
+  EXPECT_EQ(plain.instruction + at.instruction, "GoGo");
+  EXPECT_FALSE(plain.atLocation || plain.towardsLocation || at.towardsLocation);
+  EXPECT_EQ(at.atLocation, shop);
 }
 
 /// Makes a venue with the network's graph the active one, until the end of the test.

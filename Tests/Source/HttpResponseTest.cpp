@@ -4,6 +4,7 @@
 #include <new>
 #include <thread>
 
+#include "Platform/Foundation/Diagnostics.hpp"
 #include "Source/HttpSession.hpp"
 #include "Tests/Support/ChainCourse.hpp"
 #include "Tests/Support/MisbehavingServer.hpp"
@@ -172,32 +173,107 @@ TEST(HttpResponse, AnAnswerThatComesBeforeTheChainIsCompleteIsKept) {
   EXPECT_EQ(failed.take().code, 1);
 }
 
-TEST(HttpResponse, AChainWithoutAPageCallbackEndsSilentlyAndStaysValid) {
-  MisbehavingServer server;
-  server.on("/1/a", Answer::json("[]").next("b"));
-  server.on("/1/b", Answer::json("[]"));
-  server.on("/1/afterwards", Answer::json("[]"));
-  const auto calls = std::make_shared<std::atomic<int>>(0);
-  const Awaited<std::shared_ptr<network::UrlSession>> lastPage;
-  const Awaited<bool> reportedAfterwards;
-  {
-    const auto chain = sessionFor(server.root()).get("a");
-    chain.onComplete([=](const std::any&) { ++*calls; });
-    chain.onError([=](const Error&) { ++*calls; });
-    const std::weak_ptr<network::UrlSession> session = chain.session();
-    chain.onResponse([=](const network::HttpUrlResponse& response, std::size_t) {
-      if (response.url->path() == "/1/b") lastPage.give(session.lock());
-      if (response.url->path() == "/1/afterwards") reportedAfterwards.give(true);
-    });
+TEST(HttpResponse, TheLastPageIsFoldedIfThereIsWhatItTakes) {
+  struct {
+    bool buffer, pageCallback, completeCallback;
+    int folds;
+    bool valid;
+    std::optional<Texts> completed;
+  } const cases[] = {{true, true, true, 1, false, Texts({"0", "1"})},
+                     {true, true, false, 0, false, std::nullopt},
+                     {false, true, true, 0, true, std::nullopt},
+                     {true, false, true, 0, true, std::nullopt}};
+  for (const auto& test : cases) {
+    const auto delegate = std::make_shared<CustomUrlSessionDelegate>(nullptr, nullptr);
+    const HttpResponse<Texts> response(network::UrlSession::make({}, delegate), delegate);
+    int folds = 0;
+    std::optional<Texts> completed;
+    if (test.buffer) response.pageBuffer = Texts({"0"});
+    if (test.pageCallback)
+      response.pageCallback = [&](Texts texts, const RawData& page) {
+        ++folds;
+        return withPage(std::move(texts), page);
+      };
+    if (test.completeCallback)
+      response.completeCallback = [&](Texts texts) { completed = std::move(texts); };
+    response.errorCallback = [](const Error&) { ADD_FAILURE(); };
+    std::string body = R"(["1"])";
+    response.sessionDelegate->onSuccess({std::nullopt, 200, {}}, body);
+    EXPECT_EQ(folds, test.folds);
+    EXPECT_EQ(response.session->isValid(), test.valid);
+    EXPECT_EQ(completed, test.completed);
+    EXPECT_EQ(response.pageBuffer, test.buffer ? std::optional(Texts({"0"})) : std::nullopt);
+    response.session->invalidateAndCancel();
   }
-  const auto session = lastPage.take();
-  // Reports come one after the other, so that of another task tells that the last page is done
-  // with.
-  session->startDataTask(*foundation::Url::parse(server.root("/1/afterwards")));
-  EXPECT_TRUE(reportedAfterwards.take());
-  EXPECT_TRUE(session->isValid());
-  EXPECT_EQ(*calls, 0);
-  session->invalidateAndCancel();
+}
+
+TEST(HttpResponse, StartsByItselfAndIsCompletedThroughItsProperties) {
+  MisbehavingServer server;
+  server.on("/1/a", Answer::json(R"(["1"])"));
+  const Awaited<Texts> completed;
+  {
+    const HttpResponse<Texts> response(*foundation::Url::parse(server.root("/1/a")), "Own x", "fr");
+    EXPECT_FALSE(response.pageBuffer || response.pageCallback || response.completeCallback ||
+                 response.errorCallback);
+    EXPECT_EQ(response.session->configuration().identifier, server.root("/1/a"));
+    const auto copy = response;
+    copy.pageBuffer = Texts({"0"});
+    copy.pageCallback = withPage;
+    copy.completeCallback = [=](Texts texts) { completed.give(std::move(texts)); };
+    EXPECT_EQ(response.pageBuffer, copy.pageBuffer);
+  }
+  EXPECT_EQ(completed.take(), Texts({"0", "1"}));
+  EXPECT_EQ(server.requests().at(0).field("Authorization"), "Own x");
+  EXPECT_EQ(server.requests().at(0).field("Accept-Language"), "fr");
+}
+
+TEST(HttpResponse, CallbacksThatBlockHoldUpNoOtherChain) {
+  MisbehavingServer server;
+  server.on("/1/a", Answer::json(R"(["1"])"));
+  const HttpSession session = sessionFor(server.root());
+  const auto latch = std::make_shared<Latch>();
+  std::vector<Awaited<bool>> begun(30);
+  for (const auto& each : begun)
+    session.get("a").onPage(0, [](int, const RawData&) { return 0; }).onComplete([=](int) {
+      each.give(true);
+      EXPECT_TRUE(latch->wait());
+    });
+  for (const auto& each : begun) each.take();
+  EXPECT_TRUE(courseOf(session).completed);
+  latch->open();
+}
+
+TEST(CustomUrlSessionDelegate, ReportsTheErrorOfAnInvalidSessionAndFinishedEvents) {
+  std::vector<Error> errors;
+  std::vector<std::string> lines;
+  CustomUrlSessionDelegate delegate(nullptr, [&](const Error& error) { errors.push_back(error); });
+  foundation::setDiagnosticSink([&](std::string_view line) { lines.emplace_back(line); });
+  delegate.didBecomeInvalid(std::nullopt);
+  delegate.didBecomeInvalid(Error{"d", 2, "t"});
+  delegate.didFinishBackgroundEvents();
+  foundation::setDiagnosticSink(nullptr);
+  EXPECT_EQ(errors, std::vector({Error{"d", 2, "t"}}));
+  EXPECT_EQ(lines, std::vector<std::string>({"finishedeventsforbackgroundsession"}));
+}
+
+TEST(HttpResponse, ALinkFromHttpsToHttpEndsAChainThatStaysSecure) {
+  for (const bool staysSecure : {true, false}) {
+    const auto delegate = std::make_shared<CustomUrlSessionDelegate>(nullptr, nullptr);
+    const auto session = network::UrlSession::make({"", {}, {{}, staysSecure}}, delegate);
+    const HttpResponse<int> response(session, delegate);
+    std::string told;
+    response.errorCallback = [&](const Error& error) { told = error.description; };
+    std::string body = "[]";
+    delegate->onSuccess({foundation::Url::parse("https://u:p@h/a"),
+                         200,
+                         {{"Link", "<http://127.0.0.1:1/b>; rel=\"next\""}}},
+                        body);
+    EXPECT_EQ(told, staysSecure
+                        ? "https://h/a leads to http://127.0.0.1:1/b, which is not encrypted"
+                        : "");
+    EXPECT_EQ(session->isValid(), !staysSecure);
+    session->invalidateAndCancel();
+  }
 }
 
 TEST(HttpResponse, AChainThatRunsInACircleEndsWhenItsSessionIsInvalidated) {
@@ -212,7 +288,7 @@ TEST(HttpResponse, AChainThatRunsInACircleEndsWhenItsSessionIsInvalidated) {
     std::shared_ptr<network::UrlSession> running;
     {
       const auto start = sessionFor(server.root()).get("a");
-      running = start.session();
+      running = start.session;
       start
           .onPage(0,
                   [=, session = running](int pages, const RawData&) {
@@ -283,7 +359,7 @@ TEST(HttpResponse, TheSessionIsInvalidBeforeTheEndIsReported) {
   const Awaited<bool> validAtError;
   const auto start = [&](const char* path, const Awaited<bool>& valid) {
     const auto chain = session.get(path).onPage(0, [](int, const RawData&) { return 0; });
-    const std::weak_ptr<network::UrlSession> running = chain.session();
+    const std::weak_ptr<network::UrlSession> running = chain.session;
     chain.onComplete([=](int) { valid.give(running.lock()->isValid()); });
     chain.onError([=](const Error&) { valid.give(running.lock()->isValid()); });
   };

@@ -22,10 +22,11 @@ class Ending {
  public:
   using Told = std::pair<std::vector<LoadFailure>, bool>;
 
-  std::shared_ptr<ReportedLoad> load(
-      std::size_t collections, std::function<void(const LoadProgress&)> progressed = {}) const {
+  std::shared_ptr<ReportedLoad> load(std::size_t collections,
+                                     std::function<void(const LoadProgress&)> progressed = {},
+                                     network::LowestRate lowestRate = {}) const {
     return std::make_shared<ReportedLoad>(
-        "http://h/1/", collections, std::move(progressed),
+        "http://h/1/", collections, lowestRate, std::move(progressed),
         [told = told_](std::vector<LoadFailure> failures, bool complete) {
           told.give({std::move(failures), complete});
         });
@@ -63,6 +64,9 @@ TEST(ReportedLoad, TellsWhyACollectionFailed) {
        "no answer from http://h/1/map: Couldn't connect"},
       {200, Error{"curl", 56, "reset"}, LoadProblem::noAnswer,
        "no answer from http://h/1/map: reset"},
+      {200,
+       network::insecureStep(*foundation::Url::parse("https://h"), *foundation::Url::parse("x")),
+       LoadProblem::insecure, "https://h leads to x, which is not encrypted"},
   };
   for (const Case& each : cases) {
     const Ending ending;
@@ -87,15 +91,22 @@ TEST(ReportedLoad, GivesUpLoadsThatDoNotEnd) {
     std::vector<std::string> nextPages;  // by the pages of one collection
     std::size_t pageBytes;
     std::string reason;  // "" for none
+    network::LowestRate lowestRate = {};
   } const cases[] = {
       {{"2", "1", "2"}, 1, "the pages of node run in a circle, back to http://h/1/2"},
       {{"2", "3", ""}, std::size_t{300} << 20U, ""},
       {{"2", "3", "4", ""}, std::size_t{300} << 20U, "the server sent more than 1024 MiB"},
       {std::vector<std::string>(100'001, "#"), 1, "node has more than 100000 pages"},
+      {{"2", ""},
+       1000,
+       "the pages of node come too slowly, less than 1000000000000000 bytes a second",
+       {1'000'000'000'000'000, std::chrono::seconds(0)}},
+      {{"2", ""}, 1000, "", {1'000'000'000'000'000, std::chrono::hours(1)}},
+      {{"2", ""}, 1000, "", {0, std::chrono::seconds(0)}},
   };
   for (const auto& test : cases) {
     const Ending ending;
-    const auto load = ending.load(6);
+    const auto load = ending.load(6, {}, test.lowestRate);
     // Every page answers from one URL, as behind a redirect.
     for (std::size_t page = 0; page < test.nextPages.size(); ++page) {
       std::string next = test.nextPages[page];

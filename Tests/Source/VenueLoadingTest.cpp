@@ -296,6 +296,21 @@ TEST_F(VenueLoading, GivesUpALoadThatDoesNotEnd) {
   EXPECT_EQ(report.failures.at(0).problem, LoadProblem::endless);
 }
 
+TEST_F(VenueLoading, ATrickleEndsWithItsCollection) {
+  MisbehavingServer server;
+  serveSmallVenue(server);
+  server.on("/1/node", Answer::json(std::string(10'000, ' ') + "[]").trickled());
+  const Awaited<VenueLoadReport> arrived;
+  loadVenueReporting(sessionFor(server.root()).withLowestRate({1'000'000, std::chrono::seconds(1)}),
+                     smallVenue(), false,
+                     {{}, [=](VenueLoadReport report) { arrived.give(std::move(report)); }});
+  const VenueLoadReport report = arrived.take();
+  ASSERT_EQ(report.failures.size(), 1U);
+  EXPECT_EQ(report.failures[0].collection, "node");
+  EXPECT_NE(report.failures[0].reason.find("too slow"), std::string::npos);
+  EXPECT_FALSE(report.venue->maps->empty());
+}
+
 TEST_F(VenueLoading, ACancelledLoadTellsNothingAndLetsGo) {
   MisbehavingServer server;
   serveSmallVenue(server);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <boost/asio.hpp>
+#include <boost/asio/ssl.hpp>
 #include <condition_variable>
 #include <map>
 #include <mutex>
@@ -127,6 +128,12 @@ Answer Answer::resetAfter(std::size_t bodyBytes) const {
   return answer;
 }
 
+Answer Answer::trickled() const {
+  Answer answer = *this;
+  answer.byTrickles = true;
+  return answer;
+}
+
 Answer Answer::held(std::shared_ptr<Latch> opener) const {
   Answer answer = *this;
   answer.latch = std::move(opener);
@@ -150,7 +157,13 @@ std::string gzipped(const std::string& bytes) {
 
 class MisbehavingServer::Implementation {
  public:
-  Implementation() : acceptor_(context_, {asio::ip::address_v4::loopback(), 0}) {
+  explicit Implementation(const std::filesystem::path& certificate)
+      : acceptor_(context_, {asio::ip::address_v4::loopback(), 0}) {
+    if (!certificate.empty()) {
+      tls_.emplace(asio::ssl::context::tls_server);
+      tls_->use_certificate_file(certificate, asio::ssl::context::pem);
+      tls_->use_private_key_file(certificate.string() + ".key", asio::ssl::context::pem);
+    }
     asio::co_spawn(context_, acceptAll(), asio::detached);
     thread_ = std::thread([this] { context_.run(); });
   }
@@ -160,7 +173,9 @@ class MisbehavingServer::Implementation {
     thread_.join();
   }
 
-  unsigned port() const { return port_; }
+  std::string root(const char* host, const std::string& path) const {
+    return fmt::format("{}://{}:{}{}", tls_ ? "https" : "http", host, port_, path);
+  }
 
   void on(const std::string& path, Script script) {
     const std::lock_guard lock(mutex_);
@@ -206,11 +221,19 @@ class MisbehavingServer::Implementation {
 
   asio::awaitable<void> serve(tcp::socket socket) {
     const std::size_t connection = counted(connectionCount_);
-    co_await answerAll(std::move(socket), connection);
+    if (tls_) {
+      asio::ssl::stream<tcp::socket> stream(std::move(socket), *tls_);
+      const auto [failure] =
+          co_await stream.async_handshake(asio::ssl::stream_base::server, reportingErrors);
+      if (!failure) co_await answerAll(stream, connection);
+    } else {
+      co_await answerAll(socket, connection);
+    }
     counted(endedConnectionCount_);
   }
 
-  asio::awaitable<void> answerAll(tcp::socket socket, std::size_t connection) {
+  template <class Stream>
+  asio::awaitable<void> answerAll(Stream& socket, std::size_t connection) {
     std::string received;
     for (;;) {
       const auto [failure, headBytes] = co_await asio::async_read_until(
@@ -226,17 +249,25 @@ class MisbehavingServer::Implementation {
   }
 
   // Whether the connection can serve another request.
-  asio::awaitable<bool> sent(tcp::socket& socket, const Answer& answer) {
+  template <class Stream>
+  asio::awaitable<bool> sent(Stream& socket, const Answer& answer) {
     const bool complete = answer.ending == Answer::Ending::complete;
     std::string body = framedBody(answer);
     if (!complete) body.resize(std::min(body.size(), answer.sentBodyBytes));
     const std::string bytes = headOf(answer) + body;
-    const auto [failure, count] =
-        co_await asio::async_write(socket, asio::buffer(bytes), reportingErrors);
+    const std::size_t atOnce = bytes.size() - (answer.byTrickles ? body.size() : 0);
+    auto [failure, count] =
+        co_await asio::async_write(socket, asio::buffer(bytes, atOnce), reportingErrors);
+    for (std::size_t i = atOnce; i < bytes.size() && !failure; ++i) {
+      asio::steady_timer timer(context_, std::chrono::milliseconds(50));
+      co_await timer.async_wait(reportingErrors);
+      std::tie(failure, count) =
+          co_await asio::async_write(socket, asio::buffer(&bytes[i], 1), reportingErrors);
+    }
     boost::system::error_code ignored;
     if (answer.ending == Answer::Ending::reset)
-      socket.set_option(asio::socket_base::linger(true, 0), ignored);
-    if (!complete) socket.close(ignored);
+      socket.lowest_layer().set_option(asio::socket_base::linger(true, 0), ignored);
+    if (!complete) socket.lowest_layer().close(ignored);
     co_return complete && !failure;
   }
 
@@ -275,13 +306,15 @@ class MisbehavingServer::Implementation {
   std::size_t connectionCount_ = 0;
   std::size_t endedConnectionCount_ = 0;
 
+  std::optional<asio::ssl::context> tls_;
   asio::io_context context_;
   tcp::acceptor acceptor_;
   const unsigned port_ = acceptor_.local_endpoint().port();
   std::thread thread_;
 };
 
-MisbehavingServer::MisbehavingServer() : implementation_(std::make_unique<Implementation>()) {}
+MisbehavingServer::MisbehavingServer(const std::filesystem::path& certificate)
+    : implementation_(std::make_unique<Implementation>(certificate)) {}
 MisbehavingServer::~MisbehavingServer() = default;
 
 void MisbehavingServer::on(const std::string& path, Script script) {
@@ -300,11 +333,11 @@ void MisbehavingServer::on(const std::string& path, std::vector<Answer> answers)
 }
 
 std::string MisbehavingServer::root(const std::string& path) const {
-  return fmt::format("http://127.0.0.1:{}{}", implementation_->port(), path);
+  return implementation_->root("127.0.0.1", path);
 }
 
 std::string MisbehavingServer::rootByName(const std::string& path) const {
-  return fmt::format("http://localhost:{}{}", implementation_->port(), path);
+  return implementation_->root("localhost", path);
 }
 
 std::string MisbehavingServer::refusingRoot() {

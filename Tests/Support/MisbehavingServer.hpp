@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -43,6 +44,7 @@ struct Answer {
   std::optional<std::size_t> announcedBytes;  ///< the Content-Length when it is not the truth
   Ending ending = Ending::complete;
   std::size_t sentBodyBytes = 0;  ///< before the early end
+  bool byTrickles = false;        ///< a byte of the body every 50 ms
   std::shared_ptr<Latch> latch;   ///< nothing is sent before it opens; may be null
 
   static Answer json(std::string text, int status = 200);
@@ -54,6 +56,7 @@ struct Answer {
   Answer gzipped() const;                     ///< compresses the body
   Answer chunked() const;
   Answer closedAfter(std::size_t bodyBytes) const;
+  Answer trickled() const;
   Answer resetAfter(std::size_t bodyBytes) const;
   Answer held(std::shared_ptr<Latch> latch) const;
 };
@@ -67,7 +70,8 @@ class MisbehavingServer {
  public:
   using Script = std::function<Answer(const ReceivedRequest&)>;
 
-  MisbehavingServer();
+  /// Speaks HTTPS if there is a file with a certificate; its key is beside it, named *.key.
+  explicit MisbehavingServer(const std::filesystem::path& certificate = {});
   ~MisbehavingServer();
   MisbehavingServer(const MisbehavingServer&) = delete;
   MisbehavingServer& operator=(const MisbehavingServer&) = delete;

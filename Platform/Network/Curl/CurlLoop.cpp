@@ -2,6 +2,7 @@
 
 #include <curl/curl.h>
 #include <pthread.h>
+#include <strings.h>
 
 #include <atomic>
 #include <cctype>
@@ -17,7 +18,7 @@ namespace {
 
 constexpr std::size_t largestBodyBytes = 512U << 20U;
 constexpr long mostRedirects = 20;
-constexpr long idleSeconds = 60;
+constexpr long connectSeconds = 60;
 constexpr std::size_t keptIdleHandles = 16;
 
 foundation::Error curlError(int code, const char* detail) {
@@ -46,7 +47,8 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
  public:
   Transfer(CurlLoop& loop, UrlRequest request, std::function<void(UrlResult)> completed)
       : loop_(loop), request_(std::move(request)), completed_(std::move(completed)) {
-    if (request_.budget) result_.share = std::make_shared<foundation::BudgetShare>(request_.budget);
+    if (const auto& budget = request_.rules.budget)
+      result_.share = std::make_shared<foundation::BudgetShare>(budget);
   }
 
   void cancel() override {
@@ -88,6 +90,7 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
     if (line.starts_with("HTTP/")) {
       fields.clear();
       headComplete_ = false;
+      if (request_.rules.staysSecure) keepToHttps();
     } else if (line.empty()) {
       headComplete_ = true;
     } else if (colon != std::string_view::npos && !headComplete_) {
@@ -97,6 +100,22 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
       fields.emplace_back(line.substr(0, colon), value);
     }
   }
+
+  // Called when an URL begins to answer: from an HTTPS one, only redirects to HTTPS are followed.
+  void keepToHttps() {
+    result_.response.url = currentUrl();
+    if (result_.response.url && strcasecmp(result_.response.url->scheme().c_str(), "https") == 0)
+      curl_easy_setopt(handle_, CURLOPT_REDIR_PROTOCOLS_STR, "https");
+  }
+
+  std::optional<foundation::Url> currentUrl() const {
+    const char* text = nullptr;
+    curl_easy_getinfo(handle_, CURLINFO_EFFECTIVE_URL, &text);
+    const auto url = text == nullptr ? std::nullopt : foundation::Url::parse(text);
+    return url ? std::optional(url->withoutCredentials()) : std::nullopt;
+  }
+
+  foundation::Error errorOf(int outcome) const;
 
   // libcurl would take a reference without a scheme or without a host for the name of a host, and
   // send the credentials there.
@@ -230,9 +249,12 @@ void CurlLoop::Transfer::setOptions() {
   curl_easy_setopt(handle_, CURLOPT_FOLLOWLOCATION, 1L);
   curl_easy_setopt(handle_, CURLOPT_MAXREDIRS, mostRedirects);
   curl_easy_setopt(handle_, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(largestBodyBytes));
-  curl_easy_setopt(handle_, CURLOPT_CONNECTTIMEOUT, idleSeconds);
-  curl_easy_setopt(handle_, CURLOPT_LOW_SPEED_LIMIT, 1L);
-  curl_easy_setopt(handle_, CURLOPT_LOW_SPEED_TIME, idleSeconds);
+  curl_easy_setopt(handle_, CURLOPT_CONNECTTIMEOUT, connectSeconds);
+  const LowestRate& rate = request_.rules.lowestRate;
+  curl_easy_setopt(handle_, CURLOPT_LOW_SPEED_LIMIT, static_cast<long>(rate.bytesPerSecond));
+  curl_easy_setopt(handle_, CURLOPT_LOW_SPEED_TIME, static_cast<long>(rate.window.count()));
+  if (const char* certificates = std::getenv("SSL_CERT_FILE"))
+    curl_easy_setopt(handle_, CURLOPT_CAINFO, certificates);
   curl_easy_setopt(handle_, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(handle_, CURLOPT_ERRORBUFFER, errorText_);
   curl_easy_setopt(handle_, CURLOPT_WRITEFUNCTION, &Transfer::receiveBody);
@@ -242,16 +264,23 @@ void CurlLoop::Transfer::setOptions() {
   curl_easy_setopt(handle_, CURLOPT_PRIVATE, this);
 }
 
+foundation::Error CurlLoop::Transfer::errorOf(int outcome) const {
+  const auto& answered = result_.response.url;
+  const auto refused = currentUrl();
+  if (outcome == CURLE_UNSUPPORTED_PROTOCOL && answered && refused &&
+      leavesHttps(*answered, *refused))
+    return insecureStep(*answered, *refused);
+  return curlError(outcome, errorText_);
+}
+
 void CurlLoop::finish(Transfer& transfer, int outcome) {
   const std::shared_ptr<Transfer> owner = transfer.shared_from_this();
   UrlResult& result = transfer.result_;
-  if (outcome != CURLE_OK && !result.error) result.error = curlError(outcome, transfer.errorText_);
+  if (outcome != CURLE_OK && !result.error) result.error = transfer.errorOf(outcome);
   long status = 0;
   curl_easy_getinfo(transfer.handle_, CURLINFO_RESPONSE_CODE, &status);
   result.response.statusCode = static_cast<int>(status);
-  const char* effectiveUrl = nullptr;
-  curl_easy_getinfo(transfer.handle_, CURLINFO_EFFECTIVE_URL, &effectiveUrl);
-  if (effectiveUrl != nullptr) result.response.url = foundation::Url::parse(effectiveUrl);
+  result.response.url = transfer.currentUrl();
   release(transfer);
   running_.erase(owner);
   if (!transfer.cancelled_) transfer.completed_(std::move(result));

@@ -18,7 +18,7 @@ namespace {
 std::string list(const RawData& ids) {
   std::string text = "[";
   for (const RawData& id : ids.arrayValue())
-    text += (text == "[" ? "" : ",") + jsonString(*id.stringView());
+    text += (text == "[" ? "" : ",") + jsonString(*id.string());
   return text + "]";
 }
 

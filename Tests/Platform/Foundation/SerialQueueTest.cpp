@@ -45,13 +45,15 @@ TEST(SerialQueue, RunsTheTasksOfEachProducerInOrderAndNeverTwoAtOnce) {
 }
 
 TEST(SerialQueue, QueuesDoNotWaitForOneAnother) {
-  const auto blocked = SerialQueue::make();
-  const auto free = SerialQueue::make();
+  std::vector<std::shared_ptr<SerialQueue>> blocked(50);
   const auto latch = std::make_shared<Latch>();
-  blocked->async([latch] { EXPECT_TRUE(latch->wait()); });
-  drain(*free);
+  for (auto& queue : blocked) {
+    queue = SerialQueue::make();
+    queue->async([latch] { EXPECT_TRUE(latch->wait()); });
+  }
+  drain(*SerialQueue::make());
   latch->open();
-  drain(*blocked);
+  for (const auto& queue : blocked) drain(*queue);
 }
 
 TEST(SerialQueue, ATaskAddedByATaskComesBehindThoseWaiting) {

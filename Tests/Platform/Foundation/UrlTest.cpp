@@ -86,6 +86,24 @@ TEST(Url, NamesItsComponents) {
   EXPECT_EQ(Url::parse("/a")->path(), "/a");
 }
 
+TEST(Url, PartsWithItsCredentials) {
+  using Credentials = std::optional<std::pair<std::string, std::string>>;
+  struct Case {
+    const char* url;
+    Credentials credentials;
+    const char* without;
+  };
+  for (const auto& [text, credentials, without] :
+       {Case{"http://h/a@b?c@d", std::nullopt, "http://h/a@b?c@d"},
+        Case{"https://me@h:8/1/", Credentials({"me", ""}), "https://h:8/1/"},
+        Case{"HTTP://a%40b:c%3a:%C3%A9@[::1]/x", Credentials({"a@b", "c::é"}), "HTTP://[::1]/x"},
+        Case{"//:@h", Credentials({"", ""}), "//h"}, Case{"a:b@c", std::nullopt, "a:b@c"}}) {
+    const Url url = *Url::parse(text);
+    EXPECT_EQ(url.credentials(), credentials) << text;
+    EXPECT_EQ(url.withoutCredentials().absoluteString(), without);
+  }
+}
+
 TEST(Url, QueryItemsAreEncodedAndReplaceTheQuery) {
   const Url url = *Url::parse("http://h/1/node?old=1");
   const std::vector<std::pair<std::string, std::string>> items{

@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <condition_variable>
+#include <cstdlib>
 #include <thread>
 
 #include "Tests/Support/Awaited.hpp"
+#include "Tests/Support/EnvironmentVariable.hpp"
 #include "Tests/Support/MisbehavingServer.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta::network {
 namespace {
@@ -39,6 +42,10 @@ class Recorder : public UrlSessionDelegate {
     reported_.notify_all();
   }
 
+  void didBecomeInvalid(const std::optional<foundation::Error>& error) override {
+    if (onInvalid) onInvalid(error);
+  }
+
   // Blocks until there are so many reports.
   std::vector<Report> reports(std::size_t count) {
     std::unique_lock lock(mutex_);
@@ -48,6 +55,7 @@ class Recorder : public UrlSessionDelegate {
 
   std::function<void()> onData;
   std::function<void()> onComplete;
+  std::function<void(const std::optional<foundation::Error>&)> onInvalid;
 
  private:
   std::string received_;  // no lock: the session reports one at a time
@@ -59,8 +67,10 @@ class Recorder : public UrlSessionDelegate {
 // A session with a recorder, invalidated at the end of the test.
 struct Recorded {
   std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
-  std::shared_ptr<UrlSession> session = UrlSession::make({"test", {{"X-Own", "1"}}}, recorder);
+  std::shared_ptr<UrlSession> session;
 
+  explicit Recorded(TransferRules rules = {})
+      : session(UrlSession::make({"test", {{"X-Own", "1"}}, rules}, recorder)) {}
   ~Recorded() { session->invalidateAndCancel(); }
 
   Recorder::Report get(const std::string& address) {
@@ -130,6 +140,46 @@ TEST(UrlSession, RefusesABodyThatInflatesBeyondTheLimit) {
   EXPECT_EQ(recorded.get(server.root("/large")).body.size(), 32U << 20U);
 }
 
+TEST(UrlSession, EndsATransferBelowTheLowestRate) {
+  MisbehavingServer server;
+  server.on("/a", Answer::json(std::string(10'000, ' ')).trickled());
+  Recorded recorded(strictRules({1'000'000, std::chrono::seconds(1)}));
+  const auto error = recorded.get(server.root("/a")).error;
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->code, 28);
+}
+
+TEST(UrlSession, LeavesHttpsOnlyIfItsRulesLetIt) {
+  const test::TemporaryFolder folder;
+  const auto certificate = folder.path() / "certificate.pem";
+  const std::string make =
+      "openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -subj /CN=test "
+      "-addext subjectAltName=IP:127.0.0.1 -out " +
+      certificate.string() + " -keyout " + certificate.string() + ".key >/dev/null 2>&1";
+  ASSERT_EQ(std::system(make.c_str()), 0);
+  const test::EnvironmentVariable trusted("SSL_CERT_FILE", certificate.string());
+  MisbehavingServer server;
+  MisbehavingServer secure(certificate);
+  const std::string secureHost = secure.root("").substr(std::string("https://").size());
+  server.on("/end", Answer::json("[]"));
+  server.on("/up", Answer::redirect("https://me:pass@" + secureHost + "/down"));
+  secure.on("/down", Answer::redirect(server.root("/end")));
+  secure.on("/along", Answer::redirect("/end"));
+  secure.on("/end", Answer::json("[]"));
+  Recorded strict(strictRules());
+  Recorded lenient;
+  for (const std::string& start : {server.root("/up"), secure.root("/down")}) {
+    EXPECT_EQ(
+        strict.get(start).error->description,
+        secure.root("/down") + " leads to " + server.root("/end") + ", which is not encrypted");
+    EXPECT_TRUE(server.requests("/end").empty());
+    EXPECT_EQ(lenient.get(start).response.url, url(server.root("/end")));
+    server.forgetRequests();
+  }
+  EXPECT_FALSE(strict.get(secure.root("/along")).error);
+  EXPECT_FALSE(strict.get(server.root("/end")).error);
+}
+
 TEST(UrlSession, TasksOfOneSessionRunTogetherAndReportOneAtATime) {
   MisbehavingServer server;
   const auto latch = std::make_shared<Latch>();
@@ -144,12 +194,14 @@ TEST(UrlSession, TasksOfOneSessionRunTogetherAndReportOneAtATime) {
   EXPECT_EQ(recorded.recorder->reports(21).back().body, "[0]");
 }
 
-TEST(UrlSession, NothingIsReportedAfterInvalidation) {
+TEST(UrlSession, NothingButTheEndIsReportedAfterInvalidation) {
   MisbehavingServer server;
   const auto latch = std::make_shared<Latch>();
   server.on("/held", Answer::json("[0]").held(latch));
   server.on("/a", Answer::json("[1]"));
+  const test::Awaited<std::optional<foundation::Error>> invalid;
   const auto recorder = std::make_shared<Recorder>();
+  recorder->onInvalid = [invalid](const auto& error) { invalid.give(error); };
   const auto session = UrlSession::make({}, recorder);
   session->startDataTask(url(server.root("/held")));
   ASSERT_TRUE(server.waitForRequests("/held", 1));
@@ -163,6 +215,7 @@ TEST(UrlSession, NothingIsReportedAfterInvalidation) {
   Recorded other;
   other.get(server.root("/b"));  // what was cancelled is gone when this has been answered
   EXPECT_EQ(recorder->reports(0).size(), 1U);
+  EXPECT_FALSE(invalid.take());
   EXPECT_TRUE(server.requests("/afterwards").empty());
 }
 

@@ -1,0 +1,45 @@
+// What a request may ask of the server that answers it.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <memory>
+
+#include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/MemoryBudget.hpp"
+#include "Platform/Foundation/Url.hpp"
+
+namespace orivanta::network {
+
+/// A transfer is too slow when fewer bytes than this arrive in each second of a whole window.
+struct LowestRate {
+  std::size_t bytesPerSecond = 1;
+  std::chrono::seconds window{60};  ///< at least one second
+
+  friend bool operator==(const LowestRate&, const LowestRate&) = default;
+};
+
+struct TransferRules {
+  LowestRate lowestRate;  ///< a slower transfer ends with an error; a minute without a byte does
+  /// Whether a redirect from HTTPS to HTTP is an error instead of being followed.
+  bool staysSecure = false;
+  /// Pays for the body while it is received and decoded. A request that exceeds it ends with an
+  /// error of the domain "memory" (see `memoryError`). May be null.
+  std::shared_ptr<foundation::MemoryBudget> budget = nullptr;
+};
+
+/// For loads that tell what failed: at least 100 bytes a second over a minute, and never from HTTPS
+/// to HTTP.
+inline TransferRules strictRules(LowestRate rate = {100, std::chrono::seconds(60)}) {
+  return {rate, true, nullptr};
+}
+
+/// Whether the step from one URL to the next goes from HTTPS to HTTP.
+ORIVANTA_API bool leavesHttps(const foundation::Url& from, const foundation::Url& to);
+
+/// The error for such a step. It names both URLs, without credentials.
+ORIVANTA_API foundation::Error insecureStep(const foundation::Url& from, const foundation::Url& to);
+ORIVANTA_API bool isInsecureStep(const foundation::Error& error);
+
+}  // namespace orivanta::network

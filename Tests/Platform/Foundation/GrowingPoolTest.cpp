@@ -1,0 +1,46 @@
+#include "Platform/Foundation/GrowingPool.hpp"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "Tests/Support/Awaited.hpp"
+
+namespace orivanta::foundation {
+namespace {
+
+using test::Awaited;
+using test::Latch;
+
+TEST(GrowingPool, TasksThatBlockHoldUpNoOtherUpToTheLimit) {
+  constexpr std::size_t mostThreads = 20;
+  GrowingPool pool(mostThreads, std::chrono::milliseconds(0));
+  Latch latch;
+  std::vector<Awaited<bool>> begun(mostThreads);
+  for (const auto& each : begun)
+    pool.run([&latch, each] {
+      each.give(true);
+      EXPECT_TRUE(latch.wait());
+    });
+  for (const auto& each : begun) each.take();
+  const Awaited<bool> beyond;
+  pool.run([&latch, beyond] { beyond.give(latch.isOpen()); });
+  EXPECT_EQ(pool.threadCount(), mostThreads);
+  latch.open();
+  EXPECT_TRUE(beyond.take()) << "waits for a thread that becomes free";
+  while (pool.threadCount() > 0) std::this_thread::yield();  // idle ones end
+}
+
+TEST(GrowingPool, AnIdleThreadTakesTheNextTask) {
+  GrowingPool pool(100, std::chrono::hours(1));
+  for (int i = 0; i < 1000; ++i) {
+    const Awaited<bool> ran;
+    pool.run([ran] { ran.give(true); });
+    ran.take();
+  }
+  // A second one is started when the first one has not gone back to waiting yet.
+  EXPECT_LE(pool.threadCount(), 2U);
+}
+
+}  // namespace
+}  // namespace orivanta::foundation
