@@ -57,7 +57,7 @@ std::string presentable(std::string_view text) {
 
 Attribution attributionOf(const Venue& venue) {
   const auto textOf = [&](const char* key) {
-    return presentable(venue._data[key].stringView().value_or(""));
+    return presentable(venue._data[key].stringValue());
   };
   return {textOf("attribution"), textOf("license")};
 }
