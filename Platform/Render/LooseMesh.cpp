@@ -53,7 +53,7 @@ std::vector<std::uint32_t> usedVertices(const scene::GeometryElement& element,
   std::unordered_map<std::uint32_t, std::uint32_t> places;
   const std::size_t count = element.indexCount() / 3 * 3;
   for (std::size_t i = 0; i < count; ++i) {
-    const std::uint32_t vertex = element.index(i);
+    const auto vertex = static_cast<std::uint32_t>(element.index(i));
     const auto [place, isNew] = places.insert({vertex, static_cast<std::uint32_t>(used.size())});
     if (isNew) used.push_back(vertex);
     if (indices != nullptr) indices->push_back(place->second);

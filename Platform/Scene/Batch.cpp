@@ -89,7 +89,7 @@ struct Builder {
     const std::size_t whole = element.indexCount() / 3 * 3;
     const std::uint32_t number = count(parts);
     for (std::size_t i = 0; i < whole; ++i) {
-      const std::uint32_t index = element.index(i);
+      const auto index = static_cast<std::uint32_t>(element.index(i));
       const auto [vertex, isNew] = vertexMap.find(index, number, count(vertices));
       if (isNew) {
         vertices.push_back(attributes.vertex(index, number));

@@ -17,16 +17,16 @@ namespace {
 
 std::size_t sizeOf(const SharedBytes& data) { return data ? data->size() : 0; }
 
-std::uint32_t readLittleEndian(const std::byte* bytes, std::size_t count) {
-  std::uint32_t value = 0;
+std::uint64_t readLittleEndian(const std::byte* bytes, std::size_t count) {
+  std::uint64_t value = 0;
   for (std::size_t i = 0; i < count; ++i)
-    value |= std::to_integer<std::uint32_t>(bytes[i]) << (8 * i);
+    value |= std::to_integer<std::uint64_t>(bytes[i]) << (8 * i);
   return value;
 }
 
 float readFloat(const std::byte* bytes) {
   static_assert(sizeof(float) == 4);
-  const std::uint32_t bits = readLittleEndian(bytes, 4);
+  const auto bits = static_cast<std::uint32_t>(readLittleEndian(bytes, 4));
   float value = 0;
   std::memcpy(&value, &bits, sizeof value);
   return value;
@@ -61,12 +61,12 @@ Vector3 GeometrySource::vector(std::size_t index) const {
 }
 
 std::size_t GeometryElement::indexCount() const {
-  if (bytesPerIndex != 1 && bytesPerIndex != 2 && bytesPerIndex != 4)
-    foundation::fatalError("indices of a geometry element are not of 1, 2 or 4 bytes");
+  if (bytesPerIndex < 1 || bytesPerIndex > 8)
+    foundation::fatalError("indices of a geometry element are not of 1 to 8 bytes");
   return sizeOf(data) / bytesPerIndex;
 }
 
-std::uint32_t GeometryElement::index(std::size_t position) const {
+std::uint64_t GeometryElement::index(std::size_t position) const {
   if (position >= indexCount())
     foundation::fatalError("position out of range of a geometry element");
   return readLittleEndian(data->data() + position * bytesPerIndex, bytesPerIndex);
@@ -84,7 +84,8 @@ std::shared_ptr<Geometry> Geometry::make(std::vector<GeometrySource> sources,
 }
 
 std::shared_ptr<Geometry> Geometry::make(SharedBytes vertices,
-                                         std::vector<GeometryElement> elements) {
+                                         std::vector<GeometryElement> elements,
+                                         VertexContents contents) {
   constexpr std::size_t stride = 8 * sizeof(float);
   const auto attribute = [&](Semantic semantic, std::size_t components, std::size_t firstFloat) {
     return GeometrySource{.data = vertices,
@@ -94,9 +95,10 @@ std::shared_ptr<Geometry> Geometry::make(SharedBytes vertices,
                           .dataOffset = firstFloat * sizeof(float),
                           .dataStride = stride};
   };
-  return make({attribute(Semantic::vertex, 3, 0), attribute(Semantic::normal, 3, 3),
-               attribute(Semantic::textureCoordinate, 2, 6)},
-              std::move(elements));
+  std::vector<GeometrySource> sources{attribute(Semantic::vertex, 3, 0)};
+  if (contents.normals) sources.push_back(attribute(Semantic::normal, 3, 3));
+  if (contents.textureCoordinates) sources.push_back(attribute(Semantic::textureCoordinate, 2, 6));
+  return make(std::move(sources), std::move(elements));
 }
 
 const GeometrySource* Geometry::source(Semantic semantic) const {

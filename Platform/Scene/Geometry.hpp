@@ -41,13 +41,19 @@ struct GeometrySource {
 /// Triangles: three indices each, little-endian and unsigned.
 struct GeometryElement {
   SharedBytes data;
-  std::size_t bytesPerIndex = 4;  ///< 1, 2 or 4
+  std::size_t bytesPerIndex = 4;  ///< 1 to 8
 
   ORIVANTA_API std::size_t indexCount() const;  ///< whole indices in the data
-  ORIVANTA_API std::uint32_t index(std::size_t position) const;
+  ORIVANTA_API std::uint64_t index(std::size_t position) const;
 };
 
 class Geometry;
+
+/// What vertices hold besides their positions.
+struct VertexContents {
+  bool normals = true;
+  bool textureCoordinates = true;
+};
 
 /// Makes the same shape with fewer triangles, nowhere further than `tolerance` units from the one
 /// that it stands for; null when there is none. Any thread.
@@ -63,9 +69,10 @@ class ORIVANTA_API Geometry {
                                         std::vector<GeometryElement> elements);
 
   /// Vertices of 32 bytes each, as floats: position, normal, texture coordinate (u to the right, v
-  /// up). A zero normal stands for one that is not known.
-  static std::shared_ptr<Geometry> make(SharedBytes vertices,
-                                        std::vector<GeometryElement> elements);
+  /// up). A zero normal stands for one that is not known. What the vertices do not hold gets no
+  /// source; its bytes are there all the same.
+  static std::shared_ptr<Geometry> make(SharedBytes vertices, std::vector<GeometryElement> elements,
+                                        VertexContents contents = {});
 
   const std::vector<GeometrySource>& sources() const { return sources_; }
   const std::vector<GeometryElement>& elements() const { return elements_; }

@@ -37,6 +37,8 @@ Scene::Scene(Size size) : size_(size) {}
 
 Size Scene::size() const { return graphics::read(size_); }
 
+void Scene::setSize(Size size) { graphics::assign(size_, size); }
+
 Rect Scene::localFrame() const { return {{}, size()}; }
 
 std::shared_ptr<Node> Scene::nodeAt(Point point) {

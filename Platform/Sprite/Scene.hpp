@@ -15,6 +15,7 @@ class ORIVANTA_API Scene : public Node {
   static std::shared_ptr<Scene> make(graphics::Size size);
 
   graphics::Size size() const;
+  void setSize(graphics::Size size);           ///< nodes keep their positions
   graphics::Rect localFrame() const override;  ///< from the origin to the size
 
   /// The foremost node whose frame holds a point of the scene, hidden ones and what is below them

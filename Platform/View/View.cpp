@@ -166,10 +166,15 @@ std::vector<LayoutConstraint> View::constraints() const { return read(constraint
 
 void View::layoutIfNeeded() {
   const Transaction transaction;
-  if (needsLayout_) solveLayout(*this);
+  if (needsLayout_) {
+    solveLayout(*this);
+    didLayOut();
+  }
   needsLayout_ = false;
   for (const auto& subview : subviews_) subview->layoutIfNeeded();
 }
+
+void View::didLayOut() {}
 
 void View::addGestureRecognizer(const std::shared_ptr<GestureRecognizer>& recognizer) {
   std::shared_ptr<GestureRecognizer> added = recognizer;  // likewise

@@ -106,6 +106,11 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   /// nothing was changed.
   virtual bool isAnimating() const;
 
+ protected:
+  /// Called when the children of this view have their places, before those below them. Does nothing
+  /// unless overridden. Under a transaction.
+  virtual void didLayOut();
+
  private:
   void detach(const View& child);
 

@@ -66,7 +66,9 @@ std::shared_ptr<scene::Geometry> makeMesh(const Model& model) {
     elements.push_back({bytesOf(group.indices), sizeof group.indices[0]});
     materials.push_back(makeMaterial(group.material, pictures));
   }
-  auto mesh = scene::Geometry::make(bytesOf(model.vertices), std::move(elements));
+  auto mesh = scene::Geometry::make(
+      bytesOf(model.vertices), std::move(elements),
+      {.normals = model.hasAnyNormals, .textureCoordinates = model.hasTextureCoordinates});
   mesh->setMaterials(std::move(materials));
   return mesh;
 }

@@ -73,8 +73,8 @@ void MapView::initView() {
   spriteScene = MapViewOverlay2D::make(bounds().size);
   sceneView->setOverlayScene(spriteScene);
 
+  activityIndicator->setStyle(view::ActivityIndicatorStyle::gray);  // sets the frame's size, too
   activityIndicator->setFrame(frame());
-  activityIndicator->setStyle(view::ActivityIndicatorStyle::gray);
   activityIndicator->setColor(graphics::colors::white);
   activityIndicator->setBackgroundColor(veil);
   showActivity();
@@ -111,6 +111,11 @@ void MapView::addMapLogo() {
   addConstraint({.first = logo.get(),
                  .firstAttribute = LayoutAttribute::height,
                  .constant = logoSize.height});
+}
+
+// A view that was made without a size has an overlay without one, in which no marker shows.
+void MapView::didLayOut() {
+  if (spriteScene && spriteScene->size() == graphics::Size()) spriteScene->setSize(bounds().size);
 }
 
 MapViewOverlay2D& MapView::overlay() const { return foundation::unwrap(spriteScene); }

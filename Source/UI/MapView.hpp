@@ -229,6 +229,9 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   void highlightNode(const NodeList& nodes, std::size_t index);
   void removeHighlightNode();
 
+ protected:
+  void didLayOut() override;
+
  private:
   friend class FloorLoading;
   using Shapes = tsl::ordered_map<std::string, std::shared_ptr<scene::Node>>;

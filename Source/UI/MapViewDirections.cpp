@@ -201,9 +201,7 @@ void MapView::highlightNode(const std::shared_ptr<Node>& node) {
   const auto disc = makeFlatDisc(
       makeDisc(discRadius, pathHeight + 0.5F, scene::Material::make(graphics::colors::orange)),
       position);
-  const auto scene = unwrap(sceneView).scene();
-  if (!scene) return;
-  scene->rootNode()->addChild(disc);
+  if (const auto scene = unwrap(sceneView).scene()) scene->rootNode()->addChild(disc);
   MapViewDirectionsPathNodes::highLightNode() = disc;
 }
 

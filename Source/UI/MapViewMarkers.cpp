@@ -1,5 +1,6 @@
 // How a map view keeps its markers in place and out of one another's way.
 #include <typeinfo>
+#include <unordered_map>
 #include <vector>
 
 #include "Platform/Foundation/Fatal.hpp"
@@ -35,6 +36,16 @@ struct Placed {
   bool givesWay;
   graphics::Rect frame;
 };
+
+// For each entry the first one of the same marker, which may have been added more than once.
+std::vector<std::size_t> firstEntries(const std::vector<Placed>& placed) {
+  std::unordered_map<const MapViewMarker*, std::size_t> entries;
+  std::vector<std::size_t> first;
+  first.reserve(placed.size());
+  for (std::size_t i = 0; i < placed.size(); ++i)
+    first.push_back(entries.try_emplace(placed[i].marker, i).first->second);
+  return first;
+}
 
 }  // namespace
 
@@ -90,22 +101,23 @@ void MapView::updateMarkerPositions() {
 void MapView::updateMarkerVisibility() {
   const Transaction transaction;
   const std::vector<Placed> placed(markers_.begin(), markers_.end());
-  std::vector<char> hidden(placed.size(), 0);
+  const std::vector<std::size_t> first = firstEntries(placed);
+  std::vector<char> hidden(placed.size(), 0);  // by a marker's first entry
   for (std::size_t i = 0; i < placed.size(); ++i) {
-    if (hidden[i] != 0) continue;
+    if (hidden[first[i]] != 0) continue;
     for (std::size_t j = i + 1; j < placed.size(); ++j) {
       if (!placed[i].collidesWith(placed[j])) continue;
       if (placed[i].givesWay) {
-        hidden[i] = 1;
+        hidden[first[i]] = 1;
         break;
       }
-      if (placed[j].givesWay) hidden[j] = 1;
+      if (placed[j].givesWay) hidden[first[j]] = 1;
     }
   }
   for (std::size_t i = 0; i < placed.size(); ++i) {
     MapViewMarker2D* const sprite = placed[i].sprite;
     if (sprite == nullptr) continue;
-    if (hidden[i] != 0)
+    if (hidden[first[i]] != 0)
       hideMarker(*sprite);
     else if (!unwrap(sprite->node).hasParent())
       showMarker(*sprite);

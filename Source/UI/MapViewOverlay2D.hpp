@@ -8,7 +8,8 @@
 
 namespace orivanta {
 
-/// Keeps the size that it was made with. Main thread, but for `update`.
+/// Keeps the size that it was made with, or the first one of a map view that was made without a
+/// size. Main thread, but for `update`.
 class ORIVANTA_API MapViewOverlay2D : public sprite::Scene {
  public:
   static std::shared_ptr<MapViewOverlay2D> make(graphics::Size size);

@@ -191,9 +191,13 @@ bool FaceCutter::isEar(Index corner) {
                           [&](Index other) { return isInTheWay(other, ear); });
 }
 
-// A corner inside is, and one on the sides or their ends from which the outline goes on inside.
+// A corner is in the way if it lies inside the ear, or between the ends of the side that is cut:
+// the triangle beyond that side would meet the ear at the corner, with a gap where rounding parts
+// them. One elsewhere on the outline of the ear is in the way if the face's outline goes on inside.
 bool FaceCutter::isInTheWay(Index corner, const std::array<Index, 3>& ear) const {
-  bool isInside = true;
+  constexpr std::size_t cutSide = 2;
+  std::size_t sidesTouched = 0;
+  bool isOnCut = false;
   bool comesFromInside = true;
   bool goesInside = true;
   for (std::size_t side = 0; side < 3; ++side) {
@@ -202,11 +206,13 @@ bool FaceCutter::isInTheWay(Index corner, const std::array<Index, 3>& ear) const
     const double left = turnAt(from, to, corner);
     if (left < 0.0) return false;
     if (left > 0.0) continue;
-    isInside = false;
+    ++sidesTouched;
+    isOnCut = isOnCut || side == cutSide;
     comesFromInside = comesFromInside && turnAt(from, to, previous_[corner]) > 0.0;
     goesInside = goesInside && turnAt(from, to, next_[corner]) > 0.0;
   }
-  return isInside || comesFromInside || goesInside;
+  const bool isBetweenEnds = isOnCut && sidesTouched == 1;
+  return isBetweenEnds || comesFromInside || goesInside;
 }
 
 void FaceCutter::cutEar(Index corner) {

@@ -25,6 +25,10 @@ class FaceCutter {
   /// crosses itself the triangles still add up to its area, those of inverted parts counting as
   /// negative. A face without area gives none. Valid until the next call.
   ///
+  /// No corner of the outline lies inside a side that two triangles share: such a side would come
+  /// apart at that corner by rounding, and show what lies behind the face. An exception is a side
+  /// along which the outline runs twice, with a corner there one time and without it the other.
+  ///
   /// Ears are cut off one after the other (Meisters 1975) all around the outline in turn, corners
   /// in the way being found with a tree: for n corners about n * sqrt(n) steps, a second for some
   /// 100,000 corners at the worst. An outline that takes more than 2,000 n steps, such as one that

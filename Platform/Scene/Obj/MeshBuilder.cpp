@@ -96,7 +96,10 @@ class MeshBuilder {
     }
     Vertex made{statements_.positions[corner.position], {}, {}};
     if (corner.normal != none) made.normal = statements_.normals[corner.normal];
-    if (made.normal == Point{}) model_.hasNormals = false;
+    if (made.normal == Point{})
+      model_.hasNormals = false;
+    else
+      model_.hasAnyNormals = true;
     if (corner.textureCoordinate != none) {
       made.textureCoordinate = statements_.textureCoordinates[corner.textureCoordinate];
       model_.hasTextureCoordinates = true;

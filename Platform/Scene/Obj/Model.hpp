@@ -50,6 +50,7 @@ struct Model {
   std::vector<Vertex> vertices;
   std::vector<Group> groups;           ///< by first use; none is empty, names are unique
   bool hasNormals = true;              ///< false: some vertices have none
+  bool hasAnyNormals = false;          ///< whether any vertex has one; the others get zero
   bool hasTextureCoordinates = false;  ///< whether any face has them; the others get (0, 0)
   std::size_t skippedFaces = 0;        ///< that are unreadable or refer to what is not there
   bool hasTooManyMaterials = false;    ///< its faces use more than `mostMaterials`: no groups then

@@ -25,11 +25,14 @@ TEST(Geometry, ReadsVectorsOfAnyStride) {
 }
 
 TEST(Geometry, ReadsIndicesOfEachSize) {
-  const auto data = bytesOf<std::uint8_t>({1, 2, 3, 4, 5, 6, 7});
+  const auto data = bytesOf<std::uint8_t>({1, 2, 3, 4, 5, 6, 7, 8, 9});
   const struct {
     std::size_t bytesPerIndex, count;
-    std::uint32_t first, last;
-  } cases[] = {{1, 7, 0x01, 0x07}, {2, 3, 0x0201, 0x0605}, {4, 1, 0x04030201, 0x04030201}};
+    std::uint64_t first, last;
+  } cases[] = {{1, 9, 0x01, 0x09},
+               {2, 4, 0x0201, 0x0807},
+               {4, 2, 0x04030201, 0x08070605},
+               {8, 1, 0x0807060504030201, 0x0807060504030201}};
   for (const auto& [bytesPerIndex, count, first, last] : cases) {
     const GeometryElement element{data, bytesPerIndex};
     ASSERT_EQ(element.indexCount(), count);
@@ -75,7 +78,7 @@ TEST(GeometryDeathTest, NothingIsReadOutOfBounds) {
   for (const auto& [source, index, message] : cases) EXPECT_DEATH(source.vector(index), message);
   EXPECT_DEATH((GeometryElement{data, 4}.index(5)), "out of range");
   EXPECT_DEATH((GeometryElement{data, 4}.index(huge / 4 + 1)), "out of range");
-  EXPECT_DEATH((GeometryElement{data, 0}.indexCount()), "1, 2 or 4 bytes");
+  EXPECT_DEATH((GeometryElement{data, 0}.indexCount()), "1 to 8 bytes");
 }
 
 }  // namespace

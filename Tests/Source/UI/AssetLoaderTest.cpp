@@ -49,6 +49,31 @@ TEST(AssetLoader, SplitsAModelByMaterial) {
   EXPECT_EQ(translucent->diffuse().contents, scene::Contents(graphics::colors::green));
 }
 
+TEST(AssetLoader, MakesNoSourcesOfWhatAModelDoesNotHold) {
+  using scene::Semantic;
+  const struct {
+    const char* corners;
+    bool normals, textureCoordinates;
+  } cases[] = {{"1 2 3", false, false},
+               {"1//2 2//2 3//2", false, false},  // no direction
+               {"1//1 2//1 3//1", true, false},
+               {"1/1 2/1 3/1", false, true},
+               {"1/1/1 2 3", true, true}};
+  const TemporaryFolder folder;
+  for (const auto& [corners, normals, textureCoordinates] : cases) {
+    const auto file =
+        folder.write("m.obj", std::string("v 0 0 0\nv 1 0 0\nv 0 1 0\nvt 1 1\nvn 0 0 1\n"
+                                          "vn 0 0 0\nf ") +
+                                  corners);
+    const auto floor = AssetLoader().loadObjFromURL(Url::fromFile(file.string()));
+    const auto geometry = floor->children().front()->geometry();
+    EXPECT_EQ(geometry->source(Semantic::normal) != nullptr, normals) << corners;
+    EXPECT_EQ(geometry->source(Semantic::textureCoordinate) != nullptr, textureCoordinates)
+        << corners;
+    EXPECT_FALSE(geometry->boundingBox().isEmpty());
+  }
+}
+
 TEST(AssetLoader, TakesOrRefusesDamagedModelsWithoutCrashing) {
   if (!venuesFolder()) GTEST_SKIP() << "no venues beside the project";
   const auto models = *venuesFolder() / "igml-pnu201-hostile" / "models";

@@ -136,8 +136,13 @@ TEST(MapViewDirections, AreSharedBetweenMapViews) {
 
 TEST(MapViewDirections, ClearsAndResetsTheHighlight) {
   ShownVenue shown;
-  shown.mapView->highlightNode({shown.node(1, 2, 3)}, 0);
+  const auto node = shown.node(1, 2, 3);
+  shown.mapView->highlightNode({node}, 0);
   const auto disc = MapViewDirectionsPathNodes::highLightNode();
+  shown.mapView->sceneView->setScene(nullptr);
+  shown.mapView->highlightNode(node);
+  EXPECT_NE(MapViewDirectionsPathNodes::highLightNode(), disc) << "kept without a scene";
+  MapViewDirectionsPathNodes::highLightNode() = disc;
   const auto particles = std::make_shared<scene::ParticleSystem>();
   disc->addParticleSystem(particles);
   shown.mapView->removeHighlightNode();

@@ -62,12 +62,15 @@ TEST(MapViewMarkers, FollowTheCameraAndComeBack) {
   EXPECT_TRUE(left->node->hasParent());
 }
 
-TEST(MapViewMarkers, ASingleHiddenOneComesBack) {
+TEST(MapViewMarkers, ASingleHiddenOneComesBackUnlessItWasAddedTwice) {
   ShownVenue shown;
   const auto marker = add(shown, {500, true});
   marker->node->removeFromParent();
   shown.mapView->updateMarkerVisibility();
   EXPECT_TRUE(marker->node->hasParent());
+  shown.mapView->addMarker(marker);  // collides with itself
+  shown.mapView->updateMarkerVisibility();
+  EXPECT_FALSE(marker->node->hasParent());
 }
 
 TEST(MapViewMarkers, RemovingKnowsTheObjectNotItsLook) {

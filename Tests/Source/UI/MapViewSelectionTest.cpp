@@ -89,13 +89,13 @@ TEST(MapViewSelection, FindsTheMiddleOfTheVerticesThatAnElementUses) {
   scene::GeometrySource vertices;
   vertices.data = std::make_shared<std::vector<std::byte>>(bytes, bytes + 36);
   vertices.vectorCount = 3;
-  const auto element = [](std::vector<std::byte> indices) {
-    return scene::GeometryElement{
-        std::make_shared<const std::vector<std::byte>>(std::move(indices)), 1};
-  };
-  const auto used =
-      scene::Geometry::make({vertices}, {element({std::byte{1}, std::byte{2}, std::byte{1}})});
-  EXPECT_EQ(MapView::getGeomeryMidPoint(*used), Vector3(1, 2, 3));
+  for (const std::size_t bytesPerIndex : {1U, 2U, 4U, 8U}) {
+    std::vector<std::byte> indices(3 * bytesPerIndex);  // 1, 2 and 1
+    for (std::size_t i = 0; i < 3; ++i) indices[i * bytesPerIndex] = std::byte(i == 1 ? 2 : 1);
+    const auto used = scene::Geometry::make(
+        {vertices}, {{std::make_shared<const std::vector<std::byte>>(indices), bytesPerIndex}});
+    EXPECT_EQ(MapView::getGeomeryMidPoint(*used), Vector3(1, 2, 3)) << bytesPerIndex;
+  }
 }
 
 TEST(MapViewSelection, PlacesLocations) {

@@ -16,7 +16,8 @@ namespace {
 using testing::ElementsAre;
 
 TEST(MapView, LaysOutItsPartsAtAnySize) {
-  const auto mapView = MapView::make({{0, 0}, {320, 480}});
+  const auto mapView = MapView::make({{3, 4}, {320, 480}});
+  EXPECT_EQ(mapView->activityIndicator->frame(), mapView->frame());
   for (const graphics::Size size : {graphics::Size{320, 480}, graphics::Size{1024, 200}}) {
     mapView->setFrame({{5, 5}, size});
     mapView->layoutIfNeeded();
@@ -29,6 +30,16 @@ TEST(MapView, LaysOutItsPartsAtAnySize) {
     EXPECT_EQ(parts[2]->frame(), (graphics::Rect{{0, 0}, size}));
   }
   EXPECT_EQ(mapView->overlay().size(), (graphics::Size{320, 480}));
+}
+
+TEST(MapView, ItsOverlayTakesTheFirstSizeWhenItWasMadeWithoutOne) {
+  const auto mapView = MapView::make();
+  mapView->layoutIfNeeded();
+  for (const graphics::Size size : {graphics::Size{320, 480}, graphics::Size{1024, 200}}) {
+    mapView->setFrame({{5, 5}, size});
+    mapView->layoutIfNeeded();
+    EXPECT_EQ(mapView->overlay().size(), (graphics::Size{320, 480}));
+  }
 }
 
 TEST(MapView, BuildsTheSceneOnTheFirstFloor) {
