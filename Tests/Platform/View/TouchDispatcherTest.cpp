@@ -135,8 +135,7 @@ TEST(TouchDispatcher, PassesOverWhatMakesNoSense) {
   stage.fingers.up(1, 0);
   stage.fingers.down(1, {100, 200}, 0);
   stage.fingers.down(1, {300, 200}, 0);
-  for (const double far : {double{INFINITY}, 1e300, -1e7})
-    stage.fingers.move(1, {far, 200}, 0);
+  for (const double far : {double{INFINITY}, 1e300, -1e7}) stage.fingers.move(1, {far, 200}, 0);
   EXPECT_EQ(stage.one->numberOfTouches(), 1U);
   EXPECT_EQ(stage.one->location(*stage.map), (graphics::Point{100, 100}));
   stage.fingers.up(1, -5);
