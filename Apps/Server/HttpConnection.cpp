@@ -23,7 +23,7 @@ using Phase = ConnectionTable::Phase;
 namespace {
 
 // How often the server looks at the progress of an answer within a rate window.
-constexpr unsigned looksPerWindow = 8;
+constexpr unsigned looksPerWindow = 30;
 
 std::chrono::milliseconds lookInterval(const ConnectionLimits& limits) {
   return std::max(std::chrono::milliseconds(1), limits.rateWindow / looksPerWindow);

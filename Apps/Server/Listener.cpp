@@ -1,6 +1,8 @@
 #include "Apps/Server/Listener.hpp"
 
 #include <fmt/format.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
 
 #include <algorithm>
 #include <boost/asio/post.hpp>
@@ -34,6 +36,16 @@ asio::ip::address proxyAddress(const std::string& text) {
   const auto address = asio::ip::make_address(text, error);
   if (error) throw std::invalid_argument(fmt::format("\"{}\" is not an IP address", text));
   return plainAddress(address);
+}
+
+// Answers go out at once, and the system takes over little that the client does not read: its
+// buffers would grow to megabytes for each connection.
+void tune(tcp::socket& socket) {
+  constexpr int mostUnsent = 128 << 10;
+  boost::system::error_code ignored;
+  socket.set_option(tcp::no_delay(true), ignored);
+  ::setsockopt(socket.native_handle(), IPPROTO_TCP, TCP_NOTSENT_LOWAT, &mostUnsent,
+               sizeof mostUnsent);
 }
 
 }  // namespace
@@ -77,8 +89,7 @@ void Listener::admitWaiting() {
     return callLater(std::chrono::milliseconds(10), &Listener::admitWaiting);
   try {
     tcp::socket socket = *std::exchange(waiting_, std::nullopt);
-    boost::system::error_code ignored;
-    socket.set_option(tcp::no_delay(true), ignored);
+    tune(socket);
     const bool trusted = isTrusted(socket);
     std::make_shared<HttpConnection>(std::move(socket), shared_, trusted)->start();
     accept();

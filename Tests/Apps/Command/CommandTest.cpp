@@ -132,6 +132,7 @@ TEST_F(Command, DescribesAVenue) {
 TEST_F(Command, RefusesWrongUse) {
   const std::string missing = (folder_.path() / "missing").string();
   const std::string folder = folder_.path().string();
+  const std::string package = folder + "/package";
   const std::string bad = folder_.write("bad/venue.json", "{").parent_path().string();
   const std::string root = server_.root();
   const std::string port = std::to_string(std::stoi(root.substr(root.rfind(':') + 1)));
@@ -159,12 +160,12 @@ TEST_F(Command, RefusesWrongUse) {
       {{"venues", "--username", "a:b"}, "colon"},
       {{"serve", missing, "--port", "0"}, "missing"},
       {{"serve", bad, "--port", "0"}, "orivanta serve: " + bad + "/venue.json"},
-      {{"serve", (folder_.path() / "package").string(), "--port", port}, "in use"},
+      {{"serve", package, "--port", port}, "in use"},
       {{"serve", folder, "--port", "66000"}, "--port"},
       {{"serve", folder, "--port", "0", "--page-size", "0"}, "--page-size"},
       {{"serve", folder, "--port", "0", "--username", "me"}, "password"},
-      {{"serve", folder, "--port", "0", "--origin", "maps.example"}, "maps.example"},
-      {{"serve", folder, "--port", "0", "--trusted-proxy", "proxy"}, "proxy"},
+      {{"serve", package, "--port", "0", "--origin", "maps.example"}, "maps.example"},
+      {{"serve", package, "--port", "0", "--trusted-proxy", "proxy"}, "proxy"},
   };
   for (const Case& each : cases) {
     const ProgramResult result = run(each.arguments);
