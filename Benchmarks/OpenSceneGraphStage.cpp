@@ -41,7 +41,7 @@ osg::ref_ptr<osg::Geometry> geometryOf(const scene::Geometry& geometry) {
   osg::ref_ptr vertexArray = new osg::Vec3Array;
   osg::ref_ptr normalArray = new osg::Vec3Array(osg::Array::BIND_PER_VERTEX);
   osg::ref_ptr indices = new osg::DrawElementsUInt(GL_TRIANGLES);
-  std::map<std::uint32_t, std::uint32_t> places;
+  std::map<std::uint64_t, std::uint32_t> places;
   const auto& element = geometry.elements().front();
   for (std::size_t i = 0; i < element.indexCount(); ++i) {
     const auto [place, isNew] = places.try_emplace(element.index(i), vertexArray->size());

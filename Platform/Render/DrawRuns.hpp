@@ -11,12 +11,14 @@
 
 namespace orivanta::render {
 
-/// A run of a mesh's indices; runs of one mesh follow one another without gaps.
+/// A run of a mesh's indices; runs of one mesh follow one another without gaps, by layers from 0
+/// on.
 struct MeshPart {
   std::uint32_t firstIndex;
   std::uint32_t indexCount;
-  graphics::Box box;     ///< in the mesh's space
-  bool isShell = false;  ///< see scene::isShell
+  graphics::Box box;       ///< in the mesh's space
+  bool isShell = false;    ///< see scene::isShell
+  std::uint8_t layer = 0;  ///< see scene::findLayers
 };
 
 struct Run {

@@ -65,16 +65,16 @@ class SceneGatherer::Walk {
     const Nodes& children = node.children(transaction_);
     if (children.empty()) return;
     const auto batch = gatherer_.batchOf(node, children);
-    std::size_t part = 0;  // parts come in the order of the children
-    const auto parts = batch ? batch->parts() : std::span<const scene::Batch::Part>();
+    std::size_t next = 0;
+    const auto merged = batch ? batch->children() : std::span<const scene::Batch::Child>();
     if (batch) addBatch(batch, world);
     for (const auto& child : children) {
-      const std::size_t firstPart = part;
-      while (part < parts.size() && parts[part].node == child) ++part;
-      if (part == firstPart)
+      if (next == merged.size() || merged[next].node != child) {
         visit(*child, world);
-      else if (!child->isHidden())
-        addLight(*child, world * child->transform());
+        continue;
+      }
+      ++next;
+      if (!child->isHidden()) addLight(*child, world * child->transform());
     }
   }
 

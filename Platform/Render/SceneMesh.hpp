@@ -15,6 +15,10 @@ struct SceneMesh {
   std::span<const PartLook> looks;  ///< one a part
   graphics::Matrix4 world;
 
+  /// Layers by which all parts are raised. What is shown on a floor is raised like the floor's
+  /// highest layer, so that it does not sink into it.
+  int raised = 0;
+
   std::span<const MeshPart> parts() const { return mesh->parts(); }
 
   /// Of all parts, in the mesh's space.

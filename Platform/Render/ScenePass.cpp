@@ -62,6 +62,7 @@ void ScenePass::draw() {
   drawTranslucent();
   glBindSampler(meshUnits::image, 0);
   glDisable(GL_CULL_FACE);
+  glDisable(GL_POLYGON_OFFSET_FILL);
 }
 
 const ScenePass::MeshSight& ScenePass::sightOf(const SceneMesh& mesh) const {
@@ -82,15 +83,25 @@ bool ScenePass::seesFrontAlone(const SceneMesh& mesh, std::size_t part) const {
 
 void ScenePass::drawOpaqueColors() {
   for (const SceneMesh& mesh : meshes_) {
-    const auto choose = [&](std::size_t part) {
-      if (!isOpaqueColor(mesh.looks[part])) return Choice::leave;
-      return sees(mesh, part) ? Choice::draw : Choice::allow;
-    };
-    const auto [fronts, bothSides] = chooseSidedRuns(
-        mesh.parts(), choose, [&](std::size_t part) { return seesFrontAlone(mesh, part); });
-    drawColors(mesh, fronts, /*frontAlone=*/true);
-    drawColors(mesh, bothSides, /*frontAlone=*/false);
+    const auto parts = mesh.parts();
+    for (std::size_t first = 0, end = 0; first < parts.size(); first = end) {
+      while (end < parts.size() && parts[end].layer == parts[first].layer) ++end;
+      drawLayer(mesh, first, end);
+    }
   }
+}
+
+void ScenePass::drawLayer(const SceneMesh& mesh, std::size_t first, std::size_t end) {
+  const auto choose = [&](std::size_t i) {
+    if (!isOpaqueColor(mesh.looks[first + i])) return Choice::leave;
+    return sees(mesh, first + i) ? Choice::draw : Choice::allow;
+  };
+  const auto [fronts, bothSides] =
+      chooseSidedRuns(mesh.parts().subspan(first, end - first), choose,
+                      [&](std::size_t i) { return seesFrontAlone(mesh, first + i); });
+  setLayer(mesh, first);
+  drawColors(mesh, fronts, /*frontAlone=*/true);
+  drawColors(mesh, bothSides, /*frontAlone=*/false);
 }
 
 void ScenePass::drawColors(const SceneMesh& mesh, std::span<const Run> runs, bool frontAlone) {
@@ -115,6 +126,7 @@ void ScenePass::drawOpaqueImages() {
       const auto isAlike = [&](std::size_t i) {
         return isOpaqueImage(mesh.looks[i]) &&
                imageKey(mesh.looks[i]) == imageKey(mesh.looks[first]) &&
+               mesh.parts()[i].layer == mesh.parts()[first].layer &&
                seesFrontAlone(mesh, i) == frontAlone;
       };
       while (part < count && isAlike(part)) ++part;
@@ -123,6 +135,7 @@ void ScenePass::drawOpaqueImages() {
       });
       if (runs.empty()) continue;
       use(true, frontAlone);
+      setLayer(mesh, first);
       bindMesh(mesh);
       bindImage(mesh.looks[first]);
       Mesh::draw(runs, statistics_);
@@ -148,6 +161,7 @@ void ScenePass::drawTranslucent() {
   for (const auto& [depth, place] : places) {
     const PartLook& look = place.mesh->looks[place.part];
     use(look.image != nullptr, false);
+    setLayer(*place.mesh, place.part);
     bindMesh(*place.mesh);
     if (look.image) bindImage(look);
     const MeshPart& part = place.mesh->parts()[place.part];
@@ -174,6 +188,22 @@ void ScenePass::use(bool textured, bool frontAlone) {
   program.program.set(program.viewToShadow, shadows_->sceneToMap() * glm::inverse(view_));
   program.program.set(program.shadowOffset, shadows_->offset());
   program.program.set(program.shadowTexel, shadows_->texel());
+}
+
+// Brings each layer closer to the camera than the one below it: by so much depth as the faces of a
+// plane may differ in by rounding. How far apart they come by the rounding of their corners to
+// fractions of a pixel depends on the slope of the plane.
+void ScenePass::setLayer(const SceneMesh& mesh, std::size_t part) {
+  constexpr float shareOfSlope = 1.0F / 64;
+  constexpr float leastSteps = 8;
+  const int layer = mesh.raised + mesh.parts()[part].layer;
+  if (layer == 0) {
+    glDisable(GL_POLYGON_OFFSET_FILL);
+    return;
+  }
+  const auto height = static_cast<float>(layer);
+  glEnable(GL_POLYGON_OFFSET_FILL);
+  glPolygonOffset(-shareOfSlope * height, -leastSteps * height);
 }
 
 void ScenePass::bindMesh(const SceneMesh& mesh) {

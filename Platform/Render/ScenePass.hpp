@@ -45,10 +45,12 @@ class ScenePass {
   const MeshSight& sightOf(const SceneMesh& mesh) const;
   void tightenDepth();
   void drawOpaqueColors();
+  void drawLayer(const SceneMesh& mesh, std::size_t first, std::size_t end);
   void drawColors(const SceneMesh& mesh, std::span<const Run> runs, bool frontAlone);
   void drawOpaqueImages();
   void drawTranslucent();
   void use(bool textured, bool frontAlone);
+  void setLayer(const SceneMesh& mesh, std::size_t part);
   void bindMesh(const SceneMesh& mesh);
   void bindImage(const PartLook& look);
   bool sees(const SceneMesh& mesh, std::size_t part) const;

@@ -26,7 +26,7 @@ std::vector<MeshPart> partsOf(const scene::Batch& batch) {
   std::vector<MeshPart> parts;
   parts.reserve(batch.parts().size());
   for (const auto& part : batch.parts())
-    parts.push_back({part.firstIndex, part.indexCount, part.box, part.isShell});
+    parts.push_back({part.firstIndex, part.indexCount, part.box, part.isShell, part.layer});
   return parts;
 }
 
@@ -87,8 +87,13 @@ std::vector<SceneMesh> SceneRenderer::updateMeshes(SceneState& state, const Scen
   const float tolerance =
       invisibleTolerance(snapshot.loose, snapshot.view, snapshot.projection, height);
   state.loose.update(snapshot.loose, tolerance, statistics);
+  int highestLayer = 0;
+  for (const BatchInScene& batch : snapshot.batches)
+    if (!batch.batch->parts().empty())
+      highestLayer = std::max(highestLayer, int{batch.batch->parts().back().layer});
   if (!state.loose.isEmpty())
-    meshes.push_back({&state.loose.mesh(), state.loose.looks(), graphics::Matrix4(1.0F)});
+    meshes.push_back(
+        {&state.loose.mesh(), state.loose.looks(), graphics::Matrix4(1.0F), highestLayer});
   for (const BatchInScene& batch : snapshot.batches)
     meshes.push_back({&meshOf(batch, statistics), batch.looks, batch.world});
   return meshes;

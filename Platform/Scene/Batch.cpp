@@ -6,6 +6,7 @@
 
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Geometry.hpp"
+#include "Platform/Scene/Layers.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Platform/Scene/Rigid.hpp"
 #include "Platform/Scene/Shell.hpp"
@@ -54,15 +55,23 @@ struct Attributes {
         transform(toParent),
         turn(toParent) {}
 
-  Batch::Vertex vertex(std::uint32_t index, std::uint32_t part) const {
+  /// Of no part yet.
+  Batch::Vertex vertex(std::uint32_t index) const {
     const Vector3 position = transformPoint(transform, positions->vector(index));
     const Vector3 normal = normals ? turn * normals->vector(index) : Vector3(0.0F);
     const Vector3 texture = textureCoordinates ? textureCoordinates->vector(index) : Vector3(0.0F);
     return {{position.x, position.y, position.z},
             {normal.x, normal.y, normal.z},
             {texture.x, texture.y},
-            part};
+            0};
   }
+};
+
+/// Parts that are not split by layers yet; one layer a triangle.
+struct Unsplit {
+  std::span<const Batch::Vertex> vertices;
+  std::span<const std::uint32_t> indices;
+  std::span<const std::uint8_t> layers;
 };
 
 /// Appends to the arrays of a batch.
@@ -90,15 +99,37 @@ struct Builder {
     const std::uint32_t number = count(parts);
     for (std::size_t i = 0; i < whole; ++i) {
       const auto index = static_cast<std::uint32_t>(element.index(i));
-      const auto [vertex, isNew] = vertexMap.find(index, number, count(vertices));
-      if (isNew) {
-        vertices.push_back(attributes.vertex(index, number));
-        const auto& position = vertices.back().position;
-        part.box.add({position[0], position[1], position[2]});
-      }
-      indices.push_back(vertex);
+      addIndex(index, part, number, [&] { return attributes.vertex(index); });
     }
     part.indexCount = static_cast<std::uint32_t>(whole);
+  }
+
+  /// What a part of others has in one layer.
+  void addLayer(const Unsplit& from, const Batch::Part& whole, int layer) {
+    Batch::Part part = whole;
+    part.firstIndex = count(indices);
+    part.box = {};
+    part.layer = static_cast<std::uint8_t>(layer);
+    const std::uint32_t number = count(parts);
+    for (std::size_t i = whole.firstIndex; i < whole.firstIndex + whole.indexCount; ++i)
+      if (from.layers[i / 3] == layer)
+        addIndex(from.indices[i], part, number, [&] { return from.vertices[from.indices[i]]; });
+    part.indexCount = count(indices) - part.firstIndex;
+    if (part.indexCount > 0) parts.push_back(std::move(part));
+  }
+
+  /// `makeVertex` makes the vertex of an index that the part has not used yet.
+  template <class MakeVertex>
+  void addIndex(std::uint32_t index, Batch::Part& part, std::uint32_t number,
+                const MakeVertex& makeVertex) {
+    const auto [vertex, isNew] = vertexMap.find(index, number, count(vertices));
+    if (isNew) {
+      vertices.push_back(makeVertex());
+      vertices.back().part = number;
+      const auto& position = vertices.back().position;
+      part.box.add({position[0], position[1], position[2]});
+    }
+    indices.push_back(vertex);
   }
 
   template <class Values>
@@ -129,7 +160,19 @@ std::shared_ptr<const Batch> Batch::make(const Node& parent) {
   for (const Child& child : batch->children_)
     builder.add(child.node, child.geometry, rigidTransform(child.position, child.eulerAngles));
   for (const Part& part : batch->parts_) batch->boundingBox_.add(part.box);
+  const auto layers = findLayers(batch->vertices_, batch->indices_, batch->parts_);
+  if (!layers.empty()) batch->splitParts(layers);
   return batch;
+}
+
+void Batch::splitParts(std::span<const std::uint8_t> layers) {
+  const auto vertices = std::exchange(vertices_, {});
+  const auto indices = std::exchange(indices_, {});
+  const auto parts = std::exchange(parts_, {});
+  Builder builder{vertices_, indices_, parts_};
+  const int highest = *std::max_element(layers.begin(), layers.end());
+  for (int layer = 0; layer <= highest; ++layer)
+    for (const Part& part : parts) builder.addLayer({vertices, indices, layers}, part, layer);
 }
 
 bool Batch::matches(const Node& parent) const {

@@ -24,16 +24,24 @@ class ORIVANTA_API Batch {
     std::uint32_t part;  ///< index into `parts`
   };
 
-  /// One element of one child, with at least one triangle: a run of the indices that one material
-  /// covers. No vertex belongs to two parts.
+  /// Those triangles of one element of one child that lie in one layer, at least one: a run of the
+  /// indices that one material covers. No vertex belongs to two parts.
   struct Part {
     std::shared_ptr<Node> node;
     std::shared_ptr<Geometry> geometry;
     std::size_t element;  ///< of the geometry
     std::uint32_t firstIndex;
     std::uint32_t indexCount;
-    graphics::Box box;     ///< in the parent's space
-    bool isShell = false;  ///< see Shell.hpp
+    graphics::Box box;       ///< in the parent's space
+    bool isShell = false;    ///< see Shell.hpp; of the whole element
+    std::uint8_t layer = 0;  ///< see Layers.hpp
+  };
+
+  struct Child {
+    std::shared_ptr<Node> node;
+    std::shared_ptr<Geometry> geometry;
+    graphics::Vector3 position;
+    graphics::Vector3 eulerAngles;
   };
 
   /// The children's geometries in the parent's space; null when the parent has fewer than two
@@ -42,7 +50,12 @@ class ORIVANTA_API Batch {
 
   std::span<const Vertex> vertices() const { return vertices_; }
   std::span<const std::uint32_t> indices() const { return indices_; }
+
+  /// By layers from 0 on, those of each layer in the order of the children.
   std::span<const Part> parts() const { return parts_; }
+
+  /// The merged ones, in their order.
+  std::span<const Child> children() const { return children_; }
   const graphics::Box& boundingBox() const { return boundingBox_; }
 
   /// Whether the parent's children still are those that the batch was made of, unmoved, in the
@@ -50,18 +63,14 @@ class ORIVANTA_API Batch {
   bool matches(const Node& parent) const;
 
  private:
-  struct Child {
-    std::shared_ptr<Node> node;
-    std::shared_ptr<Geometry> geometry;
-    graphics::Vector3 position;
-    graphics::Vector3 eulerAngles;
-  };
-
   Batch() = default;
 
   /// Whether a child is merged.
   static bool isMember(const Node& child);
   static std::vector<Child> membersOf(const Node& parent);
+
+  /// `layers`: one a triangle.
+  void splitParts(std::span<const std::uint8_t> layers);
 
   std::vector<Vertex> vertices_;
   std::vector<std::uint32_t> indices_;

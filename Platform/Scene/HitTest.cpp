@@ -1,8 +1,11 @@
 #include <algorithm>
+#include <functional>
 #include <glm/geometric.hpp>
 #include <glm/mat4x4.hpp>
 #include <limits>
+#include <numeric>
 #include <optional>
+#include <utility>
 
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Rigid.hpp"
@@ -94,6 +97,28 @@ void addHits(std::vector<Hit>& hits, const Ray& ray, Node& node, const Matrix4& 
     }
 }
 
+// Nearest first. Among hits at the same distance, apart from rounding, later nodes come first,
+// because they are drawn over earlier ones.
+std::vector<Hit> inOrderOfSight(std::vector<Hit> hits) {
+  constexpr float rounding = 2 * std::numeric_limits<float>::epsilon();
+  std::vector<std::size_t> places(hits.size());
+  std::iota(places.begin(), places.end(), std::size_t{0});
+  std::stable_sort(places.begin(), places.end(), [&](std::size_t a, std::size_t b) {
+    return hits[a].distance < hits[b].distance;
+  });
+  for (auto first = places.begin(); first != places.end();) {
+    const float farthest = hits[*first].distance + rounding;
+    const auto end = std::find_if(
+        first, places.end(), [&](std::size_t place) { return hits[place].distance > farthest; });
+    std::sort(first, end, std::greater<>());
+    first = end;
+  }
+  std::vector<Hit> ordered;
+  ordered.reserve(hits.size());
+  for (const std::size_t place : places) ordered.push_back(std::move(hits[place]));
+  return ordered;
+}
+
 }  // namespace
 
 std::vector<Hit> hitTest(const Scene& scene, const Ray& ray) {
@@ -104,9 +129,7 @@ std::vector<Hit> hitTest(const Scene& scene, const Ray& ray) {
     addHits(hits, ray, node, transform);
     return true;
   });
-  std::stable_sort(hits.begin(), hits.end(),
-                   [](const Hit& a, const Hit& b) { return a.distance < b.distance; });
-  return hits;
+  return inOrderOfSight(std::move(hits));
 }
 
 }  // namespace orivanta::scene

@@ -36,8 +36,9 @@ struct Hit {
   float distance;              ///< from 0 at the ray's origin to 1 at its end
 };
 
-/// One hit for each geometry element that the ray meets, at its nearest triangle, nearest first;
-/// both sides of a triangle count, hidden nodes do not. Any thread.
+/// One hit for each geometry element that the ray meets, at its nearest triangle, nearest first. Of
+/// hits at the same distance those of later nodes come first, as they are drawn over earlier ones.
+/// Both sides of a triangle count, hidden nodes do not. Any thread.
 ORIVANTA_API std::vector<Hit> hitTest(const Scene& scene, const Ray& ray);
 
 /// How a camera sees a scene in a view of some size. A value: it does not follow the camera.

@@ -41,13 +41,13 @@ class HitTest : public testing::Test {
   const Ray down_{{0, 0, 10}, {0, 0, -20}};
 };
 
-TEST_F(HitTest, ComesNearestFirstAndInTreeOrderWhenLevel) {
+TEST_F(HitTest, ComesNearestFirstAndLastOfTheTreeFirstWhenLevel) {
   const auto low = addSquare(root_, {0, 0, -5});
   const auto levelFirst = addSquare(root_, {0.5F, 0, 0});
   const auto levelSecond = addSquare(root_, {0, 0.5F, 0});
   const auto high = addSquare(root_, {0, 0, 5});
   addSquare(root_, {3, 0, 8});
-  EXPECT_THAT(nodesHit(down_), testing::ElementsAre(high, levelFirst, levelSecond, low));
+  EXPECT_THAT(nodesHit(down_), testing::ElementsAre(high, levelSecond, levelFirst, low));
   EXPECT_THAT(nodesHit({{0, 0, -10}, {0, 0, 8}}), testing::ElementsAre(low));
   EXPECT_THAT(nodesHit({{0, 0, 4}, {0, 0, -3}}), testing::IsEmpty());
 
