@@ -74,14 +74,17 @@ class DeliveryHold {
   std::shared_ptr<network::UrlSession> session_;
 };
 
-/// What the copies of a handle share and the chain itself does not keep.
-struct ChainHandle {
-  DeliveryHold hold;
+struct ChainLinks {
+  std::shared_ptr<network::UrlSession> session;
   std::shared_ptr<CustomUrlSessionDelegate> sessionDelegate;
 };
 
-struct ChainLinks {
-  std::shared_ptr<network::UrlSession> session;
+/// What the copies of a handle share and the chain itself does not keep.
+struct ChainHandle {
+  explicit ChainHandle(const ChainLinks& links)
+      : hold(links.session), sessionDelegate(links.sessionDelegate) {}
+
+  DeliveryHold hold;
   std::shared_ptr<CustomUrlSessionDelegate> sessionDelegate;
 };
 
@@ -193,10 +196,9 @@ class HttpResponse {
     T lastBuffer();
   };
 
-  explicit HttpResponse(detail::ChainLinks links)
+  explicit HttpResponse(const detail::ChainLinks& links)
       : HttpResponse(std::make_shared<State>(links.session),
-                     std::shared_ptr<detail::ChainHandle>(new detail::ChainHandle{
-                         detail::DeliveryHold(links.session), links.sessionDelegate})) {
+                     std::make_shared<detail::ChainHandle>(links)) {
     state_->handle = handle_;
     sessionDelegate->onSuccess = [state = state_](const network::HttpUrlResponse& response,
                                                   std::string& body) {

@@ -31,13 +31,23 @@ std::optional<std::string> environmentVariable(const char* name) {
   return value == nullptr ? std::nullopt : std::optional<std::string>(value);
 }
 
-Setting resolve(const std::optional<std::string>& given, const char* option, const char* variable,
-                const char* key, const std::string& fallback) {
-  if (given) return {*given, option};
-  if (auto value = environmentVariable(variable)) return {std::move(*value), variable};
+std::optional<Setting> resolve(const std::optional<std::string>& given, const char* option,
+                               const char* variable, const char* key) {
+  if (given) return Setting{*given, option};
+  if (auto value = environmentVariable(variable)) return Setting{std::move(*value), variable};
   if (auto value = settingFromPropertyLists(key))
-    return {std::move(*value), fmt::format("{} in a property list", key)};
-  return {fallback, "the default"};
+    return Setting{std::move(*value), fmt::format("{} in a property list", key)};
+  return std::nullopt;
+}
+
+// For messages. A text that is not a URL may still hold a password, with any characters in it.
+std::string withoutCredentials(const std::string& text) {
+  if (const auto url = foundation::Url::parse(text))
+    return url->withoutCredentials().absoluteString();
+  const std::size_t slashes = text.find("//");
+  const std::size_t start = slashes == std::string::npos ? 0 : slashes + 2;
+  const std::size_t at = text.rfind('@');
+  return at == std::string::npos || at < start ? text : text.substr(0, start) + text.substr(at + 1);
 }
 
 void useSettingsFolder(const std::string& folder) {
@@ -77,8 +87,8 @@ std::optional<std::string> givenPassword(const ConnectionOptions& options) {
 std::string usableEndpoint(const std::string& text, const std::string& origin) {
   const auto url = foundation::Url::parse(text);
   const auto fail = [&](const char* reason) {
-    throw CommandError(ExitCode::wrongUse,
-                       fmt::format("the endpoint \"{}\" ({}) {}", text, origin, reason));
+    throw CommandError(ExitCode::wrongUse, fmt::format("the endpoint \"{}\" ({}) {}",
+                                                       withoutCredentials(text), origin, reason));
   };
   if (!url) fail("is no URL");
   const std::string scheme = url->scheme();
@@ -96,19 +106,24 @@ bool isEndpointGiven(const ConnectionOptions& options) {
 
 ApiSettings resolveSettings(const ConnectionOptions& options) {
   if (options.settingsFolder) useSettingsFolder(*options.settingsFolder);
-  const Setting endpoint = resolve(options.endpoint, "--endpoint", "ORIVANTA_ENDPOINT",
-                                   "OrivantaEndpoint", DEFAULT_ORIVANTA_ENDPOINT);
-  const Setting username =
-      resolve(options.username, "--username", "ORIVANTA_USERNAME", "OrivantaUsername", "");
-  const Setting password =
-      resolve(givenPassword(options), "--password", "ORIVANTA_PASSWORD", "OrivantaPassword", "");
-  if (username.value.find(':') != std::string::npos)
-    throw CommandError(ExitCode::wrongUse,
-                       fmt::format("a user name ({}) must not hold a colon", username.origin));
+  const Setting endpoint =
+      resolve(options.endpoint, "--endpoint", "ORIVANTA_ENDPOINT", "OrivantaEndpoint")
+          .value_or(Setting{DEFAULT_ORIVANTA_ENDPOINT, "the default"});
+  const auto username =
+      resolve(options.username, "--username", "ORIVANTA_USERNAME", "OrivantaUsername");
+  const auto password =
+      resolve(givenPassword(options), "--password", "ORIVANTA_PASSWORD", "OrivantaPassword");
   ApiSettings settings;
   settings.endpoint = usableEndpoint(endpoint.value, endpoint.origin);
-  settings.username = username.value;
-  settings.password = password.value;
+  if (username) settings.username = username->value;
+  if (password) settings.password = password->value;
+  takeCredentials(*settings.endpoint, settings.username, settings.password);
+  settings.username = settings.username.value_or("");
+  settings.password = settings.password.value_or("");
+  if (settings.username->find(':') != std::string::npos)
+    throw CommandError(ExitCode::wrongUse,
+                       fmt::format("a user name ({}) must not hold a colon",
+                                   username ? username->origin : endpoint.origin));
   return settings;
 }
 

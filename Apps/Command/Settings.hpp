@@ -20,7 +20,8 @@ struct ConnectionOptions {
 };
 
 /// The first that is given of: command line, environment (ORIVANTA_ENDPOINT, ORIVANTA_USERNAME,
-/// ORIVANTA_PASSWORD), property lists, default. All but the observer are set in the result. Throws
+/// ORIVANTA_PASSWORD), property lists, default. Endpoint, user name and password are set in the
+/// result; a user name and a password inside the endpoint's URL count if no others are set. Throws
 /// `CommandError`. Call it once, before the first use of the library.
 ApiSettings resolveSettings(const ConnectionOptions& options);
 
@@ -33,7 +34,8 @@ bool isEndpointGiven(const ConnectionOptions& options);
 std::optional<std::string> givenPassword(const ConnectionOptions& options);
 
 /// The API root in the form that the library takes, ending in a slash. Throws `CommandError`, with
-/// `origin` in its text, when it is no absolute HTTP or HTTPS URL or has a query or a fragment.
+/// `origin` in its text, when it is no absolute HTTP or HTTPS URL or has a query or a fragment. The
+/// text has no credentials.
 std::string usableEndpoint(const std::string& text, const std::string& origin);
 
 }  // namespace orivanta::command

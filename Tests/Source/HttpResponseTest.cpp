@@ -216,11 +216,11 @@ TEST(HttpResponse, StartsByItselfAndIsCompletedThroughItsProperties) {
     EXPECT_FALSE(response.pageBuffer || response.pageCallback || response.completeCallback ||
                  response.errorCallback);
     EXPECT_EQ(response.session->configuration().identifier, server.root("/1/a"));
-    const auto copy = response;
-    copy.pageBuffer = Texts({"0"});
-    copy.pageCallback = withPage;
-    copy.completeCallback = [=](Texts texts) { completed.give(std::move(texts)); };
-    EXPECT_EQ(response.pageBuffer, copy.pageBuffer);
+    const std::vector<HttpResponse<Texts>> copies(1, response);
+    copies[0].pageBuffer = Texts({"0"});
+    copies[0].pageCallback = withPage;
+    copies[0].completeCallback = [=](Texts texts) { completed.give(std::move(texts)); };
+    EXPECT_EQ(response.pageBuffer, Texts({"0"}));
   }
   EXPECT_EQ(completed.take(), Texts({"0", "1"}));
   EXPECT_EQ(server.requests().at(0).field("Authorization"), "Own x");

@@ -38,6 +38,11 @@ TEST(Settings, EndpointsAreCompletedOrRefused) {
       EXPECT_TRUE(std::string(error.what())
                       .starts_with(fmt::format("the endpoint \"{}\" (--endpoint) ", text)));
     }
+  for (const std::string text : {"ftp://u:p@h/", "http://u:p@h/?a", "http://u: /p@h/"}) {
+    const auto result = runProgram({"venues", "--endpoint", text});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_NE(result.errors.find("://h/"), std::string::npos) << result.errors;
+  }
 }
 
 TEST(Settings, CommandLineGoesBeforeEnvironmentBeforePropertyLists) {
@@ -68,6 +73,9 @@ TEST(Settings, CommandLineGoesBeforeEnvironmentBeforePropertyLists) {
   EXPECT_EQ(run(settings, options, environment), "/option/  Basic Yzpj\n");
   EXPECT_EQ(run(settings, options, {}), "/option/  Basic Yzpj\n");
   EXPECT_EQ(run(settings, {"--username", "c"}, {"ORIVANTA_PASSWORD="}), "/file/  Basic Yzo=\n");
+  const std::string inEndpoint = "http://d:d@" + server.root("/option/").substr(7);
+  EXPECT_EQ(run({"--endpoint", inEndpoint}, {}, {}), "/option/  Basic ZDpk\n");
+  EXPECT_EQ(run({"--endpoint", inEndpoint}, {}, environment), "/option/  Basic Yjpi\n");
 }
 
 TEST(Session, SaysWhatTheServerDidInsteadOfAnswering) {
