@@ -56,9 +56,7 @@ std::string presentable(std::string_view text) {
 }  // namespace
 
 Attribution attributionOf(const Venue& venue) {
-  const auto textOf = [&](const char* key) {
-    return presentable(venue._data[key].stringValue());
-  };
+  const auto textOf = [&](const char* key) { return presentable(venue._data[key].stringValue()); };
   return {textOf("attribution"), textOf("license")};
 }
 

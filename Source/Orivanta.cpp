@@ -41,8 +41,9 @@ Requests startLoad(const WebApiSession& session, const std::shared_ptr<Venue>& v
   const std::string slug = foundation::unwrap(foundation::unwrap(venue).slug);
   makeActive(venue);
   options.budget = std::make_shared<foundation::MemoryBudget>(session.loadBytes());
+  const WebApiSession budgeted = session.within(options.budget);
   return startLoad(
-      session.within(options.budget), slug,
+      budgeted, slug,
       std::make_shared<VenueLoad>(accessible, std::move(callback), std::move(options)));
 }
 

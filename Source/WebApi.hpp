@@ -31,8 +31,8 @@ class ORIVANTA_API WebApiObserver {
 };
 
 /// What one load may take unless told otherwise: enough for a venue of 300,000 nodes, and so little
-/// that a hostile load stays below 1 GB of resident memory.
-constexpr std::size_t defaultLoadBytes = std::size_t{640} << 20U;
+/// that a hostile load stays below 1 GB of resident memory. A million nodes need 2.5 GiB.
+constexpr std::size_t defaultLoadBytes = std::size_t{800} << 20U;
 
 /// Every call returns at once. Its callback is called once, on a background queue of that call:
 /// with the collection, or with an empty one when a request failed. Elements that form no record

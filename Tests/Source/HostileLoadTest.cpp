@@ -61,8 +61,9 @@ const std::vector<Attack>& attacks() {
        [](MisbehavingServer& server) { server.on("/1/map", Answer::json(blanks).gzipped()); }},
       {"pages without end", "polygon",
        [](MisbehavingServer& server) {
-         server.on("/1/polygon", [page = std::size_t{0}](const auto&) mutable {
-           ++page;
+         const auto count = std::make_shared<std::size_t>(0);
+         server.on("/1/polygon", [count](const auto&) {
+           const std::size_t page = ++*count;
            return Answer::json(listOf(500, polygon("[]"), page * 500))
                .next("/1/polygon?" + std::to_string(page));
          });

@@ -100,8 +100,8 @@ TEST(VenueLoad, AnAnswerReplacedBeforeTheGateOpensIsLinkedToo) {
 TEST(VenueLoad, PublishesNothingOnceItIsUnwanted) {
   activeVenue = nullptr;  // there is no venue to publish to any more
   int calls = 0;
-  VenueLoad load(
-      false, [](const auto&) { ADD_FAILURE() << "published"; }, {[&](const auto&) { ++calls; }});
+  VenueLoad load(false, [](const auto&) { ADD_FAILURE() << "published"; },
+                 {[&](const auto&) { ++calls; }});
   for (const Arrival arrive : arrivals) arrive(load);
   EXPECT_GT(calls, 0);
 }
