@@ -16,17 +16,5 @@ TEST(CollectionHelpers, MergingPrefersTheLeftAndKeepsTheOrderOfTheRight) {
   EXPECT_THAT(Dictionary<int>() + right, ElementsAre(Pair("c", 3), Pair("a", 4)));
 }
 
-TEST(CollectionHelpers, ContainsComparesEveryWantedEntryExactly) {
-  const Dictionary<std::string> entries{{"rel", "next"}, {"type", "x"}, {"empty", ""}};
-  EXPECT_TRUE(contains(entries, {}));
-  EXPECT_TRUE(contains({}, {}));
-  EXPECT_TRUE(contains(entries, {{"rel", "next"}}));
-  EXPECT_TRUE(contains(entries, {{"empty", ""}, {"rel", "next"}}));
-  EXPECT_FALSE(contains(entries, {{"rel", "Next"}}));
-  EXPECT_FALSE(contains(entries, {{"Rel", "next"}}));
-  EXPECT_FALSE(contains(entries, {{"rel", "next"}, {"missing", ""}}));
-  EXPECT_FALSE(contains({}, {{"rel", "next"}}));
-}
-
 }  // namespace
 }  // namespace orivanta

@@ -20,6 +20,9 @@ using test::namesOf;
 
 using Result = std::shared_ptr<Directions>;
 
+static_assert(
+    !std::is_assignable_v<decltype((std::declval<Direction&>().instruction)), std::string>);
+
 std::shared_ptr<Location> placeOf(const std::string& name, NodeList nodes = {}) {
   auto place = Location::make(
       *RawData::parse(R"({"id": "1", "name": ")" + name + R"(", "type": "tenant"})"));
@@ -65,20 +68,6 @@ TEST(Directions, SayWhereToDepartAndArrive) {
   };
   for (const auto& test : cases)
     EXPECT_EQ(textOf(Directions::make(test.path, test.from, test.to)), test.text);
-}
-
-TEST(Directions, DirectionsAreReadOnlyAndNeedNoPlace) {
-  static_assert(
-      !std::is_assignable_v<decltype((std::declval<Direction&>().instruction)), std::string>);
-  const DrawnNetwork network("A-B");
-  const auto node = network("A").front();
-  const auto shop = placeOf("Shop");
-  const auto departure = std::make_shared<Direction::Departure>();
-  const Direction plain(node, departure, "Go");
-  const Direction at(node, departure, shop, "Go");
-  EXPECT_EQ(plain.instruction + at.instruction, "GoGo");
-  EXPECT_FALSE(plain.atLocation || plain.towardsLocation || at.towardsLocation);
-  EXPECT_EQ(at.atLocation, shop);
 }
 
 /// Makes a venue with the network's graph the active one, until the end of the test.

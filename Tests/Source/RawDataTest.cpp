@@ -84,8 +84,12 @@ TEST(RawData, RefusesWhatIsNoJsonDocument) {
     EXPECT_FALSE(RawData::parse(text)) << text;
   EXPECT_FALSE(RawData::parse(std::string_view("[\0]", 3)));
   EXPECT_FALSE(RawData::parse("[" + std::string(400, '9') + "]"));
+  for (const char* text : {"[\"\xC0\xAF\"]", "[\"\xE9\"]", R"(["\ud800"])", "[01]", "[.5]"})
+    EXPECT_FALSE(RawData::parse(text)) << text;
   for (const char* text : {"[]", "{}", " [1e308, -0.0, 5e-324, 1e-999]\n", R"(["\ud83d\ude00"])"})
     EXPECT_TRUE(RawData::parse(text)) << text;
+  const auto twice = RawData::parse(R"({"id": "first", "id": "a\u0000b"})");
+  EXPECT_EQ((*twice)["id"].string(), std::string("a\0b", 3));
 }
 
 TEST(RawData, NestingIsBoundedAndEndsWithoutRecursion) {

@@ -2,16 +2,79 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
+#include <limits>
 #include <string>
 
 #include "Source/NavigationGraph.hpp"
+#include "Source/RouteSearch.hpp"
 #include "Source/VenueJoin.hpp"
-#include "Tests/Support/RecordedRoutes.hpp"
 #include "Tests/Support/Venues.hpp"
 
 namespace orivanta {
 namespace {
+
+struct RecordedRoute {
+  bool accessible;
+  std::vector<std::string> starts;
+  std::vector<std::string> destinations;
+  std::vector<std::string> path;  ///< empty when there is no route
+  double cost;                    ///< of the search at the goal; 0 without a route
+  double weight;                  ///< of the path, each step by its cheapest edge
+  std::size_t takenNodes;
+};
+
+std::vector<std::string> textsOf(const RawData& list) {
+  std::vector<std::string> texts;
+  for (const RawData& element : list.arrayValue()) texts.push_back(element.stringForce());
+  return texts;
+}
+
+// Recorded as the shortest text of the double, infinity as "inf".
+double doubleOf(const RawData& text) { return std::strtod(text.stringValue().c_str(), nullptr); }
+
+NodeList nodesOf(const Collection<Node>& nodes, const std::vector<std::string>& identifiers) {
+  NodeList list;
+  for (const std::string& identifier : identifiers) list.push_back(nodes.at(identifier));
+  return list;
+}
+
+double weightOf(const NodeList& path, const NavigationGraph& graph) {
+  double weight = 0.0;
+  for (std::size_t i = 1; i < path.size(); ++i) {
+    double cheapest = std::numeric_limits<double>::infinity();
+    for (const Edge& edge : graph[*path[i - 1]])
+      if (edge.node() == path[i]) cheapest = std::min(cheapest, edge.weight());
+    weight += cheapest;
+  }
+  return weight;
+}
+
+std::vector<RecordedRoute> recordedRoutes(const std::filesystem::path& package) {
+  std::vector<RecordedRoute> routes;
+  const auto document = RawData::parse(test::contentsOf(package / "golden.json"));
+  if (!document) return routes;
+  for (const RawData& query : (*document)["queries"].arrayValue())
+    routes.push_back({query["accessible"].bool_().value(), textsOf(query["start"]),
+                      textsOf(query["destination"]), textsOf(query["path"]),
+                      doubleOf(query["cost"]), doubleOf(query["weight"]),
+                      static_cast<std::size_t>(query["taken"].doubleForce())});
+  return routes;
+}
+
+void expectRecordedRoute(const RecordedRoute& recorded, const Collection<Node>& nodes,
+                         const NavigationGraph& graph) {
+  const auto route =
+      searchRoute(nodesOf(nodes, recorded.starts), nodesOf(nodes, recorded.destinations), graph);
+  ASSERT_EQ(route.has_value(), !recorded.path.empty());
+  if (!route) return;
+  EXPECT_EQ(route->path, nodesOf(nodes, recorded.path));
+  EXPECT_EQ(route->cost, recorded.cost);
+  EXPECT_EQ(weightOf(route->path, graph), recorded.weight);
+  EXPECT_EQ(route->takenNodes, recorded.takenNodes);
+}
 
 struct Building {
   Collection<Node> nodes;
@@ -35,7 +98,7 @@ TEST(RecordedRoutes, AreFoundExactly) {
   if (!test::venuesFolder()) GTEST_SKIP() << "no venues";
   for (const std::string& name : test::venueNames()) {
     const auto package = *test::venuesFolder() / name;
-    const auto routes = test::recordedRoutes(package);
+    const auto routes = recordedRoutes(package);
     EXPECT_GE(routes.size(), 150U) << name;
     const bool asListed = name == "tie-grid";
     const Building all = joined(package, false, asListed);
@@ -43,7 +106,7 @@ TEST(RecordedRoutes, AreFoundExactly) {
     for (std::size_t i = 0; i < routes.size(); ++i) {
       SCOPED_TRACE(name + ", route " + std::to_string(i));
       const Building& building = routes[i].accessible ? accessible : all;
-      test::expectRecordedRoute(routes[i], building.nodes, *building.graph);
+      expectRecordedRoute(routes[i], building.nodes, *building.graph);
     }
   }
 }

@@ -2,20 +2,13 @@
 
 #include <gmock/gmock.h>
 
-#include <boost/json/array.hpp>
-#include <boost/json/value.hpp>
-
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
-#include "Source/Orivanta.hpp"
 #include "Source/Polygon.hpp"
-#include "Source/VenueLoad.hpp"
 #include "Source/Vortex.hpp"
-#include "Tests/Support/JoinedLinks.hpp"
-#include "Tests/Support/SmallVenue.hpp"
 #include "Tests/Support/Venues.hpp"
 
 namespace orivanta {
@@ -125,32 +118,6 @@ TEST(VenueJoin, AnAccessibleGraphHasEveryAccessibleVortexWhereverItStands) {
   EXPECT_THAT(keysOf(collections.vortices), ElementsAre("stairs", "lift"));
   EXPECT_TRUE(linkVortexNodes(collections, false));
   EXPECT_FALSE((*collections.navigationGraph)[*collections.nodes->at("a")].empty());
-}
-
-TEST(VenueJoin, RealVenuesGetTheirExpectedLinks) {
-  if (test::venueNames().empty()) GTEST_SKIP() << "no venues beside the project";
-  for (const std::string& name : test::venueNames()) {
-    SCOPED_TRACE(name);
-    const auto package = *test::venuesFolder() / name;
-    CollectionDictionary read = test::readPackage(package);
-    const std::size_t nodeCount = read.nodes->size();
-    activeVenue = test::smallVenue();
-    VenueLoad load(false, [](const auto&) {});
-    load.receive(&CollectionDictionary::polygons, *read.polygons);
-    load.receive(&CollectionDictionary::locations, *read.locations);
-    load.receive(&CollectionDictionary::categories, *read.categories);
-    load.receive(&CollectionDictionary::maps, *read.maps);
-    load.receive(&CollectionDictionary::nodes, *read.nodes);
-    load.receive(&CollectionDictionary::vortices, *read.vortices);
-    const auto expected = boost::json::parse(test::contentsOf(package / "joined.json")).as_object();
-    test::expectSameLinks(test::joinedLinks(*activeVenue), expected);
-    const auto& dropped = expected.at("dropped").at("nodes").as_array();
-    EXPECT_EQ(activeVenue->nodes->size(), nodeCount - dropped.size());
-    for (const auto& node : *activeVenue->nodes)
-      EXPECT_EQ(std::find(dropped.begin(), dropped.end(), boost::json::value(*node->id)),
-                dropped.end());
-  }
-  activeVenue = nullptr;
 }
 
 TEST(VenueJoinDeathTest, AVortexOnANodeWithoutAMapStopsTheProgram) {

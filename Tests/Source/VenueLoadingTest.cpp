@@ -32,7 +32,6 @@ using test::Latch;
 using test::MisbehavingServer;
 using test::smallVenue;
 using test::smallVenueAnswers;
-using test::smallVenueLinks;
 
 // Tells when chains are done: each running one shares in the ownership of its observer.
 class SilentObserver : public WebApiObserver {
@@ -64,32 +63,6 @@ class VenueLoading : public testing::Test {
   void SetUp() override { activeVenue = nullptr; }
   void TearDown() override { activeVenue = nullptr; }
 };
-
-TEST_F(VenueLoading, EachCollectionMayComeLast) {
-  for (const auto& last : smallVenueAnswers()) {
-    SCOPED_TRACE(last.first + " last");
-    MisbehavingServer server;
-    const auto observer = std::make_shared<SilentObserver>();
-    const WebApiSession session = sessionFor(server.root(), observer);
-    const long idleOwners = observer.use_count();
-    const auto latch = std::make_shared<Latch>();
-    serveSmallVenue(server);
-    server.on("/1/" + last.first, Answer::json(last.second).held(latch));
-    const Awaited<std::shared_ptr<Venue>> arrived;
-    loadVenue(session, smallVenue(), false, [=](const auto& venue) { arrived.give(venue); });
-    ASSERT_TRUE(server.waitForRequests("/1/" + last.first, 1));
-    // A chain lets go of the observer, which each of its three callbacks holds, after it has
-    // handed its collection over.
-    while (observer.use_count() > idleOwners + 3) std::this_thread::yield();
-    EXPECT_FALSE(activeVenue->locations);
-    latch->open();
-    const auto venue = arrived.take();
-    EXPECT_EQ(venue, activeVenue);
-    expectSameLinks(joinedLinks(*venue), smallVenueLinks(last.first == "polygon"));
-    EXPECT_EQ(venue->polygonDictionary->at("room"), venue->polygons->at(0));
-    EXPECT_EQ(venue->navigationGraph->graph().size(), 4U);
-  }
-}
 
 TEST_F(VenueLoading, RequestsSixCollectionsSideBySideAndCallsBackInTheBackground) {
   MisbehavingServer server;
@@ -222,16 +195,20 @@ TEST_F(VenueLoading, AThousandLoadsLeaveTheMemoryLevel) {
   EXPECT_LT(late, early + slackBytes);
 }
 
+VenueLoadReport reported(const WebApiSession& session) {
+  const Awaited<VenueLoadReport> arrived;
+  loadVenueReporting(session, smallVenue(), false,
+                     {{}, [=](VenueLoadReport report) { arrived.give(std::move(report)); }});
+  return arrived.take();
+}
+
 TEST_F(VenueLoading, ReportsWhatFailedBesideWhatIsThere) {
   MisbehavingServer server;
   serveSmallVenue(server);
   server.on("/1/location", Answer::json("[]", 403));
   server.on("/1/category", Answer::json("[]"));
   server.on("/1/polygon", Answer::html("<p>busy", 503));
-  const Awaited<VenueLoadReport> arrived;
-  loadVenueReporting(sessionFor(server.root()), smallVenue(), false,
-                     {{}, [=](VenueLoadReport report) { arrived.give(std::move(report)); }});
-  const VenueLoadReport report = arrived.take();
+  const VenueLoadReport report = reported(sessionFor(server.root()));
   EXPECT_TRUE(report.complete);
   EXPECT_EQ(report.venue, activeVenue);
   EXPECT_EQ(report.venue->nodes->size(), 4U);
@@ -283,28 +260,12 @@ TEST_F(VenueLoading, LoadsMayOverlapWhileRoutesAreSearched) {
   }
 }
 
-TEST_F(VenueLoading, GivesUpALoadThatDoesNotEnd) {
-  MisbehavingServer server;
-  serveSmallVenue(server);
-  server.on("/1/node", Answer::json("[]").next("node"));
-  const Awaited<VenueLoadReport> arrived;
-  loadVenueReporting(sessionFor(server.root()), smallVenue(), false,
-                     {{}, [=](VenueLoadReport report) { arrived.give(std::move(report)); }});
-  const VenueLoadReport report = arrived.take();
-  EXPECT_FALSE(report.complete);
-  EXPECT_FALSE(report.venue->maps);
-  EXPECT_EQ(report.failures.at(0).problem, LoadProblem::endless);
-}
-
 TEST_F(VenueLoading, ATrickleEndsWithItsCollection) {
   MisbehavingServer server;
   serveSmallVenue(server);
   server.on("/1/node", Answer::json(std::string(10'000, ' ') + "[]").trickled());
-  const Awaited<VenueLoadReport> arrived;
-  loadVenueReporting(sessionFor(server.root()).withLowestRate({1'000'000, std::chrono::seconds(1)}),
-                     smallVenue(), false,
-                     {{}, [=](VenueLoadReport report) { arrived.give(std::move(report)); }});
-  const VenueLoadReport report = arrived.take();
+  const VenueLoadReport report =
+      reported(sessionFor(server.root()).withLowestRate({1'000'000, std::chrono::seconds(1)}));
   ASSERT_EQ(report.failures.size(), 1U);
   EXPECT_EQ(report.failures[0].collection, "node");
   EXPECT_NE(report.failures[0].reason.find("too slow"), std::string::npos);

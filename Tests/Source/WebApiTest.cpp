@@ -11,7 +11,6 @@
 #include "Source/Vortex.hpp"
 #include "Tests/Support/Awaited.hpp"
 #include "Tests/Support/MisbehavingServer.hpp"
-#include "Tests/Support/Venues.hpp"
 
 namespace orivanta {
 namespace {
@@ -20,7 +19,6 @@ using test::Answer;
 using test::Awaited;
 using test::MisbehavingServer;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 WebApiSession sessionFor(const std::string& root,
                          std::shared_ptr<WebApiObserver> observer = nullptr) {
@@ -93,20 +91,6 @@ TEST(WebApi, ACollectionIsTheUnionOfItsPagesWithoutWhatFormsNoRecord) {
   EXPECT_EQ(locations.at("a")->name, "twice");
 }
 
-TEST(WebApi, AFailureOnAnyPageGivesAnEmptyCollection) {
-  MisbehavingServer server;
-  server.on("/1/location", Answer::json("[" + location("a") + "]").next("/1/2"));
-  const Answer failures[] = {Answer::html("<p>"), Answer::json("[" + location("b")),
-                             Answer::json("[1, 2, 3]").resetAfter(5),
-                             Answer::json("[1, 2, 3]").closedAfter(5)};
-  for (const Answer& failure : failures) {
-    server.on("/1/2", failure);
-    EXPECT_THAT(locationsFrom(server), IsEmpty());
-  }
-  const WebApiSession session = sessionFor(MisbehavingServer::refusingRoot());
-  EXPECT_THAT(collected<Venue>([&](auto done) { session.venues(done); }), IsEmpty());
-}
-
 // What an observer was told, in words.
 class Witness : public WebApiObserver {
  public:
@@ -150,88 +134,6 @@ TEST(WebApi, AnObserverLearnsOfPagesAndReasons) {
   EXPECT_THAT(load(), ElementsAre("location 200 2", "location 200 3", "location failed "));
   server.on("/1/2", Answer::json("[1]").resetAfter(1));
   EXPECT_THAT(load(), ElementsAre("location 200 2", "location failed curl"));
-}
-
-// The response bodies of the hostile package: what becomes of each as a collection of locations,
-// nodes or venues. Nothing for a body that must fail.
-struct HostileBody {
-  const char* file;
-  const char* collection;
-  std::optional<std::vector<std::string>> ids;
-};
-
-const std::vector<HostileBody>& hostileBodies() {
-  using Ids = std::vector<std::string>;
-  static const std::vector<HostileBody> bodies{
-      {"venues", "venue", Ids{"venue-igml-pnu201-hostile", "v5", "v6"}},
-      {"empty", "location", {}},
-      {"blank", "location", {}},
-      {"bare-number", "location", {}},
-      {"bare-text", "location", {}},
-      {"bare-null", "location", {}},
-      {"object", "location", Ids{}},
-      {"empty-list", "location", Ids{}},
-      {"truncated", "location", {}},
-      {"trailing-comma", "location", {}},
-      {"comment", "location", {}},
-      {"single-quotes", "location", {}},
-      {"trailing-garbage", "location", {}},
-      {"two-values", "location", {}},
-      {"duplicate-keys", "location", Ids{"second"}},
-      {"nested-10000-lists", "location", {}},
-      {"nested-10000-objects", "location", {}},
-      {"nested-10000-in-record", "location", {}},
-      {"nested-10000-open", "location", {}},
-      {"nested-1000000-open", "location", {}},
-      {"number-1e308", "node", Ids{"a"}},
-      {"number-1e999", "node", {}},
-      {"number-1e-999", "node", Ids{"a"}},
-      {"number-30-digits", "node", Ids{"a"}},
-      {"number-400-digits", "node", {}},
-      {"number-2-63", "node", Ids{"a"}},
-      {"number-forms", "node", Ids{"a", "b"}},
-      {"number-bad-forms", "node", {}},
-      {"number-nan", "node", {}},
-      {"invalid-utf8", "location", {}},
-      {"overlong-utf8", "location", {}},
-      {"surrogate-utf8", "location", {}},
-      {"latin1", "location", {}},
-      {"lone-surrogate", "location", {}},
-      {"surrogate-pair", "location", Ids{"a"}},
-      {"nul-escape", "location", Ids{std::string("a\0b", 3)}},
-      {"raw-control", "location", {}},
-      {"bad-escape", "location", {}},
-      {"bom", "location", {}},
-      {"utf16le", "location", {}},
-      {"html-error", "location", {}},
-      {"long-text", "location", Ids{"a"}},
-      {"many-keys", "location", Ids{"a"}},
-  };
-  return bodies;
-}
-
-TEST(WebApi, HostileBodiesGiveWhatTheyMustAndNothingElse) {
-  const auto folder = test::venuesFolder();
-  if (!folder) GTEST_SKIP() << "no venues beside the project";
-  const auto witness = std::make_shared<Witness>();
-  MisbehavingServer server;
-  const WebApiSession session = sessionFor(server.root(), witness);
-  for (const HostileBody& body : hostileBodies()) {
-    SCOPED_TRACE(body.file);
-    const auto file = *folder / "igml-pnu201-hostile/json" / (std::string(body.file) + ".json");
-    ASSERT_TRUE(std::filesystem::exists(file));
-    const std::string collection = body.collection;
-    server.on("/1/" + collection, Answer::json(test::contentsOf(file)));
-    std::vector<std::string> ids;
-    if (collection == "venue")
-      ids = idsOf(collected<Venue>([&](auto done) { session.venues(done); }));
-    else if (collection == "node")
-      ids = idsOf(collected<Node>([&](auto done) { session.nodes("v", done); }));
-    else
-      ids = idsOf(collected<Location>([&](auto done) { session.locations("v", done); }));
-    EXPECT_EQ(ids, body.ids.value_or(std::vector<std::string>()));
-    EXPECT_EQ(witness->taken().back(), collection + (body.ids ? " complete" : " failed "));
-  }
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <initializer_list>
 #include <map>
 #include <memory>
+#include <span>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,12 +32,7 @@ class Fingers {
 
   /// Several in one moment.
   void move(std::initializer_list<Place> places, double time) {
-    std::vector<view::Touch> touches;
-    for (const auto& [finger, position] : places) {
-      touches.push_back({finger, view::TouchPhase::moved, position, time});
-      last_[finger] = position;
-    }
-    dispatcher_.dispatch(touches);
+    moveAll({places.begin(), places.size()}, time);
   }
 
   /// Where the finger was last.
@@ -51,9 +48,44 @@ class Fingers {
     up(finger, time + 0.1);
   }
 
+  /// Steps such as "down 0 1 50 50 2 90 50; move 0.1 1 56 58; up 0.2 1 2; cancelAll 0.3": what
+  /// happens, the time, and the fingers, with their positions where they may be new.
+  void play(const std::string& script) {
+    std::istringstream steps(script);
+    for (std::string step; std::getline(steps, step, ';');) {
+      std::istringstream words(step);
+      std::string verb;
+      double time = 0;
+      std::vector<Place> places;
+      words >> verb >> time;
+      for (std::uint64_t finger = 0; words >> finger;) {
+        graphics::Point at = last_[finger];
+        if (verb != "up" && verb != "cancel") words >> at.x >> at.y;
+        places.emplace_back(finger, at);
+      }
+      if (verb == "move") moveAll(places, time);
+      if (verb == "cancelAll") dispatcher_.cancelAll(time);
+      for (const auto& [finger, at] : places) {
+        if (verb == "down") down(finger, at, time);
+        if (verb == "tap") tap(finger, at, time);
+        if (verb == "up") up(finger, time);
+        if (verb == "cancel") cancel(finger, time);
+      }
+    }
+  }
+
   view::TouchDispatcher& dispatcher() { return dispatcher_; }
 
  private:
+  void moveAll(std::span<const Place> places, double time) {
+    std::vector<view::Touch> touches;
+    for (const auto& [finger, position] : places) {
+      touches.push_back({finger, view::TouchPhase::moved, position, time});
+      last_[finger] = position;
+    }
+    dispatcher_.dispatch(touches);
+  }
+
   void send(std::uint64_t finger, view::TouchPhase phase, graphics::Point position, double time) {
     last_[finger] = position;
     dispatcher_.dispatch({finger, phase, position, time});

@@ -220,29 +220,27 @@ class MisbehavingServer::Implementation {
   }
 
   asio::awaitable<void> serve(tcp::socket socket) {
-    const std::size_t connection = counted(connectionCount_);
+    counted(connectionCount_);
     if (tls_) {
       asio::ssl::stream<tcp::socket> stream(std::move(socket), *tls_);
       const auto [failure] =
           co_await stream.async_handshake(asio::ssl::stream_base::server, reportingErrors);
-      if (!failure) co_await answerAll(stream, connection);
+      if (!failure) co_await answerAll(stream);
     } else {
-      co_await answerAll(socket, connection);
+      co_await answerAll(socket);
     }
     counted(endedConnectionCount_);
   }
 
   template <class Stream>
-  asio::awaitable<void> answerAll(Stream& socket, std::size_t connection) {
+  asio::awaitable<void> answerAll(Stream& socket) {
     std::string received;
     for (;;) {
       const auto [failure, headBytes] = co_await asio::async_read_until(
           socket, asio::dynamic_buffer(received), "\r\n\r\n", reportingErrors);
       if (failure) co_return;
-      ReceivedRequest request = parsed(std::string_view(received).substr(0, headBytes));
+      const Answer answer = answerFor(parsed(std::string_view(received).substr(0, headBytes)));
       received.erase(0, headBytes);
-      request.connection = connection;
-      const Answer answer = answerFor(std::move(request));
       if (answer.latch) co_await opened(*answer.latch);
       if (!co_await sent(socket, answer)) co_return;
     }
@@ -281,13 +279,13 @@ class MisbehavingServer::Implementation {
     co_await timer->async_wait(reportingErrors);
   }
 
-  std::size_t counted(std::size_t& counter) {
+  void counted(std::size_t& counter) {
     const std::lock_guard lock(mutex_);
     changed_.notify_all();
-    return ++counter;
+    ++counter;
   }
 
-  Answer answerFor(ReceivedRequest request) {
+  Answer answerFor(const ReceivedRequest& request) {
     Script script;
     {
       const std::lock_guard lock(mutex_);

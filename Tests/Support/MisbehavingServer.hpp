@@ -22,7 +22,6 @@ struct ReceivedRequest {
   std::string path;    ///< up to the "?"
   std::string query;   ///< behind the "?"; empty without one
   std::vector<std::pair<std::string, std::string>> fields;
-  std::size_t connection = 0;  ///< counts the server's connections from 1
 
   /// The value of a field, whatever the case of its name; nothing when it was not sent.
   std::optional<std::string> field(std::string_view name) const;

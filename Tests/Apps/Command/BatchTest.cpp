@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <vector>
 
 #include "Tests/Apps/Command/TwoFloorVenue.hpp"
@@ -76,44 +75,6 @@ TEST(Batch, WritesQuotedIdentifiersAndInfiniteWeights) {
   const auto venue = small.load();
   EXPECT_EQ(BatchRouter(*venue).answer(R"({"from": ["a\"\n"], "to": ["b"]})"),
             R"({"id":null,"path":["a\"\n","b"],"weight":1e999})");
-}
-
-// A stream buffer that hands out one line at a time and notes what had been written by then.
-class TurnTaking : public std::streambuf {
- public:
-  TurnTaking(std::vector<std::string> lines, const std::string& written)
-      : lines_(std::move(lines)), written_(written) {}
-
-  std::vector<std::string> writtenBefore;
-
- protected:
-  int_type underflow() override {
-    if (next_ == lines_.size()) return traits_type::eof();
-    writtenBefore.push_back(written_);
-    std::string& line = lines_[next_++];
-    setg(line.data(), line.data(), line.data() + line.size());
-    return traits_type::to_int_type(*gptr());
-  }
-
- private:
-  std::vector<std::string> lines_;
-  const std::string& written_;
-  std::size_t next_ = 0;
-};
-
-TEST(Batch, AnswersEachLineBeforeItReadsTheNext) {
-  const auto venue = test::TwoFloorVenue().load();
-  std::string written;
-  TurnTaking input(
-      {"{\"id\":1}\n", " \t\r\n", "\n", "nonsense\r\n", R"({"id":2,"from":["n1"],"to":["n1"]})"},
-      written);
-  std::istream stream(&input);
-  answerLines(stream, BatchRouter(*venue), [&](std::string_view text) { written += text; });
-  const std::string first = "{\"id\":1,\"error\":\"no \\\"from\\\" or \\\"fromLocation\\\"\"}\n";
-  const std::string second = "{\"id\":null,\"error\":\"the line is no JSON object\"}\n";
-  EXPECT_EQ(input.writtenBefore,
-            (std::vector<std::string>{"", first, first, first, first + second}));
-  EXPECT_EQ(written, first + second + "{\"id\":2,\"path\":[\"n1\"],\"weight\":0}\n");
 }
 
 }  // namespace

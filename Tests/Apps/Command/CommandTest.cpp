@@ -165,6 +165,7 @@ TEST_F(Command, RefusesWrongUse) {
       {{"serve", folder, "--port", "0", "--page-size", "0"}, "--page-size"},
       {{"serve", folder, "--port", "0", "--username", "me"}, "password"},
       {{"serve", package, "--port", "0", "--origin", "maps.example"}, "maps.example"},
+      {{"serve", package, "--port", "0", "--origin", "http://h/path"}, "\"http://h/path\""},
       {{"serve", package, "--port", "0", "--trusted-proxy", "proxy"}, "proxy"},
   };
   for (const Case& each : cases) {
@@ -218,7 +219,7 @@ TEST_F(Command, AnswersABatchLineByLine) {
   Program program({"route", "small", "--batch", "-"}, environment());
   program.send("{\"id\":1,\"from\":[\"n1\"],\"to\":[\"n2\"]}\n");
   EXPECT_EQ(program.readLine(), "{\"id\":1,\"path\":[\"n1\",\"n2\"],\"weight\":3}\n");
-  program.send("\nnonsense\n");
+  program.send("\n \t\r\nnonsense\r\n");
   EXPECT_EQ(program.readLine(), "{\"id\":null,\"error\":\"the line is no JSON object\"}\n");
   std::string many;
   for (int i = 0; i < 1000; ++i)

@@ -5,6 +5,8 @@
 #include <tuple>
 #include <vector>
 
+#include "Apps/Command/Table.hpp"
+
 namespace orivanta::command {
 namespace {
 
@@ -23,6 +25,13 @@ TEST(Text, DisplayWidthCountsTheColumnsOfATerminal) {
       {"\xFF\xFE", 2},  // damaged bytes, each shown as one sign
   };
   for (const auto& [text, width] : cases) EXPECT_EQ(displayWidth(text), width) << text;
+}
+
+TEST(Table, AlignsColumnsByDisplayWidth) {
+  Table table({Alignment::left, Alignment::right, Alignment::left});
+  table.add({"新宿", "1", "x"});
+  table.add({"a", "100", ""});
+  EXPECT_EQ(table.text(1), " 新宿    1  x\n a     100\n");
 }
 
 TEST(Text, PrintableTakesWhatWouldActOnATerminal) {

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <boost/json.hpp>
 #include <map>
 #include <set>
@@ -40,17 +39,6 @@ std::vector<FloorModel> floorModels() {
     models.push_back(std::move(floor));
   }
   return models;
-}
-
-double longestSide(const scene::obj::Model& model) {
-  double longest = 0.0;
-  for (const std::size_t axis : {0U, 1U}) {
-    const auto [least, most] = std::minmax_element(
-        model.vertices.begin(), model.vertices.end(),
-        [axis](const auto& a, const auto& b) { return a.position[axis] < b.position[axis]; });
-    longest = std::max(longest, double{most->position[axis]} - least->position[axis]);
-  }
-  return longest;
 }
 
 // Twice the area of a triangle as seen from where the normal of its first corner points.
@@ -108,16 +96,6 @@ TEST(DemoVenueModels, TexturesAreListedWithTheFloorAndAreThere) {
       EXPECT_EQ(contentsOf(generatedVenue() / image).substr(0, 8), "\x89PNG\r\n\x1a\n") << image;
   }
   EXPECT_EQ(used.size(), 3U);
-}
-
-TEST(DemoVenueModels, FloorsHaveMapSizeAndTheLargestComesFirst) {
-  const auto floors = floorModels();
-  for (const FloorModel& floor : floors) {
-    const double side = longestSide(floor.model);
-    EXPECT_GE(side, 500.0) << floor.map;
-    EXPECT_LE(side, 3000.0) << floor.map;
-    EXPECT_LE(side, longestSide(floors.front().model)) << floor.map;
-  }
 }
 
 }  // namespace orivanta::test

@@ -19,8 +19,6 @@
 #include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
 #include "Source/Polygon.hpp"
-#include "Source/RouteSearch.hpp"
-#include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
 #include "Tests/Apps/DemoVenue/GeneratedVenue.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
@@ -92,32 +90,6 @@ TEST(DemoVenuePackage, EveryRecordIsBuiltAndKept) {
   EXPECT_EQ(collections.nodes->size(), recordsOf("node.json").size());
   EXPECT_EQ(collections.polygons->size(), recordsOf("polygon.json").size());
   EXPECT_EQ(collections.vortices->size(), recordsOf("vortex.json").size());
-  const auto venue = RawData::parse(contentsOf(generatedVenue() / "venue.json"));
-  ASSERT_TRUE(venue);
-  const auto record = Venue::make(*venue);
-  ASSERT_TRUE(record);
-  EXPECT_EQ(record->name, "Astrolabe Court");
-  EXPECT_TRUE(record->logo);
-  EXPECT_TRUE(record->coverImage);
-}
-
-TEST(DemoVenuePackage, IsWorthAWalk) {
-  const CollectionDictionary collections = joined(false);
-  EXPECT_GE(collections.maps->size(), 4U);
-  std::map<std::string, int> types;
-  for (const auto& [id, location] : *collections.locations) ++types[*location->type];
-  EXPECT_GE(types["tenant"], 100);
-  EXPECT_GE(types["amenity"], 15);
-  EXPECT_GE(types["entrance"], 4);
-  std::map<std::string, int> vortices;
-  for (const auto& [id, vortex] : *collections.vortices) {
-    ++vortices[*vortex->type];
-    const bool stepFree = vortex->type == "elevator" || vortex->type == "ramp";
-    EXPECT_EQ(vortex->accessible, stepFree) << id;
-  }
-  EXPECT_THAT(vortices, testing::UnorderedElementsAre(
-                            testing::Pair("elevator", 3), testing::Pair("escalator", 12),
-                            testing::Pair("stairs", 3), testing::Pair("ramp", 1)));
 }
 
 TEST(DemoVenuePackage, EveryReferenceNamesARecord) {
@@ -198,37 +170,6 @@ TEST(DemoVenuePackage, EveryPlaceIsReachedFromEveryOther) {
           if (!reached.contains(node.get()))
             ADD_FAILURE() << from << " to " << to << (accessible ? " without steps" : "");
     }
-  }
-}
-
-TEST(DemoVenuePackage, StairsAndEscalatorsShortenSomeWays) {
-  struct Case {
-    std::string from, to, type;
-  };
-  for (const auto& [from, to, type] : {Case{"brass-heron", "sundays-child", "stairs"},
-                                       Case{"star-deck", "tea-orrery", "escalator"},
-                                       Case{"lockers-b1", "information", "elevator"}}) {
-    std::map<bool, double> costs;
-    std::set<std::string> ridden;
-    for (const bool accessible : {true, false}) {
-      const CollectionDictionary collections = joined(accessible);
-      const auto& start = collections.locations->at(from);
-      const auto& destination = collections.locations->at(to);
-      const auto route =
-          searchRoute(start->nodes, destination->nodes, *collections.navigationGraph);
-      ASSERT_TRUE(route) << from << " to " << to;
-      costs[accessible] = route->cost;
-      if (accessible) continue;
-      for (std::size_t i = 0; i + 1 < route->path.size(); ++i)
-        for (const Edge& edge : (*collections.navigationGraph)[*route->path[i]])
-          if (edge.node() == route->path[i + 1] && edge.vortex())
-            ridden.insert(*edge.vortex()->type);
-    }
-    EXPECT_THAT(ridden, testing::ElementsAre(type)) << from << " to " << to;
-    if (type == "elevator")
-      EXPECT_EQ(costs[false], costs[true]) << from << " to " << to;
-    else
-      EXPECT_LT(costs[false], costs[true]) << from << " to " << to;
   }
 }
 

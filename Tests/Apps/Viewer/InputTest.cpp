@@ -14,17 +14,22 @@ namespace orivanta::viewer {
 
 namespace {
 
-// Covers everything and writes down when it is touched.
-class TouchTimes : public view::View {
+// Covers everything and writes down when and where it is touched.
+class TouchRecord : public view::View {
  public:
   void touchesBegan(std::span<const view::Touch> touches) override { note(touches); }
+  void touchesMoved(std::span<const view::Touch> touches) override { note(touches); }
   void touchesEnded(std::span<const view::Touch> touches) override { note(touches); }
 
   std::vector<double> times;
+  std::vector<graphics::Point> places;
 
  private:
   void note(std::span<const view::Touch> touches) {
-    for (const view::Touch& touch : touches) times.push_back(touch.time);
+    for (const view::Touch& touch : touches) {
+      times.push_back(touch.time);
+      places.push_back(touch.position);
+    }
   }
 };
 
@@ -43,6 +48,13 @@ class InputTest : public testing::Test {
     event.type = type;
     if (fill) fill(event);
     SDL_PushEvent(&event);
+  }
+
+  std::shared_ptr<TouchRecord> recordTouches() const {
+    auto touched = std::make_shared<TouchRecord>();
+    touched->setFrame(viewer.root()->bounds());
+    viewer.root()->addSubview(touched);
+    return touched;
   }
 
   static void press(SDL_Keycode code, SDL_Scancode place = SDL_SCANCODE_UNKNOWN) {
@@ -66,9 +78,7 @@ class InputTest : public testing::Test {
 }  // namespace
 
 TEST_F(InputTest, TellsTheTimeAtWhichSomethingCameInNotThatOfFallingAsleep) {
-  const auto touched = std::make_shared<TouchTimes>();
-  touched->setFrame(viewer.root()->bounds());
-  viewer.root()->addSubview(touched);
+  const auto touched = recordTouches();
   const auto clock = [] { return SDL_HasEvents(SDL_FIRSTEVENT, SDL_LASTEVENT) ? 0.0 : 10.0; };
   Input sleeper(viewer, *surface, clock);
   for (const Uint32 type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) {
@@ -80,6 +90,23 @@ TEST_F(InputTest, TellsTheTimeAtWhichSomethingCameInNotThatOfFallingAsleep) {
     sleeper.take(/*wait=*/true);
   }
   EXPECT_EQ(touched->times, (std::vector<double>{10, 10}));
+}
+
+TEST_F(InputTest, FingersTouchWhereTheyAreOnTheScreen) {
+  const auto touched = recordTouches();
+  for (const Uint32 type : {SDL_FINGERDOWN, SDL_FINGERMOTION, SDL_FINGERUP}) {
+    for (const int finger : {0, 1})
+      push(type, [&](SDL_Event& event) {
+        event.tfinger.touchId = 1;
+        event.tfinger.fingerId = finger;
+        event.tfinger.x = finger == 0 ? 0.25F : 0.75F;
+        event.tfinger.y = type == SDL_FINGERDOWN ? 0.5F : 0.125F;
+      });
+    input.take(/*wait=*/false);
+  }
+  EXPECT_EQ(touched->places,
+            (std::vector<graphics::Point>{
+                {100, 250}, {300, 250}, {100, 62.5}, {300, 62.5}, {100, 62.5}, {300, 62.5}}));
 }
 
 TEST_F(InputTest, TextComesInWhileTheSearchFieldIsOpenAndShortcutsWhileItIsNot) {

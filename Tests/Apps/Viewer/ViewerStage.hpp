@@ -59,10 +59,11 @@ class ViewerStage {
   }
 
   /// Until the map is there and the camera rests.
-  void untilShown() {
+  viewer::VenueView& untilShown() {
     until([this] {
       return viewer.venueView() && viewer.venueView()->camera().isReady() && !viewer.isMoving();
     });
+    return *viewer.venueView();
   }
 
   /// Until nothing glides.

@@ -33,8 +33,7 @@ TEST_F(ViewerTest, ATapOnAShopShowsItsCardAndATapBesideItPutsItAway) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
   EXPECT_GT(test::countPixels(*stage.picture(), theme::backdrop), 800'000) << "the veil";
   EXPECT_TRUE(stage.viewer.isMoving()) << "its wheel turns";
-  stage.untilShown();
-  VenueView& view = *stage.viewer.venueView();
+  VenueView& view = stage.untilShown();
   EXPECT_EQ(test::countPixels(*stage.picture(), theme::amber), 0);
   const auto kindling = stage.place("kindling");
   stage.tap(on(view, *kindling));
@@ -49,8 +48,7 @@ TEST_F(ViewerTest, ATapOnAShopShowsItsCardAndATapBesideItPutsItAway) {
 TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
   for (const graphics::Size size : {graphics::Size{1280, 800}, {390, 844}}) {
     test::ViewerStage stage(server->root(), "astrolabe-court", size);
-    stage.untilShown();
-    VenueView& view = *stage.viewer.venueView();
+    VenueView& view = stage.untilShown();
     EXPECT_EQ(view.mapView().currentMap()->shortName, "G");
     stage.tap(view.searchPanel().field());
     stage.type("dosa dinamo");
@@ -119,8 +117,7 @@ TEST_F(ViewerTest, StepsShowTheirPartOfTheRouteAndTheAttributionStays) {
   const server::VenueServer visits(options);
   for (const graphics::Size size : {graphics::Size{1280, 800}, {390, 844}}) {
     test::ViewerStage stage(visits.root(), "visits", size);
-    stage.untilShown();
-    VenueView& view = *stage.viewer.venueView();
+    VenueView& view = stage.untilShown();
     AttributionLine& line = view.attribution();
     EXPECT_EQ(line.text(), credit + " · CC0");
     const double closed = line.frame().size.height;
@@ -158,8 +155,7 @@ TEST_F(ViewerTest, StepsShowTheirPartOfTheRouteAndTheAttributionStays) {
 
 TEST_F(ViewerTest, ThePointerDragsZoomsAndTilts) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
-  stage.untilShown();
-  CameraControl& camera = stage.viewer.venueView()->camera();
+  CameraControl& camera = stage.untilShown().camera();
   Pointer& pointer = stage.viewer.pointer();
   stage.viewer.wheel({640, 400}, 3);
   stage.settle();
@@ -184,8 +180,7 @@ TEST_F(ViewerTest, ThePointerDragsZoomsAndTilts) {
 
 TEST_F(ViewerTest, ADoubleClickComesCloserToWhatIsUnderThePointer) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
-  stage.untilShown();
-  VenueView& view = *stage.viewer.venueView();
+  VenueView& view = stage.untilShown();
   const CameraPose start = view.camera().pose();
   const graphics::Point at = on(view, *stage.place("kindling"));
   const auto pointed = groundUnder(start, view.camera().lens(), at);

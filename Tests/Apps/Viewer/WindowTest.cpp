@@ -1,14 +1,11 @@
 // The real program on a screen without a screen, with a real pointer and real keys.
-#include <SDL.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <csignal>
 #include <filesystem>
-#include <thread>
 
-#include "Apps/Viewer/Window.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Tests/Apps/Command/Program.hpp"
 #include "Tests/Apps/Viewer/ViewerStage.hpp"
@@ -112,9 +109,6 @@ class WindowTest : public testing::Test {
 bool showsMap(const graphics::Image& image) {
   return countPixels(image, viewer::theme::backdrop) < 700'000;
 }
-bool showsMessage(const graphics::Image& image) {
-  return countPixels(image, viewer::theme::accent) > 2000 && !showsMap(image);
-}
 bool showsSelection(const graphics::Image& image) {
   return countPixels(image, {0.80F, 0.47F, 0.02F}) > 50;
 }
@@ -143,162 +137,6 @@ TEST_F(WindowTest, StartsSearchesIsResizedAndOutlivesItsServer) {
       *program, [](const auto& image) { return image.width() == 390 && image.height() == 844; }));
   program->endWith(SIGTERM);
   EXPECT_EQ(program->finish().exitCode, 0);
-}
-
-TEST_F(WindowTest, SaysThatTheServerIsAwayAndTriesAgain) {
-  auto server = serveDemo();
-  const std::string root = server->root();
-  const auto port = static_cast<std::uint16_t>(std::stoi(root.substr(root.rfind(':') + 1)));
-  server.reset();
-  const auto program = start(root);
-  const std::string window = hand("search --sync --onlyvisible --name 'Orivanta|Astrolabe'");
-  hand("windowfocus --sync " + window);
-  ASSERT_TRUE(shows(*program, showsMessage));
-  server = serveDemo(port);
-  hand("key Return");
-  EXPECT_TRUE(shows(*program, showsMap));
-}
-
-namespace {
-
-// Fingers that land, move in a straight line each, and leave.
-struct Gesture {
-  const char* name;
-  std::function<std::vector<std::pair<graphics::Point, graphics::Point>>()> ways;
-  std::function<bool(const viewer::CameraPose& before, const viewer::CameraPose& after)> works;
-};
-
-// Works through gestures, a moment of each for each turn of the window's loop.
-class Toucher {
- public:
-  Toucher(viewer::Viewer& viewer, graphics::Size size, std::vector<Gesture> gestures)
-      : viewer_(viewer), size_(size), gestures_(std::move(gestures)) {
-    next();
-  }
-
- private:
-  static constexpr int moves = 4;
-
-  void next() {
-    foundation::mainQueue::async([this] {
-      SDL_Event end{};
-      end.type = SDL_QUIT;
-      const bool isLate = std::chrono::steady_clock::now() > end_;
-      EXPECT_FALSE(isLate);
-      if (isLate || done_ == gestures_.size())
-        SDL_PushEvent(&end);
-      else
-        turn();
-    });
-  }
-
-  void turn() {
-    if (viewer_.venueView() && viewer_.venueView()->camera().isReady() && !viewer_.isMoving())
-      touch(gestures_[done_]);
-    next();
-  }
-
-  void touch(const Gesture& gesture) {
-    const viewer::CameraPose now = viewer_.venueView()->camera().pose();
-    if (moment_ == 0) {
-      before_ = now;
-      ways_ = gesture.ways();
-    }
-    if (moment_ > moves + 1) {
-      EXPECT_TRUE(gesture.works(before_, now)) << gesture.name;
-      moment_ = 0;
-      ++done_;
-      return;
-    }
-    // A tap must not take long, however slow the machine.
-    const bool isTap = ways_.front().first == ways_.front().second;
-    if (moment_ == 0) send(SDL_FINGERDOWN, 0);
-    if (moment_ > 0 && moment_ <= moves) send(SDL_FINGERMOTION, moment_ / double{moves});
-    if (isTap || moment_ > moves) send(SDL_FINGERUP, 1);
-    moment_ = isTap ? moves + 2 : moment_ + 1;
-  }
-
-  // All fingers, a share of their ways on.
-  void send(Uint32 type, double share) {
-    for (std::size_t i = 0; i < ways_.size(); ++i) {
-      const auto& [from, to] = ways_[i];
-      SDL_Event event{};
-      event.type = type;
-      event.tfinger.touchId = 1;
-      event.tfinger.fingerId = static_cast<SDL_FingerID>(i);
-      event.tfinger.x = static_cast<float>((from.x + (to.x - from.x) * share) / size_.width);
-      event.tfinger.y = static_cast<float>((from.y + (to.y - from.y) * share) / size_.height);
-      SDL_PushEvent(&event);
-    }
-  }
-
-  viewer::Viewer& viewer_;
-  graphics::Size size_;
-  std::vector<Gesture> gestures_;
-  std::size_t done_ = 0;
-  int moment_ = 0;
-  std::vector<std::pair<graphics::Point, graphics::Point>> ways_;  // of the fingers
-  viewer::CameraPose before_;
-  const std::chrono::steady_clock::time_point end_ = std::chrono::steady_clock::now() + patience;
-};
-
-}  // namespace
-
-TEST_F(WindowTest, FingersMoveTurnAndTiltTheMapAndTapIt) {
-  const EnvironmentVariable display("DISPLAY", screen.display());
-  const EnvironmentVariable caches("XDG_CACHE_HOME", folder.path().string());
-  const DiagnosticLines quiet;
-  const auto server = serveDemo();
-  const graphics::Size size{400, 500};
-  auto made = render::WindowSurface::make({"Fingers", size, 1});
-  ASSERT_TRUE(std::holds_alternative<std::unique_ptr<render::WindowSurface>>(made));
-  viewer::Viewer viewer({settingsFor(server->root()), "astrolabe-court"});
-  using Pose = viewer::CameraPose;
-  using Ways = std::vector<std::pair<graphics::Point, graphics::Point>>;
-  const auto kindling = [&] {
-    const auto& locations = *viewer.venueView()->venue()->locations;
-    return *std::find_if(locations.begin(), locations.end(),
-                         [](const auto& place) { return place->id == "kindling"; });
-  };
-  const Toucher toucher(
-      viewer, size,
-      {{"tap",
-        [&] {
-          MapView& map = viewer.venueView()->mapView();
-          const auto at = map.findPositionCameraViewport(map.findPosition3D(*kindling()));
-          return Ways{{at, at}};
-        },
-        [&](const Pose&, const Pose&) {
-          const bool works = viewer.venueView()->selected() == kindling();
-          viewer.keyPressed({viewer::Key::escape});
-          return works;
-        }},
-       {"pinch",
-        [] {
-          return Ways{{{140, 250}, {80, 250}}, {{240, 250}, {300, 250}}};
-        },
-        [](const Pose& old, const Pose& now) { return now.distance < old.distance * 0.8; }},
-       {"pan",
-        [] {
-          return Ways{{{150, 250}, {250, 310}}};
-        },
-        [](const Pose& old, const Pose& now) {
-          return now.x < old.x - 20 && now.y > old.y + 20 && now.turn == old.turn;
-        }},
-       {"rotation",
-        [] {
-          return Ways{{{90, 250}, {140, 163}}, {{290, 250}, {240, 337}}};
-        },
-        [](const Pose& old, const Pose& now) {
-          return std::abs(std::remainder(now.turn - old.turn, 6.2832)) > 0.5;
-        }},
-       {"tilt",
-        [] {
-          return Ways{{{140, 350}, {140, 250}}, {{240, 350}, {240, 250}}};
-        },
-        [](const Pose& old, const Pose& now) { return now.tilt > old.tilt + 0.1; }}});
-  viewer::Times times(/*isEnabled=*/false);
-  viewer::runWindow(viewer, *std::get<0>(made), times);
 }
 
 }  // namespace orivanta::test

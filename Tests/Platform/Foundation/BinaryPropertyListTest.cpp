@@ -1,16 +1,29 @@
 #include "Platform/Foundation/BinaryPropertyList.hpp"
 
 #include <gtest/gtest.h>
+#include <plist/plist.h>
 
-#include "Tests/Support/BinaryPropertyLists.hpp"
+#include <cstdlib>
+
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta::foundation {
 namespace {
 
-std::string binaryOf(const std::string& body) {
-  return test::binaryPropertyList("<plist>" + body + "</plist>");
+std::string binaryPropertyList(const std::string& xml) {
+  plist_t root = nullptr;
+  plist_from_xml(xml.data(), static_cast<std::uint32_t>(xml.size()), &root);
+  char* bytes = nullptr;
+  std::uint32_t length = 0;
+  plist_to_bin(root, &bytes, &length);
+  std::string binary(bytes, length);
+  plist_free(root);
+  std::free(bytes);
+  return binary;
 }
+
+std::string xmlOf(const std::string& body) { return "<plist>" + body + "</plist>"; }
+std::string binaryOf(const std::string& body) { return binaryPropertyList(xmlOf(body)); }
 
 TEST(BinaryPropertyList, TextsOfAnyLengthAndScriptAreRead) {
   const std::string longText(70'000, 'x');
@@ -67,6 +80,35 @@ TEST(BinaryPropertyList, ManyEntriesThatShareALongTextAreRefused) {
   const std::string reference = binary.substr(values + 1000 * std::size_t{2}, 2);
   for (std::size_t i = 0; i < 1000; ++i) binary.replace(values + 2 * i, 2, reference);
   EXPECT_FALSE(readBinaryPropertyList(binary));
+}
+
+TEST(PropertyList, XmlAndBinaryDictionariesGiveTheirTexts) {
+  const test::TemporaryFolder folder;
+  const std::string xml =
+      R"(<?xml version="1.0" encoding="UTF-8"?>)" +
+      xmlOf(
+          "<dict><key>text</key><string>wört</string><key>empty</key><string/><key>number</key>"
+          "<integer>7</integer><key>list</key><array><string>x</string></array></dict>");
+  for (const std::string& contents : {xml, binaryPropertyList(xml)}) {
+    const auto entries = readPropertyList(folder.write("a.plist", contents));
+    ASSERT_TRUE(entries);
+    EXPECT_EQ(entries->size(), 4U);
+    EXPECT_EQ(entries->at("text"), "wört");
+    EXPECT_EQ(entries->at("empty"), "");
+    EXPECT_FALSE(entries->at("number"));
+    EXPECT_FALSE(entries->at("list"));
+  }
+}
+
+TEST(PropertyList, AnythingElseIsNone) {
+  const test::TemporaryFolder folder;
+  const std::string binary = binaryPropertyList(xmlOf("<dict><key>a</key><true/></dict>"));
+  for (const std::string& contents : {std::string(), std::string("no list"), xmlOf("<array/>"),
+                                      xmlOf(""), std::string("<plist><dict><key>a</key>"),
+                                      binary.substr(0, binary.size() / 2), std::string("bplist00")})
+    EXPECT_FALSE(readPropertyList(folder.write("a.plist", contents))) << contents;
+  EXPECT_FALSE(readPropertyList(folder.path() / "missing.plist"));
+  EXPECT_FALSE(readPropertyList(folder.path()));
 }
 
 TEST(PropertyList, DeepNestingAndNulBytesAreRefused) {

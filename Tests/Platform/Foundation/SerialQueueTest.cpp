@@ -44,18 +44,6 @@ TEST(SerialQueue, RunsTheTasksOfEachProducerInOrderAndNeverTwoAtOnce) {
   }
 }
 
-TEST(SerialQueue, QueuesDoNotWaitForOneAnother) {
-  std::vector<std::shared_ptr<SerialQueue>> blocked(50);
-  const auto latch = std::make_shared<Latch>();
-  for (auto& queue : blocked) {
-    queue = SerialQueue::make();
-    queue->async([latch] { EXPECT_TRUE(latch->wait()); });
-  }
-  drain(*SerialQueue::make());
-  latch->open();
-  for (const auto& queue : blocked) drain(*queue);
-}
-
 TEST(SerialQueue, ATaskAddedByATaskComesBehindThoseWaiting) {
   const auto queue = SerialQueue::make();
   std::vector<int> order;

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 namespace orivanta::foundation {
 namespace {
 
@@ -74,18 +72,6 @@ TEST(Url, NamesFiles) {
     EXPECT_FALSE(Url::parse(other)->filePath()) << other;
 }
 
-TEST(Url, NamesItsComponents) {
-  const Url url = *Url::parse("https://user@host.example:44/a/b%20c/?q=1&r#f");
-  EXPECT_TRUE(url.isAbsolute());
-  EXPECT_EQ(url.scheme(), "https");
-  EXPECT_EQ(url.host(), "host.example");
-  EXPECT_EQ(url.path(), "/a/b%20c/");
-  EXPECT_EQ(url.query(), "q=1&r");
-  EXPECT_FALSE(Url::parse("a/b")->isAbsolute());
-  EXPECT_EQ(Url::parse("a/b")->path(), "a/b");
-  EXPECT_EQ(Url::parse("/a")->path(), "/a");
-}
-
 TEST(Url, PartsWithItsCredentials) {
   using Credentials = std::optional<std::pair<std::string, std::string>>;
   struct Case {
@@ -102,16 +88,6 @@ TEST(Url, PartsWithItsCredentials) {
     EXPECT_EQ(url.credentials(), credentials) << text;
     EXPECT_EQ(url.withoutCredentials().absoluteString(), without);
   }
-}
-
-TEST(Url, QueryItemsAreEncodedAndReplaceTheQuery) {
-  const Url url = *Url::parse("http://h/1/node?old=1");
-  const std::vector<std::pair<std::string, std::string>> items{
-      {"venue", "a b&c=d+e#%"}, {"perspective", "well-known:3D"}, {"name", "駅"}};
-  EXPECT_EQ(url.withQueryItems(items).absoluteString(),
-            "http://h/1/node?venue=a%20b%26c%3Dd%2Be%23%25&perspective=well-known:3D"
-            "&name=%E9%A7%85");
-  EXPECT_EQ(url.withQueryItems({}).absoluteString(), "http://h/1/node");
 }
 
 }  // namespace

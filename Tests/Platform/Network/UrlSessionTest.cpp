@@ -140,15 +140,6 @@ TEST(UrlSession, RefusesABodyThatInflatesBeyondTheLimit) {
   EXPECT_EQ(recorded.get(server.root("/large")).body.size(), 32U << 20U);
 }
 
-TEST(UrlSession, EndsATransferBelowTheLowestRate) {
-  MisbehavingServer server;
-  server.on("/a", Answer::json(std::string(10'000, ' ')).trickled());
-  Recorded recorded(strictRules({1'000'000, std::chrono::seconds(1)}));
-  const auto error = recorded.get(server.root("/a")).error;
-  ASSERT_TRUE(error);
-  EXPECT_EQ(error->code, 28);
-}
-
 TEST(UrlSession, LeavesHttpsOnlyIfItsRulesLetIt) {
   const test::TemporaryFolder folder;
   const auto certificate = folder.path() / "certificate.pem";

@@ -1,14 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cmath>
 #include <glm/ext/matrix_transform.hpp>
 #include <glm/gtc/constants.hpp>
-#include <thread>
 
-#include "Platform/Graphics/Transaction.hpp"
-#include "Platform/Scene/KeyframeAnimation.hpp"
-#include "Platform/Sprite/Node.hpp"
 #include "Tests/Platform/Render/Studio.hpp"
 #include "Tests/Support/GoldenPicture.hpp"
 #include "Tests/Support/SyntheticFloor.hpp"
@@ -189,23 +184,6 @@ TEST(SceneDrawing, ImagesArePlacedWrappedAndBlended) {
   EXPECT_TRUE(isNear(pixelOf(*picture, 60, 18), {0, 255, 0, 255}));
 }
 
-TEST(SceneDrawing, AnimatedPlacementsFollowTheTime) {
-  Studio studio(16, 16);
-  const auto material = scene::Material::make();
-  material->setDiffuse({makeQuarters(), glm::scale(graphics::Matrix4(1.0F), Vector3(0, 0, 1)),
-                        scene::WrapMode::clamp, scene::WrapMode::clamp});
-  auto animation = std::make_shared<scene::KeyframeAnimation>();
-  animation->keyPath = "diffuse.contentsTransform";
-  const auto still = glm::scale(graphics::Matrix4(1.0F), Vector3(0, 0, 1));
-  animation->values = {still, glm::translate(graphics::Matrix4(1.0F), Vector3(1, 1, 0)) * still};
-  animation->keyTimes = {0, 1};
-  animation->duration = 10;
-  material->addAnimation(animation, "moves");
-  studio.add(makeSlab(40, 40), material);
-  EXPECT_TRUE(isNear(pixelOf(*studio.draw(1.0), 8, 8), {0, 0, 255, 255}));
-  EXPECT_TRUE(isNear(pixelOf(*studio.draw(10.99), 8, 8), {0, 255, 0, 255}, 8));
-}
-
 TEST(SceneDrawing, WithoutACameraOnlyTheBackgroundShows) {
   Studio studio(16, 16);
   studio.add(makeSlab(40, 40), scene::Material::make(graphics::colors::red));
@@ -223,32 +201,6 @@ TEST(SceneDrawing, WhatIsOutOfSightIsNotDrawn) {
   studio.eye->setPosition({50, 0, 100});
   studio.draw();
   EXPECT_EQ(studio.statistics().triangles, triangles - 12);
-}
-
-TEST(SceneDrawing, ChangesOfOtherThreadsShowSoonerOrLater) {
-  Studio studio(32, 32);
-  const auto overlay = sprite::Scene::make({32, 32});
-  studio.view->setOverlayScene(overlay);
-  std::atomic<bool> done{false};
-  std::thread other([&] {
-    const auto image = makeQuarters();
-    while (!done) {
-      const auto material = scene::Material::make(graphics::colors::red);
-      const auto node = studio.add(makeSlab(10, 10), material);
-      const auto marker = sprite::SpriteNode::make(image);
-      overlay->addChild(marker);
-      marker->setPosition({3, 4});
-      node->setPosition({1, 2, 3});
-      material->setDiffuseContents(image);
-      const graphics::Transaction together;
-      node->removeFromParent();
-      marker->removeFromParent();
-    }
-  });
-  for (int frame = 0; frame < 50; ++frame) studio.draw(frame);
-  done = true;
-  other.join();
-  EXPECT_TRUE(isNear(pixelOf(*studio.draw(), 16, 16), {255, 255, 255, 255}));
 }
 
 }  // namespace

@@ -48,25 +48,6 @@ class BatchTest : public testing::Test {
   const std::shared_ptr<Node> second_ = Node::make(makePair());
 };
 
-TEST_F(BatchTest, MergesEachElementOfEachChildAsAPart) {
-  const auto batch = Batch::make(*parent_);
-  ASSERT_TRUE(batch);
-  const std::vector<std::uint32_t> indices(batch->indices().begin(), batch->indices().end());
-  EXPECT_EQ(indices, (std::vector<std::uint32_t>{0, 1, 2, 3, 4, 5, 3, 5, 4, 6, 7, 8}));
-  ASSERT_EQ(batch->parts().size(), 3U);
-  const auto& parts = batch->parts();
-  EXPECT_EQ(parts[0].node, first_);
-  EXPECT_EQ(parts[1].node, second_);
-  EXPECT_EQ(parts[2].geometry, second_->geometry());
-  EXPECT_EQ(parts[2].element, 1U);
-  EXPECT_EQ(parts[2].firstIndex, 9U);
-  EXPECT_EQ(parts[1].indexCount, 6U);
-  EXPECT_EQ(parts[0].box, (graphics::Box{{0, 0, 5}, {1, 1, 5}}));
-  EXPECT_TRUE(areNear(parts[2].box.min, {8, 2, 0}));
-  EXPECT_TRUE(areNear(parts[2].box.max, {10, 4, 0}));
-  EXPECT_TRUE(areNear(batch->boundingBox().max, {10, 4, 5}));
-}
-
 TEST_F(BatchTest, VerticesStandInTheParentsSpace) {
   const auto batch = Batch::make(*parent_);
   ASSERT_EQ(batch->vertices().size(), 9U);
@@ -83,11 +64,6 @@ TEST_F(BatchTest, VerticesStandInTheParentsSpace) {
   EXPECT_EQ(turned.textureCoordinate[1], 1);
   for (const auto& [vertex, part] : {std::pair(2, 0U), {3, 1U}, {5, 1U}, {6, 2U}, {8, 2U}})
     EXPECT_EQ(batch->vertices()[static_cast<std::size_t>(vertex)].part, part) << vertex;
-}
-
-TEST_F(BatchTest, NeedsTwoChildrenWithGeometry) {
-  first_->removeFromParent();
-  EXPECT_EQ(Batch::make(*parent_), nullptr);
 }
 
 TEST_F(BatchTest, MatchesUntilAMergedChildChanges) {

@@ -51,15 +51,6 @@ TEST(Geometry, ItsBoxHoldsOnlyVerticesThatAreReferredTo) {
   EXPECT_EQ(geometry->source(Semantic::normal), nullptr);
 }
 
-TEST(Geometry, SplitsVerticesOf32Bytes) {
-  const auto vertices = bytesOf<float>({0, 0, 0, 0, 0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8});
-  const auto geometry = Geometry::make(vertices, {});
-  EXPECT_EQ(geometry->source(Semantic::vertex)->vector(1), Vector3(1, 2, 3));
-  EXPECT_EQ(geometry->source(Semantic::normal)->vector(1), Vector3(4, 5, 6));
-  EXPECT_EQ(geometry->source(Semantic::textureCoordinate)->vector(1), Vector3(7, 8, 0));
-  EXPECT_EQ(geometry->source(Semantic::vertex)->vectorCount, 2U);
-}
-
 TEST(GeometryDeathTest, NothingIsReadOutOfBounds) {
   const auto data = bytesOf<float>({1, 2, 3, 4, 5});
   const struct {

@@ -72,18 +72,10 @@ TEST(Layers, EachPartLiesOverThoseBeforeItInTheSamePlane) {
   };
   const Plane planes[] = {
       [](Vector3 p) { return p; },
-      [](Vector3 p) {
-        return Vector3{p.z - 700, p.x, p.y};
-      },
-      [](Vector3 p) {
-        return Vector3{p.x, p.z, p.y};
-      },
-      [](Vector3 p) {
-        return Vector3{p.x * 0.8F, p.y, p.x * 0.6F + p.z};
-      },
-      [](Vector3 p) {
-        return Vector3{p.x * 0.28F + p.z, p.x * 0.96F, p.y + 11};
-      },
+      [](Vector3 p) { return Vector3(p.z - 700, p.x, p.y); },
+      [](Vector3 p) { return Vector3(p.x, p.z, p.y); },
+      [](Vector3 p) { return Vector3(p.x * 0.8F, p.y, p.x * 0.6F + p.z); },
+      [](Vector3 p) { return Vector3(p.x * 0.28F + p.z, p.x * 0.96F, p.y + 11); },
   };
   for (const auto& [what, parts, expected] : cases)
     for (const Plane& plane : planes)

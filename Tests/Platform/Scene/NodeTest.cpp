@@ -46,16 +46,6 @@ TEST(Node, TurnsAboutXThenYThenZAndMovesThen) {
   EXPECT_TRUE(areNear(inWorld(*child, {0, 0, 1}), {10, 24, 30}));
 }
 
-TEST(Node, SettersOfOneComponentKeepTheOthers) {
-  const auto node = Node::make();
-  node->setPosition({1, 2, 3});
-  node->setEulerAngles({4, 5, 6});
-  node->setPosition(Axis::y, 7);
-  node->setEulerAngle(Axis::z, 8);
-  EXPECT_EQ(node->position(), Vector3(1, 7, 3));
-  EXPECT_EQ(node->eulerAngles(), Vector3(4, 5, 8));
-}
-
 TEST(Node, MovesBetweenParentsAndPlaces) {
   const auto parent = Node::make();
   const auto other = Node::make();

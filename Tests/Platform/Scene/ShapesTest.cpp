@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <glm/geometric.hpp>
-#include <glm/gtc/constants.hpp>
 
 #include "Tests/Support/Vectors.hpp"
 
@@ -59,20 +58,6 @@ TEST(Shapes, AnExtrusionIsClosedWhicheverWayItsOutlineRuns) {
     expectNormalsOfLength1ToAgreeWithTheWinding(*geometry);
   }
   EXPECT_TRUE(makeExtrusion(std::vector<Point>{{0, 0}, {1, 1}}, 1)->boundingBox().isEmpty());
-}
-
-TEST(Shapes, TextureCoordinatesOfAFaceSpanItsOutline) {
-  const auto geometry = makeExtrusion(std::vector<Point>{{0, 3}, {8, 3}, {8, -3}, {0, -3}}, 0.1);
-  const auto& positions = *geometry->source(Semantic::vertex);
-  int faceCorners = 0;
-  for (std::size_t i = 0; i < positions.vectorCount; ++i) {
-    if (geometry->source(Semantic::normal)->vector(i).z == 0) continue;
-    ++faceCorners;
-    const Vector3 position = positions.vector(i);
-    EXPECT_TRUE(areNear(geometry->source(Semantic::textureCoordinate)->vector(i),
-                        {position.x / 8, (position.y + 3) / 6, 0}));
-  }
-  EXPECT_EQ(faceCorners, 8);
 }
 
 TEST(Shapes, ACylinderIsClosedAndSmooth) {

@@ -25,13 +25,14 @@ struct Shape {
     }
   }
 
-  void face(const std::vector<Vector3>& corners) {
+  Shape& face(const std::vector<Vector3>& corners) {
     for (std::size_t i = 2; i < corners.size(); ++i)
       triangle(corners[0], corners[i - 1], corners[i]);
+    return *this;
   }
 
   // Walls of height 2 upon an outline that runs counter-clockwise, then the ceiling.
-  void room(const std::vector<Vector3>& outline) {
+  Shape& room(const std::vector<Vector3>& outline) {
     const Vector3 up(0, 0, 2);
     std::vector<Vector3> ceiling;
     for (std::size_t i = 0; i < outline.size(); ++i) {
@@ -39,7 +40,7 @@ struct Shape {
       face({outline[i], next, next + up, outline[i] + up});
       ceiling.push_back(outline[i] + up);
     }
-    face(ceiling);
+    return face(ceiling);
   }
 
   void turnInsideOut(std::size_t firstIndex) {
@@ -54,7 +55,10 @@ const std::vector<Vector3> square{{0, 0, 0}, {4, 0, 0}, {4, 4, 0}, {0, 4, 0}};
 const std::vector<Vector3> farther{{8, 0, 1}, {9, 0, 1}, {9, 9, 1}};
 const std::vector<Vector3> touching{{4, 4, 0}, {5, 4, 0}, {5, 5, 0}, {4, 5, 0}};
 const std::vector<Vector3> down{{0, 4, 0}, {4, 4, 0}, {4, 0, 0}, {0, 0, 0}};
+const std::vector<Vector3> downBeside{{4, 4, 0}, {4, 8, 0}, {8, 8, 0}, {8, 4, 0}};
 const std::vector<Vector3> crossing{{0, 0, 0}, {4, 4, 0}, {4, 0, 0}, {0, 3, 0}};
+constexpr std::size_t indicesOfRoom = 30;  // upon a square: four walls and the ceiling
+constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
 
 TEST(Shell, IsWhatNobodyAboveSeesFromBehind) {
   const struct {
@@ -63,54 +67,28 @@ TEST(Shell, IsWhatNobodyAboveSeesFromBehind) {
     std::function<void(Shape&)> build;
   } cases[] = {
       {"a room without its floor", true, [](Shape& shape) { shape.room(square); }},
-      {"a whole box", true,
-       [](Shape& shape) {
-         shape.room(square);
-         shape.face(down);
-       }},
+      {"a whole box", true, [](Shape& shape) { shape.room(square).face(down); }},
       {"two rooms on different heights", true,
-       [](Shape& shape) {
-         shape.room(square);
-         shape.room(farther);
-       }},
+       [](Shape& shape) { shape.room(square).room(farther); }},
       {"a sheet that faces up", true, [](Shape& shape) { shape.face(square); }},
       {"a sheet that faces down", false, [](Shape& shape) { shape.face(down); }},
-      {"three walls", false,
-       [](Shape& shape) {
-         shape.room(square);
-         shape.indices.resize(18);
-       }},
-      {"a room inside out", false,
-       [](Shape& shape) {
-         shape.room(square);
-         shape.turnInsideOut(0);
-       }},
+      {"three walls", false, [](Shape& shape) { shape.room(square).indices.resize(18); }},
+      {"a room inside out", false, [](Shape& shape) { shape.room(square).turnInsideOut(0); }},
       {"one of two rooms inside out", false,
-       [](Shape& shape) {
-         shape.room(square);
-         const std::size_t first = shape.indices.size();
-         shape.room(farther);
-         shape.turnInsideOut(first);
-       }},
+       [](Shape& shape) { shape.room(square).room(farther).turnInsideOut(indicesOfRoom); }},
       {"a low room inside out that touches another", false,
        [](Shape& shape) {
          shape.room(square);
          const std::size_t first = shape.vertices.size();
-         const std::size_t firstIndex = shape.indices.size();
-         shape.room(touching);
-         shape.turnInsideOut(firstIndex);
+         shape.room(touching).turnInsideOut(indicesOfRoom);
          for (std::size_t i = first; i < shape.vertices.size(); ++i)
            shape.vertices[i].position[2] /= 2;
        }},
       {"a sheet that faces down beside a room without its floor", false,
-       [](Shape& shape) {
-         shape.room(square);
-         shape.face({{4, 4, 0}, {4, 8, 0}, {8, 8, 0}, {8, 4, 0}});
-       }},
+       [](Shape& shape) { shape.room(square).face(downBeside); }},
       {"a box that widens upwards", false,
        [](Shape& shape) {
-         shape.room(square);
-         shape.face(down);
+         shape.room(square).face(down);
          for (Batch::Vertex& vertex : shape.vertices)
            if (vertex.position[2] > 0)
              for (int axis : {0, 1}) vertex.position[axis] = 1.05F * vertex.position[axis] - 0.1F;
@@ -127,15 +105,9 @@ TEST(Shell, IsWhatNobodyAboveSeesFromBehind) {
          for (float& component : shape.vertices[5].normal) component = 0;
        }},
       {"a normal that points elsewhere", false,
-       [](Shape& shape) {
-         shape.room(square);
-         shape.vertices[5].normal[2] = 1;
-       }},
+       [](Shape& shape) { shape.room(square).vertices[5].normal[2] = 1; }},
       {"a corner that is nowhere", false,
-       [](Shape& shape) {
-         shape.room(square);
-         shape.vertices[5].position[0] = std::numeric_limits<float>::quiet_NaN();
-       }},
+       [](Shape& shape) { shape.room(square).vertices[5].position[0] = notANumber; }},
       {"nothing", false, [](Shape&) {}},
   };
   for (const auto& [name, expected, build] : cases) {

@@ -57,15 +57,6 @@ TEST(SpriteScene, FindsTheForemostNode) {
   EXPECT_EQ(scene->nodeAt({50, 50}), scene);
 }
 
-TEST(SpriteScene, IsStretchedOverItsView) {
-  const auto scene = Scene::make({100, 200});
-  const Size view{400, 400};
-  EXPECT_EQ(scene->convertToView({0, 0}, view), (Point{0, 400}));
-  EXPECT_EQ(scene->convertToView({25, 150}, view), (Point{100, 100}));
-  EXPECT_EQ(scene->convertFromView({100, 100}, view), (Point{25, 150}));
-  EXPECT_EQ(scene->frame(), (Rect{{0, 0}, {100, 200}}));
-}
-
 TEST(SpriteNode, OwnsItsChildrenAndNotItsParent) {
   auto parent = Node::make();
   const auto other = Node::make();

@@ -31,99 +31,42 @@ struct Stage {
     one->minimumNumberOfTouches = one->maximumNumberOfTouches = 1;
     root->addSubview(map);
   }
-
-  // Fingers 1 and 2 side by side, 200 points apart.
-  void putTwo() {
-    fingers.down(1, {100, 200}, 0);
-    fingers.down(2, {300, 200}, 0);
-  }
 };
 
 TEST(TouchDispatcher, LetsOneGestureRunAtATime) {
   struct Case {
     const char* what;
-    void (*play)(Stage& stage);
+    std::string played;
     const char* expected;
   };
+  const std::string two = "down 0 1 100 200 2 300 200; ";  // side by side
   const Case cases[] = {
-      {"a drag",
-       [](Stage& s) {
-         s.fingers.down(1, {100, 200}, 0);
-         s.fingers.move(1, {150, 200}, 0);
-         s.fingers.move(1, {100, 200}, 0);
-         s.fingers.up(1, 0.1);
-       },
+      {"a drag", "down 0 1 100 200; move 0 1 150 200; move 0 1 100 200; up 0.1 1",
        "one began, one changed, one ended"},
-      {"a tap",
-       [](Stage& s) {
-         s.fingers.tap(1, {100, 200}, 0);
-       },
-       "tap ended"},
+      {"a tap", "tap 0 1 100 200", "tap ended"},
       {"two fingers side by side",
-       [](Stage& s) {
-         s.putTwo();
-         s.fingers.move({{1, {100, 240}}, {2, {300, 240}}}, 1);
-         s.fingers.move({{1, {0, 240}}, {2, {300, 140}}}, 2);
-         s.fingers.up(1, 3);
-         s.fingers.up(2, 3);
-       },
+       two + "move 1 1 100 240 2 300 240; move 2 1 0 240 2 300 140; up 3 1 2",
        "two began, two changed, two ended"},
       {"a pinch that goes on as a turn",
-       [](Stage& s) {
-         s.putTwo();
-         s.fingers.move({{1, {90, 200}}, {2, {310, 200}}}, 1);
-         s.fingers.move({{1, {200, 100}}, {2, {200, 300}}}, 2);
-         s.fingers.dispatcher().cancelAll(3);
-       },
+       two + "move 1 1 90 200 2 310 200; move 2 1 200 100 2 200 300; cancelAll 3",
        "pinch began, pinch changed, pinch cancelled"},
       {"one finger becomes two and one again",
-       [](Stage& s) {
-         s.fingers.down(1, {100, 200}, 0);
-         s.fingers.move(1, {100, 220}, 0);
-         s.fingers.move(1, {100, 230}, 0);
-         s.fingers.down(2, {300, 200}, 1);
-         s.fingers.move({{1, {100, 250}}, {2, {300, 220}}}, 1);
-         s.fingers.move({{1, {100, 260}}, {2, {300, 230}}}, 1);
-         s.fingers.up(2, 2);
-         s.fingers.move(1, {110, 260}, 2);
-         s.fingers.up(1, 3);
-       },
+       "down 0 1 100 200; move 0 1 100 220; move 0 1 100 230; down 1 2 300 200;"
+       "move 1 1 100 250 2 300 220; move 1 1 100 260 2 300 230; up 2 2; move 2 1 110 260; up 3 1",
        "one began, one changed, one ended, two began, two changed, two ended, one began, one "
        "ended"},
       {"one finger becomes a pinch, and the pinch a drag",
-       [](Stage& s) {
-         s.fingers.down(1, {100, 200}, 0);
-         s.fingers.move(1, {100, 220}, 0);
-         s.fingers.down(2, {300, 220}, 1);
-         s.fingers.move({{1, {90, 220}}, {2, {310, 220}}}, 1);
-         s.fingers.up(1, 2);
-         s.fingers.move(2, {310, 240}, 2);
-         s.fingers.up(2, 2);
-       },
+       "down 0 1 100 200; move 0 1 100 220; down 1 2 300 220; move 1 1 90 220 2 310 220; up 2 1;"
+       "move 2 2 310 240; up 2 2",
        "one began, one ended, pinch began, pinch ended, one began, one ended"},
   };
   for (const Case& each : cases) {
     Stage stage;
-    each.play(stage);
+    stage.fingers.play(each.played);
     EXPECT_EQ(stage.log.take(), each.expected) << each.what;
     stage.fingers.tap(9, {100, 200}, 10);
     EXPECT_EQ(stage.log.take(), "tap ended") << "afterwards all is as before: " << each.what;
   }
-}
-
-TEST(TouchDispatcher, LetsThoseRunTogetherThatAViewAboveAllows) {
-  Stage stage;
-  stage.root->allowSimultaneous([&](const GestureRecognizer& a, const GestureRecognizer& b) {
-    return &a == stage.turn.get() && &b == stage.pinch.get();
-  });
-  stage.putTwo();
-  stage.fingers.move({{1, {90, 200}}, {2, {310, 200}}}, 1);
-  stage.fingers.move({{1, {200, 100}}, {2, {200, 320}}}, 2);
-  EXPECT_TRUE(stage.pinch->isRunning());
-  EXPECT_TRUE(stage.turn->isRunning());
-  EXPECT_EQ(stage.two->state(), GestureState::failed);
-  stage.fingers.up(1, 3);
-  EXPECT_EQ(stage.log.take(), "pinch began, pinch changed, turn began, pinch ended, turn ended");
 }
 
 TEST(TouchDispatcher, PassesOverWhatMakesNoSense) {
@@ -216,29 +159,6 @@ TEST(TouchDispatcher, TakesTouchesAndChangesFromActions) {
   stage.fingers.move(1, {100, 250}, 0);
   EXPECT_EQ(stage.log.take(), "one began, one cancelled");
   EXPECT_EQ(stage.pinch->view(), nullptr);
-}
-
-TEST(TouchDispatcher, TellsTheViewAsWell) {
-  struct Told : View {
-    using View::View;
-    void touchesBegan(std::span<const Touch> touches) override { tell("down", touches); }
-    void touchesMoved(std::span<const Touch> touches) override { tell("move", touches); }
-    void touchesEnded(std::span<const Touch> touches) override { tell("up", touches); }
-    void tell(const char* what, std::span<const Touch> touches) {
-      for (const Touch& touch : touches) told.append(what).append(std::to_string(touch.identifier));
-    }
-    std::string told;
-  };
-  const auto root = std::make_shared<Told>(graphics::Rect{{}, {400, 400}});
-  const auto below = std::make_shared<View>(graphics::Rect{{}, {100, 100}});
-  root->addSubview(below);
-  test::Fingers fingers(root);
-  fingers.down(1, {50, 50}, 0);
-  fingers.down(2, {350, 350}, 0);
-  fingers.move({{1, {60, 60}}, {2, {360, 360}}}, 0);
-  fingers.up(1, 0);
-  fingers.cancel(2, 0);
-  EXPECT_EQ(root->told, "down1down2move1move2up1up2");
 }
 
 }  // namespace

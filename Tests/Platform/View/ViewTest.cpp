@@ -4,7 +4,6 @@
 
 #include "Platform/View/ActivityIndicatorView.hpp"
 #include "Platform/View/Canvas.hpp"
-#include "Platform/View/ImageView.hpp"
 #include "Platform/View/PanGestureRecognizer.hpp"
 
 namespace orivanta::view {
@@ -154,19 +153,6 @@ TEST(ActivityIndicatorView, TurnsInStepsOverItsBackgroundWhileAnimating) {
   EXPECT_EQ(canvas.picture, before) << "made once";
   wheel->setHidden(true);
   EXPECT_FALSE(parent->isAnimating());
-}
-
-TEST(ImageView, StretchesItsPictureOverItsBounds) {
-  const ImageView sized(graphics::Image::make(2, 4, std::vector<std::uint8_t>(32), 2.0));
-  EXPECT_EQ(sized.frame(), (Rect{{}, {1, 2}}));
-  ImageView view;
-  RecordingCanvas canvas;
-  view.draw(canvas);
-  EXPECT_TRUE(canvas.pictures.empty());
-  view.setImage(sized.image());
-  view.setFrame({{5, 5}, {30, 20}});
-  view.draw(canvas);
-  EXPECT_EQ(canvas.pictures, (std::vector{Rect{{}, {30, 20}}}));
 }
 
 }  // namespace

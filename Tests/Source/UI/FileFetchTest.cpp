@@ -145,16 +145,5 @@ TEST_F(FileFetchTest, TellsWhyAFileCannotBeKept) {
               testing::EndsWith("a.png: Is a directory"));
 }
 
-TEST_F(FileFetchTest, EndsItsRequestWhenCancelled) {
-  const auto never = std::make_shared<Latch>();
-  const auto threadEnded = std::make_shared<Latch>();
-  server.on("/a.png", Answer::html("late").held(never));
-  auto fetch = start("/a.png", [held = opensWhenGone(threadEnded)](auto, const auto&) {});
-  ASSERT_TRUE(server.waitForRequests("/a.png", 1));
-  fetch->cancel();
-  fetch.reset();
-  EXPECT_TRUE(threadEnded->wait());
-}
-
 }  // namespace
 }  // namespace orivanta::test

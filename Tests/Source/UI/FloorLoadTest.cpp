@@ -154,15 +154,21 @@ TEST_F(FloorLoadTest, ShowsAnotherFloorWhenTheWantedOneCannotBe) {
   EXPECT_THAT(shown.delegate->calls, ElementsAre("loaded", "loaded"));
 }
 
-TEST_F(FloorLoadTest, TellsWhyAFloorCannotBeShown) {
-  const TemporaryFolder folder;
-  const EnvironmentVariable caches("XDG_CACHE_HOME", folder.path() / "caches");
-  const auto secret = folder.write("secret.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
+// Fetches the files of floors from a server.
+class ServedFloorLoad : public FloorLoadTest {
+ protected:
+  ServedFloorLoad() { shown.mapView->downloader = std::make_shared<HttpDownloader>(); }
+
+  const TemporaryFolder caches;
+  const EnvironmentVariable variable{"XDG_CACHE_HOME", caches.path()};
   MisbehavingServer server;
+};
+
+TEST_F(ServedFloorLoad, TellsWhyAFloorCannotBeShown) {
+  const auto secret = caches.write("secret.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
   server.on("/page.obj", Answer::html(" \n<html>no such page"));
   server.on("/text.obj", Answer::html("404"));
   server.on("/good.obj", Answer::html("v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n"));
-  shown.mapView->downloader = std::make_shared<HttpDownloader>();
   struct Case {
     std::string scene;
     FloorState state;
@@ -196,10 +202,7 @@ TEST_F(FloorLoadTest, TellsWhyAFloorCannotBeShown) {
   }
 }
 
-TEST_F(FloorLoadTest, MakesPicturesSmallerThatAreTooLargeTogether) {
-  const TemporaryFolder caches;
-  const EnvironmentVariable variable("XDG_CACHE_HOME", caches.path());
-  MisbehavingServer server;
+TEST_F(ServedFloorLoad, MakesPicturesSmallerThatAreTooLargeTogether) {
   const auto png = graphics::encodePng(
       *graphics::Image::make(1200, 1000, std::vector<std::uint8_t>(4'800'000, 255)));
   server.on("/a.png", Answer::html({png.begin(), png.end()}));
@@ -211,7 +214,6 @@ TEST_F(FloorLoadTest, MakesPicturesSmallerThatAreTooLargeTogether) {
         mapOf(fmt::format("{}", i), fmt::format(R"({{"obj": "{0}.obj", "mtl": "{0}.mtl",
                                               "images": [{{"url": "{0}.png"}}]}})",
                                                 server.root("/a"))));
-  shown.mapView->downloader = std::make_shared<HttpDownloader>();
   const auto pictureOf = [&](std::size_t floor) {
     const auto shape = shown.floor(floor)->mapObject->children().front();
     return std::get<1>(shape->geometry()->firstMaterial()->diffuse().contents);
@@ -242,10 +244,7 @@ TEST_F(FloorLoadTest, EndsWithoutFloors) {
   EXPECT_TRUE(shown.delegate->calls.empty());
 }
 
-TEST_F(FloorLoadTest, KeepsFilesApartAndFetchesSharedOnesOnce) {
-  const TemporaryFolder caches;
-  const EnvironmentVariable variable("XDG_CACHE_HOME", caches.path());
-  MisbehavingServer server;
+TEST_F(ServedFloorLoad, KeepsFilesApartAndFetchesSharedOnesOnce) {
   const std::string triangle = "v 0 0 0\nv 1 0 0\nv 0 1 0\n";
   server.on("/a/floor.obj", Answer::html(triangle + "usemtl a\nf 1 2 3\n"));
   server.on("/b/floor.obj",
@@ -259,7 +258,6 @@ TEST_F(FloorLoadTest, KeepsFilesApartAndFetchesSharedOnesOnce) {
   *shown.venue->maps = {mapOf("1", scene("/a/floor.obj")),
                         mapOf("2", fmt::format(R"({{"obj": "{}"}})", server.root("/b/floor.obj"))),
                         mapOf("3", scene("/c.obj"))};
-  shown.mapView->downloader = std::make_shared<HttpDownloader>();
 
   std::vector<FloorState> states;
   for (const FloorProgress& floor : load(shown.floor(2))) states.push_back(floor.state);
@@ -276,12 +274,9 @@ TEST_F(FloorLoadTest, KeepsFilesApartAndFetchesSharedOnesOnce) {
     EXPECT_EQ(server.requests(path).size(), 2U) << "once for each load";
 }
 
-TEST_F(FloorLoadTest, TellsServersWithAVenueOfTheSameNameApartAndRemembersBoth) {
-  const TemporaryFolder caches;
-  const EnvironmentVariable variable("XDG_CACHE_HOME", caches.path());
+TEST_F(ServedFloorLoad, TellsServersWithAVenueOfTheSameNameApartAndRemembersBoth) {
   MisbehavingServer servers[2];
   const std::string names[2] = {"one", "two"};
-  shown.mapView->downloader = std::make_shared<HttpDownloader>();
   const auto expectOwnModel = [&](std::size_t i, std::size_t earlierFiles) {
     *shown.venue->maps = {
         mapOf("m", fmt::format(R"({{"obj": "{}"}})", servers[i].root("/floor.obj")))};

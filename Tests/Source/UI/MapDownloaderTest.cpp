@@ -4,10 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
 #include <filesystem>
 #include <mutex>
-#include <thread>
 
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Files.hpp"
@@ -165,21 +163,6 @@ TEST_F(MapDownloader, HostileFoldersStayBelowTheCachesDirectory) {
     EXPECT_NE(*below.begin(), "..") << folder;
     EXPECT_GT(std::distance(below.begin(), below.end()), 1) << folder;
   }
-}
-
-TEST_F(MapDownloader, SeveralDownloadsOfOneFileKeepItWhole) {
-  server.on("/a", [](const test::ReceivedRequest& request) {
-    return Answer::html(std::string(100'000 + request.connection, 'x'));
-  });
-  std::array<std::thread, 6> threads;
-  for (std::thread& thread : threads)
-    thread = std::thread([this] {
-      const auto path = load("/a");
-      ASSERT_TRUE(path);
-      EXPECT_GT(contents(*path).size(), 100'000U);
-    });
-  for (std::thread& thread : threads) thread.join();
-  EXPECT_EQ(entryCount(), 2U);  // the folder and the file
 }
 
 TEST_F(MapDownloader, ReportsLaterOnTheWayThatDoesNotBlock) {

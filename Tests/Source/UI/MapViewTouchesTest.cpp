@@ -1,21 +1,17 @@
 // Fingers of all kinds on a map view, from the touch to the camera and the delegate.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <optional>
 #include <random>
 
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
-#include "Source/Polygon.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Tests/Support/Fingers.hpp"
 #include "Tests/Support/ShownVenue.hpp"
-#include "Tests/Support/Venues.hpp"
 
 namespace orivanta::test {
 namespace {
@@ -85,49 +81,6 @@ TEST(MapViewTouches, TapsReachEveryShapeOfAFloor) {
     EXPECT_TRUE(std::any_of(hits.begin(), hits.end(),
                             [&](const scene::Hit& hit) { return hit.node == shape; }));
   }
-}
-
-// A point well inside the largest triangle of a shape that lies flat.
-std::optional<Vector3> topOf(const scene::Node& shape) {
-  const auto geometry = shape.geometry();
-  const scene::GeometryElement& element = geometry->elements().front();
-  const scene::GeometrySource& vertices = *geometry->source(scene::Semantic::vertex);
-  std::optional<Vector3> middle;
-  float largest = 0;
-  for (std::size_t i = 0; i + 2 < element.indexCount(); i += 3) {
-    const Vector3 a = vertices.vector(element.index(i));
-    const Vector3 b = vertices.vector(element.index(i + 1));
-    const Vector3 c = vertices.vector(element.index(i + 2));
-    const float area = std::abs((b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x));
-    if (area <= largest) continue;
-    largest = area;
-    middle = (a + b + c) / 3.0F;
-  }
-  return middle;
-}
-
-TEST(MapViewTouches, TapsReachEveryShapeOfARealFloor) {
-  if (!venuesFolder()) GTEST_SKIP() << "no venues beside the project";
-  ShownVenue shown(false);
-  const auto model = *venuesFolder() / "osm-grenoble-grandplace/maps/osm-grenoble-grandplace-1.obj";
-  auto read = shown.mapView->assetLoader->readModel(foundation::Url::fromFile(model));
-  const auto floor = std::get<0>(read);
-  shown.venue->maps->front()->mapObject = floor;
-  shown.mapView->startScene();
-  std::size_t reached = 0;
-  for (const auto& shape : floor->children()) {
-    const auto top = topOf(*shape);
-    ASSERT_TRUE(top) << *shape->name();
-    const auto hits =
-        shown.mapView->sceneView->hits(shown.mapView->findPositionCameraViewport(*top));
-    const auto own = std::find_if(hits.begin(), hits.end(),
-                                  [&](const scene::Hit& hit) { return hit.node == shape; });
-    ASSERT_NE(own, hits.end()) << *shape->name();
-    EXPECT_NEAR(own->position.x, top->x, 0.01);
-    EXPECT_GE(hits.front().position.z, own->position.z) << "only what is higher may cover it";
-    if (own == hits.begin()) ++reached;
-  }
-  EXPECT_GE(reached, floor->children().size() * 9 / 10);
 }
 
 // Any fingers, in any order, also those of a broken screen.

@@ -1,6 +1,5 @@
 #include "Source/UI/PictureBudget.hpp"
 
-#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "Platform/Graphics/ImageFile.hpp"
@@ -42,16 +41,6 @@ TEST_F(PictureBudgetTest, SmallPicturesStayAndLeaveTheirShareToOthers) {
   EXPECT_EQ(pictures.remarks(),
             (std::vector<std::string>{"large.png is shown with 25 x 25 of its 50 x 50 pixels",
                                       "other.png is shown with 20 x 20 of its 60 x 60 pixels"}));
-}
-
-TEST_F(PictureBudgetTest, FloorsOfEqualPicturesShareAlike) {
-  const auto budget = std::make_shared<PictureBudget>(3, 300);
-  std::vector<FloorPictures::Images> kept;
-  for (int i = 0; i < 3; ++i) {
-    const auto file = square(fmt::format("{}.png", i), 40);
-    kept.push_back(FloorPictures(budget).read({file}));
-    EXPECT_EQ(kept.back().at(file)->width(), 10U);
-  }
 }
 
 }  // namespace

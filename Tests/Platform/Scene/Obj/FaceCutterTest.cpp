@@ -9,6 +9,7 @@
 #include <map>
 #include <numbers>
 #include <random>
+#include <sstream>
 #include <string>
 
 namespace orivanta::scene::obj {
@@ -122,9 +123,12 @@ void expectCoveredFromEverywhere(const Outline& flat, const std::string& name) {
   }
 }
 
-Outline flat(const std::vector<std::array<float, 2>>& points) {
+// Corners such as "0 0, 4 0, 0 4".
+Outline flat(const std::string& corners) {
   Outline outline;
-  for (const auto& point : points) outline.push_back({point[0], point[1], 0.0F});
+  std::istringstream numbers(corners);
+  for (Point corner{}; numbers >> corner[0] >> corner[1]; numbers.ignore())
+    outline.push_back(corner);
   return outline;
 }
 
@@ -172,52 +176,24 @@ Outline spiral(int count, double turns) {
 
 TEST(FaceCutter, CoversOutlinesOfEveryKind) {
   const std::pair<const char*, Outline> outlines[] = {
-      {"triangle", flat({{0, 0}, {4, 0}, {0, 4}})},
-      {"square", flat({{0, 0}, {4, 0}, {4, 4}, {0, 4}})},
-      {"arrowhead", flat({{0, 0}, {4, -3}, {1, 0}, {4, 3}})},
-      {"quadrilateral with a straight corner", flat({{0, 0}, {2, 0}, {4, 0}, {2, 3}})},
-      {"quadrilateral with a corner twice", flat({{0, 0}, {4, 0}, {4, 0}, {2, 3}})},
-      {"quadrilateral with a spike", flat({{0, 0}, {6, 0}, {4, 0}, {2, 3}})},
-      {"diagonal through a corner", flat({{0, 0}, {4, 0}, {4, 2}, {2, 2}, {2, 4}, {0, 4}})},
-      {"straight runs",
-       flat({{0, 0}, {1, 0}, {2, 0}, {3, 0}, {3, 1}, {3, 2}, {3, 3}, {1, 3}, {0, 3}, {0, 1}})},
-      {"corners twice", flat({{0, 0}, {0, 0}, {3, 0}, {3, 3}, {3, 3}, {3, 3}, {1, 1}, {0, 3}})},
-      {"spikes", flat({{0, 0}, {3, 0}, {5, 0}, {3, 0}, {3, 3}, {2, 3}, {2, 5}, {2, 3}, {0, 3}})},
-      {"spike inwards", flat({{0, 0}, {4, 0}, {4, 4}, {2, 4}, {2, 1}, {2, 4}, {0, 4}})},
-      {"hole",
-       flat({{0, 0}, {6, 0}, {6, 6}, {0, 6}, {0, 0}, {2, 2}, {2, 4}, {4, 4}, {4, 2}, {2, 2}})},
-      {"two holes at one corner", flat({{0, 0},
-                                        {9, 0},
-                                        {9, 9},
-                                        {0, 9},
-                                        {0, 0},
-                                        {1, 4},
-                                        {1, 8},
-                                        {3, 8},
-                                        {3, 4},
-                                        {1, 4},
-                                        {0, 0},
-                                        {5, 1},
-                                        {5, 5},
-                                        {8, 5},
-                                        {8, 1},
-                                        {5, 1}})},
-      {"hole that touches a side",
-       flat({{0, 0}, {6, 0}, {6, 6}, {0, 6}, {0, 0}, {2, 2}, {3, 6}, {4, 2}, {2, 2}})},
-      {"petals at one point", flat({{0, 0},
-                                    {4, -1},
-                                    {4, 1},
-                                    {0, 0},
-                                    {1, 4},
-                                    {-1, 4},
-                                    {0, 0},
-                                    {-4, 1},
-                                    {-4, -1},
-                                    {0, 0},
-                                    {-1, -4},
-                                    {1, -4}})},
-      {"notch to the opposite side",
-       flat({{0, 0}, {2, 0}, {3, 4}, {4, 0}, {6, 0}, {6, 4}, {0, 4}})},
+      {"triangle", flat("0 0, 4 0, 0 4")},
+      {"square", flat("0 0, 4 0, 4 4, 0 4")},
+      {"arrowhead", flat("0 0, 4 -3, 1 0, 4 3")},
+      {"quadrilateral with a straight corner", flat("0 0, 2 0, 4 0, 2 3")},
+      {"quadrilateral with a corner twice", flat("0 0, 4 0, 4 0, 2 3")},
+      {"quadrilateral with a spike", flat("0 0, 6 0, 4 0, 2 3")},
+      {"diagonal through a corner", flat("0 0, 4 0, 4 2, 2 2, 2 4, 0 4")},
+      {"straight runs", flat("0 0, 1 0, 2 0, 3 0, 3 1, 3 2, 3 3, 1 3, 0 3, 0 1")},
+      {"corners twice", flat("0 0, 0 0, 3 0, 3 3, 3 3, 3 3, 1 1, 0 3")},
+      {"spikes", flat("0 0, 3 0, 5 0, 3 0, 3 3, 2 3, 2 5, 2 3, 0 3")},
+      {"spike inwards", flat("0 0, 4 0, 4 4, 2 4, 2 1, 2 4, 0 4")},
+      {"hole", flat("0 0, 6 0, 6 6, 0 6, 0 0, 2 2, 2 4, 4 4, 4 2, 2 2")},
+      {"two holes at one corner",
+       flat("0 0, 9 0, 9 9, 0 9, 0 0, 1 4, 1 8, 3 8, 3 4, 1 4, 0 0, 5 1, 5 5, 8 5, 8 1, 5 1")},
+      {"hole that touches a side", flat("0 0, 6 0, 6 6, 0 6, 0 0, 2 2, 3 6, 4 2, 2 2")},
+      {"petals at one point",
+       flat("0 0, 4 -1, 4 1, 0 0, 1 4, -1 4, 0 0, -4 1, -4 -1, 0 0, -1 -4, 1 -4")},
+      {"notch to the opposite side", flat("0 0, 2 0, 3 4, 4 0, 6 0, 6 4, 0 4")},
       {"comb", comb(9, 0.0)},
       {"turned comb", comb(9, 0.6)},
       {"spiral", spiral(60, 4.0)},
@@ -258,9 +234,8 @@ TEST(FaceCutter, CoversRandomStairs) {
 }
 
 TEST(FaceCutter, NothingComesOfNoArea) {
-  for (const Outline& outline :
-       {Outline{}, flat({{1, 1}, {2, 2}}), flat({{1, 1}, {1, 1}, {1, 1}}),
-        flat({{0, 0}, {1, 1}, {3, 3}, {2, 2}}), flat({{0, 0}, {1, 0}, {4, 0}, {2, 0}, {3, 0}})})
+  for (const Outline& outline : {Outline{}, flat("1 1, 2 2"), flat("1 1, 1 1, 1 1"),
+                                 flat("0 0, 1 1, 3 3, 2 2"), flat("0 0, 1 0, 4 0, 2 0, 3 0")})
     EXPECT_EQ(outline.size() < 3 ? 0.0 : cutAreas(outline).triangles, 0.0);
 }
 

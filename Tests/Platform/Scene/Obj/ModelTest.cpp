@@ -6,9 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <map>
-#include <set>
 #include <sstream>
 
 #include "Platform/Scene/Obj/LocalPath.hpp"
@@ -250,70 +248,6 @@ TEST(Model, FilesThatCannotBeReadSayWhy) {
     EXPECT_EQ(error.code, static_cast<int>(code)) << error.description;
     EXPECT_THAT(error.description, testing::StartsWith(file.string()));
   }
-}
-
-// What each damaged model gives; "" is an error.
-TEST(Model, DamagedModelsGiveWhatIsLeft) {
-  const auto venues = test::venuesFolder();
-  if (!venues) GTEST_SKIP() << "no venues";
-  const fs::path folder = *venues / "igml-pnu201-hostile" / "models";
-  const std::map<std::string, std::string> expected{{"bad-mtl", "A:1"},
-                                                    {"binary", ""},
-                                                    {"colour-vertices", "A:1"},
-                                                    {"crlf-tabs-continued", "A:1"},
-                                                    {"empty", ""},
-                                                    {"face-huge-index", ""},
-                                                    {"face-normal-out-of-range", ""},
-                                                    {"face-out-of-range", "A:1"},
-                                                    {"face-repeated-corner", "A:1"},
-                                                    {"face-text", "A:1"},
-                                                    {"face-texture-out-of-range", ""},
-                                                    {"face-two-corners", ""},
-                                                    {"face-zero-index", ""},
-                                                    {"huge-coordinates", ""},
-                                                    {"long-line", "A:1"},
-                                                    {"material-in-two-runs", "A:2 Ground:1"},
-                                                    {"missing-mtllib", "A:1"},
-                                                    {"mtllib-outside", "A:1"},
-                                                    {"nan", ""},
-                                                    {"negative-indices", "Ground:2 A:1 B:1"},
-                                                    {"negative-out-of-range", ""},
-                                                    {"no-faces", ""},
-                                                    {"no-mtllib", "A:1"},
-                                                    {"no-normals", "A:1"},
-                                                    {"no-usemtl", ":1"},
-                                                    {"nul-bytes", ""},
-                                                    {"only-comments", ""},
-                                                    {"polygon-faces", "A:58"},
-                                                    {"short-vertex", "A:1"},
-                                                    {"sound", "Ground:2 A:1 B:1"},
-                                                    {"texture-huge-size", "A:1"},
-                                                    {"texture-missing", "A:1"},
-                                                    {"texture-not-a-png", "A:1"},
-                                                    {"texture-truncated", "A:1"},
-                                                    {"truncated", "A:1"},
-                                                    {"unknown-keywords", "A:1"},
-                                                    {"unknown-material", "no-such:1"},
-                                                    {"usemtl-without-faces", "Ground:1"}};
-  std::set<std::string> undefined;
-  for (const auto& entry : fs::directory_iterator(folder)) {
-    if (entry.path().extension() != ".obj") continue;
-    const std::string name = entry.path().stem();
-    const auto result = readModel(entry.path());
-    const auto* const model = std::get_if<Model>(&result);
-    EXPECT_EQ(model != nullptr ? groups(*model) : "", expected.at(name)) << name;
-    if (model == nullptr) continue;
-    for (const Group& group : model->groups)
-      if (!group.material.defined) undefined.insert(name);
-    const auto& texture = model->groups.back().material.diffuseTexture;
-    if (name == "sound") {
-      EXPECT_EQ(texture, folder / "sound.png");
-    } else if (name == "bad-mtl") {
-      EXPECT_EQ(texture, folder / "no-such.png");
-    }
-  }
-  EXPECT_THAT(undefined, ElementsAre("missing-mtllib", "mtllib-outside", "no-mtllib", "no-usemtl",
-                                     "unknown-material"));
 }
 
 // The area of all faces, added up corner by corner from the text.
