@@ -125,7 +125,7 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
 
   // --- Gestures ---------------------------------------------------------------------------------
 
-  /// The actions of the recognisers that `startScene` adds to the scene view: one finger moves the
+  /// The actions of the recognizers that `startScene` adds to the scene view: one finger moves the
   /// map under it, one point a scene unit; two fingers tilt, from straight down to below 60
   /// degrees; a pinch brings the camera closer or takes it away; a rotation turns the map.
   void handleOneFingerPanGesture(const view::PanGestureRecognizer& recognizer);
