@@ -45,7 +45,8 @@ std::string presentable(std::string_view text) {
       gap = !result.empty();
       continue;
     }
-    if (result.size() + character.size() + 1 > mostBytes) return result.append(ellipsis);
+    if (result.size() + (gap ? 1 : 0) + character.size() > mostBytes)
+      return result.append(ellipsis);
     if (gap) result += ' ';
     gap = false;
     result += character;

@@ -16,15 +16,14 @@ struct BackgroundSearch::Work {
   std::atomic<std::uint64_t> wanted = 0;  // the number of the newest search
   std::atomic<bool> isOver = false;
 
-  // On the queue only.
+  // On the queue only. The index may be incomplete once `isOver` is true.
   std::vector<std::shared_ptr<Location>> places;
   std::unique_ptr<const SearchIndex> index;
 
   // Nothing if the search was replaced or ended.
   std::optional<std::vector<PlaceGroup>> find(const std::string& typed, std::uint64_t number) {
-    const auto isLeft = [this] { return isOver.load(); };
-    if (!index && !isOver) index = std::make_unique<SearchIndex>(places, isLeft);
-    const auto isReplaced = [&] { return wanted != number; };
+    if (!index) index = std::make_unique<SearchIndex>(places, [this] { return isOver.load(); });
+    const auto isReplaced = [&] { return isOver || wanted != number; };
     if (isReplaced()) return std::nullopt;
     auto groups = index->find(typed, isReplaced);
     return isReplaced() ? std::nullopt : std::optional(std::move(groups));
@@ -40,10 +39,7 @@ BackgroundSearch::BackgroundSearch(std::vector<std::shared_ptr<Location>> places
   work_->places = std::move(places);
 }
 
-BackgroundSearch::~BackgroundSearch() {
-  work_->isOver = true;
-  cancel();
-}
+BackgroundSearch::~BackgroundSearch() { work_->isOver = true; }
 
 void BackgroundSearch::start(std::string typed) {
   isBusy_ = true;

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <numeric>
 #include <optional>
+#include <tuple>
 #include <unordered_map>
 #include <utility>
 
@@ -266,8 +267,9 @@ SearchIndex::SearchIndex(const std::vector<std::shared_ptr<Location>>& places,
     const CategoryEntry* const left = groupOf(a);
     const CategoryEntry* const right = groupOf(b);
     if (left == nullptr || right == nullptr) return left != nullptr && right == nullptr;
-    if (left->name != right->name) return comesBefore(left->name, right->name);
-    return left->title < right->title;
+    if (comesBefore(left->name, right->name)) return true;
+    if (comesBefore(right->name, left->name)) return false;
+    return std::tie(left->name, left->title) < std::tie(right->name, right->title);
   });
 }
 

@@ -30,7 +30,7 @@ UrlResult AwaitedRequests::get(const foundation::Url& url, HeaderFields headerFi
   if (!*answer) {
     lock.unlock();
     transfer->cancel();
-    return {foundation::Error{"http", ECANCELED, "the request was cancelled"}, {}, {}};
+    return {foundation::Error{"http", ECANCELED, "the request was canceled"}, {}, {}};
   }
   UrlResult result = *std::move(*answer);
   lock.unlock();

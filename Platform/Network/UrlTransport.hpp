@@ -50,7 +50,7 @@ class UrlTransport {
   virtual ~UrlTransport() = default;
 
   /// Starts a GET request and returns at once. `completed` is called exactly once, on a thread of
-  /// the transport, unless the transfer is cancelled first; it must return quickly. Any thread.
+  /// the transport, unless the transfer is canceled first; it must return quickly. Any thread.
   virtual std::shared_ptr<UrlTransfer> start(UrlRequest request,
                                              std::function<void(UrlResult)> completed) = 0;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
@@ -35,8 +36,12 @@ float readFloat(const std::byte* bytes) {
 graphics::Box boxOf(const GeometrySource& vertices, const std::vector<GeometryElement>& elements) {
   graphics::Box box;
   for (const GeometryElement& element : elements)
-    for (std::size_t i = 0, count = element.indexCount(); i < count; ++i)
-      box.add(vertices.vector(element.index(i)));
+    for (std::size_t i = 0, count = element.indexCount(); i < count; ++i) {
+      const std::uint64_t index = element.index(i);
+      if (index > std::numeric_limits<std::uint32_t>::max())
+        foundation::fatalError("an index of a geometry does not fit in 32 bits");
+      box.add(vertices.vector(index));
+    }
   return box;
 }
 
@@ -61,8 +66,8 @@ Vector3 GeometrySource::vector(std::size_t index) const {
 }
 
 std::size_t GeometryElement::indexCount() const {
-  if (bytesPerIndex < 1 || bytesPerIndex > 8)
-    foundation::fatalError("indices of a geometry element are not of 1 to 8 bytes");
+  if (bytesPerIndex != 1 && bytesPerIndex != 2 && bytesPerIndex != 4 && bytesPerIndex != 8)
+    foundation::fatalError("indices of a geometry element are not of 1, 2, 4 or 8 bytes");
   return sizeOf(data) / bytesPerIndex;
 }
 

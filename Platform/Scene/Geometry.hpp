@@ -41,7 +41,7 @@ struct GeometrySource {
 /// Triangles: three indices each, little-endian and unsigned.
 struct GeometryElement {
   SharedBytes data;
-  std::size_t bytesPerIndex = 4;  ///< 1 to 8
+  std::size_t bytesPerIndex = 4;  ///< 1, 2, 4 or 8
 
   ORIVANTA_API std::size_t indexCount() const;  ///< whole indices in the data
   ORIVANTA_API std::uint64_t index(std::size_t position) const;
@@ -64,7 +64,7 @@ using Simplification = std::function<std::shared_ptr<const Geometry>(float toler
 /// with a white one when there is none.
 class ORIVANTA_API Geometry {
  public:
-  /// Indices must lie inside the sources; who makes a geometry of data from elsewhere sees to it.
+  /// Indices must lie inside the sources and fit in 32 bits. Any other is a fatal error.
   static std::shared_ptr<Geometry> make(std::vector<GeometrySource> sources,
                                         std::vector<GeometryElement> elements);
 

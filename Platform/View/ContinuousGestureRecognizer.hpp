@@ -9,7 +9,7 @@ namespace orivanta::view {
 /// Begins once the right number of fingers has moved far enough, changes with every movement and
 /// ends when their number is no longer right. What it measures counts from the moment of its
 /// beginning, so that it begins with nothing moved; fingers that come or go do not make it jump.
-/// When it ends with fingers still down, all continuous recognisers may begin with those.
+/// When it ends with fingers still down, all continuous recognizers may begin with those.
 class ORIVANTA_API ContinuousGestureRecognizer : public GestureRecognizer {
  protected:
   /// Whether the gesture is made with so many fingers. Never with none.

@@ -18,11 +18,11 @@ namespace orivanta::view {
 enum class GestureState { possible, began, changed, ended, cancelled, failed };
 
 /// Belongs to one view. Main thread. A `TouchDispatcher` brings it the fingers of its view and of
-/// the views below, and decides which of several recognisers may begin; a subclass decides what
+/// the views below, and decides which of several recognizers may begin; a subclass decides what
 /// the fingers mean and sets its state.
 class ORIVANTA_API GestureRecognizer {
  public:
-  /// Must not throw. May change views, recognisers and their actions, but not end the dispatcher.
+  /// Must not throw. May change views, recognizers and their actions, but not end the dispatcher.
   using Action = std::function<void(GestureRecognizer&)>;
 
   GestureRecognizer() = default;
@@ -30,26 +30,26 @@ class ORIVANTA_API GestureRecognizer {
   GestureRecognizer(const GestureRecognizer&) = delete;
   GestureRecognizer& operator=(const GestureRecognizer&) = delete;
 
-  /// Called, in the order of adding, whenever the recogniser begins, changes, ends or is
-  /// cancelled. `name` tells actions apart.
+  /// Called, in the order of adding, whenever the recognizer begins, changes, ends or is
+  /// canceled. `name` tells actions apart.
   void addTarget(std::string name, Action action);
   std::vector<std::string> actionNames() const;
 
   GestureState state() const { return state_; }
 
   /// For subclasses, and for whoever plays a gesture without fingers: calls the actions for every
-  /// state but possible and failed. With fingers, a recogniser that another one holds back fails
+  /// state but possible and failed. With fingers, a recognizer that another one holds back fails
   /// instead of beginning or ending.
   void setState(GestureState state);
 
-  /// Whether it has begun and neither ended nor been cancelled.
+  /// Whether it has begun and neither ended nor been canceled.
   bool isRunning() const {
     return state_ == GestureState::began || state_ == GestureState::changed;
   }
 
   View* view() const { return view_; }  ///< null before it is added to one
 
-  /// The middle of the recogniser's fingers in a view's coordinates; of the last ones when none is
+  /// The middle of the recognizer's fingers in a view's coordinates; of the last ones when none is
   /// left.
   virtual graphics::Point location(const View& in) const;
   std::size_t numberOfTouches() const { return fingers_.size(); }
@@ -66,7 +66,7 @@ class ORIVANTA_API GestureRecognizer {
   const std::vector<Finger>& fingers() const { return fingers_; }  ///< in the order of landing
   graphics::Point centroid() const { return centroid_; }           ///< as `location`, topmost view
 
-  /// Called while the recogniser is possible or running. A finger landed, and is the last of
+  /// Called while the recognizer is possible or running. A finger landed, and is the last of
   /// `fingers`; some of `fingers` moved; a finger left, and is no longer among them. `time` in
   /// seconds.
   virtual void fingerLanded(double time) = 0;
@@ -76,7 +76,7 @@ class ORIVANTA_API GestureRecognizer {
   /// Back to what it was before the first finger. `state` still is the last one.
   virtual void reset() {}
 
-  /// Whether a recogniser that failed or ended may begin again with the fingers that are down, once
+  /// Whether a recognizer that failed or ended may begin again with the fingers that are down, once
   /// their number has changed and nobody holds it back any more. Otherwise it waits until all of
   /// its fingers have left.
   virtual bool canStartOver() const { return false; }

@@ -102,7 +102,7 @@ struct TouchDispatcher::Session {
     return true;
   }
 
-  // The recognisers that a landing finger belongs to are those that there are now.
+  // The recognizers that a landing finger belongs to are those that there are now.
   void land(const Touch& touch) {
     const std::shared_ptr<View> view = root->viewAt(touch.position);
     if (!view) return;

@@ -1,4 +1,4 @@
-// Brings fingers to the views under them and to their gesture recognisers.
+// Brings fingers to the views under them and to their gesture recognizers.
 #pragma once
 
 #include <memory>
@@ -12,11 +12,11 @@ namespace orivanta::view {
 
 /// One for each topmost view; a host, or whoever replays a recording, feeds it. Main thread.
 ///
-/// A finger belongs to the view that it landed on, and to the recognisers of that view and of those
+/// A finger belongs to the view that it landed on, and to the recognizers of that view and of those
 /// above it, until it leaves; when one of these views leaves the tree, the finger counts as
-/// cancelled for its recognisers. Recognisers are told before the view, those of lower views first.
+/// canceled for its recognizers. Recognizers are told before the view, those of lower views first.
 ///
-/// Recognisers that share a finger exclude one another: the first to begin, or to end at once as a
+/// Recognizers that share a finger exclude one another: the first to begin, or to end at once as a
 /// tap does, makes those that are still possible fail, unless a view above both allows the two to
 /// run at once (`View::allowSimultaneous`). A pan for one finger ends when a second one lands. As
 /// nothing is running then, pans, pinches and rotations start over with the fingers that are down,
@@ -43,14 +43,14 @@ class ORIVANTA_API TouchDispatcher {
   void dispatch(std::span<const Touch> touches);
   void dispatch(const Touch& touch) { dispatch({&touch, 1}); }
 
-  /// Ends every finger as cancelled, as when a window loses the input.
+  /// Ends every finger as canceled, as when a window loses the input.
   void cancelAll(double time);
 
  private:
   friend class GestureRecognizer;
   struct Session;
 
-  /// Whether the recogniser may begin, or end at once; if so, makes those fail that it excludes.
+  /// Whether the recognizer may begin, or end at once; if so, makes those fail that it excludes.
   bool claim(const GestureRecognizer& recognizer);
 
   void deliver(std::span<const Touch> touches);

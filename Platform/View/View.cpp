@@ -178,7 +178,7 @@ void View::didLayOut() {}
 
 void View::addGestureRecognizer(const std::shared_ptr<GestureRecognizer>& recognizer) {
   std::shared_ptr<GestureRecognizer> added = recognizer;  // likewise
-  if (!added) foundation::fatalError("a view cannot hold a gesture recogniser that is null");
+  if (!added) foundation::fatalError("a view cannot hold a gesture recognizer that is null");
   if (added->view_ != nullptr) added->view_->removeGestureRecognizer(*added);
   added->view_ = this;
   gestureRecognizers_.push_back(std::move(added));

@@ -17,7 +17,7 @@
 
 namespace orivanta::view {
 
-/// Whether two recognisers may run at once.
+/// Whether two recognizers may run at once.
 using SimultaneousRule =
     std::function<bool(const GestureRecognizer& one, const GestureRecognizer& other)>;
 
@@ -72,13 +72,13 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   /// Taken from a former view first. Null is a fatal error.
   void addGestureRecognizer(const std::shared_ptr<GestureRecognizer>& recognizer);
 
-  /// One under way is cancelled first. Nothing unless it belongs to this view.
+  /// One under way is canceled first. Nothing unless it belongs to this view.
   void removeGestureRecognizer(const GestureRecognizer& recognizer);
   const std::vector<std::shared_ptr<GestureRecognizer>>& gestureRecognizers() const {
     return gestureRecognizers_;
   }
 
-  /// Whether two recognisers of this view or of views below it may run at once; asked with the two
+  /// Whether two recognizers of this view or of views below it may run at once; asked with the two
   /// in either order. None may until a rule is set.
   void allowSimultaneous(SimultaneousRule rule);
   const SimultaneousRule& simultaneousRule() const { return simultaneousRule_; }
@@ -91,7 +91,7 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   /// outside of it, when it is hidden, all but transparent (alpha under 0.01) or takes none.
   std::shared_ptr<View> viewAt(graphics::Point point);
 
-  /// Fingers put down on, moved over or taken from this view, whatever its recognisers make of
+  /// Fingers put down on, moved over or taken from this view, whatever its recognizers make of
   /// them. Each hands them on to the parent view unless overridden.
   virtual void touchesBegan(std::span<const Touch> touches);
   virtual void touchesMoved(std::span<const Touch> touches);

@@ -50,6 +50,7 @@ struct FloorLoadHandlers {
 };
 
 /// Begun by `MapView::loadFloors`. Main thread. Letting go of the handle does not end the load.
+/// Each load has a limit of its own for the memory that its pictures take.
 class ORIVANTA_API FloorLoad {
  public:
   virtual ~FloorLoad() = default;

@@ -125,7 +125,7 @@ void FloorLoading::fileBegan(std::size_t file) {
 void FloorLoading::fileEnded(std::size_t file, const FileFetch::Outcome& outcome) {
   paths_[file] = outcome.path;
   for (Floor& floor : floors_) {
-    if (!handlers_) return;  // a handler has cancelled the load
+    if (!handlers_) return;  // a handler has canceled the load
     if (floor.progress.state != FloorState::fetching || !uses(floor, file)) continue;
     ++floor.progress.filesDone;
     if (outcome.path.empty()) {

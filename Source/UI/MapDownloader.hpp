@@ -54,7 +54,7 @@ class ORIVANTA_API HttpDownloader {
   /// takes the one that is there if the server says that it has not changed. What an answer must
   /// be to count: it has a body that does not begin as a web page or JSON does, and a status of 200
   /// to 299. Only "http" and "https" URLs are fetched. Ends, with a problem, when the requests are
-  /// cancelled. Blocks.
+  /// canceled. Blocks.
   ///
   /// Beside each file a hidden one notes the URL that it came from, its length and a checksum, and
   /// what the server gave to recognize it by: an entity tag, a date, or nothing, and then the file

@@ -107,7 +107,9 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// is canceled first, and so is this one when the view goes or gets another venue.
   ///
   /// The pictures of all floors together take at most 336 MB of memory, and as textures 4/3 of that
-  /// again. Larger ones are made smaller while they are read, as `FloorProgress::remark` tells.
+  /// again. Larger ones are made smaller while they are read, as `FloorProgress::remark` tells. The
+  /// limit applies to each load on its own: a host that keeps the nodes of an earlier venue keeps
+  /// their pictures in memory, too.
   std::shared_ptr<FloorLoad> loadFloors(FloorLoadHandlers handlers,
                                         const std::shared_ptr<Map>& first = nullptr);
 
@@ -125,7 +127,7 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
 
   // --- Gestures ---------------------------------------------------------------------------------
 
-  /// The actions of the recognisers that `startScene` adds to the scene view: one finger moves the
+  /// The actions of the recognizers that `startScene` adds to the scene view: one finger moves the
   /// map under it, one point a scene unit; two fingers tilt, from straight down to below 60
   /// degrees; a pinch brings the camera closer or takes it away; a rotation turns the map.
   void handleOneFingerPanGesture(const view::PanGestureRecognizer& recognizer);

@@ -29,12 +29,18 @@ TEST(Attribution, IsOneHarmlessLine) {
 }
 
 TEST(Attribution, IsCutAfterAWholeCharacter) {
+  const auto creditOf = [](const std::string& credit) {
+    return attributionText(*venueWith(fmt::format(R"(, "attribution": "{}")", credit)));
+  };
   std::string name;
   for (int i = 0; i < 1'000'000; ++i) name += "新";
-  const std::string text =
-      attributionText(*venueWith(fmt::format(R"(, "attribution": "{}")", name)));
+  const std::string text = creditOf(name);
   EXPECT_LE(text.size(), 1003U);
   EXPECT_TRUE(text.ends_with("新…"));
+  for (const auto& whole : {std::string(1000, 'a'), std::string(998, 'a') + " b"}) {
+    EXPECT_EQ(creditOf(whole), whole);
+    EXPECT_EQ(creditOf(whole + "b"), whole + "…");
+  }
 }
 
 }  // namespace

@@ -305,7 +305,7 @@ TEST(HttpResponse, AChainThatRunsInACircleEndsWhenItsSessionIsInvalidated) {
     ASSERT_TRUE(fifthPage->wait());
     running->invalidateAndCancel();
     ASSERT_TRUE(released->wait());
-    // What was cancelled is gone once a later request has been answered.
+    // What was canceled is gone once a later request has been answered.
     const auto requestsAfterAnother = [&server] {
       courseOf(sessionFor(server.root()), "another");
       return server.requests("/1/a").size();

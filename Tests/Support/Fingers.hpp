@@ -1,4 +1,4 @@
-// Made-up fingers on a tree of views, and a record of what recognisers make of them.
+// Made-up fingers on a tree of views, and a record of what recognizers make of them.
 #pragma once
 
 #include <initializer_list>
@@ -95,11 +95,11 @@ class Fingers {
   std::map<std::uint64_t, graphics::Point> last_;
 };
 
-/// The states that recognisers go through, such as "pan began, pan changed, pan ended"; the same
+/// The states that recognizers go through, such as "pan began, pan changed, pan ended"; the same
 /// one several times in a row is told once.
 class GestureLog {
  public:
-  /// Makes a recogniser for a view. The log outlives it.
+  /// Makes a recognizer for a view. The log outlives it.
   template <class Recognizer>
   std::shared_ptr<Recognizer> add(view::View& view, std::string name) {
     auto recognizer = std::make_shared<Recognizer>();

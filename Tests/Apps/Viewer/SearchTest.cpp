@@ -126,6 +126,14 @@ TEST(SearchIndex, BrowsesAllPlacesByCategoryAndNumber) {
   EXPECT_EQ(groups[0].places.size() + groups[1].places.size() + groups[2].places.size(), 700U);
 }
 
+TEST(SearchIndex, MakesOneGroupForEachOfTwoCategoriesOfOneNumber) {
+  const auto padded = categoryNamed("Gate 01");
+  const auto plain = categoryNamed("Gate 1");
+  const SearchIndex index({place("1", "a", plain), place("2", "b", padded), place("3", "c", plain),
+                           place("4", "d", padded)});
+  EXPECT_EQ(textOf(index.find("")), "Gate 01:24 Gate 1:13");
+}
+
 TEST(SearchIndex, LooksAtTheBeginningOfAHugeName) {
   std::string name;
   for (int i = 0; i < 100'000; ++i) name += "ﷺ-";  // of eighteen letters

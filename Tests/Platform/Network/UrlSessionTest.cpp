@@ -204,7 +204,7 @@ TEST(UrlSession, NothingButTheEndIsReportedAfterInvalidation) {
   session->startDataTask(url(server.root("/afterwards")));
   latch->open();
   Recorded other;
-  other.get(server.root("/b"));  // what was cancelled is gone when this has been answered
+  other.get(server.root("/b"));  // what was canceled is gone when this has been answered
   EXPECT_EQ(recorder->reports(0).size(), 1U);
   EXPECT_FALSE(invalid.take());
   EXPECT_TRUE(server.requests("/afterwards").empty());

@@ -69,7 +69,11 @@ TEST(GeometryDeathTest, NothingIsReadOutOfBounds) {
   for (const auto& [source, index, message] : cases) EXPECT_DEATH(source.vector(index), message);
   EXPECT_DEATH((GeometryElement{data, 4}.index(5)), "out of range");
   EXPECT_DEATH((GeometryElement{data, 4}.index(huge / 4 + 1)), "out of range");
-  EXPECT_DEATH((GeometryElement{data, 0}.indexCount()), "1 to 8 bytes");
+  for (const std::size_t size : {0U, 3U, 5U, 7U, 9U})
+    EXPECT_DEATH((GeometryElement{data, size}.indexCount()), "1, 2, 4 or 8 bytes");
+  const GeometrySource endless{.data = data, .vectorCount = huge, .dataStride = 0};
+  const auto indices = bytesOf<std::uint64_t>({0, 0, std::uint64_t{1} << 32});
+  EXPECT_DEATH(Geometry::make({endless}, {{indices, 8}}), "does not fit in 32 bits");
 }
 
 }  // namespace

@@ -13,7 +13,7 @@
 namespace orivanta::view {
 namespace {
 
-// A view with the recognisers of a map: a tap, pans for one and for two fingers, pinch, rotation.
+// A view with the recognizers of a map: a tap, pans for one and for two fingers, pinch, rotation.
 struct Stage {
   std::shared_ptr<View> root = std::make_shared<View>(graphics::Rect{{}, {400, 400}});
   std::shared_ptr<View> map = std::make_shared<View>(graphics::Rect{{0, 100}, {400, 300}});
@@ -131,7 +131,7 @@ TEST(TouchDispatcher, OutlivesWhatIsTouched) {
        },
        ""},
       {"the view left", [](Stage& s) { s.map->removeFromSuperview(); }, "one cancelled"},
-      {"the recogniser left", [](Stage& s) { s.map->removeGestureRecognizer(*s.one); },
+      {"the recognizer left", [](Stage& s) { s.map->removeGestureRecognizer(*s.one); },
        "one cancelled"},
       {"the input is lost", [](Stage& s) { s.fingers.dispatcher().cancelAll(1); }, "one cancelled"},
   };

@@ -69,7 +69,7 @@ TEST(View, ConvertsPointsAcrossTheTree) {
   EXPECT_EQ(&topmostView(*tree.inner), tree.root.get());
 }
 
-TEST(View, ChildrenAndRecognisersOutliveIt) {
+TEST(View, ChildrenAndRecognizersOutliveIt) {
   Tree tree;
   const auto pan = std::make_shared<PanGestureRecognizer>();
   tree.front->addGestureRecognizer(pan);

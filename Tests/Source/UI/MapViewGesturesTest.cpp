@@ -17,7 +17,7 @@ using view::GestureState;
 
 constexpr float pi = std::numbers::pi_v<float>;
 
-// The handlers' recognisers, played by hand: what a recogniser says, then its state.
+// The handlers' recognizers, played by hand: what a recognizer says, then its state.
 class Hand {
  public:
   explicit Hand(const ShownVenue& shown) {

@@ -74,7 +74,7 @@ TEST(MapView, BuildsTheSceneOnTheFirstFloor) {
   EXPECT_EQ(children[4], shown.mapView->light);
 }
 
-TEST(MapView, NamesTheActionsOfItsRecognisersAndReplacesThemOnASecondStart) {
+TEST(MapView, NamesTheActionsOfItsRecognizersAndReplacesThemOnASecondStart) {
   ShownVenue shown;
   shown.mapView->startScene();
   std::vector<std::string> names;
