@@ -107,7 +107,9 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// is canceled first, and so is this one when the view goes or gets another venue.
   ///
   /// The pictures of all floors together take at most 336 MB of memory, and as textures 4/3 of that
-  /// again. Larger ones are made smaller while they are read, as `FloorProgress::remark` tells.
+  /// again. Larger ones are made smaller while they are read, as `FloorProgress::remark` tells. Up
+  /// to four files are fetched at once, and each takes at most 192 MiB of memory until it is saved:
+  /// a file of up to 96 MiB, or more if it comes compressed. A larger one counts as not fetched.
   std::shared_ptr<FloorLoad> loadFloors(FloorLoadHandlers handlers,
                                         const std::shared_ptr<Map>& first = nullptr);
 
