@@ -41,10 +41,15 @@ namespace detail {
 
 DeliveryHold::DeliveryHold(std::shared_ptr<network::UrlSession> session)
     : session_(std::move(session)) {
-  session_->suspendDelivery();
+  foundation::unwrap(session_).suspendDelivery();
 }
 
 DeliveryHold::~DeliveryHold() { session_->resumeDelivery(); }
+
+ChainHandle::ChainHandle(const ChainLinks& links)
+    : hold(links.session), sessionDelegate(links.sessionDelegate) {
+  foundation::unwrap(sessionDelegate);
+}
 
 ChainLinks chainLinks(const foundation::Url& url, const std::string& authString,
                       const std::string& language, const network::TransferRules& rules) {
@@ -58,10 +63,12 @@ ChainLinks chainLinks(const foundation::Url& url, const std::string& authString,
 std::optional<foundation::Error> ruleAgainst(const network::UrlSession& session,
                                              const network::HttpUrlResponse& response,
                                              const foundation::Url& next) {
-  if (!session.configuration().rules.staysSecure || !response.url ||
-      !network::leavesHttps(*response.url, next))
-    return std::nullopt;
-  return network::insecureStep(*response.url, next);
+  const network::UrlSessionConfiguration& configuration = session.configuration();
+  if (!configuration.rules.staysSecure) return std::nullopt;
+  // A redirect may lead to a URL that cannot be read. From HTTPS it led to HTTPS.
+  const auto from = response.url ? response.url : foundation::Url::parse(configuration.identifier);
+  if (!from || !network::leavesHttps(*from, next)) return std::nullopt;
+  return network::insecureStep(*from, next);
 }
 
 std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response) {

@@ -80,9 +80,8 @@ struct ChainLinks {
 };
 
 /// What the copies of a handle share and the chain itself does not keep.
-struct ChainHandle {
-  explicit ChainHandle(const ChainLinks& links)
-      : hold(links.session), sessionDelegate(links.sessionDelegate) {}
+struct ORIVANTA_API ChainHandle {
+  explicit ChainHandle(const ChainLinks& links);
 
   DeliveryHold hold;
   std::shared_ptr<CustomUrlSessionDelegate> sessionDelegate;
@@ -93,7 +92,8 @@ ORIVANTA_API ChainLinks chainLinks(const foundation::Url& url, const std::string
                                    const std::string& language,
                                    const network::TransferRules& rules);
 ORIVANTA_API std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response);
-/// The error of going on to that page, if the session's rules forbid it.
+/// The error of going on to that page, if the session's rules forbid it. A response without a URL
+/// counts as one from the session's identifier, which for `chainLinks` is the chain's first URL.
 ORIVANTA_API std::optional<foundation::Error> ruleAgainst(const network::UrlSession& session,
                                                           const network::HttpUrlResponse& response,
                                                           const foundation::Url& next);
@@ -127,7 +127,8 @@ class HttpResponse {
     session->startDataTask(url);
   }
 
-  /// Takes over the reports of `delegate`, which is that of `chainSession`. Starts no request.
+  /// Takes over the reports of `delegate`, which is that of `chainSession`. Starts no request. Null
+  /// for either stops the program.
   HttpResponse(std::shared_ptr<network::UrlSession> chainSession,
                std::shared_ptr<CustomUrlSessionDelegate> delegate)
       : HttpResponse(detail::ChainLinks{std::move(chainSession), std::move(delegate)}) {}

@@ -132,7 +132,7 @@ void ReportedLoad::takePage(const std::string& name, const network::HttpUrlRespo
     }
   }
   const auto next = detail::nextPage(response);
-  if (next && !collection.requested.insert(next->absoluteString()).second)
+  if (next && !collection.requested.insert(textDigest(next->absoluteString())).second)
     giveUp(collection, fmt::format("the pages of {} run in a circle, back to {}", name,
                                    next->withoutCredentials().absoluteString()));
   else if (next && collection.requested.size() >= mostPages)

@@ -7,13 +7,14 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "Platform/Foundation/SerialQueue.hpp"
 #include "Source/LoadReport.hpp"
+#include "Source/TextDigest.hpp"
 #include "Source/WebApi.hpp"
 
 namespace orivanta {
@@ -63,8 +64,7 @@ class ReportedLoad : public WebApiObserver,
   };
 
   struct Collection {
-    std::unordered_set<std::string, TextHash, std::equal_to<>>
-        requested;  // the URLs of the pages behind the first
+    std::set<TextDigest> requested;  // of the URLs of the pages behind the first, which may be long
     std::string latestUrl;
     Window window;
     LoadFailure failure;  // without a reason while all is well

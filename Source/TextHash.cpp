@@ -5,6 +5,7 @@
 #include <random>
 
 #include "Source/Fwd.hpp"
+#include "Source/TextDigest.hpp"
 
 namespace orivanta {
 
@@ -15,11 +16,20 @@ std::uint64_t randomSeed() {
   return std::uint64_t{device()} << 32U | device();
 }
 
+std::uint64_t seed() {
+  static const std::uint64_t value = randomSeed();
+  return value;
+}
+
 }  // namespace
 
 std::size_t TextHash::operator()(std::string_view text) const {
-  static const std::uint64_t seed = randomSeed();
-  return static_cast<std::size_t>(XXH3_64bits_withSeed(text.data(), text.size(), seed));
+  return static_cast<std::size_t>(XXH3_64bits_withSeed(text.data(), text.size(), seed()));
+}
+
+TextDigest textDigest(std::string_view text) {
+  const XXH128_hash_t hash = XXH3_128bits_withSeed(text.data(), text.size(), seed());
+  return {hash.high64, hash.low64};
 }
 
 }  // namespace orivanta

@@ -1,10 +1,14 @@
 #include "Source/VenueLoad.hpp"
 
+#include <fmt/format.h>
+
+#include <iterator>
 #include <mutex>
 #include <new>
 #include <stdexcept>
 #include <utility>
 
+#include "Platform/Foundation/Diagnostics.hpp"
 #include "Source/NavigationGraph.hpp"
 
 namespace orivanta {
@@ -52,6 +56,7 @@ VenueLoad::VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)
                return published_ != nullptr;
              }}} {
   collections_.budget = options_.budget;
+  if (!options_.failed) empty_ = emptyCollections();
 }
 
 void VenueLoad::collectionReady() {
@@ -79,13 +84,16 @@ void VenueLoad::runJoins() {
     }
 }
 
-// What has been joined so far is dropped.
+// What has been joined so far is dropped first, so that there is memory for what follows.
 void VenueLoad::endWithout(const std::exception& reason) {
   ended_ = true;
   published_ = nullptr;
   collections_ = CollectionDictionary();
   if (options_.failed) return options_.failed(foundation::memoryError(reason));
-  collections_ = emptyCollections();
+  collections_ = std::move(empty_);
+  fmt::memory_buffer line;  // a short text lies within it
+  fmt::format_to(std::back_inserter(line), "the venue is left empty: {}", reason.what());
+  foundation::diagnostic({line.data(), line.size()});
   publish();
 }
 

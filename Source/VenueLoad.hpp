@@ -22,7 +22,7 @@ class VenueLoad {
     /// The venue is published within the guard; without one always.
     Guard guard = nullptr;
     /// Told why a load ended for lack of memory or because its budget is exceeded; then nothing is
-    /// published. Without it an empty venue is published.
+    /// published. Without it an empty venue is published, and a diagnostic line tells the reason.
     std::function<void(const foundation::Error&)> failed = nullptr;
     /// What the answers and the joins may take; may be null.
     std::shared_ptr<foundation::MemoryBudget> budget = nullptr;
@@ -64,6 +64,7 @@ class VenueLoad {
   const std::function<void(std::shared_ptr<Venue>)> callback_;
   const Options options_;
   CollectionDictionary collections_;
+  CollectionDictionary empty_;  ///< made beforehand: what is left when memory runs out
   std::vector<Join> joins_;
   std::shared_ptr<Venue> published_;  ///< to be handed to the callback
   bool ended_ = false;

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <condition_variable>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <utility>
 
@@ -14,12 +15,14 @@ struct AwaitedRequests::State {
   bool isCancelled = false;
 };
 
-AwaitedRequests::AwaitedRequests(TransferRules rules)
-    : rules_(rules), state_(std::make_shared<State>()) {}
+AwaitedRequests::AwaitedRequests(TransferRules rules, std::size_t requestBytes)
+    : rules_(std::move(rules)), requestBytes_(requestBytes), state_(std::make_shared<State>()) {}
 
 UrlResult AwaitedRequests::get(const foundation::Url& url, HeaderFields headerFields) {
   const auto answer = std::make_shared<std::optional<UrlResult>>();
-  const auto transfer = defaultTransport().start({url, std::move(headerFields), rules_},
+  TransferRules rules = rules_;
+  if (requestBytes_ > 0) rules.budget = std::make_shared<foundation::MemoryBudget>(requestBytes_);
+  const auto transfer = defaultTransport().start({url, std::move(headerFields), std::move(rules)},
                                                  [state = state_, answer](UrlResult result) {
                                                    const std::lock_guard lock(state->mutex);
                                                    *answer = std::move(result);
@@ -34,7 +37,11 @@ UrlResult AwaitedRequests::get(const foundation::Url& url, HeaderFields headerFi
   }
   UrlResult result = *std::move(*answer);
   lock.unlock();
-  if (!result.error) result.error = defaultTransport().decodeBody(result);
+  try {
+    if (!result.error) result.error = defaultTransport().decodeBody(result);
+  } catch (const std::bad_alloc& failure) {
+    result.error = foundation::memoryError(failure);
+  }
   return result;
 }
 

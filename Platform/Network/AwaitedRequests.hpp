@@ -1,6 +1,7 @@
 // Requests that threads wait for and another thread may end.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 
 #include "Platform/Foundation/Export.hpp"
@@ -12,7 +13,9 @@ namespace orivanta::network {
 /// Any thread, but that on which the transport reports.
 class ORIVANTA_API AwaitedRequests {
  public:
-  explicit AwaitedRequests(TransferRules rules = {});
+  /// Each request gets a budget of its own of `requestBytes`, in place of that of the rules, so
+  /// that one that exceeds it ends alone; 0 leaves the rules as they are.
+  explicit AwaitedRequests(TransferRules rules = {}, std::size_t requestBytes = 0);
 
   /// What answers, of any status, its body decoded; blocks. As for a session's request, redirects
   /// are followed, and it ends with an error when it breaks the rules.
@@ -24,6 +27,7 @@ class ORIVANTA_API AwaitedRequests {
  private:
   struct State;
   const TransferRules rules_;
+  const std::size_t requestBytes_;
   const std::shared_ptr<State> state_;
 };
 

@@ -12,7 +12,8 @@
 
 namespace orivanta::network {
 
-/// A transfer is too slow when fewer bytes than this arrive in each second of a whole window.
+/// A transfer is too slow when fewer bytes than this, times the seconds of the window, arrive
+/// within a window. One window follows the other, from the first byte of an answer on.
 struct LowestRate {
   std::size_t bytesPerSecond = 1;
   std::chrono::seconds window{60};  ///< at least one second
@@ -24,8 +25,8 @@ struct TransferRules {
   LowestRate lowestRate;  ///< a slower transfer ends with an error; a minute without a byte does
   /// Whether a redirect from HTTPS to HTTP is an error instead of being followed.
   bool staysSecure = false;
-  /// Pays for the body while it is received and decoded. A request that exceeds it ends with an
-  /// error of the domain "memory" (see `memoryError`). May be null.
+  /// Pays for head and body while they are received and decoded. A request that exceeds it ends
+  /// with an error of the domain "memory" (see `memoryError`). May be null.
   std::shared_ptr<foundation::MemoryBudget> budget = nullptr;
 };
 

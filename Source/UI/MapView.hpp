@@ -110,6 +110,10 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// again. Larger ones are made smaller while they are read, as `FloorProgress::remark` tells. The
   /// limit applies to each load on its own: a host that keeps the nodes of an earlier venue keeps
   /// their pictures in memory, too.
+  ///
+  /// Up to four files are fetched at once, and each takes at most 192 MiB of memory until it is
+  /// saved: a file of up to 96 MiB, or more if it comes compressed. A larger one counts as not
+  /// fetched.
   std::shared_ptr<FloorLoad> loadFloors(FloorLoadHandlers handlers,
                                         const std::shared_ptr<Map>& first = nullptr);
 

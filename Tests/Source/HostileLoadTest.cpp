@@ -1,6 +1,7 @@
 // Servers whose answers would take memory or time without bound.
 #include <gmock/gmock.h>
 
+#include "Platform/Foundation/Diagnostics.hpp"
 #include "Source/Location.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/Orivanta.hpp"
@@ -109,9 +110,13 @@ TEST_F(HostileLoad, EndsWithAnErrorWhenItExceedsItsBudget) {
     EXPECT_THAT(report.failures[0].collection, testing::AnyOf(attack.collection, "venue"));
     EXPECT_EQ(report.failures[0].problem, LoadProblem::tooLarge);
 
+    std::string told;
+    foundation::setDiagnosticSink([&](std::string_view line) { told = line; });
     const Awaited<std::shared_ptr<Venue>> arrived;
     loadVenue(session, test::smallVenue(), false, [=](const auto& venue) { arrived.give(venue); });
     const auto venue = arrived.take();
+    foundation::setDiagnosticSink(nullptr);
+    EXPECT_EQ(told, "the venue is left empty: the memory budget is exceeded");
     EXPECT_TRUE(venue->locations->empty() && venue->nodes->empty() && venue->polygons->empty());
     EXPECT_TRUE(venue->navigationGraph->graph().empty());
   }

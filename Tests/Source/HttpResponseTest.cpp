@@ -257,17 +257,18 @@ TEST(CustomUrlSessionDelegate, ReportsTheErrorOfAnInvalidSessionAndFinishedEvent
 }
 
 TEST(HttpResponse, ALinkFromHttpsToHttpEndsAChainThatStaysSecure) {
-  for (const bool staysSecure : {true, false}) {
+  const std::string start = "https://u:p@h/a";
+  // A redirect may lead to a URL that cannot be read; then the response has none.
+  for (const auto& [staysSecure, url] : {std::pair(true, foundation::Url::parse(start)),
+                                         {true, std::nullopt},
+                                         {false, foundation::Url::parse(start)}}) {
     const auto delegate = std::make_shared<CustomUrlSessionDelegate>(nullptr, nullptr);
-    const auto session = network::UrlSession::make({"", {}, {{}, staysSecure}}, delegate);
+    const auto session = network::UrlSession::make({start, {}, {{}, staysSecure}}, delegate);
     const HttpResponse<int> response(session, delegate);
     std::string told;
     response.errorCallback = [&](const Error& error) { told = error.description; };
     std::string body = "[]";
-    delegate->onSuccess({foundation::Url::parse("https://u:p@h/a"),
-                         200,
-                         {{"Link", "<http://127.0.0.1:1/b>; rel=\"next\""}}},
-                        body);
+    delegate->onSuccess({url, 200, {{"Link", "<http://127.0.0.1:1/b>; rel=\"next\""}}}, body);
     EXPECT_EQ(told, staysSecure
                         ? "https://h/a leads to http://127.0.0.1:1/b, which is not encrypted"
                         : "");
@@ -368,6 +369,13 @@ TEST(HttpResponse, TheSessionIsInvalidBeforeTheEndIsReported) {
   start("b", validAtError);
   EXPECT_FALSE(validAtEnd.take());
   EXPECT_FALSE(validAtError.take());
+}
+
+TEST(HttpResponseDeathTest, NullStopsTheProgram) {
+  const auto delegate = std::make_shared<CustomUrlSessionDelegate>(nullptr, nullptr);
+  EXPECT_DEATH(HttpResponse<int>(nullptr, delegate), "unexpectedly found nil");
+  EXPECT_DEATH(HttpResponse<int>(network::UrlSession::make({}, delegate), nullptr),
+               "unexpectedly found nil");
 }
 
 }  // namespace

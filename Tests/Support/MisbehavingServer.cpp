@@ -128,9 +128,10 @@ Answer Answer::resetAfter(std::size_t bodyBytes) const {
   return answer;
 }
 
-Answer Answer::trickled() const {
+Answer Answer::trickled(std::size_t bytesInBurst) const {
   Answer answer = *this;
   answer.byTrickles = true;
+  answer.burstBytes = bytesInBurst;
   return answer;
 }
 
@@ -256,11 +257,12 @@ class MisbehavingServer::Implementation {
     const std::size_t atOnce = bytes.size() - (answer.byTrickles ? body.size() : 0);
     auto [failure, count] =
         co_await asio::async_write(socket, asio::buffer(bytes, atOnce), reportingErrors);
-    for (std::size_t i = atOnce; i < bytes.size() && !failure; ++i) {
+    for (std::size_t i = atOnce, turn = 0; i < bytes.size() && !failure; i += count, ++turn) {
+      const std::size_t size = std::min(turn % 80 == 0 ? answer.burstBytes : 1, bytes.size() - i);
       asio::steady_timer timer(context_, std::chrono::milliseconds(50));
       co_await timer.async_wait(reportingErrors);
       std::tie(failure, count) =
-          co_await asio::async_write(socket, asio::buffer(&bytes[i], 1), reportingErrors);
+          co_await asio::async_write(socket, asio::buffer(&bytes[i], size), reportingErrors);
     }
     boost::system::error_code ignored;
     if (answer.ending == Answer::Ending::reset)

@@ -44,6 +44,7 @@ struct Answer {
   Ending ending = Ending::complete;
   std::size_t sentBodyBytes = 0;  ///< before the early end
   bool byTrickles = false;        ///< a byte of the body every 50 ms
+  std::size_t burstBytes = 1;     ///< in place of that byte, every 4 s
   std::shared_ptr<Latch> latch;   ///< nothing is sent before it opens; may be null
 
   static Answer json(std::string text, int status = 200);
@@ -55,7 +56,7 @@ struct Answer {
   Answer gzipped() const;                     ///< compresses the body
   Answer chunked() const;
   Answer closedAfter(std::size_t bodyBytes) const;
-  Answer trickled() const;
+  Answer trickled(std::size_t burstBytes = 1) const;
   Answer resetAfter(std::size_t bodyBytes) const;
   Answer held(std::shared_ptr<Latch> latch) const;
 };

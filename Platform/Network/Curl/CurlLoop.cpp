@@ -4,11 +4,14 @@
 #include <pthread.h>
 #include <strings.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cctype>
+#include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
-#include <new>
+#include <exception>
 #include <string_view>
 #include <utility>
 
@@ -58,19 +61,17 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
 
  private:
   friend class CurlLoop;
+  using Clock = std::chrono::steady_clock;
 
   static std::size_t receiveBody(char* bytes, std::size_t, std::size_t count, void* context) {
-    UrlResult& result = static_cast<Transfer*>(context)->result_;
+    auto& self = *static_cast<Transfer*>(context);
+    UrlResult& result = self.result_;
     if (count > largestBodyBytes - result.body.size()) return 0;
-    try {
+    return self.received(count, [&] {
       // Twice, since the text is there twice while it is moved to a larger place.
       if (result.share) result.share->take(2 * count);
       result.body.append(bytes, count);
-    } catch (const std::bad_alloc& failure) {
-      result.error = foundation::memoryError(failure);
-      return 0;
-    }
-    return count;
+    });
   }
 
   // Called for each header line of each response on the way, redirects included.
@@ -78,8 +79,39 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
     std::string_view line(bytes, count);
     while (!line.empty() && std::isspace(static_cast<unsigned char>(line.back())))
       line.remove_suffix(1);
-    static_cast<Transfer*>(context)->receiveLine(line);
+    auto& self = *static_cast<Transfer*>(context);
+    return self.received(count, [&] { self.receiveLine(line); });
+  }
+
+  // Counts what has arrived and keeps it. No exception may pass through libcurl.
+  template <class Keep>
+  std::size_t received(std::size_t count, Keep keep) {
+    if (!windowStart_) windowStart_ = Clock::now();
+    windowBytes_ += count;
+    try {
+      keep();
+    } catch (const std::exception& failure) {
+      result_.error = foundation::memoryError(failure);
+      return 0;
+    }
     return count;
+  }
+
+  // Called at least once a second. The first window begins with the first bytes of an answer: until
+  // then, and so while a redirect is followed, libcurl's own limits hold.
+  static int judgeRate(void* context, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
+    auto& self = *static_cast<Transfer*>(context);
+    long redirects = 0;
+    curl_easy_getinfo(self.handle_, CURLINFO_REDIRECT_COUNT, &redirects);
+    if (std::exchange(self.redirects_, redirects) != redirects) self.windowStart_.reset();
+    const LowestRate& rate = self.request_.rules.lowestRate;
+    const auto window = std::max(rate.window, std::chrono::seconds(1));
+    if (self.windowStart_ && Clock::now() - *self.windowStart_ < window) return 0;
+    const std::uint64_t bytes = std::exchange(self.windowBytes_, 0);
+    if (!self.windowStart_) return 0;
+    self.windowStart_ = Clock::now();
+    self.isTooSlow_ = bytes / static_cast<std::uint64_t>(window.count()) < rate.bytesPerSecond;
+    return self.isTooSlow_ ? 1 : 0;
   }
 
   // A status line begins a new response; an empty line ends its fields, and what comes behind the
@@ -97,6 +129,7 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
       std::string_view value = line.substr(colon + 1);
       while (!value.empty() && (value.front() == ' ' || value.front() == '\t'))
         value.remove_prefix(1);
+      if (result_.share) result_.share->take(sizeof(fields[0]) + line.size());
       fields.emplace_back(line.substr(0, colon), value);
     }
   }
@@ -104,14 +137,19 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
   // Called when an URL begins to answer: from an HTTPS one, only redirects to HTTPS are followed.
   void keepToHttps() {
     result_.response.url = currentUrl();
-    if (result_.response.url && strcasecmp(result_.response.url->scheme().c_str(), "https") == 0)
+    if (strncasecmp(effectiveUrl(), "https:", 6) == 0)
       curl_easy_setopt(handle_, CURLOPT_REDIR_PROTOCOLS_STR, "https");
   }
 
-  std::optional<foundation::Url> currentUrl() const {
+  // As libcurl reads it, which is less strict than `Url`.
+  const char* effectiveUrl() const {
     const char* text = nullptr;
     curl_easy_getinfo(handle_, CURLINFO_EFFECTIVE_URL, &text);
-    const auto url = text == nullptr ? std::nullopt : foundation::Url::parse(text);
+    return text == nullptr ? "" : text;
+  }
+
+  std::optional<foundation::Url> currentUrl() const {
+    const auto url = foundation::Url::parse(effectiveUrl());
     return url ? std::optional(url->withoutCredentials()) : std::nullopt;
   }
 
@@ -131,6 +169,13 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
   CURL* handle_ = nullptr;
   curl_slist* headerList_ = nullptr;
   bool headComplete_ = false;
+
+  // What has arrived, head and body, since the rate was judged last.
+  std::optional<Clock::time_point> windowStart_;
+  std::uint64_t windowBytes_ = 0;
+  long redirects_ = 0;
+  bool isTooSlow_ = false;
+
   char errorText_[CURL_ERROR_SIZE] = {};
 };
 
@@ -253,7 +298,11 @@ void CurlLoop::Transfer::setOptions() {
   const LowestRate& rate = request_.rules.lowestRate;
   curl_easy_setopt(handle_, CURLOPT_LOW_SPEED_LIMIT, static_cast<long>(rate.bytesPerSecond));
   curl_easy_setopt(handle_, CURLOPT_LOW_SPEED_TIME, static_cast<long>(rate.window.count()));
-  if (const char* certificates = std::getenv("SSL_CERT_FILE"))
+  curl_easy_setopt(handle_, CURLOPT_NOPROGRESS, 0L);
+  curl_easy_setopt(handle_, CURLOPT_XFERINFOFUNCTION, &Transfer::judgeRate);
+  curl_easy_setopt(handle_, CURLOPT_XFERINFODATA, this);
+  const char* certificates = std::getenv("SSL_CERT_FILE");
+  if (certificates != nullptr && *certificates != '\0')
     curl_easy_setopt(handle_, CURLOPT_CAINFO, certificates);
   curl_easy_setopt(handle_, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(handle_, CURLOPT_ERRORBUFFER, errorText_);
@@ -270,6 +319,13 @@ foundation::Error CurlLoop::Transfer::errorOf(int outcome) const {
   if (outcome == CURLE_UNSUPPORTED_PROTOCOL && answered && refused &&
       leavesHttps(*answered, *refused))
     return insecureStep(*answered, *refused);
+  if (isTooSlow_) {
+    const LowestRate& rate = request_.rules.lowestRate;
+    return {"curl", CURLE_OPERATION_TIMEDOUT,
+            "Operation too slow. Less than " + std::to_string(rate.bytesPerSecond) +
+                " bytes/sec transferred the last " + std::to_string(rate.window.count()) +
+                " seconds"};
+  }
   return curlError(outcome, errorText_);
 }
 

@@ -35,15 +35,19 @@ std::optional<std::string> gunzipped(std::string_view compressed, std::size_t la
   stream.avail_in = static_cast<uInt>(compressed.size());
 
   std::string bytes;
-  // While the text grows, the former and the new one are there at once.
-  const auto resize = [&](std::size_t size) {
+  // While the text grows, the former and the new one are there at once. `std::string` itself would
+  // at least double its memory, beyond what is counted.
+  const auto grow = [&](std::size_t size) {
     const std::size_t former = bytes.size();
     if (share != nullptr) share->take(size);
-    bytes.resize(size);
+    std::string larger;
+    larger.reserve(size);
+    larger = bytes;
+    larger.resize(size);
+    bytes.swap(larger);
     if (share != nullptr) share->giveBack(former);
   };
-  resize(
-      static_cast<std::size_t>(std::min<std::uint64_t>(largestBytes, expectedBytes(compressed))));
+  grow(static_cast<std::size_t>(std::min<std::uint64_t>(largestBytes, expectedBytes(compressed))));
   std::size_t length = 0;
   for (;;) {
     stream.next_out = reinterpret_cast<Bytef*>(bytes.data() + length);
@@ -58,7 +62,7 @@ std::optional<std::string> gunzipped(std::string_view compressed, std::size_t la
     }
     if (stream.avail_out == 0) {
       if (bytes.size() >= largestBytes) return std::nullopt;
-      resize(std::min(largestBytes, bytes.size() * 2));
+      grow(std::min(largestBytes, bytes.size() * 2));
     }
   }
   bytes.resize(length);

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <thread>
 
+#include "Platform/Network/Curl/Inflate.hpp"
 #include "Tests/Support/Awaited.hpp"
 #include "Tests/Support/EnvironmentVariable.hpp"
 #include "Tests/Support/MisbehavingServer.hpp"
@@ -140,6 +141,37 @@ TEST(UrlSession, RefusesABodyThatInflatesBeyondTheLimit) {
   EXPECT_EQ(recorded.get(server.root("/large")).body.size(), 32U << 20U);
 }
 
+TEST(UrlSession, EndsATransferBelowTheLowestRate) {
+  MisbehavingServer server;
+  const std::string body(1'000'000, ' ');
+  server.on("/even", Answer::json(body).trickled());
+  server.on("/bursts", Answer::json(body).trickled(100'000));  // 25 kB/s, but not in each second
+  Recorded recorded(strictRules({1000, std::chrono::seconds(1)}));
+  for (const char* const path : {"/even", "/bursts"}) {
+    const auto error = recorded.get(server.root(path)).error;
+    ASSERT_TRUE(error) << path;
+    EXPECT_EQ(error->code, 28);
+  }
+}
+
+TEST(UrlSession, ItsBudgetPaysForTheHeadToo) {
+  MisbehavingServer server;
+  server.on("/a", Answer::json("[]").with("X-Large", std::string(5000, 'a')));
+  TransferRules rules;
+  rules.budget = std::make_shared<foundation::MemoryBudget>(2000);
+  const auto error = Recorded(rules).get(server.root("/a")).error;
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->domain, foundation::memoryErrorDomain);
+}
+
+TEST(Gunzipped, TakesNoMoreMemoryThanItMay) {
+  const auto members = test::gzipped(std::string(600, ' ')) + test::gzipped("[]");
+  const auto bytes = gunzipped(members, 700);
+  ASSERT_TRUE(bytes);
+  EXPECT_EQ(*bytes, std::string(600, ' ') + "[]");
+  EXPECT_LE(bytes->capacity(), 700U);
+}
+
 TEST(UrlSession, LeavesHttpsOnlyIfItsRulesLetIt) {
   const test::TemporaryFolder folder;
   const auto certificate = folder.path() / "certificate.pem";
@@ -168,6 +200,10 @@ TEST(UrlSession, LeavesHttpsOnlyIfItsRulesLetIt) {
     server.forgetRequests();
   }
   EXPECT_FALSE(strict.get(secure.root("/along")).error);
+  {
+    const test::EnvironmentVariable none("SSL_CERT_FILE", "");
+    EXPECT_EQ(Recorded().get(secure.root("/end")).error->code, 60) << "not trusted";
+  }
   EXPECT_FALSE(strict.get(server.root("/end")).error);
 }
 

@@ -40,12 +40,16 @@ class FileFetchTest : public testing::Test {
 };
 
 TEST_F(FileFetchTest, KeepsOnlyAnAnswerThatIsOne) {
-  server.on("/a.png",
-            {Answer::html("404 page not found", 404), Answer::html("busy", 503), Answer::html(""),
-             Answer::html("{}"), Answer::html("cut").closedAfter(1), Answer::html("picture", 203)});
+  Answer bomb = Answer::html("").with("Content-Encoding", "gzip");  // 128 MiB
+  const std::string member = gzipped(std::string(16U << 20U, ' '));
+  for (int i = 0; i < 8; ++i) bomb.body += member;
+  server.on("/a.png", {Answer::html("404 page not found", 404), Answer::html("busy", 503), bomb,
+                       Answer::html(""), Answer::html("{}"), Answer::html("cut").closedAfter(1),
+                       Answer::html("picture", 203)});
   const auto kept = *foundation::cachesDirectory() / "maps" / "a.png";
   for (const std::string problem :
-       {"answered with HTTP status 404", "answered with HTTP status 503", "answered with nothing",
+       {"answered with HTTP status 404", "answered with HTTP status 503",
+        "cannot be fetched: it takes more memory", "answered with nothing",
         "gives an error page in place of the file", "cannot be fetched: ", ""}) {
     const Awaited<FileFetch::Outcome> outcome;
     start("/a.png", [outcome](std::size_t, const auto& ended) { outcome.give(ended); });
