@@ -10,7 +10,8 @@ namespace orivanta::server {
 struct ConnectionLimits {
   /// Connections that are open at the same time; at least 1. When all are in use, a new client
   /// takes the place of the one that has been idle for longest, or that has taken nothing of its
-  /// answer for longest. A new client waits while all others are busy.
+  /// answer for longest, or that has been slowest in a connection of at least a `rateWindow`. A new
+  /// client waits while all others are newer than that or wait for the server.
   std::size_t connections = 512;
 
   std::uint32_t headerBytes = 16U << 10U;  ///< of a request's header; a longer one is answered 431

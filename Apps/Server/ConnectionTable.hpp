@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <list>
 #include <mutex>
@@ -24,44 +25,53 @@ class ConnectionTable {
   struct Entry {
     std::function<void()> close;
     Phase phase = Phase::idle;
-    Time since;  // of the phase; while sending, of the last progress
+    Time since;               // of the phase; while sending, of the last progress
+    Time start;               // of the connection, put off by the time it was idle
+    std::uint64_t taken = 0;  // by the client, of all answers
     bool isClosing = false;
   };
 
  public:
   using Place = std::list<Entry>::iterator;
 
-  /// A sending connection may be closed for a new one when it has made no progress for `stallTime`.
-  ConnectionTable(std::size_t capacity, std::chrono::milliseconds stallTime)
-      : capacity_(capacity), stallTime_(stallTime) {}
+  /// A sending connection may be closed for a new one when it has made no progress for `stallTime`,
+  /// or when it has not been idle for `grace` in all, which is more than 0.
+  ConnectionTable(std::size_t capacity, std::chrono::milliseconds stallTime,
+                  std::chrono::milliseconds grace)
+      : capacity_(capacity), stallTime_(stallTime), grace_(grace) {}
 
-  /// Adds an idle connection. `close` is called at most once, on the thread that calls `makeRoom`
-  /// or `closeStalled`; it returns without waiting for the connection's end. The place is valid
-  /// until it is passed to `leave`.
+  /// Adds an idle connection. `close` is called at most once, on the thread that calls `makeRoom`,
+  /// `closeOne` or `closeSender`; it returns without waiting for the connection's end. The place is
+  /// valid until it is passed to `leave`.
   Place enter(Time now, std::function<void()> close);
   void leave(Place place);
 
-  /// Records a new phase, or progress in sending. Returns false if the connection has been told to
-  /// close.
+  /// Records a new phase. Returns false if the connection has been told to close.
   bool update(Place place, Phase phase, Time now);
+
+  /// Records that the client of a sending connection has taken `bytes` more.
+  void progress(Place place, std::uint64_t bytes, Time now);
 
   /// Whether one more connection may enter. In a full table one is closed for it, see `closeOne`.
   bool makeRoom(Time now);
 
-  /// Closes the connection that has been idle for longest, else the sending one that made no
-  /// progress for longest. Returns false when there is neither.
+  /// Closes the connection that has been idle for longest, else one that `closeSender` chooses.
+  /// Returns false if there is none.
   bool closeOne(Time now);
 
-  /// Closes the sending connection that made no progress for longest, if there is one.
-  void closeStalled(Time now);
+  /// Closes the sending connection that has made no progress for longest, if that is `stallTime`.
+  /// Otherwise closes the one with the lowest rate, on average over the time in which it was not
+  /// idle, of those that have used up their `grace`. Returns false if there is none.
+  bool closeSender(Time now);
 
  private:
   std::list<Entry>& listOf(Phase phase);
-  std::list<Entry>* stalled(Time now);
-  bool closeFirst(std::list<Entry>* list, std::unique_lock<std::mutex> lock);
+  Place sender(Time now);
+  bool close(Place place, std::unique_lock<std::mutex> lock);
 
   const std::size_t capacity_;
   const std::chrono::milliseconds stallTime_;
+  const std::chrono::milliseconds grace_;
   std::mutex mutex_;       // guards what follows; never held while a connection is told to close
   std::list<Entry> idle_;  // these are ordered by `since`
   std::list<Entry> working_;

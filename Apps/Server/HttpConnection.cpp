@@ -25,6 +25,10 @@ namespace {
 // How often the server looks at the progress of an answer within a rate window.
 constexpr unsigned looksPerWindow = 30;
 
+// How often a request is put to the handler while that lacks something.
+constexpr unsigned mostAttempts = 5;
+constexpr std::chrono::milliseconds attemptDelay(20);
+
 std::chrono::milliseconds lookInterval(const ConnectionLimits& limits) {
   return std::max(std::chrono::milliseconds(1), limits.rateWindow / looksPerWindow);
 }
@@ -38,7 +42,7 @@ std::uint64_t leastInWindow(const ConnectionLimits& limits) {
 ServerContext::ServerContext(RequestHandler answer, const ConnectionLimits& bounds)
     : handler(std::move(answer)),
       limits(bounds),
-      table(bounds.connections, 2 * lookInterval(bounds)) {}
+      table(bounds.connections, 2 * lookInterval(bounds), bounds.rateWindow) {}
 
 // A message on its way.
 struct HttpConnection::Outgoing {
@@ -121,14 +125,23 @@ void HttpConnection::answer() {
   const auto& request = parser_->get();
   std::shared_ptr<Outgoing> outgoing;
   try {
+    Response response = context_->handler(requestFrom(request, fromTrustedProxy_));
+    if (response.status == 503 && ++attempts_ < mostAttempts) return answerLater();
     outgoing = std::make_shared<Outgoing>(
-        messageFrom(context_->handler(requestFrom(request, fromTrustedProxy_)), request.version(),
-                    request.keep_alive()));
+        messageFrom(std::move(response), request.version(), request.keep_alive()));
   } catch (...) {
     outgoing = std::make_shared<Outgoing>(
         messageFrom(errorResponse(500, "The server failed to answer."), request.version(), false));
   }
   send(std::move(outgoing));
+}
+
+// Clients that are slow may hold what is lacking: descriptors or memory.
+void HttpConnection::answerLater() {
+  context_->table.closeSender(Clock::now());
+  const auto timer =
+      std::make_shared<boost::asio::steady_timer>(stream_.get_executor(), attemptDelay);
+  timer->async_wait([self = shared_from_this(), timer](const Error&) { self->answer(); });
 }
 
 void HttpConnection::refuse(Response response) {
@@ -137,12 +150,10 @@ void HttpConnection::refuse(Response response) {
 }
 
 void HttpConnection::send(std::shared_ptr<Outgoing> outgoing) {
-  // Clients that have stalled may hold what is lacking: descriptors or memory.
-  if (outgoing->message.result() == http::status::service_unavailable)
-    context_->table.closeStalled(Clock::now());
+  attempts_ = 0;
   enter(Phase::sending);
+  recordProgress();
   startRateWindow();
-  takenBefore_ = takenAtWindowStart_;
   watchRate();
   stream_.expires_never();
   write(std::move(outgoing));
@@ -161,8 +172,14 @@ void HttpConnection::write(std::shared_ptr<Outgoing> outgoing) {
                          });
 }
 
+void HttpConnection::recordProgress() {
+  const std::uint64_t taken = takenBytes();
+  if (taken > takenBefore_) context_->table.progress(*place_, taken - takenBefore_, Clock::now());
+  takenBefore_ = taken;
+}
+
 void HttpConnection::startRateWindow() {
-  takenAtWindowStart_ = takenBytes();
+  takenAtWindowStart_ = takenBefore_;
   looksInWindow_ = 0;
 }
 
@@ -178,11 +195,9 @@ void HttpConnection::watchRate() {
 void HttpConnection::judgeRate() {
   watchesRate_ = false;
   if (phase_ != Phase::sending) return;
-  const std::uint64_t taken = takenBytes();
-  if (taken > takenBefore_) enter(Phase::sending);
-  takenBefore_ = taken;
+  recordProgress();
   if (++looksInWindow_ == looksPerWindow) {
-    if (taken - takenAtWindowStart_ < leastInWindow(context_->limits)) return cutOff();
+    if (takenBefore_ - takenAtWindowStart_ < leastInWindow(context_->limits)) return cutOff();
     startRateWindow();
   }
   watchRate();

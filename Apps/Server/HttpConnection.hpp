@@ -52,9 +52,11 @@ class HttpConnection : public std::enable_shared_from_this<HttpConnection> {
   void headerRead(const Error& error);
   void requestUnread(const Error& error);
   void answer();
+  void answerLater();
   void refuse(Response response);
   void send(std::shared_ptr<Outgoing> outgoing);
   void write(std::shared_ptr<Outgoing> outgoing);
+  void recordProgress();
   void startRateWindow();
   void watchRate();
   void judgeRate();
@@ -70,6 +72,8 @@ class HttpConnection : public std::enable_shared_from_this<HttpConnection> {
   ConnectionTable::Phase phase_ = ConnectionTable::Phase::idle;
   boost::beast::flat_buffer buffer_;
   std::optional<boost::beast::http::request_parser<boost::beast::http::string_body>> parser_;
+
+  unsigned attempts_ = 0;  // to answer the request
 
   boost::asio::steady_timer rateTimer_;
   bool watchesRate_ = false;

@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <boost/asio/post.hpp>
 #include <boost/asio/strand.hpp>
-#include <new>
 #include <stdexcept>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include "Apps/Server/HttpConnection.hpp"
@@ -71,43 +71,54 @@ Listener::Listener(asio::io_context& context, Options options)
 
 void Listener::start(RequestHandler handler) {
   shared_ = std::make_shared<ServerContext>(std::move(handler), limits_);
-  asio::post(acceptor_.get_executor(), [self = shared_from_this()] { self->accept(); });
+  asio::post(acceptor_.get_executor(),
+             [self = shared_from_this()] { self->attempt(&Listener::accept); });
+}
+
+// An exception that left this function would be the end of accepting. The thread waits itself, as a
+// timer needs memory.
+void Listener::attempt(Step step) {
+  while (!context_.stopped()) {
+    try {
+      return (this->*step)();
+    } catch (...) {
+      step = waiting_ ? &Listener::admitWaiting : &Listener::acceptLater;
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+  }
 }
 
 void Listener::accept() {
   acceptor_.async_accept(
       asio::make_strand(context_),
       [self = shared_from_this()](const boost::system::error_code& error, tcp::socket socket) {
-        if (error) return self->acceptLater();
+        if (error) return self->attempt(&Listener::acceptLater);
         self->waiting_ = std::move(socket);
-        self->admitWaiting();
+        self->attempt(&Listener::admitWaiting);
       });
 }
 
 void Listener::admitWaiting() {
   if (!shared_->table.makeRoom(std::chrono::steady_clock::now()))
     return callLater(std::chrono::milliseconds(10), &Listener::admitWaiting);
-  try {
-    tcp::socket socket = *std::exchange(waiting_, std::nullopt);
-    tune(socket);
-    const bool trusted = isTrusted(socket);
-    std::make_shared<HttpConnection>(std::move(socket), shared_, trusted)->start();
-    accept();
-  } catch (const std::bad_alloc&) {
-    acceptLater();
-  }
+  tcp::socket socket = *std::exchange(waiting_, std::nullopt);
+  tune(socket);
+  const bool trusted = isTrusted(socket);
+  std::make_shared<HttpConnection>(std::move(socket), shared_, trusted)->start();
+  accept();
 }
 
-// Out of descriptors, for example: somebody has to go, and trying again at once is of no use.
+// Out of descriptors or memory, for example: somebody has to go, and trying again at once is of no
+// use.
 void Listener::acceptLater() {
   shared_->table.closeOne(std::chrono::steady_clock::now());
   callLater(std::chrono::milliseconds(100), &Listener::accept);
 }
 
-void Listener::callLater(std::chrono::milliseconds delay, void (Listener::*step)()) {
+void Listener::callLater(std::chrono::milliseconds delay, Step step) {
   retry_.expires_after(delay);
   retry_.async_wait([self = shared_from_this(), step](const boost::system::error_code& error) {
-    if (!error) (self.get()->*step)();
+    if (!error) self->attempt(step);
   });
 }
 

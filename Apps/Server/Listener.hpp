@@ -37,10 +37,13 @@ class Listener : public std::enable_shared_from_this<Listener> {
   void start(RequestHandler handler);
 
  private:
+  using Step = void (Listener::*)();
+
+  void attempt(Step step);
   void accept();
   void admitWaiting();
   void acceptLater();
-  void callLater(std::chrono::milliseconds delay, void (Listener::*step)());
+  void callLater(std::chrono::milliseconds delay, Step step);
   bool isTrusted(const boost::asio::ip::tcp::socket& socket) const;
 
   boost::asio::io_context& context_;

@@ -61,8 +61,8 @@ std::optional<PackageFile> PackageFile::open(const fs::path& folder,
   if (file.descriptor_ < 0 || ::fstat(file.descriptor_, &status) != 0 || !S_ISREG(status.st_mode))
     return std::nullopt;
   file.size_ = static_cast<std::uint64_t>(status.st_size);
-  file.version_ = fmt::format("{:x}-{:x}-{:x}.{:x}", status.st_ino, status.st_size,
-                              status.st_ctim.tv_sec, status.st_ctim.tv_nsec);
+  file.version_ = fmt::format("{:x}-{:x}-{:x}-{:x}.{:x}", status.st_dev, status.st_ino,
+                              status.st_size, status.st_ctim.tv_sec, status.st_ctim.tv_nsec);
   return file;
 }
 

@@ -18,9 +18,8 @@ class PackageFile {
   /// Opens the file at a path below `folder`, given as its decoded segments; `folder` is absolute
   /// and free of symbolic links. Nothing when there is no such file, when a segment is empty,
   /// begins with a dot or holds a slash or a NUL, and when a symbolic link leads out of the folder
-  /// or to a name with a leading dot. If
-  /// the file may exist, but the system is out of descriptors or memory, `shortage` says so; else
-  /// it is cleared.
+  /// or to a name with a leading dot. If the file may exist, but the system is out of descriptors
+  /// or memory, `shortage` says so; else it is cleared.
   static std::optional<PackageFile> open(const std::filesystem::path& folder,
                                          const std::vector<std::string>& segments,
                                          std::error_code& shortage);
@@ -30,7 +29,7 @@ class PackageFile {
   ~PackageFile();
 
   std::uint64_t size() const { return size_; }
-  /// Changes with the file's contents: made of its number, size and time of change.
+  /// Changes with the file's contents: made of its device, number, size and time of change.
   const std::string& version() const { return version_; }
   /// Reads at most `count` of the `size` bytes, from `position` on. Returns how many were read: 0
   /// at the end, and also before if the file has become shorter or cannot be read. Bytes that were

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <new>
 #include <utility>
 
 #include "Apps/Server/PackageError.hpp"
@@ -53,24 +52,29 @@ std::shared_ptr<const PackageSet> PackageStore::current() {
   return current_;
 }
 
-// Null when no package was replaced. Throws nothing.
-std::shared_ptr<const PackageSet> PackageStore::refreshed(const PackageSet& old) try {
+// Null when no package was replaced.
+std::shared_ptr<const PackageSet> PackageStore::refreshed(const PackageSet& old) noexcept try {
   auto packages = old.packages;
+  auto seenVersions = seenVersions_;
   for (std::size_t index = 0; index < packages.size(); ++index)
-    if (auto package = replacement(old, index)) packages[index] = std::move(package);
-  if (packages == old.packages) return nullptr;
-  return std::make_shared<const PackageSet>(std::move(packages));
-} catch (const std::bad_alloc&) {
+    if (auto package = replacement(old, index, seenVersions[index]))
+      packages[index] = std::move(package);
+  const bool isSame = packages == old.packages;
+  auto set = isSame ? nullptr : std::make_shared<const PackageSet>(std::move(packages));
+  seenVersions_ = std::move(seenVersions);
+  return set;
+} catch (...) {
   return nullptr;
 }
 
 // Null when the package is what it was, or cannot take the place of the old one.
 std::shared_ptr<const VenuePackage> PackageStore::replacement(const PackageSet& old,
-                                                              std::size_t index) {
+                                                              std::size_t index,
+                                                              std::string& seenVersion) const {
   const VenuePackage& before = *old.packages[index];
   std::string version = packageVersion(before.source);
-  if (version.empty() || version == seenVersions_[index]) return nullptr;
-  seenVersions_[index] = std::move(version);
+  if (version.empty() || version == seenVersion) return nullptr;
+  seenVersion = std::move(version);
   try {
     auto package = std::make_shared<const VenuePackage>(readPackage(before.source));
     const VenuePackage* namesake = old.package(package->slug);
@@ -78,12 +82,18 @@ std::shared_ptr<const VenuePackage> PackageStore::replacement(const PackageSet& 
       throw PackageError(fmt::format("{}: the slug \"{}\" is also that of {}",
                                      before.source.string(), package->slug,
                                      namesake->source.string()));
-    if (report_) report_(fmt::format("{}: the package was read again", before.source.string()));
+    report(fmt::format("{}: the package was read again", before.source.string()));
     return package;
   } catch (const std::exception& error) {
-    if (report_) report_(fmt::format("{}; the package stays as it was", error.what()));
+    report(fmt::format("{}; the package stays as it was", error.what()));
     return nullptr;
   }
+}
+
+void PackageStore::report(const std::string& line) const try {
+  if (report_) report_(line);
+} catch (...) {
+  return;
 }
 
 }  // namespace orivanta::server

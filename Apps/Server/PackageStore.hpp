@@ -30,7 +30,7 @@ struct PackageSet {
 class PackageStore {
  public:
   /// `report` is called with a line of text about every package that was read again or could not
-  /// be; it may be null.
+  /// be; it may be null. What it throws is ignored.
   PackageStore(std::vector<VenuePackage> packages, std::chrono::milliseconds checkInterval,
                std::function<void(const std::string&)> report);
 
@@ -40,8 +40,10 @@ class PackageStore {
   std::shared_ptr<const PackageSet> current();
 
  private:
-  std::shared_ptr<const PackageSet> refreshed(const PackageSet& old);
-  std::shared_ptr<const VenuePackage> replacement(const PackageSet& old, std::size_t index);
+  std::shared_ptr<const PackageSet> refreshed(const PackageSet& old) noexcept;
+  std::shared_ptr<const VenuePackage> replacement(const PackageSet& old, std::size_t index,
+                                                  std::string& seenVersion) const;
+  void report(const std::string& line) const;
 
   const std::chrono::milliseconds checkInterval_;
   const std::function<void(const std::string&)> report_;

@@ -103,6 +103,7 @@ class RecordCollection::Writer {
     if (!path) return appendCompactJson(text_, value);
     text_ += '"';
     collection_.gaps_.push_back({text_.size(), 0, {}});
+    collection_.dependsOnOrigin_ = true;
     text_ += filesPath_;
     text_ += *path;
     text_ += '"';

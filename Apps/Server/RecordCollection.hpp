@@ -27,6 +27,9 @@ class RecordCollection {
   /// The tags under which the records have names, in lower case, each once.
   const std::vector<std::string>& languages() const { return languages_; }
 
+  /// Whether pages differ between origins: some record names a file of its package.
+  bool dependsOnOrigin() const { return dependsOnOrigin_; }
+
   /// A JSON array of at most `count` records from the one at index `first`. `origin` is such as
   /// "http://localhost:8080"; `preferred` holds the languages that the client reads, best first.
   std::string page(std::size_t first, std::size_t count, std::string_view origin,
@@ -52,6 +55,7 @@ class RecordCollection {
   std::vector<std::size_t> starts_;  // of the records in the text
   std::vector<Gap> gaps_;            // by position
   std::vector<std::string> languages_;
+  bool dependsOnOrigin_ = false;
 };
 
 }  // namespace orivanta::server

@@ -52,9 +52,11 @@ std::shared_ptr<const Representation> RepresentationCache::find(const std::strin
 }
 
 void RepresentationCache::insert(Entry entry) {
-  bytes_ += entry.bytes();
-  entries_.push_front(std::move(entry));
-  index_.emplace(entries_.front().key, entries_.begin());
+  std::list<Entry> added;
+  added.push_front(std::move(entry));
+  index_.emplace(added.front().key, added.begin());
+  bytes_ += added.front().bytes();
+  entries_.splice(entries_.begin(), added);
   dropUnused();
 }
 

@@ -133,12 +133,13 @@ Response Router::page(const Request& request, const Target& target, const Paged&
   const std::string origin = originFor(request);
   const auto languages = preferredLanguages(request, records);
   const bool gzip = acceptsGzip(request.acceptEncoding);
-  const auto key = fmt::format("{} {} {} {} {} {}", paged.key, paging->page, paging->pageSize,
-                               origin, gzip, fmt::join(languages, " "));
-  const auto representation = cache_.get(key, [&] {
-    return represented(records.page(paging->firstRecord(), paging->pageSize, origin, languages),
-                       gzip);
-  });
+  const std::size_t first = paging->firstRecord();
+  const std::size_t count = std::min(paging->pageSize, records.size() - first);
+  const auto key = fmt::format("{} {} {} {} {} {}", paged.key, first, count,
+                               records.dependsOnOrigin() ? origin : std::string(), gzip,
+                               fmt::join(languages, " "));
+  const auto representation = cache_.get(
+      key, [&] { return represented(records.page(first, count, origin, languages), gzip); });
   if (!representation) return unavailableResponse("Too many pages are being sent.");
   Response response = representationResponse(request, representation, "application/json",
                                              "Accept-Encoding, Accept-Language");

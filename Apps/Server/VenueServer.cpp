@@ -54,6 +54,26 @@ void runToTheEnd(boost::asio::io_context& context) {
   }
 }
 
+// Runs the context until its own end.
+class Threads {
+ public:
+  explicit Threads(boost::asio::io_context& context) : context_(context) {}
+  ~Threads() {
+    context_.stop();
+    for (std::thread& thread : threads_) thread.join();
+  }
+  Threads(const Threads&) = delete;
+  Threads& operator=(const Threads&) = delete;
+
+  void add() {
+    threads_.emplace_back([this] { runToTheEnd(context_); });
+  }
+
+ private:
+  boost::asio::io_context& context_;
+  std::vector<std::thread> threads_;
+};
+
 }  // namespace
 
 class VenueServer::Implementation {
@@ -70,13 +90,7 @@ class VenueServer::Implementation {
                                     options.origin, options.packageCheckInterval, options.report});
     listener_->start([this](const Request& request) { return router_->respond(request); });
     const unsigned threadCount = std::clamp(std::thread::hardware_concurrency(), 2U, 4U);
-    for (unsigned count = 0; count < threadCount; ++count)
-      threads_.emplace_back([this] { runToTheEnd(context_); });
-  }
-
-  ~Implementation() {
-    context_.stop();
-    for (std::thread& thread : threads_) thread.join();
+    for (unsigned count = 0; count < threadCount; ++count) threads_.add();
   }
 
   std::string root() const { return origin_ + "/1/"; }
@@ -86,7 +100,7 @@ class VenueServer::Implementation {
   std::optional<Router> router_;
   boost::asio::io_context context_;  // goes before the router: connections refer to it
   std::shared_ptr<Listener> listener_;
-  std::vector<std::thread> threads_;
+  Threads threads_{context_};  // end first, also when one cannot be started
 };
 
 VenueServer::VenueServer(const ServerOptions& options)

@@ -118,5 +118,27 @@ TEST(HttpConnection, NewClientsWaitWhileAllOthersAreBusy) {
   EXPECT_EQ(second.read().body(), "/second");
 }
 
+TEST(HttpConnection, SlowClientsGiveBackWhatAnotherLacks) {
+  ConnectionLimits limits;
+  limits.rateWindow = std::chrono::milliseconds(1);
+  limits.lowestRate = 0;
+  std::weak_ptr<const std::string> held;
+  const HandlerServer server(
+      [&](const Request& request) {
+        if (request.target != "/large")
+          return held.expired() ? textResponse("fine") : unavailableResponse("");
+        Response response = textResponse(std::string(20'000'000, 'x'));
+        held = response.text;
+        return response;
+      },
+      limits);
+  RawClient slow(server.root());
+  slow.send(requestFor("/large"));
+  EXPECT_TRUE(slow.readByte());
+  RawClient other(server.root());
+  other.send(requestFor("/"));
+  EXPECT_EQ(other.read().body(), "fine");
+}
+
 }  // namespace
 }  // namespace orivanta::server

@@ -161,6 +161,10 @@ TEST_F(RouterTest, UrlsBeginWithTheOriginThatTheClientSees) {
     EXPECT_THAT(response.header("Link"), testing::StartsWith(std::string("<") + row.origin + "1/"));
     EXPECT_THAT(fixed.respond(request).header("Link"), testing::StartsWith("<https://public/1/"));
   }
+  const auto nodes = [&](const char* host, const char* query) {  // which name no files
+    return router.respond({.target = std::string("/1/node?venue=mall") + query, .host = host}).text;
+  };
+  EXPECT_EQ(nodes("a", "&per-page=5000"), nodes("b", "&per-page=6000"));
 }
 
 TEST_F(RouterTest, FilesThatCannotBeOpenedNowAreNotMissing) {
