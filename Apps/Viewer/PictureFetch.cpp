@@ -17,7 +17,7 @@ namespace {
 constexpr std::int64_t pictureSize = 320;
 
 // More than a card has on any screen.
-constexpr std::uint64_t mostPixels = 2048 * 2048;
+constexpr std::uint64_t mostPixels = std::uint64_t{2048} * 2048;
 
 // Pictures of several places may have the same name.
 std::string folderFor(const foundation::Url& url, const std::string& slug) {

@@ -82,7 +82,7 @@ std::shared_ptr<const Image> symbolImage(MarkSymbol symbol, graphics::Color colo
 
 std::shared_ptr<const Image> makeMarkImage(const MarkLook& look, graphics::Color color,
                                            const std::shared_ptr<const Image>& text, double scale) {
-  const auto symbol = symbolImage(look.symbol, color, scale);
+  auto symbol = symbolImage(look.symbol, color, scale);
   if (!text) return symbol;
   const MarkFrames frames = framesOf({{0, 0}, text->size()}, look);
   const graphics::Size whole = symbol->size();

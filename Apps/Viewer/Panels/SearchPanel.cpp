@@ -144,10 +144,10 @@ void SearchPanel::chooseMarked() {
     choose(first->place);
 }
 
-void SearchPanel::choose(const std::shared_ptr<Location>& place) {
-  const auto chosenPlace = place;  // closing drops the row that keeps it
+// The place is a copy: closing drops the row that keeps it.
+void SearchPanel::choose(std::shared_ptr<Location> place) {
   close();
-  if (chosen) chosen(chosenPlace);
+  if (chosen) chosen(place);
 }
 
 double SearchPanel::arrange(double width, double mostHeight) {

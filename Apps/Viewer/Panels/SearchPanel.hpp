@@ -56,7 +56,7 @@ class SearchPanel : public Panel {
   void search();
   void show(const std::vector<PlaceGroup>& groups);
   std::shared_ptr<Row> makeRow(std::size_t index);
-  void choose(const std::shared_ptr<Location>& place);
+  void choose(std::shared_ptr<Location> place);
 
   BackgroundSearch search_;
   std::shared_ptr<TextField> field_;
