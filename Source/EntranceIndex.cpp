@@ -37,7 +37,7 @@ EntranceIndex::EntranceIndex(const Collection<Polygon>& polygons, foundation::Me
   for (const auto& [id, polygon] : polygons) {
     const NodeList& entrances = polygon->entrances;
     if (entrances.size() <= fewEntrances) continue;
-    if (budget_ != nullptr) budget_->take(bytesPerEntry + entrances.size() * sizeof(const Node*));
+    if (budget_ != nullptr) budget_->take(bytesPerEntry + entrances.size() * sizeof(void*));
     entrances_.emplace(polygon.get(), sortedPointers(entrances));
   }
 }
