@@ -45,7 +45,7 @@ double secondsOf(const std::function<void()>& act) {
   return processorSeconds() - start;
 }
 
-// Another colour for one room and the next frame, less a frame without. Both are drawn, as the
+// Another color for one room and the next frame, less a frame without. Both are drawn, as the
 // camera turns between them; it sees nothing of the floor, whose triangles would drown the
 // difference.
 void highlight(benchmark::State& state) {

@@ -35,7 +35,7 @@ class Identifiers {
   std::unordered_map<const void*, std::string> identifiers_;
 };
 
-// Floor by floor and row by row: like real venues, whose lists keep most neighbours together.
+// Floor by floor and row by row: like real venues, whose lists keep most neighbors together.
 bool isListedBefore(const std::shared_ptr<Node>& left, const std::shared_ptr<Node>& right) {
   constexpr double rowHeight = 10.0;
   const auto place = [](const Node& node) {

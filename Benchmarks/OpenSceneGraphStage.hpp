@@ -12,7 +12,7 @@ namespace orivanta::benchmarks {
 /// Draws off screen, but needs the X server that `DISPLAY` names. One thread.
 class OpenSceneGraphStage {
  public:
-  /// Every room becomes a geometry with vertex buffers, a colour and a state of its own, so that
+  /// Every room becomes a geometry with vertex buffers, a color and a state of its own, so that
   /// each can be highlighted, as OpenSceneGraph's reader of Wavefront models has it.
   /// `shadowMapSide`: texels. `isToldThatRoomsAreClosed`: whether it leaves out faces that are
   /// turned away, which it does not find out by itself. Throws std::runtime_error without an X

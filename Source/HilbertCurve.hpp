@@ -1,4 +1,4 @@
-// The Hilbert curve: an order of points in the plane that keeps neighbours together.
+// The Hilbert curve: an order of points in the plane that keeps neighbors together.
 #pragma once
 
 #include <cstdint>

@@ -28,7 +28,7 @@ constexpr std::size_t mostConnectorEdges = std::size_t{1} << 24U;
 // Enough for their walks through memory to overlap, few enough to stay in the cache.
 constexpr std::size_t nodesAtOnce = 64;
 
-// Neighbours are mostly near each other in the list: a thread that takes many blocks in a row
+// Neighbors are mostly near each other in the list: a thread that takes many blocks in a row
 // seldom counts owners of a node that another thread is counting too.
 constexpr std::size_t blocksInARow = 16;
 

@@ -39,7 +39,7 @@ class ORIVANTA_API RawDataError : public std::exception {
 /// keeps the whole document alive. All operations are pure and may be called from several threads
 /// at once.
 ///
-/// Each reader comes in up to three flavours that accept the same values: the plain one yields
+/// Each reader comes in up to three flavors that accept the same values: the plain one yields
 /// nothing when the value is missing, null or of another kind; the one ending in `Value` yields a
 /// fixed default instead; the one ending in `Force` throws `RawDataError`.
 class ORIVANTA_API RawData {

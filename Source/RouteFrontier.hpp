@@ -14,7 +14,7 @@ namespace orivanta {
 /// its order is that of PriorityQueue.
 ///
 /// A heap of four children a node. Taking leaves its root vacant, and what is put next fills it: in
-/// a search that is a neighbour of the node that was taken, which seldom has to sink far.
+/// a search that is a neighbor of the node that was taken, which seldom has to sink far.
 class RouteFrontier {
  public:
   /// Sequence numbers start at `firstSequence` after each `clear`.

@@ -15,7 +15,7 @@
 
 namespace orivanta {
 
-/// Numbers the nodes of a graph, those without edges of their own included, so that neighbours
+/// Numbers the nodes of a graph, those without edges of their own included, so that neighbors
 /// have near numbers: floor by floor, along a Hilbert curve on each. Immutable, except for the
 /// store of search states, which locks itself. Owns the nodes.
 ///

@@ -45,7 +45,7 @@ std::shared_ptr<Record> named(const Collection<Record>& records, std::string_vie
   return entry == records.end() ? nullptr : entry->second;
 }
 
-// Looks up records of one collection. Neighbours often name the same one.
+// Looks up records of one collection. Neighbors often name the same one.
 template <class Record>
 class Lookup {
  public:

@@ -23,7 +23,7 @@ struct RouteDescription {
   std::vector<std::shared_ptr<Map>> floors;  ///< as the path passes them; one may come again
   std::vector<Ride> rides;
   double length = 0.0;                 ///< of the walking edges, in the venue's units
-  std::optional<double> lengthMetres;  ///< when the venue tells its units per metre
+  std::optional<double> lengthMetres;  ///< when the venue tells its units per meter
   double weight = 0.0;                 ///< what the path costs in the graph
 };
 

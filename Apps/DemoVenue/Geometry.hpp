@@ -1,4 +1,4 @@
-// Points and outlines on a floor, in metres: x to the east, y to the north, the middle of the
+// Points and outlines on a floor, in meters: x to the east, y to the north, the middle of the
 // building at the origin.
 #pragma once
 

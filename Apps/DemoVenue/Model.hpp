@@ -1,6 +1,6 @@
 // A model being built up from flat faces, and its text as Wavefront OBJ and MTL.
 //
-// Outlines come in metres, heights in the venue's units above the floor; the files hold units, x to
+// Outlines come in meters, heights in the venue's units above the floor; the files hold units, x to
 // the east, y to the north, z up.
 #pragma once
 
@@ -20,7 +20,7 @@ struct Material {
   std::string name;
   Colour colour = {1.0, 1.0, 1.0};
   std::string_view texture =
-      {};  ///< a picture beside the model, four metres to a side; may be empty
+      {};  ///< a picture beside the model, four meters to a side; may be empty
 };
 
 /// The height of a surface above a point of the plan, in units.

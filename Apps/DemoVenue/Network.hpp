@@ -14,7 +14,7 @@ namespace orivanta::demo {
 struct NetworkNode {
   std::string id;
   std::string_view floor;
-  Point position;                  ///< metres
+  Point position;                  ///< meters
   double weight = 0.0;             ///< 0 for none
   std::vector<std::string> paths;  ///< the nodes one can walk to from here
 };

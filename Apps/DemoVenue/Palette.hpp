@@ -1,4 +1,4 @@
-// The colours of the demo venue.
+// The colors of the demo venue.
 #pragma once
 
 #include <string_view>
@@ -14,7 +14,7 @@ struct Colour {
   double blue;
 };
 
-/// A colour from 0xRRGGBB.
+/// A color from 0xRRGGBB.
 constexpr Colour colour(unsigned hex) {
   return {((hex >> 16U) & 0xFFU) / 255.0, ((hex >> 8U) & 0xFFU) / 255.0, (hex & 0xFFU) / 255.0};
 }
@@ -39,10 +39,10 @@ inline constexpr Colour glass = colour(0xDCE9EE);
 inline constexpr Colour opening = colour(0x4A525C);
 }  // namespace palette
 
-/// The colour of a category, else of the next one above it that has one.
+/// The color of a category, else of the next one above it that has one.
 Colour categoryColour(const Plan& plan, std::string_view category);
 
-/// The colour of a place: that of its category, else of the next category above it that has one,
+/// The color of a place: that of its category, else of the next category above it that has one,
 /// a little lighter or darker from place to place.
 Colour placeColour(const Plan& plan, const Place& place);
 

@@ -30,7 +30,7 @@ class Picture {
   /// negative; `distance` is in pixels, and the edge is smoothed over a pixel.
   void paint(Point least, Point most, const std::function<double(Point)>& distance, Colour colour);
 
-  /// The colour of each pixel from its column and row.
+  /// The color of each pixel from its column and row.
   void shade(const std::function<Colour(int, int)>& colourAt);
 
   /// Writes RGB when every pixel is opaque, else RGBA. Throws `std::runtime_error` when the file

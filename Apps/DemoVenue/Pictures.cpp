@@ -37,7 +37,7 @@ Colour plank(int x, int y) {
   return mixed(colour(0xD9BB93), colour(0xC4A178), grain);
 }
 
-// The edges of an escalator's steps, half a metre apart, as it runs along x.
+// The edges of an escalator's steps, half a meter apart, as it runs along x.
 Colour step(int x, int) {
   const int across = x % 16;
   if (across < 2) return colour(0x7F8791);

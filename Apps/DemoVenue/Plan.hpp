@@ -1,4 +1,4 @@
-// The demo venue as its architect drew it: floors, walkways, shops and connectors, in metres.
+// The demo venue as its architect drew it: floors, walkways, shops and connectors, in meters.
 // Everything in the package is derived from this.
 #pragma once
 
@@ -53,7 +53,7 @@ struct Floor {
   std::string_view id;  ///< "b1", "g", "l1", "l2", "roof": begins the identifiers of the floor
   std::string_view shortName;
   Names names;
-  double elevation;                 ///< metres above the street
+  double elevation;                 ///< meters above the street
   std::vector<Outline> slab = {};   ///< what carries the floor, in pieces without holes
   std::vector<Outline> voids = {};  ///< where one looks down to the floor below
   std::vector<Walkway> walkways = {};
@@ -62,8 +62,8 @@ struct Floor {
   std::vector<Outline> lawns = {};   ///< green, not walked on
   std::vector<Outline> inlays = {};  ///< brass lines in the floor
   std::vector<Outline> railings = {};
-  std::vector<Point> tables = {};  ///< round, a metre and a half across
-  std::vector<Point> trees = {};   ///< in tubs of a metre's radius
+  std::vector<Point> tables = {};  ///< round, a meter and a half across
+  std::vector<Point> trees = {};   ///< in tubs of a meter's radius
 };
 
 enum class ConnectorKind { Lift, Escalator, Stairs, Ramp };

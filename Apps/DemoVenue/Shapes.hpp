@@ -1,6 +1,6 @@
 // The building's own geometry: an oval in bands, and the outlines of rooms cut out of them.
 //
-// A place in the oval is named by its depth, the metres from the façade towards the middle, and by
+// A place in the oval is named by its depth, the meters from the façade towards the middle, and by
 // its bearing, in degrees counter-clockwise from the east. At depth 0 the oval is 184 m long and
 // 128 m wide. From the façade inwards: the outer shops, the ring corridor, the island shops, the
 // gallery, and the atrium (on the lower floors gallery and atrium together are the court).
@@ -29,7 +29,7 @@ Outline sector(double outerDepth, double innerDepth, double from, double to);
 /// The whole oval inside a depth.
 Outline oval(double depth);
 
-/// The oval at a depth with points a few metres apart, to walk along.
+/// The oval at a depth with points a few meters apart, to walk along.
 std::vector<Point> ovalLine(double depth);
 
 /// The outline seen in the east-west axis as in a mirror.

@@ -1,4 +1,4 @@
-// From the plan's metres to the venue's units, rounded so that every machine writes the same
+// From the plan's meters to the venue's units, rounded so that every machine writes the same
 // digits.
 #pragma once
 

@@ -1,4 +1,4 @@
-// A floor's walking lines cut into stretches of a few metres, with nodes where lines cross and
+// A floor's walking lines cut into stretches of a few meters, with nodes where lines cross and
 // where something is attached.
 #pragma once
 
@@ -19,7 +19,7 @@ class WalkingLines {
   /// key for `point`. Throws `std::logic_error` when there are no lines.
   std::size_t attach(Point point);
 
-  /// Cuts long stretches so that nodes are at most five metres apart. Attach first.
+  /// Cuts long stretches so that nodes are at most five meters apart. Attach first.
   void subdivide();
 
   struct Stretches {
@@ -27,7 +27,7 @@ class WalkingLines {
     std::vector<std::pair<std::size_t, std::size_t>> joined;  ///< indices of points
   };
 
-  /// The points of all lines and which of them are neighbours on a line.
+  /// The points of all lines and which of them are neighbors on a line.
   Stretches stretches() const;
 
  private:

@@ -1,4 +1,4 @@
-// How the viewer looks: its colours, letters and distances.
+// How the viewer looks: its colors, letters and distances.
 #pragma once
 
 #include "Platform/Graphics/Color.hpp"

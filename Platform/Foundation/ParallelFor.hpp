@@ -13,7 +13,7 @@ namespace orivanta::foundation {
 /// and one of the exceptions is thrown again to the caller, after the running calls have ended.
 ///
 /// A thread takes `inARow` consecutive numbers at a time: more than one where a call is short, or
-/// where neighbours write to the same memory.
+/// where neighbors write to the same memory.
 void parallelFor(std::size_t count, const std::function<void(std::size_t)>& body,
                  std::size_t inARow = 1);
 

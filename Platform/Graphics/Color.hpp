@@ -1,4 +1,4 @@
-// Colours of the sRGB space, and the named ones.
+// Colors of the sRGB space, and the named ones.
 #pragma once
 
 #include <optional>
@@ -19,7 +19,7 @@ struct Color {
     return {level, level, level, alpha};
   }
 
-  /// "#rgb", "#rrggbb", "#rrggbbaa" or the name of one of the colours below, in any case.
+  /// "#rgb", "#rrggbb", "#rrggbbaa" or the name of one of the colors below, in any case.
   ORIVANTA_API static std::optional<Color> parse(std::string_view text);
 
   friend bool operator==(const Color&, const Color&) = default;

@@ -114,7 +114,7 @@ class TextDrawing {
   Owned<PangoLayout> layout_;
 };
 
-// Cairo's pixels: 32-bit numbers with the alpha on top and the colours multiplied by it.
+// Cairo's pixels: 32-bit numbers with the alpha on top and the colors multiplied by it.
 class CairoPixels {
  public:
   explicit CairoPixels(cairo_surface_t* surface)

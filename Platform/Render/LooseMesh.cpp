@@ -68,7 +68,7 @@ graphics::Box boxOf(std::span<const Mesh::Vertex> vertices) {
   return box;
 }
 
-// Parts of one colour first, then image by image, so that those which one call can draw lie side
+// Parts of one color first, then image by image, so that those which one call can draw lie side
 // by side; otherwise as the scene has them.
 void putInOrder(std::vector<LoosePart>& parts) {
   std::stable_sort(parts.begin(), parts.end(), [](const LoosePart& a, const LoosePart& b) {

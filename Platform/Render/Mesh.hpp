@@ -1,4 +1,4 @@
-// Triangles on the GPU whose parts each have a colour and a texture placement of their own.
+// Triangles on the GPU whose parts each have a color and a texture placement of their own.
 #pragma once
 
 #include <cstdint>
@@ -13,8 +13,8 @@
 
 namespace orivanta::render {
 
-/// Colours lie in one small texture and placements in another, one place a part, where the vertex
-/// shader fetches them: another colour is one texel uploaded, and parts of different colours are
+/// Colors lie in one small texture and placements in another, one place a part, where the vertex
+/// shader fetches them: another color is one texel uploaded, and parts of different colors are
 /// drawn in one call. What has not changed is not uploaded again.
 class Mesh {
  public:
@@ -46,7 +46,7 @@ class Mesh {
   /// Differs from that of every other mesh, and from its own before a change of geometry.
   std::uint64_t revision() const { return revision_; }
 
-  /// Ready to draw: the colours at texture unit 0, the placements at unit 1.
+  /// Ready to draw: the colors at texture unit 0, the placements at unit 1.
   void bind() const;
 
   /// The mesh is bound.

@@ -77,7 +77,7 @@ void main() {
 )";
 
 // The surface reflects what falls on it evenly in all directions (Lambert), in linear space. More
-// light than full makes nothing brighter, so that a colour lit fully is shown as it is. What is
+// light than full makes nothing brighter, so that a color lit fully is shown as it is. What is
 // written is encoded for sRGB here, once for all samples of a pixel.
 constexpr std::string_view litFragment = R"(
 in vec2 imagePoint;

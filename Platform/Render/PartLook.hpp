@@ -25,7 +25,7 @@ struct PartLook {
   bool castsShadow = true;
   scene::WrapMode wrapS = scene::WrapMode::clamp;
   scene::WrapMode wrapT = scene::WrapMode::clamp;
-  std::shared_ptr<const graphics::Image> image;  ///< null for one colour
+  std::shared_ptr<const graphics::Image> image;  ///< null for one color
   Placement placement{1, 0, 0, 0, 0, -1, 0, 1};
 
   friend bool operator==(const PartLook&, const PartLook&) = default;

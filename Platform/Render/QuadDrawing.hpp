@@ -13,7 +13,7 @@
 
 namespace orivanta::render {
 
-/// Later ones cover earlier ones; neighbours with the same contents share a draw. Colours are
+/// Later ones cover earlier ones; neighbors with the same contents share a draw. Colors are
 /// blended as sRGB encodes them.
 class QuadDrawing {
  public:

@@ -23,7 +23,7 @@ class ORIVANTA_API Renderer {
 
   /// Lays out and draws the view and everything below it into a framebuffer of `size` points times
   /// `scale` pixels, from its lower left corner. `framebuffer` is OpenGL's name for it, 0 being
-  /// the window's; its colours are taken to hold sRGB values as they are, multiplied by their
+  /// the window's; its colors are taken to hold sRGB values as they are, multiplied by their
   /// alpha, and it begins transparent. `time`: seconds, rising. Other threads may change scenes,
   /// sprites and views meanwhile: their changes wait while the frame is gathered, and show in the
   /// next one. Relies on no state of the context and leaves its own behind,

@@ -17,7 +17,7 @@ namespace orivanta::scene {
 
 enum class WrapMode { clamp, repeat };
 
-/// One colour or one image.
+/// One color or one image.
 using Contents = std::variant<graphics::Color, std::shared_ptr<const graphics::Image>>;
 
 /// What a material property holds. `contentsTransform` is applied to the texture coordinates (u, v,

@@ -67,7 +67,7 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   Node* parent_ = nullptr;
 };
 
-/// A picture, centred on its position.
+/// A picture, centerd on its position.
 class ORIVANTA_API SpriteNode : public Node {
  public:
   /// A null texture shows nothing; the size is in points, the picture's own when left out.
@@ -88,7 +88,7 @@ class ORIVANTA_API SpriteNode : public Node {
   graphics::Size size_;
 };
 
-/// A line of text, its picture centred on its position.
+/// A line of text, its picture centerd on its position.
 class ORIVANTA_API LabelNode : public Node {
  public:
   static std::shared_ptr<LabelNode> make(std::string text = {});

@@ -26,7 +26,7 @@ double side(ActivityIndicatorStyle style) {
 }
 
 // How much of a pixel around `point` a spoke covers, a line from `innerRadius` to `outerRadius`
-// with round ends. In pixels from the wheel's centre.
+// with round ends. In pixels from the wheel's center.
 double coverage(Point point, double angle, double innerRadius, double outerRadius,
                 double halfWidth) {
   const Point along{std::sin(angle), -std::cos(angle)};
@@ -35,7 +35,7 @@ double coverage(Point point, double angle, double innerRadius, double outerRadiu
   return std::clamp(halfWidth - distance + 0.5, 0.0, 1.0);
 }
 
-// The alpha of the wheel at a point, in pixels from its centre: the spoke at the top is full, those
+// The alpha of the wheel at a point, in pixels from its center: the spoke at the top is full, those
 // before it, which it has passed, ever paler.
 double alphaAt(Point point, double diameter) {
   double alpha = 0.0;

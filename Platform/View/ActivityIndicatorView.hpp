@@ -19,7 +19,7 @@ class ORIVANTA_API ActivityIndicatorView : public View {
   ActivityIndicatorStyle style() const;
 
   /// Sets the frame's size, 37 x 37 points for `whiteLarge` and 20 x 20 for the others, and the
-  /// colour.
+  /// color.
   void setStyle(ActivityIndicatorStyle style);
   graphics::Color color() const;
   void setColor(graphics::Color color);

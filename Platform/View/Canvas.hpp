@@ -25,7 +25,7 @@ class ORIVANTA_API Canvas {
   virtual void fill(const graphics::Rect& rect, const graphics::Color& color,
                     double cornerRadius = 0.0) = 0;
 
-  /// Stretches the image over the rectangle, turned clockwise about its centre by radians.
+  /// Stretches the image over the rectangle, turned clockwise about its center by radians.
   virtual void draw(const std::shared_ptr<const graphics::Image>& image, const graphics::Rect& rect,
                     double alpha = 1.0, double turn = 0.0) = 0;
 

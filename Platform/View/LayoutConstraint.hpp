@@ -1,4 +1,4 @@
-// Linear equations between the edges, centres and sizes of views, and their solution.
+// Linear equations between the edges, centers and sizes of views, and their solution.
 #pragma once
 
 #include <string_view>

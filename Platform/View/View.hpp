@@ -98,7 +98,7 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   virtual void touchesEnded(std::span<const Touch> touches);
 
   /// Draws the view without its children, which whoever draws the tree draws over it. Fills the
-  /// bounds with the background colour; an overriding view calls this first, unless it covers them.
+  /// bounds with the background color; an overriding view calls this first, unless it covers them.
   /// Under a transaction.
   virtual void draw(Canvas& canvas);
 

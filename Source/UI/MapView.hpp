@@ -70,7 +70,7 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   std::shared_ptr<scene::Node> labelsOrbit;  ///< follows `cameraOrbit`
   std::shared_ptr<scene::Node> light;        ///< the ambient light's
   std::shared_ptr<scene::Node> arrow;        ///< the application's own; null until set
-  std::optional<float> cameraDistance;       ///< from the orbit's centre when the scene started
+  std::optional<float> cameraDistance;       ///< from the orbit's center when the scene started
   const std::shared_ptr<view::ActivityIndicatorView> activityIndicator;
 
   /// `spriteScene`.
@@ -155,7 +155,7 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
 
   // --- Highlights and positions -----------------------------------------------------------------
 
-  /// Colours a polygon's shape on its floor. One without a shape is passed over. Highlighting a
+  /// Colors a polygon's shape on its floor. One without a shape is passed over. Highlighting a
   /// polygon again makes the first highlight what `clearHighlightedPolygons` goes back to.
   void highlightPolygon(const std::shared_ptr<Polygon>& polygon,
                         graphics::Color color = graphics::colors::red);
@@ -167,7 +167,7 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
 
   /// Where a location is on the floor now shown: the middle of the first shape there whose
   /// material bears the location's name, else that of the location's first polygon with a shape on
-  /// the floor, else its first node on the floor, else the centre of the floor.
+  /// the floor, else its first node on the floor, else the center of the floor.
   graphics::Vector3 findPosition3D(const Location& location) const;
 
   /// Where a scene point shows in the scene view.
@@ -221,7 +221,7 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// Takes every drawn route from the scene, in all map views, and forgets this view's.
   void clearPaths(bool forgetPath = true);
 
-  /// One segment, at the height of B: a white ribbon, a coloured one, and one with arrows from A to
+  /// One segment, at the height of B: a white ribbon, a colored one, and one with arrows from A to
   /// B; or one of these layers.
   void drawPathSegment(graphics::Vector3 positionA, graphics::Vector3 positionB);
   void drawPathSegmentStrip(graphics::Vector3 positionA, graphics::Vector3 positionB,

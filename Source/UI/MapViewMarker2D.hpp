@@ -24,7 +24,7 @@ class ORIVANTA_API MapViewMarker2D : public MapViewMarker {
   graphics::Vector3 position() const;
   void setPosition(graphics::Vector3 position);
 
-  /// The sprite, centred where the position shows.
+  /// The sprite, centerd where the position shows.
   std::shared_ptr<sprite::SpriteNode> node;
 
   /// Whether the frames of the two sprites share an area. `other` is a `MapViewMarker2D` and both

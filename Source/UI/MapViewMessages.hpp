@@ -24,7 +24,7 @@ using MessageArgument = std::variant<bool, double, graphics::Vector3, graphics::
 ///     clearPaths:                                                     bool
 ///     drawPathSegment:positionB:                                      vector, vector
 ///     drawPathSegmentStrip:positionB:pathWidth:pathColor:elevation:   vector, vector, number,
-///                                                                     colour, number
+///                                                                     color, number
 ///     drawPathSegmentArrow:positionB:pathWidth:elevation:             vector, vector, number,
 ///                                                                     number
 ///     removeHighlightNode                                             none

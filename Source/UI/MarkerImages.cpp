@@ -43,7 +43,7 @@ Color colorAt(Point point, Color color) {
 
 std::uint8_t byteOf(float part) { return static_cast<std::uint8_t>(std::lround(part * 255)); }
 
-// The mean of the colours of a pixel, which is `size` units wide.
+// The mean of the colors of a pixel, which is `size` units wide.
 void paintPixel(std::uint8_t* pixel, Point corner, double size, Color color) {
   Color sum = graphics::colors::clear;
   for (int i = 0; i < samplesAcross * samplesAcross; ++i) {

@@ -18,7 +18,7 @@ scene::SharedBytes bytesOf(const std::vector<Value>& values) {
 }
 
 /// Rooms in a grid of cells of 30 by 30 units in the x-y plane, from the origin on, one child each:
-/// prisms of 4 * sides - 4 triangles, in eight colours, which share their vertex data.
+/// prisms of 4 * sides - 4 triangles, in eight colors, which share their vertex data.
 std::shared_ptr<scene::Node> makeSyntheticFloor(int columns, int rows, int sides = 6);
 
 /// Segments of 15 units one after the other above such a floor, to and fro over its columns; each

@@ -8,7 +8,7 @@
 
 namespace orivanta::command {
 
-/// An animated GIF that repeats for ever, written picture by picture, each with up to 256 colours
+/// An animated GIF that repeats for ever, written picture by picture, each with up to 256 colors
 /// of its own, chosen from what it holds. The pictures have one size. All operations throw
 /// `CommandError` when the file cannot be written.
 class Animation {
