@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "Source/PriorityQueue.hpp"
+#include "Source/Routing/PriorityQueue.hpp"
 #include "Tests/Support/LiteralPriorityQueue.hpp"
 #include "Tests/Support/Networks.hpp"
 

@@ -17,6 +17,7 @@
 #include "Benchmarks/MallJson.hpp"
 #include "Source/Category.hpp"
 #include "Source/HttpLink.hpp"
+#include "Source/Loading/VenueJoin.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
@@ -24,7 +25,6 @@
 #include "Source/Orivanta.hpp"
 #include "Source/Polygon.hpp"
 #include "Source/Venue.hpp"
-#include "Source/VenueJoin.hpp"
 #include "Source/Vortex.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 

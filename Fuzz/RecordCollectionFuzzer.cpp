@@ -10,7 +10,7 @@
 #include "Apps/Server/JsonText.hpp"
 #include "Apps/Server/RecordCollection.hpp"
 #include "Fuzz/Fuzzer.hpp"
-#include "Source/JsonDocument.hpp"
+#include "Source/Json/JsonDocument.hpp"
 
 namespace orivanta::server {
 namespace {

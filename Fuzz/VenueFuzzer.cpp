@@ -7,13 +7,13 @@
 #include "Source/Category.hpp"
 #include "Source/Directions.hpp"
 #include "Source/ImageCollection.hpp"
+#include "Source/Loading/VenueLoad.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/Orivanta.hpp"
 #include "Source/Polygon.hpp"
 #include "Source/Venue.hpp"
-#include "Source/VenueLoad.hpp"
 #include "Source/Vortex.hpp"
 
 namespace orivanta {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "Source/ActiveVenue.hpp"
+#include "Source/Loading/ActiveVenue.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"

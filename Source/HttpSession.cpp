@@ -6,7 +6,7 @@
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Source/HttpLink.hpp"
-#include "Source/JsonDocument.hpp"
+#include "Source/Json/JsonDocument.hpp"
 
 namespace orivanta {
 

@@ -11,11 +11,11 @@
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/ParallelFor.hpp"
-#include "Source/EdgeTable.hpp"
+#include "Source/Graph/EdgeTable.hpp"
+#include "Source/Graph/NodeIndex.hpp"
+#include "Source/Graph/RouteNetwork.hpp"
+#include "Source/Json/References.hpp"
 #include "Source/Map.hpp"
-#include "Source/NodeIndex.hpp"
-#include "Source/References.hpp"
-#include "Source/RouteNetwork.hpp"
 #include "Source/Vortex.hpp"
 
 namespace orivanta {

@@ -4,11 +4,11 @@
 
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/SerialQueue.hpp"
-#include "Source/ActiveVenue.hpp"
 #include "Source/ApiSettings.hpp"
-#include "Source/ReportedLoad.hpp"
+#include "Source/Loading/ActiveVenue.hpp"
+#include "Source/Loading/LoadMonitor.hpp"
+#include "Source/Loading/VenueLoad.hpp"
 #include "Source/Venue.hpp"
-#include "Source/VenueLoad.hpp"
 
 namespace orivanta {
 
@@ -84,7 +84,7 @@ void loadVenue(const WebApiSession& session, const std::shared_ptr<Venue>& venue
 std::shared_ptr<LoadHandle> loadVenuesReporting(const WebApiSession& session,
                                                 LoadHandlers<VenueListReport> handlers) {
   const auto list = std::make_shared<std::vector<std::shared_ptr<Venue>>>();
-  const auto load = std::make_shared<ReportedLoad>(
+  const auto load = std::make_shared<LoadMonitor>(
       endpointOf(session), 1, session.lowestRate(), std::move(handlers.progressed),
       [list, ended = std::move(handlers.ended)](std::vector<LoadFailure> failures, bool) {
         if (ended) ended({std::move(*list), std::move(failures)});
@@ -102,7 +102,7 @@ std::shared_ptr<LoadHandle> loadVenuesReporting(const WebApiSession& session,
 std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,
                                                const std::shared_ptr<Venue>& venue, bool accessible,
                                                LoadHandlers<VenueLoadReport> handlers) {
-  const auto load = std::make_shared<ReportedLoad>(
+  const auto load = std::make_shared<LoadMonitor>(
       endpointOf(session), 6, session.lowestRate(), std::move(handlers.progressed),
       [venue, ended = std::move(handlers.ended)](std::vector<LoadFailure> failures, bool complete) {
         if (ended) ended({venue, std::move(failures), complete});

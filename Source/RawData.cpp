@@ -3,8 +3,8 @@
 #include <boost/json/value.hpp>
 
 #include "Source/ImageCollection.hpp"
-#include "Source/JsonDocument.hpp"
-#include "Source/JsonMember.hpp"
+#include "Source/Json/JsonDocument.hpp"
+#include "Source/Json/JsonMember.hpp"
 
 namespace orivanta {
 

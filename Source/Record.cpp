@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "Source/JsonMember.hpp"
+#include "Source/Json/JsonMember.hpp"
 
 namespace orivanta {
 

@@ -4,11 +4,11 @@
 #include <cmath>
 #include <unordered_map>
 
-#include "Source/CompactRouteSearch.hpp"
+#include "Source/Graph/RouteNetwork.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
-#include "Source/PriorityQueue.hpp"
-#include "Source/RouteNetwork.hpp"
+#include "Source/Routing/CompactRouteSearch.hpp"
+#include "Source/Routing/PriorityQueue.hpp"
 
 namespace orivanta {
 

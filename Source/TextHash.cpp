@@ -5,7 +5,7 @@
 #include <random>
 
 #include "Source/Fwd.hpp"
-#include "Source/TextDigest.hpp"
+#include "Source/Loading/TextDigest.hpp"
 
 namespace orivanta {
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
-#include "Source/RecordMemory.hpp"
+#include "Source/Loading/RecordMemory.hpp"
 
 namespace orivanta {
 

@@ -15,7 +15,7 @@
 #include "Apps/Server/JsonText.hpp"
 #include "Apps/Server/PackageError.hpp"
 #include "Apps/Server/UrlText.hpp"
-#include "Source/JsonDocument.hpp"
+#include "Source/Json/JsonDocument.hpp"
 
 namespace orivanta::server {
 

@@ -7,7 +7,7 @@
 
 #include "Apps/Viewer/Widgets/PictureView.hpp"
 #include "Source/Fwd.hpp"
-#include "Source/UI/FileFetch.hpp"
+#include "Source/UI/Floors/FileFetch.hpp"
 
 namespace orivanta::viewer {
 

@@ -14,7 +14,7 @@
 #include "Platform/Scene/Obj/Model.hpp"
 #include "Platform/Scene/Scene.hpp"
 #include "Source/RawData.hpp"
-#include "Source/UI/PictureBudget.hpp"
+#include "Source/UI/Floors/PictureBudget.hpp"
 #include "Source/UI/SdkBundle.hpp"
 
 namespace orivanta {

@@ -13,11 +13,11 @@
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/Files.hpp"
+#include "Platform/Foundation/Fnv.hpp"
 #include "Platform/Foundation/SerialQueue.hpp"
 #include "Platform/Network/DataOfUrl.hpp"
 #include "Platform/Network/UrlTransport.hpp"
-#include "Source/UI/Fnv.hpp"
-#include "Source/UI/KeptFile.hpp"
+#include "Source/UI/Floors/KeptFile.hpp"
 
 namespace orivanta {
 

@@ -3,7 +3,7 @@
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Platform/View/ImageView.hpp"
-#include "Source/UI/FloorLoading.hpp"
+#include "Source/UI/Floors/FloorLoading.hpp"
 #include "Source/UI/SdkBundle.hpp"
 
 namespace orivanta {

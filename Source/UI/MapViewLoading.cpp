@@ -8,10 +8,10 @@
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
-#include "Source/UI/FloorFiles.hpp"
-#include "Source/UI/FloorLoading.hpp"
+#include "Source/UI/Floors/FloorFiles.hpp"
+#include "Source/UI/Floors/FloorLoading.hpp"
+#include "Source/UI/Floors/PictureBudget.hpp"
 #include "Source/UI/MapView.hpp"
-#include "Source/UI/PictureBudget.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta {

@@ -8,9 +8,9 @@
 #include <limits>
 #include <string>
 
+#include "Source/Loading/VenueJoin.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/RouteSearch.hpp"
-#include "Source/VenueJoin.hpp"
 #include "Tests/Support/Venues.hpp"
 
 namespace orivanta {

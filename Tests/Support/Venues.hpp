@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "Source/Loading/VenueJoin.hpp"
 #include "Source/RawData.hpp"
-#include "Source/VenueJoin.hpp"
 
 namespace orivanta::test {
 

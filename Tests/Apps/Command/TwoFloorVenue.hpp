@@ -11,13 +11,13 @@
 #include <string>
 
 #include "Source/Category.hpp"
+#include "Source/Loading/VenueLoad.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/Orivanta.hpp"
 #include "Source/Polygon.hpp"
 #include "Source/Venue.hpp"
-#include "Source/VenueLoad.hpp"
 #include "Source/Vortex.hpp"
 #include "Tests/Support/Venues.hpp"
 

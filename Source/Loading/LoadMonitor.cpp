@@ -1,0 +1,215 @@
+#include "Source/Loading/LoadMonitor.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace orivanta {
+
+namespace {
+
+// Far beyond any venue: a server that sends more does not mean to end.
+constexpr std::size_t mostPages = 100'000;
+constexpr std::size_t mostBytes = std::size_t{1} << 30U;
+
+std::string meaningOf(int status) {
+  switch (status) {
+    case 401:
+      return ": wrong user name or password";
+    case 403:
+      return ": this account may not read it";
+    case 404:
+      return ": the server does not have it; is the endpoint right?";
+    case 429:
+      return ": too many requests, try again later";
+    default:
+      return status >= 500 ? ": the server has a problem of its own" : "";
+  }
+}
+
+LoadProblem problemOf(int status) {
+  if (status == 401 || status == 403) return LoadProblem::refused;
+  return status == 404 ? LoadProblem::notFound : LoadProblem::otherStatus;
+}
+
+}  // namespace
+
+LoadMonitor::LoadMonitor(std::string endpoint, std::size_t collections,
+                         network::LowestRate lowestRate,
+                         std::function<void(const LoadProgress&)> progressed, Ended ended)
+    : endpoint_(std::move(endpoint)),
+      lowestRate_(lowestRate),
+      queue_(foundation::SerialQueue::make()),
+      progressed_(std::move(progressed)),
+      ended_(std::move(ended)),
+      progress_{0, collections, 0, 0} {}
+
+void LoadMonitor::start(const std::function<std::vector<WebApiSession::Request>()>& startRequests) {
+  onQueue([](LoadMonitor& self) { self.tellProgress(); });
+  auto requests = startRequests();
+  {
+    const std::lock_guard lock(mutex_);
+    requests_ = std::move(requests);
+    if (!over_) return;
+  }
+  cancel();  // it was given up in the meantime
+}
+
+void LoadMonitor::finish() {
+  onQueue([](LoadMonitor& self) { self.end(true); });
+}
+
+// The collection that exceeded the budget has told so before, unless the joins did.
+void LoadMonitor::fail(const foundation::Error& reason) {
+  onQueue([reason](LoadMonitor& self) {
+    const bool isTold = std::any_of(
+        self.collections_.begin(), self.collections_.end(),
+        [](const auto& entry) { return entry.second.failure.problem == LoadProblem::tooLarge; });
+    if (!isTold) {
+      LoadFailure& failure = self.collectionNamed("venue").failure;
+      failure.problem = LoadProblem::tooLarge;
+      failure.reason = fmt::format("the venue of {} cannot be put together: {}", self.endpoint_,
+                                   reason.description);
+    }
+    self.end(false);
+  });
+}
+
+void LoadMonitor::unlessOver(const std::function<void()>& step) {
+  const std::lock_guard lock(mutex_);
+  if (!over_) step();
+}
+
+void LoadMonitor::cancel() {
+  std::vector<WebApiSession::Request> requests;
+  {
+    const std::lock_guard lock(mutex_);
+    over_ = true;
+    requests.swap(requests_);
+  }
+  for (const auto& request : requests) request->invalidateAndCancel();
+  queue_->async([self = shared_from_this()] {  // a handler may hold the handle to the load
+    self->progressed_ = nullptr;
+    self->ended_ = nullptr;
+  });
+}
+
+void LoadMonitor::pageReceived(std::string_view name, const network::HttpUrlResponse& response,
+                               std::size_t bodyBytes) {
+  onQueue([name = std::string(name), response, bodyBytes, now = Clock::now()](LoadMonitor& self) {
+    self.takePage(name, response, bodyBytes, now);
+  });
+}
+
+void LoadMonitor::collectionEnded(std::string_view name,
+                                  const std::optional<foundation::Error>& error) {
+  onQueue([name = std::string(name), error](LoadMonitor& self) { self.takeEnd(name, error); });
+}
+
+void LoadMonitor::onQueue(std::function<void(LoadMonitor&)> step) {
+  queue_->async([self = shared_from_this(), step = std::move(step)] {
+    if (!self->isOver()) step(*self);
+  });
+}
+
+void LoadMonitor::takePage(const std::string& name, const network::HttpUrlResponse& response,
+                           std::size_t bodyBytes, Clock::time_point arrival) {
+  Collection& collection = collectionNamed(name);
+  if (response.url) collection.latestUrl = response.url->absoluteString();
+  ++progress_.pages;
+  progress_.bytes += bodyBytes;
+  tellProgress();
+  const int status = response.statusCode;
+  LoadFailure& failure = collection.failure;
+  if (failure.reason.empty()) {
+    failure.statusCode = status;
+    if (status < 200 || status > 299) {
+      failure.problem = problemOf(status);
+      failure.reason = fmt::format("{} answered with HTTP status {}{}", collection.latestUrl,
+                                   status, meaningOf(status));
+    }
+  }
+  const auto next = detail::nextPage(response);
+  if (next && !collection.requested.insert(textDigest(next->absoluteString())).second)
+    giveUp(collection, fmt::format("the pages of {} run in a circle, back to {}", name,
+                                   next->withoutCredentials().absoluteString()));
+  else if (next && collection.requested.size() >= mostPages)
+    giveUp(collection, fmt::format("{} has more than {} pages", name, mostPages));
+  else if (progress_.bytes > mostBytes)
+    giveUp(collection, fmt::format("the server sent more than {} MiB", mostBytes >> 20U));
+  else if (isTooSlow(collection.window, bodyBytes, arrival) && next)
+    giveUp(collection, fmt::format("the pages of {} come too slowly, less than {} bytes a second",
+                                   name, lowestRate_.bytesPerSecond));
+}
+
+// A collection has one request at a time, so that its pages are all that came meanwhile. A request
+// that is too slow by itself is ended by the transport.
+bool LoadMonitor::isTooSlow(Window& window, std::size_t bodyBytes,
+                            Clock::time_point arrival) const {
+  window.bytes += bodyBytes;
+  const std::chrono::duration<double> time = arrival - window.start;
+  if (time < lowestRate_.window) return false;
+  const auto bytes = static_cast<double>(std::exchange(window, {arrival, 0}).bytes);
+  return bytes < static_cast<double>(lowestRate_.bytesPerSecond) * time.count();
+}
+
+void LoadMonitor::takeEnd(const std::string& name, const std::optional<foundation::Error>& error) {
+  Collection& collection = collectionNamed(name);
+  ++progress_.collectionsDone;
+  tellProgress();
+  LoadFailure& failure = collection.failure;
+  if (!error || !failure.reason.empty()) return;
+  const bool isMemory = error->domain == foundation::memoryErrorDomain;
+  if (isMemory && error->code == foundation::budgetExceededBefore) return;  // another one tells
+  if (error->domain.empty()) {
+    failure.problem = LoadProblem::unusable;
+    failure.reason = fmt::format("{} answered with a body that is no JSON", collection.latestUrl);
+  } else if (isMemory) {
+    failure.problem =
+        error->code == foundation::budgetExceeded ? LoadProblem::tooLarge : LoadProblem::unusable;
+    failure.reason = fmt::format("{}: {}", collection.latestUrl, error->description);
+  } else if (network::isInsecureStep(*error)) {
+    failure.problem = LoadProblem::insecure;
+    failure.reason = error->description;
+  } else {
+    failure.problem = LoadProblem::noAnswer;
+    failure.reason = fmt::format("no answer from {}{}: {}", endpoint_, name, error->description);
+  }
+}
+
+LoadMonitor::Collection& LoadMonitor::collectionNamed(const std::string& name) {
+  const auto [entry, isNew] = collections_.try_emplace(name);
+  if (isNew) {
+    entry->second.latestUrl = endpoint_ + name;
+    entry->second.failure.collection = name;
+    entry->second.window.start = start_;
+  }
+  return entry->second;
+}
+
+void LoadMonitor::giveUp(Collection& collection, std::string reason) {
+  collection.failure.problem = LoadProblem::endless;
+  collection.failure.reason = std::move(reason);
+  end(false);
+}
+
+void LoadMonitor::end(bool complete) {
+  if (isOver()) return;
+  cancel();
+  std::vector<LoadFailure> failures;
+  for (auto& [name, collection] : collections_)
+    if (!collection.failure.reason.empty()) failures.push_back(std::move(collection.failure));
+  if (ended_) ended_(std::move(failures), complete);
+}
+
+void LoadMonitor::tellProgress() {
+  if (progressed_) progressed_(progress_);
+}
+
+bool LoadMonitor::isOver() const {
+  const std::lock_guard lock(mutex_);
+  return over_;
+}
+
+}  // namespace orivanta

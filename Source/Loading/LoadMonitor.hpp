@@ -1,0 +1,100 @@
+// One load that tells how far it is and which of its requests failed and why.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Platform/Foundation/SerialQueue.hpp"
+#include "Source/LoadReport.hpp"
+#include "Source/Loading/TextDigest.hpp"
+#include "Source/WebApi.hpp"
+
+namespace orivanta {
+
+/// Watches the requests of the load. What it sees is looked at on a queue of its own, where the
+/// handlers are called too. Any thread.
+///
+/// The load is given up when a page names a next one that was asked for before, when a collection
+/// has more than 100,000 pages or comes below the lowest rate, its pages taken together, or when
+/// all pages together have more than 1 GiB.
+class LoadMonitor : public WebApiObserver,
+                    public LoadHandle,
+                    public std::enable_shared_from_this<LoadMonitor> {
+ public:
+  using Ended = std::function<void(std::vector<LoadFailure> failures, bool complete)>;
+
+  /// `endpoint` is the API root, for the reasons.
+  LoadMonitor(std::string endpoint, std::size_t collections, network::LowestRate lowestRate,
+              std::function<void(const LoadProgress&)> progressed, Ended ended);
+
+  /// Starts the requests, which this load observes, and keeps them for the case that they are to
+  /// end early.
+  void start(const std::function<std::vector<WebApiSession::Request>()>& startRequests);
+
+  /// The load has delivered its result.
+  void finish();
+
+  /// The load ended for this reason without a result.
+  void fail(const foundation::Error& reason);
+
+  /// Runs a step unless the load is over; `cancel` waits for it to end.
+  void unlessOver(const std::function<void()>& step);
+  void cancel() override;
+
+  void pageReceived(std::string_view collection, const network::HttpUrlResponse& response,
+                    std::size_t bodyBytes) override;
+  void collectionEnded(std::string_view collection,
+                       const std::optional<foundation::Error>& error) override;
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  // The part of a collection since its rate was judged last.
+  struct Window {
+    Clock::time_point start;
+    std::size_t bytes = 0;
+  };
+
+  struct Collection {
+    std::set<TextDigest> requested;  // of the URLs of the pages behind the first, which may be long
+    std::string latestUrl;
+    Window window;
+    LoadFailure failure;  // without a reason while all is well
+  };
+
+  void onQueue(std::function<void(LoadMonitor&)> step);
+  void takePage(const std::string& name, const network::HttpUrlResponse& response,
+                std::size_t bodyBytes, Clock::time_point arrival);
+  bool isTooSlow(Window& window, std::size_t bodyBytes, Clock::time_point arrival) const;
+  void takeEnd(const std::string& name, const std::optional<foundation::Error>& error);
+  Collection& collectionNamed(const std::string& name);
+  void giveUp(Collection& collection, std::string reason);
+  void end(bool complete);
+  void tellProgress();
+  bool isOver() const;
+
+  const std::string endpoint_;
+  const network::LowestRate lowestRate_;
+  const Clock::time_point start_ = Clock::now();
+  const std::shared_ptr<foundation::SerialQueue> queue_;
+
+  // Used on the queue alone.
+  std::function<void(const LoadProgress&)> progressed_;
+  Ended ended_;
+  LoadProgress progress_;
+  std::map<std::string, Collection, std::less<>> collections_;
+
+  mutable std::mutex mutex_;  // guards the two below
+  bool over_ = false;
+  std::vector<WebApiSession::Request> requests_;
+};
+
+}  // namespace orivanta

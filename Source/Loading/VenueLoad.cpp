@@ -1,0 +1,108 @@
+#include "Source/Loading/VenueLoad.hpp"
+
+#include <fmt/format.h>
+
+#include <iterator>
+#include <mutex>
+#include <new>
+#include <stdexcept>
+#include <utility>
+
+#include "Platform/Foundation/Diagnostics.hpp"
+#include "Source/NavigationGraph.hpp"
+
+namespace orivanta {
+
+namespace {
+
+// Held during the joins of any load, never while the application is called back. Never destroyed:
+// loads may be under way when the process ends.
+std::mutex& joinsMutex() {
+  static auto& mutex = *new std::mutex;
+  return mutex;
+}
+
+CollectionDictionary emptyCollections() {
+  CollectionDictionary collections;
+  collections.locations.emplace();
+  collections.categories.emplace();
+  collections.maps.emplace();
+  collections.nodes.emplace();
+  collections.vortices.emplace();
+  collections.polygons.emplace();
+  collections.navigationGraph =
+      std::make_shared<NavigationGraph>(Collection<Node>(), Collection<Vortex>(), false);
+  return collections;
+}
+
+}  // namespace
+
+VenueLoad::VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)> callback,
+                     Options options)
+    : callback_(std::move(callback)),
+      options_(std::move(options)),
+      joins_{{linkCategoryParents, true},
+             {linkLocationCategories, true},
+             {linkPolygonMaps, true},
+             {linkNodeMaps},
+             {linkPolygonEntrances},
+             {[accessible](CollectionDictionary& collections) {
+               return linkVortexNodes(collections, accessible);
+             }},
+             {linkLocationNodes},
+             {linkLocationPolygons},
+             {[this](CollectionDictionary&) {
+               publish();
+               return published_ != nullptr;
+             }}} {
+  collections_.budget = options_.budget;
+  if (!options_.failed) empty_ = emptyCollections();
+}
+
+void VenueLoad::collectionReady() {
+  try {
+    if (options_.budget && options_.budget->isExceeded())
+      throw foundation::BudgetExceeded(/*wasBefore=*/true);
+    runJoins();
+  } catch (const std::bad_alloc& reason) {
+    endWithout(reason);
+  } catch (const std::length_error& reason) {
+    endWithout(reason);
+  }
+  if (const auto venue = std::exchange(published_, nullptr)) callback_(venue);
+}
+
+void VenueLoad::runJoins() {
+  const std::lock_guard lock(joinsMutex());
+  const bool gateOpen = collections_.locations && collections_.categories && collections_.maps &&
+                        collections_.nodes && collections_.vortices;
+  for (Join& join : joins_)
+    if (gateOpen) {
+      if (!std::exchange(join.ranEarly, false)) join.run(collections_);
+    } else if (join.early && !join.ranEarly) {
+      join.ranEarly = join.run(collections_);
+    }
+}
+
+// What has been joined so far is dropped first, so that there is memory for what follows.
+void VenueLoad::endWithout(const std::exception& reason) {
+  ended_ = true;
+  published_ = nullptr;
+  collections_ = CollectionDictionary();
+  if (options_.failed) return options_.failed(foundation::memoryError(reason));
+  collections_ = std::move(empty_);
+  fmt::memory_buffer line;  // a short text lies within it
+  fmt::format_to(std::back_inserter(line), "the venue is left empty: {}", reason.what());
+  foundation::diagnostic({line.data(), line.size()});
+  publish();
+}
+
+void VenueLoad::publish() {
+  const auto step = [this] { published_ = publishVenue(collections_); };
+  if (options_.guard)
+    options_.guard(step);
+  else
+    step();
+}
+
+}  // namespace orivanta

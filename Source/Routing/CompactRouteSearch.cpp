@@ -1,0 +1,154 @@
+#include "Source/Routing/CompactRouteSearch.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <unordered_set>
+#include <utility>
+
+#include "Source/Node.hpp"
+
+namespace orivanta {
+
+namespace {
+
+constexpr RouteNetwork::Index none = std::numeric_limits<RouteNetwork::Index>::max();
+
+// Up to here a second-level cache holds network and state, and fetching ahead is only work.
+constexpr std::size_t nodesThatStayInCache = 8192;
+
+bool isFinite(const std::shared_ptr<Node>& node) {
+  return std::isfinite(node->x) && std::isfinite(node->y) && std::isfinite(node->z);
+}
+
+}  // namespace
+
+// The root of the greatest square is the greatest root: rounding is monotone.
+inline double CompactRouteSearch::heuristic(double x, double y, double z) const {
+  const auto square = [=](const Position& destination) {
+    const double dx = x - destination.x;
+    const double dy = y - destination.y;
+    const double dz = z - destination.z;
+    return dx * dx + dy * dy + dz * dz;
+  };
+  double greatest = square(firstDestination_);
+  for (const Position& destination : otherDestinations_)
+    greatest = std::max(greatest, square(destination));
+  return std::sqrt(greatest);
+}
+
+bool CompactRouteSearch::covers(const RouteNetwork& network, const NodeList& nodes,
+                                const NodeList& destinations) {
+  return network.isRegular() && std::all_of(nodes.begin(), nodes.end(), isFinite) &&
+         std::all_of(destinations.begin(), destinations.end(), isFinite);
+}
+
+CompactRouteSearch::CompactRouteSearch(const RouteNetwork& network, const NodeList& nodes,
+                                       const NodeList& destinations)
+    : network_(network), state_(network.takeState(network.size() + nodes.size())) {
+  setDestinations(destinations);
+  for (const auto& start : nodes) putStart(start);
+  for (const auto& destination : destinations) {
+    const Index index = number(*destination);
+    if (index != none) state_->nodes[index].destinationStamp = state_->stamp;
+  }
+}
+
+// Each node once: a venue may name one many times, and the heuristic looks at them all.
+void CompactRouteSearch::setDestinations(const NodeList& destinations) {
+  const auto positionOf = [](const Node& node) { return Position{node.x, node.y, node.z}; };
+  firstDestination_ = positionOf(*destinations.front());
+  std::unordered_set<const Node*> seen{destinations.front().get()};
+  for (const auto& destination : destinations)
+    if (seen.insert(destination.get()).second)
+      otherDestinations_.push_back(positionOf(*destination));
+}
+
+CompactRouteSearch::~CompactRouteSearch() { network_.giveBack(std::move(state_)); }
+
+std::optional<Route> CompactRouteSearch::run() {
+  RouteFrontier& frontier = state_->frontier;
+  for (std::size_t taken = 1; !frontier.empty(); ++taken) {
+    const Index current = frontier.take();
+    NodeState& node = state_->nodes[current];
+    if (node.destinationStamp == state_->stamp) return routeTo(current, taken);
+    node.queued = false;
+    if (current < network_.size()) expand(current);
+  }
+  return std::nullopt;
+}
+
+void CompactRouteSearch::expand(Index current) {
+  const RouteNetwork::Place* const places = network_.places();
+  const RouteNetwork::Link* const links = network_.links();
+  const RouteNetwork::Link* const end = links + places[current].endLink;
+  NodeState* const nodes = state_->nodes.data();
+  RouteFrontier& frontier = state_->frontier;
+  const std::uint32_t stamp = state_->stamp;
+  const double costSoFar = nodes[current].cost;
+  const bool prefetches = network_.size() > nodesThatStayInCache;
+  if (prefetches) {
+    for (const auto* link = links + places[current].firstLink; link != end; ++link) {
+      __builtin_prefetch(&nodes[link->target]);
+      __builtin_prefetch(&places[link->target]);
+    }
+  }
+  for (const auto* link = links + places[current].firstLink; link != end; ++link) {
+    const Index index = link->target;
+    NodeState& target = nodes[index];
+    const double cost = costSoFar + link->weight;
+    if (target.reachedStamp != stamp) {
+      const RouteNetwork::Place& there = places[index];
+      if (prefetches) __builtin_prefetch(links + there.firstLink);
+      target.reachedStamp = stamp;
+      target.heuristic = heuristic(there.x, there.y, there.z);
+    } else if (!(cost < target.cost)) {
+      continue;
+    } else if (target.queued) {
+      target.cost = cost;
+      target.predecessor = current;
+      continue;
+    }
+    target.cost = cost;
+    target.predecessor = current;
+    target.queued = true;
+    frontier.put(cost + target.heuristic, index);
+  }
+}
+
+void CompactRouteSearch::putStart(const std::shared_ptr<Node>& start) {
+  Index index = number(*start);
+  if (index == none) {
+    index = static_cast<Index>(network_.size() + foreign_.size());
+    foreign_.push_back(start);
+    foreignNumbers_[start.get()] = index;
+  }
+  NodeState& state = state_->nodes[index];
+  if (state.reachedStamp == state_->stamp) return;
+  state.reachedStamp = state_->stamp;
+  state.cost = 0.0;
+  state.heuristic = heuristic(start->x, start->y, start->z);
+  state.predecessor = none;
+  state.queued = true;
+  state_->frontier.put(state.heuristic, index);
+}
+
+RouteNetwork::Index CompactRouteSearch::number(const Node& node) const {
+  if (const auto index = network_.find(node)) return *index;
+  const auto known = foreignNumbers_.find(&node);
+  return known == foreignNumbers_.end() ? none : known->second;
+}
+
+const std::shared_ptr<Node>& CompactRouteSearch::node(Index index) const {
+  return index < network_.size() ? network_.node(index) : foreign_[index - network_.size()];
+}
+
+Route CompactRouteSearch::routeTo(Index destination, std::size_t takenNodes) const {
+  Route route{{}, state_->nodes[destination].cost, takenNodes};
+  for (Index index = destination; index != none; index = state_->nodes[index].predecessor)
+    route.path.push_back(node(index));
+  std::reverse(route.path.begin(), route.path.end());
+  return route;
+}
+
+}  // namespace orivanta

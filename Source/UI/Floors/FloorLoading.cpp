@@ -1,0 +1,235 @@
+#include "Source/UI/Floors/FloorLoading.hpp"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <boost/asio/post.hpp>
+#include <exception>
+#include <utility>
+
+#include "Platform/Foundation/BackgroundPool.hpp"
+#include "Platform/Foundation/MainQueue.hpp"
+#include "Source/Map.hpp"
+#include "Source/UI/Floors/FloorFiles.hpp"
+#include "Source/UI/MapView.hpp"
+#include "Source/Venue.hpp"
+
+namespace orivanta {
+
+namespace {
+
+bool isDone(FloorState state) {
+  return state == FloorState::ready || state == FloorState::withoutModel ||
+         state == FloorState::failed;
+}
+
+// Without the path of the copy in the caches directory, which means nothing to people.
+std::string reasonOf(const foundation::Error& error, const std::string& path) {
+  const std::string prefix = path + ": ";
+  const std::string& text = error.description;
+  return text.starts_with(prefix) ? text.substr(prefix.size()) : text;
+}
+
+// The model, or what is wrong with it; then the file will be fetched anew the next time.
+std::variant<std::shared_ptr<scene::Node>, std::string> readModel(AssetLoader& loader,
+                                                                  const std::string& path,
+                                                                  const std::string& address) try {
+  auto model = loader.readModel(foundation::Url::fromFile(path));
+  const auto* const error = std::get_if<foundation::Error>(&model);
+  if (error == nullptr) return std::get<0>(std::move(model));
+  FileFetch::forget(path);
+  return fmt::format("{} is no model that can be shown: {}", address, reasonOf(*error, path));
+} catch (const std::exception& failure) {
+  return fmt::format("{} cannot be read: {}", address, failure.what());
+}
+
+}  // namespace
+
+FloorLoading::FloorLoading(const std::shared_ptr<MapView>& view, FloorLoadHandlers handlers,
+                           const std::shared_ptr<Map>& first)
+    : view_(view),
+      venue_(view->venue),
+      handlers_(std::make_shared<FloorLoadHandlers>(std::move(handlers))) {
+  pictures_ = std::make_shared<PictureBudget>(countFloorsWithPictures(*view->venue));
+  FetchPlan plan = FetchPlan::of(*view->venue, first);
+  order_ = std::move(plan.order);
+  files_ = std::move(plan.files);
+  paths_.resize(files_.size());
+  for (FetchPlan::Floor& planned : plan.floors) {
+    FloorProgress progress{planned.map, FloorState::waiting, 0, planned.files.size(),
+                           std::move(planned.problem)};
+    if (progress.fileCount == 0)
+      progress.state = progress.problem.empty() ? FloorState::withoutModel : FloorState::failed;
+    floors_.push_back(
+        {std::move(progress), std::move(planned.files), std::move(planned.omissions), {}});
+  }
+}
+
+template <class Step>
+void FloorLoading::onMainQueue(std::weak_ptr<FloorLoading> load, Step step) {
+  foundation::mainQueue::async([load = std::move(load), step = std::move(step)]() mutable {
+    const auto self = load.lock();
+    if (!self || !self->handlers_) return;
+    const auto view = self->view_.lock();
+    if (view && view->venue && view->venue == self->venue_.lock())
+      step(*self);
+    else
+      self->release();
+  });
+}
+
+void FloorLoading::start() {
+  const std::weak_ptr<FloorLoading> weak = weak_from_this();
+  onMainQueue(weak, [](FloorLoading& self) { self.announce(); });
+  fetch_ = FileFetch::start(
+      files_, view_.lock()->downloader,
+      {[weak](std::size_t file) {
+         onMainQueue(weak, [file](FloorLoading& self) { self.fileBegan(file); });
+       },
+       [weak](std::size_t file, FileFetch::Outcome outcome) {
+         onMainQueue(weak, [file, outcome = std::move(outcome)](FloorLoading& self) {
+           self.fileEnded(file, outcome);
+         });
+       }});
+}
+
+void FloorLoading::cancel() {
+  if (!handlers_) return;
+  if (const auto view = view_.lock(); view && !sceneStarted_) view->hideActivity();
+  release();
+}
+
+std::vector<FloorProgress> FloorLoading::floors() const {
+  std::vector<FloorProgress> floors;
+  floors.reserve(floors_.size());
+  for (const Floor& floor : floors_) floors.push_back(floor.progress);
+  return floors;
+}
+
+// What was known before anything was fetched.
+void FloorLoading::announce() {
+  for (const Floor& floor : floors_)
+    if (isDone(floor.progress.state)) changed(floor);
+  endIfDone();
+}
+
+void FloorLoading::fileBegan(std::size_t file) {
+  for (Floor& floor : floors_) {
+    if (floor.progress.state != FloorState::waiting || !uses(floor, file)) continue;
+    floor.progress.state = FloorState::fetching;
+    changed(floor);
+  }
+}
+
+void FloorLoading::fileEnded(std::size_t file, const FileFetch::Outcome& outcome) {
+  paths_[file] = outcome.path;
+  for (Floor& floor : floors_) {
+    if (!handlers_) return;  // a handler has canceled the load
+    if (floor.progress.state != FloorState::fetching || !uses(floor, file)) continue;
+    ++floor.progress.filesDone;
+    if (outcome.path.empty()) {
+      if (file == floor.files.front()) {
+        fail(floor, outcome.problem);
+        continue;
+      }
+      floor.omissions.push_back(outcome.problem);
+    }
+    if (!outcome.remark.empty()) {
+      ++floor.progress.earlierFiles;
+      floor.remarks.push_back(outcome.remark);
+    }
+    if (floor.progress.filesDone == floor.files.size()) read(floor);
+    changed(floor);
+  }
+  endIfDone();
+}
+
+bool FloorLoading::uses(const Floor& floor, std::size_t file) {
+  return std::find(floor.files.begin(), floor.files.end(), file) != floor.files.end();
+}
+
+void FloorLoading::read(Floor& floor) {
+  floor.progress.state = FloorState::reading;
+  const auto view = view_.lock();
+  if (!view) return;
+  const std::size_t model = floor.files.front();
+  boost::asio::post(
+      foundation::backgroundPool(),
+      [weak = weak_from_this(), index = static_cast<std::size_t>(&floor - floors_.data()),
+       loader = view->assetLoader, fetch = fetch_, path = paths_[model],
+       address = files_[model].url.absoluteString(), budget = pictures_] {
+        if (fetch->isCancelled()) return;
+        FloorPictures pictures(budget);
+        Model read{readModel(*loader, path, address), {}};
+        read.remarks = pictures.remarks();
+        const auto tell = [weak, index](const Model& result) {
+          onMainQueue(weak, [index, result](FloorLoading& self) { self.wasRead(index, result); });
+        };
+        if (const auto* const node = std::get_if<std::shared_ptr<scene::Node>>(&read.node))
+          view::SceneView::prepare({*node}, [tell, read](bool) { tell(read); });
+        else
+          tell(read);
+      });
+}
+
+void FloorLoading::wasRead(std::size_t index, const Model& model) {
+  Floor& floor = floors_[index];
+  const auto view = view_.lock();
+  if (!view) return;
+  if (const auto* const problem = std::get_if<std::string>(&model.node)) {
+    fail(floor, *problem);
+  } else {
+    view->setModel(*floor.progress.map, std::get<std::shared_ptr<scene::Node>>(model.node));
+    floor.remarks.insert(floor.remarks.end(), model.remarks.begin(), model.remarks.end());
+    floor.progress.remark = fmt::format("{}", fmt::join(floor.remarks, "; "));
+    floor.progress.problem = fmt::format("{}", fmt::join(floor.omissions, "; "));
+    floor.progress.state = FloorState::ready;
+    startScene();
+    changed(floor);
+  }
+  endIfDone();
+}
+
+void FloorLoading::fail(Floor& floor, std::string problem) {
+  floor.progress.problem = std::move(problem);
+  floor.progress.state = FloorState::failed;
+  startScene();
+  changed(floor);
+}
+
+// Once, as soon as it is clear which floor is to be shown.
+void FloorLoading::startScene() {
+  const auto view = view_.lock();
+  if (sceneStarted_ || !view || !isDone(floors_[order_.front()].progress.state)) return;
+  const auto ready = std::find_if(order_.begin(), order_.end(), [this](std::size_t i) {
+    return floors_[i].progress.state == FloorState::ready;
+  });
+  if (ready == order_.end()) return;
+  sceneStarted_ = true;
+  view->show(floors_[*ready].progress.map);
+}
+
+void FloorLoading::changed(const Floor& floor) {
+  const auto handlers = handlers_;  // one of them may cancel the load
+  if (handlers && handlers->floorChanged) handlers->floorChanged(floor.progress);
+}
+
+void FloorLoading::endIfDone() {
+  if (!handlers_ || !std::all_of(floors_.begin(), floors_.end(),
+                                 [](const Floor& floor) { return isDone(floor.progress.state); }))
+    return;
+  if (const auto view = view_.lock(); view && !sceneStarted_) view->hideActivity();
+  const auto handlers = release();
+  if (handlers->ended) handlers->ended(floors());
+}
+
+// Ends the load. The application's handle to it keeps neither handlers nor downloader alive.
+std::shared_ptr<FloorLoadHandlers> FloorLoading::release() {
+  const auto self = shared_from_this();
+  if (const auto fetch = std::exchange(fetch_, nullptr)) fetch->cancel();
+  if (const auto view = view_.lock(); view && view->floorLoad_ == self) view->floorLoad_.reset();
+  return std::exchange(handlers_, nullptr);
+}
+
+}  // namespace orivanta

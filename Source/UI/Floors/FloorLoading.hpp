@@ -1,0 +1,72 @@
+// One load of a venue's floors into a map view.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "Platform/Scene/Fwd.hpp"
+#include "Source/UI/AssetLoader.hpp"
+#include "Source/UI/FloorLoad.hpp"
+#include "Source/UI/Floors/FetchPlan.hpp"
+#include "Source/UI/Floors/FileFetch.hpp"
+#include "Source/UI/Floors/PictureBudget.hpp"
+
+namespace orivanta {
+
+class MapView;
+
+/// Owned by its view while it is under way. All of its state belongs to the main thread: work in
+/// the background sees none of it and tells its results through the main queue, where those of a
+/// load that is over are dropped. The load is over, without a word, when the view has another venue
+/// by then.
+class FloorLoading : public FloorLoad, public std::enable_shared_from_this<FloorLoading> {
+ public:
+  FloorLoading(const std::shared_ptr<MapView>& view, FloorLoadHandlers handlers,
+               const std::shared_ptr<Map>& first);
+
+  void start();
+  void cancel() override;
+  std::vector<FloorProgress> floors() const override;
+
+ private:
+  struct Floor {
+    FloorProgress progress;
+    std::vector<std::size_t> files;  // the model first
+    std::vector<std::string> omissions;
+    std::vector<std::string> remarks;
+  };
+  struct Model {
+    std::variant<std::shared_ptr<scene::Node>, std::string> node;  // or a problem
+    std::vector<std::string> remarks;
+  };
+
+  template <class Step>
+  static void onMainQueue(std::weak_ptr<FloorLoading> load, Step step);
+
+  static bool uses(const Floor& floor, std::size_t file);
+  void announce();
+  void fileBegan(std::size_t file);
+  void fileEnded(std::size_t file, const FileFetch::Outcome& outcome);
+  void read(Floor& floor);
+  void wasRead(std::size_t index, const Model& model);
+  void fail(Floor& floor, std::string problem);
+  void startScene();
+  void changed(const Floor& floor);
+  void endIfDone();
+  std::shared_ptr<FloorLoadHandlers> release();
+
+  const std::weak_ptr<MapView> view_;
+  std::weak_ptr<Venue> venue_;
+  std::shared_ptr<FloorLoadHandlers> handlers_;  // null when the load is over
+  std::vector<Floor> floors_;
+  std::vector<std::size_t> order_;  // in which they are fetched, the wanted one first
+  std::vector<FileFetch::File> files_;
+  std::vector<std::string> paths_;  // of the files; empty for those that are not there
+  std::shared_ptr<PictureBudget> pictures_;
+  std::shared_ptr<FileFetch> fetch_;
+  bool sceneStarted_ = false;
+};
+
+}  // namespace orivanta

@@ -1,0 +1,100 @@
+#include "Source/UI/Floors/KeptFile.hpp"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "Platform/Foundation/Files.hpp"
+#include "Platform/Foundation/Fnv.hpp"
+
+namespace orivanta {
+
+namespace fs = std::filesystem;
+using foundation::Error;
+
+namespace {
+
+constexpr std::size_t longestName = 255;
+constexpr std::size_t largestNote = 256U << 10U;  // a URL has at most 64 KiB
+
+// Length and checksum.
+std::string imprintOf(std::size_t length, const Fnv& checksum) {
+  return fmt::format("{} {:016x}", length, checksum.value());
+}
+
+std::string imprintOf(std::string_view bytes) {
+  Fnv checksum;
+  checksum.add(bytes);
+  return imprintOf(bytes.size(), checksum);
+}
+
+std::string imprintOf(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  std::array<char, 64U << 10U> block{};
+  Fnv checksum;
+  std::size_t length = 0;
+  while (stream.read(block.data(), block.size()) || stream.gcount() > 0) {
+    const auto count = static_cast<std::size_t>(stream.gcount());
+    checksum.add({block.data(), count});
+    length += count;
+  }
+  return imprintOf(length, checksum);
+}
+
+}  // namespace
+
+KeptFile::KeptFile(fs::path file) : file_(std::move(file)) {}
+
+fs::path KeptFile::note() const {
+  const std::string name = file_.filename().string();
+  std::string noteName = fmt::format(".{}.origin", name);
+  if (noteName.size() > longestName) noteName = fmt::format(".{:016x}.origin", Fnv::of(name));
+  return file_.parent_path() / noteName;
+}
+
+std::optional<network::HeaderFields> KeptFile::conditionFor(const foundation::Url& url) const {
+  const auto text = foundation::readFile(note(), largestNote);
+  std::error_code failure;
+  if (!text || !fs::is_regular_file(file_, failure)) return std::nullopt;
+  std::istringstream lines(*text);
+  std::string origin;
+  std::string imprint;
+  std::string entityTag;
+  std::string date;
+  if (!std::getline(lines, origin) || !std::getline(lines, imprint) ||
+      !std::getline(lines, entityTag) || !std::getline(lines, date) ||
+      origin != url.absoluteString() || imprint != imprintOf(file_))
+    return std::nullopt;
+  network::HeaderFields condition;
+  if (!entityTag.empty())
+    condition.emplace_back("If-None-Match", entityTag);
+  else if (!date.empty())
+    condition.emplace_back("If-Modified-Since", date);
+  return condition;
+}
+
+std::optional<Error> KeptFile::save(const foundation::Url& url,
+                                    const network::HttpUrlResponse& response,
+                                    std::string_view body) const {
+  std::error_code failure;
+  fs::create_directories(file_.parent_path(), failure);
+  if (failure)
+    return Error{"file", failure.value(),
+                 fmt::format("cannot make the folder {}: {}", file_.parent_path().string(),
+                             failure.message())};
+  foundation::removeAbandonedFiles(file_.parent_path());
+  if (auto error = foundation::writeFileAtomically(file_, body)) return error;
+  // Without a note the file serves only this time.
+  foundation::writeFileAtomically(
+      note(), fmt::format("{}\n{}\n{}\n{}\n", url.absoluteString(), imprintOf(body),
+                          response.headerField("ETag").value_or(""),
+                          response.headerField("Last-Modified").value_or("")));
+  return std::nullopt;
+}
+
+}  // namespace orivanta

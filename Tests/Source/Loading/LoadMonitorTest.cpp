@@ -1,0 +1,152 @@
+#include "Source/Loading/LoadMonitor.hpp"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <vector>
+
+#include "Tests/Support/Awaited.hpp"
+
+namespace orivanta {
+namespace {
+
+network::HttpUrlResponse responseFrom(const std::string& url, int status,
+                                      const std::string& next = "") {
+  network::HttpUrlResponse response{foundation::Url::parse(url), status, {}};
+  if (!next.empty()) response.headerFields = {{"Link", "<" + next + ">; rel=\"next\""}};
+  return response;
+}
+
+// What a load tells at its end.
+class Ending {
+ public:
+  using Told = std::pair<std::vector<LoadFailure>, bool>;
+
+  std::shared_ptr<LoadMonitor> load(std::size_t collections,
+                                    std::function<void(const LoadProgress&)> progressed = {},
+                                    network::LowestRate lowestRate = {}) const {
+    return std::make_shared<LoadMonitor>(
+        "http://h/1/", collections, lowestRate, std::move(progressed),
+        [told = told_](std::vector<LoadFailure> failures, bool complete) {
+          told.give({std::move(failures), complete});
+        });
+  }
+  Told take() const { return told_.take(); }
+
+ private:
+  test::Awaited<Told> told_;
+};
+
+TEST(LoadMonitor, TellsWhyACollectionFailed) {
+  using foundation::Error;
+  struct Case {
+    std::optional<int> status;  // of a page, when one comes
+    std::optional<Error> error;
+    LoadProblem problem;
+    std::string reason;  // "" for none
+  };
+  const std::string page = "http://h/1/map";
+  const std::string status = page + " answered with HTTP status ";
+  const std::vector<Case> cases = {
+      {200, std::nullopt, {}, ""},
+      {204, std::nullopt, {}, ""},
+      {401, std::nullopt, LoadProblem::refused, status + "401: wrong user name or password"},
+      {403, std::nullopt, LoadProblem::refused, status + "403: this account may not read it"},
+      {404, std::nullopt, LoadProblem::notFound,
+       status + "404: the server does not have it; is the endpoint right?"},
+      {410, std::nullopt, LoadProblem::otherStatus, status + "410"},
+      {503, Error{"", 1, ""}, LoadProblem::otherStatus,
+       status + "503: the server has a problem of its own"},
+      {200, Error{"", 1, ""}, LoadProblem::unusable,
+       page + " answered with a body that is no JSON"},
+      {200, Error{"memory", 1, "too large"}, LoadProblem::unusable, page + ": too large"},
+      {std::nullopt, Error{"curl", 7, "Couldn't connect"}, LoadProblem::noAnswer,
+       "no answer from http://h/1/map: Couldn't connect"},
+      {200, Error{"curl", 56, "reset"}, LoadProblem::noAnswer,
+       "no answer from http://h/1/map: reset"},
+      {200,
+       network::insecureStep(*foundation::Url::parse("https://h"), *foundation::Url::parse("x")),
+       LoadProblem::insecure, "https://h leads to x, which is not encrypted"},
+  };
+  for (const Case& each : cases) {
+    const Ending ending;
+    const auto load = ending.load(1);
+    if (each.status) load->pageReceived("map", responseFrom(page, *each.status), 2);
+    load->collectionEnded("map", each.error);
+    load->finish();
+    const auto [failures, complete] = ending.take();
+    EXPECT_TRUE(complete);
+    ASSERT_EQ(failures.size(), each.reason.empty() ? 0U : 1U) << each.reason;
+    for (const LoadFailure& failure : failures) {
+      EXPECT_EQ(failure.collection, "map");
+      EXPECT_EQ(failure.problem, each.problem) << each.reason;
+      EXPECT_EQ(failure.statusCode, each.status.value_or(0));
+      EXPECT_EQ(failure.reason, each.reason);
+    }
+  }
+}
+
+TEST(LoadMonitor, GivesUpLoadsThatDoNotEnd) {
+  struct {
+    std::vector<std::string> nextPages;  // by the pages of one collection
+    std::size_t pageBytes;
+    std::string reason;  // "" for none
+    network::LowestRate lowestRate = {};
+  } const cases[] = {
+      {{"2", "1", "2"}, 1, "the pages of node run in a circle, back to http://h/1/2"},
+      {{"2", "3", ""}, std::size_t{300} << 20U, ""},
+      {{"2", "3", "4", ""}, std::size_t{300} << 20U, "the server sent more than 1024 MiB"},
+      {std::vector<std::string>(100'001, "#"), 1, "node has more than 100000 pages"},
+      {{"2", ""},
+       1000,
+       "the pages of node come too slowly, less than 1000000000000000 bytes a second",
+       {1'000'000'000'000'000, std::chrono::seconds(0)}},
+      {{"2", ""}, 1000, "", {1'000'000'000'000'000, std::chrono::hours(1)}},
+      {{"2", ""}, 1000, "", {0, std::chrono::seconds(0)}},
+  };
+  for (const auto& test : cases) {
+    const Ending ending;
+    const auto load = ending.load(6, {}, test.lowestRate);
+    // Every page answers from one URL, as behind a redirect.
+    for (std::size_t page = 0; page < test.nextPages.size(); ++page) {
+      std::string next = test.nextPages[page];
+      if (next == "#") next = std::to_string(page);
+      load->pageReceived("node", responseFrom("http://h/1/all", 200, next), test.pageBytes);
+    }
+    load->finish();
+    const auto [failures, complete] = ending.take();
+    EXPECT_EQ(complete, test.reason.empty());
+    ASSERT_EQ(failures.size(), test.reason.empty() ? 0U : 1U) << test.reason;
+    for (const LoadFailure& failure : failures) {
+      EXPECT_EQ(failure.problem, LoadProblem::endless);
+      EXPECT_EQ(failure.reason, test.reason);
+    }
+  }
+}
+
+TEST(LoadMonitor, CountsUntilItEnds) {
+  std::vector<LoadProgress> steps;
+  const Ending ending;
+  const auto load =
+      ending.load(6, [&](const LoadProgress& progress) { steps.push_back(progress); });
+  load->start([] { return std::vector<WebApiSession::Request>(); });
+  load->pageReceived("map", responseFrom("http://h/1/map", 500), 10);
+  load->pageReceived("node", responseFrom("http://h/1/node", 200), 5);
+  load->collectionEnded("map", std::nullopt);
+  int done = 0;
+  load->unlessOver([&] { ++done; });
+  load->finish();
+  load->pageReceived("node", responseFrom("http://h/1/node?page=2", 200), 5);
+  EXPECT_EQ(ending.take().first.size(), 1U);
+  load->unlessOver([&] { ++done; });
+  EXPECT_EQ(done, 1) << "not once it is over";
+  ASSERT_EQ(steps.size(), 4U);
+  EXPECT_EQ(steps[0].pages, 0U);
+  EXPECT_EQ(steps[3].collectionsDone, 1U);
+  EXPECT_EQ(steps[3].collections, 6U);
+  EXPECT_EQ(steps[3].pages, 2U);
+  EXPECT_EQ(steps[3].bytes, 15U);
+}
+
+}  // namespace
+}  // namespace orivanta

@@ -1,0 +1,153 @@
+#include "Source/UI/Floors/FileFetch.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "Platform/Foundation/Files.hpp"
+#include "Tests/Support/Awaited.hpp"
+#include "Tests/Support/EnvironmentVariable.hpp"
+#include "Tests/Support/MisbehavingServer.hpp"
+#include "Tests/Support/ShownVenue.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace orivanta::test {
+namespace {
+
+class FileFetchTest : public testing::Test {
+ protected:
+  // Begins to fetch a file of the server.
+  std::shared_ptr<FileFetch> start(const std::string& path,
+                                   std::function<void(std::size_t, FileFetch::Outcome)> ended) {
+    return FileFetch::start({{*foundation::Url::parse(server.root(path)), "maps"}},
+                            std::make_shared<HttpDownloader>(), {[](auto) {}, std::move(ended)});
+  }
+
+  HttpDownloader::Fetched fetch(const std::string& address, const std::string& folder) {
+    network::AwaitedRequests requests;
+    return HttpDownloader().fetchFile(*foundation::Url::parse(address), folder, requests);
+  }
+  HttpDownloader::Fetched fetch(const std::string& path) {
+    return fetch(server.root(path), "maps");
+  }
+
+  const DiagnosticLines quiet;
+  const TemporaryFolder caches;
+  const EnvironmentVariable variable{"XDG_CACHE_HOME", caches.path()};
+  MisbehavingServer server;
+};
+
+TEST_F(FileFetchTest, KeepsOnlyAnAnswerThatIsOne) {
+  Answer bomb = Answer::html("").with("Content-Encoding", "gzip");  // 128 MiB
+  const std::string member = gzipped(std::string(16U << 20U, ' '));
+  for (int i = 0; i < 8; ++i) bomb.body += member;
+  server.on("/a.png", {Answer::html("404 page not found", 404), Answer::html("busy", 503), bomb,
+                       Answer::html(""), Answer::html("{}"), Answer::html("cut").closedAfter(1),
+                       Answer::html("picture", 203)});
+  const auto kept = *foundation::cachesDirectory() / "maps" / "a.png";
+  for (const std::string problem :
+       {"answered with HTTP status 404", "answered with HTTP status 503",
+        "cannot be fetched: it takes more memory", "answered with nothing",
+        "gives an error page in place of the file", "cannot be fetched: ", ""}) {
+    const Awaited<FileFetch::Outcome> outcome;
+    start("/a.png", [outcome](std::size_t, const auto& ended) { outcome.give(ended); });
+    const auto [path, told, remark] = outcome.take();
+    EXPECT_EQ(std::filesystem::exists(kept), problem.empty());
+    EXPECT_EQ(path, problem.empty() ? kept.string() : "");
+    if (problem.empty())
+      EXPECT_EQ(told, "");
+    else
+      EXPECT_THAT(told, testing::StartsWith(server.root("/a.png ") + problem));
+  }
+}
+
+// What is kept after a first fetch, and what becomes of it.
+TEST_F(FileFetchTest, AsksTheServerAgainUnlessTheFileIsNotWhatArrived) {
+  const auto current = Answer::html("new").with("ETag", "\"2\"");
+  const auto same = Answer::html("", 304);
+  const auto nothing = [](const auto&) {};
+  struct Case {
+    std::string what;
+    Answer first;
+    std::function<void(const std::filesystem::path& file)> then;
+    Answer second;
+    std::string condition;  // of the second request
+    std::string contents;   // after it; empty if there is a problem
+    bool isEarlier = false;
+  };
+  const auto tagged = Answer::html("old").with("ETag", "\"1\"");
+  const auto dated = Answer::html("old").with("Last-Modified", "Sat, 01 Jan 2022 00:00:00 GMT");
+  const auto write = [](const std::string& text) {
+    return
+        [text](const std::filesystem::path& file) { foundation::writeFileAtomically(file, text); };
+  };
+  for (const auto& [what, first, then, second, condition, contents, isEarlier] :
+       {Case{"unchanged", tagged, nothing, same, "\"1\"", "old"},
+        Case{"changed", tagged, nothing, current, "\"1\"", "new"},
+        Case{"dated", dated, nothing, same, "Sat, 01 Jan 2022 00:00:00 GMT", "old"},
+        Case{"unmarked", Answer::html("old"), nothing, current, "", "new"},
+        Case{"shortened", tagged, write("ol"), current, "", "new"},
+        Case{"damaged", tagged, write("odd"), current, "", "new"},
+        Case{"damaged and failing", tagged, write("odd"), Answer::html("", 503), "", ""},
+        Case{"failing", tagged, nothing, Answer::html("", 503), "\"1\"", "old", true},
+        Case{"failing, unmarked", Answer::html("old"), nothing, Answer::html("", 503), "", "old",
+             true},
+        Case{"cut off", tagged, nothing, Answer::html("new").closedAfter(1), "\"1\"", "old", true},
+        Case{"a portal", tagged, nothing, Answer::html("<html>sign in"), "\"1\"", "old", true},
+        Case{"gone", tagged, nothing, Answer::html("", 404), "\"1\"", ""},
+        Case{"nonsense", Answer::html("old"), nothing, same, "", ""}}) {
+    server.forgetRequests();
+    std::filesystem::remove_all(*foundation::cachesDirectory());
+    server.on("/a.png", {first, second});
+    const auto fetched = fetch("/a.png");
+    ASSERT_NE(fetched.path, "") << what << fetched.problem;
+    then(fetched.path);
+    const auto again = fetch("/a.png");
+    const auto request = server.requests().at(1);
+    EXPECT_EQ(
+        request.field("If-None-Match").value_or(request.field("If-Modified-Since").value_or("")),
+        condition)
+        << what;
+    EXPECT_EQ(foundation::readFile(again.path, 100).value_or(""), contents) << what;
+    EXPECT_EQ(again.problem.empty(), !contents.empty()) << what;
+    EXPECT_EQ(again.remark.empty(), !isEarlier) << what << again.remark;
+  }
+}
+
+TEST_F(FileFetchTest, KeepsFilesOfOneNameApartByTheirUrls) {
+  MisbehavingServer other;
+  server.on("/a.png", Answer::html("first").with("ETag", "\"1\""));
+  other.on("/a.png", [](const ReceivedRequest& request) {
+    return request.field("If-None-Match") ? Answer::html("", 304) : Answer::html("second");
+  });
+  const std::string own = fetch("/a.png").path;
+  const FileFetch::Outcome foreign = fetch(other.root("/a.png"), "maps");
+  EXPECT_EQ(foreign.path, own) << "the same folder";
+  EXPECT_EQ(foundation::readFile(own, 100), "second");
+  const auto url = [](const std::string& text) { return *foundation::Url::parse(text); };
+  EXPECT_EQ(HttpDownloader::folderFor(url("http://H:80/a"), "mall"), "http-h-80/mall");
+  EXPECT_EQ(HttpDownloader::folderFor(url("https://user:word@h/a"), "mall"), "https-h-443/mall");
+  for (const std::string slug : {"", "..", ".hidden", "a/b"}) {
+    const std::string folder = HttpDownloader::folderFor(url("http://h/a"), slug);
+    EXPECT_EQ(std::count(folder.begin(), folder.end(), '/'), 1) << folder;
+    EXPECT_EQ(folder.find("/."), std::string::npos) << folder;
+  }
+  server.on("/.a.png.origin", Answer::html("a note that is none"));
+  EXPECT_EQ(fetch("/.a.png.origin").path.find("/.a"), std::string::npos);
+}
+
+TEST_F(FileFetchTest, TellsWhyAFileCannotBeKept) {
+  server.on("/a.png", Answer::html("picture"));
+  foundation::writeFileAtomically(*foundation::cachesDirectory() / "maps", "");
+  EXPECT_THAT(fetch("/a.png").problem,
+              testing::AllOf(testing::HasSubstr("cannot be kept: cannot make the folder"),
+                             testing::EndsWith("Not a directory")));
+  std::filesystem::create_directories(*foundation::cachesDirectory() / "full" / "a.png" / "x");
+  EXPECT_THAT(fetch(server.root("/a.png"), "full").problem,
+              testing::EndsWith("a.png: Is a directory"));
+}
+
+}  // namespace
+}  // namespace orivanta::test
