@@ -1,4 +1,4 @@
-// What one client may cost the server in time and memory.
+// Limits on the time and memory that a client may use on the server.
 #pragma once
 
 #include <chrono>
@@ -8,22 +8,22 @@
 namespace orivanta::server {
 
 struct ConnectionLimits {
-  /// Connections that are open at the same time; at least 1. When all are in use, a new client
-  /// takes the place of the one that has been idle for longest, or that has taken nothing of its
-  /// answer for longest, or that has been slowest in a connection of at least a `rateWindow`. A new
-  /// client waits while all others are newer than that or wait for the server.
+  /// Maximum number of open connections; at least 1. When it is reached, a new client replaces the
+  /// connection that has been idle longest. If none is idle, it replaces one whose client has
+  /// accepted no response data for longest, or the slowest one that is at least a `rateWindow` old.
+  /// If there is no such connection either, the new client waits.
   std::size_t connections = 512;
 
-  std::uint32_t headerBytes = 16U << 10U;  ///< of a request's header; a longer one is answered 431
-  std::uint64_t bodyBytes = 64U << 10U;    ///< of a request's body, which is not used; else 413
+  std::uint32_t headerBytes = 16U << 10U;  ///< of a request header; longer: 431
+  std::uint64_t bodyBytes = 64U << 10U;    ///< of a request body, which is ignored; longer: 413
 
-  /// For a whole request, from the connection or from the first byte after an answer to its end.
+  /// For a complete request, from the connection or the first byte after the previous response.
   std::chrono::milliseconds requestTime = std::chrono::seconds(10);
-  /// Between an answer and the first byte of the next request.
+  /// Between a response and the first byte of the next request.
   std::chrono::milliseconds idleTime = std::chrono::seconds(30);
 
-  /// A client that takes less of an answer than this many bytes per second, on average over a whole
-  /// `rateWindow`, is cut off. At least 1 ms.
+  /// A client that receives fewer bytes per second than this, averaged over a `rateWindow`, is
+  /// disconnected. `rateWindow` is at least 1 ms.
   std::size_t lowestRate = 1024;
   std::chrono::milliseconds rateWindow = std::chrono::seconds(15);
 };

@@ -56,7 +56,7 @@ std::list<ConnectionTable::Entry>& ConnectionTable::listOf(Phase phase) {
   return phase == Phase::working ? working_ : sending_;
 }
 
-// The end of `sending_` if nobody may be closed.
+// Returns the end of `sending_` if no connection may be closed.
 ConnectionTable::Place ConnectionTable::sender(Time now) {
   if (!sending_.empty() && now - sending_.front().since >= stallTime_) return sending_.begin();
   Place slowest = sending_.end();

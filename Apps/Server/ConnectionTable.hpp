@@ -1,4 +1,4 @@
-// Who is connected, and who has to go when there is no room for a new client.
+// The open connections, and which of them to close when a new client needs room.
 #pragma once
 
 #include <chrono>
@@ -10,24 +10,24 @@
 
 namespace orivanta::server {
 
-/// Keeps the connections in the order in which they are closed for a new one. Any thread. Times are
-/// given by the caller and never go back.
+/// Keeps connections in the order in which they are closed for new ones. Thread-safe. The caller
+/// passes the current time, which must never decrease.
 class ConnectionTable {
  public:
   using Time = std::chrono::steady_clock::time_point;
   enum class Phase {
-    idle,     ///< no request has arrived in full
-    working,  ///< the answer is being made; never closed
-    sending,  ///< the answer is on its way
+    idle,     ///< no complete request has arrived
+    working,  ///< the response is being prepared; never closed
+    sending,  ///< the response is being sent
   };
 
  private:
   struct Entry {
     std::function<void()> close;
     Phase phase = Phase::idle;
-    Time since;               // of the phase; while sending, of the last progress
-    Time start;               // of the connection, put off by the time it was idle
-    std::uint64_t taken = 0;  // by the client, of all answers
+    Time since;               // start of the phase; while sending, time of the last progress
+    Time start;               // start of the connection plus the time it was idle
+    std::uint64_t taken = 0;  // bytes of all responses that the client has received
     bool isClosing = false;
   };
 
@@ -35,33 +35,34 @@ class ConnectionTable {
   using Place = std::list<Entry>::iterator;
 
   /// A sending connection may be closed for a new one when it has made no progress for `stallTime`,
-  /// or when it has not been idle for `grace` in all, which is more than 0.
+  /// or when the time in which it was not idle has reached `grace`, which must be positive.
   ConnectionTable(std::size_t capacity, std::chrono::milliseconds stallTime,
                   std::chrono::milliseconds grace)
       : capacity_(capacity), stallTime_(stallTime), grace_(grace) {}
 
   /// Adds an idle connection. `close` is called at most once, on the thread that calls `makeRoom`,
-  /// `closeOne` or `closeSender`; it returns without waiting for the connection's end. The place is
-  /// valid until it is passed to `leave`.
+  /// `closeOne` or `closeSender`, and must return without waiting for the connection to end. The
+  /// place is valid until it is passed to `leave`.
   Place enter(Time now, std::function<void()> close);
   void leave(Place place);
 
-  /// Records a new phase. Returns false if the connection has been told to close.
+  /// Records a new phase. Returns false if the connection has been asked to close.
   bool update(Place place, Phase phase, Time now);
 
-  /// Records that the client of a sending connection has taken `bytes` more.
+  /// Records that the client of a sending connection has received `bytes` more.
   void progress(Place place, std::uint64_t bytes, Time now);
 
-  /// Whether one more connection may enter. In a full table one is closed for it, see `closeOne`.
+  /// Returns whether one more connection may enter. If the table is full, closes one; see
+  /// `closeOne`.
   bool makeRoom(Time now);
 
-  /// Closes the connection that has been idle for longest, else one that `closeSender` chooses.
-  /// Returns false if there is none.
+  /// Closes the connection that has been idle longest, or else one chosen by `closeSender`. Returns
+  /// false if there is none.
   bool closeOne(Time now);
 
-  /// Closes the sending connection that has made no progress for longest, if that is `stallTime`.
-  /// Otherwise closes the one with the lowest rate, on average over the time in which it was not
-  /// idle, of those that have used up their `grace`. Returns false if there is none.
+  /// Closes the sending connection that has made no progress for longest, if that is at least
+  /// `stallTime`. Otherwise closes the connection with the lowest average rate, not counting idle
+  /// time, among those that have used up their `grace`. Returns false if there is none.
   bool closeSender(Time now);
 
  private:
@@ -72,11 +73,11 @@ class ConnectionTable {
   const std::size_t capacity_;
   const std::chrono::milliseconds stallTime_;
   const std::chrono::milliseconds grace_;
-  std::mutex mutex_;       // guards what follows; never held while a connection is told to close
-  std::list<Entry> idle_;  // these are ordered by `since`
+  std::mutex mutex_;       // guards the members below; not held while `close` is called
+  std::list<Entry> idle_;  // ordered by `since`
   std::list<Entry> working_;
   std::list<Entry> sending_;
-  std::list<Entry> closing_;  // these count no longer
+  std::list<Entry> closing_;  // no longer counted
 };
 
 }  // namespace orivanta::server

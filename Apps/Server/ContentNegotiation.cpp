@@ -11,8 +11,8 @@ namespace orivanta::server {
 
 namespace {
 
-// A header may be 16 KB long; no language has a longer name (RFC 4647, section 4.4.1), and nobody
-// speaks so many.
+// A header may be 16 KB long, but no language tag is longer than this (RFC 4647, section 4.4.1),
+// and no reader needs so many languages.
 constexpr std::size_t longestRange = 35;
 constexpr std::size_t mostRanges = 64;
 
@@ -21,7 +21,7 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(0, text.find_last_not_of(" \t") + 1);
 }
 
-// Takes the part up to the separator from the front of the text.
+// Removes the part before the separator from the front of the text and returns it.
 std::string_view takePart(std::string_view& text, char separator) {
   const std::size_t end = std::min(text.find(separator), text.size());
   const std::string_view part = trimmed(text.substr(0, end));
@@ -35,7 +35,7 @@ struct Weighted {
   int weight = 0;
 };
 
-// "0" to "1" with at most three decimals (RFC 9110, section 12.4.2).
+// Accepts "0" to "1" with at most three decimals (RFC 9110, section 12.4.2).
 std::optional<int> parseWeight(std::string_view text) {
   if (text.empty() || text.size() > 5 || (text[0] != '0' && text[0] != '1')) return std::nullopt;
   if (text.size() > 1 && text[1] != '.') return std::nullopt;
@@ -48,7 +48,7 @@ std::optional<int> parseWeight(std::string_view text) {
   return weight <= 1000 ? std::optional<int>(weight) : std::nullopt;
 }
 
-// Elements with a malformed weight are left out.
+// Ignores elements with a malformed weight.
 std::vector<Weighted> parseWeightedList(std::string_view header) {
   std::vector<Weighted> list;
   while (!header.empty()) {
@@ -72,7 +72,7 @@ std::optional<int> weightOf(const std::vector<Weighted>& list, std::string_view 
   return std::nullopt;
 }
 
-// Cuts the last subtag, and a single character before it, which only introduces what followed.
+// Removes the last subtag and a preceding single-character subtag, which only introduces it.
 void cutLastSubtag(std::string& tag) {
   tag.resize(tag.find('-') == std::string::npos ? 0 : tag.rfind('-'));
   if (tag.size() >= 2 && tag[tag.size() - 2] == '-') tag.resize(tag.size() - 2);

@@ -9,7 +9,7 @@ namespace orivanta::server {
 
 namespace {
 
-// Looks at every byte of `given`, wherever the first difference is.
+// Compares every byte of `given`, regardless of where the first difference is.
 bool equalInConstantTime(std::string_view given, std::string_view expected) {
   unsigned difference = given.size() == expected.size() ? 0U : 1U;
   for (std::size_t position = 0; position < given.size(); ++position) {
@@ -21,7 +21,7 @@ bool equalInConstantTime(std::string_view given, std::string_view expected) {
 
 }  // namespace
 
-// Never empty: there is at least the colon.
+// The expected header always contains the colon, so it is never empty.
 Credentials::Credentials(std::string_view username, std::string_view password)
     : encoded_(foundation::base64Encoded(std::string(username) + ':' + std::string(password))) {}
 

@@ -1,4 +1,4 @@
-// The user name and password that a server asks for.
+// The user name and password that clients must send.
 #pragma once
 
 #include <optional>
@@ -12,8 +12,8 @@ class Credentials {
  public:
   Credentials(std::string_view username, std::string_view password);
 
-  /// Whether an Authorization header carries them, in a time that does not tell how much of it
-  /// fits.
+  /// Whether an Authorization header contains these credentials. The time taken does not reveal how
+  /// many characters match.
   bool admit(std::string_view authorization) const;
 
  private:

@@ -13,7 +13,7 @@ namespace {
 
 struct Deflation {
   Deflation() {
-    constexpr int gzipWindow = MAX_WBITS + 16;  // the 16 asks for gzip instead of zlib's own format
+    constexpr int gzipWindow = MAX_WBITS + 16;  // adding 16 selects gzip instead of zlib's format
     if (deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, gzipWindow, MAX_MEM_LEVEL,
                      Z_DEFAULT_STRATEGY) != Z_OK)
       throw std::bad_alloc();

@@ -1,4 +1,4 @@
-// Compression for transport.
+// Gzip compression of response bodies.
 #pragma once
 
 #include <cstddef>
@@ -8,10 +8,10 @@
 
 namespace orivanta::server {
 
-/// Fills the buffer with at most `count` further bytes and returns how many; 0 at the end.
+/// Fills the buffer with at most `count` further bytes and returns their number; 0 at the end.
 using ByteSource = std::function<std::size_t(char* bytes, std::size_t count)>;
 
-/// The bytes in the gzip format (RFC 1952), at the fastest level; the same for the same bytes.
+/// The bytes in gzip format (RFC 1952) at the fastest level. The output depends only on the input.
 std::string gzipped(const ByteSource& source);
 std::string gzipped(std::string_view bytes);
 

@@ -22,10 +22,10 @@ using Phase = ConnectionTable::Phase;
 
 namespace {
 
-// How often the server looks at the progress of an answer within a rate window.
+// How often the server checks the progress of a response within a rate window.
 constexpr unsigned looksPerWindow = 30;
 
-// How often a request is put to the handler while that lacks something.
+// How often a request is passed to the handler while the handler lacks resources.
 constexpr unsigned mostAttempts = 5;
 constexpr std::chrono::milliseconds attemptDelay(20);
 
@@ -44,7 +44,7 @@ ServerContext::ServerContext(RequestHandler answer, const ConnectionLimits& boun
       limits(bounds),
       table(bounds.connections, 2 * lookInterval(bounds), bounds.rateWindow) {}
 
-// A message on its way.
+// A response being sent.
 struct HttpConnection::Outgoing {
   explicit Outgoing(WireResponse response) : message(std::move(response)), serializer(message) {}
 
@@ -74,7 +74,7 @@ void HttpConnection::start() {
                         [self = shared_from_this()] { self->readHeader(); });
 }
 
-// False if the connection has to end.
+// Returns false if the connection must end.
 bool HttpConnection::enter(Phase phase) {
   phase_ = phase;
   return context_->table.update(*place_, phase, Clock::now());
@@ -98,7 +98,7 @@ void HttpConnection::readHeader() {
   parser_.emplace();
   parser_->header_limit(context_->limits.headerBytes);
   parser_->body_limit(context_->limits.bodyBytes);
-  stream_.expires_after(context_->limits.requestTime);  // a trickle of bytes gains no time
+  stream_.expires_after(context_->limits.requestTime);  // partial data does not extend the time
   http::async_read_header(
       stream_, buffer_, *parser_,
       [self = shared_from_this()](const Error& error, std::size_t) { self->headerRead(error); });
@@ -136,7 +136,7 @@ void HttpConnection::answer() {
   send(std::move(outgoing));
 }
 
-// Clients that are slow may hold what is lacking: descriptors or memory.
+// Slow clients may be holding the missing resources: file descriptors or memory.
 void HttpConnection::answerLater() {
   context_->table.closeSender(Clock::now());
   const auto timer =
@@ -203,22 +203,23 @@ void HttpConnection::judgeRate() {
   watchRate();
 }
 
-// What the client's system has acknowledged: what was written may still wait on this side.
+// Counts the bytes that the client's system has acknowledged; written bytes may still be queued
+// here.
 std::uint64_t HttpConnection::takenBytes() {
   int waiting = 0;
   if (::ioctl(stream_.socket().native_handle(), SIOCOUTQ, &waiting) != 0) return writtenBytes_;
   return writtenBytes_ - std::min(writtenBytes_, static_cast<std::uint64_t>(waiting));
 }
 
-// Without the option the system would go on keeping what the client does not take.
+// Without this option, the system would keep sending the queued data.
 void HttpConnection::cutOff() {
   Error ignored;
   stream_.socket().set_option(boost::asio::socket_base::linger(true, 0), ignored);
   stream_.close();
 }
 
-// Closing while the client still sends would reset the connection and could take the answer with
-// it, so what comes is read for a moment.
+// Closing while the client still sends would reset the connection and could lose the response, so
+// incoming data is read for a short time.
 void HttpConnection::finish() {
   if (!enter(Phase::idle)) return;
   Error ignored;

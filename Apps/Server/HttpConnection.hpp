@@ -1,4 +1,4 @@
-// One client's connection: its requests, one after the other, and their answers.
+// A client's connection: reads its requests one after the other and sends the responses.
 #pragma once
 
 #include <boost/asio/ip/tcp.hpp>
@@ -17,7 +17,7 @@
 
 namespace orivanta::server {
 
-/// What the connections of a server share.
+/// Shared by all connections of a server.
 struct ServerContext {
   ServerContext(RequestHandler answer, const ConnectionLimits& bounds);
 
@@ -26,10 +26,10 @@ struct ServerContext {
   ConnectionTable table;
 };
 
-/// HTTP/1.1 with connections kept alive and requests in a row; HTTP/1.0 too. What is no HTTP, too
-/// large or ambiguous is answered with an error and ends the connection. Lives until the connection
-/// ends or the `io_context` goes; all that happens runs on the socket's executor, which must be a
-/// strand. An exception that leaves one of its handlers ends the connection.
+/// HTTP/1.1 with keep-alive and pipelined requests, and HTTP/1.0. Malformed, oversized or ambiguous
+/// requests are answered with an error, and the connection is closed. The object lives until the
+/// connection ends or the `io_context` is destroyed; everything runs on the socket's executor,
+/// which must be a strand. An exception that leaves one of its handlers ends the connection.
 class HttpConnection : public std::enable_shared_from_this<HttpConnection> {
  public:
   HttpConnection(boost::asio::ip::tcp::socket socket, std::shared_ptr<ServerContext> context,
@@ -38,7 +38,7 @@ class HttpConnection : public std::enable_shared_from_this<HttpConnection> {
   HttpConnection(const HttpConnection&) = delete;
   HttpConnection& operator=(const HttpConnection&) = delete;
 
-  /// Called once.
+  /// Call once.
   void start();
 
  private:
@@ -73,13 +73,13 @@ class HttpConnection : public std::enable_shared_from_this<HttpConnection> {
   boost::beast::flat_buffer buffer_;
   std::optional<boost::beast::http::request_parser<boost::beast::http::string_body>> parser_;
 
-  unsigned attempts_ = 0;  // to answer the request
+  unsigned attempts_ = 0;  // attempts to answer the request
 
   boost::asio::steady_timer rateTimer_;
   bool watchesRate_ = false;
   unsigned looksInWindow_ = 0;
   std::uint64_t writtenBytes_ = 0;
-  std::uint64_t takenBefore_ = 0;  // by the client, at the last look
+  std::uint64_t takenBefore_ = 0;  // value of `takenBytes` at the last check
   std::uint64_t takenAtWindowStart_ = 0;
 };
 

@@ -15,7 +15,7 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(0, text.find_last_not_of(whiteSpace) + 1);
 }
 
-// The position after the text whose opening quote is at `quote`.
+// Returns the position after the string whose opening quote is at `quote`.
 std::size_t endOfText(std::string_view json, std::size_t quote) {
   std::size_t position = quote + 1;
   for (;;) {
@@ -25,7 +25,7 @@ std::size_t endOfText(std::string_view json, std::size_t quote) {
   }
 }
 
-// The position of the next comma, colon or closing bracket that belongs to no inner value.
+// Returns the position of the next comma, colon or closing bracket outside nested values.
 std::size_t nextSeparator(std::string_view json, std::size_t position) {
   for (std::size_t depth = 0;;) {
     position = json.find_first_of("\"[]{},:", position);
@@ -66,7 +66,7 @@ std::vector<std::string_view> jsonElements(std::string_view array) {
   for (std::size_t start = 1; start < array.size();) {
     const std::size_t end = nextSeparator(array, start);
     const std::string_view element = trimmed(array.substr(start, end - start));
-    if (!element.empty()) elements.push_back(element);  // empty in "[]" alone
+    if (!element.empty()) elements.push_back(element);  // empty only for "[]"
     start = end + 1;
   }
   return elements;

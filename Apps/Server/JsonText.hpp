@@ -1,5 +1,4 @@
-// Taking JSON text apart without building values, so that numbers and texts stay as they are
-// written.
+// Splits JSON text without parsing its values, so that numbers and strings are kept as written.
 #pragma once
 
 #include <string>
@@ -8,12 +7,12 @@
 
 namespace orivanta::server {
 
-// All functions take one JSON value, white space around it included, that is known to be
-// well-formed; what they return points into it.
+// All functions take one well-formed JSON value, with optional white space around it. The results
+// point into it.
 
 struct JsonMember {
   std::string key;           ///< decoded
-  std::string_view keyText;  ///< as written, in its quotes
+  std::string_view keyText;  ///< as written, with its quotes
   std::string_view value;
 };
 
@@ -24,10 +23,10 @@ JsonKind jsonKind(std::string_view value);
 /// The elements of an array, in order.
 std::vector<std::string_view> jsonElements(std::string_view array);
 
-/// The members of an object, in order, repeated keys included.
+/// The members of an object in order, including repeated keys.
 std::vector<JsonMember> jsonMembers(std::string_view object);
 
-/// The characters of a text, its escapes resolved.
+/// The characters of a string, with escapes decoded.
 std::string jsonTextContent(std::string_view text);
 
 /// Appends the value without the white space between its parts.

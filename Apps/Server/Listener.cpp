@@ -25,7 +25,7 @@ asio::ip::address addressOf(const std::string& text) {
   return text == "localhost" ? asio::ip::address_v4::loopback() : asio::ip::make_address(text);
 }
 
-// The IPv4 address that an IPv6 address stands for, else the address itself.
+// Returns the IPv4 address that an IPv6 address maps, or else the address itself.
 asio::ip::address plainAddress(const asio::ip::address& address) {
   if (!address.is_v6() || !address.to_v6().is_v4_mapped()) return address;
   return asio::ip::make_address_v4(asio::ip::v4_mapped, address.to_v6());
@@ -38,8 +38,8 @@ asio::ip::address proxyAddress(const std::string& text) {
   return plainAddress(address);
 }
 
-// Answers go out at once, and the system takes over little that the client does not read: its
-// buffers would grow to megabytes for each connection.
+// Sends responses without delay, and keeps the socket's send buffer small: by default it would grow
+// to megabytes for every client that does not read.
 void tune(tcp::socket& socket) {
   constexpr int mostUnsent = 128 << 10;
   boost::system::error_code ignored;
@@ -75,8 +75,8 @@ void Listener::start(RequestHandler handler) {
              [self = shared_from_this()] { self->attempt(&Listener::accept); });
 }
 
-// An exception that left this function would be the end of accepting. The thread waits itself, as a
-// timer needs memory.
+// An exception that left this function would stop the server from accepting connections. The thread
+// itself sleeps, because a timer needs memory.
 void Listener::attempt(Step step) {
   while (!context_.stopped()) {
     try {
@@ -108,8 +108,8 @@ void Listener::admitWaiting() {
   accept();
 }
 
-// Out of descriptors or memory, for example: somebody has to go, and trying again at once is of no
-// use.
+// The system is out of descriptors or memory, for example. Retrying at once would not help, so a
+// connection is closed first.
 void Listener::acceptLater() {
   shared_->table.closeOne(std::chrono::steady_clock::now());
   callLater(std::chrono::milliseconds(100), &Listener::accept);

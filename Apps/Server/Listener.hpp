@@ -1,4 +1,4 @@
-// Accepts connections, and makes room for new ones.
+// Accepts connections and makes room for new ones.
 #pragma once
 
 #include <boost/asio/io_context.hpp>
@@ -27,13 +27,14 @@ class Listener : public std::enable_shared_from_this<Listener> {
     std::vector<std::string> trustedProxies{};  ///< IP addresses
   };
 
-  /// Listens, but accepts nobody yet. Throws `std::system_error` when the address is none or the
-  /// port is taken, and `std::invalid_argument` when the address of a proxy is none.
+  /// Listens, but does not accept connections yet. Throws `std::system_error` if the address is
+  /// invalid or the port is in use, and `std::invalid_argument` if the address of a proxy is
+  /// invalid.
   Listener(boost::asio::io_context& context, Options options);
 
   boost::asio::ip::tcp::endpoint endpoint() const { return acceptor_.local_endpoint(); }
 
-  /// Accepts clients for as long as the context runs.
+  /// Accepts clients as long as the context runs.
   void start(RequestHandler handler);
 
  private:
@@ -49,10 +50,10 @@ class Listener : public std::enable_shared_from_this<Listener> {
   boost::asio::io_context& context_;
   const ConnectionLimits limits_;
   std::vector<boost::asio::ip::address> trustedProxies_;
-  boost::asio::ip::tcp::acceptor acceptor_;  // on a strand, as all that follows
+  boost::asio::ip::tcp::acceptor acceptor_;  // on a strand, like all members below
   boost::asio::steady_timer retry_;
   std::shared_ptr<ServerContext> shared_;
-  std::optional<boost::asio::ip::tcp::socket> waiting_;  // for room
+  std::optional<boost::asio::ip::tcp::socket> waiting_;  // waits for room
 };
 
 }  // namespace orivanta::server

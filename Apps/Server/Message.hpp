@@ -1,4 +1,4 @@
-// Requests and responses as the router sees them, without connections.
+// Requests and responses as the router handles them, independent of connections.
 #pragma once
 
 #include <cstdint>
@@ -14,8 +14,8 @@
 
 namespace orivanta::server {
 
-/// The parts of a request that decide the answer. Headers are empty when missing; several lines of
-/// one are joined with commas.
+/// The parts of a request that affect the response. Missing headers are empty; repeated headers are
+/// joined with commas.
 struct Request {
   std::string method = "GET";
   std::string target = "/";
@@ -24,12 +24,12 @@ struct Request {
   std::string acceptEncoding{};
   std::string acceptLanguage{};
   std::string ifNoneMatch{};
-  /// X-Forwarded-Proto and X-Forwarded-Host. Filled only if a trusted proxy sent the request.
+  /// X-Forwarded-Proto and X-Forwarded-Host. Empty unless a trusted proxy sent the request.
   std::string forwardedProtocol{};
   std::string forwardedHost{};
 };
 
-/// The bytes that stand for a resource under some request, ready to be sent.
+/// The bytes that represent a resource, ready to be sent.
 struct Representation {
   std::string body;
   std::string entityTag;  ///< strong, with its quotes
@@ -41,24 +41,24 @@ struct Response {
   std::vector<std::pair<std::string, std::string>> headers;
   std::shared_ptr<const std::string> text;  ///< the body, or null
   std::optional<PackageFile> file;          ///< the body, or nothing
-  bool bodyOmitted = false;                 ///< send the headers alone, the body's length included
+  bool bodyOmitted = false;                 ///< send only the headers, including the body's length
 
-  /// The value of the first header of exactly this name, or "".
+  /// The value of the first header with exactly this name, or "".
   std::string header(std::string_view name) const;
   std::uint64_t contentLength() const;
 };
 
-/// Answers a request. Called by several threads at once. May throw: the client gets a status of
-/// 500.
+/// Handles a request. Called concurrently from several threads. If it throws, the client receives
+/// status 500.
 using RequestHandler = std::function<Response(const Request&)>;
 
-/// An answer whose body is {"error": {"status": ..., "message": ...}}.
+/// A response whose body is {"error": {"status": ..., "message": ...}}.
 Response errorResponse(unsigned status, std::string_view message);
 
-/// 503: the server lacks something for the moment, and the client may ask again in a second.
+/// 503: a resource is temporarily unavailable, and the client may retry after a second.
 Response unavailableResponse(std::string_view message);
 
-/// 200 with the representation, or 304 when the request names its entity tag.
+/// 200 with the representation, or 304 if the request names its entity tag.
 Response representationResponse(const Request& request,
                                 const std::shared_ptr<const Representation>& representation,
                                 std::string_view contentType, std::string_view vary);

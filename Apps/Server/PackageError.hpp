@@ -1,11 +1,11 @@
-// What is wrong with a venue package.
+// The error of the functions that read venue packages.
 #pragma once
 
 #include <stdexcept>
 
 namespace orivanta::server {
 
-/// A package that cannot be served; the text names the file and the reason.
+/// A package cannot be served. The message names the file and the reason.
 class PackageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

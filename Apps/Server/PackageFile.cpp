@@ -22,7 +22,8 @@ bool isServed(std::string_view segment) {
          segment.find_first_of(std::string_view("/\0", 2)) == std::string_view::npos;
 }
 
-// Whether `file` lies below `folder`, both absolute and free of links, and shows no hidden name.
+// Whether `file` is inside `folder` and has no hidden path segment below it. Both paths are
+// absolute and free of symbolic links.
 bool liesBelow(const fs::path& file, const fs::path& folder) {
   const auto [folderEnd, rest] =
       std::mismatch(folder.begin(), folder.end(), file.begin(), file.end());
@@ -31,7 +32,7 @@ bool liesBelow(const fs::path& file, const fs::path& folder) {
                      [](const fs::path& part) { return isServed(part.string()); });
 }
 
-// The error if it does not tell whether the file exists, else none.
+// Returns the error if it leaves open whether the file exists, and no error otherwise.
 std::error_code shortageOf(const std::error_code& error) {
   for (const std::errc lack :
        {std::errc::too_many_files_open, std::errc::too_many_files_open_in_system,
@@ -54,7 +55,7 @@ std::optional<PackageFile> PackageFile::open(const fs::path& folder,
   const fs::path path = fs::canonical(named, error);
   shortage = shortageOf(error);
   if (error || !liesBelow(path, folder)) return std::nullopt;
-  // Without O_NONBLOCK a named pipe would hold the thread until somebody writes to it.
+  // Without O_NONBLOCK, opening a named pipe would block until a writer opens it.
   PackageFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
   if (file.descriptor_ < 0) shortage = shortageOf({errno, std::generic_category()});
   struct stat status {};

@@ -1,4 +1,4 @@
-// Files of a package, opened so that no request reaches anything else.
+// Files of a package, opened so that requests cannot reach anything outside of it.
 #pragma once
 
 #include <cstddef>
@@ -15,11 +15,11 @@ namespace orivanta::server {
 /// A regular file, open for reading.
 class PackageFile {
  public:
-  /// Opens the file at a path below `folder`, given as its decoded segments; `folder` is absolute
-  /// and free of symbolic links. Nothing when there is no such file, when a segment is empty,
-  /// begins with a dot or holds a slash or a NUL, and when a symbolic link leads out of the folder
-  /// or to a name with a leading dot. If the file may exist, but the system is out of descriptors
-  /// or memory, `shortage` says so; else it is cleared.
+  /// Opens a file below `folder`, which is absolute and free of symbolic links; the path is given
+  /// as decoded segments. Returns nothing if there is no such file, if a segment is empty, begins
+  /// with a dot or contains a slash or a NUL, or if a symbolic link leads out of the folder or to a
+  /// name with a leading dot. If the file may exist but the system is out of descriptors or memory,
+  /// `shortage` is set to that error; otherwise it is cleared.
   static std::optional<PackageFile> open(const std::filesystem::path& folder,
                                          const std::vector<std::string>& segments,
                                          std::error_code& shortage);
@@ -29,22 +29,22 @@ class PackageFile {
   ~PackageFile();
 
   std::uint64_t size() const { return size_; }
-  /// Changes with the file's contents: made of its device, number, size and time of change.
+  /// Changes when the file changes: made of its device, inode, size and modification time.
   const std::string& version() const { return version_; }
-  /// Reads at most `count` of the `size` bytes, from `position` on. Returns how many were read: 0
-  /// at the end, and also before if the file has become shorter or cannot be read. Bytes that were
-  /// added after it was opened are not read.
+  /// Reads at most `count` bytes from `position`. Returns the number of bytes read: 0 at the end,
+  /// or earlier if the file has become shorter or cannot be read. Bytes that were appended after
+  /// the file was opened are not read.
   std::size_t read(std::uint64_t position, char* bytes, std::size_t count) const;
 
  private:
   explicit PackageFile(int descriptor) : descriptor_(descriptor) {}
 
-  int descriptor_;  // -1 for none
+  int descriptor_;  // -1 if none
   std::uint64_t size_ = 0;
   std::string version_;
 };
 
-/// The media type that the name of a file suggests, and whether it is worth compressing.
+/// The media type for a file name, and whether compressing such files is useful.
 struct MediaType {
   std::string_view name;
   bool isText;

@@ -52,7 +52,7 @@ std::shared_ptr<const PackageSet> PackageStore::current() {
   return current_;
 }
 
-// Null when no package was replaced.
+// Returns null if no package was replaced.
 std::shared_ptr<const PackageSet> PackageStore::refreshed(const PackageSet& old) noexcept try {
   auto packages = old.packages;
   auto seenVersions = seenVersions_;
@@ -67,7 +67,7 @@ std::shared_ptr<const PackageSet> PackageStore::refreshed(const PackageSet& old)
   return nullptr;
 }
 
-// Null when the package is what it was, or cannot take the place of the old one.
+// Returns null if the package is unchanged, or cannot replace the old one.
 std::shared_ptr<const VenuePackage> PackageStore::replacement(const PackageSet& old,
                                                               std::size_t index,
                                                               std::string& seenVersion) const {

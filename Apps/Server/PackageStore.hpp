@@ -1,4 +1,4 @@
-// The packages that are served, kept up to date with the disk.
+// The packages being served, kept up to date with the file system.
 #pragma once
 
 #include <chrono>
@@ -14,29 +14,29 @@
 
 namespace orivanta::server {
 
-/// All packages at one time. Never changed.
+/// The packages at one point in time. Immutable.
 struct PackageSet {
   std::vector<std::shared_ptr<const VenuePackage>> packages;
-  RecordCollection venues;   ///< of all packages, in their order
-  std::uint64_t number = 0;  ///< differs between sets
+  RecordCollection venues;   ///< of all packages, in the order of the packages
+  std::uint64_t number = 0;  ///< unique for each set
 
   explicit PackageSet(std::vector<std::shared_ptr<const VenuePackage>> all);
 
-  /// Null when there is no venue of this slug.
+  /// Returns null if no venue has this slug.
   const VenuePackage* package(std::string_view slug) const;
 };
 
-/// Any thread.
+/// Thread-safe.
 class PackageStore {
  public:
-  /// `report` is called with a line of text about every package that was read again or could not
-  /// be; it may be null. What it throws is ignored.
+  /// `report` is called with a line of text for every package that was read again or could not be.
+  /// It may be null; its exceptions are ignored.
   PackageStore(std::vector<VenuePackage> packages, std::chrono::milliseconds checkInterval,
                std::function<void(const std::string&)> report);
 
-  /// The packages as they are now on the disk, or as they were at most `checkInterval` ago.
-  /// Packages are replaced, but neither added nor removed: one that has gone or cannot be read
-  /// stays as it was. While one thread reads a package, the others get what was there before.
+  /// The packages as on the disk, at most `checkInterval` old. Packages are replaced, but neither
+  /// added nor removed: a package that is missing or cannot be read is kept as it was. While one
+  /// thread reads a package, other threads receive the previous set.
   std::shared_ptr<const PackageSet> current();
 
  private:
@@ -47,8 +47,8 @@ class PackageStore {
 
   const std::chrono::milliseconds checkInterval_;
   const std::function<void(const std::string&)> report_;
-  std::vector<std::string> seenVersions_;  // of each package; used by the thread that checks
-  std::mutex mutex_;                       // guards what follows
+  std::vector<std::string> seenVersions_;  // for each package; used only by the thread that checks
+  std::mutex mutex_;                       // guards the members below
   std::shared_ptr<const PackageSet> current_;
   std::chrono::steady_clock::time_point nextCheck_;
   bool isChecking_ = false;

@@ -24,7 +24,7 @@ bool isPicture(std::string_view key) {
 
 }  // namespace
 
-// Appends one record and notes its gaps.
+// Appends one record and records its gaps.
 class RecordCollection::Writer {
  public:
   Writer(RecordCollection& collection, std::string_view filesPath)
@@ -60,7 +60,7 @@ class RecordCollection::Writer {
     text_ += '}';
   }
 
-  // One text, or an object with a text for each size.
+  // The value is a string, or an object with a string for each size.
   void writePicture(std::string_view picture) {
     if (jsonKind(picture) != JsonKind::object) return writeReference(picture);
     writeMembers(jsonMembers(picture), [this](const JsonMember& member) {
@@ -113,7 +113,7 @@ class RecordCollection::Writer {
     std::vector<Name> names;
     for (const JsonMember& member : members) {
       if (member.key != "names") continue;
-      names.clear();  // of a repeated key the last counts
+      names.clear();  // the last occurrence of a repeated key counts
       if (jsonKind(member.value) != JsonKind::object) continue;
       for (const JsonMember& name : jsonMembers(member.value))
         if (jsonKind(name.value) == JsonKind::text)
@@ -122,7 +122,7 @@ class RecordCollection::Writer {
     return names;
   }
 
-  // A record without a name of its own gets one at its end, if any language fits.
+  // Adds a gap at the end of a record without a default name; it is filled if a language matches.
   void addMissingName(std::vector<Name> names) {
     for (Name& name : names) name.text.insert(0, R"(,"name":)");
     collection_.gaps_.push_back({text_.size() - 1, 0, std::move(names)});

@@ -1,4 +1,4 @@
-// Records of one collection, written out once at the start, from which pages are cut.
+// The records of a collection, serialized once; pages are cut from the text.
 #pragma once
 
 #include <cstddef>
@@ -8,30 +8,30 @@
 
 namespace orivanta::server {
 
-/// The JSON text of the records, with gaps where an answer depends on the request: the server's
-/// origin in front of the records' files, and names that exist in several languages. Numbers and
-/// texts are those of the package, character for character.
+/// The JSON text of the records. It has gaps for what depends on the request: the server's origin
+/// in the URLs of files, and names that exist in several languages. Numbers and strings are kept
+/// exactly as in the package.
 ///
 /// Filled by one thread; afterwards any number of threads may read.
 class RecordCollection {
  public:
-  /// Number of a language in `languages()`.
+  /// Index of a language in `languages()`.
   using Language = std::size_t;
 
-  /// Appends a record: any well-formed JSON value. `filesPath` is where the files of its package
-  /// are served, such as "/1/files/mall/".
+  /// Appends a record, which may be any well-formed JSON value. `filesPath` is the path under which
+  /// the files of its package are served, such as "/1/files/mall/".
   void append(std::string_view record, std::string_view filesPath);
 
   std::size_t size() const { return starts_.size(); }
 
-  /// The tags under which the records have names, in lower case, each once.
+  /// The language tags for which records have names, in lower case, without duplicates.
   const std::vector<std::string>& languages() const { return languages_; }
 
-  /// Whether pages differ between origins: some record names a file of its package.
+  /// Whether pages depend on the origin because a record refers to a file of its package.
   bool dependsOnOrigin() const { return dependsOnOrigin_; }
 
-  /// A JSON array of at most `count` records from the one at index `first`. `origin` is such as
-  /// "http://localhost:8080"; `preferred` holds the languages that the client reads, best first.
+  /// A JSON array of at most `count` records, starting at index `first`. `origin` is, for example,
+  /// "http://localhost:8080"; `preferred` holds the client's languages, best first.
   std::string page(std::size_t first, std::size_t count, std::string_view origin,
                    const std::vector<Language>& preferred) const;
 
@@ -39,10 +39,10 @@ class RecordCollection {
   class Writer;
   struct Name {
     Language language;
-    std::string text;  // what stands in the gap
+    std::string text;  // the text for the gap
   };
-  // Stands for `length` characters of the text from `position`: for the origin if there are no
-  // names, else for a name, or for the characters themselves when no name fits.
+  // Replaces `length` characters of the text at `position`: by the origin if `names` is empty, or
+  // else by a name. If no name matches, the characters stay.
   struct Gap {
     std::size_t position;
     std::size_t length;
@@ -51,9 +51,9 @@ class RecordCollection {
 
   Language languageNumber(std::string_view tag);
 
-  std::string text_;                 // records, each followed by a comma
-  std::vector<std::size_t> starts_;  // of the records in the text
-  std::vector<Gap> gaps_;            // by position
+  std::string text_;                 // the records, each followed by a comma
+  std::vector<std::size_t> starts_;  // positions of the records in the text
+  std::vector<Gap> gaps_;            // ordered by position
   std::vector<std::string> languages_;
   bool dependsOnOrigin_ = false;
 };

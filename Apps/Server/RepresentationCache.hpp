@@ -1,4 +1,4 @@
-// Representations that were made lately, so that the next client gets them at once.
+// A cache of recently made representations.
 #pragma once
 
 #include <condition_variable>
@@ -17,23 +17,24 @@
 
 namespace orivanta::server {
 
-/// Drops what was used longest ago when the bodies and keys exceed the limit. What somebody still
-/// uses is kept beyond the limit: dropping it would free nothing, and the next client would need a
-/// copy. Any thread.
+/// Removes the least recently used entries when the bodies and keys exceed the limit.
+/// Representations in use are kept beyond the limit, since removing them would free no memory.
+/// Thread-safe.
 class RepresentationCache {
  public:
   using Maker = std::function<Representation()>;
 
-  /// Keeps `maximumBytes`, and makes nothing new while `mostInUse` bytes are in use or longer.
+  /// Keeps up to `maximumBytes`. While at least `mostInUse` bytes are in use, makes nothing new.
   explicit RepresentationCache(std::size_t maximumBytes,
                                std::size_t mostInUse = std::numeric_limits<std::size_t>::max())
       : maximumBytes_(maximumBytes), mostInUse_(mostInUse) {}
 
-  /// What was made under this key before, else what `make` returns. Of several threads that ask for
-  /// the same missing key one makes it, and the others wait. Null if too much is in use.
+  /// Returns the cached representation for this key, or the result of `make`. If several threads
+  /// request a missing key, one of them makes it and the others wait. Returns null if too much is
+  /// in use.
   std::shared_ptr<const Representation> get(const std::string& key, const Maker& make);
 
-  /// The same without waiting: null also while another thread makes it.
+  /// The same without waiting: also returns null while another thread makes the representation.
   std::shared_ptr<const Representation> getWithoutWaiting(const std::string& key,
                                                           const Maker& make);
 
@@ -52,11 +53,11 @@ class RepresentationCache {
 
   const std::size_t maximumBytes_;
   const std::size_t mostInUse_;
-  std::mutex mutex_;              // guards what follows
-  std::condition_variable made_;  // or given up: a key has left `making_`
+  std::mutex mutex_;              // guards the members below
+  std::condition_variable made_;  // signaled when a key leaves `making_`
   std::unordered_set<std::string> making_;
   std::size_t bytes_ = 0;
-  std::list<Entry> entries_;  // the one used last comes first
+  std::list<Entry> entries_;  // most recently used first
   std::unordered_map<std::string_view, std::list<Entry>::iterator> index_;
 };
 

@@ -1,4 +1,4 @@
-// The body of a response as Boost.Beast sends it: a shared text, or a file from the disk.
+// Response bodies for Boost.Beast: a shared string, or a file on the disk.
 #pragma once
 
 #include <array>
@@ -16,13 +16,13 @@
 
 namespace orivanta::server {
 
-/// A body type of Boost.Beast. A file is read in chunks while it is sent, and exactly as many bytes
-/// are sent as it had when it was opened. If it has become shorter, sending ends with
+/// A Boost.Beast body type. A file is read in chunks while it is sent; the number of bytes sent is
+/// the file's size when it was opened. If the file has become shorter, sending fails with
 /// `error::short_read`.
 struct ResponseBody {
   struct value_type {
     std::shared_ptr<const std::string> text;
-    std::optional<PackageFile> file;  ///< sent if there is no text
+    std::optional<PackageFile> file;  ///< sent if `text` is null
   };
 
   class writer {
@@ -35,13 +35,13 @@ struct ResponseBody {
         : body_(body) {}
 
     void init(boost::beast::error_code& error) { error = {}; }
-    /// The next bytes, and whether more follow; none at the end.
+    /// The next bytes, and whether more follow; nothing at the end.
     boost::optional<std::pair<const_buffers_type, bool>> get(boost::beast::error_code& error);
 
    private:
     const value_type& body_;
     std::uint64_t position_ = 0;
-    std::unique_ptr<std::array<char, chunkBytes>> chunk_;  // for files only
+    std::unique_ptr<std::array<char, chunkBytes>> chunk_;  // only for files
   };
 };
 

@@ -18,14 +18,14 @@ namespace orivanta::server {
 namespace {
 
 constexpr std::size_t cacheBytes = 64U << 20U;
-// Slow clients could hold as many pages as there are connections.
+// Slow clients could otherwise hold one page per connection.
 constexpr std::size_t mostBytesInUse = 256U << 20U;
-// Smaller texts do not shrink enough to be worth it.
+// Compressing smaller texts saves too little.
 constexpr std::size_t smallestCompressed = 1024;
-// Larger files are not compressed: the result is kept in memory.
+// Larger files are not compressed, because the result is kept in memory.
 constexpr std::size_t largestCompressed = 32U << 20U;
 
-// The languages of the collection that the client reads, best first.
+// The client's languages that the collection has, best first.
 std::vector<RecordCollection::Language> preferredLanguages(const Request& request,
                                                            const RecordCollection& records) {
   std::vector<RecordCollection::Language> preferred;
@@ -66,7 +66,7 @@ std::string gzippedFile(const PackageFile& file) {
   return bytes;
 }
 
-// The last element of a header: what the proxy itself has added if it keeps what it got.
+// Returns the last element of a header: the one that the proxy itself appended.
 std::string_view lastOf(std::string_view list) {
   const std::size_t start = list.find_last_of(", \t");
   return list.substr(start == std::string_view::npos ? 0 : start + 1);
@@ -167,8 +167,8 @@ Response Router::file(const Request& request, const Target& target, const Packag
   return response;
 }
 
-// Null for a file that is better sent as it is: one that is being compressed for another client is
-// not waited for, as that would keep a thread from all other clients.
+// Returns null if the file should be sent uncompressed. This includes a file that is being
+// compressed for another client, because waiting would block a thread that other clients need.
 std::shared_ptr<const Representation> Router::compressedFile(const PackageFile& file) {
   if (file.size() < smallestCompressed || file.size() > largestCompressed) return nullptr;
   const std::string entityTag = gzipTag(tagOf(file));

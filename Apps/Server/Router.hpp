@@ -1,4 +1,4 @@
-// From a request to its response: the web API's paths, without connections.
+// Maps requests to responses: the paths of the web API, without connections.
 #pragma once
 
 #include <chrono>
@@ -19,25 +19,25 @@
 
 namespace orivanta::server {
 
-/// Serves, to GET and HEAD:
+/// Serves GET and HEAD requests for:
 ///
 /// - `/1/venue`: the venues, in the order of the packages;
 /// - `/1/map`, `/1/location`, `/1/category`, `/1/node`, `/1/vortex`, `/1/polygon`, each with
 ///   `?venue=SLUG`: a collection of a venue;
 /// - `/1/files/SLUG/...`: the files of a package.
 ///
-/// Collections come in pages; `page` (from 1) and `per-page` choose one, and a `Link` header names
-/// the others. References of records to files are absolute URLs in them, below the origin that is
-/// set, else the one that a trusted proxy names, else the host that the client asked. Everything
-/// else is answered with an error as JSON. Files are opened for every request; packages are read
-/// anew when they were replaced.
+/// Collections are paged: `page` (from 1) and `per-page` select a page, and a `Link` header names
+/// the others. References from records to files become absolute URLs. Their origin is the
+/// configured one, else the one named by a trusted proxy, else the host of the request. All other
+/// requests are answered with an error in JSON. Files are opened for every request; packages are
+/// read again when they are replaced.
 class Router {
  public:
   struct Options {
-    std::string origin;  ///< stands for the host when a request names none: "http://127.0.0.1:80"
+    std::string origin;  ///< replaces the host of a request that has none: "http://127.0.0.1:80"
     std::size_t pageSize = 100;
-    std::optional<Credentials> credentials;        ///< when set, nothing is served without them
-    std::optional<std::string> publicOrigin = {};  ///< when set, stands in all URLs
+    std::optional<Credentials> credentials;        ///< if set, required of every request
+    std::optional<std::string> publicOrigin = {};  ///< if set, used in all URLs
     std::chrono::milliseconds packageCheckInterval = std::chrono::seconds(1);
     std::function<void(const std::string&)> report = nullptr;  ///< see `PackageStore`
   };
@@ -45,13 +45,13 @@ class Router {
 
   Router(std::vector<VenuePackage> packages, Options options);
 
-  /// Any thread, any number at once.
+  /// Thread-safe.
   Response respond(const Request& request);
 
  private:
   struct Paged {
-    std::string key;    // differs from that of all other collections
-    std::string query;  // that leads to the collection, encoded
+    std::string key;    // unique among all collections
+    std::string query;  // query that selects the collection, encoded
     const RecordCollection& records;
   };
 

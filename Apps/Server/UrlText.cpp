@@ -26,7 +26,7 @@ std::optional<unsigned> hexadecimalDigit(char character) {
   return std::nullopt;
 }
 
-// The byte that "%XX" at `position` stands for.
+// Decodes the "%XX" at `position`.
 std::optional<char> escapeAt(std::string_view text, std::size_t position) {
   if (position + 2 >= text.size() || text[position] != '%') return std::nullopt;
   const auto high = hexadecimalDigit(text[position + 1]);
@@ -35,7 +35,7 @@ std::optional<char> escapeAt(std::string_view text, std::size_t position) {
   return static_cast<char>(*high << 4U | *low);
 }
 
-// As `percentEncoded`, but what is encoded already stays so.
+// Like `percentEncoded`, but keeps what is already encoded.
 std::string percentEncodedRest(std::string_view text, std::string_view kept) {
   std::string encoded;
   for (std::size_t position = 0; position < text.size(); ++position) {
@@ -84,7 +84,7 @@ bool parseQuery(std::string_view text, Target& target) {
   return true;
 }
 
-// The path of a relative reference with its dot segments resolved; nothing when it leads out.
+// Resolves the dot segments of a relative path; returns nothing if it leads out of the root.
 std::optional<std::string> resolvedPath(std::string_view path) {
   std::vector<std::string_view> segments;
   for (const std::string_view segment : splitAt(path, '/')) {

@@ -37,7 +37,7 @@ std::string contentsOf(const fs::path& file) {
   return contents;
 }
 
-// What is wrong with a text that the document parser refused, and where.
+// Describes why the parser rejected the text, and where.
 std::string faultOf(std::string_view text) {
   json::parse_options options;
   options.max_depth = deepestJsonNesting;
@@ -120,7 +120,7 @@ VenuePackage readPackage(const fs::path& folder) {
   VenuePackage package;
   package.number = ++lastNumber;
   package.source = folder;
-  package.version = packageVersion(folder);  // first: what changes from now on is noticed later
+  package.version = packageVersion(folder);  // read first, so that later changes are noticed
   package.folder = fs::canonical(folder);
   readVenue(folder / "venue.json", package);
   for (std::size_t index = 0; index < collectionNames.size(); ++index)

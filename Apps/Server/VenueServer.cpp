@@ -15,7 +15,8 @@ namespace orivanta::server {
 
 namespace {
 
-// Where a client reaches the server: one that listens everywhere is reached by loopback.
+// The URL at which a client on this machine reaches the server; a server that listens on all
+// addresses is reached through loopback.
 std::string originOf(const boost::asio::ip::tcp::endpoint& endpoint) {
   const auto address = endpoint.address();
   if (address.is_v4())
@@ -42,7 +43,7 @@ const ServerOptions& checked(const ServerOptions& options) {
   return options;
 }
 
-// What a handler throws ends no more than its connection.
+// An exception from a handler ends only the handler's connection.
 void runToTheEnd(boost::asio::io_context& context) {
   for (;;) {
     try {
@@ -54,7 +55,7 @@ void runToTheEnd(boost::asio::io_context& context) {
   }
 }
 
-// Runs the context until its own end.
+// Runs the context until the object is destroyed.
 class Threads {
  public:
   explicit Threads(boost::asio::io_context& context) : context_(context) {}
@@ -98,9 +99,9 @@ class VenueServer::Implementation {
  private:
   std::string origin_;
   std::optional<Router> router_;
-  boost::asio::io_context context_;  // goes before the router: connections refer to it
+  boost::asio::io_context context_;  // destroyed before the router, which its connections use
   std::shared_ptr<Listener> listener_;
-  Threads threads_{context_};  // end first, also when one cannot be started
+  Threads threads_{context_};  // joined first, also when a thread cannot be started
 };
 
 VenueServer::VenueServer(const ServerOptions& options)

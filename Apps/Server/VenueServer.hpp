@@ -1,4 +1,4 @@
-// The venue server: venue packages over the web API's paths.
+// The venue server: serves venue packages under the paths of the web API.
 #pragma once
 
 #include <chrono>
@@ -17,43 +17,43 @@
 namespace orivanta::server {
 
 struct ServerOptions {
-  /// Venue packages, or folders of them.
+  /// Venue packages, or folders that contain them.
   std::vector<std::filesystem::path> folders;
-  std::string address = "127.0.0.1";  ///< of IPv4 or IPv6, or "localhost"
-  std::uint16_t port = 0;             ///< 0 for a free one
-  /// Both or neither: required of every request when set (HTTP Basic).
+  std::string address = "127.0.0.1";  ///< IPv4 or IPv6, or "localhost"
+  std::uint16_t port = 0;             ///< 0 selects a free port
+  /// Both or neither. If set, every request must carry them (HTTP Basic).
   std::optional<std::string> username;
   std::optional<std::string> password;
-  std::size_t pageSize = 100;  ///< records to a page unless the client asks otherwise; at least 1
+  std::size_t pageSize = 100;  ///< default number of records per page; at least 1
 
-  /// Stands in the URLs of every answer instead of the host that the client asked: "https://h:1".
+  /// If set, used in the URLs of all responses instead of the requested host: "https://h:1".
   std::optional<std::string> origin;
-  /// IP addresses of proxies. What they say with X-Forwarded-Proto and X-Forwarded-Host about the
-  /// client's request goes into the URLs of the answer. Nobody is trusted who is not named here.
+  /// IP addresses of trusted proxies. Their X-Forwarded-Proto and X-Forwarded-Host headers
+  /// determine the URLs in the response; those of other clients are ignored.
   std::vector<std::string> trustedProxies;
 
   ConnectionLimits limits;
-  /// How often the packages on the disk are looked at. One that was replaced is read again; if it
-  /// cannot be read, the server keeps what it has.
+  /// How often the packages on the disk are checked. A package that was replaced is read again; if
+  /// that fails, the server keeps the previous one.
   std::chrono::milliseconds packageCheckInterval = std::chrono::seconds(1);
-  /// Called with a line of text for whoever runs the server, on any thread, also at once. May be
+  /// Called with a line of text for the operator, on any thread, possibly concurrently. May be
   /// null.
   std::function<void(const std::string&)> report;
 };
 
-/// Serves from its construction to its destruction, on threads of its own.
+/// Serves from construction to destruction, on its own threads.
 class VenueServer {
  public:
-  /// Reads the packages and listens. Throws `PackageError` for a bad package, `std::system_error`
-  /// when the address or the port cannot be had, and `std::invalid_argument` for options that
-  /// contradict themselves, an origin that is none, and a proxy whose address is none.
+  /// Reads the packages and starts to listen. Throws `PackageError` for an invalid package,
+  /// `std::system_error` if the address or the port is not available, and `std::invalid_argument`
+  /// for contradictory options, an invalid origin, or an invalid address of a proxy.
   explicit VenueServer(const ServerOptions& options);
-  /// Drops all connections, also in the middle of an answer.
+  /// Closes all connections, even while a response is being sent.
   ~VenueServer();
   VenueServer(const VenueServer&) = delete;
   VenueServer& operator=(const VenueServer&) = delete;
 
-  /// The API root at the server's own address, such as "http://127.0.0.1:43210/1/".
+  /// The root URL of the API at the server's address, such as "http://127.0.0.1:43210/1/".
   std::string root() const;
 
  private:

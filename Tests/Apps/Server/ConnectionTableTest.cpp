@@ -28,7 +28,7 @@ TEST(ConnectionTable, ClosesTheOldestIdleThenTheOneThatStalledForLongest) {
   table.progress(places[0], 1, at(6));
 
   EXPECT_TRUE(table.makeRoom(at(7)));  // 3 has been idle since the start
-  EXPECT_TRUE(table.makeRoom(at(7)));  // who is told to close counts no longer
+  EXPECT_TRUE(table.makeRoom(at(7)));  // a connection being closed no longer counts
   EXPECT_FALSE(table.update(places[3], Phase::working, at(8)));
   table.enter(at(8), [&] { closed.push_back(5); });
   EXPECT_TRUE(table.makeRoom(at(9)));
@@ -36,7 +36,7 @@ TEST(ConnectionTable, ClosesTheOldestIdleThenTheOneThatStalledForLongest) {
   EXPECT_THAT(closed, ElementsAre(3, 2));
   EXPECT_TRUE(table.closeSender(at(103)));
   EXPECT_TRUE(table.closeOne(at(103)));
-  EXPECT_FALSE(table.closeOne(at(105)));  // 0 has moved since, and 4 is being answered
+  EXPECT_FALSE(table.closeOne(at(105)));  // 0 has made progress since, and 4 is being answered
   EXPECT_TRUE(table.closeOne(at(106)));
   EXPECT_THAT(closed, ElementsAre(3, 2, 1, 5, 0));
   for (const auto& place : places) table.leave(place);
@@ -57,7 +57,7 @@ TEST(ConnectionTable, ClosesTheSlowestSenderAfterItsGrace) {
     }
   };
   sendAll(0, {30, 500, 600});
-  sendAll(2000, {500, 20, 0});  // further answers give no further grace, nor does waiting
+  sendAll(2000, {500, 20, 0});  // neither further responses nor waiting extend the grace
   for (std::size_t number = 0; number < places.size(); ++number) {
     table.update(places[number], Phase::working, at(2500));
     table.update(places[number], Phase::sending, at(2500));

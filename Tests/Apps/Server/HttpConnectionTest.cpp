@@ -18,7 +18,7 @@ namespace {
 
 using test::RawClient;
 
-// Connections to a handler of the test's own.
+// Passes connections to a handler that the test provides.
 class HandlerServer {
  public:
   explicit HandlerServer(RequestHandler handler, const ConnectionLimits& limits = {})

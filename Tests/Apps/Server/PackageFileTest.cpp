@@ -91,7 +91,7 @@ TEST_F(PackageFileTest, TheVersionFollowsTheContents) {
   root_.write("package/a.txt", "contents and more");
   EXPECT_NE(PackageFile::open(package_, {"a.txt"}, shortage_)->version(), file->version());
   std::array<char, 100> bytes{};
-  EXPECT_EQ(file->read(6, bytes.data(), bytes.size()), 2U);  // without what was added
+  EXPECT_EQ(file->read(6, bytes.data(), bytes.size()), 2U);  // without the appended bytes
 }
 
 TEST(MediaType, FollowsTheEndingOfTheName) {
@@ -99,7 +99,7 @@ TEST(MediaType, FollowsTheEndingOfTheName) {
   EXPECT_TRUE(mediaTypeOf("a.mtl").isText);
   EXPECT_EQ(mediaTypeOf("a.png").name, "image/png");
   EXPECT_FALSE(mediaTypeOf("a.png").isText);
-  EXPECT_EQ(mediaTypeOf("a.html").name, "application/octet-stream");  // never run by a browser
+  EXPECT_EQ(mediaTypeOf("a.html").name, "application/octet-stream");  // a browser must not run it
   EXPECT_EQ(mediaTypeOf("png").name, "application/octet-stream");
 }
 

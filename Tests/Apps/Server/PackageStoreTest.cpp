@@ -59,7 +59,7 @@ TEST(PackageStore, PackagesAreReadAgainWhenTheyWereReplaced) {
     EXPECT_EQ(nodes(), "[4]");
     EXPECT_THAT(std::exchange(reported, {}), HasSubstr(complaint));
     EXPECT_EQ(nodes(), "[4]");
-    EXPECT_EQ(reported, "");  // not read in vain with every request
+    EXPECT_EQ(reported, "");  // not read again with every request
     fs::rename(kept, root / file);
     EXPECT_EQ(nodes(), "[4]");
     EXPECT_THAT(reported, HasSubstr("read again"));

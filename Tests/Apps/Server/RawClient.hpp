@@ -1,4 +1,4 @@
-// A client that sends any bytes and reads what comes back.
+// A client that sends arbitrary bytes and reads the responses.
 #pragma once
 
 #include <boost/asio/io_context.hpp>
@@ -19,14 +19,14 @@ class RawClient {
  public:
   using Response = boost::beast::http::response<boost::beast::http::string_body>;
 
-  /// Connects to the host of an API root such as "http://127.0.0.1:43210/1/".
+  /// Connects to the host of an API root URL such as "http://127.0.0.1:43210/1/".
   explicit RawClient(const std::string& root) {
     const auto port = static_cast<std::uint16_t>(std::stoul(root.substr(root.rfind(':') + 1)));
     const bool isV6 = root.find('[') != std::string::npos;
     socket_.connect({boost::asio::ip::make_address(isV6 ? "::1" : "127.0.0.1"), port});
   }
 
-  /// Errors are left to the reading side: the server may have closed already.
+  /// Ignores errors: the server may have closed the connection; reading reports that.
   void send(std::string_view bytes) {
     boost::system::error_code ignored;
     boost::asio::write(socket_, boost::asio::buffer(bytes), ignored);
@@ -34,7 +34,7 @@ class RawClient {
 
   void endSending() { socket_.shutdown(boost::asio::socket_base::shutdown_send); }
 
-  /// The next response; `toHead` says that it has no body. Throws when none comes.
+  /// Reads the next response; `toHead` means that it has no body. Throws if none arrives.
   Response read(bool toHead = false) {
     boost::beast::http::response_parser<boost::beast::http::string_body> parser;
     parser.skip(toHead);
@@ -42,14 +42,14 @@ class RawClient {
     return parser.release();
   }
 
-  /// Reads one byte; false when the connection has ended.
+  /// Reads one byte. Returns false if the connection has ended.
   bool readByte() {
     char byte = 0;
     boost::system::error_code error;
     return socket_.read_some(boost::asio::buffer(&byte, 1), error) == 1;
   }
 
-  /// Everything until the server ends the connection.
+  /// Reads until the server closes the connection.
   std::string readToEnd() {
     std::string rest;
     boost::system::error_code ended;

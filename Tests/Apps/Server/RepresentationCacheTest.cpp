@@ -17,7 +17,7 @@ std::shared_ptr<const Representation> got(RepresentationCache& cache, const std:
   });
 }
 
-// Says whether the key had to be made anew.
+// Returns whether the representation had to be made.
 bool isMade(RepresentationCache& cache, const std::string& key, std::size_t bytes = 10) {
   bool made = false;
   EXPECT_EQ(got(cache, key, made, bytes)->body.size(), bytes);
@@ -28,10 +28,10 @@ TEST(RepresentationCache, KeepsWhatWasUsedLastWithinItsLimit) {
   RepresentationCache cache(33);  // three bodies of ten bytes with keys of one
   for (const char* key : {"a", "b", "c"}) EXPECT_TRUE(isMade(cache, key));
   for (const char* key : {"b", "c", "a"}) EXPECT_FALSE(isMade(cache, key));
-  EXPECT_TRUE(isMade(cache, "d"));  // drops "b"
+  EXPECT_TRUE(isMade(cache, "d"));  // removes "b"
   EXPECT_FALSE(isMade(cache, "c"));
   EXPECT_FALSE(isMade(cache, "a"));
-  EXPECT_TRUE(isMade(cache, "b"));  // drops "d"
+  EXPECT_TRUE(isMade(cache, "b"));  // removes "d"
   EXPECT_TRUE(isMade(cache, "d"));
 }
 
@@ -66,7 +66,7 @@ TEST(RepresentationCache, OneThreadMakesWhatSeveralAskFor) {
   EXPECT_EQ(cache.getWithoutWaiting("a", [] { return Representation{}; }), nullptr);
   go.set_value();
   EXPECT_THROW(first.get(), std::runtime_error);
-  EXPECT_NE(second.get(), third.get());  // one has made it after the failure, the other got that
+  EXPECT_NE(second.get(), third.get());  // made by one thread after the failure
 }
 
 }  // namespace

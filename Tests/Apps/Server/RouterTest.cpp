@@ -119,7 +119,7 @@ TEST_F(RouterTest, LinksNameTheOtherPages) {
   EXPECT_EQ(get(router, "/1/node?venue=mall").header("Link"),
             nodes + "&page=2>; rel=\"next\", " + nodes + "&page=1>; rel=\"first\", " + nodes +
                 "&page=3>; rel=\"last\"");
-  // What the server does not use is left out: it may be longer than a header can be.
+  // Headers that the server does not use may be longer than a header that it sends.
   const std::string unused = std::string(5'500, ',');
   const std::string sized = "<http://me:1/1/node?venue=a%2Fb%2C%20c&per-page=3&";
   EXPECT_EQ(get(router, "/1/node?x=" + unused + "&page=2&venue=a/b,+c&per-page=03").header("Link"),
@@ -161,7 +161,7 @@ TEST_F(RouterTest, UrlsBeginWithTheOriginThatTheClientSees) {
     EXPECT_THAT(response.header("Link"), testing::StartsWith(std::string("<") + row.origin + "1/"));
     EXPECT_THAT(fixed.respond(request).header("Link"), testing::StartsWith("<https://public/1/"));
   }
-  const auto nodes = [&](const char* host, const char* query) {  // which name no files
+  const auto nodes = [&](const char* host, const char* query) {  // node records refer to no files
     return router.respond({.target = std::string("/1/node?venue=mall") + query, .host = host}).text;
   };
   EXPECT_EQ(nodes("a", "&per-page=5000"), nodes("b", "&per-page=6000"));

@@ -1,4 +1,4 @@
-// A venue package of a few records, for the server's tests.
+// A small venue package for the server's tests.
 #pragma once
 
 #include <fmt/format.h>
@@ -9,7 +9,7 @@
 
 namespace orivanta::test {
 
-/// Five nodes "n1" to "n5", one location with names in two languages, a map and its files; the
+/// Five nodes "n1" to "n5", one location with names in two languages, and a map with its files. The
 /// other collections are empty.
 inline void writeSmallPackage(const TemporaryFolder& root, const std::filesystem::path& folder,
                               const std::string& slug) {

@@ -25,7 +25,7 @@ TEST(UrlText, ReferencesBecomePathsInThePackage) {
       {"/images/a.png", "images/a.png"},
       {"a.png?size=2 x#top#2", "a.png?size=2%20x#top%232"},
       {"a,b;c.png", "a,b;c.png"},
-      {"1:a.png", "1:a.png"},  // no scheme: those begin with a letter
+      {"1:a.png", "1:a.png"},  // not a scheme: schemes begin with a letter
       {"", std::nullopt},
       {".", std::nullopt},
       {"?query", std::nullopt},

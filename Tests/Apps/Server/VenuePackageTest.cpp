@@ -12,7 +12,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-// The message of the refusal, or "" when the folders are read.
+// Returns the error message, or "" if the folders are read successfully.
 std::string refusalOf(const std::vector<std::filesystem::path>& folders) {
   try {
     readPackages(folders);
@@ -41,7 +41,7 @@ TEST(VenuePackage, PackagesAndFoldersOfThemAreRead) {
 TEST(VenuePackage, RefusalsNameTheFileAndTheReason) {
   struct Row {
     const char* file;
-    const char* contents;  // null for no such file
+    const char* contents;  // null if the file is missing
     const char* reason;
   };
   const Row rows[] = {

@@ -94,7 +94,7 @@ TEST_F(VenueServerTest, WhatIsNoRequestIsAnsweredAndEndsTheConnection) {
     const char* status;
   };
   const std::string post = "POST / HTTP/1.1\r\nHost: h\r\n";
-  const std::string other = requestFor("/1/venue");  // which is not to be answered
+  const std::string other = requestFor("/1/venue");  // must not be answered
   const Row rows[] = {
       {"hello\r\n\r\n", "HTTP/1.1 400 "},
       {std::string("\0\xff\x16\x03\x01\r\n\r\n", 9), "HTTP/1.1 400 "},
@@ -133,7 +133,7 @@ TEST_F(VenueServerTest, WhatIsNoRequestIsAnsweredAndEndsTheConnection) {
   RawClient client(server.root());
   client.send(post + "Content-Length: 3\r\n\r\nabc" + post +
               "Transfer-Encoding: CHUNKED\r\n\r\n3\r\nabc\r\n0\r\n\r\n" + other);
-  for (const unsigned status : {405U, 405U, 200U})  // bodies are not taken for requests
+  for (const unsigned status : {405U, 405U, 200U})  // bodies are not parsed as requests
     EXPECT_EQ(client.read().result_int(), status);
 }
 
@@ -223,7 +223,7 @@ TEST_F(VenueServerTest, StopsWithConnectionsOpen) {
   RawClient served(server->root());
   served.send(requestFor("/1/venue"));
   EXPECT_EQ(served.read().result_int(), 200U);
-  RawClient full(server->root());  // whose answer does not fit into the socket
+  RawClient full(server->root());  // its response does not fit into the socket's buffer
   full.send(requestFor("/1/files/mall/images/large.png"));
   server.reset();
   EXPECT_THAT(idle.readToEnd(), IsEmpty());
