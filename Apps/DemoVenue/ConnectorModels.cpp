@@ -17,7 +17,8 @@ Point middleOf(const Outline& outline) {
   return sum * (1.0 / static_cast<double>(outline.size()));
 }
 
-// The part of an outline to the left of the line through a point (Sutherland and Hodgman, 1974).
+// Cuts off the part of an outline to the right of the line through a point (Sutherland and Hodgman,
+// 1974).
 Outline leftOf(const Outline& outline, Point through, Point direction) {
   Outline kept;
   for (std::size_t i = 0; i < outline.size(); ++i) {
@@ -32,7 +33,7 @@ Outline leftOf(const Outline& outline, Point through, Point direction) {
   return kept;
 }
 
-// How far an outline reaches along a direction of length 1.
+// The lowest and highest position of an outline along a direction of length 1.
 std::pair<double, double> reach(const Outline& outline, Point along) {
   double least = dot(outline.front(), along);
   double most = least;
@@ -106,7 +107,7 @@ void addStop(Model& model, const Floor& floor, const Connector& connector, const
   }
 }
 
-// Whether another connector starts on this floor where one arrives.
+// Whether a connector starts on this floor where another one arrives.
 bool covered(const Plan& plan, const Floor& floor, Point point) {
   for (const Connector& connector : plan.connectors)
     for (const Stop& stop : connector.stops)

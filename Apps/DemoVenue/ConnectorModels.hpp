@@ -1,4 +1,4 @@
-// Lifts, escalators, stairs and ramps in three dimensions.
+// Models of elevators, escalators, stairs and ramps.
 #pragma once
 
 #include "Apps/DemoVenue/Model.hpp"
@@ -6,7 +6,7 @@
 
 namespace orivanta::demo {
 
-/// Adds what a floor shows of the connectors that stop there.
+/// Adds the parts of the connectors that are visible on the floor.
 void addConnectors(Model& model, const Plan& plan, const Floor& floor);
 
 }  // namespace orivanta::demo

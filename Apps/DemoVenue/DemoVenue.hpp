@@ -1,13 +1,13 @@
-// Making the demo venue.
+// Writes the demo venue.
 #pragma once
 
 #include <filesystem>
 
 namespace orivanta::demo {
 
-/// Writes the whole package into the folder, which is made when it is missing; files that are there
-/// are replaced. The same bytes every time. Throws `std::runtime_error` or
-/// `std::filesystem::filesystem_error` when something cannot be written.
+/// Writes the package into the folder, which is created if needed; existing files are replaced. The
+/// output is always the same. Throws `std::runtime_error` or `std::filesystem::filesystem_error` if
+/// something cannot be written.
 void writeDemoVenue(const std::filesystem::path& folder);
 
 }  // namespace orivanta::demo

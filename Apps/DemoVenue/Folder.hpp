@@ -1,4 +1,4 @@
-// Where the demo venue is, so that a server without folders has something to serve.
+// Finds the demo venue's package, which the server uses when no folder is given.
 #pragma once
 
 #include <filesystem>
@@ -6,8 +6,8 @@
 
 namespace orivanta::demo {
 
-/// The package that was installed beside the running program, else the one of the build that the
-/// program comes from; nothing when there is neither.
+/// Returns the package installed with the running program, or else the one in the program's build
+/// folder. Returns nothing if neither exists.
 std::optional<std::filesystem::path> demoVenueFolder();
 
 }  // namespace orivanta::demo

@@ -1,5 +1,5 @@
-// Points and outlines on a floor, in meters: x to the east, y to the north, the middle of the
-// building at the origin.
+// Points and outlines on a floor, in meters. x points east, y north, and the origin is the center
+// of the building.
 #pragma once
 
 #include <vector>
@@ -15,19 +15,19 @@ struct Point {
   friend Point operator*(Point a, double factor) { return {a.x * factor, a.y * factor}; }
 };
 
-/// The corners of a simple polygon, counter-clockwise, without repeating the first.
+/// The corners of a simple polygon, counterclockwise, without repeating the first.
 using Outline = std::vector<Point>;
 
 double dot(Point a, Point b);
-/// The z of the cross product: positive when b lies to the left of a.
+/// The z component of the cross product: positive if b is to the left of a.
 double cross(Point a, Point b);
 double length(Point a);
 double distance(Point a, Point b);
 
-/// Positive for a counter-clockwise outline.
+/// Positive for a counterclockwise outline.
 double signedArea(const Outline& outline);
 
-/// Whether the point lies inside; on the border either answer may come.
+/// Whether the point lies inside. The result is unspecified for points on the border.
 bool contains(const Outline& outline, Point point);
 
 /// The point of a segment that is nearest to another point, as a fraction of the way from a to b.
@@ -37,13 +37,13 @@ double distanceToSegment(Point a, Point b, Point point);
 /// The distance to the nearest point of the border.
 double distanceToBorder(const Outline& outline, Point point);
 
-/// Whether two segments cross in a point inside both.
+/// Whether two segments cross at a point inside both.
 bool cross(Point a, Point b, Point c, Point d);
 
 Outline rectangle(double left, double bottom, double right, double top);
 Outline circle(Point middle, double radius, int corners = 24);
 
-/// The outline moved outwards by a margin, corner by corner (inwards for a negative one).
+/// The outline with all edges moved outward by a margin (inward if it is negative).
 Outline grown(const Outline& outline, double margin);
 
 }  // namespace orivanta::demo

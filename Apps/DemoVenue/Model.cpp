@@ -13,7 +13,7 @@ namespace {
 
 constexpr double textureMetres = 4.0;
 
-// Three or four decimals, without a negative zero.
+// Rounds to a multiple of 1 / `steps` and avoids negative zero.
 double rounded(double value, double steps) {
   const double near = std::round(value * steps) / steps;
   return near == 0.0 ? 0.0 : near;
@@ -35,7 +35,7 @@ void Model::use(const Material& material) {
   if (known == groups_.end()) groups_.push_back({material, {}});
 }
 
-// The normal is that of the polygon's plane by Newell's method; coordinates in units.
+// Computes the normal with Newell's method. Coordinates are in units.
 void Model::face(const std::vector<Corner>& corners) {
   double x = 0.0;
   double y = 0.0;
@@ -106,7 +106,7 @@ void Model::frustum(const Outline& lower, double from, const Outline& upper, dou
 
 std::string Model::obj(std::string_view library) const {
   std::string text = fmt::format(
-      "# x to the east, y to the north, z up; {} units a metre\n"
+      "# x to the east, y to the north, z up; {} units per meter\n"
       "mtllib {}\n",
       unitsPerMetre, library);
   text += vertices_.text() + textureCoordinates_.text() + normals_.text();

@@ -1,7 +1,7 @@
-// A model being built up from flat faces, and its text as Wavefront OBJ and MTL.
+// Builds a model from flat faces and writes it as Wavefront OBJ and MTL.
 //
-// Outlines come in meters, heights in the venue's units above the floor; the files hold units, x to
-// the east, y to the north, z up.
+// Outlines are in meters; heights are in the venue's units above the floor. The files contain units
+// with x pointing east, y north and z up.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +20,7 @@ struct Material {
   std::string name;
   Colour colour = {1.0, 1.0, 1.0};
   std::string_view texture =
-      {};  ///< a picture beside the model, four meters to a side; may be empty
+      {};  ///< an image file next to the model, repeated every four meters; may be empty
 };
 
 /// The height of a surface above a point of the plan, in units.
@@ -28,26 +28,26 @@ using Height = std::function<double(Point)>;
 
 class Model {
  public:
-  /// What follows is made of this material. A name that was used before continues that material's
-  /// faces and keeps its first look.
+  /// Sets the material of the following faces. If the name was used before, the faces join the
+  /// earlier ones, and the first appearance is kept.
   void use(const Material& material);
 
-  /// A flat surface that looks up.
+  /// Adds a flat surface that faces up.
   void top(const Outline& outline, double height);
 
-  /// Walls that look outwards.
+  /// Adds walls that face outward.
   void walls(const Outline& outline, double from, double to);
 
-  /// Walls and a top; no bottom, which nobody sees.
+  /// Adds walls and a top. The bottom is never visible and is left out.
   void prism(const Outline& outline, double from, double to);
 
-  /// A prism with a top that slopes; `height` must be linear.
+  /// Adds a prism with a sloping top; `height` must be linear.
   void slope(const Outline& outline, double from, const Height& height);
 
-  /// The side of a cone between two rings with as many corners, the lower first.
+  /// Adds the side of a cone between two rings with equally many corners, the lower first.
   void frustum(const Outline& lower, double from, const Outline& upper, double to);
 
-  /// The files' texts. The model names its library, a file beside it.
+  /// The contents of the files. The model refers to its material library, a file next to it.
   std::string obj(std::string_view library) const;
   std::string mtl() const;
 
@@ -60,7 +60,7 @@ class Model {
     Material material;
     std::string faces;
   };
-  // A line of the file once, and its number counted from 1.
+  // Stores each line of the file once and numbers them from 1.
   class Lines {
    public:
     std::size_t number(std::string line);

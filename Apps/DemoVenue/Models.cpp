@@ -12,13 +12,13 @@ namespace orivanta::demo {
 
 namespace {
 
-constexpr double padTop = 0.45;  // of places that one walks onto
+constexpr double padTop = 0.45;  // for places that people walk onto
 
 std::string_view walkwayTexture(const Floor& floor) {
   return floor.id == "roof" ? "deck.png" : "tiles.png";
 }
 
-// How high a place stands: low enough to look over, high enough to tell a shop from a kiosk.
+// The height of a place's model: low enough to look over, and different for shops and kiosks.
 double heightOf(const Place& place) {
   if (place.shape.doors.empty()) return padTop;
   if (place.category == "department" || place.category == "cinema") return 4.8;
@@ -29,7 +29,7 @@ double heightOf(const Place& place) {
   return kiosk ? 2.6 : 4.2;
 }
 
-// A round pile of discs, each smaller than the one below.
+// Adds a round pile of discs, each smaller than the one below.
 void addSculpture(Model& model, Point middle, double radius) {
   double height = floorTop;
   for (const double share : {1.0, 0.78, 0.52, 0.2}) {
@@ -38,7 +38,7 @@ void addSculpture(Model& model, Point middle, double radius) {
   }
 }
 
-// A round dome of eight rings on top of a place, as on an observatory.
+// Adds a round dome of eight rings on top of a place, like that of an observatory.
 void addDome(Model& model, Point middle, double radius, double bottom) {
   constexpr double quarter = 1.5707963267948966;
   constexpr int rings = 8;
@@ -49,7 +49,7 @@ void addDome(Model& model, Point middle, double radius, double bottom) {
   for (int i = 0; i < rings; ++i) model.frustum(ring(i), height(i), ring(i + 1), height(i + 1));
 }
 
-// A glass front on the wall where a door is.
+// Adds a glass front to the wall with the door.
 void addShopfront(Model& model, const Outline& outline, Point door, double top) {
   constexpr double half = 1.3;
   constexpr double proud = 0.12;
@@ -91,7 +91,7 @@ void addGround(Model& model, const Floor& floor) {
   for (const Outline& piece : floor.slab) model.prism(piece, 0.0, slabTop);
 }
 
-// A thin fence along an outline.
+// Adds a thin fence along an outline.
 void addRailing(Model& model, const Outline& outline) {
   model.use({"Railing", palette::railing});
   const Outline inner = grown(outline, -0.25);

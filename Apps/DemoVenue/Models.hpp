@@ -1,4 +1,4 @@
-// The floors in three dimensions.
+// Models of the floors.
 #pragma once
 
 #include <filesystem>
@@ -8,14 +8,14 @@
 
 namespace orivanta::demo {
 
-// Heights in units above the floor's own zero.
+// Heights in units above the floor's zero level.
 inline constexpr double slabTop = 0.2;
-inline constexpr double floorTop = 0.4;  ///< one walks here; the walking network lies at 0.5
+inline constexpr double floorTop = 0.4;  ///< the walking surface; the navigation graph is at 0.5
 
-/// Every polygon of the floor has a material of its name; the slab is "Ground".
+/// Each polygon of the floor has a material with its name; the slab's material is "Ground".
 Model makeModel(const Plan& plan, const Floor& floor);
 
-/// Writes an OBJ and an MTL for every floor into the folder, which exists.
+/// Writes an OBJ and an MTL file for every floor into the folder, which must exist.
 void writeModels(const Plan& plan, const std::filesystem::path& folder);
 
 }  // namespace orivanta::demo

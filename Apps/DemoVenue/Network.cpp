@@ -8,7 +8,7 @@ namespace orivanta::demo {
 
 namespace {
 
-// What makes walking through a shop from door to door dearer than walking around it.
+// Makes a route through a shop more expensive than a route around it.
 constexpr double insideWeight = 8.0;
 
 class FloorNetwork {
@@ -31,7 +31,7 @@ class FloorNetwork {
     return network_.nodes.size() - 1;
   }
 
-  // `flow` is seen from `to`: `On` leads there, `Off` comes from there.
+  // `flow` is relative to `to`: `On` leads to it, and `Off` comes from it.
   void join(std::size_t from, std::size_t to, Flow flow = Flow::Both) {
     NetworkNode& first = network_.nodes[from];
     NetworkNode& second = network_.nodes[to];
@@ -91,7 +91,7 @@ class FloorNetwork {
   Network& network_;
   WalkingLines lines_;
   std::size_t firstLineNode_ = 0;
-  // Points of the lines, and the node that hangs on each with the way its people walk.
+  // Points of the walking lines, the nodes attached to them, and the directions of the connections.
   std::vector<std::pair<std::size_t, std::pair<std::size_t, Flow>>> attached_;
 };
 

@@ -1,5 +1,5 @@
-// The walking network of the demo venue: nodes along the walking lines, a door and an inside for
-// every place, a node for every stop of a connector.
+// The navigation graph of the demo venue: nodes along the walking lines, a door node and an inside
+// node for each place, and a node for each stop of a connector.
 #pragma once
 
 #include <map>
@@ -16,7 +16,7 @@ struct NetworkNode {
   std::string_view floor;
   Point position;                  ///< meters
   double weight = 0.0;             ///< 0 for none
-  std::vector<std::string> paths;  ///< the nodes one can walk to from here
+  std::vector<std::string> paths;  ///< the nodes that can be reached from here
 };
 
 struct PlaceNodes {
@@ -26,13 +26,13 @@ struct PlaceNodes {
 
 struct Network {
   std::vector<NetworkNode> nodes;
-  /// By floor and place. A place without doors has its inside on the walking lines.
+  /// By floor and place. A place without doors has its inside node on the walking lines.
   std::map<std::pair<std::string_view, std::string_view>, PlaceNodes> places;
-  /// By connector, a node for each stop.
+  /// By connector; a node for each stop.
   std::map<std::string_view, std::vector<std::string>> stops;
 };
 
-/// Throws `std::logic_error` for a place or a stop of a floor without walking lines.
+/// Throws `std::logic_error` if a floor with places or stops has no walking lines.
 Network makeNetwork(const Plan& plan);
 
 }  // namespace orivanta::demo

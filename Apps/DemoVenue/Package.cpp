@@ -18,7 +18,7 @@ namespace json = boost::json;
 
 namespace {
 
-// As `json::serialize`, but with numbers as a person would write them.
+// Like `json::serialize`, but writes numbers in short decimal form.
 void append(std::string& text, const json::value& value) {
   std::string_view separator;
   if (const auto* object = value.if_object()) {
@@ -62,7 +62,7 @@ json::object namesOf(const Names& names) {
   return object;
 }
 
-// The members that every named record begins with.
+// The first members of every record with a name.
 json::object named(const std::string& id, const Names& names) {
   return {{"id", id}, {"name", text(names.english)}, {"names", namesOf(names)}};
 }

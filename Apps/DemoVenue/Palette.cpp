@@ -33,7 +33,7 @@ std::optional<Colour> colourOf(std::string_view category) {
   return std::nullopt;
 }
 
-// FNV-1a (Fowler, Noll and Vo), which is the same everywhere, unlike std::hash.
+// FNV-1a (Fowler, Noll and Vo). Unlike std::hash, it is the same on all platforms.
 unsigned hashOf(std::string_view text) {
   unsigned hash = 2166136261U;
   for (const char character : text)

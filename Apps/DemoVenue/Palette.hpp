@@ -39,11 +39,10 @@ inline constexpr Colour glass = colour(0xDCE9EE);
 inline constexpr Colour opening = colour(0x4A525C);
 }  // namespace palette
 
-/// The color of a category, else of the next one above it that has one.
+/// The color of a category, or of the nearest ancestor with a color.
 Colour categoryColour(const Plan& plan, std::string_view category);
 
-/// The color of a place: that of its category, else of the next category above it that has one,
-/// a little lighter or darker from place to place.
+/// The color of a place: the color of its category, varied slightly by place.
 Colour placeColour(const Plan& plan, const Place& place);
 
 }  // namespace orivanta::demo

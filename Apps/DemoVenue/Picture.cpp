@@ -30,8 +30,8 @@ void blend(std::uint8_t* pixel, Colour colour, double share) {
   put(pixel, mixed(colour, below, under / alpha), alpha);
 }
 
-// The share of a pixel that is covered, from a grid of points. When those at its corners and in its
-// middle agree, so will the others.
+// The fraction of a pixel that is covered, sampled on a grid of points. If the samples at the
+// corners and in the middle agree, the others are assumed to agree as well.
 double coverage(int x, int y, const std::function<bool(Point)>& covers) {
   constexpr int grid = 4;
   const bool first = covers({x + 0.5, y + 0.5});

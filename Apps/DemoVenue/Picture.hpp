@@ -1,4 +1,4 @@
-// A picture in memory and its PNG.
+// An image in memory that can be written as PNG.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace orivanta::demo {
 
-/// Rows from the top, RGBA with straight alpha, 8 bits each.
+/// RGBA with straight alpha, 8 bits per channel, top row first.
 class Picture {
  public:
   Picture(int width, int height, Colour background, double alpha = 1.0);
@@ -19,27 +19,27 @@ class Picture {
   int width() const { return width_; }
   int height() const { return height_; }
 
-  /// Paints where the function says so, between 0 and 1 for each pixel's share. Points are in
-  /// pixels, y downwards; the edge of a shape is smoothed over a pixel.
+  /// Paints the points for which the function returns true. Points are in pixels, with y pointing
+  /// down; edges are antialiased.
   void paint(const std::function<bool(Point)>& covers, Colour colour);
 
-  /// Paints the inside of an outline in pixels, whichever way around it goes.
+  /// Fills an outline in pixels; its direction does not matter.
   void fill(const Outline& outline, Colour colour);
 
-  /// Paints within a rectangle, right and bottom outside, where the distance to a border is
-  /// negative; `distance` is in pixels, and the edge is smoothed over a pixel.
+  /// Paints the points with a negative distance within a rectangle, whose right and bottom edges
+  /// are excluded. `distance` is in pixels; edges are antialiased.
   void paint(Point least, Point most, const std::function<double(Point)>& distance, Colour colour);
 
-  /// The color of each pixel from its column and row.
+  /// Sets the color of each pixel from its column and row.
   void shade(const std::function<Colour(int, int)>& colourAt);
 
-  /// Writes RGB when every pixel is opaque, else RGBA. Throws `std::runtime_error` when the file
-  /// cannot be written.
+  /// Writes RGB if all pixels are opaque, and RGBA otherwise. Throws `std::runtime_error` if the
+  /// file cannot be written.
   void write(const std::filesystem::path& file) const;
 
  private:
   struct Box {
-    int left, top, right, bottom;  // right and bottom are outside
+    int left, top, right, bottom;  // right and bottom are excluded
   };
   Box boxAround(Point least, Point most) const;
   void paint(const Box& box, const std::function<bool(Point)>& covers, Colour colour);

@@ -11,7 +11,7 @@ namespace orivanta::demo {
 
 namespace {
 
-// A number from 0 to 1 that looks random, the same for the same arguments.
+// A pseudorandom number from 0 to 1 that depends only on the arguments.
 double noise(int x, int y) {
   unsigned bits = static_cast<unsigned>(x) * 0x9E3779B1U ^ static_cast<unsigned>(y) * 0x85EBCA77U;
   bits = (bits ^ (bits >> 15U)) * 0x2C1B3C6DU;
@@ -19,7 +19,7 @@ double noise(int x, int y) {
   return static_cast<double>((bits ^ (bits >> 15U)) & 0xFFFFU) / 65535.0;
 }
 
-// Stone slabs, four to a side, with fine joints.
+// Stone slabs, four per side, with thin joints.
 Colour tile(int x, int y) {
   constexpr int slab = 32;
   if (x % slab == 0 || y % slab == 0) return colour(0xE0DBD1);
@@ -37,14 +37,14 @@ Colour plank(int x, int y) {
   return mixed(colour(0xD9BB93), colour(0xC4A178), grain);
 }
 
-// The edges of an escalator's steps, half a meter apart, as it runs along x.
+// The edges of escalator steps, half a meter apart, for an escalator along x.
 Colour step(int x, int) {
   const int across = x % 16;
   if (across < 2) return colour(0x7F8791);
   return mixed(colour(0xC9CED4), colour(0xB4BBC3), across / 15.0);
 }
 
-// The venue's sign: an astrolabe's rings, its star pointer, and the horizon's arc.
+// The venue's logo: the rings of an astrolabe, its star pointer and the arc of the horizon.
 Picture logo(int size) {
   Picture picture(size, size, palette::night, 0.0);
   const double radius = size / 2.0;
@@ -76,7 +76,7 @@ Picture logo(int size) {
   return picture;
 }
 
-// The ground floor from above, at night.
+// The ground floor seen from above, at night.
 Picture cover(const Plan& plan) {
   constexpr int width = 1024;
   constexpr int height = 512;
@@ -105,7 +105,7 @@ Picture cover(const Plan& plan) {
   return picture;
 }
 
-// A category's symbol on a disc, with orbits around it.
+// A category's symbol on a disc, surrounded by orbits.
 Picture sign(Colour ground, std::span<const Mark> symbol, int width) {
   Picture picture(width, width / 2, ground);
   const double unit = width / 4.0;

@@ -1,4 +1,4 @@
-// The demo venue's pictures: textures of the floors, the logo, the cover, signs for the places.
+// The demo venue's images: floor textures, the logo, the cover, and signs for the places.
 #pragma once
 
 #include <array>
@@ -10,13 +10,13 @@
 
 namespace orivanta::demo {
 
-/// Writes tiles.png, deck.png and steps.png, which repeat in both directions, into the folder.
+/// Writes tiles.png, deck.png and steps.png into the folder. They repeat in both directions.
 void writeTextures(const std::filesystem::path& folder);
 
-/// Writes the logo in three sizes and the cover picture into the folder.
+/// Writes the logo in three sizes and the cover image into the folder.
 void writeImages(const Plan& plan, const std::filesystem::path& folder);
 
-/// A size in which the pictures of places come: its key in the web API, and pixels.
+/// A size of the images of places: its key in the web API, and its pixels.
 struct Rendition {
   std::string_view key;
   int width;
@@ -24,10 +24,10 @@ struct Rendition {
 inline constexpr std::array renditions = {Rendition{"small", 256}, Rendition{"medium", 512},
                                           Rendition{"large", 1024}};
 
-/// The file of a category's sign, such as "cafes-256.png".
+/// The file name of a category's sign, such as "cafes-256.png".
 std::string signName(std::string_view category, const Rendition& rendition);
 
-/// Writes a sign, twice as wide as high, for each category that has a symbol, in all renditions.
+/// Writes a sign, twice as wide as high, in all sizes for each category that has a symbol.
 void writeSigns(const Plan& plan, const std::filesystem::path& folder);
 
 }  // namespace orivanta::demo

@@ -1,5 +1,5 @@
-// The demo venue as its architect drew it: floors, walkways, shops and connectors, in meters.
-// Everything in the package is derived from this.
+// The plan of the demo venue: floors, walkways, shops and connectors, in meters. The whole package
+// is derived from it.
 #pragma once
 
 #include <string_view>
@@ -10,7 +10,7 @@
 
 namespace orivanta::demo {
 
-/// A name in the venue's languages. Where German is empty, Germans say the English name.
+/// A name in the venue's languages. If `german` is empty, the English name is used in German too.
 struct Names {
   std::string_view english;
   std::string_view japanese;
@@ -20,14 +20,14 @@ struct Names {
 
 struct Category {
   std::string_view id;
-  std::string_view parent;  ///< empty for a top one
+  std::string_view parent;  ///< empty for a top-level category
   Names names;
-  std::string_view type = "tenant";  ///< of its locations: "tenant", "amenity" or "entrance"
+  std::string_view type = "tenant";  ///< type of its locations: "tenant", "amenity" or "entrance"
   std::string_view openingHours = {};
 };
 
-/// A shop or another destination on one floor. The same id on several floors is one location with
-/// a part on each.
+/// A shop or another destination on one floor. Places with the same id on several floors form one
+/// location.
 struct Place {
   std::string_view id;
   std::string_view category;
@@ -36,56 +36,56 @@ struct Place {
   Shape shape;
 };
 
-/// An open line through the middle of a walkway, or a closed one. Lines are joined where they
-/// cross; an open end that comes near another line is led onto it.
+/// An open line along the middle of a walkway, or a closed one. Lines are connected where they
+/// cross; an open end near another line is extended to it.
 struct WalkingLine {
   std::vector<Point> points;
   bool closed = false;
 };
 
-/// A part of the floor that is walked on. No two of a floor overlap.
+/// A part of the floor that people walk on. Walkways of a floor do not overlap.
 struct Walkway {
   std::string_view id;
   Outline outline;
 };
 
 struct Floor {
-  std::string_view id;  ///< "b1", "g", "l1", "l2", "roof": begins the identifiers of the floor
+  std::string_view id;  ///< "b1", "g", "l1", "l2", "roof": prefix of the floor's identifiers
   std::string_view shortName;
   Names names;
   double elevation;                 ///< meters above the street
-  std::vector<Outline> slab = {};   ///< what carries the floor, in pieces without holes
-  std::vector<Outline> voids = {};  ///< where one looks down to the floor below
+  std::vector<Outline> slab = {};   ///< the floor plate, in pieces without holes
+  std::vector<Outline> voids = {};  ///< openings to the floor below
   std::vector<Walkway> walkways = {};
   std::vector<WalkingLine> lines = {};
   std::vector<Place> places = {};
-  std::vector<Outline> lawns = {};   ///< green, not walked on
+  std::vector<Outline> lawns = {};   ///< green areas that people do not walk on
   std::vector<Outline> inlays = {};  ///< brass lines in the floor
   std::vector<Outline> railings = {};
-  std::vector<Point> tables = {};  ///< round, a meter and a half across
-  std::vector<Point> trees = {};   ///< in tubs of a meter's radius
+  std::vector<Point> tables = {};  ///< round, 1.5 meters in diameter
+  std::vector<Point> trees = {};   ///< in tubs with a radius of one meter
 };
 
 enum class ConnectorKind { Lift, Escalator, Stairs, Ramp };
 
-/// Whether people get on and off at a stop, or one of the two.
+/// Whether people get on, off or both at a stop.
 enum class Flow { Both, On, Off };
 
 struct Stop {
   std::string_view floor;
-  Point node;              ///< where one steps on or off
+  Point node;              ///< where people step on or off
   std::vector<Point> way;  ///< points on the way to the walking lines, such as a door
-  Outline outline;         ///< what is seen of the connector on this floor
+  Outline outline;         ///< the visible part of the connector on this floor
   Flow flow = Flow::Both;
 };
 
-/// A lift, a flight of stairs or the like. Stops from the lowest to the highest.
+/// An elevator, a flight of stairs or the like, with its stops from bottom to top.
 struct Connector {
   std::string_view id;
   ConnectorKind kind;
   Names names;
   bool accessible;
-  double weight;  ///< of a ride: the difference of elevation times the weight, plus the weight
+  double weight;  ///< a ride costs the difference of elevation times the weight, plus the weight
   std::vector<Stop> stops;
 };
 
@@ -98,10 +98,10 @@ struct Plan {
   std::vector<Connector> connectors;
 };
 
-/// The whole venue. Cheap enough to make again; keep it where it is used several times.
+/// The whole venue. Each call builds it again.
 Plan makePlan();
 
-// The parts, each in a file of its own below Plan/.
+// The parts, each in its own file below Plan/.
 std::vector<Category> makeCategories();
 std::vector<Connector> makeConnectors();
 Floor makeBasement();

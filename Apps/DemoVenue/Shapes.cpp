@@ -11,23 +11,23 @@ constexpr double halfLength = 92.0;
 constexpr double halfWidth = 64.0;
 constexpr double sampling = 2.0;  // degrees between the points of an arc
 constexpr double partyWallMetres = 0.4;
-constexpr double partyWall = 0.16;  // degrees that each of two neighbours leaves between them
+constexpr double partyWall = 0.16;  // degrees that each of two neighbors leaves between them
 
 // The block in the west.
-constexpr double westBearing = 149.7;    // its north side meets the façade here
+constexpr double westBearing = 149.7;    // where its north side meets the facade
 constexpr double westCorner = -101.0;    // x where its chamfered corners begin
 constexpr double westEnd = -106.0;       // x of its street side
 constexpr double westSide = 26.0;        // y where the street side ends
 constexpr double westBack = -92.0;       // x of the wall between aisle and hall
 constexpr double aisleHalf = 3.5;        // half the aisle's width
-constexpr double aisleBearing = 175.65;  // the aisle's north side meets the corridor near here
+constexpr double aisleBearing = 175.65;  // where the aisle's north side meets the corridor
 
 Outline joined(std::vector<Point> first, const std::vector<Point>& second) {
   first.insert(first.end(), second.begin(), second.end());
   return first;
 }
 
-// The arc with a corner in the middle, where a door can be.
+// The arc with a corner in the middle, where a door can be placed.
 std::vector<Point> front(double depth, double from, double to) {
   const double middle = (from + to) / 2.0;
   auto first = arc(depth, from, middle);

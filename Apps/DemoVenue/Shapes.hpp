@@ -1,9 +1,9 @@
-// The building's own geometry: an oval in bands, and the outlines of rooms cut out of them.
+// The geometry of the building: concentric oval bands, and the outlines of rooms in them.
 //
-// A place in the oval is named by its depth, the meters from the façade towards the middle, and by
-// its bearing, in degrees counter-clockwise from the east. At depth 0 the oval is 184 m long and
-// 128 m wide. From the façade inwards: the outer shops, the ring corridor, the island shops, the
-// gallery, and the atrium (on the lower floors gallery and atrium together are the court).
+// A position in the oval is given by its depth, in meters from the facade toward the center, and by
+// its bearing, in degrees counterclockwise from the east. At depth 0 the oval is 184 m long and 128
+// m wide. From the facade inward: the outer shops, the ring corridor, the island shops, the
+// gallery, and the atrium (on the lower floors, gallery and atrium together form the court).
 #pragma once
 
 #include <vector>
@@ -12,53 +12,53 @@
 
 namespace orivanta::demo {
 
-inline constexpr double corridorDepth = 18.0;  ///< outer shops end, the ring corridor begins
-inline constexpr double islandDepth = 28.0;    ///< the corridor ends, the islands begin
-inline constexpr double galleryDepth = 40.0;   ///< the islands end, the gallery begins
-inline constexpr double atriumDepth = 46.0;    ///< the gallery ends, the atrium begins
+inline constexpr double corridorDepth = 18.0;  ///< end of the outer shops, start of the corridor
+inline constexpr double islandDepth = 28.0;    ///< end of the corridor, start of the islands
+inline constexpr double galleryDepth = 40.0;   ///< end of the islands, start of the gallery
+inline constexpr double atriumDepth = 46.0;    ///< end of the gallery, start of the atrium
 
 /// The point of the oval at a depth and a bearing in degrees.
 Point at(double depth, double bearing);
 
-/// The points of the oval at a depth from one bearing to another, at every second degree between.
+/// The points of the oval at a depth from one bearing to another, every two degrees.
 std::vector<Point> arc(double depth, double from, double to);
 
-/// A part of a band: the nearer depth first, bearings counter-clockwise.
+/// A part of a band, starting at the outer depth, with bearings in counterclockwise order.
 Outline sector(double outerDepth, double innerDepth, double from, double to);
 
 /// The whole oval inside a depth.
 Outline oval(double depth);
 
-/// The oval at a depth with points a few meters apart, to walk along.
+/// The oval at a depth as a walking line, with points a few meters apart.
 std::vector<Point> ovalLine(double depth);
 
-/// The outline seen in the east-west axis as in a mirror.
+/// The outline mirrored at the east-west axis.
 Outline mirrored(const Outline& outline);
 
-/// A place to go to: its outline, its doors on the outline, and where one stands inside.
+/// The shape of a place: its outline, its doors on the outline, and a point inside.
 struct Shape {
   Outline outline;
-  std::vector<Point> doors;  ///< empty for a place one walks onto, such as a terrace
+  std::vector<Point> doors;  ///< empty for an open area, such as a terrace
   Point inside;
 };
 
-/// A shop between façade and ring corridor, its door in the middle of its front.
+/// A shop between the facade and the ring corridor, with a door in the middle of its front.
 Shape outer(double from, double to);
 enum class Front { Corridor, Gallery, Both };
 
-/// A shop on an island, between ring corridor and gallery.
+/// A shop on an island, between the ring corridor and the gallery.
 Shape island(double from, double to, Front front = Front::Corridor);
 
-/// A free-standing round kiosk; its counter faces the bearing.
+/// A freestanding round kiosk; its counter faces the bearing.
 Shape kiosk(Point middle, double radius, double bearing);
 
-/// A free-standing rectangular room with a door.
+/// A freestanding rectangular room with a door.
 Shape room(const Outline& outline, Point door, Point inside);
 
-/// Somewhere to walk onto, without walls or doors.
+/// An open area without walls or doors.
 Shape ground(const Outline& outline, Point inside);
 
-/// The block in the west: an arc along the corridor, square to the street.
+/// The block in the west: an arc along the corridor, straight along the street.
 Outline westBlock();
 
 // The same block with an aisle from the corridor to a hall at the back, and a wing on either side.

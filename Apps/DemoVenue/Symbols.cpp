@@ -35,7 +35,7 @@ Mark ring(double x, double y, double radius, double width) {
   });
 }
 
-// With round corners.
+// A rectangle with rounded corners.
 Mark box(double left, double top, double right, double bottom, double corner = 0.03) {
   const Point middle = {(left + right) / 2, (top + bottom) / 2};
   const Point half = {(right - left) / 2 - corner, (bottom - top) / 2 - corner};
@@ -47,7 +47,7 @@ Mark box(double left, double top, double right, double bottom, double corner = 0
   });
 }
 
-// With round ends and bends.
+// A line with round ends and joins.
 Mark line(double width, const Outline& points) {
   return around(points, width / 2, [=](Point point) {
     double nearest = distance(points.front(), point);
@@ -70,7 +70,7 @@ Mark pale(Mark mark) {
   return mark;
 }
 
-// Around a point, from an angle to another in degrees, clockwise from the right.
+// An arc around a point between two angles in degrees, clockwise from the right.
 Outline arc(Point middle, double radius, double from, double to) {
   constexpr int parts = 24;
   Outline points;
@@ -86,7 +86,7 @@ Outline mirrored(Outline outline) {
   return outline;
 }
 
-// Something and its mirror image.
+// The marks and their mirror images.
 Marks both(const Marks& marks) {
   Marks all = marks;
   for (const Mark& mark : marks)

@@ -1,4 +1,4 @@
-// What stands for the kinds of places in pictures, drawn from a few simple marks.
+// Symbols for the categories, made of a few simple marks.
 #pragma once
 
 #include <functional>
@@ -11,20 +11,20 @@
 namespace orivanta::demo {
 
 enum class Tone {
-  dark,  ///< of the symbol
-  pale   ///< of what lies behind it
+  dark,  ///< the symbol
+  pale   ///< the background
 };
 
-/// A shape of one tone. Coordinates here are the symbol's own: x to the right, y downwards, the
-/// middle at the origin; a symbol reaches about 0.55 from there.
+/// A shape with one tone. Coordinates are those of the symbol: x points right, y down, the origin
+/// is the center, and a symbol extends about 0.55 from it.
 struct Mark {
-  std::function<double(Point)> distance;  ///< from the border, negative inside
-  Point least;                            ///< of the rectangle around it
+  std::function<double(Point)> distance;  ///< distance to the border, negative inside
+  Point least;                            ///< corner of the bounding rectangle
   Point most;
   Tone tone = Tone::dark;
 };
 
-/// The marks of a category, those that lie behind first; none for one without a symbol.
+/// The marks of a category from back to front; empty for a category without a symbol.
 std::span<const Mark> symbolOf(std::string_view category);
 
 }  // namespace orivanta::demo

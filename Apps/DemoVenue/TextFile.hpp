@@ -1,4 +1,4 @@
-// Writing whole files.
+// Writes whole files.
 #pragma once
 
 #include <filesystem>
@@ -6,7 +6,7 @@
 
 namespace orivanta::demo {
 
-/// Replaces the file. Throws `std::runtime_error` with the file's name when it cannot be written.
+/// Replaces the file. Throws `std::runtime_error` with the file's name if it cannot be written.
 void writeFile(const std::filesystem::path& file, std::string_view bytes);
 
 }  // namespace orivanta::demo

@@ -1,5 +1,5 @@
-// From the plan's meters to the venue's units, rounded so that every machine writes the same
-// digits.
+// Converts from the plan's meters to the venue's units, rounded so that the digits are the same on
+// every platform.
 #pragma once
 
 #include <cmath>
@@ -8,7 +8,7 @@ namespace orivanta::demo {
 
 inline constexpr double unitsPerMetre = 3.0;
 
-/// Hundredths of a unit are enough: 3 mm.
+/// A hundredth of a unit is 3 mm.
 inline double rounded(double units) {
   const double value = std::round(units * 100.0) / 100.0;
   return value == 0.0 ? 0.0 : value;  // no negative zero

@@ -7,8 +7,8 @@
 namespace orivanta::demo {
 
 namespace {
-constexpr double reach = 4.0;  // of an open end towards another line
-constexpr double same = 0.01;  // points closer than this are one
+constexpr double reach = 4.0;  // maximum distance from an open end to another line
+constexpr double same = 0.01;  // points closer than this are the same point
 constexpr double close = 0.8;  // an attachment this close to a cut uses it
 constexpr double longestStretch = 5.0;
 }  // namespace

@@ -1,5 +1,5 @@
-// A floor's walking lines cut into stretches of a few meters, with nodes where lines cross and
-// where something is attached.
+// Splits the walking lines of a floor into segments of a few meters, with nodes at crossings and
+// attachments.
 #pragma once
 
 #include <cstddef>
@@ -12,22 +12,22 @@ namespace orivanta::demo {
 
 class WalkingLines {
  public:
-  /// Leads open ends within reach of another line onto it and cuts the lines where they cross.
+  /// Extends open ends to other lines within reach, and splits the lines where they cross.
   explicit WalkingLines(const std::vector<WalkingLine>& lines);
 
-  /// Cuts the nearest line at its nearest point, or at a cut that is already close to it. Returns a
-  /// key for `point`. Throws `std::logic_error` when there are no lines.
+  /// Splits the nearest line at the point nearest to `point`, or reuses a split nearby. Returns a
+  /// key for `point`. Throws `std::logic_error` if there are no lines.
   std::size_t attach(Point point);
 
-  /// Cuts long stretches so that nodes are at most five meters apart. Attach first.
+  /// Splits long segments so that nodes are at most five meters apart. Call `attach` first.
   void subdivide();
 
   struct Stretches {
-    std::vector<Point> points;                                ///< first those of `attach`'s keys
+    std::vector<Point> points;  ///< the points for `attach`'s keys come first
     std::vector<std::pair<std::size_t, std::size_t>> joined;  ///< indices of points
   };
 
-  /// The points of all lines and which of them are neighbors on a line.
+  /// The points of all lines, and which of them are neighbors on a line.
   Stretches stretches() const;
 
  private:
@@ -39,7 +39,7 @@ class WalkingLines {
     Point from;
     Point to;
     std::size_t line;
-    std::vector<Cut> cuts;  // sorted, the ends among them
+    std::vector<Cut> cuts;  // sorted, including both ends
   };
 
   std::size_t pointAt(Point position);

@@ -1,4 +1,4 @@
-// B1: the way to the underground station, the market hall and everything that needs no daylight.
+// B1: the passage to the subway station, the market hall, and shops that need no daylight.
 #include "Apps/DemoVenue/Plan/Structure.hpp"
 
 namespace orivanta::demo {

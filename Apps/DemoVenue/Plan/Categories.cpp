@@ -1,4 +1,4 @@
-// What there is to find in the venue, as a tree.
+// The tree of categories.
 #include "Apps/DemoVenue/Plan.hpp"
 
 namespace orivanta::demo {

@@ -1,11 +1,11 @@
-// Lifts, escalators, stairs and the ramp to the station.
+// Elevators, escalators, stairs and the ramp to the station.
 #include "Apps/DemoVenue/Plan.hpp"
 
 namespace orivanta::demo {
 
 namespace {
 
-// A lift behind doors that face the middle of the building, on every floor.
+// An elevator on every floor, with doors that face the center of the building.
 Connector lift(std::string_view id, const Names& names, double side) {
   Connector connector = {id, ConnectorKind::Lift, names, true, 2.0, {}};
   const Outline shaft =
@@ -15,8 +15,9 @@ Connector lift(std::string_view id, const Names& names, double side) {
   return connector;
 }
 
-// One of the two escalators in the east or west passage. All go up outwards, from the court or the
-// gallery to the ring corridor; `lane` is the side of the axis: 1 to the north, -1 to the south.
+// One of the two escalators in the east or west passage. Both go up toward the outside, from the
+// court or the gallery to the ring corridor; `lane` is 1 for the north side of the axis and -1 for
+// the south side.
 Connector escalator(std::string_view id, const Names& names, double side, double lane, bool up,
                     std::string_view lower, std::string_view upper) {
   const double inner = lane * 0.3;

@@ -1,4 +1,4 @@
-// 1: fashion and living around the atrium, and the department store's first floor.
+// 1: fashion and home shops around the atrium, and the first floor of the department store.
 #include "Apps/DemoVenue/Plan/Structure.hpp"
 
 namespace orivanta::demo {

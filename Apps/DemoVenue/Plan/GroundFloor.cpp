@@ -1,4 +1,4 @@
-// G: the street level, with three entrances and the court around the great astrolabe.
+// G: the street level, with three entrances and the court with the large astrolabe.
 #include "Apps/DemoVenue/Plan/Structure.hpp"
 
 namespace orivanta::demo {
@@ -285,7 +285,7 @@ std::vector<Place> courtAndStreet() {
   };
 }
 
-// Lawns in the four corners of the plot and trees along the façade.
+// Lawns in the four corners of the site, and trees along the facade.
 void addGarden(Floor& floor) {
   constexpr double margin = -6.0;
   Outline east = {{107, 34}, {107, 79}, {101, 85}, {50, 85}};

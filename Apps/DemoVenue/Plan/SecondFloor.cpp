@@ -1,13 +1,13 @@
-// 2: the food terrace, the restaurants and the cinema.
+// 2: the food terrace, the restaurants and the movie theater.
 #include "Apps/DemoVenue/Plan/Structure.hpp"
 
 namespace orivanta::demo {
 
 namespace {
 
-constexpr double lobbyEnd = -1.5;  // a little outside the façade
+constexpr double lobbyEnd = -1.5;  // slightly outside the facade
 
-// The large auditorium stands out over the garden side, behind the cinema's lobby.
+// The large auditorium extends over the garden, behind the lobby of the movie theater.
 Shape greatAuditorium() {
   Outline outline = {{104.0, -21.5}, {112.0, -13.0}, {112.0, 13.0}, {104.0, 21.5}};
   for (const Point point : arc(lobbyEnd, 20.0, -20.0)) outline.push_back(point);

@@ -19,7 +19,7 @@ void addRadialLine(Floor& floor, double bearing) {
   floor.lines.push_back({{at(23.0, bearing), at(43.0, bearing)}});
 }
 
-// A brass dial in the floor: two rings and the marks of twenty-four hours.
+// A brass dial in the floor: two rings and 24 hour marks.
 void addDial(Floor& floor) {
   const auto part = [](double inner, double outer, double from, double to) {
     Outline outline;

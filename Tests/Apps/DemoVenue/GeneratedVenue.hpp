@@ -1,4 +1,4 @@
-// The demo venue as the build has written it, and what it was written from.
+// The demo venue written by the build, and its plan.
 #pragma once
 
 #include <filesystem>

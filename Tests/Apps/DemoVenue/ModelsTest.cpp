@@ -1,4 +1,4 @@
-// The demo venue's models, as the map view reads them.
+// Reads the demo venue's models as the map view does.
 #include "Apps/DemoVenue/Models.hpp"
 
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ std::vector<FloorModel> floorModels() {
   return models;
 }
 
-// Twice the area of a triangle as seen from where the normal of its first corner points.
+// Twice the area of a triangle, as seen from the side of its first corner's normal.
 double areaFromOutside(const scene::obj::Model& model, const std::uint32_t* corners) {
   const auto& [a, normal, unused] = model.vertices[corners[0]];
   const auto& b = model.vertices[corners[1]].position;

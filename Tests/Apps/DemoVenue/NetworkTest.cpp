@@ -33,7 +33,7 @@ const NetworkNode* find(const std::string& id) {
   return entry == byId.end() ? nullptr : entry->second;
 }
 
-// What nobody walks through, and the nodes that belong to it.
+// An outline that routes must not cross, and the nodes that belong to it.
 struct Obstacle {
   std::string name;
   Outline outline;
@@ -78,13 +78,13 @@ TEST(DemoVenueNetwork, PathsGoThroughDoorsOnly) {
       if (node.floor != floor.id) continue;
       for (const std::string& path : node.paths)
         for (const Obstacle& obstacle : all) {
-          // Between its own door and its own inside one is where one should be.
+          // Edges between the door and the inside of the same place are allowed.
           const bool first = obstacle.own.contains(node.id);
           const bool second = obstacle.own.contains(path);
           if (first && second) continue;
           const Point a = node.position;
           const Point b = find(path)->position;
-          // The end at the door lies on the wall itself: look at the rest of the way.
+          // The door lies on the wall itself, so the test starts a little further along the way.
           const Point from = first ? a + (b - a) * 0.01 : a;
           const Point to = second ? b + (a - b) * 0.01 : b;
           EXPECT_FALSE(runsInto(obstacle.outline, from, to))

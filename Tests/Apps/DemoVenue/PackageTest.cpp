@@ -141,7 +141,7 @@ TEST(DemoVenuePackage, EveryLocationHasAPictureInAllItsSizes) {
     EXPECT_EQ(picture.at("original"), picture.at("large"));
     for (const demo::Rendition& rendition : demo::renditions) {
       const std::string name = picture.at(rendition.key).as_string().c_str();
-      if (!read.insert(name).second) continue;  // many places have the same
+      if (!read.insert(name).second) continue;  // many places share an image
       const auto file = generatedVenue() / name;
       const auto image = graphics::readImage(file);
       ASSERT_TRUE(image) << file;

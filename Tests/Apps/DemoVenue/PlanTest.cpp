@@ -17,14 +17,14 @@ using demo::Point;
 
 namespace {
 
-constexpr double tolerance = 0.05;  // metres: chords of the same arc that were cut differently
+constexpr double tolerance = 0.05;  // meters: chords of the same arc may be divided differently
 
 struct Named {
   std::string name;
   Outline outline;
 };
 
-// What stands on a floor: places, connectors, lawns and trees.
+// The places, connectors, lawns and trees of a floor.
 std::vector<Named> standing(const Floor& floor) {
   std::vector<Named> all;
   for (const Place& place : floor.places)
@@ -42,7 +42,7 @@ bool wellInside(const Outline& outline, Point point) {
   return demo::contains(outline, point) && demo::distanceToBorder(outline, point) > tolerance;
 }
 
-// Corners and middles of edges, moved a little inwards, so that shared walls do not count.
+// Corners and midpoints of edges, moved inward a little so that shared walls do not count.
 std::vector<Point> probes(const Outline& outline) {
   const Outline inner = demo::grown(outline, -0.02);
   std::vector<Point> points;
