@@ -5,7 +5,7 @@
 
 namespace orivanta::foundation {
 
-// Never destroyed: work may be under way when the process ends.
+// Never destroyed, because work may still run when the process ends.
 boost::asio::thread_pool& backgroundPool() {
   static auto& pool =
       *new boost::asio::thread_pool(std::max(4U, std::thread::hardware_concurrency()));

@@ -1,4 +1,4 @@
-// The threads that share out computations of the process. Tasks of a serial queue have others.
+// The thread pool for computations. Tasks of serial queues run on other threads.
 #pragma once
 
 #include <boost/asio/thread_pool.hpp>
@@ -7,7 +7,7 @@
 
 namespace orivanta::foundation {
 
-/// Lives as long as the process. Any thread.
+/// Exists until the process ends. Thread-safe.
 ORIVANTA_API boost::asio::thread_pool& backgroundPool();
 
 }  // namespace orivanta::foundation

@@ -8,17 +8,17 @@ namespace orivanta::foundation {
 
 namespace {
 
-// The file ends with a trailer of 32 bytes: the sizes in bytes of an offset and of an object
-// reference at 6 and 7, then the number of objects, the top object and the place of the table of
-// offsets, 8 bytes each. All numbers are big-endian.
+// The file ends with a trailer of 32 bytes. Offset 6 holds the size of an offset, and offset 7 the
+// size of an object reference. They are followed by the number of objects, the top object and the
+// position of the offset table, 8 bytes each. All numbers are big-endian.
 constexpr std::size_t trailerBytes = 32;
 
-// Many entries may refer to one long text, so what they take together is limited.
+// Many entries may refer to the same long string, so their total size is limited.
 constexpr std::size_t mostTextBytes = 32U << 20U;
 
 enum Kind : unsigned { integer = 0x1, ascii = 0x5, utf16 = 0x6, dictionary = 0xD };
 
-// An object without its contents: what it is, of how many parts, and where these start.
+// An object without its contents: its type, its number of parts, and where they start.
 struct Object {
   unsigned kind;
   std::uint64_t count;
@@ -83,7 +83,7 @@ class Reader {
     return value;
   }
 
-  // Counts of 15 and more stand behind the marker as an integer of 1, 2, 4 or 8 bytes.
+  // Counts of 15 and more follow the marker as an integer of 1, 2, 4 or 8 bytes.
   std::optional<Object> object(std::uint64_t index) const {
     if (index >= objectCount_ || index >= bytes_.size()) return std::nullopt;
     const auto offset = number(offsetTable_ + index * offsetBytes_, offsetBytes_);
@@ -113,7 +113,7 @@ class Reader {
     return std::nullopt;
   }
 
-  // Half a surrogate pair becomes the replacement character.
+  // An unpaired surrogate becomes the replacement character.
   std::string utf16Text(const Object& object) const {
     const auto unitAt = [&](std::uint64_t i) {
       return i < object.count ? static_cast<std::uint32_t>(*number(object.start + 2 * i, 2)) : 0U;

@@ -1,4 +1,4 @@
-// Property lists in their binary form, read as far as settings need them.
+// A reader for binary property lists, limited to what settings need.
 #pragma once
 
 #include <optional>
@@ -8,10 +8,10 @@
 
 namespace orivanta::foundation {
 
-/// The entries of a binary property list ("bplist00") whose top level is a dictionary with text
-/// keys; nothing when it is not, or when what is needed of it is damaged. Values that are no texts
-/// are not looked into, however they are nested or refer to one another. Nothing as well when the
-/// texts take more than 32 MiB together.
+/// The entries of a binary property list ("bplist00") whose top level is a dictionary with string
+/// keys. Values other than strings are not examined, so their nesting and references do not matter.
+/// Returns nothing if the list has another form, if a part that is needed is damaged, or if the
+/// strings take more than 32 MiB in total.
 std::optional<PropertyListDictionary> readBinaryPropertyList(std::string_view bytes);
 
 }  // namespace orivanta::foundation

@@ -19,7 +19,7 @@ struct SinkHolder {
   DiagnosticSink sink = writeToStandardOutput;
 };
 
-// Never destroyed: background threads may still report while the process ends.
+// Never destroyed, because background threads may still report while the process ends.
 SinkHolder& holder() {
   static auto& instance = *new SinkHolder;
   return instance;

@@ -1,5 +1,4 @@
-// The one way in which the library stops the program: a broken promise of the caller or of the
-// data that the design does not allow to pass.
+// Stops the program after an error in the caller or the data from which it cannot continue.
 #pragma once
 
 #include <string_view>
@@ -14,8 +13,8 @@ namespace orivanta::foundation {
 /// Stops with "unexpectedly found nil while unwrapping an Optional value".
 [[noreturn]] ORIVANTA_API void fatalAbsence();
 
-/// The value inside an optional or a shared handle whose absence is a programming error.
-/// Returns a reference into `value`, which must outlive it.
+/// Returns the value of an optional or a shared handle, and stops the program if there is none. The
+/// result is a reference into `value`, which must outlive it.
 template <class Optional>
 decltype(auto) unwrap(Optional&& value) {
   if (!value) fatalAbsence();

@@ -29,7 +29,7 @@ struct Descriptor {
 
   bool close() { return number >= 0 && ::close(std::exchange(number, -1)) == 0; }
 
-  int number;  // -1 for none
+  int number;  // -1 if none
 };
 
 constexpr std::string_view temporaryEnding = ".part";
@@ -44,8 +44,8 @@ bool isTemporaryName(std::string_view name) {
                      [](unsigned char digit) { return std::isxdigit(digit) != 0; });
 }
 
-// A file of its own beside the one to be replaced, removed again unless it takes that one's place.
-// It is locked while its writer lives. The functions say in `errno` why they fail.
+// A temporary file in the folder of the file to be replaced. It is removed unless it replaces that
+// file, and it is locked as long as it is being written. On failure, the functions set `errno`.
 class TemporaryFile {
  public:
   TemporaryFile() = default;
@@ -78,13 +78,13 @@ class TemporaryFile {
 
   bool takePlaceOf(const fs::path& target) {
     if (::fsync(file_.number) != 0) return false;
-    exists_ = ::rename(path_.c_str(), target.c_str()) != 0;  // before the lock goes
+    exists_ = ::rename(path_.c_str(), target.c_str()) != 0;  // before the lock is released
     return !exists_;
   }
 
  private:
-  // False if the file was removed before it was locked. Where there are no locks, nobody removes
-  // it.
+  // Returns false if the file was removed before it was locked. On file systems without locks, no
+  // other process removes it.
   bool lock() const {
     while (::flock(file_.number, LOCK_EX) != 0 && errno == EINTR) {
     }
@@ -97,7 +97,7 @@ class TemporaryFile {
   bool exists_ = false;
 };
 
-// Into the place that `makeRoom` gives for so many bytes.
+// Reads into the memory that `makeRoom` returns for the given number of bytes.
 template <class MakeRoom>
 std::optional<Error> read(const fs::path& file, std::size_t largestBytes,
                           const MakeRoom& makeRoom) {
@@ -108,7 +108,8 @@ std::optional<Error> read(const fs::path& file, std::size_t largestBytes,
     const int code = errno;
     return error(code, std::generic_category().message(code));
   };
-  // Opened before it is measured, since another may take its place; a named pipe must not wait.
+  // Opened first, since the path may be replaced before its size is read. Opening a named pipe must
+  // not block.
   const Descriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat status {};
   if (opened.number < 0 || ::fstat(opened.number, &status) != 0) return lastError();

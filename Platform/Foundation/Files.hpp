@@ -1,4 +1,4 @@
-// Whole files, read and written, and the place for those that can be made again.
+// Reads and writes whole files, and finds the cache folder.
 #pragma once
 
 #include <cstddef>
@@ -14,13 +14,13 @@
 
 namespace orivanta::foundation {
 
-/// The application's folder for what can be made or fetched again: $XDG_CACHE_HOME when that is an
-/// absolute path, else ~/.cache, followed by the executable's name. Made when it is missing, as far
-/// as that is possible. Nothing when no such place is known. Any thread.
+/// The application's cache folder: a folder with the executable's name in $XDG_CACHE_HOME if that
+/// is an absolute path, or else in ~/.cache. The folder is created if possible. Returns nothing if
+/// its path cannot be determined. Thread-safe.
 ORIVANTA_API std::optional<std::filesystem::path> cachesDirectory();
 
-/// A file's bytes. Unlike those of a string they are not filled with zeros first, which takes as
-/// long as reading them.
+/// The contents of a file. Unlike a string, the memory is not filled with zeros first, which would
+/// take as long as reading.
 struct FileBytes {
   std::unique_ptr<char[]> data;
   std::size_t count = 0;
@@ -28,26 +28,25 @@ struct FileBytes {
   std::string_view text() const { return {data.get(), count}; }
 };
 
-/// The bytes of a regular file. An error when it cannot be read, becomes shorter meanwhile or holds
-/// more than `largestBytes`: its domain is "file", its code an `errno`, EFBIG for the last, and its
-/// text begins with the file. Any thread.
+/// Reads a regular file. Fails if the file cannot be read, becomes shorter while it is read, or is
+/// larger than `largestBytes`. The error's domain is "file", its code is an `errno` (EFBIG if the
+/// file is too large), and its text begins with the file's path. Thread-safe.
 ORIVANTA_API std::variant<FileBytes, Error> readBytes(const std::filesystem::path& file,
                                                       std::size_t largestBytes);
 
-/// The same as a string; nothing in place of an error. Any thread.
+/// Like `readBytes`, but returns a string, or nothing on failure. Thread-safe.
 ORIVANTA_API std::optional<std::string> readFile(const std::filesystem::path& file,
                                                  std::size_t largestBytes);
 
-/// Replaces the file whole or not at all: whoever opens it sees the old contents or the new ones,
-/// also when the disk is full, the process is killed or others write the same file. A killed
-/// process may leave a hidden file beside it. The error's domain is "file", its code `errno`. Any
-/// thread.
+/// Replaces a file atomically: other processes see either the old or the new contents, even if the
+/// disk is full, the process is killed, or others write the same file. A killed process may leave a
+/// hidden file in the same folder. The error's domain is "file", and its code is an `errno`.
+/// Thread-safe.
 ORIVANTA_API std::optional<Error> writeFileAtomically(const std::filesystem::path& file,
                                                       std::string_view bytes);
 
-/// Removes the hidden files that killed processes left in a folder while they wrote other files.
-/// Those of running processes stay, and so do all of them if the file system has no locks. Any
-/// thread.
+/// Removes the hidden files that killed processes left in a folder while writing. Files of running
+/// processes are kept; if the file system does not support locks, all are kept. Thread-safe.
 ORIVANTA_API void removeAbandonedFiles(const std::filesystem::path& folder);
 
 }  // namespace orivanta::foundation

@@ -1,4 +1,4 @@
-// FNV-1a, the 64-bit form (Fowler, Noll, Vo): a checksum against damage, not against forgery.
+// The 64-bit FNV-1a hash (Fowler, Noll, Vo). It detects damage but not forgery.
 #pragma once
 
 #include <cstdint>

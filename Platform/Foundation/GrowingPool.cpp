@@ -16,11 +16,11 @@ struct GrowingPool::State {
   std::size_t mostThreads = 0;
   std::chrono::milliseconds idleTime{};
 
-  std::mutex mutex;  // guards all below
+  std::mutex mutex;  // guards the members below
   std::condition_variable added;
   std::deque<std::function<void()>> tasks;
   std::size_t threads = 0;
-  std::size_t idleThreads = 0;  // woken ones count until they have taken their task
+  std::size_t idleThreads = 0;  // includes woken threads that have not taken their task yet
 };
 
 GrowingPool::GrowingPool(std::size_t mostThreads, std::chrono::milliseconds idleTime)
@@ -55,13 +55,13 @@ void GrowingPool::State::work() {
     tasks.pop_front();
     lock.unlock();
     task();
-    task = nullptr;  // what the task holds goes outside the lock
+    task = nullptr;  // destroys the captured values outside the lock
     lock.lock();
   }
   --threads;
 }
 
-// False if the thread is to end.
+// Returns false if the thread must end.
 bool GrowingPool::State::waitForTask(std::unique_lock<std::mutex>& lock) {
   if (!tasks.empty()) return true;
   ++idleThreads;

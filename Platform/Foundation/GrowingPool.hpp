@@ -1,4 +1,4 @@
-// Threads that are started when work waits and end when they have been idle.
+// A thread pool that starts threads as needed and ends idle ones.
 #pragma once
 
 #include <chrono>
@@ -10,20 +10,20 @@
 
 namespace orivanta::foundation {
 
-/// Runs each task at once, whatever the others do, as long as there are fewer than `mostThreads`
-/// threads: a thread that is idle takes the task, else a new thread is started. Beyond that limit,
-/// or where the system starts no more threads, tasks wait for the next thread that becomes free, in
-/// the order in which they were added. So a task must not wait for another one where `mostThreads`
-/// tasks may do so at the same time.
+/// Runs tasks concurrently. While fewer than `mostThreads` threads exist, each task starts
+/// immediately: on an idle thread, or else on a new one. At the limit, or if the system cannot
+/// start more threads, tasks wait for the next free thread in the order in which they were added. A
+/// task may wait for another one only if fewer than `mostThreads` tasks can wait at the same time.
 ///
-/// Threads end after `idleTime` without a task. They are detached: tasks go on running after the
-/// pool is destroyed. Any thread.
+/// Threads end after `idleTime` without a task. They are detached: tasks continue after the pool is
+/// destroyed. Thread-safe.
 class ORIVANTA_API GrowingPool {
  public:
   GrowingPool(std::size_t mostThreads, std::chrono::milliseconds idleTime);
 
-  /// Adds a task, which must not throw, and returns at once. Throws `std::system_error` if there is
-  /// no thread and none can be started; the task then runs with the next one that is added.
+  /// Adds a task, which must not throw, and returns immediately. Throws `std::system_error` if no
+  /// thread exists and none can be started; the task is then kept and runs once a later call
+  /// succeeds in starting a thread.
   void run(std::function<void()> task);
 
   std::size_t threadCount() const;

@@ -9,7 +9,7 @@ namespace orivanta::foundation {
 
 namespace {
 
-// "sr_RS.UTF-8@latin" names the language before the encoding and the modifier.
+// "sr_RS.UTF-8@latin": the language comes before the encoding and the modifier.
 std::string languageTag(std::string_view locale) {
   std::string tag(locale.substr(0, locale.find_first_of(".@")));
   std::replace(tag.begin(), tag.end(), '_', '-');

@@ -16,13 +16,13 @@ struct Queue {
   std::mutex mutex;
   std::condition_variable added;
   std::deque<std::function<void()>> tasks;
-  std::uint64_t takenCount = 0;  // tasks taken out since the beginning
+  std::uint64_t takenCount = 0;  // number of tasks taken out so far
 
   std::mutex wakeMutex;  // held while `wake` is called; never together with `mutex`
   std::function<void()> wake;
 };
 
-// Never destroyed: background work may add tasks while the process ends.
+// Never destroyed, because background work may add tasks while the process ends.
 Queue& queue() {
   static auto& instance = *new Queue;
   return instance;
@@ -41,7 +41,7 @@ void async(std::function<void()> task) {
   if (q.wake) q.wake();
 }
 
-// A task may drain in turn; the outer call then has less left to do.
+// A task may call this function itself; the outer call then continues with the remaining tasks.
 bool drain() {
   Queue& q = queue();
   std::unique_lock lock(q.mutex);
@@ -53,14 +53,14 @@ bool drain() {
     ++q.takenCount;
     lock.unlock();
     task();
-    task = nullptr;  // what the task holds goes before the next one starts, outside the lock
+    task = nullptr;  // destroys captured values before the next task, outside the lock
     lock.lock();
   }
   return true;
 }
 
 bool wait(double seconds) {
-  // The clock's own arithmetic overflows beyond some centuries.
+  // Limits the wait, because the clock's arithmetic overflows after some centuries.
   constexpr double longestWait = 24.0 * 3600.0;
   Queue& q = queue();
   std::unique_lock lock(q.mutex);

@@ -16,8 +16,8 @@ namespace orivanta::foundation {
 
 namespace {
 
-// Helpers that the pool starts late find nothing to do, perhaps after the caller has gone; so they
-// share this, and touch the body only with a number in hand.
+// Helpers may start after the work is done and the caller has returned. They therefore share
+// ownership of this state, and access the body only after they have taken a number.
 struct SharedWork {
   SharedWork(std::size_t pieces, std::size_t rowLength,
              const std::function<void(std::size_t)>& work)
@@ -35,7 +35,7 @@ struct SharedWork {
     }
   }
 
-  // After a failure the remaining pieces are only counted.
+  // After a failure, the remaining pieces are counted but not run.
   std::exception_ptr callAll(std::size_t first, std::size_t end) noexcept {
     try {
       for (std::size_t piece = first; piece < end && !failed; ++piece) body(piece);
@@ -69,7 +69,7 @@ void parallelFor(std::size_t count, const std::function<void(std::size_t)>& body
     for (std::size_t helper = 1; helper < std::min(processors, rows); ++helper)
       boost::asio::post(backgroundPool(), [work] { work->takePieces(); });
   } catch (const std::bad_alloc&) {
-    // The calling thread takes what no helper does.
+    // The calling thread runs the pieces that no helper takes.
   }
   work->takePieces();
   std::unique_lock lock(work->mutex);

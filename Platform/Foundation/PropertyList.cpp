@@ -20,8 +20,8 @@ constexpr std::size_t mostContainers = 10'000;
 using PlistHandle = std::unique_ptr<void, decltype(&plist_free)>;
 using PlistText = std::unique_ptr<char, decltype(&std::free)>;
 
-// The library frees a list by recursion, so the containers, and with them the nesting, are limited
-// beforehand; and it stops the program at a text with a NUL, which XML cannot hold.
+// The library frees a list recursively, so the number of containers, and with it the nesting, is
+// limited first. It also aborts on a string with a NUL, which XML cannot contain.
 bool safeToParse(std::string_view xml) {
   if (xml.find('\0') != std::string_view::npos) return false;
   std::size_t containers = 0;

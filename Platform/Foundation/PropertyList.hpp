@@ -1,4 +1,4 @@
-// Property lists, XML and binary, read as far as settings need them.
+// A reader for XML and binary property lists, limited to what settings need.
 #pragma once
 
 #include <filesystem>
@@ -8,12 +8,12 @@
 
 namespace orivanta::foundation {
 
-/// The entries of a property list whose top level is a dictionary: its text values by key; a key
-/// with a value of another kind is present with nothing.
+/// The string values of a dictionary by key. A key whose value is not a string maps to nothing.
 using PropertyListDictionary = std::map<std::string, std::optional<std::string>>;
 
-/// Reads the file. Nothing when it cannot be read, is over 16 MiB, is no property list, is not a
-/// dictionary at the top level or has more than 10,000 arrays and dictionaries as XML.
+/// Reads the entries of a property list whose top level is a dictionary. Returns nothing if the
+/// file cannot be read, is larger than 16 MiB, has another form, or (in XML) contains more than
+/// 10,000 arrays and dictionaries.
 std::optional<PropertyListDictionary> readPropertyList(const std::filesystem::path& file);
 
 }  // namespace orivanta::foundation

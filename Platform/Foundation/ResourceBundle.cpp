@@ -25,7 +25,7 @@ KnownBundles& known() {
   return instance;
 }
 
-// What lies there in the right length is from an earlier time: the file is always whole.
+// The file is written atomically, so a file of the right length is complete.
 bool isOnDisk(const Resource& resource, const fs::path& file) {
   std::error_code failure;
   const std::uintmax_t size = fs::file_size(file, failure);

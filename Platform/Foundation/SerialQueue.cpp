@@ -10,11 +10,11 @@ namespace orivanta::foundation {
 
 namespace {
 
-// So many tasks of all queues may block at once before further ones wait.
+// Maximum number of tasks, of all queues, that run or block at the same time. Further tasks wait.
 constexpr std::size_t mostThreads = 512;
 constexpr std::chrono::seconds idleTime{10};
 
-// Never destroyed: tasks may be under way when the process ends.
+// Never destroyed, because tasks may still run when the process ends.
 GrowingPool& pool() {
   static auto& instance = *new GrowingPool(mostThreads, idleTime);
   return instance;
@@ -53,7 +53,7 @@ void SerialQueue::resume() {
   scheduleIfReady();
 }
 
-// Called with the mutex held.
+// Call with the mutex held.
 void SerialQueue::scheduleIfReady() {
   if (state_->draining || state_->suspensions > 0 || state_->tasks.empty()) return;
   state_->draining = true;
@@ -67,7 +67,7 @@ void SerialQueue::drain() {
     state_->tasks.pop_front();
     lock.unlock();
     task();
-    task = nullptr;  // what the task holds goes before the next one starts, outside the lock
+    task = nullptr;  // destroys captured values before the next task, outside the lock
     lock.lock();
   }
   state_->draining = false;

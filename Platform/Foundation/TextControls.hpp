@@ -1,10 +1,10 @@
-// Characters that act on whatever shows a text instead of being shown.
+// Invisible characters that control how text is displayed.
 #pragma once
 
 namespace orivanta::foundation {
 
-/// Whether a character changes the direction of the text around it, or is a byte order mark: text
-/// of unknown origin is safe to show without it.
+/// Whether a character changes the direction of the surrounding text, or is a byte order mark. Text
+/// from untrusted sources is safe to display without such characters.
 constexpr bool isInvisibleControl(char32_t point) {
   return point == 0x061C || point == 0x200E || point == 0x200F || point == 0xFEFF ||
          (point >= 0x202A && point <= 0x202E) || (point >= 0x2066 && point <= 0x2069);

@@ -11,10 +11,10 @@ namespace orivanta::foundation {
 
 namespace {
 
-// Far more than any server takes, and little enough for a parser that descends into the text.
+// Longer than any URL that servers accept, and short enough for a recursive parser.
 constexpr std::size_t longestText = std::size_t{64} << 10U;
 
-// The library's parsed form, which points into the text that it was parsed from.
+// The library's parsed form, which points into the parsed text.
 class ParsedUri {
  public:
   explicit ParsedUri(std::string_view text) {
@@ -57,8 +57,8 @@ std::string percentDecoded(std::string text) {
   return text;
 }
 
-// Everything but the unreserved characters and those that a query may hold without a meaning of
-// their own there. "+" is encoded, since many servers read it as a blank.
+// Encodes everything except the unreserved characters and those without a special meaning in a
+// query. "+" is encoded, since many servers decode it as a space.
 std::string encodedQueryText(std::string_view text) {
   static constexpr char digits[] = "0123456789ABCDEF";
   static constexpr std::string_view kept = "-._~:/?@!$'()*,;";
@@ -96,7 +96,7 @@ std::optional<Url> Url::parse(std::string_view text, const Url& base) {
   std::string resolvedText = recomposed(resolved);
   const bool namesHost = resolved.hostText.first != nullptr;
   uriFreeUriMembersA(&resolved);
-  // Without a host, a path may be left that begins with "//" and would read as one.
+  // Without a host, the path may begin with "//", which would be parsed as a host.
   const ParsedUri reread(resolvedText);
   if (resolvedText.empty() || !reread.valid()) return std::nullopt;
   if ((reread->hostText.first != nullptr) != namesHost) return std::nullopt;

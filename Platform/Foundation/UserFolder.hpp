@@ -1,4 +1,4 @@
-// Where the user's folders for the running application lie.
+// Finds the user's folders for the running application.
 #pragma once
 
 #include <filesystem>
@@ -6,9 +6,10 @@
 
 namespace orivanta::foundation {
 
-/// The folder named after the executable below the one that the environment's `variable` names,
-/// such as XDG_CONFIG_HOME, or, when that is no absolute path, below `fallback` in the user's home.
-/// Nothing when neither is known. The folder need not exist. Any thread.
+/// Returns the folder with the executable's name in the folder that the environment variable
+/// `variable` names, such as XDG_CONFIG_HOME. If that is not an absolute path, uses `fallback` in
+/// the user's home folder instead. Returns nothing if neither is known. The folder may not exist.
+/// Thread-safe.
 std::optional<std::filesystem::path> userFolder(const char* variable, const char* fallback);
 
 }  // namespace orivanta::foundation

@@ -1,4 +1,4 @@
-// A whole resource, read while the caller waits.
+// Reads a whole resource synchronously.
 #pragma once
 
 #include <optional>
@@ -9,10 +9,11 @@
 
 namespace orivanta::network {
 
-/// The bytes behind an "http", "https" or "file" URL, of up to 512 MiB. As for a session's request,
-/// redirects are followed, and a minute without a byte ends it; every status counts, so that the
-/// bytes may be those of an error page. Nothing when the resource cannot be read to its end. Blocks
-/// the calling thread, which may be any but the one on which the transport reports.
+/// Returns the contents of an "http", "https" or "file" URL, up to 512 MiB. As in a session's
+/// request, redirects are followed, and a minute without data ends the request. The status is
+/// ignored, so the result may be an error page. Returns nothing if the resource cannot be read
+/// completely. Blocks the calling thread, which must not be the thread on which the transport
+/// reports.
 ORIVANTA_API std::optional<std::string> dataOfUrl(const foundation::Url& url);
 
 }  // namespace orivanta::network

@@ -9,7 +9,8 @@ namespace orivanta::network {
 
 namespace {
 
-// What keeps valid sessions alive. Never destroyed: sessions may outlive the end of `main`.
+// Keeps valid sessions alive. Never destroyed, because sessions may still exist after `main`
+// returns.
 struct ValidSessions {
   std::mutex mutex;
   std::unordered_set<std::shared_ptr<UrlSession>> sessions;
@@ -52,7 +53,7 @@ void UrlSession::startDataTask(const foundation::Url& url) {
 }
 
 void UrlSession::deliver(UrlResult result) {
-  // Asked for before each call: the delegate may invalidate the session while it handles one.
+  // The delegate is fetched before each call, since it may invalidate the session during a call.
   if (!delegate()) return;
   try {
     if (!result.error) result.error = defaultTransport().decodeBody(result);
@@ -85,7 +86,7 @@ void UrlSession::invalidateAndCancel() {
   const std::lock_guard lock(validSessions().mutex);
   const auto entry = validSessions().sessions.find(shared_from_this());
   if (entry == validSessions().sessions.end()) return;
-  self = *entry;  // released after the lock, when the last reference may end the session
+  self = *entry;  // released outside the lock, since it may be the last reference to the session
   validSessions().sessions.erase(entry);
 }
 

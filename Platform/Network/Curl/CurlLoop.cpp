@@ -29,23 +29,23 @@ foundation::Error curlError(int code, const char* detail) {
   return {"curl", code, detail != nullptr && *detail != '\0' ? detail : text};
 }
 
-// Signals are for the application's own threads; above all, a peer that closes a connection must
-// not end the program by SIGPIPE.
+// Signals belong to the application's threads. In particular, a SIGPIPE from a closed connection
+// must not end the program.
 void blockSignals() {
   sigset_t all;
   sigfillset(&all);
   pthread_sigmask(SIG_BLOCK, &all, nullptr);
 }
 
-// One header line. A name with an empty value needs libcurl's own notation: with a colon it would
-// take the field away.
+// Formats a header line. libcurl requires a semicolon after the name for an empty value; with a
+// colon it would remove the header.
 std::string headerLine(const std::string& name, const std::string& value) {
   return value.empty() ? name + ";" : name + ": " + value;
 }
 
 }  // namespace
 
-// Everything but `cancelled_` belongs to the loop's thread once the transfer is pending.
+// Once the transfer is pending, only the loop's thread uses the members other than `cancelled_`.
 class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_this<Transfer> {
  public:
   Transfer(CurlLoop& loop, UrlRequest request, std::function<void(UrlResult)> completed)
@@ -68,13 +68,13 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
     UrlResult& result = self.result_;
     if (count > largestBodyBytes - result.body.size()) return 0;
     return self.received(count, [&] {
-      // Twice, since the text is there twice while it is moved to a larger place.
+      // Counted twice, because both copies exist while the text is moved to a larger buffer.
       if (result.share) result.share->take(2 * count);
       result.body.append(bytes, count);
     });
   }
 
-  // Called for each header line of each response on the way, redirects included.
+  // Called for each header line of each response, including redirects.
   static std::size_t receiveHeader(char* bytes, std::size_t, std::size_t count, void* context) {
     std::string_view line(bytes, count);
     while (!line.empty() && std::isspace(static_cast<unsigned char>(line.back())))
@@ -83,7 +83,7 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
     return self.received(count, [&] { self.receiveLine(line); });
   }
 
-  // Counts what has arrived and keeps it. No exception may pass through libcurl.
+  // Counts and stores received bytes. No exception may pass through libcurl.
   template <class Keep>
   std::size_t received(std::size_t count, Keep keep) {
     if (!windowStart_) windowStart_ = Clock::now();
@@ -97,8 +97,8 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
     return count;
   }
 
-  // Called at least once a second. The first window begins with the first bytes of an answer: until
-  // then, and so while a redirect is followed, libcurl's own limits hold.
+  // Called at least once a second. The first window begins with the first bytes of a response.
+  // Before that, and again while a redirect is followed, only libcurl's limits apply.
   static int judgeRate(void* context, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
     auto& self = *static_cast<Transfer*>(context);
     long redirects = 0;
@@ -114,8 +114,8 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
     return self.isTooSlow_ ? 1 : 0;
   }
 
-  // A status line begins a new response; an empty line ends its fields, and what comes behind the
-  // body of a chunked response does not count.
+  // A status line begins a new response, and an empty line ends its headers. Trailers after the
+  // body of a chunked response are ignored.
   void receiveLine(std::string_view line) {
     auto& fields = result_.response.headerFields;
     const std::size_t colon = line.find(':');
@@ -134,14 +134,14 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
     }
   }
 
-  // Called when an URL begins to answer: from an HTTPS one, only redirects to HTTPS are followed.
+  // Called when a response begins. After an HTTPS response, only redirects to HTTPS are followed.
   void keepToHttps() {
     result_.response.url = currentUrl();
     if (strncasecmp(effectiveUrl(), "https:", 6) == 0)
       curl_easy_setopt(handle_, CURLOPT_REDIR_PROTOCOLS_STR, "https");
   }
 
-  // As libcurl reads it, which is less strict than `Url`.
+  // The URL as libcurl parses it, which is less strict than `Url`.
   const char* effectiveUrl() const {
     const char* text = nullptr;
     curl_easy_getinfo(handle_, CURLINFO_EFFECTIVE_URL, &text);
@@ -155,8 +155,8 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
 
   foundation::Error errorOf(int outcome) const;
 
-  // libcurl would take a reference without a scheme or without a host for the name of a host, and
-  // send the credentials there.
+  // libcurl would interpret a reference without a scheme or a host as a host name and send the
+  // credentials there.
   bool namesHost() const { return request_.url.isAbsolute() && !request_.url.host().empty(); }
 
   void setOptions();
@@ -170,7 +170,7 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
   curl_slist* headerList_ = nullptr;
   bool headComplete_ = false;
 
-  // What has arrived, head and body, since the rate was judged last.
+  // Bytes received, headers and body, since the rate was last checked.
   std::optional<Clock::time_point> windowStart_;
   std::uint64_t windowBytes_ = 0;
   long redirects_ = 0;
@@ -282,8 +282,8 @@ void CurlLoop::begin(const std::shared_ptr<Transfer>& transfer) {
 void CurlLoop::Transfer::setOptions() {
   for (const auto& [name, value] : request_.headerFields)
     headerList_ = curl_slist_append(headerList_, headerLine(name, value).c_str());
-  // Asked for by hand, not through CURLOPT_ACCEPT_ENCODING: the body is inflated elsewhere, so
-  // that this one thread stays free for the other transfers.
+  // Set explicitly instead of with CURLOPT_ACCEPT_ENCODING: the body is inflated on another thread,
+  // so that this one can serve the other transfers.
   headerList_ = curl_slist_append(headerList_, "Accept-Encoding: gzip");
 
   curl_easy_setopt(handle_, CURLOPT_URL, request_.url.absoluteString().c_str());

@@ -1,5 +1,5 @@
-// One background thread that drives all transfers of the process through a libcurl multi handle,
-// so that connections are reused and HTTP/2 requests share them.
+// A background thread that runs all transfers of the process through a libcurl multi handle, so
+// that connections are reused and HTTP/2 requests share them.
 #pragma once
 
 #include <functional>
@@ -17,7 +17,7 @@ using CURLM = void;
 
 namespace orivanta::network {
 
-/// Lives as long as the process. All operations may be called from any thread.
+/// Exists until the process ends. Thread-safe.
 class CurlLoop {
  public:
   static CurlLoop& shared();
@@ -44,7 +44,7 @@ class CurlLoop {
   std::vector<std::shared_ptr<Transfer>> pending_;    // to be started
   std::vector<std::shared_ptr<Transfer>> cancelled_;  // to be stopped
 
-  // Touched by the loop's thread alone.
+  // Used only by the loop's thread.
   std::unordered_set<std::shared_ptr<Transfer>> running_;
   std::vector<CURL*> idleHandles_;
   std::thread thread_;

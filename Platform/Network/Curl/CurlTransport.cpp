@@ -1,4 +1,4 @@
-// The HTTP client behind the port: libcurl for the transfers, zlib for the bodies.
+// The `UrlTransport` with libcurl for transfers and zlib for bodies.
 #include <strings.h>
 
 #include <utility>

@@ -10,8 +10,8 @@ namespace orivanta::network {
 
 namespace {
 
-// A member ends with the size of its contents, low byte first. It may lie, but not beyond what so
-// many compressed bytes can hold.
+// A gzip member ends with the size of its contents, low byte first. The value may be wrong, so it
+// is limited to what the compressed bytes can expand to.
 std::uint64_t expectedBytes(std::string_view compressed) {
   constexpr std::uint64_t greatestRatio = 1032;
   constexpr std::uint64_t least = 64;
@@ -30,13 +30,13 @@ std::optional<std::string> gunzipped(std::string_view compressed, std::size_t la
   z_stream stream{};
   if (inflateInit2(&stream, 15 + 16) != Z_OK) return std::nullopt;
   const std::unique_ptr<z_stream, decltype(&inflateEnd)> owner(&stream, inflateEnd);
-  // zlib reads through a pointer that is not const, but does not write there.
+  // zlib's pointer is not const, but zlib does not write through it.
   stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(compressed.data()));
   stream.avail_in = static_cast<uInt>(compressed.size());
 
   std::string bytes;
-  // While the text grows, the former and the new one are there at once. `std::string` itself would
-  // at least double its memory, beyond what is counted.
+  // While the text grows, the old and the new buffer exist at the same time. `std::string` itself
+  // would at least double its memory, more than the budget counts.
   const auto grow = [&](std::size_t size) {
     const std::size_t former = bytes.size();
     if (share != nullptr) share->take(size);

@@ -1,4 +1,4 @@
-// Undoing gzip compression (RFC 1952) of a received body.
+// Decompresses received bodies in gzip format (RFC 1952).
 #pragma once
 
 #include <cstddef>
@@ -10,9 +10,9 @@
 
 namespace orivanta::network {
 
-/// The uncompressed bytes of one or more gzip members; nothing when they are damaged, end early or
-/// would take more than `largestBytes`. They are counted in `share`, if there is one: throws
-/// `BudgetExceeded` before they exceed its budget.
+/// Decompresses one or more gzip members. Returns nothing if they are damaged, incomplete or larger
+/// than `largestBytes` when decompressed. If `share` is given, the bytes are charged to it; throws
+/// `BudgetExceeded` before the budget is exceeded.
 std::optional<std::string> gunzipped(std::string_view compressed, std::size_t largestBytes,
                                      foundation::BudgetShare* share = nullptr);
 

@@ -27,7 +27,7 @@ std::string binaryOf(const std::string& body) { return binaryPropertyList(xmlOf(
 
 TEST(BinaryPropertyList, TextsOfAnyLengthAndScriptAreRead) {
   const std::string longText(70'000, 'x');
-  // One, two, three and four bytes of UTF-8.
+  // Characters of one, two, three and four bytes in UTF-8.
   const std::string scripts = "a\xC3\xA9\xE9\xA7\x85\xF0\x9F\x9A\x87z";
   std::string body = "<dict><key>long</key><string>" + longText + "</string><key>" + scripts +
                      "</key><string>" + scripts + "</string><key>none</key><string></string>";
@@ -74,8 +74,8 @@ TEST(BinaryPropertyList, ManyEntriesThatShareALongTextAreRefused) {
   std::string binary =
       binaryOf(body + "<key>text</key><string>" + std::string(100'000, 'x') + "</string></dict>");
   ASSERT_TRUE(readBinaryPropertyList(binary));
-  // The dictionary comes first: a marker, a count of three bytes, references of two bytes each, the
-  // keys before the values. Every value becomes the last one, the text.
+  // The dictionary comes first: a marker, a count of three bytes, and references of two bytes each,
+  // keys before values. The test makes every value refer to the last object, the string.
   const std::size_t values = binary.find("\xDF\x11\x03\xE9") + 4 + 1001 * std::size_t{2};
   const std::string reference = binary.substr(values + 1000 * std::size_t{2}, 2);
   for (std::size_t i = 0; i < 1000; ++i) binary.replace(values + 2 * i, 2, reference);

@@ -28,7 +28,7 @@ TEST(GrowingPool, TasksThatBlockHoldUpNoOtherUpToTheLimit) {
   EXPECT_EQ(pool.threadCount(), mostThreads);
   latch.open();
   EXPECT_TRUE(beyond.take()) << "waits for a thread that becomes free";
-  while (pool.threadCount() > 0) std::this_thread::yield();  // idle ones end
+  while (pool.threadCount() > 0) std::this_thread::yield();  // idle threads end
 }
 
 TEST(GrowingPool, AnIdleThreadTakesTheNextTask) {
@@ -38,7 +38,7 @@ TEST(GrowingPool, AnIdleThreadTakesTheNextTask) {
     pool.run([ran] { ran.give(true); });
     ran.take();
   }
-  // A further one is started when those there have not gone back to waiting yet.
+  // The pool starts a new thread if the existing ones have not become idle yet.
   EXPECT_LT(pool.threadCount(), 50U);
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 using test::Latch;
 
-// Adds a task and waits for it: everything added before has run then.
+// Adds a task and waits for it, so that all earlier tasks have run.
 void drain(SerialQueue& queue) {
   const auto reached = std::make_shared<Latch>();
   queue.async([reached] { reached->open(); });
@@ -23,7 +23,7 @@ void drain(SerialQueue& queue) {
 TEST(SerialQueue, RunsTheTasksOfEachProducerInOrderAndNeverTwoAtOnce) {
   constexpr int taskCount = 2000;
   const auto queue = SerialQueue::make();
-  // Plain memory: only the queue keeps the tasks apart.
+  // Unsynchronized memory: the queue alone must keep the tasks from running concurrently.
   std::vector<int> ran[4];
   int total = 0;
   std::vector<std::thread> producers;
@@ -72,7 +72,7 @@ TEST(SerialQueue, SuspensionsNestAndHoldBackWhatHasNotStarted) {
   queue->async([&] { order.push_back(2); });
   ASSERT_TRUE(suspended->wait());
   queue->resume();
-  // Had the second task not been held back, it could run here at any time.
+  // If the second task were not suspended, it could run here.
   drain(*SerialQueue::make());
   queue->suspend();
   queue->resume();

@@ -1,4 +1,4 @@
-// Where settings come from: the main bundle, the environment's languages.
+// Sources of settings: the main bundle and the languages of the environment.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -21,7 +21,7 @@ using test::MisbehavingServer;
 
 foundation::Url url(const std::string& text) { return *foundation::Url::parse(text); }
 
-// Keeps what is reported; a test may add to what happens on a report.
+// Records the reports; a test may add an action for each report.
 class Recorder : public UrlSessionDelegate {
  public:
   struct Report {
@@ -47,7 +47,7 @@ class Recorder : public UrlSessionDelegate {
     if (onInvalid) onInvalid(error);
   }
 
-  // Blocks until there are so many reports.
+  // Blocks until `count` reports have arrived.
   std::vector<Report> reports(std::size_t count) {
     std::unique_lock lock(mutex_);
     EXPECT_TRUE(reported_.wait_for(lock, test::patience, [&] { return reports_.size() >= count; }));
@@ -59,13 +59,13 @@ class Recorder : public UrlSessionDelegate {
   std::function<void(const std::optional<foundation::Error>&)> onInvalid;
 
  private:
-  std::string received_;  // no lock: the session reports one at a time
+  std::string received_;  // no lock needed: the session reports one at a time
   std::mutex mutex_;
   std::condition_variable reported_;
   std::vector<Report> reports_;
 };
 
-// A session with a recorder, invalidated at the end of the test.
+// A session with a recorder. The session is invalidated at the end of the test.
 struct Recorded {
   std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
   std::shared_ptr<UrlSession> session;
@@ -125,7 +125,7 @@ TEST(UrlSession, AnEmptyBodyIsNoDamageWhateverItsEncoding) {
 }
 
 TEST(UrlSession, RefusesABodyThatInflatesBeyondTheLimit) {
-  // Gzip members may follow one another: 33 of 16 MiB each go beyond 512 MiB.
+  // A body may have several gzip members: 33 of 16 MiB each exceed 512 MiB.
   const std::string member = test::gzipped(std::string(16U << 20U, ' '));
   Answer bomb = Answer::json("").with("Content-Encoding", "gzip");
   for (int i = 0; i < 33; ++i) bomb.body += member;
@@ -145,7 +145,7 @@ TEST(UrlSession, EndsATransferBelowTheLowestRate) {
   MisbehavingServer server;
   const std::string body(1'000'000, ' ');
   server.on("/even", Answer::json(body).trickled());
-  server.on("/bursts", Answer::json(body).trickled(100'000));  // 25 kB/s, but not in each second
+  server.on("/bursts", Answer::json(body).trickled(100'000));  // 25 kB/s, with pauses
   Recorded recorded(strictRules({1000, std::chrono::seconds(1)}));
   for (const char* const path : {"/even", "/bursts"}) {
     const auto error = recorded.get(server.root(path)).error;
@@ -215,7 +215,7 @@ TEST(UrlSession, TasksOfOneSessionRunTogetherAndReportOneAtATime) {
   Recorded recorded;
   recorded.session->startDataTask(url(server.root("/held")));
   for (int i = 0; i < 20; ++i) recorded.session->startDataTask(url(server.root("/a")));
-  // The recorder appends to one text without a lock: mixed reports would show in the sizes.
+  // The recorder appends to one string without a lock: mixed reports would show in the sizes.
   for (const auto& report : recorded.recorder->reports(20)) EXPECT_EQ(report.body.size(), 100'000U);
   latch->open();
   EXPECT_EQ(recorded.recorder->reports(21).back().body, "[0]");
@@ -240,7 +240,7 @@ TEST(UrlSession, NothingButTheEndIsReportedAfterInvalidation) {
   session->startDataTask(url(server.root("/afterwards")));
   latch->open();
   Recorded other;
-  other.get(server.root("/b"));  // what was canceled is gone when this has been answered
+  other.get(server.root("/b"));  // after its response the canceled request is gone
   EXPECT_EQ(recorder->reports(0).size(), 1U);
   EXPECT_FALSE(invalid.take());
   EXPECT_TRUE(server.requests("/afterwards").empty());
@@ -255,14 +255,15 @@ TEST(UrlSession, InvalidationEndsTheTransfersUnderWay) {
   session->startDataTask(url(server.root("/held")));
   ASSERT_TRUE(server.waitForRequests("/held", 2));
   session->invalidateAndCancel();
-  // The transport does as it is told in order: what starts later shows that the end has been seen.
+  // The transport processes its commands in order, so a later request shows that it has handled the
+  // cancellation.
   server.on("/after", Answer::json("[1]"));
   const auto after = UrlSession::make({}, std::make_shared<Recorder>());
   after->startDataTask(url(server.root("/after")));
   ASSERT_TRUE(server.waitForRequests("/after", 1));
   after->invalidateAndCancel();
   latch->open();
-  // A connection whose transfer had gone on would stay open for the next one.
+  // If the transfer had continued, its connection would stay open for the next one.
   EXPECT_TRUE(server.waitForEndedConnections(2));
 }
 
