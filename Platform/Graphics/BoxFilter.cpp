@@ -11,7 +11,7 @@ constexpr std::uint32_t largestFactor = 256;
 
 std::uint32_t dividedUp(std::uint32_t value, std::uint32_t by) { return (value + by - 1) / by; }
 
-// Rounded; 0 if there is nothing to divide by.
+// Rounds to nearest; returns 0 if `count` is 0.
 std::uint8_t mean(std::uint32_t sum, std::uint32_t count) {
   return count == 0 ? std::uint8_t{0}
                     : static_cast<std::uint8_t>((std::uint64_t{sum} + count / 2) / count);

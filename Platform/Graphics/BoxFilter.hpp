@@ -1,4 +1,4 @@
-// Pictures made smaller while they are read, row by row.
+// Reduces images row by row while they are decoded.
 #pragma once
 
 #include <cstddef>
@@ -8,26 +8,26 @@
 
 namespace orivanta::graphics {
 
-/// The smallest whole number by which both sides must be divided, rounded up, for at most
-/// `mostPixels` to be left; at most 256.
+/// The smallest integer by which both sides must be divided (rounding up) so that at most
+/// `mostPixels` remain; at most 256.
 std::uint32_t reductionFor(std::uint32_t width, std::uint32_t height, std::uint64_t mostPixels);
 
-/// Makes each square of `factor` by `factor` pixels one pixel: the mean of the square, in which
-/// colors count by their alpha. Squares at the right and lower edges may be narrower. Only
-/// `addRow` may be called when functions are left by long jumps: it allocates nothing.
+/// Averages each square of `factor` by `factor` pixels to one pixel; colors are weighted by their
+/// alpha. Squares at the right and bottom edges may be smaller. `addRow` allocates nothing, so it
+/// is safe in code that uses longjmp; the other functions are not.
 class BoxFilter {
  public:
-  /// The sides of the picture before it is made smaller; `factor` is from 1 to 256.
+  /// The size of the original image; `factor` is from 1 to 256.
   BoxFilter(std::uint32_t width, std::uint32_t height, std::uint32_t factor);
 
-  /// The next row from the top, as red, green, blue and alpha of each pixel. Rows beyond the last
-  /// one are ignored.
+  /// Adds the next row from the top, as red, green, blue and alpha of each pixel. Rows beyond the
+  /// last one are ignored.
   void addRow(const std::uint8_t* pixels);
 
-  std::uint32_t width() const { return width_; }    ///< after the picture was made smaller
-  std::uint32_t height() const { return height_; }  ///< the same
+  std::uint32_t width() const { return width_; }    ///< of the reduced image
+  std::uint32_t height() const { return height_; }  ///< of the reduced image
 
-  /// The smaller picture, after the last row.
+  /// The reduced image. Call after the last row.
   std::vector<std::uint8_t> takePixels() { return std::move(pixels_); }
 
  private:
@@ -46,7 +46,7 @@ class BoxFilter {
   const std::uint32_t width_;
   const std::uint32_t height_;
   std::uint32_t rowsAdded_ = 0;
-  std::vector<Sums> sums_;  // of the squares that the last row belongs to
+  std::vector<Sums> sums_;  // of the squares in the current row
   std::vector<std::uint8_t> pixels_;
 };
 

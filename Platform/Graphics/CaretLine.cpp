@@ -12,10 +12,10 @@ namespace orivanta::graphics {
 struct CaretLine::Layout {
   Owned<cairo_surface_t> surface;
   Owned<PangoLayout> pango;
-  std::vector<std::size_t> places;  // rising, both ends among them
+  std::vector<std::size_t> places;  // ascending, including both ends
   double inkLeft = 0;               // points
 
-  // The index of the last place that is not behind this one.
+  // Returns the index of the last place that is not after `place`.
   std::size_t indexOf(std::size_t place) const {
     const auto next = std::upper_bound(places.begin(), places.end(), place);
     return static_cast<std::size_t>(next - places.begin()) - 1;

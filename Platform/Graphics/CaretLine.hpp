@@ -1,4 +1,4 @@
-// A line of text as a caret sees it.
+// A line of text with positions for a caret.
 #pragma once
 
 #include <cstddef>
@@ -9,29 +9,30 @@
 
 namespace orivanta::graphics {
 
-/// Places are offsets in bytes between two characters that a person sees, such as a letter with its
-/// accents; others count as the one before them. Distances are points from the left edge of the
-/// picture that `makeTextImage` makes of the text with this style, without a bound. One thread at a
-/// time.
+/// A place is a byte offset between two user-perceived characters, such as a letter with its
+/// accents; other offsets are treated as the place before them. Distances are in points from the
+/// left edge of the image that `makeTextImage` makes of the text with this style and no maximum
+/// width. Not thread-safe.
 class CaretLine {
  public:
-  /// `text`: whole UTF-8 without control characters.
+  /// `text` must be valid UTF-8 without control characters.
   CaretLine(std::string text, const TextStyle& style);
   ~CaretLine();
   CaretLine(const CaretLine&) = delete;
   CaretLine& operator=(const CaretLine&) = delete;
 
-  /// Where the caret shows.
+  /// The position of the caret.
   double distance(std::size_t place) const;
 
-  /// The place that shows nearest.
+  /// The place nearest to a distance.
   std::size_t placeAt(double distance) const;
 
-  // One character along the text; the same at its ends.
+  // The place one character before or after; the same place at the ends of the text.
   std::size_t before(std::size_t place) const;
   std::size_t after(std::size_t place) const;
 
-  // One character to a side as the text shows, whichever way it runs; the same at its ends.
+  // The place one character to the left or right as displayed, regardless of the writing direction;
+  // the same place at the ends.
   std::size_t leftOf(std::size_t place) const { return beside(place, -1); }
   std::size_t rightOf(std::size_t place) const { return beside(place, 1); }
 

@@ -16,7 +16,7 @@ struct Room {
   std::uint64_t taken = 0;
 };
 
-// Never destroyed: pictures may be read when the process ends.
+// Never destroyed, because images may be decoded while the process ends.
 Room& room() {
   static auto& instance = *new Room;
   return instance;

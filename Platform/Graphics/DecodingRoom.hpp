@@ -1,14 +1,15 @@
-// The memory that decoders of pictures may take together.
+// Limits the memory of concurrent image decoders.
 #pragma once
 
 #include <cstdint>
 
 namespace orivanta::graphics {
 
-/// A part of it, held for as long as this lasts. Any thread.
+/// Reserves memory for one decoder during its lifetime. Thread-safe.
 class DecodingRoom {
  public:
-  /// Waits until all parts held are at most 256 MiB together. A larger part is held alone.
+  /// Waits until all reservations together are at most 256 MiB. A larger one waits until it is the
+  /// only one.
   explicit DecodingRoom(std::uint64_t bytes);
   ~DecodingRoom();
   DecodingRoom(const DecodingRoom&) = delete;

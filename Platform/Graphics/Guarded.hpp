@@ -1,4 +1,4 @@
-// Fields that every thread may read and write, one operation at a time.
+// Members that any thread may read and write, one operation at a time.
 #pragma once
 
 #include <utility>
@@ -13,7 +13,7 @@ Value read(const Value& field) {
   return field;
 }
 
-/// Leaves the old value in `value`, so that it goes when the transaction has ended.
+/// Puts the old value into `value`, so that it is destroyed after the transaction has ended.
 template <class Value>
 void assign(Value& field, Value& value) {
   const Transaction transaction;

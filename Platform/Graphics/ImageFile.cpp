@@ -20,11 +20,11 @@ namespace {
 
 constexpr std::size_t largestFileBytes = 256U << 20U;
 
-// At the beginning of a file; what a camera writes before the size is shorter.
+// The size comes within this many bytes, even after the metadata of a camera.
 constexpr std::size_t bytesToSize = 256U << 10U;
 
-// The memory that reading a picture takes at most, roughly: a progressive JPEG or an interlaced PNG
-// is in memory whole.
+// A rough upper bound of the memory for decoding an image. A progressive JPEG or an interlaced PNG
+// is held in memory completely.
 std::uint64_t bytesToRead(const std::filesystem::path& file) {
   std::error_code failure;
   const std::uint64_t fileBytes = std::filesystem::file_size(file, failure);
@@ -78,7 +78,7 @@ std::vector<std::uint8_t> encodePng(const Image& image) {
   png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(header);
   std::vector<std::uint8_t> bytes(size);
   if (png_image_write_to_memory(&header, bytes.data(), &size, 0, pixels, 0, nullptr) == 0)
-    throw std::bad_alloc();  // nothing else is left to go wrong
+    throw std::bad_alloc();  // no other error is possible here
   bytes.resize(size);
   return bytes;
 }

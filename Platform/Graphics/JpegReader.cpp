@@ -1,6 +1,6 @@
 #include "Platform/Graphics/JpegReader.hpp"
 
-// This one needs <cstdio> before it.
+// jpeglib.h requires <cstdio> before it.
 #include <cstdio>
 //
 #include <jerror.h>
@@ -19,11 +19,12 @@ namespace {
 
 constexpr long largestWorkBytes = 512L << 20U;
 
-// A progressive file may name its scans again and again, each as much work as the whole picture.
+// A progressive file may contain any number of scans, each as expensive as decoding the whole
+// image.
 constexpr int mostScans = 200;
 
-// libjpeg leaves its functions by long jumps, across which nothing may live that needs a
-// destructor: what the reading functions need therefore lies here.
+// libjpeg reports errors with longjmp, which does not run destructors. Everything that the reading
+// functions use is therefore stored here.
 struct Reader {
   explicit Reader(std::span<const std::uint8_t> file) : bytes(file) {
     jpeg.err = jpeg_std_error(&errors);
@@ -40,7 +41,7 @@ struct Reader {
     std::longjmp(static_cast<Reader*>(jpeg->client_data)->jump, 1);
   }
 
-  // Every warning but that of stray bytes between segments tells of lost pixels.
+  // Every warning except for extra bytes between segments means lost pixels.
   static void weigh(j_common_ptr jpeg, int level) {
     if (level < 0 && jpeg->err->msg_code != JWRN_EXTRANEOUS_DATA) fail(jpeg);
   }
@@ -54,8 +55,8 @@ struct Reader {
   jpeg_error_mgr errors{};
   jpeg_progress_mgr progress{};
   jpeg_decompress_struct jpeg{};
-  std::vector<std::uint8_t> pixels;  // all of them, or one row for `filter`
-  std::optional<BoxFilter> filter;   // if the decoder alone does not make the picture small enough
+  std::vector<std::uint8_t> pixels;  // all pixels, or one row for `filter`
+  std::optional<BoxFilter> filter;   // if scaling in the decoder is not enough
 };
 
 bool readHead(Reader& reader) {
@@ -67,11 +68,11 @@ bool readHead(Reader& reader) {
   jpeg_mem_src(&jpeg, reader.bytes.data(), static_cast<unsigned long>(reader.bytes.size()));
   jpeg_read_header(&jpeg, TRUE);
   if (!Image::allows(jpeg.image_width, jpeg.image_height)) return false;
-  jpeg.out_color_space = JCS_EXT_RGBA;  // CMYK does not convert to it and fails
+  jpeg.out_color_space = JCS_EXT_RGBA;  // fails for CMYK, which cannot be converted to it
   return true;
 }
 
-// The decoder itself divides the sides by 8, 4 or 2 where that leads to the factor.
+// The decoder itself divides the sides by 8, 4 or 2 where that is a step toward the factor.
 bool chooseSize(Reader& reader, std::uint64_t mostPixels) {
   jpeg_decompress_struct& jpeg = reader.jpeg;
   const std::uint32_t factor = reductionFor(jpeg.image_width, jpeg.image_height, mostPixels);

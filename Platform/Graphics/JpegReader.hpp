@@ -1,4 +1,4 @@
-// JPEG files into pixels, by libjpeg-turbo.
+// Decodes JPEG files with libjpeg-turbo.
 #pragma once
 
 #include <cstdint>
@@ -12,11 +12,13 @@ namespace orivanta::graphics {
 
 bool isJpeg(std::span<const std::uint8_t> bytes);
 
-/// What the beginning of a JPEG file says. Nothing if the size does not come that early.
+/// The size of a JPEG image from the beginning of its file. Returns nothing if the size is not in
+/// it.
 std::optional<PixelSize> jpegSize(std::span<const std::uint8_t> bytes);
 
-/// Null when the file is damaged, cut off, too large or in CMYK. A picture of more than
-/// `mostPixels` is made smaller as `reductionFor` says, without ever being in memory whole.
+/// Returns null if the file is damaged, incomplete, too large or in CMYK. An image of more than
+/// `mostPixels` is reduced by `reductionFor` while it is decoded, so its full size is never in
+/// memory.
 std::shared_ptr<const Image> decodeJpeg(std::span<const std::uint8_t> bytes, double scale,
                                         std::uint64_t mostPixels);
 

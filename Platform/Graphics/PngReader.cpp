@@ -17,11 +17,11 @@ namespace {
 
 constexpr png_alloc_size_t largestChunkBytes = 8U << 20U;
 
-// deflate (RFC 1951) never grows by more than this.
+// The maximum compression ratio of deflate (RFC 1951).
 constexpr std::uint64_t greatestInflation = 1032;
 
-// libpng leaves its functions by long jumps, across which nothing may live that needs a destructor:
-// what the reading functions need therefore lies here.
+// libpng reports errors with longjmp, which does not run destructors. Everything that the reading
+// functions use is therefore stored here.
 struct Reader {
   explicit Reader(std::span<const std::uint8_t> file) : bytes(file), left(file) {
     png = png_create_read_struct_2(PNG_LIBPNG_VER_STRING, nullptr, &fail, &ignore, nullptr,
@@ -35,7 +35,7 @@ struct Reader {
   [[noreturn]] static void fail(png_structp png, png_const_charp) { png_longjmp(png, 1); }
   static void ignore(png_structp, png_const_charp) {}
 
-  // libpng would take a chunk's length at its word.
+  // libpng would allocate whatever length a chunk claims.
   static png_voidp allocate(png_structp, png_alloc_size_t size) {
     return size <= largestChunkBytes ? std::malloc(size) : nullptr;
   }
@@ -53,12 +53,12 @@ struct Reader {
   png_structp png = nullptr;
   png_infop info = nullptr;
   std::vector<std::uint8_t> pixels;
-  std::vector<png_bytep> rows;      // of `pixels`
-  std::vector<std::uint8_t> row;    // the one being read, where `filter` takes them one by one
-  std::optional<BoxFilter> filter;  // if the picture is made smaller
+  std::vector<png_bytep> rows;      // pointers into `pixels`
+  std::vector<std::uint8_t> row;    // the current row, if `filter` is used
+  std::optional<BoxFilter> filter;  // if the image is reduced
 };
 
-// Whether the sides are allowed and so many pixels can be in so few bytes.
+// Whether the size is allowed, and the file is large enough for that many pixels.
 bool readHead(Reader& reader) {
   if (setjmp(png_jmpbuf(reader.png)) != 0) return false;
   png_set_user_limits(reader.png, Image::maximumSide, Image::maximumSide);
@@ -71,7 +71,7 @@ bool readHead(Reader& reader) {
              reader.bytes.size();
 }
 
-// Whatever the file holds becomes 8-bit RGBA.
+// Converts all formats to 8-bit RGBA.
 bool prepareRows(Reader& reader) {
   if (setjmp(png_jmpbuf(reader.png)) != 0) return false;
   png_set_expand(reader.png);
@@ -84,7 +84,7 @@ bool prepareRows(Reader& reader) {
          std::size_t{png_get_image_width(reader.png, reader.info)} * 4;
 }
 
-// The rows of an interlaced picture are complete only together.
+// The rows of an interlaced image are complete only after the last pass.
 bool isReadAtOnce(const Reader& reader) {
   return !reader.filter || png_get_interlace_type(reader.png, reader.info) != PNG_INTERLACE_NONE;
 }

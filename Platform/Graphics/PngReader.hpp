@@ -1,4 +1,4 @@
-// PNG files into pixels, by libpng.
+// Decodes PNG files with libpng.
 #pragma once
 
 #include <cstdint>
@@ -12,11 +12,13 @@ namespace orivanta::graphics {
 
 bool isPng(std::span<const std::uint8_t> bytes);
 
-/// What the beginning of a PNG file says. Nothing if it is too short.
+/// The size of a PNG image from the beginning of its file. Returns nothing if there are too few
+/// bytes.
 std::optional<PixelSize> pngSize(std::span<const std::uint8_t> bytes);
 
-/// Null when the file is damaged, cut off or too large. A picture of more than `mostPixels` is made
-/// smaller as `reductionFor` says, without ever being in memory whole unless it is interlaced.
+/// Returns null if the file is damaged, incomplete or too large. An image of more than `mostPixels`
+/// is reduced by `reductionFor` while it is decoded; its full size is in memory only if it is
+/// interlaced.
 std::shared_ptr<const Image> decodePng(std::span<const std::uint8_t> bytes, double scale,
                                        std::uint64_t mostPixels);
 

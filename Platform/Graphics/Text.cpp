@@ -15,14 +15,14 @@ namespace orivanta::graphics {
 
 namespace {
 
-// With it, every length fits into Pango's units.
+// At this scale, every length fits into Pango's units.
 constexpr double smallestScale = 1.0 / 64;
 
 void useColor(cairo_t* context, const Color& color) {
   cairo_set_source_rgba(context, color.red, color.green, color.blue, color.alpha);
 }
 
-// Whole pixels: the ink of a drawing.
+// The bounds of the ink in whole pixels.
 struct Frame {
   int left = 0;
   int top = 0;
@@ -51,7 +51,7 @@ class TextDrawing {
     draw(context.get());
   }
 
-  // Of what was drawn, with a margin that antialiasing may need.
+  // The ink bounds, with a margin for antialiasing.
   Frame roughFrame() const {
     double left = 0.0;
     double top = 0.0;
@@ -70,7 +70,7 @@ class TextDrawing {
     return static_cast<int>(std::ceil(scale_ * height / PANGO_SCALE));
   }
 
-  // The drawing in a frame, as Cairo keeps it.
+  // Draws the part inside the frame into a Cairo surface.
   Owned<cairo_surface_t> paint(const Frame& frame) const {
     Owned<cairo_surface_t> surface(
         cairo_image_surface_create(CAIRO_FORMAT_ARGB32, frame.width, frame.height));
@@ -83,7 +83,7 @@ class TextDrawing {
   }
 
  private:
-  // Pango counts the lines of each paragraph by itself.
+  // Pango limits the lines of each paragraph separately.
   void limitLines(std::string text) {
     const int most = style_.maximumLines;
     if (most <= 0 || pango_layout_get_line_count(layout_.get()) <= most) return;
@@ -114,7 +114,7 @@ class TextDrawing {
   Owned<PangoLayout> layout_;
 };
 
-// Cairo's pixels: 32-bit numbers with the alpha on top and the colors multiplied by it.
+// Cairo's pixels: 32-bit integers with alpha in the highest byte and premultiplied colors.
 class CairoPixels {
  public:
   explicit CairoPixels(cairo_surface_t* surface)
@@ -132,7 +132,7 @@ class CairoPixels {
   int rowBytes_;
 };
 
-// Higher where that is needed to hold the lines that begin at 0.
+// Extends the frame to include the lines, which begin at 0.
 Frame withLines(const Frame& frame, int height) {
   const int top = std::min(frame.top, 0);
   return {frame.left, top, frame.width, std::max(frame.top + frame.height, height) - top};

@@ -1,4 +1,4 @@
-// Pango's layouts as the texts of this library use them.
+// Pango layouts for the texts of this library.
 #pragma once
 
 #include <pango/pangocairo.h>
@@ -23,11 +23,11 @@ struct Release {
 template <class T>
 using Owned = std::unique_ptr<T, Release>;
 
-/// Cut at the end of a character, its broken bytes replaced, without control characters other than
-/// line breaks.
+/// Truncates the text at a character boundary, replaces invalid bytes and removes control
+/// characters except line breaks.
 std::string presentable(std::string_view text);
 
-/// The font of a style. Glyphs keep their shapes and distances at every scale.
+/// Sets the font of a style. Glyphs keep their shapes and distances at every scale.
 void setFont(PangoLayout& layout, const TextStyle& style);
 
 }  // namespace orivanta::graphics

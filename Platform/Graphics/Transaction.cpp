@@ -2,7 +2,7 @@
 
 namespace orivanta::graphics {
 
-// Never destroyed: a thread that draws may outlive the end of `main`.
+// Never destroyed, because a thread that draws may still run after `main` returns.
 std::recursive_mutex& Transaction::mutex() {
   static auto& instance = *new std::recursive_mutex;
   return instance;

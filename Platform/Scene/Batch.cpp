@@ -18,11 +18,11 @@ using graphics::Vector3;
 
 namespace {
 
-/// Which of the batch's vertices stands for each of a geometry's in the part being made. One table
-/// serves all parts: an entry of another part counts as none.
+/// Maps the vertices of a geometry to those of the batch for the current part. One table serves all
+/// parts; entries of other parts are ignored.
 class VertexMap {
  public:
-  /// The entry for a vertex, and whether it is new; a new one is set to `next`.
+  /// Returns the entry for a vertex and whether it is new. A new entry is set to `next`.
   std::pair<std::uint32_t, bool> find(std::uint32_t vertex, std::uint32_t part,
                                       std::uint32_t next) {
     if (vertex >= entries_.size()) entries_.resize(std::size_t{vertex} + 1);
@@ -40,7 +40,7 @@ class VertexMap {
   std::vector<Entry> entries_;
 };
 
-/// A geometry's attributes in the space of the node's parent.
+/// The attributes of a geometry, in the space of the node's parent.
 struct Attributes {
   const GeometrySource* positions;
   const GeometrySource* normals;
@@ -55,7 +55,7 @@ struct Attributes {
         transform(toParent),
         turn(toParent) {}
 
-  /// Of no part yet.
+  /// The part is not set.
   Batch::Vertex vertex(std::uint32_t index) const {
     const Vector3 position = transformPoint(transform, positions->vector(index));
     const Vector3 normal = normals ? turn * normals->vector(index) : Vector3(0.0F);
@@ -67,7 +67,7 @@ struct Attributes {
   }
 };
 
-/// Parts that are not split by layers yet; one layer a triangle.
+/// Parts before they are split by layers, with one layer per triangle.
 struct Unsplit {
   std::span<const Batch::Vertex> vertices;
   std::span<const std::uint32_t> indices;
@@ -104,7 +104,7 @@ struct Builder {
     part.indexCount = static_cast<std::uint32_t>(whole);
   }
 
-  /// What a part of others has in one layer.
+  /// Adds the triangles of a part that lie in one layer.
   void addLayer(const Unsplit& from, const Batch::Part& whole, int layer) {
     Batch::Part part = whole;
     part.firstIndex = count(indices);
@@ -118,7 +118,7 @@ struct Builder {
     if (part.indexCount > 0) parts.push_back(std::move(part));
   }
 
-  /// `makeVertex` makes the vertex of an index that the part has not used yet.
+  /// `makeVertex` creates the vertex for an index that the part has not used yet.
   template <class MakeVertex>
   void addIndex(std::uint32_t index, Batch::Part& part, std::uint32_t number,
                 const MakeVertex& makeVertex) {
@@ -151,7 +151,7 @@ std::vector<Batch::Child> Batch::membersOf(const Node& parent) {
   return members;
 }
 
-// Geometries never change, so that a frame need not wait until they are merged.
+// Geometries are immutable, so frames need not wait while they are merged.
 std::shared_ptr<const Batch> Batch::make(const Node& parent) {
   const std::shared_ptr<Batch> batch(new Batch);
   batch->children_ = membersOf(parent);

@@ -15,7 +15,7 @@ bool liesInPlaneOf(const SpaceTriangle& triangle, const SpaceTriangle& plane, do
       });
 }
 
-// Whether one of the triangle's sides has all of the other one, which lies in its plane, outside.
+// Whether `other`, which lies in the triangle's plane, is completely outside of one of its sides.
 bool liesBeside(const SpaceTriangle& other, const SpaceTriangle& triangle, double tolerance) {
   for (std::size_t side = 0; side < 3; ++side) {
     const glm::dvec3& from = triangle.corners[side];
@@ -35,7 +35,7 @@ SpaceTriangle::SpaceTriangle(const std::array<graphics::Vector3, 3>& from)
     : corners{glm::dvec3(from[0]), glm::dvec3(from[1]), glm::dvec3(from[2])},
       normal(glm::normalize(glm::cross(corners[1] - corners[0], corners[2] - corners[0]))) {}
 
-// The larger triangle gives the plane more exactly.
+// The larger triangle determines the plane more precisely.
 bool coverEachOther(const SpaceTriangle& a, const SpaceTriangle& b, const Rounding& rounding) {
   return (liesInPlaneOf(a, b, rounding.offPlane) || liesInPlaneOf(b, a, rounding.offPlane)) &&
          !liesBeside(a, b, rounding.overlap) && !liesBeside(b, a, rounding.overlap);

@@ -1,4 +1,4 @@
-// Triangles that lie over one another in one plane.
+// Tests whether triangles overlap in the same plane.
 #pragma once
 
 #include <array>
@@ -15,13 +15,13 @@ struct SpaceTriangle {
   glm::dvec3 normal;  ///< of length 1; NaN for a triangle without area
 };
 
-/// What counts as rounding, in units of the triangles.
+/// Rounding tolerances, in units of the triangles.
 struct Rounding {
-  double offPlane;  ///< the distance of points that lie in one plane
-  double overlap;   ///< the width of an overlap of triangles that lie side by side
+  double offPlane;  ///< distance of points in the same plane
+  double overlap;   ///< overlap of adjacent triangles
 };
 
-/// Whether two triangles lie in one plane and share an area.
+/// Whether two triangles lie in one plane and overlap in an area.
 bool coverEachOther(const SpaceTriangle& a, const SpaceTriangle& b, const Rounding& rounding);
 
 }  // namespace orivanta::scene

@@ -19,14 +19,14 @@ using graphics::Vector3;
 
 namespace {
 
-/// Lengths along a ray in shares of its direction: from 0 to 1.
+/// Positions along a ray are fractions of its direction, from 0 to 1.
 struct PreciseRay {
   glm::dvec3 origin;
   glm::dvec3 direction;
 };
 
-/// How far a point may lie outside a triangle or a box, as a share of its size or of the ray's
-/// length, so that a ray through the edge between two triangles does not slip through.
+/// How far a point may lie outside a triangle or a box, relative to its size or to the ray's
+/// length, so that a ray through the shared edge of two triangles hits one of them.
 constexpr double tolerance = 1e-9;
 
 PreciseRay toLocal(const Ray& ray, const Matrix4& transform) {
@@ -34,7 +34,7 @@ PreciseRay toLocal(const Ray& ray, const Matrix4& transform) {
   return {toLocal * glm::dvec4(ray.origin, 1.0), toLocal * glm::dvec4(ray.direction, 0.0)};
 }
 
-/// The slab test of Kay and Kajiya.
+/// The slab method of Kay and Kajiya.
 bool meets(const PreciseRay& ray, const graphics::Box& box) {
   if (box.isEmpty()) return false;
   double first = 0;
@@ -54,7 +54,7 @@ bool meets(const PreciseRay& ray, const graphics::Box& box) {
   return first <= last + tolerance;
 }
 
-/// Where the ray meets a triangle from either side, after Möller and Trumbore.
+/// Intersects the ray with a triangle from either side (Möller and Trumbore).
 std::optional<double> distance(const PreciseRay& ray, const glm::dvec3& a, const glm::dvec3& b,
                                const glm::dvec3& c) {
   const glm::dvec3 ab = b - a;
@@ -97,7 +97,7 @@ void addHits(std::vector<Hit>& hits, const Ray& ray, Node& node, const Matrix4& 
     }
 }
 
-// Nearest first. Among hits at the same distance, apart from rounding, later nodes come first,
+// Sorts by distance. Among hits at the same distance within rounding, later nodes come first,
 // because they are drawn over earlier ones.
 std::vector<Hit> inOrderOfSight(std::vector<Hit> hits) {
   constexpr float rounding = 2 * std::numeric_limits<float>::epsilon();

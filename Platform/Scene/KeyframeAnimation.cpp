@@ -14,19 +14,19 @@ bool isPlayable(const KeyframeAnimation& animation) {
          animation.values.size() == animation.keyTimes.size();
 }
 
-/// A run back counts as one of its own.
+/// A reverse run counts as a separate run.
 double totalRuns(const KeyframeAnimation& animation) {
   return std::max(animation.repeatCount, 0.0) * (animation.autoreverses ? 2 : 1);
 }
 
-/// From 0 to 1, after so many runs.
+/// The position from 0 to 1 after a number of runs.
 double progress(const KeyframeAnimation& animation, double runs) {
   const double wholeRuns = std::floor(runs);
   const bool isBack = animation.autoreverses && std::fmod(wholeRuns, 2.0) == 1.0;
   return isBack ? 1 - (runs - wholeRuns) : runs - wholeRuns;
 }
 
-/// Where the last run stops: at its very end, not at the beginning of one more.
+/// The last run stops at its end instead of restarting.
 double finalProgress(const KeyframeAnimation& animation) {
   const double runs = totalRuns(animation);
   const bool endsForwards = runs > 0 && runs == std::floor(runs) && !animation.autoreverses;

@@ -20,17 +20,18 @@ using graphics::Vector3;
 
 constexpr std::size_t mostTests = 20'000'000;
 
-constexpr double offPlane = 2.4e-7;          // of the largest coordinate: four roundings
-constexpr double overlap = 1e-5;             // of the extent
-constexpr double planeSpacing = 1.0 / 4096;  // of the extent
+constexpr double offPlane = 2.4e-7;          // relative to the largest coordinate: four roundings
+constexpr double overlap = 1e-5;             // relative to the extent
+constexpr double planeSpacing = 1.0 / 4096;  // relative to the extent
 
 bool touch(const Box& a, const Box& b) {
   return a.min.x <= b.max.x && b.min.x <= a.max.x && a.min.y <= b.max.y && b.min.y <= a.max.y &&
          a.min.z <= b.max.z && b.min.z <= a.max.z;
 }
 
-// Numbers about equal planes alike: by the axis that a plane faces most (its two highest bits), and
-// in steps by slope and height along it. The borders between steps lie where planes seldom are.
+// Returns the same key for nearly equal planes: the axis that the plane faces most (the two highest
+// bits), and quantized slopes and height along it. The steps are offset so that common planes do
+// not lie on their boundaries.
 std::optional<std::uint32_t> planeKey(const std::array<Vector3, 3>& corners, const Vector3& middle,
                                       double spacing) {
   constexpr double stepsOfSlope = 16;
@@ -45,7 +46,7 @@ std::optional<std::uint32_t> planeKey(const std::array<Vector3, 3>& corners, con
                                                                        : 0;
   const glm::dvec3 slope = normal / normal[axis];
   const double height = glm::dot(from, slope) / spacing;
-  if (!(std::abs(height) < mostSteps - 1)) return std::nullopt;  // without area, too
+  if (!(std::abs(height) < mostSteps - 1)) return std::nullopt;  // or without area
   const auto step = [&](double value) {
     return static_cast<std::uint32_t>(static_cast<std::int32_t>(std::floor(value + offset)));
   };
@@ -82,7 +83,7 @@ class LayerSearch {
   }
 
  private:
-  // The triangles of one part in about one plane: a run of `triangles_`.
+  // The triangles of one part in nearly the same plane: a range of `triangles_`.
   struct Patch {
     std::size_t first;
     std::size_t end;
@@ -118,7 +119,7 @@ class LayerSearch {
     return {box.min - margin, box.max + margin};
   }
 
-  // Triangles of one plane come one after the other, those of one part in their order.
+  // Groups the triangles by plane, and within a plane by part.
   void sortByPlane() {
     triangles_.reserve(indices_.size() / 3);
     for (std::uint32_t triangle = 0; triangle < indices_.size() / 3; ++triangle)
@@ -152,7 +153,7 @@ class LayerSearch {
       layers_[triangleAt(place)] = patch.layer;
   }
 
-  // Patches that cover one another, found along an axis of the plane.
+  // Finds patches that overlap, by sweeping along an axis of the plane.
   std::vector<Pair> findPairs(const std::vector<Patch>& patches, glm::length_t axis) {
     std::vector<std::size_t> order(patches.size());
     for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
@@ -201,8 +202,8 @@ class LayerSearch {
   double extent_ = 0;
   Vector3 middle_{0.0F};
   Rounding rounding_{};
-  std::vector<std::uint64_t> triangles_;  // a plane's key and a triangle, sorted
-  std::vector<std::uint8_t> layers_;      // by triangle
+  std::vector<std::uint64_t> triangles_;  // keys of planes with triangles, sorted
+  std::vector<std::uint8_t> layers_;      // indexed by triangle
   std::size_t testsLeft_ = mostTests;
 };
 

@@ -1,4 +1,4 @@
-// Which parts of a batch are drawn over others that lie in the same plane.
+// Determines which parts of a batch are drawn over others in the same plane.
 #pragma once
 
 #include <cstdint>
@@ -10,13 +10,13 @@
 
 namespace orivanta::scene {
 
-/// Where faces of several parts lie over one another in a plane, depth alone does not tell which of
-/// them is seen. The face of each part then belongs to the layer above those that the earlier parts
-/// have there. Everything else belongs to layer 0.
+/// Where faces of several parts overlap in a plane, depth alone does not determine which one is
+/// visible. The faces of each part are then assigned to the layer above those of the earlier parts.
+/// All other faces belong to layer 0.
 ///
 /// Returns a layer for each triangle, or an empty list if all of them belong to layer 0. Faces of
-/// two shells that look in opposite directions are never both seen and need no layers. The time is
-/// limited: where a great many parts lie over one another, some stay in too low a layer.
+/// two shells with opposite directions are never visible at the same time and need no layers. The
+/// time is limited: if very many parts overlap, some are assigned to a layer that is too low.
 std::vector<std::uint8_t> findLayers(std::span<const Batch::Vertex> vertices,
                                      std::span<const std::uint32_t> indices,
                                      std::span<const Batch::Part> parts);

@@ -26,8 +26,8 @@ namespace {
 
 using Nodes = std::vector<std::shared_ptr<Node>>;
 
-/// Lets go of nodes one after the other: those that the end of one leaves behind join the queue of
-/// the outermost call, so a long chain of parents and children takes no more stack than one node.
+/// Releases nodes iteratively: nodes that become unowned join the queue of the outermost call, so a
+/// long chain of parents and children needs no more stack than a single node.
 void release(Nodes nodes) {
   thread_local Nodes* outermost = nullptr;
   if (nodes.empty()) return;
@@ -138,7 +138,7 @@ void Node::removeFromParent() {
 }
 
 bool Node::isAbove(const Node& node) const {
-  if (children_.empty()) return false;  // spares deep trees the way up
+  if (children_.empty()) return false;  // avoids walking up deep trees
   const Node* above = node.parent_;
   while (above && above != this) above = above->parent_;
   return above != nullptr;

@@ -1,4 +1,4 @@
-// Transforms that only turn and move, as those of nodes do.
+// Rigid transforms, as nodes have them.
 #pragma once
 
 #include <glm/ext/matrix_transform.hpp>
@@ -9,7 +9,7 @@
 
 namespace orivanta::scene {
 
-/// Turns by the Euler angles (radians) about x first, then y, then z, and then moves.
+/// Rotates by the Euler angles (radians) about x, then y, then z, and then translates.
 inline graphics::Matrix4 rigidTransform(const graphics::Vector3& position,
                                         const graphics::Vector3& eulerAngles) {
   graphics::Matrix4 result = glm::translate(graphics::Matrix4(1.0F), position);

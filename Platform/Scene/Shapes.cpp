@@ -24,11 +24,11 @@ struct Corner {
 };
 static_assert(sizeof(Corner) == 8 * sizeof(float));
 
-/// Collects the triangles of a shape that has one element.
+/// Collects the triangles of a shape with one element.
 class Mesh {
  public:
-  /// A convex polygon, its corners counter-clockwise as seen from outside. Made of compact
-  /// triangles rather than of a fan of slivers, which take longer to draw.
+  /// Adds a convex polygon, counterclockwise as seen from outside. It is divided into compact
+  /// triangles instead of a fan, whose thin triangles take longer to draw.
   void addPolygon(const std::vector<Corner>& corners) {
     const auto first = static_cast<std::uint32_t>(corners_.size());
     corners_.insert(corners_.end(), corners.begin(), corners.end());
@@ -40,7 +40,7 @@ class Mesh {
   }
 
  private:
-  // Between the chord from one corner to another and the corners on the way.
+  // Fills the area between a chord and the corners that it skips.
   void addTriangles(std::uint32_t from, std::uint32_t to) {
     if (to < from + 2) return;
     const std::uint32_t middle = (from + to) / 2;
@@ -59,7 +59,7 @@ class Mesh {
   std::vector<std::uint32_t> indices_;
 };
 
-/// Twice the area that the outline surrounds; negative when it runs clockwise.
+/// Twice the area inside the outline; negative if it is clockwise.
 double doubleArea(std::span<const Point> outline) {
   double sum = 0;
   for (std::size_t i = 0; i < outline.size(); ++i) {
@@ -88,7 +88,7 @@ std::vector<Corner> makeFace(std::span<const Point> outline, double z, const Vec
   return face;
 }
 
-/// The side below the edge from a to b of a counter-clockwise outline.
+/// The side face below the edge from a to b of a counterclockwise outline.
 std::vector<Corner> makeSide(const Point& a, const Point& b, double depth) {
   const double length = std::hypot(b.x - a.x, b.y - a.y);
   const Vector3 normal =
@@ -99,21 +99,21 @@ std::vector<Corner> makeSide(const Point& a, const Point& b, double depth) {
           {vector(a, depth / 2), normal, {0, 1}}};
 }
 
-/// The face alone, halfway between front and back.
+/// Only the face, halfway between front and back.
 std::shared_ptr<Geometry> makeFlat(std::span<const Point> outline) {
   Mesh mesh;
   mesh.addPolygon(makeFace(outline, 0, {0, 0, 1}));
   return mesh.geometry();
 }
 
-constexpr int finestCylinder = 48;  // sides
+constexpr int finestCylinder = 48;  // number of sides
 
 Vector3 towardsSide(int side, int sides) {
   const double angle = glm::two_pi<double>() * (side % sides) / sides;
   return Vector3(std::sin(angle), 0, std::cos(angle));
 }
 
-/// A corner of a cylinder's cap, whose normal is along y.
+/// A corner of a cylinder's cap, whose normal points along y.
 Corner capCorner(const Vector3& outwards, float radius, float y, float normal) {
   return {{outwards.x * radius, y, outwards.z * radius},
           {0, normal, 0},
@@ -151,15 +151,15 @@ std::shared_ptr<Geometry> makeDisc(int sides, float radius) {
   return mesh.geometry();
 }
 
-/// How many sides stay within a distance of the circle.
+/// The number of sides for which the distance to the circle stays within the tolerance.
 int sidesWithin(float tolerance, float radius) {
   if (!(tolerance < radius)) return 6;
   const double sides = glm::pi<double>() / std::acos(1.0 - tolerance / radius);
   return static_cast<int>(std::clamp(std::ceil(sides), 6.0, double{finestCylinder}));
 }
 
-/// A cylinder of the finest kind; the last one that was made shares its data with the next, if that
-/// is alike, as the many caps of a route are.
+/// A cylinder with the maximum number of sides. Equal consecutive cylinders, such as the caps of a
+/// route, share their data.
 std::shared_ptr<Geometry> makeSharedCylinder(float radius, float height) {
   static std::mutex mutex;
   static std::map<std::pair<float, float>, std::weak_ptr<Geometry>> last;

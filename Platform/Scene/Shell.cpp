@@ -14,7 +14,7 @@ namespace {
 
 using graphics::Vector3;
 
-// A place of one or more vertices, and the body that it belongs to.
+// Vertices at the same position, identified by the first of them.
 using Place = std::uint32_t;
 
 Vector3 positionOf(const Batch::Vertex& vertex) {
@@ -47,13 +47,13 @@ class Surface {
 
   struct Bottom {
     float height;
-    bool isDrawn = false;  ///< it has faces of its own, which look downward
+    bool isDrawn = false;  ///< whether it has faces of its own, which look downward
   };
 
   Vector3 point(Place place) const { return positionOf(vertices_[first_ + place]); }
   Place placeOf(std::uint32_t vertex) const { return places_[vertex - first_]; }
 
-  // The place of vertices is the first of them.
+  // Maps vertices at the same position to the first of them.
   void joinVertices(std::size_t count) {
     const auto key = [&](Place place) {
       const auto& position = vertices_[first_ + place].position;
@@ -68,7 +68,7 @@ class Surface {
           i > 0 && key(order[i]) == key(order[i - 1]) ? places_[order[i - 1]] : order[i];
   }
 
-  // Shortens the way for who asks next.
+  // Shortens the path for later calls.
   Place bodyOf(Place place) {
     while (bodies_[place] != place) place = bodies_[place] = bodies_[bodies_[place]];
     return place;
@@ -105,7 +105,7 @@ class Surface {
     });
   }
 
-  // By the body's first place.
+  // Indexed by the body's first place.
   std::vector<Bottom> bottomsOfBodies() const {
     std::vector<Bottom> bottoms;
     bottoms.reserve(places_.size());
@@ -128,10 +128,9 @@ class Surface {
     });
   }
 
-  // Every edge is used in both directions equally often, but for those around a bottom that is
-  // open altogether.
+  // Every edge is used equally often in both directions, except around a completely open bottom.
   bool areClosed(const std::vector<Bottom>& bottoms) const {
-    std::vector<std::uint64_t> edges;  // the two places, the smaller first, and which way they came
+    std::vector<std::uint64_t> edges;  // both places, the smaller one first, and the direction
     edges.reserve(3 * triangles_.size());
     for (const Triangle& triangle : triangles_)
       for (std::size_t i = 0; i < 3; ++i) {
@@ -157,8 +156,8 @@ class Surface {
 
   std::span<const Batch::Vertex> vertices_;
   std::uint32_t first_ = 0;    // of the vertices in use
-  std::vector<Place> places_;  // by vertex, from the first on
-  std::vector<Place> bodies_;  // by place: the body's first place
+  std::vector<Place> places_;  // by vertex, from `first_`
+  std::vector<Place> bodies_;  // by place: the first place of its body
   std::vector<Triangle> triangles_;
 };
 

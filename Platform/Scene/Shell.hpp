@@ -1,4 +1,4 @@
-// Which shapes nobody who looks from above sees from behind.
+// Detects shapes whose back faces are never visible from above.
 #pragma once
 
 #include <cstdint>
@@ -9,16 +9,17 @@
 
 namespace orivanta::scene {
 
-/// Whether the triangles are the surface of bodies, closed or without what they stand on (a room's
-/// walls and ceiling without its floor, say), with faces that look outward and nowhere but
-/// at the bottom downward (z upwards). From anywhere above the highest vertex no face then is seen
-/// from behind: going straight up from any point, one leaves bodies and enters none. Normals are of
-/// length 1 and lie close to those of the faces, so that light decided at the corners is right.
+/// Whether the triangles form the surface of bodies that are closed, or open only at the bottom
+/// (such as the walls and the ceiling of a room without its floor). All faces must look outward,
+/// and only faces at the bottom may look downward (z points up). Then no face is seen from behind
+/// by a camera above the highest vertex: a vertical line upward from any point leaves bodies and
+/// enters none. Normals must be of length 1 and close to those of the faces, so that light computed
+/// at the corners is correct.
 ///
-/// In doubt it is none: a hole, an overhang, a normal that is missing, a body inside out, an
-/// outline that crosses itself, more than some million triangles.
+/// Returns false in doubtful cases: a hole, an overhang, a missing normal, an inverted body, a
+/// self-intersecting outline, or more than some million triangles.
 ///
-/// `indices` refer to `vertices`, three a triangle; vertices at one place count as one.
+/// `indices` refer to `vertices`, three per triangle; vertices at the same position count as one.
 ORIVANTA_API bool isShell(std::span<const Batch::Vertex> vertices,
                           std::span<const std::uint32_t> indices);
 

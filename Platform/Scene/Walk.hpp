@@ -1,4 +1,4 @@
-// The walk through a node and all below it.
+// Traverses a node and its descendants.
 #pragma once
 
 #include <utility>
@@ -10,10 +10,10 @@
 
 namespace orivanta::scene {
 
-/// Calls `visit(node, transform)` for `root` and what is below it, parents before their children
-/// and these in order, under one transaction. `transform` is that of `root` as given, times the
-/// nodes' own on the way down. What is below a node for which `visit` returns false is left out.
-/// Takes heap for the depth, not stack.
+/// Calls `visit(node, transform)` for `root` and its descendants, parents before children and
+/// children in order, in one transaction. `transform` is the transform passed for `root`,
+/// multiplied by the nodes' own transforms along the path. The descendants of a node are skipped if
+/// `visit` returns false for it. Deep trees use heap memory, not stack.
 template <class AnyNode, class Visit>
 void walk(AnyNode& root, const graphics::Matrix4& rootTransform, const Visit& visit) {
   const graphics::Transaction transaction;

@@ -62,13 +62,13 @@ void CornerTree::remove(std::uint32_t corner) {
   }
 }
 
-// Whether nothing in the node's box can be of interest.
+// Whether the box of the node is completely outside the triangle.
 bool CornerTree::isApart(const Node& node, const PlaneTriangle& triangle) {
   if (node.count == 0) return true;
   for (std::size_t side = 0; side < 3; ++side) {
     const PlanePoint& from = triangle[side];
     const PlanePoint& to = triangle[(side + 1) % 3];
-    // The box's corner that is farthest to the left of the side.
+    // The corner of the box that is farthest to the left of the side.
     const PlanePoint farthest{to.y > from.y ? node.least.x : node.most.x,
                               to.x > from.x ? node.most.y : node.least.y};
     if (turn(from, to, farthest) < 0.0) return true;

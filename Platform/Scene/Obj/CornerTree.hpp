@@ -1,4 +1,4 @@
-// The corners of a polygon that may lie in the way of an ear, to be found by triangle.
+// A spatial index of the corners of a polygon, to find those inside a triangle.
 #pragma once
 
 #include <array>
@@ -16,30 +16,30 @@ struct PlanePoint {
   friend bool operator==(const PlanePoint&, const PlanePoint&) = default;
 };
 
-/// Twice the area of the triangle, positive when it is counterclockwise. For coordinates that were
-/// single precision and of similar size the sign is exact.
+/// Twice the area of the triangle; positive if it is counterclockwise. The sign is exact for
+/// coordinates that were converted from single precision and are of similar size.
 inline double turn(const PlanePoint& a, const PlanePoint& b, const PlanePoint& c) {
   return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
 }
 
 using PlaneTriangle = std::array<PlanePoint, 3>;  ///< counterclockwise
 
-/// A balanced k-d tree over some of the points of a polygon, from which points are removed. A
-/// search visits what the triangle's outline crosses; whatever its shape and however the points are
-/// spread, that is about the square root of their number.
+/// A balanced k-d tree over some of the points of a polygon. Points can be removed. A search visits
+/// the nodes that the triangle's outline crosses: about the square root of the number of points,
+/// regardless of the triangle's shape and the distribution of the points.
 class CornerTree {
  public:
-  /// `corners` are indices into the points, which have to outlive the tree's use.
+  /// `corners` are indices into `points`, which must outlive the use of the tree.
   void build(std::span<const PlanePoint> points, std::span<const std::uint32_t> corners);
 
-  /// Nothing happens to a corner that is not in it.
+  /// Does nothing if the corner is not in the tree.
   void remove(std::uint32_t corner);
 
-  /// Whether `matches` is true for any of the corners that lie in the triangle or on its outline.
+  /// Whether `matches` returns true for any corner in the triangle or on its outline.
   template <class Matches>
   bool anyWithin(const PlaneTriangle& triangle, const Matches& matches);
 
-  /// Steps taken in searches since the tree was built.
+  /// Number of steps in searches since the tree was built.
   std::size_t steps() const { return steps_; }
 
  private:
@@ -48,7 +48,8 @@ class CornerTree {
     PlanePoint most;
     std::uint32_t count;
   };
-  // A node's corners in `order_`. Children of node n are 2n and 2n + 1, each with half of them.
+  // The range of a node's corners in `order_`. The children of node n are 2n and 2n + 1, each with
+  // half of the corners.
   struct Place {
     std::size_t node;
     std::size_t begin;
@@ -61,7 +62,7 @@ class CornerTree {
 
   std::span<const PlanePoint> points_;
   std::vector<std::uint32_t> order_;
-  std::vector<std::uint32_t> slots_;  // where in `order_` a corner stands
+  std::vector<std::uint32_t> slots_;  // index in `order_` of each corner
   std::vector<Node> nodes_;
   unsigned leafLevel_ = 0;
   std::size_t steps_ = 0;

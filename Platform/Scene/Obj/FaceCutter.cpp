@@ -15,7 +15,7 @@ constexpr std::size_t mostSteps = 1'000'000'000;
 }  // namespace
 
 std::array<double, 3> areaVector(std::span<const Point> corners) {
-  // Relative to the first corner, so that a face far from the origin loses no digits.
+  // Relative to the first corner, so that a face far from the origin loses no precision.
   const Point& origin = corners.front();
   const auto relative = [&](const Point& point) {
     return std::array<double, 3>{static_cast<double>(point[0]) - static_cast<double>(origin[0]),
@@ -51,7 +51,7 @@ std::span<const std::uint32_t> FaceCutter::cut(std::span<const Point> corners) {
   return triangles_;
 }
 
-// Leaves out the coordinate along which the face is seen largest.
+// Drops the coordinate for which the projected face is largest.
 void FaceCutter::project(std::span<const Point> corners, const std::array<double, 3>& normal) {
   std::size_t axis = 2;
   if (std::abs(normal[0]) > std::abs(normal[axis])) axis = 0;
@@ -79,8 +79,8 @@ void FaceCutter::cutQuadrilateral() {
   }
 }
 
-// In a round every ear that does not touch the one just cut off goes, so the outline is about
-// halved.
+// Each round cuts all ears that do not touch the previously cut one, which removes about half of
+// the corners.
 void FaceCutter::cutPolygon() {
   makeRing();
   makeTree();
@@ -151,7 +151,7 @@ void FaceCutter::remove(Index corner) {
   tree_.remove(corner);
 }
 
-// Takes away the corners around one at which the outline turns back onto itself: no area is lost.
+// Removes corners around `around` where the outline turns back onto itself. No area is lost.
 void FaceCutter::removeSpikes(Index around) {
   while (leftCount_ > 3 && isSpike(around)) {
     const Index before = previous_[around];
@@ -177,8 +177,8 @@ bool FaceCutter::isConvex(Index corner) const {
   return turnAt(previous_[corner], corner, next_[corner]) > 0.0;
 }
 
-// Whether the triangle at a corner can be cut off: its third side lies within the angles of the
-// outline at both ends, and nothing of the outline goes through it.
+// Whether the triangle at a corner can be cut off: its third side lies inside the angles at both
+// ends, and the outline does not pass through it.
 bool FaceCutter::isEar(Index corner) {
   const Index before = previous_[corner];
   const Index after = next_[corner];
@@ -191,9 +191,9 @@ bool FaceCutter::isEar(Index corner) {
                           [&](Index other) { return isInTheWay(other, ear); });
 }
 
-// A corner is in the way if it lies inside the ear, or between the ends of the side that is cut:
-// the triangle beyond that side would meet the ear at the corner, with a gap where rounding parts
-// them. One elsewhere on the outline of the ear is in the way if the face's outline goes on inside.
+// A corner is in the way if it lies inside the ear or on the side that is cut: the triangle beyond
+// that side would only touch the ear at the corner, and rounding could open a gap there. A corner
+// on another side is in the way if the outline continues into the ear from there.
 bool FaceCutter::isInTheWay(Index corner, const std::array<Index, 3>& ear) const {
   constexpr std::size_t cutSide = 2;
   std::size_t sidesTouched = 0;
@@ -229,8 +229,8 @@ void FaceCutter::cutEar(Index corner) {
     if (next_[neighbour] != neighbour && isConvex(neighbour)) tree_.remove(neighbour);
 }
 
-// Where an outline that crosses itself has no ear left: the convex corner of the least area, or
-// else the least inverted one, of the next ones around.
+// If a self-intersecting outline has no ear left, returns the convex corner with the smallest area
+// among the next corners, or else the least inverted one.
 FaceCutter::Index FaceCutter::leastHarmful() {
   constexpr int lookedAt = 64;
   const auto harm = [&](Index corner) {

@@ -11,29 +11,30 @@
 
 namespace orivanta::scene::obj {
 
-/// Perpendicular to the face, towards the side from which it is counterclockwise, and as long as
-/// twice its area (Newell's method). All zero for a face without area.
+/// A vector perpendicular to the face, toward the side from which it is counterclockwise. Its
+/// length is twice the face's area (Newell's method). Zero for a face without area.
 std::array<double, 3> areaVector(std::span<const Point> corners);
 
-/// Keep one for many faces: it keeps its memory. Calls must not overlap.
+/// Reuse one object for many faces to reuse its memory. Not thread-safe.
 class FaceCutter {
  public:
-  /// Triangles that cover the face exactly once, as corner numbers, three a triangle, wound as the
-  /// face is. The face is taken to be flat and is looked at along the axis that its normal is
-  /// nearest to. Its outline may be of any shape and may touch itself: straight and repeated
-  /// corners, spikes, holes that are joined to the outline by an edge there and back. Where it
-  /// crosses itself the triangles still add up to its area, those of inverted parts counting as
-  /// negative. A face without area gives none. Valid until the next call.
+  /// Returns triangles that cover the face exactly once: three corner numbers per triangle, with
+  /// the face's orientation. The face is assumed to be flat and is projected along the axis nearest
+  /// to its normal. The outline may touch itself: it may have straight and repeated corners,
+  /// spikes, and holes that are connected to the outline by an edge in both directions. If it
+  /// crosses itself, the areas of the triangles still add up to its area, with inverted triangles
+  /// counting as negative. A face without area has no triangles. The result is valid until the next
+  /// call.
   ///
-  /// No corner of the outline lies inside a side that two triangles share: such a side would come
-  /// apart at that corner by rounding, and show what lies behind the face. An exception is a side
-  /// along which the outline runs twice, with a corner there one time and without it the other.
+  /// No corner of the outline lies on a side shared by two triangles, since rounding would open a
+  /// gap there. The exception is a side along which the outline runs twice, with the corner on only
+  /// one of the runs.
   ///
-  /// Ears are cut off one after the other (Meisters 1975) all around the outline in turn, corners
-  /// in the way being found with a tree: for n corners about n * sqrt(n) steps, a second for some
-  /// 100,000 corners at the worst. An outline that takes more than 2,000 n steps, such as one that
-  /// comes back to the same point tens of thousands of times, or more than 10^9, is cut from there
-  /// on without looking for what is in the way.
+  /// The algorithm is ear clipping (Meisters 1975), going around the outline. A tree finds the
+  /// corners that are in the way, so n corners take about n * sqrt(n) steps: at most about a second
+  /// for 100,000 corners. If an outline takes more than 2,000 n steps, such as one that returns to
+  /// the same point tens of thousands of times, or more than 10^9 steps, the rest is cut without
+  /// checking for corners in the way.
   std::span<const std::uint32_t> cut(std::span<const Point> corners);
 
  private:
@@ -58,18 +59,18 @@ class FaceCutter {
     return turn(points_[first], points_[second], points_[third]);
   }
 
-  std::vector<PlanePoint> points_;  // counterclockwise in all
+  std::vector<PlanePoint> points_;  // counterclockwise overall
   std::vector<Index> triangles_;
 
-  // The outline that is left. A removed corner is its own next one.
+  // The remaining outline. A removed corner is its own successor.
   std::vector<Index> next_;
   std::vector<Index> previous_;
   std::size_t leftCount_ = 0;
-  Index some_ = 0;  // one of the corners left
+  Index some_ = 0;  // one of the remaining corners
   CornerTree tree_;
   std::vector<Index> candidates_;
 
-  // Corners to look at, each at most once, in a circle.
+  // A circular queue of corners to check, each at most once.
   enum class Waiting : std::uint8_t { no, yes, again };
   std::vector<Waiting> waiting_;
   std::vector<Index> queue_;

@@ -1,4 +1,4 @@
-// Names of files as a model gives them.
+// Resolves file names in models.
 #pragma once
 
 #include <filesystem>
@@ -7,9 +7,9 @@
 
 namespace orivanta::scene::obj {
 
-/// The path of a name, relative to the model's folder and inside it. Backslashes separate folders
-/// as slashes do. Of a name that is absolute or leads out of the folder the last part is taken.
-/// Nothing when that is no file name.
+/// Returns the path for a name, relative to the model's folder and inside it. Backslashes separate
+/// folders like slashes. For a name that is absolute or leads out of the folder, only its last part
+/// is used. Returns nothing if that is not a file name.
 std::optional<std::filesystem::path> localPath(std::string_view name);
 
 }  // namespace orivanta::scene::obj

@@ -15,11 +15,11 @@ namespace {
 
 constexpr float unreadable = std::numeric_limits<float>::quiet_NaN();
 
-// What may stand between `map_Kd` and the name of the file.
+// An option between `map_Kd` and the file name.
 struct TextureOption {
   std::string_view name;
-  int words;    // that follow
-  int numbers;  // that may follow these
+  int words;    // number of arguments
+  int numbers;  // maximum number of further numeric arguments
 };
 
 constexpr TextureOption textureOptions[] = {
@@ -47,7 +47,7 @@ std::optional<std::filesystem::path> texture(std::string_view line) {
   return localPath(line);
 }
 
-// One number counts for all three.
+// A single number applies to all three components.
 void readColour(std::string_view line, std::array<float, 3>& colour) {
   const float red = takeNumber(line, unreadable);
   const float green = takeNumber(line, red);
@@ -101,8 +101,8 @@ class MaterialReader {
 
   std::vector<Material> materials_;
   std::unordered_set<std::string> names_;
-  bool isOpen_ = false;      // whether statements belong to the last material
-  bool hasOpacity_ = false;  // `d` counts more than `Tr`, whichever comes first
+  bool isOpen_ = false;      // whether statements apply to the last material
+  bool hasOpacity_ = false;  // `d` takes precedence over `Tr`, regardless of their order
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Material libraries of Wavefront models (MTL).
+// Reads the material libraries of Wavefront models (MTL).
 #pragma once
 
 #include <string_view>
@@ -8,9 +8,9 @@
 
 namespace orivanta::scene::obj {
 
-/// The materials of a library in their order, textures as paths relative to the model's folder. Of
-/// materials named alike the first is kept; those without a name or beyond the first
-/// `mostMaterials`, statements that are unknown and values that are unreadable are passed over.
+/// Returns the materials of a library in their order, with texture paths relative to the model's
+/// folder. If a name occurs several times, the first material is kept. Materials without a name or
+/// beyond the first `mostMaterials`, unknown statements and unreadable values are ignored.
 std::vector<Material> parseMaterials(std::string_view text);
 
 }  // namespace orivanta::scene::obj

@@ -10,8 +10,8 @@ namespace orivanta::scene::obj {
 
 namespace {
 
-// The top of a cone may have thousands of normals. Vertices alike are joined among the last so many
-// at a position.
+// The tip of a cone may have thousands of normals. New vertices are compared only with this many
+// recent ones at the same position.
 constexpr int mostComparedVertices = 64;
 
 class MeshBuilder {
@@ -21,7 +21,7 @@ class MeshBuilder {
         newest_(statements.positions.size(), none),
         groups_(statements.materialNames.size(), none) {
     model_.skippedFaces = statements.skippedFaces;
-    // A corner of a room has a vertex for the floor and for each of two walls.
+    // A corner of a room has one vertex for the floor and one for each of two walls.
     const std::size_t expectedVertices =
         std::min(statements.corners.size(), 3 * statements.positions.size());
     model_.vertices.reserve(expectedVertices);
@@ -43,14 +43,14 @@ class MeshBuilder {
   }
 
  private:
-  // How a vertex came about, and the one made before it at the same position.
+  // What a vertex was made from, and the previous vertex at the same position.
   struct Origin {
     std::uint32_t textureCoordinate;
     std::uint32_t normal;
     std::uint32_t older;
   };
 
-  // No more than these come of the faces, so that each group takes its memory once.
+  // Computes an upper bound of the indices, so that each group allocates memory once.
   void countIndices() {
     indexCounts_.resize(statements_.materialNames.size());
     std::size_t face = 0;
@@ -127,7 +127,7 @@ class MeshBuilder {
   FaceCutter cutter_;
   std::vector<Point> points_;             // of a face
   std::vector<std::uint32_t> vertices_;   // of a face
-  std::vector<std::uint32_t> newest_;     // vertex, by position
+  std::vector<std::uint32_t> newest_;     // newest vertex by position
   std::vector<Origin> origins_;           // by vertex
   std::vector<std::uint32_t> groups_;     // by material
   std::vector<std::size_t> indexCounts_;  // by material

@@ -1,4 +1,4 @@
-// Puts the faces of a model together: vertices, normals, triangles by material.
+// Builds a mesh from the faces of a model: vertices, normals, and triangles grouped by material.
 #pragma once
 
 #include "Platform/Scene/Obj/Model.hpp"
@@ -6,7 +6,7 @@
 
 namespace orivanta::scene::obj {
 
-/// The model of the statements, its materials as yet without their looks.
+/// Builds the model. The materials have names, but no appearance yet.
 Model buildMesh(ModelStatements& statements);
 
 }  // namespace orivanta::scene::obj

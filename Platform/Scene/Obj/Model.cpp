@@ -25,13 +25,14 @@ Error failure(ModelError code, std::string description) {
   return {"obj", static_cast<int>(code), std::move(description)};
 }
 
-// The definitions of the libraries that the lines name, the first one of each name.
+// The materials that the named libraries define. If a name occurs several times, the first
+// definition is used.
 class Definitions {
  public:
   Definitions(const std::vector<std::string>& lines, const LibrarySource& library)
       : library_(library) {
     for (const std::string& line : lines) {
-      // One name with blanks in it, or several names.
+      // The line may contain one file name with spaces, or several file names.
       if (add(line)) continue;
       std::string_view rest = line;
       for (auto name = takeWord(rest); !name.empty() && mayTry(); name = takeWord(rest)) add(name);

@@ -1,5 +1,5 @@
-// A Wavefront model (OBJ) with its materials (MTL), as plain data that is ready to draw: triangles
-// by material over one array of vertices. Pictures are named, not read.
+// Wavefront models (OBJ) with their materials (MTL), ready to draw: triangles grouped by material
+// over one vertex array. Textures are referenced by path and not read.
 #pragma once
 
 #include <array>
@@ -17,71 +17,71 @@
 
 namespace orivanta::scene::obj {
 
-/// The look of a group. What a library leaves out keeps the value given here.
+/// The appearance of a group. The defaults apply to what a library does not specify.
 struct Material {
-  std::string name;                                     ///< empty for faces before any `usemtl`
+  std::string name;                                     ///< empty before the first `usemtl`
   std::array<float, 3> diffuse{1.0F, 1.0F, 1.0F};       ///< `Kd`: sRGB, 0 to 1
-  float opacity = 1.0F;                                 ///< `d`, or 1 - `Tr` without it; 0 to 1
-  std::optional<std::filesystem::path> diffuseTexture;  ///< `map_Kd`; never outside the folder
+  float opacity = 1.0F;                                 ///< `d`, or else 1 - `Tr`; 0 to 1
+  std::optional<std::filesystem::path> diffuseTexture;  ///< `map_Kd`; always inside the folder
   bool defined = false;                                 ///< whether a library defines it
 
   friend bool operator==(const Material&, const Material&) = default;
 };
 
-/// In the axes and units of the file. 32 bytes without gaps, so an array of them is a vertex
+/// In the axes and units of the file. 32 bytes without padding, so an array can be used as a vertex
 /// buffer.
 struct Vertex {
   std::array<float, 3> position;
-  std::array<float, 3> normal;             ///< of length 1; zero when the file gives none
-  std::array<float, 2> textureCoordinate;  ///< (0, 0) is the picture's lower left corner
+  std::array<float, 3> normal;             ///< of length 1; zero if the file has none
+  std::array<float, 2> textureCoordinate;  ///< (0, 0) is the lower left corner of the image
 
   friend bool operator==(const Vertex&, const Vertex&) = default;
 };
 static_assert(sizeof(Vertex) == 32);
 
-/// All triangles of one material.
+/// All triangles with one material.
 struct Group {
   Material material;
   std::vector<std::uint32_t>
-      indices;  ///< into the vertices, three a triangle, wound as in the file
+      indices;  ///< vertex indices, three per triangle, oriented as in the file
 };
 
 struct Model {
   std::vector<Vertex> vertices;
-  std::vector<Group> groups;           ///< by first use; none is empty, names are unique
-  bool hasNormals = true;              ///< false: some vertices have none
-  bool hasAnyNormals = false;          ///< whether any vertex has one; the others get zero
-  bool hasTextureCoordinates = false;  ///< whether any face has them; the others get (0, 0)
-  std::size_t skippedFaces = 0;        ///< that are unreadable or refer to what is not there
-  bool hasTooManyMaterials = false;    ///< its faces use more than `mostMaterials`: no groups then
+  std::vector<Group> groups;           ///< by first use; non-empty, unique names
+  bool hasNormals = true;              ///< whether every vertex has one
+  bool hasAnyNormals = false;          ///< whether any vertex has one; the others are zero
+  bool hasTextureCoordinates = false;  ///< whether any face has them; the others are (0, 0)
+  std::size_t skippedFaces = 0;        ///< faces that are unreadable or refer to missing data
+  bool hasTooManyMaterials = false;    ///< more than `mostMaterials`; there are no groups then
 };
 
-/// What `Error::code` is in the domain "obj".
+/// Values of `Error::code` in the domain "obj".
 enum class ModelError { unreadable = 1, tooLarge, nothingToDraw };
 
 inline constexpr std::size_t largestModelBytes = 512U << 20U;
 inline constexpr std::size_t largestLibrariesBytes = 64U << 20U;  ///< of all libraries together
-inline constexpr std::size_t mostMaterials = 65'536;  ///< that faces use, and that libraries define
+inline constexpr std::size_t mostMaterials = 65'536;              ///< in faces, and in libraries
 
-/// Reads a model and the material libraries it names, from its folder and those inside it alone: of
-/// a name that leads elsewhere only the last part counts, for textures too. Textures are paths in
-/// the model's folder; whether they exist is not looked at. A library that is missing is passed
-/// over, and a material that none defines keeps its name and looks as a `Material` does by default.
-/// Definitions beyond the first `mostMaterials` are passed over. A model that uses more is too
-/// large: each costs whoever draws it objects of its own. Any thread.
+/// Reads a model and its material libraries. Only files in the model's folder and below are read:
+/// for a name that leads elsewhere, only its last part is used. The same applies to textures, whose
+/// paths are in the model's folder but are not checked for existence. Missing libraries are
+/// ignored. A material without a definition keeps its name and the default appearance. Definitions
+/// beyond the first `mostMaterials` are ignored, and a model that uses more is rejected as too
+/// large, because each material needs its own drawing resources. Thread-safe.
 ///
-/// Never stops on damaged input: a face is skipped when it has fewer than three corners, one that
-/// is no number or out of range, or a position that is not finite in single precision. A face of no
-/// area gives no triangle. Takes at most some 50 times the bytes of the file as memory, usually
-/// 3 times.
+/// Damaged input never stops the program. A face is skipped if it has fewer than three corners, if
+/// a corner is not a number or is out of range, or if a position is not finite in single precision.
+/// A face without area has no triangles. Needs at most about 50 times the file's size in memory,
+/// usually 3 times.
 std::variant<Model, foundation::Error> readModel(const std::filesystem::path& file);
 
-/// Gives the contents of a material library; nothing when it is missing. The name is a relative
+/// Returns the contents of a material library, or nothing if it is missing. The name is a relative
 /// path without "..".
 using LibrarySource = std::function<std::optional<std::string>(const std::filesystem::path& name)>;
 
-/// The same of a text in memory. Textures are relative to the model's folder. A text without usable
-/// faces gives a model without groups.
+/// Parses a model in memory. Texture paths are relative to the model's folder. A text without
+/// usable faces gives a model without groups.
 Model parseModel(std::string_view text, const LibrarySource& library = {});
 
 }  // namespace orivanta::scene::obj

@@ -33,9 +33,9 @@ Point withLengthOne(const Point& point) {
           static_cast<float>(exact[2] / length)};
 }
 
-// Takes an index, which counts from 1 or, when negative, back from the last one so far, and returns
-// whether there was one within reach. Numbers too large for an index become one that is beyond
-// every list.
+// Reads an index, which counts from 1, or backward from the last element if it is negative. Returns
+// whether there was a valid one. An index that is too large is replaced by one that is beyond every
+// list.
 bool takeIndex(std::string_view& text, std::size_t countSoFar, std::uint32_t& index) {
   constexpr std::uint64_t largest = none - 1;
   const char* at = text.data();
@@ -120,7 +120,7 @@ class StatementReader {
     ++statements_.runs.back().faceCount;
   }
 
-  // "position", "position/texture coordinate", "position//normal" or all three.
+  // Accepts "position", "position/texture coordinate", "position//normal" or all three.
   bool addCorner(std::string_view& line) {
     Corner corner{};
     if (!takeIndex(line, statements_.positions.size(), corner.position) ||

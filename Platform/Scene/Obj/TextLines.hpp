@@ -1,4 +1,4 @@
-// The lines of a Wavefront text, and the words and numbers on them.
+// Reads the lines of a Wavefront text, and the words and numbers in them.
 #pragma once
 
 #include <cstddef>
@@ -19,14 +19,14 @@ inline void removeBlanks(std::string_view& line) {
 
 std::string_view withoutBlanksAround(std::string_view text);
 
-/// Goes through a text, which has to outlive it, line by line.
+/// Iterates over the lines of a text, which must outlive this object.
 class TextLines {
  public:
   explicit TextLines(std::string_view text);
 
-  /// The next line that holds anything, without blanks around it; empty at the end. A line that
-  /// ends in a backslash goes on with the next one. Comments are passed over. Valid until the next
-  /// call.
+  /// Returns the next line that is not blank, without surrounding white space, or an empty view at
+  /// the end. A line that ends with a backslash continues on the next one. Comments are skipped.
+  /// The result is valid until the next call.
   std::string_view next();
 
  private:
@@ -37,14 +37,15 @@ class TextLines {
   std::string joined_;
 };
 
-/// Takes the next word off the front; empty at the end.
+/// Removes the next word from the front and returns it; empty at the end.
 std::string_view takeWord(std::string_view& line);
 
-/// Takes the next word off the front as a number, in any locale. `missing` at the end of the line
-/// or before a comment, NaN for a word that is no number, infinity beyond single precision.
+/// Removes the next word from the front and parses it as a number, independent of the locale.
+/// Returns `missing` at the end of the line or before a comment, NaN if the word is not a number,
+/// and infinity if the number exceeds single precision.
 float takeNumber(std::string_view& line, float missing);
 
-/// Takes a word off the front if it is this one.
+/// Removes the next word from the front if it equals `keyword`.
 bool takeKeyword(std::string_view& line, std::string_view keyword);
 
 }  // namespace orivanta::scene::obj

@@ -27,10 +27,10 @@ struct PngForm {
   int colorType;
   int bitDepth;
   bool interlaced;
-  Bytes row;  // the samples of two pixels; each of the two rows is the same
+  Bytes row;  // the samples of two pixels; both rows are the same
 };
 
-// With a gamma of 1, which is to change nothing, and a palette of green and a translucent red.
+// With a gamma of 1, which must have no effect, and a palette of green and a translucent red.
 Bytes pngOf(const PngForm& form) {
   Bytes bytes;
   png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
@@ -61,7 +61,7 @@ Bytes pngOf(const PngForm& form) {
 TEST(ImageFile, EveryFormOfPngBecomesRgba) {
   struct Case {
     PngForm form;
-    Bytes pixels;  // of a row
+    Bytes pixels;  // of one row
   };
   for (const bool interlaced : {false, true})
     for (const auto& [form, pixels] :
@@ -149,7 +149,7 @@ TEST(ImageFile, JpegsBecomeRgbaUnlessTheyAreCmyk) {
 
 TEST(ImageFile, AreMadeSmallerWhileTheyAreRead) {
   const test::TemporaryFolder folder;
-  // In each square all pixels have one color, some of them are clear, and the color stays.
+  // All pixels of a square have the same color and some are transparent; the color must be kept.
   constexpr std::uint32_t width = 5;
   constexpr std::uint32_t height = 7;
   Bytes pixels;

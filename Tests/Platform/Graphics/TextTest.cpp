@@ -22,7 +22,7 @@ void expectSamePictures(const Image& left, const Image& right) {
   EXPECT_TRUE(std::equal(left.pixels().begin(), left.pixels().end(), right.pixels().begin()));
 }
 
-// Alphas of a row or column of pixels at an edge.
+// Whether a row or column of pixels at an edge contains ink, given its alpha values.
 bool edgesHoldInk(const Image& image) {
   bool left = false;
   bool right = false;
@@ -96,7 +96,7 @@ TEST(Text, IsCutAtTenThousandBytesBetweenCharacters) {
 }
 
 TEST(Text, RightToLeftParagraphsRunFromTheRight) {
-  // The full stop follows the Hebrew word, so it stands at the left; in Latin text at the right.
+  // The period follows the word: in Hebrew it is on the left, in Latin text on the right.
   const auto stopAtLeft = [](const char* text) {
     const auto image = picture(text, {.fontSize = 40});
     std::size_t left = 0;

@@ -17,7 +17,7 @@ using test::bytesOf;
 
 class BatchTest : public testing::Test {
  protected:
-  /// Two elements that share the corner (2, 0, 0) of one list of vertices.
+  /// Two elements that share the vertex (2, 0, 0).
   static std::shared_ptr<Geometry> makePair() {
     return Geometry::make(
         bytesOf<float>({9, 9, 9, 0, 0, 0, 0, 0,  //
@@ -28,7 +28,7 @@ class BatchTest : public testing::Test {
         {{bytesOf<std::uint16_t>({1, 2, 3, 1, 3, 2}), 2}, {bytesOf<std::uint8_t>({2, 4, 3}), 1}});
   }
 
-  /// One triangle without normals and texture coordinates.
+  /// A triangle without normals and texture coordinates.
   static std::shared_ptr<Geometry> makeBare() {
     const GeometrySource source{.data = bytesOf<float>({0, 0, 5, 1, 0, 5, 0, 1, 5}),
                                 .vectorCount = 3};

@@ -18,7 +18,7 @@ using graphics::Vector3;
 using test::areNear;
 using test::bytesOf;
 
-/// A square of 2 units around the middle of its node.
+/// A square with sides of 2 units around the origin of its node.
 std::shared_ptr<Node> addSquare(Node& parent, Vector3 position) {
   static const auto square =
       makeExtrusion(std::vector<graphics::Point>{{-1, -1}, {1, -1}, {1, 1}, {-1, 1}}, 0);
@@ -75,7 +75,7 @@ TEST_F(HitTest, FollowsTheTransformsOfTheNodesAbove) {
 }
 
 TEST_F(HitTest, TellsElementsApartAndTakesTheNearestTriangleOfEach) {
-  // Triangles around the z axis at heights 0, 1 and 2; the middle one alone in element 1.
+  // Triangles around the z axis at heights 0, 1 and 2; element 1 contains only the middle one.
   const GeometrySource source{
       .data = bytesOf<float>({-1, -1, 0,  2, -1, 0,  -1, 2, 0,  -1, -1, 1, -1, 2,
                               1,  2,  -1, 1, -1, -1, 2,  2, -1, 2,  -1, 2, 2}),
@@ -92,7 +92,7 @@ TEST_F(HitTest, TellsElementsApartAndTakesTheNearestTriangleOfEach) {
 }
 
 TEST_F(HitTest, PassesATriangleInsideItsBox) {
-  // The plane z = x: its box reaches up to 4.
+  // In the plane z = x; the bounding box extends to 4.
   const GeometrySource source{.data = bytesOf<float>({0, 0, 0, 4, 2, 4, 2, 4, 2}),
                               .vectorCount = 3};
   root_.addChild(Node::make(Geometry::make({source}, {{bytesOf<std::uint8_t>({0, 1, 2}), 1}})));

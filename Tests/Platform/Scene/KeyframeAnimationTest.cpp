@@ -11,7 +11,7 @@ using graphics::Matrix4;
 
 constexpr const char* transformPath = "diffuse.contentsTransform";
 
-/// Matrices are told by the number in their last column.
+/// A matrix identified by the number in its last column.
 Matrix4 matrix(float x) {
   Matrix4 result(0.0F);
   result[3][0] = x;

@@ -35,7 +35,7 @@ std::shared_ptr<Node> makePart(const Part& squares, const Plane& plane) {
       Geometry::make(test::bytesOf(corners), {{.data = test::bytesOf(indices)}}, {false, false}));
 }
 
-// Squares by part and layer.
+// Lists the squares by part and layer.
 std::string layersOf(const std::vector<Part>& parts, const Plane& plane) {
   const auto floor = Node::make();
   for (const Part& part : parts) floor->addChild(makePart(part, plane));

@@ -34,15 +34,15 @@ TEST(Node, TurnsAboutXThenYThenZAndMovesThen) {
   const auto node = Node::make();
   node->setPosition({10, 20, 30});
   node->setEulerAngles({quarter, quarter, 0});
-  // About x: y to z. About y: z to x.
+  // About x: y becomes z. About y: z becomes x.
   EXPECT_TRUE(areNear(inWorld(*node, {0, 1, 0}), {11, 20, 30}));
-  node->setEulerAngle(Axis::z, quarter);  // x to y
+  node->setEulerAngle(Axis::z, quarter);  // x becomes y
   EXPECT_TRUE(areNear(inWorld(*node, {0, 1, 0}), {10, 21, 30}));
 
   const auto child = Node::make();
   node->addChild(child);
   child->setPosition(Axis::y, 5);
-  child->setEulerAngle(Axis::x, quarter);  // the child's z to -y
+  child->setEulerAngle(Axis::x, quarter);  // the child's z becomes -y
   EXPECT_TRUE(areNear(inWorld(*child, {0, 0, 1}), {10, 24, 30}));
 }
 
@@ -102,7 +102,7 @@ TEST(Node, ALongChainTakesNoStack) {
 TEST(Node, ThreadsMoveWhatOthersWalkThrough) {
   const auto root = Node::make();
   const auto wanderer = Node::make(makeFloor());
-  std::atomic<int> moves = 0;  // neither orders what the threads do
+  std::atomic<int> moves = 0;  // does not synchronize the threads
   std::atomic<int> walks = 0;
   const auto repeat = [&](std::atomic<int>& count, const auto& action) {
     constexpr auto relaxed = std::memory_order_relaxed;
@@ -110,7 +110,7 @@ TEST(Node, ThreadsMoveWhatOthersWalkThrough) {
       action();
   };
   std::thread mover(repeat, std::ref(moves), [&] {
-    const auto parent = Node::make();  // goes at the end of each round
+    const auto parent = Node::make();  // destroyed at the end of each round
     root->addChild(parent);
     parent->addChild(wanderer);
     wanderer->setPosition(Axis::x, 1);

@@ -33,7 +33,8 @@ std::vector<Triangle> trianglesOf(const Geometry& geometry) {
   return triangles;
 }
 
-/// By the divergence theorem: right only when the surface is closed and winds outwards throughout.
+/// By the divergence theorem, which is valid only if the surface is closed and consistently
+/// oriented outward.
 float volumeInside(const Geometry& geometry) {
   float sum = 0;
   for (const Triangle& triangle : trianglesOf(geometry))
@@ -62,7 +63,8 @@ TEST(Shapes, AnExtrusionIsClosedWhicheverWayItsOutlineRuns) {
 
 TEST(Shapes, ACylinderIsClosedAndSmooth) {
   const auto geometry = makeCylinder(2, 3);
-  // A regular polygon of 48 corners has 48/2 sin(7.5 degrees) = 3.13263 radii squared inside.
+  // A regular polygon of 48 corners has an area of 48/2 sin(7.5 degrees) = 3.13263 times its radius
+  // squared.
   EXPECT_NEAR(volumeInside(*geometry), 3.13263 * 4 * 3, 1e-3);
   expectNormalsOfLength1ToAgreeWithTheWinding(*geometry);
   EXPECT_TRUE(areNear(geometry->boundingBox().min, {-2, -1.5F, -2}));

@@ -12,7 +12,7 @@ namespace {
 
 using graphics::Vector3;
 
-/// Triangles of their own corners, which run counter-clockwise around the normal.
+/// Triangles without shared corners, counterclockwise around the normal.
 struct Shape {
   std::vector<Batch::Vertex> vertices;
   std::vector<std::uint32_t> indices;
@@ -31,7 +31,7 @@ struct Shape {
     return *this;
   }
 
-  // Walls of height 2 upon an outline that runs counter-clockwise, then the ceiling.
+  // Walls of height 2 on a counterclockwise outline, and the ceiling.
   Shape& room(const std::vector<Vector3>& outline) {
     const Vector3 up(0, 0, 2);
     std::vector<Vector3> ceiling;
@@ -57,7 +57,7 @@ const std::vector<Vector3> touching{{4, 4, 0}, {5, 4, 0}, {5, 5, 0}, {4, 5, 0}};
 const std::vector<Vector3> down{{0, 4, 0}, {4, 4, 0}, {4, 0, 0}, {0, 0, 0}};
 const std::vector<Vector3> downBeside{{4, 4, 0}, {4, 8, 0}, {8, 8, 0}, {8, 4, 0}};
 const std::vector<Vector3> crossing{{0, 0, 0}, {4, 4, 0}, {4, 0, 0}, {0, 3, 0}};
-constexpr std::size_t indicesOfRoom = 30;  // upon a square: four walls and the ceiling
+constexpr std::size_t indicesOfRoom = 30;  // on a square: four walls and the ceiling
 constexpr float notANumber = std::numeric_limits<float>::quiet_NaN();
 
 TEST(Shell, IsWhatNobodyAboveSeesFromBehind) {

@@ -32,7 +32,7 @@ TEST(Viewpoint, AFloorSeenFromItsFramingDistanceFillsTheView) {
   EXPECT_TRUE(areNear(xy(square.project({-250, 320, 0})), {0, 0, 0}, 1e-3F));
   EXPECT_TRUE(areNear(xy(square.project({350, -280, 0})), {500, 500, 0}, 1e-3F));
 
-  // The longer side shows more; the floor keeps its shape.
+  // A wider view shows more of the floor without distorting it.
   const Viewpoint wide(*camera, {800, 400});
   EXPECT_TRUE(areNear(xy(wide.project({-250, 320, 0})), {200, 0, 0}, 1e-3F));
   const Viewpoint high(*camera, {400, 800});

@@ -1,5 +1,6 @@
-// Triangles cover their face exactly when none is inverted and their areas add up to the face's.
-// They leave no gaps when every side of a triangle is a whole side of another one or of the face.
+// Triangles cover their face exactly if none is inverted and their areas add up to the face's.
+// There are no gaps if every side of a triangle is a complete side of another triangle or of the
+// face.
 #include "Platform/Scene/Obj/FaceCutter.hpp"
 
 #include <gtest/gtest.h>
@@ -20,7 +21,7 @@ using Outline = std::vector<Point>;
 struct Areas {
   double face = 0.0;
   double triangles = 0.0;  // sum of the areas
-  double inverted = 0.0;   // of which are wound the other way than the face
+  double inverted = 0.0;   // area of the triangles with the opposite orientation
 };
 
 Areas cutAreas(const Outline& outline) {
@@ -40,7 +41,7 @@ Areas cutAreas(const Outline& outline) {
   return areas;
 }
 
-// How much more often each side is gone along in one direction than in the other one.
+// Counts how much more often each side is used in one direction than in the other.
 class Sides {
  public:
   void add(const Point& from, const Point& to, int times) {
@@ -57,7 +58,8 @@ class Sides {
   std::map<std::pair<Point, Point>, int> surplus_;
 };
 
-// The share of the way from one point to another at which a third lies; negative beside the way.
+// The fraction of the way from one point to another at which a third point lies; negative if it
+// does not lie on the way.
 double shareOfWay(const Point& from, const Point& to, const Point& point) {
   std::array<double, 3> way{};
   std::array<double, 3> part{};
@@ -71,7 +73,7 @@ double shareOfWay(const Point& from, const Point& to, const Point& point) {
          (way[0] * way[0] + way[1] * way[1] + way[2] * way[2]);
 }
 
-// Where other corners lie on a side of the outline, it counts as several sides.
+// A side of the outline with other corners on it counts as several sides.
 bool leavesNoGaps(const Outline& outline) {
   Sides sides;
   for (std::size_t i = 0; i < outline.size(); ++i) {
@@ -91,14 +93,14 @@ bool leavesNoGaps(const Outline& outline) {
 }
 
 void expectCovered(const Outline& outline, const std::string& name) {
-  constexpr std::size_t mostToCompare = 200;  // each corner with each side
+  constexpr std::size_t mostToCompare = 200;  // each corner is compared with each side
   const Areas areas = cutAreas(outline);
   EXPECT_TRUE(outline.size() > mostToCompare || leavesNoGaps(outline)) << name;
   EXPECT_NEAR(areas.triangles, areas.face, 1e-5 * areas.face) << name;
   EXPECT_LE(areas.inverted, 1e-6 * areas.face) << name;
 }
 
-// On a floor, against walls, on a slope; from both sides; starting at another corner.
+// On a floor, on walls and on a slope; from both sides; starting at several corners.
 void expectCoveredFromEverywhere(const Outline& flat, const std::string& name) {
   const std::function<Point(const Point&)> planes[] = {
       [](const Point& p) { return p; },
@@ -123,7 +125,7 @@ void expectCoveredFromEverywhere(const Outline& flat, const std::string& name) {
   }
 }
 
-// Corners such as "0 0, 4 0, 0 4".
+// Parses corners such as "0 0, 4 0, 0 4".
 Outline flat(const std::string& corners) {
   Outline outline;
   std::istringstream numbers(corners);
@@ -132,7 +134,7 @@ Outline flat(const std::string& corners) {
   return outline;
 }
 
-// Teeth upon a back; turned, so that no box around a tooth is narrow.
+// Teeth on a bar, rotated so that bounding boxes of teeth are not narrow.
 Outline comb(int teeth, double turnBy) {
   std::vector<std::array<double, 2>> points{{0.0, -1.0}};
   for (int i = 0; i < teeth; ++i) {
@@ -162,7 +164,7 @@ Outline around(int count, const std::function<double(int)>& radius, double turns
   return outline;
 }
 
-// A band that winds outwards: along its outer edge, and back along its inner one.
+// A band that spirals outward: along its outer edge and back along its inner edge.
 Outline spiral(int count, double turns) {
   const auto edge = [&](double width) {
     return around(
@@ -212,7 +214,7 @@ TEST(FaceCutter, CoversRandomStars) {
                   std::to_string(round));
 }
 
-// Two stairs one above the other: corners on a few lines, and places where they touch.
+// Two staircases, one above the other: the corners lie on a few lines, and the staircases touch.
 TEST(FaceCutter, CoversRandomStairs) {
   std::mt19937 random(2);
   for (int round = 0; round < 2'000; ++round) {
@@ -239,7 +241,7 @@ TEST(FaceCutter, NothingComesOfNoArea) {
     EXPECT_EQ(outline.size() < 3 ? 0.0 : cutAreas(outline).triangles, 0.0);
 }
 
-// The parts of an outline that crosses itself count once more or less; their sum stays.
+// Parts of a self-intersecting outline may be counted several times, but the sum stays the same.
 TEST(FaceCutter, CrossingOutlinesKeepTheSumOfTheirArea) {
   std::mt19937 random(3);
   std::uniform_real_distribution<float> place(0.0F, 9.0F);
@@ -251,7 +253,7 @@ TEST(FaceCutter, CrossingOutlinesKeepTheSumOfTheirArea) {
   }
 }
 
-// With a step for each pair of corners these take minutes.
+// With one step per pair of corners, these would take minutes.
 TEST(FaceCutter, CutsFacesOfAHundredThousandCorners) {
   std::mt19937 random(4);
   std::uniform_real_distribution<double> radius(0.5, 1.0);

@@ -1,4 +1,4 @@
-// Models and material libraries: what is read, what is passed over, and models that are damaged.
+// Reading models and material libraries, including ignored statements and damaged files.
 #include "Platform/Scene/Obj/Model.hpp"
 
 #include <fmt/format.h>
@@ -47,7 +47,7 @@ std::vector<std::string> groupNames(const Model& model) {
   return names;
 }
 
-// "name:triangles" of each group.
+// Lists "name:triangles" for each group.
 std::string groups(const Model& model) {
   std::ostringstream text;
   for (const Group& group : model.groups)
@@ -250,7 +250,7 @@ TEST(Model, FilesThatCannotBeReadSayWhy) {
   }
 }
 
-// The area of all faces, added up corner by corner from the text.
+// The area of all faces, computed from the text corner by corner.
 double faceArea(const std::string& text) {
   std::vector<std::array<double, 3>> positions;
   std::istringstream lines(text);
