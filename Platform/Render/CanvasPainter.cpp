@@ -16,7 +16,8 @@ std::array<float, 4> multiplied(const graphics::Color& color, double alpha) {
   return {color.red * a, color.green * a, color.blue * a, a};
 }
 
-// A picture that is as large in pixels as its place is put on whole pixels, so that it stays sharp.
+// Aligns an image to whole pixels if its rectangle has the image's size in pixels, so that it stays
+// sharp.
 void snapToPixels(QuadVertex& vertex, const graphics::Image& image) {
   const std::array sides{image.width(), image.height()};
   for (std::size_t axis = 0; axis < 2; ++axis)

@@ -1,4 +1,4 @@
-// Collects what a tree of views draws in one frame.
+// Collects what a view tree draws in one frame.
 #pragma once
 
 #include <vector>
@@ -10,20 +10,21 @@
 
 namespace orivanta::render {
 
-/// A 3D scene of the frame, and the pixels that its picture needs.
+/// A 3D scene of the frame, and the size in pixels of its rendered image.
 struct PaintedScene {
   SceneSnapshot snapshot;
   std::uint32_t width;
   std::uint32_t height;
 };
 
-/// Lives under a transaction; what it has collected refers to no view, node or sprite.
+/// Lives within a transaction. The collected data does not refer to views, nodes or sprites.
 class CanvasPainter : public view::Canvas {
  public:
   CanvasPainter(SceneGatherer& gatherer, double scale, double time)
       : gatherer_(gatherer), scale_(scale), time_(time) {}
 
-  /// The view, at the upper left corner of the picture whatever its own frame says, and all below.
+  /// Paints a view and its subviews. The root view is placed at the upper left corner of the frame,
+  /// regardless of its `frame`.
   void paint(view::View& root) { paint(root, {0, 0}, 1.0); }
 
   double time() const override { return time_; }
@@ -40,13 +41,13 @@ class CanvasPainter : public view::Canvas {
   void paint(view::View& view, graphics::Point origin, double alpha);
   void paintOverlay(const view::SceneView& view, const graphics::Rect& rect);
 
-  /// Of a rectangle of the view that draws, in pixels.
+  /// A rectangle of the current view, in pixels.
   QuadVertex place(const graphics::Rect& rect) const;
 
   SceneGatherer& gatherer_;
   double scale_;
   double time_;
-  graphics::Point origin_;  ///< of the view that draws
+  graphics::Point origin_;  ///< origin of the current view
   double alpha_ = 1.0;
 };
 

@@ -6,7 +6,7 @@ namespace orivanta::render {
 
 namespace {
 
-// So many triangles out of sight cost about as much as another call.
+// Drawing this many invisible triangles costs about as much as another draw call.
 constexpr std::uint32_t longestDetour = 3 * 200;
 
 }  // namespace
@@ -14,7 +14,7 @@ constexpr std::uint32_t longestDetour = 3 * 200;
 std::vector<Run> chooseRuns(std::span<const MeshPart> parts,
                             const std::function<Choice(std::size_t part)>& choose) {
   std::vector<Run> runs;
-  bool joins = false;  // whether the last run may grow up to the part at hand
+  bool joins = false;  // whether the current part may extend the last run
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const MeshPart& part = parts[i];
     if (part.indexCount == 0) continue;

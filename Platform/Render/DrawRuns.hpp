@@ -1,4 +1,4 @@
-// Parts of a mesh gathered into few draws.
+// Groups the parts of a mesh into few draw calls.
 #pragma once
 
 #include <array>
@@ -11,8 +11,8 @@
 
 namespace orivanta::render {
 
-/// A run of a mesh's indices; runs of one mesh follow one another without gaps, by layers from 0
-/// on.
+/// A range of a mesh's indices. The parts of a mesh are consecutive, without gaps, and sorted by
+/// layer from 0.
 struct MeshPart {
   std::uint32_t firstIndex;
   std::uint32_t indexCount;
@@ -29,38 +29,38 @@ struct Run {
 
 enum class Choice {
   leave,  ///< must not be drawn
-  allow,  ///< need not be drawn: out of sight
+  allow,  ///< may be drawn, but is not visible
   draw
 };
 
-/// Few runs that cover all parts to draw and none to leave. Short stretches of what need not be
-/// drawn are drawn along where that saves a run.
+/// Returns few runs that cover all parts to draw and none to leave. Short stretches of optional
+/// parts are included where that saves a run.
 std::vector<Run> chooseRuns(std::span<const MeshPart> parts,
                             const std::function<Choice(std::size_t part)>& choose);
 
-/// How parts are drawn whose back does not show, and the others.
+/// The runs of parts whose back faces are never visible, and those of all others.
 struct SidedRuns {
   std::vector<Run> fronts;
   std::vector<Run> bothSides;
   friend bool operator==(const SidedRuns&, const SidedRuns&) = default;
 };
 
-/// The same for parts of which some need be drawn from their front alone. Where they alternate with
-/// the others so often that many runs came of it, all are drawn from both sides.
+/// The same for parts some of which can be drawn without back faces. If they alternate with the
+/// others so often that too many runs would result, all are drawn with both sides.
 SidedRuns chooseSidedRuns(std::span<const MeshPart> parts,
                           const std::function<Choice(std::size_t part)>& choose,
                           const std::function<bool(std::size_t part)>& isFrontEnough);
 
-/// What a camera sees, as six planes of the mesh's space.
+/// The view frustum of a camera, as six planes in the mesh's space.
 class Frustum {
  public:
-  /// `toClip`: from the mesh's space to clip space.
+  /// `toClip` maps from the mesh's space to clip space.
   explicit Frustum(const graphics::Matrix4& toClip);
 
-  /// False only for a box that is wholly outside of one plane.
+  /// Returns false only if the box is completely outside of one plane.
   bool sees(const graphics::Box& box) const;
 
-  /// Whether no part of the box lies before the near plane.
+  /// Whether the whole box is beyond the near plane.
   bool isBeyondNear(const graphics::Box& box) const;
 
  private:

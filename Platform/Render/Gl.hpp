@@ -1,4 +1,4 @@
-// OpenGL ES 3.0, and owners of the names that it gives out.
+// OpenGL ES 3.0, and owners of its object names.
 #pragma once
 
 #ifdef __EMSCRIPTEN__
@@ -11,7 +11,7 @@
 
 namespace orivanta::render::gl {
 
-/// Owns one name of a kind; made and given back while the context is current.
+/// Owns one object name. Must be created and destroyed while the context is current.
 template <class Kind>
 class Name {
  public:
@@ -92,7 +92,7 @@ using Sampler = Name<SamplerKind>;
 using Framebuffer = Name<FramebufferKind>;
 using Renderbuffer = Name<RenderbufferKind>;
 
-/// An offset into a bound buffer, as OpenGL wants to be handed it.
+/// An offset into a bound buffer, in the form that OpenGL expects.
 inline const void* offset(std::size_t bytes) {
   return reinterpret_cast<const void*>(bytes);  // NOLINT(performance-no-int-to-ptr)
 }

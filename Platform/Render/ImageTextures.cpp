@@ -10,7 +10,7 @@
 
 #include "Platform/Render/Srgb.hpp"
 
-// Of the extension EXT_texture_filter_anisotropic.
+// From the extension EXT_texture_filter_anisotropic.
 #ifndef GL_TEXTURE_MAX_ANISOTROPY_EXT
 #define GL_TEXTURE_MAX_ANISOTROPY_EXT 0x84FE
 #endif
@@ -27,7 +27,7 @@ struct Pixels {
   std::vector<std::uint8_t> bytes;
 };
 
-// Drivers that draw in software take long over it, and one of them distorts what is magnified.
+// Software drivers are slow at anisotropic filtering, and one of them distorts magnified images.
 bool hasAnisotropy() {
   const auto* renderer = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
   for (const char* software : {"llvmpipe", "softpipe", "SwiftShader"})
@@ -57,7 +57,7 @@ void multiplyLinear(std::vector<std::uint8_t>& bytes) {
   }
 }
 
-// Each pixel the mean of up to four; a side of one pixel stays.
+// Averages up to four pixels to one. A side of one pixel is kept.
 Pixels halve(const Pixels& from) {
   Pixels to{std::max(from.width / 2, 1U), std::max(from.height / 2, 1U), {}};
   to.bytes.resize(std::size_t{4} * to.width * to.height);

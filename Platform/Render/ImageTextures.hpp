@@ -1,4 +1,4 @@
-// Images as textures, each uploaded once.
+// Uploads images as textures, each image once.
 #pragma once
 
 #include <map>
@@ -12,26 +12,26 @@
 
 namespace orivanta::render {
 
-/// In which space the texels of a texture are mixed; they are multiplied by their alpha in both.
+/// The color space in which the texels of a texture are interpolated. Texels are premultiplied by
+/// their alpha in both.
 enum class TexelSpace {
-  encoded,  ///< sRGB values as they are, for 2D
-  linear    ///< decoded by the texture unit, for 3D; always with mipmaps
+  encoded,  ///< sRGB values, for 2D
+  linear    ///< decoded to linear light by the texture unit, for 3D; always has mipmaps
 };
 
-/// Keyed by the image's identity. An image with a side beyond what the driver allows is halved
-/// until it fits.
+/// Keyed by the image's identity. Images larger than the driver's limit are halved until they fit.
 class ImageTextures {
  public:
   ImageTextures();
 
-  /// Binds to the active texture unit.
+  /// Binds the image's texture to the active texture unit.
   void bind(const std::shared_ptr<const graphics::Image>& image, TexelSpace space, bool shrinks,
             FrameStatistics& statistics);
 
-  /// Makes a texture unit sample as a material says.
+  /// Sets the wrap modes of a texture unit as in a material.
   void bindSampler(GLuint unit, scene::WrapMode wrapS, scene::WrapMode wrapT) const;
 
-  /// Lets go of the textures of images that are gone.
+  /// Deletes the textures of images that no longer exist.
   void collect();
 
  private:

@@ -16,7 +16,7 @@ bool castsShadow(const LightInScene& light) {
   return light.light.type == scene::LightType::directional && light.light.castsShadow;
 }
 
-// The angles of a cone are those of its whole opening.
+// A cone is specified by its full opening angle.
 float cosineAtEdge(double degrees) {
   return static_cast<float>(std::cos(glm::radians(std::clamp(degrees, 0.0, 360.0) / 2)));
 }

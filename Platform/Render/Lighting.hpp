@@ -1,4 +1,4 @@
-// The lights of a scene as its shader wants them.
+// The lights of a scene in the form that the shaders need.
 #pragma once
 
 #include <span>
@@ -9,22 +9,22 @@
 
 namespace orivanta::render {
 
-/// In the camera's space and in linear amounts of light. The light that casts shadows, a
-/// directional one, comes first; further ones cast none, and what exceeds the most that a program
-/// takes is left out. A scene without lights is lit fully.
+/// Positions are in the camera's space and intensities are linear. Only one directional light casts
+/// shadows; it comes first. Lights beyond the shader's maximum are ignored. A scene without lights
+/// is drawn fully lit.
 class Lighting {
  public:
   Lighting(std::span<const LightInScene> lights, const graphics::Matrix4& view);
 
-  /// The world matrix of the light that casts shadows; null without one.
+  /// The world matrix of the light that casts shadows, or null if there is none.
   const graphics::Matrix4* shadowCaster() const { return hasCaster_ ? &caster_ : nullptr; }
 
-  /// Whether all lights shine on everything from the same side.
+  /// Whether every light comes from the same direction at all points.
   bool isFarAway() const;
 
   int count() const { return static_cast<int>(places_.size()); }
 
-  /// The program is in use.
+  /// The program must be in use.
   void setUniforms(const MeshProgram& program) const;
 
  private:

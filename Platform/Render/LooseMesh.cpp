@@ -45,8 +45,8 @@ Mesh::Vertex makeVertex(const scene::Geometry& geometry, std::size_t index, cons
   return vertex;
 }
 
-// The vertices that an element uses, each once, in the order of their first use; `indices`, when
-// asked for, are where the element's indices find them.
+// The vertices that an element uses, without duplicates, in the order of first use. If `indices` is
+// not null, it receives the element's indices into the result.
 std::vector<std::uint32_t> usedVertices(const scene::GeometryElement& element,
                                         std::vector<std::uint32_t>* indices) {
   std::vector<std::uint32_t> used;
@@ -68,8 +68,8 @@ graphics::Box boxOf(std::span<const Mesh::Vertex> vertices) {
   return box;
 }
 
-// Parts of one color first, then image by image, so that those which one call can draw lie side
-// by side; otherwise as the scene has them.
+// Sorts parts with a single color first, then by image, so that parts that can share a draw call
+// are adjacent. Otherwise the order of the scene is kept.
 void putInOrder(std::vector<LoosePart>& parts) {
   std::stable_sort(parts.begin(), parts.end(), [](const LoosePart& a, const LoosePart& b) {
     if (a.look.image != b.look.image) return std::less<>()(a.look.image, b.look.image);
@@ -88,7 +88,7 @@ bool haveSameShape(const scene::Geometry& a, const scene::Geometry& b) {
                       a.elements().front().data == b.elements().front().data);
 }
 
-// Whether the second would show exactly what the first does.
+// Whether both parts look exactly the same in the same place.
 bool covers(const LoosePart& a, const LoosePart& b) {
   const auto isPlain = [](const PartLook& look) { return !look.translucent && !look.image; };
   return a.world == b.world && a.element == 0 && b.element == 0 && isPlain(a.look) &&
@@ -96,7 +96,7 @@ bool covers(const LoosePart& a, const LoosePart& b) {
          a.look.castsShadow == b.look.castsShadow && haveSameShape(*a.geometry, *b.geometry);
 }
 
-// The segments of a route end and begin with the same caps, a few parts from one another.
+// Consecutive segments of a route have equal caps, a few parts apart from each other.
 void dropDuplicates(std::vector<LoosePart>& parts) {
   constexpr std::size_t reach = 16;
   std::size_t kept = 0;

@@ -1,4 +1,4 @@
-// The geometries of single nodes, merged so that hundreds of small ones are drawn in few calls.
+// Merges the geometries of single nodes, so that hundreds of small ones take few draw calls.
 #pragma once
 
 #include <memory>
@@ -11,14 +11,13 @@
 
 namespace orivanta::render {
 
-/// Holds vertices in the scene's space. A list that begins as the last one did keeps that part of
-/// its mesh; a node that only moved has its own vertices replaced.
+/// Holds vertices in the scene's space. If a list of parts begins like the previous one, that part
+/// of the mesh is kept. If a node has only moved, only its vertices are replaced.
 class LooseMesh {
  public:
-  /// Puts the parts into the order in which they are merged, and their looks into `looks`; one that
-  /// lies exactly on another that looks the same is left out. Shapes
-  /// that have simpler ones within `tolerance` units are drawn as those; another tolerance than the
-  /// last one merges everything anew.
+  /// Merges the parts in drawing order and stores their looks. Duplicates of equal parts in the
+  /// same place are dropped. Shapes with simpler versions within `tolerance` units are drawn as
+  /// those. If the tolerance differs from the last call, everything is merged again.
   void update(std::vector<LoosePart> parts, float tolerance, FrameStatistics& statistics);
 
   bool isEmpty() const { return merged_.empty(); }
@@ -28,7 +27,7 @@ class LooseMesh {
  private:
   struct Merged {
     std::shared_ptr<const scene::Geometry> geometry;
-    std::shared_ptr<const scene::Geometry> drawn;  ///< the same or a simpler one
+    std::shared_ptr<const scene::Geometry> drawn;  ///< `geometry` or a simpler version
     std::size_t element;
     graphics::Matrix4 world;
     std::size_t firstVertex;
@@ -56,9 +55,9 @@ class LooseMesh {
   float tolerance_ = 0.0F;
 };
 
-/// How far from their shapes parts may be drawn so that it shows nowhere, in scene units: a third
-/// of a pixel of a picture `height` pixels high where the nearest part lies, cut to a power of the
-/// square root of two so that it seldom changes.
+/// How far, in scene units, drawn shapes may deviate from the exact ones without a visible
+/// difference: a third of a pixel at the nearest part, in a frame of `height` pixels, rounded down
+/// to a power of the square root of two so that it rarely changes.
 float invisibleTolerance(std::span<const LoosePart> parts, const graphics::Matrix4& view,
                          const graphics::Matrix4& projection, int height);
 

@@ -14,7 +14,7 @@ std::uint64_t nextRevision() {
   return ++last;
 }
 
-// Makes a buffer hold `values`, of which those before `unchanged` are there already unless it has
+// Uploads `values` to a buffer. The values before `unchanged` are uploaded only if the buffer has
 // to grow.
 template <class Value>
 void fillBuffer(GLenum target, std::size_t& capacity, std::span<const Value> values,
@@ -46,8 +46,7 @@ void setUpTexture(const gl::Texture& texture) {
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
 }
 
-// Calls upload(firstPart, endPart) for stretches within one row that together hold all places
-// where the two differ.
+// Calls upload(firstPart, endPart) for ranges within one row that together cover all differences.
 template <class Value, class Upload>
 void forChangedStretches(std::size_t count, const Value& differs, const Upload& upload) {
   const auto rowLength = static_cast<std::size_t>(Mesh::partsPerRow);
@@ -117,7 +116,7 @@ void Mesh::setLooks(std::span<const PartLook> looks, FrameStatistics& statistics
       });
 }
 
-// Textures begin with zeros, as what they are compared with does.
+// Fills new textures with zeros, like the copies that they are compared with.
 void Mesh::growTextures(std::size_t parts) {
   const auto rowLength = static_cast<std::size_t>(partsPerRow);
   const std::size_t rows = (parts + parts / 2 + rowLength - 1) / rowLength;

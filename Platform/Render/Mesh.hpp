@@ -1,4 +1,4 @@
-// Triangles on the GPU whose parts each have a color and a texture placement of their own.
+// Triangles on the GPU, grouped into parts that each have a color and a texture placement.
 #pragma once
 
 #include <cstdint>
@@ -13,9 +13,9 @@
 
 namespace orivanta::render {
 
-/// Colors lie in one small texture and placements in another, one place a part, where the vertex
-/// shader fetches them: another color is one texel uploaded, and parts of different colors are
-/// drawn in one call. What has not changed is not uploaded again.
+/// Colors and placements are stored in two small textures, with one entry per part, which the
+/// vertex shader reads. Changing a color therefore uploads one texel, and parts of different colors
+/// can share a draw call. Unchanged data is not uploaded again.
 class Mesh {
  public:
   using Vertex = scene::Batch::Vertex;
@@ -24,13 +24,13 @@ class Mesh {
 
   Mesh();
 
-  /// Takes over the whole of the geometry, of which vertices and indices before the given places
-  /// are those that were handed over last.
+  /// Sets the whole geometry. The vertices and indices before the given positions must be the same
+  /// as in the last call.
   void setGeometry(std::span<const Vertex> vertices, std::span<const std::uint32_t> indices,
                    std::vector<MeshPart> parts, std::size_t unchangedVertices,
                    std::size_t unchangedIndices, FrameStatistics& statistics);
 
-  /// Replaces some vertices; where their parts are is the caller's to update.
+  /// Replaces some vertices. The caller updates the bounding boxes of their parts.
   void setVertices(std::size_t first, std::span<const Vertex> vertices,
                    FrameStatistics& statistics);
   void setPlace(std::size_t part, const graphics::Box& box, bool isShell) {
@@ -38,18 +38,18 @@ class Mesh {
     parts_[part].isShell = isShell;
   }
 
-  /// One look for each part.
+  /// One look per part.
   void setLooks(std::span<const PartLook> looks, FrameStatistics& statistics);
 
   std::span<const MeshPart> parts() const { return parts_; }
 
-  /// Differs from that of every other mesh, and from its own before a change of geometry.
+  /// Unique among all meshes; changes when the geometry changes.
   std::uint64_t revision() const { return revision_; }
 
-  /// Ready to draw: the colors at texture unit 0, the placements at unit 1.
+  /// Binds everything for drawing, with the colors at texture unit 0 and the placements at unit 1.
   void bind() const;
 
-  /// The mesh is bound.
+  /// The mesh must be bound.
   static void draw(std::span<const Run> runs, FrameStatistics& statistics);
 
  private:

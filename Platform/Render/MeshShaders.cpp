@@ -8,14 +8,13 @@ namespace orivanta::render {
 
 namespace {
 
-// Light is handed over in the camera's space.
+// Lights are specified in the camera's space.
 constexpr std::string_view lights = R"(
 uniform vec3 ambient;
 #if LIGHTS > 0
-uniform vec4 lightPlaces[LIGHTS];      // a position and 1, or the way (of length 1) to a light far
-                                       // away and 0
-uniform vec4 lightDirections[LIGHTS];  // where a cone points, and the cosine at its outer edge
-uniform vec4 lightColors[LIGHTS];      // and the cosine at the inner edge of the cone
+uniform vec4 lightPlaces[LIGHTS];      // a position and 1, or the direction to the light and 0
+uniform vec4 lightDirections[LIGHTS];  // direction of the cone; cosine at its outer edge
+uniform vec4 lightColors[LIGHTS];      // color; cosine at the inner edge of the cone
 #endif
 uniform mat4 viewToShadow;
 uniform float shadowOffset;
@@ -25,8 +24,8 @@ vec3 shadowPoint(vec3 viewPoint, vec3 normal) {
 }
 )";
 
-// Faces that are seen from their front alone, lit by lights far away, have their light decided at
-// their corners, but for what the shadow takes away.
+// For faces drawn from the front only, with distant lights, light is computed at the corners,
+// except for shadows.
 constexpr std::string_view litVertex = R"(
 layout(location = 0) in vec3 position;
 layout(location = 1) in vec3 normal;
@@ -76,9 +75,9 @@ void main() {
 }
 )";
 
-// The surface reflects what falls on it evenly in all directions (Lambert), in linear space. More
-// light than full makes nothing brighter, so that a color lit fully is shown as it is. What is
-// written is encoded for sRGB here, once for all samples of a pixel.
+// Diffuse reflection (Lambert) in linear space. Light is limited to full brightness, so that a
+// fully lit color is shown unchanged. The output is encoded as sRGB here, once for all samples of a
+// pixel.
 constexpr std::string_view litFragment = R"(
 in vec2 imagePoint;
 flat in vec4 partColor;
@@ -87,8 +86,8 @@ uniform sampler2DShadow shadowMap;
 uniform float shadowTexel;
 out vec4 color;
 
-// Four filtered comparisons, half a texel off the middle: a soft edge over 3 by 3 texels. Beyond
-// the map its margin counts, where nothing casts.
+// Four filtered comparisons, half a texel off the center, give a soft edge over 3 by 3 texels.
+// Points outside the map read its margin, which contains no shadow casters.
 float lightThroughShadow(vec3 p) {
   float h = 0.5 * shadowTexel;
   return 0.25 * (texture(shadowMap, p + vec3(-h, -h, 0.0)) + texture(shadowMap, p + vec3(h, -h, 0.0)) +
@@ -112,8 +111,7 @@ vec3 incomingLight() {
 in vec3 viewPosition;
 in vec3 viewNormal;
 
-// Normals are towards whoever looks, wherever a triangle's corners begin; where there is none, it
-// is the triangle's own.
+// Turns the normal toward the viewer. A missing normal is replaced by the triangle's.
 vec3 surfaceNormal() {
   vec3 n = dot(viewNormal, viewNormal) > 0.25
       ? viewNormal : cross(dFdx(viewPosition), dFdy(viewPosition));
@@ -141,7 +139,7 @@ vec3 incomingLight() {
 }
 #endif
 
-// The curve of sRGB to within a tenth of a step of 255, without its costly power.
+// Approximates the sRGB curve to within a tenth of a step of 255, without the expensive power.
 vec3 encode(vec3 linear) {
   vec3 root = sqrt(linear);
   vec3 curve = -0.076901 + 0.833779 * root + 0.298092 * sqrt(root) - 0.055331 * linear;

@@ -1,4 +1,4 @@
-// The programs that draw meshes.
+// The shader programs for meshes.
 #pragma once
 
 #include <map>
@@ -9,19 +9,19 @@
 
 namespace orivanta::render {
 
-/// What a program is made for.
+/// The variant of a program.
 struct MeshFeatures {
   bool textured = false;
   bool shadowed = false;    ///< the first light casts shadows
-  bool frontAlone = false;  ///< faces from behind are not drawn, and all lights are far away
-  int lights = 0;           ///< besides the ambient one
+  bool frontAlone = false;  ///< back faces are not drawn, and all lights are distant
+  int lights = 0;           ///< not counting ambient light
   friend bool operator<(const MeshFeatures& a, const MeshFeatures& b) {
     return std::tie(a.textured, a.shadowed, a.frontAlone, a.lights) <
            std::tie(b.textured, b.shadowed, b.frontAlone, b.lights);
   }
 };
 
-/// Lit surfaces. Lights are handed over in the camera's space.
+/// The program for lit surfaces. Lights are specified in the camera's space.
 struct MeshProgram {
   static constexpr int mostLights = 8;
 
@@ -39,7 +39,7 @@ struct MeshProgram {
   GLint shadowTexel;
 };
 
-/// Depth alone, for the shadow map.
+/// The program for the shadow map, which writes only depth.
 struct DepthProgram {
   DepthProgram();
 
@@ -47,7 +47,7 @@ struct DepthProgram {
   GLint meshToClip;
 };
 
-/// Made when they are first asked for.
+/// Programs are created when they are first used.
 class MeshShaders {
  public:
   const MeshProgram& lit(const MeshFeatures& features);

@@ -11,7 +11,7 @@ namespace orivanta::render {
 
 namespace {
 
-// Rows from the top, while v runs upwards.
+// Image rows are counted from the top, but v from the bottom.
 Placement placementOf(const graphics::Matrix4& matrix) {
   return {matrix[0][0],  matrix[1][0],  matrix[2][0],  matrix[3][0],
           -matrix[0][1], -matrix[1][1], -matrix[2][1], 1.0F - matrix[3][1]};

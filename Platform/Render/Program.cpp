@@ -31,7 +31,7 @@ GLuint compile(GLenum kind, std::string_view definitions, std::string_view sourc
   std::array<const char*, 3> texts{};
   std::array<GLint, 3> lengths{};
   for (std::size_t i = 0; i < parts.size(); ++i) {
-    texts[i] = parts[i].empty() ? "" : parts[i].data();  // a null text is an error
+    texts[i] = parts[i].empty() ? "" : parts[i].data();  // null is not allowed
     lengths[i] = static_cast<GLint>(parts[i].size());
   }
   const GLuint shader = glCreateShader(kind);

@@ -9,12 +9,12 @@
 
 namespace orivanta::render {
 
-/// GLSL ES 3.00, with high precision throughout. Setting a uniform needs `use` before; one that
-/// the program does not have is passed over.
+/// GLSL ES 3.00 with high precision. Call `use` before setting uniforms; uniforms that the program
+/// does not have are ignored.
 class Program {
  public:
-  /// `definitions` (lines of #define) come before both sources, which have no #version of their
-  /// own. A shader that the driver refuses is a fatal error.
+  /// `definitions` (lines of #define) precede both sources, which have no #version line. If the
+  /// driver rejects a shader, the program stops with a fatal error.
   Program(std::string_view definitions, std::string_view vertex, std::string_view fragment);
   ~Program();
   Program(const Program&) = delete;
@@ -28,7 +28,7 @@ class Program {
   void set(GLint uniform, float x, float y) const { glUniform2f(uniform, x, y); }
   void set(GLint uniform, float value) const { glUniform1f(uniform, value); }
 
-  /// The texture unit of a sampler; binds the program.
+  /// Sets the texture unit of a sampler. Binds the program.
   void setSampler(const char* name, GLint unit) const;
 
  private:

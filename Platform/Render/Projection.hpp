@@ -1,4 +1,4 @@
-// What the matrix of a perspective projection says.
+// Properties of a perspective projection matrix.
 #pragma once
 
 #include "Platform/Graphics/Vector.hpp"
@@ -13,7 +13,7 @@ inline float farPlane(const graphics::Matrix4& projection) {
   return projection[3][2] / (projection[2][2] + 1);
 }
 
-/// What a pixel covers at a distance, in a picture of so many pixels from top to bottom.
+/// The scene units that a pixel covers at a distance, in a frame of `height` pixels.
 inline float unitsPerPixel(float distance, const graphics::Matrix4& projection, int height) {
   return 2 * distance / (projection[1][1] * static_cast<float>(height));
 }

@@ -7,7 +7,7 @@ namespace orivanta::render {
 
 namespace {
 
-// Corners reach a pixel beyond the edges, for the part of an edge's pixels that it covers.
+// Corners extend one pixel beyond the edges, for pixels that are partly covered.
 constexpr std::string_view vertexSource = R"(
 layout(location = 0) in vec2 centre;
 layout(location = 1) in vec2 halfSize;
@@ -15,7 +15,7 @@ layout(location = 2) in vec2 turn;
 layout(location = 3) in float cornerRadius;
 layout(location = 4) in vec4 color;
 uniform vec2 pictureSize;
-out vec2 point;  // pixels from the centre, along the rectangle's own axes
+out vec2 point;  // pixels from the center, along the rectangle's axes
 flat out vec2 reach;
 flat out float radius;
 flat out vec4 tint;

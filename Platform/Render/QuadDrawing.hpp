@@ -1,4 +1,4 @@
-// Draws the rectangles of a frame's 2D picture.
+// Draws the rectangles of a 2D frame.
 #pragma once
 
 #include <span>
@@ -13,14 +13,14 @@
 
 namespace orivanta::render {
 
-/// Later ones cover earlier ones; neighbors with the same contents share a draw. Colors are
-/// blended as sRGB encodes them.
+/// Later rectangles cover earlier ones. Adjacent ones with the same contents share a draw call.
+/// Colors are blended as sRGB values.
 class QuadDrawing {
  public:
   explicit QuadDrawing(ImageTextures& images);
 
-  /// Into the framebuffer that is bound, of which the picture takes the lower left `width` by
-  /// `height` pixels. `scenes` are finished.
+  /// Draws to the lower left `width` by `height` pixels of the bound framebuffer. The scenes must
+  /// be finished.
   void draw(std::span<const Quad> quads, std::span<const SceneTarget> scenes, GLsizei width,
             GLsizei height, FrameStatistics& statistics);
 

@@ -73,8 +73,8 @@ struct Renderer::Resources {
   ImageTextures images;
   SceneRenderer scenes{images};
   QuadDrawing quads{images};
-  std::vector<SceneTarget> targets;  ///< one a scene of a frame
-  std::vector<SceneSnapshot> shown;  ///< what each of them shows
+  std::vector<SceneTarget> targets;  ///< one per scene of a frame
+  std::vector<SceneSnapshot> shown;  ///< the contents of each target
   FrameStatistics statistics;
 
   void drawScenes(std::vector<PaintedScene>& painted);
@@ -113,7 +113,7 @@ void Renderer::render(view::View& view, graphics::Size size, double scale, doubl
   glClear(GL_COLOR_BUFFER_BIT);
   resources.quads.draw(quads, resources.targets, width, height, resources.statistics);
   glDisable(GL_SCISSOR_TEST);
-  glBindVertexArray(0);  // whoever draws next describes attributes of their own
+  glBindVertexArray(0);  // so that other code does not change the attributes of our vertex array
   resources.images.collect();
   resources.scenes.collect();
   resources.gatherer.collect();

@@ -14,11 +14,11 @@ namespace {
 
 using Nodes = std::vector<std::shared_ptr<scene::Node>>;
 
-// Fewer parts are merged with all other single nodes instead.
+// Models with fewer parts are merged with the other single nodes instead.
 constexpr std::size_t fewestOfModel = 16;
 
-// Whether the first two geometries of the children differ but refer to the same vertices, as the
-// parts of one model do.
+// Whether the first two geometries of the children differ but share vertices, like the parts of one
+// model.
 bool arePartsOfModel(std::span<const std::shared_ptr<scene::Node>> children) {
   if (children.size() < fewestOfModel) return false;
   std::shared_ptr<scene::Geometry> first;
@@ -35,7 +35,7 @@ bool arePartsOfModel(std::span<const std::shared_ptr<scene::Node>> children) {
 
 }  // namespace
 
-// One walk through a scene.
+// One traversal of a scene.
 class SceneGatherer::Walk {
  public:
   Walk(SceneGatherer& gatherer, SceneSnapshot& snapshot, double time)
@@ -93,7 +93,7 @@ class SceneGatherer::Walk {
 
 SceneSnapshot SceneGatherer::gather(const view::SceneView& view, double time) {
   SceneSnapshot snapshot;
-  // What is translucent has been drawn by the view itself, below the scene.
+  // A translucent background is drawn by the view, below the scene.
   if (const auto color = view.backgroundColor(); color && color->alpha >= 1)
     snapshot.background = *color;
   const auto viewpoint = view.viewpoint();

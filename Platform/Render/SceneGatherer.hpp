@@ -1,4 +1,4 @@
-// Copies out of a scene what a frame shows of it.
+// Copies from a scene what a frame needs.
 #pragma once
 
 #include <unordered_map>
@@ -7,14 +7,14 @@
 
 namespace orivanta::render {
 
-/// A node whose many children share vertex data is drawn as a batch even if nobody prepared one: it
-/// is made here, and kept as long as the node lives.
+/// If many children of a node share vertex data, they are drawn as a batch. A batch that was not
+/// prepared is made here and kept as long as the node exists.
 class SceneGatherer {
  public:
-  /// Any thread's changes wait meanwhile.
+  /// Runs in a transaction, so changes on other threads wait.
   SceneSnapshot gather(const view::SceneView& view, double time);
 
-  /// Forgets the batches of nodes that are gone.
+  /// Deletes the batches of nodes that no longer exist.
   void collect();
 
  private:

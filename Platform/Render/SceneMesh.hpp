@@ -1,4 +1,4 @@
-// A mesh as it stands in a scene for one frame.
+// A mesh and its placement in a scene for one frame.
 #pragma once
 
 #include <span>
@@ -9,19 +9,19 @@
 
 namespace orivanta::render {
 
-/// Refers to what the frame's drawing keeps.
+/// Refers to data that lives until the frame is drawn.
 struct SceneMesh {
   const Mesh* mesh;
-  std::span<const PartLook> looks;  ///< one a part
+  std::span<const PartLook> looks;  ///< one per part
   graphics::Matrix4 world;
 
-  /// Layers by which all parts are raised. What is shown on a floor is raised like the floor's
-  /// highest layer, so that it does not sink into it.
+  /// The number of layers by which all parts are raised. Objects on a floor are raised like the
+  /// floor's highest layer, so that it does not cover them.
   int raised = 0;
 
   std::span<const MeshPart> parts() const { return mesh->parts(); }
 
-  /// Of all parts, in the mesh's space.
+  /// The bounding box of all parts in the mesh's space.
   graphics::Box box() const {
     graphics::Box box;
     for (const MeshPart& part : parts()) box.add(part.box);
@@ -29,7 +29,7 @@ struct SceneMesh {
   }
 };
 
-/// Around a box in another space.
+/// The bounding box of a box after a transform.
 graphics::Box transformed(const graphics::Box& box, const graphics::Matrix4& matrix);
 
 }  // namespace orivanta::render

@@ -39,8 +39,8 @@ ScenePass::ScenePass(const SceneSight& sight, std::span<const SceneMesh> meshes,
   tightenDepth();
 }
 
-// The camera's planes often leave much room around the scene; depth is told apart more finely when
-// they lie close around what there is. The picture is the same.
+// The camera's near and far planes often enclose much more than the scene. Moving them closer
+// improves the depth precision without changing the rendered image.
 void ScenePass::tightenDepth() {
   graphics::Box box;  // in the camera's space
   for (const SceneMesh& mesh : meshes_) box.add(transformed(mesh.box(), view_ * mesh.world));
@@ -73,7 +73,7 @@ bool ScenePass::sees(const SceneMesh& mesh, std::size_t part) const {
   return sightOf(mesh).frustum.sees(mesh.parts()[part].box);
 }
 
-// The near plane cuts bodies open.
+// The near plane may cut bodies open, so that their back faces become visible.
 bool ScenePass::seesFrontAlone(const SceneMesh& mesh, std::size_t part) const {
   const MeshPart& seen = mesh.parts()[part];
   const MeshSight& sight = sightOf(mesh);
@@ -111,7 +111,7 @@ void ScenePass::drawColors(const SceneMesh& mesh, std::span<const Run> runs, boo
   Mesh::draw(runs, statistics_);
 }
 
-// Parts with the same image that lie side by side in a mesh share a draw.
+// Adjacent parts of a mesh with the same image share a draw call.
 void ScenePass::drawOpaqueImages() {
   for (const SceneMesh& mesh : meshes_) {
     std::size_t part = 0;
@@ -143,7 +143,7 @@ void ScenePass::drawOpaqueImages() {
   }
 }
 
-// Back to front by the middle of each part's box, without a trace in the depth buffer.
+// Draws back to front, by the centers of the parts' boxes, without writing to the depth buffer.
 void ScenePass::drawTranslucent() {
   std::vector<std::pair<float, Place>> places;
   for (const SceneMesh& mesh : meshes_)
@@ -190,9 +190,9 @@ void ScenePass::use(bool textured, bool frontAlone) {
   program.program.set(program.shadowTexel, shadows_->texel());
 }
 
-// Brings each layer closer to the camera than the one below it: by so much depth as the faces of a
-// plane may differ in by rounding. How far apart they come by the rounding of their corners to
-// fractions of a pixel depends on the slope of the plane.
+// Moves each layer closer to the camera than the one below. The constant offset covers rounding of
+// depth values in a plane. The offset by slope covers the rounding of corners to fractions of a
+// pixel.
 void ScenePass::setLayer(const SceneMesh& mesh, std::size_t part) {
   constexpr float shareOfSlope = 1.0F / 64;
   constexpr float leastSteps = 8;

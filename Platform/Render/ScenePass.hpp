@@ -1,4 +1,4 @@
-// Draws the meshes of a scene once: what is opaque, what has images, what is translucent.
+// Draws the meshes of a scene: opaque parts, parts with images, translucent parts.
 #pragma once
 
 #include <span>
@@ -12,22 +12,22 @@
 
 namespace orivanta::render {
 
-/// How a scene is seen and lit.
+/// The camera and the lights of a scene.
 struct SceneSight {
   graphics::Matrix4 view;
   graphics::Matrix4 projection;
   const Lighting& lighting;
-  const ShadowMap* shadows;  ///< null when nothing casts any
+  const ShadowMap* shadows;  ///< null if nothing casts shadows
 };
 
-/// Refers to what it is made of. Meshes that come first are drawn first, so that what is known to
-/// lie in front saves drawing what it covers.
+/// Keeps references to its arguments. Meshes are drawn in order; drawing those in front first saves
+/// work on what they cover.
 class ScenePass {
  public:
   ScenePass(const SceneSight& sight, std::span<const SceneMesh> meshes, MeshShaders& shaders,
             ImageTextures& images, FrameStatistics& statistics);
 
-  /// Into the framebuffer that is bound.
+  /// Draws to the bound framebuffer.
   void draw();
 
  private:
@@ -36,7 +36,7 @@ class ScenePass {
     std::size_t part;
   };
 
-  /// In the space of one mesh.
+  /// Data in the space of one mesh.
   struct MeshSight {
     Frustum frustum;
     float cameraHeight;
@@ -55,7 +55,7 @@ class ScenePass {
   void bindImage(const PartLook& look);
   bool sees(const SceneMesh& mesh, std::size_t part) const;
 
-  /// Whether faces that are turned away from the camera do not show.
+  /// Whether back faces of the part are never visible.
   bool seesFrontAlone(const SceneMesh& mesh, std::size_t part) const;
 
   graphics::Matrix4 view_;
@@ -63,7 +63,7 @@ class ScenePass {
   const Lighting& lighting_;
   const ShadowMap* shadows_;
   std::span<const SceneMesh> meshes_;
-  std::vector<MeshSight> sights_;  ///< one a mesh
+  std::vector<MeshSight> sights_;  ///< one per mesh
   MeshShaders& shaders_;
   ImageTextures& images_;
   FrameStatistics& statistics_;

@@ -30,7 +30,7 @@ std::vector<MeshPart> partsOf(const scene::Batch& batch) {
   return parts;
 }
 
-// Scene units that a pixel covers where the camera comes nearest to a mesh.
+// The scene units that a pixel covers at the point of the meshes nearest to the camera.
 float smallestDetail(std::span<const SceneMesh> meshes, const graphics::Matrix4& view,
                      const graphics::Matrix4& projection, int height) {
   float nearest = std::numeric_limits<float>::max();
@@ -39,7 +39,7 @@ float smallestDetail(std::span<const SceneMesh> meshes, const graphics::Matrix4&
   return unitsPerPixel(std::max(nearest, nearPlane(projection)), projection, height);
 }
 
-// Removes the entries whose owner, a weak handle, is gone.
+// Removes the entries whose owner, a weak reference, no longer exists.
 template <class Entries, class Owner>
 void removeOrphans(Entries& entries, Owner owner) {
   for (auto entry = entries.begin(); entry != entries.end();)

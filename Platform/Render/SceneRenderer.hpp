@@ -1,4 +1,4 @@
-// Draws 3D scenes, and keeps on the GPU what they are made of.
+// Draws 3D scenes, and keeps their data on the GPU.
 #pragma once
 
 #include <map>
@@ -21,11 +21,11 @@ class SceneRenderer {
  public:
   explicit SceneRenderer(ImageTextures& images);
 
-  /// Draws into `target` and makes its texture.
+  /// Draws into `target` and finishes its texture.
   void render(const SceneSnapshot& snapshot, const SceneTarget& target,
               FrameStatistics& statistics);
 
-  /// Lets go of what belongs to batches and scenes that are gone.
+  /// Deletes the data of batches and scenes that no longer exist.
   void collect();
 
  private:
@@ -34,7 +34,7 @@ class SceneRenderer {
     Mesh mesh;
   };
 
-  /// What is kept for one scene.
+  /// The data kept for one scene.
   struct SceneState {
     std::weak_ptr<const scene::Scene> scene;
     LooseMesh loose;

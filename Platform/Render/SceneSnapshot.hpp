@@ -1,4 +1,4 @@
-// What a frame shows of a scene, copied out of it so that it may change meanwhile.
+// A copy of what a frame shows of a scene, so that the scene may change while it is drawn.
 #pragma once
 
 #include <memory>
@@ -15,7 +15,7 @@
 
 namespace orivanta::render {
 
-/// The children of one node that are drawn from one merged mesh; `looks` go with the batch's parts.
+/// The children of one node, drawn from one merged mesh; `looks` correspond to the batch's parts.
 struct BatchInScene {
   std::shared_ptr<const scene::Batch> batch;
   graphics::Matrix4 world;
@@ -24,7 +24,7 @@ struct BatchInScene {
   friend bool operator==(const BatchInScene&, const BatchInScene&) = default;
 };
 
-/// One element of the geometry of a node that is in no batch.
+/// One element of a geometry whose node is not in a batch.
 struct LoosePart {
   std::shared_ptr<const scene::Geometry> geometry;
   std::size_t element;
@@ -36,20 +36,20 @@ struct LoosePart {
 
 struct LightInScene {
   scene::Light light;
-  graphics::Matrix4 world;  ///< of its node
+  graphics::Matrix4 world;  ///< of the node
 
   friend bool operator==(const LightInScene&, const LightInScene&) = default;
 };
 
-/// In the scene's space. Equal ones give equal pictures.
+/// In the scene's space. Equal snapshots produce equal images.
 struct SceneSnapshot {
-  std::shared_ptr<const scene::Scene> scene;  ///< null when there is nothing to see
+  std::shared_ptr<const scene::Scene> scene;  ///< null if nothing is visible
   graphics::Matrix4 view{1.0F};
   graphics::Matrix4 projection{1.0F};
   graphics::Color background = graphics::colors::clear;
   std::vector<BatchInScene> batches;
   std::vector<LoosePart> loose;
-  std::vector<LightInScene> lights;  ///< none of them for a scene that is lit fully
+  std::vector<LightInScene> lights;  ///< empty for a scene that is fully lit
 
   friend bool operator==(const SceneSnapshot&, const SceneSnapshot&) = default;
 };

@@ -16,7 +16,7 @@ constexpr GLint wantedSamples = 4;
 constexpr GLenum colorFormat = GL_RGBA8;
 constexpr GLenum depthFormat = GL_DEPTH_COMPONENT24;
 
-// Formats are listed with their largest number first.
+// The driver lists the sample counts of a format in descending order.
 GLint mostSamples(GLenum format) {
   GLint samples = 0;
   glGetInternalformativ(GL_RENDERBUFFER, format, GL_SAMPLES, 1, &samples);
@@ -27,7 +27,7 @@ bool isComplete() { return glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEB
 
 }  // namespace
 
-// A driver may name more than it gives.
+// A driver may report more samples than it supports.
 GLint supportedSamples() {
   constexpr GLsizei side = 16;
   const GLint named = std::min({wantedSamples, mostSamples(colorFormat), mostSamples(depthFormat)});

@@ -1,4 +1,4 @@
-// Where a 3D scene is drawn: a multisampled framebuffer, and the texture that it becomes.
+// The target of a 3D scene: a multisampled framebuffer and the resolved texture.
 #pragma once
 
 #include "Platform/Render/Gl.hpp"
@@ -7,21 +7,22 @@ namespace orivanta::render {
 
 class SceneTarget {
  public:
-  /// Sides in pixels. `samples`: for each pixel; 0 or 1 for none beyond the pixel's own. Takes
-  /// fewer where the driver refuses so many; one that refuses even none is a fatal error.
+  /// Width and height are in pixels. `samples` is the number per pixel; 0 or 1 disables
+  /// multisampling. If the driver rejects the number, fewer are used. If it rejects even a target
+  /// without multisampling, the program stops with a fatal error.
   SceneTarget(GLsizei width, GLsizei height, GLint samples);
 
   GLsizei width() const { return width_; }
   GLsizei height() const { return height_; }
-  GLint samples() const { return samples_; }  ///< as far as the driver allows them
+  GLint samples() const { return samples_; }  ///< the number actually used
 
-  /// Draw into it from now on.
+  /// Directs drawing to this target.
   void begin() const;
 
-  /// Makes the texture of what was drawn. Nothing more is drawn into it before `begin`.
+  /// Resolves the samples into the texture. Call `begin` before drawing again.
   void finish() const;
 
-  /// Rows from the bottom, sRGB values multiplied by the alpha.
+  /// Rows from the bottom; premultiplied sRGB values.
   GLuint texture() const { return texture_.get(); }
 
  private:
@@ -38,7 +39,7 @@ class SceneTarget {
   gl::Framebuffer resolved_;
 };
 
-/// 4, or the most that the driver allows for what a `SceneTarget` needs.
+/// 4, or the maximum that the driver supports for a `SceneTarget`.
 GLint supportedSamples();
 
 }  // namespace orivanta::render

@@ -17,7 +17,7 @@ using graphics::Vector3;
 
 bool casts(const PartLook& look) { return look.visible && look.castsShadow && !look.translucent; }
 
-// Only the turn, so that the map does not depend on where the light stands.
+// Only the rotation, so that the map does not depend on the light's position.
 Matrix4 sceneToLight(const Matrix4& lightWorld) {
   Matrix4 turn = lightWorld;
   turn[3] = {0, 0, 0, 1};
@@ -29,8 +29,8 @@ float extentOf(const Box& box) {
   return std::max({box.max.x - box.min.x, box.max.y - box.min.y, 1e-3F});
 }
 
-// The least that shows `wanted` texels side by side; fewer than now only when there is room to
-// spare, so that a camera that moves to and fro does not draw the map each time.
+// The smallest size with `wanted` texels per side. The size shrinks only with some reserve, so that
+// small camera movements do not redraw the map.
 int sideFor(float wanted, int now) {
   constexpr int least = 1024;
   const int most = std::min(4096, gl::parameter(GL_MAX_TEXTURE_SIZE));
@@ -113,7 +113,7 @@ void ShadowMap::findBox(std::span<const SceneMesh> meshes) {
   }
 }
 
-// With a margin of a few texels, and of some depth for flat scenes.
+// Adds a margin of a few texels, and some depth for flat scenes.
 void ShadowMap::fit() {
   const float texel = extentOf(box_) / static_cast<float>(side_);
   const float depthMargin = 4 * texel + (box_.max.z - box_.min.z) * 0.01F;

@@ -1,4 +1,4 @@
-// How far a light far away reaches into a scene.
+// The shadow map of a directional light.
 #pragma once
 
 #include <cstdint>
@@ -11,27 +11,27 @@
 
 namespace orivanta::render {
 
-/// A depth map along the light's direction, around all that casts shadows: visible parts whose
-/// node casts them, unless they are translucent. Drawn again only when it would look different, and
-/// when the camera has come so close, or gone so far, that more or fewer texels serve.
+/// A depth map along the light's direction that covers all shadow casters: visible opaque parts
+/// whose node casts shadows. It is redrawn only if its contents change, or if the camera's distance
+/// requires a different resolution.
 class ShadowMap {
  public:
-  /// `lightWorld`: of the node that holds the light, which shines along its negative z axis.
-  /// `unitsPerPixel`: how small the details are that the camera sees. False when nothing casts a
-  /// shadow. Leaves another framebuffer bound.
+  /// `lightWorld` is the matrix of the light's node; light shines along its negative z axis.
+  /// `unitsPerPixel` is the size of the smallest details that the camera sees. Returns false if
+  /// nothing casts a shadow. Binds another framebuffer.
   bool update(const graphics::Matrix4& lightWorld, std::span<const SceneMesh> meshes,
               float unitsPerPixel, MeshShaders& shaders, FrameStatistics& statistics);
 
   void bind(GLint unit) const;
 
-  /// From the scene's space to texture coordinates and depth, all from 0 to 1.
+  /// Maps from the scene's space to texture coordinates and depth, all from 0 to 1.
   const graphics::Matrix4& sceneToMap() const { return sceneToMap_; }
 
-  /// How far a point is moved off its surface before it is looked up, in scene units: a little
-  /// more than a texel, so that no surface shades itself.
+  /// How far a point is moved away from its surface before the lookup, in scene units: slightly
+  /// more than a texel, so that surfaces do not shade themselves.
   float offset() const { return offset_; }
 
-  float texel() const { return 1.0F / static_cast<float>(side_); }  ///< a share of the map's side
+  float texel() const { return 1.0F / static_cast<float>(side_); }  ///< relative to the map's side
 
  private:
   struct Caster {
@@ -50,13 +50,13 @@ class ShadowMap {
 
   gl::Texture depth_;
   gl::Framebuffer framebuffer_;
-  std::vector<Caster> casters_;  ///< what the map shows
+  std::vector<Caster> casters_;  ///< the contents of the map
   graphics::Matrix4 lightWorld_{0.0F};
   graphics::Matrix4 sceneToClip_{1.0F};
   graphics::Matrix4 sceneToMap_{1.0F};
   float offset_ = 0.0F;
-  graphics::Box box_;  ///< of what casts, in the light's space, whose origin is the scene's
-  int side_ = 0;       ///< texels
+  graphics::Box box_;  ///< of the casters in the light's space, which has the scene's origin
+  int side_ = 0;       ///< in texels
 };
 
 }  // namespace orivanta::render

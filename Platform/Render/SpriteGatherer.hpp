@@ -1,4 +1,4 @@
-// What a 2D scene shows, in the order in which it is drawn.
+// Collects the contents of a 2D scene in drawing order.
 #pragma once
 
 #include <memory>
@@ -10,7 +10,7 @@
 
 namespace orivanta::render {
 
-/// A picture of a sprite scene, its frame in the scene's coordinates.
+/// An image in a sprite scene, with its frame in the scene's coordinates.
 struct PlacedSprite {
   std::shared_ptr<const graphics::Image> image;
   graphics::Rect frame;
@@ -18,8 +18,8 @@ struct PlacedSprite {
   double alpha;
 };
 
-/// From the back to the front: by z position and, where it is the same, in the order of the tree.
-/// Texts are made with `scale` pixels per point. Under a transaction.
+/// Sorted from back to front: by z position, and in tree order where it is equal. Texts are
+/// rendered with `scale` pixels per point. Call within a transaction.
 std::vector<PlacedSprite> gatherSprites(const sprite::Scene& scene, double scale);
 
 }  // namespace orivanta::render

@@ -60,7 +60,7 @@ void Node::setHidden(bool hidden) { assign(hidden_, hidden); }
 
 std::vector<std::shared_ptr<Node>> Node::children() const { return read(children_); }
 
-// A parent whose last handle is just going on another thread counts as gone.
+// Returns null if the parent is being destroyed on another thread.
 std::shared_ptr<Node> Node::parent() const {
   const Transaction transaction;
   return parent_ == nullptr ? nullptr : parent_->weak_from_this().lock();
@@ -69,7 +69,7 @@ std::shared_ptr<Node> Node::parent() const {
 bool Node::hasParent() const { return parent() != nullptr; }
 
 void Node::addChild(const std::shared_ptr<Node>& child) {
-  std::shared_ptr<Node> added = child;  // `child` may lie in the list that it leaves
+  std::shared_ptr<Node> added = child;  // `child` may be in the list that it leaves
   if (!added) foundation::fatalError("a sprite node cannot hold a child that is null");
   const Transaction transaction;
   for (const Node* above = this; above != nullptr; above = above->parent_)
@@ -82,7 +82,7 @@ void Node::addChild(const std::shared_ptr<Node>& child) {
 
 void Node::removeFromParent() {
   const std::shared_ptr<Node> self =
-      weak_from_this().lock();  // the parent's may be the last handle
+      weak_from_this().lock();  // the parent may hold the last reference
   const Transaction transaction;
   if (parent_ == nullptr) return;
   parent_->detach(*this);
@@ -173,7 +173,7 @@ ImageHandle LabelNode::image(double scale) const {
   return image_;
 }
 
-// Whatever scale the picture was last asked for does: the size in points hardly depends on it.
+// The size in points hardly depends on the scale, so any scale will do.
 Rect LabelNode::localFrame() const {
   const Transaction transaction;
   const auto picture = image(imageScale_ > 0.0 ? imageScale_ : foundation::mainScreenScale());

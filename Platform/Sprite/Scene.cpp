@@ -16,8 +16,8 @@ struct Foremost {
   double zPosition = 0.0;
 };
 
-// Walks from the back to the front, so that of equals the last one stays. `point` is in the
-// coordinates of `parent`.
+// Searches from back to front, so that the last node wins if several have the same z position.
+// `point` is in the coordinates of `parent`.
 void search(const Node& parent, Point point, double zPosition, Foremost& foremost) {
   for (const auto& child : parent.children()) {
     if (child->isHidden()) continue;

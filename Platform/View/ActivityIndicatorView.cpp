@@ -25,8 +25,8 @@ double side(ActivityIndicatorStyle style) {
   return style == ActivityIndicatorStyle::whiteLarge ? 37.0 : 20.0;
 }
 
-// How much of a pixel around `point` a spoke covers, a line from `innerRadius` to `outerRadius`
-// with round ends. In pixels from the wheel's center.
+// How much of the pixel around `point` a spoke covers. The spoke is a line from `innerRadius` to
+// `outerRadius` with round ends. In pixels from the wheel's center.
 double coverage(Point point, double angle, double innerRadius, double outerRadius,
                 double halfWidth) {
   const Point along{std::sin(angle), -std::cos(angle)};
@@ -35,8 +35,8 @@ double coverage(Point point, double angle, double innerRadius, double outerRadiu
   return std::clamp(halfWidth - distance + 0.5, 0.0, 1.0);
 }
 
-// The alpha of the wheel at a point, in pixels from its center: the spoke at the top is full, those
-// before it, which it has passed, ever paler.
+// The alpha of the wheel at a point, in pixels from its center. The spoke at the top is opaque, and
+// the spokes that it has passed are increasingly transparent.
 double alphaAt(Point point, double diameter) {
   double alpha = 0.0;
   for (int spoke = 0; spoke < spokeCount; ++spoke) {

@@ -23,7 +23,7 @@ void GestureRecognizer::setState(GestureState state) {
   if (begins && dispatcher_ != nullptr && !dispatcher_->claim(*this)) state = GestureState::failed;
   state_ = state;
   if (state == GestureState::possible || state == GestureState::failed) return;
-  // An action may add others, which are not called this time.
+  // Targets that an action adds are not called this time.
   const std::size_t count = targets_.size();
   for (std::size_t i = 0; i < count; ++i) {
     const Action action = targets_[i].second;

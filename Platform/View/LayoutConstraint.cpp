@@ -19,10 +19,10 @@ using graphics::Rect;
 constexpr double negligibleFactor = 1e-9;
 constexpr double negligibleLength = 1e-6;  // points
 
-// Unknowns of one child, in this order: left, top, width, height.
+// The unknowns of a child, in this order: left, top, width, height.
 enum Unknown : std::size_t { left, top, width, height, unknownsPerView };
 
-// A sum of unknowns, each with its factor, and a constant. As an equation, the sum is zero.
+// A sum of unknowns with factors, and a constant. As an equation, the sum is zero.
 struct Sum {
   std::vector<double> factors;
   double constant = 0.0;
@@ -33,10 +33,11 @@ struct Sum {
   }
 };
 
-// Equations with one unknown each that the others do not hold (Gauss and Jordan's elimination).
+// A system of equations in reduced form (Gauss-Jordan elimination): each has an unknown that does
+// not occur in the others.
 class LinearSystem {
  public:
-  // Takes the equation in unless what is there contradicts it, which it then tells.
+  // Adds the equation. Returns false if it contradicts earlier ones.
   bool add(Sum equation) {
     for (const Row& row : rows_) equation.add(row.sum, -equation.factors[row.unknown]);
     const auto largest =
@@ -52,7 +53,7 @@ class LinearSystem {
     return true;
   }
 
-  // Of an unknown, once there are as many equations as unknowns.
+  // The value of an unknown. Requires as many equations as unknowns.
   double value(std::size_t unknown) const {
     const auto row = std::find_if(rows_.begin(), rows_.end(),
                                   [&](const Row& each) { return each.unknown == unknown; });
@@ -68,7 +69,7 @@ class LinearSystem {
   std::vector<Row> rows_;
 };
 
-// The children whose frames are sought, and the edges of all that a constraint may be about.
+// The children to lay out, and the attributes that constraints may refer to.
 class Layout {
  public:
   explicit Layout(const View& superview) : superview_(superview) {
@@ -84,7 +85,7 @@ class Layout {
     return sum;
   }
 
-  // Nothing for `none`.
+  // Returns nothing for `none`.
   std::optional<Sum> attribute(const View& view, LayoutAttribute attribute) const {
     switch (attribute) {
       case LayoutAttribute::left:
@@ -111,7 +112,7 @@ class Layout {
     return std::nullopt;
   }
 
-  // first - second * multiplier - constant; nothing when that is no equation.
+  // first - second * multiplier - constant; nothing if that is not a valid equation.
   std::optional<Sum> equation(const LayoutConstraint& constraint) const {
     auto sum = attribute(*constraint.first, constraint.firstAttribute);
     if (!sum) return std::nullopt;
@@ -126,7 +127,7 @@ class Layout {
   }
 
  private:
-  // The origin and a share of the size that belongs to it.
+  // The origin plus a fraction of the corresponding size.
   Sum along(const View& view, Unknown origin, double share) const {
     Sum sum = part(view, origin);
     sum.add(part(view, origin == left ? width : height), share);
@@ -160,8 +161,8 @@ void report(const LayoutConstraint& constraint) {
       constraint.multiplier, constraint.constant));
 }
 
-// Those that the parent holds, but for those on itself alone, which are its own parent's matter;
-// then those that children hold on themselves alone.
+// The parent's constraints, except those on the parent alone, which its own parent handles,
+// followed by the children's constraints on themselves alone.
 std::vector<LayoutConstraint> gather(const View& superview, const Layout& layout) {
   const auto isAlone = [](const LayoutConstraint& constraint, const View& view) {
     return constraint.first == &view &&
@@ -187,7 +188,8 @@ void solveLayout(View& superview) {
     const auto equation = layout.equation(constraint);
     if (!equation || !system.add(*equation)) report(constraint);
   }
-  // What is still open keeps its value: one more equation, dropped where it contradicts.
+  // Unknowns that are still undetermined keep their current value: adds it as an equation, which
+  // has no effect if it contradicts earlier ones.
   const auto keep = [&](std::size_t child, Unknown which, double value) {
     Sum equation = layout.unknown(child, which);
     equation.constant = -value;

@@ -15,8 +15,8 @@ bool tellsAngle(graphics::Point span) { return std::hypot(span.x, span.y) >= lea
 
 void RotationGestureRecognizer::rebase() { last_ = span(); }
 
-// The angle between the two spans, from their scalar and vector products; y points downwards, so
-// clockwise is positive.
+// The angle between the two spans, from their dot and cross products. Clockwise is positive, since
+// y points down.
 bool RotationGestureRecognizer::follow() {
   const graphics::Point now = span();
   if (tellsAngle(now)) {

@@ -22,7 +22,7 @@ namespace {
 
 using Nodes = std::vector<std::shared_ptr<scene::Node>>;
 
-// What the first frame would otherwise have to compute.
+// Prepares what the first frame would otherwise have to compute.
 bool makeReady(const Nodes& nodes) try {
   for (const auto& node : nodes) {
     if (!node) continue;

@@ -40,7 +40,7 @@ void TapGestureRecognizer::fingerLeft(const Finger& finger, double time, bool ca
   if (++tapCount_ >= numberOfTapsRequired) setState(GestureState::ended);
 }
 
-// Between two taps of several nothing has been decided, and the count stays.
+// Between the taps of a multiple tap nothing is decided yet, so the count is kept.
 void TapGestureRecognizer::reset() {
   if (state() != GestureState::possible) tapCount_ = 0;
   mostFingers_ = 0;

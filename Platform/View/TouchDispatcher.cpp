@@ -13,7 +13,7 @@ namespace orivanta::view {
 
 namespace {
 
-// Points; far beyond any screen, and what is computed from such places stays finite.
+// Points; larger than any screen, and small enough for finite results.
 constexpr double farthestPlace = 1e6;
 
 using Recognizers = std::vector<std::shared_ptr<GestureRecognizer>>;
@@ -22,9 +22,9 @@ struct Finger {
   std::uint64_t identifier;
   graphics::Point position;
   std::weak_ptr<View> view;
-  std::vector<std::weak_ptr<GestureRecognizer>> recognizers;  // from the view upwards
+  std::vector<std::weak_ptr<GestureRecognizer>> recognizers;  // from the touched view up
 
-  // Those that still exist and belong to a view.
+  // The recognizers that still exist and belong to a view.
   Recognizers presentRecognizers() const {
     Recognizers present;
     for (const auto& held : recognizers)
@@ -74,7 +74,7 @@ struct TouchDispatcher::Session {
     return all;
   }
 
-  // The others that share a finger with one and may not run at the same time.
+  // Other recognizers that share a finger with `of` and must not run at the same time.
   Recognizers rivals(const GestureRecognizer& of) const {
     Recognizers rivals;
     for (const Finger& finger : fingers) {
@@ -88,9 +88,9 @@ struct TouchDispatcher::Session {
     return rivals;
   }
 
-  // Makes sense of a touch as it stands at that moment; false when there is none.
+  // Corrects a touch for the current state. Returns false if it must be ignored.
   bool normalise(Touch& touch) {
-    time = std::max(time, touch.time);  // a NaN changes nothing
+    time = std::max(time, touch.time);  // NaN has no effect
     touch.time = time;
     const auto finger = find(touch.identifier);
     const bool isSomewhere =
@@ -102,7 +102,7 @@ struct TouchDispatcher::Session {
     return true;
   }
 
-  // The recognizers that a landing finger belongs to are those that there are now.
+  // A new finger belongs to the recognizers that exist at this time.
   void land(const Touch& touch) {
     const std::shared_ptr<View> view = root->viewAt(touch.position);
     if (!view) return;
@@ -161,17 +161,17 @@ void TouchDispatcher::deliver(std::span<const Touch> touches) {
   handMoves();
 }
 
-// Touches of one phase, of several fingers only when they move.
+// The touches have the same phase; only moves may contain several fingers.
 void TouchDispatcher::hand(std::span<const Touch> touches) {
   Recognizers recognizers;
   for (const Touch& touch : touches) {
     const auto finger = session_->find(touch.identifier);
-    if (finger == session_->fingers.end()) return;  // it landed on nothing
+    if (finger == session_->fingers.end()) return;  // did not begin on a view
     finger->position = touch.position;
     addNew(recognizers, finger->presentRecognizers());
   }
   for (const auto& recognizer : recognizers) {
-    if (recognizer->view() == nullptr) continue;  // an action took it away
+    if (recognizer->view() == nullptr) continue;  // removed by an action
     if (isWithin(*recognizer->view(), *session_->root)) {
       recognizer->receive(touches, *this);
     } else {

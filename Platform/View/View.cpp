@@ -26,7 +26,7 @@ Rect frameOf(const Coder& coder) {
   return {{number("x"), number("y")}, {number("width"), number("height")}};
 }
 
-// The upper left corner in the topmost view.
+// The upper left corner in the coordinates of the root view.
 Point cornerOf(const View& view) {
   Point corner;
   const View* at = &view;
@@ -99,7 +99,7 @@ View* View::superview() const { return read(superview_); }
 std::vector<std::shared_ptr<View>> View::subviews() const { return read(subviews_); }
 
 void View::addSubview(const std::shared_ptr<View>& subview) {
-  std::shared_ptr<View> added = subview;  // `subview` may lie in the list that it leaves
+  std::shared_ptr<View> added = subview;  // `subview` may be in the list that it leaves
   if (!added) foundation::fatalError("a view cannot hold a child that is null");
   const Transaction transaction;
   for (const View* above = this; above != nullptr; above = above->superview_)
@@ -114,7 +114,7 @@ void View::addSubview(const std::shared_ptr<View>& subview) {
 
 void View::removeFromSuperview() {
   const std::shared_ptr<View> self =
-      weak_from_this().lock();  // the parent's may be the last handle
+      weak_from_this().lock();  // the parent may hold the last reference
   const Transaction transaction;
   if (superview_ != nullptr) superview_->detach(*this);
 }
@@ -177,7 +177,7 @@ void View::layoutIfNeeded() {
 void View::didLayOut() {}
 
 void View::addGestureRecognizer(const std::shared_ptr<GestureRecognizer>& recognizer) {
-  std::shared_ptr<GestureRecognizer> added = recognizer;  // likewise
+  std::shared_ptr<GestureRecognizer> added = recognizer;  // a copy, as above
   if (!added) foundation::fatalError("a view cannot hold a gesture recognizer that is null");
   if (added->view_ != nullptr) added->view_->removeGestureRecognizer(*added);
   added->view_ = this;

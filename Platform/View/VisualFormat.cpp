@@ -10,7 +10,7 @@ namespace orivanta::view {
 
 namespace {
 
-// Reads a format from the left; every `take` leaves it alone unless it succeeds.
+// Reads a format from left to right. A `take` function consumes text only if it succeeds.
 class Reader {
  public:
   explicit Reader(std::string_view rest) : rest_(rest) {}
@@ -23,7 +23,7 @@ class Reader {
     return true;
   }
 
-  // "-NUMBER-", or nothing for 0.
+  // "-NUMBER-", or nothing for a distance of 0.
   std::optional<double> takeDistance() {
     if (!take("-")) return 0.0;
     double distance = 0.0;
@@ -41,8 +41,8 @@ class Reader {
 
 struct Distances {
   bool horizontal = true;
-  std::optional<double> before;  // from the parent's left or upper edge
-  std::optional<double> after;   // to the parent's right or lower edge
+  std::optional<double> before;  // from the parent's left or top edge
+  std::optional<double> after;   // to the parent's right or bottom edge
 };
 
 std::optional<Distances> parse(std::string_view format, std::string_view name) {

@@ -25,7 +25,7 @@ struct OffscreenSurface::Context {
   Context(const Context&) = delete;
   Context& operator=(const Context&) = delete;
 
-  // The display stays initialised: it is the process's own, and other surfaces may use it.
+  // The display stays initialized, because other surfaces of the process may use it.
   ~Context() {
     if (context == EGL_NO_CONTEXT) return;
     makeCurrent();
@@ -51,8 +51,7 @@ bool hasExtension(EGLDisplay display, std::string_view name) {
   return all != nullptr && std::string_view(all).find(name) != std::string_view::npos;
 }
 
-// A display without a screen where the client library knows such a platform; whatever is the
-// default elsewhere.
+// Uses a platform without a screen if the client library supports it, or else the default display.
 EGLDisplay findDisplay() {
   if (hasExtension(EGL_NO_DISPLAY, "EGL_MESA_platform_surfaceless") &&
       hasExtension(EGL_NO_DISPLAY, "EGL_EXT_platform_base")) {
@@ -80,7 +79,7 @@ EGLContext makeContext(EGLDisplay display) {
   return eglCreateContext(display, config, EGL_NO_CONTEXT, version.data());
 }
 
-// Straight from premultiplied, in place.
+// Converts premultiplied to straight alpha, in place.
 void divideByAlpha(std::vector<std::uint8_t>& pixels) {
   for (std::size_t i = 0; i < pixels.size(); i += 4) {
     const unsigned alpha = pixels[i + 3];

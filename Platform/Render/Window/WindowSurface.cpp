@@ -36,14 +36,15 @@ foundation::Error error(std::string_view what) {
 
 constexpr std::string_view noScreen = "there is no screen to open a window on";
 
-// SDL falls back to a driver whose windows nobody sees; tests ask for it by its name.
+// SDL may fall back to a driver with invisible windows. That is accepted only if requested by name,
+// as in tests.
 bool isUnaskedForInvisible(std::string_view driver) {
   if (driver != "offscreen" && driver != "dummy") return false;
   const char* const asked = SDL_GetHint(SDL_HINT_VIDEODRIVER);
   return asked == nullptr || std::string_view(asked).find(driver) == std::string_view::npos;
 }
 
-// A finger is a finger and a pointer a pointer: neither plays the other's part.
+// Disables the conversion between touch and mouse events.
 void setHints() {
   SDL_SetHint(SDL_HINT_TOUCH_MOUSE_EVENTS, "0");
   SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "0");
@@ -55,7 +56,7 @@ void setAttributes() {
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_ES);
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 3);
   SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, 0);
-  SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 0);  // scenes have a depth buffer of their own
+  SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 0);  // scenes have their own depth buffer
 }
 
 struct Pair {
@@ -75,7 +76,7 @@ Pair unitsOf(SDL_Window* window) {
   return units;
 }
 
-// Of the window's own units, in pixels.
+// Pixels per unit of the window.
 double density(SDL_Window* window) {
   const Pair units = unitsOf(window);
   return units.width > 0 ? static_cast<double>(pixelsOf(window).width) / units.width : 1.0;
@@ -95,7 +96,7 @@ std::variant<std::unique_ptr<WindowSurface>, foundation::Error> WindowSurface::m
     return foundation::Error{"SDL", 1, fmt::format("{}: no display answers", noScreen)};
   setAttributes();
   state->wantedScale = options.scale;
-  // Where the window's units are pixels, a density that is asked for makes the window larger.
+  // If the window's units are pixels, a requested density enlarges the window.
   const double factor = options.scale > 0 ? options.scale : 1.0;
   state->window =
       SDL_CreateWindow(options.title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED,
@@ -144,7 +145,7 @@ std::shared_ptr<const graphics::Image> WindowSurface::read() const {
   for (std::size_t row = 0; row < rows / 2; ++row)
     std::swap_ranges(&bytes[row * stride], &bytes[row * stride] + stride,
                      &bytes[(rows - 1 - row) * stride]);
-  for (std::size_t i = 3; i < bytes.size(); i += 4) bytes[i] = 255;  // a window has no holes
+  for (std::size_t i = 3; i < bytes.size(); i += 4) bytes[i] = 255;  // windows are opaque
   return graphics::Image::make(static_cast<std::uint32_t>(pixels.width),
                                static_cast<std::uint32_t>(pixels.height), std::move(bytes),
                                scale());

@@ -1,4 +1,4 @@
-// A window to draw in, with its OpenGL ES 3 context, by SDL 2.
+// A window with an OpenGL ES 3 context, created with SDL 2.
 #pragma once
 
 #include <memory>
@@ -14,36 +14,36 @@ struct SDL_Window;
 
 namespace orivanta::render {
 
-/// One at a time. Made, used and destroyed on the main thread, whose current context it is until it
-/// goes. The host takes the events from SDL itself.
+/// Only one may exist at a time. Must be created, used and destroyed on the main thread, where its
+/// context stays current. The application itself polls SDL events.
 class ORIVANTA_API WindowSurface {
  public:
   struct Options {
     std::string title;
     graphics::Size size{1280, 800};  ///< points
-    double scale = 0;                ///< pixels per point; 0 for the screen's own
+    double scale = 0;                ///< pixels per point; 0 selects the screen's density
   };
 
-  /// The error says what the machine lacks.
+  /// The error describes what is missing on the system.
   static std::variant<std::unique_ptr<WindowSurface>, foundation::Error> make(
       const Options& options);
   ~WindowSurface();
   WindowSurface(const WindowSurface&) = delete;
   WindowSurface& operator=(const WindowSurface&) = delete;
 
-  // Both may change while the window is there.
+  // Both may change during the window's lifetime.
   double scale() const;         ///< pixels per point
   graphics::Size size() const;  ///< points
 
-  /// A place of the window as SDL tells it, in points.
+  /// Converts window coordinates from SDL to points.
   graphics::Point pointAt(double x, double y) const;
 
   SDL_Window* window() const;
 
-  /// Shows what was drawn into framebuffer 0, at the screen's next refresh where that is possible.
+  /// Shows the contents of framebuffer 0, at the next screen refresh if possible.
   void present();
 
-  /// What was drawn and not yet presented.
+  /// The contents of framebuffer 0 before they are presented.
   std::shared_ptr<const graphics::Image> read() const;
 
  private:

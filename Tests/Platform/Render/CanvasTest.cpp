@@ -25,7 +25,7 @@ std::shared_ptr<view::View> makeView(Rect frame, Color color, double alpha = 1) 
 TEST(Canvas, AlphaIsMultipliedDownTheTreeAndBlendedAsEncoded) {
   Studio studio(20, 20);
   const auto root =
-      makeView({{5, 5}, {20, 20}}, graphics::colors::white);  // its place is passed over
+      makeView({{5, 5}, {20, 20}}, graphics::colors::white);  // its position is ignored
   const auto parent = makeView({{2, 3}, {10, 10}}, graphics::colors::black, 0.5);
   const auto child = makeView({{4, 4}, {4, 4}}, graphics::colors::red, 0.5);
   root->addSubview(parent);
@@ -141,7 +141,7 @@ TEST(Canvas, PicturesThatShrinkAreAveraged) {
   EXPECT_TRUE(isNear(pixelOf(*studio.draw(root), 8, 8), {64, 64, 64, 255}, 2));
 }
 
-// A toolkit whose widgets share the context, with vertices and pictures of its own.
+// A toolkit may share the context and use its own vertices and textures.
 TEST(Canvas, IsTheSameAfterOthersUsedTheContext) {
   Studio studio(16, 16);
   const auto useOtherwise = [] {

@@ -1,5 +1,5 @@
-// What lies over something else in the same plane is seen from everywhere, and does not shine
-// through what lies a small fraction of a pixel above both.
+// Faces that lie over others in the same plane are visible from every angle, but do not show
+// through faces that lie a small fraction of a pixel above both.
 #include <gtest/gtest.h>
 
 #include "Platform/Scene/Batch.hpp"
@@ -38,7 +38,8 @@ class LayerDrawing : public testing::Test {
     orbit->addChild(studio.eye);
   }
 
-  /// The pixels that show a part when it is alone, but for its edge, and show another one with all.
+  /// Counts the pixels that show the part when it is drawn alone, except at its edge, but show
+  /// another part when all are drawn.
   int pixelsThatShowOthers(const std::shared_ptr<scene::Node>& part, const Pixel& color,
                            const std::vector<std::shared_ptr<scene::Node>>& over) {
     const auto all = studio.draw();

@@ -1,4 +1,4 @@
-// Many parts are drawn in few calls, and what has not changed is not uploaded again.
+// Many parts take few draw calls, and unchanged data is not uploaded again.
 #include <epoxy/gl.h>
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ using render::Choice;
 using render::Run;
 
 struct Runs {
-  const char* choices;  ///< of parts of 300 indices: d draw, a allow, l leave
+  const char* choices;  ///< for parts of 300 indices: d draw, a allow, l leave
   std::vector<Run> expected;
 };
 
@@ -28,7 +28,7 @@ TEST(DrawRuns, CoverWhatIsDrawnInFewRuns) {
       {"al", {}},
       {"ddd", {{0, 900}}},
       {"dld", {{0, 300}, {600, 300}}},
-      {"adad", {{300, 900}}},              // a short stretch out of sight saves a call
+      {"adad", {{300, 900}}},              // a short invisible stretch saves a call
       {"daaad", {{0, 300}, {1200, 300}}},  // a long one does not
       {"dald", {{0, 300}, {900, 300}}},
   };
@@ -63,14 +63,14 @@ TEST_F(FloorDrawing, HighlightingARoomUploadsOneTexel) {
   const auto first = studio.draw();
   const auto again = studio.draw();
   const auto before = studio.statistics();
-  EXPECT_EQ(before.drawCalls, 1);  // what was drawn still serves
+  EXPECT_EQ(before.drawCalls, 1);  // the previous frame is reused
   EXPECT_TRUE(std::ranges::equal(again->pixels(), first->pixels()));
   materialOf(27)->setDiffuseContents(graphics::colors::red);
   EXPECT_TRUE(looksAsKept(*studio.draw(), "highlight"));
   EXPECT_EQ(studio.statistics().bytesUploaded, before.bytesUploaded + 4);
   EXPECT_EQ(studio.statistics().drawCalls, 2);  // all rooms, and the finished scene
   EXPECT_EQ(studio.statistics().shadowMapsDrawn, 0);
-  studio.addLight(scene::LightType::spot, graphics::colors::black);  // all is lit pixel by pixel
+  studio.addLight(scene::LightType::spot, graphics::colors::black);  // everything is lit per pixel
   EXPECT_TRUE(looksAsKept(*studio.draw(), "highlight"));
 }
 
@@ -81,7 +81,7 @@ TEST_F(FloorDrawing, ARoomMayBecomeTranslucentOrHiddenOrGetAnImage) {
   };
   drawCalls();
   materialOf(27)->setDiffuseContents(graphics::Color{1, 0, 0, 0.5F});
-  EXPECT_EQ(drawCalls(), 2 + 1 + 1 + 2);  // a run on either side, the room; shadows in two runs
+  EXPECT_EQ(drawCalls(), 2 + 1 + 1 + 2);  // a run on either side, the room; two runs for shadows
   materialOf(27)->setDiffuseContents(makeQuarters());
   EXPECT_EQ(drawCalls(), 2 + 1 + 1 + 1);
   floor->children()[27]->setHidden(true);
@@ -94,7 +94,7 @@ TEST_F(FloorDrawing, APreparedBatchLooksLikeOneMadeForTheFrame) {
   const auto prepared = studio.draw();
   EXPECT_TRUE(std::equal(made->pixels().begin(), made->pixels().end(), prepared->pixels().begin()));
 
-  // One that no longer matches is passed over.
+  // A batch that no longer matches is ignored.
   floor->children()[0]->setPosition({-50, 0, 0});
   const auto moved = studio.draw();
   floor->setPreparedBatch(nullptr);
@@ -111,8 +111,8 @@ TEST_F(FloorDrawing, ALongRouteCostsFewCalls) {
   studio.scene->rootNode()->addChild(route);
   studio.draw();
   studio.draw(0.5);
-  EXPECT_LE(studio.statistics().drawCalls, calls + 8);  // all that is in sight of one look: one
-  EXPECT_LE(studio.statistics().bytesUploaded, 40 * 32 + 200);  // where the images have moved to
+  EXPECT_LE(studio.statistics().drawCalls, calls + 8);  // visible parts with one look share a call
+  EXPECT_LE(studio.statistics().bytesUploaded, 40 * 32 + 200);  // the new positions of the images
   EXPECT_TRUE(looksAsKept(*studio.draw(0.5), "route"));
 }
 
@@ -125,7 +125,7 @@ TEST_F(FloorDrawing, ShadowsGetFinerAsTheCameraComesCloser) {
   };
   const int far = drawFrom(250);
   EXPECT_GT(far, 0);
-  EXPECT_EQ(drawFrom(240), 0);  // the same map serves
+  EXPECT_EQ(drawFrom(240), 0);  // the same map is reused
   EXPECT_GT(drawFrom(30), far);
   EXPECT_EQ(drawFrom(32), 0);
   EXPECT_EQ(drawFrom(250), far);
@@ -135,7 +135,7 @@ TEST_F(FloorDrawing, LeavesOutFacesThatAreTurnedAwayOnlyWhereNobodySeesThem) {
   rig.eye->camera()->zNear = 1;
   rig.orbit->setEulerAngles({0, 0, 0});
   rig.orbit->setPosition({15, 15, 0});
-  rig.eye->setPosition({0, 0, 5});  // in a room, looking at its floor
+  rig.eye->setPosition({0, 0, 5});  // inside a room, looking at its floor
   EXPECT_FALSE(isNear(pixelOf(*studio.draw(), 100, 75), {255, 255, 255, 255}, 20));
 }
 
@@ -148,7 +148,7 @@ TEST_F(FloorDrawing, MovingANodeUploadsItsOwnVerticesAlone) {
   const std::int64_t before = studio.statistics().bytesUploaded;
   moving->setPosition({3, 4, 5});
   studio.draw();
-  EXPECT_EQ(studio.statistics().bytesUploaded - before, 24 * 36);  // four corners a side
+  EXPECT_EQ(studio.statistics().bytesUploaded - before, 24 * 36);  // four corners per side
 }
 
 TEST_F(FloorDrawing, WhatLiesExactlyOnItsLikeIsDrawnOnce) {
@@ -171,7 +171,7 @@ TEST_F(FloorDrawing, WhatLiesExactlyOnItsLikeIsDrawnOnce) {
   EXPECT_GT(trianglesOfAnother(graphics::colors::blue), 20);
 }
 
-// How many buffers and textures the driver holds.
+// Counts the buffers and textures that exist in the driver.
 int liveNames() {
   int count = 0;
   for (GLuint name = 1; name < 500; ++name)
@@ -186,7 +186,7 @@ TEST_F(FloorDrawing, WhatIsTakenAwayIsLetGo) {
   auto other = makeSyntheticFloor(6, 6);
   studio.scene->rootNode()->addChild(other);
   studio.draw();
-  EXPECT_EQ(liveNames(), names + 2 * 4 + 1);  // two meshes of four names, an image
+  EXPECT_EQ(liveNames(), names + 2 * 4 + 1);  // two meshes with four names, and an image
   const std::weak_ptr<scene::Geometry> geometry = image->geometry();
   const std::weak_ptr<scene::Node> part = other->children().front();
   for (auto* node : {&image, &other}) {
@@ -196,8 +196,8 @@ TEST_F(FloorDrawing, WhatIsTakenAwayIsLetGo) {
   studio.draw();
   EXPECT_TRUE(geometry.expired());
   EXPECT_TRUE(part.expired());
-  studio.draw();                      // what the frame before still held on to is gone now
-  EXPECT_EQ(liveNames(), names + 4);  // the mesh of single nodes stays, empty
+  studio.draw();                      // releases what the previous frame still used
+  EXPECT_EQ(liveNames(), names + 4);  // the mesh of single nodes is kept, but empty
 }
 
 }  // namespace

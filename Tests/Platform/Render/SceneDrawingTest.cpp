@@ -33,7 +33,8 @@ TEST(SceneDrawing, ColorsThatAreLitFullyAreShownAsTheyAre) {
   for (const bool lit : {false, true}) {
     if (lit) {
       studio.addLight(LightType::directional, graphics::colors::white);
-      studio.addLight(LightType::ambient, graphics::colors::gray);  // more than full counts as full
+      studio.addLight(LightType::ambient,
+                      graphics::colors::gray);  // light is limited
     }
     for (const Pixel color : {Pixel{0, 0, 0, 255},
                               {255, 255, 255, 255},
@@ -149,7 +150,7 @@ TEST(SceneDrawing, TranslucentPartsAreBlendedFromBackToFrontWhateverTheirOrder) 
     if (!nearFirst) addRed();
     studio.add(makeSlab(40, 40), scene::Material::make(graphics::colors::green), {0, 0, 40})
         ->setHidden(true);
-    // Each slab has a front and a back: a quarter of what lies behind passes both.
+    // Each slab has a front and a back, so a quarter of the background passes through both.
     const Pixel pixel = pixelOf(*studio.draw(), 8, 8);
     EXPECT_TRUE(isNear(pixel, {207, 16, 64, 255}));  // 13, 1 and 4 sixteenths
     if (nearFirst) {
@@ -179,7 +180,7 @@ TEST(SceneDrawing, ImagesArePlacedWrappedAndBlended) {
   at(62, -35, WrapMode::repeat, WrapMode::repeat, twice, 100);
   const auto picture = studio.draw();
   EXPECT_TRUE(looksAsKept(*picture, "images"));
-  // The upper left corner of the first one is that of its image.
+  // The upper left corner of the first slab shows that of its image.
   EXPECT_TRUE(isNear(pixelOf(*picture, 16, 18), {255, 0, 0, 255}));
   EXPECT_TRUE(isNear(pixelOf(*picture, 60, 18), {0, 255, 0, 255}));
 }

@@ -18,11 +18,11 @@ void storeUpToTheMost(GLenum target, GLsizei samples, GLenum format, GLsizei wid
   if (samples <= mostSamples) driversStorage(target, samples, format, width, height);
 }
 
-// A driver that refuses more samples than so many, whatever it names.
+// A driver that rejects more than a given number of samples, whatever it reports.
 class TightDriver {
  public:
   explicit TightDriver(GLsizei most) {
-    supportedSamples();  // the pointer is the driver's from the first call on
+    supportedSamples();  // the function pointer is loaded by the first call
     mostSamples = most;
     driversStorage = std::exchange(epoxy_glRenderbufferStorageMultisample, &storeUpToTheMost);
   }

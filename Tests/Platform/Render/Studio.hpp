@@ -36,8 +36,8 @@ inline testing::AssertionResult isNear(const Pixel& actual, const Pixel& expecte
   return testing::AssertionSuccess();
 }
 
-/// A picture of `width` by `height` points and pixels. The scene, empty at first, is seen from 100
-/// units above its origin, 1 unit a pixel at height 0, with y upwards.
+/// Frames of `width` by `height` points and pixels. The scene, empty at first, is seen from 100
+/// units above its origin, with 1 unit per pixel at height 0 and y pointing up.
 class Studio {
  public:
   Studio(std::uint32_t width, std::uint32_t height)
@@ -56,7 +56,7 @@ class Studio {
     view->setScene(scene);
   }
 
-  ~Studio() { surface->makeCurrent(); }  // where the renderer ends
+  ~Studio() { surface->makeCurrent(); }  // for the renderer's destructor
   Studio(const Studio&) = delete;
   Studio& operator=(const Studio&) = delete;
 
@@ -77,7 +77,7 @@ class Studio {
     return node;
   }
 
-  /// Shines downwards, turned by angles.
+  /// The light shines down, rotated by the angles.
   std::shared_ptr<scene::Node> addLight(scene::LightType type, graphics::Color color,
                                         graphics::Vector3 angles = {0, 0, 0},
                                         bool castsShadow = false) {
@@ -101,7 +101,7 @@ class Studio {
   std::shared_ptr<scene::Node> eye;
 };
 
-/// A slab around the origin of its node.
+/// A slab centered at the origin of its node.
 inline std::shared_ptr<scene::Geometry> makeSlab(double width, double height, double depth = 1) {
   const std::array<graphics::Point, 4> outline{{{-width / 2, -height / 2},
                                                 {width / 2, -height / 2},

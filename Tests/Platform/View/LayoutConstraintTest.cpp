@@ -14,7 +14,7 @@ using graphics::Rect;
 using Attribute = LayoutAttribute;
 using Constraints = std::vector<LayoutConstraint>;
 
-// A view of 200 x 100 with two children, one of which may be laid out.
+// A view of 200 x 100 with two children, one of which the test may position.
 struct Stage {
   std::shared_ptr<View> parent = std::make_shared<View>(Rect{{30, 40}, {200, 100}});
   std::shared_ptr<View> a = std::make_shared<View>(Rect{{1, 2}, {30, 40}});

@@ -12,7 +12,7 @@
 namespace orivanta::view {
 namespace {
 
-// A square of 2 units at the origin, seen from 10 units above.
+// A square with sides of 2 units at the origin, seen from 10 units above.
 std::shared_ptr<scene::Scene> squareSeenFromAbove() {
   const graphics::Point corners[] = {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}};
   auto scene = scene::Scene::make();

@@ -13,7 +13,7 @@
 namespace orivanta::view {
 namespace {
 
-// A view with the recognizers of a map: a tap, pans for one and for two fingers, pinch, rotation.
+// A view with the recognizers of a map: a tap, pans with one and with two fingers, pinch, rotation.
 struct Stage {
   std::shared_ptr<View> root = std::make_shared<View>(graphics::Rect{{}, {400, 400}});
   std::shared_ptr<View> map = std::make_shared<View>(graphics::Rect{{0, 100}, {400, 300}});

@@ -96,7 +96,7 @@ TEST(View, TakesItsFrameFromAnArchive) {
   EXPECT_EQ(view.frame(), (Rect{{1, 0}, {30, 0}}));
 }
 
-// Writes down what is drawn.
+// Records what is drawn.
 struct RecordingCanvas : Canvas {
   double now = 0.0;
   std::vector<Rect> fills;
@@ -138,7 +138,8 @@ TEST(ActivityIndicatorView, TurnsInStepsOverItsBackgroundWhileAnimating) {
   EXPECT_EQ(canvas.pictures, (std::vector{Rect{{20, 15}, {20, 20}}}));
   EXPECT_NEAR(canvas.turn, 2 * 3.14159265358979 / 6, 1e-9) << "1202 steps, 2 beyond whole turns";
   ASSERT_EQ(canvas.picture->width(), 40U);
-  // The middle of the spoke at the top is full, that at the bottom paler, the wheel's middle empty.
+  // The middle of the top spoke is opaque, that of the bottom spoke more transparent, and the
+  // wheel's center is empty.
   const auto alpha = [&](std::size_t x, std::size_t y) {
     return canvas.picture->pixels()[4 * (40 * y + x) + 3];
   };
