@@ -1,4 +1,4 @@
-// A* of the Boost Graph Library over the same nodes and edges, to compare with.
+// A* of the Boost Graph Library over the same nodes and edges, for comparison.
 #pragma once
 
 #include <boost/graph/compressed_sparse_row_graph.hpp>
@@ -10,13 +10,13 @@
 
 namespace orivanta::benchmarks {
 
-/// Compressed sparse rows, vector property maps that are allocated once, and the straight distance
-/// as heuristic. Vertices are numbered as the list of nodes is.
+/// Uses a compressed sparse row graph, vector property maps that are allocated once, and the
+/// straight distance as heuristic. Vertices have the numbers of the nodes in the list.
 class BoostRouteSearch {
  public:
   BoostRouteSearch(const NodeList& nodes, const NavigationGraph& graph);
 
-  /// The vertices of a cheapest path, start first; empty when there is none.
+  /// The vertices of a cheapest path from the start; empty if there is none.
   std::vector<std::uint32_t> search(const Node& start, const Node& destination);
 
  private:

@@ -1,4 +1,4 @@
-// What happens to a floor besides being drawn: loading, highlighting, hit tests.
+// Operations on a floor other than drawing: loading, highlighting, hit tests.
 
 #include <benchmark/benchmark.h>
 
@@ -20,7 +20,7 @@
 namespace orivanta::benchmarks {
 namespace {
 
-// From the file to what is handed to the driver.
+// From the file to the data for the driver.
 void load(benchmark::State& state) {
   const WrittenModel written(1);
   const auto url = foundation::Url::fromFile(written.file());
@@ -32,7 +32,7 @@ void load(benchmark::State& state) {
 }
 BENCHMARK(load)->Name("Floor.load");
 
-// Of this thread: the driver's own are not the library's.
+// The time of this thread, because the driver's threads are not part of the library.
 double processorSeconds() {
   timespec time{};
   clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
@@ -45,9 +45,9 @@ double secondsOf(const std::function<void()>& act) {
   return processorSeconds() - start;
 }
 
-// Another color for one room and the next frame, less a frame without. Both are drawn, as the
-// camera turns between them; it sees nothing of the floor, whose triangles would drown the
-// difference.
+// The cost of changing a room's color and drawing the next frame, minus that of a frame without a
+// change. The camera turns, so that both frames are drawn, but it does not see the floor, whose
+// triangles would hide the difference.
 void highlight(benchmark::State& state) {
   onStage(state, [&](Stage& stage) {
     stage.draw();

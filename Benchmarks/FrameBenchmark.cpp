@@ -1,5 +1,5 @@
-// One frame of a floor of 1,500 rooms and 150,000 triangles, at 1280 by 800 pixels. In processor
-// time of all threads: a software driver draws with several.
+// Draws frames of a floor with 1,500 rooms and 150,000 triangles at 1280 by 800 pixels. Measures
+// processor time of all threads, because a software driver uses several.
 
 #include <benchmark/benchmark.h>
 
@@ -10,7 +10,7 @@ namespace {
 
 constexpr int mostOfTheFloor = 140'000;  // triangles
 
-// With the camera turned, a few rooms are out of sight.
+// When the camera is turned, a few rooms are not visible.
 void drawFrames(benchmark::State& state, Stage& stage, int leastTriangles,
                 void (SeenFloor::*change)()) {
   stage.draw();
@@ -28,13 +28,13 @@ void camera(benchmark::State& state) {
 }
 BENCHMARK(camera)->Name("Frame/camera")->MeasureProcessCPUTime();
 
-// Nothing moves in the scene, as when only a panel over it changes.
+// Nothing changes in the scene, as when only a panel above it changes.
 void still(benchmark::State& state) {
   onStage(state, [&](Stage& stage) { drawFrames(state, stage, 0, &SeenFloor::stayAsItIs); });
 }
 BENCHMARK(still)->Name("Frame/still")->MeasureProcessCPUTime();
 
-// The shadow map is drawn anew.
+// The shadow map is redrawn.
 void light(benchmark::State& state) {
   onStage(state, [&](Stage& stage) {
     drawFrames(state, stage, 2 * mostOfTheFloor, &SeenFloor::turnLight);

@@ -1,6 +1,6 @@
-// JSON bytes to `RawData`, against Boost.JSON's own parse of the same bytes: as it comes, and with
-// all memory from one block, which is the floor for a parser that builds its values. The counter
-// "resident" is what the document adds to the resident memory, as a multiple of the JSON.
+// Parses JSON to `RawData`, compared with Boost.JSON: with its default memory, and with all memory
+// from one block, which is the lower bound for a parser that builds its values. The counter
+// "resident" is the resident memory of the document as a multiple of the JSON's size.
 
 #include <benchmark/benchmark.h>
 #include <unistd.h>
@@ -16,7 +16,7 @@
 namespace orivanta::benchmarks {
 namespace {
 
-// One page of nodes, or a whole collection of 100,000.
+// One page of nodes, or a collection of 100,000 nodes.
 const std::string& nodesJson(const benchmark::State& state) {
   static std::map<std::int64_t, std::string> texts;
   std::string& text = texts[state.range(0)];

@@ -16,7 +16,7 @@ using ErrorCode = boost::system::error_code;
 
 namespace {
 
-// One direction of one connection: read, wait, write, again.
+// Copies one direction of a connection: reads, waits, writes, and repeats.
 class Pipe : public std::enable_shared_from_this<Pipe> {
  public:
   Pipe(std::shared_ptr<tcp::socket> from, std::shared_ptr<tcp::socket> to,

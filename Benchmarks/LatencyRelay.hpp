@@ -1,4 +1,4 @@
-// A relay on loopback that makes a server as far away as one likes.
+// A relay on loopback that adds latency to a server.
 #pragma once
 
 #include <chrono>
@@ -8,8 +8,8 @@
 
 namespace orivanta::benchmarks {
 
-/// Passes connections on to a server on this machine; what the client sends arrives there later by
-/// the latency, what the server answers comes back at once. Runs on a thread of its own.
+/// Forwards connections to a server on this machine. Data from the client is delayed by the
+/// latency; data from the server is not. Runs on its own thread.
 class LatencyRelay {
  public:
   LatencyRelay(std::uint16_t serverPort, std::chrono::milliseconds latency);

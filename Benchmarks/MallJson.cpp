@@ -19,7 +19,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-// Gives records identifiers as long as the ones of real venues.
+// Gives records identifiers as long as those of real venues.
 class Identifiers {
  public:
   const std::string& of(const void* record) {
@@ -35,7 +35,8 @@ class Identifiers {
   std::unordered_map<const void*, std::string> identifiers_;
 };
 
-// Floor by floor and row by row: like real venues, whose lists keep most neighbors together.
+// Orders nodes by floor and row, because in the lists of real venues most neighbors are close
+// together.
 bool isListedBefore(const std::shared_ptr<Node>& left, const std::shared_ptr<Node>& right) {
   constexpr double rowHeight = 10.0;
   const auto place = [](const Node& node) {

@@ -1,4 +1,4 @@
-// A shopping mall as the web API's JSON, of any size.
+// A shopping mall of any size as JSON of the web API.
 #pragma once
 
 #include <cstddef>
@@ -7,8 +7,8 @@
 
 namespace orivanta::benchmarks {
 
-/// The collections of a venue with about so many nodes, by resource name ("node", "location", ...),
-/// each a JSON array; "venue" is one object. The slug is "mall".
+/// The collections of a venue with about `nodeCount` nodes by resource name ("node", "location",
+/// ...), each a JSON array; "venue" is one object. The slug is "mall".
 std::map<std::string, std::string> mallJson(std::size_t nodeCount);
 
 }  // namespace orivanta::benchmarks

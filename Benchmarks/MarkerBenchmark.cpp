@@ -1,4 +1,4 @@
-// A frame's work on markers: where they show, and which of them give way.
+// The work on markers in a frame: where they are shown, and which of them are hidden by others.
 
 #include <benchmark/benchmark.h>
 
@@ -11,7 +11,7 @@
 namespace orivanta::benchmarks {
 namespace {
 
-// Labels of 60 by 16 points all over the floor, every second of which may give way.
+// Labels of 60 by 16 points all over the floor. Every second one may be hidden.
 void addMarkers(MapView& mapView, std::int64_t count) {
   std::mt19937 random(1);
   std::uniform_real_distribution<float> place(0, 1000);

@@ -1,7 +1,7 @@
-// A Wavefront model from a file to vertices and groups ready to draw, against tinyobjloader, which
-// is asked for less: it neither cuts faces into triangles nor joins corners. A file holds so many
-// floors of 1,500 rooms and 150,000 triangles. The counter "memory" is what the
-// result holds, as a multiple of the file.
+// Reads a Wavefront model from a file to vertices and groups that are ready to draw, compared with
+// tinyobjloader, which does less: it neither cuts faces into triangles nor merges corners. A file
+// contains N floors of 1,500 rooms and 150,000 triangles each. The counter "memory" is the memory
+// of the result as a multiple of the file size.
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
@@ -68,7 +68,7 @@ void withTinyObjLoader(benchmark::State& state) {
   });
 }
 
-// Floors, of some 9 MB each.
+// The number of floors, of about 9 MB each.
 void sizes(benchmark::internal::Benchmark* benchmark) {
   benchmark->Arg(1)->Arg(25)->Unit(benchmark::kMillisecond);
 }

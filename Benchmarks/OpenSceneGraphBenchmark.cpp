@@ -1,4 +1,4 @@
-// The frame of `FrameBenchmark`, drawn by OpenSceneGraph. It draws its shadow map each time.
+// Draws the frame of `FrameBenchmark` with OpenSceneGraph, which redraws its shadow map each time.
 
 #include <benchmark/benchmark.h>
 
@@ -11,7 +11,7 @@
 namespace orivanta::benchmarks {
 namespace {
 
-// What the library makes of the floor, which the rival has to match.
+// Properties of the library's image of the floor that the baseline has to match.
 struct Picture {
   double coverage = 0;
   int shadowMapSide = 0;

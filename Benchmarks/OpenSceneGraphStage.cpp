@@ -71,7 +71,7 @@ osg::ref_ptr<osg::GraphicsContext> makeContext() {
   traits->width = width;
   traits->height = height;
   traits->pbuffer = true;
-  // An X server whose last client has left starts anew, and refuses whoever comes meanwhile.
+  // An X server resets when its last client disconnects, and refuses connections meanwhile.
   static const osg::ref_ptr staying = osg::GraphicsContext::createGraphicsContext(traits);
   osg::ref_ptr context = osg::GraphicsContext::createGraphicsContext(traits);
   if (!context) throw std::runtime_error("OpenSceneGraph needs an X server: try xvfb-run");
@@ -92,7 +92,7 @@ osg::ref_ptr<osg::Node> makeScene(const SeenFloor& floor, int shadowMapSide) {
   osg::ref_ptr shadows = new osgShadow::ShadowMap;
   const auto side = static_cast<short>(shadowMapSide);
   shadows->setTextureSize({side, side});
-  shadows->setTextureUnit(0);  // no room has a texture of its own
+  shadows->setTextureUnit(0);  // rooms have no textures
   osg::ref_ptr root = new osgShadow::ShadowedScene(shadows);
   for (const auto& room : floor.rooms->children()) root->addChild(geometryOf(*room->geometry()));
   const auto light = makeLight(*floor.rig.sun);
@@ -103,8 +103,8 @@ osg::ref_ptr<osg::Node> makeScene(const SeenFloor& floor, int shadowMapSide) {
   return root;
 }
 
-// Mesa has an address for every name that somebody asks for, so that OpenSceneGraph takes this
-// function to be there.
+// Mesa returns an address for any function name, so OpenSceneGraph assumes that this function
+// exists.
 void forgetMissingFunction(osg::GraphicsContext& context) {
   context.makeCurrent();
   context.getState()->get<osg::GLExtensions>()->glRenderbufferStorageMultisampleCoverageNV =
@@ -143,7 +143,7 @@ OpenSceneGraphStage::OpenSceneGraphStage(const SeenFloor& floor, int shadowMapSi
   osgViewer::Viewer& viewer = parts_->viewer;
   viewer.setUseConfigureAffinity(false);  // the driver's threads would share one processor
   viewer.setThreadingModel(osgViewer::ViewerBase::SingleThreaded);
-  viewer.setLightingMode(osg::View::NO_LIGHT);  // besides the floor's own
+  viewer.setLightingMode(osg::View::NO_LIGHT);  // only the floor's own light
   const auto scene = makeScene(floor, shadowMapSide);
   if (isToldThatRoomsAreClosed)
     scene->getOrCreateStateSet()->setAttributeAndModes(new osg::CullFace);
@@ -163,7 +163,7 @@ void OpenSceneGraphStage::draw() {
   const unsigned number = context.getState()->getContextID();
   parts_->texture->getTextureObject(number)->bind();
   parts_->picture->readImageFromCurrentTexture(number, false);
-  context.releaseContext();  // so that others can use theirs on this thread
+  context.releaseContext();  // so that other contexts can be used on this thread
 }
 
 std::span<const std::uint8_t> OpenSceneGraphStage::pixels() const {

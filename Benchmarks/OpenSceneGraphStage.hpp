@@ -1,4 +1,4 @@
-// The floor of the benchmarks drawn by OpenSceneGraph.
+// Draws the floor of the benchmarks with OpenSceneGraph.
 #pragma once
 
 #include <cstdint>
@@ -9,21 +9,20 @@
 
 namespace orivanta::benchmarks {
 
-/// Draws off screen, but needs the X server that `DISPLAY` names. One thread.
+/// Draws off screen, but needs the X server that `DISPLAY` names. Not thread-safe.
 class OpenSceneGraphStage {
  public:
-  /// Every room becomes a geometry with vertex buffers, a color and a state of its own, so that
-  /// each can be highlighted, as OpenSceneGraph's reader of Wavefront models has it.
-  /// `shadowMapSide`: texels. `isToldThatRoomsAreClosed`: whether it leaves out faces that are
-  /// turned away, which it does not find out by itself. Throws std::runtime_error without an X
-  /// server.
+  /// Every room becomes a geometry with vertex buffers, a color and its own state, so that each can
+  /// be highlighted; OpenSceneGraph's Wavefront reader does the same. `shadowMapSide` is in texels.
+  /// If `isToldThatRoomsAreClosed` is true, back faces are culled, which OpenSceneGraph does not
+  /// decide by itself. Throws std::runtime_error if there is no X server.
   OpenSceneGraphStage(const SeenFloor& floor, int shadowMapSide, bool isToldThatRoomsAreClosed);
   ~OpenSceneGraphStage();
 
-  /// Draws a frame with 4 samples, seen from where the floor's camera is, and reads the picture.
+  /// Draws a frame with 4 samples from the floor's camera, and reads the image.
   void draw();
 
-  /// Of the last frame: 4 bytes a pixel, from the lower left corner.
+  /// The last frame: 4 bytes per pixel, from the lower left corner.
   std::span<const std::uint8_t> pixels() const;
 
  private:

@@ -1,4 +1,4 @@
-// One `put` into a queue of so many elements.
+// Measures one `put` into a queue with N elements.
 
 #include <benchmark/benchmark.h>
 
@@ -19,16 +19,16 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Rounds of puts, which are timed, and as many takes, which are not, so that the size stays. As in
-// a search, what is put comes later than what was taken, and most of it is not queued yet: one put
-// in eight is of an element that is.
+// Alternates rounds of puts, which are timed, with as many takes, which are not, so that the size
+// stays the same. As in a search, priorities of new elements follow those already taken, and most
+// are not queued yet: one put in eight is for an element that is.
 template <class Queue>
 void put(benchmark::State& state) {
   const auto size = static_cast<std::uint32_t>(state.range(0));
   const std::uint32_t round = size / 10;
   std::mt19937 random(1);
   std::uniform_real_distribution<double> ahead(0.0, 1.0);
-  // Elements come round again long after they were taken.
+  // Elements are reused long after they were taken.
   NodeList nodes(2 * size);
   for (auto& node : nodes) node = test::makeNode(0.0, 0.0);
   std::shuffle(nodes.begin(), nodes.end(), random);

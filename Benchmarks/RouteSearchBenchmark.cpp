@@ -1,5 +1,5 @@
-// Routes between random nodes of malls: the library's search, the same search with a sorted list as
-// its frontier, and A* of the Boost Graph Library. Time per query.
+// Searches routes between random nodes of malls with the library, with the same search using a
+// sorted list, and with A* of the Boost Graph Library. Measures the time per query.
 
 #include <benchmark/benchmark.h>
 

@@ -1,4 +1,4 @@
-// The floor that benchmarks draw, with its light and its camera.
+// The floor for the drawing benchmarks, with its light and its camera.
 #pragma once
 
 #include <memory>
@@ -11,7 +11,7 @@
 
 namespace orivanta::benchmarks {
 
-/// 1,500 rooms, each with a material of its own, and 150,000 triangles.
+/// 1,500 rooms with one material each, and 150,000 triangles.
 struct SeenFloor {
   static constexpr int columns = 50;
   static constexpr int rows = 30;
@@ -24,12 +24,12 @@ struct SeenFloor {
 
   SeenFloor() { scene->rootNode()->addChild(rooms); }
 
-  /// A little to and fro, so that every frame has as much to draw.
+  /// Turns slightly back and forth, so that every frame draws the same amount.
   void turnCamera() { turn(*rig.orbit); }
   void turnLight() { turn(*rig.sun); }
   void stayAsItIs() {}
 
-  /// The camera sees nothing of the floor.
+  /// Turns the camera away from the floor.
   void lookAway() { rig.eye->setEulerAngles({3.0F, 0, 0}); }
 
  private:

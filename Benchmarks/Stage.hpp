@@ -1,4 +1,4 @@
-// Draws the floor of the benchmarks into a picture.
+// Draws the floor of the benchmarks into an image.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -15,7 +15,7 @@
 
 namespace orivanta::benchmarks {
 
-/// Of pixels of 4 bytes, the share that is not white.
+/// The fraction of pixels (of 4 bytes) that are not white.
 inline double shareOfColored(std::span<const std::uint8_t> pixels) {
   std::size_t colored = 0;
   for (std::size_t i = 0; i + 3 < pixels.size(); i += 4)
@@ -23,7 +23,7 @@ inline double shareOfColored(std::span<const std::uint8_t> pixels) {
   return 4.0 * static_cast<double>(colored) / static_cast<double>(pixels.size());
 }
 
-/// Without a display. One thread.
+/// Needs no display. Not thread-safe.
 class Stage {
  public:
   explicit Stage(std::unique_ptr<render::OffscreenSurface> surface)
@@ -32,13 +32,13 @@ class Stage {
     view_->setScene(floor.scene);
   }
 
-  /// Reading the picture waits until the driver has drawn it.
+  /// Draws a frame and reads the image, which waits until the driver has finished.
   void draw() {
     handOver();
     benchmark::DoNotOptimize(surface_->read());
   }
 
-  /// A frame without waiting for it.
+  /// Draws a frame without waiting for the driver.
   void handOver() {
     renderer_.render(*view_, SeenFloor::pictureSize, 1.0, time_ += 1.0 / 60,
                      surface_->framebuffer());
@@ -46,7 +46,7 @@ class Stage {
 
   const render::FrameStatistics& statistics() const { return renderer_.statistics(); }
 
-  /// The share of pixels that are not the white background.
+  /// The fraction of pixels that are not background.
   double coverage() { return shareOfColored(surface_->read()->pixels()); }
 
   const view::SceneView& view() const { return *view_; }
@@ -66,7 +66,7 @@ class Stage {
   double time_ = 0.0;
 };
 
-/// Calls act(stage), or reports why there is no stage.
+/// Calls act(stage), or reports why there is none.
 template <class Act>
 void onStage(benchmark::State& state, const Act& act) {
   auto surface = render::OffscreenSurface::make(1280, 800);

@@ -1,9 +1,9 @@
-// Loading a venue over HTTP, and what it is made of: the transfer of its pages by six chains side
-// by side, without looking into them; parsing the same pages into records, one after the other;
-// joining the records and building the graph.
+// Loads a venue over HTTP, and measures the parts separately: the transfer of its pages by six
+// concurrent chains without parsing them, parsing the same pages into records one after the other,
+// and joining the records and building the graph.
 //
-// "near" is a server in this process, "far" the same server behind 20 ms of latency. Joining is
-// measured on 100,000 nodes, against parsing their JSON.
+// "near" is a server in this process, "far" the same server with 20 ms of latency. Joining is
+// measured with 100,000 nodes and compared with parsing their JSON.
 
 #include <benchmark/benchmark.h>
 
@@ -34,7 +34,7 @@ namespace {
 constexpr const char* collectionNames[] = {"location", "category", "map",
                                            "node",     "vortex",   "polygon"};
 
-// A mall of 20,000 nodes behind the venue server, in pages of 500, near and far.
+// A mall of 20,000 nodes on the venue server, in pages of 500, near and far.
 class ServedMall {
  public:
   static ServedMall& shared() {
@@ -66,7 +66,7 @@ class ServedMall {
 
 using Pages = std::map<std::string, std::vector<std::string>>;
 
-// Follows one collection's pages without looking into them.
+// Follows the pages of a collection without parsing them.
 class TransferDelegate : public network::UrlSessionDelegate {
  public:
   void didReceiveData(std::string_view bytes) override { page_.append(bytes); }

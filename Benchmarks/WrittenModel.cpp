@@ -54,7 +54,7 @@ void WrittenModel::addWallNormal(const graphics::Point& from, const graphics::Po
                  (from.x - to.x) / length);
 }
 
-// Walls, then floor and ceiling.
+// Adds walls, then floor and ceiling.
 void WrittenModel::addFaces() {
   const auto corner = [&](int vertex, int normal) {
     return fmt::format(" {0}/{0}/{1}", firstVertex_ + vertex, firstNormal_ + normal);

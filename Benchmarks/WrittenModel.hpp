@@ -1,4 +1,4 @@
-// A floor as a Wavefront model on the disk, to be read.
+// Writes a floor as a Wavefront model to the disk.
 #pragma once
 
 #include <cstdint>
@@ -11,14 +11,14 @@
 
 namespace orivanta::benchmarks {
 
-/// So many floors of 1,500 rooms in one file, each room a material and a prism with 26 walls and a
-/// floor and a ceiling that are not convex: 28 faces, 100 triangles.
+/// A file with a number of floors of 1,500 rooms. Each room has its own material and is a prism
+/// with 26 walls and a nonconvex floor and ceiling: 28 faces, 100 triangles.
 class WrittenModel {
  public:
   explicit WrittenModel(int floors);
 
   const std::filesystem::path& file() const { return file_; }
-  std::int64_t bytes() const { return bytes_; }  ///< with the library of materials
+  std::int64_t bytes() const { return bytes_; }  ///< including the material library
 
  private:
   static constexpr int roomsOfFloor = 1'500;

@@ -1,4 +1,5 @@
-// Lines of a batch of routes: each that is not blank gets one line of JSON with its identifier.
+// Reads the input as a batch of routes: each nonblank line has one line of JSON with its identifier
+// as the result.
 #include <boost/json/value.hpp>
 #include <sstream>
 #include <string>
@@ -13,7 +14,7 @@
 namespace orivanta::command {
 namespace {
 
-// Whether the answer has the identifier of the request, or null when that has none.
+// Whether the result has the identifier of the request, or null if the request has none.
 bool echoesIdentifier(const std::string& request, const RawData& answer) {
   const auto echo = answer["id"].data();
   const auto parsed = RawData::parse(request);

@@ -1,12 +1,12 @@
-// What every fuzzer is made of: an entry point and checks.
+// The entry point and the checks that all fuzzers use.
 //
 // A fuzzer is one source file that ends with
 //
 //   ORIVANTA_FUZZER(Model, orivanta::scene::obj::checkModel)
 //
-// The name is that of its folder in Fuzz/Corpus; the function takes the input as a string_view.
-// With libFuzzer each file is a program of its own. Without it all files are linked into
-// fuzz_replay, which runs every input of the corpus through the function of its folder.
+// The name is that of its folder in Fuzz/Corpus, and the function takes the input as a string_view.
+// With libFuzzer, each file is a separate program. Otherwise all files are linked into fuzz_replay,
+// which passes every input of the corpus to the function for its folder.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ namespace orivanta::fuzz {
 
 using Target = void (*)(std::string_view input);
 
-/// Adds a fuzzer to those of fuzz_replay.
+/// Registers a fuzzer with fuzz_replay.
 struct Registration {
   Registration(const char* corpus, Target target);
 };
@@ -29,7 +29,8 @@ struct Registration {
   std::abort();
 }
 
-/// Removes the text up to the next separator, and the separator, from the front of `rest`.
+/// Removes the text up to and including the next separator from the front of `rest`, and returns it
+/// without the separator.
 inline std::string_view takeUpTo(std::string_view separator, std::string_view& rest) {
   const std::size_t end = rest.find(separator);
   const std::string_view taken = rest.substr(0, end);
@@ -39,7 +40,7 @@ inline std::string_view takeUpTo(std::string_view separator, std::string_view& r
 
 }  // namespace orivanta::fuzz
 
-/// Stops the program when a promise of the code under test is broken.
+/// Aborts the program if an expectation about the tested code is not met.
 #define ORIVANTA_REQUIRE(condition) \
   ((condition) ? void() : ::orivanta::fuzz::stop(#condition, __FILE__, __LINE__))
 

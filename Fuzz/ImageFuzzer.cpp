@@ -1,4 +1,5 @@
-// A picture file: what decodes is a picture that a PNG holds unchanged.
+// Reads the input as an image file. An image that can be decoded must survive a PNG round trip
+// unchanged.
 #include <zlib.h>
 
 #include <algorithm>
@@ -12,9 +13,9 @@
 namespace orivanta::graphics {
 namespace {
 
-constexpr std::size_t headBytes = 8;  // of a PNG file, and of each chunk in it
+constexpr std::size_t headBytes = 8;  // of a PNG file, and of each of its chunks
 
-// Changes to a PNG would end at its checksums.
+// Without this, mutated PNG files would be rejected because of their checksums.
 std::vector<std::uint8_t> withRightChecksums(std::vector<std::uint8_t> bytes) {
   std::span<std::uint8_t> left = bytes;
   left = left.subspan(std::min(left.size(), headBytes));
@@ -31,7 +32,7 @@ std::vector<std::uint8_t> withRightChecksums(std::vector<std::uint8_t> bytes) {
 }
 
 void check(std::span<const std::uint8_t> bytes) {
-  constexpr std::size_t mostPixelBytes = 1U << 20U;  // larger ones take long to write
+  constexpr std::size_t mostPixelBytes = 1U << 20U;  // writing larger ones takes long
   const auto image = decodeImage(bytes);
   if (!image || image->pixels().size() > mostPixelBytes) return;
   const auto again = decodeImage(encodePng(*image));

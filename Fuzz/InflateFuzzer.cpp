@@ -1,4 +1,4 @@
-// A compressed body with a limit.
+// Decompresses the input with a limit.
 #include "Fuzz/Fuzzer.hpp"
 #include "Platform/Network/Curl/Inflate.hpp"
 

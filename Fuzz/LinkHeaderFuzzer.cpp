@@ -1,4 +1,5 @@
-// A response's Link fields: the URL that answered on the first line, one field value on each other.
+// Parses a response's Link headers. The first line is the URL of the response, the others are
+// header values.
 #include <string_view>
 
 #include "Fuzz/Fuzzer.hpp"

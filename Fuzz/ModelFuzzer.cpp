@@ -1,4 +1,4 @@
-// A Wavefront model; the same text serves as the library that it names.
+// Reads the input as a Wavefront model and as the material library that it names.
 #include <cmath>
 #include <set>
 #include <string_view>

@@ -1,13 +1,13 @@
-// A chain of pages from a server that answers with what the input says, one answer after the other:
+// Runs a chain of pages against a server whose responses are given by the input:
 //
-//   200                            the status; "lost" for a connection that breaks
-//   Link: <?page=2>; rel="next"    fields, up to an empty line
-//   At: http://h/elsewhere         not a field: the URL that answered, when not the one asked
+//   200                            the status; "lost" for a broken connection
+//   Link: <?page=2>; rel="next"    headers, up to an empty line
+//   At: http://h/elsewhere         not a header: the URL of the response, if not the requested one
 //
 //   [1, 2]                         the body, up to a line "%%"
 //   %%
 //
-// The chain asks for the pages that its links name, folds each and ends once.
+// The chain must request the pages that its links name, fold each page, and end once.
 #include <charconv>
 #include <memory>
 #include <mutex>
@@ -30,7 +30,7 @@ class NoTransfer : public UrlTransfer {
   void cancel() override {}
 };
 
-// Answers every request at once.
+// Responds to every request immediately.
 class ScriptedTransport : public UrlTransport {
  public:
   void play(std::vector<UrlResult> answers) {
@@ -109,7 +109,7 @@ UrlResult takeAnswer(std::string_view& script) {
   return answer;
 }
 
-// What the chain is to do.
+// The expected behavior of the chain.
 Course expectedCourse(const std::vector<UrlResult>& answers, foundation::Url url) {
   Course course;
   for (;;) {

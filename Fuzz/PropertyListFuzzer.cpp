@@ -1,4 +1,4 @@
-// A file of settings, XML or binary.
+// Reads the input as an XML or binary property list.
 #include <sys/mman.h>
 #include <unistd.h>
 

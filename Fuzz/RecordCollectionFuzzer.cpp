@@ -1,5 +1,5 @@
-// A collection of a venue package, read as the server reads it and cut into pages: every page is
-// JSON with the records that it should hold.
+// Reads the input as a collection of a venue package, as the server does, and cuts it into pages.
+// Every page must be JSON with the expected records.
 #include <algorithm>
 #include <boost/json/array.hpp>
 #include <boost/json/value.hpp>
@@ -17,7 +17,7 @@ namespace {
 
 using Languages = std::vector<RecordCollection::Language>;
 
-// Whether pages hold the record as it is, whatever the request.
+// Whether pages contain the record unchanged, regardless of the request.
 bool isServedUnchanged(const boost::json::value& record) {
   const auto* const object = record.if_object();
   return object == nullptr || std::none_of(object->begin(), object->end(), [](const auto& member) {

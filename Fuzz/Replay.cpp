@@ -1,9 +1,9 @@
 // Runs every input of the corpus through its fuzzer, without libFuzzer.
 //
-//   fuzz_replay CORPUS [NAME]     with NAME, the inputs of that folder alone
+//   fuzz_replay CORPUS [NAME]     with NAME, only the inputs in that folder
 //
-// Names each input before it runs, so that the last name tells which one stopped the program. The
-// exit code is 1 for a fuzzer without inputs and for a folder without a fuzzer.
+// Prints the name of each input before it runs, so that the last name identifies the input that
+// stopped the program. Exits with 1 if a fuzzer has no inputs or a folder has no fuzzer.
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -30,7 +30,7 @@ std::set<fs::path> entriesOf(const fs::path& folder) {
   return {fs::directory_iterator(folder), fs::directory_iterator()};
 }
 
-// The number of inputs.
+// Returns the number of inputs.
 std::size_t replay(const fs::path& folder, Target target) {
   const std::set<fs::path> files = entriesOf(folder);
   for (const fs::path& file : files) {

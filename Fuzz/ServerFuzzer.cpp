@@ -1,6 +1,5 @@
-// Bytes that a client sends on a connection, through the server's own reading, routing and writing:
-// every answer is a whole HTTP message, none tells what lies outside the package, and without
-// credentials a locked server tells nothing.
+// Sends the input to the server on a connection. Every response must be a complete HTTP message and
+// must not reveal files outside the package. A server with credentials must reveal nothing.
 #include <fcntl.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -37,7 +36,7 @@ using Answer = http::response<http::string_body>;
 
 constexpr std::string_view secret = "what nobody may read";
 
-// Holds one package, beside a file that is outside and reached by a link from inside.
+// A package with a symbolic link to a file outside of it.
 const test::TemporaryFolder& folder() {
   static const test::TemporaryFolder made;
   static const bool filled = [] {
@@ -62,7 +61,8 @@ std::shared_ptr<ServerContext> makeServer(std::optional<Credentials> credentials
   return std::make_shared<ServerContext>(answer, ConnectionLimits());
 }
 
-// What the server sends until it closes the connection. The client has then sent all its bytes.
+// The bytes that the server sends until it closes the connection. The client sends all its bytes
+// first.
 std::string answersTo(std::string_view bytes, const std::shared_ptr<ServerContext>& server) {
   std::array<int, 2> ends{};
   ORIVANTA_REQUIRE(::socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) == 0);
@@ -89,7 +89,7 @@ std::string answersTo(std::string_view bytes, const std::shared_ptr<ServerContex
   return answers;
 }
 
-// The first answer, cut from the front.
+// Removes the first response from the front and returns it.
 Answer takeAnswer(std::string_view& answers) {
   http::response_parser<http::string_body> parser;
   parser.header_limit(1U << 20U);
@@ -122,7 +122,7 @@ void serveBytes(std::string_view bytes) {
   static const auto open = makeServer(std::nullopt);
   static const auto locked = makeServer(Credentials("somebody", "a password that is not guessed"));
   if (bytes.find("HEAD") != std::string_view::npos) {
-    answersTo(bytes, open);  // the answers cannot be told apart without the requests
+    answersTo(bytes, open);  // the responses cannot be separated without the requests
     return;
   }
   checkAnswers(answersTo(bytes, open), {200, 304, 400, 404, 405, 413, 431, 501});

@@ -1,5 +1,5 @@
-// Two files of settings, separated by a line "%%", on their way to the API session: they give an
-// endpoint and credentials that a request can carry, or an error.
+// Reads two settings files, separated by a line "%%", for the API session. They must result in an
+// endpoint and credentials that a request can contain, or in an error.
 #include <cstdlib>
 #include <string>
 #include <string_view>

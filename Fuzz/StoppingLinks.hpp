@@ -1,4 +1,4 @@
-// Inputs that fuzzers of links pass over.
+// Detects inputs that fuzzers of links must skip.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 namespace orivanta::fuzz {
 
-/// Whether a response's Link field has a parameter of a single quote, which stops the program, as
-/// HttpLink.hpp says.
+/// Whether a Link header has a parameter that is a single quote, which stops the program as
+/// described in HttpLink.hpp.
 inline bool linksStopTheProgram(const network::HttpUrlResponse& response) {
   const auto header = response.headerField("Link");
   if (!header) return false;

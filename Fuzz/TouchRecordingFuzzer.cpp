@@ -1,5 +1,5 @@
-// A recording of touches, played on the map view of a small floor: whatever fingers do, the camera
-// stays where it can see.
+// Plays the input as a touch recording on the map view of a small floor. The camera must stay
+// within its limits.
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -70,7 +70,7 @@ void playRecording(std::string_view input) {
       checkCamera(*mapView);
     }
   } catch (const CommandError&) {
-    return;  // a line that is no touch
+    return;  // the line is not a touch
   }
 }
 

@@ -1,4 +1,5 @@
-// Two lines, a base and a reference: parsed, taken apart, resolved and given a query.
+// Reads two lines, a base URL and a reference: parses them, splits them, resolves the reference and
+// adds a query.
 #include <string_view>
 #include <vector>
 

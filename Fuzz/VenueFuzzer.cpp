@@ -1,5 +1,5 @@
-// A JSON body through everything that reads it: the parser, the records, the join, the navigation
-// graph and the route search.
+// Passes a JSON body through the parser, the records, the join, the navigation graph and the route
+// search.
 #include <string_view>
 #include <utility>
 
@@ -27,7 +27,8 @@ Collection<Record> recordsOf(const RawData& elements) {
   return records;
 }
 
-// An object of the six collections is loaded as a venue; polygons come last when it says so.
+// Loads an object with the six collections as a venue. The object can specify that polygons come
+// last.
 void loadCollections(const RawData& body) {
   activeVenue = Venue::make(*RawData::parse(R"({"id": "", "slug": "", "name": ""})"));
   VenueLoad load(body["accessible"].bool_().value_or(false), [](const auto&) {});
@@ -51,7 +52,7 @@ void findRoutes() {
     for (const auto& to : *activeVenue->locations) from->directionsTo(*to);
 }
 
-// A list is read as a page of each collection.
+// Reads a list as a page of each collection.
 void buildRecords(const RawData& page) {
   for (const auto& entry : recordsOf<Venue>(page))
     if (entry.second->logo) (*entry.second->logo)[100];

@@ -1,5 +1,5 @@
-// What a test waits for: a value that a callback gives on another thread, and the end of whatever
-// the callbacks hold.
+// Lets a test wait for a value that a callback provides on another thread, and for the callbacks to
+// be released.
 #pragma once
 
 #include <future>
@@ -11,14 +11,15 @@
 
 namespace orivanta::test {
 
-/// Copies refer to the same value. A second `give` fails the program, since a callback that is
-/// promised once has come twice.
+/// Copies refer to the same value. A second `give` aborts the program, since the callback must run
+/// only once.
 template <class T>
 class Awaited {
  public:
   void give(T value) const { promise_->set_value(std::move(value)); }
 
-  /// The value, once; an exception, and with it a failed test, when patience runs out.
+  /// Returns the value; may be called once. Throws, so that the test fails, if no value arrives
+  /// within `patience`.
   T take() const {
     auto value = promise_->get_future();
     if (value.wait_for(patience) != std::future_status::ready)
@@ -30,8 +31,8 @@ class Awaited {
   std::shared_ptr<std::promise<T>> promise_ = std::make_shared<std::promise<T>>();
 };
 
-/// A handle that opens the latch when its last copy is gone. Callbacks that hold one tell that way
-/// that they were let go and will not be called any more.
+/// A handle that opens the latch when its last copy is destroyed. If callbacks capture it, the
+/// latch opens when they are released and cannot be called any more.
 inline std::shared_ptr<void> opensWhenGone(std::shared_ptr<Latch> latch) {
   void* const address = latch.get();
   return {address, [latch = std::move(latch)](void*) { latch->open(); }};

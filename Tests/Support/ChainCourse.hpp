@@ -1,4 +1,4 @@
-// Runs a request chain to its end and tells all that it reported.
+// Runs a request chain to its end and records everything that it reports.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ using Texts = std::vector<std::string>;
 
 inline HttpSession sessionFor(std::string_view root) { return {root, "user", "secret", "de, en"}; }
 
-/// A page callback: appends the texts of a page that is an array; "object" for one that is not.
+/// A page callback: appends the strings of a page that is an array, or "object" for another page.
 inline Texts withPage(Texts texts, const RawData& page) {
   if (page.arrayValue().empty() && page["error"].string()) texts.emplace_back("object");
   for (const RawData& element : page.arrayValue()) texts.push_back(element.stringValue());
@@ -31,8 +31,8 @@ struct Course {
   int folds = 0;
 };
 
-/// Blocks until the chain has let go of its callbacks, and fails the test when it never does or
-/// reports an end twice.
+/// Blocks until the chain has released its callbacks. The test fails if it never does or if it
+/// reports its end twice.
 inline Course courseOf(const HttpSession& session, std::string_view path = "a",
                        const Dictionary<std::string>& parameters = {}) {
   const auto course = std::make_shared<Course>();

@@ -1,4 +1,4 @@
-// What there is to see of a color in a picture.
+// Counts the pixels of a color in an image.
 #pragma once
 
 #include <cmath>
@@ -9,7 +9,7 @@
 
 namespace orivanta::test {
 
-/// How many pixels have about this color.
+/// The number of pixels with approximately this color.
 inline int countPixels(const graphics::Image& image, const graphics::Color& color) {
   const auto pixels = image.pixels();
   int count = 0;

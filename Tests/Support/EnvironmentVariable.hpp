@@ -1,4 +1,4 @@
-// A variable of the environment that has another value, or none, as long as a test lasts.
+// Sets or removes an environment variable during a test.
 #pragma once
 
 #include <cstdlib>
@@ -8,7 +8,7 @@
 
 namespace orivanta::test {
 
-/// Only while no other thread reads the environment.
+/// Use only while no other thread reads the environment.
 class EnvironmentVariable {
  public:
   EnvironmentVariable(std::string name, const std::optional<std::string>& value)

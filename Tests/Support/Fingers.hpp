@@ -1,4 +1,4 @@
-// Made-up fingers on a tree of views, and a record of what recognizers make of them.
+// Simulates fingers on a view tree and records the states of gesture recognizers.
 #pragma once
 
 #include <initializer_list>
@@ -16,7 +16,7 @@
 
 namespace orivanta::test {
 
-/// Positions in points of the topmost view, times in seconds.
+/// Positions are in points of the root view, times in seconds.
 class Fingers {
  public:
   using Place = std::pair<std::uint64_t, graphics::Point>;
@@ -30,12 +30,12 @@ class Fingers {
     send(finger, view::TouchPhase::moved, position, time);
   }
 
-  /// Several in one moment.
+  /// Moves several fingers at the same time.
   void move(std::initializer_list<Place> places, double time) {
     moveAll({places.begin(), places.size()}, time);
   }
 
-  /// Where the finger was last.
+  /// Lifts the finger where it was last.
   void up(std::uint64_t finger, double time) {
     send(finger, view::TouchPhase::ended, last_[finger], time);
   }
@@ -48,8 +48,8 @@ class Fingers {
     up(finger, time + 0.1);
   }
 
-  /// Steps such as "down 0 1 50 50 2 90 50; move 0.1 1 56 58; up 0.2 1 2; cancelAll 0.3": what
-  /// happens, the time, and the fingers, with their positions where they may be new.
+  /// Plays steps such as "down 0 1 50 50 2 90 50; move 0.1 1 56 58; up 0.2 1 2; cancelAll 0.3": the
+  /// action, the time, and the fingers, with positions for down and move.
   void play(const std::string& script) {
     std::istringstream steps(script);
     for (std::string step; std::getline(steps, step, ';');) {
@@ -95,11 +95,11 @@ class Fingers {
   std::map<std::uint64_t, graphics::Point> last_;
 };
 
-/// The states that recognizers go through, such as "pan began, pan changed, pan ended"; the same
-/// one several times in a row is told once.
+/// Records the states of recognizers, such as "pan began, pan changed, pan ended". Consecutive
+/// equal states are recorded once.
 class GestureLog {
  public:
-  /// Makes a recognizer for a view. The log outlives it.
+  /// Adds a recognizer to a view. The log must outlive it.
   template <class Recognizer>
   std::shared_ptr<Recognizer> add(view::View& view, std::string name) {
     auto recognizer = std::make_shared<Recognizer>();
@@ -114,7 +114,7 @@ class GestureLog {
     return recognizer;
   }
 
-  /// What happened since the last call.
+  /// Returns what was recorded since the last call.
   std::string take() {
     std::string all;
     for (const std::string& entry : entries_) all.append(all.empty() ? "" : ", ").append(entry);

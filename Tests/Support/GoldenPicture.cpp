@@ -13,7 +13,7 @@ namespace orivanta::test {
 
 namespace {
 
-// White where two pictures of one size are alike, black where they are not.
+// White where two images of the same size are equal, black where they differ.
 std::vector<std::uint8_t> differences(const graphics::Image& a, const graphics::Image& b,
                                       int component) {
   std::vector<std::uint8_t> pixels(a.pixels().size(), 255);

@@ -1,4 +1,4 @@
-// Pictures held against those that Tests/Golden keeps.
+// Compares images with those in Tests/Golden.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,15 +9,15 @@
 
 namespace orivanta::test {
 
-/// Drivers differ in what they make of edges and filtered texels.
+/// Drivers differ in how they render edges and filter textures.
 struct GoldenTolerance {
-  int component = 6;       ///< a pixel differs when one of its four does by more than this, of 255
-  double pixels = 0.0075;  ///< the share of pixels that may differ
+  int component = 6;       ///< a pixel differs if a component differs by more than this, out of 255
+  double pixels = 0.0075;  ///< the fraction of pixels that may differ
 };
 
-/// Whether the picture looks like Tests/Golden/NAME.png. If not, NAME.actual.png and NAME.diff.png
-/// (what differs, in black on white) lie in the folder of the build that the message names. With
-/// ORIVANTA_REFRESH_GOLDEN=1 in the environment, the picture becomes the kept one instead.
+/// Whether the image matches Tests/Golden/NAME.png. If not, NAME.actual.png and NAME.diff.png (the
+/// differences in black on white) are written to the build folder that the message names. If the
+/// environment variable ORIVANTA_REFRESH_GOLDEN is 1, the image replaces the golden one instead.
 testing::AssertionResult looksAsKept(const graphics::Image& picture, std::string_view name,
                                      GoldenTolerance tolerance = {});
 

@@ -1,4 +1,4 @@
-// The links of a loaded venue as plain JSON, to compare a whole join at once.
+// The links of a loaded venue as plain JSON, so that a test can compare a complete join.
 #pragma once
 
 #include <boost/json/object.hpp>
@@ -7,15 +7,15 @@
 
 namespace orivanta::test {
 
-/// Identifiers of what each record is linked with, lists in link order, the maps of vortices
-/// sorted:
+/// The identifiers of the records that each record is linked with. Lists are in link order, except
+/// for the maps of vortices, which are sorted:
 ///   {"categories": {id: {"parents": [], "children": [], "locations": []}},
 ///    "locations": {id: {"categories": [], "nodes": [], "polygons": []}},
 ///    "polygons": {id: {"map": "", "entrances": [], "locations": []}},
 ///    "vortices": {id: {"maps": [], "nodes": [], "accessible": true}}}
 boost::json::object joinedLinks(const Venue& venue);
 
-/// Fails the test once for every record whose links differ.
+/// Adds one test failure for every record whose links differ.
 void expectSameLinks(const boost::json::object& actual, const boost::json::object& expected);
 
 }  // namespace orivanta::test

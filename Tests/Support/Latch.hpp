@@ -1,4 +1,4 @@
-// A latch: threads and servers wait for it until somebody opens it, once and for good.
+// A latch that threads and servers can wait for. Once opened, it stays open.
 #pragma once
 
 #include <chrono>
@@ -10,11 +10,11 @@
 
 namespace orivanta::test {
 
-/// How long a test waits for something that must happen before it calls the wait a failure. Far
-/// beyond what any machine takes; nothing is measured against it.
+/// Tests fail if something that must happen takes longer than this. Much longer than needed on any
+/// machine; no test measures time.
 constexpr std::chrono::seconds patience{120};
 
-/// All operations are safe from any thread.
+/// Thread-safe.
 class Latch {
  public:
   void open() {
@@ -28,7 +28,7 @@ class Latch {
     for (const auto& action : waiting) action();
   }
 
-  /// Blocks until the latch is open; false when patience ran out.
+  /// Blocks until the latch is open. Returns false after `patience`.
   [[nodiscard]] bool wait() {
     std::unique_lock lock(mutex_);
     return opened_.wait_for(lock, patience, [this] { return isOpen_; });
@@ -39,7 +39,8 @@ class Latch {
     return isOpen_;
   }
 
-  /// Runs the action when the latch opens, on the thread that opens it; at once when it is open.
+  /// Runs the action when the latch opens, on the thread that opens it, or immediately if it is
+  /// open.
   void whenOpen(std::function<void()> action) {
     {
       const std::lock_guard lock(mutex_);

@@ -1,4 +1,4 @@
-// The route search with a sorted list as its frontier: what the library's search is held against.
+// The route search with a sorted list as its queue, as a reference for the library's search.
 #pragma once
 
 #include <optional>
@@ -7,7 +7,7 @@
 
 namespace orivanta::test {
 
-/// Same contract as `searchRoute`, any weights and positions.
+/// Has the same contract as `searchRoute`, for any weights and positions.
 std::optional<Route> searchRouteWithList(const NodeList& nodes, const NodeList& destinations,
                                          const NavigationGraph& graph);
 

@@ -1,4 +1,4 @@
-// The priority queue as the list that it stands for: what PriorityQueue is held against.
+// A priority queue implemented as a sorted list, as a reference for PriorityQueue.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 
 namespace orivanta::test {
 
-/// Same contract as PriorityQueue. `put` walks the list as it was before, position by position.
+/// Has the same contract as PriorityQueue. `put` scans the list from the front.
 template <class Element, class Priority>
 class LiteralPriorityQueue {
  public:

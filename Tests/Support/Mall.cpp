@@ -11,9 +11,9 @@ namespace orivanta::test {
 
 namespace {
 
-constexpr double corridorWidth = 10.0;  // between neighbouring crossings
+constexpr double corridorWidth = 10.0;  // between neighboring crossings
 constexpr double floorHeight = 5.0;
-constexpr double shareOfBlocks = 0.1;  // crossings that are not there
+constexpr double shareOfBlocks = 0.1;  // fraction of the crossings that are missing
 constexpr int shaftSpacing = 16;       // crossings between shafts
 
 class MallBuilder {
@@ -40,7 +40,7 @@ class MallBuilder {
   }
 
  private:
-  // Nodes are made in an order that has nothing to do with their places.
+  // Nodes are created in an order that does not depend on their positions.
   void addFloor(int floor) {
     std::vector<std::pair<int, int>> places;
     for (int row = 0; row < side_; ++row)

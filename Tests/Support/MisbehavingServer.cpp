@@ -56,7 +56,7 @@ std::string headOf(const Answer& answer) {
   return head + "\r\n";
 }
 
-// The body in chunks of 1,000 bytes, or as it is.
+// The body in chunks of 1,000 bytes, or unchanged.
 std::string framedBody(const Answer& answer) {
   if (!answer.inChunks) return answer.body;
   std::string framed;
@@ -247,7 +247,7 @@ class MisbehavingServer::Implementation {
     }
   }
 
-  // Whether the connection can serve another request.
+  // Returns whether the connection can serve another request.
   template <class Stream>
   asio::awaitable<bool> sent(Stream& socket, const Answer& answer) {
     const bool complete = answer.ending == Answer::Ending::complete;
@@ -299,7 +299,7 @@ class MisbehavingServer::Implementation {
     return script ? script(request) : Answer::json(R"({"error": "not found"})", 404);
   }
 
-  mutable std::mutex mutex_;  // guards what the test's threads read and write
+  mutable std::mutex mutex_;  // guards the members that the test's threads use
   mutable std::condition_variable changed_;
   std::map<std::string, Script> scripts_;
   std::vector<ReceivedRequest> requests_;

@@ -1,5 +1,5 @@
-// A real HTTP/1.1 server on loopback that answers by script: late, damaged, cut short or not at
-// all, as a test wants it.
+// An HTTP/1.1 server on loopback that sends scripted responses, which may be late, damaged,
+// truncated or missing.
 #pragma once
 
 #include <cstddef>
@@ -15,36 +15,37 @@
 
 namespace orivanta::test {
 
-/// A request as it came over the wire.
+/// A request as received.
 struct ReceivedRequest {
   std::string method;
-  std::string target;  ///< the request target as written, such as "/1/node?venue=a"
-  std::string path;    ///< up to the "?"
-  std::string query;   ///< behind the "?"; empty without one
+  std::string target;  ///< the request target as sent, such as "/1/node?venue=a"
+  std::string path;    ///< the part before the "?"
+  std::string query;   ///< the part after the "?", or empty
   std::vector<std::pair<std::string, std::string>> fields;
 
-  /// The value of a field, whatever the case of its name; nothing when it was not sent.
+  /// The value of a header; the case of the name is ignored. Returns nothing if the header is
+  /// missing.
   std::optional<std::string> field(std::string_view name) const;
 };
 
-/// What a request gets. Built by chaining: Answer::json("[1]").next("/b").held(latch).
+/// A scripted response. Built by chaining: Answer::json("[1]").next("/b").held(latch).
 struct Answer {
   enum class Ending {
     complete,
     closed,  ///< the connection is closed before the end of the body
-    reset    ///< as `closed`, by a TCP reset
+    reset    ///< like `closed`, but with a TCP reset
   };
 
   int status = 200;
   std::vector<std::pair<std::string, std::string>> fields;
   std::string body;
   bool inChunks = false;
-  std::string trailer;  ///< field lines behind the last chunk, each with its line break
-  std::optional<std::size_t> announcedBytes;  ///< the Content-Length when it is not the truth
+  std::string trailer;  ///< header lines after the last chunk, each with its line break
+  std::optional<std::size_t> announcedBytes;  ///< a false Content-Length
   Ending ending = Ending::complete;
-  std::size_t sentBodyBytes = 0;  ///< before the early end
-  bool byTrickles = false;        ///< a byte of the body every 50 ms
-  std::size_t burstBytes = 1;     ///< in place of that byte, every 4 s
+  std::size_t sentBodyBytes = 0;  ///< number of bytes sent before the early end
+  bool byTrickles = false;        ///< send a byte of the body every 50 ms
+  std::size_t burstBytes = 1;     ///< send this many every 4 s instead, if more than 1
   std::shared_ptr<Latch> latch;   ///< nothing is sent before it opens; may be null
 
   static Answer json(std::string text, int status = 200);
@@ -52,7 +53,7 @@ struct Answer {
   static Answer redirect(std::string location, int status = 302);
 
   Answer with(std::string name, std::string value) const;
-  Answer next(const std::string& uri) const;  ///< a Link field with the relation "next"
+  Answer next(const std::string& uri) const;  ///< adds a Link header with the relation "next"
   Answer gzipped() const;                     ///< compresses the body
   Answer chunked() const;
   Answer closedAfter(std::size_t bodyBytes) const;
@@ -61,16 +62,16 @@ struct Answer {
   Answer held(std::shared_ptr<Latch> latch) const;
 };
 
-/// The bytes as one gzip member.
+/// The bytes compressed to one gzip member.
 std::string gzipped(const std::string& bytes);
 
-/// Serves from construction to destruction on a thread of its own. Paths without a script get 404
-/// with a JSON object. All operations are safe from any thread, also while requests are served.
+/// Serves from construction to destruction on its own thread. Requests for paths without a script
+/// are answered with 404 and a JSON object. Thread-safe, also while requests are served.
 class MisbehavingServer {
  public:
   using Script = std::function<Answer(const ReceivedRequest&)>;
 
-  /// Speaks HTTPS if there is a file with a certificate; its key is beside it, named *.key.
+  /// Serves HTTPS if `certificate` names a file; the key is next to it, with the extension .key.
   explicit MisbehavingServer(const std::filesystem::path& certificate = {});
   ~MisbehavingServer();
   MisbehavingServer(const MisbehavingServer&) = delete;
@@ -80,28 +81,28 @@ class MisbehavingServer {
   void on(const std::string& path, Script script);
   void on(const std::string& path, Answer answer);
 
-  /// These answers in turn; the last one again and again.
+  /// Sends these responses in turn, and repeats the last one.
   void on(const std::string& path, std::vector<Answer> answers);
 
-  /// The API root, such as "http://127.0.0.1:43210/1/", or another path on the same server.
+  /// The API root, such as "http://127.0.0.1:43210/1/", or another path on this server.
   std::string root(const std::string& path = "/1/") const;
-  /// The same place under another name of this machine, which makes it another host.
+  /// The same URL with another name of this machine, which clients treat as another host.
   std::string rootByName(const std::string& path = "/1/") const;
 
-  /// A root at which nothing listens: connections are refused.
+  /// A root URL at which no server listens, so that connections are refused.
   static std::string refusingRoot();
 
-  /// All requests so far, in the order of arrival, respectively those for one path.
+  /// All requests so far in the order of arrival, or only those for one path.
   std::vector<ReceivedRequest> requests() const;
   std::vector<ReceivedRequest> requests(const std::string& path) const;
-  /// Blocks until `count` requests for the path have arrived; false when patience ran out.
+  /// Blocks until `count` requests for the path have arrived. Returns false after `patience`.
   [[nodiscard]] bool waitForRequests(const std::string& path, std::size_t count) const;
 
-  /// Starts the record of requests anew.
+  /// Clears the recorded requests.
   void forgetRequests();
 
   std::size_t connectionCount() const;
-  /// Blocks until so many connections have ended; false when patience ran out.
+  /// Blocks until `count` connections have ended. Returns false after `patience`.
   [[nodiscard]] bool waitForEndedConnections(std::size_t count) const;
 
  private:

@@ -32,7 +32,7 @@ class Drawing {
         if (isNode(at(column, line))) visit(at(column, line), column, line);
   }
 
-  /// The JSON list of the nodes that ways lead to from a node.
+  /// The JSON list of the nodes that can be reached directly from a node.
   std::string pathsFrom(int column, int line) const {
     std::string paths;
     for (const auto& [dx, dy, way, against] :
@@ -59,7 +59,7 @@ class Drawing {
     return column < 0 || column >= static_cast<int>(text.size()) ? ' ' : text[std::size_t(column)];
   }
 
-  // The node at the other end of the way, or 0.
+  // The node at the other end of a connection, or 0.
   char follow(int column, int line, const Step& step) const {
     const std::string_view heads = step.way == '-' ? "<>" : "^v";
     while (true) {

@@ -1,4 +1,4 @@
-// Small walking networks for tests: single nodes, drawings, and whole shopping malls.
+// Small navigation graphs for tests: single nodes, drawings, and shopping malls.
 #pragma once
 
 #include <cstdint>
@@ -11,41 +11,41 @@
 
 namespace orivanta::test {
 
-/// A node of no venue: no map, no paths, weights as for a missing "weight".
+/// A node without a venue: no map, no paths, and the default weights.
 std::shared_ptr<Node> makeNode(double x, double y, double z = 0.0, const std::string& id = "node");
 
-/// A network drawn with one letter or digit a node:
+/// A graph drawn with one letter or digit per node:
 ///
 ///     A---B
-///     |   v     `-` and `|` are ways in both directions, with an arrow head
-///     C<--D     (`<`, `>`, `^`, `v`) in one only
+///     |   v     `-` and `|` are edges in both directions;
+///     C<--D     with an arrowhead (`<`, `>`, `^`, `v`), in one direction only
 ///
-/// A node lies at x = its column and y = its line. The edges out of a node stand in the order
+/// The position of a node is x = its column and y = its line. The edges of a node are in the order
 /// right, down, left, up.
 class DrawnNetwork {
  public:
-  /// `weights` gives nodes a "weight" as the web API would.
+  /// `weights` sets the "weight" of nodes as in the web API.
   explicit DrawnNetwork(std::string_view drawing, const std::map<char, double>& weights = {});
 
-  /// The nodes of these names.
+  /// The nodes with these names.
   NodeList operator()(std::string_view names) const;
 
   Collection<Node> nodes;
   std::unique_ptr<NavigationGraph> graph;
 };
 
-/// The names of a path's nodes in a row.
+/// The names of the nodes of a path, concatenated.
 std::string namesOf(const NodeList& path);
 
-/// Floors of corridors in a grid, broken by blocks, with shops hanging off and shafts of lifts and
-/// stairs that join every floor with every other.
+/// Floors with corridors in a grid, with missing crossings, shops next to the corridors, and shafts
+/// of elevators and stairs that connect all floors.
 struct Mall {
-  NodeList nodes;  ///< in no order of place
+  NodeList nodes;  ///< not ordered by position
   std::shared_ptr<NavigationGraph> graph;
 };
 
-/// About `nodeCount` nodes. `jitter` moves nodes off the grid, by up to this share of its width;
-/// with 0 there are ties everywhere. The same arguments give the same mall.
+/// A mall with about `nodeCount` nodes. `jitter` moves nodes off the grid by up to this fraction of
+/// its width; with 0, many routes have equal costs. The result depends only on the arguments.
 Mall makeMall(std::size_t nodeCount, double jitter, std::uint32_t seed);
 
 }  // namespace orivanta::test

@@ -16,7 +16,7 @@ namespace orivanta::test {
 
 namespace {
 
-// Finds files where they are, in place of fetching them.
+// Returns local files instead of downloading them.
 class LocalFiles : public HttpDownloader {
  public:
   explicit LocalFiles(std::filesystem::path folder) : folder_(std::move(folder)) {}

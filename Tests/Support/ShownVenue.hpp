@@ -1,14 +1,14 @@
-// A venue of three floors on a map view without a window.
+// A venue with three floors in a map view without a window.
 //
 //   ground floor, 1000 x 1000, y upwards:    upper floor, 800 x 400:    roof: no model
 //     .  .  .  hall                            .  .  .  .
 //     .  stand .  .                            loft  .  .
 //     cafe  .  .  .
 //
-// `cafe` covers (100, 100) to (300, 300) and belongs to the location Cafe, `hall` covers (600, 600)
-// to (900, 900) and belongs to none; `Stand` covers (400, 400) to (500, 500) and is no polygon, but
-// bears the name of the location Stand. `loft` covers (100, 100) to (200, 200) and belongs to the
-// location Loft. All lie 2 units above the slab `Ground`.
+// `cafe` covers (100, 100) to (300, 300) and belongs to the location Cafe. `hall` covers (600, 600)
+// to (900, 900) and belongs to no location. `Stand` covers (400, 400) to (500, 500); it is not a
+// polygon, but has the name of the location Stand. `loft` covers (100, 100) to (200, 200) and
+// belongs to the location Loft. All are 2 units above the slab `Ground`.
 #pragma once
 
 #include <memory>
@@ -21,7 +21,7 @@
 
 namespace orivanta::test {
 
-/// Collects the diagnostic lines of its lifetime.
+/// Collects the diagnostic lines that are written during its lifetime.
 class DiagnosticLines {
  public:
   DiagnosticLines();
@@ -34,7 +34,7 @@ class DiagnosticLines {
   std::shared_ptr<std::vector<std::string>> lines_;
 };
 
-/// Writes down what it is told.
+/// Records the calls that it receives.
 class RecordingDelegate : public MapViewDelegate {
  public:
   void mapViewDidLoad() override { calls.emplace_back("loaded"); }
@@ -46,7 +46,7 @@ class RecordingDelegate : public MapViewDelegate {
 
 class ShownVenue {
  public:
-  /// Loaded, unless `load` is false. The view has 800 x 800 points.
+  /// Loads the floors unless `load` is false. The view has 800 x 800 points.
   explicit ShownVenue(bool load = true);
   ~ShownVenue();
 
@@ -57,7 +57,7 @@ class ShownVenue {
   std::shared_ptr<Location> location(const std::string& id) const;
   scene::Node& camera() const { return *mapView->cameraOrbit->children().front(); }
 
-  /// A node of the walking network at a place of a floor.
+  /// A node of the navigation graph at a position of a floor.
   std::shared_ptr<Node> node(double x, double y, double z, std::size_t floorIndex = 0) const;
 
   std::shared_ptr<Venue> venue;

@@ -1,7 +1,7 @@
-// A venue of two floors with one of everything: a parent category, a location with a polygon and a
-// door, lifts and stairs, and references that lead nowhere.
+// A venue with two floors and one of everything: a parent category, a location with a polygon and a
+// door, elevators and stairs, and references to missing records.
 //
-//   floor 1:  atrium -- hall -- door     lift at the hall, stairs at the atrium
+//   floor 1:  atrium -- hall -- door     elevator at the hall, stairs at the atrium
 //   floor 2:  roof                       both arrive here
 #pragma once
 
@@ -16,7 +16,7 @@
 
 namespace orivanta::test {
 
-/// The web API's answers by collection.
+/// The responses of the web API by collection.
 inline const std::map<std::string, std::string>& smallVenueAnswers() {
   static const std::map<std::string, std::string> answers{
       {"location", R"([{"id": "cafe", "name": "Cafe", "type": "shop", "categories": ["food", "?"],
@@ -43,7 +43,7 @@ inline const std::map<std::string, std::string>& smallVenueAnswers() {
   return answers;
 }
 
-/// The links after one pass, or after two: what needs no polygons is then there twice.
+/// The links after one pass, or after two, when those that need no polygons exist twice.
 inline boost::json::object smallVenueLinks(bool doubled) {
   const char* const once = R"({
     "categories": {"food": {"parents": ["shops"], "children": [], "locations": ["cafe"]},
@@ -73,7 +73,7 @@ inline boost::json::object smallVenueLinks(bool doubled) {
   return boost::json::parse(doubled ? twice : once).as_object();
 }
 
-/// The venue itself, nothing loaded.
+/// The venue record, with nothing loaded.
 inline std::shared_ptr<Venue> smallVenue() {
   return Venue::make(*RawData::parse(R"({"id": "v", "slug": "small", "name": "Small"})"));
 }

@@ -25,14 +25,14 @@ using graphics::Vector3;
 namespace {
 
 constexpr double cell = 30.0;
-constexpr double nodeDistance = 15.0;  // of a route
-constexpr float roomHeight = 10.0F;    // of the lowest
+constexpr double nodeDistance = 15.0;  // between the nodes of a route
+constexpr float roomHeight = 10.0F;    // of the lowest rooms
 
-/// Collects prisms with flat faces: corners are not shared between them.
+/// Collects prisms with flat faces, which share no corners.
 class Prisms {
  public:
   std::vector<std::array<float, 8>> vertices;
-  std::vector<std::vector<std::uint32_t>> indices;  ///< one list a prism
+  std::vector<std::vector<std::uint32_t>> indices;  ///< one list per prism
 
   void add(Vector3 centre, float radius, float height, std::uint32_t sides) {
     indices.emplace_back();
@@ -54,7 +54,7 @@ class Prisms {
   }
 
  private:
-  // Corners counter-clockwise as seen from outside.
+  // Corners are counterclockwise as seen from outside.
   void addFace(std::span<const Vector3> corners) {
     const auto first = static_cast<std::uint32_t>(vertices.size());
     const Vector3 normal =
@@ -117,7 +117,7 @@ struct Segment {
     return scene::makeExtrusion(outline, 0.1);
   }
 
-  // Two discs and a ribbon of its own material between them.
+  // Two discs, and a ribbon between them with its own material.
   std::shared_ptr<scene::Node> group(double ribbonWidth, double discWidth, float elevation,
                                      const std::shared_ptr<scene::Material>& ribbonMaterial,
                                      const std::shared_ptr<scene::Material>& discMaterial) const {
@@ -133,7 +133,7 @@ struct Segment {
   }
 };
 
-// To and fro along every third row of rooms, just above the highest ones.
+// Back and forth along every third row of rooms, just above the highest ones.
 Vector3 nodeOfRoute(int index, int columns) {
   const auto perRow = static_cast<int>(columns * cell / nodeDistance);
   const int row = index / perRow;

@@ -1,4 +1,4 @@
-// A folder that lasts as long as a test.
+// A folder that exists during a test.
 #pragma once
 
 #include <filesystem>
@@ -16,7 +16,7 @@ class TemporaryFolder {
 
   const std::filesystem::path& path() const { return path_; }
 
-  /// Writes a file below the folder, making the folders on the way; returns its path.
+  /// Writes a file in the folder, creating parent folders as needed. Returns its path.
   std::filesystem::path write(const std::filesystem::path& name, std::string_view contents) const;
 
  private:

@@ -1,4 +1,4 @@
-// Vectors in tests: compared with a tolerance, and turned into the bytes of vertices and indices.
+// Compares vectors with a tolerance and converts vertices and indices to bytes.
 #pragma once
 
 #include <gtest/gtest.h>

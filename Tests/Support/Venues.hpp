@@ -1,4 +1,4 @@
-// Real buildings to test on. They lie beside the project, not in it, and may be missing.
+// Real buildings to test with. They are stored next to the project and may be missing.
 #pragma once
 
 #include <filesystem>
@@ -12,18 +12,17 @@
 
 namespace orivanta::test {
 
-/// The folder of venue packages: the variable ORIVANTA_VENUES of the environment, else
-/// `../shared/venues` beside the project; nothing when there is none.
+/// The folder of venue packages: the environment variable ORIVANTA_VENUES, or else
+/// `../shared/venues` next to the project. Returns nothing if there is none.
 std::optional<std::filesystem::path> venuesFolder();
 
-/// The names of the packages in the folder, sorted; empty without a folder.
+/// The sorted names of the packages in the folder; empty if there is no folder.
 std::vector<std::string> venueNames();
 
-/// The whole file; "" when it cannot be read.
+/// The contents of a file; "" if it cannot be read.
 std::string contentsOf(const std::filesystem::path& file);
 
-/// The records of a JSON list by identifier, as the web API would give them; empty when the text is
-/// no JSON.
+/// The records of a JSON list by identifier, as from the web API; empty if the text is not JSON.
 template <class Record>
 Collection<Record> recordsIn(std::string_view json) {
   Collection<Record> records;
@@ -34,7 +33,7 @@ Collection<Record> recordsIn(std::string_view json) {
   return records;
 }
 
-/// The records of a package as the web API would give them, in the order of its files, not joined.
+/// The records of a package as from the web API, in the order of its files, without joining them.
 CollectionDictionary readPackage(const std::filesystem::path& package);
 
 }  // namespace orivanta::test

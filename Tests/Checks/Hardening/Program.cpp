@@ -1,4 +1,4 @@
-// Copies into an array on the stack: something to protect.
+// Writes to an array on the stack, which needs protection.
 #include <cstring>
 
 int main(int count, char** arguments) {
