@@ -32,7 +32,7 @@ void drawFrames(benchmark::State& state, bool isToldThatRoomsAreClosed) {
     OpenSceneGraphStage stage(floor, expected.shadowMapSide, isToldThatRoomsAreClosed);
     stage.draw();
     if (std::abs(shareOfColored(stage.pixels()) - expected.coverage) > 0.01)
-      return state.SkipWithError("it shows something else than the library does");
+      return state.SkipWithError("its image differs from the library's");
     for (auto _ : state) {
       floor.turnCamera();
       stage.draw();

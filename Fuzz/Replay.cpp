@@ -46,7 +46,7 @@ int replayAll(const fs::path& corpus, const std::string& only) {
   for (const auto& [name, target] : targets()) {
     if (!only.empty() && name != only) continue;
     if (replay(corpus / name, target) > 0) continue;
-    std::cerr << name << " has no input below " << corpus << '\n';
+    std::cerr << name << " has no input in " << corpus << '\n';
     missing = 1;
   }
   for (const fs::path& folder : entriesOf(corpus)) {

@@ -131,7 +131,7 @@ void HttpConnection::answer() {
         messageFrom(std::move(response), request.version(), request.keep_alive()));
   } catch (...) {
     outgoing = std::make_shared<Outgoing>(
-        messageFrom(errorResponse(500, "The server failed to answer."), request.version(), false));
+        messageFrom(errorResponse(500, "An internal error occurred."), request.version(), false));
   }
   send(std::move(outgoing));
 }

@@ -79,13 +79,13 @@ std::shared_ptr<const VenuePackage> PackageStore::replacement(const PackageSet& 
     auto package = std::make_shared<const VenuePackage>(readPackage(before.source));
     const VenuePackage* namesake = old.package(package->slug);
     if (namesake != nullptr && namesake != &before)
-      throw PackageError(fmt::format("{}: the slug \"{}\" is also that of {}",
+      throw PackageError(fmt::format("{}: the slug \"{}\" is also used by {}",
                                      before.source.string(), package->slug,
                                      namesake->source.string()));
     report(fmt::format("{}: the package was read again", before.source.string()));
     return package;
   } catch (const std::exception& error) {
-    report(fmt::format("{}; the package stays as it was", error.what()));
+    report(fmt::format("{}; the previous package is still served", error.what()));
     return nullptr;
   }
 }

@@ -9,7 +9,7 @@ namespace orivanta::server {
 
 namespace {
 
-// A decimal number from 1 on; one beyond the range counts as the largest.
+// Parses a positive decimal number. A number that is too large becomes the maximum.
 std::optional<std::size_t> parsePositive(std::string_view text) {
   constexpr std::size_t largest = std::numeric_limits<std::size_t>::max();
   std::size_t number = 0;

@@ -108,13 +108,13 @@ Response Router::respondToAdmitted(const Request& request) {
     return collection(request, *target, *packages);
   if (path.size() > 3 && path[0] == "1" && path[1] == "files")
     return file(request, *target, *packages);
-  return errorResponse(404, "There is nothing here; the venues are at /1/venue.");
+  return errorResponse(404, "Nothing exists at this path. The venues are at /1/venue.");
 }
 
 Response Router::collection(const Request& request, const Target& target,
                             const PackageSet& packages) {
   const auto slug = target.queryValue("venue");
-  if (!slug) return errorResponse(400, "The query names no venue (venue=SLUG).");
+  if (!slug) return errorResponse(400, "The query must contain venue=SLUG.");
   const VenuePackage* venue = packages.package(*slug);
   if (venue == nullptr)
     return errorResponse(404, fmt::format("There is no venue \"{}\".", percentEncoded(*slug)));
@@ -127,7 +127,7 @@ Response Router::collection(const Request& request, const Target& target,
 Response Router::page(const Request& request, const Target& target, const Paged& paged) {
   const RecordCollection& records = paged.records;
   const auto paging = Paging::parse(target, records.size(), options_.pageSize, largestPageSize);
-  if (!paging) return errorResponse(400, "page and per-page are numbers from 1 on.");
+  if (!paging) return errorResponse(400, "page and per-page must be positive integers.");
   if (paging->page > paging->pageCount)
     return errorResponse(404, fmt::format("The last page is {}.", paging->pageCount));
   const std::string origin = originFor(request);

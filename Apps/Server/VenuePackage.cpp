@@ -44,7 +44,8 @@ std::string faultOf(std::string_view text) {
   json::parser parser({}, options);
   json::error_code error;
   const std::size_t position = parser.write_some(text.data(), text.size(), error);
-  if (!error && position == text.size()) return "it holds a number beyond the range of a double";
+  if (!error && position == text.size())
+    return "it contains a number outside the range of a double";
   const std::string_view before = text.substr(0, position);
   const auto line = std::count(before.begin(), before.end(), '\n') + 1;
   const std::size_t column = before.size() - (before.rfind('\n') + 1) + 1;
@@ -154,7 +155,7 @@ std::vector<VenuePackage> readPackages(const std::vector<fs::path>& folders) {
       const auto [entry, isNew] = foldersBySlug.emplace(slug, packageFolder);
       if (!isNew)
         refuse(packageFolder,
-               fmt::format("the slug \"{}\" is also that of {}", slug, entry->second.string()));
+               fmt::format("the slug \"{}\" is also used by {}", slug, entry->second.string()));
     }
   }
   return packages;

@@ -28,13 +28,13 @@ std::string originOf(const boost::asio::ip::tcp::endpoint& endpoint) {
 
 std::optional<Credentials> credentialsOf(const ServerOptions& options) {
   if (options.username.has_value() != options.password.has_value())
-    throw std::invalid_argument("a user name needs a password, and a password a user name");
+    throw std::invalid_argument("user name and password must be set together");
   if (!options.username) return std::nullopt;
   return Credentials(*options.username, *options.password);
 }
 
 const ServerOptions& checked(const ServerOptions& options) {
-  if (options.pageSize == 0) throw std::invalid_argument("a page holds at least one record");
+  if (options.pageSize == 0) throw std::invalid_argument("the page size must be at least 1");
   if (options.limits.connections == 0)
     throw std::invalid_argument("at least one connection must be allowed");
   if (options.origin && !isOrigin(*options.origin))

@@ -39,7 +39,7 @@ std::optional<Response> refusalOf(const http::request_header<>& header) {
   if (header.version() < 11 || header.count(http::field::content_length) != 0)
     return errorResponse(400, "The length of the request's body is contradictory.");
   if (!boost::algorithm::iequals(joined(header, http::field::transfer_encoding), "chunked"))
-    return errorResponse(501, "The only Transfer-Encoding is chunked.");
+    return errorResponse(501, "The only supported Transfer-Encoding is chunked.");
   return std::nullopt;
 }
 

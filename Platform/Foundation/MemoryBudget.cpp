@@ -15,7 +15,7 @@ Error memoryError(const std::exception& failure) {
   if (const auto* exceeded = dynamic_cast<const BudgetExceeded*>(&failure))
     return {memoryErrorDomain, exceeded->wasBefore() ? budgetExceededBefore : budgetExceeded,
             "it takes more memory than one load may use"};
-  return {memoryErrorDomain, outOfMemory, "not enough memory for the answer"};
+  return {memoryErrorDomain, outOfMemory, "not enough memory for the response"};
 }
 
 }  // namespace orivanta::foundation

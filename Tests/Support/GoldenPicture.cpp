@@ -49,7 +49,7 @@ testing::AssertionResult looksAsKept(const graphics::Image& picture, std::string
     return testing::AssertionFailure() << name << ": " << reason << "; see " << output.string();
   };
   const auto expected = graphics::readImage(kept);
-  if (!expected) return fail("there is no kept picture");
+  if (!expected) return fail("there is no golden image");
   if (expected->width() != picture.width() || expected->height() != picture.height())
     return fail(fmt::format("{} by {} pixels instead of {} by {}", picture.width(),
                             picture.height(), expected->width(), expected->height()));

@@ -112,9 +112,10 @@ std::variant<std::unique_ptr<OffscreenSurface>, foundation::Error> OffscreenSurf
   glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &largest);
   const auto side = static_cast<std::uint32_t>(largest);
   if (!graphics::Image::allows(width, height) || width > side || height > side)
-    return error(fmt::format("a picture of {} by {} pixels is not possible: sides are 1 to {}",
-                             width, height, side),
-                 EGL_BAD_PARAMETER);
+    return error(
+        fmt::format("an image of {} by {} pixels is not possible: sides must be from 1 to {}",
+                    width, height, side),
+        EGL_BAD_PARAMETER);
   context->width = width;
   context->height = height;
   glGenRenderbuffers(1, &context->renderbuffer);
@@ -126,7 +127,7 @@ std::variant<std::unique_ptr<OffscreenSurface>, foundation::Error> OffscreenSurf
   glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER,
                             context->renderbuffer);
   if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE)
-    return error("there is not enough memory for the picture", EGL_BAD_ALLOC);
+    return error("there is not enough memory for the image", EGL_BAD_ALLOC);
   return std::unique_ptr<OffscreenSurface>(new OffscreenSurface(std::move(context)));
 }
 

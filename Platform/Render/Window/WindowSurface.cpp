@@ -93,7 +93,7 @@ std::variant<std::unique_ptr<WindowSurface>, foundation::Error> WindowSurface::m
   auto state = std::make_unique<State>();
   if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return error(noScreen);
   if (isUnaskedForInvisible(SDL_GetCurrentVideoDriver()))
-    return foundation::Error{"SDL", 1, fmt::format("{}: no display answers", noScreen)};
+    return foundation::Error{"SDL", 1, fmt::format("{}: no display server is available", noScreen)};
   setAttributes();
   state->wantedScale = options.scale;
   // If the window's units are pixels, a requested density enlarges the window.

@@ -52,7 +52,7 @@ TEST(PackageStore, PackagesAreReadAgainWhenTheyWereReplaced) {
   for (const auto& [file, contents, complaint] :
        std::vector<std::tuple<const char*, const char*, const char*>>{
            {"second/node.json", "[4", "not JSON"},
-           {"second/venue.json", R"({"id": "i", "slug": "other"})", "also that of"}}) {
+           {"second/venue.json", R"({"id": "i", "slug": "other"})", "also used by"}}) {
     const auto kept = root / "kept";
     fs::copy_file(root / file, kept);
     fs::rename(folder.write("file", contents), root / file);
