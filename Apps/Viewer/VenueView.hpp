@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "Apps/Command/Render/RouteOnMap.hpp"
-#include "Apps/Viewer/CameraControl.hpp"
 #include "Apps/Viewer/Keys.hpp"
 #include "Apps/Viewer/LabelLayer.hpp"
 #include "Apps/Viewer/Panels/AttributionLine.hpp"
@@ -21,6 +20,7 @@
 #include "Apps/Viewer/PictureFetch.hpp"
 #include "Apps/Viewer/RoutePlanner.hpp"
 #include "Apps/Viewer/VenueSource.hpp"
+#include "Source/UI/Display/CameraControl.hpp"
 #include "Source/UI/MapView.hpp"
 
 namespace orivanta::viewer {

@@ -15,7 +15,6 @@
 #include "Apps/Command/Places.hpp"
 #include "Apps/Command/Render/Animation.hpp"
 #include "Apps/Command/Render/AttributionView.hpp"
-#include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Apps/Command/Render/LocationMarkers.hpp"
 #include "Apps/Command/Render/PictureOptions.hpp"
 #include "Apps/Command/Render/RouteOnMap.hpp"
@@ -27,6 +26,7 @@
 #include "Source/Directions.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
+#include "Source/UI/Display/CameraPlacement.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {

@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "Apps/Command/Places.hpp"
-#include "Apps/Command/Render/MarkImages.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/UI/MarkerImages.hpp"
+#include "Source/UI/Parts/MarkImages.hpp"
 #include "Source/UI/ScenePosition.hpp"
 
 namespace orivanta::command {

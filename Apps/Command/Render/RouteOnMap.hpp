@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "Apps/Command/Render/MarkPlacement.hpp"
-#include "Apps/Command/Render/RouteVisits.hpp"
 #include "Platform/Graphics/Vector.hpp"
+#include "Source/UI/Display/RouteVisits.hpp"
 #include "Source/UI/MapView.hpp"
+#include "Source/UI/Parts/MarkPlacement.hpp"
 
 namespace orivanta::command {
 

@@ -1,9 +1,9 @@
-#include "Apps/Command/Render/RouteVisits.hpp"
+#include "Source/UI/Display/RouteVisits.hpp"
 
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 
-namespace orivanta::command {
+namespace orivanta {
 
 std::vector<RouteVisit> visitsOf(const NodeList& path) {
   std::vector<RouteVisit> visits;
@@ -17,4 +17,4 @@ std::vector<RouteVisit> visitsOf(const NodeList& path) {
   return visits;
 }
 
-}  // namespace orivanta::command
+}  // namespace orivanta

@@ -7,7 +7,7 @@
 
 #include "Source/Fwd.hpp"
 
-namespace orivanta::command {
+namespace orivanta {
 
 /// Consecutive nodes of a path on one floor.
 struct RouteVisit {
@@ -21,4 +21,4 @@ struct RouteVisit {
 /// or ends. The path has at least one node.
 std::vector<RouteVisit> visitsOf(const NodeList& path);
 
-}  // namespace orivanta::command
+}  // namespace orivanta

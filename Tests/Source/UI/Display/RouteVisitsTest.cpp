@@ -1,4 +1,4 @@
-#include "Apps/Command/Render/RouteVisits.hpp"
+#include "Source/UI/Display/RouteVisits.hpp"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 
-namespace orivanta::command {
+namespace orivanta {
 namespace {
 
 // A path with a node on each of these floors; its visits as "floor:first-last".
@@ -39,4 +39,4 @@ TEST(RouteVisits, AreThePartsOfTheRouteOnOneFloorEach) {
 }
 
 }  // namespace
-}  // namespace orivanta::command
+}  // namespace orivanta
