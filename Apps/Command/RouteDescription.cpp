@@ -8,7 +8,7 @@
 
 #include "Apps/Command/Places.hpp"
 #include "Apps/Command/Table.hpp"
-#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Directions.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -17,6 +17,9 @@
 #include "Source/Vortex.hpp"
 
 namespace orivanta::command {
+
+using foundation::label;
+using foundation::printable;
 
 namespace json = boost::json;
 

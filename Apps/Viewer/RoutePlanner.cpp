@@ -6,8 +6,8 @@
 #include <cmath>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
 #include "Apps/Command/RouteDescription.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
@@ -36,16 +36,12 @@ void addFloor(PlannedRoute& route, const std::shared_ptr<Map>& floor) {
     route.floors.push_back(floor);
 }
 
-std::string nameOfFloor(const Map& map) {
-  return map.name.empty() ? command::floorLabel(map) : map.name;
-}
-
 std::string rideText(const Vortex& vortex, const Map& from, const Map& to) {
   const std::string name = vortex.name.value_or("the connector");
   const char* const way = to.elevation < from.elevation ? "down" : "up";
   // Some connectors say by themselves where they go.
   if (name.find(fmt::format(" {} to ", way)) != std::string::npos) return "Take " + name;
-  return fmt::format("Take {} {} to {}", name, way, nameOfFloor(to));
+  return fmt::format("Take {} {} to {}", name, way, floorName(to));
 }
 
 }  // namespace
@@ -96,7 +92,7 @@ void RoutePlanner::describe(PlannedRoute& route, const NavigationGraph& network)
   const Vortex* ridden = nullptr;
   route.steps.push_back({StepKind::departure,
                          fmt::format("Depart from {}", route.from->name.value_or("here")),
-                         nameOfFloor(*path.front()->map), path.front()});
+                         floorName(*path.front()->map), path.front()});
   addFloor(route, path.front()->map);
   for (std::size_t i = 1; i < path.size(); ++i) {
     const Edge* edge = command::cheapestEdge(network, *path[i - 1], *path[i]);
@@ -119,7 +115,7 @@ void RoutePlanner::describe(PlannedRoute& route, const NavigationGraph& network)
   addFloor(route, path.back()->map);
   route.steps.push_back(
       {StepKind::arrival, fmt::format("Arrive at {}", route.to->name.value_or("the destination")),
-       fmt::format("after {} on {}", distanceText(walked), nameOfFloor(*path.back()->map)),
+       fmt::format("after {} on {}", distanceText(walked), floorName(*path.back()->map)),
        path.back()});
   route.summary = distanceText(total);
   if (unitsPerMetre_ > 0)

@@ -6,7 +6,7 @@
 #include "Apps/Command/Places.hpp"
 #include "Source/Directions.hpp"
 #include "Source/NavigationGraph.hpp"
-#include "Tests/Apps/Command/TwoFloorVenue.hpp"
+#include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
 namespace {
