@@ -10,8 +10,8 @@ set_target_properties(orivanta PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_
 target_link_libraries(
   orivanta
   PUBLIC tsl::ordered_map
-  PRIVATE Boost::json CURL::libcurl PkgConfig::plist Threads::Threads ZLIB::ZLIB fmt::fmt
-          uriparser::uriparser)
+  PRIVATE Boost::json CURL::libcurl PkgConfig::plist PkgConfig::utf8proc Threads::Threads ZLIB::ZLIB
+          fmt::fmt uriparser::uriparser)
 # Headers name each other from the root of the project, which is `include/orivanta` when installed.
 target_include_directories(
   orivanta

@@ -18,9 +18,9 @@
 #include "Apps/Command/Render/RenderVenue.hpp"
 #include "Apps/Command/Serve.hpp"
 #include "Apps/Command/ShowVenue.hpp"
-#include "Apps/Command/Text.hpp"
 #include "Apps/DemoVenue/Folder.hpp"
 #include "Apps/Viewer/ViewVenue.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 
 namespace orivanta::command {
 
@@ -245,7 +245,8 @@ std::string describeFailure(const CLI::App* app, const CLI::Error& error) {
   std::string reason = error.what();
   if (chosen.empty() && !unknown.empty())
     reason = fmt::format("\"{}\" is no command or option", unknown.front());
-  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n", printable(reason),
+  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n",
+                     foundation::printable(reason),
                      chosen.empty() ? "" : chosen.front()->get_name() + " ");
 }
 

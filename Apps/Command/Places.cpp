@@ -8,14 +8,16 @@
 
 #include "Apps/Command/CommandError.hpp"
 #include "Apps/Command/Table.hpp"
-#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
+#include "Source/Guidance/TextFolding.hpp"
 #include "Source/Location.hpp"
-#include "Source/Map.hpp"
 #include "Source/Node.hpp"
-#include "Source/Polygon.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {
+
+using foundation::label;
+using foundation::printable;
 
 using Locations = std::vector<std::shared_ptr<Location>>;
 
@@ -94,27 +96,6 @@ Locations searchLocations(const Venue& venue, std::string_view text) {
     return caseFolded(*location.name).find(folded) != std::string::npos ||
            location.id->find(text) != std::string::npos;
   });
-}
-
-std::vector<std::shared_ptr<Map>> floorsOf(const Location& location) {
-  std::vector<std::shared_ptr<Map>> floors;
-  const auto add = [&](const std::shared_ptr<Map>& map) {
-    if (std::find(floors.begin(), floors.end(), map) == floors.end()) floors.push_back(map);
-  };
-  for (const auto& node : location.nodes) add(node->map);
-  for (const auto& polygon : location.polygons) add(polygon->map);
-  return floors;
-}
-
-std::string floorLabel(const Map& map) {
-  if (!map.shortName.empty()) return label(map.shortName);
-  return label(map.name.empty() ? *map.id : map.name);
-}
-
-std::string floorLabels(const std::vector<std::shared_ptr<Map>>& maps) {
-  std::string labels;
-  for (const auto& map : maps) labels += (labels.empty() ? "" : ", ") + floorLabel(*map);
-  return labels;
 }
 
 }  // namespace orivanta::command

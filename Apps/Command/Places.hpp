@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Floors.hpp"
 
 namespace orivanta::command {
 
@@ -28,13 +29,7 @@ RouteEnd findRouteEnd(const Venue& venue, const std::vector<std::string>& texts)
 /// the venue's order; all of them for an empty text.
 std::vector<std::shared_ptr<Location>> searchLocations(const Venue& venue, std::string_view text);
 
-/// The floors on which a location has nodes or polygons, each once.
-std::vector<std::shared_ptr<Map>> floorsOf(const Location& location);
-
-/// A short name of a floor for people; never empty unless all of its texts are.
-std::string floorLabel(const Map& map);
-
-/// The labels of several floors, separated by commas.
-std::string floorLabels(const std::vector<std::shared_ptr<Map>>& maps);
+using orivanta::floorLabel;
+using orivanta::floorsOf;
 
 }  // namespace orivanta::command

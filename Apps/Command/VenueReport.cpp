@@ -8,8 +8,8 @@
 
 #include "Apps/Command/Places.hpp"
 #include "Apps/Command/Table.hpp"
-#include "Apps/Command/Text.hpp"
 #include "Apps/Command/VenueDescription.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Attribution.hpp"
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
@@ -18,6 +18,9 @@
 #include "Source/Vortex.hpp"
 
 namespace orivanta::command {
+
+using foundation::label;
+using foundation::printable;
 
 namespace json = boost::json;
 

@@ -191,7 +191,7 @@ void VenueView::planRoute() {
 
 // The part of the route that is wanted, or else the first one on the floor that is shown.
 void VenueView::frameRoute() {
-  const RouteVisit* visit = routeOnMap_->visitWith(*wantedNode_);
+  const FloorVisit* visit = routeOnMap_->visitWith(*wantedNode_);
   if (visit == nullptr || visit->floor != mapView_->currentMap())
     visit = routeOnMap_->firstVisitTo(*mapView_->currentMap());
   if (visit != nullptr) camera_->frame(routeOnMap_->pointsOf(*visit), aroundRoute(*venue_));

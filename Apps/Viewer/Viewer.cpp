@@ -6,7 +6,7 @@
 #include <cmath>
 #include <utility>
 
-#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Source/Venue.hpp"
 
@@ -367,7 +367,8 @@ void Viewer::takePicture() {
 void Viewer::hideNote() { note_->setHidden(true); }
 
 std::string Viewer::title() const {
-  return venueView_ ? command::label(venueView_->venue()->name.value_or("Orivanta")) : "Orivanta";
+  return venueView_ ? foundation::label(venueView_->venue()->name.value_or("Orivanta"))
+                    : "Orivanta";
 }
 
 const MessagePanel* Viewer::message() const {

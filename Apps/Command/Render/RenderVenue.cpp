@@ -51,7 +51,7 @@ void checkUse(const RenderVenueOptions& options) {
 // What the pictures show, found in the venue before anything is drawn.
 struct Contents {
   std::vector<std::shared_ptr<Map>> floors;  // of the pictures; one may come again
-  std::vector<const RouteVisit*> visits;     // that each picture shows, when it shows only one
+  std::vector<const FloorVisit*> visits;     // that each picture shows, when it shows only one
   std::vector<Highlight> highlights;
   std::unique_ptr<RouteOnMap> route;
   std::unique_ptr<LocationMarkers> markers;
@@ -90,7 +90,7 @@ Contents findContents(const Venue& venue, const RenderVenueOptions& options) {
       if (end->place) ends.push_back(end->place);
   }
   if (contents.route && options.map.empty()) {
-    for (const RouteVisit& visit : contents.route->visits()) {
+    for (const FloorVisit& visit : contents.route->visits()) {
       contents.floors.push_back(visit.floor);
       contents.visits.push_back(&visit);
     }
@@ -113,7 +113,7 @@ void showFloor(Stage& stage, std::size_t index, Contents& contents,
   lookAtFloor(mapView, angles);
   contents.markers->show(mapView, options.scale);
   if (RouteOnMap* const route = contents.route.get()) {
-    const RouteVisit* const visit = contents.visits[index];
+    const FloorVisit* const visit = contents.visits[index];
     lookAt(mapView, visit != nullptr ? route->pointsOf(*visit) : route->pointsOn(*floor), angles,
            aroundRoute(*mapView.venue));
     route->show(mapView, options.scale, visit);

@@ -40,7 +40,7 @@ std::string rideText(const NodeList& path, std::size_t begin) {
   return fmt::format("{} {}", arrowBetween(from, to), floorLabel(to));
 }
 
-RouteVisit wholeOf(const NodeList& path) { return {nullptr, 0, path.size() - 1}; }
+FloorVisit wholeOf(const NodeList& path) { return {nullptr, 0, path.size() - 1}; }
 
 }  // namespace
 
@@ -48,23 +48,23 @@ RouteOnMap::RouteOnMap(NodeList path, std::shared_ptr<Location> from, std::share
     : path_(std::move(path)),
       from_(std::move(from)),
       to_(std::move(to)),
-      visits_(visitsOf(path_)),
+      visits_(floorVisits(path_)),
       shown_(wholeOf(path_)) {}
 
-const RouteVisit* RouteOnMap::firstVisitTo(const Map& floor) const {
+const FloorVisit* RouteOnMap::firstVisitTo(const Map& floor) const {
   const auto found = std::find_if(visits_.begin(), visits_.end(),
                                   [&](const auto& visit) { return *visit.floor == floor; });
   return found == visits_.end() ? nullptr : &*found;
 }
 
-const RouteVisit* RouteOnMap::visitWith(const Node& node) const {
-  for (const RouteVisit& visit : visits_)
+const FloorVisit* RouteOnMap::visitWith(const Node& node) const {
+  for (const FloorVisit& visit : visits_)
     for (std::size_t i = visit.first; i <= visit.last; ++i)
       if (path_[i].get() == &node) return &visit;
   return nullptr;
 }
 
-std::vector<graphics::Vector3> RouteOnMap::pointsOf(const RouteVisit& visit) const {
+std::vector<graphics::Vector3> RouteOnMap::pointsOf(const FloorVisit& visit) const {
   std::vector<graphics::Vector3> points;
   for (std::size_t i = visit.first; i <= visit.last; ++i)
     points.push_back(scenePosition(*path_[i]));
@@ -85,7 +85,7 @@ void RouteOnMap::hide(MapView& mapView) {
   mapView.clearPaths();
 }
 
-void RouteOnMap::show(MapView& mapView, double scale, const RouteVisit* only) {
+void RouteOnMap::show(MapView& mapView, double scale, const FloorVisit* only) {
   hide(mapView);
   scale_ = scale;
   shown_ = only != nullptr ? *only : wholeOf(path_);

@@ -8,7 +8,7 @@
 #include "Apps/Server/VenueServer.hpp"
 #include "Source/RawData.hpp"
 #include "Tests/Apps/Command/Program.hpp"
-#include "Tests/Apps/Command/TwoFloorVenue.hpp"
+#include "Tests/Support/TwoFloorVenue.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 #include "Tests/Support/Venues.hpp"
 

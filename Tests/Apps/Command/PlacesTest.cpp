@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "Apps/Command/CommandError.hpp"
-#include "Tests/Apps/Command/TwoFloorVenue.hpp"
+#include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
 namespace {
@@ -100,14 +100,6 @@ TEST(Places, ALongListOfCandidatesIsCut) {
     EXPECT_EQ(text.find("t20"), std::string::npos);
     EXPECT_TRUE(text.ends_with("and 5 more")) << text;
   }
-}
-
-TEST(Places, FloorsComeFromNodesAndPolygonsOnceEach) {
-  test::TwoFloorVenue small;
-  small.locations = R"([{"id": "l", "name": "Hall", "type": "hall",
-      "nodes": [{"node": "n1"}, {"node": "n2"}], "polygons": [{"id": "p2"}, {"id": "p1"}]}])";
-  const auto venue = small.load(false, true);
-  EXPECT_EQ(floorLabels(floorsOf(*venue->locations->front())), "G, F1");
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 #include "Apps/Command/Json.hpp"
 #include "Apps/Command/VenueReport.hpp"
-#include "Tests/Apps/Command/TwoFloorVenue.hpp"
+#include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
 namespace {

@@ -1,20 +1,21 @@
-#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 
 #include <utf8proc.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <memory>
 
 #include "Platform/Foundation/TextControls.hpp"
 
-namespace orivanta::command {
+namespace orivanta::foundation {
 
 namespace {
 
 constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 constexpr std::string_view ellipsis = "\xE2\x80\xA6";
 constexpr std::size_t labelColumns = 80;
+
+// A column takes no more bytes than this, so the rest of a huge text need not be read.
+constexpr std::size_t mostBytesPerColumn = 64;
 
 std::size_t widthOf(const Character& character) {
   if (character.codePoint < 0) return 1;
@@ -24,14 +25,10 @@ std::size_t widthOf(const Character& character) {
 std::string_view printableForm(const Character& character) {
   if (character.codePoint < 0) return replacementCharacter;
   const auto point = static_cast<char32_t>(character.codePoint);
-  if (foundation::isInvisibleControl(point)) return {};
-  if (!foundation::isTerminalControl(point)) return character.bytes;
+  if (isInvisibleControl(point)) return {};
+  if (!isTerminalControl(point)) return character.bytes;
   const bool isBlank = point == U'\n' || point == U'\r' || point == U'\t' || point > 0xFF;
   return isBlank ? " " : replacementCharacter;
-}
-
-std::string blanks(std::size_t columns, std::size_t taken) {
-  return std::string(columns > taken ? columns - taken : 0, ' ');
 }
 
 }  // namespace
@@ -68,8 +65,8 @@ std::string printable(std::string_view text) {
 
 std::string clipped(std::string_view text, std::size_t columns) {
   std::size_t width = 0;
-  std::size_t end = 0;      // of what has been read
-  std::size_t fitting = 0;  // of what leaves a column for the ellipsis
+  std::size_t end = 0;      // of what has been read so far
+  std::size_t fitting = 0;  // of what leaves a column free for the ellipsis
   while (end < text.size()) {
     const Character character = firstCharacter(text.substr(end));
     width += widthOf(character);
@@ -81,27 +78,7 @@ std::string clipped(std::string_view text, std::size_t columns) {
 }
 
 std::string label(std::string_view text) {
-  // A column takes no more than a few bytes, so the rest of a huge text need not be looked at.
-  return clipped(printable(text.substr(0, labelColumns * 64)), labelColumns);
+  return clipped(printable(text.substr(0, labelColumns * mostBytesPerColumn)), labelColumns);
 }
 
-std::string caseFolded(std::string_view text) {
-  utf8proc_uint8_t* folded = nullptr;
-  const auto options = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE |
-                                                      UTF8PROC_COMPAT | UTF8PROC_CASEFOLD);
-  const auto length = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                   static_cast<utf8proc_ssize_t>(text.size()), &folded, options);
-  if (length < 0) return std::string(text);
-  const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(folded, std::free);
-  return {reinterpret_cast<const char*>(folded), static_cast<std::size_t>(length)};
-}
-
-std::string paddedRight(std::string_view text, std::size_t columns) {
-  return std::string(text) + blanks(columns, displayWidth(text));
-}
-
-std::string paddedLeft(std::string_view text, std::size_t columns) {
-  return blanks(columns, displayWidth(text)) + std::string(text);
-}
-
-}  // namespace orivanta::command
+}  // namespace orivanta::foundation

@@ -1,16 +1,14 @@
-#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 
 #include <gtest/gtest.h>
 
 #include <tuple>
 #include <vector>
 
-#include "Apps/Command/Table.hpp"
-
-namespace orivanta::command {
+namespace orivanta::foundation {
 namespace {
 
-TEST(Text, DisplayWidthCountsTheColumnsOfATerminal) {
+TEST(DisplayText, WidthCountsTheColumnsOfATerminal) {
   const std::vector<std::pair<std::string, std::size_t>> cases = {
       {"", 0},
       {"Foyer", 5},
@@ -27,14 +25,7 @@ TEST(Text, DisplayWidthCountsTheColumnsOfATerminal) {
   for (const auto& [text, width] : cases) EXPECT_EQ(displayWidth(text), width) << text;
 }
 
-TEST(Table, AlignsColumnsByDisplayWidth) {
-  Table table({Alignment::left, Alignment::right, Alignment::left});
-  table.add({"新宿", "1", "x"});
-  table.add({"a", "100", ""});
-  EXPECT_EQ(table.text(1), " 新宿    1  x\n a     100\n");
-}
-
-TEST(Text, PrintableTakesWhatWouldActOnATerminal) {
+TEST(DisplayText, PrintableTakesWhatWouldActOnATerminal) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"Café 新宿", "Café 新宿"},
       {"a\nb\tc\r", "a b c "},
@@ -49,7 +40,7 @@ TEST(Text, PrintableTakesWhatWouldActOnATerminal) {
   for (const auto& [text, expected] : cases) EXPECT_EQ(printable(text), expected);
 }
 
-TEST(Text, ClippedFitsIntoTheColumns) {
+TEST(DisplayText, ClippedFitsIntoTheColumns) {
   const std::vector<std::tuple<std::string, std::size_t, std::string>> cases = {
       {"Bakery", 6, "Bakery"}, {"Bakery", 5, "Bake…"},      {"", 3, ""},
       {"新宿駅", 6, "新宿駅"}, {"新宿駅", 5, "新宿…"},      {"新宿駅", 4, "新…"},
@@ -59,28 +50,10 @@ TEST(Text, ClippedFitsIntoTheColumns) {
     EXPECT_EQ(clipped(text, columns), expected);
     EXPECT_LE(displayWidth(clipped(text, columns)), columns);
   }
-}
-
-TEST(Text, LabelOfAHugeNameIsShort) {
   const std::string name = label(std::string(100'000, 'x'));
   EXPECT_EQ(displayWidth(name), 80U);
   EXPECT_TRUE(name.ends_with("x…"));
 }
 
-TEST(Text, CaseFoldingMakesFormsOfOneNameEqual) {
-  const std::vector<std::pair<std::string, std::string>> equal = {
-      {"HAUPTEINGANG", "haupteingang"},
-      {"STRASSE", "straße"},
-      {"Éclair", "éCLAIR"},
-      {"ＡＴＭ", "atm"},
-      {"ﾄｲﾚ", "トイレ"},
-      {"e\u0301", "\u00C9"},
-  };
-  for (const auto& [left, right] : equal) EXPECT_EQ(caseFolded(left), caseFolded(right)) << left;
-  EXPECT_NE(caseFolded("が"), caseFolded("か"));
-  EXPECT_NE(caseFolded("cafe"), caseFolded("café"));
-  EXPECT_EQ(caseFolded("\xFF"), "\xFF");
-}
-
 }  // namespace
-}  // namespace orivanta::command
+}  // namespace orivanta::foundation
