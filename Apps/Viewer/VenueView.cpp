@@ -182,7 +182,7 @@ void VenueView::planRoute() {
   arrangePanels();
   if (!route_) return;
   floors_->setRoute(route_->floors);
-  routeOnMap_ = std::make_unique<command::RouteOnMap>(route_->path, from_, to_);
+  routeOnMap_ = std::make_unique<RouteOverlay>(route_->path, from_, to_);
   wantedNode_ = route_->path.front();
   showFloor(wantedNode_->map);
   routeOnMap_->show(*mapView_, scale_);

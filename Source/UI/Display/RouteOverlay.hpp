@@ -10,12 +10,12 @@
 #include "Source/UI/MapView.hpp"
 #include "Source/UI/Parts/MarkPlacement.hpp"
 
-namespace orivanta::command {
+namespace orivanta {
 
-class RouteOnMap {
+class RouteOverlay {
  public:
   /// Either end may be null when it is no location.
-  RouteOnMap(NodeList path, std::shared_ptr<Location> from, std::shared_ptr<Location> to);
+  RouteOverlay(NodeList path, std::shared_ptr<Location> from, std::shared_ptr<Location> to);
 
   /// The parts of it on one floor each, in its order; at least one.
   const std::vector<FloorVisit>& visits() const { return visits_; }
@@ -64,4 +64,4 @@ class RouteOnMap {
   std::vector<MarkLook> looks_;  // of the marks, once they are arranged
 };
 
-}  // namespace orivanta::command
+}  // namespace orivanta
