@@ -7,10 +7,6 @@
 #include "Platform/View/Touch.hpp"
 #include "Source/UI/Display/CameraPose.hpp"
 
-namespace orivanta {
-class CameraControl;
-}
-
 namespace orivanta::viewer {
 
 class Viewer;

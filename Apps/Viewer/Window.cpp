@@ -69,15 +69,16 @@ class Loop {
 
   void run() {
     while (!input_.isClosed()) {
-      const bool isMoving = viewer_.isMoving();
-      const bool draws = (isMoving || changed_) && input_.isShown();
+      const bool draws = needsFrame() && input_.isShown();
       const bool hasEvents = input_.take(/*wait=*/!draws);
       if (wake_.drain() || hasEvents) changed_ = true;
-      if (input_.isShown() && (isMoving || viewer_.isMoving() || changed_)) drawFrame();
+      if (input_.isShown() && (draws || needsFrame())) drawFrame();
     }
   }
 
  private:
+  bool needsFrame() const { return changed_ || viewer_.isMoving() || viewer_.root()->needsFrame(); }
+
   void drawFrame() {
     const double start = now();
     changed_ = false;

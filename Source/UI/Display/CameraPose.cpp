@@ -4,20 +4,25 @@
 #include <cmath>
 #include <numbers>
 
+#include "Source/UI/Parts/Turned.hpp"
+
 namespace orivanta {
 
 namespace {
 
 constexpr double pi = std::numbers::pi;
 
-// A point of the plane turned counterclockwise.
-graphics::Point turned(graphics::Point point, double angle) {
-  const double sine = std::sin(angle);
-  const double cosine = std::cos(angle);
-  return {point.x * cosine - point.y * sine, point.x * sine + point.y * cosine};
+}  // namespace
+
+double Lens::slopePerPoint() const {
+  const double shorter = std::max(1.0, std::min(size.width, size.height));
+  return std::tan(fieldOfView * std::numbers::pi / 360) * 2 / shorter;
 }
 
-}  // namespace
+double depthOf(const graphics::Vector3& point, const CameraPose& pose) {
+  const graphics::Point seen = turned({point.x - pose.x, point.y - pose.y}, -pose.turn);
+  return pose.distance + seen.y * std::sin(pose.tilt) - point.z * std::cos(pose.tilt);
+}
 
 CameraPose CameraLimits::clamped(CameraPose pose) const {
   pose.distance = std::clamp(pose.distance, nearest, std::max(nearest, farthest));
@@ -36,7 +41,7 @@ std::optional<graphics::Point> groundUnder(const CameraPose& pose, const Lens& l
   const double up = (lens.size.height / 2 - point.y) * slope;
   const double sine = std::sin(pose.tilt);
   const double cosine = std::cos(pose.tilt);
-  // The ray (right, up, -1) after the tilt, and how often it goes into the camera's height.
+  // The ray (right, up, -1) after the tilt, and how often it fits into the camera's height.
   const double along = up * cosine + sine;
   const double down = cosine - up * sine;
   constexpr double horizon = 0.02;

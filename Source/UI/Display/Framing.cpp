@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numbers>
+
+#include "Source/UI/Parts/Turned.hpp"
+#include "Source/Venue.hpp"
 
 namespace orivanta {
 
@@ -15,7 +17,12 @@ constexpr double leastLeverage =
     0.05;                              // of the distance on the depth; below it insets are too much
 constexpr double leastNearness = 0.5;  // of the nearest point, of the least distance
 
-// Of the slopes at which things may show in one direction of the view.
+constexpr double routeMargin = 0.3;
+constexpr double leastRouteExtent = 120;  // scene units; a route is drawn ten units wide
+constexpr double mostRouteExtent = 600;
+constexpr double leastRouteMeters = 8;
+
+// The slopes at which points may show, in one direction of the view.
 struct Range {
   double least;
   double most;
@@ -23,7 +30,7 @@ struct Range {
   double length() const { return most - least; }
 };
 
-// A free part of the view that is `length` long, from the middle of the view `start` away.
+// The slopes of a free part of the view that is `length` long and begins `start` from the middle.
 Range rangeOf(double start, double length, double slope, double margin) {
   const double half = std::max(leastSide, length) / 2;
   const double middle = start + length / 2;
@@ -55,22 +62,12 @@ class Bounds {
   double high_ = std::numeric_limits<double>::max();
 };
 
-graphics::Point turned(graphics::Point point, double angle) {
-  const double sine = std::sin(angle);
-  const double cosine = std::cos(angle);
-  return {point.x * cosine - point.y * sine, point.x * sine + point.y * cosine};
-}
-
 }  // namespace
 
-double Lens::slopePerPoint() const {
-  const double shorter = std::max(1.0, std::min(size.width, size.height));
-  return std::tan(fieldOfView * std::numbers::pi / 360) * 2 / shorter;
-}
-
-double depthOf(const graphics::Vector3& point, const CameraPose& pose) {
-  const graphics::Point seen = turned({point.x - pose.x, point.y - pose.y}, -pose.turn);
-  return pose.distance + seen.y * std::sin(pose.tilt) - point.z * std::cos(pose.tilt);
+Surroundings aroundRoute(const Venue& venue) {
+  const double unitsPerMeter = std::max(0.0, venue._data["unitsPerMetre"].doubleValue());
+  return {routeMargin,
+          std::clamp(leastRouteMeters * unitsPerMeter, leastRouteExtent, mostRouteExtent)};
 }
 
 std::array<graphics::Vector3, 8> cornersOf(const graphics::Box& box) {

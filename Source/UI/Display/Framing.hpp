@@ -1,24 +1,18 @@
-// From where a camera shows some points of a floor, all of them and as large as there is room for.
+// The camera pose from which given points fill the view.
 #pragma once
 
 #include <array>
 #include <span>
 
+#include "Platform/Foundation/Export.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Vector.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/UI/Display/CameraPose.hpp"
 
 namespace orivanta {
 
-/// The view that a camera fills.
-struct Lens {
-  graphics::Size size;      ///< points
-  double fieldOfView = 40;  ///< degrees, over the shorter side
-
-  /// The tangent of the angle between the middle of the view and a point of it, for each point.
-  double slopePerPoint() const;
-};
-
-/// The edges of a view that other things cover, in points.
+/// The margins of a view that are covered by other things, in points.
 struct Insets {
   double left = 0;
   double top = 0;
@@ -26,34 +20,27 @@ struct Insets {
   double bottom = 0;
 };
 
-/// How much shows around what is framed.
+/// How much shows around the points that are framed.
 struct Surroundings {
-  double margin = 0;       ///< of its extent
-  double leastExtent = 1;  ///< scene units that show at least, in each direction
+  double margin = 0;       ///< a share of the extent of the points
+  double leastExtent = 1;  ///< the least extent that shows in each direction, scene units
 };
 
-/// A camera that circles around a point of the ground (z = 0), which is in the middle of the view.
-/// Scene units and radians.
-struct CameraPose {
-  double x = 0;
-  double y = 0;
-  double distance = 1;
-  double tilt = 0;  ///< from straight down
-  double turn = 0;  ///< counterclockwise, seen from above
+inline constexpr Surroundings aroundFloor{0.06, 1};    ///< for a whole floor
+inline constexpr Surroundings aroundPlace{0.35, 300};  ///< for a single place
 
-  friend bool operator==(const CameraPose&, const CameraPose&) = default;
-};
+/// For a route: a short one fills a good part of the view and still shows what it passes. If the
+/// venue says how many units a meter has, at least eight meters show.
+ORIVANTA_API Surroundings aroundRoute(const Venue& venue);
 
-/// How far a point of the scene is from the camera, along the direction in which it looks; negative
-/// behind it.
-double depthOf(const graphics::Vector3& point, const CameraPose& pose);
+/// The corners of a box, which must not be empty.
+ORIVANTA_API std::array<graphics::Vector3, 8> cornersOf(const graphics::Box& box);
 
-/// The corners of a box, which is not empty.
-std::array<graphics::Vector3, 8> cornersOf(const graphics::Box& box);
-
-/// As close as shows all points inside the insets, in their middle; tilted and turned as `pose` is.
-/// With a steep tilt the points stay away from the horizon. The pose itself if there are no points.
-CameraPose framing(std::span<const graphics::Vector3> points, CameraPose pose, const Lens& lens,
-                   const Insets& insets, const Surroundings& surroundings);
+/// The pose that is as close as possible and shows all points within the insets, in the middle of
+/// the free part. Keeps the tilt and the turn of `pose`. Points stay away from the horizon when the
+/// tilt is steep. Returns `pose` if there are no points.
+ORIVANTA_API CameraPose framing(std::span<const graphics::Vector3> points, CameraPose pose,
+                                const Lens& lens, const Insets& insets,
+                                const Surroundings& surroundings);
 
 }  // namespace orivanta

@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "Platform/Graphics/Changes.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/UI/MapView.hpp"
 #include "Source/UI/MarkerImages.hpp"
 #include "Source/Venue.hpp"
 
@@ -21,44 +24,55 @@ graphics::Rect around(graphics::Point middle, graphics::Size size, double margin
           {size.width + 2 * margin, size.height + 2 * margin}};
 }
 
-bool isOn(const Location& location, const std::shared_ptr<Map>& floor) {
-  const auto floors = floorsOf(location);
-  return std::find(floors.begin(), floors.end(), floor) != floors.end();
-}
-
 }  // namespace
 
 LabelLayer::LabelLayer(std::shared_ptr<MapView> mapView, double scale)
     : mapView_(std::move(mapView)), scale_(scale) {}
 
-void LabelLayer::reload(double scale) {
+LabelLayer::~LabelLayer() { clear(); }
+
+void LabelLayer::clear() {
   for (Name& name : names_) show(name, false);
   names_.clear();
+}
+
+void LabelLayer::setScale(double scale) {
+  if (scale == scale_) return;
   scale_ = scale;
-  if (!mapView_->currentMap()) return;
+  model_ = nullptr;
+  arrangedChange_ = 0;
+}
+
+void LabelLayer::setMarked(std::vector<std::shared_ptr<Location>> places) {
+  marked_ = std::move(places);
+  arrangedChange_ = 0;
+}
+
+void LabelLayer::setCovered(std::vector<graphics::Rect> covered) {
+  covered_ = std::move(covered);
+  arrangedChange_ = 0;
+}
+
+void LabelLayer::reload() {
+  clear();
+  const auto& floor = mapView_->currentMap();
+  model_ = floor ? floor->mapObject : nullptr;
+  if (!floor || !mapView_->venue || !mapView_->venue->locations) return;
   for (const auto& location : *mapView_->venue->locations)
-    if (isOn(*location, mapView_->currentMap()))
-      names_.push_back({location, nullptr, {}, mapView_->findPosition3D(*location)});
-  // A place with an area says more to people than one without.
+    if (isOnFloor(*location, *floor))
+      names_.push_back({location, mapView_->findPosition3D(*location), nullptr, {}});
   std::stable_partition(names_.begin(), names_.end(),
                         [](const Name& name) { return !name.location->polygons.empty(); });
 }
 
-void LabelLayer::setMarked(std::shared_ptr<Location> location) { marked_ = std::move(location); }
-
 bool LabelLayer::arrange() {
-  if (!mapView_->cameraOrbit) return false;
+  if (!mapView_->cameraOrbit || arrangedChange_ == graphics::changeCount()) return false;
+  if (mapView_->currentMap() && mapView_->currentMap()->mapObject != model_) reload();
   mapView_->updateMarkerPositions();
-  std::vector<graphics::Rect> taken = covered_;
-  for (graphics::Rect& panel : taken)  // as the overlay has it, y upwards
-    panel.origin.y = mapView_->overlay().size().height - panel.maxY();
-  for (const auto& marker : mapView_->markers())
-    if (const auto* mark = dynamic_cast<MapViewMarker2D*>(marker.get());
-        mark != nullptr && !mark->hideWhenCollide.value_or(false))
-      taken.push_back(around(mapView_->findPosition2D(mark->position()), mark->node->size(), 0));
+  std::vector<graphics::Rect> taken = takenRoom();
   int drawn = 0;
   for (Name& name : names_) {
-    const bool isWanted = name.location != marked_ && isInView(name);
+    const bool isWanted = !isMarked(*name.location) && isInView(name);
     if (isWanted && !name.made) {
       if (++drawn > mostDrawnAtOnce) break;
       makeMarker(name);
@@ -66,7 +80,26 @@ bool LabelLayer::arrange() {
     show(name, isWanted && name.marker && hasRoom(name, taken));
   }
   mapView_->updateMarkerVisibility();
-  return drawn > mostDrawnAtOnce;
+  const bool isDone = drawn <= mostDrawnAtOnce;
+  arrangedChange_ = isDone ? graphics::changeCount() : 0;
+  return !isDone;
+}
+
+bool LabelLayer::isMarked(const Location& location) const {
+  return std::any_of(marked_.begin(), marked_.end(),
+                     [&](const auto& marked) { return marked.get() == &location; });
+}
+
+// What covers the view, and the markers that do not give way, in the overlay's coordinates.
+std::vector<graphics::Rect> LabelLayer::takenRoom() const {
+  std::vector<graphics::Rect> taken = covered_;
+  for (graphics::Rect& panel : taken)
+    panel.origin.y = mapView_->overlay().size().height - panel.maxY();
+  for (const auto& marker : mapView_->markers())
+    if (const auto* mark = dynamic_cast<MapViewMarker2D*>(marker.get());
+        mark != nullptr && !mark->hideWhenCollide.value_or(false))
+      taken.push_back(around(mapView_->findPosition2D(mark->position()), mark->node->size(), 0));
+  return taken;
 }
 
 bool LabelLayer::isInView(const Name& name) const {

@@ -1,54 +1,74 @@
-// The names of places on the floor that is shown, as many as have room.
+// The names of the places on the floor that is shown, as many as there is room for.
 #pragma once
 
-#include <map>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
-#include "Source/UI/MapView.hpp"
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Geometry.hpp"
+#include "Platform/Graphics/Vector.hpp"
+#include "Platform/Scene/Fwd.hpp"
+#include "Source/Fwd.hpp"
 
 namespace orivanta {
 
-/// Names are markers of the map view; those in one another's way, or in the way of other markers,
-/// are not among them. Main thread.
-class LabelLayer {
+class MapView;
+class MapViewMarker2D;
+
+/// Shows names as markers of a map view. No name covers another one or a marker that does not give
+/// way, and each is entirely in sight. Places with an area come before those without; otherwise the
+/// order is the venue's. Keeps the map view. Main thread.
+class ORIVANTA_API LabelLayer {
  public:
+  /// `scale`: pixels per point.
   LabelLayer(std::shared_ptr<MapView> mapView, double scale);
 
-  /// The floor has changed, or the size of the view, or its scale.
-  void reload(double scale);
+  /// Takes the names away.
+  ~LabelLayer();
+  LabelLayer(const LabelLayer&) = delete;
+  LabelLayer& operator=(const LabelLayer&) = delete;
 
-  /// Names nothing for this place, which has a mark of its own; null for none.
-  void setMarked(std::shared_ptr<Location> location);
+  /// Draws all names anew if the scale is another one.
+  void setScale(double scale);
 
-  /// Chooses what has room as the camera stands now. Call it after the camera or other markers
-  /// have moved, again before the next frame as long as it returns true: a few new names are drawn
-  /// at a time, so that a frame does not wait for all of them.
+  /// Leaves out the names of these places, which have marks of their own.
+  void setMarked(std::vector<std::shared_ptr<Location>> places);
+
+  /// The rectangles of the map view that something covers, in points. No name is shown there.
+  void setCovered(std::vector<graphics::Rect> covered);
+
+  /// Chooses the names for the floor that is shown and the camera as it is. Call it before each
+  /// frame; it returns at once if nothing has changed. Draws a few new names in each call, so that
+  /// no frame waits for all of them, and returns whether there are more to be drawn.
   bool arrange();
-
-  /// What lies over the map, in points of the view: no name goes under it.
-  void setCovered(std::vector<graphics::Rect> covered) { covered_ = std::move(covered); }
 
  private:
   struct Name {
     std::shared_ptr<Location> location;
+    graphics::Vector3 position;
     std::shared_ptr<MapViewMarker2D> marker;  // null until it is first shown
     graphics::Size size;
-    graphics::Vector3 position;
     bool made = false;
     bool shown = false;
   };
 
-  bool hasRoom(const Name& name, std::vector<graphics::Rect>& taken) const;
+  void reload();
+  void clear();
+  bool isMarked(const Location& location) const;
   bool isInView(const Name& name) const;
+  bool hasRoom(const Name& name, std::vector<graphics::Rect>& taken) const;
+  std::vector<graphics::Rect> takenRoom() const;
   void makeMarker(Name& name) const;
   void show(Name& name, bool shown);
 
   std::shared_ptr<MapView> mapView_;
-  std::shared_ptr<Location> marked_;
   double scale_;
+  std::vector<std::shared_ptr<Location>> marked_;
   std::vector<graphics::Rect> covered_;
-  std::vector<Name> names_;  // of the floor, the most important first
+  std::vector<Name> names_;             // of the floor, the most important first
+  std::shared_ptr<scene::Node> model_;  // of the floor that the names are on; null before the first
+  std::uint64_t arrangedChange_ = 0;    // the count of changes when the names were last arranged
 };
 
 }  // namespace orivanta

@@ -1,56 +1,65 @@
 #include "Source/UI/Display/RouteOverlay.hpp"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <utility>
 
-#include "Source/Guidance/Floors.hpp"
+#include "Platform/Graphics/Changes.hpp"
+#include "Platform/Graphics/Text.hpp"
+#include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/Node.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
+#include "Source/UI/Display/MarkColors.hpp"
+#include "Source/UI/MapView.hpp"
 #include "Source/UI/MarkerImages.hpp"
 #include "Source/UI/Parts/MarkImages.hpp"
+#include "Source/UI/Parts/MarkPlacement.hpp"
+#include "Source/UI/Parts/RouteRibbons.hpp"
 #include "Source/UI/ScenePosition.hpp"
 
 namespace orivanta {
 
 namespace {
 
-constexpr graphics::Color startColor{0.18F, 0.55F, 0.34F};
-constexpr graphics::Color endColor{0.80F, 0.22F, 0.20F};
-constexpr graphics::Color rideColor{0.122F, 0.302F, 0.655F};
-constexpr double backing = 3.5;  // around the letters, which may lie on the route
+constexpr double backing = 3.5;  // points around the letters, which may lie on the route
 
 std::string nameOf(const std::shared_ptr<Location>& location, const char* otherwise) {
   return location ? location->name.value_or(otherwise) : otherwise;
 }
 
-const char* arrowBetween(const Map& from, const Map& to) {
-  if (to.elevation == from.elevation) return "\u2192";
-  return to.elevation < from.elevation ? "\u2193" : "\u2191";
-}
-
-// Where a ride that begins at a node of the path ends, and whether that is up or down.
+// The mark for the change of floor that begins at a node of the path; empty if none does.
 std::string rideText(const NodeList& path, std::size_t begin) {
-  std::size_t end = begin + 1;
-  while (end + 1 < path.size() && path[end]->map != path[end + 1]->map) ++end;
-  const Map& from = *path[begin]->map;
-  const Map& to = *path[end]->map;
-  return fmt::format("{} {}", arrowBetween(from, to), floorLabel(to));
+  for (const FloorChange& change : floorChanges(path))
+    if (change.begin == begin)
+      return floorChangeMark(*path[change.begin]->map, *path[change.end]->map);
+  return {};
 }
-
-FloorVisit wholeOf(const NodeList& path) { return {nullptr, 0, path.size() - 1}; }
 
 }  // namespace
 
-RouteOverlay::RouteOverlay(NodeList path, std::shared_ptr<Location> from,
-                           std::shared_ptr<Location> to)
-    : path_(std::move(path)),
+struct RouteOverlay::Mark {
+  graphics::Vector3 position;
+  graphics::Color color;
+  std::shared_ptr<const graphics::Image> text;  // null without one
+  std::shared_ptr<MapViewMarker2D> marker;      // null before it is first arranged
+};
+
+struct RouteOverlay::Marks {
+  std::vector<Mark> list;
+  std::vector<MarkLook> looks;  // of the marks, once they are arranged
+};
+
+RouteOverlay::RouteOverlay(std::shared_ptr<MapView> mapView, NodeList path,
+                           std::shared_ptr<Location> from, std::shared_ptr<Location> to)
+    : mapView_(std::move(mapView)),
+      path_(std::move(path)),
       from_(std::move(from)),
       to_(std::move(to)),
       visits_(floorVisits(path_)),
-      shown_(wholeOf(path_)) {}
+      marks_(std::make_unique<Marks>()) {}
+
+RouteOverlay::~RouteOverlay() { hide(); }
 
 const FloorVisit* RouteOverlay::firstVisitTo(const Map& floor) const {
   const auto found = std::find_if(visits_.begin(), visits_.end(),
@@ -79,83 +88,112 @@ std::vector<graphics::Vector3> RouteOverlay::pointsOn(const Map& floor) const {
   return points;
 }
 
-void RouteOverlay::hide(MapView& mapView) {
-  for (const Mark& mark : marks_) mapView.removeMarker(mark.marker);
-  marks_.clear();
-  looks_.clear();
-  mapView.clearPaths();
-}
-
-void RouteOverlay::show(MapView& mapView, double scale, const FloorVisit* only) {
-  hide(mapView);
+void RouteOverlay::show(double scale, const FloorVisit* only) {
   scale_ = scale;
-  shown_ = only != nullptr ? *only : wholeOf(path_);
-  const auto part = [&](std::size_t index) {
-    return path_.begin() + static_cast<NodeList::difference_type>(index);
-  };
-  if (shown_.last > shown_.first) mapView.drawPath({part(shown_.first), part(shown_.last) + 1});
-  if (!mapView.currentMap()) return;
-  addMarks(*mapView.currentMap());
-  arrangeMarks(mapView);
+  first_ = only != nullptr ? only->first : 0;
+  end_ = only != nullptr ? only->last + 1 : path_.size();
+  redraw();
 }
 
-// One mark for a node, whatever happens there.
-void RouteOverlay::addMarks(const Map& floor) {
-  const auto isHere = [&](std::size_t i) { return *path_[i]->map == floor; };
-  for (std::size_t i = shown_.first; i <= shown_.last; ++i) {
-    if (!isHere(i)) continue;
-    const bool isStart = i == 0;
-    const bool isEnd = i + 1 == path_.size();
-    const bool leaves = !isEnd && !isHere(i + 1);
-    if (!isStart && !isEnd && !leaves && isHere(i - 1)) continue;
-    std::string text = isStart ? nameOf(from_, "Start") : isEnd ? nameOf(to_, "Destination") : "";
-    if (leaves) text += (text.empty() ? "" : "  ") + rideText(path_, i);
-    addMark(path_[i], isEnd ? endColor : isStart ? startColor : rideColor, text);
+void RouteOverlay::hide() {
+  clear();
+  first_ = end_ = 0;
+}
+
+void RouteOverlay::clear() {
+  const graphics::Transaction transaction;
+  for (const auto& segment : segments_) segment->removeFromParent();
+  segments_.clear();
+  for (const Mark& mark : marks_->list) mapView_->removeMarker(mark.marker);
+  *marks_ = {};
+  scene_ = nullptr;
+  floor_ = nullptr;
+}
+
+void RouteOverlay::arrange() {
+  if (first_ == end_ || arrangedChange_ == graphics::changeCount()) return;
+  if (mapView_->currentMap() != floor_ || mapView_->sceneView->scene() != scene_) return redraw();
+  arrangeMarks();
+}
+
+void RouteOverlay::redraw() {
+  const graphics::Transaction transaction;
+  clear();
+  floor_ = mapView_->currentMap();
+  scene_ = mapView_->sceneView->scene();
+  if (!floor_ || !scene_) return;
+  drawSegments();
+  addMarks();
+  arrangeMarks();
+}
+
+bool RouteOverlay::isOnShownFloor(std::size_t index) const { return path_[index]->map == floor_; }
+
+void RouteOverlay::drawSegments() {
+  const graphics::Color ribbon = color.value_or(mapView_->pathColor);
+  for (std::size_t i = first_; i + 1 < end_; ++i) {
+    if (!isOnShownFloor(i) || !isOnShownFloor(i + 1)) continue;
+    for (const auto& layer :
+         makeRouteSegment(scenePosition(*path_[i]), scenePosition(*path_[i + 1]), ribbon)) {
+      scene_->rootNode()->addChild(layer);
+      segments_.push_back(layer);
+    }
   }
 }
 
-void RouteOverlay::addMark(const std::shared_ptr<Node>& node, graphics::Color color,
-                           const std::string& text) {
+// One mark for a node, whatever happens there.
+void RouteOverlay::addMarks() {
+  for (std::size_t i = first_; i < end_; ++i) {
+    if (!isOnShownFloor(i)) continue;
+    const bool isStart = i == 0;
+    const bool isEnd = i + 1 == path_.size();
+    const bool leaves = !isEnd && !isOnShownFloor(i + 1);
+    if (!isStart && !isEnd && !leaves && isOnShownFloor(i - 1)) continue;
+    std::string text = isStart ? nameOf(from_, "Start") : isEnd ? nameOf(to_, "Destination") : "";
+    if (leaves) text += (text.empty() ? "" : "  ") + rideText(path_, i);
+    addMark(i, isEnd ? markColors::end : isStart ? markColors::start : markColors::ride, text);
+  }
+}
+
+void RouteOverlay::addMark(std::size_t index, graphics::Color markColor, const std::string& text) {
   auto style = labelStyle();
   style.bold = true;
   style.outlineWidth = backing;
   style.outlineColor = graphics::colors::white;
-  marks_.push_back({node, color, graphics::makeTextImage(text, style, scale_), nullptr});
+  marks_->list.push_back({scenePosition(*path_[index]), markColor,
+                          graphics::makeTextImage(text, style, scale_), nullptr});
 }
 
-std::vector<std::vector<graphics::Point>> RouteOverlay::linesOn(const MapView& mapView) const {
+std::vector<std::vector<graphics::Point>> RouteOverlay::linesInView() const {
   std::vector<std::vector<graphics::Point>> lines;
-  const Node* last = nullptr;  // of the line that is being drawn
-  for (std::size_t i = shown_.first; i <= shown_.last; ++i) {
-    const Node& node = *path_[i];
-    if (node.map != mapView.currentMap()) {
-      last = nullptr;
-      continue;
-    }
-    if (last == nullptr) lines.emplace_back();
-    last = &node;
-    lines.back().push_back(mapView.findPositionCameraViewport(scenePosition(node)));
+  bool continues = false;
+  for (std::size_t i = first_; i < end_; ++i) {
+    const bool isHere = isOnShownFloor(i);
+    if (isHere && !continues) lines.emplace_back();
+    if (isHere)
+      lines.back().push_back(mapView_->findPositionCameraViewport(scenePosition(*path_[i])));
+    continues = isHere;
   }
   return lines;
 }
 
-void RouteOverlay::arrangeMarks(MapView& mapView) {
+void RouteOverlay::arrangeMarks() {
   std::vector<MarkPlace> places;
-  for (const Mark& mark : marks_)
-    places.push_back({mapView.findPositionCameraViewport(scenePosition(*mark.node)),
+  for (const Mark& mark : marks_->list)
+    places.push_back({mapView_->findPositionCameraViewport(mark.position),
                       mark.text ? mark.text->size() : graphics::Size{}});
-  auto looks = placeMarks(places, linesOn(mapView), mapView.bounds(), looks_);
-  for (std::size_t i = 0; i < marks_.size(); ++i)
-    if (!marks_[i].marker || looks[i] != looks_[i]) setLook(mapView, marks_[i], looks[i]);
-  looks_ = std::move(looks);
-}
-
-void RouteOverlay::setLook(MapView& mapView, Mark& mark, const MarkLook& look) const {
-  mapView.removeMarker(mark.marker);
-  mark.marker = makeImageMarker(makeMarkImage(look, mark.color, mark.text, scale_));
-  if (!mark.marker) return;
-  mark.marker->setPosition(scenePosition(*mark.node));
-  mapView.addMarker(mark.marker);
+  auto looks = placeMarks(places, linesInView(), mapView_->bounds(), marks_->looks);
+  for (std::size_t i = 0; i < looks.size(); ++i) {
+    Mark& mark = marks_->list[i];
+    if (mark.marker && looks[i] == marks_->looks[i]) continue;
+    mapView_->removeMarker(mark.marker);
+    mark.marker = makeImageMarker(makeMarkImage(looks[i], mark.color, mark.text, scale_));
+    if (!mark.marker) continue;
+    mark.marker->setPosition(mark.position);
+    mapView_->addMarker(mark.marker);
+  }
+  marks_->looks = std::move(looks);
+  arrangedChange_ = graphics::changeCount();
 }
 
 }  // namespace orivanta

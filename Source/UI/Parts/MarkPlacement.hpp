@@ -1,4 +1,4 @@
-// How the marks of a route look, so that they hide neither each other nor the route.
+// Chooses how the marks of a route look, so that they hide neither each other nor the route.
 #pragma once
 
 #include <span>

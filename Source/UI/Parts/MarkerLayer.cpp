@@ -1,4 +1,5 @@
-// How a map view keeps its markers in place and out of one another's way.
+#include "Source/UI/Parts/MarkerLayer.hpp"
+
 #include <typeinfo>
 #include <unordered_map>
 #include <vector>
@@ -15,7 +16,7 @@ using graphics::Transaction;
 
 namespace {
 
-// What the decision asks of a marker again and again, looked up once.
+// What the decision about collisions needs of a marker, looked up once.
 struct Placed {
   explicit Placed(const std::shared_ptr<MapViewMarker>& from)
       : marker(from.get()),
@@ -49,56 +50,74 @@ std::vector<std::size_t> firstEntries(const std::vector<Placed>& placed) {
 
 }  // namespace
 
-std::vector<std::shared_ptr<MapViewMarker>> MapView::markers() const {
+graphics::Point overlayPosition(const MapView& view, graphics::Vector3 projected) {
+  const graphics::Size shown = view.sceneView->frame().size;
+  const graphics::Size overlaid = view.overlay().frame().size;
+  return {projected.x / shown.width * overlaid.width,
+          (1 - projected.y / shown.height) * overlaid.height};
+}
+
+std::vector<std::shared_ptr<MapViewMarker>> MarkerLayer::markers() const {
   return graphics::read(markers_);
 }
 
-void MapView::addMarker(const std::shared_ptr<MapViewMarker2D>& marker) {
+void MarkerLayer::add(const std::shared_ptr<MapViewMarker2D>& marker) {
   const Transaction transaction;
-  unwrap(unwrap(marker).node).setPosition(findPosition2D(marker->position()));
+  unwrap(unwrap(marker).node).setPosition(view_.findPosition2D(marker->position()));
   markers_.push_back(marker);
-  showMarker(*marker);
+  show(*marker);
 }
 
-void MapView::removeMarker(const std::shared_ptr<MapViewMarker2D>& marker) {
+void MarkerLayer::remove(const std::shared_ptr<MapViewMarker2D>& marker) {
   if (!marker) return;
   const Transaction transaction;
-  hideMarker(*marker);
+  hide(*marker);
   std::erase(markers_, std::static_pointer_cast<MapViewMarker>(marker));
 }
 
-void MapView::showMarker(MapViewMarker2D& marker) {
+void MarkerLayer::show(MapViewMarker2D& marker) {
   sprite::SpriteNode& sprite = unwrap(marker.node);
-  sprite.setPosition(findPosition2D(marker.position()));
+  sprite.setPosition(view_.findPosition2D(marker.position()));
   sprite.removeFromParent();
-  overlay().addChild(marker.node);
+  view_.overlay().addChild(marker.node);
 }
 
-void MapView::hideMarker(MapViewMarker2D& marker) { unwrap(marker.node).removeFromParent(); }
+void MarkerLayer::hide(MapViewMarker2D& marker) { unwrap(marker.node).removeFromParent(); }
 
-void MapView::showAllMarkers() {
+void MarkerLayer::moveTo(MapViewOverlay2D& overlay) {
+  const Transaction transaction;
+  for (const auto& marker : markers_) {
+    const auto* sprite = dynamic_cast<const MapViewMarker2D*>(marker.get());
+    if (sprite == nullptr || !unwrap(sprite->node).hasParent()) continue;
+    sprite->node->removeFromParent();
+    overlay.addChild(sprite->node);
+  }
+}
+
+void MarkerLayer::showAll() {
   const Transaction transaction;
   for (const auto& marker : markers_)
-    if (auto* sprite = dynamic_cast<MapViewMarker2D*>(marker.get())) showMarker(*sprite);
+    if (auto* sprite = dynamic_cast<MapViewMarker2D*>(marker.get())) show(*sprite);
 }
 
-void MapView::hideAllMarkers() {
+void MarkerLayer::hideAll() {
   const Transaction transaction;
   for (const auto& marker : markers_)
-    if (auto* sprite = dynamic_cast<MapViewMarker2D*>(marker.get())) hideMarker(*sprite);
+    if (auto* sprite = dynamic_cast<MapViewMarker2D*>(marker.get())) hide(*sprite);
 }
 
-void MapView::updateMarkerPositions() {
+void MarkerLayer::updatePositions() {
   const Transaction transaction;
   if (markers_.empty()) return;
-  const auto viewpoint = sceneView->viewpoint();
+  const auto viewpoint = view_.sceneView->viewpoint();
   if (!viewpoint) return;
   for (const auto& marker : markers_)
     if (auto* sprite = dynamic_cast<MapViewMarker2D*>(marker.get()))
-      unwrap(sprite->node).setPosition(overlayPosition(viewpoint->project(sprite->position())));
+      unwrap(sprite->node)
+          .setPosition(overlayPosition(view_, viewpoint->project(sprite->position())));
 }
 
-void MapView::updateMarkerVisibility() {
+void MarkerLayer::updateVisibility() {
   const Transaction transaction;
   const std::vector<Placed> placed(markers_.begin(), markers_.end());
   const std::vector<std::size_t> first = firstEntries(placed);
@@ -118,9 +137,9 @@ void MapView::updateMarkerVisibility() {
     MapViewMarker2D* const sprite = placed[i].sprite;
     if (sprite == nullptr) continue;
     if (hidden[first[i]] != 0)
-      hideMarker(*sprite);
+      hide(*sprite);
     else if (!unwrap(sprite->node).hasParent())
-      showMarker(*sprite);
+      show(*sprite);
   }
 }
 
