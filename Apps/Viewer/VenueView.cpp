@@ -6,12 +6,12 @@
 #include <utility>
 
 #include "Apps/Command/Places.hpp"
-#include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Source/Attribution.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/Polygon.hpp"
+#include "Source/UI/Display/CameraPlacement.hpp"
 #include "Source/UI/MarkerImages.hpp"
 #include "Source/UI/ScenePosition.hpp"
 #include "Source/Venue.hpp"
@@ -102,8 +102,7 @@ void VenueView::select(const std::shared_ptr<Location>& place) {
   }
   mark(place);
   arrangePanels();
-  if (place && camera_->isReady())
-    camera_->frame({mapView_->findPosition3D(*place)}, command::aroundPlace);
+  if (place && camera_->isReady()) camera_->frame({mapView_->findPosition3D(*place)}, aroundPlace);
 }
 
 void VenueView::highlight(const std::shared_ptr<Location>& place) {
@@ -183,7 +182,7 @@ void VenueView::planRoute() {
   arrangePanels();
   if (!route_) return;
   floors_->setRoute(route_->floors);
-  routeOnMap_ = std::make_unique<command::RouteOnMap>(route_->path, from_, to_);
+  routeOnMap_ = std::make_unique<RouteOverlay>(route_->path, from_, to_);
   wantedNode_ = route_->path.front();
   showFloor(wantedNode_->map);
   routeOnMap_->show(*mapView_, scale_);
@@ -192,11 +191,10 @@ void VenueView::planRoute() {
 
 // The part of the route that is wanted, or else the first one on the floor that is shown.
 void VenueView::frameRoute() {
-  const command::RouteVisit* visit = routeOnMap_->visitWith(*wantedNode_);
+  const FloorVisit* visit = routeOnMap_->visitWith(*wantedNode_);
   if (visit == nullptr || visit->floor != mapView_->currentMap())
     visit = routeOnMap_->firstVisitTo(*mapView_->currentMap());
-  if (visit != nullptr)
-    camera_->frame(routeOnMap_->pointsOf(*visit), command::aroundRoute(*venue_));
+  if (visit != nullptr) camera_->frame(routeOnMap_->pointsOf(*visit), aroundRoute(*venue_));
 }
 
 // The beginning from close by; otherwise the way that leads to what the step says.
@@ -205,7 +203,7 @@ void VenueView::showStep(const RouteStep& step) {
   showFloor(step.node->map);
   if (mapView_->currentMap() != step.node->map) return;  // once it is there
   if (step.kind == StepKind::departure || routeOnMap_->visitWith(*step.node) == nullptr)
-    camera_->frame({scenePosition(*step.node)}, command::aroundPlace);
+    camera_->frame({scenePosition(*step.node)}, aroundPlace);
   else
     frameRoute();
 }

@@ -8,10 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Apps/Command/Render/RouteOnMap.hpp"
-#include "Apps/Viewer/CameraControl.hpp"
 #include "Apps/Viewer/Keys.hpp"
-#include "Apps/Viewer/LabelLayer.hpp"
 #include "Apps/Viewer/Panels/AttributionLine.hpp"
 #include "Apps/Viewer/Panels/FloorSwitch.hpp"
 #include "Apps/Viewer/Panels/KeyHelp.hpp"
@@ -21,6 +18,9 @@
 #include "Apps/Viewer/PictureFetch.hpp"
 #include "Apps/Viewer/RoutePlanner.hpp"
 #include "Apps/Viewer/VenueSource.hpp"
+#include "Source/UI/Display/CameraControl.hpp"
+#include "Source/UI/Display/LabelLayer.hpp"
+#include "Source/UI/Display/RouteOverlay.hpp"
 #include "Source/UI/MapView.hpp"
 
 namespace orivanta::viewer {
@@ -155,7 +155,7 @@ class VenueView : public view::View, public MapViewDelegate {
   std::optional<bool> searchesForStart_;  // what is looked for is an end of the route
   bool accessible_ = false;
   std::optional<PlannedRoute> route_;
-  std::unique_ptr<command::RouteOnMap> routeOnMap_;
+  std::unique_ptr<RouteOverlay> routeOnMap_;
   std::shared_ptr<Node> wantedNode_;  // of the route, whose surroundings are to be seen
 
   double scale_ = 1;

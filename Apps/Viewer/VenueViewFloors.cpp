@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "Apps/Command/Places.hpp"
-#include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Apps/Viewer/VenueView.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
+#include "Source/UI/Display/CameraPlacement.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
@@ -113,7 +113,7 @@ void VenueView::tellFailure(const FloorProgress& floor) {
 // At what is wanted, once its floor is there.
 void VenueView::lookAgain() {
   if (selected_) {
-    camera_->frame({mapView_->findPosition3D(*selected_)}, command::aroundPlace);
+    camera_->frame({mapView_->findPosition3D(*selected_)}, aroundPlace);
   } else if (routeOnMap_)
     frameRoute();
 }

@@ -15,10 +15,8 @@
 #include "Apps/Command/Places.hpp"
 #include "Apps/Command/Render/Animation.hpp"
 #include "Apps/Command/Render/AttributionView.hpp"
-#include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Apps/Command/Render/LocationMarkers.hpp"
 #include "Apps/Command/Render/PictureOptions.hpp"
-#include "Apps/Command/Render/RouteOnMap.hpp"
 #include "Apps/Command/Render/Stage.hpp"
 #include "Apps/Command/Render/TouchRecording.hpp"
 #include "Apps/Command/Session.hpp"
@@ -27,6 +25,8 @@
 #include "Source/Directions.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
+#include "Source/UI/Display/CameraPlacement.hpp"
+#include "Source/UI/Display/RouteOverlay.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {
@@ -51,21 +51,21 @@ void checkUse(const RenderVenueOptions& options) {
 // What the pictures show, found in the venue before anything is drawn.
 struct Contents {
   std::vector<std::shared_ptr<Map>> floors;  // of the pictures; one may come again
-  std::vector<const RouteVisit*> visits;     // that each picture shows, when it shows only one
+  std::vector<const FloorVisit*> visits;     // that each picture shows, when it shows only one
   std::vector<Highlight> highlights;
-  std::unique_ptr<RouteOnMap> route;
+  std::unique_ptr<RouteOverlay> route;
   std::unique_ptr<LocationMarkers> markers;
   std::vector<view::Touch> touches;
 };
 
-std::unique_ptr<RouteOnMap> findRoute(const RouteEnd& from, const RouteEnd& to,
-                                      const RenderVenueOptions& options) {
+std::unique_ptr<RouteOverlay> findRoute(const RouteEnd& from, const RouteEnd& to,
+                                        const RenderVenueOptions& options) {
   const auto directions = getDirections(from.nodes, to.nodes, from.place, to.place);
   if (!directions)
     throw CommandError(ExitCode::notFound,
                        fmt::format("no {}route from {}", options.accessible ? "accessible " : "",
                                    fmt::join(options.route, " to ")));
-  return std::make_unique<RouteOnMap>(directions->path, from.place, to.place);
+  return std::make_unique<RouteOverlay>(directions->path, from.place, to.place);
 }
 
 std::vector<view::Touch> touchesIn(const std::string& name) {
@@ -90,7 +90,7 @@ Contents findContents(const Venue& venue, const RenderVenueOptions& options) {
       if (end->place) ends.push_back(end->place);
   }
   if (contents.route && options.map.empty()) {
-    for (const RouteVisit& visit : contents.route->visits()) {
+    for (const FloorVisit& visit : contents.route->visits()) {
       contents.floors.push_back(visit.floor);
       contents.visits.push_back(&visit);
     }
@@ -112,8 +112,8 @@ void showFloor(Stage& stage, std::size_t index, Contents& contents,
   const CameraAngles angles{options.tilt, options.turn, options.zoom};
   lookAtFloor(mapView, angles);
   contents.markers->show(mapView, options.scale);
-  if (RouteOnMap* const route = contents.route.get()) {
-    const RouteVisit* const visit = contents.visits[index];
+  if (RouteOverlay* const route = contents.route.get()) {
+    const FloorVisit* const visit = contents.visits[index];
     lookAt(mapView, visit != nullptr ? route->pointsOf(*visit) : route->pointsOn(*floor), angles,
            aroundRoute(*mapView.venue));
     route->show(mapView, options.scale, visit);

@@ -3,16 +3,11 @@
 
 #include <optional>
 
-#include "Apps/Command/Render/Framing.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Vector.hpp"
+#include "Source/UI/Display/Framing.hpp"
 
-namespace orivanta::viewer {
-
-using command::CameraPose;
-using command::framing;
-using command::Insets;
-using command::Lens;
+namespace orivanta {
 
 /// How far the camera may go.
 struct CameraLimits {
@@ -43,4 +38,4 @@ CameraPose zoomed(const CameraPose& pose, const Lens& lens, const CameraLimits& 
 /// Between two poses, the shorter way round: 0 gives `from`, 1 gives `to`. Distances go by ratios.
 CameraPose between(const CameraPose& from, const CameraPose& to, double share);
 
-}  // namespace orivanta::viewer
+}  // namespace orivanta

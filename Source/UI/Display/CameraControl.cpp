@@ -1,16 +1,16 @@
-#include "Apps/Viewer/CameraControl.hpp"
+#include "Source/UI/Display/CameraControl.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <utility>
 
-#include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
+#include "Source/UI/Display/CameraPlacement.hpp"
 
-namespace orivanta::viewer {
+namespace orivanta {
 
 namespace {
 
@@ -94,7 +94,7 @@ CameraPose CameraControl::fitting() const {
   CameraPose upright = pose();
   upright.turn = 0;
   if (box.isEmpty()) return upright;
-  return framing(command::cornersOf(box), upright, lens(), insets_, command::aroundFloor);
+  return framing(cornersOf(box), upright, lens(), insets_, aroundFloor);
 }
 
 void CameraControl::fit(bool gliding) {
@@ -106,7 +106,7 @@ void CameraControl::fit(bool gliding) {
 }
 
 void CameraControl::frame(const std::vector<graphics::Vector3>& points,
-                          const command::Surroundings& surroundings) {
+                          const Surroundings& surroundings) {
   if (points.empty() || !isReady()) return;
   glideTo(framing(points, pose(), lens(), insets_, surroundings));
 }
@@ -137,7 +137,7 @@ void CameraControl::settle(bool gestureEnded) {
 }
 
 void CameraControl::write(const CameraPose& pose) {
-  command::placeCamera(*mapView_, pose);
+  placeCamera(*mapView_, pose);
   writeGestureState(pose);
 }
 
@@ -151,4 +151,4 @@ void CameraControl::writeGestureState(const CameraPose& pose) {
   mapView_->lastHeightRatio = mapView_->lastGoodHeightRatio;
 }
 
-}  // namespace orivanta::viewer
+}  // namespace orivanta

@@ -1,11 +1,11 @@
-#include "Apps/Command/Render/Framing.hpp"
+#include "Source/UI/Display/Framing.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numbers>
 
-namespace orivanta::command {
+namespace orivanta {
 
 namespace {
 
@@ -120,4 +120,4 @@ CameraPose framing(std::span<const graphics::Vector3> points, CameraPose pose, c
   return pose;
 }
 
-}  // namespace orivanta::command
+}  // namespace orivanta

@@ -3,11 +3,11 @@
 
 #include <memory>
 
-#include "Apps/Command/Render/MarkPlacement.hpp"
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Image.hpp"
+#include "Source/UI/Parts/MarkPlacement.hpp"
 
-namespace orivanta::command {
+namespace orivanta {
 
 /// A symbol with its text, which may be null, as a look has them. The marked place is in the middle
 /// of the picture. `scale` pixels per point.
@@ -15,4 +15,4 @@ std::shared_ptr<const graphics::Image> makeMarkImage(
     const MarkLook& look, graphics::Color color, const std::shared_ptr<const graphics::Image>& text,
     double scale);
 
-}  // namespace orivanta::command
+}  // namespace orivanta

@@ -5,34 +5,34 @@
 #include <string>
 #include <vector>
 
-#include "Apps/Command/Render/MarkPlacement.hpp"
-#include "Apps/Command/Render/RouteVisits.hpp"
 #include "Platform/Graphics/Vector.hpp"
+#include "Source/Guidance/FloorVisits.hpp"
 #include "Source/UI/MapView.hpp"
+#include "Source/UI/Parts/MarkPlacement.hpp"
 
-namespace orivanta::command {
+namespace orivanta {
 
-class RouteOnMap {
+class RouteOverlay {
  public:
   /// Either end may be null when it is no location.
-  RouteOnMap(NodeList path, std::shared_ptr<Location> from, std::shared_ptr<Location> to);
+  RouteOverlay(NodeList path, std::shared_ptr<Location> from, std::shared_ptr<Location> to);
 
   /// The parts of it on one floor each, in its order; at least one.
-  const std::vector<RouteVisit>& visits() const { return visits_; }
+  const std::vector<FloorVisit>& visits() const { return visits_; }
 
   /// The first visit to a floor, or the one that a node of the path belongs to; null if there is
   /// none.
-  const RouteVisit* firstVisitTo(const Map& floor) const;
-  const RouteVisit* visitWith(const Node& node) const;
+  const FloorVisit* firstVisitTo(const Map& floor) const;
+  const FloorVisit* visitWith(const Node& node) const;
 
   /// The points of a visit, and all of the route's points on a floor.
-  std::vector<graphics::Vector3> pointsOf(const RouteVisit& visit) const;
+  std::vector<graphics::Vector3> pointsOf(const FloorVisit& visit) const;
   std::vector<graphics::Vector3> pointsOn(const Map& floor) const;
 
   /// Draws the route and puts the marks of the floor now shown in the place of former ones: a mark
   /// and a name where the route begins and ends, a mark where it rides to another floor, with that
   /// floor's label, and where it comes from one. With `only`, draws that visit and its marks alone.
-  void show(MapView& mapView, double scale, const RouteVisit* only = nullptr);
+  void show(MapView& mapView, double scale, const FloorVisit* only = nullptr);
 
   /// Chooses anew how the marks look, so that they hide neither each other nor the route. Call it
   /// after the camera has moved.
@@ -57,11 +57,11 @@ class RouteOnMap {
   NodeList path_;
   std::shared_ptr<Location> from_;
   std::shared_ptr<Location> to_;
-  std::vector<RouteVisit> visits_;
-  RouteVisit shown_;  // the part of the path that is drawn
+  std::vector<FloorVisit> visits_;
+  FloorVisit shown_;  // the part of the path that is drawn
   double scale_ = 1;
   std::vector<Mark> marks_;
   std::vector<MarkLook> looks_;  // of the marks, once they are arranged
 };
 
-}  // namespace orivanta::command
+}  // namespace orivanta

@@ -6,7 +6,7 @@
 
 #include "Platform/Graphics/Geometry.hpp"
 
-namespace orivanta::command {
+namespace orivanta {
 
 /// A pin stands on its place; a dot lies on it and covers less.
 enum class MarkSymbol { pin, dot };
@@ -46,4 +46,4 @@ std::vector<MarkLook> placeMarks(std::span<const MarkPlace> marks,
                                  std::span<const std::vector<graphics::Point>> route,
                                  const graphics::Rect& view, std::span<const MarkLook> before);
 
-}  // namespace orivanta::command
+}  // namespace orivanta

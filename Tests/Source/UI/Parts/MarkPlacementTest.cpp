@@ -1,8 +1,8 @@
-#include "Apps/Command/Render/MarkPlacement.hpp"
+#include "Source/UI/Parts/MarkPlacement.hpp"
 
 #include <gtest/gtest.h>
 
-namespace orivanta::command {
+namespace orivanta {
 namespace {
 
 using graphics::Point;
@@ -56,4 +56,4 @@ TEST(MarkPlacement, TextsStayInTheView) {
 }
 
 }  // namespace
-}  // namespace orivanta::command
+}  // namespace orivanta

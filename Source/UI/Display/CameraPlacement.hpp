@@ -3,10 +3,10 @@
 
 #include <vector>
 
-#include "Apps/Command/Render/Framing.hpp"
+#include "Source/UI/Display/Framing.hpp"
 #include "Source/UI/MapView.hpp"
 
-namespace orivanta::command {
+namespace orivanta {
 
 inline constexpr Surroundings aroundFloor{0.06, 1};
 inline constexpr Surroundings aroundPlace{0.35, 300};
@@ -32,4 +32,4 @@ void lookAtFloor(MapView& mapView, const CameraAngles& angles);
 void lookAt(MapView& mapView, const std::vector<graphics::Vector3>& points,
             const CameraAngles& angles, const Surroundings& surroundings);
 
-}  // namespace orivanta::command
+}  // namespace orivanta

@@ -1,19 +1,19 @@
-#include "Apps/Command/Render/RouteOnMap.hpp"
+#include "Source/UI/Display/RouteOverlay.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
-#include "Apps/Command/Render/MarkImages.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/UI/MarkerImages.hpp"
+#include "Source/UI/Parts/MarkImages.hpp"
 #include "Source/UI/ScenePosition.hpp"
 
-namespace orivanta::command {
+namespace orivanta {
 
 namespace {
 
@@ -40,52 +40,53 @@ std::string rideText(const NodeList& path, std::size_t begin) {
   return fmt::format("{} {}", arrowBetween(from, to), floorLabel(to));
 }
 
-RouteVisit wholeOf(const NodeList& path) { return {nullptr, 0, path.size() - 1}; }
+FloorVisit wholeOf(const NodeList& path) { return {nullptr, 0, path.size() - 1}; }
 
 }  // namespace
 
-RouteOnMap::RouteOnMap(NodeList path, std::shared_ptr<Location> from, std::shared_ptr<Location> to)
+RouteOverlay::RouteOverlay(NodeList path, std::shared_ptr<Location> from,
+                           std::shared_ptr<Location> to)
     : path_(std::move(path)),
       from_(std::move(from)),
       to_(std::move(to)),
-      visits_(visitsOf(path_)),
+      visits_(floorVisits(path_)),
       shown_(wholeOf(path_)) {}
 
-const RouteVisit* RouteOnMap::firstVisitTo(const Map& floor) const {
+const FloorVisit* RouteOverlay::firstVisitTo(const Map& floor) const {
   const auto found = std::find_if(visits_.begin(), visits_.end(),
                                   [&](const auto& visit) { return *visit.floor == floor; });
   return found == visits_.end() ? nullptr : &*found;
 }
 
-const RouteVisit* RouteOnMap::visitWith(const Node& node) const {
-  for (const RouteVisit& visit : visits_)
+const FloorVisit* RouteOverlay::visitWith(const Node& node) const {
+  for (const FloorVisit& visit : visits_)
     for (std::size_t i = visit.first; i <= visit.last; ++i)
       if (path_[i].get() == &node) return &visit;
   return nullptr;
 }
 
-std::vector<graphics::Vector3> RouteOnMap::pointsOf(const RouteVisit& visit) const {
+std::vector<graphics::Vector3> RouteOverlay::pointsOf(const FloorVisit& visit) const {
   std::vector<graphics::Vector3> points;
   for (std::size_t i = visit.first; i <= visit.last; ++i)
     points.push_back(scenePosition(*path_[i]));
   return points;
 }
 
-std::vector<graphics::Vector3> RouteOnMap::pointsOn(const Map& floor) const {
+std::vector<graphics::Vector3> RouteOverlay::pointsOn(const Map& floor) const {
   std::vector<graphics::Vector3> points;
   for (const auto& node : path_)
     if (*node->map == floor) points.push_back(scenePosition(*node));
   return points;
 }
 
-void RouteOnMap::hide(MapView& mapView) {
+void RouteOverlay::hide(MapView& mapView) {
   for (const Mark& mark : marks_) mapView.removeMarker(mark.marker);
   marks_.clear();
   looks_.clear();
   mapView.clearPaths();
 }
 
-void RouteOnMap::show(MapView& mapView, double scale, const RouteVisit* only) {
+void RouteOverlay::show(MapView& mapView, double scale, const FloorVisit* only) {
   hide(mapView);
   scale_ = scale;
   shown_ = only != nullptr ? *only : wholeOf(path_);
@@ -99,7 +100,7 @@ void RouteOnMap::show(MapView& mapView, double scale, const RouteVisit* only) {
 }
 
 // One mark for a node, whatever happens there.
-void RouteOnMap::addMarks(const Map& floor) {
+void RouteOverlay::addMarks(const Map& floor) {
   const auto isHere = [&](std::size_t i) { return *path_[i]->map == floor; };
   for (std::size_t i = shown_.first; i <= shown_.last; ++i) {
     if (!isHere(i)) continue;
@@ -113,8 +114,8 @@ void RouteOnMap::addMarks(const Map& floor) {
   }
 }
 
-void RouteOnMap::addMark(const std::shared_ptr<Node>& node, graphics::Color color,
-                         const std::string& text) {
+void RouteOverlay::addMark(const std::shared_ptr<Node>& node, graphics::Color color,
+                           const std::string& text) {
   auto style = labelStyle();
   style.bold = true;
   style.outlineWidth = backing;
@@ -122,7 +123,7 @@ void RouteOnMap::addMark(const std::shared_ptr<Node>& node, graphics::Color colo
   marks_.push_back({node, color, graphics::makeTextImage(text, style, scale_), nullptr});
 }
 
-std::vector<std::vector<graphics::Point>> RouteOnMap::linesOn(const MapView& mapView) const {
+std::vector<std::vector<graphics::Point>> RouteOverlay::linesOn(const MapView& mapView) const {
   std::vector<std::vector<graphics::Point>> lines;
   const Node* last = nullptr;  // of the line that is being drawn
   for (std::size_t i = shown_.first; i <= shown_.last; ++i) {
@@ -138,7 +139,7 @@ std::vector<std::vector<graphics::Point>> RouteOnMap::linesOn(const MapView& map
   return lines;
 }
 
-void RouteOnMap::arrangeMarks(MapView& mapView) {
+void RouteOverlay::arrangeMarks(MapView& mapView) {
   std::vector<MarkPlace> places;
   for (const Mark& mark : marks_)
     places.push_back({mapView.findPositionCameraViewport(scenePosition(*mark.node)),
@@ -149,7 +150,7 @@ void RouteOnMap::arrangeMarks(MapView& mapView) {
   looks_ = std::move(looks);
 }
 
-void RouteOnMap::setLook(MapView& mapView, Mark& mark, const MarkLook& look) const {
+void RouteOverlay::setLook(MapView& mapView, Mark& mark, const MarkLook& look) const {
   mapView.removeMarker(mark.marker);
   mark.marker = makeImageMarker(makeMarkImage(look, mark.color, mark.text, scale_));
   if (!mark.marker) return;
@@ -157,4 +158,4 @@ void RouteOnMap::setLook(MapView& mapView, Mark& mark, const MarkLook& look) con
   mapView.addMarker(mark.marker);
 }
 
-}  // namespace orivanta::command
+}  // namespace orivanta

@@ -1,16 +1,16 @@
-#include "Apps/Viewer/CameraControl.hpp"
+#include "Source/UI/Display/CameraControl.hpp"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-#include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Platform/Scene/Node.hpp"
+#include "Source/UI/Display/CameraPlacement.hpp"
 #include "Source/Venue.hpp"
 #include "Tests/Support/Fingers.hpp"
 #include "Tests/Support/ShownVenue.hpp"
 
-namespace orivanta::viewer {
+namespace orivanta {
 
 namespace {
 
@@ -96,7 +96,7 @@ TEST_F(CameraControlTest, ATapLeavesTheZoomOfTheNextPinch) {
 
 TEST_F(CameraControlTest, AShortRouteFillsAFairPartOfTheView) {
   const auto venue = Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
-  control.frame({{500, 500, 0}, {508, 500, 0}}, command::aroundRoute(*venue));
+  control.frame({{500, 500, 0}, {508, 500, 0}}, aroundRoute(*venue));
   control.advance(1);
   control.advance(2);
   const auto start = shownAt(control.pose(), control.lens(), {500, 500});
@@ -124,4 +124,4 @@ TEST_F(CameraControlTest, GlidesBeginWithTheirFirstFrameAddUpAndEnd) {
   EXPECT_FALSE(control.isGliding());
 }
 
-}  // namespace orivanta::viewer
+}  // namespace orivanta

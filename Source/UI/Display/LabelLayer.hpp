@@ -7,7 +7,7 @@
 
 #include "Source/UI/MapView.hpp"
 
-namespace orivanta::viewer {
+namespace orivanta {
 
 /// Names are markers of the map view; those in one another's way, or in the way of other markers,
 /// are not among them. Main thread.
@@ -51,4 +51,4 @@ class LabelLayer {
   std::vector<Name> names_;  // of the floor, the most important first
 };
 
-}  // namespace orivanta::viewer
+}  // namespace orivanta

@@ -1,4 +1,4 @@
-#include "Apps/Viewer/CameraPose.hpp"
+#include "Source/UI/Display/CameraPose.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 #include <cmath>
 #include <vector>
 
-namespace orivanta::viewer {
+namespace orivanta {
 
 namespace {
 
@@ -105,13 +105,13 @@ TEST(CameraPose, FramesAModelThatIsHigherThanWide) {
   graphics::Box tower;
   tower.add(graphics::Vector3{-20, -30, 0});
   tower.add(graphics::Vector3{40, 30, 900});
-  const auto corners = command::cornersOf(tower);
+  const auto corners = cornersOf(tower);
   for (const Lens& lens : {wide, upright})
     for (const double tilt : {0.0, 0.6, 1.0}) {
       const CameraPose pose = framing(corners, {0, 0, 1, tilt, 0.4}, lens, {}, {});
       Insets room{1e9, 1e9, 1e9, 1e9};
       for (const graphics::Vector3& corner : corners) {
-        const double depth = command::depthOf(corner, pose);
+        const double depth = depthOf(corner, pose);
         ASSERT_GT(depth, 0);
         // Where the corner shows is where the ground behind it does.
         const double share =
@@ -141,4 +141,4 @@ TEST(CameraPose, GoesTheShorterWayRound) {
   EXPECT_NEAR(between(from, to, 1).turn, 3.2832, 1e-3);
 }
 
-}  // namespace orivanta::viewer
+}  // namespace orivanta

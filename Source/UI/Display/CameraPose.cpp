@@ -1,10 +1,10 @@
-#include "Apps/Viewer/CameraPose.hpp"
+#include "Source/UI/Display/CameraPose.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
-namespace orivanta::viewer {
+namespace orivanta {
 
 namespace {
 
@@ -92,4 +92,4 @@ CameraPose between(const CameraPose& from, const CameraPose& to, double share) {
   return pose;
 }
 
-}  // namespace orivanta::viewer
+}  // namespace orivanta

@@ -1,10 +1,10 @@
-#include "Apps/Command/Render/MarkPlacement.hpp"
+#include "Source/UI/Parts/MarkPlacement.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 
-namespace orivanta::command {
+namespace orivanta {
 
 using graphics::Point;
 using graphics::Rect;
@@ -144,4 +144,4 @@ std::vector<MarkLook> placeMarks(std::span<const MarkPlace> marks,
   return looks;
 }
 
-}  // namespace orivanta::command
+}  // namespace orivanta

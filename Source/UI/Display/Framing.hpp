@@ -7,7 +7,7 @@
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Vector.hpp"
 
-namespace orivanta::command {
+namespace orivanta {
 
 /// The view that a camera fills.
 struct Lens {
@@ -56,4 +56,4 @@ std::array<graphics::Vector3, 8> cornersOf(const graphics::Box& box);
 CameraPose framing(std::span<const graphics::Vector3> points, CameraPose pose, const Lens& lens,
                    const Insets& insets, const Surroundings& surroundings);
 
-}  // namespace orivanta::command
+}  // namespace orivanta

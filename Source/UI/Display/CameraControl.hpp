@@ -4,10 +4,10 @@
 #include <optional>
 #include <vector>
 
-#include "Apps/Viewer/CameraPose.hpp"
+#include "Source/UI/Display/CameraPose.hpp"
 #include "Source/UI/MapView.hpp"
 
-namespace orivanta::viewer {
+namespace orivanta {
 
 /// Needs a started scene; without one nothing happens. Writes the nodes of the camera, and the
 /// state of the gestures with them, so that a gesture goes on from where this has brought it.
@@ -41,8 +41,7 @@ class CameraControl {
   void fit(bool gliding = true);
 
   /// Shows some points of the floor, and their surroundings.
-  void frame(const std::vector<graphics::Vector3>& points,
-             const command::Surroundings& surroundings);
+  void frame(const std::vector<graphics::Vector3>& points, const Surroundings& surroundings);
 
   /// A finger has landed on the map view itself: ends a glide where it is. Until `settle(true)` the
   /// view's gestures go on from where they began, whatever moves the camera beside them.
@@ -74,4 +73,4 @@ class CameraControl {
   bool isTouched_ = false;
 };
 
-}  // namespace orivanta::viewer
+}  // namespace orivanta

@@ -1,4 +1,4 @@
-#include "Apps/Command/Render/MarkImages.hpp"
+#include "Source/UI/Parts/MarkImages.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -8,7 +8,7 @@
 
 #include "Source/UI/MarkerImages.hpp"
 
-namespace orivanta::command {
+namespace orivanta {
 
 using graphics::Image;
 
@@ -97,4 +97,4 @@ std::shared_ptr<const Image> makeMarkImage(const MarkLook& look, graphics::Color
   return std::move(sheet).finish();
 }
 
-}  // namespace orivanta::command
+}  // namespace orivanta

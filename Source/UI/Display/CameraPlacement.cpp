@@ -1,4 +1,4 @@
-#include "Apps/Command/Render/CameraPlacement.hpp"
+#include "Source/UI/Display/CameraPlacement.hpp"
 
 #include <algorithm>
 #include <limits>
@@ -10,7 +10,7 @@
 #include "Source/Map.hpp"
 #include "Source/Venue.hpp"
 
-namespace orivanta::command {
+namespace orivanta {
 
 namespace {
 
@@ -95,4 +95,4 @@ void lookAt(MapView& mapView, const std::vector<graphics::Vector3>& points,
   mapView.updateMarkerVisibility();
 }
 
-}  // namespace orivanta::command
+}  // namespace orivanta

@@ -1,14 +1,14 @@
-#include "Apps/Viewer/LabelLayer.hpp"
+#include "Source/UI/Display/LabelLayer.hpp"
 
 #include <algorithm>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/UI/MarkerImages.hpp"
 #include "Source/Venue.hpp"
 
-namespace orivanta::viewer {
+namespace orivanta {
 
 namespace {
 
@@ -22,7 +22,7 @@ graphics::Rect around(graphics::Point middle, graphics::Size size, double margin
 }
 
 bool isOn(const Location& location, const std::shared_ptr<Map>& floor) {
-  const auto floors = command::floorsOf(location);
+  const auto floors = floorsOf(location);
   return std::find(floors.begin(), floors.end(), floor) != floors.end();
 }
 
@@ -103,4 +103,4 @@ void LabelLayer::show(Name& name, bool shown) {
     mapView_->removeMarker(name.marker);
 }
 
-}  // namespace orivanta::viewer
+}  // namespace orivanta
