@@ -22,7 +22,4 @@ struct RouteEnd {
 /// and for one that names several locations. The message lists them.
 RouteEnd findRouteEnd(const Venue& venue, const std::vector<std::string>& texts);
 
-using orivanta::floorLabel;
-using orivanta::floorsOf;
-
 }  // namespace orivanta::command

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
 #include "Source/Attribution.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
@@ -24,7 +24,7 @@ constexpr double pinHeight = 32;  // points
 constexpr graphics::Color pinColor{0.80F, 0.47F, 0.02F};
 
 std::shared_ptr<Map> floorOf(const Location& place, const std::shared_ptr<Map>& preferred) {
-  const auto floors = command::floorsOf(place);
+  const auto floors = floorsOf(place);
   if (floors.empty() || std::find(floors.begin(), floors.end(), preferred) != floors.end())
     return preferred;
   return floors.front();
@@ -117,8 +117,7 @@ void VenueView::mark(const std::shared_ptr<Location>& place) {
   labels_->setMarked(nullptr);
   labelsAreOld_ = true;
   if (!place || route_ || !mapView_->currentMap()) return;
-  const auto floors = command::floorsOf(*place);
-  if (std::find(floors.begin(), floors.end(), mapView_->currentMap()) == floors.end()) return;
+  if (!isOnFloor(*place, *mapView_->currentMap())) return;
   auto style = labelStyle();
   style.bold = true;
   mark_ = makePinMarker(pinColor, pinHeight, place->name.value_or(""), style, scale_);

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
 #include "Apps/Viewer/VenueView.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Display/CameraPlacement.hpp"
@@ -136,7 +136,7 @@ void VenueView::remarkOmissions(const std::vector<FloorProgress>& floors) {
   std::vector<std::string> names;
   for (const FloorProgress& floor : floors)
     if (floor.state == FloorState::ready && !floor.problem.empty())
-      names.push_back(floor.map->name.empty() ? command::floorLabel(*floor.map) : floor.map->name);
+      names.push_back(floorName(*floor.map));
   const bool isEarlier = std::any_of(floors.begin(), floors.end(),
                                      [](const auto& floor) { return floor.earlierFiles > 0; });
   if ((names.empty() && !isEarlier) || !remarked) return;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/UI/MarkerImages.hpp"
 #include "Source/Venue.hpp"

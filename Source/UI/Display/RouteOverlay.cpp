@@ -1,7 +1,5 @@
 #include "Source/UI/Display/RouteOverlay.hpp"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -26,18 +24,12 @@ std::string nameOf(const std::shared_ptr<Location>& location, const char* otherw
   return location ? location->name.value_or(otherwise) : otherwise;
 }
 
-const char* arrowBetween(const Map& from, const Map& to) {
-  if (to.elevation == from.elevation) return "\u2192";
-  return to.elevation < from.elevation ? "\u2193" : "\u2191";
-}
-
-// Where a ride that begins at a node of the path ends, and whether that is up or down.
-std::string rideText(const NodeList& path, std::size_t begin) {
-  std::size_t end = begin + 1;
-  while (end + 1 < path.size() && path[end]->map != path[end + 1]->map) ++end;
-  const Map& from = *path[begin]->map;
-  const Map& to = *path[end]->map;
-  return fmt::format("{} {}", arrowBetween(from, to), floorLabel(to));
+// Where the change of floor leads that a path is making when it leaves a node.
+std::string changeText(const NodeList& path, std::size_t index) {
+  for (const FloorChange& change : floorChanges(path))
+    if (change.begin <= index && index < change.end)
+      return floorChangeMark(*path[index]->map, *path[change.end]->map);
+  return "";
 }
 
 FloorVisit wholeOf(const NodeList& path) { return {nullptr, 0, path.size() - 1}; }
@@ -109,7 +101,7 @@ void RouteOverlay::addMarks(const Map& floor) {
     const bool leaves = !isEnd && !isHere(i + 1);
     if (!isStart && !isEnd && !leaves && isHere(i - 1)) continue;
     std::string text = isStart ? nameOf(from_, "Start") : isEnd ? nameOf(to_, "Destination") : "";
-    if (leaves) text += (text.empty() ? "" : "  ") + rideText(path_, i);
+    if (leaves) text += (text.empty() ? "" : "  ") + changeText(path_, i);
     addMark(path_[i], isEnd ? endColor : isStart ? startColor : rideColor, text);
   }
 }

@@ -207,7 +207,7 @@ TEST_F(InputTest, NothingIsDrawnWhileTheWindowIsHidden) {
     foundation::mainQueue::async(next);
   };
   foundation::mainQueue::async(next);
-  viewer::Times times(/*isEnabled=*/false);
+  viewer::Times times(nullptr);
   runWindow(viewer, *surface, times);
   EXPECT_GT(countWhenHidden, 0);
 }
