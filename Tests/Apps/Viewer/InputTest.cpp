@@ -208,7 +208,8 @@ TEST_F(InputTest, NothingIsDrawnWhileTheWindowIsHidden) {
   };
   foundation::mainQueue::async(next);
   viewer::Times times(nullptr);
-  runWindow(viewer, *surface, times);
+  const auto ignore = [](std::string_view) {};
+  runWindow(viewer, *surface, times, {ignore, ignore});
   EXPECT_GT(countWhenHidden, 0);
 }
 
