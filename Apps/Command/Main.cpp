@@ -18,8 +18,8 @@
 #include "Apps/Command/Render/RenderVenue.hpp"
 #include "Apps/Command/Serve.hpp"
 #include "Apps/Command/ShowVenue.hpp"
+#include "Apps/Command/ViewVenue.hpp"
 #include "Apps/DemoVenue/Folder.hpp"
-#include "Apps/Viewer/ViewVenue.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 
 namespace orivanta::command {
@@ -34,7 +34,7 @@ struct CommandLine {
   ShowVenueOptions showVenue;
   FindRouteOptions findRoute;
   RenderVenueOptions renderVenue;
-  viewer::ViewVenueOptions viewVenue;
+  ViewVenueOptions viewVenue;
   ServeOptions serve;
   std::function<ExitCode()> chosen;
 };
@@ -173,7 +173,7 @@ void addRender(CLI::App& app, CommandLine& line) {
 }
 
 void addView(CLI::App& app, CommandLine& line) {
-  viewer::ViewVenueOptions& options = line.viewVenue;
+  ViewVenueOptions& options = line.viewVenue;
   auto& command = *app.add_subcommand("view", "Walk around a venue in a window");
   command.footer(help::viewFooter);
   command.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")->type_name("");
@@ -190,7 +190,7 @@ void addView(CLI::App& app, CommandLine& line) {
     line.chosen = [&line, &options] {
       options.connection = line.connection;
       options.demoVenue = demo::demoVenueFolder();
-      return viewer::viewVenue(options);
+      return viewVenue(options);
     };
   });
 }

@@ -25,6 +25,7 @@
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Source/Attribution.hpp"
 #include "Source/Directions.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Display/LabelLayer.hpp"

@@ -38,7 +38,7 @@ std::variant<std::shared_ptr<scene::Node>, std::string> readModel(AssetLoader& l
   auto model = loader.readModel(foundation::Url::fromFile(path));
   const auto* const error = std::get_if<foundation::Error>(&model);
   if (error == nullptr) return std::get<0>(std::move(model));
-  FileFetch::forget(path);
+  HttpDownloader::forgetFile(path);
   return fmt::format("{} is no model that can be shown: {}", address, reasonOf(*error, path));
 } catch (const std::exception& failure) {
   return fmt::format("{} cannot be read: {}", address, failure.what());

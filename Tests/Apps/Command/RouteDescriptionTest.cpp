@@ -10,12 +10,6 @@
 namespace orivanta::command {
 namespace {
 
-NodeList nodesNamed(const Venue& venue, const std::vector<std::string>& ids) {
-  NodeList nodes;
-  for (const std::string& id : ids) nodes.push_back(findRouteEnd(venue, {id}).nodes.front());
-  return nodes;
-}
-
 TEST(RouteDescription, TellsFloorsRidesLengthAndWeight) {
   const auto venue = test::TwoFloorVenue().load(/*accessible=*/true);
   const RouteEnd from = findRouteEnd(*venue, {"Bakery"});
@@ -39,7 +33,8 @@ TEST(RouteDescription, LengthInMetresNeedsAPositiveScale) {
     small.venue =
         R"({"id": "v", "slug": "s", "name": "n", "unitsPerMetre": )" + std::string(scale) + "}";
     const auto venue = small.load();
-    const auto route = describeRoute(*venue, Directions::make(nodesNamed(*venue, {"n1", "n2"})));
+    const auto route = describeRoute(
+        *venue, Directions::make(NodeList(venue->nodes->begin(), venue->nodes->begin() + 2)));
     EXPECT_FALSE(route.lengthMetres) << scale;
     EXPECT_EQ(routeText(route), "Floors:  G\nLength:  3.0 units\n");
   }

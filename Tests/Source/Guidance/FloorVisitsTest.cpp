@@ -11,7 +11,7 @@
 namespace orivanta {
 namespace {
 
-// A path with a node on each of these floors, of which two neighbors in the alphabet share a level.
+// A path with a node on each of these floors. The floors "a" and "b" have one level.
 NodeList pathOn(const std::string& floors) {
   std::map<char, std::shared_ptr<Map>> maps;
   NodeList path;
@@ -19,7 +19,7 @@ NodeList pathOn(const std::string& floors) {
     auto& map = maps[floor];
     if (!map)
       map = Map::make(*RawData::parse(
-          fmt::format(R"({{"id": "{}", "elevation": {}}})", floor, (floor - 'a') / 2)));
+          fmt::format(R"({{"id": "{}", "elevation": {}}})", floor, floor > 'b' ? 5 : 0)));
     path.push_back(Node::make(*RawData::parse(R"({"id": "n", "x": 0, "y": 0})")));
     path.back()->map = map;
   }
@@ -30,7 +30,7 @@ TEST(FloorVisits, AndChangesOfFloorMakeUpAPath) {
   struct Case {
     const char* floors;
     const char* visits;   // "floor:first-last"
-    const char* changes;  // "mark from begin to end"
+    const char* changes;  // "mark:begin-end"
   };
   for (const Case& each : {Case{"", "", ""},
                            {"a", "a:0-0 ", ""},

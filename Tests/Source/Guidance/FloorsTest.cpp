@@ -12,38 +12,32 @@ TEST(Floors, OfALocationComeFromNodesAndPolygonsOnceEach) {
   small.locations = R"([{"id": "l", "name": "Hall", "type": "hall",
       "nodes": [{"node": "n1"}, {"node": "n2"}], "polygons": [{"id": "p2"}, {"id": "p1"}]}])";
   const auto venue = small.load(false, true);
-  const Location& hall = *venue->locations->front();
-  EXPECT_EQ(floorLabels(floorsOf(hall)), "G, F1");
+  EXPECT_EQ(floorLabels(floorsOf(*venue->locations->front())), "G, F1");
+  EXPECT_TRUE(isOnFloor(*venue->locations->front(), *venue->maps->back()));
   EXPECT_EQ(floorLabels(floorsFromTop(*venue->maps)), "F1, G");
-  for (const auto& floor : *venue->maps) EXPECT_TRUE(isOnFloor(hall, *floor));
 }
 
-TEST(Floors, AreNamedByTheFirstTextThatTheyHave) {
+TEST(Floors, HaveALabelAndANameAndAreFoundByThem) {
   struct Case {
     const char* record;
     const char* label;
     const char* name;
+    std::vector<const char*> texts;
   };
-  for (const Case& each :
-       {Case{R"({"id": "f", "name": "Ground Floor", "shortName": "G"})", "G", "Ground Floor"},
-        {R"({"id": "f", "name": "Ground\nFloor"})", "Ground Floor", "Ground Floor"},
-        {R"({"id": "f", "shortName": "G"})", "G", "G"},
-        {R"({"id": "f"})", "f", "f"}}) {
-    const auto floor = Map::make(*RawData::parse(each.record));
-    EXPECT_EQ(floorLabel(*floor), each.label) << each.record;
-    EXPECT_EQ(floorName(*floor), each.name) << each.record;
-  }
-}
-
-TEST(Floors, AreFoundByTheirTextsTheExactOneFirst) {
+  const Case cases[] = {
+      {R"({"id": "1", "name": "b1", "shortName": "Deck"})", "Deck", "b1", {"b1", "Ｂ１", "DECK"}},
+      {R"({"id": "2", "name": "Basement", "shortName": "B1"})", "B1", "Basement", {"2", "B1"}},
+      {R"({"id": "3", "name": "Ground\nFloor"})", "Ground Floor", "Ground Floor", {"3"}},
+      {R"({"id": "4", "shortName": "G"})", "G", "G", {"g"}},
+      {R"({"id": "f"})", "f", "f", {"f"}}};
   FloorList floors;
-  for (const char* record : {R"({"id": "1", "name": "b1", "shortName": "Deck"})",
-                             R"({"id": "2", "name": "Basement", "shortName": "B1"})"})
-    floors.push_back(Map::make(*RawData::parse(record)));
-  const std::pair<const char*, int> cases[] = {
-      {"B1", 1}, {"b1", 0}, {"Ｂ１", 0}, {"BASEMENT", 1}, {"2", 1}, {"deck", 0}, {"attic", -1}};
-  for (const auto& [text, index] : cases)
-    EXPECT_EQ(floorNamed(floors, text), index < 0 ? nullptr : floors.at(index)) << text;
+  for (const Case& each : cases) floors.push_back(Map::make(*RawData::parse(each.record)));
+  for (std::size_t i = 0; i < floors.size(); ++i) {
+    EXPECT_EQ(floorLabel(*floors[i]), cases[i].label);
+    EXPECT_EQ(floorName(*floors[i]), cases[i].name);
+    for (const char* text : cases[i].texts) EXPECT_EQ(floorNamed(floors, text), floors[i]) << text;
+  }
+  EXPECT_EQ(floorNamed(floors, "attic"), nullptr);
 }
 
 }  // namespace

@@ -3,71 +3,54 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "Source/NavigationGraph.hpp"
 #include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta {
 namespace {
 
-NodeList nodesNamed(const Venue& venue, const std::vector<std::string>& ids) {
-  NodeList nodes;
-  for (const std::string& id : ids)
-    nodes.push_back(*std::find_if(venue.nodes->begin(), venue.nodes->end(),
-                                  [&](const auto& node) { return node->id == id; }));
-  return nodes;
-}
-
-PathWalk walkOf(const Venue& venue, const std::vector<std::string>& ids) {
-  return {nodesNamed(venue, ids), *venue.navigationGraph};
-}
-
-// As "connector begin-end".
-std::string ridesOf(const PathWalk& walk) {
-  std::string text;
-  for (const Ride& ride : walk.rides())
-    text += fmt::format("{} {}-{} ", *ride.connector->name, ride.begin, ride.end);
-  return text;
-}
-
-TEST(PathWalk, StopsOfOneRideAreOne) {
+TEST(PathWalk, AddsUpLengthsCostsAndRides) {
   test::TwoFloorVenue small;
   small.maps = R"([{"id": "g"}, {"id": "f1", "elevation": 1}, {"id": "f2", "elevation": 2}])";
   small.nodes = R"([
-      {"id": "a0", "map": "g", "x": 0, "y": 0, "paths": [{"node": "b0"}]},
-      {"id": "b0", "map": "g", "x": 3, "y": 4, "paths": [{"node": "a0"}]},
-      {"id": "a1", "map": "f1", "x": 0, "y": 0}, {"id": "a2", "map": "f2", "x": 0, "y": 0}])";
+      {"id": "a", "map": "g", "x": 0, "y": 0, "paths": [{"node": "b"}, {"node": "b"}]},
+      {"id": "b", "map": "g", "x": 3, "y": 4, "paths": [{"node": "a"}]},
+      {"id": "c", "map": "f1", "x": 0, "y": 0}, {"id": "d", "map": "f2", "x": 0, "y": 0}])";
   small.vortices = R"([
-      {"id": "x", "name": "X", "type": "lift", "nodes": ["a0", "a1"]},
-      {"id": "y", "name": "Y", "type": "lift", "nodes": ["a0", "a1", "a2"], "weight": 3}])";
-  const auto venue = small.load();
-  EXPECT_EQ(ridesOf(walkOf(*venue, {"a2", "a1", "a2"})), "Y 0-2 ");
-  EXPECT_EQ(ridesOf(walkOf(*venue, {"a0", "a1", "a2"})), "X 0-1 Y 1-2 ");  // X is the cheaper one
-  EXPECT_EQ(ridesOf(walkOf(*venue, {"a0"})), "");
-  const PathWalk walk = walkOf(*venue, {"a2", "a0", "b0", "a0", "a2"});
-  EXPECT_EQ(ridesOf(walk), "Y 0-1 Y 3-4 ");
-  EXPECT_EQ(walk.length(), 10.0);
-  EXPECT_EQ(walk.lengthBetween(0, 2), 5.0);
-  EXPECT_EQ(walk.weight(), 28.0);  // a ride of two floors costs 2 * 3 + 3
-}
-
-TEST(PathWalk, OfParallelEdgesTheCheapestCountsAndTheFirstAmongEquals) {
-  test::TwoFloorVenue small;
-  small.nodes = R"([
-      {"id": "n1", "map": "g", "x": 0, "y": 0,
-       "paths": [{"node": "n2"}, {"node": "n2"}, {"node": "n3"}]},
-      {"id": "n2", "map": "g", "x": 4, "y": 0}, {"id": "n3", "map": "g", "x": 9, "y": 0}])";
-  small.vortices = R"([{"id": "belt", "name": "Belt", "type": "belt", "nodes": ["n1", "n3"]}])";
+      {"id": "x", "name": "X", "type": "lift", "nodes": ["a", "c"]},
+      {"id": "y", "name": "Y", "type": "lift", "nodes": ["a", "c", "d"], "weight": 3}])";
   const auto venue = small.load();
   const NavigationGraph& graph = *venue->navigationGraph;
-  const NodeList nodes = nodesNamed(*venue, {"n1", "n2", "n3"});
-  EXPECT_EQ(cheapestEdge(graph, *nodes[0], *nodes[1]), &graph[*nodes[0]][0]);
-  EXPECT_EQ(*cheapestEdge(graph, *nodes[0], *nodes[2])->vortex()->id, "belt");
-  EXPECT_EQ(cheapestEdge(graph, *nodes[1], *nodes[0]), nullptr);
-  const PathWalk walk(nodes, graph);  // from n2 to n3 no edge leads
-  EXPECT_EQ(walk.weight(), 4.0);
-  EXPECT_FALSE(walk.stretches()[1].hasEdge);
+  const auto node = [&](char name) {
+    return venue->nodes->at(static_cast<std::size_t>(name - 'a'));
+  };
+  struct Case {
+    const char* path;
+    double length;
+    double weight;  // a ride on Y costs 3 for each floor, and 3
+    const char* rides;
+  };
+  for (const Case& each : {Case{"", 0, 0, ""},
+                           {"a", 0, 0, ""},
+                           {"dcd", 0, 12, "Y:0-2 "},       // stops of one ride are one
+                           {"acd", 0, 7, "X:0-1 Y:1-2 "},  // the cheaper of two
+                           {"dabad", 10, 28, "Y:0-1 Y:3-4 "},
+                           {"bca", 0, 1, "X:1-2 "}}) {  // no edge from b to c
+    NodeList path;
+    for (const char name : std::string_view(each.path)) path.push_back(node(name));
+    const PathWalk walk(path, graph);
+    EXPECT_EQ(walk.length(), each.length) << each.path;
+    EXPECT_EQ(walk.weight(), each.weight) << each.path;
+    std::string rides;
+    for (const Ride& ride : walk.rides())
+      rides += fmt::format("{}:{}-{} ", *ride.connector->name, ride.begin, ride.end);
+    EXPECT_EQ(rides, each.rides) << each.path;
+  }
+  EXPECT_EQ(cheapestEdge(graph, *node('a'), *node('b')), &graph[*node('a')][0]) << "of equals";
+  const PathWalk walk({node('d'), node('a'), node('b'), node('c')}, graph);
+  EXPECT_EQ(walk.lengthBetween(0, 2), 5.0);
+  EXPECT_EQ(walk.lengthBetween(2, 3), 0.0);
+  EXPECT_FALSE(walk.stretches()[2].hasEdge);
 }
 
 TEST(PathWalk, AnInstructionSaysTheWayOnce) {

@@ -1,12 +1,14 @@
-#include "Apps/Viewer/ViewVenue.hpp"
+#include "Apps/Command/ViewVenue.hpp"
 
 #include <fmt/format.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 
+#include "Apps/Command/Output.hpp"
 #include "Apps/Command/Render/PictureOptions.hpp"
 #include "Apps/Command/Session.hpp"
 #include "Apps/Server/VenuePackage.hpp"
@@ -18,10 +20,7 @@
 #include "Platform/Foundation/Url.hpp"
 #include "Source/UI/MapDownloader.hpp"
 
-namespace orivanta::viewer {
-
-using command::CommandError;
-using command::ExitCode;
+namespace orivanta::command {
 
 namespace {
 
@@ -35,8 +34,8 @@ std::unique_ptr<server::VenueServer> serveDemo(const std::filesystem::path& fold
   }
 }
 
-// The demo venue's server listens on another port each time, so that nobody would ever look for the
-// files that are kept from it.
+// The demo venue's server listens on another port each time, so the files that are kept from it
+// would never be used again.
 struct DemoFiles {
   explicit DemoFiles(std::string root) : serverRoot(std::move(root)) {}
   ~DemoFiles() {
@@ -49,8 +48,7 @@ struct DemoFiles {
 };
 
 std::unique_ptr<render::WindowSurface> openWindow(const ViewVenueOptions& options) {
-  auto surface =
-      render::WindowSurface::make({"Orivanta", command::parseSize(options.size), options.scale});
+  auto surface = render::WindowSurface::make({"Orivanta", parseSize(options.size), options.scale});
   if (const auto* error = std::get_if<foundation::Error>(&surface))
     throw CommandError(ExitCode::outputFailed, error->description);
   return std::move(std::get<0>(surface));
@@ -61,14 +59,14 @@ std::unique_ptr<render::WindowSurface> openWindow(const ViewVenueOptions& option
 ExitCode viewVenue(const ViewVenueOptions& options) {
   if (options.scale != 0 && !(options.scale >= 0.25 && options.scale <= 8))
     throw CommandError(ExitCode::wrongUse, "--scale: give a number from 0.25 to 8");
-  Times times(options.times);
-  command::showDiagnostics(options.connection);
-  ViewerOptions viewerOptions;
+  viewer::Times times(options.times ? std::function<void(std::string_view)>(complain) : nullptr);
+  showDiagnostics(options.connection);
+  viewer::ViewerOptions viewerOptions;
   if (!options.slug.empty()) viewerOptions.slug = options.slug;
-  viewerOptions.settings = command::resolveSettings(options.connection);
+  viewerOptions.settings = resolveSettings(options.connection);
   std::unique_ptr<server::VenueServer> demo;
   std::optional<DemoFiles> demoFiles;
-  if (options.demoVenue && !command::isEndpointGiven(options.connection)) {
+  if (options.demoVenue && !isEndpointGiven(options.connection)) {
     demo = serveDemo(*options.demoVenue);
     viewerOptions.settings.endpoint = demo->root();
     demoFiles.emplace(demo->root());
@@ -77,11 +75,11 @@ ExitCode viewVenue(const ViewVenueOptions& options) {
   const auto surface = openWindow(options);
   times.reached("window open");
   foundation::setMainScreenScale(surface->scale());
-  Viewer viewer(std::move(viewerOptions));
+  viewer::Viewer viewer(std::move(viewerOptions));
   viewer.reached = [&times](std::string_view what) { times.reached(what); };
-  runWindow(viewer, *surface, times);
+  viewer::runWindow(viewer, *surface, times, {writeOutput, complain});
   times.summarize();
   return ExitCode::success;
 }
 
-}  // namespace orivanta::viewer
+}  // namespace orivanta::command
