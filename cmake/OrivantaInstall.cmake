@@ -109,6 +109,12 @@ foreach(
         Source/CollectionHelpers.hpp
         Source/Directions.hpp
         Source/Fwd.hpp
+        Source/Guidance/Floors.hpp
+        Source/Guidance/FloorVisits.hpp
+        Source/Guidance/NameMatch.hpp
+        Source/Guidance/PathWalk.hpp
+        Source/Guidance/PlaceNames.hpp
+        Source/Guidance/PlaceSearch.hpp
         Source/HttpLink.hpp
         Source/HttpSession.hpp
         Source/ImageCollection.hpp
@@ -123,6 +129,12 @@ foreach(
         Source/Record.hpp
         Source/RouteSearch.hpp
         Source/UI/AssetLoader.hpp
+        Source/UI/Display/CameraPose.hpp
+        Source/UI/Display/Framing.hpp
+        Source/UI/Display/LabelLayer.hpp
+        Source/UI/Display/MapCamera.hpp
+        Source/UI/Display/MarkColors.hpp
+        Source/UI/Display/RouteOverlay.hpp
         Source/UI/FloorLoad.hpp
         Source/UI/MapDownloader.hpp
         Source/UI/MapView.hpp
