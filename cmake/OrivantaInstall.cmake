@@ -10,8 +10,8 @@ set_target_properties(orivanta PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_
 target_link_libraries(
   orivanta
   PUBLIC tsl::ordered_map
-  PRIVATE Boost::json CURL::libcurl PkgConfig::plist Threads::Threads ZLIB::ZLIB fmt::fmt
-          uriparser::uriparser)
+  PRIVATE Boost::json CURL::libcurl PkgConfig::plist PkgConfig::utf8proc Threads::Threads ZLIB::ZLIB
+          fmt::fmt uriparser::uriparser)
 # Headers name each other from the root of the project, which is `include/orivanta` when installed.
 target_include_directories(
   orivanta
@@ -109,6 +109,12 @@ foreach(
         Source/CollectionHelpers.hpp
         Source/Directions.hpp
         Source/Fwd.hpp
+        Source/Guidance/Floors.hpp
+        Source/Guidance/FloorVisits.hpp
+        Source/Guidance/NameMatch.hpp
+        Source/Guidance/PathWalk.hpp
+        Source/Guidance/PlaceNames.hpp
+        Source/Guidance/PlaceSearch.hpp
         Source/HttpLink.hpp
         Source/HttpSession.hpp
         Source/ImageCollection.hpp
@@ -123,6 +129,12 @@ foreach(
         Source/Record.hpp
         Source/RouteSearch.hpp
         Source/UI/AssetLoader.hpp
+        Source/UI/Display/CameraPose.hpp
+        Source/UI/Display/Framing.hpp
+        Source/UI/Display/LabelLayer.hpp
+        Source/UI/Display/MapCamera.hpp
+        Source/UI/Display/MarkColors.hpp
+        Source/UI/Display/RouteOverlay.hpp
         Source/UI/FloorLoad.hpp
         Source/UI/MapDownloader.hpp
         Source/UI/MapView.hpp

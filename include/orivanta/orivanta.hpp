@@ -1,4 +1,4 @@
-// The whole data half of the library: records, venue loading, routes and directions.
+// The whole data half of the library: records, venue loading, routes, directions and search.
 #pragma once
 
 #include "Platform/Foundation/Bundle.hpp"
@@ -7,6 +7,11 @@
 #include "Source/Attribution.hpp"
 #include "Source/Category.hpp"
 #include "Source/Directions.hpp"
+#include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/FloorVisits.hpp"
+#include "Source/Guidance/PathWalk.hpp"
+#include "Source/Guidance/PlaceNames.hpp"
+#include "Source/Guidance/PlaceSearch.hpp"
 #include "Source/ImageCollection.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
