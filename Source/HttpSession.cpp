@@ -6,7 +6,6 @@
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Source/HttpLink.hpp"
-#include "Source/Json/JsonDocument.hpp"
 
 namespace orivanta {
 
@@ -77,11 +76,6 @@ std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response
 }
 
 foundation::Error invalidJson() { return {"", 1, ""}; }
-
-std::optional<RawData> parsedPage(std::string_view body,
-                                  const std::shared_ptr<foundation::MemoryBudget>& budget) {
-  return parseRawData(body, budget);
-}
 
 }  // namespace detail
 

@@ -24,6 +24,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -32,6 +33,7 @@
 #include "Platform/Foundation/MemoryBudget.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/UrlSession.hpp"
+#include "Source/Collections.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/RawData.hpp"
 
@@ -98,9 +100,6 @@ ORIVANTA_API std::optional<foundation::Error> ruleAgainst(const network::UrlSess
                                                           const network::HttpUrlResponse& response,
                                                           const foundation::Url& next);
 ORIVANTA_API foundation::Error invalidJson();
-/// As `RawData::parse`; the budget pays for the document as long as anybody holds it.
-ORIVANTA_API std::optional<RawData> parsedPage(
-    std::string_view body, const std::shared_ptr<foundation::MemoryBudget>& budget);
 
 }  // namespace detail
 
@@ -269,7 +268,7 @@ void HttpResponse<T>::State::success(const network::HttpUrlResponse& response, s
 template <class T>
 std::optional<T> HttpResponse<T>::State::takePage(const network::HttpUrlResponse& response,
                                                   std::string& body) {
-  const auto page = detail::parsedPage(body, session->configuration().rules.budget);
+  const auto page = RawData::parse(body, session->configuration().rules.budget);
   if (!page) {
     error(detail::invalidJson());
     return std::nullopt;

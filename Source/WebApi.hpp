@@ -12,6 +12,7 @@
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/MemoryBudget.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
+#include "Source/Collections.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/HttpSession.hpp"
 

@@ -104,10 +104,14 @@ foreach(
         Platform/View/Touch.hpp
         Platform/View/TouchDispatcher.hpp
         Platform/View/View.hpp
+        Source/ActiveVenue.hpp
+        Source/ApiSettings.hpp
         Source/Attribution.hpp
         Source/Category.hpp
         Source/CollectionHelpers.hpp
+        Source/Collections.hpp
         Source/Directions.hpp
+        Source/Edge.hpp
         Source/Fwd.hpp
         Source/HttpLink.hpp
         Source/HttpSession.hpp
@@ -117,10 +121,12 @@ foreach(
         Source/Map.hpp
         Source/NavigationGraph.hpp
         Source/Node.hpp
+        Source/NodeList.hpp
         Source/Orivanta.hpp
         Source/Polygon.hpp
         Source/RawData.hpp
         Source/Record.hpp
+        Source/Route.hpp
         Source/RouteSearch.hpp
         Source/UI/AssetLoader.hpp
         Source/UI/FloorLoad.hpp

@@ -13,9 +13,9 @@ Value read(const Value& field) {
   return field;
 }
 
-/// Leaves the old value in `value`, so that it goes when the transaction has ended.
+/// Swaps the two values. The caller destroys the old one after the transaction has ended.
 template <class Value>
-void assign(Value& field, Value& value) {
+void swapGuarded(Value& field, Value& value) {
   const Transaction transaction;
   std::swap(field, value);
 }

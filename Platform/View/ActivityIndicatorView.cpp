@@ -93,7 +93,7 @@ void ActivityIndicatorView::startAnimating() { setAnimating(true); }
 void ActivityIndicatorView::stopAnimating() { setAnimating(false); }
 
 void ActivityIndicatorView::setAnimating(bool animating) {
-  graphics::assign(animating_, animating);
+  graphics::swapGuarded(animating_, animating);
 }
 
 bool ActivityIndicatorView::isAnimating() const {

@@ -9,7 +9,7 @@
 #include <iterator>
 #include <thread>
 
-#include "Platform/Foundation/Bundle.hpp"
+#include "Platform/Foundation/ExecutablePath.hpp"
 #include "Tests/Support/EnvironmentVariable.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
