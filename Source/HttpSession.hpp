@@ -31,6 +31,7 @@
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/MemoryBudget.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/UrlSession.hpp"
 #include "Source/Collections.hpp"
@@ -94,11 +95,11 @@ ORIVANTA_API ChainLinks chainLinks(const foundation::Url& url, const std::string
                                    const std::string& language,
                                    const network::TransferRules& rules);
 ORIVANTA_API std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response);
-/// The error of going on to that page, if the session's rules forbid it. A response without a URL
-/// counts as one from the session's identifier, which for `chainLinks` is the chain's first URL.
-ORIVANTA_API std::optional<foundation::Error> ruleAgainst(const network::UrlSession& session,
-                                                          const network::HttpUrlResponse& response,
-                                                          const foundation::Url& next);
+/// Fails if the session's rules forbid to go on to that page. A response without a URL counts as
+/// one from the session's identifier, which for `chainLinks` is the chain's first URL.
+ORIVANTA_API foundation::Result<void> checkStep(const network::UrlSession& session,
+                                                const network::HttpUrlResponse& response,
+                                                const foundation::Url& next);
 ORIVANTA_API foundation::Error invalidJson();
 
 }  // namespace detail
@@ -275,11 +276,11 @@ std::optional<T> HttpResponse<T>::State::takePage(const network::HttpUrlResponse
   }
   const auto next = detail::nextPage(response);
   body.clear();
-  if (const auto broken = next ? detail::ruleAgainst(*session, response, *next) : std::nullopt) {
-    error(*broken);
-    return std::nullopt;
-  }
   if (next) {
+    if (const auto step = detail::checkStep(*session, response, *next); !step) {
+      error(step.error());
+      return std::nullopt;
+    }
     session->startDataTask(*next);  // fetched while this page is folded
     foldPage(*page);
     return std::nullopt;

@@ -9,7 +9,7 @@ set_target_properties(orivanta PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_
                                           SOVERSION ${PROJECT_VERSION_MAJOR})
 target_link_libraries(
   orivanta
-  PUBLIC tsl::ordered_map
+  PUBLIC tl::expected tsl::ordered_map
   PRIVATE Boost::json CURL::libcurl PkgConfig::plist Threads::Threads ZLIB::ZLIB fmt::fmt
           uriparser::uriparser)
 # Headers name each other from the root of the project, which is `include/orivanta` when installed.
@@ -58,6 +58,7 @@ foreach(
         Platform/Foundation/MainQueue.hpp
         Platform/Foundation/MemoryBudget.hpp
         Platform/Foundation/ResourceBundle.hpp
+        Platform/Foundation/Result.hpp
         Platform/Foundation/Screen.hpp
         Platform/Foundation/SerialQueue.hpp
         Platform/Foundation/Url.hpp

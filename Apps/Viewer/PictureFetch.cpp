@@ -47,8 +47,8 @@ void PictureFetch::start(const Location& place, const std::string& slug,
       {{url, folderFor(url, slug)}}, std::move(downloader),
       {[](std::size_t) {},
        [wanted = std::weak_ptr(arrived_), mode](std::size_t, const FileFetch::Outcome& outcome) {
-         if (outcome.path.empty()) return;
-         const auto picture = readPicture(outcome.path);
+         if (!outcome) return;
+         const auto picture = readPicture(outcome->path);
          if (!picture) return;
          foundation::mainQueue::async([wanted, mode, picture] {
            if (const auto tell = wanted.lock()) (*tell)(picture, mode);

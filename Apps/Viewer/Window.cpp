@@ -107,13 +107,14 @@ class Loop {
     const auto name = freePictureName();
     const auto picture = surface_.read();
     if (!picture) return viewer_.remark("The picture cannot be taken.");
-    const auto error = graphics::writePng(*picture, name);
-    if (error)
-      command::complain(fmt::format("{}: {}", name, error->description));
-    else
+    const auto written = graphics::writePng(*picture, name);
+    if (written)
       command::writeOutput(name + '\n');
-    viewer_.remark(error ? fmt::format("{} cannot be saved: {}.", name, error->description)
-                         : fmt::format("Saved as {}.", name));
+    else
+      command::complain(fmt::format("{}: {}", name, written.error().description));
+    viewer_.remark(written
+                       ? fmt::format("Saved as {}.", name)
+                       : fmt::format("{} cannot be saved: {}.", name, written.error().description));
   }
 
   void updateTitle() {
