@@ -51,17 +51,17 @@ int main() {
     return 1;
   }
 
-  auto made = render::OffscreenSurface::make(static_cast<std::uint32_t>(size.width * scale),
-                                             static_cast<std::uint32_t>(size.height * scale));
-  if (const auto* error = std::get_if<foundation::Error>(&made)) {
-    std::cerr << error->description << '\n';
+  const auto made = render::OffscreenSurface::make(static_cast<std::uint32_t>(size.width * scale),
+                                                   static_cast<std::uint32_t>(size.height * scale));
+  if (!made) {
+    std::cerr << made.error().description << '\n';
     return 1;
   }
-  const auto& surface = std::get<0>(made);
+  const auto& surface = *made;
   render::Renderer renderer;
   renderer.render(*mapView, size, scale, 0.0, surface->framebuffer());
-  if (const auto error = graphics::writePng(*surface->read(scale), "floor.png")) {
-    std::cerr << error->description << '\n';
+  if (const auto written = graphics::writePng(*surface->read(scale), "floor.png"); !written) {
+    std::cerr << written.error().description << '\n';
     return 1;
   }
   std::cout << "floor.png\n";

@@ -6,7 +6,6 @@
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Source/HttpLink.hpp"
-#include "Source/Json/JsonDocument.hpp"
 
 namespace orivanta {
 
@@ -60,15 +59,15 @@ ChainLinks chainLinks(const foundation::Url& url, const std::string& authString,
   return {std::move(session), std::move(delegate)};
 }
 
-std::optional<foundation::Error> ruleAgainst(const network::UrlSession& session,
-                                             const network::HttpUrlResponse& response,
-                                             const foundation::Url& next) {
+foundation::Result<void> checkStep(const network::UrlSession& session,
+                                   const network::HttpUrlResponse& response,
+                                   const foundation::Url& next) {
   const network::UrlSessionConfiguration& configuration = session.configuration();
-  if (!configuration.rules.staysSecure) return std::nullopt;
+  if (!configuration.rules.staysSecure) return {};
   // A redirect may lead to a URL that cannot be read. From HTTPS it led to HTTPS.
   const auto from = response.url ? response.url : foundation::Url::parse(configuration.identifier);
-  if (!from || !network::leavesHttps(*from, next)) return std::nullopt;
-  return network::insecureStep(*from, next);
+  if (!from || !network::leavesHttps(*from, next)) return {};
+  return foundation::failure(network::insecureStep(*from, next));
 }
 
 std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response) {
@@ -77,11 +76,6 @@ std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response
 }
 
 foundation::Error invalidJson() { return {"", 1, ""}; }
-
-std::optional<RawData> parsedPage(std::string_view body,
-                                  const std::shared_ptr<foundation::MemoryBudget>& budget) {
-  return parseRawData(body, budget);
-}
 
 }  // namespace detail
 

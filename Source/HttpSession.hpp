@@ -24,14 +24,17 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/MemoryBudget.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/UrlSession.hpp"
+#include "Source/Collections.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/RawData.hpp"
 
@@ -92,15 +95,12 @@ ORIVANTA_API ChainLinks chainLinks(const foundation::Url& url, const std::string
                                    const std::string& language,
                                    const network::TransferRules& rules);
 ORIVANTA_API std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response);
-/// The error of going on to that page, if the session's rules forbid it. A response without a URL
-/// counts as one from the session's identifier, which for `chainLinks` is the chain's first URL.
-ORIVANTA_API std::optional<foundation::Error> ruleAgainst(const network::UrlSession& session,
-                                                          const network::HttpUrlResponse& response,
-                                                          const foundation::Url& next);
+/// Fails if the session's rules forbid to go on to that page. A response without a URL counts as
+/// one from the session's identifier, which for `chainLinks` is the chain's first URL.
+ORIVANTA_API foundation::Result<void> checkStep(const network::UrlSession& session,
+                                                const network::HttpUrlResponse& response,
+                                                const foundation::Url& next);
 ORIVANTA_API foundation::Error invalidJson();
-/// As `RawData::parse`; the budget pays for the document as long as anybody holds it.
-ORIVANTA_API std::optional<RawData> parsedPage(
-    std::string_view body, const std::shared_ptr<foundation::MemoryBudget>& budget);
 
 }  // namespace detail
 
@@ -269,18 +269,18 @@ void HttpResponse<T>::State::success(const network::HttpUrlResponse& response, s
 template <class T>
 std::optional<T> HttpResponse<T>::State::takePage(const network::HttpUrlResponse& response,
                                                   std::string& body) {
-  const auto page = detail::parsedPage(body, session->configuration().rules.budget);
+  const auto page = RawData::parse(body, session->configuration().rules.budget);
   if (!page) {
     error(detail::invalidJson());
     return std::nullopt;
   }
   const auto next = detail::nextPage(response);
   body.clear();
-  if (const auto broken = next ? detail::ruleAgainst(*session, response, *next) : std::nullopt) {
-    error(*broken);
-    return std::nullopt;
-  }
   if (next) {
+    if (const auto step = detail::checkStep(*session, response, *next); !step) {
+      error(step.error());
+      return std::nullopt;
+    }
     session->startDataTask(*next);  // fetched while this page is folded
     foldPage(*page);
     return std::nullopt;

@@ -8,6 +8,7 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
 #include "Source/Record.hpp"
 
 namespace orivanta {

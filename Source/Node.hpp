@@ -1,6 +1,7 @@
 // A point of the venue's walking network: a position on one map.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -8,6 +9,7 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
 #include "Source/Record.hpp"
 
 namespace orivanta {

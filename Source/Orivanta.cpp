@@ -4,10 +4,9 @@
 
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/SerialQueue.hpp"
-#include "Source/ApiSettings.hpp"
-#include "Source/Loading/ActiveVenue.hpp"
 #include "Source/Loading/LoadMonitor.hpp"
 #include "Source/Loading/VenueLoad.hpp"
+#include "Source/Loading/VenuePublishing.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta {
@@ -36,15 +35,16 @@ Requests startLoad(const WebApiSession& session, const std::string& slug,
 }
 
 Requests startLoad(const WebApiSession& session, const std::shared_ptr<Venue>& venue,
-                   bool accessible, std::function<void(std::shared_ptr<Venue>)> callback,
+                   bool accessible, Publish publish,
+                   std::function<void(std::shared_ptr<Venue>)> callback,
                    VenueLoad::Options options = {}) {
   const std::string slug = foundation::unwrap(foundation::unwrap(venue).slug);
   makeActive(venue);
   options.budget = std::make_shared<foundation::MemoryBudget>(session.loadBytes());
   const WebApiSession budgeted = session.within(options.budget);
-  return startLoad(
-      budgeted, slug,
-      std::make_shared<VenueLoad>(accessible, std::move(callback), std::move(options)));
+  return startLoad(budgeted, slug,
+                   std::make_shared<VenueLoad>(accessible, std::move(publish), std::move(callback),
+                                               std::move(options)));
 }
 
 std::vector<std::shared_ptr<Venue>> listOf(const Collection<Venue>& venues) {
@@ -78,7 +78,7 @@ void getVenue(const std::shared_ptr<Venue>& venue,
 
 void loadVenue(const WebApiSession& session, const std::shared_ptr<Venue>& venue, bool accessible,
                std::function<void(std::shared_ptr<Venue>)> callback) {
-  startLoad(session, venue, accessible, std::move(callback));
+  startLoad(session, venue, accessible, fillActiveVenue, std::move(callback));
 }
 
 std::shared_ptr<LoadHandle> loadVenuesReporting(const WebApiSession& session,
@@ -108,10 +108,14 @@ std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,
         if (ended) ended({venue, std::move(failures), complete});
       });
   load->start([&] {
-    return startLoad(session.strictlyObservedBy(load), venue, accessible,
+    const auto publish = [load](VenueContents contents) {
+      std::shared_ptr<Venue> published;
+      load->unlessOver([&] { published = fillActiveVenue(std::move(contents)); });
+      return published;
+    };
+    return startLoad(session.strictlyObservedBy(load), venue, accessible, publish,
                      [load](const auto&) { load->finish(); },
-                     {[load](const auto& step) { load->unlessOver(step); },
-                      [load](const foundation::Error& reason) { load->fail(reason); }});
+                     {[load](const foundation::Error& reason) { load->fail(reason); }});
   });
   return load;
 }

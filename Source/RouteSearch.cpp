@@ -4,7 +4,7 @@
 #include <cmath>
 #include <unordered_map>
 
-#include "Source/Graph/RouteNetwork.hpp"
+#include "Source/Graph/CompactGraph.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
 #include "Source/Routing/CompactRouteSearch.hpp"
@@ -64,10 +64,10 @@ std::optional<double> getShortestEuclideanDistance(const Node& node, const NodeL
 std::optional<Route> searchRoute(const NodeList& nodes, const NodeList& destinations,
                                  const NavigationGraph& graph) {
   if (nodes.empty() || destinations.empty()) return std::nullopt;
-  const auto network = graph.routeNetwork();
-  if (!CompactRouteSearch::covers(*network, nodes, destinations))
+  const auto compact = graph.compactGraph();
+  if (!CompactRouteSearch::covers(*compact, nodes, destinations))
     return searchByDefinition(nodes, destinations, graph);
-  return CompactRouteSearch(*network, nodes, destinations).run();
+  return CompactRouteSearch(*compact, nodes, destinations).run();
 }
 
 std::optional<NodeList> AStar(const NodeList& nodes, const NodeList& destinations,

@@ -6,15 +6,10 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
+#include "Source/Route.hpp"
 
 namespace orivanta {
-
-/// What a search found, and what it took.
-struct Route {
-  NodeList path;           ///< start node first
-  double cost;             ///< the search's cost at the goal, in the graph's weights
-  std::size_t takenNodes;  ///< nodes taken from the frontier, the goal included
-};
 
 /// The route from any of the start nodes to any of the destinations; nothing when either list is
 /// empty or no destination can be reached. Deterministic: the same lists and graph give the same

@@ -50,11 +50,11 @@ WebApiSession::Request WebApiSession::collection(const char* path,
                 return withPage(std::move(records), page, *budget);
               });
   chain.onComplete([callback, path, observer = observer_](Collection<Record> records) {
-    if (observer) observer->collectionEnded(path, std::nullopt);
+    if (observer) observer->collectionEnded(path, {});
     callback(std::move(records));
   });
   chain.onError([callback, path, observer = observer_](const foundation::Error& error) {
-    if (observer) observer->collectionEnded(path, error);
+    if (observer) observer->collectionEnded(path, foundation::failure(error));
     callback({});
   });
   if (observer_)

@@ -8,10 +8,11 @@
 #include <string_view>
 #include <utility>
 
-#include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/MemoryBudget.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
+#include "Source/Collections.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/HttpSession.hpp"
 
@@ -25,9 +26,9 @@ class ORIVANTA_API WebApiObserver {
   /// A page has arrived; `collection` is the resource's name in the API, such as "node".
   virtual void pageReceived(std::string_view collection, const network::HttpUrlResponse& response,
                             std::size_t bodyBytes) = 0;
-  /// The collection is complete, respectively failed and counts as empty.
+  /// The collection is complete, or it has failed and counts as empty.
   virtual void collectionEnded(std::string_view collection,
-                               const std::optional<foundation::Error>& error) = 0;
+                               const foundation::Result<void>& outcome) = 0;
 };
 
 /// What one load may take unless told otherwise: enough for a venue of 300,000 nodes, and so little

@@ -9,7 +9,7 @@ set_target_properties(orivanta PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_
                                           SOVERSION ${PROJECT_VERSION_MAJOR})
 target_link_libraries(
   orivanta
-  PUBLIC tsl::ordered_map
+  PUBLIC tl::expected tsl::ordered_map
   PRIVATE Boost::json CURL::libcurl PkgConfig::plist PkgConfig::utf8proc Threads::Threads ZLIB::ZLIB
           fmt::fmt uriparser::uriparser)
 # Headers name each other from the root of the project, which is `include/orivanta` when installed.
@@ -58,6 +58,7 @@ foreach(
         Platform/Foundation/MainQueue.hpp
         Platform/Foundation/MemoryBudget.hpp
         Platform/Foundation/ResourceBundle.hpp
+        Platform/Foundation/Result.hpp
         Platform/Foundation/Screen.hpp
         Platform/Foundation/SerialQueue.hpp
         Platform/Foundation/Url.hpp
@@ -104,10 +105,14 @@ foreach(
         Platform/View/Touch.hpp
         Platform/View/TouchDispatcher.hpp
         Platform/View/View.hpp
+        Source/ActiveVenue.hpp
+        Source/ApiSettings.hpp
         Source/Attribution.hpp
         Source/Category.hpp
         Source/CollectionHelpers.hpp
+        Source/Collections.hpp
         Source/Directions.hpp
+        Source/Edge.hpp
         Source/Fwd.hpp
         Source/Guidance/Floors.hpp
         Source/Guidance/FloorVisits.hpp
@@ -123,10 +128,12 @@ foreach(
         Source/Map.hpp
         Source/NavigationGraph.hpp
         Source/Node.hpp
+        Source/NodeList.hpp
         Source/Orivanta.hpp
         Source/Polygon.hpp
         Source/RawData.hpp
         Source/Record.hpp
+        Source/Route.hpp
         Source/RouteSearch.hpp
         Source/UI/AssetLoader.hpp
         Source/UI/Display/CameraPose.hpp

@@ -7,6 +7,7 @@
 
 #include "Source/Fwd.hpp"
 #include "Source/Guidance/Floors.hpp"
+#include "Source/NodeList.hpp"
 
 namespace orivanta::command {
 

@@ -8,6 +8,7 @@
 
 #include "Source/Fwd.hpp"
 #include "Source/Guidance/PathWalk.hpp"
+#include "Source/NodeList.hpp"
 
 namespace orivanta::command {
 

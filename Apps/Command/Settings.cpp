@@ -12,6 +12,7 @@
 #include "Platform/Foundation/Bundle.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Source/ApiSettings.hpp"
+#include "Source/Loading/SettingSources.hpp"
 
 namespace orivanta::command {
 

@@ -49,9 +49,8 @@ struct DemoFiles {
 
 std::unique_ptr<render::WindowSurface> openWindow(const ViewVenueOptions& options) {
   auto surface = render::WindowSurface::make({"Orivanta", parseSize(options.size), options.scale});
-  if (const auto* error = std::get_if<foundation::Error>(&surface))
-    throw CommandError(ExitCode::outputFailed, error->description);
-  return std::move(std::get<0>(surface));
+  if (!surface) throw CommandError(ExitCode::outputFailed, surface.error().description);
+  return std::move(*surface);
 }
 
 }  // namespace

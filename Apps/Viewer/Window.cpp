@@ -111,13 +111,14 @@ class Loop {
     const auto name = freePictureName();
     const auto picture = surface_.read();
     if (!picture) return viewer_.remark("The picture cannot be taken.");
-    const auto error = graphics::writePng(*picture, name);
-    if (error)
-      output_.warn(fmt::format("{}: {}", name, error->description));
-    else
+    const auto written = graphics::writePng(*picture, name);
+    if (written)
       output_.write(name + '\n');
-    viewer_.remark(error ? fmt::format("{} cannot be saved: {}.", name, error->description)
-                         : fmt::format("Saved as {}.", name));
+    else
+      output_.warn(fmt::format("{}: {}", name, written.error().description));
+    viewer_.remark(written
+                       ? fmt::format("Saved as {}.", name)
+                       : fmt::format("{} cannot be saved: {}.", name, written.error().description));
   }
 
   void updateTitle() {

@@ -7,10 +7,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 
-#include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Result.hpp"
 
 namespace orivanta::foundation {
 
@@ -28,22 +27,22 @@ struct FileBytes {
   std::string_view text() const { return {data.get(), count}; }
 };
 
-/// The bytes of a regular file. An error when it cannot be read, becomes shorter meanwhile or holds
-/// more than `largestBytes`: its domain is "file", its code an `errno`, EFBIG for the last, and its
-/// text begins with the file. Any thread.
-ORIVANTA_API std::variant<FileBytes, Error> readBytes(const std::filesystem::path& file,
-                                                      std::size_t largestBytes);
+/// The bytes of a regular file. Fails if it cannot be read, becomes shorter meanwhile or holds more
+/// than `largestBytes`. The error's domain is "file", its code an `errno`, EFBIG for a file that is
+/// too large, and its text begins with the file. Any thread.
+ORIVANTA_API Result<FileBytes> readBytes(const std::filesystem::path& file,
+                                         std::size_t largestBytes);
 
-/// The same as a string; nothing in place of an error. Any thread.
-ORIVANTA_API std::optional<std::string> readFile(const std::filesystem::path& file,
-                                                 std::size_t largestBytes);
+/// The same as a string. Any thread.
+ORIVANTA_API Result<std::string> readFile(const std::filesystem::path& file,
+                                          std::size_t largestBytes);
 
 /// Replaces the file whole or not at all: whoever opens it sees the old contents or the new ones,
 /// also when the disk is full, the process is killed or others write the same file. A killed
 /// process may leave a hidden file beside it. The error's domain is "file", its code `errno`. Any
 /// thread.
-ORIVANTA_API std::optional<Error> writeFileAtomically(const std::filesystem::path& file,
-                                                      std::string_view bytes);
+ORIVANTA_API Result<void> writeFileAtomically(const std::filesystem::path& file,
+                                              std::string_view bytes);
 
 /// Removes the hidden files that killed processes left in a folder while they wrote other files.
 /// Those of running processes stay, and so do all of them if the file system has no locks. Any

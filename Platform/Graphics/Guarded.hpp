@@ -15,10 +15,10 @@ Value read(const Value& field) {
   return field;
 }
 
-/// Leaves the old value in `value`, so that it is destroyed after the transaction. Counts as a
-/// change unless the two are equal.
+/// Swaps the two values. The caller destroys the old one after the transaction has ended. Counts as
+/// a change unless the two are equal.
 template <class Value>
-void assign(Value& field, Value& value) {
+void swapGuarded(Value& field, Value& value) {
   const Transaction transaction;
   if constexpr (std::equality_comparable<Value>) {
     if (field == value) return;

@@ -7,6 +7,8 @@
 #include <optional>
 #include <utility>
 
+#include "Platform/Network/ContentDecoding.hpp"
+
 namespace orivanta::network {
 
 struct AwaitedRequests::State {
@@ -33,14 +35,15 @@ UrlResult AwaitedRequests::get(const foundation::Url& url, HeaderFields headerFi
   if (!*answer) {
     lock.unlock();
     transfer->cancel();
-    return {foundation::Error{"http", ECANCELED, "the request was canceled"}, {}, {}};
+    return foundation::failure("http", ECANCELED, "the request was canceled");
   }
   UrlResult result = *std::move(*answer);
   lock.unlock();
+  if (!result) return result;
   try {
-    if (!result.error) result.error = defaultTransport().decodeBody(result);
+    if (auto decoded = decodeBody(*result); !decoded) return foundation::failure(decoded.error());
   } catch (const std::bad_alloc& failure) {
-    result.error = foundation::memoryError(failure);
+    return foundation::failure(foundation::memoryError(failure));
   }
   return result;
 }

@@ -17,8 +17,8 @@ class ORIVANTA_API AwaitedRequests {
   /// that one that exceeds it ends alone; 0 leaves the rules as they are.
   explicit AwaitedRequests(TransferRules rules = {}, std::size_t requestBytes = 0);
 
-  /// What answers, of any status, its body decoded; blocks. As for a session's request, redirects
-  /// are followed, and it ends with an error when it breaks the rules.
+  /// What answers, whatever its status, with its body decoded. Blocks. Follows redirects like a
+  /// session's request, and fails if it breaks the rules.
   UrlResult get(const foundation::Url& url, HeaderFields headerFields = {});
 
   /// Ends all `get`, also later ones, with an error of the domain "http" and the code ECANCELED.

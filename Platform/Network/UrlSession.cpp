@@ -5,6 +5,8 @@
 #include <unordered_set>
 #include <utility>
 
+#include "Platform/Network/ContentDecoding.hpp"
+
 namespace orivanta::network {
 
 namespace {
@@ -55,18 +57,27 @@ void UrlSession::deliver(UrlResult result) {
   // Asked for before each call: the delegate may invalidate the session while it handles one.
   if (!delegate()) return;
   try {
-    if (!result.error) result.error = defaultTransport().decodeBody(result);
-    if (!result.error && !result.body.empty())
+    if (result)
+      if (auto decoded = decodeBody(*result); !decoded)
+        result = foundation::failure(decoded.error());
+    if (result && !result->body.empty())
       if (const auto receiver = delegate()) {
-        delivered_.growTo(result.body.size());
-        receiver->didReceiveData(result.body);
+        delivered_.growTo(result->body.size());
+        receiver->didReceiveData(result->body);
       }
   } catch (const std::bad_alloc& failure) {
-    result.error = foundation::memoryError(failure);
+    result = foundation::failure(foundation::memoryError(failure));
   }
-  std::string().swap(result.body);
-  result.share.reset();
-  if (const auto receiver = delegate()) receiver->didComplete(result.response, result.error);
+  if (result) {
+    std::string().swap(result->body);
+    result->share.reset();
+  }
+  const auto receiver = delegate();
+  if (!receiver) return;
+  if (result)
+    receiver->didComplete(result->response, std::nullopt);
+  else
+    receiver->didComplete({}, result.error());
 }
 
 void UrlSession::invalidateAndCancel() {

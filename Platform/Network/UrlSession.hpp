@@ -26,7 +26,7 @@ class UrlSessionDelegate {
  public:
   virtual ~UrlSessionDelegate() = default;
   virtual void didReceiveData(std::string_view bytes) = 0;
-  /// `response` is meaningful only without an error.
+  /// `response` is empty if there is an error.
   virtual void didComplete(const HttpUrlResponse& response,
                            const std::optional<foundation::Error>& error) = 0;
   /// The last report: the session has been invalidated, without an error if the application did so.

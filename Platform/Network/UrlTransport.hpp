@@ -4,14 +4,13 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/MemoryBudget.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
 #include "Platform/Network/TransferRules.hpp"
@@ -26,15 +25,16 @@ struct UrlRequest {
   TransferRules rules = {};
 };
 
-/// How a request ended. `body` is as it came over the wire; `decodeBody` undoes the compression
-/// that the transport asked for.
-struct UrlResult {
-  std::optional<foundation::Error> error;
+/// What the server answered.
+struct UrlAnswer {
   HttpUrlResponse response;
-  std::string body;
+  std::string body;  ///< as received: still compressed if "Content-Encoding" says so
   /// What the body has taken from the request's budget. Null if the request has none.
   std::shared_ptr<foundation::BudgetShare> share = nullptr;
 };
+
+/// How a request ended.
+using UrlResult = foundation::Result<UrlAnswer>;
 
 /// One running request. Dropping the handle does not cancel it.
 class UrlTransfer {
@@ -53,11 +53,6 @@ class UrlTransport {
   /// the transport, unless the transfer is canceled first; it must return quickly. Any thread.
   virtual std::shared_ptr<UrlTransfer> start(UrlRequest request,
                                              std::function<void(UrlResult)> completed) = 0;
-
-  /// Undoes the "Content-Encoding" of the body in place; an error when the body is damaged or
-  /// grows beyond the transport's limit. Throws `BudgetExceeded` if it grows beyond the budget.
-  /// Costs time: call it outside the transport's thread.
-  virtual std::optional<foundation::Error> decodeBody(UrlResult& result) = 0;
 };
 
 /// The process-wide transport. Any thread.

@@ -8,8 +8,8 @@
 
 namespace orivanta::scene {
 
-using graphics::assign;
 using graphics::read;
+using graphics::swapGuarded;
 using graphics::Transaction;
 
 std::shared_ptr<Material> Material::make() { return std::shared_ptr<Material>(new Material); }
@@ -21,14 +21,14 @@ std::shared_ptr<Material> Material::make(Contents diffuse) {
 }
 
 std::optional<std::string> Material::name() const { return read(name_); }
-void Material::setName(std::optional<std::string> name) { assign(name_, name); }
+void Material::setName(std::optional<std::string> name) { swapGuarded(name_, name); }
 
 MaterialProperty Material::diffuse() const { return read(diffuse_); }
-void Material::setDiffuse(MaterialProperty diffuse) { assign(diffuse_, diffuse); }
-void Material::setDiffuseContents(Contents contents) { assign(diffuse_.contents, contents); }
+void Material::setDiffuse(MaterialProperty diffuse) { swapGuarded(diffuse_, diffuse); }
+void Material::setDiffuseContents(Contents contents) { swapGuarded(diffuse_.contents, contents); }
 
 float Material::opacity() const { return read(opacity_); }
-void Material::setOpacity(float opacity) { assign(opacity_, opacity); }
+void Material::setOpacity(float opacity) { swapGuarded(opacity_, opacity); }
 
 void Material::addAnimation(std::shared_ptr<const KeyframeAnimation> animation, std::string key) {
   const Transaction transaction;

@@ -11,11 +11,11 @@
 
 namespace orivanta::sprite {
 
-using graphics::assign;
 using graphics::Point;
 using graphics::read;
 using graphics::Rect;
 using graphics::Size;
+using graphics::swapGuarded;
 using graphics::Transaction;
 
 namespace {
@@ -37,15 +37,15 @@ Node::~Node() {
 
 std::optional<std::string> Node::name() const { return read(name_); }
 
-void Node::setName(std::optional<std::string> name) { assign(name_, name); }
+void Node::setName(std::optional<std::string> name) { swapGuarded(name_, name); }
 
 Point Node::position() const { return read(position_); }
 
-void Node::setPosition(Point position) { assign(position_, position); }
+void Node::setPosition(Point position) { swapGuarded(position_, position); }
 
 double Node::zPosition() const { return read(zPosition_); }
 
-void Node::setZPosition(double zPosition) { assign(zPosition_, zPosition); }
+void Node::setZPosition(double zPosition) { swapGuarded(zPosition_, zPosition); }
 
 double Node::alpha() const { return read(alpha_); }
 
@@ -57,7 +57,7 @@ void Node::setAlpha(double alpha) {
 
 bool Node::isHidden() const { return read(hidden_); }
 
-void Node::setHidden(bool hidden) { assign(hidden_, hidden); }
+void Node::setHidden(bool hidden) { swapGuarded(hidden_, hidden); }
 
 std::vector<std::shared_ptr<Node>> Node::children() const { return read(children_); }
 
@@ -123,7 +123,7 @@ SpriteNode::SpriteNode(ImageHandle texture, Size size) : texture_(std::move(text
 
 ImageHandle SpriteNode::texture() const { return read(texture_); }
 
-void SpriteNode::setTexture(ImageHandle texture) { assign(texture_, texture); }
+void SpriteNode::setTexture(ImageHandle texture) { swapGuarded(texture_, texture); }
 
 Size SpriteNode::size() const { return read(size_); }
 

@@ -18,8 +18,8 @@
 
 namespace orivanta::view {
 
-using graphics::assign;
 using graphics::read;
+using graphics::swapGuarded;
 using graphics::Transaction;
 
 namespace {
@@ -49,18 +49,18 @@ SceneView::SceneView(const Coder& coder) : View(coder) {
 
 std::shared_ptr<scene::Scene> SceneView::scene() const { return read(scene_); }
 
-void SceneView::setScene(std::shared_ptr<scene::Scene> scene) { assign(scene_, scene); }
+void SceneView::setScene(std::shared_ptr<scene::Scene> scene) { swapGuarded(scene_, scene); }
 
 std::shared_ptr<sprite::Scene> SceneView::overlayScene() const { return read(overlayScene_); }
 
 void SceneView::setOverlayScene(std::shared_ptr<sprite::Scene> scene) {
-  assign(overlayScene_, scene);
+  swapGuarded(overlayScene_, scene);
 }
 
 SceneRendererDelegate* SceneView::rendererDelegate() const { return read(rendererDelegate_); }
 
 void SceneView::setRendererDelegate(SceneRendererDelegate* delegate) {
-  assign(rendererDelegate_, delegate);
+  swapGuarded(rendererDelegate_, delegate);
 }
 
 std::optional<scene::Viewpoint> SceneView::viewpoint() const {

@@ -11,10 +11,10 @@
 
 namespace orivanta::view {
 
-using graphics::assign;
 using graphics::Point;
 using graphics::read;
 using graphics::Rect;
+using graphics::swapGuarded;
 using graphics::Transaction;
 
 namespace {
@@ -84,16 +84,18 @@ void View::setAlpha(double alpha) {
 std::optional<graphics::Color> View::backgroundColor() const { return read(backgroundColor_); }
 
 void View::setBackgroundColor(std::optional<graphics::Color> color) {
-  assign(backgroundColor_, color);
+  swapGuarded(backgroundColor_, color);
 }
 
 bool View::isHidden() const { return read(hidden_); }
 
-void View::setHidden(bool hidden) { assign(hidden_, hidden); }
+void View::setHidden(bool hidden) { swapGuarded(hidden_, hidden); }
 
 bool View::isUserInteractionEnabled() const { return read(userInteractionEnabled_); }
 
-void View::setUserInteractionEnabled(bool enabled) { assign(userInteractionEnabled_, enabled); }
+void View::setUserInteractionEnabled(bool enabled) {
+  swapGuarded(userInteractionEnabled_, enabled);
+}
 
 View* View::superview() const { return read(superview_); }
 

@@ -102,9 +102,8 @@ void LoadMonitor::pageReceived(std::string_view name, const network::HttpUrlResp
   });
 }
 
-void LoadMonitor::collectionEnded(std::string_view name,
-                                  const std::optional<foundation::Error>& error) {
-  onQueue([name = std::string(name), error](LoadMonitor& self) { self.takeEnd(name, error); });
+void LoadMonitor::collectionEnded(std::string_view name, const foundation::Result<void>& outcome) {
+  onQueue([name = std::string(name), outcome](LoadMonitor& self) { self.takeEnd(name, outcome); });
 }
 
 void LoadMonitor::onQueue(std::function<void(LoadMonitor&)> step) {
@@ -154,27 +153,28 @@ bool LoadMonitor::isTooSlow(Window& window, std::size_t bodyBytes,
   return bytes < static_cast<double>(lowestRate_.bytesPerSecond) * time.count();
 }
 
-void LoadMonitor::takeEnd(const std::string& name, const std::optional<foundation::Error>& error) {
+void LoadMonitor::takeEnd(const std::string& name, const foundation::Result<void>& outcome) {
   Collection& collection = collectionNamed(name);
   ++progress_.collectionsDone;
   tellProgress();
   LoadFailure& failure = collection.failure;
-  if (!error || !failure.reason.empty()) return;
-  const bool isMemory = error->domain == foundation::memoryErrorDomain;
-  if (isMemory && error->code == foundation::budgetExceededBefore) return;  // another one tells
-  if (error->domain.empty()) {
+  if (outcome || !failure.reason.empty()) return;
+  const foundation::Error& error = outcome.error();
+  const bool isMemory = error.domain == foundation::memoryErrorDomain;
+  if (isMemory && error.code == foundation::budgetExceededBefore) return;  // another one tells
+  if (error.domain.empty()) {
     failure.problem = LoadProblem::unusable;
     failure.reason = fmt::format("{} answered with a body that is no JSON", collection.latestUrl);
   } else if (isMemory) {
     failure.problem =
-        error->code == foundation::budgetExceeded ? LoadProblem::tooLarge : LoadProblem::unusable;
-    failure.reason = fmt::format("{}: {}", collection.latestUrl, error->description);
-  } else if (network::isInsecureStep(*error)) {
+        error.code == foundation::budgetExceeded ? LoadProblem::tooLarge : LoadProblem::unusable;
+    failure.reason = fmt::format("{}: {}", collection.latestUrl, error.description);
+  } else if (network::isInsecureStep(error)) {
     failure.problem = LoadProblem::insecure;
-    failure.reason = error->description;
+    failure.reason = error.description;
   } else {
     failure.problem = LoadProblem::noAnswer;
-    failure.reason = fmt::format("no answer from {}{}: {}", endpoint_, name, error->description);
+    failure.reason = fmt::format("no answer from {}{}: {}", endpoint_, name, error.description);
   }
 }
 

@@ -6,7 +6,6 @@
 #include <map>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -52,7 +51,7 @@ class LoadMonitor : public WebApiObserver,
   void pageReceived(std::string_view collection, const network::HttpUrlResponse& response,
                     std::size_t bodyBytes) override;
   void collectionEnded(std::string_view collection,
-                       const std::optional<foundation::Error>& error) override;
+                       const foundation::Result<void>& outcome) override;
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -74,7 +73,7 @@ class LoadMonitor : public WebApiObserver,
   void takePage(const std::string& name, const network::HttpUrlResponse& response,
                 std::size_t bodyBytes, Clock::time_point arrival);
   bool isTooSlow(Window& window, std::size_t bodyBytes, Clock::time_point arrival) const;
-  void takeEnd(const std::string& name, const std::optional<foundation::Error>& error);
+  void takeEnd(const std::string& name, const foundation::Result<void>& outcome);
   Collection& collectionNamed(const std::string& name);
   void giveUp(Collection& collection, std::string reason);
   void end(bool complete);

@@ -37,9 +37,10 @@ CollectionDictionary emptyCollections() {
 
 }  // namespace
 
-VenueLoad::VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)> callback,
-                     Options options)
-    : callback_(std::move(callback)),
+VenueLoad::VenueLoad(bool accessible, Publish publish,
+                     std::function<void(std::shared_ptr<Venue>)> callback, Options options)
+    : publish_(std::move(publish)),
+      callback_(std::move(callback)),
       options_(std::move(options)),
       joins_{{linkCategoryParents, true},
              {linkLocationCategories, true},
@@ -52,7 +53,7 @@ VenueLoad::VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)
              {linkLocationNodes},
              {linkLocationPolygons},
              {[this](CollectionDictionary&) {
-               publish();
+               published_ = publishVenue(collections_, publish_);
                return published_ != nullptr;
              }}} {
   collections_.budget = options_.budget;
@@ -94,15 +95,7 @@ void VenueLoad::endWithout(const std::exception& reason) {
   fmt::memory_buffer line;  // a short text lies within it
   fmt::format_to(std::back_inserter(line), "the venue is left empty: {}", reason.what());
   foundation::diagnostic({line.data(), line.size()});
-  publish();
-}
-
-void VenueLoad::publish() {
-  const auto step = [this] { published_ = publishVenue(collections_); };
-  if (options_.guard)
-    options_.guard(step);
-  else
-    step();
+  published_ = publishVenue(collections_, publish_);
 }
 
 }  // namespace orivanta

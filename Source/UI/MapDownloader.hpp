@@ -8,6 +8,7 @@
 
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/AwaitedRequests.hpp"
 
@@ -42,19 +43,18 @@ class ORIVANTA_API HttpDownloader {
   virtual void loadFileAsync(const foundation::Url& url, Completion completion);
 
   struct Fetched {
-    std::string path;     ///< empty if there is no file
-    std::string problem;  ///< why there is none: a sentence with the URL, without a full stop
+    std::string path;
 
-    /// Why an earlier copy takes the place of what the server has now, in the same form; empty
-    /// unless it does.
+    /// Why an earlier copy takes the place of what the server has now: a sentence with the URL,
+    /// without a full stop. Empty unless it does.
     std::string remark = {};
   };
 
   /// Fetches a file for `MapView::loadFloors` into the folder `path` of the caches directory, or
   /// takes the one that is there if the server says that it has not changed. What an answer must
   /// be to count: it has a body that does not begin as a web page or JSON does, and a status of 200
-  /// to 299. Only "http" and "https" URLs are fetched. Ends, with a problem, when the requests are
-  /// canceled. Blocks.
+  /// to 299. Only "http" and "https" URLs are fetched. Blocks. Fails if the requests are canceled.
+  /// The text of an error is a sentence with the URL, without a full stop.
   ///
   /// Beside each file a hidden one notes the URL that it came from, its length and a checksum, and
   /// what the server gave to recognize it by: an entity tag, a date, or nothing, and then the file
@@ -62,8 +62,8 @@ class ORIVANTA_API HttpDownloader {
   /// another URL, counts for nothing. An agreeing one is used, with a remark, if the request fails,
   /// the server has a problem of its own (a status of 408, 429 or from 500), nothing or a web page
   /// comes in place of the file, or the new file cannot be saved.
-  virtual Fetched fetchFile(const foundation::Url& url, const std::string& path,
-                            network::AwaitedRequests& requests);
+  virtual foundation::Result<Fetched> fetchFile(const foundation::Url& url, const std::string& path,
+                                                network::AwaitedRequests& requests);
 
   /// The folder in which the files of a venue are kept apart from those of other servers: a name
   /// made of the URL's scheme, host and port, and one made of the slug. For `fetchFile`.

@@ -17,6 +17,7 @@
 #include "Platform/View/SceneView.hpp"
 #include "Platform/View/TapGestureRecognizer.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
 #include "Source/UI/AssetLoader.hpp"
 #include "Source/UI/FloorLoad.hpp"
 #include "Source/UI/MapDownloader.hpp"

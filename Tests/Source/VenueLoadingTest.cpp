@@ -36,7 +36,7 @@ using test::smallVenueAnswers;
 // Tells when chains are done: each running one shares in the ownership of its observer.
 class SilentObserver : public WebApiObserver {
   void pageReceived(std::string_view, const network::HttpUrlResponse&, std::size_t) override {}
-  void collectionEnded(std::string_view, const std::optional<foundation::Error>&) override {}
+  void collectionEnded(std::string_view, const foundation::Result<void>&) override {}
 };
 
 WebApiSession sessionFor(const std::string& root,

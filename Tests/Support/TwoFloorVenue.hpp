@@ -52,7 +52,7 @@ struct TwoFloorVenue {
   /// kinds are made twice.
   std::shared_ptr<Venue> load(bool accessible = false, bool polygonsLast = false) const {
     activeVenue = Venue::make(*RawData::parse(venue));
-    const auto load = std::make_shared<VenueLoad>(accessible, [](const auto&) {});
+    const auto load = std::make_shared<VenueLoad>(accessible, fillActiveVenue, [](const auto&) {});
     if (!polygonsLast) load->receive(&CollectionDictionary::polygons, recordsIn<Polygon>(polygons));
     load->receive(&CollectionDictionary::locations, recordsIn<Location>(locations));
     load->receive(&CollectionDictionary::categories, recordsIn<Category>(categories));

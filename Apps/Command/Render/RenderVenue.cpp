@@ -219,8 +219,9 @@ class PictureWriter {
 
  private:
   void writePicture(const graphics::Image& image, const std::string& file) {
-    if (const auto error = graphics::writePng(image, file))
-      throw CommandError(ExitCode::outputFailed, fmt::format("{}: {}", file, error->description));
+    if (const auto written = graphics::writePng(image, file); !written)
+      throw CommandError(ExitCode::outputFailed,
+                         fmt::format("{}: {}", file, written.error().description));
     tell(file);
   }
 

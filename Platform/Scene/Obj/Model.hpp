@@ -10,10 +10,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
-#include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Result.hpp"
 
 namespace orivanta::scene::obj {
 
@@ -74,7 +73,7 @@ inline constexpr std::size_t mostMaterials = 65'536;  ///< that faces use, and t
 /// is no number or out of range, or a position that is not finite in single precision. A face of no
 /// area gives no triangle. Takes at most some 50 times the bytes of the file as memory, usually
 /// 3 times.
-std::variant<Model, foundation::Error> readModel(const std::filesystem::path& file);
+foundation::Result<Model> readModel(const std::filesystem::path& file);
 
 /// Gives the contents of a material library; nothing when it is missing. The name is a relative
 /// path without "..".

@@ -66,10 +66,12 @@ void FileFetch::work() {
 FileFetch::Outcome FileFetch::fetch(const File& file) try {
   const std::string& address = file.url.absoluteString();
   if (!foundation::cachesDirectory())
-    return {"", fmt::format("{} has no place to be kept: HOME is not set", address)};
+    return foundation::failure("fetch", 0,
+                               fmt::format("{} has no place to be kept: HOME is not set", address));
   return downloader_->fetchFile(file.url, file.folder, requests_);
-} catch (const std::exception& failure) {
-  return {"", fmt::format("{}: {}", file.url.absoluteString(), failure.what())};
+} catch (const std::exception& exception) {
+  return foundation::failure("fetch", 0,
+                             fmt::format("{}: {}", file.url.absoluteString(), exception.what()));
 }
 
 }  // namespace orivanta

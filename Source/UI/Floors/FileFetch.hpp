@@ -27,7 +27,7 @@ class FileFetch {
     std::string folder;  ///< as for `HttpDownloader::fetchFile`
   };
 
-  using Outcome = HttpDownloader::Fetched;
+  using Outcome = foundation::Result<HttpDownloader::Fetched>;
 
   /// Called on the fetch's threads, with the number of the file.
   struct Reports {

@@ -31,17 +31,19 @@ std::string reasonOf(const foundation::Error& error, const std::string& path) {
   return text.starts_with(prefix) ? text.substr(prefix.size()) : text;
 }
 
-// The model, or what is wrong with it; then the file will be fetched anew the next time.
-std::variant<std::shared_ptr<scene::Node>, std::string> readModel(AssetLoader& loader,
-                                                                  const std::string& path,
-                                                                  const std::string& address) try {
+// A file that is no model is fetched anew the next time. An error says what is wrong with it.
+foundation::Result<std::shared_ptr<scene::Node>> readModel(AssetLoader& loader,
+                                                           const std::string& path,
+                                                           const std::string& address) try {
   auto model = loader.readModel(foundation::Url::fromFile(path));
-  const auto* const error = std::get_if<foundation::Error>(&model);
-  if (error == nullptr) return std::get<0>(std::move(model));
+  if (model) return model;
   HttpDownloader::forgetFile(path);
-  return fmt::format("{} is no model that can be shown: {}", address, reasonOf(*error, path));
-} catch (const std::exception& failure) {
-  return fmt::format("{} cannot be read: {}", address, failure.what());
+  return foundation::failure(
+      "model", 0,
+      fmt::format("{} is no model that can be shown: {}", address, reasonOf(model.error(), path)));
+} catch (const std::exception& exception) {
+  return foundation::failure("model", 0,
+                             fmt::format("{} cannot be read: {}", address, exception.what()));
 }
 
 }  // namespace
@@ -124,21 +126,20 @@ void FloorLoading::fileBegan(std::size_t file) {
 }
 
 void FloorLoading::fileEnded(std::size_t file, const FileFetch::Outcome& outcome) {
-  paths_[file] = outcome.path;
+  if (outcome) paths_[file] = outcome->path;
   for (Floor& floor : floors_) {
     if (!handlers_) return;  // a handler has canceled the load
     if (floor.progress.state != FloorState::fetching || !uses(floor, file)) continue;
     ++floor.progress.filesDone;
-    if (outcome.path.empty()) {
+    if (!outcome) {
       if (file == floor.files.front()) {
-        fail(floor, outcome.problem);
+        fail(floor, outcome.error().description);
         continue;
       }
-      floor.omissions.push_back(outcome.problem);
-    }
-    if (!outcome.remark.empty()) {
+      floor.omissions.push_back(outcome.error().description);
+    } else if (!outcome->remark.empty()) {
       ++floor.progress.earlierFiles;
-      floor.remarks.push_back(outcome.remark);
+      floor.remarks.push_back(outcome->remark);
     }
     if (floor.progress.filesDone == floor.files.size()) read(floor);
     changed(floor);
@@ -167,8 +168,8 @@ void FloorLoading::read(Floor& floor) {
         const auto tell = [weak, index](const Model& result) {
           onMainQueue(weak, [index, result](FloorLoading& self) { self.wasRead(index, result); });
         };
-        if (const auto* const node = std::get_if<std::shared_ptr<scene::Node>>(&read.node))
-          view::SceneView::prepare({*node}, [tell, read](bool) { tell(read); });
+        if (read.node)
+          view::SceneView::prepare({*read.node}, [tell, read](bool) { tell(read); });
         else
           tell(read);
       });
@@ -178,10 +179,10 @@ void FloorLoading::wasRead(std::size_t index, const Model& model) {
   Floor& floor = floors_[index];
   const auto view = view_.lock();
   if (!view) return;
-  if (const auto* const problem = std::get_if<std::string>(&model.node)) {
-    fail(floor, *problem);
+  if (!model.node) {
+    fail(floor, model.node.error().description);
   } else {
-    stage_.setModel(*floor.progress.map, std::get<std::shared_ptr<scene::Node>>(model.node));
+    stage_.setModel(*floor.progress.map, *model.node);
     floor.remarks.insert(floor.remarks.end(), model.remarks.begin(), model.remarks.end());
     floor.progress.remark = fmt::format("{}", fmt::join(floor.remarks, "; "));
     floor.progress.problem = fmt::format("{}", fmt::join(floor.omissions, "; "));

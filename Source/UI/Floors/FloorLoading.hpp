@@ -4,9 +4,9 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <variant>
 #include <vector>
 
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/UI/AssetLoader.hpp"
 #include "Source/UI/FloorLoad.hpp"
@@ -48,7 +48,7 @@ class FloorLoading : public FloorLoad, public std::enable_shared_from_this<Floor
     std::vector<std::string> remarks;
   };
   struct Model {
-    std::variant<std::shared_ptr<scene::Node>, std::string> node;  // or a problem
+    foundation::Result<std::shared_ptr<scene::Node>> node;
     std::vector<std::string> remarks;
   };
 

@@ -15,7 +15,6 @@
 namespace orivanta {
 
 namespace fs = std::filesystem;
-using foundation::Error;
 
 namespace {
 
@@ -79,23 +78,23 @@ std::optional<network::HeaderFields> KeptFile::conditionFor(const foundation::Ur
   return condition;
 }
 
-std::optional<Error> KeptFile::save(const foundation::Url& url,
-                                    const network::HttpUrlResponse& response,
-                                    std::string_view body) const {
-  std::error_code failure;
-  fs::create_directories(file_.parent_path(), failure);
-  if (failure)
-    return Error{"file", failure.value(),
-                 fmt::format("cannot make the folder {}: {}", file_.parent_path().string(),
-                             failure.message())};
+foundation::Result<void> KeptFile::save(const foundation::Url& url,
+                                        const network::HttpUrlResponse& response,
+                                        std::string_view body) const {
+  std::error_code problem;
+  fs::create_directories(file_.parent_path(), problem);
+  if (problem)
+    return foundation::failure("file", problem.value(),
+                               fmt::format("cannot make the folder {}: {}",
+                                           file_.parent_path().string(), problem.message()));
   foundation::removeAbandonedFiles(file_.parent_path());
-  if (auto error = foundation::writeFileAtomically(file_, body)) return error;
+  if (auto written = foundation::writeFileAtomically(file_, body); !written) return written;
   // Without a note the file serves only this time.
   foundation::writeFileAtomically(
       note(), fmt::format("{}\n{}\n{}\n{}\n", url.absoluteString(), imprintOf(body),
                           response.headerField("ETag").value_or(""),
                           response.headerField("Last-Modified").value_or("")));
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace orivanta

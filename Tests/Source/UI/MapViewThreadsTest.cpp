@@ -24,7 +24,7 @@ TEST(MapViewThreads, ChangesWhileItIsDrawn) {
     ASSERT_EQ(surface.index(), 0U);
     render::Renderer renderer;
     while (!done) {
-      renderer.render(mapView, {200, 200}, 1.0, frames * 0.1, std::get<0>(surface)->framebuffer());
+      renderer.render(mapView, {200, 200}, 1.0, frames * 0.1, surface.value()->framebuffer());
       ++frames;
     }
   });

@@ -12,6 +12,7 @@
 
 #include "Source/Graph/EdgeTable.hpp"
 #include "Source/Graph/RouteFrontier.hpp"
+#include "Source/NodeList.hpp"
 
 namespace orivanta {
 
@@ -19,13 +20,13 @@ namespace orivanta {
 /// have near numbers: floor by floor, along a Hilbert curve on each. Immutable, except for the
 /// store of search states, which locks itself. Owns the nodes.
 ///
-/// Positions and weights are those that the nodes and edges had when the network was made.
-class RouteNetwork {
+/// Positions and weights are those that the nodes and edges had when the graph was made.
+class CompactGraph {
  public:
   using Index = std::uint32_t;
 
   /// A node: where it is, and which links lead out of it.
-  struct Place {
+  struct Vertex {
     double x, y, z;
     Index firstLink, endLink;
   };
@@ -44,23 +45,23 @@ class RouteNetwork {
     std::uint32_t destinationStamp = 0;  ///< of the search that has the node as a destination
     bool queued;
   };
-  /// What one search needs beside the network; later searches use it again without clearing it.
+  /// What one search needs beside the graph; later searches use it again without clearing it.
   struct SearchState {
     std::vector<NodeState> nodes;
     RouteFrontier frontier;
     std::uint32_t stamp = 0;
   };
 
-  static std::shared_ptr<const RouteNetwork> make(const EdgeTable::Rows& rows);
+  static std::shared_ptr<const CompactGraph> make(const EdgeTable::Rows& rows);
 
   /// Whether all positions are finite and all weights 0 or greater, which the compact search takes
-  /// for granted. Without that the network is empty.
+  /// for granted. Without that the graph is empty.
   bool isRegular() const { return regular_; }
 
   std::size_t size() const { return nodes_.size(); }
   std::optional<Index> find(const Node& node) const;
   const std::shared_ptr<Node>& node(Index index) const { return nodes_[index]; }
-  const Place* places() const { return places_.data(); }
+  const Vertex* vertices() const { return vertices_.data(); }
   const Link* links() const { return links_.data(); }
 
   /// A state for one search at a time, from the store or new; at least `nodeCount` nodes, none of
@@ -77,7 +78,7 @@ class RouteNetwork {
   bool regular_ = true;
   Numbers numbers_;
   std::vector<std::shared_ptr<Node>> nodes_;
-  std::vector<Place> places_;
+  std::vector<Vertex> vertices_;
   std::vector<Link> links_;
   mutable std::mutex stateMutex_;
   mutable std::vector<std::unique_ptr<SearchState>> states_;

@@ -1,4 +1,4 @@
-#include "Source/Graph/RouteNetwork.hpp"
+#include "Source/Graph/CompactGraph.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "Source/Graph/HilbertCurve.hpp"
+#include "Source/Node.hpp"
 
 namespace orivanta {
 
@@ -27,7 +28,7 @@ bool isRegularGraph(const EdgeTable::Rows& rows) {
   }
   // Nodes and links are numbered with 32 bits; there are at most `edgeCount` nodes without edges
   // of their own.
-  return edgeCount + rows.size() < std::numeric_limits<RouteNetwork::Index>::max() / 2;
+  return edgeCount + rows.size() < std::numeric_limits<CompactGraph::Index>::max() / 2;
 }
 
 // One direction of the smallest upright rectangle around all nodes, cut into 65,536 cells.
@@ -50,7 +51,7 @@ class Axis {
 };
 
 // The nodes in their new order: by map, and along a Hilbert curve within each.
-NodeList inOrderOfPlace(const NodeList& nodes) {
+NodeList inSpatialOrder(const NodeList& nodes) {
   Axis x;
   Axis y;
   std::unordered_map<const Map*, std::uint32_t> floors;
@@ -75,17 +76,17 @@ NodeList inOrderOfPlace(const NodeList& nodes) {
 
 }  // namespace
 
-std::shared_ptr<const RouteNetwork> RouteNetwork::make(const EdgeTable::Rows& rows) {
-  auto network = std::make_shared<RouteNetwork>();
-  network->regular_ = isRegularGraph(rows);
-  if (network->regular_) {
-    network->addNodes(rows);
-    network->addLinks(rows);
+std::shared_ptr<const CompactGraph> CompactGraph::make(const EdgeTable::Rows& rows) {
+  auto graph = std::make_shared<CompactGraph>();
+  graph->regular_ = isRegularGraph(rows);
+  if (graph->regular_) {
+    graph->addNodes(rows);
+    graph->addLinks(rows);
   }
-  return network;
+  return graph;
 }
 
-void RouteNetwork::addNodes(const EdgeTable::Rows& rows) {
+void CompactGraph::addNodes(const EdgeTable::Rows& rows) {
   NodeList found;
   numbers_.reserve(rows.size());
   const auto add = [&](const std::shared_ptr<Node>& node) {
@@ -95,30 +96,30 @@ void RouteNetwork::addNodes(const EdgeTable::Rows& rows) {
     add(origin);
     for (const Edge& edge : edges) add(edge.node());
   }
-  nodes_ = inOrderOfPlace(found);
+  nodes_ = inSpatialOrder(found);
   for (Index index = 0; index < nodes_.size(); ++index) numbers_[nodes_[index].get()] = index;
 }
 
-void RouteNetwork::addLinks(const EdgeTable::Rows& rows) {
-  places_.reserve(nodes_.size());
+void CompactGraph::addLinks(const EdgeTable::Rows& rows) {
+  vertices_.reserve(nodes_.size());
   for (const auto& node : nodes_) {
     const auto firstLink = static_cast<Index>(links_.size());
     const auto entry = rows.find(node);
     if (entry != rows.end())
       for (const Edge& edge : entry->second)
         if (edge.node() != node) links_.push_back({edge.weight(), *find(*edge.node())});
-    places_.push_back({node->x, node->y, node->z, firstLink, static_cast<Index>(links_.size())});
+    vertices_.push_back({node->x, node->y, node->z, firstLink, static_cast<Index>(links_.size())});
   }
   links_.shrink_to_fit();
 }
 
-std::optional<RouteNetwork::Index> RouteNetwork::find(const Node& node) const {
+std::optional<CompactGraph::Index> CompactGraph::find(const Node& node) const {
   const auto entry = numbers_.find(&node);
   if (entry == numbers_.end()) return std::nullopt;
   return entry->second;
 }
 
-std::unique_ptr<RouteNetwork::SearchState> RouteNetwork::takeState(std::size_t nodeCount) const {
+std::unique_ptr<CompactGraph::SearchState> CompactGraph::takeState(std::size_t nodeCount) const {
   std::unique_ptr<SearchState> state;
   {
     const std::lock_guard lock(stateMutex_);
@@ -137,7 +138,7 @@ std::unique_ptr<RouteNetwork::SearchState> RouteNetwork::takeState(std::size_t n
   return state;
 }
 
-void RouteNetwork::giveBack(std::unique_ptr<SearchState> state) const {
+void CompactGraph::giveBack(std::unique_ptr<SearchState> state) const {
   const std::lock_guard lock(stateMutex_);
   states_.push_back(std::move(state));
 }
