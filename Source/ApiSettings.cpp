@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "Platform/Foundation/Languages.hpp"
-#include "Source/Loading/SettingSources.hpp"
+#include "Source/SettingSources.hpp"
 
 namespace orivanta {
 

@@ -4,26 +4,16 @@
 #include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
+#include "Source/Distance.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/Vortex.hpp"
 
 namespace orivanta {
 
-namespace {
-
-double walkingDistance(const Node& origin, const Node& destination) {
-  const double dx = origin.x - destination.x;
-  const double dy = origin.y - destination.y;
-  const double dz = origin.z - destination.z;
-  return std::sqrt(dx * dx + dy * dy + dz * dz);
-}
-
-}  // namespace
-
 Edge::Edge(const Node& origin, std::shared_ptr<Node> destination)
     : node_(std::move(destination)),
-      distance_(walkingDistance(origin, *node_)),
+      distance_(getEuclideanDistance(origin, *node_)),
       weight_(distance_ * node_->multiplierWeight + node_->constantWeight) {}
 
 Edge::Edge(const Node& origin, std::shared_ptr<Node> destination, std::shared_ptr<Vortex> vortex)

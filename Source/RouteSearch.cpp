@@ -1,7 +1,6 @@
 #include "Source/RouteSearch.hpp"
 
 #include <algorithm>
-#include <cmath>
 #include <unordered_map>
 
 #include "Source/Graph/CompactGraph.hpp"
@@ -44,22 +43,6 @@ std::optional<Route> searchByDefinition(const NodeList& nodes, const NodeList& d
 }
 
 }  // namespace
-
-double getEuclideanDistance(const Node& node, const Node& destination) {
-  const double dx = node.x - destination.x;
-  const double dy = node.y - destination.y;
-  const double dz = node.z - destination.z;
-  return std::sqrt(dx * dx + dy * dy + dz * dz);
-}
-
-std::optional<double> getShortestEuclideanDistance(const Node& node, const NodeList& destinations) {
-  std::optional<double> running;
-  for (const auto& destination : destinations) {
-    const double distance = getEuclideanDistance(node, *destination);
-    if (!running || *running < distance) running = distance;
-  }
-  return running;
-}
 
 std::optional<Route> searchRoute(const NodeList& nodes, const NodeList& destinations,
                                  const NavigationGraph& graph) {

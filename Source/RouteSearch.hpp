@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "Platform/Foundation/Export.hpp"
+#include "Source/Distance.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/NodeList.hpp"
 #include "Source/Route.hpp"
@@ -28,13 +29,5 @@ ORIVANTA_API std::optional<Route> searchRoute(const NodeList& nodes, const NodeL
 /// The path of `searchRoute`.
 ORIVANTA_API std::optional<NodeList> AStar(const NodeList& nodes, const NodeList& destinations,
                                            const NavigationGraph& graph);
-
-/// The straight distance in three dimensions, in the venue's units, without the maps' elevations.
-ORIVANTA_API double getEuclideanDistance(const Node& node, const Node& destination);
-
-/// The greatest of the distances to the destinations, whatever the name says: with several
-/// destinations the search heads for the farthest. Nothing for an empty list.
-ORIVANTA_API std::optional<double> getShortestEuclideanDistance(const Node& node,
-                                                                const NodeList& destinations);
 
 }  // namespace orivanta

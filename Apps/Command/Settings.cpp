@@ -12,7 +12,7 @@
 #include "Platform/Foundation/Bundle.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Source/ApiSettings.hpp"
-#include "Source/Loading/SettingSources.hpp"
+#include "Source/SettingSources.hpp"
 
 namespace orivanta::command {
 

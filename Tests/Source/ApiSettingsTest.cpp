@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Platform/Foundation/Bundle.hpp"
-#include "Source/Loading/SettingSources.hpp"
+#include "Source/SettingSources.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta {

@@ -1,4 +1,4 @@
-#include "Source/Loading/SettingSources.hpp"
+#include "Source/SettingSources.hpp"
 
 #include <filesystem>
 #include <vector>
