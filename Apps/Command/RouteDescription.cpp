@@ -13,6 +13,7 @@
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
+#include "Source/Node.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
 

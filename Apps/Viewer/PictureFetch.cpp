@@ -43,8 +43,8 @@ void PictureFetch::start(const Location& place, const std::string& slug,
   const foundation::Url& url = (*pictures)[pictureSize];
   const auto mode = place.picture ? PictureMode::fill : PictureMode::fit;
   arrived_ = std::make_shared<Arrived>(std::move(arrived));
-  fetch_ = FileFetch::start(
-      {{url, folderFor(url, slug)}}, std::move(downloader),
+  FileFetch::start(
+      {{url, folderFor(url, slug)}}, std::move(downloader), cancellation_.token(),
       {[](std::size_t) {},
        [wanted = std::weak_ptr(arrived_), mode](std::size_t, const FileFetch::Outcome& outcome) {
          if (!outcome) return;
@@ -58,7 +58,7 @@ void PictureFetch::start(const Location& place, const std::string& slug,
 
 void PictureFetch::cancel() {
   arrived_.reset();
-  if (const auto former = std::exchange(fetch_, nullptr)) former->cancel();
+  std::exchange(cancellation_, {}).cancel();
 }
 
 }  // namespace orivanta::viewer

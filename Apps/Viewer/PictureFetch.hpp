@@ -29,7 +29,7 @@ class PictureFetch {
  private:
   void cancel();
 
-  std::shared_ptr<FileFetch> fetch_;
+  foundation::CancellationSource cancellation_;
   std::shared_ptr<Arrived> arrived_;  // gone with the wish for the picture
 };
 

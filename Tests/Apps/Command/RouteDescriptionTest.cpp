@@ -6,6 +6,7 @@
 #include "Apps/Command/Places.hpp"
 #include "Source/Directions.hpp"
 #include "Source/NavigationGraph.hpp"
+#include "Source/Node.hpp"
 #include "Tests/Apps/Command/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
