@@ -86,7 +86,7 @@ class MapWidget : public QOpenGLWidget {
   std::unique_ptr<render::Renderer> renderer_;
 };
 
-/// Loads the first venue, from background threads to the main queue.
+/// Loads the first venue and shows it. All handlers are called on the main queue.
 void showFirstVenue(MapWidget& map, QToolBar& floorButtons) {
   FloorLoadHandlers handlers;
   handlers.ended = [&](const auto& floors) {
@@ -98,25 +98,26 @@ void showFirstVenue(MapWidget& map, QToolBar& floorButtons) {
       });
     }
   };
-  getVenues([mapView = map.mapView, handlers](const auto& venues) {
-    if (venues.empty()) {
+  const auto showFloors = [mapView = map.mapView, handlers](const VenueLoadReport& report) {
+    mapView->venue = report.venue;
+    mapView->loadFloors(handlers);
+  };
+  const auto loadFirst = [showFloors](const VenueListReport& report) {
+    if (report.venues.empty()) {
       std::cerr << "no venue; is ORIVANTA_ENDPOINT set?\n";
       return;
     }
-    getVenue(venues.front(), [mapView, handlers](const auto& venue) {
-      foundation::mainQueue::async([mapView, handlers, venue] {
-        mapView->venue = venue;
-        mapView->loadFloors(handlers);
-      });
-    });
-  });
+    loadVenueReporting(APISession(), report.venues.front(), /*accessible=*/false,
+                       {.ended = showFloors, .executor = foundation::mainQueue::async});
+  };
+  loadVenuesReporting(APISession(), {.ended = loadFirst, .executor = foundation::mainQueue::async});
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   if (const char* const endpoint = std::getenv("ORIVANTA_ENDPOINT"))
-    setApiSettings({endpoint, {}, {}, nullptr});
+    setApiSettings({.endpoint = endpoint});
   QSurfaceFormat format;
   format.setRenderableType(QSurfaceFormat::OpenGLES);
   format.setVersion(3, 0);

@@ -23,40 +23,33 @@
 #include "Source/HttpSession.hpp"
 #include "Tests/Support/Awaited.hpp"
 
-namespace orivanta::network {
+namespace orivanta {
 namespace {
 
-class NoTransfer : public UrlTransfer {
- public:
-  void cancel() override {}
-};
+using network::UrlAnswer;
+using network::UrlResult;
 
 // Answers every request at once.
-class ScriptedTransport : public UrlTransport {
+class ScriptedTransport : public network::UrlTransport {
  public:
   // A missing answer stands for a connection that breaks.
-  void play(std::vector<std::optional<UrlAnswer>> answers) {
-    const std::lock_guard lock(mutex_);
-    answers_ = std::move(answers);
-    requested_.clear();
-  }
+  explicit ScriptedTransport(std::vector<std::optional<UrlAnswer>> answers)
+      : answers_(std::move(answers)) {}
 
   std::vector<std::string> requested() {
     const std::lock_guard lock(mutex_);
     return requested_;
   }
 
-  std::shared_ptr<UrlTransfer> start(UrlRequest request,
-                                     std::function<void(UrlResult)> completed) override {
+  void start(network::UrlRequest request, Completion completed) override {
     completed(answer(request.url));
-    return std::make_shared<NoTransfer>();
   }
 
  private:
   UrlResult answer(const foundation::Url& url) {
     const std::lock_guard lock(mutex_);
     requested_.push_back(url.absoluteString());
-    const auto number = requested_.size();
+    const std::size_t number = requested_.size();
     if (number > answers_.size() || !answers_[number - 1])
       return foundation::failure("lost", 1, "");
     UrlAnswer answer = *answers_[number - 1];
@@ -64,26 +57,10 @@ class ScriptedTransport : public UrlTransport {
     return answer;
   }
 
+  const std::vector<std::optional<UrlAnswer>> answers_;
   std::mutex mutex_;
-  std::vector<std::optional<UrlAnswer>> answers_;
   std::vector<std::string> requested_;
 };
-
-ScriptedTransport& scriptedTransport() {
-  static auto& instance = *new ScriptedTransport;
-  return instance;
-}
-
-}  // namespace
-
-UrlTransport& defaultTransport() { return scriptedTransport(); }
-
-}  // namespace orivanta::network
-
-namespace orivanta {
-namespace {
-
-using network::UrlAnswer;
 
 struct Course {
   std::vector<std::string> requested;
@@ -140,11 +117,11 @@ void followChain(std::string_view script) {
     answers.push_back(takeAnswer(script));
     if (answers.back() && fuzz::linksStopTheProgram(answers.back()->response)) return;
   }
-  network::scriptedTransport().play(answers);
+  const auto transport = std::make_shared<ScriptedTransport>(answers);
   const auto course = std::make_shared<Course>();
   const auto released = std::make_shared<test::Latch>();
   auto token = test::opensWhenGone(released);
-  HttpSession("http://h/1/", "user", "secret", "en")
+  HttpSession("http://h/1/", "user", "secret", "en", transport)
       .get("node")
       .onPage(0,
               [course, token](int pages, const RawData&) {
@@ -155,7 +132,7 @@ void followChain(std::string_view script) {
       .onError([course, token](const foundation::Error&) { ++course->errors; });
   token.reset();
   ORIVANTA_REQUIRE(released->wait());
-  course->requested = network::scriptedTransport().requested();
+  course->requested = transport->requested();
   ORIVANTA_REQUIRE(*course == expectedCourse(answers, *foundation::Url::parse("http://h/1/node")));
 }
 

@@ -32,8 +32,9 @@ WebApiSession makeSession(const ApiSettings& settings) {
   takeCredentials(endpoint, username, password);
   const WebApiSession session(endpoint, username.value_or(""), password.value_or(""),
                               fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", ")),
-                              settings.observer, settings.loadBytes);
-  return session.withLowestRate(settings.lowestRate.value_or(session.lowestRate()));
+                              settings.observer, settings.loadBytes, settings.transport);
+  return session.withLowestRate(settings.lowestRate.value_or(session.lowestRate()))
+      .fillingActiveVenue();
 }
 
 }  // namespace

@@ -34,14 +34,18 @@ struct ApiSettings {
   std::size_t loadBytes = defaultLoadBytes;            ///< what one load may take; see WebApi.hpp
   /// The rate below which the loads that report fail; see `WebApiSession::withLowestRate`.
   std::optional<network::LowestRate> lowestRate = std::nullopt;
+  /// Carries out the requests of the session in place of libcurl; may be null. Floors and pictures
+  /// do not belong to the session: see `HttpDownloader` and `network::setDefaultTransport`.
+  std::shared_ptr<network::UrlTransport> transport = nullptr;
 };
 
 /// Takes effect if it is called before the first use of `APISession`, `getVenues` or `getVenue`.
 /// Must not be called at the same time as one of them.
 ORIVANTA_API void setApiSettings(ApiSettings settings);
 
-/// The session of `getVenues` and `getVenue`. The first call makes it of the settings, which are
-/// read once: later changes have no effect. Lives as long as the process. Any thread.
+/// The session of `getVenues` and `getVenue`, whose loads fill the active venue. The first call
+/// makes it of the settings, which are read once: later changes have no effect. Lives as long as
+/// the process. Any thread.
 ORIVANTA_API const WebApiSession& APISession();
 
 }  // namespace orivanta

@@ -60,6 +60,35 @@ std::shared_ptr<Directions> Directions::make(const std::optional<NodeList>& path
   return directions;
 }
 
+RouteEnd::RouteEnd(Location& start) : nodes(start.nodes), location(start.shared_from_this()) {}
+
+RouteEnd::RouteEnd(Node& node, std::shared_ptr<Location> namedLocation)
+    : nodes(listOf(node)), location(std::move(namedLocation)) {}
+
+RouteEnd::RouteEnd(NodeList nodeList, std::shared_ptr<Location> namedLocation)
+    : nodes(std::move(nodeList)), location(std::move(namedLocation)) {}
+
+std::shared_ptr<Directions> getDirections(const NavigationGraph& graph, const RouteEnd& from,
+                                          const RouteEnd& to) {
+  return Directions::make(AStar(from.nodes, to.nodes, graph), from.location, to.location);
+}
+
+std::shared_ptr<Directions> getDirections(const Venue& venue, const RouteEnd& from,
+                                          const RouteEnd& to) {
+  const auto graph = graphOf(venue);
+  return graph ? getDirections(*graph, from, to) : nullptr;
+}
+
+std::shared_ptr<Directions> directionsTo(const Venue& venue, const RouteEnd& from,
+                                         const RouteEnd& to) {
+  return getDirections(venue, from, to);
+}
+
+std::shared_ptr<Directions> directionsFrom(const Venue& venue, const RouteEnd& to,
+                                           const RouteEnd& from) {
+  return getDirections(venue, from, to);
+}
+
 std::shared_ptr<Directions> getDirections(const NodeList& starts, const NodeList& destinations,
                                           const LocationHandle& departFrom,
                                           const LocationHandle& arriveAt) {

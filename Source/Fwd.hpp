@@ -14,6 +14,7 @@ class NavigationGraph;
 class Node;
 class Polygon;
 class RawData;
+class RouteEnd;
 class Venue;
 class Vortex;
 

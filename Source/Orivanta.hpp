@@ -48,14 +48,18 @@ ORIVANTA_API void getVenue(const std::shared_ptr<Venue>& venue, bool accessible,
 ORIVANTA_API void getVenue(const std::shared_ptr<Venue>& venue,
                            std::function<void(std::shared_ptr<Venue>)> callback);
 
-/// As `getVenue`, through a session of the caller's own, for applications with several accounts.
+/// As `getVenue`, through a session of the caller's own. Unless that is `APISession`, or a session
+/// made by `WebApiSession::fillingActiveVenue`, the load fills `venue` alone: the active venue and
+/// all other venues stay as they are, so that several venues live side by side and may be loaded at
+/// the same time. Routes in them are found by the overloads of `getDirections` that take a venue.
 ORIVANTA_API void loadVenue(const WebApiSession& session, const std::shared_ptr<Venue>& venue,
                             bool accessible, std::function<void(std::shared_ptr<Venue>)> callback);
 
-/// As `getVenues` and `getVenue`, with word of how the load goes: a collection that failed is told
+/// As `getVenues` and `loadVenue`, and reports how the load goes: a collection that failed is told
 /// from one that is empty. A load whose pages do not end or come below the session's lowest rate,
 /// or that exceeds its budget of memory, is given up. A collection that a link or a redirect would
-/// lead from HTTPS to HTTP fails. The session's own observer is not told. Any thread.
+/// lead from HTTPS to HTTP fails. The session's own observer is not told. Any thread; the handlers
+/// say on which one they are called.
 ORIVANTA_API std::shared_ptr<LoadHandle> loadVenuesReporting(
     const WebApiSession& session, LoadHandlers<VenueListReport> handlers);
 ORIVANTA_API std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,

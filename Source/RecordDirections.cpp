@@ -40,6 +40,22 @@ std::shared_ptr<Directions> Location::directionsFrom(const NodeList& starts,
   return getDirections(starts, nodes, departFrom, shared_from_this());
 }
 
+std::shared_ptr<Directions> Location::directionsTo(const Venue& venue, const RouteEnd& to) {
+  return getDirections(venue, *this, to);
+}
+
+std::shared_ptr<Directions> Location::directionsFrom(const Venue& venue, const RouteEnd& from) {
+  return getDirections(venue, from, *this);
+}
+
+std::shared_ptr<Directions> Node::directionsTo(const Venue& venue, const RouteEnd& to) {
+  return getDirections(venue, *this, to);
+}
+
+std::shared_ptr<Directions> Node::directionsFrom(const Venue& venue, const RouteEnd& from) {
+  return getDirections(venue, from, *this);
+}
+
 std::shared_ptr<Directions> Node::directionsTo(Location& location,
                                                const LocationHandle& departFrom) {
   return orivanta::directionsTo(listOf(*this), location, departFrom);

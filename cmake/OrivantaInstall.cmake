@@ -52,8 +52,10 @@ install(FILES include/orivanta/orivanta.hpp include/orivanta/ui.hpp DESTINATION 
 foreach(
   header IN
   ITEMS Platform/Foundation/Bundle.hpp
+        Platform/Foundation/Cancellation.hpp
         Platform/Foundation/Diagnostics.hpp
         Platform/Foundation/Error.hpp
+        Platform/Foundation/Executor.hpp
         Platform/Foundation/Export.hpp
         Platform/Foundation/MainQueue.hpp
         Platform/Foundation/MemoryBudget.hpp
@@ -70,6 +72,7 @@ foreach(
         Platform/Graphics/Transaction.hpp
         Platform/Graphics/Vector.hpp
         Platform/Network/AwaitedRequests.hpp
+        Platform/Network/DefaultTransport.hpp
         Platform/Network/HttpUrlResponse.hpp
         Platform/Network/TransferRules.hpp
         Platform/Network/UrlSession.hpp

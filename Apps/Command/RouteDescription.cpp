@@ -11,6 +11,7 @@
 #include "Source/Directions.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
+#include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"

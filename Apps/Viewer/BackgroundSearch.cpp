@@ -1,8 +1,5 @@
 #include "Apps/Viewer/BackgroundSearch.hpp"
 
-#include <atomic>
-#include <cstdint>
-#include <optional>
 #include <utility>
 
 #include "Platform/Foundation/MainQueue.hpp"
@@ -10,52 +7,41 @@
 
 namespace orivanta::viewer {
 
-// What a search in the background uses; it may outlive the object that began it.
+// What the background uses; it may outlive the object that started it.
 struct BackgroundSearch::Work {
   std::shared_ptr<foundation::SerialQueue> queue = foundation::SerialQueue::make();
-  std::atomic<std::uint64_t> wanted = 0;  // the number of the newest search
-  std::atomic<bool> isOver = false;
-
-  // On the queue only. The index may be empty once `isOver` is true.
-  std::vector<std::shared_ptr<Location>> places;
-  std::unique_ptr<const PlaceSearch> index;
-
-  // Nothing if the search was replaced or ended.
-  std::optional<std::vector<PlaceGroup>> find(const std::string& typed, std::uint64_t number) {
-    if (!index) index = std::make_unique<PlaceSearch>(places, [this] { return isOver.load(); });
-    const auto isReplaced = [&] { return isOver || wanted != number; };
-    if (isReplaced()) return std::nullopt;
-    auto groups = index->find(typed, isReplaced);
-    return isReplaced() ? std::nullopt : std::optional(std::move(groups));
-  }
+  std::vector<std::shared_ptr<Location>> places;  // on the queue only, like the index
+  std::unique_ptr<const PlaceSearch> index;       // null before the first search
 };
 
 BackgroundSearch::BackgroundSearch(std::vector<std::shared_ptr<Location>> places, Found found)
-    : work_(std::make_shared<Work>()),
-      found_(std::make_shared<Found>([this, tell = std::move(found)](auto groups) {
-        isBusy_ = false;
-        tell(std::move(groups));
-      })) {
+    : work_(std::make_shared<Work>()), found_(std::move(found)) {
   work_->places = std::move(places);
 }
 
-BackgroundSearch::~BackgroundSearch() { work_->isOver = true; }
+BackgroundSearch::~BackgroundSearch() {
+  cancel();
+  indexing_.cancel();
+}
 
 void BackgroundSearch::start(std::string typed) {
+  cancel();
   isBusy_ = true;
-  work_->queue->async([work = work_, typed = std::move(typed), number = ++work_->wanted,
-                       found = std::weak_ptr(found_)] {
-    auto groups = work->find(typed, number);
-    if (!groups) return;
-    foundation::mainQueue::async([work, number, found, groups = std::move(*groups)]() mutable {
-      const auto tell = found.lock();
-      if (tell && work->wanted == number) (*tell)(std::move(groups));
+  work_->queue->async([this, work = work_, typed = std::move(typed), indexing = indexing_.token(),
+                       search = search_.token()] {
+    if (search.isCanceled()) return;
+    if (!work->index) work->index = std::make_unique<PlaceSearch>(work->places, indexing);
+    auto groups = work->index->find(typed, search);
+    foundation::mainQueue::async([this, search, groups = std::move(groups)]() mutable {
+      if (search.isCanceled()) return;  // then this object may be gone
+      isBusy_ = false;
+      found_(std::move(groups));
     });
   });
 }
 
 void BackgroundSearch::cancel() {
-  ++work_->wanted;
+  std::exchange(search_, {}).cancel();
   isBusy_ = false;
 }
 

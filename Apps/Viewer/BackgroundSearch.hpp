@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Source/Guidance/PlaceSearch.hpp"
 
 namespace orivanta::viewer {
@@ -33,7 +34,9 @@ class BackgroundSearch {
   struct Work;
 
   std::shared_ptr<Work> work_;
-  std::shared_ptr<Found> found_;
+  Found found_;
+  foundation::CancellationSource indexing_;
+  foundation::CancellationSource search_;  // the latest
   bool isBusy_ = false;
 };
 

@@ -34,23 +34,18 @@ std::string folderFor(const foundation::Url& url, const std::string& slug) {
 std::shared_ptr<const graphics::Image> fetchPicture(HttpDownloader& downloader,
                                                     const foundation::Url& url,
                                                     const std::string& folder,
-                                                    network::AwaitedRequests& requests) try {
+                                                    const network::AwaitedRequests& requests) try {
   if (!foundation::cachesDirectory()) return nullptr;
-  const std::string path = downloader.fetchFile(url, folder, requests).path;
-  if (path.empty()) return nullptr;
-  auto picture = graphics::readImage(path, 1.0, mostPixels);
-  if (!picture) HttpDownloader::forgetFile(path);
+  const auto file = downloader.fetchFile(url, folder, requests);
+  if (!file) return nullptr;
+  auto picture = graphics::readImage(file->path, 1.0, mostPixels);
+  if (!picture) HttpDownloader::forgetFile(file->path);
   return picture;
 } catch (const std::exception&) {
   return nullptr;  // no memory for it
 }
 
 }  // namespace
-
-struct PictureFetch::Request {
-  network::AwaitedRequests requests{network::strictRules(), mostBytes};
-  Arrived arrived;  // for the main thread
-};
 
 void PictureFetch::start(const Location& place, const std::string& slug,
                          std::shared_ptr<HttpDownloader> downloader, Arrived arrived) {
@@ -59,23 +54,21 @@ void PictureFetch::start(const Location& place, const std::string& slug,
   if (!pictures) return;
   const foundation::Url& url = (*pictures)[pictureSize];
   const auto mode = place.picture ? PictureMode::fill : PictureMode::fit;
-  request_ = std::make_shared<Request>();
-  request_->arrived = std::move(arrived);
-  foundation::SerialQueue::make()->async([request = request_, downloader = std::move(downloader),
-                                          url, folder = folderFor(url, slug), mode] {
-    const auto picture = fetchPicture(*downloader, url, folder, request->requests);
-    if (!picture) return;
-    foundation::mainQueue::async([request, mode, picture] {
-      if (request->arrived) request->arrived(picture, mode);
-    });
-  });
+  network::TransferOptions options{network::strictRules(), downloader->transport,
+                                   cancellation_.token()};
+  foundation::SerialQueue::make()->async(
+      [downloader = std::move(downloader), url, mode, folder = folderFor(url, slug),
+       options = std::move(options), arrived = std::move(arrived)]() mutable {
+        const auto picture =
+            fetchPicture(*downloader, url, folder, network::AwaitedRequests(options, mostBytes));
+        if (!picture) return;
+        foundation::mainQueue::async(
+            [cancellation = options.cancellation, arrived = std::move(arrived), mode, picture] {
+              if (!cancellation.isCanceled()) arrived(picture, mode);
+            });
+      });
 }
 
-void PictureFetch::cancel() {
-  const auto request = std::exchange(request_, nullptr);
-  if (!request) return;
-  request->arrived = nullptr;
-  request->requests.cancel();
-}
+void PictureFetch::cancel() { std::exchange(cancellation_, {}).cancel(); }
 
 }  // namespace orivanta::viewer

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "Apps/Viewer/Widgets/PictureView.hpp"
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/UI/MapDownloader.hpp"
 
@@ -27,10 +28,9 @@ class PictureFetch {
              std::shared_ptr<HttpDownloader> downloader, Arrived arrived);
 
  private:
-  struct Request;
   void cancel();
 
-  std::shared_ptr<Request> request_;  // the last one; null once it is canceled
+  foundation::CancellationSource cancellation_;  // of the latest request
 };
 
 }  // namespace orivanta::viewer

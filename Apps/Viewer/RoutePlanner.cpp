@@ -10,6 +10,7 @@
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
+#include "Source/Node.hpp"
 #include "Source/RouteSearch.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"

@@ -154,7 +154,7 @@ std::function<void()> Viewer::wayBack() {
 
 void Viewer::goBack() {
   if (!canGoBack()) return;
-  source_.release();
+  source_.cancel();
   if (venueView_) {
     venueView_->stopLoading();
     venueView_->removeFromSuperview();

@@ -6,6 +6,7 @@
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/Result.hpp"
 #include "Platform/Foundation/Url.hpp"
+#include "Platform/Network/UrlTransport.hpp"
 
 namespace orivanta::network {
 
@@ -13,6 +14,7 @@ namespace orivanta::network {
 /// redirects are followed, and a minute without a byte ends it; every status counts, so that the
 /// bytes may be those of an error page. Fails if the resource cannot be read to its end. Blocks the
 /// calling thread, which may be any but the one on which the transport reports.
-ORIVANTA_API foundation::Result<std::string> dataOfUrl(const foundation::Url& url);
+ORIVANTA_API foundation::Result<std::string> dataOfUrl(const foundation::Url& url,
+                                                       const TransferOptions& options = {});
 
 }  // namespace orivanta::network

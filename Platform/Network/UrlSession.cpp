@@ -1,11 +1,11 @@
 #include "Platform/Network/UrlSession.hpp"
 
-#include <algorithm>
 #include <new>
 #include <unordered_set>
 #include <utility>
 
 #include "Platform/Network/ContentDecoding.hpp"
+#include "Platform/Network/DefaultTransport.hpp"
 
 namespace orivanta::network {
 
@@ -28,8 +28,14 @@ std::shared_ptr<UrlSession> UrlSession::make(UrlSessionConfiguration configurati
                                              std::shared_ptr<UrlSessionDelegate> delegate) {
   std::shared_ptr<UrlSession> session(
       new UrlSession(std::move(configuration), std::move(delegate)));
-  const std::lock_guard lock(validSessions().mutex);
-  validSessions().sessions.insert(session);
+  {
+    const std::lock_guard lock(validSessions().mutex);
+    validSessions().sessions.insert(session);
+  }
+  session->registration_ =
+      session->configuration_.cancellation.onCancel([weak = std::weak_ptr(session)] {
+        if (const auto self = weak.lock()) self->invalidateAndCancel();
+      });
   return session;
 }
 
@@ -41,16 +47,14 @@ UrlSession::UrlSession(UrlSessionConfiguration configuration,
       delivered_(configuration_.rules.budget) {}
 
 void UrlSession::startDataTask(const foundation::Url& url) {
-  const std::lock_guard lock(mutex_);
-  if (!delegate_) return;
-  std::erase_if(transfers_, [](const auto& transfer) { return transfer.expired(); });
-  transfers_.push_back(
-      defaultTransport().start({url, configuration_.additionalHeaders, configuration_.rules},
-                               [self = shared_from_this()](UrlResult result) {
-                                 self->queue_->async([self, result = std::move(result)]() mutable {
-                                   self->deliver(std::move(result));
-                                 });
-                               }));
+  if (!isValid()) return;
+  orDefault(configuration_.transport)
+      ->start({url, configuration_.additionalHeaders, configuration_.rules, requests_.token()},
+              [self = shared_from_this()](UrlResult result) {
+                self->queue_->async([self, result = std::move(result)]() mutable {
+                  self->deliver(std::move(result));
+                });
+              });
 }
 
 void UrlSession::deliver(UrlResult result) {
@@ -83,14 +87,11 @@ void UrlSession::deliver(UrlResult result) {
 void UrlSession::invalidateAndCancel() {
   std::shared_ptr<UrlSession> self;
   std::shared_ptr<UrlSessionDelegate> released;
-  std::vector<std::weak_ptr<UrlTransfer>> cancelled;
   {
     const std::lock_guard lock(mutex_);
     released.swap(delegate_);
-    cancelled.swap(transfers_);
   }
-  for (const auto& transfer : cancelled)
-    if (const auto running = transfer.lock()) running->cancel();
+  requests_.cancel();
   if (released)
     queue_->async([delegate = std::move(released)] { delegate->didBecomeInvalid(std::nullopt); });
   const std::lock_guard lock(validSessions().mutex);

@@ -1,5 +1,13 @@
-// The port to an HTTP client: start a GET request, cancel it. Adapters live in folders of their
-// own; the one that is linked in defines `defaultTransport`.
+// The port to an HTTP client, and the transports that applications put in the place of libcurl: for
+// a proxy, for pinned certificates, or to answer without a network, as here.
+//
+//   struct Offline : network::UrlTransport {
+//     void start(network::UrlRequest request, Completion completed) override {
+//       completed(network::UrlAnswer{{request.url, 200, {}}, fileFor(request.url)});
+//     }
+//   };
+//   setApiSettings({.endpoint = endpoint, .transport = std::make_shared<Offline>()});
+// Public header.
 #pragma once
 
 #include <functional>
@@ -8,7 +16,7 @@
 #include <utility>
 #include <vector>
 
-#include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Platform/Foundation/MemoryBudget.hpp"
 #include "Platform/Foundation/Result.hpp"
 #include "Platform/Foundation/Url.hpp"
@@ -23,6 +31,7 @@ struct UrlRequest {
   foundation::Url url;
   HeaderFields headerFields;
   TransferRules rules = {};
+  foundation::CancellationToken cancellation = {};
 };
 
 /// What the server answered.
@@ -36,26 +45,24 @@ struct UrlAnswer {
 /// How a request ended.
 using UrlResult = foundation::Result<UrlAnswer>;
 
-/// One running request. Dropping the handle does not cancel it.
-class UrlTransfer {
- public:
-  virtual ~UrlTransfer() = default;
-  /// The callback will not be called after this has returned, unless it is being called just now.
-  /// Any thread.
-  virtual void cancel() = 0;
-};
-
 class UrlTransport {
  public:
+  using Completion = std::function<void(UrlResult)>;
+
   virtual ~UrlTransport() = default;
 
-  /// Starts a GET request and returns at once. `completed` is called exactly once, on a thread of
-  /// the transport, unless the transfer is canceled first; it must return quickly. Any thread.
-  virtual std::shared_ptr<UrlTransfer> start(UrlRequest request,
-                                             std::function<void(UrlResult)> completed) = 0;
+  /// Starts a GET request, whose header fields and rules it follows, and returns at once. Calls
+  /// `completed` once, on any thread and possibly before it returns. A request that is canceled
+  /// should end soon; then `completed` need not be called. `completed` returns quickly. Any thread,
+  /// several at once.
+  virtual void start(UrlRequest request, Completion completed) = 0;
 };
 
-/// The process-wide transport. Any thread.
-ORIVANTA_API UrlTransport& defaultTransport();
+/// How the requests of a session are carried out.
+struct TransferOptions {
+  TransferRules rules = {};
+  std::shared_ptr<UrlTransport> transport = nullptr;  ///< null for the default transport
+  foundation::CancellationToken cancellation = {};    ///< ends the requests
+};
 
 }  // namespace orivanta::network

@@ -129,7 +129,7 @@ Size SpriteNode::size() const { return read(size_); }
 
 void SpriteNode::setSize(Size size) {
   size = {std::max(0.0, size.width), std::max(0.0, size.height)};
-  assign(size_, size);
+  swapGuarded(size_, size);
 }
 
 Rect SpriteNode::localFrame() const { return centred(size()); }

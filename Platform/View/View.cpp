@@ -78,7 +78,7 @@ double View::alpha() const { return read(alpha_); }
 
 void View::setAlpha(double alpha) {
   alpha = std::clamp(alpha, 0.0, 1.0);
-  assign(alpha_, alpha);
+  graphics::swapGuarded(alpha_, alpha);
 }
 
 std::optional<graphics::Color> View::backgroundColor() const { return read(backgroundColor_); }

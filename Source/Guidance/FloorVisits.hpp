@@ -9,6 +9,7 @@
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/Guidance/Floors.hpp"
+#include "Source/NodeList.hpp"
 
 namespace orivanta {
 

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <iterator>
-#include <mutex>
 #include <new>
 #include <stdexcept>
 #include <utility>
@@ -14,13 +13,6 @@
 namespace orivanta {
 
 namespace {
-
-// Held during the joins of any load, never while the application is called back. Never destroyed:
-// loads may be under way when the process ends.
-std::mutex& joinsMutex() {
-  static auto& mutex = *new std::mutex;
-  return mutex;
-}
 
 CollectionDictionary emptyCollections() {
   CollectionDictionary collections;
@@ -74,7 +66,6 @@ void VenueLoad::collectionReady() {
 }
 
 void VenueLoad::runJoins() {
-  const std::lock_guard lock(joinsMutex());
   const bool gateOpen = collections_.locations && collections_.categories && collections_.maps &&
                         collections_.nodes && collections_.vortices;
   for (Join& join : joins_)

@@ -11,8 +11,8 @@
 
 namespace orivanta {
 
-/// Kept alive by whoever still has an answer to deliver. One thread at a time; several loads may
-/// run at once, on one thread each. The joins of all loads run one after the other.
+/// Kept alive by whoever still has an answer to deliver. One thread at a time. Several loads may
+/// run at once, on one thread each.
 class VenueLoad {
  public:
   struct Options {

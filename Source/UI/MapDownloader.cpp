@@ -17,7 +17,7 @@
 #include "Platform/Foundation/SerialQueue.hpp"
 #include "Platform/Network/ContentDecoding.hpp"
 #include "Platform/Network/DataOfUrl.hpp"
-#include "Platform/Network/UrlTransport.hpp"
+#include "Platform/Network/DefaultTransport.hpp"
 #include "Source/UI/Floors/KeptFile.hpp"
 
 namespace orivanta {
@@ -144,7 +144,7 @@ std::optional<std::string> HttpDownloader::loadFileSync(const foundation::Url& u
   const fs::path folder = folderAt(path);
   const fs::path file = fileFor(url, folder);
   if (isCached(file)) return file.string();
-  const auto bytes = network::dataOfUrl(url);
+  const auto bytes = network::dataOfUrl(url, {{}, transport});
   if (!bytes) return std::nullopt;
   makeFolder(folder);
   if (!saved(file, *bytes)) return std::nullopt;
@@ -157,7 +157,7 @@ void HttpDownloader::loadFileAsync(const foundation::Url& url, Completion comple
   if (isCached(file)) return completion(file.string(), std::nullopt);
   // Inflating, writing and the completion take longer than the transport's thread may be held.
   const auto queue = foundation::SerialQueue::make();
-  network::defaultTransport().start(
+  network::orDefault(transport)->start(
       {url, {}}, [queue, path = file.string(),
                   completion = std::move(completion)](network::UrlResult result) mutable {
         queue->async([result = std::move(result), path = std::move(path),
@@ -168,7 +168,7 @@ void HttpDownloader::loadFileAsync(const foundation::Url& url, Completion comple
 }
 
 foundation::Result<HttpDownloader::Fetched> HttpDownloader::fetchFile(
-    const foundation::Url& url, const std::string& path, network::AwaitedRequests& requests) {
+    const foundation::Url& url, const std::string& path, const network::AwaitedRequests& requests) {
   const std::string& address = url.absoluteString();
   const auto failed = [&](std::string_view flaw) {
     return foundation::failure("fetch", 0, fmt::format("{} {}", address, flaw));

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
@@ -21,14 +23,19 @@ namespace orivanta {
 /// without a caches directory are fatal errors.
 ///
 /// Requests carry no credentials. Two downloads of one file at once both write it, and it stays
-/// whole. What happens is told as diagnostic lines. Without state; any thread.
+/// whole. What happens is told as diagnostic lines. Immutable; any thread.
 class ORIVANTA_API HttpDownloader {
  public:
+  /// Without a transport requests use the default one.
+  explicit HttpDownloader(std::shared_ptr<network::UrlTransport> transportToUse = nullptr)
+      : transport(std::move(transportToUse)) {}
   /// The path of the file, and an error when that was not written.
   using Completion =
       std::function<void(const std::string& path, const std::optional<foundation::Error>& error)>;
 
   virtual ~HttpDownloader() = default;
+
+  const std::shared_ptr<network::UrlTransport> transport;  ///< null for the default transport
 
   /// The path of the file in the folder `path` of the caches directory, one or several names
   /// separated by slashes; blocks while it is fetched. Whatever answers counts, an error page as
@@ -63,7 +70,7 @@ class ORIVANTA_API HttpDownloader {
   /// the server has a problem of its own (a status of 408, 429 or from 500), nothing or a web page
   /// comes in place of the file, or the new file cannot be saved.
   virtual foundation::Result<Fetched> fetchFile(const foundation::Url& url, const std::string& path,
-                                                network::AwaitedRequests& requests);
+                                                const network::AwaitedRequests& requests);
 
   /// The folder in which the files of a venue are kept apart from those of other servers: a name
   /// made of the URL's scheme, host and port, and one made of the slug. For `fetchFile`.

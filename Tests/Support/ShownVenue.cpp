@@ -24,7 +24,7 @@ class LocalFiles : public HttpDownloader {
     return (folder_ / std::filesystem::path(url.path()).filename()).string();
   }
   foundation::Result<Fetched> fetchFile(const foundation::Url& url, const std::string& folder,
-                                        network::AwaitedRequests&) override {
+                                        const network::AwaitedRequests&) override {
     return Fetched{*loadFileSync(url, folder)};
   }
 

@@ -4,6 +4,7 @@
 #include "Platform/Foundation/Bundle.hpp"
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Screen.hpp"
+#include "Platform/Network/DefaultTransport.hpp"
 #include "Source/Attribution.hpp"
 #include "Source/Category.hpp"
 #include "Source/Directions.hpp"

@@ -45,17 +45,24 @@ std::string headerLine(const std::string& name, const std::string& value) {
 
 }  // namespace
 
-// Everything but `cancelled_` belongs to the loop's thread once the transfer is pending.
-class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_this<Transfer> {
+// Everything but `canceled_` belongs to the loop's thread once the transfer is pending.
+class CurlLoop::Transfer : public std::enable_shared_from_this<Transfer> {
  public:
-  Transfer(CurlLoop& loop, UrlRequest request, std::function<void(UrlResult)> completed)
+  Transfer(CurlLoop& loop, UrlRequest request, UrlTransport::Completion completed)
       : loop_(loop), request_(std::move(request)), completed_(std::move(completed)) {
     if (const auto& budget = request_.rules.budget)
       answer_.share = std::make_shared<foundation::BudgetShare>(budget);
   }
 
-  void cancel() override {
-    cancelled_ = true;
+  // Called before the transfer is pending.
+  void followCancellation() {
+    registration_ = request_.cancellation.onCancel([weak = weak_from_this()] {
+      if (const auto self = weak.lock()) self->cancel();
+    });
+  }
+
+  void cancel() {
+    canceled_ = true;
     loop_.cancel(shared_from_this());
   }
 
@@ -163,8 +170,9 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
 
   CurlLoop& loop_;
   UrlRequest request_;
-  std::function<void(UrlResult)> completed_;
-  std::atomic<bool> cancelled_ = false;
+  UrlTransport::Completion completed_;
+  std::atomic<bool> canceled_ = false;
+  foundation::CancellationRegistration registration_;
   UrlAnswer answer_;
   std::optional<foundation::Error> error_;
   CURL* handle_ = nullptr;
@@ -194,21 +202,20 @@ CurlLoop::CurlLoop() {
   thread_ = std::thread([this] { run(); });
 }
 
-std::shared_ptr<UrlTransfer> CurlLoop::start(UrlRequest request,
-                                             std::function<void(UrlResult)> completed) {
+void CurlLoop::start(UrlRequest request, UrlTransport::Completion completed) {
   auto transfer = std::make_shared<Transfer>(*this, std::move(request), std::move(completed));
+  transfer->followCancellation();
   {
     const std::lock_guard lock(mutex_);
-    pending_.push_back(transfer);
+    pending_.push_back(std::move(transfer));
   }
   curl_multi_wakeup(multi_);
-  return transfer;
 }
 
 void CurlLoop::cancel(std::shared_ptr<Transfer> transfer) {
   {
     const std::lock_guard lock(mutex_);
-    cancelled_.push_back(std::move(transfer));
+    canceled_.push_back(std::move(transfer));
   }
   curl_multi_wakeup(multi_);
 }
@@ -217,7 +224,7 @@ void CurlLoop::run() {
   blockSignals();
   for (;;) {
     startPending();
-    stopCancelled();
+    stopCanceled();
     int runningCount = 0;
     curl_multi_perform(multi_, &runningCount);
     finishCompleted();
@@ -232,14 +239,14 @@ void CurlLoop::startPending() {
     starting.swap(pending_);
   }
   for (const auto& transfer : starting)
-    if (!transfer->cancelled_) begin(transfer);
+    if (!transfer->canceled_) begin(transfer);
 }
 
-void CurlLoop::stopCancelled() {
+void CurlLoop::stopCanceled() {
   std::vector<std::shared_ptr<Transfer>> stopping;
   {
     const std::lock_guard lock(mutex_);
-    stopping.swap(cancelled_);
+    stopping.swap(canceled_);
   }
   for (const auto& transfer : stopping)
     if (running_.erase(transfer) > 0) release(*transfer);
@@ -338,7 +345,7 @@ void CurlLoop::finish(Transfer& transfer, int outcome) {
   transfer.answer_.response.url = transfer.currentUrl();
   release(transfer);
   running_.erase(owner);
-  if (!transfer.cancelled_)
+  if (!transfer.canceled_)
     transfer.completed_(transfer.error_
                             ? UrlResult(foundation::failure(std::move(*transfer.error_)))
                             : UrlResult(std::move(transfer.answer_)));

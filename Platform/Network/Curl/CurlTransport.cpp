@@ -1,8 +1,8 @@
 // The HTTP client behind the port: libcurl.
 #include <utility>
 
+#include "Platform/Network/BuiltInTransport.hpp"
 #include "Platform/Network/Curl/CurlLoop.hpp"
-#include "Platform/Network/UrlTransport.hpp"
 
 namespace orivanta::network {
 
@@ -10,16 +10,15 @@ namespace {
 
 class CurlTransport : public UrlTransport {
  public:
-  std::shared_ptr<UrlTransfer> start(UrlRequest request,
-                                     std::function<void(UrlResult)> completed) override {
-    return CurlLoop::shared().start(std::move(request), std::move(completed));
+  void start(UrlRequest request, Completion completed) override {
+    CurlLoop::shared().start(std::move(request), std::move(completed));
   }
 };
 
 }  // namespace
 
-UrlTransport& defaultTransport() {
-  static auto& instance = *new CurlTransport;
+std::shared_ptr<UrlTransport> builtInTransport() {
+  static const auto& instance = *new auto(std::make_shared<CurlTransport>());
   return instance;
 }
 

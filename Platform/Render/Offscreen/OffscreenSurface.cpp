@@ -43,7 +43,7 @@ struct OffscreenSurface::Context {
 namespace {
 
 auto error(std::string_view what, EGLint code = eglGetError()) {
-  return {"EGL", code, std::string(what)};
+  return foundation::failure("EGL", code, std::string(what));
 }
 
 bool hasExtension(EGLDisplay display, std::string_view name) {

@@ -31,7 +31,7 @@ struct WindowSurface::State {
 namespace {
 
 auto error(std::string_view what) {
-  return {"SDL", 1, fmt::format("{}: {}", what, SDL_GetError())};
+  return foundation::failure("SDL", 1, fmt::format("{}: {}", what, SDL_GetError()));
 }
 
 constexpr std::string_view noScreen = "there is no screen to open a window on";

@@ -14,6 +14,7 @@
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/Guidance/FloorVisits.hpp"
+#include "Source/NodeList.hpp"
 
 namespace orivanta {
 

@@ -20,11 +20,10 @@ constexpr std::size_t mostThreads = 4;
 
 }  // namespace
 
-std::shared_ptr<FileFetch> FileFetch::start(std::vector<File> files,
-                                            std::shared_ptr<HttpDownloader> downloader,
-                                            Reports reports) {
-  std::shared_ptr<FileFetch> fetch(
-      new FileFetch(std::move(files), std::move(downloader), std::move(reports)));
+void FileFetch::start(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader,
+                      foundation::CancellationToken cancellation, Reports reports) {
+  const std::shared_ptr<FileFetch> fetch(new FileFetch(
+      std::move(files), std::move(downloader), std::move(cancellation), std::move(reports)));
   const auto work = [fetch] { fetch->work(); };
   try {
     for (std::size_t i = 0; i < std::min(mostThreads, fetch->files_.size()); ++i)
@@ -32,32 +31,18 @@ std::shared_ptr<FileFetch> FileFetch::start(std::vector<File> files,
   } catch (const std::system_error&) {  // as many threads as there may be
     boost::asio::post(foundation::backgroundPool(), work);
   }
-  return fetch;
 }
 
 FileFetch::FileFetch(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader,
-                     Reports reports)
-    : files_(std::move(files)), downloader_(std::move(downloader)), reports_(std::move(reports)) {}
-
-void FileFetch::cancel() {
-  {
-    const std::lock_guard lock(mutex_);
-    next_ = files_.size() + 1;
-  }
-  requests_.cancel();
-}
-
-bool FileFetch::isCancelled() const {
-  const std::lock_guard lock(mutex_);
-  return next_ > files_.size();
-}
+                     foundation::CancellationToken cancellation, Reports reports)
+    : files_(std::move(files)),
+      downloader_(std::move(downloader)),
+      reports_(std::move(reports)),
+      cancellation_(std::move(cancellation)),
+      requests_({network::strictRules(), downloader_->transport, cancellation_}, mostFileBytes) {}
 
 void FileFetch::work() {
-  const auto take = [this] {
-    const std::lock_guard lock(mutex_);
-    return next_ < files_.size() ? next_++ : files_.size();
-  };
-  for (std::size_t i = take(); i < files_.size(); i = take()) {
+  for (std::size_t i = next_++; i < files_.size() && !cancellation_.isCanceled(); i = next_++) {
     reports_.began(i);
     reports_.ended(i, fetch(files_[i]));
   }

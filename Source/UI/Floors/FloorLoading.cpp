@@ -85,16 +85,15 @@ void FloorLoading::onMainQueue(std::weak_ptr<FloorLoading> load, Step step) {
 void FloorLoading::start() {
   const std::weak_ptr<FloorLoading> weak = weak_from_this();
   onMainQueue(weak, [](FloorLoading& self) { self.announce(); });
-  fetch_ = FileFetch::start(
-      files_, view_.lock()->downloader,
-      {[weak](std::size_t file) {
-         onMainQueue(weak, [file](FloorLoading& self) { self.fileBegan(file); });
-       },
-       [weak](std::size_t file, FileFetch::Outcome outcome) {
-         onMainQueue(weak, [file, outcome = std::move(outcome)](FloorLoading& self) {
-           self.fileEnded(file, outcome);
-         });
-       }});
+  FileFetch::start(files_, view_.lock()->downloader, cancellation_.token(),
+                   {[weak](std::size_t file) {
+                      onMainQueue(weak, [file](FloorLoading& self) { self.fileBegan(file); });
+                    },
+                    [weak](std::size_t file, FileFetch::Outcome outcome) {
+                      onMainQueue(weak, [file, outcome = std::move(outcome)](FloorLoading& self) {
+                        self.fileEnded(file, outcome);
+                      });
+                    }});
 }
 
 void FloorLoading::cancel() {
@@ -159,9 +158,9 @@ void FloorLoading::read(Floor& floor) {
   boost::asio::post(
       foundation::backgroundPool(),
       [weak = weak_from_this(), index = static_cast<std::size_t>(&floor - floors_.data()),
-       loader = view->assetLoader, fetch = fetch_, path = paths_[model],
+       loader = view->assetLoader, cancellation = cancellation_.token(), path = paths_[model],
        address = files_[model].url.absoluteString(), budget = pictures_] {
-        if (fetch->isCancelled()) return;
+        if (cancellation.isCanceled()) return;
         FloorPictures pictures(budget);
         Model read{readModel(*loader, path, address), {}};
         read.remarks = pictures.remarks();
@@ -229,7 +228,7 @@ void FloorLoading::endIfDone() {
 // Ends the load. The application's handle to it keeps neither handlers nor downloader alive.
 std::shared_ptr<FloorLoadHandlers> FloorLoading::release() {
   const auto self = shared_from_this();
-  if (const auto fetch = std::exchange(fetch_, nullptr)) fetch->cancel();
+  cancellation_.cancel();
   const auto view = view_.lock();  // kept until the stage has been told
   if (view) stage_.ended(*self);
   return std::exchange(handlers_, nullptr);

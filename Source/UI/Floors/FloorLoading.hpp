@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Platform/Foundation/Result.hpp"
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/UI/AssetLoader.hpp"
@@ -76,7 +77,7 @@ class FloorLoading : public FloorLoad, public std::enable_shared_from_this<Floor
   std::vector<FileFetch::File> files_;
   std::vector<std::string> paths_;  // of the files; empty for those that are not there
   std::shared_ptr<PictureBudget> pictures_;
-  std::shared_ptr<FileFetch> fetch_;
+  const foundation::CancellationSource cancellation_;
   bool sceneStarted_ = false;
 };
 

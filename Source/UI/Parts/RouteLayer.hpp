@@ -5,6 +5,7 @@
 
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
 
 namespace orivanta {
 

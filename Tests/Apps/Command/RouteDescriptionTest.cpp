@@ -5,6 +5,8 @@
 #include "Apps/Command/Json.hpp"
 #include "Apps/Command/Places.hpp"
 #include "Source/Directions.hpp"
+#include "Source/NavigationGraph.hpp"
+#include "Source/Node.hpp"
 #include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta::command {

@@ -239,8 +239,8 @@ TEST_F(ViewerTest, GoesBackToTheListAtAnyMomentAndLetsGoOfTheVenue) {
     viewer.keyPressed({Key::enter});
     for (std::size_t k = 0; k <= i; ++k) stage.until(moments[k]);
     const std::weak_ptr<VenueView> view = viewer.venueView();
-    const std::weak_ptr<Venue> venue = activeVenue;
-    EXPECT_EQ(activeVenue->slug, i == 0 ? "first" : "second");
+    const std::weak_ptr<Venue> venue = viewer.venueView()->venue();
+    EXPECT_EQ(venue.lock()->slug, i == 0 ? "first" : "second");
     if (i + 1 == std::size(moments)) {
       viewer.venueView()->select(stage.place("kindling"));
       viewer.keyPressed({Key::escape});

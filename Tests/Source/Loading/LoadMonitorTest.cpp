@@ -26,10 +26,11 @@ class Ending {
                                     std::function<void(const LoadProgress&)> progressed = {},
                                     network::LowestRate lowestRate = {}) const {
     return std::make_shared<LoadMonitor>(
-        "http://h/1/", collections, lowestRate, std::move(progressed),
-        [told = told_](std::vector<LoadFailure> failures, bool complete) {
-          told.give({std::move(failures), complete});
-        });
+        "http://h/1/", collections, lowestRate,
+        LoadMonitor::Handlers{std::move(progressed),
+                              [told = told_](std::vector<LoadFailure> failures, bool complete) {
+                                told.give({std::move(failures), complete});
+                              }});
   }
   Told take() const { return told_.take(); }
 
@@ -131,7 +132,7 @@ TEST(LoadMonitor, CountsUntilItEnds) {
   const Ending ending;
   const auto load =
       ending.load(6, [&](const LoadProgress& progress) { steps.push_back(progress); });
-  load->start([] { return std::vector<WebApiSession::Request>(); });
+  load->start();
   load->pageReceived("map", responseFrom("http://h/1/map", 500), 10);
   load->pageReceived("node", responseFrom("http://h/1/node", 200), 5);
   load->collectionEnded("map", {});

@@ -30,7 +30,7 @@ class HoldingDownloader : public HttpDownloader {
   explicit HoldingDownloader(std::shared_ptr<HttpDownloader> source) : source_(std::move(source)) {}
 
   foundation::Result<Fetched> fetchFile(const Url& url, const std::string& folder,
-                                        network::AwaitedRequests& requests) override {
+                                        const network::AwaitedRequests& requests) override {
     const std::string name = *url.lastPathComponent();
     if (const auto latch = held.find(name); latch != held.end()) {
       if (!latch->second->wait()) return foundation::failure("", 0, "no patience");

@@ -19,10 +19,9 @@ namespace {
 class FileFetchTest : public testing::Test {
  protected:
   // Begins to fetch a file of the server.
-  std::shared_ptr<FileFetch> start(const std::string& path,
-                                   std::function<void(std::size_t, FileFetch::Outcome)> ended) {
-    return FileFetch::start({{*foundation::Url::parse(server.root(path)), "maps"}},
-                            std::make_shared<HttpDownloader>(), {[](auto) {}, std::move(ended)});
+  void start(const std::string& path, std::function<void(std::size_t, FileFetch::Outcome)> ended) {
+    FileFetch::start({{*foundation::Url::parse(server.root(path)), "maps"}},
+                     std::make_shared<HttpDownloader>(), {}, {[](auto) {}, std::move(ended)});
   }
 
   FileFetch::Outcome fetch(const std::string& address, const std::string& folder) {
