@@ -1,6 +1,7 @@
 // Undoing the compression of a received body.
 #pragma once
 
+#include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/Result.hpp"
 #include "Platform/Network/UrlTransport.hpp"
 
@@ -10,6 +11,6 @@ namespace orivanta::network {
 /// "identity", or if the body is damaged or decodes to more than 512 MiB. Throws `BudgetExceeded`
 /// if the decoded body exceeds the request's budget. Takes a while for a large body, so do not call
 /// it on the transport's thread.
-foundation::Result<void> decodeBody(UrlAnswer& answer);
+ORIVANTA_API foundation::Result<void> decodeBody(UrlAnswer& answer);
 
 }  // namespace orivanta::network

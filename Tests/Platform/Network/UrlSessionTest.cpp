@@ -117,13 +117,6 @@ TEST(UrlSession, FieldsBehindTheBodyDoNotCount) {
   EXPECT_EQ(recorded.get(server.root("/a")).response.headerField("Link"), "<a>; rel=next");
 }
 
-TEST(UrlSession, AnEmptyBodyIsNoDamageWhateverItsEncoding) {
-  MisbehavingServer server;
-  server.on("/a", Answer::json("").with("Content-Encoding", "gzip"));
-  Recorded recorded;
-  EXPECT_FALSE(recorded.get(server.root("/a")).error);
-}
-
 TEST(UrlSession, RefusesABodyThatInflatesBeyondTheLimit) {
   // Gzip members may follow one another: 33 of 16 MiB each go beyond 512 MiB.
   const std::string member = test::gzipped(std::string(16U << 20U, ' '));
@@ -133,7 +126,9 @@ TEST(UrlSession, RefusesABodyThatInflatesBeyondTheLimit) {
   server.on("/bomb", bomb);
   bomb.body = member + member;
   server.on("/large", bomb);
+  server.on("/empty", Answer::json("").with("Content-Encoding", "gzip"));
   Recorded recorded;
+  EXPECT_FALSE(recorded.get(server.root("/empty")).error);
   const auto report = recorded.get(server.root("/bomb"));
   ASSERT_TRUE(report.error);
   EXPECT_EQ(report.error->domain, "http");

@@ -23,11 +23,10 @@ class Ending {
   using Told = std::pair<std::vector<LoadFailure>, bool>;
 
   std::shared_ptr<LoadMonitor> load(std::size_t collections,
-                                    std::function<void(const LoadProgress&)> progressed = {},
                                     network::LowestRate lowestRate = {}) const {
     return std::make_shared<LoadMonitor>(
         "http://h/1/", collections, lowestRate,
-        LoadMonitor::Handlers{std::move(progressed),
+        LoadMonitor::Handlers{nullptr,
                               [told = told_](std::vector<LoadFailure> failures, bool complete) {
                                 told.give({std::move(failures), complete});
                               }});
@@ -109,7 +108,7 @@ TEST(LoadMonitor, GivesUpLoadsThatDoNotEnd) {
   };
   for (const auto& test : cases) {
     const Ending ending;
-    const auto load = ending.load(6, {}, test.lowestRate);
+    const auto load = ending.load(6, test.lowestRate);
     // Every page answers from one URL, as behind a redirect.
     for (std::size_t page = 0; page < test.nextPages.size(); ++page) {
       std::string next = test.nextPages[page];
@@ -125,30 +124,6 @@ TEST(LoadMonitor, GivesUpLoadsThatDoNotEnd) {
       EXPECT_EQ(failure.reason, test.reason);
     }
   }
-}
-
-TEST(LoadMonitor, CountsUntilItEnds) {
-  std::vector<LoadProgress> steps;
-  const Ending ending;
-  const auto load =
-      ending.load(6, [&](const LoadProgress& progress) { steps.push_back(progress); });
-  load->start();
-  load->pageReceived("map", responseFrom("http://h/1/map", 500), 10);
-  load->pageReceived("node", responseFrom("http://h/1/node", 200), 5);
-  load->collectionEnded("map", {});
-  int done = 0;
-  load->unlessOver([&] { ++done; });
-  load->finish();
-  load->pageReceived("node", responseFrom("http://h/1/node?page=2", 200), 5);
-  EXPECT_EQ(ending.take().first.size(), 1U);
-  load->unlessOver([&] { ++done; });
-  EXPECT_EQ(done, 1) << "not once it is over";
-  ASSERT_EQ(steps.size(), 4U);
-  EXPECT_EQ(steps[0].pages, 0U);
-  EXPECT_EQ(steps[3].collectionsDone, 1U);
-  EXPECT_EQ(steps[3].collections, 6U);
-  EXPECT_EQ(steps[3].pages, 2U);
-  EXPECT_EQ(steps[3].bytes, 15U);
 }
 
 }  // namespace
