@@ -51,9 +51,8 @@ int main(int argc, char** argv) {
   while (labels.arrange()) {
   }
 
-  const auto made = render::OffscreenSurface::make(800, 600);
-  if (made.index() != 0) return fail("this machine cannot draw");
-  const auto& surface = std::get<0>(made);
-  render::Renderer().render(*mapView, size, 1, 0.0, surface->framebuffer());
-  return graphics::writePng(*surface->read(), "map.png") ? 1 : 0;
+  const auto surface = render::OffscreenSurface::make(800, 600);
+  if (!surface) return fail("this machine cannot draw");
+  render::Renderer().render(*mapView, size, 1, 0.0, (*surface)->framebuffer());
+  return graphics::writePng(*(*surface)->read(), "map.png") ? 0 : 1;
 }

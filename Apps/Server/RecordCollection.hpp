@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "Source/Fwd.hpp"
+#include "Source/Collections.hpp"
 
 namespace orivanta::server {
 

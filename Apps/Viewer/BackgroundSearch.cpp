@@ -1,47 +1,59 @@
 #include "Apps/Viewer/BackgroundSearch.hpp"
 
+#include <optional>
 #include <utility>
 
 #include "Platform/Foundation/MainQueue.hpp"
-#include "Platform/Foundation/SerialQueue.hpp"
 
 namespace orivanta::viewer {
 
-// What the background uses; it may outlive the object that started it.
+// What searches use on the queue; it may outlive the object that started them.
 struct BackgroundSearch::Work {
-  std::shared_ptr<foundation::SerialQueue> queue = foundation::SerialQueue::make();
-  std::vector<std::shared_ptr<Location>> places;  // on the queue only, like the index
-  std::unique_ptr<const PlaceSearch> index;       // null before the first search
+  std::vector<std::shared_ptr<Location>> places;
+  std::unique_ptr<const PlaceSearch> index;  // null until the first search
+  foundation::CancellationSource end;        // of all work; the index may be empty then
+
+  // Nothing if the search was canceled.
+  std::optional<std::vector<PlaceGroup>> find(const std::string& typed,
+                                              const foundation::CancellationToken& token) {
+    if (token.isCanceled()) return std::nullopt;
+    if (!index) index = std::make_unique<PlaceSearch>(places, end.token());
+    auto groups = index->find(typed, token);
+    return token.isCanceled() ? std::nullopt : std::optional(std::move(groups));
+  }
 };
 
 BackgroundSearch::BackgroundSearch(std::vector<std::shared_ptr<Location>> places, Found found)
-    : work_(std::make_shared<Work>()), found_(std::move(found)) {
+    : work_(std::make_shared<Work>()),
+      found_(std::make_shared<Found>([this, tell = std::move(found)](auto groups) {
+        isBusy_ = false;
+        tell(std::move(groups));
+      })) {
   work_->places = std::move(places);
 }
 
 BackgroundSearch::~BackgroundSearch() {
   cancel();
-  indexing_.cancel();
+  work_->end.cancel();
 }
 
 void BackgroundSearch::start(std::string typed) {
   cancel();
+  search_ = foundation::CancellationSource();
   isBusy_ = true;
-  work_->queue->async([this, work = work_, typed = std::move(typed), indexing = indexing_.token(),
-                       search = search_.token()] {
-    if (search.isCanceled()) return;
-    if (!work->index) work->index = std::make_unique<PlaceSearch>(work->places, indexing);
-    auto groups = work->index->find(typed, search);
-    foundation::mainQueue::async([this, search, groups = std::move(groups)]() mutable {
-      if (search.isCanceled()) return;  // then this object may be gone
-      isBusy_ = false;
-      found_(std::move(groups));
+  queue_->async([work = work_, typed = std::move(typed), token = search_.token(),
+                 found = std::weak_ptr(found_)] {
+    auto groups = work->find(typed, token);
+    if (!groups) return;
+    foundation::mainQueue::async([token, found, groups = std::move(*groups)]() mutable {
+      const auto tell = found.lock();
+      if (tell && !token.isCanceled()) (*tell)(std::move(groups));
     });
   });
 }
 
 void BackgroundSearch::cancel() {
-  std::exchange(search_, {}).cancel();
+  search_.cancel();
   isBusy_ = false;
 }
 

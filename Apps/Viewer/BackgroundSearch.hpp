@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Platform/Foundation/Cancellation.hpp"
+#include "Platform/Foundation/SerialQueue.hpp"
 #include "Source/Guidance/PlaceSearch.hpp"
 
 namespace orivanta::viewer {
@@ -33,10 +34,10 @@ class BackgroundSearch {
  private:
   struct Work;
 
-  std::shared_ptr<Work> work_;
-  Found found_;
-  foundation::CancellationSource indexing_;
-  foundation::CancellationSource search_;  // the latest
+  const std::shared_ptr<foundation::SerialQueue> queue_ = foundation::SerialQueue::make();
+  const std::shared_ptr<Work> work_;  // for the queue
+  const std::shared_ptr<Found> found_;
+  foundation::CancellationSource search_;  // the last one
   bool isBusy_ = false;
 };
 

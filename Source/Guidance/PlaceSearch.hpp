@@ -27,7 +27,7 @@ class ORIVANTA_API PlaceSearch {
   /// Places without nodes and without polygons are left out. If it is canceled, the index is
   /// empty.
   explicit PlaceSearch(const std::vector<std::shared_ptr<Location>>& places,
-                       const foundation::CancellationToken& cancellation = {});
+                       const foundation::CancellationToken& token = {});
 
   /// The places that match, in one group: the best match first, then by name. A match with the name
   /// comes before one with a category, and that before a name that is only near the typed text. If
@@ -35,7 +35,7 @@ class ORIVANTA_API PlaceSearch {
   /// its name; places without a category come last. Empty if nothing matches or if the search is
   /// canceled.
   std::vector<PlaceGroup> find(std::string_view typed,
-                               const foundation::CancellationToken& cancellation = {}) const;
+                               const foundation::CancellationToken& token = {}) const;
 
  private:
   struct Entry {
@@ -49,7 +49,7 @@ class ORIVANTA_API PlaceSearch {
   };
 
   void addPlaces(const std::vector<std::shared_ptr<Location>>& places,
-                 const foundation::CancellationToken& cancellation);
+                 const foundation::CancellationToken& token);
   void sort();
   std::vector<PlaceGroup> all() const;
 
