@@ -52,6 +52,7 @@ install(FILES include/orivanta/orivanta.hpp include/orivanta/ui.hpp DESTINATION 
 foreach(
   header IN
   ITEMS Platform/Foundation/Bundle.hpp
+        Platform/Foundation/Cancellation.hpp
         Platform/Foundation/Diagnostics.hpp
         Platform/Foundation/Error.hpp
         Platform/Foundation/Export.hpp
