@@ -1,4 +1,4 @@
-// Searches a place, shows the way from it to a tapped one, and draws the map without a screen.
+// Searches a place, shows the way to it when it is tapped, and draws the map without a screen.
 #include <cstdlib>
 #include <iostream>
 #include <orivanta/ui.hpp>
@@ -27,26 +27,26 @@ int main(int argc, char** argv) {
   while (!loaded && foundation::mainQueue::wait(60)) foundation::mainQueue::drain();
   if (!mapView->currentMap()) return fail("no floor to draw");
 
-  // The place that is looked for, on its floor.
+  // The place that is looked for, in the middle of the view, on its floor.
   const auto found = PlaceSearch(*mapView->venue->locations).find(argc > 1 ? argv[1] : "");
   if (found.empty()) return fail("no such place");
   const auto place = found.front().places.front();
   mapView->changeMap(floorsOf(*place).front());
-  mapView->camera().fit(CameraMotion::atOnce);
+  mapView->camera().frame({mapView->findPosition3D(*place)}, aroundPlace, CameraMotion::atOnce);
 
-  // A tap shows the way from the place to what is tapped; here it comes in the middle.
+  // A tap shows the way from the venue's first place; here it comes in the middle.
   std::unique_ptr<RouteOverlay> route;
+  const auto from = mapView->venue->locations->front();
   mapView->placeTapped = [&](const auto& tapped) {
-    const auto directions =
-        tapped ? getDirections(place->nodes, tapped->nodes, place, tapped) : nullptr;
-    if (!directions) return;
-    std::cout << *place->name << " to " << *tapped->name << '\n';
-    route = std::make_unique<RouteOverlay>(mapView, directions->path, place, tapped);
-    route->show(1);
+    const auto way = tapped ? from->directionsTo(*tapped) : nullptr;
+    if (way) route = std::make_unique<RouteOverlay>(mapView, way->path, from, tapped);
+    if (route) route->show(1);
   };
   view::TouchDispatcher fingers(mapView);
   for (const auto phase : {view::TouchPhase::began, view::TouchPhase::ended})
     fingers.dispatch({1, phase, {size.width / 2, size.height / 2}, 0.0});
+  mapView->camera().fit(CameraMotion::atOnce);
+  if (route) route->arrange();
   LabelLayer labels(mapView, 1);
   while (labels.arrange()) {
   }
