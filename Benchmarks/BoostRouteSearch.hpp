@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Source/NavigationGraph.hpp"
+#include "Source/Node.hpp"
 
 namespace orivanta::benchmarks {
 

@@ -27,7 +27,7 @@ void load(benchmark::State& state) {
   AssetLoader loader;
   for (auto _ : state) {
     const auto floor = loader.readModel(url);
-    benchmark::DoNotOptimize(scene::Batch::make(*std::get<0>(floor)));
+    benchmark::DoNotOptimize(scene::Batch::make(*floor.value()));
   }
 }
 BENCHMARK(load)->Name("Floor.load");

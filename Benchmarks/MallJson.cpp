@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "Source/Map.hpp"
+#include "Source/Node.hpp"
 #include "Source/Vortex.hpp"
 #include "Tests/Support/Networks.hpp"
 

@@ -44,7 +44,7 @@ void readAgain(benchmark::State& state, const Read& read) {
 void withLibrary(benchmark::State& state) {
   readAgain(state, [](const WrittenModel& written) -> std::optional<scene::obj::Model> {
     auto read = scene::obj::readModel(written.file());
-    if (auto* model = std::get_if<scene::obj::Model>(&read)) return std::move(*model);
+    if (read) return std::move(*read);
     return std::nullopt;
   });
 }

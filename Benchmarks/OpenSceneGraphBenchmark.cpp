@@ -19,8 +19,8 @@ struct Picture {
 
 Picture pictureOfTheLibrary() {
   auto surface = render::OffscreenSurface::make(1280, 800);
-  if (!std::holds_alternative<std::unique_ptr<render::OffscreenSurface>>(surface)) return {};
-  Stage stage(std::move(std::get<0>(surface)));
+  if (!surface) return {};
+  Stage stage(std::move(*surface));
   stage.draw();
   return {stage.coverage(), stage.statistics().shadowMapSide};
 }

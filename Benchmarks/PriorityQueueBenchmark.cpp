@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "Source/Node.hpp"
 #include "Source/Routing/PriorityQueue.hpp"
 #include "Tests/Support/LiteralPriorityQueue.hpp"
 #include "Tests/Support/Networks.hpp"

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "Benchmarks/BoostRouteSearch.hpp"
+#include "Source/Node.hpp"
 #include "Source/RouteSearch.hpp"
 #include "Tests/Support/ListRouteSearch.hpp"
 #include "Tests/Support/Networks.hpp"

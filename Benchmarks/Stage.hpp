@@ -70,11 +70,11 @@ class Stage {
 template <class Act>
 void onStage(benchmark::State& state, const Act& act) {
   auto surface = render::OffscreenSurface::make(1280, 800);
-  if (const auto* error = std::get_if<foundation::Error>(&surface)) {
-    state.SkipWithError(error->description.c_str());
+  if (!surface) {
+    state.SkipWithError(surface.error().description.c_str());
     return;
   }
-  Stage stage(std::move(std::get<0>(surface)));
+  Stage stage(std::move(*surface));
   act(stage);
 }
 

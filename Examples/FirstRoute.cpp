@@ -9,7 +9,7 @@ using namespace orivanta;
 
 int main() {
   if (const char* const endpoint = std::getenv("ORIVANTA_ENDPOINT"))
-    setApiSettings({endpoint, {}, {}, nullptr});
+    setApiSettings({.endpoint = endpoint});
   std::promise<int> exitCode;
   getVenues([&](const auto& venues) {
     if (venues.empty()) {

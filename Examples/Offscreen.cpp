@@ -21,27 +21,28 @@ int main() {
   constexpr graphics::Size size{800, 600};  // points
   constexpr double scale = 2;               // pixels per point
   const char* const endpoint = std::getenv("ORIVANTA_ENDPOINT");
-  if (endpoint != nullptr) setApiSettings({endpoint, {}, {}, nullptr});
+  if (endpoint != nullptr) setApiSettings({.endpoint = endpoint});
   foundation::setDiagnosticSink([](std::string_view) {});
 
   const auto mapView = MapView::make({{0, 0}, size});
   bool ended = false;
   const auto showFloors = [&](const VenueLoadReport& report) {
     tell(report.failures);
-    foundation::mainQueue::async([&, venue = report.venue] {
-      mapView->venue = venue;
-      mapView->loadFloors({{}, [&](const auto& floors) {
-                             for (const FloorProgress& floor : floors) tell(floor.problem);
-                             ended = true;
-                           }});
-    });
+    mapView->venue = report.venue;
+    mapView->loadFloors({{}, [&](const auto& floors) {
+                           for (const FloorProgress& floor : floors) tell(floor.problem);
+                           ended = true;
+                         }});
   };
   const auto showFirstVenue = [&](const VenueListReport& report) {
     tell(report.failures);
-    if (report.venues.empty()) return foundation::mainQueue::async([&] { ended = true; });
-    loadVenueReporting(APISession(), report.venues.front(), /*accessible=*/false, {{}, showFloors});
+    ended = report.venues.empty();
+    if (ended) return;
+    loadVenueReporting(APISession(), report.venues.front(), /*accessible=*/false,
+                       {.ended = showFloors, .executor = foundation::mainQueue::async});
   };
-  loadVenuesReporting(APISession(), {{}, showFirstVenue});
+  loadVenuesReporting(APISession(),
+                      {.ended = showFirstVenue, .executor = foundation::mainQueue::async});
   while (!ended) {
     foundation::mainQueue::wait(1.0);
     foundation::mainQueue::drain();
@@ -51,17 +52,17 @@ int main() {
     return 1;
   }
 
-  auto made = render::OffscreenSurface::make(static_cast<std::uint32_t>(size.width * scale),
-                                             static_cast<std::uint32_t>(size.height * scale));
-  if (const auto* error = std::get_if<foundation::Error>(&made)) {
-    std::cerr << error->description << '\n';
+  const auto made = render::OffscreenSurface::make(static_cast<std::uint32_t>(size.width * scale),
+                                                   static_cast<std::uint32_t>(size.height * scale));
+  if (!made) {
+    std::cerr << made.error().description << '\n';
     return 1;
   }
-  const auto& surface = std::get<0>(made);
+  const auto& surface = *made;
   render::Renderer renderer;
   renderer.render(*mapView, size, scale, 0.0, surface->framebuffer());
-  if (const auto error = graphics::writePng(*surface->read(scale), "floor.png")) {
-    std::cerr << error->description << '\n';
+  if (const auto written = graphics::writePng(*surface->read(scale), "floor.png"); !written) {
+    std::cerr << written.error().description << '\n';
     return 1;
   }
   std::cout << "floor.png\n";

@@ -13,18 +13,19 @@ double now() { return static_cast<double>(SDL_GetTicks64()) / 1000; }
 
 /// Loads the first venue into the map view, from background threads to the main queue.
 void showFirstVenue(const std::shared_ptr<MapView>& mapView) {
-  getVenues([mapView](const auto& venues) {
-    if (venues.empty()) {
+  const auto showFloors = [mapView](const VenueLoadReport& report) {
+    mapView->venue = report.venue;
+    mapView->loadFloors({});
+  };
+  const auto loadFirst = [showFloors](const VenueListReport& report) {
+    if (report.venues.empty()) {
       std::cerr << "no venue; is ORIVANTA_ENDPOINT set?\n";
       return;
     }
-    getVenue(venues.front(), [mapView](const auto& venue) {
-      foundation::mainQueue::async([mapView, venue] {
-        mapView->venue = venue;
-        mapView->loadFloors({});
-      });
-    });
-  });
+    loadVenueReporting(APISession(), report.venues.front(), /*accessible=*/false,
+                       {.ended = showFloors, .executor = foundation::mainQueue::async});
+  };
+  loadVenuesReporting(APISession(), {.ended = loadFirst, .executor = foundation::mainQueue::async});
 }
 
 /// Ends the wait for events when something is to be drained.
@@ -60,7 +61,7 @@ void sendTouch(const SDL_Event& event, graphics::Size size, view::TouchDispatche
 
 int main() {
   const char* const endpoint = std::getenv("ORIVANTA_ENDPOINT");
-  if (endpoint != nullptr) setApiSettings({endpoint, {}, {}, nullptr});
+  if (endpoint != nullptr) setApiSettings({.endpoint = endpoint});
   SDL_SetHint(SDL_HINT_OPENGL_ES_DRIVER, "1");
   SDL_SetHint(SDL_HINT_MOUSE_TOUCH_EVENTS, "1");
   if (SDL_Init(SDL_INIT_VIDEO) != 0 || std::atexit(SDL_Quit) != 0) return 1;
@@ -78,22 +79,23 @@ int main() {
   render::Renderer renderer;
   wakeWithEvents();
   showFirstVenue(mapView);
-  for (bool open = true, moves = true; open;) {
+  for (bool open = true; open;) {
     int width = 0;
     int height = 0;
     SDL_GetWindowSize(window, &width, &height);
     const graphics::Size size{static_cast<double>(width), static_cast<double>(height)};
     SDL_Event event;
-    int came = moves ? SDL_PollEvent(&event) : SDL_WaitEvent(&event);
+    int came = mapView->needsFrame() ? SDL_PollEvent(&event) : SDL_WaitEvent(&event);
     for (; came == 1; came = SDL_PollEvent(&event)) {
       sendTouch(event, size, fingers);
       open = open && event.type != SDL_QUIT;
+      if (event.type == SDL_WINDOWEVENT) view::View::setNeedsFrame();
     }
     foundation::mainQueue::drain();
     mapView->setFrame({{0, 0}, size});
+    if (!mapView->needsFrame()) continue;
     renderer.render(*mapView, size, 1.0, now());
     SDL_GL_SwapWindow(window);
-    moves = mapView->currentPath || mapView->activityIndicator->isAnimating();
   }
   foundation::mainQueue::setWake(nullptr);
 }

@@ -11,6 +11,7 @@
 #include <charconv>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -22,66 +23,44 @@
 #include "Source/HttpSession.hpp"
 #include "Tests/Support/Awaited.hpp"
 
-namespace orivanta::network {
+namespace orivanta {
 namespace {
 
-class NoTransfer : public UrlTransfer {
- public:
-  void cancel() override {}
-};
+using network::UrlAnswer;
+using network::UrlResult;
 
 // Responds to every request immediately.
-class ScriptedTransport : public UrlTransport {
+class ScriptedTransport : public network::UrlTransport {
  public:
-  void play(std::vector<UrlResult> answers) {
-    const std::lock_guard lock(mutex_);
-    answers_ = std::move(answers);
-    requested_.clear();
-  }
+  // A missing response means a broken connection.
+  explicit ScriptedTransport(std::vector<std::optional<UrlAnswer>> answers)
+      : answers_(std::move(answers)) {}
 
   std::vector<std::string> requested() {
     const std::lock_guard lock(mutex_);
     return requested_;
   }
 
-  std::shared_ptr<UrlTransfer> start(UrlRequest request,
-                                     std::function<void(UrlResult)> completed) override {
+  void start(network::UrlRequest request, Completion completed) override {
     completed(answer(request.url));
-    return std::make_shared<NoTransfer>();
   }
-
-  std::optional<foundation::Error> decodeBody(UrlResult&) override { return std::nullopt; }
 
  private:
   UrlResult answer(const foundation::Url& url) {
     const std::lock_guard lock(mutex_);
     requested_.push_back(url.absoluteString());
-    if (requested_.size() > answers_.size()) return {foundation::Error{"lost", 1, ""}, {}, {}};
-    UrlResult result = answers_[requested_.size() - 1];
-    if (!result.response.headerField("At")) result.response.url = url;
-    return result;
+    const std::size_t number = requested_.size();
+    if (number > answers_.size() || !answers_[number - 1])
+      return foundation::failure("lost", 1, "");
+    UrlAnswer answer = *answers_[number - 1];
+    if (!answer.response.headerField("At")) answer.response.url = url;
+    return answer;
   }
 
+  const std::vector<std::optional<UrlAnswer>> answers_;
   std::mutex mutex_;
-  std::vector<UrlResult> answers_;
   std::vector<std::string> requested_;
 };
-
-ScriptedTransport& scriptedTransport() {
-  static auto& instance = *new ScriptedTransport;
-  return instance;
-}
-
-}  // namespace
-
-UrlTransport& defaultTransport() { return scriptedTransport(); }
-
-}  // namespace orivanta::network
-
-namespace orivanta {
-namespace {
-
-using network::UrlResult;
 
 struct Course {
   std::vector<std::string> requested;
@@ -92,11 +71,11 @@ struct Course {
   friend bool operator==(const Course&, const Course&) = default;
 };
 
-UrlResult takeAnswer(std::string_view& script) {
-  UrlResult answer;
+std::optional<UrlAnswer> takeAnswer(std::string_view& script) {
+  UrlAnswer answer;
   std::string_view text = fuzz::takeUpTo("\n%%\n", script);
   const std::string_view status = fuzz::takeUpTo("\n", text);
-  if (status == "lost") answer.error = foundation::Error{"lost", 1, ""};
+  if (status == "lost") return std::nullopt;
   std::from_chars(status.data(), status.data() + status.size(), answer.response.statusCode);
   for (;;) {
     std::string_view line = fuzz::takeUpTo("\n", text);
@@ -110,17 +89,18 @@ UrlResult takeAnswer(std::string_view& script) {
 }
 
 // The expected behavior of the chain.
-Course expectedCourse(const std::vector<UrlResult>& answers, foundation::Url url) {
+Course expectedCourse(const std::vector<std::optional<UrlAnswer>>& answers, foundation::Url url) {
   Course course;
   for (;;) {
     course.requested.push_back(url.absoluteString());
-    const bool answered = course.requested.size() <= answers.size();
-    UrlResult answer = answered ? answers[course.requested.size() - 1] : UrlResult();
-    if (!answer.response.headerField("At")) answer.response.url = url;
-    if (!answered || answer.error || !RawData::parse(answer.body)) {
+    const std::size_t number = course.requested.size();
+    const bool isAnswered = number <= answers.size() && answers[number - 1];
+    if (!isAnswered || !RawData::parse(answers[number - 1]->body)) {
       course.errors = 1;
       return course;
     }
+    UrlAnswer answer = *answers[number - 1];
+    if (!answer.response.headerField("At")) answer.response.url = url;
     ++course.folds;
     const auto next = detail::nextPage(answer.response);
     if (!next) {
@@ -132,16 +112,16 @@ Course expectedCourse(const std::vector<UrlResult>& answers, foundation::Url url
 }
 
 void followChain(std::string_view script) {
-  std::vector<UrlResult> answers;
+  std::vector<std::optional<UrlAnswer>> answers;
   while (!script.empty()) {
     answers.push_back(takeAnswer(script));
-    if (fuzz::linksStopTheProgram(answers.back().response)) return;
+    if (answers.back() && fuzz::linksStopTheProgram(answers.back()->response)) return;
   }
-  network::scriptedTransport().play(answers);
+  const auto transport = std::make_shared<ScriptedTransport>(answers);
   const auto course = std::make_shared<Course>();
   const auto released = std::make_shared<test::Latch>();
   auto token = test::opensWhenGone(released);
-  HttpSession("http://h/1/", "user", "secret", "en")
+  HttpSession("http://h/1/", "user", "secret", "en", transport)
       .get("node")
       .onPage(0,
               [course, token](int pages, const RawData&) {
@@ -152,7 +132,7 @@ void followChain(std::string_view script) {
       .onError([course, token](const foundation::Error&) { ++course->errors; });
   token.reset();
   ORIVANTA_REQUIRE(released->wait());
-  course->requested = network::scriptedTransport().requested();
+  course->requested = transport->requested();
   ORIVANTA_REQUIRE(*course == expectedCourse(answers, *foundation::Url::parse("http://h/1/node")));
 }
 

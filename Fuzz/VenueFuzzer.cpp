@@ -31,7 +31,7 @@ Collection<Record> recordsOf(const RawData& elements) {
 // last.
 void loadCollections(const RawData& body) {
   activeVenue = Venue::make(*RawData::parse(R"({"id": "", "slug": "", "name": ""})"));
-  VenueLoad load(body["accessible"].bool_().value_or(false), [](const auto&) {});
+  VenueLoad load(body["accessible"].bool_().value_or(false), fillActiveVenue, [](const auto&) {});
   const bool polygonsLast = body["polygonsLast"].bool_().value_or(false);
   const auto receivePolygons = [&] {
     load.receive(&CollectionDictionary::polygons, recordsOf<Polygon>(body["polygon"]));

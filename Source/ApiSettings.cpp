@@ -5,9 +5,8 @@
 
 #include <utility>
 
-#include "Platform/Foundation/Bundle.hpp"
 #include "Platform/Foundation/Languages.hpp"
-#include "Platform/Foundation/PropertyList.hpp"
+#include "Source/SettingSources.hpp"
 
 namespace orivanta {
 
@@ -19,11 +18,6 @@ namespace {
 ApiSettings& applicationSettings() {
   static auto& settings = *new ApiSettings;
   return settings;
-}
-
-const std::vector<std::filesystem::path>& plistPaths() {
-  static const auto& paths = *new auto(foundation::mainBundleFiles("plist"));
-  return paths;
 }
 
 std::optional<std::string> setting(const std::optional<std::string>& given, const char* key) {
@@ -38,32 +32,12 @@ WebApiSession makeSession(const ApiSettings& settings) {
   takeCredentials(endpoint, username, password);
   const WebApiSession session(endpoint, username.value_or(""), password.value_or(""),
                               fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", ")),
-                              settings.observer, settings.loadBytes);
-  return session.withLowestRate(settings.lowestRate.value_or(session.lowestRate()));
+                              settings.observer, settings.loadBytes, settings.transport);
+  return session.withLowestRate(settings.lowestRate.value_or(session.lowestRate()))
+      .fillingActiveVenue();
 }
 
 }  // namespace
-
-std::optional<std::string> settingFromPropertyLists(const std::string& key) {
-  for (const auto& path : plistPaths()) {
-    const auto entries = foundation::readPropertyList(path);
-    if (!entries) continue;
-    const auto entry = entries->find(key);
-    if (entry != entries->end() && entry->second) return entry->second;
-  }
-  return std::nullopt;
-}
-
-void takeCredentials(std::string& endpoint, std::optional<std::string>& username,
-                     std::optional<std::string>& password) {
-  const auto url = foundation::Url::parse(endpoint);
-  const auto credentials = url ? url->credentials() : std::nullopt;
-  if (!credentials) return;
-  endpoint = url->withoutCredentials().absoluteString();
-  if (username) return;
-  username = credentials->first;
-  if (!password) password = credentials->second;
-}
 
 void setApiSettings(ApiSettings settings) { applicationSettings() = std::move(settings); }
 

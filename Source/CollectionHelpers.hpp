@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "Source/Collections.hpp"
 #include "Source/Fwd.hpp"
 
 namespace orivanta {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "Source/Loading/ActiveVenue.hpp"
+#include "Source/Loading/VenuePublishing.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
@@ -11,16 +11,16 @@
 
 namespace orivanta {
 
-using Place = std::shared_ptr<Location>;
+using LocationHandle = std::shared_ptr<Location>;
 
 namespace {
 
 NodeList listOf(Node& node) { return {node.shared_from_this()}; }
 
 Direction namedDirection(const std::shared_ptr<Node>& node,
-                         std::shared_ptr<const Direction::Action> action, const Place& place,
-                         const char* verb) {
-  return {node, std::move(action), place, verb + place->name.value_or("nil")};
+                         std::shared_ptr<const Direction::Action> action,
+                         const LocationHandle& location, const char* verb) {
+  return {node, std::move(action), location, verb + location->name.value_or("nil")};
 }
 
 }  // namespace
@@ -46,7 +46,8 @@ Direction::Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action>
     : Direction(std::move(atNode), std::move(whatToDo), nullptr, nullptr, std::move(text)) {}
 
 std::shared_ptr<Directions> Directions::make(const std::optional<NodeList>& path,
-                                             const Place& departFrom, const Place& arriveAt) {
+                                             const LocationHandle& departFrom,
+                                             const LocationHandle& arriveAt) {
   if (!path || path->empty()) return nullptr;
   auto directions = std::make_shared<Directions>();
   directions->path = *path;
@@ -59,110 +60,93 @@ std::shared_ptr<Directions> Directions::make(const std::optional<NodeList>& path
   return directions;
 }
 
+RouteEnd::RouteEnd(Location& start) : nodes(start.nodes), location(start.shared_from_this()) {}
+
+RouteEnd::RouteEnd(Node& node, std::shared_ptr<Location> namedLocation)
+    : nodes(listOf(node)), location(std::move(namedLocation)) {}
+
+RouteEnd::RouteEnd(NodeList nodeList, std::shared_ptr<Location> namedLocation)
+    : nodes(std::move(nodeList)), location(std::move(namedLocation)) {}
+
+std::shared_ptr<Directions> getDirections(const NavigationGraph& graph, const RouteEnd& from,
+                                          const RouteEnd& to) {
+  return Directions::make(AStar(from.nodes, to.nodes, graph), from.location, to.location);
+}
+
+std::shared_ptr<Directions> getDirections(const Venue& venue, const RouteEnd& from,
+                                          const RouteEnd& to) {
+  const auto graph = graphOf(venue);
+  return graph ? getDirections(*graph, from, to) : nullptr;
+}
+
+std::shared_ptr<Directions> directionsTo(const Venue& venue, const RouteEnd& from,
+                                         const RouteEnd& to) {
+  return getDirections(venue, from, to);
+}
+
+std::shared_ptr<Directions> directionsFrom(const Venue& venue, const RouteEnd& to,
+                                           const RouteEnd& from) {
+  return getDirections(venue, from, to);
+}
+
 std::shared_ptr<Directions> getDirections(const NodeList& starts, const NodeList& destinations,
-                                          const Place& departFrom, const Place& arriveAt) {
+                                          const LocationHandle& departFrom,
+                                          const LocationHandle& arriveAt) {
   const auto graph = activeGraph();
   if (!graph) return nullptr;
   return Directions::make(AStar(starts, destinations, *graph), departFrom, arriveAt);
 }
 
 std::shared_ptr<Directions> getDirections(Node& start, const NodeList& destinations,
-                                          const Place& departFrom, const Place& arriveAt) {
+                                          const LocationHandle& departFrom,
+                                          const LocationHandle& arriveAt) {
   return getDirections(listOf(start), destinations, departFrom, arriveAt);
 }
 
 std::shared_ptr<Directions> getDirections(const NodeList& starts, Node& destination,
-                                          const Place& departFrom, const Place& arriveAt) {
+                                          const LocationHandle& departFrom,
+                                          const LocationHandle& arriveAt) {
   return getDirections(starts, listOf(destination), departFrom, arriveAt);
 }
 
-std::shared_ptr<Directions> getDirections(Node& start, Node& destination, const Place& departFrom,
-                                          const Place& arriveAt) {
+std::shared_ptr<Directions> getDirections(Node& start, Node& destination,
+                                          const LocationHandle& departFrom,
+                                          const LocationHandle& arriveAt) {
   return getDirections(listOf(start), listOf(destination), departFrom, arriveAt);
 }
 
 std::shared_ptr<Directions> directionsTo(const NodeList& starts, Location& location,
-                                         const Place& departFrom) {
+                                         const LocationHandle& departFrom) {
   return getDirections(starts, location.nodes, departFrom, location.shared_from_this());
 }
 
 std::shared_ptr<Directions> directionsTo(const NodeList& starts, Node& node,
-                                         const Place& departFrom, const Place& arriveAt) {
+                                         const LocationHandle& departFrom,
+                                         const LocationHandle& arriveAt) {
   return getDirections(starts, node, departFrom, arriveAt);
 }
 
 std::shared_ptr<Directions> directionsTo(const NodeList& starts, const NodeList& nodes,
-                                         const Place& departFrom, const Place& arriveAt) {
+                                         const LocationHandle& departFrom,
+                                         const LocationHandle& arriveAt) {
   return getDirections(starts, nodes, departFrom, arriveAt);
 }
 
 std::shared_ptr<Directions> directionsFrom(const NodeList& destinations, Location& location,
-                                           const Place& arriveAt) {
+                                           const LocationHandle& arriveAt) {
   return getDirections(location.nodes, destinations, location.shared_from_this(), arriveAt);
 }
 
 std::shared_ptr<Directions> directionsFrom(const NodeList& destinations, Node& node,
-                                           const Place& departFrom, const Place& arriveAt) {
+                                           const LocationHandle& departFrom,
+                                           const LocationHandle& arriveAt) {
   return getDirections(node, destinations, departFrom, arriveAt);
 }
 
 std::shared_ptr<Directions> directionsFrom(const NodeList& destinations, const NodeList& nodes,
-                                           const Place& departFrom, const Place& arriveAt) {
+                                           const LocationHandle& departFrom,
+                                           const LocationHandle& arriveAt) {
   return getDirections(nodes, destinations, departFrom, arriveAt);
-}
-
-std::shared_ptr<Directions> Location::directionsTo(Location& location) {
-  return getDirections(nodes, location.nodes, shared_from_this(), location.shared_from_this());
-}
-
-std::shared_ptr<Directions> Location::directionsTo(Node& node, const Place& arriveAt) {
-  return getDirections(nodes, node, shared_from_this(), arriveAt);
-}
-
-std::shared_ptr<Directions> Location::directionsTo(const NodeList& destinations,
-                                                   const Place& arriveAt) {
-  return getDirections(nodes, destinations, shared_from_this(), arriveAt);
-}
-
-std::shared_ptr<Directions> Location::directionsFrom(Location& location) {
-  return location.directionsTo(*this);
-}
-
-std::shared_ptr<Directions> Location::directionsFrom(Node& node, const Place& departFrom) {
-  return getDirections(node, nodes, departFrom, shared_from_this());
-}
-
-std::shared_ptr<Directions> Location::directionsFrom(const NodeList& starts,
-                                                     const Place& departFrom) {
-  return getDirections(starts, nodes, departFrom, shared_from_this());
-}
-
-std::shared_ptr<Directions> Node::directionsTo(Location& location, const Place& departFrom) {
-  return orivanta::directionsTo(listOf(*this), location, departFrom);
-}
-
-std::shared_ptr<Directions> Node::directionsTo(Node& node, const Place& departFrom,
-                                               const Place& arriveAt) {
-  return getDirections(*this, node, departFrom, arriveAt);
-}
-
-std::shared_ptr<Directions> Node::directionsTo(const NodeList& nodes, const Place& departFrom,
-                                               const Place& arriveAt) {
-  return getDirections(*this, nodes, departFrom, arriveAt);
-}
-
-std::shared_ptr<Directions> Node::directionsFrom(Location& location, const Place& arriveAt) {
-  return orivanta::directionsFrom(listOf(*this), location, arriveAt);
-}
-
-std::shared_ptr<Directions> Node::directionsFrom(Node& node, const Place& departFrom,
-                                                 const Place& arriveAt) {
-  return getDirections(node, *this, departFrom, arriveAt);
-}
-
-std::shared_ptr<Directions> Node::directionsFrom(const NodeList& nodes, const Place& departFrom,
-                                                 const Place& arriveAt) {
-  return getDirections(nodes, *this, departFrom, arriveAt);
 }
 
 }  // namespace orivanta

@@ -8,6 +8,7 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
 
 namespace orivanta {
 
@@ -73,6 +74,29 @@ class ORIVANTA_API Directions {
   std::vector<Direction> directions;
 };
 
+/// Where a route starts or ends: at any of some nodes. The location, if there is one, is named in
+/// the directions.
+class ORIVANTA_API RouteEnd {
+ public:
+  // Not explicit, so that calls may name a location, a node or a list.
+  RouteEnd(Location& location);                                                    // NOLINT
+  RouteEnd(Node& node, std::shared_ptr<Location> namedLocation = nullptr);         // NOLINT
+  RouteEnd(NodeList nodeList, std::shared_ptr<Location> namedLocation = nullptr);  // NOLINT
+
+  NodeList nodes;
+  std::shared_ptr<Location> location;
+};
+
+/// Searches a route over a graph, or over the graph of any loaded venue, active or not. Null when
+/// there is none, when either end has no nodes or when the venue has no graph. Runs on the calling
+/// thread. Any thread, several at once, also while venues are loaded.
+///
+///   getDirections(*venue, *shop, *cafe);
+ORIVANTA_API std::shared_ptr<Directions> getDirections(const NavigationGraph& graph,
+                                                       const RouteEnd& from, const RouteEnd& to);
+ORIVANTA_API std::shared_ptr<Directions> getDirections(const Venue& venue, const RouteEnd& from,
+                                                       const RouteEnd& to);
+
 /// Searches a route over the active venue's graph, from any of the start nodes to any of the
 /// destinations. Null when there is none, when either list is empty or when the venue has no graph.
 /// Stops the program when no venue is active.
@@ -96,7 +120,7 @@ ORIVANTA_API std::shared_ptr<Directions> getDirections(
     Node& start, Node& destination, const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 
-// Routes between a list of nodes and a place, a node or another list; see `getDirections`.
+// Routes between a list of nodes and a location, a node or another list; see `getDirections`.
 ORIVANTA_API std::shared_ptr<Directions> directionsTo(
     const NodeList& starts, Location& location,
     const std::shared_ptr<Location>& departFrom = nullptr);
@@ -117,5 +141,11 @@ ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
     const NodeList& destinations, const NodeList& nodes,
     const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
+
+/// The same in any loaded venue.
+ORIVANTA_API std::shared_ptr<Directions> directionsTo(const Venue& venue, const RouteEnd& from,
+                                                      const RouteEnd& to);
+ORIVANTA_API std::shared_ptr<Directions> directionsFrom(const Venue& venue, const RouteEnd& to,
+                                                        const RouteEnd& from);
 
 }  // namespace orivanta

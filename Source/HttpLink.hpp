@@ -11,6 +11,7 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
+#include "Source/Collections.hpp"
 #include "Source/Fwd.hpp"
 
 namespace orivanta {

@@ -6,7 +6,6 @@
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Source/HttpLink.hpp"
-#include "Source/Json/JsonDocument.hpp"
 
 namespace orivanta {
 
@@ -52,23 +51,27 @@ ChainHandle::ChainHandle(const ChainLinks& links)
 }
 
 ChainLinks chainLinks(const foundation::Url& url, const std::string& authString,
-                      const std::string& language, const network::TransferRules& rules) {
+                      const std::string& language, const network::TransferOptions& options) {
   auto delegate = std::make_shared<CustomUrlSessionDelegate>(nullptr, nullptr);
-  auto session = network::UrlSession::make(
-      {url.absoluteString(), {{"Authorization", authString}, {"Accept-Language", language}}, rules},
-      delegate);
+  auto session =
+      network::UrlSession::make({url.absoluteString(),
+                                 {{"Authorization", authString}, {"Accept-Language", language}},
+                                 options.rules,
+                                 options.transport,
+                                 options.cancellation},
+                                delegate);
   return {std::move(session), std::move(delegate)};
 }
 
-std::optional<foundation::Error> ruleAgainst(const network::UrlSession& session,
-                                             const network::HttpUrlResponse& response,
-                                             const foundation::Url& next) {
+foundation::Result<void> checkStep(const network::UrlSession& session,
+                                   const network::HttpUrlResponse& response,
+                                   const foundation::Url& next) {
   const network::UrlSessionConfiguration& configuration = session.configuration();
-  if (!configuration.rules.staysSecure) return std::nullopt;
+  if (!configuration.rules.staysSecure) return {};
   // A redirect may lead to a URL that cannot be read. From HTTPS it led to HTTPS.
   const auto from = response.url ? response.url : foundation::Url::parse(configuration.identifier);
-  if (!from || !network::leavesHttps(*from, next)) return std::nullopt;
-  return network::insecureStep(*from, next);
+  if (!from || !network::leavesHttps(*from, next)) return {};
+  return foundation::failure(network::insecureStep(*from, next));
 }
 
 std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response) {
@@ -78,32 +81,30 @@ std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response
 
 foundation::Error invalidJson() { return {"", 1, ""}; }
 
-std::optional<RawData> parsedPage(std::string_view body,
-                                  const std::shared_ptr<foundation::MemoryBudget>& budget) {
-  return parseRawData(body, budget);
-}
-
 }  // namespace detail
 
 HttpSession::HttpSession(std::string_view rootText, const std::optional<std::string>& username,
                          const std::optional<std::string>& password,
-                         const std::optional<std::string>& languages)
+                         const std::optional<std::string>& languages,
+                         std::shared_ptr<network::UrlTransport> transportToUse)
     : root(foundation::Url::parse(rootText)),
       authString("Basic " + foundation::base64Encoded(foundation::unwrap(username) + ":" +
                                                       foundation::unwrap(password))),
-      language(foundation::unwrap(languages)) {}
+      language(foundation::unwrap(languages)),
+      transport(std::move(transportToUse)) {}
 
 HttpResponse<std::any> HttpSession::get(std::string_view path,
                                         const Dictionary<std::string>& parameters,
-                                        const network::TransferRules& rules) const {
+                                        network::TransferOptions options) const {
   const std::vector<std::pair<std::string, std::string>> items(parameters.begin(),
                                                                parameters.end());
-  return {resolved(path).withQueryItems(items), authString, language, rules};
+  if (!options.transport) options.transport = transport;
+  return {resolved(path).withQueryItems(items), authString, language, options};
 }
 
 HttpResponse<std::any> HttpSession::post(std::string_view path,
                                          const Dictionary<std::string>&) const {
-  return {resolved(path), authString, language};
+  return {resolved(path), authString, language, {{}, transport}};
 }
 
 foundation::Url HttpSession::resolved(std::string_view path) const {

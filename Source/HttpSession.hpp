@@ -24,14 +24,17 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/MemoryBudget.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/UrlSession.hpp"
+#include "Source/Collections.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/RawData.hpp"
 
@@ -90,17 +93,14 @@ struct ORIVANTA_API ChainHandle {
 /// A session of its own for a chain that begins at `url`, and its delegate without callbacks.
 ORIVANTA_API ChainLinks chainLinks(const foundation::Url& url, const std::string& authString,
                                    const std::string& language,
-                                   const network::TransferRules& rules);
+                                   const network::TransferOptions& options);
 ORIVANTA_API std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response);
-/// The error of going on to that page, if the session's rules forbid it. A response without a URL
-/// counts as one from the session's identifier, which for `chainLinks` is the chain's first URL.
-ORIVANTA_API std::optional<foundation::Error> ruleAgainst(const network::UrlSession& session,
-                                                          const network::HttpUrlResponse& response,
-                                                          const foundation::Url& next);
+/// Fails if the session's rules forbid to go on to that page. A response without a URL counts as
+/// one from the session's identifier, which for `chainLinks` is the chain's first URL.
+ORIVANTA_API foundation::Result<void> checkStep(const network::UrlSession& session,
+                                                const network::HttpUrlResponse& response,
+                                                const foundation::Url& next);
 ORIVANTA_API foundation::Error invalidJson();
-/// As `RawData::parse`; the budget pays for the document as long as anybody holds it.
-ORIVANTA_API std::optional<RawData> parsedPage(
-    std::string_view body, const std::shared_ptr<foundation::MemoryBudget>& budget);
 
 }  // namespace detail
 
@@ -120,10 +120,11 @@ class HttpResponse {
       std::function<void(const network::HttpUrlResponse& response, std::size_t bodyBytes)>;
 
   /// Starts a chain at `url`. Each of its requests carries the values of "Authorization" and
-  /// "Accept-Language" and keeps to the rules, and so does the step from page to page.
+  /// "Accept-Language" and keeps to the rules, and so does the step from page to page. Canceling
+  /// the options' token ends the chain without a callback.
   HttpResponse(const foundation::Url& url, const std::string& authString,
-               const std::string& language, const network::TransferRules& rules = {})
-      : HttpResponse(detail::chainLinks(url, authString, language, rules)) {
+               const std::string& language, const network::TransferOptions& options = {})
+      : HttpResponse(detail::chainLinks(url, authString, language, options)) {
     session->startDataTask(url);
   }
 
@@ -228,20 +229,23 @@ class HttpResponse {
 class ORIVANTA_API HttpSession {
  public:
   /// A root that is no URL leaves requests without a base. An absent user name, password or
-  /// language stops the program.
+  /// language stops the program. Without a transport requests use the default one.
   HttpSession(std::string_view rootText, const std::optional<std::string>& username,
               const std::optional<std::string>& password,
-              const std::optional<std::string>& languages);
+              const std::optional<std::string>& languages,
+              std::shared_ptr<network::UrlTransport> transportToUse = nullptr);
 
   const std::optional<foundation::Url> root;
-  const std::string authString;  ///< the value of "Authorization"
-  const std::string language;    ///< the value of "Accept-Language"
+  const std::string authString;                            ///< the value of "Authorization"
+  const std::string language;                              ///< the value of "Accept-Language"
+  const std::shared_ptr<network::UrlTransport> transport;  ///< null for the default transport
 
   /// Starts a request for `path`, resolved against the root, with the parameters as its query. A
-  /// path that is no URL reference stops the program. Every request of the chain keeps to the
-  /// rules; their budget also pays for the documents of the pages.
+  /// path that is no URL reference stops the program. Every request of the chain follows the
+  /// options; the budget of their rules also pays for the documents of the pages. Without a
+  /// transport there the session's is used.
   HttpResponse<std::any> get(std::string_view path, const Dictionary<std::string>& parameters = {},
-                             const network::TransferRules& rules = {}) const;
+                             network::TransferOptions options = {}) const;
 
   /// The same GET request without a query and without a body, whatever the parameters.
   HttpResponse<std::any> post(std::string_view path,
@@ -269,18 +273,18 @@ void HttpResponse<T>::State::success(const network::HttpUrlResponse& response, s
 template <class T>
 std::optional<T> HttpResponse<T>::State::takePage(const network::HttpUrlResponse& response,
                                                   std::string& body) {
-  const auto page = detail::parsedPage(body, session->configuration().rules.budget);
+  const auto page = RawData::parse(body, session->configuration().rules.budget);
   if (!page) {
     error(detail::invalidJson());
     return std::nullopt;
   }
   const auto next = detail::nextPage(response);
   body.clear();
-  if (const auto broken = next ? detail::ruleAgainst(*session, response, *next) : std::nullopt) {
-    error(*broken);
-    return std::nullopt;
-  }
   if (next) {
+    if (const auto step = detail::checkStep(*session, response, *next); !step) {
+      error(step.error());
+      return std::nullopt;
+    }
     session->startDataTask(*next);  // fetched while this page is folded
     foldPage(*page);
     return std::nullopt;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "Platform/Foundation/Executor.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
 
@@ -58,14 +59,20 @@ struct VenueLoadReport {
   bool complete = true;
 };
 
-/// Called in the background, one call at a time; either may be empty.
+/// What a load calls, one call at a time. Any of the fields may be empty:
+///
+///   loadVenueReporting(session, venue, true, {.ended = show, .executor =
+///   foundation::mainQueue::async});
 template <class Report>
 struct LoadHandlers {
-  /// At the start, with each page and with the end of each collection.
-  std::function<void(const LoadProgress& progress)> progressed;
+  /// Called at the start, with each page and with the end of each collection.
+  std::function<void(const LoadProgress& progress)> progressed = nullptr;
 
-  /// Once, at the end; not after `cancel`.
-  std::function<void(Report report)> ended;
+  /// Called once, at the end. Not called after `cancel`.
+  std::function<void(Report report)> ended = nullptr;
+
+  /// Where both are called. Without one they are called on a background thread.
+  foundation::Executor executor = nullptr;
 };
 
 /// A load under way. Letting go of the handle does not end it.
@@ -73,9 +80,9 @@ class ORIVANTA_API LoadHandle {
  public:
   virtual ~LoadHandle() = default;
 
-  /// Ends the requests. No handler is called any more once this has returned, but for one that is
-  /// being called just now, and no venue is changed: the next load may start. Any thread, also from
-  /// a handler.
+  /// Ends the requests. Once this has returned, no handler is called any more, except one that is
+  /// running on another thread, and no venue is changed: the next load may start. Any thread, also
+  /// from a handler.
   virtual void cancel() = 0;
 };
 

@@ -8,6 +8,7 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
 #include "Source/Record.hpp"
 
 namespace orivanta {
@@ -46,6 +47,10 @@ class ORIVANTA_API Location : public std::enable_shared_from_this<Location> {
                                              const std::shared_ptr<Location>& departFrom = nullptr);
   std::shared_ptr<Directions> directionsFrom(const NodeList& nodes,
                                              const std::shared_ptr<Location>& departFrom = nullptr);
+
+  // The same in any loaded venue, active or not.
+  std::shared_ptr<Directions> directionsTo(const Venue& venue, const RouteEnd& to);
+  std::shared_ptr<Directions> directionsFrom(const Venue& venue, const RouteEnd& from);
 };
 
 }  // namespace orivanta

@@ -1,6 +1,7 @@
 // One floor of a venue, with the files of its 3D scene.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>

@@ -3,19 +3,17 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cmath>
 #include <span>
 #include <unordered_map>
 #include <utility>
 
 #include "Platform/Foundation/Diagnostics.hpp"
-#include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/ParallelFor.hpp"
+#include "Source/Graph/CompactGraph.hpp"
 #include "Source/Graph/EdgeTable.hpp"
 #include "Source/Graph/NodeIndex.hpp"
-#include "Source/Graph/RouteNetwork.hpp"
 #include "Source/Json/References.hpp"
-#include "Source/Map.hpp"
+#include "Source/Node.hpp"
 #include "Source/Vortex.hpp"
 
 namespace orivanta {
@@ -45,20 +43,13 @@ void pay(const Budget& budget, std::size_t bytes) {
   if (budget) budget->take(bytes);
 }
 
-double walkingDistance(const Node& origin, const Node& destination) {
-  const double dx = origin.x - destination.x;
-  const double dy = origin.y - destination.y;
-  const double dz = origin.z - destination.z;
-  return std::sqrt(dx * dx + dy * dy + dz * dz);
-}
-
 // The edges out of each of some nodes of a collection, in the order of their paths.
 EdgeTable::Block walkingEdges(
     std::span<const std::pair<std::string, std::shared_ptr<Node>>> origins, const NodeIndex& index,
     const Budget& budget) {
-  std::vector<const RawData*> objects;
+  std::vector<const JsonHandle*> objects;
   objects.reserve(origins.size());
-  for (const auto& entry : origins) objects.push_back(&entry.second->_data);
+  for (const auto& entry : origins) objects.push_back(&entry.second->_data.data());
   foundation::BudgetShare share(budget);
   const auto [ids, ends] = referencesOf(objects, "paths", "node", share);
   pay(budget, ids.size() * sizeof(Edge));
@@ -80,20 +71,6 @@ EdgeTable::Block walkingEdges(
 }
 
 }  // namespace
-
-Edge::Edge(const Node& origin, std::shared_ptr<Node> destination)
-    : node_(std::move(destination)),
-      distance_(walkingDistance(origin, *node_)),
-      weight_(distance_ * node_->multiplierWeight + node_->constantWeight) {}
-
-Edge::Edge(const Node& origin, std::shared_ptr<Node> destination, std::shared_ptr<Vortex> vortex)
-    : node_(std::move(destination)),
-      vortex_(std::move(vortex)),
-      distance_(0.0),
-      weight_(std::abs(foundation::unwrap(origin.map).elevation -
-                       foundation::unwrap(node_->map).elevation) *
-                  vortex_->multiplierWeight +
-              vortex_->constantWeight) {}
 
 NavigationGraph::NavigationGraph(const Collection<Node>& nodes, const Collection<Vortex>& vortices,
                                  bool accessible,
@@ -173,13 +150,13 @@ void NavigationGraph::setGraph(Adjacency graph) {
   for (auto entry = graph.begin(); entry != graph.end(); ++entry)
     edges_->set(entry.key(), std::move(entry.value()));
   graph_.reset();
-  network_.reset();
+  compact_.reset();
 }
 
-std::shared_ptr<const RouteNetwork> NavigationGraph::routeNetwork() const {
+std::shared_ptr<const CompactGraph> NavigationGraph::compactGraph() const {
   const std::lock_guard lock(formsMutex_);
-  if (!network_) network_ = RouteNetwork::make(edges_->rows());
-  return network_;
+  if (!compact_) compact_ = CompactGraph::make(edges_->rows());
+  return compact_;
 }
 
 }  // namespace orivanta

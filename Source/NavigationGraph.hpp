@@ -7,60 +7,19 @@
 #include <memory>
 #include <mutex>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/MemoryBudget.hpp"
+#include "Source/Collections.hpp"
+#include "Source/Edge.hpp"
 #include "Source/Fwd.hpp"
-#include "Source/Node.hpp"
 
 namespace orivanta {
 
 class EdgeTable;
-class RouteNetwork;
-
-/// A way out of a node. Immutable; owns its destination and its connector.
-class ORIVANTA_API Edge {
- public:
-  /// Walking: the length is the straight distance in three dimensions, without the maps'
-  /// elevations; it costs what the destination's weights make of it.
-  Edge(const Node& origin, std::shared_ptr<Node> destination);
-
-  /// Riding a connector: no length; it costs what the connector's weights make of the difference
-  /// between the maps' elevations. A node without a map stops the program.
-  Edge(const Node& origin, std::shared_ptr<Node> destination, std::shared_ptr<Vortex> vortex);
-
-  const std::shared_ptr<Node>& node() const { return node_; }        ///< the destination
-  const std::shared_ptr<Vortex>& vortex() const { return vortex_; }  ///< null when walking
-  double distance() const { return distance_; }                      ///< in the venue's units
-  double weight() const { return weight_; }                          ///< what the search adds up
-
- private:
-  std::shared_ptr<Node> node_;
-  std::shared_ptr<Vortex> vortex_;
-  double distance_;
-  double weight_;
-};
-
-/// Hash and equality of nodes by identity, for handles and for plain pointers.
-struct NodeIdentityHash {
-  using is_transparent = void;
-  std::size_t operator()(const std::shared_ptr<Node>& node) const { return (*this)(node.get()); }
-  std::size_t operator()(const Node* node) const {
-    // Addresses of one allocator differ in few bits; the multiplication spreads them.
-    return (identityHash(node) >> 4U) * 0x9E3779B97F4A7C15U >> 7U;
-  }
-};
-struct NodeIdentityEqual {
-  using is_transparent = void;
-  bool operator()(const auto& left, const auto& right) const {
-    return address(left) == address(right);
-  }
-
- private:
-  static const Node* address(const Node* node) { return node; }
-  static const Node* address(const std::shared_ptr<Node>& node) { return node.get(); }
-};
+class CompactGraph;
 
 /// Built once per loaded venue and not changed by the library afterwards. Reading from several
 /// threads at once is safe; `setGraph` is not safe beside readers.
@@ -92,7 +51,7 @@ class ORIVANTA_API NavigationGraph {
   void setGraph(Adjacency graph);
 
   /// The same graph in the form that the route search walks, made on first use.
-  std::shared_ptr<const RouteNetwork> routeNetwork() const;
+  std::shared_ptr<const CompactGraph> compactGraph() const;
 
  private:
   void addWalkingEdges(const Collection<Node>& nodes,
@@ -103,7 +62,7 @@ class ORIVANTA_API NavigationGraph {
   std::unique_ptr<EdgeTable> edges_;
   mutable std::mutex formsMutex_;  // for the two that are made on first use
   mutable std::unique_ptr<const Adjacency> graph_;
-  mutable std::shared_ptr<const RouteNetwork> network_;
+  mutable std::shared_ptr<const CompactGraph> compact_;
 };
 
 }  // namespace orivanta

@@ -1,6 +1,7 @@
 // A point of the venue's walking network: a position on one map.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -8,6 +9,7 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
 #include "Source/Record.hpp"
 
 namespace orivanta {
@@ -53,6 +55,10 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   std::shared_ptr<Directions> directionsFrom(const NodeList& nodes,
                                              const std::shared_ptr<Location>& departFrom = nullptr,
                                              const std::shared_ptr<Location>& arriveAt = nullptr);
+
+  // The same in any loaded venue, active or not.
+  std::shared_ptr<Directions> directionsTo(const Venue& venue, const RouteEnd& to);
+  std::shared_ptr<Directions> directionsFrom(const Venue& venue, const RouteEnd& from);
 };
 
 }  // namespace orivanta

@@ -4,20 +4,17 @@
 
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/SerialQueue.hpp"
-#include "Source/ApiSettings.hpp"
-#include "Source/Loading/ActiveVenue.hpp"
 #include "Source/Loading/LoadMonitor.hpp"
 #include "Source/Loading/VenueLoad.hpp"
+#include "Source/Loading/VenuePublishing.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta {
 
 namespace {
 
-using Requests = std::vector<WebApiSession::Request>;
-
 // Requests the six collections and hands each answer to the load, one at a time.
-Requests startLoad(const WebApiSession& session, const std::string& slug,
+void startRequests(const WebApiSession& session, const std::string& slug,
                    const std::shared_ptr<VenueLoad>& load) {
   const auto queue = foundation::SerialQueue::make();
   const auto receiver = [queue, load](auto field) {
@@ -27,24 +24,36 @@ Requests startLoad(const WebApiSession& session, const std::string& slug,
       });
     };
   };
-  return {session.locations(slug, receiver(&CollectionDictionary::locations)),
-          session.categories(slug, receiver(&CollectionDictionary::categories)),
-          session.maps(slug, receiver(&CollectionDictionary::maps)),
-          session.nodes(slug, receiver(&CollectionDictionary::nodes)),
-          session.vortices(slug, receiver(&CollectionDictionary::vortices)),
-          session.polygons(slug, receiver(&CollectionDictionary::polygons))};
+  session.locations(slug, receiver(&CollectionDictionary::locations));
+  session.categories(slug, receiver(&CollectionDictionary::categories));
+  session.maps(slug, receiver(&CollectionDictionary::maps));
+  session.nodes(slug, receiver(&CollectionDictionary::nodes));
+  session.vortices(slug, receiver(&CollectionDictionary::vortices));
+  session.polygons(slug, receiver(&CollectionDictionary::polygons));
 }
 
-Requests startLoad(const WebApiSession& session, const std::shared_ptr<Venue>& venue,
-                   bool accessible, std::function<void(std::shared_ptr<Venue>)> callback,
-                   VenueLoad::Options options = {}) {
-  const std::string slug = foundation::unwrap(foundation::unwrap(venue).slug);
-  makeActive(venue);
+// Takes out what the venue to be filled holds, and says how it will be filled.
+Publish prepare(const WebApiSession& session, const std::shared_ptr<Venue>& venue) {
+  if (session.fillsActiveVenue()) {
+    makeActive(venue);
+    return fillActiveVenue;
+  }
+  clearVenue(venue);
+  return [venue](VenueContents contents) { return fillVenue(venue, std::move(contents)); };
+}
+
+void startLoad(const WebApiSession& session, const std::string& slug, bool accessible,
+               Publish publish, std::function<void(std::shared_ptr<Venue>)> callback,
+               VenueLoad::Options options = {}) {
   options.budget = std::make_shared<foundation::MemoryBudget>(session.loadBytes());
   const WebApiSession budgeted = session.within(options.budget);
-  return startLoad(
-      budgeted, slug,
-      std::make_shared<VenueLoad>(accessible, std::move(callback), std::move(options)));
+  startRequests(budgeted, slug,
+                std::make_shared<VenueLoad>(accessible, std::move(publish), std::move(callback),
+                                            std::move(options)));
+}
+
+std::string slugOf(const std::shared_ptr<Venue>& venue) {
+  return foundation::unwrap(foundation::unwrap(venue).slug);
 }
 
 std::vector<std::shared_ptr<Venue>> listOf(const Collection<Venue>& venues) {
@@ -78,41 +87,52 @@ void getVenue(const std::shared_ptr<Venue>& venue,
 
 void loadVenue(const WebApiSession& session, const std::shared_ptr<Venue>& venue, bool accessible,
                std::function<void(std::shared_ptr<Venue>)> callback) {
-  startLoad(session, venue, accessible, std::move(callback));
+  const std::string slug = slugOf(venue);
+  startLoad(session, slug, accessible, prepare(session, venue), std::move(callback));
 }
 
 std::shared_ptr<LoadHandle> loadVenuesReporting(const WebApiSession& session,
                                                 LoadHandlers<VenueListReport> handlers) {
   const auto list = std::make_shared<std::vector<std::shared_ptr<Venue>>>();
   const auto load = std::make_shared<LoadMonitor>(
-      endpointOf(session), 1, session.lowestRate(), std::move(handlers.progressed),
-      [list, ended = std::move(handlers.ended)](std::vector<LoadFailure> failures, bool) {
-        if (ended) ended({std::move(*list), std::move(failures)});
+      endpointOf(session), 1, session.lowestRate(),
+      LoadMonitor::Handlers{
+          std::move(handlers.progressed),
+          [list, ended = std::move(handlers.ended)](std::vector<LoadFailure> failures, bool) {
+            if (ended) ended({std::move(*list), std::move(failures)});
+          },
+          std::move(handlers.executor)});
+  load->start();
+  session.strictlyObservedBy(load)
+      .canceledBy(load->cancellation())
+      .venues([list, load](const Collection<Venue>& venues) {
+        *list = listOf(venues);
+        load->finish();
       });
-  load->start([&] {
-    return Requests{
-        session.strictlyObservedBy(load).venues([list, load](const Collection<Venue>& venues) {
-          *list = listOf(venues);
-          load->finish();
-        })};
-  });
   return load;
 }
 
 std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,
                                                const std::shared_ptr<Venue>& venue, bool accessible,
                                                LoadHandlers<VenueLoadReport> handlers) {
+  const std::string slug = slugOf(venue);
   const auto load = std::make_shared<LoadMonitor>(
-      endpointOf(session), 6, session.lowestRate(), std::move(handlers.progressed),
-      [venue, ended = std::move(handlers.ended)](std::vector<LoadFailure> failures, bool complete) {
-        if (ended) ended({venue, std::move(failures), complete});
-      });
-  load->start([&] {
-    return startLoad(session.strictlyObservedBy(load), venue, accessible,
-                     [load](const auto&) { load->finish(); },
-                     {[load](const auto& step) { load->unlessOver(step); },
-                      [load](const foundation::Error& reason) { load->fail(reason); }});
-  });
+      endpointOf(session), 6, session.lowestRate(),
+      LoadMonitor::Handlers{std::move(handlers.progressed),
+                            [venue, ended = std::move(handlers.ended)](
+                                std::vector<LoadFailure> failures, bool complete) {
+                              if (ended) ended({venue, std::move(failures), complete});
+                            },
+                            std::move(handlers.executor)});
+  load->start();
+  const auto publish = [load, fill = prepare(session, venue)](VenueContents contents) {
+    std::shared_ptr<Venue> published;
+    load->unlessOver([&] { published = fill(std::move(contents)); });
+    return published;
+  };
+  startLoad(session.strictlyObservedBy(load).canceledBy(load->cancellation()), slug, accessible,
+            publish, [load](const auto&) { load->finish(); },
+            {[load](const foundation::Error& reason) { load->fail(reason); }});
   return load;
 }
 

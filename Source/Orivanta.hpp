@@ -5,47 +5,22 @@
 //     getVenue(venues.front(), /*accessible=*/true, [](const auto& venue) { ... });
 //   });
 //
-// The first call of the process reads the settings and creates the one API session, which is kept:
-// later changes have no effect. Settings come from the main bundle's property lists, first file
-// first, under the keys "OrivantaEndpoint" (the API root, ending in a slash), "OrivantaUsername"
-// and "OrivantaPassword"; see Platform/Foundation/Bundle.hpp for where the main bundle is.
+// The first call of the process creates the one API session of the process; see ApiSettings.hpp for
+// where its settings come from.
 #pragma once
 
 #include <functional>
 #include <memory>
-#include <optional>
-#include <string>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
+#include "Source/ActiveVenue.hpp"
+#include "Source/ApiSettings.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/LoadReport.hpp"
 #include "Source/WebApi.hpp"
 
 namespace orivanta {
-
-/// The API root used when no setting names another.
-extern ORIVANTA_API const std::string DEFAULT_ORIVANTA_ENDPOINT;
-
-/// Settings that an application gives by itself; what is present goes before the property lists.
-/// When no user name is set, neither here nor in a property list, the one inside the endpoint's URL
-/// counts, and with it the password there if none is set. The endpoint is kept without them.
-struct ApiSettings {
-  std::optional<std::string> endpoint;
-  std::optional<std::string> username;
-  std::optional<std::string> password;
-  std::shared_ptr<WebApiObserver> observer;  ///< told of every request; may be null
-  std::size_t loadBytes = defaultLoadBytes;  ///< what one load may take; see WebApi.hpp
-  /// The rate below which the loads that report fail; see `WebApiSession::withLowestRate`.
-  std::optional<network::LowestRate> lowestRate = std::nullopt;
-};
-
-/// Takes effect when it is called before the first `getVenues` or `getVenue`; not beside them.
-ORIVANTA_API void setApiSettings(ApiSettings settings);
-
-/// The venue most recently passed to `getVenue`, or null before the first call. Owns what was
-/// loaded. Never destroyed, so that a load may still be under way when the program ends.
-extern ORIVANTA_API std::shared_ptr<Venue>& activeVenue;
 
 /// Lists the venues that the account may see, in the API's order. `callback` is called once, on a
 /// background thread; the list is empty when the request failed. Here and in `getVenue` the server
@@ -73,17 +48,18 @@ ORIVANTA_API void getVenue(const std::shared_ptr<Venue>& venue, bool accessible,
 ORIVANTA_API void getVenue(const std::shared_ptr<Venue>& venue,
                            std::function<void(std::shared_ptr<Venue>)> callback);
 
-/// As `getVenue`, through a session of the caller's own, for applications with several accounts.
+/// As `getVenue`, through a session of the caller's own. Unless that is `APISession`, or a session
+/// made by `WebApiSession::fillingActiveVenue`, the load fills `venue` alone: the active venue and
+/// all other venues stay as they are, so that several venues live side by side and may be loaded at
+/// the same time. Routes in them are found by the overloads of `getDirections` that take a venue.
 ORIVANTA_API void loadVenue(const WebApiSession& session, const std::shared_ptr<Venue>& venue,
                             bool accessible, std::function<void(std::shared_ptr<Venue>)> callback);
 
-/// The session of `getVenues` and `getVenue`, made on first use.
-ORIVANTA_API const WebApiSession& APISession();
-
-/// As `getVenues` and `getVenue`, with word of how the load goes: a collection that failed is told
+/// As `getVenues` and `loadVenue`, and reports how the load goes: a collection that failed is told
 /// from one that is empty. A load whose pages do not end or come below the session's lowest rate,
 /// or that exceeds its budget of memory, is given up. A collection that a link or a redirect would
-/// lead from HTTPS to HTTP fails. The session's own observer is not told. Any thread.
+/// lead from HTTPS to HTTP fails. The session's own observer is not told. Any thread; the handlers
+/// say on which one they are called.
 ORIVANTA_API std::shared_ptr<LoadHandle> loadVenuesReporting(
     const WebApiSession& session, LoadHandlers<VenueListReport> handlers);
 ORIVANTA_API std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,

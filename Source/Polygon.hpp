@@ -1,6 +1,7 @@
 // A clickable area of a map's 3D scene, with the nodes that serve as its entrances.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -8,6 +9,7 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
 #include "Source/Record.hpp"
 
 namespace orivanta {

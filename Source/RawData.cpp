@@ -1,6 +1,7 @@
 #include "Source/RawData.hpp"
 
 #include <boost/json/value.hpp>
+#include <utility>
 
 #include "Source/ImageCollection.hpp"
 #include "Source/Json/JsonDocument.hpp"
@@ -22,8 +23,13 @@ auto forced(Optional&& value) {
 
 const char* RawDataError::what() const noexcept { return "CantForceCast"; }
 
-std::optional<RawData> RawData::parse(std::string_view bytes) {
-  return parseRawData(bytes, nullptr);
+std::optional<RawData> RawData::parse(std::string_view bytes) { return parse(bytes, nullptr); }
+
+std::optional<RawData> RawData::parse(std::string_view bytes,
+                                      const std::shared_ptr<foundation::MemoryBudget>& budget) {
+  auto document = parseJsonDocument(bytes, budget);
+  if (!document || (!document->is_object() && !document->is_array())) return std::nullopt;
+  return RawData(std::move(document));
 }
 
 std::vector<RawData> RawData::arrayValue() const {

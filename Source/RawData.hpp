@@ -1,11 +1,13 @@
 // One JSON value, or nothing, with navigation by key and typed readers.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
@@ -17,6 +19,10 @@ class value;
 }
 
 namespace orivanta {
+
+namespace foundation {
+class MemoryBudget;
+}
 
 /// Thrown by the readers whose name ends in `Force`.
 class ORIVANTA_API RawDataError : public std::exception {
@@ -49,6 +55,12 @@ class ORIVANTA_API RawData {
   /// range of a double, nesting deeper than 1,000 levels. Of a key given twice the last value
   /// counts. The bytes are not referred to afterwards.
   static std::optional<RawData> parse(std::string_view bytes);
+
+  /// The same within a budget, which may be null. It pays for the document as long as anybody holds
+  /// it, and for what parsing needs beside it. Throws `std::bad_alloc` if memory or budget do not
+  /// suffice.
+  static std::optional<RawData> parse(std::string_view bytes,
+                                      const std::shared_ptr<foundation::MemoryBudget>& budget);
 
   /// Wraps nothing.
   RawData() = default;

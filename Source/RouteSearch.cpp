@@ -1,10 +1,9 @@
 #include "Source/RouteSearch.hpp"
 
 #include <algorithm>
-#include <cmath>
 #include <unordered_map>
 
-#include "Source/Graph/RouteNetwork.hpp"
+#include "Source/Graph/CompactGraph.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
 #include "Source/Routing/CompactRouteSearch.hpp"
@@ -45,29 +44,13 @@ std::optional<Route> searchByDefinition(const NodeList& nodes, const NodeList& d
 
 }  // namespace
 
-double getEuclideanDistance(const Node& node, const Node& destination) {
-  const double dx = node.x - destination.x;
-  const double dy = node.y - destination.y;
-  const double dz = node.z - destination.z;
-  return std::sqrt(dx * dx + dy * dy + dz * dz);
-}
-
-std::optional<double> getShortestEuclideanDistance(const Node& node, const NodeList& destinations) {
-  std::optional<double> running;
-  for (const auto& destination : destinations) {
-    const double distance = getEuclideanDistance(node, *destination);
-    if (!running || *running < distance) running = distance;
-  }
-  return running;
-}
-
 std::optional<Route> searchRoute(const NodeList& nodes, const NodeList& destinations,
                                  const NavigationGraph& graph) {
   if (nodes.empty() || destinations.empty()) return std::nullopt;
-  const auto network = graph.routeNetwork();
-  if (!CompactRouteSearch::covers(*network, nodes, destinations))
+  const auto compact = graph.compactGraph();
+  if (!CompactRouteSearch::covers(*compact, nodes, destinations))
     return searchByDefinition(nodes, destinations, graph);
-  return CompactRouteSearch(*network, nodes, destinations).run();
+  return CompactRouteSearch(*compact, nodes, destinations).run();
 }
 
 std::optional<NodeList> AStar(const NodeList& nodes, const NodeList& destinations,

@@ -5,16 +5,12 @@
 #include <optional>
 
 #include "Platform/Foundation/Export.hpp"
+#include "Source/Distance.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
+#include "Source/Route.hpp"
 
 namespace orivanta {
-
-/// What a search found, and what it took.
-struct Route {
-  NodeList path;           ///< start node first
-  double cost;             ///< the search's cost at the goal, in the graph's weights
-  std::size_t takenNodes;  ///< nodes taken from the frontier, the goal included
-};
 
 /// The route from any of the start nodes to any of the destinations; nothing when either list is
 /// empty or no destination can be reached. Deterministic: the same lists and graph give the same
@@ -33,13 +29,5 @@ ORIVANTA_API std::optional<Route> searchRoute(const NodeList& nodes, const NodeL
 /// The path of `searchRoute`.
 ORIVANTA_API std::optional<NodeList> AStar(const NodeList& nodes, const NodeList& destinations,
                                            const NavigationGraph& graph);
-
-/// The straight distance in three dimensions, in the venue's units, without the maps' elevations.
-ORIVANTA_API double getEuclideanDistance(const Node& node, const Node& destination);
-
-/// The greatest of the distances to the destinations, whatever the name says: with several
-/// destinations the search heads for the farthest. Nothing for an empty list.
-ORIVANTA_API std::optional<double> getShortestEuclideanDistance(const Node& node,
-                                                                const NodeList& destinations);
 
 }  // namespace orivanta

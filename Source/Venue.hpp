@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
+#include "Source/Collections.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/Record.hpp"
 

@@ -8,10 +8,12 @@
 #include <string_view>
 #include <utility>
 
-#include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/MemoryBudget.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
+#include "Source/Collections.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/HttpSession.hpp"
 
@@ -25,9 +27,9 @@ class ORIVANTA_API WebApiObserver {
   /// A page has arrived; `collection` is the resource's name in the API, such as "node".
   virtual void pageReceived(std::string_view collection, const network::HttpUrlResponse& response,
                             std::size_t bodyBytes) = 0;
-  /// The collection is complete, respectively failed and counts as empty.
+  /// The collection is complete, or it has failed and counts as empty.
   virtual void collectionEnded(std::string_view collection,
-                               const std::optional<foundation::Error>& error) = 0;
+                               const foundation::Result<void>& outcome) = 0;
 };
 
 /// What one load may take unless told otherwise: enough for a venue of 300,000 nodes, and so little
@@ -36,8 +38,9 @@ constexpr std::size_t defaultLoadBytes = std::size_t{800} << 20U;
 
 /// Every call returns at once. Its callback is called once, on a background queue of that call:
 /// with the collection, or with an empty one when a request failed. Elements that form no record
-/// are left out; of two with the same identifier the later one counts. The returned session ends
-/// the call without a callback when it is invalidated; it may be ignored.
+/// are left out; of two with the same identifier the later one counts. Canceling the session's
+/// token
+/// (`canceledBy`) ends its calls without a callback.
 ///
 /// A call takes no more memory than the session's `loadBytes`: received and decoded bodies, parsed
 /// JSON, records. If that is exceeded, the request counts as failed, with an error of the domain
@@ -47,15 +50,15 @@ constexpr std::size_t defaultLoadBytes = std::size_t{800} << 20U;
 /// Any thread; holds no mutable state.
 class ORIVANTA_API WebApiSession {
  public:
-  using Request = std::shared_ptr<network::UrlSession>;
   template <class Record>
   using Callback = std::function<void(Collection<Record>)>;
 
-  /// An absent language stops the program.
+  /// An absent language stops the program. Without a transport requests use the default one.
   WebApiSession(std::string_view root, const std::string& username, const std::string& password,
                 const std::optional<std::string>& language,
                 std::shared_ptr<WebApiObserver> observer = nullptr,
-                std::size_t loadBytes = defaultLoadBytes);
+                std::size_t loadBytes = defaultLoadBytes,
+                std::shared_ptr<network::UrlTransport> transport = nullptr);
 
   /// The same with another observer, or none.
   WebApiSession observedBy(std::shared_ptr<WebApiObserver> observer) const {
@@ -70,6 +73,23 @@ class ORIVANTA_API WebApiSession {
     session.rules_.budget = std::move(budget);
     return session;
   }
+
+  /// The same whose calls end when the token is canceled.
+  WebApiSession canceledBy(foundation::CancellationToken cancellation) const {
+    WebApiSession session = *this;
+    session.cancellation_ = std::move(cancellation);
+    return session;
+  }
+
+  /// The same whose venues become the active venue when they are loaded, as with `APISession`.
+  WebApiSession fillingActiveVenue() const {
+    WebApiSession session = *this;
+    session.fillsActiveVenue_ = true;
+    return session;
+  }
+
+  /// Whether `loadVenue` and `loadVenueReporting` make their venue the active one.
+  bool fillsActiveVenue() const { return fillsActiveVenue_; }
 
   std::size_t loadBytes() const { return loadBytes_; }
 
@@ -96,25 +116,27 @@ class ORIVANTA_API WebApiSession {
   const HttpSession ApiHttpSession;
 
   /// All venues that the account may see.
-  Request venues(Callback<Venue> callback) const;
+  void venues(Callback<Venue> callback) const;
 
   // The collections of one venue, named by its slug.
-  Request locations(const std::string& venue, Callback<Location> callback) const;
-  Request categories(const std::string& venue, Callback<Category> callback) const;
-  Request maps(const std::string& venue, Callback<Map> callback) const;
-  Request nodes(const std::string& venue, Callback<Node> callback) const;
-  Request vortices(const std::string& venue, Callback<Vortex> callback) const;
-  Request polygons(const std::string& venue, Callback<Polygon> callback) const;
+  void locations(const std::string& venue, Callback<Location> callback) const;
+  void categories(const std::string& venue, Callback<Category> callback) const;
+  void maps(const std::string& venue, Callback<Map> callback) const;
+  void nodes(const std::string& venue, Callback<Node> callback) const;
+  void vortices(const std::string& venue, Callback<Vortex> callback) const;
+  void polygons(const std::string& venue, Callback<Polygon> callback) const;
 
  private:
   template <class Record>
-  Request collection(const char* path, const Dictionary<std::string>& parameters,
-                     Callback<Record> callback) const;
+  void collection(const char* path, const Dictionary<std::string>& parameters,
+                  Callback<Record> callback) const;
 
   std::shared_ptr<WebApiObserver> observer_;
   std::size_t loadBytes_;
   network::LowestRate lowestRate_ = network::strictRules().lowestRate;
   network::TransferRules rules_;  // without a budget each call has one of its own
+  foundation::CancellationToken cancellation_;
+  bool fillsActiveVenue_ = false;
 };
 
 }  // namespace orivanta

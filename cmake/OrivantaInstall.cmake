@@ -9,9 +9,9 @@ set_target_properties(orivanta PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_
                                           SOVERSION ${PROJECT_VERSION_MAJOR})
 target_link_libraries(
   orivanta
-  PUBLIC tsl::ordered_map
-  PRIVATE Boost::json CURL::libcurl PkgConfig::plist Threads::Threads ZLIB::ZLIB fmt::fmt
-          uriparser::uriparser)
+  PUBLIC tl::expected tsl::ordered_map
+  PRIVATE Boost::json CURL::libcurl PkgConfig::plist PkgConfig::utf8proc Threads::Threads ZLIB::ZLIB
+          fmt::fmt uriparser::uriparser)
 # Headers name each other from the root of the project, which is `include/orivanta` when installed.
 target_include_directories(
   orivanta
@@ -52,12 +52,15 @@ install(FILES include/orivanta/orivanta.hpp include/orivanta/ui.hpp DESTINATION 
 foreach(
   header IN
   ITEMS Platform/Foundation/Bundle.hpp
+        Platform/Foundation/Cancellation.hpp
         Platform/Foundation/Diagnostics.hpp
         Platform/Foundation/Error.hpp
+        Platform/Foundation/Executor.hpp
         Platform/Foundation/Export.hpp
         Platform/Foundation/MainQueue.hpp
         Platform/Foundation/MemoryBudget.hpp
         Platform/Foundation/ResourceBundle.hpp
+        Platform/Foundation/Result.hpp
         Platform/Foundation/Screen.hpp
         Platform/Foundation/SerialQueue.hpp
         Platform/Foundation/Url.hpp
@@ -69,6 +72,7 @@ foreach(
         Platform/Graphics/Transaction.hpp
         Platform/Graphics/Vector.hpp
         Platform/Network/AwaitedRequests.hpp
+        Platform/Network/DefaultTransport.hpp
         Platform/Network/HttpUrlResponse.hpp
         Platform/Network/TransferRules.hpp
         Platform/Network/UrlSession.hpp
@@ -104,11 +108,21 @@ foreach(
         Platform/View/Touch.hpp
         Platform/View/TouchDispatcher.hpp
         Platform/View/View.hpp
+        Source/ActiveVenue.hpp
+        Source/ApiSettings.hpp
         Source/Attribution.hpp
         Source/Category.hpp
         Source/CollectionHelpers.hpp
+        Source/Collections.hpp
         Source/Directions.hpp
+        Source/Edge.hpp
         Source/Fwd.hpp
+        Source/Guidance/Floors.hpp
+        Source/Guidance/FloorVisits.hpp
+        Source/Guidance/NameMatch.hpp
+        Source/Guidance/PathWalk.hpp
+        Source/Guidance/PlaceNames.hpp
+        Source/Guidance/PlaceSearch.hpp
         Source/HttpLink.hpp
         Source/HttpSession.hpp
         Source/ImageCollection.hpp
@@ -117,12 +131,20 @@ foreach(
         Source/Map.hpp
         Source/NavigationGraph.hpp
         Source/Node.hpp
+        Source/NodeList.hpp
         Source/Orivanta.hpp
         Source/Polygon.hpp
         Source/RawData.hpp
         Source/Record.hpp
+        Source/Route.hpp
         Source/RouteSearch.hpp
         Source/UI/AssetLoader.hpp
+        Source/UI/Display/CameraPose.hpp
+        Source/UI/Display/Framing.hpp
+        Source/UI/Display/LabelLayer.hpp
+        Source/UI/Display/MapCamera.hpp
+        Source/UI/Display/MarkColors.hpp
+        Source/UI/Display/RouteOverlay.hpp
         Source/UI/FloorLoad.hpp
         Source/UI/MapDownloader.hpp
         Source/UI/MapView.hpp

@@ -13,6 +13,7 @@
 #include <unordered_map>
 
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
 
 namespace orivanta::command {
 

@@ -18,9 +18,9 @@
 #include "Apps/Command/Render/RenderVenue.hpp"
 #include "Apps/Command/Serve.hpp"
 #include "Apps/Command/ShowVenue.hpp"
-#include "Apps/Command/Text.hpp"
+#include "Apps/Command/ViewVenue.hpp"
 #include "Apps/DemoVenue/Folder.hpp"
-#include "Apps/Viewer/ViewVenue.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 
 namespace orivanta::command {
 
@@ -34,7 +34,7 @@ struct CommandLine {
   ShowVenueOptions showVenue;
   FindRouteOptions findRoute;
   RenderVenueOptions renderVenue;
-  viewer::ViewVenueOptions viewVenue;
+  ViewVenueOptions viewVenue;
   ServeOptions serve;
   std::function<ExitCode()> chosen;
 };
@@ -173,7 +173,7 @@ void addRender(CLI::App& app, CommandLine& line) {
 }
 
 void addView(CLI::App& app, CommandLine& line) {
-  viewer::ViewVenueOptions& options = line.viewVenue;
+  ViewVenueOptions& options = line.viewVenue;
   auto& command = *app.add_subcommand("view", "Walk around a venue in a window");
   command.footer(help::viewFooter);
   command.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")->type_name("");
@@ -190,7 +190,7 @@ void addView(CLI::App& app, CommandLine& line) {
     line.chosen = [&line, &options] {
       options.connection = line.connection;
       options.demoVenue = demo::demoVenueFolder();
-      return viewer::viewVenue(options);
+      return viewVenue(options);
     };
   });
 }
@@ -245,7 +245,8 @@ std::string describeFailure(const CLI::App* app, const CLI::Error& error) {
   std::string reason = error.what();
   if (chosen.empty() && !unknown.empty())
     reason = fmt::format("\"{}\" is no command or option", unknown.front());
-  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n", printable(reason),
+  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n",
+                     foundation::printable(reason),
                      chosen.empty() ? "" : chosen.front()->get_name() + " ");
 }
 

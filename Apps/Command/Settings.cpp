@@ -12,6 +12,7 @@
 #include "Platform/Foundation/Bundle.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Source/ApiSettings.hpp"
+#include "Source/SettingSources.hpp"
 
 namespace orivanta::command {
 

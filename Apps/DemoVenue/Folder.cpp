@@ -1,6 +1,6 @@
 #include "Apps/DemoVenue/Folder.hpp"
 
-#include "Platform/Foundation/Bundle.hpp"
+#include "Platform/Foundation/ExecutablePath.hpp"
 
 namespace orivanta::demo {
 

@@ -113,7 +113,8 @@ void Picture::write(const std::filesystem::path& file) const {
   const auto image = graphics::Image::make(static_cast<std::uint32_t>(width_),
                                            static_cast<std::uint32_t>(height_), bytes_);
   if (!image) throw std::runtime_error("no image for " + file.string());
-  if (const auto error = writePng(*image, file)) throw std::runtime_error(error->description);
+  if (const auto written = writePng(*image, file); !written)
+    throw std::runtime_error(written.error().description);
 }
 
 }  // namespace orivanta::demo

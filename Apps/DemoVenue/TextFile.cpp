@@ -7,8 +7,8 @@
 namespace orivanta::demo {
 
 void writeFile(const std::filesystem::path& file, std::string_view bytes) {
-  if (const auto error = foundation::writeFileAtomically(file, bytes))
-    throw std::runtime_error(error->description);
+  if (const auto written = foundation::writeFileAtomically(file, bytes); !written)
+    throw std::runtime_error(written.error().description);
 }
 
 }  // namespace orivanta::demo

@@ -2,11 +2,15 @@
 
 #include <fmt/format.h>
 
+#include <cstdint>
 #include <exception>
 #include <utility>
 
+#include "Platform/Foundation/Files.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
+#include "Platform/Foundation/SerialQueue.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
+#include "Platform/Network/AwaitedRequests.hpp"
 #include "Source/ImageCollection.hpp"
 #include "Source/Location.hpp"
 
@@ -15,6 +19,7 @@ namespace orivanta::viewer {
 namespace {
 
 constexpr std::int64_t pictureSize = 320;
+constexpr std::size_t mostBytes = std::size_t{192} << 20U;  // while a picture is fetched
 
 // More than a card has on any screen.
 constexpr std::uint64_t mostPixels = std::uint64_t{2048} * 2048;
@@ -25,9 +30,16 @@ std::string folderFor(const foundation::Url& url, const std::string& slug) {
                      std::hash<std::string>()(url.path() + '?' + url.query()));
 }
 
-std::shared_ptr<const graphics::Image> readPicture(const std::string& path) try {
-  auto picture = graphics::readImage(path, 1.0, mostPixels);
-  if (!picture) FileFetch::forget(path);
+// Blocks. Null if the picture cannot be fetched or read.
+std::shared_ptr<const graphics::Image> fetchPicture(HttpDownloader& downloader,
+                                                    const foundation::Url& url,
+                                                    const std::string& folder,
+                                                    const network::AwaitedRequests& requests) try {
+  if (!foundation::cachesDirectory()) return nullptr;
+  const auto file = downloader.fetchFile(url, folder, requests);
+  if (!file) return nullptr;
+  auto picture = graphics::readImage(file->path, 1.0, mostPixels);
+  if (!picture) HttpDownloader::forgetFile(file->path);
   return picture;
 } catch (const std::exception&) {
   return nullptr;  // no memory for it
@@ -42,23 +54,21 @@ void PictureFetch::start(const Location& place, const std::string& slug,
   if (!pictures) return;
   const foundation::Url& url = (*pictures)[pictureSize];
   const auto mode = place.picture ? PictureMode::fill : PictureMode::fit;
-  arrived_ = std::make_shared<Arrived>(std::move(arrived));
-  fetch_ = FileFetch::start(
-      {{url, folderFor(url, slug)}}, std::move(downloader),
-      {[](std::size_t) {},
-       [wanted = std::weak_ptr(arrived_), mode](std::size_t, const FileFetch::Outcome& outcome) {
-         if (outcome.path.empty()) return;
-         const auto picture = readPicture(outcome.path);
-         if (!picture) return;
-         foundation::mainQueue::async([wanted, mode, picture] {
-           if (const auto tell = wanted.lock()) (*tell)(picture, mode);
-         });
-       }});
+  network::TransferOptions options{network::strictRules(), downloader->transport,
+                                   cancellation_.token()};
+  foundation::SerialQueue::make()->async(
+      [downloader = std::move(downloader), url, mode, folder = folderFor(url, slug),
+       options = std::move(options), arrived = std::move(arrived)]() mutable {
+        const auto picture =
+            fetchPicture(*downloader, url, folder, network::AwaitedRequests(options, mostBytes));
+        if (!picture) return;
+        foundation::mainQueue::async(
+            [cancellation = options.cancellation, arrived = std::move(arrived), mode, picture] {
+              if (!cancellation.isCanceled()) arrived(picture, mode);
+            });
+      });
 }
 
-void PictureFetch::cancel() {
-  arrived_.reset();
-  if (const auto former = std::exchange(fetch_, nullptr)) former->cancel();
-}
+void PictureFetch::cancel() { std::exchange(cancellation_, {}).cancel(); }
 
 }  // namespace orivanta::viewer

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
 
 namespace orivanta::viewer {
 

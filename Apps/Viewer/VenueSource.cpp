@@ -14,8 +14,6 @@
 
 namespace orivanta::viewer {
 
-namespace mainQueue = foundation::mainQueue;
-
 namespace {
 
 // With a capital letter and a full stop.
@@ -60,35 +58,22 @@ WebApiSession VenueSource::makeSession() const {
 }
 
 void VenueSource::cancel() {
-  wanted_ = std::make_shared<bool>(true);
   if (const auto load = std::exchange(load_, nullptr)) load->cancel();
 }
 
-void VenueSource::release() {
-  cancel();
-  activeVenue = nullptr;
-}
-
-// Brings what is told in the background to the main queue, as long as the request is wanted.
 template <class Report>
 LoadHandlers<Report> VenueSource::handlersFor(const Handlers& handlers,
                                               const std::vector<std::string_view>& needed,
-                                              std::function<void(Report)> done) const {
-  const std::weak_ptr wanted = wanted_;
-  return {[wanted, progressed = handlers.progressed](const LoadProgress& progress) {
-            mainQueue::async([wanted, progressed, progress] {
-              if (!wanted.expired() && progressed) progressed(progress);
-            });
-          },
-          [wanted, needed, failed = handlers.failed, done = std::move(done)](Report report) {
-            mainQueue::async([wanted, needed, failed, done, report = std::move(report)] {
-              if (wanted.expired()) return;
-              if (const auto problem = problemIn(report.failures, needed))
-                failed(*problem);
-              else
-                done(report);
-            });
-          }};
+                                              std::function<void(Report)> done) {
+  return {.progressed = handlers.progressed,
+          .ended =
+              [needed, failed = handlers.failed, done = std::move(done)](Report report) {
+                if (const auto problem = problemIn(report.failures, needed))
+                  failed(*problem);
+                else
+                  done(std::move(report));
+              },
+          .executor = foundation::mainQueue::async};
 }
 
 void VenueSource::fetchVenues(Handlers handlers, std::function<void(Venues)> done) {

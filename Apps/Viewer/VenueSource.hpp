@@ -33,32 +33,32 @@ class VenueSource {
 
   /// `settings` has all but the observer.
   explicit VenueSource(ApiSettings settings);
+  ~VenueSource() { cancel(); }
+  VenueSource(const VenueSource&) = delete;
+  VenueSource& operator=(const VenueSource&) = delete;
 
   /// An empty list is a problem as well.
   void fetchVenues(Handlers handlers, std::function<void(Venues)> done);
 
-  /// All collections of a venue, which is the active one from now on, and the whole of its walking
-  /// network. Without its floors, places or network it has failed; what else is missing is told.
+  /// All collections of a venue, with the whole of its navigation graph. Fails without its floors,
+  /// locations or nodes; `missing` says what else is not there.
   void loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
                  std::function<void(const std::vector<LoadFailure>& missing)> done);
 
-  /// Ends what is under way, without a word, and lets go of the active venue.
-  void release();
+  /// Ends what is under way. No handler is called any more.
+  void cancel();
 
   const std::string& endpoint() const { return *settings_.endpoint; }
 
  private:
   WebApiSession makeSession() const;
 
-  void cancel();
-
   template <class Report>
-  LoadHandlers<Report> handlersFor(const Handlers& handlers,
-                                   const std::vector<std::string_view>& needed,
-                                   std::function<void(Report)> done) const;
+  static LoadHandlers<Report> handlersFor(const Handlers& handlers,
+                                          const std::vector<std::string_view>& needed,
+                                          std::function<void(Report)> done);
 
   ApiSettings settings_;
-  std::shared_ptr<bool> wanted_;  // of the request under way; gone with it
   std::shared_ptr<LoadHandle> load_;
 };
 

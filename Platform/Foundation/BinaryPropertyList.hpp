@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "Platform/Foundation/PropertyList.hpp"
+#include "Platform/Foundation/PropertyListDictionary.hpp"
 
 namespace orivanta::foundation {
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "Platform/Foundation/ExecutablePath.hpp"
 #include "Platform/Foundation/UserFolder.hpp"
 
 namespace orivanta::foundation {
@@ -59,12 +60,6 @@ std::vector<fs::path> mainBundleFiles(std::string_view type) {
     std::sort(files.begin() + firstOfFolder, files.end());
   }
   return files;
-}
-
-fs::path executablePath() {
-  std::error_code failure;
-  fs::path path = fs::read_symlink("/proc/self/exe", failure);
-  return failure ? fs::path() : path;
 }
 
 }  // namespace orivanta::foundation

@@ -19,7 +19,4 @@ ORIVANTA_API void setMainBundleFolder(std::filesystem::path folder);
 /// executable's name). A folder that does not exist has no files. Any thread.
 ORIVANTA_API std::vector<std::filesystem::path> mainBundleFiles(std::string_view type);
 
-/// The absolute path of the running program; empty when the system does not tell.
-ORIVANTA_API std::filesystem::path executablePath();
-
 }  // namespace orivanta::foundation

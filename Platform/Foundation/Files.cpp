@@ -99,10 +99,9 @@ class TemporaryFile {
 
 // Reads into the memory that `makeRoom` returns for the given number of bytes.
 template <class MakeRoom>
-std::optional<Error> read(const fs::path& file, std::size_t largestBytes,
-                          const MakeRoom& makeRoom) {
+Result<void> read(const fs::path& file, std::size_t largestBytes, const MakeRoom& makeRoom) {
   const auto error = [&](int code, std::string_view what) {
-    return Error{"file", code, fmt::format("{}: {}", file.string(), what)};
+    return failure("file", code, fmt::format("{}: {}", file.string(), what));
   };
   const auto lastError = [&] {
     const int code = errno;
@@ -124,7 +123,7 @@ std::optional<Error> read(const fs::path& file, std::size_t largestBytes,
     if (count < 0 && errno != EINTR) return lastError();
     if (count > 0) length += static_cast<std::size_t>(count);
   }
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace
@@ -136,34 +135,32 @@ std::optional<fs::path> cachesDirectory() {
   return folder;
 }
 
-std::variant<FileBytes, Error> readBytes(const fs::path& file, std::size_t largestBytes) {
+Result<FileBytes> readBytes(const fs::path& file, std::size_t largestBytes) {
   FileBytes bytes;
-  if (auto error = read(file, largestBytes, [&](std::size_t count) {
-        bytes = {std::unique_ptr<char[]>(new char[count]), count};
-        return bytes.data.get();
-      }))
-    return std::move(*error);
-  return bytes;
+  const auto makeRoom = [&](std::size_t count) {
+    bytes = {std::unique_ptr<char[]>(new char[count]), count};
+    return bytes.data.get();
+  };
+  return read(file, largestBytes, makeRoom).map([&] { return std::move(bytes); });
 }
 
-std::optional<std::string> readFile(const fs::path& file, std::size_t largestBytes) {
+Result<std::string> readFile(const fs::path& file, std::size_t largestBytes) {
   std::string bytes;
-  if (read(file, largestBytes, [&](std::size_t count) {
-        bytes.resize(count);
-        return bytes.data();
-      }))
-    return std::nullopt;
-  return bytes;
+  const auto makeRoom = [&](std::size_t count) {
+    bytes.resize(count);
+    return bytes.data();
+  };
+  return read(file, largestBytes, makeRoom).map([&] { return std::move(bytes); });
 }
 
-std::optional<Error> writeFileAtomically(const fs::path& file, std::string_view bytes) {
+Result<void> writeFileAtomically(const fs::path& file, std::string_view bytes) {
   TemporaryFile temporary;
   if (temporary.createBeside(file) && temporary.write(bytes) && temporary.takePlaceOf(file))
-    return std::nullopt;
+    return {};
   const int code = errno;
-  return Error{
+  return failure(
       "file", code,
-      fmt::format("cannot write {}: {}", file.string(), std::generic_category().message(code))};
+      fmt::format("cannot write {}: {}", file.string(), std::generic_category().message(code)));
 }
 
 void removeAbandonedFiles(const fs::path& folder) {

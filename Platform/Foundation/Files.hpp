@@ -7,10 +7,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 
-#include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Result.hpp"
 
 namespace orivanta::foundation {
 
@@ -31,19 +30,19 @@ struct FileBytes {
 /// Reads a regular file. Fails if the file cannot be read, becomes shorter while it is read, or is
 /// larger than `largestBytes`. The error's domain is "file", its code is an `errno` (EFBIG if the
 /// file is too large), and its text begins with the file's path. Thread-safe.
-ORIVANTA_API std::variant<FileBytes, Error> readBytes(const std::filesystem::path& file,
-                                                      std::size_t largestBytes);
+ORIVANTA_API Result<FileBytes> readBytes(const std::filesystem::path& file,
+                                         std::size_t largestBytes);
 
-/// Like `readBytes`, but returns a string, or nothing on failure. Thread-safe.
-ORIVANTA_API std::optional<std::string> readFile(const std::filesystem::path& file,
-                                                 std::size_t largestBytes);
+/// Like `readBytes`, but returns a string. Thread-safe.
+ORIVANTA_API Result<std::string> readFile(const std::filesystem::path& file,
+                                          std::size_t largestBytes);
 
 /// Replaces a file atomically: other processes see either the old or the new contents, even if the
 /// disk is full, the process is killed, or others write the same file. A killed process may leave a
 /// hidden file in the same folder. The error's domain is "file", and its code is an `errno`.
 /// Thread-safe.
-ORIVANTA_API std::optional<Error> writeFileAtomically(const std::filesystem::path& file,
-                                                      std::string_view bytes);
+ORIVANTA_API Result<void> writeFileAtomically(const std::filesystem::path& file,
+                                              std::string_view bytes);
 
 /// Removes the hidden files that killed processes left in a folder while writing. Files of running
 /// processes are kept; if the file system does not support locks, all are kept. Thread-safe.

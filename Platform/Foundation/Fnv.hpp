@@ -1,10 +1,11 @@
-// The 64-bit FNV-1a hash (Fowler, Noll, Vo). It detects damage but not forgery.
+// The 64-bit FNV-1a hash (Fowler, Noll, Vo), which is the same on all platforms. It detects damage
+// but not forgery.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
 
-namespace orivanta {
+namespace orivanta::foundation {
 
 class Fnv {
  public:
@@ -25,4 +26,4 @@ class Fnv {
   std::uint64_t value_ = 0xcbf29ce484222325U;
 };
 
-}  // namespace orivanta
+}  // namespace orivanta::foundation

@@ -2,14 +2,11 @@
 #pragma once
 
 #include <filesystem>
-#include <map>
 #include <optional>
-#include <string>
+
+#include "Platform/Foundation/PropertyListDictionary.hpp"
 
 namespace orivanta::foundation {
-
-/// The string values of a dictionary by key. A key whose value is not a string maps to nothing.
-using PropertyListDictionary = std::map<std::string, std::optional<std::string>>;
 
 /// Reads the entries of a property list whose top level is a dictionary. Returns nothing if the
 /// file cannot be read, is larger than 16 MiB, has another form, or (in XML) contains more than

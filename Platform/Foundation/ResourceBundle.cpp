@@ -31,7 +31,7 @@ bool isOnDisk(const Resource& resource, const fs::path& file) {
   const std::uintmax_t size = fs::file_size(file, failure);
   if (!failure && size == resource.bytes.size()) return true;
   const auto* bytes = reinterpret_cast<const char*>(resource.bytes.data());
-  return !writeFileAtomically(file, {bytes, resource.bytes.size()});
+  return writeFileAtomically(file, {bytes, resource.bytes.size()}).has_value();
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "Platform/Foundation/Bundle.hpp"
+#include "Platform/Foundation/ExecutablePath.hpp"
 
 namespace orivanta::foundation {
 

@@ -1,8 +1,10 @@
 // Members that any thread may read and write, one operation at a time.
 #pragma once
 
+#include <concepts>
 #include <utility>
 
+#include "Platform/Graphics/Changes.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 
 namespace orivanta::graphics {
@@ -13,11 +15,16 @@ Value read(const Value& field) {
   return field;
 }
 
-/// Puts the old value into `value`, so that it is destroyed after the transaction has ended.
+/// Swaps the two values. The caller destroys the old one after the transaction has ended. Counts as
+/// a change unless the two are equal.
 template <class Value>
-void assign(Value& field, Value& value) {
+void swapGuarded(Value& field, Value& value) {
   const Transaction transaction;
+  if constexpr (std::equality_comparable<Value>) {
+    if (field == value) return;
+  }
   std::swap(field, value);
+  noteChange();
 }
 
 }  // namespace orivanta::graphics

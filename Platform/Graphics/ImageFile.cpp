@@ -83,7 +83,7 @@ std::vector<std::uint8_t> encodePng(const Image& image) {
   return bytes;
 }
 
-std::optional<foundation::Error> writePng(const Image& image, const std::filesystem::path& file) {
+foundation::Result<void> writePng(const Image& image, const std::filesystem::path& file) {
   const auto bytes = encodePng(image);
   return foundation::writeFileAtomically(
       file, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});

@@ -8,8 +8,8 @@
 #include <span>
 #include <vector>
 
-#include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Graphics/Image.hpp"
 
 namespace orivanta::graphics {
@@ -35,8 +35,8 @@ ORIVANTA_API std::optional<PixelSize> readImageSize(const std::filesystem::path&
 /// A PNG file of the picture: RGB when it is opaque, else RGBA. Any thread.
 ORIVANTA_API std::vector<std::uint8_t> encodePng(const Image& image);
 
-/// Writes a PNG file whole or not at all; the error says why not. Any thread.
-ORIVANTA_API std::optional<foundation::Error> writePng(const Image& image,
-                                                       const std::filesystem::path& file);
+/// Writes a PNG file whole or not at all. Any thread.
+ORIVANTA_API foundation::Result<void> writePng(const Image& image,
+                                               const std::filesystem::path& file);
 
 }  // namespace orivanta::graphics

@@ -7,48 +7,56 @@
 #include <optional>
 #include <utility>
 
+#include "Platform/Network/ContentDecoding.hpp"
+#include "Platform/Network/DefaultTransport.hpp"
+
 namespace orivanta::network {
 
-struct AwaitedRequests::State {
-  std::mutex mutex;
-  std::condition_variable changed;
-  bool isCancelled = false;
+namespace {
+
+class Awaited {
+ public:
+  void give(UrlResult result) {
+    const std::lock_guard lock(mutex_);
+    if (!result_) result_ = std::move(result);
+    changed_.notify_all();
+  }
+
+  UrlResult take() {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return result_.has_value(); });
+    return *std::move(result_);
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::optional<UrlResult> result_;
 };
 
-AwaitedRequests::AwaitedRequests(TransferRules rules, std::size_t requestBytes)
-    : rules_(std::move(rules)), requestBytes_(requestBytes), state_(std::make_shared<State>()) {}
+}  // namespace
 
-UrlResult AwaitedRequests::get(const foundation::Url& url, HeaderFields headerFields) {
-  const auto answer = std::make_shared<std::optional<UrlResult>>();
-  TransferRules rules = rules_;
+AwaitedRequests::AwaitedRequests(TransferOptions options, std::size_t requestBytes)
+    : options_(std::move(options)), requestBytes_(requestBytes) {}
+
+UrlResult AwaitedRequests::get(const foundation::Url& url, HeaderFields headerFields) const {
+  const auto awaited = std::make_shared<Awaited>();
+  TransferRules rules = options_.rules;
   if (requestBytes_ > 0) rules.budget = std::make_shared<foundation::MemoryBudget>(requestBytes_);
-  const auto transfer = defaultTransport().start({url, std::move(headerFields), std::move(rules)},
-                                                 [state = state_, answer](UrlResult result) {
-                                                   const std::lock_guard lock(state->mutex);
-                                                   *answer = std::move(result);
-                                                   state->changed.notify_all();
-                                                 });
-  std::unique_lock lock(state_->mutex);
-  state_->changed.wait(lock, [&] { return answer->has_value() || state_->isCancelled; });
-  if (!*answer) {
-    lock.unlock();
-    transfer->cancel();
-    return {foundation::Error{"http", ECANCELED, "the request was canceled"}, {}, {}};
-  }
-  UrlResult result = *std::move(*answer);
-  lock.unlock();
+  const auto registration = options_.cancellation.onCancel([awaited] {
+    awaited->give(foundation::failure("http", ECANCELED, "the request was canceled"));
+  });
+  orDefault(options_.transport)
+      ->start({url, std::move(headerFields), std::move(rules), options_.cancellation},
+              [awaited](UrlResult result) { awaited->give(std::move(result)); });
+  UrlResult result = awaited->take();
+  if (!result) return result;
   try {
-    if (!result.error) result.error = defaultTransport().decodeBody(result);
+    if (auto decoded = decodeBody(*result); !decoded) return foundation::failure(decoded.error());
   } catch (const std::bad_alloc& failure) {
-    result.error = foundation::memoryError(failure);
+    return foundation::failure(foundation::memoryError(failure));
   }
   return result;
-}
-
-void AwaitedRequests::cancel() {
-  const std::lock_guard lock(state_->mutex);
-  state_->isCancelled = true;
-  state_->changed.notify_all();
 }
 
 }  // namespace orivanta::network

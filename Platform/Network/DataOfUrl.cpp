@@ -13,11 +13,11 @@ constexpr std::size_t largestFileBytes = 512U << 20U;
 
 }  // namespace
 
-std::optional<std::string> dataOfUrl(const foundation::Url& url) {
+foundation::Result<std::string> dataOfUrl(const foundation::Url& url,
+                                          const TransferOptions& options) {
   if (const auto file = url.filePath()) return foundation::readFile(*file, largestFileBytes);
-  UrlResult result = AwaitedRequests().get(url);
-  if (result.error) return std::nullopt;
-  return std::move(result.body);
+  return AwaitedRequests(options).get(url).map(
+      [](UrlAnswer answer) { return std::move(answer.body); });
 }
 
 }  // namespace orivanta::network

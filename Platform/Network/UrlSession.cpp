@@ -1,9 +1,11 @@
 #include "Platform/Network/UrlSession.hpp"
 
-#include <algorithm>
 #include <new>
 #include <unordered_set>
 #include <utility>
+
+#include "Platform/Network/ContentDecoding.hpp"
+#include "Platform/Network/DefaultTransport.hpp"
 
 namespace orivanta::network {
 
@@ -27,8 +29,14 @@ std::shared_ptr<UrlSession> UrlSession::make(UrlSessionConfiguration configurati
                                              std::shared_ptr<UrlSessionDelegate> delegate) {
   std::shared_ptr<UrlSession> session(
       new UrlSession(std::move(configuration), std::move(delegate)));
-  const std::lock_guard lock(validSessions().mutex);
-  validSessions().sessions.insert(session);
+  {
+    const std::lock_guard lock(validSessions().mutex);
+    validSessions().sessions.insert(session);
+  }
+  session->registration_ =
+      session->configuration_.cancellation.onCancel([weak = std::weak_ptr(session)] {
+        if (const auto self = weak.lock()) self->invalidateAndCancel();
+      });
   return session;
 }
 
@@ -40,47 +48,51 @@ UrlSession::UrlSession(UrlSessionConfiguration configuration,
       delivered_(configuration_.rules.budget) {}
 
 void UrlSession::startDataTask(const foundation::Url& url) {
-  const std::lock_guard lock(mutex_);
-  if (!delegate_) return;
-  std::erase_if(transfers_, [](const auto& transfer) { return transfer.expired(); });
-  transfers_.push_back(
-      defaultTransport().start({url, configuration_.additionalHeaders, configuration_.rules},
-                               [self = shared_from_this()](UrlResult result) {
-                                 self->queue_->async([self, result = std::move(result)]() mutable {
-                                   self->deliver(std::move(result));
-                                 });
-                               }));
+  if (!isValid()) return;
+  orDefault(configuration_.transport)
+      ->start({url, configuration_.additionalHeaders, configuration_.rules, requests_.token()},
+              [self = shared_from_this()](UrlResult result) {
+                self->queue_->async([self, result = std::move(result)]() mutable {
+                  self->deliver(std::move(result));
+                });
+              });
 }
 
 void UrlSession::deliver(UrlResult result) {
   // The delegate is fetched before each call, since it may invalidate the session during a call.
   if (!delegate()) return;
   try {
-    if (!result.error) result.error = defaultTransport().decodeBody(result);
-    if (!result.error && !result.body.empty())
+    if (result)
+      if (auto decoded = decodeBody(*result); !decoded)
+        result = foundation::failure(decoded.error());
+    if (result && !result->body.empty())
       if (const auto receiver = delegate()) {
-        delivered_.growTo(result.body.size());
-        receiver->didReceiveData(result.body);
+        delivered_.growTo(result->body.size());
+        receiver->didReceiveData(result->body);
       }
   } catch (const std::bad_alloc& failure) {
-    result.error = foundation::memoryError(failure);
+    result = foundation::failure(foundation::memoryError(failure));
   }
-  std::string().swap(result.body);
-  result.share.reset();
-  if (const auto receiver = delegate()) receiver->didComplete(result.response, result.error);
+  if (result) {
+    std::string().swap(result->body);
+    result->share.reset();
+  }
+  const auto receiver = delegate();
+  if (!receiver) return;
+  if (result)
+    receiver->didComplete(result->response, std::nullopt);
+  else
+    receiver->didComplete({}, result.error());
 }
 
 void UrlSession::invalidateAndCancel() {
   std::shared_ptr<UrlSession> self;
   std::shared_ptr<UrlSessionDelegate> released;
-  std::vector<std::weak_ptr<UrlTransfer>> cancelled;
   {
     const std::lock_guard lock(mutex_);
     released.swap(delegate_);
-    cancelled.swap(transfers_);
   }
-  for (const auto& transfer : cancelled)
-    if (const auto running = transfer.lock()) running->cancel();
+  requests_.cancel();
   if (released)
     queue_->async([delegate = std::move(released)] { delegate->didBecomeInvalid(std::nullopt); });
   const std::lock_guard lock(validSessions().mutex);

@@ -8,7 +8,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
@@ -26,7 +25,7 @@ class UrlSessionDelegate {
  public:
   virtual ~UrlSessionDelegate() = default;
   virtual void didReceiveData(std::string_view bytes) = 0;
-  /// `response` is meaningful only without an error.
+  /// `response` is empty if there is an error.
   virtual void didComplete(const HttpUrlResponse& response,
                            const std::optional<foundation::Error>& error) = 0;
   /// The last report: the session has been invalidated, without an error if the application did so.
@@ -37,12 +36,15 @@ class UrlSessionDelegate {
 };
 
 struct UrlSessionConfiguration {
-  std::string identifier;
+  std::string identifier = {};
   /// Sent with every request of the session.
-  HeaderFields additionalHeaders;
+  HeaderFields additionalHeaders = {};
   /// For every request of the session. The budget also pays for the delivered bodies, and for a
   /// buffer of the delegate as large as the largest of them.
   TransferRules rules = {};
+  std::shared_ptr<UrlTransport> transport = nullptr;  ///< null for the default transport
+  /// Canceling it invalidates the session.
+  foundation::CancellationToken cancellation = {};
 };
 
 /// Shared by reference. A session that has not been invalidated stays alive without an owner, and
@@ -82,8 +84,9 @@ class ORIVANTA_API UrlSession : public std::enable_shared_from_this<UrlSession> 
   const UrlSessionConfiguration configuration_;
   const std::shared_ptr<foundation::SerialQueue> queue_;
   mutable std::mutex mutex_;
-  std::shared_ptr<UrlSessionDelegate> delegate_;       // empty once invalidated
-  std::vector<std::weak_ptr<UrlTransfer>> transfers_;  // those that may still be running
+  std::shared_ptr<UrlSessionDelegate> delegate_;  // empty once invalidated
+  const foundation::CancellationSource requests_;
+  foundation::CancellationRegistration registration_;  // set once, by `make`
   foundation::BudgetShare delivered_;                  // used on the queue alone
 };
 

@@ -1,17 +1,24 @@
-// The port to an HTTP client: start a GET request, cancel it. Adapters live in folders of their
-// own; the one that is linked in defines `defaultTransport`.
+// The port to an HTTP client, and the transports that applications put in the place of libcurl: for
+// a proxy, for pinned certificates, or to answer without a network, as here.
+//
+//   struct Offline : network::UrlTransport {
+//     void start(network::UrlRequest request, Completion completed) override {
+//       completed(network::UrlAnswer{{request.url, 200, {}}, fileFor(request.url)});
+//     }
+//   };
+//   setApiSettings({.endpoint = endpoint, .transport = std::make_shared<Offline>()});
+// Public header.
 #pragma once
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "Platform/Foundation/Error.hpp"
-#include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Platform/Foundation/MemoryBudget.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
 #include "Platform/Network/TransferRules.hpp"
@@ -24,43 +31,38 @@ struct UrlRequest {
   foundation::Url url;
   HeaderFields headerFields;
   TransferRules rules = {};
+  foundation::CancellationToken cancellation = {};
 };
 
-/// How a request ended. `body` is as it came over the wire; `decodeBody` undoes the compression
-/// that the transport asked for.
-struct UrlResult {
-  std::optional<foundation::Error> error;
+/// What the server answered.
+struct UrlAnswer {
   HttpUrlResponse response;
-  std::string body;
+  std::string body;  ///< as received: still compressed if "Content-Encoding" says so
   /// What the body has taken from the request's budget. Null if the request has none.
   std::shared_ptr<foundation::BudgetShare> share = nullptr;
 };
 
-/// One running request. Dropping the handle does not cancel it.
-class UrlTransfer {
- public:
-  virtual ~UrlTransfer() = default;
-  /// The callback will not be called after this has returned, unless it is being called just now.
-  /// Any thread.
-  virtual void cancel() = 0;
-};
+/// How a request ended.
+using UrlResult = foundation::Result<UrlAnswer>;
 
 class UrlTransport {
  public:
+  using Completion = std::function<void(UrlResult)>;
+
   virtual ~UrlTransport() = default;
 
-  /// Starts a GET request and returns at once. `completed` is called exactly once, on a thread of
-  /// the transport, unless the transfer is canceled first; it must return quickly. Any thread.
-  virtual std::shared_ptr<UrlTransfer> start(UrlRequest request,
-                                             std::function<void(UrlResult)> completed) = 0;
-
-  /// Undoes the "Content-Encoding" of the body in place; an error when the body is damaged or
-  /// grows beyond the transport's limit. Throws `BudgetExceeded` if it grows beyond the budget.
-  /// Costs time: call it outside the transport's thread.
-  virtual std::optional<foundation::Error> decodeBody(UrlResult& result) = 0;
+  /// Starts a GET request, whose header fields and rules it follows, and returns at once. Calls
+  /// `completed` once, on any thread and possibly before it returns. A request that is canceled
+  /// should end soon; then `completed` need not be called. `completed` returns quickly. Any thread,
+  /// several at once.
+  virtual void start(UrlRequest request, Completion completed) = 0;
 };
 
-/// The process-wide transport. Any thread.
-ORIVANTA_API UrlTransport& defaultTransport();
+/// How the requests of a session are carried out.
+struct TransferOptions {
+  TransferRules rules = {};
+  std::shared_ptr<UrlTransport> transport = nullptr;  ///< null for the default transport
+  foundation::CancellationToken cancellation = {};    ///< ends the requests
+};
 
 }  // namespace orivanta::network

@@ -41,18 +41,6 @@ int sideFor(float wanted, int now) {
 
 }  // namespace
 
-Box transformed(const Box& box, const Matrix4& matrix) {
-  Box result;
-  if (box.isEmpty()) return result;
-  for (int corner = 0; corner < 8; ++corner) {
-    const Vector3 point{(corner & 1) != 0 ? box.max.x : box.min.x,
-                        (corner & 2) != 0 ? box.max.y : box.min.y,
-                        (corner & 4) != 0 ? box.max.z : box.min.z};
-    result.add(Vector3(matrix * graphics::Vector4(point, 1.0F)));
-  }
-  return result;
-}
-
 bool ShadowMap::update(const Matrix4& lightWorld, std::span<const SceneMesh> meshes,
                        float unitsPerPixel, MeshShaders& shaders, FrameStatistics& statistics) {
   const bool isSameLight = std::exchange(lightWorld_, lightWorld) == lightWorld;

@@ -10,8 +10,8 @@
 
 namespace orivanta::scene {
 
-using graphics::assign;
 using graphics::read;
+using graphics::swapGuarded;
 using graphics::Vector3;
 
 namespace {
@@ -115,7 +115,7 @@ const GeometrySource* Geometry::source(Semantic semantic) const {
 std::vector<std::shared_ptr<Material>> Geometry::materials() const { return read(materials_); }
 
 void Geometry::setMaterials(std::vector<std::shared_ptr<Material>> materials) {
-  assign(materials_, materials);
+  swapGuarded(materials_, materials);
 }
 
 std::shared_ptr<Material> Geometry::firstMaterial() const {

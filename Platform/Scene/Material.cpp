@@ -8,8 +8,8 @@
 
 namespace orivanta::scene {
 
-using graphics::assign;
 using graphics::read;
+using graphics::swapGuarded;
 using graphics::Transaction;
 
 std::shared_ptr<Material> Material::make() { return std::shared_ptr<Material>(new Material); }
@@ -21,21 +21,22 @@ std::shared_ptr<Material> Material::make(Contents diffuse) {
 }
 
 std::optional<std::string> Material::name() const { return read(name_); }
-void Material::setName(std::optional<std::string> name) { assign(name_, name); }
+void Material::setName(std::optional<std::string> name) { swapGuarded(name_, name); }
 
 MaterialProperty Material::diffuse() const { return read(diffuse_); }
-void Material::setDiffuse(MaterialProperty diffuse) { assign(diffuse_, diffuse); }
-void Material::setDiffuseContents(Contents contents) { assign(diffuse_.contents, contents); }
+void Material::setDiffuse(MaterialProperty diffuse) { swapGuarded(diffuse_, diffuse); }
+void Material::setDiffuseContents(Contents contents) { swapGuarded(diffuse_.contents, contents); }
 
 float Material::opacity() const { return read(opacity_); }
-void Material::setOpacity(float opacity) { assign(opacity_, opacity); }
+void Material::setOpacity(float opacity) { swapGuarded(opacity_, opacity); }
 
 void Material::addAnimation(std::shared_ptr<const KeyframeAnimation> animation, std::string key) {
   const Transaction transaction;
   const auto same = [&](const auto& each) { return each.key == key; };
   animations_.erase(std::remove_if(animations_.begin(), animations_.end(), same),
                     animations_.end());
-  if (animation) animations_.push_back({std::move(key), std::move(animation), std::nullopt});
+  if (animation) animations_.push_back({std::move(key), std::move(animation), std::nullopt, 0});
+  graphics::noteChange();
 }
 
 std::shared_ptr<const KeyframeAnimation> Material::animation(std::string_view key) const {
@@ -45,14 +46,20 @@ std::shared_ptr<const KeyframeAnimation> Material::animation(std::string_view ke
   return found == animations_.end() ? nullptr : found->animation;
 }
 
+bool Material::isAnimating() const {
+  const Transaction transaction;
+  return std::any_of(animations_.begin(), animations_.end(),
+                     [](const auto& each) { return each.animation->isRunning(each.elapsed); });
+}
+
 MaterialProperty Material::presentedDiffuse(double time) {
   const Transaction transaction;
   MaterialProperty presented = diffuse_;
   for (RunningAnimation& each : animations_) {
     if (each.animation->keyPath != "diffuse.contentsTransform") continue;
     if (!each.beginTime) each.beginTime = time;
-    presented.contentsTransform =
-        each.animation->value(time - *each.beginTime, presented.contentsTransform);
+    each.elapsed = time - *each.beginTime;
+    presented.contentsTransform = each.animation->value(each.elapsed, presented.contentsTransform);
   }
   return presented;
 }

@@ -16,9 +16,9 @@
 
 namespace orivanta::scene {
 
-using graphics::assign;
 using graphics::Matrix4;
 using graphics::read;
+using graphics::swapGuarded;
 using graphics::Transaction;
 using graphics::Vector3;
 
@@ -75,27 +75,29 @@ Node::~Node() {
 }
 
 std::optional<std::string> Node::name() const { return read(name_); }
-void Node::setName(std::optional<std::string> name) { assign(name_, name); }
+void Node::setName(std::optional<std::string> name) { swapGuarded(name_, name); }
 
 Vector3 Node::position() const { return read(position_); }
-void Node::setPosition(Vector3 position) { assign(position_, position); }
-void Node::setPosition(Axis axis, float value) { assign(component(position_, axis), value); }
+void Node::setPosition(Vector3 position) { swapGuarded(position_, position); }
+void Node::setPosition(Axis axis, float value) { swapGuarded(component(position_, axis), value); }
 
 Vector3 Node::eulerAngles() const { return read(eulerAngles_); }
-void Node::setEulerAngles(Vector3 angles) { assign(eulerAngles_, angles); }
-void Node::setEulerAngle(Axis axis, float angle) { assign(component(eulerAngles_, axis), angle); }
+void Node::setEulerAngles(Vector3 angles) { swapGuarded(eulerAngles_, angles); }
+void Node::setEulerAngle(Axis axis, float angle) {
+  swapGuarded(component(eulerAngles_, axis), angle);
+}
 
 std::shared_ptr<Geometry> Node::geometry() const { return read(geometry_); }
-void Node::setGeometry(std::shared_ptr<Geometry> geometry) { assign(geometry_, geometry); }
+void Node::setGeometry(std::shared_ptr<Geometry> geometry) { swapGuarded(geometry_, geometry); }
 std::shared_ptr<Camera> Node::camera() const { return read(camera_); }
-void Node::setCamera(std::shared_ptr<Camera> camera) { assign(camera_, camera); }
+void Node::setCamera(std::shared_ptr<Camera> camera) { swapGuarded(camera_, camera); }
 std::shared_ptr<Light> Node::light() const { return read(light_); }
-void Node::setLight(std::shared_ptr<Light> light) { assign(light_, light); }
+void Node::setLight(std::shared_ptr<Light> light) { swapGuarded(light_, light); }
 
 bool Node::castsShadow() const { return read(castsShadow_); }
-void Node::setCastsShadow(bool castsShadow) { assign(castsShadow_, castsShadow); }
+void Node::setCastsShadow(bool castsShadow) { swapGuarded(castsShadow_, castsShadow); }
 bool Node::isHidden() const { return read(hidden_); }
-void Node::setHidden(bool hidden) { assign(hidden_, hidden); }
+void Node::setHidden(bool hidden) { swapGuarded(hidden_, hidden); }
 
 std::vector<std::shared_ptr<ParticleSystem>> Node::particleSystems() const {
   return read(particleSystems_);
@@ -104,10 +106,13 @@ std::vector<std::shared_ptr<ParticleSystem>> Node::particleSystems() const {
 void Node::addParticleSystem(std::shared_ptr<ParticleSystem> system) {
   const Transaction transaction;
   particleSystems_.push_back(std::move(system));
+  graphics::noteChange();
 }
 
 std::shared_ptr<const Batch> Node::preparedBatch() const { return read(preparedBatch_); }
-void Node::setPreparedBatch(std::shared_ptr<const Batch> batch) { assign(preparedBatch_, batch); }
+void Node::setPreparedBatch(std::shared_ptr<const Batch> batch) {
+  swapGuarded(preparedBatch_, batch);
+}
 
 Nodes Node::children() const { return read(children_); }
 
@@ -129,6 +134,7 @@ void Node::insertChild(std::shared_ptr<Node> child, std::size_t index) {
   const auto place = static_cast<std::ptrdiff_t>(std::min(index, children_.size()));
   child->parent_ = this;
   children_.insert(children_.begin() + place, std::move(child));
+  graphics::noteChange();
 }
 
 void Node::removeFromParent() {
@@ -149,6 +155,7 @@ void Node::detach(Node& child) {
                                   [&](const auto& each) { return each.get() == &child; });
   children_.erase(place);
   child.parent_ = nullptr;
+  graphics::noteChange();
 }
 
 std::shared_ptr<Node> Node::childNode(std::string_view name) const {

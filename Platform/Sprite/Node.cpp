@@ -11,11 +11,11 @@
 
 namespace orivanta::sprite {
 
-using graphics::assign;
 using graphics::Point;
 using graphics::read;
 using graphics::Rect;
 using graphics::Size;
+using graphics::swapGuarded;
 using graphics::Transaction;
 
 namespace {
@@ -37,26 +37,27 @@ Node::~Node() {
 
 std::optional<std::string> Node::name() const { return read(name_); }
 
-void Node::setName(std::optional<std::string> name) { assign(name_, name); }
+void Node::setName(std::optional<std::string> name) { swapGuarded(name_, name); }
 
 Point Node::position() const { return read(position_); }
 
-void Node::setPosition(Point position) { assign(position_, position); }
+void Node::setPosition(Point position) { swapGuarded(position_, position); }
 
 double Node::zPosition() const { return read(zPosition_); }
 
-void Node::setZPosition(double zPosition) { assign(zPosition_, zPosition); }
+void Node::setZPosition(double zPosition) { swapGuarded(zPosition_, zPosition); }
 
 double Node::alpha() const { return read(alpha_); }
 
 void Node::setAlpha(double alpha) {
   const Transaction transaction;
   alpha_ = std::clamp(alpha, 0.0, 1.0);
+  graphics::noteChange();
 }
 
 bool Node::isHidden() const { return read(hidden_); }
 
-void Node::setHidden(bool hidden) { assign(hidden_, hidden); }
+void Node::setHidden(bool hidden) { swapGuarded(hidden_, hidden); }
 
 std::vector<std::shared_ptr<Node>> Node::children() const { return read(children_); }
 
@@ -78,6 +79,7 @@ void Node::addChild(const std::shared_ptr<Node>& child) {
   added->removeFromParent();
   added->parent_ = this;
   children_.push_back(std::move(added));
+  graphics::noteChange();
 }
 
 void Node::removeFromParent() {
@@ -93,6 +95,7 @@ void Node::detach(const Node& child) {
                                   [&](const auto& held) { return held.get() == &child; });
   (*place)->parent_ = nullptr;
   children_.erase(place);
+  graphics::noteChange();
 }
 
 Rect Node::frame() const {
@@ -120,13 +123,13 @@ SpriteNode::SpriteNode(ImageHandle texture, Size size) : texture_(std::move(text
 
 ImageHandle SpriteNode::texture() const { return read(texture_); }
 
-void SpriteNode::setTexture(ImageHandle texture) { assign(texture_, texture); }
+void SpriteNode::setTexture(ImageHandle texture) { swapGuarded(texture_, texture); }
 
 Size SpriteNode::size() const { return read(size_); }
 
 void SpriteNode::setSize(Size size) {
-  const Transaction transaction;
-  size_ = {std::max(0.0, size.width), std::max(0.0, size.height)};
+  size = {std::max(0.0, size.width), std::max(0.0, size.height)};
+  swapGuarded(size_, size);
 }
 
 Rect SpriteNode::localFrame() const { return centred(size()); }
@@ -143,6 +146,7 @@ void LabelNode::setText(std::string text) {
   const Transaction transaction;
   text_ = std::move(text);
   imageScale_ = 0.0;
+  graphics::noteChange();
 }
 
 double LabelNode::fontSize() const { return read(fontSize_); }
@@ -151,6 +155,7 @@ void LabelNode::setFontSize(double fontSize) {
   const Transaction transaction;
   fontSize_ = fontSize;
   imageScale_ = 0.0;
+  graphics::noteChange();
 }
 
 graphics::Color LabelNode::color() const { return read(color_); }
@@ -159,6 +164,7 @@ void LabelNode::setColor(graphics::Color color) {
   const Transaction transaction;
   color_ = color;
   imageScale_ = 0.0;
+  graphics::noteChange();
 }
 
 ImageHandle LabelNode::image(double scale) const {

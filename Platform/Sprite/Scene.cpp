@@ -37,7 +37,7 @@ Scene::Scene(Size size) : size_(size) {}
 
 Size Scene::size() const { return graphics::read(size_); }
 
-void Scene::setSize(Size size) { graphics::assign(size_, size); }
+void Scene::setSize(Size size) { graphics::swapGuarded(size_, size); }
 
 Rect Scene::localFrame() const { return {{}, size()}; }
 

@@ -86,6 +86,7 @@ void ActivityIndicatorView::setColor(Color color) {
   const Transaction transaction;
   color_ = color;
   wheel_ = nullptr;
+  setNeedsFrame();
 }
 
 void ActivityIndicatorView::startAnimating() { setAnimating(true); }
@@ -93,7 +94,7 @@ void ActivityIndicatorView::startAnimating() { setAnimating(true); }
 void ActivityIndicatorView::stopAnimating() { setAnimating(false); }
 
 void ActivityIndicatorView::setAnimating(bool animating) {
-  graphics::assign(animating_, animating);
+  graphics::swapGuarded(animating_, animating);
 }
 
 bool ActivityIndicatorView::isAnimating() const {

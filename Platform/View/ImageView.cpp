@@ -15,7 +15,7 @@ ImageView::ImageView(std::shared_ptr<const graphics::Image> image) : image_(std:
 std::shared_ptr<const graphics::Image> ImageView::image() const { return graphics::read(image_); }
 
 void ImageView::setImage(std::shared_ptr<const graphics::Image> image) {
-  graphics::assign(image_, image);
+  graphics::swapGuarded(image_, image);
 }
 
 void ImageView::draw(Canvas& canvas) {

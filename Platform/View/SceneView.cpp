@@ -1,5 +1,6 @@
 #include "Platform/View/SceneView.hpp"
 
+#include <algorithm>
 #include <boost/asio/post.hpp>
 #include <new>
 #include <utility>
@@ -9,13 +10,15 @@
 #include "Platform/Graphics/Guarded.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Batch.hpp"
+#include "Platform/Scene/Geometry.hpp"
+#include "Platform/Scene/Material.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Platform/View/Canvas.hpp"
 
 namespace orivanta::view {
 
-using graphics::assign;
 using graphics::read;
+using graphics::swapGuarded;
 using graphics::Transaction;
 
 namespace {
@@ -45,18 +48,18 @@ SceneView::SceneView(const Coder& coder) : View(coder) {
 
 std::shared_ptr<scene::Scene> SceneView::scene() const { return read(scene_); }
 
-void SceneView::setScene(std::shared_ptr<scene::Scene> scene) { assign(scene_, scene); }
+void SceneView::setScene(std::shared_ptr<scene::Scene> scene) { swapGuarded(scene_, scene); }
 
 std::shared_ptr<sprite::Scene> SceneView::overlayScene() const { return read(overlayScene_); }
 
 void SceneView::setOverlayScene(std::shared_ptr<sprite::Scene> scene) {
-  assign(overlayScene_, scene);
+  swapGuarded(overlayScene_, scene);
 }
 
 SceneRendererDelegate* SceneView::rendererDelegate() const { return read(rendererDelegate_); }
 
 void SceneView::setRendererDelegate(SceneRendererDelegate* delegate) {
-  assign(rendererDelegate_, delegate);
+  swapGuarded(rendererDelegate_, delegate);
 }
 
 std::optional<scene::Viewpoint> SceneView::viewpoint() const {
@@ -108,6 +111,35 @@ void SceneView::draw(Canvas& canvas) {
   canvas.draw(*this, bounds());
 }
 
-bool SceneView::isAnimating() const { return scene() != nullptr || View::isAnimating(); }
+bool SceneView::isAnimating() const {
+  const Transaction transaction;
+  const Materials& animated = animatedMaterials();
+  return std::any_of(animated.begin(), animated.end(),
+                     [](const auto& each) {
+                       const auto material = each.lock();
+                       return material && material->isAnimating();
+                     }) ||
+         View::isAnimating();
+}
+
+// Looked for again only when something has changed.
+const SceneView::Materials& SceneView::animatedMaterials() const {
+  const Transaction transaction;
+  if (animatedChange_ == graphics::changeCount()) return animated_;
+  animatedChange_ = graphics::changeCount();
+  animated_.clear();
+  std::vector<const scene::Node*> pending;
+  if (scene_) pending.push_back(scene_->rootNode().get());
+  while (!pending.empty()) {
+    const scene::Node& node = *pending.back();
+    pending.pop_back();
+    if (node.isHidden()) continue;
+    if (const auto geometry = node.geometry())
+      for (const auto& material : geometry->materials())
+        if (material && material->isAnimating()) animated_.push_back(material);
+    for (const auto& child : node.children(transaction)) pending.push_back(child.get());
+  }
+  return animated_;
+}
 
 }  // namespace orivanta::view

@@ -11,10 +11,10 @@
 
 namespace orivanta::view {
 
-using graphics::assign;
 using graphics::Point;
 using graphics::read;
 using graphics::Rect;
+using graphics::swapGuarded;
 using graphics::Transaction;
 
 namespace {
@@ -68,6 +68,7 @@ void View::setFrame(Rect frame) {
   if (frame == frame_) return;
   frame_ = frame;
   needsLayout_ = true;
+  setNeedsFrame();
   if (superview_ != nullptr) superview_->needsLayout_ = true;
 }
 
@@ -76,23 +77,25 @@ Rect View::bounds() const { return {{}, frame().size}; }
 double View::alpha() const { return read(alpha_); }
 
 void View::setAlpha(double alpha) {
-  const Transaction transaction;
-  alpha_ = std::clamp(alpha, 0.0, 1.0);
+  alpha = std::clamp(alpha, 0.0, 1.0);
+  graphics::swapGuarded(alpha_, alpha);
 }
 
 std::optional<graphics::Color> View::backgroundColor() const { return read(backgroundColor_); }
 
 void View::setBackgroundColor(std::optional<graphics::Color> color) {
-  assign(backgroundColor_, color);
+  swapGuarded(backgroundColor_, color);
 }
 
 bool View::isHidden() const { return read(hidden_); }
 
-void View::setHidden(bool hidden) { assign(hidden_, hidden); }
+void View::setHidden(bool hidden) { swapGuarded(hidden_, hidden); }
 
 bool View::isUserInteractionEnabled() const { return read(userInteractionEnabled_); }
 
-void View::setUserInteractionEnabled(bool enabled) { assign(userInteractionEnabled_, enabled); }
+void View::setUserInteractionEnabled(bool enabled) {
+  swapGuarded(userInteractionEnabled_, enabled);
+}
 
 View* View::superview() const { return read(superview_); }
 
@@ -110,6 +113,7 @@ void View::addSubview(const std::shared_ptr<View>& subview) {
   added->superview_ = this;
   subviews_.push_back(std::move(added));
   needsLayout_ = true;
+  setNeedsFrame();
 }
 
 void View::removeFromSuperview() {
@@ -127,12 +131,15 @@ void View::detach(const View& child) {
   (*place)->superview_ = nullptr;
   subviews_.erase(place);
   needsLayout_ = true;
+  setNeedsFrame();
 }
 
 void View::bringSubviewToFront(const View& subview) {
   const Transaction transaction;
   const auto place = placeOf(subviews_, subview);
-  if (place != subviews_.end()) std::rotate(place, place + 1, subviews_.end());
+  if (place == subviews_.end() || place + 1 == subviews_.end()) return;
+  std::rotate(place, place + 1, subviews_.end());
+  setNeedsFrame();
 }
 
 bool View::translatesAutoresizingMaskIntoConstraints() const {
@@ -142,6 +149,7 @@ bool View::translatesAutoresizingMaskIntoConstraints() const {
 void View::setTranslatesAutoresizingMaskIntoConstraints(bool translates) {
   const Transaction transaction;
   translatesAutoresizingMask_ = translates;
+  setNeedsFrame();
   if (superview_ != nullptr) superview_->needsLayout_ = true;
 }
 
@@ -154,6 +162,7 @@ void View::addConstraint(const LayoutConstraint& constraint) {
     foundation::fatalError("a layout constraint is about the view that holds it and its children");
   constraints_.push_back(constraint);
   needsLayout_ = true;
+  setNeedsFrame();
   if (superview_ != nullptr) superview_->needsLayout_ = true;
 }
 
@@ -235,6 +244,15 @@ bool View::isAnimating() const {
     return !subview->isHidden() && subview->isAnimating();
   });
 }
+
+bool View::needsFrame() const {
+  const Transaction transaction;
+  return drawnChange_ != graphics::changeCount() || isAnimating();
+}
+
+void View::setNeedsFrame() { graphics::noteChange(); }
+
+void View::frameGathered() { drawnChange_ = graphics::changeCount(); }
 
 const View& topmostView(const View& view) {
   const View* topmost = &view;

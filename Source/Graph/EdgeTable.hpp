@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "Source/NavigationGraph.hpp"
+#include "Source/Edge.hpp"
 
 namespace orivanta {
 

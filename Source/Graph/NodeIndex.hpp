@@ -5,9 +5,12 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "Source/Collections.hpp"
 #include "Source/Fwd.hpp"
 
 namespace orivanta {

@@ -124,11 +124,4 @@ std::shared_ptr<const json::value> parseJsonDocument(
   return {document, &document->root};
 }
 
-std::optional<RawData> parseRawData(std::string_view bytes,
-                                    const std::shared_ptr<foundation::MemoryBudget>& budget) {
-  auto document = parseJsonDocument(bytes, budget);
-  if (!document || (!document->is_object() && !document->is_array())) return std::nullopt;
-  return RawData(std::move(document));
-}
-
 }  // namespace orivanta

@@ -3,11 +3,9 @@
 
 #include <boost/json/value.hpp>
 #include <memory>
-#include <optional>
 #include <string_view>
 
 #include "Platform/Foundation/MemoryBudget.hpp"
-#include "Source/RawData.hpp"
 
 namespace orivanta {
 
@@ -21,9 +19,5 @@ constexpr std::size_t deepestJsonNesting = 1000;
 /// needs beside it. Throws `std::bad_alloc` if memory or budget do not suffice.
 std::shared_ptr<const boost::json::value> parseJsonDocument(
     std::string_view text, const std::shared_ptr<foundation::MemoryBudget>& budget = nullptr);
-
-/// As `RawData::parse`, within a budget.
-std::optional<RawData> parseRawData(std::string_view bytes,
-                                    const std::shared_ptr<foundation::MemoryBudget>& budget);
 
 }  // namespace orivanta

@@ -10,8 +10,8 @@ namespace json = boost::json;
 
 namespace {
 
-const json::array* arrayOf(const RawData& data, std::string_view key) {
-  const json::value* member = jsonMember(data.data().get(), key);
+const json::array* arrayOf(const json::value* object, std::string_view key) {
+  const json::value* member = jsonMember(object, key);
   return member == nullptr ? nullptr : member->if_array();
 }
 
@@ -38,30 +38,29 @@ void prefetchMembers(const json::object& object) {
 
 }  // namespace
 
-std::optional<std::string_view> referenceIn(const RawData& data, std::string_view key) {
+std::optional<std::string_view> referenceIn(const json::value* object, std::string_view key) {
   std::optional<std::string_view> reference;
-  visitText(jsonMember(data.data().get(), key), [&](std::string_view id) { reference = id; });
+  visitText(jsonMember(object, key), [&](std::string_view id) { reference = id; });
   return reference;
 }
 
-void forEachReference(const RawData& data, std::string_view key, std::string_view member,
+void forEachReference(const json::value* object, std::string_view key, std::string_view member,
                       ReferenceVisitor visit) {
-  if (const json::array* elements = arrayOf(data, key)) visitTexts(*elements, member, visit);
+  if (const json::array* elements = arrayOf(object, key)) visitTexts(*elements, member, visit);
 }
 
 // Each loop touches what the one before it has sent for: the members, the arrays and their
 // elements.
-References referencesOf(std::span<const RawData* const> objects, std::string_view key,
+References referencesOf(std::span<const JsonHandle* const> objects, std::string_view key,
                         std::string_view member, foundation::BudgetShare& share) {
-  for (const RawData* object : objects) __builtin_prefetch(object);
-  for (const RawData* object : objects) __builtin_prefetch(object->data().get());
-  for (const RawData* object : objects)
-    if (object->data() && object->data()->is_object())
-      prefetchMembers(object->data()->get_object());
+  for (const JsonHandle* object : objects) __builtin_prefetch(object);
+  for (const JsonHandle* object : objects) __builtin_prefetch(object->get());
+  for (const JsonHandle* object : objects)
+    if (*object && (*object)->is_object()) prefetchMembers((*object)->get_object());
   std::vector<const json::array*> arrays;
   arrays.reserve(objects.size());
-  for (const RawData* object : objects) {
-    arrays.push_back(arrayOf(*object, key));
+  for (const JsonHandle* object : objects) {
+    arrays.push_back(arrayOf(object->get(), key));
     if (arrays.back() != nullptr) __builtin_prefetch(arrays.back()->begin());
   }
   std::size_t elementCount = 0;

@@ -2,16 +2,20 @@
 // of objects with a text each. Read in place, since a large venue has hundreds of thousands.
 #pragma once
 
+#include <boost/json/value.hpp>
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "Platform/Foundation/MemoryBudget.hpp"
-#include "Source/RawData.hpp"
 
 namespace orivanta {
+
+using JsonHandle = std::shared_ptr<const boost::json::value>;
 
 /// A function that is called with each identifier; it must not keep the view beyond the data.
 class ReferenceVisitor {
@@ -29,15 +33,15 @@ class ReferenceVisitor {
   void (*call_)(void*, std::string_view);
 };
 
-/// The text under a key of an object; nothing when there is none.
-std::optional<std::string_view> referenceIn(const RawData& data, std::string_view key);
+/// The text under a key of an object. Returns nothing if there is none or for a null pointer.
+std::optional<std::string_view> referenceIn(const boost::json::value* object, std::string_view key);
 
-/// Visits the texts under `member` of the elements of the array under a key, in order; elements
-/// without such a text are passed over. An empty `member` means the elements themselves.
-void forEachReference(const RawData& data, std::string_view key, std::string_view member,
-                      ReferenceVisitor visit);
+/// Visits the texts under `member` of the elements of the array under a key of an object, in order.
+/// Elements without such a text are skipped. An empty `member` means the elements themselves.
+void forEachReference(const boost::json::value* object, std::string_view key,
+                      std::string_view member, ReferenceVisitor visit);
 
-/// The identifiers of several objects, one after the other; those of object i end at `ends[i]`.
+/// The identifiers of several objects, concatenated. Those of object i end at `ends[i]`.
 struct References {
   std::vector<std::string_view> ids;
   std::vector<std::size_t> ends;
@@ -46,7 +50,7 @@ struct References {
 /// What `forEachReference` visits for each object. Much faster than one by one when the JSON is not
 /// in the cache. `share` takes 64 bytes for each element of the arrays, for the identifiers and for
 /// what the caller looks up with them.
-References referencesOf(std::span<const RawData* const> objects, std::string_view key,
+References referencesOf(std::span<const JsonHandle* const> objects, std::string_view key,
                         std::string_view member, foundation::BudgetShare& share);
 
 }  // namespace orivanta

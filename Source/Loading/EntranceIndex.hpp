@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "Platform/Foundation/MemoryBudget.hpp"
+#include "Source/Collections.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
 
 namespace orivanta {
 

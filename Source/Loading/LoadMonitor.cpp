@@ -36,24 +36,15 @@ LoadProblem problemOf(int status) {
 }  // namespace
 
 LoadMonitor::LoadMonitor(std::string endpoint, std::size_t collections,
-                         network::LowestRate lowestRate,
-                         std::function<void(const LoadProgress&)> progressed, Ended ended)
+                         network::LowestRate lowestRate, Handlers handlers)
     : endpoint_(std::move(endpoint)),
       lowestRate_(lowestRate),
       queue_(foundation::SerialQueue::make()),
-      progressed_(std::move(progressed)),
-      ended_(std::move(ended)),
+      handlers_(std::make_shared<Handlers>(std::move(handlers))),
       progress_{0, collections, 0, 0} {}
 
-void LoadMonitor::start(const std::function<std::vector<WebApiSession::Request>()>& startRequests) {
+void LoadMonitor::start() {
   onQueue([](LoadMonitor& self) { self.tellProgress(); });
-  auto requests = startRequests();
-  {
-    const std::lock_guard lock(mutex_);
-    requests_ = std::move(requests);
-    if (!over_) return;
-  }
-  cancel();  // it was given up in the meantime
 }
 
 void LoadMonitor::finish() {
@@ -82,17 +73,18 @@ void LoadMonitor::unlessOver(const std::function<void()>& step) {
 }
 
 void LoadMonitor::cancel() {
-  std::vector<WebApiSession::Request> requests;
+  calls_.cancel();
+  endRequests();
+}
+
+// A handler may hold the handle to the load: the handlers are let go.
+void LoadMonitor::endRequests() {
   {
     const std::lock_guard lock(mutex_);
     over_ = true;
-    requests.swap(requests_);
   }
-  for (const auto& request : requests) request->invalidateAndCancel();
-  queue_->async([self = shared_from_this()] {  // a handler may hold the handle to the load
-    self->progressed_ = nullptr;
-    self->ended_ = nullptr;
-  });
+  requests_.cancel();
+  queue_->async([self = shared_from_this()] { self->handlers_ = nullptr; });
 }
 
 void LoadMonitor::pageReceived(std::string_view name, const network::HttpUrlResponse& response,
@@ -102,9 +94,8 @@ void LoadMonitor::pageReceived(std::string_view name, const network::HttpUrlResp
   });
 }
 
-void LoadMonitor::collectionEnded(std::string_view name,
-                                  const std::optional<foundation::Error>& error) {
-  onQueue([name = std::string(name), error](LoadMonitor& self) { self.takeEnd(name, error); });
+void LoadMonitor::collectionEnded(std::string_view name, const foundation::Result<void>& outcome) {
+  onQueue([name = std::string(name), outcome](LoadMonitor& self) { self.takeEnd(name, outcome); });
 }
 
 void LoadMonitor::onQueue(std::function<void(LoadMonitor&)> step) {
@@ -154,27 +145,28 @@ bool LoadMonitor::isTooSlow(Window& window, std::size_t bodyBytes,
   return bytes < static_cast<double>(lowestRate_.bytesPerSecond) * time.count();
 }
 
-void LoadMonitor::takeEnd(const std::string& name, const std::optional<foundation::Error>& error) {
+void LoadMonitor::takeEnd(const std::string& name, const foundation::Result<void>& outcome) {
   Collection& collection = collectionNamed(name);
   ++progress_.collectionsDone;
   tellProgress();
   LoadFailure& failure = collection.failure;
-  if (!error || !failure.reason.empty()) return;
-  const bool isMemory = error->domain == foundation::memoryErrorDomain;
-  if (isMemory && error->code == foundation::budgetExceededBefore) return;  // another one tells
-  if (error->domain.empty()) {
+  if (outcome || !failure.reason.empty()) return;
+  const foundation::Error& error = outcome.error();
+  const bool isMemory = error.domain == foundation::memoryErrorDomain;
+  if (isMemory && error.code == foundation::budgetExceededBefore) return;  // another one tells
+  if (error.domain.empty()) {
     failure.problem = LoadProblem::unusable;
     failure.reason = fmt::format("{} answered with a body that is no JSON", collection.latestUrl);
   } else if (isMemory) {
     failure.problem =
-        error->code == foundation::budgetExceeded ? LoadProblem::tooLarge : LoadProblem::unusable;
-    failure.reason = fmt::format("{}: {}", collection.latestUrl, error->description);
-  } else if (network::isInsecureStep(*error)) {
+        error.code == foundation::budgetExceeded ? LoadProblem::tooLarge : LoadProblem::unusable;
+    failure.reason = fmt::format("{}: {}", collection.latestUrl, error.description);
+  } else if (network::isInsecureStep(error)) {
     failure.problem = LoadProblem::insecure;
-    failure.reason = error->description;
+    failure.reason = error.description;
   } else {
     failure.problem = LoadProblem::noAnswer;
-    failure.reason = fmt::format("no answer from {}{}: {}", endpoint_, name, error->description);
+    failure.reason = fmt::format("no answer from {}{}: {}", endpoint_, name, error.description);
   }
 }
 
@@ -196,20 +188,35 @@ void LoadMonitor::giveUp(Collection& collection, std::string reason) {
 
 void LoadMonitor::end(bool complete) {
   if (isOver()) return;
-  cancel();
+  endRequests();
   std::vector<LoadFailure> failures;
   for (auto& [name, collection] : collections_)
     if (!collection.failure.reason.empty()) failures.push_back(std::move(collection.failure));
-  if (ended_) ended_(std::move(failures), complete);
-}
-
-void LoadMonitor::tellProgress() {
-  if (progressed_) progressed_(progress_);
+  call([failures = std::move(failures), complete](const Handlers& handlers) {
+    if (handlers.ended) handlers.ended(failures, complete);
+  });
 }
 
 bool LoadMonitor::isOver() const {
   const std::lock_guard lock(mutex_);
   return over_;
+}
+
+void LoadMonitor::tellProgress() {
+  call([progress = progress_](const Handlers& handlers) {
+    if (handlers.progressed) handlers.progressed(progress);
+  });
+}
+
+void LoadMonitor::call(std::function<void(const Handlers&)> handler) {
+  if (!handlers_) return;
+  auto task = [handlers = handlers_, isCanceled = calls_.token(), handler = std::move(handler)] {
+    if (!isCanceled.isCanceled()) handler(*handlers);
+  };
+  if (handlers_->executor)
+    handlers_->executor(std::move(task));
+  else
+    task();
 }
 
 }  // namespace orivanta

@@ -6,12 +6,12 @@
 #include <map>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Platform/Foundation/SerialQueue.hpp"
 #include "Source/LoadReport.hpp"
 #include "Source/Loading/TextDigest.hpp"
@@ -19,8 +19,8 @@
 
 namespace orivanta {
 
-/// Watches the requests of the load. What it sees is looked at on a queue of its own, where the
-/// handlers are called too. Any thread.
+/// Watches the requests of the load. It looks at what it sees on a queue of its own, and calls the
+/// handlers there, or on the executor if there is one. Any thread.
 ///
 /// The load is given up when a page names a next one that was asked for before, when a collection
 /// has more than 100,000 pages or comes below the lowest rate, its pages taken together, or when
@@ -29,15 +29,21 @@ class LoadMonitor : public WebApiObserver,
                     public LoadHandle,
                     public std::enable_shared_from_this<LoadMonitor> {
  public:
-  using Ended = std::function<void(std::vector<LoadFailure> failures, bool complete)>;
+  struct Handlers {
+    std::function<void(const LoadProgress&)> progressed;
+    std::function<void(std::vector<LoadFailure> failures, bool complete)> ended;
+    foundation::Executor executor = nullptr;
+  };
 
   /// `endpoint` is the API root, for the reasons.
   LoadMonitor(std::string endpoint, std::size_t collections, network::LowestRate lowestRate,
-              std::function<void(const LoadProgress&)> progressed, Ended ended);
+              Handlers handlers);
 
-  /// Starts the requests, which this load observes, and keeps them for the case that they are to
-  /// end early.
-  void start(const std::function<std::vector<WebApiSession::Request>()>& startRequests);
+  /// Reports that nothing has arrived yet. Called before the requests are started.
+  void start();
+
+  /// Canceled when the load is over. The requests carry it.
+  foundation::CancellationToken cancellation() const { return requests_.token(); }
 
   /// The load has delivered its result.
   void finish();
@@ -45,14 +51,14 @@ class LoadMonitor : public WebApiObserver,
   /// The load ended for this reason without a result.
   void fail(const foundation::Error& reason);
 
-  /// Runs a step unless the load is over; `cancel` waits for it to end.
+  /// Runs a step unless the load is over. `cancel` waits until the step has ended.
   void unlessOver(const std::function<void()>& step);
   void cancel() override;
 
   void pageReceived(std::string_view collection, const network::HttpUrlResponse& response,
                     std::size_t bodyBytes) override;
   void collectionEnded(std::string_view collection,
-                       const std::optional<foundation::Error>& error) override;
+                       const foundation::Result<void>& outcome) override;
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -74,11 +80,13 @@ class LoadMonitor : public WebApiObserver,
   void takePage(const std::string& name, const network::HttpUrlResponse& response,
                 std::size_t bodyBytes, Clock::time_point arrival);
   bool isTooSlow(Window& window, std::size_t bodyBytes, Clock::time_point arrival) const;
-  void takeEnd(const std::string& name, const std::optional<foundation::Error>& error);
+  void takeEnd(const std::string& name, const foundation::Result<void>& outcome);
   Collection& collectionNamed(const std::string& name);
   void giveUp(Collection& collection, std::string reason);
   void end(bool complete);
+  void endRequests();
   void tellProgress();
+  void call(std::function<void(const Handlers&)> handler);
   bool isOver() const;
 
   const std::string endpoint_;
@@ -87,14 +95,14 @@ class LoadMonitor : public WebApiObserver,
   const std::shared_ptr<foundation::SerialQueue> queue_;
 
   // Used on the queue alone.
-  std::function<void(const LoadProgress&)> progressed_;
-  Ended ended_;
+  std::shared_ptr<const Handlers> handlers_;
   LoadProgress progress_;
   std::map<std::string, Collection, std::less<>> collections_;
 
-  mutable std::mutex mutex_;  // guards the two below
+  mutable std::mutex mutex_;  // guards `over_`, and is held while a step runs
   bool over_ = false;
-  std::vector<WebApiSession::Request> requests_;
+  const foundation::CancellationSource requests_;
+  const foundation::CancellationSource calls_;  // canceled by `cancel` alone
 };
 
 }  // namespace orivanta

@@ -18,7 +18,7 @@ namespace orivanta {
 
 /// What a collection adds for each record: the pair of key and handle, twice while the collection
 /// grows, a bucket, and the counts of owners.
-constexpr std::size_t placeInCollectionBytes = 160;
+constexpr std::size_t collectionEntryBytes = 160;
 
 /// What a text takes beside its object.
 inline std::size_t memoryOf(const std::string& text) {
@@ -58,7 +58,7 @@ inline std::size_t contentsOf(const Venue& venue) {
 
 template <class Record>
 std::size_t memoryOfRecord(const Record& record) {
-  return sizeof(Record) + placeInCollectionBytes + 2 * memoryOf(record.id) + contentsOf(record);
+  return sizeof(Record) + collectionEntryBytes + 2 * memoryOf(record.id) + contentsOf(record);
 }
 
 }  // namespace orivanta

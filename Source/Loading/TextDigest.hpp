@@ -1,4 +1,4 @@
-// A short stand-in for long texts that are only compared.
+// A digest of long texts that are only compared.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,8 @@ namespace orivanta {
 
 using TextDigest = std::pair<std::uint64_t, std::uint64_t>;
 
-/// The same for equal texts and, but for a chance of 1 in 2^128, different for different ones. Like
-/// `TextHash` it differs from process to process. Any thread.
+/// Equal texts have the same digest. Different texts have different ones, except with a probability
+/// of 1 in 2^128. The digest differs from process to process. Any thread.
 TextDigest textDigest(std::string_view text);
 
 }  // namespace orivanta

@@ -11,7 +11,6 @@
 #include "Platform/Foundation/ParallelFor.hpp"
 #include "Source/Category.hpp"
 #include "Source/Json/References.hpp"
-#include "Source/Loading/ActiveVenue.hpp"
 #include "Source/Loading/EntranceIndex.hpp"
 #include "Source/Loading/RecordMemory.hpp"
 #include "Source/Location.hpp"
@@ -106,7 +105,7 @@ void linkNamed(const CollectionDictionary& payer, const Collection<Record>& reco
     found.ends.reserve(entries.size());
     Lookup<Target> lookup(targets);
     for (const auto& entry : entries) {
-      forEachReference(entry.second->_data, key, member, [&](std::string_view id) {
+      forEachReference(entry.second->_data.data().get(), key, member, [&](std::string_view id) {
         if (const auto* target = lookup(id)) found.records.push_back(target);
       });
       found.ends.push_back(found.records.size());
@@ -140,7 +139,8 @@ void linkMaps(const CollectionDictionary& payer, Collection<Record>& records,
     constexpr std::size_t ahead = 8;
     for (std::size_t i = 0; i < some.size(); ++i) {
       if (i + ahead < some.size()) __builtin_prefetch(&some[i + ahead].second->_data);
-      if (const auto id = referenceIn(some[i].second->_data, "map")) found[first + i] = lookup(*id);
+      if (const auto id = referenceIn(some[i].second->_data.data().get(), "map"))
+        found[first + i] = lookup(*id);
     }
   });
   // By one thread: all count the owners of the same few maps.
@@ -153,7 +153,7 @@ void linkMaps(const CollectionDictionary& payer, Collection<Record>& records,
   Collection<Record> kept;
   for (const auto& [id, record] : records) {
     if (!record->map) continue;
-    pay(payer, placeInCollectionBytes + memoryOf(id));
+    pay(payer, collectionEntryBytes + memoryOf(id));
     kept.insert({id, record});
   }
   records = std::move(kept);
@@ -174,7 +174,7 @@ Collection<Vortex> accessibleFirst(const CollectionDictionary& payer) {
   for (const bool wanted : {true, false})
     for (const auto& [id, vortex] : vortices) {
       if (vortex->accessible != wanted) continue;
-      pay(payer, placeInCollectionBytes + memoryOf(id));
+      pay(payer, collectionEntryBytes + memoryOf(id));
       ordered.insert({id, vortex});
     }
   return ordered;
@@ -187,7 +187,7 @@ std::size_t memoryOfLists(const CollectionDictionary& collections) {
                               collections.vortices->size() + collections.polygons->size();
   std::size_t bytes = records * sizeof(std::shared_ptr<Node>);
   for (const auto& entry : *collections.polygons)
-    bytes += placeInCollectionBytes + memoryOf(entry.first);
+    bytes += collectionEntryBytes + memoryOf(entry.first);
   return bytes;
 }
 
@@ -237,7 +237,7 @@ bool linkVortexNodes(CollectionDictionary& collections, bool accessible) {
     Vortex& vortex = *entry.second;
     vortex.maps.clear();
     std::unordered_set<const Map*> seen;
-    forEachReference(vortex._data, "nodes", "", [&](std::string_view id) {
+    forEachReference(vortex._data.data().get(), "nodes", "", [&](std::string_view id) {
       const auto node = named(*collections.nodes, id);
       if (!node) return;
       pay(collections, bytesPerLink);
@@ -276,7 +276,8 @@ bool linkLocationPolygons(CollectionDictionary& collections) {
   return true;
 }
 
-std::shared_ptr<Venue> publishVenue(const CollectionDictionary& collections) {
+std::shared_ptr<Venue> publishVenue(const CollectionDictionary& collections,
+                                    const Publish& publish) {
   if (!collections.locations || !collections.categories || !collections.maps ||
       !collections.nodes || !collections.vortices || !collections.polygons ||
       !collections.navigationGraph)
@@ -291,7 +292,7 @@ std::shared_ptr<Venue> publishVenue(const CollectionDictionary& collections) {
   contents.polygons = listOf(*collections.polygons);
   contents.polygonDictionary = *collections.polygons;
   contents.navigationGraph = collections.navigationGraph;
-  return fillActiveVenue(std::move(contents));
+  return publish(std::move(contents));
 }
 
 }  // namespace orivanta

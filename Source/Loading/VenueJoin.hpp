@@ -6,7 +6,9 @@
 #include <optional>
 
 #include "Platform/Foundation/MemoryBudget.hpp"
+#include "Source/Collections.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/Loading/VenuePublishing.hpp"
 
 namespace orivanta {
 
@@ -38,8 +40,9 @@ bool linkVortexNodes(CollectionDictionary& collections, bool accessible);
 bool linkLocationNodes(CollectionDictionary& collections);
 /// Takes from each location the nodes that are entrances of its own polygons.
 bool linkLocationPolygons(CollectionDictionary& collections);
-/// Hands everything over to the active venue and returns it; null without the inputs. Changes the
-/// venue only if there is enough memory for all of it.
-std::shared_ptr<Venue> publishVenue(const CollectionDictionary& collections);
+/// Hands everything over to `publish` and returns its result. Returns null without the inputs.
+/// Calls `publish` only if there is enough memory for all of the contents.
+std::shared_ptr<Venue> publishVenue(const CollectionDictionary& collections,
+                                    const Publish& publish);
 
 }  // namespace orivanta

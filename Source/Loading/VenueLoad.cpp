@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <iterator>
-#include <mutex>
 #include <new>
 #include <stdexcept>
 #include <utility>
@@ -14,13 +13,6 @@
 namespace orivanta {
 
 namespace {
-
-// Held during the joins of any load, never while the application is called back. Never destroyed:
-// loads may be under way when the process ends.
-std::mutex& joinsMutex() {
-  static auto& mutex = *new std::mutex;
-  return mutex;
-}
 
 CollectionDictionary emptyCollections() {
   CollectionDictionary collections;
@@ -37,9 +29,10 @@ CollectionDictionary emptyCollections() {
 
 }  // namespace
 
-VenueLoad::VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)> callback,
-                     Options options)
-    : callback_(std::move(callback)),
+VenueLoad::VenueLoad(bool accessible, Publish publish,
+                     std::function<void(std::shared_ptr<Venue>)> callback, Options options)
+    : publish_(std::move(publish)),
+      callback_(std::move(callback)),
       options_(std::move(options)),
       joins_{{linkCategoryParents, true},
              {linkLocationCategories, true},
@@ -52,7 +45,7 @@ VenueLoad::VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)
              {linkLocationNodes},
              {linkLocationPolygons},
              {[this](CollectionDictionary&) {
-               publish();
+               published_ = publishVenue(collections_, publish_);
                return published_ != nullptr;
              }}} {
   collections_.budget = options_.budget;
@@ -73,7 +66,6 @@ void VenueLoad::collectionReady() {
 }
 
 void VenueLoad::runJoins() {
-  const std::lock_guard lock(joinsMutex());
   const bool gateOpen = collections_.locations && collections_.categories && collections_.maps &&
                         collections_.nodes && collections_.vortices;
   for (Join& join : joins_)
@@ -94,15 +86,7 @@ void VenueLoad::endWithout(const std::exception& reason) {
   fmt::memory_buffer line;  // a short text lies within it
   fmt::format_to(std::back_inserter(line), "the venue is left empty: {}", reason.what());
   foundation::diagnostic({line.data(), line.size()});
-  publish();
-}
-
-void VenueLoad::publish() {
-  const auto step = [this] { published_ = publishVenue(collections_); };
-  if (options_.guard)
-    options_.guard(step);
-  else
-    step();
+  published_ = publishVenue(collections_, publish_);
 }
 
 }  // namespace orivanta

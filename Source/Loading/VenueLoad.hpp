@@ -11,16 +11,11 @@
 
 namespace orivanta {
 
-/// Kept alive by whoever still has an answer to deliver. One thread at a time; several loads may
-/// run at once, on one thread each. The joins of all loads run one after the other.
+/// Kept alive by whoever still has an answer to deliver. One thread at a time. Several loads may
+/// run at once, on one thread each.
 class VenueLoad {
  public:
-  /// Runs a step, or leaves it out when the load is not wanted any more.
-  using Guard = std::function<void(const std::function<void()>& step)>;
-
   struct Options {
-    /// The venue is published within the guard; without one always.
-    Guard guard = nullptr;
     /// Told why a load ended for lack of memory or because its budget is exceeded; then nothing is
     /// published. Without it an empty venue is published, and a diagnostic line tells the reason.
     std::function<void(const foundation::Error&)> failed = nullptr;
@@ -28,10 +23,12 @@ class VenueLoad {
     std::shared_ptr<foundation::MemoryBudget> budget = nullptr;
   };
 
-  /// `callback` is called when the venue has been published.
-  VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)> callback, Options options);
-  VenueLoad(bool accessible, std::function<void(std::shared_ptr<Venue>)> callback)
-      : VenueLoad(accessible, std::move(callback), Options()) {}
+  /// `publish` is called when everything is joined, and `callback` then with the venue that it
+  /// returned, unless that is null.
+  VenueLoad(bool accessible, Publish publish, std::function<void(std::shared_ptr<Venue>)> callback,
+            Options options);
+  VenueLoad(bool accessible, Publish publish, std::function<void(std::shared_ptr<Venue>)> callback)
+      : VenueLoad(accessible, std::move(publish), std::move(callback), Options()) {}
   VenueLoad(const VenueLoad&) = delete;
   VenueLoad& operator=(const VenueLoad&) = delete;
 
@@ -53,7 +50,6 @@ class VenueLoad {
   void collectionReady();
   void runJoins();
   void endWithout(const std::exception& reason);
-  void publish();
 
   struct Join {
     std::function<bool(CollectionDictionary&)> run;
@@ -61,6 +57,7 @@ class VenueLoad {
     bool ranEarly = false;  ///< so the first pass leaves it out
   };
 
+  const Publish publish_;
   const std::function<void(std::shared_ptr<Venue>)> callback_;
   const Options options_;
   CollectionDictionary collections_;

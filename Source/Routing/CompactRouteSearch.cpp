@@ -12,9 +12,9 @@ namespace orivanta {
 
 namespace {
 
-constexpr RouteNetwork::Index none = std::numeric_limits<RouteNetwork::Index>::max();
+constexpr CompactGraph::Index none = std::numeric_limits<CompactGraph::Index>::max();
 
-// Up to here a second-level cache holds network and state, and fetching ahead is only work.
+// Up to here a second-level cache holds graph and state, and fetching ahead is only work.
 constexpr std::size_t nodesThatStayInCache = 8192;
 
 bool isFinite(const std::shared_ptr<Node>& node) {
@@ -37,15 +37,15 @@ inline double CompactRouteSearch::heuristic(double x, double y, double z) const 
   return std::sqrt(greatest);
 }
 
-bool CompactRouteSearch::covers(const RouteNetwork& network, const NodeList& nodes,
+bool CompactRouteSearch::covers(const CompactGraph& graph, const NodeList& nodes,
                                 const NodeList& destinations) {
-  return network.isRegular() && std::all_of(nodes.begin(), nodes.end(), isFinite) &&
+  return graph.isRegular() && std::all_of(nodes.begin(), nodes.end(), isFinite) &&
          std::all_of(destinations.begin(), destinations.end(), isFinite);
 }
 
-CompactRouteSearch::CompactRouteSearch(const RouteNetwork& network, const NodeList& nodes,
+CompactRouteSearch::CompactRouteSearch(const CompactGraph& graph, const NodeList& nodes,
                                        const NodeList& destinations)
-    : network_(network), state_(network.takeState(network.size() + nodes.size())) {
+    : graph_(graph), state_(graph.takeState(graph.size() + nodes.size())) {
   setDestinations(destinations);
   for (const auto& start : nodes) putStart(start);
   for (const auto& destination : destinations) {
@@ -64,7 +64,7 @@ void CompactRouteSearch::setDestinations(const NodeList& destinations) {
       otherDestinations_.push_back(positionOf(*destination));
 }
 
-CompactRouteSearch::~CompactRouteSearch() { network_.giveBack(std::move(state_)); }
+CompactRouteSearch::~CompactRouteSearch() { graph_.giveBack(std::move(state_)); }
 
 std::optional<Route> CompactRouteSearch::run() {
   RouteFrontier& frontier = state_->frontier;
@@ -73,32 +73,32 @@ std::optional<Route> CompactRouteSearch::run() {
     NodeState& node = state_->nodes[current];
     if (node.destinationStamp == state_->stamp) return routeTo(current, taken);
     node.queued = false;
-    if (current < network_.size()) expand(current);
+    if (current < graph_.size()) expand(current);
   }
   return std::nullopt;
 }
 
 void CompactRouteSearch::expand(Index current) {
-  const RouteNetwork::Place* const places = network_.places();
-  const RouteNetwork::Link* const links = network_.links();
-  const RouteNetwork::Link* const end = links + places[current].endLink;
+  const CompactGraph::Vertex* const vertices = graph_.vertices();
+  const CompactGraph::Link* const links = graph_.links();
+  const CompactGraph::Link* const end = links + vertices[current].endLink;
   NodeState* const nodes = state_->nodes.data();
   RouteFrontier& frontier = state_->frontier;
   const std::uint32_t stamp = state_->stamp;
   const double costSoFar = nodes[current].cost;
-  const bool prefetches = network_.size() > nodesThatStayInCache;
+  const bool prefetches = graph_.size() > nodesThatStayInCache;
   if (prefetches) {
-    for (const auto* link = links + places[current].firstLink; link != end; ++link) {
+    for (const auto* link = links + vertices[current].firstLink; link != end; ++link) {
       __builtin_prefetch(&nodes[link->target]);
-      __builtin_prefetch(&places[link->target]);
+      __builtin_prefetch(&vertices[link->target]);
     }
   }
-  for (const auto* link = links + places[current].firstLink; link != end; ++link) {
+  for (const auto* link = links + vertices[current].firstLink; link != end; ++link) {
     const Index index = link->target;
     NodeState& target = nodes[index];
     const double cost = costSoFar + link->weight;
     if (target.reachedStamp != stamp) {
-      const RouteNetwork::Place& there = places[index];
+      const CompactGraph::Vertex& there = vertices[index];
       if (prefetches) __builtin_prefetch(links + there.firstLink);
       target.reachedStamp = stamp;
       target.heuristic = heuristic(there.x, there.y, there.z);
@@ -119,7 +119,7 @@ void CompactRouteSearch::expand(Index current) {
 void CompactRouteSearch::putStart(const std::shared_ptr<Node>& start) {
   Index index = number(*start);
   if (index == none) {
-    index = static_cast<Index>(network_.size() + foreign_.size());
+    index = static_cast<Index>(graph_.size() + foreign_.size());
     foreign_.push_back(start);
     foreignNumbers_[start.get()] = index;
   }
@@ -133,14 +133,14 @@ void CompactRouteSearch::putStart(const std::shared_ptr<Node>& start) {
   state_->frontier.put(state.heuristic, index);
 }
 
-RouteNetwork::Index CompactRouteSearch::number(const Node& node) const {
-  if (const auto index = network_.find(node)) return *index;
+CompactGraph::Index CompactRouteSearch::number(const Node& node) const {
+  if (const auto index = graph_.find(node)) return *index;
   const auto known = foreignNumbers_.find(&node);
   return known == foreignNumbers_.end() ? none : known->second;
 }
 
 const std::shared_ptr<Node>& CompactRouteSearch::node(Index index) const {
-  return index < network_.size() ? network_.node(index) : foreign_[index - network_.size()];
+  return index < graph_.size() ? graph_.node(index) : foreign_[index - graph_.size()];
 }
 
 Route CompactRouteSearch::routeTo(Index destination, std::size_t takenNodes) const {

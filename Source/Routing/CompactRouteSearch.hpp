@@ -1,4 +1,4 @@
-// The route search over a compact network. It takes the same nodes in the same order as the search
+// The route search over a compact graph. It takes the same nodes in the same order as the search
 // with a sorted list and PriorityQueue's `put` does, and so finds the same path, bit for bit:
 //
 // - A queued node keeps its place. When its cost falls while it is queued, its new priority is not
@@ -14,20 +14,21 @@
 #include <unordered_map>
 #include <vector>
 
-#include "Source/Graph/RouteNetwork.hpp"
-#include "Source/RouteSearch.hpp"
+#include "Source/Graph/CompactGraph.hpp"
+#include "Source/NodeList.hpp"
+#include "Source/Route.hpp"
 
 namespace orivanta {
 
-/// One search. The network and the lists must outlive it.
+/// One search. The graph and the lists must outlive it.
 class CompactRouteSearch {
  public:
   /// Whether the reasons above hold: no weight is negative, and no distance is not a number.
-  static bool covers(const RouteNetwork& network, const NodeList& nodes,
+  static bool covers(const CompactGraph& graph, const NodeList& nodes,
                      const NodeList& destinations);
 
-  /// Neither list is empty, and the network covers both.
-  CompactRouteSearch(const RouteNetwork& network, const NodeList& nodes,
+  /// Neither list is empty, and the graph covers both.
+  CompactRouteSearch(const CompactGraph& graph, const NodeList& nodes,
                      const NodeList& destinations);
   ~CompactRouteSearch();
   CompactRouteSearch(const CompactRouteSearch&) = delete;
@@ -36,8 +37,8 @@ class CompactRouteSearch {
   std::optional<Route> run();
 
  private:
-  using Index = RouteNetwork::Index;
-  using NodeState = RouteNetwork::NodeState;
+  using Index = CompactGraph::Index;
+  using NodeState = CompactGraph::NodeState;
   struct Position {
     double x, y, z;
   };
@@ -50,13 +51,13 @@ class CompactRouteSearch {
   void expand(Index current);
   Route routeTo(Index destination, std::size_t takenNodes) const;
 
-  const RouteNetwork& network_;
-  /// Start nodes that the network does not have, numbered after those it has.
+  const CompactGraph& graph_;
+  /// Start nodes that the graph does not have, numbered after those it has.
   NodeList foreign_;
   std::unordered_map<const Node*, Index> foreignNumbers_;
   Position firstDestination_;
   std::vector<Position> otherDestinations_;
-  std::unique_ptr<RouteNetwork::SearchState> state_;
+  std::unique_ptr<CompactGraph::SearchState> state_;
 };
 
 }  // namespace orivanta

@@ -20,7 +20,7 @@
 namespace orivanta {
 
 using foundation::diagnostic;
-using foundation::Error;
+using foundation::failure;
 using foundation::unwrap;
 using scene::obj::Model;
 
@@ -74,18 +74,14 @@ std::shared_ptr<scene::Geometry> makeMesh(const Model& model) {
 }
 
 // The flattened scene of a model file: one node with one mesh, if there is any.
-std::variant<std::shared_ptr<scene::Scene>, Error> readScene(const foundation::Url& url) {
+foundation::Result<std::shared_ptr<scene::Scene>> readScene(const foundation::Url& url) {
   const auto path = url.filePath();
-  if (!path) return Error{"", 0, fmt::format("{}: not a file", url.absoluteString())};
-  auto model = scene::obj::readModel(*path);
+  if (!path) return failure("", 0, fmt::format("{}: not a file", url.absoluteString()));
+  const auto model = scene::obj::readModel(*path);
+  if (!model && model.error().code != static_cast<int>(scene::obj::ModelError::nothingToDraw))
+    return failure(model.error());
   auto scene = scene::Scene::make();
-  if (auto* error = std::get_if<Error>(&model)) {
-    if (error->code != static_cast<int>(scene::obj::ModelError::nothingToDraw))
-      return std::move(*error);
-    scene->rootNode()->addChild(scene::Node::make());
-  } else {
-    scene->rootNode()->addChild(scene::Node::make(makeMesh(std::get<Model>(model))));
-  }
+  scene->rootNode()->addChild(model ? scene::Node::make(makeMesh(*model)) : scene::Node::make());
   return scene;
 }
 
@@ -133,21 +129,21 @@ std::shared_ptr<scene::Node> AssetLoader::loadObj(std::string_view name) {
 
 std::shared_ptr<scene::Node> AssetLoader::loadObjFromURL(const foundation::Url& url) {
   const auto scene = readScene(url);
-  if (std::holds_alternative<Error>(scene)) {
+  if (!scene) {
     diagnostic("Load Scene failed");
     foundation::fatalAbsence();
   }
-  const auto mesh = std::get<0>(scene)->rootNode()->children().front();
+  const auto mesh = (*scene)->rootNode()->children().front();
   diagnostic(fmt::format("childNodes {}", mesh->children().size()));
   return split(unwrap(mesh->geometry()));
 }
 
-std::variant<std::shared_ptr<scene::Node>, Error> AssetLoader::readModel(
+foundation::Result<std::shared_ptr<scene::Node>> AssetLoader::readModel(
     const foundation::Url& url) {
-  auto scene = readScene(url);
-  if (auto* error = std::get_if<Error>(&scene)) return std::move(*error);
-  const auto mesh = std::get<0>(scene)->rootNode()->children().front()->geometry();
-  if (!mesh) return Error{"", 0, fmt::format("{}: it has no faces", url.filePath()->string())};
+  const auto scene = readScene(url);
+  if (!scene) return failure(scene.error());
+  const auto mesh = (*scene)->rootNode()->children().front()->geometry();
+  if (!mesh) return failure("", 0, fmt::format("{}: it has no faces", url.filePath()->string()));
   return split(*mesh);
 }
 

@@ -3,11 +3,10 @@
 
 #include <memory>
 #include <string_view>
-#include <variant>
 
-#include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/ResourceBundle.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Scene/Node.hpp"
 
@@ -42,10 +41,9 @@ class ORIVANTA_API AssetLoader {
   virtual std::shared_ptr<scene::Node> load3DAsset(std::string_view name,
                                                    std::string_view nodeName);
 
-  /// As `loadObjFromURL`, with an error in place of a fatal one; what `MapView::loadFloors` calls,
+  /// As `loadObjFromURL`, but fails instead of stopping the program. `MapView::loadFloors` calls it
   /// on background threads. Prints nothing.
-  virtual std::variant<std::shared_ptr<scene::Node>, foundation::Error> readModel(
-      const foundation::Url& url);
+  virtual foundation::Result<std::shared_ptr<scene::Node>> readModel(const foundation::Url& url);
 };
 
 }  // namespace orivanta

@@ -3,27 +3,30 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cerrno>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
+#include "Platform/Foundation/AsciiCase.hpp"
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/Files.hpp"
 #include "Platform/Foundation/Fnv.hpp"
 #include "Platform/Foundation/SerialQueue.hpp"
+#include "Platform/Network/ContentDecoding.hpp"
 #include "Platform/Network/DataOfUrl.hpp"
-#include "Platform/Network/UrlTransport.hpp"
+#include "Platform/Network/DefaultTransport.hpp"
 #include "Source/UI/Floors/KeptFile.hpp"
 
 namespace orivanta {
 
 namespace fs = std::filesystem;
+using foundation::asciiLowercased;
 using foundation::diagnostic;
 using foundation::Error;
+using foundation::Fnv;
 
 namespace {
 
@@ -61,7 +64,7 @@ bool isCached(const fs::path& file) {
 }
 
 bool saved(const fs::path& file, std::string_view bytes) {
-  const bool written = !foundation::writeFileAtomically(file, bytes);
+  const bool written = foundation::writeFileAtomically(file, bytes).has_value();
   diagnostic(written ? fmt::format("file saved [{}]", file.string()) : "error saving file");
   return written;
 }
@@ -85,38 +88,32 @@ bool isErrorPage(std::string_view body) {
   return first != std::string_view::npos && (body[first] == '<' || body[first] == '{');
 }
 
-// What is wrong with an answer, behind its URL; empty when it can be kept.
+// What is wrong with an answer, behind its URL. Empty if it can be kept.
 std::string flawOf(const network::UrlResult& result) {
-  if (result.error) return fmt::format("cannot be fetched: {}", result.error->description);
-  if (const int status = result.response.statusCode; status < 200 || status > 299)
+  if (!result) return fmt::format("cannot be fetched: {}", result.error().description);
+  if (const int status = result->response.statusCode; status < 200 || status > 299)
     return fmt::format("answered with HTTP status {}", status);
-  if (result.body.empty()) return "answered with nothing";
-  return isErrorPage(result.body) ? "gives an error page in place of the file" : "";
+  if (result->body.empty()) return "answered with nothing";
+  return isErrorPage(result->body) ? "gives an error page in place of the file" : "";
 }
 
 // Whether the server would perhaps not give that answer at another time.
 bool isPassing(const network::UrlResult& result) {
-  if (result.error) return result.error->domain != "http" || result.error->code != ECANCELED;
-  const int status = result.response.statusCode;
+  if (!result) return result.error().domain != "http" || result.error().code != ECANCELED;
+  const int status = result->response.statusCode;
   return status < 300 || status == 408 || status == 429 || status >= 500;
-}
-
-std::string lowercase(std::string text) {
-  for (char& letter : text)
-    letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
-  return text;
 }
 
 // "" for any URL that is not fetched.
 std::string defaultPort(const foundation::Url& url) {
-  const std::string scheme = lowercase(url.scheme());
+  const std::string scheme = asciiLowercased(url.scheme());
   if (scheme == "http") return "80";
   return scheme == "https" ? "443" : "";
 }
 
 std::string serverName(const foundation::Url& url) {
   const std::string port = url.port();
-  return fmt::format("{}-{}-{}", lowercase(url.scheme()), lowercase(url.host()),
+  return fmt::format("{}-{}-{}", asciiLowercased(url.scheme()), asciiLowercased(url.host()),
                      port.empty() ? defaultPort(url) : port);
 }
 
@@ -127,14 +124,16 @@ std::string visibleName(const std::string& name) {
 
 void finish(network::UrlResult result, const std::string& path,
             const HttpDownloader::Completion& completion) {
-  if (!result.error) result.error = network::defaultTransport().decodeBody(result);
-  if (result.error) {
-    diagnostic(fmt::format("Failure: {}", result.error->description));
-    return completion(path, result.error);
+  if (result)
+    if (auto decoded = network::decodeBody(*result); !decoded)
+      result = foundation::failure(decoded.error());
+  if (!result) {
+    diagnostic(fmt::format("Failure: {}", result.error().description));
+    return completion(path, result.error());
   }
-  diagnostic(fmt::format("response={}", describe(result.response)));
-  if (result.response.statusCode != 200) return;
-  if (saved(path, result.body)) return completion(path, std::nullopt);
+  diagnostic(fmt::format("response={}", describe(result->response)));
+  if (result->response.statusCode != 200) return;
+  if (saved(path, result->body)) return completion(path, std::nullopt);
   completion(path, Error{"Error saving file", savingFailed, ""});
 }
 
@@ -145,7 +144,7 @@ std::optional<std::string> HttpDownloader::loadFileSync(const foundation::Url& u
   const fs::path folder = folderAt(path);
   const fs::path file = fileFor(url, folder);
   if (isCached(file)) return file.string();
-  const auto bytes = network::dataOfUrl(url);
+  const auto bytes = network::dataOfUrl(url, {{}, transport});
   if (!bytes) return std::nullopt;
   makeFolder(folder);
   if (!saved(file, *bytes)) return std::nullopt;
@@ -158,7 +157,7 @@ void HttpDownloader::loadFileAsync(const foundation::Url& url, Completion comple
   if (isCached(file)) return completion(file.string(), std::nullopt);
   // Inflating, writing and the completion take longer than the transport's thread may be held.
   const auto queue = foundation::SerialQueue::make();
-  network::defaultTransport().start(
+  network::orDefault(transport)->start(
       {url, {}}, [queue, path = file.string(),
                   completion = std::move(completion)](network::UrlResult result) mutable {
         queue->async([result = std::move(result), path = std::move(path),
@@ -168,34 +167,45 @@ void HttpDownloader::loadFileAsync(const foundation::Url& url, Completion comple
       });
 }
 
-HttpDownloader::Fetched HttpDownloader::fetchFile(const foundation::Url& url,
-                                                  const std::string& path,
-                                                  network::AwaitedRequests& requests) {
+foundation::Result<HttpDownloader::Fetched> HttpDownloader::fetchFile(
+    const foundation::Url& url, const std::string& path, const network::AwaitedRequests& requests) {
   const std::string& address = url.absoluteString();
-  if (defaultPort(url).empty()) return {"", fmt::format("{} is no http or https URL", address)};
+  const auto failed = [&](std::string_view flaw) {
+    return foundation::failure("fetch", 0, fmt::format("{} {}", address, flaw));
+  };
+  if (defaultPort(url).empty()) return failed("is no http or https URL");
   // Hidden names are those of the notes.
   const KeptFile kept(folderAt(path) / visibleName(foundation::unwrap(url.lastPathComponent())));
   const auto condition = kept.conditionFor(url);
   const network::UrlResult result = requests.get(url, condition.value_or(network::HeaderFields{}));
-  if (condition && !condition->empty() && !result.error && result.response.statusCode == 304) {
+  if (condition && !condition->empty() && result && result->response.statusCode == 304) {
     diagnostic(fmt::format("file has not changed [{}]", kept.path().string()));
-    return {kept.path().string(), ""};
+    return Fetched{kept.path().string()};
   }
   std::string flaw = flawOf(result);
   if (flaw.empty()) {
-    const auto error = kept.save(url, result.response, result.body);
-    diagnostic(error ? "error saving file" : fmt::format("file saved [{}]", kept.path().string()));
-    if (!error) return {kept.path().string(), ""};
-    flaw = fmt::format("cannot be kept: {}", error->description);
+    const auto written = kept.save(url, result->response, result->body);
+    diagnostic(written ? fmt::format("file saved [{}]", kept.path().string())
+                       : "error saving file");
+    if (written) return Fetched{kept.path().string()};
+    flaw = fmt::format("cannot be kept: {}", written.error().description);
   }
-  if (!condition || !isPassing(result)) return {"", fmt::format("{} {}", address, flaw)};
+  if (!condition || !isPassing(result)) return failed(flaw);
   std::string remark = fmt::format("{} {}; the copy of an earlier load is used", address, flaw);
   diagnostic(remark);
-  return {kept.path().string(), "", std::move(remark)};
+  return Fetched{kept.path().string(), std::move(remark)};
 }
 
 std::string HttpDownloader::folderFor(const foundation::Url& url, std::string_view slug) {
   return serverName(url) + '/' + visibleName(std::string(slug));
+}
+
+void HttpDownloader::forgetFile(const std::string& path) {
+  const auto caches = foundation::cachesDirectory();
+  if (!caches) return;
+  const fs::path below = fs::path(path).lexically_relative(*caches);
+  std::error_code failure;
+  if (!below.empty() && *below.begin() != ".." && below != ".") fs::remove(path, failure);
 }
 
 void HttpDownloader::removeFilesOf(const foundation::Url& url) {

@@ -16,7 +16,7 @@ MapViewMarker2D::MapViewMarker2D(graphics::Size size, std::shared_ptr<const grap
 graphics::Vector3 MapViewMarker2D::position() const { return graphics::read(position_); }
 
 void MapViewMarker2D::setPosition(graphics::Vector3 position) {
-  graphics::assign(position_, position);
+  graphics::swapGuarded(position_, position);
 }
 
 bool MapViewMarker2D::collidesWithMarker(const MapViewMarker& other) const {

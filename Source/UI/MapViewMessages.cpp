@@ -56,14 +56,13 @@ const std::vector<Operation>& operations() {
 
 }  // namespace
 
-std::optional<foundation::Error> perform(MapView& mapView, std::string_view selector,
-                                         Arguments arguments) {
+foundation::Result<void> perform(MapView& mapView, std::string_view selector, Arguments arguments) {
   for (const Operation& operation : operations()) {
     if (operation.selector != selector) continue;
-    if (operation.call(mapView, arguments)) return std::nullopt;
-    return foundation::Error{"", 2, fmt::format("the arguments do not fit \"{}\"", selector)};
+    if (operation.call(mapView, arguments)) return {};
+    return foundation::failure("", 2, fmt::format("the arguments do not fit \"{}\"", selector));
   }
-  return foundation::Error{"", 1, fmt::format("a map view has no operation \"{}\"", selector)};
+  return foundation::failure("", 1, fmt::format("a map view has no operation \"{}\"", selector));
 }
 
 std::vector<std::string_view> messageSelectors() {

@@ -1,14 +1,13 @@
 // Operations of a map view called by name, for scripts and bindings of other languages.
 #pragma once
 
-#include <optional>
 #include <span>
 #include <string_view>
 #include <variant>
 #include <vector>
 
-#include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Vector.hpp"
 
@@ -29,10 +28,10 @@ using MessageArgument = std::variant<bool, double, graphics::Vector3, graphics::
 ///                                                                     number
 ///     removeHighlightNode                                             none
 ///
-/// Another selector, and arguments of another number or kind, give an error, and nothing is done.
+/// Fails and does nothing for another selector, or for arguments of another number or kind.
 /// Main thread.
-ORIVANTA_API std::optional<foundation::Error> perform(MapView& mapView, std::string_view selector,
-                                                      std::span<const MessageArgument> arguments);
+ORIVANTA_API foundation::Result<void> perform(MapView& mapView, std::string_view selector,
+                                              std::span<const MessageArgument> arguments);
 
 /// The selectors that there are.
 ORIVANTA_API std::vector<std::string_view> messageSelectors();

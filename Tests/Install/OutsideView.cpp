@@ -11,8 +11,8 @@ int main() {
   const auto label = makeLabelMarker("Atrium", labelStyle(), 1.0);
   const auto floor = scene::Node::make(scene::makeFloor());
   auto surface = render::OffscreenSurface::make(320, 240);
-  if (!label || floor->boundingBox().isEmpty() || surface.index() != 0) return 1;
+  if (!label || floor->boundingBox().isEmpty() || !surface) return 1;
   render::Renderer renderer;
-  renderer.render(*mapView, {320, 240}, 1.0, 0.0, std::get<0>(surface)->framebuffer());
-  std::cout << "picture " << std::get<0>(surface)->read()->width() << '\n';
+  renderer.render(*mapView, {320, 240}, 1.0, 0.0, surface.value()->framebuffer());
+  std::cout << "picture " << surface.value()->read()->width() << '\n';
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Platform/Foundation/Bundle.hpp"
+#include "Source/SettingSources.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta {
@@ -51,7 +52,7 @@ TEST(ApiSettingsDeathTest, TheFirstPropertyListWithATextWins) {
     const bool right = settingFromPropertyLists("OrivantaEndpoint") == "http://u:p@h/1/" &&
                        settingFromPropertyLists("OrivantaUsername") == "" &&
                        !settingFromPropertyLists("OrivantaPassword");
-    setApiSettings({{}, "given", {}, {}});
+    setApiSettings({.username = "given"});
     const HttpSession& session = APISession().ApiHttpSession;
     const bool used = session.root->absoluteString() == "http://h/1/" &&
                       session.authString == "Basic Z2l2ZW46";  // given:

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Source/Location.hpp"
+#include "Source/Node.hpp"
 #include "Source/Orivanta.hpp"
 #include "Source/Venue.hpp"
 #include "Tests/Support/Networks.hpp"

@@ -4,6 +4,7 @@
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Source/Location.hpp"
 #include "Source/NavigationGraph.hpp"
+#include "Source/Node.hpp"
 #include "Source/Orivanta.hpp"
 #include "Source/Venue.hpp"
 #include "Tests/Support/Awaited.hpp"

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Source/Map.hpp"
+#include "Source/Node.hpp"
 #include "Source/RouteSearch.hpp"
 #include "Source/Vortex.hpp"
 #include "Tests/Support/Networks.hpp"

@@ -10,6 +10,7 @@
 
 #include "Source/Loading/VenueJoin.hpp"
 #include "Source/NavigationGraph.hpp"
+#include "Source/Node.hpp"
 #include "Source/RouteSearch.hpp"
 #include "Tests/Support/Venues.hpp"
 

@@ -10,6 +10,7 @@
 #include <thread>
 #include <vector>
 
+#include "Source/Node.hpp"
 #include "Tests/Support/ListRouteSearch.hpp"
 #include "Tests/Support/Networks.hpp"
 

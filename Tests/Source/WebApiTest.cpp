@@ -100,8 +100,9 @@ class Witness : public WebApiObserver {
         std::to_string(bodyBytes));
   }
   void collectionEnded(std::string_view collection,
-                       const std::optional<foundation::Error>& error) override {
-    add(std::string(collection) + " " + (error ? "failed " + error->domain : "complete"));
+                       const foundation::Result<void>& outcome) override {
+    add(std::string(collection) + " " +
+        (outcome ? "complete" : "failed " + outcome.error().domain));
   }
 
   std::vector<std::string> taken() {

@@ -38,8 +38,8 @@ testing::AssertionResult looksAsKept(const graphics::Image& picture, std::string
   const std::filesystem::path folder = ORIVANTA_GOLDEN;
   const std::filesystem::path kept = folder / fmt::format("{}.png", name);
   if (const char* refresh = std::getenv("ORIVANTA_REFRESH_GOLDEN"); refresh && *refresh == '1') {
-    if (const auto error = graphics::writePng(picture, kept))
-      return testing::AssertionFailure() << error->description;
+    if (const auto written = graphics::writePng(picture, kept); !written)
+      return testing::AssertionFailure() << written.error().description;
     return testing::AssertionSuccess();
   }
   const std::filesystem::path output = ORIVANTA_GOLDEN_OUTPUT;

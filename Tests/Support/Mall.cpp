@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Source/Map.hpp"
+#include "Source/Node.hpp"
 #include "Source/Vortex.hpp"
 #include "Tests/Support/Networks.hpp"
 

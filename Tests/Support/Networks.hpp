@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "Source/NavigationGraph.hpp"
+#include "Source/Node.hpp"
 
 namespace orivanta::test {
 

@@ -1,12 +1,18 @@
-// The whole data half of the library: records, venue loading, routes and directions.
+// The whole data half of the library: records, venue loading, routes, directions and search.
 #pragma once
 
 #include "Platform/Foundation/Bundle.hpp"
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Screen.hpp"
+#include "Platform/Network/DefaultTransport.hpp"
 #include "Source/Attribution.hpp"
 #include "Source/Category.hpp"
 #include "Source/Directions.hpp"
+#include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/FloorVisits.hpp"
+#include "Source/Guidance/PathWalk.hpp"
+#include "Source/Guidance/PlaceNames.hpp"
+#include "Source/Guidance/PlaceSearch.hpp"
 #include "Source/ImageCollection.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"

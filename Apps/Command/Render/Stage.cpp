@@ -21,10 +21,10 @@ std::unique_ptr<render::OffscreenSurface> makeSurface(graphics::Size size, doubl
   auto surface =
       render::OffscreenSurface::make(static_cast<std::uint32_t>(std::lround(size.width * scale)),
                                      static_cast<std::uint32_t>(std::lround(size.height * scale)));
-  if (const auto* error = std::get_if<foundation::Error>(&surface))
+  if (!surface)
     throw CommandError(ExitCode::outputFailed,
-                       fmt::format("this machine cannot draw: {}", error->description));
-  return std::move(std::get<0>(surface));
+                       fmt::format("this machine cannot draw: {}", surface.error().description));
+  return std::move(*surface);
 }
 
 std::vector<FloorProgress> pick(const std::vector<FloorProgress>& all,

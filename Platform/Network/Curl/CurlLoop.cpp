@@ -45,17 +45,24 @@ std::string headerLine(const std::string& name, const std::string& value) {
 
 }  // namespace
 
-// Once the transfer is pending, only the loop's thread uses the members other than `cancelled_`.
-class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_this<Transfer> {
+// Once the transfer is pending, only the loop's thread uses the members other than `canceled_`.
+class CurlLoop::Transfer : public std::enable_shared_from_this<Transfer> {
  public:
-  Transfer(CurlLoop& loop, UrlRequest request, std::function<void(UrlResult)> completed)
+  Transfer(CurlLoop& loop, UrlRequest request, UrlTransport::Completion completed)
       : loop_(loop), request_(std::move(request)), completed_(std::move(completed)) {
     if (const auto& budget = request_.rules.budget)
-      result_.share = std::make_shared<foundation::BudgetShare>(budget);
+      answer_.share = std::make_shared<foundation::BudgetShare>(budget);
   }
 
-  void cancel() override {
-    cancelled_ = true;
+  // Call before the transfer is pending.
+  void followCancellation() {
+    registration_ = request_.cancellation.onCancel([weak = weak_from_this()] {
+      if (const auto self = weak.lock()) self->cancel();
+    });
+  }
+
+  void cancel() {
+    canceled_ = true;
     loop_.cancel(shared_from_this());
   }
 
@@ -65,12 +72,12 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
 
   static std::size_t receiveBody(char* bytes, std::size_t, std::size_t count, void* context) {
     auto& self = *static_cast<Transfer*>(context);
-    UrlResult& result = self.result_;
-    if (count > largestBodyBytes - result.body.size()) return 0;
+    UrlAnswer& answer = self.answer_;
+    if (count > largestBodyBytes - answer.body.size()) return 0;
     return self.received(count, [&] {
       // Counted twice, because both copies exist while the text is moved to a larger buffer.
-      if (result.share) result.share->take(2 * count);
-      result.body.append(bytes, count);
+      if (answer.share) answer.share->take(2 * count);
+      answer.body.append(bytes, count);
     });
   }
 
@@ -91,7 +98,7 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
     try {
       keep();
     } catch (const std::exception& failure) {
-      result_.error = foundation::memoryError(failure);
+      error_ = foundation::memoryError(failure);
       return 0;
     }
     return count;
@@ -117,7 +124,7 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
   // A status line begins a new response, and an empty line ends its headers. Trailers after the
   // body of a chunked response are ignored.
   void receiveLine(std::string_view line) {
-    auto& fields = result_.response.headerFields;
+    auto& fields = answer_.response.headerFields;
     const std::size_t colon = line.find(':');
     if (line.starts_with("HTTP/")) {
       fields.clear();
@@ -129,14 +136,14 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
       std::string_view value = line.substr(colon + 1);
       while (!value.empty() && (value.front() == ' ' || value.front() == '\t'))
         value.remove_prefix(1);
-      if (result_.share) result_.share->take(sizeof(fields[0]) + line.size());
+      if (answer_.share) answer_.share->take(sizeof(fields[0]) + line.size());
       fields.emplace_back(line.substr(0, colon), value);
     }
   }
 
   // Called when a response begins. After an HTTPS response, only redirects to HTTPS are followed.
   void keepToHttps() {
-    result_.response.url = currentUrl();
+    answer_.response.url = currentUrl();
     if (strncasecmp(effectiveUrl(), "https:", 6) == 0)
       curl_easy_setopt(handle_, CURLOPT_REDIR_PROTOCOLS_STR, "https");
   }
@@ -163,9 +170,11 @@ class CurlLoop::Transfer : public UrlTransfer, public std::enable_shared_from_th
 
   CurlLoop& loop_;
   UrlRequest request_;
-  std::function<void(UrlResult)> completed_;
-  std::atomic<bool> cancelled_ = false;
-  UrlResult result_;
+  UrlTransport::Completion completed_;
+  std::atomic<bool> canceled_ = false;
+  foundation::CancellationRegistration registration_;
+  UrlAnswer answer_;
+  std::optional<foundation::Error> error_;
   CURL* handle_ = nullptr;
   curl_slist* headerList_ = nullptr;
   bool headComplete_ = false;
@@ -193,21 +202,20 @@ CurlLoop::CurlLoop() {
   thread_ = std::thread([this] { run(); });
 }
 
-std::shared_ptr<UrlTransfer> CurlLoop::start(UrlRequest request,
-                                             std::function<void(UrlResult)> completed) {
+void CurlLoop::start(UrlRequest request, UrlTransport::Completion completed) {
   auto transfer = std::make_shared<Transfer>(*this, std::move(request), std::move(completed));
+  transfer->followCancellation();
   {
     const std::lock_guard lock(mutex_);
-    pending_.push_back(transfer);
+    pending_.push_back(std::move(transfer));
   }
   curl_multi_wakeup(multi_);
-  return transfer;
 }
 
 void CurlLoop::cancel(std::shared_ptr<Transfer> transfer) {
   {
     const std::lock_guard lock(mutex_);
-    cancelled_.push_back(std::move(transfer));
+    canceled_.push_back(std::move(transfer));
   }
   curl_multi_wakeup(multi_);
 }
@@ -216,7 +224,7 @@ void CurlLoop::run() {
   blockSignals();
   for (;;) {
     startPending();
-    stopCancelled();
+    stopCanceled();
     int runningCount = 0;
     curl_multi_perform(multi_, &runningCount);
     finishCompleted();
@@ -231,14 +239,14 @@ void CurlLoop::startPending() {
     starting.swap(pending_);
   }
   for (const auto& transfer : starting)
-    if (!transfer->cancelled_) begin(transfer);
+    if (!transfer->canceled_) begin(transfer);
 }
 
-void CurlLoop::stopCancelled() {
+void CurlLoop::stopCanceled() {
   std::vector<std::shared_ptr<Transfer>> stopping;
   {
     const std::lock_guard lock(mutex_);
-    stopping.swap(cancelled_);
+    stopping.swap(canceled_);
   }
   for (const auto& transfer : stopping)
     if (running_.erase(transfer) > 0) release(*transfer);
@@ -263,8 +271,7 @@ CURL* CurlLoop::takeHandle() {
 
 void CurlLoop::begin(const std::shared_ptr<Transfer>& transfer) {
   const auto fail = [&](int code) {
-    transfer->result_.error = curlError(code, nullptr);
-    transfer->completed_(std::move(transfer->result_));
+    transfer->completed_(foundation::failure(curlError(code, nullptr)));
     transfer->completed_ = nullptr;
   };
   if (!transfer->namesHost()) return fail(CURLE_URL_MALFORMAT);
@@ -314,7 +321,7 @@ void CurlLoop::Transfer::setOptions() {
 }
 
 foundation::Error CurlLoop::Transfer::errorOf(int outcome) const {
-  const auto& answered = result_.response.url;
+  const auto& answered = answer_.response.url;
   const auto refused = currentUrl();
   if (outcome == CURLE_UNSUPPORTED_PROTOCOL && answered && refused &&
       leavesHttps(*answered, *refused))
@@ -331,15 +338,17 @@ foundation::Error CurlLoop::Transfer::errorOf(int outcome) const {
 
 void CurlLoop::finish(Transfer& transfer, int outcome) {
   const std::shared_ptr<Transfer> owner = transfer.shared_from_this();
-  UrlResult& result = transfer.result_;
-  if (outcome != CURLE_OK && !result.error) result.error = transfer.errorOf(outcome);
+  if (outcome != CURLE_OK && !transfer.error_) transfer.error_ = transfer.errorOf(outcome);
   long status = 0;
   curl_easy_getinfo(transfer.handle_, CURLINFO_RESPONSE_CODE, &status);
-  result.response.statusCode = static_cast<int>(status);
-  result.response.url = transfer.currentUrl();
+  transfer.answer_.response.statusCode = static_cast<int>(status);
+  transfer.answer_.response.url = transfer.currentUrl();
   release(transfer);
   running_.erase(owner);
-  if (!transfer.cancelled_) transfer.completed_(std::move(result));
+  if (!transfer.canceled_)
+    transfer.completed_(transfer.error_
+                            ? UrlResult(foundation::failure(std::move(*transfer.error_)))
+                            : UrlResult(std::move(transfer.answer_)));
   transfer.completed_ = nullptr;
 }
 

@@ -2,7 +2,6 @@
 // that connections are reused and HTTP/2 requests share them.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -22,7 +21,7 @@ class CurlLoop {
  public:
   static CurlLoop& shared();
 
-  std::shared_ptr<UrlTransfer> start(UrlRequest request, std::function<void(UrlResult)> completed);
+  void start(UrlRequest request, UrlTransport::Completion completed);
 
  private:
   class Transfer;
@@ -30,7 +29,7 @@ class CurlLoop {
   CurlLoop();
   void run();
   void startPending();
-  void stopCancelled();
+  void stopCanceled();
   void finishCompleted();
   CURL* takeHandle();
   void begin(const std::shared_ptr<Transfer>& transfer);
@@ -40,9 +39,9 @@ class CurlLoop {
 
   CURLM* multi_ = nullptr;
 
-  std::mutex mutex_;                                  // guards the two lists below
-  std::vector<std::shared_ptr<Transfer>> pending_;    // to be started
-  std::vector<std::shared_ptr<Transfer>> cancelled_;  // to be stopped
+  std::mutex mutex_;                                 // guards the two lists below
+  std::vector<std::shared_ptr<Transfer>> pending_;   // to be started
+  std::vector<std::shared_ptr<Transfer>> canceled_;  // to be stopped
 
   // Used only by the loop's thread.
   std::unordered_set<std::shared_ptr<Transfer>> running_;

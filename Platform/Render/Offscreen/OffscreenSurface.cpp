@@ -42,8 +42,8 @@ struct OffscreenSurface::Context {
 
 namespace {
 
-foundation::Error error(std::string_view what, EGLint code = eglGetError()) {
-  return {"EGL", code, std::string(what)};
+auto error(std::string_view what, EGLint code = eglGetError()) {
+  return foundation::failure("EGL", code, std::string(what));
 }
 
 bool hasExtension(EGLDisplay display, std::string_view name) {
@@ -95,8 +95,8 @@ OffscreenSurface::OffscreenSurface(std::unique_ptr<Context> context)
     : context_(std::move(context)) {}
 OffscreenSurface::~OffscreenSurface() = default;
 
-std::variant<std::unique_ptr<OffscreenSurface>, foundation::Error> OffscreenSurface::make(
-    std::uint32_t width, std::uint32_t height) {
+foundation::Result<std::unique_ptr<OffscreenSurface>> OffscreenSurface::make(std::uint32_t width,
+                                                                             std::uint32_t height) {
   auto context = std::make_unique<Context>();
   context->display = findDisplay();
   if (context->display == EGL_NO_DISPLAY)

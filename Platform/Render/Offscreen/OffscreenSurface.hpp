@@ -3,10 +3,9 @@
 
 #include <cstdint>
 #include <memory>
-#include <variant>
 
-#include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Graphics/Image.hpp"
 
 namespace orivanta::render {
@@ -16,8 +15,8 @@ class ORIVANTA_API OffscreenSurface {
  public:
   /// Sides in pixels, at least 1 and at most what the driver allows. The error says what the
   /// machine lacks.
-  static std::variant<std::unique_ptr<OffscreenSurface>, foundation::Error> make(
-      std::uint32_t width, std::uint32_t height);
+  static foundation::Result<std::unique_ptr<OffscreenSurface>> make(std::uint32_t width,
+                                                                    std::uint32_t height);
   ~OffscreenSurface();
   OffscreenSurface(const OffscreenSurface&) = delete;
   OffscreenSurface& operator=(const OffscreenSurface&) = delete;

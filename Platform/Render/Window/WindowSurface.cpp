@@ -30,8 +30,8 @@ struct WindowSurface::State {
 
 namespace {
 
-foundation::Error error(std::string_view what) {
-  return {"SDL", 1, fmt::format("{}: {}", what, SDL_GetError())};
+auto error(std::string_view what) {
+  return foundation::failure("SDL", 1, fmt::format("{}: {}", what, SDL_GetError()));
 }
 
 constexpr std::string_view noScreen = "there is no screen to open a window on";
@@ -87,13 +87,13 @@ double density(SDL_Window* window) {
 WindowSurface::WindowSurface(std::unique_ptr<State> state) : state_(std::move(state)) {}
 WindowSurface::~WindowSurface() = default;
 
-std::variant<std::unique_ptr<WindowSurface>, foundation::Error> WindowSurface::make(
-    const Options& options) {
+foundation::Result<std::unique_ptr<WindowSurface>> WindowSurface::make(const Options& options) {
   setHints();
   auto state = std::make_unique<State>();
   if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return error(noScreen);
   if (isUnaskedForInvisible(SDL_GetCurrentVideoDriver()))
-    return foundation::Error{"SDL", 1, fmt::format("{}: no display server is available", noScreen)};
+    return foundation::failure("SDL", 1,
+                               fmt::format("{}: no display server is available", noScreen));
   setAttributes();
   state->wantedScale = options.scale;
   // If the window's units are pixels, a requested density enlarges the window.

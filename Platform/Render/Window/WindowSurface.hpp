@@ -3,10 +3,9 @@
 
 #include <memory>
 #include <string>
-#include <variant>
 
-#include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Image.hpp"
 
@@ -25,8 +24,7 @@ class ORIVANTA_API WindowSurface {
   };
 
   /// The error describes what is missing on the system.
-  static std::variant<std::unique_ptr<WindowSurface>, foundation::Error> make(
-      const Options& options);
+  static foundation::Result<std::unique_ptr<WindowSurface>> make(const Options& options);
   ~WindowSurface();
   WindowSurface(const WindowSurface&) = delete;
   WindowSurface& operator=(const WindowSurface&) = delete;

@@ -17,12 +17,11 @@
 namespace orivanta::scene::obj {
 
 namespace fs = std::filesystem;
-using foundation::Error;
 
 namespace {
 
-Error failure(ModelError code, std::string description) {
-  return {"obj", static_cast<int>(code), std::move(description)};
+auto failure(ModelError code, std::string description) {
+  return foundation::failure("obj", static_cast<int>(code), std::move(description));
 }
 
 // The materials that the named libraries define. If a name occurs several times, the first
@@ -83,19 +82,19 @@ Model parseModel(std::string_view text, const LibrarySource& library) {
   return model;
 }
 
-std::variant<Model, Error> readModel(const fs::path& file) {
-  auto bytes = foundation::readBytes(file, largestModelBytes);
-  if (auto* const error = std::get_if<Error>(&bytes))
-    return failure(error->code == EFBIG ? ModelError::tooLarge : ModelError::unreadable,
-                   std::move(error->description));
+foundation::Result<Model> readModel(const fs::path& file) {
+  const auto bytes = foundation::readBytes(file, largestModelBytes);
+  if (!bytes)
+    return failure(bytes.error().code == EFBIG ? ModelError::tooLarge : ModelError::unreadable,
+                   bytes.error().description);
   const fs::path folder = file.parent_path();
   std::size_t roomForLibraries = largestLibrariesBytes;
-  Model model =
-      parseModel(std::get<foundation::FileBytes>(bytes).text(), [&](const fs::path& name) {
-        auto library = foundation::readFile(folder / name, roomForLibraries);
-        if (library) roomForLibraries -= library->size();
-        return library;
-      });
+  Model model = parseModel(bytes->text(), [&](const fs::path& name) -> std::optional<std::string> {
+    auto library = foundation::readFile(folder / name, roomForLibraries);
+    if (!library) return std::nullopt;
+    roomForLibraries -= library->size();
+    return std::move(*library);
+  });
   if (model.hasTooManyMaterials)
     return failure(ModelError::tooLarge,
                    fmt::format("{}: uses more than {} materials", file.string(), mostMaterials));

@@ -10,10 +10,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
-#include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Result.hpp"
 
 namespace orivanta::scene::obj {
 
@@ -74,7 +73,7 @@ inline constexpr std::size_t mostMaterials = 65'536;              ///< in faces,
 /// a corner is not a number or is out of range, or if a position is not finite in single precision.
 /// A face without area has no triangles. Needs at most about 50 times the file's size in memory,
 /// usually 3 times.
-std::variant<Model, foundation::Error> readModel(const std::filesystem::path& file);
+foundation::Result<Model> readModel(const std::filesystem::path& file);
 
 /// Returns the contents of a material library, or nothing if it is missing. The name is a relative
 /// path without "..".

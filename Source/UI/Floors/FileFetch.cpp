@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <boost/asio/post.hpp>
 #include <exception>
-#include <filesystem>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -15,19 +14,16 @@
 
 namespace orivanta {
 
-namespace fs = std::filesystem;
-
 namespace {
 
 constexpr std::size_t mostThreads = 4;
 
 }  // namespace
 
-std::shared_ptr<FileFetch> FileFetch::start(std::vector<File> files,
-                                            std::shared_ptr<HttpDownloader> downloader,
-                                            Reports reports) {
-  std::shared_ptr<FileFetch> fetch(
-      new FileFetch(std::move(files), std::move(downloader), std::move(reports)));
+void FileFetch::start(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader,
+                      foundation::CancellationToken cancellation, Reports reports) {
+  const std::shared_ptr<FileFetch> fetch(new FileFetch(
+      std::move(files), std::move(downloader), std::move(cancellation), std::move(reports)));
   const auto work = [fetch] { fetch->work(); };
   try {
     for (std::size_t i = 0; i < std::min(mostThreads, fetch->files_.size()); ++i)
@@ -35,32 +31,18 @@ std::shared_ptr<FileFetch> FileFetch::start(std::vector<File> files,
   } catch (const std::system_error&) {  // as many threads as there may be
     boost::asio::post(foundation::backgroundPool(), work);
   }
-  return fetch;
 }
 
 FileFetch::FileFetch(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader,
-                     Reports reports)
-    : files_(std::move(files)), downloader_(std::move(downloader)), reports_(std::move(reports)) {}
-
-void FileFetch::cancel() {
-  {
-    const std::lock_guard lock(mutex_);
-    next_ = files_.size() + 1;
-  }
-  requests_.cancel();
-}
-
-bool FileFetch::isCancelled() const {
-  const std::lock_guard lock(mutex_);
-  return next_ > files_.size();
-}
+                     foundation::CancellationToken cancellation, Reports reports)
+    : files_(std::move(files)),
+      downloader_(std::move(downloader)),
+      reports_(std::move(reports)),
+      cancellation_(std::move(cancellation)),
+      requests_({network::strictRules(), downloader_->transport, cancellation_}, mostFileBytes) {}
 
 void FileFetch::work() {
-  const auto take = [this] {
-    const std::lock_guard lock(mutex_);
-    return next_ < files_.size() ? next_++ : files_.size();
-  };
-  for (std::size_t i = take(); i < files_.size(); i = take()) {
+  for (std::size_t i = next_++; i < files_.size() && !cancellation_.isCanceled(); i = next_++) {
     reports_.began(i);
     reports_.ended(i, fetch(files_[i]));
   }
@@ -69,18 +51,12 @@ void FileFetch::work() {
 FileFetch::Outcome FileFetch::fetch(const File& file) try {
   const std::string& address = file.url.absoluteString();
   if (!foundation::cachesDirectory())
-    return {"", fmt::format("{} has no place to be kept: HOME is not set", address)};
+    return foundation::failure("fetch", 0,
+                               fmt::format("{} has no place to be kept: HOME is not set", address));
   return downloader_->fetchFile(file.url, file.folder, requests_);
-} catch (const std::exception& failure) {
-  return {"", fmt::format("{}: {}", file.url.absoluteString(), failure.what())};
-}
-
-void FileFetch::forget(const std::string& path) {
-  const auto caches = foundation::cachesDirectory();
-  if (!caches) return;
-  const fs::path below = fs::path(path).lexically_relative(*caches);
-  std::error_code failure;
-  if (!below.empty() && *below.begin() != ".." && below != ".") fs::remove(path, failure);
+} catch (const std::exception& exception) {
+  return foundation::failure("fetch", 0,
+                             fmt::format("{}: {}", file.url.absoluteString(), exception.what()));
 }
 
 }  // namespace orivanta

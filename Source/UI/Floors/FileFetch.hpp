@@ -1,13 +1,14 @@
 // Files fetched side by side, while nobody waits.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <vector>
 
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Source/UI/MapDownloader.hpp"
 
@@ -27,7 +28,7 @@ class FileFetch {
     std::string folder;  ///< as for `HttpDownloader::fetchFile`
   };
 
-  using Outcome = HttpDownloader::Fetched;
+  using Outcome = foundation::Result<HttpDownloader::Fetched>;
 
   /// Called on the fetch's threads, with the number of the file.
   struct Reports {
@@ -35,29 +36,22 @@ class FileFetch {
     std::function<void(std::size_t file, Outcome outcome)> ended;
   };
 
-  static std::shared_ptr<FileFetch> start(std::vector<File> files,
-                                          std::shared_ptr<HttpDownloader> downloader,
-                                          Reports reports);
-
-  /// Begins no further file, and ends the requests: the threads end as well.
-  void cancel();
-  bool isCancelled() const;
-
-  /// Takes a file that is not what it should be out of the caches directory, so that it is fetched
-  /// anew the next time. A file elsewhere stays.
-  static void forget(const std::string& path);
+  /// Once the token is canceled no further file is begun, the requests end and so do the threads.
+  static void start(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader,
+                    foundation::CancellationToken cancellation, Reports reports);
 
  private:
-  FileFetch(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader, Reports reports);
+  FileFetch(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader,
+            foundation::CancellationToken cancellation, Reports reports);
   void work();
   Outcome fetch(const File& file);
 
   const std::vector<File> files_;
   const std::shared_ptr<HttpDownloader> downloader_;
   const Reports reports_;
-  network::AwaitedRequests requests_{network::strictRules(), mostFileBytes};
-  mutable std::mutex mutex_;
-  std::size_t next_ = 0;  // the first file that nobody has taken
+  const foundation::CancellationToken cancellation_;
+  const network::AwaitedRequests requests_;
+  std::atomic<std::size_t> next_ = 0;  // the first file that nobody has taken
 };
 
 }  // namespace orivanta

@@ -31,24 +31,27 @@ std::string reasonOf(const foundation::Error& error, const std::string& path) {
   return text.starts_with(prefix) ? text.substr(prefix.size()) : text;
 }
 
-// The model, or what is wrong with it; then the file will be fetched anew the next time.
-std::variant<std::shared_ptr<scene::Node>, std::string> readModel(AssetLoader& loader,
-                                                                  const std::string& path,
-                                                                  const std::string& address) try {
+// A file that is no model is fetched anew the next time. An error says what is wrong with it.
+foundation::Result<std::shared_ptr<scene::Node>> readModel(AssetLoader& loader,
+                                                           const std::string& path,
+                                                           const std::string& address) try {
   auto model = loader.readModel(foundation::Url::fromFile(path));
-  const auto* const error = std::get_if<foundation::Error>(&model);
-  if (error == nullptr) return std::get<0>(std::move(model));
-  FileFetch::forget(path);
-  return fmt::format("{} is no model that can be shown: {}", address, reasonOf(*error, path));
-} catch (const std::exception& failure) {
-  return fmt::format("{} cannot be read: {}", address, failure.what());
+  if (model) return model;
+  HttpDownloader::forgetFile(path);
+  return foundation::failure(
+      "model", 0,
+      fmt::format("{} is no model that can be shown: {}", address, reasonOf(model.error(), path)));
+} catch (const std::exception& exception) {
+  return foundation::failure("model", 0,
+                             fmt::format("{} cannot be read: {}", address, exception.what()));
 }
 
 }  // namespace
 
-FloorLoading::FloorLoading(const std::shared_ptr<MapView>& view, FloorLoadHandlers handlers,
-                           const std::shared_ptr<Map>& first)
+FloorLoading::FloorLoading(const std::shared_ptr<MapView>& view, FloorStage stage,
+                           FloorLoadHandlers handlers, const std::shared_ptr<Map>& first)
     : view_(view),
+      stage_(std::move(stage)),
       venue_(view->venue),
       handlers_(std::make_shared<FloorLoadHandlers>(std::move(handlers))) {
   pictures_ = std::make_shared<PictureBudget>(countFloorsWithPictures(*view->venue));
@@ -82,21 +85,20 @@ void FloorLoading::onMainQueue(std::weak_ptr<FloorLoading> load, Step step) {
 void FloorLoading::start() {
   const std::weak_ptr<FloorLoading> weak = weak_from_this();
   onMainQueue(weak, [](FloorLoading& self) { self.announce(); });
-  fetch_ = FileFetch::start(
-      files_, view_.lock()->downloader,
-      {[weak](std::size_t file) {
-         onMainQueue(weak, [file](FloorLoading& self) { self.fileBegan(file); });
-       },
-       [weak](std::size_t file, FileFetch::Outcome outcome) {
-         onMainQueue(weak, [file, outcome = std::move(outcome)](FloorLoading& self) {
-           self.fileEnded(file, outcome);
-         });
-       }});
+  FileFetch::start(files_, view_.lock()->downloader, cancellation_.token(),
+                   {[weak](std::size_t file) {
+                      onMainQueue(weak, [file](FloorLoading& self) { self.fileBegan(file); });
+                    },
+                    [weak](std::size_t file, FileFetch::Outcome outcome) {
+                      onMainQueue(weak, [file, outcome = std::move(outcome)](FloorLoading& self) {
+                        self.fileEnded(file, outcome);
+                      });
+                    }});
 }
 
 void FloorLoading::cancel() {
   if (!handlers_) return;
-  if (const auto view = view_.lock(); view && !sceneStarted_) view->hideActivity();
+  if (const auto view = view_.lock(); view && !sceneStarted_) stage_.hideActivity();
   release();
 }
 
@@ -123,21 +125,20 @@ void FloorLoading::fileBegan(std::size_t file) {
 }
 
 void FloorLoading::fileEnded(std::size_t file, const FileFetch::Outcome& outcome) {
-  paths_[file] = outcome.path;
+  if (outcome) paths_[file] = outcome->path;
   for (Floor& floor : floors_) {
     if (!handlers_) return;  // a handler has canceled the load
     if (floor.progress.state != FloorState::fetching || !uses(floor, file)) continue;
     ++floor.progress.filesDone;
-    if (outcome.path.empty()) {
+    if (!outcome) {
       if (file == floor.files.front()) {
-        fail(floor, outcome.problem);
+        fail(floor, outcome.error().description);
         continue;
       }
-      floor.omissions.push_back(outcome.problem);
-    }
-    if (!outcome.remark.empty()) {
+      floor.omissions.push_back(outcome.error().description);
+    } else if (!outcome->remark.empty()) {
       ++floor.progress.earlierFiles;
-      floor.remarks.push_back(outcome.remark);
+      floor.remarks.push_back(outcome->remark);
     }
     if (floor.progress.filesDone == floor.files.size()) read(floor);
     changed(floor);
@@ -157,17 +158,17 @@ void FloorLoading::read(Floor& floor) {
   boost::asio::post(
       foundation::backgroundPool(),
       [weak = weak_from_this(), index = static_cast<std::size_t>(&floor - floors_.data()),
-       loader = view->assetLoader, fetch = fetch_, path = paths_[model],
+       loader = view->assetLoader, cancellation = cancellation_.token(), path = paths_[model],
        address = files_[model].url.absoluteString(), budget = pictures_] {
-        if (fetch->isCancelled()) return;
+        if (cancellation.isCanceled()) return;
         FloorPictures pictures(budget);
         Model read{readModel(*loader, path, address), {}};
         read.remarks = pictures.remarks();
         const auto tell = [weak, index](const Model& result) {
           onMainQueue(weak, [index, result](FloorLoading& self) { self.wasRead(index, result); });
         };
-        if (const auto* const node = std::get_if<std::shared_ptr<scene::Node>>(&read.node))
-          view::SceneView::prepare({*node}, [tell, read](bool) { tell(read); });
+        if (read.node)
+          view::SceneView::prepare({*read.node}, [tell, read](bool) { tell(read); });
         else
           tell(read);
       });
@@ -177,10 +178,10 @@ void FloorLoading::wasRead(std::size_t index, const Model& model) {
   Floor& floor = floors_[index];
   const auto view = view_.lock();
   if (!view) return;
-  if (const auto* const problem = std::get_if<std::string>(&model.node)) {
-    fail(floor, *problem);
+  if (!model.node) {
+    fail(floor, model.node.error().description);
   } else {
-    view->setModel(*floor.progress.map, std::get<std::shared_ptr<scene::Node>>(model.node));
+    stage_.setModel(*floor.progress.map, *model.node);
     floor.remarks.insert(floor.remarks.end(), model.remarks.begin(), model.remarks.end());
     floor.progress.remark = fmt::format("{}", fmt::join(floor.remarks, "; "));
     floor.progress.problem = fmt::format("{}", fmt::join(floor.omissions, "; "));
@@ -207,7 +208,7 @@ void FloorLoading::startScene() {
   });
   if (ready == order_.end()) return;
   sceneStarted_ = true;
-  view->show(floors_[*ready].progress.map);
+  stage_.showFirst(floors_[*ready].progress.map);
 }
 
 void FloorLoading::changed(const Floor& floor) {
@@ -219,7 +220,7 @@ void FloorLoading::endIfDone() {
   if (!handlers_ || !std::all_of(floors_.begin(), floors_.end(),
                                  [](const Floor& floor) { return isDone(floor.progress.state); }))
     return;
-  if (const auto view = view_.lock(); view && !sceneStarted_) view->hideActivity();
+  if (const auto view = view_.lock(); view && !sceneStarted_) stage_.hideActivity();
   const auto handlers = release();
   if (handlers->ended) handlers->ended(floors());
 }
@@ -227,8 +228,9 @@ void FloorLoading::endIfDone() {
 // Ends the load. The application's handle to it keeps neither handlers nor downloader alive.
 std::shared_ptr<FloorLoadHandlers> FloorLoading::release() {
   const auto self = shared_from_this();
-  if (const auto fetch = std::exchange(fetch_, nullptr)) fetch->cancel();
-  if (const auto view = view_.lock(); view && view->floorLoad_ == self) view->floorLoad_.reset();
+  cancellation_.cancel();
+  const auto view = view_.lock();  // kept until the stage has been told
+  if (view) stage_.ended(*self);
   return std::exchange(handlers_, nullptr);
 }
 

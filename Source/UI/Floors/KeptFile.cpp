@@ -15,7 +15,6 @@
 namespace orivanta {
 
 namespace fs = std::filesystem;
-using foundation::Error;
 
 namespace {
 
@@ -23,12 +22,12 @@ constexpr std::size_t longestName = 255;
 constexpr std::size_t largestNote = 256U << 10U;  // a URL has at most 64 KiB
 
 // Length and checksum.
-std::string imprintOf(std::size_t length, const Fnv& checksum) {
+std::string imprintOf(std::size_t length, const foundation::Fnv& checksum) {
   return fmt::format("{} {:016x}", length, checksum.value());
 }
 
 std::string imprintOf(std::string_view bytes) {
-  Fnv checksum;
+  foundation::Fnv checksum;
   checksum.add(bytes);
   return imprintOf(bytes.size(), checksum);
 }
@@ -36,7 +35,7 @@ std::string imprintOf(std::string_view bytes) {
 std::string imprintOf(const fs::path& file) {
   std::ifstream stream(file, std::ios::binary);
   std::array<char, 64U << 10U> block{};
-  Fnv checksum;
+  foundation::Fnv checksum;
   std::size_t length = 0;
   while (stream.read(block.data(), block.size()) || stream.gcount() > 0) {
     const auto count = static_cast<std::size_t>(stream.gcount());
@@ -53,7 +52,8 @@ KeptFile::KeptFile(fs::path file) : file_(std::move(file)) {}
 fs::path KeptFile::note() const {
   const std::string name = file_.filename().string();
   std::string noteName = fmt::format(".{}.origin", name);
-  if (noteName.size() > longestName) noteName = fmt::format(".{:016x}.origin", Fnv::of(name));
+  if (noteName.size() > longestName)
+    noteName = fmt::format(".{:016x}.origin", foundation::Fnv::of(name));
   return file_.parent_path() / noteName;
 }
 
@@ -78,23 +78,23 @@ std::optional<network::HeaderFields> KeptFile::conditionFor(const foundation::Ur
   return condition;
 }
 
-std::optional<Error> KeptFile::save(const foundation::Url& url,
-                                    const network::HttpUrlResponse& response,
-                                    std::string_view body) const {
-  std::error_code failure;
-  fs::create_directories(file_.parent_path(), failure);
-  if (failure)
-    return Error{"file", failure.value(),
-                 fmt::format("cannot make the folder {}: {}", file_.parent_path().string(),
-                             failure.message())};
+foundation::Result<void> KeptFile::save(const foundation::Url& url,
+                                        const network::HttpUrlResponse& response,
+                                        std::string_view body) const {
+  std::error_code problem;
+  fs::create_directories(file_.parent_path(), problem);
+  if (problem)
+    return foundation::failure("file", problem.value(),
+                               fmt::format("cannot make the folder {}: {}",
+                                           file_.parent_path().string(), problem.message()));
   foundation::removeAbandonedFiles(file_.parent_path());
-  if (auto error = foundation::writeFileAtomically(file_, body)) return error;
+  if (auto written = foundation::writeFileAtomically(file_, body); !written) return written;
   // Without a note the file serves only this time.
   foundation::writeFileAtomically(
       note(), fmt::format("{}\n{}\n{}\n{}\n", url.absoluteString(), imprintOf(body),
                           response.headerField("ETag").value_or(""),
                           response.headerField("Last-Modified").value_or("")));
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace orivanta

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "Platform/Foundation/Error.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Network/HttpUrlResponse.hpp"
 #include "Platform/Network/UrlTransport.hpp"
@@ -25,11 +25,11 @@ class KeptFile {
   /// byte, what arrived.
   std::optional<network::HeaderFields> conditionFor(const foundation::Url& url) const;
 
-  /// Puts the body of an answer in the file's place, and makes the note. The error says why not;
-  /// its text begins with "cannot".
-  std::optional<foundation::Error> save(const foundation::Url& url,
-                                        const network::HttpUrlResponse& response,
-                                        std::string_view body) const;
+  /// Replaces the file with the body of an answer, and writes the note. The text of an error begins
+  /// with "cannot".
+  foundation::Result<void> save(const foundation::Url& url,
+                                const network::HttpUrlResponse& response,
+                                std::string_view body) const;
 
  private:
   std::filesystem::path note() const;

@@ -34,8 +34,8 @@ std::vector<FloorModel> floorModels() {
     for (const json::value& image : scene.at("images").as_array())
       floor.images.insert(image.at("url").as_string().c_str());
     EXPECT_TRUE(std::filesystem::exists(generatedVenue() / scene.at("mtl").as_string().c_str()));
-    floor.model = std::get<scene::obj::Model>(
-        scene::obj::readModel(generatedVenue() / scene.at("obj").as_string().c_str()));
+    floor.model =
+        scene::obj::readModel(generatedVenue() / scene.at("obj").as_string().c_str()).value();
     models.push_back(std::move(floor));
   }
   return models;

@@ -69,7 +69,7 @@ class InputTest : public testing::Test {
   test::DiagnosticLines quiet;
   test::EnvironmentVariable driver{"SDL_VIDEODRIVER", "offscreen"};
   std::unique_ptr<render::WindowSurface> surface =
-      std::get<0>(render::WindowSurface::make({"Input", {400, 500}, 1}));
+      render::WindowSurface::make({"Input", {400, 500}, 1}).value();
   Viewer viewer{{test::settingsFor("http://127.0.0.1:9/"), "astrolabe-court"}};
   double time = 0;
   Input input{viewer, *surface, [this] { return time; }};
@@ -175,8 +175,8 @@ TEST(WindowSurfaceTest, WithoutAScreenThereIsNoWindow) {
   const test::EnvironmentVariable wayland("WAYLAND_DISPLAY", "nowhere");
   const test::EnvironmentVariable driver("SDL_VIDEODRIVER", std::nullopt);
   const auto made = render::WindowSurface::make({"Nowhere", {400, 500}, 1});
-  ASSERT_TRUE(std::holds_alternative<foundation::Error>(made));
-  EXPECT_THAT(std::get<1>(made).description, testing::StartsWith("there is no screen"));
+  ASSERT_FALSE(made);
+  EXPECT_THAT(made.error().description, testing::StartsWith("there is no screen"));
 }
 
 TEST_F(InputTest, NothingIsDrawnWhileTheWindowIsHidden) {
@@ -207,8 +207,9 @@ TEST_F(InputTest, NothingIsDrawnWhileTheWindowIsHidden) {
     foundation::mainQueue::async(next);
   };
   foundation::mainQueue::async(next);
-  viewer::Times times(/*isEnabled=*/false);
-  runWindow(viewer, *surface, times);
+  viewer::Times times(nullptr);
+  const auto ignore = [](std::string_view) {};
+  runWindow(viewer, *surface, times, {ignore, ignore});
   EXPECT_GT(countWhenHidden, 0);
 }
 

@@ -95,9 +95,9 @@ class ViewerStage {
 
   std::shared_ptr<const graphics::Image> picture() {
     viewer.advance(time += 0.1);
-    auto made = render::OffscreenSurface::make(static_cast<std::uint32_t>(size.width),
-                                               static_cast<std::uint32_t>(size.height));
-    const auto& surface = std::get<0>(made);
+    const auto made = render::OffscreenSurface::make(static_cast<std::uint32_t>(size.width),
+                                                     static_cast<std::uint32_t>(size.height));
+    const auto& surface = made.value();
     render::Renderer renderer;
     renderer.render(*viewer.root(), size, 1, time, surface->framebuffer());
     return surface->read();

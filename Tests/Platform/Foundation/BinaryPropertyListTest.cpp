@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 
+#include "Platform/Foundation/PropertyList.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta::foundation {

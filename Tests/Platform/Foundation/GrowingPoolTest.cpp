@@ -31,16 +31,5 @@ TEST(GrowingPool, TasksThatBlockHoldUpNoOtherUpToTheLimit) {
   while (pool.threadCount() > 0) std::this_thread::yield();  // idle threads end
 }
 
-TEST(GrowingPool, AnIdleThreadTakesTheNextTask) {
-  GrowingPool pool(100, std::chrono::hours(1));
-  for (int i = 0; i < 1000; ++i) {
-    const Awaited<bool> ran;
-    pool.run([ran] { ran.give(true); });
-    ran.take();
-  }
-  // The pool starts a new thread if the existing ones have not become idle yet.
-  EXPECT_LT(pool.threadCount(), 50U);
-}
-
 }  // namespace
 }  // namespace orivanta::foundation

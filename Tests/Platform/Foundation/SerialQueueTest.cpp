@@ -82,18 +82,6 @@ TEST(SerialQueue, SuspensionsNestAndHoldBackWhatHasNotStarted) {
   EXPECT_EQ(order, (std::vector{1, 2}));
 }
 
-TEST(SerialQueue, WaitingTasksKeepTheQueueAlive) {
-  const auto latch = std::make_shared<Latch>();
-  const auto ran = std::make_shared<Latch>();
-  {
-    const auto queue = SerialQueue::make();
-    queue->async([latch] { EXPECT_TRUE(latch->wait()); });
-    queue->async([ran] { ran->open(); });
-  }
-  latch->open();
-  EXPECT_TRUE(ran->wait());
-}
-
 TEST(SerialQueue, ASuspendedQueueThatNobodyRefersToDropsItsTasksUnrun) {
   const auto released = std::make_shared<Latch>();
   bool ran = false;

@@ -32,7 +32,7 @@ class TightDriver {
 };
 
 TEST(SceneTarget, TakesFewerSamplesWhereTheDriverRefusesThem) {
-  const auto surface = std::get<0>(OffscreenSurface::make(8, 8));
+  const auto surface = OffscreenSurface::make(8, 8).value();
   surface->makeCurrent();
   for (const auto& [most, expected] : {std::pair{2, 2}, {1, 1}, {0, 0}}) {
     const TightDriver driver(most);
@@ -54,7 +54,7 @@ TEST(SceneTarget, TakesFewerSamplesWhereTheDriverRefusesThem) {
 
 TEST(SceneTargetDeathTest, StopsWhereTheDriverRefusesEvenNone) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  const auto surface = std::get<0>(OffscreenSurface::make(8, 8));
+  const auto surface = OffscreenSurface::make(8, 8).value();
   surface->makeCurrent();
   const TightDriver driver(-1);
   EXPECT_DEATH(SceneTarget(8, 8, 4), "no framebuffer of 8 x 8 pixels");

@@ -41,7 +41,7 @@ inline testing::AssertionResult isNear(const Pixel& actual, const Pixel& expecte
 class Studio {
  public:
   Studio(std::uint32_t width, std::uint32_t height)
-      : surface(std::get<0>(render::OffscreenSurface::make(width, height))),
+      : surface(render::OffscreenSurface::make(width, height).value()),
         view(
             std::make_shared<view::SceneView>(graphics::Rect{{0, 0}, {1.0 * width, 1.0 * height}})),
         scene(scene::Scene::make()),

@@ -23,13 +23,13 @@ class Ending {
   using Told = std::pair<std::vector<LoadFailure>, bool>;
 
   std::shared_ptr<LoadMonitor> load(std::size_t collections,
-                                    std::function<void(const LoadProgress&)> progressed = {},
                                     network::LowestRate lowestRate = {}) const {
     return std::make_shared<LoadMonitor>(
-        "http://h/1/", collections, lowestRate, std::move(progressed),
-        [told = told_](std::vector<LoadFailure> failures, bool complete) {
-          told.give({std::move(failures), complete});
-        });
+        "http://h/1/", collections, lowestRate,
+        LoadMonitor::Handlers{nullptr,
+                              [told = told_](std::vector<LoadFailure> failures, bool complete) {
+                                told.give({std::move(failures), complete});
+                              }});
   }
   Told take() const { return told_.take(); }
 
@@ -38,41 +38,43 @@ class Ending {
 };
 
 TEST(LoadMonitor, TellsWhyACollectionFailed) {
-  using foundation::Error;
+  using foundation::failure;
+  using foundation::Result;
   struct Case {
     std::optional<int> status;  // of a page, when one comes
-    std::optional<Error> error;
+    Result<void> outcome;
     LoadProblem problem;
     std::string reason;  // "" for none
   };
   const std::string page = "http://h/1/map";
   const std::string status = page + " answered with HTTP status ";
   const std::vector<Case> cases = {
-      {200, std::nullopt, {}, ""},
-      {204, std::nullopt, {}, ""},
-      {401, std::nullopt, LoadProblem::refused, status + "401: wrong user name or password"},
-      {403, std::nullopt, LoadProblem::refused, status + "403: this account may not read it"},
-      {404, std::nullopt, LoadProblem::notFound,
+      {200, Result<void>(), {}, ""},
+      {204, Result<void>(), {}, ""},
+      {401, Result<void>(), LoadProblem::refused, status + "401: wrong user name or password"},
+      {403, Result<void>(), LoadProblem::refused, status + "403: this account may not read it"},
+      {404, Result<void>(), LoadProblem::notFound,
        status + "404: the server does not have it; is the endpoint right?"},
-      {410, std::nullopt, LoadProblem::otherStatus, status + "410"},
-      {503, Error{"", 1, ""}, LoadProblem::otherStatus,
+      {410, Result<void>(), LoadProblem::otherStatus, status + "410"},
+      {503, failure("", 1, ""), LoadProblem::otherStatus,
        status + "503: the server has a problem of its own"},
-      {200, Error{"", 1, ""}, LoadProblem::unusable,
+      {200, failure("", 1, ""), LoadProblem::unusable,
        page + " answered with a body that is no JSON"},
-      {200, Error{"memory", 1, "too large"}, LoadProblem::unusable, page + ": too large"},
-      {std::nullopt, Error{"curl", 7, "Couldn't connect"}, LoadProblem::noAnswer,
+      {200, failure("memory", 1, "too large"), LoadProblem::unusable, page + ": too large"},
+      {std::nullopt, failure("curl", 7, "Couldn't connect"), LoadProblem::noAnswer,
        "no answer from http://h/1/map: Couldn't connect"},
-      {200, Error{"curl", 56, "reset"}, LoadProblem::noAnswer,
+      {200, failure("curl", 56, "reset"), LoadProblem::noAnswer,
        "no answer from http://h/1/map: reset"},
       {200,
-       network::insecureStep(*foundation::Url::parse("https://h"), *foundation::Url::parse("x")),
+       failure(network::insecureStep(*foundation::Url::parse("https://h"),
+                                     *foundation::Url::parse("x"))),
        LoadProblem::insecure, "https://h leads to x, which is not encrypted"},
   };
   for (const Case& each : cases) {
     const Ending ending;
     const auto load = ending.load(1);
     if (each.status) load->pageReceived("map", responseFrom(page, *each.status), 2);
-    load->collectionEnded("map", each.error);
+    load->collectionEnded("map", each.outcome);
     load->finish();
     const auto [failures, complete] = ending.take();
     EXPECT_TRUE(complete);
@@ -106,7 +108,7 @@ TEST(LoadMonitor, GivesUpLoadsThatDoNotEnd) {
   };
   for (const auto& test : cases) {
     const Ending ending;
-    const auto load = ending.load(6, {}, test.lowestRate);
+    const auto load = ending.load(6, test.lowestRate);
     // Every page answers from one URL, as behind a redirect.
     for (std::size_t page = 0; page < test.nextPages.size(); ++page) {
       std::string next = test.nextPages[page];
@@ -122,30 +124,6 @@ TEST(LoadMonitor, GivesUpLoadsThatDoNotEnd) {
       EXPECT_EQ(failure.reason, test.reason);
     }
   }
-}
-
-TEST(LoadMonitor, CountsUntilItEnds) {
-  std::vector<LoadProgress> steps;
-  const Ending ending;
-  const auto load =
-      ending.load(6, [&](const LoadProgress& progress) { steps.push_back(progress); });
-  load->start([] { return std::vector<WebApiSession::Request>(); });
-  load->pageReceived("map", responseFrom("http://h/1/map", 500), 10);
-  load->pageReceived("node", responseFrom("http://h/1/node", 200), 5);
-  load->collectionEnded("map", std::nullopt);
-  int done = 0;
-  load->unlessOver([&] { ++done; });
-  load->finish();
-  load->pageReceived("node", responseFrom("http://h/1/node?page=2", 200), 5);
-  EXPECT_EQ(ending.take().first.size(), 1U);
-  load->unlessOver([&] { ++done; });
-  EXPECT_EQ(done, 1) << "not once it is over";
-  ASSERT_EQ(steps.size(), 4U);
-  EXPECT_EQ(steps[0].pages, 0U);
-  EXPECT_EQ(steps[3].collectionsDone, 1U);
-  EXPECT_EQ(steps[3].collections, 6U);
-  EXPECT_EQ(steps[3].pages, 2U);
-  EXPECT_EQ(steps[3].bytes, 15U);
 }
 
 }  // namespace

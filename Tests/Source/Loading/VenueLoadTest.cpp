@@ -9,8 +9,8 @@
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
-#include "Source/Orivanta.hpp"
 #include "Source/Polygon.hpp"
+#include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
 #include "Tests/Support/JoinedLinks.hpp"
 #include "Tests/Support/SmallVenue.hpp"
@@ -37,62 +37,59 @@ constexpr Arrival arrivals[] = {[](VenueLoad& load) { arrive(load, &All::locatio
                                 [](VenueLoad& load) { arrive(load, &All::vortices, "vortex"); },
                                 [](VenueLoad& load) { arrive(load, &All::polygons, "polygon"); }};
 
+Publish into(const std::shared_ptr<Venue>& venue) {
+  return [venue](VenueContents contents) { return fillVenue(venue, std::move(contents)); };
+}
+
 TEST(VenueLoad, EveryOrderOfArrivalPublishesOnceAndPolygonsLastLinksTwice) {
   std::array<std::size_t, 6> order{0, 1, 2, 3, 4, 5};
   int orders = 0;
   do {
     const bool polygonsLast = order.back() == 5;
-    activeVenue = test::smallVenue();
+    const auto venue = test::smallVenue();
     int calls = 0;
-    VenueLoad load(false, [&](const std::shared_ptr<Venue>& venue) {
+    VenueLoad load(false, into(venue), [&](const std::shared_ptr<Venue>& ready) {
       ++calls;
-      EXPECT_EQ(venue, activeVenue);
+      EXPECT_EQ(ready, venue);
     });
     for (const std::size_t arrival : order) {
       EXPECT_EQ(calls, 0);
       arrivals[arrival](load);
     }
     ASSERT_EQ(calls, 1);
-    ASSERT_EQ(joinedLinks(*activeVenue), smallVenueLinks(polygonsLast));
+    ASSERT_EQ(joinedLinks(*venue), smallVenueLinks(polygonsLast));
     ++orders;
   } while (std::next_permutation(order.begin(), order.end()));
   EXPECT_EQ(orders, 720);
-  activeVenue = nullptr;
 }
 
-TEST(VenueLoad, ASecondAnswerReplacesTheFirstAndRunsTheGateAgain) {
-  activeVenue = test::smallVenue();
+TEST(VenueLoad, ASecondAnswerReplacesTheFirst) {
+  const auto venue = test::smallVenue();
   int calls = 0;
-  VenueLoad load(false, [&](const auto&) { ++calls; });
-  for (const Arrival arrival : arrivals) arrival(load);
-  load.receive(&CollectionDictionary::polygons, Collection<Polygon>());
-  EXPECT_EQ(calls, 2);
-  EXPECT_TRUE(activeVenue->polygons->empty());
-  activeVenue = nullptr;
-}
-
-TEST(VenueLoad, AnAnswerReplacedBeforeTheGateOpensIsLinkedToo) {
-  activeVenue = test::smallVenue();
-  VenueLoad load(false, [](const auto&) {});
+  VenueLoad load(false, into(venue), [&](const auto&) { ++calls; });
   for (const std::size_t arrival : {2, 5, 5, 0, 1, 4, 3}) arrivals[arrival](load);
-  for (const auto& polygon : *activeVenue->polygons) EXPECT_TRUE(polygon->map);
-  activeVenue = nullptr;
+  for (const auto& polygon : *venue->polygons) EXPECT_TRUE(polygon->map);
+  EXPECT_EQ(calls, 1);
+  load.receive(&CollectionDictionary::polygons, Collection<Polygon>());
+  EXPECT_EQ(calls, 2);  // the gate is open: everything runs again
+  EXPECT_TRUE(venue->polygons->empty());
 }
 
-TEST(VenueLoad, PublishesNothingOnceItIsUnwanted) {
-  activeVenue = nullptr;  // there is no venue to publish to any more
-  int calls = 0;
-  VenueLoad load(false, [](const auto&) { ADD_FAILURE() << "published"; },
-                 {[&](const auto&) { ++calls; }});
+TEST(VenueLoad, CallsNobodyBackWhenThePublisherDoesNotWantIt) {
+  int publications = 0;
+  VenueLoad load(
+      false,
+      [&](const VenueContents&) {
+        ++publications;
+        return nullptr;
+      },
+      [](const auto&) { ADD_FAILURE() << "published"; });
   for (const Arrival arrival : arrivals) arrival(load);
-  EXPECT_GT(calls, 0);
+  EXPECT_GT(publications, 0);
 }
 
 TEST(VenueLoadDeathTest, PublishingWithoutAnActiveVenueStopsTheProgram) {
-  activeVenue = nullptr;
-  VenueLoad load(false, [](const auto&) {});
-  for (std::size_t arrival = 0; arrival < 5; ++arrival) arrivals[arrival](load);
-  EXPECT_DEATH(arrivals[5](load), "unexpectedly found nil");
+  EXPECT_DEATH(fillActiveVenue({}), "unexpectedly found nil");
 }
 
 }  // namespace

@@ -29,13 +29,13 @@ class HoldingDownloader : public HttpDownloader {
  public:
   explicit HoldingDownloader(std::shared_ptr<HttpDownloader> source) : source_(std::move(source)) {}
 
-  Fetched fetchFile(const Url& url, const std::string& folder,
-                    network::AwaitedRequests& requests) override {
+  foundation::Result<Fetched> fetchFile(const Url& url, const std::string& folder,
+                                        const network::AwaitedRequests& requests) override {
     const std::string name = *url.lastPathComponent();
     if (const auto latch = held.find(name); latch != held.end()) {
-      if (!latch->second->wait()) return {"", "no patience"};
+      if (!latch->second->wait()) return foundation::failure("", 0, "no patience");
     }
-    if (name == "missing") return {"", "missing"};
+    if (name == "missing") return foundation::failure("", 0, "missing");
     return source_->fetchFile(url, folder, requests);
   }
 

@@ -19,19 +19,16 @@ namespace {
 class FileFetchTest : public testing::Test {
  protected:
   // Begins to fetch a file of the server.
-  std::shared_ptr<FileFetch> start(const std::string& path,
-                                   std::function<void(std::size_t, FileFetch::Outcome)> ended) {
-    return FileFetch::start({{*foundation::Url::parse(server.root(path)), "maps"}},
-                            std::make_shared<HttpDownloader>(), {[](auto) {}, std::move(ended)});
+  void start(const std::string& path, std::function<void(std::size_t, FileFetch::Outcome)> ended) {
+    FileFetch::start({{*foundation::Url::parse(server.root(path)), "maps"}},
+                     std::make_shared<HttpDownloader>(), {}, {[](auto) {}, std::move(ended)});
   }
 
-  HttpDownloader::Fetched fetch(const std::string& address, const std::string& folder) {
+  FileFetch::Outcome fetch(const std::string& address, const std::string& folder) {
     network::AwaitedRequests requests;
     return HttpDownloader().fetchFile(*foundation::Url::parse(address), folder, requests);
   }
-  HttpDownloader::Fetched fetch(const std::string& path) {
-    return fetch(server.root(path), "maps");
-  }
+  FileFetch::Outcome fetch(const std::string& path) { return fetch(server.root(path), "maps"); }
 
   const DiagnosticLines quiet;
   const TemporaryFolder caches;
@@ -53,13 +50,13 @@ TEST_F(FileFetchTest, KeepsOnlyAnAnswerThatIsOne) {
         "gives an error page in place of the file", "cannot be fetched: ", ""}) {
     const Awaited<FileFetch::Outcome> outcome;
     start("/a.png", [outcome](std::size_t, const auto& ended) { outcome.give(ended); });
-    const auto [path, told, remark] = outcome.take();
+    const auto fetched = outcome.take();
     EXPECT_EQ(std::filesystem::exists(kept), problem.empty());
-    EXPECT_EQ(path, problem.empty() ? kept.string() : "");
     if (problem.empty())
-      EXPECT_EQ(told, "");
+      EXPECT_EQ(fetched->path, kept.string());
     else
-      EXPECT_THAT(told, testing::StartsWith(server.root("/a.png ") + problem));
+      EXPECT_THAT(fetched.error().description,
+                  testing::StartsWith(server.root("/a.png ") + problem));
   }
 }
 
@@ -102,17 +99,18 @@ TEST_F(FileFetchTest, AsksTheServerAgainUnlessTheFileIsNotWhatArrived) {
     std::filesystem::remove_all(*foundation::cachesDirectory());
     server.on("/a.png", {first, second});
     const auto fetched = fetch("/a.png");
-    ASSERT_NE(fetched.path, "") << what << fetched.problem;
-    then(fetched.path);
+    ASSERT_TRUE(fetched) << what;
+    then(fetched->path);
     const auto again = fetch("/a.png");
     const auto request = server.requests().at(1);
     EXPECT_EQ(
         request.field("If-None-Match").value_or(request.field("If-Modified-Since").value_or("")),
         condition)
         << what;
-    EXPECT_EQ(foundation::readFile(again.path, 100).value_or(""), contents) << what;
-    EXPECT_EQ(again.problem.empty(), !contents.empty()) << what;
-    EXPECT_EQ(again.remark.empty(), !isEarlier) << what << again.remark;
+    ASSERT_EQ(again.has_value(), !contents.empty()) << what;
+    if (!again) continue;
+    EXPECT_EQ(foundation::readFile(again->path, 100), contents) << what;
+    EXPECT_EQ(again->remark.empty(), !isEarlier) << what << again->remark;
   }
 }
 
@@ -122,9 +120,9 @@ TEST_F(FileFetchTest, KeepsFilesOfOneNameApartByTheirUrls) {
   other.on("/a.png", [](const ReceivedRequest& request) {
     return request.field("If-None-Match") ? Answer::html("", 304) : Answer::html("second");
   });
-  const std::string own = fetch("/a.png").path;
+  const std::string own = fetch("/a.png").value().path;
   const FileFetch::Outcome foreign = fetch(other.root("/a.png"), "maps");
-  EXPECT_EQ(foreign.path, own) << "the same folder";
+  EXPECT_EQ(foreign.value().path, own) << "the same folder";
   EXPECT_EQ(foundation::readFile(own, 100), "second");
   const auto url = [](const std::string& text) { return *foundation::Url::parse(text); };
   EXPECT_EQ(HttpDownloader::folderFor(url("http://H:80/a"), "mall"), "http-h-80/mall");
@@ -135,17 +133,17 @@ TEST_F(FileFetchTest, KeepsFilesOfOneNameApartByTheirUrls) {
     EXPECT_EQ(folder.find("/."), std::string::npos) << folder;
   }
   server.on("/.a.png.origin", Answer::html("a note that is none"));
-  EXPECT_EQ(fetch("/.a.png.origin").path.find("/.a"), std::string::npos);
+  EXPECT_EQ(fetch("/.a.png.origin").value().path.find("/.a"), std::string::npos);
 }
 
 TEST_F(FileFetchTest, TellsWhyAFileCannotBeKept) {
   server.on("/a.png", Answer::html("picture"));
   foundation::writeFileAtomically(*foundation::cachesDirectory() / "maps", "");
-  EXPECT_THAT(fetch("/a.png").problem,
+  EXPECT_THAT(fetch("/a.png").error().description,
               testing::AllOf(testing::HasSubstr("cannot be kept: cannot make the folder"),
                              testing::EndsWith("Not a directory")));
   std::filesystem::create_directories(*foundation::cachesDirectory() / "full" / "a.png" / "x");
-  EXPECT_THAT(fetch(server.root("/a.png"), "full").problem,
+  EXPECT_THAT(fetch(server.root("/a.png"), "full").error().description,
               testing::EndsWith("a.png: Is a directory"));
 }
 

@@ -1,0 +1,7 @@
+#include "Source/ActiveVenue.hpp"
+
+namespace orivanta {
+
+std::shared_ptr<Venue>& activeVenue = *new std::shared_ptr<Venue>;
+
+}  // namespace orivanta

@@ -1,0 +1,20 @@
+// Straight distances between nodes, as the edges of a graph and the route search use them.
+#pragma once
+
+#include <optional>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/NodeList.hpp"
+
+namespace orivanta {
+
+/// The straight distance in three dimensions, in the venue's units, without the maps' elevations.
+ORIVANTA_API double getEuclideanDistance(const Node& node, const Node& destination);
+
+/// The greatest of the distances to the destinations, whatever the name says: with several
+/// destinations the search heads for the farthest. Returns nothing if the list is empty.
+ORIVANTA_API std::optional<double> getShortestEuclideanDistance(const Node& node,
+                                                                const NodeList& destinations);
+
+}  // namespace orivanta

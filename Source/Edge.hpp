@@ -1,0 +1,59 @@
+// An edge of the navigation graph, and hashing of nodes by identity.
+// Public header.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/Record.hpp"
+
+namespace orivanta {
+
+/// A way out of a node. Immutable. Owns its destination and its connector.
+class ORIVANTA_API Edge {
+ public:
+  /// A walking edge. Its length is the straight distance in three dimensions, without the maps'
+  /// elevations; its cost is that length times the destination's `multiplierWeight` plus the
+  /// destination's `constantWeight`.
+  Edge(const Node& origin, std::shared_ptr<Node> destination);
+
+  /// A ride on a connector. Its length is 0; its cost is the difference between the maps'
+  /// elevations times the connector's `multiplierWeight` plus the connector's `constantWeight`. A
+  /// node without a map stops the program.
+  Edge(const Node& origin, std::shared_ptr<Node> destination, std::shared_ptr<Vortex> vortex);
+
+  const std::shared_ptr<Node>& node() const { return node_; }        ///< the destination
+  const std::shared_ptr<Vortex>& vortex() const { return vortex_; }  ///< null when walking
+  double distance() const { return distance_; }                      ///< in the venue's units
+  double weight() const { return weight_; }                          ///< what the search adds up
+
+ private:
+  std::shared_ptr<Node> node_;
+  std::shared_ptr<Vortex> vortex_;
+  double distance_;
+  double weight_;
+};
+
+/// Hash and equality of nodes by identity, for handles and for plain pointers.
+struct NodeIdentityHash {
+  using is_transparent = void;
+  std::size_t operator()(const std::shared_ptr<Node>& node) const { return (*this)(node.get()); }
+  std::size_t operator()(const Node* node) const {
+    // Addresses of one allocator differ in few bits; the multiplication spreads them.
+    return (identityHash(node) >> 4U) * 0x9E3779B97F4A7C15U >> 7U;
+  }
+};
+struct NodeIdentityEqual {
+  using is_transparent = void;
+  bool operator()(const auto& left, const auto& right) const {
+    return address(left) == address(right);
+  }
+
+ private:
+  static const Node* address(const Node* node) { return node; }
+  static const Node* address(const std::shared_ptr<Node>& node) { return node.get(); }
+};
+
+}  // namespace orivanta

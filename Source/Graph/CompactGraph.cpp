@@ -1,0 +1,146 @@
+#include "Source/Graph/CompactGraph.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <unordered_map>
+#include <utility>
+
+#include "Source/Graph/HilbertCurve.hpp"
+#include "Source/Node.hpp"
+
+namespace orivanta {
+
+namespace {
+
+bool isFinite(const Node& node) {
+  return std::isfinite(node.x) && std::isfinite(node.y) && std::isfinite(node.z);
+}
+
+bool isRegularGraph(const EdgeTable::Rows& rows) {
+  std::size_t edgeCount = 0;
+  for (const auto& [origin, edges] : rows) {
+    if (!isFinite(*origin)) return false;
+    for (const Edge& edge : edges)
+      if (!(edge.weight() >= 0.0) || !isFinite(*edge.node())) return false;
+    edgeCount += edges.size();
+  }
+  // Nodes and links are numbered with 32 bits; there are at most `edgeCount` nodes without edges
+  // of their own.
+  return edgeCount + rows.size() < std::numeric_limits<CompactGraph::Index>::max() / 2;
+}
+
+// One direction of the smallest upright rectangle around all nodes, cut into 65,536 cells.
+class Axis {
+ public:
+  void include(double position) {
+    low_ = std::min(low_, position);
+    high_ = std::max(high_, position);
+  }
+
+  std::uint16_t cell(double position) const {
+    const double share = (position / 2 - low_ / 2) / (high_ / 2 - low_ / 2);
+    if (!(share > 0.0)) return 0;
+    return static_cast<std::uint16_t>(std::min(share, 1.0) * 65535.0);
+  }
+
+ private:
+  double low_ = std::numeric_limits<double>::infinity();
+  double high_ = -std::numeric_limits<double>::infinity();
+};
+
+// The nodes in their new order: by map, and along a Hilbert curve within each.
+NodeList inSpatialOrder(const NodeList& nodes) {
+  Axis x;
+  Axis y;
+  std::unordered_map<const Map*, std::uint32_t> floors;
+  for (const auto& node : nodes) {
+    x.include(node->x);
+    y.include(node->y);
+    floors.try_emplace(node->map.get(), static_cast<std::uint32_t>(floors.size()));
+  }
+  std::vector<std::pair<std::uint64_t, std::size_t>> keys;
+  keys.reserve(nodes.size());
+  for (const auto& node : nodes) {
+    const std::uint64_t floor = floors[node->map.get()];
+    keys.emplace_back(floor << 32U | hilbertDistance(x.cell(node->x), y.cell(node->y)),
+                      keys.size());
+  }
+  std::sort(keys.begin(), keys.end());
+  NodeList ordered;
+  ordered.reserve(nodes.size());
+  for (const auto& key : keys) ordered.push_back(nodes[key.second]);
+  return ordered;
+}
+
+}  // namespace
+
+std::shared_ptr<const CompactGraph> CompactGraph::make(const EdgeTable::Rows& rows) {
+  auto graph = std::make_shared<CompactGraph>();
+  graph->regular_ = isRegularGraph(rows);
+  if (graph->regular_) {
+    graph->addNodes(rows);
+    graph->addLinks(rows);
+  }
+  return graph;
+}
+
+void CompactGraph::addNodes(const EdgeTable::Rows& rows) {
+  NodeList found;
+  numbers_.reserve(rows.size());
+  const auto add = [&](const std::shared_ptr<Node>& node) {
+    if (numbers_.insert({node.get(), 0}).second) found.push_back(node);
+  };
+  for (const auto& [origin, edges] : rows) {
+    add(origin);
+    for (const Edge& edge : edges) add(edge.node());
+  }
+  nodes_ = inSpatialOrder(found);
+  for (Index index = 0; index < nodes_.size(); ++index) numbers_[nodes_[index].get()] = index;
+}
+
+void CompactGraph::addLinks(const EdgeTable::Rows& rows) {
+  vertices_.reserve(nodes_.size());
+  for (const auto& node : nodes_) {
+    const auto firstLink = static_cast<Index>(links_.size());
+    const auto entry = rows.find(node);
+    if (entry != rows.end())
+      for (const Edge& edge : entry->second)
+        if (edge.node() != node) links_.push_back({edge.weight(), *find(*edge.node())});
+    vertices_.push_back({node->x, node->y, node->z, firstLink, static_cast<Index>(links_.size())});
+  }
+  links_.shrink_to_fit();
+}
+
+std::optional<CompactGraph::Index> CompactGraph::find(const Node& node) const {
+  const auto entry = numbers_.find(&node);
+  if (entry == numbers_.end()) return std::nullopt;
+  return entry->second;
+}
+
+std::unique_ptr<CompactGraph::SearchState> CompactGraph::takeState(std::size_t nodeCount) const {
+  std::unique_ptr<SearchState> state;
+  {
+    const std::lock_guard lock(stateMutex_);
+    if (!states_.empty()) {
+      state = std::move(states_.back());
+      states_.pop_back();
+    }
+  }
+  if (!state) state = std::make_unique<SearchState>();
+  if (++state->stamp == 0) {
+    state->nodes.clear();
+    state->stamp = 1;
+  }
+  if (state->nodes.size() < nodeCount) state->nodes.resize(nodeCount);
+  state->frontier.clear();
+  return state;
+}
+
+void CompactGraph::giveBack(std::unique_ptr<SearchState> state) const {
+  const std::lock_guard lock(stateMutex_);
+  states_.push_back(std::move(state));
+}
+
+}  // namespace orivanta

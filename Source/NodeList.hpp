@@ -1,0 +1,15 @@
+// A list of nodes: the stops of a record, the ends of a search, a path.
+// Public header.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "Source/Fwd.hpp"
+
+namespace orivanta {
+
+/// Owns its nodes.
+using NodeList = std::vector<std::shared_ptr<Node>>;
+
+}  // namespace orivanta
