@@ -9,7 +9,7 @@ namespace orivanta::foundation {
 
 struct CancellationState {
   std::atomic<bool> isCanceled = false;
-  std::mutex mutex;  // guards what follows
+  std::mutex mutex;  // guards the members below
   std::map<std::uint64_t, std::function<void()>> functions;
   std::uint64_t nextNumber = 0;
 };
@@ -27,7 +27,7 @@ void CancellationRegistration::remove() {
   const auto state = state_.lock();
   state_.reset();
   if (!state) return;
-  std::function<void()> released;  // after the lock, since it may own anything
+  std::function<void()> released;  // destroyed after the lock, since it may own any object
   const std::lock_guard lock(state->mutex);
   const auto entry = state->functions.find(number_);
   if (entry == state->functions.end()) return;

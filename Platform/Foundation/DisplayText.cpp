@@ -14,7 +14,7 @@ constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 constexpr std::string_view ellipsis = "\xE2\x80\xA6";
 constexpr std::size_t labelColumns = 80;
 
-// A column takes no more bytes than this, so the rest of a huge text need not be read.
+// Maximum number of bytes per column, so that the rest of a very long text is not read.
 constexpr std::size_t mostBytesPerColumn = 64;
 
 std::size_t widthOf(const Character& character) {
@@ -65,8 +65,8 @@ std::string printable(std::string_view text) {
 
 std::string clipped(std::string_view text, std::size_t columns) {
   std::size_t width = 0;
-  std::size_t end = 0;      // of what has been read so far
-  std::size_t fitting = 0;  // of what leaves a column free for the ellipsis
+  std::size_t end = 0;      // of the text read so far
+  std::size_t fitting = 0;  // of the text that leaves a column for the ellipsis
   while (end < text.size()) {
     const Character character = firstCharacter(text.substr(end));
     width += widthOf(character);

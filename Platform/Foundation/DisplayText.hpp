@@ -1,4 +1,4 @@
-// UTF-8 text on its way to people: without control characters, measured and clipped in columns.
+// Prepares UTF-8 text for display: removes control characters, measures and truncates in columns.
 #pragma once
 
 #include <cstddef>
@@ -9,27 +9,26 @@
 namespace orivanta::foundation {
 
 struct Character {
-  std::int32_t codePoint;  ///< negative for a damaged byte
-  std::string_view bytes;  ///< into the text that it was read from
+  std::int32_t codePoint;  ///< negative for an invalid byte
+  std::string_view bytes;  ///< part of the original text
 };
 
-/// The character at the beginning of a text, which must not be empty.
+/// The first character of a text, which must not be empty.
 Character firstCharacter(std::string_view text);
 
-/// The number of terminal columns that the text takes: two for a wide character such as a Chinese
-/// one, none for a combining mark.
+/// The number of terminal columns of a text. A wide character, such as a Chinese one, takes two,
+/// and a combining mark none.
 std::size_t displayWidth(std::string_view text);
 
-/// The text without anything that acts on a terminal. Line breaks and tabs become blanks; other
-/// control characters and damaged bytes become U+FFFD. Byte order marks and characters that change
-/// the direction of writing are removed.
+/// Removes everything that controls a terminal. Line breaks and tabs become spaces. Other control
+/// characters and invalid bytes become U+FFFD. Byte order marks and characters that change the
+/// writing direction are removed.
 std::string printable(std::string_view text);
 
-/// The text, or as much of its beginning as fits into `columns` together with a final ellipsis.
+/// The text, or its beginning with an ellipsis, in at most `columns` columns.
 std::string clipped(std::string_view text, std::size_t columns);
 
-/// A text of unknown origin and length as part of a line for people: printable, and clipped to 80
-/// columns.
+/// Makes text from untrusted sources printable and truncates it to 80 columns.
 std::string label(std::string_view text);
 
 }  // namespace orivanta::foundation

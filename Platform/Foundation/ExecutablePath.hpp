@@ -1,4 +1,4 @@
-// Where the running program lies.
+// The path of the running program.
 #pragma once
 
 #include <filesystem>
@@ -7,7 +7,7 @@
 
 namespace orivanta::foundation {
 
-/// The absolute path of the running program. Empty if the system does not tell. Any thread.
+/// The absolute path of the running program. Empty if the system does not provide it. Thread-safe.
 ORIVANTA_API std::filesystem::path executablePath();
 
 }  // namespace orivanta::foundation

@@ -1,4 +1,4 @@
-// The entries of a property list, as both of its forms are read.
+// The entries of a property list, for both formats.
 #pragma once
 
 #include <map>
@@ -7,8 +7,8 @@
 
 namespace orivanta::foundation {
 
-/// The entries of a property list whose top level is a dictionary: its text values by key. A key
-/// with a value of another kind is present with nothing.
+/// The string values of a property list's top-level dictionary by key. A key whose value is not a
+/// string maps to nothing.
 using PropertyListDictionary = std::map<std::string, std::optional<std::string>>;
 
 }  // namespace orivanta::foundation

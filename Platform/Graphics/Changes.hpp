@@ -1,4 +1,4 @@
-// Counts the changes of everything that frames show.
+// Counts changes of what frames show.
 #pragma once
 
 #include <cstdint>
@@ -7,12 +7,12 @@
 
 namespace orivanta::graphics {
 
-/// The number of changes of scenes, sprites and views in this process. While it stays the same, a
-/// frame looks as the last one did, apart from what is animated. Any thread.
+/// The number of changes of scenes, sprites and views in this process. While it stays the same,
+/// frames are equal, except for animations. Thread-safe.
 ORIVANTA_API std::uint64_t changeCount();
 
-/// Counts one change. Every operation that changes a scene, a sprite or a view calls it. Any
-/// thread.
+/// Counts a change. Called by every operation that changes a scene, a sprite or a view.
+/// Thread-safe.
 ORIVANTA_API void noteChange();
 
 }  // namespace orivanta::graphics

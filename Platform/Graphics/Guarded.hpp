@@ -15,8 +15,8 @@ Value read(const Value& field) {
   return field;
 }
 
-/// Swaps the two values. The caller destroys the old one after the transaction has ended. Counts as
-/// a change unless the two are equal.
+/// Swaps the two values, so that the caller destroys the old one after the transaction has ended.
+/// Counts as a change unless they are equal.
 template <class Value>
 void swapGuarded(Value& field, Value& value) {
   const Transaction transaction;

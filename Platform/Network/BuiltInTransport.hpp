@@ -1,4 +1,4 @@
-// The transport that comes with the library. The adapter that is linked in defines it.
+// The transport included in the library. The linked adapter defines it.
 #pragma once
 
 #include <memory>
@@ -7,7 +7,7 @@
 
 namespace orivanta::network {
 
-/// Always the same object. Any thread.
+/// Always returns the same object. Thread-safe.
 std::shared_ptr<UrlTransport> builtInTransport();
 
 }  // namespace orivanta::network

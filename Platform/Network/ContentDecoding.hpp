@@ -1,4 +1,4 @@
-// Undoing the compression of a received body.
+// Decompresses received bodies.
 #pragma once
 
 #include "Platform/Foundation/Export.hpp"
@@ -7,10 +7,10 @@
 
 namespace orivanta::network {
 
-/// Undoes the "Content-Encoding" of the body in place. Fails if the encoding is neither "gzip" nor
-/// "identity", or if the body is damaged or decodes to more than 512 MiB. Throws `BudgetExceeded`
-/// if the decoded body exceeds the request's budget. Takes a while for a large body, so do not call
-/// it on the transport's thread.
+/// Decodes the body according to its "Content-Encoding", in place. Fails if the encoding is neither
+/// "gzip" nor "identity", or if the body is damaged or decodes to more than 512 MiB. Throws
+/// `BudgetExceeded` if the decoded body exceeds the request's budget. Do not call it on the
+/// transport's thread, because a large body takes a while.
 ORIVANTA_API foundation::Result<void> decodeBody(UrlAnswer& answer);
 
 }  // namespace orivanta::network

@@ -9,7 +9,7 @@ namespace orivanta::network {
 
 namespace {
 
-// Never destroyed: requests may be under way when the process ends.
+// Never destroyed, because requests may still run when the process ends.
 struct DefaultTransport {
   std::mutex mutex;
   std::shared_ptr<UrlTransport> transport;

@@ -172,7 +172,7 @@ void ScenePass::drawTranslucent() {
   glDisable(GL_BLEND);
 }
 
-// The program for what is drawn next, and whether it draws faces that are turned away.
+// Selects the program for the next parts, and whether to draw back faces.
 void ScenePass::select(bool textured, bool frontAlone) {
   const MeshProgram& program =
       shaders_.lit({textured, shadows_ != nullptr, frontAlone, lighting_.count()});

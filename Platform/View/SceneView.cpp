@@ -122,7 +122,7 @@ bool SceneView::isAnimating() const {
          View::isAnimating();
 }
 
-// Looked for again only when something has changed.
+// Searched again only after a change.
 const SceneView::Materials& SceneView::animatedMaterials() const {
   const Transaction transaction;
   if (animatedChange_ == graphics::changeCount()) return animated_;

@@ -1,10 +1,10 @@
-// A small venue of two floors, loaded as the library loads one.
+// A small venue with two floors, loaded as by the library.
 //
-//   F1 (elevation 10)        u1 -- u2                 lift:   n3, u1 (accessible, weight 2)
-//                            |      \                 stairs: n2, u2 (not accessible)
-//   G (elevation 0)   n1 -- n2 -- n3   n4 (alone)
+//   F1 (elevation 10)        u1 -- u2                 elevator: n3, u1 (accessible, weight 2)
+//                            |      \                 stairs:   n2, u2 (not accessible)
+//   G (elevation 0)   n1 -- n2 -- n3   n4 (isolated)
 //
-// n1 to n3 stand at x = 0, 3, 6; u1 and u2 at x = 6 and 3; all paths go both ways.
+// n1 to n3 are at x = 0, 3, 6, and u1 and u2 at x = 6 and 3. All edges exist in both directions.
 #pragma once
 
 #include <memory>
@@ -23,7 +23,7 @@
 
 namespace orivanta::test {
 
-/// The collections as JSON; replace what a test is about.
+/// The collections as JSON; a test may replace them.
 struct TwoFloorVenue {
   std::string venue = R"({"id": "v", "slug": "small", "name": "Small Mall", "unitsPerMetre": 2})";
   std::string maps = R"([{"id": "g", "name": "Ground", "shortName": "G", "elevation": 0},
@@ -48,8 +48,8 @@ struct TwoFloorVenue {
       {"id": "l2", "name": "Book Shop", "type": "shop", "nodes": [{"node": "u2"}],
        "categories": ["c1"], "polygons": [{"id": "p2"}]}])";
 
-  /// Delivers the polygons before or after the other collections; after them the links of some
-  /// kinds are made twice.
+  /// Delivers the polygons before or after the other collections. If after, some links are made
+  /// twice.
   std::shared_ptr<Venue> load(bool accessible = false, bool polygonsLast = false) const {
     activeVenue = Venue::make(*RawData::parse(venue));
     const auto load = std::make_shared<VenueLoad>(accessible, fillActiveVenue, [](const auto&) {});

@@ -20,7 +20,7 @@ TEST(DisplayText, WidthCountsTheColumnsOfATerminal) {
       {"B1F屋外", 7},
       {"（屋外）", 8},
       {"ｱｲｳ", 3},       // half-width forms
-      {"\xFF\xFE", 2},  // damaged bytes, each shown as one sign
+      {"\xFF\xFE", 2},  // invalid bytes, each shown as one character
   };
   for (const auto& [text, width] : cases) EXPECT_EQ(displayWidth(text), width) << text;
 }
