@@ -38,8 +38,8 @@ asio::ip::address proxyAddress(const std::string& text) {
   return plainAddress(address);
 }
 
-// Sends responses without delay, and keeps the socket's send buffer small: by default it would grow
-// to megabytes for every client that does not read.
+// Sends responses without delay, and limits the unsent data in the socket's buffer: otherwise it
+// would grow to megabytes for every client that does not read.
 void tune(tcp::socket& socket) {
   constexpr int mostUnsent = 128 << 10;
   boost::system::error_code ignored;

@@ -32,7 +32,7 @@ bool liesBelow(const fs::path& file, const fs::path& folder) {
                      [](const fs::path& part) { return isServed(part.string()); });
 }
 
-// Returns the error if it leaves open whether the file exists, and no error otherwise.
+// Returns the error if the system is out of descriptors or memory, and no error otherwise.
 std::error_code shortageOf(const std::error_code& error) {
   for (const std::errc lack :
        {std::errc::too_many_files_open, std::errc::too_many_files_open_in_system,
