@@ -1,4 +1,5 @@
 // The settings that the process-wide API session is made of.
+// Private header.
 #pragma once
 
 #include "Source/Orivanta.hpp"

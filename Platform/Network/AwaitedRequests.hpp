@@ -1,4 +1,5 @@
 // Requests that threads wait for and another thread may end.
+// Public header.
 #pragma once
 
 #include <cstddef>

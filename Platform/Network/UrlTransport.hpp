@@ -1,5 +1,6 @@
 // The port to an HTTP client: start a GET request, cancel it. Adapters live in folders of their
 // own; the one that is linked in defines `defaultTransport`.
+// Public header.
 #pragma once
 
 #include <functional>
@@ -18,19 +19,22 @@
 
 namespace orivanta::network {
 
+/// Names and values of header fields, in the order in which they are sent.
 using HeaderFields = std::vector<std::pair<std::string, std::string>>;
 
+/// A GET request.
 struct UrlRequest {
-  foundation::Url url;
-  HeaderFields headerFields;
-  TransferRules rules = {};
+  foundation::Url url;        ///< absolute
+  HeaderFields headerFields;  ///< sent besides those that the transport adds
+  TransferRules rules = {};   ///< the conditions under which the request goes on
 };
 
-/// How a request ended. `body` is as it came over the wire; `decodeBody` undoes the compression
-/// that the transport asked for.
+/// How a request ended.
 struct UrlResult {
-  std::optional<foundation::Error> error;
-  HttpUrlResponse response;
+  std::optional<foundation::Error> error;  ///< none if a whole response was received
+  HttpUrlResponse response;                ///< meaningful without an error
+  /// The body as received. `UrlTransport::decodeBody` undoes the compression that the transport
+  /// asked for.
   std::string body;
   /// What the body has taken from the request's budget. Null if the request has none.
   std::shared_ptr<foundation::BudgetShare> share = nullptr;
@@ -45,6 +49,7 @@ class UrlTransfer {
   virtual void cancel() = 0;
 };
 
+/// An HTTP client. An application may provide its own.
 class UrlTransport {
  public:
   virtual ~UrlTransport() = default;
