@@ -22,7 +22,7 @@ add_custom_command(
   OUTPUT ${stamp}
   BYPRODUCTS ${published}
   COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/cmake/publish-headers
-          ${ORIVANTA_INCLUDE_FOLDER} ${PROJECT_VERSION} >${stamp}
+          ${ORIVANTA_INCLUDE_FOLDER} ${PROJECT_VERSION} > ${stamp}
   DEPENDS ${headers} ${PROJECT_SOURCE_DIR}/cmake/publish-headers
   COMMENT "Publishing the headers"
   VERBATIM)

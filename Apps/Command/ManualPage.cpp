@@ -78,7 +78,8 @@ void appendCommand(std::string& page, const CLI::App& command) {
 }  // namespace
 
 std::string manualPage(const CLI::App& app, std::string_view version) {
-  std::string page = fmt::format(".TH ORIVANTA 1 \"\" \"orivanta {}\" \"User Commands\"\n", version);
+  std::string page =
+      fmt::format(".TH ORIVANTA 1 \"\" \"orivanta {}\" \"User Commands\"\n", version);
   page += ".SH NAME\norivanta \\- indoor venue maps\n.SH SYNOPSIS\n";
   const char* separator = "";
   for (const CLI::App* command : commandsOf(app)) {

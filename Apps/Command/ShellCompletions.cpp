@@ -156,8 +156,7 @@ std::string zshCompletions(const CLI::App& app) {
   std::string commands;
   std::string cases;
   for (const CLI::App* command : commandsOf(app)) {
-    commands +=
-        " " + quoted(command->get_name() + ":" + command->get_description(), "");
+    commands += " " + quoted(command->get_name() + ":" + command->get_description(), "");
     cases += fmt::format("        {}) {} ;;\n", command->get_name(), zshArguments(*command));
   }
   return fmt::format(R"(#compdef orivanta
@@ -183,8 +182,8 @@ _orivanta "$@"
 
 std::string fishCompletions(const CLI::App& app) {
   std::string script = "# Completions of the command orivanta for fish.\ncomplete -c orivanta -f\n";
-  const std::string none = fmt::format("not __fish_seen_subcommand_from {}",
-                                       fmt::join(commandNames(app), " "));
+  const std::string none =
+      fmt::format("not __fish_seen_subcommand_from {}", fmt::join(commandNames(app), " "));
   for (const CLI::Option* option : optionsOf(app)) script += fishOption(none, *option);
   for (const CLI::App* command : commandsOf(app)) {
     script += fmt::format("complete -c orivanta -n {} -a {} -d {}\n", quoted(none, "\\"),
@@ -192,7 +191,8 @@ std::string fishCompletions(const CLI::App& app) {
     const std::string chosen = "__fish_seen_subcommand_from " + command->get_name();
     for (const CLI::Option* option : optionsOf(*command)) script += fishOption(chosen, *option);
     if (takesFolders(*command))
-      script += fmt::format("complete -c orivanta -n '{}' -a '(__fish_complete_directories)'\n", chosen);
+      script +=
+          fmt::format("complete -c orivanta -n '{}' -a '(__fish_complete_directories)'\n", chosen);
   }
   return script;
 }
