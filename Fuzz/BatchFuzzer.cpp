@@ -8,7 +8,7 @@
 #include "Apps/Command/Batch.hpp"
 #include "Fuzz/Fuzzer.hpp"
 #include "Source/RawData.hpp"
-#include "Tests/Apps/Command/TwoFloorVenue.hpp"
+#include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
 namespace {

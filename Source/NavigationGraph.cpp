@@ -16,6 +16,7 @@
 #include "Source/Graph/RouteNetwork.hpp"
 #include "Source/Json/References.hpp"
 #include "Source/Map.hpp"
+#include "Source/RouteSearch.hpp"
 #include "Source/Vortex.hpp"
 
 namespace orivanta {
@@ -43,13 +44,6 @@ using Budget = std::shared_ptr<foundation::MemoryBudget>;
 
 void pay(const Budget& budget, std::size_t bytes) {
   if (budget) budget->take(bytes);
-}
-
-double walkingDistance(const Node& origin, const Node& destination) {
-  const double dx = origin.x - destination.x;
-  const double dy = origin.y - destination.y;
-  const double dz = origin.z - destination.z;
-  return std::sqrt(dx * dx + dy * dy + dz * dz);
 }
 
 // The edges out of each of some nodes of a collection, in the order of their paths.
@@ -83,7 +77,7 @@ EdgeTable::Block walkingEdges(
 
 Edge::Edge(const Node& origin, std::shared_ptr<Node> destination)
     : node_(std::move(destination)),
-      distance_(walkingDistance(origin, *node_)),
+      distance_(getEuclideanDistance(origin, *node_)),
       weight_(distance_ * node_->multiplierWeight + node_->constantWeight) {}
 
 Edge::Edge(const Node& origin, std::shared_ptr<Node> destination, std::shared_ptr<Vortex> vortex)

@@ -10,6 +10,7 @@ find_package(tsl-ordered-map REQUIRED)
 find_package(uriparser REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(plist REQUIRED IMPORTED_TARGET libplist-2.0)
+pkg_check_modules(utf8proc REQUIRED IMPORTED_TARGET libutf8proc)
 
 # Boost.Asio as the whole project uses it: header only, without its deprecated parts.
 add_library(orivanta_asio INTERFACE)

@@ -32,8 +32,8 @@ orivanta_shared_library(
 target_link_libraries(
   orivanta
   PUBLIC tsl::ordered_map
-  PRIVATE Boost::json CURL::libcurl PkgConfig::plist Threads::Threads ZLIB::ZLIB fmt::fmt
-          uriparser::uriparser)
+  PRIVATE Boost::json CURL::libcurl PkgConfig::plist PkgConfig::utf8proc Threads::Threads ZLIB::ZLIB
+          fmt::fmt uriparser::uriparser)
 add_library(orivanta::orivanta ALIAS orivanta)
 
 orivanta_shared_library(

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "Apps/Command/Json.hpp"
-#include "Apps/Command/RouteDescription.hpp"
+#include "Source/Guidance/PathWalk.hpp"
 #include "Source/Location.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
@@ -108,16 +108,17 @@ std::string BatchRouter::route(const RawData& request) const {
   const NodeList starts = side(request, "from");
   const NodeList destinations = side(request, "to");
   const NavigationGraph& graph = *venue_.navigationGraph;
-  const auto path = AStar(starts, destinations, graph);
+  auto path = AStar(starts, destinations, graph);
   if (!path) return R"("path":null,"weight":null)";
+  const PathWalk walk(std::move(*path), graph);
   std::string text = R"("path":)";
   char separator = '[';
-  for (const auto& node : *path) {
+  for (const auto& node : walk.path()) {
     text += separator;
     text += quotedIds_.at(node.get());
     separator = ',';
   }
-  return text + R"(],"weight":)" + jsonNumber(pathWeight(graph, *path));
+  return text + R"(],"weight":)" + jsonNumber(walk.weight());
 }
 
 std::string BatchRouter::answer(std::string_view line) const {

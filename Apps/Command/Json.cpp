@@ -6,7 +6,7 @@
 #include <boost/json/serialize.hpp>
 #include <cmath>
 
-#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 #include "Platform/Foundation/TextControls.hpp"
 
 namespace orivanta::command {
@@ -63,7 +63,7 @@ std::string withControlsEscaped(std::string_view json) {
     text += json.substr(0, plain);
     json.remove_prefix(plain);
     if (json.empty()) break;
-    const Character character = firstCharacter(json);
+    const foundation::Character character = foundation::firstCharacter(json);
     const char32_t point =
         character.codePoint < 0 ? U'\uFFFD' : static_cast<char32_t>(character.codePoint);
     if (character.codePoint < 0 || foundation::isInvisibleControl(point) ||

@@ -7,10 +7,13 @@
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Session.hpp"
 #include "Apps/Command/Table.hpp"
-#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {
+
+using foundation::label;
+using foundation::printable;
 
 ExitCode listVenues(const ListVenuesOptions& options) {
   const auto venues = Session(options.connection).fetchVenues();

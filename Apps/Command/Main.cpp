@@ -20,9 +20,9 @@
 #include "Apps/Command/Serve.hpp"
 #include "Apps/Command/ShellCompletions.hpp"
 #include "Apps/Command/ShowVenue.hpp"
-#include "Apps/Command/Text.hpp"
+#include "Apps/Command/ViewVenue.hpp"
 #include "Apps/DemoVenue/Folder.hpp"
-#include "Apps/Viewer/ViewVenue.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 
 namespace orivanta::command {
 
@@ -36,7 +36,7 @@ struct CommandLine {
   ShowVenueOptions showVenue;
   FindRouteOptions findRoute;
   RenderVenueOptions renderVenue;
-  viewer::ViewVenueOptions viewVenue;
+  ViewVenueOptions viewVenue;
   ServeOptions serve;
   std::string shell;
   std::function<ExitCode()> chosen;
@@ -176,7 +176,7 @@ void addRender(CLI::App& app, CommandLine& line) {
 }
 
 void addView(CLI::App& app, CommandLine& line) {
-  viewer::ViewVenueOptions& options = line.viewVenue;
+  ViewVenueOptions& options = line.viewVenue;
   auto& command = *app.add_subcommand("view", "Walk around a venue in a window");
   command.footer(help::viewFooter);
   command.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")->type_name("");
@@ -193,7 +193,7 @@ void addView(CLI::App& app, CommandLine& line) {
     line.chosen = [&line, &options] {
       options.connection = line.connection;
       options.demoVenue = demo::demoVenueFolder();
-      return viewer::viewVenue(options);
+      return viewVenue(options);
     };
   });
 }
@@ -275,7 +275,8 @@ std::string describeFailure(const CLI::App* app, const CLI::Error& error) {
   std::string reason = error.what();
   if (chosen.empty() && !unknown.empty())
     reason = fmt::format("\"{}\" is no command or option", unknown.front());
-  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n", printable(reason),
+  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n",
+                     foundation::printable(reason),
                      chosen.empty() ? "" : chosen.front()->get_name() + " ");
 }
 

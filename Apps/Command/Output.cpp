@@ -9,7 +9,7 @@
 #include <string>
 
 #include "Apps/Command/CommandError.hpp"
-#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 
 namespace orivanta::command {
 
@@ -30,7 +30,7 @@ void complain(std::string_view text) {
   std::string lines = "orivanta: ";
   for (;;) {
     const std::size_t end = text.find('\n');
-    lines += printable(text.substr(0, end)) + '\n';
+    lines += foundation::printable(text.substr(0, end)) + '\n';
     if (end == std::string_view::npos) break;
     text.remove_prefix(end + 1);
   }

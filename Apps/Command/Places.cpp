@@ -3,45 +3,26 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <functional>
 #include <unordered_set>
 
 #include "Apps/Command/CommandError.hpp"
 #include "Apps/Command/Table.hpp"
-#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
+#include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Location.hpp"
-#include "Source/Map.hpp"
 #include "Source/Node.hpp"
-#include "Source/Polygon.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {
+
+using foundation::label;
+using foundation::printable;
 
 using Locations = std::vector<std::shared_ptr<Location>>;
 
 namespace {
 
 constexpr std::size_t mostCandidatesListed = 20;
-
-Locations locationsWhere(const Venue& venue, const std::function<bool(const Location&)>& fits) {
-  Locations found;
-  for (const auto& location : *venue.locations)
-    if (fits(*location)) found.push_back(location);
-  return found;
-}
-
-// The locations that the text names in the strictest way in which it names any.
-Locations locationsNamed(const Venue& venue, const std::string& text) {
-  auto found = locationsWhere(venue, [&](const auto& place) { return place.name == text; });
-  if (!found.empty()) return found;
-  const std::string folded = caseFolded(text);
-  found =
-      locationsWhere(venue, [&](const auto& place) { return caseFolded(*place.name) == folded; });
-  if (!found.empty()) return found;
-  return locationsWhere(venue, [&](const auto& place) {
-    return caseFolded(*place.name).find(folded) != std::string::npos;
-  });
-}
 
 std::string ambiguity(const std::string& text, const Locations& candidates) {
   Table table({Alignment::left, Alignment::left, Alignment::left});
@@ -59,19 +40,16 @@ std::string ambiguity(const std::string& text, const Locations& candidates) {
 
 RouteEnd findPlace(const Venue& venue, const std::string& text) {
   if (text.empty()) throw CommandError(ExitCode::wrongUse, "a place must not be an empty text");
-  for (const auto& location : *venue.locations)
-    if (location->id == text) return {location->nodes, location};
-  for (const auto& node : *venue.nodes)
-    if (node->id == text) return {{node}, nullptr};
-  const Locations found = locationsNamed(venue, text);
-  if (found.empty())
+  const auto [locations, node] = placesNamed(venue, text);
+  if (node) return {{node}, nullptr};
+  if (locations.empty())
     throw CommandError(
         ExitCode::notFound,
         fmt::format("no location or node \"{}\" in the venue; `orivanta venue {} --locations` "
                     "lists its locations",
                     text, *venue.slug));
-  if (found.size() > 1) throw CommandError(ExitCode::wrongUse, ambiguity(text, found));
-  return {found.front()->nodes, found.front()};
+  if (locations.size() > 1) throw CommandError(ExitCode::wrongUse, ambiguity(text, locations));
+  return {locations.front()->nodes, locations.front()};
 }
 
 }  // namespace
@@ -86,35 +64,6 @@ RouteEnd findRouteEnd(const Venue& venue, const std::vector<std::string>& texts)
     end.place = texts.size() == 1 ? part.place : nullptr;
   }
   return end;
-}
-
-Locations searchLocations(const Venue& venue, std::string_view text) {
-  const std::string folded = caseFolded(text);
-  return locationsWhere(venue, [&](const Location& location) {
-    return caseFolded(*location.name).find(folded) != std::string::npos ||
-           location.id->find(text) != std::string::npos;
-  });
-}
-
-std::vector<std::shared_ptr<Map>> floorsOf(const Location& location) {
-  std::vector<std::shared_ptr<Map>> floors;
-  const auto add = [&](const std::shared_ptr<Map>& map) {
-    if (std::find(floors.begin(), floors.end(), map) == floors.end()) floors.push_back(map);
-  };
-  for (const auto& node : location.nodes) add(node->map);
-  for (const auto& polygon : location.polygons) add(polygon->map);
-  return floors;
-}
-
-std::string floorLabel(const Map& map) {
-  if (!map.shortName.empty()) return label(map.shortName);
-  return label(map.name.empty() ? *map.id : map.name);
-}
-
-std::string floorLabels(const std::vector<std::shared_ptr<Map>>& maps) {
-  std::string labels;
-  for (const auto& map : maps) labels += (labels.empty() ? "" : ", ") + floorLabel(*map);
-  return labels;
 }
 
 }  // namespace orivanta::command

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <utility>
 
-#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 
 namespace orivanta::command {
 
@@ -46,7 +46,7 @@ void ProgressLine::show(std::string_view text, Clock::time_point now) {
   shownAt_ = now;
   visible_ = true;
   // The last column stays free: many terminals wrap when it is written.
-  writer_(std::string(eraseLine) + clipped(text, *columns_ - 1));
+  writer_(std::string(eraseLine) + foundation::clipped(text, *columns_ - 1));
 }
 
 void ProgressLine::clear() {
@@ -58,7 +58,7 @@ void ProgressLine::clear() {
 void ProgressLine::note(std::string_view line) {
   const std::lock_guard lock(mutex_);
   erase();
-  writer_(printable(line) + '\n');
+  writer_(foundation::printable(line) + '\n');
 }
 
 void ProgressLine::erase() {

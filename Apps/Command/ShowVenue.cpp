@@ -4,9 +4,9 @@
 
 #include "Apps/Command/Json.hpp"
 #include "Apps/Command/Output.hpp"
-#include "Apps/Command/Places.hpp"
 #include "Apps/Command/Session.hpp"
 #include "Apps/Command/VenueReport.hpp"
+#include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {
@@ -14,7 +14,7 @@ namespace orivanta::command {
 namespace {
 
 ExitCode listLocations(const Venue& venue, const std::string& text, bool json) {
-  const auto locations = searchLocations(venue, text);
+  const auto locations = locationsContaining(venue, text);
   writeOutput(json ? jsonText(locationsJson(locations)) + '\n' : locationsText(locations));
   if (!locations.empty()) return ExitCode::success;
   complain(text.empty() ? "the venue has no locations"

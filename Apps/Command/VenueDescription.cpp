@@ -7,8 +7,8 @@
 #include <unordered_set>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
 #include "Source/Category.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
@@ -19,12 +19,6 @@
 namespace orivanta::command {
 
 namespace {
-
-void sortTopFirst(std::vector<std::shared_ptr<Map>>& maps) {
-  std::stable_sort(maps.begin(), maps.end(), [](const auto& left, const auto& right) {
-    return left->elevation > right->elevation;
-  });
-}
 
 bool hasParent(const Category& category) {
   return std::any_of(category.parents.begin(), category.parents.end(),
@@ -68,11 +62,9 @@ class CategoryWalk {
 }  // namespace
 
 std::vector<FloorSummary> floorSummaries(const Venue& venue) {
-  std::vector<std::shared_ptr<Map>> maps = *venue.maps;
-  sortTopFirst(maps);
   std::vector<FloorSummary> floors;
   std::unordered_map<const Map*, std::size_t> places;
-  for (auto& map : maps) {
+  for (auto& map : floorsFromTop(*venue.maps)) {
     places.emplace(map.get(), floors.size());
     floors.push_back({std::move(map)});
   }
@@ -97,8 +89,7 @@ std::vector<ConnectorGroup> connectorGroups(const Venue& venue, bool accessibleO
   std::map<Key, std::size_t> places;
   for (const auto& connector : *venue.vortices) {
     if (accessibleOnly && !connector->accessible) continue;
-    std::vector<std::shared_ptr<Map>> floors = connector->maps;
-    sortTopFirst(floors);
+    std::vector<std::shared_ptr<Map>> floors = floorsFromTop(connector->maps);
     const auto [place, isNew] =
         places.try_emplace({*connector->type, connector->accessible, floors}, groups.size());
     if (isNew) groups.push_back({*connector->type, std::move(floors), connector->accessible, {}});

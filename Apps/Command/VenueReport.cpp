@@ -6,18 +6,21 @@
 #include <unordered_set>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
 #include "Apps/Command/Table.hpp"
-#include "Apps/Command/Text.hpp"
 #include "Apps/Command/VenueDescription.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Attribution.hpp"
 #include "Source/Category.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
 
 namespace orivanta::command {
+
+using foundation::label;
+using foundation::printable;
 
 namespace json = boost::json;
 

@@ -4,6 +4,8 @@
 #include <array>
 #include <optional>
 
+#include "Platform/Foundation/Fnv.hpp"
+
 namespace orivanta::demo {
 
 namespace {
@@ -33,14 +35,6 @@ std::optional<Colour> colourOf(std::string_view category) {
   return std::nullopt;
 }
 
-// FNV-1a (Fowler, Noll and Vo), which is the same everywhere, unlike std::hash.
-unsigned hashOf(std::string_view text) {
-  unsigned hash = 2166136261U;
-  for (const char character : text)
-    hash = (hash ^ static_cast<unsigned char>(character)) * 16777619U;
-  return hash;
-}
-
 }  // namespace
 
 Colour mixed(Colour first, Colour second, double share) {
@@ -63,7 +57,7 @@ Colour categoryColour(const Plan& plan, std::string_view category) {
 
 Colour placeColour(const Plan& plan, const Place& place) {
   if (place.id == "great-astrolabe" || place.id == "tide-clock") return palette::brass;
-  const double shade = static_cast<double>(hashOf(place.id) % 9U) / 8.0;
+  const double shade = static_cast<double>(foundation::Fnv::of(place.id) % 9U) / 8.0;
   return mixed(categoryColour(plan, place.category), colour(shade < 0.5 ? 0xFFFFFF : 0x5A4A48),
                std::abs(shade - 0.5) * 0.22);
 }

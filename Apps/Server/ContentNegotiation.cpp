@@ -3,9 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <boost/algorithm/string/case_conv.hpp>
-#include <cstdint>
 #include <optional>
+
+#include "Platform/Foundation/AsciiCase.hpp"
+#include "Platform/Foundation/Fnv.hpp"
 
 namespace orivanta::server {
 
@@ -61,7 +62,7 @@ std::vector<Weighted> parseWeightedList(std::string_view header) {
         weight = parseWeight(parameter.substr(2));
     }
     if (!value.empty() && weight)
-      list.push_back({boost::algorithm::to_lower_copy(std::string(value)), *weight});
+      list.push_back({foundation::asciiLowercased(std::string(value)), *weight});
   }
   return list;
 }
@@ -115,12 +116,7 @@ bool namesEntityTag(std::string_view ifNoneMatch, std::string_view entityTag) {
 }
 
 std::string entityTagOf(std::string_view bytes, std::string_view suffix) {
-  std::uint64_t hash = 14695981039346656037U;
-  for (const char byte : bytes) {
-    hash ^= static_cast<unsigned char>(byte);
-    hash *= 1099511628211U;
-  }
-  return fmt::format("\"{:016x}-{:x}{}\"", hash, bytes.size(), suffix);
+  return fmt::format("\"{:016x}-{:x}{}\"", foundation::Fnv::of(bytes), bytes.size(), suffix);
 }
 
 }  // namespace orivanta::server

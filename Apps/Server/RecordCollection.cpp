@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 
 #include "Apps/Server/JsonText.hpp"
 #include "Apps/Server/UrlText.hpp"
+#include "Platform/Foundation/AsciiCase.hpp"
 
 namespace orivanta::server {
 
@@ -140,14 +140,10 @@ void RecordCollection::append(std::string_view record, std::string_view filesPat
 }
 
 RecordCollection::Language RecordCollection::languageNumber(std::string_view tag) {
-  std::string lower(tag);
-  std::transform(lower.begin(), lower.end(), lower.begin(), [](char character) {
-    return static_cast<char>(std::tolower(static_cast<unsigned char>(character)));
-  });
-  const auto known = std::find(languages_.begin(), languages_.end(), lower);
-  const auto number = static_cast<Language>(known - languages_.begin());
-  if (known == languages_.end()) languages_.push_back(std::move(lower));
-  return number;
+  std::string lower = foundation::asciiLowercased(std::string(tag));
+  const auto [entry, isNew] = languageNumbers_.try_emplace(lower, languages_.size());
+  if (isNew) languages_.push_back(std::move(lower));
+  return entry->second;
 }
 
 std::string RecordCollection::page(std::size_t first, std::size_t count, std::string_view origin,

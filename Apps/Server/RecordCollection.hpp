@@ -4,7 +4,10 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
+
+#include "Source/Fwd.hpp"
 
 namespace orivanta::server {
 
@@ -55,6 +58,7 @@ class RecordCollection {
   std::vector<std::size_t> starts_;  // of the records in the text
   std::vector<Gap> gaps_;            // by position
   std::vector<std::string> languages_;
+  std::unordered_map<std::string, Language, TextHash> languageNumbers_;
   bool dependsOnOrigin_ = false;
 };
 

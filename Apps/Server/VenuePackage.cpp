@@ -7,6 +7,7 @@
 #include <atomic>
 #include <boost/json/object.hpp>
 #include <boost/json/parser.hpp>
+#include <boost/json/value.hpp>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -15,7 +16,7 @@
 #include "Apps/Server/JsonText.hpp"
 #include "Apps/Server/PackageError.hpp"
 #include "Apps/Server/UrlText.hpp"
-#include "Source/Json/JsonDocument.hpp"
+#include "Source/RawData.hpp"
 
 namespace orivanta::server {
 
@@ -23,6 +24,8 @@ namespace fs = std::filesystem;
 namespace json = boost::json;
 
 namespace {
+
+constexpr std::size_t deepestNesting = 1000;  // that `RawData` reads
 
 [[noreturn]] void refuse(const fs::path& file, std::string_view reason) {
   throw PackageError(fmt::format("{}: {}", file.string(), reason));
@@ -37,14 +40,17 @@ std::string contentsOf(const fs::path& file) {
   return contents;
 }
 
-// What is wrong with a text that the document parser refused, and where.
+// What is wrong with a text that `RawData` refused, and where.
 std::string faultOf(std::string_view text) {
   json::parse_options options;
-  options.max_depth = deepestJsonNesting;
+  options.max_depth = deepestNesting;
   json::parser parser({}, options);
   json::error_code error;
   const std::size_t position = parser.write_some(text.data(), text.size(), error);
-  if (!error && position == text.size()) return "it holds a number beyond the range of a double";
+  if (!error && position == text.size()) parser.finish(error);
+  if (!error && position == text.size())
+    return parser.release().is_structured() ? "it holds a number beyond the range of a double"
+                                            : "neither an object nor an array";
   const std::string_view before = text.substr(0, position);
   const auto line = std::count(before.begin(), before.end(), '\n') + 1;
   const std::size_t column = before.size() - (before.rfind('\n') + 1) + 1;
@@ -59,7 +65,7 @@ struct JsonFile {
 
 JsonFile readJson(const fs::path& file) {
   JsonFile read{contentsOf(file), nullptr};
-  read.value = parseJsonDocument(read.text);
+  if (const auto data = RawData::parse(read.text)) read.value = data->data();
   if (!read.value) refuse(file, "not JSON: " + faultOf(read.text));
   return read;
 }

@@ -16,13 +16,13 @@ struct BackgroundSearch::Work {
   std::atomic<std::uint64_t> wanted = 0;  // the number of the newest search
   std::atomic<bool> isOver = false;
 
-  // On the queue only. The index may be incomplete once `isOver` is true.
+  // On the queue only. The index may be empty once `isOver` is true.
   std::vector<std::shared_ptr<Location>> places;
-  std::unique_ptr<const SearchIndex> index;
+  std::unique_ptr<const PlaceSearch> index;
 
   // Nothing if the search was replaced or ended.
   std::optional<std::vector<PlaceGroup>> find(const std::string& typed, std::uint64_t number) {
-    if (!index) index = std::make_unique<SearchIndex>(places, [this] { return isOver.load(); });
+    if (!index) index = std::make_unique<PlaceSearch>(places, [this] { return isOver.load(); });
     const auto isReplaced = [&] { return isOver || wanted != number; };
     if (isReplaced()) return std::nullopt;
     auto groups = index->find(typed, isReplaced);

@@ -1,4 +1,4 @@
-// Searches that never hold up the window.
+// Searches that do not block the main thread.
 #pragma once
 
 #include <functional>
@@ -6,25 +6,25 @@
 #include <string>
 #include <vector>
 
-#include "Apps/Viewer/Search.hpp"
+#include "Source/Guidance/PlaceSearch.hpp"
 
 namespace orivanta::viewer {
 
-/// Searches the places of a venue on a background thread. Keeps the places. Main thread.
+/// Searches the places of a venue on a background thread. Keeps the places. For the main thread.
 class BackgroundSearch {
  public:
-  /// `found` is called from the main queue, once for each search that is not replaced, and not
-  /// after this object has gone.
+  /// Called from the main queue once for each search that is neither replaced nor canceled, and not
+  /// after this object is gone.
   using Found = std::function<void(std::vector<PlaceGroup>)>;
   BackgroundSearch(std::vector<std::shared_ptr<Location>> places, Found found);
   ~BackgroundSearch();
   BackgroundSearch(const BackgroundSearch&) = delete;
   BackgroundSearch& operator=(const BackgroundSearch&) = delete;
 
-  /// Begins a search, as `SearchIndex::find` makes it, in the place of one that is under way.
+  /// Starts a `PlaceSearch::find`. It replaces the search that is under way, if there is one.
   void start(std::string typed);
 
-  /// Ends the search under way, if any.
+  /// Cancels the search that is under way, if there is one.
   void cancel();
 
   bool isBusy() const { return isBusy_; }

@@ -1,4 +1,4 @@
-// The picture of a place, fetched while people look at something else.
+// The picture of a place, fetched in the background.
 #pragma once
 
 #include <functional>
@@ -7,12 +7,12 @@
 
 #include "Apps/Viewer/Widgets/PictureView.hpp"
 #include "Source/Fwd.hpp"
-#include "Source/UI/Floors/FileFetch.hpp"
+#include "Source/UI/MapDownloader.hpp"
 
 namespace orivanta::viewer {
 
-/// One picture at a time: the next one ends the request for the former, and so does the end of
-/// this. Main thread.
+/// Fetches one picture at a time: starting another one, or destroying this object, cancels the
+/// request. For the main thread.
 class PictureFetch {
  public:
   using Arrived =
@@ -20,17 +20,17 @@ class PictureFetch {
 
   ~PictureFetch() { cancel(); }
 
-  /// `arrived` is called from the main queue, at most once: not without a picture that can be read,
-  /// nor once another is fetched. Pictures are kept in the folder of the venue `slug` on its
-  /// server, apart by their URLs.
+  /// Fetches the picture of a place, or else its logo. `arrived` is called from the main queue, at
+  /// most once; it is not called if the picture cannot be read or if the request was canceled.
+  /// Pictures are cached in the folder of the venue `slug` on its server, told apart by their URLs.
   void start(const Location& place, const std::string& slug,
              std::shared_ptr<HttpDownloader> downloader, Arrived arrived);
 
  private:
+  struct Request;
   void cancel();
 
-  std::shared_ptr<FileFetch> fetch_;
-  std::shared_ptr<Arrived> arrived_;  // gone with the wish for the picture
+  std::shared_ptr<Request> request_;  // the last one; null once it is canceled
 };
 
 }  // namespace orivanta::viewer

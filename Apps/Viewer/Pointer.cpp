@@ -23,7 +23,7 @@ void Pointer::sendFinger(view::TouchPhase phase, graphics::Point at, double time
 }
 
 void Pointer::press(PointerButton button, graphics::Point at, int clicks, double time) {
-  CameraControl* const camera = viewer_.cameraAt(at);
+  MapCamera* const camera = viewer_.cameraAt(at);
   onMap_ = camera != nullptr;
   start_ = last_ = at;
   if (button == PointerButton::right) {
@@ -32,8 +32,10 @@ void Pointer::press(PointerButton button, graphics::Point at, int clicks, double
     return;
   }
   drag_ = Drag::none;
-  if (onMap_ && clicks == 2)  // to what was under the pointer, wherever the first click may lead
-    return camera->glideTo(zoomed(clicked_, camera->lens(), camera->limits(), doubleClickZoom, at));
+  if (onMap_ && clicks == 2) {
+    camera->glideTo(clicked_);  // the first click may have moved it
+    return camera->zoomBy(doubleClickZoom, at);
+  }
   if (onMap_) clicked_ = camera->pose();
   sendFinger(view::TouchPhase::began, at, time);
 }
@@ -48,9 +50,11 @@ void Pointer::move(graphics::Point to, double time) {
   if (fingerDown_) sendFinger(view::TouchPhase::moved, to, time);
   const auto& venueView = viewer_.venueView();
   if (venueView && drag_ == Drag::map) venueView->camera().drag(last_, to);
-  if (venueView && drag_ == Drag::tilt)
-    venueView->camera().tiltAndTurn((last_.y - to.y) * radiansPerPoint,
-                                    (last_.x - to.x) * radiansPerPoint);
+  if (venueView && drag_ == Drag::tilt) {
+    MapCamera& camera = venueView->camera();
+    camera.tiltBy((last_.y - to.y) * radiansPerPoint, CameraMotion::atOnce);
+    camera.rotateBy((last_.x - to.x) * radiansPerPoint, CameraMotion::atOnce);
+  }
   last_ = to;
 }
 

@@ -3,14 +3,13 @@
 
 #include <optional>
 
-#include "Apps/Viewer/CameraPose.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/View/Touch.hpp"
+#include "Source/UI/Display/CameraPose.hpp"
 
 namespace orivanta::viewer {
 
 class Viewer;
-class CameraControl;
 
 enum class PointerButton { left, right };
 

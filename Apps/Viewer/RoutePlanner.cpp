@@ -6,8 +6,7 @@
 #include <cmath>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
-#include "Apps/Command/RouteDescription.hpp"
+#include "Source/Guidance/PathWalk.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
@@ -34,18 +33,6 @@ std::shared_ptr<const NavigationGraph> accessibleGraph(const Venue& venue) {
 void addFloor(PlannedRoute& route, const std::shared_ptr<Map>& floor) {
   if (std::find(route.floors.begin(), route.floors.end(), floor) == route.floors.end())
     route.floors.push_back(floor);
-}
-
-std::string nameOfFloor(const Map& map) {
-  return map.name.empty() ? command::floorLabel(map) : map.name;
-}
-
-std::string rideText(const Vortex& vortex, const Map& from, const Map& to) {
-  const std::string name = vortex.name.value_or("the connector");
-  const char* const way = to.elevation < from.elevation ? "down" : "up";
-  // Some connectors say by themselves where they go.
-  if (name.find(fmt::format(" {} to ", way)) != std::string::npos) return "Take " + name;
-  return fmt::format("Take {} {} to {}", name, way, nameOfFloor(to));
 }
 
 }  // namespace
@@ -86,45 +73,36 @@ std::string RoutePlanner::distanceText(double length) const {
 }
 
 void RoutePlanner::describe(PlannedRoute& route, const NavigationGraph& network) const {
-  const NodeList& path = route.path;
+  const PathWalk walk(route.path, network);
+  const NodeList& path = walk.path();
+  for (const FloorVisit& visit : floorVisits(path)) addFloor(route, visit.floor);
   if (path.size() == 1) {
     route.summary = "You are there already";
-    return addFloor(route, path.front()->map);
+    return;
   }
-  double total = 0;
-  double walked = 0;  // since the last step
-  const Vortex* ridden = nullptr;
   route.steps.push_back({StepKind::departure,
                          fmt::format("Depart from {}", route.from->name.value_or("here")),
-                         nameOfFloor(*path.front()->map), path.front()});
-  addFloor(route, path.front()->map);
-  for (std::size_t i = 1; i < path.size(); ++i) {
-    const Edge* edge = command::cheapestEdge(network, *path[i - 1], *path[i]);
-    if (edge == nullptr) continue;
-    const Vortex* vortex = edge->vortex().get();
-    const bool changesFloor = path[i - 1]->map != path[i]->map;
-    if (vortex != nullptr && changesFloor) {
-      const std::string text = rideText(*vortex, *path[i - 1]->map, *path[i]->map);
-      if (vortex == ridden)
-        route.steps.back().text = text;
-      else
-        route.steps.push_back({StepKind::ride, text, "after " + distanceText(walked), path[i - 1]});
-      walked = 0;
-    }
-    ridden = vortex;
-    walked += edge->distance();
-    total += edge->distance();
-    if (!changesFloor) addFloor(route, path[i]->map);
+                         floorName(*path.front()->map), path.front()});
+  std::size_t walked = 0;  // the node up to which steps tell the length
+  const auto lengthTo = [&](std::size_t index) {
+    return distanceText(walk.lengthBetween(std::exchange(walked, index), index));
+  };
+  for (const Ride& ride : walk.rides()) {
+    const auto& from = path[ride.begin]->map;
+    const auto& to = path[ride.end]->map;
+    if (from == to) continue;
+    route.steps.push_back({StepKind::ride, rideInstruction(*ride.connector, *from, *to),
+                           "after " + lengthTo(ride.begin), path[ride.begin]});
   }
-  addFloor(route, path.back()->map);
   route.steps.push_back(
       {StepKind::arrival, fmt::format("Arrive at {}", route.to->name.value_or("the destination")),
-       fmt::format("after {} on {}", distanceText(walked), nameOfFloor(*path.back()->map)),
+       fmt::format("after {} on {}", lengthTo(path.size() - 1), floorName(*path.back()->map)),
        path.back()});
-  route.summary = distanceText(total);
+  route.summary = distanceText(walk.length());
   if (unitsPerMetre_ > 0)
-    route.summary += fmt::format(
-        ", about {:.0f} min", std::max(1.0, std::round(total / unitsPerMetre_ / metresPerMinute)));
+    route.summary +=
+        fmt::format(", about {:.0f} min",
+                    std::max(1.0, std::round(walk.length() / unitsPerMetre_ / metresPerMinute)));
 }
 
 }  // namespace orivanta::viewer

@@ -26,5 +26,6 @@ inline constexpr double controlSize = 44;  ///< what a finger hits
 inline constexpr double titleSize = 19;
 inline constexpr double textSize = 15;
 inline constexpr double smallSize = 12.5;
+inline constexpr double leastWideWidth = 720;  ///< of a view with a column of panels beside the map
 
 }  // namespace orivanta::viewer::theme

@@ -5,32 +5,29 @@
 
 #include <algorithm>
 
-#include "Apps/Command/Output.hpp"
-
 namespace orivanta::viewer {
 
 void Times::reached(std::string_view what) {
-  if (!isEnabled_ || std::find(reached_.begin(), reached_.end(), what) != reached_.end()) return;
+  if (!writeLine_ || std::find(reached_.begin(), reached_.end(), what) != reached_.end()) return;
   reached_.push_back(what);
   const std::chrono::duration<double> seconds = Clock::now() - start_;
-  command::complain(fmt::format("{:7.3f} s  {}", seconds.count(), what));
+  writeLine_(fmt::format("{:7.3f} s  {}", seconds.count(), what));
 }
 
 void Times::frame(double seconds) {
-  if (isEnabled_) frames_.push_back(seconds);
+  if (writeLine_) frames_.push_back(seconds);
 }
 
 void Times::summarize() const {
-  if (!isEnabled_) return;
+  if (!writeLine_) return;
   auto sorted = frames_;
   std::sort(sorted.begin(), sorted.end());
   if (!sorted.empty())
-    command::complain(fmt::format("{} frames, {:.1f} ms in the middle, {:.1f} ms at most",
-                                  sorted.size(), 1e3 * sorted[sorted.size() / 2],
-                                  1e3 * sorted.back()));
+    writeLine_(fmt::format("{} frames, {:.1f} ms in the middle, {:.1f} ms at most", sorted.size(),
+                           1e3 * sorted[sorted.size() / 2], 1e3 * sorted.back()));
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
-  command::complain(
+  writeLine_(
       fmt::format("{:.0f} MB of memory at most", static_cast<double>(usage.ru_maxrss) / 1024));
 }
 

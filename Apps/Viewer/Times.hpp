@@ -1,31 +1,37 @@
-// What took how long, for whoever fits a screen to a machine.
+// How long the parts of a start and the frames take, for choosing a machine.
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace orivanta::viewer {
 
-/// Writes to standard error, or nothing when it is not enabled. Main thread.
+/// Reports in lines. For the main thread.
 class Times {
  public:
-  explicit Times(bool isEnabled) : isEnabled_(isEnabled) {}
+  using WriteLine = std::function<void(std::string_view line)>;
 
-  /// A line with the seconds since this was made, once for each text.
+  /// Without a function nothing is measured.
+  explicit Times(WriteLine writeLine) : writeLine_(std::move(writeLine)) {}
+
+  /// Writes a line with the seconds since this object was made, once for each text. The text must
+  /// outlive this object.
   void reached(std::string_view what);
 
-  /// A frame was drawn and shown, in so many seconds.
+  /// Takes note of a frame that was drawn and shown within so many seconds.
   void frame(double seconds);
 
-  /// How many frames there were, how long the middle and the slowest of them took, and the most
-  /// memory that the process held.
+  /// Writes the number of frames, the median and the longest time of a frame, and the most memory
+  /// that the process has held.
   void summarize() const;
 
  private:
   using Clock = std::chrono::steady_clock;
 
-  bool isEnabled_;
+  const WriteLine writeLine_;
   Clock::time_point start_ = Clock::now();
   std::vector<std::string_view> reached_;
   std::vector<double> frames_;

@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
-#include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Source/Attribution.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/Polygon.hpp"
+#include "Source/UI/Display/MarkColors.hpp"
 #include "Source/UI/MarkerImages.hpp"
 #include "Source/UI/ScenePosition.hpp"
 #include "Source/Venue.hpp"
@@ -21,10 +21,9 @@ namespace orivanta::viewer {
 namespace {
 
 constexpr double pinHeight = 32;  // points
-constexpr graphics::Color pinColor{0.80F, 0.47F, 0.02F};
 
 std::shared_ptr<Map> floorOf(const Location& place, const std::shared_ptr<Map>& preferred) {
-  const auto floors = command::floorsOf(place);
+  const auto floors = floorsOf(place);
   if (floors.empty() || std::find(floors.begin(), floors.end(), preferred) != floors.end())
     return preferred;
   return floors.front();
@@ -42,7 +41,6 @@ std::shared_ptr<VenueView> VenueView::make(std::shared_ptr<Venue> venue) {
 VenueView::VenueView(std::shared_ptr<Venue> venue)
     : venue_(std::move(venue)),
       mapView_(MapView::make()),
-      camera_(std::make_unique<CameraControl>(mapView_)),
       labels_(std::make_unique<LabelLayer>(mapView_, 1.0)),
       planner_(venue_),
       search_(std::make_shared<SearchPanel>(*venue_)),
@@ -90,7 +88,6 @@ void VenueView::connect() {
 }
 
 // --- Places
-// ---------------------------------------------------------------------------------------
 
 void VenueView::select(const std::shared_ptr<Location>& place) {
   selected_ = place;
@@ -102,8 +99,7 @@ void VenueView::select(const std::shared_ptr<Location>& place) {
   }
   mark(place);
   arrangePanels();
-  if (place && camera_->isReady())
-    camera_->frame({mapView_->findPosition3D(*place)}, command::aroundPlace);
+  if (place && camera().isReady()) camera().frame({mapView_->findPosition3D(*place)}, aroundPlace);
 }
 
 void VenueView::highlight(const std::shared_ptr<Location>& place) {
@@ -115,17 +111,15 @@ void VenueView::highlight(const std::shared_ptr<Location>& place) {
 // A pin with the name, where the place is on the floor that is shown.
 void VenueView::mark(const std::shared_ptr<Location>& place) {
   mapView_->removeMarker(std::exchange(mark_, nullptr));
-  labels_->setMarked(nullptr);
-  labelsAreOld_ = true;
+  labels_->setMarked({});
   if (!place || route_ || !mapView_->currentMap()) return;
-  const auto floors = command::floorsOf(*place);
-  if (std::find(floors.begin(), floors.end(), mapView_->currentMap()) == floors.end()) return;
+  if (!isOnFloor(*place, *mapView_->currentMap())) return;
   auto style = labelStyle();
   style.bold = true;
-  mark_ = makePinMarker(pinColor, pinHeight, place->name.value_or(""), style, scale_);
+  mark_ = makePinMarker(markColors::place, pinHeight, place->name.value_or(""), style, scale_);
   mark_->setPosition(mapView_->findPosition3D(*place));
   mapView_->addMarker(mark_);
-  labels_->setMarked(place);
+  labels_->setMarked({place});
 }
 
 void VenueView::fetchPicture(const std::shared_ptr<Location>& place) {
@@ -139,13 +133,11 @@ void VenueView::fetchPicture(const std::shared_ptr<Location>& place) {
 
 void VenueView::polygonSelected(const std::shared_ptr<Polygon>& polygon) {
   const auto place = polygon->locations.front().lock();
-  labelsAreOld_ = true;
   if (search_->isOpen()) search_->close();
   if (place && !fillsEnd(place)) select(place);
 }
 
 void VenueView::nothingSelected() {
-  labelsAreOld_ = true;
   if (search_->isOpen())
     search_->close();
   else if (selected_)
@@ -153,7 +145,6 @@ void VenueView::nothingSelected() {
 }
 
 // --- Routes
-// ---------------------------------------------------------------------------------------
 
 // Whether a place that was tapped is the end that the route lacks.
 bool VenueView::fillsEnd(const std::shared_ptr<Location>& place) {
@@ -171,9 +162,8 @@ void VenueView::beginRoute(std::shared_ptr<Location> from, std::shared_ptr<Locat
 
 void VenueView::planRoute() {
   route_.reset();
-  if (routeOnMap_) std::exchange(routeOnMap_, nullptr)->hide(*mapView_);
+  routeOverlay_.reset();
   floors_->setRoute({});
-  labelsAreOld_ = true;
   routePanel_->setAccessible(accessible_);
   routePanel_->setEnds(from_.get(), to_.get());
   if (from_ && to_) {
@@ -183,20 +173,19 @@ void VenueView::planRoute() {
   arrangePanels();
   if (!route_) return;
   floors_->setRoute(route_->floors);
-  routeOnMap_ = std::make_unique<command::RouteOnMap>(route_->path, from_, to_);
+  routeOverlay_ = std::make_unique<RouteOverlay>(mapView_, route_->path, from_, to_);
   wantedNode_ = route_->path.front();
   showFloor(wantedNode_->map);
-  routeOnMap_->show(*mapView_, scale_);
+  routeOverlay_->show(scale_);
   frameRoute();
 }
 
 // The part of the route that is wanted, or else the first one on the floor that is shown.
 void VenueView::frameRoute() {
-  const command::RouteVisit* visit = routeOnMap_->visitWith(*wantedNode_);
+  const FloorVisit* visit = routeOverlay_->visitWith(*wantedNode_);
   if (visit == nullptr || visit->floor != mapView_->currentMap())
-    visit = routeOnMap_->firstVisitTo(*mapView_->currentMap());
-  if (visit != nullptr)
-    camera_->frame(routeOnMap_->pointsOf(*visit), command::aroundRoute(*venue_));
+    visit = routeOverlay_->firstVisitTo(*mapView_->currentMap());
+  if (visit != nullptr) camera().frame(routeOverlay_->pointsOf(*visit), aroundRoute(*venue_));
 }
 
 // The beginning from close by; otherwise the way that leads to what the step says.
@@ -204,8 +193,8 @@ void VenueView::showStep(const RouteStep& step) {
   wantedNode_ = step.node;
   showFloor(step.node->map);
   if (mapView_->currentMap() != step.node->map) return;  // once it is there
-  if (step.kind == StepKind::departure || routeOnMap_->visitWith(*step.node) == nullptr)
-    camera_->frame({scenePosition(*step.node)}, command::aroundPlace);
+  if (step.kind == StepKind::departure || routeOverlay_->visitWith(*step.node) == nullptr)
+    camera().frame({scenePosition(*step.node)});
   else
     frameRoute();
 }
@@ -222,7 +211,6 @@ void VenueView::lookFor(bool start) {
 }
 
 // --- Keys
-// -----------------------------------------------------------------------------------------
 
 bool VenueView::handleText(std::string_view text) {
   if (search_->isOpen()) {
@@ -232,11 +220,11 @@ bool VenueView::handleText(std::string_view text) {
   const graphics::Size size = bounds().size;
   const graphics::Point middle{size.width / 2, size.height / 2};
   if (text == "+" || text == "=")
-    camera_->glideZoom(1.4, middle);
+    camera().zoomBy(1.4, middle);
   else if (text == "-" || text == "_")
-    camera_->glideZoom(1 / 1.4, middle);
+    camera().zoomBy(1 / 1.4, middle);
   else if (text == "f" || text == "F")
-    camera_->fit();
+    camera().fit();
   else if (text == "i" || text == "I")
     toggleAttribution();
   else if (text == "?")
@@ -261,7 +249,7 @@ bool VenueView::handleKey(const KeyPress& press) {
       showFloor(floors_->neighbour(press.key == Key::pageUp ? 1 : -1));
       return true;
     case Key::home:
-      camera_->fit();
+      camera().fit();
       return true;
     default:
       return moveCamera(press);
@@ -305,10 +293,13 @@ bool VenueView::moveCamera(const KeyPress& press) {
   const double right = sign(Key::right, Key::left);
   const double up = sign(Key::up, Key::down);
   if (right == 0 && up == 0) return false;
-  if (press.shift)
-    camera_->glideTilt(up * angle, right * angle);
-  else
-    camera_->glidePan(right * step, up * step);
+  if (!press.shift) {
+    camera().panBy(right * step, up * step);
+  } else if (up != 0) {
+    camera().tiltBy(up * angle);
+  } else {
+    camera().rotateBy(right * angle);
+  }
   return true;
 }
 
@@ -342,24 +333,18 @@ void VenueView::toggleHelp() {
 }
 
 // --- Time
-// -----------------------------------------------------------------------------------------
 
 bool VenueView::isMoving() const {
   if (!isLoaded_) return false;
-  if (camera_->isGliding() || labelsAreOld_ || awaitedFloor_) return true;
-  const auto floor = mapView_->currentMap();  // arrows move along a route that it is part of
-  return route_ && !isHidden() &&
-         std::find(route_->floors.begin(), route_->floors.end(), floor) != route_->floors.end();
+  return hasNamesToDraw_ || awaitedFloor_ || (!isHidden() && mapView_->isAnimating());
 }
 
 void VenueView::advance(double time) {
-  camera_->advance(time);
+  camera().advance(time);
   if (!isLoaded_) return;
-  const CameraPose pose = camera_->pose();
-  if (!labelsAreOld_ && pose == labelledPose_) return;
-  if (routeOnMap_) routeOnMap_->arrangeMarks(*mapView_);
-  labelsAreOld_ = labels_->arrange();
-  labelledPose_ = pose;
+  if (routeOverlay_) routeOverlay_->arrange();
+  hasNamesToDraw_ = labels_->arrange();
+  lastPose_ = camera().pose();
 }
 
 }  // namespace orivanta::viewer

@@ -8,10 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Apps/Command/Render/RouteOnMap.hpp"
-#include "Apps/Viewer/CameraControl.hpp"
 #include "Apps/Viewer/Keys.hpp"
-#include "Apps/Viewer/LabelLayer.hpp"
 #include "Apps/Viewer/Panels/AttributionLine.hpp"
 #include "Apps/Viewer/Panels/FloorSwitch.hpp"
 #include "Apps/Viewer/Panels/KeyHelp.hpp"
@@ -21,6 +18,9 @@
 #include "Apps/Viewer/PictureFetch.hpp"
 #include "Apps/Viewer/RoutePlanner.hpp"
 #include "Apps/Viewer/VenueSource.hpp"
+#include "Source/UI/Display/LabelLayer.hpp"
+#include "Source/UI/Display/MapCamera.hpp"
+#include "Source/UI/Display/RouteOverlay.hpp"
 #include "Source/UI/MapView.hpp"
 
 namespace orivanta::viewer {
@@ -69,7 +69,7 @@ class VenueView : public view::View, public MapViewDelegate {
   void showFloor(const std::shared_ptr<Map>& floor);
 
   MapView& mapView() { return *mapView_; }
-  CameraControl& camera() { return *camera_; }
+  MapCamera& camera() const { return mapView_->camera(); }
   SearchPanel& searchPanel() { return *search_; }
   PlaceCard& placeCard() { return *card_; }
   RoutePanel& routePanel() { return *routePanel_; }
@@ -82,9 +82,6 @@ class VenueView : public view::View, public MapViewDelegate {
   void toggleHelp();
   void toggleAttribution();
 
-  /// Something over the map may be in the way of names now.
-  void touchLabels() { labelsAreOld_ = true; }
-
   // MapViewDelegate
   void mapViewDidLoad() override;
   void polygonSelected(const std::shared_ptr<Polygon>& polygon) override;
@@ -93,6 +90,8 @@ class VenueView : public view::View, public MapViewDelegate {
  private:
   explicit VenueView(std::shared_ptr<Venue> venue);
   void connect();
+  void resizeMap(bool overlayToo);
+  void showAnew();
   void addMapButtons();
   void addWayBack();
   void arrangePanels();
@@ -128,7 +127,6 @@ class VenueView : public view::View, public MapViewDelegate {
 
   std::shared_ptr<Venue> venue_;
   std::shared_ptr<MapView> mapView_;
-  std::unique_ptr<CameraControl> camera_;
   std::unique_ptr<LabelLayer> labels_;
   RoutePlanner planner_;
 
@@ -155,12 +153,12 @@ class VenueView : public view::View, public MapViewDelegate {
   std::optional<bool> searchesForStart_;  // what is looked for is an end of the route
   bool accessible_ = false;
   std::optional<PlannedRoute> route_;
-  std::unique_ptr<command::RouteOnMap> routeOnMap_;
+  std::unique_ptr<RouteOverlay> routeOverlay_;
   std::shared_ptr<Node> wantedNode_;  // of the route, whose surroundings are to be seen
 
   double scale_ = 1;
-  bool labelsAreOld_ = true;
-  CameraPose labelledPose_;
+  bool hasNamesToDraw_ = false;
+  CameraPose lastPose_;  // of the camera when it was last advanced
 };
 
 }  // namespace orivanta::viewer

@@ -4,9 +4,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
-#include "Apps/Command/Render/CameraPlacement.hpp"
 #include "Apps/Viewer/VenueView.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Venue.hpp"
@@ -112,9 +111,9 @@ void VenueView::tellFailure(const FloorProgress& floor) {
 
 // At what is wanted, once its floor is there.
 void VenueView::lookAgain() {
-  if (selected_) {
-    camera_->frame({mapView_->findPosition3D(*selected_)}, command::aroundPlace);
-  } else if (routeOnMap_)
+  if (selected_)
+    camera().frame({mapView_->findPosition3D(*selected_)});
+  else if (routeOverlay_)
     frameRoute();
 }
 
@@ -136,7 +135,7 @@ void VenueView::remarkOmissions(const std::vector<FloorProgress>& floors) {
   std::vector<std::string> names;
   for (const FloorProgress& floor : floors)
     if (floor.state == FloorState::ready && !floor.problem.empty())
-      names.push_back(floor.map->name.empty() ? command::floorLabel(*floor.map) : floor.map->name);
+      names.push_back(floorName(*floor.map));
   const bool isEarlier = std::any_of(floors.begin(), floors.end(),
                                      [](const auto& floor) { return floor.earlierFiles > 0; });
   if ((names.empty() && !isEarlier) || !remarked) return;
@@ -151,11 +150,10 @@ void VenueView::remarkOmissions(const std::vector<FloorProgress>& floors) {
 void VenueView::mapViewDidLoad() {
   if (isLoaded_) return resumeMap();
   isLoaded_ = true;
-  CameraPose pose = camera_->pose();
-  pose.tilt = bounds().size.width < bounds().size.height ? uprightTilt : startTilt;
-  camera_->setPose(pose);
+  const graphics::Size size = bounds().size;
+  camera().tiltTo(size.width < size.height ? uprightTilt : startTilt, CameraMotion::atOnce);
   arrangePanels();
-  camera_->fit(/*gliding=*/false);
+  camera().fit(CameraMotion::atOnce);
   floorShown();
   if (awaitedFloor_) showFloor(awaitedFloor_);
   if (loaded) loaded();
@@ -166,7 +164,7 @@ void VenueView::mapViewDidLoad() {
 void VenueView::resumeMap() {
   if (mapView_->currentMap() != awaitedFloor_ && shownFloor_->mapObject)
     mapView_->changeMap(shownFloor_);
-  for (int i = 0; i < 2; ++i) camera_->setPose(labelledPose_);  // its limits go by its tilt
+  camera().setPose(lastPose_);
   floorShown();
 }
 
@@ -181,17 +179,16 @@ void VenueView::showFloor(const std::shared_ptr<Map>& floor) {
     return;
   }
   mapView_->changeMap(floor);
-  camera_->setPose(camera_->pose());
+  camera().setPose(camera().pose());  // within the limits of this floor
   floorShown();
 }
 
 void VenueView::floorShown() {
   shownFloor_ = mapView_->currentMap();
   floors_->setCurrent(mapView_->currentMap());
-  labels_->reload(scale_);
-  if (routeOnMap_) routeOnMap_->show(*mapView_, scale_);
+  labels_->setScale(scale_);
+  if (routeOverlay_) routeOverlay_->arrange();
   mark(selected_);
-  labelsAreOld_ = true;
 }
 
 }  // namespace orivanta::viewer

@@ -1,6 +1,7 @@
 // Where the panels of a venue lie: beside the map on a wide screen, over and under it on a phone.
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "Apps/Viewer/VenueView.hpp"
 
@@ -8,8 +9,7 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double leastWideWidth = 720;  // points
-constexpr double columnWidth = 344;
+constexpr double columnWidth = 344;  // points
 constexpr double gap = 12;
 constexpr double narrowMargin = 12;
 constexpr double mostSheetShare = 0.46;  // of a phone's height
@@ -44,30 +44,31 @@ void VenueView::addWayBack() {
 }
 
 void VenueView::arrange(graphics::Size size, double scale) {
-  const bool hasChanged = !(size == bounds().size) || scale != scale_;
+  const bool isResized = !(size == bounds().size);
+  const bool isRescaled = std::exchange(scale_, scale) != scale;
   setFrame({{0, 0}, size});
-  scale_ = scale;
+  resizeMap(isResized);
+  arrangePanels();
+  if (isLoaded_ && (isResized || isRescaled)) showAnew();
+}
+
+void VenueView::resizeMap(bool overlayToo) {
   mapView_->setFrame(bounds());
   mapView_->layoutIfNeeded();
-  if (hasChanged) {
-    // The overlay keeps the size that it was made with.
-    for (const auto& marker : mapView_->markers())
-      mapView_->removeMarker(std::dynamic_pointer_cast<MapViewMarker2D>(marker));
-    mapView_->spriteScene = MapViewOverlay2D::make(size);
-    mapView_->sceneView->setOverlayScene(mapView_->spriteScene);
-    mark_ = nullptr;
-  }
-  arrangePanels();
-  if (hasChanged && isLoaded_) {
-    floorShown();
-    camera_->setPose(camera_->pose());
-  }
+  if (overlayToo) mapView_->renewOverlay();
+}
+
+// What depends on the size or the scale of the view.
+void VenueView::showAnew() {
+  if (routeOverlay_) routeOverlay_->show(scale_);
+  floorShown();
+  camera().setPose(camera().pose());
 }
 
 void VenueView::arrangePanels() {
   const graphics::Size size = bounds().size;
   if (size.width <= 0) return;
-  const bool isWide = size.width >= leastWideWidth;
+  const bool isWide = size.width >= theme::leastWideWidth;
   const double margin = isWide ? theme::margin : narrowMargin;
   const double indent = arrangeWayBack(margin);
   const double searchWidth = (isWide ? columnWidth : size.width - 2 * margin) - indent;
@@ -81,7 +82,6 @@ void VenueView::arrangePanels() {
       {{(size.width - help.width) / 2, std::max(margin, (size.height - help.height) / 2)}, help});
   updateInsets(isWide);
   coverLabels();
-  labelsAreOld_ = true;
 }
 
 void VenueView::coverLabels() {
@@ -185,7 +185,7 @@ void VenueView::updateInsets(bool isWide) {
     if (hasSheet) insets.bottom = size.height - sheet.frame().minY() + gap;
   }
   if (!attribution_->isHidden()) insets.bottom += AttributionLine::closedHeight;
-  camera_->setInsets(insets);
+  camera().setInsets(insets);
 }
 
 }  // namespace orivanta::viewer

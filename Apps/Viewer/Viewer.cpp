@@ -6,7 +6,7 @@
 #include <cmath>
 #include <utility>
 
-#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Source/Venue.hpp"
 
@@ -61,7 +61,6 @@ Viewer::Viewer(ViewerOptions options)
 }
 
 // --- Loading
-// --------------------------------------------------------------------------------------
 
 VenueSource::Handlers Viewer::handlers(std::function<void()> retry) {
   VenueSource::Handlers result;
@@ -215,7 +214,6 @@ void Viewer::floorFailed(const Problem& problem, const std::shared_ptr<Map>& flo
 }
 
 // --- Layout
-// ---------------------------------------------------------------------------------------
 
 void Viewer::resize(graphics::Size size, double scale) {
   size_ = size;
@@ -247,19 +245,17 @@ void Viewer::arrange() {
 
 // Where no panel keeps lying: at the lower edge, on a phone below the search field.
 void Viewer::arrangeNote() {
-  constexpr double leastWideWidth = 720;
   constexpr double belowSearch = 76;
   const graphics::Size note = note_->arrange(size_);
   const double lowest = size_.height - note.height - theme::margin;
   note_->setFrame({{std::round((size_.width - note.width) / 2),
-                    size_.width >= leastWideWidth ? lowest : belowSearch},
+                    size_.width >= theme::leastWideWidth ? lowest : belowSearch},
                    note});
 }
 
 // --- What people do
-// -------------------------------------------------------------------------------
 
-CameraControl* Viewer::cameraAt(graphics::Point point) const {
+MapCamera* Viewer::cameraAt(graphics::Point point) const {
   if (!venueView_ || !venueView_->camera().isReady()) return nullptr;
   const auto under = root_->viewAt(point);
   return under == venueView_->mapView().sceneView ? &venueView_->camera() : nullptr;
@@ -269,7 +265,7 @@ void Viewer::touch(std::span<const view::Touch> touches) {
   for (const view::Touch& touch : touches) {
     if (touch.phase != TouchPhase::began || cameraAt(touch.position) == nullptr) continue;
     mapFingers_.push_back(touch.identifier);
-    venueView_->camera().fingerLanded();
+    venueView_->camera().touchBegan();
   }
   fingers_.dispatch(touches);
   if (mapFingers_.empty()) return;
@@ -277,20 +273,22 @@ void Viewer::touch(std::span<const view::Touch> touches) {
     if (touch.phase == TouchPhase::ended || touch.phase == TouchPhase::cancelled)
       std::erase(mapFingers_, touch.identifier);
   if (!venueView_) return;
-  venueView_->camera().settle(mapFingers_.empty());
-  venueView_->touchLabels();
+  if (mapFingers_.empty())
+    venueView_->camera().touchEnded();
+  else
+    venueView_->camera().touchMoved();
 }
 
 void Viewer::cancelTouches(double time) {
   pointer_.cancel(time);
   fingers_.cancelAll(time);
-  if (!mapFingers_.empty() && venueView_) venueView_->camera().settle(/*gestureEnded=*/true);
+  if (!mapFingers_.empty() && venueView_) venueView_->camera().touchEnded();
   mapFingers_.clear();
 }
 
 void Viewer::wheel(graphics::Point at, double steps) {
   if (List* list = listAt(*root_, at)) return list->scrollBy(-steps * wheelScroll);
-  if (CameraControl* camera = cameraAt(at)) camera->glideZoom(std::pow(wheelZoom, steps), at);
+  if (MapCamera* camera = cameraAt(at)) camera->zoomBy(std::pow(wheelZoom, steps), at);
 }
 
 void Viewer::keyPressed(const KeyPress& press) {
@@ -331,7 +329,6 @@ std::optional<graphics::Rect> Viewer::textPlace() const {
 }
 
 // --- Time
-// -----------------------------------------------------------------------------------------
 
 bool Viewer::showsMap() const { return venueView_ && veil_->isHidden() && message_->isHidden(); }
 
@@ -367,7 +364,8 @@ void Viewer::takePicture() {
 void Viewer::hideNote() { note_->setHidden(true); }
 
 std::string Viewer::title() const {
-  return venueView_ ? command::label(venueView_->venue()->name.value_or("Orivanta")) : "Orivanta";
+  return venueView_ ? foundation::label(venueView_->venue()->name.value_or("Orivanta"))
+                    : "Orivanta";
 }
 
 const MessagePanel* Viewer::message() const {

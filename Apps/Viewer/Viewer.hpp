@@ -100,7 +100,7 @@ class Viewer {
   std::function<void()> wayBack();
 
   /// The camera of the map under a point; null when something else lies there.
-  CameraControl* cameraAt(graphics::Point point) const;
+  MapCamera* cameraAt(graphics::Point point) const;
 
   std::optional<std::string> slug_;
   VenueSource source_;

@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <memory>
 
-#include "Apps/Command/Output.hpp"
 #include "Apps/Viewer/Input.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
@@ -61,23 +60,28 @@ class Wake {
 
 class Loop {
  public:
-  Loop(Viewer& viewer, render::WindowSurface& surface, Times& times)
-      : viewer_(viewer), surface_(surface), times_(times), input_(viewer, surface, now) {
+  Loop(Viewer& viewer, render::WindowSurface& surface, Times& times, const WindowOutput& output)
+      : viewer_(viewer),
+        surface_(surface),
+        times_(times),
+        output_(output),
+        input_(viewer, surface, now) {
     viewer_.pictureWanted = [this] { pictureWanted_ = true; };
     viewer_.resize(surface_.size(), surface_.scale());
   }
 
   void run() {
     while (!input_.isClosed()) {
-      const bool isMoving = viewer_.isMoving();
-      const bool draws = (isMoving || changed_) && input_.isShown();
+      const bool draws = needsFrame() && input_.isShown();
       const bool hasEvents = input_.take(/*wait=*/!draws);
       if (wake_.drain() || hasEvents) changed_ = true;
-      if (input_.isShown() && (isMoving || viewer_.isMoving() || changed_)) drawFrame();
+      if (input_.isShown() && (draws || needsFrame())) drawFrame();
     }
   }
 
  private:
+  bool needsFrame() const { return changed_ || viewer_.isMoving() || viewer_.root()->needsFrame(); }
+
   void drawFrame() {
     const double start = now();
     changed_ = false;
@@ -109,9 +113,9 @@ class Loop {
     if (!picture) return viewer_.remark("The picture cannot be taken.");
     const auto error = graphics::writePng(*picture, name);
     if (error)
-      command::complain(fmt::format("{}: {}", name, error->description));
+      output_.warn(fmt::format("{}: {}", name, error->description));
     else
-      command::writeOutput(name + '\n');
+      output_.write(name + '\n');
     viewer_.remark(error ? fmt::format("{} cannot be saved: {}.", name, error->description)
                          : fmt::format("Saved as {}.", name));
   }
@@ -125,6 +129,7 @@ class Loop {
   Viewer& viewer_;
   render::WindowSurface& surface_;
   Times& times_;
+  const WindowOutput& output_;
   Input input_;
   Wake wake_;
   render::Renderer renderer_;
@@ -135,8 +140,9 @@ class Loop {
 
 }  // namespace
 
-void runWindow(Viewer& viewer, render::WindowSurface& surface, Times& times) {
-  Loop(viewer, surface, times).run();
+void runWindow(Viewer& viewer, render::WindowSurface& surface, Times& times,
+               const WindowOutput& output) {
+  Loop(viewer, surface, times, output).run();
 }
 
 }  // namespace orivanta::viewer

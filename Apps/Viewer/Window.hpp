@@ -1,7 +1,8 @@
 // The viewer in a window.
 #pragma once
 
-#include <string>
+#include <functional>
+#include <string_view>
 
 #include "Apps/Viewer/Times.hpp"
 #include "Apps/Viewer/Viewer.hpp"
@@ -9,10 +10,17 @@
 
 namespace orivanta::viewer {
 
-/// Until somebody closes the window. Draws at the screen's rate while something moves, else only
-/// when something has changed; never while the window is hidden or minimized. Pictures that are
-/// asked for go into the working directory, their names to standard output. Called on the thread
-/// that made the window.
-void runWindow(Viewer& viewer, render::WindowSurface& surface, Times& times);
+/// Where the window reports. Both functions must be set.
+struct WindowOutput {
+  std::function<void(std::string_view text)> write;  ///< the name of a saved picture, with "\n"
+  std::function<void(std::string_view text)> warn;   ///< what went wrong, without "\n"
+};
+
+/// Returns when the window is closed. Draws at the screen's rate while something moves, otherwise
+/// only when something has changed, and never while the window is hidden or minimized. Pictures
+/// that are asked for are saved in the working directory. Called on the thread that made the
+/// window.
+void runWindow(Viewer& viewer, render::WindowSurface& surface, Times& times,
+               const WindowOutput& output);
 
 }  // namespace orivanta::viewer

@@ -1,10 +1,11 @@
-// FNV-1a, the 64-bit form (Fowler, Noll, Vo): a checksum against damage, not against forgery.
+// FNV-1a, the 64-bit form (Fowler, Noll, Vo): a checksum that is the same on every machine. It
+// detects damage, not forgery.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
 
-namespace orivanta {
+namespace orivanta::foundation {
 
 class Fnv {
  public:
@@ -25,4 +26,4 @@ class Fnv {
   std::uint64_t value_ = 0xcbf29ce484222325U;
 };
 
-}  // namespace orivanta
+}  // namespace orivanta::foundation

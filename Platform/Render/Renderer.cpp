@@ -98,6 +98,7 @@ void Renderer::render(view::View& view, graphics::Size size, double scale, doubl
     view.layoutIfNeeded();
     CanvasPainter painter(resources.gatherer, scale, time);
     painter.paint(view);
+    view.frameGathered();
     quads = std::move(painter.quads);
     scenes = std::move(painter.scenes);
   }

@@ -106,7 +106,7 @@ void ScenePass::drawLayer(const SceneMesh& mesh, std::size_t first, std::size_t 
 
 void ScenePass::drawColors(const SceneMesh& mesh, std::span<const Run> runs, bool frontAlone) {
   if (runs.empty()) return;
-  use(false, frontAlone);
+  select(false, frontAlone);
   bindMesh(mesh);
   Mesh::draw(runs, statistics_);
 }
@@ -134,7 +134,7 @@ void ScenePass::drawOpaqueImages() {
         return sees(mesh, first + i) ? Choice::draw : Choice::allow;
       });
       if (runs.empty()) continue;
-      use(true, frontAlone);
+      select(true, frontAlone);
       setLayer(mesh, first);
       bindMesh(mesh);
       bindImage(mesh.looks[first]);
@@ -160,7 +160,7 @@ void ScenePass::drawTranslucent() {
   glDepthMask(GL_FALSE);
   for (const auto& [depth, place] : places) {
     const PartLook& look = place.mesh->looks[place.part];
-    use(look.image != nullptr, false);
+    select(look.image != nullptr, false);
     setLayer(*place.mesh, place.part);
     bindMesh(*place.mesh);
     if (look.image) bindImage(look);
@@ -172,22 +172,28 @@ void ScenePass::drawTranslucent() {
   glDisable(GL_BLEND);
 }
 
-void ScenePass::use(bool textured, bool frontAlone) {
+// The program for what is drawn next, and whether it draws faces that are turned away.
+void ScenePass::select(bool textured, bool frontAlone) {
   const MeshProgram& program =
       shaders_.lit({textured, shadows_ != nullptr, frontAlone, lighting_.count()});
   if (program_ == &program) return;
+  program_ = &program;
   if (frontAlone)
     glEnable(GL_CULL_FACE);
   else
     glDisable(GL_CULL_FACE);
-  program_ = &program;
   program.program.use();
-  program.program.set(program.viewToClip, projection_);
-  lighting_.setUniforms(program);
+  setSceneUniforms();
+}
+
+void ScenePass::setSceneUniforms() const {
+  const Program& program = program_->program;
+  program.set(program_->viewToClip, projection_);
+  lighting_.setUniforms(*program_);
   if (shadows_ == nullptr) return;
-  program.program.set(program.viewToShadow, shadows_->sceneToMap() * glm::inverse(view_));
-  program.program.set(program.shadowOffset, shadows_->offset());
-  program.program.set(program.shadowTexel, shadows_->texel());
+  program.set(program_->viewToShadow, shadows_->sceneToMap() * glm::inverse(view_));
+  program.set(program_->shadowOffset, shadows_->offset());
+  program.set(program_->shadowTexel, shadows_->texel());
 }
 
 // Brings each layer closer to the camera than the one below it: by so much depth as the faces of a

@@ -49,7 +49,8 @@ class ScenePass {
   void drawColors(const SceneMesh& mesh, std::span<const Run> runs, bool frontAlone);
   void drawOpaqueImages();
   void drawTranslucent();
-  void use(bool textured, bool frontAlone);
+  void select(bool textured, bool frontAlone);
+  void setSceneUniforms() const;
   void setLayer(const SceneMesh& mesh, std::size_t part);
   void bindMesh(const SceneMesh& mesh);
   void bindImage(const PartLook& look);

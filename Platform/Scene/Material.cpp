@@ -35,7 +35,8 @@ void Material::addAnimation(std::shared_ptr<const KeyframeAnimation> animation, 
   const auto same = [&](const auto& each) { return each.key == key; };
   animations_.erase(std::remove_if(animations_.begin(), animations_.end(), same),
                     animations_.end());
-  if (animation) animations_.push_back({std::move(key), std::move(animation), std::nullopt});
+  if (animation) animations_.push_back({std::move(key), std::move(animation), std::nullopt, 0});
+  graphics::noteChange();
 }
 
 std::shared_ptr<const KeyframeAnimation> Material::animation(std::string_view key) const {
@@ -45,14 +46,20 @@ std::shared_ptr<const KeyframeAnimation> Material::animation(std::string_view ke
   return found == animations_.end() ? nullptr : found->animation;
 }
 
+bool Material::isAnimating() const {
+  const Transaction transaction;
+  return std::any_of(animations_.begin(), animations_.end(),
+                     [](const auto& each) { return each.animation->isRunning(each.elapsed); });
+}
+
 MaterialProperty Material::presentedDiffuse(double time) {
   const Transaction transaction;
   MaterialProperty presented = diffuse_;
   for (RunningAnimation& each : animations_) {
     if (each.animation->keyPath != "diffuse.contentsTransform") continue;
     if (!each.beginTime) each.beginTime = time;
-    presented.contentsTransform =
-        each.animation->value(time - *each.beginTime, presented.contentsTransform);
+    each.elapsed = time - *each.beginTime;
+    presented.contentsTransform = each.animation->value(each.elapsed, presented.contentsTransform);
   }
   return presented;
 }

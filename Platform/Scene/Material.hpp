@@ -59,6 +59,9 @@ class ORIVANTA_API Material {
   /// The animation under a key; null if there is none.
   std::shared_ptr<const KeyframeAnimation> animation(std::string_view key) const;
 
+  /// Whether an animation had not ended at the time for which `presentedDiffuse` was last called.
+  bool isAnimating() const;
+
   /// The diffuse property as the animations leave it at `time`, in seconds of the frames' clock.
   /// An animation begins at the first time at which it is asked for.
   MaterialProperty presentedDiffuse(double time);
@@ -68,6 +71,7 @@ class ORIVANTA_API Material {
     std::string key;
     std::shared_ptr<const KeyframeAnimation> animation;
     std::optional<double> beginTime;
+    double elapsed = 0;  // when it was last presented
   };
 
   Material() = default;

@@ -104,6 +104,7 @@ std::vector<std::shared_ptr<ParticleSystem>> Node::particleSystems() const {
 void Node::addParticleSystem(std::shared_ptr<ParticleSystem> system) {
   const Transaction transaction;
   particleSystems_.push_back(std::move(system));
+  graphics::noteChange();
 }
 
 std::shared_ptr<const Batch> Node::preparedBatch() const { return read(preparedBatch_); }
@@ -129,6 +130,7 @@ void Node::insertChild(std::shared_ptr<Node> child, std::size_t index) {
   const auto place = static_cast<std::ptrdiff_t>(std::min(index, children_.size()));
   child->parent_ = this;
   children_.insert(children_.begin() + place, std::move(child));
+  graphics::noteChange();
 }
 
 void Node::removeFromParent() {
@@ -149,6 +151,7 @@ void Node::detach(Node& child) {
                                   [&](const auto& each) { return each.get() == &child; });
   children_.erase(place);
   child.parent_ = nullptr;
+  graphics::noteChange();
 }
 
 std::shared_ptr<Node> Node::childNode(std::string_view name) const {

@@ -52,6 +52,7 @@ double Node::alpha() const { return read(alpha_); }
 void Node::setAlpha(double alpha) {
   const Transaction transaction;
   alpha_ = std::clamp(alpha, 0.0, 1.0);
+  graphics::noteChange();
 }
 
 bool Node::isHidden() const { return read(hidden_); }
@@ -78,6 +79,7 @@ void Node::addChild(const std::shared_ptr<Node>& child) {
   added->removeFromParent();
   added->parent_ = this;
   children_.push_back(std::move(added));
+  graphics::noteChange();
 }
 
 void Node::removeFromParent() {
@@ -93,6 +95,7 @@ void Node::detach(const Node& child) {
                                   [&](const auto& held) { return held.get() == &child; });
   (*place)->parent_ = nullptr;
   children_.erase(place);
+  graphics::noteChange();
 }
 
 Rect Node::frame() const {
@@ -125,8 +128,8 @@ void SpriteNode::setTexture(ImageHandle texture) { assign(texture_, texture); }
 Size SpriteNode::size() const { return read(size_); }
 
 void SpriteNode::setSize(Size size) {
-  const Transaction transaction;
-  size_ = {std::max(0.0, size.width), std::max(0.0, size.height)};
+  size = {std::max(0.0, size.width), std::max(0.0, size.height)};
+  assign(size_, size);
 }
 
 Rect SpriteNode::localFrame() const { return centred(size()); }
@@ -143,6 +146,7 @@ void LabelNode::setText(std::string text) {
   const Transaction transaction;
   text_ = std::move(text);
   imageScale_ = 0.0;
+  graphics::noteChange();
 }
 
 double LabelNode::fontSize() const { return read(fontSize_); }
@@ -151,6 +155,7 @@ void LabelNode::setFontSize(double fontSize) {
   const Transaction transaction;
   fontSize_ = fontSize;
   imageScale_ = 0.0;
+  graphics::noteChange();
 }
 
 graphics::Color LabelNode::color() const { return read(color_); }
@@ -159,6 +164,7 @@ void LabelNode::setColor(graphics::Color color) {
   const Transaction transaction;
   color_ = color;
   imageScale_ = 0.0;
+  graphics::noteChange();
 }
 
 ImageHandle LabelNode::image(double scale) const {

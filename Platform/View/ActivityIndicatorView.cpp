@@ -86,6 +86,7 @@ void ActivityIndicatorView::setColor(Color color) {
   const Transaction transaction;
   color_ = color;
   wheel_ = nullptr;
+  setNeedsFrame();
 }
 
 void ActivityIndicatorView::startAnimating() { setAnimating(true); }

@@ -1,5 +1,6 @@
 #include "Platform/View/SceneView.hpp"
 
+#include <algorithm>
 #include <boost/asio/post.hpp>
 #include <new>
 #include <utility>
@@ -9,7 +10,10 @@
 #include "Platform/Graphics/Guarded.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Batch.hpp"
+#include "Platform/Scene/Geometry.hpp"
+#include "Platform/Scene/Material.hpp"
 #include "Platform/Scene/Node.hpp"
+#include "Platform/Scene/Walk.hpp"
 #include "Platform/View/Canvas.hpp"
 
 namespace orivanta::view {
@@ -108,6 +112,32 @@ void SceneView::draw(Canvas& canvas) {
   canvas.draw(*this, bounds());
 }
 
-bool SceneView::isAnimating() const { return scene() != nullptr || View::isAnimating(); }
+bool SceneView::isAnimating() const {
+  const Transaction transaction;
+  const Materials& animated = animatedMaterials();
+  return std::any_of(animated.begin(), animated.end(),
+                     [](const auto& each) {
+                       const auto material = each.lock();
+                       return material && material->isAnimating();
+                     }) ||
+         View::isAnimating();
+}
+
+// Looked for again only when something has changed.
+const SceneView::Materials& SceneView::animatedMaterials() const {
+  if (animatedChange_ == graphics::changeCount()) return animated_;
+  animatedChange_ = graphics::changeCount();
+  animated_.clear();
+  if (!scene_) return animated_;
+  scene::walk(*scene_->rootNode(), graphics::Matrix4(1.0F),
+              [this](const scene::Node& node, const graphics::Matrix4&) {
+                if (node.isHidden()) return false;
+                if (const auto geometry = node.geometry())
+                  for (const auto& material : geometry->materials())
+                    if (material && material->isAnimating()) animated_.push_back(material);
+                return true;
+              });
+  return animated_;
+}
 
 }  // namespace orivanta::view

@@ -2,6 +2,7 @@
 // Public header.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -59,12 +60,17 @@ class ORIVANTA_API SceneView : public View {
   void touchesBegan(std::span<const Touch> touches) override;
 
   void draw(Canvas& canvas) override;
-  bool isAnimating() const override;  ///< whenever there is a scene: nodes and materials may move
+  bool isAnimating() const override;  ///< while a material of a node in sight of the scene moves
 
  private:
+  using Materials = std::vector<std::weak_ptr<scene::Material>>;
+  const Materials& animatedMaterials() const;
+
   std::shared_ptr<scene::Scene> scene_;
   std::shared_ptr<sprite::Scene> overlayScene_;
   SceneRendererDelegate* rendererDelegate_ = nullptr;
+  mutable Materials animated_;                // of the scene, as of the change below
+  mutable std::uint64_t animatedChange_ = 0;  // the count of changes when they were looked for
 };
 
 }  // namespace orivanta::view

@@ -68,6 +68,7 @@ void View::setFrame(Rect frame) {
   if (frame == frame_) return;
   frame_ = frame;
   needsLayout_ = true;
+  setNeedsFrame();
   if (superview_ != nullptr) superview_->needsLayout_ = true;
 }
 
@@ -76,8 +77,8 @@ Rect View::bounds() const { return {{}, frame().size}; }
 double View::alpha() const { return read(alpha_); }
 
 void View::setAlpha(double alpha) {
-  const Transaction transaction;
-  alpha_ = std::clamp(alpha, 0.0, 1.0);
+  alpha = std::clamp(alpha, 0.0, 1.0);
+  assign(alpha_, alpha);
 }
 
 std::optional<graphics::Color> View::backgroundColor() const { return read(backgroundColor_); }
@@ -110,6 +111,7 @@ void View::addSubview(const std::shared_ptr<View>& subview) {
   added->superview_ = this;
   subviews_.push_back(std::move(added));
   needsLayout_ = true;
+  setNeedsFrame();
 }
 
 void View::removeFromSuperview() {
@@ -127,12 +129,15 @@ void View::detach(const View& child) {
   (*place)->superview_ = nullptr;
   subviews_.erase(place);
   needsLayout_ = true;
+  setNeedsFrame();
 }
 
 void View::bringSubviewToFront(const View& subview) {
   const Transaction transaction;
   const auto place = placeOf(subviews_, subview);
-  if (place != subviews_.end()) std::rotate(place, place + 1, subviews_.end());
+  if (place == subviews_.end() || place + 1 == subviews_.end()) return;
+  std::rotate(place, place + 1, subviews_.end());
+  setNeedsFrame();
 }
 
 bool View::translatesAutoresizingMaskIntoConstraints() const {
@@ -142,6 +147,7 @@ bool View::translatesAutoresizingMaskIntoConstraints() const {
 void View::setTranslatesAutoresizingMaskIntoConstraints(bool translates) {
   const Transaction transaction;
   translatesAutoresizingMask_ = translates;
+  setNeedsFrame();
   if (superview_ != nullptr) superview_->needsLayout_ = true;
 }
 
@@ -154,6 +160,7 @@ void View::addConstraint(const LayoutConstraint& constraint) {
     foundation::fatalError("a layout constraint is about the view that holds it and its children");
   constraints_.push_back(constraint);
   needsLayout_ = true;
+  setNeedsFrame();
   if (superview_ != nullptr) superview_->needsLayout_ = true;
 }
 
@@ -235,6 +242,15 @@ bool View::isAnimating() const {
     return !subview->isHidden() && subview->isAnimating();
   });
 }
+
+bool View::needsFrame() const {
+  const Transaction transaction;
+  return drawnChange_ != graphics::changeCount() || isAnimating();
+}
+
+void View::setNeedsFrame() { graphics::noteChange(); }
+
+void View::frameGathered() { drawnChange_ = graphics::changeCount(); }
 
 const View& topmostView(const View& view) {
   const View* topmost = &view;

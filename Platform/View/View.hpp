@@ -2,6 +2,7 @@
 // Public header.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -121,6 +122,18 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   /// nothing was changed.
   virtual bool isAnimating() const;
 
+  /// Whether a frame drawn now could differ from the last one that a renderer drew of this view:
+  /// the view has not been drawn yet, `isAnimating`, or a scene, a sprite or a view has changed
+  /// since. Changes count for all views of the process, so a view may need a frame because of
+  /// another one. Hosts that draw only when this is true save the others. Any thread.
+  bool needsFrame() const;
+
+  /// Makes `needsFrame` true. Views that draw themselves call it when they come to look different.
+  static void setNeedsFrame();
+
+  /// A renderer calls it, under the transaction in which it has gathered a frame of this view.
+  void frameGathered();
+
  protected:
   /// Called when the children of this view have their places, before those below them. Does nothing
   /// unless overridden. Under a transaction.
@@ -136,6 +149,7 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   bool userInteractionEnabled_ = true;
   bool translatesAutoresizingMask_ = true;
   bool needsLayout_ = true;
+  std::uint64_t drawnChange_ = 0;  // the count of changes that the last frame shows; 0 before it
   View* superview_ = nullptr;
   std::vector<std::shared_ptr<View>> subviews_;
   std::vector<LayoutConstraint> constraints_;

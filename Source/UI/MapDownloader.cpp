@@ -3,13 +3,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cerrno>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
+#include "Platform/Foundation/AsciiCase.hpp"
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/Files.hpp"
@@ -22,8 +22,10 @@
 namespace orivanta {
 
 namespace fs = std::filesystem;
+using foundation::asciiLowercased;
 using foundation::diagnostic;
 using foundation::Error;
+using foundation::Fnv;
 
 namespace {
 
@@ -101,22 +103,16 @@ bool isPassing(const network::UrlResult& result) {
   return status < 300 || status == 408 || status == 429 || status >= 500;
 }
 
-std::string lowercase(std::string text) {
-  for (char& letter : text)
-    letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
-  return text;
-}
-
 // "" for any URL that is not fetched.
 std::string defaultPort(const foundation::Url& url) {
-  const std::string scheme = lowercase(url.scheme());
+  const std::string scheme = asciiLowercased(url.scheme());
   if (scheme == "http") return "80";
   return scheme == "https" ? "443" : "";
 }
 
 std::string serverName(const foundation::Url& url) {
   const std::string port = url.port();
-  return fmt::format("{}-{}-{}", lowercase(url.scheme()), lowercase(url.host()),
+  return fmt::format("{}-{}-{}", asciiLowercased(url.scheme()), asciiLowercased(url.host()),
                      port.empty() ? defaultPort(url) : port);
 }
 
@@ -196,6 +192,14 @@ HttpDownloader::Fetched HttpDownloader::fetchFile(const foundation::Url& url,
 
 std::string HttpDownloader::folderFor(const foundation::Url& url, std::string_view slug) {
   return serverName(url) + '/' + visibleName(std::string(slug));
+}
+
+void HttpDownloader::forgetFile(const std::string& path) {
+  const auto caches = foundation::cachesDirectory();
+  if (!caches) return;
+  const fs::path below = fs::path(path).lexically_relative(*caches);
+  std::error_code failure;
+  if (!below.empty() && *below.begin() != ".." && below != ".") fs::remove(path, failure);
 }
 
 void HttpDownloader::removeFilesOf(const foundation::Url& url) {

@@ -69,7 +69,11 @@ class ORIVANTA_API HttpDownloader {
   /// made of the URL's scheme, host and port, and one made of the slug. For `fetchFile`.
   static std::string folderFor(const foundation::Url& url, std::string_view slug);
 
-  /// Removes all that is kept from the server of the URL in such folders, so far as possible.
+  /// Removes a fetched file that turned out to be damaged from the caches directory, so that it is
+  /// fetched anew the next time. A file outside the caches directory stays.
+  static void forgetFile(const std::string& path);
+
+  /// Removes all files of the URL's server from such folders, as far as possible.
   static void removeFilesOf(const foundation::Url& url);
 };
 

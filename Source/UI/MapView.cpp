@@ -2,8 +2,9 @@
 
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
+#include "Platform/Graphics/Transaction.hpp"
 #include "Platform/View/ImageView.hpp"
-#include "Source/UI/Floors/FloorLoading.hpp"
+#include "Source/UI/Parts/MapViewParts.hpp"
 #include "Source/UI/SdkBundle.hpp"
 
 namespace orivanta {
@@ -46,7 +47,8 @@ MapView::MapView(graphics::Rect frame)
       assetLoader(std::make_shared<AssetLoader>()),
       downloader(std::make_shared<HttpDownloader>()),
       sceneView(std::make_shared<view::SceneView>(frame)),
-      activityIndicator(std::make_shared<view::ActivityIndicatorView>()) {
+      activityIndicator(std::make_shared<view::ActivityIndicatorView>()),
+      parts_(std::make_unique<Parts>(*this)) {
   initView();
 }
 
@@ -54,10 +56,11 @@ MapView::MapView(const view::Coder& coder) : MapView(View(coder).frame()) {}
 
 // The scene view may be kept by others: nothing in it may lead back here.
 MapView::~MapView() {
-  if (const auto load = floorLoad_) load->cancel();
+  if (const auto load = parts_->floorLoad) load->cancel();
   sceneView->setRendererDelegate(nullptr);
   sceneView->allowSimultaneous({});
-  for (const auto& recognizer : recognizers_) sceneView->removeGestureRecognizer(*recognizer);
+  for (const auto& recognizer : parts_->recognizers)
+    sceneView->removeGestureRecognizer(*recognizer);
 }
 
 void MapView::initView() {
@@ -117,6 +120,37 @@ void MapView::addMapLogo() {
 void MapView::didLayOut() {
   if (spriteScene && spriteScene->size() == graphics::Size()) spriteScene->setSize(bounds().size);
 }
+
+void MapView::renewOverlay() {
+  const graphics::Transaction transaction;
+  const auto renewed = MapViewOverlay2D::make(bounds().size);
+  parts_->markers.moveTo(*renewed);
+  spriteScene = renewed;
+  sceneView->setOverlayScene(renewed);
+  updateMarkerPositions();
+}
+
+const std::shared_ptr<Map>& MapView::currentMap() const { return parts_->currentMap; }
+
+MapCamera& MapView::camera() const { return parts_->camera; }
+
+bool MapView::isAnimating() const { return parts_->camera.isGliding() || View::isAnimating(); }
+
+std::vector<std::shared_ptr<MapViewMarker>> MapView::markers() const {
+  return parts_->markers.markers();
+}
+
+void MapView::addMarker(const std::shared_ptr<MapViewMarker2D>& marker) {
+  parts_->markers.add(marker);
+}
+
+void MapView::removeMarker(const std::shared_ptr<MapViewMarker2D>& marker) {
+  parts_->markers.remove(marker);
+}
+
+void MapView::updateMarkerPositions() { parts_->markers.updatePositions(); }
+
+void MapView::updateMarkerVisibility() { parts_->markers.updateVisibility(); }
 
 MapViewOverlay2D& MapView::overlay() const { return foundation::unwrap(spriteScene); }
 

@@ -1,8 +1,7 @@
 // The view that shows one floor of a venue in 3D, with gestures, markers and routes.
 #pragma once
 
-#include <tsl/ordered_map.h>
-
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,7 +26,7 @@
 
 namespace orivanta {
 
-class FloorLoading;
+class MapCamera;
 class PictureBudget;
 
 /// The kinds of motion of the camera, for applications: no handler asks for it.
@@ -54,6 +53,10 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
 
   // What an application sets.
   std::weak_ptr<MapViewDelegate> delegate;
+
+  /// Called after a tap, and after the delegate: with the first location of the polygon that was
+  /// hit, or with null if the tap hit no polygon or one without a location. Main thread.
+  std::function<void(const std::shared_ptr<Location>& place)> placeTapped;
   std::shared_ptr<Venue> venue;                            ///< set it before `loadScene`
   graphics::Color pathColor{0.122F, 0.302F, 0.655F};       ///< of drawn routes
   graphics::Color pathArrowColor{0.984F, 0.675F, 0.094F};  ///< for applications: nothing reads it
@@ -79,6 +82,11 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// Puts the parts together: scene view, logo, overlay and activity indicator. Construction does
   /// it; nobody else needs to.
   void initView();
+
+  /// Makes a new overlay of the view's present size and shows the markers in it. The overlay keeps
+  /// the size that it was made with, so markers become distorted when the view gets another one;
+  /// call this then.
+  void renewOverlay();
 
   /// Adds the logo, 70 by 30 points, at the lower right corner; part of `initView`.
   void addMapLogo();
@@ -127,7 +135,16 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   void changeMap(int index);
   void changeMap(const std::shared_ptr<Map>& map);
 
-  const std::shared_ptr<Map>& currentMap() const { return currentMap_; }  ///< null before the first
+  const std::shared_ptr<Map>& currentMap() const;  ///< null before the first
+
+  // --- Camera -----------------------------------------------------------------------------------
+
+  /// Moves the camera. It is ready once the scene is started.
+  MapCamera& camera() const;
+
+  /// Whether something moves though nothing is changed: the arrows of a route, the activity
+  /// indicator, or a gliding camera. See `View::needsFrame`, too.
+  bool isAnimating() const override;
 
   // --- Gestures ---------------------------------------------------------------------------------
 
@@ -199,8 +216,8 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// moving the camera otherwise.
   void updateMarkerVisibility();
 
-  /// Does `updateMarkerPositions` and nothing else. Called before each frame
-  /// on the thread that draws.
+  /// Does `updateMarkerPositions` and nothing else. Called before each frame on the thread that
+  /// draws.
   void willRenderScene(view::SceneView& view, const std::shared_ptr<scene::Scene>& scene,
                        double time) override;
 
@@ -239,40 +256,19 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   void didLayOut() override;
 
  private:
-  friend class FloorLoading;
-  using Shapes = tsl::ordered_map<std::string, std::shared_ptr<scene::Node>>;
-  using Highlights = tsl::ordered_map<std::shared_ptr<Polygon>, scene::Contents>;
+  struct Parts;
 
   void showActivity();
   void hideActivity();
   std::shared_ptr<scene::Node> loadFloor(Map& map, const std::shared_ptr<PictureBudget>& budget);
-  void addShapes(const scene::Node& floor);
   void setModel(Map& map, const std::shared_ptr<scene::Node>& model);
-  void show(const std::shared_ptr<Map>& map);
+  void showFirst(const std::shared_ptr<Map>& map);
   void startScene(const std::shared_ptr<Map>& map);
-  void addRecognizers();
-  void addCamera(scene::Node& root);
-  void addLights(scene::Node& root);
-
-  std::shared_ptr<scene::Node> shapeOf(const Polygon& polygon) const;
-  std::shared_ptr<scene::Node> floorNode() const;
-  graphics::Point overlayPosition(graphics::Vector3 projected) const;
   void selectPolygonAt(graphics::Point point);
+  void tellPlaceTapped(const std::shared_ptr<Location>& place);
   void resetPinch();
 
-  void showMarker(MapViewMarker2D& marker);
-  void hideMarker(MapViewMarker2D& marker);
-  void showAllMarkers();
-  void hideAllMarkers();
-
-  void addPathNode(const std::shared_ptr<scene::Node>& node);
-
-  std::shared_ptr<Map> currentMap_;
-  Shapes scnNodeDictionary_;
-  Highlights highlightedPolygons_;
-  std::vector<std::shared_ptr<MapViewMarker>> markers_;
-  std::vector<std::shared_ptr<view::GestureRecognizer>> recognizers_;
-  std::shared_ptr<FloorLoading> floorLoad_;  // null when none is under way
+  std::unique_ptr<Parts> parts_;
 };
 
 /// Pins a view to the four edges of another that it is a child of.

@@ -1,21 +1,17 @@
 // How gestures move the camera of a map view.
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
-#include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
-#include "Source/UI/MapView.hpp"
+#include "Source/UI/Parts/MapViewParts.hpp"
 #include "Source/UI/Printed.hpp"
 
 namespace orivanta {
 
 using foundation::unwrap;
-using scene::Axis;
 using view::GestureState;
 
 namespace {
@@ -34,30 +30,20 @@ void MapView::handleOneFingerPanGesture(const view::PanGestureRecognizer& recogn
   unwrap(recognizer.view());
   const graphics::Point translation = recognizer.translation();
   if (recognizer.state() == GestureState::changed) {
-    const graphics::Transaction transaction;
-    scene::Node& orbit = unwrap(cameraOrbit);
-    scene::Node& labels = unwrap(labelsOrbit);
-    const auto dx = static_cast<float>(translation.x - lastX);
-    const auto dy = static_cast<float>(translation.y - lastY);
-    const float angle = orbit.eulerAngles().z;
-    orbit.setPosition(Axis::x, orbit.position().x - dx * std::cos(angle));
-    orbit.setPosition(Axis::y, orbit.position().y - dx * std::sin(angle));
-    orbit.setPosition(Axis::x, orbit.position().x - dy * std::sin(angle));
-    orbit.setPosition(Axis::y, orbit.position().y + dy * std::cos(angle));
-    labels.setPosition(Axis::x, orbit.position().x);
-    labels.setPosition(Axis::y, orbit.position().y);
+    parts_->rig.shift(static_cast<float>(translation.x - lastX),
+                      static_cast<float>(translation.y - lastY));
   }
   lastX = translation.x;
   lastY = translation.y;
 }
 
 void MapView::handleTwoFingerPanGesture(const view::PanGestureRecognizer& recognizer) {
-  scene::Node& orbit = unwrap(cameraOrbit);
+  unwrap(cameraOrbit);
   const double height = unwrap(recognizer.view()).frame().size.height;
   const float ratio = static_cast<float>(recognizer.translation().y / height) + lastHeightRatio;
   const float tilt = ratio * -pi;
   if (tilt >= 0 && tilt < tiltLimit) {
-    orbit.setEulerAngle(Axis::x, tilt);
+    parts_->rig.setTilt(tilt);
     lastGoodHeightRatio = ratio;
     updateMarkerVisibility();
   }
@@ -68,15 +54,12 @@ void MapView::handleTwoFingerPanGesture(const view::PanGestureRecognizer& recogn
 }
 
 void MapView::handlePinchGesture(const view::PinchGestureRecognizer& recognizer) {
-  const auto children = unwrap(cameraOrbit).children();
-  if (children.empty()) foundation::fatalError("Index out of range");
-  scene::Node& camera = *children.front();
   const double scale = recognizer.scale();
-  if (camera.position().z <= nearestDistance && scale > 1.0) return;
+  if (parts_->rig.distance() <= nearestDistance && scale > 1.0) return;
   switch (recognizer.state()) {
     case GestureState::changed:
       scaleStart = scaleEnd * scale;
-      camera.setPosition(Axis::z, unwrap(cameraDistance) * zoomedOut(scaleStart));
+      parts_->rig.setDistance(unwrap(cameraDistance) * zoomedOut(scaleStart));
       updateMarkerVisibility();
       break;
     case GestureState::ended:
@@ -92,14 +75,12 @@ void MapView::handlePinchGesture(const view::PinchGestureRecognizer& recognizer)
 }
 
 void MapView::handleRotationGesture(const view::RotationGestureRecognizer& recognizer) {
-  scene::Node& orbit = unwrap(cameraOrbit);
-  scene::Node& labels = unwrap(labelsOrbit);
+  const scene::Node& orbit = unwrap(cameraOrbit);
+  unwrap(labelsOrbit);
   switch (recognizer.state()) {
     case GestureState::changed: {
       rotateStart = rotateEnd - recognizer.rotation();
-      const graphics::Transaction transaction;
-      orbit.setEulerAngle(Axis::z, static_cast<float>(-rotateStart));
-      labels.setEulerAngle(Axis::z, orbit.eulerAngles().z);
+      parts_->rig.setTurn(static_cast<float>(-rotateStart));
       foundation::diagnostic("cameraOrbit angle " + printed(orbit.eulerAngles()));
       updateMarkerVisibility();
       break;

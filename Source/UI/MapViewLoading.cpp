@@ -9,9 +9,8 @@
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Floors/FloorFiles.hpp"
-#include "Source/UI/Floors/FloorLoading.hpp"
 #include "Source/UI/Floors/PictureBudget.hpp"
-#include "Source/UI/MapView.hpp"
+#include "Source/UI/Parts/MapViewParts.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta {
@@ -20,7 +19,7 @@ using foundation::diagnostic;
 using foundation::unwrap;
 
 void MapView::loadScene() {
-  if (const auto former = floorLoad_) former->cancel();
+  if (const auto former = parts_->floorLoad) former->cancel();
   diagnostic(venue ? venue->name.value_or("") : "nil");
   std::vector<std::shared_ptr<scene::Node>> floors;
   const auto budget = std::make_shared<PictureBudget>(countFloorsWithPictures(unwrap(venue)));
@@ -38,20 +37,25 @@ void MapView::loadScene() {
 std::shared_ptr<FloorLoad> MapView::loadFloors(FloorLoadHandlers handlers,
                                                const std::shared_ptr<Map>& first) {
   unwrap(venue);
-  if (const auto former = floorLoad_) former->cancel();
-  clearHighlightedPolygons();
-  scnNodeDictionary_.clear();
+  if (const auto former = parts_->floorLoad) former->cancel();
+  parts_->shapes.clear();
   if (venue->maps)
     for (const auto& map : *venue->maps)
-      if (map->mapObject) addShapes(*map->mapObject);
+      if (map->mapObject) parts_->shapes.add(*map->mapObject);
   showActivity();
-  floorLoad_ = std::make_shared<FloorLoading>(std::static_pointer_cast<MapView>(shared_from_this()),
-                                              std::move(handlers), first);
-  floorLoad_->start();
-  return floorLoad_;
+  FloorStage stage{[this](Map& map, const auto& model) { setModel(map, model); },
+                   [this](const auto& map) { showFirst(map); }, [this] { hideActivity(); },
+                   [this](const FloorLoad& ended) {
+                     if (parts_->floorLoad.get() == &ended) parts_->floorLoad.reset();
+                   }};
+  parts_->floorLoad =
+      std::make_shared<FloorLoading>(std::static_pointer_cast<MapView>(shared_from_this()),
+                                     std::move(stage), std::move(handlers), first);
+  parts_->floorLoad->start();
+  return parts_->floorLoad;
 }
 
-// Also in place of a model of the same floor that shows at the moment.
+// Replaces a former model of the floor, in the scene as well if it is shown.
 void MapView::setModel(Map& map, const std::shared_ptr<scene::Node>& model) {
   const graphics::Transaction transaction;
   if (map.mapObject) {
@@ -59,10 +63,10 @@ void MapView::setModel(Map& map, const std::shared_ptr<scene::Node>& model) {
     map.mapObject->removeFromParent();
   }
   map.mapObject = model;
-  addShapes(*model);
+  parts_->shapes.add(*model);
 }
 
-void MapView::show(const std::shared_ptr<Map>& map) {
+void MapView::showFirst(const std::shared_ptr<Map>& map) {
   {
     const graphics::Transaction transaction;
     unwrap(sceneView).setScene(scene::Scene::make());
@@ -87,15 +91,10 @@ std::shared_ptr<scene::Node> MapView::loadFloor(Map& map,
   }
   FloorPictures pictures(budget);
   map.mapObject = assetLoader->loadObjFromURL(foundation::Url::fromFile(*model));
-  addShapes(*map.mapObject);
+  parts_->shapes.add(*map.mapObject);
   diagnostic(fmt::format("Floor for {}: {} shapes", map.name, map.mapObject->children().size()));
   for (const std::string& remark : pictures.remarks()) diagnostic(remark);
   return map.mapObject;
-}
-
-void MapView::addShapes(const scene::Node& floor) {
-  for (const auto& shape : floor.children())
-    scnNodeDictionary_.insert_or_assign(shape->name().value_or(""), shape);
 }
 
 }  // namespace orivanta

@@ -1,19 +1,18 @@
 // How a map view builds its scene and switches floors.
 #include <fmt/format.h>
 
-#include <cmath>
-#include <numbers>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/Transaction.hpp"
-#include "Platform/Scene/Camera.hpp"
 #include "Platform/Scene/Light.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Platform/Scene/Shapes.hpp"
 #include "Source/Map.hpp"
-#include "Source/UI/MapView.hpp"
-#include "Source/UI/Printed.hpp"
+#include "Source/UI/Parts/MapViewParts.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta {
@@ -24,53 +23,23 @@ using scene::Axis;
 
 namespace {
 
-constexpr double farPlane = 5000;
-constexpr double nearPlane = 40;
-constexpr float pi = std::numbers::pi_v<float>;
+constexpr double farPlane = 5000;  // scene units
 
 // The ground of the scene: it is made with its material, and belongs to no node.
 void makeGround() {
   scene::makeFloor()->setMaterials({scene::Material::make(graphics::colors::white)});
 }
 
-// The distance at which a square of side `size` fills a field of view, a whole number.
-float framingDistance(double size, double fov) {
-  return static_cast<float>(std::round(size / (2 * std::tan(fov * std::numbers::pi / 180 / 2))));
-}
-
-}  // namespace
-
-void MapView::startScene() {
-  const graphics::Transaction transaction;
-  unwrap(sceneView).setScene(scene::Scene::make());
-  currentMap_ = nullptr;  // no floor is in the new scene
-  const auto& maps = unwrap(unwrap(venue).maps);
-  if (maps.empty()) return diagnostic("No maps at all!");
-  if (!maps.front()->mapObject) return diagnostic("No valid map!");
-  startScene(maps.front());
-}
-
-void MapView::startScene(const std::shared_ptr<Map>& map) {
-  scene::Node& root = *sceneView->scene()->rootNode();
-  currentMap_ = map;
-  root.addChild(map->mapObject);
-  addRecognizers();
-  makeGround();
-  addCamera(root);
-  addLights(root);
-}
-
-void MapView::addRecognizers() {
-  for (const auto& former : recognizers_) sceneView->removeGestureRecognizer(*former);
-  recognizers_.clear();
-  const auto add = [this]<class Recognizer>(std::shared_ptr<Recognizer> recognizer,
-                                            std::string action,
-                                            void (MapView::*handler)(const Recognizer&)) {
-    recognizer->addTarget(std::move(action), [this, handler](view::GestureRecognizer& sender) {
-      (this->*handler)(static_cast<const Recognizer&>(sender));
+// The recognizers of the gestures, added to the scene view.
+std::vector<std::shared_ptr<view::GestureRecognizer>> addRecognizers(MapView& view) {
+  std::vector<std::shared_ptr<view::GestureRecognizer>> added;
+  const auto add = [&]<class Recognizer>(std::shared_ptr<Recognizer> recognizer, std::string action,
+                                         void (MapView::*handler)(const Recognizer&)) {
+    recognizer->addTarget(std::move(action), [&view, handler](view::GestureRecognizer& sender) {
+      (view.*handler)(static_cast<const Recognizer&>(sender));
     });
-    sceneView->addGestureRecognizer(recognizer);
-    recognizers_.push_back(std::move(recognizer));
+    view.sceneView->addGestureRecognizer(recognizer);
+    added.push_back(std::move(recognizer));
   };
   const auto pan = [](std::size_t touches) {
     auto recognizer = std::make_shared<view::PanGestureRecognizer>();
@@ -85,48 +54,15 @@ void MapView::addRecognizers() {
       "handlePinchGesture:", &MapView::handlePinchGesture);
   add(std::make_shared<view::RotationGestureRecognizer>(),
       "handleRotationGesture:", &MapView::handleRotationGesture);
+  return added;
 }
 
-void MapView::addCamera(scene::Node& root) {
-  const graphics::Box box = root.boundingBox();
-  diagnostic(fmt::format("bounding box: min:{} max:{}", printed(box.min), printed(box.max)));
-  const float width = box.max.x - box.min.x;
-  const float height = box.max.y - box.min.y;
-  cameraDistance = framingDistance(width > height ? width : height, fov);
-  diagnostic(fmt::format("camera distance: {}", *cameraDistance));
-  const float shiftX = box.max.x - width / 2;
-  const float shiftY = box.max.y - height / 2;
-  diagnostic(fmt::format("camera shiftX: {} shiftY: {}", shiftX, shiftY));
-
-  auto camera = std::make_shared<scene::Camera>();
-  camera->xFov = fov;
-  camera->yFov = fov;
-  camera->zFar = farPlane;
-  camera->zNear = nearPlane;
-  const auto cameraNode = scene::Node::make();
-  cameraNode->setCamera(std::move(camera));
-  cameraNode->setPosition({0, 0, *cameraDistance});
-  cameraOrbit = scene::Node::make();
-  cameraOrbit->setPosition(Axis::x, shiftX);
-  cameraOrbit->setPosition(Axis::y, shiftY);
-  cameraOrbit->addChild(cameraNode);
-  root.addChild(cameraOrbit);
-
-  labelsOrbit = scene::Node::make();
-  labelsOrbit->setPosition(cameraOrbit->position());
-  const auto labels = scene::Node::make();
-  labels->setPosition(cameraNode->position());
-  labelsOrbit->addChild(labels);
-  labelsOrbit->setEulerAngle(Axis::y, -pi);
-  labelsOrbit->setEulerAngle(Axis::x, -pi / 2);
-  root.addChild(labelsOrbit);
-}
-
-void MapView::addLights(scene::Node& root) {
+// A light from everywhere, whose node is returned, and one that casts shadows.
+std::shared_ptr<scene::Node> addLights(scene::Node& root) {
   auto ambient = std::make_shared<scene::Light>();
   ambient->type = scene::LightType::ambient;
   ambient->color = graphics::colors::darkGray;
-  light = scene::Node::make();
+  auto light = scene::Node::make();
   light->setLight(std::move(ambient));
   light->setPosition({0, -200, -200});
 
@@ -143,6 +79,30 @@ void MapView::addLights(scene::Node& root) {
   sunNode->setEulerAngle(Axis::x, 45);  // radians: 58 degrees after seven turns
   root.addChild(sunNode);
   root.addChild(light);
+  return light;
+}
+
+}  // namespace
+
+void MapView::startScene() {
+  const graphics::Transaction transaction;
+  unwrap(sceneView).setScene(scene::Scene::make());
+  parts_->currentMap = nullptr;  // no floor is in the new scene
+  const auto& maps = unwrap(unwrap(venue).maps);
+  if (maps.empty()) return diagnostic("No maps at all!");
+  if (!maps.front()->mapObject) return diagnostic("No valid map!");
+  startScene(maps.front());
+}
+
+void MapView::startScene(const std::shared_ptr<Map>& map) {
+  scene::Node& root = *sceneView->scene()->rootNode();
+  parts_->currentMap = map;
+  root.addChild(map->mapObject);
+  for (const auto& former : parts_->recognizers) sceneView->removeGestureRecognizer(*former);
+  parts_->recognizers = addRecognizers(*this);
+  makeGround();
+  parts_->rig.build(root);
+  light = addLights(root);
 }
 
 void MapView::changeMap(int index) {
@@ -153,9 +113,9 @@ void MapView::changeMap(int index) {
 
 void MapView::changeMap(const std::shared_ptr<Map>& map) {
   const auto& maps = unwrap(unwrap(venue).maps);
-  if (currentMap_ && unwrap(map) == *currentMap_)
-    return diagnostic(
-        fmt::format("Skipping map switch. At: {}, target: {}", currentMap_->name, map->name));
+  if (parts_->currentMap && unwrap(map) == *parts_->currentMap)
+    return diagnostic(fmt::format("Skipping map switch. At: {}, target: {}",
+                                  parts_->currentMap->name, map->name));
   if (!unwrap(map).mapObject) return diagnostic("No valid map!");
 
   const graphics::Transaction transaction;
@@ -163,10 +123,10 @@ void MapView::changeMap(const std::shared_ptr<Map>& map) {
   const auto root = unwrap(scene).rootNode();
   for (const auto& other : maps)
     if (other->mapObject) other->mapObject->removeFromParent();
-  if (!currentMap_) {
+  if (!parts_->currentMap) {
     startScene(map);
   } else {
-    currentMap_ = map;
+    parts_->currentMap = map;
     root->insertChild(map->mapObject, 0);
   }
   drawCurrentPath();

@@ -14,7 +14,7 @@
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/Polygon.hpp"
-#include "Source/UI/MapView.hpp"
+#include "Source/UI/Parts/MapViewParts.hpp"
 #include "Source/UI/Printed.hpp"
 #include "Source/UI/ScenePosition.hpp"
 #include "Source/Venue.hpp"
@@ -35,8 +35,10 @@ std::string namesOf(const Polygon& polygon) {
   return fmt::format("[{}]", fmt::join(names, ", "));
 }
 
-scene::Material& firstMaterialOf(const scene::Node& shape) {
-  return unwrap(unwrap(shape.geometry()).firstMaterial());
+// The node of the floor that is shown; null without one.
+std::shared_ptr<scene::Node> floorNode(const MapView& view) {
+  const auto children = unwrap(unwrap(view.sceneView).scene()).rootNode()->children();
+  return children.empty() ? nullptr : children.front();
 }
 
 bool hasMaterialNamed(const scene::Node& shape, const std::string& name) {
@@ -58,6 +60,7 @@ void MapView::selectPolygonAt(graphics::Point point) {
   const auto receiver = delegate.lock();
   const auto selectNothing = [&] {
     if (receiver) receiver->nothingSelected();
+    tellPlaceTapped(nullptr);
   };
   const auto hits = unwrap(sceneView).hits(point);
   if (hits.empty()) return selectNothing();
@@ -70,14 +73,21 @@ void MapView::selectPolygonAt(graphics::Point point) {
   if (entry == polygons.end()) return selectNothing();
   const std::shared_ptr<Polygon> polygon = entry->second;
 
-  hideAllMarkers();
+  parts_->markers.hideAll();
   resetPinch();
   diagnostic("cameraOrbit position " + printed(unwrap(cameraOrbit).position()));
-  if (polygon->locations.empty())
+  if (polygon->locations.empty()) {
     selectNothing();
-  else if (receiver)
-    receiver->polygonSelected(polygon);
+  } else {
+    if (receiver) receiver->polygonSelected(polygon);
+    tellPlaceTapped(polygon->locations.front().lock());
+  }
   diagnostic("Location selected: " + namesOf(*polygon));
+}
+
+// A copy is called: the function may set another in its own place.
+void MapView::tellPlaceTapped(const std::shared_ptr<Location>& place) {
+  if (const auto told = placeTapped) told(place);
 }
 
 void MapView::resetPinch() {
@@ -85,25 +95,11 @@ void MapView::resetPinch() {
   scaleEnd = scaleStart;
 }
 
-std::shared_ptr<scene::Node> MapView::shapeOf(const Polygon& polygon) const {
-  const auto entry = scnNodeDictionary_.find(polygon.id.value_or(""));
-  return entry == scnNodeDictionary_.end() ? nullptr : entry->second;
-}
-
 void MapView::highlightPolygon(const std::shared_ptr<Polygon>& polygon, graphics::Color color) {
-  const auto shape = shapeOf(unwrap(polygon));
-  if (!shape) return;
-  scene::Material& material = firstMaterialOf(*shape);
-  highlightedPolygons_.insert_or_assign(polygon, material.diffuse().contents);
-  material.setDiffuseContents(color);
+  parts_->shapes.highlight(polygon, color);
 }
 
-void MapView::clearHighlightedPolygons() {
-  const graphics::Transaction transaction;
-  for (const auto& [polygon, contents] : highlightedPolygons_)
-    if (const auto shape = shapeOf(*polygon)) firstMaterialOf(*shape).setDiffuseContents(contents);
-  highlightedPolygons_.clear();
-}
+void MapView::clearHighlightedPolygons() { parts_->shapes.clearHighlights(); }
 
 graphics::Vector3 MapView::getGeomeryMidPoint(const scene::Geometry& geometry) {
   if (geometry.elements().empty()) foundation::fatalError("Index out of range");
@@ -116,13 +112,8 @@ graphics::Vector3 MapView::getGeomeryMidPoint(const scene::Geometry& geometry) {
   return (box.min + box.max) / 2.0F;
 }
 
-std::shared_ptr<scene::Node> MapView::floorNode() const {
-  const auto children = unwrap(unwrap(sceneView).scene()).rootNode()->children();
-  return children.empty() ? nullptr : children.front();
-}
-
 graphics::Vector3 MapView::findPosition3D(const Location& location) const {
-  const auto floor = floorNode();
+  const auto floor = floorNode(*this);
   const auto named = unwrap(floor).childNodes([&](const scene::Node& shape) {
     return location.name && hasMaterialNamed(shape, *location.name);
   });
@@ -132,12 +123,12 @@ graphics::Vector3 MapView::findPosition3D(const Location& location) const {
     return middle;
   }
   for (const auto& polygon : location.polygons) {
-    const auto shape = shapeOf(*polygon);
+    const auto shape = parts_->shapes.shapeOf(*polygon);
     if (shape && shape->geometry() && shape->parent() == floor)
       return getGeomeryMidPoint(*shape->geometry());
   }
   for (const auto& node : location.nodes)
-    if (node->map == currentMap_) return scenePosition(*node);
+    if (node->map == currentMap()) return scenePosition(*node);
   return floor->boundingBox().centre();
 }
 
@@ -146,15 +137,8 @@ graphics::Point MapView::findPositionCameraViewport(graphics::Vector3 position) 
   return {projected.x, projected.y};
 }
 
-graphics::Point MapView::overlayPosition(graphics::Vector3 projected) const {
-  const graphics::Size shown = sceneView->frame().size;
-  const graphics::Size overlaid = overlay().frame().size;
-  return {projected.x / shown.width * overlaid.width,
-          (1 - projected.y / shown.height) * overlaid.height};
-}
-
 graphics::Point MapView::findPosition2D(graphics::Vector3 position) const {
-  return overlayPosition(unwrap(sceneView).project(position));
+  return overlayPosition(*this, unwrap(sceneView).project(position));
 }
 
 graphics::Point MapView::findPosition2DByLocation(const Location& location) const {

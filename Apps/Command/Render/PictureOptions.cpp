@@ -10,8 +10,7 @@
 
 #include "Apps/Command/CommandError.hpp"
 #include "Apps/Command/Places.hpp"
-#include "Apps/Command/Text.hpp"
-#include "Source/Map.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {
@@ -48,11 +47,7 @@ std::vector<std::shared_ptr<Map>> chooseFloors(const Venue& venue, const std::st
   if (maps.empty()) throw CommandError(ExitCode::notFound, "the venue has no floors");
   if (text.empty()) return {maps.front()};
   if (text == "all") return maps;
-  for (const auto& map : maps)
-    if (map->id == text || map->shortName == text || map->name == text) return {map};
-  const std::string folded = caseFolded(text);
-  for (const auto& map : maps)
-    if (caseFolded(map->shortName) == folded || caseFolded(map->name) == folded) return {map};
+  if (const auto map = floorNamed(maps, text)) return {map};
   const auto index = parseNumber(text);
   if (index && *index < maps.size()) return {maps[*index]};
   throw CommandError(ExitCode::notFound,

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <fstream>
 #include <memory>
+#include <numbers>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -15,18 +17,20 @@
 #include "Apps/Command/Places.hpp"
 #include "Apps/Command/Render/Animation.hpp"
 #include "Apps/Command/Render/AttributionView.hpp"
-#include "Apps/Command/Render/CameraPlacement.hpp"
-#include "Apps/Command/Render/LocationMarkers.hpp"
 #include "Apps/Command/Render/PictureOptions.hpp"
-#include "Apps/Command/Render/RouteOnMap.hpp"
+#include "Apps/Command/Render/PlacePins.hpp"
 #include "Apps/Command/Render/Stage.hpp"
 #include "Apps/Command/Render/TouchRecording.hpp"
 #include "Apps/Command/Session.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Source/Attribution.hpp"
 #include "Source/Directions.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
+#include "Source/UI/Display/LabelLayer.hpp"
+#include "Source/UI/Display/MapCamera.hpp"
+#include "Source/UI/Display/RouteOverlay.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {
@@ -50,22 +54,44 @@ void checkUse(const RenderVenueOptions& options) {
 
 // What the pictures show, found in the venue before anything is drawn.
 struct Contents {
-  std::vector<std::shared_ptr<Map>> floors;  // of the pictures; one may come again
-  std::vector<const RouteVisit*> visits;     // that each picture shows, when it shows only one
+  std::vector<std::shared_ptr<Map>> floors;       // of the pictures; one may come again
+  std::vector<std::optional<FloorVisit>> visits;  // that each picture shows, if it shows only one
   std::vector<Highlight> highlights;
-  std::unique_ptr<RouteOnMap> route;
-  std::unique_ptr<LocationMarkers> markers;
+  NodeList path;  // of the route; empty without one
+  RouteEnd from;
+  RouteEnd to;
+  std::vector<std::shared_ptr<Location>> pinned;
   std::vector<view::Touch> touches;
 };
 
-std::unique_ptr<RouteOnMap> findRoute(const RouteEnd& from, const RouteEnd& to,
-                                      const RenderVenueOptions& options) {
+// What shows over the map.
+struct Overlays {
+  Overlays(const std::shared_ptr<MapView>& mapView, const Contents& contents,
+           const RenderVenueOptions& options)
+      : pins(contents.pinned) {
+    if (!contents.path.empty())
+      route = std::make_unique<RouteOverlay>(mapView, contents.path, contents.from.place,
+                                             contents.to.place);
+    if (!options.labels) return;
+    labels = std::make_unique<LabelLayer>(mapView, options.scale);
+    auto marked = contents.pinned;
+    for (const RouteEnd* end : {&contents.from, &contents.to})
+      if (end->place) marked.push_back(end->place);
+    labels->setMarked(std::move(marked));
+  }
+
+  PlacePins pins;
+  std::unique_ptr<RouteOverlay> route;  // null without one
+  std::unique_ptr<LabelLayer> labels;   // null without names
+};
+
+NodeList findPath(const RouteEnd& from, const RouteEnd& to, const RenderVenueOptions& options) {
   const auto directions = getDirections(from.nodes, to.nodes, from.place, to.place);
   if (!directions)
     throw CommandError(ExitCode::notFound,
                        fmt::format("no {}route from {}", options.accessible ? "accessible " : "",
                                    fmt::join(options.route, " to ")));
-  return std::make_unique<RouteOnMap>(directions->path, from.place, to.place);
+  return directions->path;
 }
 
 std::vector<view::Touch> touchesIn(const std::string& name) {
@@ -77,49 +103,60 @@ std::vector<view::Touch> touchesIn(const std::string& name) {
 
 Contents findContents(const Venue& venue, const RenderVenueOptions& options) {
   Contents contents;
-  std::vector<std::shared_ptr<Location>> pinned;
-  std::vector<std::shared_ptr<Location>> ends;
-  for (const std::string& text : options.markers) pinned.push_back(findLocation(venue, text));
+  for (const std::string& text : options.markers)
+    contents.pinned.push_back(findLocation(venue, text));
   for (const std::string& text : options.highlights)
     contents.highlights.push_back(parseHighlight(venue, text));
   if (!options.route.empty()) {
-    const RouteEnd from = findRouteEnd(venue, {options.route[0]});
-    const RouteEnd to = findRouteEnd(venue, {options.route[1]});
-    contents.route = findRoute(from, to, options);
-    for (const RouteEnd* end : {&from, &to})
-      if (end->place) ends.push_back(end->place);
+    contents.from = findRouteEnd(venue, {options.route[0]});
+    contents.to = findRouteEnd(venue, {options.route[1]});
+    contents.path = findPath(contents.from, contents.to, options);
   }
-  if (contents.route && options.map.empty()) {
-    for (const RouteVisit& visit : contents.route->visits()) {
+  if (!contents.path.empty() && options.map.empty()) {
+    for (const FloorVisit& visit : floorVisits(contents.path)) {
       contents.floors.push_back(visit.floor);
-      contents.visits.push_back(&visit);
+      contents.visits.emplace_back(visit);
     }
   } else {
     contents.floors = chooseFloors(venue, options.map);
-    contents.visits.resize(contents.floors.size(), nullptr);
+    contents.visits.resize(contents.floors.size());
   }
-  contents.markers =
-      std::make_unique<LocationMarkers>(std::move(pinned), options.labels, std::move(ends));
   if (options.touchesFile) contents.touches = touchesIn(*options.touchesFile);
   return contents;
 }
 
-void showFloor(Stage& stage, std::size_t index, Contents& contents,
+// At the points, or at the whole floor when there are none.
+void placeCamera(const MapView& mapView, const std::vector<graphics::Vector3>& points,
+                 const RenderVenueOptions& options) {
+  const auto radians = [](double degrees) { return degrees * std::numbers::pi / 180; };
+  const double tilt = radians(options.tilt);
+  const double turn = radians(options.turn);
+  MapCamera& camera = mapView.camera();
+  camera.setLimited(false);
+  camera.setPose(points.empty()
+                     ? camera.fittingPose(tilt, turn)
+                     : camera.framingPose(points, aroundRoute(*mapView.venue), tilt, turn));
+  const graphics::Size size = camera.lens().size;
+  camera.zoomBy(options.zoom, {size.width / 2, size.height / 2}, CameraMotion::atOnce);
+}
+
+void showFloor(const Stage& stage, std::size_t index, const Contents& contents, Overlays& overlays,
                const RenderVenueOptions& options) {
-  MapView& mapView = stage.mapView();
+  MapView& mapView = *stage.mapView();
   const std::shared_ptr<Map>& floor = contents.floors[index];
   if (mapView.currentMap() != floor) mapView.changeMap(floor);
-  const CameraAngles angles{options.tilt, options.turn, options.zoom};
-  lookAtFloor(mapView, angles);
-  contents.markers->show(mapView, options.scale);
-  if (RouteOnMap* const route = contents.route.get()) {
-    const RouteVisit* const visit = contents.visits[index];
-    lookAt(mapView, visit != nullptr ? route->pointsOf(*visit) : route->pointsOn(*floor), angles,
-           aroundRoute(*mapView.venue));
-    route->show(mapView, options.scale, visit);
+  const FloorVisit* const visit = contents.visits[index] ? &*contents.visits[index] : nullptr;
+  RouteOverlay* const route = overlays.route.get();
+  std::vector<graphics::Vector3> points;
+  if (route != nullptr)
+    points = visit != nullptr ? route->pointsOf(*visit) : route->pointsOn(*floor);
+  placeCamera(mapView, points, options);
+  overlays.pins.show(mapView, options.scale);
+  if (route != nullptr) route->show(options.scale, visit);
+  replay(contents.touches, stage.mapView());
+  if (route != nullptr) route->arrange();
+  while (overlays.labels && overlays.labels->arrange()) {
   }
-  replay(contents.touches, stage.root());
-  if (contents.route && !contents.touches.empty()) contents.route->arrangeMarks(mapView);
   mapView.updateMarkerPositions();
   mapView.updateMarkerVisibility();
 }
@@ -142,7 +179,7 @@ void attribute(Stage& stage, const Venue& venue, graphics::Size size,
   bool isShown = false;
   if (!options.noAttribution) {
     const auto view = std::make_shared<AttributionView>(text, corner, size, options.scale);
-    stage.mapView().addSubview(view);
+    stage.mapView()->addSubview(view);
     isShown = view->isWhole();
   }
   if (!isShown) complain("show this with the pictures: " + text);
@@ -206,14 +243,15 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   if (!options.route.empty()) needed.emplace_back("vortex");
   const auto venue =
       Session(options.connection).loadVenue(options.slug, options.accessible, needed);
-  Contents contents = findContents(*venue, options);
+  const Contents contents = findContents(*venue, options);
 
   Stage stage(size, options.scale);
   attribute(stage, *venue, size, options);
   const auto floors = stage.load(venue, contents.floors);
   for (const Highlight& highlight : contents.highlights)
     for (const auto& polygon : highlight.location->polygons)
-      stage.mapView().highlightPolygon(polygon, highlight.color);
+      stage.mapView()->highlightPolygon(polygon, highlight.color);
+  Overlays overlays(stage.mapView(), contents, options);
   PictureWriter writer(options);
   bool failed = false;
   std::set<const Map*> warned;
@@ -222,7 +260,7 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
     if (warned.insert(floor.map.get()).second) warn(floor);
     failed = failed || floor.state == FloorState::failed;
     if (floor.state != FloorState::ready) continue;
-    showFloor(stage, i, contents, options);
+    showFloor(stage, i, contents, overlays, options);
     writer.write(stage, writer.nameFor(*floor.map, floors.size() > 1));
   }
   const bool anything = writer.finish();

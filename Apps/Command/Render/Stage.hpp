@@ -24,10 +24,8 @@ class Stage {
   std::vector<FloorProgress> load(const std::shared_ptr<Venue>& venue,
                                   const std::vector<std::shared_ptr<Map>>& floors);
 
-  MapView& mapView() { return *mapView_; }
-
-  /// The map view as the topmost view, for touches.
-  std::shared_ptr<view::View> root() const { return mapView_; }
+  /// Also the topmost view, for touches.
+  const std::shared_ptr<MapView>& mapView() const { return mapView_; }
 
   /// One frame at a time in seconds, which rises from call to call.
   std::shared_ptr<const graphics::Image> picture(double time = 0.0);

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
 #include "Platform/View/ActivityIndicatorView.hpp"
 #include "Platform/View/Canvas.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Map.hpp"
 
 namespace orivanta::viewer {
@@ -28,7 +28,7 @@ class FloorSwitch::Cell : public Row {
       : Row(theme::controlSize),
         floor(std::move(shownFloor)),
         label_(std::make_shared<Label>(LabelStyle{.bold = true, .alignment = Alignment::centre},
-                                       command::floorLabel(*floor))) {
+                                       floorLabel(*floor))) {
     addSubview(label_);
     addSubview(wheel_);
     wheel_->setStyle(view::ActivityIndicatorStyle::gray);
@@ -74,9 +74,7 @@ class FloorSwitch::Cell : public Row {
 };
 
 FloorSwitch::FloorSwitch(std::vector<std::shared_ptr<Map>> floors) {
-  std::stable_sort(floors.begin(), floors.end(),
-                   [](const auto& a, const auto& b) { return a->elevation > b->elevation; });
-  for (const auto& floor : floors) {
+  for (const auto& floor : floorsFromTop(std::move(floors))) {
     const auto cell = std::make_shared<Cell>(floor);
     cell->action = [this, floor] {
       if (chosen) chosen(floor);

@@ -5,10 +5,9 @@
 #include <utility>
 #include <vector>
 
-#include "Apps/Command/Places.hpp"
 #include "Source/Category.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
-#include "Source/Map.hpp"
 
 namespace orivanta::viewer {
 
@@ -28,8 +27,7 @@ std::string kindOf(const Location& place) {
     if (!name.empty() && std::find(parts.begin(), parts.end(), name) == parts.end())
       parts.push_back(name);
   }
-  for (const auto& floor : command::floorsOf(place))
-    parts.push_back(floor->name.empty() ? command::floorLabel(*floor) : floor->name);
+  for (const auto& floor : floorsOf(place)) parts.push_back(floorName(*floor));
   std::string text;
   for (const std::string& part : parts) text += (text.empty() ? "" : "  \u00B7  ") + part;
   return text;

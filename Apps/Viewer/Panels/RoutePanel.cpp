@@ -4,21 +4,20 @@
 
 #include "Platform/View/Canvas.hpp"
 #include "Source/Location.hpp"
+#include "Source/UI/Display/MarkColors.hpp"
 
 namespace orivanta::viewer {
 
 namespace {
 
-constexpr graphics::Color startColor{0.18F, 0.55F, 0.34F};
-constexpr graphics::Color endColor{0.80F, 0.22F, 0.20F};
 constexpr double endHeight = 40;  // points
 constexpr double headHeight = 2 * endHeight + 12;
 constexpr double summaryHeight = 30;
 constexpr double switchHeight = 40;
 
 graphics::Color colorOf(StepKind kind) {
-  if (kind == StepKind::departure) return startColor;
-  return kind == StepKind::arrival ? endColor : theme::accent;
+  if (kind == StepKind::departure) return markColors::start;
+  return kind == StepKind::arrival ? markColors::end : theme::accent;
 }
 
 std::shared_ptr<Pressable> makeEnd(const std::shared_ptr<Label>& label) {
@@ -112,8 +111,8 @@ void RoutePanel::draw(view::Canvas& canvas) {
   const double left = theme::padding;
   const double first = 6 + endHeight / 2;
   canvas.fill({{left + 4, first}, {2, endHeight}}, theme::hairline);
-  canvas.fill({{left, first - 5}, {10, 10}}, startColor, 5);
-  canvas.fill({{left, first + endHeight - 5}, {10, 10}}, endColor, 5);
+  canvas.fill({{left, first - 5}, {10, 10}}, markColors::start, 5);
+  canvas.fill({{left, first + endHeight - 5}, {10, 10}}, markColors::end, 5);
   canvas.fill({{left + 20, 6 + endHeight}, {width - left - 20 - 52, 1}}, theme::hairline);
   canvas.fill({{left, headHeight}, {width - 2 * left, 1}}, theme::hairline);
 }

@@ -4,10 +4,10 @@
 #include <optional>
 #include <utility>
 
-#include "Apps/Command/Places.hpp"
-#include "Apps/Command/Text.hpp"
+#include "Platform/Foundation/DisplayText.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Source/Category.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Venue.hpp"
 
@@ -39,7 +39,7 @@ class GroupTitle : public Row {
 };
 
 std::string labelOf(const std::optional<std::string>& name) {
-  return name ? command::label(*name) : std::string();
+  return name ? foundation::label(*name) : std::string();
 }
 
 std::string categoryOf(const Location& place) {
@@ -122,11 +122,10 @@ void SearchPanel::show(const std::vector<PlaceGroup>& groups) {
 
 std::shared_ptr<Row> SearchPanel::makeRow(std::size_t index) {
   const Item& item = items_[index];
-  if (!item.place) return std::make_shared<GroupTitle>(command::label(item.text));
-  auto row = std::make_shared<Row>(
-      RowText{.title = labelOf(item.place->name),
-              .detail = item.text,
-              .trailing = command::floorLabels(command::floorsOf(*item.place))});
+  if (!item.place) return std::make_shared<GroupTitle>(foundation::label(item.text));
+  auto row = std::make_shared<Row>(RowText{.title = labelOf(item.place->name),
+                                           .detail = item.text,
+                                           .trailing = floorLabels(floorsOf(*item.place))});
   row->action = [this, place = item.place] { choose(place); };
   return row;
 }

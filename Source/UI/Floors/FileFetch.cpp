@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <boost/asio/post.hpp>
 #include <exception>
-#include <filesystem>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -14,8 +13,6 @@
 #include "Platform/Foundation/Files.hpp"
 
 namespace orivanta {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -73,14 +70,6 @@ FileFetch::Outcome FileFetch::fetch(const File& file) try {
   return downloader_->fetchFile(file.url, file.folder, requests_);
 } catch (const std::exception& failure) {
   return {"", fmt::format("{}: {}", file.url.absoluteString(), failure.what())};
-}
-
-void FileFetch::forget(const std::string& path) {
-  const auto caches = foundation::cachesDirectory();
-  if (!caches) return;
-  const fs::path below = fs::path(path).lexically_relative(*caches);
-  std::error_code failure;
-  if (!below.empty() && *below.begin() != ".." && below != ".") fs::remove(path, failure);
 }
 
 }  // namespace orivanta

@@ -43,10 +43,6 @@ class FileFetch {
   void cancel();
   bool isCancelled() const;
 
-  /// Takes a file that is not what it should be out of the caches directory, so that it is fetched
-  /// anew the next time. A file elsewhere stays.
-  static void forget(const std::string& path);
-
  private:
   FileFetch(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader, Reports reports);
   void work();

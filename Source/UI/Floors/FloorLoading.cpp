@@ -38,7 +38,7 @@ std::variant<std::shared_ptr<scene::Node>, std::string> readModel(AssetLoader& l
   auto model = loader.readModel(foundation::Url::fromFile(path));
   const auto* const error = std::get_if<foundation::Error>(&model);
   if (error == nullptr) return std::get<0>(std::move(model));
-  FileFetch::forget(path);
+  HttpDownloader::forgetFile(path);
   return fmt::format("{} is no model that can be shown: {}", address, reasonOf(*error, path));
 } catch (const std::exception& failure) {
   return fmt::format("{} cannot be read: {}", address, failure.what());
@@ -46,9 +46,10 @@ std::variant<std::shared_ptr<scene::Node>, std::string> readModel(AssetLoader& l
 
 }  // namespace
 
-FloorLoading::FloorLoading(const std::shared_ptr<MapView>& view, FloorLoadHandlers handlers,
-                           const std::shared_ptr<Map>& first)
+FloorLoading::FloorLoading(const std::shared_ptr<MapView>& view, FloorStage stage,
+                           FloorLoadHandlers handlers, const std::shared_ptr<Map>& first)
     : view_(view),
+      stage_(std::move(stage)),
       venue_(view->venue),
       handlers_(std::make_shared<FloorLoadHandlers>(std::move(handlers))) {
   pictures_ = std::make_shared<PictureBudget>(countFloorsWithPictures(*view->venue));
@@ -96,7 +97,7 @@ void FloorLoading::start() {
 
 void FloorLoading::cancel() {
   if (!handlers_) return;
-  if (const auto view = view_.lock(); view && !sceneStarted_) view->hideActivity();
+  if (const auto view = view_.lock(); view && !sceneStarted_) stage_.hideActivity();
   release();
 }
 
@@ -180,7 +181,7 @@ void FloorLoading::wasRead(std::size_t index, const Model& model) {
   if (const auto* const problem = std::get_if<std::string>(&model.node)) {
     fail(floor, *problem);
   } else {
-    view->setModel(*floor.progress.map, std::get<std::shared_ptr<scene::Node>>(model.node));
+    stage_.setModel(*floor.progress.map, std::get<std::shared_ptr<scene::Node>>(model.node));
     floor.remarks.insert(floor.remarks.end(), model.remarks.begin(), model.remarks.end());
     floor.progress.remark = fmt::format("{}", fmt::join(floor.remarks, "; "));
     floor.progress.problem = fmt::format("{}", fmt::join(floor.omissions, "; "));
@@ -207,7 +208,7 @@ void FloorLoading::startScene() {
   });
   if (ready == order_.end()) return;
   sceneStarted_ = true;
-  view->show(floors_[*ready].progress.map);
+  stage_.showFirst(floors_[*ready].progress.map);
 }
 
 void FloorLoading::changed(const Floor& floor) {
@@ -219,7 +220,7 @@ void FloorLoading::endIfDone() {
   if (!handlers_ || !std::all_of(floors_.begin(), floors_.end(),
                                  [](const Floor& floor) { return isDone(floor.progress.state); }))
     return;
-  if (const auto view = view_.lock(); view && !sceneStarted_) view->hideActivity();
+  if (const auto view = view_.lock(); view && !sceneStarted_) stage_.hideActivity();
   const auto handlers = release();
   if (handlers->ended) handlers->ended(floors());
 }
@@ -228,7 +229,8 @@ void FloorLoading::endIfDone() {
 std::shared_ptr<FloorLoadHandlers> FloorLoading::release() {
   const auto self = shared_from_this();
   if (const auto fetch = std::exchange(fetch_, nullptr)) fetch->cancel();
-  if (const auto view = view_.lock(); view && view->floorLoad_ == self) view->floorLoad_.reset();
+  const auto view = view_.lock();  // kept until the stage has been told
+  if (view) stage_.ended(*self);
   return std::exchange(handlers_, nullptr);
 }
 

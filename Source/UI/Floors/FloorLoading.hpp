@@ -1,6 +1,7 @@
 // One load of a venue's floors into a map view.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <variant>
@@ -17,13 +18,22 @@ namespace orivanta {
 
 class MapView;
 
+/// What a load of floors does to the map view that it is for. Called on the main thread while the
+/// map view exists.
+struct FloorStage {
+  std::function<void(Map& map, const std::shared_ptr<scene::Node>& model)> setModel;
+  std::function<void(const std::shared_ptr<Map>& map)> showFirst;  ///< starts the scene
+  std::function<void()> hideActivity;
+  std::function<void(const FloorLoad& load)> ended;
+};
+
 /// Owned by its view while it is under way. All of its state belongs to the main thread: work in
 /// the background sees none of it and tells its results through the main queue, where those of a
 /// load that is over are dropped. The load is over, without a word, when the view has another venue
 /// by then.
 class FloorLoading : public FloorLoad, public std::enable_shared_from_this<FloorLoading> {
  public:
-  FloorLoading(const std::shared_ptr<MapView>& view, FloorLoadHandlers handlers,
+  FloorLoading(const std::shared_ptr<MapView>& view, FloorStage stage, FloorLoadHandlers handlers,
                const std::shared_ptr<Map>& first);
 
   void start();
@@ -58,6 +68,7 @@ class FloorLoading : public FloorLoad, public std::enable_shared_from_this<Floor
   std::shared_ptr<FloorLoadHandlers> release();
 
   const std::weak_ptr<MapView> view_;
+  const FloorStage stage_;
   std::weak_ptr<Venue> venue_;
   std::shared_ptr<FloorLoadHandlers> handlers_;  // null when the load is over
   std::vector<Floor> floors_;

@@ -23,12 +23,12 @@ constexpr std::size_t longestName = 255;
 constexpr std::size_t largestNote = 256U << 10U;  // a URL has at most 64 KiB
 
 // Length and checksum.
-std::string imprintOf(std::size_t length, const Fnv& checksum) {
+std::string imprintOf(std::size_t length, const foundation::Fnv& checksum) {
   return fmt::format("{} {:016x}", length, checksum.value());
 }
 
 std::string imprintOf(std::string_view bytes) {
-  Fnv checksum;
+  foundation::Fnv checksum;
   checksum.add(bytes);
   return imprintOf(bytes.size(), checksum);
 }
@@ -36,7 +36,7 @@ std::string imprintOf(std::string_view bytes) {
 std::string imprintOf(const fs::path& file) {
   std::ifstream stream(file, std::ios::binary);
   std::array<char, 64U << 10U> block{};
-  Fnv checksum;
+  foundation::Fnv checksum;
   std::size_t length = 0;
   while (stream.read(block.data(), block.size()) || stream.gcount() > 0) {
     const auto count = static_cast<std::size_t>(stream.gcount());
@@ -53,7 +53,8 @@ KeptFile::KeptFile(fs::path file) : file_(std::move(file)) {}
 fs::path KeptFile::note() const {
   const std::string name = file_.filename().string();
   std::string noteName = fmt::format(".{}.origin", name);
-  if (noteName.size() > longestName) noteName = fmt::format(".{:016x}.origin", Fnv::of(name));
+  if (noteName.size() > longestName)
+    noteName = fmt::format(".{:016x}.origin", foundation::Fnv::of(name));
   return file_.parent_path() / noteName;
 }
 

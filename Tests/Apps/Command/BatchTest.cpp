@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "Tests/Apps/Command/TwoFloorVenue.hpp"
+#include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
 namespace {

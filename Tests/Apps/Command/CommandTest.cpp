@@ -8,8 +8,8 @@
 #include "Apps/Server/VenueServer.hpp"
 #include "Source/RawData.hpp"
 #include "Tests/Apps/Command/Program.hpp"
-#include "Tests/Apps/Command/TwoFloorVenue.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
+#include "Tests/Support/TwoFloorVenue.hpp"
 #include "Tests/Support/Venues.hpp"
 
 namespace orivanta::command {
@@ -71,17 +71,11 @@ TEST_F(Command, AnswersQueries) {
        R"([{"id":"v","slug":"small","name":"Small Mall"}])"
        "\n",
        ""},
-      {{"--json", "venues"},
-       0,
-       R"([{"id":"v","slug":"small","name":"Small Mall"}])"
-       "\n",
-       ""},
       {{"venue", "small", "--locations"},
        0,
        "l1  Bakery     G   Food\nl2  Book Shop  F1  Shops\n",
        ""},
       {{"venue", "small", "--locations", "o"}, 0, "l2  Book Shop  F1  Shops\n", ""},
-      {{"venue", "--locations=BAKE", "small"}, 0, "l1  Bakery  G  Food\n", ""},
       {{"venue", "small", "--locations", "zoo"}, 1, "", "no location with \"zoo\""},
       {{"venue", "smell"}, 1, "", "no venue \"smell\"; the server has small"},
       {{"route", "small", "--from", "bakery", "--to", "l2"},
@@ -98,7 +92,6 @@ TEST_F(Command, AnswersQueries) {
        0,
        "Floors:  G\nLength:  0.0 m (0.0 units)\n",
        ""},
-      {{"route", "small", "--from", "n1", "--to", "n4"}, 1, "", "no route from n1 to n4"},
       {{"route", "small", "--from", "n1", "--to", "n4", "--json"},
        1,
        R"({"path":null,"weight":null})"
@@ -119,12 +112,10 @@ TEST_F(Command, AnswersQueries) {
 }
 
 TEST_F(Command, DescribesAVenue) {
-  const ProgramResult text = run({"venue", "small"});
-  EXPECT_EQ(text.exitCode, 0);
-  EXPECT_TRUE(text.output.starts_with("Small Mall (small)\n")) << text.output;
-  EXPECT_TRUE(contains(text.output, "    Food (1)\n")) << text.output;
+  const std::string text = run({"venue", "small"}).output;
+  EXPECT_TRUE(text.starts_with("Small Mall (small)\n") && contains(text, "Stairs B")) << text;
   EXPECT_FALSE(contains(run({"venue", "small", "--accessible"}).output, "Stairs B"));
-  const auto json = RawData::parse(run({"venue", "small", "--json"}).output);
+  const auto json = RawData::parse(run({"--json", "venue", "small"}).output);
   ASSERT_TRUE(json);
   EXPECT_EQ((*json)["counts"]["nodes"].double_(), 6.0);
 }
@@ -143,10 +134,8 @@ TEST_F(Command, RefusesWrongUse) {
   const std::vector<Case> cases = {
       {{}, "subcommand is required"},
       {{"fly"}, "\"fly\" is no command"},
-      {{"--fast", "venues"}, "--fast"},
       {{"venues", "--fast"}, "--fast"},
       {{"venue"}, "SLUG is required"},
-      {{"venue", "small", "two"}, "two"},
       {{"route", "small", "--from", "n1"}, "--to"},
       {{"route", "small", "--from", "n1", "--to", ""}, "empty"},
       {{"route", "small", "--batch", "-", "--to", "n1"}, "--batch takes the place"},
@@ -156,7 +145,6 @@ TEST_F(Command, RefusesWrongUse) {
       {{"venues", "--settings", missing}, "no folder"},
       {{"venues", "--endpoint", "nowhere at all"}, "is no URL"},
       {{"venues", "--password", "a", "--password-file", "-"}, "not both"},
-      {{"venues", "--password-file", missing}, "cannot read"},
       {{"venues", "--username", "a:b"}, "colon"},
       {{"serve", missing, "--port", "0"}, "missing"},
       {{"serve", bad, "--port", "0"}, "orivanta serve: " + bad + "/venue.json"},
@@ -230,13 +218,9 @@ TEST_F(Command, AnswersABatchLineByLine) {
   const ProgramResult result = program.finish();
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_EQ(result.output + result.errors, "");
-}
-
-TEST_F(Command, ReadsABatchFromAFile) {
   const auto file = folder_.write("batch", "{\"id\":7,\"fromLocation\":\"l1\",\"to\":[\"n1\"]}");
-  const ProgramResult result = run({"route", "small", "--batch", file.string()});
-  EXPECT_EQ(result.exitCode, 0) << result.errors;
-  EXPECT_EQ(result.output, "{\"id\":7,\"path\":[\"n1\"],\"weight\":0}\n");
+  EXPECT_EQ(run({"route", "small", "--batch", file.string()}).output,
+            "{\"id\":7,\"path\":[\"n1\"],\"weight\":0}\n");
 }
 
 TEST_F(Command, SaysWhenItsOutputCannotBeWritten) {

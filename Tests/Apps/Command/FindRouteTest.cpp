@@ -22,29 +22,6 @@ std::string list(const RawData& ids) {
   return text + "]";
 }
 
-// The known queries of a venue as a batch, and the answers to them.
-struct KnownRoutes {
-  std::string requests;
-  std::string answers;
-
-  KnownRoutes(const std::filesystem::path& package, bool accessible) {
-    const auto known = RawData::parse(test::contentsOf(package / "golden.json"));
-    for (const RawData& query : (*known)["queries"].arrayValue()) {
-      if (query["accessible"].bool_() != accessible) continue;
-      requests += fmt::format("{{\"id\":{},\"from\":{},\"to\":{}}}\n", count_, list(query["start"]),
-                              list(query["destination"]));
-      const auto weight = query["weight"].string();
-      const double number = weight ? std::strtod(weight->c_str(), nullptr) : 0.0;
-      answers +=
-          fmt::format("{{\"id\":{},\"path\":{},\"weight\":{}}}\n", count_++,
-                      weight ? list(query["path"]) : "null", weight ? jsonNumber(number) : "null");
-    }
-  }
-
- private:
-  int count_ = 0;
-};
-
 TEST(FindRoute, BatchesGiveTheKnownRoutesOfRealVenues) {
   const auto folder = test::venuesFolder();
   if (!folder) GTEST_SKIP() << "no venues beside the project";
@@ -55,22 +32,24 @@ TEST(FindRoute, BatchesGiveTheKnownRoutesOfRealVenues) {
     for (const bool accessible : {false, true}) {
       // The known accessible routes of this one are for connectors in another order.
       if (accessible && name == "tie-grid") continue;
-      const KnownRoutes routes(*folder / name, accessible);
       std::vector<std::string> arguments = {"route", name, "--batch", "-"};
       if (accessible) arguments.emplace_back("--accessible");
       test::Program program(arguments, {"ORIVANTA_ENDPOINT=" + server.root()});
-      // Sent and read in turn, so that neither pipe fills up.
-      std::string_view requests = routes.requests;
-      std::string answers;
-      while (!requests.empty()) {
-        const std::size_t end = requests.find('\n') + 1;
-        program.send(requests.substr(0, end));
-        requests.remove_prefix(end);
-        answers += program.readLine();
+      int count = 0;
+      const auto known = RawData::parse(test::contentsOf(*folder / name / "golden.json"));
+      for (const RawData& query : (*known)["queries"].arrayValue()) {
+        if (query["accessible"].bool_() != accessible) continue;
+        program.send(fmt::format("{{\"id\":{},\"from\":{},\"to\":{}}}\n", ++count,
+                                 list(query["start"]), list(query["destination"])));
+        const auto weight = query["weight"].string();
+        ASSERT_EQ(program.readLine(),
+                  fmt::format("{{\"id\":{},\"path\":{},\"weight\":{}}}\n", count,
+                              weight ? list(query["path"]) : "null",
+                              weight ? jsonNumber(std::strtod(weight->c_str(), nullptr)) : "null"))
+            << name;
       }
+      EXPECT_GT(count, 0) << name;
       EXPECT_EQ(program.finish().exitCode, 0);
-      EXPECT_FALSE(answers.empty());
-      EXPECT_EQ(answers, routes.answers) << name;
     }
 }
 

@@ -32,15 +32,5 @@ TEST(ProgressLine, IsRewrittenInPlaceAndCleared) {
   EXPECT_EQ(taken(), "");
 }
 
-TEST(ProgressLine, IsSilentWithoutATerminal) {
-  std::string written;
-  ProgressLine line([&](std::string_view bytes) { written += bytes; }, std::nullopt);
-  line.show("1 of 6", {});
-  line.clear();
-  EXPECT_EQ(written, "");
-  line.note("a line");
-  EXPECT_EQ(written, "a line\n");
-}
-
 }  // namespace
 }  // namespace orivanta::command

@@ -5,17 +5,10 @@
 #include "Apps/Command/Json.hpp"
 #include "Apps/Command/Places.hpp"
 #include "Source/Directions.hpp"
-#include "Source/NavigationGraph.hpp"
-#include "Tests/Apps/Command/TwoFloorVenue.hpp"
+#include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
 namespace {
-
-NodeList nodesNamed(const Venue& venue, const std::vector<std::string>& ids) {
-  NodeList nodes;
-  for (const std::string& id : ids) nodes.push_back(findRouteEnd(venue, {id}).nodes.front());
-  return nodes;
-}
 
 TEST(RouteDescription, TellsFloorsRidesLengthAndWeight) {
   const auto venue = test::TwoFloorVenue().load(/*accessible=*/true);
@@ -40,49 +33,11 @@ TEST(RouteDescription, LengthInMetresNeedsAPositiveScale) {
     small.venue =
         R"({"id": "v", "slug": "s", "name": "n", "unitsPerMetre": )" + std::string(scale) + "}";
     const auto venue = small.load();
-    const auto route = describeRoute(*venue, Directions::make(nodesNamed(*venue, {"n1", "n2"})));
+    const auto route = describeRoute(
+        *venue, Directions::make(NodeList(venue->nodes->begin(), venue->nodes->begin() + 2)));
     EXPECT_FALSE(route.lengthMetres) << scale;
     EXPECT_EQ(routeText(route), "Floors:  G\nLength:  3.0 units\n");
   }
-}
-
-TEST(RouteDescription, StopsOfOneRideAreOne) {
-  test::TwoFloorVenue small;
-  small.maps = R"([{"id": "g", "shortName": "G"}, {"id": "f1", "shortName": "F1", "elevation": 1},
-                   {"id": "f2", "shortName": "F2", "elevation": 2}])";
-  small.nodes =
-      R"([{"id": "a0", "map": "g", "x": 0, "y": 0}, {"id": "a1", "map": "f1", "x": 0, "y": 0},
-                    {"id": "a2", "map": "f2", "x": 0, "y": 0}])";
-  small.vortices = R"([
-      {"id": "x", "name": "X", "type": "lift", "nodes": ["a0", "a1"]},
-      {"id": "y", "name": "Y", "type": "lift", "nodes": ["a0", "a1", "a2"], "weight": 3}])";
-  const auto venue = small.load();
-  const auto rides = [&](const std::vector<std::string>& path) {
-    std::string text;
-    for (const Ride& ride : describeRoute(*venue, Directions::make(nodesNamed(*venue, path))).rides)
-      text += *ride.connector->name + ":" + ride.from->shortName + "-" + ride.to->shortName + " ";
-    return text;
-  };
-  EXPECT_EQ(rides({"a2", "a1", "a2"}), "Y:F2-F2 ");
-  EXPECT_EQ(rides({"a0", "a1", "a2"}), "X:G-F1 Y:F1-F2 ");  // X is the cheaper of two up to F1
-  EXPECT_EQ(rides({"a0"}), "");
-}
-
-TEST(RouteDescription, OfParallelEdgesTheCheapestCountsAndTheFirstAmongEquals) {
-  test::TwoFloorVenue small;
-  small.nodes = R"([
-      {"id": "n1", "map": "g", "x": 0, "y": 0,
-       "paths": [{"node": "n2"}, {"node": "n2"}, {"node": "n3"}]},
-      {"id": "n2", "map": "g", "x": 4, "y": 0}, {"id": "n3", "map": "g", "x": 9, "y": 0}])";
-  small.vortices = R"([{"id": "belt", "name": "Belt", "type": "belt", "nodes": ["n1", "n3"]}])";
-  const auto venue = small.load();
-  const NavigationGraph& graph = *venue->navigationGraph;
-  const NodeList nodes = nodesNamed(*venue, {"n1", "n2", "n3"});
-  EXPECT_EQ(cheapestEdge(graph, *nodes[0], *nodes[1]), &graph[*nodes[0]][0]);
-  EXPECT_EQ(*cheapestEdge(graph, *nodes[0], *nodes[2])->vortex()->id, "belt");
-  EXPECT_EQ(cheapestEdge(graph, *nodes[1], *nodes[0]), nullptr);
-  EXPECT_EQ(pathWeight(graph, nodesNamed(*venue, {"n1", "n2"})), 4.0);
-  EXPECT_EQ(pathWeight(graph, nodesNamed(*venue, {"n1", "n3"})), 0.0);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 #include "Apps/Command/Json.hpp"
 #include "Apps/Command/VenueReport.hpp"
-#include "Tests/Apps/Command/TwoFloorVenue.hpp"
+#include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
 namespace {
@@ -83,7 +83,7 @@ TEST(VenueReport, IsTheSameWhenLinksWereMadeTwice) {
       "2 floors, 2 locations, 2 categories, 2 connectors, 6 nodes, 2 polygons\n"
       "\n"
       "    Floor   Elevation  Locations  Nodes  Polygons\n"
-      "F1  First          10          1      2         1\n"
+      "F1  新宿駅         10          1      2         1\n"
       "G   Ground          0          1      4         1\n"
       "\n"
       "Categories (and their locations)\n"
@@ -93,8 +93,11 @@ TEST(VenueReport, IsTheSameWhenLinksWereMadeTwice) {
       "Connectors\n"
       "  elevator  F1, G  1 x  accessible      Lift A\n"
       "  stairs    F1, G  1 x  not accessible  Stairs B\n";
+  test::TwoFloorVenue small;
+  small.maps = R"([{"id": "g", "name": "Ground", "shortName": "G"},
+                   {"id": "f1", "name": "新宿駅", "shortName": "F1", "elevation": 10}])";
   for (const bool twice : {false, true})
-    EXPECT_EQ(venueText(*test::TwoFloorVenue().load(false, twice), false), expected);
+    EXPECT_EQ(venueText(*small.load(false, twice), false), expected);
 }
 
 TEST(VenueReport, JsonHasTheWholeVenue) {

@@ -49,6 +49,8 @@ TEST(VenuePackage, RefusalsNameTheFileAndTheReason) {
       {"node.json", "", "incomplete JSON at line 1, column 1"},
       {"node.json", "[1,\n 2,,3]", "line 2, column 4"},
       {"node.json", "[] []", "line 1, column 4"},
+      {"node.json", "[4", "incomplete JSON at line 1, column 3"},
+      {"node.json", "5", "neither an object nor an array"},
       {"node.json", "[1e400]", "beyond the range of a double"},
       {"vortex.json", "{}", "not an array"},
       {"venue.json", "[]", "not an object"},

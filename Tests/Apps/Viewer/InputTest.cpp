@@ -207,8 +207,9 @@ TEST_F(InputTest, NothingIsDrawnWhileTheWindowIsHidden) {
     foundation::mainQueue::async(next);
   };
   foundation::mainQueue::async(next);
-  viewer::Times times(/*isEnabled=*/false);
-  runWindow(viewer, *surface, times);
+  viewer::Times times(nullptr);
+  const auto ignore = [](std::string_view) {};
+  runWindow(viewer, *surface, times, {ignore, ignore});
   EXPECT_GT(countWhenHidden, 0);
 }
 

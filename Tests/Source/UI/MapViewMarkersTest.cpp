@@ -92,5 +92,19 @@ TEST(MapViewMarkersDeathTest, StopOnBrokenPromises) {
   EXPECT_DEATH(flat.collidesWithMarker(base), "2D marker");
 }
 
+TEST(MapViewMarkers, MoveToARenewedOverlay) {
+  ShownVenue shown;
+  const auto visible = add(shown, {500, false});
+  const auto hidden = add(shown, {500, true});
+  shown.mapView->updateMarkerVisibility();
+  shown.mapView->setFrame({{0, 0}, {400, 200}});
+  shown.mapView->layoutIfNeeded();
+  shown.mapView->renewOverlay();
+  EXPECT_EQ(shown.mapView->overlay().size(), (graphics::Size{400, 200}));
+  EXPECT_EQ(visible->node->parent(), shown.mapView->spriteScene);
+  EXPECT_FALSE(hidden->node->hasParent());
+  EXPECT_NEAR(visible->node->position().x, 200, 1e-3);
+}
+
 }  // namespace
 }  // namespace orivanta::test

@@ -41,6 +41,11 @@ TEST(MapViewSelection, TellsWhatIsTapped) {
   const auto at = [&](float x, float y) {
     return shown.mapView->findPositionCameraViewport({x, y, 2});
   };
+  std::vector<std::string> places;
+  shown.mapView->placeTapped = [&](const std::shared_ptr<Location>& place) {
+    places.push_back(place ? *place->name : "none");
+    EXPECT_EQ(shown.delegate->calls.size(), places.size() + 1) << "the delegate is told first";
+  };
   tap(shown, at(200, 200));  // the cafe
   tap(shown, at(700, 700));  // the hall, without location
   tap(shown, at(450, 450));  // a shape that is no polygon
@@ -49,6 +54,7 @@ TEST(MapViewSelection, TellsWhatIsTapped) {
   tap(shown, {400, 400});  // nothing at all
   EXPECT_THAT(shown.delegate->calls,
               ElementsAre("loaded", "cafe", "nothing", "nothing", "nothing", "nothing"));
+  EXPECT_THAT(places, ElementsAre("Cafe", "none", "none", "none", "none"));
   EXPECT_TRUE(lines.contains("Got Poly: cafe"));
   EXPECT_TRUE(lines.contains("Got Poly: nil"));
   EXPECT_TRUE(lines.contains("Location selected: [Cafe]"));

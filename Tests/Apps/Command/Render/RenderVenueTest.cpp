@@ -8,6 +8,7 @@
 
 #include "Apps/Server/VenueServer.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
+#include "Source/UI/Display/MarkColors.hpp"
 #include "Tests/Apps/Command/Program.hpp"
 #include "Tests/Apps/DemoVenue/GeneratedVenue.hpp"
 #include "Tests/Apps/TwoVisitsPackage.hpp"
@@ -142,8 +143,8 @@ TEST_F(RenderVenue, DrawsAPictureForEachVisitToAFloor) {
   const auto route = renderVisits({"--route", "bakery", "museum"});
   EXPECT_EQ(route.output,
             file("map-G.png") + "\n" + file("map-U.png") + "\n" + file("map-G-2.png") + "\n");
-  constexpr graphics::Color start{0.18F, 0.55F, 0.34F};
-  constexpr graphics::Color end{0.80F, 0.22F, 0.20F};
+  using markColors::end;
+  using markColors::start;
   EXPECT_GT(test::countPixels(*picture("map-G.png"), start), 50);
   EXPECT_EQ(test::countPixels(*picture("map-G.png"), end), 0);
   EXPECT_EQ(test::countPixels(*picture("map-G-2.png"), start), 0);

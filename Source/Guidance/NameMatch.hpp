@@ -1,0 +1,50 @@
+// How well a name answers what somebody typed, and the order of names in a list.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+
+namespace orivanta {
+
+/// The quality of a match; a smaller value is better.
+enum class NameMatch {
+  beginning,  ///< the name begins with the whole text
+  word,       ///< each typed word begins a word of the name
+  inside,     ///< each typed word occurs somewhere in the name
+  near,       ///< as `inside`, if a letter or two are changed, added, removed or swapped
+  none
+};
+
+/// What somebody typed, prepared for the comparison with many names. Immutable.
+class ORIVANTA_API TypedText {
+ public:
+  explicit TypedText(std::string_view text);
+
+  /// Whether the text has neither letters nor digits.
+  bool empty() const { return form_.empty(); }
+
+  /// The match with a name in its search form (see `searchForm`). An empty text matches every name
+  /// as its beginning.
+  NameMatch match(std::string_view name) const;
+
+ private:
+  struct Word {
+    std::string text;
+    std::vector<std::int32_t> letters;  // its code points
+  };
+  static NameMatch matchWord(std::string_view name, const std::vector<std::string_view>& words,
+                             const Word& typed);
+
+  std::string form_;  // in its search form
+  std::vector<Word> words_;
+};
+
+/// Whether one name comes before another in a list, both in their search form. A run of digits
+/// counts as the number that it is: "1f 14" comes before "1f 139".
+ORIVANTA_API bool nameComesBefore(std::string_view left, std::string_view right);
+
+}  // namespace orivanta

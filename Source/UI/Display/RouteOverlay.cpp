@@ -1,0 +1,199 @@
+#include "Source/UI/Display/RouteOverlay.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "Platform/Graphics/Changes.hpp"
+#include "Platform/Graphics/Text.hpp"
+#include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/Node.hpp"
+#include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/Node.hpp"
+#include "Source/UI/Display/MarkColors.hpp"
+#include "Source/UI/MapView.hpp"
+#include "Source/UI/MarkerImages.hpp"
+#include "Source/UI/Parts/MarkImages.hpp"
+#include "Source/UI/Parts/MarkPlacement.hpp"
+#include "Source/UI/Parts/RouteRibbons.hpp"
+#include "Source/UI/ScenePosition.hpp"
+
+namespace orivanta {
+
+namespace {
+
+constexpr double backing = 3.5;  // points around the letters, which may lie on the route
+
+std::string nameOf(const std::shared_ptr<Location>& location, const char* otherwise) {
+  return location ? location->name.value_or(otherwise) : otherwise;
+}
+
+// The mark for the change of floor that begins at a node of the path; empty if none does.
+std::string rideText(const NodeList& path, std::size_t begin) {
+  for (const FloorChange& change : floorChanges(path))
+    if (change.begin == begin)
+      return floorChangeMark(*path[change.begin]->map, *path[change.end]->map);
+  return {};
+}
+
+}  // namespace
+
+struct RouteOverlay::Mark {
+  graphics::Vector3 position;
+  graphics::Color color;
+  std::shared_ptr<const graphics::Image> text;  // null without one
+  std::shared_ptr<MapViewMarker2D> marker;      // null before it is first arranged
+};
+
+struct RouteOverlay::Marks {
+  std::vector<Mark> list;
+  std::vector<MarkLook> looks;  // of the marks, once they are arranged
+};
+
+RouteOverlay::RouteOverlay(std::shared_ptr<MapView> mapView, NodeList path,
+                           std::shared_ptr<Location> from, std::shared_ptr<Location> to)
+    : mapView_(std::move(mapView)),
+      path_(std::move(path)),
+      from_(std::move(from)),
+      to_(std::move(to)),
+      visits_(floorVisits(path_)),
+      marks_(std::make_unique<Marks>()) {}
+
+RouteOverlay::~RouteOverlay() { hide(); }
+
+const FloorVisit* RouteOverlay::firstVisitTo(const Map& floor) const {
+  const auto found = std::find_if(visits_.begin(), visits_.end(),
+                                  [&](const auto& visit) { return *visit.floor == floor; });
+  return found == visits_.end() ? nullptr : &*found;
+}
+
+const FloorVisit* RouteOverlay::visitWith(const Node& node) const {
+  for (const FloorVisit& visit : visits_)
+    for (std::size_t i = visit.first; i <= visit.last; ++i)
+      if (path_[i].get() == &node) return &visit;
+  return nullptr;
+}
+
+std::vector<graphics::Vector3> RouteOverlay::pointsOf(const FloorVisit& visit) const {
+  std::vector<graphics::Vector3> points;
+  for (std::size_t i = visit.first; i <= visit.last; ++i)
+    points.push_back(scenePosition(*path_[i]));
+  return points;
+}
+
+std::vector<graphics::Vector3> RouteOverlay::pointsOn(const Map& floor) const {
+  std::vector<graphics::Vector3> points;
+  for (const auto& node : path_)
+    if (*node->map == floor) points.push_back(scenePosition(*node));
+  return points;
+}
+
+void RouteOverlay::show(double scale, const FloorVisit* only) {
+  scale_ = scale;
+  first_ = only != nullptr ? only->first : 0;
+  end_ = only != nullptr ? only->last + 1 : path_.size();
+  redraw();
+}
+
+void RouteOverlay::hide() {
+  clear();
+  first_ = end_ = 0;
+}
+
+void RouteOverlay::clear() {
+  const graphics::Transaction transaction;
+  for (const auto& segment : segments_) segment->removeFromParent();
+  segments_.clear();
+  for (const Mark& mark : marks_->list) mapView_->removeMarker(mark.marker);
+  *marks_ = {};
+  scene_ = nullptr;
+  floor_ = nullptr;
+}
+
+void RouteOverlay::arrange() {
+  if (first_ == end_ || arrangedChange_ == graphics::changeCount()) return;
+  if (mapView_->currentMap() != floor_ || mapView_->sceneView->scene() != scene_) return redraw();
+  arrangeMarks();
+}
+
+void RouteOverlay::redraw() {
+  const graphics::Transaction transaction;
+  clear();
+  floor_ = mapView_->currentMap();
+  scene_ = mapView_->sceneView->scene();
+  if (!floor_ || !scene_) return;
+  drawSegments();
+  addMarks();
+  arrangeMarks();
+}
+
+bool RouteOverlay::isOnShownFloor(std::size_t index) const { return path_[index]->map == floor_; }
+
+void RouteOverlay::drawSegments() {
+  const graphics::Color ribbon = color.value_or(mapView_->pathColor);
+  for (std::size_t i = first_; i + 1 < end_; ++i) {
+    if (!isOnShownFloor(i) || !isOnShownFloor(i + 1)) continue;
+    for (const auto& layer :
+         makeRouteSegment(scenePosition(*path_[i]), scenePosition(*path_[i + 1]), ribbon)) {
+      scene_->rootNode()->addChild(layer);
+      segments_.push_back(layer);
+    }
+  }
+}
+
+// One mark for a node, whatever happens there.
+void RouteOverlay::addMarks() {
+  for (std::size_t i = first_; i < end_; ++i) {
+    if (!isOnShownFloor(i)) continue;
+    const bool isStart = i == 0;
+    const bool isEnd = i + 1 == path_.size();
+    const bool leaves = !isEnd && !isOnShownFloor(i + 1);
+    if (!isStart && !isEnd && !leaves && isOnShownFloor(i - 1)) continue;
+    std::string text = isStart ? nameOf(from_, "Start") : isEnd ? nameOf(to_, "Destination") : "";
+    if (leaves) text += (text.empty() ? "" : "  ") + rideText(path_, i);
+    addMark(i, isEnd ? markColors::end : isStart ? markColors::start : markColors::ride, text);
+  }
+}
+
+void RouteOverlay::addMark(std::size_t index, graphics::Color markColor, const std::string& text) {
+  auto style = labelStyle();
+  style.bold = true;
+  style.outlineWidth = backing;
+  style.outlineColor = graphics::colors::white;
+  marks_->list.push_back({scenePosition(*path_[index]), markColor,
+                          graphics::makeTextImage(text, style, scale_), nullptr});
+}
+
+std::vector<std::vector<graphics::Point>> RouteOverlay::linesInView() const {
+  std::vector<std::vector<graphics::Point>> lines;
+  bool continues = false;
+  for (std::size_t i = first_; i < end_; ++i) {
+    const bool isHere = isOnShownFloor(i);
+    if (isHere && !continues) lines.emplace_back();
+    if (isHere)
+      lines.back().push_back(mapView_->findPositionCameraViewport(scenePosition(*path_[i])));
+    continues = isHere;
+  }
+  return lines;
+}
+
+void RouteOverlay::arrangeMarks() {
+  std::vector<MarkPlace> places;
+  for (const Mark& mark : marks_->list)
+    places.push_back({mapView_->findPositionCameraViewport(mark.position),
+                      mark.text ? mark.text->size() : graphics::Size{}});
+  auto looks = placeMarks(places, linesInView(), mapView_->bounds(), marks_->looks);
+  for (std::size_t i = 0; i < looks.size(); ++i) {
+    Mark& mark = marks_->list[i];
+    if (mark.marker && looks[i] == marks_->looks[i]) continue;
+    mapView_->removeMarker(mark.marker);
+    mark.marker = makeImageMarker(makeMarkImage(looks[i], mark.color, mark.text, scale_));
+    if (!mark.marker) continue;
+    mark.marker->setPosition(mark.position);
+    mapView_->addMarker(mark.marker);
+  }
+  marks_->looks = std::move(looks);
+  arrangedChange_ = graphics::changeCount();
+}
+
+}  // namespace orivanta

@@ -1,0 +1,30 @@
+// What a map view is made of besides its public fields.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "Source/UI/Display/MapCamera.hpp"
+#include "Source/UI/Floors/FloorLoading.hpp"
+#include "Source/UI/MapView.hpp"
+#include "Source/UI/Parts/CameraRig.hpp"
+#include "Source/UI/Parts/FloorShapes.hpp"
+#include "Source/UI/Parts/MarkerLayer.hpp"
+#include "Source/UI/Parts/RouteLayer.hpp"
+
+namespace orivanta {
+
+struct MapView::Parts {
+  explicit Parts(MapView& view) : rig(view), camera(view, rig), markers(view), routes(view) {}
+
+  std::shared_ptr<Map> currentMap;  // null before the first
+  CameraRig rig;
+  MapCamera camera;
+  FloorShapes shapes;
+  MarkerLayer markers;
+  RouteLayer routes;
+  std::vector<std::shared_ptr<view::GestureRecognizer>> recognizers;
+  std::shared_ptr<FloorLoading> floorLoad;  // null when none is under way
+};
+
+}  // namespace orivanta

@@ -1,0 +1,147 @@
+#include "Source/UI/Parts/MarkPlacement.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace orivanta {
+
+using graphics::Point;
+using graphics::Rect;
+
+namespace {
+
+constexpr double pinWidth = 22;  // points
+constexpr double textGap = 2;
+
+constexpr std::array symbols{MarkSymbol::pin, MarkSymbol::dot};
+constexpr std::array sides{TextSide::below, TextSide::above, TextSide::right, TextSide::left};
+
+// What is wrong with a look.
+constexpr double hidesSymbol = 10;
+constexpr double hidesText = 6;
+constexpr double hidesRoute = 20;  // times the share of it, from the tolerable one on
+constexpr double tolerableShare = 0.1;
+constexpr double leavesView = 4;
+constexpr double isDot = 1;
+constexpr double isLaterSide = 0.1;
+constexpr double change = 0.5;  // what a look must be better by to take the place of another
+
+Rect symbolFrame(Point at, MarkSymbol symbol) {
+  if (symbol == MarkSymbol::dot)
+    return {{at.x - dotSide / 2, at.y - dotSide / 2}, {dotSide, dotSide}};
+  return {{at.x - pinWidth / 2, at.y - pinHeight}, {pinWidth, pinHeight}};
+}
+
+// The length of the part of a segment that lies in a rectangle (Liang and Barsky 1984).
+double lengthWithin(const Rect& rect, Point from, Point to) {
+  const Point step{to.x - from.x, to.y - from.y};
+  double enters = 0;
+  double leaves = 1;
+  const auto clip = [&](double direction, double room) {
+    if (direction == 0) {
+      if (room < 0) leaves = -1;
+      return;
+    }
+    const double share = room / direction;
+    if (direction < 0)
+      enters = std::max(enters, share);
+    else
+      leaves = std::min(leaves, share);
+  };
+  clip(-step.x, from.x - rect.minX());
+  clip(step.x, rect.maxX() - from.x);
+  clip(-step.y, from.y - rect.minY());
+  clip(step.y, rect.maxY() - from.y);
+  return std::max(0.0, leaves - enters) * std::hypot(step.x, step.y);
+}
+
+double lengthWithin(const Rect& rect, std::span<const std::vector<Point>> route) {
+  double length = 0;
+  for (const auto& line : route)
+    for (std::size_t i = 1; i < line.size(); ++i)
+      length += lengthWithin(rect, line[i - 1], line[i]);
+  return length;
+}
+
+bool holds(const Rect& outer, const Rect& inner) {
+  return inner.minX() >= outer.minX() && inner.maxX() <= outer.maxX() &&
+         inner.minY() >= outer.minY() && inner.maxY() <= outer.maxY();
+}
+
+class Placement {
+ public:
+  Placement(std::span<const MarkPlace> marks, std::span<const std::vector<Point>> route,
+            const Rect& view)
+      : marks_(marks), route_(route), view_(view), length_(lengthWithin(view, route)) {}
+
+  double cost(std::size_t index, const MarkLook& look, std::span<const MarkLook> looks) const {
+    const MarkFrames own = framesOf(marks_[index], look);
+    double cost =
+        (look.symbol == MarkSymbol::dot ? isDot : 0) + isLaterSide * static_cast<double>(look.side);
+    for (std::size_t i = 0; i < marks_.size(); ++i) {
+      if (i == index) continue;
+      const MarkFrames other = framesOf(marks_[i], looks[i]);
+      if (own.symbol.intersects(other.symbol)) cost += hidesSymbol;
+      if (own.text.intersects(other.text)) cost += hidesText;
+      if (own.symbol.intersects(other.text)) cost += hidesText;
+      if (own.text.intersects(other.symbol)) cost += hidesSymbol;
+    }
+    if (length_ > 0) {
+      const double hidden = lengthWithin(own.symbol, route_) + lengthWithin(own.text, route_);
+      cost += hidesRoute * std::max(0.0, hidden / length_ - tolerableShare);
+    }
+    if (marks_[index].text.width > 0 && !holds(view_, own.text)) cost += leavesView;
+    return cost;
+  }
+
+  MarkLook best(std::size_t index, std::span<const MarkLook> looks) const {
+    MarkLook best = looks[index];
+    double least = cost(index, best, looks) - change;
+    for (const MarkSymbol symbol : symbols)
+      for (const TextSide side : sides) {
+        const double other = cost(index, {symbol, side}, looks);
+        if (other >= least) continue;
+        least = other;
+        best = {symbol, side};
+      }
+    return best;
+  }
+
+ private:
+  std::span<const MarkPlace> marks_;
+  std::span<const std::vector<Point>> route_;
+  Rect view_;
+  double length_;  // of the route in sight
+};
+
+}  // namespace
+
+MarkFrames framesOf(const MarkPlace& mark, const MarkLook& look) {
+  const Rect symbol = symbolFrame(mark.at, look.symbol);
+  const graphics::Size text = mark.text;
+  Point corner{mark.at.x - text.width / 2, symbol.maxY() + textGap};
+  if (look.side == TextSide::above) corner.y = symbol.minY() - textGap - text.height;
+  if (look.side == TextSide::right || look.side == TextSide::left) {
+    // Beside the head of a pin, which is the upper two thirds of it.
+    const double head = look.symbol == MarkSymbol::pin ? pinHeight / 3 : dotSide / 2;
+    corner.y = symbol.minY() + head - text.height / 2;
+    corner.x = look.side == TextSide::right ? symbol.maxX() + textGap
+                                            : symbol.minX() - textGap - text.width;
+  }
+  return {symbol, {corner, text}};
+}
+
+std::vector<MarkLook> placeMarks(std::span<const MarkPlace> marks,
+                                 std::span<const std::vector<Point>> route, const Rect& view,
+                                 std::span<const MarkLook> before) {
+  std::vector<MarkLook> looks(before.begin(), before.end());
+  looks.resize(marks.size());
+  const Placement placement(marks, route, view);
+  constexpr int rounds = 3;  // a later mark may make room for an earlier one
+  for (int round = 0; round < rounds; ++round)
+    for (std::size_t i = 0; i < marks.size(); ++i) looks[i] = placement.best(i, looks);
+  return looks;
+}
+
+}  // namespace orivanta

@@ -1,0 +1,34 @@
+// What a map view does about routes: the specified drawing operations.
+#pragma once
+
+#include <memory>
+
+#include "Platform/Scene/Fwd.hpp"
+#include "Source/Fwd.hpp"
+
+namespace orivanta {
+
+class MapView;
+
+/// Draws the map view's `currentPath` and `currentHighlightNode` into its scene. The nodes are in
+/// the lists of `MapViewDirectionsPathNodes`, which all map views share. Main thread.
+class RouteLayer {
+ public:
+  explicit RouteLayer(MapView& view) : view_(view) {}
+
+  /// As `drawPath`, `clearPaths`, `highlightNode` and `removeHighlightNode` of `MapView` say.
+  void draw(const NodeList& path, int from);
+  void clear();
+  void highlight(const std::shared_ptr<Node>& node);
+  static void removeHighlight();
+
+  /// Adds a part of a route to the shared list and, if there is a scene, to the scene.
+  void add(const std::shared_ptr<scene::Node>& part);
+
+ private:
+  void addToScene(const std::shared_ptr<scene::Node>& node);
+
+  MapView& view_;
+};
+
+}  // namespace orivanta

@@ -1,0 +1,37 @@
+#include "Source/Guidance/TextFolding.hpp"
+
+#include <gtest/gtest.h>
+
+namespace orivanta {
+
+TEST(TextFolding, CaseAndWidthDoNotCountButAccentsDo) {
+  const std::pair<const char*, const char*> equal[] = {
+      {"STRASSE", "straße"}, {"Éclair", "éCLAIR"},  {"ＡＴＭ", "atm"},
+      {"ﾄｲﾚ", "トイレ"},     {"e\u0301", "\u00C9"}, {"\xFF", "\xFF"},
+  };
+  for (const auto& [left, right] : equal) EXPECT_EQ(caseFolded(left), caseFolded(right)) << left;
+  EXPECT_NE(caseFolded("が"), caseFolded("か"));
+  EXPECT_NE(caseFolded("cafe"), caseFolded("café"));
+}
+
+TEST(TextFolding, TheSearchFormLeavesOutWhatPeopleLeaveOut) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"Crème  Brûlée!", "creme brulee"},
+      {"Straße", "strasse"},
+      {"Łódź – Café", "łodz cafe"},
+      {"Joe's & Moe’s", "joes moes"},
+      {"ＷＣ２", "wc2"},
+      {"مَقْهى", "مقهى"},
+      {"Ёлка", "елка"},
+      {"が", "か\u3099"},
+      {"ก\u0E34", "ก\u0E34"},  // vowels of Thai are letters
+      {"  ", ""},
+  };
+  for (const auto& [text, form] : cases) EXPECT_EQ(searchForm(text), form) << text;
+  std::string huge;
+  for (int i = 0; i < 100'000; ++i) huge += "ﷺ-";  // of eighteen letters
+  EXPECT_LT(searchForm(huge).size(), 400U);
+  EXPECT_EQ(searchForm(std::string(299, 'a') + "é").size(), 299U) << "no half characters";
+}
+
+}  // namespace orivanta

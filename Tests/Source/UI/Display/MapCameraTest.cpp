@@ -1,0 +1,218 @@
+#include "Source/UI/Display/MapCamera.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/Camera.hpp"
+#include "Platform/Scene/Node.hpp"
+#include "Source/Map.hpp"
+#include "Source/Venue.hpp"
+#include "Tests/Support/Fingers.hpp"
+#include "Tests/Support/ShownVenue.hpp"
+
+namespace orivanta {
+
+namespace {
+
+class MapCameraTest : public testing::Test {
+ protected:
+  test::DiagnosticLines quiet;
+  test::ShownVenue shown;
+  MapCamera& control = shown.mapView->camera();
+  test::Fingers fingers{shown.mapView};
+};
+
+}  // namespace
+
+TEST_F(MapCameraTest, SeesTheGroundWhereTheMapViewShowsIt) {
+  for (const CameraPose& pose :
+       {CameraPose{500, 500, 900, 0, 0}, {300, 700, 400, 0.8, 1}, {100, 100, 1500, 1, -2}}) {
+    control.setPose(pose);
+    const auto expected = shownAt(control.pose(), control.lens(), {450, 520});
+    ASSERT_TRUE(expected);
+    const auto found = shown.mapView->findPositionCameraViewport({450, 520, 0});
+    EXPECT_NEAR(found.x, expected->x, 0.1);
+    EXPECT_NEAR(found.y, expected->y, 0.1);
+  }
+}
+
+TEST_F(MapCameraTest, GesturesGoOnFromWhereThePointerHasBroughtTheCamera) {
+  control.setPose({500, 500, 900, 0.5, 0.4});
+  fingers.down(1, {300, 400}, 0);
+  fingers.down(2, {500, 400}, 0);
+  fingers.move({{1, {200, 400}}, {2, {600, 400}}}, 0.1);  // the pinch begins
+  fingers.move({{1, {190, 400}}, {2, {610, 400}}}, 0.2);
+  const CameraPose pinched = control.pose();
+  EXPECT_NEAR(pinched.distance, 900 * 420 / 400.0 / (420 * 420 / (400.0 * 400)), 60);
+  EXPECT_NEAR(pinched.tilt, 0.5, 1e-5);
+  EXPECT_NEAR(pinched.turn, 0.4, 0.05);
+  fingers.up(1, 0.3);
+  fingers.up(2, 0.3);
+
+  control.setPose({500, 500, 900, 0.5, 0.4});
+  fingers.down(1, {300, 300}, 1);
+  fingers.down(2, {500, 300}, 1);
+  fingers.move({{1, {300, 315}}, {2, {500, 315}}}, 1.1);  // the tilt begins
+  fingers.move({{1, {300, 323}}, {2, {500, 323}}}, 1.2);
+  EXPECT_NEAR(control.pose().tilt, 0.5, 0.1) << "no jump";
+  EXPECT_LT(control.pose().tilt, 0.5) << "downwards is towards straight down";
+}
+
+TEST_F(MapCameraTest, APinchGoesOnWhileSomethingElseSetsTheCamera) {
+  control.setPose({500, 500, 900, 0.5, 0.4});
+  control.touchBegan();
+  fingers.down(1, {300, 400}, 0);
+  fingers.down(2, {500, 400}, 0);
+  fingers.move({{1, {290, 400}}, {2, {510, 400}}}, 0.1);
+  fingers.move({{1, {250, 400}}, {2, {550, 400}}}, 0.2);
+  const double pinched = control.pose().distance;
+  ASSERT_LT(pinched, 800);
+  control.setPose(control.pose());  // as for another floor, or another size of the window
+  fingers.move({{1, {249, 400}}, {2, {551, 400}}}, 0.3);
+  EXPECT_NEAR(control.pose().distance, pinched, 0.02 * pinched);
+  fingers.dispatcher().cancelAll(0.4);
+  control.touchEnded();
+  EXPECT_NEAR(*shown.mapView->cameraDistance / shown.mapView->scaleEnd, control.pose().distance,
+              1e-3)
+      << "where the next pinch begins";
+}
+
+TEST_F(MapCameraTest, BringsBackWhatAFingerDraggedTooFar) {
+  fingers.down(1, {400, 400}, 0);
+  fingers.move(1, {420, 400}, 0.1);
+  fingers.move(1, {9000, 400}, 0.2);
+  EXPECT_LT(control.pose().x, -1000);
+  control.touchMoved();
+  EXPECT_EQ(control.pose().x, 0);
+}
+
+TEST_F(MapCameraTest, ATapLeavesTheZoomOfTheNextPinch) {
+  control.setPose({200, 200, 900, 0, 0});
+  fingers.tap(1, {400, 400}, 0);
+  ASSERT_EQ(shown.delegate->calls.back(), "cafe");
+  control.touchEnded();
+  EXPECT_NEAR(*shown.mapView->cameraDistance / shown.mapView->scaleEnd, 900, 1e-6);
+}
+
+TEST_F(MapCameraTest, AShortRouteFillsAFairPartOfTheView) {
+  const auto venue = Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
+  control.frame({{500, 500, 0}, {508, 500, 0}}, aroundRoute(*venue));
+  control.advance(1);
+  control.advance(2);
+  const auto start = shownAt(control.pose(), control.lens(), {500, 500});
+  const auto end = shownAt(control.pose(), control.lens(), {508, 500});
+  ASSERT_TRUE(start && end);
+  EXPECT_GT(end->x - start->x, 30) << "points of 800";
+}
+
+TEST_F(MapCameraTest, GlidesBeginWithTheirFirstFrameAddUpAndEnd) {
+  control.setPose({500, 500, 800, 0, 0});
+  control.advance(1);
+  control.zoomBy(1.5, {400, 400});  // after a quiet while
+  control.advance(10);
+  EXPECT_NEAR(control.pose().distance, 800, 1e-3);
+  EXPECT_TRUE(control.isGliding());
+  for (const double time : {10.02, 10.04, 10.06, 10.08}) {  // a step for each frame
+    const double before = control.pose().distance;
+    control.zoomBy(1.01, {400, 400});
+    control.advance(time);
+    EXPECT_LT(control.pose().distance, before);
+  }
+  control.zoomBy(1.5 / std::pow(1.01, 4), {400, 400});
+  control.advance(11);
+  EXPECT_NEAR(control.pose().distance, 800 / 2.25, 1e-3);
+  EXPECT_FALSE(control.isGliding());
+}
+
+TEST_F(MapCameraTest, MovesByStepsAndKeepsToItsLimitsUnlessToldOtherwise) {
+  control.setPose({500, 500, 800, 0.3, 1});
+  control.tiltTo(9, CameraMotion::atOnce);
+  EXPECT_LT(control.pose().tilt, 1.0472);
+  control.tiltBy(-0.5, CameraMotion::atOnce);
+  control.rotateBy(0.5, CameraMotion::atOnce);
+  EXPECT_NEAR(control.pose().turn, 1.5, 1e-6);
+  control.resetNorth(CameraMotion::atOnce);
+  EXPECT_EQ(control.pose().turn, 0);
+  const double tilt = control.pose().tilt;
+  control.panBy(100, 0, CameraMotion::atOnce);
+  EXPECT_GT(control.pose().x, 500);
+  control.setPose({5000, 500, 1, tilt, 0});
+  EXPECT_EQ(control.pose().x, 1000);
+  EXPECT_EQ(control.pose().distance, control.limits().nearest);
+  control.setLimited(false);
+  control.setPose({5000, 500, 1, tilt, 0});
+  EXPECT_EQ(control.pose().distance, 1);
+  EXPECT_EQ(control.pose().x, 5000);
+}
+
+// The camera of a started scene sees 5,000 units far.
+TEST_F(MapCameraTest, ShowsAFloorOfAnySizeWhole) {
+  const auto shape = shown.floor(0)->mapObject->children().front();
+  for (const float size : {3000.0F, 30000.0F}) {
+    const auto corner = scene::Node::make(shape->geometry());
+    corner->setPosition({size - 1000, size - 1000, 0});
+    shown.floor(0)->mapObject->addChild(corner);
+    control.tiltTo(0.9, CameraMotion::atOnce);
+    for (const CameraMotion motion : {CameraMotion::atOnce, CameraMotion::glide}) {
+      control.setPose({100, 100, 200, 0.9, 0});
+      control.fit(motion);
+      for (const double time : {1.0, 2.0}) control.advance(time);
+      for (const graphics::Vector3 point :
+           {graphics::Vector3{0, 0, 0}, {size, 0, 0}, {0, size, 0}, {size, size, 0}}) {
+        const graphics::Vector3 at = shown.mapView->sceneView->project(point);
+        EXPECT_TRUE(at.x >= 0 && at.x <= 800 && at.y >= 0 && at.y <= 800) << size;
+        EXPECT_TRUE(at.z > 0 && at.z < 1) << "between the clip planes: " << size;
+      }
+    }
+  }
+}
+
+// A pinch moves the camera as far, and what it shows is not cut off.
+TEST_F(MapCameraTest, GesturesTakeTheClipPlanesAlong) {
+  fingers.down(1, {100, 400}, 0);
+  fingers.down(2, {700, 400}, 0);
+  fingers.move({{1, {110, 400}}, {2, {690, 400}}}, 0.1);
+  fingers.move({{1, {360, 400}}, {2, {440, 400}}}, 0.2);
+  EXPECT_GT(control.pose().distance, 6000);
+  const float depth = shown.mapView->sceneView->project({500, 500, 0}).z;
+  EXPECT_TRUE(depth > 0 && depth < 1) << depth;
+}
+
+TEST_F(MapCameraTest, TellsWhetherTheViewNeedsAnotherFrame) {
+  const auto drawFrame = [&] {
+    const graphics::Transaction transaction;
+    shown.mapView->layoutIfNeeded();
+    shown.mapView->updateMarkerPositions();
+    shown.mapView->frameGathered();
+  };
+  const NodeList path{shown.node(100, 100, 0), shown.node(300, 100, 0)};
+  const struct {
+    const char* what;
+    std::function<void()> change;
+    bool goesOn;
+  } changes[] = {
+      {"a highlight", [&] { shown.mapView->highlightPolygon(shown.polygon("cafe")); }, false},
+      {"a pose",
+       [&] {
+         control.setPose({300, 300, 500, 0, 0});
+       },
+       false},
+      {"a glide", [&] { control.resetNorth(); }, true},
+      {"its end", [&] { control.advance(1), control.advance(2); }, false},
+      {"a route", [&] { shown.mapView->drawPath(path); }, true},
+      {"no route", [&] { shown.mapView->clearPaths(); }, false},
+      {"another floor", [&] { shown.mapView->changeMap(1); }, false},
+  };
+  drawFrame();
+  EXPECT_FALSE(shown.mapView->needsFrame());
+  for (const auto& [what, change, goesOn] : changes) {
+    change();
+    EXPECT_TRUE(shown.mapView->needsFrame()) << what;
+    drawFrame();
+    EXPECT_EQ(shown.mapView->needsFrame(), goesOn) << what;
+  }
+}
+
+}  // namespace orivanta
