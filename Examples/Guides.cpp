@@ -100,6 +100,31 @@ std::shared_ptr<Selection> watchTaps(MapView& mapView) {
 }
 //! [handle taps]
 
+void moveCamera(MapView& mapView, const Location& location) {
+  //! [move camera]
+  MapCamera& camera = mapView.camera();
+  camera.frame({mapView.findPosition3D(location)});  // shows a place
+  camera.zoomBy(2, {400, 300});                      // twice as close to this point
+  camera.fit(CameraMotion::atOnce);                  // shows the whole floor
+  //! [move camera]
+}
+
+void searchPlaces(const Venue& venue) {
+  //! [search places]
+  const PlaceSearch search(*venue.locations);
+  for (const PlaceGroup& group : search.find("coff"))
+    for (const auto& place : group.places) std::cout << *place->name << '\n';
+  //! [search places]
+}
+
+std::shared_ptr<Location> placeNamed(const Venue& venue, const std::string& text) {
+  //! [place named]
+  const NamedPlaces places = placesNamed(venue, text);
+  if (places.locations.size() > 1) std::cerr << text << " is ambiguous\n";
+  //! [place named]
+  return places.locations.empty() ? nullptr : places.locations.front();
+}
+
 std::shared_ptr<Directions> findRoute(Location& from, Location& to) {
   //! [find route]
   const std::shared_ptr<Directions> directions = from.directionsTo(to);
@@ -118,6 +143,18 @@ void drawRoute(MapView& mapView, const Directions& directions) {
   //! [draw route]
 }
 
+std::unique_ptr<RouteOverlay> showRoute(const std::shared_ptr<MapView>& mapView,
+                                        const Directions& directions) {
+  //! [show route]
+  auto overlay = std::make_unique<RouteOverlay>(mapView, directions.path);
+  const double pixelsPerPoint = 1;
+  overlay->show(pixelsPerPoint);
+  for (const FloorVisit& visit : overlay->visits()) std::cout << floorName(*visit.floor) << '\n';
+  // overlay->arrange() before each frame keeps the marks apart; destroying it removes the route.
+  //! [show route]
+  return overlay;
+}
+
 void highlight(MapView& mapView, const Location& location) {
   //! [highlight]
   for (const auto& polygon : location.polygons)
@@ -134,6 +171,15 @@ void mark(MapView& mapView, const Location& location) {
   marker->setPosition(mapView.findPosition3D(location));
   mapView.addMarker(marker);
   //! [mark]
+}
+
+std::unique_ptr<LabelLayer> showNames(const std::shared_ptr<MapView>& mapView) {
+  //! [show names]
+  const double pixelsPerPoint = 1;
+  auto names = std::make_unique<LabelLayer>(mapView, pixelsPerPoint);
+  names->arrange();  // before each frame
+  //! [show names]
+  return names;
 }
 
 }  // namespace guides

@@ -1,5 +1,4 @@
 // The settings that the process-wide API session is made of.
-// Private header.
 #pragma once
 
 #include "Source/Orivanta.hpp"

@@ -19,22 +19,19 @@
 
 namespace orivanta::network {
 
-/// Names and values of header fields, in the order in which they are sent.
 using HeaderFields = std::vector<std::pair<std::string, std::string>>;
 
-/// A GET request.
 struct UrlRequest {
-  foundation::Url url;        ///< absolute
-  HeaderFields headerFields;  ///< sent besides those that the transport adds
-  TransferRules rules = {};   ///< the conditions under which the request goes on
+  foundation::Url url;
+  HeaderFields headerFields;
+  TransferRules rules = {};
 };
 
-/// How a request ended.
+/// How a request ended. `body` is as it came over the wire; `decodeBody` undoes the compression
+/// that the transport asked for.
 struct UrlResult {
-  std::optional<foundation::Error> error;  ///< none if a whole response was received
-  HttpUrlResponse response;                ///< meaningful without an error
-  /// The body as received. `UrlTransport::decodeBody` undoes the compression that the transport
-  /// asked for.
+  std::optional<foundation::Error> error;
+  HttpUrlResponse response;
   std::string body;
   /// What the body has taken from the request's budget. Null if the request has none.
   std::shared_ptr<foundation::BudgetShare> share = nullptr;
@@ -49,7 +46,6 @@ class UrlTransfer {
   virtual void cancel() = 0;
 };
 
-/// An HTTP client. An application may provide its own.
 class UrlTransport {
  public:
   virtual ~UrlTransport() = default;

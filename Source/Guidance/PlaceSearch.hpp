@@ -17,7 +17,7 @@ namespace orivanta {
 /// Places that belong together in a list.
 struct PlaceGroup {
   std::string title;  ///< the category's name, at most 80 columns; empty for no category
-  std::vector<std::shared_ptr<Location>> places;
+  std::vector<std::shared_ptr<Location>> places;  ///< in the order of the list
 };
 
 /// Asked repeatedly during long work; true ends the work.
@@ -40,6 +40,7 @@ class ORIVANTA_API PlaceSearch {
   std::vector<PlaceGroup> find(std::string_view typed,
                                const IsCanceled& isCanceled = neverCanceled) const;
 
+  /// For work that is not canceled.
   static bool neverCanceled() { return false; }
 
  private:

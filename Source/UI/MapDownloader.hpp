@@ -41,6 +41,7 @@ class ORIVANTA_API HttpDownloader {
   /// saving file" with the code 1001. Without a completion the file is fetched all the same.
   virtual void loadFileAsync(const foundation::Url& url, Completion completion);
 
+  /// The result of `fetchFile`.
   struct Fetched {
     std::string path;     ///< empty if there is no file
     std::string problem;  ///< why there is none: a sentence with the URL, without a full stop
