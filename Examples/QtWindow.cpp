@@ -4,7 +4,6 @@
 #include <QOpenGLWidget>
 #include <QToolBar>
 #include <QTouchEvent>
-#include <array>
 #include <chrono>
 #include <cmath>
 #include <iostream>
@@ -45,9 +44,9 @@ class MapWidget : public QOpenGLWidget {
   void paintGL() override {
     const graphics::Size size{static_cast<double>(width()), static_cast<double>(height())};
     mapView->setFrame({{0, 0}, size});
+    mapView->camera().advance(now());
     renderer_->render(*mapView, size, devicePixelRatio(), now(), defaultFramebufferObject());
-    const bool hasArrows = mapView->currentPath.has_value();  // they move
-    if (hasArrows || mapView->activityIndicator->isAnimating()) update();
+    if (mapView->needsFrame()) update();
   }
 
   bool event(QEvent* event) override {
@@ -60,20 +59,10 @@ class MapWidget : public QOpenGLWidget {
   void mouseMoveEvent(QMouseEvent* event) override { send(*event); }
   void mouseReleaseEvent(QMouseEvent* event) override { send(*event); }
 
-  /// A turn of the wheel is two fingers, in the middle, that part or meet.
+  /// The wheel zooms towards the pointer.
   void wheelEvent(QWheelEvent* event) override {
-    const QPointF middle = QRectF(rect()).center();
-    const double end = 60 * std::exp(event->angleDelta().y() / 600.0);
-    const auto put = [&](view::TouchPhase phase, double reach) {
-      const std::array<view::Touch, 2> fingers{
-          {{1001, phase, {middle.x() - reach, middle.y()}, now()},
-           {1002, phase, {middle.x() + reach, middle.y()}, now()}}};
-      fingers_.dispatch(fingers);
-    };
-    put(view::TouchPhase::began, 50);
-    put(view::TouchPhase::moved, 60);  // enough to be a pinch, which measures from here
-    put(view::TouchPhase::moved, end);
-    put(view::TouchPhase::ended, end);
+    const QPointF at = event->position();
+    mapView->camera().zoomBy(std::exp(event->angleDelta().y() / 600.0), {at.x(), at.y()});
     update();
   }
 

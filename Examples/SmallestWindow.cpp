@@ -78,22 +78,23 @@ int main() {
   render::Renderer renderer;
   wakeWithEvents();
   showFirstVenue(mapView);
-  for (bool open = true, moves = true; open;) {
+  for (bool open = true; open;) {
     int width = 0;
     int height = 0;
     SDL_GetWindowSize(window, &width, &height);
     const graphics::Size size{static_cast<double>(width), static_cast<double>(height)};
     SDL_Event event;
-    int came = moves ? SDL_PollEvent(&event) : SDL_WaitEvent(&event);
+    int came = mapView->needsFrame() ? SDL_PollEvent(&event) : SDL_WaitEvent(&event);
     for (; came == 1; came = SDL_PollEvent(&event)) {
       sendTouch(event, size, fingers);
       open = open && event.type != SDL_QUIT;
+      if (event.type == SDL_WINDOWEVENT) view::View::setNeedsFrame();
     }
     foundation::mainQueue::drain();
     mapView->setFrame({{0, 0}, size});
+    if (!mapView->needsFrame()) continue;
     renderer.render(*mapView, size, 1.0, now());
     SDL_GL_SwapWindow(window);
-    moves = mapView->currentPath || mapView->activityIndicator->isAnimating();
   }
   foundation::mainQueue::setWake(nullptr);
 }

@@ -25,8 +25,9 @@ std::vector<graphics::Vector3> cornersOfShapes(const scene::Node& floor) {
   for (const auto& shape : floor.children()) {
     const graphics::Box box = shape->boundingBox();
     if (box.isEmpty()) continue;
-    const auto ofShape = cornersOf(box);
-    corners.insert(corners.end(), ofShape.begin(), ofShape.end());
+    const graphics::Matrix4 toFloor = shape->transform();
+    for (const graphics::Vector3& corner : cornersOf(box))
+      corners.emplace_back(toFloor * graphics::Vector4(corner, 1.0F));
   }
   return corners;
 }

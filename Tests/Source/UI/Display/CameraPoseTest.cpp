@@ -8,6 +8,8 @@
 #include <cmath>
 #include <vector>
 
+#include "Source/UI/Display/Framing.hpp"
+
 namespace orivanta {
 
 namespace {

@@ -160,7 +160,7 @@ TEST_F(MapCameraTest, ShowsAFloorOfAnySizeWhole) {
       control.fit(motion);
       for (const double time : {1.0, 2.0}) control.advance(time);
       for (const graphics::Vector3 point :
-           {graphics::Vector3{0, 0, 0}, {size, 0, 0}, {0, size, 0}, {size, size, 0}}) {
+           {graphics::Vector3{0, 0, 0}, {1000, 0, 0}, {size - 1000, size, 0}, {size, size, 0}}) {
         const graphics::Vector3 at = shown.mapView->sceneView->project(point);
         EXPECT_TRUE(at.x >= 0 && at.x <= 800 && at.y >= 0 && at.y <= 800) << size;
         EXPECT_TRUE(at.z > 0 && at.z < 1) << "between the clip planes: " << size;
@@ -199,7 +199,7 @@ TEST_F(MapCameraTest, TellsWhetherTheViewNeedsAnotherFrame) {
          control.setPose({300, 300, 500, 0, 0});
        },
        false},
-      {"a glide", [&] { control.resetNorth(); }, true},
+      {"a glide", [&] { control.rotateBy(0.5); }, true},
       {"its end", [&] { control.advance(1), control.advance(2); }, false},
       {"a route", [&] { shown.mapView->drawPath(path); }, true},
       {"no route", [&] { shown.mapView->clearPaths(); }, false},

@@ -1,0 +1,59 @@
+// Searches a place, shows the way to it when it is tapped, and draws the map without a screen.
+#include <cstdlib>
+#include <iostream>
+#include <orivanta/ui.hpp>
+
+using namespace orivanta;
+
+int main(int argc, char** argv) {
+  const auto fail = [](const char* problem) { return std::cerr << problem << '\n', 1; };
+  const char* const endpoint = std::getenv("ORIVANTA_ENDPOINT");
+  if (endpoint != nullptr) setApiSettings({endpoint, {}, {}, nullptr});
+  foundation::setDiagnosticSink([](std::string_view) {});
+  constexpr graphics::Size size{800, 600};  // points, and pixels
+
+  // The first venue and its floors, from background threads to the main queue.
+  const auto mapView = MapView::make({{0, 0}, size});
+  bool loaded = false;
+  getVenues([&](const auto& venues) {
+    if (venues.empty()) return foundation::mainQueue::async([&] { loaded = true; });
+    getVenue(venues.front(), [&](const auto& venue) {
+      foundation::mainQueue::async([&, venue] {
+        mapView->venue = venue;
+        mapView->loadFloors({{}, [&](const auto&) { loaded = true; }});
+      });
+    });
+  });
+  while (!loaded && foundation::mainQueue::wait(60)) foundation::mainQueue::drain();
+  if (!mapView->currentMap()) return fail("no floor to draw");
+
+  // The place that is looked for, in the middle of the view, on its floor.
+  const auto found = PlaceSearch(*mapView->venue->locations).find(argc > 1 ? argv[1] : "");
+  if (found.empty()) return fail("no such place");
+  const auto place = found.front().places.front();
+  mapView->changeMap(floorsOf(*place).front());
+  mapView->camera().frame({mapView->findPosition3D(*place)}, aroundPlace, CameraMotion::atOnce);
+
+  // A tap shows the way from the venue's first place; here it comes in the middle.
+  std::unique_ptr<RouteOverlay> route;
+  const auto from = mapView->venue->locations->front();
+  mapView->placeTapped = [&](const auto& tapped) {
+    const auto way = tapped ? from->directionsTo(*tapped) : nullptr;
+    if (way) route = std::make_unique<RouteOverlay>(mapView, way->path, from, tapped);
+    if (route) route->show(1);
+  };
+  view::TouchDispatcher fingers(mapView);
+  for (const auto phase : {view::TouchPhase::began, view::TouchPhase::ended})
+    fingers.dispatch({1, phase, {size.width / 2, size.height / 2}, 0.0});
+  mapView->camera().fit(CameraMotion::atOnce);
+  if (route) route->arrange();
+  LabelLayer labels(mapView, 1);
+  while (labels.arrange()) {
+  }
+
+  const auto made = render::OffscreenSurface::make(800, 600);
+  if (made.index() != 0) return fail("this machine cannot draw");
+  const auto& surface = std::get<0>(made);
+  render::Renderer().render(*mapView, size, 1, 0.0, surface->framebuffer());
+  return graphics::writePng(*surface->read(), "map.png") ? 1 : 0;
+}
