@@ -86,7 +86,11 @@ std::string zshArguments(const CLI::App& command) {
   std::string lines = "_arguments";
   for (const CLI::Option* option : optionsOf(command))
     lines += fmt::format(" \\\n        {}", zshOption(*option));
-  if (takesFolders(command)) lines += " \\\n        '*:FOLDER:_files -/'";
+  // Without a word for its arguments zsh would complete no option after them.
+  for (const CLI::Option* argument : argumentsOf(command))
+    lines +=
+        fmt::format(" \\\n        '{}:{}:{}'", argument->get_items_expected_max() > 1 ? "*" : "1",
+                    argument->get_name(), argument->get_name() == "FOLDER" ? "_files -/" : "");
   return lines;
 }
 
