@@ -1,32 +1,25 @@
 #include "Apps/Viewer/BackgroundSearch.hpp"
 
-#include <atomic>
-#include <cstdint>
 #include <optional>
 #include <utility>
 
 #include "Platform/Foundation/MainQueue.hpp"
-#include "Platform/Foundation/SerialQueue.hpp"
 
 namespace orivanta::viewer {
 
-// What a search in the background uses; it may outlive the object that began it.
+// What searches use on the queue; it may outlive the object that started them.
 struct BackgroundSearch::Work {
-  std::shared_ptr<foundation::SerialQueue> queue = foundation::SerialQueue::make();
-  std::atomic<std::uint64_t> wanted = 0;  // the number of the newest search
-  std::atomic<bool> isOver = false;
-
-  // On the queue only. The index may be empty once `isOver` is true.
   std::vector<std::shared_ptr<Location>> places;
-  std::unique_ptr<const PlaceSearch> index;
+  std::unique_ptr<const PlaceSearch> index;  // null until the first search
+  foundation::CancellationSource end;        // of all work; the index may be empty then
 
-  // Nothing if the search was replaced or ended.
-  std::optional<std::vector<PlaceGroup>> find(const std::string& typed, std::uint64_t number) {
-    if (!index) index = std::make_unique<PlaceSearch>(places, [this] { return isOver.load(); });
-    const auto isReplaced = [&] { return isOver || wanted != number; };
-    if (isReplaced()) return std::nullopt;
-    auto groups = index->find(typed, isReplaced);
-    return isReplaced() ? std::nullopt : std::optional(std::move(groups));
+  // Nothing if the search was canceled.
+  std::optional<std::vector<PlaceGroup>> find(const std::string& typed,
+                                              const foundation::CancellationToken& token) {
+    if (token.isCanceled()) return std::nullopt;
+    if (!index) index = std::make_unique<PlaceSearch>(places, end.token());
+    auto groups = index->find(typed, token);
+    return token.isCanceled() ? std::nullopt : std::optional(std::move(groups));
   }
 };
 
@@ -39,23 +32,28 @@ BackgroundSearch::BackgroundSearch(std::vector<std::shared_ptr<Location>> places
   work_->places = std::move(places);
 }
 
-BackgroundSearch::~BackgroundSearch() { work_->isOver = true; }
+BackgroundSearch::~BackgroundSearch() {
+  cancel();
+  work_->end.cancel();
+}
 
 void BackgroundSearch::start(std::string typed) {
+  cancel();
+  search_ = foundation::CancellationSource();
   isBusy_ = true;
-  work_->queue->async([work = work_, typed = std::move(typed), number = ++work_->wanted,
-                       found = std::weak_ptr(found_)] {
-    auto groups = work->find(typed, number);
+  queue_->async([work = work_, typed = std::move(typed), token = search_.token(),
+                 found = std::weak_ptr(found_)] {
+    auto groups = work->find(typed, token);
     if (!groups) return;
-    foundation::mainQueue::async([work, number, found, groups = std::move(*groups)]() mutable {
+    foundation::mainQueue::async([token, found, groups = std::move(*groups)]() mutable {
       const auto tell = found.lock();
-      if (tell && work->wanted == number) (*tell)(std::move(groups));
+      if (tell && !token.isCanceled()) (*tell)(std::move(groups));
     });
   });
 }
 
 void BackgroundSearch::cancel() {
-  ++work_->wanted;
+  search_.cancel();
   isBusy_ = false;
 }
 

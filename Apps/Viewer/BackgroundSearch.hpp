@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "Platform/Foundation/Cancellation.hpp"
+#include "Platform/Foundation/SerialQueue.hpp"
 #include "Source/Guidance/PlaceSearch.hpp"
 
 namespace orivanta::viewer {
@@ -32,8 +34,10 @@ class BackgroundSearch {
  private:
   struct Work;
 
-  std::shared_ptr<Work> work_;
-  std::shared_ptr<Found> found_;
+  const std::shared_ptr<foundation::SerialQueue> queue_ = foundation::SerialQueue::make();
+  const std::shared_ptr<Work> work_;  // for the queue
+  const std::shared_ptr<Found> found_;
+  foundation::CancellationSource search_;  // the last one
   bool isBusy_ = false;
 };
 

@@ -13,7 +13,6 @@
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Material.hpp"
 #include "Platform/Scene/Node.hpp"
-#include "Platform/Scene/Walk.hpp"
 #include "Platform/View/Canvas.hpp"
 
 namespace orivanta::view {
@@ -125,18 +124,21 @@ bool SceneView::isAnimating() const {
 
 // Looked for again only when something has changed.
 const SceneView::Materials& SceneView::animatedMaterials() const {
+  const Transaction transaction;
   if (animatedChange_ == graphics::changeCount()) return animated_;
   animatedChange_ = graphics::changeCount();
   animated_.clear();
-  if (!scene_) return animated_;
-  scene::walk(*scene_->rootNode(), graphics::Matrix4(1.0F),
-              [this](const scene::Node& node, const graphics::Matrix4&) {
-                if (node.isHidden()) return false;
-                if (const auto geometry = node.geometry())
-                  for (const auto& material : geometry->materials())
-                    if (material && material->isAnimating()) animated_.push_back(material);
-                return true;
-              });
+  std::vector<const scene::Node*> pending;
+  if (scene_) pending.push_back(scene_->rootNode().get());
+  while (!pending.empty()) {
+    const scene::Node& node = *pending.back();
+    pending.pop_back();
+    if (node.isHidden()) continue;
+    if (const auto geometry = node.geometry())
+      for (const auto& material : geometry->materials())
+        if (material && material->isAnimating()) animated_.push_back(material);
+    for (const auto& child : node.children(transaction)) pending.push_back(child.get());
+  }
   return animated_;
 }
 

@@ -34,13 +34,13 @@ std::optional<int> rankOf(NameMatch byName, bool categoryMatches) {
 }  // namespace
 
 PlaceSearch::PlaceSearch(const std::vector<std::shared_ptr<Location>>& places,
-                         const IsCanceled& isCanceled) {
-  addPlaces(places, isCanceled);
+                         const foundation::CancellationToken& token) {
+  addPlaces(places, token);
   sort();
 }
 
 void PlaceSearch::addPlaces(const std::vector<std::shared_ptr<Location>>& places,
-                            const IsCanceled& isCanceled) {
+                            const foundation::CancellationToken& token) {
   std::unordered_map<const Category*, std::size_t> known;
   const auto indexOf = [&](const Category& category) {
     const auto [entry, isNew] = known.try_emplace(&category, categories_.size());
@@ -49,7 +49,7 @@ void PlaceSearch::addPlaces(const std::vector<std::shared_ptr<Location>>& places
     return entry->second;
   };
   for (std::size_t i = 0; i < places.size(); ++i) {
-    if (i % stride == 0 && isCanceled()) return entries_.clear();
+    if (i % stride == 0 && token.isCanceled()) return entries_.clear();
     const Location& place = *places[i];
     if (place.nodes.empty() && place.polygons.empty()) continue;
     Entry entry{places[i], searchForm(textOf(place.name)), {}};
@@ -93,7 +93,7 @@ std::vector<PlaceGroup> PlaceSearch::all() const {
 }
 
 std::vector<PlaceGroup> PlaceSearch::find(std::string_view typed,
-                                          const IsCanceled& isCanceled) const {
+                                          const foundation::CancellationToken& token) const {
   const TypedText text(typed);
   if (text.empty()) return all();
   std::vector<bool> matching;  // for each category
@@ -101,7 +101,7 @@ std::vector<PlaceGroup> PlaceSearch::find(std::string_view typed,
     matching.push_back(text.match(category.name) <= NameMatch::word);
   std::vector<std::pair<int, const Entry*>> ranked;
   for (std::size_t i = 0; i < entries_.size(); ++i) {
-    if (i % stride == 0 && isCanceled()) return {};
+    if (i % stride == 0 && token.isCanceled()) return {};
     const Entry& entry = entries_[i];
     const bool byCategory = std::any_of(entry.categories.begin(), entry.categories.end(),
                                         [&](std::size_t category) { return matching[category]; });

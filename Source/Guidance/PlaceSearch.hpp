@@ -2,12 +2,12 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/Guidance/NameMatch.hpp"
@@ -20,9 +20,6 @@ struct PlaceGroup {
   std::vector<std::shared_ptr<Location>> places;  ///< in the order of the list
 };
 
-/// Asked repeatedly during long work; true ends the work.
-using IsCanceled = std::function<bool()>;
-
 /// An index of the places of a venue, made once and searched as often as needed. Keeps the places.
 /// Immutable; any thread.
 class ORIVANTA_API PlaceSearch {
@@ -30,7 +27,7 @@ class ORIVANTA_API PlaceSearch {
   /// Places without nodes and without polygons are left out. If it is canceled, the index is
   /// empty.
   explicit PlaceSearch(const std::vector<std::shared_ptr<Location>>& places,
-                       const IsCanceled& isCanceled = neverCanceled);
+                       const foundation::CancellationToken& token = {});
 
   /// The places that match, in one group: the best match first, then by name. A match with the name
   /// comes before one with a category, and that before a name that is only near the typed text. If
@@ -38,10 +35,7 @@ class ORIVANTA_API PlaceSearch {
   /// its name; places without a category come last. Empty if nothing matches or if the search is
   /// canceled.
   std::vector<PlaceGroup> find(std::string_view typed,
-                               const IsCanceled& isCanceled = neverCanceled) const;
-
-  /// For work that is not canceled.
-  static bool neverCanceled() { return false; }
+                               const foundation::CancellationToken& token = {}) const;
 
  private:
   struct Entry {
@@ -55,7 +49,7 @@ class ORIVANTA_API PlaceSearch {
   };
 
   void addPlaces(const std::vector<std::shared_ptr<Location>>& places,
-                 const IsCanceled& isCanceled);
+                 const foundation::CancellationToken& token);
   void sort();
   std::vector<PlaceGroup> all() const;
 

@@ -101,6 +101,7 @@ void MapView::startScene(const std::shared_ptr<Map>& map) {
   for (const auto& former : parts_->recognizers) sceneView->removeGestureRecognizer(*former);
   parts_->recognizers = addRecognizers(*this);
   makeGround();
+  parts_->camera.stop();
   parts_->rig.build(root);
   light = addLights(root);
 }

@@ -102,6 +102,9 @@ class ORIVANTA_API MapCamera {
   /// Whether a glide is under way.
   bool isGliding() const { return glide_.has_value(); }
 
+  /// Ends a glide where it is.
+  void stop() { glide_.reset(); }
+
   /// Moves a gliding camera. A host calls it before each frame with the frame's time in seconds. A
   /// glide begins with the first call after it was started.
   void advance(double time);

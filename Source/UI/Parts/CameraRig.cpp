@@ -58,7 +58,8 @@ scene::Node& CameraRig::orbit() const { return unwrap(view_.cameraOrbit); }
 scene::Node& CameraRig::labels() const { return unwrap(view_.labelsOrbit); }
 
 scene::Node& CameraRig::carrier() const {
-  const auto first = firstChild(unwrap(view_.cameraOrbit).shared_from_this());
+  unwrap(view_.cameraOrbit);
+  const auto first = firstChild(view_.cameraOrbit);
   if (!first) foundation::fatalError("Index out of range");
   return *first;
 }
@@ -74,17 +75,23 @@ void CameraRig::build(scene::Node& root) {
   const float shiftY = box.max.y - height / 2;
   diagnostic(fmt::format("camera shiftX: {} shiftY: {}", shiftX, shiftY));
 
-  const auto camera = makeCamera(view_.fov, *view_.cameraDistance);
-  view_.cameraOrbit = scene::Node::make();
-  orbit().setPosition(Axis::x, shiftX);
-  orbit().setPosition(Axis::y, shiftY);
-  orbit().addChild(camera);
-  root.addChild(view_.cameraOrbit);
+  addOrbit(root, {shiftX, shiftY, 0});
+  addLabels(root);
+}
 
+void CameraRig::addOrbit(scene::Node& root, graphics::Vector3 middle) {
+  view_.cameraOrbit = scene::Node::make();
+  orbit().setPosition(Axis::x, middle.x);
+  orbit().setPosition(Axis::y, middle.y);
+  orbit().addChild(makeCamera(view_.fov, *view_.cameraDistance));
+  root.addChild(view_.cameraOrbit);
+}
+
+void CameraRig::addLabels(scene::Node& root) {
   view_.labelsOrbit = scene::Node::make();
   labels().setPosition(orbit().position());
   const auto atCamera = scene::Node::make();
-  atCamera->setPosition(camera->position());
+  atCamera->setPosition(carrier().position());
   labels().addChild(atCamera);
   labels().setEulerAngle(Axis::y, -pi);
   labels().setEulerAngle(Axis::x, -pi / 2);

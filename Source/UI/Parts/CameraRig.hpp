@@ -40,6 +40,8 @@ class CameraRig {
   void setDistance(float distance);
 
  private:
+  void addOrbit(scene::Node& root, graphics::Vector3 middle);
+  void addLabels(scene::Node& root);
   scene::Node& orbit() const;
   scene::Node& labels() const;
   scene::Node& carrier() const;

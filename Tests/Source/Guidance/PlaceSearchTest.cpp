@@ -55,15 +55,12 @@ TEST(PlaceSearch, BrowsesAllPlacesByCategoryAndNumber) {
 }
 
 TEST(PlaceSearch, EndsWhenItIsCanceled) {
-  std::vector<std::shared_ptr<Location>> places(100'000, place("1", "Gate"));
-  int asked = 0;
-  const auto isCanceled = [&] { return ++asked == 3; };
-  EXPECT_EQ(textOf(PlaceSearch(places, isCanceled).find("")), "") << "nothing half done";
-  EXPECT_EQ(asked, 3);
-  const PlaceSearch index(places);
-  asked = 0;
-  EXPECT_TRUE(index.find("gate", isCanceled).empty());
-  EXPECT_EQ(asked, 3);
+  const foundation::CancellationSource source;
+  const PlaceSearch index({place("1", "Gate")}, source.token());
+  EXPECT_EQ(textOf(index.find("gate", source.token())), ":1");
+  source.cancel();
+  EXPECT_EQ(textOf(index.find("gate", source.token())), "");
+  EXPECT_EQ(textOf(PlaceSearch({place("1", "Gate")}, source.token()).find("")), "");
 }
 
 }  // namespace
