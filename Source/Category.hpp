@@ -18,16 +18,16 @@ class ORIVANTA_API Category {
  public:
   /// Needs texts under "id" and "name"; null without them.
   static std::shared_ptr<Category> make(const RawData& data);
-  Category(RecordToken, const RawData& data);
+  Category(RecordToken, const RawData& data);  ///< for `make`
   Category(const Category&) = delete;
   Category& operator=(const Category&) = delete;
 
-  RawData _data;
-  std::optional<std::string> id;
-  std::optional<std::string> name;
-  std::vector<std::weak_ptr<Category>> parents;
-  std::vector<std::weak_ptr<Category>> children;
-  std::vector<std::weak_ptr<Location>> locations;
+  RawData _data;                                   ///< the JSON of which the record was made
+  std::optional<std::string> id;                   ///< the identifier; never absent after `make`
+  std::optional<std::string> name;                 ///< never absent after `make`
+  std::vector<std::weak_ptr<Category>> parents;    ///< the categories that this one belongs to
+  std::vector<std::weak_ptr<Category>> children;   ///< the categories that belong to this one
+  std::vector<std::weak_ptr<Location>> locations;  ///< the locations of the category
 };
 
 }  // namespace orivanta

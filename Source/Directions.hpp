@@ -20,43 +20,66 @@ class ORIVANTA_API Direction {
    public:
     virtual ~Action() = default;
   };
+
+  /// The start of the route.
   class ORIVANTA_API Departure : public Action {};
+
+  /// The end of the route.
   class ORIVANTA_API Arrival : public Action {};
 
   /// For applications: the library itself makes no turns.
   class ORIVANTA_API Turn : public Action {
    public:
-    enum class Bearing { Left, SlightLeft, Straight, SlightRight, Right };
-    enum class ReferencePosition { At, Past, Before };
+    /// Which way to turn, seen in the direction of walking.
+    enum class Bearing {
+      Left,         ///< to the left
+      SlightLeft,   ///< a little to the left
+      Straight,     ///< straight on
+      SlightRight,  ///< a little to the right
+      Right         ///< to the right
+    };
 
+    /// Where to turn, relative to a place.
+    enum class ReferencePosition {
+      At,     ///< at the place
+      Past,   ///< after the place
+      Before  ///< before the place
+    };
+
+    /// A turn at, after or before a place.
     Turn(Bearing bearing, ReferencePosition position)
         : relativeBearing(bearing), referencePosition(position) {}
 
-    const Bearing relativeBearing;
-    const ReferencePosition referencePosition;
+    const Bearing relativeBearing;              ///< which way
+    const ReferencePosition referencePosition;  ///< where
   };
 
   /// For applications: a ride between two maps. The library itself makes none.
   class ORIVANTA_API TakeVortex : public Action {
    public:
+    /// A ride from one floor to another.
     TakeVortex(std::shared_ptr<Map> from, std::shared_ptr<Map> to);
 
-    const std::shared_ptr<Map> fromMap;
-    const std::shared_ptr<Map> toMap;
+    const std::shared_ptr<Map> fromMap;  ///< where the ride starts
+    const std::shared_ptr<Map> toMap;    ///< where the ride ends
   };
 
-  /// Places that are left out are null.
+  /// An instruction with both places.
   Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo,
             std::shared_ptr<Location> at, std::shared_ptr<Location> towards, std::string text);
+
+  /// An instruction without a place that is headed for.
   Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo,
             std::shared_ptr<Location> at, std::string text);
+
+  /// An instruction without a place.
   Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo, std::string text);
 
-  const std::shared_ptr<Node> node;
-  const std::shared_ptr<const Action> action;
+  const std::shared_ptr<Node> node;                 ///< where the instruction applies
+  const std::shared_ptr<const Action> action;       ///< what to do
   const std::shared_ptr<Location> atLocation;       ///< null if no place is named
   const std::shared_ptr<Location> towardsLocation;  ///< null if no place is headed for
-  const std::string instruction;
+  const std::string instruction;                    ///< the text for people
 };
 
 /// The result of a route search. Owns the records that it names, so it stays valid after the next
@@ -70,8 +93,8 @@ class ORIVANTA_API Directions {
                                           const std::shared_ptr<Location>& departFrom = nullptr,
                                           const std::shared_ptr<Location>& arriveAt = nullptr);
 
-  NodeList path;  ///< from a start node to the destination that was reached
-  std::vector<Direction> directions;
+  NodeList path;                      ///< from a start node to the destination that was reached
+  std::vector<Direction> directions;  ///< the instructions, in the order of the path
 };
 
 /// Where a route starts or ends: at any of some nodes. The location, if there is one, is named in
@@ -108,35 +131,51 @@ ORIVANTA_API std::shared_ptr<Directions> getDirections(
     const NodeList& starts, const NodeList& destinations,
     const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
+
+/// As above, from one node.
 ORIVANTA_API std::shared_ptr<Directions> getDirections(
     Node& start, const NodeList& destinations,
     const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
+
+/// As above, to one node.
 ORIVANTA_API std::shared_ptr<Directions> getDirections(
     const NodeList& starts, Node& destination,
     const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
+
+/// As above, from one node to another.
 ORIVANTA_API std::shared_ptr<Directions> getDirections(
     Node& start, Node& destination, const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 
-// Routes between a list of nodes and a location, a node or another list; see `getDirections`.
+/// The route from one of several nodes to a location; see `getDirections`.
 ORIVANTA_API std::shared_ptr<Directions> directionsTo(
     const NodeList& starts, Location& location,
     const std::shared_ptr<Location>& departFrom = nullptr);
+
+/// The route from one of several nodes to a node.
 ORIVANTA_API std::shared_ptr<Directions> directionsTo(
     const NodeList& starts, Node& node, const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
+
+/// The route from one of several nodes to one of several others.
 ORIVANTA_API std::shared_ptr<Directions> directionsTo(
     const NodeList& starts, const NodeList& nodes,
     const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
+
+/// The route from a location to one of several nodes.
 ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
     const NodeList& destinations, Location& location,
     const std::shared_ptr<Location>& arriveAt = nullptr);
+
+/// The route from a node to one of several others.
 ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
     const NodeList& destinations, Node& node, const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
+
+/// The route from one of several nodes to one of several others.
 ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
     const NodeList& destinations, const NodeList& nodes,
     const std::shared_ptr<Location>& departFrom = nullptr,

@@ -19,6 +19,7 @@ namespace orivanta {
 /// One link: a target and its parameters. A value; equality compares both, the hash only the URI.
 class ORIVANTA_API Link {
  public:
+  /// A link with these parameters.
   explicit Link(std::string linkUri, Dictionary<std::string> linkParameters = {});
 
   /// Parses one link value such as `<page?2>; rel="next"`. The brackets are removed only when both
@@ -27,15 +28,20 @@ class ORIVANTA_API Link {
   /// with end < start".
   static Link fromHeader(std::string_view header);
 
+  /// The target as written, which may be relative.
   std::string uri;
+
+  /// The parameters by name.
   Dictionary<std::string> parameters;
 
   std::optional<std::string> relationType() const;         ///< parameter "rel"
   std::optional<std::string> reverseRelationType() const;  ///< parameter "rev"
   std::optional<std::string> type() const;                 ///< parameter "type"
 
-  /// As an HTML link element and as a header value. Nothing is escaped.
+  /// As an HTML link element. Nothing is escaped.
   std::string html() const;
+
+  /// As a header value. Nothing is escaped.
   std::string header() const;
 
   friend bool operator==(const Link& left, const Link& right);
@@ -64,16 +70,20 @@ ORIVANTA_API std::pair<std::string, std::vector<std::string>> takeFirst(
 /// The links of a response, their URIs resolved against its URL where both allow it.
 ORIVANTA_API std::vector<Link> links(const network::HttpUrlResponse& response);
 
-/// The first link that has all of the given parameters, respectively the given relation type.
+/// The first link that has all of the given parameters.
 ORIVANTA_API std::optional<Link> findLink(const network::HttpUrlResponse& response,
                                           const Dictionary<std::string>& parameters);
+
+/// The first link of the given relation type.
 ORIVANTA_API std::optional<Link> findLink(const network::HttpUrlResponse& response,
                                           std::string_view relation);
 
 }  // namespace orivanta
 
+/// Hash of a link, by its target.
 template <>
 struct std::hash<orivanta::Link> {
+  /// The hash.
   std::size_t operator()(const orivanta::Link& link) const {
     return std::hash<std::string>()(link.uri);
   }

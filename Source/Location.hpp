@@ -18,33 +18,43 @@ class ORIVANTA_API Location : public std::enable_shared_from_this<Location> {
  public:
   /// Needs texts under "id", "name" and "type"; null without them.
   static std::shared_ptr<Location> make(const RawData& data);
-  Location(RecordToken, const RawData& data);
+  Location(RecordToken, const RawData& data);  ///< for `make`
   virtual ~Location() = default;
   Location(const Location&) = delete;
   Location& operator=(const Location&) = delete;
 
-  RawData _data;
-  std::optional<std::string> id;
-  std::optional<std::string> name;
-  std::optional<std::string> type;
-  std::optional<std::string> description;
-  std::shared_ptr<const ImageCollection> logo;
-  std::shared_ptr<const ImageCollection> picture;
-  std::vector<std::shared_ptr<Category>> categories;
-  NodeList nodes;
-  std::vector<std::shared_ptr<Polygon>> polygons;
+  RawData _data;                                   ///< the JSON of which the record was made
+  std::optional<std::string> id;                   ///< the identifier; never absent after `make`
+  std::optional<std::string> name;                 ///< never absent after `make`
+  std::optional<std::string> type;                 ///< the kind of place; never absent after `make`
+  std::optional<std::string> description;          ///< for people
+  std::shared_ptr<const ImageCollection> logo;     ///< null if there is none
+  std::shared_ptr<const ImageCollection> picture;  ///< null if there is none
+  std::vector<std::shared_ptr<Category>> categories;  ///< in the order of the record
+  NodeList nodes;                                     ///< where routes to the location end
+  std::vector<std::shared_ptr<Polygon>> polygons;     ///< the areas of the location
 
-  // Routes between this location's nodes and others, over the active venue's graph. Each is a call
-  // of `getDirections` with this location as the place of departure or arrival; null when there is
-  // no route.
+  /// The route to another location. Like the following, searches the graph of the active venue from
+  /// or to the nodes of this location as `getDirections` does, with this location as the place of
+  /// departure or arrival. Null if there is no route.
   std::shared_ptr<Directions> directionsTo(Location& location);
+
+  /// The route to a node.
   std::shared_ptr<Directions> directionsTo(Node& node,
                                            const std::shared_ptr<Location>& arriveAt = nullptr);
+
+  /// The route to one of several nodes.
   std::shared_ptr<Directions> directionsTo(const NodeList& nodes,
                                            const std::shared_ptr<Location>& arriveAt = nullptr);
+
+  /// The route from another location.
   std::shared_ptr<Directions> directionsFrom(Location& location);
+
+  /// The route from a node.
   std::shared_ptr<Directions> directionsFrom(Node& node,
                                              const std::shared_ptr<Location>& departFrom = nullptr);
+
+  /// The route from one of several nodes.
   std::shared_ptr<Directions> directionsFrom(const NodeList& nodes,
                                              const std::shared_ptr<Location>& departFrom = nullptr);
 

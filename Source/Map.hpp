@@ -17,22 +17,23 @@ namespace scene {
 class Node;
 }
 
+/// One floor of a venue.
 class ORIVANTA_API Map {
  public:
   /// Needs a text under "id"; null without it.
   static std::shared_ptr<Map> make(const RawData& data);
-  Map(RecordToken, const RawData& data);
+  Map(RecordToken, const RawData& data);  ///< for `make`
   Map(const Map&) = delete;
   Map& operator=(const Map&) = delete;
 
-  RawData _data;
-  std::optional<std::string> id;
+  RawData _data;                       ///< the JSON of which the record was made
+  std::optional<std::string> id;       ///< the identifier; never absent after `make`
   std::string name;                    ///< "" when missing
   std::string shortName;               ///< "" when missing
   double elevation;                    ///< in the venue's units; 0 when missing
   std::optional<foundation::Url> obj;  ///< the 3D model
   std::optional<foundation::Url> mtl;  ///< its material library
-  const IdentityHash hashValue;
+  const IdentityHash hashValue;        ///< by identity
 
   /// The floor's model, one child for each material. Null until a map view has loaded it.
   std::shared_ptr<scene::Node> mapObject;
@@ -44,7 +45,9 @@ class ORIVANTA_API Map {
 
 }  // namespace orivanta
 
+/// Hash of a floor, by identity.
 template <>
 struct std::hash<orivanta::Map> {
+  /// The hash.
   std::size_t operator()(const orivanta::Map& map) const { return map.hashValue; }
 };

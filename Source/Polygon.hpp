@@ -19,16 +19,16 @@ class ORIVANTA_API Polygon {
  public:
   /// Needs a text under "id"; null without it.
   static std::shared_ptr<Polygon> make(const RawData& data);
-  Polygon(RecordToken, const RawData& data);
+  Polygon(RecordToken, const RawData& data);  ///< for `make`
   Polygon(const Polygon&) = delete;
   Polygon& operator=(const Polygon&) = delete;
 
-  RawData _data;
-  std::optional<std::string> id;
-  std::shared_ptr<Map> map;  ///< never null in a published venue
-  std::vector<std::weak_ptr<Location>> locations;
-  const IdentityHash hashValue;
-  NodeList entrances;
+  RawData _data;                                   ///< the JSON of which the record was made
+  std::optional<std::string> id;                   ///< the identifier; never absent after `make`
+  std::shared_ptr<Map> map;                        ///< never null in a published venue
+  std::vector<std::weak_ptr<Location>> locations;  ///< the locations that have this area
+  const IdentityHash hashValue;                    ///< by identity
+  NodeList entrances;                              ///< where routes to the area end
 
   friend bool operator==(const Polygon& left, const Polygon& right) {
     return left.hashValue == right.hashValue;
@@ -37,7 +37,9 @@ class ORIVANTA_API Polygon {
 
 }  // namespace orivanta
 
+/// Hash of a polygon, by identity.
 template <>
 struct std::hash<orivanta::Polygon> {
+  /// The hash.
   std::size_t operator()(const orivanta::Polygon& polygon) const { return polygon.hashValue; }
 };

@@ -27,14 +27,22 @@ class MemoryBudget;
 /// Thrown by the readers whose name ends in `Force`.
 class ORIVANTA_API RawDataError : public std::exception {
  public:
-  enum Case { CantForceCast };
+  /// The kinds of errors.
+  enum Case {
+    CantForceCast  ///< the value is missing or of another kind
+  };
 
+  /// An error of this kind.
   explicit RawDataError(Case which) : case_(which) {}
+
+  /// A text for people.
   const char* what() const noexcept override;
 
   friend bool operator==(const RawDataError& left, const RawDataError& right) {
     return left.case_ == right.case_;
   }
+
+  /// The hash, by the case.
   std::size_t hashValue() const { return static_cast<std::size_t>(case_); }
 
  private:
@@ -64,6 +72,8 @@ class ORIVANTA_API RawData {
 
   /// Wraps nothing.
   RawData() = default;
+
+  /// Wraps a value; null wraps nothing.
   explicit RawData(std::shared_ptr<const boost::json::value> value) : data_(std::move(value)) {}
 
   /// The wrapped value, or null for nothing. To look into it, include <boost/json/value.hpp>.
@@ -81,15 +91,15 @@ class ORIVANTA_API RawData {
   /// A text; never a number turned into text.
   std::optional<std::string> string() const;
   std::string stringValue() const;  ///< default ""
-  std::string stringForce() const;
+  std::string stringForce() const;  ///< throws without a text
 
   /// A number; true is 1 and false is 0. Never a text turned into a number.
   std::optional<double> double_() const;
   double doubleValue() const;  ///< default 0.0
-  double doubleForce() const;
+  double doubleForce() const;  ///< throws without a number
 
-  std::shared_ptr<const ImageCollection> imageCollection() const;  ///< null for nothing
-  std::shared_ptr<const ImageCollection> imageCollectionForce() const;
+  std::shared_ptr<const ImageCollection> imageCollection() const;       ///< null for nothing
+  std::shared_ptr<const ImageCollection> imageCollectionForce() const;  ///< throws without images
 
   /// A text that is a well-formed URL as it stands, relative ones included.
   std::optional<foundation::Url> url() const;
@@ -102,7 +112,9 @@ class ORIVANTA_API RawData {
 
 }  // namespace orivanta
 
+/// Hash of an error, by its case.
 template <>
 struct std::hash<orivanta::RawDataError> {
+  /// The hash.
   std::size_t operator()(const orivanta::RawDataError& error) const { return error.hashValue(); }
 };

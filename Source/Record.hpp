@@ -11,6 +11,7 @@
 
 namespace orivanta {
 
+/// Keys of members of a JSON object.
 using RecordKeys = std::initializer_list<std::string_view>;
 
 /// Proof that a record is being built by `makeRecord`, the only one who can create it.
@@ -21,8 +22,10 @@ class RecordToken {
                                             RecordKeys numbers);
 };
 
-/// Whether there is a text, respectively a number, under each of the keys.
+/// Whether there is a text under each of the keys.
 bool hasTexts(const RawData& data, RecordKeys keys);
+
+/// Whether there is a number under each of the keys.
 bool hasNumbers(const RawData& data, RecordKeys keys);
 
 /// The record, or null if a text or a number that it cannot do without is missing or of the wrong
@@ -37,6 +40,7 @@ std::shared_ptr<Record> makeRecord(const RawData& data, RecordKeys texts, Record
 /// A number that no other living record shares.
 using IdentityHash = std::uintptr_t;
 
+/// The hash of a record, of its address.
 inline IdentityHash identityHash(const void* record) {
   return reinterpret_cast<IdentityHash>(record);
 }

@@ -13,30 +13,32 @@
 
 namespace orivanta {
 
+/// One building or site. Owns its records, its graph and what they link to.
 class ORIVANTA_API Venue {
  public:
   /// Needs texts under "id", "slug" and "name"; null without them.
   static std::shared_ptr<Venue> make(const RawData& data);
-  Venue(RecordToken, const RawData& data);
+  Venue(RecordToken, const RawData& data);  ///< for `make`
   Venue(const Venue&) = delete;
   Venue& operator=(const Venue&) = delete;
 
-  RawData _data;
-  std::optional<std::string> id;
-  std::optional<std::string> slug;  ///< the venue's key in the web API
-  std::optional<std::string> name;
-  std::shared_ptr<const ImageCollection> logo;
-  std::shared_ptr<const ImageCollection> coverImage;
+  RawData _data;                                      ///< the JSON of which the record was made
+  std::optional<std::string> id;                      ///< the identifier; never absent after `make`
+  std::optional<std::string> slug;                    ///< the venue's key in the web API
+  std::optional<std::string> name;                    ///< never absent after `make`
+  std::shared_ptr<const ImageCollection> logo;        ///< null if there is none
+  std::shared_ptr<const ImageCollection> coverImage;  ///< null if there is none
 
-  // Absent until a load has published them, and again from the start of the next load.
+  /// The polygons by identifier. Like the following, absent until a load has published it, and
+  /// again from the start of the next load.
   std::optional<Collection<Polygon>> polygonDictionary;
-  std::optional<std::vector<std::shared_ptr<Location>>> locations;
-  std::optional<std::vector<std::shared_ptr<Category>>> categories;
-  std::optional<std::vector<std::shared_ptr<Map>>> maps;
-  std::optional<std::vector<std::shared_ptr<Node>>> nodes;
-  std::optional<std::vector<std::shared_ptr<Vortex>>> vortices;
-  std::optional<std::vector<std::shared_ptr<Polygon>>> polygons;
-  std::shared_ptr<NavigationGraph> navigationGraph;
+  std::optional<std::vector<std::shared_ptr<Location>>> locations;   ///< the places
+  std::optional<std::vector<std::shared_ptr<Category>>> categories;  ///< the categories
+  std::optional<std::vector<std::shared_ptr<Map>>> maps;             ///< the floors
+  std::optional<std::vector<std::shared_ptr<Node>>> nodes;  ///< the nodes of the walking network
+  std::optional<std::vector<std::shared_ptr<Vortex>>> vortices;   ///< the connectors
+  std::optional<std::vector<std::shared_ptr<Polygon>>> polygons;  ///< the clickable areas
+  std::shared_ptr<NavigationGraph> navigationGraph;  ///< null until a load has published it
 };
 
 }  // namespace orivanta

@@ -14,7 +14,7 @@ class ORIVANTA_API Vortex : public Location {
  public:
   /// Needs what a location needs; null without it.
   static std::shared_ptr<Vortex> make(const RawData& data);
-  Vortex(RecordToken, const RawData& data);
+  Vortex(RecordToken, const RawData& data);  ///< for `make`
 
   bool accessible;                         ///< unless the API says otherwise
   double constantWeight;                   ///< added to the cost of every ride

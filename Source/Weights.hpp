@@ -1,4 +1,5 @@
 // The two weights that one "weight" member of a node or a vortex stands for.
+// Private header.
 #pragma once
 
 #include "Source/RawData.hpp"

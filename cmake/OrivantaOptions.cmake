@@ -44,9 +44,7 @@ endmacro()
 function(orivanta_library name)
   add_library(${name} STATIC ${ARGN})
   orivanta_warnings(${name})
-  target_include_directories(
-    ${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
-                   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
   target_compile_definitions(${name} PRIVATE ORIVANTA_BUILDING)
 endfunction()
 

@@ -102,4 +102,10 @@ Examples:
   orivanta serve my-venues --origin https://maps.example
   orivanta serve my-venues --trusted-proxy 127.0.0.1)";
 
+inline constexpr const char* completionsFooter = R"(
+An installed program has its completions in place. Without installation:
+  source <(orivanta completions bash)
+  orivanta completions zsh > ~/.zfunc/_orivanta     a folder of $fpath
+  orivanta completions fish | source)";
+
 }  // namespace orivanta::command::help

@@ -14,9 +14,11 @@
 #include "Apps/Command/FindRoute.hpp"
 #include "Apps/Command/HelpTexts.hpp"
 #include "Apps/Command/ListVenues.hpp"
+#include "Apps/Command/ManualPage.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Render/RenderVenue.hpp"
 #include "Apps/Command/Serve.hpp"
+#include "Apps/Command/ShellCompletions.hpp"
 #include "Apps/Command/ShowVenue.hpp"
 #include "Apps/Command/ViewVenue.hpp"
 #include "Apps/DemoVenue/Folder.hpp"
@@ -36,6 +38,7 @@ struct CommandLine {
   RenderVenueOptions renderVenue;
   ViewVenueOptions viewVenue;
   ServeOptions serve;
+  std::string shell;
   std::function<ExitCode()> chosen;
 };
 
@@ -239,6 +242,33 @@ void addServe(CLI::App& app, CommandLine& line) {
   });
 }
 
+void addCompletions(CLI::App& app, CommandLine& line) {
+  auto& command = *app.add_subcommand("completions", "Print the completions for a shell");
+  command.footer(help::completionsFooter);
+  command.add_option("SHELL", line.shell, "bash, zsh or fish")
+      ->required()
+      ->check(CLI::IsMember({"bash", "zsh", "fish"}))
+      ->type_name("");
+  command.callback([&app, &line] {
+    line.chosen = [&app, &line] {
+      std::cout << (line.shell == "bash"  ? bashCompletions(app)
+                    : line.shell == "zsh" ? zshCompletions(app)
+                                          : fishCompletions(app));
+      return ExitCode::success;
+    };
+  });
+}
+
+void addManual(CLI::App& app, CommandLine& line) {
+  auto& command = *app.add_subcommand("manual", "Print the manual page for man(1)");
+  command.callback([&app, &line] {
+    line.chosen = [&app] {
+      std::cout << manualPage(app, ORIVANTA_VERSION);
+      return ExitCode::success;
+    };
+  });
+}
+
 std::string describeFailure(const CLI::App* app, const CLI::Error& error) {
   const auto chosen = app->get_subcommands();
   const auto unknown = app->remaining();
@@ -265,6 +295,8 @@ int run(int argc, char** argv) {
   addRender(app, line);
   addView(app, line);
   addServe(app, line);
+  addCompletions(app, line);
+  addManual(app, line);
   try {
     app.parse(argc, argv);
     return static_cast<int>(line.chosen());

@@ -1,4 +1,5 @@
 // The host application's main bundle: where its resources, settings among them, are found.
+// Public header.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,5 @@
 // Diagnostic lines: plain texts for whoever watches the program, without levels or a log file.
+// Public header.
 #pragma once
 
 #include <functional>

@@ -1,4 +1,5 @@
 // Work for the thread that owns the user interface, done whenever its host says so.
+// Public header.
 #pragma once
 
 #include <functional>

@@ -1,4 +1,5 @@
 // A limit on the memory that one piece of work takes, however the work is spread over threads.
+// Public header.
 #pragma once
 
 #include <atomic>
@@ -12,9 +13,12 @@
 
 namespace orivanta::foundation {
 
+/// Thrown when a budget has fewer bytes left than are needed.
 class ORIVANTA_API BudgetExceeded : public std::bad_alloc {
  public:
+  /// `wasBefore`: see the property of that name.
   explicit BudgetExceeded(bool wasBefore) : wasBefore_(wasBefore) {}
+  /// A text for people.
   const char* what() const noexcept override;
 
   /// Whether the budget had been exceeded already, by somebody else.
@@ -27,6 +31,7 @@ class ORIVANTA_API BudgetExceeded : public std::bad_alloc {
 /// Counts bytes; it allocates nothing itself. Any number of threads at once.
 class ORIVANTA_API MemoryBudget {
  public:
+  /// A budget of so many bytes.
   explicit MemoryBudget(std::size_t bytes) : bytes_(bytes) {}
   MemoryBudget(const MemoryBudget&) = delete;
   MemoryBudget& operator=(const MemoryBudget&) = delete;
@@ -34,9 +39,13 @@ class ORIVANTA_API MemoryBudget {
   /// Throws `BudgetExceeded` if fewer bytes are left. After that every call throws, so that the
   /// whole work ends instead of going on with what somebody gives back.
   void take(std::size_t bytes);
+  /// Returns bytes that were taken.
   void giveBack(std::size_t bytes) noexcept { taken_ -= bytes; }
 
+  /// Whether `take` has thrown.
   bool isExceeded() const noexcept { return exceeded_; }
+
+  /// The bytes taken and not yet given back.
   std::size_t taken() const noexcept { return taken_; }
 
  private:
@@ -62,6 +71,7 @@ class BudgetShare {
     taken_ += bytes;
   }
 
+  /// Returns some of the bytes that this share has taken.
   void giveBack(std::size_t bytes) noexcept {
     if (!budget_) return;
     budget_->giveBack(bytes);
@@ -73,6 +83,7 @@ class BudgetShare {
     if (bytes > taken_) take(bytes - taken_);
   }
 
+  /// Null if nothing is counted.
   const std::shared_ptr<MemoryBudget>& budget() const { return budget_; }
 
  private:
@@ -80,10 +91,11 @@ class BudgetShare {
   std::size_t taken_ = 0;
 };
 
+/// The domain of the errors that `memoryError` makes, and their codes.
 constexpr const char* memoryErrorDomain = "memory";
-constexpr int outOfMemory = 1;
-constexpr int budgetExceeded = 2;
-constexpr int budgetExceededBefore = 3;
+constexpr int outOfMemory = 1;           ///< an allocation failed
+constexpr int budgetExceeded = 2;        ///< this work exceeded the budget
+constexpr int budgetExceededBefore = 3;  ///< other work had exceeded it before
 
 /// The error of the domain "memory" for a failed allocation or an exceeded budget.
 ORIVANTA_API Error memoryError(const std::exception& failure);

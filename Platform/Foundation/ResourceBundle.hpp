@@ -1,4 +1,5 @@
 // Files that travel inside the library, so that nothing has to be installed beside it.
+// Public header.
 #pragma once
 
 #include <cstdint>
@@ -13,8 +14,8 @@ namespace orivanta::foundation {
 
 /// One embedded file.
 struct Resource {
-  std::string_view fileName;  ///< such as "MapLogo.png"
-  std::span<const std::uint8_t> bytes;
+  std::string_view fileName;            ///< such as "MapLogo.png"
+  std::span<const std::uint8_t> bytes;  ///< the contents of the file
 };
 
 /// Read-only and alive as long as the process. The build makes one from a folder

@@ -1,4 +1,5 @@
 // The main screen, as far as code without graphics needs to know it.
+// Public header.
 #pragma once
 
 #include "Platform/Foundation/Export.hpp"

@@ -1,4 +1,5 @@
 // A queue that runs tasks one after the other on background threads.
+// Public header.
 #pragma once
 
 #include <functional>
@@ -22,6 +23,7 @@ namespace orivanta::foundation {
 /// nobody refers to any more is dropped together with its tasks, unrun.
 class ORIVANTA_API SerialQueue : public std::enable_shared_from_this<SerialQueue> {
  public:
+  /// A queue without tasks that is not suspended.
   static std::shared_ptr<SerialQueue> make();
   ~SerialQueue();
   SerialQueue(const SerialQueue&) = delete;

@@ -1,4 +1,5 @@
 // A URL: a well-formed URI reference, absolute or relative (RFC 3986).
+// Public header.
 #pragma once
 
 #include <filesystem>
@@ -28,21 +29,24 @@ class ORIVANTA_API Url {
   /// The "file" URL of a path; a relative one is below the current folder.
   static Url fromFile(const std::filesystem::path& path);
 
+  /// The text of the URL.
   const std::string& absoluteString() const { return text_; }
 
   /// Whether there is a scheme.
   bool isAbsolute() const;
 
-  /// The components as they stand in the text, without delimiters; empty when missing.
+  /// The scheme as it stands in the text, without the colon. Like the other components, it is not
+  /// decoded, and empty if the URL has none.
   std::string scheme() const;
-  std::string host() const;
-  std::string port() const;
-  std::string path() const;
-  std::string query() const;
+  std::string host() const;   ///< without the brackets of an IPv6 address
+  std::string port() const;   ///< without the colon
+  std::string path() const;   ///< with its slashes
+  std::string query() const;  ///< without the question mark
 
   /// The user name and password in front of the host, percent-decoded; the password is empty when
   /// there is only a name. Nothing when there are none.
   std::optional<std::pair<std::string, std::string>> credentials() const;
+  /// The same URL without user name and password.
   Url withoutCredentials() const;
 
   /// The last segment of the path, percent-decoded, slashes at the end left aside; empty for a path

@@ -1,4 +1,5 @@
 // Colors of the sRGB space, and the named ones.
+// Public header.
 #pragma once
 
 #include <optional>
@@ -10,11 +11,12 @@ namespace orivanta::graphics {
 
 /// Components from 0 to 1, encoded as sRGB encodes them; not multiplied by the alpha.
 struct Color {
-  float red = 0.0F;
-  float green = 0.0F;
-  float blue = 0.0F;
-  float alpha = 1.0F;
+  float red = 0.0F;    ///< from 0 to 1
+  float green = 0.0F;  ///< from 0 to 1
+  float blue = 0.0F;   ///< from 0 to 1
+  float alpha = 1.0F;  ///< from 0, transparent, to 1, opaque
 
+  /// A gray: 0 is black, 1 is white.
   static constexpr Color fromWhite(float level, float alpha = 1.0F) {
     return {level, level, level, alpha};
   }
@@ -26,21 +28,21 @@ struct Color {
 };
 
 namespace colors {
-inline constexpr Color black{0, 0, 0, 1};
-inline constexpr Color darkGray{1.0F / 3, 1.0F / 3, 1.0F / 3, 1};
-inline constexpr Color lightGray{2.0F / 3, 2.0F / 3, 2.0F / 3, 1};
-inline constexpr Color gray{0.5F, 0.5F, 0.5F, 1};
-inline constexpr Color white{1, 1, 1, 1};
-inline constexpr Color red{1, 0, 0, 1};
-inline constexpr Color green{0, 1, 0, 1};
-inline constexpr Color blue{0, 0, 1, 1};
-inline constexpr Color cyan{0, 1, 1, 1};
-inline constexpr Color yellow{1, 1, 0, 1};
-inline constexpr Color magenta{1, 0, 1, 1};
-inline constexpr Color orange{1, 0.5F, 0, 1};
-inline constexpr Color purple{0.5F, 0, 0.5F, 1};
-inline constexpr Color brown{0.6F, 0.4F, 0.2F, 1};
-inline constexpr Color clear{0, 0, 0, 0};
+inline constexpr Color black{0, 0, 0, 1};                           ///< "black"
+inline constexpr Color darkGray{1.0F / 3, 1.0F / 3, 1.0F / 3, 1};   ///< "darkGray"
+inline constexpr Color lightGray{2.0F / 3, 2.0F / 3, 2.0F / 3, 1};  ///< "lightGray"
+inline constexpr Color gray{0.5F, 0.5F, 0.5F, 1};                   ///< "gray"
+inline constexpr Color white{1, 1, 1, 1};                           ///< "white"
+inline constexpr Color red{1, 0, 0, 1};                             ///< "red"
+inline constexpr Color green{0, 1, 0, 1};                           ///< "green"
+inline constexpr Color blue{0, 0, 1, 1};                            ///< "blue"
+inline constexpr Color cyan{0, 1, 1, 1};                            ///< "cyan"
+inline constexpr Color yellow{1, 1, 0, 1};                          ///< "yellow"
+inline constexpr Color magenta{1, 0, 1, 1};                         ///< "magenta"
+inline constexpr Color orange{1, 0.5F, 0, 1};                       ///< "orange"
+inline constexpr Color purple{0.5F, 0, 0.5F, 1};                    ///< "purple"
+inline constexpr Color brown{0.6F, 0.4F, 0.2F, 1};                  ///< "brown"
+inline constexpr Color clear{0, 0, 0, 0};                           ///< "clear": transparent black
 }  // namespace colors
 
 }  // namespace orivanta::graphics

@@ -1,36 +1,38 @@
 // Points, sizes and rectangles of the plane.
+// Public header.
 #pragma once
 
 #include <algorithm>
 
 namespace orivanta::graphics {
 
-/// In points of whoever names it; which way the y axis runs is the frame's own matter.
+/// A position in points. Whoever uses it says where the origin is and which way the y axis runs.
 struct Point {
-  double x = 0.0;
-  double y = 0.0;
+  double x = 0.0;  ///< to the right
+  double y = 0.0;  ///< up or down
   friend bool operator==(const Point&, const Point&) = default;
 };
 
+/// A size in points.
 struct Size {
-  double width = 0.0;
-  double height = 0.0;
+  double width = 0.0;   ///< points
+  double height = 0.0;  ///< points
   friend bool operator==(const Size&, const Size&) = default;
 };
 
-/// `origin` is the corner with the smallest coordinates; sizes are not negative.
+/// An upright rectangle.
 struct Rect {
-  Point origin;
-  Size size;
+  Point origin;  ///< the corner with the smallest coordinates
+  Size size;     ///< not negative
 
-  double minX() const { return origin.x; }
-  double minY() const { return origin.y; }
-  double midX() const { return origin.x + size.width / 2; }
-  double midY() const { return origin.y + size.height / 2; }
-  double maxX() const { return origin.x + size.width; }
-  double maxY() const { return origin.y + size.height; }
+  double minX() const { return origin.x; }                    ///< smallest x
+  double minY() const { return origin.y; }                    ///< smallest y
+  double midX() const { return origin.x + size.width / 2; }   ///< x of the center
+  double midY() const { return origin.y + size.height / 2; }  ///< y of the center
+  double maxX() const { return origin.x + size.width; }       ///< largest x
+  double maxY() const { return origin.y + size.height; }      ///< largest y
 
-  /// With the smaller edges, without the larger ones.
+  /// Whether a point lies inside or on one of the edges with the smallest coordinates.
   bool contains(Point point) const {
     return point.x >= minX() && point.x < maxX() && point.y >= minY() && point.y < maxY();
   }

@@ -1,4 +1,5 @@
 // A picture in memory.
+// Public header.
 #pragma once
 
 #include <cstddef>
@@ -14,9 +15,10 @@ namespace orivanta::graphics {
 
 /// The sides of a picture in pixels.
 struct PixelSize {
-  std::uint32_t width = 0;
-  std::uint32_t height = 0;
+  std::uint32_t width = 0;   ///< pixels
+  std::uint32_t height = 0;  ///< pixels
 
+  /// The number of pixels.
   std::uint64_t pixels() const { return std::uint64_t{width} * height; }
 };
 
@@ -29,8 +31,8 @@ class ORIVANTA_API Image {
   static std::shared_ptr<const Image> make(std::uint32_t width, std::uint32_t height,
                                            std::vector<std::uint8_t> pixels, double scale = 1.0);
 
-  static constexpr std::uint32_t maximumSide = 16384;
-  static constexpr std::uint64_t maximumPixels = 64'000'000;
+  static constexpr std::uint32_t maximumSide = 16384;         ///< pixels
+  static constexpr std::uint64_t maximumPixels = 64'000'000;  ///< of the whole picture
 
   /// Whether a picture may have these sides.
   static constexpr bool allows(std::uint64_t width, std::uint64_t height) {
@@ -40,10 +42,12 @@ class ORIVANTA_API Image {
 
   std::uint32_t width() const { return width_; }    ///< pixels
   std::uint32_t height() const { return height_; }  ///< pixels
-  std::span<const std::uint8_t> pixels() const { return pixels_; }
-  double scale() const { return scale_; }
+  double scale() const { return scale_; }           ///< pixels per point
 
-  /// In points.
+  /// The pixels, as the class describes them, for as long as the image lives.
+  std::span<const std::uint8_t> pixels() const { return pixels_; }
+
+  /// The size in points.
   Size size() const { return {width_ / scale_, height_ / scale_}; }
 
   /// Whether no pixel is translucent.

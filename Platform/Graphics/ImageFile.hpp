@@ -1,4 +1,5 @@
 // Pictures from and to files: PNG and JPEG are read, PNG is written.
+// Public header.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
 // Text made into pictures, in any script.
+// Public header.
 #pragma once
 
 #include <memory>
@@ -11,22 +12,24 @@
 
 namespace orivanta::graphics {
 
+/// How the lines of a text lie beside one another.
 enum class TextAlignment {
-  leading,  ///< each line from where its paragraph's script begins
-  centre
+  leading,  ///< each line starts where its paragraph's script starts
+  centre    ///< each line is centered
 };
 
+/// How a text looks.
 struct TextStyle {
-  std::string fontFamily = "Sans";
-  double fontSize = 14.0;  ///< points
-  bool bold = false;
-  Color color = colors::black;
-  Color outlineColor = colors::clear;
-  double outlineWidth = 0.0;  ///< points around each glyph; 0 for none
-  double maximumWidth = 0.0;  ///< points; longer lines break; 0 for no bound
-  int maximumLines = 0;       ///< what does not fit ends in an ellipsis; 0 for no bound
-  TextAlignment alignment = TextAlignment::centre;  ///< of the lines among themselves
-  bool wholeLines = false;  ///< as high as its lines, so that texts side by side share a baseline
+  std::string fontFamily = "Sans";     ///< a family or an alias of Fontconfig
+  double fontSize = 14.0;              ///< points
+  bool bold = false;                   ///< whether the font is bold
+  Color color = colors::black;         ///< of the glyphs
+  Color outlineColor = colors::clear;  ///< of the line around each glyph
+  double outlineWidth = 0.0;           ///< points around each glyph; 0 for none
+  double maximumWidth = 0.0;           ///< points; longer lines break; 0 for no bound
+  int maximumLines = 0;                ///< what does not fit ends in an ellipsis; 0 for no bound
+  TextAlignment alignment = TextAlignment::centre;  ///< how the lines lie
+  bool wholeLines = false;  ///< full line height, so that texts side by side share a baseline
 };
 
 /// A picture that just holds the text, its outline included, with `scale` pixels per point; null

@@ -1,4 +1,5 @@
 // Keeps a frame from seeing half of a change.
+// Public header.
 #pragma once
 
 #include <mutex>
@@ -13,6 +14,7 @@ namespace orivanta::graphics {
 /// nest. Hold it briefly, and take no other lock inside that is also held around one.
 class ORIVANTA_API Transaction {
  public:
+  /// Waits until no other thread has a transaction.
   Transaction() : lock_(mutex()) {}
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;

@@ -1,4 +1,5 @@
 // What a request may ask of the server that answers it.
+// Public header.
 #pragma once
 
 #include <chrono>
@@ -15,12 +16,13 @@ namespace orivanta::network {
 /// A transfer is too slow when fewer bytes than this, times the seconds of the window, arrive
 /// within a window. One window follows the other, from the first byte of an answer on.
 struct LowestRate {
-  std::size_t bytesPerSecond = 1;
+  std::size_t bytesPerSecond = 1;   ///< on average over a window
   std::chrono::seconds window{60};  ///< at least one second
 
   friend bool operator==(const LowestRate&, const LowestRate&) = default;
 };
 
+/// What a request demands of the server. A request that is refused ends with an error.
 struct TransferRules {
   LowestRate lowestRate;  ///< a slower transfer ends with an error; a minute without a byte does
   /// Whether a redirect from HTTPS to HTTP is an error instead of being followed.
@@ -41,6 +43,7 @@ ORIVANTA_API bool leavesHttps(const foundation::Url& from, const foundation::Url
 
 /// The error for such a step. It names both URLs, without credentials.
 ORIVANTA_API foundation::Error insecureStep(const foundation::Url& from, const foundation::Url& to);
+/// Whether an error was made by `insecureStep`.
 ORIVANTA_API bool isInsecureStep(const foundation::Error& error);
 
 }  // namespace orivanta::network

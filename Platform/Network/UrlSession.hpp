@@ -1,5 +1,6 @@
 // URL sessions: requests that share header fields and report, one after the other, to a delegate
 // on a background queue of the session's own.
+// Public header.
 #pragma once
 
 #include <functional>

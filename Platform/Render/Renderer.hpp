@@ -1,4 +1,5 @@
 // Draws a tree of views with OpenGL ES 3.0.
+// Public header.
 #pragma once
 
 #include <memory>

@@ -1,4 +1,5 @@
 // A perspective camera, looking along the negative z axis of its node with y upwards.
+// Public header.
 #pragma once
 
 #include <memory>
@@ -13,10 +14,10 @@ namespace orivanta::scene {
 /// frame may be drawn. The angles are degrees, the planes scene units.
 class ORIVANTA_API Camera {
  public:
-  double xFov = 60.0;
-  double yFov = 60.0;
-  double zNear = 1.0;
-  double zFar = 100.0;
+  double xFov = 60.0;   ///< field of view from left to right, degrees
+  double yFov = 60.0;   ///< field of view from bottom to top, degrees
+  double zNear = 1.0;   ///< distance of the near plane, scene units
+  double zFar = 100.0;  ///< distance of the far plane, scene units
 
   /// From camera space to clip space (x, y and z of -w to w, as OpenGL has it). The field of view
   /// belongs to the shorter side of the view, `xFov` when that is its width, so the picture is

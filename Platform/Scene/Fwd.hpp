@@ -1,4 +1,5 @@
 // Forward declarations of the scene's classes.
+// Public header.
 #pragma once
 
 namespace orivanta::scene {

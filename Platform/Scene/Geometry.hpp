@@ -1,4 +1,5 @@
 // Shapes made of triangles: vertex data and the elements that refer to it, both shared by handle.
+// Public header.
 #pragma once
 
 #include <cstddef>
@@ -20,18 +21,23 @@ namespace orivanta::scene {
 /// Bytes that several geometries refer to; never copied, never changed.
 using SharedBytes = std::shared_ptr<const std::vector<std::byte>>;
 
-enum class Semantic { vertex, normal, textureCoordinate };
+/// What a vertex attribute means.
+enum class Semantic {
+  vertex,            ///< position: x, y, z
+  normal,            ///< unit vector: x, y, z
+  textureCoordinate  ///< u to the right, v up
+};
 
 /// One attribute of every vertex: vector i lies at byte `dataOffset + i * dataStride` of the data.
 /// Components are little-endian IEEE floats of 4 bytes.
 struct GeometrySource {
-  SharedBytes data;
-  Semantic semantic = Semantic::vertex;
-  std::size_t vectorCount = 0;
-  std::size_t componentsPerVector = 3;
-  std::size_t bytesPerComponent = 4;
-  std::size_t dataOffset = 0;
-  std::size_t dataStride = 12;
+  SharedBytes data;                      ///< may hold other attributes too
+  Semantic semantic = Semantic::vertex;  ///< what the attribute means
+  std::size_t vectorCount = 0;           ///< the number of vertices
+  std::size_t componentsPerVector = 3;   ///< floats for each vertex
+  std::size_t bytesPerComponent = 4;     ///< always 4
+  std::size_t dataOffset = 0;            ///< of the first vector, bytes
+  std::size_t dataStride = 12;           ///< from one vector to the next, bytes
 
   /// Components 0 to 2 of vector `index`, missing ones 0. An index outside the source, or data
   /// too short for it, is a fatal error.
@@ -40,10 +46,11 @@ struct GeometrySource {
 
 /// Triangles: three indices each, little-endian and unsigned.
 struct GeometryElement {
-  SharedBytes data;
+  SharedBytes data;               ///< the indices, one after the other
   std::size_t bytesPerIndex = 4;  ///< 1, 2, 4 or 8
 
   ORIVANTA_API std::size_t indexCount() const;  ///< whole indices in the data
+  /// The index at a position, which is below `indexCount`; otherwise a fatal error.
   ORIVANTA_API std::uint64_t index(std::size_t position) const;
 };
 
@@ -51,8 +58,8 @@ class Geometry;
 
 /// What vertices hold besides their positions.
 struct VertexContents {
-  bool normals = true;
-  bool textureCoordinates = true;
+  bool normals = true;             ///< whether normals are known
+  bool textureCoordinates = true;  ///< whether texture coordinates are known
 };
 
 /// Makes the same shape with fewer triangles, nowhere further than `tolerance` units from the one
@@ -74,13 +81,19 @@ class ORIVANTA_API Geometry {
   static std::shared_ptr<Geometry> make(SharedBytes vertices, std::vector<GeometryElement> elements,
                                         VertexContents contents = {});
 
+  /// The attributes of the vertices.
   const std::vector<GeometrySource>& sources() const { return sources_; }
+
+  /// The triangles, in the order in which they are drawn.
   const std::vector<GeometryElement>& elements() const { return elements_; }
 
   /// The first source with a semantic; null without one.
   const GeometrySource* source(Semantic semantic) const;
 
+  /// The materials, in the order of the elements.
   std::vector<std::shared_ptr<Material>> materials() const;
+
+  /// Replaces all materials.
   void setMaterials(std::vector<std::shared_ptr<Material>> materials);
 
   /// Null without a material.
@@ -91,6 +104,8 @@ class ORIVANTA_API Geometry {
   void setSimplification(Simplification simplification) {
     simplification_ = std::move(simplification);
   }
+
+  /// Empty if none was set.
   const Simplification& simplification() const { return simplification_; }
 
   /// The box of the vertices that the elements refer to; empty without any.

@@ -1,4 +1,5 @@
 // A matrix that changes with time, told by its values at some moments.
+// Public header.
 #pragma once
 
 #include <string>
@@ -14,13 +15,13 @@ namespace orivanta::scene {
 /// end and the run covers only the first fifth of the way to its value.
 class ORIVANTA_API KeyframeAnimation {
  public:
-  std::string keyPath;
-  std::vector<graphics::Matrix4> values;
-  std::vector<double> keyTimes;
-  double duration = 0.0;  ///< seconds of one run
-  double repeatCount = 1.0;
+  std::string keyPath;                    ///< the property, such as "diffuse.contentsTransform"
+  std::vector<graphics::Matrix4> values;  ///< one for each key time
+  std::vector<double> keyTimes;           ///< rising
+  double duration = 0.0;                  ///< seconds of one run
+  double repeatCount = 1.0;               ///< number of runs; may be infinite
   bool autoreverses = false;  ///< each run is followed by one back, of the same duration
-  bool isAdditive = false;
+  bool isAdditive = false;    ///< whether values are added to the value of the property
 
   /// The value `elapsed` seconds after the beginning, values between key times interpolated
   /// component by component. Before the beginning it is the first frame; after the last run it is

@@ -1,4 +1,5 @@
 // A place in a scene: a position and a turn, what stands there, and the nodes that move with it.
+// Public header.
 #pragma once
 
 #include <functional>
@@ -16,7 +17,12 @@
 
 namespace orivanta::scene {
 
-enum class Axis { x, y, z };
+/// An axis of a coordinate system.
+enum class Axis {
+  x,  ///< the first
+  y,  ///< the second
+  z   ///< the third
+};
 
 /// Held by handle; a parent owns its children, a child does not own its parent. A node turns by its
 /// Euler angles (radians) about x first, then y, then z, and is then moved by its position.
@@ -25,38 +31,39 @@ enum class Axis { x, y, z };
 /// that a frame should show together, and around walks through `children`.
 class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
  public:
+  /// A node at the origin, without a parent. The geometry may be null.
   static std::shared_ptr<Node> make(std::shared_ptr<Geometry> geometry = nullptr);
   ~Node();
   Node(const Node&) = delete;
   Node& operator=(const Node&) = delete;
 
-  std::optional<std::string> name() const;
-  void setName(std::optional<std::string> name);
+  std::optional<std::string> name() const;        ///< none until set
+  void setName(std::optional<std::string> name);  ///< names need not be unique
 
-  graphics::Vector3 position() const;
-  void setPosition(graphics::Vector3 position);
-  void setPosition(Axis axis, float value);  ///< keeps the other two
+  graphics::Vector3 position() const;            ///< in the parent's space
+  void setPosition(graphics::Vector3 position);  ///< in the parent's space
+  void setPosition(Axis axis, float value);      ///< keeps the other two
 
-  graphics::Vector3 eulerAngles() const;
-  void setEulerAngles(graphics::Vector3 angles);
-  void setEulerAngle(Axis axis, float angle);  ///< keeps the other two
+  graphics::Vector3 eulerAngles() const;          ///< radians about x, y and z
+  void setEulerAngles(graphics::Vector3 angles);  ///< radians about x, y and z
+  void setEulerAngle(Axis axis, float angle);     ///< keeps the other two
 
-  std::shared_ptr<Geometry> geometry() const;
-  void setGeometry(std::shared_ptr<Geometry> geometry);
-  std::shared_ptr<Camera> camera() const;
-  void setCamera(std::shared_ptr<Camera> camera);
-  std::shared_ptr<Light> light() const;
-  void setLight(std::shared_ptr<Light> light);
+  std::shared_ptr<Geometry> geometry() const;            ///< null if there is none
+  void setGeometry(std::shared_ptr<Geometry> geometry);  ///< null removes it
+  std::shared_ptr<Camera> camera() const;                ///< null if there is none
+  void setCamera(std::shared_ptr<Camera> camera);        ///< null removes it
+  std::shared_ptr<Light> light() const;                  ///< null if there is none
+  void setLight(std::shared_ptr<Light> light);           ///< null removes it
 
-  bool castsShadow() const;  ///< true until set
-  void setCastsShadow(bool castsShadow);
-  bool isHidden() const;  ///< with everything below; false until set
-  void setHidden(bool hidden);
+  bool castsShadow() const;               ///< true until set
+  void setCastsShadow(bool castsShadow);  ///< of the geometry
+  bool isHidden() const;                  ///< with everything below; false until set
+  void setHidden(bool hidden);            ///< with everything below
 
-  std::vector<std::shared_ptr<ParticleSystem>> particleSystems() const;
-  void addParticleSystem(std::shared_ptr<ParticleSystem> system);
+  std::vector<std::shared_ptr<ParticleSystem>> particleSystems() const;  ///< in the order of adding
+  void addParticleSystem(std::shared_ptr<ParticleSystem> system);        ///< at the end of the list
 
-  std::vector<std::shared_ptr<Node>> children() const;
+  std::vector<std::shared_ptr<Node>> children() const;  ///< in the order in which they are drawn
 
   /// Without a copy, for as long as the transaction lives and the children stay.
   const std::vector<std::shared_ptr<Node>>& children(const graphics::Transaction&) const {
@@ -64,9 +71,11 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   }
   std::shared_ptr<Node> parent() const;  ///< null at the top
 
-  /// Takes the child from its former parent first. A null child, the node itself or one above it is
-  /// a fatal error. The index counts without the child; one beyond the end appends.
+  /// Appends a child, which is first removed from its former parent. A null child, the node itself
+  /// or one above it is a fatal error.
   void addChild(std::shared_ptr<Node> child);
+
+  /// As `addChild`, at an index among the other children. An index beyond the end appends.
   void insertChild(std::shared_ptr<Node> child, std::size_t index);
   void removeFromParent();  ///< nothing at the top
 
@@ -87,6 +96,8 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
 
   /// The geometry of all children merged for drawing, if somebody prepared it; see `Batch`.
   std::shared_ptr<const Batch> preparedBatch() const;
+
+  /// See `preparedBatch`; null removes it.
   void setPreparedBatch(std::shared_ptr<const Batch> batch);
 
  private:

@@ -1,4 +1,5 @@
 // A scene, and what is asked of it without drawing: what a ray hits, where a point shows.
+// Public header.
 #pragma once
 
 #include <memory>
@@ -11,8 +12,10 @@
 
 namespace orivanta::scene {
 
+/// A tree of nodes.
 class ORIVANTA_API Scene {
  public:
+  /// A scene with an empty root.
   static std::shared_ptr<Scene> make();
 
   const std::shared_ptr<Node>& rootNode() const { return rootNode_; }  ///< never null
@@ -25,12 +28,13 @@ class ORIVANTA_API Scene {
 
 /// From `origin` to `origin + direction`, both in the scene's space.
 struct Ray {
-  graphics::Vector3 origin;
-  graphics::Vector3 direction;
+  graphics::Vector3 origin;     ///< where the ray starts
+  graphics::Vector3 direction;  ///< from its start to its end
 };
 
+/// Where a ray meets a geometry element.
 struct Hit {
-  std::shared_ptr<Node> node;
+  std::shared_ptr<Node> node;  ///< the node of the geometry; never null
   std::size_t geometryIndex;   ///< of the element
   graphics::Vector3 position;  ///< in the scene's space
   float distance;              ///< from 0 at the ray's origin to 1 at its end
@@ -48,7 +52,9 @@ class ORIVANTA_API Viewpoint {
   Viewpoint(const Node& pointOfView, graphics::Size view);
 
   const graphics::Matrix4& viewMatrix() const { return view_; }  ///< scene to camera
-  const graphics::Matrix4& projectionMatrix() const { return projection_; }
+  const graphics::Matrix4& projectionMatrix() const {
+    return projection_;
+  }  ///< camera to clip space
 
   /// The point of the view (points, y downwards) where a scene point shows, and its depth from 0
   /// at the near plane to 1 at the far one. A point in the plane of the camera has infinities or

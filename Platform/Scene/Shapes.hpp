@@ -1,5 +1,6 @@
 // Geometries computed from a few numbers. Each has one element and no material yet; triangles run
 // counter-clockwise as seen from outside.
+// Public header.
 #pragma once
 
 #include <memory>

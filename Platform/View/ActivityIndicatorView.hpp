@@ -1,4 +1,5 @@
 // A turning wheel that says that something is going on.
+// Public header.
 #pragma once
 
 #include <memory>
@@ -8,24 +9,29 @@
 
 namespace orivanta::view {
 
-enum class ActivityIndicatorStyle { whiteLarge, white, gray };
+/// Size and color of an activity indicator.
+enum class ActivityIndicatorStyle {
+  whiteLarge,  ///< white, 37 x 37 points
+  white,       ///< white, 20 x 20 points
+  gray         ///< gray, 20 x 20 points
+};
 
-/// In the middle of its bounds, over its background; neither is shown while it does not turn. Takes
-/// no touches.
+/// A turning wheel in the middle of its bounds, over its background. Neither is shown while it does
+/// not turn. Takes no touches.
 class ORIVANTA_API ActivityIndicatorView : public View {
  public:
-  ActivityIndicatorView();
+  ActivityIndicatorView();  ///< without a size; does not turn
 
-  ActivityIndicatorStyle style() const;
+  ActivityIndicatorStyle style() const;  ///< `white` until set
 
   /// Sets the frame's size, 37 x 37 points for `whiteLarge` and 20 x 20 for the others, and the
   /// color.
   void setStyle(ActivityIndicatorStyle style);
-  graphics::Color color() const;
-  void setColor(graphics::Color color);
+  graphics::Color color() const;         ///< of the wheel
+  void setColor(graphics::Color color);  ///< of the wheel
 
-  void startAnimating();
-  void stopAnimating();
+  void startAnimating();  ///< shows the wheel
+  void stopAnimating();   ///< hides the wheel
   bool isAnimating() const override;
   void draw(Canvas& canvas) override;
 

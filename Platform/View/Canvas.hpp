@@ -1,4 +1,5 @@
 // What a view draws on: the port between the views and a renderer.
+// Public header.
 #pragma once
 
 #include "Platform/Foundation/Export.hpp"
@@ -22,6 +23,7 @@ class ORIVANTA_API Canvas {
   /// Device pixels per point.
   virtual double scale() const = 0;
 
+  /// Fills a rectangle, with round corners of a radius in points.
   virtual void fill(const graphics::Rect& rect, const graphics::Color& color,
                     double cornerRadius = 0.0) = 0;
 

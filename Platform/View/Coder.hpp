@@ -1,4 +1,5 @@
 // An archive of numbers by name, from which views are made.
+// Public header.
 #pragma once
 
 #include <functional>
@@ -11,9 +12,12 @@
 
 namespace orivanta::view {
 
+/// An archive of numbers by name, from which views are made.
 class ORIVANTA_API Coder {
  public:
-  Coder() = default;
+  Coder() = default;  ///< an empty archive
+
+  /// An archive of these numbers.
   explicit Coder(std::map<std::string, double, std::less<>> numbers);
 
   /// Nothing when the archive has no such number.

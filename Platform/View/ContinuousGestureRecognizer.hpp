@@ -1,4 +1,5 @@
 // What gestures that last have in common: pans, pinches and rotations.
+// Public header.
 #pragma once
 
 #include "Platform/Foundation/Export.hpp"

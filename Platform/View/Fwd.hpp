@@ -1,4 +1,5 @@
 // Forward declarations of the view classes.
+// Public header.
 #pragma once
 
 namespace orivanta::view {

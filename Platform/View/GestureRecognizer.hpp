@@ -1,4 +1,5 @@
 // Fingers made into a gesture: what taps, pans, pinches and rotations have in common.
+// Public header.
 #pragma once
 
 #include <functional>
@@ -14,8 +15,15 @@
 
 namespace orivanta::view {
 
-/// By number: 0 to 5.
-enum class GestureState { possible, began, changed, ended, cancelled, failed };
+/// How far a gesture is. The values are 0 to 5.
+enum class GestureState {
+  possible,   ///< not recognized yet
+  began,      ///< a continuous gesture has begun
+  changed,    ///< a continuous gesture has gone on
+  ended,      ///< the gesture is complete
+  cancelled,  ///< the gesture was interrupted
+  failed      ///< the fingers do something else
+};
 
 /// Belongs to one view. Main thread. A `TouchDispatcher` brings it the fingers of its view and of
 /// the views below, and decides which of several recognizers may begin; a subclass decides what
@@ -33,8 +41,9 @@ class ORIVANTA_API GestureRecognizer {
   /// Called, in the order of adding, whenever the recognizer begins, changes, ends or is
   /// canceled. `name` tells actions apart.
   void addTarget(std::string name, Action action);
-  std::vector<std::string> actionNames() const;
+  std::vector<std::string> actionNames() const;  ///< in the order of adding
 
+  /// How far the gesture is.
   GestureState state() const { return state_; }
 
   /// For subclasses, and for whoever plays a gesture without fingers: calls the actions for every
@@ -52,28 +61,33 @@ class ORIVANTA_API GestureRecognizer {
   /// The middle of the recognizer's fingers in a view's coordinates; of the last ones when none is
   /// left.
   virtual graphics::Point location(const View& in) const;
+
+  /// The number of fingers that belong to the recognizer now.
   std::size_t numberOfTouches() const { return fingers_.size(); }
 
  protected:
-  /// Positions are points of the topmost view.
+  /// A finger that is down.
   struct Finger {
-    std::uint64_t identifier;
-    graphics::Point start;
-    graphics::Point position;
-    double startTime;
+    std::uint64_t identifier;  ///< as in `Touch`
+    graphics::Point start;     ///< where it landed, points of the topmost view
+    graphics::Point position;  ///< where it is now, points of the topmost view
+    double startTime;          ///< when it landed, seconds
   };
 
   const std::vector<Finger>& fingers() const { return fingers_; }  ///< in the order of landing
   graphics::Point centroid() const { return centroid_; }           ///< as `location`, topmost view
 
-  /// Called while the recognizer is possible or running. A finger landed, and is the last of
-  /// `fingers`; some of `fingers` moved; a finger left, and is no longer among them. `time` in
-  /// seconds.
+  /// Called when a finger has landed, which is then the last of `fingers`. This and the next two
+  /// are called only while the recognizer is possible or running. `time`: seconds.
   virtual void fingerLanded(double time) = 0;
+
+  /// Called when some of `fingers` have moved.
   virtual void fingersMoved() = 0;
+
+  /// Called when a finger has left, which is then no longer one of `fingers`.
   virtual void fingerLeft(const Finger& finger, double time, bool cancelled) = 0;
 
-  /// Back to what it was before the first finger. `state` still is the last one.
+  /// Called after a gesture, to forget what was measured. `state` is still the last one.
   virtual void reset() {}
 
   /// Whether a recognizer that failed or ended may begin again with the fingers that are down, once

@@ -1,4 +1,5 @@
 // A view that shows a picture.
+// Public header.
 #pragma once
 
 #include <memory>
@@ -8,14 +9,14 @@
 
 namespace orivanta::view {
 
-/// Stretches the picture over its bounds. Takes no touches.
+/// A view that stretches an image over its bounds. Takes no touches.
 class ORIVANTA_API ImageView : public View {
  public:
-  /// As large as the picture.
+  /// As large as the image. Without one, empty.
   explicit ImageView(std::shared_ptr<const graphics::Image> image = nullptr);
 
-  std::shared_ptr<const graphics::Image> image() const;
-  void setImage(std::shared_ptr<const graphics::Image> image);
+  std::shared_ptr<const graphics::Image> image() const;         ///< may be null
+  void setImage(std::shared_ptr<const graphics::Image> image);  ///< keeps the frame
   void draw(Canvas& canvas) override;
 
  private:

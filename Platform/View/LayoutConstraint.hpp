@@ -1,4 +1,5 @@
 // Linear equations between the edges, centers and sizes of views, and their solution.
+// Public header.
 #pragma once
 
 #include <string_view>
@@ -9,32 +10,35 @@
 
 namespace orivanta::view {
 
+/// A coordinate or a size of a view.
 enum class LayoutAttribute {
-  none,
-  left,
-  right,
-  top,
-  bottom,
-  leading,   ///< as `left`: the layout does not turn with the direction of writing
-  trailing,  ///< as `right`
-  width,
-  height,
-  centerX,
-  centerY
+  none,      ///< no attribute
+  left,      ///< x of the left edge
+  right,     ///< x of the right edge
+  top,       ///< y of the upper edge
+  bottom,    ///< y of the lower edge
+  leading,   ///< as `left`, whatever the direction of writing
+  trailing,  ///< as `right`, whatever the direction of writing
+  width,     ///< from left to right
+  height,    ///< from top to bottom
+  centerX,   ///< x of the center
+  centerY    ///< y of the center
 };
 
-/// first.firstAttribute = second.secondAttribute * multiplier + constant, in points. Without a
-/// second view the right-hand side is the constant alone. Views are not owned: a constraint is held
-/// by the parent of both, by the one that is the other's parent or, when it is about one view
-/// alone, by that view; it goes when one of them leaves the view that holds it. The edges of a
-/// parent are those of its bounds.
+/// The equation first.firstAttribute = second.secondAttribute * multiplier + constant, in points.
+/// Without a second view the right-hand side is the constant alone. The edges of a parent are those
+/// of its bounds.
+///
+/// Views are not owned. The parent of both views holds the constraint; if one view is the parent of
+/// the other, that view does; a view holds a constraint that is about itself alone. The constraint
+/// is removed when one of the views is removed from the view that holds it.
 struct LayoutConstraint {
-  View* first = nullptr;
-  LayoutAttribute firstAttribute = LayoutAttribute::none;
-  View* second = nullptr;
-  LayoutAttribute secondAttribute = LayoutAttribute::none;
-  double multiplier = 1.0;
-  double constant = 0.0;
+  View* first = nullptr;                                    ///< never null in use
+  LayoutAttribute firstAttribute = LayoutAttribute::none;   ///< not `none` in use
+  View* second = nullptr;                                   ///< may be null
+  LayoutAttribute secondAttribute = LayoutAttribute::none;  ///< `none` without a second view
+  double multiplier = 1.0;                                  ///< of the second attribute
+  double constant = 0.0;                                    ///< points
 };
 
 /// The constraints of a visual format of the form "H:|-0-[subview]-0-|" or "V:|-0-[subview]-0-|",

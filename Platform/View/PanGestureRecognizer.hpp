@@ -1,4 +1,5 @@
 // Fingers that drag.
+// Public header.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +12,8 @@ namespace orivanta::view {
 /// Begins once the fingers' middle has moved 10 points with a number of fingers in range.
 class ORIVANTA_API PanGestureRecognizer : public ContinuousGestureRecognizer {
  public:
-  std::size_t minimumNumberOfTouches = 1;
-  std::size_t maximumNumberOfTouches = SIZE_MAX;
+  std::size_t minimumNumberOfTouches = 1;         ///< fingers with which it may be made
+  std::size_t maximumNumberOfTouches = SIZE_MAX;  ///< fingers with which it may be made
 
   /// Points that the fingers' middle has moved since the gesture began, at which it is zero. As
   /// views are not turned, it is the same in every view.

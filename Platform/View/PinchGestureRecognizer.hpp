@@ -1,4 +1,5 @@
 // Two fingers that move apart or together.
+// Public header.
 #pragma once
 
 #include "Platform/Foundation/Export.hpp"

@@ -1,4 +1,5 @@
 // Two fingers that turn about one another.
+// Public header.
 #pragma once
 
 #include "Platform/Foundation/Export.hpp"

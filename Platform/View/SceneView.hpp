@@ -1,4 +1,5 @@
 // A view that shows a 3D scene, with a 2D scene over it.
+// Public header.
 #pragma once
 
 #include <cstdint>
@@ -25,16 +26,18 @@ class ORIVANTA_API SceneRendererDelegate {
 /// Seen from the scene's first camera. White behind the scene until another background is set.
 class ORIVANTA_API SceneView : public View {
  public:
-  explicit SceneView(graphics::Rect frame = {});
-  explicit SceneView(const Coder& coder);
+  explicit SceneView(graphics::Rect frame = {});  ///< without a scene
+  explicit SceneView(const Coder& coder);         ///< see `View`
 
-  std::shared_ptr<scene::Scene> scene() const;
-  void setScene(std::shared_ptr<scene::Scene> scene);
-  std::shared_ptr<sprite::Scene> overlayScene() const;
-  void setOverlayScene(std::shared_ptr<sprite::Scene> scene);
+  std::shared_ptr<scene::Scene> scene() const;                 ///< null until set
+  void setScene(std::shared_ptr<scene::Scene> scene);          ///< may be null
+  std::shared_ptr<sprite::Scene> overlayScene() const;         ///< null until set
+  void setOverlayScene(std::shared_ptr<sprite::Scene> scene);  ///< may be null
 
-  /// Not owned; it takes itself away before it goes.
+  /// Not owned, null until set. A delegate must be replaced before it is destroyed.
   SceneRendererDelegate* rendererDelegate() const;
+
+  /// Replaces the delegate; null removes it.
   void setRendererDelegate(SceneRendererDelegate* delegate);
 
   /// How the scene is seen now; nothing without a scene or a camera.

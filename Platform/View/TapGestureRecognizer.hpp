@@ -1,4 +1,5 @@
 // One or more short touches of one place.
+// Public header.
 #pragma once
 
 #include "Platform/Foundation/Export.hpp"
@@ -11,8 +12,8 @@ namespace orivanta::view {
 /// seconds after the one before and 40 points from it.
 class ORIVANTA_API TapGestureRecognizer : public GestureRecognizer {
  public:
-  std::size_t numberOfTapsRequired = 1;
-  std::size_t numberOfTouchesRequired = 1;
+  std::size_t numberOfTapsRequired = 1;     ///< 2 for a double tap
+  std::size_t numberOfTouchesRequired = 1;  ///< fingers
 
  protected:
   void fingerLanded(double time) override;

@@ -1,4 +1,5 @@
 // One finger at one moment.
+// Public header.
 #pragma once
 
 #include <cstdint>
@@ -7,13 +8,20 @@
 
 namespace orivanta::view {
 
-enum class TouchPhase { began, moved, ended, cancelled };
+/// What a finger does.
+enum class TouchPhase {
+  began,     ///< it landed
+  moved,     ///< it moved
+  ended,     ///< it left
+  cancelled  ///< it counts no longer, such as when a window loses the input
+};
 
+/// One finger at one moment.
 struct Touch {
-  std::uint64_t identifier = 0;  ///< the same from a finger's landing to its leaving
-  TouchPhase phase = TouchPhase::began;
-  graphics::Point position;  ///< points of the topmost view
-  double time = 0.0;         ///< seconds, rising
+  std::uint64_t identifier = 0;          ///< the same from a finger's landing to its leaving
+  TouchPhase phase = TouchPhase::began;  ///< what the finger does
+  graphics::Point position;              ///< points of the topmost view
+  double time = 0.0;                     ///< seconds, rising
 };
 
 }  // namespace orivanta::view

@@ -1,4 +1,5 @@
 // Brings fingers to the views under them and to their gesture recognizers.
+// Public header.
 #pragma once
 
 #include <memory>
@@ -41,6 +42,8 @@ class ORIVANTA_API TouchDispatcher {
   /// apart. Called by an action or a view that is being told of a touch, it waits until that is
   /// done.
   void dispatch(std::span<const Touch> touches);
+
+  /// A single touch.
   void dispatch(const Touch& touch) { dispatch({&touch, 1}); }
 
   /// Ends every finger as canceled, as when a window loses the input.

@@ -1,4 +1,5 @@
 // A rectangle on the screen that draws itself, its children, and receives touches.
+// Public header.
 #pragma once
 
 #include <cstdint>
@@ -27,6 +28,7 @@ using SimultaneousRule =
 /// changes and the walk of a renderer are kept apart by `graphics::Transaction`.
 class ORIVANTA_API View : public std::enable_shared_from_this<View> {
  public:
+  /// A view without a parent. `frame`: points.
   explicit View(graphics::Rect frame = {});
 
   /// The frame that an archive holds under "x", "y", "width" and "height"; 0 for what is missing.
@@ -35,18 +37,18 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   View(const View&) = delete;
   View& operator=(const View&) = delete;
 
-  graphics::Rect frame() const;
+  graphics::Rect frame() const;         ///< in the parent view
   void setFrame(graphics::Rect frame);  ///< negative sides count as 0
   graphics::Rect bounds() const;        ///< the frame's size at the origin
 
-  double alpha() const;  ///< from 0 to 1, multiplied from parents to children
-  void setAlpha(double alpha);
-  std::optional<graphics::Color> backgroundColor() const;
-  void setBackgroundColor(std::optional<graphics::Color> color);
-  bool isHidden() const;
-  void setHidden(bool hidden);
-  bool isUserInteractionEnabled() const;  ///< true until set; false lets touches through
-  void setUserInteractionEnabled(bool enabled);
+  double alpha() const;         ///< from 0 to 1, multiplied from parents to children
+  void setAlpha(double alpha);  ///< see `alpha`; 1 until set
+  std::optional<graphics::Color> backgroundColor() const;         ///< none until set
+  void setBackgroundColor(std::optional<graphics::Color> color);  ///< none removes it
+  bool isHidden() const;                         ///< with its children; false until set
+  void setHidden(bool hidden);                   ///< with its children
+  bool isUserInteractionEnabled() const;         ///< true until set; false lets touches through
+  void setUserInteractionEnabled(bool enabled);  ///< see `isUserInteractionEnabled`
 
   View* superview() const;                              ///< null at the top
   std::vector<std::shared_ptr<View>> subviews() const;  ///< from the back to the front
@@ -57,14 +59,19 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   void removeFromSuperview();                     ///< drops the parent's constraints on this view
   void bringSubviewToFront(const View& subview);  ///< nothing unless it is a child
 
-  /// True until set: the frame holds as it was set. False: constraints decide.
+  /// If true, as it is until set, the frame stays as it was set. If false, constraints determine
+  /// it.
   bool translatesAutoresizingMaskIntoConstraints() const;
+
+  /// See `translatesAutoresizingMaskIntoConstraints`.
   void setTranslatesAutoresizingMaskIntoConstraints(bool translates);
 
   /// On this view and its children; another view is a fatal error.
   void addConstraint(const LayoutConstraint& constraint);
+
+  /// Adds several constraints, in their order.
   void addConstraints(std::span<const LayoutConstraint> constraints);
-  std::vector<LayoutConstraint> constraints() const;
+  std::vector<LayoutConstraint> constraints() const;  ///< in the order of adding
 
   /// Solves the constraints of this view and, then, of those below it, where something has changed
   /// since. Hosts call it after they changed a size, the renderer before each frame.
@@ -75,6 +82,8 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
 
   /// One under way is canceled first. Nothing unless it belongs to this view.
   void removeGestureRecognizer(const GestureRecognizer& recognizer);
+
+  /// In the order of adding.
   const std::vector<std::shared_ptr<GestureRecognizer>>& gestureRecognizers() const {
     return gestureRecognizers_;
   }
@@ -82,6 +91,8 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   /// Whether two recognizers of this view or of views below it may run at once; asked with the two
   /// in either order. None may until a rule is set.
   void allowSimultaneous(SimultaneousRule rule);
+
+  /// Empty until set.
   const SimultaneousRule& simultaneousRule() const { return simultaneousRule_; }
 
   /// A point of this view in another one. Views of two trees count as if the upper left corners of
@@ -92,10 +103,14 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   /// outside of it, when it is hidden, all but transparent (alpha under 0.01) or takes none.
   std::shared_ptr<View> viewAt(graphics::Point point);
 
-  /// Fingers put down on, moved over or taken from this view, whatever its recognizers make of
-  /// them. Each hands them on to the parent view unless overridden.
+  /// Called with fingers that were put down on this view, whatever its recognizers make of them.
+  /// Like the next two, passes them on to the parent view unless overridden.
   virtual void touchesBegan(std::span<const Touch> touches);
+
+  /// Called with fingers that have moved since they were put down on this view.
   virtual void touchesMoved(std::span<const Touch> touches);
+
+  /// Called with fingers that were put down on this view and have left.
   virtual void touchesEnded(std::span<const Touch> touches);
 
   /// Draws the view without its children, which whoever draws the tree draws over it. Fills the

@@ -15,9 +15,9 @@ namespace orivanta {
 
 /// Consecutive nodes of a path on one floor.
 struct FloorVisit {
-  std::shared_ptr<Map> floor;
-  std::size_t first;  ///< index into the path
-  std::size_t last;   ///< index into the path, inclusive
+  std::shared_ptr<Map> floor;  ///< the floor
+  std::size_t first;           ///< index into the path
+  std::size_t last;            ///< index into the path, inclusive
 };
 
 /// The visits of a path, in its order. A floor that the path returns to has several visits. A floor
@@ -30,7 +30,11 @@ ORIVANTA_API std::vector<FloorVisit> floorVisits(const NodeList& path);
 ORIVANTA_API FloorList floorsAlong(const NodeList& path);
 
 /// Which way a change of floor leads.
-enum class RideWay { up, down, level };
+enum class RideWay {
+  up,    ///< to a higher floor
+  down,  ///< to a lower floor
+  level  ///< to a floor of the same elevation
+};
 
 /// The way from one floor to another, by their elevations.
 ORIVANTA_API RideWay rideWay(const Map& from, const Map& to);

@@ -11,6 +11,7 @@
 
 namespace orivanta {
 
+/// A list of floors, which it owns.
 using FloorList = std::vector<std::shared_ptr<Map>>;
 
 /// The floors sorted by elevation, the highest first. Floors of equal elevation keep their order.

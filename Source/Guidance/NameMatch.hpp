@@ -16,12 +16,13 @@ enum class NameMatch {
   word,       ///< each typed word begins a word of the name
   inside,     ///< each typed word occurs somewhere in the name
   near,       ///< as `inside`, if a letter or two are changed, added, removed or swapped
-  none
+  none        ///< the name does not match
 };
 
 /// What somebody typed, prepared for the comparison with many names. Immutable.
 class ORIVANTA_API TypedText {
  public:
+  /// Prepares a text, in UTF-8.
   explicit TypedText(std::string_view text);
 
   /// Whether the text has neither letters nor digits.

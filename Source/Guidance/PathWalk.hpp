@@ -39,6 +39,7 @@ class ORIVANTA_API PathWalk {
   /// `path` is what a search of the graph found, or any other list of nodes. It may be empty.
   PathWalk(NodeList path, const NavigationGraph& graph);
 
+  /// The nodes of the path.
   const NodeList& path() const { return path_; }
 
   /// One for each pair of neighbors in the path, in its order.
@@ -47,9 +48,10 @@ class ORIVANTA_API PathWalk {
   /// All rides, in the order of the path, those between nodes of one floor included.
   const std::vector<Ride>& rides() const { return rides_; }
 
-  /// The walked length in the venue's units, and the cost in the graph's weights, each added up
-  /// from the start.
+  /// The walked length in the venue's units, added up from the start.
   double length() const { return lengthBetween(0, stretches_.size()); }
+
+  /// The cost in the graph's weights, added up from the start.
   double weight() const;
 
   /// The walked length between two nodes, given by their indices in the path, `first` <= `last`.

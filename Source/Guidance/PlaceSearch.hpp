@@ -17,7 +17,7 @@ namespace orivanta {
 /// Places that belong together in a list.
 struct PlaceGroup {
   std::string title;  ///< the category's name, at most 80 columns; empty for no category
-  std::vector<std::shared_ptr<Location>> places;
+  std::vector<std::shared_ptr<Location>> places;  ///< in the order of the list
 };
 
 /// An index of the places of a venue, made once and searched as often as needed. Keeps the places.

@@ -12,6 +12,7 @@
 
 namespace orivanta {
 
+/// How far a floor is.
 enum class FloorState {
   waiting,       ///< nothing has begun
   fetching,      ///< its files are on their way
@@ -21,11 +22,12 @@ enum class FloorState {
   failed         ///< see `problem`
 };
 
+/// One floor of a load.
 struct FloorProgress {
-  std::shared_ptr<Map> map;
-  FloorState state = FloorState::waiting;
-  std::size_t filesDone = 0;
-  std::size_t fileCount = 0;
+  std::shared_ptr<Map> map;                ///< the floor
+  FloorState state = FloorState::waiting;  ///< how far it is
+  std::size_t filesDone = 0;               ///< files fetched or given up
+  std::size_t fileCount = 0;               ///< files of the floor, as far as they are known
 
   /// Why it failed or, when it is ready nonetheless, which of its files it is shown without: with
   /// the URL, for people, without a full stop. Empty when all is well.

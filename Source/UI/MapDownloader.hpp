@@ -49,6 +49,7 @@ class ORIVANTA_API HttpDownloader {
   /// saving file" with the code 1001. Without a completion the file is fetched all the same.
   virtual void loadFileAsync(const foundation::Url& url, Completion completion);
 
+  /// The result of `fetchFile`.
   struct Fetched {
     std::string path;
 

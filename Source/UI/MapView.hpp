@@ -31,7 +31,12 @@ class MapCamera;
 class PictureBudget;
 
 /// The kinds of motion of the camera, for applications: no handler asks for it.
-enum class MotionType { Zooming = 0, Panning = 1, Rotating = 2, Multi = 3 };
+enum class MotionType {
+  Zooming = 0,   ///< closer or away
+  Panning = 1,   ///< to a side
+  Rotating = 2,  ///< around the middle
+  Multi = 3      ///< several of these at once
+};
 
 /// The motion with a raw value; nothing for any other number.
 ORIVANTA_API std::optional<MotionType> makeMotionType(int rawValue);
@@ -44,16 +49,17 @@ ORIVANTA_API std::optional<MotionType> makeMotionType(int rawValue);
 /// makes sense after the scene was started is a fatal error before that.
 class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelegate {
  public:
+  /// A map view without a venue. `frame`: points.
   static std::shared_ptr<MapView> make(graphics::Rect frame = {});
-  MapView();
-  explicit MapView(graphics::Rect frame);
-  explicit MapView(const view::Coder& coder);
+  MapView();                                   ///< with an empty frame
+  explicit MapView(graphics::Rect frame);      ///< points
+  explicit MapView(const view::Coder& coder);  ///< see `view::View`
   ~MapView() override;
 
   const foundation::ResourceBundle& bundle;  ///< the library's own
 
   // What an application sets.
-  std::weak_ptr<MapViewDelegate> delegate;
+  std::weak_ptr<MapViewDelegate> delegate;  ///< may be empty
 
   /// Called after a tap, and after the delegate: with the first location of the polygon that was
   /// hit, or with null if the tap hit no polygon or one without a location. Main thread.
@@ -68,13 +74,14 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   std::shared_ptr<scene::Node> ground;  ///< the application's own; null until set
 
   // The parts of the view; the nodes are null until the scene is started.
-  std::shared_ptr<view::SceneView> sceneView;
-  std::shared_ptr<MapViewOverlay2D> spriteScene;
+  std::shared_ptr<view::SceneView> sceneView;     ///< shows the scene; never null
+  std::shared_ptr<MapViewOverlay2D> spriteScene;  ///< holds the markers; never null
   std::shared_ptr<scene::Node> cameraOrbit;  ///< in the middle of the floor; the camera's parent
   std::shared_ptr<scene::Node> labelsOrbit;  ///< follows `cameraOrbit`
   std::shared_ptr<scene::Node> light;        ///< the ambient light's
   std::shared_ptr<scene::Node> arrow;        ///< the application's own; null until set
   std::optional<float> cameraDistance;       ///< from the orbit's center when the scene started
+  /// Turns while a load is under way.
   const std::shared_ptr<view::ActivityIndicatorView> activityIndicator;
 
   /// `spriteScene`.
@@ -134,6 +141,8 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// already shown and a floor without a model change nothing. When the first floor had no model,
   /// the first switch to one that has starts the scene there. Fatal before a scene was started.
   void changeMap(int index);
+
+  /// As above, for a floor of the venue. Null is a fatal error.
   void changeMap(const std::shared_ptr<Map>& map);
 
   const std::shared_ptr<Map>& currentMap() const;  ///< null before the first
@@ -149,12 +158,17 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
 
   // --- Gestures ---------------------------------------------------------------------------------
 
-  /// The actions of the recognizers that `startScene` adds to the scene view: one finger moves the
-  /// map under it, one point a scene unit; two fingers tilt, from straight down to below 60
-  /// degrees; a pinch brings the camera closer or takes it away; a rotation turns the map.
+  /// Moves the map under one finger, one scene unit for each point. Like the following, the action
+  /// of a recognizer that `startScene` adds to the scene view.
   void handleOneFingerPanGesture(const view::PanGestureRecognizer& recognizer);
+
+  /// Tilts the camera with two fingers, from straight down to below 60 degrees.
   void handleTwoFingerPanGesture(const view::PanGestureRecognizer& recognizer);
+
+  /// Moves the camera closer or away with a pinch.
   void handlePinchGesture(const view::PinchGestureRecognizer& recognizer);
+
+  /// Turns the map with two fingers.
   void handleRotationGesture(const view::RotationGestureRecognizer& recognizer);
 
   /// Tells the delegate what lies under the tap. Hides all markers when it is a polygon.
@@ -165,11 +179,11 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   float lastHeightRatio = 0.0F;      ///< of the tilt when the gesture began
   float lastGoodHeightRatio = 0.0F;  ///< of the tilt that was last accepted
   double lastX = 0.0;                ///< translation of the pan already applied, in points
-  double lastY = 0.0;
-  double scaleStart = 1.0;   ///< zoom now, of the distance when the scene started
-  double scaleEnd = 1.0;     ///< zoom when the last pinch ended
-  double rotateStart = 0.0;  ///< turn now, radians
-  double rotateEnd = 0.0;    ///< turn when the last rotation ended
+  double lastY = 0.0;                ///< translation of the pan already applied, in points
+  double scaleStart = 1.0;           ///< zoom now, of the distance when the scene started
+  double scaleEnd = 1.0;             ///< zoom when the last pinch ended
+  double rotateStart = 0.0;          ///< turn now, radians
+  double rotateEnd = 0.0;            ///< turn when the last rotation ended
 
   // --- Highlights and positions -----------------------------------------------------------------
 
@@ -177,6 +191,8 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// polygon again makes the first highlight what `clearHighlightedPolygons` goes back to.
   void highlightPolygon(const std::shared_ptr<Polygon>& polygon,
                         graphics::Color color = graphics::colors::red);
+
+  /// Gives all highlighted polygons their own colors again.
   void clearHighlightedPolygons();
 
   /// The middle of the box of the vertices that the geometry's first element refers to. A geometry
@@ -191,8 +207,10 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// Where a scene point shows in the scene view.
   graphics::Point findPositionCameraViewport(graphics::Vector3 position) const;
 
-  /// Where a scene point, or a location, shows in the overlay.
+  /// Where a scene point shows in the overlay.
   graphics::Point findPosition2D(graphics::Vector3 position) const;
+
+  /// Where a location shows in the overlay.
   graphics::Point findPosition2DByLocation(const Location& location) const;
 
   /// Where a location shows in the view.
@@ -239,18 +257,26 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// Takes every drawn route from the scene, in all map views, and forgets this view's.
   void clearPaths(bool forgetPath = true);
 
-  /// One segment, at the height of B: a white ribbon, a colored one, and one with arrows from A to
-  /// B; or one of these layers.
+  /// Draws one segment, at the height of B: a white ribbon, a colored one, and one with arrows from
+  /// A to B.
   void drawPathSegment(graphics::Vector3 positionA, graphics::Vector3 positionB);
+
+  /// Draws one ribbon of a segment. `pathWidth` and `elevation`: scene units.
   void drawPathSegmentStrip(graphics::Vector3 positionA, graphics::Vector3 positionB,
                             float pathWidth, graphics::Color color, float elevation);
+
+  /// Draws the arrows of a segment. `pathWidth` and `elevation`: scene units.
   void drawPathSegmentArrow(graphics::Vector3 positionA, graphics::Vector3 positionB,
                             float pathWidth, float elevation);
 
   /// Puts a disc over a node, in place of the one before; on another floor it is kept in mind until
   /// that floor is shown. An index out of range is a fatal error.
   void highlightNode(const std::shared_ptr<Node>& node);
+
+  /// The same for a node of a list.
   void highlightNode(const NodeList& nodes, std::size_t index);
+
+  /// Removes the disc.
   void removeHighlightNode();
 
  protected:

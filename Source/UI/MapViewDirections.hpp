@@ -9,6 +9,7 @@
 
 namespace orivanta {
 
+/// Sizes of what routes are drawn with.
 struct MapViewDirectionsConstants {
   static constexpr float pathHeight = 0.1F;  ///< thickness of ribbons and discs, in scene units
 };

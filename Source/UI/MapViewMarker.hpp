@@ -13,6 +13,8 @@ class MapViewMarker;
 class ORIVANTA_API MapViewMarkerDelegate {
  public:
   virtual ~MapViewMarkerDelegate() = default;
+
+  /// Whether this marker and another one are in each other's way.
   virtual bool collidesWithMarker(const MapViewMarker& other) const = 0;
 };
 

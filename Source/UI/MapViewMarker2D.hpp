@@ -12,6 +12,7 @@
 
 namespace orivanta {
 
+/// A marker that shows an image upright at a point of the scene.
 class ORIVANTA_API MapViewMarker2D : public MapViewMarker {
  public:
   /// The name of every marker's sprite.
@@ -22,6 +23,8 @@ class ORIVANTA_API MapViewMarker2D : public MapViewMarker {
 
   /// The point of the scene that the marker stands for; the origin until set. Any thread.
   graphics::Vector3 position() const;
+
+  /// Moves the marker to a point of the scene. Any thread.
   void setPosition(graphics::Vector3 position);
 
   /// The sprite, centerd where the position shows.

@@ -15,6 +15,7 @@ namespace orivanta {
 
 class MapView;
 
+/// An argument of an operation.
 using MessageArgument = std::variant<bool, double, graphics::Vector3, graphics::Color>;
 
 /// Calls one of these, whose arguments stand in the order of the colons:

@@ -12,7 +12,7 @@ namespace orivanta {
 /// size. Main thread, but for `update`.
 class ORIVANTA_API MapViewOverlay2D : public sprite::Scene {
  public:
-  static std::shared_ptr<MapViewOverlay2D> make(graphics::Size size);
+  static std::shared_ptr<MapViewOverlay2D> make(graphics::Size size);  ///< points
 
   /// From "width" and "height" of an archive; null when one is missing.
   static std::shared_ptr<MapViewOverlay2D> make(const view::Coder& coder);
@@ -23,6 +23,7 @@ class ORIVANTA_API MapViewOverlay2D : public sprite::Scene {
   std::shared_ptr<sprite::SpriteNode> pauseNode;  ///< the application's own; null until it sets one
   std::shared_ptr<sprite::LabelNode> scoreNode;   ///< the same
 
+  /// The number that was set last; 0 until then.
   int score() const { return score_; }
 
   /// Shows "Score: " and the number in `scoreNode`; without one it is a fatal error.

@@ -1,4 +1,5 @@
 // How points and vectors stand in diagnostic lines.
+// Private header.
 #pragma once
 
 #include <fmt/format.h>

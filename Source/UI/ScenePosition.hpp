@@ -1,4 +1,5 @@
 // From the venue's coordinates to those of the scene.
+// Private header.
 #pragma once
 
 #include "Platform/Graphics/Vector.hpp"

@@ -1,4 +1,5 @@
 // The resources that lie inside the library.
+// Private header.
 #pragma once
 
 #include "Platform/Foundation/ResourceBundle.hpp"

@@ -1,7 +1,12 @@
-// Uses the public headers and a few symbols of each part of the library.
+// Uses the public headers and a few symbols of each part of the library. Tests/Install/check writes
+// Node.hpp and Source/Node.hpp, which are the program's own.
+#include <Node.hpp>
+#include <Source/Node.hpp>
+#include <iostream>
 #include <orivanta/orivanta.hpp>
 
-#include <iostream>
+static_assert(ORIVANTA_VERSION >= ORIVANTA_VERSION_NUMBER(0, 1, 0));
+static_assert(OwnNode().number + OwnSourceNode().number == 3);
 
 using namespace orivanta;
 

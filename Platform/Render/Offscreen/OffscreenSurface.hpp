@@ -1,4 +1,5 @@
 // A place to draw without a display: an EGL context without a surface, and a framebuffer.
+// Public header.
 #pragma once
 
 #include <cstdint>
@@ -21,6 +22,7 @@ class ORIVANTA_API OffscreenSurface {
   OffscreenSurface(const OffscreenSurface&) = delete;
   OffscreenSurface& operator=(const OffscreenSurface&) = delete;
 
+  /// Makes the context current on the calling thread again, after another one was.
   void makeCurrent();
 
   /// OpenGL's name of the framebuffer to draw into.

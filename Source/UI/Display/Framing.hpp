@@ -14,10 +14,10 @@ namespace orivanta {
 
 /// The margins of a view that are covered by other things, in points.
 struct Insets {
-  double left = 0;
-  double top = 0;
-  double right = 0;
-  double bottom = 0;
+  double left = 0;    ///< at the left edge
+  double top = 0;     ///< at the upper edge
+  double right = 0;   ///< at the right edge
+  double bottom = 0;  ///< at the lower edge
 };
 
 /// How much shows around the points that are framed.

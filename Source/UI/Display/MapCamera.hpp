@@ -14,6 +14,7 @@ namespace orivanta {
 class CameraRig;
 class MapView;
 
+/// How the camera moves.
 enum class CameraMotion {
   atOnce,  ///< ends a glide that is under way
   glide    ///< takes a quarter of a second, see `MapCamera::advance`
@@ -53,15 +54,22 @@ class ORIVANTA_API MapCamera {
 
   /// What covers the edges of the view. `fit` and `frame` use the rest of it.
   void setInsets(const Insets& insets) { insets_ = insets; }
+
+  /// What was set last; nothing until then.
   const Insets& insets() const { return insets_; }
 
-  /// The poses from which the whole floor, or some points of the scene with their surroundings,
-  /// fill the view, with this tilt and turn in radians.
+  /// The pose from which the whole floor fills the view, with this tilt and turn in radians.
   CameraPose fittingPose(double tilt, double turn) const;
+
+  /// The pose from which some points of the scene with their surroundings fill the view, with this
+  /// tilt and turn in radians.
   CameraPose framingPose(const std::vector<graphics::Vector3>& points,
                          const Surroundings& surroundings, double tilt, double turn) const;
 
+  /// Moves the camera at once, to the nearest pose within the limits. Ends a glide.
   void setPose(const CameraPose& pose);
+
+  /// Moves the camera in a glide, to the nearest pose within the limits.
   void glideTo(const CameraPose& pose);
 
   /// Shows the whole floor with the y axis upwards; keeps the tilt.
@@ -91,6 +99,7 @@ class ORIVANTA_API MapCamera {
   /// Turns the y axis upwards.
   void resetNorth(CameraMotion motion = CameraMotion::glide);
 
+  /// Whether a glide is under way.
   bool isGliding() const { return glide_.has_value(); }
 
   /// Ends a glide where it is.

@@ -39,13 +39,16 @@ class ORIVANTA_API RouteOverlay {
   /// The parts of the route on one floor each, in its order. Empty for an empty path.
   const std::vector<FloorVisit>& visits() const { return visits_; }
 
-  /// The first visit to a floor, or the visit that a node of the path belongs to. Null if there is
-  /// none.
+  /// The first visit to a floor. Null if there is none.
   const FloorVisit* firstVisitTo(const Map& floor) const;
+
+  /// The visit that a node of the path belongs to. Null if there is none.
   const FloorVisit* visitWith(const Node& node) const;
 
-  /// The positions of the nodes of a visit, or of all nodes on a floor, for `MapCamera::frame`.
+  /// The positions of the nodes of a visit, for `MapCamera::frame`.
   std::vector<graphics::Vector3> pointsOf(const FloorVisit& visit) const;
+
+  /// The positions of all nodes on a floor, for `MapCamera::frame`.
   std::vector<graphics::Vector3> pointsOn(const Map& floor) const;
 
   /// Shows the route, or only one visit of it, in place of what was shown before: the route itself;

@@ -1,0 +1,37 @@
+#include "Apps/Command/Definition.hpp"
+
+namespace orivanta::command {
+
+std::vector<const CLI::App*> commandsOf(const CLI::App& app) {
+  return app.get_subcommands([](const CLI::App*) { return true; });
+}
+
+std::vector<const CLI::Option*> optionsOf(const CLI::App& app) {
+  return app.get_options([](const CLI::Option* option) { return option->nonpositional(); });
+}
+
+std::vector<const CLI::Option*> argumentsOf(const CLI::App& app) {
+  return app.get_options([](const CLI::Option* option) { return option->get_positional(); });
+}
+
+std::vector<std::string> spellings(const CLI::Option& option) {
+  std::vector<std::string> names;
+  for (const std::string& name : option.get_snames()) names.push_back("-" + name);
+  for (const std::string& name : option.get_lnames()) names.push_back("--" + name);
+  return names;
+}
+
+std::string valueName(const CLI::Option& option) {
+  if (option.get_items_expected_max() == 0) return {};
+  const std::string name = option.get_type_name();
+  return name.substr(0, name.find(':'));  // without the checks that it has to pass
+}
+
+OptionValue valueOf(const CLI::Option& option) {
+  if (option.get_items_expected_min() == 0) return OptionValue::none;
+  const std::string name = valueName(option);
+  if (name.starts_with("FILE")) return OptionValue::file;
+  return name == "FOLDER" ? OptionValue::folder : OptionValue::other;
+}
+
+}  // namespace orivanta::command

@@ -1,0 +1,185 @@
+// The code of the guides in Docs/guides, in their order. It is compiled, but it is not a program.
+#include <iostream>
+#include <orivanta/ui.hpp>
+
+using namespace orivanta;
+
+namespace guides {
+
+void listVenues() {
+  //! [list venues]
+  setApiSettings({"https://maps.example.com/1/", "user", "password", nullptr});
+  getVenues([](const std::vector<std::shared_ptr<Venue>>& venues) {
+    for (const auto& venue : venues) std::cout << *venue->slug << ' ' << *venue->name << '\n';
+  });
+  //! [list venues]
+}
+
+void listVenuesWithReasons() {
+  //! [list venues with reasons]
+  LoadHandlers<VenueListReport> handlers;
+  handlers.ended = [](const VenueListReport& report) {
+    for (const LoadFailure& failure : report.failures) std::cerr << failure.reason << '\n';
+    for (const auto& venue : report.venues) std::cout << *venue->name << '\n';
+  };
+  loadVenuesReporting(APISession(), handlers);
+  //! [list venues with reasons]
+}
+
+void loadOneVenue(const std::shared_ptr<Venue>& chosen) {
+  //! [load venue]
+  getVenue(chosen, /*accessible=*/true, [](const std::shared_ptr<Venue>& venue) {
+    for (const auto& floor : *venue->maps) std::cout << floor->name << '\n';
+    for (const auto& location : *venue->locations) std::cout << *location->name << '\n';
+  });
+  //! [load venue]
+}
+
+std::shared_ptr<LoadHandle> loadOneVenueWithProgress(const std::shared_ptr<Venue>& chosen) {
+  //! [load venue with progress]
+  LoadHandlers<VenueLoadReport> handlers;
+  handlers.progressed = [](const LoadProgress& progress) {
+    std::cout << progress.collectionsDone << " of " << progress.collections << '\n';
+  };
+  handlers.ended = [](const VenueLoadReport& report) {
+    for (const LoadFailure& failure : report.failures)
+      std::cerr << failure.collection << ": " << failure.reason << '\n';
+    std::cout << attributionText(*report.venue) << '\n';
+  };
+  const auto load = loadVenueReporting(APISession(), chosen, /*accessible=*/false, handlers);
+  // load->cancel() ends it early.
+  //! [load venue with progress]
+  return load;
+}
+
+std::shared_ptr<MapView> showFloors(const std::shared_ptr<Venue>& venue) {
+  //! [show floors]
+  const auto mapView = MapView::make({{0, 0}, {800, 600}});  // points
+  mapView->venue = venue;
+  mapView->loadFloors({{}, [](const std::vector<FloorProgress>& floors) {
+                         for (const FloorProgress& floor : floors)
+                           if (!floor.problem.empty()) std::cerr << floor.problem << '\n';
+                       }});
+  //! [show floors]
+  return mapView;
+}
+
+void drawFrame(MapView& mapView, render::Renderer& renderer, double seconds) {
+  const graphics::Size size{800, 600};
+  const double pixelsPerPoint = 1;
+  //! [draw a frame]
+  foundation::mainQueue::drain();
+  mapView.setFrame({{0, 0}, size});
+  renderer.render(mapView, size, pixelsPerPoint, seconds);
+  //! [draw a frame]
+}
+
+void switchFloors(MapView& mapView) {
+  //! [switch floors]
+  for (const auto& floor : *mapView.venue->maps)
+    if (floor->name == "First floor") mapView.changeMap(floor);
+  //! [switch floors]
+}
+
+//! [handle taps]
+class Selection : public MapViewDelegate {
+ public:
+  void mapViewDidLoad() override { std::cout << "the first floor is shown\n"; }
+  void polygonSelected(const std::shared_ptr<Polygon>& polygon) override {
+    for (const auto& location : polygon->locations)
+      if (const auto place = location.lock()) std::cout << *place->name << '\n';
+  }
+  void nothingSelected() override { std::cout << "nothing\n"; }
+};
+
+// The map view does not own its delegate.
+std::shared_ptr<Selection> watchTaps(MapView& mapView) {
+  auto selection = std::make_shared<Selection>();
+  mapView.delegate = selection;
+  return selection;
+}
+//! [handle taps]
+
+void moveCamera(MapView& mapView, const Location& location) {
+  //! [move camera]
+  MapCamera& camera = mapView.camera();
+  camera.frame({mapView.findPosition3D(location)});  // shows a place
+  camera.zoomBy(2, {400, 300});                      // twice as close to this point
+  camera.fit(CameraMotion::atOnce);                  // shows the whole floor
+  //! [move camera]
+}
+
+void searchPlaces(const Venue& venue) {
+  //! [search places]
+  const PlaceSearch search(*venue.locations);
+  for (const PlaceGroup& group : search.find("coff"))
+    for (const auto& place : group.places) std::cout << *place->name << '\n';
+  //! [search places]
+}
+
+std::shared_ptr<Location> placeNamed(const Venue& venue, const std::string& text) {
+  //! [place named]
+  const NamedPlaces places = placesNamed(venue, text);
+  if (places.locations.size() > 1) std::cerr << text << " is ambiguous\n";
+  //! [place named]
+  return places.locations.empty() ? nullptr : places.locations.front();
+}
+
+std::shared_ptr<Directions> findRoute(Location& from, Location& to) {
+  //! [find route]
+  const std::shared_ptr<Directions> directions = from.directionsTo(to);
+  if (!directions) return nullptr;
+  for (const Direction& direction : directions->directions)
+    std::cout << direction.instruction << '\n';
+  //! [find route]
+  return directions;
+}
+
+void drawRoute(MapView& mapView, const Directions& directions) {
+  //! [draw route]
+  mapView.drawPath(directions.path);
+  mapView.highlightNode(directions.path.back());
+  // mapView.clearPaths() and mapView.removeHighlightNode() remove them.
+  //! [draw route]
+}
+
+std::unique_ptr<RouteOverlay> showRoute(const std::shared_ptr<MapView>& mapView,
+                                        const Directions& directions) {
+  //! [show route]
+  auto overlay = std::make_unique<RouteOverlay>(mapView, directions.path);
+  const double pixelsPerPoint = 1;
+  overlay->show(pixelsPerPoint);
+  for (const FloorVisit& visit : overlay->visits()) std::cout << floorName(*visit.floor) << '\n';
+  // overlay->arrange() before each frame keeps the marks apart; destroying it removes the route.
+  //! [show route]
+  return overlay;
+}
+
+void highlight(MapView& mapView, const Location& location) {
+  //! [highlight]
+  for (const auto& polygon : location.polygons)
+    mapView.highlightPolygon(polygon, graphics::colors::orange);
+  // mapView.clearHighlightedPolygons() gives them their own colors again.
+  //! [highlight]
+}
+
+void mark(MapView& mapView, const Location& location) {
+  //! [mark]
+  const double pixelsPerPoint = 1;
+  const auto marker = makePinMarker(graphics::colors::red, 34, location.name.value_or(""),
+                                    labelStyle(), pixelsPerPoint);
+  marker->setPosition(mapView.findPosition3D(location));
+  mapView.addMarker(marker);
+  //! [mark]
+}
+
+std::unique_ptr<LabelLayer> showNames(const std::shared_ptr<MapView>& mapView) {
+  //! [show names]
+  const double pixelsPerPoint = 1;
+  auto names = std::make_unique<LabelLayer>(mapView, pixelsPerPoint);
+  names->arrange();  // before each frame
+  //! [show names]
+  return names;
+}
+
+}  // namespace guides

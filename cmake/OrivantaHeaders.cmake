@@ -1,0 +1,29 @@
+# The include tree of applications, in the build folder: examples compile against it, and it is what is
+# installed. cmake/publish-headers says which headers are public.
+
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+
+set(ORIVANTA_INCLUDE_FOLDER ${PROJECT_BINARY_DIR}/include)
+
+# Once now, for the list of the files.
+execute_process(
+  COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/cmake/publish-headers
+          ${ORIVANTA_INCLUDE_FOLDER} ${PROJECT_VERSION}
+  OUTPUT_VARIABLE published
+  COMMAND_ERROR_IS_FATAL ANY)
+string(STRIP "${published}" published)
+string(REPLACE "\n" ";" published "${published}")
+list(TRANSFORM published PREPEND ${ORIVANTA_INCLUDE_FOLDER}/)
+
+file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/Source/*.hpp
+     ${PROJECT_SOURCE_DIR}/Platform/*.hpp)
+set(stamp ${PROJECT_BINARY_DIR}/include.stamp)
+add_custom_command(
+  OUTPUT ${stamp}
+  BYPRODUCTS ${published}
+  COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/cmake/publish-headers
+          ${ORIVANTA_INCLUDE_FOLDER} ${PROJECT_VERSION} > ${stamp}
+  DEPENDS ${headers} ${PROJECT_SOURCE_DIR}/cmake/publish-headers
+  COMMENT "Publishing the headers"
+  VERBATIM)
+add_custom_target(orivanta_headers DEPENDS ${stamp})
