@@ -182,4 +182,45 @@ std::unique_ptr<LabelLayer> showNames(const std::shared_ptr<MapView>& mapView) {
   return names;
 }
 
+void loadTwoVenues(const std::shared_ptr<Venue>& one, const std::shared_ptr<Venue>& other) {
+  //! [several venues]
+  const WebApiSession session("https://maps.example.com/1/", "user", "password", "en");
+  LoadHandlers<VenueLoadReport> handlers;
+  handlers.executor = foundation::mainQueue::async;
+  handlers.ended = [](const VenueLoadReport& report) {
+    std::cout << *report.venue->name << ": " << report.venue->locations->size() << " places\n";
+  };
+  loadVenueReporting(session, one, /*accessible=*/true, handlers);
+  loadVenueReporting(session, other, /*accessible=*/true, handlers);
+  //! [several venues]
+}
+
+std::shared_ptr<Directions> findRouteIn(const Venue& venue, Location& from, Location& to) {
+  //! [route in venue]
+  const std::shared_ptr<Directions> directions = getDirections(venue, from, to);
+  //! [route in venue]
+  return directions;
+}
+
+//! [own transport]
+/// Answers every request with an empty list.
+class EmptyTransport : public network::UrlTransport {
+ public:
+  void start(network::UrlRequest request, Completion completed) override {
+    network::UrlAnswer answer;
+    answer.response.url = request.url;
+    answer.response.statusCode = 200;
+    answer.body = "[]";
+    completed(std::move(answer));
+  }
+};
+
+void useOwnTransport() {
+  ApiSettings settings;
+  settings.endpoint = "https://maps.example.com/1/";
+  settings.transport = std::make_shared<EmptyTransport>();
+  setApiSettings(settings);
+}
+//! [own transport]
+
 }  // namespace guides

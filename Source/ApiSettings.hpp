@@ -27,9 +27,9 @@ extern ORIVANTA_API const std::string DEFAULT_ORIVANTA_ENDPOINT;
 /// If no user name is set, neither here nor in a property list, the one inside the endpoint's URL
 /// is used, and with it the password there if none is set. The session's root is without them.
 struct ApiSettings {
-  std::optional<std::string> endpoint = std::nullopt;
-  std::optional<std::string> username = std::nullopt;
-  std::optional<std::string> password = std::nullopt;
+  std::optional<std::string> endpoint = std::nullopt;  ///< the API root, ending in a slash
+  std::optional<std::string> username = std::nullopt;  ///< for HTTP Basic authentication
+  std::optional<std::string> password = std::nullopt;  ///< for HTTP Basic authentication
   std::shared_ptr<WebApiObserver> observer = nullptr;  ///< told of every request; may be null
   std::size_t loadBytes = defaultLoadBytes;            ///< what one load may take; see WebApi.hpp
   /// The rate below which the loads that report fail; see `WebApiSession::withLowestRate`.

@@ -18,7 +18,9 @@ namespace orivanta {
 /// Hashes any text, so that a lookup needs no copy of its key. The hash differs from process to
 /// process, so that nobody can send identifiers that all collide.
 struct TextHash {
-  using is_transparent = void;
+  using is_transparent = void;  ///< allows lookups without a copy of the key
+
+  /// The hash of a text.
   ORIVANTA_API std::size_t operator()(std::string_view text) const;
 };
 

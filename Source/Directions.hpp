@@ -102,12 +102,17 @@ class ORIVANTA_API Directions {
 class ORIVANTA_API RouteEnd {
  public:
   // Not explicit, so that calls may name a location, a node or a list.
-  RouteEnd(Location& location);                                                    // NOLINT
-  RouteEnd(Node& node, std::shared_ptr<Location> namedLocation = nullptr);         // NOLINT
+  /// At any node of a location, which the directions name.
+  RouteEnd(Location& location);  // NOLINT
+
+  /// At a node.
+  RouteEnd(Node& node, std::shared_ptr<Location> namedLocation = nullptr);  // NOLINT
+
+  /// At any of these nodes.
   RouteEnd(NodeList nodeList, std::shared_ptr<Location> namedLocation = nullptr);  // NOLINT
 
-  NodeList nodes;
-  std::shared_ptr<Location> location;
+  NodeList nodes;                      ///< any of these
+  std::shared_ptr<Location> location;  ///< named in the directions; may be null
 };
 
 /// Searches a route over a graph, or over the graph of any loaded venue, active or not. Null when
@@ -117,6 +122,8 @@ class ORIVANTA_API RouteEnd {
 ///   getDirections(*venue, *shop, *cafe);
 ORIVANTA_API std::shared_ptr<Directions> getDirections(const NavigationGraph& graph,
                                                        const RouteEnd& from, const RouteEnd& to);
+
+/// As above, for other ends.
 ORIVANTA_API std::shared_ptr<Directions> getDirections(const Venue& venue, const RouteEnd& from,
                                                        const RouteEnd& to);
 
@@ -184,6 +191,8 @@ ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
 /// The same in any loaded venue.
 ORIVANTA_API std::shared_ptr<Directions> directionsTo(const Venue& venue, const RouteEnd& from,
                                                       const RouteEnd& to);
+
+/// As above, with the ends the other way round.
 ORIVANTA_API std::shared_ptr<Directions> directionsFrom(const Venue& venue, const RouteEnd& to,
                                                         const RouteEnd& from);
 

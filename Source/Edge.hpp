@@ -36,17 +36,25 @@ class ORIVANTA_API Edge {
   double weight_;
 };
 
-/// Hash and equality of nodes by identity, for handles and for plain pointers.
+/// Hash of nodes by identity, for handles and for plain pointers.
 struct NodeIdentityHash {
-  using is_transparent = void;
+  using is_transparent = void;  ///< allows lookups by plain pointer
+
+  /// The hash of the node.
   std::size_t operator()(const std::shared_ptr<Node>& node) const { return (*this)(node.get()); }
+
+  /// The hash of the node.
   std::size_t operator()(const Node* node) const {
     // Addresses of one allocator differ in few bits; the multiplication spreads them.
     return (identityHash(node) >> 4U) * 0x9E3779B97F4A7C15U >> 7U;
   }
 };
+
+/// Equality of nodes by identity, for handles and for plain pointers.
 struct NodeIdentityEqual {
-  using is_transparent = void;
+  using is_transparent = void;  ///< allows lookups by plain pointer
+
+  /// Whether both are the same node.
   bool operator()(const auto& left, const auto& right) const {
     return address(left) == address(right);
   }

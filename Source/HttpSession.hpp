@@ -45,13 +45,16 @@ class ORIVANTA_API CustomUrlSessionDelegate : public network::UrlSessionDelegate
  public:
   /// The body is the delegate's own buffer: what is to outlive the call is copied.
   using SuccessCallback = std::function<void(const network::HttpUrlResponse&, std::string& body)>;
+
+  /// Receives the error that ended a request.
   using ErrorCallback = std::function<void(const foundation::Error&)>;
 
+  /// A delegate with callbacks, each of which may be empty.
   CustomUrlSessionDelegate(SuccessCallback success, ErrorCallback error);
 
-  SuccessCallback onSuccess;
-  ErrorCallback onError;
-  std::string buffer;  ///< cleared, not reallocated, between the pages of a chain
+  SuccessCallback onSuccess;  ///< called for each complete body
+  ErrorCallback onError;      ///< called for each error
+  std::string buffer;         ///< cleared, not reallocated, between the pages of a chain
 
   void didReceiveData(std::string_view bytes) override;
   void didComplete(const network::HttpUrlResponse& response,
@@ -68,6 +71,7 @@ namespace detail {
 /// gone, so that an answer that comes at once still finds every callback in place.
 class DeliveryHold {
  public:
+  /// Suspends the delivery of a session, which may be null.
   explicit DeliveryHold(std::shared_ptr<network::UrlSession> session);
   ~DeliveryHold();
   DeliveryHold(const DeliveryHold&) = delete;
@@ -77,16 +81,22 @@ class DeliveryHold {
   std::shared_ptr<network::UrlSession> session_;
 };
 
+/// The session of a chain and its delegate.
 struct ChainLinks {
-  std::shared_ptr<network::UrlSession> session;
+  std::shared_ptr<network::UrlSession> session;  ///< never null
+
+  /// The delegate of the session; never null.
   std::shared_ptr<CustomUrlSessionDelegate> sessionDelegate;
 };
 
 /// What the copies of a handle share and the chain itself does not keep.
 struct ORIVANTA_API ChainHandle {
+  /// Holds the reports of the session.
   explicit ChainHandle(const ChainLinks& links);
 
-  DeliveryHold hold;
+  DeliveryHold hold;  ///< of the session
+
+  /// The delegate of the session; never null.
   std::shared_ptr<CustomUrlSessionDelegate> sessionDelegate;
 };
 
@@ -113,9 +123,16 @@ ORIVANTA_API foundation::Error invalidJson();
 template <class T>
 class HttpResponse {
  public:
+  /// Makes the new accumulator from the old one and a page.
   using PageCallback = std::function<T(T accumulated, const RawData& page)>;
+
+  /// Receives the accumulator after the last page.
   using CompleteCallback = std::function<void(T accumulated)>;
+
+  /// Receives the error that ended a request.
   using ErrorCallback = std::function<void(const foundation::Error&)>;
+
+  /// Receives the head of a response and the size of its body.
   using ResponseCallback =
       std::function<void(const network::HttpUrlResponse& response, std::size_t bodyBytes)>;
 
@@ -183,6 +200,7 @@ class HttpResponse {
     explicit State(std::shared_ptr<network::UrlSession> chainSession)
         : session(std::move(chainSession)) {}
 
+    /// The session of the chain; never null.
     std::shared_ptr<network::UrlSession> session;
     PageCallback pageCallback;
     CompleteCallback completeCallback;
@@ -235,6 +253,7 @@ class ORIVANTA_API HttpSession {
               const std::optional<std::string>& languages,
               std::shared_ptr<network::UrlTransport> transportToUse = nullptr);
 
+  /// The API root; nothing if it is no URL.
   const std::optional<foundation::Url> root;
   const std::string authString;                            ///< the value of "Authorization"
   const std::string language;                              ///< the value of "Accept-Language"

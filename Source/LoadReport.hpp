@@ -13,13 +13,15 @@
 
 namespace orivanta {
 
+/// How far a load is.
 struct LoadProgress {
-  std::size_t collectionsDone = 0;
-  std::size_t collections = 0;
-  std::size_t pages = 0;
-  std::size_t bytes = 0;  ///< of the pages' bodies
+  std::size_t collectionsDone = 0;  ///< collections that are complete or have failed
+  std::size_t collections = 0;      ///< collections of the whole load
+  std::size_t pages = 0;            ///< pages received so far
+  std::size_t bytes = 0;            ///< of the pages' bodies
 };
 
+/// Why a collection could not be loaded.
 enum class LoadProblem {
   noAnswer,     ///< the server cannot be reached, or the connection broke
   refused,      ///< HTTP status 401 or 403: it is about the user name and password
@@ -40,18 +42,20 @@ constexpr bool endsLoad(LoadProblem problem) {
 struct LoadFailure {
   /// The resource's name in the API, such as "node"; "venue" for the venue as a whole.
   std::string collection;
-  LoadProblem problem = LoadProblem::noAnswer;
-  int statusCode = 0;  ///< of the latest page; 0 when there was none
+  LoadProblem problem = LoadProblem::noAnswer;  ///< the kind of failure
+  int statusCode = 0;                           ///< of the latest page; 0 when there was none
   std::string reason;  ///< a sentence with the URL, for people, without a full stop
 };
 
+/// The result of `loadVenuesReporting`.
 struct VenueListReport {
-  std::vector<std::shared_ptr<Venue>> venues;
-  std::vector<LoadFailure> failures;  ///< at most one
+  std::vector<std::shared_ptr<Venue>> venues;  ///< in the order of the API
+  std::vector<LoadFailure> failures;           ///< at most one
 };
 
+/// The result of `loadVenueReporting`.
 struct VenueLoadReport {
-  std::shared_ptr<Venue> venue;
+  std::shared_ptr<Venue> venue;       ///< the venue of the load
   std::vector<LoadFailure> failures;  ///< at most one for each collection
 
   /// False when the load was given up (see `endsLoad`): then the venue has none of its collections.

@@ -48,6 +48,8 @@ class ORIVANTA_API NavigationGraph {
 
   /// All of them as a dictionary, copied on first use; valid until `setGraph`.
   const Adjacency& graph() const;
+
+  /// Replaces all edges.
   void setGraph(Adjacency graph);
 
   /// The same graph in the form that the route search walks, made on first use.

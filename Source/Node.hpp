@@ -67,7 +67,10 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
                                              const std::shared_ptr<Location>& arriveAt = nullptr);
 
   // The same in any loaded venue, active or not.
+  /// The route to another end in any loaded venue, active or not. Null if there is no route.
   std::shared_ptr<Directions> directionsTo(const Venue& venue, const RouteEnd& to);
+
+  /// The route from another end in any loaded venue, active or not. Null if there is no route.
   std::shared_ptr<Directions> directionsFrom(const Venue& venue, const RouteEnd& from);
 };
 

@@ -45,6 +45,8 @@ ORIVANTA_API void getVenues(std::function<void(std::vector<std::shared_ptr<Venue
 /// program.
 ORIVANTA_API void getVenue(const std::shared_ptr<Venue>& venue, bool accessible,
                            std::function<void(std::shared_ptr<Venue>)> callback);
+
+/// As above, with `accessible` false.
 ORIVANTA_API void getVenue(const std::shared_ptr<Venue>& venue,
                            std::function<void(std::shared_ptr<Venue>)> callback);
 
@@ -62,6 +64,8 @@ ORIVANTA_API void loadVenue(const WebApiSession& session, const std::shared_ptr<
 /// say on which one they are called.
 ORIVANTA_API std::shared_ptr<LoadHandle> loadVenuesReporting(
     const WebApiSession& session, LoadHandlers<VenueListReport> handlers);
+
+/// As `getVenue`, in the same way.
 ORIVANTA_API std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,
                                                             const std::shared_ptr<Venue>& venue,
                                                             bool accessible,

@@ -50,6 +50,7 @@ constexpr std::size_t defaultLoadBytes = std::size_t{800} << 20U;
 /// Any thread; holds no mutable state.
 class ORIVANTA_API WebApiSession {
  public:
+  /// Receives a collection.
   template <class Record>
   using Callback = std::function<void(Collection<Record>)>;
 
@@ -91,6 +92,7 @@ class ORIVANTA_API WebApiSession {
   /// Whether `loadVenue` and `loadVenueReporting` make their venue the active one.
   bool fillsActiveVenue() const { return fillsActiveVenue_; }
 
+  /// The memory that one load may take, in bytes.
   std::size_t loadBytes() const { return loadBytes_; }
 
   /// The same with another rate below which the loads of `loadVenuesReporting` and
@@ -113,17 +115,29 @@ class ORIVANTA_API WebApiSession {
     return session;
   }
 
-  const HttpSession ApiHttpSession;
+  const HttpSession ApiHttpSession;  ///< makes the requests
 
   /// All venues that the account may see.
   void venues(Callback<Venue> callback) const;
 
   // The collections of one venue, named by its slug.
+  /// The locations of a venue, which its slug names. Like the following, without links to other
+  /// records.
   void locations(const std::string& venue, Callback<Location> callback) const;
+
+  /// The categories of a venue.
   void categories(const std::string& venue, Callback<Category> callback) const;
+
+  /// The floors of a venue.
   void maps(const std::string& venue, Callback<Map> callback) const;
+
+  /// The nodes of a venue.
   void nodes(const std::string& venue, Callback<Node> callback) const;
+
+  /// The connectors of a venue.
   void vortices(const std::string& venue, Callback<Vortex> callback) const;
+
+  /// The polygons of a venue.
   void polygons(const std::string& venue, Callback<Polygon> callback) const;
 
  private:

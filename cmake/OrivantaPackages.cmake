@@ -52,7 +52,7 @@ set(drawing "libegl1, libgles2, fonts-dejavu-core")
 set(CPACK_DEBIAN_VIEW-LIBRARY_PACKAGE_DEPENDS "${library} ${thisVersion}, ${drawing}")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${drawing}")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "${library} ${thisVersion}, ${viewLibrary} ${thisVersion}, libglm-dev, libtsl-ordered-map-dev")
+    "${library} ${thisVersion}, ${viewLibrary} ${thisVersion}, libexpected-dev, libglm-dev, libtsl-ordered-map-dev")
 
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION "Indoor venue maps: data and routes
  Loads venues of a web API and finds routes in them.")

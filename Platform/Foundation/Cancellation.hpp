@@ -27,7 +27,11 @@ class ORIVANTA_API CancellationRegistration {
  public:
   CancellationRegistration() = default;
   ~CancellationRegistration() { remove(); }
+
+  /// Takes over the callback of another registration.
   CancellationRegistration(CancellationRegistration&& other) noexcept = default;
+
+  /// Removes its own callback and takes over that of another registration.
   CancellationRegistration& operator=(CancellationRegistration&& other) noexcept;
 
   /// Removes the callback early. Any thread.
@@ -45,6 +49,7 @@ class ORIVANTA_API CancellationToken {
  public:
   CancellationToken() = default;
 
+  /// Whether the source has been canceled.
   bool isCanceled() const;
 
   /// Calls the function once when the source is canceled, on the thread that cancels; immediately
@@ -62,11 +67,14 @@ class ORIVANTA_API CancellationSource {
  public:
   CancellationSource();
 
+  /// A token for work that the source cancels.
   CancellationToken token() const { return token_; }
 
   /// Tells the tokens and calls the registered functions, in the order of their registration. The
   /// second call does nothing.
   void cancel() const;
+
+  /// Whether `cancel` was called.
   bool isCanceled() const { return token_.isCanceled(); }
 
  private:

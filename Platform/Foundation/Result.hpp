@@ -22,6 +22,8 @@ using Result = tl::expected<T, Error>;
 inline tl::unexpected<Error> failure(Error error) {
   return tl::unexpected<Error>(std::move(error));
 }
+
+/// The failed result of any type, from the parts of its error.
 inline tl::unexpected<Error> failure(std::string domain, int code, std::string description) {
   return failure(Error{std::move(domain), code, std::move(description)});
 }

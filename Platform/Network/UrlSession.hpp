@@ -25,6 +25,8 @@ namespace orivanta::network {
 class UrlSessionDelegate {
  public:
   virtual ~UrlSessionDelegate() = default;
+
+  /// The whole body, decoded. Not called if the body is empty.
   virtual void didReceiveData(std::string_view bytes) = 0;
   /// `response` is empty if there is an error.
   virtual void didComplete(const HttpUrlResponse& response,
@@ -36,8 +38,9 @@ class UrlSessionDelegate {
   virtual void didFinishBackgroundEvents() {}
 };
 
+/// What the requests of a session have in common.
 struct UrlSessionConfiguration {
-  std::string identifier = {};
+  std::string identifier = {};  ///< any text of the caller
   /// Sent with every request of the session.
   HeaderFields additionalHeaders = {};
   /// For every request of the session. The budget also pays for the delivered bodies, and for a
@@ -52,9 +55,11 @@ struct UrlSessionConfiguration {
 /// keeps its delegate; invalidating it releases both.
 class ORIVANTA_API UrlSession : public std::enable_shared_from_this<UrlSession> {
  public:
+  /// A valid session, with a queue of its own.
   static std::shared_ptr<UrlSession> make(UrlSessionConfiguration configuration,
                                           std::shared_ptr<UrlSessionDelegate> delegate);
 
+  /// What the session was made with.
   const UrlSessionConfiguration& configuration() const { return configuration_; }
 
   /// Starts a GET request. Does nothing on an invalidated session. Any thread.
@@ -71,10 +76,13 @@ class ORIVANTA_API UrlSession : public std::enable_shared_from_this<UrlSession> 
   /// that. Any thread; more than once is harmless.
   void invalidateAndCancel();
 
+  /// Whether the session has not been invalidated. Any thread.
   bool isValid() const;
 
   /// Holds back, respectively lets through, what is to be reported to the delegate. Calls nest.
   void suspendDelivery() { queue_->suspend(); }
+
+  /// Undoes one `suspendDelivery`.
   void resumeDelivery() { queue_->resume(); }
 
  private:

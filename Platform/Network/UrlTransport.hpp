@@ -25,19 +25,23 @@
 
 namespace orivanta::network {
 
+/// Names and values of header fields, in the order in which they are sent.
 using HeaderFields = std::vector<std::pair<std::string, std::string>>;
 
+/// A GET request.
 struct UrlRequest {
-  foundation::Url url;
-  HeaderFields headerFields;
+  foundation::Url url;        ///< absolute
+  HeaderFields headerFields;  ///< sent besides those that the transport adds
+
+  /// The conditions under which the request goes on.
   TransferRules rules = {};
-  foundation::CancellationToken cancellation = {};
+  foundation::CancellationToken cancellation = {};  ///< ends the request
 };
 
 /// What the server answered.
 struct UrlAnswer {
-  HttpUrlResponse response;
-  std::string body;  ///< as received: still compressed if "Content-Encoding" says so
+  HttpUrlResponse response;  ///< status and header fields
+  std::string body;          ///< as received: still compressed if "Content-Encoding" says so
   /// What the body has taken from the request's budget. Null if the request has none.
   std::shared_ptr<foundation::BudgetShare> share = nullptr;
 };
@@ -45,8 +49,10 @@ struct UrlAnswer {
 /// How a request ended.
 using UrlResult = foundation::Result<UrlAnswer>;
 
+/// An HTTP client. An application may provide its own.
 class UrlTransport {
  public:
+  /// Receives how a request ended.
   using Completion = std::function<void(UrlResult)>;
 
   virtual ~UrlTransport() = default;
@@ -60,6 +66,7 @@ class UrlTransport {
 
 /// How the requests of a session are carried out.
 struct TransferOptions {
+  /// The conditions under which the requests go on.
   TransferRules rules = {};
   std::shared_ptr<UrlTransport> transport = nullptr;  ///< null for the default transport
   foundation::CancellationToken cancellation = {};    ///< ends the requests

@@ -51,6 +51,7 @@ class ORIVANTA_API HttpDownloader {
 
   /// The result of `fetchFile`.
   struct Fetched {
+    /// The path of the file.
     std::string path;
 
     /// Why an earlier copy takes the place of what the server has now: a sentence with the URL,
