@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
-#include "Source/Loading/RecordMemory.hpp"
+#include "Source/RecordMemory.hpp"
 
 namespace orivanta {
 

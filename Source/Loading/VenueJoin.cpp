@@ -12,12 +12,12 @@
 #include "Source/Category.hpp"
 #include "Source/Json/References.hpp"
 #include "Source/Loading/EntranceIndex.hpp"
-#include "Source/Loading/RecordMemory.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
 #include "Source/Polygon.hpp"
+#include "Source/RecordMemory.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
 

@@ -1,4 +1,5 @@
 // About how many bytes a record takes with its place in a collection, the JSON aside.
+// Private header.
 #pragma once
 
 #include <memory>
