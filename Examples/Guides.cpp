@@ -46,7 +46,7 @@ std::shared_ptr<LoadHandle> loadOneVenueWithProgress(const std::shared_ptr<Venue
       std::cerr << failure.collection << ": " << failure.reason << '\n';
     std::cout << attributionText(*report.venue) << '\n';
   };
-  const auto load = loadVenueReporting(APISession(), chosen, /*accessible=*/false, handlers);
+  auto load = loadVenueReporting(APISession(), chosen, /*accessible=*/false, handlers);
   // load->cancel() ends it early.
   //! [load venue with progress]
   return load;
@@ -54,7 +54,7 @@ std::shared_ptr<LoadHandle> loadOneVenueWithProgress(const std::shared_ptr<Venue
 
 std::shared_ptr<MapView> showFloors(const std::shared_ptr<Venue>& venue) {
   //! [show floors]
-  const auto mapView = MapView::make({{0, 0}, {800, 600}});  // points
+  auto mapView = MapView::make({{0, 0}, {800, 600}});  // points
   mapView->venue = venue;
   mapView->loadFloors({{}, [](const std::vector<FloorProgress>& floors) {
                          for (const FloorProgress& floor : floors)
@@ -127,7 +127,7 @@ std::shared_ptr<Location> placeNamed(const Venue& venue, const std::string& text
 
 std::shared_ptr<Directions> findRoute(Location& from, Location& to) {
   //! [find route]
-  const std::shared_ptr<Directions> directions = from.directionsTo(to);
+  std::shared_ptr<Directions> directions = from.directionsTo(to);
   if (!directions) return nullptr;
   for (const Direction& direction : directions->directions)
     std::cout << direction.instruction << '\n';
@@ -197,7 +197,7 @@ void loadTwoVenues(const std::shared_ptr<Venue>& one, const std::shared_ptr<Venu
 
 std::shared_ptr<Directions> findRouteIn(const Venue& venue, Location& from, Location& to) {
   //! [route in venue]
-  const std::shared_ptr<Directions> directions = getDirections(venue, from, to);
+  std::shared_ptr<Directions> directions = getDirections(venue, from, to);
   //! [route in venue]
   return directions;
 }

@@ -11,7 +11,7 @@ class ImageCollection;
 class Location;
 class Map;
 class NavigationGraph;
-class Node;
+class Node;  // NOLINT(bugprone-forward-declaration-namespace): a scene has another
 class Polygon;
 class RawData;
 class RouteEnd;
