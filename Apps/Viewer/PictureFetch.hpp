@@ -1,4 +1,4 @@
-// The picture of a place, fetched in the background.
+// Fetches the picture of a place in the background.
 #pragma once
 
 #include <functional>
@@ -13,7 +13,7 @@
 namespace orivanta::viewer {
 
 /// Fetches one picture at a time: starting another one, or destroying this object, cancels the
-/// request. For the main thread.
+/// request. Main thread only.
 class PictureFetch {
  public:
   using Arrived =
