@@ -192,7 +192,7 @@ void VenueView::frameRoute() {
 void VenueView::showStep(const RouteStep& step) {
   wantedNode_ = step.node;
   showFloor(step.node->map);
-  if (mapView_->currentMap() != step.node->map) return;  // when it has loaded
+  if (mapView_->currentMap() != step.node->map) return;  // not loaded yet
   if (step.kind == StepKind::departure || routeOverlay_->visitWith(*step.node) == nullptr)
     camera().frame({scenePosition(*step.node)});
   else

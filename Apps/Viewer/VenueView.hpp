@@ -34,7 +34,7 @@ class VenueView : public view::View, public MapViewDelegate {
   std::function<void(double share, const std::string& text)> progressed;
   std::function<void()> loaded;  ///< called when a floor is shown
 
-  /// No floor can be shown (`floor` is null), or a requested one cannot while others can.
+  /// Called if no floor can be shown (`floor` is null), or if only a requested one cannot.
   std::function<void(const Problem&, const std::shared_ptr<Map>& floor)> failed;
 
   /// Called with a sentence if the floors are shown incomplete.
@@ -150,7 +150,7 @@ class VenueView : public view::View, public MapViewDelegate {
   std::shared_ptr<MapViewMarker2D> mark_;
   std::shared_ptr<Location> from_;
   std::shared_ptr<Location> to_;
-  std::optional<bool> searchesForStart_;  // set while the search is for an end of the route
+  std::optional<bool> searchesForStart_;  // set if the search is for an end of the route
   bool accessible_ = false;
   std::optional<PlannedRoute> route_;
   std::unique_ptr<RouteOverlay> routeOverlay_;
@@ -158,7 +158,7 @@ class VenueView : public view::View, public MapViewDelegate {
 
   double scale_ = 1;
   bool hasNamesToDraw_ = false;
-  CameraPose lastPose_;  // when the camera was last advanced
+  CameraPose lastPose_;  // of the camera when it was last advanced
 };
 
 }  // namespace orivanta::viewer

@@ -109,7 +109,7 @@ void VenueView::tellFailure(const FloorProgress& floor) {
            floor.map);
 }
 
-// Moves the camera to what is wanted, when its floor is shown.
+// Frames the selected place or the route, when its floor is shown.
 void VenueView::lookAgain() {
   if (selected_)
     camera().frame({mapView_->findPosition3D(*selected_)});
@@ -159,8 +159,8 @@ void VenueView::mapViewDidLoad() {
   if (loaded) loaded();
 }
 
-// A retry has restarted the scene. Restores the current floor, unless the user waits for the one
-// that has loaded, and the camera.
+// A retry has restarted the scene. Restores the camera and, unless the new floor is the awaited
+// one, the floor.
 void VenueView::resumeMap() {
   if (mapView_->currentMap() != awaitedFloor_ && shownFloor_->mapObject)
     mapView_->changeMap(shownFloor_);

@@ -93,7 +93,8 @@ void VenueView::coverLabels() {
   labels_->setCovered(std::move(covered));
 }
 
-// Places the back button before the search field, which replaces it while open. Returns its width.
+// Places the back button before the search field, which replaces it while open. Returns its width
+// with the gap.
 double VenueView::arrangeWayBack(double margin) {
   backPanel_->setHidden(!wayBack || search_->isOpen());
   help_->setWayBack(wayBack != nullptr);
