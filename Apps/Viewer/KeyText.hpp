@@ -14,7 +14,7 @@ namespace orivanta::viewer {
 /// layouts have them.
 std::string_view shortcutOf(const SDL_Keysym& key, bool hasSlashKey);
 
-/// Returns the letter of a key on Latin layouts, whatever the current layout. Returns 0 for other
+/// Returns the letter of a key on Latin layouts, even if the layout is another. Returns 0 for other
 /// keys.
 char latinLetterOf(const SDL_Keysym& key);
 
