@@ -1,4 +1,4 @@
-// Loads the first venue of the API and prints the way from its first place to its last.
+// Loads the first venue of the web API and prints the directions from its first place to its last.
 #include <orivanta/orivanta.hpp>
 
 #include <cstdlib>

@@ -1,4 +1,5 @@
-// Searches a place, shows the way to it when it is tapped, and draws the map without a screen.
+// Searches for a place, shows the route to it when it is tapped, and draws the map without a
+// display.
 #include <cstdlib>
 #include <iostream>
 #include <orivanta/ui.hpp>
@@ -12,7 +13,7 @@ int main(int argc, char** argv) {
   foundation::setDiagnosticSink([](std::string_view) {});
   constexpr graphics::Size size{800, 600};  // points, and pixels
 
-  // The first venue and its floors, from background threads to the main queue.
+  // Load the first venue on background threads, and pass it to the main queue.
   const auto mapView = MapView::make({{0, 0}, size});
   bool loaded = false;
   getVenues([&](const auto& venues) {
@@ -27,14 +28,14 @@ int main(int argc, char** argv) {
   while (!loaded && foundation::mainQueue::wait(60)) foundation::mainQueue::drain();
   if (!mapView->currentMap()) return fail("no floor to draw");
 
-  // The place that is looked for, in the middle of the view, on its floor.
+  // Show the floor of the place, with the place in the center of the view.
   const auto found = PlaceSearch(*mapView->venue->locations).find(argc > 1 ? argv[1] : "");
   if (found.empty()) return fail("no such place");
   const auto place = found.front().places.front();
   mapView->changeMap(floorsOf(*place).front());
   mapView->camera().frame({mapView->findPosition3D(*place)}, aroundPlace, CameraMotion::atOnce);
 
-  // A tap shows the way from the venue's first place; here it comes in the middle.
+  // A tap shows the route from the venue's first place. This one is in the center of the view.
   std::unique_ptr<RouteOverlay> route;
   const auto from = mapView->venue->locations->front();
   mapView->placeTapped = [&](const auto& tapped) {

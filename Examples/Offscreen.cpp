@@ -1,4 +1,4 @@
-// Draws the first floor of the API's first venue into a picture, without a screen.
+// Draws the first floor of the web API's first venue to an image file, without a display.
 #include <cstdlib>
 #include <iostream>
 #include <orivanta/ui.hpp>

@@ -1,4 +1,4 @@
-// The map as a widget of Qt: the first venue of the API, with a button for each of its floors.
+// The map as a Qt widget: the first venue of the web API, with a button for each of its floors.
 #include <QApplication>
 #include <QMainWindow>
 #include <QOpenGLWidget>
@@ -31,7 +31,7 @@ class MapWidget : public QOpenGLWidget {
   }
   ~MapWidget() override {
     foundation::mainQueue::setWake(nullptr);
-    makeCurrent();  // the renderer goes where it was made
+    makeCurrent();  // the renderer must be destroyed in its context
     renderer_.reset();
   }
 
@@ -59,7 +59,7 @@ class MapWidget : public QOpenGLWidget {
   void mouseMoveEvent(QMouseEvent* event) override { send(*event); }
   void mouseReleaseEvent(QMouseEvent* event) override { send(*event); }
 
-  /// The wheel zooms towards the pointer.
+  /// Zooms toward the pointer.
   void wheelEvent(QWheelEvent* event) override {
     const QPointF at = event->position();
     mapView->camera().zoomBy(std::exp(event->angleDelta().y() / 600.0), {at.x(), at.y()});
@@ -67,7 +67,7 @@ class MapWidget : public QOpenGLWidget {
   }
 
  private:
-  /// The mouse is one more finger.
+  /// Sends mouse events as touches.
   void send(const QPointerEvent& event) {
     if (event.type() == QEvent::TouchCancel) return fingers_.cancelAll(now());
     std::vector<view::Touch> touches;
@@ -126,7 +126,7 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QMainWindow window;
   auto* const map = new MapWidget;
-  window.setCentralWidget(map);  // which owns it
+  window.setCentralWidget(map);  // takes ownership
   showFirstVenue(*map, *window.addToolBar("Floors"));
   window.resize(1000, 700);
   window.show();

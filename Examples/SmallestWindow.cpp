@@ -1,4 +1,5 @@
-// A window with a map: the first venue of the API, to be moved with fingers or the left button.
+// A window with the map of the web API's first venue. Touches and the left mouse button move the
+// map.
 #include <SDL.h>
 
 #include <cstdlib>
@@ -11,7 +12,7 @@ namespace {
 
 double now() { return static_cast<double>(SDL_GetTicks64()) / 1000; }
 
-/// Loads the first venue into the map view, from background threads to the main queue.
+/// Loads the first venue on background threads and passes it to the map view on the main queue.
 void showFirstVenue(const std::shared_ptr<MapView>& mapView) {
   const auto showFloors = [mapView](const VenueLoadReport& report) {
     mapView->venue = report.venue;
@@ -28,7 +29,7 @@ void showFirstVenue(const std::shared_ptr<MapView>& mapView) {
   loadVenuesReporting(APISession(), {.ended = loadFirst, .executor = foundation::mainQueue::async});
 }
 
-/// Ends the wait for events when something is to be drained.
+/// Wakes the event loop when the main queue has tasks.
 void wakeWithEvents() {
   foundation::mainQueue::setWake([type = SDL_RegisterEvents(1)] {
     SDL_Event event{};
@@ -37,7 +38,7 @@ void wakeWithEvents() {
   });
 }
 
-/// The mouse as one more finger.
+/// Sends mouse events as touches.
 void sendTouch(const SDL_Event& event, graphics::Size size, view::TouchDispatcher& fingers) {
   const auto send = [&](std::uint64_t finger, view::TouchPhase phase, double x, double y) {
     fingers.dispatch({finger, phase, {x, y}, now()});

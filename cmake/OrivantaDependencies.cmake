@@ -1,4 +1,4 @@
-# Everything comes from Debian's packages; Scripts/setup names them.
+# All libraries come from Debian packages, which Scripts/setup installs.
 
 find_package(Threads REQUIRED)
 find_package(ZLIB REQUIRED)
@@ -18,7 +18,7 @@ add_library(orivanta_asio INTERFACE)
 target_link_libraries(orivanta_asio INTERFACE Boost::headers Threads::Threads)
 target_compile_definitions(orivanta_asio INTERFACE BOOST_ASIO_NO_DEPRECATED
                                                    BOOST_BEAST_USE_STD_STRING_VIEW)
-# The thread sanitizer knows no stand-alone fences. Asio's queues are guarded by mutexes as well.
+# The thread sanitizer does not support stand-alone fences. Mutexes guard Asio's queues as well.
 if(ORIVANTA_SANITIZER MATCHES thread)
   target_compile_definitions(orivanta_asio INTERFACE BOOST_ASIO_DISABLE_FENCED_BLOCK)
 endif()

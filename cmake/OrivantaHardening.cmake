@@ -1,5 +1,5 @@
-# Protections of optimized builds: what damage is left to a fault in our own code. Sanitizers find
-# more and do not go together with them. Tests/Checks/check-hardening looks for them in a binary.
+# Protections of optimized builds, which limit the damage that a fault in our code can do. They cannot be
+# combined with the sanitizers, which find more. Tests/Checks/check-hardening checks them in a binary.
 
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
@@ -7,7 +7,7 @@ include(CheckPIESupported)
 
 option(ORIVANTA_HARDENING "Protections in optimized builds" ON)
 
-# Makes executables position-independent, as CMAKE_POSITION_INDEPENDENT_CODE asks.
+# Without it, CMAKE_POSITION_INDEPENDENT_CODE does not link executables as position-independent.
 check_pie_supported(LANGUAGES CXX)
 
 if(ORIVANTA_SANITIZER OR NOT ORIVANTA_HARDENING)
@@ -32,8 +32,8 @@ foreach(flag -Wl,-z,relro -Wl,-z,now)
   endif()
 endforeach()
 
-# Level 3 also checks objects whose size is known only at run time; GCC has it from version 12 on.
-# Some distributions define a level of their own.
+# Level 3 also checks objects whose size is known only at run time. GCC supports it since version 12.
+# Some distributions define another level.
 set(fortify 2)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 12)
   set(fortify 3)

@@ -1,11 +1,11 @@
-# The include tree of applications, in the build folder: examples compile against it, and it is what is
-# installed. cmake/publish-headers says which headers are public.
+# Writes the include tree of applications to the build folder. Examples are compiled against it, and it is
+# installed. cmake/publish-headers selects the public headers.
 
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
 set(ORIVANTA_INCLUDE_FOLDER ${PROJECT_BINARY_DIR}/include)
 
-# Once now, for the list of the files.
+# Run it once during configuration, for the list of files.
 execute_process(
   COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/cmake/publish-headers
           ${ORIVANTA_INCLUDE_FOLDER} ${PROJECT_VERSION}

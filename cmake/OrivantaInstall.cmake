@@ -1,14 +1,14 @@
-# The two shared libraries that applications link, with and without graphics; their headers, their
-# CMake package and their pkg-config files.
+# The two shared libraries for applications, with and without graphics, and their headers, CMake package
+# and pkg-config files.
 
-# The name of the library's file changes when programs have to be built anew: with each minor version
-# before 1.0, with each major version from then on.
+# The library's file name changes when programs must be rebuilt: with each minor version before 1.0, and
+# with each major version from then on.
 set(ORIVANTA_ABI ${PROJECT_VERSION_MAJOR})
 if(PROJECT_VERSION_MAJOR EQUAL 0)
   set(ORIVANTA_ABI 0.${PROJECT_VERSION_MINOR})
 endif()
 
-# orivanta_shared_library(name component libraries...): one of static libraries, which stay inside.
+# orivanta_shared_library(name component libraries...): combines static libraries into a shared one.
 function(orivanta_shared_library name component)
   add_library(${name} SHARED)
   foreach(part IN LISTS ARGN)
@@ -55,7 +55,7 @@ target_link_libraries(
   PRIVATE JPEG::JPEG PNG::PNG PkgConfig::epoxy PkgConfig::pangocairo fmt::fmt)
 add_library(orivanta::ui ALIAS orivanta-ui)
 
-# All that is installed. What else belongs to it adds itself with add_dependencies.
+# Builds everything that is installed. Other folders add their targets with add_dependencies.
 add_custom_target(orivanta_product)
 add_dependencies(orivanta_product orivanta orivanta-ui)
 
@@ -65,7 +65,7 @@ configure_package_config_file(cmake/orivantaConfig.cmake.in orivantaConfig.cmake
                               INSTALL_DESTINATION ${packageFolder})
 write_basic_package_version_file(orivantaConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 
-# The pkg-config files find their prefix from where they lie.
+# The pkg-config files compute the prefix from their location.
 file(RELATIVE_PATH ORIVANTA_PREFIX_FROM_PKGCONFIG ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig
      ${CMAKE_INSTALL_PREFIX})
 configure_file(cmake/orivanta.pc.in orivanta.pc @ONLY)

@@ -15,16 +15,16 @@ if(ORIVANTA_SANITIZER)
                       -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${ORIVANTA_SANITIZER})
   if(ORIVANTA_SANITIZER MATCHES undefined)
-    # It opens a pipe to look at an object's type, which fails when a test has used up the descriptors.
+    # It opens a pipe to check an object's type, which fails if a test has used all descriptors.
     add_compile_options(-fno-sanitize=vptr)
   endif()
   if(ORIVANTA_SANITIZER MATCHES undefined AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # These check every access to memory, which the address sanitizer does as well, and take a quarter
-    # of the time to compile. The fuzzers, which clang compiles, have them.
+    # These check every memory access, as the address sanitizer does, and take a quarter of the compile
+    # time. The fuzzers, which are compiled with clang, use them.
     add_compile_options(-fno-sanitize=null,object-size,alignment)
   endif()
   if(ORIVANTA_SANITIZER STREQUAL "thread" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # It warns of the fences in Boost.Asio, which it does not follow.
+    # GCC warns about the fences in Boost.Asio, which the thread sanitizer does not support.
     add_compile_options(-Wno-tsan)
   endif()
 endif()
@@ -32,8 +32,7 @@ endif()
 # Distances and costs are compared bit for bit, so no target may fuse a multiplication and an addition.
 add_compile_options(-ffp-contract=off)
 
-# Call it for folders whose code runs only briefly: with the sanitizers, optimizing it takes longer than
-# it saves.
+# For folders whose code runs only briefly: with the sanitizers, optimizing it takes longer than it saves.
 macro(orivanta_sanitize_unoptimized)
   if(ORIVANTA_SANITIZER)
     add_compile_options($<$<CONFIG:Debug>:-O0>)

@@ -1,8 +1,8 @@
-# The licenses that are installed with each part, and Debian packages: `cpack -G DEB` in the build folder,
-# after the target orivanta_product, writes one package for each part.
+# Installs the licenses of each part, and configures the Debian packages: after building the target
+# orivanta_product, `cpack -G DEB` in the build folder writes one package for each part.
 
-# orivanta_part(component package licenses): a part's license file lies where Debian expects that of its
-# package. `licenses` is what cmake/gather-licenses calls the part.
+# orivanta_part(component package licenses): installs the license file of a part where Debian expects that
+# of the package. `licenses` is the name of the part for cmake/gather-licenses.
 function(orivanta_part component package licenses)
   set(file ${PROJECT_BINARY_DIR}/licenses/${package}/copyright)
   add_custom_command(
@@ -47,7 +47,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
 
 set(thisVersion "(= ${PROJECT_VERSION})")
-# What is loaded at run time and so in no list of linked libraries: OpenGL ES and a font.
+# OpenGL ES and a font are loaded at run time, so they are not among the linked libraries.
 set(drawing "libegl1, libgles2, fonts-dejavu-core")
 set(CPACK_DEBIAN_VIEW-LIBRARY_PACKAGE_DEPENDS "${library} ${thisVersion}, ${drawing}")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${drawing}")

@@ -6,8 +6,8 @@
 #
 #   const orivanta::foundation::ResourceBundle& orivanta::FUNCTION();
 #
-# which adds the bundle when it is first called. A file's name must not begin with a dot; folders
-# inside are left aside. The file is its own script for the build: cmake -P, with its arguments.
+# which adds the bundle when it is first called. Subfolders and files whose names begin with a dot are
+# ignored. During the build, this file is run as a script with cmake -P.
 
 if(NOT CMAKE_SCRIPT_MODE_FILE)
   set(ORIVANTA_RESOURCES_SCRIPT ${CMAKE_CURRENT_LIST_FILE})

@@ -25,7 +25,7 @@ class RequestError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Where in valid JSON text the string, respectively the value, that begins at `start` is over.
+// Return the position after the string or the value that begins at `start` in valid JSON text.
 std::size_t endOfString(std::string_view text, std::size_t start) {
   std::size_t end = start + 1;
   while (text[end] != '"') end += text[end] == '\\' ? 2 : 1;

@@ -1,4 +1,5 @@
-// Many routes through one venue: a request on each line of JSON, an answer on each line.
+// Computes many routes through one venue. Reads one JSON request per line and writes one answer per
+// line.
 //
 //   {"id": 7, "from": ["n1", "n2"], "to": ["n9"]} {"id":7,"path":["n2","n5","n9"],"weight":3.5}
 //   {"fromLocation": "shop-1", "toLocation": "shop-2"}  {"id":null,"path":null,"weight":null}
@@ -17,15 +18,15 @@
 
 namespace orivanta::command {
 
-/// Refers to the venue, which has been loaded and stays as it is. Not for several threads at once.
+/// Keeps a reference to a loaded venue, which must not change. Not thread-safe.
 class BatchRouter {
  public:
   explicit BatchRouter(const Venue& venue);
 
-  /// The answer to one request, without a line break. "from" and "to" hold identifiers of nodes,
-  /// "fromLocation" and "toLocation" the identifier of a location; each side has one of the two.
-  /// "id" is echoed just as it is written. A weight beyond the doubles reads 1e999. A line that is
-  /// no such request is answered by an error.
+  /// Returns the answer to one request, without a line break. "from" and "to" contain identifiers
+  /// of nodes, "fromLocation" and "toLocation" the identifier of a location; each end has one of
+  /// the two. "id" is copied to the answer as it is written. A weight beyond the range of a double
+  /// is written as 1e999. An invalid request is answered with an error.
   std::string answer(std::string_view line) const;
 
  private:
@@ -38,13 +39,14 @@ class BatchRouter {
   std::unordered_map<const Node*, std::string> quotedIds_;
 };
 
-/// Answers every line that is not blank as soon as it is read, until the stream ends. `write` gets
-/// each answer with its line break.
+/// Answers each line that is not blank as soon as it is read, until the stream ends. `write`
+/// receives each answer with its line break.
 void answerLines(std::istream& requests, const BatchRouter& router,
                  const std::function<void(std::string_view)>& write);
 
-/// The text of a top-level member of a JSON object as it is written; of several the last, as for
-/// `RawData`. Empty when there is none. `object` is valid JSON.
+/// Returns the text of a top-level member of a JSON object as it is written, or an empty text if
+/// there is no such member. If several members have this key, the last one counts, as in `RawData`.
+/// `object` must be valid JSON.
 std::string_view rawMember(std::string_view object, std::string_view key);
 
 }  // namespace orivanta::command

@@ -1,4 +1,4 @@
-// How a subcommand ends: its exit code, and the error that carries one together with a text.
+// The exit codes of the command, and the exception that carries one with a message.
 #pragma once
 
 #include <stdexcept>
@@ -8,13 +8,14 @@ namespace orivanta::command {
 
 enum class ExitCode {
   success = 0,
-  notFound = 1,     ///< no route, no such venue, no such location
-  wrongUse = 2,     ///< the command line or a file that it names cannot be used
-  noAnswer = 3,     ///< the server cannot be reached, refuses or answers something else
+  notFound = 1,  ///< no route, no such venue, no such location
+  wrongUse = 2,  ///< the command line, or a file that it names, cannot be used
+  noAnswer = 3,  ///< the server cannot be reached, refuses the request or sends an invalid response
   outputFailed = 4  ///< standard output cannot be written
 };
 
-/// Ends the subcommand; the text is for people and may have several lines, without a final break.
+/// Ends the subcommand. The message is for people. It may have several lines, without a final
+/// break.
 class CommandError : public std::runtime_error {
  public:
   CommandError(ExitCode exitCode, const std::string& text)

@@ -24,7 +24,7 @@ std::vector<std::string> spellings(const CLI::Option& option) {
 std::string valueName(const CLI::Option& option) {
   if (option.get_items_expected_max() == 0) return {};
   const std::string name = option.get_type_name();
-  return name.substr(0, name.find(':'));  // without the checks that it has to pass
+  return name.substr(0, name.find(':'));  // the validators follow the colon
 }
 
 OptionValue valueOf(const CLI::Option& option) {

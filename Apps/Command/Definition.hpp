@@ -1,4 +1,4 @@
-// What the definition of a command line says, for texts that are made from it.
+// Reads the definition of the command line, for texts that are generated from it.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -7,9 +7,9 @@
 
 namespace orivanta::command {
 
-/// What follows the name of an option.
+/// The kind of value that an option takes.
 enum class OptionValue {
-  none,    ///< nothing, or a text that may be left out
+  none,    ///< no value, or an optional one
   file,    ///< the path of a file
   folder,  ///< the path of a folder
   other    ///< any other text
@@ -21,13 +21,13 @@ std::vector<const CLI::App*> commandsOf(const CLI::App& app);
 /// The options that have a name, in the order of `--help`.
 std::vector<const CLI::Option*> optionsOf(const CLI::App& app);
 
-/// The arguments without a name, in their order.
+/// The positional arguments in order.
 std::vector<const CLI::Option*> argumentsOf(const CLI::App& app);
 
-/// The names of an option as they are typed, such as "-o" and "--output".
+/// The names of an option as typed, such as "-o" and "--output".
 std::vector<std::string> spellings(const CLI::Option& option);
 
-/// The word that stands for the option's value in `--help`, such as "FILE"; empty for a flag.
+/// The placeholder of the option's value in `--help`, such as "FILE". Empty for a flag.
 std::string valueName(const CLI::Option& option);
 
 OptionValue valueOf(const CLI::Option& option);

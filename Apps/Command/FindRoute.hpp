@@ -1,4 +1,4 @@
-// The subcommand `route`: the way from one place to another, or many of them in a batch.
+// The subcommand `route`: finds the route from one place to another, or a batch of routes.
 #pragma once
 
 #include <optional>
@@ -14,10 +14,10 @@ struct FindRouteOptions {
   ConnectionOptions connection;
   bool json = false;
   std::string slug;
-  bool accessible = false;  ///< without the connectors that are not accessible
+  bool accessible = false;  ///< excludes connectors that are not accessible
   std::vector<std::string> from;
   std::vector<std::string> to;
-  std::optional<std::string> batchFile;  ///< instead of the two; "-" for standard input
+  std::optional<std::string> batchFile;  ///< replaces `from` and `to`; "-" for standard input
 };
 
 ExitCode findRoute(const FindRouteOptions& options);

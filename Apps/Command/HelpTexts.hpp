@@ -1,4 +1,4 @@
-// What the helps say beyond the lists of options: purposes and examples.
+// The texts of `--help` besides the lists of options: descriptions and examples.
 #pragma once
 
 namespace orivanta::command::help {

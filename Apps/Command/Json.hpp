@@ -1,4 +1,4 @@
-// Writing JSON with exact and short numbers.
+// Writes JSON with exact and short numbers.
 #pragma once
 
 #include <boost/json/value.hpp>
@@ -7,20 +7,21 @@
 
 namespace orivanta::command {
 
-/// The shortest text that reads back as the same double; 1e999 for infinity, which every JSON
-/// grammar accepts, and null for no number.
+/// Returns the shortest text that is read back as the same double. Infinity is written as 1e999,
+/// which every JSON grammar accepts, and NaN as null.
 std::string jsonNumber(double number);
 
-/// The text in quotes, escaped where it must be, and so that a terminal can show it: as
+/// Returns the text in quotes, escaped as JSON requires and so that a terminal can show it; see
 /// `withControlsEscaped`.
 std::string jsonString(std::string_view text);
 
-/// JSON text with everything in its strings escaped that acts on a terminal or changes the
-/// direction of writing. A damaged byte becomes an escaped U+FFFD.
+/// Returns the JSON text with those characters in its strings escaped that affect a terminal or
+/// change the writing direction. An invalid byte becomes an escaped U+FFFD.
 std::string withControlsEscaped(std::string_view json);
 
-/// The value on one line, its strings as `jsonString` writes them; null for numbers that are not
-/// finite. Nesting is limited by the stack: only for values made by the program.
+/// Returns the value on one line, with strings as `jsonString` writes them and null for numbers
+/// that are not finite. The stack limits the nesting, so pass only values that the program has
+/// made.
 std::string jsonText(const boost::json::value& value);
 
 }  // namespace orivanta::command

@@ -1,4 +1,4 @@
-// The subcommand `venues`: which venues there are.
+// The subcommand `venues`: lists the venues.
 #pragma once
 
 #include "Apps/Command/CommandError.hpp"

@@ -1,4 +1,4 @@
-// The command `orivanta`: what can be said on its command line.
+// The command `orivanta`: defines its command line and runs the chosen subcommand.
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
@@ -28,7 +28,7 @@ namespace orivanta::command {
 
 namespace {
 
-/// What the command line says, and the subcommand that it chose.
+/// The values from the command line, and the subcommand to run.
 struct CommandLine {
   ConnectionOptions connection;
   bool json = false;
@@ -60,14 +60,14 @@ void addQuiet(CLI::App& app, ConnectionOptions& options) {
   app.add_flag("-q,--quiet", options.quiet, "No diagnostic lines on standard error");
 }
 
-// The options of every query, before the subcommand and after it.
+// Queries accept these options before and after the subcommand.
 void addQueryOptions(CLI::App& app, CommandLine& line) {
   addConnectionOptions(app, line.connection);
   app.add_flag("--json", line.json, "Print JSON");
   addQuiet(app, line.connection);
 }
 
-// `options` is filled while the command line is read; what all queries share goes in at the end.
+// Parsing fills `options`. The options that all queries share are copied to it before it is used.
 template <class Options>
 CLI::App& addQuery(CLI::App& app, CommandLine& line, const char* name, const char* purpose,
                    const char* examples, Options& options, ExitCode (*run)(const Options&)) {
@@ -313,12 +313,12 @@ int run(int argc, char** argv) {
 }  // namespace orivanta::command
 
 int main(int argc, char** argv) {
-  // A server or a reader that hangs up is an error to report, not the end of the program.
+  // If a server or a reader closes the connection, writing fails instead of ending the program.
   std::signal(SIGPIPE, SIG_IGN);
   std::ios::sync_with_stdio(false);
   const int code = orivanta::command::run(argc, argv);
   std::cout.flush();
   std::fflush(nullptr);
-  // Requests may still be running on background threads: nothing that they use is torn down.
+  // Requests may still be running on background threads, so nothing that they use may be destroyed.
   std::_Exit(code);
 }

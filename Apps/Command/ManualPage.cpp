@@ -10,7 +10,7 @@ namespace orivanta::command {
 
 namespace {
 
-/// A text that roff prints as it stands.
+/// Returns the text with the special characters of roff escaped.
 std::string escaped(std::string_view text) {
   std::string result;
   if (text.starts_with('.') || text.starts_with('\'')) result = "\\&";
@@ -26,7 +26,7 @@ std::string escaped(std::string_view text) {
   return result;
 }
 
-/// Paragraphs, and indented lines that keep their breaks.
+/// Appends paragraphs, and indented lines with their line breaks.
 void appendText(std::string& page, const std::string& text) {
   std::istringstream lines(text);
   bool kept = false;

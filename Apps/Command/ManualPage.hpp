@@ -1,4 +1,4 @@
-// The manual page, made from the definition of the command line.
+// Generates the manual page from the definition of the command line.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -7,7 +7,7 @@
 
 namespace orivanta::command {
 
-/// A page of section 1 for man(1): what `--help` says about the program and about each subcommand.
+/// Returns a page of section 1 for man(1), with the `--help` of the program and of each subcommand.
 std::string manualPage(const CLI::App& app, std::string_view version);
 
 }  // namespace orivanta::command

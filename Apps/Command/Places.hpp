@@ -1,4 +1,4 @@
-// The ends of a route, as they are named on the command line.
+// Finds the ends of a route by their names on the command line.
 #pragma once
 
 #include <memory>
@@ -13,14 +13,14 @@ namespace orivanta::command {
 
 /// One end of a route.
 struct RouteEnd {
-  NodeList nodes;                   ///< each once
+  NodeList nodes;                   ///< without duplicates
   std::shared_ptr<Location> place;  ///< the location of all nodes; null if there is no single one
 };
 
-/// The places that the texts name together; see `placesNamed`. The venue has been loaded.
+/// Returns the places that the texts name together; see `placesNamed`. The venue must be loaded.
 ///
-/// Throws `CommandError`: `notFound` for a text that names nothing, `wrongUse` for an empty text
-/// and for one that names several locations. The message lists them.
+/// Throws `CommandError`: `notFound` if a text names nothing, `wrongUse` if a text is empty or
+/// names several locations. The message lists them.
 RouteEnd findRouteEnd(const Venue& venue, const std::vector<std::string>& texts);
 
 }  // namespace orivanta::command

@@ -35,7 +35,7 @@ ProgressLine::ProgressLine(Writer writer, std::optional<std::size_t> columns)
     : writer_(std::move(writer)), columns_(columns) {}
 
 ProgressLine& ProgressLine::standardError() {
-  // Never destroyed: requests may still report when the process ends.
+  // Never destroyed, because requests may still report progress when the process ends.
   static auto& line = *new ProgressLine(writeToStandardError, terminalColumns());
   return line;
 }
@@ -45,7 +45,7 @@ void ProgressLine::show(std::string_view text, Clock::time_point now) {
   if (!columns_ || (shownAt_ && now - *shownAt_ < shortestInterval)) return;
   shownAt_ = now;
   visible_ = true;
-  // The last column stays free: many terminals wrap when it is written.
+  // The last column stays empty, because many terminals wrap after writing it.
   writer_(std::string(eraseLine) + foundation::clipped(text, *columns_ - 1));
 }
 

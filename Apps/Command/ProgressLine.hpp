@@ -1,4 +1,4 @@
-// One line at the bottom of a terminal that is rewritten in place and vanishes in the end.
+// A line at the bottom of a terminal that is rewritten in place and removed at the end.
 #pragma once
 
 #include <chrono>
@@ -11,25 +11,25 @@
 
 namespace orivanta::command {
 
-/// Any thread.
+/// Thread-safe.
 class ProgressLine {
  public:
   using Clock = std::chrono::steady_clock;
   using Writer = std::function<void(std::string_view bytes)>;
 
-  /// `columns` is the width of the terminal; nothing means that there is no terminal: then the line
+  /// `columns` is the width of the terminal. If it is empty, there is no terminal, and the line
   /// itself is never written.
   ProgressLine(Writer writer, std::optional<std::size_t> columns);
 
-  /// For the process's standard error.
+  /// The line on the process's standard error.
   static ProgressLine& standardError();
 
-  /// Replaces the line, unless it has been replaced within the last twentieth of a second.
+  /// Replaces the line, unless it was replaced less than 1/20 of a second ago.
   void show(std::string_view text, Clock::time_point now);
 
   void clear();
 
-  /// Writes a line that stays, above the progress.
+  /// Writes a permanent line above the progress.
   void note(std::string_view line);
 
  private:
@@ -37,7 +37,7 @@ class ProgressLine {
 
   const Writer writer_;
   const std::optional<std::size_t> columns_;
-  std::mutex mutex_;  // guards the two below and keeps lines whole
+  std::mutex mutex_;  // guards the next two members and keeps lines whole
   bool visible_ = false;
   std::optional<Clock::time_point> shownAt_;
 };

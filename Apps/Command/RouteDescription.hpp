@@ -1,4 +1,4 @@
-// A route as lines for people and as JSON: its directions, floors, rides, length and cost.
+// Describes a route as text and as JSON: its directions, floors, rides, length and cost.
 #pragma once
 
 #include <boost/json/object.hpp>
@@ -15,13 +15,13 @@ namespace orivanta::command {
 struct RouteDescription {
   std::shared_ptr<const Directions> directions;
   PathWalk walk;
-  std::optional<double> lengthMetres;  ///< if the venue tells its units per meter
+  std::optional<double> lengthMetres;  ///< empty if the units per meter are unknown
 };
 
-/// For a route through the venue, which has been loaded.
+/// Describes a route through a loaded venue.
 RouteDescription describeRoute(const Venue& venue, std::shared_ptr<const Directions> directions);
 
-/// The description as lines, and as JSON.
+/// Return the description as lines of text and as JSON.
 std::string routeText(const RouteDescription& route);
 boost::json::object routeJson(const RouteDescription& route);
 

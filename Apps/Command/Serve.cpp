@@ -31,14 +31,14 @@ server::ServerOptions serverOptions(const ServeOptions& options) {
   return result;
 }
 
-// Every connection may need a descriptor for a file beside its own.
+// Raises the limit: each connection may need a descriptor for a file besides that of its socket.
 void allowDescriptors(std::size_t connections) {
   rlimit limit{};
   if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
   constexpr rlim_t others = 64;
   limit.rlim_cur =
       std::min(limit.rlim_max, std::max<rlim_t>(limit.rlim_cur, 2 * connections + others));
-  setrlimit(RLIMIT_NOFILE, &limit);  // without success, clients are told to ask again
+  setrlimit(RLIMIT_NOFILE, &limit);  // if it fails, clients are asked to retry
 }
 
 }  // namespace
@@ -46,7 +46,7 @@ void allowDescriptors(std::size_t connections) {
 int serve(const ServeOptions& options) {
   try {
     boost::asio::io_context context;
-    boost::asio::signal_set signals(context, SIGINT, SIGTERM);  // from here on, none is missed
+    boost::asio::signal_set signals(context, SIGINT, SIGTERM);  // catches signals from here on
     const server::ServerOptions serverOptions = command::serverOptions(options);
     allowDescriptors(serverOptions.limits.connections);
     const server::VenueServer server(serverOptions);

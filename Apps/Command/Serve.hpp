@@ -1,4 +1,4 @@
-// The subcommand `serve`: a venue server until somebody ends it.
+// The subcommand `serve`: runs a venue server until a signal ends it.
 #pragma once
 
 #include <cstddef>
@@ -12,20 +12,20 @@ namespace orivanta::command {
 
 struct ServeOptions {
   std::vector<std::filesystem::path> folders;  ///< venue packages, or folders of them
-  std::filesystem::path demoVenue;             ///< served when no folders are given
+  std::filesystem::path demoVenue;             ///< served if no folders are given
   std::string address = "127.0.0.1";
-  std::uint16_t port = 8080;  ///< 0 for a free one
-  /// Both or neither: required of every client when set.
+  std::uint16_t port = 8080;  ///< 0 for any free port
+  /// Both or neither. If set, every client must send them.
   std::optional<std::string> username;
   std::optional<std::string> password;
   std::size_t pageSize = 100;
-  std::optional<std::string> origin;  ///< of all URLs in answers, such as "https://maps.example"
+  std::optional<std::string> origin;  ///< of all URLs in responses, such as "https://maps.example"
   std::vector<std::string> trustedProxies;  ///< IP addresses
 };
 
-/// Prints the API root as one line on standard output once clients can come, serves until SIGINT or
-/// SIGTERM arrives, and returns the exit code: 0, or 2 after a line on standard error when the
-/// server could not start.
+/// Prints the API root as one line on standard output when clients can connect, serves until SIGINT
+/// or SIGTERM arrives, and returns the exit code. The code is 0, or 2 after a line on standard
+/// error if the server could not start.
 int serve(const ServeOptions& options);
 
 }  // namespace orivanta::command

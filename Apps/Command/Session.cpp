@@ -39,7 +39,7 @@ std::shared_ptr<Venue> venueNamed(const std::vector<std::shared_ptr<Venue>>& ven
                      fmt::format("no venue \"{}\"; the server has {}", slug, choice));
 }
 
-// Waits for the end of a load that `start` is given the handlers for.
+// Calls `start` with handlers and waits until the load that it starts has ended.
 template <class Report, class Start>
 Report reportOf(const Start& start) {
   const auto promise = std::make_shared<std::promise<Report>>();

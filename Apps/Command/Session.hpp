@@ -1,4 +1,4 @@
-// The program's connection to the web API, with calls that wait for their answer.
+// The program's connection to the web API, with blocking calls.
 #pragma once
 
 #include <memory>
@@ -11,21 +11,21 @@
 
 namespace orivanta::command {
 
-/// The library's diagnostic lines go to standard error from now on, unless quiet is asked for.
+/// Writes the library's diagnostics to standard error from now on, unless `quiet` is set.
 void showDiagnostics(const ConnectionOptions& options);
 
-/// One per process, used by one thread. While a call waits, progress shows on a terminal.
+/// One per process, used on one thread. Shows progress on a terminal while a call waits.
 class Session {
  public:
-  /// Throws `CommandError` for settings that cannot be used.
+  /// Throws `CommandError` if the settings cannot be used.
   explicit Session(const ConnectionOptions& options);
 
-  /// All venues of the account. Throws `CommandError` when the server gives no list.
+  /// Returns all venues of the account. Throws `CommandError` if the server does not return a list.
   std::vector<std::shared_ptr<Venue>> fetchVenues();
 
-  /// The venue with its collections, which is the active one afterwards. Throws `CommandError` when
-  /// the server does not have it or when one of the collections in `needed` (by their names in the
-  /// API) fails; of others that fail a warning is written.
+  /// Loads the venue with its collections and makes it the active one. Throws `CommandError` if the
+  /// server does not have it, or if one of the collections in `needed` (their names in the web API)
+  /// fails. If another collection fails, writes a warning.
   std::shared_ptr<Venue> loadVenue(const std::string& slug, bool accessible,
                                    const std::vector<std::string_view>& needed);
 };

@@ -41,7 +41,7 @@ std::optional<Setting> resolve(const std::optional<std::string>& given, const ch
   return std::nullopt;
 }
 
-// For messages. A text that is not a URL may still hold a password, with any characters in it.
+// For messages. Text that is not a URL may also contain a password, with any characters.
 std::string withoutCredentials(const std::string& text) {
   if (const auto url = foundation::Url::parse(text))
     return url->withoutCredentials().absoluteString();

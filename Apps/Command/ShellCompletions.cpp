@@ -12,7 +12,7 @@ namespace orivanta::command {
 
 namespace {
 
-/// A text between single quotes with a backslash in front of each of the characters in `special`.
+/// Returns the text in single quotes, with a backslash before each of the characters in `special`.
 std::string quoted(std::string_view text, std::string_view special) {
   std::string result = "'";
   for (const char c : text) {
@@ -34,7 +34,7 @@ bool takesFolders(const CLI::App& command) {
                      [](const auto* argument) { return argument->get_name() == "FOLDER"; });
 }
 
-/// The spellings of all options with a certain value, of the program and of its subcommands.
+/// Returns the spellings of all options of the program and its subcommands with this kind of value.
 std::vector<std::string> optionsWith(OptionValue value, const CLI::App& app) {
   std::vector<const CLI::App*> commands = commandsOf(app);
   commands.push_back(&app);
@@ -86,7 +86,7 @@ std::string zshArguments(const CLI::App& command) {
   std::string lines = "_arguments";
   for (const CLI::Option* option : optionsOf(command))
     lines += fmt::format(" \\\n        {}", zshOption(*option));
-  // Without a word for its arguments zsh would complete no option after them.
+  // Without an entry for its arguments, zsh does not complete options after them.
   for (const CLI::Option* argument : argumentsOf(command))
     lines +=
         fmt::format(" \\\n        '{}:{}:{}'", argument->get_items_expected_max() > 1 ? "*" : "1",

@@ -1,4 +1,4 @@
-// Completions for shells, made from the definition of the command line.
+// Generates completions for shells from the definition of the command line.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -6,13 +6,13 @@
 
 namespace orivanta::command {
 
-/// A script for bash-completion, to be loaded as `orivanta`.
+/// Returns a script for bash-completion. Its file must be named `orivanta`.
 std::string bashCompletions(const CLI::App& app);
 
-/// A function for zsh, to be found as `_orivanta`.
+/// Returns a function for zsh. Its file must be named `_orivanta`.
 std::string zshCompletions(const CLI::App& app);
 
-/// A script for fish, to be loaded as `orivanta.fish`.
+/// Returns a script for fish. Its file must be named `orivanta.fish`.
 std::string fishCompletions(const CLI::App& app);
 
 }  // namespace orivanta::command

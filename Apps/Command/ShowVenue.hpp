@@ -1,4 +1,4 @@
-// The subcommand `venue`: what is in one venue.
+// The subcommand `venue`: describes one venue.
 #pragma once
 
 #include <optional>
@@ -13,8 +13,8 @@ struct ShowVenueOptions {
   ConnectionOptions connection;
   bool json = false;
   std::string slug;
-  bool accessible = false;               ///< only connectors that are accessible
-  std::optional<std::string> locations;  ///< the locations with this text instead of the summary
+  bool accessible = false;               ///< excludes connectors that are not accessible
+  std::optional<std::string> locations;  ///< lists the locations that match this text instead
 };
 
 ExitCode showVenue(const ShowVenueOptions& options);

@@ -1,4 +1,4 @@
-// Rows of cells in aligned columns, for people.
+// Formats rows of cells in aligned columns.
 #pragma once
 
 #include <cstddef>
@@ -9,17 +9,17 @@ namespace orivanta::command {
 
 enum class Alignment { left, right };
 
-/// Two blanks stand between the columns, and no line ends in blanks. Cells are single-line texts.
+/// Two spaces separate columns, and no line ends in spaces. Cells must be single lines of text.
 class Table {
  public:
   explicit Table(std::vector<Alignment> columns) : columns_(std::move(columns)) {}
 
-  /// `cells` has one element for each column.
+  /// `cells` must have one element for each column.
   void add(std::vector<std::string> cells) { rows_.push_back(std::move(cells)); }
 
   bool empty() const { return rows_.empty(); }
 
-  /// All rows as lines, each after `indentation` blanks.
+  /// Returns all rows as lines, each indented by `indentation` spaces.
   std::string text(std::size_t indentation = 0) const;
 
  private:

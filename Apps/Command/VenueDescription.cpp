@@ -34,7 +34,8 @@ std::vector<std::shared_ptr<Category>> distinctChildren(const Category& category
   return children;
 }
 
-// Writes the lines of the categories below one root, without recursion: the data decides how deep.
+// Writes the lines of the categories below one root. It is not recursive, because the data
+// determines the depth.
 class CategoryWalk {
  public:
   void visit(const std::shared_ptr<Category>& root) {

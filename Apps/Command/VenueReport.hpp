@@ -1,4 +1,4 @@
-// The description of a venue as lines for people and as JSON for programs.
+// Describes a venue as text and as JSON.
 #pragma once
 
 #include <boost/json/array.hpp>
@@ -11,11 +11,11 @@
 
 namespace orivanta::command {
 
-/// The whole venue, which has been loaded; of its connectors all or the accessible ones.
+/// Describes a loaded venue, with all of its connectors or only the accessible ones.
 std::string venueText(const Venue& venue, bool accessibleOnly);
 boost::json::object venueJson(const Venue& venue, bool accessibleOnly);
 
-/// Locations with their floors and categories.
+/// Describes locations with their floors and categories.
 std::string locationsText(const std::vector<std::shared_ptr<Location>>& locations);
 boost::json::array locationsJson(const std::vector<std::shared_ptr<Location>>& locations);
 

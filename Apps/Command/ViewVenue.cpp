@@ -34,8 +34,8 @@ std::unique_ptr<server::VenueServer> serveDemo(const std::filesystem::path& fold
   }
 }
 
-// The demo venue's server listens on another port each time, so the files that are kept from it
-// would never be used again.
+// The demo venue's server listens on another port each time, so the files cached from it would
+// never be used again.
 struct DemoFiles {
   explicit DemoFiles(std::string root) : serverRoot(std::move(root)) {}
   ~DemoFiles() {

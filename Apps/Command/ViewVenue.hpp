@@ -12,11 +12,11 @@ namespace orivanta::command {
 
 struct ViewVenueOptions {
   ConnectionOptions connection;
-  std::string slug;                                ///< empty for a list of all venues
+  std::string slug;                                ///< if empty, all venues are listed
   std::string size = "1280x800";                   ///< points
-  double scale = 0;                                ///< pixels per point; 0 for the screen's own
-  bool times = false;                              ///< reports how long each part took
-  std::optional<std::filesystem::path> demoVenue;  ///< shown when no endpoint is set
+  double scale = 0;                                ///< pixels per point; 0 for the display's scale
+  bool times = false;                              ///< reports how long each step took
+  std::optional<std::filesystem::path> demoVenue;  ///< shown if no endpoint is set
 };
 
 /// Returns when the window is closed. Throws `CommandError`.

@@ -7,13 +7,13 @@
 
 namespace orivanta::viewer {
 
-// What searches use on the queue; it may outlive the object that started them.
+// The state that searches use on the queue. It may outlive the object that started them.
 struct BackgroundSearch::Work {
   std::vector<std::shared_ptr<Location>> places;
-  std::unique_ptr<const PlaceSearch> index;  // null until the first search
-  foundation::CancellationSource end;        // of all work; the index may be empty then
+  std::unique_ptr<const PlaceSearch> index;  // null before the first search
+  foundation::CancellationSource end;        // cancels all work; the index may be empty then
 
-  // Nothing if the search was canceled.
+  // Returns nothing if the search was canceled.
   std::optional<std::vector<PlaceGroup>> find(const std::string& typed,
                                               const foundation::CancellationToken& token) {
     if (token.isCanceled()) return std::nullopt;

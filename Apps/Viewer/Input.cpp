@@ -53,7 +53,7 @@ view::TouchPhase phaseOf(Uint32 type) {
   return type == SDL_FINGERUP ? view::TouchPhase::ended : view::TouchPhase::moved;
 }
 
-// A trackpad tells of its fingers as well, but they are nowhere on the screen.
+// Trackpads report fingers as well, but not with positions on the screen.
 bool isOnScreen(SDL_TouchID device) {
   const SDL_TouchDeviceType type = SDL_GetTouchDeviceType(device);
   return type == SDL_TOUCH_DEVICE_DIRECT || type == SDL_TOUCH_DEVICE_INVALID;
@@ -63,7 +63,7 @@ bool isOnScreen(SDL_TouchID device) {
 
 Input::Input(Viewer& viewer, render::WindowSurface& surface, std::function<double()> clock)
     : viewer_(viewer), surface_(surface), clock_(std::move(clock)) {
-  SDL_StopTextInput();  // SDL begins with it
+  SDL_StopTextInput();  // SDL starts with text input on
 }
 
 bool Input::take(bool wait) {
@@ -203,8 +203,8 @@ bool Input::handleCharacter(const SDL_Keysym& symbol, bool bringsText) {
   return !text.empty();
 }
 
-// Text comes in only while somebody types: else an input method, or a keyboard on the screen, would
-// come between the shortcuts.
+// Text input is on only while the user types. Otherwise, an input method or an on-screen keyboard
+// would intercept the shortcuts.
 void Input::followTyping() {
   const auto place = viewer_.textPlace();
   if (place == textPlace_) return;

@@ -1,4 +1,4 @@
-// Brings SDL's events to the viewer.
+// Passes SDL's events to the viewer.
 #pragma once
 
 #include <functional>
@@ -15,16 +15,16 @@ namespace orivanta::viewer {
 
 class Input {
  public:
-  /// `clock` tells the time in seconds.
+  /// `clock` returns the time in seconds.
   Input(Viewer& viewer, render::WindowSurface& surface, std::function<double()> clock);
 
-  /// Hands over what has happened, as of the time when it came in. With `wait`, sleeps until
-  /// something has. Whether it matters to the picture.
+  /// Passes all pending events with the times of their arrival. If `wait` is set, blocks until
+  /// there is one. Returns whether the events may change the image.
   bool take(bool wait);
 
   bool isClosed() const { return closed_; }
 
-  /// Whether the window may be in sight: neither hidden nor minimized.
+  /// Whether the window may be visible: neither hidden nor minimized.
   bool isShown() const;
 
  private:
@@ -40,9 +40,9 @@ class Input {
   Viewer& viewer_;
   render::WindowSurface& surface_;
   std::function<double()> clock_;
-  std::vector<view::Touch> touches_;         // of this moment
-  std::optional<graphics::Rect> textPlace_;  // of the text input; nothing while there is none
-  int keysWithoutText_ = 0;                  // that were pressed before the text input began
+  std::vector<view::Touch> touches_;         // that have the current time
+  std::optional<graphics::Rect> textPlace_;  // of the text input; empty if there is none
+  int keysWithoutText_ = 0;                  // pressed before the text input started
   int buttonsDown_ = 0;
   bool closed_ = false;
 };

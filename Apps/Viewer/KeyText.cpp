@@ -9,7 +9,7 @@ namespace orivanta::viewer {
 
 namespace {
 
-// The question mark is right of the zero, but on a French keyboard left of the point.
+// The question mark is on the key to the right of 0, but on French keyboards on the comma key.
 bool isShiftedQuestionMark(const SDL_Keysym& key) {
   if (key.scancode == SDL_SCANCODE_MINUS) return key.sym != SDLK_RIGHTPAREN;
   return key.scancode == SDL_SCANCODE_M && key.sym == SDLK_COMMA;

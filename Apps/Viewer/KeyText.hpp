@@ -1,4 +1,4 @@
-// What keys stand for while no text input tells it.
+// The meaning of keys while there is no text input.
 #pragma once
 
 #include <string>
@@ -8,15 +8,17 @@ struct SDL_Keysym;
 
 namespace orivanta::viewer {
 
-/// A shortcut as `Viewer::textTyped` takes it, such as "?"; empty for a key that is none. SDL tells
-/// a key's character without Shift only: where no key of the layout is a slash by itself,
-/// `hasSlashKey` is false, and the shifted ones are looked for where European layouts have them.
+/// Returns the shortcut of a key in the form that `Viewer::textTyped` takes, such as "?", or an
+/// empty text. SDL reports only the character of a key without Shift. If no key of the layout is a
+/// slash without Shift, `hasSlashKey` is false, and shifted characters are looked up where European
+/// layouts have them.
 std::string_view shortcutOf(const SDL_Keysym& key, bool hasSlashKey);
 
-/// The letter of a key as Latin layouts have it, whatever the layout; 0 for no letter.
+/// Returns the letter of a key on Latin layouts, even if the layout is another. Returns 0 for other
+/// keys.
 char latinLetterOf(const SDL_Keysym& key);
 
-/// The character of a key without Shift, in UTF-8; empty for none.
+/// Returns the character of a key without Shift in UTF-8. Returns an empty text if there is none.
 std::string characterOf(const SDL_Keysym& key);
 
 }  // namespace orivanta::viewer

@@ -1,4 +1,4 @@
-// The keys that mean something, whatever the keyboard.
+// The keys that have a function, independent of the keyboard layout.
 #pragma once
 
 namespace orivanta::viewer {
@@ -15,8 +15,8 @@ enum class Key {
   backspace,
   home,
   end,
-  erase,  ///< forwards
-  back,   ///< to where one came from
+  erase,  ///< deletes forward
+  back,   ///< goes back to the previous view
   search,
   picture
 };

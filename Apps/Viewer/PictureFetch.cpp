@@ -21,7 +21,7 @@ namespace {
 constexpr std::int64_t pictureSize = 320;
 constexpr std::size_t mostBytes = std::size_t{192} << 20U;  // while a picture is fetched
 
-// More than a card has on any screen.
+// More than a card needs on any screen.
 constexpr std::uint64_t mostPixels = std::uint64_t{2048} * 2048;
 
 // Pictures of several places may have the same name.
@@ -30,7 +30,7 @@ std::string folderFor(const foundation::Url& url, const std::string& slug) {
                      std::hash<std::string>()(url.path() + '?' + url.query()));
 }
 
-// Blocks. Null if the picture cannot be fetched or read.
+// Blocks. Returns null if the picture cannot be fetched or read.
 std::shared_ptr<const graphics::Image> fetchPicture(HttpDownloader& downloader,
                                                     const foundation::Url& url,
                                                     const std::string& folder,
@@ -42,7 +42,7 @@ std::shared_ptr<const graphics::Image> fetchPicture(HttpDownloader& downloader,
   if (!picture) HttpDownloader::forgetFile(file->path);
   return picture;
 } catch (const std::exception&) {
-  return nullptr;  // no memory for it
+  return nullptr;  // out of memory
 }
 
 }  // namespace

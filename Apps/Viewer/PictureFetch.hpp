@@ -1,4 +1,4 @@
-// The picture of a place, fetched in the background.
+// Fetches the picture of a place in the background.
 #pragma once
 
 #include <functional>
@@ -13,7 +13,7 @@
 namespace orivanta::viewer {
 
 /// Fetches one picture at a time: starting another one, or destroying this object, cancels the
-/// request. For the main thread.
+/// request. Main thread only.
 class PictureFetch {
  public:
   using Arrived =
@@ -23,7 +23,7 @@ class PictureFetch {
 
   /// Fetches the picture of a place, or else its logo. `arrived` is called from the main queue, at
   /// most once; it is not called if the picture cannot be read or if the request was canceled.
-  /// Pictures are cached in the folder of the venue `slug` on its server, told apart by their URLs.
+  /// Pictures are cached below the folder of the venue `slug` on its server, by their URLs.
   void start(const Location& place, const std::string& slug,
              std::shared_ptr<HttpDownloader> downloader, Arrived arrived);
 

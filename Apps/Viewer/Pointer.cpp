@@ -33,7 +33,7 @@ void Pointer::press(PointerButton button, graphics::Point at, int clicks, double
   }
   drag_ = Drag::none;
   if (onMap_ && clicks == 2) {
-    camera->glideTo(clicked_);  // the first click may have moved it
+    camera->glideTo(clicked_);  // the first click may have moved the camera
     return camera->zoomBy(doubleClickZoom, at);
   }
   if (onMap_) clicked_ = camera->pose();
@@ -43,7 +43,7 @@ void Pointer::press(PointerButton button, graphics::Point at, int clicks, double
 void Pointer::move(graphics::Point to, double time) {
   const double moved = std::hypot(to.x - start_.x, to.y - start_.y);
   if (fingerDown_ && onMap_ && moved > slack) {
-    // From here on it is a drag of the map, not a finger.
+    // From here on, it is a drag of the map and not a touch.
     sendFinger(view::TouchPhase::cancelled, to, time);
     drag_ = Drag::map;
   }

@@ -1,4 +1,4 @@
-// The mouse: on panels it is a finger, on the map it moves the camera.
+// The mouse: it acts as a finger on panels and moves the camera on the map.
 #pragma once
 
 #include <optional>
@@ -13,8 +13,9 @@ class Viewer;
 
 enum class PointerButton { left, right };
 
-/// Points of the viewer's root, times in seconds. A drag keeps the ground under the pointer, one
-/// with the right button tilts and turns; a click is a tap, a double click comes closer.
+/// Positions are points of the viewer's root, times are seconds. Dragging keeps the ground under
+/// the pointer; dragging with the right button tilts and turns. A click is a tap, and a double
+/// click zooms in.
 class Pointer {
  public:
   explicit Pointer(Viewer& viewer) : viewer_(viewer) {}
@@ -23,7 +24,7 @@ class Pointer {
   void move(graphics::Point to, double time);
   void release(PointerButton button, graphics::Point at, double time);
 
-  /// Lets go of everything, as when the window loses the pointer.
+  /// Cancels clicks and drags, for example when the window loses the pointer.
   void cancel(double time);
 
  private:
@@ -37,7 +38,7 @@ class Pointer {
   bool onMap_ = false;
   graphics::Point start_;
   graphics::Point last_;
-  CameraPose clicked_;  // where the camera stood at a first click
+  CameraPose clicked_;  // the camera at the first click
 };
 
 }  // namespace orivanta::viewer

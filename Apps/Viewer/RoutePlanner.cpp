@@ -19,9 +19,10 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double metresPerMinute = 72;  // an unhurried walk
+constexpr double metresPerMinute = 72;  // slow walking
 
-// The graph takes connectors up to the first that is not accessible.
+// `NavigationGraph` stops adding connectors at the first that is not accessible, so leave these
+// out.
 std::shared_ptr<const NavigationGraph> accessibleGraph(const Venue& venue) {
   Collection<Node> nodes;
   for (const auto& node : *venue.nodes) nodes.emplace(*node->id, node);
@@ -48,7 +49,7 @@ const NavigationGraph& RoutePlanner::graph(bool accessible) {
   return *accessible_;
 }
 
-// One search for each destination: with several at once the cheapest is not sure to be found.
+// Searches each destination separately: a search for several may not find the cheapest route.
 std::optional<PlannedRoute> RoutePlanner::plan(const std::shared_ptr<Location>& from,
                                                const std::shared_ptr<Location>& to,
                                                bool accessible) {
@@ -84,7 +85,7 @@ void RoutePlanner::describe(PlannedRoute& route, const NavigationGraph& network)
   route.steps.push_back({StepKind::departure,
                          fmt::format("Depart from {}", route.from->name.value_or("here")),
                          floorName(*path.front()->map), path.front()});
-  std::size_t walked = 0;  // the node up to which steps tell the length
+  std::size_t walked = 0;  // the node up to which the steps have given the length
   const auto lengthTo = [&](std::size_t index) {
     return distanceText(walk.lengthBetween(std::exchange(walked, index), index));
   };

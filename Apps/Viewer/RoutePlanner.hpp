@@ -1,4 +1,4 @@
-// Routes between places, with and without steps, and what to say about them.
+// Routes between places, with or without steps, and their descriptions.
 #pragma once
 
 #include <memory>
@@ -16,8 +16,8 @@ enum class StepKind { departure, ride, arrival };
 struct RouteStep {
   StepKind kind;
   std::string text;
-  std::string detail;          ///< how far, and on which floor
-  std::shared_ptr<Node> node;  ///< where it happens
+  std::string detail;          ///< the distance and the floor
+  std::shared_ptr<Node> node;  ///< where the step takes place
 };
 
 struct PlannedRoute {
@@ -25,16 +25,16 @@ struct PlannedRoute {
   std::shared_ptr<Location> from;
   std::shared_ptr<Location> to;
   std::string summary;                       ///< such as "160 m, about 3 min"
-  std::vector<RouteStep> steps;              ///< none from a place to itself
-  std::vector<std::shared_ptr<Map>> floors;  ///< on which it goes somewhere, each once
+  std::vector<RouteStep> steps;              ///< empty from a place to itself
+  std::vector<std::shared_ptr<Map>> floors;  ///< on which it has a length, without duplicates
 };
 
-/// For a venue that was loaded with the whole of its network. Keeps its records.
+/// For a venue that was loaded with its whole navigation graph. Keeps its records.
 class RoutePlanner {
  public:
   explicit RoutePlanner(std::shared_ptr<Venue> venue);
 
-  /// The cheapest route between any of the nodes of the two places; nothing when there is none.
+  /// Returns the cheapest route between any nodes of the two places, or nothing if there is none.
   std::optional<PlannedRoute> plan(const std::shared_ptr<Location>& from,
                                    const std::shared_ptr<Location>& to, bool accessible);
 
@@ -44,8 +44,8 @@ class RoutePlanner {
   void describe(PlannedRoute& route, const NavigationGraph& graph) const;
 
   std::shared_ptr<Venue> venue_;
-  double unitsPerMetre_;                               // 0 when the venue does not tell
-  std::shared_ptr<const NavigationGraph> accessible_;  // null until it is needed
+  double unitsPerMetre_;                               // 0 if unknown
+  std::shared_ptr<const NavigationGraph> accessible_;  // null until it is first used
 };
 
 }  // namespace orivanta::viewer

@@ -1,4 +1,4 @@
-// How the viewer looks: its colors, letters and distances.
+// The look of the viewer: colors, sizes of text and distances.
 #pragma once
 
 #include "Platform/Graphics/Color.hpp"
@@ -8,7 +8,7 @@ namespace orivanta::viewer::theme {
 using graphics::Color;
 
 inline constexpr Color accent{0.122F, 0.302F, 0.655F};
-inline constexpr Color accentTint{0.914F, 0.937F, 0.980F};  ///< behind what is chosen
+inline constexpr Color accentTint{0.914F, 0.937F, 0.980F};  ///< behind selected items
 inline constexpr Color amber{0.984F, 0.675F, 0.094F};
 inline constexpr Color ink{0.125F, 0.157F, 0.216F};
 inline constexpr Color faint{0.408F, 0.447F, 0.506F};
@@ -18,11 +18,11 @@ inline constexpr Color paper = graphics::colors::white;
 inline constexpr Color backdrop{0.945F, 0.953F, 0.961F};
 inline constexpr Color warning{0.741F, 0.196F, 0.153F};
 
-// All in points.
+// In points.
 inline constexpr double margin = 16;       ///< around panels
 inline constexpr double padding = 16;      ///< inside them
 inline constexpr double radius = 14;       ///< of their corners
-inline constexpr double controlSize = 44;  ///< what a finger hits
+inline constexpr double controlSize = 44;  ///< side of what can be tapped
 inline constexpr double titleSize = 19;
 inline constexpr double textSize = 15;
 inline constexpr double smallSize = 12.5;

@@ -1,4 +1,4 @@
-// How long the parts of a start and the frames take, for choosing a machine.
+// Measures how long startup and the frames take, for choosing a machine.
 #pragma once
 
 #include <chrono>
@@ -9,23 +9,23 @@
 
 namespace orivanta::viewer {
 
-/// Reports in lines. For the main thread.
+/// Writes the results as lines. Main thread only.
 class Times {
  public:
   using WriteLine = std::function<void(std::string_view line)>;
 
-  /// Without a function nothing is measured.
+  /// If the function is null, nothing is measured.
   explicit Times(WriteLine writeLine) : writeLine_(std::move(writeLine)) {}
 
-  /// Writes a line with the seconds since this object was made, once for each text. The text must
-  /// outlive this object.
+  /// Writes a line with the seconds since construction, once for each text. The text must outlive
+  /// this object.
   void reached(std::string_view what);
 
-  /// Takes note of a frame that was drawn and shown within so many seconds.
+  /// Counts a frame that was drawn and shown in this many seconds.
   void frame(double seconds);
 
-  /// Writes the number of frames, the median and the longest time of a frame, and the most memory
-  /// that the process has held.
+  /// Writes the number of frames, the median and the longest time of a frame, and the maximum
+  /// memory use of the process.
   void summarize() const;
 
  private:

@@ -16,7 +16,7 @@ namespace orivanta::viewer {
 
 namespace {
 
-// With a capital letter and a full stop.
+// Returns the text with a capital letter and a period.
 std::string sentence(std::string text) {
   if (!text.starts_with("http") && !text.empty() && text.front() >= 'a' && text.front() <= 'z')
     text.front() = static_cast<char>(text.front() - 'a' + 'A');

@@ -1,4 +1,4 @@
-// The web API as the viewer asks it: in the background, with progress and reasons.
+// Loads from the web API in the background, with progress and reasons for failures.
 #pragma once
 
 #include <functional>
@@ -13,39 +13,39 @@
 
 namespace orivanta::viewer {
 
-/// Why there is nothing to show, for people.
+/// Why there is nothing to show, in words for the user.
 struct Problem {
   std::string title;
   std::string detail;  ///< sentences
 };
 
-/// Made and used on the main thread. What a source that is gone has asked for is never told. A new
-/// request ends the former one.
+/// Construct and use it on the main thread. A new request cancels the previous one, and destroying
+/// the source cancels the current one.
 class VenueSource {
  public:
   using Venues = std::vector<std::shared_ptr<Venue>>;
 
-  /// Called from the main queue; after each request `failed` or what was asked for, once.
+  /// Called from the main queue. Each request calls either `failed` or its `done` once.
   struct Handlers {
     std::function<void(const LoadProgress&)> progressed;
     std::function<void(const Problem&)> failed;
   };
 
-  /// `settings` has all but the observer.
+  /// `settings` must be complete except for the observer.
   explicit VenueSource(ApiSettings settings);
   ~VenueSource() { cancel(); }
   VenueSource(const VenueSource&) = delete;
   VenueSource& operator=(const VenueSource&) = delete;
 
-  /// An empty list is a problem as well.
+  /// An empty list counts as a failure.
   void fetchVenues(Handlers handlers, std::function<void(Venues)> done);
 
-  /// All collections of a venue, with the whole of its navigation graph. Fails without its floors,
-  /// locations or nodes; `missing` says what else is not there.
+  /// Loads all collections of a venue, and its whole navigation graph. Fails if the floors,
+  /// locations or nodes fail; `missing` contains the other collections that failed.
   void loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
                  std::function<void(const std::vector<LoadFailure>& missing)> done);
 
-  /// Ends what is under way. No handler is called any more.
+  /// Cancels the current request. None of its handlers is called after that.
   void cancel();
 
   const std::string& endpoint() const { return *settings_.endpoint; }

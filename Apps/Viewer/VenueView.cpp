@@ -108,7 +108,7 @@ void VenueView::highlight(const std::shared_ptr<Location>& place) {
   for (const auto& polygon : place->polygons) mapView_->highlightPolygon(polygon, theme::amber);
 }
 
-// A pin with the name, where the place is on the floor that is shown.
+// Shows a pin with the name on the place, if the place is on the current floor.
 void VenueView::mark(const std::shared_ptr<Location>& place) {
   mapView_->removeMarker(std::exchange(mark_, nullptr));
   labels_->setMarked({});
@@ -146,7 +146,7 @@ void VenueView::nothingSelected() {
 
 // --- Routes
 
-// Whether a place that was tapped is the end that the route lacks.
+// Uses the tapped place as the missing end of the route. Returns false if no end is missing.
 bool VenueView::fillsEnd(const std::shared_ptr<Location>& place) {
   if ((from_ == nullptr) == (to_ == nullptr)) return false;
   beginRoute(from_ ? from_ : place, to_ ? to_ : place);
@@ -180,7 +180,7 @@ void VenueView::planRoute() {
   frameRoute();
 }
 
-// The part of the route that is wanted, or else the first one on the floor that is shown.
+// Frames the wanted part of the route, or else the first part on the current floor.
 void VenueView::frameRoute() {
   const FloorVisit* visit = routeOverlay_->visitWith(*wantedNode_);
   if (visit == nullptr || visit->floor != mapView_->currentMap())
@@ -188,11 +188,11 @@ void VenueView::frameRoute() {
   if (visit != nullptr) camera().frame(routeOverlay_->pointsOf(*visit), aroundRoute(*venue_));
 }
 
-// The beginning from close by; otherwise the way that leads to what the step says.
+// Shows the departure from close by. For other steps, frames the part that leads to them.
 void VenueView::showStep(const RouteStep& step) {
   wantedNode_ = step.node;
   showFloor(step.node->map);
-  if (mapView_->currentMap() != step.node->map) return;  // once it is there
+  if (mapView_->currentMap() != step.node->map) return;  // not loaded yet
   if (step.kind == StepKind::departure || routeOverlay_->visitWith(*step.node) == nullptr)
     camera().frame({scenePosition(*step.node)});
   else

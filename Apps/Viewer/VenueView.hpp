@@ -1,4 +1,4 @@
-// One venue in the hands of a person: the map, and the panels around it.
+// The view of one venue: the map and the panels around it.
 #pragma once
 
 #include <functional>
@@ -25,46 +25,46 @@
 
 namespace orivanta::viewer {
 
-/// Held by handle; of a venue whose records are loaded. Main thread.
+/// Owned by shared pointers. The records of the venue must be loaded. Main thread only.
 class VenueView : public view::View, public MapViewDelegate {
  public:
   static std::shared_ptr<VenueView> make(std::shared_ptr<Venue> venue);
 
-  // Told what the load of the floors comes to.
+  // These report the progress and the results of loading the floors.
   std::function<void(double share, const std::string& text)> progressed;
-  std::function<void()> loaded;  ///< there is a floor to see
+  std::function<void()> loaded;  ///< called when a floor is shown
 
-  /// There is none to see, or one that was asked for while others can be seen: `floor`, else null.
+  /// Called if no floor can be shown (`floor` is null), or if only a requested one cannot.
   std::function<void(const Problem&, const std::shared_ptr<Map>& floor)> failed;
 
-  /// Told in a sentence what the floors are shown without, if anything.
+  /// Called with a sentence if the floors are shown incomplete.
   std::function<void(const std::string&)> remarked;
 
-  /// To the list of venues; without it no button for it shows. Set before `arrange`.
+  /// Opens the list of venues. If null, there is no button for it. Set it before `arrange`.
   std::function<void()> wayBack;
 
-  /// Begins with `first`, if any. May be called again after a failure.
+  /// Starts with `first` if it is not null. May be called again after a failure.
   void load(const std::shared_ptr<Map>& first = nullptr);
 
-  /// Loads a floor again that failed, while the map goes on, and shows it once it is there.
+  /// Loads a failed floor again and shows it when it is ready. The map stays usable.
   void retry(const std::shared_ptr<Map>& floor);
 
-  /// Ends the load of the floors; nothing is told of it any more.
+  /// Cancels loading the floors, which is not reported.
   void stopLoading();
 
-  /// `size` in points, `scale` pixels per point.
+  /// `size` is in points, `scale` in pixels per point.
   void arrange(graphics::Size size, double scale);
 
-  /// Moves what moves by itself. Before each frame; `time` in seconds.
+  /// Advances animations. Call it before each frame. `time` is in seconds.
   void advance(double time);
 
-  /// Whether something moves by itself.
+  /// Whether an animation is running.
   bool isMoving() const;
 
   bool handleKey(const KeyPress& press);
   bool handleText(std::string_view text);
 
-  /// Shows a place, with its card; null for none. Brings the camera to it.
+  /// Selects a place, shows its card and moves the camera to it. Null clears the selection.
   void select(const std::shared_ptr<Location>& place);
   void showFloor(const std::shared_ptr<Map>& floor);
 
@@ -142,7 +142,7 @@ class VenueView : public view::View, public MapViewDelegate {
   std::shared_ptr<Button> backButton_;
 
   std::shared_ptr<FloorLoad> floorLoad_;
-  std::shared_ptr<Map> awaitedFloor_;  // to be shown as soon as it is there; null for none
+  std::shared_ptr<Map> awaitedFloor_;  // shown as soon as it is ready; null for none
   std::shared_ptr<Map> shownFloor_;    // null before the first one
   bool isLoaded_ = false;
   std::shared_ptr<Location> selected_;
@@ -150,11 +150,11 @@ class VenueView : public view::View, public MapViewDelegate {
   std::shared_ptr<MapViewMarker2D> mark_;
   std::shared_ptr<Location> from_;
   std::shared_ptr<Location> to_;
-  std::optional<bool> searchesForStart_;  // what is looked for is an end of the route
+  std::optional<bool> searchesForStart_;  // set if the search is for an end of the route
   bool accessible_ = false;
   std::optional<PlannedRoute> route_;
   std::unique_ptr<RouteOverlay> routeOverlay_;
-  std::shared_ptr<Node> wantedNode_;  // of the route, whose surroundings are to be seen
+  std::shared_ptr<Node> wantedNode_;  // of the route; the part around it is framed
 
   double scale_ = 1;
   bool hasNamesToDraw_ = false;

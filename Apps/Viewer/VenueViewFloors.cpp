@@ -1,4 +1,4 @@
-// The floors of a venue as they come, and those that do not.
+// Shows the floors of a venue as they are loaded, and reports failures.
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -16,9 +16,9 @@ namespace {
 
 constexpr double startTilt = 0.6;    // radians
 constexpr double uprightTilt = 0.3;  // in a view that is higher than wide
-constexpr int floorSteps = 4;        // of a floor's load, beside its files
+constexpr int floorSteps = 4;        // steps of loading a floor, besides its files
 
-// Done, of all that is to be done for the floors.
+// Returns the completed share of loading the floors, from 0 to 1.
 double shareOf(const std::vector<FloorProgress>& floors) {
   double done = 0;
   double all = 0;
@@ -96,7 +96,7 @@ void VenueView::await(const std::shared_ptr<Map>& floor) {
   floors_->setAwaited(floor);
 }
 
-// Of the floor that is awaited, if it will not come.
+// Reports a failure of the awaited floor.
 void VenueView::tellFailure(const FloorProgress& floor) {
   if (floor.state != FloorState::failed && floor.state != FloorState::withoutModel) return;
   await(nullptr);
@@ -109,7 +109,7 @@ void VenueView::tellFailure(const FloorProgress& floor) {
            floor.map);
 }
 
-// At what is wanted, once its floor is there.
+// Frames the selected place or the route, when its floor is shown.
 void VenueView::lookAgain() {
   if (selected_)
     camera().frame({mapView_->findPosition3D(*selected_)});
@@ -139,7 +139,7 @@ void VenueView::remarkOmissions(const std::vector<FloorProgress>& floors) {
   const bool isEarlier = std::any_of(floors.begin(), floors.end(),
                                      [](const auto& floor) { return floor.earlierFiles > 0; });
   if ((names.empty() && !isEarlier) || !remarked) return;
-  const auto remark = std::exchange(remarked, nullptr);  // once, whatever is tried again
+  const auto remark = std::exchange(remarked, nullptr);  // only once, even after retries
   if (names.empty())
     return remark("Some files come from an earlier visit: the server does not give them now.");
   remark(names.size() == 1
@@ -159,8 +159,8 @@ void VenueView::mapViewDidLoad() {
   if (loaded) loaded();
 }
 
-// A retry has started the scene anew: the map stays where it was, unless it was left for the floor
-// that has come.
+// A retry has restarted the scene. Restores the camera and, unless the new floor is the awaited
+// one, the floor.
 void VenueView::resumeMap() {
   if (mapView_->currentMap() != awaitedFloor_ && shownFloor_->mapObject)
     mapView_->changeMap(shownFloor_);
@@ -179,7 +179,7 @@ void VenueView::showFloor(const std::shared_ptr<Map>& floor) {
     return;
   }
   mapView_->changeMap(floor);
-  camera().setPose(camera().pose());  // within the limits of this floor
+  camera().setPose(camera().pose());  // applies the limits of this floor
   floorShown();
 }
 

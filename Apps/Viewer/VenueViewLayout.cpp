@@ -1,4 +1,4 @@
-// Where the panels of a venue lie: beside the map on a wide screen, over and under it on a phone.
+// Arranges the panels of a venue: beside the map on a wide screen, above and below it on a phone.
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -21,10 +21,10 @@ struct MapButton {
 constexpr std::array mapButtonSigns{MapButton{"+", "+"}, MapButton{"\u2212", "-"},
                                     MapButton{"\u26F6", "f"}, MapButton{"?", "?"}};
 constexpr double buttonInset = 4;
-constexpr int fewFloors = 4;      // in sight at least, beside the buttons
-constexpr double barHeight = 48;  // of the closed search field and what is beside it
+constexpr int fewFloors = 4;      // visible at least, beside the buttons
+constexpr double barHeight = 48;  // of the closed search field and the buttons beside it
 constexpr double backGap = 8;
-constexpr double logoWidth = 88;  // the map view's own, with the room around it
+constexpr double logoWidth = 88;  // of the map view, with the space around it
 constexpr double attributionGap = 8;
 
 }  // namespace
@@ -58,7 +58,7 @@ void VenueView::resizeMap(bool overlayToo) {
   if (overlayToo) mapView_->renewOverlay();
 }
 
-// What depends on the size or the scale of the view.
+// Updates what depends on the size or the scale of the view.
 void VenueView::showAnew() {
   if (routeOverlay_) routeOverlay_->show(scale_);
   floorShown();
@@ -93,7 +93,8 @@ void VenueView::coverLabels() {
   labels_->setCovered(std::move(covered));
 }
 
-// Before the search field, which takes its place while it is open. How far it reaches.
+// Places the back button before the search field, which replaces it while open. Returns its width
+// with the gap.
 double VenueView::arrangeWayBack(double margin) {
   backPanel_->setHidden(!wayBack || search_->isOpen());
   help_->setWayBack(wayBack != nullptr);
@@ -104,7 +105,7 @@ double VenueView::arrangeWayBack(double margin) {
   return width + backGap;
 }
 
-// The card or the route: in the column below the search field, or from the lower edge.
+// Places the card or the route in the column below the search field, or at the lower edge.
 void VenueView::arrangeSheets(bool isWide) {
   const graphics::Size size = bounds().size;
   const double margin = isWide ? theme::margin : narrowMargin;
@@ -141,7 +142,7 @@ void VenueView::arrangeMapButtons(bool isWide) {
          {static_cast<view::View*>(card_.get()), static_cast<view::View*>(routePanel_.get())})
       if (!sheet->isHidden()) freeBottom = std::min(freeBottom, sheet->frame().minY() - gap);
   }
-  const double logo = 36;  // the map view's own, below the buttons
+  const double logo = 36;  // of the map view, below the buttons
   const double leastFloors = std::min(floors_->wholeHeight(), fewFloors * side + 2 * buttonInset);
   mapButtons_->setHidden(!isWide ||
                          freeBottom - freeTop < leastFloors + buttonsHeight + logo + gap);
@@ -156,7 +157,7 @@ void VenueView::arrangeMapButtons(bool isWide) {
   floors_->setHidden(search_->isOpen() && !isWide);
 }
 
-// At the lower edge beside the logo; on a phone above the sheet, if there is one.
+// Places it at the lower edge beside the logo; on a phone above the sheet, if there is one.
 void VenueView::arrangeAttribution(bool isWide) {
   attribution_->setHidden(attribution_->isEmpty());
   if (attribution_->isHidden()) return;

@@ -16,13 +16,13 @@ using view::TouchPhase;
 
 namespace {
 
-constexpr double wheelZoom = 1.18;  // a step
-constexpr double wheelScroll = 60;  // points, a step
+constexpr double wheelZoom = 1.18;  // per step
+constexpr double wheelScroll = 60;  // points per step
 constexpr const char* allVenues = "All venues";
 constexpr double noteTime = 6;      // seconds
 constexpr double venueShare = 0.4;  // of the bar, for the records; the rest is for the floors
 
-// The list that a point is over, if any.
+// Returns the list at a point, or null.
 List* listAt(view::View& root, graphics::Point point) {
   for (view::View* at = root.viewAt(point).get(); at != nullptr; at = at->superview())
     if (auto* list = dynamic_cast<List*>(at)) return list;
@@ -134,7 +134,7 @@ void Viewer::showList() {
   arrange();
 }
 
-// Loads a copy of the list's record, so that everything goes with the map.
+// Loads a copy of the list's record, so that everything is released with the map.
 void Viewer::open(const std::shared_ptr<Venue>& venue) {
   venue_ = Venue::make(venue->_data);
   showLoading(venue_->name.value_or(""));
@@ -158,7 +158,7 @@ void Viewer::goBack() {
   if (venueView_) {
     venueView_->stopLoading();
     venueView_->removeFromSuperview();
-    // One of its buttons may be asking for this.
+    // The view must outlive this call, because one of its buttons may have made it.
     foundation::mainQueue::async([left = std::move(venueView_)] {});
     venueView_ = nullptr;
   }
@@ -226,7 +226,7 @@ void Viewer::arrange() {
   veil_->setFrame(root_->bounds());
   veil_->arrange(size_);
   centre(*message_, message_->arrange(size_), size_);
-  // The logo stays in sight above what there is to read.
+  // The logo stays visible above the panels.
   const double logoEnd = std::max(20.0, size_.height * 0.5 - 170) + 80;
   const graphics::Size below{size_.width, size_.height - logoEnd + theme::margin};
   centre(*venueList_, venueList_->arrange(below), size_);
@@ -243,7 +243,7 @@ void Viewer::arrange() {
   arrangeNote();
 }
 
-// Where no panel keeps lying: at the lower edge, on a phone below the search field.
+// Places the note where no panel stays: at the lower edge, or on a phone below the search field.
 void Viewer::arrangeNote() {
   constexpr double belowSearch = 76;
   const graphics::Size note = note_->arrange(size_);
@@ -354,7 +354,7 @@ void Viewer::remark(const std::string& sentence) {
 
 std::string Viewer::note() const { return note_->isHidden() ? "" : note_->text(); }
 
-// Without a note of the one before.
+// Hides the note first, so that the picture does not show the note about the previous one.
 void Viewer::takePicture() {
   if (!pictureWanted) return;
   hideNote();

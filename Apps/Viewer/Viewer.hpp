@@ -1,4 +1,4 @@
-// What the viewer shows and does, without a window.
+// The viewer without its window: what it shows and how it reacts.
 #pragma once
 
 #include <functional>
@@ -21,22 +21,22 @@
 namespace orivanta::viewer {
 
 struct ViewerOptions {
-  ApiSettings settings;             ///< all but the observer
-  std::optional<std::string> slug;  ///< of the venue; a list of all when there is none
+  ApiSettings settings;             ///< complete except for the observer
+  std::optional<std::string> slug;  ///< of the venue; if empty, all venues are listed
 };
 
-/// A host shows `root` and brings what people do, with times in seconds that rise. It drains the
-/// main queue, which is where loads come in. Main thread.
+/// A host shows `root` and passes input with times in seconds that increase. It drains the main
+/// queue, which delivers the results of loads. Main thread only.
 class Viewer {
  public:
   explicit Viewer(ViewerOptions options);
 
   std::function<void()> pictureWanted;                 ///< the key for it was pressed
-  std::function<void(std::string_view what)> reached;  ///< a step of loading is done
+  std::function<void(std::string_view what)> reached;  ///< a step of loading has ended
 
   const std::shared_ptr<view::View>& root() const { return root_; }
 
-  /// `size` in points, `scale` pixels per point.
+  /// `size` is in points, `scale` in pixels per point.
   void resize(graphics::Size size, double scale);
 
   void touch(std::span<const view::Touch> touches);
@@ -47,34 +47,34 @@ class Viewer {
   void textTyped(std::string_view text);
   void textComposed(std::string_view text);
 
-  /// Before each frame.
+  /// Call before each frame.
   void advance(double time);
 
-  /// Whether the picture changes though nobody does anything.
+  /// Whether the image changes without input.
   bool isMoving() const;
 
-  /// Whether there is a floor to see, and nothing over it.
+  /// Whether a floor is visible and nothing covers it.
   bool showsMap() const;
 
-  /// Whether somebody is typing.
+  /// Whether the user is typing.
   bool wantsText() const;
 
-  /// Where what is typed shows, in the root; nothing while nobody types.
+  /// The place of the typed text in the root, or nothing if the user is not typing.
   std::optional<graphics::Rect> textPlace() const;
 
-  /// Leaves the venue, loaded or not, for the list. Not without one to choose from: when there is
-  /// one venue only and it was asked for.
+  /// Leaves the venue, loaded or not, for the list. Does nothing if there is only one venue and it
+  /// was requested by its slug.
   void goBack();
   bool canGoBack() const;
 
   std::string title() const;                                                  ///< of the window
-  const std::shared_ptr<VenueView>& venueView() const { return venueView_; }  ///< null without one
-  const MessagePanel* message() const;  ///< null when there is none
+  const std::shared_ptr<VenueView>& venueView() const { return venueView_; }  ///< may be null
+  const MessagePanel* message() const;  ///< null if there is none
 
-  /// Shows a sentence for a while, behind one that shows already.
+  /// Shows a sentence for a while, after the one that is still shown, if any.
   void remark(const std::string& sentence);
 
-  /// What was remarked and still shows; empty when nothing does.
+  /// Returns all sentences that are still shown, or an empty text.
   std::string note() const;
   VenueList& venueList() { return *venueList_; }
 
@@ -99,7 +99,7 @@ class Viewer {
   VenueSource::Handlers handlers(std::function<void()> retry);
   std::function<void()> wayBack();
 
-  /// The camera of the map under a point; null when something else lies there.
+  /// Returns the camera of the map at a point, or null if something else is there.
   MapCamera* cameraAt(graphics::Point point) const;
 
   std::optional<std::string> slug_;
@@ -109,8 +109,8 @@ class Viewer {
   std::shared_ptr<VenueList> venueList_;
   std::shared_ptr<MessagePanel> message_;
   std::shared_ptr<Note> note_;
-  std::optional<double> noteEnd_;  // seconds; nothing until somebody has had a chance to see it
-  std::shared_ptr<Venue> venue_;   // that is shown or about to be; null while one is to be chosen
+  std::optional<double> noteEnd_;  // seconds; empty until the note has been visible
+  std::shared_ptr<Venue> venue_;   // shown or being loaded; null while the user chooses one
   std::shared_ptr<VenueView> venueView_;
   view::TouchDispatcher fingers_;
   Pointer pointer_;

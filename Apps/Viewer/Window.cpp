@@ -19,7 +19,7 @@ namespace mainQueue = foundation::mainQueue;
 
 namespace {
 
-// Seconds since the start of SDL.
+// Returns the seconds since SDL was started.
 double now() {
   return static_cast<double>(SDL_GetPerformanceCounter()) /
          static_cast<double>(SDL_GetPerformanceFrequency());
@@ -33,7 +33,7 @@ std::string freePictureName() {
   }
 }
 
-// Wakes the loop for what waits in the main queue; several at once as one event.
+// Wakes the event loop when the main queue has tasks, with one event for several tasks.
 class Wake {
  public:
   Wake() : event_(SDL_RegisterEvents(1)) {
@@ -96,7 +96,8 @@ class Loop {
     keepRate(start);
   }
 
-  // Where showing a frame does not wait for the screen, as without one.
+  // Limits the frame rate if showing a frame does not wait for the display, for example without
+  // one.
   void keepRate(double start) const {
     SDL_DisplayMode mode{};
     const int display = SDL_GetWindowDisplayIndex(surface_.window());

@@ -1,4 +1,4 @@
-// The viewer in a window.
+// Shows the viewer in a window.
 #pragma once
 
 #include <functional>
@@ -10,15 +10,15 @@
 
 namespace orivanta::viewer {
 
-/// Where the window reports. Both functions must be set.
+/// The output of the window. Both functions must be set.
 struct WindowOutput {
   std::function<void(std::string_view text)> write;  ///< the name of a saved picture, with "\n"
-  std::function<void(std::string_view text)> warn;   ///< what went wrong, without "\n"
+  std::function<void(std::string_view text)> warn;   ///< a warning, without "\n"
 };
 
-/// Returns when the window is closed. Draws at the screen's rate while something moves, otherwise
-/// only when something has changed, and never while the window is hidden or minimized. Pictures
-/// that are asked for are saved in the working directory. Called on the thread that made the
+/// Returns when the window is closed. Draws at the display's refresh rate while something moves,
+/// otherwise only when something has changed, and never while the window is hidden or minimized.
+/// Saves requested images in the working directory. Must be called on the thread that created the
 /// window.
 void runWindow(Viewer& viewer, render::WindowSurface& surface, Times& times,
                const WindowOutput& output);

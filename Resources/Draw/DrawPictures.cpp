@@ -1,5 +1,5 @@
-// Draws the pictures of the library's own bundle into a folder: the map's logo and the arrow that
-// repeats along a route.
+// Draws the images of the library's resource bundle into a folder: the map's logo and the arrow
+// that is repeated along a route.
 #include <pango/pangocairo.h>
 
 #include <cmath>
@@ -20,9 +20,10 @@ Surface makeSurface(int width, int height) {
   return {cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height), cairo_surface_destroy};
 }
 
-// A location mark: a drop with its point below, around a hole. Its height is 2.5 radii.
+// Draws a location mark: a drop with a hole, and with its point at the bottom. Its height is 2.5
+// radii.
 void markPath(cairo_t* context, double centreX, double centreY, double radius) {
-  constexpr double open = 0.82;  // half of the angle that the point leaves open
+  constexpr double open = 0.82;  // radians; half of the angle that the point takes from the arc
   cairo_new_sub_path(context);
   cairo_arc(context, centreX, centreY, radius, pi / 2 + open, 2 * pi + pi / 2 - open);
   cairo_line_to(context, centreX, centreY + 1.5 * radius);
@@ -51,7 +52,7 @@ void pill(cairo_t* context, double left, double top, double width, double height
   cairo_close_path(context);
 }
 
-// 70 by 30 points at three pixels each, on a light ground that keeps it legible on any floor.
+// 70 by 30 points at 3 pixels per point, on a light background so that it is legible on any floor.
 Surface drawLogo() {
   Surface surface = makeSurface(210, 90);
   const Context context(cairo_create(surface.get()), cairo_destroy);
@@ -68,7 +69,7 @@ Surface drawLogo() {
   return surface;
 }
 
-// A chevron with the same room above and below, so that rows of it are evenly spaced.
+// A chevron with equal space above and below, so that repeated chevrons are evenly spaced.
 Surface drawHeading() {
   constexpr int side = 128;
   Surface surface = makeSurface(side, side);

@@ -1,5 +1,5 @@
 // Uses the public headers and a few symbols of each part of the library. Tests/Install/check writes
-// Node.hpp and Source/Node.hpp, which are the program's own.
+// Node.hpp and Source/Node.hpp, which belong to this program.
 #include <Node.hpp>
 #include <Source/Node.hpp>
 #include <iostream>

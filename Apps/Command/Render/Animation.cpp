@@ -16,11 +16,11 @@ namespace orivanta::command {
 namespace {
 
 constexpr int mostColors = 256;
-constexpr int keepForever = 0;  // times that the animation repeats
+constexpr int keepForever = 0;  // 0 repetitions mean that the animation never stops
 
 }  // namespace
 
-// Throws unless giflib is content.
+// Throws if a call of giflib fails.
 class Animation::GifFile {
  public:
   explicit GifFile(const std::string& name) : name_(name) {
@@ -37,7 +37,7 @@ class Animation::GifFile {
   void begin(int width, int height) {
     EGifSetGifVersion(file_, true);
     check(EGifPutScreenDesc(file_, width, height, 8, 0, nullptr));
-    // The extension with which the repetition is told: a name, then a block with the count.
+    // The extension with the number of repetitions: a name, then a block with the number.
     constexpr std::array<GifByteType, 3> repeat{1, keepForever, keepForever};
     check(EGifPutExtensionLeader(file_, APPLICATION_EXT_FUNC_CODE));
     check(EGifPutExtensionBlock(file_, 11, "NETSCAPE2.0"));

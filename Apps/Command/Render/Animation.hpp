@@ -1,4 +1,4 @@
-// Several pictures made into one that moves.
+// Combines several images into an animation.
 #pragma once
 
 #include <memory>
@@ -8,9 +8,9 @@
 
 namespace orivanta::command {
 
-/// An animated GIF that repeats for ever, written picture by picture, each with up to 256 colors
-/// of its own, chosen from what it holds. The pictures have one size. All operations throw
-/// `CommandError` when the file cannot be written.
+/// An animated GIF that repeats forever. Images are written one by one, each with a palette of up
+/// to 256 colors chosen for it. All images must have the same size. All operations throw
+/// `CommandError` if the file cannot be written.
 class Animation {
  public:
   Animation(const std::string& file, double secondsPerPicture);

@@ -11,21 +11,21 @@ namespace {
 
 constexpr double fontSize = 11;  // points
 constexpr double lineHeight = 15;
-constexpr double margin = 6;   // around the ground
+constexpr double margin = 6;   // around the background
 constexpr double padding = 5;  // around the text
 constexpr double mostWidth = 640;
-constexpr double mostShare = 1.0 / 3;  // of the picture's height
+constexpr double mostShare = 1.0 / 3;  // of the image's height
 constexpr graphics::Color ink{0.16F, 0.19F, 0.25F};
 constexpr graphics::Color ground{1, 1, 1, 0.82F};
 
-// The logo, at the lower right, with the room around it.
+// The logo at the lower right, with the space around it.
 constexpr graphics::Size logo{88, 44};
 constexpr double leastWidthBesideLogo = 200;
 
 bool isLower(Corner corner) { return corner == Corner::lowerLeft || corner == Corner::lowerRight; }
 bool isLeft(Corner corner) { return corner == Corner::lowerLeft || corner == Corner::upperLeft; }
 
-// Where the ground may be, from the left and the upper edge of the picture.
+// Returns the area for the background, relative to the upper left corner of the image.
 graphics::Rect roomIn(graphics::Size picture, Corner corner) {
   graphics::Rect room{
       {margin, margin},

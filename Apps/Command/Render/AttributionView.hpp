@@ -1,4 +1,4 @@
-// The attribution of a venue on a picture of it.
+// Shows the attribution of a venue on an image of it.
 #pragma once
 
 #include <memory>
@@ -12,20 +12,21 @@ namespace orivanta::command {
 
 enum class Corner { lowerLeft, lowerRight, upperLeft, upperRight };
 
-/// Small text on a light ground, in a corner of the picture and clear of the map view's logo.
+/// Small text on a light background in a corner of the image. It does not overlap the map view's
+/// logo.
 class AttributionView : public view::View {
  public:
-  /// For pictures of this size in points, with `scale` pixels per point.
+  /// For images of this size in points, with `scale` pixels per point.
   AttributionView(std::string_view text, Corner corner, graphics::Size picture, double scale);
 
-  /// Whether the whole text is shown. A text that would take more than a third of the picture is
-  /// cut.
+  /// Whether the whole text is shown. A text that would cover more than a third of the image's
+  /// height is cut.
   bool isWhole() const { return isWhole_; }
 
   void draw(view::Canvas& canvas) override;
 
  private:
-  std::shared_ptr<const graphics::Image> text_;  // null for a text without ink
+  std::shared_ptr<const graphics::Image> text_;  // null if the text has no visible characters
   bool isWhole_ = true;
 };
 

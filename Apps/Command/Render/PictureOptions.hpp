@@ -1,4 +1,4 @@
-// What the options of `render` say, checked and made into values.
+// Checks the options of `render` and converts them to values.
 #pragma once
 
 #include <memory>
@@ -13,20 +13,20 @@
 
 namespace orivanta::command {
 
-// All of these throw `CommandError`: `wrongUse` for what makes no sense, `notFound` for what the
-// venue does not have.
+// All functions throw `CommandError`: `wrongUse` for invalid values, and `notFound` for places and
+// floors that the venue does not have.
 
-/// "WIDTHxHEIGHT" in whole points.
+/// Parses "WIDTHxHEIGHT", in whole points.
 graphics::Size parseSize(std::string_view text);
 
-/// The floors that the text names: "all", an index, an identifier, a short name or a name; the
-/// first floor for an empty text.
+/// Returns the floors that the text selects: "all", an index, an identifier, a short name or a
+/// name. An empty text selects the first floor.
 std::vector<std::shared_ptr<Map>> chooseFloors(const Venue& venue, const std::string& text);
 
-/// The one location that the text names as in `findRouteEnd`.
+/// Returns the one location that the text names; see `findRouteEnd`.
 std::shared_ptr<Location> findLocation(const Venue& venue, const std::string& text);
 
-/// "lower-left", "lower-right", "upper-left" or "upper-right".
+/// Parses "lower-left", "lower-right", "upper-left" or "upper-right".
 Corner parseCorner(std::string_view text);
 
 struct Highlight {
@@ -34,14 +34,14 @@ struct Highlight {
   graphics::Color color;
 };
 
-/// "PLACE=COLOUR", or "PLACE" alone for red.
+/// Parses "PLACE=COLOR", or "PLACE" for red.
 Highlight parseHighlight(const Venue& venue, const std::string& text);
 
-/// The name itself for a single picture; for one of several FILE-LABEL.png, with what is no part of
-/// a file name replaced in the label.
+/// Returns `output` for a single image. For one of several images, returns FILE-LABEL.png and
+/// replaces characters of the label that file names cannot contain.
 std::string pictureName(const std::string& output, std::string_view label, bool isOneOfMany);
 
-/// The name with the ending ".gif" in the place of its own.
+/// Returns the name with its extension replaced by ".gif".
 std::string animationName(const std::string& output);
 
 }  // namespace orivanta::command

@@ -1,4 +1,4 @@
-// Pins on the locations that were asked for.
+// Shows pins on the requested locations.
 #pragma once
 
 #include <memory>
@@ -15,8 +15,8 @@ class PlacePins {
 
   const std::vector<std::shared_ptr<Location>>& places() const { return places_; }
 
-  /// Shows the pins of the floor that is shown, with their names, in place of those of another
-  /// floor. `scale`: pixels per point.
+  /// Shows the pins of the current floor with their names, and removes those of other floors.
+  /// `scale` is in pixels per point.
   void show(MapView& mapView, double scale);
 
  private:

@@ -37,7 +37,7 @@ namespace orivanta::command {
 
 namespace {
 
-constexpr double largestTilt = 60;  // degrees; as far as the map view's own gesture goes
+constexpr double largestTilt = 60;  // degrees; the limit of the map view's gesture
 constexpr double framesPerSecond = 12.5;
 
 void checkUse(const RenderVenueOptions& options) {
@@ -52,19 +52,19 @@ void checkUse(const RenderVenueOptions& options) {
   check(options.frames >= 0 && options.frames <= 9999, "--frames: give a number up to 9999");
 }
 
-// What the pictures show, found in the venue before anything is drawn.
+// What the images show. All of it is looked up before anything is drawn.
 struct Contents {
-  std::vector<std::shared_ptr<Map>> floors;       // of the pictures; one may come again
-  std::vector<std::optional<FloorVisit>> visits;  // that each picture shows, if it shows only one
+  std::vector<std::shared_ptr<Map>> floors;       // of the images; a floor may occur several times
+  std::vector<std::optional<FloorVisit>> visits;  // the visit that each image shows, if only one
   std::vector<Highlight> highlights;
-  NodeList path;  // of the route; empty without one
+  NodeList path;  // of the route; empty if there is none
   RouteEnd from;
   RouteEnd to;
   std::vector<std::shared_ptr<Location>> pinned;
   std::vector<view::Touch> touches;
 };
 
-// What shows over the map.
+// What is shown over the map.
 struct Overlays {
   Overlays(const std::shared_ptr<MapView>& mapView, const Contents& contents,
            const RenderVenueOptions& options)
@@ -81,8 +81,8 @@ struct Overlays {
   }
 
   PlacePins pins;
-  std::unique_ptr<RouteOverlay> route;  // null without one
-  std::unique_ptr<LabelLayer> labels;   // null without names
+  std::unique_ptr<RouteOverlay> route;  // null if there is none
+  std::unique_ptr<LabelLayer> labels;   // null if no names are shown
 };
 
 NodeList findPath(const RouteEnd& from, const RouteEnd& to, const RenderVenueOptions& options) {
@@ -125,7 +125,7 @@ Contents findContents(const Venue& venue, const RenderVenueOptions& options) {
   return contents;
 }
 
-// At the points, or at the whole floor when there are none.
+// Frames the points, or the whole floor if there are none.
 void placeCamera(const MapView& mapView, const std::vector<graphics::Vector3>& points,
                  const RenderVenueOptions& options) {
   const auto radians = [](double degrees) { return degrees * std::numbers::pi / 180; };
@@ -170,7 +170,7 @@ void warn(const FloorProgress& floor) {
   if (!floor.remark.empty()) complain(fmt::format("floor {}: {}", label, floor.remark));
 }
 
-// Puts the attribution on the pictures. Says what to show beside them where that is not possible.
+// Puts the attribution on the images. If that is not possible, writes it to standard error.
 void attribute(Stage& stage, const Venue& venue, graphics::Size size,
                const RenderVenueOptions& options) {
   const Corner corner = parseCorner(options.attribution);
@@ -185,7 +185,7 @@ void attribute(Stage& stage, const Venue& venue, graphics::Size size,
   if (!isShown) complain("show this with the pictures: " + text);
 }
 
-// Takes the pictures and tells their files' names.
+// Writes the images and reports their file names.
 class PictureWriter {
  public:
   explicit PictureWriter(const RenderVenueOptions& options) : options_(options) {}
@@ -202,7 +202,7 @@ class PictureWriter {
     tell(animationName(file));
   }
 
-  /// The name for a floor's picture, which no other floor gets.
+  /// Returns a file name for the image of a floor. Each call returns a different name.
   std::string nameFor(const Map& floor, bool isOneOfMany) {
     const std::string label = floorLabel(floor);
     std::string name = pictureName(options_.output, label, isOneOfMany);
@@ -211,7 +211,7 @@ class PictureWriter {
     return name;
   }
 
-  /// Ends the list. Whether there was anything to list.
+  /// Ends the list of files. Returns false if it is empty.
   bool finish() {
     if (options_.json) writeOutput(jsonText(files_) + '\n');
     return !files_.empty();

@@ -1,4 +1,4 @@
-// The subcommand `render`: pictures of a venue's floors, without a screen.
+// The subcommand `render`: draws images of a venue's floors, without a display.
 #pragma once
 
 #include <optional>
@@ -14,22 +14,22 @@ struct RenderVenueOptions {
   ConnectionOptions connection;
   bool json = false;
   std::string slug;
-  std::string map;  ///< name, short name, identifier, index or "all"; empty: the first, or those of
-                    ///< the route
+  std::string map;  ///< name, short name, identifier, index or "all"; if empty, the first floor or
+                    ///< those of the route
   std::string size = "1280x800";  ///< points
   double scale = 1.0;             ///< pixels per point
   double tilt = 0.0;              ///< degrees from straight down
   double turn = 0.0;              ///< degrees, counterclockwise
   double zoom = 1.0;
-  std::vector<std::string> highlights;  ///< PLACE=COLOUR
-  std::vector<std::string> route;       ///< from and to, or nothing
-  bool accessible = false;              ///< the route, without connectors that are not
-  std::vector<std::string> markers;     ///< places
+  std::vector<std::string> highlights;  ///< PLACE=COLOR
+  std::vector<std::string> route;       ///< start and destination, or empty
+  bool accessible = false;           ///< excludes connectors that are not accessible from the route
+  std::vector<std::string> markers;  ///< places
   bool labels = false;
   std::string attribution = "lower-left";  ///< the corner in which the venue's attribution is shown
-  bool noAttribution = false;              ///< leaves it out
+  bool noAttribution = false;              ///< omits the attribution
   std::optional<std::string> touchesFile;
-  int frames = 0;  ///< pictures of a sequence; 0 for a single one
+  int frames = 0;  ///< number of images of an animation; 0 for a single image
   std::string output = "map.png";
 };
 

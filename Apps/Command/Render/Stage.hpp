@@ -1,4 +1,4 @@
-// A map view without a window: loads a venue's floors and takes pictures of what it shows.
+// A map view without a window: loads a venue's floors and renders images of the view.
 #pragma once
 
 #include <memory>
@@ -12,29 +12,29 @@
 
 namespace orivanta::command {
 
-/// One thread, which is the main one for the map view.
+/// Must be used on one thread, which is the main thread of the map view.
 class Stage {
  public:
-  /// `size` in points, `scale` pixels per point. Throws `CommandError` when this machine cannot
-  /// draw or a picture would be too large for it.
+  /// `size` is in points, `scale` in pixels per point. Throws `CommandError` if this machine cannot
+  /// draw, or if an image would be too large for it.
   Stage(graphics::Size size, double scale);
 
-  /// Shows a venue, the first of `floors` to begin with, and waits for these floors of it, with
-  /// progress on a terminal. What came of them, in their order.
+  /// Shows a venue, starting with the first of `floors`, and waits until these floors are loaded,
+  /// with progress on a terminal. Returns the results in the order of `floors`.
   std::vector<FloorProgress> load(const std::shared_ptr<Venue>& venue,
                                   const std::vector<std::shared_ptr<Map>>& floors);
 
-  /// Also the topmost view, for touches.
+  /// Also the root view, which receives touches.
   const std::shared_ptr<MapView>& mapView() const { return mapView_; }
 
-  /// One frame at a time in seconds, which rises from call to call.
+  /// Renders one frame. `time` is in seconds and must increase from call to call.
   std::shared_ptr<const graphics::Image> picture(double time = 0.0);
 
  private:
   graphics::Size size_;
   double scale_;
   std::unique_ptr<render::OffscreenSurface> surface_;
-  std::unique_ptr<render::Renderer> renderer_;  // before its surface goes
+  std::unique_ptr<render::Renderer> renderer_;  // destroyed before its surface
   std::shared_ptr<MapView> mapView_;
 };
 

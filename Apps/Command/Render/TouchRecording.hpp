@@ -1,4 +1,4 @@
-// Recorded touches: read from a file, replayed on a view.
+// Reads recorded touches from a file and replays them on a view.
 #pragma once
 
 #include <istream>
@@ -11,17 +11,18 @@
 
 namespace orivanta::command {
 
-/// One touch a line, as a JSON object:
+/// Reads one touch per line, as a JSON object:
 ///
 ///     {"time": 0.25, "finger": 1, "phase": "moved", "x": 400, "y": 310}
 ///
-/// "time" in seconds, not before that of the line above; "finger" a whole number that tells fingers
-/// apart; "phase" one of "began", "moved", "ended", "cancelled"; "x" and "y" points from the upper
-/// left corner. Empty lines and lines that begin with # are passed over. Throws `CommandError` with
-/// the line's number for anything else; `name` is the file's, for the error.
+/// "time" is in seconds and not less than in the line before. "finger" is a whole number that
+/// identifies the finger. "phase" is "began", "moved", "ended" or "cancelled". "x" and "y" are
+/// points from the upper left corner. Empty lines and lines that begin with # are skipped. Throws
+/// `CommandError` with the number of the line for any other line; `name` is the file name in the
+/// message.
 std::vector<view::Touch> readTouches(std::istream& file, const std::string& name);
 
-/// Plays the touches on the topmost view; those of one time count as one moment.
+/// Replays the touches on the root view. Touches with the same time are dispatched together.
 void replay(const std::vector<view::Touch>& touches, const std::shared_ptr<view::View>& root);
 
 }  // namespace orivanta::command

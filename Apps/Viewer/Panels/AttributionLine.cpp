@@ -27,7 +27,7 @@ graphics::Size AttributionLine::arrange(graphics::Size room) {
   const int lines = std::max(1, static_cast<int>((room.height - 2 * side) / lineHeight));
   text_->setLines(isOpen_ ? lines : 1);
   const graphics::Size text = text_->fitting(most);
-  // An opened text that fits into one line looks as it did.
+  // An opened text that fits into one line looks the same as when it is closed.
   const double height =
       isOpen_ && text.height > closedHeight ? text.height + 2 * side : closedHeight;
   text_->setFrame({{side, 0}, {most, height}});

@@ -1,4 +1,4 @@
-// Whom to thank for the map, on the map.
+// The attribution of the venue, shown on the map.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,7 @@
 
 namespace orivanta::viewer {
 
-/// One line of small text; opened it shows all of a text that is longer.
+/// One line of small text. If the text is longer, opening the line shows all of it.
 class AttributionLine : public Pressable {
  public:
   explicit AttributionLine(std::string text);
@@ -18,7 +18,7 @@ class AttributionLine : public Pressable {
   bool isOpen() const { return isOpen_; }
   void setOpen(bool open) { isOpen_ = open; }
 
-  /// Its size in such a room, in which it is to lie at the lower right.
+  /// Returns the size of the line within `room`. The caller places it at the lower right.
   graphics::Size arrange(graphics::Size room);
   void draw(view::Canvas& canvas) override;
 

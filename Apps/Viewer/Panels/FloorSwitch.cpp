@@ -14,7 +14,7 @@ namespace {
 
 constexpr double inset = 4;  // points
 constexpr double dotSide = 9;
-constexpr double smallestSize = 10.5;  // of a long name's letters
+constexpr double smallestSize = 10.5;  // of the letters of a long name
 
 bool canBeShown(FloorState state) {
   return state != FloorState::failed && state != FloorState::withoutModel;

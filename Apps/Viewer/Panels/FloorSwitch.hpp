@@ -1,4 +1,4 @@
-// The floors of a venue, one below the other as they lie.
+// Buttons for the floors of a venue, in a column.
 #pragma once
 
 #include <functional>
@@ -11,7 +11,7 @@
 
 namespace orivanta::viewer {
 
-/// The highest floor on top. Those that cannot be shown are pale.
+/// The highest floor is at the top. Floors that cannot be shown are pale.
 class FloorSwitch : public Panel {
  public:
   explicit FloorSwitch(std::vector<std::shared_ptr<Map>> floors);
@@ -20,21 +20,22 @@ class FloorSwitch : public Panel {
 
   void setState(const Map& floor, FloorState state);
 
-  /// A wheel turns in place of its name; null for none.
+  /// Shows an activity indicator in place of the floor's name. Null removes it.
   void setAwaited(const std::shared_ptr<Map>& floor);
   void setCurrent(std::shared_ptr<Map> floor);
 
-  /// Puts a dot on the floors that a route passes.
+  /// Puts a dot on the floors that a route visits.
   void setRoute(const std::vector<std::shared_ptr<Map>>& floors);
 
-  /// The floor so many places further up; null at the end. Floors that cannot be shown are skipped.
+  /// Returns the floor `up` positions higher, or null if there is none. Skips floors that cannot be
+  /// shown.
   std::shared_ptr<Map> neighbour(int up) const;
 
-  /// Its size, at most so high but for one floor. What is hidden is a scroll away; the floor that
-  /// shows is in sight.
+  /// Returns the size. The height is at most `mostHeight`, but never less than one floor. The
+  /// remaining floors can be scrolled to, and the current floor is visible.
   graphics::Size arrange(double mostHeight);
 
-  /// With all floors.
+  /// Returns the height with all floors.
   double wholeHeight() const;
 
  private:

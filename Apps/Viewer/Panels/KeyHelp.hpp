@@ -14,12 +14,12 @@ class KeyHelp : public Panel {
  public:
   KeyHelp();
 
-  /// Whether there are venues to go back to.
+  /// Whether to list the key that goes back to the list of venues.
   void setWayBack(bool offered);
 
   std::function<void()> closed;
 
-  /// In a low window its lines scroll.
+  /// Returns the size within `room`. If the room is too low, the lines scroll.
   graphics::Size arrange(graphics::Size room);
 
  private:
@@ -27,7 +27,7 @@ class KeyHelp : public Panel {
   std::shared_ptr<Button> close_;
   class Line;
 
-  std::vector<std::shared_ptr<Line>> lines_;  // the last one tells the way back
+  std::vector<std::shared_ptr<Line>> lines_;  // the last one is the key that goes back
   std::shared_ptr<List> list_;
 };
 

@@ -1,4 +1,4 @@
-// What shows until there is a map: the logo, a turning wheel, and how far the load is.
+// Covers the window until there is a map: the logo, an activity indicator and the progress.
 #pragma once
 
 #include <functional>
@@ -15,15 +15,15 @@ class LoadingVeil : public view::View {
  public:
   LoadingVeil();
 
-  /// The wheel turns and the bar shows, or only the logo does.
+  /// If busy, shows the activity indicator and the progress bar, otherwise only the logo.
   void setBusy(bool busy);
   bool isBusy() const { return busy_; }
   void setTitle(const std::string& title) { title_->setText(title); }
 
-  /// `share`: from 0 to 1.
+  /// `share` is from 0 to 1.
   void setProgress(double share, const std::string& text);
 
-  /// A button that ends the wait; without anything to do, none.
+  /// Shows a button that cancels the wait, or no button if the function is null.
   void setWayBack(std::function<void()> wayBack);
 
   void arrange(graphics::Size size);

@@ -1,4 +1,4 @@
-// Something went wrong, and what can be done about it.
+// Shows a problem and what the user can do about it.
 #pragma once
 
 #include <functional>
@@ -16,9 +16,9 @@ class MessagePanel : public Panel {
   MessagePanel();
 
   std::function<void()> retried;
-  std::function<void()> dismissed;  ///< the other way out; without one it is not offered
+  std::function<void()> dismissed;  ///< called by the second button; may be null
 
-  /// `otherWay`: what the second button says.
+  /// `otherWay` is the text of the second button. If it is empty, there is no second button.
   void show(const Problem& problem, const std::string& otherWay = "");
 
   const std::string& title() const { return title_->text(); }

@@ -1,4 +1,4 @@
-// A short word in passing, which goes by itself.
+// A short message that disappears after a while.
 #pragma once
 
 #include <memory>
@@ -9,7 +9,7 @@
 
 namespace orivanta::viewer {
 
-/// Takes no touches.
+/// Receives no touches.
 class Note : public Panel {
  public:
   Note();

@@ -19,7 +19,7 @@ constexpr double smallPictureSide = 56;
 constexpr int mostLines = 5;  // of the description
 constexpr double leastWideRatio = 1.4;
 
-// Its categories, each once, and its floors.
+// Returns its categories without duplicates, and its floors.
 std::string kindOf(const Location& place) {
   std::vector<std::string> parts;
   for (const auto& category : place.categories) {
@@ -69,7 +69,7 @@ bool PlaceCard::hasWidePicture() const {
   return size.width > leastWideRatio * size.height;
 }
 
-// The name, what it is and, beside them, a small picture.
+// Arranges the name and the kind, with a small picture beside them.
 double PlaceCard::arrangeHead(double width, bool isSmall) {
   constexpr double padding = theme::padding;
   picture_->setFrame({});
@@ -96,7 +96,7 @@ double PlaceCard::arrange(double width, double mostHeight, bool isSmall) {
   return height;
 }
 
-// With so many lines of the description.
+// Arranges everything, with at most `lines` lines of the description.
 double PlaceCard::arrangeParts(double width, bool isSmall, int lines) {
   constexpr double padding = theme::padding;
   const double inner = width - 2 * padding;

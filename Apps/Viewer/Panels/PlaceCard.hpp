@@ -1,4 +1,4 @@
-// What there is to know about a place, and the ways from and to it.
+// Information about a place, with buttons for routes from and to it.
 #pragma once
 
 #include <functional>
@@ -24,12 +24,12 @@ class PlaceCard : public Panel {
 
   void show(const Location& place);
 
-  /// Null for none.
+  /// Null shows no picture.
   void setPicture(std::shared_ptr<const graphics::Image> picture, PictureMode mode);
 
-  /// Its height with this width. A wide picture lies across it; another one, and any on a small
-  /// screen, beside the name. Where it would be higher than `mostHeight` the picture becomes small,
-  /// then the description short.
+  /// Returns the height for this width. A wide picture takes the full width. Other pictures, and
+  /// all pictures on a small screen, are beside the name. If the card would be higher than
+  /// `mostHeight`, first the picture is made small, then the description is shortened.
   double arrange(double width, double mostHeight, bool isSmall);
 
  private:

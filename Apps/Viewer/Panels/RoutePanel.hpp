@@ -1,4 +1,4 @@
-// The ends of a route, its steps, and whether it may have stairs.
+// The ends of a route, its steps, and a switch for routes without steps.
 #pragma once
 
 #include <functional>
@@ -18,19 +18,19 @@ class RoutePanel : public Panel {
 
   std::function<void()> closed;
   std::function<void()> swapped;
-  std::function<void()> fromTapped;  ///< another place is wanted for this end
+  std::function<void()> fromTapped;  ///< called to choose another place for this end
   std::function<void()> toTapped;
   std::function<void(bool accessible)> accessibleChanged;
   std::function<void(const RouteStep&)> stepChosen;
 
-  /// Either end may be null: then it asks for one.
+  /// If an end is null, the panel asks for it.
   void setEnds(const Location* from, const Location* to);
 
-  /// With both ends; nothing when there is no route.
+  /// For a route between both ends. Pass nothing if there is no route.
   void setRoute(const std::optional<PlannedRoute>& route);
   void setAccessible(bool accessible) { accessible_->setOn(accessible); }
 
-  /// Its height with this width, at most `mostHeight`.
+  /// Returns the height for this width, at most `mostHeight`.
   double arrange(double width, double mostHeight);
   void draw(view::Canvas& canvas) override;
 

@@ -143,7 +143,7 @@ void SearchPanel::chooseMarked() {
     choose(first->place);
 }
 
-// The place is a copy: closing drops the row that keeps it.
+// The place is a copy, because closing removes the row that owns it.
 void SearchPanel::choose(std::shared_ptr<Location> place) {
   close();
   if (chosen) chosen(place);

@@ -1,4 +1,4 @@
-// A field to type in, and the places that answer.
+// A search field and the places that it finds.
 #pragma once
 
 #include <functional>
@@ -13,35 +13,35 @@
 
 namespace orivanta::viewer {
 
-/// The results show while the field has the focus. While nothing is typed these are all places, by
-/// category. The search runs in the background: its results come in through the main queue.
+/// Shows the results while the field has the focus. If the field is empty, these are all places by
+/// category. The search runs in the background and delivers its results through the main queue.
 class SearchPanel : public Panel {
  public:
   explicit SearchPanel(const Venue& venue);
 
   std::function<void(const std::shared_ptr<Location>&)> chosen;
-  std::function<void()> layoutChanged;  ///< it has become higher or lower
+  std::function<void()> layoutChanged;  ///< called when the height has changed
 
   TextField& field() { return *field_; }
   bool isOpen() const { return field_->isFocused(); }
 
-  /// Gives the field the focus, with no text, to look for what the placeholder says.
+  /// Empties the field and gives it the focus. The placeholder says what to search for.
   void open(const std::string& placeholder = defaultPlaceholder);
 
-  /// Takes the focus and the text.
+  /// Removes the focus and the text.
   void close();
 
   void moveMark(int down) { list_->moveMark(down); }
 
-  /// Chooses the marked place, or the first one; of a search under way as soon as it has ended.
+  /// Chooses the marked place, or else the first one. If a search is running, waits for its end.
   void chooseMarked();
 
-  /// How many places the list holds.
+  /// The number of places in the list.
   std::size_t count() const { return placeCount_; }
 
   const List& list() const { return *list_; }
 
-  /// Its height with this width, at most `mostHeight`.
+  /// Returns the height for this width, at most `mostHeight`.
   double arrange(double width, double mostHeight);
   void draw(view::Canvas& canvas) override;
 
@@ -50,7 +50,7 @@ class SearchPanel : public Panel {
  private:
   struct Item {
     std::shared_ptr<Location> place;  // null for the title of a group
-    std::string text;                 // the title, or what the row says below the place's name
+    std::string text;                 // the title, or the line below the place's name
   };
 
   void search();
@@ -66,8 +66,8 @@ class SearchPanel : public Panel {
   std::shared_ptr<List> list_;
   std::vector<Item> items_;  // one for each row
   std::size_t placeCount_ = 0;
-  bool hasSearched_ = false;   // what the list shows is the answer to something
-  bool choosesFirst_ = false;  // as soon as the search under way has ended
+  bool hasSearched_ = false;   // the list shows the results of a search
+  bool choosesFirst_ = false;  // when the current search has ended
 };
 
 }  // namespace orivanta::viewer

@@ -1,4 +1,4 @@
-// The venues to choose from.
+// The list of venues to choose from.
 #pragma once
 
 #include <functional>

@@ -27,7 +27,7 @@ Pressable::Pressable() {
   const auto tap = std::make_shared<view::TapGestureRecognizer>();
   tap->addTarget("tapped", [this](view::GestureRecognizer& sender) {
     tapPlace_ = sender.location(*this);
-    const auto self = shared_from_this();  // the action may take the view away
+    const auto self = shared_from_this();  // the action may remove the view
     if (action) action();
   });
   addGestureRecognizer(tap);

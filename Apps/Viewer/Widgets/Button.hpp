@@ -1,4 +1,4 @@
-// What does something when it is tapped.
+// Views that call an action when they are tapped.
 #pragma once
 
 #include <functional>
@@ -10,14 +10,15 @@
 
 namespace orivanta::viewer {
 
-/// An action that calls what is in `receiver` by then, if anything; `receiver` outlives it.
+/// Returns an action that calls the current function in `receiver`, if any. `receiver` must outlive
+/// it.
 inline std::function<void()> forward(const std::function<void()>& receiver) {
   return [&receiver] {
     if (receiver) receiver();
   };
 }
 
-/// Knows whether a finger is on it; calls `action` after a tap.
+/// Knows whether it is pressed, and calls `action` after a tap.
 class Pressable : public view::View {
  public:
   Pressable();
@@ -25,7 +26,7 @@ class Pressable : public view::View {
   std::function<void()> action;
   bool isPressed() const { return pressed_; }
 
-  /// Of the latest tap, in this view.
+  /// The position of the latest tap in this view.
   graphics::Point tapPlace() const { return tapPlace_; }
   void touchesBegan(std::span<const view::Touch> touches) override;
   void touchesEnded(std::span<const view::Touch> touches) override;
@@ -36,12 +37,12 @@ class Pressable : public view::View {
 };
 
 enum class ButtonLook {
-  filled,  ///< the one that matters: white on the accent
-  tinted,  ///< the accent on its tint
-  plain    ///< nothing around it
+  filled,  ///< the main action: white on the accent color
+  tinted,  ///< the accent color on its tint
+  plain    ///< no background
 };
 
-/// One line of text, or one sign, in the middle.
+/// One line of text or one symbol, centered.
 class Button : public Pressable {
  public:
   Button(ButtonLook look, std::string text, double textSize = theme::textSize);
@@ -55,7 +56,7 @@ class Button : public Pressable {
   std::shared_ptr<Label> label_;
 };
 
-/// A name and a knob that is on or off.
+/// A label and a knob that is on or off.
 class Switch : public Pressable {
  public:
   explicit Switch(std::string text);

@@ -17,11 +17,11 @@ struct LabelStyle {
   bool bold = false;
   graphics::Color color = theme::ink;
   Alignment alignment = Alignment::leading;
-  int lines = 1;  ///< at most; 0 for no bound
+  int lines = 1;  ///< at most; 0 for no limit
 };
 
-/// In the middle of its height; what does not fit ends in an ellipsis. Any script. Takes no
-/// touches. The picture of the text is kept until something about it changes.
+/// Centers the text vertically. Text that does not fit ends in an ellipsis. Supports all scripts.
+/// Receives no touches. The image of the text is cached until the label changes.
 class Label : public view::View {
  public:
   explicit Label(LabelStyle style = {}, std::string text = "");
@@ -32,7 +32,7 @@ class Label : public view::View {
   void setColor(graphics::Color color);
   void setLines(int most);
 
-  /// What the text takes when it may be so wide.
+  /// Returns the size of the text if its width is limited to `width`.
   graphics::Size fitting(double width);
 
   void draw(view::Canvas& canvas) override;
@@ -43,7 +43,7 @@ class Label : public view::View {
   LabelStyle style_;
   std::string text_;
   std::shared_ptr<const graphics::Image> picture_;
-  double pictureWidth_ = -1;  // what it was made for; below 0 when it is out of date
+  double pictureWidth_ = -1;  // of the cached image; below 0 if it is outdated
   double pictureScale_ = 1;
 };
 

@@ -105,7 +105,7 @@ void List::mark(std::optional<std::size_t> row) {
   if (row && *row < ends_.size()) reveal(*row);
 }
 
-// The nearest row that can be marked, from one on in a direction (1 or -1).
+// Returns the nearest row that can be marked, from `row` on in a direction (1 or -1).
 std::optional<std::size_t> List::markableFrom(std::size_t row, int direction) const {
   while (row < ends_.size() && !source_.canBeMarked(row))
     row = direction < 0 && row == 0 ? ends_.size() : row + static_cast<std::size_t>(direction);

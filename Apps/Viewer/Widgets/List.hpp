@@ -1,4 +1,4 @@
-// Rows one below the other, more than may fit.
+// A list of rows that scrolls.
 #pragma once
 
 #include <functional>
@@ -13,7 +13,7 @@
 
 namespace orivanta::viewer {
 
-/// What a row says.
+/// The texts of a row.
 struct RowText {
   std::string title;
   std::string detail;                                 ///< below the title; may be empty
@@ -25,12 +25,12 @@ class Row : public Pressable {
  public:
   explicit Row(const RowText& text);
 
-  /// Without text, for a kind that draws itself.
+  /// Creates a row without text, for classes that draw themselves.
   explicit Row(double height);
 
   double height() const { return height_; }  ///< points
 
-  /// The height of a row with such a detail, which may be empty.
+  /// Returns the height of a row with this detail, which may be empty.
   static double heightWith(std::string_view detail);
   void setMarked(bool marked) { marked_ = marked; }
   const std::string& title() const { return title_->text(); }
@@ -45,46 +45,46 @@ class Row : public Pressable {
   bool marked_ = false;
 };
 
-/// Rows that are made when they come into sight.
+/// Rows that are created when they become visible.
 struct RowSource {
   std::vector<double> heights;                            ///< points, one for each row
-  std::function<std::shared_ptr<Row>(std::size_t)> make;  ///< as high as `heights` says
+  std::function<std::shared_ptr<Row>(std::size_t)> make;  ///< creates a row of that height
   std::function<bool(std::size_t)> canBeMarked = [](auto) { return true; };
 };
 
-/// Scrolls under a finger. Rows fade where they leave the list; only those in sight are subviews.
+/// Scrolls with a finger. Rows fade at the edges of the list. Only visible rows are subviews.
 class List : public view::View {
  public:
   List();
 
   void setRows(std::vector<std::shared_ptr<Row>> rows);
 
-  /// For lists of any length: a row is made each time it comes into sight and dropped when it
-  /// leaves it.
+  /// For lists of any length: a row is created each time it becomes visible and dropped when it is
+  /// no longer visible.
   void setSource(RowSource source);
 
   std::size_t size() const { return ends_.size(); }
 
-  /// The rows in sight, by their place in the list.
+  /// The visible rows by their index.
   const std::map<std::size_t, std::shared_ptr<Row>>& inSight() const { return inSight_; }
 
   double contentHeight() const { return ends_.empty() ? 0 : ends_.back(); }
 
-  /// Of as many whole rows as are no higher than this.
+  /// Returns the height of as many whole rows as fit into this height.
   double heightWithin(double most) const;
 
-  /// Downwards by points; stops at the ends.
+  /// Scrolls down by this many points. Stops at the ends.
   void scrollBy(double points);
 
-  /// Scrolls as little as shows the row.
+  /// Scrolls as little as is needed to show the row.
   void reveal(std::size_t row);
 
-  /// Marks one row for the keyboard, none when there is nothing. New rows have none.
+  /// Marks one row for the keyboard, or none. Setting new rows clears the mark.
   void mark(std::optional<std::size_t> row);
   std::optional<std::size_t> marked() const { return marked_; }
 
-  /// Down by so many rows that can be marked, as far as there are any; the first step marks the
-  /// first of them.
+  /// Moves the mark down by this many rows that can be marked, or as far as possible. The first
+  /// step marks the first of them.
   void moveMark(int down);
 
   void arrange();
@@ -97,7 +97,7 @@ class List : public view::View {
   Row& rowAt(std::size_t index);
 
   RowSource source_;
-  std::vector<double> ends_;  // the lower edge of each row, from the upper edge of the first
+  std::vector<double> ends_;  // the lower edge of each row, from the top of the list
   std::map<std::size_t, std::shared_ptr<Row>> inSight_;
   std::optional<std::size_t> marked_;
   double offset_ = 0;

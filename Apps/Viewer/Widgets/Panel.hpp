@@ -1,17 +1,17 @@
-// A sheet of paper over the map.
+// A panel over the map.
 #pragma once
 
 #include "Platform/View/View.hpp"
 
 namespace orivanta::viewer {
 
-/// White with round corners, a soft border and a shadow. Keeps touches from what lies below.
+/// White with rounded corners, a soft border and a shadow. Touches do not reach the views below it.
 class Panel : public view::View {
  public:
   void draw(view::Canvas& canvas) override;
 };
 
-/// Draws paper with a border and a shadow.
+/// Draws a white rectangle with rounded corners, a border and a shadow.
 void drawPaper(view::Canvas& canvas, const graphics::Rect& rect, double radius);
 
 }  // namespace orivanta::viewer

@@ -13,14 +13,14 @@ namespace {
 
 constexpr double corner = 8;  // points
 
-// How much of the pixel a rectangle with round corners covers.
+// Returns the share of the pixel that a rectangle with rounded corners covers.
 double coverage(double x, double y, double width, double height, double radius) {
   const double right = std::max(0.0, std::abs(x + 0.5 - width / 2) - width / 2 + radius);
   const double down = std::max(0.0, std::abs(y + 0.5 - height / 2) - height / 2 + radius);
   return std::clamp(radius - std::hypot(right, down) + 0.5, 0.0, 1.0);
 }
 
-// The middle of the picture in the proportions of `size`.
+// Returns the center of the image, cropped to the proportions of `size`.
 std::shared_ptr<const graphics::Image> cut(const graphics::Image& image, graphics::Size size) {
   const double wide = image.width();
   const double high = image.height();

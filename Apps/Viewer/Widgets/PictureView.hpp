@@ -1,4 +1,4 @@
-// A picture on the screen.
+// Shows a picture.
 #pragma once
 
 #include <memory>
@@ -8,13 +8,13 @@
 
 namespace orivanta::viewer {
 
-/// How a picture takes to a frame of other proportions.
+/// How a picture is fitted to a frame of other proportions.
 enum class PictureMode {
-  fill,  ///< cut at two sides
-  fit    ///< with room at two sides, as a logo
+  fill,  ///< cropped at two sides
+  fit    ///< with space at two sides, for logos
 };
 
-/// With round corners. Takes no touches.
+/// Rounds the corners. Receives no touches.
 class PictureView : public view::View {
  public:
   PictureView();
@@ -29,7 +29,7 @@ class PictureView : public view::View {
  private:
   std::shared_ptr<const graphics::Image> picture_;
   PictureMode mode_ = PictureMode::fill;
-  std::shared_ptr<const graphics::Image> cut_;  // null until it was cut for a size
+  std::shared_ptr<const graphics::Image> cut_;  // null until it is cropped for a size
   graphics::Size cutFor_;
 };
 

@@ -26,7 +26,7 @@ graphics::TextStyle styleOf(const graphics::Color& color) {
   return style;
 }
 
-// Whole characters that are no control characters.
+// Returns the complete characters that are not control characters.
 std::string typeable(std::string_view text) {
   std::string result;
   while (!text.empty()) {
@@ -44,7 +44,7 @@ std::string typeable(std::string_view text) {
   return result;
 }
 
-// Some columns of a picture.
+// Returns a range of columns of an image.
 std::shared_ptr<const graphics::Image> part(const std::shared_ptr<const graphics::Image>& image,
                                             double left, double width) {
   if (!image) return nullptr;

@@ -1,4 +1,4 @@
-// A line of text that a person types.
+// A line of text that the user edits.
 #pragma once
 
 #include <functional>
@@ -13,36 +13,37 @@ namespace orivanta::viewer {
 
 enum class CaretStep { left, right, start, end };
 
-/// The host brings it what is typed while it has the focus. What is longer than the field is
-/// scrolled so that the caret shows.
+/// The host passes typed text while the field has the focus. A text that is longer than the field
+/// is scrolled so that the caret is visible.
 class TextField : public Pressable {
  public:
   explicit TextField(std::string placeholder);
 
-  std::function<void()> changed;  ///< after the text was changed by typing
+  std::function<void()> changed;  ///< called after the user has changed the text
 
   const std::string& text() const { return text_; }
-  void setText(std::string text);  ///< with the caret at its end
+  void setText(std::string text);  ///< the caret is put at its end
   void setPlaceholder(std::string placeholder);
   bool isFocused() const { return focused_; }
   void setFocused(bool focused);
 
-  /// At the caret. Broken UTF-8, control characters and blanks at the beginning are left out, and
-  /// what is too long.
+  /// Inserts text at the caret. Drops invalid UTF-8, control characters, blanks at the beginning,
+  /// and what exceeds the maximum length.
   void insert(std::string_view text);
 
-  /// Takes the character before the caret, with the marks on it; with `word`, the word.
+  /// Deletes the character before the caret with its combining marks, or the word if `word` is set.
   void eraseBack(bool word = false);
 
-  /// Takes the character behind the caret.
+  /// Deletes the character after the caret.
   void eraseForward();
 
-  // The caret: left and right as the text shows.
+  // Left and right refer to the text as it is displayed.
   void moveCaret(CaretStep step);
   void placeCaret(double x);                    ///< points from the left edge of the field
   std::size_t caret() const { return caret_; }  ///< bytes of the text before it
 
-  /// What an input method is composing, shown at the caret but not part of the text.
+  /// The text that an input method is composing. It is shown at the caret but is not part of the
+  /// text.
   void setComposition(std::string text);
 
   void draw(view::Canvas& canvas) override;
@@ -58,12 +59,12 @@ class TextField : public Pressable {
   std::string placeholder_;
   std::size_t caret_ = 0;
   bool focused_ = false;
-  double scroll_ = 0;  // points of the text that are left of the field
+  double scroll_ = 0;  // points of the text that are hidden at the left
 
-  // Of what shows: text and composition, or the placeholder.
+  // Of the displayed text: text and composition, or the placeholder.
   std::unique_ptr<graphics::CaretLine> line_;
   std::shared_ptr<const graphics::Image> whole_;    // null until it is drawn
-  std::shared_ptr<const graphics::Image> visible_;  // the part that the field has room for
+  std::shared_ptr<const graphics::Image> visible_;  // the part that fits into the field
 };
 
 }  // namespace orivanta::viewer

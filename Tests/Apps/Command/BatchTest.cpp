@@ -23,7 +23,7 @@ TEST(Batch, AnswersRequests) {
        R"({"id":null,"path":["n1"],"weight":0})"},
       {R"({"id": 2, "from": ["n1"], "to": ["n4"]})", R"({"id":2,"path":null,"weight":null})"},
       {R"({"id": 3, "from": [], "to": ["n4"]})", R"({"id":3,"path":null,"weight":null})"},
-      // Identifiers come back just as they were written.
+      // Identifiers are returned exactly as they were written.
       {R"( {"from":["n1"],"to":["n1"] , "id" : [1.50, {"id": "}\""}] } )",
        R"({"id":[1.50, {"id": "}\""}],"path":["n1"],"weight":0})"},
       {R"({"id":12345678901234567890123,"from":["n1"],"to":["n1"]})",

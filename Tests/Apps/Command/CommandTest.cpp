@@ -1,4 +1,4 @@
-// The program as its users run it, against the venue server.
+// Runs the program against the venue server.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -62,7 +62,7 @@ TEST_F(Command, AnswersQueries) {
     std::vector<std::string> arguments;
     int exitCode;
     std::string output;
-    std::string said;  // a part of standard error; "" for nothing at all
+    std::string said;  // a part of standard error; "" if it must be empty
   };
   const std::vector<Case> cases = {
       {{"venues"}, 0, "small  Small Mall\n", ""},
@@ -243,7 +243,8 @@ TEST_F(Command, EndsQuietlyWhenNobodyReads) {
   EXPECT_EQ(result.errors, "");
 }
 
-// What programs have written to a terminal whose last side is closed; closes it.
+// Reads what programs have written to a terminal whose other side is closed, and closes the
+// terminal.
 std::string readToEnd(int terminal) {
   std::string text;
   std::array<char, 4096> piece{};

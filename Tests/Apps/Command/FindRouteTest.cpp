@@ -1,4 +1,4 @@
-// Routes of real venues through the whole program, server and network included.
+// Finds routes of real venues with the whole program, including the server and the network.
 #include "Apps/Command/FindRoute.hpp"
 
 #include <fmt/format.h>
@@ -30,7 +30,7 @@ TEST(FindRoute, BatchesGiveTheKnownRoutesOfRealVenues) {
   const server::VenueServer server(options);
   for (const std::string& name : test::venueNames())
     for (const bool accessible : {false, true}) {
-      // The known accessible routes of this one are for connectors in another order.
+      // The expected accessible routes of this venue assume another order of the connectors.
       if (accessible && name == "tie-grid") continue;
       std::vector<std::string> arguments = {"route", name, "--batch", "-"};
       if (accessible) arguments.emplace_back("--accessible");

@@ -45,7 +45,7 @@ TEST(Places, ThatCannotBeToldAreRefused) {
   const std::vector<Case> cases = {
       {"Toilet", ExitCode::wrongUse, {"2 locations", "l4  Toilet  G", "l5  Toilet  F1"}},
       {"BAKERY", ExitCode::wrongUse, {"l1  Bakery", "l2  bakery"}},
-      {"Gate", ExitCode::wrongUse, {"t19  Gate\n  and 5 more"}},  // a long list is cut
+      {"Gate", ExitCode::wrongUse, {"t19  Gate\n  and 5 more"}},  // long lists are cut
       {"Cinema", ExitCode::notFound, {"\"Cinema\""}},
       {"", ExitCode::wrongUse, {"empty"}},
   };

@@ -1,4 +1,4 @@
-// The command `orivanta` as a process: what goes in, what comes out.
+// The command `orivanta` as a process, with its input and output.
 #pragma once
 
 #include <fcntl.h>
@@ -19,13 +19,13 @@
 namespace orivanta::test {
 
 struct ProgramResult {
-  int exitCode = 0;  ///< minus the number of the signal that ended the program
+  int exitCode = 0;  ///< if a signal ended the program, minus its number
   std::string output;
   std::string errors;
 };
 
-/// Runs from construction to `finish`. The environment is the test's own without what the program
-/// reads as its settings, and with what is given, such as "ORIVANTA_USERNAME=me".
+/// Runs from construction to `finish`. The environment is that of the test without the variables
+/// that the program reads, plus the given ones, such as "ORIVANTA_USERNAME=me".
 class Program {
  public:
   explicit Program(const std::vector<std::string>& arguments,
@@ -63,8 +63,8 @@ class Program {
     }
   }
 
-  /// The next line of standard output, with its line break; blocks until it is there. Less than a
-  /// line at the end.
+  /// Returns the next line of standard output with its line break. Blocks until the line is
+  /// complete. At the end of the output, returns what is left.
   std::string readLine() {
     while (unread_.find('\n') == std::string::npos && readMore()) {
     }
@@ -76,7 +76,7 @@ class Program {
 
   void endWith(int signal) const { kill(process_, signal); }
 
-  /// Closes the program's input, takes what is left of its output and waits for its end.
+  /// Closes the program's input, reads the rest of its output and waits until it ends.
   ProgramResult finish() {
     close(input_);
     while (readMore()) {
@@ -148,7 +148,7 @@ class Program {
   std::string unread_;
 };
 
-/// Runs the program to its end.
+/// Runs the program and waits until it ends.
 inline ProgramResult runProgram(const std::vector<std::string>& arguments,
                                 const std::vector<std::string>& environment = {},
                                 std::string_view input = "") {

@@ -1,4 +1,4 @@
-// Where the program gets its settings from, and what it says when the server fails it.
+// Where the program gets its settings from, and what it prints when the server fails.
 #include "Apps/Command/Session.hpp"
 
 #include <fmt/format.h>

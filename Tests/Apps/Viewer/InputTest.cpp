@@ -14,7 +14,7 @@ namespace orivanta::viewer {
 
 namespace {
 
-// Covers everything and writes down when and where it is touched.
+// Covers everything and records when and where it is touched.
 class TouchRecord : public view::View {
  public:
   void touchesBegan(std::span<const view::Touch> touches) override { note(touches); }
@@ -33,7 +33,7 @@ class TouchRecord : public view::View {
   }
 };
 
-// A window that nobody sees, and a viewer that finds no server.
+// A hidden window, and a viewer that cannot reach a server.
 class InputTest : public testing::Test {
  protected:
   static void SetUpTestSuite() { test::keepDriverLoaded(); }
@@ -117,7 +117,7 @@ TEST_F(InputTest, TextComesInWhileTheSearchFieldIsOpenAndShortcutsWhileItIsNot) 
   stage.untilShown();
   SearchPanel& search = stage.viewer.venueView()->searchPanel();
   press(SDLK_SLASH);
-  press(SDLK_d);  // too fast for the text input to be there
+  press(SDLK_d);  // before the text input has started
   keys.take(/*wait=*/true);
   EXPECT_TRUE(SDL_IsTextInputActive());
   EXPECT_EQ(search.field().text(), "d");

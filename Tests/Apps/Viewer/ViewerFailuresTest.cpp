@@ -1,4 +1,4 @@
-// What people read when a server has only a part of a venue, or none.
+// The messages if a server has only a part of a venue, or none.
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ namespace {
 using test::Answer;
 using testing::HasSubstr;
 
-// A venue "small" of a ground floor and an upper floor, one place on each.
+// A venue "small" with a ground floor and an upper floor, and one place on each.
 class ViewerFailuresTest : public testing::Test {
  protected:
   ViewerFailuresTest() {
@@ -49,7 +49,7 @@ class ViewerFailuresTest : public testing::Test {
 TEST_F(ViewerFailuresTest, NeedsWhatRoutesAreMadeOfAndTellsWhatElseIsMissing) {
   struct Case {
     const char* path;
-    const char* title;  // null when the map shows nonetheless, with a note
+    const char* title;  // null if the map is shown nonetheless, with a note
     const char* note = "";
   };
   for (const Case& each : {Case{"/g.mtl", nullptr, "Ground is shown without"},

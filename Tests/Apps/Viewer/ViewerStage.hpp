@@ -1,4 +1,4 @@
-// A viewer without a window: feeds it what people do and takes its picture.
+// A viewer without a window: simulates input and renders images.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@
 
 namespace orivanta::test {
 
-/// A server of the demo venue, at a port if one is given.
+/// Returns a server of the demo venue, on the given port or any free one.
 inline std::unique_ptr<server::VenueServer> serveDemo(std::uint16_t port = 0) {
   server::ServerOptions options;
   options.folders = {demo::demoVenueFolder().value()};
@@ -47,7 +47,7 @@ class ViewerStage {
     viewer.resize(size, 1);
   }
 
-  /// Lets things happen until they have; throws when patience runs out.
+  /// Runs the viewer until `happened` returns true. Throws after a time limit.
   void until(const std::function<bool()>& happened) {
     const auto end = std::chrono::steady_clock::now() + patience;
     while (!happened()) {
@@ -58,7 +58,7 @@ class ViewerStage {
     }
   }
 
-  /// Until the map is there and the camera rests.
+  /// Waits until the map is shown and the camera rests.
   viewer::VenueView& untilShown() {
     until([this] {
       return viewer.venueView() && viewer.venueView()->camera().isReady() && !viewer.isMoving();
@@ -66,7 +66,7 @@ class ViewerStage {
     return *viewer.venueView();
   }
 
-  /// Until nothing glides.
+  /// Waits until the camera no longer glides.
   void settle() {
     until([this] { return !viewer.venueView() || !viewer.venueView()->camera().isGliding(); });
   }
@@ -79,7 +79,7 @@ class ViewerStage {
     settle();
   }
 
-  /// The middle of a view, in the root.
+  /// Taps the center of a view.
   void tap(const view::View& view) {
     const graphics::Size part = view.bounds().size;
     tap(view.convert({part.width / 2, part.height / 2}, *viewer.root()));
@@ -109,8 +109,8 @@ class ViewerStage {
   viewer::Viewer viewer;
 };
 
-/// A window that closes would unload the driver, and the leak checker then loses sight of what the
-/// driver keeps. The display of a surface without a window stays to the end of the process.
+/// Closing a window would unload the driver, and the leak checker could then no longer follow the
+/// driver's memory. The display of an offscreen surface stays open until the process ends.
 inline void keepDriverLoaded() { render::OffscreenSurface::make(1, 1); }
 
 }  // namespace orivanta::test

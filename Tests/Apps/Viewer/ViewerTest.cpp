@@ -23,7 +23,7 @@ class ViewerTest : public testing::Test {
   std::unique_ptr<server::VenueServer> server = test::serveDemo();
 };
 
-// A place of the shop that no name and no pin covers.
+// Returns a point of the shop that no name and no pin covers.
 graphics::Point on(VenueView& view, const Location& place) {
   return view.mapView().findPositionCameraViewport(view.mapView().findPosition3D(place));
 }
@@ -73,7 +73,7 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     EXPECT_TRUE(stage.viewer.isMoving()) << "its arrows do";
     stage.viewer.keyPressed({Key::pageUp});
     EXPECT_EQ(view.mapView().currentMap()->shortName, "1");
-    stage.until([&] { return !stage.viewer.isMoving(); });  // nothing of it on this floor
+    stage.until([&] { return !stage.viewer.isMoving(); });  // the route is not on this floor
     stage.viewer.keyPressed({Key::pageDown});
     EXPECT_GT(test::countPixels(*stage.picture(), markColors::start), 100) << "the start";
 

@@ -1,4 +1,4 @@
-// The real program on a screen without a screen, with a real pointer and real keys.
+// Runs the program on a virtual display, with real pointer and keyboard events.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The first line that a command writes.
+// Returns the first line of a command's output.
 std::string lineFrom(const std::string& command) {
   FILE* const pipe = popen(command.c_str(), "r");
   std::array<char, 256> line{};
@@ -27,7 +27,7 @@ std::string lineFrom(const std::string& command) {
   return read ? std::string(line.data(), std::string_view(line.data()).find('\n')) : "";
 }
 
-// An X server of its own, while it lasts.
+// An X server that runs as long as this object exists.
 class Screen {
  public:
   Screen() {
@@ -90,7 +90,7 @@ class WindowTest : public testing::Test {
     return name.empty() ? nullptr : graphics::readImage(name.substr(0, name.size() - 1));
   }
 
-  // Looks until it sees what it wants.
+  // Checks new images until `wanted` returns true. Fails after a time limit.
   template <class Wanted>
   testing::AssertionResult shows(Program& program, const Wanted& wanted) const {
     const auto end = std::chrono::steady_clock::now() + patience;
@@ -124,13 +124,13 @@ TEST_F(WindowTest, StartsSearchesIsResizedAndOutlivesItsServer) {
   hand("windowfocus --sync " + window);
   ASSERT_TRUE(shows(*program, showsMap));
   EXPECT_FALSE(showsSelection(*picture(*program)));
-  server.reset();  // all that is needed is there, or is said to be missing when it is asked for
+  server.reset();  // everything needed has been loaded; what is missing is reported on request
 
   hand("key slash");
   hand("type dosa");
   hand("key Return");
   EXPECT_TRUE(shows(*program, showsSelection));
-  hand("mousemove --window " + window + " 332 100 click 1");  // the card's cross
+  hand("mousemove --window " + window + " 332 100 click 1");  // the close button of the card
   EXPECT_TRUE(shows(*program, [](const auto& image) { return !showsSelection(image); }));
 
   hand("windowsize --sync " + window + " 390 844");

@@ -1,4 +1,4 @@
-// `orivanta render` as its users run it, on the demo venue.
+// Runs `orivanta render` on the demo venue.
 #include "Apps/Command/Render/RenderVenue.hpp"
 
 #include <gmock/gmock.h>
@@ -34,7 +34,7 @@ class RenderVenue : public testing::Test {
     return run(server_, target, std::move(arguments));
   }
 
-  // Another venue, by a server of its own.
+  // Serves another venue on a separate server.
   void serveVisits(const std::string& attribution) {
     test::writeTwoVisitsPackage(visits_, attribution);
     server::ServerOptions options;
@@ -61,7 +61,7 @@ class RenderVenue : public testing::Test {
     return graphics::readImage(file(name));
   }
 
-  // The share of pixels that are no longer as in the other picture.
+  // Returns the share of pixels that differ from the other image.
   static double changed(const graphics::Image& left, const graphics::Image& right,
                         int tolerance = 24) {
     std::size_t count = 0;
@@ -106,7 +106,7 @@ TEST_F(RenderVenue, ShowsWhatIsAskedFor) {
   const auto plain = picture("map.png");
   const struct {
     std::vector<std::string> arguments;
-    double least;  // share of the picture that is then another
+    double least;  // minimum share of pixels that differ
   } cases[] = {
       {{"--highlight", "paper kestrel=#ff0000"}, 0.002},
       {{"--labels"}, 0.01},
