@@ -1,5 +1,5 @@
-// A queue whose `put` settles ties and requeueing in its own way, which the route search depends
-// on.
+// A priority queue whose `put` has special rules for ties and for elements that are queued again.
+// The route search depends on them.
 #pragma once
 
 #include <tsl/ordered_map.h>
@@ -18,9 +18,9 @@
 namespace orivanta {
 
 /// A list of (element, priority) pairs in descending order of priority, taken from the end: the
-/// smallest priority first, of equal priorities the one put last.
+/// smallest priority first; among equal priorities, the one put last.
 ///
-/// `put` does what this walk of the list from its front would do, without walking:
+/// `put` has the same result as the following walk from the front of the list, without the walk:
 /// - the walk ends without any change when it meets the element before a smaller priority;
 /// - else the new pair goes before the first smaller priority, or to the end;
 /// - and if the walk meets the element further on, the pair that stood just before that older one
