@@ -42,8 +42,7 @@ Link Link::fromHeader(std::string_view header) {
   Dictionary<std::string> parameters;
   for (const std::string& part : parameterParts) {
     const auto [name, value] = split("=")(part);
-    parameters.insert(
-        {name, trim({'"', '"'})(value)});  // if a name is repeated, the first one is kept
+    parameters.insert({name, trim({'"', '"'})(value)});  // a repeated name keeps the first
   }
   return Link(trim({'<', '>'})(uriPart), std::move(parameters));
 }

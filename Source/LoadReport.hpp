@@ -24,7 +24,7 @@ struct LoadProgress {
 /// The reason why a collection could not be loaded.
 enum class LoadProblem {
   noAnswer,     ///< the server is not reachable, or the connection was lost
-  refused,      ///< HTTP status 401 or 403: the user name or the password was not accepted
+  refused,      ///< HTTP status 401 or 403: wrong credentials, or no access with them
   notFound,     ///< HTTP status 404
   otherStatus,  ///< any other HTTP status that is not a success
   unusable,     ///< the response is not valid JSON or does not fit into memory

@@ -58,7 +58,7 @@ class ORIVANTA_API Location : public std::enable_shared_from_this<Location> {
   std::shared_ptr<Directions> directionsFrom(const NodeList& nodes,
                                              const std::shared_ptr<Location>& departFrom = nullptr);
 
-  // Searches a route to another end in any loaded venue. Returns null if there is no route.
+  /// Searches a route to another end in any loaded venue. Returns null if there is no route.
   std::shared_ptr<Directions> directionsTo(const Venue& venue, const RouteEnd& to);
 
   /// Searches a route from another end in any loaded venue. Returns null if there is no route.

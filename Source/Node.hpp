@@ -66,7 +66,7 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
                                              const std::shared_ptr<Location>& departFrom = nullptr,
                                              const std::shared_ptr<Location>& arriveAt = nullptr);
 
-  // Searches a route to another end in any loaded venue. Returns null if there is no route.
+  /// Searches a route to another end in any loaded venue. Returns null if there is no route.
   std::shared_ptr<Directions> directionsTo(const Venue& venue, const RouteEnd& to);
 
   /// Searches a route from another end in any loaded venue. Returns null if there is no route.

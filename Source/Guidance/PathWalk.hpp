@@ -23,8 +23,7 @@ struct Stretch {
   double length = 0.0;                ///< in the venue's units; 0 for a ride
   double weight = 0.0;                ///< in the graph's weights
   std::shared_ptr<Vortex> connector;  ///< null when walking
-  bool hasEdge =
-      false;  ///< false if the graph has no edge here; the other fields are then 0 or null
+  bool hasEdge = false;  ///< false if there is no edge; the other fields are then 0 or null
 };
 
 /// A ride on one connector, including all of its intermediate stops.

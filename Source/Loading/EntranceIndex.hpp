@@ -36,8 +36,7 @@ class EntranceIndex {
   void mark(const Polygon& polygon, const SortedNodes& own, std::vector<bool>& marks) const;
 
   foundation::MemoryBudget* budget_;
-  std::unordered_map<const Polygon*, SortedNodes>
-      entrances_;  // only polygons with more than a few entrances
+  std::unordered_map<const Polygon*, SortedNodes> entrances_;  // of polygons with more than a few
 };
 
 }  // namespace orivanta

@@ -154,8 +154,7 @@ void LoadMonitor::takeEnd(const std::string& name, const foundation::Result<void
   if (outcome || !failure.reason.empty()) return;
   const foundation::Error& error = outcome.error();
   const bool isMemory = error.domain == foundation::memoryErrorDomain;
-  if (isMemory && error.code == foundation::budgetExceededBefore)
-    return;  // another collection reports it
+  if (isMemory && error.code == foundation::budgetExceededBefore) return;  // reported elsewhere
   if (error.domain.empty()) {
     failure.problem = LoadProblem::unusable;
     failure.reason = fmt::format("{} answered with a body that is no JSON", collection.latestUrl);

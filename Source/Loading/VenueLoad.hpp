@@ -55,8 +55,7 @@ class VenueLoad {
 
   struct Join {
     std::function<bool(CollectionDictionary&)> run;
-    bool early =
-        false;  ///< may run before the five collections have arrived: independent of other joins
+    bool early = false;     ///< may run before the others, because it does not depend on them
     bool ranEarly = false;  ///< the first round skips it
   };
 

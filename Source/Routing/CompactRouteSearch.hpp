@@ -1,11 +1,11 @@
 // The route search over a compact graph. It takes the same nodes in the same order as a search with
 // a sorted list and PriorityQueue's `put`, so it finds exactly the same path:
 //
-// - A queued node keeps its place. When its cost falls while it is queued, its new priority is not
-//   greater than the old one (same heuristic, and rounding is monotone), and then `put` changes
-//   nothing. So no element is queued twice, and a heap that takes equal priorities newest first
-//   gives the list's order.
-// - A node that was taken is queued again when its cost falls: there is no closed set.
+// - A queued node keeps its position. If its cost decreases while it is queued, its new priority is
+//   not greater than the old one (same heuristic, and rounding is monotone), so `put` changes
+//   nothing. Therefore no element is queued twice, and a heap that takes equal priorities newest
+//   first has the order of the list.
+// - A taken node is queued again if its cost decreases: there is no closed set.
 #pragma once
 
 #include <cstddef>
