@@ -16,7 +16,7 @@ namespace orivanta {
 /// returns null when the record no longer exists.
 class ORIVANTA_API Category {
  public:
-  /// Returns null if there are no strings under "id" and "name".
+  /// Returns null unless there are strings under "id" and "name".
   static std::shared_ptr<Category> make(const RawData& data);
   Category(RecordToken, const RawData& data);  ///< for `make`
   Category(const Category&) = delete;

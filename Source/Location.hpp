@@ -16,7 +16,7 @@ namespace orivanta {
 /// Owns its categories, nodes and polygons.
 class ORIVANTA_API Location : public std::enable_shared_from_this<Location> {
  public:
-  /// Returns null if there are no strings under "id", "name" and "type".
+  /// Returns null unless there are strings under "id", "name" and "type".
   static std::shared_ptr<Location> make(const RawData& data);
   Location(RecordToken, const RawData& data);  ///< for `make`
   virtual ~Location() = default;

@@ -17,7 +17,7 @@ namespace orivanta {
 /// Owns its map. The navigation graph reads its walking edges from `_data`, under "paths".
 class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
  public:
-  /// Returns null if there is no string under "id" or no numbers under "x" and "y".
+  /// Returns null unless there are a string under "id" and numbers under "x" and "y".
   static std::shared_ptr<Node> make(const RawData& data);
   Node(RecordToken, const RawData& data);  ///< for `make`
   Node(const Node&) = delete;

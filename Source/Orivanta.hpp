@@ -29,8 +29,8 @@ ORIVANTA_API void getVenues(std::function<void(std::vector<std::shared_ptr<Venue
 
 /// Makes `venue` the active venue, loads its six collections concurrently, joins them, builds the
 /// navigation graph and calls `callback` once with the venue, on a background thread. If
-/// `accessible` is true, the graph excludes connectors that are not accessible. The fields of the
-/// previously active venue are cleared; records that the application keeps stay valid.
+/// `accessible` is true, the graph excludes connectors that are not accessible. The loaded fields
+/// of the previously active venue are cleared; records that the application keeps stay valid.
 ///
 /// A collection whose request fails counts as empty. If a request never ends, neither does the
 /// load. If the polygons arrive last, the joins that do not need polygons run before and after

@@ -16,7 +16,7 @@ namespace orivanta {
 /// A building or site. Owns its records and its graph.
 class ORIVANTA_API Venue {
  public:
-  /// Returns null if there are no strings under "id", "slug" and "name".
+  /// Returns null unless there are strings under "id", "slug" and "name".
   static std::shared_ptr<Venue> make(const RawData& data);
   Venue(RecordToken, const RawData& data);  ///< for `make`
   Venue(const Venue&) = delete;
