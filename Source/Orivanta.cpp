@@ -32,7 +32,7 @@ void startRequests(const WebApiSession& session, const std::string& slug,
   session.polygons(slug, receiver(&CollectionDictionary::polygons));
 }
 
-// Clears the contents of the venue and returns the function that fills it.
+// Clears the venue, or the previously active one, and returns the function that fills the venue.
 Publish prepare(const WebApiSession& session, const std::shared_ptr<Venue>& venue) {
   if (session.fillsActiveVenue()) {
     makeActive(venue);
