@@ -1,4 +1,4 @@
-// The venue that `getVenue` loaded last.
+// The active venue.
 // Public header.
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace orivanta {
 
-/// The venue most recently passed to `getVenue`, or null before the first call. Owns what was
-/// loaded. Never destroyed, so that a load may still be under way when the program ends.
+/// The venue most recently passed to `getVenue`, or null before the first call. Owns the loaded
+/// records. Never destroyed, because a load may still be running when the program ends.
 extern ORIVANTA_API std::shared_ptr<Venue>& activeVenue;
 
 }  // namespace orivanta

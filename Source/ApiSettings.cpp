@@ -14,7 +14,7 @@ const std::string DEFAULT_ORIVANTA_ENDPOINT = "https://api.orivanta.example/1/";
 
 namespace {
 
-// Never destroyed, like the session: loads may be under way when the process ends.
+// Never destroyed, like the session: loads may still be running when the process ends.
 ApiSettings& applicationSettings() {
   static auto& settings = *new ApiSettings;
   return settings;

@@ -23,7 +23,8 @@ std::string_view firstCharacter(std::string_view text) {
   return text.substr(0, length);
 }
 
-// The code point of a character of up to three bytes, as all controls are; '?' for any other.
+// Returns the code point of a character of up to three bytes, which all control characters have.
+// Returns '?' for any other.
 char32_t shortCodePoint(std::string_view character) {
   const auto part = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
   if (character.size() == 1) return part(0);

@@ -1,4 +1,4 @@
-// Whom to name wherever a venue's data is shown.
+// The attribution that applications must show with a venue's data.
 #pragma once
 
 #include <string>
@@ -8,21 +8,21 @@
 
 namespace orivanta {
 
-/// What the record of a venue says about the origin of its data. Most licenses for map data require
-/// that applications show both texts near the map.
+/// The origin of a venue's data, from its record. Most licenses for map data require that
+/// applications show both texts near the map.
 struct Attribution {
-  std::string credit;   ///< the record's "attribution": the authors, with their conditions
-  std::string license;  ///< the record's "license": its name
+  std::string credit;   ///< the record's "attribution": the authors and their conditions
+  std::string license;  ///< the record's "license": the name of the license
 };
 
-/// The attribution of a venue, loaded or not. A text that is missing, or that is not a string, is
-/// empty. The texts come from the server: control characters become blanks, marks that change the
-/// direction of writing are left out, runs of blanks become one, and a text of more than 1,000
-/// bytes is cut and ends in an ellipsis. Any thread.
+/// Returns the attribution of a venue, which need not be loaded. A text is empty if it is missing
+/// or not a string. The texts come from the server, so control characters are replaced with spaces,
+/// characters that change the writing direction are removed, consecutive spaces are merged, and a
+/// text of more than 1,000 bytes is truncated and ends in an ellipsis. Thread-safe.
 ORIVANTA_API Attribution attributionOf(const Venue& venue);
 
-/// Both texts as one line, such as "© OpenStreetMap contributors · ODbL 1.0"; empty if the venue
-/// has neither. Any thread.
+/// Returns both texts as one line, such as "© OpenStreetMap contributors · ODbL 1.0". Returns an
+/// empty text if the venue has neither. Thread-safe.
 ORIVANTA_API std::string attributionText(const Venue& venue);
 
 }  // namespace orivanta

@@ -1,4 +1,4 @@
-// Dictionary operators: merging two dictionaries and looking for entries.
+// Operators for dictionaries: merging two dictionaries and finding entries.
 #pragma once
 
 #include <string>
@@ -8,7 +8,8 @@
 
 namespace orivanta {
 
-/// All entries of both; on a key of both, the value of `left`. Entries of `right` come first.
+/// Returns the entries of both. If both have a key, the value of `left` is used. Entries of `right`
+/// come first.
 template <class Value>
 Dictionary<Value> operator+(const Dictionary<Value>& left, const Dictionary<Value>& right) {
   Dictionary<Value> merged = right;
@@ -16,7 +17,8 @@ Dictionary<Value> operator+(const Dictionary<Value>& left, const Dictionary<Valu
   return merged;
 }
 
-/// Whether every entry of `wanted` is in `entries` with an equal value; true for no wanted entries.
+/// Returns whether `entries` has every entry of `wanted`, with an equal value. Returns true if
+/// `wanted` is empty.
 inline bool contains(const Dictionary<std::string>& entries,
                      const Dictionary<std::string>& wanted) {
   for (const auto& [key, value] : wanted) {

@@ -1,4 +1,4 @@
-// Dictionaries with text keys, and the collections of records made of them.
+// Dictionaries with string keys, and the collections of records.
 // Public header.
 #pragma once
 
@@ -15,23 +15,23 @@
 
 namespace orivanta {
 
-/// Hashes any text, so that a lookup needs no copy of its key. The hash differs from process to
-/// process, so that nobody can send identifiers that all collide.
+/// Hashes a text; a lookup does not copy its key. The hash differs between processes, so that a
+/// server cannot send identifiers that all collide.
 struct TextHash {
   using is_transparent = void;  ///< allows lookups without a copy of the key
 
-  /// The hash of a text.
+  /// Returns the hash of a text.
   ORIVANTA_API std::size_t operator()(std::string_view text) const;
 };
 
-/// A dictionary keyed by text that iterates in the order of insertion. Giving an existing key a
-/// new value keeps the key's place.
+/// A dictionary with string keys that iterates in the order of insertion. Assigning a new value to
+/// an existing key keeps its position.
 template <class Value>
 using Dictionary = tsl::ordered_map<std::string, Value, TextHash, std::equal_to<>,
                                     std::allocator<std::pair<std::string, Value>>,
                                     std::vector<std::pair<std::string, Value>>>;
 
-/// Records of one collection by identifier, in the order in which the web API sent them.
+/// The records of one collection by identifier, in the order of the web API.
 template <class Record>
 using Collection = Dictionary<std::shared_ptr<Record>>;
 

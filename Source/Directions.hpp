@@ -1,4 +1,4 @@
-// Directions along a route, and the route search's entry points.
+// Directions along a route, and the entry points of the route search.
 #pragma once
 
 #include <memory>
@@ -12,25 +12,25 @@
 
 namespace orivanta {
 
-/// One instruction: the node where it applies, what to do there, the places involved, the text.
+/// One instruction: the node where it applies, the action, the places and the text.
 class ORIVANTA_API Direction {
  public:
-  /// What to do.
+  /// The kind of action.
   class ORIVANTA_API Action {
    public:
     virtual ~Action() = default;
   };
 
-  /// The start of the route.
+  /// Departure at the start of the route.
   class ORIVANTA_API Departure : public Action {};
 
-  /// The end of the route.
+  /// Arrival at the end of the route.
   class ORIVANTA_API Arrival : public Action {};
 
-  /// For applications: the library itself makes no turns.
+  /// A turn. For applications only: the library does not create turns.
   class ORIVANTA_API Turn : public Action {
    public:
-    /// Which way to turn, seen in the direction of walking.
+    /// The direction of a turn, relative to the direction of walking.
     enum class Bearing {
       Left,         ///< to the left
       SlightLeft,   ///< a little to the left
@@ -54,41 +54,41 @@ class ORIVANTA_API Direction {
     const ReferencePosition referencePosition;  ///< where
   };
 
-  /// For applications: a ride between two maps. The library itself makes none.
+  /// A ride between two floors. For applications only: the library does not create one.
   class ORIVANTA_API TakeVortex : public Action {
    public:
-    /// A ride from one floor to another.
+    /// Creates a ride from one floor to another.
     TakeVortex(std::shared_ptr<Map> from, std::shared_ptr<Map> to);
 
     const std::shared_ptr<Map> fromMap;  ///< where the ride starts
     const std::shared_ptr<Map> toMap;    ///< where the ride ends
   };
 
-  /// An instruction with both places.
+  /// Creates an instruction with both places.
   Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo,
             std::shared_ptr<Location> at, std::shared_ptr<Location> towards, std::string text);
 
-  /// An instruction without a place that is headed for.
+  /// Creates an instruction without `towardsLocation`.
   Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo,
             std::shared_ptr<Location> at, std::string text);
 
-  /// An instruction without a place.
+  /// Creates an instruction without places.
   Direction(std::shared_ptr<Node> atNode, std::shared_ptr<const Action> whatToDo, std::string text);
 
   const std::shared_ptr<Node> node;                 ///< where the instruction applies
   const std::shared_ptr<const Action> action;       ///< what to do
-  const std::shared_ptr<Location> atLocation;       ///< null if no place is named
-  const std::shared_ptr<Location> towardsLocation;  ///< null if no place is headed for
-  const std::string instruction;                    ///< the text for people
+  const std::shared_ptr<Location> atLocation;       ///< may be null
+  const std::shared_ptr<Location> towardsLocation;  ///< the place to walk towards; may be null
+  const std::string instruction;                    ///< the text for users
 };
 
-/// The result of a route search. Owns the records that it names, so it stays valid after the next
-/// venue load.
+/// The result of a route search. Owns the records that it refers to, so it stays valid after the
+/// next load.
 class ORIVANTA_API Directions {
  public:
-  /// "Depart from " and the place at the first node, "Arrive at " and the place at the last; a
-  /// place that is null gives no instruction, one without a name reads "nil". Null for an empty
-  /// path.
+  /// Creates "Depart from " with the place at the first node and "Arrive at " with the place at the
+  /// last node. A null place produces no instruction; a place without a name is shown as "nil".
+  /// Returns null if the path is empty.
   static std::shared_ptr<Directions> make(const std::optional<NodeList>& path,
                                           const std::shared_ptr<Location>& departFrom = nullptr,
                                           const std::shared_ptr<Location>& arriveAt = nullptr);
@@ -97,102 +97,102 @@ class ORIVANTA_API Directions {
   std::vector<Direction> directions;  ///< the instructions, in the order of the path
 };
 
-/// Where a route starts or ends: at any of some nodes. The location, if there is one, is named in
-/// the directions.
+/// A start or an end of a route: any of several nodes. The directions name the location if there is
+/// one.
 class ORIVANTA_API RouteEnd {
  public:
-  // Not explicit, so that calls may name a location, a node or a list.
-  /// At any node of a location, which the directions name.
+  // Not explicit, so that callers can pass a location, a node or a list.
+  /// Any node of a location, which the directions name.
   RouteEnd(Location& location);  // NOLINT
 
-  /// At a node.
+  /// A single node.
   RouteEnd(Node& node, std::shared_ptr<Location> namedLocation = nullptr);  // NOLINT
 
-  /// At any of these nodes.
+  /// Any of these nodes.
   RouteEnd(NodeList nodeList, std::shared_ptr<Location> namedLocation = nullptr);  // NOLINT
 
-  NodeList nodes;                      ///< any of these
+  NodeList nodes;                      ///< the route uses any of these
   std::shared_ptr<Location> location;  ///< named in the directions; may be null
 };
 
-/// Searches a route over a graph, or over the graph of any loaded venue, active or not. Null when
-/// there is none, when either end has no nodes or when the venue has no graph. Runs on the calling
-/// thread. Any thread, several at once, also while venues are loaded.
+/// Searches a route in a graph, or in the graph of a loaded venue, which need not be active.
+/// Returns null if there is no route, if either end has no nodes or if the venue has no graph. Runs
+/// on the calling thread. Thread-safe, also while venues are being loaded.
 ///
 ///   getDirections(*venue, *shop, *cafe);
 ORIVANTA_API std::shared_ptr<Directions> getDirections(const NavigationGraph& graph,
                                                        const RouteEnd& from, const RouteEnd& to);
 
-/// As above, for other ends.
+/// Overload for a venue.
 ORIVANTA_API std::shared_ptr<Directions> getDirections(const Venue& venue, const RouteEnd& from,
                                                        const RouteEnd& to);
 
-/// Searches a route over the active venue's graph, from any of the start nodes to any of the
-/// destinations. Null when there is none, when either list is empty or when the venue has no graph.
-/// Stops the program when no venue is active.
+/// Searches a route in the active venue's graph from any of the start nodes to any of the
+/// destinations. Returns null if there is no route, if either list is empty or if the venue has no
+/// graph. Stops the program if no venue is active.
 ///
 /// The search is A* with the distance to the farthest destination as its heuristic, so with several
-/// destinations the route may not be the cheapest. Runs on the calling thread; several at once are
-/// safe as long as no load starts.
+/// destinations the route may not be the cheapest. Runs on the calling thread. Several searches may
+/// run concurrently as long as no load starts.
 ORIVANTA_API std::shared_ptr<Directions> getDirections(
     const NodeList& starts, const NodeList& destinations,
     const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 
-/// As above, from one node.
+/// Overload for one start node.
 ORIVANTA_API std::shared_ptr<Directions> getDirections(
     Node& start, const NodeList& destinations,
     const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 
-/// As above, to one node.
+/// Overload for one destination.
 ORIVANTA_API std::shared_ptr<Directions> getDirections(
     const NodeList& starts, Node& destination,
     const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 
-/// As above, from one node to another.
+/// Overload for one start node and one destination.
 ORIVANTA_API std::shared_ptr<Directions> getDirections(
     Node& start, Node& destination, const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 
-/// The route from one of several nodes to a location; see `getDirections`.
+/// Searches a route from one of several nodes to a location; see `getDirections`.
 ORIVANTA_API std::shared_ptr<Directions> directionsTo(
     const NodeList& starts, Location& location,
     const std::shared_ptr<Location>& departFrom = nullptr);
 
-/// The route from one of several nodes to a node.
+/// Searches a route from one of several nodes to a node.
 ORIVANTA_API std::shared_ptr<Directions> directionsTo(
     const NodeList& starts, Node& node, const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 
-/// The route from one of several nodes to one of several others.
+/// Searches a route from one of several nodes to one of several others.
 ORIVANTA_API std::shared_ptr<Directions> directionsTo(
     const NodeList& starts, const NodeList& nodes,
     const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 
-/// The route from a location to one of several nodes.
+/// Searches a route from a location to one of several nodes.
 ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
     const NodeList& destinations, Location& location,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 
-/// The route from a node to one of several others.
+/// Searches a route from a node to one of several others.
 ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
     const NodeList& destinations, Node& node, const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 
-/// The route from one of several nodes to one of several others.
+/// Searches a route from one of several nodes to one of several others.
 ORIVANTA_API std::shared_ptr<Directions> directionsFrom(
     const NodeList& destinations, const NodeList& nodes,
     const std::shared_ptr<Location>& departFrom = nullptr,
     const std::shared_ptr<Location>& arriveAt = nullptr);
 
-/// The same in any loaded venue.
+/// Searches a route between two ends in any loaded venue.
 ORIVANTA_API std::shared_ptr<Directions> directionsTo(const Venue& venue, const RouteEnd& from,
                                                       const RouteEnd& to);
 
-/// As above, with the ends the other way round.
+/// Like `directionsTo`, with the ends in the opposite order.
 ORIVANTA_API std::shared_ptr<Directions> directionsFrom(const Venue& venue, const RouteEnd& to,
                                                         const RouteEnd& from);
 

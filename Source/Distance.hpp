@@ -1,4 +1,4 @@
-// Straight distances between nodes, as the edges of a graph and the route search use them.
+// Straight distances between nodes, for the edges of a graph and the route search.
 #pragma once
 
 #include <optional>
@@ -9,11 +9,12 @@
 
 namespace orivanta {
 
-/// The straight distance in three dimensions, in the venue's units, without the maps' elevations.
+/// Returns the straight distance in three dimensions, in the venue's units, without the maps'
+/// elevations.
 ORIVANTA_API double getEuclideanDistance(const Node& node, const Node& destination);
 
-/// The greatest of the distances to the destinations, whatever the name says: with several
-/// destinations the search heads for the farthest. Returns nothing if the list is empty.
+/// Returns the greatest distance to any of the destinations, despite the function's name: with
+/// several destinations the search heads for the farthest. Returns nothing if the list is empty.
 ORIVANTA_API std::optional<double> getShortestEuclideanDistance(const Node& node,
                                                                 const NodeList& destinations);
 

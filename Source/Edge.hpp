@@ -11,23 +11,23 @@
 
 namespace orivanta {
 
-/// A way out of a node. Immutable. Owns its destination and its connector.
+/// An edge that leads out of a node. Immutable. Owns its destination and its connector.
 class ORIVANTA_API Edge {
  public:
-  /// A walking edge. Its length is the straight distance in three dimensions, without the maps'
-  /// elevations; its cost is that length times the destination's `multiplierWeight` plus the
+  /// Creates a walking edge. Its length is the straight distance in three dimensions, without the
+  /// maps' elevations; its cost is that length times the destination's `multiplierWeight` plus the
   /// destination's `constantWeight`.
   Edge(const Node& origin, std::shared_ptr<Node> destination);
 
-  /// A ride on a connector. Its length is 0; its cost is the difference between the maps'
-  /// elevations times the connector's `multiplierWeight` plus the connector's `constantWeight`. A
-  /// node without a map stops the program.
+  /// Creates a ride on a connector. Its length is 0; its cost is the difference between the maps'
+  /// elevations times the connector's `multiplierWeight` plus the connector's `constantWeight`.
+  /// Stops the program if a node has no map.
   Edge(const Node& origin, std::shared_ptr<Node> destination, std::shared_ptr<Vortex> vortex);
 
   const std::shared_ptr<Node>& node() const { return node_; }        ///< the destination
-  const std::shared_ptr<Vortex>& vortex() const { return vortex_; }  ///< null when walking
+  const std::shared_ptr<Vortex>& vortex() const { return vortex_; }  ///< null for a walking edge
   double distance() const { return distance_; }                      ///< in the venue's units
-  double weight() const { return weight_; }                          ///< what the search adds up
+  double weight() const { return weight_; }                          ///< the cost
 
  private:
   std::shared_ptr<Node> node_;
@@ -40,12 +40,12 @@ class ORIVANTA_API Edge {
 struct NodeIdentityHash {
   using is_transparent = void;  ///< allows lookups by plain pointer
 
-  /// The hash of the node.
+  /// Returns the hash of the node.
   std::size_t operator()(const std::shared_ptr<Node>& node) const { return (*this)(node.get()); }
 
-  /// The hash of the node.
+  /// Returns the hash of the node.
   std::size_t operator()(const Node* node) const {
-    // Addresses of one allocator differ in few bits; the multiplication spreads them.
+    // Addresses from one allocator differ in few bits; the multiplication distributes them.
     return (identityHash(node) >> 4U) * 0x9E3779B97F4A7C15U >> 7U;
   }
 };
@@ -54,7 +54,7 @@ struct NodeIdentityHash {
 struct NodeIdentityEqual {
   using is_transparent = void;  ///< allows lookups by plain pointer
 
-  /// Whether both are the same node.
+  /// Returns whether both are the same node.
   bool operator()(const auto& left, const auto& right) const {
     return address(left) == address(right);
   }

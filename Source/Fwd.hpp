@@ -1,4 +1,4 @@
-// Forward declarations of the records and of what is built from them.
+// Forward declarations of the records and of the types that use them.
 #pragma once
 
 namespace orivanta {

@@ -23,7 +23,7 @@ std::optional<std::string> parameter(const Link& link, const char* name) {
   return entry == link.parameters.end() ? std::nullopt : std::optional<std::string>(entry->second);
 }
 
-// What stands for the URI, then each parameter as name="value".
+// Returns the text for the URI, then each parameter as name="value".
 std::vector<std::string> renderedItems(std::string first,
                                        const Dictionary<std::string>& parameters) {
   std::vector<std::string> items{std::move(first)};
@@ -42,7 +42,7 @@ Link Link::fromHeader(std::string_view header) {
   Dictionary<std::string> parameters;
   for (const std::string& part : parameterParts) {
     const auto [name, value] = split("=")(part);
-    parameters.insert({name, trim({'"', '"'})(value)});  // of a repeated name the first stays
+    parameters.insert({name, trim({'"', '"'})(value)});  // a repeated name keeps the first
   }
   return Link(trim({'<', '>'})(uriPart), std::move(parameters));
 }

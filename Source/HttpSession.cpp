@@ -68,7 +68,7 @@ foundation::Result<void> checkStep(const network::UrlSession& session,
                                    const foundation::Url& next) {
   const network::UrlSessionConfiguration& configuration = session.configuration();
   if (!configuration.rules.staysSecure) return {};
-  // A redirect may lead to a URL that cannot be read. From HTTPS it led to HTTPS.
+  // A redirect may lead to a URL that cannot be parsed. A redirect from HTTPS led to HTTPS.
   const auto from = response.url ? response.url : foundation::Url::parse(configuration.identifier);
   if (!from || !network::leavesHttps(*from, next)) return {};
   return foundation::failure(network::insecureStep(*from, next));

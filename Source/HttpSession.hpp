@@ -5,16 +5,18 @@
 //       .onComplete([](Nodes nodes) { ... })
 //       .onError([](const foundation::Error& error) { ... });
 //
-// A request chain runs from its first page to the last: as long as a response carries a `Link`
-// header with the relation "next", the page that it names is requested too, and each page is folded
-// into an accumulator. A link that leads back to an earlier page is followed like any other, so a
-// server can keep a chain running for ever; whoever started it ends it by invalidating the session.
+// A request chain consists of the requests for the pages of one collection. If a response has a
+// `Link` header with the relation "next", the page that it names is requested, and each page is
+// folded into an accumulator. A link to an earlier page is followed like any other, so a server can
+// keep a chain running forever. To end such a chain, invalidate its session.
 //
-// A `Link` header with a parameter that is a single quote stops the program; see HttpLink.hpp.
+// A `Link` header with a parameter whose value is a single quote stops the program; see
+// HttpLink.hpp.
 //
-// The HTTP status plays no part: any body that is JSON is a page. The chain's callbacks run on a
-// background queue of the chain's own, one after the other, never on the caller's thread. They may
-// block without holding up other chains, also to wait for one: see SerialQueue.hpp for how many.
+// The HTTP status is ignored: any body that is valid JSON is a page. Each chain has a background
+// queue, on which its callbacks run one after the other, never on the caller's thread. Callbacks
+// may block, for example to wait for another chain, without delaying other chains; see
+// SerialQueue.hpp for the limit.
 #pragma once
 
 #include <any>
@@ -40,16 +42,16 @@
 
 namespace orivanta {
 
-/// Collects the bytes of the current request and reports how it ended.
+/// Collects the body of the current request and reports its result.
 class ORIVANTA_API CustomUrlSessionDelegate : public network::UrlSessionDelegate {
  public:
-  /// The body is the delegate's own buffer: what is to outlive the call is copied.
+  /// `body` is the delegate's buffer; copy what must remain valid after the call.
   using SuccessCallback = std::function<void(const network::HttpUrlResponse&, std::string& body)>;
 
   /// Receives the error that ended a request.
   using ErrorCallback = std::function<void(const foundation::Error&)>;
 
-  /// A delegate with callbacks, each of which may be empty.
+  /// Creates a delegate with these callbacks, each of which may be empty.
   CustomUrlSessionDelegate(SuccessCallback success, ErrorCallback error);
 
   SuccessCallback onSuccess;  ///< called for each complete body
@@ -59,7 +61,7 @@ class ORIVANTA_API CustomUrlSessionDelegate : public network::UrlSessionDelegate
   void didReceiveData(std::string_view bytes) override;
   void didComplete(const network::HttpUrlResponse& response,
                    const std::optional<foundation::Error>& error) override;
-  /// Reports the error, if there is one.
+  /// Reports the error if there is one.
   void didBecomeInvalid(const std::optional<foundation::Error>& error) override;
   /// Writes the diagnostic line "finishedeventsforbackgroundsession".
   void didFinishBackgroundEvents() override;
@@ -67,11 +69,11 @@ class ORIVANTA_API CustomUrlSessionDelegate : public network::UrlSessionDelegate
 
 namespace detail {
 
-/// Holds a session's reports back from the start of a chain until the last handle to the chain is
-/// gone, so that an answer that comes at once still finds every callback in place.
+/// Suspends the reports of a session from the start of a chain until the last handle to the chain
+/// is destroyed, so that a response that arrives immediately finds all callbacks set.
 class DeliveryHold {
  public:
-  /// Suspends the delivery of a session, which may be null.
+  /// Suspends the reports of a session, which may be null.
   explicit DeliveryHold(std::shared_ptr<network::UrlSession> session);
   ~DeliveryHold();
   DeliveryHold(const DeliveryHold&) = delete;
@@ -89,9 +91,9 @@ struct ChainLinks {
   std::shared_ptr<CustomUrlSessionDelegate> sessionDelegate;
 };
 
-/// What the copies of a handle share and the chain itself does not keep.
+/// State that the copies of a handle share and that the chain does not keep.
 struct ORIVANTA_API ChainHandle {
-  /// Holds the reports of the session.
+  /// Suspends the reports of the session.
   explicit ChainHandle(const ChainLinks& links);
 
   DeliveryHold hold;  ///< of the session
@@ -100,13 +102,14 @@ struct ORIVANTA_API ChainHandle {
   std::shared_ptr<CustomUrlSessionDelegate> sessionDelegate;
 };
 
-/// A session of its own for a chain that begins at `url`, and its delegate without callbacks.
+/// Creates a session for a chain that begins at `url`, and its delegate without callbacks.
 ORIVANTA_API ChainLinks chainLinks(const foundation::Url& url, const std::string& authString,
                                    const std::string& language,
                                    const network::TransferOptions& options);
 ORIVANTA_API std::optional<foundation::Url> nextPage(const network::HttpUrlResponse& response);
-/// Fails if the session's rules forbid to go on to that page. A response without a URL counts as
-/// one from the session's identifier, which for `chainLinks` is the chain's first URL.
+/// Fails if the rules of the session forbid the step to the page `next`. If the response has no
+/// URL, the step starts from the session's identifier, which `chainLinks` sets to the chain's first
+/// URL.
 ORIVANTA_API foundation::Result<void> checkStep(const network::UrlSession& session,
                                                 const network::HttpUrlResponse& response,
                                                 const foundation::Url& next);
@@ -114,16 +117,16 @@ ORIVANTA_API foundation::Error invalidJson();
 
 }  // namespace detail
 
-/// A handle to one request chain whose pages are folded into a `T`. Copies refer to the same chain.
-/// While any handle exists the chain's results wait; in the usual form, one expression, it is
-/// complete when the expression ends.
+/// A handle to one request chain whose pages are folded into a `T`. While any handle exists, the
+/// results of the chain wait. In the usual form, a single expression, the callbacks are set when
+/// the expression ends.
 ///
-/// The properties belong to the chain: copies of the handle refer to the same ones. One thread at a
-/// time reads and writes them.
+/// The properties belong to the chain: copies of a handle refer to the same chain and the same
+/// properties. Only one thread at a time may access them.
 template <class T>
 class HttpResponse {
  public:
-  /// Makes the new accumulator from the old one and a page.
+  /// Returns the new accumulator for the old one and a page.
   using PageCallback = std::function<T(T accumulated, const RawData& page)>;
 
   /// Receives the accumulator after the last page.
@@ -132,38 +135,38 @@ class HttpResponse {
   /// Receives the error that ended a request.
   using ErrorCallback = std::function<void(const foundation::Error&)>;
 
-  /// Receives the head of a response and the size of its body.
+  /// Receives the status and header fields of a response and the size of its body.
   using ResponseCallback =
       std::function<void(const network::HttpUrlResponse& response, std::size_t bodyBytes)>;
 
-  /// Starts a chain at `url`. Each of its requests carries the values of "Authorization" and
-  /// "Accept-Language" and keeps to the rules, and so does the step from page to page. Canceling
-  /// the options' token ends the chain without a callback.
+  /// Starts a chain at `url`. Each request carries the values of "Authorization" and
+  /// "Accept-Language" and obeys the transfer rules, as does each step from page to page. Canceling
+  /// the token in the options ends the chain without a callback.
   HttpResponse(const foundation::Url& url, const std::string& authString,
                const std::string& language, const network::TransferOptions& options = {})
       : HttpResponse(detail::chainLinks(url, authString, language, options)) {
     session->startDataTask(url);
   }
 
-  /// Takes over the reports of `delegate`, which is that of `chainSession`. Starts no request. Null
-  /// for either stops the program.
+  /// Sets the callbacks of `delegate`, which must be the delegate of `chainSession`. Starts no
+  /// request. Stops the program if either is null.
   HttpResponse(std::shared_ptr<network::UrlSession> chainSession,
                std::shared_ptr<CustomUrlSessionDelegate> delegate)
       : HttpResponse(detail::ChainLinks{std::move(chainSession), std::move(delegate)}) {}
 
-  /// Runs the chain; `invalidateAndCancel` on it ends the chain without a callback.
+  /// The session that runs the chain. Its `invalidateAndCancel` ends the chain without a callback.
   std::shared_ptr<network::UrlSession>& session;
-  /// Whose reports `onPage` takes over.
+  /// The delegate whose reports `onPage` receives.
   std::shared_ptr<CustomUrlSessionDelegate>& sessionDelegate;
-  PageCallback& pageCallback;          ///< makes the new accumulator from the old one and a page
+  PageCallback& pageCallback;          ///< returns the new accumulator
   CompleteCallback& completeCallback;  ///< see `onComplete`
   ErrorCallback& errorCallback;        ///< see `onError`
-  /// The pages folded so far, but for the last one. Without it or without `pageCallback` the last
-  /// page ends the chain without a callback, and the session stays valid.
+  /// The result of all pages so far except the last one. If this or `pageCallback` is not set, the
+  /// chain ends with the last page without a callback, and the session stays valid.
   std::optional<T>& pageBuffer;
 
-  /// Moves the chain to an accumulator of type `U`. Handles of the former type keep the results
-  /// waiting, but receive nothing any more.
+  /// Moves the chain to an accumulator of type `U`. Handles of the previous type still delay the
+  /// results, but receive none.
   template <class U>
   HttpResponse<U> onPage(U initial, typename HttpResponse<U>::PageCallback callback) const {
     HttpResponse<U> response(session, sessionDelegate);
@@ -172,30 +175,31 @@ class HttpResponse {
     return response;
   }
 
-  /// Receives the accumulator once, after the last page, which is not folded for nobody.
+  /// Sets the callback that receives the accumulator once, after the last page. Without it, the
+  /// last page is not folded.
   const HttpResponse& onComplete(CompleteCallback callback) const {
     completeCallback = std::move(callback);
     return *this;
   }
 
-  /// Receives the error that ended the chain: the transport's own, domain "" and code 1 for a body
-  /// that is no JSON, or domain "memory" if a page does not fit into memory (code 1) or into the
-  /// budget (code 2, or 3 if another chain has exceeded it before). `onComplete` is not called
-  /// then.
+  /// Sets the callback that receives the error that ended the chain: the error of the transport;
+  /// domain "" and code 1 if a body is not valid JSON; or domain "memory" if a page does not fit
+  /// into memory (code 1) or into the budget (code 2, or 3 if another chain exceeded the budget
+  /// before). `onComplete` is not called in this case.
   const HttpResponse& onError(ErrorCallback callback) const {
     errorCallback = std::move(callback);
     return *this;
   }
 
-  /// Receives the head of every response before its body is read, whatever its status.
+  /// Sets the callback that receives each response, with any status, before its body is parsed.
   const HttpResponse& onResponse(ResponseCallback callback) const {
     state_->responseCallback = std::move(callback);
     return *this;
   }
 
  private:
-  // Kept alive by the delegate's callbacks, and so by the session until that is invalidated. It
-  // must not own the delegate, or the two would keep each other.
+  // The delegate's callbacks own the state, and the session owns the delegate until it is
+  // invalidated. The state must not own the delegate, because that would be an ownership cycle.
   struct State {
     explicit State(std::shared_ptr<network::UrlSession> chainSession)
         : session(std::move(chainSession)) {}
@@ -207,7 +211,7 @@ class HttpResponse {
     ErrorCallback errorCallback;
     ResponseCallback responseCallback;
     std::optional<T> pageBuffer;
-    std::weak_ptr<detail::ChainHandle> handle;  // expired once no handle shows the properties
+    std::weak_ptr<detail::ChainHandle> handle;  // expired when no handle exists
 
     void success(const network::HttpUrlResponse& response, std::string& body);
     void error(const foundation::Error& failure);
@@ -243,30 +247,31 @@ class HttpResponse {
   std::shared_ptr<detail::ChainHandle> handle_;
 };
 
-/// The API root, the credentials and the language of all requests. Immutable; any thread.
+/// The API root, the credentials and the language of all requests. Immutable and thread-safe.
 class ORIVANTA_API HttpSession {
  public:
-  /// A root that is no URL leaves requests without a base. An absent user name, password or
-  /// language stops the program. Without a transport requests use the default one.
+  /// If `root` is not a valid URL, requests have no base URL. Stops the program if the user name,
+  /// the password or the language is absent. If `transport` is null, requests use the default
+  /// transport.
   HttpSession(std::string_view rootText, const std::optional<std::string>& username,
               const std::optional<std::string>& password,
               const std::optional<std::string>& languages,
               std::shared_ptr<network::UrlTransport> transportToUse = nullptr);
 
-  /// The API root; nothing if it is no URL.
+  /// The API root; absent if it is not a valid URL.
   const std::optional<foundation::Url> root;
   const std::string authString;                            ///< the value of "Authorization"
   const std::string language;                              ///< the value of "Accept-Language"
   const std::shared_ptr<network::UrlTransport> transport;  ///< null for the default transport
 
-  /// Starts a request for `path`, resolved against the root, with the parameters as its query. A
-  /// path that is no URL reference stops the program. Every request of the chain follows the
-  /// options; the budget of their rules also pays for the documents of the pages. Without a
-  /// transport there the session's is used.
+  /// Starts a request for `path`, resolved against the root, with the parameters as its query.
+  /// Stops the program if `path` is not a valid URL reference. The options apply to all requests of
+  /// the chain; the budget of their rules also covers the parsed pages. If the options have no
+  /// transport, the session's is used.
   HttpResponse<std::any> get(std::string_view path, const Dictionary<std::string>& parameters = {},
                              network::TransferOptions options = {}) const;
 
-  /// The same GET request without a query and without a body, whatever the parameters.
+  /// Sends the same GET request without a query and without a body; the parameters are ignored.
   HttpResponse<std::any> post(std::string_view path,
                               const Dictionary<std::string>& parameters = {}) const;
 
@@ -288,7 +293,7 @@ void HttpResponse<T>::State::success(const network::HttpUrlResponse& response, s
   if (finished && completeCallback) completeCallback(std::move(*finished));
 }
 
-// The accumulator, if this was the last page and somebody waits for it.
+// Returns the accumulator if this was the last page and `completeCallback` is set.
 template <class T>
 std::optional<T> HttpResponse<T>::State::takePage(const network::HttpUrlResponse& response,
                                                   std::string& body) {
@@ -304,7 +309,7 @@ std::optional<T> HttpResponse<T>::State::takePage(const network::HttpUrlResponse
       error(step.error());
       return std::nullopt;
     }
-    session->startDataTask(*next);  // fetched while this page is folded
+    session->startDataTask(*next);  // the transfer runs while this page is folded
     foldPage(*page);
     return std::nullopt;
   }
@@ -314,7 +319,7 @@ std::optional<T> HttpResponse<T>::State::takePage(const network::HttpUrlResponse
   return std::optional<T>(pageCallback(lastBuffer(), *page));
 }
 
-// `pageBuffer` keeps its value if a handle still shows it.
+// `pageBuffer` keeps its value if a handle still exists.
 template <class T>
 T HttpResponse<T>::State::lastBuffer() {
   if constexpr (std::is_copy_constructible_v<T>)

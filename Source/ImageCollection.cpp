@@ -47,7 +47,7 @@ ImageCollection::ImageCollection(foundation::Url original,
     : original_(std::move(original)), collection_(std::move(collection)) {}
 
 std::size_t ImageCollection::memory() const {
-  constexpr std::size_t heapBytes = 64;  // of each part, for the heap and the links between them
+  constexpr std::size_t heapBytes = 64;  // per part, for the heap and the pointers
   std::size_t bytes = sizeof(ImageCollection) + heapBytes + original_.absoluteString().size();
   for (const auto& [pixels, url] : collection_)
     bytes += sizeof(url) + 2 * heapBytes + url.absoluteString().size();

@@ -1,4 +1,4 @@
-// What a load tells an application: how far it is, what came of it, and what failed and why.
+// Reports of a load to an application: its progress, its result and its failures.
 #pragma once
 
 #include <cstddef>
@@ -13,38 +13,38 @@
 
 namespace orivanta {
 
-/// How far a load is.
+/// The progress of a load.
 struct LoadProgress {
   std::size_t collectionsDone = 0;  ///< collections that are complete or have failed
   std::size_t collections = 0;      ///< collections of the whole load
-  std::size_t pages = 0;            ///< pages received so far
-  std::size_t bytes = 0;            ///< of the pages' bodies
+  std::size_t pages = 0;            ///< received so far
+  std::size_t bytes = 0;            ///< total size of the bodies of these pages
 };
 
-/// Why a collection could not be loaded.
+/// The reason why a collection could not be loaded.
 enum class LoadProblem {
-  noAnswer,     ///< the server cannot be reached, or the connection broke
-  refused,      ///< HTTP status 401 or 403: it is about the user name and password
-  notFound,     ///< 404
-  otherStatus,  ///< any other that is no success
-  unusable,     ///< the answer is no JSON, or does not fit into memory
+  noAnswer,     ///< the server is not reachable, or the connection was lost
+  refused,      ///< HTTP status 401 or 403: wrong credentials, or no access with them
+  notFound,     ///< HTTP status 404
+  otherStatus,  ///< any other HTTP status that is not a success
+  unusable,     ///< the response is not valid JSON or does not fit into memory
   insecure,     ///< a link or a redirect leads from HTTPS to HTTP
-  endless,      ///< its pages run in a circle, are too many, or come too slowly
-  tooLarge      ///< the load takes more memory than it may
+  endless,      ///< the pages form a cycle, are too many or arrive too slowly
+  tooLarge      ///< the load exceeds its memory budget
 };
 
-/// Whether the load was given up for this problem.
+/// Returns whether this problem ends the load.
 constexpr bool endsLoad(LoadProblem problem) {
   return problem == LoadProblem::endless || problem == LoadProblem::tooLarge;
 }
 
-/// A collection that counts as empty although the server may have something in it.
+/// A collection that failed and counts as empty.
 struct LoadFailure {
-  /// The resource's name in the API, such as "node"; "venue" for the venue as a whole.
+  /// The name of the resource in the API, such as "node", or "venue" for the whole venue.
   std::string collection;
   LoadProblem problem = LoadProblem::noAnswer;  ///< the kind of failure
-  int statusCode = 0;                           ///< of the latest page; 0 when there was none
-  std::string reason;  ///< a sentence with the URL, for people, without a full stop
+  int statusCode = 0;  ///< HTTP status of the latest page; 0 if there was none
+  std::string reason;  ///< a sentence for users, with the URL and without a final period
 };
 
 /// The result of `loadVenuesReporting`.
@@ -58,35 +58,35 @@ struct VenueLoadReport {
   std::shared_ptr<Venue> venue;       ///< the venue of the load
   std::vector<LoadFailure> failures;  ///< at most one for each collection
 
-  /// False when the load was given up (see `endsLoad`): then the venue has none of its collections.
-  /// A failure of another kind leaves one empty.
+  /// False if the load was ended early (see `endsLoad`); the venue then has no collections. Any
+  /// other failure leaves one collection empty.
   bool complete = true;
 };
 
-/// What a load calls, one call at a time. Any of the fields may be empty:
+/// The callbacks of a load, called one at a time. Each field may be empty.
 ///
 ///   loadVenueReporting(session, venue, true, {.ended = show, .executor =
 ///   foundation::mainQueue::async});
 template <class Report>
 struct LoadHandlers {
-  /// Called at the start, with each page and with the end of each collection.
+  /// Called at the start, for each page and at the end of each collection.
   std::function<void(const LoadProgress& progress)> progressed = nullptr;
 
   /// Called once, at the end. Not called after `cancel`.
   std::function<void(Report report)> ended = nullptr;
 
-  /// Where both are called. Without one they are called on a background thread.
+  /// Calls the handlers. If empty, they are called on a background thread.
   foundation::Executor executor = nullptr;
 };
 
-/// A load under way. Letting go of the handle does not end it.
+/// A handle to a running load. Destroying the handle does not end the load.
 class ORIVANTA_API LoadHandle {
  public:
   virtual ~LoadHandle() = default;
 
-  /// Ends the requests. Once this has returned, no handler is called any more, except one that is
-  /// running on another thread, and no venue is changed: the next load may start. Any thread, also
-  /// from a handler.
+  /// Ends the requests. After it returns, no handler is called, except one that is already running
+  /// on another thread, and no venue is changed; the next load may start. Thread-safe; may be
+  /// called from a handler.
   virtual void cancel() = 0;
 };
 

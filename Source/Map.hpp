@@ -20,7 +20,7 @@ class Node;
 /// One floor of a venue.
 class ORIVANTA_API Map {
  public:
-  /// Needs a text under "id"; null without it.
+  /// Returns null if there is no string under "id".
   static std::shared_ptr<Map> make(const RawData& data);
   Map(RecordToken, const RawData& data);  ///< for `make`
   Map(const Map&) = delete;
@@ -35,7 +35,7 @@ class ORIVANTA_API Map {
   std::optional<foundation::Url> mtl;  ///< its material library
   const IdentityHash hashValue;        ///< by identity
 
-  /// The floor's model, one child for each material. Null until a map view has loaded it.
+  /// The floor's model, with one child per material. Null until a map view has loaded it.
   std::shared_ptr<scene::Node> mapObject;
 
   friend bool operator==(const Map& left, const Map& right) {
@@ -48,6 +48,6 @@ class ORIVANTA_API Map {
 /// Hash of a floor, by identity.
 template <>
 struct std::hash<orivanta::Map> {
-  /// The hash.
+  /// Returns the hash.
   std::size_t operator()(const orivanta::Map& map) const { return map.hashValue; }
 };

@@ -20,21 +20,21 @@ namespace orivanta {
 
 namespace {
 
-// A connector of n nodes has n * n edges: the bound keeps a hostile venue from taking all memory.
+// A connector of n nodes has n * n edges: the limit keeps a hostile venue from using all memory.
 constexpr std::size_t mostConnectorEdges = std::size_t{1} << 24U;
 
-// Enough for their walks through memory to overlap, few enough to stay in the cache.
+// Enough for their memory accesses to overlap, and few enough to stay in the cache.
 constexpr std::size_t nodesAtOnce = 64;
 
-// Neighbors are mostly near each other in the list: a thread that takes many blocks in a row
-// seldom counts owners of a node that another thread is counting too.
+// Neighbors are usually near each other in the list: a thread that processes many consecutive
+// blocks rarely changes the reference count of a node that another thread uses too.
 constexpr std::size_t blocksInARow = 16;
 
-// A node's row and its place in the table, both also in the block or the list they come from; its
-// slots and its hash in the index of nodes.
+// A node's row and its entry in the table, both also in the block or the list that they come from,
+// and its slots and its hash in the index of nodes.
 constexpr std::size_t bytesPerNode = 128;
 
-// A connector edge in a list that grows by doubling.
+// A connector edge in a list that doubles its capacity when it grows.
 constexpr std::size_t bytesPerConnectorEdge = 2 * sizeof(Edge);
 
 using Budget = std::shared_ptr<foundation::MemoryBudget>;
@@ -43,7 +43,7 @@ void pay(const Budget& budget, std::size_t bytes) {
   if (budget) budget->take(bytes);
 }
 
-// The edges out of each of some nodes of a collection, in the order of their paths.
+// Returns the edges of several nodes of a collection, in the order of their paths.
 EdgeTable::Block walkingEdges(
     std::span<const std::pair<std::string, std::shared_ptr<Node>>> origins, const NodeIndex& index,
     const Budget& budget) {

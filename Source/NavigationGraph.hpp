@@ -1,4 +1,4 @@
-// The walking network of a venue as a directed graph with weights.
+// The navigation graph of a venue: directed, with weights.
 #pragma once
 
 #include <tsl/ordered_map.h>
@@ -21,38 +21,39 @@ namespace orivanta {
 class EdgeTable;
 class CompactGraph;
 
-/// Built once per loaded venue and not changed by the library afterwards. Reading from several
-/// threads at once is safe; `setGraph` is not safe beside readers.
+/// Built once per loaded venue and not changed by the library afterwards. Several threads may read
+/// it concurrently; `setGraph` must not be called concurrently with readers.
 class ORIVANTA_API NavigationGraph {
  public:
-  /// The edges out of each node that has any, walking edges first.
+  /// Maps each node that has outgoing edges to these edges, walking edges first.
   using Adjacency =
       tsl::ordered_map<std::shared_ptr<Node>, std::vector<Edge>, NodeIdentityHash,
                        NodeIdentityEqual,
                        std::allocator<std::pair<std::shared_ptr<Node>, std::vector<Edge>>>,
                        std::vector<std::pair<std::shared_ptr<Node>, std::vector<Edge>>>>;
 
-  /// Walking edges come from each node's "paths"; unknown identifiers are passed over, duplicates
-  /// and loops are kept. Then each vortex joins all its nodes with one another, each with itself
-  /// too. With `accessible`, the first vortex that is not accessible ends the vortices altogether,
-  /// so hand the accessible ones over first. A vortex that would bring the connector edges beyond
-  /// 16,777,216 contributes none, and a diagnostic line says so. `budget`, if there is one, pays
-  /// for the edges; throws `std::bad_alloc` if it or the memory does not suffice.
+  /// Walking edges come from each node's "paths"; unknown identifiers are skipped, duplicates and
+  /// loops are kept. Then each vortex connects each of its nodes with all of them, including
+  /// itself. If `accessible` is true, the first vortex that is not accessible ends this step, so
+  /// pass the accessible ones first. A vortex that would increase the number of connector edges
+  /// beyond 16,777,216 is skipped, with a diagnostic line. The edges count against `budget`, which
+  /// may be null. Throws `std::bad_alloc` if the budget or the memory is not sufficient.
   NavigationGraph(const Collection<Node>& nodes, const Collection<Vortex>& vortices,
                   bool accessible,
                   const std::shared_ptr<foundation::MemoryBudget>& budget = nullptr);
   ~NavigationGraph();
 
-  /// The edges out of a node, in order; empty for a node without any. Valid until `setGraph`.
+  /// Returns the edges of a node, in order. Returns an empty span if there are none. Valid until
+  /// `setGraph`.
   std::span<const Edge> operator[](const Node& node) const;
 
-  /// All of them as a dictionary, copied on first use; valid until `setGraph`.
+  /// Returns all edges as a dictionary, copied on first use. Valid until `setGraph`.
   const Adjacency& graph() const;
 
   /// Replaces all edges.
   void setGraph(Adjacency graph);
 
-  /// The same graph in the form that the route search walks, made on first use.
+  /// Returns the same graph in the form that the route search uses. Created on first use.
   std::shared_ptr<const CompactGraph> compactGraph() const;
 
  private:
@@ -62,7 +63,7 @@ class ORIVANTA_API NavigationGraph {
                          const std::shared_ptr<foundation::MemoryBudget>& budget);
 
   std::unique_ptr<EdgeTable> edges_;
-  mutable std::mutex formsMutex_;  // for the two that are made on first use
+  mutable std::mutex formsMutex_;  // guards the two forms that are created on first use
   mutable std::unique_ptr<const Adjacency> graph_;
   mutable std::shared_ptr<const CompactGraph> compact_;
 };

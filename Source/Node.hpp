@@ -1,4 +1,4 @@
-// A point of the venue's walking network: a position on one map.
+// A point of the navigation graph: a position on one floor.
 #pragma once
 
 #include <functional>
@@ -14,10 +14,10 @@
 
 namespace orivanta {
 
-/// Owns its map. Its walking links stay in `_data` under "paths", for the navigation graph.
+/// Owns its map. The navigation graph reads its walking edges from `_data`, under "paths".
 class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
  public:
-  /// Needs a text under "id" and numbers under "x" and "y"; null without them.
+  /// Returns null unless there are a string under "id" and numbers under "x" and "y".
   static std::shared_ptr<Node> make(const RawData& data);
   Node(RecordToken, const RawData& data);  ///< for `make`
   Node(const Node&) = delete;
@@ -37,40 +37,39 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
     return left.hashValue == right.hashValue;
   }
 
-  /// The route to a location. Like the following, searches the graph of the active venue as
-  /// `getDirections` does. Null if there is no route.
+  /// Searches a route to a location. Like the following members, searches the graph of the active
+  /// venue as `getDirections` does. Returns null if there is no route.
   std::shared_ptr<Directions> directionsTo(Location& location,
                                            const std::shared_ptr<Location>& departFrom = nullptr);
 
-  /// The route to another node.
+  /// Searches a route to another node.
   std::shared_ptr<Directions> directionsTo(Node& node,
                                            const std::shared_ptr<Location>& departFrom = nullptr,
                                            const std::shared_ptr<Location>& arriveAt = nullptr);
 
-  /// The route to one of several nodes.
+  /// Searches a route to one of several nodes.
   std::shared_ptr<Directions> directionsTo(const NodeList& nodes,
                                            const std::shared_ptr<Location>& departFrom = nullptr,
                                            const std::shared_ptr<Location>& arriveAt = nullptr);
 
-  /// The route from a location.
+  /// Searches a route from a location.
   std::shared_ptr<Directions> directionsFrom(Location& location,
                                              const std::shared_ptr<Location>& arriveAt = nullptr);
 
-  /// The route from another node.
+  /// Searches a route from another node.
   std::shared_ptr<Directions> directionsFrom(Node& node,
                                              const std::shared_ptr<Location>& departFrom = nullptr,
                                              const std::shared_ptr<Location>& arriveAt = nullptr);
 
-  /// The route from one of several nodes.
+  /// Searches a route from one of several nodes.
   std::shared_ptr<Directions> directionsFrom(const NodeList& nodes,
                                              const std::shared_ptr<Location>& departFrom = nullptr,
                                              const std::shared_ptr<Location>& arriveAt = nullptr);
 
-  // The same in any loaded venue, active or not.
-  /// The route to another end in any loaded venue, active or not. Null if there is no route.
+  /// Searches a route to another end in any loaded venue. Returns null if there is no route.
   std::shared_ptr<Directions> directionsTo(const Venue& venue, const RouteEnd& to);
 
-  /// The route from another end in any loaded venue, active or not. Null if there is no route.
+  /// Searches a route from another end in any loaded venue. Returns null if there is no route.
   std::shared_ptr<Directions> directionsFrom(const Venue& venue, const RouteEnd& from);
 };
 
@@ -79,6 +78,6 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
 /// Hash of a node, by identity.
 template <>
 struct std::hash<orivanta::Node> {
-  /// The hash.
+  /// Returns the hash.
   std::size_t operator()(const orivanta::Node& node) const { return node.hashValue; }
 };

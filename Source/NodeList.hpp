@@ -1,4 +1,4 @@
-// A list of nodes: the stops of a record, the ends of a search, a path.
+// A list of nodes: the nodes of a record, the ends of a search or a path.
 // Public header.
 #pragma once
 

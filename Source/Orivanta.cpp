@@ -13,7 +13,7 @@ namespace orivanta {
 
 namespace {
 
-// Requests the six collections and hands each answer to the load, one at a time.
+// Requests the six collections and passes each response to the load, one at a time.
 void startRequests(const WebApiSession& session, const std::string& slug,
                    const std::shared_ptr<VenueLoad>& load) {
   const auto queue = foundation::SerialQueue::make();
@@ -32,7 +32,7 @@ void startRequests(const WebApiSession& session, const std::string& slug,
   session.polygons(slug, receiver(&CollectionDictionary::polygons));
 }
 
-// Takes out what the venue to be filled holds, and says how it will be filled.
+// Clears the venue, or the previously active one, and returns the function that fills the venue.
 Publish prepare(const WebApiSession& session, const std::shared_ptr<Venue>& venue) {
   if (session.fillsActiveVenue()) {
     makeActive(venue);

@@ -1,4 +1,4 @@
-// A clickable area of a map's 3D scene, with the nodes that serve as its entrances.
+// An area of a floor's 3D scene that can be tapped, with the nodes that are its entrances.
 #pragma once
 
 #include <functional>
@@ -14,10 +14,10 @@
 
 namespace orivanta {
 
-/// Owns its map and entrances. Its locations own it, so the links to them do not own.
+/// Owns its map and entrances. Locations own their polygons, so `locations` holds weak references.
 class ORIVANTA_API Polygon {
  public:
-  /// Needs a text under "id"; null without it.
+  /// Returns null if there is no string under "id".
   static std::shared_ptr<Polygon> make(const RawData& data);
   Polygon(RecordToken, const RawData& data);  ///< for `make`
   Polygon(const Polygon&) = delete;
@@ -40,6 +40,6 @@ class ORIVANTA_API Polygon {
 /// Hash of a polygon, by identity.
 template <>
 struct std::hash<orivanta::Polygon> {
-  /// The hash.
+  /// Returns the hash.
   std::size_t operator()(const orivanta::Polygon& polygon) const { return polygon.hashValue; }
 };

@@ -1,5 +1,5 @@
-// What all records have in common: they are built by `make`, held by shared handles and compared
-// by identity.
+// The common properties of all records: they are created by `make`, held by shared pointers and
+// compared by identity.
 #pragma once
 
 #include <cstdint>
@@ -11,10 +11,11 @@
 
 namespace orivanta {
 
-/// Keys of members of a JSON object.
+/// Keys of the members of a JSON object.
 using RecordKeys = std::initializer_list<std::string_view>;
 
-/// Proof that a record is being built by `makeRecord`, the only one who can create it.
+/// Restricts the constructors of records to `makeRecord`, the only function that can create a
+/// token.
 class RecordToken {
   RecordToken() = default;
   template <class Record>
@@ -22,25 +23,24 @@ class RecordToken {
                                             RecordKeys numbers);
 };
 
-/// Whether there is a text under each of the keys.
+/// Returns whether there is a string under each of the keys.
 bool hasTexts(const RawData& data, RecordKeys keys);
 
-/// Whether there is a number under each of the keys.
+/// Returns whether there is a number under each of the keys.
 bool hasNumbers(const RawData& data, RecordKeys keys);
 
-/// The record, or null if a text or a number that it cannot do without is missing or of the wrong
-/// kind. They are looked for first, because a million elements that form no record would take
-/// seconds if each of them threw an exception.
+/// Creates a record. Returns null if a required string or number is missing or of the wrong kind.
+/// These are checked first because exceptions for a million invalid elements would take seconds.
 template <class Record>
 std::shared_ptr<Record> makeRecord(const RawData& data, RecordKeys texts, RecordKeys numbers) {
   if (!hasTexts(data, texts) || !hasNumbers(data, numbers)) return nullptr;
   return std::make_shared<Record>(RecordToken(), data);
 }
 
-/// A number that no other living record shares.
+/// Returns a number that is unique among the existing records.
 using IdentityHash = std::uintptr_t;
 
-/// The hash of a record, of its address.
+/// Returns the hash of a record's address.
 inline IdentityHash identityHash(const void* record) {
   return reinterpret_cast<IdentityHash>(record);
 }

@@ -1,4 +1,4 @@
-// The routes of nodes and locations: members that Node.hpp and Location.hpp declare. They are
+// The route searches of nodes and locations, which Node.hpp and Location.hpp declare. They are
 // defined here so that the records do not depend on the route search.
 #include "Source/Directions.hpp"
 #include "Source/Location.hpp"

@@ -1,4 +1,4 @@
-// About how many bytes a record takes with its place in a collection, the JSON aside.
+// The approximate memory of a record and its entry in a collection, without its JSON.
 // Private header.
 #pragma once
 
@@ -17,13 +17,13 @@
 
 namespace orivanta {
 
-/// What a collection adds for each record: the pair of key and handle, twice while the collection
-/// grows, a bucket, and the counts of owners.
+/// The bytes that a collection adds per record: the pair of key and handle, twice while the
+/// collection grows, a bucket, and the reference counts.
 constexpr std::size_t collectionEntryBytes = 160;
 
-/// What a text takes beside its object.
+/// Returns the bytes that a text uses outside its object.
 inline std::size_t memoryOf(const std::string& text) {
-  constexpr std::size_t kept = 15;  // inside the object
+  constexpr std::size_t kept = 15;  // characters stored inside the object
   constexpr std::size_t heapBytes = 24;
   return text.size() <= kept ? 0 : text.size() + heapBytes;
 }
@@ -40,7 +40,7 @@ inline std::size_t memoryOf(const std::shared_ptr<const ImageCollection>& images
   return images ? images->memory() : 0;
 }
 
-// What the records have beside their objects and identifiers.
+// The bytes that a record uses in addition to its object and its identifiers.
 
 inline std::size_t contentsOf(const Node&) { return 0; }
 inline std::size_t contentsOf(const Polygon&) { return 0; }

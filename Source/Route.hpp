@@ -1,4 +1,4 @@
-// What a route search finds.
+// The result of a route search.
 // Public header.
 #pragma once
 
@@ -8,11 +8,11 @@
 
 namespace orivanta {
 
-/// What a search found, and what it took.
+/// The path that a search found, and its cost.
 struct Route {
   NodeList path;           ///< start node first
-  double cost;             ///< the search's cost at the goal, in the graph's weights
-  std::size_t takenNodes;  ///< nodes taken from the frontier, the goal included
+  double cost;             ///< the cost of the search at the destination, in the graph's weights
+  std::size_t takenNodes;  ///< nodes taken from the frontier, including the destination
 };
 
 }  // namespace orivanta

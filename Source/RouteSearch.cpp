@@ -13,7 +13,7 @@ namespace orivanta {
 
 namespace {
 
-// The search as it is defined, node by node: for graphs that the compact form does not cover.
+// The reference search over nodes, for graphs that the compact form does not support.
 std::optional<Route> searchByDefinition(const NodeList& nodes, const NodeList& destinations,
                                         const NavigationGraph& graph) {
   PriorityQueue<std::shared_ptr<Node>, double> frontier;

@@ -1,5 +1,5 @@
-// The route search: A* over a navigation graph (Hart, Nilsson and Raphael, 1968), with a frontier
-// that settles ties and requeueing in its own way.
+// The route search: A* over a navigation graph (Hart, Nilsson and Raphael, 1968). Its frontier has
+// special rules for ties and for nodes that are queued again.
 #pragma once
 
 #include <optional>
@@ -12,17 +12,18 @@
 
 namespace orivanta {
 
-/// The route from any of the start nodes to any of the destinations; nothing when either list is
-/// empty or no destination can be reached. Deterministic: the same lists and graph give the same
-/// path, ties included. Any thread; several searches of one graph may run at once.
+/// Searches a route from any of the start nodes to any of the destinations. Returns nothing if
+/// either list is empty or no destination can be reached. Deterministic: the same lists and graph
+/// give the same path, including ties. Thread-safe; several searches of one graph may run
+/// concurrently.
 ///
-/// Positions of the graph's nodes are those at the first search; `setGraph` has them read again.
-/// Lists may name nodes that the graph does not have.
+/// The positions of the nodes are read at the first search and again after `setGraph`. The lists
+/// may contain nodes that are not in the graph.
 ///
-/// Weights below 0, weights that are no number and positions that are not finite, which only an
-/// application can set, get the same search at less speed. Around a circle of negative weight it
-/// does not end. A node that is first reached over an edge whose weight is no number keeps that way
-/// in, however short another one is.
+/// Negative or NaN weights and positions that are not finite, which only an application can set,
+/// give the result of the same search, but slower. Does not terminate if the graph has a cycle of
+/// negative weight. A node that is first reached over an edge with a NaN weight keeps that edge,
+/// even if another one is shorter.
 ORIVANTA_API std::optional<Route> searchRoute(const NodeList& nodes, const NodeList& destinations,
                                               const NavigationGraph& graph);
 

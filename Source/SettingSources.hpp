@@ -1,4 +1,4 @@
-// Where the settings of the API session come from when the application does not give them.
+// Sources of the settings of the API session that the application does not set.
 #pragma once
 
 #include <optional>
@@ -6,12 +6,12 @@
 
 namespace orivanta {
 
-/// A setting from the main bundle's property lists: the text of the first file that has the key
-/// with a text, which may be empty.
+/// Returns a setting from the main bundle's property lists: the string in the first file that has
+/// one under this key. The string may be empty.
 std::optional<std::string> settingFromPropertyLists(const std::string& key);
 
-/// Takes the user name and password out of the URL `endpoint`. They become `username` and
-/// `password` if no user name is set, the password only if none is set either.
+/// Removes the user name and the password from the URL `endpoint`. If no user name is set, they
+/// become `username` and `password`; a password that is already set is kept.
 void takeCredentials(std::string& endpoint, std::optional<std::string>& username,
                      std::optional<std::string>& password);
 

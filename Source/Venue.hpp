@@ -1,4 +1,4 @@
-// One building or site: the root that venue loading fills.
+// A building or site: the root record that a load fills.
 #pragma once
 
 #include <memory>
@@ -13,10 +13,10 @@
 
 namespace orivanta {
 
-/// One building or site. Owns its records, its graph and what they link to.
+/// A building or site. Owns its records and its graph.
 class ORIVANTA_API Venue {
  public:
-  /// Needs texts under "id", "slug" and "name"; null without them.
+  /// Returns null unless there are strings under "id", "slug" and "name".
   static std::shared_ptr<Venue> make(const RawData& data);
   Venue(RecordToken, const RawData& data);  ///< for `make`
   Venue(const Venue&) = delete;
@@ -29,15 +29,15 @@ class ORIVANTA_API Venue {
   std::shared_ptr<const ImageCollection> logo;        ///< null if there is none
   std::shared_ptr<const ImageCollection> coverImage;  ///< null if there is none
 
-  /// The polygons by identifier. Like the following, absent until a load has published it, and
-  /// again from the start of the next load.
+  /// The polygons by identifier. This field and the following ones are absent until a load has
+  /// published them, and again when the next load starts.
   std::optional<Collection<Polygon>> polygonDictionary;
   std::optional<std::vector<std::shared_ptr<Location>>> locations;   ///< the places
   std::optional<std::vector<std::shared_ptr<Category>>> categories;  ///< the categories
   std::optional<std::vector<std::shared_ptr<Map>>> maps;             ///< the floors
-  std::optional<std::vector<std::shared_ptr<Node>>> nodes;  ///< the nodes of the walking network
+  std::optional<std::vector<std::shared_ptr<Node>>> nodes;  ///< the nodes of the navigation graph
   std::optional<std::vector<std::shared_ptr<Vortex>>> vortices;   ///< the connectors
-  std::optional<std::vector<std::shared_ptr<Polygon>>> polygons;  ///< the clickable areas
+  std::optional<std::vector<std::shared_ptr<Polygon>>> polygons;  ///< the areas that can be tapped
   std::shared_ptr<NavigationGraph> navigationGraph;  ///< null until a load has published it
 };
 

@@ -1,4 +1,4 @@
-// The two weights that one "weight" member of a node or a vortex stands for.
+// The two weights that the "weight" member of a node or a vortex specifies.
 // Private header.
 #pragma once
 

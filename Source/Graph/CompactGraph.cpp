@@ -26,12 +26,11 @@ bool isRegularGraph(const EdgeTable::Rows& rows) {
       if (!(edge.weight() >= 0.0) || !isFinite(*edge.node())) return false;
     edgeCount += edges.size();
   }
-  // Nodes and links are numbered with 32 bits; there are at most `edgeCount` nodes without edges
-  // of their own.
+  // Nodes and links have 32-bit numbers; at most `edgeCount` nodes have no outgoing edges.
   return edgeCount + rows.size() < std::numeric_limits<CompactGraph::Index>::max() / 2;
 }
 
-// One direction of the smallest upright rectangle around all nodes, cut into 65,536 cells.
+// One axis of the bounding rectangle of all nodes, divided into 65,536 cells.
 class Axis {
  public:
   void include(double position) {
@@ -50,7 +49,7 @@ class Axis {
   double high_ = -std::numeric_limits<double>::infinity();
 };
 
-// The nodes in their new order: by map, and along a Hilbert curve within each.
+// Returns the nodes in their new order: by map, and along a Hilbert curve within each map.
 NodeList inSpatialOrder(const NodeList& nodes) {
   Axis x;
   Axis y;

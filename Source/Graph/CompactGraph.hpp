@@ -1,4 +1,4 @@
-// A navigation graph in the compact form that the route search walks.
+// A navigation graph in the compact form that the route search uses.
 #pragma once
 
 #include <tsl/ordered_map.h>
@@ -16,36 +16,36 @@
 
 namespace orivanta {
 
-/// Numbers the nodes of a graph, those without edges of their own included, so that neighbors
-/// have near numbers: floor by floor, along a Hilbert curve on each. Immutable, except for the
-/// store of search states, which locks itself. Owns the nodes.
+/// Numbers the nodes of a graph, including those without outgoing edges, so that neighbors have
+/// similar numbers: floor by floor, along a Hilbert curve on each. Immutable, except for the store
+/// of search states, which is thread-safe. Owns the nodes.
 ///
-/// Positions and weights are those that the nodes and edges had when the graph was made.
+/// The positions and weights are those at the time of construction.
 class CompactGraph {
  public:
   using Index = std::uint32_t;
 
-  /// A node: where it is, and which links lead out of it.
+  /// A node: its position and the links that lead out of it.
   struct Vertex {
     double x, y, z;
     Index firstLink, endLink;
   };
-  /// An edge other than a loop: loops never make a route cheaper.
+  /// An edge that is not a loop; loops never make a route cheaper.
   struct Link {
     double weight;
     Index target;
   };
 
-  /// What one search knows of a node. It is meant only while its stamp is the search's.
+  /// The state of a node in one search. Valid only if its stamp equals the stamp of the search.
   struct NodeState {
-    double cost;       ///< the least known from any start
+    double cost;       ///< the lowest known cost from any start
     double heuristic;  ///< distance to the farthest destination
     Index predecessor;
-    std::uint32_t reachedStamp = 0;      ///< of the search that set the four other fields
-    std::uint32_t destinationStamp = 0;  ///< of the search that has the node as a destination
+    std::uint32_t reachedStamp = 0;      ///< the search that set the other four fields
+    std::uint32_t destinationStamp = 0;  ///< the search in which the node is a destination
     bool queued;
   };
-  /// What one search needs beside the graph; later searches use it again without clearing it.
+  /// The data of one search; later searches reuse it without clearing it.
   struct SearchState {
     std::vector<NodeState> nodes;
     RouteFrontier frontier;
@@ -54,8 +54,8 @@ class CompactGraph {
 
   static std::shared_ptr<const CompactGraph> make(const EdgeTable::Rows& rows);
 
-  /// Whether all positions are finite and all weights 0 or greater, which the compact search takes
-  /// for granted. Without that the graph is empty.
+  /// Returns whether all positions are finite and all weights are 0 or greater, as the compact
+  /// search requires. If not, the graph is empty.
   bool isRegular() const { return regular_; }
 
   std::size_t size() const { return nodes_.size(); }
@@ -64,8 +64,8 @@ class CompactGraph {
   const Vertex* vertices() const { return vertices_.data(); }
   const Link* links() const { return links_.data(); }
 
-  /// A state for one search at a time, from the store or new; at least `nodeCount` nodes, none of
-  /// them reached. Any thread.
+  /// Returns a state for one search, from the store or new, with at least `nodeCount` nodes, none
+  /// of which is reached. Thread-safe.
   std::unique_ptr<SearchState> takeState(std::size_t nodeCount) const;
   void giveBack(std::unique_ptr<SearchState> state) const;
 

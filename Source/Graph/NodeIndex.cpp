@@ -35,7 +35,7 @@ NodeIndex::NodeIndex(const Collection<Node>& nodes)
   }
 }
 
-// The first entry that may be meant; null when there is none.
+// Returns the first entry that may match, or null if there is none.
 const NodeIndex::Entry* NodeIndex::candidateOf(std::uint64_t hash) const {
   const std::size_t mask = slots_.size() - 1;
   for (std::size_t slot = hash & mask; slots_[slot].entry != unused; slot = (slot + 1) & mask)
@@ -54,7 +54,7 @@ const std::shared_ptr<Node>* NodeIndex::nodeOf(std::string_view identifier,
   return nullptr;
 }
 
-// Each loop touches what the one before it has sent for: the slots, the entries, their texts and
+// Each loop reads what the previous one has prefetched: the slots, the entries, their texts and
 // nodes.
 void NodeIndex::find(std::span<const std::string_view> identifiers,
                      std::vector<const std::shared_ptr<Node>*>& found) const {
@@ -72,7 +72,7 @@ void NodeIndex::find(std::span<const std::string_view> identifiers,
       __builtin_prefetch(candidate->first.data());
       __builtin_prefetch(&candidate->second->x);
       __builtin_prefetch(&candidate->second->multiplierWeight);
-      // The counts of owners lie in front of the node.
+      // The reference counts are stored in front of the node.
       __builtin_prefetch(reinterpret_cast<const char*>(candidate->second.get()) - 8, 1);
     }
   found.clear();

@@ -1,5 +1,5 @@
-// Looking up many nodes by identifier. A large venue has hundreds of thousands of references, each
-// a walk through memory that is not in the cache; taken together, the walks overlap.
+// Looks up many nodes by identifier. A large venue has hundreds of thousands of references, and
+// each lookup accesses memory that is not in the cache; in a batch, these accesses overlap.
 #pragma once
 
 #include <cstdint>
@@ -15,20 +15,20 @@
 
 namespace orivanta {
 
-/// Refers to the collection, which must outlive it unchanged. Any number of threads at once.
+/// Refers to the collection, which must outlive it unchanged. Thread-safe.
 class NodeIndex {
  public:
   explicit NodeIndex(const Collection<Node>& nodes);
 
-  /// The node of each identifier, or null, in their order. The pointers are valid as long as the
-  /// collection.
+  /// Finds the node of each identifier, in order; null if there is none. The pointers are valid as
+  /// long as the collection.
   void find(std::span<const std::string_view> identifiers,
             std::vector<const std::shared_ptr<Node>*>& found) const;
 
  private:
   using Entry = std::pair<std::string, std::shared_ptr<Node>>;
-  // The upper half of the hash beside the entry's position, so that other entries of the same slot
-  // are mostly passed over without a look at them.
+  // The upper half of the hash and the position of the entry. The hash excludes most other entries
+  // of the same slot without reading them.
   struct Slot {
     std::uint32_t tag = 0;
     std::uint32_t entry = unused;
@@ -39,7 +39,7 @@ class NodeIndex {
   const std::shared_ptr<Node>* nodeOf(std::string_view identifier, std::uint64_t hash) const;
 
   const std::vector<Entry>& entries_;
-  std::vector<Slot> slots_;  // a power of two, at most half of them used
+  std::vector<Slot> slots_;  // the size is a power of two; at most half are used
 };
 
 }  // namespace orivanta

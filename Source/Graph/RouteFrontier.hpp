@@ -1,4 +1,4 @@
-// The frontier of the route search: a heap in which equal priorities come newest first.
+// The frontier of the route search: a heap that returns nodes of equal priority newest first.
 #pragma once
 
 #include <algorithm>
@@ -10,11 +10,11 @@
 
 namespace orivanta {
 
-/// Holds each node at most once; the caller sees to that. As long as no queued node is put again,
-/// its order is that of PriorityQueue.
+/// The caller must queue each node at most once. If no queued node is put again, the order is that
+/// of PriorityQueue.
 ///
-/// A heap of four children a node. Taking leaves its root vacant, and what is put next fills it: in
-/// a search that is a neighbor of the node that was taken, which seldom has to sink far.
+/// A heap with four children per node. `take` leaves the root vacant, and the next `put` fills it.
+/// In a search that is usually a neighbor of the taken node, which rarely sinks far.
 class RouteFrontier {
  public:
   /// Sequence numbers start at `firstSequence` after each `clear`.
@@ -29,7 +29,7 @@ class RouteFrontier {
     sequence_ = firstSequence_;
   }
 
-  /// `priority` is 0 or greater, infinity included, and not the negative zero.
+  /// `priority` must be 0 or greater, possibly infinite, and not negative zero.
   void put(double priority, std::uint32_t node) {
     if (sequence_ == std::numeric_limits<std::uint32_t>::max()) renumber();
     const Entry entry(priority, sequence_++, node);
@@ -44,8 +44,8 @@ class RouteFrontier {
 
   bool empty() const { return size_ == (rootIsVacant_ ? 1 : 0); }
 
-  /// Takes the node of the smallest priority, of equal ones the node put last. Not for an empty
-  /// frontier.
+  /// Takes the node with the smallest priority; among equal priorities, the one put last. The
+  /// frontier must not be empty.
   std::uint32_t take() {
     if (rootIsVacant_) closeRoot();
     rootIsVacant_ = true;
@@ -53,12 +53,12 @@ class RouteFrontier {
   }
 
  private:
-  // In the order of the list's end: priority, sequence number (greater first), node.
+  // Ordered by priority, then by sequence number (greater first), then by node.
   class Entry {
    public:
     Entry(double priority, std::uint32_t sequence, std::uint32_t node)
         : Entry(bitsOf(priority), std::uint64_t{~sequence} << 32U | node) {}
-    /// An entry behind all others.
+    /// An entry that is ordered after all others.
     static Entry last() { return Entry(~std::uint64_t{0}, ~std::uint64_t{0}); }
 
     Entry renumbered(std::uint32_t sequence) const {
@@ -66,7 +66,7 @@ class RouteFrontier {
     }
     std::uint32_t node() const { return static_cast<std::uint32_t>(rank_); }
 
-    // Without a jump, since no processor can foresee which way it goes.
+    // Without a branch, because its outcome is unpredictable.
     bool operator<(const Entry& other) const {
 #ifdef __SIZEOF_INT128__
       return key() < other.key();
@@ -79,7 +79,7 @@ class RouteFrontier {
    private:
     Entry(std::uint64_t priority, std::uint64_t rank) : priority_(priority), rank_(rank) {}
 
-    // Doubles that are not negative are in the order of their bits.
+    // Doubles that are not negative have the same order as their bits.
     static std::uint64_t bitsOf(double number) {
       std::uint64_t bits = 0;
       std::memcpy(&bits, &number, sizeof bits);
@@ -97,7 +97,7 @@ class RouteFrontier {
   };
 
   static constexpr std::size_t arity = 4;
-  static constexpr std::size_t spare = arity;  ///< last entries behind the heap, for `sink`
+  static constexpr std::size_t spare = arity;  ///< entries after the heap, for `sink`
 
   void rise(Entry entry, std::size_t hole) {
     Entry* const entries = entries_.data();
@@ -111,7 +111,7 @@ class RouteFrontier {
     entries[hole] = entry;
   }
 
-  // From the root, past the least of four children each time.
+  // Moves an entry down from the root, replacing it with the least of four children at each step.
   void sink(Entry entry) {
     Entry* const entries = entries_.data();
     std::size_t hole = 0;
@@ -135,7 +135,7 @@ class RouteFrontier {
     sink(moved);
   }
 
-  // A sorted array is a heap too, so the numbers start again without a change of order.
+  // A sorted array is also a heap, so the sequence numbers restart without a change in order.
   void renumber() {
     if (rootIsVacant_) closeRoot();
     std::sort(entries_.begin(), entries_.begin() + static_cast<std::ptrdiff_t>(size_));
@@ -144,7 +144,7 @@ class RouteFrontier {
   }
 
   std::vector<Entry> entries_;
-  std::size_t size_;  ///< the vacant root included
+  std::size_t size_;  ///< including the vacant root
   bool rootIsVacant_;
   std::uint32_t firstSequence_;
   std::uint32_t sequence_;

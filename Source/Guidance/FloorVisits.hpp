@@ -1,4 +1,4 @@
-// The parts of a path that lie on one floor each, and the changes of floor between them.
+// Splits a path into its parts on each floor and the floor changes between them.
 #pragma once
 
 #include <cstddef>
@@ -20,36 +20,36 @@ struct FloorVisit {
   std::size_t last;            ///< index into the path, inclusive
 };
 
-/// The visits of a path, in its order. A floor that the path returns to has several visits. A floor
-/// that the path only rides through has none: a visit has at least two nodes, or it is the
-/// beginning or the end of the path. Empty for an empty path.
+/// Returns the visits of a path, in order. A floor to which the path returns has several visits. A
+/// floor that the path only rides through has none: a visit has at least two nodes, or it is the
+/// beginning or the end of the path. Returns an empty list if the path is empty.
 ORIVANTA_API std::vector<FloorVisit> floorVisits(const NodeList& path);
 
-/// The floors of a path's nodes as the path passes them, those that it only rides through included.
-/// A floor that the path returns to is listed again.
+/// Returns the floors of a path's nodes in path order, including floors that it only rides through.
+/// A floor to which the path returns is listed again.
 ORIVANTA_API FloorList floorsAlong(const NodeList& path);
 
-/// Which way a change of floor leads.
+/// The direction of a floor change.
 enum class RideWay {
   up,    ///< to a higher floor
   down,  ///< to a lower floor
-  level  ///< to a floor of the same elevation
+  level  ///< to a floor at the same elevation
 };
 
-/// The way from one floor to another, by their elevations.
+/// Returns the direction from one floor to another, by their elevations.
 ORIVANTA_API RideWay rideWay(const Map& from, const Map& to);
 
-/// Neighboring steps of a path that all lead to another floor.
+/// A floor change: consecutive steps of a path that each lead to another floor.
 struct FloorChange {
   std::size_t begin;  ///< index into the path: the last node before the change
   std::size_t end;    ///< index into the path: the first node after it
 };
 
-/// The changes of floor of a path, in its order.
+/// Returns the floor changes of a path, in order.
 ORIVANTA_API std::vector<FloorChange> floorChanges(const NodeList& path);
 
-/// A change of floor in a few characters, for marks on a map: an arrow (U+2191, U+2193 or U+2192)
-/// and the label of the floor that it leads to, such as "↑ F1".
+/// Returns a short text for a floor change, for marks on a map: an arrow (U+2191, U+2193 or U+2192)
+/// and the label of the destination floor, such as "↑ F1".
 ORIVANTA_API std::string floorChangeMark(const Map& from, const Map& to);
 
 }  // namespace orivanta

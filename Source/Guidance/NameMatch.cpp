@@ -35,8 +35,8 @@ CodePoints codePoints(std::string_view text) {
   return points;
 }
 
-// Whether at most so many letters of `typed` are to be changed, added, left out or swapped with
-// their neighbor so that it begins `word` (Damerau 1964, optimal string alignment).
+// Returns whether `typed` becomes a prefix of `word` if at most this many letters are changed,
+// added, removed or swapped with their neighbor (Damerau 1964, optimal string alignment).
 bool beginsNearly(const CodePoints& typed, const CodePoints& word, std::size_t mistakes) {
   const std::size_t columns = std::min(word.size(), typed.size() + mistakes) + 1;
   if (columns + mistakes < typed.size() + 1) return false;
@@ -62,7 +62,7 @@ bool beginsNearly(const CodePoints& typed, const CodePoints& word, std::size_t m
   return leastOfLast <= mistakes;
 }
 
-// Short words allow no mistake; otherwise they would match nearly every name.
+// Short words allow no error; otherwise they would match nearly every name.
 std::size_t mistakesAllowed(std::size_t letters) {
   if (letters < 4) return 0;
   return letters < 8 ? 1 : 2;
@@ -70,7 +70,7 @@ std::size_t mistakesAllowed(std::size_t letters) {
 
 bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
-// Takes the digits from the beginning of a text; without zeros before them.
+// Removes the digits at the beginning of a text and returns them without leading zeros.
 std::string_view takeNumber(std::string_view& text) {
   const auto end = std::find_if_not(text.begin(), text.end(), isDigit);
   std::string_view digits = text.substr(0, static_cast<std::size_t>(end - text.begin()));

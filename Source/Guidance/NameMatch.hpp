@@ -1,4 +1,4 @@
-// How well a name answers what somebody typed, and the order of names in a list.
+// Matching of names with typed text, and the order of names in a list.
 #pragma once
 
 #include <cstdint>
@@ -15,21 +15,21 @@ enum class NameMatch {
   beginning,  ///< the name begins with the whole text
   word,       ///< each typed word begins a word of the name
   inside,     ///< each typed word occurs somewhere in the name
-  near,       ///< as `inside`, if a letter or two are changed, added, removed or swapped
+  near,       ///< like `inside`, with one or two letters changed, added, removed or swapped
   none        ///< the name does not match
 };
 
-/// What somebody typed, prepared for the comparison with many names. Immutable.
+/// A typed text, prepared for comparison with many names. Immutable.
 class ORIVANTA_API TypedText {
  public:
-  /// Prepares a text, in UTF-8.
+  /// Prepares a text in UTF-8.
   explicit TypedText(std::string_view text);
 
-  /// Whether the text has neither letters nor digits.
+  /// Returns whether the text has neither letters nor digits.
   bool empty() const { return form_.empty(); }
 
-  /// The match with a name in its search form (see `searchForm`). An empty text matches every name
-  /// as its beginning.
+  /// Returns the match with a name in its search form (see `searchForm`). An empty text matches
+  /// every name with `beginning`.
   NameMatch match(std::string_view name) const;
 
  private:
@@ -44,8 +44,8 @@ class ORIVANTA_API TypedText {
   std::vector<Word> words_;
 };
 
-/// Whether one name comes before another in a list, both in their search form. A run of digits
-/// counts as the number that it is: "1f 14" comes before "1f 139".
+/// Returns whether one name precedes another in a list, both in their search form. A run of digits
+/// is compared as a number: "1f 14" precedes "1f 139".
 ORIVANTA_API bool nameComesBefore(std::string_view left, std::string_view right);
 
 }  // namespace orivanta

@@ -1,4 +1,4 @@
-// A path followed through the graph once: its lengths, its costs and its rides.
+// The lengths, costs and rides of a path through the graph.
 #pragma once
 
 #include <cstddef>
@@ -13,8 +13,8 @@
 
 namespace orivanta {
 
-/// The edge that a route takes from a node to the next one: the cheapest, and the first one if
-/// several cost the same. Null if there is none. Points into the graph.
+/// Returns the edge that a route uses from a node to the next: the cheapest one, or the first of
+/// several with the same cost. Returns null if there is none. The pointer refers to the graph.
 ORIVANTA_API const Edge* cheapestEdge(const NavigationGraph& graph, const Node& from,
                                       const Node& to);
 
@@ -23,38 +23,40 @@ struct Stretch {
   double length = 0.0;                ///< in the venue's units; 0 for a ride
   double weight = 0.0;                ///< in the graph's weights
   std::shared_ptr<Vortex> connector;  ///< null when walking
-  bool hasEdge = false;               ///< false if the graph has no edge here; then the rest is 0
+  bool hasEdge = false;  ///< false if there is no edge; the other fields are then 0 or null
 };
 
-/// A ride on one connector, over as many stops as the path makes on it.
+/// A ride on one connector, including all of its intermediate stops.
 struct Ride {
   std::shared_ptr<Vortex> connector;  ///< never null
   std::size_t begin;                  ///< index into the path
   std::size_t end;                    ///< index into the path, greater than `begin`
 };
 
-/// Immutable; does not refer to the graph after it was made.
+/// Immutable; does not refer to the graph after construction.
 class ORIVANTA_API PathWalk {
  public:
-  /// `path` is what a search of the graph found, or any other list of nodes. It may be empty.
+  /// `path` may be the result of a search of the graph or any other list of nodes, and may be
+  /// empty.
   PathWalk(NodeList path, const NavigationGraph& graph);
 
-  /// The nodes of the path.
+  /// Returns the nodes of the path.
   const NodeList& path() const { return path_; }
 
-  /// One for each pair of neighbors in the path, in its order.
+  /// Returns one step for each pair of consecutive nodes, in path order.
   const std::vector<Stretch>& stretches() const { return stretches_; }
 
-  /// All rides, in the order of the path, those between nodes of one floor included.
+  /// Returns all rides in path order, including those between nodes of one floor.
   const std::vector<Ride>& rides() const { return rides_; }
 
-  /// The walked length in the venue's units, added up from the start.
+  /// Returns the walked length in the venue's units, summed from the start.
   double length() const { return lengthBetween(0, stretches_.size()); }
 
-  /// The cost in the graph's weights, added up from the start.
+  /// Returns the cost in the graph's weights, summed from the start.
   double weight() const;
 
-  /// The walked length between two nodes, given by their indices in the path, `first` <= `last`.
+  /// Returns the walked length between the nodes with these indices in the path. `first` must be at
+  /// most `last`.
   double lengthBetween(std::size_t first, std::size_t last) const;
 
  private:
@@ -63,8 +65,8 @@ class ORIVANTA_API PathWalk {
   std::vector<Ride> rides_;
 };
 
-/// A ride as an instruction, such as "Take Lift A up to First Floor". The name of a connector that
-/// tells the way itself, such as "Escalator up to F1", is not followed by it again.
+/// Returns a ride as an instruction, such as "Take Lift A up to First Floor". If the name of the
+/// connector already states the direction, as in "Escalator up to F1", nothing is added to it.
 ORIVANTA_API std::string rideInstruction(const Vortex& connector, const Map& from, const Map& to);
 
 }  // namespace orivanta

@@ -1,4 +1,4 @@
-// Finds places by their identifiers and names, as they are written on a command line or in a link.
+// Finds places by the identifiers and names in a command line or a link.
 #pragma once
 
 #include <memory>
@@ -10,20 +10,21 @@
 
 namespace orivanta {
 
-/// What a text names.
+/// The places that a text refers to.
 struct NamedPlaces {
   std::vector<std::shared_ptr<Location>> locations;  ///< several if the text is ambiguous
-  std::shared_ptr<Node> node;  ///< null if the text names locations or nothing
+  std::shared_ptr<Node> node;  ///< null if the text refers to locations or to nothing
 };
 
-/// What a text names in the first of these ways in which it names anything: the identifier of a
-/// location, the identifier of a node, the name of a location, such a name without regard to case
-/// and width, a part of such a name without regard to case and width. Both members are empty if the
-/// text is empty or names nothing. The venue has been loaded.
+/// Finds the places that a text refers to. The following are tried in order, until one matches: the
+/// identifier of a location, the identifier of a node, the name of a location, such a name ignoring
+/// case and width, and a part of such a name ignoring case and width. Both members are empty if the
+/// text is empty or nothing matches. The venue must be loaded.
 ORIVANTA_API NamedPlaces placesNamed(const Venue& venue, std::string_view text);
 
-/// The locations that have the text in their name, without regard to case and width, or in their
-/// identifier, in the venue's order. All locations for an empty text. The venue has been loaded.
+/// Returns the locations that have the text in their name, ignoring case and width, or in their
+/// identifier, in the venue's order. Returns all locations if the text is empty. The venue must be
+/// loaded.
 ORIVANTA_API std::vector<std::shared_ptr<Location>> locationsContaining(const Venue& venue,
                                                                         std::string_view text);
 

@@ -16,14 +16,15 @@ namespace orivanta {
 
 namespace {
 
-constexpr std::size_t mostCategories = 16;  // of a place
-constexpr std::size_t stride = 256;         // places between two questions whether to go on
+constexpr std::size_t mostCategories = 16;  // per place
+constexpr std::size_t stride = 256;         // places between two checks for cancellation
 
 std::string_view textOf(const std::optional<std::string>& name) {
   return name ? std::string_view(*name) : std::string_view();
 }
 
-// Names before categories before near misses; nothing if neither matches.
+// Ranks names before categories, and categories before approximate matches. Returns nothing if
+// neither matches.
 std::optional<int> rankOf(NameMatch byName, bool categoryMatches) {
   constexpr int category = static_cast<int>(NameMatch::near);
   if (byName < NameMatch::near) return static_cast<int>(byName);
@@ -96,7 +97,7 @@ std::vector<PlaceGroup> PlaceSearch::find(std::string_view typed,
                                           const foundation::CancellationToken& token) const {
   const TypedText text(typed);
   if (text.empty()) return all();
-  std::vector<bool> matching;  // for each category
+  std::vector<bool> matching;  // per category
   for (const CategoryEntry& category : categories_)
     matching.push_back(text.match(category.name) <= NameMatch::word);
   std::vector<std::pair<int, const Entry*>> ranked;

@@ -1,4 +1,4 @@
-// Finds the places of a venue by what somebody types into a search field.
+// Finds the places of a venue by the text that a user types into a search field.
 #pragma once
 
 #include <cstddef>
@@ -14,26 +14,26 @@
 
 namespace orivanta {
 
-/// Places that belong together in a list.
+/// A group of places in a list.
 struct PlaceGroup {
-  std::string title;  ///< the category's name, at most 80 columns; empty for no category
-  std::vector<std::shared_ptr<Location>> places;  ///< in the order of the list
+  std::string title;  ///< the category's name, at most 80 columns; empty if there is no category
+  std::vector<std::shared_ptr<Location>> places;  ///< in list order
 };
 
-/// An index of the places of a venue, made once and searched as often as needed. Keeps the places.
-/// Immutable; any thread.
+/// An index of the places of a venue, created once for any number of searches. Owns the places.
+/// Immutable and thread-safe.
 class ORIVANTA_API PlaceSearch {
  public:
-  /// Places without nodes and without polygons are left out. If it is canceled, the index is
-  /// empty.
+  /// Places without nodes and without polygons are excluded. If construction is canceled, the index
+  /// is empty.
   explicit PlaceSearch(const std::vector<std::shared_ptr<Location>>& places,
                        const foundation::CancellationToken& token = {});
 
-  /// The places that match, in one group: the best match first, then by name. A match with the name
-  /// comes before one with a category, and that before a name that is only near the typed text. If
-  /// the text has neither letters nor digits, all places, in one group for each category, sorted by
-  /// its name; places without a category come last. Empty if nothing matches or if the search is
-  /// canceled.
+  /// Returns the matching places in one group: the best match first, then by name. A match with the
+  /// name precedes a match with a category, which precedes an approximate match with the name. If
+  /// the text has neither letters nor digits, returns all places, in one group per category, sorted
+  /// by the category's name; places without a category come last. Returns an empty list if nothing
+  /// matches or if the search is canceled.
   std::vector<PlaceGroup> find(std::string_view typed,
                                const foundation::CancellationToken& token = {}) const;
 

@@ -13,9 +13,9 @@ namespace {
 
 using CodePoints = std::vector<utf8proc_int32_t>;
 
-constexpr std::size_t mostBytes = 300;  // of a text in its search form, about
+constexpr std::size_t mostBytes = 300;  // approximate limit of a text in its search form
 
-// The first bytes of a text, without a part of a character at their end.
+// Returns the first bytes of a text, without an incomplete character at the end.
 std::string_view beginningOf(std::string_view text) {
   if (text.size() <= mostBytes) return text;
   std::size_t end = mostBytes;
@@ -23,7 +23,7 @@ std::string_view beginningOf(std::string_view text) {
   return text.substr(0, end);
 }
 
-// Folded and decomposed; nothing for damaged UTF-8.
+// Returns the folded and decomposed text, or nothing if the UTF-8 is invalid.
 std::optional<CodePoints> folded(std::string_view text, unsigned extraOptions = 0) {
   const auto options = static_cast<utf8proc_option_t>(
       UTF8PROC_STABLE | UTF8PROC_DECOMPOSE | UTF8PROC_COMPAT | UTF8PROC_CASEFOLD | extraOptions);
@@ -42,7 +42,8 @@ void append(std::string& text, utf8proc_int32_t point) {
   text.append(reinterpret_cast<const char*>(bytes.data()), static_cast<std::size_t>(count));
 }
 
-// Accents, vowel points and tone marks combine in these classes; those below make other letters.
+// Accents, vowel points and tone marks have these combining classes; lower classes form other
+// letters.
 bool isLeftOut(utf8proc_int32_t point) { return utf8proc_get_property(point)->combining_class > 9; }
 
 bool isPartOfWord(utf8proc_int32_t point) {
@@ -63,7 +64,7 @@ bool isPartOfWord(utf8proc_int32_t point) {
   }
 }
 
-// An apostrophe joins what it separates: "Joe's" is found as "joes".
+// An apostrophe does not separate words: "Joe's" is found as "joes".
 bool isJoiner(utf8proc_int32_t point) {
   return point == '\'' || point == 0x2019 || point == 0x02BC;
 }

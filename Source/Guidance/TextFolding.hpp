@@ -1,4 +1,4 @@
-// Forms of a text in which names are compared, for every search in the library.
+// The forms in which all searches of the library compare names.
 #pragma once
 
 #include <string>
@@ -8,15 +8,15 @@
 
 namespace orivanta {
 
-/// The text without differences of case and width (Unicode NFKC_Casefold without the removal of
-/// ignorable characters): "STRASSE" and "straße" become equal, and so do full-width and half-width
-/// forms. Accents and punctuation stay. Damaged UTF-8 is returned unchanged. Any thread.
+/// Removes differences of case and width (Unicode NFKC_Casefold without the removal of ignorable
+/// characters): "STRASSE" and "straße" become equal, and so do full-width and half-width forms.
+/// Accents and punctuation are kept. Invalid UTF-8 is returned unchanged. Thread-safe.
 ORIVANTA_API std::string caseFolded(std::string_view text);
 
-/// The text as people type it into a search field: case and width folded, without accents and
-/// apostrophes, and with one blank for each run of other characters than letters and digits. Marks
-/// that make another letter, as in Indic scripts, Thai and kana, stay. Only the first 300 bytes of
-/// a text count. Damaged UTF-8 becomes an empty text. Any thread.
+/// Returns the search form of a text: case and width are folded, accents and apostrophes are
+/// removed, and each run of characters that are neither letters nor digits becomes one space. Marks
+/// that form another letter, as in Indic scripts, Thai and kana, are kept. Only the first 300 bytes
+/// of the text are used. Returns an empty text for invalid UTF-8. Thread-safe.
 ORIVANTA_API std::string searchForm(std::string_view text);
 
 }  // namespace orivanta

@@ -1,5 +1,5 @@
-// The memory of one JSON document, taken piece by piece and given back all at once, and the memory
-// that parsing it needs for a moment.
+// The memory of one JSON document, allocated piece by piece and released as a whole, and the
+// temporary memory of the parser.
 #pragma once
 
 #include <boost/json/memory_resource.hpp>
@@ -12,18 +12,18 @@
 
 namespace orivanta {
 
-/// Values and texts lie in blocks of their own: texts, the keys above all, need no alignment, and
-/// without the gaps a document takes about a twentieth less. Beyond 2 GiB, which only documents
-/// made for it need, or beyond the budget, allocating throws `std::bad_alloc`.
+/// Values and texts are in separate blocks: texts, most of which are keys, need no alignment, and
+/// without the gaps a document is about 5 percent smaller. Allocating more than 2 GiB, which no
+/// ordinary document needs, or more than the budget throws `std::bad_alloc`.
 class JsonArena final : public boost::json::memory_resource {
  public:
-  /// Expects a document of about so many bytes of JSON. The budget, if there is one, pays for the
-  /// blocks.
+  /// `textBytes` is the expected size of the JSON text. The blocks count against the budget, which
+  /// may be null.
   explicit JsonArena(std::size_t textBytes,
                      std::shared_ptr<foundation::MemoryBudget> budget = nullptr);
 
  private:
-  // A row of blocks, each larger than the one before, and the free bytes of the last.
+  // A list of blocks, each larger than the previous one, and the free bytes of the last one.
   struct Row {
     std::byte* next = nullptr;
     std::byte* end = nullptr;
@@ -44,7 +44,7 @@ class JsonArena final : public boost::json::memory_resource {
   foundation::BudgetShare share_;
 };
 
-/// Memory that parsing needs for a moment. Large pieces go back to the system at once, where the
+/// The temporary memory of the parser. Large pieces are returned to the system immediately; the
 /// heap might keep them. No piece is larger than 2 GiB.
 class JsonScratch final : public boost::json::memory_resource {
  public:

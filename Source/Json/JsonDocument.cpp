@@ -16,8 +16,8 @@ namespace json = boost::json;
 
 namespace {
 
-// Builds the value from the parser's events. The parser's own doubles are up to one unit in the
-// last place off and turn 1e400 into infinity, so they are read again from their text.
+// Builds the value from the parser's events. The parser's doubles can be off by one unit in the
+// last place, and it converts 1e400 to infinity, so they are parsed again from their text.
 class DocumentHandler {
  public:
   static constexpr std::size_t max_object_size = json::object::max_size();
@@ -68,7 +68,7 @@ class DocumentHandler {
     stack_.push_uint64(number);
     return true;
   }
-  // The whole document is one buffer, so `text` is the whole number.
+  // The whole document is one buffer, so `text` is the complete number.
   bool on_double(double, json::string_view text, json::error_code& error) {
     double number = 0.0;
     fast_float::from_chars(text.data(), text.data() + text.size(), number);
@@ -94,8 +94,8 @@ class DocumentHandler {
   json::value_stack stack_;
 };
 
-// The memory of the document and its root. The root's destructor does nothing: what it refers to
-// goes with the memory, however deeply it is nested.
+// The memory of the document and its root. The root's destructor does nothing: its contents are
+// released with the memory, at any depth of nesting.
 struct Document {
   JsonArena memory;
   json::value root;

@@ -1,4 +1,4 @@
-// Parsing JSON into one immutable document with exact numbers.
+// Parses JSON into one immutable document with exact numbers.
 #pragma once
 
 #include <boost/json/value.hpp>
@@ -9,14 +9,15 @@
 
 namespace orivanta {
 
-/// The deepest nesting of arrays and objects that is read.
+/// The maximum nesting of arrays and objects.
 constexpr std::size_t deepestJsonNesting = 1000;
 
 /// Parses strict JSON (RFC 8259). Numbers with a fraction, an exponent or more than 64 bits become
-/// the nearest double. Null when the text is damaged in any way, holds a number beyond the range of
-/// a double, or is nested too deeply. The result owns all that it holds; text is not referred to.
-/// `budget`, if there is one, pays for the result as long as anybody holds it, and for what parsing
-/// needs beside it. Throws `std::bad_alloc` if memory or budget do not suffice.
+/// the nearest double. Returns null if the text is invalid, has a number outside the range of a
+/// double, or is nested too deeply. The result owns its contents and does not refer to `text`. The
+/// result counts against `budget`, which may be null, as long as a handle exists, and the temporary
+/// memory of the parser during the call. Throws `std::bad_alloc` if the memory or the budget is not
+/// sufficient.
 std::shared_ptr<const boost::json::value> parseJsonDocument(
     std::string_view text, const std::shared_ptr<foundation::MemoryBudget>& budget = nullptr);
 

@@ -1,4 +1,4 @@
-// Finding a member of a JSON object, quickly for the small objects that records are made of.
+// Finds a member of a JSON object, optimized for the small objects of records.
 #pragma once
 
 #include <boost/json/value.hpp>
@@ -7,7 +7,8 @@
 
 namespace orivanta {
 
-/// The value under exactly this key; null when there is none, or for anything but an object.
+/// Returns the value under this exact key, or null if there is none or if the value is not an
+/// object.
 inline const boost::json::value* jsonMember(const boost::json::value* value, std::string_view key) {
   if (value == nullptr || !value->is_object()) return nullptr;
   const boost::json::object& object = value->get_object();

@@ -49,8 +49,7 @@ void forEachReference(const json::value* object, std::string_view key, std::stri
   if (const json::array* elements = arrayOf(object, key)) visitTexts(*elements, member, visit);
 }
 
-// Each loop touches what the one before it has sent for: the members, the arrays and their
-// elements.
+// Each loop reads what the previous one has prefetched: the members, the arrays and their elements.
 References referencesOf(std::span<const JsonHandle* const> objects, std::string_view key,
                         std::string_view member, foundation::BudgetShare& share) {
   for (const JsonHandle* object : objects) __builtin_prefetch(object);

@@ -1,5 +1,6 @@
-// The identifiers by which one record's JSON refers to others: a text, a list of texts, or a list
-// of objects with a text each. Read in place, since a large venue has hundreds of thousands.
+// The identifiers by which the JSON of one record refers to other records: a string, a list of
+// strings, or a list of objects with a string each. They are read in place because a large venue
+// has hundreds of thousands.
 #pragma once
 
 #include <boost/json/value.hpp>
@@ -17,10 +18,11 @@ namespace orivanta {
 
 using JsonHandle = std::shared_ptr<const boost::json::value>;
 
-/// A function that is called with each identifier; it must not keep the view beyond the data.
+/// A function that is called with each identifier. It must not use the view after the JSON is
+/// released.
 class ReferenceVisitor {
  public:
-  // Not explicit, so that call sites may write a lambda.
+  // Not explicit, so that callers can pass a lambda.
   template <class Function>
   ReferenceVisitor(Function&& function)  // NOLINT
       : context_(&function), call_([](void* context, std::string_view id) {
@@ -33,23 +35,25 @@ class ReferenceVisitor {
   void (*call_)(void*, std::string_view);
 };
 
-/// The text under a key of an object. Returns nothing if there is none or for a null pointer.
+/// Returns the string under a key of an object. Returns nothing if there is none or if `object` is
+/// null.
 std::optional<std::string_view> referenceIn(const boost::json::value* object, std::string_view key);
 
-/// Visits the texts under `member` of the elements of the array under a key of an object, in order.
-/// Elements without such a text are skipped. An empty `member` means the elements themselves.
+/// Visits the strings under `member` of the elements of the array under a key of an object, in
+/// order. Elements without such a string are skipped. If `member` is empty, the elements are the
+/// strings.
 void forEachReference(const boost::json::value* object, std::string_view key,
                       std::string_view member, ReferenceVisitor visit);
 
-/// The identifiers of several objects, concatenated. Those of object i end at `ends[i]`.
+/// The identifiers of several objects, concatenated. The identifiers of object i end at `ends[i]`.
 struct References {
   std::vector<std::string_view> ids;
   std::vector<std::size_t> ends;
 };
 
-/// What `forEachReference` visits for each object. Much faster than one by one when the JSON is not
-/// in the cache. `share` takes 64 bytes for each element of the arrays, for the identifiers and for
-/// what the caller looks up with them.
+/// Returns the identifiers that `forEachReference` visits for each object. Much faster than
+/// separate calls if the JSON is not in the cache. `share` takes 64 bytes per element of the
+/// arrays, for the identifiers and for the records that the caller looks up.
 References referencesOf(std::span<const JsonHandle* const> objects, std::string_view key,
                         std::string_view member, foundation::BudgetShare& share);
 

@@ -53,7 +53,7 @@ void EntranceIndex::drop(NodeList& nodes, FoundPolygons polygons) const {
   });
 }
 
-// Marks those of a location's own nodes that are entrances of the polygon.
+// Marks the nodes of a location that are entrances of the polygon.
 void EntranceIndex::mark(const Polygon& polygon, const SortedNodes& own,
                          std::vector<bool>& marks) const {
   const NodeList& entrances = polygon.entrances;

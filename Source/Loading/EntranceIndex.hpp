@@ -1,4 +1,4 @@
-// Taking from locations the nodes that are entrances of their polygons.
+// Removes from locations the nodes that are entrances of their polygons.
 #pragma once
 
 #include <memory>
@@ -13,11 +13,12 @@
 
 namespace orivanta {
 
-/// Refers to the polygons, which must outlive it unchanged. Any number of threads at once.
+/// Refers to the polygons, which must outlive it unchanged. Thread-safe.
 ///
-/// Thousands of locations may name the same polygon with thousands of entrances, so a location
-/// costs no more steps for each of its polygons than it has nodes itself. Where both are many, the
-/// product can still be large: each step costs the budget 32 bytes, as if it took memory.
+/// Thousands of locations may name the same polygon with thousands of entrances, so for each
+/// polygon of a location the number of steps is at most the number of the location's nodes. If
+/// there are many of both, the product can still be large, so each step takes 32 bytes of the
+/// budget, as if it allocated memory.
 class EntranceIndex {
  public:
   using FoundPolygons = std::span<const std::shared_ptr<Polygon>* const>;
@@ -25,8 +26,8 @@ class EntranceIndex {
   /// `budget` may be null.
   EntranceIndex(const Collection<Polygon>& polygons, foundation::MemoryBudget* budget);
 
-  /// Removes from `nodes` those that are entrances of one of the polygons, which may be named more
-  /// than once. Throws `BudgetExceeded`.
+  /// Removes from `nodes` those that are entrances of one of the polygons. The list may contain a
+  /// polygon more than once. Throws `BudgetExceeded`.
   void drop(NodeList& nodes, FoundPolygons polygons) const;
 
  private:

@@ -9,7 +9,7 @@ namespace orivanta {
 
 namespace {
 
-// Far beyond any venue: a server that sends more does not mean to end.
+// More than any real venue has; a server that sends more is considered endless.
 constexpr std::size_t mostPages = 100'000;
 constexpr std::size_t mostBytes = std::size_t{1} << 30U;
 
@@ -51,7 +51,8 @@ void LoadMonitor::finish() {
   onQueue([](LoadMonitor& self) { self.end(true); });
 }
 
-// The collection that exceeded the budget has told so before, unless the joins did.
+// If a collection exceeded the budget, it has already been reported; otherwise the joins exceeded
+// it.
 void LoadMonitor::fail(const foundation::Error& reason) {
   onQueue([reason](LoadMonitor& self) {
     const bool isTold = std::any_of(
@@ -77,7 +78,7 @@ void LoadMonitor::cancel() {
   endRequests();
 }
 
-// A handler may hold the handle to the load: the handlers are let go.
+// Releases the handlers because one may own the handle to the load.
 void LoadMonitor::endRequests() {
   {
     const std::lock_guard lock(mutex_);
@@ -134,8 +135,8 @@ void LoadMonitor::takePage(const std::string& name, const network::HttpUrlRespon
                                    name, lowestRate_.bytesPerSecond));
 }
 
-// A collection has one request at a time, so that its pages are all that came meanwhile. A request
-// that is too slow by itself is ended by the transport.
+// A collection has one request at a time, so its pages are all the data received in the meantime.
+// The transport ends a single request that is too slow.
 bool LoadMonitor::isTooSlow(Window& window, std::size_t bodyBytes,
                             Clock::time_point arrival) const {
   window.bytes += bodyBytes;
@@ -153,7 +154,7 @@ void LoadMonitor::takeEnd(const std::string& name, const foundation::Result<void
   if (outcome || !failure.reason.empty()) return;
   const foundation::Error& error = outcome.error();
   const bool isMemory = error.domain == foundation::memoryErrorDomain;
-  if (isMemory && error.code == foundation::budgetExceededBefore) return;  // another one tells
+  if (isMemory && error.code == foundation::budgetExceededBefore) return;  // reported elsewhere
   if (error.domain.empty()) {
     failure.problem = LoadProblem::unusable;
     failure.reason = fmt::format("{} answered with a body that is no JSON", collection.latestUrl);

@@ -1,4 +1,4 @@
-// One load that tells how far it is and which of its requests failed and why.
+// Monitors one load and reports its progress and its failures.
 #pragma once
 
 #include <chrono>
@@ -19,12 +19,12 @@
 
 namespace orivanta {
 
-/// Watches the requests of the load. It looks at what it sees on a queue of its own, and calls the
-/// handlers there, or on the executor if there is one. Any thread.
+/// Observes the requests of the load. Processes them on a separate queue and calls the handlers
+/// there, or on the executor if there is one. Thread-safe.
 ///
-/// The load is given up when a page names a next one that was asked for before, when a collection
-/// has more than 100,000 pages or comes below the lowest rate, its pages taken together, or when
-/// all pages together have more than 1 GiB.
+/// The load is ended early if a page names a next page that was requested before, if a collection
+/// has more than 100,000 pages or its pages together are slower than the lowest rate, or if all
+/// pages together exceed 1 GiB.
 class LoadMonitor : public WebApiObserver,
                     public LoadHandle,
                     public std::enable_shared_from_this<LoadMonitor> {
@@ -35,20 +35,20 @@ class LoadMonitor : public WebApiObserver,
     foundation::Executor executor = nullptr;
   };
 
-  /// `endpoint` is the API root, for the reasons.
+  /// `endpoint` is the API root, for the failure reasons.
   LoadMonitor(std::string endpoint, std::size_t collections, network::LowestRate lowestRate,
               Handlers handlers);
 
-  /// Reports that nothing has arrived yet. Called before the requests are started.
+  /// Reports that nothing has arrived yet. Must be called before the requests start.
   void start();
 
-  /// Canceled when the load is over. The requests carry it.
+  /// The token of the requests, canceled when the load is over.
   foundation::CancellationToken cancellation() const { return requests_.token(); }
 
-  /// The load has delivered its result.
+  /// Reports that the load has delivered its result.
   void finish();
 
-  /// The load ended for this reason without a result.
+  /// Reports that the load ended without a result, for this reason.
   void fail(const foundation::Error& reason);
 
   /// Runs a step unless the load is over. `cancel` waits until the step has ended.
@@ -63,17 +63,17 @@ class LoadMonitor : public WebApiObserver,
  private:
   using Clock = std::chrono::steady_clock;
 
-  // The part of a collection since its rate was judged last.
+  // The time and the bytes of a collection since its rate was last checked.
   struct Window {
     Clock::time_point start;
     std::size_t bytes = 0;
   };
 
   struct Collection {
-    std::set<TextDigest> requested;  // of the URLs of the pages behind the first, which may be long
+    std::set<TextDigest> requested;  // URLs of all pages after the first; may be long
     std::string latestUrl;
     Window window;
-    LoadFailure failure;  // without a reason while all is well
+    LoadFailure failure;  // without a reason if there is no failure
   };
 
   void onQueue(std::function<void(LoadMonitor&)> step);
@@ -94,15 +94,15 @@ class LoadMonitor : public WebApiObserver,
   const Clock::time_point start_ = Clock::now();
   const std::shared_ptr<foundation::SerialQueue> queue_;
 
-  // Used on the queue alone.
+  // Used only on the queue.
   std::shared_ptr<const Handlers> handlers_;
   LoadProgress progress_;
   std::map<std::string, Collection, std::less<>> collections_;
 
-  mutable std::mutex mutex_;  // guards `over_`, and is held while a step runs
+  mutable std::mutex mutex_;  // guards `over_`; held while a step runs
   bool over_ = false;
   const foundation::CancellationSource requests_;
-  const foundation::CancellationSource calls_;  // canceled by `cancel` alone
+  const foundation::CancellationSource calls_;  // canceled only by `cancel`
 };
 
 }  // namespace orivanta

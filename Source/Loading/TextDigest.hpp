@@ -1,4 +1,4 @@
-// A digest of long texts that are only compared.
+// A digest of long texts, for comparison only.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,8 @@ namespace orivanta {
 
 using TextDigest = std::pair<std::uint64_t, std::uint64_t>;
 
-/// Equal texts have the same digest. Different texts have different ones, except with a probability
-/// of 1 in 2^128. The digest differs from process to process. Any thread.
+/// Equal texts have the same digest. Different texts have different digests, except with a
+/// probability of 1 in 2^128. The digest differs between processes. Thread-safe.
 TextDigest textDigest(std::string_view text);
 
 }  // namespace orivanta

@@ -27,7 +27,8 @@ namespace {
 
 constexpr std::size_t recordsAtOnce = 512;
 
-// Of a link: what was found, the link, and the link back in a list that grows by doubling.
+// The memory of a link: the record found, the link, and the link back in a list that doubles its
+// capacity when it grows.
 constexpr std::size_t bytesPerLink = 64;
 
 void pay(const CollectionDictionary& collections, std::size_t bytes) {
@@ -37,20 +38,20 @@ void pay(const CollectionDictionary& collections, std::size_t bytes) {
 template <class Record>
 using Entries = std::span<const std::pair<std::string, std::shared_ptr<Record>>>;
 
-// The record of that identifier, or null.
+// Returns the record with this identifier, or null.
 template <class Record>
 std::shared_ptr<Record> named(const Collection<Record>& records, std::string_view id) {
   const auto entry = records.find(id);
   return entry == records.end() ? nullptr : entry->second;
 }
 
-// Looks up records of one collection. Neighbors often name the same one.
+// Looks up records of one collection. Consecutive references often name the same record.
 template <class Record>
 class Lookup {
  public:
   explicit Lookup(const Collection<Record>& records) : records_(records) {}
 
-  // Valid as long as the collection; null when there is none.
+  // Returns null if there is no such record. The pointer is valid as long as the collection.
   const std::shared_ptr<Record>* operator()(std::string_view id) {
     if (latest_ == nullptr || *latestId_ != id) {
       const auto entry = records_.find(id);
@@ -67,8 +68,9 @@ class Lookup {
   const std::shared_ptr<Record>* latest_ = nullptr;
 };
 
-// Calls a function with some entries at a time and the place of the first. The calls are shared
-// out: looking into the records' JSON takes most of the time of a join.
+// Calls a function with blocks of entries and the index of each block's first entry. The blocks are
+// distributed to several threads, because most of the time of a join is spent on access to the
+// records' JSON.
 template <class Record, class Function>
 void forEachBlock(const Collection<Record>& records, const Function& function) {
   const Entries<Record> entries = records.values_container();
@@ -79,7 +81,7 @@ void forEachBlock(const Collection<Record>& records, const Function& function) {
       });
 }
 
-// The records that some others name: those of the i-th end at `ends[i]`.
+// The records that several other records refer to. Those of record i end at `ends[i]`.
 template <class Record>
 struct NamedRecords {
   std::vector<const std::shared_ptr<Record>*> records;
@@ -91,9 +93,9 @@ struct NamedRecords {
   }
 };
 
-// Finds what each record names in an array: hands it to `link(record, found)`, with several records
-// at once, and then to `linkBack(record, target)`, one after the other in the records' order. An
-// empty `member` means that the elements are the names.
+// Finds the records that each record refers to in an array. Passes them to `link(record, found)`,
+// concurrently for several records, and then to `linkBack(record, target)`, sequentially in the
+// records' order. If `member` is empty, the elements are the identifiers.
 template <class Record, class Target, class Link, class LinkBack>
 void linkNamed(const CollectionDictionary& payer, const Collection<Record>& records,
                std::string_view key, std::string_view member, const Collection<Target>& targets,
@@ -121,14 +123,14 @@ void linkNamed(const CollectionDictionary& payer, const Collection<Record>& reco
 
 constexpr auto noLinkBack = [](const auto&, const auto&) {};
 
-// `Handle` owns the record or does not.
+// `Handle` is an owning or a weak reference.
 template <class Handle, class Record>
 void append(std::vector<Handle>& list, std::span<const std::shared_ptr<Record>* const> found) {
   list.reserve(list.size() + found.size());
   for (const auto* record : found) list.emplace_back(*record);
 }
 
-// Sets each record's map and keeps those that have one.
+// Sets the map of each record and removes the records without one.
 template <class Record>
 void linkMaps(const CollectionDictionary& payer, Collection<Record>& records,
               const Collection<Map>& maps) {
@@ -143,7 +145,7 @@ void linkMaps(const CollectionDictionary& payer, Collection<Record>& records,
         found[first + i] = lookup(*id);
     }
   });
-  // By one thread: all count the owners of the same few maps.
+  // Sequential, because all of them change the reference counts of the same few maps.
   constexpr std::size_t ahead = 16;
   for (std::size_t i = 0; i < entries.size(); ++i) {
     if (i + ahead < entries.size()) __builtin_prefetch(&entries[i + ahead].second->map, 1);
@@ -167,7 +169,8 @@ std::vector<std::shared_ptr<Record>> listOf(const Collection<Record>& records) {
   return list;
 }
 
-// The accessible vortices first: an accessible graph stops at the first one that is not.
+// Returns the accessible vortices first: an accessible graph ends at the first one that is not
+// accessible.
 Collection<Vortex> accessibleFirst(const CollectionDictionary& payer) {
   const Collection<Vortex>& vortices = *payer.vortices;
   Collection<Vortex> ordered;
@@ -180,7 +183,7 @@ Collection<Vortex> accessibleFirst(const CollectionDictionary& payer) {
   return ordered;
 }
 
-// The lists of a published venue and the dictionary of its polygons.
+// Returns the lists of a published venue and the dictionary of its polygons.
 std::size_t memoryOfLists(const CollectionDictionary& collections) {
   const std::size_t records = collections.locations->size() + collections.categories->size() +
                               collections.maps->size() + collections.nodes->size() +
@@ -245,7 +248,7 @@ bool linkVortexNodes(CollectionDictionary& collections, bool accessible) {
       vortex.nodes.push_back(node);
     });
   }
-  collections.navigationGraph = nullptr;  // of the first pass, which nobody has seen
+  collections.navigationGraph = nullptr;  // from the first round; not published yet
   const auto graphOf = [&](const Collection<Vortex>& vortices) {
     return std::make_shared<NavigationGraph>(*collections.nodes, vortices, accessible,
                                              collections.budget);

@@ -1,5 +1,5 @@
-// Joining the six collections of a venue into one object graph. The tasks read identifiers from the
-// records' own JSON; a reference that names no record makes no link.
+// Joins the six collections of a venue. The joins read identifiers from the JSON of the records; a
+// reference to an unknown record creates no link.
 #pragma once
 
 #include <memory>
@@ -12,7 +12,7 @@
 
 namespace orivanta {
 
-/// The collections of one load; absent means not yet received.
+/// The collections of one load; a collection is absent until it has been received.
 struct CollectionDictionary {
   std::optional<Collection<Location>> locations;
   std::optional<Collection<Category>> categories;
@@ -21,27 +21,27 @@ struct CollectionDictionary {
   std::optional<Collection<Vortex>> vortices;
   std::optional<Collection<Polygon>> polygons;
   std::shared_ptr<NavigationGraph> navigationGraph;
-  std::shared_ptr<foundation::MemoryBudget> budget;  ///< pays for the links; may be null
+  std::shared_ptr<foundation::MemoryBudget> budget;  ///< the budget of the links; may be null
 };
 
-// Each task returns whether its inputs were there; without them it does nothing. Tasks that append
-// do so again when they run again. A task that runs out of memory or budget throws `std::bad_alloc`
-// and leaves the collections half linked.
+// Each join returns whether its inputs are present; if not, it does nothing. Joins that append
+// links append them again when they run again. A join that exceeds the memory or the budget throws
+// `std::bad_alloc` and leaves the collections partially linked.
 
 bool linkCategoryParents(CollectionDictionary& collections);
 bool linkLocationCategories(CollectionDictionary& collections);
-/// Drops the polygons whose map is missing or unknown.
+/// Also removes the polygons whose map is missing or unknown.
 bool linkPolygonMaps(CollectionDictionary& collections);
-/// Drops the nodes whose map is missing or unknown.
+/// Also removes the nodes whose map is missing or unknown.
 bool linkNodeMaps(CollectionDictionary& collections);
 bool linkPolygonEntrances(CollectionDictionary& collections);
 /// Also builds the navigation graph.
 bool linkVortexNodes(CollectionDictionary& collections, bool accessible);
 bool linkLocationNodes(CollectionDictionary& collections);
-/// Takes from each location the nodes that are entrances of its own polygons.
+/// Removes from each location the nodes that are entrances of its polygons.
 bool linkLocationPolygons(CollectionDictionary& collections);
-/// Hands everything over to `publish` and returns its result. Returns null without the inputs.
-/// Calls `publish` only if there is enough memory for all of the contents.
+/// Passes the contents to `publish` and returns its result. Returns null if an input is missing.
+/// Calls `publish` only if there is enough memory for all contents.
 std::shared_ptr<Venue> publishVenue(const CollectionDictionary& collections,
                                     const Publish& publish);
 

@@ -76,14 +76,14 @@ void VenueLoad::runJoins() {
     }
 }
 
-// What has been joined so far is dropped first, so that there is memory for what follows.
+// Releases the results of the joins first, so that memory is available for the next steps.
 void VenueLoad::endWithout(const std::exception& reason) {
   ended_ = true;
   published_ = nullptr;
   collections_ = CollectionDictionary();
   if (options_.failed) return options_.failed(foundation::memoryError(reason));
   collections_ = std::move(empty_);
-  fmt::memory_buffer line;  // a short text lies within it
+  fmt::memory_buffer line;  // a short text is stored without allocation
   fmt::format_to(std::back_inserter(line), "the venue is left empty: {}", reason.what());
   foundation::diagnostic({line.data(), line.size()});
   published_ = publishVenue(collections_, publish_);

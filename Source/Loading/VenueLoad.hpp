@@ -1,4 +1,5 @@
-// One load of a venue: collects the six answers and runs the joins when enough of them are there.
+// One load of a venue: stores the six collections and runs the joins when enough of them have
+// arrived.
 #pragma once
 
 #include <functional>
@@ -11,19 +12,20 @@
 
 namespace orivanta {
 
-/// Kept alive by whoever still has an answer to deliver. One thread at a time. Several loads may
-/// run at once, on one thread each.
+/// The pending requests keep the load alive. Only one thread at a time may use it; several loads
+/// may run concurrently on different threads.
 class VenueLoad {
  public:
   struct Options {
-    /// Told why a load ended for lack of memory or because its budget is exceeded; then nothing is
-    /// published. Without it an empty venue is published, and a diagnostic line tells the reason.
+    /// Called with the reason if a load ends because memory or the budget is exhausted; nothing is
+    /// published in this case. If empty, an empty venue is published and the reason is written as a
+    /// diagnostic line.
     std::function<void(const foundation::Error&)> failed = nullptr;
-    /// What the answers and the joins may take; may be null.
+    /// The budget of the collections and the joins; may be null.
     std::shared_ptr<foundation::MemoryBudget> budget = nullptr;
   };
 
-  /// `publish` is called when everything is joined, and `callback` then with the venue that it
+  /// When the joins are complete, `publish` is called, and then `callback` with the venue that it
   /// returned, unless that is null.
   VenueLoad(bool accessible, Publish publish, std::function<void(std::shared_ptr<Venue>)> callback,
             Options options);
@@ -32,8 +34,8 @@ class VenueLoad {
   VenueLoad(const VenueLoad&) = delete;
   VenueLoad& operator=(const VenueLoad&) = delete;
 
-  /// Stores an answer, such as `receive(&CollectionDictionary::nodes, nodes)`, and runs the gate.
-  /// The first answer after the budget was exceeded ends the load.
+  /// Stores a collection, as in `receive(&CollectionDictionary::nodes, nodes)`, and runs the joins
+  /// if they are ready. The first collection after the budget was exceeded ends the load.
   template <class Record>
   void receive(std::optional<Collection<Record>> CollectionDictionary::*field,
                Collection<Record> records) {
@@ -45,25 +47,25 @@ class VenueLoad {
   }
 
  private:
-  /// Runs all joins, in order, whenever the five collections other than the polygons are there;
-  /// when the polygons come last, that is twice.
+  /// Runs all joins, in order, if the five collections other than the polygons have arrived. If the
+  /// polygons arrive last, this happens twice.
   void collectionReady();
   void runJoins();
   void endWithout(const std::exception& reason);
 
   struct Join {
     std::function<bool(CollectionDictionary&)> run;
-    bool early = false;  ///< may run before the gate opens: what it links does not depend on others
-    bool ranEarly = false;  ///< so the first pass leaves it out
+    bool early = false;     ///< may run before the others, because it does not depend on them
+    bool ranEarly = false;  ///< the first round skips it
   };
 
   const Publish publish_;
   const std::function<void(std::shared_ptr<Venue>)> callback_;
   const Options options_;
   CollectionDictionary collections_;
-  CollectionDictionary empty_;  ///< made beforehand: what is left when memory runs out
+  CollectionDictionary empty_;  ///< allocated in advance, for use when memory runs out
   std::vector<Join> joins_;
-  std::shared_ptr<Venue> published_;  ///< to be handed to the callback
+  std::shared_ptr<Venue> published_;  ///< the argument of the callback
   bool ended_ = false;
 };
 

@@ -13,13 +13,13 @@ namespace orivanta {
 
 namespace {
 
-// Never destroyed: loads may be under way when the process ends.
+// Never destroyed: loads may still be running when the process ends.
 std::mutex& publishingMutex() {
   static auto& mutex = *new std::mutex;
   return mutex;
 }
 
-// Holds the mutex.
+// The caller must hold the mutex.
 void exchangeContents(Venue& venue, VenueContents& contents) {
   std::swap(venue.locations, contents.locations);
   std::swap(venue.categories, contents.categories);

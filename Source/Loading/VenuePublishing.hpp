@@ -1,6 +1,6 @@
-// Filling venues with what was loaded, and the active venue as the library itself uses it: under
-// one lock, since a load may start while another one ends on another thread. The application's own
-// use of `activeVenue` and of the fields of venues is not under the lock. Any thread.
+// Fills venues with loaded contents and manages the active venue for the library. One lock guards
+// both, because a load may start while another one ends on another thread. The lock does not cover
+// an application's access to `activeVenue` and to the fields of venues. Thread-safe.
 #pragma once
 
 #include <functional>
@@ -25,27 +25,28 @@ struct VenueContents {
   std::shared_ptr<NavigationGraph> navigationGraph;
 };
 
-/// Puts the contents into the venue that a load is for and returns that venue. Returns null if the
-/// load is not wanted any more.
+/// Passes the contents to the venue of a load and returns that venue. Returns null if the load is
+/// over.
 using Publish = std::function<std::shared_ptr<Venue>(VenueContents contents)>;
 
-/// Makes `venue` the active one. The contents of the venue that was active before are taken out of
-/// it and released in the background, since that takes a while for a large venue.
+/// Makes `venue` the active venue. The contents of the previously active venue are removed from it
+/// and released in the background, because that takes time for a large venue.
 void makeActive(const std::shared_ptr<Venue>& venue);
 
-/// Gives the contents to the active venue and returns it. Stops the program if no venue is active.
+/// Moves the contents to the active venue and returns it. Stops the program if no venue is active.
 std::shared_ptr<Venue> fillActiveVenue(VenueContents contents);
 
-/// Takes out of the venue what an earlier load put into it, and releases that in the background.
+/// Removes the contents of an earlier load from the venue and releases them in the background.
 void clearVenue(const std::shared_ptr<Venue>& venue);
 
-/// Gives the contents to the venue and returns it.
+/// Moves the contents to the venue and returns it.
 std::shared_ptr<Venue> fillVenue(const std::shared_ptr<Venue>& venue, VenueContents contents);
 
-/// The active venue's graph, or null if it has none. Stops the program if no venue is active.
+/// Returns the active venue's graph, or null if it has none. Stops the program if no venue is
+/// active.
 std::shared_ptr<NavigationGraph> activeGraph();
 
-/// The graph of a venue that a load may be filling. Null if it has none.
+/// Returns the graph of a venue that a load may be filling, or null if it has none.
 std::shared_ptr<NavigationGraph> graphOf(const Venue& venue);
 
 }  // namespace orivanta

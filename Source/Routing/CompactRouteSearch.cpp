@@ -14,7 +14,8 @@ namespace {
 
 constexpr CompactGraph::Index none = std::numeric_limits<CompactGraph::Index>::max();
 
-// Up to here a second-level cache holds graph and state, and fetching ahead is only work.
+// Up to this size, the graph and the state fit into a second-level cache, and prefetching does not
+// help.
 constexpr std::size_t nodesThatStayInCache = 8192;
 
 bool isFinite(const std::shared_ptr<Node>& node) {
@@ -23,7 +24,7 @@ bool isFinite(const std::shared_ptr<Node>& node) {
 
 }  // namespace
 
-// The root of the greatest square is the greatest root: rounding is monotone.
+// The root of the greatest square is the greatest root, because rounding is monotone.
 inline double CompactRouteSearch::heuristic(double x, double y, double z) const {
   const auto square = [=](const Position& destination) {
     const double dx = x - destination.x;
@@ -54,7 +55,7 @@ CompactRouteSearch::CompactRouteSearch(const CompactGraph& graph, const NodeList
   }
 }
 
-// Each node once: a venue may name one many times, and the heuristic looks at them all.
+// Returns each node once: a venue may name a node many times, and the heuristic reads all of them.
 void CompactRouteSearch::setDestinations(const NodeList& destinations) {
   const auto positionOf = [](const Node& node) { return Position{node.x, node.y, node.z}; };
   firstDestination_ = positionOf(*destinations.front());

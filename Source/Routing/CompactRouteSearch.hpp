@@ -1,11 +1,11 @@
-// The route search over a compact graph. It takes the same nodes in the same order as the search
-// with a sorted list and PriorityQueue's `put` does, and so finds the same path, bit for bit:
+// The route search over a compact graph. It takes the same nodes in the same order as a search with
+// a sorted list and PriorityQueue's `put`, so it finds exactly the same path:
 //
-// - A queued node keeps its place. When its cost falls while it is queued, its new priority is not
-//   greater than the old one (same heuristic, and rounding is monotone), and then `put` changes
-//   nothing. So no element is queued twice, and a heap that takes equal priorities newest first
-//   gives the list's order.
-// - A node that was taken is queued again when its cost falls: there is no closed set.
+// - A queued node keeps its position. If its cost decreases while it is queued, its new priority is
+//   not greater than the old one (same heuristic, and rounding is monotone), so `put` changes
+//   nothing. Therefore no element is queued twice, and a heap that takes equal priorities newest
+//   first has the order of the list.
+// - A taken node is queued again if its cost decreases: there is no closed set.
 #pragma once
 
 #include <cstddef>
@@ -23,11 +23,11 @@ namespace orivanta {
 /// One search. The graph and the lists must outlive it.
 class CompactRouteSearch {
  public:
-  /// Whether the reasons above hold: no weight is negative, and no distance is not a number.
+  /// Returns whether these conditions hold: no weight is negative, and no distance is NaN.
   static bool covers(const CompactGraph& graph, const NodeList& nodes,
                      const NodeList& destinations);
 
-  /// Neither list is empty, and the graph covers both.
+  /// The lists must not be empty, and the graph must support both.
   CompactRouteSearch(const CompactGraph& graph, const NodeList& nodes,
                      const NodeList& destinations);
   ~CompactRouteSearch();
@@ -52,7 +52,7 @@ class CompactRouteSearch {
   Route routeTo(Index destination, std::size_t takenNodes) const;
 
   const CompactGraph& graph_;
-  /// Start nodes that the graph does not have, numbered after those it has.
+  /// Start nodes that are not in the graph, numbered after its nodes.
   NodeList foreign_;
   std::unordered_map<const Node*, Index> foreignNumbers_;
   Position firstDestination_;

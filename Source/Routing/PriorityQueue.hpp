@@ -1,5 +1,5 @@
-// A queue whose `put` settles ties and requeueing in its own way, which the route search depends
-// on.
+// A priority queue whose `put` has special rules for ties and for elements that are queued again.
+// The route search depends on them.
 #pragma once
 
 #include <tsl/ordered_map.h>
@@ -18,16 +18,16 @@
 namespace orivanta {
 
 /// A list of (element, priority) pairs in descending order of priority, taken from the end: the
-/// smallest priority first, of equal priorities the one put last.
+/// smallest priority first; among equal priorities, the one put last.
 ///
-/// `put` does what this walk of the list from its front would do, without walking:
+/// `put` has the same result as the following walk from the front of the list, without the walk:
 /// - the walk ends without any change when it meets the element before a smaller priority;
-/// - else the new pair goes before the first smaller priority, or to the end;
-/// - and if the walk meets the element further on, the pair that stood just before that older one
-///   is removed, while the older one stays.
+/// - otherwise the new pair is inserted before the first smaller priority, or at the end;
+/// - if the walk then meets the element again, the pair directly before that older pair is removed,
+///   and the older pair stays.
 ///
-/// Elements need equality and a hash, priorities an order. A NaN, which is not greater than
-/// anything, goes to the end and from then on counts as the priority of the pair before it.
+/// Elements need equality and a hash, and priorities an order. A NaN, which is not greater than
+/// anything, is inserted at the end and then has the priority of the pair before it.
 template <class Element, class Priority, class Hash = std::hash<Element>,
           class Equal = std::equal_to<Element>>
 class PriorityQueue {
@@ -54,7 +54,7 @@ class PriorityQueue {
     remove(toRemove, positionOf(toRemove));
   }
 
-  /// Takes the last pair and returns its element; nothing when the queue is empty.
+  /// Takes the last pair and returns its element. Returns nothing if the queue is empty.
   std::optional<Element> next() {
     if (order_.empty()) return std::nullopt;
     const Position last = order_.last();
@@ -64,15 +64,15 @@ class PriorityQueue {
     return element;
   }
 
-  /// A source of elements, each taken from the queue by the call that returns it, until it returns
-  /// nothing. Valid as long as the queue, which may change between the calls.
+  /// Returns a function that takes the next element from the queue and returns it, or nothing if
+  /// the queue is empty. Valid as long as the queue, which may change between the calls.
   auto generate() {
     return [this] { return next(); };
   }
 
   std::size_t size() const { return pairs_.size() - unused_.size(); }
 
-  /// The whole list, the largest priority first.
+  /// Returns the whole list, the largest priority first.
   std::vector<std::pair<Element, Priority>> collection() const {
     std::vector<std::pair<Element, Priority>> pairs;
     pairs.reserve(size());
@@ -91,7 +91,7 @@ class PriorityQueue {
   using Number = typename Order::Number;
   static constexpr Number none = std::numeric_limits<Number>::max();
 
-  /// The pairs of one element are linked with one another.
+  /// The pairs of one element form a linked list.
   struct Pair {
     Element element;
     Priority priority;
@@ -100,7 +100,7 @@ class PriorityQueue {
     Number behind;
   };
 
-  /// In front of all pairs of the element, the first of which is `behind`.
+  /// Inserts a pair in front of all pairs of the element, the first of which is `behind`.
   Number insert(const Element& element, Priority priority, Number behind) {
     priority = comparable(priority);
     const Number number = unused_.empty() ? static_cast<Number>(pairs_.size()) : unused_.back();
@@ -154,7 +154,7 @@ class PriorityQueue {
   std::vector<Number> unused_;  ///< numbers of pairs that were removed
   tsl::ordered_map<Element, Number, SpreadHash, Equal, std::allocator<std::pair<Element, Number>>,
                    std::vector<std::pair<Element, Number>>>
-      first_;  ///< of each element the pair nearest to the front
+      first_;  ///< per element, the pair nearest to the front
   std::uint64_t sequence_ = 0;
 };
 

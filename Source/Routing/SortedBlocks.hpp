@@ -11,11 +11,11 @@
 
 namespace orivanta {
 
-/// Numbers in descending order of their priorities; of equal priorities the one inserted first
-/// comes first. A binary search finds the block, which lies in a few cache lines, and all of its
-/// priorities are compared: a third less time than in a search tree, whose every branch is a guess.
-/// One insertion in sixteen or fewer divides a block, which moves a pointer for each block behind
-/// it.
+/// Numbers in descending order of their priorities; among equal priorities, in the order of
+/// insertion. A binary search finds the block, which fits into a few cache lines, and then all of
+/// its priorities are compared. This takes a third less time than a search tree, whose branches are
+/// unpredictable. At most one in sixteen insertions splits a block, which moves one pointer for
+/// each following block.
 template <class Priority>
 class SortedBlocks {
  public:
@@ -39,7 +39,7 @@ class SortedBlocks {
     return {at.block - 1, blocks_[at.block - 1]->size - 1};
   }
 
-  /// The first entry that is not before the one looked for, which must be there.
+  /// Returns the first entry for which `isBefore` is false. There must be one.
   template <class IsBefore>
   Position find(const IsBefore& isBefore) const {
     const auto block = std::partition_point(blocks_.begin(), blocks_.end(), [&](const auto& each) {
@@ -85,7 +85,7 @@ class SortedBlocks {
     std::array<Entry, blockSize> entries;
   };
 
-  // The first block with a smaller priority, or the last one.
+  // Returns the first block with a smaller priority, or the last block.
   std::size_t blockFor(Priority priority) {
     if (blocks_.empty()) {
       blocks_.push_back(std::make_unique<Block>());
@@ -110,8 +110,8 @@ class SortedBlocks {
   }
 
   std::vector<std::unique_ptr<Block>> blocks_;  ///< none is empty
-  std::vector<Priority> least_;  ///< of each block: no greater than its smallest priority, no less
-                                 ///< than the next block's greatest
+  std::vector<Priority> least_;  ///< per block: at most its smallest priority, and at least the
+                                 ///< greatest of the next block
 };
 
 }  // namespace orivanta

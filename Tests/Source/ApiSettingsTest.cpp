@@ -37,7 +37,7 @@ TEST(ApiSettings, CredentialsInTheEndpointCountIfThereAreNoOthers) {
   }
 }
 
-// In a process of its own: the property lists are looked for once.
+// Runs in a separate process, because the property lists are searched only once.
 TEST(ApiSettingsDeathTest, TheFirstPropertyListWithATextWins) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   const auto readSettings = [] {

@@ -31,7 +31,7 @@ std::shared_ptr<Location> placeOf(const std::string& name, NodeList nodes = {}) 
   return place;
 }
 
-// "path: instruction at node / ...", with a D for a departure and an A for an arrival.
+// Returns "path: instruction at node / ...", with D for a departure and A for an arrival.
 std::string textOf(const Result& result) {
   if (!result) return "nothing";
   std::string text = namesOf(result->path) + ":";
@@ -71,7 +71,7 @@ TEST(Directions, SayWhereToDepartAndArrive) {
     EXPECT_EQ(textOf(Directions::make(test.path, test.from, test.to)), test.text);
 }
 
-/// Makes a venue with the network's graph the active one, until the end of the test.
+/// Makes a venue with the network's graph the active venue until the end of the test.
 // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): the test library destroys it
 class ActiveDirections : public testing::Test {
  protected:

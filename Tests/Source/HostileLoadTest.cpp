@@ -1,4 +1,4 @@
-// Servers whose answers would take memory or time without bound.
+// Tests with servers whose responses would use unlimited memory or time.
 #include <gmock/gmock.h>
 
 #include "Platform/Foundation/Diagnostics.hpp"
@@ -20,7 +20,8 @@ using test::MisbehavingServer;
 
 constexpr std::size_t budgetBytes = std::size_t{8} << 20U;
 
-// A list of so many elements; each "#" in the pattern becomes the element's number.
+// Returns a list with this number of elements; each "#" in the pattern becomes the element's
+// number.
 std::string listOf(std::size_t count, const std::string& pattern, std::size_t first = 0) {
   std::string list = "[";
   for (std::size_t i = first; i < first + count; ++i) {
@@ -46,7 +47,7 @@ std::string location(const std::string& nodes, const std::string& polygons) {
 
 struct Attack {
   const char* name;
-  const char* collection;  // the one that exceeds the budget; "venue" for all of them together
+  const char* collection;  // the one that exceeds the budget; "venue" for all together
   std::function<void(MisbehavingServer&)> prepare;
 };
 
@@ -107,7 +108,7 @@ TEST_F(HostileLoad, EndsWithAnErrorWhenItExceedsItsBudget) {
     EXPECT_FALSE(report.complete);
     EXPECT_FALSE(report.venue->nodes);
     ASSERT_EQ(report.failures.size(), 1U);
-    // A chain that ends as a consequence may be the first to end the load.
+    // A chain that fails as a consequence may be the first to end the load.
     EXPECT_THAT(report.failures[0].collection, testing::AnyOf(attack.collection, "venue"));
     EXPECT_EQ(report.failures[0].problem, LoadProblem::tooLarge);
 
@@ -123,7 +124,7 @@ TEST_F(HostileLoad, EndsWithAnErrorWhenItExceedsItsBudget) {
   }
 }
 
-// Each place names the one polygon, and each node is an entrance of it.
+// Each location refers to the same polygon, and each node is an entrance of it.
 TEST_F(HostileLoad, EntrancesAreNotLookedThroughForEachPlace) {
   constexpr std::size_t count = 20'000;
   MisbehavingServer server;
@@ -142,7 +143,7 @@ TEST_F(HostileLoad, EntrancesAreNotLookedThroughForEachPlace) {
 }
 
 TEST_F(HostileLoad, IdentifiersCannotBeMadeToFallIntoOnePlace) {
-  // One value of the standard library's hash.
+  // The standard library's hash is the same for both.
   EXPECT_NE(TextHash()("2RiI7OduXbNIadeW"), TextHash()("fjG6SilQK1iWSj?4"));
 }
 

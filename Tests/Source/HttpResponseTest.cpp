@@ -25,7 +25,7 @@ using test::withPage;
 
 struct PagesCase {
   std::string name;
-  std::vector<std::pair<std::string, Answer>> answers;  // by path below the root
+  std::vector<std::pair<std::string, Answer>> answers;  // by path relative to the root
   Texts completed;
 };
 
@@ -162,7 +162,7 @@ TEST(HttpResponse, AnAnswerThatComesBeforeTheChainIsCompleteIsKept) {
     const auto earlyFailure = session.get("wrong");
     ASSERT_TRUE(server.waitForRequests("/1/a", 1));
     ASSERT_TRUE(server.waitForRequests("/1/wrong", 1));
-    // Another chain from start to end: by now the answers are there.
+    // Runs another chain to its end; the responses have arrived by then.
     EXPECT_TRUE(courseOf(session).completed);
     early.onPage(Texts(), withPage).onComplete([=](Texts texts) {
       completed.give(std::move(texts));
@@ -245,7 +245,7 @@ TEST(CustomUrlSessionDelegate, ReportsTheErrorOfAnInvalidSessionAndFinishedEvent
 
 TEST(HttpResponse, ALinkFromHttpsToHttpEndsAChainThatStaysSecure) {
   const std::string start = "https://u:p@h/a";
-  // A redirect may lead to a URL that cannot be read; then the response has none.
+  // A redirect may lead to a URL that cannot be parsed; the response then has no URL.
   for (const auto& [staysSecure, url] : {std::pair(true, foundation::Url::parse(start)),
                                          {true, std::nullopt},
                                          {false, foundation::Url::parse(start)}}) {
@@ -296,7 +296,7 @@ TEST(HttpResponse, AChainThatRunsInACircleEndsWhenItsSessionIsInvalidated) {
     ASSERT_TRUE(fifthPage->wait());
     running->invalidateAndCancel();
     ASSERT_TRUE(released->wait());
-    // What was canceled is gone once a later request has been answered.
+    // Canceled requests have ended when a later request has been answered.
     const auto requestsAfterAnother = [&server] {
       courseOf(sessionFor(server.root()), "another");
       return server.requests("/1/a").size();
@@ -319,7 +319,7 @@ TEST(HttpResponse, CallbacksComeFromOtherThreadsAndOneAtATimeAndBlockOnlyTheirCh
   const auto allAreThere = std::make_shared<Latch>();
   std::atomic<int> there = 0;
   for (const auto& completed : chains) {
-    // Plain members, not atomic ones: the thread sanitizer watches them.
+    // Plain members instead of atomic ones, so that the thread sanitizer checks them.
     struct Use {
       bool inside = false;
       int pages = 0;

@@ -22,7 +22,7 @@ using test::withPage;
 
 TEST(HttpSession, ARequestThatCannotBeSentIsAnError) {
   EXPECT_EQ(courseOf(sessionFor(MisbehavingServer::refusingRoot())).error->code, 7);
-  // Without a base, a path must not be taken for the name of a host.
+  // Without a base URL, a path must not be interpreted as a host name.
   MisbehavingServer server;
   server.on("/", Answer::json("[]"));
   const std::string host = server.rootByName("").substr(std::string("http://").size());

@@ -54,7 +54,7 @@ TEST(ImageCollection, NeedsAtLeastOneUrl) {
 }
 
 TEST(ImageCollectionDeathTest, PixelsOfTheScreenAreRoundedUpAndChecked) {
-  GTEST_FLAG_SET(death_test_style, "threadsafe");  // a process of its own: the scale is read once
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // in a new process: the scale is read once
   const auto chosenOnDenseScreen = [] {
     foundation::setMainScreenScale(2.6);
     const auto images = imagesOf(R"({"small": "s", "medium": "m", "original": "o"})");

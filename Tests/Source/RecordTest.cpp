@@ -1,4 +1,4 @@
-// Building the seven kinds of record: what each needs, and what it makes of the rest.
+// Tests for building the seven kinds of records: required members and the values of all others.
 #include "Source/Record.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The recorded routes of real buildings: path, cost and number of taken nodes of each.
+// Tests with recorded routes of real buildings: path, cost and number of taken nodes of each.
 
 #include <gtest/gtest.h>
 
@@ -21,9 +21,9 @@ struct RecordedRoute {
   bool accessible;
   std::vector<std::string> starts;
   std::vector<std::string> destinations;
-  std::vector<std::string> path;  ///< empty when there is no route
-  double cost;                    ///< of the search at the goal; 0 without a route
-  double weight;                  ///< of the path, each step by its cheapest edge
+  std::vector<std::string> path;  ///< empty if there is no route
+  double cost;                    ///< of the search at the destination; 0 if there is no route
+  double weight;                  ///< of the path, with the cheapest edge for each step
   std::size_t takenNodes;
 };
 
@@ -33,7 +33,7 @@ std::vector<std::string> textsOf(const RawData& list) {
   return texts;
 }
 
-// Recorded as the shortest text of the double, infinity as "inf".
+// Parses a recorded number: the shortest text of the double, or "inf" for infinity.
 double doubleOf(const RawData& text) { return std::strtod(text.stringValue().c_str(), nullptr); }
 
 NodeList nodesOf(const Collection<Node>& nodes, const std::vector<std::string>& identifiers) {
@@ -82,7 +82,7 @@ struct Building {
   std::shared_ptr<NavigationGraph> graph;
 };
 
-// `asListed` takes the connectors in the order of their file, without the accessible ones first.
+// `asListed` keeps the connectors in file order; otherwise the accessible ones come first.
 Building joined(const std::filesystem::path& package, bool accessible, bool asListed) {
   CollectionDictionary collections = test::readPackage(package);
   for (const auto& join : {linkCategoryParents, linkLocationCategories, linkPolygonMaps,

@@ -39,7 +39,7 @@ struct DrawnCase {
   std::map<char, double> weights;
   const char* from;
   const char* to;
-  const char* path;  ///< "" for none
+  const char* path;  ///< "" if there is no route
   double cost;
   std::size_t taken;
 };
@@ -78,7 +78,7 @@ TEST(RouteSearch, FindsRoutesOnDrawnNetworks) {
   }
 }
 
-/// A graph of random edges, and the nodes to search between, some of which it does not have.
+/// A graph of random edges, and the ends of a search, some of which are not in the graph.
 struct RandomGraph {
   NodeList nodes;
   std::unique_ptr<NavigationGraph> graph;

@@ -1,4 +1,4 @@
-// Loading venues over HTTP: Source/Orivanta with everything below it.
+// Tests for loading venues over HTTP: Source/Orivanta and the layers below it.
 #include <gtest/gtest.h>
 
 #include <boost/json/array.hpp>
@@ -36,7 +36,7 @@ using test::MisbehavingServer;
 using test::smallVenue;
 using test::smallVenueAnswers;
 
-// Tells when chains are done: each running one shares in the ownership of its observer.
+// Indicates when all chains have ended: each running chain owns a reference to its observer.
 class SilentObserver : public WebApiObserver {
   void pageReceived(std::string_view, const network::HttpUrlResponse&, std::size_t) override {}
   void collectionEnded(std::string_view, const foundation::Result<void>&) override {}
@@ -60,7 +60,7 @@ std::shared_ptr<Venue> loaded(const WebApiSession& session, const std::shared_pt
   return arrived.take();
 }
 
-// Every test starts and ends without an active venue.
+// Ensures that each test starts and ends without an active venue.
 class VenueLoading : public testing::Test {
  protected:
   void SetUp() override { activeVenue = nullptr; }
@@ -108,7 +108,7 @@ TEST_F(VenueLoading, FailedCollectionsCountAsEmptyAndAreReported) {
   EXPECT_TRUE(venue.categories->empty() && venue.vortices->empty() && venue.polygons->empty());
   EXPECT_EQ(venue.locations->size(), 2U);
   EXPECT_EQ(venue.nodes->size(), 4U);
-  // The polygons may have come last, so the nodes may be there twice; none has been an entrance.
+  // If the polygons arrived last, the list contains each node twice; no node is an entrance.
   EXPECT_EQ(venue.locations->at(0)->nodes.size() % 2, 0U);
   std::map<std::string, LoadProblem> problems;
   for (const LoadFailure& failure : report.failures) problems[failure.collection] = failure.problem;
@@ -145,7 +145,7 @@ TEST_F(VenueLoading, TheNextLoadClearsAndRefillsAndKeptRecordsStayValid) {
   EXPECT_EQ((*graph)[*cafe->nodes.at(0)].front().node()->x, 5.0);
 }
 
-// The elements of a package's file in pages of a hundred.
+// Serves the elements of a package file in pages of one hundred.
 void servePackage(MisbehavingServer& server, const std::filesystem::path& package) {
   for (const auto& entry : smallVenueAnswers()) {
     const std::string path = "/1/" + entry.first;
@@ -170,7 +170,7 @@ TEST_F(VenueLoading, RealVenuesArriveInPagesAsTheyAre) {
     const auto package = *test::venuesFolder() / name;
     MisbehavingServer server;
     servePackage(server, package);
-    // The polygons' answer comes before the maps are sent at all.
+    // The polygons arrive before the response with the maps is sent.
     const auto polygonsAreThere = std::make_shared<Latch>();
     server.on("/1/map",
               Answer::json(test::contentsOf(package / "map.json")).held(polygonsAreThere));
@@ -203,7 +203,7 @@ TEST_F(VenueLoading, ReportsTheListOfVenues) {
             LoadProblem::noAnswer);
 }
 
-// Documented as wrong use, but memory has to stay safe.
+// The documentation forbids this use, but it must be memory-safe.
 TEST_F(VenueLoading, LoadsMayOverlapWhileRoutesAreSearched) {
   MisbehavingServer server;
   serveSmallVenue(server);
@@ -262,7 +262,7 @@ TEST_F(VenueLoading, VenuesOfOtherSessionsLiveSideBySide) {
   EXPECT_EQ(activeVenue, nullptr);
 }
 
-// Answers from a map instead of a network.
+// A transport that returns responses from a map.
 class MemoryTransport : public network::UrlTransport {
  public:
   void start(network::UrlRequest request, Completion completed) override {
@@ -304,7 +304,7 @@ TEST_F(VenueLoading, HandlersAreCalledByTheExecutorAndNotAfterCanceling) {
     ASSERT_TRUE(foundation::mainQueue::wait(60));
     EXPECT_EQ(calls, "");
     if (isCanceled) handle->cancel();
-    // The start, six pages, the ends of six collections, the end.
+    // The start, six pages, the ends of six collections, and the end of the load.
     do {
       ASSERT_TRUE(foundation::mainQueue::wait(60));
       foundation::mainQueue::drain();
@@ -356,7 +356,7 @@ TEST_F(VenueLoadingDeathTest, AVenueWithoutASlugStopsTheProgram) {
   EXPECT_DEATH(loadVenue(session, nullptr, false, [](const auto&) {}), absence);
 }
 
-// The process has one session of its own for all times, so this runs in a process of its own.
+// Runs in a separate process, because the process-wide session is created only once.
 [[noreturn]] void loadThroughTheProcessWideSession() {
   MisbehavingServer server;
   serveSmallVenue(server);
@@ -366,7 +366,7 @@ TEST_F(VenueLoadingDeathTest, AVenueWithoutASlugStopsTheProgram) {
   const Awaited<std::vector<std::shared_ptr<Venue>>> listed;
   getVenues([=](auto venues) { listed.give(std::move(venues)); });
   const auto venues = listed.take();
-  setApiSettings({.endpoint = MisbehavingServer::refusingRoot()});  // too late to count
+  setApiSettings({.endpoint = MisbehavingServer::refusingRoot()});  // too late to have an effect
   const Awaited<std::shared_ptr<Venue>> arrived;
   getVenue(venues.at(0), [=](const auto& venue) { arrived.give(venue); });
   const auto venue = arrived.take();
@@ -382,7 +382,7 @@ TEST_F(VenueLoadingDeathTest, TheProcessWideSessionTakesTheFirstSettings) {
               "^2 venues, B has 4 nodes, Basic dXNlcjpzZWNyZXQ=\n$");
 }
 
-// Loads go on in the background while the process runs its exit handlers.
+// Loads continue in the background while the process runs its exit handlers.
 [[noreturn]] void endDuringALoad() {
   const auto server = std::make_shared<MisbehavingServer>();
   serveSmallVenue(*server);

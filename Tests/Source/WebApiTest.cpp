@@ -25,7 +25,7 @@ WebApiSession sessionFor(const std::string& root,
   return {root, "user", "secret", "en", std::move(observer)};
 }
 
-// Starts a call by its function and waits for the collection.
+// Calls a function of the session and waits for the collection.
 template <class Record>
 Collection<Record> collected(const std::function<void(WebApiSession::Callback<Record>)>& call) {
   const Awaited<Collection<Record>> arrived;
@@ -50,7 +50,7 @@ std::vector<std::string> idsOf(const Collection<Record>& records) {
 
 TEST(WebApi, EveryCallNamesItsCollectionAndBuildsItsRecords) {
   MisbehavingServer server;
-  // Every kind of record builds from this one element.
+  // This element is valid for every kind of record.
   const Answer answer =
       Answer::json(R"([{"id": "i", "slug": "s", "name": "n", "type": "t", "x": 1, "y": 2}])");
   for (const char* path : {"venue", "location", "category", "map", "node", "vortex", "polygon"})
@@ -91,7 +91,7 @@ TEST(WebApi, ACollectionIsTheUnionOfItsPagesWithoutWhatFormsNoRecord) {
   EXPECT_EQ(locations.at("a")->name, "twice");
 }
 
-// What an observer was told, in words.
+// The calls that an observer received, as text.
 class Witness : public WebApiObserver {
  public:
   void pageReceived(std::string_view collection, const network::HttpUrlResponse& response,

@@ -11,7 +11,7 @@
 namespace orivanta {
 namespace {
 
-// The sequence numbers of the second frontier run out again and again.
+// The second frontier runs out of sequence numbers repeatedly.
 TEST(RouteFrontier, TakesNodesInTheOrderOfTheList) {
   constexpr double infinity = std::numeric_limits<double>::infinity();
   const double priorities[] = {0.0, 5e-324, 1.0, 1.5, 1e308, infinity};

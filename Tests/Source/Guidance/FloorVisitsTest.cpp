@@ -11,7 +11,8 @@
 namespace orivanta {
 namespace {
 
-// A path with a node on each of these floors. The floors "a" and "b" have one level.
+// Returns a path with a node on each of these floors. The floors "a" and "b" have the same
+// elevation.
 NodeList pathOn(const std::string& floors) {
   std::map<char, std::shared_ptr<Map>> maps;
   NodeList path;
@@ -35,7 +36,7 @@ TEST(FloorVisits, AndChangesOfFloorMakeUpAPath) {
   for (const Case& each : {Case{"", "", ""},
                            {"a", "a:0-0 ", ""},
                            {"aac", "a:0-1 c:2-2 ", "↑ c:1-2 "},
-                           {"aacdddd", "a:0-1 d:3-6 ", "↑ d:1-3 "},  // through c without a step
+                           {"aacdddd", "a:0-1 d:3-6 ", "↑ d:1-3 "},  // passes through c
                            {"ccaacc", "c:0-1 a:2-3 c:4-5 ", "↓ a:1-2 ↑ c:3-4 "},
                            {"aacaa", "a:0-1 a:3-4 ", "→ a:1-3 "},
                            {"abba", "a:0-0 b:1-2 a:3-3 ", "→ b:0-1 → a:2-3 "}}) {

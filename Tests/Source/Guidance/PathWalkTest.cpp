@@ -27,13 +27,13 @@ TEST(PathWalk, AddsUpLengthsCostsAndRides) {
   struct Case {
     const char* path;
     double length;
-    double weight;  // a ride on Y costs 3 for each floor, and 3
+    double weight;  // a ride on Y costs 3 per floor, plus 3
     const char* rides;
   };
   for (const Case& each : {Case{"", 0, 0, ""},
                            {"a", 0, 0, ""},
-                           {"dcd", 0, 12, "Y:0-2 "},       // stops of one ride are one
-                           {"acd", 0, 7, "X:0-1 Y:1-2 "},  // the cheaper of two
+                           {"dcd", 0, 12, "Y:0-2 "},       // a ride with an intermediate stop
+                           {"acd", 0, 7, "X:0-1 Y:1-2 "},  // the cheaper of two edges
                            {"dabad", 10, 28, "Y:0-1 Y:3-4 "},
                            {"bca", 0, 1, "X:1-2 "}}) {  // no edge from b to c
     NodeList path;

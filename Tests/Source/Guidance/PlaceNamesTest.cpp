@@ -23,17 +23,17 @@ TEST(PlaceNames, AreTakenInTheStrictestWayThatFits) {
     const char* named;
     const char* containing;
   };
-  for (const Case& each : {Case{"l1", "l1", "l1 n3"},  // an identifier before a name
+  for (const Case& each : {Case{"l1", "l1", "l1 n3"},  // an identifier precedes a name
                            {"n1", "node n1", ""},
-                           {"n3", "n3", "n3"},         // a location before a node
-                           {"Bakery", "l1", "l1 l2"},  // the exact name before other capitals
+                           {"n3", "n3", "n3"},         // a location precedes a node
+                           {"Bakery", "l1", "l1 l2"},  // an exact name precedes one in other case
                            {"bakery", "l2", "l1 l2"},
                            {"BAKERY", "l1 l2", "l1 l2"},
                            {"bake", "l1 l2", "l1 l2"},
                            {"ＢＯＯＫ SHOP", "l3", "l3"},
                            {"CAFÉ É", "l5", "l5"},
-                           {"cafe", "", ""},  // accents count
-                           {"L2", "", ""},    // identifiers are exact
+                           {"cafe", "", ""},  // accents are significant
+                           {"L2", "", ""},    // identifiers must match exactly
                            {"l9", "", ""},
                            {"", "", "l1 l2 l3 n3 l5"}}) {
     const NamedPlaces named = placesNamed(*venue, each.text);

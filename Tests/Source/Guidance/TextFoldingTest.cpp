@@ -29,7 +29,7 @@ TEST(TextFolding, TheSearchFormLeavesOutWhatPeopleLeaveOut) {
   };
   for (const auto& [text, form] : cases) EXPECT_EQ(searchForm(text), form) << text;
   std::string huge;
-  for (int i = 0; i < 100'000; ++i) huge += "ﷺ-";  // of eighteen letters
+  for (int i = 0; i < 100'000; ++i) huge += "ﷺ-";  // "ﷺ" folds to eighteen letters
   EXPECT_LT(searchForm(huge).size(), 400U);
   EXPECT_EQ(searchForm(std::string(299, 'a') + "é").size(), 299U) << "no half characters";
 }

@@ -17,7 +17,7 @@ network::HttpUrlResponse responseFrom(const std::string& url, int status,
   return response;
 }
 
-// What a load tells at its end.
+// The result of a load.
 class Ending {
  public:
   using Told = std::pair<std::vector<LoadFailure>, bool>;
@@ -41,10 +41,10 @@ TEST(LoadMonitor, TellsWhyACollectionFailed) {
   using foundation::failure;
   using foundation::Result;
   struct Case {
-    std::optional<int> status;  // of a page, when one comes
+    std::optional<int> status;  // of the page; absent if no page arrives
     Result<void> outcome;
     LoadProblem problem;
-    std::string reason;  // "" for none
+    std::string reason;  // "" if there is none
   };
   const std::string page = "http://h/1/map";
   const std::string status = page + " answered with HTTP status ";
@@ -90,9 +90,9 @@ TEST(LoadMonitor, TellsWhyACollectionFailed) {
 
 TEST(LoadMonitor, GivesUpLoadsThatDoNotEnd) {
   struct {
-    std::vector<std::string> nextPages;  // by the pages of one collection
+    std::vector<std::string> nextPages;  // for each page of one collection
     std::size_t pageBytes;
-    std::string reason;  // "" for none
+    std::string reason;  // "" if there is none
     network::LowestRate lowestRate = {};
   } const cases[] = {
       {{"2", "1", "2"}, 1, "the pages of node run in a circle, back to http://h/1/2"},
@@ -109,7 +109,7 @@ TEST(LoadMonitor, GivesUpLoadsThatDoNotEnd) {
   for (const auto& test : cases) {
     const Ending ending;
     const auto load = ending.load(6, test.lowestRate);
-    // Every page answers from one URL, as behind a redirect.
+    // All responses have the same URL, as after a redirect.
     for (std::size_t page = 0; page < test.nextPages.size(); ++page) {
       std::string next = test.nextPages[page];
       if (next == "#") next = std::to_string(page);

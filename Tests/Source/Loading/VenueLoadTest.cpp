@@ -71,7 +71,7 @@ TEST(VenueLoad, ASecondAnswerReplacesTheFirst) {
   for (const auto& polygon : *venue->polygons) EXPECT_TRUE(polygon->map);
   EXPECT_EQ(calls, 1);
   load.receive(&CollectionDictionary::polygons, Collection<Polygon>());
-  EXPECT_EQ(calls, 2);  // the gate is open: everything runs again
+  EXPECT_EQ(calls, 2);  // all inputs are present, so all joins run again
   EXPECT_TRUE(venue->polygons->empty());
 }
 
