@@ -8,7 +8,8 @@ namespace guides {
 
 void listVenues() {
   //! [list venues]
-  setApiSettings({"https://maps.example.com/1/", "user", "password", nullptr});
+  setApiSettings(
+      {.endpoint = "https://maps.example.com/1/", .username = "user", .password = "password"});
   getVenues([](const std::vector<std::shared_ptr<Venue>>& venues) {
     for (const auto& venue : venues) std::cout << *venue->slug << ' ' << *venue->name << '\n';
   });

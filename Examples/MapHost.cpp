@@ -9,7 +9,7 @@ using namespace orivanta;
 int main(int argc, char** argv) {
   const auto fail = [](const char* problem) { return std::cerr << problem << '\n', 1; };
   const char* const endpoint = std::getenv("ORIVANTA_ENDPOINT");
-  if (endpoint != nullptr) setApiSettings({endpoint, {}, {}, nullptr});
+  if (endpoint != nullptr) setApiSettings({.endpoint = endpoint});
   foundation::setDiagnosticSink([](std::string_view) {});
   constexpr graphics::Size size{800, 600};  // points, and pixels
 

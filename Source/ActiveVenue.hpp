@@ -1,5 +1,4 @@
 // The active venue.
-// Public header.
 #pragma once
 
 #include <memory>

@@ -5,7 +5,6 @@
 // Settings that an application does not set are read from the main bundle's property lists, in
 // order, under the keys "OrivantaEndpoint" (the API root, ending in a slash), "OrivantaUsername"
 // and "OrivantaPassword". Platform/Foundation/Bundle.hpp describes where the main bundle is.
-// Public header.
 #pragma once
 
 #include <cstddef>

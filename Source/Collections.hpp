@@ -1,5 +1,4 @@
 // Dictionaries with string keys, and the collections of records.
-// Public header.
 #pragma once
 
 #include <tsl/ordered_map.h>

@@ -101,7 +101,6 @@ class ORIVANTA_API Directions {
 /// one.
 class ORIVANTA_API RouteEnd {
  public:
-  // Not explicit, so that callers can pass a location, a node or a list.
   /// Any node of a location, which the directions name.
   RouteEnd(Location& location);  // NOLINT
 
@@ -132,8 +131,8 @@ ORIVANTA_API std::shared_ptr<Directions> getDirections(const Venue& venue, const
 /// graph. Stops the program if no venue is active.
 ///
 /// The search is A* with the distance to the farthest destination as its heuristic, so with several
-/// destinations the route may not be the cheapest. Runs on the calling thread. Several searches may
-/// run concurrently as long as no load starts.
+/// destinations the route may not be the cheapest. Runs on the calling thread. Thread-safe, also
+/// while venues are being loaded.
 ORIVANTA_API std::shared_ptr<Directions> getDirections(
     const NodeList& starts, const NodeList& destinations,
     const std::shared_ptr<Location>& departFrom = nullptr,

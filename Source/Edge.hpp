@@ -1,5 +1,4 @@
 // An edge of the navigation graph, and hashing of nodes by identity.
-// Public header.
 #pragma once
 
 #include <cstddef>

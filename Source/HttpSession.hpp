@@ -71,7 +71,7 @@ namespace detail {
 
 /// Suspends the reports of a session from the start of a chain until the last handle to the chain
 /// is destroyed, so that a response that arrives immediately finds all callbacks set.
-class DeliveryHold {
+class ORIVANTA_API DeliveryHold {
  public:
   /// Suspends the reports of a session, which may be null.
   explicit DeliveryHold(std::shared_ptr<network::UrlSession> session);

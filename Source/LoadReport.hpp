@@ -58,15 +58,15 @@ struct VenueLoadReport {
   std::shared_ptr<Venue> venue;       ///< the venue of the load
   std::vector<LoadFailure> failures;  ///< at most one for each collection
 
-  /// False if the load was ended early (see `endsLoad`); the venue then has no collections. Any
-  /// other failure leaves one collection empty.
+  /// False if the load was ended early (see `endsLoad`); the load then adds no collections to the
+  /// venue. Any other failure leaves one collection empty.
   bool complete = true;
 };
 
 /// The callbacks of a load, called one at a time. Each field may be empty.
 ///
-///   loadVenueReporting(session, venue, true, {.ended = show, .executor =
-///   foundation::mainQueue::async});
+///   loadVenueReporting(session, venue, true,
+///                      {.ended = show, .executor = foundation::mainQueue::async});
 template <class Report>
 struct LoadHandlers {
   /// Called at the start, for each page and at the end of each collection.

@@ -1,5 +1,4 @@
 // A list of nodes: the nodes of a record, the ends of a search or a path.
-// Public header.
 #pragma once
 
 #include <memory>

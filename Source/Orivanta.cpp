@@ -103,10 +103,11 @@ std::shared_ptr<LoadHandle> loadVenuesReporting(const WebApiSession& session,
           },
           std::move(handlers.executor)});
   load->start();
+  load->cancelWith(session.cancellation());
   session.strictlyObservedBy(load)
       .canceledBy(load->cancellation())
       .venues([list, load](const Collection<Venue>& venues) {
-        *list = listOf(venues);
+        load->unlessOver([&] { *list = listOf(venues); });
         load->finish();
       });
   return load;
@@ -125,6 +126,7 @@ std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession& session,
                             },
                             std::move(handlers.executor)});
   load->start();
+  load->cancelWith(session.cancellation());
   const auto publish = [load, fill = prepare(session, venue)](VenueContents contents) {
     std::shared_ptr<Venue> published;
     load->unlessOver([&] { published = fill(std::move(contents)); });

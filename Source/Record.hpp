@@ -7,6 +7,7 @@
 #include <memory>
 #include <string_view>
 
+#include "Platform/Foundation/Export.hpp"
 #include "Source/RawData.hpp"
 
 namespace orivanta {
@@ -24,10 +25,10 @@ class RecordToken {
 };
 
 /// Returns whether there is a string under each of the keys.
-bool hasTexts(const RawData& data, RecordKeys keys);
+ORIVANTA_API bool hasTexts(const RawData& data, RecordKeys keys);
 
 /// Returns whether there is a number under each of the keys.
-bool hasNumbers(const RawData& data, RecordKeys keys);
+ORIVANTA_API bool hasNumbers(const RawData& data, RecordKeys keys);
 
 /// Creates a record. Returns null if a required string or number is missing or of the wrong kind.
 /// These are checked first because exceptions for a million invalid elements would take seconds.

@@ -1,5 +1,4 @@
 // The result of a route search.
-// Public header.
 #pragma once
 
 #include <cstddef>

@@ -82,6 +82,9 @@ class ORIVANTA_API WebApiSession {
     return session;
   }
 
+  /// The token of `canceledBy`.
+  const foundation::CancellationToken& cancellation() const { return cancellation_; }
+
   /// Returns the same session whose venues become the active venue when they are loaded, as with
   /// `APISession`.
   WebApiSession fillingActiveVenue() const {

@@ -56,13 +56,15 @@ CancellationRegistration CancellationToken::onCancel(std::function<void()> funct
 CancellationSource::CancellationSource() { token_.state_ = std::make_shared<CancellationState>(); }
 
 void CancellationSource::cancel() const {
-  std::map<std::uint64_t, std::function<void()>> functions;
-  {
-    const std::lock_guard lock(token_.state_->mutex);
-    token_.state_->isCanceled = true;
-    functions.swap(token_.state_->functions);
+  CancellationState& state = *token_.state_;
+  std::unique_lock lock(state.mutex);
+  state.isCanceled = true;
+  while (!state.functions.empty()) {
+    const auto function = state.functions.extract(state.functions.begin());
+    lock.unlock();
+    function.mapped()();
+    lock.lock();
   }
-  for (const auto& [number, function] : functions) function();
 }
 
 }  // namespace orivanta::foundation

@@ -47,6 +47,12 @@ void LoadMonitor::start() {
   onQueue([](LoadMonitor& self) { self.tellProgress(); });
 }
 
+void LoadMonitor::cancelWith(const foundation::CancellationToken& token) {
+  callersCancellation_ = token.onCancel([self = weak_from_this()] {
+    if (const auto load = self.lock()) load->cancel();
+  });
+}
+
 void LoadMonitor::finish() {
   onQueue([](LoadMonitor& self) { self.end(true); });
 }

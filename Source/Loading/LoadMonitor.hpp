@@ -45,6 +45,9 @@ class LoadMonitor : public WebApiObserver,
   /// The token of the requests, canceled when the load is over.
   foundation::CancellationToken cancellation() const { return requests_.token(); }
 
+  /// Cancels the load when the caller's token is canceled. Must be called at most once.
+  void cancelWith(const foundation::CancellationToken& token);
+
   /// Reports that the load has delivered its result.
   void finish();
 
@@ -102,6 +105,7 @@ class LoadMonitor : public WebApiObserver,
   mutable std::mutex mutex_;  // guards `over_`; held while a step runs
   bool over_ = false;
   const foundation::CancellationSource requests_;
+  foundation::CancellationRegistration callersCancellation_;
   const foundation::CancellationSource calls_;  // canceled only by `cancel`
 };
 

@@ -30,6 +30,7 @@ void MapView::handleOneFingerPanGesture(const view::PanGestureRecognizer& recogn
   unwrap(recognizer.view());
   const graphics::Point translation = recognizer.translation();
   if (recognizer.state() == GestureState::changed) {
+    parts_->camera.stop();
     parts_->rig.shift(static_cast<float>(translation.x - lastX),
                       static_cast<float>(translation.y - lastY));
   }
@@ -43,6 +44,7 @@ void MapView::handleTwoFingerPanGesture(const view::PanGestureRecognizer& recogn
   const float ratio = static_cast<float>(recognizer.translation().y / height) + lastHeightRatio;
   const float tilt = ratio * -pi;
   if (tilt >= 0 && tilt < tiltLimit) {
+    parts_->camera.stop();
     parts_->rig.setTilt(tilt);
     lastGoodHeightRatio = ratio;
     updateMarkerVisibility();
@@ -59,6 +61,7 @@ void MapView::handlePinchGesture(const view::PinchGestureRecognizer& recognizer)
   switch (recognizer.state()) {
     case GestureState::changed:
       scaleStart = scaleEnd * scale;
+      parts_->camera.stop();
       parts_->rig.setDistance(unwrap(cameraDistance) * zoomedOut(scaleStart));
       updateMarkerVisibility();
       break;
@@ -80,6 +83,7 @@ void MapView::handleRotationGesture(const view::RotationGestureRecognizer& recog
   switch (recognizer.state()) {
     case GestureState::changed: {
       rotateStart = rotateEnd - recognizer.rotation();
+      parts_->camera.stop();
       parts_->rig.setTurn(static_cast<float>(-rotateStart));
       foundation::diagnostic("cameraOrbit angle " + printed(orbit.eulerAngles()));
       updateMarkerVisibility();

@@ -127,6 +127,7 @@ void MapView::changeMap(const std::shared_ptr<Map>& map) {
   if (!parts_->currentMap) {
     startScene(map);
   } else {
+    parts_->camera.stop();  // the glide may lead beyond this floor
     parts_->currentMap = map;
     root->insertChild(map->mapObject, 0);
   }

@@ -290,10 +290,14 @@ TEST_F(VenueLoading, ATransportOfTheApplicationCarriesTheRequests) {
 TEST_F(VenueLoading, HandlersAreCalledByTheExecutorAndNotAfterCanceling) {
   MisbehavingServer server;
   serveSmallVenue(server);
-  for (const bool isCanceled : {false, true}) {
+  for (const char* const canceled : {"", "the handle", "the session"}) {
+    const bool isCanceled = *canceled != '\0';
+    SCOPED_TRACE(canceled);
     std::string calls;
     LoadProgress latest;
-    const auto handle = loadVenueReporting(sessionFor(server.root()), smallVenue(), false,
+    const foundation::CancellationSource source;
+    const auto handle = loadVenueReporting(sessionFor(server.root()).canceledBy(source.token()),
+                                           smallVenue(), false,
                                            {.progressed =
                                                 [&](const LoadProgress& progress) {
                                                   calls += 'p';
@@ -303,7 +307,8 @@ TEST_F(VenueLoading, HandlersAreCalledByTheExecutorAndNotAfterCanceling) {
                                             .executor = foundation::mainQueue::async});
     ASSERT_TRUE(foundation::mainQueue::wait(60));
     EXPECT_EQ(calls, "");
-    if (isCanceled) handle->cancel();
+    if (canceled == std::string_view("the handle")) handle->cancel();
+    if (canceled == std::string_view("the session")) source.cancel();
     // The start, six pages, the ends of six collections, and the end of the load.
     do {
       ASSERT_TRUE(foundation::mainQueue::wait(60));
