@@ -1,4 +1,4 @@
-// The floors of a venue on their way into a map view, for applications.
+// The progress of loading a venue's floors into a map view, for applications.
 #pragma once
 
 #include <cstddef>
@@ -12,10 +12,10 @@
 
 namespace orivanta {
 
-/// How far a floor is.
+/// The progress of a floor.
 enum class FloorState {
-  waiting,       ///< nothing has begun
-  fetching,      ///< its files are on their way
+  waiting,       ///< not started
+  fetching,      ///< its files are being fetched
   reading,       ///< its model is being read and prepared
   ready,         ///< it can be shown
   withoutModel,  ///< its record names no model
@@ -25,43 +25,43 @@ enum class FloorState {
 /// One floor of a load.
 struct FloorProgress {
   std::shared_ptr<Map> map;                ///< the floor
-  FloorState state = FloorState::waiting;  ///< how far it is
-  std::size_t filesDone = 0;               ///< files fetched or given up
-  std::size_t fileCount = 0;               ///< files of the floor, as far as they are known
+  FloorState state = FloorState::waiting;  ///< its progress
+  std::size_t filesDone = 0;               ///< files that were fetched or have failed
+  std::size_t fileCount = 0;               ///< known files of the floor
 
-  /// Why it failed or, when it is ready nonetheless, which of its files it is shown without: with
-  /// the URL, for people, without a full stop. Empty when all is well.
+  /// Why the floor failed or, if it is ready, which of its files are missing. A readable text with
+  /// the URL, without a final period. Empty if there is no problem.
   std::string problem;
 
-  /// The number of its files that an earlier load left and that are used since the server does not
-  /// give them now.
+  /// The number of files that come from an earlier load because the server does not deliver them
+  /// now.
   std::size_t earlierFiles = 0;
 
-  /// What else there is to say about a floor that is ready: why each of these files is used, and
-  /// which pictures are too large and were made smaller. In the form of `problem`.
+  /// Further information about a ready floor: why each of the earlier files is used, and which
+  /// pictures were reduced because they are too large. Has the form of `problem`.
   std::string remark = {};
 };
 
-/// Called on the main queue.
+/// The callbacks of a load. They are called on the main queue.
 struct FloorLoadHandlers {
-  /// After each step of a floor.
+  /// Called after each change of a floor's progress.
   std::function<void(const FloorProgress& floor)> floorChanged;
 
-  /// Once, after the last floor is ready or has failed; not after `cancel`.
+  /// Called once, when every floor is ready or has failed. Not called after `cancel`.
   std::function<void(const std::vector<FloorProgress>& floors)> ended;
 };
 
-/// Begun by `MapView::loadFloors`. Main thread. Letting go of the handle does not end the load.
-/// Each load has a limit of its own for the memory that its pictures take.
+/// A load started by `MapView::loadFloors`. Main thread. Releasing the handle does not end the
+/// load. Each load has a separate memory limit for its pictures.
 class ORIVANTA_API FloorLoad {
  public:
   virtual ~FloorLoad() = default;
 
-  /// Floors that are ready stay; the others never come, and no handler is called any more. Nothing
-  /// happens when the load is over.
+  /// Cancels the load. Floors that are ready stay available; the others are not loaded, and no
+  /// handler is called any more. Does nothing if the load has ended.
   virtual void cancel() = 0;
 
-  /// In the venue's order.
+  /// Returns all floors, in the venue's order.
   virtual std::vector<FloorProgress> floors() const = 0;
 };
 

@@ -1,4 +1,4 @@
-// Files fetched once and kept in the caches directory.
+// Fetches files and caches them in the caches directory.
 #pragma once
 
 #include <functional>
@@ -16,20 +16,20 @@
 
 namespace orivanta {
 
-/// A file is kept under the last component of its URL's path and found by that name alone: two URLs
-/// that end alike share a file, which stays until somebody removes it. A component that is no
-/// proper file name (".", "a%2Fb", one of more than 255 bytes) is kept under a name made from it,
-/// so that nothing is written outside the caches directory. A URL without a path and a user
-/// without a caches directory are fatal errors.
+/// The name of a cached file is the last component of its URL's path. URLs with the same last
+/// component share a file, which is never removed automatically. If the component is not a valid
+/// file name (".", "a%2Fb", more than 255 bytes), a name is derived from it, so that nothing is
+/// written outside the caches directory. A URL without a path and a user without a caches directory
+/// are fatal errors.
 ///
-/// Requests carry no credentials. Two downloads of one file at once both write it, and it stays
-/// whole. What happens is told as diagnostic lines. Immutable; any thread.
+/// Requests contain no credentials. Concurrent downloads of one file all write it, but never
+/// corrupt it. Progress and errors are printed as diagnostic lines. Immutable; any thread.
 class ORIVANTA_API HttpDownloader {
  public:
-  /// Without a transport requests use the default one.
+  /// If the transport is null, requests use the default one.
   explicit HttpDownloader(std::shared_ptr<network::UrlTransport> transportToUse = nullptr)
       : transport(std::move(transportToUse)) {}
-  /// The path of the file, and an error when that was not written.
+  /// Receives the path of the file, and an error if the file was not written.
   using Completion =
       std::function<void(const std::string& path, const std::optional<foundation::Error>& error)>;
 
@@ -37,16 +37,18 @@ class ORIVANTA_API HttpDownloader {
 
   const std::shared_ptr<network::UrlTransport> transport;  ///< null for the default transport
 
-  /// The path of the file in the folder `path` of the caches directory, one or several names
-  /// separated by slashes; blocks while it is fetched. Whatever answers counts, an error page as
-  /// well. Nothing when nothing answers or the file cannot be written.
+  /// Returns the path of the file in the folder `path` of the caches directory. `path` consists of
+  /// one or more names separated by slashes. Blocks while the file is fetched. Every response is
+  /// stored, including error pages. Returns nothing if there is no response or the file cannot be
+  /// written.
   virtual std::optional<std::string> loadFileSync(const foundation::Url& url,
                                                   const std::string& path);
 
-  /// As above, for a file directly in the caches directory. A file that is there is reported before
-  /// this returns, anything else on a background thread. An answer other than 200 is kept from the
-  /// cache and never reported. A file that cannot be written gives an error of the domain "Error
-  /// saving file" with the code 1001. Without a completion the file is fetched all the same.
+  /// Fetches a file asynchronously into the caches directory itself. If the file is cached, calls
+  /// the completion before this function returns, otherwise on a background thread. A response
+  /// with a status other than 200 is not cached, and the completion is not called. If the file
+  /// cannot be written, the error has the domain "Error saving file" and the code 1001. The
+  /// completion may be empty.
   virtual void loadFileAsync(const foundation::Url& url, Completion completion);
 
   /// The result of `fetchFile`.
@@ -54,35 +56,36 @@ class ORIVANTA_API HttpDownloader {
     /// The path of the file.
     std::string path;
 
-    /// Why an earlier copy takes the place of what the server has now: a sentence with the URL,
-    /// without a full stop. Empty unless it does.
+    /// Why an earlier copy is used instead of the server's current file: a sentence with the URL,
+    /// without a final period. Empty if the copy is up to date.
     std::string remark = {};
   };
 
-  /// Fetches a file for `MapView::loadFloors` into the folder `path` of the caches directory, or
-  /// takes the one that is there if the server says that it has not changed. What an answer must
-  /// be to count: it has a body that does not begin as a web page or JSON does, and a status of 200
-  /// to 299. Only "http" and "https" URLs are fetched. Blocks. Fails if the requests are canceled.
-  /// The text of an error is a sentence with the URL, without a full stop.
+  /// Fetches a file for `MapView::loadFloors` into the folder `path` of the caches directory. Uses
+  /// the cached file if the server reports that it has not changed. A response is valid if its
+  /// status is 200 to 299 and its body is not empty and does not begin like a web page or JSON.
+  /// Only "http" and "https" URLs are fetched. Blocks. Fails if the requests are canceled. The text
+  /// of an error is a sentence with the URL, without a final period.
   ///
-  /// Beside each file a hidden one notes the URL that it came from, its length and a checksum, and
-  /// what the server gave to recognize it by: an entity tag, a date, or nothing, and then the file
-  /// is fetched anew each time. A file that does not agree with its note, and one that came from
-  /// another URL, counts for nothing. An agreeing one is used, with a remark, if the request fails,
-  /// the server has a problem of its own (a status of 408, 429 or from 500), nothing or a web page
-  /// comes in place of the file, or the new file cannot be saved.
+  /// A hidden file next to each file records its URL, length and checksum, and the validator that
+  /// the server sent: an entity tag, a date, or none. Without a validator the file is fetched each
+  /// time. A cached file that does not match its record or came from another URL is ignored. A
+  /// matching file is used, with a remark, if the request fails, the server reports a temporary
+  /// error (status 408, 429, or 500 and above), a successful response is empty, a web page or
+  /// JSON, or the new file cannot be saved.
   virtual foundation::Result<Fetched> fetchFile(const foundation::Url& url, const std::string& path,
                                                 const network::AwaitedRequests& requests);
 
-  /// The folder in which the files of a venue are kept apart from those of other servers: a name
-  /// made of the URL's scheme, host and port, and one made of the slug. For `fetchFile`.
+  /// Returns the folder for the files of a venue, for `fetchFile`. It consists of a name made from
+  /// the URL's scheme, host and port, and a name made from the slug, so that servers do not share
+  /// files.
   static std::string folderFor(const foundation::Url& url, std::string_view slug);
 
-  /// Removes a fetched file that turned out to be damaged from the caches directory, so that it is
-  /// fetched anew the next time. A file outside the caches directory stays.
+  /// Removes a damaged file from the caches directory, so that it is fetched again the next time.
+  /// Does not remove files outside the caches directory.
   static void forgetFile(const std::string& path);
 
-  /// Removes all files of the URL's server from such folders, as far as possible.
+  /// Removes the folders of `folderFor` for the URL's server, with all files. Ignores errors.
   static void removeFilesOf(const foundation::Url& url);
 };
 

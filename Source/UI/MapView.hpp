@@ -30,250 +30,255 @@ namespace orivanta {
 class MapCamera;
 class PictureBudget;
 
-/// The kinds of motion of the camera, for applications: no handler asks for it.
+/// The kinds of camera motion. For applications; the SDK does not use it.
 enum class MotionType {
-  Zooming = 0,   ///< closer or away
-  Panning = 1,   ///< to a side
-  Rotating = 2,  ///< around the middle
-  Multi = 3      ///< several of these at once
+  Zooming = 0,   ///< toward or away from the center
+  Panning = 1,   ///< parallel to the ground
+  Rotating = 2,  ///< around the center
+  Multi = 3      ///< several of these concurrently
 };
 
-/// The motion with a raw value; nothing for any other number.
+/// Returns the motion with a raw value, or nothing if there is none.
 ORIVANTA_API std::optional<MotionType> makeMotionType(int rawValue);
 
-/// Make one, set `venue`, call `loadScene` and wait for the delegate's `mapViewDidLoad`; from then
-/// on everything else may be called. Held by handle. Main thread, but for `willRenderScene`.
+/// Create a map view, set `venue`, call `loadScene` and wait for the delegate's `mapViewDidLoad`.
+/// All other functions may be called from then on. Map views are held by shared pointers. All
+/// functions must be called on the main thread unless their documentation states otherwise.
 ///
-/// Floors lie in the x-y plane of the scene, z is up, in the venue's units; view positions are
-/// points from the upper left corner, overlay positions points from the lower left one. What only
-/// makes sense after the scene was started is a fatal error before that.
+/// Floors lie in the x-y plane of the scene, and z points up. Scene positions are in the venue's
+/// units. View positions are points from the upper left corner; overlay positions are points from
+/// the lower left corner. Calling a function that requires a scene before the scene is started is a
+/// fatal error.
 class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelegate {
  public:
-  /// A map view without a venue. `frame`: points.
+  /// Creates a map view without a venue. `frame` is in points.
   static std::shared_ptr<MapView> make(graphics::Rect frame = {});
   MapView();                                   ///< with an empty frame
   explicit MapView(graphics::Rect frame);      ///< points
   explicit MapView(const view::Coder& coder);  ///< see `view::View`
   ~MapView() override;
 
-  const foundation::ResourceBundle& bundle;  ///< the library's own
+  const foundation::ResourceBundle& bundle;  ///< the resources of the library
 
-  // What an application sets.
+  // Set by the application.
   std::weak_ptr<MapViewDelegate> delegate;  ///< may be empty
 
-  /// Called after a tap, and after the delegate: with the first location of the polygon that was
-  /// hit, or with null if the tap hit no polygon or one without a location. Main thread.
+  /// Called after a tap, after the delegate, with the first location of the polygon that was hit.
+  /// The argument is null if the tap hit no polygon, or a polygon without a location. Main thread.
   std::function<void(const std::shared_ptr<Location>& place)> placeTapped;
-  std::shared_ptr<Venue> venue;                            ///< set it before `loadScene`
-  graphics::Color pathColor{0.122F, 0.302F, 0.655F};       ///< of drawn routes
-  graphics::Color pathArrowColor{0.984F, 0.675F, 0.094F};  ///< for applications: nothing reads it
-  double fov = 40.0;                                       ///< field of view in degrees
-  bool allowsSimultaneousGestures = false;                 ///< lets pinch and rotation run together
-  std::shared_ptr<AssetLoader> assetLoader;                ///< never null
-  std::shared_ptr<HttpDownloader> downloader;              ///< never null
-  std::shared_ptr<scene::Node> ground;  ///< the application's own; null until set
+  std::shared_ptr<Venue> venue;                       ///< must be set before `loadScene`
+  graphics::Color pathColor{0.122F, 0.302F, 0.655F};  ///< color of drawn routes
+  graphics::Color pathArrowColor{0.984F, 0.675F,
+                                 0.094F};      ///< for applications; not used by the SDK
+  double fov = 40.0;                           ///< field of view in degrees
+  bool allowsSimultaneousGestures = false;     ///< allows pinch and rotation concurrently
+  std::shared_ptr<AssetLoader> assetLoader;    ///< never null
+  std::shared_ptr<HttpDownloader> downloader;  ///< never null
+  std::shared_ptr<scene::Node> ground;         ///< for applications; null until set
 
-  // The parts of the view; the nodes are null until the scene is started.
+  // The parts of the view. The nodes are null until the scene is started.
   std::shared_ptr<view::SceneView> sceneView;     ///< shows the scene; never null
   std::shared_ptr<MapViewOverlay2D> spriteScene;  ///< holds the markers; never null
-  std::shared_ptr<scene::Node> cameraOrbit;  ///< in the middle of the floor; the camera's parent
+  std::shared_ptr<scene::Node> cameraOrbit;  ///< at the center of the floor; the camera's parent
   std::shared_ptr<scene::Node> labelsOrbit;  ///< follows `cameraOrbit`
-  std::shared_ptr<scene::Node> light;        ///< the ambient light's
-  std::shared_ptr<scene::Node> arrow;        ///< the application's own; null until set
-  std::optional<float> cameraDistance;       ///< from the orbit's center when the scene started
-  /// Turns while a load is under way.
+  std::shared_ptr<scene::Node> light;        ///< the node of the ambient light
+  std::shared_ptr<scene::Node> arrow;        ///< for applications; null until set
+  std::optional<float> cameraDistance;       ///< from the orbit's center, at scene start
+  /// Animates while a load is running.
   const std::shared_ptr<view::ActivityIndicatorView> activityIndicator;
 
-  /// `spriteScene`.
+  /// Returns `spriteScene`.
   MapViewOverlay2D& overlay() const;
 
-  /// Puts the parts together: scene view, logo, overlay and activity indicator. Construction does
-  /// it; nobody else needs to.
+  /// Assembles the scene view, logo, overlay and activity indicator. The constructors call this
+  /// function; applications do not need to.
   void initView();
 
-  /// Makes a new overlay of the view's present size and shows the markers in it. The overlay keeps
-  /// the size that it was made with, so markers become distorted when the view gets another one;
-  /// call this then.
+  /// Creates a new overlay with the current size of the view and moves the markers to it. Call this
+  /// after the view was resized: an overlay keeps its initial size, so markers would be distorted.
   void renewOverlay();
 
-  /// Adds the logo, 70 by 30 points, at the lower right corner; part of `initView`.
+  /// Adds the logo, 70 by 30 points, at the lower right corner. Called by `initView`.
   void addMapLogo();
 
   // --- Floors -----------------------------------------------------------------------------------
 
-  /// Fetches and reads the models of all floors, one after the other, on the calling thread; then,
-  /// once the scene view has prepared them, starts the scene and tells the delegate, from the main
-  /// queue. A floor without model is left out. Pictures that are too large together are made
-  /// smaller, as in `loadFloors`. A URL that is none, a model that cannot be fetched or read, and a
-  /// missing venue are fatal errors.
+  /// Fetches and reads the models of all floors, one after the other, on the calling thread. When
+  /// the scene view has prepared them, starts the scene and notifies the delegate on the main
+  /// queue. Skips floors without a model. Reduces pictures that are too large together, as
+  /// `loadFloors` does. An invalid URL, a model that cannot be fetched or read, and a missing venue
+  /// are fatal errors.
   void loadScene();
 
-  /// The same for applications: fetches, reads and prepares the floors side by side in the
-  /// background, beginning with `first` (the venue's first floor when null or of another venue).
-  /// The scene starts anew, and the delegate is told, as soon as that floor is ready; when it fails
-  /// or has no model, as soon as any other is: of several the first in the venue's order. Floors
-  /// that arrive later can be switched to from then on. When no floor can be shown the delegate is
-  /// not told, and the activity indicator stops; it turns again from the next call on.
+  /// Fetches, reads and prepares the floors concurrently in the background, starting with `first`,
+  /// or with the venue's first floor if `first` is null or belongs to another venue. Applications
+  /// should use this instead of `loadScene`. As soon as that floor is ready, restarts the scene
+  /// with it and notifies the delegate. If that floor fails or has no model, uses the first other
+  /// floor that is ready; of several, the first in the venue's order. Later floors can be shown
+  /// with `changeMap` as they become ready. If no floor can be shown, the delegate is not notified
+  /// and the activity indicator stops until the next call.
   ///
-  /// Nothing is fatal but a missing venue: what goes wrong is told for each floor. An answer of a
-  /// status that is no success counts as none, and a URL of a local file is refused. Files are kept
-  /// below the caches directory, for each server apart, and the server is asked each time whether
-  /// they have changed; see `HttpDownloader::fetchFile`. A model that cannot be read is taken out
-  /// of the caches directory, so that another call fetches it anew. A load under way in this view
-  /// is canceled first, and so is this one when the view goes or gets another venue.
+  /// Only a missing venue is a fatal error. Other errors are reported for each floor. A response
+  /// without a success status is an error, and URLs of local files are rejected. Files are stored
+  /// below the caches directory, separately for each server. Each load asks the server whether they
+  /// have changed; see `HttpDownloader::fetchFile`. A model that cannot be read is removed from the
+  /// caches directory, so that the next call fetches it again. The call first cancels a running
+  /// load of this view. The load is canceled if the view is destroyed or gets another venue.
   ///
-  /// The pictures of all floors together take at most 336 MB of memory, and as textures 4/3 of that
-  /// again. Larger ones are made smaller while they are read, as `FloorProgress::remark` tells. The
-  /// limit applies to each load on its own: a host that keeps the nodes of an earlier venue keeps
-  /// their pictures in memory, too.
+  /// The pictures of all floors together use at most 336 MB of memory, and their textures another
+  /// 4/3 of that. Larger pictures are reduced while they are read; `FloorProgress::remark` reports
+  /// this. The limit applies to each load separately: if a host keeps the nodes of an earlier
+  /// venue, their pictures stay in memory, too.
   ///
-  /// Up to four files are fetched at once, and each takes at most 192 MiB of memory until it is
-  /// saved: a file of up to 96 MiB, or more if it comes compressed. A larger one counts as not
-  /// fetched.
+  /// Up to four files are fetched concurrently. Each uses at most 192 MiB of memory until it is
+  /// saved, which is enough for a file of 96 MiB, or more if the response is compressed. Fetching a
+  /// larger file fails.
   std::shared_ptr<FloorLoad> loadFloors(FloorLoadHandlers handlers,
                                         const std::shared_ptr<Map>& first = nullptr);
 
-  /// Builds the scene for the first floor of the venue: camera, lights, gestures. Without floors,
-  /// or with a first one that has no model, it says so on the diagnostics and shows nothing.
+  /// Builds the scene for the first floor of the venue: camera, lights, gestures. If there are no
+  /// floors, or the first one has no model, prints a diagnostic line and shows nothing.
   void startScene();
 
-  /// Shows another floor, with the current route and highlight. An index out of range, the floor
-  /// already shown and a floor without a model change nothing. When the first floor had no model,
-  /// the first switch to one that has starts the scene there. Fatal before a scene was started.
+  /// Shows another floor, with the current route and highlight. Does nothing if the index is out of
+  /// range, the floor is already shown, or it has no model. If the venue's first floor had no
+  /// model, the first change to a floor with a model starts the scene there. Calling this before a
+  /// scene was started is a fatal error.
   void changeMap(int index);
 
-  /// As above, for a floor of the venue. Null is a fatal error.
+  /// Same as above, for a floor of the venue. Null is a fatal error.
   void changeMap(const std::shared_ptr<Map>& map);
 
-  const std::shared_ptr<Map>& currentMap() const;  ///< null before the first
+  const std::shared_ptr<Map>& currentMap() const;  ///< null until a floor is shown
 
   // --- Camera -----------------------------------------------------------------------------------
 
-  /// Moves the camera. It is ready once the scene is started.
+  /// Returns the object that moves the camera. It is ready when the scene is started.
   MapCamera& camera() const;
 
-  /// Whether something moves though nothing is changed: the arrows of a route, the activity
-  /// indicator, or a gliding camera. See `View::needsFrame`, too.
+  /// Returns whether an animation is running: the arrows of a route, the activity indicator, or a
+  /// gliding camera. See also `View::needsFrame`.
   bool isAnimating() const override;
 
   // --- Gestures ---------------------------------------------------------------------------------
 
-  /// Moves the map under one finger, one scene unit for each point. Like the following, the action
-  /// of a recognizer that `startScene` adds to the scene view.
+  /// Moves the map with one finger, one scene unit per point. This function and the following ones
+  /// are the actions of recognizers that `startScene` adds to the scene view.
   void handleOneFingerPanGesture(const view::PanGestureRecognizer& recognizer);
 
-  /// Tilts the camera with two fingers, from straight down to below 60 degrees.
+  /// Tilts the camera with two fingers, from 0 (straight down) to less than 60 degrees.
   void handleTwoFingerPanGesture(const view::PanGestureRecognizer& recognizer);
 
-  /// Moves the camera closer or away with a pinch.
+  /// Zooms with a pinch.
   void handlePinchGesture(const view::PinchGestureRecognizer& recognizer);
 
   /// Turns the map with two fingers.
   void handleRotationGesture(const view::RotationGestureRecognizer& recognizer);
 
-  /// Tells the delegate what lies under the tap. Hides all markers when it is a polygon.
+  /// Notifies the delegate of what was tapped. Hides all markers if a polygon was tapped.
   void sceneTapped(const view::TapGestureRecognizer& recognizer);
 
-  // The state of the gestures; it stays from floor to floor.
+  // The state of the gestures. A floor change does not reset it.
   float lastWidthRatio = 0.0F;       ///< not used by any handler
-  float lastHeightRatio = 0.0F;      ///< of the tilt when the gesture began
-  float lastGoodHeightRatio = 0.0F;  ///< of the tilt that was last accepted
+  float lastHeightRatio = 0.0F;      ///< tilt at the start of the gesture
+  float lastGoodHeightRatio = 0.0F;  ///< last accepted tilt
   double lastX = 0.0;                ///< translation of the pan already applied, in points
   double lastY = 0.0;                ///< translation of the pan already applied, in points
-  double scaleStart = 1.0;           ///< zoom now, of the distance when the scene started
+  double scaleStart = 1.0;           ///< current zoom, relative to the scene's start
   double scaleEnd = 1.0;             ///< zoom when the last pinch ended
-  double rotateStart = 0.0;          ///< turn now, radians
+  double rotateStart = 0.0;          ///< current turn, radians
   double rotateEnd = 0.0;            ///< turn when the last rotation ended
 
   // --- Highlights and positions -----------------------------------------------------------------
 
-  /// Colors a polygon's shape on its floor. One without a shape is passed over. Highlighting a
-  /// polygon again makes the first highlight what `clearHighlightedPolygons` goes back to.
+  /// Colors a polygon's shape on its floor. Does nothing if the polygon has no shape. If a polygon
+  /// is highlighted twice, `clearHighlightedPolygons` restores the first highlight.
   void highlightPolygon(const std::shared_ptr<Polygon>& polygon,
                         graphics::Color color = graphics::colors::red);
 
-  /// Gives all highlighted polygons their own colors again.
+  /// Restores the previous colors of all highlighted polygons.
   void clearHighlightedPolygons();
 
-  /// The middle of the box of the vertices that the geometry's first element refers to. A geometry
-  /// without element or vertices, or an index beyond them, is a fatal error.
+  /// Returns the center of the bounding box of the vertices that the geometry's first element uses.
+  /// A geometry without elements or vertices and an index out of range are fatal errors.
   static graphics::Vector3 getGeomeryMidPoint(const scene::Geometry& geometry);
 
-  /// Where a location is on the floor now shown: the middle of the first shape there whose
-  /// material bears the location's name, else that of the location's first polygon with a shape on
-  /// the floor, else its first node on the floor, else the center of the floor.
+  /// Returns the position of a location on the current floor: the center of the first shape whose
+  /// material has the location's name; otherwise the center of the location's first polygon with a
+  /// shape on the floor; otherwise its first node on the floor; otherwise the center of the floor.
   graphics::Vector3 findPosition3D(const Location& location) const;
 
-  /// Where a scene point shows in the scene view.
+  /// Returns the position of a scene point in the scene view.
   graphics::Point findPositionCameraViewport(graphics::Vector3 position) const;
 
-  /// Where a scene point shows in the overlay.
+  /// Returns the position of a scene point in the overlay.
   graphics::Point findPosition2D(graphics::Vector3 position) const;
 
-  /// Where a location shows in the overlay.
+  /// Returns the position of a location in the overlay.
   graphics::Point findPosition2DByLocation(const Location& location) const;
 
-  /// Where a location shows in the view.
+  /// Returns the position of a location in the view.
   graphics::Point findViewportPosition(const Location& location) const;
 
   // --- Markers ----------------------------------------------------------------------------------
 
-  /// Shown and hidden ones, in the order of their adding. Any thread.
+  /// Returns all markers, including hidden ones, in the order in which they were added. Any thread.
   std::vector<std::shared_ptr<MapViewMarker>> markers() const;
 
-  /// Shows a marker from now on, on every floor. Null, or one without a sprite, is a fatal error.
+  /// Adds a marker, which is shown on every floor. Null and a marker without a sprite are fatal
+  /// errors.
   void addMarker(const std::shared_ptr<MapViewMarker2D>& marker);
 
-  /// Takes a marker away; null and unknown ones are passed over.
+  /// Removes a marker. Does nothing if it is null or was not added.
   void removeMarker(const std::shared_ptr<MapViewMarker2D>& marker);
 
-  /// Puts the markers where their positions show. Any thread.
+  /// Moves the sprites of the markers to the current view of their positions. Any thread.
   void updateMarkerPositions();
 
-  /// Hides the markers that are in another's way, and shows the others: of two that collide the one
-  /// added earlier gives way, if it may, else the later one. Done after each gesture; call it after
-  /// moving the camera otherwise.
+  /// Hides markers that collide with others, and shows the rest. Of two colliding markers, the one
+  /// added earlier is hidden if its `hideWhenCollide` is set, otherwise the later one. Called after
+  /// each gesture. Call it after moving the camera in any other way.
   void updateMarkerVisibility();
 
-  /// Does `updateMarkerPositions` and nothing else. Called before each frame on the thread that
-  /// draws.
+  /// Calls `updateMarkerPositions`. Called before each frame on the rendering thread.
   void willRenderScene(view::SceneView& view, const std::shared_ptr<scene::Scene>& scene,
                        double time) override;
 
   // --- Routes -----------------------------------------------------------------------------------
 
-  std::optional<NodeList> currentPath;         ///< the route now shown
-  int currentPathNode = 0;                     ///< index into it at which drawing begins
-  std::shared_ptr<Node> currentHighlightNode;  ///< null before the first highlight
+  std::optional<NodeList> currentPath;         ///< the route that is shown
+  int currentPathNode = 0;                     ///< index of the first drawn node in it
+  std::shared_ptr<Node> currentHighlightNode;  ///< null until a node is highlighted
 
-  /// Draws the segments of a route from its node `from` on that lie on the floor now shown, over
-  /// what was drawn before. Fewer than two nodes change nothing. A negative `from` is a fatal
-  /// error.
+  /// Draws the segments of a route that are on the current floor, starting at its node `from`.
+  /// Does not remove what was drawn before. Does nothing if fewer than two nodes remain. A
+  /// negative `from` is a fatal error.
   void drawPath(const NodeList& path, int from = 0);
 
-  /// Draws the current route and highlight anew.
+  /// Redraws the current route and highlight.
   void drawCurrentPath();
 
-  /// Takes every drawn route from the scene, in all map views, and forgets this view's.
+  /// Removes all drawn routes from the scenes of all map views. Clears `currentPath` if
+  /// `forgetPath` is set.
   void clearPaths(bool forgetPath = true);
 
-  /// Draws one segment, at the height of B: a white ribbon, a colored one, and one with arrows from
-  /// A to B.
+  /// Draws one segment at the height of B: a white ribbon, a colored ribbon, and a ribbon with
+  /// arrows from A to B.
   void drawPathSegment(graphics::Vector3 positionA, graphics::Vector3 positionB);
 
-  /// Draws one ribbon of a segment. `pathWidth` and `elevation`: scene units.
+  /// Draws one ribbon of a segment. `pathWidth` and `elevation` are in scene units.
   void drawPathSegmentStrip(graphics::Vector3 positionA, graphics::Vector3 positionB,
                             float pathWidth, graphics::Color color, float elevation);
 
-  /// Draws the arrows of a segment. `pathWidth` and `elevation`: scene units.
+  /// Draws the arrows of a segment. `pathWidth` and `elevation` are in scene units.
   void drawPathSegmentArrow(graphics::Vector3 positionA, graphics::Vector3 positionB,
                             float pathWidth, float elevation);
 
-  /// Puts a disc over a node, in place of the one before; on another floor it is kept in mind until
-  /// that floor is shown. An index out of range is a fatal error.
+  /// Highlights a node with a disc, which replaces the previous one. If the node is on another
+  /// floor, the disc is shown when that floor is shown.
   void highlightNode(const std::shared_ptr<Node>& node);
 
-  /// The same for a node of a list.
+  /// Same as above, for a node of a list. An index out of range is a fatal error.
   void highlightNode(const NodeList& nodes, std::size_t index);
 
   /// Removes the disc.
@@ -298,7 +303,7 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   std::unique_ptr<Parts> parts_;
 };
 
-/// Pins a view to the four edges of another that it is a child of.
+/// Pins a view to the four edges of its superview.
 ORIVANTA_API void boundInside(view::View& subview, view::View& superview);
 
 }  // namespace orivanta
