@@ -1,4 +1,4 @@
-// 3D models made into scene nodes.
+// Loads 3D models as scene nodes.
 #pragma once
 
 #include <memory>
@@ -12,37 +12,38 @@
 
 namespace orivanta {
 
-/// Holds nothing but the library's resources; any thread.
+/// Loads models from files and from the library's resources. Stateless; any thread.
 class ORIVANTA_API AssetLoader {
  public:
   AssetLoader();
   virtual ~AssetLoader() = default;
 
-  const foundation::ResourceBundle& bundle;  ///< the library's own
+  const foundation::ResourceBundle& bundle;  ///< the resources of the library
 
-  /// As `loadObjFromURL`, for a model among the library's resources. A missing one is a fatal
+  /// Same as `loadObjFromURL`, for a model in the library's resources. A missing model is a fatal
   /// error.
   virtual std::shared_ptr<scene::Node> loadObj(std::string_view name);
 
-  /// A Wavefront OBJ model, with the material libraries and pictures beside it, as a node with one
-  /// child for each material in the order of first use, named after it. The children share their
-  /// vertices. A file that cannot be read is a fatal error after "Load Scene failed"; one without
-  /// faces is one as well.
+  /// Loads a Wavefront OBJ model, with material libraries and pictures from the same folder. The
+  /// returned node has one child for each material, named after it, in the order of first use. The
+  /// children share their vertices. If the file cannot be read, prints "Load Scene failed" and ends
+  /// with a fatal error. A model without faces is a fatal error, too.
   virtual std::shared_ptr<scene::Node> loadObjFromURL(const foundation::Url& url);
 
-  /// A node of a scene among the library's resources, by its name at the top level; null when the
-  /// scene has none of that name, and, after "Load 3DAsset failed", when it cannot be loaded. The
-  /// scene is a JSON file NAME.scn:
+  /// Returns the top-level node with a name from a scene in the library's resources, or null if the
+  /// scene has no such node. If the scene cannot be loaded, prints "Load 3DAsset failed" and
+  /// returns null. The scene is a JSON file NAME.scn:
   ///
   ///     {"nodes": [{"name": "pin", "model": "pin", "position": [0, 0, 0],
   ///                 "eulerAngles": [0, 0, 0], "children": []}]}
   ///
-  /// where "model" names an OBJ model of the bundle; everything but "nodes" may be missing.
+  /// where "model" is the name of an OBJ model of the bundle. Everything except "nodes" is
+  /// optional.
   virtual std::shared_ptr<scene::Node> load3DAsset(std::string_view name,
                                                    std::string_view nodeName);
 
-  /// As `loadObjFromURL`, but fails instead of stopping the program. `MapView::loadFloors` calls it
-  /// on background threads. Prints nothing.
+  /// Same as `loadObjFromURL`, but returns errors instead of ending the program. Prints nothing.
+  /// `MapView::loadFloors` calls it on background threads.
   virtual foundation::Result<std::shared_ptr<scene::Node>> readModel(const foundation::Url& url);
 };
 

@@ -1,4 +1,4 @@
-// Who is told what happens on a map view.
+// The delegate that receives the events of a map view.
 #pragma once
 
 #include <memory>
@@ -8,19 +8,19 @@
 
 namespace orivanta {
 
-/// Called on the main thread.
+/// Receives the events of a map view. Called on the main thread.
 class ORIVANTA_API MapViewDelegate {
  public:
   virtual ~MapViewDelegate() = default;
 
-  /// The scene is built: after `loadScene` with all floors prepared, after `loadFloors` with the
-  /// first one that is ready, again for each further load.
+  /// Called when the scene is built: after `loadScene`, when all floors are prepared; after
+  /// `loadFloors`, when the first floor is ready. Called again for each further load.
   virtual void mapViewDidLoad() = 0;
 
-  /// A tap hit a polygon that has at least one location.
+  /// Called when a tap hit a polygon that has at least one location.
   virtual void polygonSelected(const std::shared_ptr<Polygon>& polygon) = 0;
 
-  /// A tap hit nothing, the ground, or something without a location.
+  /// Called when a tap hit nothing, the ground, or something without a location.
   virtual void nothingSelected() = 0;
 };
 

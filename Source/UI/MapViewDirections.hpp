@@ -1,4 +1,4 @@
-// What all map views share when they draw routes: one set for the whole process.
+// The state of route drawing that all map views of the process share.
 #pragma once
 
 #include <memory>
@@ -9,17 +9,18 @@
 
 namespace orivanta {
 
-/// Sizes of what routes are drawn with.
+/// Sizes of the parts of drawn routes.
 struct MapViewDirectionsConstants {
   static constexpr float pathHeight = 0.1F;  ///< thickness of ribbons and discs, in scene units
 };
 
-/// Main thread.
+/// The scene nodes of drawn routes. Main thread.
 struct ORIVANTA_API MapViewDirectionsPathNodes {
-  /// The parts of the drawn routes, in drawing order: three for each segment.
+  /// Returns the parts of the drawn routes, in drawing order: three for each segment.
   static std::vector<std::shared_ptr<scene::Node>>& nodes();
 
-  /// The disc under the highlighted node; kept when it is taken from the scene. Null before any.
+  /// Returns the disc under the highlighted node, or null if no node has been highlighted. The disc
+  /// is kept when it is removed from the scene.
   static std::shared_ptr<scene::Node>& highLightNode();
 };
 

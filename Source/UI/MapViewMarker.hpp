@@ -1,4 +1,4 @@
-// What stands over the map at a place of it.
+// The base class of markers on a map view.
 #pragma once
 
 #include <optional>
@@ -9,22 +9,22 @@ namespace orivanta {
 
 class MapViewMarker;
 
-/// Tells which markers are in each other's way.
+/// Detects collisions between markers.
 class ORIVANTA_API MapViewMarkerDelegate {
  public:
   virtual ~MapViewMarkerDelegate() = default;
 
-  /// Whether this marker and another one are in each other's way.
+  /// Returns whether this marker and another one collide.
   virtual bool collidesWithMarker(const MapViewMarker& other) const = 0;
 };
 
-/// Held by handle. Main thread.
+/// The base class of markers. Held by a shared pointer. Main thread.
 class ORIVANTA_API MapViewMarker : public MapViewMarkerDelegate {
  public:
-  /// Whether the marker gives way, and is hidden, when it collides with another.
+  /// Whether the marker is hidden when it collides with another one.
   std::optional<bool> hideWhenCollide = false;
 
-  /// False, unless a kind of marker knows better.
+  /// Returns false. Subclasses may override this.
   bool collidesWithMarker(const MapViewMarker& other) const override;
 };
 

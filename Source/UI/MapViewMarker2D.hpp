@@ -1,4 +1,4 @@
-// A picture that stays upright over a point of the map, the same size at every distance.
+// A marker with an image that stays upright and has the same size at every distance.
 #pragma once
 
 #include <memory>
@@ -18,20 +18,20 @@ class ORIVANTA_API MapViewMarker2D : public MapViewMarker {
   /// The name of every marker's sprite.
   static constexpr std::string_view MARKER_NAME = "LOCATION_MARKER";
 
-  /// `size` in points of the overlay. A null image shows nothing.
+  /// `size` is in points of the overlay. If the image is null, the marker shows nothing.
   MapViewMarker2D(graphics::Size size, std::shared_ptr<const graphics::Image> image);
 
-  /// The point of the scene that the marker stands for; the origin until set. Any thread.
+  /// Returns the scene point of the marker; the origin until set. Any thread.
   graphics::Vector3 position() const;
 
-  /// Moves the marker to a point of the scene. Any thread.
+  /// Moves the marker to a scene point. Any thread.
   void setPosition(graphics::Vector3 position);
 
-  /// The sprite, centerd where the position shows.
+  /// The sprite, centered on the marker's position in the overlay.
   std::shared_ptr<sprite::SpriteNode> node;
 
-  /// Whether the frames of the two sprites share an area. `other` is a `MapViewMarker2D` and both
-  /// have a sprite; anything else is a fatal error.
+  /// Returns whether the frames of the two sprites overlap. It is a fatal error if `other` is not a
+  /// `MapViewMarker2D` or one of the two has no sprite.
   bool collidesWithMarker(const MapViewMarker& other) const override;
 
  private:

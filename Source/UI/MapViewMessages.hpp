@@ -1,4 +1,4 @@
-// Operations of a map view called by name, for scripts and bindings of other languages.
+// Calls operations of a map view by name, for scripts and language bindings.
 #pragma once
 
 #include <span>
@@ -18,7 +18,7 @@ class MapView;
 /// An argument of an operation.
 using MessageArgument = std::variant<bool, double, graphics::Vector3, graphics::Color>;
 
-/// Calls one of these, whose arguments stand in the order of the colons:
+/// Calls one of these operations. The arguments are in the order of the colons:
 ///
 ///     drawCurrentPath                                                 none
 ///     clearPaths:                                                     bool
@@ -29,12 +29,12 @@ using MessageArgument = std::variant<bool, double, graphics::Vector3, graphics::
 ///                                                                     number
 ///     removeHighlightNode                                             none
 ///
-/// Fails and does nothing for another selector, or for arguments of another number or kind.
-/// Main thread.
+/// Fails and does nothing if the selector is unknown or the arguments do not match it in number and
+/// type. Main thread.
 ORIVANTA_API foundation::Result<void> perform(MapView& mapView, std::string_view selector,
                                               std::span<const MessageArgument> arguments);
 
-/// The selectors that there are.
+/// Returns all supported selectors.
 ORIVANTA_API std::vector<std::string_view> messageSelectors();
 
 }  // namespace orivanta

@@ -1,4 +1,4 @@
-// The 2D scene over the map, in which the markers live.
+// The 2D scene over the map that contains the markers.
 #pragma once
 
 #include <memory>
@@ -8,28 +8,28 @@
 
 namespace orivanta {
 
-/// Keeps the size that it was made with, or the first one of a map view that was made without a
-/// size. Main thread, but for `update`.
+/// The 2D scene of a map view. Its size does not change after construction; if the map view was
+/// created without a size, the overlay gets the view's first size. Main thread, except `update`.
 class ORIVANTA_API MapViewOverlay2D : public sprite::Scene {
  public:
   static std::shared_ptr<MapViewOverlay2D> make(graphics::Size size);  ///< points
 
-  /// From "width" and "height" of an archive; null when one is missing.
+  /// Creates an overlay from "width" and "height" of an archive. Returns null if one is missing.
   static std::shared_ptr<MapViewOverlay2D> make(const view::Coder& coder);
 
-  /// A scene needs a size: a fatal error.
+  /// A fatal error, because a scene needs a size.
   [[noreturn]] static std::shared_ptr<MapViewOverlay2D> make();
 
-  std::shared_ptr<sprite::SpriteNode> pauseNode;  ///< the application's own; null until it sets one
-  std::shared_ptr<sprite::LabelNode> scoreNode;   ///< the same
+  std::shared_ptr<sprite::SpriteNode> pauseNode;  ///< for applications; null until set
+  std::shared_ptr<sprite::LabelNode> scoreNode;   ///< for applications; null until set
 
-  /// The number that was set last; 0 until then.
+  /// Returns the score; 0 until set.
   int score() const { return score_; }
 
-  /// Shows "Score: " and the number in `scoreNode`; without one it is a fatal error.
+  /// Sets the score and shows "Score: " and the number in `scoreNode`, which must not be null.
   void setScore(int score);
 
-  /// Says on the diagnostics which touches landed on a marker.
+  /// Prints a diagnostic line for each touch that hit a marker.
   void touchesBegan(std::span<const graphics::Point> touches) override;
 
   /// Does nothing.

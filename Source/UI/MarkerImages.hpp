@@ -1,4 +1,4 @@
-// Ready-made pictures for markers.
+// Ready-made images and markers.
 #pragma once
 
 #include <memory>
@@ -12,27 +12,27 @@
 
 namespace orivanta {
 
-/// A pin that points at the middle of the picture, whose lower half is empty: a marker with it
-/// stands on its position. `height` is the pin's in points, `scale` pixels per point; both above 0.
-/// Any thread.
+/// Returns the image of a pin whose tip is at the center; the lower half is empty, so that a marker
+/// with this image points at its position. `height` is the height of the pin in points, `scale` is
+/// in pixels per point; both must be greater than 0. Any thread.
 ORIVANTA_API std::shared_ptr<const graphics::Image> makePinImage(graphics::Color color,
                                                                  double height, double scale);
 
-/// Dark text with a white outline, legible on any floor.
+/// Returns a style for dark text with a white outline, which is legible on any floor.
 ORIVANTA_API graphics::TextStyle labelStyle(double fontSize = 13.0);
 
-/// A marker that shows a text in any script, as large as its picture, and gives way to others. Null
-/// for a text without ink. Any thread.
+/// Returns a marker that shows a text in any script and is hidden when it collides with others. It
+/// has the size of its image. Returns null if the text has no visible characters. Any thread.
 ORIVANTA_API std::shared_ptr<MapViewMarker2D> makeLabelMarker(std::string_view text,
                                                               const graphics::TextStyle& style,
                                                               double scale);
 
-/// The same, from any picture, which then gives way to none.
+/// Returns a marker that shows an image. It is not hidden when it collides with others.
 ORIVANTA_API std::shared_ptr<MapViewMarker2D> makeImageMarker(
     std::shared_ptr<const graphics::Image> image);
 
-/// A marker with a pin on its position and, where the text has ink, the text below it. Gives way to
-/// none. Any thread.
+/// Returns a marker with a pin on its position and, if the text has visible characters, the text
+/// below it. It is not hidden when it collides with others. Any thread.
 ORIVANTA_API std::shared_ptr<MapViewMarker2D> makePinMarker(graphics::Color color, double height,
                                                             std::string_view text,
                                                             const graphics::TextStyle& style,

@@ -1,4 +1,4 @@
-// How points and vectors stand in diagnostic lines.
+// Formats points and vectors for diagnostic lines.
 // Private header.
 #pragma once
 

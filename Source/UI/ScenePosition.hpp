@@ -1,4 +1,4 @@
-// From the venue's coordinates to those of the scene.
+// Converts venue coordinates to scene coordinates.
 // Private header.
 #pragma once
 
@@ -7,7 +7,7 @@
 
 namespace orivanta {
 
-/// The same numbers in single precision.
+/// Returns the coordinates of a node in single precision.
 inline graphics::Vector3 scenePosition(const Node& node) {
   return {static_cast<float>(node.x), static_cast<float>(node.y), static_cast<float>(node.z)};
 }

@@ -1,4 +1,4 @@
-// The resources that lie inside the library.
+// The resources that are embedded in the library.
 // Private header.
 #pragma once
 
@@ -6,9 +6,9 @@
 
 namespace orivanta {
 
-/// The logo, the arrow of the routes and whatever else the map view brings along, known as
-/// "org.orivanta.sdk" from the first call on. The build defines it from Resources/Sdk. Lives as
-/// long as the process. Any thread.
+/// Returns the bundle with the logo, the route arrow and the other resources of the map view. The
+/// first call registers it as "org.orivanta.sdk". The build generates it from Resources/Sdk. It is
+/// valid until the process ends. Any thread.
 const foundation::ResourceBundle& sdkBundle();
 
 }  // namespace orivanta
