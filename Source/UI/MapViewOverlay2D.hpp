@@ -26,7 +26,8 @@ class ORIVANTA_API MapViewOverlay2D : public sprite::Scene {
   /// Returns the score; 0 until set.
   int score() const { return score_; }
 
-  /// Sets the score and shows "Score: " and the number in `scoreNode`, which must not be null.
+  /// Sets the score and shows "Score: " and the number in `scoreNode`. It is a fatal
+  /// error if `scoreNode` is null.
   void setScore(int score);
 
   /// Prints a diagnostic line for each touch that hit a marker.

@@ -27,7 +27,8 @@ ORIVANTA_API std::shared_ptr<MapViewMarker2D> makeLabelMarker(std::string_view t
                                                               const graphics::TextStyle& style,
                                                               double scale);
 
-/// Returns a marker that shows an image. It is not hidden when it collides with others.
+/// Returns a marker that shows an image in the image's size. It is not hidden when it collides with
+/// others. Returns null if the image is null. Any thread.
 ORIVANTA_API std::shared_ptr<MapViewMarker2D> makeImageMarker(
     std::shared_ptr<const graphics::Image> image);
 

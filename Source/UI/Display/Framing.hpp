@@ -1,4 +1,4 @@
-// The camera pose from which given points fill the view.
+// Calculates the camera pose in which given points fill the view.
 #pragma once
 
 #include <array>
@@ -12,7 +12,7 @@
 
 namespace orivanta {
 
-/// The margins of a view that are covered by other things, in points.
+/// The margins of a view that are covered by other elements, in points.
 struct Insets {
   double left = 0;    ///< at the left edge
   double top = 0;     ///< at the upper edge
@@ -20,25 +20,26 @@ struct Insets {
   double bottom = 0;  ///< at the lower edge
 };
 
-/// How much shows around the points that are framed.
+/// The area that is visible around framed points.
 struct Surroundings {
-  double margin = 0;       ///< a share of the extent of the points
-  double leastExtent = 1;  ///< the least extent that shows in each direction, scene units
+  double margin = 0;       ///< fraction of the extent of the points
+  double leastExtent = 1;  ///< minimum visible extent in each direction, scene units
 };
 
 inline constexpr Surroundings aroundFloor{0.06, 1};    ///< for a whole floor
 inline constexpr Surroundings aroundPlace{0.35, 300};  ///< for a single place
 
-/// For a route: a short one fills a good part of the view and still shows what it passes. If the
-/// venue says how many units a meter has, at least eight meters show.
+/// Returns the surroundings for a route: a short route fills a large part of the view, and its
+/// vicinity is visible. If the venue defines its units per meter, at least eight meters are
+/// visible.
 ORIVANTA_API Surroundings aroundRoute(const Venue& venue);
 
-/// The corners of a box, which must not be empty.
+/// Returns the corners of a box, which must not be empty.
 ORIVANTA_API std::array<graphics::Vector3, 8> cornersOf(const graphics::Box& box);
 
-/// The pose that is as close as possible and shows all points within the insets, in the middle of
-/// the free part. Keeps the tilt and the turn of `pose`. Points stay away from the horizon when the
-/// tilt is steep. Returns `pose` if there are no points.
+/// Returns the closest pose that shows all points within the insets, at the center of the uncovered
+/// part. Keeps the tilt and the turn of `pose`. If the tilt is steep, the points keep a distance
+/// from the horizon. Returns `pose` if there are no points.
 ORIVANTA_API CameraPose framing(std::span<const graphics::Vector3> points, CameraPose pose,
                                 const Lens& lens, const Insets& insets,
                                 const Surroundings& surroundings);

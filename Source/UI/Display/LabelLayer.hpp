@@ -1,4 +1,4 @@
-// The names of the places on the floor that is shown, as many as there is room for.
+// Labels with the names of the places on the current floor, as many as fit.
 #pragma once
 
 #include <cstdint>
@@ -16,31 +16,32 @@ namespace orivanta {
 class MapView;
 class MapViewMarker2D;
 
-/// Shows names as markers of a map view. No name covers another one or a marker that does not give
-/// way, and each is entirely in sight. Places with an area come before those without; otherwise the
-/// order is the venue's. Keeps the map view. Main thread.
+/// Shows names of places as labels in a map view. A label never overlaps another label or a marker
+/// that is not hidden on collision, and is always entirely visible. Places with an area have
+/// priority over places without one; otherwise the venue's order decides. Keeps a reference to the
+/// map view. Main thread.
 class ORIVANTA_API LabelLayer {
  public:
-  /// `scale`: pixels per point.
+  /// `scale` is in pixels per point.
   LabelLayer(std::shared_ptr<MapView> mapView, double scale);
 
-  /// Takes the names away.
+  /// Removes the labels.
   ~LabelLayer();
   LabelLayer(const LabelLayer&) = delete;
   LabelLayer& operator=(const LabelLayer&) = delete;
 
-  /// Draws all names anew if the scale is another one.
+  /// Sets the scale in pixels per point. Redraws all labels if it changed.
   void setScale(double scale);
 
-  /// Leaves out the names of these places, which have marks of their own.
+  /// Hides the labels of these places, which are marked in another way.
   void setMarked(std::vector<std::shared_ptr<Location>> places);
 
-  /// The rectangles of the map view that something covers, in points. No name is shown there.
+  /// Sets the covered rectangles of the map view, in points. No label is shown there.
   void setCovered(std::vector<graphics::Rect> covered);
 
-  /// Chooses the names for the floor that is shown and the camera as it is. Call it before each
-  /// frame; it returns at once if nothing has changed. Draws a few new names in each call, so that
-  /// no frame waits for all of them, and returns whether there are more to be drawn.
+  /// Selects the labels for the current floor and camera pose. Call it before each frame; it
+  /// returns immediately if nothing has changed. Each call draws only a few new labels, so that no
+  /// frame waits for all of them. Returns whether more labels have to be drawn.
   bool arrange();
 
  private:
@@ -66,9 +67,9 @@ class ORIVANTA_API LabelLayer {
   double scale_;
   std::vector<std::shared_ptr<Location>> marked_;
   std::vector<graphics::Rect> covered_;
-  std::vector<Name> names_;             // of the floor, the most important first
-  std::shared_ptr<scene::Node> model_;  // of the floor that the names are on; null before the first
-  std::uint64_t arrangedChange_ = 0;    // the count of changes when the names were last arranged
+  std::vector<Name> names_;             // of the floor, highest priority first
+  std::shared_ptr<scene::Node> model_;  // of the floor of the names; null at first
+  std::uint64_t arrangedChange_ = 0;    // the change count at the last `arrange`
 };
 
 }  // namespace orivanta

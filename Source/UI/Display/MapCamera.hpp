@@ -1,4 +1,4 @@
-// Moves the camera of a map view: to places, by steps, and with glides.
+// Moves the camera of a map view, immediately or with a glide.
 #pragma once
 
 #include <optional>
@@ -16,117 +16,117 @@ class MapView;
 
 /// How the camera moves.
 enum class CameraMotion {
-  atOnce,  ///< ends a glide that is under way
-  glide    ///< takes a quarter of a second, see `MapCamera::advance`
+  atOnce,  ///< immediately; ends a running glide
+  glide    ///< in a quarter of a second, see `MapCamera::advance`
 };
 
-/// The camera of a map view, as `MapView::camera` returns it. Lives as long as the map view. Does
-/// nothing before the map view has a scene, see `isReady`. Main thread.
+/// The camera of a map view, as returned by `MapView::camera`. It is valid as long as the map view.
+/// Its functions have no effect before the map view has a scene, see `isReady`. Main thread.
 ///
-/// After each move the gestures of the map view continue from the new pose, the clip planes leave
-/// the shown floor whole, and the markers are arranged.
+/// Each move updates the state of the map view's gestures, adapts the clip planes so that the whole
+/// floor stays visible, and arranges the markers.
 class ORIVANTA_API MapCamera {
  public:
-  /// Made by the map view that owns it.
+  /// Called by the map view, which owns the camera.
   MapCamera(MapView& view, CameraRig& rig);
   MapCamera(const MapCamera&) = delete;
   MapCamera& operator=(const MapCamera&) = delete;
 
-  /// Whether the map view has a scene.
+  /// Returns whether the map view has a scene.
   bool isReady() const;
 
-  /// The pose now; a default one before the camera is ready.
+  /// Returns the current pose, or a default one if the camera is not ready.
   CameraPose pose() const;
 
-  /// The pose to which a glide leads; `pose` if none is under way.
+  /// Returns the final pose of the running glide, or `pose` if there is none.
   CameraPose target() const;
 
-  /// The view that the camera fills.
+  /// Returns the size of the view and the field of view.
   Lens lens() const;
 
-  /// The range in which poses are kept: over the floor, no farther than 1.8 times the distance from
-  /// which the floor fits into the view, tilted by less than 60 degrees. Without limits after
+  /// Returns the limits of poses: above the floor, at most 1.8 times the distance from which the
+  /// floor fits the view, and a tilt of less than 60 degrees. They do not apply after
   /// `setLimited(false)`.
   CameraLimits limits() const;
 
-  /// Whether poses are kept within `limits`; true until set.
+  /// Sets whether poses are kept within `limits`. The default is true.
   void setLimited(bool limited) { limited_ = limited; }
 
-  /// What covers the edges of the view. `fit` and `frame` use the rest of it.
+  /// Sets the covered margins of the view. `fit` and `frame` use the rest of the view.
   void setInsets(const Insets& insets) { insets_ = insets; }
 
-  /// What was set last; nothing until then.
+  /// Returns the insets; all are 0 until set.
   const Insets& insets() const { return insets_; }
 
-  /// The pose from which the whole floor fills the view, with this tilt and turn in radians.
+  /// Returns the pose with this tilt and turn, in radians, in which the whole floor fills the view.
   CameraPose fittingPose(double tilt, double turn) const;
 
-  /// The pose from which some points of the scene with their surroundings fill the view, with this
-  /// tilt and turn in radians.
+  /// Returns the pose with this tilt and turn, in radians, in which scene points with their
+  /// surroundings fill the view.
   CameraPose framingPose(const std::vector<graphics::Vector3>& points,
                          const Surroundings& surroundings, double tilt, double turn) const;
 
-  /// Moves the camera at once, to the nearest pose within the limits. Ends a glide.
+  /// Moves the camera immediately to the nearest pose within the limits. Ends a running glide.
   void setPose(const CameraPose& pose);
 
-  /// Moves the camera in a glide, to the nearest pose within the limits.
+  /// Starts a glide to the nearest pose within the limits.
   void glideTo(const CameraPose& pose);
 
-  /// Shows the whole floor with the y axis upwards; keeps the tilt.
+  /// Shows the whole floor with the y axis pointing up. Keeps the tilt.
   void fit(CameraMotion motion = CameraMotion::glide);
 
-  /// Shows some points of the scene; keeps tilt and turn. Does nothing without points.
+  /// Shows points of the scene. Keeps tilt and turn. Does nothing if there are no points.
   void frame(const std::vector<graphics::Vector3>& points,
              const Surroundings& surroundings = aroundPlace,
              CameraMotion motion = CameraMotion::glide);
 
-  // Steps. Gliding ones start from where a glide under way leads.
+  // Relative moves. With `glide`, they start from the final pose of the running glide.
 
-  /// Comes closer by `factor`, or goes away with one below 1. The ground under the point `at` of
-  /// the view stays there.
+  /// Zooms in by `factor`, or out if it is less than 1. The ground at the view position `at` stays
+  /// there.
   void zoomBy(double factor, graphics::Point at, CameraMotion motion = CameraMotion::glide);
 
-  /// Moves by points of the view.
+  /// Moves the camera by points of the view.
   void panBy(double right, double up, CameraMotion motion = CameraMotion::glide);
 
-  /// Moves at once so that the ground under the point `from` of the view comes under `to`.
+  /// Moves the camera immediately, so that the ground at the view position `from` moves to `to`.
   void drag(graphics::Point from, graphics::Point to);
 
   void rotateBy(double angle, CameraMotion motion = CameraMotion::glide);  ///< radians
   void tiltBy(double angle, CameraMotion motion = CameraMotion::glide);    ///< radians
   void tiltTo(double tilt, CameraMotion motion = CameraMotion::glide);     ///< radians
 
-  /// Turns the y axis upwards.
+  /// Turns the camera so that the y axis points up.
   void resetNorth(CameraMotion motion = CameraMotion::glide);
 
-  /// Whether a glide is under way.
+  /// Returns whether a glide is running.
   bool isGliding() const { return glide_.has_value(); }
 
-  /// Ends a glide where it is.
+  /// Ends a running glide at the current pose.
   void stop() { glide_.reset(); }
 
-  /// Moves a gliding camera. A host calls it before each frame with the frame's time in seconds. A
-  /// glide begins with the first call after it was started.
+  /// Advances a running glide. The host calls this before each frame with the frame's time in
+  /// seconds. The time of a glide starts with its first call.
   void advance(double time);
 
-  // For hosts that want the map view's own gestures to respect the limits and to continue after a
-  // tap from where the camera is. Call them around handing touches of the map view to a
+  // With these functions, the gestures of the map view respect the limits, and continue from the
+  // current pose after a tap. Hosts call them when they pass touches of the map view to a
   // `view::TouchDispatcher`.
 
-  /// Before a touch that begins. Ends a glide where it is.
+  /// Call before passing a touch that begins. Ends a running glide at the current pose.
   void touchBegan();
 
-  /// After touches while fingers remain.
+  /// Call after passing touches while fingers remain.
   void touchMoved();
 
-  /// After the last finger has gone.
+  /// Call after the last finger was lifted.
   void touchEnded();
 
  private:
   struct Glide {
     CameraPose from;
     CameraPose to;
-    std::optional<double> start;  // nothing before it is first advanced
+    std::optional<double> start;  // empty until first advanced
     double now = 0;               // when it was last advanced
   };
 
