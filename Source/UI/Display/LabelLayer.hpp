@@ -33,7 +33,7 @@ class ORIVANTA_API LabelLayer {
   /// Sets the scale in pixels per point. Redraws all labels if it changed.
   void setScale(double scale);
 
-  /// Hides the labels of these places, which are marked in another way.
+  /// Hides the labels of these places, which have separate marks.
   void setMarked(std::vector<std::shared_ptr<Location>> places);
 
   /// Sets the covered rectangles of the map view, in points. No label is shown there.

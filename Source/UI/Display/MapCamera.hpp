@@ -45,7 +45,7 @@ class ORIVANTA_API MapCamera {
   Lens lens() const;
 
   /// Returns the limits of poses: above the floor, at most 1.8 times the distance from which the
-  /// floor fits the view, and a tilt of less than 60 degrees. They do not apply after
+  /// floor fits the view, and a tilt of less than 60 degrees. There are no limits after
   /// `setLimited(false)`.
   CameraLimits limits() const;
 

@@ -1,4 +1,4 @@
-// What there is to fetch for the floors of a venue, each file once.
+// The files to fetch for the floors of a venue, each file once.
 #pragma once
 
 #include <cstddef>
@@ -14,19 +14,19 @@ namespace orivanta {
 struct FetchPlan {
   struct Floor {
     std::shared_ptr<Map> map;
-    std::vector<std::size_t> files;      ///< the model first; none when there is nothing to fetch
-    std::string problem;                 ///< why its model cannot be fetched; empty when it can
+    std::vector<std::size_t> files;      ///< the model first; empty if there is nothing to fetch
+    std::string problem;                 ///< why its model cannot be fetched; empty if it can
     std::vector<std::string> omissions;  ///< the same for its other files
   };
 
   std::vector<Floor> floors;           ///< in the venue's order
-  std::vector<std::size_t> order;      ///< of their fetching
-  std::vector<FileFetch::File> files;  ///< in the order of fetching
+  std::vector<std::size_t> order;      ///< order of fetching the floors
+  std::vector<FileFetch::File> files;  ///< in fetch order
 
-  /// Beginning with the files of `first`, if that is a floor of the venue. The files are kept in
-  /// the folder "maps" of the venue on its server, that of the model's URL; those of a floor that
-  /// would take the place of another floor's, since their URLs end alike, in a folder of its own
-  /// below.
+  /// Creates a plan that starts with the files of `first`, if it is a floor of the venue. The files
+  /// are stored in the folder "maps" of the venue and the server of the model's URL. Files of a
+  /// floor that would replace those of another floor, because their URLs have the same last
+  /// component, are stored in a separate subfolder.
   static FetchPlan of(const Venue& venue, const std::shared_ptr<Map>& first);
 };
 

@@ -1,4 +1,4 @@
-// Files fetched side by side, while nobody waits.
+// Fetches files concurrently in the background.
 #pragma once
 
 #include <atomic>
@@ -14,29 +14,30 @@
 
 namespace orivanta {
 
-/// Up to four files at once, in their order, on threads of its own: a server that does not answer
-/// holds up nothing else, not even the next fetch. A file that takes more than `mostFileBytes`
-/// while it is received and decoded ends with a problem of its own. Any thread.
+/// Fetches up to four files concurrently, in order, on separate threads. A server that does not
+/// respond delays nothing else, not even the next fetch. A file that uses more than `mostFileBytes`
+/// of memory while it is received and decoded fails with an error. Any thread.
 class FileFetch {
  public:
-  /// Four times this is the most that a fetch takes. A body counts twice as it is received, for the
-  /// text that grows, and what it is decoded to counts beside it.
+  /// The maximum memory of one file; a fetch uses at most four times this. A received body counts
+  /// twice, because its string grows, and its decoded form counts in addition.
   static constexpr std::size_t mostFileBytes = std::size_t{192} << 20U;
 
   struct File {
     foundation::Url url;
-    std::string folder;  ///< as for `HttpDownloader::fetchFile`
+    std::string folder;  ///< see `HttpDownloader::fetchFile`
   };
 
   using Outcome = foundation::Result<HttpDownloader::Fetched>;
 
-  /// Called on the fetch's threads, with the number of the file.
+  /// Callbacks, called on the fetch's threads with the index of the file.
   struct Reports {
     std::function<void(std::size_t file)> began;
     std::function<void(std::size_t file, Outcome outcome)> ended;
   };
 
-  /// Once the token is canceled no further file is begun, the requests end and so do the threads.
+  /// Starts a fetch. When the token is canceled, no further file is started, and the requests and
+  /// the threads end.
   static void start(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader,
                     foundation::CancellationToken cancellation, Reports reports);
 
@@ -51,7 +52,7 @@ class FileFetch {
   const Reports reports_;
   const foundation::CancellationToken cancellation_;
   const network::AwaitedRequests requests_;
-  std::atomic<std::size_t> next_ = 0;  // the first file that nobody has taken
+  std::atomic<std::size_t> next_ = 0;  // the first file that no thread has taken
 };
 
 }  // namespace orivanta

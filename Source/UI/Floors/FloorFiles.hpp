@@ -10,20 +10,20 @@
 
 namespace orivanta {
 
-/// As a map's record names them.
+/// The files of a floor, as named in its map record.
 struct FloorFiles {
-  std::string model;                ///< the URL of the OBJ file; empty when the floor has none
-  std::string materials;            ///< that of the material library; the same
-  std::vector<std::string> images;  ///< those of the pictures
+  std::string model;                ///< URL of the OBJ file; empty if there is none
+  std::string materials;            ///< URL of the material library; empty if there is none
+  std::vector<std::string> images;  ///< URLs of the pictures
 
   static FloorFiles of(const Map& map);
 
-  /// The URLs in the order of fetching: the model, its materials if any, the pictures. A text that
-  /// is no URL is a fatal error.
+  /// Returns the URLs in fetch order: the model, its materials if any, the pictures. An invalid URL
+  /// is a fatal error.
   std::vector<foundation::Url> urls() const;
 };
 
-/// The number of a venue's floors that name a model and pictures; a missing list has none.
+/// Returns the number of a venue's floors with a model and pictures; 0 if the list is missing.
 std::size_t countFloorsWithPictures(const Venue& venue);
 
 }  // namespace orivanta

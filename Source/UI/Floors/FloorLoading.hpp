@@ -1,4 +1,4 @@
-// One load of a venue's floors into a map view.
+// A load of a venue's floors into a map view.
 #pragma once
 
 #include <functional>
@@ -19,8 +19,7 @@ namespace orivanta {
 
 class MapView;
 
-/// What a load of floors does to the map view that it is for. Called on the main thread while the
-/// map view exists.
+/// The operations of a load on its map view. Called on the main thread while the map view exists.
 struct FloorStage {
   std::function<void(Map& map, const std::shared_ptr<scene::Node>& model)> setModel;
   std::function<void(const std::shared_ptr<Map>& map)> showFirst;  ///< starts the scene
@@ -28,10 +27,9 @@ struct FloorStage {
   std::function<void(const FloorLoad& load)> ended;
 };
 
-/// Owned by its view while it is under way. All of its state belongs to the main thread: work in
-/// the background sees none of it and tells its results through the main queue, where those of a
-/// load that is over are dropped. The load is over, without a word, when the view has another venue
-/// by then.
+/// Owned by its view while it is running. Its state is used only on the main thread. Background
+/// work passes its results to the main queue, where the results of an ended load are discarded. If
+/// the view has another venue by then, the load ends without calling handlers.
 class FloorLoading : public FloorLoad, public std::enable_shared_from_this<FloorLoading> {
  public:
   FloorLoading(const std::shared_ptr<MapView>& view, FloorStage stage, FloorLoadHandlers handlers,
@@ -71,11 +69,11 @@ class FloorLoading : public FloorLoad, public std::enable_shared_from_this<Floor
   const std::weak_ptr<MapView> view_;
   const FloorStage stage_;
   std::weak_ptr<Venue> venue_;
-  std::shared_ptr<FloorLoadHandlers> handlers_;  // null when the load is over
+  std::shared_ptr<FloorLoadHandlers> handlers_;  // null if the load has ended
   std::vector<Floor> floors_;
-  std::vector<std::size_t> order_;  // in which they are fetched, the wanted one first
+  std::vector<std::size_t> order_;  // order of fetching, the requested floor first
   std::vector<FileFetch::File> files_;
-  std::vector<std::string> paths_;  // of the files; empty for those that are not there
+  std::vector<std::string> paths_;  // of the files; empty for missing files
   std::shared_ptr<PictureBudget> pictures_;
   const foundation::CancellationSource cancellation_;
   bool sceneStarted_ = false;

@@ -1,4 +1,4 @@
-// A fetched file and the note of where it came from.
+// A cached file and the record of its origin.
 #pragma once
 
 #include <filesystem>
@@ -12,21 +12,22 @@
 
 namespace orivanta {
 
-/// The note is a hidden file beside the file, ".NAME.origin". Any thread; several processes may
-/// save the same file at once: the note then agrees with the file, or the file counts for nothing.
+/// The record of origin is a hidden file next to the file, ".NAME.origin". Any thread. Several
+/// processes may save the same file concurrently; if the record then does not match the file, the
+/// file is ignored.
 class KeptFile {
  public:
   explicit KeptFile(std::filesystem::path file);
 
   const std::filesystem::path& path() const { return file_; }
 
-  /// The fields of a request that is answered with 304 if the file has not changed, none if it must
-  /// be fetched anyway. Nothing if there is no file, it came from another URL, or it is not, to the
-  /// byte, what arrived.
+  /// Returns the request fields for which the server responds with 304 if the file has not changed;
+  /// no fields if the file must be fetched again anyway. Returns nothing if there is no file, it
+  /// came from another URL, or its content was changed after it was saved.
   std::optional<network::HeaderFields> conditionFor(const foundation::Url& url) const;
 
-  /// Replaces the file with the body of an answer, and writes the note. The text of an error begins
-  /// with "cannot".
+  /// Replaces the file with the body of a response, and writes the record. The text of an error
+  /// begins with "cannot".
   foundation::Result<void> save(const foundation::Url& url,
                                 const network::HttpUrlResponse& response,
                                 std::string_view body) const;

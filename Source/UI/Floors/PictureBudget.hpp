@@ -1,4 +1,4 @@
-// How large the pictures of a view's floors may be together.
+// The limit for the total size of the pictures of a view's floors.
 #pragma once
 
 #include <cstddef>
@@ -15,15 +15,15 @@
 
 namespace orivanta {
 
-/// Shared by the floors of one load. Each floor with pictures may take what is left, divided by the
-/// number of such floors that have not been read; what it does not need is left to the others. A
-/// picture that several floors show is read once, as long as one of them has it. Any thread.
+/// Shared by the floors of one load. Each floor with pictures may use the remaining pixels, divided
+/// by the number of such floors that have not been read. Pixels that it does not use remain for the
+/// others. A picture of several floors is read once, as long as one of them holds it. Any thread.
 class PictureBudget {
  public:
-  /// 336 MB in memory. A driver that draws in software takes 4/3 of that again.
+  /// 336 MB in memory. A software renderer uses another 4/3 of that.
   static constexpr std::uint64_t mostPixels = std::uint64_t{5} * 4096 * 4096;
 
-  /// For so many floors with pictures.
+  /// `floors` is the number of floors with pictures.
   explicit PictureBudget(std::size_t floors, std::uint64_t pixels = mostPixels);
 
  private:
@@ -44,8 +44,8 @@ class PictureBudget {
   std::map<std::filesystem::path, std::shared_ptr<Entry>> entries_;
 };
 
-/// Reads the pictures of one model. While it lasts, the asset loader uses it on the thread that
-/// made it.
+/// Reads the pictures of one model. While it exists, the asset loader uses it on the thread that
+/// created it.
 class FloorPictures {
  public:
   using Images = std::map<std::filesystem::path, std::shared_ptr<const graphics::Image>>;
@@ -55,14 +55,15 @@ class FloorPictures {
   FloorPictures(const FloorPictures&) = delete;
   FloorPictures& operator=(const FloorPictures&) = delete;
 
-  /// The one that was made last on this thread; null if there is none.
+  /// Returns the most recently created object of this thread, or null if there is none.
   static FloorPictures* current();
 
-  /// Null for a file that holds no picture that can be read. If they are too large together, the
-  /// largest are made smaller, to the same number of pixels as far as whole factors allow.
+  /// Reads pictures; the result has null for a file that cannot be read as a picture. If they are
+  /// too large together, the largest are reduced to the same number of pixels, as far as integer
+  /// factors allow.
   Images read(const std::set<std::filesystem::path>& files);
 
-  /// Which pictures were made smaller, for people, without a full stop.
+  /// Returns which pictures were reduced, as readable texts without a final period.
   const std::vector<std::string>& remarks() const { return remarks_; }
 
  private:
