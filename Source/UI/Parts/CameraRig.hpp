@@ -1,4 +1,4 @@
-// The nodes that carry a map view's camera, and the only code that writes them.
+// The camera nodes of a map view, and the only code that changes them.
 #pragma once
 
 #include <optional>
@@ -10,32 +10,32 @@ namespace orivanta {
 
 class MapView;
 
-/// Works on the nodes that the map view has in `cameraOrbit` and `labelsOrbit`. Owned by the map
-/// view; main thread. A missing node where one is required is a fatal error.
+/// Changes the map view's nodes `cameraOrbit` and `labelsOrbit`. Owned by the map view. Main
+/// thread. A missing required node is a fatal error.
 class CameraRig {
  public:
   explicit CameraRig(MapView& view) : view_(view) {}
 
-  /// Makes the nodes anew, above the middle of everything in the scene, and adds them to `root`.
+  /// Creates new nodes above the center of the scene's content, and adds them to `root`.
   void build(scene::Node& root);
 
   bool isBuilt() const;
 
-  /// Where the camera is. The rig is built.
+  /// Returns the pose of the camera. The rig must be built.
   CameraPose pose() const;
 
-  /// The field of view, in degrees; that of the map view before the rig is built.
+  /// Returns the field of view in degrees. Returns that of the map view if the rig is not built.
   double fieldOfView() const;
 
-  /// Puts the camera at a pose. The rig is built.
+  /// Moves the camera to a pose. The rig must be built.
   void place(const CameraPose& pose);
 
-  // One part of the pose each, as the gestures change it.
-  void shift(float right, float down);  ///< scene units, in the directions of the view
+  // Each function changes one part of the pose; used by the gestures.
+  void shift(float right, float down);  ///< scene units, in view directions
   void setTilt(float angle);            ///< radians
   void setTurn(float angle);            ///< radians
 
-  /// Fatal if the orbit has no children.
+  /// It is a fatal error if the orbit has no children.
   float distance() const;
   void setDistance(float distance);
 

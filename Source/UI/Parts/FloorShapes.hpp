@@ -1,5 +1,4 @@
-// The shapes of a map view's floors by the polygons whose identifiers they bear, and their
-// highlights.
+// The shapes of a map view's floors, found by polygon identifier, and their highlights.
 #pragma once
 
 #include <tsl/ordered_map.h>
@@ -13,26 +12,25 @@
 
 namespace orivanta {
 
-/// Owned by a map view; main thread.
+/// Owned by a map view. Main thread.
 class FloorShapes {
  public:
-  /// Adds the children of a floor's model. A name that is known refers to the new shape from now
-  /// on.
+  /// Adds the children of a floor's model. A new shape replaces an existing one of the same name.
   void add(const scene::Node& floor);
 
-  /// Forgets all shapes. Highlights are cleared first.
+  /// Clears the highlights, then removes all shapes.
   void clear();
 
-  /// Null if the polygon has no shape.
+  /// Returns the shape of a polygon, or null if it has none.
   std::shared_ptr<scene::Node> shapeOf(const Polygon& polygon) const;
 
-  /// As `MapView::highlightPolygon` and `MapView::clearHighlightedPolygons` say.
+  /// See `MapView::highlightPolygon` and `MapView::clearHighlightedPolygons`.
   void highlight(const std::shared_ptr<Polygon>& polygon, graphics::Color color);
   void clearHighlights();
 
  private:
   tsl::ordered_map<std::string, std::shared_ptr<scene::Node>> shapes_;      // by name
-  tsl::ordered_map<std::shared_ptr<Polygon>, scene::Contents> highlights_;  // what was there before
+  tsl::ordered_map<std::shared_ptr<Polygon>, scene::Contents> highlights_;  // the previous contents
 };
 
 }  // namespace orivanta

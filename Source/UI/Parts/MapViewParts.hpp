@@ -1,4 +1,4 @@
-// What a map view is made of besides its public fields.
+// The private parts of a map view.
 #pragma once
 
 #include <memory>
@@ -17,14 +17,14 @@ namespace orivanta {
 struct MapView::Parts {
   explicit Parts(MapView& view) : rig(view), camera(view, rig), markers(view), routes(view) {}
 
-  std::shared_ptr<Map> currentMap;  // null before the first
+  std::shared_ptr<Map> currentMap;  // null until a floor is shown
   CameraRig rig;
   MapCamera camera;
   FloorShapes shapes;
   MarkerLayer markers;
   RouteLayer routes;
   std::vector<std::shared_ptr<view::GestureRecognizer>> recognizers;
-  std::shared_ptr<FloorLoading> floorLoad;  // null when none is under way
+  std::shared_ptr<FloorLoading> floorLoad;  // null if no load is running
 };
 
 }  // namespace orivanta

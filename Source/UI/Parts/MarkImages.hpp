@@ -1,4 +1,4 @@
-// Pictures of the marks of a route.
+// Creates the images of the marks of a route.
 #pragma once
 
 #include <memory>
@@ -9,8 +9,8 @@
 
 namespace orivanta {
 
-/// A symbol with its text, which may be null, as a look has them. The marked place is in the middle
-/// of the picture. `scale` pixels per point.
+/// Returns an image of a look's symbol, with its text on the side that the look selects. `text` may
+/// be null. The marked place is at the center of the image. `scale` is in pixels per point.
 std::shared_ptr<const graphics::Image> makeMarkImage(
     const MarkLook& look, graphics::Color color, const std::shared_ptr<const graphics::Image>& text,
     double scale);

@@ -1,4 +1,4 @@
-// Chooses how the marks of a route look, so that they hide neither each other nor the route.
+// Selects the looks of a route's marks, so that they do not cover each other or the route.
 #pragma once
 
 #include <span>
@@ -8,10 +8,10 @@
 
 namespace orivanta {
 
-/// A pin stands on its place; a dot lies on it and covers less.
+/// A pin points at its place from above; a dot is centered on it and covers less.
 enum class MarkSymbol { pin, dot };
 
-/// Where the text is, seen from the symbol.
+/// The position of the text relative to the symbol.
 enum class TextSide { below, above, right, left };
 
 struct MarkLook {
@@ -21,27 +21,27 @@ struct MarkLook {
   friend bool operator==(const MarkLook&, const MarkLook&) = default;
 };
 
-// All lengths in points, y downwards.
+// All lengths are in points; y points down.
 inline constexpr double pinHeight = 34;
 inline constexpr double dotSide = 18;
 
-/// Something to be marked.
+/// A place to be marked.
 struct MarkPlace {
   graphics::Point at;
-  graphics::Size text;  ///< empty without a text
+  graphics::Size text;  ///< empty if there is no text
 };
 
-/// What a mark covers: its symbol, and its text, whose size may be empty.
+/// The areas that a mark covers: its symbol and its text, which may be empty.
 struct MarkFrames {
   graphics::Rect symbol;
   graphics::Rect text;
 };
 MarkFrames framesOf(const MarkPlace& mark, const MarkLook& look);
 
-/// A look for each mark: pins with the text below them where there is room, otherwise with the text
-/// on another side, and dots where a pin would cover much of a short route. `route` holds the lines
-/// of the route as they show, `view` what can be seen. A mark keeps its look from `before`, which
-/// has one for each mark or none, unless another is clearly better.
+/// Returns a look for each mark: a pin with the text below it if there is space, otherwise with the
+/// text on another side, and a dot if a pin would cover much of a short route. `route` contains the
+/// visible lines of the route, `view` is the visible area. `before` contains the previous look of
+/// each mark, or is empty. A mark keeps its previous look unless another one is clearly better.
 std::vector<MarkLook> placeMarks(std::span<const MarkPlace> marks,
                                  std::span<const std::vector<graphics::Point>> route,
                                  const graphics::Rect& view, std::span<const MarkLook> before);

@@ -1,4 +1,4 @@
-// The markers of a map view: which there are, where they show, and which give way.
+// The markers of a map view, their positions and their visibility.
 #pragma once
 
 #include <memory>
@@ -13,13 +13,13 @@ namespace orivanta {
 class MapView;
 class MapViewOverlay2D;
 
-/// Shows the sprites of markers in the overlay of the map view that owns it. Main thread, but for
-/// `markers` and `updatePositions`.
+/// Shows the sprites of markers in the overlay of a map view, which owns this layer. Main thread,
+/// except `markers` and `updatePositions`.
 class MarkerLayer {
  public:
   explicit MarkerLayer(MapView& view) : view_(view) {}
 
-  /// As the operations of the same names in `MapView` say.
+  /// See the corresponding functions of `MapView`.
   std::vector<std::shared_ptr<MapViewMarker>> markers() const;
   void add(const std::shared_ptr<MapViewMarker2D>& marker);
   void remove(const std::shared_ptr<MapViewMarker2D>& marker);
@@ -29,7 +29,7 @@ class MarkerLayer {
   void showAll();
   void hideAll();
 
-  /// Takes the sprites that show to another overlay.
+  /// Moves the visible sprites to another overlay.
   void moveTo(MapViewOverlay2D& overlay);
 
  private:
@@ -40,7 +40,7 @@ class MarkerLayer {
   std::vector<std::shared_ptr<MapViewMarker>> markers_;
 };
 
-/// The point of the overlay at which a point that was projected into the scene view shows.
+/// Converts a point that was projected into the scene view to a point of the overlay.
 graphics::Point overlayPosition(const MapView& view, graphics::Vector3 projected);
 
 }  // namespace orivanta

@@ -1,4 +1,4 @@
-// What a map view does about routes: the specified drawing operations.
+// The route drawing operations of a map view.
 #pragma once
 
 #include <memory>
@@ -17,7 +17,7 @@ class RouteLayer {
  public:
   explicit RouteLayer(MapView& view) : view_(view) {}
 
-  /// As `drawPath`, `clearPaths`, `highlightNode` and `removeHighlightNode` of `MapView` say.
+  /// See `drawPath`, `clearPaths`, `highlightNode` and `removeHighlightNode` of `MapView`.
   void draw(const NodeList& path, int from);
   void clear();
   void highlight(const std::shared_ptr<Node>& node);

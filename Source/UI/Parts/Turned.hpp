@@ -1,4 +1,4 @@
-// Turns points of the ground plane.
+// Rotates points of the ground plane.
 #pragma once
 
 #include <cmath>
@@ -7,7 +7,7 @@
 
 namespace orivanta {
 
-/// The point turned counterclockwise about the origin; `angle` in radians.
+/// Returns the point rotated counterclockwise around the origin. `angle` is in radians.
 inline graphics::Point turned(graphics::Point point, double angle) {
   const double sine = std::sin(angle);
   const double cosine = std::cos(angle);
