@@ -67,9 +67,9 @@ class ORIVANTA_API HttpDownloader {
   /// Only "http" and "https" URLs are fetched. Blocks. Fails if the requests are canceled. The text
   /// of an error is a sentence with the URL, without a final period.
   ///
-  /// A hidden file next to each file records its URL, length and checksum, and the validator that
+  /// A hidden note next to each file stores its URL, length and checksum, and the validator that
   /// the server sent: an entity tag, a date, or none. Without a validator the file is fetched each
-  /// time. A cached file that does not match its record or came from another URL is ignored. A
+  /// time. A cached file that does not match its note or came from another URL is ignored. A
   /// matching file is used, with a remark, if the request fails, the server reports a temporary
   /// error (status 408, 429, or 500 and above), a successful response is empty, a web page or
   /// JSON, or the new file cannot be saved.

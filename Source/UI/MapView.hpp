@@ -66,11 +66,10 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   /// Called after a tap, after the delegate, with the first location of the polygon that was hit.
   /// The argument is null if the tap hit no polygon, or a polygon without a location. Main thread.
   std::function<void(const std::shared_ptr<Location>& place)> placeTapped;
-  std::shared_ptr<Venue> venue;                       ///< must be set before `loadScene`
-  graphics::Color pathColor{0.122F, 0.302F, 0.655F};  ///< color of drawn routes
-  graphics::Color pathArrowColor{0.984F, 0.675F,
-                                 0.094F};      ///< for applications; not used by the SDK
-  double fov = 40.0;                           ///< field of view in degrees
+  std::shared_ptr<Venue> venue;                            ///< must be set before `loadScene`
+  graphics::Color pathColor{0.122F, 0.302F, 0.655F};       ///< color of drawn routes
+  graphics::Color pathArrowColor{0.984F, 0.675F, 0.094F};  ///< for applications; unused
+  double fov = 40.0;                                       ///< field of view in degrees
   bool allowsSimultaneousGestures = false;     ///< allows pinch and rotation concurrently
   std::shared_ptr<AssetLoader> assetLoader;    ///< never null
   std::shared_ptr<HttpDownloader> downloader;  ///< never null

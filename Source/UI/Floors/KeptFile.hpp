@@ -1,4 +1,4 @@
-// A cached file and the record of its origin.
+// A cached file and the note of its origin.
 #pragma once
 
 #include <filesystem>
@@ -12,8 +12,8 @@
 
 namespace orivanta {
 
-/// The record of origin is a hidden file next to the file, ".NAME.origin". Any thread. Several
-/// processes may save the same file concurrently; if the record then does not match the file, the
+/// The note is a hidden file next to the file, ".NAME.origin". Any thread. Several
+/// processes may save the same file concurrently; if the note then does not match the file, the
 /// file is ignored.
 class KeptFile {
  public:
@@ -26,7 +26,7 @@ class KeptFile {
   /// came from another URL, or its content was changed after it was saved.
   std::optional<network::HeaderFields> conditionFor(const foundation::Url& url) const;
 
-  /// Replaces the file with the body of a response, and writes the record. The text of an error
+  /// Replaces the file with the body of a response, and writes the note. The text of an error
   /// begins with "cannot".
   foundation::Result<void> save(const foundation::Url& url,
                                 const network::HttpUrlResponse& response,
