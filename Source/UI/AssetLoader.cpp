@@ -26,7 +26,7 @@ using scene::obj::Model;
 
 namespace {
 
-// The pictures of a model, within the budget of the load that it is read for, if there is one.
+// Reads the pictures of a model, within the budget of the current load, if there is one.
 FloorPictures::Images readPictures(const Model& model) {
   std::set<std::filesystem::path> files;
   for (const auto& group : model.groups)
@@ -57,7 +57,7 @@ scene::SharedBytes bytesOf(const std::vector<Value>& values) {
   return bytes;
 }
 
-// The whole model as one mesh, with an element for each material.
+// Converts the model to one mesh with an element for each material.
 std::shared_ptr<scene::Geometry> makeMesh(const Model& model) {
   const FloorPictures::Images pictures = readPictures(model);
   std::vector<scene::GeometryElement> elements;
@@ -73,7 +73,7 @@ std::shared_ptr<scene::Geometry> makeMesh(const Model& model) {
   return mesh;
 }
 
-// The flattened scene of a model file: one node with one mesh, if there is any.
+// Returns the flattened scene of a model file: one node, with one mesh if there is any.
 foundation::Result<std::shared_ptr<scene::Scene>> readScene(const foundation::Url& url) {
   const auto path = url.filePath();
   if (!path) return failure("", 0, fmt::format("{}: not a file", url.absoluteString()));
@@ -85,7 +85,8 @@ foundation::Result<std::shared_ptr<scene::Scene>> readScene(const foundation::Ur
   return scene;
 }
 
-// One child for each element, which shares the mesh's vertices and has that element's material.
+// Returns a node with one child for each element. The children share the mesh's vertices and have
+// the elements' materials.
 std::shared_ptr<scene::Node> split(const scene::Geometry& mesh) {
   auto container = scene::Node::make();
   const auto materials = mesh.materials();

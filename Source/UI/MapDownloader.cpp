@@ -33,7 +33,7 @@ namespace {
 constexpr std::size_t longestName = 255;
 constexpr int savingFailed = 1001;
 
-// The name itself when it can stand for one file in a folder, else one that depends on it alone.
+// Returns the name if it is a valid file name, otherwise a name that is derived only from it.
 std::string fileNameFor(const std::string& name) {
   const bool proper = !name.empty() && name != "." && name != ".." && name.size() <= longestName &&
                       name.find_first_of(std::string_view("/\0", 2)) == std::string::npos;
@@ -82,13 +82,13 @@ std::string describe(const network::HttpUrlResponse& response) {
                      response.url ? response.url->absoluteString() : "");
 }
 
-// As web pages and JSON begin: no model, material library or picture does.
+// Web pages and JSON begin like this; models, material libraries and pictures do not.
 bool isErrorPage(std::string_view body) {
   const std::size_t first = body.find_first_not_of(" \t\r\n\v\f");
   return first != std::string_view::npos && (body[first] == '<' || body[first] == '{');
 }
 
-// What is wrong with an answer, behind its URL. Empty if it can be kept.
+// Describes what is wrong with a response; follows the URL. Empty if the response is valid.
 std::string flawOf(const network::UrlResult& result) {
   if (!result) return fmt::format("cannot be fetched: {}", result.error().description);
   if (const int status = result->response.statusCode; status < 200 || status > 299)
@@ -97,14 +97,14 @@ std::string flawOf(const network::UrlResult& result) {
   return isErrorPage(result->body) ? "gives an error page in place of the file" : "";
 }
 
-// Whether the server would perhaps not give that answer at another time.
+// Returns whether the problem may be temporary.
 bool isPassing(const network::UrlResult& result) {
   if (!result) return result.error().domain != "http" || result.error().code != ECANCELED;
   const int status = result->response.statusCode;
   return status < 300 || status == 408 || status == 429 || status >= 500;
 }
 
-// "" for any URL that is not fetched.
+// Returns "" if the URL is neither http nor https.
 std::string defaultPort(const foundation::Url& url) {
   const std::string scheme = asciiLowercased(url.scheme());
   if (scheme == "http") return "80";
@@ -117,7 +117,7 @@ std::string serverName(const foundation::Url& url) {
                      port.empty() ? defaultPort(url) : port);
 }
 
-// One name for a folder or file that is not hidden.
+// Returns a valid name for a folder or file that is not hidden.
 std::string visibleName(const std::string& name) {
   return name.starts_with('.') ? fmt::format("%{:016x}", Fnv::of(name)) : fileNameFor(name);
 }
@@ -155,7 +155,7 @@ void HttpDownloader::loadFileAsync(const foundation::Url& url, Completion comple
   if (!completion) completion = [](const auto&, const auto&) {};
   const fs::path file = fileFor(url, cacheRoot());
   if (isCached(file)) return completion(file.string(), std::nullopt);
-  // Inflating, writing and the completion take longer than the transport's thread may be held.
+  // Decompressing, writing and the completion would block the transport's thread for too long.
   const auto queue = foundation::SerialQueue::make();
   network::orDefault(transport)->start(
       {url, {}}, [queue, path = file.string(),
@@ -174,7 +174,7 @@ foundation::Result<HttpDownloader::Fetched> HttpDownloader::fetchFile(
     return foundation::failure("fetch", 0, fmt::format("{} {}", address, flaw));
   };
   if (defaultPort(url).empty()) return failed("is no http or https URL");
-  // Hidden names are those of the notes.
+  // Hidden names are reserved for the notes.
   const KeptFile kept(folderAt(path) / visibleName(foundation::unwrap(url.lastPathComponent())));
   const auto condition = kept.conditionFor(url);
   const network::UrlResult result = requests.get(url, condition.value_or(network::HeaderFields{}));

@@ -54,7 +54,7 @@ MapView::MapView(graphics::Rect frame)
 
 MapView::MapView(const view::Coder& coder) : MapView(View(coder).frame()) {}
 
-// The scene view may be kept by others: nothing in it may lead back here.
+// Others may keep the scene view, so it must not refer to this object any more.
 MapView::~MapView() {
   if (const auto load = parts_->floorLoad) load->cancel();
   sceneView->setRendererDelegate(nullptr);
@@ -116,7 +116,7 @@ void MapView::addMapLogo() {
                  .constant = logoSize.height});
 }
 
-// A view that was made without a size has an overlay without one, in which no marker shows.
+// The overlay of a view that was created without a size has no size and shows no markers.
 void MapView::didLayOut() {
   if (spriteScene && spriteScene->size() == graphics::Size()) spriteScene->setSize(bounds().size);
 }

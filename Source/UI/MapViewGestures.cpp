@@ -19,9 +19,9 @@ namespace {
 constexpr float pi = std::numbers::pi_v<float>;
 constexpr float tiltLimit = pi / 3;  // radians
 constexpr double farthestFactor = 1e30;
-constexpr float nearestDistance = 100;  // scene units: no pinch begins to zoom closer from there
+constexpr float nearestDistance = 100;  // scene units; a pinch does not zoom in below this
 
-// Pinches add up without a limit; the distance stays a number nevertheless.
+// Pinches accumulate without a limit, but the distance must stay finite.
 float zoomedOut(double scale) { return static_cast<float>(std::min(1 / scale, farthestFactor)); }
 
 }  // namespace

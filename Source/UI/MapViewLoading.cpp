@@ -55,7 +55,7 @@ std::shared_ptr<FloorLoad> MapView::loadFloors(FloorLoadHandlers handlers,
   return parts_->floorLoad;
 }
 
-// Replaces a former model of the floor, in the scene as well if it is shown.
+// Replaces the previous model of the floor, also in the scene if the floor is shown.
 void MapView::setModel(Map& map, const std::shared_ptr<scene::Node>& model) {
   const graphics::Transaction transaction;
   if (map.mapObject) {

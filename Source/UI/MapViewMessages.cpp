@@ -16,10 +16,10 @@ using Arguments = std::span<const MessageArgument>;
 
 struct Operation {
   std::string_view selector;
-  std::function<bool(MapView&, Arguments)> call;  // false when the arguments do not fit
+  std::function<bool(MapView&, Arguments)> call;  // false if the arguments do not match
 };
 
-// How an argument arrives: numbers are doubles, whatever the parameter is.
+// The type in which an argument is passed: numbers of all types are doubles.
 template <class Parameter>
 using Passed = std::conditional_t<std::is_same_v<Parameter, float>, double, Parameter>;
 

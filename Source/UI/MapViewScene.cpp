@@ -25,12 +25,12 @@ namespace {
 
 constexpr double farPlane = 5000;  // scene units
 
-// The ground of the scene: it is made with its material, and belongs to no node.
+// Creates the ground of the scene with its material. It is not attached to a node.
 void makeGround() {
   scene::makeFloor()->setMaterials({scene::Material::make(graphics::colors::white)});
 }
 
-// The recognizers of the gestures, added to the scene view.
+// Adds the gesture recognizers to the scene view and returns them.
 std::vector<std::shared_ptr<view::GestureRecognizer>> addRecognizers(MapView& view) {
   std::vector<std::shared_ptr<view::GestureRecognizer>> added;
   const auto add = [&]<class Recognizer>(std::shared_ptr<Recognizer> recognizer, std::string action,
@@ -57,7 +57,7 @@ std::vector<std::shared_ptr<view::GestureRecognizer>> addRecognizers(MapView& vi
   return added;
 }
 
-// A light from everywhere, whose node is returned, and one that casts shadows.
+// Adds an ambient light, whose node is returned, and a light that casts shadows.
 std::shared_ptr<scene::Node> addLights(scene::Node& root) {
   auto ambient = std::make_shared<scene::Light>();
   ambient->type = scene::LightType::ambient;
@@ -127,7 +127,7 @@ void MapView::changeMap(const std::shared_ptr<Map>& map) {
   if (!parts_->currentMap) {
     startScene(map);
   } else {
-    parts_->camera.stop();  // the glide may lead beyond this floor
+    parts_->camera.stop();  // the glide may end outside this floor
     parts_->currentMap = map;
     root->insertChild(map->mapObject, 0);
   }

@@ -1,4 +1,4 @@
-// Taps, highlights, and where things of the map show.
+// Taps, highlights and positions of a map view.
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
@@ -26,7 +26,7 @@ using foundation::unwrap;
 
 namespace {
 
-constexpr float zoomedDistance = 200;  // scene units: where the first pinch after a tap begins
+constexpr float zoomedDistance = 200;  // scene units; start of the first pinch after a tap
 
 std::string namesOf(const Polygon& polygon) {
   std::vector<std::string> names;
@@ -35,7 +35,7 @@ std::string namesOf(const Polygon& polygon) {
   return fmt::format("[{}]", fmt::join(names, ", "));
 }
 
-// The node of the floor that is shown; null without one.
+// Returns the node of the current floor, or null if no floor is shown.
 std::shared_ptr<scene::Node> floorNode(const MapView& view) {
   const auto children = unwrap(unwrap(view.sceneView).scene()).rootNode()->children();
   return children.empty() ? nullptr : children.front();
@@ -85,7 +85,7 @@ void MapView::selectPolygonAt(graphics::Point point) {
   diagnostic("Location selected: " + namesOf(*polygon));
 }
 
-// A copy is called: the function may set another in its own place.
+// Calls a copy, because the function may replace `placeTapped`.
 void MapView::tellPlaceTapped(const std::shared_ptr<Location>& place) {
   if (const auto told = placeTapped) told(place);
 }

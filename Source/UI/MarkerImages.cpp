@@ -12,15 +12,15 @@ namespace {
 using graphics::Color;
 using graphics::Point;
 
-// A pin of height 1 with its tip at the origin and y upwards: a round head with tangents down to
+// A pin of height 1 with its tip at the origin and y pointing up: a round head with tangents to
 // the tip.
 constexpr double headRadius = 0.32;
-constexpr double headHeight = 1.0 - headRadius;  // of its middle
+constexpr double headHeight = 1.0 - headRadius;  // of its center
 constexpr double border = 0.05;
 constexpr double dotRadius = 0.12;
 constexpr double pinWidth = 2 * headRadius;
 constexpr double labelGap = 2;    // points between a pin's tip and its label
-constexpr int samplesAcross = 4;  // of a pixel, for smooth edges
+constexpr int samplesAcross = 4;  // per pixel, for smooth edges
 
 bool isInPin(Point point, double inset) {
   const double radius = headRadius - inset;
@@ -43,7 +43,7 @@ Color colorAt(Point point, Color color) {
 
 std::uint8_t byteOf(float part) { return static_cast<std::uint8_t>(std::lround(part * 255)); }
 
-// The mean of the colors of a pixel, which is `size` units wide.
+// Returns the mean color of a pixel, which is `size` units wide.
 void paintPixel(std::uint8_t* pixel, Point corner, double size, Color color) {
   Color sum = graphics::colors::clear;
   for (int i = 0; i < samplesAcross * samplesAcross; ++i) {
@@ -64,7 +64,7 @@ void paintPixel(std::uint8_t* pixel, Point corner, double size, Color color) {
   pixel[3] = byteOf(sum.alpha / (samplesAcross * samplesAcross));
 }
 
-// A picture that is being put together from others; later ones replace what lies below.
+// Composes an image from others. Later images replace the pixels below them.
 class Collage {
  public:
   Collage(std::uint32_t width, std::uint32_t height)
@@ -87,7 +87,7 @@ class Collage {
   std::vector<std::uint8_t> pixels_;
 };
 
-// The pin's tip stays in the middle of the picture.
+// The pin's tip stays at the center of the image.
 std::shared_ptr<const graphics::Image> withLabel(const graphics::Image& pin,
                                                  const graphics::Image& label, double scale) {
   const auto gap = static_cast<std::uint32_t>(std::lround(labelGap * scale));

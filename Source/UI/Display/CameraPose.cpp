@@ -41,7 +41,7 @@ std::optional<graphics::Point> groundUnder(const CameraPose& pose, const Lens& l
   const double up = (lens.size.height / 2 - point.y) * slope;
   const double sine = std::sin(pose.tilt);
   const double cosine = std::cos(pose.tilt);
-  // The ray (right, up, -1) after the tilt, and how often it fits into the camera's height.
+  // The tilted ray (right, up, -1), and its multiple that reaches the ground.
   const double along = up * cosine + sine;
   const double down = cosine - up * sine;
   constexpr double horizon = 0.02;
@@ -80,7 +80,7 @@ std::optional<graphics::Point> shownAt(const CameraPose& pose, const Lens& lens,
                                        graphics::Point ground) {
   const graphics::Point seen = turned({ground.x - pose.x, ground.y - pose.y}, -pose.turn);
   const double depth = pose.distance + seen.y * std::sin(pose.tilt);
-  if (depth < pose.distance * 0.05) return std::nullopt;  // behind the camera, or nearly
+  if (depth < pose.distance * 0.05) return std::nullopt;  // behind or almost behind the camera
   const double pointsPerUnit = 1 / (lens.slopePerPoint() * depth);
   return graphics::Point{lens.size.width / 2 + seen.x * pointsPerUnit,
                          lens.size.height / 2 - seen.y * std::cos(pose.tilt) * pointsPerUnit};

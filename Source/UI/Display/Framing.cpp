@@ -11,8 +11,8 @@ namespace orivanta {
 
 namespace {
 
-constexpr double leastSide = 80;       // points of the room, whatever covers it
-constexpr double leastFarSlope = 0.2;  // keeps what is far from the horizon
+constexpr double leastSide = 80;       // points; minimum size of the uncovered part
+constexpr double leastFarSlope = 0.2;  // keeps far points away from the horizon
 constexpr double leastLeverage =
     0.05;                              // of the distance on the depth; below it insets are too much
 constexpr double leastNearness = 0.5;  // of the nearest point, of the least distance
@@ -22,7 +22,7 @@ constexpr double leastRouteExtent = 120;  // scene units; a route is drawn ten u
 constexpr double mostRouteExtent = 600;
 constexpr double leastRouteMeters = 8;
 
-// The slopes at which points may show, in one direction of the view.
+// The allowed slopes of points in one direction of the view.
 struct Range {
   double least;
   double most;
@@ -30,17 +30,17 @@ struct Range {
   double length() const { return most - least; }
 };
 
-// The slopes of a free part of the view that is `length` long and begins `start` from the middle.
+// Returns the slopes of an uncovered part of the view with this length and this start, relative to
+// the center.
 Range rangeOf(double start, double length, double slope, double margin) {
   const double half = std::max(leastSide, length) / 2;
   const double middle = start + length / 2;
   return {(middle - half / (1 + margin)) * slope, (middle + half / (1 + margin)) * slope};
 }
 
-// What the places of points across the view ask of the camera, in one direction. A point at
-// `place`, measured across the view, and at the depth e + `deeper` shows at the slope
-// (place - center) / (e + deeper), which has to lie in the range: two bounds on the center that are
-// linear in e.
+// The bounds on the camera's center in one direction. A point at `place` across the view and at the
+// depth e + `deeper` has the slope (place - center) / (e + deeper), which must be in the range.
+// This gives two bounds on the center that are linear in e.
 class Bounds {
  public:
   explicit Bounds(Range range) : range_(range) {}
@@ -52,7 +52,7 @@ class Bounds {
 
   double leastDepth() const { return (low_ - high_) / range_.length(); }
 
-  // In the middle between the bounds: offset + slope * e.
+  // The center between the bounds is offset + slope * e.
   double offset() const { return (low_ + high_) / 2; }
   double slope() const { return -(range_.most + range_.least) / 2; }
 

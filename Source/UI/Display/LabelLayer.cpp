@@ -16,7 +16,7 @@ namespace orivanta {
 namespace {
 
 constexpr double labelSize = 12;  // points
-constexpr double gap = 3;         // between names, points
+constexpr double gap = 3;         // between labels, points
 constexpr int mostDrawnAtOnce = 6;
 
 graphics::Rect around(graphics::Point middle, graphics::Size size, double margin) {
@@ -90,7 +90,8 @@ bool LabelLayer::isMarked(const Location& location) const {
                      [&](const auto& marked) { return marked.get() == &location; });
 }
 
-// What covers the view, and the markers that do not give way, in the overlay's coordinates.
+// Returns the covered rectangles and the frames of markers that are not hidden on collision, in
+// overlay coordinates.
 std::vector<graphics::Rect> LabelLayer::takenRoom() const {
   std::vector<graphics::Rect> taken = covered_;
   for (graphics::Rect& panel : taken)

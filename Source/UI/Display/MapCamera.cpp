@@ -17,9 +17,9 @@ namespace {
 constexpr double pi = std::numbers::pi;
 constexpr double glideSeconds = 0.28;
 constexpr double farthestTimesFitting = 1.8;
-constexpr double steepest = pi / 3 - 0.001;  // just below the limit of the tilt gesture
+constexpr double steepest = pi / 3 - 0.001;  // slightly less than the limit of the tilt gesture
 
-// The corners of a floor's shapes. They frame it more tightly than its box when it is turned.
+// Returns the corners of a floor's shapes. They frame a turned floor more tightly than its box.
 std::vector<graphics::Vector3> cornersOfShapes(const scene::Node& floor) {
   std::vector<graphics::Vector3> corners;
   for (const auto& shape : floor.children()) {
@@ -70,7 +70,7 @@ CameraLimits MapCamera::limitsAt(double tilt) const {
   upright.tilt = tilt;
   const CameraPose fit = framing(cornersOf(limits.floor), upright, lens(), insets_, aroundFloor);
   limits.farthest = fit.distance * farthestTimesFitting;
-  // A tilted camera that shows a high model looks at a point of the ground behind it.
+  // A tilted camera that shows a high model orbits a point of the ground behind it.
   limits.floor.add(graphics::Vector3{fit.x, fit.y, 0});
   return limits;
 }
@@ -108,7 +108,7 @@ void MapCamera::setPose(const CameraPose& pose) {
 void MapCamera::glideTo(const CameraPose& pose) {
   if (!isReady()) return;
   Glide glide{rig_.pose(), limited(pose), std::nullopt};
-  // One that is under way hands on its time, so that steps in quick succession do move.
+  // Continue the time of a running glide, so that the camera moves between rapid calls.
   if (glide_ && glide_->start) glide.start = glide_->now;
   glide_ = glide;
 }
@@ -182,12 +182,12 @@ void MapCamera::touchEnded() {
   keepWithinLimits(/*always=*/true);
 }
 
-// A glide that a touch has started, as a tap may, continues.
+// Does not end a glide, because a tap may have started it.
 void MapCamera::keepWithinLimits(bool always) {
   if (!isReady() || glide_) return;
   const CameraPose now = rig_.pose();
   CameraPose allowed = limited(now);
-  allowed.turn = now.turn;  // a rotation under way counts on
+  allowed.turn = now.turn;  // the rotation gesture accumulates the turn
   if (always || !(allowed == now)) write(allowed);
 }
 
@@ -202,7 +202,7 @@ void MapCamera::writeGestureState(const CameraPose& pose) {
   if (view_.cameraDistance) view_.scaleStart = *view_.cameraDistance / pose.distance;
   view_.rotateStart = -pose.turn;
   view_.lastGoodHeightRatio = static_cast<float>(-pose.tilt / pi);
-  if (isTouched_) return;  // a gesture under way refers to where it began
+  if (isTouched_) return;  // the values at the start of a running gesture
   view_.scaleEnd = view_.scaleStart;
   view_.rotateEnd = view_.rotateStart;
   view_.lastHeightRatio = view_.lastGoodHeightRatio;

@@ -22,13 +22,13 @@ namespace orivanta {
 
 namespace {
 
-constexpr double backing = 3.5;  // points around the letters, which may lie on the route
+constexpr double backing = 3.5;  // points around the letters, which may be on the route
 
 std::string nameOf(const std::shared_ptr<Location>& location, const char* otherwise) {
   return location ? location->name.value_or(otherwise) : otherwise;
 }
 
-// The mark for the change of floor that begins at a node of the path; empty if none does.
+// Returns the mark of a floor change that starts at a node of the path; empty if there is none.
 std::string rideText(const NodeList& path, std::size_t begin) {
   for (const FloorChange& change : floorChanges(path))
     if (change.begin == begin)
@@ -41,13 +41,13 @@ std::string rideText(const NodeList& path, std::size_t begin) {
 struct RouteOverlay::Mark {
   graphics::Vector3 position;
   graphics::Color color;
-  std::shared_ptr<const graphics::Image> text;  // null without one
-  std::shared_ptr<MapViewMarker2D> marker;      // null before it is first arranged
+  std::shared_ptr<const graphics::Image> text;  // null if there is none
+  std::shared_ptr<MapViewMarker2D> marker;      // null until arranged
 };
 
 struct RouteOverlay::Marks {
   std::vector<Mark> list;
-  std::vector<MarkLook> looks;  // of the marks, once they are arranged
+  std::vector<MarkLook> looks;  // of the marks; empty until arranged
 };
 
 RouteOverlay::RouteOverlay(std::shared_ptr<MapView> mapView, NodeList path,
@@ -141,7 +141,7 @@ void RouteOverlay::drawSegments() {
   }
 }
 
-// One mark for a node, whatever happens there.
+// Adds at most one mark per node.
 void RouteOverlay::addMarks() {
   for (std::size_t i = first_; i < end_; ++i) {
     if (!isOnShownFloor(i)) continue;

@@ -19,7 +19,7 @@ using foundation::Url;
 
 struct Listed {
   FetchPlan::Floor floor;
-  std::vector<Url> urls;  // no two of them end alike
+  std::vector<Url> urls;  // with distinct last components
   std::string folder;
 };
 
@@ -49,7 +49,7 @@ Listed listFiles(const std::shared_ptr<Map>& map) {
   return listed;
 }
 
-// Looks at the floors in the venue's order, so that a folder does not depend on what comes first.
+// Processes the floors in the venue's order, so that folders do not depend on the fetch order.
 void chooseFolders(std::vector<Listed>& floors, const std::string& slug) {
   std::map<std::pair<std::string, std::string>, Url> taken;  // by folder and name
   for (Listed& listed : floors) {

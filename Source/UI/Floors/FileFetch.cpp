@@ -28,7 +28,7 @@ void FileFetch::start(std::vector<File> files, std::shared_ptr<HttpDownloader> d
   try {
     for (std::size_t i = 0; i < std::min(mostThreads, fetch->files_.size()); ++i)
       std::thread(work).detach();
-  } catch (const std::system_error&) {  // as many threads as there may be
+  } catch (const std::system_error&) {  // no more threads can be created
     boost::asio::post(foundation::backgroundPool(), work);
   }
 }

@@ -24,14 +24,14 @@ bool isDone(FloorState state) {
          state == FloorState::failed;
 }
 
-// Without the path of the copy in the caches directory, which means nothing to people.
+// Removes the path of the cached file, which means nothing to users.
 std::string reasonOf(const foundation::Error& error, const std::string& path) {
   const std::string prefix = path + ": ";
   const std::string& text = error.description;
   return text.starts_with(prefix) ? text.substr(prefix.size()) : text;
 }
 
-// A file that is no model is fetched anew the next time. An error says what is wrong with it.
+// Removes a file that is not a valid model, so that it is fetched again the next time.
 foundation::Result<std::shared_ptr<scene::Node>> readModel(AssetLoader& loader,
                                                            const std::string& path,
                                                            const std::string& address) try {
@@ -109,7 +109,7 @@ std::vector<FloorProgress> FloorLoading::floors() const {
   return floors;
 }
 
-// What was known before anything was fetched.
+// Reports the floors whose state was known before fetching.
 void FloorLoading::announce() {
   for (const Floor& floor : floors_)
     if (isDone(floor.progress.state)) changed(floor);
@@ -127,7 +127,7 @@ void FloorLoading::fileBegan(std::size_t file) {
 void FloorLoading::fileEnded(std::size_t file, const FileFetch::Outcome& outcome) {
   if (outcome) paths_[file] = outcome->path;
   for (Floor& floor : floors_) {
-    if (!handlers_) return;  // a handler has canceled the load
+    if (!handlers_) return;  // a handler canceled the load
     if (floor.progress.state != FloorState::fetching || !uses(floor, file)) continue;
     ++floor.progress.filesDone;
     if (!outcome) {
@@ -199,7 +199,7 @@ void FloorLoading::fail(Floor& floor, std::string problem) {
   changed(floor);
 }
 
-// Once, as soon as it is clear which floor is to be shown.
+// Starts the scene once, as soon as the floor to show is known.
 void FloorLoading::startScene() {
   const auto view = view_.lock();
   if (sceneStarted_ || !view || !isDone(floors_[order_.front()].progress.state)) return;
@@ -212,7 +212,7 @@ void FloorLoading::startScene() {
 }
 
 void FloorLoading::changed(const Floor& floor) {
-  const auto handlers = handlers_;  // one of them may cancel the load
+  const auto handlers = handlers_;  // a handler may cancel the load
   if (handlers && handlers->floorChanged) handlers->floorChanged(floor.progress);
 }
 
@@ -225,11 +225,11 @@ void FloorLoading::endIfDone() {
   if (handlers->ended) handlers->ended(floors());
 }
 
-// Ends the load. The application's handle to it keeps neither handlers nor downloader alive.
+// Ends the load. After that, the application's handle keeps neither handlers nor downloader alive.
 std::shared_ptr<FloorLoadHandlers> FloorLoading::release() {
   const auto self = shared_from_this();
   cancellation_.cancel();
-  const auto view = view_.lock();  // kept until the stage has been told
+  const auto view = view_.lock();  // kept alive until `ended` returns
   if (view) stage_.ended(*self);
   return std::exchange(handlers_, nullptr);
 }

@@ -21,7 +21,7 @@ namespace {
 constexpr std::size_t longestName = 255;
 constexpr std::size_t largestNote = 256U << 10U;  // a URL has at most 64 KiB
 
-// Length and checksum.
+// Returns length and checksum.
 std::string imprintOf(std::size_t length, const foundation::Fnv& checksum) {
   return fmt::format("{} {:016x}", length, checksum.value());
 }
@@ -89,7 +89,7 @@ foundation::Result<void> KeptFile::save(const foundation::Url& url,
                                            file_.parent_path().string(), problem.message()));
   foundation::removeAbandonedFiles(file_.parent_path());
   if (auto written = foundation::writeFileAtomically(file_, body); !written) return written;
-  // Without a note the file serves only this time.
+  // If the note cannot be written, the file is used only this time.
   foundation::writeFileAtomically(
       note(), fmt::format("{}\n{}\n{}\n{}\n", url.absoluteString(), imprintOf(body),
                           response.headerField("ETag").value_or(""),

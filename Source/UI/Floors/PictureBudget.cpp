@@ -24,7 +24,8 @@ std::uint64_t pixelsIn(const fs::path& file) {
 
 std::uint64_t pixelsOf(const Image& image) { return std::uint64_t{image.width()} * image.height(); }
 
-// The number of pixels to which the larger ones must shrink so that all are at most `share`.
+// Returns the number of pixels to which larger pictures must be reduced, so that the total is at
+// most `share`.
 std::uint64_t limitFor(std::vector<std::uint64_t> sizes, std::uint64_t share) {
   std::sort(sizes.begin(), sizes.end());
   for (std::size_t i = 0; i < sizes.size(); ++i) {
@@ -89,7 +90,7 @@ FloorPictures::Images FloorPictures::read(const std::set<fs::path>& files) {
   return images;
 }
 
-// Takes the pixels from the share unless another floor has read the picture meanwhile.
+// Subtracts the pixels from the share unless another floor has already read the picture.
 std::shared_ptr<const Image> FloorPictures::readOne(const fs::path& file, std::uint64_t limit,
                                                     std::uint64_t& share) {
   const auto entry = budget_->entryFor(file);

@@ -29,7 +29,8 @@ constexpr double nearPlane = 40;  // scene units
 constexpr double farPlane = 5000;
 constexpr float pi = std::numbers::pi_v<float>;
 
-// The distance at which a square of side `size` fills a field of view, a whole number.
+// Returns the distance at which a square of side `size` fills a field of view, rounded to an
+// integer.
 float framingDistance(double size, double fov) {
   return static_cast<float>(std::round(size / (2 * std::tan(fov * std::numbers::pi / 180 / 2))));
 }
@@ -164,7 +165,7 @@ void CameraRig::setDistance(float distance) {
   adaptPlanes();
 }
 
-// So that they cut nothing off the floor that is shown, however large it is.
+// Adapts the clip planes so that they do not cut off parts of the current floor.
 void CameraRig::adaptPlanes() {
   const auto first = firstChild(view_.cameraOrbit);
   const auto camera = first ? first->camera() : nullptr;
@@ -177,7 +178,7 @@ void CameraRig::adaptPlanes() {
   if (!box.isEmpty())
     for (const graphics::Vector3& corner : cornersOf(box))
       nearest = std::min(nearest, depthOf(corner, seen));
-  // What is nearer than this is under the camera, or beside it.
+  // Anything nearer than this is below or beside the camera.
   const double least = seen.distance / 50;
   camera->zNear = std::min({nearPlane, seen.distance / 10, std::max(least, nearest / 2)});
   camera->zFar = std::max(farPlane, seen.distance * 4);

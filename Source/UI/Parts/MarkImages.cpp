@@ -16,12 +16,12 @@ namespace {
 
 constexpr double dotBorder = 3;  // points
 
-// How much of a pixel that is so far from the middle a disc covers.
+// Returns the fraction of a pixel at a distance from the center that a disc covers.
 double coverage(double distance, double radius) {
   return std::clamp(radius - distance + 0.5, 0.0, 1.0);
 }
 
-// A disc of a color in a white ring.
+// Returns a colored disc in a white ring.
 std::shared_ptr<const Image> makeDotImage(graphics::Color color, double scale) {
   const auto side = static_cast<std::uint32_t>(std::lround(dotSide * scale));
   const double radius = side / 2.0;
@@ -38,7 +38,7 @@ std::shared_ptr<const Image> makeDotImage(graphics::Color color, double scale) {
   return Image::make(side, side, std::move(pixels), scale);
 }
 
-// Pixels that pictures are put on; none reaches beyond them.
+// An image onto which others are copied. They are moved to be entirely inside it.
 class Sheet {
  public:
   Sheet(graphics::Size size, double scale)
@@ -47,7 +47,7 @@ class Sheet {
         scale_(scale),
         pixels_(std::size_t{4} * width_ * height_) {}
 
-  // `corner` in points, seen from the middle of the sheet.
+  // `corner` is in points, relative to the center of the sheet.
   void put(const Image& image, graphics::Point corner) {
     const auto pixel = [&](double place, std::uint32_t room, std::uint32_t length) {
       const double wanted = std::round(room / 2.0 + place * scale_);
@@ -72,7 +72,7 @@ class Sheet {
   std::vector<std::uint8_t> pixels_;
 };
 
-// The lower half of the picture of a pin is empty.
+// The lower half of a pin's image is empty.
 std::shared_ptr<const Image> symbolImage(MarkSymbol symbol, graphics::Color color, double scale) {
   return symbol == MarkSymbol::pin ? makePinImage(color, pinHeight, scale)
                                    : makeDotImage(color, scale);

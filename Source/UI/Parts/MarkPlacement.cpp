@@ -17,15 +17,15 @@ constexpr double textGap = 2;
 constexpr std::array symbols{MarkSymbol::pin, MarkSymbol::dot};
 constexpr std::array sides{TextSide::below, TextSide::above, TextSide::right, TextSide::left};
 
-// What is wrong with a look.
+// The penalties of a look.
 constexpr double hidesSymbol = 10;
 constexpr double hidesText = 6;
-constexpr double hidesRoute = 20;  // times the share of it, from the tolerable one on
+constexpr double hidesRoute = 20;  // times the covered share above `tolerableShare`
 constexpr double tolerableShare = 0.1;
 constexpr double leavesView = 4;
 constexpr double isDot = 1;
 constexpr double isLaterSide = 0.1;
-constexpr double change = 0.5;  // what a look must be better by to take the place of another
+constexpr double change = 0.5;  // minimum improvement for changing a look
 
 Rect symbolFrame(Point at, MarkSymbol symbol) {
   if (symbol == MarkSymbol::dot)
@@ -33,7 +33,7 @@ Rect symbolFrame(Point at, MarkSymbol symbol) {
   return {{at.x - pinWidth / 2, at.y - pinHeight}, {pinWidth, pinHeight}};
 }
 
-// The length of the part of a segment that lies in a rectangle (Liang and Barsky 1984).
+// Returns the length of the part of a segment that is inside a rectangle (Liang and Barsky 1984).
 double lengthWithin(const Rect& rect, Point from, Point to) {
   const Point step{to.x - from.x, to.y - from.y};
   double enters = 0;
@@ -112,7 +112,7 @@ class Placement {
   std::span<const MarkPlace> marks_;
   std::span<const std::vector<Point>> route_;
   Rect view_;
-  double length_;  // of the route in sight
+  double length_;  // of the visible part of the route
 };
 
 }  // namespace
@@ -123,7 +123,7 @@ MarkFrames framesOf(const MarkPlace& mark, const MarkLook& look) {
   Point corner{mark.at.x - text.width / 2, symbol.maxY() + textGap};
   if (look.side == TextSide::above) corner.y = symbol.minY() - textGap - text.height;
   if (look.side == TextSide::right || look.side == TextSide::left) {
-    // Beside the head of a pin, which is the upper two thirds of it.
+    // Next to the head of a pin, which is the upper two thirds of the pin.
     const double head = look.symbol == MarkSymbol::pin ? pinHeight / 3 : dotSide / 2;
     corner.y = symbol.minY() + head - text.height / 2;
     corner.x = look.side == TextSide::right ? symbol.maxX() + textGap
@@ -138,7 +138,7 @@ std::vector<MarkLook> placeMarks(std::span<const MarkPlace> marks,
   std::vector<MarkLook> looks(before.begin(), before.end());
   looks.resize(marks.size());
   const Placement placement(marks, route, view);
-  constexpr int rounds = 3;  // a later mark may make room for an earlier one
+  constexpr int rounds = 3;  // a later mark may free space for an earlier one
   for (int round = 0; round < rounds; ++round)
     for (std::size_t i = 0; i < marks.size(); ++i) looks[i] = placement.best(i, looks);
   return looks;

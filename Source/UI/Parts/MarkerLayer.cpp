@@ -16,7 +16,7 @@ using graphics::Transaction;
 
 namespace {
 
-// What the decision about collisions needs of a marker, looked up once.
+// The data of a marker for collision detection, cached.
 struct Placed {
   explicit Placed(const std::shared_ptr<MapViewMarker>& from)
       : marker(from.get()),
@@ -32,13 +32,13 @@ struct Placed {
   }
 
   MapViewMarker* marker;
-  MapViewMarker2D* sprite;  // null for other kinds
-  bool decidesByFrame;      // no kind of its own that may judge otherwise
+  MapViewMarker2D* sprite;  // null for other classes
+  bool decidesByFrame;      // not a subclass, which may override the decision
   bool givesWay;
   graphics::Rect frame;
 };
 
-// For each entry the first one of the same marker, which may have been added more than once.
+// Returns for each entry the first entry of the same marker, which may have been added repeatedly.
 std::vector<std::size_t> firstEntries(const std::vector<Placed>& placed) {
   std::unordered_map<const MapViewMarker*, std::size_t> entries;
   std::vector<std::size_t> first;
@@ -121,7 +121,7 @@ void MarkerLayer::updateVisibility() {
   const Transaction transaction;
   const std::vector<Placed> placed(markers_.begin(), markers_.end());
   const std::vector<std::size_t> first = firstEntries(placed);
-  std::vector<char> hidden(placed.size(), 0);  // by a marker's first entry
+  std::vector<char> hidden(placed.size(), 0);  // indexed by a marker's first entry
   for (std::size_t i = 0; i < placed.size(); ++i) {
     if (hidden[first[i]] != 0) continue;
     for (std::size_t j = i + 1; j < placed.size(); ++j) {

@@ -30,7 +30,7 @@ constexpr float ribbonWidth = 6;
 constexpr float ribbonElevation = 0.1F;  // above the underlay
 constexpr float arrowElevation = 0.01F;  // above its group
 constexpr float dotElevation = 0.02F;
-constexpr float arrowLength = 5;  // of one picture of the arrow
+constexpr float arrowLength = 5;  // of one arrow image
 constexpr float discRadius = 12;
 constexpr float discElevation = 5.1F;
 constexpr double repeatedForever = 50'000'000;
@@ -41,7 +41,7 @@ float planLength(const Vector3& a, const Vector3& b) {
   return std::sqrt(dx * dx + dy * dy);
 }
 
-// A ribbon along the segment from A to B, which begins at A.
+// Returns a ribbon along the segment from A to B, with its origin at A.
 std::shared_ptr<scene::Node> makeRibbon(const Vector3& a, const Vector3& b, double width,
                                         std::shared_ptr<scene::Material> material) {
   const double length = planLength(a, b);
@@ -72,8 +72,8 @@ std::shared_ptr<scene::Node> makeFlatDisc(std::shared_ptr<scene::Geometry> disc,
   return node;
 }
 
-// The arrow runs once over every `arrowLength` units of a segment, pointing from its beginning to
-// its end, and moves that way: `shift` counts pictures.
+// The arrow image repeats every `arrowLength` units of a segment. Arrows point and move from its
+// start to its end. `shift` is in images.
 graphics::Matrix4 arrowTransform(float length, float shift) {
   const graphics::Matrix4 turn = glm::rotate(graphics::Matrix4(1.0F), rightAngle, Vector3(0, 0, 1));
   const graphics::Matrix4 moved = glm::translate(turn, Vector3(shift, 0, 0));
