@@ -25,7 +25,7 @@ struct LowestRate {
 
 /// The limits that a request must keep. A request that breaks them ends with an error.
 struct TransferRules {
-  LowestRate lowestRate;  ///< by default, a minute without a byte is an error
+  LowestRate lowestRate;  ///< slower transfers end with an error; default: 60 bytes a minute
   /// If true, a redirect from HTTPS to HTTP is an error. Otherwise it is followed.
   bool staysSecure = false;
   /// The budget for the head and the body while they are received and decoded. A request that
@@ -33,8 +33,8 @@ struct TransferRules {
   std::shared_ptr<foundation::MemoryBudget> budget = nullptr;
 };
 
-/// Returns the rules for loads that report errors. A transfer needs at least `rate`, and redirects
-/// from HTTPS to HTTP are errors.
+/// Returns the rules for loads that report errors. A transfer needs at least `rate` (default: 100
+/// bytes per second over a minute), and redirects from HTTPS to HTTP are errors.
 inline TransferRules strictRules(LowestRate rate = {100, std::chrono::seconds(60)}) {
   return {rate, true, nullptr};
 }

@@ -97,7 +97,7 @@ class ORIVANTA_API UrlSession : public std::enable_shared_from_this<UrlSession> 
   std::shared_ptr<UrlSessionDelegate> delegate_;  // empty once invalidated
   const foundation::CancellationSource requests_;
   foundation::CancellationRegistration registration_;  // set once, by `make`
-  foundation::BudgetShare delivered_;                  // used on the queue alone
+  foundation::BudgetShare delivered_;                  // used only on the queue
 };
 
 }  // namespace orivanta::network

@@ -35,7 +35,7 @@ struct UrlRequest {
 
   /// The limits that the request must keep.
   TransferRules rules = {};
-  foundation::CancellationToken cancellation = {};  ///< ends the request
+  foundation::CancellationToken cancellation = {};  ///< cancels the request
 };
 
 /// The response of the server.

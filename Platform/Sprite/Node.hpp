@@ -94,8 +94,7 @@ class ORIVANTA_API SpriteNode : public Node {
 /// A node that shows a line of text centered on its position.
 class ORIVANTA_API LabelNode : public Node {
  public:
-  static std::shared_ptr<LabelNode> make(
-      std::string text = {});  ///< white, with a font size of 32 points
+  static std::shared_ptr<LabelNode> make(std::string text = {});  ///< white, font size 32
 
   std::string text() const;              ///< UTF-8
   void setText(std::string text);        ///< UTF-8
