@@ -25,7 +25,7 @@ struct LowestRate {
 
 /// The limits that a request must keep. A request that breaks them ends with an error.
 struct TransferRules {
-  LowestRate lowestRate;  ///< slower transfers end with an error; default: 60 bytes a minute
+  LowestRate lowestRate;  ///< slower transfers end with an error; default: 60 bytes per minute
   /// If true, a redirect from HTTPS to HTTP is an error. Otherwise it is followed.
   bool staysSecure = false;
   /// The budget for the head and the body while they are received and decoded. A request that

@@ -6,7 +6,7 @@
 
 namespace orivanta::render {
 
-/// Counts for one frame.
+/// Counters for one frame.
 struct FrameStatistics {
   int drawCalls = 0;        ///< OpenGL draw calls
   int triangles = 0;        ///< sent to OpenGL

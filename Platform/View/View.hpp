@@ -1,5 +1,4 @@
-// The base class of views. A view is a rectangle on the screen that draws its contents, has
-// children and receives touches.
+// A view: a rectangle on the screen that draws its contents, has children and receives touches.
 // Public header.
 #pragma once
 
@@ -24,7 +23,7 @@ namespace orivanta::view {
 using SimultaneousRule =
     std::function<bool(const GestureRecognizer& one, const GestureRecognizer& other)>;
 
-/// A node of the view tree. Frames are in points of the parent view, with the origin in its upper
+/// The base class of views. Frames are in points of the parent view, with the origin in its upper
 /// left corner and y downwards. Views are held by shared pointers; a parent owns its children. Use
 /// views on the main thread. Drawing, which includes layout, may happen on another thread;
 /// `graphics::Transaction` synchronizes changes with the renderer.
