@@ -1,4 +1,4 @@
-// Ending work early: a source that cancels, and tokens that the work carries.
+// Cancellation: a source cancels work, and the work checks a token of that source.
 //
 //   CancellationSource source;
 //   start(work, source.token());
@@ -21,20 +21,20 @@ namespace orivanta::foundation {
 
 struct CancellationState;
 
-/// Keeps a callback of a token registered. Removes it when destroyed; a call that is already
-/// running on another thread goes on. Movable.
+/// The registration of a callback with a token. The destructor removes the callback. A call that is
+/// already running on another thread continues. Movable.
 class ORIVANTA_API CancellationRegistration {
  public:
   CancellationRegistration() = default;
   ~CancellationRegistration() { remove(); }
 
-  /// Takes over the callback of another registration.
+  /// Moves the callback from another registration to this one.
   CancellationRegistration(CancellationRegistration&& other) noexcept = default;
 
-  /// Removes its own callback and takes over that of another registration.
+  /// Removes the current callback and moves the callback from another registration to this one.
   CancellationRegistration& operator=(CancellationRegistration&& other) noexcept;
 
-  /// Removes the callback early. Any thread.
+  /// Removes the callback before the registration is destroyed. Any thread.
   void remove();
 
  private:
@@ -43,18 +43,18 @@ class ORIVANTA_API CancellationRegistration {
   std::uint64_t number_ = 0;
 };
 
-/// Tells work that it is not wanted any more. Copies refer to the same source. One made by default
-/// is never canceled. Any thread.
+/// Reports whether work has been canceled. Copies refer to the same source. A default-constructed
+/// token is never canceled. Any thread.
 class ORIVANTA_API CancellationToken {
  public:
   CancellationToken() = default;
 
-  /// Whether the source has been canceled.
+  /// Returns whether the source has been canceled.
   bool isCanceled() const;
 
-  /// Calls the function once when the source is canceled, on the thread that cancels; immediately
-  /// if that has happened already. The function must return quickly and must not throw. Whatever it
-  /// owns is released when the registration is destroyed, or after the call.
+  /// Calls the function once when the source is canceled, on the thread that cancels it, or
+  /// immediately if the source is already canceled. The function must return quickly and must not
+  /// throw. It is destroyed with the registration, or after the call.
   [[nodiscard]] CancellationRegistration onCancel(std::function<void()> function) const;
 
  private:
@@ -62,19 +62,19 @@ class ORIVANTA_API CancellationToken {
   std::shared_ptr<CancellationState> state_;
 };
 
-/// Cancels all work that carries one of its tokens. Copies cancel the same work. Any thread.
+/// Cancels all work that has one of its tokens. Copies cancel the same work. Any thread.
 class ORIVANTA_API CancellationSource {
  public:
   CancellationSource();
 
-  /// A token for work that the source cancels.
+  /// Returns a token of this source.
   CancellationToken token() const { return token_; }
 
-  /// Tells the tokens and calls the registered functions, in the order of their registration. The
-  /// second call does nothing.
+  /// Cancels the tokens and calls the registered functions in the order of their registration.
+  /// Further calls do nothing.
   void cancel() const;
 
-  /// Whether `cancel` was called.
+  /// Returns whether `cancel` was called.
   bool isCanceled() const { return token_.isCanceled(); }
 
  private:

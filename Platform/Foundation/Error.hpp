@@ -1,4 +1,4 @@
-// The error value that crosses the ports: who reports it, a number within that domain, a text.
+// The error value that the ports use: a domain, a code within that domain and a description.
 // Public header.
 #pragma once
 
@@ -6,11 +6,11 @@
 
 namespace orivanta::foundation {
 
-/// A failure: who reports it, a number within that domain, and a text.
+/// An error: a domain, a code within that domain and a description.
 struct Error {
-  std::string domain;       ///< the reporting part, such as "curl"; empty for the library's own
-  int code = 0;             ///< meaningful within the domain
-  std::string description;  ///< for people; may be empty
+  std::string domain;  ///< the reporting component, such as "curl"; empty for the library itself
+  int code = 0;        ///< meaningful within the domain
+  std::string description;  ///< human-readable; may be empty
 
   friend bool operator==(const Error&, const Error&) = default;
 };

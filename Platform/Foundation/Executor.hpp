@@ -1,4 +1,4 @@
-// Where tasks run.
+// A function that runs tasks.
 // Public header.
 #pragma once
 
@@ -6,9 +6,9 @@
 
 namespace orivanta::foundation {
 
-/// Runs a task, on a thread of its own choice, now or later. Tasks that one thread hands over run
-/// in that order, one at a time. `mainQueue::async` is one; so is a function that posts to the
-/// event loop of another toolkit.
+/// Runs a task immediately or later, on a thread that the executor chooses. Tasks from one thread
+/// run in the order in which that thread passed them, one at a time. Examples are
+/// `mainQueue::async` and a function that posts to the event loop of another toolkit.
 using Executor = std::function<void(std::function<void()> task)>;
 
 }  // namespace orivanta::foundation

@@ -1,4 +1,4 @@
-// Marks what the shared libraries offer to the outside; everything else stays hidden.
+// Marks the symbols that the shared libraries export. All other symbols are hidden.
 // Public header.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Work for the thread that owns the user interface, done whenever its host says so.
+// A queue of tasks for the user interface's thread. The host decides when they run.
 // Public header.
 #pragma once
 
@@ -8,21 +8,21 @@
 
 namespace orivanta::foundation::mainQueue {
 
-/// Adds a task and returns at once. Tasks run in the order of their adding, in `drain`. A task must
-/// not throw. Any thread.
+/// Adds a task and returns immediately. `drain` runs the tasks in the order in which they were
+/// added. A task must not throw. Any thread.
 ORIVANTA_API void async(std::function<void()> task);
 
-/// Runs what waits, without what those tasks add. Called by the host on its main thread, which is
-/// always the same. Returns whether something ran.
+/// Runs the waiting tasks, but not the tasks that they add. The host calls it on its main thread,
+/// which must always be the same thread. Returns whether a task ran.
 ORIVANTA_API bool drain();
 
-/// Waits until something is there to drain, at most so long (a day at most). Returns whether there
-/// is.
+/// Waits until a task can be drained or the time has passed. `seconds` is limited to one day.
+/// Returns whether a task is waiting.
 ORIVANTA_API bool wait(double seconds);
 
-/// Called, on the thread that adds, after each adding: a host with an event loop of its own wakes
-/// it there. It must not use the queue itself. Empty for none; once `setWake` has returned, the
-/// former one is not called any more.
+/// Sets a function that is called after each task is added, on the thread that adds it. A host that
+/// runs an event loop can use it to wake the loop. The function must not use this queue. An empty
+/// function removes it. After `setWake` has returned, the previous function is no longer called.
 ORIVANTA_API void setWake(std::function<void()> wake);
 
 }  // namespace orivanta::foundation::mainQueue

@@ -1,4 +1,4 @@
-// A limit on the memory that one piece of work takes, however the work is spread over threads.
+// A limit on the memory that an operation uses across all of its threads.
 // Public header.
 #pragma once
 
@@ -13,33 +13,33 @@
 
 namespace orivanta::foundation {
 
-/// Thrown when a budget has fewer bytes left than are needed.
+/// Thrown if a budget has fewer bytes left than requested.
 class ORIVANTA_API BudgetExceeded : public std::bad_alloc {
  public:
-  /// `wasBefore`: see the property of that name.
+  /// `wasBefore`: see the function `wasBefore`.
   explicit BudgetExceeded(bool wasBefore) : wasBefore_(wasBefore) {}
-  /// A text for people.
+  /// Returns a human-readable description.
   const char* what() const noexcept override;
 
-  /// Whether the budget had been exceeded already, by somebody else.
+  /// Returns true if other work had already exceeded the budget.
   bool wasBefore() const noexcept { return wasBefore_; }
 
  private:
   bool wasBefore_;
 };
 
-/// Counts bytes; it allocates nothing itself. Any number of threads at once.
+/// Counts bytes. It does not allocate memory. All functions may be called concurrently.
 class ORIVANTA_API MemoryBudget {
  public:
-  /// A budget of so many bytes.
+  /// Creates a budget of `bytes` bytes.
   explicit MemoryBudget(std::size_t bytes) : bytes_(bytes) {}
   MemoryBudget(const MemoryBudget&) = delete;
   MemoryBudget& operator=(const MemoryBudget&) = delete;
 
-  /// Throws `BudgetExceeded` if fewer bytes are left. After that every call throws, so that the
-  /// whole work ends instead of going on with what somebody gives back.
+  /// Takes bytes from the budget. Throws `BudgetExceeded` if fewer bytes are left. After that,
+  /// every call throws, even if bytes are given back, so that the whole operation ends.
   void take(std::size_t bytes);
-  /// Returns bytes that were taken.
+  /// Gives back bytes that were taken.
   void giveBack(std::size_t bytes) noexcept { taken_ -= bytes; }
 
   /// Whether `take` has thrown.
@@ -54,36 +54,37 @@ class ORIVANTA_API MemoryBudget {
   std::atomic<bool> exceeded_ = false;
 };
 
-/// What one holder has taken from a budget. The destructor gives it back. One thread at a time.
+/// The bytes that one owner has taken from a budget. The destructor gives them back. Must not be
+/// used by two threads at once.
 class BudgetShare {
  public:
-  /// Without a budget nothing is counted.
+  /// Creates an empty share. If `budget` is null, nothing is counted.
   explicit BudgetShare(std::shared_ptr<MemoryBudget> budget = nullptr)
       : budget_(std::move(budget)) {}
   ~BudgetShare() { giveBack(taken_); }
   BudgetShare(const BudgetShare&) = delete;
   BudgetShare& operator=(const BudgetShare&) = delete;
 
-  /// Throws like `MemoryBudget::take`; the share then stays as it is.
+  /// Takes bytes from the budget. Throws as `MemoryBudget::take` does; the share is then unchanged.
   void take(std::size_t bytes) {
     if (!budget_) return;
     budget_->take(bytes);
     taken_ += bytes;
   }
 
-  /// Returns some of the bytes that this share has taken.
+  /// Gives back some of the bytes of this share.
   void giveBack(std::size_t bytes) noexcept {
     if (!budget_) return;
     budget_->giveBack(bytes);
     taken_ -= bytes;
   }
 
-  /// Takes what is missing to so many bytes.
+  /// Takes as many bytes as the share needs to hold `bytes` bytes in total.
   void growTo(std::size_t bytes) {
     if (bytes > taken_) take(bytes - taken_);
   }
 
-  /// Null if nothing is counted.
+  /// Returns the budget, or null if nothing is counted.
   const std::shared_ptr<MemoryBudget>& budget() const { return budget_; }
 
  private:
@@ -91,13 +92,13 @@ class BudgetShare {
   std::size_t taken_ = 0;
 };
 
-/// The domain of the errors that `memoryError` makes, and their codes.
+/// The domain of the errors that `memoryError` returns. The codes follow.
 constexpr const char* memoryErrorDomain = "memory";
 constexpr int outOfMemory = 1;           ///< an allocation failed
-constexpr int budgetExceeded = 2;        ///< this work exceeded the budget
-constexpr int budgetExceededBefore = 3;  ///< other work had exceeded it before
+constexpr int budgetExceeded = 2;        ///< this operation exceeded the budget
+constexpr int budgetExceededBefore = 3;  ///< other work had already exceeded the budget
 
-/// The error of the domain "memory" for a failed allocation or an exceeded budget.
+/// Returns the error of the domain "memory" for a failed allocation or an exceeded budget.
 ORIVANTA_API Error memoryError(const std::exception& failure);
 
 }  // namespace orivanta::foundation

@@ -1,4 +1,4 @@
-// Files that travel inside the library, so that nothing has to be installed beside it.
+// Files that are embedded in the library, so that they need not be installed.
 // Public header.
 #pragma once
 
@@ -18,26 +18,27 @@ struct Resource {
   std::span<const std::uint8_t> bytes;  ///< the contents of the file
 };
 
-/// Read-only and alive as long as the process. The build makes one from a folder
-/// (`orivanta_resources` in cmake/OrivantaResources.cmake) together with the function that adds it.
+/// A read-only set of embedded files that lives as long as the process. The build generates a
+/// bundle and the function that adds it from a folder (`orivanta_resources` in
+/// cmake/OrivantaResources.cmake).
 class ORIVANTA_API ResourceBundle {
  public:
-  /// Makes a bundle known. `version` changes with the contents; what the arguments refer to lives
-  /// as long as the process. An identifier that is known already keeps its bundle, which is what
-  /// then comes back. Any thread.
+  /// Registers a bundle and returns it. `version` must change with the contents. The data that the
+  /// arguments refer to must live as long as the process. If the identifier is already registered,
+  /// returns the existing bundle unchanged. Any thread.
   static const ResourceBundle& add(std::string_view identifier, std::string_view version,
                                    std::span<const Resource> resources);
 
-  /// Null when no bundle of this identifier was added. Any thread.
+  /// Returns the bundle with this identifier, or null if none was added. Any thread.
   static const ResourceBundle* find(std::string_view identifier);
 
-  /// The contents of the file "name.type"; nothing when there is none. Any thread.
+  /// Returns the contents of the file "name.type", or nothing if there is no such file. Any thread.
   std::optional<std::span<const std::uint8_t>> bytes(std::string_view name,
                                                      std::string_view type) const;
 
-  /// The same file as one on disk, for readers that need a path. All of the bundle is written
-  /// below the caches directory, to a folder for this version, where it stays for the next time.
-  /// Nothing when there is no such file or it cannot be written. Any thread.
+  /// Returns the path of a copy of the file "name.type" on disk. The whole bundle is written to a
+  /// folder for this version below the caches directory, and is kept there for later use. Returns
+  /// nothing if there is no such file or the bundle cannot be written. Any thread.
   std::optional<std::filesystem::path> file(std::string_view name, std::string_view type) const;
 
  private:

@@ -1,4 +1,4 @@
-// What an operation that may fail returns: its value, or an error.
+// The result of an operation that may fail: a value or an error.
 //
 //   Result<FileBytes> bytes = readBytes(file, limit);
 //   if (!bytes) return failure(bytes.error());
@@ -14,16 +14,16 @@
 
 namespace orivanta::foundation {
 
-/// A value or an error. `Result<void>` has no value, and is true after success.
+/// A value or an error. `Result<void>` has no value and converts to true on success.
 template <class T>
 using Result = tl::expected<T, Error>;
 
-/// The failed result of any type.
+/// Returns a failed result, which converts to a `Result` of any type.
 inline tl::unexpected<Error> failure(Error error) {
   return tl::unexpected<Error>(std::move(error));
 }
 
-/// The failed result of any type, from the parts of its error.
+/// As above, from the fields of the error.
 inline tl::unexpected<Error> failure(std::string domain, int code, std::string description) {
   return failure(Error{std::move(domain), code, std::move(description)});
 }

@@ -1,4 +1,4 @@
-// The main screen, as far as code without graphics needs to know it.
+// The properties of the main screen that code without graphics needs.
 // Public header.
 #pragma once
 
@@ -6,11 +6,11 @@
 
 namespace orivanta::foundation {
 
-/// Device pixels per point of the main screen. 1.0 until a host sets it.
+/// Returns the device pixels per point of the main screen. The default is 1.0.
 ORIVANTA_API double mainScreenScale();
 
-/// Told by the host before it shows anything; values that are not above zero are ignored. Any
-/// thread.
+/// Sets the device pixels per point of the main screen. The host calls it before it shows anything.
+/// Values that are not greater than 0 are ignored. Any thread.
 ORIVANTA_API void setMainScreenScale(double pixelsPerPoint);
 
 }  // namespace orivanta::foundation

@@ -1,4 +1,4 @@
-// A queue that runs tasks one after the other on background threads.
+// A queue that runs its tasks one at a time on background threads.
 // Public header.
 #pragma once
 
@@ -9,33 +9,33 @@
 
 namespace orivanta::foundation {
 
-/// Tasks run in the order in which they were added, never two of one queue at once. A task sees
-/// everything that earlier tasks of its queue wrote. All operations are safe from any thread, also
-/// from a task of the queue itself.
+/// Tasks run in the order in which they were added. Two tasks of the same queue never run
+/// concurrently. A task sees everything that earlier tasks of its queue wrote. All functions are
+/// safe to call from any thread, including from a task of the queue.
 ///
-/// No queue waits for the tasks of another one: a task may block, also until a task of another
-/// queue has run. The queues share a pool that has as many threads as queues have a task running,
-/// and up to 512. When 512 tasks block at the same time, the tasks of further queues wait until one
-/// of them returns; only then can tasks that wait for one another stop all queues. Where the system
-/// starts fewer threads than that, their number is the limit.
+/// A queue does not wait for the tasks of other queues. A task may block, for example until a task
+/// of another queue has run. The queues share a thread pool with one thread for each queue that is
+/// running a task, up to 512. If 512 tasks block at the same time, the tasks of other queues wait
+/// until one of them returns; only in this case can tasks that wait for one another block all
+/// queues. If the system cannot start 512 threads, the limit is the number that it can start.
 ///
-/// The queue is shared by reference; tasks still waiting keep it alive. A suspended queue that
-/// nobody refers to any more is dropped together with its tasks, unrun.
+/// A queue is shared by reference. Waiting tasks keep it alive. A suspended queue without
+/// references is destroyed, and its waiting tasks do not run.
 class ORIVANTA_API SerialQueue : public std::enable_shared_from_this<SerialQueue> {
  public:
-  /// A queue without tasks that is not suspended.
+  /// Returns a queue without tasks that is not suspended.
   static std::shared_ptr<SerialQueue> make();
   ~SerialQueue();
   SerialQueue(const SerialQueue&) = delete;
   SerialQueue& operator=(const SerialQueue&) = delete;
 
-  /// Adds a task and returns at once. A task must not throw.
+  /// Adds a task and returns immediately. A task must not throw.
   void async(std::function<void()> task);
 
-  /// Holds back the tasks that have not started. Calls nest.
+  /// Prevents further tasks from starting. Calls nest.
   void suspend();
 
-  /// Undoes one `suspend`.
+  /// Reverts one call of `suspend`.
   void resume();
 
  private:

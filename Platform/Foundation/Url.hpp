@@ -13,52 +13,52 @@
 
 namespace orivanta::foundation {
 
-/// An immutable value. The text of a URL that was parsed without a base, or that was absolute by
-/// itself, is kept exactly as it was given.
+/// An immutable URL. If it was parsed without a base, or was absolute, its text is kept unchanged.
 class ORIVANTA_API Url {
  public:
-  /// A URL from text exactly as it stands: nothing is trimmed or escaped. Nothing when the text is
-  /// empty, longer than 64 KiB or no URI reference of RFC 3986 (a blank, a character outside ASCII,
-  /// a stray "%").
+  /// Parses a URL without trimming or escaping the text. Returns nothing if the text is empty,
+  /// longer than 64 KiB or not a URI reference of RFC 3986 (for example, if it contains a blank, a
+  /// non-ASCII character or a "%" that does not begin an escape).
   static std::optional<Url> parse(std::string_view text);
 
-  /// As above, with a relative reference resolved against `base` (RFC 3986, section 5.2); against
-  /// a base that is itself relative it stays as it is.
+  /// As above, but resolves a relative reference against `base` (RFC 3986, section 5.2). If `base`
+  /// is relative, the reference is left unchanged.
   static std::optional<Url> parse(std::string_view text, const Url& base);
 
-  /// The "file" URL of a path; a relative one is below the current folder.
+  /// Returns the "file" URL of a path. A relative path is resolved against the current folder.
   static Url fromFile(const std::filesystem::path& path);
 
-  /// The text of the URL.
+  /// Returns the text of the URL.
   const std::string& absoluteString() const { return text_; }
 
-  /// Whether there is a scheme.
+  /// Returns whether the URL has a scheme.
   bool isAbsolute() const;
 
-  /// The scheme as it stands in the text, without the colon. Like the other components, it is not
-  /// decoded, and empty if the URL has none.
+  /// Returns the scheme as it is written in the text, without the colon. This and the next four
+  /// functions do not decode the component, and return an empty string if the URL does not have it.
   std::string scheme() const;
   std::string host() const;   ///< without the brackets of an IPv6 address
   std::string port() const;   ///< without the colon
-  std::string path() const;   ///< with its slashes
+  std::string path() const;   ///< including its slashes
   std::string query() const;  ///< without the question mark
 
-  /// The user name and password in front of the host, percent-decoded; the password is empty when
-  /// there is only a name. Nothing when there are none.
+  /// Returns the user name and the password, percent-decoded. The password is empty if the URL has
+  /// only a user name. Returns nothing if the URL has no credentials.
   std::optional<std::pair<std::string, std::string>> credentials() const;
-  /// The same URL without user name and password.
+  /// Returns the URL without the user name and the password.
   Url withoutCredentials() const;
 
-  /// The last segment of the path, percent-decoded, slashes at the end left aside; empty for a path
-  /// of slashes only, nothing without a path. It may hold any byte, a slash among them.
+  /// Returns the last segment of the path, percent-decoded. Slashes at the end of the path are
+  /// ignored. Returns an empty string if the path has only slashes, and nothing if there is no
+  /// path. The result may contain any byte, including a slash.
   std::optional<std::string> lastPathComponent() const;
 
-  /// The local file that a "file" URL means; nothing for any other, and when it names another host
-  /// or its path holds a NUL.
+  /// Returns the path of the local file of a "file" URL. Returns nothing if the scheme is not
+  /// "file", the URL names another host or the path contains a NUL.
   std::optional<std::filesystem::path> filePath() const;
 
-  /// The query replaced by "name=value" pairs joined with "&", both percent-encoded; no "?" when
-  /// there are no pairs.
+  /// Returns the URL with its query replaced by "name=value" pairs joined with "&". Names and
+  /// values are percent-encoded. If there are no pairs, the result has no "?".
   Url withQueryItems(std::span<const std::pair<std::string, std::string>> items) const;
 
   friend bool operator==(const Url&, const Url&) = default;

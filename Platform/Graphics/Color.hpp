@@ -1,4 +1,4 @@
-// Colors of the sRGB space, and the named ones.
+// sRGB colors and named colors.
 // Public header.
 #pragma once
 
@@ -9,19 +9,20 @@
 
 namespace orivanta::graphics {
 
-/// Components from 0 to 1, encoded as sRGB encodes them; not multiplied by the alpha.
+/// An sRGB color with components from 0 to 1, not premultiplied.
 struct Color {
   float red = 0.0F;    ///< from 0 to 1
   float green = 0.0F;  ///< from 0 to 1
   float blue = 0.0F;   ///< from 0 to 1
   float alpha = 1.0F;  ///< from 0, transparent, to 1, opaque
 
-  /// A gray: 0 is black, 1 is white.
+  /// Returns a gray: 0 is black, 1 is white.
   static constexpr Color fromWhite(float level, float alpha = 1.0F) {
     return {level, level, level, alpha};
   }
 
-  /// "#rgb", "#rrggbb", "#rrggbbaa" or the name of one of the colors below, in any case.
+  /// Parses "#rgb", "#rrggbb", "#rrggbbaa" or the name of one of the colors below, ignoring case.
+  /// Returns nothing for any other text.
   ORIVANTA_API static std::optional<Color> parse(std::string_view text);
 
   friend bool operator==(const Color&, const Color&) = default;

@@ -1,4 +1,4 @@
-// Points, sizes and rectangles of the plane.
+// Points, sizes and rectangles in 2D.
 // Public header.
 #pragma once
 
@@ -6,7 +6,7 @@
 
 namespace orivanta::graphics {
 
-/// A position in points. Whoever uses it says where the origin is and which way the y axis runs.
+/// A position in points. Its user defines the origin and the direction of the y axis.
 struct Point {
   double x = 0.0;  ///< to the right
   double y = 0.0;  ///< up or down
@@ -20,7 +20,7 @@ struct Size {
   friend bool operator==(const Size&, const Size&) = default;
 };
 
-/// An upright rectangle.
+/// An axis-aligned rectangle.
 struct Rect {
   Point origin;  ///< the corner with the smallest coordinates
   Size size;     ///< not negative
@@ -32,12 +32,12 @@ struct Rect {
   double maxX() const { return origin.x + size.width; }       ///< largest x
   double maxY() const { return origin.y + size.height; }      ///< largest y
 
-  /// Whether a point lies inside or on one of the edges with the smallest coordinates.
+  /// Returns whether a point lies inside, or on one of the edges with the smallest coordinates.
   bool contains(Point point) const {
     return point.x >= minX() && point.x < maxX() && point.y >= minY() && point.y < maxY();
   }
 
-  /// Whether the two share an area: rectangles that share only an edge do not intersect.
+  /// Returns whether the rectangles overlap. Rectangles that share only an edge do not intersect.
   bool intersects(const Rect& other) const {
     return std::min(maxX(), other.maxX()) > std::max(minX(), other.minX()) &&
            std::min(maxY(), other.maxY()) > std::max(minY(), other.minY());

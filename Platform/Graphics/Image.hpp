@@ -1,4 +1,4 @@
-// A picture in memory.
+// An image in memory.
 // Public header.
 #pragma once
 
@@ -13,28 +13,29 @@
 
 namespace orivanta::graphics {
 
-/// The sides of a picture in pixels.
+/// The size of an image in pixels.
 struct PixelSize {
   std::uint32_t width = 0;   ///< pixels
   std::uint32_t height = 0;  ///< pixels
 
-  /// The number of pixels.
+  /// Returns the number of pixels.
   std::uint64_t pixels() const { return std::uint64_t{width} * height; }
 };
 
-/// Immutable and shared by handle, so any thread may read it. Pixels are 8-bit sRGB red, green,
-/// blue and alpha, not multiplied by the alpha, rows from the top.
+/// An immutable image, held by shared pointers. Any thread may read it. Each pixel is red, green,
+/// blue and alpha, 8-bit sRGB, not premultiplied. The first row is at the top.
 class ORIVANTA_API Image {
  public:
-  /// `pixels` holds width * height * 4 bytes. Null when it does not, when a side is 0 or above
-  /// `maximumSide`, and for more than `maximumPixels`. `scale`: pixels per point, above 0.
+  /// Creates an image. Returns null if `pixels` does not have width * height * 4 bytes, if a side
+  /// is 0 or greater than `maximumSide`, or if there are more than `maximumPixels` pixels. `scale`:
+  /// pixels per point, greater than 0.
   static std::shared_ptr<const Image> make(std::uint32_t width, std::uint32_t height,
                                            std::vector<std::uint8_t> pixels, double scale = 1.0);
 
   static constexpr std::uint32_t maximumSide = 16384;         ///< pixels
-  static constexpr std::uint64_t maximumPixels = 64'000'000;  ///< of the whole picture
+  static constexpr std::uint64_t maximumPixels = 64'000'000;  ///< of the whole image
 
-  /// Whether a picture may have these sides.
+  /// Returns whether an image may have this size.
   static constexpr bool allows(std::uint64_t width, std::uint64_t height) {
     return width > 0 && height > 0 && width <= maximumSide && height <= maximumSide &&
            width * height <= maximumPixels;
@@ -44,13 +45,13 @@ class ORIVANTA_API Image {
   std::uint32_t height() const { return height_; }  ///< pixels
   double scale() const { return scale_; }           ///< pixels per point
 
-  /// The pixels, as the class describes them, for as long as the image lives.
+  /// Returns the pixels in the format that the class describes. Valid as long as the image exists.
   std::span<const std::uint8_t> pixels() const { return pixels_; }
 
-  /// The size in points.
+  /// Returns the size in points.
   Size size() const { return {width_ / scale_, height_ / scale_}; }
 
-  /// Whether no pixel is translucent.
+  /// Returns whether all pixels are opaque.
   bool isOpaque() const { return opaque_; }
 
  private:

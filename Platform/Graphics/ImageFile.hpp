@@ -1,4 +1,4 @@
-// Pictures from and to files: PNG and JPEG are read, PNG is written.
+// Reading PNG and JPEG files, and writing PNG files.
 // Public header.
 #pragma once
 
@@ -15,28 +15,29 @@
 
 namespace orivanta::graphics {
 
-/// The picture in a PNG or JPEG file's bytes, without regard to color profiles, gamma and the
-/// turn that a camera notes. Null when they are neither, damaged, cut off, a JPEG in CMYK, or hold
-/// more than a picture may. A picture of more than `mostPixels` is made smaller while it is read:
-/// both sides are divided by the smallest whole number up to 256 that suffices. Any thread.
+/// Decodes the bytes of a PNG or JPEG file. Ignores color profiles, gamma and the orientation that
+/// a camera stores. Returns null if the format is not PNG or JPEG, if the data is damaged,
+/// truncated or a CMYK JPEG, or if the image exceeds the limits of `Image`. An image of more than
+/// `mostPixels` pixels is reduced while it is decoded: both sides are divided by the smallest
+/// integer up to 256 that is sufficient. Any thread.
 ORIVANTA_API std::shared_ptr<const Image> decodeImage(
     std::span<const std::uint8_t> bytes, double scale = 1.0,
     std::uint64_t mostPixels = Image::maximumPixels);
 
-/// The picture in a file; null as above, and when the file cannot be read or has more than 256 MiB.
-/// Waits while other threads read pictures that together take much memory. Any thread.
+/// Reads and decodes a file. Returns null as above, or if the file cannot be read or is larger than
+/// 256 MiB. Blocks while other threads read images that together need much memory. Any thread.
 ORIVANTA_API std::shared_ptr<const Image> readImage(
     const std::filesystem::path& file, double scale = 1.0,
     std::uint64_t mostPixels = Image::maximumPixels);
 
-/// The size of the picture in a file, without reading all of it. Nothing when the beginning of the
-/// file does not tell. Any thread.
+/// Returns the size of the image in a file without reading the whole file, or nothing if the
+/// beginning of the file does not contain it. Any thread.
 ORIVANTA_API std::optional<PixelSize> readImageSize(const std::filesystem::path& file);
 
-/// A PNG file of the picture: RGB when it is opaque, else RGBA. Any thread.
+/// Encodes an image as PNG: as RGB if it is opaque, otherwise as RGBA. Any thread.
 ORIVANTA_API std::vector<std::uint8_t> encodePng(const Image& image);
 
-/// Writes a PNG file whole or not at all. Any thread.
+/// Writes an image to a PNG file atomically. Any thread.
 ORIVANTA_API foundation::Result<void> writePng(const Image& image,
                                                const std::filesystem::path& file);
 

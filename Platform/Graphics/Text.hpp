@@ -1,4 +1,4 @@
-// Text made into pictures, in any script.
+// Rendering text of any script to images.
 // Public header.
 #pragma once
 
@@ -12,31 +12,32 @@
 
 namespace orivanta::graphics {
 
-/// How the lines of a text lie beside one another.
+/// The alignment of the lines of a text.
 enum class TextAlignment {
   leading,  ///< each line starts where its paragraph's script starts
   centre    ///< each line is centered
 };
 
-/// How a text looks.
+/// The appearance of a text.
 struct TextStyle {
   std::string fontFamily = "Sans";     ///< a family or an alias of Fontconfig
   double fontSize = 14.0;              ///< points
-  bool bold = false;                   ///< whether the font is bold
+  bool bold = false;                   ///< selects a bold font
   Color color = colors::black;         ///< of the glyphs
   Color outlineColor = colors::clear;  ///< of the line around each glyph
-  double outlineWidth = 0.0;           ///< points around each glyph; 0 for none
-  double maximumWidth = 0.0;           ///< points; longer lines break; 0 for no bound
-  int maximumLines = 0;                ///< what does not fit ends in an ellipsis; 0 for no bound
-  TextAlignment alignment = TextAlignment::centre;  ///< how the lines lie
-  bool wholeLines = false;  ///< full line height, so that texts side by side share a baseline
+  double outlineWidth = 0.0;           ///< points; 0 for no outline
+  double maximumWidth = 0.0;           ///< points; longer lines are wrapped; 0 for no limit
+  int maximumLines = 0;                ///< further text becomes an ellipsis; 0 for no limit
+  TextAlignment alignment = TextAlignment::centre;  ///< of the lines
+  bool wholeLines = false;  ///< uses the full line height, so that adjacent texts share a baseline
 };
 
-/// A picture that just holds the text, its outline included, with `scale` pixels per point; null
-/// for text without ink, such as blanks, and when it would be larger than a picture may be. A text
-/// with too many lines gives up its own line breaks. Text is UTF-8; broken bytes show as
-/// replacement characters, control characters as blanks, and what exceeds 10,000 bytes is left out.
-/// Each paragraph runs in the direction of its first letter. Any thread.
+/// Returns the smallest image that contains the text and its outline, with `scale` pixels per
+/// point. Returns null if the text has no visible glyphs (for example, only blanks) or if the image
+/// would exceed the limits of `Image`. If the text has too many lines, its line breaks are ignored.
+/// `text` is UTF-8. Invalid bytes appear as replacement characters and control characters as
+/// blanks; bytes after the first 10,000 are ignored. The first letter of each paragraph determines
+/// its direction. Any thread.
 ORIVANTA_API std::shared_ptr<const Image> makeTextImage(std::string_view text,
                                                         const TextStyle& style, double scale);
 

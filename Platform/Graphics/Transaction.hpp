@@ -1,4 +1,4 @@
-// Keeps a frame from seeing half of a change.
+// A lock that prevents a frame from showing an incomplete change.
 // Public header.
 #pragma once
 
@@ -8,13 +8,14 @@
 
 namespace orivanta::graphics {
 
-/// While one lives, no other thread changes or reads scenes, sprites and views. Every change and
-/// every reading operation of them makes one of its own, and a renderer makes one while it gathers
-/// what a frame shows; hold one around several changes that a frame should show together. They
-/// nest. Hold it briefly, and take no other lock inside that is also held around one.
+/// While a transaction exists, no other thread changes or reads scenes, sprites and views. Every
+/// function that changes or reads them creates a transaction, and a renderer creates one while it
+/// gathers a frame. Hold a transaction around several changes that should appear in the same frame.
+/// Transactions nest. Hold them briefly. While you hold one, do not take a lock that other code
+/// holds while it creates a transaction.
 class ORIVANTA_API Transaction {
  public:
-  /// Waits until no other thread has a transaction.
+  /// Waits until no other thread holds a transaction.
   Transaction() : lock_(mutex()) {}
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;

@@ -1,4 +1,4 @@
-// Vectors, matrices and boxes of space, in single precision.
+// Single-precision vectors, matrices and boxes in 3D space.
 // Public header.
 #pragma once
 
@@ -10,24 +10,24 @@
 
 namespace orivanta::graphics {
 
-/// A vector or a point of three components.
+/// A vector or a point with three components.
 using Vector3 = glm::vec3;
 
-/// A vector of four components.
+/// A vector with four components.
 using Vector4 = glm::vec4;
 
-/// Column vectors: the product `a * b` applies b first. Columns are stored one after the other.
+/// A matrix for column vectors: the product `a * b` applies `b` first. Stored by columns.
 using Matrix4 = glm::mat4;
 
-/// An axis-aligned box. The box of nothing has its smallest corner above its largest.
+/// An axis-aligned box. In an empty box, `min` is greater than `max`.
 struct Box {
   Vector3 min{std::numeric_limits<float>::max()};     ///< the smallest coordinates
   Vector3 max{std::numeric_limits<float>::lowest()};  ///< the largest coordinates
 
-  /// Whether the box contains no point.
+  /// Returns whether the box contains no point.
   bool isEmpty() const { return min.x > max.x || min.y > max.y || min.z > max.z; }
 
-  /// The point in the middle. Meaningless if the box is empty.
+  /// Returns the center. The result is meaningless if the box is empty.
   Vector3 centre() const { return (min + max) * 0.5F; }
 
   /// Extends the box to contain a point.
@@ -35,7 +35,7 @@ struct Box {
     min = {std::min(min.x, point.x), std::min(min.y, point.y), std::min(min.z, point.z)};
     max = {std::max(max.x, point.x), std::max(max.y, point.y), std::max(max.z, point.z)};
   }
-  /// Extends the box to contain another one. An empty one changes nothing.
+  /// Extends the box to contain another box. An empty box has no effect.
   void add(const Box& box) {
     if (box.isEmpty()) return;
     add(box.min);

@@ -1,4 +1,4 @@
-// Requests that threads wait for and another thread may end.
+// Blocking requests that another thread can cancel.
 // Public header.
 #pragma once
 
@@ -10,16 +10,17 @@
 
 namespace orivanta::network {
 
-/// Any thread but the one on which the transport reports.
+/// Sends blocking requests. Any thread except the one on which the transport calls completions.
 class ORIVANTA_API AwaitedRequests {
  public:
-  /// Each request gets a budget of its own of `requestBytes`, in place of that of the rules, so
-  /// that one that exceeds it fails alone. 0 leaves the rules as they are.
+  /// Gives each request a separate budget of `requestBytes` bytes instead of the budget of the
+  /// rules, so that only the request that exceeds it fails. 0 leaves the rules unchanged.
   explicit AwaitedRequests(TransferOptions options = {}, std::size_t requestBytes = 0);
 
-  /// What answers, whatever its status, with its body decoded. Blocks. Follows redirects like a
-  /// session's request, and fails if it breaks the rules. Fails with an error of the domain "http"
-  /// and the code ECANCELED once the options' token is canceled.
+  /// Sends a GET request, waits for the response and returns it with its body decoded. A response
+  /// of any status is a success. Follows redirects as `UrlSession` does. Fails if the request
+  /// breaks the rules. After the token of the options is canceled, fails with the domain "http" and
+  /// the code ECANCELED.
   UrlResult get(const foundation::Url& url, HeaderFields headerFields = {}) const;
 
  private:

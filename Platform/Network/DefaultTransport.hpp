@@ -1,4 +1,4 @@
-// The transport of the requests that name no other.
+// The transport for requests that do not specify one.
 // Public header.
 #pragma once
 
@@ -9,13 +9,13 @@
 
 namespace orivanta::network {
 
-/// libcurl, unless it is replaced. Any thread.
+/// Returns the default transport. It uses libcurl unless it was replaced. Any thread.
 ORIVANTA_API std::shared_ptr<UrlTransport> defaultTransport();
 
-/// Replaces it for requests that start later. Null restores libcurl. Any thread.
+/// Replaces the default transport for requests that start later. Null restores libcurl. Any thread.
 ORIVANTA_API void setDefaultTransport(std::shared_ptr<UrlTransport> transport);
 
-/// The transport itself, or the default one in place of null. Any thread.
+/// Returns `transport`, or the default transport if it is null. Any thread.
 ORIVANTA_API std::shared_ptr<UrlTransport> orDefault(std::shared_ptr<UrlTransport> transport);
 
 }  // namespace orivanta::network

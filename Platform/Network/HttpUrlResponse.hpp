@@ -1,4 +1,4 @@
-// The head of an HTTP response: where it came from, its status and its header fields.
+// The head of an HTTP response: its URL, its status and its header fields.
 // Public header.
 #pragma once
 
@@ -15,15 +15,15 @@ namespace orivanta::network {
 
 /// The head of an HTTP response.
 struct ORIVANTA_API HttpUrlResponse {
-  /// The URL that answered, after redirects and without credentials; nothing if it is not a
+  /// The URL of the response, after redirects and without credentials. Nothing if it is not a
   /// well-formed URL.
   std::optional<foundation::Url> url;
   int statusCode = 0;  ///< such as 200; 0 if there was no response
-  /// Field names and values in the order of arrival, names as the server spelt them.
+  /// Field names and values in the order of arrival. Names are spelled as the server sent them.
   std::vector<std::pair<std::string, std::string>> headerFields;
 
-  /// The value of a field, whatever the case of its name; several fields of one name are joined
-  /// with ", ". Nothing when there is none.
+  /// Returns the value of a field. The case of the name is ignored. Several fields with the same
+  /// name are joined with ", ". Returns nothing if there is no such field.
   std::optional<std::string> headerField(std::string_view name) const;
 };
 

@@ -1,4 +1,4 @@
-// What a request may ask of the server that answers it.
+// The limits that a request must keep.
 // Public header.
 #pragma once
 
@@ -13,8 +13,9 @@
 
 namespace orivanta::network {
 
-/// A transfer is too slow when fewer bytes than this, times the seconds of the window, arrive
-/// within a window. One window follows the other, from the first byte of an answer on.
+/// The lowest permitted transfer rate. A transfer is too slow if fewer than `bytesPerSecond` times
+/// the seconds of the window arrive within a window. The first window begins with the first byte of
+/// a response, and each further window begins when the previous one ends.
 struct LowestRate {
   std::size_t bytesPerSecond = 1;   ///< on average over a window
   std::chrono::seconds window{60};  ///< at least one second
@@ -22,28 +23,28 @@ struct LowestRate {
   friend bool operator==(const LowestRate&, const LowestRate&) = default;
 };
 
-/// What a request demands of the server. A request that is refused ends with an error.
+/// The limits that a request must keep. A request that breaks them ends with an error.
 struct TransferRules {
-  LowestRate lowestRate;  ///< a slower transfer ends with an error; a minute without a byte does
-  /// Whether a redirect from HTTPS to HTTP is an error instead of being followed.
+  LowestRate lowestRate;  ///< slower transfers end with an error; default: 60 bytes per minute
+  /// If true, a redirect from HTTPS to HTTP is an error. Otherwise it is followed.
   bool staysSecure = false;
-  /// Pays for head and body while they are received and decoded. A request that exceeds it ends
-  /// with an error of the domain "memory" (see `memoryError`). May be null.
+  /// The budget for the head and the body while they are received and decoded. A request that
+  /// exceeds it ends with an error of the domain "memory" (see `memoryError`). May be null.
   std::shared_ptr<foundation::MemoryBudget> budget = nullptr;
 };
 
-/// For loads that tell what failed: at least 100 bytes a second over a minute, and never from HTTPS
-/// to HTTP.
+/// Returns the rules for loads that report errors. A transfer needs at least `rate` (default: 100
+/// bytes per second over a minute), and redirects from HTTPS to HTTP are errors.
 inline TransferRules strictRules(LowestRate rate = {100, std::chrono::seconds(60)}) {
   return {rate, true, nullptr};
 }
 
-/// Whether the step from one URL to the next goes from HTTPS to HTTP.
+/// Returns whether the step from one URL to the next goes from HTTPS to HTTP.
 ORIVANTA_API bool leavesHttps(const foundation::Url& from, const foundation::Url& to);
 
-/// The error for such a step. It names both URLs, without credentials.
+/// Returns the error for such a step. It names both URLs, without credentials.
 ORIVANTA_API foundation::Error insecureStep(const foundation::Url& from, const foundation::Url& to);
-/// Whether an error was made by `insecureStep`.
+/// Returns whether an error was created by `insecureStep`.
 ORIVANTA_API bool isInsecureStep(const foundation::Error& error);
 
 }  // namespace orivanta::network

@@ -1,5 +1,5 @@
-// URL sessions: requests that share header fields and report, one after the other, to a delegate
-// on a background queue of the session's own.
+// URL sessions. The requests of a session share header fields and report to a delegate, one at a
+// time, on the session's background queue.
 // Public header.
 #pragma once
 
@@ -20,69 +20,70 @@
 
 namespace orivanta::network {
 
-/// Receives what happens to a session's tasks. Called on the session's serial queue, never on two
-/// threads at once and never on the main thread.
+/// Receives the results of a session's tasks. Called on the session's serial queue, never
+/// concurrently and never on the main thread.
 class UrlSessionDelegate {
  public:
   virtual ~UrlSessionDelegate() = default;
 
-  /// The whole body, decoded. Not called if the body is empty.
+  /// Receives the whole body, decoded. Not called if the body is empty.
   virtual void didReceiveData(std::string_view bytes) = 0;
-  /// `response` is empty if there is an error.
+  /// Called when a task is complete. `response` is empty if there is an error.
   virtual void didComplete(const HttpUrlResponse& response,
                            const std::optional<foundation::Error>& error) = 0;
-  /// The last report: the session has been invalidated, without an error if the application did so.
+  /// Called when the session has been invalidated. This is the last callback. There is no error if
+  /// the application invalidated the session.
   virtual void didBecomeInvalid(const std::optional<foundation::Error>& /*error*/) {}
-  /// For transports that go on while the program does not run. The one over libcurl does not, and
-  /// never calls this.
+  /// For transports that continue while the program is not running. The transport that uses libcurl
+  /// does not, and never calls this.
   virtual void didFinishBackgroundEvents() {}
 };
 
-/// What the requests of a session have in common.
+/// The settings that the requests of a session share.
 struct UrlSessionConfiguration {
-  std::string identifier = {};  ///< any text of the caller
+  std::string identifier = {};  ///< any text that the caller chooses
   /// Sent with every request of the session.
   HeaderFields additionalHeaders = {};
-  /// For every request of the session. The budget also pays for the delivered bodies, and for a
-  /// buffer of the delegate as large as the largest of them.
+  /// Applied to every request of the session. The delivered bodies also count toward the budget,
+  /// and so does a buffer of the delegate that is as large as the largest of them.
   TransferRules rules = {};
   std::shared_ptr<UrlTransport> transport = nullptr;  ///< null for the default transport
   /// Canceling it invalidates the session.
   foundation::CancellationToken cancellation = {};
 };
 
-/// Shared by reference. A session that has not been invalidated stays alive without an owner, and
-/// keeps its delegate; invalidating it releases both.
+/// A session, shared by reference. A session that has not been invalidated stays alive without an
+/// owner and keeps its delegate. Invalidating it releases both.
 class ORIVANTA_API UrlSession : public std::enable_shared_from_this<UrlSession> {
  public:
-  /// A valid session, with a queue of its own.
+  /// Creates a valid session with a new queue.
   static std::shared_ptr<UrlSession> make(UrlSessionConfiguration configuration,
                                           std::shared_ptr<UrlSessionDelegate> delegate);
 
-  /// What the session was made with.
+  /// Returns the configuration that the session was created with.
   const UrlSessionConfiguration& configuration() const { return configuration_; }
 
   /// Starts a GET request. Does nothing on an invalidated session. Any thread.
   ///
-  /// The request follows up to 20 redirects, within HTTP and HTTPS; header fields that carry
-  /// credentials stay behind when a redirect leaves the host. It ends with an error when it breaks
-  /// the session's rules, or when the body is larger than 512 MiB. Servers prove who they are to
-  /// the certificates of the system, or to those of the file that the environment variable
+  /// The request follows up to 20 redirects to HTTP and HTTPS URLs. Header fields with credentials
+  /// are not sent to another host after a redirect. The request ends with an error if it breaks the
+  /// session's rules, or if the body is larger than 512 MiB. Server certificates are verified with
+  /// the system's certificates, or with those of the file that the environment variable
   /// SSL_CERT_FILE names.
   void startDataTask(const foundation::Url& url);
 
-  /// Cancels everything outstanding. Nothing is reported afterwards, except what is being reported
-  /// just now and then, as the last, that the session is invalid; the delegate is released after
-  /// that. Any thread; more than once is harmless.
+  /// Cancels all pending tasks. After that, only a callback that is already running is completed,
+  /// and then `didBecomeInvalid` is called. The delegate is released after that. Further calls do
+  /// nothing. Any thread.
   void invalidateAndCancel();
 
-  /// Whether the session has not been invalidated. Any thread.
+  /// Returns whether the session has not been invalidated. Any thread.
   bool isValid() const;
 
-  /// Holds back, respectively lets through, what is to be reported to the delegate. Calls nest.
+  /// Suspends the callbacks of the delegate. Calls nest.
   void suspendDelivery() { queue_->suspend(); }
 
-  /// Undoes one `suspendDelivery`.
+  /// Reverts one call of `suspendDelivery`.
   void resumeDelivery() { queue_->resume(); }
 
  private:
@@ -96,7 +97,7 @@ class ORIVANTA_API UrlSession : public std::enable_shared_from_this<UrlSession> 
   std::shared_ptr<UrlSessionDelegate> delegate_;  // empty once invalidated
   const foundation::CancellationSource requests_;
   foundation::CancellationRegistration registration_;  // set once, by `make`
-  foundation::BudgetShare delivered_;                  // used on the queue alone
+  foundation::BudgetShare delivered_;                  // used only on the queue
 };
 
 }  // namespace orivanta::network

@@ -1,5 +1,5 @@
-// The port to an HTTP client, and the transports that applications put in the place of libcurl: for
-// a proxy, for pinned certificates, or to answer without a network, as here.
+// The port to an HTTP client. Applications can replace libcurl with another transport, for example
+// to use a proxy, to pin certificates, or to respond without a network:
 //
 //   struct Offline : network::UrlTransport {
 //     void start(network::UrlRequest request, Completion completed) override {
@@ -31,45 +31,46 @@ using HeaderFields = std::vector<std::pair<std::string, std::string>>;
 /// A GET request.
 struct UrlRequest {
   foundation::Url url;        ///< absolute
-  HeaderFields headerFields;  ///< sent besides those that the transport adds
+  HeaderFields headerFields;  ///< sent in addition to those of the transport
 
-  /// The conditions under which the request goes on.
+  /// The limits that the request must keep.
   TransferRules rules = {};
-  foundation::CancellationToken cancellation = {};  ///< ends the request
+  foundation::CancellationToken cancellation = {};  ///< cancels the request
 };
 
-/// What the server answered.
+/// The response of the server.
 struct UrlAnswer {
   HttpUrlResponse response;  ///< status and header fields
   std::string body;          ///< as received: still compressed if "Content-Encoding" says so
-  /// What the body has taken from the request's budget. Null if the request has none.
+  /// The bytes that the body has taken from the request's budget. Null if the request has no
+  /// budget.
   std::shared_ptr<foundation::BudgetShare> share = nullptr;
 };
 
-/// How a request ended.
+/// The response of a request, or its error.
 using UrlResult = foundation::Result<UrlAnswer>;
 
-/// An HTTP client. An application may provide its own.
+/// An HTTP client. An application can implement it.
 class UrlTransport {
  public:
-  /// Receives how a request ended.
+  /// Receives the result of a request.
   using Completion = std::function<void(UrlResult)>;
 
   virtual ~UrlTransport() = default;
 
-  /// Starts a GET request, whose header fields and rules it follows, and returns at once. Calls
-  /// `completed` once, on any thread and possibly before it returns. A request that is canceled
-  /// should end soon; then `completed` need not be called. `completed` returns quickly. Any thread,
-  /// several at once.
+  /// Starts a GET request and returns immediately. Sends the request's header fields and keeps its
+  /// rules. Calls `completed` once, on any thread and possibly before `start` returns. A canceled
+  /// request should end soon; `completed` need not be called for it. `completed` returns quickly.
+  /// May be called concurrently from any thread.
   virtual void start(UrlRequest request, Completion completed) = 0;
 };
 
-/// How the requests of a session are carried out.
+/// The options of the requests of a session.
 struct TransferOptions {
-  /// The conditions under which the requests go on.
+  /// The limits that the requests must keep.
   TransferRules rules = {};
   std::shared_ptr<UrlTransport> transport = nullptr;  ///< null for the default transport
-  foundation::CancellationToken cancellation = {};    ///< ends the requests
+  foundation::CancellationToken cancellation = {};    ///< cancels the requests
 };
 
 }  // namespace orivanta::network

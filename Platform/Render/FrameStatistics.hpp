@@ -1,4 +1,4 @@
-// What a frame cost.
+// Statistics of a frame.
 // Public header.
 #pragma once
 
@@ -6,12 +6,12 @@
 
 namespace orivanta::render {
 
-/// Counted over one frame.
+/// Counters for one frame.
 struct FrameStatistics {
-  int drawCalls = 0;               ///< calls of OpenGL that draw
-  int triangles = 0;               ///< sent to OpenGL
-  int shadowMapsDrawn = 0;         ///< those that had to be drawn again
-  int shadowMapSide = 0;           ///< texels of the last shadow map drawn; 0 when none was
+  int drawCalls = 0;        ///< OpenGL draw calls
+  int triangles = 0;        ///< sent to OpenGL
+  int shadowMapsDrawn = 0;  ///< shadow maps that had to be redrawn
+  int shadowMapSide = 0;    ///< side of the last shadow map drawn, in texels; 0 if none was drawn
   std::int64_t bytesUploaded = 0;  ///< vertices, indices and textures
 };
 

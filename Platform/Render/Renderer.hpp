@@ -11,30 +11,31 @@
 
 namespace orivanta::render {
 
-/// Bound to the OpenGL ES context that is current when it is made; made, used and destroyed on a
-/// thread where that context is current. Keeps what it uploads as long as the scenes refer to it,
-/// and the scenes of a frame until the next one.
+/// Draws views with the OpenGL ES context that is current when the renderer is created. Create, use
+/// and destroy it on a thread on which that context is current. It keeps uploaded data as long as
+/// scenes refer to it, and the scenes of a frame until the next frame.
 class ORIVANTA_API Renderer {
  public:
-  /// A context below OpenGL ES 3.0, or a shader that the driver refuses, is a fatal error.
+  /// Creates a renderer. A context below OpenGL ES 3.0, or a shader that the driver rejects, is a
+  /// fatal error.
   Renderer();
   ~Renderer();
   Renderer(const Renderer&) = delete;
   Renderer& operator=(const Renderer&) = delete;
 
-  /// Lays out and draws the view and everything below it into a framebuffer of `size` points times
-  /// `scale` pixels, from its lower left corner. `framebuffer` is OpenGL's name for it, 0 being
-  /// the window's; its colors are taken to hold sRGB values as they are, multiplied by their
-  /// alpha, and it begins transparent. `time`: seconds, rising. Other threads may change scenes,
-  /// sprites and views meanwhile: their changes wait while the frame is gathered, and show in the
-  /// next one. Relies on no state of the context and leaves its own behind,
-  /// with no vertex array bound.
+  /// Lays out the view and its descendants and draws them into a framebuffer, from its lower left
+  /// corner. `size` is in points, and `scale` is the number of pixels per point. `framebuffer` is
+  /// the OpenGL name of the framebuffer; 0 is the window's. It is cleared to transparent first. It
+  /// receives sRGB values without conversion, premultiplied by alpha. `time`: seconds; must
+  /// increase. Other threads may change scenes, sprites and views at the same time: these changes
+  /// wait while the frame is gathered, and appear in the next frame. Does not rely on any state of
+  /// the context, and does not restore it; no vertex array is bound afterwards.
   void render(view::View& view, graphics::Size size, double scale, double time,
               unsigned framebuffer = 0);
 
   const FrameStatistics& statistics() const;  ///< of the last frame
 
-  /// Samples for each pixel of a 3D scene: 4, or what the driver allows.
+  /// Returns the samples for each pixel of a 3D scene: 4, or fewer if the driver does not allow 4.
   int sampleCount() const;
 
  private:

@@ -1,4 +1,4 @@
-// Forward declarations of the scene's classes.
+// Forward declarations of the scene classes.
 // Public header.
 #pragma once
 

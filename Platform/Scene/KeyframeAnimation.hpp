@@ -1,4 +1,4 @@
-// A matrix that changes with time, told by its values at some moments.
+// An animation of a matrix, defined by its values at key times.
 // Public header.
 #pragma once
 
@@ -10,26 +10,27 @@
 
 namespace orivanta::scene {
 
-/// Immutable once shared. The progress of one run goes from 0 to 1 over `duration`; `keyTimes`,
-/// one a value and rising, are compared with it as they stand, so a key time of 5 lies beyond the
-/// end and the run covers only the first fifth of the way to its value.
+/// A keyframe animation. It must not be changed after it is shared. The progress of one run goes
+/// from 0 to 1 over `duration` and is compared with `keyTimes` directly. For example, a key time of
+/// 5 is beyond the end, and the run covers only the first fifth of the interpolation to its value.
 class ORIVANTA_API KeyframeAnimation {
  public:
-  std::string keyPath;                    ///< the property, such as "diffuse.contentsTransform"
+  std::string keyPath;  ///< the animated property, such as "diffuse.contentsTransform"
   std::vector<graphics::Matrix4> values;  ///< one for each key time
-  std::vector<double> keyTimes;           ///< rising
+  std::vector<double> keyTimes;           ///< increasing, one for each value
   double duration = 0.0;                  ///< seconds of one run
   double repeatCount = 1.0;               ///< number of runs; may be infinite
-  bool autoreverses = false;  ///< each run is followed by one back, of the same duration
+  bool autoreverses = false;  ///< each run is followed by a reverse run of the same duration
   bool isAdditive = false;    ///< whether values are added to the value of the property
 
-  /// The value `elapsed` seconds after the beginning, values between key times interpolated
-  /// component by component. Before the beginning it is the first frame; after the last run it is
-  /// the last. Without duration, `base`; so too without values or with another number of key times.
-  /// An additive animation adds its value to `base`.
+  /// Returns the value `elapsed` seconds after the beginning. Values between key times are
+  /// interpolated by component. Returns the first frame before the beginning and the last frame
+  /// after the last run. Returns `base` if the duration is 0, if there are no values, or if the
+  /// number of key times differs from the number of values. The value of an additive animation is
+  /// added to `base`.
   graphics::Matrix4 value(double elapsed, const graphics::Matrix4& base) const;
 
-  /// Whether the last run has not ended at that time.
+  /// Returns whether the last run has not ended yet at that time.
   bool isRunning(double elapsed) const;
 };
 

@@ -1,4 +1,4 @@
-// A light, shining along the negative z axis of its node.
+// A light that shines along the negative z axis of its node.
 // Public header.
 #pragma once
 
@@ -7,23 +7,23 @@
 
 namespace orivanta::scene {
 
-/// Where the light of a light goes.
+/// The type of a light.
 enum class LightType {
-  ambient,      ///< everywhere alike
-  directional,  ///< everywhere in one direction
-  spot          ///< from the node into a cone
+  ambient,      ///< lights everything equally
+  directional,  ///< lights everything from one direction
+  spot          ///< lights a cone from the node's position
 };
 
-/// A plain value that its node owns by handle; change it under a `graphics::Transaction` while a
-/// frame may be drawn. Angles are degrees, distances scene units.
+/// The properties of a light. Change them under a `graphics::Transaction` if a frame may be drawn
+/// concurrently. Angles are in degrees and distances in scene units.
 class ORIVANTA_API Light {
  public:
-  LightType type = LightType::directional;          ///< where the light goes
-  graphics::Color color = graphics::colors::white;  ///< components are strengths: 0.5 is half a 1
-  bool castsShadow = false;      ///< whether nodes keep the light from those behind them
-  double spotInnerAngle = 0.0;   ///< full light inside this cone
-  double spotOuterAngle = 45.0;  ///< no light outside of this one
-  double zFar = 100.0;           ///< kept with the light; the renderer does not use it
+  LightType type = LightType::directional;          ///< the type of the light
+  graphics::Color color = graphics::colors::white;  ///< linear: 0.5 is half the intensity of 1
+  bool castsShadow = false;                         ///< whether nodes cast shadows in this light
+  double spotInnerAngle = 0.0;                      ///< full light inside this cone
+  double spotOuterAngle = 45.0;                     ///< no light outside of this cone
+  double zFar = 100.0;                              ///< stored, but not used by the renderer
 
   friend bool operator==(const Light&, const Light&) = default;
 };

@@ -1,4 +1,4 @@
-// How the surface of a geometry looks.
+// The appearance of the surface of a geometry.
 // Public header.
 #pragma once
 
@@ -16,54 +16,55 @@
 
 namespace orivanta::scene {
 
-/// What an image shows outside of the texture coordinates from 0 to 1.
+/// Determines what an image shows outside of the texture coordinates from 0 to 1.
 enum class WrapMode {
-  clamp,  ///< its edge
-  repeat  ///< itself again
+  clamp,  ///< the edge of the image
+  repeat  ///< the image, repeated
 };
 
 /// One color or one image.
 using Contents = std::variant<graphics::Color, std::shared_ptr<const graphics::Image>>;
 
-/// What a material property holds. `contentsTransform` is applied to the texture coordinates (u, v,
-/// 0, 1).
+/// A material property. `contentsTransform` is applied to the texture coordinates (u, v, 0, 1).
 struct MaterialProperty {
   Contents contents = graphics::colors::white;  ///< a color or an image
   graphics::Matrix4 contentsTransform{1.0F};    ///< of the texture coordinates
-  WrapMode wrapS = WrapMode::clamp;             ///< to the left and to the right
-  WrapMode wrapT = WrapMode::clamp;             ///< below and above
+  WrapMode wrapS = WrapMode::clamp;             ///< horizontally
+  WrapMode wrapT = WrapMode::clamp;             ///< vertically
 };
 
-/// Shared by handle between geometries. Safe from any thread, one operation at a time; hold a
-/// `graphics::Transaction` around changes that belong together.
+/// A material, which several geometries may share. Each function is safe to call from any thread.
+/// Hold a `graphics::Transaction` around changes that should appear in the same frame.
 class ORIVANTA_API Material {
  public:
   static std::shared_ptr<Material> make();                  ///< white
-  static std::shared_ptr<Material> make(Contents diffuse);  ///< of a color or an image
+  static std::shared_ptr<Material> make(Contents diffuse);  ///< with a color or an image
 
   std::optional<std::string> name() const;        ///< none until set
   void setName(std::optional<std::string> name);  ///< names need not be unique
 
-  MaterialProperty diffuse() const;            ///< what the surface shows in full light
+  MaterialProperty diffuse() const;            ///< the appearance in full light
   void setDiffuse(MaterialProperty diffuse);   ///< replaces contents, transform and wrapping
-  void setDiffuseContents(Contents contents);  ///< leaves transform and wrapping alone
+  void setDiffuseContents(Contents contents);  ///< keeps transform and wrapping
 
-  /// From 0, not seen, to 1; multiplies the alpha of the contents.
+  /// Returns the opacity, from 0 (invisible) to 1. The alpha of the contents is multiplied by it.
   float opacity() const;
   void setOpacity(float opacity);  ///< see `opacity`
 
-  /// An animation of the key path "diffuse.contentsTransform". Another under the same key takes
-  /// the place of the first, a null one only removes it; one of another key path changes nothing.
+  /// Adds an animation of the key path "diffuse.contentsTransform". It replaces an existing
+  /// animation with the same key; null only removes that animation. An animation with another key
+  /// path has no effect on the material's appearance.
   void addAnimation(std::shared_ptr<const KeyframeAnimation> animation, std::string key);
 
-  /// The animation under a key; null if there is none.
+  /// Returns the animation with a key, or null if there is none.
   std::shared_ptr<const KeyframeAnimation> animation(std::string_view key) const;
 
-  /// Whether an animation had not ended at the time for which `presentedDiffuse` was last called.
+  /// Returns whether an animation was still running at the time of the last call of
+  /// `presentedDiffuse`.
   bool isAnimating() const;
 
-  /// The diffuse property as the animations leave it at `time`, in seconds of the frames' clock.
-  /// An animation begins at the first time at which it is asked for.
+  /// Returns the diffuse property with the animations applied. `time`: the frame's time in seconds.
+  /// An animation begins at the time of the first call after it was added.
   MaterialProperty presentedDiffuse(double time);
 
  private:
@@ -71,7 +72,7 @@ class ORIVANTA_API Material {
     std::string key;
     std::shared_ptr<const KeyframeAnimation> animation;
     std::optional<double> beginTime;
-    double elapsed = 0;  // when it was last presented
+    double elapsed = 0;  // seconds, when last presented
   };
 
   Material() = default;

@@ -1,4 +1,4 @@
-// A place in a scene: a position and a turn, what stands there, and the nodes that move with it.
+// A node of a scene: a position, a rotation, attached objects such as a geometry, and child nodes.
 // Public header.
 #pragma once
 
@@ -24,14 +24,15 @@ enum class Axis {
   z   ///< the third
 };
 
-/// Held by handle; a parent owns its children, a child does not own its parent. A node turns by its
-/// Euler angles (radians) about x first, then y, then z, and is then moved by its position.
+/// A node of a scene, held by shared pointers. A parent owns its children; a child does not own its
+/// parent. A node is rotated by its Euler angles (radians) about x, then y, then z, and is then
+/// translated by its position.
 ///
-/// Safe from any thread, one operation at a time; hold a `graphics::Transaction` around changes
-/// that a frame should show together, and around walks through `children`.
+/// Each function is safe to call from any thread. Hold a `graphics::Transaction` around changes
+/// that should appear in the same frame, and while iterating over `children`.
 class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
  public:
-  /// A node at the origin, without a parent. The geometry may be null.
+  /// Creates a node at the origin without a parent. The geometry may be null.
   static std::shared_ptr<Node> make(std::shared_ptr<Geometry> geometry = nullptr);
   ~Node();
   Node(const Node&) = delete;
@@ -56,48 +57,52 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   void setLight(std::shared_ptr<Light> light);           ///< null removes it
 
   bool castsShadow() const;               ///< true until set
-  void setCastsShadow(bool castsShadow);  ///< of the geometry
-  bool isHidden() const;                  ///< with everything below; false until set
+  void setCastsShadow(bool castsShadow);  ///< whether the geometry casts a shadow
+  bool isHidden() const;                  ///< includes all descendants; false until set
   void setHidden(bool hidden);            ///< with everything below
 
   std::vector<std::shared_ptr<ParticleSystem>> particleSystems() const;  ///< in the order of adding
   void addParticleSystem(std::shared_ptr<ParticleSystem> system);        ///< at the end of the list
 
-  std::vector<std::shared_ptr<Node>> children() const;  ///< in the order in which they are drawn
+  std::vector<std::shared_ptr<Node>> children() const;  ///< in drawing order
 
-  /// Without a copy, for as long as the transaction lives and the children stay.
+  /// Returns the children without a copy. The reference is valid as long as the transaction exists
+  /// and the list of children does not change.
   const std::vector<std::shared_ptr<Node>>& children(const graphics::Transaction&) const {
     return children_;
   }
-  std::shared_ptr<Node> parent() const;  ///< null at the top
+  std::shared_ptr<Node> parent() const;  ///< null for the topmost node
 
-  /// Appends a child, which is first removed from its former parent. A null child, the node itself
-  /// or one above it is a fatal error.
+  /// Appends a child. It is first removed from its previous parent. Null, the node itself or one of
+  /// its ancestors is a fatal error.
   void addChild(std::shared_ptr<Node> child);
 
-  /// As `addChild`, at an index among the other children. An index beyond the end appends.
+  /// Same as `addChild`, but inserts the child at an index among the other children. An index
+  /// beyond the end appends it.
   void insertChild(std::shared_ptr<Node> child, std::size_t index);
-  void removeFromParent();  ///< nothing at the top
+  void removeFromParent();  ///< does nothing for the topmost node
 
-  /// The first node below, nearest levels first, with that name; null without one.
+  /// Returns the first descendant with this name in breadth-first order, or null if there is none.
   std::shared_ptr<Node> childNode(std::string_view name) const;
 
-  /// All nodes below that pass, parents before their children. `passes` is called under a
-  /// `graphics::Transaction` and leaves the tree alone.
+  /// Returns all descendants for which `passes` returns true, parents before their children.
+  /// `passes` is called under a `graphics::Transaction` and must not change the tree.
   std::vector<std::shared_ptr<Node>> childNodes(
       const std::function<bool(const Node&)>& passes) const;
 
   graphics::Matrix4 transform() const;       ///< to the parent's space
   graphics::Matrix4 worldTransform() const;  ///< to the space of the topmost node's parent
 
-  /// Of the node's geometry and everything below, hidden or not, in the node's own space: it
-  /// holds the turned boxes of the geometries, so turned shapes may leave some room in it.
+  /// Returns a box, in the node's space, that contains the geometries of the node and of all
+  /// descendants, including hidden ones. It is computed from the transformed boxes of the
+  /// geometries, so it may be larger than necessary if a node is rotated.
   graphics::Box boundingBox() const;
 
-  /// The geometry of all children merged for drawing, if somebody prepared it; see `Batch`.
+  /// Returns the merged geometry of all children for drawing, or null if it was not prepared; see
+  /// `Batch`.
   std::shared_ptr<const Batch> preparedBatch() const;
 
-  /// See `preparedBatch`; null removes it.
+  /// Sets the prepared batch; null removes it.
   void setPreparedBatch(std::shared_ptr<const Batch> batch);
 
  private:

@@ -1,16 +1,16 @@
-// A source of particles, as far as code that only resets one needs it: none is ever drawn.
+// A source of particles that can only be reset. Particles are not drawn.
 // Public header.
 #pragma once
 
 namespace orivanta::scene {
 
-/// A source of particles. It counts how often it was reset; particles are not drawn.
+/// A source of particles. It counts its resets; particles are not drawn.
 class ParticleSystem {
  public:
-  /// Starts again without particles.
+  /// Restarts the system without particles.
   void reset() { ++resetCount_; }
 
-  /// How often the system was reset.
+  /// Returns how often the system was reset.
   int resetCount() const { return resetCount_; }
 
  private:

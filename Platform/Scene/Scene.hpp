@@ -1,4 +1,4 @@
-// A scene, and what is asked of it without drawing: what a ray hits, where a point shows.
+// A scene, hit tests and the projection of scene points to a view.
 // Public header.
 #pragma once
 
@@ -15,7 +15,7 @@ namespace orivanta::scene {
 /// A tree of nodes.
 class ORIVANTA_API Scene {
  public:
-  /// A scene with an empty root.
+  /// Creates a scene with an empty root node.
   static std::shared_ptr<Scene> make();
 
   const std::shared_ptr<Node>& rootNode() const { return rootNode_; }  ///< never null
@@ -26,29 +26,31 @@ class ORIVANTA_API Scene {
   std::shared_ptr<Node> rootNode_;
 };
 
-/// From `origin` to `origin + direction`, both in the scene's space.
+/// A ray from `origin` to `origin + direction`, in the scene's space.
 struct Ray {
   graphics::Vector3 origin;     ///< where the ray starts
   graphics::Vector3 direction;  ///< from its start to its end
 };
 
-/// Where a ray meets a geometry element.
+/// The intersection of a ray and a geometry element.
 struct Hit {
   std::shared_ptr<Node> node;  ///< the node of the geometry; never null
-  std::size_t geometryIndex;   ///< of the element
+  std::size_t geometryIndex;   ///< index of the element
   graphics::Vector3 position;  ///< in the scene's space
   float distance;              ///< from 0 at the ray's origin to 1 at its end
 };
 
-/// One hit for each geometry element that the ray meets, at its nearest triangle, nearest first. Of
-/// hits at the same distance those of later nodes come first, as they are drawn over earlier ones.
-/// Both sides of a triangle count, hidden nodes do not. Any thread.
+/// Returns one hit for each geometry element that the ray intersects, at its nearest triangle,
+/// sorted by distance. Among hits at the same distance, those of later nodes come first, because
+/// later nodes are drawn over earlier ones. Both sides of triangles can be hit. Hidden nodes are
+/// ignored. Any thread.
 ORIVANTA_API std::vector<Hit> hitTest(const Scene& scene, const Ray& ray);
 
-/// How a camera sees a scene in a view of some size. A value: it does not follow the camera.
+/// The projection of a scene by a camera to a view of some size. It does not change when the camera
+/// changes.
 class ORIVANTA_API Viewpoint {
  public:
-  /// `pointOfView` has a camera; without one it is a fatal error.
+  /// Creates a viewpoint. If `pointOfView` has no camera, that is a fatal error.
   Viewpoint(const Node& pointOfView, graphics::Size view);
 
   const graphics::Matrix4& viewMatrix() const { return view_; }  ///< scene to camera
@@ -56,12 +58,13 @@ class ORIVANTA_API Viewpoint {
     return projection_;
   }  ///< camera to clip space
 
-  /// The point of the view (points, y downwards) where a scene point shows, and its depth from 0
-  /// at the near plane to 1 at the far one. A point in the plane of the camera has infinities or
-  /// NaN; one behind it is mirrored, with a depth above 1.
+  /// Returns the point of the view (points, y downwards) at which a scene point appears, and its
+  /// depth, from 0 at the near plane to 1 at the far plane. For a point in the camera's plane, the
+  /// result contains infinities or NaN. A point behind the camera is mirrored, with a depth greater
+  /// than 1.
   graphics::Vector3 project(const graphics::Vector3& point) const;
 
-  /// From the near plane to the far one, through a point of the view.
+  /// Returns the ray from the near plane to the far plane through a point of the view.
   Ray ray(graphics::Point viewPoint) const;
 
  private:
@@ -70,7 +73,8 @@ class ORIVANTA_API Viewpoint {
   graphics::Size size_;
 };
 
-/// The first node with a camera below the root, parents before their children; null without one.
+/// Returns the first descendant of the root that has a camera, parents before their children, or
+/// null if there is none.
 ORIVANTA_API std::shared_ptr<Node> findPointOfView(const Scene& scene);
 
 }  // namespace orivanta::scene

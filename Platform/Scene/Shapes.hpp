@@ -1,5 +1,5 @@
-// Geometries computed from a few numbers. Each has one element and no material yet; triangles run
-// counter-clockwise as seen from outside.
+// Functions that compute geometries. Each geometry has one element and no material. Triangles are
+// counterclockwise as seen from outside.
 // Public header.
 #pragma once
 
@@ -12,19 +12,21 @@
 
 namespace orivanta::scene {
 
-/// A closed outline in the x-y plane, given by its corners in either sense, extruded along z from
-/// -depth/2 to depth/2: front, sides and back. The outline must be convex, the depth not negative.
-/// Texture coordinates of the two faces run from (0, 0) at the smallest corner of the outline's box
-/// to (1, 1) at its largest, those of a side along its edge and from the back to the front. Fewer
-/// than three corners give a geometry without triangles.
+/// Returns a closed outline in the x-y plane, extruded along z from -depth/2 to depth/2, with
+/// front, sides and back. `outline` contains the corners in clockwise or counterclockwise order.
+/// The outline must be convex, and the depth must not be negative. The texture coordinates of the
+/// front and the back are (0, 0) at the smallest corner of the outline's bounding box and (1, 1) at
+/// the largest. Those of a side increase along its edge and from the back to the front. If there
+/// are fewer than three corners, the geometry has no triangles.
 ORIVANTA_API std::shared_ptr<Geometry> makeExtrusion(std::span<const graphics::Point> outline,
                                                      double depth);
 
-/// Around the y axis, from -height/2 to height/2, with both caps; round to the eye by the normals
-/// of its 48 sides. Texture coordinates run once around and upwards, and across each cap.
+/// Returns a cylinder around the y axis from -height/2 to height/2, with both caps. It has 48
+/// sides, whose normals make it appear round. Texture coordinates increase once around it and
+/// upwards, and across each cap.
 ORIVANTA_API std::shared_ptr<Geometry> makeCylinder(double radius, double height);
 
-/// An x-y plane without end: a square of 20,000 units around the origin that faces upwards,
+/// Returns a floor in the x-y plane: a square of 20,000 units around the origin that faces upwards,
 /// with texture coordinates from (0, 0) to (1, 1).
 ORIVANTA_API std::shared_ptr<Geometry> makeFloor();
 

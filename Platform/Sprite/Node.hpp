@@ -1,4 +1,4 @@
-// The parts of a 2D scene: places, sprites and labels.
+// The nodes of a 2D scene: plain nodes, sprites and labels.
 // Public header.
 #pragma once
 
@@ -16,9 +16,9 @@ namespace orivanta::sprite {
 
 class Scene;
 
-/// Coordinates are points with y upwards. Held by handle; a parent owns its children. Safe from
-/// any thread, one operation at a time; hold a `graphics::Transaction` around changes that a frame
-/// should show together.
+/// A node of a 2D scene, held by shared pointers. A parent owns its children. Coordinates are
+/// points, with y upwards. Each function is safe to call from any thread. Hold a
+/// `graphics::Transaction` around changes that should appear in the same frame.
 class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
  public:
   static std::shared_ptr<Node> make();  ///< at the origin, without a parent
@@ -30,27 +30,27 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   void setName(std::optional<std::string> name);  ///< names need not be unique
   graphics::Point position() const;               ///< in the parent's coordinates
   void setPosition(graphics::Point position);     ///< in the parent's coordinates
-  double zPosition() const;  ///< larger ones lie in front; added up from parents to children
+  double zPosition() const;             ///< larger values are in front; added to that of the parent
   void setZPosition(double zPosition);  ///< see `zPosition`; 0 until set
-  double alpha() const;                 ///< from 0 to 1, multiplied from parents to children
+  double alpha() const;                 ///< from 0 to 1, multiplied by that of the parent
   void setAlpha(double alpha);          ///< see `alpha`; 1 until set
   bool isHidden() const;                ///< with its children; false until set
   void setHidden(bool hidden);          ///< with its children
 
   std::vector<std::shared_ptr<Node>> children() const;  ///< in the order of adding
-  std::shared_ptr<Node> parent() const;                 ///< null at the top
-  bool hasParent() const;                               ///< false at the top
+  std::shared_ptr<Node> parent() const;                 ///< null for the topmost node
+  bool hasParent() const;                               ///< false for the topmost node
 
-  /// Takes the child from its former parent first. Null, the node itself or one above it is a
-  /// fatal error.
+  /// Adds a child. It is first removed from its previous parent. Null, the node itself or one of
+  /// its ancestors is a fatal error.
   void addChild(const std::shared_ptr<Node>& child);
-  void removeFromParent();  ///< does nothing at the top
+  void removeFromParent();  ///< does nothing for the topmost node
 
-  /// What the node itself covers, without its children, in its parent's coordinates. Empty for a
-  /// node that draws nothing. A label covers the image of its text.
+  /// Returns the rectangle that the node covers, without its children, in its parent's coordinates.
+  /// It is empty for a node that draws nothing. A label covers the image of its text.
   graphics::Rect frame() const;
 
-  /// The same around the node's own origin.
+  /// Same as `frame`, but in the node's coordinates.
   virtual graphics::Rect localFrame() const;
 
  protected:
@@ -68,13 +68,13 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   Node* parent_ = nullptr;
 };
 
-/// An image, centered on its position.
+/// A node that shows an image centered on its position.
 class ORIVANTA_API SpriteNode : public Node {
  public:
-  /// As large as the image. A null texture shows nothing.
+  /// Creates a sprite of the image's size. A null texture shows nothing.
   static std::shared_ptr<SpriteNode> make(std::shared_ptr<const graphics::Image> texture);
 
-  /// The image stretched to a size in points. A null texture shows nothing.
+  /// Creates a sprite that stretches the image to a size in points. A null texture shows nothing.
   static std::shared_ptr<SpriteNode> make(std::shared_ptr<const graphics::Image> texture,
                                           graphics::Size size);
 
@@ -91,10 +91,10 @@ class ORIVANTA_API SpriteNode : public Node {
   graphics::Size size_;
 };
 
-/// A line of text, centered on its position.
+/// A node that shows a line of text centered on its position.
 class ORIVANTA_API LabelNode : public Node {
  public:
-  static std::shared_ptr<LabelNode> make(std::string text = {});  ///< white, 32 points high
+  static std::shared_ptr<LabelNode> make(std::string text = {});  ///< white, font size 32
 
   std::string text() const;              ///< UTF-8
   void setText(std::string text);        ///< UTF-8
@@ -103,8 +103,8 @@ class ORIVANTA_API LabelNode : public Node {
   graphics::Color color() const;         ///< of the glyphs
   void setColor(graphics::Color color);  ///< of the glyphs
 
-  /// The text as a picture with `scale` pixels per point, kept until the label changes; null for a
-  /// text without ink.
+  /// Returns an image of the text with `scale` pixels per point, or null if the text has no visible
+  /// glyphs. The image is cached until the label changes.
   std::shared_ptr<const graphics::Image> image(double scale) const;
 
   graphics::Rect localFrame() const override;
@@ -116,7 +116,7 @@ class ORIVANTA_API LabelNode : public Node {
   double fontSize_ = 32.0;
   graphics::Color color_ = graphics::colors::white;
   mutable std::shared_ptr<const graphics::Image> image_;
-  mutable double imageScale_ = 0.0;  // of `image_`, null or not; 0 when it is out of date
+  mutable double imageScale_ = 0.0;  // of `image_`, even if that is null; 0 if it is out of date
 };
 
 }  // namespace orivanta::sprite

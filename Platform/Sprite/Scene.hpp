@@ -1,4 +1,4 @@
-// A 2D scene that lies over a view.
+// A 2D scene that is shown over a view.
 // Public header.
 #pragma once
 
@@ -10,7 +10,8 @@
 
 namespace orivanta::sprite {
 
-/// The origin is the lower left corner. The scene is stretched over the whole view that shows it.
+/// A 2D scene. Its origin is the lower left corner. It is stretched to the whole view that shows
+/// it.
 class ORIVANTA_API Scene : public Node {
  public:
   static std::shared_ptr<Scene> make(graphics::Size size);  ///< an empty scene
@@ -19,28 +20,29 @@ class ORIVANTA_API Scene : public Node {
   void setSize(graphics::Size size);           ///< nodes keep their positions
   graphics::Rect localFrame() const override;  ///< from the origin to the size
 
-  /// The foremost node whose frame holds a point of the scene, hidden ones and what is below them
-  /// left out; the scene itself when there is none. In front lies the larger sum of z positions;
-  /// among equals children lie before their parents and later children before earlier ones.
+  /// Returns the foremost node whose frame contains a point of the scene, or the scene itself if
+  /// there is none. Hidden nodes and their descendants are ignored. Nodes with a larger sum of z
+  /// positions are in front. If the sums are equal, children are in front of their parents, and
+  /// later children are in front of earlier ones.
   std::shared_ptr<Node> nodeAt(graphics::Point point);
 
-  /// Where a point of the scene is in a view of this size (points, y downwards) that shows the
-  /// scene. An empty scene gives infinities or NaN.
+  /// Converts a point of the scene to a view of this size that shows the scene (points, y
+  /// downwards). If the scene is empty, the result contains infinities or NaN.
   graphics::Point convertToView(graphics::Point point, graphics::Size view) const;
 
-  /// The reverse of `convertToView`. An empty view gives infinities or NaN.
+  /// The inverse of `convertToView`. If the view is empty, the result contains infinities or NaN.
   graphics::Point convertFromView(graphics::Point point, graphics::Size view) const;
 
-  /// Called by the view that shows the scene with fingers that were put down, in the scene's
-  /// coordinates. Does nothing unless overridden. Main thread.
+  /// Called by the view that shows the scene when fingers have landed. `touches` are positions in
+  /// the scene's coordinates. Does nothing unless overridden. Main thread.
   virtual void touchesBegan(std::span<const graphics::Point> touches);
 
-  /// Called before each frame with its time in seconds. Does nothing unless overridden. The thread
-  /// that draws.
+  /// Called before each frame on the thread that draws. `currentTime`: seconds. Does nothing unless
+  /// overridden.
   virtual void update(double currentTime);
 
  protected:
-  /// For subclasses: an empty scene.
+  /// Creates an empty scene, for subclasses.
   explicit Scene(graphics::Size size);
 
  private:

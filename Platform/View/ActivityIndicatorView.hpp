@@ -1,4 +1,4 @@
-// A turning wheel that says that something is going on.
+// A rotating wheel that indicates activity.
 // Public header.
 #pragma once
 
@@ -9,23 +9,23 @@
 
 namespace orivanta::view {
 
-/// Size and color of an activity indicator.
+/// The size and the color of an activity indicator.
 enum class ActivityIndicatorStyle {
   whiteLarge,  ///< white, 37 x 37 points
   white,       ///< white, 20 x 20 points
   gray         ///< gray, 20 x 20 points
 };
 
-/// A turning wheel in the middle of its bounds, over its background. Neither is shown while it does
-/// not turn. Takes no touches.
+/// Shows a rotating wheel in the center of its bounds, over the background. While it is not
+/// animating, it shows neither the wheel nor the background. Does not receive touches.
 class ORIVANTA_API ActivityIndicatorView : public View {
  public:
-  ActivityIndicatorView();  ///< without a size; does not turn
+  ActivityIndicatorView();  ///< with an empty frame, not animating
 
   ActivityIndicatorStyle style() const;  ///< `white` until set
 
-  /// Sets the frame's size, 37 x 37 points for `whiteLarge` and 20 x 20 for the others, and the
-  /// color.
+  /// Sets the color and the frame's size: 37 x 37 points for `whiteLarge`, 20 x 20 points for the
+  /// others.
   void setStyle(ActivityIndicatorStyle style);
   graphics::Color color() const;         ///< of the wheel
   void setColor(graphics::Color color);  ///< of the wheel
@@ -41,7 +41,7 @@ class ORIVANTA_API ActivityIndicatorView : public View {
   ActivityIndicatorStyle style_ = ActivityIndicatorStyle::white;
   graphics::Color color_ = graphics::colors::white;
   bool animating_ = false;
-  std::shared_ptr<const graphics::Image> wheel_;  // null when it is out of date
+  std::shared_ptr<const graphics::Image> wheel_;  // null if it is out of date
 };
 
 }  // namespace orivanta::view

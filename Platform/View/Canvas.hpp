@@ -1,4 +1,4 @@
-// What a view draws on: the port between the views and a renderer.
+// The interface that views draw with: the port between the views and a renderer.
 // Public header.
 #pragma once
 
@@ -10,29 +10,30 @@
 
 namespace orivanta::view {
 
-/// Coordinates are points of the view that draws, from its upper left corner with y downwards. The
-/// canvas multiplies every alpha by that of the view and of the views above it. Later drawing
-/// covers earlier. Lives for one frame.
+/// A canvas for one frame. Coordinates are points of the view that draws, with the origin in its
+/// upper left corner and y downwards. The canvas multiplies every alpha by the alpha of the view
+/// and of its ancestors. Later drawing covers earlier drawing.
 class ORIVANTA_API Canvas {
  public:
   virtual ~Canvas() = default;
 
-  /// The time of the frame in seconds, rising from frame to frame.
+  /// Returns the time of the frame in seconds. It increases from frame to frame.
   virtual double time() const = 0;
 
-  /// Device pixels per point.
+  /// Returns the device pixels per point.
   virtual double scale() const = 0;
 
-  /// Fills a rectangle, with round corners of a radius in points.
+  /// Fills a rectangle. `cornerRadius`: points; 0 for square corners.
   virtual void fill(const graphics::Rect& rect, const graphics::Color& color,
                     double cornerRadius = 0.0) = 0;
 
-  /// Stretches the image over the rectangle, turned clockwise about its center by radians.
+  /// Draws the image stretched to the rectangle and rotated clockwise about its center. `turn`:
+  /// radians.
   virtual void draw(const std::shared_ptr<const graphics::Image>& image, const graphics::Rect& rect,
                     double alpha = 1.0, double turn = 0.0) = 0;
 
-  /// The view's 3D scene, with the background behind it when that is opaque, and the overlay over
-  /// both. What lies under it shows through elsewhere.
+  /// Draws the view's 3D scene in front of the view's background if that is opaque, and the overlay
+  /// scene in front of both. Where nothing is drawn, earlier drawing remains visible.
   virtual void draw(SceneView& view, const graphics::Rect& rect) = 0;
 };
 

@@ -17,10 +17,10 @@ class ORIVANTA_API Coder {
  public:
   Coder() = default;  ///< an empty archive
 
-  /// An archive of these numbers.
+  /// Creates an archive of these numbers.
   explicit Coder(std::map<std::string, double, std::less<>> numbers);
 
-  /// Nothing when the archive has no such number.
+  /// Returns the number, or nothing if the archive does not contain the key.
   std::optional<double> number(std::string_view key) const;
 
  private:

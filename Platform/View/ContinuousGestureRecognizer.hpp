@@ -1,4 +1,4 @@
-// What gestures that last have in common: pans, pinches and rotations.
+// The base class of continuous gestures: pans, pinches and rotations.
 // Public header.
 #pragma once
 
@@ -7,25 +7,26 @@
 
 namespace orivanta::view {
 
-/// Begins once the right number of fingers has moved far enough, changes with every movement and
-/// ends when their number is no longer right. What it measures counts from the moment of its
-/// beginning, so that it begins with nothing moved; fingers that come or go do not make it jump.
-/// When it ends with fingers still down, all continuous recognizers may begin with those.
+/// Begins when an accepted number of fingers has moved far enough, changes with every movement and
+/// ends when the number of fingers is no longer accepted. It measures movement from its beginning,
+/// so the initial value is no movement. The value does not jump when a finger lands or leaves. If
+/// fingers are still down when it ends, all continuous recognizers may begin with them.
 class ORIVANTA_API ContinuousGestureRecognizer : public GestureRecognizer {
  protected:
-  /// Whether the gesture is made with so many fingers. Never with none.
+  /// Returns whether the gesture can be made with this number of fingers. Must return false for 0.
   virtual bool takes(std::size_t fingerCount) const = 0;
 
-  /// Back to nothing moved.
+  /// Resets the measured movement.
   virtual void clear() = 0;
 
-  /// Measure further from where the fingers are now.
+  /// Continues measuring from the current positions of the fingers.
   virtual void rebase() = 0;
 
-  /// Adds the fingers' movement; returns whether all of it since `clear` is far enough to begin.
+  /// Adds the fingers' movement. Returns whether the movement since `clear` is sufficient to begin.
   virtual bool follow() = 0;
 
-  /// From the first finger to the second, in points; zero with fewer than two.
+  /// Returns the vector from the first finger to the second in points, or zero if there are fewer
+  /// than two fingers.
   graphics::Point span() const;
 
   void fingerLanded(double time) final;

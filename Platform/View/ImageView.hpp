@@ -1,4 +1,4 @@
-// A view that shows a picture.
+// A view that shows an image.
 // Public header.
 #pragma once
 
@@ -9,10 +9,10 @@
 
 namespace orivanta::view {
 
-/// A view that stretches an image over its bounds. Takes no touches.
+/// Shows an image stretched to its bounds. Does not receive touches.
 class ORIVANTA_API ImageView : public View {
  public:
-  /// As large as the image. Without one, empty.
+  /// Creates a view of the image's size, or with an empty frame if the image is null.
   explicit ImageView(std::shared_ptr<const graphics::Image> image = nullptr);
 
   std::shared_ptr<const graphics::Image> image() const;         ///< may be null

@@ -17,8 +17,8 @@ enum class LayoutAttribute {
   right,     ///< x of the right edge
   top,       ///< y of the upper edge
   bottom,    ///< y of the lower edge
-  leading,   ///< as `left`, whatever the direction of writing
-  trailing,  ///< as `right`, whatever the direction of writing
+  leading,   ///< same as `left`, in every writing direction
+  trailing,  ///< same as `right`, in every writing direction
   width,     ///< from left to right
   height,    ///< from top to bottom
   centerX,   ///< x of the center
@@ -26,12 +26,12 @@ enum class LayoutAttribute {
 };
 
 /// The equation first.firstAttribute = second.secondAttribute * multiplier + constant, in points.
-/// Without a second view the right-hand side is the constant alone. The edges of a parent are those
-/// of its bounds.
+/// If there is no second view, the right-hand side is only the constant. The edges of a parent are
+/// those of its bounds.
 ///
-/// Views are not owned. The parent of both views holds the constraint; if one view is the parent of
-/// the other, that view does; a view holds a constraint that is about itself alone. The constraint
-/// is removed when one of the views is removed from the view that holds it.
+/// Views are not owned. The constraint is held by the parent of both views, by one of the views if
+/// it is the parent of the other, or by the view itself if the constraint refers to no other view.
+/// The constraint is removed when one of the views is removed from the view that holds it.
 struct LayoutConstraint {
   View* first = nullptr;                                    ///< never null in use
   LayoutAttribute firstAttribute = LayoutAttribute::none;   ///< not `none` in use
@@ -41,20 +41,21 @@ struct LayoutConstraint {
   double constant = 0.0;                                    ///< points
 };
 
-/// The constraints of a visual format of the form "H:|-0-[subview]-0-|" or "V:|-0-[subview]-0-|",
-/// with any decimal numbers: `subview`, a child of `superview`, at those distances from its edges.
-/// Either edge may be left out ("H:|-5-[subview]"), and "|[subview]" stands for "|-0-[subview]". An
-/// unknown form, or another name than `name`, is a fatal error.
+/// Returns the constraints for a visual format of the form "H:|-0-[subview]-0-|" or
+/// "V:|-0-[subview]-0-|". They place `subview`, a child of `superview`, at the given distances from
+/// the edges of `superview`. The distances may be any decimal numbers. Either edge may be left out
+/// ("H:|-5-[subview]"), and "|[subview]" means "|-0-[subview]". An unknown form, or a view name
+/// other than `name`, is a fatal error.
 ORIVANTA_API std::vector<LayoutConstraint> constraintsWithVisualFormat(std::string_view format,
                                                                        std::string_view name,
                                                                        View& subview,
                                                                        View& superview);
 
-/// Lays out the children of a view: solves the constraints that the view holds, and then those that
-/// its children hold on themselves, for the frames of those children that do not translate their
-/// autoresizing mask. Earlier constraints win where some contradict one another, and each that
-/// loses is told in a diagnostic line. What the constraints leave open keeps its value, sizes
-/// before origins. A negative size becomes 0.
+/// Lays out the children of a view that do not translate their autoresizing mask. Solves the
+/// constraints that the view holds, and then those that its children hold on themselves. If
+/// constraints contradict one another, the earlier one is used, and each ignored one is reported in
+/// a diagnostic line. Values that the constraints do not determine are kept, sizes before origins.
+/// A negative size becomes 0.
 ORIVANTA_API void solveLayout(View& superview);
 
 }  // namespace orivanta::view

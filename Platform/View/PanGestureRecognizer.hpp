@@ -1,4 +1,4 @@
-// Fingers that drag.
+// A recognizer for dragging.
 // Public header.
 #pragma once
 
@@ -9,17 +9,18 @@
 
 namespace orivanta::view {
 
-/// Begins once the fingers' middle has moved 10 points with a number of fingers in range.
+/// Recognizes dragging. Begins when the center of the fingers has moved by 10 points and the number
+/// of fingers is within the range.
 class ORIVANTA_API PanGestureRecognizer : public ContinuousGestureRecognizer {
  public:
-  std::size_t minimumNumberOfTouches = 1;         ///< fingers with which it may be made
-  std::size_t maximumNumberOfTouches = SIZE_MAX;  ///< fingers with which it may be made
+  std::size_t minimumNumberOfTouches = 1;         ///< smallest number of fingers
+  std::size_t maximumNumberOfTouches = SIZE_MAX;  ///< largest number of fingers
 
-  /// Points that the fingers' middle has moved since the gesture began, at which it is zero. As
-  /// views are not turned, it is the same in every view.
+  /// Returns the movement of the fingers' center since the beginning of the gesture, in points. As
+  /// views are not rotated, it is the same in every view.
   graphics::Point translation() const { return translation_; }
 
-  /// What follows is added to it.
+  /// Sets the translation. Further movement is added to this value.
   void setTranslation(graphics::Point translation) { translation_ = translation; }
 
  protected:
@@ -30,7 +31,7 @@ class ORIVANTA_API PanGestureRecognizer : public ContinuousGestureRecognizer {
 
  private:
   graphics::Point translation_;
-  graphics::Point last_;  // the fingers' middle
+  graphics::Point last_;  // center of the fingers
 };
 
 }  // namespace orivanta::view

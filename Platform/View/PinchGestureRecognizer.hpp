@@ -1,4 +1,4 @@
-// Two fingers that move apart or together.
+// A recognizer for two fingers that move apart or together.
 // Public header.
 #pragma once
 
@@ -7,15 +7,16 @@
 
 namespace orivanta::view {
 
-/// Made with the first two of at least two fingers. Begins once their distance has changed by 8
-/// points. A distance below a point counts as one, so that the scale is always above zero.
+/// Recognizes pinching with the first two of at least two fingers. Begins when their distance has
+/// changed by 8 points. A distance below one point counts as one point, so that the scale is always
+/// greater than 0.
 class ORIVANTA_API PinchGestureRecognizer : public ContinuousGestureRecognizer {
  public:
-  /// Of the distance since the gesture began, at which it is 1; above 1 the fingers are further
-  /// apart.
+  /// Returns the ratio of the current distance to the distance at the beginning of the gesture. It
+  /// is greater than 1 if the fingers have moved apart.
   double scale() const { return scale_; }
 
-  /// What follows is multiplied by it.
+  /// Sets the scale. Further changes of the distance multiply this value.
   void setScale(double scale) { scale_ = scale; }
 
  protected:

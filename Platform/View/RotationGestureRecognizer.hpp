@@ -1,4 +1,4 @@
-// Two fingers that turn about one another.
+// A recognizer for two fingers that rotate around each other.
 // Public header.
 #pragma once
 
@@ -7,15 +7,16 @@
 
 namespace orivanta::view {
 
-/// Made with the first two of at least two fingers. Begins once the line between them has turned by
-/// 5 degrees. While they are less than a point apart they turn nothing.
+/// Recognizes rotation with the first two of at least two fingers. Begins when the line between
+/// them has rotated by 5 degrees. Movement is ignored while the fingers are less than one point
+/// apart.
 class ORIVANTA_API RotationGestureRecognizer : public ContinuousGestureRecognizer {
  public:
-  /// Radians clockwise, as seen, since the gesture began, at which it is 0. Goes on beyond half a
-  /// turn, without a jump.
+  /// Returns the rotation since the beginning of the gesture in radians, clockwise on the screen.
+  /// It is continuous beyond half a turn.
   double rotation() const { return rotation_; }
 
-  /// What follows is added to it.
+  /// Sets the rotation. Further rotation is added to this value.
   void setRotation(double rotation) { rotation_ = rotation; }
 
  protected:
@@ -26,7 +27,7 @@ class ORIVANTA_API RotationGestureRecognizer : public ContinuousGestureRecognize
 
  private:
   double rotation_ = 0.0;
-  graphics::Point last_;  // the fingers' span when they were last far enough apart
+  graphics::Point last_;  // the span when the fingers were last far enough apart
 };
 
 }  // namespace orivanta::view

@@ -1,4 +1,4 @@
-// A view that shows a 3D scene, with a 2D scene over it.
+// A view that shows a 3D scene with a 2D overlay scene in front of it.
 // Public header.
 #pragma once
 
@@ -13,17 +13,17 @@
 
 namespace orivanta::view {
 
-/// Told by whoever draws a scene view.
+/// Receives callbacks from the renderer of a scene view.
 class ORIVANTA_API SceneRendererDelegate {
  public:
   virtual ~SceneRendererDelegate() = default;
 
-  /// Before each frame, on the thread that draws, under a transaction. `time` in seconds.
+  /// Called before each frame on the thread that draws, under a transaction. `time`: seconds.
   virtual void willRenderScene(SceneView& view, const std::shared_ptr<scene::Scene>& scene,
                                double time) = 0;
 };
 
-/// Seen from the scene's first camera. White behind the scene until another background is set.
+/// A view that shows a scene from its first camera. The default background is white.
 class ORIVANTA_API SceneView : public View {
  public:
   explicit SceneView(graphics::Rect frame = {});  ///< without a scene
@@ -40,27 +40,28 @@ class ORIVANTA_API SceneView : public View {
   /// Replaces the delegate; null removes it.
   void setRendererDelegate(SceneRendererDelegate* delegate);
 
-  /// How the scene is seen now; nothing without a scene or a camera.
+  /// Returns the current viewpoint, or nothing if there is no scene or no camera.
   std::optional<scene::Viewpoint> viewpoint() const;
 
-  /// What lies under a point of the view, nearest first; nothing without a scene or a camera.
+  /// Returns the hits under a point of the view, nearest first. Returns an empty list if there is
+  /// no scene or no camera.
   std::vector<scene::Hit> hits(graphics::Point point) const;
 
-  /// The point of the view where a scene point shows, and its depth (`scene::Viewpoint::project`);
-  /// zeros without a scene or a camera.
+  /// Returns the point of the view at which a scene point appears, and its depth (see
+  /// `scene::Viewpoint::project`). Returns zeros if there is no scene or no camera.
   graphics::Vector3 project(const graphics::Vector3& point) const;
 
-  /// Makes nodes ready to be drawn without a pause, in the background, and then calls `completion`
-  /// on the main queue. The nodes must not be changed before. Without success, for want of memory,
-  /// the nodes are drawn all the same.
+  /// Prepares nodes in the background, so that drawing them for the first time does not delay a
+  /// frame, and then calls `completion` on the main queue. The nodes must not be changed until
+  /// then. `success` is false if there was not enough memory; the nodes are drawn nevertheless.
   static void prepare(std::vector<std::shared_ptr<scene::Node>> nodes,
                       std::function<void(bool success)> completion);
 
-  /// Tells the overlay, in its own coordinates, then the parent.
+  /// Passes the touches to the overlay scene, in the overlay's coordinates, and then to the parent.
   void touchesBegan(std::span<const Touch> touches) override;
 
   void draw(Canvas& canvas) override;
-  bool isAnimating() const override;  ///< while a material of a node in sight of the scene moves
+  bool isAnimating() const override;  ///< true if a material of a visible node is animated
 
  private:
   using Materials = std::vector<std::weak_ptr<scene::Material>>;
@@ -69,8 +70,8 @@ class ORIVANTA_API SceneView : public View {
   std::shared_ptr<scene::Scene> scene_;
   std::shared_ptr<sprite::Scene> overlayScene_;
   SceneRendererDelegate* rendererDelegate_ = nullptr;
-  mutable Materials animated_;                // of the scene, as of the change below
-  mutable std::uint64_t animatedChange_ = 0;  // the count of changes when they were looked for
+  mutable Materials animated_;                // of the scene, as of `animatedChange_`
+  mutable std::uint64_t animatedChange_ = 0;  // the change count when they were collected
 };
 
 }  // namespace orivanta::view

@@ -1,4 +1,4 @@
-// One or more short touches of one place.
+// A recognizer for one or more taps at the same place.
 // Public header.
 #pragma once
 
@@ -7,9 +7,9 @@
 
 namespace orivanta::view {
 
-/// Ends once as many fingers as required, no more and no fewer, have touched as often as required:
-/// each for at most 0.75 seconds, without moving further than 10 points, and each tap at most 0.35
-/// seconds after the one before and 40 points from it.
+/// Recognizes taps. Ends when exactly the required number of fingers has tapped the required number
+/// of times. Each touch may last at most 0.75 seconds and move at most 10 points. Each tap must
+/// follow the previous one within 0.35 seconds and 40 points.
 class ORIVANTA_API TapGestureRecognizer : public GestureRecognizer {
  public:
   std::size_t numberOfTapsRequired = 1;     ///< 2 for a double tap
@@ -23,7 +23,7 @@ class ORIVANTA_API TapGestureRecognizer : public GestureRecognizer {
 
  private:
   std::size_t tapCount_ = 0;
-  std::size_t mostFingers_ = 0;  // down at once in this tap
+  std::size_t mostFingers_ = 0;  // simultaneous fingers in this tap
   double lastTapTime_ = 0.0;
   graphics::Point lastTapPlace_;
 };

@@ -1,4 +1,4 @@
-// One finger at one moment.
+// A touch: the state of one finger at one time.
 // Public header.
 #pragma once
 
@@ -13,15 +13,15 @@ enum class TouchPhase {
   began,     ///< it landed
   moved,     ///< it moved
   ended,     ///< it left
-  cancelled  ///< it counts no longer, such as when a window loses the input
+  cancelled  ///< it is no longer tracked, for example because a window lost the input
 };
 
-/// One finger at one moment.
+/// The state of one finger at one time.
 struct Touch {
-  std::uint64_t identifier = 0;          ///< the same from a finger's landing to its leaving
+  std::uint64_t identifier = 0;          ///< the same from when a finger lands until it leaves
   TouchPhase phase = TouchPhase::began;  ///< what the finger does
-  graphics::Point position;              ///< points of the topmost view
-  double time = 0.0;                     ///< seconds, rising
+  graphics::Point position;              ///< in points of the topmost view
+  double time = 0.0;                     ///< seconds; increases
 };
 
 }  // namespace orivanta::view

@@ -1,4 +1,4 @@
-// Brings fingers to the views under them and to their gesture recognizers.
+// Delivers touches to the views under the fingers and to their gesture recognizers.
 // Public header.
 #pragma once
 
@@ -11,25 +11,28 @@
 
 namespace orivanta::view {
 
-/// One for each topmost view; a host, or whoever replays a recording, feeds it. Main thread.
+/// Dispatches the touches of one topmost view. A host calls it, or code that replays a recording.
+/// Main thread.
 ///
-/// A finger belongs to the view that it landed on, and to the recognizers of that view and of those
-/// above it, until it leaves; when one of these views leaves the tree, the finger counts as
-/// canceled for its recognizers. Recognizers are told before the view, those of lower views first.
+/// A finger belongs to the view that it landed on, and to the recognizers of that view and of its
+/// ancestors, until it leaves. If one of these views is removed from the tree, the finger is
+/// canceled for that view's recognizers. Recognizers receive a touch before the view does, those of
+/// descendants first.
 ///
-/// Recognizers that share a finger exclude one another: the first to begin, or to end at once as a
-/// tap does, makes those that are still possible fail, unless a view above both allows the two to
-/// run at once (`View::allowSimultaneous`). A pan for one finger ends when a second one lands. As
-/// nothing is running then, pans, pinches and rotations start over with the fingers that are down,
-/// and the first of them to see enough movement begins; likewise when one of two fingers leaves. A
-/// tap that failed stays so until all of its fingers have left.
+/// Recognizers that share a finger exclude one another. The first one to begin, or to end
+/// immediately as a tap does, makes the others that are still possible fail, unless a common
+/// ancestor view allows the two to run simultaneously (`View::allowSimultaneous`). A pan for one
+/// finger ends when a second finger lands. As no recognizer is running then, pans, pinches and
+/// rotations start over with the fingers that are down, and the first one that detects enough
+/// movement begins. The same happens when one of two fingers leaves. A tap that has failed remains
+/// failed until all of its fingers have left.
 ///
-/// What makes no sense is passed over: an unknown finger that moves or leaves, a known one that
-/// lands, a place that is not finite or lies more than a million points from the upper left corner.
-/// Time never runs backwards.
+/// Invalid touches are ignored: an unknown finger that moves or leaves, a known finger that lands,
+/// and a position that is not finite or is more than a million points away from the upper left
+/// corner. Time never decreases.
 class ORIVANTA_API TouchDispatcher {
  public:
-  /// Keeps the view.
+  /// Creates a dispatcher that shares ownership of the view.
   explicit TouchDispatcher(std::shared_ptr<View> root);
 
   /// Cancels all fingers.
@@ -37,23 +40,24 @@ class ORIVANTA_API TouchDispatcher {
   TouchDispatcher(const TouchDispatcher&) = delete;
   TouchDispatcher& operator=(const TouchDispatcher&) = delete;
 
-  /// Touches of one moment, such as all that a host has received between two frames. Movements that
-  /// follow one another count as one, so that two fingers moving side by side never seem to move
-  /// apart. Called by an action or a view that is being told of a touch, it waits until that is
-  /// done.
+  /// Dispatches touches that are treated as simultaneous, such as all touches that a host has
+  /// received between two frames. Consecutive movements are combined, so that two fingers moving in
+  /// parallel do not appear to move apart. If it is called by an action or a view during the
+  /// delivery of a touch, the new touches are dispatched after that delivery.
   void dispatch(std::span<const Touch> touches);
 
-  /// A single touch.
+  /// Dispatches a single touch.
   void dispatch(const Touch& touch) { dispatch({&touch, 1}); }
 
-  /// Ends every finger as canceled, as when a window loses the input.
+  /// Cancels all fingers, for example because a window loses the input.
   void cancelAll(double time);
 
  private:
   friend class GestureRecognizer;
   struct Session;
 
-  /// Whether the recognizer may begin, or end at once; if so, makes those fail that it excludes.
+  /// Returns whether the recognizer may begin, or end immediately. If it may, makes the recognizers
+  /// that it excludes fail.
   bool claim(const GestureRecognizer& recognizer);
 
   void deliver(std::span<const Touch> touches);

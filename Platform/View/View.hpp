@@ -1,4 +1,4 @@
-// A rectangle on the screen that draws itself, its children, and receives touches.
+// A view: a rectangle on the screen that draws its contents, has children and receives touches.
 // Public header.
 #pragma once
 
@@ -19,19 +19,21 @@
 
 namespace orivanta::view {
 
-/// Whether two recognizers may run at once.
+/// Returns whether two recognizers may run simultaneously.
 using SimultaneousRule =
     std::function<bool(const GestureRecognizer& one, const GestureRecognizer& other)>;
 
-/// Frames are points of the parent view, from its upper left corner with y downwards. Held by
-/// handle; a parent owns its children. Main thread, apart from drawing, which also lays out:
-/// changes and the walk of a renderer are kept apart by `graphics::Transaction`.
+/// The base class of views. Frames are in points of the parent view, with the origin in its upper
+/// left corner and y downwards. Views are held by shared pointers; a parent owns its children. Use
+/// views on the main thread. Drawing, which includes layout, may happen on another thread;
+/// `graphics::Transaction` synchronizes changes with the renderer.
 class ORIVANTA_API View : public std::enable_shared_from_this<View> {
  public:
-  /// A view without a parent. `frame`: points.
+  /// Creates a view without a parent. `frame`: points.
   explicit View(graphics::Rect frame = {});
 
-  /// The frame that an archive holds under "x", "y", "width" and "height"; 0 for what is missing.
+  /// Creates a view with the frame that an archive contains under "x", "y", "width" and "height".
+  /// Missing values are 0.
   explicit View(const Coder& coder);
   virtual ~View();
   View(const View&) = delete;
@@ -45,98 +47,102 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   void setAlpha(double alpha);  ///< see `alpha`; 1 until set
   std::optional<graphics::Color> backgroundColor() const;         ///< none until set
   void setBackgroundColor(std::optional<graphics::Color> color);  ///< none removes it
-  bool isHidden() const;                         ///< with its children; false until set
+  bool isHidden() const;                         ///< includes its children; false until set
   void setHidden(bool hidden);                   ///< with its children
-  bool isUserInteractionEnabled() const;         ///< true until set; false lets touches through
+  bool isUserInteractionEnabled() const;         ///< true until set; if false, touches pass through
   void setUserInteractionEnabled(bool enabled);  ///< see `isUserInteractionEnabled`
 
-  View* superview() const;                              ///< null at the top
+  View* superview() const;                              ///< null for the topmost view
   std::vector<std::shared_ptr<View>> subviews() const;  ///< from the back to the front
 
-  /// In front of the other children; taken from a former parent first. Null, the view itself or one
-  /// above it is a fatal error.
+  /// Adds a child in front of the other children. It is first removed from its previous parent.
+  /// Null, the view itself or one of its ancestors is a fatal error.
   void addSubview(const std::shared_ptr<View>& subview);
-  void removeFromSuperview();                     ///< drops the parent's constraints on this view
-  void bringSubviewToFront(const View& subview);  ///< nothing unless it is a child
+  void removeFromSuperview();  ///< also removes the parent's constraints on this view
+  void bringSubviewToFront(const View& subview);  ///< does nothing unless it is a child
 
-  /// If true, as it is until set, the frame stays as it was set. If false, constraints determine
-  /// it.
+  /// If true (the default), layout does not change the frame. If false, constraints determine it.
   bool translatesAutoresizingMaskIntoConstraints() const;
 
   /// See `translatesAutoresizingMaskIntoConstraints`.
   void setTranslatesAutoresizingMaskIntoConstraints(bool translates);
 
-  /// On this view and its children; another view is a fatal error.
+  /// Adds a constraint on this view and its children. A constraint on any other view is a fatal
+  /// error.
   void addConstraint(const LayoutConstraint& constraint);
 
-  /// Adds several constraints, in their order.
+  /// Adds several constraints in the given order.
   void addConstraints(std::span<const LayoutConstraint> constraints);
   std::vector<LayoutConstraint> constraints() const;  ///< in the order of adding
 
-  /// Solves the constraints of this view and, then, of those below it, where something has changed
-  /// since. Hosts call it after they changed a size, the renderer before each frame.
+  /// Solves the constraints of this view and then those of its descendants, for the views that have
+  /// changed since the last layout. Hosts call it after they change a size. The renderer calls it
+  /// before each frame.
   void layoutIfNeeded();
 
-  /// Taken from a former view first. Null is a fatal error.
+  /// Adds a recognizer. It is first removed from its previous view. Null is a fatal error.
   void addGestureRecognizer(const std::shared_ptr<GestureRecognizer>& recognizer);
 
-  /// One under way is canceled first. Nothing unless it belongs to this view.
+  /// Removes a recognizer. A running gesture is canceled first. Does nothing unless the recognizer
+  /// belongs to this view.
   void removeGestureRecognizer(const GestureRecognizer& recognizer);
 
-  /// In the order of adding.
+  /// Returns the recognizers in the order of adding.
   const std::vector<std::shared_ptr<GestureRecognizer>>& gestureRecognizers() const {
     return gestureRecognizers_;
   }
 
-  /// Whether two recognizers of this view or of views below it may run at once; asked with the two
-  /// in either order. None may until a rule is set.
+  /// Sets the rule that decides whether two recognizers of this view or of its descendants may run
+  /// simultaneously. The rule is called with the two recognizers in either order. Without a rule,
+  /// no two may run simultaneously.
   void allowSimultaneous(SimultaneousRule rule);
 
-  /// Empty until set.
+  /// Returns the rule. It is empty until set.
   const SimultaneousRule& simultaneousRule() const { return simultaneousRule_; }
 
-  /// A point of this view in another one. Views of two trees count as if the upper left corners of
-  /// their topmost views were one.
+  /// Converts a point of this view to the coordinates of another view. If the views belong to
+  /// different trees, the upper left corners of their topmost views are treated as the same point.
   graphics::Point convert(graphics::Point point, const View& to) const;
 
-  /// The foremost view at a point of this view that takes touches: itself or one below; null
-  /// outside of it, when it is hidden, all but transparent (alpha under 0.01) or takes none.
+  /// Returns the foremost view at a point of this view that receives touches: this view or a
+  /// descendant. Returns null if the point is outside this view, or if this view is hidden, nearly
+  /// transparent (alpha less than 0.01) or does not receive touches.
   std::shared_ptr<View> viewAt(graphics::Point point);
 
-  /// Called with fingers that were put down on this view, whatever its recognizers make of them.
-  /// Like the next two, passes them on to the parent view unless overridden.
+  /// Called when fingers have landed on this view, whether or not its recognizers use them. By
+  /// default, this and the next two functions call the same function of the parent view.
   virtual void touchesBegan(std::span<const Touch> touches);
 
-  /// Called with fingers that have moved since they were put down on this view.
+  /// Called when fingers that landed on this view have moved.
   virtual void touchesMoved(std::span<const Touch> touches);
 
-  /// Called with fingers that were put down on this view and have left.
+  /// Called when fingers that landed on this view have left.
   virtual void touchesEnded(std::span<const Touch> touches);
 
-  /// Draws the view without its children, which whoever draws the tree draws over it. Fills the
-  /// bounds with the background color; an overriding view calls this first, unless it covers them.
-  /// Under a transaction.
+  /// Draws the view without its children. The renderer draws the children over it. The default
+  /// implementation fills the bounds with the background color; an override calls it first unless
+  /// it covers the bounds. Called under a transaction.
   virtual void draw(Canvas& canvas);
 
-  /// Whether the view, or one below it that is not hidden, looks different at a later time though
-  /// nothing was changed.
+  /// Returns whether the view, or a descendant that is not hidden, changes its appearance over time
+  /// without being modified.
   virtual bool isAnimating() const;
 
-  /// Whether a frame drawn now could differ from the last one that a renderer drew of this view:
-  /// the view has not been drawn yet, `isAnimating`, or a scene, a sprite or a view has changed
-  /// since. Changes count for all views of the process, so a view may need a frame because of
-  /// another one. Hosts that draw only when this is true save the others. Any thread.
+  /// Returns whether a new frame could differ from the last frame that a renderer drew of this
+  /// view. This is the case if the view has not been drawn yet, if it is animating, or if a scene,
+  /// a sprite or a view has changed since. Changes are counted for the whole process, so a view may
+  /// need a frame because of another view. Hosts can skip frames while this is false. Any thread.
   bool needsFrame() const;
 
-  /// Makes `needsFrame` true. Views that draw themselves call it when they come to look different.
+  /// Makes `needsFrame` true. Views that override `draw` call it when their appearance changes.
   static void setNeedsFrame();
 
-  /// A renderer calls it, under the transaction in which it has gathered a frame of this view.
+  /// Called by a renderer, under the transaction in which it has gathered a frame of this view.
   void frameGathered();
 
  protected:
-  /// Called when the children of this view have their places, before those below them. Does nothing
-  /// unless overridden. Under a transaction.
+  /// Called after the children of this view are laid out and before their descendants are. Does
+  /// nothing unless overridden. Called under a transaction.
   virtual void didLayOut();
 
  private:
@@ -149,7 +155,7 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   bool userInteractionEnabled_ = true;
   bool translatesAutoresizingMask_ = true;
   bool needsLayout_ = true;
-  std::uint64_t drawnChange_ = 0;  // the count of changes that the last frame shows; 0 before it
+  std::uint64_t drawnChange_ = 0;  // change count of the last frame; 0 before the first one
   View* superview_ = nullptr;
   std::vector<std::shared_ptr<View>> subviews_;
   std::vector<LayoutConstraint> constraints_;
@@ -157,7 +163,7 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   SimultaneousRule simultaneousRule_;
 };
 
-/// The topmost view above a view; itself at the top.
+/// Returns the topmost ancestor of a view, or the view itself if it has no parent.
 ORIVANTA_API const View& topmostView(const View& view);
 
 }  // namespace orivanta::view

@@ -1,4 +1,5 @@
-// A place to draw without a display: an EGL context without a surface, and a framebuffer.
+// An offscreen buffer for drawing without a display: an EGL context without an EGL surface, and a
+// framebuffer.
 // Public header.
 #pragma once
 
@@ -11,24 +12,25 @@
 
 namespace orivanta::render {
 
-/// Belongs to the thread that made it, whose current context it is until it goes.
+/// An offscreen surface. It belongs to the thread that created it. Its context is that thread's
+/// current context until it is destroyed.
 class ORIVANTA_API OffscreenSurface {
  public:
-  /// Sides in pixels, at least 1 and at most what the driver allows. The error says what the
-  /// machine lacks.
+  /// Creates a surface. The sides are in pixels, from 1 to the driver's limit. The error describes
+  /// what the system does not support.
   static foundation::Result<std::unique_ptr<OffscreenSurface>> make(std::uint32_t width,
                                                                     std::uint32_t height);
   ~OffscreenSurface();
   OffscreenSurface(const OffscreenSurface&) = delete;
   OffscreenSurface& operator=(const OffscreenSurface&) = delete;
 
-  /// Makes the context current on the calling thread again, after another one was.
+  /// Makes the context current on the calling thread again, after another context was made current.
   void makeCurrent();
 
-  /// OpenGL's name of the framebuffer to draw into.
+  /// Returns the OpenGL name of the framebuffer to draw into.
   unsigned framebuffer() const;
 
-  /// What was drawn, with `scale` pixels per point; never null.
+  /// Returns the contents as an image with `scale` pixels per point; never null.
   std::shared_ptr<const graphics::Image> read(double scale = 1.0);
 
  private:
