@@ -1,0 +1,84 @@
+// Plans routes through a venue and derives instructions from them.
+//
+//   auto guide = guidance::Guide::make(*venue);
+//   guidance::Plan plan = guide->plan({.stops = {entrance, shop}});
+//   if (plan.problem) ...
+//   for (const auto& step : guide->steps(plan.itineraries.front()))
+//     std::cout << narrator.text(...);
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "Platform/Foundation/Cancellation.hpp"
+#include "Platform/Foundation/Export.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/Guidance/Itinerary.hpp"
+#include "Source/Guidance/Plan.hpp"
+#include "Source/Guidance/Request.hpp"
+#include "Source/Guidance/Step.hpp"
+
+namespace orivanta::guidance {
+
+class GuideNetwork;
+
+/// A point of the walking network.
+struct Snap {
+  std::shared_ptr<Node> from;  ///< one end of the edge
+  std::shared_ptr<Node> to;    ///< the other end
+  double share = 0.0;          ///< the position on the edge: 0 is `from`, 1 is `to`
+  double x = 0.0;              ///< the point, in the venue's units
+  double y = 0.0;              ///< the point, in the venue's units
+  double distance = 0.0;       ///< from the given position, in the venue's units
+};
+
+/// Plans exact cheapest routes by expected time. Immutable: it keeps what it needs of the venue and
+/// is not affected by the next load. Thread-safe: any number of threads may use one guide.
+class ORIVANTA_API Guide {
+ public:
+  /// Creates a guide from all nodes and connectors of a loaded venue, whether or not the venue was
+  /// loaded for accessible routes. Returns null if the venue is not loaded.
+  static std::shared_ptr<const Guide> make(const Venue& venue);
+  ~Guide();
+  Guide(const Guide&) = delete;
+  Guide& operator=(const Guide&) = delete;
+
+  /// Finds routes. If the search is canceled, the plan has the problem `unreachable`.
+  Plan plan(const Request& request, const foundation::CancellationToken& token = {}) const;
+
+  /// Finds the route to the nearest open place of a category by cost: a request with two stops.
+  /// `limit` further places are returned as alternatives, by cost.
+  Plan nearest(const Stop& from, const std::shared_ptr<Category>& category,
+               const Profile& profile = {}, const Closures& closures = {},
+               std::optional<LocalTime> at = std::nullopt, int limit = 0) const;
+
+  /// Returns the costs in milliseconds from each start (row) to each destination (column), or -1 if
+  /// there is no way or a stop is not known. The rows are computed concurrently.
+  std::vector<std::vector<std::int64_t>> costs(const std::vector<Stop>& from,
+                                               const std::vector<Stop>& to,
+                                               const Profile& profile = {},
+                                               const Closures& closures = {}) const;
+
+  /// Returns the point of the walking network next to a position on its floor. Returns nothing if
+  /// the floor has no network.
+  std::optional<Snap> snap(const Position& position) const;
+
+  /// Describes a given path: consecutive nodes must be connected. The places may be null. Returns
+  /// nothing if the path is empty or two consecutive nodes are not connected.
+  std::optional<Itinerary> itinerary(const NodeList& path,
+                                     const std::shared_ptr<Location>& departFrom = nullptr,
+                                     const std::shared_ptr<Location>& arriveAt = nullptr,
+                                     const Profile& profile = {}) const;
+
+  /// Returns the instructions for an itinerary of this guide.
+  std::vector<Step> steps(const Itinerary& itinerary) const;
+
+ private:
+  class Implementation;
+  explicit Guide(std::unique_ptr<Implementation> implementation);
+  std::unique_ptr<Implementation> implementation_;
+};
+
+}  // namespace orivanta::guidance
