@@ -88,6 +88,7 @@ json::array mapRecords(const Plan& plan) {
     map["shortName"] = text(floor.shortName);
     map["elevation"] = toUnits(floor.elevation);
     map["venue"] = text(plan.slug);
+    if (floor.outdoor) map["outdoor"] = true;
     const std::string model = "maps/" + std::string(floor.id);
     json::array images;
     for (const std::string_view image : {"tiles.png", "deck.png", "steps.png"})
@@ -166,7 +167,7 @@ json::object locationRecord(const Place& place, const Category& category) {
   record["description"] = text(place.description);
   record["categories"] = json::array{"cat-" + std::string(category.id)};
   if (!symbolOf(category.id).empty()) record["picture"] = pictureOf(category);
-  if (!category.openingHours.empty()) record["openingHours"] = text(category.openingHours);
+  if (!category.openingHours.empty()) record["hours"] = text(category.openingHours);
   record["nodes"] = json::array();
   record["polygons"] = json::array();
   return record;
@@ -214,6 +215,8 @@ json::array vortexRecords(const Plan& plan, const Network& network) {
     json::object record = named(std::string(connector.id), connector.names);
     const auto [type, category] = typeAndCategory(connector.kind);
     record["type"] = text(type);
+    // No sign in the building shows the name of an escalator, so instructions must not use it.
+    if (connector.kind == ConnectorKind::Escalator) record["nameGenerated"] = true;
     record["accessible"] = connector.accessible;
     record["weight"] = connector.weight;
     record["categories"] = json::array{text(category)};

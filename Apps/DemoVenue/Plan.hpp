@@ -54,6 +54,7 @@ struct Floor {
   std::string_view shortName;
   Names names;
   double elevation;                 ///< meters above the street
+  bool outdoor = false;             ///< not below a roof
   std::vector<Outline> slab = {};   ///< the floor plate, in pieces without holes
   std::vector<Outline> voids = {};  ///< openings to the floor below
   std::vector<Walkway> walkways = {};

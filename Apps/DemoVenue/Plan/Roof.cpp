@@ -9,7 +9,8 @@ Floor makeRoof() {
   Floor floor = {.id = "roof",
                  .shortName = "R",
                  .names = {"Roof terrace", "屋上テラス", "شرفة السطح", "Dachterrasse"},
-                 .elevation = 15.0};
+                 .elevation = 15.0,
+                 .outdoor = true};
   addRingSlab(floor);
   addRing(floor);
   addGallery(floor);
