@@ -7,42 +7,51 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Guidance/Guide.hpp"
+#include "Source/Guidance/Itinerary.hpp"
+#include "Source/Guidance/Request.hpp"
+#include "Source/Guidance/Step.hpp"
 
 namespace orivanta::guidance {
 
 /// The progress along a route.
 struct Progress {
   std::size_t leg = 0;        ///< the index of the current leg
-  double legMeters = 0.0;     ///< how far the traveler is on this leg
+  double legMeters = 0.0;     ///< the distance walked on this leg; 0 on a ride
   double metersLeft = 0.0;    ///< the walk to the destination
   double secondsLeft = 0.0;   ///< the time to the destination
   std::size_t step = 0;       ///< the index of the next instruction
   double metersToStep = 0.0;  ///< the walk to it
   bool offRoute = false;      ///< whether the traveler has left the route
-  bool arrived = false;       ///< whether the destination is reached
+  bool arrived = false;       ///< whether the destination has been reached
 };
 
-/// Used by one thread at a time.
+/// Determines how far a traveler is on a route, which instruction is next, and whether the traveler
+/// has left the route. Then call `Guide::plan` with the position as the first stop. Without
+/// `unitsPerMetre`, one unit of the venue counts as one meter. Used by one thread at a time.
 class ORIVANTA_API Follower {
  public:
-  /// When a traveler counts as off the route.
+  /// When a traveler is off the route, and when the destination is reached.
   struct Limits {
-    double meters = 8.0;         ///< the distance from the route, or another floor
-    double seconds = 3.0;        ///< for how long
-    double arrivalMeters = 4.0;  ///< the distance from the destination that counts as arrival
+    double meters = 8.0;         ///< the distance from the route; another floor always exceeds it
+    double seconds = 3.0;        ///< how long the distance must be exceeded
+    double arrivalMeters = 4.0;  ///< the rest of the route that counts as arrival
   };
 
   /// Follows an itinerary of the guide. The guide must not be null.
-  Follower(std::shared_ptr<const Guide> guide, Itinerary itinerary);
+  Follower(const Guide& guide, Itinerary itinerary);
 
   /// As above, with other limits.
-  Follower(std::shared_ptr<const Guide> guide, Itinerary itinerary, Limits limits);
+  Follower(const Guide& guide, Itinerary itinerary, Limits limits);
+  ~Follower();
+  Follower(Follower&&) noexcept;             ///< The other follower can then only be destroyed.
+  Follower& operator=(Follower&&) noexcept;  ///< The other follower can then only be destroyed.
 
-  /// Sets the traveler's position at a time. `seconds` count from any origin and must not decrease;
-  /// an earlier time is treated as the last one. Returns the progress.
+  /// Sets the position at a time. `seconds` is counted from any origin; a time before the last one
+  /// is treated as the last one. Positions that are not finite, or without a floor, are ignored.
+  /// Returns the progress, valid until the next call.
   const Progress& update(const Position& position, double seconds);
 
-  /// Returns the last progress.
+  /// Returns the last progress; before the first update, that at the start.
   const Progress& progress() const { return progress_; }
 
   /// Returns the itinerary.
@@ -52,11 +61,19 @@ class ORIVANTA_API Follower {
   const std::vector<Step>& steps() const { return steps_; }
 
  private:
-  std::shared_ptr<const Guide> guide_;
+  class Track;
+
+  void show(double along);
+
   Itinerary itinerary_;
   Limits limits_;
   std::vector<Step> steps_;
+  std::unique_ptr<const Track> track_;
   Progress progress_;
+  double along_ = 0.0;      // the position along the track
+  double seconds_ = 0.0;    // the time of the last update
+  double lastOnRoute_ = 0;  // the time of the last update that was on the route
+  bool started_ = false;
 };
 
 }  // namespace orivanta::guidance

@@ -72,6 +72,9 @@ class ORIVANTA_API Guide {
                                      const std::shared_ptr<Location>& arriveAt = nullptr,
                                      const Profile& profile = {}) const;
 
+  /// Returns how many of the venue's units are a meter; 1 if the venue does not state it.
+  double unitsPerMeter() const;
+
   /// Returns the instructions for an itinerary of this guide.
   std::vector<Step> steps(const Itinerary& itinerary) const;
 
