@@ -10,6 +10,7 @@
 #include "Source/Guidance/Closures.hpp"
 #include "Source/Guidance/LocalTime.hpp"
 #include "Source/Guidance/Profile.hpp"
+#include "Source/NodeList.hpp"
 
 namespace orivanta::guidance {
 
@@ -20,9 +21,9 @@ struct Position {
   double y = 0.0;            ///< in the venue's units
 };
 
-/// A stop of a route: any node of a location, a node, the nearest open location of a category, or
-/// the nearest point of the walking network to a position.
-using Stop = std::variant<std::shared_ptr<Location>, std::shared_ptr<Node>,
+/// A stop of a route: any node of a location, a node, any of several nodes, the nearest open
+/// location of a category, or the nearest point of the walking network to a position.
+using Stop = std::variant<std::shared_ptr<Location>, std::shared_ptr<Node>, NodeList,
                           std::shared_ptr<Category>, Position>;
 
 /// A request for routes. A value.
