@@ -29,6 +29,9 @@ constexpr unsigned looksPerWindow = 30;
 constexpr unsigned mostAttempts = 5;
 constexpr std::chrono::milliseconds attemptDelay(20);
 
+// How long a response may be computed on another thread, including the time in its queue.
+constexpr std::chrono::seconds longestDeferral(30);
+
 std::chrono::milliseconds lookInterval(const ConnectionLimits& limits) {
   return std::max(std::chrono::milliseconds(1), limits.rateWindow / looksPerWindow);
 }
@@ -122,18 +125,50 @@ void HttpConnection::requestUnread(const Error& error) {
 
 void HttpConnection::answer() {
   if (!enter(Phase::working)) return;
+  Response response;
+  try {
+    response = context_->handler(requestFrom(parser_->get(), fromTrustedProxy_));
+    if (response.deferred) return answerDeferred(std::move(response));
+    if (response.status == 503 && ++attempts_ < mostAttempts) return answerLater();
+  } catch (...) {
+    return respond(errorResponse(500, "An internal error occurred."));
+  }
+  respond(std::move(response));
+}
+
+void HttpConnection::respond(Response response) {
   const auto& request = parser_->get();
+  const bool keepAlive = request.keep_alive() && response.status != 500;
   std::shared_ptr<Outgoing> outgoing;
   try {
-    Response response = context_->handler(requestFrom(request, fromTrustedProxy_));
-    if (response.status == 503 && ++attempts_ < mostAttempts) return answerLater();
-    outgoing = std::make_shared<Outgoing>(
-        messageFrom(std::move(response), request.version(), request.keep_alive()));
+    outgoing =
+        std::make_shared<Outgoing>(messageFrom(std::move(response), request.version(), keepAlive));
   } catch (...) {
     outgoing = std::make_shared<Outgoing>(
         messageFrom(errorResponse(500, "An internal error occurred."), request.version(), false));
   }
   send(std::move(outgoing));
+}
+
+// The callback holds no reference, because it may be destroyed after the socket's context.
+void HttpConnection::answerDeferred(Response response) {
+  computing_ = std::make_shared<boost::asio::steady_timer>(stream_.get_executor(), longestDeferral);
+  computing_->async_wait([self = shared_from_this(), timer = computing_](const Error& error) {
+    if (error || std::exchange(self->computing_, nullptr) != timer) return;
+    self->respond(unavailableResponse("The response could not be computed in time."));
+  });
+  stream_.expires_never();
+  response.deferred([weak = weak_from_this(), timer = std::weak_ptr(computing_)](Response result) {
+    const auto self = weak.lock();
+    if (!self) return;
+    const auto executor = self->stream_.get_executor();
+    boost::asio::post(executor, [weak, timer, result = std::move(result)]() mutable {
+      const auto connection = weak.lock();
+      if (!connection || timer.expired() || connection->computing_ != timer.lock()) return;
+      std::exchange(connection->computing_, nullptr)->cancel();
+      connection->respond(std::move(result));
+    });
+  });
 }
 
 // Slow clients may be holding the missing resources: file descriptors or memory.

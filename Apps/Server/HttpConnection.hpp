@@ -53,6 +53,8 @@ class HttpConnection : public std::enable_shared_from_this<HttpConnection> {
   void requestUnread(const Error& error);
   void answer();
   void answerLater();
+  void answerDeferred(Response response);
+  void respond(Response response);
   void refuse(Response response);
   void send(std::shared_ptr<Outgoing> outgoing);
   void write(std::shared_ptr<Outgoing> outgoing);
@@ -74,6 +76,9 @@ class HttpConnection : public std::enable_shared_from_this<HttpConnection> {
   std::optional<boost::beast::http::request_parser<boost::beast::http::string_body>> parser_;
 
   unsigned attempts_ = 0;  // attempts to answer the request
+
+  // Keeps the connection alive while a response is computed on another thread.
+  std::shared_ptr<boost::asio::steady_timer> computing_;
 
   boost::asio::steady_timer rateTimer_;
   bool watchesRate_ = false;

@@ -43,6 +43,10 @@ struct Response {
   std::optional<PackageFile> file;          ///< the body, or nothing
   bool bodyOmitted = false;                 ///< send only the headers, including the body's length
 
+  /// If set, computes the response instead: calls `completed` once, on any thread, unless the
+  /// server is stopping. The other members are unused then.
+  std::function<void(std::function<void(Response)> completed)> deferred = nullptr;
+
   /// The value of the first header with exactly this name, or "".
   std::string header(std::string_view name) const;
   std::uint64_t contentLength() const;

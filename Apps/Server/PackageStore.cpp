@@ -18,9 +18,9 @@ PackageSet::PackageSet(std::vector<std::shared_ptr<const VenuePackage>> all)
   }
 }
 
-const VenuePackage* PackageSet::package(std::string_view slug) const {
+std::shared_ptr<const VenuePackage> PackageSet::package(std::string_view slug) const {
   for (const auto& package : packages)
-    if (package->slug == slug) return package.get();
+    if (package->slug == slug) return package;
   return nullptr;
 }
 
@@ -77,8 +77,8 @@ std::shared_ptr<const VenuePackage> PackageStore::replacement(const PackageSet& 
   seenVersion = std::move(version);
   try {
     auto package = std::make_shared<const VenuePackage>(readPackage(before.source));
-    const VenuePackage* namesake = old.package(package->slug);
-    if (namesake != nullptr && namesake != &before)
+    const auto namesake = old.package(package->slug);
+    if (namesake && namesake.get() != &before)
       throw PackageError(fmt::format("{}: the slug \"{}\" is also used by {}",
                                      before.source.string(), package->slug,
                                      namesake->source.string()));

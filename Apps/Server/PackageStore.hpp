@@ -23,7 +23,7 @@ struct PackageSet {
   explicit PackageSet(std::vector<std::shared_ptr<const VenuePackage>> all);
 
   /// Returns null if no venue has this slug.
-  const VenuePackage* package(std::string_view slug) const;
+  std::shared_ptr<const VenuePackage> package(std::string_view slug) const;
 };
 
 /// Thread-safe.

@@ -77,6 +77,7 @@ std::string_view lastOf(std::string_view list) {
 Router::Router(std::vector<VenuePackage> packages, Options options)
     : options_(std::move(options)),
       packages_(std::move(packages), options_.packageCheckInterval, options_.report),
+      closures_(options_.report),
       cache_(cacheBytes, mostBytesInUse) {}
 
 Response Router::respond(const Request& request) {
@@ -87,7 +88,16 @@ Response Router::respond(const Request& request) {
   } else {
     response = respondToAdmitted(request);
   }
-  response.bodyOmitted = request.method == "HEAD";
+  const bool bodyOmitted = request.method == "HEAD";
+  if (response.deferred && bodyOmitted)
+    response.deferred =
+        [start = std::move(response.deferred)](std::function<void(Response)> completed) {
+          start([completed = std::move(completed)](Response computed) {
+            computed.bodyOmitted = true;
+            completed(std::move(computed));
+          });
+        };
+  response.bodyOmitted = bodyOmitted;
   return response;
 }
 
@@ -106,22 +116,61 @@ Response Router::respondToAdmitted(const Request& request) {
                 {fmt::format("venues {}", packages->number), {}, packages->venues});
   if (path.size() == 2 && path[0] == "1" && isCollectionName(path[1]))
     return collection(request, *target, *packages);
+  if (path.size() == 2 && path[0] == "1" && path[1] == "closure")
+    return closures(request, *target, *packages);
+  if (path.size() == 2 && path[0] == "1" && path[1] == "route")
+    return route(request, *target, *packages);
   if (path.size() > 3 && path[0] == "1" && path[1] == "files")
     return file(request, *target, *packages);
   return errorResponse(404, "Nothing exists at this path. The venues are at /1/venue.");
 }
 
+// Returns the package that the query names. Sets the error response if there is none.
+std::shared_ptr<const VenuePackage> Router::packageOf(const Target& target,
+                                                      const PackageSet& packages, Response& error) {
+  const auto slug = target.queryValue("venue");
+  if (!slug) {
+    error = errorResponse(400, "The query must contain venue=SLUG.");
+    return nullptr;
+  }
+  auto venue = packages.package(*slug);
+  if (!venue)
+    error = errorResponse(404, fmt::format("There is no venue \"{}\".", percentEncoded(*slug)));
+  return venue;
+}
+
 Response Router::collection(const Request& request, const Target& target,
                             const PackageSet& packages) {
-  const auto slug = target.queryValue("venue");
-  if (!slug) return errorResponse(400, "The query must contain venue=SLUG.");
-  const VenuePackage* venue = packages.package(*slug);
-  if (venue == nullptr)
-    return errorResponse(404, fmt::format("There is no venue \"{}\".", percentEncoded(*slug)));
+  Response error;
+  const auto venue = packageOf(target, packages, error);
+  if (!venue) return error;
   const std::string& name = target.path[1];
   return page(request, target,
-              {fmt::format("{} {}", name, venue->number), "venue=" + percentEncoded(*slug),
+              {fmt::format("{} {}", name, venue->number), "venue=" + percentEncoded(venue->slug),
                *venue->collection(name)});
+}
+
+Response Router::closures(const Request& request, const Target& target,
+                          const PackageSet& packages) {
+  Response error;
+  const auto venue = packageOf(target, packages, error);
+  if (!venue) return error;
+  const auto list = closures_.current(*venue);
+  return page(request, target,
+              {fmt::format("closure {} {}", venue->number, list->number),
+               "venue=" + percentEncoded(venue->slug), list->records});
+}
+
+Response Router::route(const Request& request, const Target& target, const PackageSet& packages) {
+  Response response;
+  const auto venue = packageOf(target, packages, response);
+  if (!venue) return response;
+  GuideService::Job job{venue, closures_.current(*venue)->closures, target,
+                        languagesToLookUp(request.acceptLanguage)};
+  response.deferred = [this, job = std::move(job)](std::function<void(Response)> completed) {
+    guides_.start(job, std::move(completed));
+  };
+  return response;
 }
 
 Response Router::page(const Request& request, const Target& target, const Paged& paged) {
@@ -148,7 +197,7 @@ Response Router::page(const Request& request, const Target& target, const Paged&
 }
 
 Response Router::file(const Request& request, const Target& target, const PackageSet& packages) {
-  const VenuePackage* venue = packages.package(target.path[2]);
+  const auto venue = packages.package(target.path[2]);
   const std::vector<std::string> segments(target.path.begin() + 3, target.path.end());
   if (venue == nullptr) return errorResponse(404, "There is no such file.");
   std::error_code shortage;

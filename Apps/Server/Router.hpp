@@ -10,7 +10,9 @@
 #include <string_view>
 #include <vector>
 
+#include "Apps/Server/ClosureStore.hpp"
 #include "Apps/Server/Credentials.hpp"
+#include "Apps/Server/GuideService.hpp"
 #include "Apps/Server/Message.hpp"
 #include "Apps/Server/PackageStore.hpp"
 #include "Apps/Server/RepresentationCache.hpp"
@@ -24,6 +26,8 @@ namespace orivanta::server {
 /// - `/1/venue`: the venues, in the order of the packages;
 /// - `/1/map`, `/1/location`, `/1/category`, `/1/node`, `/1/vortex`, `/1/polygon`, each with
 ///   `?venue=SLUG`: a collection of a venue;
+/// - `/1/closure?venue=SLUG`: what the operator has closed, from the package's closure.json;
+/// - `/1/route?venue=SLUG&from=PLACE&to=PLACE`: a route with instructions, see Docs/RouteApi.md;
 /// - `/1/files/SLUG/...`: the files of a package.
 ///
 /// Collections are paged: `page` (from 1) and `per-page` select a page, and a `Link` header names
@@ -45,8 +49,11 @@ class Router {
 
   Router(std::vector<VenuePackage> packages, Options options);
 
-  /// Thread-safe.
+  /// Thread-safe. The response for a route is deferred.
   Response respond(const Request& request);
+
+  /// Ends the computation of deferred responses. Their callbacks are not called afterwards.
+  void stop() { guides_.stop(); }
 
  private:
   struct Paged {
@@ -56,14 +63,20 @@ class Router {
   };
 
   Response respondToAdmitted(const Request& request);
+  static std::shared_ptr<const VenuePackage> packageOf(const Target& target,
+                                                       const PackageSet& packages, Response& error);
   Response collection(const Request& request, const Target& target, const PackageSet& packages);
+  Response closures(const Request& request, const Target& target, const PackageSet& packages);
   Response page(const Request& request, const Target& target, const Paged& paged);
+  Response route(const Request& request, const Target& target, const PackageSet& packages);
   Response file(const Request& request, const Target& target, const PackageSet& packages);
   std::shared_ptr<const Representation> compressedFile(const PackageFile& file);
   std::string originFor(const Request& request) const;
 
   Options options_;
   PackageStore packages_;
+  ClosureStore closures_;
+  GuideService guides_;
   RepresentationCache cache_;
 };
 

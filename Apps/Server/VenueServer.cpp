@@ -94,6 +94,13 @@ class VenueServer::Implementation {
     for (unsigned count = 0; count < threadCount; ++count) threads_.add();
   }
 
+  // Deferred responses refer to connections, so they end before the context is destroyed.
+  ~Implementation() {
+    if (router_) router_->stop();
+  }
+  Implementation(const Implementation&) = delete;
+  Implementation& operator=(const Implementation&) = delete;
+
   std::string root() const { return origin_ + "/1/"; }
 
  private:
