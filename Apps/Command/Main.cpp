@@ -146,8 +146,8 @@ void addRender(CLI::App& app, CommandLine& line) {
   addNumber("--zoom", options.zoom, "Closer by this factor", "F");
   query
       .add_option("--highlight", options.highlights,
-                  "Colour a location, such as cafe=orange or cafe=#fbac17; may be repeated")
-      ->type_name("PLACE=COLOUR")
+                  "Color a location, such as cafe=orange or cafe=#fbac17; may be repeated")
+      ->type_name("PLACE=COLOR")
       ->allow_extra_args(false);
   query
       .add_option("--route", options.route, "Draw the way from one place to another, on each floor")

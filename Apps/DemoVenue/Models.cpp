@@ -72,7 +72,7 @@ void addShopfront(Model& model, const Outline& outline, Point door, double top) 
 }
 
 void addPlace(Model& model, const Plan& plan, const Floor& floor, const Place& place) {
-  model.use({polygonId(floor.id, place.id), placeColour(plan, place)});
+  model.use({polygonId(floor.id, place.id), placeColor(plan, place)});
   if (place.id == "great-astrolabe" || place.id == "tide-clock") {
     addSculpture(model, place.shape.inside,
                  distance(place.shape.doors.front(), place.shape.inside));

@@ -76,7 +76,7 @@ json::object venueRecord(const Plan& plan) {
                    {"small", "images/logo-256.png"},
                    {"original", "images/logo-256.png"}};
   venue["cover-image"] = "images/cover.png";
-  venue["unitsPerMetre"] = unitsPerMetre;
+  venue["unitsPerMetre"] = unitsPerMeter;
   venue["synthetic"] = true;
   return venue;
 }

@@ -246,7 +246,7 @@ bool VenueView::handleKey(const KeyPress& press) {
   switch (press.key) {
     case Key::pageUp:
     case Key::pageDown:
-      showFloor(floors_->neighbour(press.key == Key::pageUp ? 1 : -1));
+      showFloor(floors_->neighbor(press.key == Key::pageUp ? 1 : -1));
       return true;
     case Key::home:
       camera().fit();

@@ -82,7 +82,7 @@ Highlight parseHighlight(const Venue& venue, const std::string& text) {
                                                : graphics::Color::parse(text.substr(sign + 1));
   if (!color)
     throw CommandError(ExitCode::wrongUse,
-                       fmt::format("--highlight: \"{}\" is no colour; give a name such as orange, "
+                       fmt::format("--highlight: \"{}\" is no color; give a name such as orange, "
                                    "or #rrggbb",
                                    text.substr(sign + 1)));
   return {findLocation(venue, name), *color};

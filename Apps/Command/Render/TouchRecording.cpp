@@ -21,7 +21,8 @@ std::optional<TouchPhase> phaseNamed(const std::optional<std::string>& name) {
   if (name == "began") return TouchPhase::began;
   if (name == "moved") return TouchPhase::moved;
   if (name == "ended") return TouchPhase::ended;
-  if (name == "cancelled") return TouchPhase::cancelled;
+  // Earlier versions wrote "cancelled".
+  if (name == "canceled" || name == "cancelled") return TouchPhase::canceled;
   return std::nullopt;
 }
 

@@ -53,7 +53,7 @@ TEST(LayoutConstraint, DecidesWhatItCanAndKeepsTheRest) {
        },
        {{20, 2}, {180, 40}},
        0},
-      {"centre and share",
+      {"center and share",
        [](View* a, View*, View* p) {
          return Constraints{{a, Attribute::centerX, p, Attribute::centerX},
                             {a, Attribute::centerY, p, Attribute::centerY, 1, 5},

@@ -366,7 +366,7 @@ TEST_F(FloorLoadTest, AHandlerMayEndTheLoadOrTheView) {
   view->venue = shown.venue;
   view->downloader = downloader;
   *handle = view->loadFloors({[&](const FloorProgress&) { (*handle)->cancel(); },
-                              [](const auto&) { ADD_FAILURE() << "cancelled"; }});
+                              [](const auto&) { ADD_FAILURE() << "canceled"; }});
   shown.mapView->loadFloors(handlers());
   EXPECT_TRUE(drainUntil([this] { return !ended.empty(); }));
 }

@@ -120,7 +120,7 @@ TEST_F(MapViewGestures, PinchesMultiply) {
   EXPECT_EQ(shown.mapView->scaleEnd, 4);
 
   hand.pinch(3);
-  hand.pinch(3, GestureState::cancelled);
+  hand.pinch(3, GestureState::canceled);
   EXPECT_EQ(shown.mapView->scaleEnd, 4);
   EXPECT_EQ(shown.mapView->scaleStart, 12);
 }

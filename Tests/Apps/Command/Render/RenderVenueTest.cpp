@@ -208,7 +208,7 @@ TEST_F(RenderVenue, SaysWhatIsWrong) {
       {{"--turn", "nan"}, 2, "--turn"},
       {{"--tilt", "60"}, 2, "--tilt"},
       {{"--zoom", "-1"}, 2, "--zoom"},
-      {{"--highlight", "paper kestrel=mauvish"}, 2, "no colour"},
+      {{"--highlight", "paper kestrel=mauvish"}, 2, "no color"},
       {{"--touches", "/nonexistent"}, 2, "cannot read"},
       {{"--map", "attic"}, 1, "no floor \"attic\""},
       {{"--marker", "no such shop"}, 1, "no location"},

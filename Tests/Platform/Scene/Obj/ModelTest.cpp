@@ -164,8 +164,8 @@ TEST(Model, LibrariesAreFoundByName) {
 }
 
 TEST(MaterialLibrary, StatementsOfAMaterial) {
-  const auto look = [](std::array<float, 3> colour, float opacity, const char* texture) {
-    Material material{"M", colour, opacity, std::nullopt, true};
+  const auto look = [](std::array<float, 3> color, float opacity, const char* texture) {
+    Material material{"M", color, opacity, std::nullopt, true};
     if (*texture != '\0') material.diffuseTexture = texture;
     return material;
   };
