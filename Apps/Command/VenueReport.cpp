@@ -134,7 +134,7 @@ std::string venueText(const Venue& venue, bool accessibleOnly) {
       venue.nodes->size(), venue.polygons->size());
   text += floorsText(venue);
   if (const std::string tree = categoriesText(venue); !tree.empty())
-    text += "\nCategories (and their locations)\n" + tree;
+    text += "\nCategories (number of locations)\n" + tree;
   if (const auto groups = connectorGroups(venue, accessibleOnly); !groups.empty())
     text += fmt::format("\n{}onnectors\n{}", accessibleOnly ? "Accessible c" : "C",
                         connectorsText(groups));

@@ -79,7 +79,7 @@ void RoutePlanner::describe(PlannedRoute& route, const NavigationGraph& network)
   const NodeList& path = walk.path();
   for (const FloorVisit& visit : floorVisits(path)) addFloor(route, visit.floor);
   if (path.size() == 1) {
-    route.summary = "You are there already";
+    route.summary = "You are already there";
     return;
   }
   route.steps.push_back({StepKind::departure,

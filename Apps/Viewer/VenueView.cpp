@@ -207,7 +207,7 @@ void VenueView::clearRoute() {
 
 void VenueView::lookFor(bool start) {
   searchesForStart_ = start;
-  search_->open(start ? "Where do you begin?" : "Where do you want to go?");
+  search_->open(start ? "Where do you start?" : "Where do you want to go?");
 }
 
 // --- Keys

@@ -101,7 +101,7 @@ void Viewer::showProblem(const Problem& problem, std::function<void()> retry,
 }
 
 void Viewer::listVenues() {
-  showLoading("Looking for venues");
+  showLoading("Loading the list of venues");
   source_.fetchVenues(handlers([this] { listVenues(); }),
                       [this](const VenueSource::Venues& venues) { choose(venues); });
 }
@@ -116,10 +116,11 @@ void Viewer::choose(const VenueSource::Venues& venues) {
     if (venue != venues.end()) return open(*venue);
     return showProblem(
         {fmt::format("No venue \u201C{}\u201D", *slug_),
-         venues.size() == 1 ? fmt::format("The server at {} has only \u201C{}\u201D.",
-                                          source_.endpoint(), venues.front()->slug.value_or(""))
-                            : fmt::format("The server at {} has {} venues, but none of this name.",
-                                          source_.endpoint(), venues.size())},
+         venues.size() == 1
+             ? fmt::format("The server at {} has only \u201C{}\u201D.", source_.endpoint(),
+                           venues.front()->slug.value_or(""))
+             : fmt::format("The server at {} has {} venues, but none with this name.",
+                           source_.endpoint(), venues.size())},
         [this] { listVenues(); }, [this] { showList(); }, allVenues);
   }
   showList();
@@ -141,7 +142,8 @@ void Viewer::open(const std::shared_ptr<Venue>& venue) {
   source_.loadVenue(venue_, handlers([this, venue] { open(venue); }),
                     [this](const std::vector<LoadFailure>& missing) {
                       showFloors();
-                      if (!missing.empty()) remark("The categories of the places are missing.");
+                      if (!missing.empty())
+                        remark("The categories of the places could not be loaded.");
                     });
 }
 

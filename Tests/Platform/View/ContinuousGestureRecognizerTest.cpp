@@ -74,7 +74,7 @@ TEST(PinchGestureRecognizer, TellsTheScaleSinceItBegan) {
   fingers.move(1, {150, 100}, 0.1);
   fingers.down(2, {242, 100}, 0.2);
   fingers.move({{1, {160, 130}}, {2, {252, 130}}}, 0.3);
-  EXPECT_EQ(log.take(), "") << "side by side is no pinch";
+  EXPECT_EQ(log.take(), "") << "parallel movement is not a pinch";
   fingers.move(2, {260, 130}, 0.4);
   EXPECT_EQ(pinch->state(), GestureState::began);
   EXPECT_EQ(pinch->scale(), 1.0);

@@ -281,7 +281,7 @@ double faceArea(const std::string& text) {
 
 TEST(Model, RealFloorsKeepTheirAreaAndMaterials) {
   const auto venues = test::venuesFolder();
-  if (!venues) GTEST_SKIP() << "no venues";
+  if (!venues) GTEST_SKIP() << "the real venues are not available";
   std::size_t modelCount = 0;
   for (const std::string& venue : test::venueNames()) {
     for (const auto& entry : fs::directory_iterator(*venues / venue / "maps")) {
