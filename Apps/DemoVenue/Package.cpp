@@ -196,7 +196,7 @@ json::array locationRecords(const Plan& plan, const Network& network) {
 
 std::pair<std::string_view, std::string_view> typeAndCategory(ConnectorKind kind) {
   switch (kind) {
-    case ConnectorKind::Lift:
+    case ConnectorKind::Elevator:
       return {"elevator", "cat-lifts"};
     case ConnectorKind::Escalator:
       return {"escalator", "cat-escalators"};

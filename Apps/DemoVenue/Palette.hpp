@@ -34,7 +34,7 @@ inline constexpr Color skylight = color(0xB9D3DE);
 inline constexpr Color railing = color(0xF4F3EF);
 inline constexpr Color shaft = color(0x5F7386);
 inline constexpr Color stone = color(0xC3C0BA);
-inline constexpr Color liftDoors = color(0xE8C468);
+inline constexpr Color elevatorDoors = color(0xE8C468);
 inline constexpr Color glass = color(0xDCE9EE);
 inline constexpr Color opening = color(0x4A525C);
 }  // namespace palette

@@ -187,7 +187,7 @@ std::vector<Category> makeCategories() {
        "",
        {"Between floors", "階の移動", "بين الطوابق", "Zwischen den Etagen"},
        "amenity"},
-      {"lifts", "connections", {"Lifts", "エレベーター", "مصاعد", "Aufzüge"}, "amenity"},
+      {"lifts", "connections", {"Elevators", "エレベーター", "مصاعد", "Aufzüge"}, "amenity"},
       {"escalators",
        "connections",
        {"Escalators", "エスカレーター", "سلالم متحركة", "Rolltreppen"},
