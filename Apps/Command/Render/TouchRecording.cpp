@@ -21,8 +21,7 @@ std::optional<TouchPhase> phaseNamed(const std::optional<std::string>& name) {
   if (name == "began") return TouchPhase::began;
   if (name == "moved") return TouchPhase::moved;
   if (name == "ended") return TouchPhase::ended;
-  // Earlier versions wrote "cancelled".
-  if (name == "canceled" || name == "cancelled") return TouchPhase::canceled;
+  if (name == "canceled") return TouchPhase::canceled;
   return std::nullopt;
 }
 
