@@ -144,7 +144,7 @@ TEST_F(Command, RefusesWrongUse) {
       {{"route", "small", "--batch", "-", "--to", "n1"}, "--batch cannot be combined"},
       {{"route", "small", "--batch", missing}, "cannot read \"" + missing},
       {{"route", "small", "--batch", folder}, "cannot read \"" + folder},
-      {{"route", "small", "--batch", "-", "--password-file", "-"}, "not both"},
+      {{"route", "small", "--batch", "-", "--password-file", "-"}, "for both"},
       {{"venues", "--settings", missing}, "no such folder"},
       {{"venues", "--endpoint", "nowhere at all"}, "is not a valid URL"},
       {{"venues", "--password", "a", "--password-file", "-"}, "not both"},
