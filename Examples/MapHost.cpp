@@ -53,7 +53,7 @@ int main(int argc, char** argv) {
   }
 
   const auto surface = render::OffscreenSurface::make(800, 600);
-  if (!surface) return fail("this machine cannot draw");
+  if (!surface) return fail("cannot draw on this machine");
   render::Renderer().render(*mapView, size, 1, 0.0, (*surface)->framebuffer());
   return graphics::writePng(*(*surface)->read(), "map.png") ? 0 : 1;
 }

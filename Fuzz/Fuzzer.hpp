@@ -25,7 +25,7 @@ struct Registration {
 };
 
 [[noreturn]] inline void stop(const char* condition, const char* file, int line) {
-  std::fprintf(stderr, "%s:%d: not so: %s\n", file, line, condition);
+  std::fprintf(stderr, "%s:%d: check failed: %s\n", file, line, condition);
   std::abort();
 }
 

@@ -51,7 +51,7 @@ int replayAll(const fs::path& corpus, const std::string& only) {
   }
   for (const fs::path& folder : entriesOf(corpus)) {
     if (targets().contains(folder.filename().string())) continue;
-    std::cerr << folder << " belongs to no fuzzer\n";
+    std::cerr << folder << " does not belong to any fuzzer\n";
     missing = 1;
   }
   return missing;

@@ -78,7 +78,7 @@ class ORIVANTA_API Direction {
   const std::shared_ptr<Node> node;                 ///< where the instruction applies
   const std::shared_ptr<const Action> action;       ///< what to do
   const std::shared_ptr<Location> atLocation;       ///< may be null
-  const std::shared_ptr<Location> towardsLocation;  ///< the place to walk towards; may be null
+  const std::shared_ptr<Location> towardsLocation;  ///< the place to walk toward; may be null
   const std::string instruction;                    ///< the text for users
 };
 

@@ -107,7 +107,7 @@ void NavigationGraph::addConnectorEdges(const Collection<Vortex>& vortices, bool
     const NodeList& stops = vortex->nodes;
     if (stops.empty()) continue;
     if (stops.size() > (mostConnectorEdges - edgeCount) / stops.size()) {
-      foundation::diagnostic(fmt::format("too many connector edges: vortex {} is left out", id));
+      foundation::diagnostic(fmt::format("too many connector edges: vortex {} is ignored", id));
       continue;
     }
     edgeCount += stops.size() * stops.size();

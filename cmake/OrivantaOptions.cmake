@@ -29,6 +29,14 @@ if(ORIVANTA_SANITIZER)
   endif()
 endif()
 
+# Linking a sanitized program takes ld several seconds and mold a fraction of one. Delivered programs are
+# linked by the default linker.
+find_program(ORIVANTA_MOLD mold)
+mark_as_advanced(ORIVANTA_MOLD)
+if(ORIVANTA_MOLD)
+  add_link_options($<$<CONFIG:Debug>:-fuse-ld=mold>)
+endif()
+
 # Distances and costs are compared bit for bit, so no target may fuse a multiplication and an addition.
 add_compile_options(-ffp-contract=off)
 

@@ -58,7 +58,8 @@ const std::shared_ptr<Record>& known(
     const std::unordered_map<std::string_view, std::shared_ptr<Record>>& records,
     const RawData& identifier, const char* kind, const std::string& member) {
   const auto id = identifier.string();
-  if (!id) throw RequestError(fmt::format("\"{}\" must hold the identifier of a {}", member, kind));
+  if (!id)
+    throw RequestError(fmt::format("\"{}\" must contain the identifier of a {}", member, kind));
   const auto entry = records.find(*id);
   if (entry == records.end()) throw RequestError(fmt::format("unknown {} \"{}\"", kind, *id));
   return entry->second;
@@ -93,11 +94,11 @@ NodeList BatchRouter::side(const RawData& request, const std::string& name) cons
   const RawData list = request[name];
   const RawData place = request[name + "Location"];
   const std::string choice = fmt::format("\"{0}\" or \"{0}Location\"", name);
-  if (list.data() && place.data()) throw RequestError("give either " + choice);
+  if (list.data() && place.data()) throw RequestError("specify either " + choice + ", not both");
   if (place.data()) return known(locations_, place, "location", name + "Location")->nodes;
-  if (!list.data()) throw RequestError("no " + choice);
+  if (!list.data()) throw RequestError("missing " + choice);
   if (!list.data()->is_array())
-    throw RequestError(fmt::format("\"{}\" must be a list of identifiers of nodes", name));
+    throw RequestError(fmt::format("\"{}\" must be a list of node identifiers", name));
   NodeList nodes;
   for (const RawData& element : list.arrayValue())
     nodes.push_back(known(nodes_, element, "node", name));
@@ -125,7 +126,8 @@ std::string BatchRouter::answer(std::string_view line) const {
   std::string id = "null";
   try {
     const auto request = RawData::parse(line);
-    if (!request || !request->data()->is_object()) throw RequestError("the line is no JSON object");
+    if (!request || !request->data()->is_object())
+      throw RequestError("the line is not a JSON object");
     if (const auto given = rawMember(line, "id"); !given.empty()) id = withControlsEscaped(given);
     return fmt::format(R"({{"id":{},{}}})", id, route(*request));
   } catch (const RequestError& error) {

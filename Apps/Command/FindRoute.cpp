@@ -24,12 +24,12 @@ namespace {
 void checkUse(const FindRouteOptions& options) {
   const bool placesGiven = !options.from.empty() || !options.to.empty();
   if (options.batchFile && placesGiven)
-    throw CommandError(ExitCode::wrongUse, "--batch takes the place of --from and --to");
+    throw CommandError(ExitCode::wrongUse, "--batch cannot be combined with --from or --to");
   if (!options.batchFile && (options.from.empty() || options.to.empty()))
-    throw CommandError(ExitCode::wrongUse, "give --from and --to, or --batch");
+    throw CommandError(ExitCode::wrongUse, "specify --from and --to, or --batch");
   if (options.batchFile == "-" && options.connection.passwordFile == "-")
     throw CommandError(ExitCode::wrongUse,
-                       "standard input can be the batch or the password, not both");
+                       "standard input cannot be used for both --batch and --password-file");
 }
 
 std::ifstream openBatch(const std::string& name) {

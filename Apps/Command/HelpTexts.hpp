@@ -4,67 +4,68 @@
 namespace orivanta::command::help {
 
 inline constexpr const char* description =
-    R"(Indoor venue maps: list venues, look into one, find routes, draw floors.
+    R"(Indoor venue maps: lists and shows venues, finds routes, and renders floors.
 
-Venues come from a web API. Its root, the user name and the password are taken from the
-command line, else from the environment, else from the property lists (*.plist) of the main
-bundle: the folder "Resources" beside this program, then ~/.config/orivanta.
+Venues are loaded from a web API. Its root URL, the user name and the password are taken from the
+command line, then from the environment, then from the property lists (*.plist) in the folder
+"Resources" beside this program and in ~/.config/orivanta.
 )";
 
 inline constexpr const char* footer = R"(
 Examples:
-  orivanta view                         walk around the demo venue in a window
-  orivanta serve &                      the demo venue, on http://127.0.0.1:8080/1/
+  orivanta view                         explore the demo venue in a window
+  orivanta serve &                      serve the demo venue at http://127.0.0.1:8080/1/
   export ORIVANTA_ENDPOINT=http://127.0.0.1:8080/1/
   orivanta venues
   orivanta venue astrolabe-court --locations coffee
   orivanta route astrolabe-court --from "paper kestrel" --to "popcorn nebula" --accessible
 
-Exit codes: 0 done, 1 nothing found, 2 wrong use, 3 no answer from the server,
+Exit codes: 0 success, 1 nothing found, 2 incorrect usage, 3 no response from the server,
 4 the output cannot be written.
 
-`orivanta COMMAND --help` tells more about each command.)";
+`orivanta COMMAND --help` describes a command and its options.)";
 
 inline constexpr const char* venuesFooter = R"(
 Examples:
-  orivanta venues                              slug and name of each venue, one on a line
+  orivanta venues                              slug and name of each venue, one per line
   orivanta venues --json | jq -r '.[].slug')";
 
 inline constexpr const char* venueFooter = R"(
 Examples:
   orivanta venue astrolabe-court                       floors, categories and connectors
   orivanta venue astrolabe-court --locations           all locations
-  orivanta venue astrolabe-court --locations coffee    those with "coffee" in their name
+  orivanta venue astrolabe-court --locations coffee    those whose name contains "coffee"
   orivanta venue astrolabe-court --accessible          only connectors without steps)";
 
 inline constexpr const char* routeFooter = R"(
-A place is the identifier of a location or of a node, or a location's name: the whole name, the
-name in other capitals, or a part of it that no other name has. `orivanta venue SLUG --locations`
-lists them. With several places on a side the route may begin (end) at any of them.
+A place is the identifier of a location or a node, or the name of a location: the whole name, in
+any capitalization, or a part that occurs in no other name. `orivanta venue SLUG --locations` lists
+the locations. If --from or --to is repeated, the route may start or end at any of these places.
 
 Examples:
   orivanta route astrolabe-court --from "paper kestrel" --to "popcorn nebula"
   orivanta route astrolabe-court --from paper-kestrel --to ecliptic-1 --to ecliptic-2 --json
-  orivanta route astrolabe-court --batch requests.jsonl > answers.jsonl
+  orivanta route astrolabe-court --batch requests.jsonl > results.jsonl
 
-A batch has one JSON object a line and gives one line for each, in order:
+A batch contains one JSON object per line, and each line produces one line of output, in order:
   {"id": 1, "from": ["node-17"], "to": ["node-4", "node-5"]}
   {"id": 2, "fromLocation": "paper-kestrel", "toLocation": "ecliptic-1"}
-"path" in an answer is the list of nodes, or null without a route; "weight" is what it costs. A
-line that is no such request gives "error" instead, and the batch goes on.)";
+In the output, "path" is the list of nodes and "weight" the cost of the route; both are null if
+there is no route. A line that is not a valid request produces an "error", and the batch continues.)";
 
 inline constexpr const char* renderFooter = R"(
-Needs no display. Prints the names of the files that it writes; with several floors the short name
-of each goes into its file's name. Places are given as to `orivanta route`. With a route the
-pictures are of the floors that it passes, in its order, and the camera looks at it. A floor to
-which it comes back has a picture for each time, with that part of the route; --map FLOOR shows all
-parts on one floor.
+Does not need a display. Prints the names of the files that it writes. If there are several floors,
+the name of each file contains the short name of the floor. Places are specified as for
+`orivanta route`. With --route, the images show the floors of the route in the order of the route. A
+floor that the route enters several times has an image for each part of the route; --map FLOOR shows
+all parts on one floor.
 
 Most licenses for map data require that its sources are shown with the map. If the venue names them,
-they are on the picture. With --no-attribution, and where they do not fit, they are printed on
-standard error: show them near the picture.
+the images show them. With --no-attribution, or if they do not fit, they are printed to standard
+error: show them near the images.
 
-Recorded touches, played on each floor, are lines of JSON, positions in points from the upper left corner:
+Recorded touches are replayed on each floor. Each line is a JSON object; positions are in points
+from the upper left corner:
   {"time": 0.00, "finger": 1, "phase": "began", "x": 640, "y": 400}
   {"time": 0.10, "finger": 1, "phase": "moved", "x": 600, "y": 380}
   {"time": 0.20, "finger": 1, "phase": "ended", "x": 600, "y": 380}
@@ -77,35 +78,36 @@ Examples:
   orivanta render astrolabe-court --route "paper kestrel" "popcorn nebula" --frames 25 -o way.png)";
 
 inline constexpr const char* viewFooter = R"(
-Without SLUG there is a list of venues to choose from, and without an endpoint the demo venue.
-Drag to move, turn the wheel to come closer, drag with the right button to tilt and turn; fingers
-do all of it on a touchscreen. Press ? in the window for the list of keys.
+Without SLUG, shows a list of the venues. Without an endpoint, shows the demo venue. Drag to move
+the map, use the wheel to zoom, and drag with the right button to tilt and rotate. On a touchscreen,
+use one or two fingers. Press ? in the window for a list of keys.
 
 Examples:
   orivanta view                                 the demo venue
-  orivanta view astrolabe-court --size 390x844  one venue of the server, as on a phone
-  orivanta view --scale 2                       twice as many pixels for each point)";
+  orivanta view astrolabe-court --size 390x844  one venue, in the size of a phone
+  orivanta view --scale 2                       two pixels per point)";
 
 inline constexpr const char* serveFooter = R"(
-Prints the API root when it is ready, and serves until it is interrupted. A folder is a venue
-package or holds several of them; without one the demo venue is served. With a user name and a
-password, clients have to give them too. A package that is replaced on the disk is read again.
+Prints the root URL of the API when it is ready, and serves until it is interrupted. Each FOLDER is
+a venue package or contains several of them; the default is the demo venue. If a user name and a
+password are set, clients must send them. A package that is replaced on the disk is reloaded.
 
-URLs in answers begin with http:// and the host that the client asked. Behind a proxy that speaks
-TLS, give the origin that clients see, or the proxy's address if it tells the server in
-X-Forwarded-Proto and X-Forwarded-Host. No other client's word counts, not even on this machine.
+URLs in responses begin with http:// and the host of the request. Behind a TLS proxy, specify the
+origin that clients see with --origin, or the proxy's address with --trusted-proxy if the proxy
+sends X-Forwarded-Proto and X-Forwarded-Host. These headers are ignored if they come from any other
+client, including clients on this machine.
 
 Examples:
-  orivanta serve                        the demo venue on http://127.0.0.1:8080/1/
+  orivanta serve                        the demo venue at http://127.0.0.1:8080/1/
   orivanta serve my-venues --port 0     on a free port
   orivanta serve my-venues --address 0.0.0.0 --username me --password-file secret
   orivanta serve my-venues --origin https://maps.example
   orivanta serve my-venues --trusted-proxy 127.0.0.1)";
 
 inline constexpr const char* completionsFooter = R"(
-An installed program has its completions in place. Without installation:
+The completions are installed with the program. To use them without installation:
   source <(orivanta completions bash)
-  orivanta completions zsh > ~/.zfunc/_orivanta     a folder of $fpath
+  orivanta completions zsh > ~/.zfunc/_orivanta     a folder in $fpath
   orivanta completions fish | source)";
 
 }  // namespace orivanta::command::help

@@ -24,7 +24,7 @@ ExitCode listVenues(const ListVenuesOptions& options) {
     table.add({printable(*venue->slug), label(*venue->name)});
   }
   writeOutput(options.json ? jsonText(array) + '\n' : table.text());
-  if (venues.empty()) complain("the server has no venue for this account");
+  if (venues.empty()) complain("the server has no venues for this account");
   return ExitCode::success;
 }
 

@@ -48,16 +48,18 @@ void addText(CLI::App& app, const char* name, std::optional<std::string>& value,
 }
 
 void addConnectionOptions(CLI::App& app, ConnectionOptions& options) {
-  addText(app, "--settings", options.settingsFolder, "Folder of property lists to use", "FOLDER");
-  addText(app, "--endpoint", options.endpoint, "Root of the web API (or ORIVANTA_ENDPOINT)", "URL");
+  addText(app, "--settings", options.settingsFolder, "Folder that contains the property lists",
+          "FOLDER");
+  addText(app, "--endpoint", options.endpoint, "Root URL of the web API (or ORIVANTA_ENDPOINT)",
+          "URL");
   addText(app, "--username", options.username, "User name (or ORIVANTA_USERNAME)", "TEXT");
-  addText(app, "--password", options.password, "Password (better: ORIVANTA_PASSWORD)", "TEXT");
+  addText(app, "--password", options.password, "Password (ORIVANTA_PASSWORD is safer)", "TEXT");
   addText(app, "--password-file", options.passwordFile,
-          "File with the password, - for standard input", "FILE");
+          "File that contains the password, or - for standard input", "FILE");
 }
 
 void addQuiet(CLI::App& app, ConnectionOptions& options) {
-  app.add_flag("-q,--quiet", options.quiet, "No diagnostic lines on standard error");
+  app.add_flag("-q,--quiet", options.quiet, "Write no diagnostics to standard error");
 }
 
 // Queries accept these options before and after the subcommand.
@@ -90,50 +92,50 @@ void addVenues(CLI::App& app, CommandLine& line) {
 }
 
 void addSlug(CLI::App& query, std::string& slug) {
-  query.add_option("SLUG", slug, "The venue's key, see `orivanta venues`")
+  query.add_option("SLUG", slug, "Slug of the venue, see `orivanta venues`")
       ->required()
       ->type_name("");
 }
 
 void addVenue(CLI::App& app, CommandLine& line) {
   ShowVenueOptions& options = line.showVenue;
-  auto& query = addQuery(app, line, "venue", "Show what is in a venue", help::venueFooter, options,
-                         showVenue);
+  auto& query = addQuery(app, line, "venue", "Show the contents of a venue", help::venueFooter,
+                         options, showVenue);
   addSlug(query, options.slug);
   query
       .add_option("--locations", options.locations,
-                  "List the locations, or those with this text in their name or identifier")
+                  "List the locations, or those whose name or identifier contains TEXT")
       ->expected(0, 1)
       ->type_name("[TEXT]");
-  query.add_flag("--accessible", options.accessible, "Leave out connectors with steps");
+  query.add_flag("--accessible", options.accessible, "Exclude connectors with steps");
   addQueryOptions(query, line);
 }
 
 void addRoute(CLI::App& app, CommandLine& line) {
   FindRouteOptions& options = line.findRoute;
-  auto& query = addQuery(app, line, "route", "Find the way from one place to another",
-                         help::routeFooter, options, findRoute);
+  auto& query = addQuery(app, line, "route", "Find a route between two places", help::routeFooter,
+                         options, findRoute);
   addSlug(query, options.slug);
   const auto addPlaces = [&](const char* name, std::vector<std::string>& places,
                              const char* purpose) {
     query.add_option(name, places, purpose)->type_name("PLACE")->allow_extra_args(false);
   };
-  addPlaces("--from", options.from, "Where to begin; may be repeated");
-  addPlaces("--to", options.to, "Where to arrive; may be repeated");
-  query.add_flag("--accessible", options.accessible, "Without connectors that have steps");
-  query.add_option("--batch", options.batchFile, "File of requests, - for standard input")
+  addPlaces("--from", options.from, "Start of the route; may be repeated");
+  addPlaces("--to", options.to, "Destination of the route; may be repeated");
+  query.add_flag("--accessible", options.accessible, "Avoid connectors with steps");
+  query.add_option("--batch", options.batchFile, "File of requests, or - for standard input")
       ->type_name("FILE");
   addQueryOptions(query, line);
 }
 
 void addRender(CLI::App& app, CommandLine& line) {
   RenderVenueOptions& options = line.renderVenue;
-  auto& query = addQuery(app, line, "render", "Draw the floors of a venue to pictures",
+  auto& query = addQuery(app, line, "render", "Render the floors of a venue to images",
                          help::renderFooter, options, renderVenue);
   addSlug(query, options.slug);
-  query.add_option("--map", options.map, "The floor: its name, short name or index, or all")
+  query.add_option("--map", options.map, "Name, short name or index of the floor, or all")
       ->type_name("FLOOR");
-  query.add_option("--size", options.size, "Size of the picture in points")
+  query.add_option("--size", options.size, "Size of the image in points")
       ->type_name("WxH")
       ->capture_default_str();
   const auto addNumber = [&](const char* name, double& value, const char* purpose,
@@ -141,35 +143,34 @@ void addRender(CLI::App& app, CommandLine& line) {
     query.add_option(name, value, purpose)->type_name(type)->capture_default_str();
   };
   addNumber("--scale", options.scale, "Pixels per point", "F");
-  addNumber("--tilt", options.tilt, "Tilt from straight down, up to 60", "DEGREES");
-  addNumber("--turn", options.turn, "Turn counterclockwise", "DEGREES");
-  addNumber("--zoom", options.zoom, "Closer by this factor", "F");
+  addNumber("--tilt", options.tilt, "Camera tilt from the vertical, less than 60", "DEGREES");
+  addNumber("--turn", options.turn, "Counterclockwise rotation", "DEGREES");
+  addNumber("--zoom", options.zoom, "Zoom factor", "F");
   query
       .add_option("--highlight", options.highlights,
-                  "Colour a location, such as cafe=orange or cafe=#fbac17; may be repeated")
-      ->type_name("PLACE=COLOUR")
+                  "Highlight a location, for example cafe=orange or cafe=#fbac17; may be repeated")
+      ->type_name("PLACE=COLOR")
       ->allow_extra_args(false);
-  query
-      .add_option("--route", options.route, "Draw the way from one place to another, on each floor")
+  query.add_option("--route", options.route, "Draw a route between two places on each floor")
       ->expected(2)
       ->type_name("FROM TO");
-  query.add_flag("--accessible", options.accessible, "The way without connectors that have steps");
-  query.add_option("--marker", options.markers, "Mark a place; may be repeated")
+  query.add_flag("--accessible", options.accessible, "Avoid connectors with steps in the route");
+  query.add_option("--marker", options.markers, "Mark a location; may be repeated")
       ->type_name("PLACE")
       ->allow_extra_args(false);
-  query.add_flag("--labels", options.labels, "Write the names of the locations");
+  query.add_flag("--labels", options.labels, "Show the names of the locations");
   query
       .add_option("--attribution", options.attribution,
-                  "Corner for the sources of the map, such as upper-right")
+                  "Corner for the map's attribution, for example upper-right")
       ->type_name("CORNER")
       ->capture_default_str();
   query.add_flag("--no-attribution", options.noAttribution,
-                 "Leave them out of the picture, to be shown beside it");
-  query.add_option("--touches", options.touchesFile, "Play recorded touches first")
+                 "Print the attribution instead of drawing it");
+  query.add_option("--touches", options.touchesFile, "Replay recorded touches before rendering")
       ->type_name("FILE");
-  query.add_option("--frames", options.frames, "Write so many pictures and an animation of them")
+  query.add_option("--frames", options.frames, "Write N images and an animated GIF of them")
       ->type_name("N");
-  query.add_option("-o,--output", options.output, "The picture to write")
+  query.add_option("-o,--output", options.output, "File to write")
       ->type_name("FILE.png")
       ->capture_default_str();
   addQueryOptions(query, line);
@@ -177,16 +178,18 @@ void addRender(CLI::App& app, CommandLine& line) {
 
 void addView(CLI::App& app, CommandLine& line) {
   ViewVenueOptions& options = line.viewVenue;
-  auto& command = *app.add_subcommand("view", "Walk around a venue in a window");
+  auto& command = *app.add_subcommand("view", "Explore a venue in a window");
   command.footer(help::viewFooter);
-  command.add_option("SLUG", options.slug, "The venue's key, see `orivanta venues`")->type_name("");
+  command.add_option("SLUG", options.slug, "Slug of the venue, see `orivanta venues`")
+      ->type_name("");
   command.add_option("--size", options.size, "Size of the window in points")
       ->type_name("WxH")
       ->capture_default_str();
-  command.add_option("--scale", options.scale, "Pixels per point, instead of the screen's own")
+  command
+      .add_option("--scale", options.scale, "Pixels per point; the default is that of the screen")
       ->type_name("F");
   command.add_flag("--times", options.times,
-                   "Say on standard error how long loading and drawing took");
+                   "Print timings of loading and drawing to standard error");
   addConnectionOptions(command, line.connection);
   addQuiet(command, line.connection);
   command.callback([&line, &options] {
@@ -202,7 +205,8 @@ ExitCode serveVenues(ServeOptions& options, const ConnectionOptions& connection)
   if (options.folders.empty()) {
     const auto folder = demo::demoVenueFolder();
     if (!folder)
-      throw CommandError(ExitCode::wrongUse, "the demo venue is missing; name a folder to serve");
+      throw CommandError(ExitCode::wrongUse,
+                         "the demo venue is missing; specify a folder to serve");
     options.demoVenue = *folder;
   }
   options.username = connection.username;
@@ -212,31 +216,33 @@ ExitCode serveVenues(ServeOptions& options, const ConnectionOptions& connection)
 
 void addServe(CLI::App& app, CommandLine& line) {
   ServeOptions& options = line.serve;
-  auto& command = *app.add_subcommand("serve", "Serve venues to this program and others");
+  auto& command = *app.add_subcommand("serve", "Serve venues over HTTP");
   command.footer(help::serveFooter);
-  command.add_option("FOLDER", options.folders, "Venue packages, or folders of them")
+  command.add_option("FOLDER", options.folders, "Venue packages, or folders that contain them")
       ->type_name("");
-  command.add_option("--port", options.port, "TCP port, 0 for a free one")
+  command.add_option("--port", options.port, "TCP port; 0 selects a free one")
       ->type_name("N")
       ->capture_default_str();
   command.add_option("--address", options.address, "IP address to listen on")
       ->type_name("ADDRESS")
       ->capture_default_str();
-  command.add_option("--page-size", options.pageSize, "Records on a page")
+  command.add_option("--page-size", options.pageSize, "Records per page")
       ->check(CLI::PositiveNumber)
       ->type_name("N")
       ->capture_default_str();
-  command.add_option("--origin", options.origin, "What URLs in answers begin with, see below")
+  command.add_option("--origin", options.origin, "Origin of the URLs in responses, see below")
       ->type_name("URL");
   command
       .add_option("--trusted-proxy", options.trustedProxies,
-                  "A proxy whose X-Forwarded-Proto and -Host count; may be repeated")
+                  "Proxy whose X-Forwarded-* headers are trusted; may be repeated")
       ->type_name("ADDRESS")
       ->allow_extra_args(false);
-  addText(command, "--username", line.connection.username, "User name to ask for", "TEXT");
-  addText(command, "--password", line.connection.password, "Password to ask for", "TEXT");
+  addText(command, "--username", line.connection.username, "User name that clients must send",
+          "TEXT");
+  addText(command, "--password", line.connection.password, "Password that clients must send",
+          "TEXT");
   addText(command, "--password-file", line.connection.passwordFile,
-          "File with that password, - for standard input", "FILE");
+          "File that contains the password, or - for standard input", "FILE");
   command.callback([&line, &options] {
     line.chosen = [&line, &options] { return serveVenues(options, line.connection); };
   });
@@ -260,7 +266,7 @@ void addCompletions(CLI::App& app, CommandLine& line) {
 }
 
 void addManual(CLI::App& app, CommandLine& line) {
-  auto& command = *app.add_subcommand("manual", "Print the manual page for man(1)");
+  auto& command = *app.add_subcommand("manual", "Print the manual page in man(1) format");
   command.callback([&app, &line] {
     line.chosen = [&app] {
       std::cout << manualPage(app, ORIVANTA_VERSION);
@@ -274,8 +280,8 @@ std::string describeFailure(const CLI::App* app, const CLI::Error& error) {
   const auto unknown = app->remaining();
   std::string reason = error.what();
   if (chosen.empty() && !unknown.empty())
-    reason = fmt::format("\"{}\" is no command or option", unknown.front());
-  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more.\n",
+    reason = fmt::format("unknown command or option \"{}\"", unknown.front());
+  return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more information.\n",
                      foundation::printable(reason),
                      chosen.empty() ? "" : chosen.front()->get_name() + " ");
 }

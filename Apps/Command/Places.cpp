@@ -30,8 +30,9 @@ std::string ambiguity(const std::string& text, const Locations& candidates) {
     const Location& location = *candidates[i];
     table.add({printable(*location.id), label(*location.name), floorLabels(floorsOf(location))});
   }
-  std::string message = fmt::format("\"{}\" names {} locations, give the identifier of one:\n{}",
-                                    text, candidates.size(), table.text(2));
+  std::string message =
+      fmt::format("\"{}\" matches {} locations; specify the identifier of one:\n{}", text,
+                  candidates.size(), table.text(2));
   if (candidates.size() > mostCandidatesListed)
     message += fmt::format("  and {} more\n", candidates.size() - mostCandidatesListed);
   message.pop_back();
@@ -39,7 +40,7 @@ std::string ambiguity(const std::string& text, const Locations& candidates) {
 }
 
 RouteEnd findPlace(const Venue& venue, const std::string& text) {
-  if (text.empty()) throw CommandError(ExitCode::wrongUse, "a place must not be an empty text");
+  if (text.empty()) throw CommandError(ExitCode::wrongUse, "a place must not be empty");
   const auto [locations, node] = placesNamed(venue, text);
   if (node) return {{node}, nullptr};
   if (locations.empty())

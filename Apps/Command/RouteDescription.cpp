@@ -31,7 +31,7 @@ std::string rounded(double number) {
 
 std::string lengthText(const RouteDescription& route) {
   const std::string units = rounded(route.walk.length()) + " units";
-  return route.lengthMetres ? fmt::format("{} m ({})", rounded(*route.lengthMetres), units) : units;
+  return route.lengthMeters ? fmt::format("{} m ({})", rounded(*route.lengthMeters), units) : units;
 }
 
 const Map& floorAt(const RouteDescription& route, std::size_t index) {
@@ -66,10 +66,10 @@ json::object rideJson(const RouteDescription& route, const Ride& ride) {
 
 RouteDescription describeRoute(const Venue& venue, std::shared_ptr<const Directions> directions) {
   PathWalk walk(directions->path, *venue.navigationGraph);
-  const double unitsPerMetre = venue._data["unitsPerMetre"].doubleValue();
-  std::optional<double> lengthMetres;
-  if (unitsPerMetre > 0.0) lengthMetres = walk.length() / unitsPerMetre;
-  return {std::move(directions), std::move(walk), lengthMetres};
+  const double unitsPerMeter = venue._data["unitsPerMetre"].doubleValue();
+  std::optional<double> lengthMeters;
+  if (unitsPerMeter > 0.0) lengthMeters = walk.length() / unitsPerMeter;
+  return {std::move(directions), std::move(walk), lengthMeters};
 }
 
 std::string routeText(const RouteDescription& route) {
@@ -102,7 +102,7 @@ json::object routeJson(const RouteDescription& route) {
                        {"floors", std::move(floors)},
                        {"connectors", std::move(connectors)},
                        {"length", route.walk.length()}});
-  if (route.lengthMetres) result["lengthMetres"] = *route.lengthMetres;
+  if (route.lengthMeters) result["lengthMetres"] = *route.lengthMeters;
   result["weight"] = route.walk.weight();
   return result;
 }

@@ -15,7 +15,7 @@ namespace orivanta::command {
 struct RouteDescription {
   std::shared_ptr<const Directions> directions;
   PathWalk walk;
-  std::optional<double> lengthMetres;  ///< empty if the units per meter are unknown
+  std::optional<double> lengthMeters;  ///< empty if the units per meter are unknown
 };
 
 /// Describes a route through a loaded venue.

@@ -33,8 +33,7 @@ std::shared_ptr<Venue> venueNamed(const std::vector<std::shared_ptr<Venue>>& ven
   std::vector<std::string> slugs;
   slugs.reserve(venues.size());
   for (const auto& venue : venues) slugs.push_back(*venue->slug);
-  const std::string choice =
-      slugs.empty() ? "none at all" : fmt::format("{}", fmt::join(slugs, ", "));
+  const std::string choice = slugs.empty() ? "none" : fmt::format("{}", fmt::join(slugs, ", "));
   throw CommandError(ExitCode::notFound,
                      fmt::format("no venue \"{}\"; the server has {}", slug, choice));
 }

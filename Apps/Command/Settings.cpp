@@ -54,7 +54,8 @@ std::string withoutCredentials(const std::string& text) {
 void useSettingsFolder(const std::string& folder) {
   std::error_code failure;
   if (!fs::is_directory(folder, failure))
-    throw CommandError(ExitCode::wrongUse, fmt::format("--settings: no folder \"{}\"", folder));
+    throw CommandError(ExitCode::wrongUse,
+                       fmt::format("--settings: no such folder: \"{}\"", folder));
   foundation::setMainBundleFolder(folder);
 }
 
@@ -75,7 +76,8 @@ std::string passwordFrom(std::istream& stream, const std::string& name) {
 std::optional<std::string> givenPassword(const ConnectionOptions& options) {
   if (!options.passwordFile) return options.password;
   if (options.password)
-    throw CommandError(ExitCode::wrongUse, "give either --password or --password-file, not both");
+    throw CommandError(ExitCode::wrongUse,
+                       "specify either --password or --password-file, not both");
   if (*options.passwordFile == "-") return passwordFrom(std::cin, "standard input");
   std::ifstream file(*options.passwordFile, std::ios::binary);
   std::error_code failure;
@@ -91,11 +93,11 @@ std::string usableEndpoint(const std::string& text, const std::string& origin) {
     throw CommandError(ExitCode::wrongUse, fmt::format("the endpoint \"{}\" ({}) {}",
                                                        withoutCredentials(text), origin, reason));
   };
-  if (!url) fail("is no URL");
+  if (!url) fail("is not a valid URL");
   const std::string scheme = url->scheme();
   if (strcasecmp(scheme.c_str(), "http") != 0 && strcasecmp(scheme.c_str(), "https") != 0)
-    fail("begins with neither http:// nor https://");
-  if (url->host().empty()) fail("names no host");
+    fail("does not begin with http:// or https://");
+  if (url->host().empty()) fail("has no host");
   if (text.find_first_of("?#") != std::string::npos) fail("has a query or a fragment");
   return text.ends_with('/') ? text : text + '/';
 }
@@ -123,7 +125,7 @@ ApiSettings resolveSettings(const ConnectionOptions& options) {
   settings.password = settings.password.value_or("");
   if (settings.username->find(':') != std::string::npos)
     throw CommandError(ExitCode::wrongUse,
-                       fmt::format("a user name ({}) must not hold a colon",
+                       fmt::format("the user name ({}) must not contain a colon",
                                    username ? username->origin : endpoint.origin));
   return settings;
 }

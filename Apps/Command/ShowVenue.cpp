@@ -17,8 +17,9 @@ ExitCode listLocations(const Venue& venue, const std::string& text, bool json) {
   const auto locations = locationsContaining(venue, text);
   writeOutput(json ? jsonText(locationsJson(locations)) + '\n' : locationsText(locations));
   if (!locations.empty()) return ExitCode::success;
-  complain(text.empty() ? "the venue has no locations"
-                        : fmt::format("no location with \"{}\" in its name or identifier", text));
+  complain(text.empty()
+               ? "the venue has no locations"
+               : fmt::format("no location whose name or identifier contains \"{}\"", text));
   return ExitCode::notFound;
 }
 

@@ -134,7 +134,7 @@ std::string venueText(const Venue& venue, bool accessibleOnly) {
       venue.nodes->size(), venue.polygons->size());
   text += floorsText(venue);
   if (const std::string tree = categoriesText(venue); !tree.empty())
-    text += "\nCategories (and their locations)\n" + tree;
+    text += "\nCategories (number of locations)\n" + tree;
   if (const auto groups = connectorGroups(venue, accessibleOnly); !groups.empty())
     text += fmt::format("\n{}onnectors\n{}", accessibleOnly ? "Accessible c" : "C",
                         connectorsText(groups));
@@ -146,8 +146,8 @@ json::object venueJson(const Venue& venue, bool accessibleOnly) {
   const auto [credit, license] = attributionOf(venue);
   if (!credit.empty()) result["attribution"] = credit;
   if (!license.empty()) result["license"] = license;
-  const double unitsPerMetre = venue._data["unitsPerMetre"].doubleValue();
-  if (unitsPerMetre > 0.0) result["unitsPerMetre"] = unitsPerMetre;
+  const double unitsPerMeter = venue._data["unitsPerMetre"].doubleValue();
+  if (unitsPerMeter > 0.0) result["unitsPerMetre"] = unitsPerMeter;
   result["counts"] = {
       {"floors", venue.maps->size()},           {"locations", venue.locations->size()},
       {"categories", venue.categories->size()}, {"connectors", venue.vortices->size()},

@@ -57,7 +57,7 @@ std::unique_ptr<render::WindowSurface> openWindow(const ViewVenueOptions& option
 
 ExitCode viewVenue(const ViewVenueOptions& options) {
   if (options.scale != 0 && !(options.scale >= 0.25 && options.scale <= 8))
-    throw CommandError(ExitCode::wrongUse, "--scale: give a number from 0.25 to 8");
+    throw CommandError(ExitCode::wrongUse, "--scale must be from 0.25 to 8");
   viewer::Times times(options.times ? std::function<void(std::string_view)>(complain) : nullptr);
   showDiagnostics(options.connection);
   viewer::ViewerOptions viewerOptions;

@@ -68,37 +68,35 @@ void addLift(Model& model, const std::string& name, const Stop& stop) {
   model.use({name, palette::shaft});
   model.prism(stop.outline, 0.2, 5.0);
   // The doors: a shallow box on the wall that faces the landing.
-  model.use({"LiftDoors", palette::liftDoors});
+  model.use({"ElevatorDoors", palette::elevatorDoors});
   const Point middle = middleOf(stop.outline);
   for (std::size_t i = 0; i < stop.outline.size(); ++i) {
     const Point a = stop.outline[i];
     const Point b = stop.outline[(i + 1) % stop.outline.size()];
-    const Point outwards = Point{(b - a).y, -(b - a).x} * (1.0 / distance(a, b));
-    if (dot(stop.node - middle, outwards) < 0.9 * distance(stop.node, middle)) continue;
+    const Point outward = Point{(b - a).y, -(b - a).x} * (1.0 / distance(a, b));
+    if (dot(stop.node - middle, outward) < 0.9 * distance(stop.node, middle)) continue;
     for (const double share : {0.12, 0.56}) {
       const Point left = a + (b - a) * share;
       const Point right = a + (b - a) * (share + 0.32);
-      model.prism({left, left + outwards * 0.15, right + outwards * 0.15, right}, floorTop, 3.6);
+      model.prism({left, left + outward * 0.15, right + outward * 0.15, right}, floorTop, 3.6);
     }
   }
 }
 
 void addStop(Model& model, const Floor& floor, const Connector& connector, const Stop& stop) {
   const std::string name = polygonId(floor.id, connector.id);
-  const auto towards = [](Point from, Point to) {
-    return (to - from) * (1.0 / distance(from, to));
-  };
+  const auto toward = [](Point from, Point to) { return (to - from) * (1.0 / distance(from, to)); };
   switch (connector.kind) {
-    case ConnectorKind::Lift:
+    case ConnectorKind::Elevator:
       addLift(model, name, stop);
       return;
     case ConnectorKind::Stairs:
       model.use({name, palette::stone});
-      addSteps(model, stop.outline, towards(stop.way.front(), stop.node), 9);
+      addSteps(model, stop.outline, toward(stop.way.front(), stop.node), 9);
       return;
     case ConnectorKind::Escalator:
     case ConnectorKind::Ramp: {
-      const Point along = towards(connector.stops.front().node, connector.stops.back().node);
+      const Point along = toward(connector.stops.front().node, connector.stops.back().node);
       const bool escalator = connector.kind == ConnectorKind::Escalator;
       model.use({name, {1.0, 1.0, 1.0}, escalator ? "steps.png" : "deck.png"});
       addIncline(model, stop.outline, along, escalator ? flightTop : 3.0);

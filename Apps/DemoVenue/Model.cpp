@@ -11,7 +11,7 @@ namespace orivanta::demo {
 
 namespace {
 
-constexpr double textureMetres = 4.0;
+constexpr double textureMeters = 4.0;
 
 // Rounds to a multiple of 1 / `steps` and avoids negative zero.
 double rounded(double value, double steps) {
@@ -43,9 +43,9 @@ void Model::face(const std::vector<Corner>& corners) {
   for (std::size_t i = 0; i < corners.size(); ++i) {
     const Corner& a = corners[i];
     const Corner& b = corners[(i + 1) % corners.size()];
-    x += (a.plan.y - b.plan.y) * unitsPerMetre * (a.height + b.height);
-    y += (a.height - b.height) * (a.plan.x + b.plan.x) * unitsPerMetre;
-    z += (a.plan.x - b.plan.x) * (a.plan.y + b.plan.y) * unitsPerMetre * unitsPerMetre;
+    x += (a.plan.y - b.plan.y) * unitsPerMeter * (a.height + b.height);
+    y += (a.height - b.height) * (a.plan.x + b.plan.x) * unitsPerMeter;
+    z += (a.plan.x - b.plan.x) * (a.plan.y + b.plan.y) * unitsPerMeter * unitsPerMeter;
   }
   const double size = std::sqrt(x * x + y * y + z * z);
   if (size < 1e-9) return;
@@ -61,8 +61,8 @@ void Model::face(const std::vector<Corner>& corners) {
       group.faces += fmt::format(" {}//{}", vertex, normal);
     } else {
       const std::size_t coordinates = textureCoordinates_.number(
-          fmt::format("vt {} {}\n", rounded(corner.plan.x / textureMetres, 1e4),
-                      rounded(corner.plan.y / textureMetres, 1e4)));
+          fmt::format("vt {} {}\n", rounded(corner.plan.x / textureMeters, 1e4),
+                      rounded(corner.plan.y / textureMeters, 1e4)));
       group.faces += fmt::format(" {}/{}/{}", vertex, coordinates, normal);
     }
   }
@@ -108,7 +108,7 @@ std::string Model::obj(std::string_view library) const {
   std::string text = fmt::format(
       "# x to the east, y to the north, z up; {} units per meter\n"
       "mtllib {}\n",
-      unitsPerMetre, library);
+      unitsPerMeter, library);
   text += vertices_.text() + textureCoordinates_.text() + normals_.text();
   for (const Group& group : groups_)
     if (!group.faces.empty())
@@ -119,7 +119,7 @@ std::string Model::obj(std::string_view library) const {
 std::string Model::mtl() const {
   std::string text;
   for (const Group& group : groups_) {
-    const Colour& look = group.material.colour;
+    const Color& look = group.material.color;
     text += fmt::format("newmtl {}\nKa 0 0 0\nKd {} {} {}\nKs 0 0 0\nd 1\nillum 1\n",
                         group.material.name, rounded(look.red, 1e3), rounded(look.green, 1e3),
                         rounded(look.blue, 1e3));

@@ -18,7 +18,7 @@ namespace orivanta::demo {
 
 struct Material {
   std::string name;
-  Colour colour = {1.0, 1.0, 1.0};
+  Color color = {1.0, 1.0, 1.0};
   std::string_view texture =
       {};  ///< an image file next to the model, repeated every four meters; may be empty
 };

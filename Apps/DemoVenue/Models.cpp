@@ -63,16 +63,15 @@ void addShopfront(Model& model, const Outline& outline, Point door, double top) 
     nearest = away;
     along = (b - a) * (1.0 / distance(a, b));
   }
-  const Point outwards = Point{along.y, -along.x} * proud;
+  const Point outward = Point{along.y, -along.x} * proud;
   const Point left = door - along * half;
   const Point right = door + along * half;
   model.use({"Shopfront", palette::glass});
-  model.prism({left - outwards, left + outwards, right + outwards, right - outwards}, floorTop,
-              top);
+  model.prism({left - outward, left + outward, right + outward, right - outward}, floorTop, top);
 }
 
 void addPlace(Model& model, const Plan& plan, const Floor& floor, const Place& place) {
-  model.use({polygonId(floor.id, place.id), placeColour(plan, place)});
+  model.use({polygonId(floor.id, place.id), placeColor(plan, place)});
   if (place.id == "great-astrolabe" || place.id == "tide-clock") {
     addSculpture(model, place.shape.inside,
                  distance(place.shape.doors.front(), place.shape.inside));

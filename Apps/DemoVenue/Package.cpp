@@ -76,7 +76,7 @@ json::object venueRecord(const Plan& plan) {
                    {"small", "images/logo-256.png"},
                    {"original", "images/logo-256.png"}};
   venue["cover-image"] = "images/cover.png";
-  venue["unitsPerMetre"] = unitsPerMetre;
+  venue["unitsPerMetre"] = unitsPerMeter;
   venue["synthetic"] = true;
   return venue;
 }
@@ -197,7 +197,7 @@ json::array locationRecords(const Plan& plan, const Network& network) {
 
 std::pair<std::string_view, std::string_view> typeAndCategory(ConnectorKind kind) {
   switch (kind) {
-    case ConnectorKind::Lift:
+    case ConnectorKind::Elevator:
       return {"elevator", "cat-lifts"};
     case ConnectorKind::Escalator:
       return {"escalator", "cat-escalators"};

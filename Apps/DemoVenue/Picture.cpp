@@ -14,20 +14,20 @@ std::uint8_t toByte(double share) {
   return static_cast<std::uint8_t>(std::lround(std::clamp(share, 0.0, 1.0) * 255.0));
 }
 
-void put(std::uint8_t* pixel, Colour colour, double alpha) {
-  pixel[0] = toByte(colour.red);
-  pixel[1] = toByte(colour.green);
-  pixel[2] = toByte(colour.blue);
+void put(std::uint8_t* pixel, Color color, double alpha) {
+  pixel[0] = toByte(color.red);
+  pixel[1] = toByte(color.green);
+  pixel[2] = toByte(color.blue);
   pixel[3] = toByte(alpha);
 }
 
 // The "over" operator (Porter and Duff, 1984) for straight alpha.
-void blend(std::uint8_t* pixel, Colour colour, double share) {
+void blend(std::uint8_t* pixel, Color color, double share) {
   const double under = pixel[3] / 255.0 * (1.0 - share);
   const double alpha = share + under;
   if (alpha <= 0.0) return;
-  const Colour below = {pixel[0] / 255.0, pixel[1] / 255.0, pixel[2] / 255.0};
-  put(pixel, mixed(colour, below, under / alpha), alpha);
+  const Color below = {pixel[0] / 255.0, pixel[1] / 255.0, pixel[2] / 255.0};
+  put(pixel, mixed(color, below, under / alpha), alpha);
 }
 
 // The fraction of a pixel that is covered, sampled on a grid of points. If the samples at the
@@ -49,7 +49,7 @@ double coverage(int x, int y, const std::function<bool(Point)>& covers) {
 
 }  // namespace
 
-Picture::Picture(int width, int height, Colour background, double alpha)
+Picture::Picture(int width, int height, Color background, double alpha)
     : width_(width),
       height_(height),
       bytes_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4) {
@@ -63,19 +63,19 @@ std::uint8_t* Picture::pixel(int x, int y) {
                  4];
 }
 
-void Picture::paint(const Box& box, const std::function<bool(Point)>& covers, Colour colour) {
+void Picture::paint(const Box& box, const std::function<bool(Point)>& covers, Color color) {
   for (int y = box.top; y < box.bottom; ++y)
     for (int x = box.left; x < box.right; ++x) {
       const double share = coverage(x, y, covers);
-      if (share > 0.0) blend(pixel(x, y), colour, share);
+      if (share > 0.0) blend(pixel(x, y), color, share);
     }
 }
 
-void Picture::paint(const std::function<bool(Point)>& covers, Colour colour) {
-  paint({0, 0, width_, height_}, covers, colour);
+void Picture::paint(const std::function<bool(Point)>& covers, Color color) {
+  paint({0, 0, width_, height_}, covers, color);
 }
 
-void Picture::fill(const Outline& outline, Colour colour) {
+void Picture::fill(const Outline& outline, Color color) {
   Point least = {static_cast<double>(width_), static_cast<double>(height_)};
   Point most = {0.0, 0.0};
   for (const Point point : outline) {
@@ -83,7 +83,7 @@ void Picture::fill(const Outline& outline, Colour colour) {
     most = {std::max(most.x, point.x), std::max(most.y, point.y)};
   }
   paint(
-      boxAround(least, most), [&](Point point) { return contains(outline, point); }, colour);
+      boxAround(least, most), [&](Point point) { return contains(outline, point); }, color);
 }
 
 Picture::Box Picture::boxAround(Point least, Point most) const {
@@ -95,18 +95,18 @@ Picture::Box Picture::boxAround(Point least, Point most) const {
 }
 
 void Picture::paint(Point least, Point most, const std::function<double(Point)>& distance,
-                    Colour colour) {
+                    Color color) {
   const Box box = boxAround(least, most);
   for (int y = box.top; y < box.bottom; ++y)
     for (int x = box.left; x < box.right; ++x) {
       const double share = std::clamp(0.5 - distance({x + 0.5, y + 0.5}), 0.0, 1.0);
-      if (share > 0.0) blend(pixel(x, y), colour, share);
+      if (share > 0.0) blend(pixel(x, y), color, share);
     }
 }
 
-void Picture::shade(const std::function<Colour(int, int)>& colourAt) {
+void Picture::shade(const std::function<Color(int, int)>& colorAt) {
   for (int y = 0; y < height_; ++y)
-    for (int x = 0; x < width_; ++x) put(pixel(x, y), colourAt(x, y), 1.0);
+    for (int x = 0; x < width_; ++x) put(pixel(x, y), colorAt(x, y), 1.0);
 }
 
 void Picture::write(const std::filesystem::path& file) const {

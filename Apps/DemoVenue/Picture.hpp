@@ -14,24 +14,24 @@ namespace orivanta::demo {
 /// RGBA with straight alpha, 8 bits per channel, top row first.
 class Picture {
  public:
-  Picture(int width, int height, Colour background, double alpha = 1.0);
+  Picture(int width, int height, Color background, double alpha = 1.0);
 
   int width() const { return width_; }
   int height() const { return height_; }
 
   /// Paints the points for which the function returns true. Points are in pixels, with y pointing
   /// down; edges are antialiased.
-  void paint(const std::function<bool(Point)>& covers, Colour colour);
+  void paint(const std::function<bool(Point)>& covers, Color color);
 
   /// Fills an outline in pixels; its direction does not matter.
-  void fill(const Outline& outline, Colour colour);
+  void fill(const Outline& outline, Color color);
 
   /// Paints the points with a negative distance within a rectangle, whose right and bottom edges
   /// are excluded. `distance` is in pixels; edges are antialiased.
-  void paint(Point least, Point most, const std::function<double(Point)>& distance, Colour colour);
+  void paint(Point least, Point most, const std::function<double(Point)>& distance, Color color);
 
   /// Sets the color of each pixel from its column and row.
-  void shade(const std::function<Colour(int, int)>& colourAt);
+  void shade(const std::function<Color(int, int)>& colorAt);
 
   /// Writes RGB if all pixels are opaque, and RGBA otherwise. Throws `std::runtime_error` if the
   /// file cannot be written.
@@ -42,7 +42,7 @@ class Picture {
     int left, top, right, bottom;  // right and bottom are excluded
   };
   Box boxAround(Point least, Point most) const;
-  void paint(const Box& box, const std::function<bool(Point)>& covers, Colour colour);
+  void paint(const Box& box, const std::function<bool(Point)>& covers, Color color);
   std::uint8_t* pixel(int x, int y);
 
   int width_;

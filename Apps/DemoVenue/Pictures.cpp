@@ -20,28 +20,28 @@ double noise(int x, int y) {
 }
 
 // Stone slabs, four per side, with thin joints.
-Colour tile(int x, int y) {
+Color tile(int x, int y) {
   constexpr int slab = 32;
-  if (x % slab == 0 || y % slab == 0) return colour(0xE0DBD1);
+  if (x % slab == 0 || y % slab == 0) return color(0xE0DBD1);
   const double tone = 0.65 * noise(x / slab, y / slab) + 0.35 * noise(x, y);
-  return mixed(colour(0xF1EEE7), colour(0xEAE5DB), tone);
+  return mixed(color(0xF1EEE7), color(0xEAE5DB), tone);
 }
 
 // Planks along x, with dark gaps and butt joints.
-Colour plank(int x, int y) {
+Color plank(int x, int y) {
   constexpr int width = 16;
   const int row = y / width;
   const int joint = (row * 40) % 128;
-  if (y % width == 0 || (x % 128) == joint) return colour(0xA88763);
+  if (y % width == 0 || (x % 128) == joint) return color(0xA88763);
   const double grain = 0.5 * noise(row, 7) + 0.3 * noise(x / 16, y) + 0.2 * noise(x, y);
-  return mixed(colour(0xD9BB93), colour(0xC4A178), grain);
+  return mixed(color(0xD9BB93), color(0xC4A178), grain);
 }
 
 // The edges of escalator steps, half a meter apart, for an escalator along x.
-Colour step(int x, int) {
+Color step(int x, int) {
   const int across = x % 16;
-  if (across < 2) return colour(0x7F8791);
-  return mixed(colour(0xC9CED4), colour(0xB4BBC3), across / 15.0);
+  if (across < 2) return color(0x7F8791);
+  return mixed(color(0xC9CED4), color(0xB4BBC3), across / 15.0);
 }
 
 // The venue's logo: the rings of an astrolabe, its star pointer and the arc of the horizon.
@@ -49,10 +49,10 @@ Picture logo(int size) {
   Picture picture(size, size, palette::night, 0.0);
   const double radius = size / 2.0;
   const Point middle = {radius, radius};
-  const auto ring = [&](Point centre, double outer, double inner, Colour look) {
+  const auto ring = [&](Point center, double outer, double inner, Color look) {
     picture.paint(
         [=](Point point) {
-          const double away = distance(point, centre) / radius;
+          const double away = distance(point, center) / radius;
           return away < outer && away >= inner && distance(point, middle) < radius * 0.98;
         },
         look);
@@ -70,8 +70,8 @@ Picture logo(int size) {
     }
     return points;
   };
-  picture.fill(star(0.40, 0.10, std::numbers::pi / 4.0), colour(0xE9D6A4));
-  picture.fill(star(0.80, 0.12, 0.0), colour(0xFBF3DC));
+  picture.fill(star(0.40, 0.10, std::numbers::pi / 4.0), color(0xE9D6A4));
+  picture.fill(star(0.80, 0.12, 0.0), color(0xFBF3DC));
   ring(middle, 0.09, 0.0, palette::night);
   return picture;
 }
@@ -82,9 +82,9 @@ Picture cover(const Plan& plan) {
   constexpr int height = 512;
   Picture picture(width, height, palette::night);
   picture.shade([](int x, int y) {
-    const Colour sky = mixed(colour(0x16213B), colour(0x35507A), y / double{height});
+    const Color sky = mixed(color(0x16213B), color(0x35507A), y / double{height});
     const bool star = noise(x, y) > 0.9985;
-    return star ? mixed(sky, colour(0xFBF3DC), 0.7) : sky;
+    return star ? mixed(sky, color(0xFBF3DC), 0.7) : sky;
   });
   constexpr double scale = 2.75;
   const auto onPicture = [&](const Outline& outline) {
@@ -95,10 +95,10 @@ Picture cover(const Plan& plan) {
   };
   const Floor& floor = plan.floors.front();
   for (const Walkway& walkway : floor.walkways)
-    picture.fill(onPicture(walkway.outline), colour(0xEFE7D6));
+    picture.fill(onPicture(walkway.outline), color(0xEFE7D6));
   for (const Outline& inlay : floor.inlays) picture.fill(onPicture(inlay), palette::brass);
   for (const Place& place : floor.places)
-    picture.fill(onPicture(place.shape.outline), placeColour(plan, place));
+    picture.fill(onPicture(place.shape.outline), placeColor(plan, place));
   for (const Connector& connector : plan.connectors)
     for (const Stop& stop : connector.stops)
       if (stop.floor == floor.id) picture.fill(onPicture(stop.outline), palette::shaft);
@@ -106,11 +106,11 @@ Picture cover(const Plan& plan) {
 }
 
 // A category's symbol on a disc, surrounded by orbits.
-Picture sign(Colour ground, std::span<const Mark> symbol, int width) {
+Picture sign(Color ground, std::span<const Mark> symbol, int width) {
   Picture picture(width, width / 2, ground);
   const double unit = width / 4.0;
   const Point middle = {2 * unit, unit};
-  const auto circleOf = [&](double radius, double line, Colour look) {
+  const auto circleOf = [&](double radius, double line, Color look) {
     const double reach = (radius + line) * unit;
     picture.paint(
         middle - Point{reach, reach}, middle + Point{reach, reach},
@@ -121,7 +121,7 @@ Picture sign(Colour ground, std::span<const Mark> symbol, int width) {
   };
   for (const double radius : {1.08, 1.46, 1.9})
     circleOf(radius, 0.012, mixed(ground, palette::night, 0.12));
-  const Colour paper = mixed(ground, colour(0xFFFCF4), 0.78);
+  const Color paper = mixed(ground, color(0xFFFCF4), 0.78);
   circleOf(0.0, 0.8, paper);
   const double scale = 0.92 * unit;
   for (const Mark& mark : symbol)
@@ -160,7 +160,7 @@ void writeSigns(const Plan& plan, const std::filesystem::path& folder) {
     const auto symbol = symbolOf(category.id);
     if (symbol.empty()) continue;
     for (const Rendition& rendition : renditions)
-      sign(categoryColour(plan, category.id), symbol, rendition.width)
+      sign(categoryColor(plan, category.id), symbol, rendition.width)
           .write(folder / signName(category.id, rendition));
   }
 }

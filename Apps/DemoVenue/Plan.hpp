@@ -67,7 +67,7 @@ struct Floor {
   std::vector<Point> trees = {};   ///< in tubs with a radius of one meter
 };
 
-enum class ConnectorKind { Lift, Escalator, Stairs, Ramp };
+enum class ConnectorKind { Elevator, Escalator, Stairs, Ramp };
 
 /// Whether people get on, off or both at a stop.
 enum class Flow { Both, On, Off };

@@ -10,7 +10,7 @@ namespace {
 constexpr double halfLength = 92.0;
 constexpr double halfWidth = 64.0;
 constexpr double sampling = 2.0;  // degrees between the points of an arc
-constexpr double partyWallMetres = 0.4;
+constexpr double partyWallMeters = 0.4;
 constexpr double partyWall = 0.16;  // degrees that each of two neighbors leaves between them
 
 // The block in the west.
@@ -145,7 +145,7 @@ Shape westHall() {
 }
 
 Shape westWingNorth() {
-  const double left = westBack + partyWallMetres;
+  const double left = westBack + partyWallMeters;
   Outline outline = joined({{left, aisleHalf}, {-83.0, aisleHalf}},
                            arc(corridorDepth, aisleBearing, westBearing + 0.5));
   outline.push_back(at(0.0, westBearing));

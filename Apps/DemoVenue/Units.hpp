@@ -6,7 +6,7 @@
 
 namespace orivanta::demo {
 
-inline constexpr double unitsPerMetre = 3.0;
+inline constexpr double unitsPerMeter = 3.0;
 
 /// A hundredth of a unit is 3 mm.
 inline double rounded(double units) {
@@ -14,6 +14,6 @@ inline double rounded(double units) {
   return value == 0.0 ? 0.0 : value;  // no negative zero
 }
 
-inline double toUnits(double metres) { return rounded(metres * unitsPerMetre); }
+inline double toUnits(double meters) { return rounded(meters * unitsPerMeter); }
 
 }  // namespace orivanta::demo

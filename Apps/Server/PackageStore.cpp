@@ -82,7 +82,7 @@ std::shared_ptr<const VenuePackage> PackageStore::replacement(const PackageSet& 
       throw PackageError(fmt::format("{}: the slug \"{}\" is also used by {}",
                                      before.source.string(), package->slug,
                                      namesake->source.string()));
-    report(fmt::format("{}: the package was read again", before.source.string()));
+    report(fmt::format("{}: the package was reloaded", before.source.string()));
     return package;
   } catch (const std::exception& error) {
     report(fmt::format("{}; the previous package is still served", error.what()));

@@ -62,7 +62,7 @@ std::string gzippedFile(const PackageFile& file) {
     position += read;
     return read;
   });
-  if (position < file.size()) throw std::runtime_error("the file has become shorter");
+  if (position < file.size()) throw std::runtime_error("the file was truncated while it was read");
   return bytes;
 }
 
@@ -103,12 +103,12 @@ Response Router::respond(const Request& request) {
 
 Response Router::respondToAdmitted(const Request& request) {
   if (request.method != "GET" && request.method != "HEAD") {
-    Response response = errorResponse(405, "Only GET and HEAD are served.");
+    Response response = errorResponse(405, "Only GET and HEAD are supported.");
     response.headers.emplace_back("Allow", "GET, HEAD");
     return response;
   }
   const auto target = parseTarget(request.target);
-  if (!target) return errorResponse(400, "The target of the request is malformed.");
+  if (!target) return errorResponse(400, "The request target is malformed.");
   const auto packages = packages_.current();
   const auto& path = target->path;
   if (path.size() == 2 && path[0] == "1" && path[1] == "venue")
@@ -199,11 +199,11 @@ Response Router::page(const Request& request, const Target& target, const Paged&
 Response Router::file(const Request& request, const Target& target, const PackageSet& packages) {
   const auto venue = packages.package(target.path[2]);
   const std::vector<std::string> segments(target.path.begin() + 3, target.path.end());
-  if (venue == nullptr) return errorResponse(404, "There is no such file.");
+  if (venue == nullptr) return errorResponse(404, "The file does not exist.");
   std::error_code shortage;
   auto opened = PackageFile::open(venue->folder, segments, shortage);
-  if (shortage) return unavailableResponse("The file cannot be opened now.");
-  if (!opened) return errorResponse(404, "There is no such file.");
+  if (shortage) return unavailableResponse("The file cannot be opened at the moment.");
+  if (!opened) return errorResponse(404, "The file does not exist.");
   const MediaType type = mediaTypeOf(segments.back());
   if (type.isText && acceptsGzip(request.acceptEncoding))
     if (const auto compressed = compressedFile(*opened))

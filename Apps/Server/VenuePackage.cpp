@@ -72,7 +72,7 @@ JsonFile readJson(const fs::path& file) {
 std::string requiredText(const fs::path& file, const json::object& venue, std::string_view key) {
   const json::value* value = venue.if_contains(key);
   if (value == nullptr || !value->is_string())
-    refuse(file, fmt::format("the venue has no text \"{}\"", key));
+    refuse(file, fmt::format("the venue has no string \"{}\"", key));
   return std::string(value->get_string());
 }
 
@@ -103,7 +103,7 @@ std::vector<fs::path> packagesIn(const fs::path& folder) {
   for (const auto& entry : fs::directory_iterator(folder))
     if (isPackage(entry.path())) packages.push_back(entry.path());
   if (packages.empty())
-    refuse(folder, "neither a venue package (no venue.json) nor a folder of them");
+    refuse(folder, "neither a venue package (no venue.json) nor a folder that contains one");
   std::sort(packages.begin(), packages.end());
   return packages;
 }

@@ -34,10 +34,10 @@ unsigned statusOf(const boost::beast::error_code& error) {
 std::optional<Response> refusalOf(const http::request_header<>& header) {
   const std::size_t hosts = header.count(http::field::host);
   if (hosts > 1 || (hosts == 0 && header.version() >= 11))
-    return errorResponse(400, "The request must have one Host header.");
+    return errorResponse(400, "The request must have exactly one Host header.");
   if (header.count(http::field::transfer_encoding) == 0) return std::nullopt;
   if (header.version() < 11 || header.count(http::field::content_length) != 0)
-    return errorResponse(400, "The length of the request's body is contradictory.");
+    return errorResponse(400, "The length of the request body is ambiguous.");
   if (!boost::algorithm::iequals(joined(header, http::field::transfer_encoding), "chunked"))
     return errorResponse(501, "The only supported Transfer-Encoding is chunked.");
   return std::nullopt;

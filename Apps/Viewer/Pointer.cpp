@@ -27,7 +27,7 @@ void Pointer::press(PointerButton button, graphics::Point at, int clicks, double
   onMap_ = camera != nullptr;
   start_ = last_ = at;
   if (button == PointerButton::right) {
-    if (fingerDown_) sendFinger(view::TouchPhase::cancelled, at, time);
+    if (fingerDown_) sendFinger(view::TouchPhase::canceled, at, time);
     drag_ = onMap_ ? Drag::tilt : Drag::none;
     return;
   }
@@ -44,7 +44,7 @@ void Pointer::move(graphics::Point to, double time) {
   const double moved = std::hypot(to.x - start_.x, to.y - start_.y);
   if (fingerDown_ && onMap_ && moved > slack) {
     // From here on, it is a drag of the map and not a touch.
-    sendFinger(view::TouchPhase::cancelled, to, time);
+    sendFinger(view::TouchPhase::canceled, to, time);
     drag_ = Drag::map;
   }
   if (fingerDown_) sendFinger(view::TouchPhase::moved, to, time);
@@ -64,7 +64,7 @@ void Pointer::release(PointerButton button, graphics::Point at, double time) {
 }
 
 void Pointer::cancel(double time) {
-  if (fingerDown_) sendFinger(view::TouchPhase::cancelled, last_, time);
+  if (fingerDown_) sendFinger(view::TouchPhase::canceled, last_, time);
   drag_ = Drag::none;
 }
 

@@ -19,7 +19,7 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double metresPerMinute = 72;  // slow walking
+constexpr double metersPerMinute = 72;  // slow walking
 
 // `NavigationGraph` stops adding connectors at the first that is not accessible, so leave these
 // out.
@@ -41,7 +41,7 @@ void addFloor(PlannedRoute& route, const std::shared_ptr<Map>& floor) {
 
 RoutePlanner::RoutePlanner(std::shared_ptr<Venue> venue)
     : venue_(std::move(venue)),
-      unitsPerMetre_(std::max(0.0, venue_->_data["unitsPerMetre"].doubleValue())) {}
+      unitsPerMeter_(std::max(0.0, venue_->_data["unitsPerMetre"].doubleValue())) {}
 
 const NavigationGraph& RoutePlanner::graph(bool accessible) {
   if (!accessible) return *venue_->navigationGraph;
@@ -69,9 +69,9 @@ std::optional<PlannedRoute> RoutePlanner::plan(const std::shared_ptr<Location>& 
 }
 
 std::string RoutePlanner::distanceText(double length) const {
-  if (unitsPerMetre_ <= 0) return fmt::format("{:.0f} units", length);
-  const double metres = length / unitsPerMetre_;
-  return metres < 1000 ? fmt::format("{:.0f} m", metres) : fmt::format("{:.1f} km", metres / 1000);
+  if (unitsPerMeter_ <= 0) return fmt::format("{:.0f} units", length);
+  const double meters = length / unitsPerMeter_;
+  return meters < 1000 ? fmt::format("{:.0f} m", meters) : fmt::format("{:.1f} km", meters / 1000);
 }
 
 void RoutePlanner::describe(PlannedRoute& route, const NavigationGraph& network) const {
@@ -79,7 +79,7 @@ void RoutePlanner::describe(PlannedRoute& route, const NavigationGraph& network)
   const NodeList& path = walk.path();
   for (const FloorVisit& visit : floorVisits(path)) addFloor(route, visit.floor);
   if (path.size() == 1) {
-    route.summary = "You are there already";
+    route.summary = "You are already there";
     return;
   }
   route.steps.push_back({StepKind::departure,
@@ -101,10 +101,10 @@ void RoutePlanner::describe(PlannedRoute& route, const NavigationGraph& network)
        fmt::format("after {} on {}", lengthTo(path.size() - 1), floorName(*path.back()->map)),
        path.back()});
   route.summary = distanceText(walk.length());
-  if (unitsPerMetre_ > 0)
+  if (unitsPerMeter_ > 0)
     route.summary +=
         fmt::format(", about {:.0f} min",
-                    std::max(1.0, std::round(walk.length() / unitsPerMetre_ / metresPerMinute)));
+                    std::max(1.0, std::round(walk.length() / unitsPerMeter_ / metersPerMinute)));
 }
 
 }  // namespace orivanta::viewer

@@ -44,7 +44,7 @@ class RoutePlanner {
   void describe(PlannedRoute& route, const NavigationGraph& graph) const;
 
   std::shared_ptr<Venue> venue_;
-  double unitsPerMetre_;                               // 0 if unknown
+  double unitsPerMeter_;                               // 0 if unknown
   std::shared_ptr<const NavigationGraph> accessible_;  // null until it is first used
 };
 

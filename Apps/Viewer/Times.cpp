@@ -23,12 +23,11 @@ void Times::summarize() const {
   auto sorted = frames_;
   std::sort(sorted.begin(), sorted.end());
   if (!sorted.empty())
-    writeLine_(fmt::format("{} frames, {:.1f} ms in the middle, {:.1f} ms at most", sorted.size(),
+    writeLine_(fmt::format("{} frames, median {:.1f} ms, maximum {:.1f} ms", sorted.size(),
                            1e3 * sorted[sorted.size() / 2], 1e3 * sorted.back()));
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
-  writeLine_(
-      fmt::format("{:.0f} MB of memory at most", static_cast<double>(usage.ru_maxrss) / 1024));
+  writeLine_(fmt::format("peak memory {:.0f} MB", static_cast<double>(usage.ru_maxrss) / 1024));
 }
 
 }  // namespace orivanta::viewer

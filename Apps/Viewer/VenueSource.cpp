@@ -28,12 +28,12 @@ Problem problemOf(const LoadFailure& failure) {
   const std::string reason = sentence(failure.reason);
   switch (failure.problem) {
     case LoadProblem::refused:
-      return {"The server refuses these credentials", reason};
+      return {"The server rejected the credentials", reason};
     case LoadProblem::noAnswer:
-      return {"The server does not answer", reason};
+      return {"The server is not responding", reason};
     default:
-      return {failure.collection == "venue" ? "The server does not list its venues"
-                                            : "The server does not give the venue",
+      return {failure.collection == "venue" ? "The list of venues cannot be loaded"
+                                            : "The venue cannot be loaded",
               reason};
   }
 }
@@ -80,7 +80,7 @@ void VenueSource::fetchVenues(Handlers handlers, std::function<void(Venues)> don
   const auto listed = [done = std::move(done), failed = handlers.failed,
                        endpoint = *settings_.endpoint](const VenueListReport& report) {
     if (report.venues.empty())
-      failed({"No venues", "The server at " + endpoint + " has no venue for this account."});
+      failed({"No venues", "The server at " + endpoint + " has no venues for this account."});
     else
       done(report.venues);
   };
@@ -94,7 +94,7 @@ void VenueSource::loadVenue(const std::shared_ptr<Venue>& venue, Handlers handle
   const auto loaded = [venue, done = std::move(done),
                        failed = handlers.failed](const VenueLoadReport& report) {
     if (venue->maps->empty())
-      failed({"This venue is empty", venue->name.value_or("") + " has no floors to show yet."});
+      failed({"This venue is empty", venue->name.value_or("") + " has no floors."});
     else
       done(report.failures);
   };

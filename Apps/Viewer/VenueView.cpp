@@ -207,7 +207,7 @@ void VenueView::clearRoute() {
 
 void VenueView::lookFor(bool start) {
   searchesForStart_ = start;
-  search_->open(start ? "Where do you begin?" : "Where do you want to go?");
+  search_->open(start ? "Where do you start?" : "Where do you want to go?");
 }
 
 // --- Keys
@@ -246,7 +246,7 @@ bool VenueView::handleKey(const KeyPress& press) {
   switch (press.key) {
     case Key::pageUp:
     case Key::pageDown:
-      showFloor(floors_->neighbour(press.key == Key::pageUp ? 1 : -1));
+      showFloor(floors_->neighbor(press.key == Key::pageUp ? 1 : -1));
       return true;
     case Key::home:
       camera().fit();

@@ -105,7 +105,7 @@ void VenueView::tellFailure(const FloorProgress& floor) {
     failed({fmt::format("{} cannot be loaded", floor.map->name), floor.problem + "."}, floor.map);
   else
     failed({fmt::format("{} has no 3D model", floor.map->name),
-            "The venue's records name none for this floor."},
+            "The venue's data contains no model for this floor."},
            floor.map);
 }
 
@@ -124,7 +124,7 @@ void VenueView::floorsEnded(const std::vector<FloorProgress>& floors) {
     return floor.state == FloorState::failed;
   });
   if (broken == floors.end())
-    failed({"Nothing to see here yet",
+    failed({"No floors to show",
             fmt::format("No floor of {} has a 3D model.", venue_->name.value_or("this venue"))},
            nullptr);
   else
@@ -141,7 +141,7 @@ void VenueView::remarkOmissions(const std::vector<FloorProgress>& floors) {
   if ((names.empty() && !isEarlier) || !remarked) return;
   const auto remark = std::exchange(remarked, nullptr);  // only once, even after retries
   if (names.empty())
-    return remark("Some files come from an earlier visit: the server does not give them now.");
+    return remark("Some files are cached copies because the server could not provide them.");
   remark(names.size() == 1
              ? fmt::format("{} is shown without some of its textures.", names.front())
              : fmt::format("{} floors are shown without some of their textures.", names.size()));

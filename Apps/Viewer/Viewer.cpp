@@ -31,7 +31,7 @@ List* listAt(view::View& root, graphics::Point point) {
 
 bool isBack(const KeyPress& press) { return press.key == Key::escape || press.key == Key::back; }
 
-void centre(view::View& view, graphics::Size size, graphics::Size room) {
+void center(view::View& view, graphics::Size size, graphics::Size room) {
   view.setFrame(
       {{std::round((room.width - size.width) / 2), std::round((room.height - size.height) / 2)},
        size});
@@ -101,7 +101,7 @@ void Viewer::showProblem(const Problem& problem, std::function<void()> retry,
 }
 
 void Viewer::listVenues() {
-  showLoading("Looking for venues");
+  showLoading("Loading the list of venues");
   source_.fetchVenues(handlers([this] { listVenues(); }),
                       [this](const VenueSource::Venues& venues) { choose(venues); });
 }
@@ -116,10 +116,11 @@ void Viewer::choose(const VenueSource::Venues& venues) {
     if (venue != venues.end()) return open(*venue);
     return showProblem(
         {fmt::format("No venue \u201C{}\u201D", *slug_),
-         venues.size() == 1 ? fmt::format("The server at {} has only \u201C{}\u201D.",
-                                          source_.endpoint(), venues.front()->slug.value_or(""))
-                            : fmt::format("The server at {} has {} venues, but none of this name.",
-                                          source_.endpoint(), venues.size())},
+         venues.size() == 1
+             ? fmt::format("The server at {} has only \u201C{}\u201D.", source_.endpoint(),
+                           venues.front()->slug.value_or(""))
+             : fmt::format("The server at {} has {} venues, but none with this name.",
+                           source_.endpoint(), venues.size())},
         [this] { listVenues(); }, [this] { showList(); }, allVenues);
   }
   showList();
@@ -141,7 +142,8 @@ void Viewer::open(const std::shared_ptr<Venue>& venue) {
   source_.loadVenue(venue_, handlers([this, venue] { open(venue); }),
                     [this](const std::vector<LoadFailure>& missing) {
                       showFloors();
-                      if (!missing.empty()) remark("The categories of the places are missing.");
+                      if (!missing.empty())
+                        remark("The categories of the places could not be loaded.");
                     });
 }
 
@@ -225,11 +227,11 @@ void Viewer::arrange() {
   root_->setFrame({{0, 0}, size_});
   veil_->setFrame(root_->bounds());
   veil_->arrange(size_);
-  centre(*message_, message_->arrange(size_), size_);
+  center(*message_, message_->arrange(size_), size_);
   // The logo stays visible above the panels.
   const double logoEnd = std::max(20.0, size_.height * 0.5 - 170) + 80;
   const graphics::Size below{size_.width, size_.height - logoEnd + theme::margin};
-  centre(*venueList_, venueList_->arrange(below), size_);
+  center(*venueList_, venueList_->arrange(below), size_);
   for (view::View* panel :
        {static_cast<view::View*>(message_.get()), static_cast<view::View*>(venueList_.get())}) {
     graphics::Rect frame = panel->frame();
@@ -270,7 +272,7 @@ void Viewer::touch(std::span<const view::Touch> touches) {
   fingers_.dispatch(touches);
   if (mapFingers_.empty()) return;
   for (const view::Touch& touch : touches)
-    if (touch.phase == TouchPhase::ended || touch.phase == TouchPhase::cancelled)
+    if (touch.phase == TouchPhase::ended || touch.phase == TouchPhase::canceled)
       std::erase(mapFingers_, touch.identifier);
   if (!venueView_) return;
   if (mapFingers_.empty())

@@ -91,7 +91,7 @@ class Loop {
     surface_.present();
     times_.frame(now() - start);
     times_.reached("first frame");
-    if (viewer_.showsMap()) times_.reached("first picture of the map");
+    if (viewer_.showsMap()) times_.reached("first image of the map");
     updateTitle();
     keepRate(start);
   }
@@ -111,7 +111,7 @@ class Loop {
     pictureWanted_ = false;
     const auto name = freePictureName();
     const auto picture = surface_.read();
-    if (!picture) return viewer_.remark("The picture cannot be taken.");
+    if (!picture) return viewer_.remark("The screenshot cannot be taken.");
     const auto written = graphics::writePng(*picture, name);
     if (written)
       output_.write(name + '\n');

@@ -115,11 +115,11 @@ Result<void> read(const fs::path& file, std::size_t largestBytes, const MakeRoom
   if (!S_ISREG(status.st_mode)) return error(EINVAL, "is not a regular file");
   const auto size = static_cast<std::size_t>(status.st_size);
   if (size > largestBytes)
-    return error(EFBIG, fmt::format("has {} bytes; {} are allowed", size, largestBytes));
+    return error(EFBIG, fmt::format("has {} bytes; at most {} are allowed", size, largestBytes));
   char* const room = makeRoom(size);
   for (std::size_t length = 0; length < size;) {
     const ssize_t count = ::read(opened.number, room + length, size - length);
-    if (count == 0) return error(EIO, "became shorter while it was read");
+    if (count == 0) return error(EIO, "was truncated while it was read");
     if (count < 0 && errno != EINTR) return lastError();
     if (count > 0) length += static_cast<std::size_t>(count);
   }

@@ -14,7 +14,7 @@ void MemoryBudget::take(std::size_t bytes) {
 Error memoryError(const std::exception& failure) {
   if (const auto* exceeded = dynamic_cast<const BudgetExceeded*>(&failure))
     return {memoryErrorDomain, exceeded->wasBefore() ? budgetExceededBefore : budgetExceeded,
-            "it takes more memory than one load may use"};
+            "the memory limit of the load was exceeded"};
   return {memoryErrorDomain, outOfMemory, "not enough memory for the response"};
 }
 

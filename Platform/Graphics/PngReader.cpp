@@ -43,7 +43,7 @@ struct Reader {
 
   static void read(png_structp png, png_bytep target, std::size_t count) {
     auto& left = static_cast<Reader*>(png_get_io_ptr(png))->left;
-    if (count > left.size()) png_error(png, "cut off");
+    if (count > left.size()) png_error(png, "unexpected end of file");
     std::memcpy(target, left.data(), count);
     left = left.subspan(count);
   }

@@ -39,7 +39,7 @@ class TextDrawing {
     cairo_scale(context.get(), scale, scale);
     layout_.reset(pango_cairo_create_layout(context.get()));
     setFont(*layout_, style);
-    pango_layout_set_alignment(layout_.get(), style.alignment == TextAlignment::centre
+    pango_layout_set_alignment(layout_.get(), style.alignment == TextAlignment::center
                                                   ? PANGO_ALIGN_CENTER
                                                   : PANGO_ALIGN_LEFT);
     pango_layout_set_wrap(layout_.get(), PANGO_WRAP_WORD_CHAR);

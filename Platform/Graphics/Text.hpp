@@ -15,7 +15,7 @@ namespace orivanta::graphics {
 /// The alignment of the lines of a text.
 enum class TextAlignment {
   leading,  ///< each line starts where its paragraph's script starts
-  centre    ///< each line is centered
+  center    ///< each line is centered
 };
 
 /// The appearance of a text.
@@ -28,7 +28,7 @@ struct TextStyle {
   double outlineWidth = 0.0;           ///< points; 0 for no outline
   double maximumWidth = 0.0;           ///< points; longer lines are wrapped; 0 for no limit
   int maximumLines = 0;                ///< further text becomes an ellipsis; 0 for no limit
-  TextAlignment alignment = TextAlignment::centre;  ///< of the lines
+  TextAlignment alignment = TextAlignment::center;  ///< of the lines
   bool wholeLines = false;  ///< uses the full line height, so that adjacent texts share a baseline
 };
 

@@ -28,7 +28,7 @@ struct Box {
   bool isEmpty() const { return min.x > max.x || min.y > max.y || min.z > max.z; }
 
   /// Returns the center. The result is meaningless if the box is empty.
-  Vector3 centre() const { return (min + max) * 0.5F; }
+  Vector3 center() const { return (min + max) * 0.5F; }
 
   /// Extends the box to contain a point.
   void add(const Vector3& point) {

@@ -25,7 +25,7 @@ void snapToPixels(QuadVertex& vertex, const graphics::Image& image) {
   for (std::size_t axis = 0; axis < 2; ++axis) {
     const float half = static_cast<float>(sides[axis]) / 2;
     vertex.halfSize[axis] = half;
-    vertex.centre[axis] = std::round(vertex.centre[axis] - half) + half;
+    vertex.center[axis] = std::round(vertex.center[axis] - half) + half;
   }
 }
 
@@ -45,7 +45,7 @@ void CanvasPainter::paint(view::View& view, graphics::Point origin, double alpha
 
 QuadVertex CanvasPainter::place(const graphics::Rect& rect) const {
   QuadVertex vertex;
-  vertex.centre = {static_cast<float>((origin_.x + rect.midX()) * scale_),
+  vertex.center = {static_cast<float>((origin_.x + rect.midX()) * scale_),
                    static_cast<float>((origin_.y + rect.midY()) * scale_)};
   vertex.halfSize = {static_cast<float>(rect.size.width / 2 * scale_),
                      static_cast<float>(rect.size.height / 2 * scale_)};

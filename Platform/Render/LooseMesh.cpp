@@ -119,8 +119,8 @@ float invisibleTolerance(std::span<const LoosePart> parts, const Matrix4& view,
   for (const LoosePart& part : parts) {
     if (!part.geometry->simplification()) continue;
     const graphics::Box& box = part.geometry->boundingBox();
-    const Vector3 centre = view * (part.world * graphics::Vector4(box.centre(), 1.0F));
-    nearest = std::min(nearest, -centre.z - glm::length(box.max - box.min) / 2);
+    const Vector3 center = view * (part.world * graphics::Vector4(box.center(), 1.0F));
+    nearest = std::min(nearest, -center.z - glm::length(box.max - box.min) / 2);
   }
   const float pixel = unitsPerPixel(std::max(nearest, nearPlane(projection)), projection, height);
   return std::exp2(std::floor(2 * std::log2(pixel / 3)) / 2);

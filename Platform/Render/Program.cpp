@@ -40,7 +40,7 @@ GLuint compile(GLenum kind, std::string_view definitions, std::string_view sourc
   GLint succeeded = 0;
   glGetShaderiv(shader, GL_COMPILE_STATUS, &succeeded);
   if (succeeded == 0)
-    foundation::fatalError(fmt::format("the driver refuses a shader: {}",
+    foundation::fatalError(fmt::format("a shader failed to compile: {}",
                                        logOf(shader, glGetShaderiv, glGetShaderInfoLog)));
   return shader;
 }
@@ -57,7 +57,7 @@ Program::Program(std::string_view definitions, std::string_view vertex, std::str
   GLint succeeded = 0;
   glGetProgramiv(name_, GL_LINK_STATUS, &succeeded);
   if (succeeded == 0)
-    foundation::fatalError(fmt::format("the driver refuses a program: {}",
+    foundation::fatalError(fmt::format("a shader program failed to link: {}",
                                        logOf(name_, glGetProgramiv, glGetProgramInfoLog)));
 }
 

@@ -11,7 +11,7 @@ namespace orivanta::render {
 
 /// The layout in GPU memory; pixels from the upper left corner, with y pointing down.
 struct QuadVertex {
-  std::array<float, 2> centre;
+  std::array<float, 2> center;
   std::array<float, 2> halfSize;
   std::array<float, 2> turn{1, 0};  ///< cosine and sine of the clockwise rotation about the center
   float cornerRadius = 0;

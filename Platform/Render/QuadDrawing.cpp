@@ -9,7 +9,7 @@ namespace {
 
 // Corners extend one pixel beyond the edges, for pixels that are partly covered.
 constexpr std::string_view vertexSource = R"(
-layout(location = 0) in vec2 centre;
+layout(location = 0) in vec2 center;
 layout(location = 1) in vec2 halfSize;
 layout(location = 2) in vec2 turn;
 layout(location = 3) in float cornerRadius;
@@ -25,7 +25,7 @@ void main() {
   reach = halfSize;
   radius = cornerRadius;
   tint = color;
-  vec2 pixel = centre + vec2(turn.x * point.x - turn.y * point.y, turn.y * point.x + turn.x * point.y);
+  vec2 pixel = center + vec2(turn.x * point.x - turn.y * point.y, turn.y * point.x + turn.x * point.y);
   gl_Position = vec4(2.0 * pixel.x / pictureSize.x - 1.0, 1.0 - 2.0 * pixel.y / pictureSize.y, 0.0, 1.0);
 }
 )";
@@ -128,7 +128,7 @@ void QuadDrawing::pointAttributesAt(std::size_t firstQuad) {
     glVertexAttribPointer(attribute, components, GL_FLOAT, GL_FALSE, sizeof(QuadVertex),
                           gl::offset(firstQuad * sizeof(QuadVertex) + member));
   };
-  point(0, 2, offsetof(QuadVertex, centre));
+  point(0, 2, offsetof(QuadVertex, center));
   point(1, 2, offsetof(QuadVertex, halfSize));
   point(2, 2, offsetof(QuadVertex, turn));
   point(3, 1, offsetof(QuadVertex, cornerRadius));

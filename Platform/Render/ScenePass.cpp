@@ -149,7 +149,7 @@ void ScenePass::drawTranslucent() {
   for (const SceneMesh& mesh : meshes_)
     for (std::size_t part = 0; part < mesh.looks.size(); ++part) {
       if (!mesh.looks[part].visible || !mesh.looks[part].translucent || !sees(mesh, part)) continue;
-      const graphics::Vector4 middle(mesh.parts()[part].box.centre(), 1.0F);
+      const graphics::Vector4 middle(mesh.parts()[part].box.center(), 1.0F);
       places.push_back({(view_ * (mesh.world * middle)).z, {&mesh, part}});
     }
   if (places.empty()) return;

@@ -39,7 +39,7 @@ SceneTarget::SceneTarget(GLsizei width, GLsizei height, GLint samples)
   while (!makeDrawn() && samples_ > 0) samples_ /= 2;
   if (!isComplete() || !makeResolved())
     foundation::fatalError(
-        fmt::format("the driver provides no framebuffer of {} x {} pixels", width, height));
+        fmt::format("the driver cannot create a framebuffer of {} x {} pixels", width, height));
 }
 
 bool SceneTarget::makeDrawn() const {

@@ -8,8 +8,8 @@ namespace orivanta::render {
 
 namespace {
 
-graphics::Rect centred(graphics::Point centre, graphics::Size size) {
-  return {{centre.x - size.width / 2, centre.y - size.height / 2}, size};
+graphics::Rect centered(graphics::Point center, graphics::Size size) {
+  return {{center.x - size.width / 2, center.y - size.height / 2}, size};
 }
 
 struct Walk {
@@ -23,10 +23,10 @@ struct Walk {
     const graphics::Point position{parent.x + own.x, parent.y + own.y};
     const double z = parentZ + node.zPosition();
     if (const auto* sprite = dynamic_cast<const sprite::SpriteNode*>(&node))
-      add(sprite->texture(), centred(position, sprite->size()), z, alpha);
+      add(sprite->texture(), centered(position, sprite->size()), z, alpha);
     else if (const auto* label = dynamic_cast<const sprite::LabelNode*>(&node))
       if (const auto image = label->image(scale))
-        add(image, centred(position, image->size()), z, alpha);
+        add(image, centered(position, image->size()), z, alpha);
     for (const auto& child : node.children()) visit(*child, position, z, alpha);
   }
 

@@ -65,7 +65,7 @@ class LayerSearch {
     for (const Batch::Part& part : parts) box.add(part.box);
     const Vector3 size = box.max - box.min;
     extent_ = std::max({size.x, size.y, size.z});
-    middle_ = box.centre();
+    middle_ = box.center();
     const Vector3 farthest = glm::max(glm::abs(box.min), glm::abs(box.max));
     rounding_ = {std::max({farthest.x, farthest.y, farthest.z}) * offPlane, extent_ * overlap};
   }

@@ -108,16 +108,16 @@ std::shared_ptr<Geometry> makeFlat(std::span<const Point> outline) {
 
 constexpr int finestCylinder = 48;  // number of sides
 
-Vector3 towardsSide(int side, int sides) {
+Vector3 towardSide(int side, int sides) {
   const double angle = glm::two_pi<double>() * (side % sides) / sides;
   return Vector3(std::sin(angle), 0, std::cos(angle));
 }
 
 /// A corner of a cylinder's cap, whose normal points along y.
-Corner capCorner(const Vector3& outwards, float radius, float y, float normal) {
-  return {{outwards.x * radius, y, outwards.z * radius},
+Corner capCorner(const Vector3& outward, float radius, float y, float normal) {
+  return {{outward.x * radius, y, outward.z * radius},
           {0, normal, 0},
-          {0.5F + outwards.x / 2, 0.5F - outwards.z / 2}};
+          {0.5F + outward.x / 2, 0.5F - outward.z / 2}};
 }
 
 std::shared_ptr<Geometry> makeCylinderOf(int sides, float radius, float height) {
@@ -126,8 +126,8 @@ std::shared_ptr<Geometry> makeCylinderOf(int sides, float radius, float height) 
   std::vector<Corner> top;
   std::vector<Corner> bottom;
   for (int i = 0; i < sides; ++i) {
-    const Vector3 from = towardsSide(i, sides);
-    const Vector3 to = towardsSide(i + 1, sides);
+    const Vector3 from = towardSide(i, sides);
+    const Vector3 to = towardSide(i + 1, sides);
     const float u = static_cast<float>(i) / static_cast<float>(sides);
     const float nextU = static_cast<float>(i + 1) / static_cast<float>(sides);
     mesh.addPolygon({{from * radius - up, from, {u, 0}},
@@ -135,7 +135,7 @@ std::shared_ptr<Geometry> makeCylinderOf(int sides, float radius, float height) 
                      {to * radius + up, to, {nextU, 1}},
                      {from * radius + up, from, {u, 1}}});
     top.push_back(capCorner(from, radius, up.y, 1));
-    bottom.push_back(capCorner(towardsSide(sides - i, sides), radius, -up.y, -1));
+    bottom.push_back(capCorner(towardSide(sides - i, sides), radius, -up.y, -1));
   }
   mesh.addPolygon(top);
   mesh.addPolygon(bottom);
@@ -146,7 +146,7 @@ std::shared_ptr<Geometry> makeDisc(int sides, float radius) {
   Mesh mesh;
   std::vector<Corner> corners;
   corners.reserve(static_cast<std::size_t>(sides));
-  for (int i = 0; i < sides; ++i) corners.push_back(capCorner(towardsSide(i, sides), radius, 0, 1));
+  for (int i = 0; i < sides; ++i) corners.push_back(capCorner(towardSide(i, sides), radius, 0, 1));
   mesh.addPolygon(corners);
   return mesh.geometry();
 }

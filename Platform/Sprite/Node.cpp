@@ -22,7 +22,7 @@ namespace {
 
 using ImageHandle = std::shared_ptr<const graphics::Image>;
 
-Rect centred(Size size) { return {{-size.width / 2, -size.height / 2}, size}; }
+Rect centered(Size size) { return {{-size.width / 2, -size.height / 2}, size}; }
 
 }  // namespace
 
@@ -132,7 +132,7 @@ void SpriteNode::setSize(Size size) {
   swapGuarded(size_, size);
 }
 
-Rect SpriteNode::localFrame() const { return centred(size()); }
+Rect SpriteNode::localFrame() const { return centered(size()); }
 
 std::shared_ptr<LabelNode> LabelNode::make(std::string text) {
   return std::shared_ptr<LabelNode>(new LabelNode(std::move(text)));
@@ -183,7 +183,7 @@ ImageHandle LabelNode::image(double scale) const {
 Rect LabelNode::localFrame() const {
   const Transaction transaction;
   const auto picture = image(imageScale_ > 0.0 ? imageScale_ : foundation::mainScreenScale());
-  return picture ? centred(picture->size()) : Rect{};
+  return picture ? centered(picture->size()) : Rect{};
 }
 
 }  // namespace orivanta::sprite

@@ -14,8 +14,8 @@ void ContinuousGestureRecognizer::fingerLanded(double /*time*/) {
 }
 
 void ContinuousGestureRecognizer::fingerLeft(const Finger& /*finger*/, double /*time*/,
-                                             bool cancelled) {
-  numberChanged(cancelled ? GestureState::cancelled : GestureState::ended);
+                                             bool canceled) {
+  numberChanged(canceled ? GestureState::canceled : GestureState::ended);
 }
 
 void ContinuousGestureRecognizer::numberChanged(GestureState outOfRange) {

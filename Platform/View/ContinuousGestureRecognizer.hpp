@@ -31,7 +31,7 @@ class ORIVANTA_API ContinuousGestureRecognizer : public GestureRecognizer {
 
   void fingerLanded(double time) final;
   void fingersMoved() final;
-  void fingerLeft(const Finger& finger, double time, bool cancelled) final;
+  void fingerLeft(const Finger& finger, double time, bool canceled) final;
   void reset() final;
   bool canStartOver() const final { return true; }
 

@@ -45,7 +45,7 @@ void GestureRecognizer::receive(std::span<const Touch> touches, TouchDispatcher&
       move(touches);
       break;
     case TouchPhase::ended:
-    case TouchPhase::cancelled:
+    case TouchPhase::canceled:
       leave(touches.front());
       break;
   }
@@ -73,7 +73,7 @@ void GestureRecognizer::leave(const Touch& touch) {
   const Finger finger = *place;
   fingers_.erase(place);
   updateCentroid();
-  if (isOpen()) fingerLeft(finger, touch.time, touch.phase == TouchPhase::cancelled);
+  if (isOpen()) fingerLeft(finger, touch.time, touch.phase == TouchPhase::canceled);
   if (fingers_.empty()) startOver();
 }
 
@@ -97,7 +97,7 @@ void GestureRecognizer::startOver() {
 }
 
 void GestureRecognizer::cancel() {
-  if (isRunning()) setState(GestureState::cancelled);
+  if (isRunning()) setState(GestureState::canceled);
   forgetFingers();
 }
 

@@ -17,12 +17,12 @@ namespace orivanta::view {
 
 /// The state of a gesture. The values are 0 to 5.
 enum class GestureState {
-  possible,   ///< not recognized yet
-  began,      ///< a continuous gesture has begun
-  changed,    ///< a continuous gesture has continued
-  ended,      ///< the gesture is complete
-  cancelled,  ///< the gesture was interrupted
-  failed      ///< the fingers do not make this gesture
+  possible,  ///< not recognized yet
+  began,     ///< a continuous gesture has begun
+  changed,   ///< a continuous gesture has continued
+  ended,     ///< the gesture is complete
+  canceled,  ///< the gesture was interrupted
+  failed     ///< the fingers do not make this gesture
 };
 
 /// Recognizes a gesture in one view. Main thread. A `TouchDispatcher` delivers the touches of the
@@ -86,7 +86,7 @@ class ORIVANTA_API GestureRecognizer {
   virtual void fingersMoved() = 0;
 
   /// Called when a finger has left. It is no longer one of `fingers`.
-  virtual void fingerLeft(const Finger& finger, double time, bool cancelled) = 0;
+  virtual void fingerLeft(const Finger& finger, double time, bool canceled) = 0;
 
   /// Called after a gesture to clear what was measured. `state` still has its last value.
   virtual void reset() {}

@@ -32,8 +32,8 @@ void TapGestureRecognizer::fingersMoved() {
       return setState(GestureState::failed);
 }
 
-void TapGestureRecognizer::fingerLeft(const Finger& finger, double time, bool cancelled) {
-  if (cancelled || time - finger.startTime > longestTouch) return setState(GestureState::failed);
+void TapGestureRecognizer::fingerLeft(const Finger& finger, double time, bool canceled) {
+  if (canceled || time - finger.startTime > longestTouch) return setState(GestureState::failed);
   if (!fingers().empty()) return;
   if (mostFingers_ < numberOfTouchesRequired) return setState(GestureState::failed);
   lastTapTime_ = time;

@@ -18,7 +18,7 @@ class ORIVANTA_API TapGestureRecognizer : public GestureRecognizer {
  protected:
   void fingerLanded(double time) override;
   void fingersMoved() override;
-  void fingerLeft(const Finger& finger, double time, bool cancelled) override;
+  void fingerLeft(const Finger& finger, double time, bool canceled) override;
   void reset() override;
 
  private:

@@ -10,10 +10,10 @@ namespace orivanta::view {
 
 /// What a finger does.
 enum class TouchPhase {
-  began,     ///< it landed
-  moved,     ///< it moved
-  ended,     ///< it left
-  cancelled  ///< it is no longer tracked, for example because a window lost the input
+  began,    ///< it landed
+  moved,    ///< it moved
+  ended,    ///< it left
+  canceled  ///< it is no longer tracked, for example because a window lost the input
 };
 
 /// The state of one finger at one time.

@@ -89,7 +89,7 @@ struct TouchDispatcher::Session {
   }
 
   // Corrects a touch for the current state. Returns false if it must be ignored.
-  bool normalise(Touch& touch) {
+  bool normalize(Touch& touch) {
     time = std::max(time, touch.time);  // NaN has no effect
     touch.time = time;
     const auto finger = find(touch.identifier);
@@ -98,7 +98,7 @@ struct TouchDispatcher::Session {
     if (touch.phase == TouchPhase::began) return isSomewhere && finger == fingers.end();
     if (finger == fingers.end()) return false;
     if (touch.phase == TouchPhase::moved) return isSomewhere;
-    if (touch.phase == TouchPhase::cancelled || !isSomewhere) touch.position = finger->position;
+    if (touch.phase == TouchPhase::canceled || !isSomewhere) touch.position = finger->position;
     return true;
   }
 
@@ -136,7 +136,7 @@ void TouchDispatcher::dispatch(std::span<const Touch> touches) {
 void TouchDispatcher::cancelAll(double time) {
   std::vector<Touch> touches;
   for (const Finger& finger : session_->fingers)
-    touches.push_back({finger.identifier, TouchPhase::cancelled, finger.position, time});
+    touches.push_back({finger.identifier, TouchPhase::canceled, finger.position, time});
   dispatch(touches);
 }
 
@@ -147,9 +147,9 @@ void TouchDispatcher::deliver(std::span<const Touch> touches) {
     moves.clear();
   };
   for (Touch touch : touches) {
-    if (!session_->normalise(touch)) continue;
+    if (!session_->normalize(touch)) continue;
     const auto finger = session_->find(touch.identifier);
-    const bool leaves = touch.phase == TouchPhase::ended || touch.phase == TouchPhase::cancelled;
+    const bool leaves = touch.phase == TouchPhase::ended || touch.phase == TouchPhase::canceled;
     if (touch.phase == TouchPhase::moved || (leaves && touch.position != finger->position))
       moves.push_back({touch.identifier, TouchPhase::moved, touch.position, touch.time});
     if (touch.phase == TouchPhase::moved) continue;

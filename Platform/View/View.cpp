@@ -159,7 +159,8 @@ void View::addConstraint(const LayoutConstraint& constraint) {
     return view == this || (view != nullptr && view->superview_ == this);
   };
   if (!isOwn(constraint.first) || (constraint.second != nullptr && !isOwn(constraint.second)))
-    foundation::fatalError("a layout constraint is about the view that holds it and its children");
+    foundation::fatalError(
+        "a layout constraint may refer only to the view that holds it and to its children");
   constraints_.push_back(constraint);
   needsLayout_ = true;
   setNeedsFrame();

@@ -65,7 +65,8 @@ std::vector<LayoutConstraint> constraintsWithVisualFormat(std::string_view forma
                                                           View& superview) {
   const auto distances = parse(format, name);
   if (!distances)
-    foundation::fatalError(fmt::format("\"{}\" is no visual format for \"{}\"", format, name));
+    foundation::fatalError(
+        fmt::format("\"{}\" is not a valid visual format for \"{}\"", format, name));
   const auto near = distances->horizontal ? LayoutAttribute::leading : LayoutAttribute::top;
   const auto far = distances->horizontal ? LayoutAttribute::trailing : LayoutAttribute::bottom;
   std::vector<LayoutConstraint> constraints;

@@ -22,14 +22,14 @@ Surface makeSurface(int width, int height) {
 
 // Draws a location mark: a drop with a hole, and with its point at the bottom. Its height is 2.5
 // radii.
-void markPath(cairo_t* context, double centreX, double centreY, double radius) {
+void markPath(cairo_t* context, double centerX, double centerY, double radius) {
   constexpr double open = 0.82;  // radians; half of the angle that the point takes from the arc
   cairo_new_sub_path(context);
-  cairo_arc(context, centreX, centreY, radius, pi / 2 + open, 2 * pi + pi / 2 - open);
-  cairo_line_to(context, centreX, centreY + 1.5 * radius);
+  cairo_arc(context, centerX, centerY, radius, pi / 2 + open, 2 * pi + pi / 2 - open);
+  cairo_line_to(context, centerX, centerY + 1.5 * radius);
   cairo_close_path(context);
   cairo_new_sub_path(context);
-  cairo_arc_negative(context, centreX, centreY, radius * 0.42, 2 * pi, 0);
+  cairo_arc_negative(context, centerX, centerY, radius * 0.42, 2 * pi, 0);
   cairo_close_path(context);
 }
 

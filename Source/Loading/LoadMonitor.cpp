@@ -18,13 +18,13 @@ std::string meaningOf(int status) {
     case 401:
       return ": wrong user name or password";
     case 403:
-      return ": this account may not read it";
+      return ": this account does not have access";
     case 404:
-      return ": the server does not have it; is the endpoint right?";
+      return ": not found; is the endpoint correct?";
     case 429:
       return ": too many requests, try again later";
     default:
-      return status >= 500 ? ": the server has a problem of its own" : "";
+      return status >= 500 ? ": the server failed to process the request" : "";
   }
 }
 
@@ -67,7 +67,7 @@ void LoadMonitor::fail(const foundation::Error& reason) {
     if (!isTold) {
       LoadFailure& failure = self.collectionNamed("venue").failure;
       failure.problem = LoadProblem::tooLarge;
-      failure.reason = fmt::format("the venue of {} cannot be put together: {}", self.endpoint_,
+      failure.reason = fmt::format("the venue from {} cannot be assembled: {}", self.endpoint_,
                                    reason.description);
     }
     self.end(false);
@@ -124,21 +124,22 @@ void LoadMonitor::takePage(const std::string& name, const network::HttpUrlRespon
     failure.statusCode = status;
     if (status < 200 || status > 299) {
       failure.problem = problemOf(status);
-      failure.reason = fmt::format("{} answered with HTTP status {}{}", collection.latestUrl,
-                                   status, meaningOf(status));
+      failure.reason = fmt::format("{} returned HTTP status {}{}", collection.latestUrl, status,
+                                   meaningOf(status));
     }
   }
   const auto next = detail::nextPage(response);
   if (next && !collection.requested.insert(textDigest(next->absoluteString())).second)
-    giveUp(collection, fmt::format("the pages of {} run in a circle, back to {}", name,
+    giveUp(collection, fmt::format("the page links of {} are circular: they lead back to {}", name,
                                    next->withoutCredentials().absoluteString()));
   else if (next && collection.requested.size() >= mostPages)
     giveUp(collection, fmt::format("{} has more than {} pages", name, mostPages));
   else if (progress_.bytes > mostBytes)
     giveUp(collection, fmt::format("the server sent more than {} MiB", mostBytes >> 20U));
   else if (isTooSlow(collection.window, bodyBytes, arrival) && next)
-    giveUp(collection, fmt::format("the pages of {} come too slowly, less than {} bytes a second",
-                                   name, lowestRate_.bytesPerSecond));
+    giveUp(collection,
+           fmt::format("the pages of {} arrive too slowly: less than {} bytes per second", name,
+                       lowestRate_.bytesPerSecond));
 }
 
 // A collection has one request at a time, so its pages are all the data received in the meantime.
@@ -163,7 +164,8 @@ void LoadMonitor::takeEnd(const std::string& name, const foundation::Result<void
   if (isMemory && error.code == foundation::budgetExceededBefore) return;  // reported elsewhere
   if (error.domain.empty()) {
     failure.problem = LoadProblem::unusable;
-    failure.reason = fmt::format("{} answered with a body that is no JSON", collection.latestUrl);
+    failure.reason =
+        fmt::format("{} returned a response that is not valid JSON", collection.latestUrl);
   } else if (isMemory) {
     failure.problem =
         error.code == foundation::budgetExceeded ? LoadProblem::tooLarge : LoadProblem::unusable;
@@ -173,7 +175,7 @@ void LoadMonitor::takeEnd(const std::string& name, const foundation::Result<void
     failure.reason = error.description;
   } else {
     failure.problem = LoadProblem::noAnswer;
-    failure.reason = fmt::format("no answer from {}{}: {}", endpoint_, name, error.description);
+    failure.reason = fmt::format("no response from {}{}: {}", endpoint_, name, error.description);
   }
 }
 

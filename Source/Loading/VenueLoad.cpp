@@ -84,7 +84,7 @@ void VenueLoad::endWithout(const std::exception& reason) {
   if (options_.failed) return options_.failed(foundation::memoryError(reason));
   collections_ = std::move(empty_);
   fmt::memory_buffer line;  // a short text is stored without allocation
-  fmt::format_to(std::back_inserter(line), "the venue is left empty: {}", reason.what());
+  fmt::format_to(std::back_inserter(line), "the venue remains empty: {}", reason.what());
   foundation::diagnostic({line.data(), line.size()});
   published_ = publishVenue(collections_, publish_);
 }

@@ -144,7 +144,8 @@ foundation::Result<std::shared_ptr<scene::Node>> AssetLoader::readModel(
   const auto scene = readScene(url);
   if (!scene) return failure(scene.error());
   const auto mesh = (*scene)->rootNode()->children().front()->geometry();
-  if (!mesh) return failure("", 0, fmt::format("{}: it has no faces", url.filePath()->string()));
+  if (!mesh)
+    return failure("", 0, fmt::format("{}: the model has no faces", url.filePath()->string()));
   return split(*mesh);
 }
 

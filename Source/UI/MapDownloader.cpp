@@ -74,7 +74,7 @@ void makeFolder(const fs::path& folder) {
   if (fs::exists(folder, failure)) return;
   fs::create_directories(folder, failure);
   if (failure)
-    diagnostic(fmt::format("cannot make the folder {}: {}", folder.string(), failure.message()));
+    diagnostic(fmt::format("cannot create the folder {}: {}", folder.string(), failure.message()));
 }
 
 std::string describe(const network::HttpUrlResponse& response) {
@@ -92,9 +92,9 @@ bool isErrorPage(std::string_view body) {
 std::string flawOf(const network::UrlResult& result) {
   if (!result) return fmt::format("cannot be fetched: {}", result.error().description);
   if (const int status = result->response.statusCode; status < 200 || status > 299)
-    return fmt::format("answered with HTTP status {}", status);
-  if (result->body.empty()) return "answered with nothing";
-  return isErrorPage(result->body) ? "gives an error page in place of the file" : "";
+    return fmt::format("returned HTTP status {}", status);
+  if (result->body.empty()) return "returned an empty response";
+  return isErrorPage(result->body) ? "returned an error page instead of the file" : "";
 }
 
 // Returns whether the problem may be temporary.
@@ -173,7 +173,7 @@ foundation::Result<HttpDownloader::Fetched> HttpDownloader::fetchFile(
   const auto failed = [&](std::string_view flaw) {
     return foundation::failure("fetch", 0, fmt::format("{} {}", address, flaw));
   };
-  if (defaultPort(url).empty()) return failed("is no http or https URL");
+  if (defaultPort(url).empty()) return failed("is not an http or https URL");
   // Hidden names are reserved for the notes.
   const KeptFile kept(folderAt(path) / visibleName(foundation::unwrap(url.lastPathComponent())));
   const auto condition = kept.conditionFor(url);
@@ -188,10 +188,10 @@ foundation::Result<HttpDownloader::Fetched> HttpDownloader::fetchFile(
     diagnostic(written ? fmt::format("file saved [{}]", kept.path().string())
                        : "error saving file");
     if (written) return Fetched{kept.path().string()};
-    flaw = fmt::format("cannot be kept: {}", written.error().description);
+    flaw = fmt::format("cannot be cached: {}", written.error().description);
   }
   if (!condition || !isPassing(result)) return failed(flaw);
-  std::string remark = fmt::format("{} {}; the copy of an earlier load is used", address, flaw);
+  std::string remark = fmt::format("{} {}; the cached copy is used", address, flaw);
   diagnostic(remark);
   return Fetched{kept.path().string(), std::move(remark)};
 }

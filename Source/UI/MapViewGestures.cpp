@@ -69,7 +69,7 @@ void MapView::handlePinchGesture(const view::PinchGestureRecognizer& recognizer)
       scaleEnd = scaleStart;
       updateMarkerVisibility();
       break;
-    case GestureState::cancelled:
+    case GestureState::canceled:
     case GestureState::failed:
       break;
     default:
@@ -93,7 +93,7 @@ void MapView::handleRotationGesture(const view::RotationGestureRecognizer& recog
       rotateEnd = rotateStart;
       updateMarkerVisibility();
       break;
-    case GestureState::cancelled:
+    case GestureState::canceled:
     case GestureState::failed:
       break;
     default:

@@ -60,9 +60,10 @@ foundation::Result<void> perform(MapView& mapView, std::string_view selector, Ar
   for (const Operation& operation : operations()) {
     if (operation.selector != selector) continue;
     if (operation.call(mapView, arguments)) return {};
-    return foundation::failure("", 2, fmt::format("the arguments do not fit \"{}\"", selector));
+    return foundation::failure(
+        "", 2, fmt::format("the arguments do not match the operation \"{}\"", selector));
   }
-  return foundation::failure("", 1, fmt::format("a map view has no operation \"{}\"", selector));
+  return foundation::failure("", 1, fmt::format("unknown map view operation \"{}\"", selector));
 }
 
 std::vector<std::string_view> messageSelectors() {

@@ -129,7 +129,7 @@ graphics::Vector3 MapView::findPosition3D(const Location& location) const {
   }
   for (const auto& node : location.nodes)
     if (node->map == currentMap()) return scenePosition(*node);
-  return floor->boundingBox().centre();
+  return floor->boundingBox().center();
 }
 
 graphics::Point MapView::findPositionCameraViewport(graphics::Vector3 position) const {

@@ -118,7 +118,7 @@ TEST_F(HostileLoad, EndsWithAnErrorWhenItExceedsItsBudget) {
     loadVenue(session, test::smallVenue(), false, [=](const auto& venue) { arrived.give(venue); });
     const auto venue = arrived.take();
     foundation::setDiagnosticSink(nullptr);
-    EXPECT_EQ(told, "the venue is left empty: the memory budget is exceeded");
+    EXPECT_EQ(told, "the venue remains empty: the memory budget is exceeded");
     EXPECT_TRUE(venue->locations->empty() && venue->nodes->empty() && venue->polygons->empty());
     EXPECT_TRUE(venue->navigationGraph->graph().empty());
   }

@@ -96,7 +96,7 @@ Building joined(const std::filesystem::path& package, bool accessible, bool asLi
 }
 
 TEST(RecordedRoutes, AreFoundExactly) {
-  if (!test::venuesFolder()) GTEST_SKIP() << "no venues";
+  if (!test::venuesFolder()) GTEST_SKIP() << "the real venues are not available";
   for (const std::string& name : test::venueNames()) {
     const auto package = *test::venuesFolder() / name;
     const auto routes = recordedRoutes(package);

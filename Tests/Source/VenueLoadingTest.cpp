@@ -164,7 +164,7 @@ void servePackage(MisbehavingServer& server, const std::filesystem::path& packag
 }
 
 TEST_F(VenueLoading, RealVenuesArriveInPagesAsTheyAre) {
-  if (test::venueNames().empty()) GTEST_SKIP() << "no venues beside the project";
+  if (test::venueNames().empty()) GTEST_SKIP() << "the real venues are not available";
   for (const std::string& name : test::venueNames()) {
     SCOPED_TRACE(name);
     const auto package = *test::venuesFolder() / name;
@@ -257,7 +257,7 @@ TEST_F(VenueLoading, VenuesOfOtherSessionsLiveSideBySide) {
   const auto end = std::chrono::steady_clock::now() + test::patience;
   for (const auto& venue : left) {
     while (!venue.expired() && std::chrono::steady_clock::now() < end) std::this_thread::yield();
-    EXPECT_TRUE(venue.expired()) << "somebody else keeps it";
+    EXPECT_TRUE(venue.expired()) << "another owner keeps it";
   }
   EXPECT_EQ(activeVenue, nullptr);
 }

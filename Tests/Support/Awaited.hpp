@@ -23,7 +23,7 @@ class Awaited {
   T take() const {
     auto value = promise_->get_future();
     if (value.wait_for(patience) != std::future_status::ready)
-      throw std::runtime_error("nothing has arrived");
+      throw std::runtime_error("timed out");
     return value.get();
   }
 

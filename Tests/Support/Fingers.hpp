@@ -40,7 +40,7 @@ class Fingers {
     send(finger, view::TouchPhase::ended, last_[finger], time);
   }
   void cancel(std::uint64_t finger, double time) {
-    send(finger, view::TouchPhase::cancelled, last_[finger], time);
+    send(finger, view::TouchPhase::canceled, last_[finger], time);
   }
 
   void tap(std::uint64_t finger, graphics::Point position, double time) {
@@ -104,8 +104,8 @@ class GestureLog {
   std::shared_ptr<Recognizer> add(view::View& view, std::string name) {
     auto recognizer = std::make_shared<Recognizer>();
     recognizer->addTarget("log", [this, name = std::move(name)](view::GestureRecognizer& of) {
-      static constexpr const char* states[] = {"possible", "began",     "changed",
-                                               "ended",    "cancelled", "failed"};
+      static constexpr const char* states[] = {"possible", "began",    "changed",
+                                               "ended",    "canceled", "failed"};
       std::string entry = name;
       entry.append(" ").append(states[static_cast<std::size_t>(of.state())]);
       if (entries_.empty() || entries_.back() != entry) entries_.push_back(std::move(entry));

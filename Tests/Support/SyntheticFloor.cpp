@@ -34,12 +34,12 @@ class Prisms {
   std::vector<std::array<float, 8>> vertices;
   std::vector<std::vector<std::uint32_t>> indices;  ///< one list per prism
 
-  void add(Vector3 centre, float radius, float height, std::uint32_t sides) {
+  void add(Vector3 center, float radius, float height, std::uint32_t sides) {
     indices.emplace_back();
     std::vector<Vector3> lower;
     for (std::uint32_t i = 0; i < sides; ++i) {
       const float angle = glm::two_pi<float>() * static_cast<float>(i) / static_cast<float>(sides);
-      lower.push_back(centre + radius * Vector3(std::cos(angle), std::sin(angle), 0));
+      lower.push_back(center + radius * Vector3(std::cos(angle), std::sin(angle), 0));
     }
     const Vector3 up(0, 0, height);
     std::vector<Vector3> upper;

@@ -10,7 +10,8 @@ namespace fs = std::filesystem;
 
 TemporaryFolder::TemporaryFolder() {
   std::string pattern = (fs::temp_directory_path() / "orivanta-test-XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  if (mkdtemp(pattern.data()) == nullptr)
+    throw std::runtime_error("cannot create a temporary folder");
   path_ = pattern;
 }
 

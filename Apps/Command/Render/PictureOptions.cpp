@@ -36,9 +36,11 @@ graphics::Size parseSize(std::string_view text) {
       cross == std::string_view::npos ? std::nullopt : parseNumber(text.substr(cross + 1));
   if (!width || !height || *width == 0 || *height == 0 || *width > largestSide ||
       *height > largestSide)
-    throw CommandError(ExitCode::wrongUse,
-                       fmt::format("--size: \"{}\" is no size such as 1280x800, up to {} on a side",
-                                   text, largestSide));
+    throw CommandError(
+        ExitCode::wrongUse,
+        fmt::format(
+            "--size: \"{}\" is not a valid size; use a form such as 1280x800 with sides up to {}",
+            text, largestSide));
   return {static_cast<double>(*width), static_cast<double>(*height)};
 }
 
@@ -63,7 +65,7 @@ Corner parseCorner(std::string_view text) {
   for (const auto& [name, corner] : corners)
     if (name == text) return corner;
   throw CommandError(ExitCode::wrongUse,
-                     fmt::format("--attribution: \"{}\" is no corner; give lower-left, "
+                     fmt::format("--attribution: \"{}\" is not a corner; use lower-left, "
                                  "lower-right, upper-left or upper-right",
                                  text));
 }
@@ -82,7 +84,7 @@ Highlight parseHighlight(const Venue& venue, const std::string& text) {
                                                : graphics::Color::parse(text.substr(sign + 1));
   if (!color)
     throw CommandError(ExitCode::wrongUse,
-                       fmt::format("--highlight: \"{}\" is no colour; give a name such as orange, "
+                       fmt::format("--highlight: \"{}\" is not a color; use a name such as orange, "
                                    "or #rrggbb",
                                    text.substr(sign + 1)));
   return {findLocation(venue, name), *color};

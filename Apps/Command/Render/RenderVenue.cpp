@@ -44,12 +44,13 @@ void checkUse(const RenderVenueOptions& options) {
   const auto check = [](bool fits, const char* text) {
     if (!fits) throw CommandError(ExitCode::wrongUse, text);
   };
-  check(options.scale > 0 && options.scale <= 8, "--scale: give a number above 0, up to 8");
-  check(options.tilt >= 0 && options.tilt < largestTilt, "--tilt: give degrees from 0 to below 60");
-  check(std::isfinite(options.turn), "--turn: give degrees");
-  check(options.zoom >= 0.01 && options.zoom <= 100, "--zoom: give a number from 0.01 to 100");
+  check(options.scale > 0 && options.scale <= 8, "--scale must be greater than 0 and at most 8");
+  check(options.tilt >= 0 && options.tilt < largestTilt,
+        "--tilt must be at least 0 and less than 60");
+  check(std::isfinite(options.turn), "--turn must be finite");
+  check(options.zoom >= 0.01 && options.zoom <= 100, "--zoom must be from 0.01 to 100");
   parseCorner(options.attribution);
-  check(options.frames >= 0 && options.frames <= 9999, "--frames: give a number up to 9999");
+  check(options.frames >= 0 && options.frames <= 9999, "--frames must be from 0 to 9999");
 }
 
 // What the images show. All of it is looked up before anything is drawn.
@@ -182,7 +183,7 @@ void attribute(Stage& stage, const Venue& venue, graphics::Size size,
     stage.mapView()->addSubview(view);
     isShown = view->isWhole();
   }
-  if (!isShown) complain("show this with the pictures: " + text);
+  if (!isShown) complain("show this attribution with the images: " + text);
 }
 
 // Writes the images and reports their file names.

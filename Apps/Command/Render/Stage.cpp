@@ -23,7 +23,7 @@ std::unique_ptr<render::OffscreenSurface> makeSurface(graphics::Size size, doubl
                                      static_cast<std::uint32_t>(std::lround(size.height * scale)));
   if (!surface)
     throw CommandError(ExitCode::outputFailed,
-                       fmt::format("this machine cannot draw: {}", surface.error().description));
+                       fmt::format("cannot draw on this machine: {}", surface.error().description));
   return std::move(*surface);
 }
 

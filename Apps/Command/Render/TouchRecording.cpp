@@ -21,7 +21,7 @@ std::optional<TouchPhase> phaseNamed(const std::optional<std::string>& name) {
   if (name == "began") return TouchPhase::began;
   if (name == "moved") return TouchPhase::moved;
   if (name == "ended") return TouchPhase::ended;
-  if (name == "cancelled") return TouchPhase::cancelled;
+  if (name == "canceled") return TouchPhase::canceled;
   return std::nullopt;
 }
 
@@ -51,10 +51,11 @@ std::vector<view::Touch> readTouches(std::istream& file, const std::string& name
     if (!touch)
       throw CommandError(
           ExitCode::wrongUse,
-          fmt::format("{}:{}: no touch with time, finger, phase, x and y", name, number));
+          fmt::format("{}:{}: not a touch with time, finger, phase, x and y", name, number));
     if (!touches.empty() && touch->time < touches.back().time)
-      throw CommandError(ExitCode::wrongUse,
-                         fmt::format("{}:{}: the time goes backwards", name, number));
+      throw CommandError(
+          ExitCode::wrongUse,
+          fmt::format("{}:{}: the time is before that of the previous touch", name, number));
     touches.push_back(*touch);
   }
   return touches;

@@ -16,7 +16,7 @@ namespace orivanta::command {
 ///     {"time": 0.25, "finger": 1, "phase": "moved", "x": 400, "y": 310}
 ///
 /// "time" is in seconds and not less than in the line before. "finger" is a whole number that
-/// identifies the finger. "phase" is "began", "moved", "ended" or "cancelled". "x" and "y" are
+/// identifies the finger. "phase" is "began", "moved", "ended" or "canceled". "x" and "y" are
 /// points from the upper left corner. Empty lines and lines that begin with # are skipped. Throws
 /// `CommandError` with the number of the line for any other line; `name` is the file name in the
 /// message.

@@ -6,8 +6,8 @@ namespace orivanta::demo {
 namespace {
 
 // An elevator on every floor, with doors that face the center of the building.
-Connector lift(std::string_view id, const Names& names, double side) {
-  Connector connector = {id, ConnectorKind::Lift, names, true, 2.0, {}};
+Connector elevator(std::string_view id, const Names& names, double side) {
+  Connector connector = {id, ConnectorKind::Elevator, names, true, 2.0, {}};
   const Outline shaft =
       side > 0.0 ? rectangle(-3.0, 28.0, 3.0, 32.5) : rectangle(-3.0, -32.5, 3.0, -28.0);
   for (const std::string_view floor : {"b1", "g", "l1", "l2", "roof"})
@@ -52,11 +52,13 @@ Connector stairs(std::string_view id, const Names& names, double bearing,
 
 std::vector<Connector> makeConnectors() {
   std::vector<Connector> connectors = {
-      lift("lift-north", {"North lifts", "北エレベーター", "مصاعد الشمال", "Aufzüge Nord"}, 1.0),
-      lift("lift-south", {"South lifts", "南エレベーター", "مصاعد الجنوب", "Aufzüge Süd"}, -1.0),
+      elevator("lift-north", {"North elevators", "北エレベーター", "مصاعد الشمال", "Aufzüge Nord"},
+               1.0),
+      elevator("lift-south", {"South elevators", "南エレベーター", "مصاعد الجنوب", "Aufzüge Süd"},
+               -1.0),
       {"lift-station",
-       ConnectorKind::Lift,
-       {"Station lift", "駅エレベーター", "مصعد المحطة", "Stationsaufzug"},
+       ConnectorKind::Elevator,
+       {"Station elevator", "駅エレベーター", "مصعد المحطة", "Stationsaufzug"},
        true,
        2.0,
        {{"b1", {-6.5, -80.0}, {}, rectangle(-12.0, -82.0, -8.0, -78.0)},

@@ -27,7 +27,7 @@ class FloorSwitch::Cell : public Row {
   explicit Cell(std::shared_ptr<Map> shownFloor)
       : Row(theme::controlSize),
         floor(std::move(shownFloor)),
-        label_(std::make_shared<Label>(LabelStyle{.bold = true, .alignment = Alignment::centre},
+        label_(std::make_shared<Label>(LabelStyle{.bold = true, .alignment = Alignment::center},
                                        floorLabel(*floor))) {
     addSubview(label_);
     addSubview(wheel_);
@@ -110,7 +110,7 @@ void FloorSwitch::setRoute(const std::vector<std::shared_ptr<Map>>& floors) {
     cell->isOnRoute = std::find(floors.begin(), floors.end(), cell->floor) != floors.end();
 }
 
-std::shared_ptr<Map> FloorSwitch::neighbour(int up) const {
+std::shared_ptr<Map> FloorSwitch::neighbor(int up) const {
   const auto at = std::find_if(cells_.begin(), cells_.end(),
                                [this](const auto& cell) { return cell->floor == current_; });
   auto index = at - cells_.begin();

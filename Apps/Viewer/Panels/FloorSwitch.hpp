@@ -29,7 +29,7 @@ class FloorSwitch : public Panel {
 
   /// Returns the floor `up` positions higher, or null if there is none. Skips floors that cannot be
   /// shown.
-  std::shared_ptr<Map> neighbour(int up) const;
+  std::shared_ptr<Map> neighbor(int up) const;
 
   /// Returns the size. The height is at most `mostHeight`, but never less than one floor. The
   /// remaining floors can be scrolled to, and the current floor is visible.

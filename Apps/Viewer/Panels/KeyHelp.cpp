@@ -14,17 +14,17 @@ struct Meaning {
 
 constexpr std::array meanings{
     Meaning{"Drag, arrow keys", "Move the map"},
-    Meaning{"Wheel, pinch, + and \u2212", "Closer and farther"},
-    Meaning{"Double click", "Come closer"},
-    Meaning{"Right drag, Shift + arrows", "Tilt and turn"},
+    Meaning{"Wheel, pinch, + and \u2212", "Zoom in and out"},
+    Meaning{"Double click", "Zoom in"},
+    Meaning{"Right drag, Shift + arrows", "Tilt and rotate"},
     Meaning{"Two fingers up and down", "Tilt"},
-    Meaning{"Page Up, Page Down", "Floor up, floor down"},
+    Meaning{"Page Up, Page Down", "Go one floor up or down"},
     Meaning{"F", "Show the whole floor"},
     Meaning{"/ or Ctrl + F", "Search"},
-    Meaning{"I", "Sources of the map"},
-    Meaning{"S or F12", "Save a picture"},
-    Meaning{"Esc", "Close what is open"},
-    Meaning{"? or F1", "This list"},
+    Meaning{"I", "Show the attribution"},
+    Meaning{"S or F12", "Save a screenshot"},
+    Meaning{"Esc", "Close the open panel"},
+    Meaning{"? or F1", "Show this list"},
     Meaning{"Alt + \u2190, Esc", "All venues"},
 };
 constexpr double lineHeight = 31;  // points

@@ -26,9 +26,9 @@ LoadingVeil::LoadingVeil()
     : logo_(std::make_shared<view::ImageView>(logoImage())),
       wheel_(std::make_shared<view::ActivityIndicatorView>()),
       title_(std::make_shared<Label>(
-          LabelStyle{.size = theme::titleSize, .bold = true, .alignment = Alignment::centre})),
+          LabelStyle{.size = theme::titleSize, .bold = true, .alignment = Alignment::center})),
       text_(std::make_shared<Label>(
-          LabelStyle{.color = theme::faint, .alignment = Alignment::centre})),
+          LabelStyle{.color = theme::faint, .alignment = Alignment::center})),
       back_(std::make_shared<Button>(ButtonLook::tinted, "All venues")) {
   setBackgroundColor(theme::backdrop);
   wheel_->setStyle(view::ActivityIndicatorStyle::whiteLarge);

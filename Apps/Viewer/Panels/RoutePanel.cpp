@@ -57,8 +57,8 @@ void RoutePanel::showEnd(Label& label, const Location* place, const char* wish) 
 }
 
 void RoutePanel::setEnds(const Location* from, const Location* to) {
-  showEnd(*fromName_, from, "Choose where to begin");
-  showEnd(*toName_, to, "Choose where to go");
+  showEnd(*fromName_, from, "Choose a start");
+  showEnd(*toName_, to, "Choose a destination");
   summary_->setText(from == nullptr || to == nullptr ? "Tap a place or search for one" : "");
   summary_->setColor(theme::faint);
   steps_->setRows({});
@@ -71,8 +71,8 @@ void RoutePanel::setRoute(const std::optional<PlannedRoute>& route) {
   if (route)
     summary_->setText(route->summary);
   else
-    summary_->setText(accessible_->isOn() ? "No step-free way between these places"
-                                          : "No way between these places");
+    summary_->setText(accessible_->isOn() ? "No step-free route between these places"
+                                          : "No route between these places");
   std::vector<std::shared_ptr<Row>> rows;
   if (route_)
     for (std::size_t i = 0; i < route_->steps.size(); ++i) {

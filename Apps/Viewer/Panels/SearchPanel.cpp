@@ -52,7 +52,7 @@ SearchPanel::SearchPanel(const Venue& venue)
     : search_(*venue.locations, [this](const auto& groups) { show(groups); }),
       field_(std::make_shared<TextField>(defaultPlaceholder)),
       sign_(std::make_shared<Label>(
-          LabelStyle{.size = 28, .color = theme::faint, .alignment = Alignment::centre}, "\u2315")),
+          LabelStyle{.size = 28, .color = theme::faint, .alignment = Alignment::center}, "\u2315")),
       clear_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
       nothing_(std::make_shared<Label>(LabelStyle{.color = theme::faint},
                                        "Nothing found. Try fewer letters.")),

@@ -16,7 +16,7 @@ LabelStyle buttonStyle(ButtonLook look, double size) {
   LabelStyle style;
   style.size = size;
   style.bold = look != ButtonLook::plain;
-  style.alignment = Alignment::centre;
+  style.alignment = Alignment::center;
   style.color = look == ButtonLook::filled ? theme::paper : theme::accent;
   return style;
 }

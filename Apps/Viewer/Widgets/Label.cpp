@@ -45,7 +45,7 @@ const std::shared_ptr<const graphics::Image>& Label::picture(double width, doubl
   style.maximumWidth = width;
   style.maximumLines = style_.lines;
   style.wholeLines = true;
-  style.alignment = style_.alignment == Alignment::centre ? graphics::TextAlignment::centre
+  style.alignment = style_.alignment == Alignment::center ? graphics::TextAlignment::center
                                                           : graphics::TextAlignment::leading;
   picture_ = width > 0 ? graphics::makeTextImage(text_, style, scale) : nullptr;
   pictureWidth_ = width;
@@ -66,7 +66,7 @@ void Label::draw(view::Canvas& canvas) {
   if (!image) return;
   const graphics::Size shown = image->size();
   double left = 0;
-  if (style_.alignment == Alignment::centre) left = (size.width - shown.width) / 2;
+  if (style_.alignment == Alignment::center) left = (size.width - shown.width) / 2;
   if (style_.alignment == Alignment::trailing) left = size.width - shown.width;
   canvas.draw(image, {{left, (size.height - shown.height) / 2}, shown});
 }

@@ -10,7 +10,7 @@
 
 namespace orivanta::viewer {
 
-enum class Alignment { leading, centre, trailing };
+enum class Alignment { leading, center, trailing };
 
 struct LabelStyle {
   double size = theme::textSize;  ///< points

@@ -100,12 +100,12 @@ foundation::Result<std::unique_ptr<OffscreenSurface>> OffscreenSurface::make(std
   auto context = std::make_unique<Context>();
   context->display = findDisplay();
   if (context->display == EGL_NO_DISPLAY)
-    return error("this machine offers no display for drawing: is an EGL driver installed?");
+    return error("no EGL display is available: is an EGL driver installed?");
   if (!hasExtension(context->display, "EGL_KHR_surfaceless_context"))
     return error("the EGL driver cannot draw without a surface", EGL_BAD_ACCESS);
   context->context = makeContext(context->display);
   if (context->context == EGL_NO_CONTEXT)
-    return error("the EGL driver offers no OpenGL ES 3.0: is an OpenGL driver installed?");
+    return error("the EGL driver does not support OpenGL ES 3.0: is an OpenGL driver installed?");
   if (!context->makeCurrent()) return error("the OpenGL ES context cannot be made current");
 
   GLint largest = 0;
@@ -113,7 +113,7 @@ foundation::Result<std::unique_ptr<OffscreenSurface>> OffscreenSurface::make(std
   const auto side = static_cast<std::uint32_t>(largest);
   if (!graphics::Image::allows(width, height) || width > side || height > side)
     return error(
-        fmt::format("an image of {} by {} pixels is not possible: sides must be from 1 to {}",
+        fmt::format("cannot create an image of {} x {} pixels: each side must be from 1 to {}",
                     width, height, side),
         EGL_BAD_PARAMETER);
   context->width = width;
@@ -127,7 +127,7 @@ foundation::Result<std::unique_ptr<OffscreenSurface>> OffscreenSurface::make(std
   glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER,
                             context->renderbuffer);
   if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE)
-    return error("there is not enough memory for the image", EGL_BAD_ALLOC);
+    return error("not enough memory for the image", EGL_BAD_ALLOC);
   return std::unique_ptr<OffscreenSurface>(new OffscreenSurface(std::move(context)));
 }
 

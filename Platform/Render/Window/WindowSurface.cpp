@@ -34,7 +34,7 @@ auto error(std::string_view what) {
   return foundation::failure("SDL", 1, fmt::format("{}: {}", what, SDL_GetError()));
 }
 
-constexpr std::string_view noScreen = "there is no screen to open a window on";
+constexpr std::string_view noScreen = "no screen is available for a window";
 
 // SDL may fall back to a driver with invisible windows. That is accepted only if requested by name,
 // as in tests.
@@ -111,7 +111,7 @@ foundation::Result<std::unique_ptr<WindowSurface>> WindowSurface::make(const Opt
   SDL_SetWindowMinimumSize(state->window, static_cast<int>(280 * factor),
                            static_cast<int>(320 * factor));
   state->context = SDL_GL_CreateContext(state->window);
-  if (state->context == nullptr) return error("the driver offers no OpenGL ES 3.0");
+  if (state->context == nullptr) return error("the driver does not support OpenGL ES 3.0");
   SDL_GL_SetSwapInterval(1);
   return std::unique_ptr<WindowSurface>(new WindowSurface(std::move(state)));
 }

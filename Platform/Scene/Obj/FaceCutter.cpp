@@ -220,13 +220,13 @@ void FaceCutter::cutEar(Index corner) {
   const Index after = next_[corner];
   add(before, corner, after);
   remove(corner);
-  for (const Index neighbour : {before, after}) {
-    if (next_[neighbour] == neighbour) continue;
-    enqueue(neighbour);
-    removeSpikes(neighbour);
+  for (const Index neighbor : {before, after}) {
+    if (next_[neighbor] == neighbor) continue;
+    enqueue(neighbor);
+    removeSpikes(neighbor);
   }
-  for (const Index neighbour : {before, after})
-    if (next_[neighbour] != neighbour && isConvex(neighbour)) tree_.remove(neighbour);
+  for (const Index neighbor : {before, after})
+    if (next_[neighbor] != neighbor && isConvex(neighbor)) tree_.remove(neighbor);
 }
 
 // If a self-intersecting outline has no ear left, returns the convex corner with the smallest area

@@ -48,13 +48,13 @@ std::optional<std::filesystem::path> texture(std::string_view line) {
 }
 
 // A single number applies to all three components.
-void readColour(std::string_view line, std::array<float, 3>& colour) {
+void readColor(std::string_view line, std::array<float, 3>& color) {
   const float red = takeNumber(line, unreadable);
   const float green = takeNumber(line, red);
   const float blue = takeNumber(line, green);
   if (!std::isfinite(red) || !std::isfinite(green) || !std::isfinite(blue)) return;
-  colour = {red, green, blue};
-  for (float& component : colour) component = std::clamp(component, 0.0F, 1.0F);
+  color = {red, green, blue};
+  for (float& component : color) component = std::clamp(component, 0.0F, 1.0F);
 }
 
 std::optional<float> fraction(std::string_view line) {
@@ -77,7 +77,7 @@ class MaterialReader {
     if (takeKeyword(line, "newmtl")) return begin(line);
     if (!isOpen_) return;
     Material& material = materials_.back();
-    if (takeKeyword(line, "Kd")) return readColour(line, material.diffuse);
+    if (takeKeyword(line, "Kd")) return readColor(line, material.diffuse);
     if (takeKeyword(line, "d")) {
       if (const auto opacity = fraction(line)) {
         material.opacity = *opacity;

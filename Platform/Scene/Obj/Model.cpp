@@ -100,7 +100,7 @@ foundation::Result<Model> readModel(const fs::path& file) {
                    fmt::format("{}: uses more than {} materials", file.string(), mostMaterials));
   if (model.groups.empty())
     return failure(ModelError::nothingToDraw,
-                   fmt::format("{}: it has no face that can be drawn", file.string()));
+                   fmt::format("{}: the model has no faces that can be drawn", file.string()));
   for (Group& group : model.groups)
     if (auto& texture = group.material.diffuseTexture) texture = folder / *texture;
   return model;

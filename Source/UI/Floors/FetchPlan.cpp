@@ -28,7 +28,7 @@ std::string nameOf(const Url& url) { return url.lastPathComponent().value_or("")
 void list(const std::string& text, std::vector<std::string>& problems, Listed& listed) {
   const auto url = Url::parse(text);
   if (!url || !url->lastPathComponent())
-    problems.push_back(fmt::format("\"{}\" is no URL of a file", text));
+    problems.push_back(fmt::format("\"{}\" is not the URL of a file", text));
   else if (std::none_of(listed.urls.begin(), listed.urls.end(),
                         [&](const Url& other) { return nameOf(other) == nameOf(*url); }))
     listed.urls.push_back(*url);

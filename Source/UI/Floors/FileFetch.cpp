@@ -52,7 +52,7 @@ FileFetch::Outcome FileFetch::fetch(const File& file) try {
   const std::string& address = file.url.absoluteString();
   if (!foundation::cachesDirectory())
     return foundation::failure("fetch", 0,
-                               fmt::format("{} has no place to be kept: HOME is not set", address));
+                               fmt::format("{} cannot be cached: HOME is not set", address));
   return downloader_->fetchFile(file.url, file.folder, requests_);
 } catch (const std::exception& exception) {
   return foundation::failure("fetch", 0,

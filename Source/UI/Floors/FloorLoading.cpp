@@ -38,9 +38,9 @@ foundation::Result<std::shared_ptr<scene::Node>> readModel(AssetLoader& loader,
   auto model = loader.readModel(foundation::Url::fromFile(path));
   if (model) return model;
   HttpDownloader::forgetFile(path);
-  return foundation::failure(
-      "model", 0,
-      fmt::format("{} is no model that can be shown: {}", address, reasonOf(model.error(), path)));
+  return foundation::failure("model", 0,
+                             fmt::format("{} is not a model that can be shown: {}", address,
+                                         reasonOf(model.error(), path)));
 } catch (const std::exception& exception) {
   return foundation::failure("model", 0,
                              fmt::format("{} cannot be read: {}", address, exception.what()));

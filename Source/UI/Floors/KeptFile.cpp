@@ -85,7 +85,7 @@ foundation::Result<void> KeptFile::save(const foundation::Url& url,
   fs::create_directories(file_.parent_path(), problem);
   if (problem)
     return foundation::failure("file", problem.value(),
-                               fmt::format("cannot make the folder {}: {}",
+                               fmt::format("cannot create the folder {}: {}",
                                            file_.parent_path().string(), problem.message()));
   foundation::removeAbandonedFiles(file_.parent_path());
   if (auto written = foundation::writeFileAtomically(file_, body); !written) return written;

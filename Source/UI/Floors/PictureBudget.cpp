@@ -101,7 +101,7 @@ std::shared_ptr<const Image> FloorPictures::readOne(const fs::path& file, std::u
   if (!image) return nullptr;
   share -= std::min(share, pixelsOf(*image));
   if (const auto size = graphics::readImageSize(file); size && size->pixels() > pixelsOf(*image))
-    remarks_.push_back(fmt::format("{} is shown with {} x {} of its {} x {} pixels",
+    remarks_.push_back(fmt::format("{} was reduced to {} x {} pixels (original: {} x {})",
                                    file.filename().string(), image->width(), image->height(),
                                    size->width, size->height));
   return image;

@@ -45,20 +45,20 @@ TEST(Batch, AnswersBadLinesWithAnError) {
     std::string said;
   };
   const std::vector<Case> cases = {
-      {"from n1 to n2", "null", "no JSON object"},
-      {R"([{"id":1}])", "null", "no JSON object"},
-      {R"({"id":1,"from":["n1"],"to":["n2"])", "null", "no JSON object"},
-      {R"({"id":1} {"id":2})", "null", "no JSON object"},
-      {"{\"id\":\"\xFF\"}", "null", "no JSON object"},
-      {"{}", "null", R"(no \"from\" or \"fromLocation\")"},
-      {R"({"id":"x","from":["n1"]})", R"("x")", R"(no \"to\")"},
-      {R"({"id":1,"from":"n1","to":["n2"]})", "1", "list of identifiers"},
-      {R"({"id":1,"from":["n1"],"to":{"n2":1}})", "1", "list of identifiers"},
+      {"from n1 to n2", "null", "not a JSON object"},
+      {R"([{"id":1}])", "null", "not a JSON object"},
+      {R"({"id":1,"from":["n1"],"to":["n2"])", "null", "not a JSON object"},
+      {R"({"id":1} {"id":2})", "null", "not a JSON object"},
+      {"{\"id\":\"\xFF\"}", "null", "not a JSON object"},
+      {"{}", "null", R"(missing \"from\" or \"fromLocation\")"},
+      {R"({"id":"x","from":["n1"]})", R"("x")", R"(missing \"to\")"},
+      {R"({"id":1,"from":"n1","to":["n2"]})", "1", "list of node identifiers"},
+      {R"({"id":1,"from":["n1"],"to":{"n2":1}})", "1", "list of node identifiers"},
       {R"({"id":1,"from":["n1"],"to":[2]})", "1", "identifier of a node"},
       {R"({"id":1,"from":["n1"],"to":["n9"]})", "1", R"(unknown node \"n9\")"},
       {R"({"id":1,"fromLocation":"n1","to":["n2"]})", "1", R"(unknown location \"n1\")"},
       {R"({"id":1,"fromLocation":["l1"],"to":["n2"]})", "1", "identifier of a location"},
-      {R"({"id":1,"from":["n1"],"fromLocation":"l1","to":["n2"]})", "1", "give either"},
+      {R"({"id":1,"from":["n1"],"fromLocation":"l1","to":["n2"]})", "1", "specify either"},
   };
   for (const Case& each : cases) {
     const std::string answer = router.answer(each.line);

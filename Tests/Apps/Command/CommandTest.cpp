@@ -76,7 +76,10 @@ TEST_F(Command, AnswersQueries) {
        "l1  Bakery     G   Food\nl2  Book Shop  F1  Shops\n",
        ""},
       {{"venue", "small", "--locations", "o"}, 0, "l2  Book Shop  F1  Shops\n", ""},
-      {{"venue", "small", "--locations", "zoo"}, 1, "", "no location with \"zoo\""},
+      {{"venue", "small", "--locations", "zoo"},
+       1,
+       "",
+       "no location whose name or identifier contains \"zoo\""},
       {{"venue", "smell"}, 1, "", "no venue \"smell\"; the server has small"},
       {{"route", "small", "--from", "bakery", "--to", "l2"},
        0,
@@ -133,17 +136,17 @@ TEST_F(Command, RefusesWrongUse) {
   };
   const std::vector<Case> cases = {
       {{}, "subcommand is required"},
-      {{"fly"}, "\"fly\" is no command"},
+      {{"fly"}, "unknown command or option \"fly\""},
       {{"venues", "--fast"}, "--fast"},
       {{"venue"}, "SLUG is required"},
       {{"route", "small", "--from", "n1"}, "--to"},
       {{"route", "small", "--from", "n1", "--to", ""}, "empty"},
-      {{"route", "small", "--batch", "-", "--to", "n1"}, "--batch takes the place"},
+      {{"route", "small", "--batch", "-", "--to", "n1"}, "--batch cannot be combined"},
       {{"route", "small", "--batch", missing}, "cannot read \"" + missing},
       {{"route", "small", "--batch", folder}, "cannot read \"" + folder},
-      {{"route", "small", "--batch", "-", "--password-file", "-"}, "not both"},
-      {{"venues", "--settings", missing}, "no folder"},
-      {{"venues", "--endpoint", "nowhere at all"}, "is no URL"},
+      {{"route", "small", "--batch", "-", "--password-file", "-"}, "for both"},
+      {{"venues", "--settings", missing}, "no such folder"},
+      {{"venues", "--endpoint", "nowhere at all"}, "is not a valid URL"},
       {{"venues", "--password", "a", "--password-file", "-"}, "not both"},
       {{"venues", "--username", "a:b"}, "colon"},
       {{"serve", missing, "--port", "0"}, "missing"},
@@ -179,7 +182,7 @@ TEST_F(Command, TakesThePasswordWithoutShowingIt) {
   const std::string file = folder_.write("password", "s3cret\n").string();
   const std::string wrong = folder_.write("wrong", "s3cret\n\n").string();
   const std::string refusal =
-      server_.root() + "venue answered with HTTP status 401: wrong user name or password";
+      server_.root() + "venue returned HTTP status 401: wrong user name or password";
   struct Case {
     std::vector<std::string> arguments;
     std::string input;
@@ -208,7 +211,7 @@ TEST_F(Command, AnswersABatchLineByLine) {
   program.send("{\"id\":1,\"from\":[\"n1\"],\"to\":[\"n2\"]}\n");
   EXPECT_EQ(program.readLine(), "{\"id\":1,\"path\":[\"n1\",\"n2\"],\"weight\":3}\n");
   program.send("\n \t\r\nnonsense\r\n");
-  EXPECT_EQ(program.readLine(), "{\"id\":null,\"error\":\"the line is no JSON object\"}\n");
+  EXPECT_EQ(program.readLine(), "{\"id\":null,\"error\":\"the line is not a JSON object\"}\n");
   std::string many;
   for (int i = 0; i < 1000; ++i)
     many += "{\"from\":[\"n1\"],\"to\":[\"n4\"]," + std::string(500, ' ') + "\"id\":0}\n";

@@ -24,7 +24,7 @@ std::string list(const RawData& ids) {
 
 TEST(FindRoute, BatchesGiveTheKnownRoutesOfRealVenues) {
   const auto folder = test::venuesFolder();
-  if (!folder) GTEST_SKIP() << "no venues beside the project";
+  if (!folder) GTEST_SKIP() << "the real venues are not available";
   server::ServerOptions options;
   options.folders = {*folder};
   const server::VenueServer server(options);

@@ -36,7 +36,7 @@ class Program {
     std::array<int, 2> input{};
     std::array<int, 2> output{};
     if (pipe2(input.data(), O_CLOEXEC) != 0 || pipe2(output.data(), O_CLOEXEC) != 0)
-      throw std::runtime_error("no pipe");
+      throw std::runtime_error("cannot create a pipe");
     start(arguments, environment, input[0], standardOutput < 0 ? output[1] : standardOutput,
           standardError < 0 ? fileno(errors_) : standardError);
     close(input[0]);
@@ -58,7 +58,7 @@ class Program {
   void send(std::string_view text) const {
     while (!text.empty()) {
       const ssize_t count = ::write(input_, text.data(), text.size());
-      if (count < 0) throw std::runtime_error("the program does not read");
+      if (count < 0) throw std::runtime_error("cannot write to the program");
       text.remove_prefix(static_cast<std::size_t>(count));
     }
   }

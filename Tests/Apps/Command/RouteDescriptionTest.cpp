@@ -29,7 +29,7 @@ TEST(RouteDescription, TellsFloorsRidesLengthAndWeight) {
             R"("from":"g","to":"f1"}],"length":9,"lengthMetres":4.5,"weight":31})");
 }
 
-TEST(RouteDescription, LengthInMetresNeedsAPositiveScale) {
+TEST(RouteDescription, LengthInMetersNeedsAPositiveScale) {
   for (const char* scale : {"0", "-2", "\"2\"", "null"}) {
     test::TwoFloorVenue small;
     small.venue =
@@ -37,7 +37,7 @@ TEST(RouteDescription, LengthInMetresNeedsAPositiveScale) {
     const auto venue = small.load();
     const auto route = describeRoute(
         *venue, Directions::make(NodeList(venue->nodes->begin(), venue->nodes->begin() + 2)));
-    EXPECT_FALSE(route.lengthMetres) << scale;
+    EXPECT_FALSE(route.lengthMeters) << scale;
     EXPECT_EQ(routeText(route), "Floors:  G\nLength:  3.0 units\n");
   }
 }

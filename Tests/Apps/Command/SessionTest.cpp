@@ -88,14 +88,12 @@ TEST(Session, SaysWhatTheServerDidInsteadOfAnswering) {
   const std::vector<Case> cases = {
       {[](auto& server) { server.on("/1/venue", Answer::html("<p>Busy</p>", 503)); },
        {"venues"},
-       "{}venue answered with HTTP status 503: the server has a problem"},
+       "{}venue returned HTTP status 503: the server failed"},
       {[](auto& server) { server.on("/1/venue", Answer::json(venues).closedAfter(9)); },
        {"venues"},
-       "no answer from {}venue: "},
-      {good,
-       {"venue", "s"},
-       "{}node?venue=s&perspective=well-known:3D answered with HTTP status 404"},
-      {good, {"route", "s", "--from", "a", "--to", "b"}, "{}map?venue=s answered with HTTP status"},
+       "no response from {}venue: "},
+      {good, {"venue", "s"}, "{}node?venue=s&perspective=well-known:3D returned HTTP status 404"},
+      {good, {"route", "s", "--from", "a", "--to", "b"}, "{}map?venue=s returned HTTP status"},
   };
   for (const Case& each : cases) {
     MisbehavingServer server;
@@ -110,7 +108,7 @@ TEST(Session, SaysWhatTheServerDidInsteadOfAnswering) {
   }
   const auto refused = runProgram({"--endpoint", MisbehavingServer::refusingRoot(), "venues"});
   EXPECT_EQ(refused.exitCode, 3);
-  EXPECT_TRUE(refused.errors.starts_with("orivanta: no answer from http://")) << refused.errors;
+  EXPECT_TRUE(refused.errors.starts_with("orivanta: no response from http://")) << refused.errors;
 }
 
 TEST(Session, OnlyWarnsOfACollectionThatTheQueryDoesNotNeed) {
@@ -124,7 +122,7 @@ TEST(Session, OnlyWarnsOfACollectionThatTheQueryDoesNotNeed) {
   const auto route = runProgram({"route", "s", "--from", "a", "--to", "a"}, environment);
   EXPECT_EQ(route.exitCode, 0);
   EXPECT_TRUE(route.errors.starts_with("orivanta: warning: " + server.root() +
-                                       "category?venue=s answered with HTTP status 404"))
+                                       "category?venue=s returned HTTP status 404"))
       << route.errors;
   EXPECT_EQ(runProgram({"venue", "s"}, environment).exitCode, 3);
 }
@@ -139,7 +137,7 @@ TEST(Session, EndsWhileRequestsAreStillRunning) {
   const auto result =
       runProgram({"route", "s", "--from", "a", "--to", "b", "--endpoint", server.root()});
   EXPECT_EQ(result.exitCode, 3);
-  EXPECT_NE(result.errors.find("the pages of category run in a circle"), std::string::npos)
+  EXPECT_NE(result.errors.find("the page links of category are circular"), std::string::npos)
       << result.errors;
   never->open();
 }
@@ -151,9 +149,9 @@ TEST(Session, ListsWhateverTheServerHas) {
   const auto none = runProgram(query);
   EXPECT_EQ(none.exitCode, 0);
   EXPECT_EQ(none.output, "");
-  EXPECT_NE(none.errors.find("no venue for this account"), std::string::npos);
+  EXPECT_NE(none.errors.find("no venues for this account"), std::string::npos);
   server.on("/1/venue", Answer::json(R"([{"id": "1", "slug": "a\u001bb", "name": "c\u0007\nd"}])"));
-  EXPECT_EQ(runProgram(query).output, "a\uFFFDb  c\uFFFD d\n") << "nothing acts on the terminal";
+  EXPECT_EQ(runProgram(query).output, "a\uFFFDb  c\uFFFD d\n") << "control characters are replaced";
 }
 
 }  // namespace

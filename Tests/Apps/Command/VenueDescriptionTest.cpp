@@ -86,7 +86,7 @@ TEST(VenueReport, IsTheSameWhenLinksWereMadeTwice) {
       "F1  新宿駅         10          1      2         1\n"
       "G   Ground          0          1      4         1\n"
       "\n"
-      "Categories (and their locations)\n"
+      "Categories (number of locations)\n"
       "  Shops (1)\n"
       "    Food (1)\n"
       "\n"

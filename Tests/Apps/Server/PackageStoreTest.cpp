@@ -59,10 +59,10 @@ TEST(PackageStore, PackagesAreReadAgainWhenTheyWereReplaced) {
     EXPECT_EQ(nodes(), "[4]");
     EXPECT_THAT(std::exchange(reported, {}), HasSubstr(complaint));
     EXPECT_EQ(nodes(), "[4]");
-    EXPECT_EQ(reported, "");  // not read again with every request
+    EXPECT_EQ(reported, "");  // not reloaded with every request
     fs::rename(kept, root / file);
     EXPECT_EQ(nodes(), "[4]");
-    EXPECT_THAT(reported, HasSubstr("read again"));
+    EXPECT_THAT(reported, HasSubstr("reloaded"));
   }
 }
 

@@ -54,8 +54,8 @@ TEST(VenuePackage, RefusalsNameTheFileAndTheReason) {
       {"node.json", "[1e400]", "outside the range of a double"},
       {"vortex.json", "{}", "not an array"},
       {"venue.json", "[]", "not an object"},
-      {"venue.json", R"({"slug": "s"})", "no text \"id\""},
-      {"venue.json", R"({"id": "i", "slug": 5})", "no text \"slug\""},
+      {"venue.json", R"({"slug": "s"})", "no string \"id\""},
+      {"venue.json", R"({"id": "i", "slug": 5})", "no string \"slug\""},
       {"venue.json", R"({"id": "i", "slug": ""})", "slug"},
       {"venue.json", R"({"id": "i", "slug": ".."})", "slug"},
   };

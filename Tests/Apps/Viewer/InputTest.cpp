@@ -129,7 +129,7 @@ TEST_F(InputTest, TextComesInWhileTheSearchFieldIsOpenAndShortcutsWhileItIsNot) 
   type(SDLK_SLASH);
   keys.take(/*wait=*/false);
   EXPECT_TRUE(search.isOpen());
-  EXPECT_EQ(search.field().text(), "") << "the slash was a shortcut";
+  EXPECT_EQ(search.field().text(), "") << "the slash is a shortcut and not text";
   search.close();
   press(SDLK_KP_PLUS);
   keys.take(/*wait=*/false);
@@ -170,13 +170,14 @@ TEST(KeyTextTest, FindsShortcutsOnManyKeyboards) {
 }
 
 TEST(WindowSurfaceTest, WithoutAScreenThereIsNoWindow) {
-  if (std::filesystem::exists("/dev/dri/card0")) GTEST_SKIP() << "there may be a bare screen";
+  if (std::filesystem::exists("/dev/dri/card0"))
+    GTEST_SKIP() << "the machine may have a screen without a display server";
   const test::EnvironmentVariable x("DISPLAY", std::nullopt);
   const test::EnvironmentVariable wayland("WAYLAND_DISPLAY", "nowhere");
   const test::EnvironmentVariable driver("SDL_VIDEODRIVER", std::nullopt);
   const auto made = render::WindowSurface::make({"Nowhere", {400, 500}, 1});
   ASSERT_FALSE(made);
-  EXPECT_THAT(made.error().description, testing::StartsWith("there is no screen"));
+  EXPECT_THAT(made.error().description, testing::StartsWith("no screen is available"));
 }
 
 TEST_F(InputTest, NothingIsDrawnWhileTheWindowIsHidden) {

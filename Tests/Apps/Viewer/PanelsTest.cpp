@@ -38,7 +38,7 @@ TEST(PlaceCard, IsNoHigherThanThereIsRoom) {
   const double free = card.arrange(344, 2000, false);
   for (const double most : {free, free - 1, 300.0, 200.0, 160.0})
     EXPECT_LE(card.arrange(344, most, false), most);
-  EXPECT_EQ(card.arrange(344, 2000, false), free) << "all is back";
+  EXPECT_EQ(card.arrange(344, 2000, false), free) << "the full height is restored";
 }
 
 TEST(KeyHelp, IsNoHigherThanTheWindow) {

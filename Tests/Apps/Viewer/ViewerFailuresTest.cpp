@@ -53,8 +53,8 @@ TEST_F(ViewerFailuresTest, NeedsWhatRoutesAreMadeOfAndTellsWhatElseIsMissing) {
     const char* note = "";
   };
   for (const Case& each : {Case{"/g.mtl", nullptr, "Ground is shown without"},
-                           {"/1/vortex", "The server does not give the venue"},
-                           {"/1/venue", "The server does not list its venues"},
+                           {"/1/vortex", "The venue cannot be loaded"},
+                           {"/1/venue", "The list of venues cannot be loaded"},
                            {"/1/category", nullptr, "categories"}}) {
     server.on(each.path, nothing);
     test::ViewerStage stage(server.root(), "small");
@@ -62,7 +62,7 @@ TEST_F(ViewerFailuresTest, NeedsWhatRoutesAreMadeOfAndTellsWhatElseIsMissing) {
       stage.until([&] { return !stage.viewer.note().empty(); });
       EXPECT_THAT(stage.viewer.note(), HasSubstr(each.note));
       stage.untilShown();
-      EXPECT_EQ(stage.viewer.note(), "") << "it has gone by itself";
+      EXPECT_EQ(stage.viewer.note(), "") << "the note disappears by itself";
       continue;
     }
     stage.until([&] { return stage.viewer.message() != nullptr; });
@@ -86,14 +86,14 @@ TEST_F(ViewerFailuresTest, TellsThatAnAwaitedFloorFailsAndLoadsThatOneAgain) {
   const auto ground = view.mapView().currentMap();
   const auto upper = view.venue()->maps->back();
   view.showFloor(upper);
-  EXPECT_TRUE(viewer.isMoving()) << "a wheel turns in its cell";
+  EXPECT_TRUE(viewer.isMoving()) << "the cell shows an activity indicator";
   EXPECT_EQ(viewer.message(), nullptr);
   latch->open();
   for (int times = 0; times < 2; ++times) {
     stage.until([&] { return viewer.message() != nullptr; });
     EXPECT_EQ(viewer.message()->title(), "Upper cannot be loaded");
     EXPECT_EQ(view.mapView().currentMap(), ground);
-    EXPECT_EQ(view.camera().pose(), pose) << "the map stays as it was";
+    EXPECT_EQ(view.camera().pose(), pose) << "the camera does not move";
     viewer.keyPressed({Key::enter});
     EXPECT_TRUE(viewer.showsMap());
   }

@@ -51,7 +51,7 @@ class ViewerStage {
   void until(const std::function<bool()>& happened) {
     const auto end = std::chrono::steady_clock::now() + patience;
     while (!happened()) {
-      if (std::chrono::steady_clock::now() > end) throw std::runtime_error("it does not happen");
+      if (std::chrono::steady_clock::now() > end) throw std::runtime_error("timed out");
       foundation::mainQueue::wait(0.02);
       foundation::mainQueue::drain();
       viewer.advance(time += 0.1);

@@ -33,7 +33,7 @@ graphics::Point on(VenueView& view, const Location& place) {
 TEST_F(ViewerTest, ATapOnAShopShowsItsCardAndATapBesideItPutsItAway) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
   EXPECT_GT(test::countPixels(*stage.picture(), theme::backdrop), 800'000) << "the veil";
-  EXPECT_TRUE(stage.viewer.isMoving()) << "its wheel turns";
+  EXPECT_TRUE(stage.viewer.isMoving()) << "its activity indicator rotates";
   VenueView& view = stage.untilShown();
   EXPECT_EQ(test::countPixels(*stage.picture(), theme::amber), 0);
   const auto kindling = stage.place("kindling");
@@ -98,7 +98,7 @@ TEST_F(ViewerTest, PlansWithoutStepsWhenAsked) {
   const auto to = stage.place("dosa-dynamo");
   const auto nowhere = planner.plan(from, from, false);
   ASSERT_TRUE(nowhere);
-  EXPECT_TRUE(nowhere->summary.starts_with("You are there"));
+  EXPECT_TRUE(nowhere->summary.starts_with("You are already there"));
   EXPECT_TRUE(nowhere->steps.empty());
   for (const bool accessible : {false, true}) {
     const auto route = planner.plan(from, to, accessible);
@@ -172,7 +172,7 @@ TEST_F(ViewerTest, ThePointerDragsZoomsAndTilts) {
   ASSERT_TRUE(held && moved);
   EXPECT_NEAR(held->x, moved->x, 0.5);
   EXPECT_NEAR(held->y, moved->y, 0.5);
-  EXPECT_EQ(stage.viewer.venueView()->selected(), nullptr) << "a drag is no tap";
+  EXPECT_EQ(stage.viewer.venueView()->selected(), nullptr) << "a drag is not a tap";
 
   pointer.press(PointerButton::right, {600, 400}, 1, stage.time);
   pointer.move({650, 300}, stage.time);
@@ -283,10 +283,10 @@ TEST_F(ViewerTest, TellsFailuresApart) {
     const char* slug;
     const char* title;
   };
-  for (const Case& each : {Case{closed.root(), "bare", "The server refuses these credentials"},
+  for (const Case& each : {Case{closed.root(), "bare", "The server rejected the credentials"},
                            {open.root(), "nowhere", "No venue \u201Cnowhere\u201D"},
                            {open.root(), "empty", "This venue is empty"},
-                           {open.root(), "bare", "Nothing to see here yet"},
+                           {open.root(), "bare", "No floors to show"},
                            {open.root(), "broken", "The floors cannot be loaded"}}) {
     test::ViewerStage stage(each.root, each.slug);
     stage.until([&] { return stage.viewer.message() != nullptr; });

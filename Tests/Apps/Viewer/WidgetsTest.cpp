@@ -23,7 +23,7 @@ TEST(TextField, TakesAndErasesWholeCharacters) {
   field.eraseBack();
   field.eraseBack();
   field.eraseBack();
-  EXPECT_EQ(field.text(), "Caf") << "the accent goes with its letter";
+  EXPECT_EQ(field.text(), "Caf") << "the accent is deleted with its letter";
   field.insert("\xC3 du\xFF nord ");
   field.eraseBack(/*word=*/true);
   EXPECT_EQ(field.text(), "Caf du ");
@@ -47,7 +47,7 @@ TEST(TextField, TheCaretGoesByCharactersAsTheyShow) {
   EXPECT_EQ(type({CaretStep::start}, "  "), "xe\u0301y") << "nothing behind, blanks before";
   field.eraseForward();
   field.eraseForward();
-  EXPECT_EQ(field.text(), "y") << "a letter goes with its accent";
+  EXPECT_EQ(field.text(), "y") << "a letter is deleted with its accent";
 
   const std::string hebrew = "\u05D0\u05D1\u05D2";
   field.setText(hebrew);
@@ -67,7 +67,7 @@ TEST(TextField, TheCaretGoesByCharactersAsTheyShow) {
   EXPECT_LE(field.caret(), 4U);
   field.setText(std::string(199, 'a'));
   field.insert("e\u0301");
-  EXPECT_EQ(field.text().size(), 199U) << "no half characters";
+  EXPECT_EQ(field.text().size(), 199U) << "no truncated characters";
 }
 
 TEST(List, ScrollsBetweenItsEndsAndHidesWhatLeavesIt) {

@@ -32,7 +32,7 @@ class Screen {
  public:
   Screen() {
     std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0) throw std::runtime_error("no pipe");
+    if (pipe(ends.data()) != 0) throw std::runtime_error("cannot create a pipe");
     const std::string told = std::to_string(ends[1]);
     process_ = fork();
     if (process_ == 0) {
@@ -99,7 +99,7 @@ class WindowTest : public testing::Test {
       if (!seen) return testing::AssertionFailure() << program.finish().errors;
       if (wanted(*seen)) return testing::AssertionSuccess();
     }
-    return testing::AssertionFailure() << "patience has run out";
+    return testing::AssertionFailure() << "timed out";
   }
 
   const fs::path before = fs::current_path();

@@ -208,7 +208,7 @@ TEST(ImageFile, ClaimsThatTheBytesCannotHoldAreRefused) {
 
 TEST(ImageFile, DamagedPngsOfAVenueAreNullWithoutAWord) {
   const auto venues = test::venuesFolder();
-  if (!venues) GTEST_SKIP() << "no venues beside the project";
+  if (!venues) GTEST_SKIP() << "the real venues are not available";
   const auto folder = *venues / "igml-pnu201-hostile" / "models";
   testing::internal::CaptureStderr();
   EXPECT_TRUE(readImage(folder / "sound.png"));

@@ -57,7 +57,7 @@ TEST(SceneTargetDeathTest, StopsWhereTheDriverRefusesEvenNone) {
   const auto surface = OffscreenSurface::make(8, 8).value();
   surface->makeCurrent();
   const TightDriver driver(-1);
-  EXPECT_DEATH(SceneTarget(8, 8, 4), "no framebuffer of 8 x 8 pixels");
+  EXPECT_DEATH(SceneTarget(8, 8, 4), "cannot create a framebuffer of 8 x 8 pixels");
 }
 
 }  // namespace

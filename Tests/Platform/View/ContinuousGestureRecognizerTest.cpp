@@ -25,9 +25,9 @@ struct Stage {
   test::Fingers fingers{view};
 };
 
-Point around(Point centre, double radius, double degrees) {
+Point around(Point center, double radius, double degrees) {
   const double angle = degrees * pi / 180;
-  return {centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)};
+  return {center.x + radius * std::cos(angle), center.y + radius * std::sin(angle)};
 }
 
 TEST(PanGestureRecognizer, CountsFromWhereItBegan) {
@@ -64,7 +64,7 @@ TEST(PanGestureRecognizer, DoesNotJumpWhenFingersComeAndGo) {
   fingers.move(2, {310, 305}, 0.6);
   EXPECT_EQ(pan->translation(), (Point{20, 5}));
   fingers.cancel(2, 0.7);
-  EXPECT_EQ(log.take(), "it began, it changed, it cancelled");
+  EXPECT_EQ(log.take(), "it began, it changed, it canceled");
 }
 
 TEST(PinchGestureRecognizer, TellsTheScaleSinceItBegan) {
@@ -74,7 +74,7 @@ TEST(PinchGestureRecognizer, TellsTheScaleSinceItBegan) {
   fingers.move(1, {150, 100}, 0.1);
   fingers.down(2, {242, 100}, 0.2);
   fingers.move({{1, {160, 130}}, {2, {252, 130}}}, 0.3);
-  EXPECT_EQ(log.take(), "") << "side by side is no pinch";
+  EXPECT_EQ(log.take(), "") << "parallel movement is not a pinch";
   fingers.move(2, {260, 130}, 0.4);
   EXPECT_EQ(pinch->state(), GestureState::began);
   EXPECT_EQ(pinch->scale(), 1.0);
@@ -108,19 +108,19 @@ TEST(PinchGestureRecognizer, StaysFiniteWhenFingersMeet) {
 TEST(RotationGestureRecognizer, CountsClockwiseBeyondHalfATurn) {
   Stage<RotationGestureRecognizer> stage;
   auto& [view, log, rotation, fingers] = stage;
-  const Point centre{200, 200};
-  fingers.down(1, centre, 0);
-  fingers.down(2, around(centre, 80, 0), 0);
-  fingers.move(2, around(centre, 80, 4), 0.1);
+  const Point center{200, 200};
+  fingers.down(1, center, 0);
+  fingers.down(2, around(center, 80, 0), 0);
+  fingers.move(2, around(center, 80, 4), 0.1);
   EXPECT_EQ(rotation->state(), GestureState::possible);
-  fingers.move(2, around(centre, 80, 6), 0.2);
+  fingers.move(2, around(center, 80, 6), 0.2);
   EXPECT_EQ(rotation->state(), GestureState::began);
   EXPECT_EQ(rotation->rotation(), 0.0);
   for (int degrees = 10; degrees <= 570; degrees += 20)
-    fingers.move(2, around(centre, 80, degrees), 1);
+    fingers.move(2, around(center, 80, degrees), 1);
   EXPECT_NEAR(rotation->rotation(), 564 * pi / 180, close) << "y points downwards";
-  fingers.move(2, centre, 2);
-  fingers.move(2, around(centre, 40, 560), 2);
+  fingers.move(2, center, 2);
+  fingers.move(2, around(center, 40, 560), 2);
   EXPECT_NEAR(rotation->rotation(), 554 * pi / 180, close) << "the fingers have met";
   fingers.down(3, {0, 0}, 3);
   fingers.up(2, 3);

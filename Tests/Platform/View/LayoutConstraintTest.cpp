@@ -53,7 +53,7 @@ TEST(LayoutConstraint, DecidesWhatItCanAndKeepsTheRest) {
        },
        {{20, 2}, {180, 40}},
        0},
-      {"centre and share",
+      {"center and share",
        [](View* a, View*, View* p) {
          return Constraints{{a, Attribute::centerX, p, Attribute::centerX},
                             {a, Attribute::centerY, p, Attribute::centerY, 1, 5},
@@ -69,7 +69,7 @@ TEST(LayoutConstraint, DecidesWhatItCanAndKeepsTheRest) {
        },
        {{79, 46}, {30, 40}},
        0},
-      {"earlier ones win; what says the same again is no contradiction",
+      {"earlier constraints win; a repeated constraint is not a contradiction",
        [](View* a, View*, View* p) {
          return Constraints{{a, Attribute::width, nullptr, Attribute::none, 1, 50},
                             {a, Attribute::left, p, Attribute::left, 1, 10},
@@ -104,7 +104,7 @@ TEST(LayoutConstraint, DecidesWhatItCanAndKeepsTheRest) {
     EXPECT_EQ(stage.a->frame(), each.expected) << each.what;
     EXPECT_EQ(stage.b->frame(), (Rect{{5, 6}, {70, 80}})) << each.what;
     stage.parent->layoutIfNeeded();
-    EXPECT_EQ(stage.lines.size(), each.lost) << each.what << ": told once, not once a frame";
+    EXPECT_EQ(stage.lines.size(), each.lost) << each.what << ": reported once, not once per frame";
   }
 }
 
@@ -123,7 +123,7 @@ TEST(LayoutConstraint, SolvesSiblingsTogetherAndThenWhatIsBelow) {
   a->addConstraint({inner.get(), Attribute::width, a, Attribute::width});
   parent->addConstraint({parent, Attribute::width, nullptr, Attribute::none, 1, 999});
   parent->layoutIfNeeded();
-  EXPECT_TRUE(stage.lines.empty()) << "its own width is its own parent's matter";
+  EXPECT_TRUE(stage.lines.empty()) << "its parent determines its width";
   EXPECT_EQ(a->frame(), (Rect{{0, 2}, {150, 40}}));
   EXPECT_EQ(b->frame(), (Rect{{150, 6}, {50, 25}}));
   EXPECT_EQ(inner->frame(), (Rect{{0, 0}, {150, 0}}));
@@ -140,7 +140,7 @@ TEST(LayoutConstraint, GoesWithTheViewsItIsAbout) {
   stage.parent->addConstraint({stage.b.get(), Attribute::left, stage.a.get(), Attribute::left});
   stage.parent->addConstraint({stage.b.get(), Attribute::top, stage.parent.get(), Attribute::top});
   stage.parent->addSubview(stage.a);
-  EXPECT_EQ(stage.parent->constraints().size(), 3U) << "it only came to the front";
+  EXPECT_EQ(stage.parent->constraints().size(), 3U) << "it was only brought to the front";
   stage.b->addSubview(stage.a);
   EXPECT_EQ(stage.parent->constraints().size(), 1U);
   EXPECT_EQ(stage.a->constraints().size(), 2U);
@@ -172,7 +172,7 @@ TEST(VisualFormat, PinsToTheEdgesThatItNames) {
   for (const char* broken : {"", "|[subview]|", "H:|-x-[subview]", "H:|-5[subview]",
                              "H:|-5-[other]", "H:[subview]-5-", "H:[subview]|x", "H:[subview"})
     EXPECT_DEATH(constraintsWithVisualFormat(broken, "subview", *stage.a, *stage.parent),
-                 "no visual format")
+                 "not a valid visual format")
         << broken;
 }
 

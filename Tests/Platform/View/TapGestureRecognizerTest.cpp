@@ -22,7 +22,7 @@ const Case cases[] = {
     {"trembled", 1, 1, "down 0 1 50 50; move 0.1 1 56 58; up 0.2 1", "tap ended"},
     {"moved away and back", 1, 1, "down 0 1 50 50; move 0.1 1 50 61; move 0.2 1 50 50; up 0.3 1",
      ""},
-    {"cancelled", 1, 1, "down 0 1 50 50; cancel 0.1 1", ""},
+    {"canceled", 1, 1, "down 0 1 50 50; cancel 0.1 1", ""},
     {"a second finger", 1, 1, "down 0 1 50 50; tap 0.1 2 90 50; up 0.3 1", ""},
     {"two fingers for two", 1, 2, "down 0 1 50 50; tap 0.1 2 90 50; up 0.3 1", "tap ended"},
     {"one finger for two", 1, 2, "tap 0 1 50 50", ""},

@@ -49,7 +49,7 @@ TEST(TouchDispatcher, LetsOneGestureRunAtATime) {
        "two began, two changed, two ended"},
       {"a pinch that goes on as a turn",
        two + "move 1 1 90 200 2 310 200; move 2 1 200 100 2 200 300; cancelAll 3",
-       "pinch began, pinch changed, pinch cancelled"},
+       "pinch began, pinch changed, pinch canceled"},
       {"one finger becomes two and one again",
        "down 0 1 100 200; move 0 1 100 220; move 0 1 100 230; down 1 2 300 200;"
        "move 1 1 100 250 2 300 220; move 1 1 100 260 2 300 230; up 2 2; move 2 1 110 260; up 3 1",
@@ -130,10 +130,10 @@ TEST(TouchDispatcher, OutlivesWhatIsTouched) {
          s.map = nullptr;
        },
        ""},
-      {"the view left", [](Stage& s) { s.map->removeFromSuperview(); }, "one cancelled"},
+      {"the view left", [](Stage& s) { s.map->removeFromSuperview(); }, "one canceled"},
       {"the recognizer left", [](Stage& s) { s.map->removeGestureRecognizer(*s.one); },
-       "one cancelled"},
-      {"the input is lost", [](Stage& s) { s.fingers.dispatcher().cancelAll(1); }, "one cancelled"},
+       "one canceled"},
+      {"the input is lost", [](Stage& s) { s.fingers.dispatcher().cancelAll(1); }, "one canceled"},
   };
   for (const Case& each : cases) {
     Stage stage;
@@ -157,7 +157,7 @@ TEST(TouchDispatcher, TakesTouchesAndChangesFromActions) {
   });
   stage.fingers.down(1, {100, 200}, 0);
   stage.fingers.move(1, {100, 250}, 0);
-  EXPECT_EQ(stage.log.take(), "one began, one cancelled");
+  EXPECT_EQ(stage.log.take(), "one began, one canceled");
   EXPECT_EQ(stage.pinch->view(), nullptr);
 }
 

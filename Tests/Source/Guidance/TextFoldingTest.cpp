@@ -31,7 +31,7 @@ TEST(TextFolding, TheSearchFormLeavesOutWhatPeopleLeaveOut) {
   std::string huge;
   for (int i = 0; i < 100'000; ++i) huge += "ﷺ-";  // "ﷺ" folds to eighteen letters
   EXPECT_LT(searchForm(huge).size(), 400U);
-  EXPECT_EQ(searchForm(std::string(299, 'a') + "é").size(), 299U) << "no half characters";
+  EXPECT_EQ(searchForm(std::string(299, 'a') + "é").size(), 299U) << "no truncated characters";
 }
 
 }  // namespace orivanta

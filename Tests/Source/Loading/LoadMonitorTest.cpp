@@ -47,24 +47,25 @@ TEST(LoadMonitor, TellsWhyACollectionFailed) {
     std::string reason;  // "" if there is none
   };
   const std::string page = "http://h/1/map";
-  const std::string status = page + " answered with HTTP status ";
+  const std::string status = page + " returned HTTP status ";
   const std::vector<Case> cases = {
       {200, Result<void>(), {}, ""},
       {204, Result<void>(), {}, ""},
       {401, Result<void>(), LoadProblem::refused, status + "401: wrong user name or password"},
-      {403, Result<void>(), LoadProblem::refused, status + "403: this account may not read it"},
+      {403, Result<void>(), LoadProblem::refused,
+       status + "403: this account does not have access"},
       {404, Result<void>(), LoadProblem::notFound,
-       status + "404: the server does not have it; is the endpoint right?"},
+       status + "404: not found; is the endpoint correct?"},
       {410, Result<void>(), LoadProblem::otherStatus, status + "410"},
       {503, failure("", 1, ""), LoadProblem::otherStatus,
-       status + "503: the server has a problem of its own"},
+       status + "503: the server failed to process the request"},
       {200, failure("", 1, ""), LoadProblem::unusable,
-       page + " answered with a body that is no JSON"},
+       page + " returned a response that is not valid JSON"},
       {200, failure("memory", 1, "too large"), LoadProblem::unusable, page + ": too large"},
       {std::nullopt, failure("curl", 7, "Couldn't connect"), LoadProblem::noAnswer,
-       "no answer from http://h/1/map: Couldn't connect"},
+       "no response from http://h/1/map: Couldn't connect"},
       {200, failure("curl", 56, "reset"), LoadProblem::noAnswer,
-       "no answer from http://h/1/map: reset"},
+       "no response from http://h/1/map: reset"},
       {200,
        failure(network::insecureStep(*foundation::Url::parse("https://h"),
                                      *foundation::Url::parse("x"))),
@@ -95,13 +96,13 @@ TEST(LoadMonitor, GivesUpLoadsThatDoNotEnd) {
     std::string reason;  // "" if there is none
     network::LowestRate lowestRate = {};
   } const cases[] = {
-      {{"2", "1", "2"}, 1, "the pages of node run in a circle, back to http://h/1/2"},
+      {{"2", "1", "2"}, 1, "the page links of node are circular: they lead back to http://h/1/2"},
       {{"2", "3", ""}, std::size_t{300} << 20U, ""},
       {{"2", "3", "4", ""}, std::size_t{300} << 20U, "the server sent more than 1024 MiB"},
       {std::vector<std::string>(100'001, "#"), 1, "node has more than 100000 pages"},
       {{"2", ""},
        1000,
-       "the pages of node come too slowly, less than 1000000000000000 bytes a second",
+       "the pages of node arrive too slowly: less than 1000000000000000 bytes per second",
        {1'000'000'000'000'000, std::chrono::seconds(0)}},
       {{"2", ""}, 1000, "", {1'000'000'000'000'000, std::chrono::hours(1)}},
       {{"2", ""}, 1000, "", {0, std::chrono::seconds(0)}},

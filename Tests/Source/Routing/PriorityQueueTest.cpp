@@ -67,7 +67,7 @@ TEST(PriorityQueue, FollowsTheListOnRandomStreams) {
 
 TEST(PriorityQueue, FollowsTheRecordedCases) {
   const auto folder = test::venuesFolder();
-  if (!folder) GTEST_SKIP() << "no venues";
+  if (!folder) GTEST_SKIP() << "the real venues are not available";
   const auto recorded = RawData::parse(test::contentsOf(*folder / "tie-grid" / "queue.json"));
   ASSERT_TRUE(recorded);
   const auto cases = (*recorded)["cases"].arrayValue();

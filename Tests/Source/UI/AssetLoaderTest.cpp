@@ -75,7 +75,7 @@ TEST(AssetLoader, MakesNoSourcesOfWhatAModelDoesNotHold) {
 }
 
 TEST(AssetLoader, TakesOrRefusesDamagedModelsWithoutCrashing) {
-  if (!venuesFolder()) GTEST_SKIP() << "no venues beside the project";
+  if (!venuesFolder()) GTEST_SKIP() << "the real venues are not available";
   const auto models = *venuesFolder() / "igml-pnu201-hostile" / "models";
   AssetLoader loader;
   const auto read = [&](const std::string& name) {

@@ -24,7 +24,7 @@ using foundation::Url;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-// Hands out files as another downloader does, when it is allowed to.
+// A downloader that delivers each file when the test allows it.
 class HoldingDownloader : public HttpDownloader {
  public:
   explicit HoldingDownloader(std::shared_ptr<HttpDownloader> source) : source_(std::move(source)) {}
@@ -33,7 +33,7 @@ class HoldingDownloader : public HttpDownloader {
                                         const network::AwaitedRequests& requests) override {
     const std::string name = *url.lastPathComponent();
     if (const auto latch = held.find(name); latch != held.end()) {
-      if (!latch->second->wait()) return foundation::failure("", 0, "no patience");
+      if (!latch->second->wait()) return foundation::failure("", 0, "timed out");
     }
     if (name == "missing") return foundation::failure("", 0, "missing");
     return source_->fetchFile(url, folder, requests);
@@ -137,7 +137,7 @@ TEST_F(FloorLoadTest, FetchesTheWantedFloorFirst) {
     downloader->held[name] = latch;
   }
   downloader->held["ground.obj"] = latch;
-  shown.mapView->loadFloors(handlers(), maps[7]);  // the upper one
+  shown.mapView->loadFloors(handlers(), maps[7]);  // the upper floor
   EXPECT_TRUE(drainUntil([this] { return !shown.delegate->calls.empty(); }));
   latch->open();
   EXPECT_TRUE(drainUntil([this] { return !ended.empty(); }));
@@ -154,7 +154,7 @@ TEST_F(FloorLoadTest, ShowsAnotherFloorWhenTheWantedOneCannotBe) {
   EXPECT_THAT(shown.delegate->calls, ElementsAre("loaded", "loaded"));
 }
 
-// Fetches the files of floors from a server.
+// Loads floors whose files come from a server.
 class ServedFloorLoad : public FloorLoadTest {
  protected:
   ServedFloorLoad() { shown.mapView->downloader = std::make_shared<HttpDownloader>(); }
@@ -179,18 +179,18 @@ TEST_F(ServedFloorLoad, TellsWhyAFloorCannotBeShown) {
   };
   const std::string refused = MisbehavingServer::refusingRoot();
   for (const auto& [scene, state, problem] :
-       {Case{R"("obj": "a floor")", FloorState::failed, "\"a floor\" is no URL of a file"},
-        Case{R"("obj": "http://h")", FloorState::failed, "\"http://h\" is no URL of a file"},
+       {Case{R"("obj": "a floor")", FloorState::failed, "\"a floor\" is not the URL of a file"},
+        Case{R"("obj": "http://h")", FloorState::failed, "\"http://h\" is not the URL of a file"},
         Case{R"("obj": ")" + refused + "floor.obj\"", FloorState::failed,
              refused + "floor.obj cannot be fetched"},
         Case{fmt::format(R"("obj": "FILE://{}")", secret.string()), FloorState::failed,
-             "secret.obj is no http or https URL"},
-        Case{model("/page.obj"), FloorState::failed, "page.obj gives an error page"},
+             "secret.obj is not an http or https URL"},
+        Case{model("/page.obj"), FloorState::failed, "page.obj returned an error page"},
         Case{model("/text.obj"), FloorState::failed,
-             "text.obj is no model that can be shown: it has no faces"},
+             "text.obj is not a model that can be shown: the model has no faces"},
         Case{model("/good.obj") + R"(, "mtl": ":", "images": [{"url": "file:///etc/hosts"}])",
              FloorState::ready,
-             "\":\" is no URL of a file; file:///etc/hosts is no http or https URL"}}) {
+             "\":\" is not the URL of a file; file:///etc/hosts is not an http or https URL"}}) {
     *shown.venue->maps = {mapOf("m", "{" + scene + "}")};
     ended.clear();
     shown.delegate->calls.clear();
@@ -209,7 +209,7 @@ TEST_F(ServedFloorLoad, MakesPicturesSmallerThatAreTooLargeTogether) {
   server.on("/a.mtl", Answer::html("newmtl a\nmap_Kd a.png\n"));
   server.on("/a.obj", Answer::html("mtllib a.mtl\nusemtl a\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n"));
   shown.venue->maps->clear();
-  for (int i = 0; i < 84; ++i)  // each may have 998,643 pixels
+  for (int i = 0; i < 84; ++i)  // each gets a share of 998,643 pixels
     shown.venue->maps->push_back(
         mapOf(fmt::format("{}", i), fmt::format(R"({{"obj": "{0}.obj", "mtl": "{0}.mtl",
                                               "images": [{{"url": "{0}.png"}}]}})",
@@ -218,7 +218,7 @@ TEST_F(ServedFloorLoad, MakesPicturesSmallerThatAreTooLargeTogether) {
     const auto shape = shown.floor(floor)->mapObject->children().front();
     return std::get<1>(shape->geometry()->firstMaterial()->diffuse().contents);
   };
-  const std::string remark = "a.png is shown with 600 x 500 of its 1200 x 1000 pixels";
+  const std::string remark = "a.png was reduced to 600 x 500 pixels (original: 1200 x 1000)";
   std::string remarks;
   for (const FloorProgress& floor : load()) {
     EXPECT_EQ(floor.state, FloorState::ready) << floor.problem;
@@ -264,7 +264,7 @@ TEST_F(ServedFloorLoad, KeepsFilesApartAndFetchesSharedOnesOnce) {
   EXPECT_THAT(states, ElementsAre(FloorState::ready, FloorState::failed, FloorState::failed));
   EXPECT_EQ(shown.mapView->currentMap(), shown.floor(0));
 
-  ended.clear();  // what was no model is fetched anew, and nothing else
+  ended.clear();  // only the file that was not a model is fetched again
   for (const FloorProgress& floor : load(shown.floor(2)))
     EXPECT_EQ(floor.state, FloorState::ready) << floor.problem;
   EXPECT_EQ(shown.mapView->currentMap(), shown.floor(2));
@@ -295,7 +295,8 @@ TEST_F(ServedFloorLoad, TellsServersWithAVenueOfTheSameNameApartAndRemembersBoth
     for (std::size_t i = 0; i < 2; ++i) expectOwnModel(i, earlierFiles);
 }
 
-// Loads with a floor that hangs, ends the load in a way of the test's own, and lets the floor come.
+// Starts a load in which one floor blocks, ends the load as the test specifies, then releases the
+// floor.
 class EndedFloorLoad : public FloorLoadTest {
  protected:
   void loadAndEnd(const std::function<void(std::shared_ptr<MapView>& view, FloorLoad& load)>& end) {
@@ -366,7 +367,7 @@ TEST_F(FloorLoadTest, AHandlerMayEndTheLoadOrTheView) {
   view->venue = shown.venue;
   view->downloader = downloader;
   *handle = view->loadFloors({[&](const FloorProgress&) { (*handle)->cancel(); },
-                              [](const auto&) { ADD_FAILURE() << "cancelled"; }});
+                              [](const auto&) { ADD_FAILURE() << "canceled"; }});
   shown.mapView->loadFloors(handlers());
   EXPECT_TRUE(drainUntil([this] { return !ended.empty(); }));
 }
@@ -382,7 +383,7 @@ TEST_F(FloorLoadTest, AnotherLoadTakesThePlaceOfTheFirst) {
   EXPECT_TRUE(drainUntil([this] { return !ended.empty(); }));
   EXPECT_FALSE(firstTold);
 
-  const auto former = shown.floor(0)->mapObject;  // which shows until the wanted floor is there
+  const auto former = shown.floor(0)->mapObject;  // is shown until the requested floor is ready
   const auto upperLatch = std::make_shared<Latch>();
   downloader->held["upper.obj"] = upperLatch;
   ended.clear();

@@ -29,7 +29,7 @@ std::string contents(const fs::path& file) {
   return foundation::readFile(file, 1U << 20U).value_or("(none)");
 }
 
-// A server, an empty caches directory and the lines that were reported.
+// A server, an empty cache directory and the diagnostics that were written.
 class MapDownloader : public testing::Test {
  public:
   MapDownloader() {
@@ -127,7 +127,7 @@ TEST_F(MapDownloader, TellsWhenAFileCannotBeKept) {
   EXPECT_THAT(takeLines(), ElementsAre("error saving file"));
   EXPECT_EQ(load("/a", "blocked/maps"), std::nullopt);
   EXPECT_THAT(takeLines(),
-              ElementsAre(testing::HasSubstr("cannot make the folder"), "error saving file"));
+              ElementsAre(testing::HasSubstr("cannot create the folder"), "error saving file"));
 }
 
 TEST_F(MapDownloader, HostileNamesStayInTheirFolder) {

@@ -39,7 +39,7 @@ TEST(MapViewDirections, DrawsTheSegmentsOfTheFloorShown) {
     std::string line;
   } cases[] = {
       {"one segment", {a, b}, 0, 1, "Drawing new 2 count path"},
-      {"up a lift", {a, b, above, farther}, 0, 1, "Drawing new 4 count path"},
+      {"up an elevator", {a, b, above, farther}, 0, 1, "Drawing new 4 count path"},
       {"other floor between", {a, above, b}, 0, 0, "Drawing new 3 count path"},
       {"from the middle", {a, b, a, b}, 1, 2, "Drawing new 3 count path"},
       {"too short", {a, b}, 1, 0, "Path too short, aborting"},
@@ -107,17 +107,18 @@ TEST(MapViewDirections, ArrowsPointAndMoveTowardsTheEndOneImageARun) {
   const auto ribbon = MapViewDirectionsPathNodes::nodes().back()->children().front();
   const auto material = ribbon->geometry()->firstMaterial();
   const auto begin = material->presentedDiffuse(10.0);
-  // Upwards in the picture is along the segment; four pictures lie on its 20 units.
+  // The image's upward direction is that of the segment. Its 20 units show four copies of the
+  // image.
   EXPECT_NEAR(textureAt(begin, 1, 0).y - textureAt(begin, 0, 0).y, 4, 1e-5);
   EXPECT_NEAR(textureAt(begin, 1, 0).x - textureAt(begin, 0, 0).x, 0, 1e-5);
-  // What shows at u is what showed further back before: it has moved towards the end.
+  // The content at u was farther back before: it has moved toward the end.
   const auto half = material->presentedDiffuse(20.0);
   EXPECT_NEAR(textureAt(half, 0, 0).y - textureAt(begin, 0, 0).y, -0.5, 1e-5);
   const auto later = material->presentedDiffuse(10.0 + 20.0 * 3 + 5.0);
   EXPECT_NEAR(textureAt(later, 0, 0).y - textureAt(begin, 0, 0).y, -0.25, 1e-4);
   EXPECT_EQ(material->animation("blah")->duration, 20.0);
 
-  shown.mapView->drawPathSegmentArrow({5, 5, 0}, {5, 5, 0}, 6, 0);  // of no length
+  shown.mapView->drawPathSegmentArrow({5, 5, 0}, {5, 5, 0}, 6, 0);  // a segment without length
   const auto still = MapViewDirectionsPathNodes::nodes().back()->children().front();
   EXPECT_EQ(still->geometry()->firstMaterial()->animation("blah")->duration, 0.0);
 }

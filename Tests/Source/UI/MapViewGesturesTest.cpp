@@ -17,7 +17,7 @@ using view::GestureState;
 
 constexpr float pi = std::numbers::pi_v<float>;
 
-// The handlers' recognizers, played by hand: what a recognizer says, then its state.
+// Calls the gesture handlers with recognizers whose values and states the test sets.
 class Hand {
  public:
   explicit Hand(const ShownVenue& shown) {
@@ -71,7 +71,7 @@ class MapViewGestures : public testing::Test {
 };
 
 TEST_F(MapViewGestures, OneFingerMovesTheOrbitPointByUnit) {
-  hand.pan(3, 0, GestureState::began);  // what the beginning says is not applied
+  hand.pan(3, 0, GestureState::began);  // the values of the first event are not applied
   hand.pan(13, 5);
   EXPECT_EQ(orbit(), Vector3(490, 505, 0));
   hand.pan(13, 25);
@@ -91,18 +91,18 @@ TEST_F(MapViewGestures, OneFingerMovesTheOrbitPointByUnit) {
 }
 
 TEST_F(MapViewGestures, TwoFingersTiltWithinTheirRange) {
-  hand.tilt(80);  // downwards: below straight down
+  hand.tilt(80);  // downward: past the vertical
   EXPECT_EQ(angles().x, 0);
-  hand.tilt(-200);  // a quarter of the view's height: 45 degrees
+  hand.tilt(-200);  // a quarter of the view's height is 45 degrees
   EXPECT_FLOAT_EQ(angles().x, pi / 4);
-  hand.tilt(-270);  // beyond 60 degrees: refused
+  hand.tilt(-270);  // more than 60 degrees is rejected
   EXPECT_FLOAT_EQ(angles().x, pi / 4);
   hand.tilt(-240);
   EXPECT_FLOAT_EQ(angles().x, 0.3F * pi);
   hand.tilt(-240, GestureState::ended);
   EXPECT_FLOAT_EQ(shown.mapView->lastHeightRatio, -0.3F);
 
-  hand.tilt(80);  // the next one begins where this one ended
+  hand.tilt(80);  // the next gesture begins where this one ended
   EXPECT_FLOAT_EQ(angles().x, 0.2F * pi);
   shown.mapView->lastGoodHeightRatio = -1;
   hand.tilt(1e6, GestureState::ended);
@@ -120,7 +120,7 @@ TEST_F(MapViewGestures, PinchesMultiply) {
   EXPECT_EQ(shown.mapView->scaleEnd, 4);
 
   hand.pinch(3);
-  hand.pinch(3, GestureState::cancelled);
+  hand.pinch(3, GestureState::canceled);
   EXPECT_EQ(shown.mapView->scaleEnd, 4);
   EXPECT_EQ(shown.mapView->scaleStart, 12);
 }

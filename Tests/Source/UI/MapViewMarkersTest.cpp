@@ -9,10 +9,10 @@ namespace {
 
 struct Placed {
   float x;
-  bool gives;  // way when it collides
+  bool gives;  // whether it disappears when it collides
 };
 
-// 20 points wide; a point is 1.25 units of the floor.
+// The marker is 20 points wide. A point is 1.25 units of the floor.
 std::shared_ptr<MapViewMarker2D> add(const ShownVenue& shown, const Placed& placed) {
   auto marker = std::make_shared<MapViewMarker2D>(graphics::Size{20, 20}, nullptr);
   marker->setPosition({placed.x, 500, 0});
@@ -25,14 +25,15 @@ TEST(MapViewMarkers, GiveWay) {
   const struct {
     const char* what;
     std::vector<Placed> markers;
-    std::string shown;  // one character a marker
-  } cases[] = {{"the first may not", {{500, false}, {500, true}, {500, true}}, "+--"},
-               {"none may", {{500, false}, {500, false}}, "++"},
-               {"both may: the earlier", {{500, true}, {500, true}}, "-+"},
-               {"the later may", {{500, false}, {500, true}}, "+-"},
-               {"apart", {{400, true}, {500, true}}, "++"},
-               {"one that gave way pushes nobody", {{500, true}, {510, false}, {480, true}}, "-++"},
-               {"chain", {{500, true}, {515, true}, {530, true}}, "--+"}};
+    std::string shown;  // one character per marker
+  } cases[] = {
+      {"the first may not disappear", {{500, false}, {500, true}, {500, true}}, "+--"},
+      {"none may disappear", {{500, false}, {500, false}}, "++"},
+      {"both may disappear: the earlier one does", {{500, true}, {500, true}}, "-+"},
+      {"the later may disappear", {{500, false}, {500, true}}, "+-"},
+      {"apart", {{400, true}, {500, true}}, "++"},
+      {"a hidden marker hides no other marker", {{500, true}, {510, false}, {480, true}}, "-++"},
+      {"chain", {{500, true}, {515, true}, {530, true}}, "--+"}};
   ShownVenue shown;
   for (const auto& [what, markers, expected] : cases) {
     std::vector<std::shared_ptr<MapViewMarker2D>> added;

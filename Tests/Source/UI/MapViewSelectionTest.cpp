@@ -47,11 +47,11 @@ TEST(MapViewSelection, TellsWhatIsTapped) {
     EXPECT_EQ(shown.delegate->calls.size(), places.size() + 1) << "the delegate is told first";
   };
   tap(shown, at(200, 200));  // the cafe
-  tap(shown, at(700, 700));  // the hall, without location
-  tap(shown, at(450, 450));  // a shape that is no polygon
+  tap(shown, at(700, 700));  // the hall, which has no location
+  tap(shown, at(450, 450));  // a shape that is not a polygon
   tap(shown, at(50, 500));   // the slab
   shown.mapView->cameraOrbit->setPosition({9000, 9000, 0});
-  tap(shown, {400, 400});  // nothing at all
+  tap(shown, {400, 400});  // empty space
   EXPECT_THAT(shown.delegate->calls,
               ElementsAre("loaded", "cafe", "nothing", "nothing", "nothing", "nothing"));
   EXPECT_THAT(places, ElementsAre("Cafe", "none", "none", "none", "none"));
@@ -124,7 +124,7 @@ TEST(MapViewSelection, MapsPositionsBetweenSceneViewAndOverlay) {
     EXPECT_NEAR(point.x, x, 0.01);
     EXPECT_NEAR(point.y, y, 0.01);
   };
-  // 1374 tan(20 degrees) = 500.0951 units of the floor lie between the middle and an edge.
+  // The center is 1374 tan(20 degrees) = 500.0951 units of the floor from an edge.
   constexpr float edge = 500.0951F;
   near(mapView.findPositionCameraViewport({500, 500, 0}), 400, 400);
   near(mapView.findPositionCameraViewport({500 - edge, 500 + edge, 0}), 0, 0);

@@ -1,4 +1,4 @@
-// A map view that is drawn on one thread while another one changes it.
+// Draws a map view on one thread while another thread changes it.
 #include <gtest/gtest.h>
 
 #include <atomic>

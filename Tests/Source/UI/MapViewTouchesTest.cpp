@@ -1,4 +1,4 @@
-// Fingers of all kinds on a map view, from the touch to the camera and the delegate.
+// Dispatches touches to a map view and checks the camera and the delegate.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -25,7 +25,7 @@ TEST(MapViewTouches, MoveTiltZoomAndTurn) {
   ShownVenue shown;
   Fingers fingers(shown.mapView);
   fingers.down(1, {400, 400}, 0);
-  fingers.move(1, {420, 400}, 0.1);  // begins here: what led to it is not applied
+  fingers.move(1, {420, 400}, 0.1);  // the gesture begins here; the movement before is not applied
   fingers.move(1, {450, 410}, 0.2);
   fingers.up(1, 0.3);
   EXPECT_EQ(orbitOf(shown), Vector3(470, 510, 0));
@@ -48,7 +48,7 @@ TEST(MapViewTouches, MoveTiltZoomAndTurn) {
   fingers.up(2, 4);
   EXPECT_LT(shown.camera().position().z, before / 3);
   EXPECT_EQ(anglesOf(shown).z, 0) << "one gesture at a time";
-  EXPECT_EQ(shown.delegate->calls.size(), 1U) << "no finger that moved has tapped";
+  EXPECT_EQ(shown.delegate->calls.size(), 1U) << "a finger that moved does not tap";
 }
 
 TEST(MapViewTouches, PinchAndTurnTogetherWhenAllowed) {
@@ -76,14 +76,14 @@ TEST(MapViewTouches, TapsReachEveryShapeOfAFloor) {
     const auto hits =
         shown.mapView->sceneView->hits(shown.mapView->findPositionCameraViewport(middle));
     ASSERT_FALSE(hits.empty());
-    const bool isCovered = shape->name() == "Ground";  // by the shape in its middle
+    const bool isCovered = shape->name() == "Ground";  // another shape covers its center
     EXPECT_EQ(hits.front().node == shape, !isCovered) << *shape->name();
     EXPECT_TRUE(std::any_of(hits.begin(), hits.end(),
                             [&](const scene::Hit& hit) { return hit.node == shape; }));
   }
 }
 
-// Any fingers, in any order, also those of a broken screen.
+// Sends random touches in any order, including those of a faulty screen.
 class RandomFingers {
  public:
   RandomFingers(const std::shared_ptr<view::View>& root, std::uint32_t seed)

@@ -154,7 +154,7 @@ TEST_F(RenderVenue, DrawsAPictureForEachVisitToAFloor) {
 TEST_F(RenderVenue, ShowsTheAttributionOrSaysToShowIt) {
   serveVisits("© T");
   const auto without = renderVisits({"--no-attribution"});
-  EXPECT_EQ(without.errors, "orivanta: show this with the pictures: © T · CC0\n");
+  EXPECT_EQ(without.errors, "orivanta: show this attribution with the images: © T · CC0\n");
   const auto plain = picture("map.png");
   for (const std::string corner : {"lower-left", "lower-right", "upper-left", "upper-right"}) {
     EXPECT_EQ(renderVisits({"--attribution", corner}).errors, "");
@@ -172,7 +172,7 @@ TEST_F(RenderVenue, ShowsTheAttributionOrSaysToShowIt) {
   }
   EXPECT_EQ(renderVisits({"--attribution", "middle"}).exitCode, 2);
   serveVisits(std::string(900, 'x'));
-  EXPECT_THAT(renderVisits({}).errors, HasSubstr("show this with the pictures: xxx"));
+  EXPECT_THAT(renderVisits({}).errors, HasSubstr("show this attribution with the images: xxx"));
 }
 
 TEST_F(RenderVenue, ReplaysTouches) {
@@ -208,7 +208,7 @@ TEST_F(RenderVenue, SaysWhatIsWrong) {
       {{"--turn", "nan"}, 2, "--turn"},
       {{"--tilt", "60"}, 2, "--tilt"},
       {{"--zoom", "-1"}, 2, "--zoom"},
-      {{"--highlight", "paper kestrel=mauvish"}, 2, "no colour"},
+      {{"--highlight", "paper kestrel=mauvish"}, 2, "not a color"},
       {{"--touches", "/nonexistent"}, 2, "cannot read"},
       {{"--map", "attic"}, 1, "no floor \"attic\""},
       {{"--marker", "no such shop"}, 1, "no location"},

@@ -164,8 +164,8 @@ TEST(Model, LibrariesAreFoundByName) {
 }
 
 TEST(MaterialLibrary, StatementsOfAMaterial) {
-  const auto look = [](std::array<float, 3> colour, float opacity, const char* texture) {
-    Material material{"M", colour, opacity, std::nullopt, true};
+  const auto look = [](std::array<float, 3> color, float opacity, const char* texture) {
+    Material material{"M", color, opacity, std::nullopt, true};
     if (*texture != '\0') material.diffuseTexture = texture;
     return material;
   };
@@ -281,7 +281,7 @@ double faceArea(const std::string& text) {
 
 TEST(Model, RealFloorsKeepTheirAreaAndMaterials) {
   const auto venues = test::venuesFolder();
-  if (!venues) GTEST_SKIP() << "no venues";
+  if (!venues) GTEST_SKIP() << "the real venues are not available";
   std::size_t modelCount = 0;
   for (const std::string& venue : test::venueNames()) {
     for (const auto& entry : fs::directory_iterator(*venues / venue / "maps")) {

@@ -90,7 +90,7 @@ TEST(CameraPose, FramesPointsInWhatIsFree) {
     }
     const double across = std::max(std::abs(room.left), std::abs(room.right));
     const double up = std::max(std::abs(room.top), std::abs(room.bottom));
-    EXPECT_LT(std::min(across, up), 1e-6) << "no closer and no farther than need be";
+    EXPECT_LT(std::min(across, up), 1e-6) << "as close as possible";
     EXPECT_GT(std::min({room.left, room.top, room.right, room.bottom}), -1e-6);
   }
 }
@@ -115,7 +115,7 @@ TEST(CameraPose, FramesAModelThatIsHigherThanWide) {
       for (const graphics::Vector3& corner : corners) {
         const double depth = depthOf(corner, pose);
         ASSERT_GT(depth, 0);
-        // Where the corner shows is where the ground behind it does.
+        // The corner and the ground point behind it have the same position on the screen.
         const double share =
             pose.distance * std::cos(tilt) / (pose.distance * std::cos(tilt) - corner.z);
         const graphics::Point eye{pose.x + pose.distance * std::sin(tilt) * std::sin(0.4),
@@ -128,7 +128,7 @@ TEST(CameraPose, FramesAModelThatIsHigherThanWide) {
                 std::min(room.bottom, lens.size.height - shown->y)};
       }
       const double least = std::min({room.left, room.top, room.right, room.bottom});
-      EXPECT_GT(least, -1e-3) << "nothing is cut";
+      EXPECT_GT(least, -1e-3) << "nothing is clipped";
       EXPECT_LT(least, 1) << "and it fills the view";
     }
 }

@@ -20,12 +20,12 @@ TEST(LabelLayer, NamesThePlacesOfTheFloorThatHaveRoom) {
       }
       return mapView.markers().size();
     };
-    EXPECT_EQ(count(), 1U) << "the cafe; the stand is on no floor by its records";
+    EXPECT_EQ(count(), 1U) << "the cafe; no record assigns the stand to a floor";
     labels.setMarked({shown.location("cafe-1")});
     EXPECT_EQ(count(), 0U);
     labels.setMarked({});
     labels.setCovered({{{0, 400}, {400, 400}}});
-    EXPECT_EQ(count(), 0U) << "something lies over it";
+    EXPECT_EQ(count(), 0U) << "another view covers it";
     labels.setCovered({});
     EXPECT_EQ(count(), 1U);
     mapView.camera().setPose({950, 950, 100, 0, 0});

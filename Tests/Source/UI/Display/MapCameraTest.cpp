@@ -57,7 +57,7 @@ TEST_F(MapCameraTest, GesturesGoOnFromWhereThePointerHasBroughtTheCamera) {
   fingers.move({{1, {300, 315}}, {2, {500, 315}}}, 1.1);  // the tilt begins
   fingers.move({{1, {300, 323}}, {2, {500, 323}}}, 1.2);
   EXPECT_NEAR(control.pose().tilt, 0.5, 0.1) << "no jump";
-  EXPECT_LT(control.pose().tilt, 0.5) << "downwards is towards straight down";
+  EXPECT_LT(control.pose().tilt, 0.5) << "a downward movement tilts toward the vertical";
 }
 
 TEST_F(MapCameraTest, APinchGoesOnWhileSomethingElseSetsTheCamera) {
@@ -69,7 +69,7 @@ TEST_F(MapCameraTest, APinchGoesOnWhileSomethingElseSetsTheCamera) {
   fingers.move({{1, {250, 400}}, {2, {550, 400}}}, 0.2);
   const double pinched = control.pose().distance;
   ASSERT_LT(pinched, 800);
-  control.setPose(control.pose());  // as for another floor, or another size of the window
+  control.setPose(control.pose());  // as when the floor or the window size changes
   fingers.move({{1, {249, 400}}, {2, {551, 400}}}, 0.3);
   EXPECT_NEAR(control.pose().distance, pinched, 0.02 * pinched);
   fingers.dispatcher().cancelAll(0.4);
@@ -110,11 +110,11 @@ TEST_F(MapCameraTest, AShortRouteFillsAFairPartOfTheView) {
 TEST_F(MapCameraTest, GlidesBeginWithTheirFirstFrameAddUpAndEnd) {
   control.setPose({500, 500, 800, 0, 0});
   control.advance(1);
-  control.zoomBy(1.5, {400, 400});  // after a quiet while
+  control.zoomBy(1.5, {400, 400});  // some time after the last input
   control.advance(10);
   EXPECT_NEAR(control.pose().distance, 800, 1e-3);
   EXPECT_TRUE(control.isGliding());
-  for (const double time : {10.02, 10.04, 10.06, 10.08}) {  // a step for each frame
+  for (const double time : {10.02, 10.04, 10.06, 10.08}) {  // one step per frame
     const double before = control.pose().distance;
     control.zoomBy(1.01, {400, 400});
     control.advance(time);
@@ -147,7 +147,7 @@ TEST_F(MapCameraTest, MovesByStepsAndKeepsToItsLimitsUnlessToldOtherwise) {
   EXPECT_EQ(control.pose().x, 5000);
 }
 
-// The camera of a started scene sees 5,000 units far.
+// The far clip plane of a started scene's camera is at 5,000 units.
 TEST_F(MapCameraTest, ShowsAFloorOfAnySizeWhole) {
   const auto shape = shown.floor(0)->mapObject->children().front();
   for (const float size : {3000.0F, 30000.0F}) {
@@ -169,7 +169,7 @@ TEST_F(MapCameraTest, ShowsAFloorOfAnySizeWhole) {
   }
 }
 
-// A pinch moves the camera as far, and what it shows is not cut off.
+// A pinch that moves the camera this far must not clip the floor.
 TEST_F(MapCameraTest, GesturesTakeTheClipPlanesAlong) {
   fingers.down(1, {100, 400}, 0);
   fingers.down(2, {700, 400}, 0);

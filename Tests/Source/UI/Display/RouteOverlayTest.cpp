@@ -11,12 +11,12 @@
 namespace orivanta::test {
 namespace {
 
-// The number of drawn segments in a map view, and whether all of them have that color.
+// The number of drawn segments in a map view, and whether all of them have the color.
 int segmentsIn(const MapView& mapView, graphics::Color color) {
   int segments = 0;
   for (const auto& node : mapView.sceneView->scene()->rootNode()->children()) {
     const auto parts = node->children();
-    if (parts.size() != 3 || !parts[2]->geometry()) continue;  // no strip
+    if (parts.size() != 3 || !parts[2]->geometry()) continue;  // not a strip
     const auto contents = parts[2]->geometry()->firstMaterial()->diffuse().contents;
     if (contents == scene::Contents(color)) ++segments;
   }
@@ -65,7 +65,7 @@ TEST(RouteOverlay, FollowsTheFloorThatIsShown) {
     shown.mapView->changeMap(1);
     overlay.arrange();
     EXPECT_EQ(segmentsIn(*shown.mapView, color), 2);
-    EXPECT_EQ(shown.mapView->markers().size(), 2U) << "where it arrives and where it ends";
+    EXPECT_EQ(shown.mapView->markers().size(), 2U) << "the arrival and the end";
     overlay.show(1, &overlay.visits().front());
     EXPECT_EQ(segmentsIn(*shown.mapView, color), 0);
     shown.mapView->startScene();

@@ -18,7 +18,7 @@ namespace {
 
 class FileFetchTest : public testing::Test {
  protected:
-  // Begins to fetch a file of the server.
+  // Starts fetching a file from the server.
   void start(const std::string& path, std::function<void(std::size_t, FileFetch::Outcome)> ended) {
     FileFetch::start({{*foundation::Url::parse(server.root(path)), "maps"}},
                      std::make_shared<HttpDownloader>(), {}, {[](auto) {}, std::move(ended)});
@@ -45,9 +45,9 @@ TEST_F(FileFetchTest, KeepsOnlyAnAnswerThatIsOne) {
                        Answer::html("picture", 203)});
   const auto kept = *foundation::cachesDirectory() / "maps" / "a.png";
   for (const std::string problem :
-       {"answered with HTTP status 404", "answered with HTTP status 503",
-        "cannot be fetched: it takes more memory", "answered with nothing",
-        "gives an error page in place of the file", "cannot be fetched: ", ""}) {
+       {"returned HTTP status 404", "returned HTTP status 503",
+        "cannot be fetched: the memory limit", "returned an empty response",
+        "returned an error page instead of the file", "cannot be fetched: ", ""}) {
     const Awaited<FileFetch::Outcome> outcome;
     start("/a.png", [outcome](std::size_t, const auto& ended) { outcome.give(ended); });
     const auto fetched = outcome.take();
@@ -60,7 +60,7 @@ TEST_F(FileFetchTest, KeepsOnlyAnAnswerThatIsOne) {
   }
 }
 
-// What is kept after a first fetch, and what becomes of it.
+// A cached file after a first fetch, and the result of the second fetch.
 TEST_F(FileFetchTest, AsksTheServerAgainUnlessTheFileIsNotWhatArrived) {
   const auto current = Answer::html("new").with("ETag", "\"2\"");
   const auto same = Answer::html("", 304);
@@ -71,7 +71,7 @@ TEST_F(FileFetchTest, AsksTheServerAgainUnlessTheFileIsNotWhatArrived) {
     std::function<void(const std::filesystem::path& file)> then;
     Answer second;
     std::string condition;  // of the second request
-    std::string contents;   // after it; empty if there is a problem
+    std::string contents;   // after the second request; empty if it failed
     bool isEarlier = false;
   };
   const auto tagged = Answer::html("old").with("ETag", "\"1\"");
@@ -87,10 +87,10 @@ TEST_F(FileFetchTest, AsksTheServerAgainUnlessTheFileIsNotWhatArrived) {
         Case{"unmarked", Answer::html("old"), nothing, current, "", "new"},
         Case{"shortened", tagged, write("ol"), current, "", "new"},
         Case{"damaged", tagged, write("odd"), current, "", "new"},
-        Case{"damaged and failing", tagged, write("odd"), Answer::html("", 503), "", ""},
+        Case{"damaged, and the server fails", tagged, write("odd"), Answer::html("", 503), "", ""},
         Case{"failing", tagged, nothing, Answer::html("", 503), "\"1\"", "old", true},
-        Case{"failing, unmarked", Answer::html("old"), nothing, Answer::html("", 503), "", "old",
-             true},
+        Case{"the server fails, and there is no ETag", Answer::html("old"), nothing,
+             Answer::html("", 503), "", "old", true},
         Case{"cut off", tagged, nothing, Answer::html("new").closedAfter(1), "\"1\"", "old", true},
         Case{"a portal", tagged, nothing, Answer::html("<html>sign in"), "\"1\"", "old", true},
         Case{"gone", tagged, nothing, Answer::html("", 404), "\"1\"", ""},
@@ -132,7 +132,7 @@ TEST_F(FileFetchTest, KeepsFilesOfOneNameApartByTheirUrls) {
     EXPECT_EQ(std::count(folder.begin(), folder.end(), '/'), 1) << folder;
     EXPECT_EQ(folder.find("/."), std::string::npos) << folder;
   }
-  server.on("/.a.png.origin", Answer::html("a note that is none"));
+  server.on("/.a.png.origin", Answer::html("an invalid note"));
   EXPECT_EQ(fetch("/.a.png.origin").value().path.find("/.a"), std::string::npos);
 }
 
@@ -140,7 +140,7 @@ TEST_F(FileFetchTest, TellsWhyAFileCannotBeKept) {
   server.on("/a.png", Answer::html("picture"));
   foundation::writeFileAtomically(*foundation::cachesDirectory() / "maps", "");
   EXPECT_THAT(fetch("/a.png").error().description,
-              testing::AllOf(testing::HasSubstr("cannot be kept: cannot make the folder"),
+              testing::AllOf(testing::HasSubstr("cannot be cached: cannot create the folder"),
                              testing::EndsWith("Not a directory")));
   std::filesystem::create_directories(*foundation::cachesDirectory() / "full" / "a.png" / "x");
   EXPECT_THAT(fetch(server.root("/a.png"), "full").error().description,

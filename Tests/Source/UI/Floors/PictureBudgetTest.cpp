@@ -28,7 +28,7 @@ TEST_F(PictureBudgetTest, SmallPicturesStayAndLeaveTheirShareToOthers) {
   EXPECT_EQ(first.at(small)->width(), 10U);
   EXPECT_EQ(first.at(broken), nullptr);
 
-  // 1900 pixels are left: 800 for each of the large ones.
+  // 1900 pixels remain, 800 for each large image.
   FloorPictures pictures(budget);
   const auto large = square("large.png", 50);
   const auto other = square("other.png", 60);
@@ -38,9 +38,10 @@ TEST_F(PictureBudgetTest, SmallPicturesStayAndLeaveTheirShareToOthers) {
   EXPECT_EQ(second.at(large)->width(), 25U);
   EXPECT_EQ(second.at(other)->width(), 20U);
   EXPECT_EQ(second.at(small), first.at(small));
-  EXPECT_EQ(pictures.remarks(),
-            (std::vector<std::string>{"large.png is shown with 25 x 25 of its 50 x 50 pixels",
-                                      "other.png is shown with 20 x 20 of its 60 x 60 pixels"}));
+  EXPECT_EQ(
+      pictures.remarks(),
+      (std::vector<std::string>{"large.png was reduced to 25 x 25 pixels (original: 50 x 50)",
+                                "other.png was reduced to 20 x 20 pixels (original: 60 x 60)"}));
 }
 
 }  // namespace

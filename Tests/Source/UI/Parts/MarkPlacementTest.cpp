@@ -18,7 +18,7 @@ struct Scene {
   }
 };
 
-// From one point straight to the other, both with a text.
+// A straight line between two points, both with a text.
 Scene between(Point start, Point end) {
   return {{{start, {80, 18}}, {end, {130, 36}}}, {{start, end}}};
 }
@@ -27,7 +27,7 @@ TEST(MarkPlacement, PinsWithTheirTextBelowWhereThereIsRoom) {
   const Scene scene = between({100, 300}, {600, 300});
   EXPECT_EQ(scene.looks(), (std::vector<MarkLook>{{}, {}}));
   const std::vector<MarkLook> before{{MarkSymbol::pin, TextSide::above}, {}};
-  EXPECT_EQ(scene.looks(before), before) << "a look stays while it is good enough";
+  EXPECT_EQ(scene.looks(before), before) << "a placement stays while it is good enough";
 }
 
 TEST(MarkPlacement, NothingHidesTheOtherEndOfAShortRoute) {
