@@ -6,7 +6,9 @@
 #include <stdexcept>
 #include <utility>
 
+#include "Apps/Command/GuideBatch.hpp"
 #include "Apps/Command/Json.hpp"
+#include "Apps/Planning/PlanQuery.hpp"
 #include "Source/Guidance/PathWalk.hpp"
 #include "Source/Location.hpp"
 #include "Source/NavigationGraph.hpp"
@@ -82,13 +84,16 @@ std::string_view rawMember(std::string_view object, std::string_view key) {
   }
 }
 
-BatchRouter::BatchRouter(const Venue& venue) : venue_(venue) {
+BatchRouter::BatchRouter(const Venue& venue)
+    : venue_(venue), guide_(std::make_unique<GuideBatch>(venue)) {
   for (const auto& node : *venue.nodes) {
     nodes_.emplace(*node->id, node);
     quotedIds_.emplace(node.get(), jsonString(*node->id));
   }
   for (const auto& location : *venue.locations) locations_.emplace(*location->id, location);
 }
+
+BatchRouter::~BatchRouter() = default;
 
 NodeList BatchRouter::side(const RawData& request, const std::string& name) const {
   const RawData list = request[name];
@@ -99,10 +104,7 @@ NodeList BatchRouter::side(const RawData& request, const std::string& name) cons
   if (!list.data()) throw RequestError("missing " + choice);
   if (!list.data()->is_array())
     throw RequestError(fmt::format("\"{}\" must be a list of node identifiers", name));
-  NodeList nodes;
-  for (const RawData& element : list.arrayValue())
-    nodes.push_back(known(nodes_, element, "node", name));
-  return nodes;
+  return nodesIn(list, name);
 }
 
 std::string BatchRouter::route(const RawData& request) const {
@@ -122,6 +124,26 @@ std::string BatchRouter::route(const RawData& request) const {
   return text + R"(],"weight":)" + jsonNumber(walk.weight());
 }
 
+NodeList BatchRouter::nodesIn(const RawData& list, const std::string& name) const {
+  NodeList nodes;
+  for (const RawData& element : list.arrayValue())
+    nodes.push_back(known(nodes_, element, "node", name));
+  return nodes;
+}
+
+// Answers a request with instructions: the members of the result, without the outer braces.
+std::string BatchRouter::guided(const RawData& request) const {
+  const auto listed = [&](const char* name) {
+    const RawData list = request[name];
+    return list.data() && list.data()->is_array() ? nodesIn(list, name) : NodeList();
+  };
+  const boost::json::object result =
+      request["path"].data() ? guide_->describe(request, listed("path"))
+                             : guide_->answer(request, listed("from"), listed("to"));
+  const std::string text = jsonText(result);
+  return text.substr(1, text.size() - 2);
+}
+
 std::string BatchRouter::answer(std::string_view line) const {
   std::string id = "null";
   try {
@@ -129,8 +151,11 @@ std::string BatchRouter::answer(std::string_view line) const {
     if (!request || !request->data()->is_object())
       throw RequestError("the line is not a JSON object");
     if (const auto given = rawMember(line, "id"); !given.empty()) id = withControlsEscaped(given);
-    return fmt::format(R"({{"id":{},{}}})", id, route(*request));
+    return fmt::format(R"({{"id":{},{}}})", id,
+                       GuideBatch::isGuided(*request) ? guided(*request) : route(*request));
   } catch (const RequestError& error) {
+    return fmt::format(R"({{"id":{},"error":{}}})", id, jsonString(error.what()));
+  } catch (const planning::QueryError& error) {
     return fmt::format(R"({{"id":{},"error":{}}})", id, jsonString(error.what()));
   }
 }

@@ -18,22 +18,29 @@
 
 namespace orivanta::command {
 
+class GuideBatch;
+
 /// Keeps a reference to a loaded venue, which must not change. Not thread-safe.
 class BatchRouter {
  public:
   explicit BatchRouter(const Venue& venue);
+  ~BatchRouter();
 
   /// Returns the answer to one request, without a line break. "from" and "to" contain identifiers
   /// of nodes, "fromLocation" and "toLocation" the identifier of a location; each end has one of
   /// the two. "id" is copied to the answer as it is written. A weight beyond the range of a double
-  /// is written as 1e999. An invalid request is answered with an error.
+  /// is written as 1e999. An invalid request is answered with an error. A request with "guide",
+  /// "path" or another member of guidance is answered as `GuideBatch` describes.
   std::string answer(std::string_view line) const;
 
  private:
   NodeList side(const RawData& request, const std::string& name) const;
+  NodeList nodesIn(const RawData& list, const std::string& name) const;
   std::string route(const RawData& request) const;
+  std::string guided(const RawData& request) const;
 
   const Venue& venue_;
+  std::unique_ptr<GuideBatch> guide_;
   std::unordered_map<std::string_view, std::shared_ptr<Node>> nodes_;
   std::unordered_map<std::string_view, std::shared_ptr<Location>> locations_;
   std::unordered_map<const Node*, std::string> quotedIds_;

@@ -22,10 +22,13 @@ namespace orivanta::command {
 namespace {
 
 void checkUse(const FindRouteOptions& options) {
-  const bool placesGiven = !options.from.empty() || !options.to.empty();
+  const auto& nearest = options.guidance.query.nearest;
+  const bool placesGiven = !options.from.empty() || !options.to.empty() || nearest;
   if (options.batchFile && placesGiven)
     throw CommandError(ExitCode::wrongUse, "--batch cannot be combined with --from or --to");
-  if (!options.batchFile && (options.from.empty() || options.to.empty()))
+  if (!options.to.empty() && nearest)
+    throw CommandError(ExitCode::wrongUse, "specify either --to or --nearest");
+  if (!options.batchFile && (options.from.empty() || (options.to.empty() && !nearest)))
     throw CommandError(ExitCode::wrongUse, "specify --from and --to, or --batch");
   if (options.batchFile == "-" && options.connection.passwordFile == "-")
     throw CommandError(ExitCode::wrongUse,

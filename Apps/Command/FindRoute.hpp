@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Apps/Command/CommandError.hpp"
+#include "Apps/Command/GuideRoute.hpp"
 #include "Apps/Command/Settings.hpp"
 
 namespace orivanta::command {
@@ -17,6 +18,7 @@ struct FindRouteOptions {
   bool accessible = false;  ///< excludes connectors that are not accessible
   std::vector<std::string> from;
   std::vector<std::string> to;
+  GuideOptions guidance;
   std::optional<std::string> batchFile;  ///< replaces `from` and `to`; "-" for standard input
 };
 
