@@ -9,10 +9,10 @@
 #include <unordered_map>
 #include <vector>
 
+#include "Benchmarks/Mall.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/Vortex.hpp"
-#include "Tests/Support/Networks.hpp"
 
 namespace orivanta::benchmarks {
 
@@ -53,7 +53,7 @@ std::string arrayOf(const Texts& elements) {
 }  // namespace
 
 std::map<std::string, std::string> mallJson(std::size_t nodeCount) {
-  test::Mall mall = test::makeMall(nodeCount, 0.2, 1);
+  Mall mall = makeMall(nodeCount, 0.2, 1);
   std::sort(mall.nodes.begin(), mall.nodes.end(), isListedBefore);
   Identifiers ids;
   std::map<const Map*, std::string> maps;

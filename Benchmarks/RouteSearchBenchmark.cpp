@@ -11,10 +11,10 @@
 #include <vector>
 
 #include "Benchmarks/BoostRouteSearch.hpp"
+#include "Benchmarks/Mall.hpp"
 #include "Source/Node.hpp"
 #include "Source/RouteSearch.hpp"
 #include "Tests/Support/ListRouteSearch.hpp"
-#include "Tests/Support/Networks.hpp"
 
 namespace orivanta::benchmarks {
 namespace {
@@ -23,7 +23,7 @@ using Query = std::pair<NodeList, NodeList>;
 
 struct Scenario {
   explicit Scenario(std::size_t nodeCount)
-      : mall(test::makeMall(nodeCount, 0.2, 1)), boost(mall.nodes, *mall.graph) {
+      : mall(makeMall(nodeCount, 0.2, 1)), boost(mall.nodes, *mall.graph) {
     std::mt19937 random(1);
     std::uniform_int_distribution<std::size_t> any(0, mall.nodes.size() - 1);
     const std::size_t queryCount = std::clamp<std::size_t>(1'000'000 / nodeCount, 20, 100);
@@ -32,7 +32,7 @@ struct Scenario {
     for (const auto& [from, to] : queries) found.push_back(searchRoute(from, to, *mall.graph));
   }
 
-  test::Mall mall;
+  Mall mall;
   BoostRouteSearch boost;
   std::vector<Query> queries;
   std::vector<std::optional<Route>> found;

@@ -1,5 +1,5 @@
 // Loads the first venue of the web API and prints the directions from its first place to its last.
-#include <orivanta/orivanta.hpp>
+#include <orivanta/core.hpp>
 
 #include <cstdlib>
 #include <future>

@@ -6,6 +6,37 @@ using namespace orivanta;
 
 namespace guides {
 
+void loadOnMainThread(const std::vector<std::shared_ptr<Venue>>& venues) {
+  //! [cancel loads]
+  const foundation::CancellationSource source;
+  const WebApiSession session =
+      WebApiSession("https://maps.example.com/1/", "user", "password", "en")
+          .canceledBy(source.token());
+  LoadHandlers<VenueLoadReport> handlers;
+  handlers.executor = foundation::mainQueue::async;  // calls `ended` in `mainQueue::drain`
+  handlers.ended = [](const VenueLoadReport& report) { std::cout << *report.venue->name << '\n'; };
+  for (const auto& venue : venues)
+    loadVenueReporting(session, venue, /*accessible=*/false, handlers);
+  source.cancel();  // ends all these loads
+  //! [cancel loads]
+}
+
+void drawToFile(const std::shared_ptr<graphics::Image>& image) {
+  //! [check a result]
+  const foundation::Result<void> written = graphics::writePng(*image, "map.png");
+  if (!written) std::cerr << written.error().description << '\n';
+  //! [check a result]
+}
+
+//! [return a result]
+foundation::Result<std::shared_ptr<Venue>> venueNamed(
+    const std::vector<std::shared_ptr<Venue>>& venues, const std::string& slug) {
+  for (const auto& venue : venues)
+    if (venue->slug == slug) return venue;
+  return foundation::failure("my application", 1, "there is no venue " + slug);
+}
+//! [return a result]
+
 void listVenues() {
   //! [list venues]
   setApiSettings(

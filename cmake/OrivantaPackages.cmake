@@ -35,7 +35,11 @@ endif()
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME orivanta)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
-set(CPACK_PACKAGE_CONTACT "The Orivanta developers <orivanta@localhost>")
+# Debian requires an address. The top-level domain "invalid" is reserved (RFC 2606), so that this address
+# reaches nobody; whoever publishes packages sets their own.
+set(ORIVANTA_PACKAGE_CONTACT "Orivanta developers <orivanta@packages.invalid>"
+    CACHE STRING "Maintainer of the Debian packages: a name and an address")
+set(CPACK_PACKAGE_CONTACT ${ORIVANTA_PACKAGE_CONTACT})
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -64,7 +64,7 @@ ExitCode reportNoRoute(const FindRouteOptions& options, const RouteEnd& from, co
                   fmt::join(options.from, ", "), fmt::join(options.to, ", "));
   for (const RouteEnd* end : {&from, &to})
     if (end->nodes.empty())
-      text += fmt::format("; {} has no nodes", end->place ? *end->place->name : "one side");
+      text += fmt::format("; {} has no nodes", end->location ? *end->location->name : "one side");
   complain(text);
   return ExitCode::notFound;
 }
@@ -77,7 +77,7 @@ ExitCode findRoute(const FindRouteOptions& options) {
   const auto venue = load(options);
   const RouteEnd from = findRouteEnd(*venue, options.from);
   const RouteEnd to = findRouteEnd(*venue, options.to);
-  const auto directions = getDirections(from.nodes, to.nodes, from.place, to.place);
+  const auto directions = getDirections(*venue, from, to);
   if (!directions) return reportNoRoute(options, from, to);
   const RouteDescription route = describeRoute(*venue, directions);
   writeOutput(options.json ? jsonText(routeJson(route)) + '\n' : routeText(route));

@@ -8,6 +8,7 @@
 #include "Apps/Command/CommandError.hpp"
 #include "Apps/Command/Table.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Location.hpp"
 #include "Source/Node.hpp"
@@ -42,7 +43,7 @@ std::string ambiguity(const std::string& text, const Locations& candidates) {
 RouteEnd findPlace(const Venue& venue, const std::string& text) {
   if (text.empty()) throw CommandError(ExitCode::wrongUse, "a place must not be empty");
   const auto [locations, node] = placesNamed(venue, text);
-  if (node) return {{node}, nullptr};
+  if (node) return NodeList{node};
   if (locations.empty())
     throw CommandError(
         ExitCode::notFound,
@@ -56,13 +57,13 @@ RouteEnd findPlace(const Venue& venue, const std::string& text) {
 }  // namespace
 
 RouteEnd findRouteEnd(const Venue& venue, const std::vector<std::string>& texts) {
-  RouteEnd end;
+  RouteEnd end = NodeList();
   std::unordered_set<const Node*> seen;
   for (const std::string& text : texts) {
     const RouteEnd part = findPlace(venue, text);
     for (const auto& node : part.nodes)
       if (seen.insert(node.get()).second) end.nodes.push_back(node);
-    end.place = texts.size() == 1 ? part.place : nullptr;
+    end.location = texts.size() == 1 ? part.location : nullptr;
   }
   return end;
 }

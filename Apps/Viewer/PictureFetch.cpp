@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "Platform/Foundation/Files.hpp"
+#include "Platform/Foundation/Fnv.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Platform/Foundation/SerialQueue.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
@@ -26,8 +27,8 @@ constexpr std::uint64_t mostPixels = std::uint64_t{2048} * 2048;
 
 // Pictures of several places may have the same name.
 std::string folderFor(const foundation::Url& url, const std::string& slug) {
-  return fmt::format("{}/places/{:x}", HttpDownloader::folderFor(url, slug),
-                     std::hash<std::string>()(url.path() + '?' + url.query()));
+  return fmt::format("{}/places/{:016x}", HttpDownloader::folderFor(url, slug),
+                     foundation::Fnv::of(url.path() + '?' + url.query()));
 }
 
 // Blocks. Returns null if the picture cannot be fetched or read.

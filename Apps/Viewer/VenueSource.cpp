@@ -53,8 +53,10 @@ std::optional<Problem> problemIn(const std::vector<LoadFailure>& failures,
 VenueSource::VenueSource(ApiSettings settings) : settings_(std::move(settings)) {}
 
 WebApiSession VenueSource::makeSession() const {
-  return {*settings_.endpoint, *settings_.username, *settings_.password,
-          fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", "))};
+  const WebApiSession session(*settings_.endpoint, *settings_.username, *settings_.password,
+                              fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", ")),
+                              nullptr, settings_.loadBytes, settings_.transport);
+  return session.withLowestRate(settings_.lowestRate.value_or(session.lowestRate()));
 }
 
 void VenueSource::cancel() {

@@ -31,7 +31,7 @@ class VenueSource {
     std::function<void(const Problem&)> failed;
   };
 
-  /// `settings` must be complete except for the observer.
+  /// `settings` must have an endpoint, a user name and a password. The observer is not called.
   explicit VenueSource(ApiSettings settings);
   ~VenueSource() { cancel(); }
   VenueSource(const VenueSource&) = delete;

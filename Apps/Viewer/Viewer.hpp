@@ -21,7 +21,7 @@
 namespace orivanta::viewer {
 
 struct ViewerOptions {
-  ApiSettings settings;             ///< complete except for the observer
+  ApiSettings settings;             ///< see `VenueSource`
   std::optional<std::string> slug;  ///< of the venue; if empty, all venues are listed
 };
 

@@ -2,13 +2,25 @@
 // Node.hpp and Source/Node.hpp, which belong to this program.
 #include <Node.hpp>
 #include <Source/Node.hpp>
+#include <future>
 #include <iostream>
-#include <orivanta/orivanta.hpp>
+#include <orivanta/core.hpp>
 
 static_assert(ORIVANTA_VERSION >= ORIVANTA_VERSION_NUMBER(0, 1, 0));
 static_assert(OwnNode().number + OwnSourceNode().number == 3);
 
 using namespace orivanta;
+
+// Starts a request that nobody answers. Returns whether it fails.
+bool requestFails() {
+  std::promise<bool> failed;
+  HttpSession("http://127.0.0.1:1/", "user", "password", "en")
+      .get("node")
+      .onPage<int>(0, [](int pages, const RawData&) { return pages + 1; })
+      .onComplete([&](int) { failed.set_value(false); })
+      .onError([&](const foundation::Error&) { failed.set_value(true); });
+  return failed.get_future().get();
+}
 
 int main() {
   const auto page = RawData::parse(R"([
@@ -26,7 +38,7 @@ int main() {
   venue->navigationGraph =
       std::make_shared<NavigationGraph>(nodes, Collection<Vortex>(), /*accessible=*/false);
   activeVenue = venue;
-  if (!attributionText(*venue).empty()) return 1;
+  if (!attributionText(*venue).empty() || !requestFails()) return 1;
   const auto directions = nodes.at("a")->directionsTo(*nodes.at("b"));
   if (!directions || directions->path.size() != 2) return 1;
   std::cout << "length " << (*venue->navigationGraph)[*nodes.at("a")].front().distance() << '\n';

@@ -31,7 +31,7 @@ std::shared_ptr<Location> placeOf(const std::string& name, NodeList nodes = {}) 
   return place;
 }
 
-// Returns "path: instruction at node / ...", with D for a departure and A for an arrival.
+// Returns the path and the instructions, such as "ABC: A Depart from Shop, C Arrive at Bank".
 std::string textOf(const Result& result) {
   if (!result) return "nothing";
   std::string text = namesOf(result->path) + ":";
@@ -39,8 +39,9 @@ std::string textOf(const Result& result) {
     const Direction::Action* action = direction.action.get();
     const bool departs = dynamic_cast<const Direction::Departure*>(action) != nullptr;
     const bool arrives = dynamic_cast<const Direction::Arrival*>(action) != nullptr;
-    text += " (" + std::string(departs ? "D" : "") + (arrives ? "A" : "") + " " +
-            direction.instruction + " at " + *direction.node->id + ")";
+    EXPECT_EQ(departs, direction.instruction.starts_with("Depart"));
+    EXPECT_EQ(arrives, direction.instruction.starts_with("Arrive"));
+    text += (text.back() == ':' ? " " : ", ") + *direction.node->id + " " + direction.instruction;
     EXPECT_TRUE(direction.atLocation);
     EXPECT_FALSE(direction.towardsLocation);
   }
@@ -60,12 +61,11 @@ TEST(Directions, SayWhereToDepartAndArrive) {
       {std::nullopt, shop, shop, "nothing"},
       {NodeList{}, shop, shop, "nothing"},
       {network("ABC"), nullptr, nullptr, "ABC:"},
-      {network("ABC"), nullptr, shop, "ABC: (A Arrive at Shop at C)"},
-      {network("ABC"), shop, nullptr, "ABC: (D Depart from Shop at A)"},
-      {network("ABC"), placeOf("x\\\"y"), shop,
-       "ABC: (D Depart from x\"y at A) (A Arrive at Shop at C)"},
-      {network("B"), shop, shop, "B: (D Depart from Shop at B) (A Arrive at Shop at B)"},
-      {network("AB"), nameless, nameless, "AB: (D Depart from nil at A) (A Arrive at nil at B)"},
+      {network("ABC"), nullptr, shop, "ABC: C Arrive at Shop"},
+      {network("ABC"), shop, nullptr, "ABC: A Depart from Shop"},
+      {network("ABC"), placeOf("x\\\"y"), shop, "ABC: A Depart from x\"y, C Arrive at Shop"},
+      {network("B"), shop, shop, "B: B Depart from Shop, B Arrive at Shop"},
+      {network("AB"), nameless, nameless, "AB: A Depart from nil, B Arrive at nil"},
   };
   for (const auto& test : cases)
     EXPECT_EQ(textOf(Directions::make(test.path, test.from, test.to)), test.text);
@@ -103,44 +103,38 @@ TEST_F(ActiveDirections, EveryEntryLeadsToTheSameSearch) {
     const char* text;
   } const cases[] = {
       {"lists", getDirections(fromList, toList, left_, right_),
-       "ABC: (D Depart from Left at A) (A Arrive at Right at C)"},
-      {"node, list", getDirections(node("B"), toList, left_), "BC: (D Depart from Left at B)"},
-      {"list, node", getDirections(fromList, node("B"), nullptr, right_),
-       "AB: (A Arrive at Right at B)"},
+       "ABC: A Depart from Left, C Arrive at Right"},
+      {"node, list", getDirections(node("B"), toList, left_), "BC: B Depart from Left"},
+      {"list, node", getDirections(fromList, node("B"), nullptr, right_), "AB: B Arrive at Right"},
       {"nodes", getDirections(node("D"), node("B")), "DCB:"},
-      {"place to place", left.directionsTo(right),
-       "ABC: (D Depart from Left at A) (A Arrive at Right at C)"},
+      {"place to place", left.directionsTo(right), "ABC: A Depart from Left, C Arrive at Right"},
       {"place to node", left.directionsTo(node("B"), other_),
-       "AB: (D Depart from Left at A) (A Arrive at Other at B)"},
-      {"place to list", left.directionsTo(toList), "ABC: (D Depart from Left at A)"},
+       "AB: A Depart from Left, B Arrive at Other"},
+      {"place to list", left.directionsTo(toList), "ABC: A Depart from Left"},
       {"place from place", right.directionsFrom(left),
-       "ABC: (D Depart from Left at A) (A Arrive at Right at C)"},
+       "ABC: A Depart from Left, C Arrive at Right"},
       {"place from node", right.directionsFrom(node("B"), other_),
-       "BC: (D Depart from Other at B) (A Arrive at Right at C)"},
-      {"place from list", right.directionsFrom(fromList), "ABC: (A Arrive at Right at C)"},
+       "BC: B Depart from Other, C Arrive at Right"},
+      {"place from list", right.directionsFrom(fromList), "ABC: C Arrive at Right"},
       {"node to place", node("B").directionsTo(right, other_),
-       "BC: (D Depart from Other at B) (A Arrive at Right at C)"},
+       "BC: B Depart from Other, C Arrive at Right"},
       {"node to node", node("B").directionsTo(node("D"), left_, right_),
-       "BCD: (D Depart from Left at B) (A Arrive at Right at D)"},
-      {"node to list", node("B").directionsTo(toList, nullptr, right_),
-       "BC: (A Arrive at Right at C)"},
+       "BCD: B Depart from Left, D Arrive at Right"},
+      {"node to list", node("B").directionsTo(toList, nullptr, right_), "BC: C Arrive at Right"},
       {"node from place", node("B").directionsFrom(left, other_),
-       "AB: (D Depart from Left at A) (A Arrive at Other at B)"},
+       "AB: A Depart from Left, B Arrive at Other"},
       {"node from node", node("B").directionsFrom(node("D"), right_, other_),
-       "DCB: (D Depart from Right at D) (A Arrive at Other at B)"},
-      {"node from list", node("D").directionsFrom(fromList, left_),
-       "ABCD: (D Depart from Left at A)"},
+       "DCB: D Depart from Right, B Arrive at Other"},
+      {"node from list", node("D").directionsFrom(fromList, left_), "ABCD: A Depart from Left"},
       {"list to place", directionsTo(fromList, right, left_),
-       "ABC: (D Depart from Left at A) (A Arrive at Right at C)"},
-      {"list to node", directionsTo(fromList, node("B"), nullptr, other_),
-       "AB: (A Arrive at Other at B)"},
-      {"list to list", directionsTo(fromList, toList, left_), "ABC: (D Depart from Left at A)"},
+       "ABC: A Depart from Left, C Arrive at Right"},
+      {"list to node", directionsTo(fromList, node("B"), nullptr, other_), "AB: B Arrive at Other"},
+      {"list to list", directionsTo(fromList, toList, left_), "ABC: A Depart from Left"},
       {"list from place", directionsFrom(toList, left, right_),
-       "ABC: (D Depart from Left at A) (A Arrive at Right at C)"},
-      {"list from node", directionsFrom(toList, node("B"), other_),
-       "BC: (D Depart from Other at B)"},
+       "ABC: A Depart from Left, C Arrive at Right"},
+      {"list from node", directionsFrom(toList, node("B"), other_), "BC: B Depart from Other"},
       {"list from list", directionsFrom(toList, fromList, nullptr, right_),
-       "ABC: (A Arrive at Right at C)"},
+       "ABC: C Arrive at Right"},
   };
   for (const auto& test : cases) EXPECT_EQ(textOf(test.result), test.text) << test.what;
 }

@@ -23,18 +23,16 @@ using test::sessionFor;
 using test::Texts;
 using test::withPage;
 
-struct PagesCase {
-  std::string name;
-  std::vector<std::pair<std::string, Answer>> answers;  // by path relative to the root
-  Texts completed;
-};
-
 TEST(HttpResponse, FoldsThePagesOfAChainInOrder) {
   const Answer a = Answer::json(R"(["1"])");
   const Answer b = Answer::json(R"(["2"])");
   const Answer c = Answer::json(R"(["3"])");
   const Answer notFound = Answer::json(R"({"error": "none"})", 404);
-  const PagesCase cases[] = {
+  const struct {
+    std::string name;
+    std::vector<std::pair<std::string, Answer>> answers;  // by path relative to the root
+    Texts completed;
+  } cases[] = {
       {"one page", {{"a", a}}, {"1"}},
       {"empty page", {{"a", Answer::json("[]")}}, {}},
       {"three pages", {{"a", a.next("/1/b")}, {"b", b.next("/1/c")}, {"c", c}}, {"1", "2", "3"}},
@@ -56,7 +54,7 @@ TEST(HttpResponse, FoldsThePagesOfAChainInOrder) {
       {"compressed", {{"a", a.gzipped().next("b")}, {"b", b.gzipped().chunked()}}, {"1", "2"}},
       {"redirect", {{"a", Answer::redirect("x/b")}, {"x/b", b.next("c")}, {"x/c", c}}, {"2", "3"}},
   };
-  for (const PagesCase& chain : cases) {
+  for (const auto& chain : cases) {
     SCOPED_TRACE(chain.name);
     MisbehavingServer server;
     for (const auto& [path, answer] : chain.answers) server.on("/1/" + path, answer);
@@ -66,13 +64,6 @@ TEST(HttpResponse, FoldsThePagesOfAChainInOrder) {
   }
 }
 
-struct FailureCase {
-  std::string name;
-  Answer first;
-  std::string domain;
-  int code;
-};
-
 TEST(HttpResponse, AFailureOnAnyPageEndsTheChainWithItsError) {
   const std::string longText = R"([")" + std::string(100'000, 'x') + R"("])";
   const Answer sound = Answer::json(longText);
@@ -80,7 +71,14 @@ TEST(HttpResponse, AFailureOnAnyPageEndsTheChainWithItsError) {
   damaged.body[20] ^= 1;
   Answer shortened = sound.gzipped();
   shortened.body.resize(shortened.body.size() / 2);
-  const FailureCase cases[] = {
+  Answer huge = sound;
+  huge.announcedBytes = 1ULL << 40U;
+  const struct {
+    std::string name;
+    Answer first;
+    std::string domain;
+    int code;
+  } cases[] = {
       {"HTML", Answer::html("<p>Not today"), "", 1},
       {"empty body", Answer::json(""), "", 1},
       {"no body", Answer::json("", 204), "", 1},
@@ -96,15 +94,9 @@ TEST(HttpResponse, AFailureOnAnyPageEndsTheChainWithItsError) {
       {"unknown compression", sound.with("Content-Encoding", "br"), "http", 1},
       {"endless redirects", Answer::redirect("b"), "curl", 47},
       {"redirect to a file", Answer::redirect("file:///etc/hostname"), "curl", 1},
-      {"body announced too large",
-       [&] {
-         auto huge = sound;
-         huge.announcedBytes = 1ULL << 40U;
-         return huge;
-       }(),
-       "curl", 63},
+      {"body announced too large", huge, "curl", 63},
   };
-  for (const FailureCase& failure : cases)
+  for (const auto& failure : cases)
     for (const bool onSecondPage : {false, true}) {
       SCOPED_TRACE(failure.name + (onSecondPage ? ", page 2" : ", page 1"));
       MisbehavingServer server;

@@ -18,9 +18,7 @@ namespace orivanta {
 namespace {
 
 using test::DrawnNetwork;
-using test::makeMall;
 using test::makeNode;
-using test::Mall;
 using test::namesOf;
 using test::searchRouteWithList;
 
@@ -167,14 +165,15 @@ TEST(RouteSearch, FollowsTheListOnRandomGraphs) {
 }
 
 TEST(RouteSearch, SeveralThreadsSearchOneGraphAtOnce) {
-  const Mall mall = makeMall(1500, 0.0, 2);
-  const auto routesOf = [&mall](std::uint32_t seed) {
+  std::mt19937 shaping(2);
+  const RandomGraph shared = makeRandomGraph({"", 1500, 3.0, digit, none}, shaping);
+  const auto routesOf = [&shared](std::uint32_t seed) {
     std::mt19937 random(seed);
     std::vector<std::optional<Route>> routes;
     routes.reserve(40);
     for (int query = 0; query < 40; ++query)
       routes.push_back(
-          searchRoute(pick(mall.nodes, 2, random), pick(mall.nodes, 2, random), *mall.graph));
+          searchRoute(pick(shared.nodes, 2, random), pick(shared.nodes, 2, random), *shared.graph));
     return routes;
   };
   std::vector<std::vector<std::optional<Route>>> found(4);

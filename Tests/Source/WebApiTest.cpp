@@ -1,5 +1,6 @@
 #include "Source/WebApi.hpp"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include "Source/Category.hpp"
@@ -96,28 +97,15 @@ class Witness : public WebApiObserver {
  public:
   void pageReceived(std::string_view collection, const network::HttpUrlResponse& response,
                     std::size_t bodyBytes) override {
-    add(std::string(collection) + " " + std::to_string(response.statusCode) + " " +
-        std::to_string(bodyBytes));
+    lines.push_back(fmt::format("{} {} {}", collection, response.statusCode, bodyBytes));
   }
   void collectionEnded(std::string_view collection,
                        const foundation::Result<void>& outcome) override {
-    add(std::string(collection) + " " +
-        (outcome ? "complete" : "failed " + outcome.error().domain));
+    lines.push_back(fmt::format("{} {}", collection,
+                                outcome ? "complete" : "failed " + outcome.error().domain));
   }
 
-  std::vector<std::string> taken() {
-    const std::lock_guard lock(mutex_);
-    return std::exchange(lines_, {});
-  }
-
- private:
-  void add(std::string line) {
-    const std::lock_guard lock(mutex_);
-    lines_.push_back(std::move(line));
-  }
-
-  std::mutex mutex_;
-  std::vector<std::string> lines_;
+  std::vector<std::string> lines;
 };
 
 TEST(WebApi, AnObserverLearnsOfPagesAndReasons) {
@@ -128,7 +116,7 @@ TEST(WebApi, AnObserverLearnsOfPagesAndReasons) {
   const WebApiSession session = sessionFor(server.root(), witness);
   const auto load = [&] {
     collected<Location>([&](auto done) { session.locations("v", done); });
-    return witness->taken();
+    return std::exchange(witness->lines, {});
   };
   EXPECT_THAT(load(), ElementsAre("location 200 2", "location 404 3", "location complete"));
   server.on("/1/2", Answer::html("<p>"));

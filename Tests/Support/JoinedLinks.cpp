@@ -20,60 +20,51 @@ namespace json = boost::json;
 
 namespace {
 
-template <class Record>
-const std::string& idOf(const std::shared_ptr<Record>& record) {
-  return *record->id;
-}
-template <class Record>
-const std::string& idOf(const std::weak_ptr<Record>& record) {
-  return *record.lock()->id;
-}
-
 template <class Handles>
 json::array idsOf(const Handles& records) {
   json::array ids;
-  for (const auto& record : records) ids.emplace_back(idOf(record));
+  for (const auto& record : records)
+    if constexpr (requires { record.lock(); })
+      ids.emplace_back(*record.lock()->id);
+    else
+      ids.emplace_back(*record->id);
   return ids;
 }
 
-template <class Record, class Links>
-json::object linksOf(const std::optional<std::vector<std::shared_ptr<Record>>>& records,
-                     const Links& links) {
-  json::object byId;
-  for (const auto& record : records.value()) byId[*record->id] = links(*record);
-  return byId;
-}
-
-json::object linksOfVortex(const Vortex& vortex) {
-  json::array maps = idsOf(vortex.maps);
-  std::sort(maps.begin(), maps.end(), [](const json::value& left, const json::value& right) {
+json::array sorted(json::array ids) {
+  std::sort(ids.begin(), ids.end(), [](const json::value& left, const json::value& right) {
     return left.get_string() < right.get_string();
   });
-  return {{"maps", maps}, {"nodes", idsOf(vortex.nodes)}, {"accessible", vortex.accessible}};
+  return ids;
 }
 
 }  // namespace
 
 json::object joinedLinks(const Venue& venue) {
-  return {{"categories", linksOf(venue.categories,
-                                 [](const Category& category) -> json::object {
-                                   return {{"parents", idsOf(category.parents)},
-                                           {"children", idsOf(category.children)},
-                                           {"locations", idsOf(category.locations)}};
-                                 })},
-          {"locations", linksOf(venue.locations,
-                                [](const Location& location) -> json::object {
-                                  return {{"categories", idsOf(location.categories)},
-                                          {"nodes", idsOf(location.nodes)},
-                                          {"polygons", idsOf(location.polygons)}};
-                                })},
-          {"polygons", linksOf(venue.polygons,
-                               [](const Polygon& polygon) -> json::object {
-                                 return {{"map", *polygon.map->id},
-                                         {"entrances", idsOf(polygon.entrances)},
-                                         {"locations", idsOf(polygon.locations)}};
-                               })},
-          {"vortices", linksOf(venue.vortices, linksOfVortex)}};
+  json::object categories;
+  json::object locations;
+  json::object polygons;
+  json::object vortices;
+  for (const auto& each : venue.categories.value())
+    categories[*each->id] = {{"parents", idsOf(each->parents)},
+                             {"children", idsOf(each->children)},
+                             {"locations", idsOf(each->locations)}};
+  for (const auto& each : venue.locations.value())
+    locations[*each->id] = {{"categories", idsOf(each->categories)},
+                            {"nodes", idsOf(each->nodes)},
+                            {"polygons", idsOf(each->polygons)}};
+  for (const auto& each : venue.polygons.value())
+    polygons[*each->id] = {{"map", *each->map->id},
+                           {"entrances", idsOf(each->entrances)},
+                           {"locations", idsOf(each->locations)}};
+  for (const auto& each : venue.vortices.value())
+    vortices[*each->id] = {{"maps", sorted(idsOf(each->maps))},
+                           {"nodes", idsOf(each->nodes)},
+                           {"accessible", each->accessible}};
+  return {{"categories", categories},
+          {"locations", locations},
+          {"polygons", polygons},
+          {"vortices", vortices}};
 }
 
 void expectSameLinks(const json::object& actual, const json::object& expected) {

@@ -75,24 +75,6 @@ std::optional<std::string> ReceivedRequest::field(std::string_view name) const {
   return std::nullopt;
 }
 
-Answer Answer::json(std::string text, int status) {
-  Answer answer;
-  answer.status = status;
-  answer.body = std::move(text);
-  return answer.with("Content-Type", "application/json");
-}
-
-Answer Answer::html(std::string text, int status) {
-  Answer answer;
-  answer.status = status;
-  answer.body = std::move(text);
-  return answer.with("Content-Type", "text/html");
-}
-
-Answer Answer::redirect(std::string location, int status) {
-  return html("<p>Moved", status).with("Location", std::move(location));
-}
-
 Answer Answer::with(std::string name, std::string value) const {
   Answer answer = *this;
   answer.fields.emplace_back(std::move(name), std::move(value));
@@ -106,38 +88,6 @@ Answer Answer::next(const std::string& uri) const {
 Answer Answer::gzipped() const {
   Answer answer = with("Content-Encoding", "gzip");
   answer.body = test::gzipped(body);
-  return answer;
-}
-
-Answer Answer::chunked() const {
-  Answer answer = *this;
-  answer.inChunks = true;
-  return answer;
-}
-
-Answer Answer::closedAfter(std::size_t bodyBytes) const {
-  Answer answer = *this;
-  answer.ending = Ending::closed;
-  answer.sentBodyBytes = bodyBytes;
-  return answer;
-}
-
-Answer Answer::resetAfter(std::size_t bodyBytes) const {
-  Answer answer = closedAfter(bodyBytes);
-  answer.ending = Ending::reset;
-  return answer;
-}
-
-Answer Answer::trickled(std::size_t bytesInBurst) const {
-  Answer answer = *this;
-  answer.byTrickles = true;
-  answer.burstBytes = bytesInBurst;
-  return answer;
-}
-
-Answer Answer::held(std::shared_ptr<Latch> opener) const {
-  Answer answer = *this;
-  answer.latch = std::move(opener);
   return answer;
 }
 
@@ -178,39 +128,19 @@ class MisbehavingServer::Implementation {
     return fmt::format("{}://{}:{}{}", tls_ ? "https" : "http", host, port_, path);
   }
 
-  void on(const std::string& path, Script script) {
-    const std::lock_guard lock(mutex_);
-    scripts_[path] = std::move(script);
-  }
-
-  std::vector<ReceivedRequest> requests() const {
-    const std::lock_guard lock(mutex_);
-    return requests_;
-  }
-
-  void forgetRequests() {
-    const std::lock_guard lock(mutex_);
-    requests_.clear();
-  }
-
-  std::size_t connectionCount() const {
-    const std::lock_guard lock(mutex_);
-    return connectionCount_;
-  }
-
-  bool waitForRequests(const std::string& path, std::size_t count) const {
+  // Waits until the condition, which is checked while the mutex is held, is true.
+  template <class Condition>
+  bool waitFor(const Condition& condition) {
     std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, patience, [&] {
-      return count <= static_cast<std::size_t>(
-                          std::count_if(requests_.begin(), requests_.end(),
-                                        [&](const auto& request) { return request.path == path; }));
-    });
+    return changed_.wait_for(lock, patience, condition);
   }
 
-  bool waitForEndedConnections(std::size_t count) const {
-    std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, patience, [&] { return endedConnectionCount_ >= count; });
-  }
+  std::mutex mutex_;  // guards the members that the test's threads use
+  std::condition_variable changed_;
+  std::map<std::string, Script> scripts_;
+  std::vector<ReceivedRequest> requests_;
+  std::size_t connectionCount_ = 0;
+  std::size_t endedConnectionCount_ = 0;
 
  private:
   asio::awaitable<void> acceptAll() {
@@ -299,13 +229,6 @@ class MisbehavingServer::Implementation {
     return script ? script(request) : Answer::json(R"({"error": "not found"})", 404);
   }
 
-  mutable std::mutex mutex_;  // guards the members that the test's threads use
-  mutable std::condition_variable changed_;
-  std::map<std::string, Script> scripts_;
-  std::vector<ReceivedRequest> requests_;
-  std::size_t connectionCount_ = 0;
-  std::size_t endedConnectionCount_ = 0;
-
   std::optional<asio::ssl::context> tls_;
   asio::io_context context_;
   tcp::acceptor acceptor_;
@@ -318,7 +241,8 @@ MisbehavingServer::MisbehavingServer(const std::filesystem::path& certificate)
 MisbehavingServer::~MisbehavingServer() = default;
 
 void MisbehavingServer::on(const std::string& path, Script script) {
-  implementation_->on(path, std::move(script));
+  const std::lock_guard lock(implementation_->mutex_);
+  implementation_->scripts_[path] = std::move(script);
 }
 
 void MisbehavingServer::on(const std::string& path, Answer answer) {
@@ -347,7 +271,8 @@ std::string MisbehavingServer::refusingRoot() {
 }
 
 std::vector<ReceivedRequest> MisbehavingServer::requests() const {
-  return implementation_->requests();
+  const std::lock_guard lock(implementation_->mutex_);
+  return implementation_->requests_;
 }
 
 std::vector<ReceivedRequest> MisbehavingServer::requests(const std::string& path) const {
@@ -357,17 +282,24 @@ std::vector<ReceivedRequest> MisbehavingServer::requests(const std::string& path
 }
 
 bool MisbehavingServer::waitForRequests(const std::string& path, std::size_t count) const {
-  return implementation_->waitForRequests(path, count);
+  const auto isForPath = [&](const auto& request) { return request.path == path; };
+  return implementation_->waitFor([&, &all = implementation_->requests_] {
+    return std::count_if(all.begin(), all.end(), isForPath) >= static_cast<std::ptrdiff_t>(count);
+  });
 }
 
-void MisbehavingServer::forgetRequests() { implementation_->forgetRequests(); }
+void MisbehavingServer::forgetRequests() {
+  const std::lock_guard lock(implementation_->mutex_);
+  implementation_->requests_.clear();
+}
 
 std::size_t MisbehavingServer::connectionCount() const {
-  return implementation_->connectionCount();
+  const std::lock_guard lock(implementation_->mutex_);
+  return implementation_->connectionCount_;
 }
 
 bool MisbehavingServer::waitForEndedConnections(std::size_t count) const {
-  return implementation_->waitForEndedConnections(count);
+  return implementation_->waitFor([&] { return implementation_->endedConnectionCount_ >= count; });
 }
 
 }  // namespace orivanta::test

@@ -37,29 +37,51 @@ struct Answer {
   };
 
   int status = 200;
-  std::vector<std::pair<std::string, std::string>> fields;
-  std::string body;
+  std::vector<std::pair<std::string, std::string>> fields = {};
+  std::string body = {};
   bool inChunks = false;
-  std::string trailer;  ///< header lines after the last chunk, each with its line break
-  std::optional<std::size_t> announcedBytes;  ///< a false Content-Length
+  std::string trailer = {};  ///< header lines after the last chunk, each with its line break
+  std::optional<std::size_t> announcedBytes = {};  ///< a false Content-Length
   Ending ending = Ending::complete;
-  std::size_t sentBodyBytes = 0;  ///< number of bytes sent before the early end
-  bool byTrickles = false;        ///< send a byte of the body every 50 ms
-  std::size_t burstBytes = 1;     ///< send this many every 4 s instead, if more than 1
-  std::shared_ptr<Latch> latch;   ///< nothing is sent before it opens; may be null
+  std::size_t sentBodyBytes = 0;      ///< number of bytes sent before the early end
+  bool byTrickles = false;            ///< send a byte of the body every 50 ms
+  std::size_t burstBytes = 1;         ///< send this many every 4 s instead, if more than 1
+  std::shared_ptr<Latch> latch = {};  ///< nothing is sent before it opens; may be null
 
-  static Answer json(std::string text, int status = 200);
-  static Answer html(std::string text, int status = 200);
-  static Answer redirect(std::string location, int status = 302);
+  static Answer json(std::string text, int status = 200) {
+    return {status, {{"Content-Type", "application/json"}}, std::move(text)};
+  }
+  static Answer html(std::string text, int status = 200) {
+    return {status, {{"Content-Type", "text/html"}}, std::move(text)};
+  }
+  static Answer redirect(std::string location, int status = 302) {
+    return html("<p>Moved", status).with("Location", std::move(location));
+  }
 
   Answer with(std::string name, std::string value) const;
   Answer next(const std::string& uri) const;  ///< adds a Link header with the relation "next"
   Answer gzipped() const;                     ///< compresses the body
-  Answer chunked() const;
-  Answer closedAfter(std::size_t bodyBytes) const;
-  Answer trickled(std::size_t burstBytes = 1) const;
-  Answer resetAfter(std::size_t bodyBytes) const;
-  Answer held(std::shared_ptr<Latch> latch) const;
+  Answer chunked() const { return changed(&Answer::inChunks, true); }
+  Answer closedAfter(std::size_t bodyBytes) const {
+    return changed(&Answer::ending, Ending::closed).changed(&Answer::sentBodyBytes, bodyBytes);
+  }
+  Answer resetAfter(std::size_t bodyBytes) const {
+    return closedAfter(bodyBytes).changed(&Answer::ending, Ending::reset);
+  }
+  Answer trickled(std::size_t bytes = 1) const {
+    return changed(&Answer::byTrickles, true).changed(&Answer::burstBytes, bytes);
+  }
+  Answer held(std::shared_ptr<Latch> opener) const {
+    return changed(&Answer::latch, std::move(opener));
+  }
+
+ private:
+  template <class Value>
+  Answer changed(Value Answer::*field, Value value) const {
+    Answer answer = *this;
+    answer.*field = std::move(value);
+    return answer;
+  }
 };
 
 /// The bytes compressed to one gzip member.

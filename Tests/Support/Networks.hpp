@@ -1,7 +1,6 @@
-// Small navigation graphs for tests: single nodes, drawings, and shopping malls.
+// Small navigation graphs for tests: single nodes and drawings.
 #pragma once
 
-#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
@@ -37,16 +36,5 @@ class DrawnNetwork {
 
 /// The names of the nodes of a path, concatenated.
 std::string namesOf(const NodeList& path);
-
-/// Floors with corridors in a grid, with missing crossings, shops next to the corridors, and shafts
-/// of elevators and stairs that connect all floors.
-struct Mall {
-  NodeList nodes;  ///< not ordered by position
-  std::shared_ptr<NavigationGraph> graph;
-};
-
-/// A mall with about `nodeCount` nodes. `jitter` moves nodes off the grid by up to this fraction of
-/// its width; with 0, many routes have equal costs. The result depends only on the arguments.
-Mall makeMall(std::size_t nodeCount, double jitter, std::uint32_t seed);
 
 }  // namespace orivanta::test

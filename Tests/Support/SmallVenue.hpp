@@ -5,12 +5,14 @@
 //   floor 2:  roof                       both arrive here
 #pragma once
 
+#include <boost/json/array.hpp>
 #include <boost/json/object.hpp>
 #include <boost/json/parse.hpp>
 #include <boost/json/value.hpp>
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "Source/Venue.hpp"
 
@@ -56,21 +58,19 @@ inline boost::json::object smallVenueLinks(bool doubled) {
                  "lift": {"maps": ["floor1", "floor2"], "nodes": ["hall", "roof", "hall"],
                           "accessible": true},
                  "shaft": {"maps": [], "nodes": [], "accessible": true}}})";
-  const char* const twice = R"({
-    "categories": {"food": {"parents": ["shops", "shops"], "children": [],
-                            "locations": ["cafe", "cafe"]},
-                   "shops": {"parents": [], "children": ["food", "food"], "locations": []}},
-    "locations": {"cafe": {"categories": ["food", "food"], "nodes": ["atrium", "atrium"],
-                           "polygons": ["room"]},
-                  "desk": {"categories": [], "nodes": [], "polygons": []}},
-    "polygons": {"room": {"map": "floor1", "entrances": ["door"], "locations": ["cafe"]}},
-    "vortices": {"stairs": {"maps": ["floor1", "floor2"],
-                            "nodes": ["atrium", "roof", "atrium", "roof"], "accessible": false},
-                 "lift": {"maps": ["floor1", "floor2"],
-                          "nodes": ["hall", "roof", "hall", "hall", "roof", "hall"],
-                          "accessible": true},
-                 "shaft": {"maps": [], "nodes": [], "accessible": true}}})";
-  return boost::json::parse(doubled ? twice : once).as_object();
+  auto links = boost::json::parse(once).as_object();
+  if (!doubled) return links;
+  for (const auto& [kind, fields] : std::map<const char*, std::vector<const char*>>{
+           {"categories", {"parents", "children", "locations"}},
+           {"locations", {"categories", "nodes"}},
+           {"vortices", {"nodes"}}})
+    for (auto& [id, record] : links.at(kind).as_object())
+      for (const char* field : fields) {
+        boost::json::array& list = record.at(field).as_array();
+        const boost::json::array again = list;
+        list.insert(list.end(), again.begin(), again.end());
+      }
+  return links;
 }
 
 /// The venue record, with nothing loaded.

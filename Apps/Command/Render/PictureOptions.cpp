@@ -71,7 +71,7 @@ Corner parseCorner(std::string_view text) {
 }
 
 std::shared_ptr<Location> findLocation(const Venue& venue, const std::string& text) {
-  auto location = findRouteEnd(venue, {text}).place;
+  auto location = findRouteEnd(venue, {text}).location;
   if (!location)
     throw CommandError(ExitCode::wrongUse, fmt::format("\"{}\" is a node, not a location", text));
   return location;

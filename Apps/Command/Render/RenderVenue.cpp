@@ -59,8 +59,8 @@ struct Contents {
   std::vector<std::optional<FloorVisit>> visits;  // the visit that each image shows, if only one
   std::vector<Highlight> highlights;
   NodeList path;  // of the route; empty if there is none
-  RouteEnd from;
-  RouteEnd to;
+  RouteEnd from = NodeList();
+  RouteEnd to = NodeList();
   std::vector<std::shared_ptr<Location>> pinned;
   std::vector<view::Touch> touches;
 };
@@ -71,13 +71,13 @@ struct Overlays {
            const RenderVenueOptions& options)
       : pins(contents.pinned) {
     if (!contents.path.empty())
-      route = std::make_unique<RouteOverlay>(mapView, contents.path, contents.from.place,
-                                             contents.to.place);
+      route = std::make_unique<RouteOverlay>(mapView, contents.path, contents.from.location,
+                                             contents.to.location);
     if (!options.labels) return;
     labels = std::make_unique<LabelLayer>(mapView, options.scale);
     auto marked = contents.pinned;
     for (const RouteEnd* end : {&contents.from, &contents.to})
-      if (end->place) marked.push_back(end->place);
+      if (end->location) marked.push_back(end->location);
     labels->setMarked(std::move(marked));
   }
 
@@ -86,8 +86,9 @@ struct Overlays {
   std::unique_ptr<LabelLayer> labels;   // null if no names are shown
 };
 
-NodeList findPath(const RouteEnd& from, const RouteEnd& to, const RenderVenueOptions& options) {
-  const auto directions = getDirections(from.nodes, to.nodes, from.place, to.place);
+NodeList findPath(const Venue& venue, const RouteEnd& from, const RouteEnd& to,
+                  const RenderVenueOptions& options) {
+  const auto directions = getDirections(venue, from, to);
   if (!directions)
     throw CommandError(ExitCode::notFound,
                        fmt::format("no {}route from {}", options.accessible ? "accessible " : "",
@@ -111,7 +112,7 @@ Contents findContents(const Venue& venue, const RenderVenueOptions& options) {
   if (!options.route.empty()) {
     contents.from = findRouteEnd(venue, {options.route[0]});
     contents.to = findRouteEnd(venue, {options.route[1]});
-    contents.path = findPath(contents.from, contents.to, options);
+    contents.path = findPath(venue, contents.from, contents.to, options);
   }
   if (!contents.path.empty() && options.map.empty()) {
     for (const FloorVisit& visit : floorVisits(contents.path)) {

@@ -3,14 +3,13 @@
 
 #include <array>
 #include <csignal>
-#include <fstream>
+#include <iterator>
+#include <sstream>
 
 #include "Apps/Server/VenueServer.hpp"
-#include "Source/RawData.hpp"
 #include "Tests/Apps/Command/Program.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 #include "Tests/Support/TwoFloorVenue.hpp"
-#include "Tests/Support/Venues.hpp"
 
 namespace orivanta::command {
 namespace {
@@ -21,6 +20,11 @@ using test::runProgram;
 
 bool contains(const std::string& text, const std::string& part) {
   return text.find(part) != std::string::npos;
+}
+
+std::vector<std::string> wordsOf(const char* text) {
+  std::istringstream words(text);
+  return {std::istream_iterator<std::string>(words), {}};
 }
 
 class Command : public testing::Test {
@@ -38,13 +42,14 @@ class Command : public testing::Test {
 
   server::ServerOptions options() const {
     const test::TwoFloorVenue venue;
-    folder_.write("package/venue.json", venue.venue);
-    folder_.write("package/map.json", venue.maps);
-    folder_.write("package/node.json", venue.nodes);
-    folder_.write("package/vortex.json", venue.vortices);
-    folder_.write("package/category.json", venue.categories);
-    folder_.write("package/polygon.json", venue.polygons);
-    folder_.write("package/location.json", venue.locations);
+    for (const auto& [name, json] : {std::pair("venue", venue.venue),
+                                     {"map", venue.maps},
+                                     {"node", venue.nodes},
+                                     {"vortex", venue.vortices},
+                                     {"category", venue.categories},
+                                     {"polygon", venue.polygons},
+                                     {"location", venue.locations}})
+      folder_.write(std::string("package/") + name + ".json", json);
     server::ServerOptions result;
     result.folders = {folder_.path() / "package"};
     result.username = "me";
@@ -59,68 +64,41 @@ class Command : public testing::Test {
 
 TEST_F(Command, AnswersQueries) {
   struct Case {
-    std::vector<std::string> arguments;
+    const char* words;
     int exitCode;
     std::string output;
-    std::string said;  // a part of standard error; "" if it must be empty
+    std::string said = {};  // a part of standard error; "" if it must be empty
   };
-  const std::vector<Case> cases = {
-      {{"venues"}, 0, "small  Small Mall\n", ""},
-      {{"venues", "--json"},
-       0,
-       R"([{"id":"v","slug":"small","name":"Small Mall"}])"
-       "\n",
-       ""},
-      {{"venue", "small", "--locations"},
-       0,
-       "l1  Bakery     G   Food\nl2  Book Shop  F1  Shops\n",
-       ""},
-      {{"venue", "small", "--locations", "o"}, 0, "l2  Book Shop  F1  Shops\n", ""},
-      {{"venue", "small", "--locations", "zoo"},
-       1,
-       "",
+  const std::string rides = "Depart from Bakery\nArrive at Book Shop\nFloors:      G, F1\n";
+  const Case cases[] = {
+      {"venues", 0, "small  Small Mall\n"},
+      {"venues --json", 0, "[{\"id\":\"v\",\"slug\":\"small\",\"name\":\"Small Mall\"}]\n"},
+      {"venue small --locations", 0, "l1  Bakery     G   Food\nl2  Book Shop  F1  Shops\n"},
+      {"venue small --locations o", 0, "l2  Book Shop  F1  Shops\n"},
+      {"venue small --locations zoo", 1, "",
        "no location whose name or identifier contains \"zoo\""},
-      {{"venue", "smell"}, 1, "", "no venue \"smell\"; the server has small"},
-      {{"route", "small", "--from", "bakery", "--to", "l2"},
-       0,
-       "Depart from Bakery\nArrive at Book Shop\nFloors:      G, F1\n"
-       "Connectors:  Stairs B (stairs), G -> F1\nLength:      1.5 m (3.0 units)\n",
-       ""},
-      {{"route", "--accessible", "--from", "bakery", "--to", "l2", "small"},
-       0,
-       "Depart from Bakery\nArrive at Book Shop\nFloors:      G, F1\n"
-       "Connectors:  Lift A (elevator), G -> F1\nLength:      4.5 m (9.0 units)\n",
-       ""},
-      {{"route", "small", "--from", "n4", "--from", "l1", "--to", "n1"},
-       0,
-       "Floors:  G\nLength:  0.0 m (0.0 units)\n",
-       ""},
-      {{"route", "small", "--from", "n1", "--to", "n4", "--json"},
-       1,
-       R"({"path":null,"weight":null})"
-       "\n",
+      {"venue smell", 1, "", "no venue \"smell\"; the server has small"},
+      {"route small --from bakery --to l2", 0,
+       rides + "Connectors:  Stairs B (stairs), G -> F1\nLength:      1.5 m (3.0 units)\n"},
+      {"route --accessible --from bakery --to l2 small", 0,
+       rides + "Connectors:  Lift A (elevator), G -> F1\nLength:      4.5 m (9.0 units)\n"},
+      {"route small --from n4 --from l1 --to n1", 0, "Floors:  G\nLength:  0.0 m (0.0 units)\n"},
+      {"route small --from n1 --to n4 --json", 1, "{\"path\":null,\"weight\":null}\n",
        "no route from n1 to n4"},
-      {{"route", "small", "--from", "n1", "--to", "cinema"}, 1, "", "no location or node"},
-      {{"route", "small", "--from", "n1", "--to", "b"}, 2, "", "l2  Book Shop  F1"},
+      {"route small --from n1 --to cinema", 1, "", "no location or node"},
+      {"route small --from n1 --to b", 2, "", "l2  Book Shop  F1"},
   };
   for (const Case& each : cases) {
-    const ProgramResult result = run(each.arguments);
+    const ProgramResult result = run(wordsOf(each.words));
     EXPECT_EQ(result.exitCode, each.exitCode) << result.errors;
     EXPECT_EQ(result.output, each.output);
-    if (each.said.empty())
-      EXPECT_EQ(result.errors, "");
-    else
-      EXPECT_TRUE(contains(result.errors, each.said)) << result.errors;
+    EXPECT_EQ(result.errors.empty(), each.said.empty()) << result.errors;
+    EXPECT_TRUE(contains(result.errors, each.said)) << result.errors;
   }
-}
-
-TEST_F(Command, DescribesAVenue) {
   const std::string text = run({"venue", "small"}).output;
   EXPECT_TRUE(text.starts_with("Small Mall (small)\n") && contains(text, "Stairs B")) << text;
   EXPECT_FALSE(contains(run({"venue", "small", "--accessible"}).output, "Stairs B"));
-  const auto json = RawData::parse(run({"--json", "venue", "small"}).output);
-  ASSERT_TRUE(json);
-  EXPECT_EQ((*json)["counts"]["nodes"].double_(), 6.0);
+  EXPECT_TRUE(contains(run({"--json", "venue", "small"}).output, R"("nodes":6)"));
 }
 
 TEST_F(Command, RefusesWrongUse) {
@@ -165,17 +143,6 @@ TEST_F(Command, RefusesWrongUse) {
     EXPECT_EQ(result.output, "");
     EXPECT_TRUE(contains(result.errors, each.said)) << result.errors;
   }
-}
-
-TEST_F(Command, HelpTeaches) {
-  for (const char* name : {"venues", "venue", "route", "serve"}) {
-    const ProgramResult result = run({name, "--help"});
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_TRUE(contains(result.output, std::string("Examples:\n  orivanta ") + name)) << name;
-    EXPECT_EQ(result.errors, "");
-    EXPECT_TRUE(contains(run({"--help"}).output, std::string("\n  ") + name + "  ")) << name;
-  }
-  EXPECT_TRUE(contains(run({"--version"}).output, "orivanta "));
 }
 
 TEST_F(Command, TakesThePasswordWithoutShowingIt) {

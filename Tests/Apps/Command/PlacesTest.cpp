@@ -22,12 +22,12 @@ test::TwoFloorVenue venueOfShops() {
 
 TEST(Places, SeveralMakeOneEndWithEachNodeOnce) {
   const auto venue = venueOfShops().load();
-  EXPECT_EQ(findRouteEnd(*venue, {"l1"}).place, venue->locations->front());
+  EXPECT_EQ(findRouteEnd(*venue, {"l1"}).location, venue->locations->front());
   const RouteEnd end = findRouteEnd(*venue, {"l1", "n4", "l2", "l1"});
   std::string nodes;
   for (const auto& node : end.nodes) nodes += *node->id + ' ';
   EXPECT_EQ(nodes, "n1 n2 n4 ");
-  EXPECT_EQ(end.place, nullptr);
+  EXPECT_EQ(end.location, nullptr);
 }
 
 TEST(Places, ThatCannotBeToldAreRefused) {

@@ -42,7 +42,7 @@ class Program {
     close(input[0]);
     close(output[1]);
     input_ = input[1];
-    output_ = output[0];
+    output_ = fdopen(output[0], "r");
   }
 
   ~Program() {
@@ -50,6 +50,7 @@ class Program {
       kill(process_, SIGKILL);
       finish();
     }
+    std::fclose(output_);
     std::fclose(errors_);
   }
   Program(const Program&) = delete;
@@ -65,27 +66,19 @@ class Program {
 
   /// Returns the next line of standard output with its line break. Blocks until the line is
   /// complete. At the end of the output, returns what is left.
-  std::string readLine() {
-    while (unread_.find('\n') == std::string::npos && readMore()) {
-    }
-    const std::size_t end = unread_.find('\n');
-    std::string line = unread_.substr(0, end == std::string::npos ? end : end + 1);
-    unread_.erase(0, line.size());
-    return line;
-  }
+  std::string readLine() { return read(output_, '\n'); }
 
   void endWith(int signal) const { kill(process_, signal); }
 
   /// Closes the program's input, reads the rest of its output and waits until it ends.
   ProgramResult finish() {
     close(input_);
-    while (readMore()) {
-    }
-    close(output_);
+    const std::string rest = read(output_);
     int status = 0;
     waitpid(process_, &status, 0);
     running_ = false;
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), unread_, errors()};
+    std::rewind(errors_);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), rest, read(errors_)};
   }
 
  private:
@@ -125,17 +118,10 @@ class Program {
     running_ = true;
   }
 
-  bool readMore() {
-    std::array<char, 4096> buffer{};
-    const ssize_t count = ::read(output_, buffer.data(), buffer.size());
-    if (count > 0) unread_.append(buffer.data(), static_cast<std::size_t>(count));
-    return count > 0;
-  }
-
-  std::string errors() const {
+  // Reads up to and including the character, or to the end.
+  static std::string read(std::FILE* file, int last = EOF) {
     std::string text;
-    std::rewind(errors_);
-    for (int byte = std::fgetc(errors_); byte != EOF; byte = std::fgetc(errors_))
+    for (int byte = 0; byte != last && (byte = std::fgetc(file)) != EOF;)
       text += static_cast<char>(byte);
     return text;
   }
@@ -144,8 +130,7 @@ class Program {
   pid_t process_ = 0;
   bool running_ = false;
   int input_ = -1;
-  int output_ = -1;
-  std::string unread_;
+  std::FILE* output_ = nullptr;
 };
 
 /// Runs the program and waits until it ends.

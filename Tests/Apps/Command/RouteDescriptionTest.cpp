@@ -16,8 +16,7 @@ TEST(RouteDescription, TellsFloorsRidesLengthAndWeight) {
   const auto venue = test::TwoFloorVenue().load(/*accessible=*/true);
   const RouteEnd from = findRouteEnd(*venue, {"Bakery"});
   const RouteEnd to = findRouteEnd(*venue, {"Book Shop"});
-  const auto route =
-      describeRoute(*venue, getDirections(from.nodes, to.nodes, from.place, to.place));
+  const auto route = describeRoute(*venue, getDirections(*venue, from, to));
   EXPECT_EQ(jsonText(routeJson(route)),
             R"({"path":["n1","n2","n3","u1","u2"],)"
             R"("directions":[{"node":"n1","action":"departure","location":"l1",)"

@@ -4,8 +4,6 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "Apps/Command/CommandError.hpp"
 #include "Tests/Apps/Command/Program.hpp"
 #include "Tests/Support/MisbehavingServer.hpp"
@@ -80,31 +78,25 @@ TEST(Settings, CommandLineGoesBeforeEnvironmentBeforePropertyLists) {
 
 TEST(Session, SaysWhatTheServerDidInsteadOfAnswering) {
   struct Case {
-    std::function<void(MisbehavingServer&)> script;
+    Answer list;
     std::vector<std::string> arguments;
-    std::string said;  // "{}" stands for the root
+    std::string said;  // after the root
   };
-  const auto good = [](MisbehavingServer& server) { server.on("/1/venue", Answer::json(venues)); };
-  const std::vector<Case> cases = {
-      {[](auto& server) { server.on("/1/venue", Answer::html("<p>Busy</p>", 503)); },
-       {"venues"},
-       "{}venue returned HTTP status 503: the server failed"},
-      {[](auto& server) { server.on("/1/venue", Answer::json(venues).closedAfter(9)); },
-       {"venues"},
-       "no response from {}venue: "},
-      {good, {"venue", "s"}, "{}node?venue=s&perspective=well-known:3D returned HTTP status 404"},
-      {good, {"route", "s", "--from", "a", "--to", "b"}, "{}map?venue=s returned HTTP status"},
-  };
-  for (const Case& each : cases) {
+  for (const Case& each : {Case{Answer::html("<p>Busy</p>", 503),
+                                {"venues"},
+                                "venue returned HTTP status 503: the server failed"},
+                           {Answer::json(venues),
+                            {"venue", "s"},
+                            "node?venue=s&perspective=well-known:3D returned HTTP status 404"},
+                           {Answer::json(venues),
+                            {"route", "s", "--from", "a", "--to", "b"},
+                            "map?venue=s returned HTTP status"}}) {
     MisbehavingServer server;
-    each.script(server);
-    std::vector<std::string> arguments = each.arguments;
-    arguments.insert(arguments.begin(), {"--endpoint", server.root()});
-    const auto result = runProgram(arguments);
+    server.on("/1/venue", each.list);
+    const auto result = runProgram(each.arguments, {"ORIVANTA_ENDPOINT=" + server.root()});
     EXPECT_EQ(result.exitCode, 3);
     EXPECT_EQ(result.output, "");
-    const std::string said = fmt::format(fmt::runtime(each.said), server.root());
-    EXPECT_NE(result.errors.find(said), std::string::npos) << result.errors;
+    EXPECT_NE(result.errors.find(server.root() + each.said), std::string::npos) << result.errors;
   }
   const auto refused = runProgram({"--endpoint", MisbehavingServer::refusingRoot(), "venues"});
   EXPECT_EQ(refused.exitCode, 3);

@@ -1,14 +1,11 @@
 #include "Apps/Server/UrlText.hpp"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "Platform/Foundation/Url.hpp"
 
 namespace orivanta::server {
 namespace {
-
-using testing::ElementsAre;
-using testing::Pair;
 
 TEST(UrlText, ReferencesBecomePathsInThePackage) {
   struct Row {
@@ -40,21 +37,6 @@ TEST(UrlText, ReferencesBecomePathsInThePackage) {
     EXPECT_EQ(path, row.path) << row.reference;
     EXPECT_TRUE(foundation::Url::parse("http://h/" + path.value_or(""))) << row.reference;
   }
-}
-
-TEST(UrlText, TargetsAreDecodedPieceByPiece) {
-  const auto target = parseTarget("/1/a%2Fb/?venue=x%26y&a+b=%2B&flag&&=v");
-  ASSERT_TRUE(target);
-  EXPECT_THAT(target->path, ElementsAre("1", "a/b", ""));
-  EXPECT_THAT(target->query,
-              ElementsAre(Pair("venue", "x&y"), Pair("a b", "+"), Pair("flag", ""), Pair("", "v")));
-  EXPECT_EQ(target->queryValue("flag"), "");
-  EXPECT_EQ(target->queryValue("none"), std::nullopt);
-
-  EXPECT_THAT(parseTarget("http://host:80/1/venue")->path, ElementsAre("1", "venue"));
-  EXPECT_THAT(parseTarget("http://host")->path, ElementsAre(""));
-  for (const char* malformed : {"", "*", "1/venue", "/%", "/%4", "/%4g", "/?a=%", "/?%x=1"})
-    EXPECT_FALSE(parseTarget(malformed)) << malformed;
 }
 
 TEST(UrlText, HostsAreNamesOrAddresses) {

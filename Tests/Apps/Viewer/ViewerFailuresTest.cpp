@@ -18,7 +18,9 @@ using testing::HasSubstr;
 // A venue "small" with a ground floor and an upper floor, and one place on each.
 class ViewerFailuresTest : public testing::Test {
  protected:
-  ViewerFailuresTest() {
+  ViewerFailuresTest() { serveAll(); }
+
+  void serveAll() {
     server.on("/1/venue", Answer::json(R"([{"id": "v", "slug": "small", "name": "Small"}])"));
     constexpr const char* floor = R"({{"id": "{0}", "name": "{1}", "elevation": {2},
                                   "scene": {{"obj": "{3}.obj", "mtl": "{3}.mtl"}}}})";
@@ -51,12 +53,26 @@ TEST_F(ViewerFailuresTest, NeedsWhatRoutesAreMadeOfAndTellsWhatElseIsMissing) {
     const char* path;
     const char* title;  // null if the map is shown nonetheless, with a note
     const char* note = "";
+    Answer answer = Answer::json("{}", 500);
   };
-  for (const Case& each : {Case{"/g.mtl", nullptr, "Ground is shown without"},
-                           {"/1/vortex", "The venue cannot be loaded"},
-                           {"/1/venue", "The list of venues cannot be loaded"},
-                           {"/1/category", nullptr, "categories"}}) {
-    server.on(each.path, nothing);
+  const Answer none = Answer::json("[]");
+  const Answer other = Answer::json(R"([{"id": "o", "slug": "other", "name": "Other"}])");
+  const Answer attic = Answer::json(R"([{"id": "m", "name": "Attic"}])");
+  const Answer unfinished = Answer::json(
+      fmt::format(R"([{{"id": "m", "scene": {{"obj": "{}"}}}}])", server.root("/none.obj")));
+  for (const Case& each :
+       {Case{"/g.mtl", nullptr, "Ground is shown without"},
+        {"/1/vortex", "The venue cannot be loaded"},
+        {"/1/venue", "The list of venues cannot be loaded"},
+        {"/1/venue", "The server rejected the credentials", "", Answer::json("{}", 401)},
+        {"/1/venue", "No venue \u201Csmall\u201D", "", other},
+        {"/1/map", "This venue is empty", "", none},
+        {"/1/map", "No floors to show", "", attic},
+        {"/1/map", "The floors cannot be loaded", "", unfinished},
+        {"/1/category", nullptr, "categories"}}) {
+    SCOPED_TRACE(each.path + std::string(" ") + each.note + (each.title ? each.title : ""));
+    serveAll();
+    server.on(each.path, each.answer);
     test::ViewerStage stage(server.root(), "small");
     if (each.title == nullptr) {
       stage.until([&] { return !stage.viewer.note().empty(); });
@@ -67,8 +83,8 @@ TEST_F(ViewerFailuresTest, NeedsWhatRoutesAreMadeOfAndTellsWhatElseIsMissing) {
     }
     stage.until([&] { return stage.viewer.message() != nullptr; });
     EXPECT_EQ(stage.viewer.message()->title(), each.title);
-    server.on("/1/venue", Answer::json(R"([{"id": "v", "slug": "small", "name": "Small"}])"));
-    server.on("/1/vortex", Answer::json("[]"));
+    if (each.answer.status != 500) continue;  // only these are tried again
+    serveAll();
     stage.viewer.keyPressed({Key::enter});
     stage.untilShown();
   }
@@ -101,6 +117,30 @@ TEST_F(ViewerFailuresTest, TellsThatAnAwaitedFloorFailsAndLoadsThatOneAgain) {
   stage.untilShown();
   EXPECT_EQ(viewer.message(), nullptr);
   EXPECT_EQ(view.selected(), stage.place("cafe"));
+}
+
+TEST(VenueSource, UsesTheTransportAndTheMemoryLimitOfItsSettings) {
+  class Memory : public network::UrlTransport {
+   public:
+    void start(network::UrlRequest request, Completion completed) override {
+      completed(
+          network::UrlAnswer{{request.url, 200, {}}, R"([{"id": "v", "slug": "v", "name": "V"}])"});
+    }
+  };
+  for (const std::size_t limit : {defaultLoadBytes, std::size_t{10}}) {
+    ApiSettings settings = test::settingsFor("http://memory.invalid/");
+    settings.transport = std::make_shared<Memory>();
+    settings.loadBytes = limit;
+    VenueSource source(settings);
+    std::string ending;
+    source.fetchVenues({{}, [&](const Problem& problem) { ending = problem.detail; }},
+                       [&](const VenueSource::Venues& venues) { ending = *venues.front()->name; });
+    while (ending.empty()) {
+      ASSERT_TRUE(foundation::mainQueue::wait(60));
+      foundation::mainQueue::drain();
+    }
+    EXPECT_THAT(ending, HasSubstr(limit == 10 ? "memory" : "V"));
+  }
 }
 
 }  // namespace orivanta::viewer

@@ -6,7 +6,6 @@
 
 #include "Source/Map.hpp"
 #include "Source/UI/Display/MarkColors.hpp"
-#include "Tests/Apps/Server/SmallPackage.hpp"
 #include "Tests/Apps/TwoVisitsPackage.hpp"
 #include "Tests/Apps/Viewer/ViewerStage.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
@@ -156,49 +155,49 @@ TEST_F(ViewerTest, StepsShowTheirPartOfTheRouteAndTheAttributionStays) {
   }
 }
 
-TEST_F(ViewerTest, ThePointerDragsZoomsAndTilts) {
+TEST_F(ViewerTest, ThePointerDragsTiltsAndComesCloserToWhatIsUnderIt) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
-  MapCamera& camera = stage.untilShown().camera();
+  VenueView& view = stage.untilShown();
+  MapCamera& camera = view.camera();
   Pointer& pointer = stage.viewer.pointer();
-  stage.viewer.wheel({640, 400}, 3);
+  const auto expectSamePlace = [](const auto& one, const auto& other) {
+    ASSERT_TRUE(one && other);
+    EXPECT_NEAR(one->x, other->x, 0.5);
+    EXPECT_NEAR(one->y, other->y, 0.5);
+  };
+  const auto under = [&](graphics::Point at) {
+    return groundUnder(camera.pose(), camera.lens(), at);
+  };
+  const graphics::Point shop = on(view, *stage.place("kindling"));
+  const auto pointed = under(shop);
+  const double distance = camera.pose().distance;
+  for (const int clicks : {1, 2}) {
+    pointer.press(PointerButton::left, shop, clicks, stage.time);
+    pointer.release(PointerButton::left, shop, stage.time);
+    for (int frame = 0; frame < 4; ++frame) stage.viewer.advance(stage.time += 0.03);
+  }
+  EXPECT_EQ(view.selected(), stage.place("kindling"));
   stage.settle();
-  const CameraPose start = camera.pose();
-  const auto held = groundUnder(start, camera.lens(), {600, 400});
-  pointer.press(PointerButton::left, {600, 400}, 1, stage.time);
-  pointer.move({640, 420}, stage.time);
-  pointer.move({700, 450}, stage.time);
-  pointer.release(PointerButton::left, {700, 450}, stage.time);
-  const auto moved = groundUnder(camera.pose(), camera.lens(), {700, 450});
-  ASSERT_TRUE(held && moved);
-  EXPECT_NEAR(held->x, moved->x, 0.5);
-  EXPECT_NEAR(held->y, moved->y, 0.5);
-  EXPECT_EQ(stage.viewer.venueView()->selected(), nullptr) << "a drag is not a tap";
+  expectSamePlace(under(shop), pointed);
+  EXPECT_NEAR(camera.pose().distance, distance / 1.8, 1);
 
+  view.select(nullptr);
+  stage.viewer.wheel({640, 400}, 1);
+  stage.settle();
+  const auto held = under({600, 400});
+  pointer.press(PointerButton::left, {600, 400}, 1, stage.time);
+  for (const graphics::Point at : {graphics::Point{640, 420}, {700, 450}})
+    pointer.move(at, stage.time);
+  pointer.release(PointerButton::left, {700, 450}, stage.time);
+  expectSamePlace(under({700, 450}), held);
+  EXPECT_EQ(view.selected(), nullptr) << "a drag is not a tap";
+
+  const CameraPose start = camera.pose();
   pointer.press(PointerButton::right, {600, 400}, 1, stage.time);
   pointer.move({650, 300}, stage.time);
   pointer.release(PointerButton::right, {650, 300}, stage.time);
   EXPECT_GT(camera.pose().tilt, start.tilt);
   EXPECT_NE(camera.pose().turn, start.turn);
-}
-
-TEST_F(ViewerTest, ADoubleClickComesCloserToWhatIsUnderThePointer) {
-  test::ViewerStage stage(server->root(), "astrolabe-court");
-  VenueView& view = stage.untilShown();
-  const CameraPose start = view.camera().pose();
-  const graphics::Point at = on(view, *stage.place("kindling"));
-  const auto pointed = groundUnder(start, view.camera().lens(), at);
-  for (const int clicks : {1, 2}) {
-    stage.viewer.pointer().press(PointerButton::left, at, clicks, stage.time);
-    stage.viewer.pointer().release(PointerButton::left, at, stage.time);
-    for (int frame = 0; frame < 4; ++frame) stage.viewer.advance(stage.time += 0.03);
-  }
-  EXPECT_EQ(view.selected(), stage.place("kindling"));
-  stage.settle();
-  const auto found = groundUnder(view.camera().pose(), view.camera().lens(), at);
-  ASSERT_TRUE(pointed && found);
-  EXPECT_NEAR(found->x, pointed->x, 0.5);
-  EXPECT_NEAR(found->y, pointed->y, 0.5);
-  EXPECT_NEAR(view.camera().pose().distance, start.distance / 1.8, 1);
 }
 
 TEST_F(ViewerTest, SaysWhatWentWrongAndTriesAgain) {
@@ -229,29 +228,26 @@ TEST_F(ViewerTest, GoesBackToTheListAtAnyMomentAndLetsGoOfTheVenue) {
   const server::VenueServer two(options);
   test::ViewerStage stage(two.root(), std::nullopt);
   Viewer& viewer = stage.viewer;
-  const std::function<bool()> moments[] = {
-      [&] { return viewer.venueView() != nullptr; },
-      [&] { return viewer.venueView()->camera().isReady() && !viewer.isMoving(); }};
-  for (std::size_t i = 0; i < std::size(moments); ++i) {
+  for (const bool whenShown : {false, true}) {
     stage.until([&] { return !viewer.venueList().isHidden(); });
     EXPECT_FALSE(viewer.canGoBack());
-    for (std::size_t row = 0; i > 0 && row < 2; ++row) viewer.keyPressed({Key::down});
+    for (int row = 0; whenShown && row < 2; ++row) viewer.keyPressed({Key::down});
     viewer.keyPressed({Key::enter});
-    for (std::size_t k = 0; k <= i; ++k) stage.until(moments[k]);
-    const std::weak_ptr<VenueView> view = viewer.venueView();
-    const std::weak_ptr<Venue> venue = viewer.venueView()->venue();
-    EXPECT_EQ(venue.lock()->slug, i == 0 ? "first" : "second");
-    if (i + 1 == std::size(moments)) {
-      viewer.venueView()->select(stage.place("kindling"));
+    stage.until([&] { return viewer.venueView() != nullptr; });
+    if (whenShown) {
+      stage.untilShown().select(stage.place("kindling"));
       viewer.keyPressed({Key::escape});
       ASSERT_TRUE(viewer.venueView()) << "first what is open";
-      stage.tap(viewer.venueView()->backButton());
-    } else {
-      viewer.keyPressed({i % 2 == 0 ? Key::escape : Key::back});
     }
-    EXPECT_FALSE(viewer.venueList().isHidden());
+    const std::weak_ptr<VenueView> view = viewer.venueView();
+    const std::weak_ptr<Venue> venue = viewer.venueView()->venue();
+    EXPECT_EQ(venue.lock()->slug, whenShown ? "second" : "first");
+    if (whenShown)
+      stage.tap(viewer.venueView()->backButton());
+    else
+      viewer.keyPressed({Key::escape});
+    EXPECT_FALSE(viewer.venueList().isHidden() || viewer.isMoving());
     EXPECT_EQ(viewer.title(), "Orivanta");
-    EXPECT_FALSE(viewer.isMoving());
     stage.until([&] { return venue.expired() && view.expired(); });
   }
   for (const char* slug : {"first", "second"}) {
@@ -263,35 +259,6 @@ TEST_F(ViewerTest, GoesBackToTheListAtAnyMomentAndLetsGoOfTheVenue) {
   only.untilShown();
   only.viewer.keyPressed({Key::back});
   EXPECT_TRUE(only.viewer.venueView()) << "there is none to choose from";
-}
-
-TEST_F(ViewerTest, TellsFailuresApart) {
-  test::TemporaryFolder folder;
-  test::writeSmallPackage(folder, "broken", "broken");
-  test::writeSmallPackage(folder, "bare", "bare");
-  test::writeSmallPackage(folder, "empty", "empty");
-  folder.write("bare/map.json", R"([{"id": "m", "name": "Attic"}])");
-  folder.write("empty/map.json", "[]");
-  server::ServerOptions options;
-  options.folders = {folder.path()};
-  const server::VenueServer open(options);
-  options.username = "me";
-  options.password = "secret";
-  const server::VenueServer closed(options);
-  struct Case {
-    std::string root;
-    const char* slug;
-    const char* title;
-  };
-  for (const Case& each : {Case{closed.root(), "bare", "The server rejected the credentials"},
-                           {open.root(), "nowhere", "No venue \u201Cnowhere\u201D"},
-                           {open.root(), "empty", "This venue is empty"},
-                           {open.root(), "bare", "No floors to show"},
-                           {open.root(), "broken", "The floors cannot be loaded"}}) {
-    test::ViewerStage stage(each.root, each.slug);
-    stage.until([&] { return stage.viewer.message() != nullptr; });
-    EXPECT_EQ(stage.viewer.message()->title(), each.title);
-  }
 }
 
 }  // namespace orivanta::viewer

@@ -137,17 +137,10 @@ TEST(ActivityIndicatorView, TurnsInStepsOverItsBackgroundWhileAnimating) {
   EXPECT_EQ(canvas.fills, std::vector{wheel->bounds()});
   EXPECT_EQ(canvas.pictures, (std::vector{Rect{{20, 15}, {20, 20}}}));
   EXPECT_NEAR(canvas.turn, 2 * 3.14159265358979 / 6, 1e-9) << "1202 steps, 2 beyond whole turns";
-  ASSERT_EQ(canvas.picture->width(), 40U);
-  // The middle of the top spoke is opaque, that of the bottom spoke more transparent, and the
-  // wheel's center is empty.
-  const auto alpha = [&](std::size_t x, std::size_t y) {
-    return canvas.picture->pixels()[4 * (40 * y + x) + 3];
-  };
-  EXPECT_EQ(canvas.picture->pixels()[std::size_t{4} * (40 * 5 + 19)], 255);
-  EXPECT_EQ(alpha(19, 5), 128);
-  EXPECT_NEAR(alpha(19, 34), 75, 1);
-  EXPECT_EQ(alpha(20, 20), 0);
-  EXPECT_EQ(alpha(0, 0), 0);
+  // The middle of the top spoke is opaque, that of the bottom spoke more transparent.
+  const auto alpha = [&](std::size_t y) { return canvas.picture->pixels()[4 * (40 * y + 19) + 3]; };
+  EXPECT_EQ(alpha(5), 128);
+  EXPECT_NEAR(alpha(34), 75, 1);
 
   const auto before = canvas.picture;
   wheel->draw(canvas);

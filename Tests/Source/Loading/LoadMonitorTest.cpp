@@ -17,25 +17,16 @@ network::HttpUrlResponse responseFrom(const std::string& url, int status,
   return response;
 }
 
-// The result of a load.
-class Ending {
- public:
-  using Told = std::pair<std::vector<LoadFailure>, bool>;
+using Ending = test::Awaited<std::pair<std::vector<LoadFailure>, bool>>;
 
-  std::shared_ptr<LoadMonitor> load(std::size_t collections,
-                                    network::LowestRate lowestRate = {}) const {
-    return std::make_shared<LoadMonitor>(
-        "http://h/1/", collections, lowestRate,
-        LoadMonitor::Handlers{nullptr,
-                              [told = told_](std::vector<LoadFailure> failures, bool complete) {
-                                told.give({std::move(failures), complete});
-                              }});
-  }
-  Told take() const { return told_.take(); }
-
- private:
-  test::Awaited<Told> told_;
-};
+std::shared_ptr<LoadMonitor> monitor(const Ending& ending, std::size_t collections,
+                                     network::LowestRate lowestRate = {}) {
+  return std::make_shared<LoadMonitor>(
+      "http://h/1/", collections, lowestRate,
+      LoadMonitor::Handlers{nullptr, [ending](std::vector<LoadFailure> failures, bool complete) {
+                              ending.give({std::move(failures), complete});
+                            }});
+}
 
 TEST(LoadMonitor, TellsWhyACollectionFailed) {
   using foundation::failure;
@@ -73,7 +64,7 @@ TEST(LoadMonitor, TellsWhyACollectionFailed) {
   };
   for (const Case& each : cases) {
     const Ending ending;
-    const auto load = ending.load(1);
+    const auto load = monitor(ending, 1);
     if (each.status) load->pageReceived("map", responseFrom(page, *each.status), 2);
     load->collectionEnded("map", each.outcome);
     load->finish();
@@ -109,7 +100,7 @@ TEST(LoadMonitor, GivesUpLoadsThatDoNotEnd) {
   };
   for (const auto& test : cases) {
     const Ending ending;
-    const auto load = ending.load(6, test.lowestRate);
+    const auto load = monitor(ending, 6, test.lowestRate);
     // All responses have the same URL, as after a redirect.
     for (std::size_t page = 0; page < test.nextPages.size(); ++page) {
       std::string next = test.nextPages[page];

@@ -25,16 +25,11 @@ void fill(std::optional<Collection<Record>>& records, const char* json) {
 template <class Handles>
 std::vector<std::string> idsOf(const Handles& records) {
   std::vector<std::string> ids;
-  ids.reserve(records.size());
-  for (const auto& record : records) ids.push_back(*record->id);
-  return ids;
-}
-
-template <class Record>
-std::vector<std::string> idsOf(const std::vector<std::weak_ptr<Record>>& records) {
-  std::vector<std::string> ids;
-  ids.reserve(records.size());
-  for (const auto& record : records) ids.push_back(*record.lock()->id);
+  for (const auto& record : records)
+    if constexpr (requires { record.lock(); })
+      ids.push_back(*record.lock()->id);
+    else
+      ids.push_back(*record->id);
   return ids;
 }
 

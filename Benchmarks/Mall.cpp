@@ -1,3 +1,5 @@
+#include "Benchmarks/Mall.hpp"
+
 #include <algorithm>
 #include <cmath>
 #include <random>
@@ -8,7 +10,7 @@
 #include "Source/Vortex.hpp"
 #include "Tests/Support/Networks.hpp"
 
-namespace orivanta::test {
+namespace orivanta::benchmarks {
 
 namespace {
 
@@ -81,7 +83,7 @@ class MallBuilder {
   }
 
   std::shared_ptr<Node> addNode(const std::shared_ptr<Map>& map, double x, double y) {
-    auto node = makeNode(x + jitter_(random_), y + jitter_(random_), map->elevation);
+    auto node = test::makeNode(x + jitter_(random_), y + jitter_(random_), map->elevation);
     node->map = map;
     edges_.insert({node, {}});
     return node;
@@ -118,4 +120,4 @@ Mall makeMall(std::size_t nodeCount, double jitter, std::uint32_t seed) {
   return MallBuilder(nodeCount, jitter, seed).build();
 }
 
-}  // namespace orivanta::test
+}  // namespace orivanta::benchmarks
