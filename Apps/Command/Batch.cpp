@@ -137,9 +137,9 @@ std::string BatchRouter::guided(const RawData& request) const {
     const RawData list = request[name];
     return list.data() && list.data()->is_array() ? nodesIn(list, name) : NodeList();
   };
-  const boost::json::object result =
-      request["path"].data() ? guide_->describe(request, listed("path"))
-                             : guide_->answer(request, listed("from"), listed("to"));
+  const boost::json::object result = request["path"].data()
+                                         ? guide_->describe(request, listed("path"))
+                                         : guide_->answer(request, listed("from"), listed("to"));
   const std::string text = jsonText(result);
   return text.substr(1, text.size() - 2);
 }

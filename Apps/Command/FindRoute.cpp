@@ -44,9 +44,18 @@ std::ifstream openBatch(const std::string& name) {
 }
 
 std::shared_ptr<Venue> load(const FindRouteOptions& options) {
+  preferLanguage(options.guidance.language);
   return Session(options.connection)
       .loadVenue(options.slug, options.accessible,
                  {"location", "map", "node", "vortex", "polygon"});
+}
+
+ExitCode guide(const FindRouteOptions& options) {
+  planning::PlanQuery query = options.guidance.query;
+  query.from = options.from;
+  query.to = options.to;
+  query.profile = options.guidance.profile.value_or(options.accessible ? "step-free" : "fastest");
+  return guideRoute(*load(options), query, options.json);
 }
 
 ExitCode answerBatch(const FindRouteOptions& options) {
@@ -74,6 +83,7 @@ ExitCode reportNoRoute(const FindRouteOptions& options, const RouteEnd& from, co
 ExitCode findRoute(const FindRouteOptions& options) {
   checkUse(options);
   if (options.batchFile) return answerBatch(options);
+  if (options.guidance.given()) return guide(options);
   const auto venue = load(options);
   const RouteEnd from = findRouteEnd(*venue, options.from);
   const RouteEnd to = findRouteEnd(*venue, options.to);

@@ -21,8 +21,8 @@ using planning::QueryError;
 namespace {
 
 constexpr std::array<std::string_view, 12> members = {
-    "guide", "path",          "profile", "via",    "bestOrder", "nearest",
-    "at",    "closed",        "language", "speed", "alternatives", "avoidOutdoors"};
+    "guide", "path",   "profile",  "via",   "bestOrder",    "nearest",
+    "at",    "closed", "language", "speed", "alternatives", "avoidOutdoors"};
 
 [[noreturn]] void refuse(std::string_view member, std::string_view kind) {
   throw QueryError(QueryError::Kind::invalid, fmt::format("\"{}\" must be {}", member, kind));
@@ -117,9 +117,8 @@ boost::json::object GuideBatch::describe(const RawData& request, const NodeList&
     return location == nullptr ? nullptr : *location;
   };
   const auto profile = planning::profileNamed(query.profile);
-  const auto itinerary =
-      guide().itinerary(path, placeOf(query.from), placeOf(query.to),
-                        profile ? *profile : guidance::Profile::fastest());
+  const auto itinerary = guide().itinerary(path, placeOf(query.from), placeOf(query.to),
+                                           profile ? *profile : guidance::Profile::fastest());
   if (!itinerary)
     throw QueryError(QueryError::Kind::invalid,
                      "\"path\" must be a list of nodes each of which is connected to the next");
@@ -135,8 +134,7 @@ const guidance::Guide& GuideBatch::guide() {
 }
 
 const guidance::Narrator& GuideBatch::narrator(const RawData& request) {
-  const std::string language =
-      textOf(request, "language").value_or(preferredLanguageList());
+  const std::string language = textOf(request, "language").value_or(preferredLanguageList());
   return narrators_.try_emplace(language, language).first->second;
 }
 

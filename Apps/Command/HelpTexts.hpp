@@ -45,13 +45,23 @@ the locations. If --from or --to is repeated, the route may start or end at any 
 Examples:
   orivanta route astrolabe-court --from "paper kestrel" --to "popcorn nebula"
   orivanta route astrolabe-court --from paper-kestrel --to ecliptic-1 --to ecliptic-2 --json
+  orivanta route astrolabe-court --from "paper kestrel" --to "popcorn nebula" --guide
+  orivanta route astrolabe-court --from "paper kestrel" --nearest toilets --profile step-free
+  orivanta route astrolabe-court --from paper-kestrel --via "night baker" --to ecliptic-1 \
+      --at 2026-11-21T18:30 --language de
   orivanta route astrolabe-court --batch requests.jsonl > results.jsonl
 
 A batch contains one JSON object per line, and each line produces one line of output, in order:
   {"id": 1, "from": ["node-17"], "to": ["node-4", "node-5"]}
   {"id": 2, "fromLocation": "paper-kestrel", "toLocation": "ecliptic-1"}
 In the output, "path" is the list of nodes and "weight" the cost of the route; both are null if
-there is no route. A line that is not a valid request produces an "error", and the batch continues.)";
+there is no route. A line that is not a valid request produces an "error", and the batch continues.
+
+Guided requests have the members "guide", "profile", "via", "bestOrder", "nearest", "at", "closed",
+"avoidOutdoors", "speed", "alternatives" or "language". "path" describes a given list of nodes:
+  {"id": 3, "fromLocation": "paper-kestrel", "nearest": "toilets", "profile": "step-free"}
+  {"id": 4, "path": ["node-17", "node-18", "node-4"], "guide": true}
+Their output has "legs" and "steps", as with --guide --json.)";
 
 inline constexpr const char* renderFooter = R"(
 Does not need a display. Prints the names of the files that it writes. If there are several floors,

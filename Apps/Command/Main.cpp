@@ -111,6 +111,30 @@ void addVenue(CLI::App& app, CommandLine& line) {
   addQueryOptions(query, line);
 }
 
+void addGuideOptions(CLI::App& app, GuideOptions& options) {
+  const char* group = "Guidance (each option implies --guide)";
+  planning::PlanQuery& query = options.query;
+  const auto add = [&](const char* name, auto& value, const char* purpose, const char* type) {
+    return app.add_option(name, value, purpose)->type_name(type)->group(group);
+  };
+  app.add_flag("--guide", options.guide, "Print instructions for visitors")->group(group);
+  add("--profile", options.profile, "fastest, step-free, prefer-lift or no-escalator", "PROFILE")
+      ->check(CLI::IsMember(planning::profileNames()));
+  add("--via", query.via, "Stop in between; may be repeated", "PLACE")->allow_extra_args(false);
+  app.add_flag("--best-order", query.bestOrder,
+               "Visit the stops in the order that takes least time")
+      ->group(group);
+  add("--nearest", query.nearest, "The nearest place of a category instead of --to", "CATEGORY");
+  add("--at", query.at, "Departure in local time, to respect opening hours", "2026-11-21T18:30");
+  add("--closed", query.closed, "Closed connector, location or node; may be repeated", "ID")
+      ->allow_extra_args(false);
+  app.add_flag("--avoid-outdoors", query.avoidOutdoors, "Avoid outdoor floors")->group(group);
+  add("--speed", query.walkingSpeed, "Walking speed, 0.2 to 5 (default: 1.2, step-free 1.0)",
+      "M/S");
+  add("--alternatives", query.alternatives, "Number of further routes, up to 4", "N");
+  add("--language", options.language, "Language of names and instructions, such as de", "TAG");
+}
+
 void addRoute(CLI::App& app, CommandLine& line) {
   FindRouteOptions& options = line.findRoute;
   auto& query = addQuery(app, line, "route", "Find a route between two places", help::routeFooter,
@@ -123,6 +147,7 @@ void addRoute(CLI::App& app, CommandLine& line) {
   addPlaces("--from", options.from, "Start of the route; may be repeated");
   addPlaces("--to", options.to, "Destination of the route; may be repeated");
   query.add_flag("--accessible", options.accessible, "Avoid connectors with steps");
+  addGuideOptions(query, options.guidance);
   query.add_option("--batch", options.batchFile, "File of requests, or - for standard input")
       ->type_name("FILE");
   addQueryOptions(query, line);
