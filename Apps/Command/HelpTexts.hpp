@@ -114,6 +114,23 @@ Examples:
   orivanta serve my-venues --origin https://maps.example
   orivanta serve my-venues --trusted-proxy 127.0.0.1)";
 
+inline constexpr const char* auditFooter = R"(
+Prints one line of JSON for each package, in order:
+  "unreachable"   places that no entrance reaches
+  "entrances"     for each entrance the places that it does not reach without steps
+  "connectors"    the connectors whose failure cuts off places: "cutOff" for everybody,
+                  "cutOffStepFree" for visitors who need a route without steps
+Entrances are the locations of the type "entrance" or "exit", or of a category with such an
+identifier. If there is none, a well-connected place is used, and "entranceAssumed" is true.
+In the pictures, places without a step-free route are orange, unreachable places are red.
+
+Exit code 1 means that a place cannot be reached at all.
+
+Examples:
+  orivanta audit my-venues > audit.jsonl
+  orivanta audit my-venues/mall --picture mall.png
+  parallel --keep-order orivanta audit ::: venues/* > audit.jsonl)";
+
 inline constexpr const char* completionsFooter = R"(
 The completions are installed with the program. To use them without installation:
   source <(orivanta completions bash)

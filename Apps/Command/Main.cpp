@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "Apps/Command/AuditVenues.hpp"
 #include "Apps/Command/FindRoute.hpp"
 #include "Apps/Command/HelpTexts.hpp"
 #include "Apps/Command/ListVenues.hpp"
@@ -38,6 +39,7 @@ struct CommandLine {
   RenderVenueOptions renderVenue;
   ViewVenueOptions viewVenue;
   ServeOptions serve;
+  AuditOptions audit;
   std::string shell;
   std::function<ExitCode()> chosen;
 };
@@ -273,6 +275,19 @@ void addServe(CLI::App& app, CommandLine& line) {
   });
 }
 
+void addAudit(CLI::App& app, CommandLine& line) {
+  AuditOptions& options = line.audit;
+  auto& command = *app.add_subcommand("audit", "Find the places that some visitors cannot reach");
+  command.footer(help::auditFooter);
+  command.add_option("FOLDER", options.folders, "Venue packages, or folders of them")
+      ->required()
+      ->type_name("");
+  command.add_option("--picture", options.picture, "Draw the floors, with these places colored")
+      ->type_name("FILE.png");
+  command.callback(
+      [&line, &options] { line.chosen = [&options] { return auditVenues(options); }; });
+}
+
 void addCompletions(CLI::App& app, CommandLine& line) {
   auto& command = *app.add_subcommand("completions", "Print the completions for a shell");
   command.footer(help::completionsFooter);
@@ -326,6 +341,7 @@ int run(int argc, char** argv) {
   addRender(app, line);
   addView(app, line);
   addServe(app, line);
+  addAudit(app, line);
   addCompletions(app, line);
   addManual(app, line);
   try {

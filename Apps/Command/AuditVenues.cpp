@@ -1,0 +1,104 @@
+#include "Apps/Command/AuditVenues.hpp"
+
+#include <fmt/format.h>
+
+#include <boost/json/array.hpp>
+#include <boost/json/object.hpp>
+#include <set>
+
+#include "Apps/Command/Json.hpp"
+#include "Apps/Command/Output.hpp"
+#include "Apps/Command/Render/RenderVenue.hpp"
+#include "Apps/Server/PackageVenue.hpp"
+#include "Apps/Server/VenueServer.hpp"
+#include "Source/Guidance/Audit.hpp"
+#include "Source/Location.hpp"
+#include "Source/Venue.hpp"
+#include "Source/Vortex.hpp"
+
+namespace orivanta::command {
+
+namespace json = boost::json;
+
+namespace {
+
+constexpr const char* unreachableColor = "#d7191c";
+constexpr const char* stepsColor = "#f28e2b";
+
+json::array identifiers(const guidance::PlaceList& places) {
+  json::array array;
+  for (const auto& place : places) array.emplace_back(*place->id);
+  return array;
+}
+
+json::object auditJson(const Venue& venue, const guidance::Audit& audit) {
+  json::array entrances;
+  for (const auto& finding : audit.entrances)
+    entrances.push_back(json::object{{"entrance", *finding.entrance->id},
+                                     {"notStepFree", identifiers(finding.notStepFree)}});
+  json::array connectors;
+  for (const auto& finding : audit.connectors)
+    connectors.push_back(json::object{{"connector", *finding.connector->id},
+                                      {"cutOff", identifiers(finding.cutOff)},
+                                      {"cutOffStepFree", identifiers(finding.cutOffStepFree)}});
+  return {{"venue", *venue.slug},
+          {"entranceAssumed", audit.entranceAssumed},
+          {"unreachable", identifiers(audit.unreachable)},
+          {"entrances", std::move(entrances)},
+          {"connectors", std::move(connectors)}};
+}
+
+// Returns the places that no entrance reaches without steps, in the order of the venue.
+guidance::PlaceList neverStepFree(const guidance::Audit& audit) {
+  if (audit.entrances.empty()) return {};
+  guidance::PlaceList list = audit.entrances.front().notStepFree;
+  for (const auto& finding : audit.entrances) {
+    const std::set<std::shared_ptr<Location>> here(finding.notStepFree.begin(),
+                                                   finding.notStepFree.end());
+    std::erase_if(list, [&](const auto& place) { return !here.contains(place); });
+  }
+  return list;
+}
+
+// Draws the floors of one package as `render` does.
+void drawPicture(const std::filesystem::path& folder, const Venue& venue,
+                 const guidance::Audit& audit, const std::string& file) {
+  server::ServerOptions served;
+  served.folders = {folder};
+  const server::VenueServer server(served);
+  RenderVenueOptions options;
+  options.connection.endpoint = server.root();
+  options.slug = *venue.slug;
+  options.map = "all";
+  options.labels = true;
+  options.output = file;
+  for (const auto& place : neverStepFree(audit))
+    options.highlights.push_back(fmt::format("{}={}", *place->id, stepsColor));
+  for (const auto& place : audit.unreachable)
+    options.highlights.push_back(fmt::format("{}={}", *place->id, unreachableColor));
+  renderVenue(options);
+}
+
+}  // namespace
+
+ExitCode auditVenues(const AuditOptions& options) try {
+  const auto packages = server::readPackages(options.folders);
+  if (options.picture && packages.size() != 1)
+    throw CommandError(ExitCode::wrongUse, "--picture needs exactly one package");
+  ExitCode code = ExitCode::success;
+  for (const server::VenuePackage& package : packages) {
+    const auto venue = server::loadPackage(std::make_shared<const server::VenuePackage>(package));
+    const auto guide = guidance::Guide::make(*venue);
+    if (!guide)
+      throw CommandError(ExitCode::wrongUse, package.source.string() + ": no walking network");
+    const guidance::Audit audit = guidance::audit(*venue, *guide);
+    writeOutput(jsonText(auditJson(*venue, audit)) + '\n');
+    if (!audit.unreachable.empty()) code = ExitCode::notFound;
+    if (options.picture) drawPicture(package.source, *venue, audit, *options.picture);
+  }
+  return code;
+} catch (const server::PackageError& error) {
+  throw CommandError(ExitCode::wrongUse, error.what());
+}
+
+}  // namespace orivanta::command
