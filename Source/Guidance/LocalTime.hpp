@@ -27,7 +27,8 @@ struct ORIVANTA_API LocalTime {
   /// Returns the day of the week: 0 is Monday, 6 is Sunday.
   int weekday() const;
 
-  /// Returns the time a number of minutes later, or earlier if negative.
+  /// Returns the time a number of minutes later, or earlier if negative. The result is at least
+  /// 0001-01-01T00:00 and at most 9999-12-31T23:59.
   LocalTime plusMinutes(long long minutes) const;
 
   friend auto operator<=>(const LocalTime&, const LocalTime&) = default;
