@@ -10,6 +10,7 @@
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Platform/Foundation/ResourceBundle.hpp"
 #include "Source/Guidance/Words/LanguageTags.hpp"
+#include "Source/Guidance/Words/Placeholders.hpp"
 
 namespace orivanta {
 
@@ -22,7 +23,6 @@ namespace orivanta::guidance {
 
 namespace {
 
-constexpr std::size_t mostPlaceholders = 16;
 constexpr double mostMeters = 1e9;
 constexpr double mostMinutes = 1e6;
 constexpr std::string_view fileType = ".mo";
@@ -30,10 +30,6 @@ constexpr std::string_view isolateStart = "\u2068";
 constexpr std::string_view isolateEnd = "\u2069";
 
 using Store = fmt::dynamic_format_arg_store<fmt::format_context>;
-
-tl::unexpected<foundation::Error> invalid(std::string_view key, std::string_view what) {
-  return foundation::failure("messages", 0, fmt::format("The message {} has {}.", key, what));
-}
 
 std::string isolated(std::string_view text) {
   return fmt::format("{}{}{}", isolateStart, text, isolateEnd);
@@ -50,35 +46,6 @@ bool hasRightToLeftCharacters(std::string_view text) {
     text.remove_prefix(character.bytes.size());
   }
   return false;
-}
-
-// The placeholders of all forms of a message together.
-foundation::Result<std::vector<std::string>> placeholdersOfAll(
-    const std::vector<std::string>& forms) {
-  std::vector<std::string> all;
-  for (const std::string& form : forms) {
-    auto names = placeholdersOf(form);
-    if (!names) return names;
-    all.insert(all.end(), names->begin(), names->end());
-  }
-  std::sort(all.begin(), all.end());
-  return all;
-}
-
-// Checks the forms and the placeholders of a message. `original` is that of the fallback, or null.
-foundation::Result<void> check(const std::string& key, const std::vector<std::string>& forms,
-                               const std::vector<std::string>* original, std::size_t pluralForms) {
-  const auto names = placeholdersOfAll(forms);
-  if (!names) return invalid(key, "invalid placeholders");
-  if (original == nullptr) return {};
-  if (forms.size() != (original->size() == 1 ? 1 : pluralForms))
-    return invalid(key, "a wrong number of forms");
-  const auto known = placeholdersOfAll(*original);
-  const bool allKnown = std::all_of(names->begin(), names->end(), [&](const std::string& name) {
-    return std::binary_search(known->begin(), known->end(), name);
-  });
-  if (!allKnown) return invalid(key, "unknown placeholders");
-  return {};
 }
 
 std::string formatted(const std::string& message, Arguments arguments, Store store = {}) {
@@ -102,24 +69,6 @@ std::shared_ptr<const Messages> embedded(std::string_view language,
 
 }  // namespace
 
-foundation::Result<std::vector<std::string>> placeholdersOf(std::string_view text) {
-  std::vector<std::string> names;
-  while (true) {
-    const std::size_t brace = text.find_first_of("{}");
-    if (brace == std::string_view::npos) break;
-    const std::string_view from = text.substr(brace);
-    text = from.substr(1);
-    const std::size_t end = text.find_first_not_of("abcdefghijklmnopqrstuvwxyz");
-    const bool wellFormed = from.front() == '{' && end != 0 && end != std::string_view::npos &&
-                            text[end] == '}' && names.size() < mostPlaceholders;
-    if (!wellFormed) return foundation::failure("messages", 0, "Invalid placeholders.");
-    names.emplace_back(text.substr(0, end));
-    text.remove_prefix(end + 1);
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
 foundation::Result<std::shared_ptr<const Messages>> Messages::read(
     std::string_view file, std::string language, std::shared_ptr<const Messages> fallback) {
   auto catalog = MessageCatalog::read(file);
@@ -128,12 +77,15 @@ foundation::Result<std::shared_ptr<const Messages>> Messages::read(
   const std::string_view pluralForms = catalog->headerField("Plural-Forms");
   if (!pluralForms.empty()) {
     const auto rule = PluralRule::parse(pluralForms);
-    if (!rule) return invalid("Plural-Forms", "an invalid expression");
+    if (!rule)
+      return foundation::failure("messages", 0,
+                                 "The header of the messages has invalid plural forms.");
     messages->plural = *rule;
   }
   for (const auto& [key, forms] : catalog->messages()) {
     const auto* original = fallback ? fallback->catalog.find(key) : nullptr;
-    const auto checked = check(key, forms, original, messages->plural.forms());
+    if (fallback && original == nullptr) continue;  // the library does not use it
+    const auto checked = checkMessage(key, forms, original, messages->plural.forms());
     if (!checked) return foundation::failure(checked.error());
   }
   const std::string_view direction = catalog->headerField("X-Text-Direction");

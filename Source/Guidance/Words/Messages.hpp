@@ -18,10 +18,6 @@ namespace orivanta::guidance {
 /// The texts for the placeholders of a message, by the names of the placeholders.
 using Arguments = std::initializer_list<std::pair<const char*, std::string_view>>;
 
-/// Returns the names in braces of a text in ascending order. Fails if a brace has no partner, a
-/// name has other characters than a to z, or there are more than 16.
-foundation::Result<std::vector<std::string>> placeholdersOf(std::string_view text);
-
 /// The messages of one language. Immutable.
 struct Messages {
   std::string language;                      ///< the tag
