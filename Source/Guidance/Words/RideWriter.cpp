@@ -28,8 +28,7 @@ std::size_t endOfRide(const Itinerary& itinerary, const std::vector<Step>& steps
 
 // Whether the words for a connector already end in its name, as "the stairs" in "Stairs".
 bool endsInName(const std::string& words, const std::string& name) {
-  const std::string form = searchForm(name);
-  return !form.empty() && (" " + searchForm(words)).ends_with(" " + form);
+  return (" " + searchForm(words)).ends_with(" " + searchForm(name));
 }
 
 }  // namespace

@@ -14,8 +14,8 @@
 namespace orivanta::guidance {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::IsSupersetOf;
 using Reference = Direction::Turn::ReferencePosition;
 
 // A venue with hand-made routes.
@@ -305,7 +305,10 @@ TEST_F(NarratorTest, JoinsRidesAndOmitsUnknownLengths) {
   auto steps = routeUpstairs();
   itinerary_.legs.insert(itinerary_.legs.begin() + 1, itinerary_.legs[1]);
   for (auto& step : steps) step.leg += step.leg > 1 ? 1 : 0;
-  EXPECT_THAT(Narrator().text(itinerary_, steps, 2), HasSubstr("up 2 floors to"));
+  for (const std::size_t legOfLeaving : {3, 2}) {  // it may belong to the walk or to the ride
+    steps[3].leg = legOfLeaving;
+    EXPECT_THAT(Narrator().text(itinerary_, steps, 2), HasSubstr("up 2 floors to"));
+  }
   itinerary_.hasScale = false;
   EXPECT_EQ(Narrator().text(itinerary_, steps, 0),
             "Leave Bakery and turn left. Go past Book Shop on your left.");
@@ -344,7 +347,7 @@ TEST(Narrator, RoundsLengthsAndTimes) {
 }
 
 TEST(Narrator, FindsTheBestLanguage) {
-  EXPECT_THAT(Narrator::languages(), ElementsAre("ar", "de", "en", "fr", "ja"));
+  EXPECT_THAT(Narrator::languages(), IsSupersetOf({"ar", "de", "en", "fr", "ja"}));
   for (const auto& [preferred, best] :
        {std::pair<std::string, const char*>("de-AT, en;q=0.5", "de"),
         {"", "en"},
