@@ -110,12 +110,12 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
            {"fr",
             "Quittez Bakery et tournez à gauche. Avancez de 40 m, en passant devant Book Shop "
             "sur votre gauche.\n"
-            "Tournez légèrement à droite après « Food ».\n"
+            "Tournez légèrement à droite après «\u00a0Food\u00a0».\n"
             "Prenez l’escalier sur votre droite (Stairs B) pour monter d’un étage jusqu’au "
-            "niveau F1 : First.\n"
+            "niveau F1\u00a0: First.\n"
             "Quittez l’escalier et tournez à droite, puis immédiatement à gauche. Avancez de "
             "250 m.\n"
-            "Vous êtes à destination : Book Shop se trouve sur votre gauche, en face de "
+            "Vous êtes à destination\u00a0: Book Shop se trouve sur votre gauche, en face de "
             "Bakery.\n"
             "450 m, 5 min"},
            {"ja",
@@ -126,10 +126,10 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
             "目的地のBook Shopは左側、Bakeryの向かいにあります。\n"
             "450m、5分"},
            {"ar",
-            "غادر [Bakery] ثم انعطف يسارًا. سر مسافة [40 م] مرورًا أمام [Book Shop] على يسارك.\n"
+            "غادر [Bakery] ثم انعطف يسارًا. سِر مسافة [40 م] مرورًا أمام [Book Shop] على يسارك.\n"
             "انعطف قليلًا إلى اليمين بعد «[Food]».\n"
             "استخدم الدرج على يمينك ([Stairs B]) للصعود طابقًا واحدًا إلى [F1]: [First].\n"
-            "غادر الدرج ثم انعطف يمينًا ثم يسارًا مباشرةً. سر مسافة [250 م].\n"
+            "غادر الدرج ثم انعطف يمينًا ثم يسارًا مباشرةً. سِر مسافة [250 م].\n"
             "لقد وصلت: وجهتك [Book Shop] على يسارك، مقابل [Bakery].\n"
             "[450 م]، 5 دقائق"},
        }) {
@@ -403,14 +403,6 @@ TEST(Narrator, ReadsMessageFiles) {
                            {"he", "X-Text-Direction: ltr\n", false},
                            {"de-1901", "", false}})
     EXPECT_EQ(read("a\4", "b", each.header, each.language)->isRightToLeft(), each.rightToLeft);
-}
-
-TEST(Narrator, WritesProblems) {
-  const Narrator narrator;
-  EXPECT_EQ(narrator.text(Problem{Problem::Kind::closed, 1}, "Cafe\n"),
-            "Cafe, or the way there, is closed.");
-  EXPECT_EQ(narrator.text(Problem{Problem::Kind::closed, 1}, ""),
-            "A stop of the route, or the way there, is closed.");
 }
 
 }  // namespace
