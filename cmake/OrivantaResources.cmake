@@ -1,19 +1,46 @@
-# Embeds the files of a folder into a target, as a resource bundle.
+# Embeds files into a target, as a resource bundle.
 #
 #   orivanta_resources(target folder identifier function)
+#   orivanta_languages(target folder identifier function)
 #
-# adds to `target` the definition of
+# add to `target` the definition of
 #
 #   const orivanta::foundation::ResourceBundle& orivanta::FUNCTION();
 #
-# which adds the bundle when it is first called. Subfolders and files whose names begin with a dot are
-# ignored. During the build, this file is run as a script with cmake -P.
+# which adds the bundle when it is first called. The first one embeds the files of a folder, but neither
+# subfolders nor files whose names begin with a dot. The second one checks and compiles the message files
+# of a folder (LANGUAGE.po) and embeds the results (LANGUAGE.mo). During the build, this file is run as a
+# script with cmake -P.
 
 if(NOT CMAKE_SCRIPT_MODE_FILE)
   set(ORIVANTA_RESOURCES_SCRIPT ${CMAKE_CURRENT_LIST_FILE})
 
   function(orivanta_resources target folder identifier function)
     file(GLOB files CONFIGURE_DEPENDS LIST_DIRECTORIES FALSE ${folder}/[^.]*)
+    orivanta_embed(${target} ${identifier} ${function} ${files})
+  endfunction()
+
+  function(orivanta_languages target folder identifier function)
+    find_program(ORIVANTA_MSGFMT msgfmt REQUIRED NO_CMAKE_FIND_ROOT_PATH)
+    file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.po)
+    set(files)
+    foreach(source IN LISTS sources)
+      get_filename_component(language ${source} NAME_WE)
+      set(file ${CMAKE_CURRENT_BINARY_DIR}/${language}.mo)
+      add_custom_command(
+        OUTPUT ${file}
+        COMMAND ${ORIVANTA_MSGFMT} --check --no-hash --endianness=little -o ${file} ${source}
+        DEPENDS ${source}
+        COMMENT "Compiling the messages of ${language}"
+        VERBATIM)
+      list(APPEND files ${file})
+    endforeach()
+    orivanta_embed(${target} ${identifier} ${function} ${files})
+  endfunction()
+
+  # orivanta_embed(target identifier function files...)
+  function(orivanta_embed target identifier function)
+    set(files ${ARGN})
     set(source ${CMAKE_CURRENT_BINARY_DIR}/${function}.cpp)
     add_custom_command(
       OUTPUT ${source}

@@ -32,6 +32,9 @@ class ORIVANTA_API ResourceBundle {
   /// Returns the bundle with this identifier, or null if none was added. Any thread.
   static const ResourceBundle* find(std::string_view identifier);
 
+  /// Returns all files. Any thread.
+  std::span<const Resource> resources() const { return resources_; }
+
   /// Returns the contents of the file "name.type", or nothing if there is no such file. Any thread.
   std::optional<std::span<const std::uint8_t>> bytes(std::string_view name,
                                                      std::string_view type) const;

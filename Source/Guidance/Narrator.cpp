@@ -1,0 +1,94 @@
+#include "Source/Guidance/Narrator.hpp"
+
+#include <utility>
+
+#include "Source/Guidance/Words/LanguageTags.hpp"
+#include "Source/Guidance/Words/Messages.hpp"
+#include "Source/Guidance/Words/StepWriter.hpp"
+
+namespace orivanta::guidance {
+
+namespace {
+
+const char* keyOf(Problem::Kind kind) {
+  switch (kind) {
+    case Problem::Kind::tooFewStops:
+      return "problem.tooFewStops";
+    case Problem::Kind::unknownPlace:
+      return "problem.unknownPlace";
+    case Problem::Kind::noNodes:
+      return "problem.noNodes";
+    case Problem::Kind::unreachable:
+      break;
+    case Problem::Kind::onlyWithSteps:
+      return "problem.onlyWithSteps";
+    case Problem::Kind::closed:
+      return "problem.closed";
+    case Problem::Kind::closesBeforeArrival:
+      return "problem.closesBeforeArrival";
+  }
+  return "problem.unreachable";
+}
+
+}  // namespace
+
+std::vector<std::string> Narrator::languages() { return Messages::libraryLanguages(); }
+
+std::string Narrator::bestLanguage(std::string_view preferred) {
+  return guidance::bestLanguage(preferred, languages());
+}
+
+Narrator::Narrator(std::string_view language)
+    : messages_(Messages::ofLibrary(bestLanguage(language))) {}
+
+Narrator::Narrator(std::shared_ptr<const Messages> messages) : messages_(std::move(messages)) {}
+
+foundation::Result<Narrator> Narrator::fromMessages(std::string_view file, std::string language) {
+  auto messages = Messages::read(file, std::move(language), Messages::ofLibrary("en"));
+  if (!messages) return foundation::failure(std::move(messages.error()));
+  return Narrator(std::move(*messages));
+}
+
+const std::string& Narrator::language() const { return messages_->language; }
+
+bool Narrator::isRightToLeft() const { return messages_->rightToLeft; }
+
+std::string Narrator::text(const Itinerary& itinerary, const std::vector<Step>& steps,
+                           std::size_t index) const {
+  return StepWriter(*messages_, itinerary, steps, index).text();
+}
+
+std::vector<std::string> Narrator::texts(const Itinerary& itinerary,
+                                         const std::vector<Step>& steps) const {
+  std::vector<std::string> all;
+  all.reserve(steps.size());
+  for (std::size_t i = 0; i < steps.size(); ++i) all.push_back(text(itinerary, steps, i));
+  return all;
+}
+
+std::string Narrator::summary(const Itinerary& itinerary) const {
+  if (!itinerary.hasScale) return {};
+  double meters = 0.0;
+  double seconds = 0.0;
+  for (const Leg& leg : itinerary.legs) {
+    meters += leg.meters;
+    seconds += leg.seconds;
+  }
+  const std::string length = messages_->lengthWithin(meters);
+  const std::string time = messages_->time(seconds);
+  if (length.empty() || time.empty()) return length + time;
+  return messages_->format("summary", {{"length", length}, {"time", time}});
+}
+
+std::string Narrator::text(const Problem& problem, std::string_view place) const {
+  const std::string name = messages_->name(place);
+  const std::string key = keyOf(problem.kind);
+  if (name.empty() || problem.kind == Problem::Kind::tooFewStops) return messages_->format(key);
+  return messages_->format(key + ".place", {{"place", name}});
+}
+
+std::string Narrator::length(double meters) const { return messages_->length(meters); }
+
+std::string Narrator::time(double seconds) const { return messages_->time(seconds); }
+
+}  // namespace orivanta::guidance

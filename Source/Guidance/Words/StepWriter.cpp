@@ -1,0 +1,149 @@
+#include "Source/Guidance/Words/StepWriter.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "Source/Guidance/Words/MessageKeys.hpp"
+#include "Source/Guidance/Words/RideWriter.hpp"
+
+namespace orivanta::guidance {
+
+namespace {
+
+using ReferencePosition = Direction::Turn::ReferencePosition;
+
+constexpr std::size_t mostPassed = 2;
+
+// Returns the part of a message's key for the turn of a step, such as "turn.left", or an empty text
+// if there is none.
+std::string turnKey(const Step& step) {
+  if (!(step.turnDegrees > 0.0 || step.turnDegrees < 0.0)) return {};
+  const bool isLeft = step.turnDegrees > 0.0;
+  const char* const side = isLeft ? "left" : "right";
+  const double second = step.secondTurnDegrees.value_or(0.0);
+  if (isLeft ? second < 0.0 : second > 0.0) return std::string("twice.") + side;
+  switch (step.sharpness) {
+    case Sharpness::bear:
+      return std::string("bear.") + side;
+    case Sharpness::turn:
+      return std::string("turn.") + side;
+    case Sharpness::sharp:
+      return std::string("sharp.") + side;
+    case Sharpness::around:
+      break;
+  }
+  return "around";
+}
+
+std::string positionKey(ReferencePosition position) {
+  if (position == ReferencePosition::Past) return ".after";
+  return position == ReferencePosition::Before ? ".before" : ".at";
+}
+
+// The keys of passed places name their sides if all of these are known.
+std::string sidesKey(const std::vector<std::pair<std::string, Side>>& passed) {
+  std::string key;
+  for (const auto& [name, side] : passed) {
+    if (side != Side::left && side != Side::right) return passed.size() == 1 ? ".one" : ".two";
+    key += keyOf(side);
+  }
+  return key;
+}
+
+}  // namespace
+
+std::string StepWriter::text() const {
+  switch (step_.kind) {
+    case Step::Kind::depart:
+      return messages_.sentences(depart(), walk());
+    case Step::Kind::turn:
+      return messages_.sentences(turn(), walk());
+    case Step::Kind::ride:
+      return RideWriter(messages_, itinerary_, steps_, index_).text();
+    case Step::Kind::leave:
+      return messages_.sentences(leave(), walk());
+    case Step::Kind::arrive:
+      break;
+  }
+  return arrive();
+}
+
+std::string StepWriter::depart() const {
+  const std::string place = placeName(step_.place);
+  const std::string within = turnWithin();
+  if (!place.empty() && !within.empty())
+    return messages_.format("depart.place.turn", {{"place", place}, {"turn", within}});
+  const bool turns = !turnKey(step_).empty();
+  if (!place.empty())
+    return messages_.sentences(messages_.format("depart.place", {{"place", place}}),
+                               turns ? turn() : std::string());
+  return turns ? turn() : messages_.format(step_.leg == 0 ? "depart.start" : "depart.stop");
+}
+
+std::string StepWriter::turn() const {
+  const std::string key = turnKey(step_);
+  if (key.empty()) return messages_.format("turn.straight");
+  if (step_.landmark) {
+    const std::string place = placeName(step_.landmark->place, step_.landmark->category);
+    if (!place.empty())
+      return messages_.format("turn." + key + positionKey(step_.landmark->position),
+                              {{"place", place}});
+  }
+  return messages_.format("turn." + key);
+}
+
+std::string StepWriter::leave() const {
+  const std::string key = "leave." + keyOf(kindLeft(itinerary_, step_));
+  const std::string within = turnWithin();
+  if (!within.empty()) return messages_.format(key + ".turn", {{"turn", within}});
+  return messages_.sentences(messages_.format(key),
+                             turnKey(step_).empty() ? std::string() : turn());
+}
+
+std::string StepWriter::arrive() const {
+  const bool isStop =
+      std::any_of(steps_.begin() + static_cast<std::ptrdiff_t>(index_) + 1, steps_.end(),
+                  [](const Step& later) { return later.kind == Step::Kind::arrive; });
+  const std::string place = placeName(step_.place);
+  const std::string opposite = placeName(step_.opposite);
+  const bool mayBeOpposite = step_.side != Side::ahead && step_.side != Side::behind;
+  std::string key = isStop ? "arrive.stop" : "arrive.destination";
+  if (!place.empty()) key += ".place";
+  key += keyOf(step_.side);
+  if (!opposite.empty() && mayBeOpposite) key += ".opposite";
+  return messages_.format(key, {{"place", place}, {"opposite", opposite}});
+}
+
+std::string StepWriter::walk() const {
+  std::vector<std::pair<std::string, Side>> passed;
+  for (const Passed& candidate : step_.passed) {
+    std::string name = placeName(candidate.place, candidate.category);
+    if (!name.empty()) passed.emplace_back(std::move(name), candidate.side);
+    if (passed.size() == mostPassed) break;
+  }
+  const std::string length =
+      itinerary_.hasScale ? messages_.lengthWithin(step_.metersToNext) : std::string();
+  if (passed.empty())
+    return length.empty() ? length : messages_.format("walk", {{"length", length}});
+  const std::string key = (length.empty() ? "pass" : "walk.past") + sidesKey(passed);
+  return messages_.format(
+      key, {{"length", length}, {"place", passed.front().first}, {"other", passed.back().first}});
+}
+
+// The turn as a part of another sentence, which has no room for a landmark. Empty without a turn or
+// with a landmark.
+std::string StepWriter::turnWithin() const {
+  const std::string key = turnKey(step_);
+  const bool hasLandmark =
+      step_.landmark && !placeName(step_.landmark->place, step_.landmark->category).empty();
+  return key.empty() || hasLandmark ? std::string() : messages_.format("turn.within." + key);
+}
+
+std::string StepWriter::placeName(const std::shared_ptr<Location>& place,
+                                  const std::shared_ptr<Category>& category) const {
+  if (!category) return messages_.name(spokenName(place.get()));
+  const std::string name = messages_.name(category->name.value_or(""));
+  return name.empty() ? name : messages_.format("category", {{"name", name}});
+}
+
+}  // namespace orivanta::guidance

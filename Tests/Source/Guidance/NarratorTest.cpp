@@ -1,0 +1,409 @@
+#include "Source/Guidance/Narrator.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <boost/algorithm/string/replace.hpp>
+#include <limits>
+
+#include "Source/Guidance/Words/Messages.hpp"
+#include "Source/Guidance/Words/Placeholders.hpp"
+#include "Tests/Support/MessageFile.hpp"
+#include "Tests/Support/TwoFloorVenue.hpp"
+
+namespace orivanta::guidance {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsSupersetOf;
+using Reference = Direction::Turn::ReferencePosition;
+
+// A venue with hand-made routes.
+class NarratorTest : public testing::Test {
+ protected:
+  NarratorTest() { reload(); }
+
+  void reload() {
+    const auto venue = small_.load();
+    shop_ = venue->locations->at(1);
+    bakery_ = venue->locations->at(0);
+    food_ = bakery_->categories.front();
+    stairs_ = venue->vortices->at(1);
+    lower_ = venue->nodes->at(1);
+    upper_ = venue->nodes->at(5);
+    itinerary_.hasScale = true;
+  }
+
+  // A walk, a ride on the stairs, and a walk on the upper floor.
+  std::vector<Step> routeUpstairs() {
+    itinerary_.legs.assign(3, Leg());
+    for (Leg& leg : itinerary_.legs)
+      leg = {Leg::Kind::walk, {lower_}, lower_->map, 145, 100, {}, {}, 0};
+    itinerary_.legs[1].kind = Leg::Kind::ride;
+    itinerary_.legs[1].nodes = {lower_, upper_};
+    itinerary_.legs[1].connector = stairs_;
+    itinerary_.legs[1].connectorKind = ConnectorKind::stairs;
+    itinerary_.legs[1].floorsPassed = 1;
+    std::vector<Step> steps(5);
+    steps[0].kind = Step::Kind::depart;
+    steps[0].place = bakery_;
+    steps[0].turnDegrees = 90;
+    steps[0].metersToNext = 43;
+    steps[0].passed = {{shop_, nullptr, Side::left}};
+    steps[1].turnDegrees = -50;
+    steps[1].sharpness = Sharpness::bear;
+    steps[1].landmark = Landmark{bakery_, food_, Reference::Past};
+    steps[2].kind = Step::Kind::ride;
+    steps[2].leg = 1;
+    steps[2].side = Side::right;
+    steps[3].kind = Step::Kind::leave;
+    steps[3].leg = 2;
+    steps[3].turnDegrees = -90;
+    steps[3].secondTurnDegrees = 90;
+    steps[3].metersToNext = 240;
+    steps[4].kind = Step::Kind::arrive;
+    steps[4].leg = 2;
+    steps[4].place = shop_;
+    steps[4].side = Side::left;
+    steps[4].opposite = bakery_;
+    return steps;
+  }
+
+  std::string textOf(const Step& step, const Narrator& narrator = Narrator()) const {
+    return narrator.text(itinerary_, {step}, 0);
+  }
+
+  test::TwoFloorVenue small_;
+  std::shared_ptr<Location> bakery_;
+  std::shared_ptr<Location> shop_;
+  std::shared_ptr<Category> food_;
+  std::shared_ptr<Vortex> stairs_;
+  std::shared_ptr<Node> lower_;
+  std::shared_ptr<Node> upper_;
+  Itinerary itinerary_;
+};
+
+TEST_F(NarratorTest, WritesARouteInEachLanguage) {
+  const auto steps = routeUpstairs();
+  struct Case {
+    const char* language;
+    std::string text;  // with brackets for isolates
+  };
+  for (const Case& each : {
+           Case{"en",
+                "Leave Bakery and turn left. Go 40 m, past Book Shop on your left.\n"
+                "Bear right after “Food”.\n"
+                "Take the stairs on your right (Stairs B) up one floor to F1: First.\n"
+                "Leave the stairs and turn right, then immediately left. Go 250 m.\n"
+                "You have arrived: Book Shop is on your left, opposite Bakery.\n"
+                "450 m, 5 min"},
+           {"de",
+            "Verlassen Sie Bakery und biegen Sie links ab. Gehen Sie 40 m weiter, vorbei an "
+            "Book Shop auf der linken Seite.\n"
+            "Halten Sie sich nach „Food“ rechts.\n"
+            "Nehmen Sie die Treppe auf der rechten Seite (Stairs B) eine Etage nach oben bis "
+            "F1: First.\n"
+            "Verlassen Sie die Treppe und biegen Sie rechts und gleich darauf links ab. Gehen "
+            "Sie 250 m weiter.\n"
+            "Sie sind am Ziel: Book Shop liegt auf der linken Seite, gegenüber von Bakery.\n"
+            "450 m, 5 Min."},
+           {"fr",
+            "Quittez Bakery et tournez à gauche. Avancez de 40 m, en passant devant Book Shop "
+            "sur votre gauche.\n"
+            "Tournez légèrement à droite après «\u00a0Food\u00a0».\n"
+            "Prenez l’escalier sur votre droite (Stairs B) pour monter d’un étage jusqu’au "
+            "niveau F1\u00a0: First.\n"
+            "Quittez l’escalier et tournez à droite, puis immédiatement à gauche. Avancez de "
+            "250 m.\n"
+            "Vous êtes à destination\u00a0: Book Shop se trouve sur votre gauche, en face de "
+            "Bakery.\n"
+            "450 m, 5 min"},
+           {"ja",
+            "Bakeryを出て、左に曲がります。40m進みます。途中、左側にBook Shopがあります。\n"
+            "「Food」を過ぎたら斜め右に進みます。\n"
+            "右側の階段（Stairs B）で1階分上がり、F1：Firstへ進みます。\n"
+            "階段を出て、右に曲がり、すぐに左に曲がります。250m進みます。\n"
+            "目的地のBook Shopは左側、Bakeryの向かいにあります。\n"
+            "450m、5分"},
+           {"ar",
+            "غادر [Bakery] ثم انعطف يسارًا. سِر مسافة [40 م] مرورًا أمام [Book Shop] على يسارك.\n"
+            "انعطف قليلًا إلى اليمين بعد «[Food]».\n"
+            "استخدم الدرج على يمينك ([Stairs B]) للصعود طابقًا واحدًا إلى [F1]: [First].\n"
+            "غادر الدرج ثم انعطف يمينًا ثم يسارًا مباشرةً. سِر مسافة [250 م].\n"
+            "لقد وصلت: وجهتك [Book Shop] على يسارك، مقابل [Bakery].\n"
+            "[450 م]، 5 دقائق"},
+       }) {
+    const Narrator narrator(each.language);
+    std::string text;
+    for (const std::string& line : narrator.texts(itinerary_, steps)) text += line + '\n';
+    text += narrator.summary(itinerary_);
+    boost::algorithm::replace_all(text, "\u2068", "[");
+    boost::algorithm::replace_all(text, "\u2069", "]");
+    EXPECT_EQ(text, each.text);
+  }
+}
+
+// Calls `visit` with a list of steps for every value that changes a text.
+template <class Visit>
+void visitAllSteps(const std::vector<Step>& route, Itinerary& itinerary, Visit visit) {
+  const auto& shop = route[4].place;
+  const std::vector<Side> sides{Side::none, Side::left, Side::right, Side::ahead, Side::behind};
+  for (const auto kind : {Step::Kind::depart, Step::Kind::turn, Step::Kind::leave})
+    for (const auto sharpness :
+         {Sharpness::bear, Sharpness::turn, Sharpness::sharp, Sharpness::around})
+      for (const double degrees : {-90.0, 0.0, 90.0})
+        for (const auto& second : {std::optional<double>(), std::optional(-degrees)})
+          for (int i = 0; i < 20; ++i) {
+            Step step;
+            step.kind = kind;
+            step.leg = i < 10 ? 0 : 1;
+            step.sharpness = sharpness;
+            step.turnDegrees = degrees;
+            step.secondTurnDegrees = second;
+            if (i % 2 == 0) step.place = shop;
+            if (i % 5 > 1)
+              step.landmark = Landmark{shop, nullptr, static_cast<Reference>(i % 5 - 2)};
+            visit({step});
+          }
+  for (const double meters : {0.0, 20.0})
+    for (const Side first : sides)
+      for (const Side second : sides)
+        for (const std::size_t count : {0, 1, 2}) {
+          Step step;
+          step.metersToNext = meters;
+          step.passed = {{shop, nullptr, first}, {shop, route[1].landmark->category, second}};
+          step.passed.resize(count);
+          visit({step});
+        }
+  for (const Side side : sides)
+    for (const bool named : {true, false})
+      for (const bool isOpposite : {true, false}) {
+        Step step = route[4];
+        step.side = side;
+        if (!named) step.place = nullptr;
+        if (!isOpposite) step.opposite = nullptr;
+        visit({step});
+        visit({step, step});
+      }
+  for (int kind = 0; kind < 5; ++kind) {
+    for (const Side side : sides)
+      for (const int floors : {-12, -1, 0, 1, 2, 5, 100}) {
+        itinerary.legs[1].connectorKind = static_cast<ConnectorKind>(kind);
+        itinerary.legs[1].floorsPassed = floors;
+        Step step = route[2];
+        step.side = side;
+        visit({step});
+      }
+    visit({route[3]});
+    Step straight = route[3];
+    straight.turnDegrees = 0;
+    visit({straight});
+  }
+  std::swap(itinerary.legs[1].nodes[0], itinerary.legs[1].nodes[1]);
+  visit({route[2]});
+}
+
+TEST_F(NarratorTest, UsesEveryMessage) {
+  // Messages that consist of their keys and placeholders show which ones a text uses.
+  const auto english = Messages::ofLibrary("en");
+  std::vector<std::string> texts;
+  for (const auto& [key, forms] : english->catalog.messages()) {
+    std::string text = "<" + key + ">";
+    const auto placeholders = placeholdersOf(forms.back());
+    for (const auto& name : *placeholders) text += "{" + name + "}";
+    texts.push_back(key + "\4");
+    texts.push_back(forms.size() == 1 ? text : text + '\0' + text);
+  }
+  std::vector<std::pair<std::string_view, std::string_view>> messages;
+  for (std::size_t i = 0; i < texts.size(); i += 2) messages.emplace_back(texts[i], texts[i + 1]);
+  const auto keys = Narrator::fromMessages(test::messageFile(messages), "xx");
+  ASSERT_TRUE(keys);
+  std::string all;
+  visitAllSteps(routeUpstairs(), itinerary_, [&](const std::vector<Step>& steps) {
+    const std::string text = keys->text(itinerary_, steps, 0);
+    EXPECT_NE(text, "");
+    all += text;
+  });
+  all += keys->summary(itinerary_) + keys->length(2000);
+  for (int kind = 0; kind < 7; ++kind)
+    for (const char* place : {"", "X"})
+      all += keys->text(Problem{static_cast<Problem::Kind>(kind), 0}, place);
+  for (const auto& [key, forms] : english->catalog.messages())
+    EXPECT_THAT(all, HasSubstr("<" + key + ">"));
+}
+
+TEST_F(NarratorTest, EachLanguageIsComplete) {
+  const auto& english = Messages::ofLibrary("en")->catalog.messages();
+  for (const std::string& language : Narrator::languages()) {
+    const auto messages = Messages::ofLibrary(language);
+    ASSERT_TRUE(messages) << language;
+    ASSERT_EQ(messages->catalog.messages().size(), english.size()) << language;
+    for (const auto& [key, forms] : english) {
+      const auto* translated = messages->catalog.find(key);
+      ASSERT_NE(translated, nullptr) << language << ' ' << key;
+      EXPECT_EQ(placeholdersOf(translated->back()), placeholdersOf(forms.back()))
+          << language << key;
+    }
+    const Narrator narrator(language);
+    visitAllSteps(routeUpstairs(), itinerary_, [&](const std::vector<Step>& steps) {
+      const std::string text = narrator.text(itinerary_, steps, 0);
+      EXPECT_EQ(text.find_first_of("{}"), std::string::npos) << text;
+      EXPECT_TRUE(text.ends_with(".") || text.ends_with("。")) << text;
+      EXPECT_EQ(text.find("  "), std::string::npos) << text;
+    });
+  }
+}
+
+TEST_F(NarratorTest, SpeaksOnlyGivenNames) {
+  Step ride;
+  ride.kind = Step::Kind::ride;
+  Step arrival;
+  arrival.kind = Step::Kind::arrive;
+  const std::string cut = std::string(79, 'x') + "…";
+  struct Case {
+    std::string name;  // as JSON
+    const char* language;
+    std::string ride;     // the name of the stairs
+    std::string arrival;  // the name of the shop
+  };
+  for (const Case& each :
+       {Case{R"("X", "nameGenerated": true)", "en", "Take the stairs up one floor to F1: First.",
+             "You have arrived at your destination."},
+        {R"("stairs")", "en", "Take the stairs up one floor to F1: First.",
+         "You have arrived at stairs."},
+        {R"(" ")", "en", "Take the stairs up one floor to F1: First.",
+         "You have arrived at your destination."},
+        {R"("a{place}\u202e\u001b\n ")", "en",
+         "Take the stairs (a{place}\uFFFD) up one floor to F1: First.",
+         "You have arrived at a{place}\uFFFD."},
+        {'"' + std::string(10'000'000, 'x') + '"', "en",
+         "Take the stairs (" + cut + ") up one floor to F1: First.",
+         "You have arrived at " + cut + "."},
+        {R"("مقهى")", "en", "Take the stairs (\u2068مقهى\u2069) up one floor to F1: First.",
+         "You have arrived at \u2068مقهى\u2069."},
+        {R"("TR03")", "ar",
+         "استخدم الدرج (\u2068TR03\u2069) للصعود طابقًا واحدًا إلى \u2068F1\u2069: "
+         "\u2068First\u2069.",
+         "لقد وصلت إلى وجهتك \u2068TR03\u2069."}}) {
+    small_.vortices = R"([{"id": "lift", "name": "L", "type": "lift", "nodes": []},
+        {"id": "stairs", "type": "stairs", "nodes": ["n2", "u2"], "name": )" +
+                      each.name + "}]";
+    small_.locations = R"([{"id": "l1", "name": "B", "type": "shop", "categories": ["c2"]},
+        {"id": "l2", "type": "shop", "name": )" +
+                       each.name + "}]";
+    reload();
+    routeUpstairs();
+    ride.leg = 1;
+    arrival.place = shop_;
+    const Narrator narrator(each.language);
+    EXPECT_EQ(textOf(ride, narrator), each.ride);
+    EXPECT_EQ(textOf(arrival, narrator), each.arrival);
+  }
+}
+
+TEST_F(NarratorTest, JoinsRidesAndOmitsUnknownLengths) {
+  auto steps = routeUpstairs();
+  itinerary_.legs.insert(itinerary_.legs.begin() + 1, itinerary_.legs[1]);
+  for (auto& step : steps) step.leg += step.leg > 1 ? 1 : 0;
+  for (const std::size_t legOfLeaving : {3, 2}) {  // it may belong to the walk or to the ride
+    steps[3].leg = legOfLeaving;
+    EXPECT_THAT(Narrator().text(itinerary_, steps, 2), HasSubstr("up 2 floors to"));
+  }
+  itinerary_.hasScale = false;
+  EXPECT_EQ(Narrator().text(itinerary_, steps, 0),
+            "Leave Bakery and turn left. Go past Book Shop on your left.");
+  EXPECT_EQ(Narrator().text(itinerary_, steps, 3),
+            "Leave the stairs and turn right, then immediately left.");
+  EXPECT_EQ(Narrator().summary(itinerary_), "");
+  steps[2].leg = 9;
+  EXPECT_EQ(Narrator().text(itinerary_, steps, 2), "Take the passage on your right.");
+}
+
+TEST(Narrator, RoundsLengthsAndTimes) {
+  const double none = std::numeric_limits<double>::quiet_NaN();
+  for (const auto& [meters, text] : {std::pair(9.9, ""),
+                                     {10.0, "10 m"},
+                                     {14.9, "10 m"},
+                                     {99.0, "100 m"},
+                                     {124.0, "100 m"},
+                                     {126.0, "150 m"},
+                                     {490.0, "500 m"},
+                                     {549.0, "500 m"},
+                                     {951.0, "1,0 km"},
+                                     {1250.0, "1,3 km"},
+                                     {1e300, "1000000,0 km"},
+                                     {-50.0, ""},
+                                     {none, ""}})
+    EXPECT_EQ(Narrator("de").length(meters), text) << meters;
+  for (const auto& [seconds, text] : {std::pair(0.0, "دقيقة واحدة"),
+                                      {120.0, "دقيقتان"},
+                                      {269.0, "4 دقائق"},
+                                      {660.0, "11 دقيقة"},
+                                      {6000.0, "100 دقيقة"},
+                                      {-1e300, "دقيقة واحدة"},
+                                      {1e300, "1000000 دقيقة"},
+                                      {none, ""}})
+    EXPECT_EQ(Narrator("ar").time(seconds), text) << seconds;
+}
+
+TEST(Narrator, FindsTheBestLanguage) {
+  EXPECT_THAT(Narrator::languages(), IsSupersetOf({"ar", "de", "en", "fr", "ja"}));
+  for (const auto& [preferred, best] :
+       {std::pair<std::string, const char*>("de-AT, en;q=0.5", "de"),
+        {"", "en"},
+        {"xx", "en"},
+        {"en;q=0.5 ,FR-ca;q=0.7", "fr"},
+        {"ja;q=0,de;q=0.001", "de"},
+        {"*, ar-Latn-x-y;q=1.0", "ar"},
+        {"zh, ja;q=2, fr;q=x, de;Q=0.3", "de"},
+        {"fr,de", "fr"},
+        {",,;q=1,de", "de"},
+        {"den", "en"},
+        {std::string(10'000'000, ',') + "de", "en"}}) {
+    EXPECT_EQ(Narrator::bestLanguage(preferred), best) << preferred.substr(0, 99);
+    EXPECT_EQ(Narrator(preferred).language(), best);
+  }
+}
+
+TEST(Narrator, ReadsMessageFiles) {
+  using namespace std::string_view_literals;
+  const auto read = [](std::string_view key, std::string_view text, std::string_view header = "",
+                       const char* language = "xx") {
+    return Narrator::fromMessages(test::messageFile({{"", header}, {key, text}}), language);
+  };
+  EXPECT_EQ(read("length.meters\4", "m {meters}")->length(20), "m 20");
+  EXPECT_EQ(read("length.meters\4", "m {meters}")->time(20), "1 min");
+  EXPECT_EQ(read("unknown\4", "{any")->language(), "xx");
+  for (const auto& [text, header] : {std::pair("{x}"sv, ""sv),
+                                     {"{", ""},
+                                     {"}", ""},
+                                     {"{meters", ""},
+                                     {"{meters:9}", ""},
+                                     {"{}", ""},
+                                     {"{0}", ""},
+                                     {"{{meters}}", ""},
+                                     {"a\0b"sv, ""},
+                                     {"a", "Plural-Forms: nplurals=2; plural=("}})
+    EXPECT_FALSE(read("length.meters\4", text, header)) << text;
+  EXPECT_FALSE(read("time.minutes\4", "a\0b\0c"sv));
+  EXPECT_EQ(read("time.minutes\4", "a", "Plural-Forms: nplurals=1; plural=0")->time(0), "a");
+  std::string many;
+  for (int i = 0; i < 17; ++i) many += "{meters}";
+  EXPECT_FALSE(read("length.meters\4", many));
+  EXPECT_FALSE(Narrator::fromMessages("", "xx"));
+  struct Case {
+    const char* language;
+    const char* header;
+    bool rightToLeft;
+  };
+  for (const Case& each : {Case{"fa-IR", "", true},
+                           {"fa-Latn", "", false},
+                           {"az-Arab", "", true},
+                           {"xx", "X-Text-Direction: rtl", true},
+                           {"he", "X-Text-Direction: ltr\n", false},
+                           {"de-1901", "", false}})
+    EXPECT_EQ(read("a\4", "b", each.header, each.language)->isRightToLeft(), each.rightToLeft);
+}
+
+}  // namespace
+}  // namespace orivanta::guidance
