@@ -18,21 +18,10 @@
 #include "Source/Guidance/Itinerary.hpp"
 #include "Source/Guidance/Plan.hpp"
 #include "Source/Guidance/Request.hpp"
+#include "Source/Guidance/Snap.hpp"
 #include "Source/Guidance/Step.hpp"
 
 namespace orivanta::guidance {
-
-class GuideNetwork;
-
-/// A point of the walking network.
-struct Snap {
-  std::shared_ptr<Node> from;  ///< one end of the edge
-  std::shared_ptr<Node> to;    ///< the other end
-  double share = 0.0;          ///< the position on the edge: 0 is `from`, 1 is `to`
-  double x = 0.0;              ///< the point, in the venue's units
-  double y = 0.0;              ///< the point, in the venue's units
-  double distance = 0.0;       ///< from the given position, in the venue's units
-};
 
 /// Plans exact cheapest routes by expected time. Immutable: it keeps what it needs of the venue and
 /// is not affected by the next load. Thread-safe: any number of threads may use one guide.
