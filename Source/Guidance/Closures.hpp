@@ -10,9 +10,13 @@
 
 namespace orivanta::guidance {
 
-/// A set of identifiers of records that routes must not use: connectors, locations or nodes. The
-/// nodes of a closed location are closed. Unknown identifiers have no effect. Immutable; copies
-/// share the identifiers. Thread-safe.
+/// A set of identifiers of records that routes must not use: connectors, locations or nodes. Nothing
+/// that is closed is entered, but a traveler who starts there can leave.
+///
+/// A closed location is no destination. If it is a room, which means that a polygon of it has
+/// entrances, the nodes inside are closed too, unless they also belong to a room that is open. A
+/// place without a room, such as a cash machine in a corridor, does not block the way. Unknown
+/// identifiers have no effect. Immutable; copies share the identifiers. Thread-safe.
 class ORIVANTA_API Closures {
  public:
   /// Nothing is closed.

@@ -18,28 +18,25 @@
 #include "Source/Guidance/Itinerary.hpp"
 #include "Source/Guidance/Plan.hpp"
 #include "Source/Guidance/Request.hpp"
+#include "Source/Guidance/Snap.hpp"
 #include "Source/Guidance/Step.hpp"
 
 namespace orivanta::guidance {
 
-class GuideNetwork;
-
-/// A point of the walking network.
-struct Snap {
-  std::shared_ptr<Node> from;  ///< one end of the edge
-  std::shared_ptr<Node> to;    ///< the other end
-  double share = 0.0;          ///< the position on the edge: 0 is `from`, 1 is `to`
-  double x = 0.0;              ///< the point, in the venue's units
-  double y = 0.0;              ///< the point, in the venue's units
-  double distance = 0.0;       ///< from the given position, in the venue's units
-};
-
 /// Plans exact cheapest routes by expected time. Immutable: it keeps what it needs of the venue and
 /// is not affected by the next load. Thread-safe: any number of threads may use one guide.
+///
+/// The cost of a walk is its time; the `multiplierWeight` of the node that an edge enters
+/// multiplies it, and its `constantWeight` is added as a length in the venue's units. Values that
+/// are negative or not finite have no effect. The cost of a ride is its time; the weights of
+/// connectors have no effect. Leaving a room costs 30 s unless the route, or its part between two
+/// stops, begins there: nobody is led through a room that is not a stop. Without `unitsPerMetre`, a
+/// unit counts as a meter.
 class ORIVANTA_API Guide {
  public:
   /// Creates a guide from all nodes and connectors of a loaded venue, whether or not the venue was
-  /// loaded for accessible routes. Returns null if the venue is not loaded.
+  /// loaded for accessible routes. Walking edges are those of the venue's `navigationGraph`. Nodes
+  /// with coordinates that are not finite are left out. Returns null if the venue is not loaded.
   static std::shared_ptr<const Guide> make(const Venue& venue);
   ~Guide();
   Guide(const Guide&) = delete;

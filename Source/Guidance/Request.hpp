@@ -21,19 +21,21 @@ struct Position {
   double y = 0.0;            ///< in the venue's units
 };
 
-/// A stop of a route: any node of a location, a node, any of several nodes, the nearest open
-/// location of a category, or the nearest point of the walking network to a position.
+/// A stop of a route: any node of a location or a connector, a node, any of several nodes, the
+/// nearest open location of a category or of a category below it, or the nearest point of the
+/// walking network to a position.
 using Stop = std::variant<std::shared_ptr<Location>, std::shared_ptr<Node>, NodeList,
                           std::shared_ptr<Category>, Position>;
 
 /// A request for routes. A value.
 struct Request {
-  std::vector<Stop> stops;      ///< at least two: the start, stops in between, the destination
-  bool bestOrder = false;       ///< whether the stops in between may be visited in any order
-  Profile profile;              ///< what the traveler can use
-  Closures closures;            ///< what is closed
-  std::optional<LocalTime> at;  ///< the departure; places that are closed then cannot be reached
-  int alternatives = 0;         ///< the number of further routes to look for, at most 4
+  std::vector<Stop> stops;  ///< at least two: the start, stops in between, the destination
+  bool bestOrder = false;   ///< whether the stops in between may be visited in any order
+  Profile profile;          ///< what the traveler can use
+  Closures closures;        ///< what is closed
+  /// The departure. Places that are closed then are treated as closed; the start can be left.
+  std::optional<LocalTime> at;
+  int alternatives = 0;  ///< the number of further routes to look for, at most 4
 };
 
 }  // namespace orivanta::guidance

@@ -1,0 +1,71 @@
+#include "Source/Guidance/Guide.hpp"
+
+#include "Source/Guidance/Network/CostMatrix.hpp"
+#include "Source/Guidance/Network/GuideData.hpp"
+#include "Source/Guidance/Network/ItineraryBuilder.hpp"
+#include "Source/Guidance/Network/Planner.hpp"
+#include "Source/Guidance/Network/StopResolver.hpp"
+#include "Source/Guidance/Steps/StepBuilder.hpp"
+#include "Source/Guidance/Steps/Surroundings.hpp"
+#include "Source/Venue.hpp"
+
+namespace orivanta::guidance {
+
+class Guide::Implementation {
+ public:
+  explicit Implementation(const Venue& venue) : data(venue), surroundings(venue) {}
+
+  GuideData data;
+  Surroundings surroundings;
+};
+
+std::shared_ptr<const Guide> Guide::make(const Venue& venue) {
+  if (!venue.nodes || !venue.navigationGraph) return nullptr;
+  return std::shared_ptr<const Guide>(new Guide(std::make_unique<Implementation>(venue)));
+}
+
+Guide::Guide(std::unique_ptr<Implementation> implementation)
+    : implementation_(std::move(implementation)) {}
+
+Guide::~Guide() = default;
+
+Plan Guide::plan(const Request& request, const foundation::CancellationToken& token) const {
+  return Planner(implementation_->data, request, token).plan();
+}
+
+Plan Guide::nearest(const Stop& from, const std::shared_ptr<Category>& category,
+                    const Profile& profile, const Closures& closures, std::optional<LocalTime> at,
+                    int limit) const {
+  Request request;
+  request.stops = {from, category};
+  request.profile = profile;
+  request.closures = closures;
+  request.at = at;
+  return Planner(implementation_->data, request, {}).nearest(limit);
+}
+
+std::vector<std::vector<std::int64_t>> Guide::costs(const std::vector<Stop>& from,
+                                                    const std::vector<Stop>& to,
+                                                    const Profile& profile,
+                                                    const Closures& closures) const {
+  return costMatrix(implementation_->data, from, to, profile, closures);
+}
+
+std::optional<Snap> Guide::snap(const Position& position) const {
+  return StopResolver::snap(implementation_->data, position);
+}
+
+std::optional<Itinerary> Guide::itinerary(const NodeList& path,
+                                          const std::shared_ptr<Location>& departFrom,
+                                          const std::shared_ptr<Location>& arriveAt,
+                                          const Profile& profile) const {
+  return itineraryAlong(implementation_->data, path, departFrom, arriveAt, profile);
+}
+
+double Guide::unitsPerMeter() const { return implementation_->data.network.unitsPerMeter(); }
+
+std::vector<Step> Guide::steps(const Itinerary& itinerary) const {
+  return stepsOf(itinerary, implementation_->surroundings);
+}
+
+}  // namespace orivanta::guidance

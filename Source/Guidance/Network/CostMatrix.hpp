@@ -1,0 +1,18 @@
+// The costs between many stops.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "Source/Guidance/Network/GuideData.hpp"
+#include "Source/Guidance/Request.hpp"
+
+namespace orivanta::guidance {
+
+/// The result of `Guide::costs`.
+std::vector<std::vector<std::int64_t>> costMatrix(const GuideData& data,
+                                                  const std::vector<Stop>& from,
+                                                  const std::vector<Stop>& to,
+                                                  const Profile& profile, const Closures& closures);
+
+}  // namespace orivanta::guidance

@@ -1,0 +1,63 @@
+// The costs of all arcs for one profile and one set of closures.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "Source/Guidance/Closures.hpp"
+#include "Source/Guidance/Network/GuideNetwork.hpp"
+#include "Source/Guidance/Profile.hpp"
+
+namespace orivanta::guidance {
+
+/// Costs are integer milliseconds, rounded up, so sums do not depend on their order. Immutable.
+///
+/// A walking arc costs the time for its length times the `multiplierWeight` of its target plus the
+/// target's `constantWeight`, which is a length in the venue's units. A multiplier that is negative
+/// or not finite counts as 1, such a constant as 0. A ride costs its time; the weights of
+/// connectors have no meaning here. Penalties of the profile are added, and `roomPenalty` if the
+/// arc leaves a room. An arc costs at most 12 days.
+class CostTable {
+ public:
+  using Index = GuideNetwork::Index;
+  static constexpr std::uint32_t unusable = std::numeric_limits<std::uint32_t>::max();
+  static constexpr std::uint32_t roomPenalty = 30'000;
+
+  /// The costs of a profile with nothing closed.
+  CostTable(const GuideNetwork& network, const Profile& profile);
+
+  /// The same costs, except that these arcs cannot be used.
+  CostTable(const CostTable& open, std::span<const Index> closedArcs);
+
+  /// The same costs, except that these arcs cost 1.4 times as much.
+  static CostTable withPenalty(const CostTable& base, std::span<const Index> arcs);
+
+  std::uint32_t operator[](Index arc) const { return costs_[arc]; }
+  const std::uint32_t* data() const { return costs_.data(); }
+
+  /// Returns a lower bound of the cost from one floor to another, in addition to
+  /// `millisecondsPerUnit` times the horizontal distance.
+  double floorBound(Index from, Index to) const {
+    return bounds_->floors.empty() ? 0.0 : bounds_->floors[from * bounds_->floorCount + to];
+  }
+  /// Returns the least cost of a unit of horizontal distance on any arc, without `roomPenalty`.
+  double millisecondsPerUnit() const { return bounds_->rate; }
+
+ private:
+  struct Bounds {
+    double rate = 0.0;
+    std::size_t floorCount = 0;
+    std::vector<double> floors;  // a square; empty if there are too many floors
+  };
+
+  void setBounds(const GuideNetwork& network);
+
+  std::vector<std::uint32_t> costs_;
+  std::shared_ptr<const Bounds> bounds_;  // penalties and closures never make them wrong
+};
+
+}  // namespace orivanta::guidance

@@ -1,0 +1,20 @@
+// The cheapest order of the stops of a route.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "Source/Guidance/Network/NetworkSearch.hpp"
+
+namespace orivanta::guidance {
+
+/// Returns the cheapest order of the stops: indexes, with the first and the last stop in place.
+/// Exact for at most 12 stops in between; beyond that, each is inserted where it costs least, and
+/// then parts are reversed as long as this helps. More than 200, or stops with more than
+/// 4,096 nodes in total, keep their order. Returns nothing if no order is possible.
+std::optional<std::vector<std::size_t>> cheapestOrder(const SearchContext& context,
+                                                      const CostTable& costs,
+                                                      const std::vector<const Ends*>& stops);
+
+}  // namespace orivanta::guidance

@@ -1,0 +1,7 @@
+#include "Source/Guidance/Steps/Surroundings.hpp"
+
+namespace orivanta::guidance {
+
+Surroundings::Surroundings(const Venue&) {}
+
+}  // namespace orivanta::guidance
