@@ -13,7 +13,6 @@
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Camera.hpp"
 #include "Platform/Scene/Node.hpp"
-#include "Source/Map.hpp"
 #include "Source/UI/Display/Framing.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/UI/Printed.hpp"
