@@ -137,8 +137,20 @@ void moveCamera(MapView& mapView, const Location& location) {
   MapCamera& camera = mapView.camera();
   camera.frame({mapView.findPosition3D(location)});  // shows a place
   camera.zoomBy(2, {400, 300});                      // twice as close to this point
-  camera.fit(CameraMotion::atOnce);                  // shows the whole floor
+  camera.fit();                                      // shows the whole floor
   //! [move camera]
+}
+
+void glideCamera(MapView& mapView, render::Renderer& renderer, double seconds) {
+  const graphics::Size size{800, 600};
+  const double pixelsPerPoint = 1;
+  //! [glide camera]
+  mapView.camera().rotateBy(1.57, CameraMotion::glide);  // radians
+
+  // In each frame:
+  mapView.camera().advance(seconds);
+  renderer.render(mapView, size, pixelsPerPoint, seconds);
+  //! [glide camera]
 }
 
 void searchPlaces(const Venue& venue) {

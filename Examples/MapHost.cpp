@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
   if (found.empty()) return fail("no such place");
   const auto place = found.front().places.front();
   mapView->changeMap(floorsOf(*place).front());
-  mapView->camera().frame({mapView->findPosition3D(*place)}, aroundPlace, CameraMotion::atOnce);
+  mapView->camera().frame({mapView->findPosition3D(*place)});
 
   // A tap shows the route from the venue's first place. This one is in the center of the view.
   std::unique_ptr<RouteOverlay> route;
@@ -46,7 +46,7 @@ int main(int argc, char** argv) {
   view::TouchDispatcher fingers(mapView);
   for (const auto phase : {view::TouchPhase::began, view::TouchPhase::ended})
     fingers.dispatch({1, phase, {size.width / 2, size.height / 2}, 0.0});
-  mapView->camera().fit(CameraMotion::atOnce);
+  mapView->camera().fit();
   if (route) route->arrange();
   LabelLayer labels(mapView, 1);
   while (labels.arrange()) {

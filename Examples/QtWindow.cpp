@@ -62,7 +62,8 @@ class MapWidget : public QOpenGLWidget {
   /// Zooms toward the pointer.
   void wheelEvent(QWheelEvent* event) override {
     const QPointF at = event->position();
-    mapView->camera().zoomBy(std::exp(event->angleDelta().y() / 600.0), {at.x(), at.y()});
+    mapView->camera().zoomBy(std::exp(event->angleDelta().y() / 600.0), {at.x(), at.y()},
+                             CameraMotion::glide);
     update();
   }
 

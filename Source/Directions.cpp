@@ -65,6 +65,12 @@ RouteEnd::RouteEnd(Location& start) : nodes(start.nodes), location(start.shared_
 RouteEnd::RouteEnd(Node& node, std::shared_ptr<Location> namedLocation)
     : nodes(listOf(node)), location(std::move(namedLocation)) {}
 
+RouteEnd::RouteEnd(const std::shared_ptr<Location>& start)
+    : nodes(start ? start->nodes : NodeList()), location(start) {}
+
+RouteEnd::RouteEnd(const std::shared_ptr<Node>& node, std::shared_ptr<Location> namedLocation)
+    : nodes(node ? NodeList{node} : NodeList()), location(std::move(namedLocation)) {}
+
 RouteEnd::RouteEnd(NodeList nodeList, std::shared_ptr<Location> namedLocation)
     : nodes(std::move(nodeList)), location(std::move(namedLocation)) {}
 

@@ -107,6 +107,13 @@ class ORIVANTA_API RouteEnd {
   /// A single node.
   RouteEnd(Node& node, std::shared_ptr<Location> namedLocation = nullptr);  // NOLINT
 
+  /// Any node of a location. Null is an end without nodes.
+  RouteEnd(const std::shared_ptr<Location>& location);  // NOLINT
+
+  /// A single node. Null is an end without nodes.
+  RouteEnd(const std::shared_ptr<Node>& node,  // NOLINT
+           std::shared_ptr<Location> namedLocation = nullptr);
+
   /// Any of these nodes.
   RouteEnd(NodeList nodeList, std::shared_ptr<Location> namedLocation = nullptr);  // NOLINT
 
@@ -118,7 +125,7 @@ class ORIVANTA_API RouteEnd {
 /// Returns null if there is no route, if either end has no nodes or if the venue has no graph. Runs
 /// on the calling thread. Thread-safe, also while venues are being loaded.
 ///
-///   getDirections(*venue, *shop, *cafe);
+///   getDirections(*venue, shop, cafe);  // handles or references of locations and nodes, or lists
 ORIVANTA_API std::shared_ptr<Directions> getDirections(const NavigationGraph& graph,
                                                        const RouteEnd& from, const RouteEnd& to);
 

@@ -34,7 +34,7 @@ void Pointer::press(PointerButton button, graphics::Point at, int clicks, double
   drag_ = Drag::none;
   if (onMap_ && clicks == 2) {
     camera->glideTo(clicked_);  // the first click may have moved the camera
-    return camera->zoomBy(doubleClickZoom, at);
+    return camera->zoomBy(doubleClickZoom, at, CameraMotion::glide);
   }
   if (onMap_) clicked_ = camera->pose();
   sendFinger(view::TouchPhase::began, at, time);
@@ -52,8 +52,8 @@ void Pointer::move(graphics::Point to, double time) {
   if (venueView && drag_ == Drag::map) venueView->camera().drag(last_, to);
   if (venueView && drag_ == Drag::tilt) {
     MapCamera& camera = venueView->camera();
-    camera.tiltBy((last_.y - to.y) * radiansPerPoint, CameraMotion::atOnce);
-    camera.rotateBy((last_.x - to.x) * radiansPerPoint, CameraMotion::atOnce);
+    camera.tiltBy((last_.y - to.y) * radiansPerPoint);
+    camera.rotateBy((last_.x - to.x) * radiansPerPoint);
   }
   last_ = to;
 }

@@ -99,7 +99,8 @@ void VenueView::select(const std::shared_ptr<Location>& place) {
   }
   mark(place);
   arrangePanels();
-  if (place && camera().isReady()) camera().frame({mapView_->findPosition3D(*place)}, aroundPlace);
+  if (place && camera().isReady())
+    camera().frame({mapView_->findPosition3D(*place)}, aroundPlace, CameraMotion::glide);
 }
 
 void VenueView::highlight(const std::shared_ptr<Location>& place) {
@@ -185,7 +186,8 @@ void VenueView::frameRoute() {
   const FloorVisit* visit = routeOverlay_->visitWith(*wantedNode_);
   if (visit == nullptr || visit->floor != mapView_->currentMap())
     visit = routeOverlay_->firstVisitTo(*mapView_->currentMap());
-  if (visit != nullptr) camera().frame(routeOverlay_->pointsOf(*visit), aroundRoute(*venue_));
+  if (visit != nullptr)
+    camera().frame(routeOverlay_->pointsOf(*visit), aroundRoute(*venue_), CameraMotion::glide);
 }
 
 // Shows the departure from close by. For other steps, frames the part that leads to them.
@@ -194,7 +196,7 @@ void VenueView::showStep(const RouteStep& step) {
   showFloor(step.node->map);
   if (mapView_->currentMap() != step.node->map) return;  // not loaded yet
   if (step.kind == StepKind::departure || routeOverlay_->visitWith(*step.node) == nullptr)
-    camera().frame({scenePosition(*step.node)});
+    camera().frame({scenePosition(*step.node)}, aroundPlace, CameraMotion::glide);
   else
     frameRoute();
 }
@@ -220,11 +222,11 @@ bool VenueView::handleText(std::string_view text) {
   const graphics::Size size = bounds().size;
   const graphics::Point middle{size.width / 2, size.height / 2};
   if (text == "+" || text == "=")
-    camera().zoomBy(1.4, middle);
+    camera().zoomBy(1.4, middle, CameraMotion::glide);
   else if (text == "-" || text == "_")
-    camera().zoomBy(1 / 1.4, middle);
+    camera().zoomBy(1 / 1.4, middle, CameraMotion::glide);
   else if (text == "f" || text == "F")
-    camera().fit();
+    camera().fit(CameraMotion::glide);
   else if (text == "i" || text == "I")
     toggleAttribution();
   else if (text == "?")
@@ -249,7 +251,7 @@ bool VenueView::handleKey(const KeyPress& press) {
       showFloor(floors_->neighbor(press.key == Key::pageUp ? 1 : -1));
       return true;
     case Key::home:
-      camera().fit();
+      camera().fit(CameraMotion::glide);
       return true;
     default:
       return moveCamera(press);
@@ -294,11 +296,11 @@ bool VenueView::moveCamera(const KeyPress& press) {
   const double up = sign(Key::up, Key::down);
   if (right == 0 && up == 0) return false;
   if (!press.shift) {
-    camera().panBy(right * step, up * step);
+    camera().panBy(right * step, up * step, CameraMotion::glide);
   } else if (up != 0) {
-    camera().tiltBy(up * angle);
+    camera().tiltBy(up * angle, CameraMotion::glide);
   } else {
-    camera().rotateBy(right * angle);
+    camera().rotateBy(right * angle, CameraMotion::glide);
   }
   return true;
 }

@@ -112,7 +112,7 @@ void VenueView::tellFailure(const FloorProgress& floor) {
 // Frames the selected place or the route, when its floor is shown.
 void VenueView::lookAgain() {
   if (selected_)
-    camera().frame({mapView_->findPosition3D(*selected_)});
+    camera().frame({mapView_->findPosition3D(*selected_)}, aroundPlace, CameraMotion::glide);
   else if (routeOverlay_)
     frameRoute();
 }
@@ -151,9 +151,9 @@ void VenueView::mapViewDidLoad() {
   if (isLoaded_) return resumeMap();
   isLoaded_ = true;
   const graphics::Size size = bounds().size;
-  camera().tiltTo(size.width < size.height ? uprightTilt : startTilt, CameraMotion::atOnce);
+  camera().tiltTo(size.width < size.height ? uprightTilt : startTilt);
   arrangePanels();
-  camera().fit(CameraMotion::atOnce);
+  camera().fit();
   floorShown();
   if (awaitedFloor_) showFloor(awaitedFloor_);
   if (loaded) loaded();

@@ -290,7 +290,8 @@ void Viewer::cancelTouches(double time) {
 
 void Viewer::wheel(graphics::Point at, double steps) {
   if (List* list = listAt(*root_, at)) return list->scrollBy(-steps * wheelScroll);
-  if (MapCamera* camera = cameraAt(at)) camera->zoomBy(std::pow(wheelZoom, steps), at);
+  if (MapCamera* camera = cameraAt(at))
+    camera->zoomBy(std::pow(wheelZoom, steps), at, CameraMotion::glide);
 }
 
 void Viewer::keyPressed(const KeyPress& press) {

@@ -8,7 +8,8 @@
 namespace orivanta::graphics {
 
 /// The number of changes of scenes, sprites and views in this process. While it stays the same,
-/// frames are equal, except for animations. Thread-safe.
+/// frames are equal, except for animations and for fields of cameras and lights, whose changes are
+/// not counted. Thread-safe.
 ORIVANTA_API std::uint64_t changeCount();
 
 /// Counts a change. Called by every operation that changes a scene, a sprite or a view.

@@ -95,6 +95,7 @@ void Renderer::render(view::View& view, graphics::Size size, double scale, doubl
   std::vector<PaintedScene> scenes;
   {
     const graphics::Transaction transaction;
+    view.frameBegins();
     view.layoutIfNeeded();
     CanvasPainter painter(resources.gatherer, scale, time);
     painter.paint(view);

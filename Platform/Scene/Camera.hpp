@@ -24,6 +24,8 @@ class ORIVANTA_API Camera {
   /// otherwise `yFov`. The result is therefore never distorted. An empty view is treated as a
   /// square.
   graphics::Matrix4 projection(graphics::Size view) const;
+
+  friend bool operator==(const Camera&, const Camera&) = default;
 };
 
 }  // namespace orivanta::scene

@@ -86,7 +86,7 @@ void ActivityIndicatorView::setColor(Color color) {
   const Transaction transaction;
   color_ = color;
   wheel_ = nullptr;
-  setNeedsFrame();
+  graphics::noteChange();
 }
 
 void ActivityIndicatorView::startAnimating() { setAnimating(true); }

@@ -113,7 +113,7 @@ void SceneView::draw(Canvas& canvas) {
 
 bool SceneView::isAnimating() const {
   const Transaction transaction;
-  const Materials& animated = animatedMaterials();
+  const auto& animated = contents().animated;
   return std::any_of(animated.begin(), animated.end(),
                      [](const auto& each) {
                        const auto material = each.lock();
@@ -122,24 +122,44 @@ bool SceneView::isAnimating() const {
          View::isAnimating();
 }
 
-// Searched again only after a change.
-const SceneView::Materials& SceneView::animatedMaterials() const {
+bool SceneView::differsFromFrame() const { return drawn_ != fields() || View::differsFromFrame(); }
+
+void SceneView::storeFrame() {
+  drawn_ = fields();
+  View::storeFrame();
+}
+
+SceneView::Fields SceneView::fields() const {
   const Transaction transaction;
-  if (animatedChange_ == graphics::changeCount()) return animated_;
-  animatedChange_ = graphics::changeCount();
-  animated_.clear();
-  std::vector<const scene::Node*> pending;
-  if (scene_) pending.push_back(scene_->rootNode().get());
+  Fields fields;
+  const Contents& seen = contents();
+  if (const auto camera = seen.camera.lock()) fields.camera = *camera;
+  for (const auto& each : seen.lights)
+    if (const auto light = each.lock()) fields.lights.push_back(*light);
+  return fields;
+}
+
+// Searched again only after a change.
+const SceneView::Contents& SceneView::contents() const {
+  const Transaction transaction;
+  if (contentsChange_ == graphics::changeCount()) return contents_;
+  contentsChange_ = graphics::changeCount();
+  contents_ = {};
+  if (!scene_) return contents_;
+  if (const auto pointOfView = scene::findPointOfView(*scene_))
+    contents_.camera = pointOfView->camera();
+  std::vector<const scene::Node*> pending{scene_->rootNode().get()};
   while (!pending.empty()) {
     const scene::Node& node = *pending.back();
     pending.pop_back();
     if (node.isHidden()) continue;
+    if (const auto light = node.light()) contents_.lights.push_back(light);
     if (const auto geometry = node.geometry())
       for (const auto& material : geometry->materials())
-        if (material && material->isAnimating()) animated_.push_back(material);
+        if (material && material->isAnimating()) contents_.animated.push_back(material);
     for (const auto& child : node.children(transaction)) pending.push_back(child.get());
   }
-  return animated_;
+  return contents_;
 }
 
 }  // namespace orivanta::view

@@ -5,8 +5,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
+#include "Platform/Scene/Camera.hpp"
+#include "Platform/Scene/Light.hpp"
 #include "Platform/Scene/Scene.hpp"
 #include "Platform/Sprite/Scene.hpp"
 #include "Platform/View/View.hpp"
@@ -63,15 +66,35 @@ class ORIVANTA_API SceneView : public View {
   void draw(Canvas& canvas) override;
   bool isAnimating() const override;  ///< true if a material of a visible node is animated
 
+ protected:
+  /// Compares the fields of the camera and the lights, whose changes are not counted.
+  bool differsFromFrame() const override;
+  void storeFrame() override;
+
  private:
-  using Materials = std::vector<std::weak_ptr<scene::Material>>;
-  const Materials& animatedMaterials() const;
+  // What can change without being counted.
+  struct Contents {
+    std::vector<std::weak_ptr<scene::Material>> animated;
+    std::vector<std::weak_ptr<const scene::Light>> lights;
+    std::weak_ptr<const scene::Camera> camera;
+  };
+  // The fields of the camera and of the lights.
+  struct Fields {
+    std::optional<scene::Camera> camera;
+    std::vector<scene::Light> lights;
+
+    friend bool operator==(const Fields&, const Fields&) = default;
+  };
+
+  const Contents& contents() const;
+  Fields fields() const;
 
   std::shared_ptr<scene::Scene> scene_;
   std::shared_ptr<sprite::Scene> overlayScene_;
   SceneRendererDelegate* rendererDelegate_ = nullptr;
-  mutable Materials animated_;                // of the scene, as of `animatedChange_`
-  mutable std::uint64_t animatedChange_ = 0;  // the change count when they were collected
+  Fields drawn_;                              // in the last frame
+  mutable Contents contents_;                 // of the scene, as of `contentsChange_`
+  mutable std::uint64_t contentsChange_ = 0;  // the change count when they were collected
 };
 
 }  // namespace orivanta::view

@@ -1,6 +1,7 @@
 #include "Platform/View/View.hpp"
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
@@ -20,6 +21,8 @@ using graphics::Transaction;
 namespace {
 
 constexpr double leastVisibleAlpha = 0.01;
+
+std::atomic<std::uint64_t> frameRequests = 0;  // calls of `setNeedsFrame`
 
 Rect frameOf(const Coder& coder) {
   const auto number = [&](std::string_view key) { return coder.number(key).value_or(0.0); };
@@ -68,7 +71,7 @@ void View::setFrame(Rect frame) {
   if (frame == frame_) return;
   frame_ = frame;
   needsLayout_ = true;
-  setNeedsFrame();
+  graphics::noteChange();
   if (superview_ != nullptr) superview_->needsLayout_ = true;
 }
 
@@ -113,7 +116,7 @@ void View::addSubview(const std::shared_ptr<View>& subview) {
   added->superview_ = this;
   subviews_.push_back(std::move(added));
   needsLayout_ = true;
-  setNeedsFrame();
+  graphics::noteChange();
 }
 
 void View::removeFromSuperview() {
@@ -131,7 +134,7 @@ void View::detach(const View& child) {
   (*place)->superview_ = nullptr;
   subviews_.erase(place);
   needsLayout_ = true;
-  setNeedsFrame();
+  graphics::noteChange();
 }
 
 void View::bringSubviewToFront(const View& subview) {
@@ -139,7 +142,7 @@ void View::bringSubviewToFront(const View& subview) {
   const auto place = placeOf(subviews_, subview);
   if (place == subviews_.end() || place + 1 == subviews_.end()) return;
   std::rotate(place, place + 1, subviews_.end());
-  setNeedsFrame();
+  graphics::noteChange();
 }
 
 bool View::translatesAutoresizingMaskIntoConstraints() const {
@@ -149,7 +152,7 @@ bool View::translatesAutoresizingMaskIntoConstraints() const {
 void View::setTranslatesAutoresizingMaskIntoConstraints(bool translates) {
   const Transaction transaction;
   translatesAutoresizingMask_ = translates;
-  setNeedsFrame();
+  graphics::noteChange();
   if (superview_ != nullptr) superview_->needsLayout_ = true;
 }
 
@@ -163,7 +166,7 @@ void View::addConstraint(const LayoutConstraint& constraint) {
         "a layout constraint may refer only to the view that holds it and to its children");
   constraints_.push_back(constraint);
   needsLayout_ = true;
-  setNeedsFrame();
+  graphics::noteChange();
   if (superview_ != nullptr) superview_->needsLayout_ = true;
 }
 
@@ -248,12 +251,31 @@ bool View::isAnimating() const {
 
 bool View::needsFrame() const {
   const Transaction transaction;
-  return drawnChange_ != graphics::changeCount() || isAnimating();
+  return drawnChange_ != graphics::changeCount() || drawnRequest_ != frameRequests ||
+         isAnimating() || differsFromFrame();
 }
 
-void View::setNeedsFrame() { graphics::noteChange(); }
+void View::setNeedsFrame() {
+  ++frameRequests;
+  graphics::noteChange();
+}
 
-void View::frameGathered() { drawnChange_ = graphics::changeCount(); }
+void View::frameBegins() { drawnRequest_ = frameRequests; }
+
+void View::frameGathered() {
+  drawnChange_ = graphics::changeCount();
+  storeFrame();
+}
+
+bool View::differsFromFrame() const {
+  return std::any_of(subviews_.begin(), subviews_.end(), [](const auto& subview) {
+    return !subview->isHidden() && subview->differsFromFrame();
+  });
+}
+
+void View::storeFrame() {
+  for (const auto& subview : subviews_) subview->storeFrame();
+}
 
 const View& topmostView(const View& view) {
   const View* topmost = &view;

@@ -130,12 +130,18 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
 
   /// Returns whether a new frame could differ from the last frame that a renderer drew of this
   /// view. This is the case if the view has not been drawn yet, if it is animating, or if a scene,
-  /// a sprite or a view has changed since. Changes are counted for the whole process, so a view may
-  /// need a frame because of another view. Hosts can skip frames while this is false. Any thread.
+  /// a sprite, a view, or a field of the camera or a light has changed since. Changes are counted
+  /// for the whole process, so a view may need a frame because of another view. Hosts can skip
+  /// frames while this is false. Any thread.
   bool needsFrame() const;
 
-  /// Makes `needsFrame` true. Views that override `draw` call it when their appearance changes.
+  /// Makes `needsFrame` true until a frame begins. Views that override `draw` call it when their
+  /// appearance changes. Any thread; no transaction is required.
   static void setNeedsFrame();
+
+  /// Called by a renderer before it lays out and gathers a frame of this view, under the same
+  /// transaction.
+  void frameBegins();
 
   /// Called by a renderer, under the transaction in which it has gathered a frame of this view.
   void frameGathered();
@@ -144,6 +150,14 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   /// Called after the children of this view are laid out and before their descendants are. Does
   /// nothing unless overridden. Called under a transaction.
   virtual void didLayOut();
+
+  /// Returns whether this view or a visible descendant differs from the last frame in something
+  /// that is not counted as a change. Overrides call the base class. Called under a transaction.
+  virtual bool differsFromFrame() const;
+
+  /// Stores what `differsFromFrame` compares, for this view and its descendants. Overrides call the
+  /// base class. Called under the transaction in which a frame was gathered.
+  virtual void storeFrame();
 
  private:
   void detach(const View& child);
@@ -155,7 +169,8 @@ class ORIVANTA_API View : public std::enable_shared_from_this<View> {
   bool userInteractionEnabled_ = true;
   bool translatesAutoresizingMask_ = true;
   bool needsLayout_ = true;
-  std::uint64_t drawnChange_ = 0;  // change count of the last frame; 0 before the first one
+  std::uint64_t drawnChange_ = 0;   // change count of the last frame; 0 before the first one
+  std::uint64_t drawnRequest_ = 0;  // number of calls of `setNeedsFrame` before the last frame
   View* superview_ = nullptr;
   std::vector<std::shared_ptr<View>> subviews_;
   std::vector<LayoutConstraint> constraints_;

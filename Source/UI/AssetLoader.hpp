@@ -43,7 +43,8 @@ class ORIVANTA_API AssetLoader {
                                                    std::string_view nodeName);
 
   /// Same as `loadObjFromURL`, but returns errors instead of ending the program. Prints nothing.
-  /// `MapView::loadFloors` calls it on background threads.
+  /// The node is never null. `MapView::loadFloors` calls this function on background threads, and
+  /// reports a null node of an override as an error.
   virtual foundation::Result<std::shared_ptr<scene::Node>> readModel(const foundation::Url& url);
 };
 

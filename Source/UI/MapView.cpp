@@ -119,6 +119,7 @@ void MapView::addMapLogo() {
 // The overlay of a view that was created without a size has no size and shows no markers.
 void MapView::didLayOut() {
   if (spriteScene && spriteScene->size() == graphics::Size()) spriteScene->setSize(bounds().size);
+  parts_->rig.viewResized();
 }
 
 void MapView::renewOverlay() {

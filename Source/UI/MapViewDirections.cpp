@@ -3,9 +3,9 @@
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
+#include "Source/UI/Display/RouteRibbons.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/UI/Parts/MapViewParts.hpp"
-#include "Source/UI/Parts/RouteRibbons.hpp"
 
 namespace orivanta {
 

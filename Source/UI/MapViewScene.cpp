@@ -130,6 +130,7 @@ void MapView::changeMap(const std::shared_ptr<Map>& map) {
     parts_->camera.stop();  // the glide may end outside this floor
     parts_->currentMap = map;
     root->insertChild(map->mapObject, 0);
+    parts_->rig.floorChanged();
   }
   drawCurrentPath();
   if (currentHighlightNode) highlightNode(currentHighlightNode);

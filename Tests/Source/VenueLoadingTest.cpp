@@ -259,6 +259,9 @@ TEST_F(VenueLoading, VenuesOfOtherSessionsLiveSideBySide) {
         EXPECT_EQ(start->directionsTo(*venue, *cafe)->path, directions->path);
         EXPECT_EQ(getDirections(*venue->navigationGraph, *start, cafe->nodes)->path,
                   directions->path);
+        for (const auto& same :
+             {getDirections(*venue, start, cafe), getDirections(*venue, {start}, {cafe})})
+          EXPECT_EQ(same->path, directions->path);
       }
       EXPECT_FALSE(getDirections(*smallVenue(), *first->nodes->front(), *first->nodes->back()));
     });

@@ -139,7 +139,7 @@ void placeCamera(const MapView& mapView, const std::vector<graphics::Vector3>& p
                      ? camera.fittingPose(tilt, turn)
                      : camera.framingPose(points, aroundRoute(*mapView.venue), tilt, turn));
   const graphics::Size size = camera.lens().size;
-  camera.zoomBy(options.zoom, {size.width / 2, size.height / 2}, CameraMotion::atOnce);
+  camera.zoomBy(options.zoom, {size.width / 2, size.height / 2});
 }
 
 void showFloor(const Stage& stage, std::size_t index, const Contents& contents, Overlays& overlays,

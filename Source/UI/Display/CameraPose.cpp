@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "Source/UI/Parts/Turned.hpp"
+#include "Source/UI/Display/Turned.hpp"
 
 namespace orivanta {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "Source/UI/Parts/Turned.hpp"
+#include "Source/UI/Display/Turned.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta {

@@ -7,8 +7,8 @@
 
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
+#include "Source/UI/Display/CameraRig.hpp"
 #include "Source/UI/MapView.hpp"
-#include "Source/UI/Parts/CameraRig.hpp"
 
 namespace orivanta {
 

@@ -17,11 +17,14 @@ class MapView;
 /// How the camera moves.
 enum class CameraMotion {
   atOnce,  ///< immediately; ends a running glide
-  glide    ///< in a quarter of a second, see `MapCamera::advance`
+  glide    ///< animated, for a quarter of a second; the host must call `MapCamera::advance`
 };
 
 /// The camera of a map view, as returned by `MapView::camera`. It is valid as long as the map view.
 /// Its functions have no effect before the map view has a scene, see `isReady`. Main thread.
+///
+/// The camera moves immediately unless a function is called with `CameraMotion::glide`. A glide
+/// only proceeds when the host calls `advance`, so hosts that use glides call it before each frame.
 ///
 /// Each move updates the state of the map view's gestures, adapts the clip planes so that the whole
 /// floor stays visible, and arranges the markers.
@@ -69,35 +72,36 @@ class ORIVANTA_API MapCamera {
   /// Moves the camera immediately to the nearest pose within the limits. Ends a running glide.
   void setPose(const CameraPose& pose);
 
-  /// Starts a glide to the nearest pose within the limits.
+  /// Starts a glide to the nearest pose within the limits. The camera does not move before
+  /// `advance` is called.
   void glideTo(const CameraPose& pose);
 
   /// Shows the whole floor with the y axis pointing up. Keeps the tilt.
-  void fit(CameraMotion motion = CameraMotion::glide);
+  void fit(CameraMotion motion = CameraMotion::atOnce);
 
   /// Shows points of the scene. Keeps tilt and turn. Does nothing if there are no points.
   void frame(const std::vector<graphics::Vector3>& points,
              const Surroundings& surroundings = aroundPlace,
-             CameraMotion motion = CameraMotion::glide);
+             CameraMotion motion = CameraMotion::atOnce);
 
   // Relative moves. With `glide`, they start from the final pose of the running glide.
 
   /// Zooms in by `factor`, or out if it is less than 1. The ground at the view position `at` stays
   /// there.
-  void zoomBy(double factor, graphics::Point at, CameraMotion motion = CameraMotion::glide);
+  void zoomBy(double factor, graphics::Point at, CameraMotion motion = CameraMotion::atOnce);
 
   /// Moves the camera by points of the view.
-  void panBy(double right, double up, CameraMotion motion = CameraMotion::glide);
+  void panBy(double right, double up, CameraMotion motion = CameraMotion::atOnce);
 
   /// Moves the camera immediately, so that the ground at the view position `from` moves to `to`.
   void drag(graphics::Point from, graphics::Point to);
 
-  void rotateBy(double angle, CameraMotion motion = CameraMotion::glide);  ///< radians
-  void tiltBy(double angle, CameraMotion motion = CameraMotion::glide);    ///< radians
-  void tiltTo(double tilt, CameraMotion motion = CameraMotion::glide);     ///< radians
+  void rotateBy(double angle, CameraMotion motion = CameraMotion::atOnce);  ///< radians
+  void tiltBy(double angle, CameraMotion motion = CameraMotion::atOnce);    ///< radians
+  void tiltTo(double tilt, CameraMotion motion = CameraMotion::atOnce);     ///< radians
 
   /// Turns the camera so that the y axis points up.
-  void resetNorth(CameraMotion motion = CameraMotion::glide);
+  void resetNorth(CameraMotion motion = CameraMotion::atOnce);
 
   /// Returns whether a glide is running.
   bool isGliding() const { return glide_.has_value(); }
@@ -105,8 +109,9 @@ class ORIVANTA_API MapCamera {
   /// Ends a running glide at the current pose.
   void stop() { glide_.reset(); }
 
-  /// Advances a running glide. The host calls this before each frame with the frame's time in
-  /// seconds. The time of a glide starts with its first call.
+  /// Advances a running glide to `time`, the time of the next frame in seconds. Does nothing if no
+  /// glide is running. Hosts that use glides call it before each frame. A glide starts with the
+  /// first call after it was requested. `MapView::needsFrame` is true until the glide has ended.
   void advance(double time);
 
   // With these functions, the gestures of the map view respect the limits, and continue from the

@@ -11,11 +11,11 @@
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/UI/Display/MarkColors.hpp"
+#include "Source/UI/Display/MarkImages.hpp"
+#include "Source/UI/Display/MarkPlacement.hpp"
+#include "Source/UI/Display/RouteRibbons.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/UI/MarkerImages.hpp"
-#include "Source/UI/Parts/MarkImages.hpp"
-#include "Source/UI/Parts/MarkPlacement.hpp"
-#include "Source/UI/Parts/RouteRibbons.hpp"
 #include "Source/UI/ScenePosition.hpp"
 
 namespace orivanta {

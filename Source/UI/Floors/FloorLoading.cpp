@@ -36,11 +36,12 @@ foundation::Result<std::shared_ptr<scene::Node>> readModel(AssetLoader& loader,
                                                            const std::string& path,
                                                            const std::string& address) try {
   auto model = loader.readModel(foundation::Url::fromFile(path));
-  if (model) return model;
+  if (model && *model) return model;
   HttpDownloader::forgetFile(path);
-  return foundation::failure("model", 0,
-                             fmt::format("{} is not a model that can be shown: {}", address,
-                                         reasonOf(model.error(), path)));
+  return foundation::failure(
+      "model", 0,
+      fmt::format("{} is not a model that can be shown: {}", address,
+                  model ? "the loader returned no node" : reasonOf(model.error(), path)));
 } catch (const std::exception& exception) {
   return foundation::failure("model", 0,
                              fmt::format("{} cannot be read: {}", address, exception.what()));

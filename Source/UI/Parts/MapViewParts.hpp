@@ -4,10 +4,10 @@
 #include <memory>
 #include <vector>
 
+#include "Source/UI/Display/CameraRig.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Floors/FloorLoading.hpp"
 #include "Source/UI/MapView.hpp"
-#include "Source/UI/Parts/CameraRig.hpp"
 #include "Source/UI/Parts/FloorShapes.hpp"
 #include "Source/UI/Parts/MarkerLayer.hpp"
 #include "Source/UI/Parts/RouteLayer.hpp"

@@ -8,9 +8,9 @@
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
+#include "Source/UI/Display/RouteRibbons.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/UI/MapViewDirections.hpp"
-#include "Source/UI/Parts/RouteRibbons.hpp"
 #include "Source/UI/ScenePosition.hpp"
 
 namespace orivanta {

@@ -64,7 +64,7 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     stage.viewer.keyPressed({Key::pageDown});
     stage.viewer.keyPressed({Key::pageDown});
     EXPECT_EQ(view.mapView().currentMap()->shortName, "G");
-    view.camera().fit(CameraMotion::atOnce);
+    view.camera().fit();
     stage.tap(on(view, *stage.place("kindling")));
     ASSERT_TRUE(view.route());
     EXPECT_EQ(view.route()->from, stage.place("kindling"));

@@ -202,6 +202,18 @@ TEST_F(ServedFloorLoad, TellsWhyAFloorCannotBeShown) {
   }
 }
 
+TEST_F(FloorLoadTest, ReportsALoaderThatReturnsNoNode) {
+  struct EmptyLoader : AssetLoader {
+    foundation::Result<std::shared_ptr<scene::Node>> readModel(const Url&) override {
+      return nullptr;
+    }
+  };
+  shown.mapView->assetLoader = std::make_shared<EmptyLoader>();
+  const FloorProgress floor = load().at(0);
+  EXPECT_EQ(floor.state, FloorState::failed);
+  EXPECT_THAT(floor.problem, HasSubstr("the loader returned no node"));
+}
+
 TEST_F(ServedFloorLoad, MakesPicturesSmallerThatAreTooLargeTogether) {
   const auto png = graphics::encodePng(
       *graphics::Image::make(1200, 1000, std::vector<std::uint8_t>(4'800'000, 255)));

@@ -31,7 +31,7 @@ TEST(LabelLayer, NamesThePlacesOfTheFloorThatHaveRoom) {
     mapView.camera().setPose({950, 950, 100, 0, 0});
     EXPECT_EQ(count(), 0U) << "out of sight";
     mapView.changeMap(1);
-    mapView.camera().fit(CameraMotion::atOnce);
+    mapView.camera().fit();
     EXPECT_EQ(count(), 1U) << "the loft";
   }
   EXPECT_TRUE(mapView.markers().empty());

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Camera.hpp"
+#include "Platform/Scene/Light.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
 #include "Source/Venue.hpp"
@@ -99,8 +101,6 @@ TEST_F(MapCameraTest, ATapLeavesTheZoomOfTheNextPinch) {
 TEST_F(MapCameraTest, AShortRouteFillsAFairPartOfTheView) {
   const auto venue = Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
   control.frame({{500, 500, 0}, {508, 500, 0}}, aroundRoute(*venue));
-  control.advance(1);
-  control.advance(2);
   const auto start = shownAt(control.pose(), control.lens(), {500, 500});
   const auto end = shownAt(control.pose(), control.lens(), {508, 500});
   ASSERT_TRUE(start && end);
@@ -110,17 +110,17 @@ TEST_F(MapCameraTest, AShortRouteFillsAFairPartOfTheView) {
 TEST_F(MapCameraTest, GlidesBeginWithTheirFirstFrameAddUpAndEnd) {
   control.setPose({500, 500, 800, 0, 0});
   control.advance(1);
-  control.zoomBy(1.5, {400, 400});  // some time after the last input
+  control.zoomBy(1.5, {400, 400}, CameraMotion::glide);  // some time after the last input
   control.advance(10);
   EXPECT_NEAR(control.pose().distance, 800, 1e-3);
   EXPECT_TRUE(control.isGliding());
   for (const double time : {10.02, 10.04, 10.06, 10.08}) {  // one step per frame
     const double before = control.pose().distance;
-    control.zoomBy(1.01, {400, 400});
+    control.zoomBy(1.01, {400, 400}, CameraMotion::glide);
     control.advance(time);
     EXPECT_LT(control.pose().distance, before);
   }
-  control.zoomBy(1.5 / std::pow(1.01, 4), {400, 400});
+  control.zoomBy(1.5 / std::pow(1.01, 4), {400, 400}, CameraMotion::glide);
   control.advance(11);
   EXPECT_NEAR(control.pose().distance, 800 / 2.25, 1e-3);
   EXPECT_FALSE(control.isGliding());
@@ -128,15 +128,15 @@ TEST_F(MapCameraTest, GlidesBeginWithTheirFirstFrameAddUpAndEnd) {
 
 TEST_F(MapCameraTest, MovesByStepsAndKeepsToItsLimitsUnlessToldOtherwise) {
   control.setPose({500, 500, 800, 0.3, 1});
-  control.tiltTo(9, CameraMotion::atOnce);
+  control.tiltTo(9);
   EXPECT_LT(control.pose().tilt, 1.0472);
-  control.tiltBy(-0.5, CameraMotion::atOnce);
-  control.rotateBy(0.5, CameraMotion::atOnce);
+  control.tiltBy(-0.5);
+  control.rotateBy(0.5);
   EXPECT_NEAR(control.pose().turn, 1.5, 1e-6);
-  control.resetNorth(CameraMotion::atOnce);
+  control.resetNorth();
   EXPECT_EQ(control.pose().turn, 0);
   const double tilt = control.pose().tilt;
-  control.panBy(100, 0, CameraMotion::atOnce);
+  control.panBy(100, 0);
   EXPECT_GT(control.pose().x, 500);
   control.setPose({5000, 500, 1, tilt, 0});
   EXPECT_EQ(control.pose().x, 1000);
@@ -154,7 +154,7 @@ TEST_F(MapCameraTest, ShowsAFloorOfAnySizeWhole) {
     const auto corner = scene::Node::make(shape->geometry());
     corner->setPosition({size - 1000, size - 1000, 0});
     shown.floor(0)->mapObject->addChild(corner);
-    control.tiltTo(0.9, CameraMotion::atOnce);
+    control.tiltTo(0.9);
     for (const CameraMotion motion : {CameraMotion::atOnce, CameraMotion::glide}) {
       control.setPose({100, 100, 200, 0.9, 0});
       control.fit(motion);
@@ -167,6 +167,46 @@ TEST_F(MapCameraTest, ShowsAFloorOfAnySizeWhole) {
       }
     }
   }
+}
+
+// Checks the corners of a floor and what is at the lower edge of the view.
+TEST_F(MapCameraTest, TheClipPlanesCutOffNothingVisible) {
+  constexpr float side = 30000;
+  const auto corner = scene::Node::make(shown.floor(0)->mapObject->children().front()->geometry());
+  corner->setPosition({side - 1000, side - 1000, 0});
+  shown.floor(1)->mapObject->addChild(corner);
+  control.setLimited(false);
+  const auto expectWhole = [&](const std::string& what) {
+    std::vector<graphics::Vector3> points{{side, side, 0}, {0, side, 0}, {side, 0, 0}};
+    const graphics::Size size = control.lens().size;
+    if (const auto ground =
+            groundUnder(control.pose(), control.lens(), {size.width / 2, size.height}))
+      points.emplace_back(ground->x, ground->y, 0);
+    for (const graphics::Vector3& point : points) {
+      const float depth = shown.mapView->sceneView->project(point).z;
+      const bool isBehind = depthOf(point, control.pose()) < 0;
+      EXPECT_TRUE(isBehind || (depth > 0 && depth < 1))
+          << what << " at " << point.x << ' ' << point.y;
+    }
+  };
+  const auto resize = [&](graphics::Size size) {
+    shown.mapView->setFrame({{0, 0}, size});
+    shown.mapView->layoutIfNeeded();
+  };
+  control.setPose({500, 200, 400, 1, 0});
+  shown.mapView->changeMap(1);
+  expectWhole("another floor");
+  for (const graphics::Size size : {graphics::Size{800, 800}, {400, 1200}, {1200, 400}})
+    for (const double tilt : {0.0, 0.6, 1.04, 1.5})
+      for (const double distance : {90.0, 400.0, 9000.0}) {
+        resize(size);
+        control.setPose({500, 200, distance, tilt, 0.3});
+        expectWhole(testing::PrintToString(std::array{size.width, tilt, distance}));
+      }
+  resize({1200, 400});
+  control.setPose({500, 200, 90, 1.5, 0});
+  resize({300, 1200});
+  expectWhole("another size");
 }
 
 // A pinch that moves the camera this far must not clip the floor.
@@ -183,6 +223,7 @@ TEST_F(MapCameraTest, GesturesTakeTheClipPlanesAlong) {
 TEST_F(MapCameraTest, TellsWhetherTheViewNeedsAnotherFrame) {
   const auto drawFrame = [&] {
     const graphics::Transaction transaction;
+    shown.mapView->frameBegins();
     shown.mapView->layoutIfNeeded();
     shown.mapView->updateMarkerPositions();
     shown.mapView->frameGathered();
@@ -199,11 +240,13 @@ TEST_F(MapCameraTest, TellsWhetherTheViewNeedsAnotherFrame) {
          control.setPose({300, 300, 500, 0, 0});
        },
        false},
-      {"a glide", [&] { control.rotateBy(0.5); }, true},
+      {"a glide", [&] { control.rotateBy(0.5, CameraMotion::glide); }, true},
       {"its end", [&] { control.advance(1), control.advance(2); }, false},
       {"a route", [&] { shown.mapView->drawPath(path); }, true},
       {"no route", [&] { shown.mapView->clearPaths(); }, false},
       {"another floor", [&] { shown.mapView->changeMap(1); }, false},
+      {"a lens", [&] { shown.camera().camera()->xFov = 50; }, false},
+      {"a light", [&] { shown.mapView->light->light()->color = graphics::colors::white; }, false},
   };
   drawFrame();
   EXPECT_FALSE(shown.mapView->needsFrame());
@@ -213,6 +256,10 @@ TEST_F(MapCameraTest, TellsWhetherTheViewNeedsAnotherFrame) {
     drawFrame();
     EXPECT_EQ(shown.mapView->needsFrame(), goesOn) << what;
   }
+  shown.mapView->frameBegins();
+  view::View::setNeedsFrame();  // as another thread does while the frame is painted
+  shown.mapView->frameGathered();
+  EXPECT_TRUE(shown.mapView->needsFrame());
 }
 
 }  // namespace orivanta

@@ -1,4 +1,5 @@
 // Selects the looks of a route's marks, so that they do not cover each other or the route.
+// Private header.
 #pragma once
 
 #include <span>

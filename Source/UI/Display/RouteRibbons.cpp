@@ -1,4 +1,4 @@
-#include "Source/UI/Parts/RouteRibbons.hpp"
+#include "Source/UI/Display/RouteRibbons.hpp"
 
 #include <cmath>
 #include <glm/gtc/matrix_transform.hpp>

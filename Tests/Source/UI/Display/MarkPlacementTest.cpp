@@ -1,4 +1,4 @@
-#include "Source/UI/Parts/MarkPlacement.hpp"
+#include "Source/UI/Display/MarkPlacement.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 // The camera nodes of a map view, and the only code that changes them.
+// Private header.
 #pragma once
 
 #include <optional>
@@ -10,8 +11,9 @@ namespace orivanta {
 
 class MapView;
 
-/// Changes the map view's nodes `cameraOrbit` and `labelsOrbit`. Owned by the map view. Main
-/// thread. A missing required node is a fatal error.
+/// Changes the map view's nodes `cameraOrbit` and `labelsOrbit`, and adapts the clip planes of the
+/// camera to each pose. Owned by the map view. Main thread. A missing required node is a fatal
+/// error.
 class CameraRig {
  public:
   explicit CameraRig(MapView& view) : view_(view) {}
@@ -19,6 +21,7 @@ class CameraRig {
   /// Creates new nodes above the center of the scene's content, and adds them to `root`.
   void build(scene::Node& root);
 
+  /// Returns whether the nodes exist.
   bool isBuilt() const;
 
   /// Returns the pose of the camera. The rig must be built.
@@ -39,6 +42,13 @@ class CameraRig {
   float distance() const;
   void setDistance(float distance);
 
+  /// Adapts the clip planes to another floor. Does nothing if the rig is not built.
+  void floorChanged() { adaptPlanes(); }
+
+  /// Adapts the clip planes to another size of the view. Does nothing until a pose was set, so that
+  /// a new scene keeps its planes.
+  void viewResized();
+
  private:
   void addOrbit(scene::Node& root, graphics::Vector3 middle);
   void addLabels(scene::Node& root);
@@ -48,6 +58,7 @@ class CameraRig {
   void adaptPlanes();
 
   MapView& view_;
+  bool adapted_ = false;  // whether the clip planes differ from those of a new scene
 };
 
 }  // namespace orivanta

@@ -1,4 +1,4 @@
-#include "Source/UI/Parts/MarkImages.hpp"
+#include "Source/UI/Display/MarkImages.hpp"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,5 @@
 // Rotates points of the ground plane.
+// Private header.
 #pragma once
 
 #include <cmath>

@@ -1,9 +1,10 @@
-#include "Source/UI/Parts/CameraRig.hpp"
+#include "Source/UI/Display/CameraRig.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <utility>
 
@@ -12,7 +13,6 @@
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Camera.hpp"
 #include "Platform/Scene/Node.hpp"
-#include "Source/Map.hpp"
 #include "Source/UI/Display/Framing.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/UI/Printed.hpp"
@@ -25,8 +25,11 @@ using scene::Axis;
 
 namespace {
 
-constexpr double nearPlane = 40;  // scene units
+constexpr double nearPlane = 40;  // of a new scene, scene units
 constexpr double farPlane = 5000;
+constexpr double leastNearShare = 0.001;  // of the camera's distance, for the depth precision
+constexpr double nearReserve = 0.5;       // for what is shown later, such as routes and markers
+constexpr double farReserve = 1.2;
 constexpr float pi = std::numbers::pi_v<float>;
 
 // Returns the distance at which a square of side `size` fills a field of view, rounded to an
@@ -45,6 +48,26 @@ std::shared_ptr<scene::Node> makeCamera(double fov, float distance) {
   carrier->setCamera(std::move(camera));
   carrier->setPosition({0, 0, distance});
   return carrier;
+}
+
+// Returns a lower bound of the depths at which parts of a box are visible. Not positive if the
+// camera is not above the box.
+double nearestVisibleDepth(const graphics::Box& box, const CameraPose& pose, const Lens& lens) {
+  double nearest = std::numeric_limits<double>::max();
+  for (const graphics::Vector3& corner : cornersOf(box))
+    nearest = std::min(nearest, depthOf(corner, pose));
+  // Nothing below the top of the box is nearer than the top at the lower edge of the view.
+  const double above = pose.distance * std::cos(pose.tilt) - box.max.z;
+  const double slope = lens.slopePerPoint() * lens.size.height / 2;
+  const double atLowerEdge = above / (std::cos(pose.tilt) + slope * std::sin(pose.tilt));
+  return std::max(nearest, atLowerEdge);
+}
+
+double farthestDepth(const graphics::Box& box, const CameraPose& pose) {
+  double farthest = 0;
+  for (const graphics::Vector3& corner : cornersOf(box))
+    farthest = std::max(farthest, depthOf(corner, pose));
+  return farthest;
 }
 
 std::shared_ptr<scene::Node> firstChild(const std::shared_ptr<scene::Node>& node) {
@@ -78,6 +101,7 @@ void CameraRig::build(scene::Node& root) {
 
   addOrbit(root, {shiftX, shiftY, 0});
   addLabels(root);
+  adapted_ = false;
 }
 
 void CameraRig::addOrbit(scene::Node& root, graphics::Vector3 middle) {
@@ -165,23 +189,28 @@ void CameraRig::setDistance(float distance) {
   adaptPlanes();
 }
 
-// Adapts the clip planes so that they do not cut off parts of the current floor.
+void CameraRig::viewResized() {
+  if (adapted_) adaptPlanes();
+}
+
+// Adapts the clip planes so that they cut off nothing visible of the scene. They are never closer
+// together than those of a new scene unless the camera is near.
 void CameraRig::adaptPlanes() {
+  const graphics::Transaction transaction;
   const auto first = firstChild(view_.cameraOrbit);
   const auto camera = first ? first->camera() : nullptr;
   if (!camera) return;
+  adapted_ = true;
   const CameraPose seen = pose();
-  double nearest = seen.distance;
-  const auto& floor = view_.currentMap();
-  const graphics::Box box =
-      floor && floor->mapObject ? floor->mapObject->boundingBox() : graphics::Box();
-  if (!box.isEmpty())
-    for (const graphics::Vector3& corner : cornersOf(box))
-      nearest = std::min(nearest, depthOf(corner, seen));
-  // Anything nearer than this is below or beside the camera.
-  const double least = seen.distance / 50;
-  camera->zNear = std::min({nearPlane, seen.distance / 10, std::max(least, nearest / 2)});
+  const Lens lens{view_.sceneView->bounds().size, fieldOfView()};
+  camera->zNear = std::min(nearPlane, seen.distance / 10);
   camera->zFar = std::max(farPlane, seen.distance * 4);
+  const auto scene = view_.sceneView->scene();
+  const graphics::Box box = scene ? scene->rootNode()->boundingBox() : graphics::Box();
+  if (box.isEmpty()) return;
+  const double nearest = nearestVisibleDepth(box, seen, lens) * nearReserve;
+  camera->zNear = std::min(camera->zNear, std::max(nearest, seen.distance * leastNearShare));
+  camera->zFar = std::max(camera->zFar, farthestDepth(box, seen) * farReserve);
 }
 
 }  // namespace orivanta

@@ -1,11 +1,12 @@
 // Creates the images of the marks of a route.
+// Private header.
 #pragma once
 
 #include <memory>
 
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Image.hpp"
-#include "Source/UI/Parts/MarkPlacement.hpp"
+#include "Source/UI/Display/MarkPlacement.hpp"
 
 namespace orivanta {
 

@@ -1,4 +1,5 @@
 // The nodes that make up a drawn route.
+// Private header.
 #pragma once
 
 #include <array>
