@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
@@ -56,10 +57,11 @@ struct Step {
     arrive   ///< arrive at the destination or a stop in between
   };
 
-  Kind kind = Kind::turn;  ///< the kind of instruction
-  std::size_t leg = 0;     ///< the index of the leg in the itinerary
-  std::size_t first = 0;   ///< where the instruction begins: an index into the leg's nodes
-  std::size_t last = 0;    ///< where it ends, inclusive
+  Kind kind = Kind::turn;   ///< the kind of instruction
+  std::size_t leg = 0;      ///< the index of the leg in the itinerary
+  std::size_t lastLeg = 0;  ///< `ride`: the last leg of several flights told as one; else `leg`
+  std::size_t first = 0;    ///< where the instruction begins: an index into the leg's nodes
+  std::size_t last = 0;     ///< where it ends, inclusive
 
   /// `turn`, and `depart` and `leave` with a turn at once: the angle, left positive. 0 if straight.
   double turnDegrees = 0.0;
