@@ -1,5 +1,6 @@
 #include "Source/Guidance/Steps/Bends.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 #include "Source/Guidance/Steps/Simplification.hpp"
@@ -41,6 +42,12 @@ std::vector<Bend> merged(const WalkLine& line, const std::vector<Bend>& bends,
   return result;
 }
 
+// A little more than a half turn keeps its side; the sum of more is a loop or a zigzag.
+double netDegrees(double sum) {
+  if (std::abs(sum) > 225.0) sum = std::remainder(sum, 360.0);
+  return std::clamp(sum, -180.0, 180.0);
+}
+
 }  // namespace
 
 std::vector<Bend> bendsOf(const WalkLine& line) {
@@ -52,7 +59,9 @@ std::vector<Bend> bendsOf(const WalkLine& line) {
         {corners[i], corners[i],
          degreesBetween(corner - line.point(corners[i - 1]), line.point(corners[i + 1]) - corner)});
   }
-  return merged(line, merged(line, bends, isOneBend), isOneTurn);
+  bends = merged(line, merged(line, bends, isOneBend), isOneTurn);
+  for (Bend& bend : bends) bend.degrees = netDegrees(bend.degrees);
+  return bends;
 }
 
 }  // namespace orivanta::guidance

@@ -13,7 +13,7 @@ namespace orivanta::guidance {
 struct Bend {
   std::size_t first = 0;  ///< the point of the line where it begins
   std::size_t last = 0;   ///< the point where it ends
-  double degrees = 0.0;   ///< the sum of its angles, left positive
+  double degrees = 0.0;   ///< the sum of its angles, left positive, from -180 to 180
 };
 
 /// A bend that a traveler must be told.

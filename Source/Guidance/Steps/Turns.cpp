@@ -12,16 +12,18 @@ constexpr double clearDegrees = 70.0;  // a turn from here on need not persist
 constexpr double chordMeters = 12.0;
 constexpr double widestReversal = 5.0;  // meters from the first to the last bend of a way back
 
-// The angle between the chords before and after a bend, which end at the next clear turn.
-double chordDegrees(const WalkLine& line, const std::vector<Bend>& bends, std::size_t index) {
+// The angle between the chords before and after a bend, which end at the next bend of at least
+// `limit` degrees.
+double chordDegrees(const WalkLine& line, const std::vector<Bend>& bends, std::size_t index,
+                    double limit) {
   const Bend& bend = bends[index];
   double begin = std::max(0.0, line.along(bend.first) - chordMeters);
   double end = std::min(line.along(line.size() - 1), line.along(bend.last) + chordMeters);
-  const auto isClear = [](const Bend& other) { return std::abs(other.degrees) >= clearDegrees; };
+  const auto isLimit = [&](const Bend& other) { return std::abs(other.degrees) >= limit; };
   for (std::size_t i = index; i-- > 0 && line.along(bends[i].last) > begin;)
-    if (isClear(bends[i])) begin = line.along(bends[i].last);
+    if (isLimit(bends[i])) begin = line.along(bends[i].last);
   for (std::size_t i = index + 1; i < bends.size() && line.along(bends[i].first) < end; ++i)
-    if (isClear(bends[i])) end = line.along(bends[i].first);
+    if (isLimit(bends[i])) end = line.along(bends[i].first);
   return degreesBetween(line.point(bend.first) - line.at(begin),
                         line.at(end) - line.point(bend.last));
 }
@@ -42,12 +44,12 @@ std::vector<Turn> turnsOf(const WalkLine& line) {
     const Bend& bend = bends[i];
     const double degrees = std::abs(bend.degrees);
     if (degrees < turnDegrees) continue;
-    double chords = chordDegrees(line, bends, i);
-    const bool sameSide = chords * bend.degrees > 0.0;
-    const bool persists = sameSide && std::abs(chords) >= turnDegrees;
-    if (degrees < clearDegrees && !persists) continue;
+    const bool isClear = degrees >= clearDegrees;
+    const double chords = chordDegrees(line, bends, i, isClear ? turnDegrees : clearDegrees);
+    const bool persists = chords * bend.degrees > 0.0 && std::abs(chords) >= turnDegrees;
+    if (!isClear && !persists) continue;
     const double width = line.along(bend.last) - line.along(bend.first);
-    turns.push_back({bend.first, bend.last, std::clamp(bend.degrees, -180.0, 180.0),
+    turns.push_back({bend.first, bend.last, bend.degrees,
                      sharpnessOf(persists ? std::abs(chords) : degrees, width)});
   }
   return turns;

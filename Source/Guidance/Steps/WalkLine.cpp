@@ -57,6 +57,23 @@ void WalkLine::spread(std::size_t begin, const Leg& leg) {
   }
 }
 
+void WalkLine::straighten(std::size_t first, std::size_t last) {
+  const PlanePoint begin = points_[first];
+  const PlanePoint whole = points_[last] - begin;
+  const double square = dot(whole, whole);
+  double share = 0.0;  // never decreases
+  for (std::size_t i = first + 1; i < last; ++i) {
+    const double own = square > 0.0 ? dot(points_[i] - begin, whole) / square : 0.0;
+    share = std::clamp(own, share, 1.0);
+    points_[i] = {begin.x + share * whole.x, begin.y + share * whole.y};
+  }
+}
+
+void WalkLine::measure() {
+  for (std::size_t i = 1; i < points_.size(); ++i)
+    along_[i] = along_[i - 1] + length(points_[i] - points_[i - 1]);
+}
+
 PlanePoint WalkLine::at(double distance) const {
   const auto next = std::lower_bound(along_.begin(), along_.end(), distance);
   if (next == along_.begin()) return points_.front();

@@ -34,6 +34,12 @@ class WalkLine {
   double meters(std::size_t index) const { return meters_[index]; }
   double seconds(std::size_t index) const { return seconds_[index]; }
 
+  /// Moves the points between two others to the straight line between these. Call `measure` then.
+  void straighten(std::size_t first, std::size_t last);
+
+  /// Computes the lengths along the line again.
+  void measure();
+
   /// Returns the point at a distance from the start, which is limited to the line.
   PlanePoint at(double distance) const;
 

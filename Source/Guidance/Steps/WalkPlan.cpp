@@ -3,9 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "Source/Location.hpp"
-#include "Source/Node.hpp"
-
 namespace orivanta::guidance {
 
 namespace {
@@ -20,33 +17,29 @@ Side sideOf(double degrees) {
   return degrees > 0.0 ? Side::left : Side::right;
 }
 
-// The first or the last point of a walk that is an entrance of the place of a visit.
-std::size_t entranceOf(const Visit* visit, const WalkLine& line, const Surroundings& surroundings,
-                       bool fromStart) {
-  const std::size_t end = line.size() - 1;
-  if (visit != nullptr && visit->location)
-    for (std::size_t i = 0; i <= end; ++i) {
-      const std::size_t index = fromStart ? i : end - i;
-      if (surroundings.isEntrance(*line.node(index), *visit->location)) return index;
-    }
-  return fromStart ? 0 : end;
-}
-
 // Takes turns away from both ends of a list.
 class Planner {
  public:
-  Planner(const WalkLine& line, const Section& section, const Surroundings& surroundings)
-      : line_(line), turns_(turnsOf(line)) {
-    entrance_ = entranceOf(section.departure, line, surroundings, true);
-    destination_ = entranceOf(section.arrival, line, surroundings, false);
-    if (destination_ < entrance_) entrance_ = 0, destination_ = line.size() - 1;
+  Planner(const WalkLine& line, const WalkEnds& ends)
+      : line_(line),
+        turns_(turnsOf(line)),
+        entrance_(ends.entrance),
+        destination_(ends.destination) {
     const auto isInside = [&](const Turn& turn) {
       return turn.last < entrance_ || turn.first > destination_;
     };
     turns_.erase(std::remove_if(turns_.begin(), turns_.end(), isInside), turns_.end());
   }
 
-  std::size_t destination() const { return destination_; }
+  // The way out of a room through its door is no turn: only what follows outside may be wide.
+  void correctAtDoor(Turn& turn) const {
+    constexpr double atDoor = 3.0;  // meters
+    const bool isWide = turn.sharpness == Sharpness::sharp || turn.sharpness == Sharpness::around;
+    if (!isWide || entrance_ == 0 || distance(entrance_, turn.first) > atDoor) return;
+    const PlanePoint wayOut = line_.at(line_.along(entrance_) + 1.0) - line_.point(entrance_);
+    const PlanePoint wayOn = line_.at(line_.along(turn.last) + atDoor) - line_.point(turn.last);
+    if (std::abs(degreesBetween(wayOut, wayOn)) <= 120.0) turn.sharpness = Sharpness::turn;
+  }
 
   bool hasFirst(double reach) const {
     return !turns_.empty() && distance(entrance_, turns_.front().first) <= reach;
@@ -55,7 +48,7 @@ class Planner {
   // The turns just before a ride become its side.
   Side takeRideSide(bool keepFirst) {
     double degrees = 0.0;
-    while (hasLast(keepFirst) && distance(turns_.back().first, line_.size() - 1) <= joinsEnd) {
+    while (hasLast(keepFirst) && toEnd(turns_.back(), line_.size() - 1) <= joinsEnd) {
       degrees += turns_.back().degrees;
       turns_.pop_back();
     }
@@ -68,7 +61,7 @@ class Planner {
     const bool hasInside = destination_ > 0 && destination_ + 1 < line_.size();
     const double inside = hasInside ? degreesInside() : 0.0;
     const Side side = hasInside ? sideOf(inside) : Side::none;
-    if (!hasLast(keepFirst) || distance(turns_.back().first, destination_) > joinsEnd) return side;
+    if (!hasLast(keepFirst) || toEnd(turns_.back(), destination_) > joinsEnd) return side;
     const Turn last = turns_.back();
     const bool contradicts = std::abs(inside) >= sideDegrees && inside * last.degrees < 0.0;
     if (contradicts && last.last < destination_) return side;  // both are told
@@ -93,6 +86,11 @@ class Planner {
     return line_.along(last) - line_.along(first);
   }
 
+  // From the middle of a turn, which may be long.
+  double toEnd(const Turn& turn, std::size_t end) const {
+    return (distance(turn.first, end) + distance(turn.last, end)) / 2.0;
+  }
+
   // The first turn belongs to the departure if it joins that.
   bool hasLast(bool keepFirst) const { return turns_.size() > (keepFirst ? 1U : 0U); }
 
@@ -109,15 +107,14 @@ class Planner {
 
   const WalkLine& line_;
   std::vector<Turn> turns_;
-  std::size_t entrance_ = 0;
-  std::size_t destination_ = 0;
+  const std::size_t entrance_;
+  const std::size_t destination_;
 };
 
 }  // namespace
 
-WalkPlan::WalkPlan(const WalkLine& line, const Section& section, const Surroundings& surroundings) {
-  Planner planner(line, section, surroundings);
-  destination = planner.destination();
+WalkPlan::WalkPlan(const WalkLine& line, const Section& section, const WalkEnds& ends) {
+  Planner planner(line, ends);
   endFirst = line.size() - 1;
   const bool joinsFirst =
       planner.hasFirst(section.departure != nullptr ? joinsDeparture : joinsEnd);
@@ -126,6 +123,7 @@ WalkPlan::WalkPlan(const WalkLine& line, const Section& section, const Surroundi
   turns = planner.takeAll();
   if (!joinsFirst || turns.empty()) return;
   first = turns.front();
+  planner.correctAtDoor(first->turn);
   turns.erase(turns.begin());
 }
 

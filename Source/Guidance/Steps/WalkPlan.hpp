@@ -8,7 +8,7 @@
 #include "Source/Guidance/Step.hpp"
 #include "Source/Guidance/Steps/Bends.hpp"
 #include "Source/Guidance/Steps/Sections.hpp"
-#include "Source/Guidance/Steps/Surroundings.hpp"
+#include "Source/Guidance/Steps/WalkEnds.hpp"
 #include "Source/Guidance/Steps/WalkLine.hpp"
 
 namespace orivanta::guidance {
@@ -23,13 +23,12 @@ struct ToldTurn {
 
 /// Turns within the places at the ends of the walk are not told.
 struct WalkPlan {
-  WalkPlan(const WalkLine& line, const Section& section, const Surroundings& surroundings);
+  WalkPlan(const WalkLine& line, const Section& section, const WalkEnds& ends);
 
   std::optional<ToldTurn> first;  ///< told with departing, or with leaving the connector
   std::vector<ToldTurn> turns;    ///< told one by one
   Side endSide = Side::none;      ///< of the ride or the destination at the end
   std::size_t endFirst = 0;       ///< the point of the line where that is told
-  std::size_t destination = 0;    ///< the entrance of the destination, or the end of the line
 };
 
 }  // namespace orivanta::guidance

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "Source/Guidance/Steps/Overshoots.hpp"
+
 namespace orivanta::guidance {
 
 namespace {
@@ -14,7 +16,9 @@ WalkSteps::WalkSteps(const Itinerary& itinerary, const Section& section,
                      const Surroundings& surroundings, Landmarks& landmarks)
     : line_(itinerary, section.firstLeg, section.endLeg, surroundings.metersPerUnit()) {
   if (line_.empty()) return;
-  const WalkPlan plan(line_, section, surroundings);
+  const WalkEnds ends(line_, section, surroundings);
+  removeOvershoots(line_, ends);
+  const WalkPlan plan(line_, section, ends);
   addFirst(section, plan);
   addTurns(plan.turns);
   if (section.arrival != nullptr)
@@ -22,7 +26,7 @@ WalkSteps::WalkSteps(const Itinerary& itinerary, const Section& section,
   else
     rideSide = plan.endSide;
   measure();
-  mention(NearbyPlaces(line_, surroundings), plan, landmarks);
+  mention(NearbyPlaces(line_, surroundings), plan, ends, landmarks);
   dropEmptyLeave();
 }
 
@@ -80,12 +84,13 @@ void WalkSteps::measure() {
   }
 }
 
-void WalkSteps::mention(const NearbyPlaces& nearby, const WalkPlan& plan, Landmarks& landmarks) {
+void WalkSteps::mention(const NearbyPlaces& nearby, const WalkPlan& plan, const WalkEnds& ends,
+                        Landmarks& landmarks) {
   for (std::size_t i = 0; i < plan.turns.size(); ++i)
     steps[i + 1].landmark = landmarks.at(plan.turns[i].turn, line_, nearby);
   if (steps.back().kind == Step::Kind::arrive)
     steps.back().opposite =
-        landmarks.opposite(line_.along(plan.destination), steps.back().side, nearby);
+        landmarks.opposite(line_.along(ends.destination), steps.back().side, nearby);
   for (std::size_t i = 0; i < steps.size(); ++i) {
     if (steps[i].kind == Step::Kind::arrive) continue;
     std::size_t begin = anchors_[i];

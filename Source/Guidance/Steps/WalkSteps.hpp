@@ -34,7 +34,8 @@ class WalkSteps {
   void addArrival(const Section& section, const WalkPlan& plan);
   void measure();
   void dropEmptyLeave();
-  void mention(const NearbyPlaces& nearby, const WalkPlan& plan, Landmarks& landmarks);
+  void mention(const NearbyPlaces& nearby, const WalkPlan& plan, const WalkEnds& ends,
+               Landmarks& landmarks);
   void add(Step step, const ToldTurn* told, std::size_t first, std::size_t last,
            std::size_t anchor);
   std::size_t endOf(std::size_t index) const;
