@@ -12,6 +12,8 @@ namespace orivanta::guidance {
 
 namespace {
 
+constexpr double shortMeters = 3.0;
+
 bool isOvershoot(const WalkLine& line, std::size_t before, std::size_t tip, std::size_t after) {
   const PlanePoint begin = line.point(before);
   const PlanePoint corner = line.point(tip);
@@ -20,7 +22,7 @@ bool isOvershoot(const WalkLine& line, std::size_t before, std::size_t tip, std:
   const double back = length(end - corner);
   const double shorter = std::min(there, back);
   const double degrees = std::abs(degreesBetween(corner - begin, end - corner));
-  if (degrees >= 120.0 && shorter <= 3.0) return true;
+  if (degrees >= 120.0 && shorter <= shortMeters) return true;
   constexpr double nearEnd = 25.0;  // meters
   const double rest = line.along(line.size() - 1) - line.along(tip);
   if (degrees < 150.0 || shorter > 15.0 || std::min(line.along(tip), rest) > nearEnd) return false;
@@ -34,8 +36,11 @@ bool isThroughDoor(const WalkLine& line, const WalkEnds& ends, std::size_t befor
                    std::size_t after) {
   const auto straight = [&](std::size_t first, std::size_t door, std::size_t last) {
     return std::abs(degreesBetween(line.point(door) - line.point(first),
-                                   line.point(last) - line.point(door))) < 45.0;
+                                   line.point(last) - line.point(door))) < 15.0;
   };
+  if (std::min(length(line.point(tip) - line.point(before)),
+               length(line.point(tip) - line.point(after))) <= shortMeters)
+    return false;
   const bool hasInside = before > 0 && before == ends.entrance;
   const bool leadsInside = after + 1 < line.size() && after == ends.destination;
   return (hasInside && straight(before - 1, before, tip)) ||
