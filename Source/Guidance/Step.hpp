@@ -68,12 +68,14 @@ struct Step {
   Sharpness sharpness = Sharpness::turn;    ///< of the turn
   std::optional<double> secondTurnDegrees;  ///< an opposite turn immediately after it
   std::optional<Landmark> landmark;         ///< where to turn
-  Side side = Side::none;                   ///< `ride`, `arrive`: where the target is
-  std::shared_ptr<Location> place;          ///< `depart`, `arrive`: the place; may be null
-  std::shared_ptr<Location> opposite;       ///< `arrive`: the place on the other side
-  std::vector<Passed> passed;               ///< places on the walk to the next step
-  double metersToNext = 0.0;                ///< the walk to the next step
-  double secondsToNext = 0.0;               ///< the time until the next step
+  /// `ride`, `arrive`: where the target is. `leave`: where the walk begins, seen in the direction
+  /// of the ride, if it does not lead on; a turn comes after that.
+  Side side = Side::none;
+  std::shared_ptr<Location> place;     ///< `depart`, `arrive`: the place; may be null
+  std::shared_ptr<Location> opposite;  ///< `arrive`: the place on the other side
+  std::vector<Passed> passed;          ///< places on the walk to the next step
+  double metersToNext = 0.0;           ///< the walk to the next step
+  double secondsToNext = 0.0;          ///< the time until the next step
 };
 
 /// Returns the same instructions in the form of `Directions`: turns become `Turn`, rides

@@ -7,7 +7,7 @@ namespace orivanta::guidance {
 
 namespace {
 
-constexpr std::size_t pieceSize = 2048;
+constexpr std::size_t pieceSize = 512;
 
 // Marks the points between two kept ones that must be kept as well.
 void markBetween(const std::vector<PlanePoint>& line, std::size_t begin, std::size_t end,

@@ -11,7 +11,7 @@ namespace orivanta::guidance {
 /// Returns the indices of the points that remain when a line is simplified with the algorithm of
 /// Douglas and Peucker, in ascending order. The first and the last point always remain; a point
 /// that equals the one before it does not. `tolerance` is in meters. The line is processed in
-/// pieces of 2,048 points, so the time for a line of any shape is limited.
+/// pieces of 512 points, so the time for a line of any shape is limited.
 std::vector<std::size_t> simplified(const std::vector<PlanePoint>& line, double tolerance);
 
 }  // namespace orivanta::guidance

@@ -1,8 +1,10 @@
 #include "Source/Guidance/Steps/WalkSteps.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include "Source/Guidance/Steps/Overshoots.hpp"
+#include "Source/Guidance/Steps/RideEnd.hpp"
 
 namespace orivanta::guidance {
 
@@ -20,6 +22,11 @@ WalkSteps::WalkSteps(const Itinerary& itinerary, const Section& section,
   removeOvershoots(line_, ends);
   const WalkPlan plan(line_, section, ends);
   addFirst(section, plan);
+  if (section.departure == nullptr && section.firstLeg > 0) {
+    const double reach = plan.first ? line_.along(plan.first->turn.first) : aloneMeters;
+    steps.front().side = sideAfter(itinerary.legs[section.firstLeg - 1], line_,
+                                   std::min(reach, aloneMeters), surroundings.metersPerUnit());
+  }
   addTurns(plan.turns);
   if (section.arrival != nullptr)
     addArrival(section, plan);

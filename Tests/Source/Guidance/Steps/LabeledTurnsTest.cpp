@@ -130,12 +130,8 @@ void compareRoute(const RawData& route, const Building& building, Figures& figur
     std::vector<Marked> turns;
     std::vector<Marked> sides;
     findSaid(steps, leg, along, turns, sides);
-    Figures before = figures;
     compare(labels(label["required"], along), labels(label["allowed"], along), turns, sides,
             figures);
-    if (figures.missed + figures.superfluous + figures.wrongSides !=
-        before.missed + before.superfluous + before.wrongSides)
-      std::cout << "look at " << route["from"].stringForce() << " leg " << leg << "\n";
   }
 }
 
