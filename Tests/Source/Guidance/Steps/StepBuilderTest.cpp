@@ -190,7 +190,7 @@ TEST(StepBuilder, TellsTheTurnsOfDrawnWalks) {
       {"0,0 From@0,4 0,16 30,16", "depart, turn R90, arrive"},
       {"0,0 30,0 To@30,2 30,5", "depart, arrive left"},
       {"0,0 30,0 To@40,0 45,0", "depart, arrive ahead"},
-      {"0,0 30,0 30,6 To@27,6 25,6", "depart, turn L92, arrive left"},
+      {"0,0 30,0 30,6 To@27,6 25,6", "depart, turn L90, arrive left"},
       {"0,0 30,0 30,5 lift:30,5 30,20", "depart, ride left, leave, arrive"},
       {"0,0 30,0 lift:30,0 30,5 60,5", "depart, ride, leave R90, arrive"},
       {"0,0 30,0 30,4 33,4 33,5 lift:33,5 33,30", "depart, ride, leave, arrive"},
