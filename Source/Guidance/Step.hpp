@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
@@ -56,22 +57,25 @@ struct Step {
     arrive   ///< arrive at the destination or a stop in between
   };
 
-  Kind kind = Kind::turn;  ///< the kind of instruction
-  std::size_t leg = 0;     ///< the index of the leg in the itinerary
-  std::size_t first = 0;   ///< where the instruction begins: an index into the leg's nodes
-  std::size_t last = 0;    ///< where it ends, inclusive
+  Kind kind = Kind::turn;   ///< the kind of instruction
+  std::size_t leg = 0;      ///< the index of the leg in the itinerary
+  std::size_t lastLeg = 0;  ///< `ride`: the last leg of several flights told as one; else `leg`
+  std::size_t first = 0;    ///< where the instruction begins: an index into the leg's nodes
+  std::size_t last = 0;     ///< where it ends, inclusive
 
   /// `turn`, and `depart` and `leave` with a turn at once: the angle, left positive. 0 if straight.
   double turnDegrees = 0.0;
   Sharpness sharpness = Sharpness::turn;    ///< of the turn
   std::optional<double> secondTurnDegrees;  ///< an opposite turn immediately after it
   std::optional<Landmark> landmark;         ///< where to turn
-  Side side = Side::none;                   ///< `ride`, `arrive`: where the target is
-  std::shared_ptr<Location> place;          ///< `depart`, `arrive`: the place; may be null
-  std::shared_ptr<Location> opposite;       ///< `arrive`: the place on the other side
-  std::vector<Passed> passed;               ///< places on the walk to the next step
-  double metersToNext = 0.0;                ///< the walk to the next step
-  double secondsToNext = 0.0;               ///< the time until the next step
+  /// `ride`, `arrive`: where the target is. `leave`: where the walk begins, seen in the direction
+  /// of the ride, if it does not lead on; a turn comes after that.
+  Side side = Side::none;
+  std::shared_ptr<Location> place;     ///< `depart`, `arrive`: the place; may be null
+  std::shared_ptr<Location> opposite;  ///< `arrive`: the place on the other side
+  std::vector<Passed> passed;          ///< places on the walk to the next step
+  double metersToNext = 0.0;           ///< the walk to the next step
+  double secondsToNext = 0.0;          ///< the time until the next step
 };
 
 /// Returns the same instructions in the form of `Directions`: turns become `Turn`, rides

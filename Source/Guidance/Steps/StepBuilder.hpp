@@ -9,7 +9,10 @@
 
 namespace orivanta::guidance {
 
-/// Provisional: returns the departure and the arrival only.
+/// Returns the instructions of an itinerary in order: departing and arriving at each stop, turns
+/// and rides. `surroundings` must be those of the venue of the itinerary. The sums of
+/// `metersToNext` and `secondsToNext` are those of the itinerary. Empty if there are no legs. An
+/// itinerary without visits begins and ends at unnamed stops. Thread-safe.
 std::vector<Step> stepsOf(const Itinerary& itinerary, const Surroundings& surroundings);
 
 }  // namespace orivanta::guidance

@@ -1,7 +1,107 @@
 #include "Source/Guidance/Steps/Surroundings.hpp"
 
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+
+#include "Source/Category.hpp"
+#include "Source/Guidance/TextFolding.hpp"
+#include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/Node.hpp"
+#include "Source/Polygon.hpp"
+#include "Source/Venue.hpp"
+
 namespace orivanta::guidance {
 
-Surroundings::Surroundings(const Venue&) {}
+namespace {
+
+constexpr double soleKindMeters = 30.0;
+
+double metersPerUnitOf(const Venue& venue) {
+  const double units = venue._data["unitsPerMetre"].doubleValue();
+  return std::isnormal(units) && units > 0.0 ? 1.0 / units : 1.0;
+}
+
+bool isBlank(const std::string& text) {
+  return text.find_first_not_of(" \t\r\n") == std::string::npos;
+}
+
+}  // namespace
+
+Surroundings::Surroundings(const Venue& venue)
+    : metersPerUnit_(metersPerUnitOf(venue)),
+      network_(venue, metersPerUnit_),
+      nodes_(venue.nodes.value_or(NodeList())),
+      locations_(venue.locations.value_or(std::vector<std::shared_ptr<Location>>())) {
+  for (const auto& place : locations_) addEntrances(place);
+  std::sort(kinds_.begin(), kinds_.end());
+  findNames();
+}
+
+void Surroundings::addEntrances(const std::shared_ptr<Location>& place) {
+  bool hasDoors = false;
+  for (const auto& polygon : place->polygons)
+    for (const auto& node : polygon->entrances) {
+      addEntrance(place, node);
+      hasDoors = true;
+    }
+  if (hasDoors) return;
+  for (const auto& node : place->nodes) addEntrance(place, node);
+}
+
+void Surroundings::addEntrance(const std::shared_ptr<Location>& place,
+                               const std::shared_ptr<Node>& node) {
+  auto& places = places_[node.get()];
+  if (!places.empty() && places.back() == place) return;
+  places.push_back(place);
+  if (place->categories.empty() || !place->categories.front()) return;
+  if (!std::isfinite(node->x) || !std::isfinite(node->y)) return;  // would break the order
+  kinds_.push_back({place->categories.front().get(), node->map.get(), node->x * metersPerUnit_,
+                    node->y * metersPerUnit_, place.get()});
+}
+
+void Surroundings::findNames() {
+  std::unordered_map<std::string, const Location*> owners;  // null if there are several
+  for (const auto& place : locations_) {
+    const std::string name = caseFolded(place->name.value_or(""));
+    const auto [entry, isNew] = owners.try_emplace(name, place.get());
+    if (!isNew && entry->second != place.get()) entry->second = nullptr;
+  }
+  for (const auto& [name, place] : owners)
+    if (place != nullptr && !isBlank(name) &&
+        !place->_data["nameGenerated"].bool_().value_or(false))
+      named_.insert(place);
+}
+
+std::span<const std::shared_ptr<Location>> Surroundings::placesAt(const Node& node) const {
+  const auto found = places_.find(&node);
+  if (found == places_.end()) return {};
+  return found->second;
+}
+
+bool Surroundings::isEntrance(const Node& node, const Location& place) const {
+  const auto places = placesAt(node);
+  return std::any_of(places.begin(), places.end(),
+                     [&](const auto& other) { return other.get() == &place; });
+}
+
+std::shared_ptr<Category> Surroundings::soleKind(const Location& place,
+                                                 const Node& entrance) const {
+  if (place.categories.empty() || !place.categories.front()) return nullptr;
+  const auto& category = place.categories.front();
+  if (isBlank(category->name.value_or(""))) return nullptr;
+  const double x = entrance.x * metersPerUnit_;
+  const double y = entrance.y * metersPerUnit_;
+  if (!std::isfinite(x) || !std::isfinite(y)) return nullptr;
+  const KindEntry begin{category.get(), entrance.map.get(), x - soleKindMeters, 0.0, nullptr};
+  auto entry = std::lower_bound(kinds_.begin(), kinds_.end(), begin);
+  for (; entry != kinds_.end() && entry->category == category.get() &&
+         entry->map == entrance.map.get() && entry->x <= x + soleKindMeters;
+       ++entry)
+    if (entry->place != &place && std::hypot(entry->x - x, entry->y - y) <= soleKindMeters)
+      return nullptr;
+  return category;
+}
 
 }  // namespace orivanta::guidance

@@ -1,16 +1,73 @@
-// What instructions need to know of a venue.
+// What instructions tell about the places of a venue: entrances, usable names, categories, scale.
 #pragma once
 
-namespace orivanta {
-class Venue;
-}
+#include <memory>
+#include <span>
+#include <string>
+#include <tuple>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "Source/Fwd.hpp"
+#include "Source/Guidance/Steps/FootNetwork.hpp"
 
 namespace orivanta::guidance {
 
-/// Provisional: empty.
+/// Made once per loaded venue. Immutable; owns what it keeps and is not affected by the next load.
+/// Thread-safe.
 class Surroundings {
  public:
+  /// Reads a loaded venue. In a venue that is not loaded, there are no places.
   explicit Surroundings(const Venue& venue);
+
+  /// Returns the length of a unit in meters. Without `unitsPerMetre`, a unit counts as a meter.
+  double metersPerUnit() const { return metersPerUnit_; }
+
+  /// Returns the walking edges.
+  const FootNetwork& network() const { return network_; }
+
+  /// Returns the places whose entrance a node is. The entrances of a place are those of its
+  /// polygons, or else its nodes.
+  std::span<const std::shared_ptr<Location>> placesAt(const Node& node) const;
+
+  /// Returns whether a node is an entrance of a place.
+  bool isEntrance(const Node& node, const Location& place) const;
+
+  /// Returns whether a place can be told by its name: the name is not empty, not generated, and no
+  /// other place has it.
+  bool hasOwnName(const Location& place) const { return named_.contains(&place); }
+
+  /// Returns the first category of a place if no other place of that category has an entrance
+  /// within 30 m of this entrance on the same floor. Returns null otherwise.
+  std::shared_ptr<Category> soleKind(const Location& place, const Node& entrance) const;
+
+ private:
+  // An entrance of a place, in the list of its category.
+  struct KindEntry {
+    const Category* category;
+    const Map* map;
+    double x;
+    double y;
+    const Location* place;
+
+    friend bool operator<(const KindEntry& left, const KindEntry& right) {
+      return std::tie(left.category, left.map, left.x) <
+             std::tie(right.category, right.map, right.x);
+    }
+  };
+
+  void addEntrances(const std::shared_ptr<Location>& place);
+  void addEntrance(const std::shared_ptr<Location>& place, const std::shared_ptr<Node>& node);
+  void findNames();
+
+  double metersPerUnit_;
+  FootNetwork network_;
+  std::vector<std::shared_ptr<Node>> nodes_;          // keeps the addresses valid
+  std::vector<std::shared_ptr<Location>> locations_;  // likewise
+  std::unordered_map<const Node*, std::vector<std::shared_ptr<Location>>> places_;
+  std::unordered_set<const Location*> named_;
+  std::vector<KindEntry> kinds_;  // sorted by category, map and x
 };
 
 }  // namespace orivanta::guidance

@@ -1,0 +1,60 @@
+#include "Source/Guidance/Step.hpp"
+
+#include "Source/Node.hpp"
+
+namespace orivanta::guidance {
+
+namespace {
+
+using Turn = Direction::Turn;
+
+Turn::Bearing bearingOf(const Step& step) {
+  const bool left = step.turnDegrees > 0.0;
+  if (step.sharpness == Sharpness::bear)
+    return left ? Turn::Bearing::SlightLeft : Turn::Bearing::SlightRight;
+  return left ? Turn::Bearing::Left : Turn::Bearing::Right;
+}
+
+std::shared_ptr<const Direction::Action> turnOf(const Step& step) {
+  const auto position = step.landmark ? step.landmark->position : Turn::ReferencePosition::At;
+  const auto bearing = step.turnDegrees == 0.0 ? Turn::Bearing::Straight : bearingOf(step);
+  return std::make_shared<Turn>(bearing, position);
+}
+
+std::shared_ptr<const Direction::Action> actionOf(const Itinerary& itinerary, const Step& step) {
+  switch (step.kind) {
+    case Step::Kind::depart:
+      return std::make_shared<Direction::Departure>();
+    case Step::Kind::arrive:
+      return std::make_shared<Direction::Arrival>();
+    case Step::Kind::ride: {
+      const auto& last = itinerary.legs[step.lastLeg].nodes.back();
+      return std::make_shared<Direction::TakeVortex>(itinerary.legs[step.leg].map, last->map);
+    }
+    default:
+      return turnOf(step);
+  }
+}
+
+std::shared_ptr<Location> placeOf(const Step& step) {
+  if (step.place) return step.place;
+  return step.landmark ? step.landmark->place : nullptr;
+}
+
+}  // namespace
+
+std::shared_ptr<Directions> asDirections(const Itinerary& itinerary, const std::vector<Step>& steps,
+                                         const std::vector<std::string>& texts) {
+  if (itinerary.legs.empty()) return nullptr;
+  auto directions = std::make_shared<Directions>();
+  directions->path = itinerary.path();
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    const Step& step = steps[i];
+    directions->directions.emplace_back(itinerary.legs[step.leg].nodes[step.first],
+                                        actionOf(itinerary, step), placeOf(step),
+                                        i < texts.size() ? texts[i] : std::string());
+  }
+  return directions;
+}
+
+}  // namespace orivanta::guidance

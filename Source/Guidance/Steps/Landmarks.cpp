@@ -1,0 +1,127 @@
+#include "Source/Guidance/Steps/Landmarks.hpp"
+
+#include <cmath>
+#include <unordered_map>
+#include <utility>
+
+#include "Source/Location.hpp"
+
+namespace orivanta::guidance {
+
+namespace {
+
+using Position = Direction::Turn::ReferencePosition;
+
+constexpr double nearTurn = 9.0;       // meters
+constexpr double nearWalk = 6.0;       // meters
+constexpr double onTheLine = 0.7;      // meters; an entrance there is on no side
+constexpr double atTheTurn = 2.0;      // meters
+constexpr double aheadDegrees = 25.0;  // an entrance within this angle is ahead
+constexpr double sideDegrees = 60.0;   // one up to this angle is behind the turn, on its side
+constexpr double pastDegrees = 115.0;  // one from this angle on is before the turn
+
+// Where the turn is, seen from an entrance near it; nothing if that cannot be told clearly.
+std::optional<Position> positionOf(const NearbyPlace& place, const Turn& turn,
+                                   const WalkLine& line) {
+  const PlanePoint corner = line.point(turn.first);
+  const PlanePoint away = place.entrance - corner;
+  if (length(away) <= atTheTurn) return Position::At;
+  const PlanePoint heading = corner - line.at(line.along(turn.first) - nearTurn);
+  const double side = degreesBetween(heading, away) * (turn.degrees < 0.0 ? -1.0 : 1.0);
+  if (std::abs(side) <= aheadDegrees) return Position::At;
+  if (side > 0.0 && side <= sideDegrees) return Position::Before;
+  if (side >= pastDegrees && place.along < line.along(turn.first)) return Position::Past;
+  return std::nullopt;
+}
+
+// Lower is better: near, by name, and passed or reached rather than behind the turn.
+double rank(const NearbyPlace& place, Position position, PlanePoint corner) {
+  return length(place.entrance - corner) + (place.category ? 5.0 : 0.0) +
+         (position == Position::Before ? 3.0 : 0.0);
+}
+
+}  // namespace
+
+Landmarks::Landmarks(const Itinerary& itinerary) {
+  for (const Visit& visit : itinerary.visits) used_.insert(visit.location.get());
+}
+
+std::optional<Landmark> Landmarks::at(const Turn& turn, const WalkLine& line,
+                                      const NearbyPlaces& nearby) {
+  struct Choice {
+    const NearbyPlace* place;
+    Position position;
+  };
+  const PlanePoint corner = line.point(turn.first);
+  std::unordered_map<const Location*, std::optional<Choice>> choices;
+  const double along = line.along(turn.first);
+  for (const NearbyPlace& place : nearby.between(along - nearTurn, along + nearTurn)) {
+    if (used_.contains(place.place.get()) || length(place.entrance - corner) > nearTurn ||
+        place.onFoot + std::abs(place.along - along) > 12.0)
+      continue;
+    const auto position = positionOf(place, turn, line);
+    const auto [entry, isNew] = choices.try_emplace(place.place.get());
+    // A place with doors on both sides of the turn tells nothing.
+    if (!isNew && (!entry->second || entry->second->position != position))
+      entry->second.reset();
+    else if (position)
+      entry->second = Choice{&place, *position};
+  }
+  const Choice* best = nullptr;
+  const auto key = [&](const Choice& choice) {  // the order of the places decides ties
+    return std::pair(rank(*choice.place, choice.position, corner), choice.place);
+  };
+  for (const auto& [place, choice] : choices)
+    if (choice && (best == nullptr || key(*choice) < key(*best))) best = &*choice;
+  if (best == nullptr) return std::nullopt;
+  used_.insert(best->place->place.get());
+  return Landmark{best->place->place, best->place->category, best->position};
+}
+
+const NearbyPlace* Landmarks::passedNext(double target, double begin, double end,
+                                         const NearbyPlaces& nearby) const {
+  const auto rank = [&](const NearbyPlace& place) {
+    return std::abs(place.along - target) + (place.category ? end - begin : 0.0);
+  };
+  const NearbyPlace* best = nullptr;
+  for (const NearbyPlace& place : nearby.between(begin, end))
+    if (!used_.contains(place.place.get()) && std::abs(place.beside) >= onTheLine &&
+        std::abs(place.beside) <= nearWalk && (best == nullptr || rank(place) < rank(*best)))
+      best = &place;
+  return best;
+}
+
+std::vector<Passed> Landmarks::passed(double begin, double end, const NearbyPlaces& nearby) {
+  const double whole = end - begin;
+  const int count = whole > 70.0 ? 2 : whole > 12.0 ? 1 : 0;
+  constexpr double margin = 2.0;  // a place at the very end would be taken for a landmark of it
+  std::vector<Passed> result;
+  for (int i = 1; i <= count; ++i) {
+    const double part = (whole - 2.0 * margin) / count;
+    const double from = begin + margin + (i - 1) * part;
+    const NearbyPlace* place = passedNext(from + part / 2.0, from, from + part, nearby);
+    if (place == nullptr) continue;
+    used_.insert(place->place.get());
+    result.push_back(
+        {place->place, place->category, place->beside > 0.0 ? Side::left : Side::right});
+  }
+  return result;
+}
+
+std::shared_ptr<Location> Landmarks::opposite(double end, Side side, const NearbyPlaces& nearby) {
+  constexpr double reach = 4.0;  // meters along the walk
+  if (side != Side::left && side != Side::right) return nullptr;
+  const NearbyPlace* best = nullptr;
+  for (const NearbyPlace& place : nearby.between(end - reach, end + reach)) {
+    const bool isOpposite = (place.beside < 0.0) == (side == Side::left);
+    if (used_.contains(place.place.get()) || place.category || !isOpposite ||
+        std::abs(place.beside) < onTheLine || std::abs(place.beside) > nearWalk)
+      continue;
+    if (best == nullptr || std::abs(place.along - end) < std::abs(best->along - end)) best = &place;
+  }
+  if (best == nullptr) return nullptr;
+  used_.insert(best->place.get());
+  return best->place;
+}
+
+}  // namespace orivanta::guidance

@@ -1,0 +1,124 @@
+#include "Source/Guidance/Steps/WalkSteps.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "Source/Guidance/Steps/Overshoots.hpp"
+#include "Source/Guidance/Steps/RideEnd.hpp"
+
+namespace orivanta::guidance {
+
+namespace {
+
+constexpr double aloneMeters = 3.0;  // a shorter straight walk has no instruction of its own
+
+}  // namespace
+
+WalkSteps::WalkSteps(const Itinerary& itinerary, const Section& section,
+                     const Surroundings& surroundings, Landmarks& landmarks)
+    : line_(itinerary, section.firstLeg, section.endLeg, surroundings.metersPerUnit()) {
+  if (line_.empty()) return;
+  const WalkEnds ends(line_, section, surroundings);
+  removeOvershoots(line_, ends);
+  const WalkPlan plan(line_, section, ends);
+  addFirst(section, plan);
+  if (section.departure == nullptr && section.firstLeg > 0) {
+    const double reach = plan.first ? line_.along(plan.first->turn.first) : aloneMeters;
+    steps.front().side = sideAfter(itinerary.legs[section.firstLeg - 1], line_,
+                                   std::min(reach, aloneMeters), surroundings.metersPerUnit());
+  }
+  addTurns(plan.turns);
+  if (section.arrival != nullptr)
+    addArrival(section, plan);
+  else
+    rideSide = plan.endSide;
+  measure();
+  mention(NearbyPlaces(line_, surroundings), plan, ends, landmarks);
+  dropEmptyLeave();
+}
+
+// Adds an instruction between two points of the line. `told` may be null.
+void WalkSteps::add(Step step, const ToldTurn* told, std::size_t first, std::size_t last,
+                    std::size_t anchor) {
+  step.leg = step.lastLeg = line_.leg(first);
+  step.first = line_.indexInLeg(first);
+  // An instruction that reaches into the next leg ends with its own.
+  while (line_.leg(last) != step.leg) --last;
+  step.last = line_.indexInLeg(last);
+  if (told != nullptr) {
+    step.turnDegrees = told->turn.degrees;
+    step.sharpness = told->turn.sharpness;
+    if (told->second) step.secondTurnDegrees = told->second->degrees;
+  }
+  steps.push_back(std::move(step));
+  anchors_.push_back(anchor);
+}
+
+// Departing, or leaving the connector.
+void WalkSteps::addFirst(const Section& section, const WalkPlan& plan) {
+  Step step;
+  step.kind = section.departure != nullptr ? Step::Kind::depart : Step::Kind::leave;
+  if (section.departure != nullptr) step.place = section.departure->location;
+  add(std::move(step), plan.first ? &*plan.first : nullptr, 0, plan.first ? plan.first->last() : 0,
+      0);
+}
+
+void WalkSteps::addTurns(const std::vector<ToldTurn>& turns) {
+  for (const ToldTurn& told : turns) {
+    Step step;
+    step.kind = Step::Kind::turn;
+    add(std::move(step), &told, told.turn.first, told.last(), told.turn.first);
+  }
+}
+
+void WalkSteps::addArrival(const Section& section, const WalkPlan& plan) {
+  Step step;
+  step.kind = Step::Kind::arrive;
+  step.place = section.arrival->location;
+  step.side = plan.endSide;
+  add(std::move(step), nullptr, plan.endFirst, line_.size() - 1, line_.size() - 1);
+}
+
+// The point of the line where the walk after an instruction ends.
+std::size_t WalkSteps::endOf(std::size_t index) const {
+  return index + 1 < steps.size() ? anchors_[index + 1] : line_.size() - 1;
+}
+
+void WalkSteps::measure() {
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    steps[i].metersToNext = line_.meters(endOf(i)) - line_.meters(anchors_[i]);
+    steps[i].secondsToNext = line_.seconds(endOf(i)) - line_.seconds(anchors_[i]);
+  }
+}
+
+void WalkSteps::mention(const NearbyPlaces& nearby, const WalkPlan& plan, const WalkEnds& ends,
+                        Landmarks& landmarks) {
+  for (std::size_t i = 0; i < plan.turns.size(); ++i)
+    steps[i + 1].landmark = landmarks.at(plan.turns[i].turn, line_, nearby);
+  if (steps.back().kind == Step::Kind::arrive)
+    steps.back().opposite =
+        landmarks.opposite(line_.along(ends.destination), steps.back().side, nearby);
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    if (steps[i].kind == Step::Kind::arrive) continue;
+    std::size_t begin = anchors_[i];
+    if (i > 0)
+      begin = plan.turns[i - 1].last();
+    else if (plan.first)
+      begin = plan.first->last();
+    steps[i].passed = landmarks.passed(line_.along(begin), line_.along(endOf(i)), nearby);
+  }
+}
+
+// Leaving a connector for a short straight walk is told with the ride.
+void WalkSteps::dropEmptyLeave() {
+  const Step& first = steps.front();
+  if (first.kind != Step::Kind::leave || first.turnDegrees != 0.0 ||
+      line_.along(endOf(0)) - line_.along(0) >= aloneMeters)
+    return;
+  metersBefore = first.metersToNext;
+  secondsBefore = first.secondsToNext;
+  steps.erase(steps.begin());
+  anchors_.erase(anchors_.begin());
+}
+
+}  // namespace orivanta::guidance
