@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <queue>
 #include <random>
 #include <utility>
@@ -137,27 +138,51 @@ GuideReference::Costs GuideReference::spread(const Costs& starts, const NodeList
 }
 
 std::optional<std::int64_t> GuideReference::cost(const std::vector<NodeList>& stops) const {
-  Costs here;
-  for (const auto& node : stops.front()) here[node.get()] = 0;
-  for (std::size_t i = 1; i < stops.size(); ++i) {
-    const Costs reached = spread(here, stops[i - 1]);
-    here.clear();
-    for (const auto& node : stops[i])
-      if (const auto entry = reached.find(node.get()); entry != reached.end()) here.insert(*entry);
-  }
+  std::vector<std::size_t> order(stops.size());
+  std::iota(order.begin(), order.end(), 0U);
+  return costOf(order, stops, rowsOf(stops));
+}
+
+std::optional<std::int64_t> GuideReference::bestCost(const std::vector<NodeList>& stops) const {
+  const auto rows = rowsOf(stops);
+  std::vector<std::size_t> order(stops.size());
+  std::iota(order.begin(), order.end(), 0U);
   std::optional<std::int64_t> least;
-  for (const auto& entry : here) least = std::min(least.value_or(entry.second), entry.second);
+  do {
+    const auto found = costOf(order, stops, rows);
+    if (found) least = std::min(least.value_or(*found), *found);
+  } while (std::next_permutation(order.begin() + 1, order.end() - 1));
   return least;
 }
 
-std::optional<std::int64_t> GuideReference::bestCost(std::vector<NodeList> stops) const {
-  const auto byAddress = [](const NodeList& left, const NodeList& right) { return left < right; };
-  std::sort(stops.begin() + 1, stops.end() - 1, byAddress);
+// The costs from each node of each stop but the last.
+GuideReference::Rows GuideReference::rowsOf(const std::vector<NodeList>& stops) const {
+  Rows rows;
+  for (std::size_t stop = 0; stop + 1 < stops.size(); ++stop)
+    for (const auto& node : stops[stop])
+      rows[{stop, node.get()}] = spread({{node.get(), 0}}, stops[stop]);
+  return rows;
+}
+
+std::optional<std::int64_t> GuideReference::costOf(const std::vector<std::size_t>& order,
+                                                   const std::vector<NodeList>& stops,
+                                                   const Rows& rows) {
+  Costs here;
+  for (const auto& node : stops.front()) here[node.get()] = 0;
+  for (std::size_t i = 1; i < order.size(); ++i) {
+    Costs there;
+    for (const auto& [from, cost] : here) {
+      const Costs& row = rows.at({order[i - 1], from});
+      for (const auto& to : stops[order[i]])
+        if (const auto entry = row.find(to.get()); entry != row.end()) {
+          const auto known = there.emplace(to.get(), cost + entry->second).first;
+          known->second = std::min(known->second, cost + entry->second);
+        }
+    }
+    here = std::move(there);
+  }
   std::optional<std::int64_t> least;
-  do {
-    const auto found = cost(stops);
-    if (found) least = std::min(least.value_or(*found), *found);
-  } while (std::next_permutation(stops.begin() + 1, stops.end() - 1, byAddress));
+  for (const auto& entry : here) least = std::min(least.value_or(entry.second), entry.second);
   return least;
 }
 
