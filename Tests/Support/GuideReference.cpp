@@ -22,6 +22,11 @@ namespace {
 
 using guidance::Use;
 
+// Other nodes are not in the network.
+bool isUsable(const Node& node) {
+  return std::fabs(node.x) <= 1e9 && std::fabs(node.y) <= 1e9 && std::fabs(node.z) <= 1e9;
+}
+
 bool isRoom(const Location& location) {
   for (const auto& polygon : location.polygons)
     if (!polygon->entrances.empty()) return true;
@@ -51,10 +56,11 @@ GuideReference::GuideReference(const Venue& venue, const guidance::Profile& prof
   const double scale = venue._data["unitsPerMetre"].double_().value_or(1.0);
   const double speed = profile.walkingMetersPerSecond;
   for (const auto& node : *venue.nodes) {
+    if (!isUsable(*node)) continue;
     if (closures.contains(*node->id)) closed_.insert(node.get());
     for (const Edge& edge : (*venue.navigationGraph)[*node]) {
-      if (edge.vortex()) continue;
       const Node& to = *edge.node();
+      if (edge.vortex() || !isUsable(to)) continue;
       double seconds =
           (edge.distance() / scale * to.multiplierWeight + to.constantWeight / scale) / speed;
       seconds = std::min(seconds, 1073741.824);  // the limit of an edge
@@ -71,6 +77,7 @@ GuideReference::GuideReference(const Venue& venue, const guidance::Profile& prof
     if (profile.onlyAccessible && !vortex->accessible) continue;
     for (const auto& from : vortex->nodes)
       for (const auto& to : vortex->nodes) {
+        if (!isUsable(*from) || !isUsable(*to)) continue;
         const double rise =
             (to->map->elevation + to->z) / scale - (from->map->elevation + from->z) / scale;
         const double plan = std::hypot(from->x - to->x, from->y - to->y) / scale;
@@ -94,10 +101,9 @@ void GuideReference::findRooms(const Venue& venue, const guidance::Closures& clo
     for (const auto& node : location->nodes) {
       if (outside.count(node.get()) != 0) continue;
       open[node.get()] |= !closures.contains(*location->id);
-      const auto [entry, isNew] = rooms_.emplace(node.get(), number);
-      if (isNew || entry->second == number) continue;
+      const int known = rooms_.emplace(node.get(), number).first->second;
       for (auto& [other, room] : rooms_)  // both are one room
-        if (room == entry->second) room = number;
+        if (room == known) room = number;
     }
   }
   for (const auto& [node, isOpen] : open)
@@ -226,7 +232,7 @@ std::shared_ptr<Venue> mallVenue(std::size_t nodeCount, std::uint32_t seed) {
     const auto& node = mall.nodes[below(mall.nodes.size())];
     place->nodes.push_back(node);
     const auto edges = (*mall.graph)[*node];
-    if (below(3) == 0) place->nodes.push_back(edges[below(edges.size())].node());
+    if (below(3) == 0) place->nodes.push_back(mall.nodes[below(mall.nodes.size())]);
     if (below(3) != 0) {
       auto polygon = Polygon::make(*RawData::parse(R"({"id": "p)" + id + R"("})"));
       polygon->entrances.push_back(edges[below(edges.size())].node());
