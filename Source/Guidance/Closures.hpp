@@ -10,8 +10,8 @@
 
 namespace orivanta::guidance {
 
-/// A set of identifiers of records that routes must not use: connectors, locations or nodes. Nothing
-/// that is closed is entered, but a traveler who starts there can leave.
+/// A set of identifiers of records that routes must not use: connectors, locations or nodes.
+/// Nothing that is closed is entered, but a traveler who starts there can leave.
 ///
 /// A closed location is no destination. If it is a room, which means that a polygon of it has
 /// entrances, the nodes inside are closed too, unless they also belong to a room that is open. A

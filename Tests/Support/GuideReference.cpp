@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <queue>
 #include <random>
 #include <utility>
@@ -20,6 +21,11 @@ namespace orivanta::test {
 namespace {
 
 using guidance::Use;
+
+// Other nodes are not in the network.
+bool isUsable(const Node& node) {
+  return std::fabs(node.x) <= 1e9 && std::fabs(node.y) <= 1e9 && std::fabs(node.z) <= 1e9;
+}
 
 bool isRoom(const Location& location) {
   for (const auto& polygon : location.polygons)
@@ -50,10 +56,11 @@ GuideReference::GuideReference(const Venue& venue, const guidance::Profile& prof
   const double scale = venue._data["unitsPerMetre"].double_().value_or(1.0);
   const double speed = profile.walkingMetersPerSecond;
   for (const auto& node : *venue.nodes) {
+    if (!isUsable(*node)) continue;
     if (closures.contains(*node->id)) closed_.insert(node.get());
     for (const Edge& edge : (*venue.navigationGraph)[*node]) {
-      if (edge.vortex()) continue;
       const Node& to = *edge.node();
+      if (edge.vortex() || !isUsable(to)) continue;
       double seconds =
           (edge.distance() / scale * to.multiplierWeight + to.constantWeight / scale) / speed;
       seconds = std::min(seconds, 1073741.824);  // the limit of an edge
@@ -70,6 +77,7 @@ GuideReference::GuideReference(const Venue& venue, const guidance::Profile& prof
     if (profile.onlyAccessible && !vortex->accessible) continue;
     for (const auto& from : vortex->nodes)
       for (const auto& to : vortex->nodes) {
+        if (!isUsable(*from) || !isUsable(*to)) continue;
         const double rise =
             (to->map->elevation + to->z) / scale - (from->map->elevation + from->z) / scale;
         const double plan = std::hypot(from->x - to->x, from->y - to->y) / scale;
@@ -93,10 +101,9 @@ void GuideReference::findRooms(const Venue& venue, const guidance::Closures& clo
     for (const auto& node : location->nodes) {
       if (outside.count(node.get()) != 0) continue;
       open[node.get()] |= !closures.contains(*location->id);
-      const auto [entry, isNew] = rooms_.emplace(node.get(), number);
-      if (isNew || entry->second == number) continue;
+      const int known = rooms_.emplace(node.get(), number).first->second;
       for (auto& [other, room] : rooms_)  // both are one room
-        if (room == entry->second) room = number;
+        if (room == known) room = number;
     }
   }
   for (const auto& [node, isOpen] : open)
@@ -137,27 +144,51 @@ GuideReference::Costs GuideReference::spread(const Costs& starts, const NodeList
 }
 
 std::optional<std::int64_t> GuideReference::cost(const std::vector<NodeList>& stops) const {
-  Costs here;
-  for (const auto& node : stops.front()) here[node.get()] = 0;
-  for (std::size_t i = 1; i < stops.size(); ++i) {
-    const Costs reached = spread(here, stops[i - 1]);
-    here.clear();
-    for (const auto& node : stops[i])
-      if (const auto entry = reached.find(node.get()); entry != reached.end()) here.insert(*entry);
-  }
+  std::vector<std::size_t> order(stops.size());
+  std::iota(order.begin(), order.end(), 0U);
+  return costOf(order, stops, rowsOf(stops));
+}
+
+std::optional<std::int64_t> GuideReference::bestCost(const std::vector<NodeList>& stops) const {
+  const auto rows = rowsOf(stops);
+  std::vector<std::size_t> order(stops.size());
+  std::iota(order.begin(), order.end(), 0U);
   std::optional<std::int64_t> least;
-  for (const auto& entry : here) least = std::min(least.value_or(entry.second), entry.second);
+  do {
+    const auto found = costOf(order, stops, rows);
+    if (found) least = std::min(least.value_or(*found), *found);
+  } while (std::next_permutation(order.begin() + 1, order.end() - 1));
   return least;
 }
 
-std::optional<std::int64_t> GuideReference::bestCost(std::vector<NodeList> stops) const {
-  const auto byAddress = [](const NodeList& left, const NodeList& right) { return left < right; };
-  std::sort(stops.begin() + 1, stops.end() - 1, byAddress);
+// The costs from each node of each stop but the last.
+GuideReference::Rows GuideReference::rowsOf(const std::vector<NodeList>& stops) const {
+  Rows rows;
+  for (std::size_t stop = 0; stop + 1 < stops.size(); ++stop)
+    for (const auto& node : stops[stop])
+      rows[{stop, node.get()}] = spread({{node.get(), 0}}, stops[stop]);
+  return rows;
+}
+
+std::optional<std::int64_t> GuideReference::costOf(const std::vector<std::size_t>& order,
+                                                   const std::vector<NodeList>& stops,
+                                                   const Rows& rows) {
+  Costs here;
+  for (const auto& node : stops.front()) here[node.get()] = 0;
+  for (std::size_t i = 1; i < order.size(); ++i) {
+    Costs there;
+    for (const auto& [from, cost] : here) {
+      const Costs& row = rows.at({order[i - 1], from});
+      for (const auto& to : stops[order[i]])
+        if (const auto entry = row.find(to.get()); entry != row.end()) {
+          const auto known = there.emplace(to.get(), cost + entry->second).first;
+          known->second = std::min(known->second, cost + entry->second);
+        }
+    }
+    here = std::move(there);
+  }
   std::optional<std::int64_t> least;
-  do {
-    const auto found = cost(stops);
-    if (found) least = std::min(least.value_or(*found), *found);
-  } while (std::next_permutation(stops.begin() + 1, stops.end() - 1, byAddress));
+  for (const auto& entry : here) least = std::min(least.value_or(entry.second), entry.second);
   return least;
 }
 
@@ -201,7 +232,7 @@ std::shared_ptr<Venue> mallVenue(std::size_t nodeCount, std::uint32_t seed) {
     const auto& node = mall.nodes[below(mall.nodes.size())];
     place->nodes.push_back(node);
     const auto edges = (*mall.graph)[*node];
-    if (below(3) == 0) place->nodes.push_back(edges[below(edges.size())].node());
+    if (below(3) == 0) place->nodes.push_back(mall.nodes[below(mall.nodes.size())]);
     if (below(3) != 0) {
       auto polygon = Polygon::make(*RawData::parse(R"({"id": "p)" + id + R"("})"));
       polygon->entrances.push_back(edges[below(edges.size())].node());

@@ -2,11 +2,14 @@
 // guidance.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Source/Guidance/Closures.hpp"
@@ -28,7 +31,7 @@ class GuideReference {
   std::optional<std::int64_t> cost(const std::vector<NodeList>& stops) const;
 
   /// The least cost of all orders of the stops between the first and the last.
-  std::optional<std::int64_t> bestCost(std::vector<NodeList> stops) const;
+  std::optional<std::int64_t> bestCost(const std::vector<NodeList>& stops) const;
 
  private:
   struct Way {
@@ -37,10 +40,14 @@ class GuideReference {
     bool leavesRoom;
   };
   using Costs = std::map<const Node*, std::int64_t>;
+  using Rows = std::map<std::pair<std::size_t, const Node*>, Costs>;
 
   void findRooms(const Venue& venue, const guidance::Closures& closures);
   void addWay(const Node* from, const Node* to, double seconds, double penaltySeconds);
   Costs spread(const Costs& starts, const NodeList& startStop) const;
+  Rows rowsOf(const std::vector<NodeList>& stops) const;
+  static std::optional<std::int64_t> costOf(const std::vector<std::size_t>& order,
+                                            const std::vector<NodeList>& stops, const Rows& rows);
 
   std::map<const Node*, std::vector<Way>> ways_;
   std::map<const Node*, int> rooms_;

@@ -1,6 +1,7 @@
 #include "Source/Guidance/Network/CostCache.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include "Source/Guidance/Network/TravelTime.hpp"
 
@@ -36,9 +37,9 @@ std::shared_ptr<const CostTable> CostCache::find(const Profile& profile, const C
 
 std::shared_ptr<const CostTable> CostCache::make(const Profile& profile, const Closures& closures) {
   if (closures.empty()) return std::make_shared<CostTable>(network_, profile);
-  const auto arcs = places_.closedArcs(closures);
+  auto arcs = places_.closedArcs(closures);
   const auto open = table(profile, {});
-  return arcs.empty() ? open : std::make_shared<CostTable>(*open, arcs);
+  return arcs.empty() ? open : std::make_shared<CostTable>(*open, network_, std::move(arcs));
 }
 
 }  // namespace orivanta::guidance

@@ -63,37 +63,39 @@ class ArcCost {
 
 CostTable::CostTable(const GuideNetwork& network, const Profile& profile) {
   const ArcCost costOf(network, profile);
-  costs_.reserve(network.arcs().size());
+  std::vector<std::uint32_t> costs;
+  costs.reserve(network.arcs().size());
   for (const Arc& arc : network.arcs()) {
     const double cost = costOf(arc);
-    costs_.push_back(cost < infinite ? static_cast<std::uint32_t>(std::ceil(cost)) : unusable);
+    costs.push_back(cost < infinite ? static_cast<std::uint32_t>(std::ceil(cost)) : unusable);
   }
-  setBounds(network);
-  for (Index arc = 0; arc < costs_.size(); ++arc)
-    if (costs_[arc] != unusable && network.leavesRoom(network.arcs()[arc]))
-      costs_[arc] += roomPenalty;
+  setBounds(network, costs);
+  for (Index arc = 0; arc < costs.size(); ++arc)
+    if (costs[arc] != unusable && network.leavesRoom(network.arcs()[arc]))
+      costs[arc] += roomPenalty;
+  costs_ = std::make_shared<const std::vector<std::uint32_t>>(std::move(costs));
 }
 
 // The rate is made slightly smaller than it is, for the rounding errors in its use.
-void CostTable::setBounds(const GuideNetwork& network) {
+void CostTable::setBounds(const GuideNetwork& network, const std::vector<std::uint32_t>& costs) {
   Bounds bounds;
   bounds.rate = infinite;
   const auto arcs = network.arcs();
-  for (Index arc = 0; arc < costs_.size(); ++arc)
-    if (costs_[arc] != unusable && arcs[arc].plan > 0.0)
-      bounds.rate = std::min(bounds.rate, costs_[arc] / arcs[arc].plan);
+  for (Index arc = 0; arc < costs.size(); ++arc)
+    if (costs[arc] != unusable && arcs[arc].plan > 0.0)
+      bounds.rate = std::min(bounds.rate, costs[arc] / arcs[arc].plan);
   bounds.rate = bounds.rate < infinite ? bounds.rate * (1.0 - 1e-9) : 0.0;
   const std::size_t count = network.floors().size();
   if (count <= mostFloorsWithBounds) {
     bounds.floorCount = count;
     bounds.floors.assign(count * count, infinite);
     for (std::size_t floor = 0; floor < count; ++floor) bounds.floors[floor * (count + 1)] = 0.0;
-    for (Index arc = 0; arc < costs_.size(); ++arc) {
+    for (Index arc = 0; arc < costs.size(); ++arc) {
       const Index from = network.vertex(arcs[arc].origin).floor;
       const Index to = network.vertex(arcs[arc].target).floor;
-      if (from == to || costs_[arc] == unusable) continue;
+      if (from == to || costs[arc] == unusable) continue;
       double& bound = bounds.floors[from * count + to];
-      bound = std::min(bound, std::max(0.0, costs_[arc] - bounds.rate * arcs[arc].plan));
+      bound = std::min(bound, std::max(0.0, costs[arc] - bounds.rate * arcs[arc].plan));
     }
     for (std::size_t via = 0; via < count; ++via)
       for (std::size_t from = 0; from < count; ++from)
@@ -106,17 +108,27 @@ void CostTable::setBounds(const GuideNetwork& network) {
   bounds_ = std::make_shared<const Bounds>(std::move(bounds));
 }
 
-CostTable::CostTable(const CostTable& open, std::span<const Index> closedArcs)
-    : costs_(open.costs_), bounds_(open.bounds_) {
-  for (const Index arc : closedArcs) costs_[arc] = unusable;
+CostTable::CostTable(const CostTable& open, const GuideNetwork& network,
+                     std::vector<Index> closedArcs)
+    : costs_(open.costs_),
+      closedArcs_(std::move(closedArcs)),
+      closedVertices_(network.size() / 64 + 1),
+      bounds_(open.bounds_) {
+  std::sort(closedArcs_.begin(), closedArcs_.end());
+  for (const Index arc : closedArcs_) {
+    const Index vertex = network.arcs()[arc].origin;
+    closedVertices_[vertex / 64] |= std::uint64_t{1} << vertex % 64;
+  }
 }
 
 CostTable CostTable::withPenalty(const CostTable& base, std::span<const Index> arcs) {
-  CostTable table(base, {});
+  std::vector<std::uint32_t> costs = *base.costs_;
   for (const Index arc : arcs)
-    if (table.costs_[arc] != unusable)
-      table.costs_[arc] = static_cast<std::uint32_t>(
-          std::min<std::uint64_t>(std::uint64_t{table.costs_[arc]} * 7 / 5, unusable - 1));
+    if (costs[arc] != unusable)
+      costs[arc] = static_cast<std::uint32_t>(
+          std::min<std::uint64_t>(std::uint64_t{costs[arc]} * 7 / 5, unusable - 1));
+  CostTable table = base;
+  table.costs_ = std::make_shared<const std::vector<std::uint32_t>>(std::move(costs));
   return table;
 }
 

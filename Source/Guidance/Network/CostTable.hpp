@@ -1,6 +1,7 @@
 // The costs of all arcs for one profile and one set of closures.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -30,14 +31,22 @@ class CostTable {
   /// The costs of a profile with nothing closed.
   CostTable(const GuideNetwork& network, const Profile& profile);
 
-  /// The same costs, except that these arcs cannot be used.
-  CostTable(const CostTable& open, std::span<const Index> closedArcs);
+  /// The same costs, except that these arcs cannot be used. Shares the costs with `open`, which
+  /// must have no closed arcs: the effort depends on the closed arcs only.
+  CostTable(const CostTable& open, const GuideNetwork& network, std::vector<Index> closedArcs);
 
   /// The same costs, except that these arcs cost 1.4 times as much.
   static CostTable withPenalty(const CostTable& base, std::span<const Index> arcs);
 
-  std::uint32_t operator[](Index arc) const { return costs_[arc]; }
-  const std::uint32_t* data() const { return costs_.data(); }
+  std::uint32_t operator[](Index arc) const { return isClosed(arc) ? unusable : (*costs_)[arc]; }
+
+  /// Returns the costs of all arcs as if none was closed.
+  const std::uint32_t* data() const { return costs_->data(); }
+
+  /// Returns whether an arc out of the vertex is closed.
+  bool hasClosedArcs(Index vertex) const {
+    return !closedArcs_.empty() && (closedVertices_[vertex / 64] >> vertex % 64 & 1U) != 0;
+  }
 
   /// Returns a lower bound of the cost from one floor to another, in addition to
   /// `millisecondsPerUnit` times the horizontal distance.
@@ -54,10 +63,15 @@ class CostTable {
     std::vector<double> floors;  // a square; empty if there are too many floors
   };
 
-  void setBounds(const GuideNetwork& network);
+  bool isClosed(Index arc) const {
+    return !closedArcs_.empty() && std::binary_search(closedArcs_.begin(), closedArcs_.end(), arc);
+  }
+  void setBounds(const GuideNetwork& network, const std::vector<std::uint32_t>& costs);
 
-  std::vector<std::uint32_t> costs_;
-  std::shared_ptr<const Bounds> bounds_;  // penalties and closures never make them wrong
+  std::shared_ptr<const std::vector<std::uint32_t>> costs_;
+  std::vector<Index> closedArcs_;              // sorted
+  std::vector<std::uint64_t> closedVertices_;  // a bit per vertex; empty if no arc is closed
+  std::shared_ptr<const Bounds> bounds_;       // penalties and closures never make them wrong
 };
 
 }  // namespace orivanta::guidance

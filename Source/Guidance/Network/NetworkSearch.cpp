@@ -154,9 +154,11 @@ void NetworkSearch::expand(Index vertex) {
     }
   const bool exempt = here.room != none && std::find(exemptRooms_.begin(), exemptRooms_.end(),
                                                      here.room) != exemptRooms_.end();
+  const bool anyClosed = costs_.hasClosedArcs(vertex);
   for (Index arc = here.firstArc; arc != here.endArc; ++arc) {
-    if (costs[arc] == CostTable::unusable) continue;
-    std::int64_t sum = cost + costs[arc];
+    const std::uint32_t arcCost = anyClosed ? costs_[arc] : costs[arc];
+    if (arcCost == CostTable::unusable) continue;
+    std::int64_t sum = cost + arcCost;
     if (exempt && network_.vertex(targets[arc]).room != here.room) sum -= CostTable::roomPenalty;
     reach(targets[arc], sum, arc);
   }

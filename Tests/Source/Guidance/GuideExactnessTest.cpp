@@ -72,6 +72,7 @@ class Comparison {
     request.profile = profile;
     request.closures = closures;
     request.bestOrder = below(2) == 0;
+    request.alternatives = 2;
     std::vector<NodeList> nodes;
     const std::size_t count = 2 + (below(2) == 0 ? 0 : below(isThorough ? 7 : 4));
     while (nodes.size() < count) addStop(closures, request.stops, nodes);
@@ -83,6 +84,21 @@ class Comparison {
     const Itinerary& best = plan.itineraries.front();
     EXPECT_EQ(best.costMilliseconds, *expected);
     checkPath(best, reference, nodes);
+    if (count != 2 || nodes.front().size() != 1) return;
+    for (const Itinerary& each : plan.itineraries) {
+      EXPECT_GE(each.costMilliseconds, *expected);
+      const auto described = guide_->itinerary(each.path(), nullptr, nullptr, profile);
+      ASSERT_TRUE(described);
+      if (connectorsOf(*described) == connectorsOf(each)) {
+        EXPECT_EQ(each.costMilliseconds, described->costMilliseconds);
+      }
+    }
+  }
+
+  static std::vector<std::shared_ptr<Vortex>> connectorsOf(const Itinerary& itinerary) {
+    std::vector<std::shared_ptr<Vortex>> connectors;
+    for (const Leg& leg : itinerary.legs) connectors.push_back(leg.connector);
+    return connectors;
   }
 
   // The visits are at nodes of the stops, and the nodes cost what the itinerary claims.
