@@ -68,7 +68,8 @@ class TurnChoice {
     const NearbyPlace* place;
     Position position;
 
-    auto key() const { return std::pair(rank, place); }  // the order of the places decides ties
+    // The order of the places decides ties.
+    std::pair<double, const NearbyPlace*> key() const { return {rank, place}; }
   };
 
   // Lower is better: near, by name, and passed or reached rather than behind the turn.

@@ -188,7 +188,10 @@ TEST(StepBuilder, TellsTheTurnsOfDrawnWalks) {
       // The ends of walks and rides.
       {"0,0 From@0,4 0,6 30,6", "depart R90, arrive"},
       {"0,0 From@0,4 0,16 30,16", "depart, turn R90, arrive"},
+      {"0,0 From@-4,4 30,4", "depart R135, arrive"},
+      {"0,0 20,0 From@20,20 20,60", "depart, arrive"},
       {"0,0 30,0 To@30,2 30,5", "depart, arrive left"},
+      {"0,0 30,0 To@30,-6 30.9,-6.5", "depart, turn R82, arrive left"},
       {"0,0 30,0 To@40,0 45,0", "depart, arrive ahead"},
       {"0,0 30,0 30,6 To@27,6 25,6", "depart, turn L90, arrive left"},
       {"0,0 30,0 30,5 lift:30,5 30,20", "depart, ride left, leave, arrive"},
@@ -203,6 +206,7 @@ TEST(StepBuilder, TellsTheTurnsOfDrawnWalks) {
       // Detours of the network: to a node and back.
       {"0,0 From@0,4 8,4.5 -30,5 -30,40", "depart L88, turn R88, arrive"},
       {"0,40 0,0 38,0 To@30,1 30,4", "depart, turn L92, arrive left"},
+      {"0,40 0,0 38,0 To@30,0.5 22,1", "depart, turn L90, turn around L176, arrive ahead"},
       {"0,0 30,0 30,20 29,10 0,10", "depart, turn L90, turn around L174, turn R84, arrive"},
       // Landmarks: each once, by name, or as the only one of its kind.
       {"0,0 30,0 30,40", "depart, turn L90 after Cafe, arrive", "Cafe@26,3~1"},
