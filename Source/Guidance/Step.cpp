@@ -1,5 +1,7 @@
 #include "Source/Guidance/Step.hpp"
 
+#include <algorithm>
+
 #include "Source/Node.hpp"
 
 namespace orivanta::guidance {
@@ -28,8 +30,9 @@ std::shared_ptr<const Direction::Action> actionOf(const Itinerary& itinerary, co
     case Step::Kind::arrive:
       return std::make_shared<Direction::Arrival>();
     case Step::Kind::ride: {
-      const auto& last = itinerary.legs[step.lastLeg].nodes.back();
-      return std::make_shared<Direction::TakeVortex>(itinerary.legs[step.leg].map, last->map);
+      const Leg& last = itinerary.legs[std::max(step.leg, step.lastLeg)];
+      return std::make_shared<Direction::TakeVortex>(itinerary.legs[step.leg].map,
+                                                     last.nodes.back()->map);
     }
     default:
       return turnOf(step);
@@ -50,6 +53,9 @@ std::shared_ptr<Directions> asDirections(const Itinerary& itinerary, const std::
   directions->path = itinerary.path();
   for (std::size_t i = 0; i < steps.size(); ++i) {
     const Step& step = steps[i];
+    if (std::max(step.leg, step.lastLeg) >= itinerary.legs.size() ||
+        step.first >= itinerary.legs[step.leg].nodes.size())
+      continue;
     directions->directions.emplace_back(itinerary.legs[step.leg].nodes[step.first],
                                         actionOf(itinerary, step), placeOf(step),
                                         i < texts.size() ? texts[i] : std::string());

@@ -81,7 +81,8 @@ struct Step {
 /// Returns the same instructions in the form of `Directions`: turns become `Turn`, rides
 /// `TakeVortex`; sharp turns and turning around become `Left` and `Right`, bearing becomes
 /// `SlightLeft` and `SlightRight`. `texts` are the texts of the steps; a missing one is empty.
-/// Returns null if the itinerary has no legs.
+/// Steps that refer to missing legs or nodes are omitted. Returns null if the itinerary has no
+/// legs.
 ORIVANTA_API std::shared_ptr<Directions> asDirections(const Itinerary& itinerary,
                                                       const std::vector<Step>& steps,
                                                       const std::vector<std::string>& texts);

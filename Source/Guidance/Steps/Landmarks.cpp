@@ -12,13 +12,14 @@ namespace {
 
 using Position = Direction::Turn::ReferencePosition;
 
-constexpr double nearTurn = 9.0;       // meters
-constexpr double nearWalk = 6.0;       // meters
-constexpr double onTheLine = 0.7;      // meters; an entrance there is on no side
-constexpr double atTheTurn = 2.0;      // meters
-constexpr double aheadDegrees = 25.0;  // an entrance within this angle is ahead
-constexpr double sideDegrees = 60.0;   // one up to this angle is behind the turn, on its side
-constexpr double pastDegrees = 115.0;  // one from this angle on is before the turn
+constexpr double nearTurn = 9.0;         // meters
+constexpr double farthestOnFoot = 12.0;  // meters
+constexpr double nearWalk = 6.0;         // meters
+constexpr double onTheLine = 0.7;        // meters; an entrance there is on no side
+constexpr double atTheTurn = 2.0;        // meters
+constexpr double aheadDegrees = 25.0;    // an entrance within this angle is ahead
+constexpr double sideDegrees = 60.0;     // one up to this angle is behind the turn, on its side
+constexpr double pastDegrees = 115.0;    // one from this angle on is before the turn
 
 // Where the turn is, seen from an entrance near it; nothing if that cannot be told clearly.
 std::optional<Position> positionOf(const NearbyPlace& place, const Turn& turn,
@@ -34,11 +35,54 @@ std::optional<Position> positionOf(const NearbyPlace& place, const Turn& turn,
   return std::nullopt;
 }
 
-// Lower is better: near, by name, and passed or reached rather than behind the turn.
-double rank(const NearbyPlace& place, Position position, PlanePoint corner) {
-  return length(place.entrance - corner) + (place.category ? 5.0 : 0.0) +
-         (position == Position::Before ? 3.0 : 0.0);
-}
+// The choice of a place at a turn. Of the entrances of a place that is not clearly on one side of
+// the turn, none counts.
+class TurnChoice {
+ public:
+  TurnChoice(const Turn& turn, const WalkLine& line)
+      : turn_(turn), line_(line), corner_(line.point(turn.first)) {}
+
+  void consider(const NearbyPlace& place) {
+    const double way = place.onFoot + std::abs(place.along - line_.along(turn_.first));
+    if (length(place.entrance - corner_) > nearTurn || way > farthestOnFoot) return;
+    const auto position = positionOf(place, turn_, line_);
+    const auto [entry, isNew] = candidates_.try_emplace(place.place.get());
+    auto& candidate = entry->second;
+    if (!isNew && (!candidate || candidate->position != position))
+      candidate.reset();
+    else if (position)
+      candidate = Candidate{rank(place, *position), &place, *position};
+  }
+
+  std::optional<Landmark> best() const {
+    std::optional<Candidate> best;
+    for (const auto& [place, candidate] : candidates_)
+      if (candidate && (!best || candidate->key() < best->key())) best = candidate;
+    if (!best) return std::nullopt;
+    return Landmark{best->place->place, best->place->category, best->position};
+  }
+
+ private:
+  struct Candidate {
+    double rank;
+    const NearbyPlace* place;
+    Position position;
+
+    // The order of the places decides ties.
+    std::pair<double, const NearbyPlace*> key() const { return {rank, place}; }
+  };
+
+  // Lower is better: near, by name, and passed or reached rather than behind the turn.
+  double rank(const NearbyPlace& place, Position position) const {
+    return length(place.entrance - corner_) + (place.category ? 5.0 : 0.0) +
+           (position == Position::Before ? 3.0 : 0.0);
+  }
+
+  const Turn& turn_;
+  const WalkLine& line_;
+  const PlanePoint corner_;
+  std::unordered_map<const Location*, std::optional<Candidate>> candidates_;
+};
 
 }  // namespace
 
@@ -48,34 +92,13 @@ Landmarks::Landmarks(const Itinerary& itinerary) {
 
 std::optional<Landmark> Landmarks::at(const Turn& turn, const WalkLine& line,
                                       const NearbyPlaces& nearby) {
-  struct Choice {
-    const NearbyPlace* place;
-    Position position;
-  };
-  const PlanePoint corner = line.point(turn.first);
-  std::unordered_map<const Location*, std::optional<Choice>> choices;
+  TurnChoice choice(turn, line);
   const double along = line.along(turn.first);
-  for (const NearbyPlace& place : nearby.between(along - nearTurn, along + nearTurn)) {
-    if (used_.contains(place.place.get()) || length(place.entrance - corner) > nearTurn ||
-        place.onFoot + std::abs(place.along - along) > 12.0)
-      continue;
-    const auto position = positionOf(place, turn, line);
-    const auto [entry, isNew] = choices.try_emplace(place.place.get());
-    // A place with doors on both sides of the turn tells nothing.
-    if (!isNew && (!entry->second || entry->second->position != position))
-      entry->second.reset();
-    else if (position)
-      entry->second = Choice{&place, *position};
-  }
-  const Choice* best = nullptr;
-  const auto key = [&](const Choice& choice) {  // the order of the places decides ties
-    return std::pair(rank(*choice.place, choice.position, corner), choice.place);
-  };
-  for (const auto& [place, choice] : choices)
-    if (choice && (best == nullptr || key(*choice) < key(*best))) best = &*choice;
-  if (best == nullptr) return std::nullopt;
-  used_.insert(best->place->place.get());
-  return Landmark{best->place->place, best->place->category, best->position};
+  for (const NearbyPlace& place : nearby.between(along - nearTurn, along + nearTurn))
+    if (!used_.contains(place.place.get())) choice.consider(place);
+  auto landmark = choice.best();
+  if (landmark) used_.insert(landmark->place.get());
+  return landmark;
 }
 
 const NearbyPlace* Landmarks::passedNext(double target, double begin, double end,

@@ -22,11 +22,8 @@ WalkSteps::WalkSteps(const Itinerary& itinerary, const Section& section,
   removeOvershoots(line_, ends);
   const WalkPlan plan(line_, section, ends);
   addFirst(section, plan);
-  if (section.departure == nullptr && section.firstLeg > 0) {
-    const double reach = plan.first ? line_.along(plan.first->turn.first) : aloneMeters;
-    steps.front().side = sideAfter(itinerary.legs[section.firstLeg - 1], line_,
-                                   std::min(reach, aloneMeters), surroundings.metersPerUnit());
-  }
+  if (section.departure == nullptr && section.firstLeg > 0)
+    steps.front().side = sideAfterRide(itinerary.legs[section.firstLeg - 1], plan, surroundings);
   addTurns(plan.turns);
   if (section.arrival != nullptr)
     addArrival(section, plan);
@@ -35,6 +32,12 @@ WalkSteps::WalkSteps(const Itinerary& itinerary, const Section& section,
   measure();
   mention(NearbyPlaces(line_, surroundings), plan, ends, landmarks);
   dropEmptyLeave();
+}
+
+Side WalkSteps::sideAfterRide(const Leg& ride, const WalkPlan& plan,
+                              const Surroundings& surroundings) const {
+  const double reach = plan.first ? line_.along(plan.first->turn.first) : aloneMeters;
+  return sideAfter(ride, line_, std::min(reach, aloneMeters), surroundings.metersPerUnit());
 }
 
 // Adds an instruction between two points of the line. `told` may be null.
@@ -76,7 +79,10 @@ void WalkSteps::addArrival(const Section& section, const WalkPlan& plan) {
   step.kind = Step::Kind::arrive;
   step.place = section.arrival->location;
   step.side = plan.endSide;
-  add(std::move(step), nullptr, plan.endFirst, line_.size() - 1, line_.size() - 1);
+  const std::size_t end = line_.size() - 1;
+  std::size_t first = plan.endFirst;
+  while (line_.leg(first) != line_.leg(end)) ++first;
+  add(std::move(step), nullptr, first, end, end);
 }
 
 // The point of the line where the walk after an instruction ends.

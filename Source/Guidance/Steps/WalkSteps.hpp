@@ -32,6 +32,7 @@ class WalkSteps {
   void addFirst(const Section& section, const WalkPlan& plan);
   void addTurns(const std::vector<ToldTurn>& turns);
   void addArrival(const Section& section, const WalkPlan& plan);
+  Side sideAfterRide(const Leg& ride, const WalkPlan& plan, const Surroundings& surroundings) const;
   void measure();
   void dropEmptyLeave();
   void mention(const NearbyPlaces& nearby, const WalkPlan& plan, const WalkEnds& ends,

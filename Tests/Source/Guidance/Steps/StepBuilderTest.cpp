@@ -188,7 +188,10 @@ TEST(StepBuilder, TellsTheTurnsOfDrawnWalks) {
       // The ends of walks and rides.
       {"0,0 From@0,4 0,6 30,6", "depart R90, arrive"},
       {"0,0 From@0,4 0,16 30,16", "depart, turn R90, arrive"},
+      {"0,0 From@-4,4 30,4", "depart R135, arrive"},
+      {"0,0 20,0 From@20,20 20,60", "depart, arrive"},
       {"0,0 30,0 To@30,2 30,5", "depart, arrive left"},
+      {"0,0 30,0 To@30,-6 30.9,-6.5", "depart, turn R82, arrive left"},
       {"0,0 30,0 To@40,0 45,0", "depart, arrive ahead"},
       {"0,0 30,0 30,6 To@27,6 25,6", "depart, turn L90, arrive left"},
       {"0,0 30,0 30,5 lift:30,5 30,20", "depart, ride left, leave, arrive"},
@@ -203,6 +206,7 @@ TEST(StepBuilder, TellsTheTurnsOfDrawnWalks) {
       // Detours of the network: to a node and back.
       {"0,0 From@0,4 8,4.5 -30,5 -30,40", "depart L88, turn R88, arrive"},
       {"0,40 0,0 38,0 To@30,1 30,4", "depart, turn L92, arrive left"},
+      {"0,40 0,0 38,0 To@30,0.5 22,1", "depart, turn L90, turn around L176, arrive ahead"},
       {"0,0 30,0 30,20 29,10 0,10", "depart, turn L90, turn around L174, turn R84, arrive"},
       // Landmarks: each once, by name, or as the only one of its kind.
       {"0,0 30,0 30,40", "depart, turn L90 after Cafe, arrive", "Cafe@26,3~1"},
@@ -215,7 +219,7 @@ TEST(StepBuilder, TellsTheTurnsOfDrawnWalks) {
       {"0,0 20,0 40,0", "depart passing Cafe right, arrive", "Cafe@20,-4~1"},
       {"0,0 20,0 40,0", "depart, arrive", "Cafe@20,-7~1"},
       {"0,0 20,0 80,0 90,0", "depart passing A right passing B left, arrive", "A@20,-4~1 B@80,4~2"},
-      {"0,0 From@2,0 20,0 60,0 From@80,0 90,0", "depart, arrive"},
+      {"0,0 20,0 40,0", "depart, arrive", "From@20,3~1"},
       {"0,0 30,0 To@30,2 30,5", "depart, arrive left opposite Cafe", "Cafe@30,-2~1"}};
   for (const auto& test : cases)
     EXPECT_EQ(textOf(Scene(test.path, test.doors)), test.steps) << test.path << " " << test.doors;
@@ -255,8 +259,9 @@ TEST(StepBuilder, SurvivesHostileItineraries) {
     nodes.back()->x = i % 1000 == 0 ? values[i / 1000 % 5] : i / 2 * 9.0;
     nodes.back()->y = i % 4 < 2 ? 0.0 : 40.0;
   }
-  for (const Step& step : stepsOf(itinerary, surroundings))
-    ASSERT_TRUE(std::isfinite(step.turnDegrees) && std::isfinite(step.metersToNext));
+  const auto steps = stepsOf(itinerary, surroundings);
+  EXPECT_GT(steps.size(), 40'000U);
+  for (const Step& step : steps) ASSERT_TRUE(std::isfinite(step.turnDegrees));
 }
 
 TEST(Step, BecomesADirection) {
