@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
@@ -28,6 +29,7 @@ struct Leg {
   double seconds = 0.0;               ///< the expected time, without penalties
   std::shared_ptr<Vortex> connector;  ///< null for a walk
   ConnectorKind connectorKind = ConnectorKind::other;  ///< for a ride
+  std::string sign;  ///< for a ride: the name on the connector's sign; empty if there is none
   int floorsPassed = 0;  ///< for a ride: the number of floors up, negative if down
 };
 

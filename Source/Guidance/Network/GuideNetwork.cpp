@@ -9,6 +9,7 @@
 
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Source/Graph/SpatialOrder.hpp"
+#include "Source/Guidance/Network/ConnectorSign.hpp"
 #include "Source/Guidance/Network/Rooms.hpp"
 #include "Source/Guidance/Network/TravelTime.hpp"
 #include "Source/Map.hpp"
@@ -113,6 +114,7 @@ void GuideNetwork::addWalkingArcs(const Venue& venue) {
 
 void GuideNetwork::addConnectors(const Venue& venue) {
   if (!venue.vortices) return;
+  const ConnectorSigns signs(venue);
   std::size_t rides = 0;
   for (const auto& vortex : *venue.vortices) {
     std::vector<Index> stops;
@@ -120,7 +122,8 @@ void GuideNetwork::addConnectors(const Venue& venue) {
       if (const auto index = find(node.get())) stops.push_back(*index);
     std::sort(stops.begin(), stops.end());
     stops.erase(std::unique(stops.begin(), stops.end()), stops.end());
-    connectors_.push_back({vortex, connectorKindOf(vortex->type.value_or("")), {}});
+    connectors_.push_back(
+        {vortex, connectorKindOf(vortex->type.value_or("")), signs.signOf(*vortex), {}});
     if (!stops.empty() && stops.size() > (mostRides - rides) / stops.size()) {
       foundation::diagnostic(
           fmt::format("too many rides: connector {} is left out", vortex->id.value_or("")));

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -48,6 +49,7 @@ class GuideNetwork {
   struct Connector {
     std::shared_ptr<Vortex> record;
     ConnectorKind kind;
+    std::string sign;  ///< see `ConnectorSigns`
     std::vector<Index> arcs;
   };
   struct Floor {

@@ -59,6 +59,7 @@ void ItineraryBuilder::beginLeg(const Hop& hop) {
     leg.kind = Leg::Kind::ride;
     leg.connector = data_.network.connectors()[connector].record;
     leg.connectorKind = data_.network.connectors()[connector].kind;
+    leg.sign = data_.network.connectors()[connector].sign;
   }
   legStart_ = hop.from;
   itinerary_.legs.push_back(std::move(leg));

@@ -1,12 +1,11 @@
 #include "Source/Guidance/Words/MessageKeys.hpp"
 
-#include "Source/Guidance/GeneratedName.hpp"
 #include "Source/Location.hpp"
 
 namespace orivanta::guidance {
 
 std::string spokenName(const Location* place) {
-  if (place == nullptr || hasGeneratedName(*place)) return {};
+  if (place == nullptr || place->_data["nameGenerated"].bool_().value_or(false)) return {};
   return place->name.value_or("");
 }
 

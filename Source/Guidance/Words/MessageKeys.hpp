@@ -9,7 +9,7 @@
 namespace orivanta::guidance {
 
 /// Returns the name of a place, or an empty text if it is null, has no name or has a name that a
-/// converter invented (see `hasGeneratedName`).
+/// converter invented (`nameGenerated`).
 std::string spokenName(const Location* place);
 
 /// Returns the part of a message's key for the kind of a connector.

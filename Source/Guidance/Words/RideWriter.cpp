@@ -72,7 +72,7 @@ std::string RideWriter::connector() const {
   const std::string key =
       "connector." + keyOf(first_ == nullptr ? ConnectorKind::other : first_->connectorKind);
   const std::string words = messages_.format(key + keyOf(step_.side));
-  const std::string name = spokenName(first_ == nullptr ? nullptr : first_->connector.get());
+  const std::string name = first_ == nullptr ? std::string() : first_->sign;
   const std::string sign = messages_.name(name);
   if (sign.empty() || endsInName(messages_.format(key), name)) return words;
   return messages_.format("connector.sign", {{"connector", words}, {"sign", sign}});

@@ -6,6 +6,7 @@
 #include <boost/algorithm/string/replace.hpp>
 #include <limits>
 
+#include "Source/Guidance/Network/ConnectorSign.hpp"
 #include "Source/Guidance/Words/Messages.hpp"
 #include "Source/Guidance/Words/Placeholders.hpp"
 #include "Tests/Support/MessageFile.hpp"
@@ -29,6 +30,7 @@ class NarratorTest : public testing::Test {
     bakery_ = venue->locations->at(0);
     food_ = bakery_->categories.front();
     stairs_ = venue->vortices->at(1);
+    sign_ = ConnectorSigns(*venue).signOf(*stairs_);
     lower_ = venue->nodes->at(1);
     upper_ = venue->nodes->at(5);
     itinerary_.hasScale = true;
@@ -38,11 +40,12 @@ class NarratorTest : public testing::Test {
   std::vector<Step> routeUpstairs() {
     itinerary_.legs.assign(3, Leg());
     for (Leg& leg : itinerary_.legs)
-      leg = {Leg::Kind::walk, {lower_}, lower_->map, 145, 100, {}, {}, 0};
+      leg = {Leg::Kind::walk, {lower_}, lower_->map, 145, 100, {}, {}, {}, 0};
     itinerary_.legs[1].kind = Leg::Kind::ride;
     itinerary_.legs[1].nodes = {lower_, upper_};
     itinerary_.legs[1].connector = stairs_;
     itinerary_.legs[1].connectorKind = ConnectorKind::stairs;
+    itinerary_.legs[1].sign = sign_;
     itinerary_.legs[1].floorsPassed = 1;
     std::vector<Step> steps(5);
     steps[0].kind = Step::Kind::depart;
@@ -78,6 +81,7 @@ class NarratorTest : public testing::Test {
   std::shared_ptr<Location> shop_;
   std::shared_ptr<Category> food_;
   std::shared_ptr<Vortex> stairs_;
+  std::string sign_;
   std::shared_ptr<Node> lower_;
   std::shared_ptr<Node> upper_;
   Itinerary itinerary_;

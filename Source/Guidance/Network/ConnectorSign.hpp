@@ -1,0 +1,25 @@
+// The name that a connector's sign shows.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+
+#include "Source/Fwd.hpp"
+
+namespace orivanta::guidance {
+
+/// Knows the categories of a venue, which must outlive it unchanged.
+class ConnectorSigns {
+ public:
+  explicit ConnectorSigns(const Venue& venue);
+
+  /// Returns the name of a connector, or an empty text if no sign shows it: if the record has
+  /// `"nameGenerated": true`, or if the name is only the name of one of its categories and a number
+  /// after a space, such as "Escalator 2".
+  std::string signOf(const Vortex& connector) const;
+
+ private:
+  std::unordered_map<std::string, const Category*> categories_;  // by identifier
+};
+
+}  // namespace orivanta::guidance
