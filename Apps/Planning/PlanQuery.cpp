@@ -185,7 +185,8 @@ Request requestOf(const Venue& venue, const PlanQuery& query, const guidance::Cl
                                       printable(*query.at)));
   }
   if (query.alternatives < 0 || query.alternatives > mostAlternatives)
-    fail(Kind::invalid, fmt::format("at most {} alternatives are found", mostAlternatives));
+    fail(Kind::invalid,
+         fmt::format("the number of alternatives must be 0 to {}", mostAlternatives));
   request.alternatives = query.alternatives;
   request.bestOrder = query.bestOrder;
   std::vector<std::string> closed = closures.identifiers();

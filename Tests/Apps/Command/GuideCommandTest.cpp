@@ -21,9 +21,10 @@ class GuideCommand : public testing::Test {
     venue.nodes.replace(venue.nodes.find(R"([{"node": "u2"}])"), 16,
                         R"([{"node": "u2"}, {"node": "u3"}])");
     venue.locations.back() = ',';
-    venue.locations += R"({"id": "l3", "name": "Tea Room", "nodes": [{"node": "u3"}],
-        "categories": ["c1"], "hours": "09:00-18:00"}, {"id": "l4", "name": "Tea Stall"},
-        {"id": "l5", "name": "Kiosk", "nodes": [{"node": "n4"}]}])";
+    venue.locations +=
+        R"({"id": "l3", "name": "Tea Room", "type": "shop", "nodes": [{"node": "u3"}],
+        "categories": ["c1"], "hours": "09:00-18:00"}, {"id": "l4", "name": "Tea Stall", "type": "shop"},
+        {"id": "l5", "name": "Kiosk", "type": "shop", "nodes": [{"node": "n4"}]}])";
     test::writePackage(folder_, "package", venue);
     server::ServerOptions options;
     options.folders = {folder_.path()};
@@ -65,8 +66,8 @@ TEST_F(GuideCommand, AnswersQueries) {
       {{"--to", "l3", "--at", "2026-11-21T18:00"}, 1, {}, "Tea Room"},
       {{"--to", "l5", "--guide"}, 1, {}, "Kiosk"},
       {{"--to", "l4", "--guide"}, 1, {}, "Tea Stall"},
-      {{"--nearest", "c1"}, 0, {"Book Shop"}},
-      {{"--nearest", "SHOPS", "--closed", "l2"}, 0, {"Tea Room"}},
+      {{"--nearest", "c1"}, 0, {"You have arrived at Bakery."}},
+      {{"--nearest", "SHOPS", "--closed", "l2", "--closed", "l1"}, 0, {"Tea Room"}},
       {{"--to", "n3", "--via", "u2", "--via", "n2", "--json"}, 0, {R"({"stop":1,"leg":2,)"}},
       {{"--to", "n1", "--via", "u3", "--via", "n2", "--best-order", "--json"},
        0,
@@ -81,7 +82,7 @@ TEST_F(GuideCommand, AnswersQueries) {
       {{"--to", "@F1,1,nan", "--guide"}, 2, {}, "not a position"},
       {{"--to", "l2", "--at", "noon"}, 2, {}, "not a local time"},
       {{"--to", "l2", "--speed", "nan"}, 2, {}, "0.2 to 5"},
-      {{"--to", "l2", "--alternatives", "5"}, 2, {}, "at most 4"},
+      {{"--to", "l2", "--alternatives", "5"}, 2, {}, "must be 0 to 4"},
       {{"--to", "l2", "--profile", "flying"}, 2, {}, "--profile"},
       {{"--to", "l2", "--nearest", "c1"}, 2, {}, "either --to or --nearest"},
       {{"--guide"}, 2, {}, "--to"},
@@ -104,7 +105,7 @@ TEST_F(GuideCommand, AnswersABatch) {
   const std::pair<std::string, std::string> cases[] = {
       {R"("fromLocation":"l1","to":"@F1,5,9","language":"de")", R"("language":"de")"},
       {R"("from":["n4","n1"],"to":["u3"],"guide":true)", R"("path":["n1","n2","u2","u1","u3"])"},
-      {R"("from":"bakery","nearest":"c1","closed":["l2"])", R"("location":"l3")"},
+      {R"("from":"bakery","nearest":"c1","closed":["l2","l1"])", R"("location":"l3")"},
       {R"("from":"l1","to":"l2","alternatives":1,"via":"n2")", R"("alternatives":[)"},
       {R"("from":"l1","to":"l2","closed":["l2"])", R"("problem":{"kind":"closed")"},
       {R"("path":["n1","n2","n3","u1"],"speed":2)", R"("seconds":1.5,)"},
@@ -113,7 +114,6 @@ TEST_F(GuideCommand, AnswersABatch) {
       {R"("path":["n1","n3"])", R"("error":"\"path\" must be)"},
       {R"("path":"n1")", R"("error":"\"path\" must be)"},
       {R"("path":["n1"],"profile":"flying")", R"("error":"\"flying\" is not a profile)"},
-      {R"("from":"l1","to":"l2","guide":1)", R"("guide")"},
       {R"("from":"l1","fromLocation":"l1","to":"l2","guide":true)", R"("error":"specify either)"},
       {R"("from":"l1","to":"l2","speed":"1")", R"("error":"\"speed\" must be a number)"},
       {R"("from":"l1","to":"l2","alternatives":1.5)", R"("error":"\"alternatives\" must be)"},

@@ -61,7 +61,7 @@ TEST_F(RouteServing, AnswersQueries) {
       {"&to=Book+Shop", 200, R"("path":["n1","n2","u2"])"},
       {"&to=l2&profile=step-free", 200, R"("path":["n1","n2","n3","u1","u2"])"},
       {"&to=l2&closed=stairs", 200, R"("path":["n1","n2","n3","u1","u2"])"},
-      {"&nearest=c1&at=2026-11-21T18:30", 200, R"("location":"l2")"},
+      {"&nearest=c1&closed=l1&at=2026-11-21T18:30", 200, R"("location":"l2")"},
       {"&to=%40F1,5,9&speed=0.5&avoid-outdoors", 200, R"("meters":)"},
       {"&to=n1&via=u2&via=n2&best-order=1&alternatives=2", 200, R"("visits":[{"stop":0,)"},
       {"&to=n3&to=n2&flying=1", 200, R"("path":["n1","n2"])"},
@@ -69,14 +69,15 @@ TEST_F(RouteServing, AnswersQueries) {
       {"", 400, "The destination of the route is missing."},
       {"&to=", 400, "A place must not be an empty text."},
       {"&to=zoo", 404, R"(The venue has no location or node \"zoo\".)"},
-      {"&to=k", 400, "names 2 places; give the identifier of one: l1 Bakery (G), l2 Book Shop (F1)."},
+      {"&to=k", 400,
+       "names 2 places; give the identifier of one: l1 (Bakery, G), l2 (Book Shop, F1)."},
       {"&nearest=c9", 404, "has no category"},
       {"&to=l2&nearest=c1", 400, "either a destination"},
       {"&to=l2&profile=", 400, "is not a profile"},
       {"&to=l2&at=now", 400, "not a local time"},
       {"&to=l2&speed=fast", 400, "Speed must be a number."},
       {"&to=l2&speed=nan", 400, "0.2 to 5"},
-      {"&to=l2&alternatives=-1", 400, "at most 4"},
+      {"&to=l2&alternatives=-1", 400, "must be 0 to 4"},
       {"&to=l2&alternatives=99999999999", 400, "must be a number"},
       {"&to=l2&best-order=maybe", 400, "must be 0 or 1"},
       {"&to=l2" + many, 400, "Via must not occur more than 10 times."},
@@ -181,7 +182,9 @@ TEST_F(RouteServing, SurvivesClientsAndServersThatLeave) {
       clients.push_back(std::make_unique<RawClient>(server_->root()));
       clients.back()->send(route);
     }
-    if (round % 2 == 0) EXPECT_EQ(clients.back()->read().result_int(), 200U);
+    if (round % 2 == 0) {
+      EXPECT_EQ(clients.back()->read().result_int(), 200U);
+    }
     start();  // destroys the other server
   }
 }

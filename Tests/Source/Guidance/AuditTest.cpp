@@ -25,12 +25,12 @@ test::TwoFloorVenue records(const std::string& typeOfN1) {
   records.vortices +=
       R"({"id": "lift2", "name": "Lift 2", "type": "lift", "nodes": ["u1", "t1"]}])";
   records.locations = R"([
-      {"id": "l2", "name": "Book Shop", "nodes": [{"node": "u2"}]},
+      {"id": "l2", "name": "Book Shop", "type": "shop", "nodes": [{"node": "u2"}]},
       {"id": "in", "name": "North", "type": ")" +
                       typeOfN1 + R"(", "nodes": [{"node": "n1"}]},
-      {"id": "none", "name": "Without nodes"},
-      {"id": "top", "name": "Terrace", "nodes": [{"node": "t1"}]},
-      {"id": "lost", "name": "Lost", "nodes": [{"node": "n4"}]}])";
+      {"id": "none", "name": "Without nodes", "type": "shop"},
+      {"id": "top", "name": "Terrace", "type": "shop", "nodes": [{"node": "t1"}]},
+      {"id": "lost", "name": "Lost", "type": "shop", "nodes": [{"node": "n4"}]}])";
   return records;
 }
 
@@ -68,11 +68,12 @@ TEST(Audit, KnowsEntrances) {
   const std::pair<const char*, bool> cases[] = {
       {R"({"id": "a", "name": "A", "type": "exit"})", true},
       {R"({"id": "a", "name": "A", "type": "Entrance hall"})", false},
-      {R"({"id": "a", "name": "Entrance"})", false},
+      {R"({"id": "a", "name": "Entrance", "type": "shop"})", false},
   };
   for (const auto& [json, expected] : cases)
     EXPECT_EQ(isEntrance(*Location::make(*RawData::parse(json))), expected) << json;
-  const auto location = Location::make(*RawData::parse(R"({"id": "a", "name": "A"})"));
+  const auto location =
+      Location::make(*RawData::parse(R"({"id": "a", "name": "A", "type": "shop"})"));
   location->categories = {
       Category::make(*RawData::parse(R"({"id": "cat-entrance", "name": "E"})"))};
   EXPECT_TRUE(isEntrance(*location));
