@@ -66,7 +66,7 @@ void WalkSteps::addFirst(const Section& section, const WalkPlan& plan) {
   add(std::move(step), plan.first ? &*plan.first : nullptr, 0, plan.first ? plan.first->last() : 0,
       0);
   // Outside a door, a traveler can only go left or right.
-  Sharpness& sharpness = steps_.back().sharpness;
+  Sharpness& sharpness = steps.back().sharpness;
   if (departs && (sharpness == Sharpness::sharp || sharpness == Sharpness::around))
     sharpness = Sharpness::turn;
 }
