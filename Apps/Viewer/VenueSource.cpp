@@ -134,7 +134,7 @@ void VenueSource::fetchClosures(const std::string& slug,
                          .ApiHttpSession.get("closure", {{"venue", slug}}, {rules, nullptr, token})
                          .onPage<std::vector<std::string>>({}, withIdentifiers);
   chain.onComplete(tell);
-  chain.onError([tell](const foundation::Error&) { tell({}); });
+  chain.onError([](const foundation::Error&) {});
 }
 
 }  // namespace orivanta::viewer

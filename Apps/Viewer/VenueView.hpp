@@ -84,6 +84,9 @@ class VenueView : public view::View, public MapViewDelegate {
   /// Marks what is closed, and plans the current route again if that has changed.
   void setClosures(const guidance::Closures& closures);
 
+  /// Whether a place is in the closures.
+  bool isClosed(const Location& place) const;
+
   /// Starts or ends a simulated walk along the current route. Does nothing if there is none.
   void toggleWalk();
 
@@ -99,6 +102,9 @@ class VenueView : public view::View, public MapViewDelegate {
 
   /// Returns the route that is shown, or null.
   const GuidedRoute* route() const;
+
+  /// Whether a route is being planned.
+  bool isPlanning() const { return guide_.isBusy(); }
 
   /// Returns the walk that is running or has ended at the destination, or null.
   const Walker* walker() const { return walker_.get(); }
@@ -139,7 +145,6 @@ class VenueView : public view::View, public MapViewDelegate {
   void mark(const std::shared_ptr<Location>& place);
   void fetchPicture(const std::shared_ptr<Location>& place);
   void offerRoutes(const std::shared_ptr<Location>& place);
-  bool isClosed(const Location& place) const;
   void markClosed();
   bool hasStops() const { return from_ || to_ || nearest_; }
   bool isComplete() const { return from_ && (to_ || nearest_); }

@@ -12,7 +12,7 @@ namespace {
 constexpr double columnWidth = 344;  // points
 constexpr double gap = 12;
 constexpr double narrowMargin = 12;
-constexpr double mostSheetShare = 0.46;  // of a phone's height
+constexpr double mostSheetShare = 0.5;  // of a phone's height
 
 struct MapButton {
   const char* sign;

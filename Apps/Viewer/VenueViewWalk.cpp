@@ -24,6 +24,7 @@ void VenueView::toggleWalk() {
   if (!isLoaded_ || !route() || route()->steps.empty()) return;
   walker_ = std::make_unique<Walker>(*plan_.guide, route()->itinerary);
   walkPose_.reset();
+  routePanel_->setWalking(true);
   showFloor(walker_->floor());
 }
 
@@ -31,6 +32,7 @@ void VenueView::stopWalk() {
   if (!walker_) return;
   walker_.reset();
   clearPosition();
+  routePanel_->setWalking(false);
   if (!route()) return;
   routePanel_->setCurrentStep(std::nullopt);
   routePanel_->setRemark(arrivalText(*route()));

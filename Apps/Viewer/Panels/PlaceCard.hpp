@@ -30,6 +30,7 @@ class PlaceCard : public Panel {
 
   /// Says whether the place is closed.
   void setPlaceClosed(bool isClosed);
+  bool saysClosed() const { return !closed_->text().empty(); }
 
   /// Offers to make the place a stop of the current route.
   void setCanAddStop(bool can) { canAddStop_ = can; }

@@ -147,7 +147,7 @@ double RoutePanel::arrangeSummary(double width, double top) {
   summary_->setFrame({{theme::padding, top}, {textWidth, height}});
   arrival_->setFrame({{width - theme::padding - arrivalWidth, top}, {arrivalWidth, height}});
   top += height;
-  routes_->setHidden(routes_->size() < 2);
+  routes_->setHidden(routes_->size() < 2 || isWalking_);
   if (!routes_->isHidden()) {
     routes_->setFrame({{theme::padding, top}, {inner, segmentsHeight}});
     routes_->arrange();
@@ -163,9 +163,13 @@ double RoutePanel::arrangeSummary(double width, double top) {
 
 double RoutePanel::arrange(double width, double mostHeight) {
   double top = arrangeStops(width) + gap;
-  profiles_->setFrame({{theme::padding, top}, {width - 2 * theme::padding, segmentsHeight}});
-  profiles_->arrange();
-  top = arrangeSummary(width, top + segmentsHeight + 4);
+  profiles_->setHidden(isWalking_);
+  if (!isWalking_) {
+    profiles_->setFrame({{theme::padding, top}, {width - 2 * theme::padding, segmentsHeight}});
+    profiles_->arrange();
+    top += segmentsHeight + 4;
+  }
+  top = arrangeSummary(width, top);
   const double height = steps_->heightFor(width, mostHeight - top - gap);
   steps_->setFrame({{0, top}, {width, height}});
   steps_->arrange();

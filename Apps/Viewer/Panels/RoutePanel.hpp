@@ -54,6 +54,9 @@ class RoutePanel : public Panel {
   /// Replaces the line beside the summary, such as the time of arrival.
   void setRemark(std::string text) { arrival_->setText(std::move(text)); }
 
+  /// During a walk, the choices of profiles and routes are hidden.
+  void setWalking(bool isWalking) { isWalking_ = isWalking; }
+
   /// Highlights an instruction, or none.
   void setCurrentStep(std::optional<std::size_t> index) { steps_->setCurrent(index); }
 
@@ -85,6 +88,7 @@ class RoutePanel : public Panel {
   std::shared_ptr<Button> offer_;
   std::optional<std::size_t> helpfulProfile_;
   std::shared_ptr<StepList> steps_;
+  bool isWalking_ = false;
 };
 
 }  // namespace orivanta::viewer

@@ -26,7 +26,7 @@ Icon bearLeft() {
   return {{{{15, 21}, {15, 14.5}, {6.2, 5.2}}, {{6.2, 12.8}, {6.2, 5.2}, {13.8, 5.2}}}};
 }
 
-Icon sharpLeft() { return {{{{17, 21}, {17, 5}, {6, 16}}, {{6, 8.2}, {6, 16}, {13.8, 16}}}}; }
+Icon sharpLeft() { return {{{{17, 21}, {17, 4.5}, {5.5, 14.5}}, {{6.1, 9}, {5.5, 14.5}, {11, 14.6}}}}; }
 
 Icon around() {
   return {{{{17, 21}, {17, 9}, {15.6, 5.5}, {12, 4}, {8.4, 5.5}, {7, 9}, {7, 17}},
@@ -82,9 +82,10 @@ Icon mirrored(Icon icon) {
 Icon turnIcon(const Step& step) {
   if (step.turnDegrees == 0) return straight();
   Icon icon = turnLeft();
-  if (step.sharpness == Sharpness::bear) icon = bearLeft();
-  if (step.sharpness == Sharpness::sharp) icon = sharpLeft();
-  if (step.sharpness == Sharpness::around) icon = around();
+  const bool isSingle = !step.secondTurnDegrees;
+  if (isSingle && step.sharpness == Sharpness::bear) icon = bearLeft();
+  if (isSingle && step.sharpness == Sharpness::sharp) icon = sharpLeft();
+  if (isSingle && step.sharpness == Sharpness::around) icon = around();
   return step.turnDegrees < 0 ? mirrored(std::move(icon)) : icon;
 }
 
