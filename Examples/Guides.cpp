@@ -1,5 +1,6 @@
 // The code of the guides in Docs/guides, in their order. It is compiled, but it is not a program.
 #include <iostream>
+#include <optional>
 #include <orivanta/ui.hpp>
 
 using namespace orivanta;
@@ -197,6 +198,57 @@ std::unique_ptr<RouteOverlay> showRoute(const std::shared_ptr<MapView>& mapView,
   // overlay->arrange() before each frame keeps the marks apart; destroying it removes the route.
   //! [show route]
   return overlay;
+}
+
+std::optional<guidance::Itinerary> planRoute(const Venue& venue,
+                                             const std::shared_ptr<Location>& entrance,
+                                             const std::shared_ptr<Location>& shop) {
+  //! [plan route]
+  const auto guide = guidance::Guide::make(venue);  // keep it: creating it takes time
+  guidance::Request request;
+  request.stops = {entrance, shop};
+  const guidance::Plan plan = guide->plan(request);
+  if (plan.problem) {
+    std::cerr << guidance::Narrator("en").text(*plan.problem, *shop->name) << '\n';
+    return std::nullopt;
+  }
+  return plan.itineraries.front();
+  //! [plan route]
+}
+
+guidance::Plan planForWheelchair(const guidance::Guide& guide, guidance::Request request) {
+  //! [plan with profile]
+  request.profile = guidance::Profile::stepFree();
+  request.profile.outdoors = guidance::Use::avoided;
+  request.closures = guidance::Closures({"lift-north"});  // out of order
+  request.at = guidance::LocalTime::parse("2026-11-21T18:30");
+  return guide.plan(request);
+  //! [plan with profile]
+}
+
+void printSteps(const guidance::Guide& guide, const guidance::Itinerary& itinerary) {
+  //! [print steps]
+  const guidance::Narrator narrator("de-AT, en;q=0.5");
+  for (const std::string& text : narrator.texts(itinerary, guide.steps(itinerary)))
+    std::cout << text << '\n';
+  std::cout << narrator.summary(itinerary) << '\n';
+  //! [print steps]
+}
+
+void followRoute(const guidance::Guide& guide, const guidance::Itinerary& itinerary,
+                 guidance::Request request, const guidance::Position& position, double seconds) {
+  //! [follow route]
+  guidance::Follower follower(guide, itinerary);
+
+  // For each position, with the time at which it was measured:
+  const guidance::Progress& progress = follower.update(position, seconds);
+  if (progress.arrived) std::cout << "arrived\n";
+  if (progress.offRoute) {
+    request.stops.front() = position;
+    const guidance::Plan plan = guide.plan(request);
+    if (!plan.problem) follower = guidance::Follower(guide, plan.itineraries.front());
+  }
+  //! [follow route]
 }
 
 void highlight(MapView& mapView, const Location& location) {

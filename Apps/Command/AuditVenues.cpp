@@ -6,11 +6,11 @@
 #include <boost/json/object.hpp>
 #include <set>
 
-#include "Apps/Command/Json.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Render/RenderVenue.hpp"
 #include "Apps/Server/PackageVenue.hpp"
 #include "Apps/Server/VenueServer.hpp"
+#include "Apps/Text/Json.hpp"
 #include "Source/Guidance/Audit.hpp"
 #include "Source/Location.hpp"
 #include "Source/Venue.hpp"
@@ -92,7 +92,7 @@ ExitCode auditVenues(const AuditOptions& options) try {
     if (!guide)
       throw CommandError(ExitCode::wrongUse, package.source.string() + ": no walking network");
     const guidance::Audit audit = guidance::audit(*venue, *guide);
-    writeOutput(jsonText(auditJson(*venue, audit)) + '\n');
+    writeOutput(text::jsonText(auditJson(*venue, audit)) + '\n');
     if (!audit.unreachable.empty()) code = ExitCode::notFound;
     if (options.picture) drawPicture(package.source, *venue, audit, *options.picture);
   }

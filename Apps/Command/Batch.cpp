@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "Apps/Command/GuideBatch.hpp"
-#include "Apps/Command/Json.hpp"
 #include "Apps/Planning/PlanQuery.hpp"
+#include "Apps/Text/Json.hpp"
 #include "Source/Guidance/PathWalk.hpp"
 #include "Source/Location.hpp"
 #include "Source/NavigationGraph.hpp"
@@ -88,7 +88,7 @@ BatchRouter::BatchRouter(const Venue& venue)
     : venue_(venue), guide_(std::make_unique<GuideBatch>(venue)) {
   for (const auto& node : *venue.nodes) {
     nodes_.emplace(*node->id, node);
-    quotedIds_.emplace(node.get(), jsonString(*node->id));
+    quotedIds_.emplace(node.get(), text::jsonString(*node->id));
   }
   for (const auto& location : *venue.locations) locations_.emplace(*location->id, location);
 }
@@ -121,7 +121,7 @@ std::string BatchRouter::route(const RawData& request) const {
     text += quotedIds_.at(node.get());
     separator = ',';
   }
-  return text + R"(],"weight":)" + jsonNumber(walk.weight());
+  return text + R"(],"weight":)" + text::jsonNumber(walk.weight());
 }
 
 NodeList BatchRouter::nodesIn(const RawData& list, const std::string& name) const {
@@ -140,7 +140,7 @@ std::string BatchRouter::guided(const RawData& request) const {
   const boost::json::object result = request["path"].data()
                                          ? guide_->describe(request, listed("path"))
                                          : guide_->answer(request, listed("from"), listed("to"));
-  const std::string text = jsonText(result);
+  const std::string text = text::jsonText(result);
   return text.substr(1, text.size() - 2);
 }
 
@@ -150,13 +150,14 @@ std::string BatchRouter::answer(std::string_view line) const {
     const auto request = RawData::parse(line);
     if (!request || !request->data()->is_object())
       throw RequestError("the line is not a JSON object");
-    if (const auto given = rawMember(line, "id"); !given.empty()) id = withControlsEscaped(given);
+    if (const auto given = rawMember(line, "id"); !given.empty())
+      id = text::withControlsEscaped(given);
     return fmt::format(R"({{"id":{},{}}})", id,
                        GuideBatch::isGuided(*request) ? guided(*request) : route(*request));
   } catch (const RequestError& error) {
-    return fmt::format(R"({{"id":{},"error":{}}})", id, jsonString(error.what()));
+    return fmt::format(R"({{"id":{},"error":{}}})", id, text::jsonString(error.what()));
   } catch (const planning::QueryError& error) {
-    return fmt::format(R"({{"id":{},"error":{}}})", id, jsonString(error.what()));
+    return fmt::format(R"({{"id":{},"error":{}}})", id, text::jsonString(error.what()));
   }
 }
 

@@ -8,11 +8,11 @@
 #include <iostream>
 
 #include "Apps/Command/Batch.hpp"
-#include "Apps/Command/Json.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Places.hpp"
 #include "Apps/Command/RouteDescription.hpp"
 #include "Apps/Command/Session.hpp"
+#include "Apps/Text/Json.hpp"
 #include "Source/Directions.hpp"
 #include "Source/Location.hpp"
 #include "Source/Venue.hpp"
@@ -26,6 +26,10 @@ void checkUse(const FindRouteOptions& options) {
   const bool placesGiven = !options.from.empty() || !options.to.empty() || nearest;
   if (options.batchFile && placesGiven)
     throw CommandError(ExitCode::wrongUse, "--batch cannot be combined with --from or --to");
+  if (options.batchFile && options.guidance.givenForOneRoute())
+    throw CommandError(ExitCode::wrongUse,
+                       "--batch cannot be combined with options of guidance except --language; the "
+                       "requests have members for them");
   if (!options.to.empty() && nearest)
     throw CommandError(ExitCode::wrongUse, "specify either --to or --nearest");
   if (!options.batchFile && (options.from.empty() || (options.to.empty() && !nearest)))
@@ -51,10 +55,8 @@ std::shared_ptr<Venue> load(const FindRouteOptions& options) {
 }
 
 ExitCode guide(const FindRouteOptions& options) {
-  planning::PlanQuery query = options.guidance.query;
-  query.from = options.from;
-  query.to = options.to;
-  query.profile = options.guidance.profile.value_or(options.accessible ? "step-free" : "fastest");
+  const auto query = options.guidance.queryFor(options.from, options.to,
+                                               options.accessible ? "step-free" : "fastest");
   return guideRoute(*load(options), query, options.json);
 }
 
@@ -90,7 +92,7 @@ ExitCode findRoute(const FindRouteOptions& options) {
   const auto directions = getDirections(*venue, from, to);
   if (!directions) return reportNoRoute(options, from, to);
   const RouteDescription route = describeRoute(*venue, directions);
-  writeOutput(options.json ? jsonText(routeJson(route)) + '\n' : routeText(route));
+  writeOutput(options.json ? text::jsonText(routeJson(route)) + '\n' : routeText(route));
   return ExitCode::success;
 }
 

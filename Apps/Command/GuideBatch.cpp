@@ -4,6 +4,7 @@
 
 #include <array>
 #include <boost/json/value.hpp>
+#include <cmath>
 #include <string_view>
 #include <vector>
 
@@ -28,8 +29,14 @@ constexpr std::array<std::string_view, 12> members = {
   throw QueryError(QueryError::Kind::invalid, fmt::format("\"{}\" must be {}", member, kind));
 }
 
+// Returns raw data without a value if the member is missing or null.
+RawData valueOf(const RawData& request, std::string_view member) {
+  RawData value = request[member];
+  return value.data() && value.data()->is_null() ? RawData() : value;
+}
+
 std::optional<std::string> textOf(const RawData& request, std::string_view member) {
-  const RawData value = request[std::string(member)];
+  const RawData value = valueOf(request, member);
   if (!value.data()) return std::nullopt;
   auto text = value.string();
   if (!text) refuse(member, "a string");
@@ -37,21 +44,21 @@ std::optional<std::string> textOf(const RawData& request, std::string_view membe
 }
 
 bool flagOf(const RawData& request, std::string_view member) {
-  const RawData value = request[std::string(member)];
+  const RawData value = valueOf(request, member);
   if (!value.data()) return false;
   if (!value.data()->is_bool()) refuse(member, "true or false");
   return value.data()->get_bool();
 }
 
 std::optional<double> numberOf(const RawData& request, std::string_view member) {
-  const RawData value = request[std::string(member)];
+  const RawData value = valueOf(request, member);
   if (!value.data()) return std::nullopt;
   if (!value.data()->is_number()) refuse(member, "a number");
   return value.doubleValue();
 }
 
 std::vector<std::string> textsOf(const RawData& request, std::string_view member) {
-  const RawData value = request[std::string(member)];
+  const RawData value = valueOf(request, member);
   if (!value.data()) return {};
   if (const auto text = value.string()) return {*text};
   if (!value.data()->is_array()) refuse(member, "a list of strings");
@@ -66,8 +73,12 @@ std::vector<std::string> textsOf(const RawData& request, std::string_view member
 
 // Returns the texts of one end, which is "from" or "to".
 std::vector<std::string> endOf(const RawData& request, const std::string& member) {
-  if (const auto location = textOf(request, member + "Location")) return {*location};
-  return textsOf(request, member);
+  const auto location = textOf(request, member + "Location");
+  if (!location) return textsOf(request, member);
+  if (request[member].data())
+    throw QueryError(QueryError::Kind::invalid,
+                     fmt::format("specify either \"{0}\" or \"{0}Location\", not both", member));
+  return {*location};
 }
 
 PlanQuery queryOf(const RawData& request) {
@@ -83,8 +94,8 @@ PlanQuery queryOf(const RawData& request) {
   query.at = textOf(request, "at");
   if (auto profile = textOf(request, "profile")) query.profile = std::move(*profile);
   if (const auto count = numberOf(request, "alternatives")) {
-    if (!(*count >= 0.0 && *count <= planning::mostAlternatives))
-      refuse("alternatives", fmt::format("at most {}", planning::mostAlternatives));
+    if (!(*count >= 0.0 && *count <= planning::mostAlternatives && *count == std::floor(*count)))
+      refuse("alternatives", fmt::format("an integer from 0 to {}", planning::mostAlternatives));
     query.alternatives = static_cast<int>(*count);
   }
   return query;
@@ -94,7 +105,7 @@ PlanQuery queryOf(const RawData& request) {
 
 bool GuideBatch::isGuided(const RawData& request) {
   for (const std::string_view member : members) {
-    const RawData value = request[std::string(member)];
+    const RawData value = valueOf(request, member);
     if (value.data() && !(value.data()->is_bool() && !value.data()->get_bool())) return true;
   }
   return false;
@@ -102,7 +113,11 @@ bool GuideBatch::isGuided(const RawData& request) {
 
 boost::json::object GuideBatch::answer(const RawData& request, const NodeList& from,
                                        const NodeList& to) {
-  guidance::Request wanted = planning::requestOf(venue_, queryOf(request));
+  PlanQuery query = queryOf(request);
+  // The nodes are known already, so only the first one is looked up.
+  if (!from.empty()) query.from.resize(1);
+  if (!to.empty()) query.to.resize(1);
+  guidance::Request wanted = planning::requestOf(venue_, query);
   if (!from.empty()) wanted.stops.front() = from;
   if (!to.empty()) wanted.stops.back() = to;
   return planning::planJson(guide(), guide().plan(wanted), wanted, narrator(request));
@@ -116,9 +131,8 @@ boost::json::object GuideBatch::describe(const RawData& request, const NodeList&
     const auto* location = std::get_if<std::shared_ptr<Location>>(&stop);
     return location == nullptr ? nullptr : *location;
   };
-  const auto profile = planning::profileNamed(query.profile);
-  const auto itinerary = guide().itinerary(path, placeOf(query.from), placeOf(query.to),
-                                           profile ? *profile : guidance::Profile::fastest());
+  const auto itinerary =
+      guide().itinerary(path, placeOf(query.from), placeOf(query.to), planning::profileOf(query));
   if (!itinerary)
     throw QueryError(QueryError::Kind::invalid,
                      "\"path\" must be a list of nodes each of which is connected to the next");
@@ -134,7 +148,8 @@ const guidance::Guide& GuideBatch::guide() {
 }
 
 const guidance::Narrator& GuideBatch::narrator(const RawData& request) {
-  const std::string language = textOf(request, "language").value_or(preferredLanguageList());
+  const auto language = guidance::Narrator::bestLanguage(
+      textOf(request, "language").value_or(preferredLanguageList()));
   return narrators_.try_emplace(language, language).first->second;
 }
 

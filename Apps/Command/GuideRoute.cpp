@@ -5,10 +5,9 @@
 
 #include <cstdlib>
 
-#include "Apps/Command/Json.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Planning/PlanJson.hpp"
-#include "Platform/Foundation/DisplayText.hpp"
+#include "Apps/Text/Json.hpp"
 #include "Platform/Foundation/Languages.hpp"
 #include "Source/Guidance/Guide.hpp"
 #include "Source/Guidance/Narrator.hpp"
@@ -25,22 +24,29 @@ std::string listText(const guidance::Guide& guide, const guidance::Itinerary& it
   std::string text;
   const auto steps = guide.steps(itinerary);
   const auto texts = narrator.texts(itinerary, steps);
-  for (std::size_t i = 0; i < texts.size(); ++i)
-    text += fmt::format("{:3}. {}\n", i + 1, foundation::printable(texts[i]));
+  for (std::size_t i = 0; i < texts.size(); ++i) text += fmt::format("{:3}. {}\n", i + 1, texts[i]);
   const std::string summary = narrator.summary(itinerary);
   return summary.empty() ? text : text + "     " + summary + '\n';
 }
 
-ExitCode exitCodeOf(QueryError::Kind kind) {
-  return kind == QueryError::Kind::notFound ? ExitCode::notFound : ExitCode::wrongUse;
-}
-
 }  // namespace
 
-bool GuideOptions::given() const {
-  return guide || profile || language || query.nearest || query.at || query.bestOrder ||
-         query.avoidOutdoors || query.walkingSpeed || query.alternatives != 0 ||
-         !query.via.empty() || !query.closed.empty();
+bool GuideOptions::given() const { return language || givenForOneRoute(); }
+
+bool GuideOptions::givenForOneRoute() const {
+  return guide || profile || query.nearest || query.at || query.bestOrder || query.avoidOutdoors ||
+         query.walkingSpeed || query.alternatives != 0 || !query.via.empty() ||
+         !query.closed.empty();
+}
+
+planning::PlanQuery GuideOptions::queryFor(const std::vector<std::string>& from,
+                                           const std::vector<std::string>& to,
+                                           const std::string& otherProfile) const {
+  planning::PlanQuery result = query;
+  result.from = from;
+  result.to = to;
+  result.profile = profile.value_or(otherProfile);
+  return result;
 }
 
 void preferLanguage(const std::optional<std::string>& language) {
@@ -51,20 +57,32 @@ std::string preferredLanguageList() {
   return fmt::format("{}", fmt::join(foundation::preferredLanguages(), ","));
 }
 
-ExitCode guideRoute(const Venue& venue, const planning::PlanQuery& query, bool json) try {
-  const auto guide = guidance::Guide::make(venue);
+CommandError commandError(const QueryError& error) {
+  return {error.kind == QueryError::Kind::notFound ? ExitCode::notFound : ExitCode::wrongUse,
+          error.what()};
+}
+
+std::shared_ptr<const guidance::Guide> guideFor(const Venue& venue) {
+  auto guide = guidance::Guide::make(venue);
   if (!guide) throw CommandError(ExitCode::noAnswer, "the venue has no walking network");
+  return guide;
+}
+
+ExitCode complainAbout(const guidance::Problem& problem, const guidance::Request& request,
+                       const guidance::Narrator& narrator) {
+  const bool known = problem.stop < request.stops.size();
+  complain(narrator.text(problem,
+                         known ? planning::nameOf(request.stops[problem.stop]) : std::string()));
+  return ExitCode::notFound;
+}
+
+ExitCode guideRoute(const Venue& venue, const planning::PlanQuery& query, bool json) try {
+  const auto guide = guideFor(venue);
   const guidance::Request request = planning::requestOf(venue, query);
   const guidance::Plan plan = guide->plan(request);
   const guidance::Narrator narrator(preferredLanguageList());
-  if (json) writeOutput(jsonText(planning::planJson(*guide, plan, request, narrator)) + '\n');
-  if (plan.problem) {
-    const std::size_t stop = plan.problem->stop;
-    complain(narrator.text(*plan.problem, stop < request.stops.size()
-                                              ? planning::nameOf(request.stops[stop])
-                                              : std::string()));
-    return ExitCode::notFound;
-  }
+  if (json) writeOutput(text::jsonText(planning::planJson(*guide, plan, request, narrator)) + '\n');
+  if (plan.problem) return complainAbout(*plan.problem, request, narrator);
   if (json) return ExitCode::success;
   std::string text;
   for (std::size_t i = 0; i < plan.itineraries.size(); ++i) {
@@ -74,7 +92,7 @@ ExitCode guideRoute(const Venue& venue, const planning::PlanQuery& query, bool j
   writeOutput(text);
   return ExitCode::success;
 } catch (const QueryError& error) {
-  throw CommandError(exitCodeOf(error.kind), error.what());
+  throw commandError(error);
 }
 
 }  // namespace orivanta::command

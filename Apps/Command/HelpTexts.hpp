@@ -39,7 +39,8 @@ Examples:
 
 inline constexpr const char* routeFooter = R"(
 A place is the identifier of a location or a node, or the name of a location: the whole name, in
-any capitalization, or a part that occurs in no other name. `orivanta venue SLUG --locations` lists
+any capitalization, or a part that occurs in no other name. With --guide, it may also be a position
+in the venue's units, such as @G,120,45.5. `orivanta venue SLUG --locations` lists
 the locations. If --from or --to is repeated, the route may start or end at any of these places.
 
 Examples:
@@ -62,6 +63,28 @@ Guided requests have the members "guide", "profile", "via", "bestOrder", "neares
   {"id": 3, "fromLocation": "paper-kestrel", "nearest": "toilets", "profile": "step-free"}
   {"id": 4, "path": ["node-17", "node-18", "node-4"], "guide": true}
 Their output has "legs" and "steps", as with --guide --json.)";
+
+inline constexpr const char* walkFooter = R"(
+Prints each instruction when it comes up, with the time and the rest of the way. With --json, prints
+one line for each second of the walk: "time" in seconds, the position as "map", "x" and "y", the
+indices of the "leg" and of the next "step", "metersLeft", "offRoute" and "arrived". With
+--off-route, the visitor goes 25 m to the side after this time, and gets a new route from there.
+Places are specified as for `orivanta route`.
+
+Examples:
+  orivanta walk astrolabe-court --from "paper kestrel" --to "popcorn nebula" --speed-up 10
+  orivanta walk astrolabe-court --from "paper kestrel" --to ecliptic-1 --profile step-free --instant
+  orivanta walk astrolabe-court --from "paper kestrel" --to ecliptic-1 --instant --json)";
+
+inline constexpr const char* costsFooter = R"(
+Prints a table with tabs: the places, and for each place a row with the costs of the routes to all
+of them. A cost is the expected time in milliseconds with the penalties of the profile, or -1 if
+there is no route. With --json, "costs" has a list for each of the "places". Places are specified as
+for `orivanta route`; lines that are empty are ignored.
+
+Examples:
+  orivanta costs astrolabe-court --places shops.txt --profile step-free
+  printf '%s\n' paper-kestrel ecliptic-1 | orivanta costs astrolabe-court --places - --json)";
 
 inline constexpr const char* renderFooter = R"(
 Does not need a display. Prints the names of the files that it writes. If there are several floors,

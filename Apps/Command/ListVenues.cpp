@@ -3,10 +3,10 @@
 #include <boost/json/array.hpp>
 #include <boost/json/object.hpp>
 
-#include "Apps/Command/Json.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Session.hpp"
 #include "Apps/Command/Table.hpp"
+#include "Apps/Text/Json.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Venue.hpp"
 
@@ -23,7 +23,7 @@ ExitCode listVenues(const ListVenuesOptions& options) {
     array.push_back({{"id", *venue->id}, {"slug", *venue->slug}, {"name", *venue->name}});
     table.add({printable(*venue->slug), label(*venue->name)});
   }
-  writeOutput(options.json ? jsonText(array) + '\n' : table.text());
+  writeOutput(options.json ? text::jsonText(array) + '\n' : table.text());
   if (venues.empty()) complain("the server has no venues for this account");
   return ExitCode::success;
 }

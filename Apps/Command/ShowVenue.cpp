@@ -2,10 +2,10 @@
 
 #include <fmt/format.h>
 
-#include "Apps/Command/Json.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Session.hpp"
 #include "Apps/Command/VenueReport.hpp"
+#include "Apps/Text/Json.hpp"
 #include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Venue.hpp"
 
@@ -15,7 +15,7 @@ namespace {
 
 ExitCode listLocations(const Venue& venue, const std::string& text, bool json) {
   const auto locations = locationsContaining(venue, text);
-  writeOutput(json ? jsonText(locationsJson(locations)) + '\n' : locationsText(locations));
+  writeOutput(json ? text::jsonText(locationsJson(locations)) + '\n' : locationsText(locations));
   if (!locations.empty()) return ExitCode::success;
   complain(text.empty()
                ? "the venue has no locations"
@@ -31,7 +31,7 @@ ExitCode showVenue(const ShowVenueOptions& options) {
       session.loadVenue(options.slug, options.accessible,
                         {"location", "category", "map", "node", "vortex", "polygon"});
   if (options.locations) return listLocations(*venue, *options.locations, options.json);
-  writeOutput(options.json ? jsonText(venueJson(*venue, options.accessible)) + '\n'
+  writeOutput(options.json ? text::jsonText(venueJson(*venue, options.accessible)) + '\n'
                            : venueText(*venue, options.accessible));
   return ExitCode::success;
 }

@@ -1,6 +1,7 @@
 #include "Apps/Planning/PlanQuery.hpp"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
 #include <charconv>
@@ -99,6 +100,23 @@ std::optional<Profile> profileNamed(std::string_view name) {
   return std::nullopt;
 }
 
+Profile profileOf(const PlanQuery& query) {
+  const auto named = profileNamed(query.profile);
+  if (!named)
+    fail(QueryError::Kind::invalid,
+         fmt::format("\"{}\" is not a profile; the profiles are {}", printable(query.profile),
+                     fmt::join(profileNames(), ", ")));
+  Profile profile = *named;
+  if (query.avoidOutdoors) profile.outdoors = guidance::Use::avoided;
+  if (query.walkingSpeed) {
+    if (!(*query.walkingSpeed >= slowest && *query.walkingSpeed <= fastest))
+      fail(QueryError::Kind::invalid,
+           fmt::format("the walking speed must be {} to {} m/s", slowest, fastest));
+    profile.walkingMetersPerSecond = *query.walkingSpeed;
+  }
+  return profile;
+}
+
 Stop stopNamed(const Venue& venue, const std::string& text) {
   if (text.empty()) fail(QueryError::Kind::invalid, "a place must not be an empty text");
   if (text.front() == '@') return positionNamed(venue, text);
@@ -159,19 +177,7 @@ Request requestOf(const Venue& venue, const PlanQuery& query, const guidance::Cl
     request.stops.emplace_back(categoryNamed(venue, *query.nearest));
   else
     request.stops.push_back(stopNamed(venue, query.to));
-  const auto profile = profileNamed(query.profile);
-  if (!profile)
-    fail(Kind::invalid,
-         fmt::format("\"{}\" is not a profile; the profiles are fastest, step-free, prefer-lift "
-                     "and no-escalator",
-                     printable(query.profile)));
-  request.profile = *profile;
-  if (query.avoidOutdoors) request.profile.outdoors = guidance::Use::avoided;
-  if (query.walkingSpeed) {
-    if (!(*query.walkingSpeed >= slowest && *query.walkingSpeed <= fastest))
-      fail(Kind::invalid, fmt::format("the walking speed must be {} to {} m/s", slowest, fastest));
-    request.profile.walkingMetersPerSecond = *query.walkingSpeed;
-  }
+  request.profile = profileOf(query);
   if (query.at) {
     request.at = guidance::LocalTime::parse(*query.at);
     if (!request.at)
@@ -179,7 +185,8 @@ Request requestOf(const Venue& venue, const PlanQuery& query, const guidance::Cl
                                       printable(*query.at)));
   }
   if (query.alternatives < 0 || query.alternatives > mostAlternatives)
-    fail(Kind::invalid, fmt::format("at most {} alternatives are found", mostAlternatives));
+    fail(Kind::invalid,
+         fmt::format("the number of alternatives must be 0 to {}", mostAlternatives));
   request.alternatives = query.alternatives;
   request.bestOrder = query.bestOrder;
   std::vector<std::string> closed = closures.identifiers();

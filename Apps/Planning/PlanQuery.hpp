@@ -60,6 +60,9 @@ const std::vector<std::string>& profileNames();
 /// Returns the profile with this name. Returns nothing if there is none.
 std::optional<guidance::Profile> profileNamed(std::string_view name);
 
+/// Returns the profile with the preferences of a request. Throws `QueryError`.
+guidance::Profile profileOf(const PlanQuery& query);
+
 /// Returns the stop that a place's text refers to. Throws `QueryError`.
 guidance::Stop stopNamed(const Venue& venue, const std::string& text);
 

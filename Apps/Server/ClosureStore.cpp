@@ -53,7 +53,7 @@ std::shared_ptr<const ClosureList> ClosureStore::current(const VenuePackage& pac
   const std::string version = file ? file->version() : std::string();
   const std::lock_guard lock(mutex_);
   Entry& entry = entries_[package.slug];
-  if (entry.list && (shortage || entry.seenVersion == version)) return entry.list;
+  if (shortage || (entry.list && entry.seenVersion == version)) return entry.list;
   auto list = file ? read(*file, package) : std::make_shared<const ClosureList>();
   entry.seenVersion = version;
   if (list) {
@@ -63,11 +63,17 @@ std::shared_ptr<const ClosureList> ClosureStore::current(const VenuePackage& pac
     entry.list = std::move(numbered);
   } else {
     if (!entry.list) entry.list = std::make_shared<const ClosureList>();
-    if (report_)
-      report_((package.source / "closure.json").string() +
-              ": not an array of objects with an \"id\"; the closures are kept as they were");
+    report((package.source / "closure.json").string() +
+           ": not a list of closures, which is an array of objects with a string \"id\"; the "
+           "previous list is still used");
   }
   return entry.list;
+}
+
+void ClosureStore::report(const std::string& line) const try {
+  if (report_) report_(line);
+} catch (...) {
+  return;
 }
 
 }  // namespace orivanta::server

@@ -23,14 +23,16 @@ struct ClosureList {
   std::uint64_t number = 0;     ///< unique for each list
 };
 
-/// Thread-safe.
+/// Keeps the last list of each package that could be read. Thread-safe.
 class ClosureStore {
  public:
-  /// `report` is called with a line of text for every file that cannot be used. It may be null.
+  /// `report` is called with a line of text for every file that cannot be used. It may be null; its
+  /// exceptions are ignored.
   explicit ClosureStore(std::function<void(const std::string&)> report);
 
   /// Returns the list as it is on the disk now. A missing file is an empty list. If the file cannot
-  /// be used, returns the last list that could be read.
+  /// be used, or is larger than 16 MiB, returns the last list that could be read, or else an empty
+  /// one. Returns null if no list was read before and the system is out of descriptors or memory.
   std::shared_ptr<const ClosureList> current(const VenuePackage& package);
 
  private:
@@ -38,6 +40,8 @@ class ClosureStore {
     std::string seenVersion;
     std::shared_ptr<const ClosureList> list;
   };
+
+  void report(const std::string& line) const;
 
   const std::function<void(const std::string&)> report_;
   std::mutex mutex_;

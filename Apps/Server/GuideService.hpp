@@ -4,7 +4,6 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstddef>
-#include <cstdint>
 #include <deque>
 #include <functional>
 #include <list>
@@ -14,32 +13,30 @@
 #include <thread>
 #include <vector>
 
+#include "Apps/Server/GuideStore.hpp"
 #include "Apps/Server/Message.hpp"
 #include "Apps/Server/UrlText.hpp"
 #include "Apps/Server/VenuePackage.hpp"
 #include "Platform/Foundation/Cancellation.hpp"
-#include "Source/Fwd.hpp"
 #include "Source/Guidance/Closures.hpp"
-#include "Source/Guidance/Guide.hpp"
 
 namespace orivanta::server {
 
-/// Keeps one guide for each venue and language, created on first use; the ones that have not been
-/// used for the longest time are dropped. A package that was replaced gets a new guide.
+/// Computes routes in the order of the requests. The threads are started with the first request.
 /// Thread-safe.
 class GuideService {
  public:
   struct Limits {
-    std::size_t threads = 2;
-    std::size_t waiting = 64;                                       ///< requests; more are refused
-    std::chrono::milliseconds deadline = std::chrono::seconds(10);  ///< for one request
-    std::size_t guides = 16;                                        ///< kept at once
+    std::size_t threads = 2;   ///< that compute; one more watches the deadlines
+    std::size_t waiting = 64;  ///< requests that wait for a thread; more are refused
+    std::chrono::milliseconds deadline = std::chrono::seconds(10);  ///< from `start` to the end
+    std::size_t venues = 16;                                        ///< that are kept in memory
   };
 
   /// A request for a route.
   struct Job {
     std::shared_ptr<const VenuePackage> package;
-    guidance::Closures closures;
+    guidance::Closures closures;         ///< of the operator
     Target target;                       ///< with the query
     std::vector<std::string> languages;  ///< in lower case, best first
   };
@@ -50,44 +47,37 @@ class GuideService {
   GuideService(const GuideService&) = delete;
   GuideService& operator=(const GuideService&) = delete;
 
-  /// Calls `completed` once with the response, on a thread of the service or, if the service is
+  /// Calls `completed` once with the response: on a thread of the service or, if the service is
   /// busy or stopped, on the calling thread. Requests that wait when the service stops are dropped.
   void start(Job job, std::function<void(Response)> completed);
 
-  /// Ends the running computations and joins the threads. Further requests are refused.
+  /// Cancels the running computations and joins the threads. Further requests are refused.
   void stop();
 
  private:
+  using Time = std::chrono::steady_clock::time_point;
   struct Task {
     Job job;
     std::function<void(Response)> completed;
-    std::chrono::steady_clock::time_point deadline;
+    Time deadline;
   };
-  struct Known {
-    std::shared_ptr<Venue> venue;
-    std::shared_ptr<const guidance::Guide> guide;
-  };
-  struct Entry {
-    std::string key;
-    std::shared_ptr<std::once_flag> once;
-    std::shared_ptr<Known> known;
+  struct Running {
+    Time deadline;
+    foundation::CancellationSource source;
   };
 
+  bool hasThreads();
   void work();
   void watch();
-  Response respond(const Job& job, const foundation::CancellationToken& token);
-  std::shared_ptr<const Known> known(const Job& job);
+  Response responseTo(const Task& task, const foundation::CancellationToken& token);
+  Response routeFor(const Job& job, const foundation::CancellationToken& token);
 
   const Limits limits_;
+  GuideStore guides_;
   std::mutex mutex_;  // guards the members below
   std::condition_variable changed_;
   std::deque<Task> waiting_;
-  struct Running {
-    std::chrono::steady_clock::time_point deadline;
-    foundation::CancellationSource source;
-  };
   std::list<Running> running_;
-  std::list<Entry> guides_;  // the one that was used last comes first
   bool stopped_ = false;
   std::vector<std::thread> threads_;
 };

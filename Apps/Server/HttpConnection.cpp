@@ -131,6 +131,7 @@ void HttpConnection::answer() {
     if (response.deferred) return answerDeferred(std::move(response));
     if (response.status == 503 && ++attempts_ < mostAttempts) return answerLater();
   } catch (...) {
+    computing_ = nullptr;
     return respond(errorResponse(500, "An internal error occurred."));
   }
   respond(std::move(response));
@@ -154,7 +155,8 @@ void HttpConnection::respond(Response response) {
 void HttpConnection::answerDeferred(Response response) {
   computing_ = std::make_shared<boost::asio::steady_timer>(stream_.get_executor(), longestDeferral);
   computing_->async_wait([self = shared_from_this(), timer = computing_](const Error& error) {
-    if (error || std::exchange(self->computing_, nullptr) != timer) return;
+    if (error || self->computing_ != timer) return;
+    self->computing_ = nullptr;
     self->respond(unavailableResponse("The response could not be computed in time."));
   });
   stream_.expires_never();

@@ -77,7 +77,8 @@ class HttpConnection : public std::enable_shared_from_this<HttpConnection> {
 
   unsigned attempts_ = 0;  // attempts to answer the request
 
-  // Keeps the connection alive while a response is computed on another thread.
+  // Limits the time in which a response is computed on another thread, and keeps the connection
+  // alive during that time. Null if no response is awaited.
   std::shared_ptr<boost::asio::steady_timer> computing_;
 
   boost::asio::steady_timer rateTimer_;

@@ -63,11 +63,11 @@ std::shared_ptr<Venue> loadPackage(const std::shared_ptr<const VenuePackage>& pa
   if (!venue) throw PackageError(package->source.string() + ": the venue's record is incomplete");
   const WebApiSession session(origin + "/1/", "", "", "en", nullptr, defaultLoadBytes,
                               std::make_shared<PackageTransport>(package, languages, origin));
-  std::promise<VenueLoadReport> loaded;
+  const auto loaded = std::make_shared<std::promise<VenueLoadReport>>();
   const auto load = loadVenueReporting(
       session, venue, false,
-      {.ended = [&](VenueLoadReport report) { loaded.set_value(std::move(report)); }});
-  const VenueLoadReport report = loaded.get_future().get();
+      {.ended = [loaded](VenueLoadReport report) { loaded->set_value(std::move(report)); }});
+  const VenueLoadReport report = loaded->get_future().get();
   if (!report.complete || !report.failures.empty())
     throw PackageError(
         package->source.string() + ": the venue cannot be loaded" +

@@ -156,6 +156,7 @@ Response Router::closures(const Request& request, const Target& target,
   const auto venue = packageOf(target, packages, error);
   if (!venue) return error;
   const auto list = closures_.current(*venue);
+  if (!list) return unavailableResponse("The closures cannot be read at the moment.");
   return page(request, target,
               {fmt::format("closure {} {}", venue->number, list->number),
                "venue=" + percentEncoded(venue->slug), list->records});
@@ -165,8 +166,11 @@ Response Router::route(const Request& request, const Target& target, const Packa
   Response response;
   const auto venue = packageOf(target, packages, response);
   if (!venue) return response;
-  GuideService::Job job{venue, closures_.current(*venue)->closures, target,
-                        languagesToLookUp(request.acceptLanguage)};
+  const auto list = closures_.current(*venue);
+  if (!list) return unavailableResponse("The closures cannot be read at the moment.");
+  const auto language = target.queryValue("language");
+  GuideService::Job job{venue, list->closures, target,
+                        languagesToLookUp(language ? *language : request.acceptLanguage)};
   response.deferred = [this, job = std::move(job)](std::function<void(Response)> completed) {
     guides_.start(job, std::move(completed));
   };

@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "Source/Map.hpp"
 #include "Source/Node.hpp"
 
 namespace orivanta::guidance {
@@ -50,9 +51,6 @@ class Follower::Track {
     for (const Leg& leg : itinerary.legs) {
       starts_.push_back(nodes_.size());
       const bool walk = leg.kind == Leg::Kind::walk;
-      double planLength = 0.0;
-      for (std::size_t i = 1; i < leg.nodes.size(); ++i)
-        planLength += length(*leg.nodes[i - 1], *leg.nodes[i]);
       const double step = leg.nodes.size() > 1 ? rideLength / double(leg.nodes.size() - 1) : 0.0;
       for (std::size_t i = 0; i < leg.nodes.size(); ++i) {
         if (i > 0) along += walk ? length(*leg.nodes[i - 1], *leg.nodes[i]) : step;
@@ -67,7 +65,7 @@ class Follower::Track {
 
   // Returns the position of a node of a leg along the track.
   double at(std::size_t leg, std::size_t node) const {
-    if (leg >= starts_.size()) return length_;
+    if (leg >= starts_.size() || nodes_.empty()) return length_;
     const std::size_t end = leg + 1 < starts_.size() ? starts_[leg + 1] : nodes_.size();
     return nodes_[std::min(starts_[leg] + node, end - 1)].along;
   }
@@ -88,8 +86,9 @@ class Follower::Track {
     for (std::size_t i = 0; i < nodes_.size(); ++i) {
       const Entry& node = nodes_[i];
       if (node.map == map) offer(node.along, distance(node.point, point));
-      if (!node.continues || !node.walk || node.map != map) continue;
+      if (!node.continues) continue;
       const Entry& before = nodes_[i - 1];
+      if (node.walk ? node.map != map : !isBeside(before, node, *map)) continue;
       const double share = nearestShare(before.point, node.point, point);
       offer(before.along + share * (node.along - before.along),
             distance({before.point.x + share * (node.point.x - before.point.x),
@@ -101,12 +100,22 @@ class Follower::Track {
 
  private:
   struct Entry {
-    const Map* map;
+    const Map* map;  // null if the node has none
     Point point;
     double along;
     bool continues;  // whether the entry before belongs to the same leg
     bool walk;
   };
+
+  // Returns whether a traveler on a ride between two nodes may be reported on a floor: on both ends
+  // of an escalator, and while a lift passes the floor.
+  static bool isBeside(const Entry& from, const Entry& to, const Map& map) {
+    if (from.map == nullptr || to.map == nullptr) return false;
+    if (from.map == &map || to.map == &map)
+      return from.point.x != to.point.x || from.point.y != to.point.y;
+    const auto [low, high] = std::minmax(from.map->elevation, to.map->elevation);
+    return low < map.elevation && map.elevation < high;
+  }
 
   double distance(Point one, Point other) const {
     return std::hypot(other.x - one.x, other.y - one.y) / unitsPerMeter_;
@@ -139,8 +148,10 @@ Follower& Follower::operator=(Follower&&) noexcept = default;
 
 const Progress& Follower::update(const Position& position, double seconds) {
   if (!position.map || !std::isfinite(position.x) || !std::isfinite(position.y)) return progress_;
-  seconds_ = started_ && !(seconds > seconds_) ? seconds_ : seconds;
-  if (!std::exchange(started_, true)) lastOnRoute_ = seconds_;
+  if (std::isfinite(seconds) && (!started_ || seconds > seconds_)) {
+    seconds_ = seconds;
+    if (!std::exchange(started_, true)) lastOnRoute_ = seconds_;
+  }
   const auto found = track_->nearest(position.map.get(), {position.x, position.y}, along_);
   if (found.distance <= limits_.meters) {
     lastOnRoute_ = seconds_;
@@ -171,23 +182,31 @@ void Follower::show(double along) {
     progress_.metersLeft += left * leg.meters;
     progress_.secondsLeft += left * leg.seconds;
   }
+  const auto isWalk = [&](std::size_t leg) {
+    return leg >= itinerary_.legs.size() || itinerary_.legs[leg].kind == Leg::Kind::walk;
+  };
+  const bool lastLeg = progress_.leg + 1 >= itinerary_.legs.size();
   progress_.arrived =
-      progress_.metersLeft <= limits_.arrivalMeters && progress_.leg + 1 >= itinerary_.legs.size();
+      lastLeg && (isWalk(progress_.leg) ? progress_.metersLeft <= limits_.arrivalMeters
+                                        : along >= track_->length());
   progress_.step = 0;
-  // One meter after its end, an instruction has been carried out.
-  while (progress_.step + 1 < steps_.size() &&
-         track_->at(steps_[progress_.step].leg, steps_[progress_.step].last) + 1.0 <= along)
+  while (progress_.step + 1 < steps_.size() && isCarriedOut(steps_[progress_.step], along))
     ++progress_.step;
   progress_.metersToStep = 0.0;
-  if (progress_.step < steps_.size()) {
+  if (progress_.step < steps_.size() && steps_[progress_.step].leg >= progress_.leg) {
     const Step& step = steps_[progress_.step];
     double meters = 0.0;
     for (std::size_t i = progress_.leg; i < step.leg && i < itinerary_.legs.size(); ++i)
       meters += itinerary_.legs[i].meters;
-    if (step.leg < itinerary_.legs.size() && itinerary_.legs[step.leg].kind == Leg::Kind::walk)
-      meters += track_->at(step.leg, step.first) - track_->at(step.leg, 0);
+    if (isWalk(step.leg)) meters += track_->at(step.leg, step.first) - track_->at(step.leg, 0);
     progress_.metersToStep = std::max(0.0, meters - progress_.legMeters);
   }
+}
+
+// A ride has been carried out at its end, any other instruction one meter after its end.
+bool Follower::isCarriedOut(const Step& step, double along) const {
+  if (step.kind == Step::Kind::ride) return track_->at(step.lastLeg + 1, 0) <= along;
+  return track_->at(step.leg, step.last) + 1.0 <= along;
 }
 
 }  // namespace orivanta::guidance

@@ -32,7 +32,9 @@ class ORIVANTA_API Follower {
  public:
   /// When a traveler is off the route, and when the destination is reached.
   struct Limits {
-    double meters = 8.0;         ///< the distance from the route; another floor always exceeds it
+    /// The distance from the route. Another floor exceeds it, except one that a lift passes, and
+    /// the two floors of an escalator during the ride.
+    double meters = 8.0;
     double seconds = 3.0;        ///< how long the distance must be exceeded
     double arrivalMeters = 4.0;  ///< the rest of the route that counts as arrival
   };
@@ -46,9 +48,9 @@ class ORIVANTA_API Follower {
   Follower(Follower&&) noexcept;             ///< The other follower can then only be destroyed.
   Follower& operator=(Follower&&) noexcept;  ///< The other follower can then only be destroyed.
 
-  /// Sets the position at a time. `seconds` is counted from any origin; a time before the last one
-  /// is treated as the last one. Positions that are not finite, or without a floor, are ignored.
-  /// Returns the progress, valid until the next call.
+  /// Sets the position at a time. `seconds` is counted from any origin; a time that is before the
+  /// last one, or not finite, is treated as the last one. Positions that are not finite, or without
+  /// a floor, are ignored. Returns the progress, valid until the next call.
   const Progress& update(const Position& position, double seconds);
 
   /// Returns the last progress; before the first update, that at the start.
@@ -64,6 +66,7 @@ class ORIVANTA_API Follower {
   class Track;
 
   void show(double along);
+  bool isCarriedOut(const Step& step, double along) const;
 
   Itinerary itinerary_;
   Limits limits_;

@@ -7,6 +7,7 @@
 #include <random>
 #include <utility>
 
+#include "Benchmarks/Mall.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
@@ -195,7 +196,7 @@ std::optional<std::int64_t> GuideReference::costOf(const std::vector<std::size_t
 std::shared_ptr<Venue> mallVenue(std::size_t nodeCount, std::uint32_t seed) {
   std::mt19937 random(seed);
   const auto below = [&](std::size_t count) { return std::size_t(random()) % count; };
-  const Mall mall = makeMall(nodeCount, 0.3, seed);
+  const benchmarks::Mall mall = benchmarks::makeMall(nodeCount, 0.3, seed);
   auto venue = Venue::make(
       *RawData::parse(R"({"id": "m", "slug": "m", "name": "Mall", "unitsPerMetre": 1.5})"));
   venue->navigationGraph = mall.graph;

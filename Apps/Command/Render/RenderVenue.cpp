@@ -12,7 +12,6 @@
 #include <set>
 #include <utility>
 
-#include "Apps/Command/Json.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Places.hpp"
 #include "Apps/Command/Render/Animation.hpp"
@@ -22,6 +21,7 @@
 #include "Apps/Command/Render/Stage.hpp"
 #include "Apps/Command/Render/TouchRecording.hpp"
 #include "Apps/Command/Session.hpp"
+#include "Apps/Text/Json.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Source/Attribution.hpp"
 #include "Source/Directions.hpp"
@@ -215,7 +215,7 @@ class PictureWriter {
 
   /// Ends the list of files. Returns false if it is empty.
   bool finish() {
-    if (options_.json) writeOutput(jsonText(files_) + '\n');
+    if (options_.json) writeOutput(text::jsonText(files_) + '\n');
     return !files_.empty();
   }
 

@@ -8,8 +8,7 @@
 
 #include "Apps/Server/VenueServer.hpp"
 #include "Tests/Apps/Command/Program.hpp"
-#include "Tests/Support/TemporaryFolder.hpp"
-#include "Tests/Support/TwoFloorVenue.hpp"
+#include "Tests/Support/TwoFloorPackage.hpp"
 
 namespace orivanta::command {
 namespace {
@@ -41,15 +40,7 @@ class Command : public testing::Test {
   }
 
   server::ServerOptions options() const {
-    const test::TwoFloorVenue venue;
-    for (const auto& [name, json] : {std::pair("venue", venue.venue),
-                                     {"map", venue.maps},
-                                     {"node", venue.nodes},
-                                     {"vortex", venue.vortices},
-                                     {"category", venue.categories},
-                                     {"polygon", venue.polygons},
-                                     {"location", venue.locations}})
-      folder_.write(std::string("package/") + name + ".json", json);
+    test::writePackage(folder_, "package", {});
     server::ServerOptions result;
     result.folders = {folder_.path() / "package"};
     result.username = "me";

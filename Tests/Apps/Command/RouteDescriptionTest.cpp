@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "Apps/Command/Json.hpp"
 #include "Apps/Command/Places.hpp"
+#include "Apps/Text/Json.hpp"
 #include "Source/Directions.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
@@ -17,7 +17,7 @@ TEST(RouteDescription, TellsFloorsRidesLengthAndWeight) {
   const RouteEnd from = findRouteEnd(*venue, {"Bakery"});
   const RouteEnd to = findRouteEnd(*venue, {"Book Shop"});
   const auto route = describeRoute(*venue, getDirections(*venue, from, to));
-  EXPECT_EQ(jsonText(routeJson(route)),
+  EXPECT_EQ(text::jsonText(routeJson(route)),
             R"({"path":["n1","n2","n3","u1","u2"],)"
             R"("directions":[{"node":"n1","action":"departure","location":"l1",)"
             R"("instruction":"Depart from Bakery"},{"node":"u2","action":"arrival",)"

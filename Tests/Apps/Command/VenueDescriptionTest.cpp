@@ -3,8 +3,8 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "Apps/Command/Json.hpp"
 #include "Apps/Command/VenueReport.hpp"
+#include "Apps/Text/Json.hpp"
 #include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta::command {
@@ -105,7 +105,7 @@ TEST(VenueReport, JsonHasTheWholeVenue) {
   small.venue = R"({"id": "v", "slug": "small", "name": "Small Mall", "unitsPerMetre": 2,
                     "attribution": "by \"us\"", "license": 7})";
   const auto object = venueJson(*small.load(), true);
-  EXPECT_EQ(jsonText(object),
+  EXPECT_EQ(text::jsonText(object),
             R"({"id":"v","slug":"small","name":"Small Mall","attribution":"by \"us\"",)"
             R"("unitsPerMetre":2,"counts":{"floors":2,"locations":2,"categories":2,)"
             R"("connectors":2,"nodes":6,"polygons":2},"floors":[{"id":"f1","name":"First",)"

@@ -1,4 +1,4 @@
-#include "Apps/Command/Json.hpp"
+#include "Apps/Text/Json.hpp"
 
 #include <fmt/format.h>
 
@@ -9,7 +9,7 @@
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Platform/Foundation/TextControls.hpp"
 
-namespace orivanta::command {
+namespace orivanta::text {
 
 namespace json = boost::json;
 
@@ -82,4 +82,4 @@ std::string jsonText(const json::value& value) {
   return text;
 }
 
-}  // namespace orivanta::command
+}  // namespace orivanta::text

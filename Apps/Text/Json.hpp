@@ -1,11 +1,11 @@
-// Writes JSON with exact and short numbers.
+// Writes JSON with exact and short numbers, and with strings that a terminal can show.
 #pragma once
 
 #include <boost/json/value.hpp>
 #include <string>
 #include <string_view>
 
-namespace orivanta::command {
+namespace orivanta::text {
 
 /// Returns the shortest text that is read back as the same double. Infinity is written as 1e999,
 /// which every JSON grammar accepts, and NaN as null.
@@ -24,4 +24,4 @@ std::string withControlsEscaped(std::string_view json);
 /// made.
 std::string jsonText(const boost::json::value& value);
 
-}  // namespace orivanta::command
+}  // namespace orivanta::text

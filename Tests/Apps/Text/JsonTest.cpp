@@ -1,4 +1,4 @@
-#include "Apps/Command/Json.hpp"
+#include "Apps/Text/Json.hpp"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <limits>
 #include <vector>
 
-namespace orivanta::command {
+namespace orivanta::text {
 namespace {
 
 TEST(Json, NumbersAreShortAndReadBackExactly) {
@@ -43,4 +43,4 @@ TEST(Json, StringsHoldNothingThatActsOnATerminal) {
 }
 
 }  // namespace
-}  // namespace orivanta::command
+}  // namespace orivanta::text
