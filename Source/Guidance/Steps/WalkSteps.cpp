@@ -62,8 +62,13 @@ void WalkSteps::addFirst(const Section& section, const WalkPlan& plan) {
   Step step;
   step.kind = section.departure != nullptr ? Step::Kind::depart : Step::Kind::leave;
   if (section.departure != nullptr) step.place = section.departure->location;
+  const bool departs = step.kind == Step::Kind::depart;
   add(std::move(step), plan.first ? &*plan.first : nullptr, 0, plan.first ? plan.first->last() : 0,
       0);
+  // Outside a door, a traveler can only go left or right.
+  Sharpness& sharpness = steps.back().sharpness;
+  if (departs && (sharpness == Sharpness::sharp || sharpness == Sharpness::around))
+    sharpness = Sharpness::turn;
 }
 
 void WalkSteps::addTurns(const std::vector<ToldTurn>& turns) {
