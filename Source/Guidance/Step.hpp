@@ -80,7 +80,8 @@ struct Step {
 
 /// Returns the same instructions in the form of `Directions`: turns become `Turn`, rides
 /// `TakeVortex`; sharp turns and turning around become `Left` and `Right`, bearing becomes
-/// `SlightLeft` and `SlightRight`. `texts` are the texts of the steps; a missing one is empty.
+/// `SlightLeft` and `SlightRight`. Leaving a connector becomes a turn to the side where the walk
+/// begins, which is `Left` if that is behind. `texts` are the texts of the steps; a missing one is empty.
 /// Steps that refer to missing legs or nodes are omitted. Returns null if the itinerary has no
 /// legs.
 ORIVANTA_API std::shared_ptr<Directions> asDirections(const Itinerary& itinerary,

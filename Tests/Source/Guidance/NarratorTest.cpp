@@ -165,6 +165,8 @@ void visitAllSteps(const std::vector<Step>& route, Itinerary& itinerary, Visit v
             step.turnDegrees = degrees;
             step.secondTurnDegrees = second;
             if (i % 2 == 0) step.place = shop;
+            if (kind == Step::Kind::leave)
+              step.side = sides[static_cast<std::size_t>(i + i / 5) % 5];
             if (i % 5 > 1)
               step.landmark = Landmark{shop, nullptr, static_cast<Reference>(i % 5 - 2)};
             visit({step});
@@ -302,6 +304,32 @@ TEST_F(NarratorTest, SpeaksOnlyGivenNames) {
     const Narrator narrator(each.language);
     EXPECT_EQ(textOf(ride, narrator), each.ride);
     EXPECT_EQ(textOf(arrival, narrator), each.arrival);
+  }
+}
+
+TEST_F(NarratorTest, TellsWhereTheWalkAfterARideBegins) {
+  struct Case {
+    const char* language;
+    Side side;
+    double degrees;
+    const char* text;
+  };
+  for (const Case& each :
+       {Case{"en", Side::left, 0, "Leave the stairs and turn left."},
+        {"en", Side::behind, 0, "Leave the stairs and turn around."},
+        {"en", Side::ahead, 90, "Leave the stairs and turn left."},
+        {"en", Side::behind, 90, "Leave the stairs and turn around, then turn left."},
+        {"de", Side::right, 90,
+         "Verlassen Sie die Treppe und biegen Sie rechts ab, dann biegen Sie links ab."},
+        {"fr", Side::left, -90, "Quittez l’escalier et tournez à gauche, puis tournez à droite."},
+        {"ja", Side::right, -90, "階段を出て、右に曲がってから右に曲がります。"},
+        {"ar", Side::left, -90, "غادر الدرج ثم انعطف يسارًا ثم انعطف يمينًا."}}) {
+    Step step = routeUpstairs()[3];
+    step.side = each.side;
+    step.turnDegrees = each.degrees;
+    step.secondTurnDegrees.reset();
+    step.metersToNext = 0.0;
+    EXPECT_EQ(textOf(step, Narrator(each.language)), each.text);
   }
 }
 

@@ -201,6 +201,8 @@ TEST(StepBuilder, TellsTheTurnsOfDrawnWalks) {
       {"0,0 30,0 lift:30,0 34,0 lift:34,0 70,0", "depart, ride, leave, ride, leave, arrive"},
       {"0,0 30,0 lift:30,0 32,0 stairs:42,0 70,0", "depart, ride, ride, leave, arrive"},
       {"0,0 30,0 stairs:40,0 40,20", "depart, ride, leave left, arrive"},
+      {"0,0 30,0 stairs:40,0 40,2 lift:40,2 40,9", "depart, ride, leave left, ride, leave, arrive"},
+      {"0,0 30,0 stairs:40,0 40,0.2", "depart, ride, arrive"},
       {"0,0 30,0 stairs:32,0 32,20", "depart, ride, leave, arrive"},  // has no direction
       {"0,0 lift:0,0", "depart, ride, arrive"},
       // Detours of the network: to a node and back.
@@ -265,7 +267,7 @@ TEST(StepBuilder, SurvivesHostileItineraries) {
 }
 
 TEST(Step, BecomesADirection) {
-  const Scene scene("0,0 30,0 45,20 lift:45,20 45,60 10,60 From@0,60");
+  const Scene scene("0,0 30,0 45,20 lift:45,20 45,60 10,60 stairs:0,60 0,90 stairs:0,100 -9,100");
   const Itinerary itinerary = scene.itinerary();
   const auto steps = stepsOf(itinerary, Surroundings(*scene.venue));
   const auto directions = asDirections(itinerary, steps, {"Go"});
@@ -277,7 +279,8 @@ TEST(Step, BecomesADirection) {
   for (const Direction& direction : directions->directions)
     if (const auto* turn = dynamic_cast<const Direction::Turn*>(direction.action.get()))
       bearings += std::to_string(static_cast<int>(turn->relativeBearing));
-  EXPECT_EQ(bearings, "120");  // slight left, straight from the lift, left
+  // Slight left, straight from the lift, left, right from the stairs, left from the stairs.
+  EXPECT_EQ(bearings, "12040");
   EXPECT_EQ(asDirections({}, {}, {}), nullptr);
 }
 
