@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "Benchmarks/BoostGuide.hpp"
+#include "Benchmarks/Mall.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Guide.hpp"
 #include "Source/Guidance/Network/GuideData.hpp"
@@ -23,7 +24,6 @@
 #include "Source/RouteSearch.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
-#include "Tests/Support/Networks.hpp"
 
 namespace orivanta::benchmarks {
 namespace {
@@ -34,7 +34,7 @@ using guidance::Plan;
 using guidance::Request;
 using Index = guidance::GuideNetwork::Index;
 
-std::shared_ptr<Venue> venueOf(const test::Mall& mall) {
+std::shared_ptr<Venue> venueOf(const Mall& mall) {
   auto venue = Venue::make(*RawData::parse(R"({"id": "m", "slug": "m", "name": "Mall",
                                                "unitsPerMetre": 1})"));
   venue->nodes = mall.nodes;
@@ -66,7 +66,7 @@ struct Query {
 
 struct Scenario {
   explicit Scenario(std::size_t nodeCount)
-      : mall(test::makeMall(nodeCount, 0.2, 1)),
+      : mall(makeMall(nodeCount, 0.2, 1)),
         venue(venueOf(mall)),
         guide(Guide::make(*venue)),
         data(*venue),
@@ -83,7 +83,7 @@ struct Scenario {
       places.insert(*data.network.find(location->nodes.front().get()));
   }
 
-  test::Mall mall;
+  Mall mall;
   std::shared_ptr<Venue> venue;
   std::shared_ptr<const Guide> guide;
   guidance::GuideData data;

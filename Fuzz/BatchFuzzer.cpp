@@ -37,7 +37,8 @@ void checkBatch(std::string_view input) {
     ORIVANTA_REQUIRE(answer.find('\n') == answer.size() - 1);
     const auto parsed = RawData::parse(answer);
     ORIVANTA_REQUIRE(parsed && echoesIdentifier(line, *parsed));
-    ORIVANTA_REQUIRE((*parsed)["error"].data() || (*parsed)["path"].data());
+    ORIVANTA_REQUIRE((*parsed)["error"].data() || (*parsed)["path"].data() ||
+                     (*parsed)["problem"].data());
   }
   ORIVANTA_REQUIRE(answered == answers.size());
 }

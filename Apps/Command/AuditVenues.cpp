@@ -43,6 +43,7 @@ json::object auditJson(const Venue& venue, const guidance::Audit& audit) {
                                       {"cutOffStepFree", identifiers(finding.cutOffStepFree)}});
   return {{"venue", *venue.slug},
           {"entranceAssumed", audit.entranceAssumed},
+          {"withoutNodes", identifiers(audit.withoutNodes)},
           {"unreachable", identifiers(audit.unreachable)},
           {"entrances", std::move(entrances)},
           {"connectors", std::move(connectors)}};

@@ -139,6 +139,7 @@ Examples:
 
 inline constexpr const char* auditFooter = R"(
 Prints one line of JSON for each package, in order:
+  "withoutNodes"  places to which no route can lead, because they have no nodes
   "unreachable"   places that no entrance reaches
   "entrances"     for each entrance the places that it does not reach without steps
   "connectors"    the connectors whose failure cuts off places: "cutOff" for everybody,
@@ -152,7 +153,7 @@ Exit code 1 means that a place cannot be reached at all.
 Examples:
   orivanta audit my-venues > audit.jsonl
   orivanta audit my-venues/mall --picture mall.png
-  parallel --keep-order orivanta audit ::: venues/* > audit.jsonl)";
+  parallel --keep-order -n 20 orivanta audit ::: venues/* > audit.jsonl)";
 
 inline constexpr const char* completionsFooter = R"(
 The completions are installed with the program. To use them without installation:

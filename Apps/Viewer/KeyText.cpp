@@ -51,6 +51,8 @@ std::string_view shortcutOf(const SDL_Keysym& key, bool hasSlashKey) {
       return "i";
     case 's':
       return "s";
+    case 'w':
+      return "w";
     default:
       return "";
   }

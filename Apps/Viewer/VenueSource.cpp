@@ -38,6 +38,16 @@ Problem problemOf(const LoadFailure& failure) {
   }
 }
 
+constexpr std::size_t mostClosureBytes = std::size_t{16} << 20U;
+
+// Adds the identifiers of an array of objects. Anything else counts as empty.
+std::vector<std::string> withIdentifiers(std::vector<std::string> identifiers,
+                                         const RawData& page) {
+  for (const RawData& element : page.arrayValue())
+    if (auto id = element["id"].string()) identifiers.push_back(std::move(*id));
+  return identifiers;
+}
+
 std::optional<Problem> problemIn(const std::vector<LoadFailure>& failures,
                                  const std::vector<std::string_view>& needed) {
   const auto first =
@@ -61,6 +71,7 @@ WebApiSession VenueSource::makeSession() const {
 
 void VenueSource::cancel() {
   if (const auto load = std::exchange(load_, nullptr)) load->cancel();
+  closures_.cancel();
 }
 
 template <class Report>
@@ -105,6 +116,25 @@ void VenueSource::loadVenue(const std::shared_ptr<Venue>& venue, Handlers handle
       loadVenueReporting(makeSession(), venue, /*accessible=*/false,
                          handlersFor<VenueLoadReport>(
                              handlers, {"location", "map", "node", "polygon", "vortex"}, loaded));
+}
+
+void VenueSource::fetchClosures(const std::string& slug,
+                                std::function<void(guidance::Closures)> done) {
+  closures_.cancel();
+  closures_ = foundation::CancellationSource();
+  const auto token = closures_.token();
+  const auto tell = [token, done = std::move(done)](std::vector<std::string> identifiers) {
+    foundation::mainQueue::async([token, done, identifiers = std::move(identifiers)] {
+      if (!token.isCanceled()) done(guidance::Closures(identifiers));
+    });
+  };
+  network::TransferRules rules = network::strictRules();
+  rules.budget = std::make_shared<foundation::MemoryBudget>(mostClosureBytes);
+  const auto chain = makeSession()
+                         .ApiHttpSession.get("closure", {{"venue", slug}}, {rules, nullptr, token})
+                         .onPage<std::vector<std::string>>({}, withIdentifiers);
+  chain.onComplete(tell);
+  chain.onError([](const foundation::Error&) {});
 }
 
 }  // namespace orivanta::viewer

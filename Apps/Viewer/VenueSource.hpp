@@ -7,7 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Closures.hpp"
 #include "Source/LoadReport.hpp"
 #include "Source/Orivanta.hpp"
 
@@ -45,7 +47,12 @@ class VenueSource {
   void loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
                  std::function<void(const std::vector<LoadFailure>& missing)> done);
 
-  /// Cancels the current request. None of its handlers is called after that.
+  /// Fetches what is closed in a venue, and calls `done` from the main queue. The closures are empty
+  /// if the server does not provide any. If the request fails, `done` is not called. Replaces the
+  /// previous call, and does not affect the requests above.
+  void fetchClosures(const std::string& slug, std::function<void(guidance::Closures)> done);
+
+  /// Cancels the current requests. None of its handlers is called after that.
   void cancel();
 
   const std::string& endpoint() const { return *settings_.endpoint; }
@@ -60,6 +67,7 @@ class VenueSource {
 
   ApiSettings settings_;
   std::shared_ptr<LoadHandle> load_;
+  foundation::CancellationSource closures_;  // of the latest request for them
 };
 
 }  // namespace orivanta::viewer

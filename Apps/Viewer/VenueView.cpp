@@ -1,10 +1,13 @@
 #include "Apps/Viewer/VenueView.hpp"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
+#include <ctime>
 #include <utility>
 
+#include "Platform/Foundation/Languages.hpp"
 #include "Source/Attribution.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
@@ -22,6 +25,13 @@ namespace {
 
 constexpr double pinHeight = 32;  // points
 
+guidance::LocalTime systemTime() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min};
+}
+
 std::shared_ptr<Map> floorOf(const Location& place, const std::shared_ptr<Map>& preferred) {
   const auto floors = floorsOf(place);
   if (floors.empty() || std::find(floors.begin(), floors.end(), preferred) != floors.end())
@@ -31,18 +41,23 @@ std::shared_ptr<Map> floorOf(const Location& place, const std::shared_ptr<Map>& 
 
 }  // namespace
 
-std::shared_ptr<VenueView> VenueView::make(std::shared_ptr<Venue> venue) {
-  std::shared_ptr<VenueView> made(new VenueView(std::move(venue)));
+std::shared_ptr<VenueView> VenueView::make(std::shared_ptr<Venue> venue, GuidanceOptions options) {
+  std::shared_ptr<VenueView> made(new VenueView(std::move(venue), std::move(options)));
   made->mapView_->delegate = std::weak_ptr<MapViewDelegate>(made);
   made->connect();
   return made;
 }
 
-VenueView::VenueView(std::shared_ptr<Venue> venue)
+VenueView::VenueView(std::shared_ptr<Venue> venue, GuidanceOptions options)
     : venue_(std::move(venue)),
       mapView_(MapView::make()),
       labels_(std::make_unique<LabelLayer>(mapView_, 1.0)),
-      planner_(venue_),
+      clock_(options.clock ? std::move(options.clock) : systemTime),
+      guide_(venue_,
+             options.language.empty()
+                 ? fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", "))
+                 : options.language,
+             [this](GuidedPlan plan) { showPlan(std::move(plan)); }),
       search_(std::make_shared<SearchPanel>(*venue_)),
       card_(std::make_shared<PlaceCard>()),
       routePanel_(std::make_shared<RoutePanel>()),
@@ -61,6 +76,7 @@ VenueView::VenueView(std::shared_ptr<Venue> venue)
            help_})
     addSubview(part);
   help_->setHidden(true);
+  guide_.prepare();
 }
 
 void VenueView::connect() {
@@ -69,20 +85,40 @@ void VenueView::connect() {
   search_->chosen = [this](const auto& place) {
     const auto start = std::exchange(searchesForStart_, std::nullopt);
     if (!start) return select(place);
+    if (*start && nearest_) return beginRouteToNearest(place, nearest_);
     beginRoute(*start ? place : from_, *start ? to_ : place);
   };
+  search_->nearestChosen = [this](const auto& category) {
+    searchesForStart_.reset();
+    beginRouteToNearest(from_ ? from_ : selected_, category);
+  };
   card_->closed = [this] { select(nullptr); };
-  card_->fromHere = [this] { beginRoute(selected_, to_ == selected_ ? nullptr : to_); };
+  card_->stopAdded = [this] { addStop(selected_); };
+  card_->nearestChosen = [this](std::size_t index) {
+    beginRouteToNearest(selected_, offered_[index]);
+  };
+  card_->fromHere = [this] {
+    if (nearest_) return beginRouteToNearest(selected_, nearest_);
+    beginRoute(selected_, to_ == selected_ ? nullptr : to_);
+  };
   card_->toHere = [this] { beginRoute(from_ == selected_ ? nullptr : from_, selected_); };
   routePanel_->closed = [this] { clearRoute(); };
-  routePanel_->swapped = [this] { beginRoute(to_, from_); };
+  routePanel_->swapped = [this] {
+    std::reverse(between_.begin(), between_.end());
+    beginRoute(nearest_ && route() ? route()->to() : to_, from_);
+  };
   routePanel_->fromTapped = [this] { lookFor(true); };
   routePanel_->toTapped = [this] { lookFor(false); };
-  routePanel_->accessibleChanged = [this](bool accessible) {
-    accessible_ = accessible;
+  routePanel_->profileChosen = [this](std::size_t index) {
+    profile_ = index;
     planRoute();
   };
-  routePanel_->stepChosen = [this](const RouteStep& step) { showStep(step); };
+  routePanel_->stopRemoved = [this](std::size_t index) {
+    between_.erase(between_.begin() + static_cast<std::ptrdiff_t>(index));
+    planRoute();
+  };
+  routePanel_->routeChosen = [this](std::size_t index) { showRoute(index); };
+  routePanel_->stepChosen = [this](std::size_t index) { showStep(index); };
   attribution_->action = [this] { toggleAttribution(); };
   help_->closed = [this] { toggleHelp(); };
 }
@@ -94,6 +130,7 @@ void VenueView::select(const std::shared_ptr<Location>& place) {
   highlight(place);
   if (place) {
     card_->show(*place);
+    offerRoutes(place);
     fetchPicture(place);
     showFloor(floorOf(*place, mapView_->currentMap()));
   }
@@ -112,15 +149,17 @@ void VenueView::highlight(const std::shared_ptr<Location>& place) {
 // Shows a pin with the name on the place, if the place is on the current floor.
 void VenueView::mark(const std::shared_ptr<Location>& place) {
   mapView_->removeMarker(std::exchange(mark_, nullptr));
-  labels_->setMarked({});
-  if (!place || route_ || !mapView_->currentMap()) return;
+  std::vector<std::shared_ptr<Location>> marked = markedClosed_;
+  labels_->setMarked(marked);
+  if (!place || route() || !mapView_->currentMap()) return;
   if (!isOnFloor(*place, *mapView_->currentMap())) return;
   auto style = labelStyle();
   style.bold = true;
   mark_ = makePinMarker(markColors::place, pinHeight, place->name.value_or(""), style, scale_);
   mark_->setPosition(mapView_->findPosition3D(*place));
   mapView_->addMarker(mark_);
-  labels_->setMarked({place});
+  marked.push_back(place);
+  labels_->setMarked(std::move(marked));
 }
 
 void VenueView::fetchPicture(const std::shared_ptr<Location>& place) {
@@ -145,73 +184,6 @@ void VenueView::nothingSelected() {
     select(nullptr);
 }
 
-// --- Routes
-
-// Uses the tapped place as the missing end of the route. Returns false if no end is missing.
-bool VenueView::fillsEnd(const std::shared_ptr<Location>& place) {
-  if ((from_ == nullptr) == (to_ == nullptr)) return false;
-  beginRoute(from_ ? from_ : place, to_ ? to_ : place);
-  return true;
-}
-
-void VenueView::beginRoute(std::shared_ptr<Location> from, std::shared_ptr<Location> to) {
-  from_ = std::move(from);
-  to_ = std::move(to);
-  select(nullptr);
-  planRoute();
-}
-
-void VenueView::planRoute() {
-  route_.reset();
-  routeOverlay_.reset();
-  floors_->setRoute({});
-  routePanel_->setAccessible(accessible_);
-  routePanel_->setEnds(from_.get(), to_.get());
-  if (from_ && to_) {
-    route_ = planner_.plan(from_, to_, accessible_);
-    routePanel_->setRoute(route_);
-  }
-  arrangePanels();
-  if (!route_) return;
-  floors_->setRoute(route_->floors);
-  routeOverlay_ = std::make_unique<RouteOverlay>(mapView_, route_->path, from_, to_);
-  wantedNode_ = route_->path.front();
-  showFloor(wantedNode_->map);
-  routeOverlay_->show(scale_);
-  frameRoute();
-}
-
-// Frames the wanted part of the route, or else the first part on the current floor.
-void VenueView::frameRoute() {
-  const FloorVisit* visit = routeOverlay_->visitWith(*wantedNode_);
-  if (visit == nullptr || visit->floor != mapView_->currentMap())
-    visit = routeOverlay_->firstVisitTo(*mapView_->currentMap());
-  if (visit != nullptr)
-    camera().frame(routeOverlay_->pointsOf(*visit), aroundRoute(*venue_), CameraMotion::glide);
-}
-
-// Shows the departure from close by. For other steps, frames the part that leads to them.
-void VenueView::showStep(const RouteStep& step) {
-  wantedNode_ = step.node;
-  showFloor(step.node->map);
-  if (mapView_->currentMap() != step.node->map) return;  // not loaded yet
-  if (step.kind == StepKind::departure || routeOverlay_->visitWith(*step.node) == nullptr)
-    camera().frame({scenePosition(*step.node)}, aroundPlace, CameraMotion::glide);
-  else
-    frameRoute();
-}
-
-void VenueView::clearRoute() {
-  from_ = nullptr;
-  to_ = nullptr;
-  planRoute();
-}
-
-void VenueView::lookFor(bool start) {
-  searchesForStart_ = start;
-  search_->open(start ? "Where do you start?" : "Where do you want to go?");
-}
-
 // --- Keys
 
 bool VenueView::handleText(std::string_view text) {
@@ -229,6 +201,8 @@ bool VenueView::handleText(std::string_view text) {
     camera().fit(CameraMotion::glide);
   else if (text == "i" || text == "I")
     toggleAttribution();
+  else if (text == "w" || text == "W")
+    toggleWalk();
   else if (text == "?")
     toggleHelp();
   else if (text == "/")
@@ -316,7 +290,9 @@ bool VenueView::escape() {
     search_->close();
   } else if (selected_) {
     select(nullptr);
-  } else if (from_ || to_) {
+  } else if (walker_) {
+    stopWalk();
+  } else if (hasStops()) {
     clearRoute();
   } else {
     return false;
@@ -338,10 +314,12 @@ void VenueView::toggleHelp() {
 
 bool VenueView::isMoving() const {
   if (!isLoaded_) return false;
-  return hasNamesToDraw_ || awaitedFloor_ || (!isHidden() && mapView_->isAnimating());
+  return hasNamesToDraw_ || (walker_ && !walker_->isDone()) || awaitedFloor_ ||
+         (!isHidden() && mapView_->isAnimating());
 }
 
 void VenueView::advance(double time) {
+  if (walker_) walk(time);
   camera().advance(time);
   if (!isLoaded_) return;
   if (routeOverlay_) routeOverlay_->arrange();

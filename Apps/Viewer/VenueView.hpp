@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Apps/Viewer/BackgroundGuide.hpp"
 #include "Apps/Viewer/Keys.hpp"
 #include "Apps/Viewer/Panels/AttributionLine.hpp"
 #include "Apps/Viewer/Panels/FloorSwitch.hpp"
@@ -16,8 +17,10 @@
 #include "Apps/Viewer/Panels/RoutePanel.hpp"
 #include "Apps/Viewer/Panels/SearchPanel.hpp"
 #include "Apps/Viewer/PictureFetch.hpp"
-#include "Apps/Viewer/RoutePlanner.hpp"
 #include "Apps/Viewer/VenueSource.hpp"
+#include "Apps/Viewer/Walker.hpp"
+#include "Source/Guidance/Closures.hpp"
+#include "Source/Guidance/LocalTime.hpp"
 #include "Source/UI/Display/LabelLayer.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/RouteOverlay.hpp"
@@ -25,10 +28,17 @@
 
 namespace orivanta::viewer {
 
+/// How routes are described.
+struct GuidanceOptions {
+  std::string language;                          ///< if empty, the user's languages
+  std::function<guidance::LocalTime()> clock{};  ///< if null, the system's local time
+};
+
 /// Owned by shared pointers. The records of the venue must be loaded. Main thread only.
 class VenueView : public view::View, public MapViewDelegate {
  public:
-  static std::shared_ptr<VenueView> make(std::shared_ptr<Venue> venue);
+  static std::shared_ptr<VenueView> make(std::shared_ptr<Venue> venue,
+                                         GuidanceOptions options = {});
 
   // These report the progress and the results of loading the floors.
   std::function<void(double share, const std::string& text)> progressed;
@@ -39,6 +49,9 @@ class VenueView : public view::View, public MapViewDelegate {
 
   /// Called with a sentence if the floors are shown incomplete.
   std::function<void(const std::string&)> remarked;
+
+  /// Called when a route is requested. The receiver may call `setClosures` later.
+  std::function<void()> closuresWanted;
 
   /// Opens the list of venues. If null, there is no button for it. Set it before `arrange`.
   std::function<void()> wayBack;
@@ -68,6 +81,15 @@ class VenueView : public view::View, public MapViewDelegate {
   void select(const std::shared_ptr<Location>& place);
   void showFloor(const std::shared_ptr<Map>& floor);
 
+  /// Marks what is closed, and plans the current route again if that has changed.
+  void setClosures(const guidance::Closures& closures);
+
+  /// Whether a place is in the closures.
+  bool isClosed(const Location& place) const;
+
+  /// Starts or ends a simulated walk along the current route. Does nothing if there is none.
+  void toggleWalk();
+
   MapView& mapView() { return *mapView_; }
   MapCamera& camera() const { return mapView_->camera(); }
   SearchPanel& searchPanel() { return *search_; }
@@ -77,7 +99,15 @@ class VenueView : public view::View, public MapViewDelegate {
   AttributionLine& attribution() { return *attribution_; }
   Button& backButton() { return *backButton_; }
   const std::shared_ptr<Location>& selected() const { return selected_; }
-  const std::optional<PlannedRoute>& route() const { return route_; }
+
+  /// Returns the route that is shown, or null.
+  const GuidedRoute* route() const;
+
+  /// Whether a route is being planned.
+  bool isPlanning() const { return guide_.isBusy(); }
+
+  /// Returns the walk that is running or has ended at the destination, or null.
+  const Walker* walker() const { return walker_.get(); }
   const std::shared_ptr<Venue>& venue() const { return venue_; }
   void toggleHelp();
   void toggleAttribution();
@@ -88,7 +118,7 @@ class VenueView : public view::View, public MapViewDelegate {
   void nothingSelected() override;
 
  private:
-  explicit VenueView(std::shared_ptr<Venue> venue);
+  VenueView(std::shared_ptr<Venue> venue, GuidanceOptions options);
   void connect();
   void resizeMap(bool overlayToo);
   void showAnew();
@@ -114,10 +144,28 @@ class VenueView : public view::View, public MapViewDelegate {
 
   void mark(const std::shared_ptr<Location>& place);
   void fetchPicture(const std::shared_ptr<Location>& place);
+  void offerRoutes(const std::shared_ptr<Location>& place);
+  void markClosed();
+  bool hasStops() const { return from_ || to_ || nearest_; }
+  bool isComplete() const { return from_ && (to_ || nearest_); }
   void beginRoute(std::shared_ptr<Location> from, std::shared_ptr<Location> to);
+  void beginRouteToNearest(std::shared_ptr<Location> from,
+                           const std::shared_ptr<Category>& category);
+  void addStop(const std::shared_ptr<Location>& place);
   void planRoute();
+  void startPlanning();
+  void showPlan(GuidedPlan plan);
+  void showRoute(std::size_t index);
+  void dropRoute();
+  std::string arrivalText(const GuidedRoute& route) const;
   void frameRoute();
-  void showStep(const RouteStep& step);
+  void showStep(std::size_t index);
+  void setPosition(const std::shared_ptr<Map>& floor, graphics::Vector3 position);
+  void clearPosition();
+  void markPosition();
+  void followWalker();
+  void walk(double time);
+  void stopWalk();
   void clearRoute();
   void lookFor(bool start);
   bool escape();
@@ -128,7 +176,8 @@ class VenueView : public view::View, public MapViewDelegate {
   std::shared_ptr<Venue> venue_;
   std::shared_ptr<MapView> mapView_;
   std::unique_ptr<LabelLayer> labels_;
-  RoutePlanner planner_;
+  const std::function<guidance::LocalTime()> clock_;
+  BackgroundGuide guide_;
 
   std::shared_ptr<SearchPanel> search_;
   std::shared_ptr<PlaceCard> card_;
@@ -150,11 +199,23 @@ class VenueView : public view::View, public MapViewDelegate {
   std::shared_ptr<MapViewMarker2D> mark_;
   std::shared_ptr<Location> from_;
   std::shared_ptr<Location> to_;
-  std::optional<bool> searchesForStart_;  // set if the search is for an end of the route
-  bool accessible_ = false;
-  std::optional<PlannedRoute> route_;
+  std::optional<bool> searchesForStart_;            // set if the search is for an end of the route
+  std::vector<std::shared_ptr<Location>> between_;  // stops between the two
+  std::shared_ptr<Category> nearest_;  // the destination is its nearest place; null for `to_`
+  std::size_t profile_ = 0;            // of `profileChoices`
+  guidance::Closures closures_;
+  std::vector<std::shared_ptr<MapViewMarker2D>> closedMarks_;  // of the current floor
+  std::vector<std::shared_ptr<Location>> markedClosed_;        // the places with these marks
+  std::vector<std::shared_ptr<Category>> offered_;             // on the card
+  GuidedPlan plan_;
+  std::size_t chosenRoute_ = 0;  // of the plan
   std::unique_ptr<RouteOverlay> routeOverlay_;
-  std::shared_ptr<Node> wantedNode_;  // of the route; the part around it is framed
+  std::shared_ptr<MapViewMarker2D> positionMark_;  // of a step or of the walker; null until needed
+  std::shared_ptr<Map> positionFloor_;             // null if there is no position
+  bool isPositionShown_ = false;
+  std::unique_ptr<Walker> walker_;
+  std::optional<CameraPose> walkPose_;  // set while the camera follows the walker
+  std::shared_ptr<Node> wantedNode_;    // of the route; the part around it is framed
 
   double scale_ = 1;
   bool hasNamesToDraw_ = false;

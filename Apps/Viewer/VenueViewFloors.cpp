@@ -188,7 +188,9 @@ void VenueView::floorShown() {
   floors_->setCurrent(mapView_->currentMap());
   labels_->setScale(scale_);
   if (routeOverlay_) routeOverlay_->arrange();
+  markClosed();
   mark(selected_);
+  markPosition();
 }
 
 }  // namespace orivanta::viewer

@@ -12,7 +12,7 @@ namespace {
 constexpr double columnWidth = 344;  // points
 constexpr double gap = 12;
 constexpr double narrowMargin = 12;
-constexpr double mostSheetShare = 0.46;  // of a phone's height
+constexpr double mostSheetShare = 0.5;  // of a phone's height
 
 struct MapButton {
   const char* sign;
@@ -111,7 +111,7 @@ void VenueView::arrangeSheets(bool isWide) {
   const double margin = isWide ? theme::margin : narrowMargin;
   const double width = isWide ? columnWidth : size.width - 2 * margin;
   const double top = search_->frame().minY() + barHeight + gap;
-  const bool showsRoute = (from_ || to_) && !selected_;
+  const bool showsRoute = hasStops() && !selected_;
   card_->setHidden(!selected_ || search_->isOpen());
   routePanel_->setHidden(!showsRoute || search_->isOpen());
   const auto place = [&](view::View& sheet, double height) {
@@ -176,7 +176,7 @@ void VenueView::arrangeAttribution(bool isWide) {
 void VenueView::updateInsets(bool isWide) {
   const graphics::Size size = bounds().size;
   Insets insets{8, 8, 76, 8};
-  const bool hasSheet = selected_ || from_ || to_;
+  const bool hasSheet = selected_ || hasStops();
   if (isWide && hasSheet) insets.left = theme::margin + columnWidth + gap;
   if (isWide && !hasSheet) insets.top = 72;
   if (!isWide) {

@@ -41,6 +41,7 @@ void center(view::View& view, graphics::Size size, graphics::Size room) {
 
 Viewer::Viewer(ViewerOptions options)
     : slug_(std::move(options.slug)),
+      guidance_(std::move(options.guidance)),
       source_(std::move(options.settings)),
       root_(std::make_shared<view::View>()),
       veil_(std::make_shared<LoadingVeil>()),
@@ -172,7 +173,7 @@ void Viewer::goBack() {
 
 void Viewer::showFloors() {
   if (reached) reached("venue loaded");
-  venueView_ = VenueView::make(venue_);
+  venueView_ = VenueView::make(venue_, guidance_);
   venueView_->wayBack = wayBack();
   root_->addSubview(venueView_);
   raisePanels();
@@ -188,8 +189,16 @@ void Viewer::showFloors() {
     floorFailed(problem, floor);
   };
   venueView_->remarked = [this](const std::string& sentence) { remark(sentence); };
+  venueView_->closuresWanted = [this] { fetchClosures(); };
+  fetchClosures();
   arrange();
   venueView_->load();
+}
+
+void Viewer::fetchClosures() {
+  source_.fetchClosures(venue_->slug.value_or(""), [this](const guidance::Closures& closures) {
+    if (venueView_) venueView_->setClosures(closures);
+  });
 }
 
 void Viewer::raisePanels() {

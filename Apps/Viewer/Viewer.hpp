@@ -23,6 +23,7 @@ namespace orivanta::viewer {
 struct ViewerOptions {
   ApiSettings settings;             ///< see `VenueSource`
   std::optional<std::string> slug;  ///< of the venue; if empty, all venues are listed
+  GuidanceOptions guidance;         ///< the language of the instructions, and the clock
 };
 
 /// A host shows `root` and passes input with times in seconds that increase. It drains the main
@@ -86,6 +87,7 @@ class Viewer {
   void choose(const VenueSource::Venues& venues);
   void open(const std::shared_ptr<Venue>& venue);
   void showFloors();
+  void fetchClosures();
   void showLoading(const std::string& title);
   void showList();
   void raisePanels();
@@ -103,6 +105,7 @@ class Viewer {
   MapCamera* cameraAt(graphics::Point point) const;
 
   std::optional<std::string> slug_;
+  GuidanceOptions guidance_;
   VenueSource source_;
   std::shared_ptr<view::View> root_;
   std::shared_ptr<LoadingVeil> veil_;

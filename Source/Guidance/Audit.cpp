@@ -59,6 +59,11 @@ PlaceList unreached(const PlaceList& places, const std::vector<std::int64_t>& co
   return list;
 }
 
+// The failure of any other connector does not matter to those who need a way without steps.
+bool mayBeStepFree(const Vortex& connector) {
+  return connector.accessible && connector.type != "stairs" && connector.type != "escalator";
+}
+
 // Returns the place from which most others are reached, among the first ones.
 std::shared_ptr<Location> bestConnected(const Guide& guide, const PlaceList& places) {
   const PlaceList tried(places.begin(),
@@ -89,7 +94,10 @@ Audit audit(const Venue& venue, const Guide& guide, const foundation::Cancellati
   PlaceList entrances;
   if (!venue.locations || !venue.vortices) return result;
   for (const auto& location : *venue.locations) {
-    if (location->nodes.empty()) continue;
+    if (location->nodes.empty()) {
+      result.withoutNodes.push_back(location);
+      continue;
+    }
     places.push_back(location);
     if (isEntrance(*location)) entrances.push_back(location);
   }
@@ -108,8 +116,10 @@ Audit audit(const Venue& venue, const Guide& guide, const foundation::Cancellati
   for (const auto& connector : *venue.vortices) {
     if (token.isCanceled()) break;
     const Closures failure({*connector->id});
-    ConnectorFinding finding{connector, lost(places, all, reach.costs(Profile::fastest(), failure)),
-                             lost(places, allStepFree, reach.costs(Profile::stepFree(), failure))};
+    ConnectorFinding finding{
+        connector, lost(places, all, reach.costs(Profile::fastest(), failure)), {}};
+    if (mayBeStepFree(*connector))
+      finding.cutOffStepFree = lost(places, allStepFree, reach.costs(Profile::stepFree(), failure));
     if (!finding.cutOff.empty() || !finding.cutOffStepFree.empty())
       result.connectors.push_back(std::move(finding));
   }

@@ -31,6 +31,7 @@ struct ConnectorFinding {
 struct Audit {
   std::vector<EntranceFinding> entrances;    ///< all entrances, in the order of the venue
   std::vector<ConnectorFinding> connectors;  ///< those whose failure cuts off a place
+  PlaceList withoutNodes;        ///< places to which no route can lead, entrances among them
   PlaceList unreachable;         ///< places that no entrance reaches, whatever the profile
   bool entranceAssumed = false;  ///< the venue has no entrance; a well-connected place replaces it
 };

@@ -72,11 +72,13 @@ class Follower::Track {
 
   std::size_t legs() const { return starts_.size(); }
 
-  // Finds the place on the track for a position, near the last place if several are equally near.
-  Projection nearest(const Map* map, Point point, double last) const {
+  // Finds the place on the track for a position. Among the places within `reach` meters of the
+  // position, prefers those near the last place.
+  Projection nearest(const Map* map, Point point, double last, double reach) const {
     Projection best;
     double bestCost = infinity;
     const auto offer = [&](double along, double distance) {
+      if (!(distance <= reach)) return;
       const double cost = distance + jumpCost * std::min(std::abs(along - last), 50.0);
       if (cost < bestCost) {
         bestCost = cost;
@@ -152,7 +154,8 @@ const Progress& Follower::update(const Position& position, double seconds) {
     seconds_ = seconds;
     if (!std::exchange(started_, true)) lastOnRoute_ = seconds_;
   }
-  const auto found = track_->nearest(position.map.get(), {position.x, position.y}, along_);
+  const auto found =
+      track_->nearest(position.map.get(), {position.x, position.y}, along_, limits_.meters);
   if (found.distance <= limits_.meters) {
     lastOnRoute_ = seconds_;
     progress_.offRoute = false;

@@ -21,6 +21,7 @@ constexpr std::array meanings{
     Meaning{"Page Up, Page Down", "Go one floor up or down"},
     Meaning{"F", "Show the whole floor"},
     Meaning{"/ or Ctrl + F", "Search"},
+    Meaning{"W", "Simulate walking the route"},
     Meaning{"I", "Show the attribution"},
     Meaning{"S or F12", "Save a screenshot"},
     Meaning{"Esc", "Close the open panel"},

@@ -41,16 +41,20 @@ PlaceCard::PlaceCard()
           std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 2})),
       kind_(std::make_shared<Label>(
           LabelStyle{.size = theme::smallSize, .color = theme::faint, .lines = 2})),
+      closed_(std::make_shared<Label>(
+          LabelStyle{.size = theme::smallSize, .bold = true, .color = theme::warning})),
       description_(std::make_shared<Label>(LabelStyle{.lines = mostLines})),
       close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
       from_(std::make_shared<Button>(ButtonLook::tinted, "From here")),
-      to_(std::make_shared<Button>(ButtonLook::filled, "To here")) {
+      to_(std::make_shared<Button>(ButtonLook::filled, "To here")),
+      addStop_(std::make_shared<Button>(ButtonLook::tinted, "Add stop")) {
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
-           picture_, name_, kind_, description_, close_, from_, to_})
+           closed_, picture_, name_, kind_, description_, close_, from_, to_, addStop_})
     addSubview(part);
   close_->action = forward(closed);
   from_->action = forward(fromHere);
   to_->action = forward(toHere);
+  addStop_->action = forward(stopAdded);
 }
 
 void PlaceCard::show(const Location& place) {
@@ -58,6 +62,20 @@ void PlaceCard::show(const Location& place) {
   kind_->setText(kindOf(place));
   description_->setText(place.description.value_or(""));
   picture_->setPicture(nullptr);
+}
+
+void PlaceCard::setPlaceClosed(bool isClosed) { closed_->setText(isClosed ? "Closed now" : ""); }
+
+void PlaceCard::setNearest(const std::vector<std::string>& titles) {
+  for (const auto& button : nearest_) button->removeFromSuperview();
+  nearest_.clear();
+  for (const std::string& title : titles) {
+    nearest_.push_back(std::make_shared<Button>(ButtonLook::tinted, title, theme::smallSize));
+    nearest_.back()->action = [this, index = nearest_.size() - 1] {
+      if (nearestChosen) nearestChosen(index);
+    };
+    addSubview(nearest_.back());
+  }
 }
 
 void PlaceCard::setPicture(std::shared_ptr<const graphics::Image> picture, PictureMode mode) {
@@ -85,14 +103,19 @@ double PlaceCard::arrangeHead(double width, bool isSmall) {
   name_->setFrame({{left, padding}, {textWidth, nameHeight}});
   const double kindHeight = kind_->fitting(textWidth).height;
   kind_->setFrame({{left, padding + nameHeight + 3}, {textWidth, kindHeight}});
-  return std::max(kind_->frame().maxY(), picture_->frame().maxY()) + 12;
+  const double closedHeight = closed_->text().empty() ? 0 : closed_->fitting(textWidth).height + 3;
+  closed_->setFrame({{left, kind_->frame().maxY() + 3}, {textWidth, closedHeight}});
+  return std::max(kind_->frame().maxY() + closedHeight, picture_->frame().maxY()) + 12;
 }
 
 double PlaceCard::arrange(double width, double mostHeight, bool isSmall) {
   int lines = mostLines;
+  showsNearest_ = !nearest_.empty();
   double height = arrangeParts(width, isSmall, lines);
   if (height > mostHeight) height = arrangeParts(width, /*isSmall=*/true, lines);
   while (height > mostHeight && lines > 0) height = arrangeParts(width, /*isSmall=*/true, --lines);
+  if (height > mostHeight && std::exchange(showsNearest_, false))
+    height = arrangeParts(width, /*isSmall=*/true, lines);
   return height;
 }
 
@@ -112,10 +135,31 @@ double PlaceCard::arrangeParts(double width, bool isSmall, int lines) {
   const double descriptionHeight = lines > 0 ? description_->fitting(inner).height : 0;
   description_->setFrame({{padding, top}, {inner, descriptionHeight}});
   if (descriptionHeight > 0) top += descriptionHeight + 14;
-  const double buttonWidth = (inner - 10) / 2;
-  from_->setFrame({{padding, top}, {buttonWidth, theme::controlSize}});
-  to_->setFrame({{padding + buttonWidth + 10, top}, {buttonWidth, theme::controlSize}});
-  return top + theme::controlSize + padding;
+  return arrangeButtons(width, top);
+}
+
+// Arranges the buttons in one or two rows of equal columns. Returns the height of the card.
+double PlaceCard::arrangeButtons(double width, double top) {
+  constexpr double gap = 10;
+  const auto arrangeRow = [&](const std::vector<std::shared_ptr<Button>>& row, double height) {
+    const auto count = static_cast<double>(row.size());
+    const double each = (width - 2 * theme::padding - gap * (count - 1)) / count;
+    double left = theme::padding;
+    for (const auto& button : row) {
+      button->setFrame({{left, top}, {each, height}});
+      left += each + gap;
+    }
+    top += height;
+  };
+  addStop_->setHidden(!canAddStop_);
+  for (const auto& button : nearest_) button->setHidden(!showsNearest_);
+  if (showsNearest_) {
+    arrangeRow(nearest_, theme::controlSize - 8);
+    top += gap;
+  }
+  arrangeRow(canAddStop_ ? std::vector{from_, addStop_, to_} : std::vector{from_, to_},
+             theme::controlSize);
+  return top + theme::padding;
 }
 
 }  // namespace orivanta::viewer

@@ -1,120 +1,201 @@
 #include "Apps/Viewer/Panels/RoutePanel.hpp"
 
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <utility>
 
+#include "Apps/Viewer/ProfileChoices.hpp"
 #include "Platform/View/Canvas.hpp"
-#include "Source/Location.hpp"
 #include "Source/UI/Display/MarkColors.hpp"
 
 namespace orivanta::viewer {
 
 namespace {
 
-constexpr double endHeight = 40;  // points
-constexpr double headHeight = 2 * endHeight + 12;
-constexpr double summaryHeight = 30;
-constexpr double switchHeight = 40;
-
-graphics::Color colorOf(StepKind kind) {
-  if (kind == StepKind::departure) return markColors::start;
-  return kind == StepKind::arrival ? markColors::end : theme::accent;
-}
-
-std::shared_ptr<Pressable> makeEnd(const std::shared_ptr<Label>& label) {
-  auto end = std::make_shared<Pressable>();
-  end->addSubview(label);
-  return end;
-}
+constexpr double stopHeight = 40;  // points
+constexpr double stopsTop = 6;
+constexpr double nameLeft = theme::padding + 20;
+constexpr double buttonSide = 42;
+constexpr double segmentsHeight = 36;
+constexpr double summaryHeight = 34;
+constexpr double gap = 8;
 
 }  // namespace
 
+// A line with the name of a stop. Stops in between have a button that removes them.
+struct RoutePanel::StopLine {
+  std::shared_ptr<Pressable> area;
+  std::shared_ptr<Label> name;
+  std::shared_ptr<Button> remove;  // null for the ends
+};
+
 RoutePanel::RoutePanel()
-    : fromName_(std::make_shared<Label>()),
-      toName_(std::make_shared<Label>()),
-      swap_(std::make_shared<Button>(ButtonLook::plain, "\u21C5", 20)),
+    : swap_(std::make_shared<Button>(ButtonLook::plain, "\u21C5", 20)),
       close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
-      summary_(std::make_shared<Label>(LabelStyle{.bold = true})),
-      accessible_(std::make_shared<Switch>("Step-free route")),
-      steps_(std::make_shared<List>()) {
-  from_ = makeEnd(fromName_);
-  to_ = makeEnd(toName_);
+      profiles_(std::make_shared<Segments>()),
+      routes_(std::make_shared<Segments>()),
+      summary_(std::make_shared<Label>(LabelStyle{.bold = true, .lines = 6})),
+      arrival_(std::make_shared<Label>(
+          LabelStyle{.color = theme::faint, .alignment = Alignment::trailing})),
+      offer_(std::make_shared<Button>(ButtonLook::tinted, "")),
+      steps_(std::make_shared<StepList>()) {
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
-           from_, to_, swap_, close_, summary_, accessible_, steps_})
+           swap_, close_, profiles_, routes_, summary_, arrival_, offer_, steps_})
     addSubview(part);
-  from_->action = forward(fromTapped);
-  to_->action = forward(toTapped);
+  std::vector<std::string> titles;
+  for (const ProfileChoice& choice : profileChoices) titles.emplace_back(choice.title);
+  profiles_->setTitles(titles);
   swap_->action = forward(swapped);
   close_->action = forward(closed);
-  accessible_->action = [this] {
-    accessible_->setOn(!accessible_->isOn());
-    if (accessibleChanged) accessibleChanged(accessible_->isOn());
+  offer_->action = [this] {
+    if (helpfulProfile_ && profileChosen) profileChosen(*helpfulProfile_);
   };
+  const auto pass = [](const std::function<void(std::size_t)>& receiver) {
+    return [&receiver](std::size_t index) {
+      if (receiver) receiver(index);
+    };
+  };
+  profiles_->chosen = pass(profileChosen);
+  routes_->chosen = pass(routeChosen);
+  steps_->chosen = pass(stepChosen);
 }
 
-void RoutePanel::showEnd(Label& label, const Location* place, const char* wish) {
-  label.setText(place != nullptr ? place->name.value_or("") : wish);
-  label.setColor(place != nullptr ? theme::ink : theme::faint);
+RoutePanel::~RoutePanel() = default;
+
+void RoutePanel::addStop(const std::optional<std::string>& name, const char* wish) {
+  StopLine line{std::make_shared<Pressable>(),
+                std::make_shared<Label>(LabelStyle{.color = name ? theme::ink : theme::faint},
+                                        name.value_or(wish)),
+                nullptr};
+  line.area->addSubview(line.name);
+  addSubview(line.area);
+  stops_.push_back(std::move(line));
 }
 
-void RoutePanel::setEnds(const Location* from, const Location* to) {
-  showEnd(*fromName_, from, "Choose a start");
-  showEnd(*toName_, to, "Choose a destination");
-  summary_->setText(from == nullptr || to == nullptr ? "Tap a place or search for one" : "");
+void RoutePanel::setStops(const StopNames& names) {
+  for (const StopLine& line : stops_) {
+    line.area->removeFromSuperview();
+    if (line.remove) line.remove->removeFromSuperview();
+  }
+  stops_.clear();
+  addStop(names.from, "Choose a start");
+  for (const std::string& name : names.between) {
+    addStop(name, "");
+    stops_.back().remove = std::make_shared<Button>(ButtonLook::plain, "\u2212", 18);
+    stops_.back().remove->action = [this, index = stops_.size() - 2] {
+      if (stopRemoved) stopRemoved(index);
+    };
+    addSubview(stops_.back().remove);
+  }
+  addStop(names.to, "Choose a destination");
+  stops_.front().area->action = forward(fromTapped);
+  stops_.back().area->action = forward(toTapped);
+  setProblem(names.from && names.to ? "" : "Tap a place or search for one", std::nullopt);
   summary_->setColor(theme::faint);
-  steps_->setRows({});
-  route_.reset();
 }
 
-void RoutePanel::setRoute(const std::optional<PlannedRoute>& route) {
-  route_ = route;
-  summary_->setColor(route ? theme::ink : theme::warning);
-  if (route)
-    summary_->setText(route->summary);
-  else
-    summary_->setText(accessible_->isOn() ? "No step-free route between these places"
-                                          : "No route between these places");
-  std::vector<std::shared_ptr<Row>> rows;
-  if (route_)
-    for (std::size_t i = 0; i < route_->steps.size(); ++i) {
-      const RouteStep& step = route_->steps[i];
-      rows.push_back(std::make_shared<Row>(RowText{
-          .title = step.text, .detail = step.detail, .trailing = "", .dot = colorOf(step.kind)}));
-      rows.back()->action = [this, i] {
-        if (stepChosen && route_) stepChosen(route_->steps[i]);
-      };
-    }
-  steps_->setRows(std::move(rows));
+void RoutePanel::setPlanning() {
+  setProblem("Planning the route", std::nullopt);
+  summary_->setColor(theme::faint);
+}
+
+void RoutePanel::setProblem(const std::string& text, std::optional<std::size_t> helpfulProfile) {
+  summary_->setText(text);
+  summary_->setColor(theme::warning);
+  arrival_->setText("");
+  routes_->setTitles({});
+  steps_->show(nullptr);
+  helpfulProfile_ = helpfulProfile;
+  if (helpfulProfile)
+    offer_->setText(fmt::format("Try \u201C{}\u201D", profileChoices[*helpfulProfile].title));
+}
+
+void RoutePanel::setRoute(const GuidedPlan& plan, std::size_t index, const std::string& arrival) {
+  const GuidedRoute& route = plan.routes[index];
+  setProblem(route.summary, std::nullopt);
+  summary_->setColor(theme::ink);
+  arrival_->setText(arrival);
+  std::vector<std::string> titles;
+  for (const GuidedRoute& each : plan.routes) titles.push_back(each.summary);
+  if (titles.size() > 1) routes_->setTitles(titles);
+  routes_->setChosen(index);
+  steps_->show(&route);
+}
+
+double RoutePanel::arrangeStops(double width) {
+  const double right = width - buttonSide - 4;
+  double top = stopsTop;
+  for (const StopLine& line : stops_) {
+    const graphics::Rect name{{nameLeft, top}, {right - nameLeft - 6, stopHeight}};
+    line.area->setFrame(name);
+    line.name->setFrame({{0, 0}, name.size});
+    if (line.remove) line.remove->setFrame({{right, top - 1}, {buttonSide, buttonSide}});
+    top += stopHeight;
+  }
+  close_->setFrame({{right, 4}, {buttonSide, buttonSide}});
+  swap_->setFrame({{right, top - stopHeight}, {buttonSide, buttonSide}});
+  return top + 6;
+}
+
+// Arranges the summary and what belongs to it. Returns the lower edge.
+double RoutePanel::arrangeSummary(double width, double top) {
+  const double inner = width - 2 * theme::padding;
+  const double arrivalWidth = arrival_->text().empty() ? 0 : arrival_->fitting(inner).width + 4;
+  const double textWidth = inner - arrivalWidth;
+  const double height = std::max(summaryHeight, summary_->fitting(textWidth).height + gap);
+  summary_->setFrame({{theme::padding, top}, {textWidth, height}});
+  arrival_->setFrame({{width - theme::padding - arrivalWidth, top}, {arrivalWidth, height}});
+  top += height;
+  routes_->setHidden(routes_->size() < 2 || isWalking_);
+  if (!routes_->isHidden()) {
+    routes_->setFrame({{theme::padding, top}, {inner, segmentsHeight}});
+    routes_->arrange();
+    top += segmentsHeight + gap;
+  }
+  offer_->setHidden(!helpfulProfile_);
+  if (helpfulProfile_) {
+    offer_->setFrame({{theme::padding, top + 4}, {inner, theme::controlSize}});
+    top += theme::controlSize + gap + 4;
+  }
+  return top;
 }
 
 double RoutePanel::arrange(double width, double mostHeight) {
-  constexpr double padding = theme::padding;
-  const double endWidth = width - padding - 20 - 52;
-  from_->setFrame({{padding + 20, 6}, {endWidth, endHeight}});
-  to_->setFrame({{padding + 20, 6 + endHeight}, {endWidth, endHeight}});
-  for (const auto& label : {fromName_, toName_}) label->setFrame({{0, 0}, {endWidth, endHeight}});
-  close_->setFrame({{width - 46, 4}, {42, 42}});
-  swap_->setFrame({{width - 46, 6 + endHeight}, {42, 42}});
-  double top = headHeight + 6;
-  summary_->setFrame({{padding, top}, {width - 2 * padding, summaryHeight}});
-  top += summaryHeight;
-  accessible_->setFrame({{padding, top}, {width - 2 * padding, switchHeight}});
-  top += switchHeight + 4;
-  const double height = steps_->heightWithin(mostHeight - top - 8);
+  double top = arrangeStops(width) + gap;
+  profiles_->setHidden(isWalking_);
+  if (!isWalking_) {
+    profiles_->setFrame({{theme::padding, top}, {width - 2 * theme::padding, segmentsHeight}});
+    profiles_->arrange();
+    top += segmentsHeight + 4;
+  }
+  top = arrangeSummary(width, top);
+  const double height = steps_->heightFor(width, mostHeight - top - gap);
   steps_->setFrame({{0, top}, {width, height}});
   steps_->arrange();
-  return top + height + 8;
+  return top + height + gap;
 }
 
 void RoutePanel::draw(view::Canvas& canvas) {
   Panel::draw(canvas);
+  if (stops_.empty()) return;
   const double width = bounds().size.width;
   const double left = theme::padding;
-  const double first = 6 + endHeight / 2;
-  canvas.fill({{left + 4, first}, {2, endHeight}}, theme::hairline);
-  canvas.fill({{left, first - 5}, {10, 10}}, markColors::start, 5);
-  canvas.fill({{left, first + endHeight - 5}, {10, 10}}, markColors::end, 5);
-  canvas.fill({{left + 20, 6 + endHeight}, {width - left - 20 - 52, 1}}, theme::hairline);
-  canvas.fill({{left, headHeight}, {width - 2 * left, 1}}, theme::hairline);
+  const double first = stopsTop + stopHeight / 2;
+  const auto gaps = static_cast<double>(stops_.size() - 1);
+  canvas.fill({{left + 4, first}, {2, stopHeight * gaps}}, theme::hairline);
+  for (std::size_t i = 0; i < stops_.size(); ++i) {
+    const double middle = first + stopHeight * static_cast<double>(i);
+    const bool isLast = i + 1 == stops_.size();
+    const graphics::Color color =
+        i == 0 ? markColors::start : (isLast ? markColors::end : theme::amber);
+    canvas.fill({{left, middle - 5}, {10, 10}}, color, 5);
+    if (!isLast)
+      canvas.fill({{nameLeft, middle + stopHeight / 2}, {width - nameLeft - 52, 1}},
+                  theme::hairline);
+  }
+  const double end = stopsTop + stopHeight * (gaps + 1) + 6;
+  canvas.fill({{left, end}, {width - 2 * left, 1}}, theme::hairline);
 }
 
 }  // namespace orivanta::viewer

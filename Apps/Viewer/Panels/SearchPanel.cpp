@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "Apps/Viewer/CategoryMatch.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Source/Category.hpp"
@@ -18,6 +19,7 @@ namespace {
 constexpr double fieldHeight = 48;  // points
 constexpr double signWidth = 44;
 constexpr double titleHeight = 34;
+constexpr const char* nearestDetail = "The route to the nearest one";
 
 class GroupTitle : public Row {
  public:
@@ -49,7 +51,8 @@ std::string categoryOf(const Location& place) {
 }  // namespace
 
 SearchPanel::SearchPanel(const Venue& venue)
-    : search_(*venue.locations, [this](const auto& groups) { show(groups); }),
+    : venue_(venue),
+      search_(*venue.locations, [this](const auto& groups) { show(groups); }),
       field_(std::make_shared<TextField>(defaultPlaceholder)),
       sign_(std::make_shared<Label>(
           LabelStyle{.size = 28, .color = theme::faint, .alignment = Alignment::center}, "\u2315")),
@@ -70,7 +73,8 @@ SearchPanel::SearchPanel(const Venue& venue)
   clear_->action = [this] { close(); };
 }
 
-void SearchPanel::open(const std::string& placeholder) {
+void SearchPanel::open(const std::string& placeholder, bool offersNearest) {
+  offersNearest_ = offersNearest;
   field_->setPlaceholder(placeholder);
   field_->setText("");
   field_->setFocused(true);
@@ -102,18 +106,22 @@ void SearchPanel::show(const std::vector<PlaceGroup>& groups) {
     items_.push_back(std::move(item));
     source.heights.push_back(height);
   };
+  const auto category = offersNearest_ ? categoryTyped(venue_, field_->text()) : nullptr;
+  if (category && isOpen())
+    add({nullptr, labelOf(category->name), category}, Row::heightWith(nearestDetail));
   const bool hasTitles = groups.size() > 1;
   for (const PlaceGroup& group : groups) {
-    if (hasTitles) add({nullptr, group.title.empty() ? "Other places" : group.title}, titleHeight);
+    if (hasTitles)
+      add({nullptr, group.title.empty() ? "Other places" : group.title, nullptr}, titleHeight);
     for (const auto& place : group.places) {
-      std::string category = hasTitles ? "" : categoryOf(*place);
-      const double height = Row::heightWith(category);
-      add({place, std::move(category)}, height);
+      std::string detail = hasTitles ? "" : categoryOf(*place);
+      const double height = Row::heightWith(detail);
+      add({place, std::move(detail), nullptr}, height);
     }
     placeCount_ += group.places.size();
   }
   source.make = [this](std::size_t index) { return makeRow(index); };
-  source.canBeMarked = [this](std::size_t index) { return items_[index].place != nullptr; };
+  source.canBeMarked = [this](std::size_t index) { return items_[index].canBeChosen(); };
   list_->setSource(std::move(source));
   if (!items_.empty() && !field_->text().empty()) list_->moveMark(1);
   if (layoutChanged) layoutChanged();
@@ -122,11 +130,16 @@ void SearchPanel::show(const std::vector<PlaceGroup>& groups) {
 
 std::shared_ptr<Row> SearchPanel::makeRow(std::size_t index) {
   const Item& item = items_[index];
-  if (!item.place) return std::make_shared<GroupTitle>(foundation::label(item.text));
-  auto row = std::make_shared<Row>(RowText{.title = labelOf(item.place->name),
-                                           .detail = item.text,
-                                           .trailing = floorLabels(floorsOf(*item.place))});
-  row->action = [this, place = item.place] { choose(place); };
+  if (!item.canBeChosen()) return std::make_shared<GroupTitle>(foundation::label(item.text));
+  auto row = std::make_shared<Row>(item.category
+                                       ? RowText{.title = "Nearest: " + item.text,
+                                                 .detail = nearestDetail,
+                                                 .trailing = "",
+                                                 .dot = theme::accent}
+                                       : RowText{.title = labelOf(item.place->name),
+                                                 .detail = item.text,
+                                                 .trailing = floorLabels(floorsOf(*item.place))});
+  row->action = [this, item] { choose(item); };
   return row;
 }
 
@@ -136,17 +149,21 @@ void SearchPanel::chooseMarked() {
     return;
   }
   const auto first = std::find_if(items_.begin(), items_.end(),
-                                  [](const Item& item) { return item.place != nullptr; });
+                                  [](const Item& item) { return item.canBeChosen(); });
   if (const auto marked = list_->marked())
-    choose(items_[*marked].place);
+    choose(items_[*marked]);
   else if (first != items_.end())
-    choose(first->place);
+    choose(*first);
 }
 
-// The place is a copy, because closing removes the row that owns it.
-void SearchPanel::choose(std::shared_ptr<Location> place) {
+// The item is a copy, because closing removes the row that owns it.
+void SearchPanel::choose(Item item) {
   close();
-  if (chosen) chosen(place);
+  if (item.category) {
+    if (nearestChosen) nearestChosen(item.category);
+  } else if (chosen) {
+    chosen(item.place);
+  }
 }
 
 double SearchPanel::arrange(double width, double mostHeight) {

@@ -17,16 +17,22 @@ namespace orivanta::viewer {
 /// category. The search runs in the background and delivers its results through the main queue.
 class SearchPanel : public Panel {
  public:
+  /// The venue must outlive the panel.
   explicit SearchPanel(const Venue& venue);
 
   std::function<void(const std::shared_ptr<Location>&)> chosen;
+
+  /// Called when the user has chosen the nearest place of a category.
+  std::function<void(const std::shared_ptr<Category>&)> nearestChosen;
   std::function<void()> layoutChanged;  ///< called when the height has changed
 
   TextField& field() { return *field_; }
   bool isOpen() const { return field_->isFocused(); }
 
-  /// Empties the field and gives it the focus. The placeholder says what to search for.
-  void open(const std::string& placeholder = defaultPlaceholder);
+  /// Empties the field and gives it the focus. The placeholder says what to search for. If
+  /// `offersNearest` is set and the typed text matches a category, the first result is the nearest
+  /// place of that category.
+  void open(const std::string& placeholder = defaultPlaceholder, bool offersNearest = true);
 
   /// Removes the focus and the text.
   void close();
@@ -49,15 +55,19 @@ class SearchPanel : public Panel {
 
  private:
   struct Item {
-    std::shared_ptr<Location> place;  // null for the title of a group
-    std::string text;                 // the title, or the line below the place's name
+    std::shared_ptr<Location> place;     // null for a category or the title of a group
+    std::string text;                    // the title, or the line below the place's name
+    std::shared_ptr<Category> category;  // whose nearest place is offered; null for others
+
+    bool canBeChosen() const { return place != nullptr || category != nullptr; }
   };
 
   void search();
   void show(const std::vector<PlaceGroup>& groups);
   std::shared_ptr<Row> makeRow(std::size_t index);
-  void choose(std::shared_ptr<Location> place);
+  void choose(Item item);
 
+  const Venue& venue_;
   BackgroundSearch search_;
   std::shared_ptr<TextField> field_;
   std::shared_ptr<Label> sign_;
@@ -68,6 +78,7 @@ class SearchPanel : public Panel {
   std::size_t placeCount_ = 0;
   bool hasSearched_ = false;   // the list shows the results of a search
   bool choosesFirst_ = false;  // when the current search has ended
+  bool offersNearest_ = true;
 };
 
 }  // namespace orivanta::viewer

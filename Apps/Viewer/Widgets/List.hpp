@@ -36,6 +36,10 @@ class Row : public Pressable {
   const std::string& title() const { return title_->text(); }
   void draw(view::Canvas& canvas) override;
 
+ protected:
+  bool isMarked() const { return marked_; }
+  void setHeight(double height) { height_ = height; }  ///< points; set it before the list has it
+
  private:
   std::shared_ptr<Label> title_;
   std::shared_ptr<Label> detail_;

@@ -170,8 +170,9 @@ TEST_F(GuideCommand, AuditsPackages) {
   const std::string package = (folder_.path() / "package").string();
   const ProgramResult result = run({"audit", package});
   EXPECT_EQ(result.exitCode, 1);
-  EXPECT_THAT(result.output, StartsWith(R"({"venue":"small","entranceAssumed":true,)"
-                                        R"("unreachable":["l5"],"entrances":[{"entrance":"l)"));
+  EXPECT_THAT(result.output, StartsWith(R"({"venue":"small","entranceAssumed":true,)"));
+  EXPECT_THAT(result.output,
+              testing::HasSubstr(R"("unreachable":["l5"],"entrances":[{"entrance":"l)"));
   EXPECT_EQ(run({"audit", "/nonexistent"}).exitCode, 2);
 }
 

@@ -162,6 +162,7 @@ TEST(KeyTextTest, FindsShortcutsOnManyKeyboards) {
                            {"", SDL_SCANCODE_MINUS, SDLK_RIGHTPAREN, true, false},    // French
                            {"f", SDL_SCANCODE_F, SDLK_f, true, true},
                            {"i", SDL_SCANCODE_I, SDLK_i, false, true},
+                           {"w", SDL_SCANCODE_W, SDLK_w, false, true},
                            {"f", SDL_SCANCODE_F, russianA, false, false},
                            {"", SDL_SCANCODE_LEFT, SDLK_LEFT, false, true}}) {
     const SDL_Keysym key{each.place, each.code, each.shift ? Uint16{KMOD_LSHIFT} : Uint16{0}, 0};

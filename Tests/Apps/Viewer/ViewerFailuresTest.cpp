@@ -119,6 +119,23 @@ TEST_F(ViewerFailuresTest, TellsThatAnAwaitedFloorFailsAndLoadsThatOneAgain) {
   EXPECT_EQ(view.selected(), stage.place("cafe"));
 }
 
+TEST_F(ViewerFailuresTest, WhatIsClosedIsMarkedAndAvoided) {
+  server.on("/1/closure", {Answer::json(R"([{"id": "cafe"}, 5, {}])"), Answer::json("{}", 404)});
+  test::ViewerStage stage(server.root(), "small");
+  VenueView& view = stage.untilShown();
+  const auto marks = [&] { return view.mapView().markers().size(); };
+  stage.until([&] { return marks() > 0; });
+  view.select(stage.place("cafe"));
+  EXPECT_TRUE(view.placeCard().saysClosed());
+  view.placeCard().toHere();
+  view.select(stage.place("loft"));
+  EXPECT_FALSE(view.placeCard().saysClosed());
+  view.placeCard().fromHere();
+  stage.until([&] { return view.routePanel().summary().starts_with("Cafe, or the way"); });
+  stage.until([&] { return view.routePanel().summary().starts_with("There is no route"); });
+  EXPECT_FALSE(view.isClosed(*stage.place("cafe"))) << "when it was asked again";
+}
+
 TEST(VenueSource, UsesTheTransportAndTheMemoryLimitOfItsSettings) {
   class Memory : public network::UrlTransport {
    public:

@@ -43,7 +43,8 @@ class ViewerStage {
  public:
   explicit ViewerStage(const std::string& endpoint, std::optional<std::string> slug,
                        graphics::Size shownSize = {1280, 800})
-      : size(shownSize), viewer({settingsFor(endpoint), std::move(slug)}) {
+      : size(shownSize),
+        viewer({settingsFor(endpoint), std::move(slug), {"en", [] { return noon; }}}) {
     viewer.resize(size, 1);
   }
 
@@ -102,6 +103,20 @@ class ViewerStage {
     renderer.render(*viewer.root(), size, 1, time, surface->framebuffer());
     return surface->read();
   }
+
+  /// Plans a route between two places and waits for it, or for the reason why there is none.
+  viewer::VenueView& untilPlanned(const std::string& from, const std::string& to) {
+    viewer::VenueView& view = *viewer.venueView();
+    view.select(place(from));
+    view.placeCard().fromHere();
+    view.select(place(to));
+    view.placeCard().toHere();
+    until([&] { return !view.isPlanning(); });
+    settle();
+    return view;
+  }
+
+  static constexpr guidance::LocalTime noon{2026, 11, 20, 12, 0};
 
   graphics::Size size;
   DiagnosticLines quiet;

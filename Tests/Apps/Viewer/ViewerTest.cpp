@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "Source/Map.hpp"
@@ -66,8 +67,9 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     EXPECT_EQ(view.mapView().currentMap()->shortName, "G");
     view.camera().fit();
     stage.tap(on(view, *stage.place("kindling")));
-    ASSERT_TRUE(view.route());
-    EXPECT_EQ(view.route()->from, stage.place("kindling"));
+    stage.until([&] { return view.route() != nullptr; });
+    stage.settle();
+    EXPECT_EQ(view.route()->from(), stage.place("kindling"));
     EXPECT_EQ(view.route()->floors.size(), 2U);
     EXPECT_TRUE(stage.viewer.isMoving()) << "its arrows do";
     stage.viewer.keyPressed({Key::pageUp});
@@ -76,7 +78,7 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     stage.viewer.keyPressed({Key::pageDown});
     EXPECT_GT(test::countPixels(*stage.picture(), markColors::start), 100) << "the start";
 
-    view.routePanel().stepChosen(view.route()->steps.back());
+    view.routePanel().stepChosen(view.route()->steps.size() - 1);
     stage.settle();
     EXPECT_EQ(view.mapView().currentMap()->shortName, "2");
     view.polygonSelected(stage.place("dosa-dynamo")->polygons.front());
@@ -89,25 +91,62 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
   }
 }
 
-TEST_F(ViewerTest, PlansWithoutStepsWhenAsked) {
+TEST_F(ViewerTest, RoutesFollowTheProfileTheChoiceAndTheStops) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
   stage.untilShown();
-  RoutePlanner planner(stage.viewer.venueView()->venue());
-  const auto from = stage.place("tamarisk-row");
-  const auto to = stage.place("dosa-dynamo");
-  const auto nowhere = planner.plan(from, from, false);
-  ASSERT_TRUE(nowhere);
-  EXPECT_TRUE(nowhere->summary.starts_with("You are already there"));
-  EXPECT_TRUE(nowhere->steps.empty());
-  for (const bool accessible : {false, true}) {
-    const auto route = planner.plan(from, to, accessible);
-    ASSERT_TRUE(route);
-    ASSERT_GE(route->steps.size(), 3U);
-    EXPECT_EQ(route->steps.front().kind, StepKind::departure);
-    EXPECT_EQ(route->steps.back().kind, StepKind::arrival);
-    const bool climbs = route->steps[1].text.find("stairs") != std::string::npos;
-    EXPECT_NE(climbs, accessible) << route->steps[1].text;
+  VenueView& view = stage.untilPlanned("tamarisk-row", "dosa-dynamo");
+  RoutePanel& panel = view.routePanel();
+  const auto usesStairs = [&] {
+    const auto& legs = view.route()->itinerary.legs;
+    return std::any_of(legs.begin(), legs.end(), [](const guidance::Leg& leg) {
+      return leg.connectorKind == guidance::ConnectorKind::stairs;
+    });
+  };
+  for (const std::size_t profile : {0U, 1U}) {
+    stage.tap(*panel.profiles().cell(profile));
+    stage.until([&] { return view.route() != nullptr; });
+    EXPECT_EQ(usesStairs(), profile == 0);
+    EXPECT_EQ(panel.summary(), view.route()->summary);
+    EXPECT_TRUE(panel.arrival().starts_with("Arrival 12:0")) << panel.arrival();
   }
+  ASSERT_GT(panel.routes().size(), 1U);
+  const NodeList first = view.route()->path;
+  stage.tap(*panel.routes().cell(1));
+  EXPECT_NE(view.route()->path, first);
+
+  view.select(stage.place("kindling"));
+  view.placeCard().stopAdded();
+  stage.until([&] { return view.route() != nullptr; });
+  EXPECT_EQ(view.route()->itinerary.visits[1].location, stage.place("kindling"));
+  panel.stopRemoved(0);
+  stage.until([&] { return view.route() != nullptr; });
+  EXPECT_EQ(view.route()->path, first);
+  panel.swapped();
+  stage.until([&] { return view.route() != nullptr; });
+  EXPECT_EQ(view.route()->to(), stage.place("tamarisk-row"));
+
+  stage.untilPlanned("kindling", "kindling");
+  EXPECT_EQ(panel.summary(), "You are already there");
+}
+
+TEST_F(ViewerTest, LeadsToTheNearestPlaceOfACategory) {
+  test::ViewerStage stage(server->root(), "astrolabe-court");
+  VenueView& view = stage.untilShown();
+  stage.tap(view.searchPanel().field());
+  stage.type("toil");
+  stage.viewer.keyPressed({Key::enter});
+  stage.until([&] { return !view.routePanel().isHidden(); });
+  EXPECT_FALSE(view.route() || view.isPlanning()) << "there is no start yet";
+  stage.tap(on(view, *stage.place("kindling")));
+  stage.until([&] { return view.route() != nullptr; });
+  EXPECT_EQ(view.route()->from(), stage.place("kindling"));
+  EXPECT_EQ(view.route()->to(), stage.place("toilets-g"));
+
+  view.select(stage.place("dosa-dynamo"));
+  view.placeCard().nearestChosen(0);
+  stage.until([&] { return view.route() != nullptr; });
+  EXPECT_EQ(view.route()->from(), stage.place("dosa-dynamo"));
+  EXPECT_EQ(view.route()->to(), stage.place("toilets-l2"));
 }
 
 TEST_F(ViewerTest, StepsShowTheirPartOfTheRouteAndTheAttributionStays) {
@@ -129,18 +168,15 @@ TEST_F(ViewerTest, StepsShowTheirPartOfTheRouteAndTheAttributionStays) {
     stage.viewer.keyPressed({Key::escape});
     EXPECT_EQ(line.frame().size.height, closed);
 
-    view.select(stage.place("bakery"));
-    view.placeCard().fromHere();
-    view.select(stage.place("museum"));
-    view.placeCard().toHere();
+    stage.untilPlanned("bakery", "museum");
     ASSERT_TRUE(view.route());
-    stage.settle();
     EXPECT_NEAR(view.camera().pose().x, 50, 100) << "the first visit";
-    const auto& steps = view.route()->steps;
-    ASSERT_EQ(steps.size(), 4U);
-    const std::pair<const char*, double> expected[] = {{"G", 0}, {"G", 50}, {"U", 250}, {"G", 450}};
-    for (std::size_t i = 0; i < steps.size(); ++i) {
-      view.routePanel().stepChosen(steps[i]);
+    const std::pair<const char*, double> expected[] = {{"G", 50},  {"G", 100}, {"U", 250},
+                                                       {"U", 400}, {"G", 450}, {"G", 500}};
+    ASSERT_EQ(view.route()->steps.size(), std::size(expected));
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+      view.routePanel().stepChosen(i);
+      EXPECT_EQ(view.routePanel().steps().current(), i);
       stage.until([&] { return view.mapView().currentMap()->shortName == expected[i].first; });
       stage.settle();
       const auto middle =
@@ -152,7 +188,49 @@ TEST_F(ViewerTest, StepsShowTheirPartOfTheRouteAndTheAttributionStays) {
     }
     stage.tap(view.searchPanel().field());
     EXPECT_FALSE(line.isHidden());
+    stage.viewer.keyPressed({Key::escape});
+    view.routePanel().profileChosen(1);
+    stage.until([&] { return !view.isPlanning(); });
+    EXPECT_FALSE(view.route());
+    EXPECT_TRUE(view.routePanel().summary().starts_with("There is no route to Museum without"));
+    stage.tap(view.routePanel().offer());
+    stage.until([&] { return view.route() != nullptr; });
   }
+}
+
+TEST_F(ViewerTest, WalksAlongTheRoute) {
+  test::TemporaryFolder folder;
+  test::writeTwoVisitsPackage(folder, "");
+  server::ServerOptions options;
+  options.folders = {folder.path()};
+  const server::VenueServer visits(options);
+  test::ViewerStage stage(visits.root(), "visits");
+  VenueView& view = stage.untilShown();
+  stage.until([&] { return view.venue()->maps->back()->mapObject != nullptr; });
+  stage.type("w");
+  EXPECT_FALSE(view.walker()) << "there is no route";
+  stage.untilPlanned("bakery", "museum");
+  stage.type("w");
+  std::vector<std::string> floors;
+  std::vector<std::size_t> steps;
+  while (!view.walker()->isDone()) {
+    stage.viewer.advance(stage.time += 0.5);
+    EXPECT_EQ(view.mapView().currentMap(), view.walker()->floor());
+    const auto shown = view.mapView().findPositionCameraViewport(view.walker()->position());
+    EXPECT_GT(shown.x, 300) << "beside the panel";
+    if (const auto& floor = *view.walker()->floor()->shortName;
+        floors.empty() || floors.back() != floor)
+      floors.push_back(floor);
+    if (const auto step = view.routePanel().steps().current().value();
+        steps.empty() || steps.back() != step)
+      steps.push_back(step);
+  }
+  EXPECT_EQ(floors, (std::vector<std::string>{"G", "U", "G"}));
+  EXPECT_EQ(steps, (std::vector<std::size_t>{0, 1, 2, 3, 4, 5}));
+  EXPECT_EQ(view.routePanel().arrival(), "You are there");
+  EXPECT_FALSE(view.isMoving() && !view.mapView().isAnimating());
+  stage.viewer.keyPressed({Key::escape});
+  EXPECT_TRUE(!view.walker() && view.route());
 }
 
 TEST_F(ViewerTest, ThePointerDragsTiltsAndComesCloserToWhatIsUnderIt) {

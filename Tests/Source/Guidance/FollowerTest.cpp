@@ -121,6 +121,13 @@ TEST_F(FollowerTest, StaysOnALongEscalatorAndArrivesAtItsEnd) {
   }
 }
 
+TEST_F(FollowerTest, APositionOnTheRouteIsNeverOffIt) {
+  Follower follower = follow({"a", "b", "c", "d", "e", "f", "h1"});
+  follower.update(at("g", 40, 12), 0);
+  follower.update(at("g", 31, 1), 1);  // 9 m from the last place, but on an earlier part
+  EXPECT_FALSE(follower.update(at("g", 31, 0), 9).offRoute);
+}
+
 TEST_F(FollowerTest, FollowsAnItineraryWithoutLegs) {
   Follower follower(*guide_, Itinerary());
   EXPECT_FALSE(follower.update(at("g", 1, 1), 0).offRoute);

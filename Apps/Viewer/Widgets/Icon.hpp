@@ -1,0 +1,30 @@
+// Small line drawings.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "Platform/Graphics/Color.hpp"
+#include "Platform/Graphics/Geometry.hpp"
+#include "Platform/Graphics/Image.hpp"
+
+namespace orivanta::viewer {
+
+/// A line through points. Icons are drawn on a square of side 24, with y downward.
+using Stroke = std::vector<graphics::Point>;
+
+/// A drawing of lines with round ends.
+struct Icon {
+  std::vector<Stroke> strokes;
+  double lineWidth = 2.6;  ///< in units of the square
+};
+
+/// Draws an icon. `side` is in points, `scale` in pixels per point; both must be greater than 0.
+std::shared_ptr<const graphics::Image> drawIcon(const Icon& icon, graphics::Color color,
+                                                double side, double scale);
+
+/// Returns the image of a disc with a white border, for a position on a map. `side` is in points,
+/// `scale` in pixels per point.
+std::shared_ptr<const graphics::Image> drawDot(graphics::Color color, double side, double scale);
+
+}  // namespace orivanta::viewer
