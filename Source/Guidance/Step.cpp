@@ -51,7 +51,7 @@ std::shared_ptr<Location> placeOf(const Step& step) {
 
 std::shared_ptr<Directions> asDirections(const Itinerary& itinerary, const std::vector<Step>& steps,
                                          const std::vector<std::string>& texts) {
-  if (itinerary.legs.empty()) return nullptr;
+  if (!itinerary.isUsable()) return nullptr;
   auto directions = std::make_shared<Directions>();
   directions->path = itinerary.path();
   for (std::size_t i = 0; i < steps.size(); ++i) {

@@ -69,7 +69,7 @@ std::string StepWriter::text() const {
 }
 
 std::string StepWriter::depart() const {
-  const std::string place = placeName(step_.place);
+  const std::string place = messages_.name(step_.name);
   const std::string within = turnWithin();
   if (!place.empty() && !within.empty())
     return messages_.format("depart.place.turn", {{"place", place}, {"turn", within}});
@@ -106,7 +106,7 @@ std::string StepWriter::arrive() const {
   const bool isStop =
       std::any_of(steps_.begin() + static_cast<std::ptrdiff_t>(index_) + 1, steps_.end(),
                   [](const Step& later) { return later.kind == Step::Kind::arrive; });
-  const std::string place = placeName(step_.place);
+  const std::string place = messages_.name(step_.name);
   const std::string opposite = placeName(step_.opposite);
   const bool mayBeOpposite = step_.side != Side::ahead && step_.side != Side::behind;
   std::string key = isStop ? "arrive.stop" : "arrive.destination";

@@ -253,6 +253,15 @@ TEST(StepBuilder, SurvivesHostileItineraries) {
   auto node = record<Node>(R"("id": "n", "x": 0, "y": 0)");
   itinerary.legs.front().nodes = {node};
   EXPECT_EQ(stepsOf(itinerary, surroundings).size(), 2U);
+  std::vector<Step> ride(1);
+  ride.front().kind = Step::Kind::ride;
+  ride.front().lastLeg = 1;
+  for (const NodeList& nodes : {NodeList(), NodeList{nullptr}, NodeList{node, nullptr}}) {
+    Itinerary faulty = itinerary;
+    faulty.legs.emplace_back().nodes = nodes;
+    EXPECT_TRUE(stepsOf(faulty, surroundings).empty());
+    EXPECT_EQ(asDirections(faulty, ride, {}), nullptr);
+  }
   NodeList& nodes = itinerary.legs.front().nodes;
   const double values[] = {0.0, 1e308, -1e308, std::numeric_limits<double>::infinity(),
                            std::nan("")};
