@@ -68,11 +68,11 @@ std::shared_ptr<const guidance::Guide> guideFor(const Venue& venue) {
   return guide;
 }
 
-ExitCode complainAbout(const guidance::Problem& problem, const guidance::Request& request,
-                       const guidance::Narrator& narrator) {
+ExitCode complainAbout(const guidance::Guide& guide, const guidance::Problem& problem,
+                       const guidance::Request& request, const guidance::Narrator& narrator) {
   const bool known = problem.stop < request.stops.size();
   complain(narrator.text(problem,
-                         known ? planning::nameOf(request.stops[problem.stop]) : std::string()));
+                         known ? guide.spokenName(request.stops[problem.stop]) : std::string()));
   return ExitCode::notFound;
 }
 
@@ -82,7 +82,7 @@ ExitCode guideRoute(const Venue& venue, const planning::PlanQuery& query, bool j
   const guidance::Plan plan = guide->plan(request);
   const guidance::Narrator narrator(preferredLanguageList());
   if (json) writeOutput(text::jsonText(planning::planJson(*guide, plan, request, narrator)) + '\n');
-  if (plan.problem) return complainAbout(*plan.problem, request, narrator);
+  if (plan.problem) return complainAbout(*guide, *plan.problem, request, narrator);
   if (json) return ExitCode::success;
   std::string text;
   for (std::size_t i = 0; i < plan.itineraries.size(); ++i) {

@@ -47,8 +47,8 @@ CommandError commandError(const planning::QueryError& error);
 std::shared_ptr<const guidance::Guide> guideFor(const Venue& venue);
 
 /// Writes the problem of a plan to standard error, and returns the exit code for it.
-ExitCode complainAbout(const guidance::Problem& problem, const guidance::Request& request,
-                       const guidance::Narrator& narrator);
+ExitCode complainAbout(const guidance::Guide& guide, const guidance::Problem& problem,
+                       const guidance::Request& request, const guidance::Narrator& narrator);
 
 /// Plans the route and prints it. Throws `CommandError` if a text cannot be used.
 ExitCode guideRoute(const Venue& venue, const planning::PlanQuery& query, bool json);

@@ -58,7 +58,7 @@ class Walk {
       if (!aside || !progress.offRoute) continue;
       leaveAt_.reset();
       const guidance::Plan plan = guide_.plan(requestFrom(position));
-      if (plan.problem) return complainAbout(*plan.problem, request_, narrator_);
+      if (plan.problem) return complainAbout(guide_, *plan.problem, request_, narrator_);
       if (!options_.json) writeLine("Off the route. The new route:");
       follow(plan.itineraries.front());
       report(follower_->update(position, time_), position);
@@ -156,7 +156,7 @@ ExitCode walkRoute(const WalkOptions& options) try {
       planning::requestOf(*venue, options.guidance.queryFor(options.from, options.to));
   const guidance::Narrator narrator(preferredLanguageList());
   const guidance::Plan plan = guide->plan(request);
-  if (plan.problem) return complainAbout(*plan.problem, request, narrator);
+  if (plan.problem) return complainAbout(*guide, *plan.problem, request, narrator);
   return Walk(*guide, narrator, options, request, plan.itineraries.front()).run();
 } catch (const planning::QueryError& error) {
   throw commandError(error);

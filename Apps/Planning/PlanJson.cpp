@@ -188,7 +188,7 @@ json::object planJson(const guidance::Guide& guide, const guidance::Plan& plan,
   if (plan.problem) {
     const std::size_t stop = plan.problem->stop;
     const std::string place =
-        stop < request.stops.size() ? nameOf(request.stops[stop]) : std::string();
+        stop < request.stops.size() ? guide.spokenName(request.stops[stop]) : std::string();
     return {{"language", narrator.language()},
             {"problem", json::object{{"kind", problemWord(plan.problem->kind)},
                                      {"stop", stop},

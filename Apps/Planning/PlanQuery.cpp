@@ -195,12 +195,4 @@ Request requestOf(const Venue& venue, const PlanQuery& query, const guidance::Cl
   return request;
 }
 
-std::string nameOf(const Stop& stop) {
-  if (const auto* location = std::get_if<std::shared_ptr<Location>>(&stop))
-    return *location ? label(*(*location)->name) : std::string();
-  if (const auto* category = std::get_if<std::shared_ptr<Category>>(&stop))
-    return *category ? label(*(*category)->name) : std::string();
-  return {};
-}
-
 }  // namespace orivanta::planning

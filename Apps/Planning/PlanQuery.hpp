@@ -78,7 +78,4 @@ std::shared_ptr<Category> categoryNamed(const Venue& venue, const std::string& t
 guidance::Request requestOf(const Venue& venue, const PlanQuery& query,
                             const guidance::Closures& closures = {});
 
-/// Returns the name of a stop for sentences; empty for a node or a position.
-std::string nameOf(const guidance::Stop& stop);
-
 }  // namespace orivanta::planning

@@ -19,15 +19,6 @@ namespace orivanta::viewer {
 
 namespace {
 
-std::string nameOf(const guidance::Stop& stop) {
-  if (const auto* place = std::get_if<std::shared_ptr<Location>>(&stop); place && *place)
-    return (*place)->_data["nameGenerated"].bool_().value_or(false) ? ""
-                                                                    : (*place)->name.value_or("");
-  if (const auto* category = std::get_if<std::shared_ptr<Category>>(&stop); category && *category)
-    return (*category)->name.value_or("");
-  return "";
-}
-
 std::vector<std::shared_ptr<Map>> floorsOf(const NodeList& path) {
   std::vector<std::shared_ptr<Map>> floors;
   for (const FloorVisit& visit : floorVisits(path))
@@ -92,7 +83,7 @@ struct BackgroundGuide::Work {
     if (plan.problem)
       plan.problemText =
           narrator.text(*plan.problem, plan.problem->stop < request.stops.size()
-                                           ? nameOf(request.stops[plan.problem->stop])
+                                           ? guide->spokenName(request.stops[plan.problem->stop])
                                            : "");
     return token.isCanceled() ? std::nullopt : std::optional(std::move(plan));
   }

@@ -1,5 +1,6 @@
 #include "Source/Guidance/Guide.hpp"
 
+#include "Source/Category.hpp"
 #include "Source/Guidance/Network/CostMatrix.hpp"
 #include "Source/Guidance/Network/GuideData.hpp"
 #include "Source/Guidance/Network/ItineraryBuilder.hpp"
@@ -63,6 +64,13 @@ std::optional<Itinerary> Guide::itinerary(const NodeList& path,
 }
 
 double Guide::unitsPerMeter() const { return implementation_->data.network.unitsPerMeter(); }
+
+std::string Guide::spokenName(const Stop& stop) const {
+  if (const auto* place = std::get_if<std::shared_ptr<Location>>(&stop))
+    return *place ? implementation_->surroundings.spokenName(**place) : std::string();
+  const auto* category = std::get_if<std::shared_ptr<Category>>(&stop);
+  return category != nullptr && *category ? (*category)->name.value_or("") : std::string();
+}
 
 std::vector<Step> Guide::steps(const Itinerary& itinerary) const {
   return stepsOf(itinerary, implementation_->surroundings);

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "Platform/Foundation/Cancellation.hpp"
@@ -72,7 +73,11 @@ class ORIVANTA_API Guide {
   /// Returns how many of the venue's units are a meter; 1 if the venue does not state it.
   double unitsPerMeter() const;
 
-  /// Returns the instructions for an itinerary of this guide.
+  /// Returns the name of a stop for texts: that of a category or place, or what the sign of a
+  /// connector shows. Empty if no sign shows the name, for nodes and for positions.
+  std::string spokenName(const Stop& stop) const;
+
+  /// Returns the instructions for an itinerary of this guide. Empty if it is not usable.
   std::vector<Step> steps(const Itinerary& itinerary) const;
 
  private:

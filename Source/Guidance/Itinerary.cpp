@@ -1,6 +1,15 @@
 #include "Source/Guidance/Itinerary.hpp"
 
+#include <algorithm>
+
 namespace orivanta::guidance {
+
+bool Itinerary::isUsable() const {
+  const auto isLegUsable = [](const Leg& leg) {
+    return !leg.nodes.empty() && std::count(leg.nodes.begin(), leg.nodes.end(), nullptr) == 0;
+  };
+  return !legs.empty() && std::all_of(legs.begin(), legs.end(), isLegUsable);
+}
 
 double Itinerary::meters() const {
   double sum = 0.0;

@@ -29,7 +29,7 @@ struct Leg {
   double seconds = 0.0;               ///< the expected time, without penalties
   std::shared_ptr<Vortex> connector;  ///< null for a walk
   ConnectorKind connectorKind = ConnectorKind::other;  ///< for a ride
-  std::string sign;  ///< for a ride: the name on the connector's sign; empty if there is none
+  std::string sign;      ///< for a ride: the name on the connector's sign; empty if there is none
   int floorsPassed = 0;  ///< for a ride: the number of floors up, negative if down
 };
 
@@ -47,6 +47,10 @@ struct ORIVANTA_API Itinerary {
   std::vector<Visit> visits;          ///< in the order of the route, one per stop
   std::int64_t costMilliseconds = 0;  ///< what the search minimized: the time with penalties
   bool hasScale = false;  ///< whether meters and seconds are known: the venue has `unitsPerMetre`
+
+  /// Returns whether instructions can be made: there are legs, each has nodes, and none of these is
+  /// null. True for the itineraries of a guide.
+  bool isUsable() const;
 
   /// Returns the walked length. In the venue's units if `hasScale` is false.
   double meters() const;

@@ -55,6 +55,7 @@ bool Narrator::isRightToLeft() const { return messages_->rightToLeft; }
 
 std::string Narrator::text(const Itinerary& itinerary, const std::vector<Step>& steps,
                            std::size_t index) const {
+  if (index >= steps.size()) return {};
   return StepWriter(*messages_, itinerary, steps, index).text();
 }
 

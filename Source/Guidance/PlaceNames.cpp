@@ -51,4 +51,8 @@ Locations locationsContaining(const Venue& venue, std::string_view text) {
   return found;
 }
 
+bool hasGeneratedName(const Location& place) {
+  return place._data["nameGenerated"].bool_().value_or(false);
+}
+
 }  // namespace orivanta

@@ -28,4 +28,8 @@ ORIVANTA_API NamedPlaces placesNamed(const Venue& venue, std::string_view text);
 ORIVANTA_API std::vector<std::shared_ptr<Location>> locationsContaining(const Venue& venue,
                                                                         std::string_view text);
 
+/// Returns whether a converter invented the name of a place or connector (`nameGenerated` in the
+/// record). No sign shows such a name.
+ORIVANTA_API bool hasGeneratedName(const Location& place);
+
 }  // namespace orivanta

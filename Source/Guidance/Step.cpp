@@ -11,6 +11,10 @@ namespace {
 using Turn = Direction::Turn;
 
 Turn::Bearing bearingOf(const Step& step) {
+  if (step.kind == Step::Kind::leave && step.side == Side::right) return Turn::Bearing::Right;
+  if (step.kind == Step::Kind::leave && (step.side == Side::left || step.side == Side::behind))
+    return Turn::Bearing::Left;
+  if (step.turnDegrees == 0.0) return Turn::Bearing::Straight;
   const bool left = step.turnDegrees > 0.0;
   if (step.sharpness == Sharpness::bear)
     return left ? Turn::Bearing::SlightLeft : Turn::Bearing::SlightRight;
@@ -19,8 +23,7 @@ Turn::Bearing bearingOf(const Step& step) {
 
 std::shared_ptr<const Direction::Action> turnOf(const Step& step) {
   const auto position = step.landmark ? step.landmark->position : Turn::ReferencePosition::At;
-  const auto bearing = step.turnDegrees == 0.0 ? Turn::Bearing::Straight : bearingOf(step);
-  return std::make_shared<Turn>(bearing, position);
+  return std::make_shared<Turn>(bearingOf(step), position);
 }
 
 std::shared_ptr<const Direction::Action> actionOf(const Itinerary& itinerary, const Step& step) {
@@ -48,7 +51,7 @@ std::shared_ptr<Location> placeOf(const Step& step) {
 
 std::shared_ptr<Directions> asDirections(const Itinerary& itinerary, const std::vector<Step>& steps,
                                          const std::vector<std::string>& texts) {
-  if (itinerary.legs.empty()) return nullptr;
+  if (!itinerary.isUsable()) return nullptr;
   auto directions = std::make_shared<Directions>();
   directions->path = itinerary.path();
   for (std::size_t i = 0; i < steps.size(); ++i) {

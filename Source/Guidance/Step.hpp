@@ -72,6 +72,7 @@ struct Step {
   /// of the ride, if it does not lead on; a turn comes after that.
   Side side = Side::none;
   std::shared_ptr<Location> place;     ///< `depart`, `arrive`: the place; may be null
+  std::string name;                    ///< the name of `place` on signs; empty if there is none
   std::shared_ptr<Location> opposite;  ///< `arrive`: the place on the other side
   std::vector<Passed> passed;          ///< places on the walk to the next step
   double metersToNext = 0.0;           ///< the walk to the next step
@@ -80,9 +81,10 @@ struct Step {
 
 /// Returns the same instructions in the form of `Directions`: turns become `Turn`, rides
 /// `TakeVortex`; sharp turns and turning around become `Left` and `Right`, bearing becomes
-/// `SlightLeft` and `SlightRight`. `texts` are the texts of the steps; a missing one is empty.
-/// Steps that refer to missing legs or nodes are omitted. Returns null if the itinerary has no
-/// legs.
+/// `SlightLeft` and `SlightRight`. Leaving a connector becomes a turn to the side where the walk
+/// begins, which is `Left` if that is behind. `texts` are the texts of the steps; a missing one is
+/// empty. Steps that refer to missing legs or nodes are omitted. Returns null if the itinerary is
+/// not usable.
 ORIVANTA_API std::shared_ptr<Directions> asDirections(const Itinerary& itinerary,
                                                       const std::vector<Step>& steps,
                                                       const std::vector<std::string>& texts);

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "Source/Category.hpp"
+#include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
 
@@ -28,7 +29,7 @@ ConnectorSigns::ConnectorSigns(const Venue& venue) {
 }
 
 std::string ConnectorSigns::signOf(const Vortex& connector) const {
-  if (connector._data["nameGenerated"].bool_().value_or(false)) return {};
+  if (hasGeneratedName(connector)) return {};
   std::string name = connector.name.value_or("");
   for (const RawData& identifier : connector._data["categories"].arrayValue()) {
     const auto category = categories_.find(identifier.string().value_or(""));

@@ -20,6 +20,8 @@ class StepBuilder {
       else
         addRide(section);
     }
+    for (Step& step : steps)
+      if (step.place) step.name = surroundings.spokenName(*step.place);
   }
 
   std::vector<Step> steps;
@@ -78,6 +80,7 @@ class StepBuilder {
 }  // namespace
 
 std::vector<Step> stepsOf(const Itinerary& itinerary, const Surroundings& surroundings) {
+  if (!itinerary.isUsable()) return {};
   if (itinerary.visits.size() >= 2) return StepBuilder(itinerary, surroundings).steps;
   Itinerary complete = itinerary;
   complete.visits = {{0, 0, nullptr}, {1, itinerary.legs.size(), nullptr}};

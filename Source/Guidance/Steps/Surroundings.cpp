@@ -5,12 +5,15 @@
 #include <tuple>
 
 #include "Source/Category.hpp"
+#include "Source/Guidance/Network/ConnectorSign.hpp"
+#include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/Polygon.hpp"
 #include "Source/Venue.hpp"
+#include "Source/Vortex.hpp"
 
 namespace orivanta::guidance {
 
@@ -33,10 +36,20 @@ Surroundings::Surroundings(const Venue& venue)
     : metersPerUnit_(metersPerUnitOf(venue)),
       network_(venue, metersPerUnit_),
       nodes_(venue.nodes.value_or(NodeList())),
-      locations_(venue.locations.value_or(std::vector<std::shared_ptr<Location>>())) {
+      locations_(venue.locations.value_or(std::vector<std::shared_ptr<Location>>())),
+      connectors_(venue.vortices.value_or(std::vector<std::shared_ptr<Vortex>>())) {
   for (const auto& place : locations_) addEntrances(place);
   std::sort(kinds_.begin(), kinds_.end());
   findNames();
+  const ConnectorSigns signs(venue);
+  for (const auto& connector : connectors_)
+    signs_.emplace(connector.get(), signs.signOf(*connector));
+}
+
+std::string Surroundings::spokenName(const Location& place) const {
+  const auto sign = signs_.find(&place);
+  if (sign != signs_.end()) return sign->second;
+  return hasGeneratedName(place) ? std::string() : place.name.value_or("");
 }
 
 void Surroundings::addEntrances(const std::shared_ptr<Location>& place) {
@@ -69,9 +82,7 @@ void Surroundings::findNames() {
     if (!isNew && entry->second != place.get()) entry->second = nullptr;
   }
   for (const auto& [name, place] : owners)
-    if (place != nullptr && !isBlank(name) &&
-        !place->_data["nameGenerated"].bool_().value_or(false))
-      named_.insert(place);
+    if (place != nullptr && !isBlank(name) && !hasGeneratedName(*place)) named_.insert(place);
 }
 
 std::span<const std::shared_ptr<Location>> Surroundings::placesAt(const Node& node) const {

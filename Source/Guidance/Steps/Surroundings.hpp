@@ -38,6 +38,10 @@ class Surroundings {
   /// other place has it.
   bool hasOwnName(const Location& place) const { return named_.contains(&place); }
 
+  /// Returns the name of a place, or what the sign of a connector shows. Empty if a converter
+  /// invented the name.
+  std::string spokenName(const Location& place) const;
+
   /// Returns the first category of a place if no other place of that category has an entrance
   /// within 30 m of this entrance on the same floor. Returns null otherwise.
   std::shared_ptr<Category> soleKind(const Location& place, const Node& entrance) const;
@@ -65,9 +69,11 @@ class Surroundings {
   FootNetwork network_;
   std::vector<std::shared_ptr<Node>> nodes_;          // keeps the addresses valid
   std::vector<std::shared_ptr<Location>> locations_;  // likewise
+  std::vector<std::shared_ptr<Vortex>> connectors_;   // likewise
   std::unordered_map<const Node*, std::vector<std::shared_ptr<Location>>> places_;
   std::unordered_set<const Location*> named_;
-  std::vector<KindEntry> kinds_;  // sorted by category, map and x
+  std::unordered_map<const Location*, std::string> signs_;  // of the connectors
+  std::vector<KindEntry> kinds_;                            // sorted by category, map and x
 };
 
 }  // namespace orivanta::guidance

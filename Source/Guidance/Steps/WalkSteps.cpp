@@ -36,7 +36,7 @@ WalkSteps::WalkSteps(const Itinerary& itinerary, const Section& section,
 
 Side WalkSteps::sideAfterRide(const Leg& ride, const WalkPlan& plan,
                               const Surroundings& surroundings) const {
-  const double reach = plan.first ? line_.along(plan.first->turn.first) : aloneMeters;
+  const double reach = line_.along(plan.first ? plan.first->turn.first : line_.size() - 1);
   return sideAfter(ride, line_, std::min(reach, aloneMeters), surroundings.metersPerUnit());
 }
 
@@ -123,7 +123,7 @@ void WalkSteps::mention(const NearbyPlaces& nearby, const WalkPlan& plan, const 
 // Leaving a connector for a short straight walk is told with the ride.
 void WalkSteps::dropEmptyLeave() {
   const Step& first = steps.front();
-  if (first.kind != Step::Kind::leave || first.turnDegrees != 0.0 ||
+  if (first.kind != Step::Kind::leave || first.turnDegrees != 0.0 || first.side != Side::none ||
       line_.along(endOf(0)) - line_.along(0) >= aloneMeters)
     return;
   metersBefore = first.metersToNext;

@@ -1,11 +1,12 @@
 #include "Source/Guidance/Words/MessageKeys.hpp"
 
+#include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Location.hpp"
 
 namespace orivanta::guidance {
 
 std::string spokenName(const Location* place) {
-  if (place == nullptr || place->_data["nameGenerated"].bool_().value_or(false)) return {};
+  if (place == nullptr || hasGeneratedName(*place)) return {};
   return place->name.value_or("");
 }
 

@@ -69,7 +69,7 @@ std::string StepWriter::text() const {
 }
 
 std::string StepWriter::depart() const {
-  const std::string place = placeName(step_.place);
+  const std::string place = messages_.name(step_.name);
   const std::string within = turnWithin();
   if (!place.empty() && !within.empty())
     return messages_.format("depart.place.turn", {{"place", place}, {"turn", within}});
@@ -95,16 +95,18 @@ std::string StepWriter::turn() const {
 std::string StepWriter::leave() const {
   const std::string key = "leave." + keyOf(kindLeft(itinerary_, step_));
   const std::string within = turnWithin();
-  if (!within.empty()) return messages_.format(key + ".turn", {{"turn", within}});
-  return messages_.sentences(messages_.format(key),
-                             turnKey(step_).empty() ? std::string() : turn());
+  const std::string begin = sideWithin(within);
+  const std::string text =
+      begin.empty() ? messages_.format(key) : messages_.format(key + ".turn", {{"turn", begin}});
+  const bool turnsLater = within.empty() && !turnKey(step_).empty();
+  return messages_.sentences(text, turnsLater ? turn() : std::string());
 }
 
 std::string StepWriter::arrive() const {
   const bool isStop =
       std::any_of(steps_.begin() + static_cast<std::ptrdiff_t>(index_) + 1, steps_.end(),
                   [](const Step& later) { return later.kind == Step::Kind::arrive; });
-  const std::string place = placeName(step_.place);
+  const std::string place = messages_.name(step_.name);
   const std::string opposite = placeName(step_.opposite);
   const bool mayBeOpposite = step_.side != Side::ahead && step_.side != Side::behind;
   std::string key = isStop ? "arrive.stop" : "arrive.destination";
@@ -137,6 +139,16 @@ std::string StepWriter::turnWithin() const {
   const bool hasLandmark =
       step_.landmark && !placeName(step_.landmark->place, step_.landmark->category).empty();
   return key.empty() || hasLandmark ? std::string() : messages_.format("turn.within." + key);
+}
+
+// Where the walk begins after a ride, and then the turn, which may be empty, as a part of another
+// sentence.
+std::string StepWriter::sideWithin(const std::string& turn) const {
+  if (step_.side == Side::none || step_.side == Side::ahead) return turn;
+  if (!turn.empty())
+    return messages_.format("turn.within.then" + keyOf(step_.side), {{"turn", turn}});
+  if (step_.side == Side::behind) return messages_.format("turn.within.around");
+  return messages_.format("turn.within.turn" + keyOf(step_.side));
 }
 
 std::string StepWriter::placeName(const std::shared_ptr<Location>& place,

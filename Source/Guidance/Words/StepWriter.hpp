@@ -36,6 +36,7 @@ class StepWriter {
   std::string arrive() const;
   std::string walk() const;
   std::string turnWithin() const;
+  std::string sideWithin(const std::string& turn) const;
   std::string placeName(const std::shared_ptr<Location>& place,
                         const std::shared_ptr<Category>& category = nullptr) const;
 

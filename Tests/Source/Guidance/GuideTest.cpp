@@ -97,6 +97,32 @@ TEST_F(GuideTest, MakesLegsWithLengthsAndTimes) {
   EXPECT_EQ(itinerary.visits[1].location, place("l2"));
 }
 
+TEST_F(GuideTest, SpeaksOnlyNamesOnSigns) {
+  records_.locations = R"([
+      {"id": "l1", "name": "Unnamed 17", "type": "shop", "nodes": [{"node": "n1"}],
+       "nameGenerated": true},
+      {"id": "l2", "name": "Book Shop", "type": "shop", "nodes": [{"node": "u2"}]}])";
+  records_.vortices = R"([
+      {"id": "lift", "name": "Lift A", "type": "elevator", "nodes": ["n3", "u1"]},
+      {"id": "stairs", "name": "Shops 3", "type": "stairs", "categories": ["c1"],
+       "nodes": ["n2", "u2"]}])";
+  reload();
+  const auto connector = [&](std::size_t i) {
+    return std::shared_ptr<Location>(venue_->vortices->at(i));
+  };
+  for (const auto& [place, name] : {std::pair(place("l1"), ""),
+                                    {place("l2"), "Book Shop"},
+                                    {connector(0), "Lift A"},
+                                    {connector(1), ""}}) {
+    EXPECT_EQ(guide_->spokenName(place), name);
+    const auto steps = guide_->steps(plan({place, node("u1")}).itineraries.at(0));
+    EXPECT_EQ(steps.front().place, place);
+    EXPECT_EQ(steps.front().name, name);
+  }
+  EXPECT_EQ(guide_->spokenName(category("c1")), "Shops");
+  EXPECT_EQ(guide_->spokenName(node("n1")), "");
+}
+
 TEST_F(GuideTest, ReportsProblems) {
   const auto foreign = test::makeNode(0, 0);
   const auto free = Profile::stepFree();

@@ -6,7 +6,7 @@
 #include <boost/algorithm/string/replace.hpp>
 #include <limits>
 
-#include "Source/Guidance/Network/ConnectorSign.hpp"
+#include "Source/Guidance/Steps/Surroundings.hpp"
 #include "Source/Guidance/Words/Messages.hpp"
 #include "Source/Guidance/Words/Placeholders.hpp"
 #include "Tests/Support/MessageFile.hpp"
@@ -30,7 +30,9 @@ class NarratorTest : public testing::Test {
     bakery_ = venue->locations->at(0);
     food_ = bakery_->categories.front();
     stairs_ = venue->vortices->at(1);
-    sign_ = ConnectorSigns(*venue).signOf(*stairs_);
+    const Surroundings surroundings(*venue);
+    sign_ = surroundings.spokenName(*stairs_);
+    shopName_ = surroundings.spokenName(*shop_);
     lower_ = venue->nodes->at(1);
     upper_ = venue->nodes->at(5);
     itinerary_.hasScale = true;
@@ -49,7 +51,7 @@ class NarratorTest : public testing::Test {
     itinerary_.legs[1].floorsPassed = 1;
     std::vector<Step> steps(5);
     steps[0].kind = Step::Kind::depart;
-    steps[0].place = bakery_;
+    steps[0].name = "Bakery";
     steps[0].turnDegrees = 90;
     steps[0].metersToNext = 43;
     steps[0].passed = {{shop_, nullptr, Side::left}};
@@ -66,7 +68,7 @@ class NarratorTest : public testing::Test {
     steps[3].metersToNext = 240;
     steps[4].kind = Step::Kind::arrive;
     steps[4].leg = 2;
-    steps[4].place = shop_;
+    steps[4].name = shopName_;
     steps[4].side = Side::left;
     steps[4].opposite = bakery_;
     return steps;
@@ -82,6 +84,7 @@ class NarratorTest : public testing::Test {
   std::shared_ptr<Category> food_;
   std::shared_ptr<Vortex> stairs_;
   std::string sign_;
+  std::string shopName_;
   std::shared_ptr<Node> lower_;
   std::shared_ptr<Node> upper_;
   Itinerary itinerary_;
@@ -150,7 +153,7 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
 // Calls `visit` with a list of steps for every value that changes a text.
 template <class Visit>
 void visitAllSteps(const std::vector<Step>& route, Itinerary& itinerary, Visit visit) {
-  const auto& shop = route[4].place;
+  const auto& shop = route[0].passed.front().place;
   const std::vector<Side> sides{Side::none, Side::left, Side::right, Side::ahead, Side::behind};
   for (const auto kind : {Step::Kind::depart, Step::Kind::turn, Step::Kind::leave})
     for (const auto sharpness :
@@ -164,7 +167,9 @@ void visitAllSteps(const std::vector<Step>& route, Itinerary& itinerary, Visit v
             step.sharpness = sharpness;
             step.turnDegrees = degrees;
             step.secondTurnDegrees = second;
-            if (i % 2 == 0) step.place = shop;
+            if (i % 2 == 0) step.name = "X";
+            if (kind == Step::Kind::leave)
+              step.side = sides[static_cast<std::size_t>(i + i / 5) % 5];
             if (i % 5 > 1)
               step.landmark = Landmark{shop, nullptr, static_cast<Reference>(i % 5 - 2)};
             visit({step});
@@ -184,7 +189,7 @@ void visitAllSteps(const std::vector<Step>& route, Itinerary& itinerary, Visit v
       for (const bool isOpposite : {true, false}) {
         Step step = route[4];
         step.side = side;
-        if (!named) step.place = nullptr;
+        if (!named) step.name.clear();
         if (!isOpposite) step.opposite = nullptr;
         visit({step});
         visit({step, step});
@@ -298,10 +303,36 @@ TEST_F(NarratorTest, SpeaksOnlyGivenNames) {
     reload();
     routeUpstairs();
     ride.leg = 1;
-    arrival.place = shop_;
+    arrival.name = shopName_;
     const Narrator narrator(each.language);
     EXPECT_EQ(textOf(ride, narrator), each.ride);
     EXPECT_EQ(textOf(arrival, narrator), each.arrival);
+  }
+}
+
+TEST_F(NarratorTest, TellsWhereTheWalkAfterARideBegins) {
+  struct Case {
+    const char* language;
+    Side side;
+    double degrees;
+    const char* text;
+  };
+  for (const Case& each :
+       {Case{"en", Side::left, 0, "Leave the stairs and turn left."},
+        {"en", Side::behind, 0, "Leave the stairs and turn around."},
+        {"en", Side::ahead, 90, "Leave the stairs and turn left."},
+        {"en", Side::behind, 90, "Leave the stairs and turn around, then turn left."},
+        {"de", Side::right, 90,
+         "Verlassen Sie die Treppe und biegen Sie rechts ab, dann biegen Sie links ab."},
+        {"fr", Side::left, -90, "Quittez l’escalier et tournez à gauche, puis tournez à droite."},
+        {"ja", Side::right, -90, "階段を出て、右に曲がってから右に曲がります。"},
+        {"ar", Side::left, -90, "غادر الدرج ثم انعطف يسارًا ثم انعطف يمينًا."}}) {
+    Step step = routeUpstairs()[3];
+    step.side = each.side;
+    step.turnDegrees = each.degrees;
+    step.secondTurnDegrees.reset();
+    step.metersToNext = 0.0;
+    EXPECT_EQ(textOf(step, Narrator(each.language)), each.text);
   }
 }
 
@@ -319,6 +350,7 @@ TEST_F(NarratorTest, JoinsRidesAndOmitsUnknownLengths) {
   EXPECT_EQ(Narrator().text(itinerary_, steps, 3),
             "Leave the stairs and turn right, then immediately left.");
   EXPECT_EQ(Narrator().summary(itinerary_), "");
+  EXPECT_EQ(Narrator().text(itinerary_, steps, steps.size()), "");
   steps[2].leg = 9;
   EXPECT_EQ(Narrator().text(itinerary_, steps, 2), "Take the passage on your right.");
 }

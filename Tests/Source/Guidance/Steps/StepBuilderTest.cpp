@@ -201,6 +201,8 @@ TEST(StepBuilder, TellsTheTurnsOfDrawnWalks) {
       {"0,0 30,0 lift:30,0 34,0 lift:34,0 70,0", "depart, ride, leave, ride, leave, arrive"},
       {"0,0 30,0 lift:30,0 32,0 stairs:42,0 70,0", "depart, ride, ride, leave, arrive"},
       {"0,0 30,0 stairs:40,0 40,20", "depart, ride, leave left, arrive"},
+      {"0,0 30,0 stairs:40,0 40,2 lift:40,2 40,9", "depart, ride, leave left, ride, leave, arrive"},
+      {"0,0 30,0 stairs:40,0 40,0.2", "depart, ride, arrive"},
       {"0,0 30,0 stairs:32,0 32,20", "depart, ride, leave, arrive"},  // has no direction
       {"0,0 lift:0,0", "depart, ride, arrive"},
       // Detours of the network: to a node and back.
@@ -251,6 +253,15 @@ TEST(StepBuilder, SurvivesHostileItineraries) {
   auto node = record<Node>(R"("id": "n", "x": 0, "y": 0)");
   itinerary.legs.front().nodes = {node};
   EXPECT_EQ(stepsOf(itinerary, surroundings).size(), 2U);
+  std::vector<Step> ride(1);
+  ride.front().kind = Step::Kind::ride;
+  ride.front().lastLeg = 1;
+  for (const NodeList& nodes : {NodeList(), NodeList{nullptr}, NodeList{node, nullptr}}) {
+    Itinerary faulty = itinerary;
+    faulty.legs.emplace_back().nodes = nodes;
+    EXPECT_TRUE(stepsOf(faulty, surroundings).empty());
+    EXPECT_EQ(asDirections(faulty, ride, {}), nullptr);
+  }
   NodeList& nodes = itinerary.legs.front().nodes;
   const double values[] = {0.0, 1e308, -1e308, std::numeric_limits<double>::infinity(),
                            std::nan("")};
@@ -265,7 +276,7 @@ TEST(StepBuilder, SurvivesHostileItineraries) {
 }
 
 TEST(Step, BecomesADirection) {
-  const Scene scene("0,0 30,0 45,20 lift:45,20 45,60 10,60 From@0,60");
+  const Scene scene("0,0 30,0 45,20 lift:45,20 45,60 10,60 stairs:0,60 0,90 stairs:0,100 -9,100");
   const Itinerary itinerary = scene.itinerary();
   const auto steps = stepsOf(itinerary, Surroundings(*scene.venue));
   const auto directions = asDirections(itinerary, steps, {"Go"});
@@ -277,7 +288,8 @@ TEST(Step, BecomesADirection) {
   for (const Direction& direction : directions->directions)
     if (const auto* turn = dynamic_cast<const Direction::Turn*>(direction.action.get()))
       bearings += std::to_string(static_cast<int>(turn->relativeBearing));
-  EXPECT_EQ(bearings, "120");  // slight left, straight from the lift, left
+  // Slight left, straight from the lift, left, right from the stairs, left from the stairs.
+  EXPECT_EQ(bearings, "12040");
   EXPECT_EQ(asDirections({}, {}, {}), nullptr);
 }
 
