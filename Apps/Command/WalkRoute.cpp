@@ -51,10 +51,11 @@ class Walk {
     while (elapsed_ < walk_->seconds()) {
       advance();
       Position position = walk_->at(elapsed_);
-      if (leaveAt_ && time_ >= *leaveAt_) position.x += metersAside * guide_.unitsPerMeter();
+      const bool aside = leaveAt_ && time_ >= *leaveAt_;
+      if (aside) position.x += metersAside * guide_.unitsPerMeter();
       const Progress& progress = follower_->update(position, time_);
       report(progress, position);
-      if (!progress.offRoute) continue;
+      if (!aside || !progress.offRoute) continue;
       leaveAt_.reset();
       const guidance::Plan plan = guide_.plan(requestFrom(position));
       if (plan.problem) return complainAbout(guide_, *plan.problem, request_, narrator_);

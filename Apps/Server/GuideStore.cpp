@@ -27,6 +27,10 @@ std::vector<std::string> known(const VenuePackage& package, std::vector<std::str
   return languages;
 }
 
+// How many orders of languages are kept for a package, so that clients of one venue do not displace
+// the others.
+constexpr std::size_t mostOfOnePackage = 4;
+
 }  // namespace
 
 std::shared_ptr<const GuidedVenue> GuideStore::venue(
@@ -64,9 +68,16 @@ GuideStore::Entry GuideStore::entryFor(const VenuePackage& package,
   } else {
     entries_.push_front({package.slug, package.number, std::move(languages),
                          std::make_shared<std::once_flag>(), std::make_shared<GuidedVenue>()});
-    if (entries_.size() > capacity_) entries_.pop_back();
+    dropOld(package.slug);
   }
   return entries_.front();
+}
+
+void GuideStore::dropOld(const std::string& slug) {
+  std::size_t ofPackage = 0;
+  entries_.remove_if(
+      [&](const Entry& entry) { return entry.slug == slug && ++ofPackage > mostOfOnePackage; });
+  if (entries_.size() > capacity_) entries_.pop_back();
 }
 
 }  // namespace orivanta::server

@@ -21,9 +21,9 @@ struct GuidedVenue {
   std::shared_ptr<const guidance::Guide> guide;  ///< null if the package cannot be loaded
 };
 
-/// Keeps a loaded venue for each package and each order of the package's languages. Venues are
-/// loaded on first use; those that have not been used for the longest time are dropped, and so is a
-/// package that was replaced. Thread-safe.
+/// Keeps a loaded venue for each package and each order of the package's languages, at most four
+/// for a package. Venues are loaded on first use; those that have not been used for the longest
+/// time are dropped, and so is a package that was replaced. Thread-safe.
 class GuideStore {
  public:
   /// Keeps at most `capacity` venues, which must be positive.
@@ -45,6 +45,7 @@ class GuideStore {
   };
 
   Entry entryFor(const VenuePackage& package, std::vector<std::string> languages);
+  void dropOld(const std::string& slug);
 
   const std::size_t capacity_;
   std::mutex mutex_;

@@ -1,7 +1,9 @@
 #include "Apps/Viewer/CategoryMatch.hpp"
 
 #include <algorithm>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "Source/Category.hpp"
 #include "Source/Guidance/NameMatch.hpp"
@@ -14,16 +16,20 @@ namespace orivanta::viewer {
 namespace {
 
 constexpr std::size_t leastBytes = 3;
-constexpr int mostLevels = 8;  // of categories; links may form a cycle
 
-bool hasPlaces(const Category& category, int levels = mostLevels) {
-  for (const auto& reference : category.locations)
-    if (const auto place = reference.lock(); place && !place->nodes.empty()) return true;
-  if (levels == 0) return false;
-  return std::any_of(category.children.begin(), category.children.end(), [&](const auto& each) {
-    const auto child = each.lock();
-    return child && hasPlaces(*child, levels - 1);
-  });
+// Returns whether the category, or one below it, has a place with nodes. Links may form a cycle.
+bool hasPlaces(const std::shared_ptr<Category>& category) {
+  std::vector<std::shared_ptr<Category>> found{category};
+  std::set<std::shared_ptr<Category>> known{category};
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    const auto each = found[i];
+    for (const auto& reference : each->locations)
+      if (const auto place = reference.lock(); place && !place->nodes.empty()) return true;
+    for (const auto& reference : each->children)
+      if (const auto child = reference.lock(); child && known.insert(child).second)
+        found.push_back(child);
+  }
+  return false;
 }
 
 // Identifiers without words, such as UUIDs, do not count.
@@ -52,7 +58,7 @@ std::shared_ptr<Category> categoryTyped(const Venue& venue, std::string_view typ
     const bool isBetter =
         match < bestMatch || (match == bestMatch && best &&
                               category->name.value_or("").size() < best->name.value_or("").size());
-    if (!isBetter || !hasPlaces(*category)) continue;
+    if (!isBetter || !hasPlaces(category)) continue;
     best = category;
     bestMatch = match;
   }

@@ -47,9 +47,9 @@ class VenueSource {
   void loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
                  std::function<void(const std::vector<LoadFailure>& missing)> done);
 
-  /// Fetches what is closed in a venue, and calls `done` from the main queue. The closures are empty
-  /// if the server does not provide any. If the request fails, `done` is not called. Replaces the
-  /// previous call, and does not affect the requests above.
+  /// Fetches what is closed in a venue, and calls `done` from the main queue. The closures are
+  /// empty if the server does not provide any. If the request fails, `done` is not called. Replaces
+  /// the previous call, and does not affect the requests above.
   void fetchClosures(const std::string& slug, std::function<void(guidance::Closures)> done);
 
   /// Cancels the current requests. None of its handlers is called after that.

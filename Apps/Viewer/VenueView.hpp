@@ -30,7 +30,7 @@ namespace orivanta::viewer {
 
 /// How routes are described.
 struct GuidanceOptions {
-  std::string language;                          ///< if empty, the user's languages
+  std::string language{};                        ///< if empty, the user's languages
   std::function<guidance::LocalTime()> clock{};  ///< if null, the system's local time
 };
 
@@ -153,6 +153,7 @@ class VenueView : public view::View, public MapViewDelegate {
                            const std::shared_ptr<Category>& category);
   void addStop(const std::shared_ptr<Location>& place);
   void planRoute();
+  StopNames stopNames(const std::shared_ptr<Location>& to) const;
   void startPlanning();
   void showPlan(GuidedPlan plan);
   void showRoute(std::size_t index);

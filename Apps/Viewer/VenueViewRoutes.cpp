@@ -9,21 +9,18 @@
 #include "Apps/Viewer/ProfileChoices.hpp"
 #include "Apps/Viewer/VenueView.hpp"
 #include "Source/Category.hpp"
-#include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/OpeningHours.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
-#include "Source/UI/MarkerImages.hpp"
 #include "Source/UI/ScenePosition.hpp"
 #include "Source/Venue.hpp"
-#include "Source/Vortex.hpp"
 
 namespace orivanta::viewer {
 
 namespace {
 
 constexpr int alternatives = 2;
-constexpr double closedPinHeight = 22;  // points
 
 std::optional<std::string> nameOf(const std::shared_ptr<Location>& place) {
   return place ? std::optional(place->name.value_or("")) : std::nullopt;
@@ -94,7 +91,9 @@ void VenueView::lookFor(bool start) {
 
 // Offers the routes from and over a place on its card.
 void VenueView::offerRoutes(const std::shared_ptr<Location>& place) {
-  card_->setPlaceClosed(isClosed(*place));
+  const auto hours = guidance::OpeningHours::parse(place->_data["hours"].stringValue());
+  card_->setPlaceClosed(isClosed(*place) ||
+                        (hours && hours->at(clock_()) == guidance::OpenState::closed));
   card_->setCanAddStop(from_ && to_ && place != from_ && place != to_);
   offered_.clear();
   std::vector<std::string> titles;
@@ -120,13 +119,17 @@ void VenueView::planRoute() {
   if (isComplete() && closuresWanted) closuresWanted();
 }
 
+StopNames VenueView::stopNames(const std::shared_ptr<Location>& to) const {
+  StopNames names{nameOf(from_), {}, nameOf(to)};
+  for (const auto& place : between_) names.between.push_back(place->name.value_or(""));
+  if (!to && nearest_) names.to = "Nearest: " + nearest_->name.value_or("");
+  return names;
+}
+
 void VenueView::startPlanning() {
   dropRoute();
   guide_.cancel();
-  StopNames names{nameOf(from_), {}, nameOf(to_)};
-  for (const auto& place : between_) names.between.push_back(place->name.value_or(""));
-  if (nearest_) names.to = "Nearest: " + nearest_->name.value_or("");
-  routePanel_->setStops(names);
+  routePanel_->setStops(stopNames(to_));
   routePanel_->setProfile(profile_);
   if (isComplete()) {
     guidance::Request request;
@@ -167,11 +170,10 @@ void VenueView::showRoute(std::size_t index) {
   clearPosition();
   chosenRoute_ = index;
   const GuidedRoute& route = plan_.routes[index];
-  StopNames names{nameOf(from_), {}, nameOf(route.to())};
-  for (const guidance::Visit& visit : route.itinerary.visits)
-    if (visit.stop > 0 && visit.stop <= between_.size())
-      names.between.push_back(between_[visit.stop - 1]->name.value_or(""));
-  routePanel_->setStops(names);
+  between_.clear();  // now in the order of the visits
+  const auto& visits = route.itinerary.visits;
+  for (std::size_t i = 1; i + 1 < visits.size(); ++i) between_.push_back(visits[i].location);
+  routePanel_->setStops(stopNames(route.to()));
   routePanel_->setRoute(plan_, index, arrivalText(route));
   arrangePanels();
   floors_->setRoute(route.floors);
@@ -210,50 +212,6 @@ void VenueView::showStep(std::size_t index) {
   std::vector<graphics::Vector3> points;
   for (const auto& node : nodes) points.push_back(scenePosition(*node));
   camera().frame(points, aroundRoute(*venue_), CameraMotion::glide);
-}
-
-// --- Closures
-
-void VenueView::setClosures(const guidance::Closures& closures) {
-  if (closures == closures_) return;
-  closures_ = closures;
-  if (isLoaded_) floorShown();
-  if (selected_) offerRoutes(selected_);
-  if (isComplete())
-    startPlanning();
-  else
-    arrangePanels();
-}
-
-bool VenueView::isClosed(const Location& place) const {
-  return closures_.contains(place.id.value_or(""));
-}
-
-// Marks the closed places and connectors of the current floor.
-void VenueView::markClosed() {
-  for (const auto& mark : closedMarks_) mapView_->removeMarker(mark);
-  closedMarks_.clear();
-  markedClosed_.clear();
-  if (closures_.empty()) return;
-  const Map& floor = *mapView_->currentMap();
-  const auto add = [&](const Location& place, graphics::Vector3 position) {
-    closedMarks_.push_back(makePinMarker(theme::warning, closedPinHeight,
-                                         place.name.value_or("") + "\nClosed", labelStyle(),
-                                         scale_));
-    closedMarks_.back()->setPosition(position);
-    mapView_->addMarker(closedMarks_.back());
-  };
-  for (const auto& place : *venue_->locations) {
-    if (!isClosed(*place) || !isOnFloor(*place, floor)) continue;
-    add(*place, mapView_->findPosition3D(*place));
-    markedClosed_.push_back(place);
-  }
-  for (const auto& connector : *venue_->vortices) {
-    if (!isClosed(*connector)) continue;
-    const auto node = std::find_if(connector->nodes.begin(), connector->nodes.end(),
-                                   [&](const auto& each) { return each->map.get() == &floor; });
-    if (node != connector->nodes.end()) add(*connector, scenePosition(**node));
-  }
 }
 
 }  // namespace orivanta::viewer

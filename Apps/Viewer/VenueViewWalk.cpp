@@ -50,10 +50,13 @@ void VenueView::walk(double time) {
   routePanel_->setCurrentStep(walker_->step());
   const guidance::Progress& progress = walker_->progress();
   const auto minutes = std::max(1L, std::lround(progress.secondsLeft / 60));
-  routePanel_->setRemark(progress.arrived
-                             ? "You are there"
-                             : fmt::format("{:.0f} m, {} min left", progress.metersLeft, minutes));
-  arrangePanels();
+  const std::string remark =
+      progress.arrived ? "You are there"
+                       : fmt::format("{:.0f} m, {} min left", progress.metersLeft, minutes);
+  if (remark != routePanel_->arrival()) {
+    routePanel_->setRemark(remark);
+    arrangePanels();
+  }
   followWalker();
 }
 

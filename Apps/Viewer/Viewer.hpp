@@ -23,7 +23,7 @@ namespace orivanta::viewer {
 struct ViewerOptions {
   ApiSettings settings;             ///< see `VenueSource`
   std::optional<std::string> slug;  ///< of the venue; if empty, all venues are listed
-  GuidanceOptions guidance;         ///< the language of the instructions, and the clock
+  GuidanceOptions guidance{};       ///< the language of the instructions, and the clock
 };
 
 /// A host shows `root` and passes input with times in seconds that increase. It drains the main

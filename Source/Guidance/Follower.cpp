@@ -90,7 +90,9 @@ class Follower::Track {
       if (node.map == map) offer(node.along, distance(node.point, point));
       if (!node.continues) continue;
       const Entry& before = nodes_[i - 1];
-      if (node.walk ? node.map != map : !isBeside(before, node, *map)) continue;
+      const bool near =
+          node.walk ? node.map == map || before.map == map : isBeside(before, node, *map);
+      if (!near) continue;
       const double share = nearestShare(before.point, node.point, point);
       offer(before.along + share * (node.along - before.along),
             distance({before.point.x + share * (node.point.x - before.point.x),

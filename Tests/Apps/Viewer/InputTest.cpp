@@ -70,7 +70,7 @@ class InputTest : public testing::Test {
   test::EnvironmentVariable driver{"SDL_VIDEODRIVER", "offscreen"};
   std::unique_ptr<render::WindowSurface> surface =
       render::WindowSurface::make({"Input", {400, 500}, 1}).value();
-  Viewer viewer{{test::settingsFor("http://127.0.0.1:9/"), "astrolabe-court"}};
+  Viewer viewer{{test::settingsFor("http://127.0.0.1:9/"), "astrolabe-court", {}}};
   double time = 0;
   Input input{viewer, *surface, [this] { return time; }};
 };

@@ -218,7 +218,7 @@ TEST_F(ViewerTest, WalksAlongTheRoute) {
     EXPECT_EQ(view.mapView().currentMap(), view.walker()->floor());
     const auto shown = view.mapView().findPositionCameraViewport(view.walker()->position());
     EXPECT_GT(shown.x, 300) << "beside the panel";
-    if (const auto& floor = *view.walker()->floor()->shortName;
+    if (const auto& floor = view.walker()->floor()->shortName;
         floors.empty() || floors.back() != floor)
       floors.push_back(floor);
     if (const auto step = view.routePanel().steps().current().value();
