@@ -26,7 +26,7 @@ std::size_t endOfRide(const Itinerary& itinerary, const std::vector<Step>& steps
   return std::max(end, steps[index].leg + 1);
 }
 
-// Whether the words for a connector already end in its name, as "the stairs" in "Stairs".
+// Whether words already end in a name, as "the stairs" in "Stairs" or "Level 2" in "2".
 bool endsInName(const std::string& words, const std::string& name) {
   return (" " + searchForm(words)).ends_with(" " + searchForm(name));
 }
@@ -82,8 +82,8 @@ std::string RideWriter::floor() const {
   const std::string label = floorLabel(*destination_);
   const std::string sign = messages_.name(label);
   const std::string name = messages_.name(floorName(*destination_));
-  if (name.empty() || searchForm(label) == searchForm(name)) return sign;
-  if (sign.empty()) return name;
+  if (name.empty()) return sign;
+  if (sign.empty() || endsInName(floorName(*destination_), label)) return name;
   return messages_.format("floor", {{"short", sign}, {"name", name}});
 }
 

@@ -118,8 +118,8 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
             "Quittez Bakery et tournez à gauche. Avancez de 40 m, en passant devant Book Shop "
             "sur votre gauche.\n"
             "Tournez légèrement à droite après «\u00a0Food\u00a0».\n"
-            "Prenez l’escalier sur votre droite (Stairs B) pour monter d’un étage jusqu’au "
-            "niveau F1\u00a0: First.\n"
+            "Prenez l’escalier sur votre droite (Stairs B) pour monter d’un étage jusqu’à "
+            "«\u00a0F1\u00a0: First\u00a0».\n"
             "Quittez l’escalier et tournez à droite, puis immédiatement à gauche. Avancez de "
             "250 m.\n"
             "Vous êtes à destination\u00a0: Book Shop se trouve sur votre gauche, en face de "
@@ -307,6 +307,37 @@ TEST_F(NarratorTest, SpeaksOnlyGivenNames) {
     const Narrator narrator(each.language);
     EXPECT_EQ(textOf(ride, narrator), each.ride);
     EXPECT_EQ(textOf(arrival, narrator), each.arrival);
+  }
+}
+
+TEST_F(NarratorTest, NamesFloorsInFull) {
+  struct Case {
+    const char* language;
+    const char* connector;
+    const char* names;
+    const char* text;
+  };
+  for (const Case& each :
+       {Case{"en", "lift", R"("shortName": "2F", "name": "Food")",
+             "Take the elevator up one floor to 2F: Food."},
+        {"en", "stairs", R"("shortName": "1", "name": "Level 1")",
+         "Take the stairs up one floor to Level 1."},
+        {"fr", "stairs", R"("shortName": "1", "name": "Niveau 1")",
+         "Prenez l’escalier pour monter d’un étage jusqu’à «\u00a0Niveau 1\u00a0»."},
+        {"fr", "stairs", R"("shortName": "0", "name": "Rez-de-chaussée")",
+         "Prenez l’escalier pour monter d’un étage jusqu’à «\u00a00\u00a0: "
+         "Rez-de-chaussée\u00a0»."}}) {
+    small_.maps = R"([{"id": "g", "name": "G", "shortName": "G", "elevation": 0},
+        {"id": "f1", "elevation": 10, )" +
+                  std::string(each.names) + "}]";
+    small_.vortices = R"([{"id": "lift", "name": "L", "type": "lift", "nodes": []},
+        {"id": "stairs", "type": "stairs", "nodes": ["n2", "u2"], "name": ""}])";
+    reload();
+    Step ride = routeUpstairs()[2];
+    ride.side = Side::none;
+    if (each.connector == std::string_view("lift"))
+      itinerary_.legs[1].connectorKind = ConnectorKind::lift;
+    EXPECT_EQ(textOf(ride, Narrator(each.language)), each.text);
   }
 }
 
