@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "Source/Guidance/Network/Alternatives.hpp"
+#include "Source/Guidance/Network/ArrivalTimes.hpp"
 #include "Source/Guidance/Network/ItineraryBuilder.hpp"
-#include "Source/Guidance/Network/PathMeasure.hpp"
 #include "Source/Guidance/Network/StopOrder.hpp"
 #include "Source/Guidance/Network/TravelTime.hpp"
 
@@ -153,11 +153,13 @@ const Place* Planner::placeAt(std::size_t stop, Index vertex, double seconds) co
 // Returns the time until the stop at a place of the order.
 double Planner::secondsOf(const Paths& paths, std::size_t place) const {
   double seconds = 0.0;
-  for (std::size_t i = 0; i < place; ++i)
-    seconds += PathMeasure(data_.network, speedOf(request_.profile), &stops_[order_[i]].ends,
-                           &stops_[order_[i + 1]].ends)
-                   .seconds(paths[i]);
+  for (std::size_t i = 0; i < place; ++i) seconds += measureTo(i + 1).seconds(paths[i]);
   return seconds;
+}
+
+PathMeasure Planner::measureTo(std::size_t place) const {
+  return {data_.network, speedOf(request_.profile), &stops_[order_[place - 1]].ends,
+          &stops_[order_[place]].ends};
 }
 
 Itinerary Planner::itineraryOf(const Paths& paths) const {
@@ -235,15 +237,16 @@ Plan Planner::nearest(int limit) {
   search.aimAt(stops_[1].ends);
   if (limit <= 0) search.guide();
   search.startFrom(stops_[0].ends);
+  ArrivalTimes times(search, measureTo(1));
   Plan plan;
   std::unordered_set<const Place*> found;
   const std::size_t wanted = static_cast<std::size_t>(std::clamp(limit, 0, mostNearest)) + 1;
   while (plan.itineraries.size() < wanted && found.size() < stops_[1].places.size()) {
     const auto vertex = search.next();
     if (!vertex) break;
-    const Paths paths{search.pathTo(*vertex)};
-    const double seconds = request_.at ? secondsOf(paths, 1) : 0.0;
+    const double seconds = request_.at ? times.at(*vertex) : 0.0;
     if (!accepts(1, *vertex, seconds)) continue;
+    const Paths paths{search.pathTo(*vertex)};
     for (const Place* place : stops_[1].placesAt(*vertex)) {
       if (plan.itineraries.size() == wanted) break;
       if (!isOpenAfter(*place, seconds) || !found.insert(place).second) continue;
