@@ -90,8 +90,7 @@ std::optional<Planner::Paths> Planner::best(const Arrivals* arrivals) {
 std::optional<Planner::Paths> Planner::withAnEarlierStop(std::size_t place,
                                                          const Arrivals* arrivals) {
   if (place + 1 == order_.size()) return std::nullopt;
-  const Order given = order_;
-  Order best = given;
+  Order best = order_;
   std::optional<Paths> cheapest;
   for (std::size_t tries = 0; tries < mostEarlierPlaces && place > 1; ++tries) {
     --place;
@@ -187,48 +186,6 @@ void Planner::addAlternatives(Plan& plan, const Paths& best, const Arrivals* arr
   const int wanted = std::min(request_.alternatives, mostAlternatives);
   for (const Paths& paths : alternativesTo(best, ends, data_.network, *costs_, wanted, search))
     plan.itineraries.push_back(itineraryOf(paths));
-}
-
-// Finds the reason why the stop at this place of the order cannot be reached.
-void Planner::explain(std::size_t place) {
-  problem_ = {Kind::unreachable, order_[place]};
-  if (context_.token.isCanceled()) return;
-  if (closing_[order_[place]]) {
-    problem_->kind = *closing_[order_[place]];
-    return;
-  }
-  std::size_t ignored = 0;
-  const auto closing = std::find_if(closing_.begin(), closing_.end(),
-                                    [](const auto& kind) { return kind.has_value(); });
-  if (closing != closing_.end() && search(*costs_, order_, nullptr, &ignored)) {
-    problem_ = {**closing, static_cast<std::size_t>(closing - closing_.begin())};
-    return;
-  }
-  if (request_.bestOrder)  // a stop that cannot be reached from the start is the more likely reason
-    for (std::size_t stop = 1; stop < stops_.size(); ++stop)
-      if (!search(*costs_, {0, stop}, nullptr, &ignored)) {
-        problem_ = reasonFor({0, stop}, 1);
-        return;
-      }
-  problem_ = reasonFor(order_, place);
-}
-
-// The reason that remains longest is told: what can never be reached, then what the profile
-// excludes, then what is closed.
-Problem Planner::reasonFor(const Order& order, std::size_t place) const {
-  const auto fastest = data_.costs.table(Profile::fastest());
-  if (const auto stop = failingStop(*fastest, order)) return {Kind::unreachable, *stop};
-  const auto open = data_.costs.table(request_.profile);
-  if (const auto stop = failingStop(*open, order)) return {Kind::onlyWithSteps, *stop};
-  return {Kind::closed, order[place]};
-}
-
-// Returns the first stop that cannot be reached, whatever the opening hours.
-std::optional<std::size_t> Planner::failingStop(const CostTable& costs, Order order) const {
-  if (request_.bestOrder && order.size() == stops_.size()) order = bestOrder(costs);
-  std::size_t failing = 0;
-  if (search(costs, order, nullptr, &failing)) return std::nullopt;
-  return order[failing];
 }
 
 Plan Planner::nearest(int limit) {
