@@ -178,6 +178,12 @@ Hop NetworkSearch::hopOf(Index arc) const {
   return {arcs[arc].origin, arcs[arc].target, arc};
 }
 
+std::optional<Hop> NetworkSearch::hopInto(Index vertex) const {
+  const Index arc = state_->vertices[vertex].arc;
+  if (arc == none) return std::nullopt;
+  return hopOf(arc);
+}
+
 NetworkPath NetworkSearch::pathTo(Index vertex) const {
   NetworkPath path;
   path.cost = cost(vertex);

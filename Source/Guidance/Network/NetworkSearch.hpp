@@ -66,6 +66,10 @@ class NetworkSearch {
   /// Returns the start of that path.
   Index startOf(Index vertex) const;
 
+  /// Returns the last hop of the path to a target that was returned or to a node on the path to
+  /// one; nothing for a start.
+  std::optional<Hop> hopInto(Index vertex) const;
+
  private:
   // A part of an arc at a position. It has a number after the network's arcs.
   struct Part {

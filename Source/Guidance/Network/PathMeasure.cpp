@@ -42,18 +42,29 @@ double PathMeasure::rideSeconds(Index connector, Index first, Index last) const 
                                network_.height(last) - network_.height(first), speed_);
 }
 
+bool PathMeasure::isWalk(const Hop& hop) const {
+  return network_.arcs()[hop.arc].connector == GuideNetwork::none;
+}
+
+PathMeasure::Hops PathMeasure::endOfPart(Hops first, Hops end) const {
+  const Index connector = network_.arcs()[first->arc].connector;
+  if (connector == GuideNetwork::none) return first + 1;
+  return std::find_if(first + 1, end, [&](const Hop& hop) {
+    return network_.arcs()[hop.arc].connector != connector;
+  });
+}
+
+double PathMeasure::secondsOfPart(Hops first, Hops end) const {
+  if (isWalk(*first)) return meters(*first) / speed_;
+  return rideSeconds(network_.arcs()[first->arc].connector, first->from, (end - 1)->to);
+}
+
 double PathMeasure::seconds(const NetworkPath& path) const {
   double seconds = 0.0;
-  for (std::size_t i = 0; i < path.hops.size(); ++i) {
-    const Hop& hop = path.hops[i];
-    const Index connector = network_.arcs()[hop.arc].connector;
-    if (connector == GuideNetwork::none) {
-      seconds += meters(hop) / speed_;
-      continue;
-    }
-    while (i + 1 < path.hops.size() && network_.arcs()[path.hops[i + 1].arc].connector == connector)
-      ++i;
-    seconds += rideSeconds(connector, hop.from, path.hops[i].to);
+  for (auto hop = path.hops.begin(); hop != path.hops.end();) {
+    const auto end = endOfPart(hop, path.hops.end());
+    seconds += secondsOfPart(hop, end);
+    hop = end;
   }
   return seconds;
 }

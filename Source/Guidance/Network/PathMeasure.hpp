@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "Source/Guidance/Network/Ends.hpp"
 #include "Source/Guidance/Network/GuideNetwork.hpp"
@@ -13,6 +14,7 @@ namespace orivanta::guidance {
 class PathMeasure {
  public:
   using Index = GuideNetwork::Index;
+  using Hops = std::vector<Hop>::const_iterator;
 
   PathMeasure(const GuideNetwork& network, double metersPerSecond, const Ends* from, const Ends* to)
       : network_(network), speed_(metersPerSecond), from_(from), to_(to) {}
@@ -26,7 +28,16 @@ class PathMeasure {
   /// Returns the time of a ride without a pause between two nodes of a connector.
   double rideSeconds(Index connector, Index first, Index last) const;
 
-  /// Returns the time of a path. A ride over several stops of a connector is one ride.
+  bool isWalk(const Hop& hop) const;
+
+  /// Returns the end of the first part of a path: a hop of a walk, or a ride over all consecutive
+  /// stops of a connector.
+  Hops endOfPart(Hops first, Hops end) const;
+
+  /// Returns the time of such a part.
+  double secondsOfPart(Hops first, Hops end) const;
+
+  /// Returns the time of a path.
   double seconds(const NetworkPath& path) const;
 
  private:

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "Source/Guidance/Network/Alternatives.hpp"
+#include "Source/Guidance/Network/ArrivalTimes.hpp"
 #include "Source/Guidance/Network/ItineraryBuilder.hpp"
-#include "Source/Guidance/Network/PathMeasure.hpp"
 #include "Source/Guidance/Network/StopOrder.hpp"
 #include "Source/Guidance/Network/TravelTime.hpp"
 
@@ -90,8 +90,7 @@ std::optional<Planner::Paths> Planner::best(const Arrivals* arrivals) {
 std::optional<Planner::Paths> Planner::withAnEarlierStop(std::size_t place,
                                                          const Arrivals* arrivals) {
   if (place + 1 == order_.size()) return std::nullopt;
-  const Order given = order_;
-  Order best = given;
+  Order best = order_;
   std::optional<Paths> cheapest;
   for (std::size_t tries = 0; tries < mostEarlierPlaces && place > 1; ++tries) {
     --place;
@@ -153,11 +152,13 @@ const Place* Planner::placeAt(std::size_t stop, Index vertex, double seconds) co
 // Returns the time until the stop at a place of the order.
 double Planner::secondsOf(const Paths& paths, std::size_t place) const {
   double seconds = 0.0;
-  for (std::size_t i = 0; i < place; ++i)
-    seconds += PathMeasure(data_.network, speedOf(request_.profile), &stops_[order_[i]].ends,
-                           &stops_[order_[i + 1]].ends)
-                   .seconds(paths[i]);
+  for (std::size_t i = 0; i < place; ++i) seconds += measureTo(i + 1).seconds(paths[i]);
   return seconds;
+}
+
+PathMeasure Planner::measureTo(std::size_t place) const {
+  return {data_.network, speedOf(request_.profile), &stops_[order_[place - 1]].ends,
+          &stops_[order_[place]].ends};
 }
 
 Itinerary Planner::itineraryOf(const Paths& paths) const {
@@ -187,63 +188,22 @@ void Planner::addAlternatives(Plan& plan, const Paths& best, const Arrivals* arr
     plan.itineraries.push_back(itineraryOf(paths));
 }
 
-// Finds the reason why the stop at this place of the order cannot be reached.
-void Planner::explain(std::size_t place) {
-  problem_ = {Kind::unreachable, order_[place]};
-  if (context_.token.isCanceled()) return;
-  if (closing_[order_[place]]) {
-    problem_->kind = *closing_[order_[place]];
-    return;
-  }
-  std::size_t ignored = 0;
-  const auto closing = std::find_if(closing_.begin(), closing_.end(),
-                                    [](const auto& kind) { return kind.has_value(); });
-  if (closing != closing_.end() && search(*costs_, order_, nullptr, &ignored)) {
-    problem_ = {**closing, static_cast<std::size_t>(closing - closing_.begin())};
-    return;
-  }
-  if (request_.bestOrder)  // a stop that cannot be reached from the start is the more likely reason
-    for (std::size_t stop = 1; stop < stops_.size(); ++stop)
-      if (!search(*costs_, {0, stop}, nullptr, &ignored)) {
-        problem_ = reasonFor({0, stop}, 1);
-        return;
-      }
-  problem_ = reasonFor(order_, place);
-}
-
-// The reason that remains longest is told: what can never be reached, then what the profile
-// excludes, then what is closed.
-Problem Planner::reasonFor(const Order& order, std::size_t place) const {
-  const auto fastest = data_.costs.table(Profile::fastest());
-  if (const auto stop = failingStop(*fastest, order)) return {Kind::unreachable, *stop};
-  const auto open = data_.costs.table(request_.profile);
-  if (const auto stop = failingStop(*open, order)) return {Kind::onlyWithSteps, *stop};
-  return {Kind::closed, order[place]};
-}
-
-// Returns the first stop that cannot be reached, whatever the opening hours.
-std::optional<std::size_t> Planner::failingStop(const CostTable& costs, Order order) const {
-  if (request_.bestOrder && order.size() == stops_.size()) order = bestOrder(costs);
-  std::size_t failing = 0;
-  if (search(costs, order, nullptr, &failing)) return std::nullopt;
-  return order[failing];
-}
-
 Plan Planner::nearest(int limit) {
   if (!resolveAll()) return failed();
   NetworkSearch search(context_, *costs_, stops_.size());
   search.aimAt(stops_[1].ends);
   if (limit <= 0) search.guide();
   search.startFrom(stops_[0].ends);
+  ArrivalTimes times(search, measureTo(1));
   Plan plan;
   std::unordered_set<const Place*> found;
   const std::size_t wanted = static_cast<std::size_t>(std::clamp(limit, 0, mostNearest)) + 1;
   while (plan.itineraries.size() < wanted && found.size() < stops_[1].places.size()) {
     const auto vertex = search.next();
     if (!vertex) break;
-    const Paths paths{search.pathTo(*vertex)};
-    const double seconds = request_.at ? secondsOf(paths, 1) : 0.0;
+    const double seconds = request_.at ? times.at(*vertex) : 0.0;
     if (!accepts(1, *vertex, seconds)) continue;
+    const Paths paths{search.pathTo(*vertex)};
     for (const Place* place : stops_[1].placesAt(*vertex)) {
       if (plan.itineraries.size() == wanted) break;
       if (!isOpenAfter(*place, seconds) || !found.insert(place).second) continue;

@@ -7,6 +7,7 @@
 
 #include "Source/Guidance/Network/GuideData.hpp"
 #include "Source/Guidance/Network/NetworkSearch.hpp"
+#include "Source/Guidance/Network/PathMeasure.hpp"
 #include "Source/Guidance/Network/SequenceSearch.hpp"
 #include "Source/Guidance/Network/StopResolver.hpp"
 #include "Source/Guidance/Plan.hpp"
@@ -42,6 +43,7 @@ class Planner {
   bool accepts(std::size_t stop, Index vertex, double seconds);
   const PlaceTable::Place* placeAt(std::size_t stop, Index vertex, double seconds) const;
   Itinerary itineraryOf(const Paths& paths) const;
+  PathMeasure measureTo(std::size_t place) const;
   double secondsOf(const Paths& paths, std::size_t place) const;
   void addAlternatives(Plan& plan, const Paths& best, const Arrivals* arrivals) const;
   void explain(std::size_t place);

@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "Source/Guidance/Network/ArrivalTimes.hpp"
 #include "Source/Guidance/Network/PathMeasure.hpp"
 
 namespace orivanta::guidance {
@@ -44,11 +45,17 @@ class Sequence {
     else
       for (const auto& [vertex, cost] : layers_.back().costs)
         search.startFrom(*stops_[stop - 1], vertex, cost);
+    ArrivalTimes times(search, measureTo(stop));
+    if (stop != 1 && arrivals_ != nullptr)
+      for (const auto& [vertex, seconds] : layers_.back().seconds) times.beginAt(vertex, seconds);
     Layer layer;
     for (; layer.costs.size() < wanted && left != 0; --left) {
       const auto vertex = search.next();
       if (!vertex) break;
-      if (arrivals_ != nullptr && !accepts(stop, *vertex, search, layer)) continue;
+      if (arrivals_ != nullptr) {
+        const double seconds = layer.seconds[*vertex] = times.at(*vertex);
+        if (!arrivals_->accepts(stop, *vertex, seconds)) continue;
+      }
       layer.costs[*vertex] = search.cost(*vertex);
       layer.origins[*vertex] = search.startOf(*vertex);
       if (wanted == 1) layer.path = search.pathTo(*vertex);
@@ -70,14 +77,9 @@ class Sequence {
   }
 
  private:
-  bool accepts(std::size_t stop, Index vertex, const NetworkSearch& search, Layer& layer) const {
-    const NetworkPath path = search.pathTo(vertex);
-    double seconds =
-        PathMeasure(context_.network, arrivals_->metersPerSecond, stops_[stop - 1], stops_[stop])
-            .seconds(path);
-    if (!layers_.empty()) seconds += layers_.back().seconds.at(path.first);
-    layer.seconds[vertex] = seconds;
-    return arrivals_->accepts(stop, vertex, seconds);
+  PathMeasure measureTo(std::size_t stop) const {
+    return {context_.network, arrivals_ != nullptr ? arrivals_->metersPerSecond : 1.0,
+            stops_[stop - 1], stops_[stop]};
   }
 
   NetworkPath pathBetween(std::size_t stop, Index origin, Index target) const {

@@ -391,6 +391,21 @@ TEST_F(GuideTest, OrdersManyStops) {
   }
 }
 
+TEST_F(GuideTest, VisitsAStopEarlierIfItCloses) {
+  records_.locations.replace(records_.locations.find("u2"), 2, "n3");
+  reload();
+  Request request;
+  request.stops = {node("n2"), place("l2"), node("n1"), node("u1")};
+  request.bestOrder = true;
+  request.profile.walkingMetersPerSecond = 0.05;
+  for (const auto& [minute, first] : {std::pair(30, 2U), std::pair(59, 1U)}) {
+    request.at = LocalTime{2026, 11, 20, 17, minute};
+    const Plan plan = guide_->plan(request);
+    ASSERT_FALSE(plan.problem) << minute;
+    EXPECT_EQ(plan.itineraries.front().visits[1].stop, first) << minute;
+  }
+}
+
 TEST_F(GuideTest, SurvivesHostileValues) {
   const double inf = std::numeric_limits<double>::infinity();
   for (const double value : {std::nan(""), inf, -inf, -1.0, 1e308, 0.0}) {
