@@ -23,8 +23,22 @@ double shareOf(const guidance::Leg& leg, std::size_t index) {
 Walker::Walker(const guidance::Guide& guide, guidance::Itinerary itinerary)
     : follower_(guide, std::move(itinerary)) {
   for (const guidance::Leg& leg : follower_.itinerary().legs) addLeg(leg);
+  addStepStarts();
   advance(0);
   start_.reset();
+}
+
+void Walker::addStepStarts() {
+  for (const guidance::Step& step : follower_.steps()) {
+    const guidance::Leg& leg = follower_.itinerary().legs[step.leg];
+    double before = 0.0;
+    double whole = 0.0;
+    for (std::size_t i = 1; i < leg.nodes.size(); ++i) {
+      whole += shareOf(leg, i);
+      if (i <= step.first) before = whole;
+    }
+    stepStarts_.push_back(whole > 0.0 ? leg.meters * before / whole : 0.0);
+  }
 }
 
 void Walker::addLeg(const guidance::Leg& leg) {
@@ -58,11 +72,17 @@ void Walker::advance(double time) {
   follower_.update({floor_, x, y}, seconds);
 }
 
-// The text of an instruction includes the walk to the next one.
+// The text of an instruction includes the walk to the next one, so it is shown until that begins.
 std::size_t Walker::step() const {
+  constexpr double lead = 1.0;  // meters
   const guidance::Progress& progress = follower_.progress();
-  if (progress.arrived || isDone_) return std::max<std::size_t>(1, follower_.steps().size()) - 1;
-  return progress.step == 0 ? 0 : progress.step - 1;
+  const auto& steps = follower_.steps();
+  std::size_t current = 0;
+  for (std::size_t i = 1; i < steps.size(); ++i)
+    if (steps[i].leg < progress.leg ||
+        (steps[i].leg == progress.leg && stepStarts_[i] <= progress.legMeters + lead))
+      current = i;
+  return current;
 }
 
 }  // namespace orivanta::viewer

@@ -41,9 +41,11 @@ class Walker {
   };
 
   void addLeg(const guidance::Leg& leg);
+  void addStepStarts();
 
   guidance::Follower follower_;
-  std::vector<Point> points_;  // in order; never empty
+  std::vector<Point> points_;       // in order; never empty
+  std::vector<double> stepStarts_;  // in meters from the beginning of the leg of each instruction
   std::optional<double> start_;
   std::shared_ptr<Map> floor_;
   graphics::Vector3 position_{0.0F};

@@ -36,20 +36,19 @@ Plan Guide::plan(const Request& request, const foundation::CancellationToken& to
 
 Plan Guide::nearest(const Stop& from, const std::shared_ptr<Category>& category,
                     const Profile& profile, const Closures& closures, std::optional<LocalTime> at,
-                    int limit) const {
+                    int limit, const foundation::CancellationToken& token) const {
   Request request;
   request.stops = {from, category};
   request.profile = profile;
   request.closures = closures;
   request.at = at;
-  return Planner(implementation_->data, request, {}).nearest(limit);
+  return Planner(implementation_->data, request, token).nearest(limit);
 }
 
-std::vector<std::vector<std::int64_t>> Guide::costs(const std::vector<Stop>& from,
-                                                    const std::vector<Stop>& to,
-                                                    const Profile& profile,
-                                                    const Closures& closures) const {
-  return costMatrix(implementation_->data, from, to, profile, closures);
+std::vector<std::vector<std::int64_t>> Guide::costs(
+    const std::vector<Stop>& from, const std::vector<Stop>& to, const Profile& profile,
+    const Closures& closures, const foundation::CancellationToken& token) const {
+  return costMatrix(implementation_->data, from, to, profile, closures, token);
 }
 
 std::optional<Snap> Guide::snap(const Position& position) const {

@@ -25,7 +25,9 @@
 namespace orivanta::guidance {
 
 /// Plans exact cheapest routes by expected time. Immutable: it keeps what it needs of the venue and
-/// is not affected by the next load. Thread-safe: any number of threads may use one guide.
+/// is not affected by the next load. Later changes to the records do not change routes.
+/// Thread-safe: any number of threads may use one guide. `steps` reads the records, among others
+/// their names, so no thread may change them at the same time.
 ///
 /// The cost of a walk is its time; the `multiplierWeight` of the node that an edge enters
 /// multiplies it, and its `constantWeight` is added as a length in the venue's units. Values that
@@ -37,7 +39,8 @@ class ORIVANTA_API Guide {
  public:
   /// Creates a guide from all nodes and connectors of a loaded venue, whether or not the venue was
   /// loaded for accessible routes. Walking edges are those of the venue's `navigationGraph`. Nodes
-  /// with coordinates that are not finite are left out. Returns null if the venue is not loaded.
+  /// with coordinates that are not between -1e9 and 1e9 are left out. Returns null if the venue is
+  /// not loaded. Call it on the thread that loads the venue or changes its records.
   static std::shared_ptr<const Guide> make(const Venue& venue);
   ~Guide();
   Guide(const Guide&) = delete;
@@ -47,17 +50,20 @@ class ORIVANTA_API Guide {
   Plan plan(const Request& request, const foundation::CancellationToken& token = {}) const;
 
   /// Finds the route to the nearest open place of a category by cost: a request with two stops.
-  /// `limit` further places are returned as alternatives, by cost.
+  /// `limit` further places, at most 1,000, are returned as alternatives, by cost. If the search is
+  /// canceled, the plan has the problem `unreachable`.
   Plan nearest(const Stop& from, const std::shared_ptr<Category>& category,
                const Profile& profile = {}, const Closures& closures = {},
-               std::optional<LocalTime> at = std::nullopt, int limit = 0) const;
+               std::optional<LocalTime> at = std::nullopt, int limit = 0,
+               const foundation::CancellationToken& token = {}) const;
 
   /// Returns the costs in milliseconds from each start (row) to each destination (column), or -1 if
-  /// there is no way or a stop is not known. The rows are computed concurrently.
-  std::vector<std::vector<std::int64_t>> costs(const std::vector<Stop>& from,
-                                               const std::vector<Stop>& to,
-                                               const Profile& profile = {},
-                                               const Closures& closures = {}) const;
+  /// there is no way or a stop is not known. The rows are computed concurrently; each takes a
+  /// search to all destinations and 8 bytes per destination. If the search is canceled, the costs
+  /// that were not found are -1.
+  std::vector<std::vector<std::int64_t>> costs(
+      const std::vector<Stop>& from, const std::vector<Stop>& to, const Profile& profile = {},
+      const Closures& closures = {}, const foundation::CancellationToken& token = {}) const;
 
   /// Returns the point of the walking network next to a position on its floor. Returns nothing if
   /// the floor has no network.

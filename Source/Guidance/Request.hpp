@@ -30,10 +30,15 @@ using Stop = std::variant<std::shared_ptr<Location>, std::shared_ptr<Node>, Node
 /// A request for routes. A value.
 struct Request {
   std::vector<Stop> stops;  ///< at least two: the start, stops in between, the destination
-  bool bestOrder = false;   ///< whether the stops in between may be visited in any order
-  Profile profile;          ///< what the traveler can use
-  Closures closures;        ///< what is closed
-  /// The departure. Places that are closed then are treated as closed; the start can be left.
+  /// Whether the stops in between may be visited in any order. Opening hours do not affect the
+  /// order unless a stop closes before the arrival; then this stop is tried at earlier places.
+  bool bestOrder = false;
+  Profile profile;    ///< what the traveler can use
+  Closures closures;  ///< what is closed
+  /// The departure. A stop that is a place must be open at the arrival, or at the departure if the
+  /// venue has no scale. Of a category, places that are closed for the first hour after the
+  /// departure are left out. Other places that are closed at the departure are treated as closed;
+  /// the start can be left.
   std::optional<LocalTime> at;
   int alternatives = 0;  ///< the number of further routes to look for, at most 4
 };

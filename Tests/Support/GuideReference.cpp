@@ -108,15 +108,16 @@ void GuideReference::findRooms(const Venue& venue, const guidance::Closures& clo
     }
   }
   for (const auto& [node, isOpen] : open)
-    if (!isOpen) closed_.insert(node);
+    if (!isOpen) closedInside_.insert(node);
+}
+
+int GuideReference::roomOf(const Node* node) const {
+  const auto entry = rooms_.find(node);
+  return entry == rooms_.end() ? 0 : entry->second;
 }
 
 void GuideReference::addWay(const Node* from, const Node* to, double seconds, double penalty) {
-  const auto room = [&](const Node* node) {
-    const auto entry = rooms_.find(node);
-    return entry == rooms_.end() ? 0 : entry->second;
-  };
-  const bool leaves = room(from) != 0 && room(from) != room(to);
+  const bool leaves = roomOf(from) != 0 && roomOf(from) != roomOf(to);
   ways_[from].push_back(
       {to, static_cast<std::int64_t>(std::ceil(1000 * seconds + 1000 * penalty)), leaves});
 }
@@ -137,6 +138,8 @@ GuideReference::Costs GuideReference::spread(const Costs& starts, const NodeList
     if (ways == ways_.end()) continue;
     for (const Way& way : ways->second) {
       if (closed_.count(way.to) != 0) continue;
+      const bool isInside = closedInside_.count(node) != 0 && rooms_.at(node) == roomOf(way.to);
+      if (closedInside_.count(way.to) != 0 && !isInside) continue;
       const bool pays = way.leavesRoom && free.count(rooms_.at(node)) == 0;
       queue.emplace(cost + way.cost + (pays ? 30'000 : 0), way.to);
     }

@@ -43,6 +43,7 @@ class GuideReference {
   using Rows = std::map<std::pair<std::size_t, const Node*>, Costs>;
 
   void findRooms(const Venue& venue, const guidance::Closures& closures);
+  int roomOf(const Node* node) const;
   void addWay(const Node* from, const Node* to, double seconds, double penaltySeconds);
   Costs spread(const Costs& starts, const NodeList& startStop) const;
   Rows rowsOf(const std::vector<NodeList>& stops) const;
@@ -52,6 +53,7 @@ class GuideReference {
   std::map<const Node*, std::vector<Way>> ways_;
   std::map<const Node*, int> rooms_;
   std::set<const Node*> closed_;
+  std::set<const Node*> closedInside_;  // of closed rooms; one can leave but not enter
 };
 
 /// A mall of the generator as a loaded venue: with lifts, stairs, escalators, ramps, some of them

@@ -1,38 +1,39 @@
 // The cost tables that were used last.
 #pragma once
 
+#include <cstddef>
 #include <list>
 #include <memory>
 #include <mutex>
+#include <vector>
 
-#include "Source/Guidance/Closures.hpp"
 #include "Source/Guidance/Network/CostTable.hpp"
-#include "Source/Guidance/Network/PlaceTable.hpp"
+#include "Source/Guidance/Network/GuideNetwork.hpp"
 #include "Source/Guidance/Profile.hpp"
 
 namespace orivanta::guidance {
 
-/// Keeps eight tables. Thread-safe. The network and the places must outlive it.
+/// Keeps eight tables. Thread-safe. The network must outlive it.
 class CostCache {
  public:
-  CostCache(const GuideNetwork& network, const PlaceTable& places)
-      : network_(network), places_(places) {}
+  explicit CostCache(const GuideNetwork& network) : network_(network) {}
 
-  /// Returns the table, created on first use. Several threads may create the same one.
-  std::shared_ptr<const CostTable> table(const Profile& profile, const Closures& closures);
+  /// Returns the table in which these arcs, in ascending order, are closed. It is created on first
+  /// use; several threads may create the same one, but one of them is kept.
+  std::shared_ptr<const CostTable> table(const Profile& profile,
+                                         std::vector<GuideNetwork::Index> closedArcs = {});
 
  private:
   struct Entry {
     Profile profile;
-    Closures closures;
+    std::size_t hash;  // of the closed arcs
     std::shared_ptr<const CostTable> table;
   };
 
-  std::shared_ptr<const CostTable> find(const Profile& profile, const Closures& closures);
-  std::shared_ptr<const CostTable> make(const Profile& profile, const Closures& closures);
+  std::shared_ptr<const CostTable> find(const Profile& profile, std::size_t hash,
+                                        const std::vector<GuideNetwork::Index>& closedArcs);
 
   const GuideNetwork& network_;
-  const PlaceTable& places_;
   std::mutex mutex_;
   std::list<Entry> entries_;  // guarded by the mutex; the one used last is first
 };

@@ -18,8 +18,8 @@ using Columns = std::unordered_map<Index, std::vector<std::size_t>>;
 std::vector<std::vector<std::int64_t>> costMatrix(const GuideData& data,
                                                   const std::vector<Stop>& from,
                                                   const std::vector<Stop>& to,
-                                                  const Profile& profile,
-                                                  const Closures& closures) {
+                                                  const Profile& profile, const Closures& closures,
+                                                  const foundation::CancellationToken& token) {
   const StopResolver resolver(data, closures);
   std::vector<ResolvedStop> starts;
   std::vector<ResolvedStop> goals;
@@ -31,12 +31,12 @@ std::vector<std::vector<std::int64_t>> costMatrix(const GuideData& data,
       for (const Index vertex : goals.back().ends.vertices)
         columns[vertex].push_back(goals.size() - 1);
   }
-  const auto costs = data.costs.table(profile, closures);
-  const SearchContext context{data.network, data.states};
+  const auto costs = data.costs.table(profile, data.places.closedArcs(closures));
+  const SearchContext context{data.network, data.states, token};
   std::vector<std::vector<std::int64_t>> rows(from.size());
   foundation::parallelFor(from.size(), [&](std::size_t row) {
     rows[row].assign(to.size(), -1);
-    if (starts[row].problem) return;
+    if (starts[row].problem || token.isCanceled()) return;
     NetworkSearch search(context, *costs, from.size() + to.size());
     for (const ResolvedStop& goal : goals)
       if (!goal.problem) search.aimAt(goal.ends);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Source/Guidance/Network/GuideData.hpp"
 #include "Source/Guidance/Request.hpp"
 
@@ -13,6 +14,7 @@ namespace orivanta::guidance {
 std::vector<std::vector<std::int64_t>> costMatrix(const GuideData& data,
                                                   const std::vector<Stop>& from,
                                                   const std::vector<Stop>& to,
-                                                  const Profile& profile, const Closures& closures);
+                                                  const Profile& profile, const Closures& closures,
+                                                  const foundation::CancellationToken& token);
 
 }  // namespace orivanta::guidance

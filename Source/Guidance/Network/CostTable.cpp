@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "Source/Guidance/Network/TravelTime.hpp"
-#include "Source/Node.hpp"
 
 namespace orivanta::guidance {
 
@@ -19,10 +18,6 @@ constexpr double avoidedOutdoors = 2.0;
 constexpr std::size_t mostFloorsWithBounds = 64;
 constexpr double infinite = std::numeric_limits<double>::infinity();
 
-double weightOr(double weight, double otherwise) {
-  return std::isfinite(weight) && weight >= 0.0 ? weight : otherwise;
-}
-
 // Returns the cost of an arc in milliseconds, or infinity if the profile excludes it.
 class ArcCost {
  public:
@@ -35,10 +30,7 @@ class ArcCost {
 
  private:
   double walk(const Arc& arc) const {
-    const Node& target = *network_.node(arc.target);
-    const double meters = arc.meters * weightOr(target.multiplierWeight, 1.0) +
-                          weightOr(target.constantWeight, 0.0) / network_.unitsPerMeter();
-    const double cost = std::min(1000.0 * meters / speed_, greatestCost);
+    const double cost = std::min(1000.0 * arc.weighted / speed_, greatestCost);
     if (!network_.floors()[network_.vertex(arc.target).floor].outdoor) return cost;
     if (profile_.outdoors == Use::forbidden) return infinite;
     return profile_.outdoors == Use::avoided ? avoidedOutdoors * cost : cost;
@@ -47,7 +39,7 @@ class ArcCost {
   double ride(const Arc& arc) const {
     const auto& connector = network_.connectors()[arc.connector];
     const Use use = profile_.use(connector.kind);
-    if (use == Use::forbidden || (profile_.onlyAccessible && !connector.record->accessible))
+    if (use == Use::forbidden || (profile_.onlyAccessible && !connector.accessible))
       return infinite;
     const double seconds =
         rideSeconds(connector.kind, arc.plan / network_.unitsPerMeter(), arc.rise, speed_);
@@ -114,7 +106,6 @@ CostTable::CostTable(const CostTable& open, const GuideNetwork& network,
       closedArcs_(std::move(closedArcs)),
       closedVertices_(network.size() / 64 + 1),
       bounds_(open.bounds_) {
-  std::sort(closedArcs_.begin(), closedArcs_.end());
   for (const Index arc : closedArcs_) {
     const Index vertex = network.arcs()[arc].origin;
     closedVertices_[vertex / 64] |= std::uint64_t{1} << vertex % 64;

@@ -9,7 +9,6 @@
 #include <span>
 #include <vector>
 
-#include "Source/Guidance/Closures.hpp"
 #include "Source/Guidance/Network/GuideNetwork.hpp"
 #include "Source/Guidance/Profile.hpp"
 
@@ -31,14 +30,17 @@ class CostTable {
   /// The costs of a profile with nothing closed.
   CostTable(const GuideNetwork& network, const Profile& profile);
 
-  /// The same costs, except that these arcs cannot be used. Shares the costs with `open`, which
-  /// must have no closed arcs: the effort depends on the closed arcs only.
+  /// The same costs, except that these arcs, in ascending order, cannot be used. Shares the costs
+  /// with `open`, which must have no closed arcs: the effort depends on the closed arcs only.
   CostTable(const CostTable& open, const GuideNetwork& network, std::vector<Index> closedArcs);
 
   /// The same costs, except that these arcs cost 1.4 times as much.
   static CostTable withPenalty(const CostTable& base, std::span<const Index> arcs);
 
   std::uint32_t operator[](Index arc) const { return isClosed(arc) ? unusable : (*costs_)[arc]; }
+
+  /// Returns the arcs that cannot be used because something is closed, in ascending order.
+  const std::vector<Index>& closedArcs() const { return closedArcs_; }
 
   /// Returns the costs of all arcs as if none was closed.
   const std::uint32_t* data() const { return costs_->data(); }

@@ -4,7 +4,6 @@
 #include <boost/geometry.hpp>
 #include <boost/geometry/geometries/point_xy.hpp>
 #include <boost/geometry/index/rtree.hpp>
-#include <cmath>
 #include <set>
 #include <unordered_map>
 #include <utility>
@@ -49,7 +48,8 @@ EdgeIndex::~EdgeIndex() = default;
 
 std::optional<GuideNetwork::Index> EdgeIndex::nearest(const Map* floor, double x, double y) const {
   const auto tree = trees_->byFloor.find(floor);
-  if (tree == trees_->byFloor.end() || !std::isfinite(x) || !std::isfinite(y)) return std::nullopt;
+  if (tree == trees_->byFloor.end() || !GuideNetwork::isUsable(x) || !GuideNetwork::isUsable(y))
+    return std::nullopt;
   const auto found = tree->second.qbegin(geometry::index::nearest(Point(x, y), 1));
   if (found == tree->second.qend()) return std::nullopt;
   return found->second;

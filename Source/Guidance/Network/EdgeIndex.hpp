@@ -16,7 +16,7 @@ class EdgeIndex {
   ~EdgeIndex();
 
   /// Returns the arc next to a position on a floor. Returns nothing if the floor has no walking
-  /// arcs or a coordinate is not finite.
+  /// arcs or a coordinate is not between -1e9 and 1e9.
   std::optional<GuideNetwork::Index> nearest(const Map* floor, double x, double y) const;
 
  private:

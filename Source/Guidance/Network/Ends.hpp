@@ -21,7 +21,7 @@ struct Ends {
 
   std::vector<Index> vertices;        ///< without duplicates; `number` alone for a position
   std::vector<Split> splits;          ///< empty unless the stop is a position
-  std::vector<Index> rooms;           ///< leaving these costs no penalty if a route starts here
+  std::vector<Index> rooms;           ///< sorted; leaving these costs no penalty for a start here
   Index number = GuideNetwork::none;  ///< of a position: the network's size plus the stop's index
   std::shared_ptr<Node> node;         ///< of a position: a node made for it
 };

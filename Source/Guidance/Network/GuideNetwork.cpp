@@ -12,6 +12,7 @@
 #include "Source/Guidance/Network/ConnectorSign.hpp"
 #include "Source/Guidance/Network/Rooms.hpp"
 #include "Source/Guidance/Network/TravelTime.hpp"
+#include "Source/Guidance/Scale.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
 #include "Source/Node.hpp"
@@ -21,25 +22,29 @@ namespace orivanta::guidance {
 
 namespace {
 
-// Greater coordinates are errors; their squares could overflow.
-constexpr double greatestCoordinate = 1e9;
-
 // The limit of NavigationGraph, for the same reason.
 constexpr std::size_t mostRides = std::size_t{1} << 24U;
 
-bool isUsable(double coordinate) { return std::abs(coordinate) <= greatestCoordinate; }
+double weightOr(double weight, double otherwise) {
+  return std::isfinite(weight) && weight >= 0.0 ? weight : otherwise;
+}
 
-bool isUsable(const Node& node) { return isUsable(node.x) && isUsable(node.y) && isUsable(node.z); }
+bool hasUsablePlace(const Node& node) {
+  return GuideNetwork::isUsable(node.x) && GuideNetwork::isUsable(node.y) &&
+         GuideNetwork::isUsable(node.z);
+}
 
 }  // namespace
 
-GuideNetwork::GuideNetwork(const Venue& venue) {
-  readScale(venue);
+GuideNetwork::GuideNetwork(const Venue& venue)
+    : hasScale_(unitsPerMeterOf(venue).has_value()),
+      unitsPerMeter_(unitsPerMeterOf(venue).value_or(1.0)) {
   addNodes(venue);
   addFloors(venue);
   vertices_.reserve(nodes_.size());
   for (const auto& node : nodes_)
     vertices_.push_back({node->x, node->y, 0, 0, floorOf(node->map), none});
+  for (const auto& node : nodes_) z_.push_back(node->z);
   addWalkingArcs(venue);
   addConnectors(venue);
   sortArcs();
@@ -47,17 +52,11 @@ GuideNetwork::GuideNetwork(const Venue& venue) {
   for (Index index = 0; index < size(); ++index) vertices_[index].room = rooms[index];
 }
 
-void GuideNetwork::readScale(const Venue& venue) {
-  const double scale = venue._data["unitsPerMetre"].doubleValue();
-  hasScale_ = scale >= 1e-6 && scale <= greatestCoordinate;
-  if (hasScale_) unitsPerMeter_ = scale;
-}
-
 void GuideNetwork::addNodes(const Venue& venue) {
   NodeList usable;
   std::unordered_set<const Node*> seen;
   const auto add = [&](const std::shared_ptr<Node>& node) {
-    if (node && isUsable(*node) && seen.insert(node.get()).second) usable.push_back(node);
+    if (node && hasUsablePlace(*node) && seen.insert(node.get()).second) usable.push_back(node);
   };
   for (const auto& node : *venue.nodes) add(node);
   if (venue.vortices)
@@ -72,14 +71,6 @@ void GuideNetwork::addFloors(const Venue& venue) {
   if (venue.maps)
     for (const auto& map : *venue.maps) floorOf(map);
   for (const auto& node : nodes_) floorOf(node->map);
-  std::vector<double> elevations;
-  for (const Floor& floor : floors_) elevations.push_back(floor.elevation);
-  std::sort(elevations.begin(), elevations.end());
-  elevations.erase(std::unique(elevations.begin(), elevations.end()), elevations.end());
-  for (Floor& floor : floors_)
-    floor.level =
-        static_cast<int>(std::lower_bound(elevations.begin(), elevations.end(), floor.elevation) -
-                         elevations.begin());
 }
 
 GuideNetwork::Index GuideNetwork::floorOf(const std::shared_ptr<Map>& map) {
@@ -87,7 +78,7 @@ GuideNetwork::Index GuideNetwork::floorOf(const std::shared_ptr<Map>& map) {
       floorNumbers_.try_emplace(map.get(), static_cast<Index>(floors_.size()));
   if (isNew)
     floors_.push_back({map, map && map->_data["outdoor"].bool_().value_or(false),
-                       map && isUsable(map->elevation) ? map->elevation : 0.0, 0});
+                       map && isUsable(map->elevation) ? map->elevation : 0.0});
   return entry->second;
 }
 
@@ -98,7 +89,7 @@ std::optional<GuideNetwork::Index> GuideNetwork::find(const Node* node) const {
 }
 
 double GuideNetwork::height(Index vertex) const {
-  return (floors_[vertices_[vertex].floor].elevation + nodes_[vertex]->z) / unitsPerMeter_;
+  return (floors_[vertices_[vertex].floor].elevation + z_[vertex]) / unitsPerMeter_;
 }
 
 void GuideNetwork::addWalkingArcs(const Venue& venue) {
@@ -108,7 +99,10 @@ void GuideNetwork::addWalkingArcs(const Venue& venue) {
       if (edge.vortex() || !target || *target == origin) continue;
       const double plan = std::hypot(vertices_[origin].x - vertices_[*target].x,
                                      vertices_[origin].y - vertices_[*target].y);
-      arcs_.push_back({origin, *target, none, plan, edge.distance() / unitsPerMeter_, 0.0});
+      const double meters = edge.distance() / unitsPerMeter_;
+      const double weighted = meters * weightOr(edge.node()->multiplierWeight, 1.0) +
+                              weightOr(edge.node()->constantWeight, 0.0) / unitsPerMeter_;
+      arcs_.push_back({origin, *target, none, plan, meters, weighted, 0.0});
     }
 }
 
@@ -122,8 +116,11 @@ void GuideNetwork::addConnectors(const Venue& venue) {
       if (const auto index = find(node.get())) stops.push_back(*index);
     std::sort(stops.begin(), stops.end());
     stops.erase(std::unique(stops.begin(), stops.end()), stops.end());
-    connectors_.push_back(
-        {vortex, connectorKindOf(vortex->type.value_or("")), signs.signOf(*vortex), {}});
+    connectors_.push_back({vortex,
+                           connectorKindOf(vortex->type.value_or("")),
+                           vortex->accessible,
+                           signs.signOf(*vortex),
+                           {}});
     if (!stops.empty() && stops.size() > (mostRides - rides) / stops.size()) {
       foundation::diagnostic(
           fmt::format("too many rides: connector {} is left out", vortex->id.value_or("")));
@@ -139,7 +136,7 @@ void GuideNetwork::addConnectors(const Venue& venue) {
 void GuideNetwork::addRide(Index origin, Index target) {
   const double plan = std::hypot(vertices_[origin].x - vertices_[target].x,
                                  vertices_[origin].y - vertices_[target].y);
-  arcs_.push_back({origin, target, static_cast<Index>(connectors_.size() - 1), plan, 0.0,
+  arcs_.push_back({origin, target, static_cast<Index>(connectors_.size() - 1), plan, 0.0, 0.0,
                    height(target) - height(origin)});
 }
 

@@ -1,6 +1,7 @@
 // The network that guidance searches: numbered nodes, arcs between them, connectors and rooms.
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -22,7 +23,8 @@ class Venue;
 namespace orivanta::guidance {
 
 /// Contains all nodes of the venue; neighbors have similar numbers. Left out are nodes with a
-/// coordinate that is not a number between -1e9 and 1e9. Immutable; any thread. Owns its records.
+/// coordinate that is not a number between -1e9 and 1e9. Immutable; any thread. Owns its records,
+/// but does not read them after its construction.
 ///
 /// Walking arcs are the edges of the venue's graph without a connector. Each connector has arcs
 /// from each of its nodes to all others. Loops are left out.
@@ -44,11 +46,13 @@ class GuideNetwork {
     Index connector;  ///< none for a walking arc
     double plan;      ///< the horizontal distance in the venue's units
     double meters;    ///< of a walking arc: the length
+    double weighted;  ///< of a walking arc: the length with the weights of the target, in meters
     double rise;      ///< of a ride: the difference in height in meters, positive up
   };
   struct Connector {
     std::shared_ptr<Vortex> record;
     ConnectorKind kind;
+    bool accessible;
     std::string sign;  ///< see `ConnectorSigns`
     std::vector<Index> arcs;
   };
@@ -56,10 +60,13 @@ class GuideNetwork {
     std::shared_ptr<Map> map;  ///< null for the nodes without a map
     bool outdoor;
     double elevation;  ///< in the venue's units; 0 if the record's is not usable
-    int level;         ///< the number of lower elevations in the venue
   };
 
   explicit GuideNetwork(const Venue& venue);
+
+  /// Returns whether a coordinate is between -1e9 and 1e9. Greater ones are errors; their squares
+  /// could overflow.
+  static bool isUsable(double coordinate) { return std::abs(coordinate) <= 1e9; }
 
   Index size() const { return static_cast<Index>(nodes_.size()); }
   std::optional<Index> find(const Node* node) const;
@@ -88,11 +95,18 @@ class GuideNetwork {
   bool hasScale() const { return hasScale_; }
   double unitsPerMeter() const { return unitsPerMeter_; }
 
+  /// Returns the height of a node above its map, in the venue's units.
+  double z(Index vertex) const { return z_[vertex]; }
+
   /// Returns the height of a node in meters, including its map's elevation.
   double height(Index vertex) const;
 
+  /// Returns the map of a node; may be null.
+  const std::shared_ptr<Map>& map(Index vertex) const {
+    return floors_[vertices_[vertex].floor].map;
+  }
+
  private:
-  void readScale(const Venue& venue);
   void addNodes(const Venue& venue);
   void addFloors(const Venue& venue);
   Index floorOf(const std::shared_ptr<Map>& map);
@@ -101,12 +115,13 @@ class GuideNetwork {
   void addRide(Index origin, Index target);
   void sortArcs();
 
-  bool hasScale_ = false;
-  double unitsPerMeter_ = 1.0;
+  bool hasScale_;
+  double unitsPerMeter_;
   NodeList nodes_;
   std::unordered_map<const Node*, Index> numbers_;
   std::unordered_map<const Map*, Index> floorNumbers_;
   std::vector<Vertex> vertices_;
+  std::vector<double> z_;
   std::vector<Arc> arcs_;
   std::vector<Index> targets_;
   std::vector<Index> firstInto_;

@@ -1,12 +1,8 @@
 #include "Source/Guidance/Network/ItineraryBuilder.hpp"
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
-#include "Source/Distance.hpp"
 #include "Source/Guidance/Network/TravelTime.hpp"
-#include "Source/Node.hpp"
 
 namespace orivanta::guidance {
 
@@ -20,40 +16,45 @@ void ItineraryBuilder::addVisit(std::size_t stop, std::shared_ptr<Location> loca
 }
 
 void ItineraryBuilder::addPath(const NetworkPath& path, const Ends* from, const Ends* to) {
-  from_ = from;
-  to_ = to;
+  const PathMeasure measure(data_.network, speed_, from, to);
   itinerary_.costMilliseconds += path.cost;
   if (path.hops.empty()) {
-    const auto& node = nodeOf(path.first);
     itinerary_.legs.push_back({});
-    itinerary_.legs.back().nodes.push_back(node);
-    itinerary_.legs.back().map = node->map;
+    itinerary_.legs.back().nodes.push_back(measure.nodeOf(path.first));
+    itinerary_.legs.back().map = measure.mapOf(path.first);
   }
-  for (std::size_t i = 0; i < path.hops.size(); ++i) addHop(path.hops[i], i == 0);
+  for (std::size_t i = 0; i < path.hops.size(); ++i) addHop(path.hops[i], i == 0, measure);
 }
 
 // A leg ends where the connector or, on a walk, the floor changes.
-void ItineraryBuilder::addHop(const Hop& hop, bool beginsPath) {
+void ItineraryBuilder::addHop(const Hop& hop, bool beginsPath, const PathMeasure& measure) {
   const auto connector = data_.network.arcs()[hop.arc].connector;
   bool continues = !beginsPath;
   if (continues) {
     const Leg& leg = itinerary_.legs.back();
     continues = connector == GuideNetwork::none
-                    ? leg.kind == Leg::Kind::walk && leg.map == nodeOf(hop.from)->map
+                    ? leg.kind == Leg::Kind::walk && leg.map == measure.mapOf(hop.from)
                     : leg.connector == data_.network.connectors()[connector].record;
   }
-  if (!continues) beginLeg(hop);
-  itinerary_.legs.back().nodes.push_back(nodeOf(hop.to));
-  if (connector == GuideNetwork::none)
-    addWalk(hop);
-  else
-    addRide(hop);
+  if (!continues) beginLeg(hop, measure);
+  Leg& leg = itinerary_.legs.back();
+  leg.nodes.push_back(measure.nodeOf(hop.to));
+  if (connector == GuideNetwork::none) {
+    const double meters = measure.meters(hop);
+    leg.meters += meters;
+    leg.seconds += meters / speed_;
+    return;
+  }
+  // A ride over several stops of a connector is one ride from the first to the last.
+  leg.seconds = measure.rideSeconds(connector, legStart_, hop.to);
+  leg.floorsPassed = data_.floors.between(data_.network.vertex(legStart_).floor,
+                                          data_.network.vertex(hop.to).floor);
 }
 
-void ItineraryBuilder::beginLeg(const Hop& hop) {
+void ItineraryBuilder::beginLeg(const Hop& hop, const PathMeasure& measure) {
   Leg leg;
-  leg.nodes.push_back(nodeOf(hop.from));
-  leg.map = leg.nodes.front()->map;
+  leg.nodes.push_back(measure.nodeOf(hop.from));
+  leg.map = measure.mapOf(hop.from);
   const auto connector = data_.network.arcs()[hop.arc].connector;
   if (connector != GuideNetwork::none) {
     leg.kind = Leg::Kind::ride;
@@ -65,38 +66,12 @@ void ItineraryBuilder::beginLeg(const Hop& hop) {
   itinerary_.legs.push_back(std::move(leg));
 }
 
-void ItineraryBuilder::addWalk(const Hop& hop) {
-  const bool isPart = std::max(hop.from, hop.to) >= data_.network.size();
-  const double meters = isPart ? getEuclideanDistance(*nodeOf(hop.from), *nodeOf(hop.to)) /
-                                     data_.network.unitsPerMeter()
-                               : data_.network.arcs()[hop.arc].meters;
-  itinerary_.legs.back().meters += meters;
-  itinerary_.legs.back().seconds += meters / speed_;
-}
-
-// A ride over several stops of a connector is one ride from the first to the last.
-void ItineraryBuilder::addRide(const Hop& hop) {
-  const GuideNetwork& network = data_.network;
-  const auto& first = network.vertex(legStart_);
-  const auto& last = network.vertex(hop.to);
-  const double plan = std::hypot(last.x - first.x, last.y - first.y) / network.unitsPerMeter();
-  Leg& leg = itinerary_.legs.back();
-  leg.seconds = rideSeconds(leg.connectorKind, plan,
-                            network.height(hop.to) - network.height(legStart_), speed_);
-  leg.floorsPassed = network.floors()[last.floor].level - network.floors()[first.floor].level;
-}
-
-const std::shared_ptr<Node>& ItineraryBuilder::nodeOf(Index vertex) const {
-  if (vertex < data_.network.size()) return data_.network.node(vertex);
-  return from_ != nullptr && from_->number == vertex ? from_->node : to_->node;
-}
-
 std::optional<Itinerary> itineraryAlong(const GuideData& data, const NodeList& nodes,
                                         const std::shared_ptr<Location>& departFrom,
                                         const std::shared_ptr<Location>& arriveAt,
                                         const Profile& profile) {
   if (nodes.empty()) return std::nullopt;
-  const auto costs = data.costs.table(profile, {});
+  const auto costs = data.costs.table(profile);
   NetworkPath path;
   const auto first = data.network.find(nodes.front().get());
   if (!first) return std::nullopt;

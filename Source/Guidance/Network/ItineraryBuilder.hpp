@@ -10,6 +10,7 @@
 #include "Source/Guidance/Itinerary.hpp"
 #include "Source/Guidance/Network/Ends.hpp"
 #include "Source/Guidance/Network/GuideData.hpp"
+#include "Source/Guidance/Network/PathMeasure.hpp"
 
 namespace orivanta::guidance {
 
@@ -31,16 +32,11 @@ class ItineraryBuilder {
  private:
   using Index = GuideNetwork::Index;
 
-  void addHop(const Hop& hop, bool beginsPath);
-  void beginLeg(const Hop& hop);
-  void addWalk(const Hop& hop);
-  void addRide(const Hop& hop);
-  const std::shared_ptr<Node>& nodeOf(Index vertex) const;
+  void addHop(const Hop& hop, bool beginsPath, const PathMeasure& measure);
+  void beginLeg(const Hop& hop, const PathMeasure& measure);
 
   const GuideData& data_;
   double speed_;
-  const Ends* from_ = nullptr;
-  const Ends* to_ = nullptr;
   Index legStart_ = GuideNetwork::none;
   Itinerary itinerary_;
 };

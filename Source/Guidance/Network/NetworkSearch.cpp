@@ -51,6 +51,7 @@ void NetworkSearch::aimAt(const Ends& stop, Index vertex) {
   for (const Ends::Split& split : stop.splits) {
     const Index origin = network_.arcs()[split.arc].origin;
     mark(origin).isSplit = true;
+    partsFrom_.try_emplace(origin);
     addPart(origin, stop.number, split, split.share);
   }
 }
@@ -83,6 +84,7 @@ double NetworkSearch::bound(Index vertex) const {
 void NetworkSearch::addPart(Index from, Index to, const Ends::Split& split, double length) {
   std::uint32_t cost = costs_[split.arc];
   if (cost == CostTable::unusable) return;
+  if (from < network_.size()) partsFrom_[from].push_back(static_cast<Index>(parts_.size()));
   if (network_.leavesRoom(network_.arcs()[split.arc])) cost -= CostTable::roomPenalty;
   parts_.push_back({{from, to, split.arc}, static_cast<std::uint32_t>(std::ceil(length * cost))});
 }
@@ -152,8 +154,8 @@ void NetworkSearch::expand(Index vertex) {
       __builtin_prefetch(&state_->vertices[targets[arc]]);
       __builtin_prefetch(&network_.vertices()[targets[arc]]);
     }
-  const bool exempt = here.room != none && std::find(exemptRooms_.begin(), exemptRooms_.end(),
-                                                     here.room) != exemptRooms_.end();
+  const bool exempt =
+      here.room != none && std::binary_search(exemptRooms_.begin(), exemptRooms_.end(), here.room);
   const bool anyClosed = costs_.hasClosedArcs(vertex);
   for (Index arc = here.firstArc; arc != here.endArc; ++arc) {
     const std::uint32_t arcCost = anyClosed ? costs_[arc] : costs[arc];
@@ -165,10 +167,9 @@ void NetworkSearch::expand(Index vertex) {
 }
 
 void NetworkSearch::expandParts(Index vertex, std::int64_t cost) {
-  for (std::size_t i = 0; i < parts_.size(); ++i)
-    if (parts_[i].hop.from == vertex)
-      reach(parts_[i].hop.to, cost + parts_[i].cost,
-            static_cast<Index>(network_.arcs().size() + i));
+  for (const Index part : partsFrom_.at(vertex))
+    reach(parts_[part].hop.to, cost + parts_[part].cost,
+          static_cast<Index>(network_.arcs().size() + part));
 }
 
 Hop NetworkSearch::hopOf(Index arc) const {

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <unordered_map>
 #include <vector>
 
 #include "Platform/Foundation/Cancellation.hpp"
@@ -92,8 +93,9 @@ class NetworkSearch {
   std::unique_ptr<SearchState> state_;
   std::vector<const Ends*> positions_;  // the positions among the targets
   std::vector<Goal> goals_;
-  std::vector<Index> exemptRooms_;
+  std::vector<Index> exemptRooms_;  // sorted
   std::vector<Part> parts_;
+  std::unordered_map<Index, std::vector<Index>> partsFrom_;  // by origin, if it is a node
   bool guided_ = false;
   std::size_t taken_ = 0;
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <set>
-#include <unordered_set>
 #include <utility>
 
 #include "Source/Category.hpp"
@@ -20,12 +19,11 @@ PlaceTable::PlaceTable(const Venue& venue, const GuideNetwork& network) : networ
     for (const auto& vortex : *venue.vortices) addPlace(vortex, true);
   addCategories(venue);
   for (std::size_t i = 0; i < places_.size(); ++i)
-    if (places_[i].record->id) placeIds_.try_emplace(*places_[i].record->id, i);
+    if (places_[i].record->id) placeIds_.emplace(*places_[i].record->id, i);
   for (std::size_t i = 0; i < network.connectors().size(); ++i)
-    if (const auto& record = *network.connectors()[i].record; record.id)
-      connectorIds_.try_emplace(*record.id, i);
+    connectors_.try_emplace(network.connectors()[i].record.get(), i);
   for (Index node = 0; node < network.size(); ++node)
-    if (network.node(node)->id) nodeIds_.try_emplace(*network.node(node)->id, node);
+    if (network.node(node)->id) nodeIds_.emplace(*network.node(node)->id, node);
 }
 
 void PlaceTable::addPlace(const std::shared_ptr<Location>& record, bool isConnector) {
@@ -62,8 +60,7 @@ const PlaceTable::Place* PlaceTable::find(const Location* record) const {
   return entry == numbers_.end() ? nullptr : &places_[entry->second];
 }
 
-std::optional<std::vector<const PlaceTable::Place*>> PlaceTable::placesOf(
-    const Category* category) const {
+std::optional<PlaceTable::Places> PlaceTable::placesOf(const Category* category) const {
   if (groups_.find(category) == groups_.end()) return std::nullopt;
   std::unordered_set<const Category*> seen{category};
   std::vector<const Category*> waiting{category};
@@ -76,46 +73,84 @@ std::optional<std::vector<const PlaceTable::Place*>> PlaceTable::placesOf(
     for (const Category* child : group->second.children)
       if (seen.insert(child).second) waiting.push_back(child);
   }
-  std::vector<const Place*> places;
+  Places places;
   for (const std::size_t place : found) places.push_back(&places_[place]);
   return places;
 }
 
-Closures PlaceTable::closedAt(const Closures& closures, const std::optional<LocalTime>& at) const {
-  if (!at) return closures;
-  std::vector<std::string> closed;
+std::shared_ptr<const PlaceTable::Places> PlaceTable::closedAt(const LocalTime& time) const {
+  {
+    const std::lock_guard lock(mutex_);
+    if (closedAt_ && closedTime_ == time) return closedAt_;
+  }
+  auto closed = std::make_shared<Places>();
   for (const Place& place : places_)
-    if (place.hours && place.record->id && place.hours->at(*at) == OpenState::closed)
-      closed.push_back(*place.record->id);
-  if (closed.empty()) return closures;
-  closed.insert(closed.end(), closures.identifiers().begin(), closures.identifiers().end());
-  return Closures(std::move(closed));
+    if ((place.isRoom || connectors_.count(place.record.get()) != 0) && place.isClosedAt(time))
+      closed->push_back(&place);
+  const std::lock_guard lock(mutex_);
+  closedTime_ = time;
+  closedAt_ = closed;
+  return closed;
 }
 
-std::vector<PlaceTable::Index> PlaceTable::closedArcs(const Closures& closures) const {
-  std::vector<Index> nodes;
-  std::vector<Index> arcs;
-  std::unordered_map<Index, std::size_t> closedSharers;
+PlaceTable::Places PlaceTable::closedPlaces(const Closures& closures) const {
+  Places places;
   for (const std::string& identifier : closures.identifiers()) {
-    if (const auto node = nodeIds_.find(identifier); node != nodeIds_.end())
-      nodes.push_back(node->second);
-    if (const auto entry = connectorIds_.find(identifier); entry != connectorIds_.end()) {
+    const auto [first, end] = placeIds_.equal_range(identifier);
+    for (auto place = first; place != end; ++place) places.push_back(&places_[place->second]);
+  }
+  return places;
+}
+
+std::vector<PlaceTable::Index> PlaceTable::closedNodes(const Closures& closures) const {
+  std::vector<Index> nodes;
+  for (const std::string& identifier : closures.identifiers()) {
+    const auto [first, end] = nodeIds_.equal_range(identifier);
+    for (auto node = first; node != end; ++node) nodes.push_back(node->second);
+  }
+  return nodes;
+}
+
+std::vector<PlaceTable::Index> PlaceTable::closedArcs(const Closures& closures,
+                                                      Places closed) const {
+  const Places named = closedPlaces(closures);
+  closed.insert(closed.end(), named.begin(), named.end());
+  std::sort(closed.begin(), closed.end());
+  closed.erase(std::unique(closed.begin(), closed.end()), closed.end());
+  std::vector<Index> arcs;
+  for (const Place* place : closed)
+    if (const auto entry = connectors_.find(place->record.get()); entry != connectors_.end()) {
       const auto& rides = network_.connectors()[entry->second].arcs;
       arcs.insert(arcs.end(), rides.begin(), rides.end());
     }
-    const auto place = placeIds_.find(identifier);
-    if (place == placeIds_.end() || !places_[place->second].isRoom) continue;
-    for (const Index node : places_[place->second].nodes) {
-      const auto sharers = sharers_.find(node);
-      if (sharers != sharers_.end() && ++closedSharers[node] == sharers->second)
-        nodes.push_back(node);
-    }
-  }
-  for (const Index node : nodes) {
+  for (const Index node : closedNodes(closures)) {
     const auto into = network_.arcsInto(node);
     arcs.insert(arcs.end(), into.begin(), into.end());
   }
+  const auto inside = closedRoomNodes(closed);
+  for (const Index node : inside)
+    for (const Index arc : network_.arcsInto(node)) {
+      const Index origin = network_.arcs()[arc].origin;
+      const bool staysInside =
+          inside.count(origin) != 0 && network_.vertex(origin).room == network_.vertex(node).room;
+      if (!staysInside) arcs.push_back(arc);
+    }
+  std::sort(arcs.begin(), arcs.end());
+  arcs.erase(std::unique(arcs.begin(), arcs.end()), arcs.end());
   return arcs;
+}
+
+std::unordered_set<PlaceTable::Index> PlaceTable::closedRoomNodes(const Places& closed) const {
+  std::unordered_map<Index, std::size_t> closedSharers;
+  std::unordered_set<Index> nodes;
+  for (const Place* place : closed) {
+    if (!place->isRoom) continue;
+    for (const Index node : place->nodes) {
+      const auto sharers = sharers_.find(node);
+      if (sharers != sharers_.end() && ++closedSharers[node] == sharers->second) nodes.insert(node);
+    }
+  }
+  return nodes;
 }
 
 }  // namespace orivanta::guidance

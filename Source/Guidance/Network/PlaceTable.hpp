@@ -3,10 +3,11 @@
 
 #include <cstddef>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "Source/Guidance/Closures.hpp"
@@ -16,7 +17,8 @@
 
 namespace orivanta::guidance {
 
-/// Immutable; any thread. Owns the records. The network must outlive it.
+/// Thread-safe; immutable except for the places that were closed at the last time. Owns the
+/// records, but does not read them after its construction. The network must outlive it.
 class PlaceTable {
  public:
   using Index = GuideNetwork::Index;
@@ -26,7 +28,12 @@ class PlaceTable {
     std::vector<Index> nodes;          ///< in the network, each once
     bool isRoom;                       ///< whether closing it closes its nodes
     std::optional<OpeningHours> hours;
+
+    bool isClosedAt(const LocalTime& time) const {
+      return hours && hours->at(time) == OpenState::closed;
+    }
   };
+  using Places = std::vector<const Place*>;
 
   PlaceTable(const Venue& venue, const GuideNetwork& network);
 
@@ -37,14 +44,22 @@ class PlaceTable {
 
   /// Returns the places of a category and of the categories below it, in the order of the venue.
   /// Returns nothing if the category is not one of the venue.
-  std::optional<std::vector<const Place*>> placesOf(const Category* category) const;
+  std::optional<Places> placesOf(const Category* category) const;
 
-  /// Returns the closures and, if there is a time, the places that are closed then.
-  Closures closedAt(const Closures& closures, const std::optional<LocalTime>& at) const;
+  /// Returns the rooms and connectors that are closed at a time, in the order of the venue. Keeps
+  /// the answer for the next call.
+  std::shared_ptr<const Places> closedAt(const LocalTime& time) const;
 
-  /// Returns the arcs that closures make unusable: those of a closed connector and those into a
-  /// closed node. The nodes of a room are closed if all places that share them are.
-  std::vector<Index> closedArcs(const Closures& closures) const;
+  /// Returns the places that closures contain.
+  Places closedPlaces(const Closures& closures) const;
+
+  /// Returns the nodes that closures contain.
+  std::vector<Index> closedNodes(const Closures& closures) const;
+
+  /// Returns the arcs that closures and further closed places make unusable, in ascending order:
+  /// those of a closed connector, and those into a closed node. The nodes inside a room are closed
+  /// if all places that share them are; then one can leave the room but not enter it.
+  std::vector<Index> closedArcs(const Closures& closures, Places closedPlaces = {}) const;
 
  private:
   struct Group {
@@ -55,16 +70,20 @@ class PlaceTable {
 
   void addPlace(const std::shared_ptr<Location>& record, bool isConnector);
   void addCategories(const Venue& venue);
+  std::unordered_set<Index> closedRoomNodes(const Places& closed) const;
 
   const GuideNetwork& network_;
   std::vector<Place> places_;
   std::unordered_map<const Location*, std::size_t> numbers_;
   std::unordered_map<const Category*, Group> groups_;
-  // By identifier; the texts belong to the records.
-  std::unordered_map<std::string_view, std::size_t> placeIds_;
-  std::unordered_map<std::string_view, Index> nodeIds_;
-  std::unordered_map<std::string_view, std::size_t> connectorIds_;
+  std::unordered_multimap<std::string, std::size_t> placeIds_;
+  std::unordered_multimap<std::string, Index> nodeIds_;
+  std::unordered_map<const Location*, std::size_t> connectors_;  // their numbers in the network
   std::unordered_map<Index, std::size_t> sharers_;  // the number of rooms per inner node
+
+  mutable std::mutex mutex_;
+  mutable LocalTime closedTime_;                    // guarded by the mutex
+  mutable std::shared_ptr<const Places> closedAt_;  // likewise; null at first
 };
 
 }  // namespace orivanta::guidance

@@ -3,11 +3,11 @@
 
 #include <memory>
 #include <optional>
-#include <unordered_set>
 #include <vector>
 
 #include "Source/Guidance/Network/GuideData.hpp"
 #include "Source/Guidance/Network/NetworkSearch.hpp"
+#include "Source/Guidance/Network/SequenceSearch.hpp"
 #include "Source/Guidance/Network/StopResolver.hpp"
 #include "Source/Guidance/Plan.hpp"
 #include "Source/Guidance/Request.hpp"
@@ -27,29 +27,35 @@ class Planner {
   Plan nearest(int limit);
 
  private:
+  using Index = GuideNetwork::Index;
+  using Order = std::vector<std::size_t>;
   using Paths = std::vector<NetworkPath>;
 
-  bool resolve(std::size_t stop);
   bool resolveAll();
-  std::optional<Paths> search(const CostTable& costs, std::size_t* failed) const;
-  std::optional<Itinerary> best(Paths& paths);
-  void orderStops(const CostTable& costs);
-  void addAlternatives(Plan& plan, const Paths& best) const;
+  std::vector<Index> closedArcs() const;
+  Order bestOrder(const CostTable& costs) const;
+  std::optional<Paths> search(const CostTable& costs, const Order& order, const Arrivals* arrivals,
+                              std::size_t* failed) const;
+  std::optional<Paths> best(const Arrivals* arrivals);
+  std::optional<Paths> withAnEarlierStop(std::size_t place, const Arrivals* arrivals);
+  bool isOpenAfter(const PlaceTable::Place& place, double seconds) const;
+  bool accepts(std::size_t stop, Index vertex, double seconds);
+  const PlaceTable::Place* placeAt(std::size_t stop, Index vertex, double seconds) const;
   Itinerary itineraryOf(const Paths& paths) const;
-  bool closesBefore(const Itinerary& itinerary, std::size_t* visit) const;
+  double secondsOf(const Paths& paths, std::size_t place) const;
+  void addAlternatives(Plan& plan, const Paths& best, const Arrivals* arrivals) const;
   void explain(std::size_t place);
-  Problem::Kind reasonFor(const Ends& from, const Ends& to) const;
-  bool reaches(const CostTable& costs, const Ends& from, const Ends& to) const;
+  std::optional<std::size_t> failingStop(const CostTable& costs, Order order) const;
+  Problem reasonFor(const Order& order, std::size_t place) const;
   Plan failed() const { return {{}, problem_}; }
 
   const GuideData& data_;
   const Request& request_;
-  Closures closures_;  // with the places that are closed at the time
   SearchContext context_;
   StopResolver resolver_;
   std::vector<ResolvedStop> stops_;
-  std::vector<std::unordered_set<const PlaceTable::Place*>> excluded_;  // per stop
-  std::vector<std::size_t> order_;
+  std::vector<std::optional<Problem::Kind>> closing_;  // per stop, if a place closes
+  Order order_;
   std::shared_ptr<const CostTable> costs_;
   std::optional<Problem> problem_;
 };

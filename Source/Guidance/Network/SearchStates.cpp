@@ -4,6 +4,13 @@
 
 namespace orivanta::guidance {
 
+namespace {
+
+constexpr std::size_t mostStates = 32;
+constexpr std::size_t mostSpareVertices = 1024;
+
+}  // namespace
+
 std::unique_ptr<SearchState> SearchStates::take(std::size_t vertexCount) {
   std::unique_ptr<SearchState> state;
   {
@@ -24,8 +31,9 @@ std::unique_ptr<SearchState> SearchStates::take(std::size_t vertexCount) {
 }
 
 void SearchStates::giveBack(std::unique_ptr<SearchState> state) {
+  if (state->vertices.size() > networkSize_ + mostSpareVertices) return;
   const std::lock_guard lock(mutex_);
-  states_.push_back(std::move(state));
+  if (states_.size() < mostStates) states_.push_back(std::move(state));
 }
 
 }  // namespace orivanta::guidance

@@ -30,14 +30,19 @@ struct SearchState {
   std::uint32_t stamp = 0;
 };
 
-/// Thread-safe.
+/// Thread-safe. Keeps at most 32 states that are not in use, and none that is much larger than the
+/// network.
 class SearchStates {
  public:
+  /// `networkSize` is the number of nodes.
+  explicit SearchStates(std::size_t networkSize) : networkSize_(networkSize) {}
+
   /// Returns a state with at least this number of vertices, none of which is reached.
   std::unique_ptr<SearchState> take(std::size_t vertexCount);
   void giveBack(std::unique_ptr<SearchState> state);
 
  private:
+  std::size_t networkSize_;
   std::mutex mutex_;
   std::vector<std::unique_ptr<SearchState>> states_;
 };

@@ -1,6 +1,8 @@
 #include "Source/Guidance/Network/StopOrder.hpp"
 
 #include <algorithm>
+#include <compare>
+#include <cstdint>
 #include <limits>
 #include <unordered_map>
 #include <utility>
@@ -18,6 +20,8 @@ constexpr std::size_t mostExactStops = 12;
 constexpr std::size_t mostExactSteps = std::size_t{1} << 28U;
 constexpr std::size_t mostStops = 200;
 constexpr std::size_t mostVertices = 4096;
+constexpr std::uint64_t mostVisitedNodes = std::uint64_t{1} << 29U;  // by all searches together
+constexpr int mostSweeps = 50;
 constexpr std::int64_t impossible = std::numeric_limits<std::int64_t>::max() / 4;
 
 // The costs between all vertices of all stops.
@@ -45,25 +49,9 @@ class VertexMatrix {
     return values_[from * size() + to];
   }
 
-  // The cost of visiting the stops in this order.
-  std::int64_t costOf(const Order& order) const {
-    std::vector<std::int64_t> here(first_[order[0] + 1] - first_[order[0]], 0);
-    for (std::size_t i = 1; i < order.size(); ++i) {
-      std::vector<std::int64_t> there;
-      for (std::size_t to = first_[order[i]]; to < first_[order[i] + 1]; ++to) {
-        there.push_back(impossible);
-        for (std::size_t from = 0; from < here.size(); ++from)
-          there.back() =
-              std::min(there.back(), here[from] + (*this)(first_[order[i - 1]] + from, to));
-      }
-      for (auto& cost : there) cost = std::min(cost, impossible);
-      here = std::move(there);
-    }
-    return *std::min_element(here.begin(), here.end());
-  }
-
  private:
   void fill(std::size_t row) {
+    if (context_.token.isCanceled()) return;
     const Ends& start = *stops_[stopOf_[row]];
     std::unordered_multimap<Index, std::size_t> columns;
     NetworkSearch search(context_, costs_, stops_.size());
@@ -165,35 +153,88 @@ class ExactOrder {
   std::vector<std::int64_t> costs_;
 };
 
-std::optional<Order> goodOrder(const VertexMatrix& matrix, std::size_t stopCount) {
-  Order order{0, stopCount - 1};
-  for (std::size_t stop = 1; stop + 1 < stopCount; ++stop) {
-    Order best;
-    for (std::size_t place = 1; place < order.size(); ++place) {
-      Order tried = order;
-      tried.insert(tried.begin() + static_cast<std::ptrdiff_t>(place), stop);
-      if (best.empty() || matrix.costOf(tried) < matrix.costOf(best)) best = std::move(tried);
-    }
-    order = std::move(best);
+// The cost of an order: first, the number of hops between stops that are not connected.
+struct OrderCost {
+  std::size_t gaps = 0;
+  std::int64_t cost = 0;
+
+  friend auto operator<=>(const OrderCost&, const OrderCost&) = default;
+};
+
+// Finds a good order by the least costs between any nodes of two stops.
+class GoodOrder {
+ public:
+  GoodOrder(const VertexMatrix& matrix, std::size_t stopCount,
+            const foundation::CancellationToken& token)
+      : count_(stopCount), token_(token), costs_(stopCount * stopCount, impossible) {
+    for (std::size_t from = 0; from < matrix.size(); ++from)
+      for (std::size_t to = 0; to < matrix.size(); ++to) {
+        std::int64_t& cost = costs_[matrix.stopOf(from) * count_ + matrix.stopOf(to)];
+        cost = std::min(cost, matrix(from, to));
+      }
   }
-  std::int64_t cost = matrix.costOf(order);
-  for (bool improved = true; improved;) {
-    improved = false;
-    for (auto first = order.begin() + 1; first < order.end() - 2; ++first)
-      for (auto end = first + 2; end < order.end(); ++end) {
+
+  std::optional<Order> run() {
+    order_ = {0, count_ - 1};
+    for (std::size_t stop = 1; stop + 1 < count_ && !token_.isCanceled(); ++stop) insert(stop);
+    for (int sweep = 0; sweep < mostSweeps && improve(); ++sweep) {
+    }
+    if (token_.isCanceled() || costOf(order_).gaps != 0) return std::nullopt;
+    return std::move(order_);
+  }
+
+ private:
+  OrderCost costOf(const Order& order) const {
+    OrderCost sum;
+    for (std::size_t i = 1; i < order.size(); ++i) {
+      const std::int64_t cost = costs_[order[i - 1] * count_ + order[i]];
+      if (cost >= impossible)
+        ++sum.gaps;
+      else
+        sum.cost += cost;
+    }
+    return sum;
+  }
+
+  void insert(std::size_t stop) {
+    Order best;
+    OrderCost least;
+    for (std::size_t place = 1; place < order_.size(); ++place) {
+      Order tried = order_;
+      tried.insert(tried.begin() + static_cast<std::ptrdiff_t>(place), stop);
+      const OrderCost cost = costOf(tried);
+      if (!best.empty() && cost >= least) continue;
+      least = cost;
+      best = std::move(tried);
+    }
+    order_ = std::move(best);
+  }
+
+  // Returns whether reversing a part helped.
+  bool improve() {
+    OrderCost least = costOf(order_);
+    bool improved = false;
+    for (auto first = order_.begin() + 1; first < order_.end() - 2; ++first) {
+      if (token_.isCanceled()) return false;
+      for (auto end = first + 2; end < order_.end(); ++end) {
         std::reverse(first, end);
-        const std::int64_t changed = matrix.costOf(order);
-        if (changed < cost) {
-          cost = changed;
+        const OrderCost cost = costOf(order_);
+        if (cost < least) {
+          least = cost;
           improved = true;
         } else {
           std::reverse(first, end);
         }
       }
+    }
+    return improved;
   }
-  if (cost >= impossible) return std::nullopt;
-  return order;
-}
+
+  std::size_t count_;
+  const foundation::CancellationToken& token_;
+  std::vector<std::int64_t> costs_;  // by stops
+  Order order_;
+};
 
 }  // namespace
 
@@ -204,12 +245,15 @@ std::optional<std::vector<std::size_t>> cheapestOrder(const SearchContext& conte
   for (std::size_t i = 0; i < given.size(); ++i) given[i] = i;
   std::size_t vertexCount = 0;
   for (const Ends* stop : stops) vertexCount += stop->vertices.size();
-  if (stops.size() < 4 || stops.size() > mostStops + 2 || vertexCount > mostVertices) return given;
+  if (stops.size() < 4 || stops.size() > mostStops + 2 || vertexCount > mostVertices ||
+      vertexCount * std::uint64_t{context.network.size()} > mostVisitedNodes)
+    return given;
   const VertexMatrix matrix(context, costs, stops);
+  if (context.token.isCanceled()) return std::nullopt;
   const std::size_t between = stops.size() - 2;
   if (between <= mostExactStops && matrix.size() * matrix.size() <= mostExactSteps >> between)
     return ExactOrder(matrix, stops.size()).run();
-  return goodOrder(matrix, stops.size());
+  return GoodOrder(matrix, stops.size(), context.token).run();
 }
 
 }  // namespace orivanta::guidance

@@ -12,36 +12,53 @@ namespace orivanta::guidance {
 
 namespace {
 
+using Arc = GuideNetwork::Arc;
 using Kind = Problem::Kind;
+using Place = PlaceTable::Place;
 
-ResolvedStop failed(Kind kind) { return {{}, {}, kind}; }
+constexpr long long longMinutes = 60;
+
+ResolvedStop failed(Kind kind) { return {{}, {}, {}, kind}; }
 
 void sortUnique(std::vector<GuideNetwork::Index>& numbers) {
   std::sort(numbers.begin(), numbers.end());
   numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
 }
 
-std::shared_ptr<Node> nodeAt(const Snap& snap) {
+// Returns a node for a position on an arc.
+std::shared_ptr<Node> nodeAt(const Snap& snap, const GuideNetwork& network,
+                             GuideNetwork::Index arc) {
   static const auto data = RawData::parse(R"({"id": "", "x": 0, "y": 0})");
   auto node = Node::make(*data);
-  node->map = snap.from->map;
+  const Arc& along = network.arcs()[arc];
+  node->map = network.map(along.origin);
   node->x = snap.x;
   node->y = snap.y;
-  node->z = snap.from->z + snap.share * (snap.to->z - snap.from->z);
+  node->z = std::lerp(network.z(along.origin), network.z(along.target), snap.share);
   return node;
 }
 
 }  // namespace
 
-const PlaceTable::Place* ResolvedStop::placeAt(GuideNetwork::Index vertex) const {
-  for (const auto* place : places)
-    if (std::binary_search(place->nodes.begin(), place->nodes.end(), vertex)) return place;
-  return nullptr;
+PlaceTable::Places ResolvedStop::placesAt(GuideNetwork::Index vertex) const {
+  PlaceTable::Places found;
+  const auto first = std::partition_point(nodes.begin(), nodes.end(),
+                                          [&](const auto& each) { return each.first < vertex; });
+  for (auto entry = first; entry != nodes.end() && entry->first == vertex; ++entry)
+    found.push_back(entry->second);
+  return found;
 }
 
-ResolvedStop StopResolver::resolve(
-    const Stop& stop, std::size_t index, bool isStart,
-    const std::unordered_set<const PlaceTable::Place*>& excluded) const {
+StopResolver::StopResolver(const GuideData& data, const Closures& closures,
+                           const std::optional<LocalTime>& departure)
+    : data_(data), departure_(departure) {
+  const auto places = data.places.closedPlaces(closures);
+  closedPlaces_.insert(places.begin(), places.end());
+  const auto nodes = data.places.closedNodes(closures);
+  closedNodes_.insert(nodes.begin(), nodes.end());
+}
+
+ResolvedStop StopResolver::resolve(const Stop& stop, std::size_t index, bool isStart) const {
   ResolvedStop resolved = std::visit(
       [&](const auto& place) {
         using Type = std::decay_t<decltype(place)>;
@@ -52,24 +69,30 @@ ResolvedStop StopResolver::resolve(
         else if constexpr (std::is_same_v<Type, NodeList>)
           return atNodes(place, isStart);
         else if constexpr (std::is_same_v<Type, std::shared_ptr<Category>>)
-          return inCategory(place, isStart, excluded);
+          return inCategory(place, isStart);
         else
           return atPlace(place, isStart);
       },
       stop);
   if (!resolved.problem && resolved.ends.vertices.empty()) resolved.problem = Kind::noNodes;
   addRooms(resolved.ends);
+  for (const Place* place : resolved.places)
+    for (const auto vertex : place->nodes) resolved.nodes.emplace_back(vertex, place);
+  std::stable_sort(resolved.nodes.begin(), resolved.nodes.end(),
+                   [](const auto& left, const auto& right) { return left.first < right.first; });
   return resolved;
 }
 
-bool StopResolver::isClosed(const std::optional<std::string>& identifier) const {
-  return identifier && closures_.contains(*identifier);
+bool StopResolver::isClosedForLong(const Place& place) const {
+  if (!departure_ || !place.isClosedAt(*departure_)) return false;
+  const auto change = place.hours->nextChange(*departure_);
+  return !change || *change > departure_->plusMinutes(longMinutes);
 }
 
 ResolvedStop StopResolver::atPlace(const std::shared_ptr<Location>& location, bool isStart) const {
   const auto* place = data_.places.find(location.get());
   if (place == nullptr) return failed(Kind::unknownPlace);
-  if (!isStart && isClosed(location->id)) return failed(Kind::closed);
+  if (!isStart && closedPlaces_.count(place) != 0) return failed(Kind::closed);
   ResolvedStop stop;
   stop.ends.vertices = place->nodes;
   stop.places.push_back(place);
@@ -79,7 +102,7 @@ ResolvedStop StopResolver::atPlace(const std::shared_ptr<Location>& location, bo
 ResolvedStop StopResolver::atNode(const std::shared_ptr<Node>& node, bool isStart) const {
   const auto index = data_.network.find(node.get());
   if (!index) return failed(Kind::unknownPlace);
-  if (!isStart && isClosed(node->id)) return failed(Kind::closed);
+  if (!isStart && closedNodes_.count(*index) != 0) return failed(Kind::closed);
   ResolvedStop stop;
   stop.ends.vertices.push_back(*index);
   return stop;
@@ -99,16 +122,15 @@ ResolvedStop StopResolver::atNodes(const NodeList& nodes, bool isStart) const {
   return stop;
 }
 
-ResolvedStop StopResolver::inCategory(
-    const std::shared_ptr<Category>& category, bool isStart,
-    const std::unordered_set<const PlaceTable::Place*>& excluded) const {
+ResolvedStop StopResolver::inCategory(const std::shared_ptr<Category>& category,
+                                      bool isStart) const {
   const auto places = data_.places.placesOf(category.get());
   if (!places) return failed(Kind::unknownPlace);
   ResolvedStop stop;
   bool anyClosed = false;
   for (const auto* place : *places) {
-    if (place->nodes.empty() || excluded.count(place) != 0) continue;
-    if (!isStart && isClosed(place->record->id)) {
+    if (place->nodes.empty()) continue;
+    if (!isStart && (closedPlaces_.count(place) != 0 || isClosedForLong(*place))) {
       anyClosed = true;
       continue;
     }
@@ -133,7 +155,7 @@ ResolvedStop StopResolver::atPosition(const Position& position, std::size_t inde
   ResolvedStop stop;
   stop.ends.number = data_.network.size() + static_cast<GuideNetwork::Index>(index);
   stop.ends.vertices.push_back(stop.ends.number);
-  stop.ends.node = nodeAt(*snapped);
+  stop.ends.node = nodeAt(*snapped, data_.network, arc);
   const auto arcs = data_.network.arcs();
   const auto& along = arcs[arc];
   stop.ends.splits.push_back({arc, snapped->share});

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "Source/Guidance/Network/Ends.hpp"
@@ -16,23 +17,26 @@ namespace orivanta::guidance {
 /// A stop in the network, or the reason why it has no part there.
 struct ResolvedStop {
   Ends ends;
-  std::vector<const PlaceTable::Place*> places;  ///< the places that the stop may be; or empty
+  PlaceTable::Places places;  ///< the places that the stop may be; or empty
+  /// The nodes of the places, by node and then in the order of the places.
+  std::vector<std::pair<GuideNetwork::Index, const PlaceTable::Place*>> nodes;
   std::optional<Problem::Kind> problem;
 
-  /// Returns the place at a vertex; null if the stop is a node or a position.
-  const PlaceTable::Place* placeAt(GuideNetwork::Index vertex) const;
+  /// Returns the places at a vertex; none if the stop is a node or a position.
+  PlaceTable::Places placesAt(GuideNetwork::Index vertex) const;
 };
 
-/// The data and the closures must outlive it.
+/// The data must outlive it.
 class StopResolver {
  public:
-  StopResolver(const GuideData& data, const Closures& closures)
-      : data_(data), closures_(closures) {}
+  StopResolver(const GuideData& data, const Closures& closures,
+               const std::optional<LocalTime>& departure = {});
 
-  /// Resolves the stop at an index of a request. A closed place has the problem `closed`, except at
-  /// the start: a traveler can leave it. The excluded places are not used for categories.
-  ResolvedStop resolve(const Stop& stop, std::size_t index, bool isStart,
-                       const std::unordered_set<const PlaceTable::Place*>& excluded = {}) const;
+  /// Resolves the stop at an index of a request. A place that the closures contain has the problem
+  /// `closed`, except at the start: a traveler can leave it. The opening hours of a place are not
+  /// considered, but of the places of a category, those that are closed for the first hour after
+  /// the departure are left out.
+  ResolvedStop resolve(const Stop& stop, std::size_t index, bool isStart) const;
 
   /// Returns the point of the network next to a position, and the arc that it is on.
   static std::optional<Snap> snap(const GuideData& data, const Position& position,
@@ -42,14 +46,15 @@ class StopResolver {
   ResolvedStop atPlace(const std::shared_ptr<Location>& location, bool isStart) const;
   ResolvedStop atNode(const std::shared_ptr<Node>& node, bool isStart) const;
   ResolvedStop atNodes(const NodeList& nodes, bool isStart) const;
-  ResolvedStop inCategory(const std::shared_ptr<Category>& category, bool isStart,
-                          const std::unordered_set<const PlaceTable::Place*>& excluded) const;
+  ResolvedStop inCategory(const std::shared_ptr<Category>& category, bool isStart) const;
   ResolvedStop atPosition(const Position& position, std::size_t index) const;
-  bool isClosed(const std::optional<std::string>& identifier) const;
+  bool isClosedForLong(const PlaceTable::Place& place) const;
   void addRooms(Ends& ends) const;
 
   const GuideData& data_;
-  const Closures& closures_;
+  std::unordered_set<const PlaceTable::Place*> closedPlaces_;
+  std::unordered_set<GuideNetwork::Index> closedNodes_;
+  std::optional<LocalTime> departure_;
 };
 
 }  // namespace orivanta::guidance

@@ -14,7 +14,7 @@ namespace orivanta::guidance {
 FootNetwork::FootNetwork(const Venue& venue, double metersPerUnit) : firstEdges_{0} {
   if (!venue.nodes || !venue.navigationGraph) return;
   for (const auto& node : *venue.nodes)
-    if (indices_.try_emplace(node.get(), static_cast<std::uint32_t>(nodes_.size())).second)
+    if (node && indices_.try_emplace(node.get(), static_cast<std::uint32_t>(nodes_.size())).second)
       nodes_.push_back(node.get());
   for (const Node* node : nodes_) {
     for (const orivanta::Edge& edge : (*venue.navigationGraph)[*node]) {

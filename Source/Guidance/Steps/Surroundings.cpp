@@ -7,6 +7,7 @@
 #include "Source/Category.hpp"
 #include "Source/Guidance/Network/ConnectorSign.hpp"
 #include "Source/Guidance/PlaceNames.hpp"
+#include "Source/Guidance/Scale.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -21,11 +22,6 @@ namespace {
 
 constexpr double soleKindMeters = 30.0;
 
-double metersPerUnitOf(const Venue& venue) {
-  const double units = venue._data["unitsPerMetre"].doubleValue();
-  return std::isnormal(units) && units > 0.0 ? 1.0 / units : 1.0;
-}
-
 bool isBlank(const std::string& text) {
   return text.find_first_not_of(" \t\r\n") == std::string::npos;
 }
@@ -33,7 +29,7 @@ bool isBlank(const std::string& text) {
 }  // namespace
 
 Surroundings::Surroundings(const Venue& venue)
-    : metersPerUnit_(metersPerUnitOf(venue)),
+    : metersPerUnit_(1.0 / unitsPerMeterOf(venue).value_or(1.0)),
       network_(venue, metersPerUnit_),
       nodes_(venue.nodes.value_or(NodeList())),
       locations_(venue.locations.value_or(std::vector<std::shared_ptr<Location>>())),
@@ -65,6 +61,7 @@ void Surroundings::addEntrances(const std::shared_ptr<Location>& place) {
 
 void Surroundings::addEntrance(const std::shared_ptr<Location>& place,
                                const std::shared_ptr<Node>& node) {
+  if (!node) return;
   auto& places = places_[node.get()];
   if (!places.empty() && places.back() == place) return;
   places.push_back(place);

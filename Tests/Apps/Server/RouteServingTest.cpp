@@ -39,6 +39,11 @@ class RouteServing : public testing::Test {
     return client.read();
   }
 
+  std::vector<std::string> reports() {
+    const std::lock_guard lock(mutex_);
+    return reports_;
+  }
+
   const test::TemporaryFolder root_;
   std::mutex mutex_;
   std::vector<std::string> reports_;
@@ -166,9 +171,9 @@ TEST_F(RouteServing, RespectsClosuresAsTheyChange) {
       EXPECT_EQ(get("closure?venue=small").body(), each.served);
       EXPECT_THAT(get(target).body(), HasSubstr(each.route)) << each.text;
     }
-    ASSERT_EQ(reports_.size(), each.reports);
+    ASSERT_EQ(reports().size(), each.reports);
   }
-  EXPECT_THAT(reports_.front(), HasSubstr("small/closure.json: not a list of closures"));
+  EXPECT_THAT(reports().front(), HasSubstr("small/closure.json: not a list of closures"));
   EXPECT_EQ(get("closure?venue=none").result_int(), 404U);
   EXPECT_EQ(get("closure").result_int(), 400U);
 }

@@ -120,20 +120,22 @@ TEST_F(ViewerFailuresTest, TellsThatAnAwaitedFloorFailsAndLoadsThatOneAgain) {
 }
 
 TEST_F(ViewerFailuresTest, WhatIsClosedIsMarkedAndAvoided) {
-  server.on("/1/closure", {Answer::json(R"([{"id": "cafe"}, 5, {}])"), Answer::json("{}", 404)});
+  const Answer closed = Answer::json(R"([{"id": "cafe"}, 5, {}])");
+  server.on("/1/closure", {closed, closed, Answer::json("{}", 404)});
   test::ViewerStage stage(server.root(), "small");
   VenueView& view = stage.untilShown();
-  const auto marks = [&] { return view.mapView().markers().size(); };
-  stage.until([&] { return marks() > 0; });
-  view.select(stage.place("cafe"));
-  EXPECT_TRUE(view.placeCard().saysClosed());
-  view.placeCard().toHere();
-  view.select(stage.place("loft"));
-  EXPECT_FALSE(view.placeCard().saysClosed());
-  view.placeCard().fromHere();
-  stage.until([&] { return view.routePanel().summary().starts_with("Cafe, or the way"); });
-  stage.until([&] { return view.routePanel().summary().starts_with("There is no route"); });
-  EXPECT_FALSE(view.isClosed(*stage.place("cafe"))) << "when it was asked again";
+  const auto cafe = stage.place("cafe");
+  stage.until([&] { return view.isClosed(*cafe); });
+  EXPECT_GT(test::countPixels(*stage.picture(), theme::warning), 20);
+  for (const auto& place : {cafe, stage.place("loft")}) {
+    view.select(place);
+    EXPECT_EQ(view.placeCard().saysClosed(), place == cafe);
+  }
+  stage.untilPlanned("loft", "cafe");
+  EXPECT_THAT(view.routePanel().summary(), HasSubstr("is closed"));
+  view.routePanel().profileChosen(1);  // asks again
+  stage.until([&] { return !view.isClosed(*cafe) && !view.isPlanning(); });
+  EXPECT_EQ(view.routePanel().summary(), "There is no route to Cafe.");
 }
 
 TEST(VenueSource, UsesTheTransportAndTheMemoryLimitOfItsSettings) {

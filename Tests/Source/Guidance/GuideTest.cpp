@@ -7,6 +7,8 @@
 #include <limits>
 #include <thread>
 
+#include "Source/Guidance/Steps/Surroundings.hpp"
+#include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Tests/Support/GuideReference.hpp"
 #include "Tests/Support/Networks.hpp"
@@ -123,6 +125,37 @@ TEST_F(GuideTest, SpeaksOnlyNamesOnSigns) {
   EXPECT_EQ(guide_->spokenName(node("n1")), "");
 }
 
+TEST_F(GuideTest, CountsTheFloorsThatARidePasses) {
+  records_.maps.replace(0, 1, R"([{"id": "m", "name": "Mezzanine", "elevation": 5},)");
+  records_.nodes.replace(0, 1, R"([{"id": "m1", "map": "m", "x": 9, "y": 9},)");
+  const std::string connectors = records_.vortices;
+  const struct {
+    const char* more;  // connectors
+    int floors;
+  } cases[] = {
+      {"", 1},
+      {R"(, {"id": "a", "name": "a", "type": "stairs", "nodes": ["n4", "m1"]})",
+       1},  // of another building
+      {R"(, {"id": "a", "name": "a", "type": "stairs", "nodes": ["n4", "m1"]},
+            {"id": "b", "name": "b", "type": "stairs", "nodes": ["m1", "u1"]})",
+       2},
+      {R"(, {"id": "a", "name": "a", "type": "elevator", "nodes": ["n4", "m1", "u1"]})", 2},
+  };
+  for (const auto& each : cases) {
+    records_.vortices = connectors;
+    records_.vortices.insert(connectors.rfind(']'), each.more);
+    reload();
+    const auto floorsFrom = [&](const char* from, const char* to) {
+      return plan({node(from), node(to)}, Profile::stepFree())
+          .itineraries.front()
+          .legs.front()
+          .floorsPassed;
+    };
+    EXPECT_EQ(floorsFrom("n3", "u1"), each.floors) << each.more;
+    EXPECT_EQ(floorsFrom("u1", "n3"), -each.floors) << each.more;
+  }
+}
+
 TEST_F(GuideTest, ReportsProblems) {
   const auto foreign = test::makeNode(0, 0);
   const auto free = Profile::stepFree();
@@ -146,6 +179,12 @@ TEST_F(GuideTest, ReportsProblems) {
       {{node("n1"), place("l2")}, {}, {"l2"}, Kind::closed, 1},
       {{node("n1"), node("u1")}, {}, {"u1"}, Kind::closed, 1},
       {{node("n1"), category("c1")}, {}, {"l1", "l2"}, Kind::closed, 1},
+      {{node("n1"), node("u2"), node("n4")}, free, {"lift"}, Kind::unreachable, 2},
+      {{node("n1"), NodeList{node("n4"), node("n2")}, node("n4")},
+       {},
+       {"u1"},
+       Kind::unreachable,
+       2},
   };
   for (const auto& each : cases) {
     const Plan plan = this->plan(each.stops, each.profile, Closures(each.closed));
@@ -164,6 +203,41 @@ TEST_F(GuideTest, LeavesAClosedStart) {
   EXPECT_FALSE(plan({place("l2"), node("n3")}, {}, Closures({"l2"})).problem);
 }
 
+// The nodes i and j of the room are connected, and j is next to the door.
+TEST_F(GuideTest, LeavesAClosedRoom) {
+  records_.nodes = R"([
+      {"id": "i", "map": "g", "x": 0, "y": 0, "paths": [{"node": "j"}]},
+      {"id": "j", "map": "g", "x": 10, "y": 0, "paths": [{"node": "i"}, {"node": "d"}]},
+      {"id": "d", "map": "g", "x": 20, "y": 0, "paths": [{"node": "j"}, {"node": "o"}]},
+      {"id": "o", "map": "g", "x": 30, "y": 0, "paths": [{"node": "d"}]}])";
+  records_.polygons = R"([{"id": "p1", "map": "g", "entrances": [{"id": "d"}]}])";
+  records_.locations = R"([{"id": "l", "name": "Shop", "type": "shop", "hours": "09:00-18:00",
+      "polygons": [{"id": "p1"}], "nodes": [{"node": "i"}, {"node": "j"}]},
+      {"id": "k", "name": "Kiosk", "type": "shop", "nodes": [{"node": "i"}]}])";
+  reload();
+  const std::vector<Stop> starts{node("i"), Position{floor("g"), 5, 0}, place("k"), place("l")};
+  for (const Stop& start : starts) {
+    Request request;
+    request.stops = {start, node("o")};
+    request.closures = Closures({"l"});
+    EXPECT_FALSE(guide_->plan(request).problem) << start.index();
+    EXPECT_GE(guide_->costs({start}, {node("o")}, {}, request.closures)[0][0], 0);
+    std::swap(request.stops[0], request.stops[1]);
+    EXPECT_EQ(guide_->plan(request).problem->kind, Kind::closed) << start.index();
+    request.closures = {};
+    EXPECT_FALSE(guide_->plan(request).problem) << start.index();
+    request.at = LocalTime{2026, 11, 20, 20, 0};
+    EXPECT_EQ(guide_->plan(request).problem->kind, Kind::closed) << start.index();
+    std::swap(request.stops[0], request.stops[1]);
+    EXPECT_FALSE(guide_->plan(request).problem) << start.index();
+  }
+  Request request;
+  request.stops = {node("o"), place("l")};
+  request.at = LocalTime{2026, 11, 20, 8, 59};
+  request.profile.walkingMetersPerSecond = 0.1;  // it opens on the way
+  EXPECT_FALSE(guide_->plan(request).problem);
+}
+
 TEST_F(GuideTest, ObeysOpeningHours) {
   Request request;
   request.stops = {node("n1"), place("l2")};
@@ -178,10 +252,37 @@ TEST_F(GuideTest, ObeysOpeningHours) {
   EXPECT_EQ(kindAt(17, 59), std::nullopt);
   request.profile.walkingMetersPerSecond = 0.05;
   EXPECT_EQ(kindAt(17, 59), Kind::closesBeforeArrival);
-  request.stops[1] = category("c1");  // the other place of the category has no hours
+  EXPECT_EQ(kindAt(8, 59), std::nullopt);  // it opens on the way
+  request.stops[1] = category("c1");
+  request.closures = Closures({"l1"});
+  EXPECT_EQ(kindAt(17, 59), Kind::closesBeforeArrival);
+  EXPECT_EQ(kindAt(8, 59), std::nullopt);
+  EXPECT_EQ(kindAt(3, 0), Kind::closed);
+  request.closures = {};
+  EXPECT_EQ(kindAt(17, 59), std::nullopt);  // the other place of the category has no hours
   request.stops[0] = node("u2");
   request.at = LocalTime{2026, 11, 20, 20, 0};
   EXPECT_EQ(guide_->plan(request).itineraries.front().visits[1].location, place("l1"));
+  request.at = LocalTime{2026, 11, 20, 17, 59};
+  request.stops[0] = node("n3");
+  EXPECT_EQ(guide_->plan(request).itineraries.front().visits[1].location, place("l1"));
+}
+
+TEST_F(GuideTest, TellsThatAPlaceClosesIfTheOthersAreOutOfReach) {
+  records_.locations.replace(records_.locations.find("n1"), 2, "n4");
+  reload();
+  Request request;
+  request.stops = {node("n1"), category("c1")};
+  request.profile.walkingMetersPerSecond = 0.01;
+  request.at = LocalTime{2026, 11, 20, 17, 59};
+  EXPECT_EQ(guide_->plan(request).problem->kind, Kind::closesBeforeArrival);
+  EXPECT_EQ(
+      guide_->nearest(node("n1"), category("c1"), request.profile, {}, request.at).problem->kind,
+      Kind::closesBeforeArrival);
+  records_.venue = R"({"id": "v", "slug": "small", "name": "Without a scale"})";
+  reload();
+  request.stops = {node("n1"), category("c1")};
+  EXPECT_FALSE(guide_->plan(request).problem);
 }
 
 TEST_F(GuideTest, FindsTheNearestPlaces) {
@@ -272,18 +373,22 @@ TEST_F(GuideTest, DescribesAGivenPath) {
 }
 
 TEST_F(GuideTest, OrdersManyStops) {
-  std::string nodes = R"({"id": "s0", "map": "g", "x": 0, "y": 0, "paths": [{"node": "s1"}]})";
-  for (int i = 1; i <= 20; ++i)
-    nodes += fmt::format(
-        R"(, {{"id": "s{}", "map": "g", "x": {}, "y": 0, "paths": [{{"node": "s{}"}}, {{"node": "s{}"}}]}})",
-        i, i, i - 1, i + 1);
-  records_.nodes = "[" + nodes + "]";
-  reload();
-  Request request;
-  request.bestOrder = true;
-  for (const int i : {0, 9, 2, 17, 4, 13, 6, 15, 8, 1, 10, 19, 12, 5, 14, 7, 16, 3, 18, 11, 20})
-    request.stops.emplace_back(node("s" + std::to_string(i)));
-  EXPECT_EQ(guide_->plan(request).itineraries.front().meters(), 10.0);
+  for (const bool oneWay : {false, true}) {
+    std::string nodes;
+    for (int i = 0; i <= 20; ++i)
+      nodes += fmt::format(
+          R"({}{{"id": "s{}", "map": "g", "x": {}, "y": 0, "paths": [{{"node": "s{}"}}, {{"node": "s{}"}}]}})",
+          i == 0 ? "" : ",", i, i, i + 1, oneWay ? i + 1 : i - 1);
+    records_.nodes = "[" + nodes + "]";
+    reload();
+    Request request;
+    request.bestOrder = true;
+    for (const int i : {0, 9, 2, 17, 4, 13, 6, 15, 8, 1, 10, 19, 12, 5, 14, 7, 16, 3, 18, 11, 20})
+      request.stops.emplace_back(node("s" + std::to_string(i)));
+    const Plan plan = guide_->plan(request);
+    ASSERT_FALSE(plan.problem) << oneWay;
+    EXPECT_EQ(plan.itineraries.front().meters(), 10.0);
+  }
 }
 
 TEST_F(GuideTest, SurvivesHostileValues) {
@@ -300,17 +405,42 @@ TEST_F(GuideTest, SurvivesHostileValues) {
     ASSERT_FALSE(plan.problem) << value;
     EXPECT_GE(plan.itineraries[0].costMilliseconds, 0);
     this->plan({Position{floor("g"), value, value}, category("c1")}, profile);
+    EXPECT_EQ(guide_->snap({floor("g"), value, value}).has_value(), std::abs(value) <= 1e9);
+    records_.venue =
+        fmt::format(R"({{"id": "v", "slug": "s", "name": "Mall", "unitsPerMetre": {}}})",
+                    std::isfinite(value) ? value * 1e-9 : 1e-9);
+    reload();
+    EXPECT_EQ(Surroundings(*venue_).metersPerUnit(), 1.0 / guide_->unitsPerMeter());
   }
+  venue_->nodes->push_back(nullptr);
+  EXPECT_NE(Guide::make(*venue_), nullptr);
   EXPECT_EQ(Guide::make(*Venue::make(*RawData::parse(records_.venue))), nullptr);
 }
 
-TEST_F(GuideTest, IsNotAffectedByTheNextLoad) {
-  const auto guide = guide_;
-  const std::vector<Stop> stops{place("l1"), place("l2")};
-  test::TwoFloorVenue{.nodes = "[]"}.load();
+TEST_F(GuideTest, IsNotAffectedByTheNextLoadAndChangesOfRecords) {
   Request request;
-  request.stops = stops;
-  EXPECT_FALSE(guide->plan(request).problem);
+  request.profile = Profile::stepFree();
+  request.stops = {place("l1"), place("l2")};
+  const auto expected = guide_->plan(request).itineraries.front();
+  reload();
+  request.stops = {place("l1"), place("l2")};
+  test::TwoFloorVenue{.nodes = "[]"}.load();
+  place("l2")->id = "n2";
+  floor("f1")->elevation = 500;
+  for (const auto& each : *venue_->vortices) each->accessible = false;
+  for (const auto& each : *venue_->nodes) {
+    each->multiplierWeight = each->constantWeight = each->z = 9;
+    each->map = nullptr;
+    each->id = "l2";
+  }
+  request.closures = Closures({"n2"});
+  EXPECT_EQ(guide_->plan(request).problem->kind, Kind::closed);
+  request.closures = {};
+  const Plan plan = guide_->plan(request);
+  ASSERT_FALSE(plan.problem);
+  EXPECT_EQ(plan.itineraries.front().costMilliseconds, expected.costMilliseconds);
+  EXPECT_EQ(plan.itineraries.front().seconds(), expected.seconds());
+  EXPECT_NE(plan.itineraries.front().legs.back().map, nullptr);
 }
 
 TEST(GuideThreads, PlanConcurrently) {
