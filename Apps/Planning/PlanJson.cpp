@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "Apps/Planning/PlanQuery.hpp"
+#include "Source/Category.hpp"
+#include "Source/Guidance/KindWords.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
@@ -16,12 +18,15 @@ using guidance::Itinerary;
 using guidance::Leg;
 using guidance::Side;
 using guidance::Step;
+using guidance::wordOf;
 
 namespace {
 
+// A node at a position between two others has an empty identifier.
 template <class Record>
 json::value idOf(const std::shared_ptr<Record>& record) {
-  return record && record->id ? json::value(*record->id) : json::value(nullptr);
+  return record && record->id && !record->id->empty() ? json::value(*record->id)
+                                                      : json::value(nullptr);
 }
 
 json::value known(bool hasScale, double value) {
@@ -30,52 +35,7 @@ json::value known(bool hasScale, double value) {
 }
 
 json::value sideJson(Side side) {
-  switch (side) {
-    case Side::left:
-      return "left";
-    case Side::right:
-      return "right";
-    case Side::ahead:
-      return "ahead";
-    case Side::behind:
-      return "behind";
-    case Side::none:
-      break;
-  }
-  return nullptr;
-}
-
-std::string_view kindWord(guidance::ConnectorKind kind) {
-  using guidance::ConnectorKind;
-  switch (kind) {
-    case ConnectorKind::lift:
-      return "lift";
-    case ConnectorKind::escalator:
-      return "escalator";
-    case ConnectorKind::stairs:
-      return "stairs";
-    case ConnectorKind::ramp:
-      return "ramp";
-    case ConnectorKind::other:
-      break;
-  }
-  return "other";
-}
-
-std::string_view kindWord(Step::Kind kind) {
-  switch (kind) {
-    case Step::Kind::depart:
-      return "depart";
-    case Step::Kind::turn:
-      return "turn";
-    case Step::Kind::ride:
-      return "ride";
-    case Step::Kind::leave:
-      return "leave";
-    case Step::Kind::arrive:
-      break;
-  }
-  return "arrive";
+  return side == Side::none ? json::value(nullptr) : json::value(wordOf(side));
 }
 
 json::value positionJson(const guidance::Landmark& landmark) {
@@ -107,7 +67,7 @@ json::object legJson(const Itinerary& itinerary, const Leg& leg) {
                          {"map", idOf(leg.map)},
                          {"connector", idOf(leg.connector)}};
   if (ride) {
-    object["connectorKind"] = json::string(kindWord(leg.connectorKind));
+    object["connectorKind"] = wordOf(leg.connectorKind);
     object["floors"] = leg.floorsPassed;
   }
   return object;
@@ -116,15 +76,18 @@ json::object legJson(const Itinerary& itinerary, const Leg& leg) {
 json::object stepJson(const Itinerary& itinerary, const Step& step, const std::string& text) {
   json::array passed;
   for (const auto& place : step.passed)
-    passed.push_back(json::object{{"location", idOf(place.place)}, {"side", sideJson(place.side)}});
+    passed.push_back(json::object{{"location", idOf(place.place)},
+                                  {"category", idOf(place.category)},
+                                  {"side", sideJson(place.side)}});
   json::object object = {
-      {"kind", json::string(kindWord(step.kind))},
+      {"kind", wordOf(step.kind)},
       {"leg", step.leg},
       {"nodes", json::array{step.first, step.last}},
       {"turnDegrees", std::round(step.turnDegrees * 10.0) / 10.0 + 0.0},
       {"secondTurnDegrees", nullptr},
       {"side", sideJson(step.side)},
       {"landmark", step.landmark ? idOf(step.landmark->place) : json::value(nullptr)},
+      {"landmarkCategory", step.landmark ? idOf(step.landmark->category) : json::value(nullptr)},
       {"landmarkPosition", step.landmark ? positionJson(*step.landmark) : json::value(nullptr)},
       {"place", idOf(step.place)},
       {"opposite", idOf(step.opposite)},
@@ -138,27 +101,6 @@ json::object stepJson(const Itinerary& itinerary, const Step& step, const std::s
 }
 
 }  // namespace
-
-std::string problemWord(guidance::Problem::Kind kind) {
-  using Kind = guidance::Problem::Kind;
-  switch (kind) {
-    case Kind::tooFewStops:
-      return "tooFewStops";
-    case Kind::unknownPlace:
-      return "unknownPlace";
-    case Kind::noNodes:
-      return "noNodes";
-    case Kind::unreachable:
-      return "unreachable";
-    case Kind::onlyWithSteps:
-      return "onlyWithSteps";
-    case Kind::closed:
-      return "closed";
-    case Kind::closesBeforeArrival:
-      break;
-  }
-  return "closesBeforeArrival";
-}
 
 json::object itineraryJson(const guidance::Guide& guide, const Itinerary& itinerary,
                            const guidance::Narrator& narrator) {
@@ -190,7 +132,7 @@ json::object planJson(const guidance::Guide& guide, const guidance::Plan& plan,
     const std::string place =
         stop < request.stops.size() ? guide.spokenName(request.stops[stop]) : std::string();
     return {{"language", narrator.language()},
-            {"problem", json::object{{"kind", problemWord(plan.problem->kind)},
+            {"problem", json::object{{"kind", wordOf(plan.problem->kind)},
                                      {"stop", stop},
                                      {"text", narrator.text(*plan.problem, place)}}}};
   }

@@ -23,10 +23,13 @@ namespace orivanta::planning {
 /// - `legs`: `kind` ("walk" or "ride"), `nodes`, `meters`, `seconds`, `map`, `connector`,
 ///   `connectorKind`, `floors` (up; negative if down)
 /// - `steps`: `kind`, `leg`, `nodes` (first and last index into the leg's nodes), `turnDegrees`
-///   (left is positive), `secondTurnDegrees`, `side`, `landmark`, `landmarkPosition`, `place`,
-///   `opposite`, `passed`, `meters` (to the next step), `seconds`, `text`
+///   (left is positive), `secondTurnDegrees`, `side`, `landmark`, `landmarkCategory`,
+///   `landmarkPosition`, `place`, `opposite`, `passed` (`location`, `category`, `side`), `meters`
+///   (to the next step), `seconds`, `text`
 ///
-/// Places and connectors are identifiers. Members without a value are null.
+/// Places, nodes and connectors are identifiers. A place with a category is named by that: its own
+/// name is not usable. Members without a value are null, and so are nodes at positions between
+/// nodes.
 boost::json::object itineraryJson(const guidance::Guide& guide,
                                   const guidance::Itinerary& itinerary,
                                   const guidance::Narrator& narrator);
@@ -36,8 +39,5 @@ boost::json::object itineraryJson(const guidance::Guide& guide,
 /// `stop` and `text`.
 boost::json::object planJson(const guidance::Guide& guide, const guidance::Plan& plan,
                              const guidance::Request& request, const guidance::Narrator& narrator);
-
-/// Returns the word for a problem in JSON, such as "onlyWithSteps".
-std::string problemWord(guidance::Problem::Kind kind);
 
 }  // namespace orivanta::planning

@@ -10,8 +10,8 @@
 
 namespace orivanta {
 
-/// The caller must queue each node at most once. If no queued node is put again, the order is that
-/// of PriorityQueue.
+/// A node that is put several times is taken as many times. If no queued node is put again, the
+/// order is that of PriorityQueue.
 ///
 /// A heap with four children per node. `take` leaves the root vacant, and the next `put` fills it.
 /// In a search that is usually a neighbor of the taken node, which rarely sinks far.

@@ -37,7 +37,8 @@ struct Audit {
 };
 
 /// Returns whether a location is an entrance or an exit of the venue: its type, or the identifier
-/// of one of its categories without "cat-", is "entrance" or "exit".
+/// of one of its categories, is "entrance", "entrances", "exit" or "exits", or "cat-" and one of
+/// these words.
 ORIVANTA_API bool isEntrance(const Location& location);
 
 /// Audits a loaded venue. Only places with nodes count. `guide` must be made of the venue. If it is

@@ -2,35 +2,12 @@
 
 #include <utility>
 
+#include "Source/Guidance/KindWords.hpp"
 #include "Source/Guidance/Words/LanguageTags.hpp"
 #include "Source/Guidance/Words/Messages.hpp"
 #include "Source/Guidance/Words/StepWriter.hpp"
 
 namespace orivanta::guidance {
-
-namespace {
-
-const char* keyOf(Problem::Kind kind) {
-  switch (kind) {
-    case Problem::Kind::tooFewStops:
-      return "problem.tooFewStops";
-    case Problem::Kind::unknownPlace:
-      return "problem.unknownPlace";
-    case Problem::Kind::noNodes:
-      return "problem.noNodes";
-    case Problem::Kind::unreachable:
-      break;
-    case Problem::Kind::onlyWithSteps:
-      return "problem.onlyWithSteps";
-    case Problem::Kind::closed:
-      return "problem.closed";
-    case Problem::Kind::closesBeforeArrival:
-      return "problem.closesBeforeArrival";
-  }
-  return "problem.unreachable";
-}
-
-}  // namespace
 
 std::vector<std::string> Narrator::languages() { return Messages::libraryLanguages(); }
 
@@ -83,7 +60,7 @@ std::string Narrator::summary(const Itinerary& itinerary) const {
 
 std::string Narrator::text(const Problem& problem, std::string_view place) const {
   const std::string name = messages_->name(place);
-  const std::string key = keyOf(problem.kind);
+  const std::string key = "problem." + wordOf(problem.kind);
   if (name.empty() || problem.kind == Problem::Kind::tooFewStops) return messages_->format(key);
   return messages_->format(key + ".place", {{"place", name}});
 }

@@ -12,14 +12,13 @@ namespace {
 
 using Position = Direction::Turn::ReferencePosition;
 
-constexpr double nearTurn = 9.0;         // meters
-constexpr double farthestOnFoot = 12.0;  // meters
-constexpr double nearWalk = 6.0;         // meters
-constexpr double onTheLine = 0.7;        // meters; an entrance there is on no side
-constexpr double atTheTurn = 2.0;        // meters
-constexpr double aheadDegrees = 25.0;    // an entrance within this angle is ahead
-constexpr double sideDegrees = 60.0;     // one up to this angle is behind the turn, on its side
-constexpr double pastDegrees = 115.0;    // one from this angle on is before the turn
+constexpr double nearTurn = 9.0;       // meters
+constexpr double nearWalk = 6.0;       // meters
+constexpr double onTheLine = 0.7;      // meters; an entrance there is on no side
+constexpr double atTheTurn = 2.0;      // meters
+constexpr double aheadDegrees = 25.0;  // an entrance within this angle is ahead
+constexpr double sideDegrees = 60.0;   // one up to this angle is behind the turn, on its side
+constexpr double pastDegrees = 115.0;  // one from this angle on is before the turn
 
 // Where the turn is, seen from an entrance near it; nothing if that cannot be told clearly.
 std::optional<Position> positionOf(const NearbyPlace& place, const Turn& turn,
@@ -44,7 +43,7 @@ class TurnChoice {
 
   void consider(const NearbyPlace& place) {
     const double way = place.onFoot + std::abs(place.along - line_.along(turn_.first));
-    if (length(place.entrance - corner_) > nearTurn || way > farthestOnFoot) return;
+    if (length(place.entrance - corner_) > nearTurn || way > NearbyPlaces::farthestOnFoot) return;
     const auto position = positionOf(place, turn_, line_);
     const auto [entry, isNew] = candidates_.try_emplace(place.place.get());
     auto& candidate = entry->second;

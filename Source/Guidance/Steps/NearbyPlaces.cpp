@@ -10,8 +10,6 @@ namespace orivanta::guidance {
 
 namespace {
 
-constexpr double farthestOnFoot = 12.0;  // meters
-
 // Finds the point of the line next to an entrance, on the segments that meet at an index.
 void project(NearbyPlace& place, const WalkLine& line, std::size_t index) {
   double nearest = length(place.entrance - line.point(index));
@@ -20,13 +18,11 @@ void project(NearbyPlace& place, const WalkLine& line, std::size_t index) {
     if (end == 0 || end >= line.size()) continue;
     const PlanePoint begin = line.point(end - 1);
     const PlanePoint segment = line.point(end) - begin;
-    const double whole = length(segment);
-    if (!(whole > 0.0)) continue;
     const double distance = distanceToSegment(place.entrance, begin, line.point(end));
     if (distance > nearest) continue;
     nearest = distance;
-    const double share = dot(place.entrance - begin, segment) / (whole * whole);
-    place.along = line.along(end - 1) + std::clamp(share, 0.0, 1.0) * whole;
+    place.along = line.along(end - 1) +
+                  shareOnSegment(place.entrance, begin, line.point(end)) * length(segment);
   }
   const PlanePoint heading = line.at(place.along + 3.0) - line.at(place.along - 3.0);
   place.beside = cross(heading, place.entrance - line.at(place.along)) < 0.0 ? -nearest : nearest;

@@ -27,6 +27,9 @@ struct NearbyPlace {
 /// only one of their category near. Rooms that the walk enters are not listed.
 class NearbyPlaces {
  public:
+  /// The longest walk from the line to an entrance, in meters.
+  static constexpr double farthestOnFoot = 12.0;
+
   NearbyPlaces(const WalkLine& line, const Surroundings& surroundings);
 
   /// Returns the entrances whose position on the line is in this range, by position.

@@ -33,12 +33,17 @@ inline double degreesBetween(PlanePoint from, PlanePoint to) {
   return std::atan2(cross(from, to), dot(from, to)) * degreesPerRadian;
 }
 
+/// Returns where the point of a line segment next to a point is, from 0 (`begin`) to 1 (`end`).
+inline double shareOnSegment(PlanePoint point, PlanePoint begin, PlanePoint end) {
+  const PlanePoint segment = end - begin;
+  const double square = dot(segment, segment);
+  return square > 0.0 ? std::clamp(dot(point - begin, segment) / square, 0.0, 1.0) : 0.0;
+}
+
 /// Returns the distance of a point from a line segment.
 inline double distanceToSegment(PlanePoint point, PlanePoint begin, PlanePoint end) {
   const PlanePoint segment = end - begin;
-  const double square = dot(segment, segment);
-  if (!(square > 0.0)) return length(point - begin);
-  const double share = std::clamp(dot(point - begin, segment) / square, 0.0, 1.0);
+  const double share = shareOnSegment(point, begin, end);
   return length(point - PlanePoint{begin.x + share * segment.x, begin.y + share * segment.y});
 }
 

@@ -11,8 +11,8 @@ namespace orivanta::guidance {
 
 /// Returns the instructions of an itinerary in order: departing and arriving at each stop, turns
 /// and rides. `surroundings` must be those of the venue of the itinerary. The sums of
-/// `metersToNext` and `secondsToNext` are those of the itinerary. Empty if the itinerary is not usable. An
-/// itinerary without visits begins and ends at unnamed stops. Thread-safe.
+/// `metersToNext` and `secondsToNext` are those of the itinerary. Empty if the itinerary is not
+/// usable. An itinerary without visits begins and ends at unnamed stops. Thread-safe.
 std::vector<Step> stepsOf(const Itinerary& itinerary, const Surroundings& surroundings);
 
 }  // namespace orivanta::guidance

@@ -88,7 +88,7 @@ std::span<const std::shared_ptr<Location>> Surroundings::placesAt(const Node& no
   return found->second;
 }
 
-bool Surroundings::isEntrance(const Node& node, const Location& place) const {
+bool Surroundings::isEntranceOf(const Node& node, const Location& place) const {
   const auto places = placesAt(node);
   return std::any_of(places.begin(), places.end(),
                      [&](const auto& other) { return other.get() == &place; });

@@ -32,7 +32,7 @@ class Surroundings {
   std::span<const std::shared_ptr<Location>> placesAt(const Node& node) const;
 
   /// Returns whether a node is an entrance of a place.
-  bool isEntrance(const Node& node, const Location& place) const;
+  bool isEntranceOf(const Node& node, const Location& place) const;
 
   /// Returns whether a place can be told by its name: the name is not empty, not generated, and no
   /// other place has it.

@@ -9,7 +9,7 @@ WalkEnds::WalkEnds(const WalkLine& line, const Section& section, const Surroundi
     : destination(line.size() - 1) {
   const auto isEntrance = [&](std::size_t index, const Visit* visit) {
     return visit != nullptr && visit->location &&
-           surroundings.isEntrance(*line.node(index), *visit->location);
+           surroundings.isEntranceOf(*line.node(index), *visit->location);
   };
   const std::size_t end = line.size();
   while (entrance < end && !isEntrance(entrance, section.departure)) ++entrance;

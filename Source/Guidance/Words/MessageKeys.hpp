@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "Source/Guidance/Profile.hpp"
 #include "Source/Guidance/Step.hpp"
 
 namespace orivanta::guidance {
@@ -12,11 +11,8 @@ namespace orivanta::guidance {
 /// converter invented (`nameGenerated`).
 std::string spokenName(const Location* place);
 
-/// Returns the part of a message's key for the kind of a connector.
-std::string keyOf(ConnectorKind kind);
-
 /// Returns the part of a message's key for a side: empty if the side is not known, or else a dot
 /// and the name of the side.
-std::string keyOf(Side side);
+std::string sideKey(Side side);
 
 }  // namespace orivanta::guidance

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/KindWords.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 #include "Source/Guidance/Words/MessageKeys.hpp"
 #include "Source/Map.hpp"
@@ -13,18 +14,6 @@
 namespace orivanta::guidance {
 
 namespace {
-
-// Returns the number of legs before the end of a ride.
-std::size_t endOfRide(const Itinerary& itinerary, const std::vector<Step>& steps,
-                      std::size_t index) {
-  std::size_t end = itinerary.legs.size();
-  if (index + 1 < steps.size()) {
-    const Step& next = steps[index + 1];
-    const bool belongsToRide = next.kind != Step::Kind::ride;
-    end = std::min(end, next.leg + (belongsToRide ? 1 : 0));
-  }
-  return std::max(end, steps[index].leg + 1);
-}
 
 // Whether words already end in a name, as "the stairs" in "Stairs" or "Level 2" in "2".
 bool endsInName(const std::string& words, const std::string& name) {
@@ -42,14 +31,13 @@ ConnectorKind kindLeft(const Itinerary& itinerary, const Step& step) {
   return ConnectorKind::other;
 }
 
-RideWriter::RideWriter(const Messages& messages, const Itinerary& itinerary,
-                       const std::vector<Step>& steps, std::size_t index)
-    : messages_(messages), step_(steps[index]) {
+RideWriter::RideWriter(const Messages& messages, const Itinerary& itinerary, const Step& step)
+    : messages_(messages), step_(step) {
   if (step_.leg >= itinerary.legs.size()) return;
   first_ = &itinerary.legs[step_.leg];
   const Leg* last = first_;
-  const std::size_t end = endOfRide(itinerary, steps, index);
-  for (std::size_t i = step_.leg; i < end; ++i) {
+  const std::size_t end = std::max(step_.leg, step_.lastLeg) + 1;
+  for (std::size_t i = step_.leg; i < std::min(end, itinerary.legs.size()); ++i) {
     if (itinerary.legs[i].kind != Leg::Kind::ride) continue;
     last = &itinerary.legs[i];
     floors_ += last->floorsPassed;
@@ -70,8 +58,8 @@ std::string RideWriter::text() const {
 
 std::string RideWriter::connector() const {
   const std::string key =
-      "connector." + keyOf(first_ == nullptr ? ConnectorKind::other : first_->connectorKind);
-  const std::string words = messages_.format(key + keyOf(step_.side));
+      "connector." + wordOf(first_ == nullptr ? ConnectorKind::other : first_->connectorKind);
+  const std::string words = messages_.format(key + sideKey(step_.side));
   const std::string name = first_ == nullptr ? std::string() : first_->sign;
   const std::string sign = messages_.name(name);
   if (sign.empty() || endsInName(messages_.format(key), name)) return words;

@@ -20,9 +20,7 @@ ConnectorKind kindLeft(const Itinerary& itinerary, const Step& step);
 /// together. Used once; refers to its arguments.
 class RideWriter {
  public:
-  /// The ride consists of the legs from that of `steps[index]` to the next step.
-  RideWriter(const Messages& messages, const Itinerary& itinerary, const std::vector<Step>& steps,
-             std::size_t index);
+  RideWriter(const Messages& messages, const Itinerary& itinerary, const Step& step);
 
   /// Returns the text.
   std::string text() const;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Source/Guidance/KindWords.hpp"
 #include "Source/Guidance/Words/MessageKeys.hpp"
 #include "Source/Guidance/Words/RideWriter.hpp"
 
@@ -45,7 +46,7 @@ std::string sidesKey(const std::vector<std::pair<std::string, Side>>& passed) {
   std::string key;
   for (const auto& [name, side] : passed) {
     if (side != Side::left && side != Side::right) return passed.size() == 1 ? ".one" : ".two";
-    key += keyOf(side);
+    key += sideKey(side);
   }
   return key;
 }
@@ -59,7 +60,7 @@ std::string StepWriter::text() const {
     case Step::Kind::turn:
       return messages_.sentences(turn(), walk());
     case Step::Kind::ride:
-      return RideWriter(messages_, itinerary_, steps_, index_).text();
+      return RideWriter(messages_, itinerary_, step_).text();
     case Step::Kind::leave:
       return messages_.sentences(leave(), walk());
     case Step::Kind::arrive:
@@ -93,7 +94,7 @@ std::string StepWriter::turn() const {
 }
 
 std::string StepWriter::leave() const {
-  const std::string key = "leave." + keyOf(kindLeft(itinerary_, step_));
+  const std::string key = "leave." + wordOf(kindLeft(itinerary_, step_));
   const std::string within = turnWithin();
   const std::string begin = sideWithin(within);
   const std::string text =
@@ -111,7 +112,7 @@ std::string StepWriter::arrive() const {
   const bool mayBeOpposite = step_.side != Side::ahead && step_.side != Side::behind;
   std::string key = isStop ? "arrive.stop" : "arrive.destination";
   if (!place.empty()) key += ".place";
-  key += keyOf(step_.side);
+  key += sideKey(step_.side);
   if (!opposite.empty() && mayBeOpposite) key += ".opposite";
   return messages_.format(key, {{"place", place}, {"opposite", opposite}});
 }
@@ -146,9 +147,9 @@ std::string StepWriter::turnWithin() const {
 std::string StepWriter::sideWithin(const std::string& turn) const {
   if (step_.side == Side::none || step_.side == Side::ahead) return turn;
   if (!turn.empty())
-    return messages_.format("turn.within.then" + keyOf(step_.side), {{"turn", turn}});
+    return messages_.format("turn.within.then" + sideKey(step_.side), {{"turn", turn}});
   if (step_.side == Side::behind) return messages_.format("turn.within.around");
-  return messages_.format("turn.within.turn" + keyOf(step_.side));
+  return messages_.format("turn.within.turn" + sideKey(step_.side));
 }
 
 std::string StepWriter::placeName(const std::shared_ptr<Location>& place,

@@ -50,13 +50,14 @@ TEST_F(GuideCommand, AnswersQueries) {
   const std::string lift = R"("connector":"lift","connectorKind":"lift","floors":1)";
   const Case cases[] = {
       {{"--to", "l2", "--guide"}, 0, {"  1. ", "Bakery", "stairs", "Book Shop"}},
-      {{"--to", "l2", "--profile", "step-free"}, 0, {"lift"}},
-      {{"--to", "l2", "--guide", "--accessible"}, 0, {"lift"}},
+      {{"--to", "l2", "--profile", "step-free"}, 0, {"elevator"}},
+      {{"--to", "l2", "--guide", "--accessible"}, 0, {"elevator"}},
       {{"--to", "l2", "--language", "de"}, 0, {"Treppe"}},
       {{"--to", "l2", "--closed", "stairs", "--json"},
        0,
        {lift, R"("path":["n1","n2","n3","u1","u2"])", R"("language":"en")",
-        R"("meters":1.5,"seconds":1.25)"}},
+        R"("meters":1.5,"seconds":1.25)", R"("landmark":null,"landmarkCategory":null,)"}},
+      {{"--to", "@F1,5,9", "--guide", "--json"}, 0, {R"(null],"visits")"}},
       {{"--to", "l2", "--closed", "stairs", "--closed", "lift"}, 1, {}, "Book Shop"},
       {{"--to", "l2", "--closed", "l2", "--json"},
        1,

@@ -371,9 +371,10 @@ TEST_F(NarratorTest, JoinsRidesAndOmitsUnknownLengths) {
   auto steps = routeUpstairs();
   itinerary_.legs.insert(itinerary_.legs.begin() + 1, itinerary_.legs[1]);
   for (auto& step : steps) step.leg += step.leg > 1 ? 1 : 0;
-  for (const std::size_t legOfLeaving : {3, 2}) {  // it may belong to the walk or to the ride
-    steps[3].leg = legOfLeaving;
-    EXPECT_THAT(Narrator().text(itinerary_, steps, 2), HasSubstr("up 2 floors to"));
+  for (const auto& [lastLeg, floors] :
+       {std::pair(0, "one floor"), {2, "2 floors"}, {99, "2 floors"}}) {
+    steps[2].lastLeg = static_cast<std::size_t>(lastLeg);
+    EXPECT_THAT(Narrator().text(itinerary_, steps, 2), HasSubstr(floors));
   }
   itinerary_.hasScale = false;
   EXPECT_EQ(Narrator().text(itinerary_, steps, 0),
