@@ -26,7 +26,9 @@ Icon bearLeft() {
   return {{{{15, 21}, {15, 14.5}, {6.2, 5.2}}, {{6.2, 12.8}, {6.2, 5.2}, {13.8, 5.2}}}};
 }
 
-Icon sharpLeft() { return {{{{17, 21}, {17, 4.5}, {5.5, 14.5}}, {{6.1, 9}, {5.5, 14.5}, {11, 14.6}}}}; }
+Icon sharpLeft() {
+  return {{{{17, 21}, {17, 4.5}, {5.5, 14.5}}, {{6.1, 9}, {5.5, 14.5}, {11, 14.6}}}};
+}
 
 Icon around() {
   return {{{{17, 21}, {17, 9}, {15.6, 5.5}, {12, 4}, {8.4, 5.5}, {7, 9}, {7, 17}},
@@ -79,7 +81,23 @@ Icon mirrored(Icon icon) {
   return icon;
 }
 
+// A walk that does not begin straight on has a side; a turn comes after that.
+Icon beginning(guidance::Side way) {
+  switch (way) {
+    case guidance::Side::left:
+      return turnLeft();
+    case guidance::Side::right:
+      return mirrored(turnLeft());
+    case guidance::Side::behind:
+      return around();
+    default:
+      return straight();
+  }
+}
+
 Icon turnIcon(const Step& step) {
+  if (step.kind == Step::Kind::leave && step.side != guidance::Side::none)
+    return beginning(step.side);
   if (step.turnDegrees == 0) return straight();
   Icon icon = turnLeft();
   const bool isSingle = !step.secondTurnDegrees;
