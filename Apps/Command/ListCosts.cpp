@@ -71,6 +71,7 @@ ExitCode listCosts(const CostsOptions& options) try {
       Session(options.connection)
           .loadVenue(options.slug, false, {"location", "map", "node", "vortex", "polygon"});
   std::vector<guidance::Stop> stops;
+  stops.reserve(places.size());
   for (const std::string& place : places) stops.push_back(planning::stopNamed(*venue, place));
   const Costs costs =
       guideFor(*venue)->costs(stops, stops, profile, guidance::Closures(query.closed));
