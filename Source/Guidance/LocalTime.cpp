@@ -11,7 +11,7 @@ namespace {
 
 namespace chrono = std::chrono;
 
-constexpr long long minutesPerDay = 24 * 60;
+constexpr long long minutesPerDay = 24LL * 60;
 
 // Returns the days since 1970; fields out of range are taken as the nearest in range.
 chrono::sys_days daysOf(const LocalTime& time) {

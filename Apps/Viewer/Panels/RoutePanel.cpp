@@ -44,6 +44,7 @@ RoutePanel::RoutePanel()
            swap_, close_, profiles_, routes_, summary_, arrival_, offer_, steps_})
     addSubview(part);
   std::vector<std::string> titles;
+  titles.reserve(std::size(profileChoices));
   for (const ProfileChoice& choice : profileChoices) titles.emplace_back(choice.title);
   profiles_->setTitles(titles);
   swap_->action = forward(swapped);

@@ -22,7 +22,9 @@ std::vector<std::vector<std::int64_t>> costMatrix(const GuideData& data,
                                                   const foundation::CancellationToken& token) {
   const StopResolver resolver(data, closures);
   std::vector<ResolvedStop> starts;
+  starts.reserve(from.size());
   std::vector<ResolvedStop> goals;
+  goals.reserve(to.size());
   Columns columns;  // per vertex
   for (const Stop& stop : from) starts.push_back(resolver.resolve(stop, starts.size(), true));
   for (const Stop& stop : to) {

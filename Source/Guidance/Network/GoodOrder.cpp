@@ -18,7 +18,7 @@ struct OrderCost {
   std::size_t gaps = 0;
   std::int64_t cost = 0;
 
-  friend auto operator<=>(const OrderCost&, const OrderCost&) = default;
+  friend auto operator<=>(const OrderCost&, const OrderCost&) = default;  // NOLINT: no pointer
 };
 
 // Finds a good order by the least costs between any nodes of two stops.

@@ -59,7 +59,7 @@ std::string RideWriter::text() const {
 std::string RideWriter::connector() const {
   const std::string key =
       "connector." + wordOf(first_ == nullptr ? ConnectorKind::other : first_->connectorKind);
-  const std::string words = messages_.format(key + sideKey(step_.side));
+  std::string words = messages_.format(key + sideKey(step_.side));
   const std::string name = first_ == nullptr ? std::string() : first_->sign;
   const std::string sign = messages_.name(name);
   if (sign.empty() || endsInName(messages_.format(key), name)) return words;
@@ -68,8 +68,8 @@ std::string RideWriter::connector() const {
 
 std::string RideWriter::floor() const {
   const std::string label = floorLabel(*destination_);
-  const std::string sign = messages_.name(label);
-  const std::string name = messages_.name(floorName(*destination_));
+  std::string sign = messages_.name(label);
+  std::string name = messages_.name(floorName(*destination_));
   if (name.empty()) return sign;
   if (sign.empty() || endsInName(floorName(*destination_), label)) return name;
   return messages_.format("floor", {{"short", sign}, {"name", name}});
