@@ -31,7 +31,7 @@ struct ORIVANTA_API LocalTime {
   /// 0001-01-01T00:00 and at most 9999-12-31T23:59.
   LocalTime plusMinutes(long long minutes) const;
 
-  friend auto operator<=>(const LocalTime&, const LocalTime&) = default;
+  friend auto operator<=>(const LocalTime&, const LocalTime&) = default;  // NOLINT: no pointer
 };
 
 }  // namespace orivanta::guidance
