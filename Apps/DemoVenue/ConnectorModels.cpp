@@ -87,17 +87,17 @@ void addStop(Model& model, const Floor& floor, const Connector& connector, const
   const std::string name = polygonId(floor.id, connector.id);
   const auto toward = [](Point from, Point to) { return (to - from) * (1.0 / distance(from, to)); };
   switch (connector.kind) {
-    case ConnectorKind::Elevator:
+    case ConnectorKind::elevator:
       addLift(model, name, stop);
       return;
-    case ConnectorKind::Stairs:
+    case ConnectorKind::stairs:
       model.use({name, palette::stone});
       addSteps(model, stop.outline, toward(stop.way.front(), stop.node), 9);
       return;
-    case ConnectorKind::Escalator:
-    case ConnectorKind::Ramp: {
+    case ConnectorKind::escalator:
+    case ConnectorKind::ramp: {
       const Point along = toward(connector.stops.front().node, connector.stops.back().node);
-      const bool escalator = connector.kind == ConnectorKind::Escalator;
+      const bool escalator = connector.kind == ConnectorKind::escalator;
       model.use({name, {1.0, 1.0, 1.0}, escalator ? "steps.png" : "deck.png"});
       addIncline(model, stop.outline, along, escalator ? flightTop : 3.0);
       return;

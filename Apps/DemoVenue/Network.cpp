@@ -32,11 +32,11 @@ class FloorNetwork {
   }
 
   // `flow` is relative to `to`: `On` leads to it, and `Off` comes from it.
-  void join(std::size_t from, std::size_t to, Flow flow = Flow::Both) {
+  void join(std::size_t from, std::size_t to, Flow flow = Flow::both) {
     NetworkNode& first = network_.nodes[from];
     NetworkNode& second = network_.nodes[to];
-    if (flow != Flow::Off) first.paths.push_back(second.id);
-    if (flow != Flow::On) second.paths.push_back(first.id);
+    if (flow != Flow::off) first.paths.push_back(second.id);
+    if (flow != Flow::on) second.paths.push_back(first.id);
   }
 
   void addPlace(const Place& place) {
@@ -53,7 +53,7 @@ class FloorNetwork {
       const std::string number = i == 0 ? "" : "-" + std::to_string(i + 1);
       const std::size_t door = add(prefix + "door-" + name + number, place.shape.doors[i]);
       join(door, inside);
-      attached_.emplace_back(lines_.attach(place.shape.doors[i]), std::pair{door, Flow::Both});
+      attached_.emplace_back(lines_.attach(place.shape.doors[i]), std::pair{door, Flow::both});
       nodes.doors.push_back(network_.nodes[door].id);
     }
     network_.places[{floor_.id, place.id}] = std::move(nodes);

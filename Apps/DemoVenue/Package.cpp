@@ -197,13 +197,13 @@ json::array locationRecords(const Plan& plan, const Network& network) {
 
 std::pair<std::string_view, std::string_view> typeAndCategory(ConnectorKind kind) {
   switch (kind) {
-    case ConnectorKind::Elevator:
+    case ConnectorKind::elevator:
       return {"elevator", "cat-lifts"};
-    case ConnectorKind::Escalator:
+    case ConnectorKind::escalator:
       return {"escalator", "cat-escalators"};
-    case ConnectorKind::Stairs:
+    case ConnectorKind::stairs:
       return {"stairs", "cat-stairs"};
-    case ConnectorKind::Ramp:
+    case ConnectorKind::ramp:
       return {"ramp", "cat-ramps"};
   }
   return {};
@@ -216,7 +216,7 @@ json::array vortexRecords(const Plan& plan, const Network& network) {
     const auto [type, category] = typeAndCategory(connector.kind);
     record["type"] = text(type);
     // No sign in the building shows the name of an escalator, so instructions must not use it.
-    if (connector.kind == ConnectorKind::Escalator) record["nameGenerated"] = true;
+    if (connector.kind == ConnectorKind::escalator) record["nameGenerated"] = true;
     record["accessible"] = connector.accessible;
     record["weight"] = connector.weight;
     record["categories"] = json::array{text(category)};

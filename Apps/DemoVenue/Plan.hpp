@@ -67,17 +67,17 @@ struct Floor {
   std::vector<Point> trees = {};   ///< in tubs with a radius of one meter
 };
 
-enum class ConnectorKind { Elevator, Escalator, Stairs, Ramp };
+enum class ConnectorKind { elevator, escalator, stairs, ramp };
 
 /// Whether people get on, off or both at a stop.
-enum class Flow { Both, On, Off };
+enum class Flow { both, on, off };
 
 struct Stop {
   std::string_view floor;
   Point node;              ///< where people step on or off
   std::vector<Point> way;  ///< points on the way to the walking lines, such as a door
   Outline outline;         ///< the visible part of the connector on this floor
-  Flow flow = Flow::Both;
+  Flow flow = Flow::both;
 };
 
 /// An elevator, a flight of stairs or the like, with its stops from bottom to top.

@@ -97,8 +97,8 @@ Shape island(double from, double to, Front side) {
   Shape shape = {joined(front(islandDepth, from, to), front(galleryDepth, to, from)),
                  {},
                  at((islandDepth + galleryDepth) / 2.0, middle)};
-  if (side != Front::Gallery) shape.doors.push_back(at(islandDepth, middle));
-  if (side != Front::Corridor) shape.doors.push_back(at(galleryDepth, middle));
+  if (side != Front::gallery) shape.doors.push_back(at(islandDepth, middle));
+  if (side != Front::corridor) shape.doors.push_back(at(galleryDepth, middle));
   return shape;
 }
 

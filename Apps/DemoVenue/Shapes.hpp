@@ -44,10 +44,10 @@ struct Shape {
 
 /// A shop between the facade and the ring corridor, with a door in the middle of its front.
 Shape outer(double from, double to);
-enum class Front { Corridor, Gallery, Both };
+enum class Front { corridor, gallery, both };
 
 /// A shop on an island, between the ring corridor and the gallery.
-Shape island(double from, double to, Front front = Front::Corridor);
+Shape island(double from, double to, Front front = Front::corridor);
 
 /// A freestanding round kiosk; its counter faces the bearing.
 Shape kiosk(Point middle, double radius, double bearing);

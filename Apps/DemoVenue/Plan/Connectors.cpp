@@ -7,7 +7,7 @@ namespace {
 
 // An elevator on every floor, with doors that face the center of the building.
 Connector elevator(std::string_view id, const Names& names, double side) {
-  Connector connector = {id, ConnectorKind::Elevator, names, true, 2.0, {}};
+  Connector connector = {id, ConnectorKind::elevator, names, true, 2.0, {}};
   const Outline shaft =
       side > 0.0 ? rectangle(-3.0, 28.0, 3.0, 32.5) : rectangle(-3.0, -32.5, 3.0, -28.0);
   for (const std::string_view floor : {"b1", "g", "l1", "l2", "roof"})
@@ -30,18 +30,18 @@ Connector escalator(std::string_view id, const Names& names, double side, double
       lane > 0.0 ? rectangle(left, inner, right, outer) : rectangle(left, outer, right, inner);
   const double y = lane * 1.45;
   return {id,
-          ConnectorKind::Escalator,
+          ConnectorKind::escalator,
           names,
           false,
           1.5,
-          {{lower, {side * 51.3, y}, {}, outline, up ? Flow::On : Flow::Off},
-           {upper, {side * 64.2, y}, {}, {}, up ? Flow::Off : Flow::On}}};
+          {{lower, {side * 51.3, y}, {}, outline, up ? Flow::on : Flow::off},
+           {upper, {side * 64.2, y}, {}, {}, up ? Flow::off : Flow::on}}};
 }
 
 // A stairwell between the outer shops, behind a fire door.
 Connector stairs(std::string_view id, const Names& names, double bearing,
                  const std::vector<std::string_view>& floors) {
-  Connector connector = {id, ConnectorKind::Stairs, names, false, 1.1, {}};
+  Connector connector = {id, ConnectorKind::stairs, names, false, 1.1, {}};
   const Shape well = outer(bearing - 2.5, bearing + 2.5);
   for (const std::string_view floor : floors)
     connector.stops.push_back({floor, at(13.0, bearing), well.doors, well.outline});
@@ -57,14 +57,14 @@ std::vector<Connector> makeConnectors() {
       elevator("lift-south", {"South elevators", "南エレベーター", "مصاعد الجنوب", "Aufzüge Süd"},
                -1.0),
       {"lift-station",
-       ConnectorKind::Elevator,
+       ConnectorKind::elevator,
        {"Station elevator", "駅エレベーター", "مصعد المحطة", "Stationsaufzug"},
        true,
        2.0,
        {{"b1", {-6.5, -80.0}, {}, rectangle(-12.0, -82.0, -8.0, -78.0)},
         {"g", {-6.5, -80.0}, {}, rectangle(-12.0, -82.0, -8.0, -78.0)}}},
       {"ramp-station",
-       ConnectorKind::Ramp,
+       ConnectorKind::ramp,
        {"Station ramp", "駅スロープ", "منحدر المحطة", "Stationsrampe"},
        true,
        2.5,

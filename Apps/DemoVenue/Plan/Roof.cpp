@@ -34,7 +34,7 @@ Floor makeRoof() {
        "culture",
        {"The Small Observatory", "小さな天文台", "المرصد الصغير", "Die kleine Sternwarte"},
        "Sun by day, Saturn by appointment.",
-       island(34, 58, Front::Both)},
+       island(34, 58, Front::both)},
       {"herb-garden",
        "gardens",
        {"Herb garden", "ハーブ園", "حديقة الأعشاب", "Kräutergarten"},
