@@ -21,6 +21,7 @@
 #include "Source/Guidance/Network/GuideData.hpp"
 #include "Source/Guidance/Network/NetworkSearch.hpp"
 #include "Source/Location.hpp"
+#include "Source/Node.hpp"
 #include "Source/RouteSearch.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
