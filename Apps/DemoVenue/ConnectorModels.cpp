@@ -4,10 +4,13 @@
 
 #include "Apps/DemoVenue/Models.hpp"
 #include "Apps/DemoVenue/Package.hpp"
+#include "Apps/DemoVenue/Palette.hpp"
 
 namespace orivanta::demo {
 
 namespace {
+
+using package::Model;
 
 constexpr double flightTop = 4.4;
 
@@ -115,7 +118,7 @@ bool covered(const Plan& plan, const Floor& floor, Point point) {
 
 }  // namespace
 
-void addConnectors(Model& model, const Plan& plan, const Floor& floor) {
+void addConnectors(package::Model& model, const Plan& plan, const Floor& floor) {
   for (const Connector& connector : plan.connectors)
     for (const Stop& stop : connector.stops) {
       if (stop.floor != floor.id) continue;

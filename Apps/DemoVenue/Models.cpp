@@ -6,11 +6,16 @@
 
 #include "Apps/DemoVenue/ConnectorModels.hpp"
 #include "Apps/DemoVenue/Package.hpp"
-#include "Apps/DemoVenue/TextFile.hpp"
+#include "Apps/DemoVenue/Palette.hpp"
+#include "Apps/DemoVenue/Units.hpp"
+#include "Apps/Package/TextFile.hpp"
 
 namespace orivanta::demo {
 
 namespace {
+
+using package::Material;
+using package::Model;
 
 constexpr double padTop = 0.45;  // for places that people walk onto
 
@@ -141,8 +146,8 @@ void addGarnish(Model& model, const Floor& floor) {
 
 }  // namespace
 
-Model makeModel(const Plan& plan, const Floor& floor) {
-  Model model;
+package::Model makeModel(const Plan& plan, const Floor& floor) {
+  Model model(unitsPerMeter);
   addGround(model, floor);
   for (const Walkway& walkway : floor.walkways) {
     model.use({polygonId(floor.id, walkway.id), {1.0, 1.0, 1.0}, walkwayTexture(floor)});
@@ -159,8 +164,8 @@ void writeModels(const Plan& plan, const std::filesystem::path& folder) {
   for (const Floor& floor : plan.floors) {
     const Model model = makeModel(plan, floor);
     const std::string name(floor.id);
-    writeFile(folder / (name + ".obj"), model.obj(name + ".mtl"));
-    writeFile(folder / (name + ".mtl"), model.mtl());
+    package::writeFile(folder / (name + ".obj"), model.obj(name + ".mtl"));
+    package::writeFile(folder / (name + ".mtl"), model.mtl());
   }
 }
 

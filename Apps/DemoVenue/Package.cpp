@@ -3,54 +3,20 @@
 #include <fmt/format.h>
 
 #include <boost/json.hpp>
-#include <iterator>
 #include <map>
 #include <set>
 
 #include "Apps/DemoVenue/Pictures.hpp"
 #include "Apps/DemoVenue/Symbols.hpp"
-#include "Apps/DemoVenue/TextFile.hpp"
 #include "Apps/DemoVenue/Units.hpp"
+#include "Apps/Package/Records.hpp"
+#include "Apps/Package/TextFile.hpp"
 
 namespace orivanta::demo {
 
 namespace json = boost::json;
 
 namespace {
-
-// Like `json::serialize`, but writes numbers in short decimal form.
-void append(std::string& text, const json::value& value) {
-  std::string_view separator;
-  if (const auto* object = value.if_object()) {
-    text += '{';
-    for (const auto& member : *object) {
-      text += std::exchange(separator, ",");
-      text += json::serialize(json::value(member.key())) + ":";
-      append(text, member.value());
-    }
-    text += '}';
-  } else if (const auto* array = value.if_array()) {
-    text += '[';
-    for (const json::value& element : *array) {
-      text += std::exchange(separator, ",");
-      append(text, element);
-    }
-    text += ']';
-  } else if (const auto* number = value.if_double()) {
-    fmt::format_to(std::back_inserter(text), "{}", *number);
-  } else {
-    text += json::serialize(value);
-  }
-}
-
-std::string lines(const json::array& records) {
-  std::string text = "[\n";
-  for (std::size_t i = 0; i < records.size(); ++i) {
-    append(text, records[i]);
-    text += i + 1 < records.size() ? ",\n" : "\n";
-  }
-  return text + "]\n";
-}
 
 json::string text(std::string_view view) { return json::string(view.data(), view.size()); }
 
@@ -244,15 +210,15 @@ std::string polygonId(std::string_view floor, std::string_view part) {
 std::string mapId(std::string_view floor) { return fmt::format("floor-{}", floor); }
 
 void writePackage(const Plan& plan, const Network& network, const std::filesystem::path& folder) {
-  std::string venue;
-  append(venue, venueRecord(plan));
-  writeFile(folder / "venue.json", venue + "\n");
-  writeFile(folder / "map.json", lines(mapRecords(plan)));
-  writeFile(folder / "category.json", lines(categoryRecords(plan)));
-  writeFile(folder / "location.json", lines(locationRecords(plan, network)));
-  writeFile(folder / "polygon.json", lines(polygonRecords(plan, network)));
-  writeFile(folder / "node.json", lines(nodeRecords(network)));
-  writeFile(folder / "vortex.json", lines(vortexRecords(plan, network)));
+  using package::jsonLines;
+  using package::writeFile;
+  writeFile(folder / "venue.json", package::jsonLine(venueRecord(plan)) + "\n");
+  writeFile(folder / "map.json", jsonLines(mapRecords(plan)));
+  writeFile(folder / "category.json", jsonLines(categoryRecords(plan)));
+  writeFile(folder / "location.json", jsonLines(locationRecords(plan, network)));
+  writeFile(folder / "polygon.json", jsonLines(polygonRecords(plan, network)));
+  writeFile(folder / "node.json", jsonLines(nodeRecords(network)));
+  writeFile(folder / "vortex.json", jsonLines(vortexRecords(plan, network)));
 }
 
 }  // namespace orivanta::demo

@@ -37,12 +37,6 @@ std::optional<Color> colorOf(std::string_view category) {
 
 }  // namespace
 
-Color mixed(Color first, Color second, double share) {
-  const auto between = [share](double a, double b) { return a + (b - a) * share; };
-  return {between(first.red, second.red), between(first.green, second.green),
-          between(first.blue, second.blue)};
-}
-
 Color categoryColor(const Plan& plan, std::string_view category) {
   std::optional<Color> found = colorOf(category);
   while (!found && !category.empty()) {

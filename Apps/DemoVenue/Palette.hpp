@@ -4,22 +4,13 @@
 #include <string_view>
 
 #include "Apps/DemoVenue/Plan.hpp"
+#include "Apps/Package/Color.hpp"
 
 namespace orivanta::demo {
 
-/// Red, green and blue from 0 to 1.
-struct Color {
-  double red;
-  double green;
-  double blue;
-};
-
-/// A color from 0xRRGGBB.
-constexpr Color color(unsigned hex) {
-  return {((hex >> 16U) & 0xFFU) / 255.0, ((hex >> 8U) & 0xFFU) / 255.0, (hex & 0xFFU) / 255.0};
-}
-
-Color mixed(Color first, Color second, double share);
+using package::color;
+using package::Color;
+using package::mixed;
 
 namespace palette {
 inline constexpr Color paving = color(0xD9D6CE);

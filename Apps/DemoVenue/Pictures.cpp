@@ -4,12 +4,15 @@
 #include <numbers>
 #include <string>
 
-#include "Apps/DemoVenue/Picture.hpp"
+#include "Apps/DemoVenue/Palette.hpp"
 #include "Apps/DemoVenue/Symbols.hpp"
+#include "Apps/Package/Picture.hpp"
 
 namespace orivanta::demo {
 
 namespace {
+
+using package::Picture;
 
 // A pseudorandom number from 0 to 1 that depends only on the arguments.
 double noise(int x, int y) {

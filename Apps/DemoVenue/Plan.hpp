@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "Apps/DemoVenue/Geometry.hpp"
 #include "Apps/DemoVenue/Shapes.hpp"
+#include "Apps/Package/Geometry.hpp"
 
 namespace orivanta::demo {
 

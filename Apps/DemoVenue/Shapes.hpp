@@ -8,9 +8,15 @@
 
 #include <vector>
 
-#include "Apps/DemoVenue/Geometry.hpp"
+#include "Apps/Package/Geometry.hpp"
 
 namespace orivanta::demo {
+
+using package::circle;
+using package::grown;
+using package::Outline;
+using package::Point;
+using package::rectangle;
 
 inline constexpr double corridorDepth = 18.0;  ///< end of the outer shops, start of the corridor
 inline constexpr double islandDepth = 28.0;    ///< end of the corridor, start of the islands

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Apps/DemoVenue/Geometry.hpp"
+#include "Apps/Package/Geometry.hpp"
 
 namespace orivanta::demo {
 

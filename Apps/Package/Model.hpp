@@ -11,10 +11,10 @@
 #include <string_view>
 #include <vector>
 
-#include "Apps/DemoVenue/Geometry.hpp"
-#include "Apps/DemoVenue/Palette.hpp"
+#include "Apps/Package/Color.hpp"
+#include "Apps/Package/Geometry.hpp"
 
-namespace orivanta::demo {
+namespace orivanta::package {
 
 struct Material {
   std::string name;
@@ -28,6 +28,8 @@ using Height = std::function<double(Point)>;
 
 class Model {
  public:
+  explicit Model(double unitsPerMeter) : unitsPerMeter_(unitsPerMeter) {}
+
   /// Sets the material of the following faces. If the name was used before, the faces join the
   /// earlier ones, and the first appearance is kept.
   void use(const Material& material);
@@ -74,6 +76,7 @@ class Model {
   void face(const std::vector<Corner>& corners);
   void wall(Corner from, Corner to, double bottom);
 
+  double unitsPerMeter_;
   std::vector<Group> groups_;
   std::size_t current_ = 0;
   Lines vertices_;
@@ -81,4 +84,4 @@ class Model {
   Lines normals_;
 };
 
-}  // namespace orivanta::demo
+}  // namespace orivanta::package

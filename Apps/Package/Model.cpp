@@ -1,13 +1,13 @@
-#include "Apps/DemoVenue/Model.hpp"
+#include "Apps/Package/Model.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cmath>
 
-#include "Apps/DemoVenue/Units.hpp"
+#include "Apps/Package/Units.hpp"
 
-namespace orivanta::demo {
+namespace orivanta::package {
 
 namespace {
 
@@ -43,9 +43,9 @@ void Model::face(const std::vector<Corner>& corners) {
   for (std::size_t i = 0; i < corners.size(); ++i) {
     const Corner& a = corners[i];
     const Corner& b = corners[(i + 1) % corners.size()];
-    x += (a.plan.y - b.plan.y) * unitsPerMeter * (a.height + b.height);
-    y += (a.height - b.height) * (a.plan.x + b.plan.x) * unitsPerMeter;
-    z += (a.plan.x - b.plan.x) * (a.plan.y + b.plan.y) * unitsPerMeter * unitsPerMeter;
+    x += (a.plan.y - b.plan.y) * unitsPerMeter_ * (a.height + b.height);
+    y += (a.height - b.height) * (a.plan.x + b.plan.x) * unitsPerMeter_;
+    z += (a.plan.x - b.plan.x) * (a.plan.y + b.plan.y) * unitsPerMeter_ * unitsPerMeter_;
   }
   const double size = std::sqrt(x * x + y * y + z * z);
   if (size < 1e-9) return;
@@ -54,9 +54,9 @@ void Model::face(const std::vector<Corner>& corners) {
   Group& group = groups_[current_];
   group.faces += 'f';
   for (const Corner& corner : corners) {
-    const std::size_t vertex =
-        vertices_.number(fmt::format("v {} {} {}\n", toUnits(corner.plan.x), toUnits(corner.plan.y),
-                                     rounded(corner.height, 1e3)));
+    const std::size_t vertex = vertices_.number(
+        fmt::format("v {} {} {}\n", roundedUnits(corner.plan.x * unitsPerMeter_),
+                    roundedUnits(corner.plan.y * unitsPerMeter_), rounded(corner.height, 1e3)));
     if (group.material.texture.empty()) {
       group.faces += fmt::format(" {}//{}", vertex, normal);
     } else {
@@ -108,7 +108,7 @@ std::string Model::obj(std::string_view library) const {
   std::string text = fmt::format(
       "# x to the east, y to the north, z up; {} units per meter\n"
       "mtllib {}\n",
-      unitsPerMeter, library);
+      unitsPerMeter_, library);
   text += vertices_.text() + textureCoordinates_.text() + normals_.text();
   for (const Group& group : groups_)
     if (!group.faces.empty())
@@ -129,4 +129,4 @@ std::string Model::mtl() const {
   return text;
 }
 
-}  // namespace orivanta::demo
+}  // namespace orivanta::package

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace orivanta::demo {
+namespace orivanta::package {
 
 struct Point {
   double x = 0.0;
@@ -46,4 +46,4 @@ Outline circle(Point middle, double radius, int corners = 24);
 /// The outline with all edges moved outward by a margin (inward if it is negative).
 Outline grown(const Outline& outline, double margin);
 
-}  // namespace orivanta::demo
+}  // namespace orivanta::package

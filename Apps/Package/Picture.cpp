@@ -1,4 +1,4 @@
-#include "Apps/DemoVenue/Picture.hpp"
+#include "Apps/Package/Picture.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -6,7 +6,7 @@
 
 #include "Platform/Graphics/ImageFile.hpp"
 
-namespace orivanta::demo {
+namespace orivanta::package {
 
 namespace {
 
@@ -117,4 +117,4 @@ void Picture::write(const std::filesystem::path& file) const {
     throw std::runtime_error(written.error().description);
 }
 
-}  // namespace orivanta::demo
+}  // namespace orivanta::package

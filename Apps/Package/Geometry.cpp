@@ -1,11 +1,11 @@
-#include "Apps/DemoVenue/Geometry.hpp"
+#include "Apps/Package/Geometry.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numbers>
 
-namespace orivanta::demo {
+namespace orivanta::package {
 
 double dot(Point a, Point b) { return a.x * b.x + a.y * b.y; }
 double cross(Point a, Point b) { return a.x * b.y - a.y * b.x; }
@@ -81,4 +81,4 @@ Outline grown(const Outline& outline, double margin) {
   return moved;
 }
 
-}  // namespace orivanta::demo
+}  // namespace orivanta::package

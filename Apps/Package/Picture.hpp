@@ -6,10 +6,10 @@
 #include <functional>
 #include <vector>
 
-#include "Apps/DemoVenue/Geometry.hpp"
-#include "Apps/DemoVenue/Palette.hpp"
+#include "Apps/Package/Color.hpp"
+#include "Apps/Package/Geometry.hpp"
 
-namespace orivanta::demo {
+namespace orivanta::package {
 
 /// RGBA with straight alpha, 8 bits per channel, top row first.
 class Picture {
@@ -50,4 +50,4 @@ class Picture {
   std::vector<std::uint8_t> bytes_;
 };
 
-}  // namespace orivanta::demo
+}  // namespace orivanta::package

@@ -1,0 +1,7 @@
+#include "Apps/Import/Stages.hpp"
+
+namespace orivanta::importer {
+
+void repairShapes(Building&, const Options&, Findings&) {}
+
+}  // namespace orivanta::importer

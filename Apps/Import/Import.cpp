@@ -1,0 +1,46 @@
+#include "Apps/Import/Import.hpp"
+
+#include <array>
+#include <string_view>
+
+#include "Apps/Import/Read/Sources.hpp"
+#include "Apps/Import/Stages.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+struct Stage {
+  std::string_view name;
+  void (*run)(Building&, const Options&, Findings&);
+};
+
+constexpr std::array stages = {
+    Stage{"repairing shapes", repairShapes},    Stage{"arranging storeys", arrangeStoreys},
+    Stage{"arranging places", arrangePlaces},   Stage{"joining doors", joinDoors},
+    Stage{"making connectors", makeConnectors}, Stage{"making the walking network", makeNetwork},
+};
+
+}  // namespace
+
+Building importBuilding(const Options& options, Findings& findings) {
+  const auto report = [&](std::string_view stage) {
+    if (options.progress) options.progress(stage, 0.0);
+  };
+  report("reading");
+  Building building;
+  {
+    const std::vector<SourceFile> files = readFiles(options.sources, options.limits);
+    const Format format = options.format ? *options.format : recognizeFormat(files);
+    building = readBuilding(files, format, options, findings);
+  }
+  for (const Stage& stage : stages) {
+    report(stage.name);
+    stage.run(building, options, findings);
+  }
+  report("reviewing");
+  reviewBuilding(building, findings);
+  return building;
+}
+
+}  // namespace orivanta::importer

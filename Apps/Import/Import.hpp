@@ -1,0 +1,14 @@
+// Imports a building: reads its source and derives what the source does not have.
+#pragma once
+
+#include "Apps/Import/Building.hpp"
+#include "Apps/Import/Findings.hpp"
+#include "Apps/Import/Options.hpp"
+
+namespace orivanta::importer {
+
+/// Runs all stages. The result is deterministic: the same files and options give the same building
+/// and the same findings. Throws `SourceError` if the sources cannot be read.
+Building importBuilding(const Options& options, Findings& findings);
+
+}  // namespace orivanta::importer

@@ -1,0 +1,51 @@
+// The files of a source, and the readers of all formats.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Apps/Import/Building.hpp"
+#include "Apps/Import/Findings.hpp"
+#include "Apps/Import/Options.hpp"
+
+namespace orivanta::importer {
+
+/// A file of a source: one of the given files, a file of a given folder, or a member of a given zip
+/// archive.
+struct SourceFile {
+  std::string name;  ///< as in messages: "mall.zip/level.geojson"
+  std::string bytes;
+};
+
+/// Reads all files. Folders are read without their subfolders, and zip archives are unpacked; both
+/// in the order of their names. Throws `SourceError` if a file cannot be read or the files are
+/// larger than `limits.bytes`, counted while unpacking.
+std::vector<SourceFile> readFiles(const std::vector<std::filesystem::path>& sources,
+                                  const Limits& limits);
+
+/// Recognizes the format from the contents. Throws `SourceError` if it is none of the known ones.
+Format recognizeFormat(const std::vector<SourceFile>& files);
+
+/// Reads a building of any format. `options.sources` is not used. Throws `SourceError` if the
+/// files are no source of the format, or contain nothing to import.
+Building readBuilding(const std::vector<SourceFile>& files, Format format, const Options& options,
+                      Findings& findings);
+
+// One reader per format; each throws as above.
+Building readImdf(const std::vector<SourceFile>& files, const Options& options, Findings& findings);
+Building readOsmXml(const std::vector<SourceFile>& files, const Options& options,
+                    Findings& findings);
+Building readOsmPbf(const std::vector<SourceFile>& files, const Options& options,
+                    Findings& findings);
+Building readOverpassJson(const std::vector<SourceFile>& files, const Options& options,
+                          Findings& findings);
+Building readOsmGeoJson(const std::vector<SourceFile>& files, const Options& options,
+                        Findings& findings);
+Building readIndoorGml(const std::vector<SourceFile>& files, const Options& options,
+                       Findings& findings);
+Building readStations(const std::vector<SourceFile>& files, const Options& options,
+                      Findings& findings);
+
+}  // namespace orivanta::importer
