@@ -1,6 +1,7 @@
 #include "Apps/Import/Findings.hpp"
 
 #include <algorithm>
+#include <string_view>
 #include <tuple>
 #include <utility>
 
@@ -12,7 +13,8 @@ constexpr std::size_t keptPerRule = 1000;
 
 auto orderOf(const Finding& finding) {
   return std::tuple(-static_cast<int>(finding.severity), finding.level.value_or(-1e9),
-                    std::cref(finding.rule), std::cref(finding.source), std::cref(finding.message));
+                    std::string_view(finding.rule), std::string_view(finding.source),
+                    std::string_view(finding.message));
 }
 
 }  // namespace
