@@ -142,11 +142,13 @@ TEST(House, IsTheSameInEveryFormat) {
     };
     EXPECT_EQ(building.storeys.size(), 3U);
     EXPECT_EQ(building.doors.size(), first.doors.size());
-    if (format.format == Format::imdf || format.format == Format::osmXml)
+    if (format.format == Format::imdf || format.format == Format::osmXml) {
       EXPECT_EQ(placesOf(building), placesOf(first));  // the others carry no hours
+    }
     EXPECT_EQ(connectorsOf(building).size(), 3U);
-    if (levelsOf(building) == levelsOf(first))
+    if (levelsOf(building) == levelsOf(first)) {
       EXPECT_EQ(connectorsOf(building), connectorsOf(first));
+    }
     const auto own = waysOf(building);
     ASSERT_EQ(own.size(), ways.size());
     for (const auto& [pair, length] : ways) {
