@@ -65,10 +65,11 @@ Guided requests have the members "guide", "profile", "via", "bestOrder", "neares
 Their output has "legs" and "steps", as with --guide --json.)";
 
 inline constexpr const char* walkFooter = R"(
-Prints each instruction when it comes up, with the time and the rest of the way. With --json, prints
-one line for each second of the walk: "time" in seconds, the position as "map", "x" and "y", the
-indices of the "leg" and of the next "step", "metersLeft", "offRoute" and "arrived". With
---off-route, the visitor goes 25 m to the side after this time, and gets a new route from there.
+Prints each instruction about 30 m before its place, and the arrival at the destination, with the
+time and the rest of the way. With --json, prints one line for each second of the walk: "time" in
+seconds, the position as "map", "x" and "y", the indices of the "leg", of the next "step" and of the
+step that is "announced", "metersLeft", "offRoute" and "arrived". With --off-route, the visitor goes
+25 m to the side after this time, and gets a new route from there.
 Places are specified as for `orivanta route`.
 
 Examples:

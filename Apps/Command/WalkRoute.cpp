@@ -75,7 +75,7 @@ class Walk {
     texts_ = narrator_.texts(follower_->itinerary(), follower_->steps());
     tick_ = std::max(shortestTick, walk_->seconds() / mostTicks);
     elapsed_ = 0.0;
-    shown_.reset();
+    printed_ = 0;
   }
 
   void advance() {
@@ -99,13 +99,14 @@ class Walk {
     return request;
   }
 
+  // Prints the instructions that are announced for the first time.
   void report(const Progress& progress, const Position& position) {
     if (options_.json) return writeOutput(lineOf(progress, position) + '\n');
-    if (shown_ == progress.step || progress.step >= texts_.size()) return;
-    shown_ = progress.step;
     const bool known = follower_->itinerary().hasScale;
-    writeLine(texts_[progress.step] +
-              (known ? fmt::format("  ({:.0f} m left)", progress.metersLeft) : std::string()));
+    const std::string left =
+        known ? fmt::format("  ({:.0f} m left)", progress.metersLeft) : std::string();
+    for (; printed_ <= progress.announced && printed_ < texts_.size(); ++printed_)
+      writeLine(texts_[printed_] + left);
   }
 
   void writeLine(const std::string& text) const {
@@ -125,6 +126,7 @@ class Walk {
                             {"y", rounded(position.y)},
                             {"leg", progress.leg},
                             {"step", progress.step},
+                            {"announced", progress.announced},
                             {"metersLeft", left},
                             {"offRoute", progress.offRoute},
                             {"arrived", progress.arrived}});
@@ -141,9 +143,9 @@ class Walk {
   std::optional<SimulatedWalk> walk_;
   std::vector<std::string> texts_;
   double tick_ = shortestTick;
-  double time_ = 0.0;     // since the start of the program's walk
-  double elapsed_ = 0.0;  // since the start of the current itinerary
-  std::optional<std::size_t> shown_;
+  double time_ = 0.0;        // since the start of the program's walk
+  double elapsed_ = 0.0;     // since the start of the current itinerary
+  std::size_t printed_ = 0;  // the number of instructions that have been printed
 };
 
 }  // namespace

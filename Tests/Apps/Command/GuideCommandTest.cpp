@@ -141,7 +141,7 @@ TEST_F(GuideCommand, SimulatesAWalk) {
                                    HasSubstr(" m left)\n"), HasSubstr("Tea Room")));
   walk.emplace_back("--json");
   std::string lines = run(walk).output;
-  EXPECT_THAT(lines, StartsWith(R"({"time":0,"map":"g","x":0,"y":0,"leg":0,"step":0,)"));
+  EXPECT_THAT(lines, StartsWith(R"({"time":0,"map":"g","x":0,"y":0,"leg":0,"step":0,"announced":0,)"));
   EXPECT_THAT(lines, testing::EndsWith(R"("metersLeft":0,"offRoute":false,"arrived":true})"
                                        "\n"));
   EXPECT_THAT(lines, testing::Not(HasSubstr(R"("offRoute":true)")));

@@ -31,7 +31,7 @@ class FollowerTest : public testing::Test {
     records.maps = R"([{"id": "g", "elevation": 0}, {"id": "m", "elevation": 5},
                        {"id": "h", "elevation": 10}])";
     records.nodes = R"([
-        {"id": "a", "map": "g", "x": 0, "y": 0, "z": 4, "paths": [{"node": "b"}]},
+        {"id": "a", "map": "g", "x": 0, "y": 0, "paths": [{"node": "b"}]},
         {"id": "b", "map": "g", "x": 40, "y": 0, "paths": [{"node": "c"}]},
         {"id": "c", "map": "g", "x": 40, "y": 20, "paths": [{"node": "d"}]},
         {"id": "d", "map": "g", "x": 20, "y": 20, "paths": [{"node": "e"}]},
@@ -75,9 +75,10 @@ TEST_F(FollowerTest, FollowsARouteThatCrossesItself) {
     double metersLeft;
     Kind step;
     double metersToStep;
-    bool offRoute = false, arrived = false;
+    bool offRoute = false, arrived = false, announced = true;
   } cases[] = {
       {"g", 0, 0, 0, 0, 130, Kind::depart, 0},
+      {"g", 9, 0, 9, 0, 121, Kind::turn, 31, false, false, false},
       {"g", 20, 1, 20, 0, 110, Kind::turn, 20},
       {"g", 38, 1, 38, 0, 92, Kind::turn, 2},
       {"g", 40, 10, 50, 0, 80, Kind::turn, 10},
@@ -94,7 +95,7 @@ TEST_F(FollowerTest, FollowsARouteThatCrossesItself) {
       {"g", 20, -20, 90, 1, 10, Kind::ride, 0},  // a time that goes back
       {"m", 21, -20, 140, 1, 10, Kind::ride, 0},
       {"m", 21, -20, 150, 1, 10, Kind::ride, 0},
-      {"h", 21, -20, 160, 2, 9, Kind::arrive, 9},
+      {"h", 21, -20, 160, 2, 9, Kind::arrive, 9, false, false, false},
       {"h", 27, -20, 170, 2, 3, Kind::arrive, 3, false, true},
   };
   for (const auto& each : cases) {
@@ -106,6 +107,7 @@ TEST_F(FollowerTest, FollowsARouteThatCrossesItself) {
     EXPECT_NEAR(progress.metersToStep, each.metersToStep, 1e-9) << row;
     EXPECT_EQ(progress.offRoute, each.offRoute) << row;
     EXPECT_EQ(progress.arrived, each.arrived) << row;
+    EXPECT_EQ(progress.announced, progress.step - (each.announced ? 0 : 1)) << row;
   }
 }
 
@@ -132,6 +134,7 @@ TEST_F(FollowerTest, APositionOnTheRouteIsNeverOffIt) {
 
 TEST_F(FollowerTest, ASimulatedTravelerTakesTheExpectedTime) {
   Itinerary itinerary = follow({"a", "b", "c", "d", "e", "f", "h1"}).itinerary();
+  itinerary.legs[0].nodes[0]->z = 4;
   itinerary.legs[0].seconds = 100;  // for 100 m
   itinerary.legs[1].seconds = 20;   // the lift
   itinerary.legs[2].seconds = nan;
@@ -158,6 +161,7 @@ TEST_F(FollowerTest, FollowsAnItineraryWithoutLegs) {
   Follower follower(*guide_, Itinerary());
   EXPECT_FALSE(follower.update(at("g", 1, 1), 0).offRoute);
   EXPECT_TRUE(follower.update(at("g", 1, 1), 3).offRoute);
+  EXPECT_FALSE(follower.progress().arrived);
 }
 
 }  // namespace
