@@ -14,6 +14,7 @@ namespace {
 using ReferencePosition = Direction::Turn::ReferencePosition;
 
 constexpr std::size_t mostPassed = 2;
+constexpr std::size_t mostRooms = 2;
 
 // Returns the part of a message's key for the turn of a step, such as "turn.left", or an empty text
 // if there is none.
@@ -126,11 +127,27 @@ std::string StepWriter::walk() const {
   }
   const std::string length =
       itinerary_.hasScale ? messages_.lengthWithin(step_.metersToNext) : std::string();
-  if (passed.empty())
-    return length.empty() ? length : messages_.format("walk", {{"length", length}});
-  const std::string key = (length.empty() ? "pass" : "walk.past") + sidesKey(passed);
-  return messages_.format(
-      key, {{"length", length}, {"place", passed.front().first}, {"other", passed.back().first}});
+  if (!passed.empty()) {
+    const std::string key = (length.empty() ? "pass" : "walk.past") + sidesKey(passed);
+    const std::string text = messages_.format(
+        key, {{"length", length}, {"place", passed.front().first}, {"other", passed.back().first}});
+    return messages_.sentences(text, through("through.also", length));
+  }
+  const std::string text = through(length.empty() ? "through" : "walk.through", length);
+  return text.empty() && !length.empty() ? messages_.format("walk", {{"length", length}}) : text;
+}
+
+// The rooms on the way, or an empty text if there are none.
+std::string StepWriter::through(const std::string& key, const std::string& length) const {
+  std::vector<std::string> rooms;
+  for (const auto& room : step_.through) {
+    std::string name = placeName(room);
+    if (!name.empty()) rooms.push_back(std::move(name));
+    if (rooms.size() == mostRooms) break;
+  }
+  if (rooms.empty()) return {};
+  return messages_.format(key + (rooms.size() == 1 ? ".one" : ".two"),
+                          {{"length", length}, {"place", rooms.front()}, {"other", rooms.back()}});
 }
 
 // The turn as a part of another sentence, which has no room for a landmark. Empty without a turn or

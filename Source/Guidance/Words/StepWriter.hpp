@@ -35,6 +35,7 @@ class StepWriter {
   std::string leave() const;
   std::string arrive() const;
   std::string walk() const;
+  std::string through(const std::string& key, const std::string& length) const;
   std::string turnWithin() const;
   std::string sideWithin(const std::string& turn) const;
   std::string placeName(const std::shared_ptr<Location>& place,

@@ -141,7 +141,8 @@ TEST_F(GuideCommand, SimulatesAWalk) {
                                    HasSubstr(" m left)\n"), HasSubstr("Tea Room")));
   walk.emplace_back("--json");
   std::string lines = run(walk).output;
-  EXPECT_THAT(lines, StartsWith(R"({"time":0,"map":"g","x":0,"y":0,"leg":0,"step":0,"announced":0,)"));
+  EXPECT_THAT(lines,
+              StartsWith(R"({"time":0,"map":"g","x":0,"y":0,"leg":0,"step":0,"announced":0,)"));
   EXPECT_THAT(lines, testing::EndsWith(R"("metersLeft":0,"offRoute":false,"arrived":true})"
                                        "\n"));
   EXPECT_THAT(lines, testing::Not(HasSubstr(R"("offRoute":true)")));
@@ -163,6 +164,9 @@ TEST_F(GuideCommand, PrintsCosts) {
             "\n");
   EXPECT_EQ(run(costs, "n2\nn3\n").output, "\tn2\tn3\nn2\t0\t1250\nn3\t1250\t0\n");
   EXPECT_EQ(run(costs, "zoo\n").exitCode, 1);
+  std::string many;
+  for (int i = 0; i <= 2000; ++i) many += "n1\n";
+  EXPECT_EQ(run(costs, many).exitCode, 2);
   EXPECT_EQ(run(costs, "\n").exitCode, 2);
   EXPECT_EQ(run({"costs", "small", "--places", folder_.path().string()}).exitCode, 2);
 }

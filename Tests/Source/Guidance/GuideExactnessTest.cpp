@@ -127,7 +127,7 @@ class Comparison {
     std::vector<NodeList> toNodes;
     for (int i = 0; i < 3; ++i) addStop(closures, from, fromNodes);
     for (int i = 0; i < 4; ++i) addStop(closures, to, toNodes);
-    const auto rows = guide_->costs(from, to, profile, closures);
+    const auto rows = guide_->costs(from, to, profile, closures).value();
     for (std::size_t row = 0; row < from.size(); ++row)
       for (std::size_t column = 0; column < to.size(); ++column)
         EXPECT_EQ(rows[row][column],

@@ -7,7 +7,6 @@
 #include <limits>
 #include <thread>
 
-#include "Source/Guidance/Steps/Surroundings.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Tests/Support/GuideReference.hpp"
@@ -168,6 +167,7 @@ TEST_F(GuideTest, ReportsProblems) {
   } cases[] = {
       {{}, {}, {}, Kind::tooFewStops, 0},
       {{node("n1")}, {}, {}, Kind::tooFewStops, 0},
+      {std::vector<Stop>(51, node("n1")), {}, {}, Kind::tooManyStops, 50},
       {{node("n1"), foreign}, {}, {}, Kind::unknownPlace, 1},
       {{std::shared_ptr<Location>(), node("n1")}, {}, {}, Kind::unknownPlace, 0},
       {{node("n1"), std::shared_ptr<Category>()}, {}, {}, Kind::unknownPlace, 1},
@@ -196,6 +196,8 @@ TEST_F(GuideTest, ReportsProblems) {
   Profile noLift = free;
   noLift.lifts = Use::forbidden;
   EXPECT_EQ(plan({node("n1"), node("u2")}, noLift).problem->kind, Kind::onlyWithSteps);
+  const std::vector<Stop> many(2001, node("n1"));
+  EXPECT_FALSE(guide_->costs(many, many));
 }
 
 TEST_F(GuideTest, LeavesAClosedStart) {
@@ -221,7 +223,7 @@ TEST_F(GuideTest, LeavesAClosedRoom) {
     request.stops = {start, node("o")};
     request.closures = Closures({"l"});
     EXPECT_FALSE(guide_->plan(request).problem) << start.index();
-    EXPECT_GE(guide_->costs({start}, {node("o")}, {}, request.closures)[0][0], 0);
+    EXPECT_GE(guide_->costs({start}, {node("o")}, {}, request.closures).value()[0][0], 0);
     std::swap(request.stops[0], request.stops[1]);
     EXPECT_EQ(guide_->plan(request).problem->kind, Kind::closed) << start.index();
     request.closures = {};
@@ -344,6 +346,9 @@ TEST_F(GuideTest, AvoidsRoomsOnTheWay) {
   EXPECT_EQ(described({place("l"), node("c")}), "(r c)");
   EXPECT_EQ(described({node("a"), place("l"), node("c")}), "(a r)(r c)");
   EXPECT_EQ(described({node("a"), node("a")}), "(a)");
+  const auto through = plan({node("a"), node("c")}, {}, Closures({"b"})).itineraries.front();
+  EXPECT_EQ(GuideTest::described(through), "(a r c)");
+  EXPECT_EQ(guide_->steps(through).front().through, std::vector{place("l")});
 }
 
 TEST_F(GuideTest, OffersAlternatives) {
@@ -425,7 +430,6 @@ TEST_F(GuideTest, SurvivesHostileValues) {
         fmt::format(R"({{"id": "v", "slug": "s", "name": "Mall", "unitsPerMetre": {}}})",
                     std::isfinite(value) ? value * 1e-9 : 1e-9);
     reload();
-    EXPECT_EQ(Surroundings(*venue_).metersPerUnit(), 1.0 / guide_->unitsPerMeter());
   }
   venue_->nodes->push_back(nullptr);
   EXPECT_NE(Guide::make(*venue_), nullptr);

@@ -6,7 +6,7 @@
 #include <boost/algorithm/string/replace.hpp>
 #include <limits>
 
-#include "Source/Guidance/Steps/Surroundings.hpp"
+#include "Source/Guidance/Guide.hpp"
 #include "Source/Guidance/Words/Messages.hpp"
 #include "Source/Guidance/Words/Placeholders.hpp"
 #include "Tests/Support/MessageFile.hpp"
@@ -30,9 +30,9 @@ class NarratorTest : public testing::Test {
     bakery_ = venue->locations->at(0);
     food_ = bakery_->categories.front();
     stairs_ = venue->vortices->at(1);
-    const Surroundings surroundings(*venue);
-    sign_ = surroundings.spokenName(*stairs_);
-    shopName_ = surroundings.spokenName(*shop_);
+    const auto guide = Guide::make(*venue);
+    sign_ = guide->spokenName(std::shared_ptr<Location>(stairs_));
+    shopName_ = guide->spokenName(shop_);
     lower_ = venue->nodes->at(1);
     upper_ = venue->nodes->at(5);
     itinerary_.hasScale = true;
@@ -58,6 +58,8 @@ class NarratorTest : public testing::Test {
     steps[1].turnDegrees = -50;
     steps[1].sharpness = Sharpness::bear;
     steps[1].landmark = Landmark{bakery_, food_, Reference::Past};
+    steps[1].through = {shop_};
+    steps[1].metersToNext = 22;
     steps[2].kind = Step::Kind::ride;
     steps[2].leg = 1;
     steps[2].side = Side::right;
@@ -99,7 +101,7 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
   for (const Case& each : {
            Case{"en",
                 "Leave Bakery and turn left. Go 40 m, past Book Shop on your left.\n"
-                "Bear right after “Food”.\n"
+                "Bear right after “Food”. Go 20 m, through Book Shop.\n"
                 "Take the stairs on your right (Stairs B) up one floor to F1: First.\n"
                 "Leave the stairs and turn right, then immediately left. Go 250 m.\n"
                 "You have arrived: Book Shop is on your left, opposite Bakery.\n"
@@ -107,7 +109,7 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
            {"de",
             "Verlassen Sie Bakery und biegen Sie links ab. Gehen Sie 40 m weiter, vorbei an "
             "Book Shop auf der linken Seite.\n"
-            "Halten Sie sich nach „Food“ rechts.\n"
+            "Halten Sie sich nach „Food“ rechts. Gehen Sie 20 m weiter, durch Book Shop hindurch.\n"
             "Nehmen Sie die Treppe auf der rechten Seite (Stairs B) eine Etage nach oben bis "
             "F1: First.\n"
             "Verlassen Sie die Treppe und biegen Sie rechts und gleich darauf links ab. Gehen "
@@ -117,7 +119,8 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
            {"fr",
             "Quittez Bakery et tournez à gauche. Avancez de 40 m, en passant devant Book Shop "
             "sur votre gauche.\n"
-            "Tournez légèrement à droite après «\u00a0Food\u00a0».\n"
+            "Tournez légèrement à droite après «\u00a0Food\u00a0». Avancez de 20 m, en traversant "
+            "Book Shop.\n"
             "Prenez l’escalier sur votre droite (Stairs B) pour monter d’un étage jusqu’à "
             "«\u00a0F1\u00a0: First\u00a0».\n"
             "Quittez l’escalier et tournez à droite, puis immédiatement à gauche. Avancez de "
@@ -127,14 +130,14 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
             "450 m, 5 min"},
            {"ja",
             "Bakeryを出て、左に曲がります。40m進みます。途中、左側にBook Shopがあります。\n"
-            "「Food」を過ぎたら斜め右に進みます。\n"
+            "「Food」を過ぎたら斜め右に進みます。Book Shopの中を通って20m進みます。\n"
             "右側の階段（Stairs B）で1階分上がり、F1：Firstへ進みます。\n"
             "階段を出て、右に曲がり、すぐに左に曲がります。250m進みます。\n"
             "目的地のBook Shopは左側、Bakeryの向かいにあります。\n"
             "450m、5分"},
            {"ar",
             "غادر [Bakery] ثم انعطف يسارًا. سِر مسافة [40 م] مرورًا أمام [Book Shop] على يسارك.\n"
-            "انعطف قليلًا إلى اليمين بعد «[Food]».\n"
+            "انعطف قليلًا إلى اليمين بعد «[Food]». سِر مسافة [20 م] عبر [Book Shop].\n"
             "استخدم الدرج على يمينك ([Stairs B]) للصعود طابقًا واحدًا إلى [F1]: [First].\n"
             "غادر الدرج ثم انعطف يمينًا ثم يسارًا مباشرةً. سِر مسافة [250 م].\n"
             "لقد وصلت: وجهتك [Book Shop] على يسارك، مقابل [Bakery].\n"
@@ -177,11 +180,12 @@ void visitAllSteps(const std::vector<Step>& route, Itinerary& itinerary, Visit v
   for (const double meters : {0.0, 20.0})
     for (const Side first : sides)
       for (const Side second : sides)
-        for (const std::size_t count : {0, 1, 2}) {
+        for (std::size_t count = 0; count < 9; ++count) {
           Step step;
           step.metersToNext = meters;
           step.passed = {{shop, nullptr, first}, {shop, route[1].landmark->category, second}};
-          step.passed.resize(count);
+          step.passed.resize(count % 3);
+          step.through.assign(count / 3, shop);
           visit({step});
         }
   for (const Side side : sides)
@@ -234,7 +238,7 @@ TEST_F(NarratorTest, UsesEveryMessage) {
     all += text;
   });
   all += keys->summary(itinerary_) + keys->length(2000);
-  for (int kind = 0; kind < 7; ++kind)
+  for (int kind = 0; kind < 8; ++kind)
     for (const char* place : {"", "X"})
       all += keys->text(Problem{static_cast<Problem::Kind>(kind), 0}, place);
   for (const auto& [key, forms] : english->catalog.messages())
