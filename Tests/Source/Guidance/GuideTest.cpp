@@ -116,9 +116,7 @@ TEST_F(GuideTest, SpeaksOnlyNamesOnSigns) {
                                     {connector(0), "Lift A"},
                                     {connector(1), ""}}) {
     EXPECT_EQ(guide_->spokenName(place), name);
-    const auto steps = guide_->steps(plan({place, node("u1")}).itineraries.at(0));
-    EXPECT_EQ(steps.front().place, place);
-    EXPECT_EQ(steps.front().name, name);
+    EXPECT_EQ(guide_->steps(plan({place, node("u1")}).itineraries.at(0)).front().name, name);
   }
   EXPECT_EQ(guide_->spokenName(category("c1")), "Shops");
   EXPECT_EQ(guide_->spokenName(node("n1")), "");
@@ -196,13 +194,9 @@ TEST_F(GuideTest, ReportsProblems) {
   Profile noLift = free;
   noLift.lifts = Use::forbidden;
   EXPECT_EQ(plan({node("n1"), node("u2")}, noLift).problem->kind, Kind::onlyWithSteps);
+  EXPECT_FALSE(plan({place("l2"), node("n3")}, {}, Closures({"l2"})).problem);  // can be left
   const std::vector<Stop> many(2001, node("n1"));
   EXPECT_FALSE(guide_->costs(many, many));
-}
-
-TEST_F(GuideTest, LeavesAClosedStart) {
-  EXPECT_FALSE(plan({node("n2"), node("n3")}, {}, Closures({"n2"})).problem);
-  EXPECT_FALSE(plan({place("l2"), node("n3")}, {}, Closures({"l2"})).problem);
 }
 
 // The nodes i and j of the room are connected, and j is next to the door.
@@ -326,6 +320,8 @@ TEST_F(GuideTest, BeginsAndEndsInMidEdge) {
   EXPECT_EQ(pathOf(west, Position{floor("g"), 2.25, 0.0}), "1.5 2.25 375");
   EXPECT_EQ(pathOf(Position{floor("g"), 2.25, 0.0}, west), "2.25 1.5 375");
   EXPECT_EQ(pathOf(west, west), "1.5 1.5 0");
+  EXPECT_EQ(guide_->leadToAny({west, node("n4"), Position{}}, {east}),
+            (std::vector{true, false, false}));
 }
 
 TEST_F(GuideTest, AvoidsRoomsOnTheWay) {
