@@ -23,6 +23,7 @@ NetworkSearch::NetworkSearch(const SearchContext& context, const CostTable& cost
     : context_(context),
       network_(context.network),
       costs_(costs),
+      rate_(costs.millisecondsPerUnit()),
       state_(context.states.take(context.network.size() + stopCount)) {}
 
 NetworkSearch::~NetworkSearch() { context_.states.giveBack(std::move(state_)); }
@@ -30,27 +31,25 @@ NetworkSearch::~NetworkSearch() { context_.states.giveBack(std::move(state_)); }
 double NetworkSearch::bound(Index vertex) const {
   if (!guided_ || vertex >= network_.size()) return 0.0;
   const GuideNetwork::Vertex& here = network_.vertex(vertex);
-  double least = std::numeric_limits<double>::infinity();
-  for (const Goal& goal : goals_) {
+  const auto boundTo = [&](const Goal& goal) {
     const double dx = here.x - goal.x;
     const double dy = here.y - goal.y;
-    least = std::min(least, costs_.millisecondsPerUnit() * std::sqrt(dx * dx + dy * dy) +
-                                costs_.floorBound(here.floor, goal.floor));
-  }
+    return rate_ * std::sqrt(dx * dx + dy * dy) + costs_.floorBound(here.floor, goal.floor);
+  };
+  double least = boundTo(goals_.front());
+  for (std::size_t i = 1; i < goals_.size(); ++i) least = std::min(least, boundTo(goals_[i]));
   return least;
 }
 
-void NetworkSearch::reach(Index vertex, std::int64_t cost, Index arc) {
+void NetworkSearch::improve(Index vertex, std::int64_t cost, Index arc) {
   VertexState& state = state_->vertices[vertex];
   if (state.reached != state_->stamp) {
     state.reached = state_->stamp;
     state.bound = bound(vertex);
-  } else if (cost >= state.cost) {
-    return;
   }
   state.cost = cost;
   state.arc = arc;
-  state.queued = std::isfinite(state.bound);
+  state.queued = state.bound < std::numeric_limits<double>::infinity();
   if (state.queued) state_->frontier.put(static_cast<double>(cost) + state.bound, vertex);
 }
 
