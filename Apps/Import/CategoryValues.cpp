@@ -274,7 +274,7 @@ constexpr Values words[] = {
     {"gardens", "vegetation garden terrace animalreliefarea"},
     {"entrances", "entry entrance entrances f017 anchorspace"},
     {"exits", "exit exits f108"},
-    {"emergency-exits", "emergencyexit"},
+    {"emergency-exits", "emergencyexit emergency-exits"},
     {"gates", "faregate paidarea f106 ticketgate"},
     {"boarding-gates", "boardinggate arrivalgate"},
     {"tickets", "ticketing tickets ticketoffice b005 f101 vendingmachine.trainticket"},
