@@ -120,6 +120,31 @@ Examples:
   orivanta view astrolabe-court --size 390x844  one venue, in the size of a phone
   orivanta view --scale 2                       two pixels per point)";
 
+inline constexpr const char* importFooter = R"(
+Reads an IMDF 1.0 archive (a folder or a zip file), an OpenStreetMap extract with indoor tags (.osm,
+.osm.pbf, Overpass JSON or GeoJSON), IndoorGML 1.0 or 1.1, or a station network (GeoJSON or
+Shapefile). If the source has no walking network, one is made from the drawn rooms, corridors and
+doors. The last line tells what was made and how many things to look at there are.
+
+The package is written beside FOLDER and renamed when it is complete. A folder that is no package is
+never replaced. The same source and options give the same files. Show the package with
+`orivanta serve FOLDER`.
+
+--fixes names a JSON file with corrections by identifiers of the source; the report contains one to
+start from:
+  {"way/4711": {"name": "Workshop", "hours": "Mo-Fr 08:00-17:00"},
+   "way/4712": {"kind": "room", "door": {"latitude": 51.02551, "longitude": 13.72271}},
+   "node/99": {"ignore": true}}
+
+With --strict, exit code 1 means that there is a warning or a violation. Exit code 5 means that the
+source cannot be read.
+
+Examples:
+  orivanta import mall.imdf.zip -o mall
+  orivanta import campus.osm -o library --building "Main library" --language de,en
+  orivanta import station/*.geojson -o station --report station.html
+  orivanta import plan.gml -o house --storey-height 3 --fixes house.json)";
+
 inline constexpr const char* serveFooter = R"(
 Prints the root URL of the API when it is ready, and serves until it is interrupted. Each FOLDER is
 a venue package or contains several of them; the default is the demo venue. If a user name and a
