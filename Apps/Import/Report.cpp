@@ -73,6 +73,16 @@ std::string escaped(std::string_view text) {
   return result;
 }
 
+std::string escapedLines(std::string_view text) {
+  std::string result;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    result += escaped(text.substr(0, end)) + '\n';
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return result;
+}
+
 std::string storeyTitle(const Storey& storey) {
   if (!storey.names.name.empty()) return storey.names.name;
   if (!storey.shortName.empty()) return storey.shortName;
@@ -118,7 +128,8 @@ std::vector<PlanMark> marksOn(double level, const std::vector<Finding>& findings
 
 void addCount(std::string& text, std::size_t count, std::string_view singular) {
   if (count == 0) return;
-  text += fmt::format("{}{} {}{}", text.empty() ? "" : ", ", count, singular, count == 1 ? "" : "s");
+  text +=
+      fmt::format("{}{} {}{}", text.empty() ? "" : ", ", count, singular, count == 1 ? "" : "s");
 }
 
 }  // namespace
@@ -146,8 +157,8 @@ Report buildingReport(const Building& building, const Findings& findings, std::s
     PlanOptions options;
     options.network = true;
     options.marks = marksOn(storey->ordinal, report.findings);
-    report.plans.push_back({storeyTitle(*storey),
-                            floorPlanSvg(building, storey->ordinal, options)});
+    report.plans.push_back(
+        {storeyTitle(*storey), floorPlanSvg(building, storey->ordinal, options)});
   }
   return report;
 }
@@ -164,9 +175,10 @@ std::string reportHtml(const Report& report) {
   for (const ReportPlan& plan : report.plans)
     html += fmt::format("<h2>{}</h2>\n{}\n", escaped(plan.title), plan.svg);
   if (!report.corrections.empty())
-    html += fmt::format("<h2>Corrections</h2>\n<p>Complete what applies, save it as a file, and "
-                        "import again with --fixes FILE.</p>\n<pre>{}</pre>\n",
-                        escaped(report.corrections));
+    html += fmt::format(
+        "<h2>Corrections</h2>\n<p>Complete what applies, save it as a file, and "
+        "import again with --fixes FILE.</p>\n<pre>{}</pre>\n",
+        escapedLines(report.corrections));
   return html + "</body>\n</html>\n";
 }
 
