@@ -21,7 +21,7 @@ Examples:
   orivanta route astrolabe-court --from "paper kestrel" --to "popcorn nebula" --accessible
 
 Exit codes: 0 success, 1 nothing found, 2 incorrect usage, 3 no response from the server,
-4 the output cannot be written.
+4 the output cannot be written, 5 the source of an import cannot be read.
 
 `orivanta COMMAND --help` describes a command and its options.)";
 
@@ -179,6 +179,39 @@ Examples:
   orivanta audit my-venues > audit.jsonl
   orivanta audit my-venues/mall --picture mall.png
   parallel --keep-order -n 20 orivanta audit ::: venues/* > audit.jsonl)";
+
+inline constexpr const char* checkFooter = R"(
+For a package, finds records, references and files that are not used, paths without a way back,
+rooms that no route reaches, and the like. For an IMDF archive, an OpenStreetMap extract and the
+other sources of `orivanta import`, prints what an import would report, and writes nothing.
+
+Each finding has a severity. A violation means that a part of the data is lost; a warning, that
+something is probably not meant so. With --json, each line is an object with the members "source",
+"number", "severity", "rule", "id", "file", "line", "field", "level", "map", "x", "y", "message",
+"effect" and "advice"; those that do not apply are null.
+
+Exit code 1 means that there are violations.
+
+Examples:
+  orivanta check my-venues/mall
+  orivanta check my-venues --json | jq -r 'select(.severity == "violation") | .message'
+  orivanta check mall.imdf.zip --html mall.html)";
+
+inline constexpr const char* publishFooter = R"(
+Writes the whole API as files, with a compressed copy of each text. FOLDER/SLUG/LANGUAGE/1/ is the
+root of an API with one venue in one language, which any web server or object store can serve:
+clients read all records at once, and the query of their requests is ignored. The language "default"
+has the names of the building itself. FOLDER/nginx contains two files to include in the
+configuration of nginx. They add the API root URL/1/ with all venues in the language that the client
+prefers. Routes are not published, since clients compute them.
+
+FOLDER is replaced as a whole when everything is written. Packages with violations are not
+published; see `orivanta check`.
+
+Examples:
+  orivanta publish my-venues -o /srv/maps --base-url https://maps.example
+  orivanta publish my-venues/mall -o site --base-url https://cdn.example/maps
+  orivanta venues --endpoint https://cdn.example/maps/mall/default/1/)";
 
 inline constexpr const char* completionsFooter = R"(
 The completions are installed with the program. To use them without installation:

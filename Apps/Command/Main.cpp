@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "Apps/Command/AuditVenues.hpp"
+#include "Apps/Command/CheckSource.hpp"
 #include "Apps/Command/FindRoute.hpp"
 #include "Apps/Command/HelpTexts.hpp"
 #include "Apps/Command/ImportBuilding.hpp"
@@ -19,6 +20,7 @@
 #include "Apps/Command/ListVenues.hpp"
 #include "Apps/Command/ManualPage.hpp"
 #include "Apps/Command/Output.hpp"
+#include "Apps/Command/PublishVenues.hpp"
 #include "Apps/Command/Render/RenderVenue.hpp"
 #include "Apps/Command/Serve.hpp"
 #include "Apps/Command/ShellCompletions.hpp"
@@ -44,6 +46,8 @@ struct CommandLine {
   ImportOptions import;
   ServeOptions serve;
   AuditOptions audit;
+  CheckOptions check;
+  PublishOptions publish;
   WalkOptions walk;
   CostsOptions costs;
   std::string shell;
@@ -404,6 +408,41 @@ void addAudit(CLI::App& app, CommandLine& line) {
       [&line, &options] { line.chosen = [&options] { return auditVenues(options); }; });
 }
 
+void addCheck(CLI::App& app, CommandLine& line) {
+  CheckOptions& options = line.check;
+  auto& command = *app.add_subcommand("check", "Find the mistakes in a package or a source");
+  command.footer(help::checkFooter);
+  command
+      .add_option("PATH", options.paths,
+                  "Venue packages, folders of them, or the files of a source to import")
+      ->required()
+      ->type_name("");
+  command.add_option("--html", options.html, "Write a report with a plan of each storey")
+      ->type_name("FILE.html");
+  command.add_flag("--strict", options.strict, "Exit with code 1 also for warnings");
+  command.add_flag("--json", options.json, "Print a line of JSON for each finding");
+  command.callback(
+      [&line, &options] { line.chosen = [&options] { return checkSource(options); }; });
+}
+
+void addPublish(CLI::App& app, CommandLine& line) {
+  PublishOptions& options = line.publish;
+  auto& command = *app.add_subcommand("publish", "Write venues as files for a static web server");
+  command.footer(help::publishFooter);
+  command.add_option("PACKAGE", options.packages, "Venue packages, or folders of them")
+      ->required()
+      ->type_name("");
+  command.add_option("-o,--output", options.output, "Folder to write or to replace")
+      ->required()
+      ->type_name("FOLDER");
+  command.add_option("--base-url", options.baseUrl, "URL at which clients will find the folder")
+      ->required()
+      ->type_name("URL");
+  command.add_flag("--force", options.force, "Publish packages with violations");
+  command.callback(
+      [&line, &options] { line.chosen = [&options] { return publishVenues(options); }; });
+}
+
 void addCompletions(CLI::App& app, CommandLine& line) {
   auto& command = *app.add_subcommand("completions", "Print the completions for a shell");
   command.footer(help::completionsFooter);
@@ -461,6 +500,8 @@ int run(int argc, char** argv) {
   addImport(app, line);
   addServe(app, line);
   addAudit(app, line);
+  addCheck(app, line);
+  addPublish(app, line);
   addCompletions(app, line);
   addManual(app, line);
   try {

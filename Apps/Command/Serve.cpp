@@ -9,6 +9,7 @@
 #include <exception>
 #include <iostream>
 
+#include "Apps/Command/CheckSource.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Server/VenueServer.hpp"
 
@@ -51,6 +52,7 @@ int serve(const ServeOptions& options) {
     allowDescriptors(serverOptions.limits.connections);
     const server::VenueServer server(serverOptions);
     std::cout << server.root() << std::endl;
+    summarizePackages(serverOptions.folders);  // while the server already responds
     signals.async_wait([](const boost::system::error_code&, int) {});
     context.run();
     return 0;
