@@ -14,20 +14,20 @@ namespace {
 
 constexpr std::size_t largestClosureFile = 16U << 20U;  // that the server reads
 
-void checkHours(const Record& place, Findings& findings) {
+void checkHours(const PackageRecords& records, const Record& place, Findings& findings) {
   const auto hours = place.text("hours");
   if (!hours || guidance::OpeningHours::parse(*hours)) return;
-  Finding finding = findingAbout(place, Severity::warning, "hours-unreadable", "hours");
+  Finding finding = records.findingAbout(place, Severity::warning, "hours-unreadable", "hours");
   finding.message = fmt::format("The opening hours \"{}\" cannot be read.", *hours);
   finding.effect = "The place counts as open at any time.";
   finding.advice = "Write them as in OpenStreetMap: \"Mo-Sa 10:00-20:00; Su off\".";
   findings.add(std::move(finding));
 }
 
-void checkUnit(const Record& venue, Findings& findings) {
+void checkUnit(const PackageRecords& records, const Record& venue, Findings& findings) {
   const auto unit = venue.numberIn("unitsPerMetre");
   if (unit && *unit >= 1e-6 && *unit <= 1e9) return;
-  Finding finding = findingAbout(venue, Severity::info, "no-unit", "unitsPerMetre");
+  Finding finding = records.findingAbout(venue, Severity::info, "no-unit", "unitsPerMetre");
   finding.message = unit ? fmt::format("The venue has {} units per meter.", *unit)
                          : "It is not stated how many of the venue's units are a meter.";
   finding.effect = "Instructions contain no lengths and no times.";
@@ -76,10 +76,10 @@ void checkClosures(const PackageRecords& records, Findings& findings) {
 
 void checkExtras(const PackageRecords& records, Findings& findings) {
   for (const Record& venue : records[RecordKind::venue].records)
-    if (venue.kept) checkUnit(venue, findings);
+    if (venue.kept) checkUnit(records, venue, findings);
   for (const RecordKind kind : {RecordKind::location, RecordKind::vortex})
     for (const Record& place : records[kind].records)
-      if (place.kept) checkHours(place, findings);
+      if (place.kept) checkHours(records, place, findings);
   if (records.complete()) checkClosures(records, findings);
 }
 

@@ -95,8 +95,8 @@ class FileCheck {
 
   void check(const Record& record, const Reference& reference) {
     if (resolve(records_.folder(), reference.value).target != Target::nothing) return;
-    Finding finding = findingAbout(record, reference.severity, std::string(reference.rule),
-                                   std::string(reference.field));
+    Finding finding = records_.findingAbout(record, reference.severity, std::string(reference.rule),
+                                            std::string(reference.field));
     finding.message =
         fmt::format("The file \"{}\" does not exist in the package.", reference.value);
     finding.effect = reference.effect;
@@ -106,7 +106,7 @@ class FileCheck {
   }
 
   void addNoModel(const Record& map) {
-    Finding finding = findingAbout(map, Severity::warning, "no-model", "scene");
+    Finding finding = records_.findingAbout(map, Severity::warning, "no-model", "scene");
     finding.message = "The floor has no model: no \"obj\" in \"scene\".";
     finding.effect = "The floor is not shown, and nothing on it can be tapped.";
     finding.advice =

@@ -51,7 +51,7 @@ void checkLink(const PackageRecords& records, const Link& link, const Record& re
   const auto id = identifierIn(element, link.key);
   if (id && records.find(link.to, *id) != nullptr) return;
   Finding finding =
-      findingAbout(record, link.severity, std::string(link.rule), std::string(link.member));
+      records.findingAbout(record, link.severity, std::string(link.rule), std::string(link.member));
   if (id) {
     finding.message = fmt::format("The {} refers to the {} \"{}\", which does not exist.",
                                   wordFor(link.from), wordFor(link.to), *id);
@@ -75,7 +75,7 @@ void checkEntranceFloors(const PackageRecords& records, const Record& polygon, F
     const auto floor = entrance != nullptr ? entrance->text("map") : std::nullopt;
     if (!map || !floor || *map == *floor) continue;
     Finding finding =
-        findingAbout(polygon, Severity::warning, "entrance-on-another-floor", "entrances");
+        records.findingAbout(polygon, Severity::warning, "entrance-on-another-floor", "entrances");
     finding.message = fmt::format(
         "The polygon is on the floor \"{}\", its entrance \"{}\" on \"{}\".", *map, *id, *floor);
     finding.effect = "Routes into the place end on another floor than the place.";
@@ -106,9 +106,8 @@ void checkInnerNodes(const PackageRecords& records, const Record& place, Finding
     entrance = known;
   }
   if (entrance == nullptr) return;
-  Finding finding = findingAbout(place, Severity::violation, "only-entrance-nodes", "nodes");
-  finding.map = entrance->text("map").value_or("");
-  finding.position = findingAbout(*entrance, Severity::violation, "").position;
+  Finding finding =
+      records.findingAbout(place, Severity::violation, "only-entrance-nodes", "nodes");
   finding.message =
       fmt::format("All nodes of the place \"{}\" are entrances of its polygons, such as \"{}\".",
                   place.text("name").value_or(""), entrance->label());

@@ -100,7 +100,7 @@ class FloorCheck {
 
  private:
   void addBroken(const std::filesystem::path& file, const std::string& reason) {
-    Finding finding = findingAbout(map_, Severity::violation, "broken-model", "scene");
+    Finding finding = records_.findingAbout(map_, Severity::violation, "broken-model", "scene");
     finding.message = fmt::format("The model {} cannot be read: {}.", name(file), reason);
     finding.effect = "The floor is not shown, and nothing on it can be tapped.";
     finding.advice = "Export it again as Wavefront OBJ with faces (lines that begin with \"f\").";
@@ -108,7 +108,7 @@ class FloorCheck {
   }
 
   void addSkipped(const std::filesystem::path& file, std::size_t count) {
-    Finding finding = findingAbout(map_, Severity::warning, "damaged-model", "scene");
+    Finding finding = records_.findingAbout(map_, Severity::warning, "damaged-model", "scene");
     finding.message =
         fmt::format("{} of the model {} {} unreadable or name vertices that do not exist.",
                     count == 1 ? "One face" : fmt::format("{} faces", count), name(file),
@@ -127,14 +127,15 @@ class FloorCheck {
       const Record* entrance = id ? records_.find(RecordKind::node, *id) : nullptr;
       if (entrance == nullptr || !entrance->kept || entrance->text("map") != polygon.text("map"))
         continue;
-      const Finding place = findingAbout(*entrance, Severity::warning, "");
+      const Finding place = records_.findingAbout(*entrance, Severity::warning, "");
       const double distance = plan.distanceTo(*group, box, *place.position, tolerance(plan));
       if (distance > tolerance(plan)) addFar(polygon, *entrance, distance);
     }
   }
 
   void addWithoutMaterial(const Record& polygon) {
-    Finding finding = findingAbout(polygon, Severity::warning, "polygon-without-material", "id");
+    Finding finding =
+        records_.findingAbout(polygon, Severity::warning, "polygon-without-material", "id");
     finding.message =
         fmt::format("The model of the floor has no material \"{}\".", polygon.label());
     finding.effect = "The polygon cannot be tapped or highlighted.";
@@ -146,8 +147,9 @@ class FloorCheck {
   }
 
   void addFar(const Record& polygon, const Record& entrance, double distance) {
-    Finding finding = findingAbout(polygon, Severity::warning, "entrance-far-away", "entrances");
-    finding.position = findingAbout(entrance, Severity::warning, "").position;
+    Finding finding =
+        records_.findingAbout(polygon, Severity::warning, "entrance-far-away", "entrances");
+    finding.position = records_.findingAbout(entrance, Severity::warning, "").position;
     const auto unit = unitsPerMeter();
     finding.message =
         fmt::format("The entrance \"{}\" is {:.1f} {} away from the area of the polygon.",

@@ -144,7 +144,8 @@ class Network {
   }
 
   void addOneWay(Number from, Number to) const {
-    Finding finding = findingAbout(nodes()[from], Severity::warning, "one-way-path", "paths");
+    Finding finding =
+        records_.findingAbout(nodes()[from], Severity::warning, "one-way-path", "paths");
     const std::string name = nodes()[from].label();
     finding.message = fmt::format("A path leads from \"{}\" to \"{}\", and none back.", name,
                                   nodes()[to].label());
@@ -161,7 +162,7 @@ class Network {
     if (connectors_[number] > 1) return;
     const bool boards = connectors_[number] == 1;
     Finding finding =
-        findingAbout(nodes()[number], Severity::warning, "node-without-paths", "paths");
+        records_.findingAbout(nodes()[number], Severity::warning, "node-without-paths", "paths");
     finding.message =
         fmt::format("No path leads to or from the node \"{}\"{}.", nodes()[number].label(),
                     boards ? ", where a connector is entered" : "");
@@ -192,15 +193,12 @@ class Network {
 
   void addOneFloor(const Record& connector, const std::vector<Number>& found) const {
     Finding finding =
-        findingAbout(connector, Severity::warning, "connector-with-one-floor", "nodes");
+        records_.findingAbout(connector, Severity::warning, "connector-with-one-floor", "nodes");
     if (found.empty()) {
       finding.message = "The connector has no nodes.";
     } else {
-      const Finding place = findingAbout(nodes()[found.front()], Severity::warning, "");
-      finding.map = place.map;
-      finding.position = place.position;
       finding.message =
-          fmt::format("All nodes of the connector are on the floor \"{}\".", place.map);
+          fmt::format("All nodes of the connector are on the floor \"{}\".", finding.map);
     }
     finding.effect = "No route uses it to change floors.";
     finding.advice =
@@ -209,7 +207,8 @@ class Network {
   }
 
   void addWithinFloor(const std::vector<const Record*>& connectors) const {
-    Finding finding = findingAbout(*connectors.front(), Severity::info, "connector-within-floor");
+    Finding finding =
+        records_.findingAbout(*connectors.front(), Severity::info, "connector-within-floor");
     finding.message = fmt::format(
         "{} join{} nodes of the same floor, as a short flight of steps does. This one is the "
         "first.",
@@ -239,10 +238,7 @@ class Network {
         if (parts_.of(*number) == main) return;
     const auto node = nodeOf(place);
     if (!node) return;
-    Finding finding = findingAbout(place, Severity::warning, "unreachable", "nodes");
-    const Finding position = findingAbout(nodes()[*node], Severity::warning, "");
-    finding.map = position.map;
-    finding.position = position.position;
+    Finding finding = records_.findingAbout(place, Severity::warning, "unreachable", "nodes");
     finding.message = fmt::format("Nothing joins the place \"{}\" with most other places.",
                                   place.text("name").value_or(""));
     finding.effect = "No route leads from them to the place, or back.";

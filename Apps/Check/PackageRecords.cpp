@@ -180,7 +180,8 @@ std::optional<std::string_view> identifierIn(const json::value& element, std::st
   return std::string_view(value->get_string().data(), value->get_string().size());
 }
 
-Finding findingAbout(const Record& record, Severity severity, std::string rule, std::string field) {
+Finding PackageRecords::findingAbout(const Record& record, Severity severity, std::string rule,
+                                     std::string field) const {
   Finding finding;
   finding.severity = severity;
   finding.rule = std::move(rule);
@@ -188,15 +189,32 @@ Finding findingAbout(const Record& record, Severity severity, std::string rule, 
   finding.file = fmt::format("{}.json", nameOf(record.kind));
   finding.field = std::move(field);
   finding.line = record.line;
-  if (record.kind == RecordKind::map) {
-    finding.map = record.text("id").value_or("");
-  } else if (record.kind == RecordKind::node || record.kind == RecordKind::polygon) {
-    finding.map = record.text("map").value_or("");
+  if (record.kind == RecordKind::map) finding.map = record.text("id").value_or("");
+  if (record.kind == RecordKind::polygon) finding.map = record.text("map").value_or("");
+  if (const Record* node = nodeOf(record)) {
+    finding.map = node->text("map").value_or("");
+    const auto x = node->numberIn("x");
+    const auto y = node->numberIn("y");
+    if (x && y) finding.position = Point{*x, *y};
   }
-  const auto x = record.numberIn("x");
-  const auto y = record.numberIn("y");
-  if (record.kind == RecordKind::node && x && y) finding.position = Point{*x, *y};
   return finding;
+}
+
+// Returns the record itself if it is a node, or the first known node that it refers to, or null.
+const Record* PackageRecords::nodeOf(const Record& record) const {
+  struct Reference {
+    std::string_view member;
+    std::string_view key;
+  };
+  if (record.kind == RecordKind::node) return &record;
+  const Reference reference = record.kind == RecordKind::location  ? Reference{"nodes", "node"}
+                              : record.kind == RecordKind::vortex  ? Reference{"nodes", ""}
+                              : record.kind == RecordKind::polygon ? Reference{"entrances", "id"}
+                                                                   : Reference{};
+  for (const json::value& element : elementsOf(record, reference.member))
+    if (const auto id = identifierIn(element, reference.key))
+      if (const Record* node = find(RecordKind::node, *id)) return node;
+  return nullptr;
 }
 
 }  // namespace orivanta::check

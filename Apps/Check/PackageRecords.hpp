@@ -72,11 +72,16 @@ class PackageRecords {
   }
   /// The last record with the identifier, or null.
   const Record* find(RecordKind kind, std::string_view id) const;
+  /// A finding about a record, with its file, line and identifier. It has the position and the
+  /// floor of the node, or of the first node of a place, a connector or a polygon.
+  Finding findingAbout(const Record& record, Severity severity, std::string rule,
+                       std::string field = {}) const;
   /// Whether all files could be read, so that references between them can be judged.
   bool complete() const { return complete_; }
 
  private:
   void read(RecordKind kind, Findings& findings);
+  const Record* nodeOf(const Record& record) const;
 
   std::filesystem::path folder_;
   std::array<RecordFile, recordKindCount> files_;
@@ -90,10 +95,5 @@ const boost::json::array& elementsOf(const Record& record, std::string_view memb
 /// Nothing if it is not a string.
 std::optional<std::string_view> identifierIn(const boost::json::value& element,
                                              std::string_view key);
-
-/// A finding about a record, with its file, line and identifier. Nodes give it a position and a
-/// floor, polygons and floors a floor.
-Finding findingAbout(const Record& record, Severity severity, std::string rule,
-                     std::string field = {});
 
 }  // namespace orivanta::check

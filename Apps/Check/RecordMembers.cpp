@@ -74,12 +74,13 @@ std::string effectOfLoss(RecordKind kind) {
   }
 }
 
-void addLoss(Findings& findings, Record& record, const Member& member) {
+void addLoss(const PackageRecords& records, Findings& findings, Record& record,
+             const Member& member) {
   const json::value* value = record.member(member.name);
   record.kept = false;
-  Finding finding = findingAbout(record, Severity::violation,
-                                 value == nullptr ? "member-missing" : "member-of-wrong-kind",
-                                 std::string(member.name));
+  Finding finding = records.findingAbout(
+      record, Severity::violation, value == nullptr ? "member-missing" : "member-of-wrong-kind",
+      std::string(member.name));
   finding.message = value == nullptr
                         ? fmt::format("The {} has no \"{}\".", wordFor(record.kind), member.name)
                         : fmt::format("The \"{}\" of the {} is not {}.", member.name,
@@ -89,9 +90,10 @@ void addLoss(Findings& findings, Record& record, const Member& member) {
   findings.add(std::move(finding));
 }
 
-void addIgnored(Findings& findings, const Record& record, const Member& member) {
+void addIgnored(const PackageRecords& records, Findings& findings, const Record& record,
+                const Member& member) {
   Finding finding =
-      findingAbout(record, Severity::warning, "member-ignored", std::string(member.name));
+      records.findingAbout(record, Severity::warning, "member-ignored", std::string(member.name));
   finding.message = fmt::format("The \"{}\" of the {} is not {}.", member.name,
                                 wordFor(record.kind), wordFor(member.kind));
   finding.effect = "It is ignored, as if it were missing.";
@@ -99,9 +101,9 @@ void addIgnored(Findings& findings, const Record& record, const Member& member) 
   findings.add(std::move(finding));
 }
 
-void checkRecord(Record& record, Findings& findings) {
+void checkRecord(const PackageRecords& records, Record& record, Findings& findings) {
   if (record.members == nullptr) {
-    Finding finding = findingAbout(record, Severity::violation, "record-not-an-object");
+    Finding finding = records.findingAbout(record, Severity::violation, "record-not-an-object");
     finding.message = fmt::format("The {} is not an object.", record.label());
     finding.effect = effectOfLoss(record.kind);
     finding.advice = "Write an object: {\"id\": \"...\"}.";
@@ -112,19 +114,19 @@ void checkRecord(Record& record, Findings& findings) {
     const json::value* value = record.member(member.name);
     if (value != nullptr && isOfKind(*value, member.kind)) continue;
     if (member.required) {
-      addLoss(findings, record, member);
+      addLoss(records, findings, record, member);
     } else if (value != nullptr) {
-      addIgnored(findings, record, member);
+      addIgnored(records, findings, record, member);
     }
   }
 }
 
 // A venue whose slug cannot be part of a URL is refused by the server.
-void checkSlug(Record& venue, Findings& findings) {
+void checkSlug(const PackageRecords& records, Record& venue, Findings& findings) {
   const auto slug = venue.text("slug");
   if (!slug || (!slug->empty() && *slug != "." && *slug != "..")) return;
   venue.kept = false;
-  Finding finding = findingAbout(venue, Severity::violation, "slug-unusable", "slug");
+  Finding finding = records.findingAbout(venue, Severity::violation, "slug-unusable", "slug");
   finding.message = fmt::format("The slug \"{}\" cannot be part of a URL.", *slug);
   finding.effect = "The package cannot be served.";
   finding.advice = "Write a short name in lower case, such as \"town-hall\".";
@@ -135,7 +137,7 @@ void checkFloor(const PackageRecords& records, Record& record, Findings& finding
   const auto map = record.text("map");
   if (!map || records.find(RecordKind::map, *map) != nullptr) return;
   record.kept = false;
-  Finding finding = findingAbout(record, Severity::violation, "unknown-map", "map");
+  Finding finding = records.findingAbout(record, Severity::violation, "unknown-map", "map");
   finding.message = fmt::format("The {} is on the floor \"{}\", which does not exist.",
                                 wordFor(record.kind), *map);
   finding.effect = effectOfLoss(record.kind);
@@ -177,8 +179,8 @@ void checkMembers(PackageRecords& records, Findings& findings) {
   for (std::size_t index = 0; index < recordKindCount; ++index) {
     const auto kind = static_cast<RecordKind>(index);
     for (Record& record : records[kind].records) {
-      checkRecord(record, findings);
-      if (kind == RecordKind::venue) checkSlug(record, findings);
+      checkRecord(records, record, findings);
+      if (kind == RecordKind::venue) checkSlug(records, record, findings);
       if ((kind == RecordKind::node || kind == RecordKind::polygon) &&
           records[RecordKind::map].document)
         checkFloor(records, record, findings);
@@ -194,7 +196,7 @@ void checkIdentifiers(const PackageRecords& records, Findings& findings) {
       if (!id) continue;
       const Record& last = *file.byId.at(*id);
       if (&last == &record) continue;
-      Finding finding = findingAbout(record, Severity::violation, "duplicate-id", "id");
+      Finding finding = records.findingAbout(record, Severity::violation, "duplicate-id", "id");
       finding.message =
           fmt::format("The identifier \"{}\" is used again in line {}.", *id, last.line);
       finding.effect =

@@ -97,6 +97,13 @@ ExitCode checkSource(const CheckOptions& options) {
   return packages.empty() ? checkFiles(options) : checkPackages(packages, options);
 }
 
+std::string checkAdvice(const std::vector<fs::path>& folders) {
+  if (packagesAt(folders).empty()) return {};
+  std::string advice = "; run `orivanta check";
+  for (const fs::path& folder : folders) advice += ' ' + folder.string();
+  return advice + '`';
+}
+
 void summarizePackages(const std::vector<fs::path>& folders) noexcept try {
   for (const fs::path& package : packagesAt(folders)) {
     const importer::Findings findings = check::checkPackage(package, check::Depth::records);

@@ -22,6 +22,10 @@ struct CheckOptions {
 /// source cannot be read, a file does not exist, or the report cannot be written.
 ExitCode checkSource(const CheckOptions& options);
 
+/// Returns "; run `orivanta check FOLDER`" if the folders contain packages, to complete the message
+/// of a failure, or else nothing.
+std::string checkAdvice(const std::vector<std::filesystem::path>& folders);
+
 /// Prints a line on standard error for each package that has violations or warnings, without
 /// reading its models. Never throws.
 void summarizePackages(const std::vector<std::filesystem::path>& folders) noexcept;

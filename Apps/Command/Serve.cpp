@@ -56,6 +56,9 @@ int serve(const ServeOptions& options) {
     signals.async_wait([](const boost::system::error_code&, int) {});
     context.run();
     return 0;
+  } catch (const server::PackageError& error) {
+    std::cerr << "orivanta serve: " << error.what() << checkAdvice(options.folders) << '\n';
+    return 2;
   } catch (const std::exception& error) {
     std::cerr << "orivanta serve: " << error.what() << '\n';
     return 2;
