@@ -34,8 +34,8 @@ std::vector<Segment> segmentsOf(const Draft& draft, const std::vector<std::size_
                                 const std::vector<std::uint32_t>& singles) {
   std::vector<Segment> segments;
   for (const std::size_t i : lines)
-    segments.push_back({draft.nodes[draft.edges[i].from].position,
-                        draft.nodes[draft.edges[i].to].position});
+    segments.push_back(
+        {draft.nodes[draft.edges[i].from].position, draft.nodes[draft.edges[i].to].position});
   for (const std::uint32_t i : singles)
     segments.push_back({draft.nodes[i].position, draft.nodes[i].position});
   return segments;
@@ -92,7 +92,8 @@ std::optional<Attach::Foot> Attach::footInSight(const DraftNode& node, double wi
 }
 
 bool Attach::canBeOnLine(const Foot& foot, const DraftNode& node) const {
-  if (node.kind != NodeKind::door || isSingle(foot.line) || foot.distance > besideLine) return false;
+  if (node.kind != NodeKind::door || isSingle(foot.line) || foot.distance > besideLine)
+    return false;
   if (foot.fraction == 0.0 || foot.fraction == 1.0) return false;
   const DraftEdge& edge = draft_.edges[edges_[foot.line]];
   return sees(space_, node, draft_.nodes[edge.from]) && sees(space_, node, draft_.nodes[edge.to]);
@@ -110,8 +111,8 @@ bool Attach::attach(std::uint32_t node) {
       return true;
     }
   std::optional<Foot> reached;
-  const auto way = ways_.nearest(
-      draft_.nodes[node], [&](const DraftNode& point) -> std::optional<DraftNode> {
+  const auto way =
+      ways_.nearest(draft_.nodes[node], [&](const DraftNode& point) -> std::optional<DraftNode> {
         constexpr double besideSkeleton = 5.0;
         reached = footInSight(point, besideSkeleton);
         if (!reached) return {};
@@ -157,10 +158,9 @@ void Attach::divide(std::size_t line) {
     if (one.fraction < 1.0) {
       const DraftNode& last = draft_.nodes[points.back()];
       const bool same =
-          one.fraction == 0.0 ||
-          (points.size() > 1 && last.isMovable() &&
-           package::distance(last.position, one.position) < nearFeet &&
-           sees(space_, draft_.nodes[one.node], last));
+          one.fraction == 0.0 || (points.size() > 1 && last.isMovable() &&
+                                  package::distance(last.position, one.position) < nearFeet &&
+                                  sees(space_, draft_.nodes[one.node], last));
       foot = same ? points.back() : draft_.addWay(one.position);
       if (!same) points.push_back(foot);
     }
@@ -169,7 +169,7 @@ void Attach::divide(std::size_t line) {
   points.push_back(edge.to);
   draft_.edges[edges_[line]].to = points[1];
   for (std::size_t i = 1; i + 1 < points.size(); ++i)
-    draft_.edges.push_back({points[i], points[i + 1], edge.oneWay, edge.stub});
+    draft_.edges.push_back({points[i], points[i + 1], edge.oneWay, edge.stub, false});
 }
 
 void Attach::finish() {

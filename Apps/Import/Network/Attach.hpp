@@ -26,7 +26,9 @@ class Attach {
   bool attachAnyhow(std::uint32_t node, double within);
 
   /// The distance to the nearest line; `atMost` if there is none within it.
-  double distanceToLine(Point point, double atMost) const { return lines_.nearestDistance(point, atMost); }
+  double distanceToLine(Point point, double atMost) const {
+    return lines_.nearestDistance(point, atMost);
+  }
 
   /// Divides the lines at the points where something was attached. Call it once, at the end.
   void finish();

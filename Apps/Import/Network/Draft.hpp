@@ -20,7 +20,7 @@ struct DraftNode {
   double slack = 0.0;
 
   /// Whether the node may move or be merged with another.
-  bool isMovable() const { return kind == NodeKind::way && id.empty(); }
+  bool isMovable() const { return kind == NodeKind::way && id.empty() && weight == 0.0; }
 };
 
 struct DraftEdge {
@@ -28,6 +28,7 @@ struct DraftEdge {
   std::uint32_t to = 0;
   bool oneWay = false;
   bool stub = false;  ///< leads to a door, a place or the like: nothing else is attached to it
+  bool inRoom = false;
 };
 
 struct Draft {
@@ -40,7 +41,10 @@ struct Draft {
   }
   std::uint32_t addWay(Point position) { return addNode({position, NodeKind::way, {}, {}, 0, 0}); }
   void addEdge(std::uint32_t from, std::uint32_t to, bool stub) {
-    if (from != to) edges.push_back({from, to, false, stub});
+    if (from != to) edges.push_back({from, to, false, stub, false});
+  }
+  void addRoomEdge(std::uint32_t from, std::uint32_t to) {
+    if (from != to) edges.push_back({from, to, false, true, true});
   }
   double lengthOf(const DraftEdge& edge) const {
     return package::distance(nodes[edge.from].position, nodes[edge.to].position);

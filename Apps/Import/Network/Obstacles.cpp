@@ -6,9 +6,7 @@
 
 namespace orivanta::importer {
 
-namespace {
-
-void moveOut(Draft& draft, const Space& space) {
+void moveOutOfObstacles(Draft& draft, const Space& space) {
   constexpr double largestObstacle = 3.0;
   for (DraftNode& node : draft.nodes) {
     if (!node.isMovable()) continue;
@@ -17,15 +15,12 @@ void moveOut(Draft& draft, const Space& space) {
   }
 }
 
-}  // namespace
-
 void avoidObstacles(Draft& draft, const Space& space, Ways& ways) {
-  moveOut(draft, space);
   std::vector<DraftEdge> edges;
   for (const DraftEdge& edge : std::exchange(draft.edges, {})) {
     const DraftNode& from = draft.nodes[edge.from];
     const DraftNode& to = draft.nodes[edge.to];
-    if (sees(space, from, to)) {
+    if (edge.inRoom || sees(space, from, to)) {
       edges.push_back(edge);
       continue;
     }
@@ -35,10 +30,10 @@ void avoidObstacles(Draft& draft, const Space& space, Ways& ways) {
     std::uint32_t last = edge.from;
     for (const Point bend : *bends) {
       const std::uint32_t next = draft.addWay(bend);
-      edges.push_back({last, next, edge.oneWay, edge.stub});
+      edges.push_back({last, next, edge.oneWay, edge.stub, false});
       last = next;
     }
-    edges.push_back({last, edge.to, edge.oneWay, edge.stub});
+    edges.push_back({last, edge.to, edge.oneWay, edge.stub, false});
   }
   draft.edges = std::move(edges);
 }

@@ -6,9 +6,11 @@
 
 namespace orivanta::importer {
 
-/// Moves free nodes out of obstacles, and replaces every line that does not stay in the space by the
-/// shortest way round the obstacles. A line without such a way is removed.
+/// Moves free nodes that lie in or near an obstacle of at most a few square meters beside it.
+void moveOutOfObstacles(Draft& draft, const Space& space);
 
+/// Replaces every line that does not stay in the space by the shortest way round what is in its
+/// way, and removes it if there is no such way. Lines in rooms are left alone.
 void avoidObstacles(Draft& draft, const Space& space, Ways& ways);
 
 }  // namespace orivanta::importer

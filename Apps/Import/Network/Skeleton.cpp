@@ -54,8 +54,7 @@ class Maker {
     const Point low{border.low().x() * unit, border.low().y() * unit};
     const Point high{border.high().x() * unit, border.high().y() * unit};
     if (cell.contains_segment()) return {low, high};
-    const bool start =
-        cell.source_category() == polygon::SOURCE_CATEGORY_SEGMENT_START_POINT;
+    const bool start = cell.source_category() == polygon::SOURCE_CATEGORY_SEGMENT_START_POINT;
     return start ? Segment{low, low} : Segment{high, high};
   }
 
@@ -66,8 +65,8 @@ class Maker {
   // The points between the ends of an edge; of a parabola, points on it.
   std::vector<Point> between(const Diagram::edge_type& edge, Point from, Point to) const {
     std::vector<Point> points;
-    const auto count = static_cast<int>(
-        std::clamp(std::ceil(package::distance(from, to) / step), 1.0, 10'000.0));
+    const auto count =
+        static_cast<int>(std::clamp(std::ceil(package::distance(from, to) / step), 1.0, 10'000.0));
     if (edge.is_linear()) {
       for (int i = 1; i < count; ++i)
         points.push_back(from + (to - from) * (static_cast<double>(i) / count));
@@ -86,8 +85,7 @@ class Maker {
     const Point base = focus - across * height;
     for (int i = 1; i < count; ++i) {
       const double x = fromX + (toX - fromX) * i / count;
-      points.push_back(base + along * x +
-                       across * ((x * x + height * height) / (2.0 * height)));
+      points.push_back(base + along * x + across * ((x * x + height * height) / (2.0 * height)));
     }
     return points;
   }

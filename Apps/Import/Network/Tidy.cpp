@@ -28,10 +28,13 @@ std::vector<Crossing> crossingsOf(const Draft& draft) {
   const SegmentGrid grid(lines, 0.0);
   std::vector<Crossing> crossings;
   for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (draft.edges[i].inRoom) continue;
     std::set<std::size_t> met;
     const auto [a, b] = lines[i];
     grid.anyAlong(lines[i], [&](std::size_t other) {
-      if (other > i && package::cross(a, b, lines[other].a, lines[other].b)) met.insert(other);
+      if (other > i && !draft.edges[other].inRoom &&
+          package::cross(a, b, lines[other].a, lines[other].b))
+        met.insert(other);
       return false;
     });
     for (const std::size_t other : met) {
@@ -83,7 +86,8 @@ class Merger {
       if (package::distance(at(a), at(b)) >= near) continue;
       // The node with more lines stays if it can.
       const bool firstStays = neighbors_[a].size() >= neighbors_[b].size();
-      if (!merge(firstStays ? b : a, firstStays ? a : b)) merge(firstStays ? a : b, firstStays ? b : a);
+      if (!merge(firstStays ? b : a, firstStays ? a : b))
+        merge(firstStays ? a : b, firstStays ? b : a);
     }
     for (DraftEdge& edge : draft_.edges) {
       edge.from = nodeOf(edge.from);
@@ -138,7 +142,7 @@ void joinCrossings(Draft& draft) {
     way.push_back(edge.to);
     draft.edges[i].to = way[1];
     for (std::size_t k = 1; k + 1 < way.size(); ++k)
-      draft.edges.push_back({way[k], way[k + 1], edge.oneWay, edge.stub});
+      draft.edges.push_back({way[k], way[k + 1], edge.oneWay, edge.stub, false});
   }
 }
 
@@ -148,9 +152,9 @@ void removeUnused(Draft& draft) {
   std::set<std::pair<Index, Index>> known;
   std::erase_if(draft.edges, [&](const DraftEdge& edge) {
     if (edge.from == edge.to) return true;
-    const auto key = edge.oneWay ? std::pair(edge.from, edge.to)
-                                 : std::pair(std::min(edge.from, edge.to),
-                                             std::max(edge.from, edge.to));
+    const auto key = edge.oneWay
+                         ? std::pair(edge.from, edge.to)
+                         : std::pair(std::min(edge.from, edge.to), std::max(edge.from, edge.to));
     return !known.insert(key).second;
   });
   std::vector<bool> used(draft.nodes.size());

@@ -80,8 +80,7 @@ std::optional<Ways::Index> Ways::search(const DraftNode& from, double longest,
     if (cost > costs_[point]) continue;
     if (isGoal(point)) return point;
     for (const Index next : neighbors_[point])
-      reach(next, cost + package::distance(skeleton_.points[point], skeleton_.points[next]),
-            point);
+      reach(next, cost + package::distance(skeleton_.points[point], skeleton_.points[next]), point);
   }
   return {};
 }
