@@ -106,6 +106,7 @@ class Reader {
                     parsed.error);
     const json::object* root = parsed.value.if_object();
     if (root == nullptr) return;
+    result_.type = textOf(root->if_contains("type"));
     result_.name = textOf(root->if_contains("name"));
     if (const json::object* crs = objectOf(*root, "crs"))
       if (const json::object* properties = objectOf(*crs, "properties"))
@@ -118,6 +119,7 @@ class Reader {
     const json::object* root = parsed.value.if_object();
     if (root == nullptr || textOf(root->if_contains("type")) != "Feature")
       fail("this is JSON, but not GeoJSON: it has no array \"features\"");
+    result_.type = "Feature";
     addFeature(parsed.value, 0);
   }
 
@@ -148,6 +150,8 @@ class Reader {
     }
     if (json::value* properties = object->if_contains("properties"))
       if (properties->is_object()) feature.properties = std::move(properties->get_object());
+    for (const char* each : {"type", "geometry", "properties"}) object->erase(each);
+    feature.members = std::move(*object);
     result_.features.push_back(std::move(feature));
   }
 
