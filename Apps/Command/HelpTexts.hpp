@@ -21,7 +21,7 @@ Examples:
   orivanta route astrolabe-court --from "paper kestrel" --to "popcorn nebula" --accessible
 
 Exit codes: 0 success, 1 nothing found, 2 incorrect usage, 3 no response from the server,
-4 the output cannot be written.
+4 the output cannot be written, 5 the source of an import cannot be read.
 
 `orivanta COMMAND --help` describes a command and its options.)";
 
@@ -65,10 +65,11 @@ Guided requests have the members "guide", "profile", "via", "bestOrder", "neares
 Their output has "legs" and "steps", as with --guide --json.)";
 
 inline constexpr const char* walkFooter = R"(
-Prints each instruction when it comes up, with the time and the rest of the way. With --json, prints
-one line for each second of the walk: "time" in seconds, the position as "map", "x" and "y", the
-indices of the "leg" and of the next "step", "metersLeft", "offRoute" and "arrived". With
---off-route, the visitor goes 25 m to the side after this time, and gets a new route from there.
+Prints each instruction about 30 m before its place, and the arrival at the destination, with the
+time and the rest of the way. With --json, prints one line for each second of the walk: "time" in
+seconds, the position as "map", "x" and "y", the indices of the "leg", of the next "step" and of the
+step that is "announced", "metersLeft", "offRoute" and "arrived". With --off-route, the visitor goes
+25 m to the side after this time, and gets a new route from there.
 Places are specified as for `orivanta route`.
 
 Examples:
@@ -80,7 +81,8 @@ inline constexpr const char* costsFooter = R"(
 Prints a table with tabs: the places, and for each place a row with the costs of the routes to all
 of them. A cost is the expected time in milliseconds with the penalties of the profile, or -1 if
 there is no route. With --json, "costs" has a list for each of the "places". Places are specified as
-for `orivanta route`; lines that are empty are ignored.
+for `orivanta route`; lines that are empty are ignored. The table has at most 4,000,000 costs, so
+there can be at most 2,000 places; more are an error (exit code 2).
 
 Examples:
   orivanta costs astrolabe-court --places shops.txt --profile step-free
@@ -120,6 +122,31 @@ Examples:
   orivanta view astrolabe-court --size 390x844  one venue, in the size of a phone
   orivanta view --scale 2                       two pixels per point)";
 
+inline constexpr const char* importFooter = R"(
+Reads an IMDF 1.0 archive (a folder or a zip file), an OpenStreetMap extract with indoor tags (.osm,
+.osm.pbf, Overpass JSON or GeoJSON), IndoorGML 1.0 or 1.1, or a station network (GeoJSON or
+Shapefile). If the source has no walking network, one is made from the drawn rooms, corridors and
+doors. The last line tells what was made and how many things to look at there are.
+
+The package is written beside FOLDER and renamed when it is complete. A folder that is no package is
+never replaced. The same source and options give the same files. Show the package with
+`orivanta serve FOLDER`.
+
+--fixes names a JSON file with corrections by identifiers of the source; the report contains one to
+start from:
+  {"way/4711": {"name": "Workshop", "hours": "Mo-Fr 08:00-17:00"},
+   "way/4712": {"kind": "room", "door": {"latitude": 51.02551, "longitude": 13.72271}},
+   "node/99": {"ignore": true}}
+
+With --strict, exit code 1 means that there is a warning or a violation. Exit code 5 means that the
+source cannot be read.
+
+Examples:
+  orivanta import mall.imdf.zip -o mall
+  orivanta import campus.osm -o library --building "Main library" --language de,en
+  orivanta import station/*.geojson -o station --report station.html
+  orivanta import plan.gml -o house --storey-height 3 --fixes house.json)";
+
 inline constexpr const char* serveFooter = R"(
 Prints the root URL of the API when it is ready, and serves until it is interrupted. Each FOLDER is
 a venue package or contains several of them; the default is the demo venue. If a user name and a
@@ -139,21 +166,57 @@ Examples:
 
 inline constexpr const char* auditFooter = R"(
 Prints one line of JSON for each package, in order:
-  "withoutNodes"  places to which no route can lead, because they have no nodes
-  "unreachable"   places that no entrance reaches
-  "entrances"     for each entrance the places that it does not reach without steps
-  "connectors"    the connectors whose failure cuts off places: "cutOff" for everybody,
-                  "cutOffStepFree" for visitors who need a route without steps
+  "withoutNodes"    places to which no route can lead, because they have no nodes
+  "unreachable"     places that no entrance reaches
+  "withoutWayBack"  places that an entrance reaches, but from which no way leads to an entrance,
+                    because edges exist in one direction only
+  "entrances"       for each entrance the places that it does not reach without steps
+  "connectors"      the connectors whose failure cuts off places: "cutOff" for everybody,
+                    "cutOffStepFree" for visitors who need a route without steps
 Entrances are the locations of the type "entrance" or "exit", or of a category with such an
 identifier. If there is none, a well-connected place is used, and "entranceAssumed" is true.
-In the pictures, places without a step-free route are orange, unreachable places are red.
+In the pictures, places without a step-free route are orange, places without a way back are purple,
+and unreachable places are red.
 
-Exit code 1 means that a place cannot be reached at all.
+Exit code 1 means that a place cannot be reached, or cannot be left.
 
 Examples:
   orivanta audit my-venues > audit.jsonl
   orivanta audit my-venues/mall --picture mall.png
   parallel --keep-order -n 20 orivanta audit ::: venues/* > audit.jsonl)";
+
+inline constexpr const char* checkFooter = R"(
+For a package, finds records, references and files that are not used, paths without a way back,
+rooms that no route reaches, and the like. For an IMDF archive, an OpenStreetMap extract and the
+other sources of `orivanta import`, prints what an import would report, and writes nothing.
+
+Each finding has a severity. A violation means that a part of the data is lost; a warning, that
+something is probably not meant so. With --json, each line is an object with the members "source",
+"number", "severity", "rule", "id", "file", "line", "field", "level", "map", "x", "y", "message",
+"effect" and "advice"; those that do not apply are null.
+
+Exit code 1 means that there are violations.
+
+Examples:
+  orivanta check my-venues/mall
+  orivanta check my-venues --json | jq -r 'select(.severity == "violation") | .message'
+  orivanta check mall.imdf.zip --html mall.html)";
+
+inline constexpr const char* publishFooter = R"(
+Writes the whole API as files, with a compressed copy of each text. FOLDER/SLUG/LANGUAGE/1/ is the
+root of an API with one venue in one language, which any web server or object store can serve:
+clients read all records at once, and the query of their requests is ignored. The language "default"
+has the names of the building itself. FOLDER/nginx contains two files to include in the
+configuration of nginx. They add the API root URL/1/ with all venues in the language that the client
+prefers. Routes are not published, since clients compute them.
+
+FOLDER is replaced as a whole when everything is written. Packages with violations are not
+published; see `orivanta check`.
+
+Examples:
+  orivanta publish my-venues -o /srv/maps --base-url https://maps.example
+  orivanta publish my-venues/mall -o site --base-url https://cdn.example/maps
+  orivanta venues --endpoint https://cdn.example/maps/mall/default/1/)";
 
 inline constexpr const char* completionsFooter = R"(
 The completions are installed with the program. To use them without installation:

@@ -9,6 +9,7 @@
 #include <exception>
 #include <iostream>
 
+#include "Apps/Command/CheckSource.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Server/VenueServer.hpp"
 
@@ -51,9 +52,13 @@ int serve(const ServeOptions& options) {
     allowDescriptors(serverOptions.limits.connections);
     const server::VenueServer server(serverOptions);
     std::cout << server.root() << std::endl;
+    summarizePackages(serverOptions.folders);  // while the server already responds
     signals.async_wait([](const boost::system::error_code&, int) {});
     context.run();
     return 0;
+  } catch (const server::PackageError& error) {
+    std::cerr << "orivanta serve: " << error.what() << checkAdvice(options.folders) << '\n';
+    return 2;
   } catch (const std::exception& error) {
     std::cerr << "orivanta serve: " << error.what() << '\n';
     return 2;

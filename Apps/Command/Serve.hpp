@@ -23,7 +23,8 @@ struct ServeOptions {
   std::vector<std::string> trustedProxies;  ///< IP addresses
 };
 
-/// Prints the API root as one line on standard output when clients can connect, serves until SIGINT
+/// Prints the API root as one line on standard output when clients can connect, and the number of
+/// mistakes in each package on standard error if there are any. Serves until SIGINT
 /// or SIGTERM arrives, and returns the exit code. The code is 0, or 2 after a line on standard
 /// error if the server could not start.
 int serve(const ServeOptions& options);

@@ -12,10 +12,11 @@ namespace orivanta::server {
 namespace {
 
 struct Deflation {
-  Deflation() {
+  explicit Deflation(GzipLevel level) {
     constexpr int gzipWindow = MAX_WBITS + 16;  // adding 16 selects gzip instead of zlib's format
-    if (deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, gzipWindow, MAX_MEM_LEVEL,
-                     Z_DEFAULT_STRATEGY) != Z_OK)
+    const int effort = level == GzipLevel::fastest ? Z_BEST_SPEED : Z_BEST_COMPRESSION;
+    if (deflateInit2(&stream, effort, Z_DEFLATED, gzipWindow, MAX_MEM_LEVEL, Z_DEFAULT_STRATEGY) !=
+        Z_OK)
       throw std::bad_alloc();
   }
   ~Deflation() { deflateEnd(&stream); }
@@ -27,9 +28,9 @@ struct Deflation {
 
 }  // namespace
 
-std::string gzipped(const ByteSource& source) {
+std::string gzipped(const ByteSource& source, GzipLevel level) {
   constexpr std::size_t chunkBytes = 64U << 10U;
-  Deflation deflation;
+  Deflation deflation(level);
   z_stream& stream = deflation.stream;
   std::string output;
   const auto chunks = std::make_unique<std::array<std::array<char, chunkBytes>, 2>>();
@@ -49,12 +50,13 @@ std::string gzipped(const ByteSource& source) {
   return output;
 }
 
-std::string gzipped(std::string_view bytes) {
-  return gzipped([&](char* target, std::size_t count) {
+std::string gzipped(std::string_view bytes, GzipLevel level) {
+  const auto source = [&](char* target, std::size_t count) {
     count = bytes.copy(target, count);
     bytes.remove_prefix(count);
     return count;
-  });
+  };
+  return gzipped(source, level);
 }
 
 }  // namespace orivanta::server

@@ -11,8 +11,10 @@ namespace orivanta::server {
 /// Fills the buffer with at most `count` further bytes and returns their number; 0 at the end.
 using ByteSource = std::function<std::size_t(char* bytes, std::size_t count)>;
 
-/// The bytes in gzip format (RFC 1952) at the fastest level. The output depends only on the input.
-std::string gzipped(const ByteSource& source);
-std::string gzipped(std::string_view bytes);
+enum class GzipLevel { fastest, smallest };
+
+/// The bytes in gzip format (RFC 1952). The output depends only on the input and the level.
+std::string gzipped(const ByteSource& source, GzipLevel level = GzipLevel::fastest);
+std::string gzipped(std::string_view bytes, GzipLevel level = GzipLevel::fastest);
 
 }  // namespace orivanta::server

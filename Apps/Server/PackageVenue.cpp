@@ -1,6 +1,5 @@
 #include "Apps/Server/PackageVenue.hpp"
 
-#include <algorithm>
 #include <future>
 #include <utility>
 
@@ -14,16 +13,6 @@
 namespace orivanta::server {
 
 namespace {
-
-std::vector<RecordCollection::Language> chosen(const RecordCollection& records,
-                                               const std::vector<std::string>& languages) {
-  std::vector<RecordCollection::Language> numbers;
-  const auto& known = records.languages();
-  for (const std::string& tag : languages)
-    if (const auto found = std::find(known.begin(), known.end(), tag); found != known.end())
-      numbers.push_back(static_cast<RecordCollection::Language>(found - known.begin()));
-  return numbers;
-}
 
 // Answers the requests of a load with whole collections of the package.
 class PackageTransport : public network::UrlTransport {
@@ -40,7 +29,7 @@ class PackageTransport : public network::UrlTransport {
     if (target && target->path.size() == 2)
       if (const RecordCollection* records = package_->collection(target->path[1])) {
         answer.response.statusCode = 200;
-        answer.body = records->page(0, records->size(), origin_, chosen(*records, languages_));
+        answer.body = records->page(0, records->size(), origin_, records->languagesAmong(languages_));
       }
     completed(std::move(answer));
   }
@@ -58,7 +47,7 @@ std::shared_ptr<Venue> loadPackage(const std::shared_ptr<const VenuePackage>& pa
                                    const std::string& origin) {
   RecordCollection venues;
   venues.append(package->venue, package->filesPath());
-  const auto records = RawData::parse(venues.page(0, 1, origin, chosen(venues, languages)));
+  const auto records = RawData::parse(venues.page(0, 1, origin, venues.languagesAmong(languages)));
   const auto venue = Venue::make(records->arrayValue().front());
   if (!venue) throw PackageError(package->source.string() + ": the venue's record is incomplete");
   const WebApiSession session(origin + "/1/", "", "", "en", nullptr, defaultLoadBytes,

@@ -146,6 +146,15 @@ RecordCollection::Language RecordCollection::languageNumber(std::string_view tag
   return entry->second;
 }
 
+std::vector<RecordCollection::Language> RecordCollection::languagesAmong(
+    const std::vector<std::string>& tags) const {
+  std::vector<Language> among;
+  for (const std::string& tag : tags)
+    if (const auto known = languageNumbers_.find(tag); known != languageNumbers_.end())
+      among.push_back(known->second);
+  return among;
+}
+
 std::string RecordCollection::page(std::size_t first, std::size_t count, std::string_view origin,
                                    const std::vector<Language>& preferred) const {
   if (first >= size() || count == 0) return "[]";

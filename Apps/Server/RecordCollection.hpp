@@ -30,6 +30,9 @@ class RecordCollection {
   /// The language tags for which records have names, in lower case, without duplicates.
   const std::vector<std::string>& languages() const { return languages_; }
 
+  /// The languages of the collection among these tags, which are in lower case, in the given order.
+  std::vector<Language> languagesAmong(const std::vector<std::string>& tags) const;
+
   /// Whether pages depend on the origin because a record refers to a file of its package.
   bool dependsOnOrigin() const { return dependsOnOrigin_; }
 

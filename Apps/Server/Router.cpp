@@ -28,15 +28,8 @@ constexpr std::size_t largestCompressed = 32U << 20U;
 // The client's languages that the collection has, best first.
 std::vector<RecordCollection::Language> preferredLanguages(const Request& request,
                                                            const RecordCollection& records) {
-  std::vector<RecordCollection::Language> preferred;
-  if (records.languages().empty()) return preferred;
-  for (const std::string& tag : languagesToLookUp(request.acceptLanguage)) {
-    const auto& known = records.languages();
-    const auto language = std::find(known.begin(), known.end(), tag);
-    if (language != known.end())
-      preferred.push_back(static_cast<RecordCollection::Language>(language - known.begin()));
-  }
-  return preferred;
+  if (records.languages().empty()) return {};
+  return records.languagesAmong(languagesToLookUp(request.acceptLanguage));
 }
 
 bool isCollectionName(std::string_view name) {

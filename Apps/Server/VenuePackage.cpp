@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <atomic>
 #include <boost/json/object.hpp>
-#include <boost/json/parser.hpp>
 #include <boost/json/value.hpp>
 #include <fstream>
 #include <iterator>
@@ -16,6 +15,7 @@
 #include "Apps/Server/JsonText.hpp"
 #include "Apps/Server/PackageError.hpp"
 #include "Apps/Server/UrlText.hpp"
+#include "Apps/Text/JsonFault.hpp"
 #include "Source/RawData.hpp"
 
 namespace orivanta::server {
@@ -24,8 +24,6 @@ namespace fs = std::filesystem;
 namespace json = boost::json;
 
 namespace {
-
-constexpr std::size_t deepestNesting = 1000;  // that `RawData` reads
 
 [[noreturn]] void refuse(const fs::path& file, std::string_view reason) {
   throw PackageError(fmt::format("{}: {}", file.string(), reason));
@@ -40,23 +38,6 @@ std::string contentsOf(const fs::path& file) {
   return contents;
 }
 
-// Describes why `RawData` rejected the text, and where.
-std::string faultOf(std::string_view text) {
-  json::parse_options options;
-  options.max_depth = deepestNesting;
-  json::parser parser({}, options);
-  json::error_code error;
-  const std::size_t position = parser.write_some(text.data(), text.size(), error);
-  if (!error && position == text.size())
-    return parser.release().is_structured() ? "it contains a number outside the range of a double"
-                                            : "neither an object nor an array";
-  const std::string_view before = text.substr(0, position);
-  const auto line = std::count(before.begin(), before.end(), '\n') + 1;
-  const std::size_t column = before.size() - (before.rfind('\n') + 1) + 1;
-  return fmt::format("{} at line {}, column {}", error ? error.message() : "more than one value",
-                     line, column);
-}
-
 struct JsonFile {
   std::string text;
   std::shared_ptr<const json::value> value;
@@ -65,7 +46,7 @@ struct JsonFile {
 JsonFile readJson(const fs::path& file) {
   JsonFile read{contentsOf(file), nullptr};
   if (const auto data = RawData::parse(read.text)) read.value = data->data();
-  if (!read.value) refuse(file, "not JSON: " + faultOf(read.text));
+  if (!read.value) refuse(file, "not JSON: " + text::jsonFault(read.text).description());
   return read;
 }
 

@@ -1,0 +1,287 @@
+#include "Apps/Check/PackageNetwork.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <boost/json/array.hpp>
+#include <cstdint>
+#include <numeric>
+#include <unordered_map>
+
+namespace orivanta::check {
+
+namespace json = boost::json;
+
+namespace {
+
+using Number = std::uint32_t;
+
+// The parts of the network that paths and connectors join, in whatever direction.
+class Parts {
+ public:
+  explicit Parts(std::size_t count) : parents_(count) {
+    std::iota(parents_.begin(), parents_.end(), 0U);
+  }
+
+  Number of(Number node) {
+    while (parents_[node] != node) node = parents_[node] = parents_[parents_[node]];
+    return node;
+  }
+
+  void join(Number first, Number second) { parents_[of(first)] = of(second); }
+
+ private:
+  std::vector<Number> parents_;
+};
+
+bool isRide(const Record& connector) {
+  const auto type = connector.text("type");
+  return type == "elevator" || type == "lift";
+}
+
+// Lifts, stairs and ramps are used in both directions; of other connectors, one-way paths tell the
+// direction.
+bool isTwoWay(const Record& connector) {
+  const auto type = connector.text("type");
+  return isRide(connector) || type == "stairs" || type == "ramp";
+}
+
+bool isMarkedOneWay(const json::value& path) {
+  const json::value* mark = path.get_object().if_contains("oneWay");
+  return mark != nullptr && mark->is_bool() && mark->get_bool();
+}
+
+class Network {
+ public:
+  Network(const PackageRecords& records, Findings& findings)
+      : records_(records), findings_(findings), parts_(records[RecordKind::node].records.size()) {
+    readConnectors();
+    readPaths();
+  }
+
+  void checkPaths() const {
+    for (Number from = 0; from < nodes().size(); ++from)
+      for (const Path& path : paths_[from]) {
+        const bool leadsBack = hasPath(path.to, from);
+        if (!path.meant && !leadsBack) addOneWay(from, path.to);
+        if (nodes()[from].text("map") != nodes()[path.to].text("map") &&
+            (from < path.to || !leadsBack))
+          addBetweenFloors(from, path.to);
+      }
+  }
+
+  void checkNodes() const {
+    for (Number number = 0; number < nodes().size(); ++number)
+      if (nodes()[number].kept && paths_[number].empty() && !hasIncoming_[number])
+        checkLonely(number);
+  }
+
+  void checkConnectors() const {
+    std::vector<const Record*> withinFloor;
+    for (const Record& connector : records_[RecordKind::vortex].records)
+      if (connector.kept && isWithinFloor(connector)) withinFloor.push_back(&connector);
+    if (!withinFloor.empty()) addWithinFloor(withinFloor);
+  }
+
+  void checkPlaces() {
+    const auto places = placesByPart();
+    const auto main = std::max_element(
+        places.begin(), places.end(),
+        [](const auto& first, const auto& second) { return first.second < second.second; });
+    if (places.size() < 2) return;
+    for (const Record& place : records_[RecordKind::location].records)
+      if (place.kept) checkPlace(place, main->first);
+  }
+
+ private:
+  struct Path {
+    Number to;
+    bool meant;  // a path in one direction is meant
+  };
+
+  const std::vector<Record>& nodes() const { return records_[RecordKind::node].records; }
+
+  std::optional<Number> numberOf(std::optional<std::string_view> id) const {
+    const Record* node = id ? records_.find(RecordKind::node, *id) : nullptr;
+    if (node == nullptr || !node->kept) return std::nullopt;
+    return static_cast<Number>(node - nodes().data());
+  }
+
+  void readConnectors() {
+    connectors_.resize(nodes().size(), 0);
+    directed_.resize(nodes().size(), false);
+    for (const Record& connector : records_[RecordKind::vortex].records) {
+      if (!connector.kept) continue;
+      std::optional<Number> first;
+      for (const json::value& element : elementsOf(connector, "nodes")) {
+        const auto number = numberOf(identifierIn(element, ""));
+        if (!number) continue;
+        ++connectors_[*number];
+        if (!isTwoWay(connector)) directed_[*number] = true;
+        parts_.join(*number, first.value_or(*number));
+        first = number;
+      }
+    }
+  }
+
+  void readPaths() {
+    paths_.resize(nodes().size());
+    hasIncoming_.resize(nodes().size(), false);
+    for (Number from = 0; from < nodes().size(); ++from) {
+      if (numberOf(nodes()[from].text("id")) != from) continue;  // left out
+      for (const json::value& element : elementsOf(nodes()[from], "paths")) {
+        const auto to = numberOf(identifierIn(element, "node"));
+        if (!to || *to == from) continue;
+        paths_[from].push_back({*to, directed_[from] || directed_[*to] || isMarkedOneWay(element)});
+        hasIncoming_[*to] = true;
+        parts_.join(from, *to);
+      }
+      std::sort(paths_[from].begin(), paths_[from].end(),
+                [](const Path& first, const Path& second) { return first.to < second.to; });
+    }
+  }
+
+  bool hasPath(Number from, Number to) const {
+    const auto& list = paths_[from];
+    const auto found = std::lower_bound(
+        list.begin(), list.end(), to, [](const Path& path, Number node) { return path.to < node; });
+    return found != list.end() && found->to == to;
+  }
+
+  void addOneWay(Number from, Number to) const {
+    Finding finding =
+        records_.findingAbout(nodes()[from], Severity::warning, "one-way-path", "paths");
+    const std::string name = nodes()[from].label();
+    finding.message = fmt::format("A path leads from \"{}\" to \"{}\", and none back.", name,
+                                  nodes()[to].label());
+    finding.effect = "Routes use it in this direction only.";
+    finding.advice = fmt::format(
+        "Add {{\"node\": \"{}\"}} to the \"paths\" of \"{}\". If one direction is meant, add "
+        "\"oneWay\": true to the path.",
+        name, nodes()[to].label());
+    findings_.add(std::move(finding));
+  }
+
+  void addBetweenFloors(Number from, Number to) const {
+    Finding finding =
+        records_.findingAbout(nodes()[from], Severity::warning, "path-between-floors", "paths");
+    finding.message = fmt::format(
+        "A path leads from \"{}\" on the floor \"{}\" to \"{}\" on \"{}\".", nodes()[from].label(),
+        *nodes()[from].text("map"), nodes()[to].label(), *nodes()[to].text("map"));
+    finding.effect = "Routes change floors there, and instructions do not mention it.";
+    finding.advice = "Correct the \"map\" of one of the nodes, or join the floors by a connector.";
+    findings_.add(std::move(finding));
+  }
+
+  // A node at which nothing begins or ends except perhaps one connector.
+  void checkLonely(Number number) const {
+    if (connectors_[number] > 1) return;
+    const bool boards = connectors_[number] == 1;
+    Finding finding =
+        records_.findingAbout(nodes()[number], Severity::warning, "node-without-paths", "paths");
+    finding.message =
+        fmt::format("No path leads to or from the node \"{}\"{}.", nodes()[number].label(),
+                    boards ? ", where a connector is entered" : "");
+    finding.effect = boards ? "Nobody reaches the connector there, or leaves it."
+                            : "No route leads to the node.";
+    finding.advice = "Add paths that join it with its neighbors, in both directions.";
+    findings_.add(std::move(finding));
+  }
+
+  // Reports connectors that join nothing. Returns whether all nodes are on one floor, as of short
+  // flights of steps.
+  bool isWithinFloor(const Record& connector) const {
+    std::vector<Number> found;
+    bool isOnOneFloor = true;
+    for (const json::value& element : elementsOf(connector, "nodes"))
+      if (const auto number = numberOf(identifierIn(element, ""))) {
+        found.push_back(*number);
+        isOnOneFloor =
+            isOnOneFloor && nodes()[*number].text("map") == nodes()[found.front()].text("map");
+      }
+    if (!isOnOneFloor) return false;
+    std::sort(found.begin(), found.end());
+    found.erase(std::unique(found.begin(), found.end()), found.end());
+    if (found.size() > 1 && !isRide(connector)) return true;
+    addOneFloor(connector, found);
+    return false;
+  }
+
+  void addOneFloor(const Record& connector, const std::vector<Number>& found) const {
+    Finding finding =
+        records_.findingAbout(connector, Severity::warning, "connector-with-one-floor", "nodes");
+    if (found.empty()) {
+      finding.message = "The connector has no nodes.";
+    } else {
+      finding.message =
+          fmt::format("All nodes of the connector are on the floor \"{}\".", finding.map);
+    }
+    finding.effect = "No route uses it to change floors.";
+    finding.advice =
+        "List a node on each floor in \"nodes\", and check the \"map\" of these nodes.";
+    findings_.add(std::move(finding));
+  }
+
+  void addWithinFloor(const std::vector<const Record*>& connectors) const {
+    Finding finding =
+        records_.findingAbout(*connectors.front(), Severity::info, "connector-within-floor");
+    finding.message = fmt::format(
+        "{} join{} nodes of the same floor, as a short flight of steps does. This one is the "
+        "first.",
+        connectors.size() == 1 ? "One connector" : fmt::format("{} connectors", connectors.size()),
+        connectors.size() == 1 ? "s" : "");
+    finding.effect = "Routes use them within the floor.";
+    finding.advice = "If one leads to another floor, check the \"map\" of its nodes.";
+    findings_.add(std::move(finding));
+  }
+
+  std::optional<Number> nodeOf(const Record& place) const {
+    for (const json::value& element : elementsOf(place, "nodes"))
+      if (const auto number = numberOf(identifierIn(element, "node"))) return number;
+    return std::nullopt;
+  }
+
+  std::unordered_map<Number, std::size_t> placesByPart() {
+    std::unordered_map<Number, std::size_t> places;
+    for (const Record& place : records_[RecordKind::location].records)
+      if (const auto node = nodeOf(place); node && place.kept) ++places[parts_.of(*node)];
+    return places;
+  }
+
+  void checkPlace(const Record& place, Number main) {
+    for (const json::value& element : elementsOf(place, "nodes"))
+      if (const auto number = numberOf(identifierIn(element, "node")))
+        if (parts_.of(*number) == main) return;
+    const auto node = nodeOf(place);
+    if (!node) return;
+    Finding finding = records_.findingAbout(place, Severity::warning, "unreachable", "nodes");
+    finding.message = fmt::format("Nothing joins the place \"{}\" with most other places.",
+                                  place.text("name").value_or(""));
+    finding.effect = "No route leads from them to the place, or back.";
+    finding.advice = fmt::format(
+        "Add paths between the surroundings of the node \"{}\" and the rest of the network, or a "
+        "connector to its floor.",
+        nodes()[*node].label());
+    findings_.add(std::move(finding));
+  }
+
+  const PackageRecords& records_;
+  Findings& findings_;
+  Parts parts_;
+  std::vector<std::vector<Path>> paths_;  // of each node, by the other end
+  std::vector<bool> hasIncoming_;
+  std::vector<Number> connectors_;  // how many have the node
+  std::vector<bool> directed_;      // a node of a connector that may have a direction
+};
+
+}  // namespace
+
+void checkNetwork(const PackageRecords& records, Findings& findings) {
+  Network network(records, findings);
+  network.checkPaths();
+  network.checkNodes();
+  network.checkConnectors();
+  network.checkPlaces();
+}
+
+}  // namespace orivanta::check

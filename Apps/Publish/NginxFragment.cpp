@@ -1,0 +1,104 @@
+#include "Apps/Publish/NginxFragment.hpp"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <map>
+#include <string_view>
+
+namespace orivanta::publish {
+
+namespace {
+
+std::string escapedForRegex(std::string_view text) {
+  std::string result;
+  for (const char character : text) {
+    if (character == '.' || character == '-') result += '\\';
+    result += character;
+  }
+  return result;
+}
+
+// The longest first, so that "de-at" is found before "de".
+std::vector<std::string> longestFirst(std::vector<std::string> languages) {
+  std::stable_sort(languages.begin(), languages.end(), [](const auto& first, const auto& second) {
+    return first.size() > second.size();
+  });
+  return languages;
+}
+
+// A map from the Accept-Language header to one of the languages. Each pattern skips the elements of
+// the header that name no available language or have the weight 0.
+std::string languageMap(std::string_view variable, const std::vector<std::string>& languages) {
+  std::string text =
+      fmt::format("map $http_accept_language ${} {{\n  default default;\n", variable);
+  const std::vector<std::string> ordered = longestFirst(languages);
+  const std::string available =
+      fmt::format(R"((?:{})(?:-[a-z0-9-]*)?\s*(?:,|$|;(?!\s*q=0(?:\.0*)?\s*(?:,|$))))",
+                  fmt::join(ordered, "|"));
+  for (const std::string& language : ordered)
+    text += fmt::format("  \"~*^(?:\\s*+(?!{0})[^,]*,)*\\s*+(?={0}){1}(?:[-\\s,;]|$)\" {1};\n",
+                        available, language);
+  return text + "}\n";
+}
+
+}  // namespace
+
+std::string nginxMaps(const std::vector<PublishedVenue>& venues,
+                      const std::vector<std::string>& listLanguages) {
+  std::string text = "# Written by `orivanta publish`. Include it in the http block.\n";
+  text += languageMap("orivanta_list_language", listLanguages);
+  std::map<std::vector<std::string>, std::string> variables;  // venues with equal languages share
+  std::string folders = "map $arg_venue $orivanta_venue {\n  default \"\";\n";
+  for (const PublishedVenue& venue : venues) {
+    const auto [entry, isNew] = variables.try_emplace(
+        venue.languages, fmt::format("orivanta_language_{}", variables.size()));
+    if (isNew) text += languageMap(entry->second, venue.languages);
+    folders += fmt::format("  \"~^{}$\" \"{}/${}\";\n", escapedForRegex(venue.slug), venue.slug,
+                           entry->second);
+  }
+  return text + folders + "}\n";
+}
+
+std::string nginxLocations(const std::vector<PublishedVenue>& venues, const std::string& path) {
+  static constexpr std::string_view common = R"(  default_type application/json;
+  gzip_static on;
+  gzip_vary on;
+  add_header Cache-Control no-cache;
+)";
+  std::vector<std::string> folders = {"1/files"};
+  for (const PublishedVenue& venue : venues) folders.push_back(escapedForRegex(venue.slug));
+  return fmt::format(
+      R"(# Written by `orivanta publish`. Include it in a server block with `root FOLDER;`.
+location = {0}/1/venue {{
+{1}  add_header Vary Accept-Language;
+  try_files /1/venues/$orivanta_list_language =404;
+}}
+location ~ ^{2}/1/(?<orivanta_collection>map|location|category|node|vortex|polygon|closure)$ {{
+{1}  add_header Vary Accept-Language;
+  if ($orivanta_venue = "") {{
+    return 404 '{{"error":{{"status":404,"message":"The query must contain venue=SLUG of a venue."}}}}';
+  }}
+  try_files /$orivanta_venue/1/$orivanta_collection =404;
+}}
+location ~ ^{2}(?<orivanta_file>/(?:{3})/.+)$ {{
+{1}  types {{
+    application/json json;
+    model/obj obj;
+    model/mtl mtl;
+    image/png png;
+    image/jpeg jpg jpeg;
+    image/gif gif;
+    image/webp webp;
+    image/bmp bmp;
+    image/svg+xml svg;
+    text/plain txt md;
+  }}
+  try_files $orivanta_file =404;
+}}
+)",
+      path, common, escapedForRegex(path), fmt::join(folders, "|"));
+}
+
+}  // namespace orivanta::publish
