@@ -5,6 +5,7 @@
 #include "Apps/Import/Network/Sight.hpp"
 #include "Apps/Import/Network/Tidy.hpp"
 #include "Apps/Import/Network/Trunk.hpp"
+#include "Apps/Import/OpenShape.hpp"
 #include "Apps/Import/WalkableSpace.hpp"
 
 namespace orivanta::importer {
@@ -70,24 +71,10 @@ bool Rooms::setInside(const Area& room, std::uint32_t node) {
   return entry.hasInside = true;
 }
 
-// The room without smaller areas in it.
-Shape Rooms::openShape(const Area& room) const {
-  Shape shape = room.shape;
-  const double surface = areaOf(room.shape);
-  for (const Area* other : contents_.near(room.shape, 0.0)) {
-    const double inner = areaOf(other->shape);
-    constexpr double mostly = 0.5;
-    if (other != &room && inner < surface &&
-        areaOf(common(room.shape, other->shape)) > mostly * inner)
-      shape = without(shape, other->shape);
-  }
-  return shape.empty() ? room.shape : shape;
-}
-
 void Rooms::addInsides(Draft& draft) {
   for (Room& room : rooms_) {
     if (room.hasInside) continue;
-    setInside(*room.area, draft.addNode({innerPoint(openShape(*room.area)),
+    setInside(*room.area, draft.addNode({innerPoint(openShape(*room.area, contents_)),
                                          NodeKind::inside,
                                          room.area->id,
                                          room.area->id,
@@ -109,7 +96,7 @@ void Rooms::finish(Draft& draft) {
 }
 
 void Rooms::connect(const Room& room, Draft& draft) const {
-  const Shape shape = openShape(*room.area);
+  const Shape shape = openShape(*room.area, contents_);
   const Space space(shape);
   Draft own;
   own.addNode(draft.nodes[room.inside]);

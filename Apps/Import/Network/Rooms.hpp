@@ -49,7 +49,6 @@ class Rooms {
     bool hasInside = false;
     std::vector<std::uint32_t> joined;
   };
-  Shape openShape(const Area& room) const;
   void connect(const Room& room, Draft& draft) const;
 
   AreaIndex index_;     // of the rooms
