@@ -257,7 +257,7 @@ void countDoors(const Building& building) {
 }
 
 // Rooms that are connected with the largest part of the network, connectors included.
-void countReachableRooms(const Building& building) {
+void countReachableRooms(const Building& building, bool list) {
   const importer::Network& network = building.network;
   std::vector<std::size_t> parts(network.nodes.size());
   for (std::size_t i = 0; i < parts.size(); ++i) parts[i] = i;
@@ -284,6 +284,16 @@ void countReachableRooms(const Building& building) {
     if (const auto room = rooms.find(network.nodes[i].of);
         room != rooms.end() && find(i) == largest)
       room->second = true;
+  for (const importer::Area& area : building.areas) {
+    if (!list || area.kind != importer::AreaKind::room || rooms.at(area.id)) continue;
+    const auto doors = std::count_if(
+        building.doors.begin(), building.doors.end(), [&](const importer::Door& door) {
+          return std::find(door.areas.begin(), door.areas.end(), area.id) != door.areas.end();
+        });
+    fmt::print("  not reachable    {} on {:g}, {} doors, {:.0f} m2 ({:.1f} {:.1f})\n", area.id,
+               area.level, doors, importer::areaOf(area.shape), area.shape.front().outer.front().x,
+               area.shape.front().outer.front().y);
+  }
   const auto reachable = static_cast<std::size_t>(
       std::count_if(rooms.begin(), rooms.end(), [](const auto& room) { return room.second; }));
   fmt::print("rooms reachable    {}\n", share(reachable, rooms.size()));
@@ -319,6 +329,13 @@ Alignment align(const Building& building, const SurveyedPackage& survey) {
     ++votes[node.floor][spot->second.level];
   }
   Alignment alignment{{quantile(x, 0.5), quantile(y, 0.5)}, {}, x.size()};
+  // Floors without a known node are named by their level: "venue-B1", "venue-2".
+  for (const PlainNetwork::Node& node : survey.network.nodes) {
+    const std::string name = node.floor.substr(node.floor.rfind('-') + 1);
+    if (name.empty()) continue;
+    alignment.levels[node.floor] =
+        name[0] == 'B' ? -std::atof(name.c_str() + 1) : std::atof(name.c_str());
+  }
   for (const auto& [floor, levels] : votes)
     alignment.levels[floor] =
         std::max_element(levels.begin(), levels.end(), [](const auto& a, const auto& b) {
@@ -338,6 +355,28 @@ std::string typeOf(importer::ConnectorKind kind) {
     default:
       return "ramp";
   }
+}
+
+void reportMissing(const PlainConnector& connector, const SurveyedPackage& survey,
+                   const Alignment& alignment) {
+  std::string stops;
+  for (const std::size_t i : connector.nodes) {
+    const PlainNetwork::Node& node = survey.network.nodes[i];
+    const auto level = alignment.levels.find(node.floor);
+    const Point position = node.position + alignment.offset;
+    stops += fmt::format(" {:g} ({:.1f} {:.1f})",
+                         level == alignment.levels.end() ? -99.0 : level->second, position.x,
+                         position.y);
+  }
+  fmt::print("  not found        {}{}\n", connector.id, stops);
+}
+
+void reportUnknown(const importer::Connector& connector) {
+  std::string stops;
+  for (const importer::Stop& stop : connector.stops)
+    stops += fmt::format(" {:g} ({:.1f} {:.1f})", stop.spot.level, stop.spot.position.x,
+                         stop.spot.position.y);
+  fmt::print("  not surveyed     {}{}\n", connector.id, stops);
 }
 
 void compareConnectors(const Building& building, const SurveyedPackage& survey, bool list) {
@@ -372,7 +411,7 @@ void compareConnectors(const Building& building, const SurveyedPackage& survey, 
       if (isFound)
         ++found;
       else if (list)
-        fmt::print("  not found        {}\n", connector.id);
+        reportMissing(connector, survey, alignment);
     }
     std::size_t made = 0;
     std::size_t confirmed = 0;
@@ -383,7 +422,7 @@ void compareConnectors(const Building& building, const SurveyedPackage& survey, 
                       [&](const PlainConnector& one) { return stopsNear(connector, one) >= 2; }))
         ++confirmed;
       else if (list)
-        fmt::print("  not surveyed     {}\n", connector.id);
+        reportUnknown(connector);
     }
     fmt::print("{:<18} found {}; of those made surveyed {}\n", type, share(found, surveyed),
                share(confirmed, made));
@@ -440,7 +479,7 @@ int compare(const std::vector<std::string>& arguments) {
   fmt::print("storeys            {}, areas {}, nodes {}, edges {}\n", building.storeys.size(),
              building.areas.size(), building.network.nodes.size(), building.network.edges.size());
   countDoors(building);
-  countReachableRooms(building);
+  countReachableRooms(building, list);
   countLinesThroughWalls(building);
   if (paths[0] == "-") return 0;
   const SurveyedPackage survey = readSurveyedPackage(paths[0]);
