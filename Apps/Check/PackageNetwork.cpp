@@ -64,8 +64,7 @@ class Network {
       for (const Path& path : paths_[from]) {
         const bool leadsBack = hasPath(path.to, from);
         if (!path.meant && !leadsBack) addOneWay(from, path.to);
-        if (nodes()[from].text("map") != nodes()[path.to].text("map") &&
-            (from < path.to || !leadsBack))
+        if (elevationOf(from) != elevationOf(path.to) && (from < path.to || !leadsBack))
           addBetweenFloors(from, path.to);
       }
   }
@@ -139,6 +138,12 @@ class Network {
       std::sort(paths_[from].begin(), paths_[from].end(),
                 [](const Path& first, const Path& second) { return first.to < second.to; });
     }
+  }
+
+  // Floors at the same elevation, such as one indoors and one outdoors, may be joined by paths.
+  double elevationOf(Number node) const {
+    const Record* map = records_.find(RecordKind::map, nodes()[node].text("map").value_or(""));
+    return map != nullptr ? map->numberIn("elevation").value_or(0.0) : 0.0;
   }
 
   bool hasPath(Number from, Number to) const {
