@@ -84,12 +84,10 @@ class Network {
 
   void checkPlaces() {
     const auto places = placesByPart();
-    const auto main = std::max_element(
-        places.begin(), places.end(),
-        [](const auto& first, const auto& second) { return first.second < second.second; });
     if (places.size() < 2) return;
+    const auto main = mainPart(places);
     for (const Record& place : records_[RecordKind::location].records)
-      if (place.kept) checkPlace(place, main->first);
+      if (place.kept) checkPlace(place, main);
   }
 
  private:
@@ -251,6 +249,21 @@ class Network {
     for (const Record& place : records_[RecordKind::location].records)
       if (const auto node = nodeOf(place); node && place.kept) ++places[parts_.of(*node)];
     return places;
+  }
+
+  // The part with most places; of several, the one with the first place in the file.
+  Number mainPart(const std::unordered_map<Number, std::size_t>& places) {
+    Number main = 0;
+    std::size_t most = 0;
+    for (const Record& place : records_[RecordKind::location].records) {
+      const auto node = place.kept ? nodeOf(place) : std::nullopt;
+      const Number part = node ? parts_.of(*node) : 0;
+      if (node && places.at(part) > most) {
+        main = part;
+        most = places.at(part);
+      }
+    }
+    return main;
   }
 
   void checkPlace(const Record& place, Number main) {
