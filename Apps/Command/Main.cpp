@@ -15,6 +15,7 @@
 #include "Apps/Command/CheckSource.hpp"
 #include "Apps/Command/FindRoute.hpp"
 #include "Apps/Command/HelpTexts.hpp"
+#include "Apps/Command/ImportBuilding.hpp"
 #include "Apps/Command/ListCosts.hpp"
 #include "Apps/Command/ListVenues.hpp"
 #include "Apps/Command/ManualPage.hpp"
@@ -42,6 +43,7 @@ struct CommandLine {
   FindRouteOptions findRoute;
   RenderVenueOptions renderVenue;
   ViewVenueOptions viewVenue;
+  ImportOptions import;
   ServeOptions serve;
   AuditOptions audit;
   CheckOptions check;
@@ -143,7 +145,8 @@ void addGuideOptions(CLI::App& app, GuideOptions& options, const char* group) {
   const auto add = [&](const char* name, auto& value, const char* purpose, const char* type) {
     return app.add_option(name, value, purpose)->type_name(type)->group(group);
   };
-  add("--via", query.via, "Stop in between; may be repeated", "PLACE")->allow_extra_args(false);
+  add("--via", query.via, "Stop in between; up to 48, or 10 with --best-order", "PLACE")
+      ->allow_extra_args(false);
   app.add_flag("--best-order", query.bestOrder,
                "Visit the stops in the order that takes least time")
       ->group(group);
@@ -287,6 +290,65 @@ void addView(CLI::App& app, CommandLine& line) {
   });
 }
 
+void addImportChoices(CLI::App& command, ImportOptions& options) {
+  const auto add = [&](const char* name, auto& value, const char* purpose, const char* type) {
+    return command.add_option(name, value, purpose)->type_name(type);
+  };
+  add("--format", options.format,
+      "imdf, osm-xml, osm-pbf, overpass-json, osm-geojson, indoorgml or "
+      "stations; recognized by default",
+      "FORMAT")
+      ->check(CLI::IsMember(importFormats()));
+  add("--building", options.building, "Import only this building of the source", "NAME");
+  add("--bounds", options.bounds, "Import only what lies within, in degrees", "S,W,N,E");
+  add("--language", options.languages, "Languages for the names, best first, such as de,en", "TAGS")
+      ->allow_extra_args(false);
+  add("--level-shift", options.levelShifts, "Add N to the levels of a building; may be repeated",
+      "BUILDING=N")
+      ->allow_extra_args(false);
+  add("--storey-height", options.storeyHeight, "Meters between floors if the source has no heights",
+      "M")
+      ->check(CLI::Range(1.0, 100.0))
+      ->capture_default_str();
+  add("--network", options.network,
+      "Walking network: auto, source (only the source's) or derive (from the drawn areas)",
+      "CHOICE")
+      ->check(CLI::IsMember({"auto", "source", "derive"}))
+      ->capture_default_str();
+  add("--doors", options.doors, "Rooms without a door: guess one, or strict (none)", "CHOICE")
+      ->check(CLI::IsMember({"guess", "strict"}))
+      ->capture_default_str();
+}
+
+void addImport(CLI::App& app, CommandLine& line) {
+  ImportOptions& options = line.import;
+  auto& command = *app.add_subcommand("import", "Make a venue package of your own building");
+  command.footer(help::importFooter);
+  command
+      .add_option("SOURCE", options.sources,
+                  "Files, folder or archive: IMDF, OpenStreetMap, IndoorGML, station network")
+      ->required()
+      ->type_name("");
+  command.add_option("-o,--output", options.output, "Venue package to write or to replace")
+      ->required()
+      ->type_name("FOLDER");
+  addImportChoices(command, options);
+  command.add_option("--fixes", options.fixes, "Corrections that outlive a new import, see below")
+      ->type_name("FILE");
+  command.add_option("--report", options.report, "Write what to look at, with plans")
+      ->type_name("FILE.html");
+  command.add_flag("--strict", options.strict, "Write nothing if there is something to look at");
+  command.add_flag("--json", line.json, "Print a line of JSON for each finding and a summary");
+  addQuiet(command, line.connection);
+  command.callback([&line, &options] {
+    line.chosen = [&line, &options] {
+      options.json = line.json;
+      options.quiet = line.connection.quiet;
+      return importBuilding(options);
+    };
+  });
+}
+
 ExitCode serveVenues(ServeOptions& options, const ConnectionOptions& connection) {
   if (options.folders.empty()) {
     const auto folder = demo::demoVenueFolder();
@@ -336,7 +398,8 @@ void addServe(CLI::App& app, CommandLine& line) {
 
 void addAudit(CLI::App& app, CommandLine& line) {
   AuditOptions& options = line.audit;
-  auto& command = *app.add_subcommand("audit", "Find the places that some visitors cannot reach");
+  auto& command =
+      *app.add_subcommand("audit", "Find the places that some visitors cannot reach or leave");
   command.footer(help::auditFooter);
   command.add_option("FOLDER", options.folders, "Venue packages, or folders of them")
       ->required()
@@ -436,6 +499,7 @@ int run(int argc, char** argv) {
   addCosts(app, line);
   addRender(app, line);
   addView(app, line);
+  addImport(app, line);
   addServe(app, line);
   addAudit(app, line);
   addCheck(app, line);

@@ -82,6 +82,7 @@ struct Area {
   std::vector<Polygon> shape;
   std::string place;      ///< identifier of the place that it belongs to; may be empty
   std::string connector;  ///< areas with the same text belong to one connector; may be empty
+  Names names;            ///< of a connector's area; the names of others are those of their places
   std::string category;   ///< the source's value, such as "shop=clothes", "unit:restroom", "B005"
   Access access = Access::everybody;
   Wheelchair wheelchair = Wheelchair::unknown;

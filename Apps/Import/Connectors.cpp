@@ -1,7 +1,220 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "Apps/Import/Connectors/FromLines.hpp"
+#include "Apps/Import/Connectors/Pairing.hpp"
+#include "Apps/Import/Connectors/Stops.hpp"
+#include "Apps/Import/Geometry/Shapes.hpp"
 #include "Apps/Import/Stages.hpp"
 
 namespace orivanta::importer {
 
-void makeConnectors(Building&, const Options&, Findings&) {}
+namespace {
+
+// Collects the pieces of a building and joins those that belong together.
+class ConnectorMaker {
+ public:
+  explicit ConnectorMaker(const Building& building) : building_(building), surroundings_(building) {
+    for (const Area& area : building.areas) {
+      if (area.access == Access::nobody) continue;
+      if (auto piece = pieceOf(area)) {
+        byArea_.emplace(area.id, pieces_.size());
+        pieces_.push_back(std::move(*piece));
+      }
+    }
+    for (const ConnectorHint& hint : building.connectorHints) addSpots(hint);
+  }
+
+  std::vector<Connector> make() {
+    PieceSets sets(pieces_.size());
+    joinAsStated(sets);
+    std::vector<bool> open(pieces_.size(), true);
+    for (const std::vector<std::size_t>& set : sets.all())
+      for (const std::size_t i : set) open[i] = !onSeveralLevels(set);
+    const std::vector<bool> drawn = takeLines(open, sets);
+    std::vector<double> levels;
+    for (const Storey& storey : building_.storeys) levels.push_back(storey.ordinal);
+    pairByShape(pieces_, levels, open, sets);
+    for (const std::vector<std::size_t>& set : sets.all())
+      if (!drawn[set.front()]) addConnector(set);
+    return std::move(made_);
+  }
+
+ private:
+  bool onSeveralLevels(const std::vector<std::size_t>& set) const {
+    return std::any_of(set.begin(), set.end(), [&](std::size_t i) {
+      return pieces_[i].level != pieces_[set.front()].level;
+    });
+  }
+
+  // A spot within a drawn piece of its kind stands for it; others are pieces of their own.
+  void addSpots(const ConnectorHint& hint) {
+    std::vector<std::size_t>& members = hinted_[hint.id];
+    for (const std::string& area : hint.areas)
+      if (const auto piece = byArea_.find(area); piece != byArea_.end())
+        members.push_back(piece->second);
+    for (const Spot& spot : hint.spots) {
+      const std::size_t drawn = pieceAt(hint.kind, spot);
+      if (drawn < pieces_.size()) {
+        members.push_back(drawn);
+        continue;
+      }
+      // An area that the hint names already tells where the connector is on this storey.
+      if (std::any_of(members.begin(), members.end(), [&](std::size_t i) {
+            return pieces_[i].area != nullptr && pieces_[i].level == spot.level;
+          }))
+        continue;
+      Piece piece;
+      piece.kind = hint.kind;
+      piece.level = spot.level;
+      piece.box.center = spot.position;
+      piece.source = hint.source.empty() ? hint.id : hint.source;
+      members.push_back(pieces_.size());
+      pieces_.push_back(std::move(piece));
+    }
+    for (const std::size_t i : members) {
+      Piece& piece = pieces_[i];
+      if (piece.names.name.empty()) piece.names = hint.names;
+      if (piece.wheelchair == Wheelchair::unknown) piece.wheelchair = hint.wheelchair;
+      if (piece.direction == Direction::unknown) piece.direction = hint.direction;
+    }
+  }
+
+  std::size_t pieceAt(ConnectorKind kind, const Spot& spot) const {
+    constexpr double beside = 0.8;
+    std::size_t best = pieces_.size();
+    double nearest = beside;
+    for (std::size_t i = 0; i < pieces_.size(); ++i) {
+      const Piece& piece = pieces_[i];
+      if (piece.area == nullptr || piece.kind != kind || piece.level != spot.level) continue;
+      if (package::distance(piece.box.center, spot.position) > piece.box.length + beside) continue;
+      const double away = distanceTo(piece.area->shape, spot.position);
+      if (away >= nearest) continue;
+      nearest = away;
+      best = i;
+    }
+    return best;
+  }
+
+  void joinAsStated(PieceSets& sets) const {
+    std::map<std::string, std::size_t> byText;
+    for (std::size_t i = 0; i < pieces_.size(); ++i) {
+      if (pieces_[i].area == nullptr || pieces_[i].area->connector.empty()) continue;
+      const auto [entry, added] = byText.emplace(pieces_[i].area->connector, i);
+      if (!added) sets.join(entry->second, i);
+    }
+    for (const auto& [hint, members] : hinted_)
+      for (std::size_t i = 1; i < members.size(); ++i) sets.join(members.front(), members[i]);
+  }
+
+  // Makes connectors of lines. Pieces in which a line lies only show it; the result tells which. A
+  // line in an area with a list of levels of its own adds nothing.
+  std::vector<bool> takeLines(std::vector<bool>& open, const PieceSets& sets) {
+    std::vector<bool> drawn(pieces_.size(), false);
+    for (const Line& line : building_.lines) {
+      auto connector = connectorOf(line, surroundings_);
+      if (!connector) continue;
+      const Point middle = line.points[line.points.size() / 2] * 0.5 +
+                           line.points[(line.points.size() - 1) / 2] * 0.5;
+      bool known = false;
+      for (Stop& stop : connector->stops) {
+        const std::size_t i = pieceAt(connector->kind, {stop.spot.level, middle});
+        if (i == pieces_.size()) continue;
+        known = known || (!open[i] && !drawn[sets.find(i)]);
+        stop.area = pieces_[i].area->id;
+      }
+      if (known) continue;
+      for (const Stop& stop : connector->stops)
+        if (!stop.area.empty()) {
+          const std::size_t i = byArea_.at(stop.area);
+          open[i] = false;
+          drawn[sets.find(i)] = true;
+        }
+      made_.push_back(std::move(*connector));
+    }
+    return drawn;
+  }
+
+  void addConnector(const std::vector<std::size_t>& set) {
+    std::vector<const Piece*> members;
+    for (const std::size_t i : set) members.push_back(&pieces_[i]);
+    std::stable_sort(members.begin(), members.end(),
+                     [](const Piece* a, const Piece* b) { return a->level < b->level; });
+    const Piece& first = *members.front();
+    Connector connector;
+    connector.kind = first.kind;
+    connector.source = first.source;
+    connector.id = fmt::format("{}-{}", wordOf(first.kind), first.source);
+    Direction direction = Direction::unknown;
+    bool suitable = false;
+    bool unsuitable = false;
+    for (const Piece* piece : members) {
+      if (connector.names.name.empty()) connector.names = nameOf(*piece);
+      if (direction == Direction::unknown) direction = piece->direction;
+      suitable = suitable || piece->wheelchair == Wheelchair::yes;
+      unsuitable = unsuitable || piece->wheelchair == Wheelchair::no;
+    }
+    const bool steps =
+        first.kind == ConnectorKind::stairs || first.kind == ConnectorKind::escalator;
+    connector.accessible = steps ? suitable && first.kind == ConnectorKind::stairs : !unsuitable;
+    connector.stops =
+        members.size() == 1 ? stopsOfSingle(first, surroundings_) : stopsOf(members, surroundings_);
+    applyDirection(connector.stops, direction);
+    connector.directionKnown =
+        direction != Direction::unknown ||
+        (first.kind != ConnectorKind::escalator && first.kind != ConnectorKind::movingWalkway);
+    while (!taken_.insert(connector.id).second) connector.id += "-2";
+    made_.push_back(std::move(connector));
+  }
+
+  Names nameOf(const Piece& piece) const {
+    if (!piece.names.name.empty() || piece.area == nullptr || piece.area->place.empty())
+      return piece.names;
+    const auto place = places_.find(piece.area->place);
+    return place == places_.end() ? piece.names : place->second->names;
+  }
+
+  const Building& building_;
+  Surroundings surroundings_;
+  std::map<std::string, const Place*> places_;  // with names of their own
+  std::vector<Piece> pieces_;
+  std::map<std::string, std::size_t> byArea_;
+  std::map<std::string, std::vector<std::size_t>> hinted_;  // by hint
+  std::vector<Connector> made_;
+  std::set<std::string> taken_;
+};
+
+// A place that is only a connector would be listed twice.
+void dropPlacesOfConnectors(Building& building) {
+  std::set<std::string> areas;
+  for (const Area& area : building.areas)
+    if (pieceOf(area)) areas.insert(area.id);
+  std::set<std::string> dropped;
+  for (const Place& place : building.places)
+    if (!place.areas.empty() &&
+        std::all_of(place.areas.begin(), place.areas.end(),
+                    [&](const std::string& area) { return areas.contains(area); }))
+      dropped.insert(place.id);
+  std::erase_if(building.places, [&](const Place& place) { return dropped.contains(place.id); });
+  for (Area& area : building.areas)
+    if (dropped.contains(area.place)) area.place.clear();
+}
+
+}  // namespace
+
+void makeConnectors(Building& building, const Options& options, Findings&) {
+  const bool linked =
+      std::any_of(building.sourceLinks.begin(), building.sourceLinks.end(),
+                  [](const SourceLink& link) { return link.kind != LinkKind::walk; });
+  building.connectors = linked && options.network != NetworkChoice::derive
+                            ? connectorsOfLinks(building)
+                            : ConnectorMaker(building).make();
+  dropPlacesOfConnectors(building);
+}
 
 }  // namespace orivanta::importer

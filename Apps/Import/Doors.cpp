@@ -1,7 +1,111 @@
+#include <algorithm>
+#include <array>
+#include <map>
+#include <set>
+
+#include "Apps/Import/Doorway.hpp"
+#include "Apps/Import/Geometry/AreaIndex.hpp"
+#include "Apps/Import/GuessDoors.hpp"
 #include "Apps/Import/Stages.hpp"
 
 namespace orivanta::importer {
 
-void joinDoors(Building&, const Options&, Findings&) {}
+namespace {
+
+constexpr double reach = 0.6;  // meters between the middle of an opening and a room
+constexpr std::array depths{0.08, 0.25, 0.45, 0.7, 0.95};
+
+bool hasDoors(const Area& area) {
+  return area.kind != AreaKind::wall && area.kind != AreaKind::obstacle &&
+         area.kind != AreaKind::opening;
+}
+
+// The smallest of the areas at a point: a kiosk in a hall, not the hall.
+const Area* smallestAt(const std::vector<const Area*>& areas, Point point) {
+  const Area* smallest = nullptr;
+  for (const Area* area : areas)
+    if (contains(area->shape, point) &&
+        (smallest == nullptr || areaOf(area->shape) < areaOf(smallest->shape)))
+      smallest = area;
+  return smallest;
+}
+
+class Joiner {
+ public:
+  Joiner(const Building& building, double level) : index_(building, level, hasDoors) {}
+
+  void join(Door& door) const {
+    std::vector<const Area*> near = index_.near(door.position, reach);
+    std::erase_if(near,
+                  [&](const Area* area) { return distanceTo(area->shape, door.position) > reach; });
+    if (near.empty()) return;
+    const Point along = wallDirection(door, near);
+    const Point across{-along.y, along.x};
+    for (const Point side : {across, across * -1.0}) add(door, areaBeside(near, door, side));
+    if (door.areas.empty()) add(door, nearest(near, door.position));
+    if (door.kind == DoorKind::door && door.areas.size() == 1 && leadsOutdoors(door, across))
+      door.kind = DoorKind::entrance;
+  }
+
+ private:
+  static void add(Door& door, const Area* area) {
+    constexpr std::size_t sides = 2;
+    if (area != nullptr && door.areas.size() < sides &&
+        std::find(door.areas.begin(), door.areas.end(), area->id) == door.areas.end())
+      door.areas.push_back(area->id);
+  }
+
+  static const Area* areaBeside(const std::vector<const Area*>& near, const Door& door,
+                                Point side) {
+    for (const double depth : depths)
+      if (const Area* area = smallestAt(near, door.position + side * depth)) return area;
+    return nullptr;
+  }
+
+  static const Area* nearest(const std::vector<const Area*>& near, Point point) {
+    return *std::min_element(near.begin(), near.end(), [&](const Area* a, const Area* b) {
+      return distanceTo(a->shape, point) < distanceTo(b->shape, point);
+    });
+  }
+
+  // Nothing is drawn for some meters on one side.
+  bool leadsOutdoors(const Door& door, Point across) const {
+    if (door.level != 0.0) return false;
+    const auto isFree = [&](Point side) {
+      return std::all_of(depths.begin(), depths.end(), [&](double depth) {
+        return index_.smallestAt(door.position + side * (4.0 * depth)) == nullptr;
+      });
+    };
+    return isFree(across) || isFree(across * -1.0);
+  }
+
+  AreaIndex index_;
+};
+
+// Removes names of areas that do not exist or lie on other storeys.
+void dropUnknownAreas(Building& building) {
+  std::map<std::string, double> levels;
+  for (const Area& area : building.areas) levels.emplace(area.id, area.level);
+  for (Door& door : building.doors)
+    std::erase_if(door.areas, [&](const std::string& id) {
+      const auto level = levels.find(id);
+      return level == levels.end() || level->second != door.level;
+    });
+}
+
+}  // namespace
+
+void joinDoors(Building& building, const Options& options, Findings&) {
+  dropUnknownAreas(building);
+  std::set<double> levels;
+  for (const Area& area : building.areas) levels.insert(area.level);
+  for (const double level : levels) {
+    const Joiner joiner(building, level);
+    for (Door& door : building.doors)
+      if (door.level == level) joiner.join(door);
+  }
+  if (options.doors == DoorChoice::strict) return;
+  for (const double level : levels) guessDoors(building, level);
+}
 
 }  // namespace orivanta::importer

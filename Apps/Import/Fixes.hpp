@@ -6,9 +6,14 @@
 //       "way/4711": {"kind": "room", "name": "Workshop", "hours": "Mo-Fr 08:00-17:00",
 //                    "door": {"latitude": 51.02551, "longitude": 13.72271}},
 //       "way/4712": {"door": "way/4720"},
-//       "way/4713": {"joins": [{"level": 0, "at": [12.5, -3.0]}, {"level": 1, "at": [12.5, 4.0]}]},
+//       "way/4713": {"joins": ["way/4714"]},
+//       "way/4715": {"joins": [{"level": 0, "x": 12.5, "y": -3}, {"level": 1, "x": 12.5, "y": 4}]},
 //       "node/99": {"ignore": true}
 //     }
+//
+// Positions are geographic, or in meters as in findings. A "door" that is an identifier lies in the
+// middle of the border with that area. "joins" lists areas or positions that one connector joins.
+// "note" is for people.
 #pragma once
 
 #include <string>

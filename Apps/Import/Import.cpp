@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 
+#include "Apps/Import/Fixes.hpp"
 #include "Apps/Import/Read/Sources.hpp"
 #include "Apps/Import/Stages.hpp"
 
@@ -34,6 +35,9 @@ Building importBuilding(const Options& options, Findings& findings) {
     const Format format = options.format ? *options.format : recognizeFormat(files);
     building = readBuilding(files, format, options, findings);
   }
+  if (!options.fixes.empty())
+    for (const SourceFile& file : readFiles({options.fixes}, options.limits))
+      applyFixes(building, file.bytes, file.name, findings);
   for (const Stage& stage : stages) {
     report(stage.name);
     stage.run(building, options, findings);

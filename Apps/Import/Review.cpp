@@ -1,7 +1,214 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+
+#include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Stages.hpp"
+#include "Apps/Import/Summary.hpp"
 
 namespace orivanta::importer {
 
-void reviewBuilding(const Building&, Findings&) {}
+namespace {
+
+constexpr std::size_t listedRooms = 5;
+
+std::string_view wordFor(ConnectorKind kind) {
+  switch (kind) {
+    case ConnectorKind::elevator:
+      return "elevator";
+    case ConnectorKind::escalator:
+      return "escalator";
+    case ConnectorKind::stairs:
+      return "stairs";
+    case ConnectorKind::ramp:
+      return "ramp";
+    case ConnectorKind::movingWalkway:
+      break;
+  }
+  return "moving walkway";
+}
+
+// Looks for what visitors would miss, and reports it.
+class Reviewer {
+ public:
+  Reviewer(const Building& building, Findings& findings)
+      : building_(building), findings_(findings), parts_(networkParts(building)) {
+    for (const Place& place : building.places) places_.emplace(place.id, &place);
+    nodesOf_.resize(parts_.rooms.size());
+    for (std::size_t i = 0; i < parts_.partOf.size(); ++i)
+      nodesOf_[parts_.partOf[i]].push_back(&building.network.nodes[i]);
+    for (const Door& door : building.doors)
+      for (const std::string& area : door.areas) withDoors_.insert(area);
+  }
+
+  void review() {
+    reviewRooms();
+    reviewParts();
+    for (const Connector& connector : building_.connectors) reviewConnector(connector);
+    reviewUnusedAreas();
+  }
+
+ private:
+  std::string storeyName(double level) const {
+    for (const Storey& storey : building_.storeys)
+      if (storey.ordinal == level) {
+        if (!storey.names.name.empty()) return storey.names.name;
+        if (!storey.shortName.empty()) return storey.shortName;
+      }
+    return fmt::format("level {}", level);
+  }
+
+  static Point middleOf(const Area& area) {
+    Point sum;
+    double count = 0.0;
+    if (!area.shape.empty())
+      for (const Point point : area.shape.front().outer) {
+        sum = sum + point;
+        count += 1.0;
+      }
+    return count == 0.0 ? sum : sum * (1.0 / count);
+  }
+
+  std::string titleOf(const Area& area) const {
+    const auto place = places_.find(area.place);
+    if (place != places_.end() && !place->second->names.generated)
+      return fmt::format("\"{}\"", place->second->names.name);
+    return area.source.empty() ? area.id : area.source;
+  }
+
+  void add(Severity severity, const char* rule, const std::string& source, Spot spot,
+           FindingTexts texts) {
+    findings_.add(makeFinding(severity, rule, source, spot, std::move(texts)));
+  }
+
+  // Rooms that no node belongs to.
+  void reviewRooms() {
+    for (const std::size_t index : parts_.withoutNodes) {
+      const Area& area = building_.areas[index];
+      const bool door = withDoors_.contains(area.id);
+      add(Severity::warning, door ? "unreachable" : "room-without-door", area.source,
+          {area.level, middleOf(area)},
+          {.message =
+               door ? fmt::format("The doors of the room {} lead to no walkway.", titleOf(area))
+                    : fmt::format("The room {} has no door, and none could be guessed.",
+                                  titleOf(area)),
+           .effect = "No route leads into it.",
+           .advice = door ? "Draw the area in front of its door as a corridor, or move the door "
+                            "onto the border of the corridor."
+                          : "Draw a door on its border, or give it one with --fixes."});
+    }
+  }
+
+  // Rooms in parts of the network that nothing joins with the main part.
+  void reviewParts() {
+    for (std::size_t part = 1; part < parts_.rooms.size(); ++part) {
+      const std::vector<std::size_t>& rooms = parts_.rooms[part];
+      if (rooms.empty()) continue;
+      std::map<double, std::size_t> levels;
+      for (const std::size_t room : rooms) ++levels[building_.areas[room].level];
+      const double level =
+          std::max_element(levels.begin(), levels.end(), [](const auto& a, const auto& b) {
+            return a.second < b.second;
+          })->first;
+      std::string names;
+      for (std::size_t i = 0; i < std::min(rooms.size(), listedRooms); ++i)
+        names += (i == 0 ? "" : ", ") + titleOf(building_.areas[rooms[i]]);
+      if (rooms.size() > listedRooms)
+        names += fmt::format(" and {} more", rooms.size() - listedRooms);
+      const Area& first = building_.areas[rooms.front()];
+      add(Severity::warning, "unreachable", first.source, {first.level, middleOf(first)},
+          {.message =
+               fmt::format("{} on {} cannot be reached from the rest of the building: {}.",
+                           rooms.size() == 1 ? "One room" : fmt::format("{} rooms", rooms.size()),
+                           storeyName(level), names),
+           .effect = "No route leads there.",
+           .advice = adviceFor(part)});
+    }
+  }
+
+  // Names the connectors without a second stop that lie beside a part.
+  std::string adviceFor(std::size_t part) const {
+    const Connector* best = nullptr;
+    double nearest = 15.0;
+    for (const Connector& connector : building_.connectors) {
+      if (connector.stops.size() != 1) continue;
+      const Spot& spot = connector.stops.front().spot;
+      for (const Node* node : nodesOf_[part]) {
+        if (node->level != spot.level) continue;
+        const double away = package::distance(node->position, spot.position);
+        if (away >= nearest) continue;
+        nearest = away;
+        best = &connector;
+      }
+    }
+    if (best == nullptr)
+      return "Draw the corridor, the door or the stairs that join it with the rest.";
+    return fmt::format(
+        "The {} {} would join it: say on which levels it ends, or join it with --fixes.",
+        wordFor(best->kind), best->source);
+  }
+
+  void reviewConnector(const Connector& connector) {
+    if (connector.stops.empty()) return;
+    const Spot& spot = connector.stops.front().spot;
+    const bool oneStorey =
+        std::all_of(connector.stops.begin(), connector.stops.end(),
+                    [&](const Stop& stop) { return stop.spot.level == spot.level; });
+    const std::string title = fmt::format("The {} {}", wordFor(connector.kind), connector.source);
+    if (connector.stops.size() < 2 || (oneStorey && connector.kind == ConnectorKind::elevator))
+      add(Severity::warning,
+          connector.kind == ConnectorKind::elevator ? "connector-with-one-floor"
+                                                    : "stairs-lead-nowhere",
+          connector.source, spot,
+          {.message = fmt::format("{} on {} {} to no other storey.", title, storeyName(spot.level),
+                                  connector.kind == ConnectorKind::stairs ? "lead" : "leads"),
+           .effect = "No route uses it.",
+           .advice = "Draw its other end at the same position on the next storey, or list all of "
+                     "its levels."});
+    if (!connector.directionKnown && connector.stops.size() >= 2)
+      add(Severity::info, "direction-unknown", connector.source, spot,
+          {.message = fmt::format("The direction of {} {} is not known.", wordFor(connector.kind),
+                                  connector.source),
+           .effect = "Routes use it in both directions.",
+           .advice = "State the direction (in OpenStreetMap: conveying=forward or backward)."});
+  }
+
+  // Drawn stairs and elevators that no connector shows.
+  void reviewUnusedAreas() {
+    if (building_.sourceLinks.empty()) return;
+    std::set<std::string> used;
+    for (const Connector& connector : building_.connectors)
+      for (const Stop& stop : connector.stops) used.insert(stop.area);
+    for (const Area& area : building_.areas) {
+      const bool connects = area.kind == AreaKind::stairs || area.kind == AreaKind::escalator ||
+                            area.kind == AreaKind::elevator;
+      if (!connects || used.contains(area.id)) continue;
+      add(Severity::info, "stairs-lead-nowhere", area.source, {area.level, middleOf(area)},
+          {.message = fmt::format("The {} {} on {} belong to no link of the walking network.",
+                                  area.kind == AreaKind::elevator    ? "elevator"
+                                  : area.kind == AreaKind::escalator ? "escalator"
+                                                                     : "stairs",
+                                  area.source, storeyName(area.level)),
+           .effect = "It is drawn, but no route uses it.",
+           .advice = "If it is in use, add its link to the network."});
+    }
+  }
+
+  const Building& building_;
+  Findings& findings_;
+  NetworkParts parts_;
+  std::vector<std::vector<const Node*>> nodesOf_;  // of each part
+  std::map<std::string, const Place*> places_;
+  std::set<std::string> withDoors_;
+};
+
+}  // namespace
+
+void reviewBuilding(const Building& building, Findings& findings) {
+  Reviewer(building, findings).review();
+}
 
 }  // namespace orivanta::importer

@@ -79,6 +79,10 @@ void Model::top(const Outline& outline, double height) {
   face(corners);
 }
 
+void Model::side(Point from, Point to, double bottom, double top) {
+  wall({from, top}, {to, top}, bottom);
+}
+
 void Model::walls(const Outline& outline, double from, double to) {
   for (std::size_t i = 0; i < outline.size(); ++i)
     wall({outline[i], to}, {outline[(i + 1) % outline.size()], to}, from);

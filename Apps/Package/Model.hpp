@@ -37,6 +37,9 @@ class Model {
   /// Adds a flat surface that faces up.
   void top(const Outline& outline, double height);
 
+  /// Adds one vertical wall that faces to the right of the way between two points.
+  void side(Point from, Point to, double bottom, double top);
+
   /// Adds walls that face outward.
   void walls(const Outline& outline, double from, double to);
 

@@ -47,6 +47,27 @@ double coverage(int x, int y, const std::function<bool(Point)>& covers) {
   return hits / double{grid * grid};
 }
 
+constexpr int linesPerRow = 4;
+
+// Adds the shares of the pixels on a horizontal line that are inside an odd number of rings.
+void addSpans(const std::vector<Outline>& rings, double y, std::vector<double>& shares) {
+  std::vector<double> crossings;
+  for (const Outline& ring : rings)
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+      const Point a = ring[i];
+      const Point b = ring[(i + 1) % ring.size()];
+      if ((a.y > y) != (b.y > y)) crossings.push_back(a.x + (b.x - a.x) * (y - a.y) / (b.y - a.y));
+    }
+  std::sort(crossings.begin(), crossings.end());
+  const double width = static_cast<double>(shares.size());
+  for (std::size_t i = 0; i + 1 < crossings.size(); i += 2) {
+    const double from = std::clamp(crossings[i], 0.0, width);
+    const double to = std::clamp(crossings[i + 1], 0.0, width);
+    for (double x = std::floor(from); x < to; x += 1.0)
+      shares[static_cast<std::size_t>(x)] += std::min(to, x + 1.0) - std::max(from, x);
+  }
+}
+
 }  // namespace
 
 Picture::Picture(int width, int height, Color background, double alpha)
@@ -84,6 +105,26 @@ void Picture::fill(const Outline& outline, Color color) {
   }
   paint(
       boxAround(least, most), [&](Point point) { return contains(outline, point); }, color);
+}
+
+void Picture::fill(const std::vector<Outline>& rings, Color color) {
+  Point least = {static_cast<double>(width_), static_cast<double>(height_)};
+  Point most = {0.0, 0.0};
+  for (const Outline& ring : rings)
+    for (const Point point : ring) {
+      least = {std::min(least.x, point.x), std::min(least.y, point.y)};
+      most = {std::max(most.x, point.x), std::max(most.y, point.y)};
+    }
+  const Box box = boxAround(least, most);
+  std::vector<double> shares(static_cast<std::size_t>(width_));
+  for (int y = box.top; y < box.bottom; ++y) {
+    std::fill(shares.begin(), shares.end(), 0.0);
+    for (int line = 0; line < linesPerRow; ++line)
+      addSpans(rings, y + (line + 0.5) / linesPerRow, shares);
+    for (int x = box.left; x < box.right; ++x)
+      if (const double share = shares[static_cast<std::size_t>(x)] / linesPerRow; share > 0.0)
+        blend(pixel(x, y), color, std::min(share, 1.0));
+  }
 }
 
 Picture::Box Picture::boxAround(Point least, Point most) const {

@@ -26,6 +26,10 @@ class Picture {
   /// Fills an outline in pixels; its direction does not matter.
   void fill(const Outline& outline, Color color);
 
+  /// Fills what is inside an odd number of the rings, in pixels. Takes time proportional to the
+  /// number of corners times the number of rows.
+  void fill(const std::vector<Outline>& rings, Color color);
+
   /// Paints the points with a negative distance within a rectangle, whose right and bottom edges
   /// are excluded. `distance` is in pixels; edges are antialiased.
   void paint(Point least, Point most, const std::function<double(Point)>& distance, Color color);

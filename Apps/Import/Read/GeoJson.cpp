@@ -1,11 +1,195 @@
 #include "Apps/Import/Read/GeoJson.hpp"
 
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <boost/json/serialize.hpp>
+#include <new>
+#include <string_view>
+#include <utility>
+
+#include "Apps/Import/Read/FeatureTexts.hpp"
+#include "Apps/Import/Read/GeoJsonGeometry.hpp"
+#include "Apps/Import/Read/JsonText.hpp"
 #include "Apps/Import/SourceError.hpp"
 
 namespace orivanta::importer {
 
-GeoFeatures readGeoJson(const SourceFile&, const Limits&, std::size_t&, Findings&) {
-  throw SourceError("not yet");
+namespace json = boost::json;
+
+namespace {
+
+constexpr std::size_t memoryPerByte = 2;
+
+std::string textOf(const json::value* value) {
+  if (value == nullptr) return {};
+  if (value->is_string()) return {value->get_string().data(), value->get_string().size()};
+  return value->is_number() ? json::serialize(*value) : std::string();
+}
+
+const json::object* objectOf(const json::object& object, std::string_view key) {
+  const json::value* member = object.if_contains({key.data(), key.size()});
+  return member == nullptr ? nullptr : member->if_object();
+}
+
+// Counts lines up to positions that are not descending.
+class Lines {
+ public:
+  explicit Lines(std::string_view text) : text_(text) {}
+
+  std::size_t at(std::size_t offset) {
+    const auto from = text_.begin() + static_cast<std::ptrdiff_t>(counted_);
+    counted_ = std::max(counted_, std::min(offset, text_.size()));
+    const auto to = text_.begin() + static_cast<std::ptrdiff_t>(counted_);
+    line_ += static_cast<std::size_t>(std::count(from, to, '\n'));
+    return line_;
+  }
+
+ private:
+  std::string_view text_;
+  std::size_t counted_ = 0;
+  std::size_t line_ = 1;
+};
+
+class Reader {
+ public:
+  Reader(const SourceFile& file, const Limits& limits, std::size_t& vertices, Findings& findings)
+      : file_(file),
+        limits_(limits),
+        vertices_(vertices),
+        findings_(findings),
+        text_(withoutByteOrderMark(file.bytes)),
+        lines_(text_),
+        memory_(json::make_shared_resource<BoundedMemory>(memoryPerByte * limits.bytes)) {}
+
+  GeoFeatures read() {
+    if (text_.substr(0, 2) == "\xFF\xFE" || text_.substr(0, 2) == "\xFE\xFF")
+      fail("the text is UTF-16; save it as UTF-8");
+    const FeatureTexts texts = splitFeatures(text_, limits_.vertices);
+    if (texts.cut)
+      fail(
+          fmt::format("the file ends within the array of features, after feature {}; it is cut "
+                      "off, so fetch or export it again",
+                      texts.features.size()));
+    if (texts.tooMany) failForSize();
+    if (texts.found) {
+      readFrame(texts);
+      for (const std::string_view feature : texts.features) readFeature(feature);
+    } else {
+      readSingle();
+    }
+    return std::move(result_);
+  }
+
+ private:
+  [[noreturn]] void fail(const std::string& cause) const {
+    throw SourceError(file_.name + ": " + cause);
+  }
+
+  [[noreturn]] void failForSize() const {
+    fail(fmt::format("there are more than {} positions and features; import a part of it",
+                     limits_.vertices));
+  }
+
+  [[noreturn]] void failForSyntax(std::size_t offset, const std::string& error) {
+    fail(fmt::format("line {} is no valid JSON ({}); check the file with a JSON validator",
+                     lines_.at(offset), error));
+  }
+
+  // What is around the features.
+  void readFrame(const FeatureTexts& texts) {
+    const ParsedJson parsed = parseJson(texts.frame, memory_);
+    if (!parsed.error.empty())
+      failForSyntax(parsed.offset < texts.frameStart
+                        ? parsed.offset
+                        : text_.size() - (texts.frame.size() - parsed.offset),
+                    parsed.error);
+    const json::object* root = parsed.value.if_object();
+    if (root == nullptr) return;
+    result_.type = textOf(root->if_contains("type"));
+    result_.name = textOf(root->if_contains("name"));
+    if (const json::object* crs = objectOf(*root, "crs"))
+      if (const json::object* properties = objectOf(*crs, "properties"))
+        result_.crs = textOf(properties->if_contains("name"));
+  }
+
+  void readSingle() {
+    ParsedJson parsed = parseJson(text_, memory_);
+    if (!parsed.error.empty()) failForSyntax(parsed.offset, parsed.error);
+    const json::object* root = parsed.value.if_object();
+    if (root == nullptr || textOf(root->if_contains("type")) != "Feature")
+      fail("this is JSON, but not GeoJSON: it has no array \"features\"");
+    result_.type = "Feature";
+    addFeature(parsed.value, 0);
+  }
+
+  void readFeature(std::string_view text) {
+    const auto offset = static_cast<std::size_t>(text.data() - text_.data());
+    ParsedJson parsed = parseJson(text, memory_);
+    if (parsed.error.empty()) {
+      addFeature(parsed.value, offset);
+    } else {
+      report({}, offset + parsed.offset, "The feature is no valid JSON: " + parsed.error + '.');
+      count(1);
+    }
+  }
+
+  void addFeature(json::value& value, std::size_t offset) {
+    json::object* object = value.if_object();
+    if (object == nullptr) return report({}, offset, "An element of the array is no feature.");
+    GeoFeature feature;
+    feature.id = textOf(object->if_contains("id"));
+    std::size_t positions = 1;
+    if (const json::value* geometry = object->if_contains("geometry")) {
+      const std::string wrong = readGeometry(*geometry, feature.geometry, positions);
+      count(positions);
+      if (!wrong.empty())
+        return report(feature.id, offset, "The geometry cannot be read: " + wrong + '.');
+    } else {
+      count(positions);
+    }
+    if (json::value* properties = object->if_contains("properties"))
+      if (properties->is_object()) feature.properties = std::move(properties->get_object());
+    for (const char* each : {"type", "geometry", "properties"}) object->erase(each);
+    feature.members = std::move(*object);
+    result_.features.push_back(std::move(feature));
+  }
+
+  void count(std::size_t positions) {
+    vertices_ += positions;
+    if (vertices_ > limits_.vertices) failForSize();
+  }
+
+  void report(const std::string& id, std::size_t offset, const std::string& message) {
+    Finding finding;
+    finding.rule = "feature-unreadable";
+    finding.source = id;
+    finding.file = file_.name;
+    finding.message = fmt::format("Line {}: {}", lines_.at(offset), message);
+    finding.effect = "The feature is left out.";
+    finding.advice = "Correct the line, or export the file again.";
+    findings_.add(std::move(finding));
+  }
+
+  const SourceFile& file_;
+  const Limits& limits_;
+  std::size_t& vertices_;
+  Findings& findings_;
+  std::string_view text_;
+  Lines lines_;
+  json::storage_ptr memory_;
+  GeoFeatures result_;
+};
+
+}  // namespace
+
+GeoFeatures readGeoJson(const SourceFile& file, const Limits& limits, std::size_t& vertices,
+                        Findings& findings) {
+  try {
+    return Reader(file, limits, vertices, findings).read();
+  } catch (const std::bad_alloc&) {
+    throw SourceError(file.name + ": reading it takes too much memory; import a part of it");
+  }
 }
 
 }  // namespace orivanta::importer

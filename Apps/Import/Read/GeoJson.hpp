@@ -23,10 +23,12 @@ struct GeoGeometry {
 struct GeoFeature {
   std::string id;  ///< of the feature, as text; empty if there is none
   boost::json::object properties;
+  boost::json::object members;  ///< the other members, "id" included
   GeoGeometry geometry;
 };
 
 struct GeoFeatures {
+  std::string type;  ///< member "type" of the root, such as "FeatureCollection"; may be empty
   std::string name;  ///< member "name" of the collection; may be empty
   std::string crs;   ///< the name of its reference system, such as "urn:ogc:def:crs:EPSG::6677"
   std::vector<GeoFeature> features;

@@ -19,9 +19,10 @@ struct SourceFile {
   std::string bytes;
 };
 
-/// Reads all files. Folders are read without their subfolders, and zip archives are unpacked; both
-/// in the order of their names. Throws `SourceError` if a file cannot be read or the files are
-/// larger than `limits.bytes`, counted while unpacking.
+/// Reads all files. Folders are read with their subfolders, and zip archives are unpacked; both in
+/// the order of their names, and only files with an extension of a known format. With a .shp file,
+/// the files that belong to it are read as well. Throws `SourceError` if a file cannot be read or
+/// the files are larger than `limits.bytes`, counted while unpacking.
 std::vector<SourceFile> readFiles(const std::vector<std::filesystem::path>& sources,
                                   const Limits& limits);
 

@@ -1,10 +1,115 @@
-#include "Apps/Import/Read/Sources.hpp"
+#include <fmt/core.h>
+
+#include <cstdlib>
+#include <pugixml.hpp>
+#include <utility>
+
+#include "Apps/Import/Read/Osm/OsmReading.hpp"
+#include "Apps/Import/Read/Osm/XmlElements.hpp"
 #include "Apps/Import/SourceError.hpp"
 
 namespace orivanta::importer {
 
-Building readOsmXml(const std::vector<SourceFile>&, const Options&, Findings&) {
-  throw SourceError("not yet");
+namespace {
+
+std::string_view attribute(const pugi::xml_node& element, const char* name) {
+  return element.attribute(name).value();
+}
+
+OsmTags tagsOf(const pugi::xml_node& element) {
+  OsmTags tags;
+  for (const pugi::xml_node& tag : element.children("tag"))
+    tags.add(attribute(tag, "k"), attribute(tag, "v"));
+  return tags;
+}
+
+// Adds the position that Overpass writes into references. Returns whether there is one.
+bool addPosition(const pugi::xml_node& element, std::int64_t id, OsmTags tags, OsmData& data) {
+  const pugi::xml_attribute latitude = element.attribute("lat");
+  const pugi::xml_attribute longitude = element.attribute("lon");
+  if (!latitude || !longitude) return false;
+  constexpr double nowhere = 1000.0;
+  data.addNode(id, longitude.as_double(nowhere), latitude.as_double(nowhere), std::move(tags));
+  return true;
+}
+
+OsmWay wayOf(const pugi::xml_node& element, std::int64_t id, OsmData& data) {
+  OsmWay way{id, {}, tagsOf(element)};
+  for (const pugi::xml_node& reference : element.children("nd")) {
+    const auto node = osmNumber(attribute(reference, "ref"));
+    if (!node) continue;
+    way.nodes.push_back(*node);
+    addPosition(reference, *node, {}, data);
+  }
+  return way;
+}
+
+OsmRelation relationOf(const pugi::xml_node& element, std::int64_t id) {
+  OsmRelation relation{id, {}, tagsOf(element)};
+  for (const pugi::xml_node& member : element.children("member")) {
+    const auto type = osmType(attribute(member, "type"));
+    const auto reference = osmNumber(attribute(member, "ref"));
+    if (type && reference)
+      relation.members.push_back({*type, *reference, std::string(attribute(member, "role"))});
+  }
+  return relation;
+}
+
+// Returns the cause if the element cannot be read.
+std::string_view addElement(const pugi::xml_node& element, OsmData& data) {
+  const std::string_view name = element.name();
+  const auto type = osmType(name);
+  if (!type || name.size() == 1) return {};
+  if (attribute(element, "action") == "delete" || attribute(element, "visible") == "false")
+    return {};
+  const auto id = osmNumber(attribute(element, "id"));
+  if (!id) return "it has no numeric id";
+  if (*type == OsmType::way) data.addWay(wayOf(element, *id, data));
+  if (*type == OsmType::relation) data.addRelation(relationOf(element, *id));
+  if (*type == OsmType::node && !addPosition(element, *id, tagsOf(element), data))
+    return "it has no position";
+  return {};
+}
+
+void requireUtf8(const SourceFile& file) {
+  const std::string_view start = std::string_view(file.bytes).substr(0, 200);
+  const bool isWide = start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF");
+  const std::string_view declaration = start.substr(0, start.find("?>"));
+  const std::size_t named = declaration.find("encoding=");
+  std::string_view encoding;
+  if (named != std::string_view::npos) encoding = declaration.substr(named + 10, 5);
+  if (!isWide && (encoding.empty() || encoding == "UTF-8" || encoding == "utf-8" ||
+                  encoding == "US-AS" || encoding == "utf8\"" || encoding == "UTF8\""))
+    return;
+  throw SourceError(fmt::format("{}: the text is not in UTF-8; save it in UTF-8", file.name));
+}
+
+void readXml(const SourceFile& file, OsmData& data, Findings& findings) {
+  requireUtf8(file);
+  XmlElements elements(file.bytes);
+  if (const std::string_view root = elements.enterRoot(); root != "osm")
+    throw SourceError(fmt::format(
+        "{}: the document begins with {} instead of <osm>; is this an OpenStreetMap file?",
+        file.name, root.empty() ? "no element" : fmt::format("<{}>", root.substr(0, 40))));
+  pugi::xml_document document;
+  for (std::string_view element; !(element = elements.next()).empty();) {
+    const auto result = document.load_buffer(element.data(), element.size(), pugi::parse_default,
+                                             pugi::encoding_utf8);
+    const std::string_view cause =
+        result ? addElement(document.document_element(), data) : result.description();
+    if (!cause.empty())
+      reportUnreadable(file.name, fmt::format("The element in line {}", elements.lineOf(element)),
+                       std::string(cause), findings);
+  }
+  if (elements.isCut()) reportCut(file.name, elements.lineOf({}), findings);
+}
+
+}  // namespace
+
+Building readOsmXml(const std::vector<SourceFile>& files, const Options& options,
+                    Findings& findings) {
+  return readOsm(files, options, findings,
+                 [&](const SourceFile& file, OsmData& data) { readXml(file, data, findings); });
 }
 
 }  // namespace orivanta::importer

@@ -1,10 +1,150 @@
-#include "Apps/Import/Read/Sources.hpp"
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <boost/json/stream_parser.hpp>
+#include <boost/json/value.hpp>
+#include <utility>
+
+#include "Apps/Import/Read/Osm/OsmReading.hpp"
 #include "Apps/Import/SourceError.hpp"
 
 namespace orivanta::importer {
 
-Building readOverpassJson(const std::vector<SourceFile>&, const Options&, Findings&) {
-  throw SourceError("not yet");
+namespace {
+
+namespace json = boost::json;
+
+constexpr double nowhere = 1000.0;  // degrees
+
+std::string_view textOf(const json::object& object, std::string_view member) {
+  const json::value* value = object.if_contains(member);
+  return value != nullptr && value->is_string() ? std::string_view(value->get_string())
+                                                : std::string_view();
+}
+
+double degrees(const json::object& object, std::string_view member) {
+  const json::value* value = object.if_contains(member);
+  boost::system::error_code error;
+  return value != nullptr && value->is_number() ? value->to_number<double>(error) : nowhere;
+}
+
+std::optional<std::int64_t> numberOf(const json::value* value) {
+  if (value == nullptr || !value->is_int64()) return std::nullopt;
+  return value->get_int64();
+}
+
+const json::array& arrayOf(const json::object& object, std::string_view member) {
+  static const json::array none;
+  const json::value* value = object.if_contains(member);
+  return value != nullptr && value->is_array() ? value->get_array() : none;
+}
+
+OsmTags tagsOf(const json::object& element) {
+  OsmTags tags;
+  const json::value* members = element.if_contains("tags");
+  if (members == nullptr || !members->is_object()) return tags;
+  for (const auto& [key, value] : members->get_object())
+    if (value.is_string()) tags.add(key, value.get_string());
+  return tags;
+}
+
+OsmWay wayOf(const json::object& element, std::int64_t id, OsmData& data) {
+  OsmWay way{id, {}, tagsOf(element)};
+  // With "out geom", the positions of the nodes, in the same order.
+  const json::array& geometry = arrayOf(element, "geometry");
+  const json::array& nodes = arrayOf(element, "nodes");
+  for (std::size_t i = 0; i < nodes.size(); ++i) {
+    const auto node = numberOf(&nodes[i]);
+    if (!node) continue;
+    way.nodes.push_back(*node);
+    if (i < geometry.size() && geometry[i].is_object())
+      data.addNode(*node, degrees(geometry[i].get_object(), "lon"),
+                   degrees(geometry[i].get_object(), "lat"), {});
+  }
+  return way;
+}
+
+OsmRelation relationOf(const json::object& element, std::int64_t id) {
+  OsmRelation relation{id, {}, tagsOf(element)};
+  for (const json::value& value : arrayOf(element, "members")) {
+    if (!value.is_object()) continue;
+    const json::object& member = value.get_object();
+    const auto type = osmType(textOf(member, "type"));
+    const auto reference = numberOf(member.if_contains("ref"));
+    if (type && reference)
+      relation.members.push_back({*type, *reference, std::string(textOf(member, "role"))});
+  }
+  return relation;
+}
+
+// Returns the cause if the element cannot be read.
+std::string_view addElement(const json::value& value, OsmData& data) {
+  if (!value.is_object()) return "it is no JSON object";
+  const json::object& element = value.get_object();
+  const auto type = osmType(textOf(element, "type"));
+  if (!type) return {};
+  const auto id = numberOf(element.if_contains("id"));
+  if (!id) return "it has no numeric id";
+  if (*type == OsmType::node)
+    data.addNode(*id, degrees(element, "lon"), degrees(element, "lat"), tagsOf(element));
+  if (*type == OsmType::way) data.addWay(wayOf(element, *id, data));
+  if (*type == OsmType::relation) data.addRelation(relationOf(element, *id));
+  return {};
+}
+
+std::size_t skipBlanks(std::string_view text, std::size_t at) {
+  return std::min(text.find_first_not_of(" \t\r\n", at), text.size());
+}
+
+// Returns the position behind the bracket of the array "elements". Within a JSON string, the quotes
+// would be escaped.
+std::optional<std::size_t> startOfElements(std::string_view text) {
+  constexpr std::string_view name = "\"elements\"";
+  for (std::size_t at = 0; (at = text.find(name, at)) != std::string_view::npos;) {
+    at = skipBlanks(text, at + name.size());
+    if (at == text.size() || text[at] != ':') continue;
+    at = skipBlanks(text, at + 1);
+    if (at < text.size() && text[at] == '[') return at + 1;
+  }
+  return std::nullopt;
+}
+
+// Parses one element at a time, so that a large file takes little memory.
+void readElements(const SourceFile& file, std::size_t at, OsmData& data, Findings& findings) {
+  const std::string_view text = file.bytes;
+  json::stream_parser parser;
+  for (std::size_t number = 1;; ++number) {
+    at = skipBlanks(text, at);
+    if (at < text.size() && text[at] == ',') at = skipBlanks(text, at + 1);
+    if (at == text.size()) break;
+    if (text[at] == ']') return;
+    boost::system::error_code error;
+    parser.reset();
+    at += parser.write_some(text.data() + at, text.size() - at, error);
+    const std::string place = fmt::format("Element {} of \"elements\"", number);
+    if (error) {
+      reportUnreadable(file.name, place, error.message() + "; nothing after it is read", findings);
+      return;
+    }
+    if (!parser.done()) break;
+    const std::string_view cause = addElement(parser.release(), data);
+    if (!cause.empty()) reportUnreadable(file.name, place, std::string(cause), findings);
+  }
+  reportCut(file.name, 1 + static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')),
+            findings);
+}
+
+}  // namespace
+
+Building readOverpassJson(const std::vector<SourceFile>& files, const Options& options,
+                          Findings& findings) {
+  return readOsm(files, options, findings, [&](const SourceFile& file, OsmData& data) {
+    const auto start = startOfElements(file.bytes);
+    if (!start)
+      throw SourceError(fmt::format(
+          "{}: no member \"elements\"; is this an answer of Overpass in JSON?", file.name));
+    readElements(file, *start, data, findings);
+  });
 }
 
 }  // namespace orivanta::importer

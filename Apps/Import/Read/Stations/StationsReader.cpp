@@ -1,10 +1,175 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+#include "Apps/Import/Projection.hpp"
+#include "Apps/Import/Read/JsonMembers.hpp"
+#include "Apps/Import/Read/PlaneOrigin.hpp"
 #include "Apps/Import/Read/Sources.hpp"
+#include "Apps/Import/Read/Stations/StationAreas.hpp"
+#include "Apps/Import/Read/Stations/StationLayer.hpp"
+#include "Apps/Import/Read/Stations/StationNetwork.hpp"
 #include "Apps/Import/SourceError.hpp"
 
 namespace orivanta::importer {
 
-Building readStations(const std::vector<SourceFile>&, const Options&, Findings&) {
-  throw SourceError("not yet");
+namespace {
+
+void report(Findings& findings, Severity severity, const char* rule, const std::string& file,
+            std::string message, const char* effect, const char* advice) {
+  Finding finding;
+  finding.severity = severity;
+  finding.rule = rule;
+  finding.file = file;
+  finding.message = std::move(message);
+  finding.effect = effect;
+  finding.advice = advice;
+  findings.add(std::move(finding));
+}
+
+bool isDegrees(const std::vector<StationLayer>& layers) {
+  bool within = true;
+  for (const StationLayer& layer : layers)
+    for (const StationFeature& feature : layer.features) {
+      GeoGeometry geometry = feature.geometry;
+      changePositions(geometry, [&](Point point) {
+        within = within && std::abs(point.x) <= 180.0 && std::abs(point.y) <= 90.0;
+        return point;
+      });
+    }
+  return within;
+}
+
+// The unit of all layers. Layers that do not state theirs have that of the others.
+CoordinateUnit commonUnit(const std::vector<StationLayer>& layers, Findings& findings) {
+  const StationLayer* first = nullptr;
+  for (const StationLayer& layer : layers) {
+    if (layer.unit == CoordinateUnit::unknown) continue;
+    if (first == nullptr) first = &layer;
+    if (layer.unit != first->unit)
+      throw SourceError(first->file + " and " + layer.file +
+                        " have different reference systems; convert one of them with: ogr2ogr "
+                        "-t_srs EPSG:4326 -f GeoJSON NEW.geojson FILE");
+  }
+  if (first != nullptr) return first->unit;
+  const bool degrees = isDegrees(layers);
+  report(findings, Severity::warning, "reference-system-unknown", layers.front().file,
+         "The files do not state their coordinate reference system.",
+         degrees ? "The coordinates are taken as longitude and latitude."
+                 : "The coordinates are taken as meters.",
+         "If the building has the wrong size, convert the files with ogr2ogr -t_srs EPSG:4326.");
+  return degrees ? CoordinateUnit::degrees : CoordinateUnit::meters;
+}
+
+// Moves the origin to the middle of the building and makes all coordinates meters.
+class Placement {
+ public:
+  Placement(std::vector<StationLayer>& layers, CoordinateUnit unit) : layers_(layers) {
+    PlaneOrigin middle;
+    for (const StationLayer& layer : layers)
+      for (const StationFeature& feature : layer.features) middle.add(feature.geometry);
+    origin_ = middle.rounded(unit == CoordinateUnit::degrees ? 0.001 : 100.0);
+    if (unit == CoordinateUnit::degrees) projection_.emplace(Georeference{origin_.y, origin_.x});
+  }
+
+  std::optional<Georeference> georeference() const {
+    return projection_ ? projection_->origin() : fromNodes();
+  }
+
+  void apply() {
+    for (StationLayer& layer : layers_)
+      for (StationFeature& feature : layer.features)
+        changePositions(feature.geometry, [&](Point point) {
+          return projection_ ? projection_->toPlane(point.x, point.y) : point - origin_;
+        });
+  }
+
+ private:
+  // Nodes state their longitude and latitude as well. Before `apply`.
+  std::optional<Georeference> fromNodes() const {
+    std::optional<Georeference> nearest;
+    double least = 0.0;
+    for (const StationLayer& layer : layers_)
+      for (const StationFeature& feature : layer.features) {
+        const auto latitude = numberIn(feature["lat"]);
+        const auto longitude = numberIn(feature["lon"]);
+        if (layer.kind != LayerKind::node || !latitude || !longitude ||
+            feature.geometry.points.empty() || std::abs(*latitude) > 89.0 ||
+            std::abs(*longitude) > 180.0)
+          continue;
+        const Point offset = feature.geometry.points.front() - origin_;
+        if (nearest && package::length(offset) >= least) continue;
+        least = package::length(offset);
+        nearest = moved({*latitude, *longitude}, offset);
+      }
+    return nearest;
+  }
+
+  // The position from which the offset leads to the given one.
+  static Georeference moved(Georeference from, Point offset) {
+    constexpr double step = 0.001;
+    const Point meters =
+        Projection(from).toPlane(from.longitude + step, from.latitude + step) * (1.0 / step);
+    return {from.latitude - offset.y / meters.y, from.longitude - offset.x / meters.x};
+  }
+
+  std::vector<StationLayer>& layers_;
+  Point origin_;
+  std::optional<Projection> projection_;
+};
+
+void keepWithin(const Bounds& bounds, std::vector<StationLayer>& layers) {
+  const auto within = [&](const StationFeature& feature) {
+    bool any = false;
+    GeoGeometry geometry = feature.geometry;
+    changePositions(geometry, [&](Point point) {
+      any = any || (bounds[0] <= point.y && point.y <= bounds[2] && bounds[1] <= point.x &&
+                    point.x <= bounds[3]);
+      return point;
+    });
+    return any;
+  };
+  for (StationLayer& layer : layers)
+    layer.features.erase(std::remove_if(layer.features.begin(), layer.features.end(),
+                                        [&](const StationFeature& feature) {
+                                          return layer.kind != LayerKind::floor && !within(feature);
+                                        }),
+                         layer.features.end());
+}
+
+}  // namespace
+
+Building readStations(const std::vector<SourceFile>& files, const Options& options,
+                      Findings& findings) {
+  std::vector<StationLayer> layers = readStationLayers(files, options.limits, findings);
+  if (layers.empty())
+    throw SourceError(
+        (files.empty() ? "" : files.front().name + ": ") +
+        "there is no layer of a station network (Floor, Space, Facility, node, link); "
+        "name the folder with all of them");
+  const CoordinateUnit unit = commonUnit(layers, findings);
+  if (options.bounds && unit == CoordinateUnit::degrees) {
+    keepWithin(*options.bounds, layers);
+  } else if (options.bounds) {
+    report(findings, Severity::warning, "bounds-ignored", layers.front().file,
+           "The coordinates are meters, and the bounds are degrees.", "Everything is imported.",
+           "Convert the files with ogr2ogr -t_srs EPSG:4326.");
+  }
+  Building building;
+  building.id = layers.front().area;
+  building.names = {layers.front().area, {}, true};
+  building.language = "ja";
+  Placement placement(layers, unit);
+  building.georeference = placement.georeference();
+  placement.apply();
+  readStationNetwork(layers, building, findings);
+  readStationAreas(layers, options, building, findings);
+  return building;
 }
 
 }  // namespace orivanta::importer

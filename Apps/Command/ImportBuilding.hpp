@@ -1,0 +1,41 @@
+// The subcommand `import`: makes a venue package of a person's own building.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Apps/Command/CommandError.hpp"
+
+namespace orivanta::command {
+
+/// The texts are as typed; `importBuilding` checks them.
+struct ImportOptions {
+  std::vector<std::filesystem::path> sources;
+  std::filesystem::path output;
+  std::optional<std::string> format;  ///< one of `importFormats`
+  std::string building;
+  std::optional<std::string> bounds;     ///< "S,W,N,E"
+  std::vector<std::string> languages;    ///< each may contain several with commas
+  std::vector<std::string> levelShifts;  ///< "BUILDING=N"
+  double storeyHeight = 4.0;             ///< meters
+  std::string network = "auto";          ///< or "source", "derive"
+  std::string doors = "guess";           ///< or "strict"
+  std::optional<std::string> fixes;
+  std::optional<std::string> report;
+  bool strict = false;  ///< warnings prevent writing
+  bool json = false;
+  bool quiet = false;  ///< no progress
+};
+
+/// The names of the formats, such as "imdf".
+std::vector<std::string> importFormats();
+
+/// Writes the package and, if wanted, the report, and prints one line with what was made, or JSON.
+/// Returns `notFound` if `strict` is set and there is a violation or a warning; the package is then
+/// not written. Throws `CommandError` if the source cannot be read or a file cannot be written;
+/// the folder of the package is then unchanged.
+ExitCode importBuilding(const ImportOptions& options);
+
+}  // namespace orivanta::command

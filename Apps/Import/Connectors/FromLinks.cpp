@@ -1,0 +1,163 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+
+#include "Apps/Import/Connectors/FromLines.hpp"
+#include "Apps/Import/Connectors/Pairing.hpp"
+#include "Apps/Import/Geometry/AreaIndex.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+std::optional<ConnectorKind> kindOf(LinkKind kind) {
+  switch (kind) {
+    case LinkKind::elevator:
+      return ConnectorKind::elevator;
+    case LinkKind::escalator:
+      return ConnectorKind::escalator;
+    case LinkKind::stairs:
+      return ConnectorKind::stairs;
+    case LinkKind::ramp:
+      return ConnectorKind::ramp;
+    case LinkKind::movingWalkway:
+      return ConnectorKind::movingWalkway;
+    case LinkKind::walk:
+      break;
+  }
+  return std::nullopt;
+}
+
+AreaKind areaKindOf(ConnectorKind kind) {
+  switch (kind) {
+    case ConnectorKind::elevator:
+      return AreaKind::elevator;
+    case ConnectorKind::escalator:
+      return AreaKind::escalator;
+    case ConnectorKind::stairs:
+      return AreaKind::stairs;
+    case ConnectorKind::ramp:
+      return AreaKind::ramp;
+    case ConnectorKind::movingWalkway:
+      break;
+  }
+  return AreaKind::movingWalkway;
+}
+
+// The links of one kind that touch each other, and what is known of each of their nodes.
+class LinkGroups {
+ public:
+  explicit LinkGroups(const Building& building) {
+    for (const SourceNode& node : building.sourceNodes) nodes_.emplace(node.id, &node);
+    for (const SourceLink& link : building.sourceLinks) {
+      if (!nodes_.contains(link.from) || !nodes_.contains(link.to)) continue;
+      // Level ramps and walkways are ordinary parts of the network.
+      if (kindOf(link.kind) && !isLevelWay(link))
+        links_.push_back(&link);
+      else
+        walked_.insert({link.from, link.to});
+    }
+  }
+
+  std::vector<Connector> connectors() const {
+    PieceSets sets(links_.size());
+    std::map<std::pair<std::string, LinkKind>, std::size_t> at;
+    for (std::size_t i = 0; i < links_.size(); ++i)
+      for (const std::string& node : {links_[i]->from, links_[i]->to}) {
+        const auto [entry, added] = at.emplace(std::pair(node, links_[i]->kind), i);
+        if (!added) sets.join(entry->second, i);
+      }
+    std::vector<Connector> made;
+    for (const std::vector<std::size_t>& set : sets.all()) made.push_back(connectorOf(set));
+    return made;
+  }
+
+ private:
+  struct Use {
+    int links = 0;
+    bool leavesFrom = false;  // a link can be entered here
+    bool arrivesAt = false;
+  };
+
+  bool isLevelWay(const SourceLink& link) const {
+    return (link.kind == LinkKind::ramp || link.kind == LinkKind::movingWalkway) &&
+           nodes_.at(link.from)->spot.level == nodes_.at(link.to)->spot.level &&
+           link.direction == Direction::both;
+  }
+
+  Connector connectorOf(const std::vector<std::size_t>& set) const {
+    const SourceLink& first = *links_[set.front()];
+    Connector connector;
+    connector.kind = *kindOf(first.kind);
+    connector.id = fmt::format("{}-{}", wordOf(connector.kind), first.id);
+    connector.source = first.id;
+    bool suitable = false;
+    bool unsuitable = false;
+    std::map<std::string, Use> uses;
+    for (const std::size_t i : set) {
+      const SourceLink& link = *links_[i];
+      suitable = suitable || link.wheelchair == Wheelchair::yes;
+      unsuitable = unsuitable || link.wheelchair == Wheelchair::no;
+      const bool forward = link.direction != Direction::backward;
+      const bool backward = link.direction != Direction::forward;
+      Use& from = uses[link.from];
+      Use& to = uses[link.to];
+      ++from.links;
+      ++to.links;
+      from.leavesFrom = from.leavesFrom || forward;
+      from.arrivesAt = from.arrivesAt || backward;
+      to.leavesFrom = to.leavesFrom || backward;
+      to.arrivesAt = to.arrivesAt || forward;
+      if (link.direction == Direction::unknown && connector.kind == ConnectorKind::escalator)
+        connector.directionKnown = false;
+    }
+    const bool stepFree =
+        connector.kind != ConnectorKind::stairs && connector.kind != ConnectorKind::escalator;
+    connector.accessible = stepFree && (suitable || !unsuitable);
+    for (const auto& [id, use] : uses) {
+      if (use.links > 1 && !walked_.contains(id)) continue;
+      Stop stop;
+      stop.spot = nodes_.at(id)->spot;
+      stop.enter = use.leavesFrom;
+      stop.leave = use.arrivesAt;
+      connector.stops.push_back(stop);
+    }
+    std::stable_sort(connector.stops.begin(), connector.stops.end(),
+                     [](const Stop& a, const Stop& b) { return a.spot.level < b.spot.level; });
+    return connector;
+  }
+
+  std::map<std::string, const SourceNode*> nodes_;
+  std::vector<const SourceLink*> links_;
+  std::set<std::string> walked_;  // nodes with links that are walked
+};
+
+}  // namespace
+
+std::vector<Connector> connectorsOfLinks(const Building& building) {
+  std::vector<Connector> connectors = LinkGroups(building).connectors();
+  constexpr double beside = 1.5;
+  std::map<double, AreaIndex> indexes;
+  for (Connector& connector : connectors)
+    for (Stop& stop : connector.stops) {
+      const AreaIndex& index =
+          indexes
+              .try_emplace(stop.spot.level, building, stop.spot.level,
+                           [](const Area& area) { return pieceOf(area).has_value(); })
+              .first->second;
+      double nearest = beside;
+      for (const Area* area : index.near(stop.spot.position, beside)) {
+        if (area->kind != areaKindOf(connector.kind)) continue;
+        const double away = distanceTo(area->shape, stop.spot.position);
+        if (away >= nearest) continue;
+        nearest = away;
+        stop.area = area->id;
+      }
+    }
+  return connectors;
+}
+
+}  // namespace orivanta::importer

@@ -1,0 +1,172 @@
+#include "Apps/Import/Connectors/Pairing.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <numeric>
+#include <optional>
+#include <set>
+#include <tuple>
+
+#include "Apps/Import/Geometry/Shapes.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+using package::dot;
+
+constexpr double leastOverlap = 0.2;  // of the smaller piece
+constexpr double longestGap = 8.0;    // between flights in line
+constexpr double touchingGap = 1.2;   // between ends that touch
+constexpr double sidewaysOffset = 1.0;
+
+struct Pair {
+  int rank = 0;        // 0 overlap, 1 touch, 2 in line
+  double score = 0.0;  // the lower the better
+  std::size_t lower = 0;
+  std::size_t upper = 0;
+
+  friend bool operator<(const Pair& a, const Pair& b) {
+    return std::tie(a.rank, a.score, a.lower, a.upper) <
+           std::tie(b.rank, b.score, b.lower, b.upper);
+  }
+};
+
+bool agree(Direction a, Direction b) {
+  const auto free = [](Direction direction) {
+    return direction == Direction::unknown || direction == Direction::both;
+  };
+  return free(a) || free(b) || a == b;
+}
+
+double overlapOf(const Piece& a, const Piece& b) {
+  if (a.area == nullptr || b.area == nullptr) {
+    const bool inside = a.area != nullptr   ? contains(a.area->shape, b.box.center)
+                        : b.area != nullptr ? contains(b.area->shape, a.box.center)
+                                            : package::distance(a.box.center, b.box.center) < 1.5;
+    return inside ? 1.0 : 0.0;
+  }
+  const double smaller = std::min(areaOf(a.area->shape), areaOf(b.area->shape));
+  return smaller <= 0.0 ? 0.0 : areaOf(common(a.area->shape, b.area->shape)) / smaller;
+}
+
+// Whether both flights have the same axis and one begins where the other ends; then the gap.
+std::optional<double> gapInLine(const Piece& a, const Piece& b) {
+  if (a.box.length < 1.2 * a.box.width || b.box.length < 1.2 * b.box.width) return std::nullopt;
+  if (std::abs(dot(a.box.along, b.box.along)) < 0.95) return std::nullopt;
+  const Point way = b.box.center - a.box.center;
+  if (std::abs(dot(way, a.box.across())) > sidewaysOffset) return std::nullopt;
+  return std::abs(dot(way, a.box.along)) - (a.box.length + b.box.length) / 2.0;
+}
+
+double endGap(const Piece& a, const Piece& b) {
+  double nearest = 1e300;
+  for (const double first : {-1.0, 1.0})
+    for (const double second : {-1.0, 1.0})
+      nearest = std::min(nearest, package::distance(a.box.end(first), b.box.end(second)));
+  return nearest;
+}
+
+std::optional<Pair> match(const std::vector<Piece>& pieces, std::size_t lower, std::size_t upper) {
+  const Piece& a = pieces[lower];
+  const Piece& b = pieces[upper];
+  if (a.kind != b.kind || !agree(a.direction, b.direction)) return std::nullopt;
+  const double reach = (a.box.length + b.box.length) / 2.0 + longestGap + 1.0;
+  if (package::distance(a.box.center, b.box.center) > reach) return std::nullopt;
+  if (const double overlap = overlapOf(a, b); overlap >= leastOverlap)
+    return Pair{0, -overlap, lower, upper};
+  if (a.kind == ConnectorKind::elevator || a.area == nullptr || b.area == nullptr)
+    return std::nullopt;
+  if (const double gap = endGap(a, b); gap < touchingGap) return Pair{1, gap, lower, upper};
+  if (const auto gap = gapInLine(a, b); gap && *gap<longestGap&& * gap> - 1.0)
+    return Pair{2, *gap, lower, upper};
+  return std::nullopt;
+}
+
+// Pieces of one storey by the cell of a grid in which their centers lie.
+class CellIndex {
+ public:
+  CellIndex(const std::vector<Piece>& pieces, const std::vector<std::size_t>& chosen) {
+    for (const std::size_t piece : chosen) {
+      cells_[cellOf(pieces[piece].box.center)].push_back(piece);
+      longest_ = std::max(longest_, pieces[piece].box.length);
+    }
+  }
+
+  std::vector<std::size_t> near(const Piece& piece) const {
+    const double reach = std::min((piece.box.length + longest_) / 2.0 + longestGap + 1.0, 100.0);
+    const auto low = cellOf(piece.box.center - Point{reach, reach});
+    const auto high = cellOf(piece.box.center + Point{reach, reach});
+    std::vector<std::size_t> found;
+    for (long x = low.first; x <= high.first; ++x)
+      for (long y = low.second; y <= high.second; ++y)
+        if (const auto cell = cells_.find({x, y}); cell != cells_.end())
+          found.insert(found.end(), cell->second.begin(), cell->second.end());
+    return found;
+  }
+
+ private:
+  static std::pair<long, long> cellOf(Point point) {
+    constexpr double size = 20.0;
+    return {std::lround(point.x / size), std::lround(point.y / size)};
+  }
+  std::map<std::pair<long, long>, std::vector<std::size_t>> cells_;
+  double longest_ = 0.0;
+};
+
+}  // namespace
+
+PieceSets::PieceSets(std::size_t count) : parents_(count) {
+  std::iota(parents_.begin(), parents_.end(), std::size_t{0});
+}
+
+std::size_t PieceSets::find(std::size_t piece) const {
+  while (parents_[piece] != piece) piece = parents_[piece];
+  return piece;
+}
+
+void PieceSets::join(std::size_t a, std::size_t b) {
+  const auto [least, most] = std::minmax({find(a), find(b)});
+  parents_[most] = least;
+}
+
+std::vector<std::vector<std::size_t>> PieceSets::all() const {
+  std::map<std::size_t, std::vector<std::size_t>> sets;
+  for (std::size_t i = 0; i < parents_.size(); ++i) sets[find(i)].push_back(i);
+  std::vector<std::vector<std::size_t>> list;
+  for (auto& [first, set] : sets) list.push_back(std::move(set));
+  return list;
+}
+
+void pairByShape(const std::vector<Piece>& pieces, const std::vector<double>& levels,
+                 const std::vector<bool>& open, PieceSets& sets) {
+  std::map<double, std::vector<std::size_t>> byLevel;
+  for (std::size_t i = 0; i < pieces.size(); ++i)
+    if (open[i]) byLevel[pieces[i].level].push_back(i);
+  std::set<std::size_t> hasUpper;
+  std::set<std::size_t> hasLower;
+  // Neighboring storeys first; then lifts that a storey between does not show.
+  for (const std::size_t distance : {std::size_t{1}, std::size_t{2}}) {
+    std::vector<Pair> pairs;
+    for (std::size_t i = 0; i + distance < levels.size(); ++i) {
+      const CellIndex above(pieces, byLevel[levels[i + distance]]);
+      for (const std::size_t lower : byLevel[levels[i]])
+        for (const std::size_t upper : above.near(pieces[lower])) {
+          const auto pair = match(pieces, lower, upper);
+          if (pair &&
+              (distance == 1 || (pieces[lower].kind == ConnectorKind::elevator && pair->rank == 0)))
+            pairs.push_back(*pair);
+        }
+    }
+    std::sort(pairs.begin(), pairs.end());
+    for (const Pair& pair : pairs) {
+      if (hasUpper.contains(pair.lower) || hasLower.contains(pair.upper)) continue;
+      hasUpper.insert(pair.lower);
+      hasLower.insert(pair.upper);
+      sets.join(pair.lower, pair.upper);
+    }
+  }
+}
+
+}  // namespace orivanta::importer

@@ -1,0 +1,56 @@
+// The drawn parts of connectors, and where they meet the space in which people walk.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Apps/Import/Building.hpp"
+#include "Apps/Import/Geometry/Space.hpp"
+#include "Apps/Import/OrientedBox.hpp"
+
+namespace orivanta::importer {
+
+/// A part of a connector on one storey: a drawn area, or a point.
+struct Piece {
+  const Area* area = nullptr;  ///< null for a point
+  ConnectorKind kind = ConnectorKind::stairs;
+  double level = 0.0;
+  OrientedBox box;  ///< of the largest polygon of the area, or of the point
+  std::string source;
+  Names names;
+  Wheelchair wheelchair = Wheelchair::unknown;
+  Direction direction = Direction::unknown;  ///< forward is upward
+};
+
+/// A side of the box of a piece: the short ones are `start` and `end`.
+enum class Side { start, end, left, right };
+
+inline bool isShort(Side side) { return side == Side::start || side == Side::end; }
+Side opposite(Side side);
+
+/// A part of the border where a piece can be boarded.
+struct Contact {
+  Side side = Side::start;
+  Point position;  ///< on the border
+  double length = 0.0;
+  bool door = false;
+};
+
+/// The piece of an area; nothing for areas that are no connectors.
+std::optional<Piece> pieceOf(const Area& area);
+
+/// Where the piece meets a space, at most one contact for each side. Gaps of up to 0.6 m between
+/// them do not matter. Empty for points.
+std::vector<Contact> contactsOf(const Piece& piece, const Space& space);
+
+/// The share of the piece that lies in a space, from 0 to 1.
+double shareWithin(const Piece& piece, const Space& space);
+
+/// The contact made of a door of the piece.
+Contact contactAt(const Piece& piece, const Door& door);
+
+/// The point of the piece that is nearest to a space, for pieces without contact.
+Point nearestTo(const Piece& piece, const Space& space);
+
+}  // namespace orivanta::importer

@@ -1,0 +1,158 @@
+#include "Apps/Import/Connectors/Stops.hpp"
+
+#include <algorithm>
+#include <optional>
+
+#include "Apps/Import/WalkableSpace.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+constexpr double mostOverlap = 0.25;  // of a flight with the space that it leads to
+constexpr double farAway = 20.0;
+
+using Contacts = std::vector<Contact>;
+
+const Contact& longest(const Contacts& contacts) {
+  return *std::max_element(contacts.begin(), contacts.end(),
+                           [](const Contact& a, const Contact& b) { return a.length < b.length; });
+}
+
+const Contact& farthest(const Contacts& contacts, Point from) {
+  return *std::max_element(
+      contacts.begin(), contacts.end(), [&](const Contact& a, const Contact& b) {
+        return package::distance(a.position, from) < package::distance(b.position, from);
+      });
+}
+
+// Doors, or else the short sides, or else all sides.
+Contacts boardable(const Piece& piece, const Surroundings& surroundings) {
+  Contacts contacts;
+  if (piece.area != nullptr)
+    for (const Door* door : surroundings.doorsOf(*piece.area))
+      if (door->level == piece.level) contacts.push_back(contactAt(piece, *door));
+  if (!contacts.empty()) return contacts;
+  contacts = contactsOf(piece, surroundings.space(piece.level));
+  if (piece.kind == ConnectorKind::elevator) return contacts;
+  Contacts ends;
+  for (const Contact& contact : contacts)
+    if (isShort(contact.side)) ends.push_back(contact);
+  return ends.empty() ? contacts : ends;
+}
+
+Stop stopAt(const Piece& piece, double level, Point position) {
+  Stop stop;
+  stop.spot = {level, position};
+  if (piece.area != nullptr && piece.level == level) stop.area = piece.area->id;
+  return stop;
+}
+
+// Two contacts on different sides; opposite sides are better, then long contacts.
+std::optional<std::pair<Contact, Contact>> bestPair(const Contacts& first, const Contacts& second) {
+  std::optional<std::pair<Contact, Contact>> best;
+  double bestScore = 0.0;
+  for (const Contact& a : first)
+    for (const Contact& b : second) {
+      if (a.side == b.side) continue;
+      const double score = std::min(a.length, b.length) * (a.side == opposite(b.side) ? 10.0 : 1.0);
+      if (score <= bestScore) continue;
+      bestScore = score;
+      best = {a, b};
+    }
+  return best;
+}
+
+}  // namespace
+
+Surroundings::Surroundings(const Building& building) : building_(building) {
+  for (const Door& door : building.doors)
+    for (const std::string& area : door.areas) doors_[area].push_back(&door);
+}
+
+const Space& Surroundings::space(double level) const {
+  std::unique_ptr<Space>& space = spaces_[level];
+  if (!space) space = std::make_unique<Space>(walkableSpace(building_, level));
+  return *space;
+}
+
+std::vector<const Door*> Surroundings::doorsOf(const Area& area) const {
+  const auto found = doors_.find(area.id);
+  return found == doors_.end() ? std::vector<const Door*>() : found->second;
+}
+
+std::optional<double> Surroundings::neighbor(double level, int direction) const {
+  for (std::size_t i = 0; i < building_.storeys.size(); ++i) {
+    if (building_.storeys[i].ordinal != level) continue;
+    if (direction > 0 && i + 1 < building_.storeys.size()) return building_.storeys[i + 1].ordinal;
+    if (direction < 0 && i > 0) return building_.storeys[i - 1].ordinal;
+  }
+  return std::nullopt;
+}
+
+double Surroundings::distance(double level, Point point) const {
+  const Space& here = space(level);
+  return here.contains(point) ? 0.0 : here.clearance(point, farAway);
+}
+
+std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
+                          const Surroundings& surroundings) {
+  std::vector<Contacts> contacts;
+  for (const Piece* piece : pieces) contacts.push_back(boardable(*piece, surroundings));
+  std::vector<Stop> stops;
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    const Piece& piece = *pieces[i];
+    if (contacts[i].empty()) {
+      stops.push_back(
+          stopAt(piece, piece.level, nearestTo(piece, surroundings.space(piece.level))));
+    } else if (piece.kind == ConnectorKind::elevator) {
+      if (!contacts[i].front().door) contacts[i] = {longest(contacts[i])};
+      for (const Contact& contact : contacts[i])
+        stops.push_back(stopAt(piece, piece.level, contact.position));
+    } else {
+      // A flight is left at the other end than it is entered, unless only one end is open.
+      std::optional<Point> other;
+      if (!stops.empty()) other = stops.back().spot.position;
+      if (!other && i + 1 < pieces.size() && contacts[i + 1].size() == 1)
+        other = contacts[i + 1].front().position;
+      const Contact& chosen = other ? farthest(contacts[i], *other) : longest(contacts[i]);
+      stops.push_back(stopAt(piece, piece.level, chosen.position));
+    }
+  }
+  return stops;
+}
+
+std::vector<Stop> stopsOfSingle(const Piece& piece, const Surroundings& surroundings) {
+  const Contacts own = boardable(piece, surroundings);
+  const bool flight = piece.kind == ConnectorKind::stairs || piece.kind == ConnectorKind::escalator;
+  if (flight && piece.area != nullptr && !own.empty())
+    for (const int direction : {1, -1}) {
+      const auto level = surroundings.neighbor(piece.level, direction);
+      if (!level || shareWithin(piece, surroundings.space(*level)) >= mostOverlap) continue;
+      const auto pair = bestPair(own, contactsOf(piece, surroundings.space(*level)));
+      if (!pair) continue;
+      std::vector<Stop> stops = {stopAt(piece, piece.level, pair->first.position),
+                                 stopAt(piece, *level, pair->second.position)};
+      stops.back().area.clear();
+      if (direction < 0) std::reverse(stops.begin(), stops.end());
+      return stops;
+    }
+  if (piece.kind != ConnectorKind::elevator && piece.area != nullptr) {
+    const Contacts all = contactsOf(piece, surroundings.space(piece.level));
+    if (const auto pair = bestPair(all, all))
+      return {stopAt(piece, piece.level, pair->first.position),
+              stopAt(piece, piece.level, pair->second.position)};
+  }
+  return stopsOf({&piece}, surroundings);
+}
+
+void applyDirection(std::vector<Stop>& stops, Direction direction) {
+  if (stops.size() < 2 || (direction != Direction::forward && direction != Direction::backward))
+    return;
+  Stop& start = direction == Direction::forward ? stops.front() : stops.back();
+  Stop& end = direction == Direction::forward ? stops.back() : stops.front();
+  start.leave = false;
+  end.enter = false;
+}
+
+}  // namespace orivanta::importer

@@ -1,0 +1,19 @@
+// Names for what the source does not name. They tell only what a thing is, without a number, so
+// that another import gives the same names.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "Apps/Import/Building.hpp"
+
+namespace orivanta::importer {
+
+/// The name of a place of a category (a value of a source), such as "Office". `language` is that of
+/// `Names::name`.
+Names generatedName(std::string_view category, std::string_view language);
+
+/// The name of a connector, such as "Stairs".
+Names generatedName(ConnectorKind kind, std::string_view language);
+
+}  // namespace orivanta::importer

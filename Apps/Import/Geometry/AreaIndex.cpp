@@ -1,0 +1,101 @@
+#include "Apps/Import/Geometry/AreaIndex.hpp"
+
+#include <algorithm>
+#include <boost/geometry/geometries/box.hpp>
+#include <boost/geometry/geometries/point_xy.hpp>
+#include <boost/geometry/index/rtree.hpp>
+#include <boost/geometry/strategies/relate/cartesian.hpp>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+#include "Apps/Import/Geometry/Shapes.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+namespace bg = boost::geometry;
+using Corner = bg::model::d2::point_xy<double>;
+using Box = bg::model::box<Corner>;
+
+struct Bounds {
+  Point low{std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
+  Point high{std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()};
+};
+
+Bounds boundsOf(const Shape& shape) {
+  Bounds bounds;
+  for (const Polygon& polygon : shape)
+    for (const Point point : polygon.outer) {
+      bounds.low = {std::min(bounds.low.x, point.x), std::min(bounds.low.y, point.y)};
+      bounds.high = {std::max(bounds.high.x, point.x), std::max(bounds.high.y, point.y)};
+    }
+  return bounds;
+}
+
+Box boxOf(Point low, Point high) { return {Corner(low.x, low.y), Corner(high.x, high.y)}; }
+
+}  // namespace
+
+struct AreaIndex::Tree {
+  using Item = std::pair<Box, std::size_t>;
+  std::vector<const Area*> areas;
+  std::vector<double> surfaces;
+  bg::index::rtree<Item, bg::index::quadratic<16>> boxes;
+};
+
+AreaIndex::AreaIndex(const Building& building, double level,
+                     const std::function<bool(const Area&)>& choose)
+    : tree_(std::make_unique<Tree>()) {
+  std::vector<Tree::Item> items;
+  for (const Area& area : building.areas) {
+    if (area.level != level || area.shape.empty() || !choose(area)) continue;
+    const Bounds bounds = boundsOf(area.shape);
+    items.emplace_back(boxOf(bounds.low, bounds.high), tree_->areas.size());
+    tree_->areas.push_back(&area);
+    tree_->surfaces.push_back(areaOf(area.shape));
+  }
+  tree_->boxes = {items.begin(), items.end()};
+}
+
+AreaIndex::~AreaIndex() = default;
+
+std::vector<const Area*> AreaIndex::within(Point low, Point high) const {
+  std::vector<Tree::Item> items;
+  tree_->boxes.query(bg::index::intersects(boxOf(low, high)), std::back_inserter(items));
+  std::vector<std::size_t> order;
+  for (const Tree::Item& item : items) order.push_back(item.second);
+  std::sort(order.begin(), order.end());
+  std::vector<const Area*> found;
+  for (const std::size_t i : order) found.push_back(tree_->areas[i]);
+  return found;
+}
+
+std::vector<const Area*> AreaIndex::near(Point point, double distance) const {
+  const Point reach{distance, distance};
+  return within(point - reach, point + reach);
+}
+
+std::vector<const Area*> AreaIndex::near(const std::vector<Polygon>& shape, double distance) const {
+  if (shape.empty()) return {};
+  const Bounds bounds = boundsOf(shape);
+  const Point reach{distance, distance};
+  return within(bounds.low - reach, bounds.high + reach);
+}
+
+const Area* AreaIndex::smallestAt(Point point) const {
+  std::vector<Tree::Item> items;
+  tree_->boxes.query(bg::index::intersects(Corner(point.x, point.y)), std::back_inserter(items));
+  std::size_t best = tree_->areas.size();
+  for (const Tree::Item& item : items) {
+    const std::size_t i = item.second;
+    if (!contains(tree_->areas[i]->shape, point)) continue;
+    if (best == tree_->areas.size() || tree_->surfaces[i] < tree_->surfaces[best] ||
+        (tree_->surfaces[i] == tree_->surfaces[best] && i < best))
+      best = i;
+  }
+  return best == tree_->areas.size() ? nullptr : tree_->areas[best];
+}
+
+}  // namespace orivanta::importer

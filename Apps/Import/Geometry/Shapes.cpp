@@ -1,0 +1,210 @@
+#include "Apps/Import/Geometry/Shapes.hpp"
+
+#include <geos_c.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+
+namespace orivanta::importer {
+
+namespace {
+
+// The handle of a thread: GEOS is reentrant with one handle per thread.
+GEOSContextHandle_t handle() {
+  struct Handle {
+    GEOSContextHandle_t value = GEOS_init_r();
+    Handle() = default;
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    ~Handle() { GEOS_finish_r(value); }
+  };
+  thread_local const Handle mine;
+  return mine.value;
+}
+
+struct Destroy {
+  void operator()(GEOSGeometry* geometry) const { GEOSGeom_destroy_r(handle(), geometry); }
+  void operator()(GEOSMakeValidParams* params) const {
+    GEOSMakeValidParams_destroy_r(handle(), params);
+  }
+};
+
+using Geometry = std::unique_ptr<GEOSGeometry, Destroy>;
+
+Geometry owned(GEOSGeometry* geometry) {
+  if (geometry == nullptr) throw std::runtime_error("a geometric operation failed");
+  return Geometry(geometry);
+}
+
+GEOSCoordSequence* sequenceOf(const std::vector<Point>& points, bool closed) {
+  const std::size_t count = points.size() + (closed ? 1 : 0);
+  GEOSCoordSequence* sequence = GEOSCoordSeq_create_r(handle(), static_cast<unsigned>(count), 2);
+  if (sequence == nullptr) throw std::bad_alloc();
+  for (std::size_t i = 0; i < count; ++i) {
+    const Point point = points[i % points.size()];
+    GEOSCoordSeq_setXY_r(handle(), sequence, static_cast<unsigned>(i), point.x, point.y);
+  }
+  return sequence;
+}
+
+Geometry ringOf(const Outline& outline) {
+  return owned(GEOSGeom_createLinearRing_r(handle(), sequenceOf(outline, true)));
+}
+
+Geometry collectionOf(int type, std::vector<Geometry> parts) {
+  std::vector<GEOSGeometry*> released;
+  released.reserve(parts.size());
+  for (Geometry& part : parts) released.push_back(part.release());
+  return owned(GEOSGeom_createCollection_r(handle(), type, released.data(),
+                                           static_cast<unsigned>(released.size())));
+}
+
+Geometry geometryOf(const Polygon& polygon) {
+  Geometry outer = ringOf(polygon.outer);
+  std::vector<GEOSGeometry*> holes;
+  for (const Outline& hole : polygon.holes)
+    if (hole.size() >= 3) holes.push_back(ringOf(hole).release());
+  return owned(GEOSGeom_createPolygon_r(handle(), outer.release(), holes.data(),
+                                        static_cast<unsigned>(holes.size())));
+}
+
+Geometry geometryOf(const Shape& shape) {
+  std::vector<Geometry> parts;
+  for (const Polygon& polygon : shape)
+    if (polygon.outer.size() >= 3) parts.push_back(geometryOf(polygon));
+  return collectionOf(GEOS_MULTIPOLYGON, std::move(parts));
+}
+
+Outline outlineOf(const GEOSGeometry* ring, bool counterclockwise) {
+  const GEOSCoordSequence* sequence = GEOSGeom_getCoordSeq_r(handle(), ring);
+  unsigned count = 0;
+  GEOSCoordSeq_getSize_r(handle(), sequence, &count);
+  Outline outline;
+  outline.reserve(count);
+  for (unsigned i = 0; i + 1 < count; ++i) {
+    Point point;
+    GEOSCoordSeq_getXY_r(handle(), sequence, i, &point.x, &point.y);
+    if (outline.empty() || package::distance(outline.back(), point) > 0.0) outline.push_back(point);
+  }
+  if ((package::signedArea(outline) > 0.0) != counterclockwise)
+    std::reverse(outline.begin(), outline.end());
+  return outline;
+}
+
+void appendPolygons(const GEOSGeometry* geometry, Shape& shape) {
+  const int type = GEOSGeomTypeId_r(handle(), geometry);
+  if (type == GEOS_POLYGON) {
+    if (GEOSisEmpty_r(handle(), geometry) != 0) return;
+    Polygon polygon{outlineOf(GEOSGetExteriorRing_r(handle(), geometry), true), {}};
+    const int holes = GEOSGetNumInteriorRings_r(handle(), geometry);
+    for (int i = 0; i < holes; ++i)
+      polygon.holes.push_back(outlineOf(GEOSGetInteriorRingN_r(handle(), geometry, i), false));
+    if (polygon.outer.size() >= 3) shape.push_back(std::move(polygon));
+    return;
+  }
+  if (type < GEOS_MULTIPOINT) return;
+  const int parts = GEOSGetNumGeometries_r(handle(), geometry);
+  for (int i = 0; i < parts; ++i) appendPolygons(GEOSGetGeometryN_r(handle(), geometry, i), shape);
+}
+
+Shape shapeOf(const Geometry& geometry) {
+  Shape shape;
+  appendPolygons(geometry.get(), shape);
+  return shape;
+}
+
+}  // namespace
+
+Shape repaired(const Shape& shape) {
+  const std::unique_ptr<GEOSMakeValidParams, Destroy> params(
+      GEOSMakeValidParams_create_r(handle()));
+  GEOSMakeValidParams_setMethod_r(handle(), params.get(), GEOS_MAKE_VALID_STRUCTURE);
+  GEOSMakeValidParams_setKeepCollapsed_r(handle(), params.get(), 0);
+  const Geometry drawn = geometryOf(shape);
+  return shapeOf(owned(GEOSMakeValidWithParams_r(handle(), drawn.get(), params.get())));
+}
+
+bool isValid(const Shape& shape) { return GEOSisValid_r(handle(), geometryOf(shape).get()) == 1; }
+
+Shape united(const Shape& shape) {
+  if (shape.empty()) return {};
+  std::vector<Geometry> parts;
+  for (const Polygon& polygon : shape) parts.push_back(geometryOf(polygon));
+  const Geometry all = collectionOf(GEOS_GEOMETRYCOLLECTION, std::move(parts));
+  return shapeOf(owned(GEOSUnaryUnion_r(handle(), all.get())));
+}
+
+Shape without(const Shape& shape, const Shape& removed) {
+  if (shape.empty() || removed.empty()) return shape;
+  return shapeOf(
+      owned(GEOSDifference_r(handle(), geometryOf(shape).get(), geometryOf(removed).get())));
+}
+
+Shape common(const Shape& first, const Shape& second) {
+  if (first.empty() || second.empty()) return {};
+  return shapeOf(
+      owned(GEOSIntersection_r(handle(), geometryOf(first).get(), geometryOf(second).get())));
+}
+
+Shape withMargin(const Shape& shape, double margin) {
+  if (shape.empty()) return {};
+  constexpr int segments = 2;
+  constexpr double miterLimit = 4.0;
+  return shapeOf(owned(GEOSBufferWithStyle_r(handle(), geometryOf(shape).get(), margin, segments,
+                                             GEOSBUF_CAP_FLAT, GEOSBUF_JOIN_MITRE, miterLimit)));
+}
+
+Shape strip(const std::vector<Point>& line, double distance) {
+  if (line.size() < 2) return {};
+  const Geometry drawn = owned(GEOSGeom_createLineString_r(handle(), sequenceOf(line, false)));
+  constexpr int segments = 2;
+  constexpr double miterLimit = 2.0;
+  return shapeOf(owned(GEOSBufferWithStyle_r(handle(), drawn.get(), distance, segments,
+                                             GEOSBUF_CAP_FLAT, GEOSBUF_JOIN_MITRE, miterLimit)));
+}
+
+Shape snapped(const Shape& shape, double grid) {
+  if (shape.empty()) return {};
+  return shapeOf(owned(GEOSGeom_setPrecision_r(handle(), geometryOf(shape).get(), grid, 0)));
+}
+
+Shape joined(Shape first, const Shape& second) {
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
+}
+
+double areaOf(const Polygon& polygon) {
+  double area = std::abs(package::signedArea(polygon.outer));
+  for (const Outline& hole : polygon.holes) area -= std::abs(package::signedArea(hole));
+  return area;
+}
+
+double areaOf(const Shape& shape) {
+  double area = 0.0;
+  for (const Polygon& polygon : shape) area += areaOf(polygon);
+  return area;
+}
+
+bool contains(const Shape& shape, Point point) {
+  return std::any_of(shape.begin(), shape.end(), [&](const Polygon& polygon) {
+    return package::contains(polygon.outer, point) &&
+           std::none_of(polygon.holes.begin(), polygon.holes.end(),
+                        [&](const Outline& hole) { return package::contains(hole, point); });
+  });
+}
+
+double distanceTo(const Shape& shape, Point point) {
+  if (contains(shape, point)) return 0.0;
+  double nearest = std::numeric_limits<double>::infinity();
+  for (const Polygon& polygon : shape) {
+    nearest = std::min(nearest, package::distanceToBorder(polygon.outer, point));
+    for (const Outline& hole : polygon.holes)
+      nearest = std::min(nearest, package::distanceToBorder(hole, point));
+  }
+  return nearest;
+}
+
+}  // namespace orivanta::importer

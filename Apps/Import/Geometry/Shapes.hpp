@@ -1,0 +1,56 @@
+// Set operations on areas: repair, union, difference, margins.
+//
+// A thin layer over GEOS, which nothing else includes. All functions take and return plain
+// polygons in meters, may be called from any thread, and throw `std::runtime_error` if GEOS fails,
+// which repaired input does not cause.
+#pragma once
+
+#include <vector>
+
+#include "Apps/Import/Building.hpp"
+
+namespace orivanta::importer {
+
+/// A set of polygons. Results are valid: their interiors do not overlap, outer rings are
+/// counterclockwise, holes clockwise, and no point is repeated.
+using Shape = std::vector<Polygon>;
+
+/// Makes any finite input valid. Crossed outlines keep the area that they enclose.
+Shape repaired(const Shape& shape);
+
+/// Whether the shape is valid apart from the direction of its rings.
+bool isValid(const Shape& shape);
+
+/// The union of valid polygons that may overlap each other.
+Shape united(const Shape& shape);
+
+/// The first shape without the second. Both must be valid.
+Shape without(const Shape& shape, const Shape& removed);
+
+/// What two valid shapes have in common.
+Shape common(const Shape& first, const Shape& second);
+
+/// Moves all borders outward (inward if `margin` is negative). Corners stay sharp.
+Shape withMargin(const Shape& shape, double margin);
+
+/// The area within a distance of a line, with flat ends.
+Shape strip(const std::vector<Point>& line, double distance);
+
+/// Rounds all coordinates to multiples of `grid`, without letting borders cross.
+Shape snapped(const Shape& shape, double grid);
+
+/// The polygons of both shapes, not united.
+Shape joined(Shape first, const Shape& second);
+
+/// Square meters; polygons that overlap count twice.
+double areaOf(const Polygon& polygon);
+double areaOf(const Shape& shape);
+
+/// Whether the point lies in the shape. Linear in the number of points; the result is unspecified
+/// for points on the border.
+bool contains(const Shape& shape, Point point);
+
+/// The distance to the shape, 0 within it. Linear in the number of points.
+double distanceTo(const Shape& shape, Point point);
+
+}  // namespace orivanta::importer

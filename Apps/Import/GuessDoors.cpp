@@ -1,0 +1,202 @@
+#include "Apps/Import/GuessDoors.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <functional>
+#include <optional>
+#include <set>
+#include <utility>
+
+#include "Apps/Import/Geometry/AreaIndex.hpp"
+#include "Apps/Import/Geometry/Space.hpp"
+#include "Apps/Import/WalkableSpace.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+constexpr double sampleStep = 0.2;
+constexpr std::array wallDepths{0.06, 0.3,
+                                0.6};  // how far behind the wall the other side is sought
+constexpr double narrowestDoor = 0.6;
+constexpr double usualWidth = 1.0;
+
+// A straight piece of a room's wall behind which something lies.
+struct Contact {
+  Point from;
+  Point to;
+  double length() const { return package::distance(from, to); }
+};
+
+using Behind = std::function<bool(Point)>;
+
+// Walls of the room; neighboring ones in the same direction are one.
+std::vector<Segment> straightWalls(const Shape& shape) {
+  std::vector<Segment> walls;
+  for (const Segment& border : bordersOf(shape)) {
+    if (!walls.empty() && package::distance(walls.back().b, border.a) == 0.0) {
+      const Point before = walls.back().b - walls.back().a;
+      const Point after = border.b - border.a;
+      constexpr double sameDirection = 0.05;
+      if (std::abs(package::cross(before, after)) <
+              sameDirection * package::length(before) * package::length(after) &&
+          package::dot(before, after) > 0.0) {
+        walls.back().b = border.b;
+        continue;
+      }
+    }
+    walls.push_back(border);
+  }
+  return walls;
+}
+
+// The longest part of one wall behind which all samples are.
+Contact longestContact(const Segment& wall, const Behind& behind) {
+  const Point along = wall.b - wall.a;
+  const double length = package::length(along);
+  const Point outward = Point{along.y, -along.x} * (1.0 / std::max(length, 1e-9));
+  const auto count = static_cast<int>(std::clamp(std::ceil(length / sampleStep), 1.0, 2000.0));
+  Contact best{wall.a, wall.a};
+  int begin = 0;
+  for (int i = 0; i <= count; ++i) {
+    const Point middle = wall.a + along * ((i + 0.5) / count);
+    const bool touches =
+        i < count && std::any_of(wallDepths.begin(), wallDepths.end(),
+                                 [&](double depth) { return behind(middle + outward * depth); });
+    if (touches) continue;
+    const Contact contact{wall.a + along * (static_cast<double>(begin) / count),
+                          wall.a + along * (static_cast<double>(i) / count)};
+    if (contact.length() > best.length()) best = contact;
+    begin = i + 1;
+  }
+  return best;
+}
+
+std::optional<Contact> longestContact(const Shape& room, const Behind& behind) {
+  Contact best;
+  for (const Segment& wall : straightWalls(room)) {
+    if (package::distance(wall.a, wall.b) <= best.length() + 0.05) continue;
+    const Contact contact = longestContact(wall, behind);
+    if (contact.length() > best.length() + 0.05) best = contact;
+  }
+  if (best.length() < narrowestDoor) return {};
+  return best;
+}
+
+Door doorAt(const Area& room, const Contact& contact) {
+  Door door;
+  door.id = room.id + "/door";
+  door.source = room.source;
+  door.level = room.level;
+  door.position = (contact.from + contact.to) * 0.5;
+  door.width = std::min(contact.length(), usualWidth);
+  const Point half = (contact.to - contact.from) * (*door.width / contact.length() / 2.0);
+  door.line = {door.position - half, door.position + half};
+  door.guessed = true;
+  door.areas = {room.id};
+  return door;
+}
+
+class Guess {
+ public:
+  Guess(Building& building, double level)
+      : building_(building),
+        level_(level),
+        walkways_(hasWalkways(building, level)),
+        space_(walkableSpace(building, level)),
+        walkable_(building, level,
+                  [this](const Area& area) { return isWalkway(area.kind, walkways_); }),
+        rooms_(building, level, [this](const Area& area) { return isRoom(area); }) {
+    for (const Door& door : building.doors)
+      if (door.level == level) withDoor_.insert(door.areas.begin(), door.areas.end());
+  }
+
+  void run() {
+    std::vector<Door> doors;
+    std::vector<const Area*> left;
+    for (const Area& area : building_.areas) {
+      if (area.level != level_ || !isRoom(area) || withDoor_.contains(area.id)) continue;
+      if (std::optional<Door> door = toWalkway(area))
+        doors.push_back(std::move(*door));
+      else
+        left.push_back(&area);
+    }
+    for (const Door& door : doors) withDoor_.insert(door.areas.front());
+    while (addDoorsToNeighbors(left, doors)) {
+    }
+    building_.doors.insert(building_.doors.end(), doors.begin(), doors.end());
+  }
+
+ private:
+  bool isRoom(const Area& area) const {
+    return (area.kind == AreaKind::room ||
+            (area.kind == AreaKind::unknown && !isWalkway(area.kind, walkways_))) &&
+           area.access != Access::nobody;
+  }
+
+  std::optional<Door> toWalkway(const Area& room) const {
+    if (space_.empty()) return {};
+    const auto contact =
+        longestContact(room.shape, [this](Point point) { return space_.contains(point); });
+    if (!contact) return {};
+    Door door = doorAt(room, *contact);
+    const Point along = contact->to - contact->from;
+    const Point outward = Point{along.y, -along.x} * (1.0 / contact->length());
+    for (const double depth : wallDepths)
+      if (const Area* behind = walkable_.smallestAt(door.position + outward * depth)) {
+        door.areas.push_back(behind->id);
+        break;
+      }
+    return door;
+  }
+
+  // The door to the neighbor with which the room has the longest wall in common.
+  std::optional<Door> toNeighbor(const Area& room) const {
+    std::optional<Contact> best;
+    std::string neighbor;
+    for (const Area* other : rooms_.near(room.shape, wallDepths.back())) {
+      if (other == &room || !withDoor_.contains(other->id)) continue;
+      const auto contact = longestContact(
+          room.shape, [other](Point point) { return contains(other->shape, point); });
+      if (!contact || (best && contact->length() <= best->length())) continue;
+      best = contact;
+      neighbor = other->id;
+    }
+    if (!best) return {};
+    Door door = doorAt(room, *best);
+    door.areas.push_back(neighbor);
+    return door;
+  }
+
+  // Returns whether any room got a door.
+  bool addDoorsToNeighbors(std::vector<const Area*>& left, std::vector<Door>& doors) {
+    std::vector<const Area*> still;
+    std::vector<std::string> done;
+    for (const Area* room : left) {
+      if (std::optional<Door> door = toNeighbor(*room)) {
+        doors.push_back(std::move(*door));
+        done.push_back(room->id);
+      } else {
+        still.push_back(room);
+      }
+    }
+    withDoor_.insert(done.begin(), done.end());
+    left = std::move(still);
+    return !done.empty() && !left.empty();
+  }
+
+  Building& building_;
+  double level_;
+  bool walkways_;
+  Space space_;
+  AreaIndex walkable_;
+  AreaIndex rooms_;
+  std::set<std::string> withDoor_;
+};
+
+}  // namespace
+
+void guessDoors(Building& building, double level) { Guess(building, level).run(); }
+
+}  // namespace orivanta::importer

@@ -1,0 +1,203 @@
+#include "Apps/Import/PackageRecords.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+#include "Apps/Import/Categories.hpp"
+#include "Apps/Import/GeneratedNames.hpp"
+#include "Apps/Import/PlaceRecords.hpp"
+
+namespace orivanta::importer {
+
+namespace json = boost::json;
+
+namespace {
+
+json::object venueRecord(const PackageLayout& layout) {
+  const Building& building = layout.building();
+  Names names = building.names;
+  if (names.name.empty()) names.name = layout.slug();
+  json::object venue = namedRecord("venue-" + layout.slug(), names);
+  venue["slug"] = layout.slug();
+  venue["logo"] = {{"xxsmall", "images/logo-64.png"},
+                   {"xsmall", "images/logo-128.png"},
+                   {"small", "images/logo-256.png"},
+                   {"original", "images/logo-256.png"}};
+  venue["cover-image"] = "images/cover.png";
+  if (!building.attribution.empty()) venue["attribution"] = building.attribution;
+  if (!building.license.empty()) venue["license"] = building.license;
+  venue["unitsPerMetre"] = layout.unitsPerMeter();
+  if (!building.scaleKnown)
+    venue["unitNote"] =
+        fmt::format("The source does not state its unit of length; one unit is taken as {} meters.",
+                    building.metersPerUnit);
+  if (building.georeference)
+    venue["origin"] = {{"latitude", building.georeference->latitude},
+                       {"longitude", building.georeference->longitude}};
+  venue["north"] = 0;
+  return venue;
+}
+
+json::array mapRecords(const PackageLayout& layout) {
+  json::array records;
+  for (const Storey* storey : layout.maps()) {
+    Names names = storey->names;
+    if (names.name.empty()) names.name = storey->shortName;
+    if (names.name.empty()) names.name = fmt::format("{}", storey->ordinal);
+    json::object map = namedRecord(packageId(storey->id), names);
+    map["shortName"] =
+        storey->shortName.empty() ? fmt::format("{}", storey->ordinal) : storey->shortName;
+    map["ordinal"] = storey->ordinal;
+    map["elevation"] = layout.toUnits(storey->elevation.value_or(storey->ordinal * 4.0));
+    map["venue"] = layout.slug();
+    if (storey->outdoor) map["outdoor"] = true;
+    const std::string file = "maps/" + layout.fileName(*storey);
+    map["scene"] = {{"obj", file + ".obj"}, {"mtl", file + ".mtl"}, {"images", json::array()}};
+    map["plan"] = file + ".svg";
+    records.push_back(std::move(map));
+  }
+  return records;
+}
+
+json::array nodeRecords(const PackageLayout& layout) {
+  const Network& network = layout.building().network;
+  std::vector<std::set<std::string>> paths(network.nodes.size());
+  for (const Edge& edge : network.edges) {
+    paths[edge.from].insert(packageId(network.nodes[edge.to].id));
+    if (!edge.oneWay) paths[edge.to].insert(packageId(network.nodes[edge.from].id));
+  }
+  json::array records;
+  for (std::size_t i = 0; i < network.nodes.size(); ++i) {
+    const Node& node = network.nodes[i];
+    json::object record = {{"id", packageId(node.id)},
+                           {"map", layout.mapAt(node.level)},
+                           {"x", layout.toUnits(node.position.x)},
+                           {"y", layout.toUnits(node.position.y)},
+                           {"z", 0.5}};
+    if (node.weight > 0.0) record["weight"] = node.weight;
+    json::array list;
+    for (const std::string& target : paths[i]) list.push_back(json::object{{"node", target}});
+    record["paths"] = std::move(list);
+    records.push_back(std::move(record));
+  }
+  return records;
+}
+
+std::string_view typeOf(ConnectorKind kind) {
+  switch (kind) {
+    case ConnectorKind::elevator:
+      return "elevator";
+    case ConnectorKind::escalator:
+      return "escalator";
+    case ConnectorKind::stairs:
+      return "stairs";
+    case ConnectorKind::ramp:
+    case ConnectorKind::movingWalkway:
+      break;
+  }
+  return "ramp";
+}
+
+bool onOneStorey(const Connector& connector) {
+  return std::all_of(connector.stops.begin(), connector.stops.end(), [&](const Stop& stop) {
+    return stop.spot.level == connector.stops.front().spot.level;
+  });
+}
+
+// A ride costs the difference of elevation times the weight, plus the weight. On one storey, where
+// the difference is zero, the weight is the length.
+double weightOf(const Connector& connector, const PackageLayout& layout) {
+  if (onOneStorey(connector))
+    return layout.toUnits(
+        distance(connector.stops.front().spot.position, connector.stops.back().spot.position));
+  switch (connector.kind) {
+    case ConnectorKind::elevator:
+      return 2.0;
+    case ConnectorKind::stairs:
+      return 1.5;
+    case ConnectorKind::escalator:
+    case ConnectorKind::ramp:
+    case ConnectorKind::movingWalkway:
+      break;
+  }
+  return 0.0;
+}
+
+// The nodes at the stops, in the order of the stops.
+std::vector<const Node*> boardingNodes(const Connector& connector, const NodeLookup& lookup) {
+  std::vector<const Node*> nodes = lookup.of(NodeKind::boarding, connector.id);
+  const auto nearestStop = [&](const Node* node) {
+    std::size_t best = connector.stops.size();
+    double nearest = 1e300;
+    for (std::size_t i = 0; i < connector.stops.size(); ++i) {
+      const Spot& spot = connector.stops[i].spot;
+      if (spot.level != node->level) continue;
+      if (const double away = distance(spot.position, node->position); away < nearest) {
+        nearest = away;
+        best = i;
+      }
+    }
+    return best;
+  };
+  std::stable_sort(nodes.begin(), nodes.end(),
+                   [&](const Node* a, const Node* b) { return nearestStop(a) < nearestStop(b); });
+  return nodes;
+}
+
+json::object vortexRecord(const Connector& connector, const PackageLayout& layout,
+                          const std::vector<const Node*>& boarding, UsedCategories& categories) {
+  const Names names = connector.names.name.empty()
+                          ? generatedName(connector.kind, layout.building().language)
+                          : connector.names;
+  json::object record = namedRecord(packageId(connector.id), names);
+  const std::string_view type = typeOf(connector.kind);
+  record["type"] = json::string(type.data(), type.size());
+  record["accessible"] = connector.accessible;
+  if (const double weight = weightOf(connector, layout); weight > 0.0) record["weight"] = weight;
+  record["categories"] = json::array{json::string(categories.useId(categoryOf(connector.kind).id))};
+  json::array nodes;
+  for (const Node* node : boarding) nodes.push_back(json::string(packageId(node->id)));
+  record["nodes"] = std::move(nodes);
+  json::array polygons;
+  std::set<std::string> areas;
+  for (const Stop& stop : connector.stops)
+    if (!stop.area.empty() && areas.insert(stop.area).second)
+      polygons.push_back(
+          json::object{{"id", packageId(stop.area)}, {"map", layout.mapAt(stop.spot.level)}});
+  record["polygons"] = std::move(polygons);
+  return record;
+}
+
+// Connectors for everybody come first. One that joins nothing is left out.
+json::array vortexRecords(const PackageLayout& layout, const NodeLookup& lookup,
+                          UsedCategories& categories) {
+  json::array records;
+  for (const bool accessible : {true, false})
+    for (const Connector& connector : layout.building().connectors) {
+      if (connector.accessible != accessible) continue;
+      const auto nodes = boardingNodes(connector, lookup);
+      if (nodes.size() >= 2) records.push_back(vortexRecord(connector, layout, nodes, categories));
+    }
+  return records;
+}
+
+}  // namespace
+
+PackageRecords makeRecords(const PackageLayout& layout) {
+  const NodeLookup lookup(layout.building());
+  UsedCategories categories;
+  PackageRecords records;
+  records.venue = venueRecord(layout);
+  records.maps = mapRecords(layout);
+  records.locations = locationRecords(layout, lookup, categories);
+  records.nodes = nodeRecords(layout);
+  records.vortices = vortexRecords(layout, lookup, categories);
+  records.polygons = polygonRecords(layout, lookup);
+  records.categories = categories.records(layout.building().language);
+  return records;
+}
+
+}  // namespace orivanta::importer

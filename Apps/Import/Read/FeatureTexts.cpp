@@ -1,0 +1,116 @@
+#include "Apps/Import/Read/FeatureTexts.hpp"
+
+#include <utility>
+
+namespace orivanta::importer {
+
+namespace {
+
+constexpr std::string_view whitespace = " \t\r\n";
+
+class Splitter {
+ public:
+  Splitter(std::string_view text, std::size_t most) : text_(text), most_(most) {}
+
+  FeatureTexts split() {
+    skipWhitespace();
+    if (!atEnd() && text_[at_] == '[') {
+      ++at_;
+      splitArray();
+    } else {
+      findArray();
+    }
+    return std::move(result_);
+  }
+
+ private:
+  bool atEnd() const { return at_ >= text_.size(); }
+
+  void skipWhitespace() {
+    at_ = text_.find_first_not_of(whitespace, at_);
+    if (at_ == std::string_view::npos) at_ = text_.size();
+  }
+
+  // From an opening quotation mark to behind the closing one.
+  void skipString() {
+    for (++at_; !atEnd() && text_[at_] != '"'; ++at_)
+      if (text_[at_] == '\\') ++at_;
+    if (!atEnd()) ++at_;
+  }
+
+  // Looks for the member "features" of the root.
+  void findArray() {
+    int depth = 0;
+    while (!atEnd()) {
+      const char character = text_[at_];
+      if (character == '"') {
+        const std::size_t start = at_;
+        skipString();
+        if (depth == 1 && text_.substr(start, at_ - start) == "\"features\"" && enterArray())
+          return splitArray();
+        continue;
+      }
+      if (character == '{' || character == '[') ++depth;
+      if (character == '}' || character == ']') --depth;
+      ++at_;
+    }
+  }
+
+  // From behind a key to behind the bracket of its array; stays if there is none.
+  bool enterArray() {
+    const std::size_t colon = text_.find_first_not_of(whitespace, at_);
+    if (colon == std::string_view::npos || text_[colon] != ':') return false;
+    const std::size_t bracket = text_.find_first_not_of(whitespace, colon + 1);
+    if (bracket == std::string_view::npos || text_[bracket] != '[') return false;
+    at_ = bracket + 1;
+    return true;
+  }
+
+  void splitArray() {
+    result_.found = true;
+    result_.frame = text_.substr(0, at_);
+    result_.frameStart = at_;
+    std::size_t start = at_;
+    int depth = 0;
+    while (!atEnd() && !result_.tooMany) {
+      const char character = text_[at_];
+      if (character == '"') {
+        skipString();
+        continue;
+      }
+      if (character == '{' || character == '[') ++depth;
+      if (character == '}' || character == ']') --depth;
+      if (depth < 0 || (depth == 0 && character == ',')) addElement(start);
+      if (depth < 0) {
+        result_.frame += text_.substr(at_);
+        return;
+      }
+      ++at_;
+    }
+    result_.cut = !result_.tooMany;
+  }
+
+  // Adds the text from `start` to here, and moves `start` behind it.
+  void addElement(std::size_t& start) {
+    const std::size_t first = text_.find_first_not_of(whitespace, start);
+    if (first < at_) {
+      const std::size_t last = text_.find_last_not_of(whitespace, at_ - 1);
+      result_.tooMany = result_.features.size() >= most_;
+      if (!result_.tooMany) result_.features.push_back(text_.substr(first, last + 1 - first));
+    }
+    start = at_ + 1;
+  }
+
+  std::string_view text_;
+  std::size_t most_;
+  std::size_t at_ = 0;
+  FeatureTexts result_;
+};
+
+}  // namespace
+
+FeatureTexts splitFeatures(std::string_view text, std::size_t most) {
+  return Splitter(text, most).split();
+}
+
+}  // namespace orivanta::importer

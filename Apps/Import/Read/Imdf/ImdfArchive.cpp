@@ -1,0 +1,251 @@
+#include "Apps/Import/Read/Imdf/ImdfArchive.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <boost/json/array.hpp>
+#include <filesystem>
+#include <utility>
+
+#include "Apps/Import/Projection.hpp"
+#include "Apps/Import/Read/Imdf/ImdfTypes.hpp"
+#include "Apps/Import/Read/JsonMembers.hpp"
+#include "Apps/Import/Read/JsonText.hpp"
+#include "Apps/Import/Read/PlaneOrigin.hpp"
+#include "Apps/Import/SourceError.hpp"
+
+namespace orivanta::importer {
+
+namespace json = boost::json;
+
+namespace {
+
+std::string fileName(const SourceFile& file) {
+  return lowerCase(std::filesystem::path(file.name).filename().string());
+}
+
+class Reader {
+ public:
+  Reader(const Options& options, Findings& findings) : options_(options), findings_(findings) {}
+
+  ImdfArchive read(const std::vector<SourceFile>& files) {
+    if (!files.empty())
+      archive_.file = std::filesystem::path(files.front().name).parent_path().string();
+    for (const SourceFile& file : files)
+      if (fileName(file) == "manifest.json") readManifest(file);
+    for (const SourceFile& file : files) {
+      const std::string name = fileName(file);
+      if (name.ends_with(".geojson") || (name.ends_with(".json") && name != "manifest.json"))
+        readFeatures(file);
+    }
+    reportUnknownTypes();
+    place();
+    return std::move(archive_);
+  }
+
+ private:
+  void report(Severity severity, const char* rule, const std::string& file, const std::string& id,
+              std::string message, const char* effect, const char* advice) {
+    Finding finding;
+    finding.severity = severity;
+    finding.rule = rule;
+    finding.source = id;
+    finding.file = file;
+    finding.message = std::move(message);
+    finding.effect = effect;
+    finding.advice = advice;
+    findings_.add(std::move(finding));
+  }
+
+  void readManifest(const SourceFile& file) {
+    ParsedJson parsed = parseJson(withoutByteOrderMark(file.bytes));
+    json::object* manifest = parsed.value.if_object();
+    if (manifest == nullptr)
+      return report(Severity::violation, "FileMustBeValidGeoJSON", file.name, {},
+                    "The manifest is no valid JSON object.", "Its language is not known.",
+                    "Check the file with a JSON validator.");
+    archive_.manifest = std::move(*manifest);
+    archive_.hasManifest = true;
+    archive_.language = lowerCase(memberText(archive_.manifest, "language"));
+  }
+
+  void readFeatures(const SourceFile& file) {
+    GeoFeatures collection;
+    try {
+      collection = readGeoJson(file, options_.limits, vertices_, findings_);
+    } catch (const SourceError& error) {
+      if (vertices_ > options_.limits.vertices) throw;
+      return report(Severity::violation, "FileMustBeValidGeoJSON", file.name, {}, error.what(),
+                    "The file is left out.", "Export the archive again.");
+    }
+    if (collection.type != "FeatureCollection")
+      report(Severity::warning, "FileMustContainFeatureCollection", file.name, {},
+             "The file does not contain an object with the type \"FeatureCollection\".",
+             "It is read nevertheless.", "Put the features into a FeatureCollection.");
+    for (GeoFeature& feature : collection.features) addFeature(file, std::move(feature));
+  }
+
+  void addFeature(const SourceFile& file, GeoFeature data) {
+    ImdfFeature feature;
+    feature.file = file.name;
+    feature.type = typeOf(file, data);
+    feature.id = idOf(file, data);
+    feature.data = std::move(data);
+    const std::size_t index = archive_.features.size();
+    archive_.byType[feature.type].push_back(index);
+    archive_.byId.emplace(feature.id, index);
+    archive_.features.push_back(std::move(feature));
+  }
+
+  std::string typeOf(const SourceFile& file, const GeoFeature& data) {
+    const json::value* type = data.members.if_contains("feature_type");
+    if (type != nullptr && type->is_string()) {
+      if (std::string text = memberText(data.members, "feature_type"); !text.empty()) return text;
+    }
+    const char* rule = type == nullptr     ? "FeatureMustHaveFeatureType"
+                       : type->is_string() ? "FeatureTypeMustNotBeEmpty"
+                                           : "FeatureTypeMustBeString";
+    report(Severity::violation, rule, file.name, data.id,
+           "The feature has no text in \"feature_type\".",
+           "The name of the file is taken as its type.", "Add the type, such as \"unit\".");
+    return std::filesystem::path(fileName(file)).stem().string();
+  }
+
+  std::string idOf(const SourceFile& file, const GeoFeature& data) {
+    const json::value* member = data.members.if_contains("id");
+    std::string id = data.id;
+    if (member == nullptr || !member->is_string() || id.empty()) {
+      const char* rule = member == nullptr      ? "FeatureMustHaveId"
+                         : !member->is_string() ? "FeatureIdMustBeString"
+                                                : "FeatureIdMustNotBeEmpty";
+      report(Severity::violation, rule, file.name, id, "The feature has no text in \"id\".",
+             "No other feature can refer to it.", "Give it a UUID.");
+    }
+    if (id.empty()) return fmt::format("{}:{}", file.name, archive_.features.size());
+    if (!archive_.byId.contains(id)) return id;
+    report(Severity::violation, "FeatureIdMustBeUnique", file.name, id,
+           "There are two features with this identifier.",
+           "What refers to it refers to the first one.", "Give each feature a UUID of its own.");
+    const std::string source = std::move(id);
+    do id = fmt::format("{}#{}", source, ++copies_);
+    while (archive_.byId.contains(id));
+    return id;
+  }
+
+  void reportUnknownTypes() {
+    for (const auto& [type, indices] : archive_.byType)
+      if (!isImdfType(type))
+        report(Severity::info, "feature-type-unknown", archive_.features[indices.front()].file,
+               archive_.features[indices.front()].id,
+               fmt::format("{} features have the type \"{}\", which is not part of IMDF 1.0.",
+                           indices.size(), type),
+               "They are left out.", "If it is an extension, nothing has to be done.");
+  }
+
+  // Chooses the origin, and makes all positions meters.
+  void place() {
+    PlaneOrigin middle;
+    for (const ImdfFeature& feature : archive_.features) middle.add(feature.data.geometry);
+    const Point rounded = middle.rounded(0.001);
+    archive_.origin = {rounded.y, rounded.x};
+    const Projection projection(archive_.origin);
+    for (ImdfFeature& feature : archive_.features)
+      changePositions(feature.data.geometry,
+                      [&](Point point) { return projection.toPlane(point.x, point.y); });
+  }
+
+  const Options& options_;
+  Findings& findings_;
+  ImdfArchive archive_;
+  std::size_t vertices_ = 0;
+  int copies_ = 1;
+};
+
+std::string primaryLanguage(const std::string& tag) { return tag.substr(0, tag.find('-')); }
+
+}  // namespace
+
+std::string ImdfFeature::text(std::string_view key) const {
+  return memberText(data.properties, key);
+}
+
+const ImdfFeature* ImdfArchive::find(const std::string& id, std::string_view type) const {
+  const auto found = byId.find(id);
+  if (found == byId.end()) return nullptr;
+  const ImdfFeature& feature = features[found->second];
+  return type.empty() || feature.type == type ? &feature : nullptr;
+}
+
+std::vector<const ImdfFeature*> ImdfArchive::ofType(const std::string& type) const {
+  std::vector<const ImdfFeature*> found;
+  if (const auto indices = byType.find(type); indices != byType.end())
+    for (const std::size_t index : indices->second) found.push_back(&features[index]);
+  return found;
+}
+
+std::optional<double> ImdfArchive::ordinal(const std::string& levelId) const {
+  const ImdfFeature* level = find(levelId, "level");
+  return level == nullptr ? std::nullopt : memberNumber(level->data.properties, "ordinal");
+}
+
+std::optional<double> ImdfArchive::levelOf(const ImdfFeature& feature) const {
+  if (feature.type == "level") return memberNumber(feature.data.properties, "ordinal");
+  if (const auto own = ordinal(feature.text("level_id"))) return own;
+  if (const auto unit = find(feature.text("unit_id"), "unit"))
+    return ordinal(unit->text("level_id"));
+  if (const auto anchor = find(feature.text("anchor_id"), "anchor"))
+    if (const auto unit = find(anchor->text("unit_id"), "unit"))
+      return ordinal(unit->text("level_id"));
+  for (const std::string& id : memberTexts(feature.data.properties, "unit_ids"))
+    if (const ImdfFeature* unit = find(id, "unit"))
+      if (const auto level = ordinal(unit->text("level_id"))) return level;
+  return std::nullopt;
+}
+
+Names ImdfArchive::names(const json::object& properties, std::string_view key) const {
+  Names names;
+  const json::object* labels = memberObject(properties, key);
+  if (labels == nullptr) {
+    const json::value* plain = memberOf(properties, key);
+    if (plain != nullptr && plain->is_string()) names.name = memberText(properties, key);
+    return names;
+  }
+  const std::string* best = nullptr;
+  int bestRank = 0;
+  for (const auto& [tag, label] : *labels) {
+    std::string text = label.is_string() ? memberText(*labels, {tag.data(), tag.size()}) : "";
+    if (text.empty()) continue;
+    const std::string lower = lowerCase({tag.data(), tag.size()});
+    const auto entry = names.byLanguage.emplace(lower, std::move(text)).first;
+    const int rank = lower == language                                     ? 4
+                     : primaryLanguage(lower) == primaryLanguage(language) ? 3
+                     : primaryLanguage(lower) == "en"                      ? 2
+                                                                           : 1;
+    if (rank <= bestRank) continue;
+    bestRank = rank;
+    best = &entry->second;
+  }
+  if (best != nullptr) names.name = *best;
+  return names;
+}
+
+std::vector<std::string> imdfMembers(const ImdfFeature& relationship) {
+  std::vector<std::string> ids;
+  const json::object& properties = relationship.data.properties;
+  const auto add = [&](const json::object* reference) {
+    if (reference == nullptr) return;
+    if (std::string id = memberText(*reference, "id"); !id.empty()) ids.push_back(std::move(id));
+  };
+  add(memberObject(properties, "origin"));
+  if (const json::array* intermediary = memberArray(properties, "intermediary"))
+    for (const json::value& each : *intermediary) add(each.if_object());
+  add(memberObject(properties, "destination"));
+  return ids;
+}
+
+ImdfArchive readImdfArchive(const std::vector<SourceFile>& files, const Options& options,
+                            Findings& findings) {
+  return Reader(options, findings).read(files);
+}
+
+}  // namespace orivanta::importer

@@ -1,0 +1,67 @@
+// The features of an IMDF archive, before they are understood.
+#pragma once
+
+#include <boost/json/object.hpp>
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "Apps/Import/Building.hpp"
+#include "Apps/Import/Findings.hpp"
+#include "Apps/Import/Options.hpp"
+#include "Apps/Import/Read/GeoJson.hpp"
+#include "Apps/Import/Read/Sources.hpp"
+
+namespace orivanta::importer {
+
+struct ImdfFeature {
+  std::string id;    ///< unique in the archive: that of a second feature has "#2" at its end
+  std::string type;  ///< member "feature_type", or else the name of the file
+  std::string file;
+  GeoFeature data;  ///< positions in meters
+
+  /// The trimmed text of a property; empty if there is none.
+  std::string text(std::string_view key) const;
+};
+
+struct ImdfArchive {
+  std::string file;  ///< for messages about the whole archive
+  boost::json::object manifest;
+  bool hasManifest = false;
+  std::string language;  ///< of the manifest, in lower case
+  Georeference origin;
+  std::vector<ImdfFeature> features;                       ///< in the order of the files
+  std::map<std::string, std::vector<std::size_t>> byType;  ///< indices of features
+  std::unordered_map<std::string, std::size_t> byId;
+
+  /// The feature with an identifier; null if there is none, or if it has another type. An empty
+  /// type is any.
+  const ImdfFeature* find(const std::string& id, std::string_view type = {}) const;
+
+  /// The features of a type, in order.
+  std::vector<const ImdfFeature*> ofType(const std::string& type) const;
+
+  /// The ordinal of the level with an identifier.
+  std::optional<double> ordinal(const std::string& levelId) const;
+
+  /// The ordinal of the level that a feature names, itself or by its unit.
+  std::optional<double> levelOf(const ImdfFeature& feature) const;
+
+  /// The labels of a property in all languages. The name is that in the archive's language, or else
+  /// in English, or else the first one.
+  Names names(const boost::json::object& properties, std::string_view key) const;
+};
+
+/// The identifiers that a relationship names, in order: origin, intermediary, destination.
+std::vector<std::string> imdfMembers(const ImdfFeature& relationship);
+
+/// Reads all files. Breaches of the rules for files, identifiers and types become findings. Throws
+/// `SourceError` if there are too many positions.
+ImdfArchive readImdfArchive(const std::vector<SourceFile>& files, const Options& options,
+                            Findings& findings);
+
+}  // namespace orivanta::importer

@@ -1,0 +1,117 @@
+// The objects of an extract of OpenStreetMap: nodes, ways and relations with their tags, as all of
+// its formats carry them.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "Apps/Import/Options.hpp"
+
+namespace orivanta::importer {
+
+/// Keys and values, ordered by key. Of a repeated key, the first value counts.
+class OsmTags {
+ public:
+  /// Tags that only concern the editing of the map, such as "source", are not kept. The order of
+  /// calls does not matter; `finish` ends them.
+  void add(std::string_view key, std::string_view value);
+  void finish();
+
+  bool empty() const { return tags_.empty(); }
+  /// The value; empty if there is none.
+  std::string_view operator[](std::string_view key) const;
+  bool has(std::string_view key) const { return !(*this)[key].empty(); }
+  bool is(std::string_view key, std::string_view value) const { return (*this)[key] == value; }
+
+  auto begin() const { return tags_.begin(); }
+  auto end() const { return tags_.end(); }
+
+ private:
+  std::vector<std::pair<std::string, std::string>> tags_;
+};
+
+/// A position in units of 1e-7 degrees, the resolution of OpenStreetMap.
+struct OsmPosition {
+  std::int32_t longitude = 0;
+  std::int32_t latitude = 0;
+
+  friend auto operator<=>(const OsmPosition&, const OsmPosition&) = default;
+};
+
+struct OsmNode {
+  std::int64_t id = 0;
+  OsmPosition position;
+  OsmTags tags;
+};
+
+struct OsmWay {
+  std::int64_t id = 0;
+  std::vector<std::int64_t> nodes;
+  OsmTags tags;
+};
+
+enum class OsmType { node, way, relation };
+
+struct OsmMember {
+  OsmType type = OsmType::node;
+  std::int64_t id = 0;
+  std::string role;
+};
+
+struct OsmRelation {
+  std::int64_t id = 0;
+  std::vector<OsmMember> members;
+  OsmTags tags;
+};
+
+/// All objects of an extract. Readers add them in any order; `finish` orders them by identifier and
+/// keeps the first of equal ones.
+class OsmData {
+ public:
+  /// `SourceError` is thrown when the extract exceeds the limits, with the name of the file.
+  OsmData(const Limits& limits, std::string file);
+
+  /// Later objects belong to another file.
+  void beginFile(std::string file) { file_ = std::move(file); }
+  const std::string& file() const { return file_; }
+
+  /// Nodes without a position on Earth are left out.
+  void addNode(std::int64_t id, double longitude, double latitude, OsmTags tags);
+  void addWay(OsmWay way);
+  void addRelation(OsmRelation relation);
+  void finish();
+
+  const std::vector<OsmNode>& nodes() const { return nodes_; }
+  const std::vector<OsmWay>& ways() const { return ways_; }
+  const std::vector<OsmRelation>& relations() const { return relations_; }
+
+  // These return null for an unknown identifier. Call them after `finish`.
+  const OsmNode* node(std::int64_t id) const;
+  const OsmWay* way(std::int64_t id) const;
+
+  /// The identifier of a node that a format does not name, made from its position. It is below all
+  /// that OpenStreetMap and its editors use.
+  static std::int64_t unnamedNode(OsmPosition position);
+  /// "node/4711", or "node/at-57329245-451571099" for an unnamed one.
+  static std::string nodeText(const OsmNode& node);
+
+  /// Throws if the number of positions, members and tags exceeds the limit.
+  void count(std::size_t number);
+
+ private:
+  std::vector<OsmNode> nodes_;
+  std::vector<OsmWay> ways_;
+  std::vector<OsmRelation> relations_;
+  std::string file_;
+  std::size_t greatestCount_;
+  std::size_t count_ = 0;
+};
+
+/// Converts degrees to a position. Returns false if there is no such position on Earth.
+bool toOsmPosition(double longitude, double latitude, OsmPosition& position);
+
+}  // namespace orivanta::importer

@@ -1,0 +1,232 @@
+#include "Apps/Import/Read/Osm/OsmLevels.hpp"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+#include "Apps/Import/Levels.hpp"
+#include "Apps/Import/Read/Osm/OsmMeaning.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+using LevelList = std::vector<double>;
+
+// A repetition on a level moves all levels so that the lowest is that one.
+std::vector<LevelList> repeated(const LevelList& own, const LevelList& repetitions) {
+  std::vector<LevelList> lists;
+  if (!own.empty()) lists.push_back(own);
+  for (const double start : repetitions) {
+    LevelList list;
+    const double shift = own.empty() ? 0.0 : start - own.front();
+    for (const double level : own) list.push_back(roundedLevel(level + shift));
+    if (own.empty()) list.push_back(start);
+    if (std::find(lists.begin(), lists.end(), list) == lists.end()) lists.push_back(list);
+  }
+  return lists;
+}
+
+class LevelFinder {
+ public:
+  LevelFinder(std::vector<OsmThing>& things, const std::vector<std::size_t>& buildings,
+              const std::string& file, Findings& findings)
+      : things_(things), buildings_(buildings), file_(file), findings_(findings) {}
+
+  void run() {
+    for (OsmThing& thing : things_) readTags(thing);
+    const OsmTouching touching(things_);
+    // Each round may settle lines that touch those of the round before.
+    constexpr int rounds = 8;
+    bool isChanged = true;
+    for (int round = 0; round < rounds && isChanged; ++round) {
+      isChanged = false;
+      for (OsmThing& thing : things_)
+        if (thing.isLine() && mayFollow(thing)) isChanged |= followLine(thing, touching);
+    }
+    for (OsmThing& thing : things_)
+      if (thing.isNode() && mayFollow(thing)) followNode(thing, touching);
+  }
+
+ private:
+  Levels read(const OsmThing& thing, std::string_view key) {
+    const std::string_view text = (*thing.tags)[key];
+    Levels levels = parseLevels(text);
+    if (!levels.unreadable.empty()) reportUnreadable(thing, key, text, !levels.values.empty());
+    if (!levels.isRange || thing.building == 0) return levels;
+    const OsmTags& building = *things_[buildings_[thing.building - 1]].tags;
+    const LevelList missing = parseLevels(building["non_existent_levels"]).values;
+    levels.values.erase(std::remove_if(levels.values.begin(), levels.values.end(),
+                                       [&](double level) {
+                                         return std::binary_search(missing.begin(), missing.end(),
+                                                                   level);
+                                       }),
+                        levels.values.end());
+    return levels;
+  }
+
+  void readTags(OsmThing& thing) {
+    const OsmTags& tags = *thing.tags;
+    if (isBuilding(tags)) return;
+    if (tags.has("level") || tags.has("repeat_on")) {
+      const Levels own = read(thing, "level");
+      // Where the thing itself is is not known.
+      if (!own.unreadable.empty() && own.values.empty()) return;
+      thing.levels = repeated(own.values, read(thing, "repeat_on").values);
+    } else if (isIndoors(tags) && thing.isArea() && (areaKind(tags) || isLevelOutline(tags))) {
+      reportMissing(thing);
+      thing.levels = {{0.0}};
+    } else if (thing.isArea() && thing.building != 0 && isConnectorOutline(tags)) {
+      thing.levels = {{0.0}};
+    }
+  }
+
+  static bool isConnectorOutline(const OsmTags& tags) {
+    const auto kind = areaKind(tags);
+    return kind && isConnector(*kind) && *kind != AreaKind::stairs;
+  }
+
+  // Whether the thing has no level of its own, and may get one from others.
+  static bool mayFollow(const OsmThing& thing) {
+    if (thing.tags->has("level") || thing.tags->has("repeat_on"))
+      return thing.isLine() && thing.levels.size() == 1 && thing.levels[0].size() == 1 &&
+             isFlight(thing);
+    return thing.levels.empty();
+  }
+
+  static bool isFlight(const OsmThing& thing) {
+    const auto kind = lineKind(*thing.tags);
+    return kind == LineKind::steps || kind == LineKind::escalator ||
+           kind == LineKind::movingWalkway;
+  }
+
+  bool followLine(OsmThing& thing, const OsmTouching& touching) const {
+    const std::set<double> first = touching.levelsAt(thing.points.front());
+    const std::set<double> last = touching.levelsAt(thing.points.back());
+    LevelList levels;
+    if (!first.empty() && !last.empty()) {
+      levels = isFlight(thing) ? differing(first, last) : common(first, last);
+    } else if (thing.tags->is("indoor", "yes") || thing.building != 0) {
+      const std::set<double>& known = first.empty() ? last : first;
+      if (known.size() == 1) levels = {*known.begin()};
+    }
+    if (levels.empty() ||
+        (!thing.levels.empty() && (levels.size() < 2 || !includesOwn(thing, levels))))
+      return false;
+    thing.levels = {levels};
+    return true;
+  }
+
+  static bool includesOwn(const OsmThing& thing, const LevelList& levels) {
+    return std::find(levels.begin(), levels.end(), thing.levels[0][0]) != levels.end();
+  }
+
+  // The two different levels that are nearest to each other.
+  static LevelList differing(const std::set<double>& first, const std::set<double>& last) {
+    LevelList best;
+    for (const double one : first)
+      for (const double other : last)
+        if (one != other && (best.empty() || std::abs(one - other) < std::abs(best[1] - best[0])))
+          best = {std::min(one, other), std::max(one, other)};
+    if (best.empty()) best = {*first.begin()};
+    return best;
+  }
+
+  static LevelList common(const std::set<double>& first, const std::set<double>& last) {
+    for (const double level : first)
+      if (last.contains(level)) return {level};
+    return differing(first, last);
+  }
+
+  void followNode(OsmThing& thing, const OsmTouching& touching) const {
+    const OsmTags& tags = *thing.tags;
+    // How many areas are on each level.
+    std::map<double, int> levels;
+    touching.forEachAt(thing.points[0], [&](const OsmThing& other) {
+      if (other.isNode() || (isDoor(tags) && !other.isArea())) return;
+      for (const LevelList& list : other.levels)
+        for (const double level : list) ++levels[level];
+    });
+    const bool areJoined = std::any_of(levels.begin(), levels.end(),
+                                       [](const auto& level) { return level.second > 1; });
+    for (const auto& [level, areas] : levels)
+      if (!areJoined || areas > 1 || isElevator(tags)) thing.levels.push_back({level});
+    if (thing.levels.empty() && (thing.building != 0 || isIndoors(tags)) &&
+        (tags.has("entrance") || (isDestination(tags) && !isDoor(tags))))
+      thing.levels = {{0.0}};
+    if (thing.levels.empty() || !isElevator(tags)) return;
+    // An elevator is one thing on all its levels.
+    LevelList all;
+    for (const LevelList& list : thing.levels) all.push_back(list[0]);
+    thing.levels = {all};
+  }
+
+  void reportUnreadable(const OsmThing& thing, std::string_view key, std::string_view text,
+                        bool isPartly) {
+    Finding finding;
+    finding.rule = "level-unreadable";
+    finding.source = thing.id;
+    finding.file = file_;
+    finding.field = key;
+    finding.message = fmt::format("The {} \"{}\" is no number, list or range of numbers.", key,
+                                  text.substr(0, 100));
+    finding.effect = isPartly         ? "The parts that are none are left out."
+                     : key == "level" ? "The thing is left out."
+                                      : "It is not repeated.";
+    finding.advice =
+        "Number the levels, with 0 for the ground floor, and put texts of signs into level:ref.";
+    findings_.add(std::move(finding));
+  }
+
+  void reportMissing(const OsmThing& thing) {
+    Finding finding;
+    finding.rule = "level-missing";
+    finding.source = thing.id;
+    finding.file = file_;
+    finding.field = "level";
+    finding.level = 0.0;
+    finding.message = "The area is indoors, but it has no level.";
+    finding.effect = "It is drawn on level 0.";
+    finding.advice = "Add the tag \"level\" to it.";
+    findings_.add(std::move(finding));
+  }
+
+  std::vector<OsmThing>& things_;
+  const std::vector<std::size_t>& buildings_;
+  const std::string& file_;
+  Findings& findings_;
+};
+
+}  // namespace
+
+OsmTouching::OsmTouching(const std::vector<OsmThing>& things) : things_(things) {
+  for (std::size_t i = 0; i < things.size(); ++i) {
+    if (isBuilding(*things[i].tags)) continue;
+    for (const OsmPosition position : things[i].points) corners_.emplace_back(position, i);
+    for (const OsmPolygon& polygon : things[i].polygons) {
+      for (const OsmPosition position : polygon.outer) corners_.emplace_back(position, i);
+      for (const OsmRing& hole : polygon.holes)
+        for (const OsmPosition position : hole) corners_.emplace_back(position, i);
+    }
+  }
+  std::sort(corners_.begin(), corners_.end());
+  corners_.erase(std::unique(corners_.begin(), corners_.end()), corners_.end());
+}
+
+std::set<double> OsmTouching::levelsAt(OsmPosition position) const {
+  std::set<double> levels;
+  forEachAt(position, [&](const OsmThing& thing) {
+    for (const std::vector<double>& list : thing.levels)
+      if (list.size() == 1) levels.insert(list[0]);
+  });
+  return levels;
+}
+
+void arrangeLevels(std::vector<OsmThing>& things, const std::vector<std::size_t>& buildings,
+                   const std::string& file, Findings& findings) {
+  LevelFinder(things, buildings, file, findings).run();
+}
+
+}  // namespace orivanta::importer

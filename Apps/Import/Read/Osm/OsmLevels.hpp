@@ -1,0 +1,49 @@
+// Finds out on which levels things are, from their tags and from the things that they touch.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "Apps/Import/Findings.hpp"
+#include "Apps/Import/Read/Osm/OsmThing.hpp"
+
+namespace orivanta::importer {
+
+/// Which things have a corner or a point at a position.
+class OsmTouching {
+ public:
+  /// `things` must outlive the index.
+  explicit OsmTouching(const std::vector<OsmThing>& things);
+
+  /// Calls `use(thing)` for each thing, in their order; for at most 1,000.
+  template <class Use>
+  void forEachAt(OsmPosition position, const Use& use) const {
+    constexpr int most = 1000;
+    auto at =
+        std::lower_bound(corners_.begin(), corners_.end(), std::pair(position, std::size_t{0}));
+    for (int i = 0; i < most && at != corners_.end() && at->first == position; ++i, ++at)
+      use(things_[at->second]);
+  }
+
+  /// The levels of the things there that are on only one.
+  std::set<double> levelsAt(OsmPosition position) const;
+
+ private:
+  const std::vector<OsmThing>& things_;
+  std::vector<std::pair<OsmPosition, std::size_t>> corners_;
+};
+
+/// Sets `OsmThing::levels` from level=* and repeat_on=*. Things without these tags take the levels
+/// of what they touch: doors those of the rooms on whose outlines they are, flights of steps and
+/// footways those at their ends. Entrances and destinations in one of the `buildings` are on level
+/// 0, and so are, with a finding, rooms. Things without a level are left out, and reported if they
+/// are tagged as indoors.
+void arrangeLevels(std::vector<OsmThing>& things, const std::vector<std::size_t>& buildings,
+                   const std::string& file, Findings& findings);
+
+}  // namespace orivanta::importer

@@ -1,0 +1,45 @@
+#include "Apps/Import/Read/Osm/OsmPlaces.hpp"
+
+#include <utility>
+
+#include "Apps/Import/Levels.hpp"
+#include "Apps/Import/Read/Osm/OsmConversion.hpp"
+#include "Apps/Import/Read/Osm/OsmMeaning.hpp"
+#include "Apps/Import/Read/Osm/OsmValues.hpp"
+
+namespace orivanta::importer {
+
+void describePlace(const OsmThing& thing, const std::string& id, Place& place) {
+  const OsmTags& tags = *thing.tags;
+  place.id = id;
+  place.source = thing.id;
+  place.names = namesOf(tags);
+  place.category = categoryOf(tags);
+  place.hours = std::string(tags["opening_hours"]);
+  place.description = translations(tags, "description");
+  // The number of a room that also has a name would not be found otherwise.
+  if (tags.has("name") && tags.has("ref") && !tags.has("description"))
+    place.description.emplace("", tags["ref"]);
+  place.phone = firstOf(tags, {"phone", "contact:phone", "contact:mobile"});
+  place.website = firstOf(tags, {"website", "contact:website", "url"});
+  place.access = accessOf(tags);
+  place.wheelchair = wheelchairOf(tags);
+}
+
+void addSpots(OsmConversion& conversion) {
+  for (const OsmThing& thing : conversion.things) {
+    if (!thing.isNode() || isDoor(*thing.tags) || isElevator(*thing.tags)) continue;
+    if (!isDestination(*thing.tags)) continue;
+    for (const std::vector<double>& levels : thing.levels) {
+      const bool isFirst = &levels == &thing.levels.front();
+      Place place;
+      describePlace(thing, isFirst ? thing.id : thing.id + "@" + levelText(levels.front()), place);
+      conversion.count(levels.size());
+      for (const double level : levels)
+        place.spots.push_back({level, conversion.plane(thing.points[0])});
+      conversion.building.places.push_back(std::move(place));
+    }
+  }
+}
+
+}  // namespace orivanta::importer

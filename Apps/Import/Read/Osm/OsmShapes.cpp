@@ -1,0 +1,198 @@
+#include "Apps/Import/Read/Osm/OsmShapes.hpp"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "Apps/Import/Read/Osm/OsmMeaning.hpp"
+#include "Apps/Import/Read/Osm/OsmRings.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+// The tags of an old multipolygon are on its outer way; the relation has only its type.
+bool hasOwnTags(const OsmRelation& relation) {
+  return std::any_of(relation.tags.begin(), relation.tags.end(),
+                     [](const auto& tag) { return tag.first != "type"; });
+}
+
+bool isMultipolygon(const OsmRelation& relation) {
+  return relation.tags.is("type", "multipolygon") || relation.tags.is("type", "boundary");
+}
+
+bool mattersAsArea(const OsmTags& tags) {
+  return isBuilding(tags) || isLevelOutline(tags) || areaKind(tags).has_value() || tags.has("name");
+}
+
+class Shapes {
+ public:
+  Shapes(const OsmData& data, Findings& findings) : data_(data), findings_(findings) {}
+
+  std::vector<OsmThing> run() {
+    for (const OsmNode& node : data_.nodes()) addNode(node);
+    for (const OsmRelation& relation : data_.relations())
+      if (isMultipolygon(relation) && !hasOwnTags(relation)) takeHoles(relation);
+    for (const OsmWay& way : data_.ways()) addWay(way);
+    for (const OsmRelation& relation : data_.relations())
+      if (isMultipolygon(relation) && hasOwnTags(relation)) addRelation(relation);
+    return std::move(things_);
+  }
+
+ private:
+  struct Line {
+    OsmRing positions;
+    std::vector<std::int64_t> nodes;
+    std::size_t missing = 0;
+  };
+
+  Line lineOf(const OsmWay& way) const {
+    Line line;
+    for (const std::int64_t id : way.nodes) {
+      const OsmNode* node = data_.node(id);
+      if (node == nullptr) {
+        ++line.missing;
+        continue;
+      }
+      if (!line.nodes.empty() && line.nodes.back() == id) continue;
+      line.positions.push_back(node->position);
+      line.nodes.push_back(id);
+    }
+    // A ring whose first node is missing is still one.
+    const bool wasClosed = way.nodes.size() >= 4 && way.nodes.front() == way.nodes.back();
+    if (wasClosed && line.missing > 0 && line.nodes.size() >= 3 &&
+        line.nodes.front() != line.nodes.back()) {
+      line.positions.push_back(line.positions.front());
+      line.nodes.push_back(line.nodes.front());
+    }
+    return line;
+  }
+
+  static bool isClosed(const Line& line) {
+    return line.positions.size() >= 4 && line.positions.front() == line.positions.back();
+  }
+
+  void addNode(const OsmNode& node) {
+    if (!isIndoors(node.tags) && !isDoor(node.tags) && !isElevator(node.tags) &&
+        !isDestination(node.tags))
+      return;
+    OsmThing thing = begin(OsmData::nodeText(node), OsmType::node, node.tags);
+    thing.points.push_back(node.position);
+    add(std::move(thing));
+  }
+
+  void addWay(const OsmWay& way) {
+    const bool isArea = isAreaByTags(way.tags) && mattersAsArea(way.tags);
+    if (!isArea && !lineKind(way.tags)) return;
+    Line line = lineOf(way);
+    const std::string id = fmt::format("way/{}", way.id);
+    if (line.missing > 0 && isIndoors(way.tags)) reportMissing(id, line.missing);
+    OsmThing thing = begin(id, OsmType::way, way.tags);
+    if (isArea && isClosed(line)) {
+      const auto holes = holes_.find(way.id);
+      thing.polygons = polygonsOf({std::move(line.positions)},
+                                  holes == holes_.end() ? std::vector<OsmRing>() : holes->second);
+      if (thing.polygons.empty()) return;
+    } else if (lineKind(way.tags) && line.positions.size() >= 2) {
+      thing.points = std::move(line.positions);
+      thing.nodes = std::move(line.nodes);
+    } else {
+      if (isArea && isIndoors(way.tags)) reportOpen(id);
+      return;
+    }
+    add(std::move(thing));
+  }
+
+  // Sorts the ways of a relation by whether they are holes.
+  void membersOf(const OsmRelation& relation, std::vector<const OsmWay*>& outer,
+                 std::vector<const OsmWay*>& inner) const {
+    for (const OsmMember& member : relation.members) {
+      if (member.type != OsmType::way) continue;
+      if (const OsmWay* way = data_.way(member.id))
+        (member.role == "inner" ? inner : outer).push_back(way);
+    }
+  }
+
+  std::vector<OsmRing> ringsOf(const std::vector<const OsmWay*>& ways, std::size_t& open) const {
+    std::vector<OsmRing> pieces;
+    for (const OsmWay* way : ways) pieces.push_back(lineOf(*way).positions);
+    return joinedRings(std::move(pieces), open);
+  }
+
+  void takeHoles(const OsmRelation& relation) {
+    std::vector<const OsmWay*> outer;
+    std::vector<const OsmWay*> inner;
+    membersOf(relation, outer, inner);
+    if (outer.size() != 1 || !mattersAsArea(outer[0]->tags)) return;
+    std::size_t open = 0;
+    for (OsmRing& ring : ringsOf(inner, open)) holes_[outer[0]->id].push_back(std::move(ring));
+  }
+
+  void addRelation(const OsmRelation& relation) {
+    if (!mattersAsArea(relation.tags)) return;
+    std::vector<const OsmWay*> outer;
+    std::vector<const OsmWay*> inner;
+    membersOf(relation, outer, inner);
+    std::size_t openOuter = 0;
+    std::size_t openInner = 0;
+    OsmThing thing =
+        begin(fmt::format("relation/{}", relation.id), OsmType::relation, relation.tags);
+    std::vector<OsmRing> rings = ringsOf(outer, openOuter);
+    thing.polygons = polygonsOf(std::move(rings), ringsOf(inner, openInner));
+    if (openOuter + openInner > 0 && isIndoors(relation.tags)) reportOpen(thing.id);
+    if (!thing.polygons.empty()) add(std::move(thing));
+  }
+
+  OsmThing begin(std::string id, OsmType type, const OsmTags& tags) const {
+    OsmThing thing;
+    thing.id = std::move(id);
+    thing.type = type;
+    thing.tags = &tags;
+    return thing;
+  }
+
+  void add(OsmThing thing) {
+    for (const OsmPosition position : thing.points) thing.box.add(position);
+    for (const OsmPolygon& polygon : thing.polygons)
+      for (const OsmPosition position : polygon.outer) thing.box.add(position);
+    things_.push_back(std::move(thing));
+  }
+
+  void reportMissing(const std::string& id, std::size_t number) {
+    Finding finding;
+    finding.rule = "nodes-missing";
+    finding.source = id;
+    finding.file = data_.file();
+    finding.message =
+        fmt::format("The way has {} nodes that the extract does not contain.", number);
+    finding.effect = "It is drawn without them.";
+    finding.advice = "Make the extract with complete ways.";
+    findings_.add(std::move(finding));
+  }
+
+  void reportOpen(const std::string& id) {
+    Finding finding;
+    finding.rule = "ring-open";
+    finding.source = id;
+    finding.file = data_.file();
+    finding.message = "The outline of the area is not closed.";
+    finding.effect = "The open part is left out.";
+    finding.advice = "Close the outline, or make the extract with complete relations.";
+    findings_.add(std::move(finding));
+  }
+
+  const OsmData& data_;
+  Findings& findings_;
+  std::vector<OsmThing> things_;
+  std::map<std::int64_t, std::vector<OsmRing>> holes_;
+};
+
+}  // namespace
+
+std::vector<OsmThing> thingsOf(const OsmData& data, Findings& findings) {
+  return Shapes(data, findings).run();
+}
+
+}  // namespace orivanta::importer

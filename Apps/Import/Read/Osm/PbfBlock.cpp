@@ -1,0 +1,248 @@
+#include "Apps/Import/Read/Osm/PbfBlock.hpp"
+
+#include <algorithm>
+#include <cstdint>
+#include <protozero/pbf_reader.hpp>
+#include <utility>
+#include <vector>
+
+namespace orivanta::importer {
+
+namespace {
+
+using protozero::pbf_reader;
+
+std::string_view viewOf(protozero::data_view data) { return {data.data(), data.size()}; }
+
+// What all objects of a block share.
+struct Block {
+  std::vector<std::string_view> strings;
+  std::int64_t granularity = 100;
+  std::int64_t latitudeOffset = 0;
+  std::int64_t longitudeOffset = 0;
+
+  std::string_view string(std::size_t index) const {
+    return index < strings.size() ? strings[index] : std::string_view();
+  }
+  // Degrees of a position as a block stores it. Doubles hold it exactly enough, and cannot
+  // overflow.
+  double latitude(std::int64_t stored) const {
+    return 1e-9 * (static_cast<double>(latitudeOffset) +
+                   static_cast<double>(granularity) * static_cast<double>(stored));
+  }
+  double longitude(std::int64_t stored) const {
+    return 1e-9 * (static_cast<double>(longitudeOffset) +
+                   static_cast<double>(granularity) * static_cast<double>(stored));
+  }
+};
+
+// Adds up differences; hostile ones wrap around.
+class Sum {
+ public:
+  std::int64_t add(std::int64_t difference) {
+    sum_ += static_cast<std::uint64_t>(difference);
+    return static_cast<std::int64_t>(sum_);
+  }
+
+ private:
+  std::uint64_t sum_ = 0;
+};
+
+template <class Range>
+std::vector<std::int64_t> sums(const Range& differences) {
+  std::vector<std::int64_t> result;
+  Sum sum;
+  for (const auto difference : differences) result.push_back(sum.add(difference));
+  return result;
+}
+
+template <class Range>
+auto takeFirst(Range& range) {
+  if (range.empty()) throw protozero::end_of_buffer_exception();
+  const auto value = *range.begin();
+  range.drop_front();
+  return value;
+}
+
+// The members that nodes, ways and relations have in common. Returns false for a member of another
+// kind.
+struct Common {
+  std::int64_t id = 0;
+  std::vector<std::size_t> keys;
+  std::vector<std::size_t> values;
+  bool isVisible = true;
+
+  bool read(pbf_reader& reader, bool isNode) {
+    if (reader.tag() == 1) {
+      id = isNode ? reader.get_sint64() : reader.get_int64();
+    } else if (reader.tag() == 2) {
+      for (const auto key : reader.get_packed_uint32()) keys.push_back(key);
+    } else if (reader.tag() == 3) {
+      for (const auto value : reader.get_packed_uint32()) values.push_back(value);
+    } else if (reader.tag() == 4) {
+      pbf_reader info = reader.get_message();
+      while (info.next(6)) isVisible = info.get_bool();
+    } else {
+      return false;
+    }
+    return true;
+  }
+
+  OsmTags tags(const Block& block) const {
+    OsmTags tags;
+    for (std::size_t i = 0; i < std::min(keys.size(), values.size()); ++i)
+      tags.add(block.string(keys[i]), block.string(values[i]));
+    return tags;
+  }
+};
+
+void addNode(pbf_reader reader, const Block& block, OsmData& data) {
+  Common common;
+  std::int64_t latitude = 0;
+  std::int64_t longitude = 0;
+  while (reader.next()) {
+    if (common.read(reader, true)) continue;
+    if (reader.tag() == 8)
+      latitude = reader.get_sint64();
+    else if (reader.tag() == 9)
+      longitude = reader.get_sint64();
+    else
+      reader.skip();
+  }
+  if (common.isVisible)
+    data.addNode(common.id, block.longitude(longitude), block.latitude(latitude),
+                 common.tags(block));
+}
+
+void addDenseNodes(pbf_reader reader, const Block& block, OsmData& data) {
+  protozero::iterator_range<pbf_reader::const_sint64_iterator> ids;
+  protozero::iterator_range<pbf_reader::const_sint64_iterator> latitudes;
+  protozero::iterator_range<pbf_reader::const_sint64_iterator> longitudes;
+  protozero::iterator_range<pbf_reader::const_int32_iterator> strings;
+  protozero::iterator_range<pbf_reader::const_bool_iterator> visible;
+  while (reader.next()) {
+    if (reader.tag() == 1) {
+      ids = reader.get_packed_sint64();
+    } else if (reader.tag() == 5) {
+      pbf_reader info = reader.get_message();
+      while (info.next(6)) visible = info.get_packed_bool();
+    } else if (reader.tag() == 8) {
+      latitudes = reader.get_packed_sint64();
+    } else if (reader.tag() == 9) {
+      longitudes = reader.get_packed_sint64();
+    } else if (reader.tag() == 10) {
+      strings = reader.get_packed_int32();
+    } else {
+      reader.skip();
+    }
+  }
+  Sum id;
+  Sum latitude;
+  Sum longitude;
+  while (!ids.empty()) {
+    const std::int64_t number = id.add(takeFirst(ids));
+    const std::int64_t south = latitude.add(takeFirst(latitudes));
+    const std::int64_t east = longitude.add(takeFirst(longitudes));
+    const bool isVisible = visible.empty() || takeFirst(visible) != 0;
+    OsmTags tags;
+    // The keys and values of all nodes follow each other; a zero ends those of one node.
+    while (!strings.empty()) {
+      const auto key = static_cast<std::size_t>(takeFirst(strings));
+      if (key == 0) break;
+      tags.add(block.string(key), block.string(static_cast<std::size_t>(takeFirst(strings))));
+    }
+    if (isVisible)
+      data.addNode(number, block.longitude(east), block.latitude(south), std::move(tags));
+  }
+}
+
+void addWay(pbf_reader reader, const Block& block, OsmData& data) {
+  Common common;
+  OsmWay way;
+  std::vector<std::int64_t> latitudes;
+  std::vector<std::int64_t> longitudes;
+  while (reader.next()) {
+    if (common.read(reader, false)) continue;
+    if (reader.tag() == 8)
+      way.nodes = sums(reader.get_packed_sint64());
+    else if (reader.tag() == 9)
+      latitudes = sums(reader.get_packed_sint64());
+    else if (reader.tag() == 10)
+      longitudes = sums(reader.get_packed_sint64());
+    else
+      reader.skip();
+  }
+  // Files without untagged nodes carry the positions here.
+  for (std::size_t i = 0; i < std::min({way.nodes.size(), latitudes.size(), longitudes.size()});
+       ++i)
+    data.addNode(way.nodes[i], block.longitude(longitudes[i]), block.latitude(latitudes[i]), {});
+  way.id = common.id;
+  way.tags = common.tags(block);
+  if (common.isVisible) data.addWay(std::move(way));
+}
+
+void addRelation(pbf_reader reader, const Block& block, OsmData& data) {
+  Common common;
+  std::vector<std::size_t> roles;
+  std::vector<std::int64_t> ids;
+  std::vector<OsmType> types;
+  while (reader.next()) {
+    if (common.read(reader, false)) continue;
+    if (reader.tag() == 8)
+      for (const auto role : reader.get_packed_int32())
+        roles.push_back(static_cast<std::size_t>(role));
+    else if (reader.tag() == 9)
+      ids = sums(reader.get_packed_sint64());
+    else if (reader.tag() == 10)
+      for (const auto type : reader.get_packed_enum())
+        types.push_back(type == 0 ? OsmType::node : type == 1 ? OsmType::way : OsmType::relation);
+    else
+      reader.skip();
+  }
+  OsmRelation relation{common.id, {}, common.tags(block)};
+  for (std::size_t i = 0; i < std::min({roles.size(), ids.size(), types.size()}); ++i)
+    relation.members.push_back({types[i], ids[i], std::string(block.string(roles[i]))});
+  if (common.isVisible) data.addRelation(std::move(relation));
+}
+
+void addGroup(pbf_reader reader, const Block& block, OsmData& data) {
+  while (reader.next()) {
+    if (reader.tag() == 1)
+      addNode(reader.get_message(), block, data);
+    else if (reader.tag() == 2)
+      addDenseNodes(reader.get_message(), block, data);
+    else if (reader.tag() == 3)
+      addWay(reader.get_message(), block, data);
+    else if (reader.tag() == 4)
+      addRelation(reader.get_message(), block, data);
+    else
+      reader.skip();
+  }
+}
+
+}  // namespace
+
+void addPbfBlock(std::string_view bytes, OsmData& data) {
+  Block block;
+  std::vector<pbf_reader> groups;
+  pbf_reader reader(bytes.data(), bytes.size());
+  while (reader.next()) {
+    if (reader.tag() == 1) {
+      pbf_reader table = reader.get_message();
+      while (table.next(1)) block.strings.push_back(viewOf(table.get_view()));
+    } else if (reader.tag() == 2) {
+      groups.push_back(reader.get_message());
+    } else if (reader.tag() == 17) {
+      block.granularity = reader.get_int32();
+    } else if (reader.tag() == 19) {
+      block.latitudeOffset = reader.get_int64();
+    } else if (reader.tag() == 20) {
+      block.longitudeOffset = reader.get_int64();
+    } else {
+      reader.skip();
+    }
+  }
+  for (const pbf_reader& group : groups) addGroup(group, block, data);
+}
+
+}  // namespace orivanta::importer

@@ -1,0 +1,266 @@
+#include "Apps/Import/Read/Stations/StationAreas.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+#include "Apps/Import/Read/JsonMembers.hpp"
+#include "Apps/Import/Read/PlaneOrigin.hpp"
+#include "Apps/Import/Read/Stations/SpaceFinder.hpp"
+#include "Apps/Import/Read/Stations/StationCodes.hpp"
+#include "Apps/Import/SourceError.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+// The name, unless it says that there is none.
+Names namesOf(const StationFeature& feature) {
+  constexpr std::array<std::string_view, 5> unknown = {"不明", "なし", "-", "－", "null"};
+  const std::string name(feature["name"]);
+  if (name.empty() || std::find(unknown.begin(), unknown.end(), name) != unknown.end()) return {};
+  return {name, {{"ja", name}}};
+}
+
+bool isConnector(AreaKind kind) {
+  return kind == AreaKind::stairs || kind == AreaKind::elevator || kind == AreaKind::escalator ||
+         kind == AreaKind::movingWalkway || kind == AreaKind::ramp;
+}
+
+class AreaReader {
+ public:
+  AreaReader(const std::vector<StationLayer>& layers, const Options& options, Building& building,
+             Findings& findings)
+      : layers_(layers), options_(options), building_(building), findings_(findings) {}
+
+  void read() {
+    forLayers(LayerKind::floor, &AreaReader::addFloor);
+    setElevations();
+    forLayers(LayerKind::space, &AreaReader::addSpace);
+    finder_.emplace(building_.areas);
+    findHalls(building_, *finder_);
+    forLayers(LayerKind::fixture, &AreaReader::addFixture);
+    forLayers(LayerKind::facility, &AreaReader::addFacility);
+    forLayers(LayerKind::opening, &AreaReader::addOpening);
+  }
+
+ private:
+  using Add = void (AreaReader::*)(const StationLayer& layer, const StationFeature& feature);
+
+  void forLayers(LayerKind kind, Add add) {
+    for (const StationLayer& layer : layers_)
+      if (layer.kind == kind)
+        for (const StationFeature& feature : layer.features) (this->*add)(layer, feature);
+  }
+
+  void leaveOut(const StationLayer& layer, const StationFeature& feature, const char* rule,
+                std::string message, const char* advice) {
+    Finding finding;
+    finding.rule = rule;
+    finding.source = feature["id"];
+    finding.file = layer.file;
+    finding.message = std::move(message);
+    finding.effect = "It is left out.";
+    finding.advice = advice;
+    findings_.add(std::move(finding));
+  }
+
+  void addFloor(const StationLayer& layer, const StationFeature& feature) {
+    const std::optional<double> ordinal = numberIn(feature["ordinal"]);
+    if (!ordinal)
+      return leaveOut(layer, feature, "level-unreadable", "The floor has no ordinal.",
+                      "Add its ordinal: 1 for the ground floor, -1 for the first basement.");
+    Storey storey;
+    storey.id = idOf(layer, feature);
+    storey.ordinal = *ordinal;
+    storey.names = namesOf(feature);
+    storey.shortName = feature["short_name"];
+    storey.outdoor = feature["category"] == "2";
+    storey.footprint = feature.geometry.polygons;
+    floors_.emplace(storey.id, storey.ordinal);
+    building_.storeys.push_back(std::move(storey));
+  }
+
+  // The ordinals 0 (outdoors) and 1 (the ground floor) are at the same height.
+  void setElevations() {
+    for (Storey& storey : building_.storeys)
+      storey.elevation =
+          (storey.ordinal >= 1.0 ? storey.ordinal - 1.0 : std::min(storey.ordinal, 0.0)) *
+          options_.storeyHeight;
+  }
+
+  std::string idOf(const StationLayer& layer, const StationFeature& feature) {
+    std::string id(feature["id"]);
+    if (id.empty()) id = fmt::format("{}:{}", layer.file, ids_.size());
+    const std::string source = id;
+    while (!ids_.insert(id).second) id = fmt::format("{}#{}", source, ++copies_);
+    if (id != source) {
+      Finding finding;
+      finding.rule = "id-not-unique";
+      finding.source = source;
+      finding.file = layer.file;
+      finding.message = "There are two features with this identifier.";
+      finding.effect = "The second one is imported as \"" + id + "\".";
+      finding.advice = "Give each feature an identifier of its own.";
+      findings_.add(std::move(finding));
+    }
+    return id;
+  }
+
+  // The storey of the floor that the feature names, or else that of the file's name.
+  std::optional<double> levelOf(const StationLayer& layer, const StationFeature& feature) {
+    const auto floor = floors_.find(std::string(feature["floor_id"]));
+    if (floor != floors_.end()) return floor->second;
+    if (!layer.ordinal)
+      leaveOut(layer, feature, "level-unreadable",
+               fmt::format("The floor \"{}\" does not exist.", feature["floor_id"]),
+               "Add the floor, or correct floor_id.");
+    return layer.ordinal;
+  }
+
+  void addSpace(const StationLayer& layer, const StationFeature& feature) {
+    if (feature.geometry.polygons.empty())
+      return leaveOut(layer, feature, "geometry-missing", "The space has no polygon.",
+                      "Draw it, or delete the record.");
+    const std::optional<double> level = levelOf(layer, feature);
+    if (!level) return;
+    Area area;
+    area.id = idOf(layer, feature);
+    area.source = feature["id"];
+    area.category = feature["category"];
+    area.kind = kindOfSpace(area.category);
+    area.level = *level;
+    area.shape = feature.geometry.polygons;
+    if (feature["restricted"] == "1" || feature["nonpublic"] == "1" || area.category == "B026")
+      area.access = Access::staff;
+    Names names = namesOf(feature);
+    if (isConnector(area.kind)) {
+      area.names = std::move(names);
+    } else if (!names.name.empty()) {
+      area.place = area.id;
+      Place place;
+      place.id = area.id;
+      place.source = area.source;
+      place.names = std::move(names);
+      place.category = area.category;
+      place.areas = {area.id};
+      place.access = area.access;
+      addPlace(std::move(place));
+    }
+    building_.areas.push_back(std::move(area));
+  }
+
+  void addFixture(const StationLayer& layer, const StationFeature& feature) {
+    if (feature.geometry.polygons.empty()) return;
+    const std::optional<double> level = levelOf(layer, feature);
+    if (!level) return;
+    Area area;
+    area.id = idOf(layer, feature);
+    area.source = feature["id"];
+    area.category = feature["category"];
+    area.kind = area.category == "C010" ? AreaKind::wall : AreaKind::obstacle;
+    area.level = *level;
+    area.shape = feature.geometry.polygons;
+    building_.areas.push_back(std::move(area));
+  }
+
+  void addFacility(const StationLayer& layer, const StationFeature& feature) {
+    const std::string code(feature["category"]);
+    if (!isPlace(code) || feature.geometry.points.empty()) return;
+    const std::optional<double> level = levelOf(layer, feature);
+    if (!level) return;
+    const Spot spot{*level, feature.geometry.points.front()};
+    Place place;
+    place.id = idOf(layer, feature);
+    place.source = feature["id"];
+    place.names = namesOf(feature);
+    place.category = code;
+    place.spots = {spot};
+    const auto around =
+        finder_->find(spot, [&](const Area& area) { return isSame(code, area.category); });
+    if (around) {
+      // The symbol of a space names it, or says nothing new.
+      Area& space = building_.areas[*around];
+      if (!space.place.empty() || place.names.name.empty()) return;
+      space.place = place.id;
+      place.areas = {space.id};
+      place.spots.clear();
+      place.category = space.category;
+    }
+    addPlace(std::move(place));
+  }
+
+  void addPlace(Place place) {
+    placesByName_[place.names.name].push_back(building_.places.size());
+    building_.places.push_back(std::move(place));
+  }
+
+  void addOpening(const StationLayer& layer, const StationFeature& feature) {
+    if (feature.geometry.lines.empty()) return;
+    const std::optional<double> level = levelOf(layer, feature);
+    if (!level) return;
+    Door door;
+    door.id = idOf(layer, feature);
+    door.source = feature["id"];
+    door.level = *level;
+    door.line = feature.geometry.lines.front();
+    door.position = middleOf(door.line);
+    door.width = lengthOf(door.line);
+    door.names = namesOf(feature);
+    const bool gate = door.names.name.find("改札") != std::string::npos;
+    door.kind = gate ? DoorKind::gate : DoorKind::passage;
+    if (!door.names.name.empty()) addPlaceOf(door, gate ? "F106" : "F017");
+    building_.doors.push_back(std::move(door));
+  }
+
+  // A named gate or entrance is a place, unless a facility with its name is there already.
+  void addPlaceOf(const Door& door, const char* code) {
+    constexpr double near = 30.0;
+    const std::vector<std::size_t>& same = placesByName_[door.names.name];
+    // A name that very many places have says nothing.
+    constexpr std::size_t mostNamesakes = 64;
+    const auto end =
+        same.begin() + static_cast<std::ptrdiff_t>(std::min(same.size(), mostNamesakes));
+    if (std::any_of(same.begin(), end, [&](std::size_t each) {
+          const std::vector<Spot>& spots = building_.places[each].spots;
+          return !spots.empty() && spots.front().level == door.level &&
+                 package::distance(spots.front().position, door.position) < near;
+        }))
+      return;
+    Place place;
+    place.id = door.id;
+    place.source = door.source;
+    place.names = door.names;
+    place.category = code;
+    place.spots = {{door.level, door.position}};
+    addPlace(std::move(place));
+  }
+
+  const std::vector<StationLayer>& layers_;
+  const Options& options_;
+  Building& building_;
+  Findings& findings_;
+  std::unordered_map<std::string, double> floors_;
+  std::unordered_set<std::string> ids_;
+  std::unordered_map<std::string, std::vector<std::size_t>> placesByName_;
+  std::optional<SpaceFinder> finder_;
+  int copies_ = 1;
+};
+
+}  // namespace
+
+void readStationAreas(const std::vector<StationLayer>& layers, const Options& options,
+                      Building& building, Findings& findings) {
+  AreaReader(layers, options, building, findings).read();
+  if (building.areas.empty() && building.sourceNodes.empty())
+    throw SourceError(layers.front().file +
+                      ": there is neither a space nor a node to import; name the folder with all "
+                      "layers of the network");
+}
+
+}  // namespace orivanta::importer

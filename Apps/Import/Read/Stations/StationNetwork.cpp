@@ -1,0 +1,137 @@
+#include "Apps/Import/Read/Stations/StationNetwork.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+#include "Apps/Import/Read/JsonMembers.hpp"
+#include "Apps/Import/Read/Stations/StationCodes.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+class NetworkReader {
+ public:
+  NetworkReader(Building& building, Findings& findings)
+      : building_(building), findings_(findings) {}
+
+  void read(const std::vector<StationLayer>& layers) {
+    for (const StationLayer& layer : layers)
+      if (layer.kind == LayerKind::node)
+        for (const StationFeature& feature : layer.features) addNode(layer, feature);
+    for (const StationLayer& layer : layers)
+      if (layer.kind == LayerKind::link)
+        for (const StationFeature& feature : layer.features) addLink(layer, feature);
+    shareElevatorClasses();
+  }
+
+ private:
+  void report(const std::string& rule, const std::string& file, std::string_view id,
+              std::string message, const char* effect, const char* advice) {
+    Finding finding;
+    finding.rule = rule;
+    finding.source = id;
+    finding.file = file;
+    finding.message = std::move(message);
+    finding.effect = effect;
+    finding.advice = advice;
+    findings_.add(std::move(finding));
+  }
+
+  void addNode(const StationLayer& layer, const StationFeature& feature) {
+    const std::string id(feature["node_id"]);
+    const std::optional<double> ordinal = numberIn(feature["ordinal"]);
+    if (id.empty() || !ordinal || feature.geometry.points.empty())
+      return report("network-incomplete", layer.file, id,
+                    "A node has no node_id, no ordinal or no point.", "It is left out.",
+                    "Add what is missing.");
+    if (!nodes_.emplace(id, building_.sourceNodes.size()).second)
+      return report("id-not-unique", layer.file, id, "There are two nodes with this identifier.",
+                    "The second one is left out.", "Give each node an identifier of its own.");
+    building_.sourceNodes.push_back({id, {*ordinal, feature.geometry.points.front()}});
+  }
+
+  void addLink(const StationLayer& layer, const StationFeature& feature) {
+    const std::string id(feature["link_id"]);
+    const auto from = nodes_.find(std::string(feature["start_id"]));
+    const auto to = nodes_.find(std::string(feature["end_id"]));
+    if (from == nodes_.end() || to == nodes_.end())
+      return report("network-incomplete", layer.file, id,
+                    fmt::format("The link from the node \"{}\" to the node \"{}\" has an end that "
+                                "does not exist.",
+                                feature["start_id"], feature["end_id"]),
+                    "It is left out, so routes cannot use it.",
+                    "Add the node, or correct start_id or end_id.");
+    SourceLink link;
+    link.id = id.empty() ? "link" + std::to_string(building_.sourceLinks.size()) : id;
+    link.from = from->first;
+    link.to = to->first;
+    link.kind = kindOfLink(feature["route_type"]);
+    link.direction = directionOfLink(feature["direction"]);
+    if (link.kind == LinkKind::elevator)
+      link.wheelchair = wheelchairOfElevator(feature["elevator"]);
+    link.length = numberIn(feature["distance"]);
+    if (link.length && !(*link.length > 0.0)) link.length.reset();
+    const double level = building_.sourceNodes[from->second].spot.level;
+    if (link.kind == LinkKind::walk && level == building_.sourceNodes[to->second].spot.level &&
+        !feature.geometry.lines.empty() && feature.geometry.lines.front().size() > 2)
+      return addBentLink(link, level, feature.geometry.lines.front());
+    building_.sourceLinks.push_back(std::move(link));
+  }
+
+  // A node at each bend, and a link for each straight part.
+  void addBentLink(const SourceLink& whole, double level, const std::vector<Point>& line) {
+    SourceLink part = whole;
+    part.length.reset();
+    for (std::size_t each = 1; each < line.size(); ++each) {
+      const bool last = each + 1 == line.size();
+      part.id = whole.id + '-' + std::to_string(each);
+      part.to = last ? whole.to : part.id;
+      if (!last) building_.sourceNodes.push_back({part.id, {level, line[each]}});
+      building_.sourceLinks.push_back(part);
+      part.from = part.to;
+    }
+  }
+
+  // The links of an elevator are connected. Only some of them may state its class.
+  void shareElevatorClasses() {
+    std::unordered_map<std::string, std::string> parents;
+    const auto root = [&](std::string node) {
+      while (true) {
+        const auto parent = parents.emplace(node, node).first;
+        if (parent->second == node) return node;
+        // Halves the way for later searches.
+        parent->second = parents[parent->second];
+        node = parent->second;
+      }
+    };
+    std::unordered_map<std::string, Wheelchair> classes;
+    const auto forElevators = [&](const auto& visit) {
+      for (SourceLink& link : building_.sourceLinks)
+        if (link.kind == LinkKind::elevator) visit(link);
+    };
+    forElevators([&](const SourceLink& link) { parents[root(link.from)] = root(link.to); });
+    forElevators([&](const SourceLink& link) {
+      Wheelchair& best = classes[root(link.from)];
+      if (link.wheelchair == Wheelchair::yes || best == Wheelchair::unknown) best = link.wheelchair;
+    });
+    forElevators([&](SourceLink& link) { link.wheelchair = classes[root(link.from)]; });
+  }
+
+  Building& building_;
+  Findings& findings_;
+  std::unordered_map<std::string, std::size_t> nodes_;
+};
+
+}  // namespace
+
+void readStationNetwork(const std::vector<StationLayer>& layers, Building& building,
+                        Findings& findings) {
+  NetworkReader(building, findings).read(layers);
+}
+
+}  // namespace orivanta::importer

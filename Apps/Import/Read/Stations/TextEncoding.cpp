@@ -1,0 +1,82 @@
+#include "Apps/Import/Read/Stations/TextEncoding.hpp"
+
+#include <iconv.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdint>
+
+#include "Apps/Import/Read/JsonMembers.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+class Converter {
+ public:
+  explicit Converter(const std::string& encoding)
+      : handle_(iconv_open("UTF-8", encoding.c_str())) {}
+  ~Converter() {
+    if (isOpen()) iconv_close(handle_);
+  }
+  Converter(const Converter&) = delete;
+  Converter& operator=(const Converter&) = delete;
+
+  bool isOpen() const { return handle_ != reinterpret_cast<iconv_t>(std::intptr_t{-1}); }
+
+  std::string convert(std::string_view text) {
+    std::string result;
+    // iconv does not write through this pointer.
+    char* from = const_cast<char*>(text.data());
+    std::size_t left = text.size();
+    while (left > 0) {
+      std::array<char, 256> piece;
+      char* to = piece.data();
+      std::size_t room = piece.size();
+      const std::size_t converted = iconv(handle_, &from, &left, &to, &room);
+      result.append(piece.data(), to);
+      if (converted != static_cast<std::size_t>(-1) || errno == E2BIG) continue;
+      result += "\xEF\xBF\xBD";
+      ++from;
+      --left;
+    }
+    return result;
+  }
+
+ private:
+  iconv_t handle_;
+};
+
+bool isAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char character) { return static_cast<unsigned char>(character) < 128; });
+}
+
+}  // namespace
+
+bool isUtf8(std::string_view text) {
+  if (isAscii(text)) return true;
+  // Converting rejects what is not valid.
+  Converter converter("UTF-8");
+  return !converter.isOpen() || converter.convert(text) == text;
+}
+
+std::string encodingOf(std::string_view cpg) {
+  std::string name(trimmed(cpg.substr(0, 64)));
+  const std::string lower = lowerCase(name);
+  // Windows calls its variant of Shift_JIS code page 932.
+  if (lower.find("932") != lower.npos || lower.find("jis") != lower.npos) name = "CP932";
+  if (!name.empty() && name.find_first_not_of("0123456789") == name.npos)
+    name = name == "65001" ? "UTF-8" : "CP" + name;
+  if (lower.starts_with("ansi ")) name = "CP" + name.substr(5);
+  return !name.empty() && Converter(name).isOpen() ? name : std::string();
+}
+
+std::string toUtf8(std::string_view text, const std::string& encoding) {
+  if (isAscii(text)) return std::string(text);
+  Converter converter(encoding);
+  return converter.isOpen() ? converter.convert(text) : std::string(text);
+}
+
+}  // namespace orivanta::importer

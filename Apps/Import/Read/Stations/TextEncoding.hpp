@@ -1,0 +1,18 @@
+// Converts texts of other encodings to UTF-8.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orivanta::importer {
+
+bool isUtf8(std::string_view text);
+
+/// The name of the encoding that a .cpg file contains, as iconv knows it; empty if iconv does not
+/// know it.
+std::string encodingOf(std::string_view cpg);
+
+/// The text in UTF-8. Bytes that are not valid in the encoding become U+FFFD.
+std::string toUtf8(std::string_view text, const std::string& encoding);
+
+}  // namespace orivanta::importer

@@ -1,0 +1,142 @@
+#include "Apps/Import/Summary.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <map>
+#include <numeric>
+#include <utility>
+
+namespace orivanta::importer {
+
+namespace {
+
+// Disjoint sets of nodes.
+class Sets {
+ public:
+  explicit Sets(std::size_t count) : parents_(count) {
+    std::iota(parents_.begin(), parents_.end(), std::size_t{0});
+  }
+  std::size_t find(std::size_t item) {
+    while (parents_[item] != item) item = parents_[item] = parents_[parents_[item]];
+    return item;
+  }
+  void join(std::size_t a, std::size_t b) {
+    // The smaller index stays, so that the order of joining does not matter.
+    const auto [least, most] = std::minmax({find(a), find(b)});
+    parents_[most] = least;
+  }
+
+ private:
+  std::vector<std::size_t> parents_;
+};
+
+Sets joinedNodes(const Building& building) {
+  const Network& network = building.network;
+  Sets sets(network.nodes.size());
+  for (const Edge& edge : network.edges) sets.join(edge.from, edge.to);
+  std::map<std::string, std::size_t> connectors;
+  for (std::size_t i = 0; i < network.nodes.size(); ++i) {
+    if (network.nodes[i].kind != NodeKind::boarding) continue;
+    const auto [entry, added] = connectors.emplace(network.nodes[i].of, i);
+    if (!added) sets.join(entry->second, i);
+  }
+  return sets;
+}
+
+// The node by which each room is reached: one inside, or else at a door.
+std::map<std::string, std::size_t> nodesOfRooms(const Building& building) {
+  std::map<std::string, std::size_t> inside;
+  std::map<std::string, std::size_t> atDoor;
+  for (std::size_t i = 0; i < building.network.nodes.size(); ++i) {
+    const Node& node = building.network.nodes[i];
+    if (node.kind == NodeKind::inside) inside.emplace(node.of, i);
+    if (node.kind == NodeKind::door) atDoor.emplace(node.of, i);
+  }
+  for (const Door& door : building.doors)
+    if (const auto node = atDoor.find(door.id); node != atDoor.end())
+      for (const std::string& area : door.areas) inside.emplace(area, node->second);
+  return inside;
+}
+
+bool isRoom(const Area& area) {
+  return area.kind == AreaKind::room && area.access != Access::nobody;
+}
+
+std::string counted(std::size_t count, std::string_view one, std::string_view many) {
+  return fmt::format("{} {}", count, count == 1 ? one : many);
+}
+
+}  // namespace
+
+NetworkParts networkParts(const Building& building) {
+  Sets sets = joinedNodes(building);
+  NetworkParts result;
+  std::map<std::size_t, std::vector<std::size_t>> rooms;  // by the first node of the part
+  for (std::size_t i = 0; i < building.network.nodes.size(); ++i) rooms[sets.find(i)];
+  const auto nodes = nodesOfRooms(building);
+  for (std::size_t i = 0; i < building.areas.size(); ++i) {
+    if (!isRoom(building.areas[i])) continue;
+    const auto node = nodes.find(building.areas[i].id);
+    if (node == nodes.end())
+      result.withoutNodes.push_back(i);
+    else
+      rooms[sets.find(node->second)].push_back(i);
+  }
+  std::vector<std::size_t> order;
+  for (const auto& [part, list] : rooms) order.push_back(part);
+  std::stable_sort(order.begin(), order.end(),
+                   [&](std::size_t a, std::size_t b) { return rooms[a].size() > rooms[b].size(); });
+  std::map<std::size_t, std::size_t> numbers;
+  for (const std::size_t part : order) {
+    numbers.emplace(part, result.rooms.size());
+    result.rooms.push_back(rooms[part]);
+  }
+  for (std::size_t i = 0; i < building.network.nodes.size(); ++i)
+    result.partOf.push_back(numbers.at(sets.find(i)));
+  return result;
+}
+
+Summary summarize(const Building& building) {
+  Summary summary;
+  summary.floors = building.storeys.size();
+  summary.rooms =
+      static_cast<std::size_t>(std::count_if(building.areas.begin(), building.areas.end(), isRoom));
+  const NetworkParts parts = networkParts(building);
+  if (!parts.rooms.empty()) summary.roomsReachable = parts.rooms.front().size();
+  summary.doorsGuessed = static_cast<std::size_t>(std::count_if(
+      building.doors.begin(), building.doors.end(), [](const Door& door) { return door.guessed; }));
+  for (const Connector& connector : building.connectors) {
+    if (connector.stops.size() < 2) continue;
+    switch (connector.kind) {
+      case ConnectorKind::elevator:
+        ++summary.elevators;
+        break;
+      case ConnectorKind::escalator:
+        ++summary.escalators;
+        break;
+      case ConnectorKind::stairs:
+        ++summary.stairs;
+        break;
+      case ConnectorKind::ramp:
+      case ConnectorKind::movingWalkway:
+        ++summary.ramps;
+        break;
+    }
+  }
+  return summary;
+}
+
+std::string summaryText(const Summary& summary) {
+  std::string text = fmt::format("{}, {}", counted(summary.floors, "floor", "floors"),
+                                 counted(summary.rooms, "room", "rooms"));
+  if (summary.doorsGuessed > 0)
+    text += fmt::format(" ({} guessed)", counted(summary.doorsGuessed, "door", "doors"));
+  text += ", " + counted(summary.elevators, "lift", "lifts");
+  if (summary.escalators > 0) text += ", " + counted(summary.escalators, "escalator", "escalators");
+  text += fmt::format(", {} stairs", summary.stairs);
+  if (summary.ramps > 0) text += ", " + counted(summary.ramps, "ramp", "ramps");
+  return text + fmt::format("; {} reachable", counted(summary.roomsReachable, "room", "rooms"));
+}
+
+}  // namespace orivanta::importer

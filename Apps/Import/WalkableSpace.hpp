@@ -1,0 +1,21 @@
+// The space of a storey in which people walk without passing a door.
+#pragma once
+
+#include "Apps/Import/Building.hpp"
+#include "Apps/Import/Geometry/Shapes.hpp"
+
+namespace orivanta::importer {
+
+/// Whether people walk in areas of this kind. Areas of unknown use count as walkways on storeys
+/// without walkways and without paths; see `hasWalkways`.
+bool isWalkway(AreaKind kind, bool storeyHasWalkways);
+
+/// Whether a storey has walkways, ramps or paths.
+bool hasWalkways(const Building& building, double level);
+
+/// The walkways, ramps and paths of a storey without its rooms, connectors, openings, obstacles and
+/// walls. Gaps of less than 8 cm between walkways are closed. Two walkways with doors on their
+/// common border are separated by it, except at doors that are at least 2 m wide.
+Shape walkableSpace(const Building& building, double level);
+
+}  // namespace orivanta::importer
