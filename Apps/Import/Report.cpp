@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "Apps/Import/Fixes.hpp"
 #include "Apps/Import/FloorPlan.hpp"
 #include "Apps/Package/TextFile.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
@@ -148,6 +149,7 @@ Report buildingReport(const Building& building, const Findings& findings, std::s
   report.source = std::move(source);
   report.summary = summaryOf(findings);
   report.findings = findings.sorted();
+  report.corrections = fixesSkeleton(report.findings);
   std::vector<const Storey*> storeys;
   for (const Storey& storey : building.storeys) storeys.push_back(&storey);
   std::stable_sort(storeys.begin(), storeys.end(), [](const Storey* first, const Storey* second) {
