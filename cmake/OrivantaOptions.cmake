@@ -53,6 +53,14 @@ function(orivanta_library name)
   orivanta_warnings(${name})
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
   target_compile_definitions(${name} PRIVATE ORIVANTA_BUILDING)
+  # Parsing these headers is a fifth of a file's compile time. Only the builds for tests precompile them:
+  # the others, and clang-tidy, find headers that a file fails to include.
+  list(LENGTH ARGN count)
+  if(ORIVANTA_SANITIZER AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND count GREATER 7)
+    target_precompile_headers(
+      ${name} PRIVATE <algorithm> <cmath> <functional> <map> <memory> <mutex> <optional> <set> <span>
+      <string> <string_view> <unordered_map> <utility> <variant> <vector>)
+  endif()
 endfunction()
 
 function(orivanta_warnings name)

@@ -72,7 +72,7 @@ void checkEntranceFloors(const PackageRecords& records, const Record& polygon, F
   for (const json::value& element : elementsOf(polygon, "entrances")) {
     const auto id = identifierIn(element, "id");
     const Record* entrance = id ? records.find(node, *id) : nullptr;
-    const auto floor = entrance != nullptr ? entrance->text("map") : std::nullopt;
+    const auto floor = entrance != nullptr && entrance->kept ? entrance->text("map") : std::nullopt;
     if (!map || !floor || *map == *floor) continue;
     Finding finding =
         records.findingAbout(polygon, Severity::warning, "entrance-on-another-floor", "entrances");

@@ -61,8 +61,13 @@ class Network {
 
   void checkPaths() const {
     for (Number from = 0; from < nodes().size(); ++from)
-      for (const Path& path : paths_[from])
-        if (!path.meant && !hasPath(path.to, from)) addOneWay(from, path.to);
+      for (const Path& path : paths_[from]) {
+        const bool leadsBack = hasPath(path.to, from);
+        if (!path.meant && !leadsBack) addOneWay(from, path.to);
+        if (nodes()[from].text("map") != nodes()[path.to].text("map") &&
+            (from < path.to || !leadsBack))
+          addBetweenFloors(from, path.to);
+      }
   }
 
   void checkNodes() const {
@@ -154,6 +159,17 @@ class Network {
         "Add {{\"node\": \"{}\"}} to the \"paths\" of \"{}\". If one direction is meant, add "
         "\"oneWay\": true to the path.",
         name, nodes()[to].label());
+    findings_.add(std::move(finding));
+  }
+
+  void addBetweenFloors(Number from, Number to) const {
+    Finding finding =
+        records_.findingAbout(nodes()[from], Severity::warning, "path-between-floors", "paths");
+    finding.message = fmt::format(
+        "A path leads from \"{}\" on the floor \"{}\" to \"{}\" on \"{}\".", nodes()[from].label(),
+        *nodes()[from].text("map"), nodes()[to].label(), *nodes()[to].text("map"));
+    finding.effect = "Routes change floors there, and instructions do not mention it.";
+    finding.advice = "Correct the \"map\" of one of the nodes, or join the floors by a connector.";
     findings_.add(std::move(finding));
   }
 

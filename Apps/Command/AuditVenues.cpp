@@ -23,6 +23,7 @@ namespace json = boost::json;
 namespace {
 
 constexpr const char* unreachableColor = "#d7191c";
+constexpr const char* noWayBackColor = "#7b3294";
 constexpr const char* stepsColor = "#f28e2b";
 
 json::array identifiers(const guidance::PlaceList& places) {
@@ -45,6 +46,7 @@ json::object auditJson(const Venue& venue, const guidance::Audit& audit) {
           {"entranceAssumed", audit.entranceAssumed},
           {"withoutNodes", identifiers(audit.withoutNodes)},
           {"unreachable", identifiers(audit.unreachable)},
+          {"withoutWayBack", identifiers(audit.withoutWayBack)},
           {"entrances", std::move(entrances)},
           {"connectors", std::move(connectors)}};
 }
@@ -75,6 +77,8 @@ void drawPicture(const std::filesystem::path& folder, const Venue& venue,
   options.output = file;
   for (const auto& place : neverStepFree(audit))
     options.highlights.push_back(fmt::format("{}={}", *place->id, stepsColor));
+  for (const auto& place : audit.withoutWayBack)
+    options.highlights.push_back(fmt::format("{}={}", *place->id, noWayBackColor));
   for (const auto& place : audit.unreachable)
     options.highlights.push_back(fmt::format("{}={}", *place->id, unreachableColor));
   renderVenue(options);
@@ -94,7 +98,7 @@ ExitCode auditVenues(const AuditOptions& options) try {
       throw CommandError(ExitCode::wrongUse, package.source.string() + ": no walking network");
     const guidance::Audit audit = guidance::audit(*venue, *guide);
     writeOutput(text::jsonText(auditJson(*venue, audit)) + '\n');
-    if (!audit.unreachable.empty()) code = ExitCode::notFound;
+    if (!audit.unreachable.empty() || !audit.withoutWayBack.empty()) code = ExitCode::notFound;
     if (options.picture) drawPicture(package.source, *venue, audit, *options.picture);
   }
   return code;

@@ -65,10 +65,11 @@ Guided requests have the members "guide", "profile", "via", "bestOrder", "neares
 Their output has "legs" and "steps", as with --guide --json.)";
 
 inline constexpr const char* walkFooter = R"(
-Prints each instruction when it comes up, with the time and the rest of the way. With --json, prints
-one line for each second of the walk: "time" in seconds, the position as "map", "x" and "y", the
-indices of the "leg" and of the next "step", "metersLeft", "offRoute" and "arrived". With
---off-route, the visitor goes 25 m to the side after this time, and gets a new route from there.
+Prints each instruction about 30 m before its place, and the arrival at the destination, with the
+time and the rest of the way. With --json, prints one line for each second of the walk: "time" in
+seconds, the position as "map", "x" and "y", the indices of the "leg", of the next "step" and of the
+step that is "announced", "metersLeft", "offRoute" and "arrived". With --off-route, the visitor goes
+25 m to the side after this time, and gets a new route from there.
 Places are specified as for `orivanta route`.
 
 Examples:
@@ -80,7 +81,8 @@ inline constexpr const char* costsFooter = R"(
 Prints a table with tabs: the places, and for each place a row with the costs of the routes to all
 of them. A cost is the expected time in milliseconds with the penalties of the profile, or -1 if
 there is no route. With --json, "costs" has a list for each of the "places". Places are specified as
-for `orivanta route`; lines that are empty are ignored.
+for `orivanta route`; lines that are empty are ignored. The table has at most 4,000,000 costs, so
+there can be at most 2,000 places; more are an error (exit code 2).
 
 Examples:
   orivanta costs astrolabe-court --places shops.txt --profile step-free
@@ -164,16 +166,19 @@ Examples:
 
 inline constexpr const char* auditFooter = R"(
 Prints one line of JSON for each package, in order:
-  "withoutNodes"  places to which no route can lead, because they have no nodes
-  "unreachable"   places that no entrance reaches
-  "entrances"     for each entrance the places that it does not reach without steps
-  "connectors"    the connectors whose failure cuts off places: "cutOff" for everybody,
-                  "cutOffStepFree" for visitors who need a route without steps
+  "withoutNodes"    places to which no route can lead, because they have no nodes
+  "unreachable"     places that no entrance reaches
+  "withoutWayBack"  places that an entrance reaches, but from which no way leads to an entrance,
+                    because edges exist in one direction only
+  "entrances"       for each entrance the places that it does not reach without steps
+  "connectors"      the connectors whose failure cuts off places: "cutOff" for everybody,
+                    "cutOffStepFree" for visitors who need a route without steps
 Entrances are the locations of the type "entrance" or "exit", or of a category with such an
 identifier. If there is none, a well-connected place is used, and "entranceAssumed" is true.
-In the pictures, places without a step-free route are orange, unreachable places are red.
+In the pictures, places without a step-free route are orange, places without a way back are purple,
+and unreachable places are red.
 
-Exit code 1 means that a place cannot be reached at all.
+Exit code 1 means that a place cannot be reached, or cannot be left.
 
 Examples:
   orivanta audit my-venues > audit.jsonl

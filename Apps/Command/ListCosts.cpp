@@ -18,7 +18,7 @@
 namespace orivanta::command {
 
 namespace json = boost::json;
-using Costs = std::vector<std::vector<std::int64_t>>;
+using Costs = guidance::CostRows;
 
 namespace {
 
@@ -67,14 +67,19 @@ ExitCode listCosts(const CostsOptions& options) try {
   const auto query = options.guidance.queryFor({}, {});
   const guidance::Profile profile = planning::profileOf(query);
   const auto places = readPlaces(options.placesFile);
+  if (places.size() > guidance::Guide::mostCosts / places.size())
+    throw CommandError(
+        ExitCode::wrongUse,
+        fmt::format("--places: {} places are too many; the table has at most {} costs",
+                    places.size(), guidance::Guide::mostCosts));
   const auto venue =
       Session(options.connection)
           .loadVenue(options.slug, false, {"location", "map", "node", "vortex", "polygon"});
   std::vector<guidance::Stop> stops;
   stops.reserve(places.size());
   for (const std::string& place : places) stops.push_back(planning::stopNamed(*venue, place));
-  const Costs costs =
-      guideFor(*venue)->costs(stops, stops, profile, guidance::Closures(query.closed));
+  const auto costs =
+      guideFor(*venue)->costs(stops, stops, profile, guidance::Closures(query.closed)).value();
   writeOutput(options.json ? text::jsonText(costsJson(places, costs)) + '\n'
                            : costsText(places, costs));
   return ExitCode::success;

@@ -145,7 +145,8 @@ void addGuideOptions(CLI::App& app, GuideOptions& options, const char* group) {
   const auto add = [&](const char* name, auto& value, const char* purpose, const char* type) {
     return app.add_option(name, value, purpose)->type_name(type)->group(group);
   };
-  add("--via", query.via, "Stop in between; may be repeated", "PLACE")->allow_extra_args(false);
+  add("--via", query.via, "Stop in between; up to 48, or 10 with --best-order", "PLACE")
+      ->allow_extra_args(false);
   app.add_flag("--best-order", query.bestOrder,
                "Visit the stops in the order that takes least time")
       ->group(group);
@@ -397,7 +398,8 @@ void addServe(CLI::App& app, CommandLine& line) {
 
 void addAudit(CLI::App& app, CommandLine& line) {
   AuditOptions& options = line.audit;
-  auto& command = *app.add_subcommand("audit", "Find the places that some visitors cannot reach");
+  auto& command =
+      *app.add_subcommand("audit", "Find the places that some visitors cannot reach or leave");
   command.footer(help::auditFooter);
   command.add_option("FOLDER", options.folders, "Venue packages, or folders of them")
       ->required()

@@ -11,9 +11,9 @@
 
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Session.hpp"
-#include "Apps/Command/SimulatedWalk.hpp"
 #include "Apps/Text/Json.hpp"
 #include "Source/Guidance/Follower.hpp"
+#include "Source/Guidance/SimulatedWalk.hpp"
 #include "Source/Map.hpp"
 #include "Source/Venue.hpp"
 
@@ -23,6 +23,7 @@ using guidance::Follower;
 using guidance::Itinerary;
 using guidance::Position;
 using guidance::Progress;
+using guidance::SimulatedWalk;
 
 namespace {
 
@@ -47,10 +48,11 @@ class Walk {
   }
 
   ExitCode run() {
-    report(follower_->update(walk_->at(0.0), time_), walk_->at(0.0));
+    const Position start = walk_->at(0.0).position;
+    report(follower_->update(start, time_), start);
     while (elapsed_ < walk_->seconds()) {
       advance();
-      Position position = walk_->at(elapsed_);
+      Position position = walk_->at(elapsed_).position;
       const bool aside = leaveAt_ && time_ >= *leaveAt_;
       if (aside) position.x += metersAside * guide_.unitsPerMeter();
       const Progress& progress = follower_->update(position, time_);
@@ -73,7 +75,7 @@ class Walk {
     texts_ = narrator_.texts(follower_->itinerary(), follower_->steps());
     tick_ = std::max(shortestTick, walk_->seconds() / mostTicks);
     elapsed_ = 0.0;
-    shown_.reset();
+    printed_ = 0;
   }
 
   void advance() {
@@ -97,13 +99,14 @@ class Walk {
     return request;
   }
 
+  // Prints the instructions that are announced for the first time.
   void report(const Progress& progress, const Position& position) {
     if (options_.json) return writeOutput(lineOf(progress, position) + '\n');
-    if (shown_ == progress.step || progress.step >= texts_.size()) return;
-    shown_ = progress.step;
     const bool known = follower_->itinerary().hasScale;
-    writeLine(texts_[progress.step] +
-              (known ? fmt::format("  ({:.0f} m left)", progress.metersLeft) : std::string()));
+    const std::string left =
+        known ? fmt::format("  ({:.0f} m left)", progress.metersLeft) : std::string();
+    for (; printed_ <= progress.announced && printed_ < texts_.size(); ++printed_)
+      writeLine(texts_[printed_] + left);
   }
 
   void writeLine(const std::string& text) const {
@@ -123,6 +126,7 @@ class Walk {
                             {"y", rounded(position.y)},
                             {"leg", progress.leg},
                             {"step", progress.step},
+                            {"announced", progress.announced},
                             {"metersLeft", left},
                             {"offRoute", progress.offRoute},
                             {"arrived", progress.arrived}});
@@ -139,9 +143,9 @@ class Walk {
   std::optional<SimulatedWalk> walk_;
   std::vector<std::string> texts_;
   double tick_ = shortestTick;
-  double time_ = 0.0;     // since the start of the program's walk
-  double elapsed_ = 0.0;  // since the start of the current itinerary
-  std::optional<std::size_t> shown_;
+  double time_ = 0.0;        // since the start of the program's walk
+  double elapsed_ = 0.0;     // since the start of the current itinerary
+  std::size_t printed_ = 0;  // the number of instructions that have been printed
 };
 
 }  // namespace

@@ -42,7 +42,7 @@ Mark box(double left, double top, double right, double bottom, double corner = 0
   return around({{left, top}, {right, bottom}}, 0, [=](Point point) {
     const Point beyond = {std::abs(point.x - middle.x) - half.x,
                           std::abs(point.y - middle.y) - half.y};
-    return length({std::max(beyond.x, 0.0), std::max(beyond.y, 0.0)}) +
+    return package::length({std::max(beyond.x, 0.0), std::max(beyond.y, 0.0)}) +
            std::min(std::max(beyond.x, beyond.y), 0.0) - corner;
   });
 }

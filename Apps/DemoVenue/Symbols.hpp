@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Apps/Package/Geometry.hpp"
+#include "Apps/DemoVenue/Shapes.hpp"
 
 namespace orivanta::demo {
 

@@ -36,9 +36,8 @@ class Joiner {
 
   void join(Door& door) const {
     std::vector<const Area*> near = index_.near(door.position, reach);
-    std::erase_if(near, [&](const Area* area) {
-      return distanceTo(area->shape, door.position) > reach;
-    });
+    std::erase_if(near,
+                  [&](const Area* area) { return distanceTo(area->shape, door.position) > reach; });
     if (near.empty()) return;
     const Point along = wallDirection(door, near);
     const Point across{-along.y, along.x};

@@ -10,8 +10,8 @@ namespace orivanta::importer {
 /// the nearest border of the given areas.
 Point wallDirection(const Door& door, const std::vector<const Area*>& areas);
 
-/// A rectangle as wide as the door that reaches `depth` to both sides of the wall. A door of unknown
-/// width counts as 1 m wide, and none as narrower than 0.8 m.
+/// A rectangle as wide as the door that reaches `depth` to both sides of the wall. A door of
+/// unknown width counts as 1 m wide, and none as narrower than 0.8 m.
 Polygon doorway(const Door& door, Point wallDirection, double depth);
 
 }  // namespace orivanta::importer

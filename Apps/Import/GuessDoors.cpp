@@ -17,7 +17,8 @@ namespace orivanta::importer {
 namespace {
 
 constexpr double sampleStep = 0.2;
-constexpr std::array wallDepths{0.06, 0.3, 0.6};  // how far behind the wall the other side is sought
+constexpr std::array wallDepths{0.06, 0.3,
+                                0.6};  // how far behind the wall the other side is sought
 constexpr double narrowestDoor = 0.6;
 constexpr double usualWidth = 1.0;
 

@@ -158,13 +158,11 @@ bool isWalkway(AreaKind kind, bool storeyHasWalkways) {
 }
 
 bool hasWalkways(const Building& building, double level) {
-  return std::any_of(building.areas.begin(), building.areas.end(),
-                     [&](const Area& area) {
-                       return area.level == level && isWalkway(area.kind, true);
-                     }) ||
-         std::any_of(building.lines.begin(), building.lines.end(), [&](const Line& line) {
-           return isPath(line) && isOn(line, level);
-         });
+  return std::any_of(
+             building.areas.begin(), building.areas.end(),
+             [&](const Area& area) { return area.level == level && isWalkway(area.kind, true); }) ||
+         std::any_of(building.lines.begin(), building.lines.end(),
+                     [&](const Line& line) { return isPath(line) && isOn(line, level); });
 }
 
 Shape walkableSpace(const Building& building, double level) {

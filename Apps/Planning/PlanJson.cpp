@@ -79,6 +79,8 @@ json::object stepJson(const Itinerary& itinerary, const Step& step, const std::s
     passed.push_back(json::object{{"location", idOf(place.place)},
                                   {"category", idOf(place.category)},
                                   {"side", sideJson(place.side)}});
+  json::array rooms;
+  for (const auto& room : step.through) rooms.push_back(idOf(room));
   json::object object = {
       {"kind", wordOf(step.kind)},
       {"leg", step.leg},
@@ -92,6 +94,7 @@ json::object stepJson(const Itinerary& itinerary, const Step& step, const std::s
       {"place", idOf(step.place)},
       {"opposite", idOf(step.opposite)},
       {"passed", std::move(passed)},
+      {"through", std::move(rooms)},
       {"meters", known(itinerary.hasScale, step.metersToNext)},
       {"seconds", known(itinerary.hasScale, step.secondsToNext)},
       {"text", text}};

@@ -24,8 +24,8 @@ namespace orivanta::planning {
 ///   `connectorKind`, `floors` (up; negative if down)
 /// - `steps`: `kind`, `leg`, `nodes` (first and last index into the leg's nodes), `turnDegrees`
 ///   (left is positive), `secondTurnDegrees`, `side`, `landmark`, `landmarkCategory`,
-///   `landmarkPosition`, `place`, `opposite`, `passed` (`location`, `category`, `side`), `meters`
-///   (to the next step), `seconds`, `text`
+///   `landmarkPosition`, `place`, `opposite`, `passed` (`location`, `category`, `side`),
+///   `through` (rooms on the way), `meters` (to the next step), `seconds`, `text`
 ///
 /// Places, nodes and connectors are identifiers. A place with a category is named by that: its own
 /// name is not usable. Members without a value are null, and so are nodes at positions between

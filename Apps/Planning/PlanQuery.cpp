@@ -169,8 +169,10 @@ Request requestOf(const Venue& venue, const PlanQuery& query, const guidance::Cl
     fail(Kind::invalid, "give either a destination or the category of the nearest one");
   if (query.to.empty() && !query.nearest)
     fail(Kind::invalid, "the destination of the route is missing");
-  if (query.via.size() + 2 > mostStops)
-    fail(Kind::invalid, fmt::format("a route has at most {} stops", mostStops));
+  const std::size_t most = query.bestOrder ? mostStopsInBestOrder : mostStops;
+  if (query.via.size() + 2 > most)
+    fail(Kind::invalid, fmt::format("a route has at most {} stops{}", most,
+                                    query.bestOrder ? " in the best order" : ""));
   request.stops.push_back(stopNamed(venue, query.from));
   for (const std::string& text : query.via) request.stops.push_back(stopNamed(venue, text));
   if (query.nearest)

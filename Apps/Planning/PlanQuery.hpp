@@ -49,7 +49,10 @@ struct PlanQuery {
 };
 
 /// The most stops of a request: the start, the stops in between and the destination.
-constexpr std::size_t mostStops = 12;
+constexpr std::size_t mostStops = guidance::Request::mostStops;
+
+/// The most stops if the best order is wanted.
+constexpr std::size_t mostStopsInBestOrder = 12;
 
 /// The most alternatives of a request.
 constexpr int mostAlternatives = 4;

@@ -22,7 +22,24 @@ bool isEntranceWord(std::string_view word) {
 
 std::vector<Stop> stopsOf(const PlaceList& places) { return {places.begin(), places.end()}; }
 
-// Whether each place can be reached from any of the entrances.
+// Returns the costs in as few calls as the limit of `Guide::costs` allows. If even one row exceeds
+// it, nothing counts as reached.
+CostRows costsOf(const Guide& guide, const std::vector<Stop>& from, const std::vector<Stop>& to,
+                 const Profile& profile, const Closures& closures = {}) {
+  const std::size_t most = std::max<std::size_t>(1, Guide::mostCosts / (to.size() + 1));
+  CostRows rows;
+  for (std::size_t begin = 0; begin < from.size(); begin += most) {
+    const std::size_t end = std::min(from.size(), begin + most);
+    const std::vector<Stop> part(from.begin() + std::ptrdiff_t(begin),
+                                 from.begin() + std::ptrdiff_t(end));
+    const auto found = guide.costs(part, to, profile, closures);
+    const CostRows none(part.size(), std::vector<std::int64_t>(to.size(), -1));
+    for (const auto& row : found.value_or(none)) rows.push_back(row);
+  }
+  return rows;
+}
+
+// The ways between the places and any of the entrances.
 class Reach {
  public:
   Reach(const Guide& guide, const PlaceList& entrances, const PlaceList& places)
@@ -34,7 +51,12 @@ class Reach {
   }
 
   std::vector<std::int64_t> costs(const Profile& profile, const Closures& closures = {}) const {
-    return guide_.costs(start_, places_, profile, closures).front();
+    return costsOf(guide_, start_, places_, profile, closures).front();
+  }
+
+  // Returns for each place whether an entrance can be reached from it.
+  std::vector<bool> waysBack() const {
+    return guide_.leadToAny(places_, start_, Profile::fastest());
   }
 
  private:
@@ -68,7 +90,7 @@ bool mayBeStepFree(const Vortex& connector) {
 std::shared_ptr<Location> bestConnected(const Guide& guide, const PlaceList& places) {
   const PlaceList tried(places.begin(),
                         places.begin() + std::ptrdiff_t(std::min(places.size(), mostTried)));
-  const auto rows = guide.costs(stopsOf(tried), stopsOf(places));
+  const auto rows = costsOf(guide, stopsOf(tried), stopsOf(places), Profile::fastest());
   const auto reached = [](const std::vector<std::int64_t>& row) {
     return std::count_if(row.begin(), row.end(), [](std::int64_t cost) { return cost >= 0; });
   };
@@ -106,13 +128,16 @@ Audit audit(const Venue& venue, const Guide& guide, const foundation::Cancellati
     entrances.push_back(bestConnected(guide, places));
     result.entranceAssumed = true;
   }
-  const auto stepFree = guide.costs(stopsOf(entrances), stopsOf(places), Profile::stepFree());
+  const auto stepFree = costsOf(guide, stopsOf(entrances), stopsOf(places), Profile::stepFree());
   for (std::size_t i = 0; i < entrances.size(); ++i)
     result.entrances.push_back({entrances[i], unreached(places, stepFree[i])});
   const Reach reach(guide, entrances, places);
   const auto all = reach.costs(Profile::fastest());
   const auto allStepFree = reach.costs(Profile::stepFree());
   result.unreachable = unreached(places, all);
+  const auto back = reach.waysBack();
+  for (std::size_t i = 0; i < places.size(); ++i)
+    if (all[i] >= 0 && !back[i]) result.withoutWayBack.push_back(places[i]);
   for (const auto& connector : *venue.vortices) {
     if (token.isCanceled()) break;
     const Closures failure({*connector->id});

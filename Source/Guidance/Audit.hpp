@@ -1,4 +1,5 @@
-// Checks how a venue can be reached: without steps, and if a connector fails.
+// Checks how the places of a venue can be reached and left: without steps, and if a connector
+// fails.
 #pragma once
 
 #include <memory>
@@ -31,8 +32,11 @@ struct ConnectorFinding {
 struct Audit {
   std::vector<EntranceFinding> entrances;    ///< all entrances, in the order of the venue
   std::vector<ConnectorFinding> connectors;  ///< those whose failure cuts off a place
-  PlaceList withoutNodes;        ///< places to which no route can lead, entrances among them
-  PlaceList unreachable;         ///< places that no entrance reaches, whatever the profile
+  PlaceList withoutNodes;  ///< places to which no route can lead, entrances among them
+  PlaceList unreachable;   ///< places that no entrance reaches, whatever the profile
+  /// Places that an entrance reaches, but from which no way leads to an entrance, whatever the
+  /// profile: edges on the way exist in one direction only.
+  PlaceList withoutWayBack;
   bool entranceAssumed = false;  ///< the venue has no entrance; a well-connected place replaces it
 };
 

@@ -13,6 +13,8 @@
 
 namespace orivanta::guidance {
 
+class RouteTrack;
+
 /// The progress along a route.
 struct Progress {
   std::size_t leg = 0;        ///< the index of the current leg
@@ -21,13 +23,18 @@ struct Progress {
   double secondsLeft = 0.0;   ///< the time to the destination
   std::size_t step = 0;       ///< the index of the next instruction
   double metersToStep = 0.0;  ///< the walk to it
-  bool offRoute = false;      ///< whether the traveler has left the route
-  bool arrived = false;       ///< whether the destination has been reached
+  /// The index of the instruction to say or show now: `step` if it is near, otherwise the one
+  /// before it, whose text includes the walk to `step`. It may increase by more than one. See
+  /// `Follower::Limits`.
+  std::size_t announced = 0;
+  bool offRoute = false;  ///< whether the traveler has left the route
+  bool arrived = false;   ///< whether the destination has been reached
 };
 
 /// Determines how far a traveler is on a route, which instruction is next, and whether the traveler
 /// has left the route. Then call `Guide::plan` with the position as the first stop. Without
-/// `unitsPerMetre`, one unit of the venue counts as one meter. Used by one thread at a time.
+/// `unitsPerMetre`, one unit of the venue counts as one meter. If the itinerary is not usable, only
+/// `Progress::offRoute` changes. Used by one thread at a time.
 class ORIVANTA_API Follower {
  public:
   /// When a traveler is off the route, and when the destination is reached.
@@ -37,6 +44,11 @@ class ORIVANTA_API Follower {
     double meters = 8.0;
     double seconds = 3.0;        ///< how long the distance must be exceeded
     double arrivalMeters = 4.0;  ///< the rest of the route that counts as arrival
+    /// How far before its place an instruction is announced: this walk, or the walk of
+    /// `announceSeconds` if that is longer. An arrival is announced `arrivalMeters` before its
+    /// place, the way on after a ride at the end of the ride.
+    double announceMeters = 30.0;
+    double announceSeconds = 20.0;  ///< the time before the place of an instruction
   };
 
   /// Follows an itinerary of the guide. The guide must not be null.
@@ -63,15 +75,18 @@ class ORIVANTA_API Follower {
   const std::vector<Step>& steps() const { return steps_; }
 
  private:
-  class Track;
-
   void show(double along);
+  void showLeg(double along);
+  void showRest(double along);
+  void showStep(double along);
+  double metersTo(const Step& step) const;
   bool isCarriedOut(const Step& step, double along) const;
+  bool isNear(const Step& step) const;
 
   Itinerary itinerary_;
   Limits limits_;
   std::vector<Step> steps_;
-  std::unique_ptr<const Track> track_;
+  std::unique_ptr<const RouteTrack> track_;
   Progress progress_;
   double along_ = 0.0;      // the position along the track
   double seconds_ = 0.0;    // the time of the last update

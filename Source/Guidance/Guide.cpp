@@ -1,11 +1,14 @@
 #include "Source/Guidance/Guide.hpp"
 
+#include <fmt/format.h>
+
 #include "Source/Category.hpp"
+#include "Source/Guidance/Network/BackwardSearch.hpp"
 #include "Source/Guidance/Network/CostMatrix.hpp"
 #include "Source/Guidance/Network/GuideData.hpp"
 #include "Source/Guidance/Network/ItineraryBuilder.hpp"
 #include "Source/Guidance/Network/Planner.hpp"
-#include "Source/Guidance/Network/StopResolver.hpp"
+#include "Source/Guidance/Network/Snapping.hpp"
 #include "Source/Guidance/Steps/StepBuilder.hpp"
 #include "Source/Guidance/Steps/Surroundings.hpp"
 #include "Source/Venue.hpp"
@@ -14,7 +17,7 @@ namespace orivanta::guidance {
 
 class Guide::Implementation {
  public:
-  explicit Implementation(const Venue& venue) : data(venue), surroundings(venue) {}
+  explicit Implementation(const Venue& venue) : data(venue), surroundings(venue, data) {}
 
   GuideData data;
   Surroundings surroundings;
@@ -45,14 +48,25 @@ Plan Guide::nearest(const Stop& from, const std::shared_ptr<Category>& category,
   return Planner(implementation_->data, request, token).nearest(limit);
 }
 
-std::vector<std::vector<std::int64_t>> Guide::costs(
-    const std::vector<Stop>& from, const std::vector<Stop>& to, const Profile& profile,
-    const Closures& closures, const foundation::CancellationToken& token) const {
+foundation::Result<CostRows> Guide::costs(const std::vector<Stop>& from,
+                                          const std::vector<Stop>& to, const Profile& profile,
+                                          const Closures& closures,
+                                          const foundation::CancellationToken& token) const {
+  if (!from.empty() && to.size() > mostCosts / from.size())
+    return foundation::failure(
+        "guide", 0,
+        fmt::format("{} times {} costs are more than {}.", from.size(), to.size(), mostCosts));
   return costMatrix(implementation_->data, from, to, profile, closures, token);
 }
 
+std::vector<bool> Guide::leadToAny(const std::vector<Stop>& from, const std::vector<Stop>& to,
+                                   const Profile& profile, const Closures& closures) const {
+  return guidance::leadToAny(implementation_->data, from, to, profile, closures);
+}
+
 std::optional<Snap> Guide::snap(const Position& position) const {
-  return StopResolver::snap(implementation_->data, position);
+  const auto snapped = snapTo(implementation_->data, position);
+  return snapped ? std::optional(snapped->snap) : std::nullopt;
 }
 
 std::optional<Itinerary> Guide::itinerary(const NodeList& path,

@@ -7,6 +7,7 @@
 //     std::cout << narrator.text(...);
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -15,6 +16,7 @@
 
 #include "Platform/Foundation/Cancellation.hpp"
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Foundation/Result.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/Guidance/Itinerary.hpp"
 #include "Source/Guidance/Plan.hpp"
@@ -23,6 +25,9 @@
 #include "Source/Guidance/Step.hpp"
 
 namespace orivanta::guidance {
+
+/// The costs of routes in milliseconds, by start and then by destination; -1 where there is none.
+using CostRows = std::vector<std::vector<std::int64_t>>;
 
 /// Plans exact cheapest routes by expected time. Immutable: it keeps what it needs of the venue and
 /// is not affected by the next load. Later changes to the records do not change routes.
@@ -33,8 +38,8 @@ namespace orivanta::guidance {
 /// multiplies it, and its `constantWeight` is added as a length in the venue's units. Values that
 /// are negative or not finite have no effect. The cost of a ride is its time; the weights of
 /// connectors have no effect. Leaving a room costs 30 s unless the route, or its part between two
-/// stops, begins there: nobody is led through a room that is not a stop. Without `unitsPerMetre`, a
-/// unit counts as a meter.
+/// stops, begins there, so a route leads through a room that is not a stop only if all other ways
+/// take much longer. Without `unitsPerMetre`, a unit counts as a meter.
 class ORIVANTA_API Guide {
  public:
   /// Creates a guide from all nodes and connectors of a loaded venue, whether or not the venue was
@@ -57,13 +62,21 @@ class ORIVANTA_API Guide {
                std::optional<LocalTime> at = std::nullopt, int limit = 0,
                const foundation::CancellationToken& token = {}) const;
 
+  /// The most costs, starts times destinations, that one call of `costs` computes.
+  static constexpr std::size_t mostCosts = 4'000'000;
+
   /// Returns the costs in milliseconds from each start (row) to each destination (column), or -1 if
   /// there is no way or a stop is not known. The rows are computed concurrently; each takes a
   /// search to all destinations and 8 bytes per destination. If the search is canceled, the costs
-  /// that were not found are -1.
-  std::vector<std::vector<std::int64_t>> costs(
-      const std::vector<Stop>& from, const std::vector<Stop>& to, const Profile& profile = {},
-      const Closures& closures = {}, const foundation::CancellationToken& token = {}) const;
+  /// that were not found are -1. Fails if there are more than `mostCosts`.
+  foundation::Result<CostRows> costs(const std::vector<Stop>& from, const std::vector<Stop>& to,
+                                     const Profile& profile = {}, const Closures& closures = {},
+                                     const foundation::CancellationToken& token = {}) const;
+
+  /// Returns for each start whether there is a way to any of the destinations; false if the start
+  /// is not known. Takes a single search, however many stops there are.
+  std::vector<bool> leadToAny(const std::vector<Stop>& from, const std::vector<Stop>& to,
+                              const Profile& profile = {}, const Closures& closures = {}) const;
 
   /// Returns the point of the walking network next to a position on its floor. Returns nothing if
   /// the floor has no network.

@@ -22,6 +22,8 @@ std::string wordOf(Problem::Kind kind) {
   switch (kind) {
     case Problem::Kind::tooFewStops:
       return "tooFewStops";
+    case Problem::Kind::tooManyStops:
+      return "tooManyStops";
     case Problem::Kind::unknownPlace:
       return "unknownPlace";
     case Problem::Kind::noNodes:

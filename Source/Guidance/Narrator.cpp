@@ -61,7 +61,9 @@ std::string Narrator::summary(const Itinerary& itinerary) const {
 std::string Narrator::text(const Problem& problem, std::string_view place) const {
   const std::string name = messages_->name(place);
   const std::string key = "problem." + wordOf(problem.kind);
-  if (name.empty() || problem.kind == Problem::Kind::tooFewStops) return messages_->format(key);
+  const bool concernsAll =
+      problem.kind == Problem::Kind::tooFewStops || problem.kind == Problem::Kind::tooManyStops;
+  if (name.empty() || concernsAll) return messages_->format(key);
   return messages_->format(key + ".place", {{"place", name}});
 }
 

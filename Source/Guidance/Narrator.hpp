@@ -57,8 +57,8 @@ class ORIVANTA_API Narrator {
 
   /// Returns the text of one instruction, including the walk to the next one, such as "Turn left
   /// after 2063. Go 40 m, past 2053 on your left." Lengths under 10 m are omitted, and so are all
-  /// lengths if the itinerary has no scale. At most two passed places are named. Returns an
-  /// empty text if there is no `steps[index]`.
+  /// lengths if the itinerary has no scale. At most two passed places and two rooms on the
+  /// way are named. Returns an empty text if there is no `steps[index]`.
   std::string text(const Itinerary& itinerary, const std::vector<Step>& steps,
                    std::size_t index) const;
 

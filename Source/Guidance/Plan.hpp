@@ -15,6 +15,7 @@ struct Problem {
   /// The kinds of problems.
   enum class Kind {
     tooFewStops,         ///< the request has fewer than two stops
+    tooManyStops,        ///< the request has more stops than `Request` allows
     unknownPlace,        ///< a stop is null or does not belong to the venue
     noNodes,             ///< a stop has no nodes in the walking network
     unreachable,         ///< there is no way, whatever the profile and the closures

@@ -1,6 +1,7 @@
 // What a route is asked for: stops, a profile, closures and a time.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <variant>
@@ -29,7 +30,15 @@ using Stop = std::variant<std::shared_ptr<Location>, std::shared_ptr<Node>, Node
 
 /// A request for routes. A value.
 struct Request {
-  std::vector<Stop> stops;  ///< at least two: the start, stops in between, the destination
+  /// The most stops in the given order.
+  static constexpr std::size_t mostStops = 50;
+
+  /// The most stops in the best order. The order is exact for at most 14; for more, it is a good
+  /// one.
+  static constexpr std::size_t mostStopsInBestOrder = 202;
+
+  /// At least two: the start, stops in between, the destination.
+  std::vector<Stop> stops;
   /// Whether the stops in between may be visited in any order. Opening hours do not affect the
   /// order unless a stop closes before the arrival; then this stop is tried at earlier places.
   bool bestOrder = false;

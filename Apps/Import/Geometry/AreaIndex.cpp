@@ -77,8 +77,7 @@ std::vector<const Area*> AreaIndex::near(Point point, double distance) const {
   return within(point - reach, point + reach);
 }
 
-std::vector<const Area*> AreaIndex::near(const std::vector<Polygon>& shape,
-                                         double distance) const {
+std::vector<const Area*> AreaIndex::near(const std::vector<Polygon>& shape, double distance) const {
   if (shape.empty()) return {};
   const Bounds bounds = boundsOf(shape);
   const Point reach{distance, distance};

@@ -13,8 +13,7 @@ namespace orivanta::importer {
 class AreaIndex {
  public:
   /// Of the areas on `level`, takes those for which `choose` returns true.
-  AreaIndex(const Building& building, double level,
-            const std::function<bool(const Area&)>& choose);
+  AreaIndex(const Building& building, double level, const std::function<bool(const Area&)>& choose);
   ~AreaIndex();
   AreaIndex(const AreaIndex&) = delete;
   AreaIndex& operator=(const AreaIndex&) = delete;

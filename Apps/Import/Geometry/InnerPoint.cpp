@@ -41,9 +41,8 @@ Point centroid(const Outline& outline) {
 // Divides squares, the most promising first, until none can be much better than the best point.
 Point innerPoint(const Shape& shape) {
   const Polygon& polygon =
-      *std::max_element(shape.begin(), shape.end(), [](const Polygon& a, const Polygon& b) {
-        return areaOf(a) < areaOf(b);
-      });
+      *std::max_element(shape.begin(), shape.end(),
+                        [](const Polygon& a, const Polygon& b) { return areaOf(a) < areaOf(b); });
   Point low = polygon.outer.front();
   Point high = low;
   for (const Point point : polygon.outer) {

@@ -41,8 +41,7 @@ Geometry owned(GEOSGeometry* geometry) {
 
 GEOSCoordSequence* sequenceOf(const std::vector<Point>& points, bool closed) {
   const std::size_t count = points.size() + (closed ? 1 : 0);
-  GEOSCoordSequence* sequence =
-      GEOSCoordSeq_create_r(handle(), static_cast<unsigned>(count), 2);
+  GEOSCoordSequence* sequence = GEOSCoordSeq_create_r(handle(), static_cast<unsigned>(count), 2);
   if (sequence == nullptr) throw std::bad_alloc();
   for (std::size_t i = 0; i < count; ++i) {
     const Point point = points[i % points.size()];
@@ -88,8 +87,7 @@ Outline outlineOf(const GEOSGeometry* ring, bool counterclockwise) {
   for (unsigned i = 0; i + 1 < count; ++i) {
     Point point;
     GEOSCoordSeq_getXY_r(handle(), sequence, i, &point.x, &point.y);
-    if (outline.empty() || package::distance(outline.back(), point) > 0.0)
-      outline.push_back(point);
+    if (outline.empty() || package::distance(outline.back(), point) > 0.0) outline.push_back(point);
   }
   if ((package::signedArea(outline) > 0.0) != counterclockwise)
     std::reverse(outline.begin(), outline.end());
@@ -109,8 +107,7 @@ void appendPolygons(const GEOSGeometry* geometry, Shape& shape) {
   }
   if (type < GEOS_MULTIPOINT) return;
   const int parts = GEOSGetNumGeometries_r(handle(), geometry);
-  for (int i = 0; i < parts; ++i)
-    appendPolygons(GEOSGetGeometryN_r(handle(), geometry, i), shape);
+  for (int i = 0; i < parts; ++i) appendPolygons(GEOSGetGeometryN_r(handle(), geometry, i), shape);
 }
 
 Shape shapeOf(const Geometry& geometry) {
@@ -142,14 +139,14 @@ Shape united(const Shape& shape) {
 
 Shape without(const Shape& shape, const Shape& removed) {
   if (shape.empty() || removed.empty()) return shape;
-  return shapeOf(owned(
-      GEOSDifference_r(handle(), geometryOf(shape).get(), geometryOf(removed).get())));
+  return shapeOf(
+      owned(GEOSDifference_r(handle(), geometryOf(shape).get(), geometryOf(removed).get())));
 }
 
 Shape common(const Shape& first, const Shape& second) {
   if (first.empty() || second.empty()) return {};
-  return shapeOf(owned(
-      GEOSIntersection_r(handle(), geometryOf(first).get(), geometryOf(second).get())));
+  return shapeOf(
+      owned(GEOSIntersection_r(handle(), geometryOf(first).get(), geometryOf(second).get())));
 }
 
 Shape withMargin(const Shape& shape, double margin) {

@@ -86,7 +86,11 @@ class NetworkSearch {
   double bound(Index vertex) const;
   void addPart(Index from, Index to, const Ends::Split& split, double length);
   void leavePosition(const Ends& stop, std::int64_t cost);
-  void reach(Index vertex, std::int64_t cost, Index arc);
+  void reach(Index vertex, std::int64_t cost, Index arc) {
+    const VertexState& state = state_->vertices[vertex];
+    if (state.reached != state_->stamp || cost < state.cost) improve(vertex, cost, arc);
+  }
+  void improve(Index vertex, std::int64_t cost, Index arc);
   void expand(Index vertex);
   void expandParts(Index vertex, std::int64_t cost);
   Hop hopOf(Index arc) const;
@@ -94,6 +98,7 @@ class NetworkSearch {
   const SearchContext& context_;
   const GuideNetwork& network_;
   const CostTable& costs_;
+  double rate_;  // of the bound, per unit of horizontal distance
   std::unique_ptr<SearchState> state_;
   std::vector<const Ends*> positions_;  // the positions among the targets
   std::vector<Goal> goals_;

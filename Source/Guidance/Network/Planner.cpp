@@ -5,9 +5,6 @@
 #include <unordered_set>
 #include <utility>
 
-#include "Source/Guidance/Network/Alternatives.hpp"
-#include "Source/Guidance/Network/ArrivalTimes.hpp"
-#include "Source/Guidance/Network/ItineraryBuilder.hpp"
 #include "Source/Guidance/Network/StopOrder.hpp"
 #include "Source/Guidance/Network/TravelTime.hpp"
 
@@ -18,8 +15,6 @@ namespace {
 using Kind = Problem::Kind;
 using Place = PlaceTable::Place;
 
-constexpr int mostAlternatives = 4;
-constexpr int mostNearest = 1000;
 constexpr std::size_t mostEarlierPlaces = 16;
 
 std::int64_t costOf(const std::vector<NetworkPath>& paths) {
@@ -39,7 +34,9 @@ Planner::Planner(const GuideData& data, const Request& request,
       closing_(request.stops.size()) {}
 
 bool Planner::resolveAll() {
+  const std::size_t most = request_.bestOrder ? Request::mostStopsInBestOrder : Request::mostStops;
   if (stops_.size() < 2) problem_ = {Kind::tooFewStops, 0};
+  if (stops_.size() > most) problem_ = {Kind::tooManyStops, most};
   for (std::size_t stop = 0; stop < stops_.size() && !problem_; ++stop) {
     stops_[stop] = resolver_.resolve(request_.stops[stop], stop, stop == 0);
     if (stops_[stop].problem) problem_ = {*stops_[stop].problem, stop};
@@ -147,73 +144,6 @@ const Place* Planner::placeAt(std::size_t stop, Index vertex, double seconds) co
   for (const Place* place : places)
     if (isOpenAfter(*place, seconds)) return place;
   return places.empty() ? nullptr : places.front();
-}
-
-// Returns the time until the stop at a place of the order.
-double Planner::secondsOf(const Paths& paths, std::size_t place) const {
-  double seconds = 0.0;
-  for (std::size_t i = 0; i < place; ++i) seconds += measureTo(i + 1).seconds(paths[i]);
-  return seconds;
-}
-
-PathMeasure Planner::measureTo(std::size_t place) const {
-  return {data_.network, speedOf(request_.profile), &stops_[order_[place - 1]].ends,
-          &stops_[order_[place]].ends};
-}
-
-Itinerary Planner::itineraryOf(const Paths& paths) const {
-  ItineraryBuilder builder(data_, request_.profile);
-  const auto visit = [&](std::size_t place, Index vertex) {
-    const double seconds = request_.at ? secondsOf(paths, place) : 0.0;
-    const Place* found = placeAt(order_[place], vertex, seconds);
-    builder.addVisit(order_[place], found == nullptr ? nullptr : found->record);
-  };
-  visit(0, paths.front().first);
-  for (std::size_t i = 0; i < paths.size(); ++i) {
-    builder.addPath(paths[i], &stops_[order_[i]].ends, &stops_[order_[i + 1]].ends);
-    visit(i + 1, paths[i].last());
-  }
-  return builder.take();
-}
-
-void Planner::addAlternatives(Plan& plan, const Paths& best, const Arrivals* arrivals) const {
-  const auto search = [&](const CostTable& costs) {
-    std::size_t ignored = 0;
-    return this->search(costs, order_, arrivals, &ignored);
-  };
-  std::vector<const Ends*> ends;
-  for (const std::size_t stop : order_) ends.push_back(&stops_[stop].ends);
-  const int wanted = std::min(request_.alternatives, mostAlternatives);
-  for (const Paths& paths : alternativesTo(best, ends, data_.network, *costs_, wanted, search))
-    plan.itineraries.push_back(itineraryOf(paths));
-}
-
-Plan Planner::nearest(int limit) {
-  if (!resolveAll()) return failed();
-  NetworkSearch search(context_, *costs_, stops_.size());
-  search.aimAt(stops_[1].ends);
-  if (limit <= 0) search.guide();
-  search.startFrom(stops_[0].ends);
-  ArrivalTimes times(search, measureTo(1));
-  Plan plan;
-  std::unordered_set<const Place*> found;
-  const std::size_t wanted = static_cast<std::size_t>(std::clamp(limit, 0, mostNearest)) + 1;
-  while (plan.itineraries.size() < wanted && found.size() < stops_[1].places.size()) {
-    const auto vertex = search.next();
-    if (!vertex) break;
-    const double seconds = request_.at ? times.at(*vertex) : 0.0;
-    if (!accepts(1, *vertex, seconds)) continue;
-    const Paths paths{search.pathTo(*vertex)};
-    for (const Place* place : stops_[1].placesAt(*vertex)) {
-      if (plan.itineraries.size() == wanted) break;
-      if (!isOpenAfter(*place, seconds) || !found.insert(place).second) continue;
-      plan.itineraries.push_back(itineraryOf(paths));
-      plan.itineraries.back().visits.back().location = place->record;
-    }
-  }
-  if (context_.token.isCanceled()) plan.itineraries.clear();
-  if (plan.itineraries.empty()) explain(1);
-  return plan.itineraries.empty() ? failed() : plan;
 }
 
 }  // namespace orivanta::guidance

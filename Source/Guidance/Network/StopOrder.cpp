@@ -7,6 +7,7 @@
 
 #include "Source/Guidance/Network/GoodOrder.hpp"
 #include "Source/Guidance/Network/VertexMatrix.hpp"
+#include "Source/Guidance/Request.hpp"
 
 namespace orivanta::guidance {
 
@@ -16,7 +17,6 @@ using Order = std::vector<std::size_t>;
 
 constexpr std::size_t mostExactStops = 12;
 constexpr std::size_t mostExactSteps = std::size_t{1} << 28U;
-constexpr std::size_t mostStops = 200;
 constexpr std::size_t mostVertices = 4096;
 constexpr std::uint64_t mostVisitedNodes = std::uint64_t{1} << 29U;  // by all searches together
 constexpr std::int64_t impossible = VertexMatrix::impossible;
@@ -102,7 +102,8 @@ std::optional<std::vector<std::size_t>> cheapestOrder(const SearchContext& conte
   std::iota(given.begin(), given.end(), 0U);
   std::size_t vertexCount = 0;
   for (const Ends* stop : stops) vertexCount += stop->vertices.size();
-  if (stops.size() < 4 || stops.size() > mostStops + 2 || vertexCount > mostVertices ||
+  if (stops.size() < 4 || stops.size() > Request::mostStopsInBestOrder ||
+      vertexCount > mostVertices ||
       vertexCount * std::uint64_t{context.network.size()} > mostVisitedNodes)
     return given;
   const VertexMatrix matrix(context, costs, stops);

@@ -1,10 +1,10 @@
 #include "Source/Guidance/Network/StopResolver.hpp"
 
 #include <algorithm>
-#include <cmath>
 #include <type_traits>
 #include <utility>
 
+#include "Source/Guidance/Network/Snapping.hpp"
 #include "Source/Location.hpp"
 #include "Source/Node.hpp"
 
@@ -12,7 +12,6 @@ namespace orivanta::guidance {
 
 namespace {
 
-using Arc = GuideNetwork::Arc;
 using Kind = Problem::Kind;
 using Place = PlaceTable::Place;
 
@@ -23,19 +22,6 @@ ResolvedStop failed(Kind kind) { return {{}, {}, {}, kind}; }
 void sortUnique(std::vector<GuideNetwork::Index>& numbers) {
   std::sort(numbers.begin(), numbers.end());
   numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
-}
-
-// Returns a node for a position on an arc.
-std::shared_ptr<Node> nodeAt(const Snap& snap, const GuideNetwork& network,
-                             GuideNetwork::Index arc) {
-  static const auto data = RawData::parse(R"({"id": "", "x": 0, "y": 0})");
-  auto node = Node::make(*data);
-  const Arc& along = network.arcs()[arc];
-  node->map = network.map(along.origin);
-  node->x = snap.x;
-  node->y = snap.y;
-  node->z = std::lerp(network.z(along.origin), network.z(along.target), snap.share);
-  return node;
 }
 
 }  // namespace
@@ -144,8 +130,7 @@ ResolvedStop StopResolver::inCategory(const std::shared_ptr<Category>& category,
 
 ResolvedStop StopResolver::atPosition(const Position& position, std::size_t index) const {
   if (!position.map) return failed(Kind::unknownPlace);
-  GuideNetwork::Index arc = 0;
-  const auto snapped = snap(data_, position, &arc);
+  const auto snapped = snapTo(data_, position);
   if (!snapped) {
     const auto floors = data_.network.floors();
     const bool known = std::any_of(floors.begin(), floors.end(),
@@ -155,16 +140,8 @@ ResolvedStop StopResolver::atPosition(const Position& position, std::size_t inde
   ResolvedStop stop;
   stop.ends.number = data_.network.size() + static_cast<GuideNetwork::Index>(index);
   stop.ends.vertices.push_back(stop.ends.number);
-  stop.ends.node = nodeAt(*snapped, data_.network, arc);
-  const auto arcs = data_.network.arcs();
-  const auto& along = arcs[arc];
-  stop.ends.splits.push_back({arc, snapped->share});
-  const auto& end = data_.network.vertex(along.target);
-  for (GuideNetwork::Index back = end.firstArc; back != end.endArc; ++back)
-    if (arcs[back].target == along.origin && arcs[back].connector == GuideNetwork::none) {
-      stop.ends.splits.push_back({back, 1.0 - snapped->share});
-      break;
-    }
+  stop.ends.node = nodeAt(*snapped, data_.network);
+  stop.ends.splits = splitsAt(*snapped, data_.network);
   return stop;
 }
 
@@ -180,31 +157,6 @@ void StopResolver::addRooms(Ends& ends) const {
     add(data_.network.arcs()[split.arc].target);
   }
   sortUnique(ends.rooms);
-}
-
-std::optional<Snap> StopResolver::snap(const GuideData& data, const Position& position,
-                                       GuideNetwork::Index* arc) {
-  const auto nearest = data.edges.nearest(position.map.get(), position.x, position.y);
-  if (!nearest) return std::nullopt;
-  if (arc != nullptr) *arc = *nearest;
-  const auto& along = data.network.arcs()[*nearest];
-  const auto& from = data.network.vertex(along.origin);
-  const auto& to = data.network.vertex(along.target);
-  const double dx = to.x - from.x;
-  const double dy = to.y - from.y;
-  const double square = dx * dx + dy * dy;
-  const double share =
-      square > 0.0
-          ? std::clamp(((position.x - from.x) * dx + (position.y - from.y) * dy) / square, 0.0, 1.0)
-          : 0.0;
-  Snap snap{data.network.node(along.origin),
-            data.network.node(along.target),
-            share,
-            from.x + share * dx,
-            from.y + share * dy,
-            0.0};
-  snap.distance = std::hypot(position.x - snap.x, position.y - snap.y);
-  return snap;
 }
 
 }  // namespace orivanta::guidance

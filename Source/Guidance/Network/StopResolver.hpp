@@ -10,7 +10,6 @@
 #include "Source/Guidance/Network/GuideData.hpp"
 #include "Source/Guidance/Plan.hpp"
 #include "Source/Guidance/Request.hpp"
-#include "Source/Guidance/Snap.hpp"
 
 namespace orivanta::guidance {
 
@@ -37,10 +36,6 @@ class StopResolver {
   /// considered, but of the places of a category, those that are closed for the first hour after
   /// the departure are left out.
   ResolvedStop resolve(const Stop& stop, std::size_t index, bool isStart) const;
-
-  /// Returns the point of the network next to a position, and the arc that it is on.
-  static std::optional<Snap> snap(const GuideData& data, const Position& position,
-                                  GuideNetwork::Index* arc = nullptr);
 
  private:
   ResolvedStop atPlace(const std::shared_ptr<Location>& location, bool isStart) const;

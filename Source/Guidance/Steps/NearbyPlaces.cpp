@@ -37,13 +37,13 @@ NearbyPlaces::NearbyPlaces(const WalkLine& line, const Surroundings& surrounding
     for (const auto& place : surroundings.placesAt(*nodes.back()))
       if (!place->polygons.empty()) entered_.insert(place.get());
   }
-  for (const auto& reached : surroundings.network().within(nodes, farthestOnFoot))
+  for (const auto& reached : nodesOnFoot(surroundings.network(), nodes, farthestOnFoot))
     add(reached, line, surroundings);
   std::stable_sort(places_.begin(), places_.end(),
                    [](const auto& left, const auto& right) { return left.along < right.along; });
 }
 
-void NearbyPlaces::add(const FootNetwork::Reached& reached, const WalkLine& line,
+void NearbyPlaces::add(const ReachedNode& reached, const WalkLine& line,
                        const Surroundings& surroundings) {
   if (reached.node->map != line.node(reached.start)->map) return;
   for (const auto& place : surroundings.placesAt(*reached.node)) {

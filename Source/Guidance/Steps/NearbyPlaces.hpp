@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Steps/OnFoot.hpp"
 #include "Source/Guidance/Steps/PlanePoint.hpp"
 #include "Source/Guidance/Steps/Surroundings.hpp"
 #include "Source/Guidance/Steps/WalkLine.hpp"
@@ -36,8 +37,7 @@ class NearbyPlaces {
   std::span<const NearbyPlace> between(double begin, double end) const;
 
  private:
-  void add(const FootNetwork::Reached& reached, const WalkLine& line,
-           const Surroundings& surroundings);
+  void add(const ReachedNode& reached, const WalkLine& line, const Surroundings& surroundings);
 
   std::vector<NearbyPlace> places_;  // by position on the line
   std::unordered_set<const Location*> entered_;

@@ -7,7 +7,6 @@
 #include "Source/Category.hpp"
 #include "Source/Guidance/Network/ConnectorSign.hpp"
 #include "Source/Guidance/PlaceNames.hpp"
-#include "Source/Guidance/Scale.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -28,9 +27,9 @@ bool isBlank(const std::string& text) {
 
 }  // namespace
 
-Surroundings::Surroundings(const Venue& venue)
-    : metersPerUnit_(1.0 / unitsPerMeterOf(venue).value_or(1.0)),
-      network_(venue, metersPerUnit_),
+Surroundings::Surroundings(const Venue& venue, const GuideData& data)
+    : data_(data),
+      metersPerUnit_(1.0 / data.network.unitsPerMeter()),
       nodes_(venue.nodes.value_or(NodeList())),
       locations_(venue.locations.value_or(std::vector<std::shared_ptr<Location>>())),
       connectors_(venue.vortices.value_or(std::vector<std::shared_ptr<Vortex>>())) {
@@ -92,6 +91,18 @@ bool Surroundings::isEntranceOf(const Node& node, const Location& place) const {
   const auto places = placesAt(node);
   return std::any_of(places.begin(), places.end(),
                      [&](const auto& other) { return other.get() == &place; });
+}
+
+bool Surroundings::belongsTo(const Node& node, const Location& place) const {
+  const auto vertex = data_.network.find(&node);
+  const auto* known = data_.places.find(&place);
+  return vertex && known != nullptr &&
+         std::binary_search(known->nodes.begin(), known->nodes.end(), *vertex);
+}
+
+bool Surroundings::isInside(const Node& node) const {
+  const auto vertex = data_.network.find(&node);
+  return vertex && data_.network.vertex(*vertex).room != GuideNetwork::none;
 }
 
 std::shared_ptr<Category> Surroundings::soleKind(const Location& place,

@@ -10,22 +10,21 @@
 #include <vector>
 
 #include "Source/Fwd.hpp"
-#include "Source/Guidance/Steps/FootNetwork.hpp"
+#include "Source/Guidance/Network/GuideData.hpp"
 
 namespace orivanta::guidance {
 
-/// Made once per loaded venue. Immutable; owns what it keeps and is not affected by the next load.
-/// Thread-safe.
+/// Made once per loaded venue. Immutable; not affected by the next load. Thread-safe.
 class Surroundings {
  public:
-  /// Reads a loaded venue. In a venue that is not loaded, there are no places.
-  explicit Surroundings(const Venue& venue);
+  /// Reads a loaded venue. `data` must be made of the venue and outlive the object.
+  Surroundings(const Venue& venue, const GuideData& data);
 
   /// Returns the length of a unit in meters. Without `unitsPerMetre`, a unit counts as a meter.
   double metersPerUnit() const { return metersPerUnit_; }
 
-  /// Returns the walking edges.
-  const FootNetwork& network() const { return network_; }
+  /// Returns the network, whose nodes are those of the venue.
+  const GuideNetwork& network() const { return data_.network; }
 
   /// Returns the places whose entrance a node is. The entrances of a place are those of its
   /// polygons, or else its nodes.
@@ -33,6 +32,12 @@ class Surroundings {
 
   /// Returns whether a node is an entrance of a place.
   bool isEntranceOf(const Node& node, const Location& place) const;
+
+  /// Returns whether a node is listed as a node of a place, which must be a location of the venue.
+  bool belongsTo(const Node& node, const Location& place) const;
+
+  /// Returns whether a node lies inside a room, not at a door.
+  bool isInside(const Node& node) const;
 
   /// Returns whether a place can be told by its name: the name is not empty, not generated, and no
   /// other place has it.
@@ -65,8 +70,8 @@ class Surroundings {
   void addEntrance(const std::shared_ptr<Location>& place, const std::shared_ptr<Node>& node);
   void findNames();
 
+  const GuideData& data_;
   double metersPerUnit_;
-  FootNetwork network_;
   std::vector<std::shared_ptr<Node>> nodes_;          // keeps the addresses valid
   std::vector<std::shared_ptr<Location>> locations_;  // likewise
   std::vector<std::shared_ptr<Vortex>> connectors_;   // likewise

@@ -5,6 +5,7 @@
 
 #include "Source/Guidance/Steps/Overshoots.hpp"
 #include "Source/Guidance/Steps/RideEnd.hpp"
+#include "Source/Guidance/Steps/RoomsOnWay.hpp"
 
 namespace orivanta::guidance {
 
@@ -31,6 +32,7 @@ WalkSteps::WalkSteps(const Itinerary& itinerary, const Section& section,
     rideSide = plan.endSide;
   measure();
   mention(NearbyPlaces(line_, surroundings), plan, ends, landmarks);
+  addRooms(section, surroundings);
   dropEmptyLeave();
 }
 
@@ -120,11 +122,19 @@ void WalkSteps::mention(const NearbyPlaces& nearby, const WalkPlan& plan, const 
   }
 }
 
+// A room belongs to the last instruction at or before its entrance.
+void WalkSteps::addRooms(const Section& section, const Surroundings& surroundings) {
+  for (const RoomOnWay& room : roomsOnWay(line_, section, surroundings)) {
+    const auto next = std::upper_bound(anchors_.begin() + 1, anchors_.end(), room.first);
+    steps[static_cast<std::size_t>(next - anchors_.begin()) - 1].through.push_back(room.place);
+  }
+}
+
 // Leaving a connector for a short straight walk is told with the ride.
 void WalkSteps::dropEmptyLeave() {
   const Step& first = steps.front();
   if (first.kind != Step::Kind::leave || first.turnDegrees != 0.0 || first.side != Side::none ||
-      line_.along(endOf(0)) - line_.along(0) >= aloneMeters)
+      !first.through.empty() || line_.along(endOf(0)) - line_.along(0) >= aloneMeters)
     return;
   metersBefore = first.metersToNext;
   secondsBefore = first.secondsToNext;

@@ -35,6 +35,7 @@ class WalkSteps {
   Side sideAfterRide(const Leg& ride, const WalkPlan& plan, const Surroundings& surroundings) const;
   void measure();
   void dropEmptyLeave();
+  void addRooms(const Section& section, const Surroundings& surroundings);
   void mention(const NearbyPlaces& nearby, const WalkPlan& plan, const WalkEnds& ends,
                Landmarks& landmarks);
   void add(Step step, const ToldTurn* told, std::size_t first, std::size_t last,

@@ -6,14 +6,13 @@
 #include "Source/Guidance/KindWords.hpp"
 #include "Source/Guidance/Words/MessageKeys.hpp"
 #include "Source/Guidance/Words/RideWriter.hpp"
+#include "Source/Guidance/Words/WalkWriter.hpp"
 
 namespace orivanta::guidance {
 
 namespace {
 
 using ReferencePosition = Direction::Turn::ReferencePosition;
-
-constexpr std::size_t mostPassed = 2;
 
 // Returns the part of a message's key for the turn of a step, such as "turn.left", or an empty text
 // if there is none.
@@ -41,28 +40,19 @@ std::string positionKey(ReferencePosition position) {
   return position == ReferencePosition::Before ? ".before" : ".at";
 }
 
-// The keys of passed places name their sides if all of these are known.
-std::string sidesKey(const std::vector<std::pair<std::string, Side>>& passed) {
-  std::string key;
-  for (const auto& [name, side] : passed) {
-    if (side != Side::left && side != Side::right) return passed.size() == 1 ? ".one" : ".two";
-    key += sideKey(side);
-  }
-  return key;
-}
-
 }  // namespace
 
 std::string StepWriter::text() const {
+  const std::string walk = WalkWriter(messages_, itinerary_, step_).text();
   switch (step_.kind) {
     case Step::Kind::depart:
-      return messages_.sentences(depart(), walk());
+      return messages_.sentences(depart(), walk);
     case Step::Kind::turn:
-      return messages_.sentences(turn(), walk());
+      return messages_.sentences(turn(), walk);
     case Step::Kind::ride:
       return RideWriter(messages_, itinerary_, step_).text();
     case Step::Kind::leave:
-      return messages_.sentences(leave(), walk());
+      return messages_.sentences(leave(), walk);
     case Step::Kind::arrive:
       break;
   }
@@ -85,7 +75,7 @@ std::string StepWriter::turn() const {
   const std::string key = turnKey(step_);
   if (key.empty()) return messages_.format("turn.straight");
   if (step_.landmark) {
-    const std::string place = placeName(step_.landmark->place, step_.landmark->category);
+    const std::string place = placeName(messages_, step_.landmark->place, step_.landmark->category);
     if (!place.empty())
       return messages_.format("turn." + key + positionKey(step_.landmark->position),
                               {{"place", place}});
@@ -108,7 +98,7 @@ std::string StepWriter::arrive() const {
       std::any_of(steps_.begin() + static_cast<std::ptrdiff_t>(index_) + 1, steps_.end(),
                   [](const Step& later) { return later.kind == Step::Kind::arrive; });
   const std::string place = messages_.name(step_.name);
-  const std::string opposite = placeName(step_.opposite);
+  const std::string opposite = placeName(messages_, step_.opposite);
   const bool mayBeOpposite = step_.side != Side::ahead && step_.side != Side::behind;
   std::string key = isStop ? "arrive.stop" : "arrive.destination";
   if (!place.empty()) key += ".place";
@@ -117,28 +107,13 @@ std::string StepWriter::arrive() const {
   return messages_.format(key, {{"place", place}, {"opposite", opposite}});
 }
 
-std::string StepWriter::walk() const {
-  std::vector<std::pair<std::string, Side>> passed;
-  for (const Passed& candidate : step_.passed) {
-    std::string name = placeName(candidate.place, candidate.category);
-    if (!name.empty()) passed.emplace_back(std::move(name), candidate.side);
-    if (passed.size() == mostPassed) break;
-  }
-  const std::string length =
-      itinerary_.hasScale ? messages_.lengthWithin(step_.metersToNext) : std::string();
-  if (passed.empty())
-    return length.empty() ? length : messages_.format("walk", {{"length", length}});
-  const std::string key = (length.empty() ? "pass" : "walk.past") + sidesKey(passed);
-  return messages_.format(
-      key, {{"length", length}, {"place", passed.front().first}, {"other", passed.back().first}});
-}
-
 // The turn as a part of another sentence, which has no room for a landmark. Empty without a turn or
 // with a landmark.
 std::string StepWriter::turnWithin() const {
   const std::string key = turnKey(step_);
   const bool hasLandmark =
-      step_.landmark && !placeName(step_.landmark->place, step_.landmark->category).empty();
+      step_.landmark &&
+      !placeName(messages_, step_.landmark->place, step_.landmark->category).empty();
   return key.empty() || hasLandmark ? std::string() : messages_.format("turn.within." + key);
 }
 
@@ -150,13 +125,6 @@ std::string StepWriter::sideWithin(const std::string& turn) const {
     return messages_.format("turn.within.then" + sideKey(step_.side), {{"turn", turn}});
   if (step_.side == Side::behind) return messages_.format("turn.within.around");
   return messages_.format("turn.within.turn" + sideKey(step_.side));
-}
-
-std::string StepWriter::placeName(const std::shared_ptr<Location>& place,
-                                  const std::shared_ptr<Category>& category) const {
-  if (!category) return messages_.name(spokenName(place.get()));
-  const std::string name = messages_.name(category->name.value_or(""));
-  return name.empty() ? name : messages_.format("category", {{"name", name}});
 }
 
 }  // namespace orivanta::guidance

@@ -2,15 +2,12 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "Source/Category.hpp"
 #include "Source/Guidance/Itinerary.hpp"
 #include "Source/Guidance/Step.hpp"
 #include "Source/Guidance/Words/Messages.hpp"
-#include "Source/Location.hpp"
 
 namespace orivanta::guidance {
 
@@ -34,11 +31,8 @@ class StepWriter {
   std::string turn() const;
   std::string leave() const;
   std::string arrive() const;
-  std::string walk() const;
   std::string turnWithin() const;
   std::string sideWithin(const std::string& turn) const;
-  std::string placeName(const std::shared_ptr<Location>& place,
-                        const std::shared_ptr<Category>& category = nullptr) const;
 
   const Messages& messages_;
   const Itinerary& itinerary_;

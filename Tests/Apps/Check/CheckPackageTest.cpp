@@ -72,6 +72,8 @@ const Mistake mistakes[] = {
      "from \"hall\" to \"foot\""},
     {"node.json", R"("foot", "map": "g")", R"("foot", "map": "G")", "unknown-map", "foot", "map", 5,
      "\"G\""},
+    {"node.json", R"("foot", "map": "g")", R"("foot", "map": "u")", "path-between-floors", "hall",
+     "paths", 2, "\"foot\" on \"u\""},
     {"map.json", "maps/u.obj", "maps/U.obj", "model-missing", "u", "scene", 3, "maps/U.obj"},
     {"map.json", "maps/u.obj", "../u.obj", "model-missing", "u", "scene", 3, "../u.obj"},
     {"maps/u.obj", "", "a picture", "broken-model", "u", "scene", 3, "u.obj"},

@@ -68,8 +68,8 @@ std::vector<Obstacle> obstacles(const Floor& floor) {
 
 bool runsInto(const Outline& outline, Point from, Point to) {
   for (std::size_t i = 0; i < outline.size(); ++i)
-    if (demo::cross(from, to, outline[i], outline[(i + 1) % outline.size()])) return true;
-  return demo::contains(outline, (from + to) * 0.5);
+    if (package::cross(from, to, outline[i], outline[(i + 1) % outline.size()])) return true;
+  return package::contains(outline, (from + to) * 0.5);
 }
 
 }  // namespace

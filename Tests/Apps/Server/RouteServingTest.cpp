@@ -56,6 +56,8 @@ constexpr const char* fromBakery = "route?venue=small&from=bakery";
 TEST_F(RouteServing, AnswersQueries) {
   std::string many;
   for (int i = 0; i < 11; ++i) many += "&via=n1";
+  std::string tooMany;
+  for (int i = 0; i < 49; ++i) tooMany += "&via=n1";
   std::string ends;
   for (int i = 0; i < 33; ++i) ends += "&to=n1";
   const struct {
@@ -85,7 +87,9 @@ TEST_F(RouteServing, AnswersQueries) {
       {"&to=l2&alternatives=-1", 400, "must be 0 to 4"},
       {"&to=l2&alternatives=99999999999", 400, "must be a number"},
       {"&to=l2&best-order=maybe", 400, "must be 0 or 1"},
-      {"&to=l2" + many, 400, "Via must not occur more than 10 times."},
+      {"&to=l2" + many, 200, R"("path":["n1",)"},
+      {"&to=l2&best-order=1" + many, 400, "A route has at most 12 stops in the best order."},
+      {"&to=l2" + tooMany, 400, "Via must not occur more than 48 times."},
       {ends, 400, "To must not occur more than 32 times."},
       {"&to=" + std::string(1001, 'x'), 400, "too long"},
       {"&to=%zz", 400, "malformed"},

@@ -13,14 +13,15 @@ std::string namesOf(const PlaceList& places) {
   return names;
 }
 
-// The entrance is at n1, l2 at u2 above the lift and the stairs, `top` above a second lift, and
-// `lost` nowhere.
+// The entrance is at n1, l2 at u2 above the lift and the stairs, `top` above a second lift, `trap`
+// behind a one-way edge, and `lost` nowhere.
 test::TwoFloorVenue records(const std::string& typeOfN1) {
   test::TwoFloorVenue records;
   records.maps.back() = ',';
   records.maps += R"({"id": "f2", "elevation": 20}])";
   records.nodes.back() = ',';
-  records.nodes += R"({"id": "t1", "map": "f2", "x": 6, "y": 0}])";
+  records.nodes += R"({"id": "t1", "map": "f2", "x": 6, "y": 0, "paths": [{"node": "t2"}]},
+      {"id": "t2", "map": "f2", "x": 9, "y": 0}])";
   records.vortices.back() = ',';
   records.vortices +=
       R"({"id": "lift2", "name": "Lift 2", "type": "lift", "nodes": ["u1", "t1"]}])";
@@ -30,6 +31,7 @@ test::TwoFloorVenue records(const std::string& typeOfN1) {
                       typeOfN1 + R"(", "nodes": [{"node": "n1"}]},
       {"id": "none", "name": "Without nodes", "type": "shop"},
       {"id": "top", "name": "Terrace", "type": "shop", "nodes": [{"node": "t1"}]},
+      {"id": "trap", "name": "Trap", "type": "shop", "nodes": [{"node": "t2"}]},
       {"id": "lost", "name": "Lost", "type": "shop", "nodes": [{"node": "n4"}]}])";
   return records;
 }
@@ -43,12 +45,13 @@ TEST(Audit, FindsWhatAFailureCutsOff) {
     EXPECT_EQ(*result.entrances[0].entrance->id, named ? "in" : "l2");
     EXPECT_EQ(namesOf(result.entrances[0].notStepFree), "lost");
     EXPECT_EQ(namesOf(result.unreachable), "lost");
+    EXPECT_EQ(namesOf(result.withoutWayBack), "trap");
     std::string findings;
     for (const auto& finding : result.connectors)
       findings += *finding.connector->id + ": " + namesOf(finding.cutOff) + ", " +
                   namesOf(finding.cutOffStepFree) + "; ";
-    EXPECT_EQ(findings,
-              named ? "lift: , l2 top; lift2: top, top; " : "lift: , in; lift2: top, top; ");
+    EXPECT_EQ(findings, named ? "lift: , l2 top trap; lift2: top trap, top trap; "
+                              : "lift: , in; lift2: top trap, top trap; ");
   }
 }
 

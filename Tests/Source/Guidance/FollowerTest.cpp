@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+#include "Source/Guidance/SimulatedWalk.hpp"
+#include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Tests/Support/TwoFloorVenue.hpp"
 
@@ -73,9 +75,10 @@ TEST_F(FollowerTest, FollowsARouteThatCrossesItself) {
     double metersLeft;
     Kind step;
     double metersToStep;
-    bool offRoute = false, arrived = false;
+    bool offRoute = false, arrived = false, announced = true;
   } cases[] = {
       {"g", 0, 0, 0, 0, 130, Kind::depart, 0},
+      {"g", 9, 0, 9, 0, 121, Kind::turn, 31, false, false, false},
       {"g", 20, 1, 20, 0, 110, Kind::turn, 20},
       {"g", 38, 1, 38, 0, 92, Kind::turn, 2},
       {"g", 40, 10, 50, 0, 80, Kind::turn, 10},
@@ -92,7 +95,7 @@ TEST_F(FollowerTest, FollowsARouteThatCrossesItself) {
       {"g", 20, -20, 90, 1, 10, Kind::ride, 0},  // a time that goes back
       {"m", 21, -20, 140, 1, 10, Kind::ride, 0},
       {"m", 21, -20, 150, 1, 10, Kind::ride, 0},
-      {"h", 21, -20, 160, 2, 9, Kind::arrive, 9},
+      {"h", 21, -20, 160, 2, 9, Kind::arrive, 9, false, false, false},
       {"h", 27, -20, 170, 2, 3, Kind::arrive, 3, false, true},
   };
   for (const auto& each : cases) {
@@ -104,6 +107,7 @@ TEST_F(FollowerTest, FollowsARouteThatCrossesItself) {
     EXPECT_NEAR(progress.metersToStep, each.metersToStep, 1e-9) << row;
     EXPECT_EQ(progress.offRoute, each.offRoute) << row;
     EXPECT_EQ(progress.arrived, each.arrived) << row;
+    EXPECT_EQ(progress.announced, progress.step - (each.announced ? 0 : 1)) << row;
   }
 }
 
@@ -128,10 +132,36 @@ TEST_F(FollowerTest, APositionOnTheRouteIsNeverOffIt) {
   EXPECT_FALSE(follower.update(at("g", 31, 0), 9).offRoute);
 }
 
+TEST_F(FollowerTest, ASimulatedTravelerTakesTheExpectedTime) {
+  Itinerary itinerary = follow({"a", "b", "c", "d", "e", "f", "h1"}).itinerary();
+  itinerary.legs[0].nodes[0]->z = 4;
+  itinerary.legs[0].seconds = 100;  // for 100 m
+  itinerary.legs[1].seconds = 20;   // the lift
+  itinerary.legs[2].seconds = nan;
+  const SimulatedWalk walk(itinerary);
+  EXPECT_EQ(walk.seconds(), 120.0);
+  const struct {
+    double seconds;
+    const char* map;
+    double x, y, z;
+  } cases[] = {{nan, "g", 0, 0, 4},    {-1, "g", 0, 0, 4},      {30, "g", 30, 0, 1},
+               {50, "g", 40, 10, 0},   {110, "g", 20, -20, 0},  {119.9, "g", 20, -20, 0},
+               {120, "h", 30, -20, 0}, {1e300, "h", 30, -20, 0}};
+  for (const auto& each : cases) {
+    const SimulatedWalk::Point point = walk.at(each.seconds);
+    EXPECT_EQ(*point.position.map->id, each.map) << each.seconds;
+    EXPECT_NEAR(point.position.x, each.x, 1e-9) << each.seconds;
+    EXPECT_NEAR(point.position.y, each.y, 1e-9) << each.seconds;
+    EXPECT_NEAR(point.z, each.z, 1e-9) << each.seconds;
+  }
+  EXPECT_EQ(SimulatedWalk(Itinerary()).at(1.0).position.map, nullptr);
+}
+
 TEST_F(FollowerTest, FollowsAnItineraryWithoutLegs) {
   Follower follower(*guide_, Itinerary());
   EXPECT_FALSE(follower.update(at("g", 1, 1), 0).offRoute);
   EXPECT_TRUE(follower.update(at("g", 1, 1), 3).offRoute);
+  EXPECT_FALSE(follower.progress().arrived);
 }
 
 }  // namespace

@@ -127,11 +127,17 @@ class Comparison {
     std::vector<NodeList> toNodes;
     for (int i = 0; i < 3; ++i) addStop(closures, from, fromNodes);
     for (int i = 0; i < 4; ++i) addStop(closures, to, toNodes);
-    const auto rows = guide_->costs(from, to, profile, closures);
-    for (std::size_t row = 0; row < from.size(); ++row)
-      for (std::size_t column = 0; column < to.size(); ++column)
-        EXPECT_EQ(rows[row][column],
-                  reference.cost({fromNodes[row], toNodes[column]}).value_or(-1));
+    const auto rows = guide_->costs(from, to, profile, closures).value();
+    const auto leads = guide_->leadToAny(from, to, profile, closures);
+    for (std::size_t row = 0; row < from.size(); ++row) {
+      bool any = false;
+      for (std::size_t column = 0; column < to.size(); ++column) {
+        const auto expected = reference.cost({fromNodes[row], toNodes[column]});
+        EXPECT_EQ(rows[row][column], expected.value_or(-1));
+        any = any || expected.has_value();
+      }
+      EXPECT_EQ(leads[row], any);
+    }
   }
 
   std::shared_ptr<Venue> venue_;

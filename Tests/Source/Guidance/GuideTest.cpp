@@ -7,7 +7,6 @@
 #include <limits>
 #include <thread>
 
-#include "Source/Guidance/Steps/Surroundings.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Tests/Support/GuideReference.hpp"
@@ -117,9 +116,7 @@ TEST_F(GuideTest, SpeaksOnlyNamesOnSigns) {
                                     {connector(0), "Lift A"},
                                     {connector(1), ""}}) {
     EXPECT_EQ(guide_->spokenName(place), name);
-    const auto steps = guide_->steps(plan({place, node("u1")}).itineraries.at(0));
-    EXPECT_EQ(steps.front().place, place);
-    EXPECT_EQ(steps.front().name, name);
+    EXPECT_EQ(guide_->steps(plan({place, node("u1")}).itineraries.at(0)).front().name, name);
   }
   EXPECT_EQ(guide_->spokenName(category("c1")), "Shops");
   EXPECT_EQ(guide_->spokenName(node("n1")), "");
@@ -168,6 +165,7 @@ TEST_F(GuideTest, ReportsProblems) {
   } cases[] = {
       {{}, {}, {}, Kind::tooFewStops, 0},
       {{node("n1")}, {}, {}, Kind::tooFewStops, 0},
+      {std::vector<Stop>(51, node("n1")), {}, {}, Kind::tooManyStops, 50},
       {{node("n1"), foreign}, {}, {}, Kind::unknownPlace, 1},
       {{std::shared_ptr<Location>(), node("n1")}, {}, {}, Kind::unknownPlace, 0},
       {{node("n1"), std::shared_ptr<Category>()}, {}, {}, Kind::unknownPlace, 1},
@@ -196,11 +194,9 @@ TEST_F(GuideTest, ReportsProblems) {
   Profile noLift = free;
   noLift.lifts = Use::forbidden;
   EXPECT_EQ(plan({node("n1"), node("u2")}, noLift).problem->kind, Kind::onlyWithSteps);
-}
-
-TEST_F(GuideTest, LeavesAClosedStart) {
-  EXPECT_FALSE(plan({node("n2"), node("n3")}, {}, Closures({"n2"})).problem);
-  EXPECT_FALSE(plan({place("l2"), node("n3")}, {}, Closures({"l2"})).problem);
+  EXPECT_FALSE(plan({place("l2"), node("n3")}, {}, Closures({"l2"})).problem);  // can be left
+  const std::vector<Stop> many(2001, node("n1"));
+  EXPECT_FALSE(guide_->costs(many, many));
 }
 
 // The nodes i and j of the room are connected, and j is next to the door.
@@ -221,7 +217,7 @@ TEST_F(GuideTest, LeavesAClosedRoom) {
     request.stops = {start, node("o")};
     request.closures = Closures({"l"});
     EXPECT_FALSE(guide_->plan(request).problem) << start.index();
-    EXPECT_GE(guide_->costs({start}, {node("o")}, {}, request.closures)[0][0], 0);
+    EXPECT_GE(guide_->costs({start}, {node("o")}, {}, request.closures).value()[0][0], 0);
     std::swap(request.stops[0], request.stops[1]);
     EXPECT_EQ(guide_->plan(request).problem->kind, Kind::closed) << start.index();
     request.closures = {};
@@ -324,6 +320,8 @@ TEST_F(GuideTest, BeginsAndEndsInMidEdge) {
   EXPECT_EQ(pathOf(west, Position{floor("g"), 2.25, 0.0}), "1.5 2.25 375");
   EXPECT_EQ(pathOf(Position{floor("g"), 2.25, 0.0}, west), "2.25 1.5 375");
   EXPECT_EQ(pathOf(west, west), "1.5 1.5 0");
+  EXPECT_EQ(guide_->leadToAny({west, node("n4"), Position{}}, {east}),
+            (std::vector{true, false, false}));
 }
 
 TEST_F(GuideTest, AvoidsRoomsOnTheWay) {
@@ -344,6 +342,9 @@ TEST_F(GuideTest, AvoidsRoomsOnTheWay) {
   EXPECT_EQ(described({place("l"), node("c")}), "(r c)");
   EXPECT_EQ(described({node("a"), place("l"), node("c")}), "(a r)(r c)");
   EXPECT_EQ(described({node("a"), node("a")}), "(a)");
+  const auto through = plan({node("a"), node("c")}, {}, Closures({"b"})).itineraries.front();
+  EXPECT_EQ(GuideTest::described(through), "(a r c)");
+  EXPECT_EQ(guide_->steps(through).front().through, std::vector{place("l")});
 }
 
 TEST_F(GuideTest, OffersAlternatives) {
@@ -425,7 +426,6 @@ TEST_F(GuideTest, SurvivesHostileValues) {
         fmt::format(R"({{"id": "v", "slug": "s", "name": "Mall", "unitsPerMetre": {}}})",
                     std::isfinite(value) ? value * 1e-9 : 1e-9);
     reload();
-    EXPECT_EQ(Surroundings(*venue_).metersPerUnit(), 1.0 / guide_->unitsPerMeter());
   }
   venue_->nodes->push_back(nullptr);
   EXPECT_NE(Guide::make(*venue_), nullptr);

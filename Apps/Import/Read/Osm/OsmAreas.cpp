@@ -33,6 +33,7 @@ Area areaOf(const OsmThing& thing, AreaKind kind) {
   area.access = accessOf(tags);
   area.wheelchair = wheelchairOf(tags);
   if (!isConnector(kind)) return area;
+  area.names = namesOf(tags);
   area.direction = directionOfArea(tags);
   const bool joins = thing.levels.size() > 1 || thing.levels.front().size() > 1;
   if (joins) area.connector = thing.id;

@@ -11,7 +11,7 @@
 #include "Apps/Import/Options.hpp"
 #include "Apps/Import/Read/GeoJson.hpp"
 #include "Apps/Import/Read/Sources.hpp"
-#include "Apps/Import/Read/Stations/ReferenceSystem.hpp"
+#include "Apps/Import/Read/ReferenceSystem.hpp"
 
 namespace orivanta::importer {
 

@@ -21,13 +21,15 @@ using namespace guidance;
 
 struct Building {
   std::shared_ptr<Venue> venue;
+  std::unique_ptr<GuideData> data;
   std::unique_ptr<Surroundings> surroundings;
   std::map<std::string, std::shared_ptr<Node>> nodes;
   std::map<std::string, std::shared_ptr<Location>> places;
 
   explicit Building(const std::string& name) : venue(test::guidedVenue(name)) {
     if (!venue) return;
-    surroundings = std::make_unique<Surroundings>(*venue);
+    data = std::make_unique<GuideData>(*venue);
+    surroundings = std::make_unique<Surroundings>(*venue, *data);
     for (const auto& node : *venue->nodes) nodes[*node->id] = node;
     for (const auto& place : *venue->locations) places[*place->id] = place;
   }

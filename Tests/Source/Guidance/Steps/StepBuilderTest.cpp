@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "Source/Category.hpp"
+#include "Source/Guidance/Network/GuideData.hpp"
 #include "Source/Guidance/Steps/StepBuilder.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -28,9 +29,9 @@ std::shared_ptr<Record> record(const std::string& members) {
 }
 
 // A venue with one path. `path` lists points such as "10,0"; "Cafe@10,0" is also an entrance of the
-// Cafe, and "stairs:10,0" is reached on a connector of this type. `doors` lists further entrances:
-// "Cafe@10,3~1" is connected with point 1. In "?Shop 1/Shops", the name is generated and Shops is
-// the category. The path leads from the place "From" to the place "To".
+// Cafe, "Cafe+10,0" is inside it, and "stairs:10,0" is reached on a connector of this type. `doors`
+// lists further entrances: "Cafe@10,3~1" is connected with point 1. In "?Shop 1/Shops", the name is
+// generated and Shops is the category. The path leads from the place "From" to the place "To".
 class Scene {
  public:
   explicit Scene(const std::string& path, const std::string& doors = "") {
@@ -46,6 +47,7 @@ class Scene {
     for (const auto& [id, node] : nodes_) venue->nodes->push_back(node);
     venue->locations.emplace();
     for (const auto& [name, place] : places_) venue->locations->push_back(place);
+    venue->polygons = polygons_;
     // Doors are reached from the path.
     venue->navigationGraph = std::make_shared<NavigationGraph>(nodes_, connectors_, false);
     NavigationGraph::Adjacency edges = venue->navigationGraph->graph();
@@ -57,6 +59,11 @@ class Scene {
 
   Itinerary itinerary(std::optional<double> units = 1.0) const {
     return test::itineraryOf(path_, *venue->navigationGraph, units, place("From"), place("To"));
+  }
+
+  std::vector<Step> steps(const Itinerary& itinerary) const {
+    const GuideData data(*venue);
+    return stepsOf(itinerary, Surroundings(*venue, data));
   }
 
   std::shared_ptr<Location> place(const std::string& name) const {
@@ -84,7 +91,7 @@ class Scene {
   }
 
   std::shared_ptr<Node> addNode(const std::string& token, const std::string& paths) {
-    const std::size_t at = token.find('@');
+    const std::size_t at = token.find_first_of("@+");
     const std::string point = at == std::string::npos ? token : token.substr(at + 1);
     const std::string id = fmt::format("n{}", nodes_.size());
     const std::size_t comma = point.find(',');
@@ -92,11 +99,13 @@ class Scene {
                                          point.substr(0, comma), point.substr(comma + 1), paths));
     node->map = map_;
     nodes_.insert_or_assign(id, node);
-    if (at != std::string::npos) addDoor(token.substr(0, at), node);
+    if (at == std::string::npos) return node;
+    const auto& place = placeNamed(token.substr(0, at));
+    (token[at] == '@' ? place->polygons.front()->entrances : place->nodes).push_back(node);
     return node;
   }
 
-  void addDoor(const std::string& name, const std::shared_ptr<Node>& node) {
+  const std::shared_ptr<Location>& placeNamed(const std::string& name) {
     auto& place = places_[name];
     if (!place) {
       const std::size_t slash = name.find('/');
@@ -108,8 +117,9 @@ class Scene {
       if (!kind) kind = record<Category>(fmt::format(R"("id": "{0}", "name": "{0}")", category));
       if (!category.empty()) place->categories = {kind};
       place->polygons = {record<Polygon>(R"("id": "p")")};
+      polygons_.push_back(place->polygons.front());
     }
-    place->polygons.front()->entrances.push_back(node);
+    return place;
   }
 
   std::shared_ptr<Map> map_ = record<Map>(R"("id": "m")");
@@ -117,6 +127,7 @@ class Scene {
   Collection<Node> nodes_;
   Collection<Vortex> connectors_;
   std::map<std::string, std::shared_ptr<Location>> places_;
+  std::vector<std::shared_ptr<Polygon>> polygons_;
   std::map<std::string, std::shared_ptr<Category>> categories_;
 };
 
@@ -144,6 +155,7 @@ std::string textOf(const Step& step) {
   for (const Passed& passed : step.passed)
     text +=
         " passing " + nameOf(passed.place, passed.category) + sides[static_cast<int>(passed.side)];
+  for (const auto& room : step.through) text += " through " + *room->name;
   return text;
 }
 
@@ -153,7 +165,7 @@ std::string textOf(const Scene& scene) {
   std::string text;
   double meters = 0.0;
   double seconds = 0.0;
-  for (const Step& step : stepsOf(itinerary, Surroundings(*scene.venue))) {
+  for (const Step& step : scene.steps(itinerary)) {
     text += (text.empty() ? "" : ", ") + textOf(step);
     meters += step.metersToNext;
     seconds += step.secondsToNext;
@@ -222,7 +234,18 @@ TEST(StepBuilder, TellsTheTurnsOfDrawnWalks) {
       {"0,0 20,0 40,0", "depart, arrive", "Cafe@20,-7~1"},
       {"0,0 20,0 80,0 90,0", "depart passing A right passing B left, arrive", "A@20,-4~1 B@80,4~2"},
       {"0,0 20,0 40,0", "depart, arrive", "From@20,3~1"},
-      {"0,0 30,0 To@30,2 30,5", "depart, arrive left opposite Cafe", "Cafe@30,-2~1"}};
+      {"0,0 30,0 To@30,2 30,5", "depart, arrive left opposite Cafe", "Cafe@30,-2~1"},
+      // Rooms on the way: in at a door, out at another, with a name on signs.
+      {"0,0 20,0 A@20,10 A+20,14 A@20,18 20,40", "depart, turn L90 through A, arrive"},
+      {"0,0 A@9,0 A+20,0 A+20,30 A@20,40 20,60", "depart through A, turn L90, arrive"},
+      {"0,0 A@9,0 A+12,0 A@20,0 B@20,0 B+25,0 B@30,0 60,0", "depart through A through B, arrive"},
+      {"0,0 A@9,0 A+12,0 A@20,0 A+25,0 A@30,0 60,0", "depart through A, arrive"},
+      {"0,0 stairs:9,0 A@10,0 A+10.5,0 A@11,0", "depart, ride, leave through A, arrive"},
+      {"0,0 A@9,0 A@20,0 60,0", "depart, arrive"},         // along its doors
+      {"0,0 A@9,0 A+12,0 20,0 A@30,0", "depart, arrive"},  // not inside all the way
+      {"From+0,0 From@9,0 From+12,0 From@20,0 60,0", "depart, arrive"},
+      {"0,0 To@9,0 To+12,0 To@20,0 To+25,0", "depart, arrive ahead"},
+      {"0,0 ?1@9,0 ?1+12,0 ?1@20,0 60,0", "depart, arrive"}};
   for (const auto& test : cases)
     EXPECT_EQ(textOf(Scene(test.path, test.doors)), test.steps) << test.path << " " << test.doors;
 }
@@ -236,30 +259,28 @@ TEST(StepBuilder, TellsEachStop) {
   itinerary.legs.push_back(second);
   itinerary.visits = {{0, 0, nullptr}, {1, 1, nullptr}, {2, 2, nullptr}};
   std::string text;
-  for (const Step& step : stepsOf(itinerary, Surroundings(*scene.venue)))
-    text += textOf(step) + ";";
+  for (const Step& step : scene.steps(itinerary)) text += textOf(step) + ";";
   EXPECT_EQ(text, "depart;arrive;depart;arrive;");
   itinerary.visits.clear();  // the legs are then one walk
-  EXPECT_EQ(stepsOf(itinerary, Surroundings(*scene.venue)).size(), 2U);
+  EXPECT_EQ(scene.steps(itinerary).size(), 2U);
 }
 
 TEST(StepBuilder, SurvivesHostileItineraries) {
-  const auto venue = record<Venue>(R"("id": "v", "slug": "v", "name": "V", "unitsPerMetre": -1)");
-  const Surroundings surroundings(*venue);
-  EXPECT_TRUE(stepsOf({}, surroundings).empty());
+  const Scene scene("0,0 1,0");
+  EXPECT_TRUE(scene.steps({}).empty());
   Itinerary itinerary;
   itinerary.legs.emplace_back();
-  EXPECT_TRUE(stepsOf(itinerary, surroundings).empty());  // a leg without nodes
+  EXPECT_TRUE(scene.steps(itinerary).empty());  // a leg without nodes
   auto node = record<Node>(R"("id": "n", "x": 0, "y": 0)");
   itinerary.legs.front().nodes = {node};
-  EXPECT_EQ(stepsOf(itinerary, surroundings).size(), 2U);
+  EXPECT_EQ(scene.steps(itinerary).size(), 2U);
   std::vector<Step> ride(1);
   ride.front().kind = Step::Kind::ride;
   ride.front().lastLeg = 1;
   for (const NodeList& nodes : {NodeList(), NodeList{nullptr}, NodeList{node, nullptr}}) {
     Itinerary faulty = itinerary;
     faulty.legs.emplace_back().nodes = nodes;
-    EXPECT_TRUE(stepsOf(faulty, surroundings).empty());
+    EXPECT_TRUE(scene.steps(faulty).empty());
     EXPECT_EQ(asDirections(faulty, ride, {}), nullptr);
   }
   NodeList& nodes = itinerary.legs.front().nodes;
@@ -270,7 +291,7 @@ TEST(StepBuilder, SurvivesHostileItineraries) {
     nodes.back()->x = i % 1000 == 0 ? values[i / 1000 % 5] : i / 2 * 9.0;
     nodes.back()->y = i % 4 < 2 ? 0.0 : 40.0;
   }
-  const auto steps = stepsOf(itinerary, surroundings);
+  const auto steps = scene.steps(itinerary);
   EXPECT_GT(steps.size(), 40'000U);
   for (const Step& step : steps) ASSERT_TRUE(std::isfinite(step.turnDegrees));
 }
@@ -278,7 +299,7 @@ TEST(StepBuilder, SurvivesHostileItineraries) {
 TEST(Step, BecomesADirection) {
   const Scene scene("0,0 30,0 45,20 lift:45,20 45,60 10,60 stairs:0,60 0,90 stairs:0,100 -9,100");
   const Itinerary itinerary = scene.itinerary();
-  const auto steps = stepsOf(itinerary, Surroundings(*scene.venue));
+  const auto steps = scene.steps(itinerary);
   const auto directions = asDirections(itinerary, steps, {"Go"});
   ASSERT_EQ(directions->directions.size(), steps.size());
   EXPECT_EQ(directions->path, itinerary.path());

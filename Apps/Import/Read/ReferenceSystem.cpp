@@ -1,4 +1,4 @@
-#include "Apps/Import/Read/Stations/ReferenceSystem.hpp"
+#include "Apps/Import/Read/ReferenceSystem.hpp"
 
 #include <algorithm>
 #include <array>
@@ -57,18 +57,18 @@ CoordinateUnit unitOfText(const std::string& text) {
 
 }  // namespace
 
-CoordinateUnit unitOf(const std::string& crs, const std::string& file) {
+CoordinateUnit supportedUnitOf(const std::string& crs) {
   const std::string name = lowerCase(trimmed(crs));
-  if (name.empty()) return CoordinateUnit::unknown;
-  CoordinateUnit unit = CoordinateUnit::unknown;
   if (const std::optional<int> code = epsgCode(name)) {
-    if (contains(degreeCodes, *code)) unit = CoordinateUnit::degrees;
-    if (contains(meterCodes, *code)) unit = CoordinateUnit::meters;
-  } else if (has(name, "crs84")) {
-    unit = CoordinateUnit::degrees;
-  } else {
-    unit = unitOfText(name);
+    if (contains(degreeCodes, *code)) return CoordinateUnit::degrees;
+    return contains(meterCodes, *code) ? CoordinateUnit::meters : CoordinateUnit::unknown;
   }
+  return has(name, "crs84") ? CoordinateUnit::degrees : unitOfText(name);
+}
+
+CoordinateUnit unitOf(const std::string& crs, const std::string& file) {
+  if (trimmed(crs).empty()) return CoordinateUnit::unknown;
+  const CoordinateUnit unit = supportedUnitOf(crs);
   if (unit != CoordinateUnit::unknown) return unit;
   throw SourceError(file + ": the reference system \"" + crs.substr(0, 80) +
                     "\" is not supported; convert the file with: ogr2ogr -t_srs EPSG:4326 "

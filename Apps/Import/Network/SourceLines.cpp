@@ -1,0 +1,132 @@
+#include "Apps/Import/Network/SourceLines.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+#include <utility>
+
+namespace orivanta::importer {
+
+namespace {
+
+constexpr double samePlace = 0.05;  // meters
+
+// The nodes of a storey by identifier.
+std::map<std::string, Point> positionsOn(const Building& building, double level) {
+  std::map<std::string, Point> positions;
+  for (const SourceNode& node : building.sourceNodes)
+    if (node.spot.level == level) positions.emplace(node.id, node.spot.position);
+  return positions;
+}
+
+// Pairs of positions, in millimeters, between which a connector runs on one storey.
+class ConnectorPairs {
+ public:
+  ConnectorPairs(const Building& building, double level) {
+    for (const Connector& connector : building.connectors)
+      for (const Stop& first : connector.stops)
+        for (const Stop& second : connector.stops)
+          if (&first != &second && first.spot.level == level && second.spot.level == level)
+            pairs_.insert({key(first.spot.position), key(second.spot.position)});
+  }
+  bool contains(Point from, Point to) const { return pairs_.contains({key(from), key(to)}); }
+
+ private:
+  using Key = std::pair<long, long>;
+  static Key key(Point point) {
+    return {std::lround(point.x / samePlace), std::lround(point.y / samePlace)};
+  }
+  std::set<std::pair<Key, Key>> pairs_;
+};
+
+// Adds the nodes at which connectors stop, even if no line leads there.
+template <typename Add>
+void addStopNodes(const Building& building, double level,
+                  const std::map<std::string, Point>& positions, const Add& add) {
+  std::vector<Segment> places;
+  std::vector<const std::string*> ids;
+  for (const auto& [id, position] : positions) {
+    ids.push_back(&id);
+    places.push_back({position, position});
+  }
+  const SegmentGrid grid(std::move(places), 0.0);
+  for (const Connector& connector : building.connectors)
+    for (const Stop& stop : connector.stops) {
+      if (stop.spot.level != level) continue;
+      const std::size_t i = grid.nearest(stop.spot.position, samePlace);
+      if (i != SegmentGrid::none) add(*ids[i], grid.segments()[i].a);
+    }
+}
+
+bool isWalked(LinkKind kind) {
+  return kind == LinkKind::walk || kind == LinkKind::ramp || kind == LinkKind::movingWalkway;
+}
+
+}  // namespace
+
+bool usesSourceLines(const Building& building, double level, NetworkChoice choice) {
+  if (choice == NetworkChoice::derive) return false;
+  if (choice == NetworkChoice::source) return true;
+  const std::map<std::string, Point> positions = positionsOn(building, level);
+  return std::any_of(
+      building.sourceLinks.begin(), building.sourceLinks.end(), [&](const SourceLink& link) {
+        return isWalked(link.kind) && positions.contains(link.from) && positions.contains(link.to);
+      });
+}
+
+SourceLines::SourceLines(const Building& building, double level, Draft& draft) {
+  const std::map<std::string, Point> positions = positionsOn(building, level);
+  const ConnectorPairs pairs(building, level);
+  const auto nodeOf = [&](const std::string& id, Point position) {
+    const auto [node, isNew] = nodes_.emplace(id, 0);
+    if (isNew) node->second = draft.addNode({position, NodeKind::way, id, {}, 0.0, 0.0});
+    return node->second;
+  };
+  for (const SourceLink& link : building.sourceLinks) {
+    const auto from = positions.find(link.from);
+    const auto to = positions.find(link.to);
+    if (!isWalked(link.kind) || from == positions.end() || to == positions.end() || from == to)
+      continue;
+    if (link.kind != LinkKind::walk && pairs.contains(from->second, to->second)) continue;
+    std::uint32_t first = nodeOf(link.from, from->second);
+    std::uint32_t second = nodeOf(link.to, to->second);
+    if (link.direction == Direction::backward) std::swap(first, second);
+    const bool oneWay =
+        link.direction == Direction::forward || link.direction == Direction::backward;
+    draft.edges.push_back({first, second, oneWay, false, false});
+  }
+  addStopNodes(building, level, positions, nodeOf);
+  std::vector<Segment> places;
+  for (const auto& [id, index] : nodes_) {
+    indices_.push_back(index);
+    places.push_back({draft.nodes[index].position, draft.nodes[index].position});
+  }
+  grid_ = std::make_unique<SegmentGrid>(std::move(places), 0.0);
+}
+
+void SourceLines::claimInsides(Rooms& rooms, Draft& draft) const {
+  for (const auto& [id, index] : nodes_) {
+    DraftNode& node = draft.nodes[index];
+    const Area* room = rooms.at(node.position);
+    if (room == nullptr || node.kind != NodeKind::way) continue;
+    if (!rooms.setInside(*room, index)) continue;
+    node.kind = NodeKind::inside;
+    node.of = room->id;
+  }
+}
+
+std::optional<std::uint32_t> SourceLines::freeNodeAt(const Draft& draft, Point point,
+                                                     double within) const {
+  std::optional<std::uint32_t> nearest;
+  double best = within;
+  grid_->eachNear(point, within, [&](std::size_t i) {
+    const double distance = package::distance(draft.nodes[indices_[i]].position, point);
+    if (draft.nodes[indices_[i]].kind != NodeKind::way || distance > best) return;
+    if (nearest && distance == best && *nearest <= indices_[i]) return;
+    best = distance;
+    nearest = indices_[i];
+  });
+  return nearest;
+}
+
+}  // namespace orivanta::importer

@@ -1,0 +1,38 @@
+// The walking network that a source has itself.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Apps/Import/Building.hpp"
+#include "Apps/Import/Network/Draft.hpp"
+#include "Apps/Import/Network/Rooms.hpp"
+#include "Apps/Import/Options.hpp"
+
+namespace orivanta::importer {
+
+/// Whether the network of a storey is that of the source.
+bool usesSourceLines(const Building& building, double level, NetworkChoice choice);
+
+/// The nodes of a source's network in a draft.
+class SourceLines {
+ public:
+  /// Adds the links between nodes of one storey, apart from those that a connector stands for.
+  SourceLines(const Building& building, double level, Draft& draft);
+
+  /// Makes the nodes of the source that lie in rooms the inner nodes of these rooms.
+  void claimInsides(Rooms& rooms, Draft& draft) const;
+
+  /// The nearest node within a distance that is only a point of the way.
+  std::optional<std::uint32_t> freeNodeAt(const Draft& draft, Point point, double within) const;
+
+ private:
+  std::map<std::string, std::uint32_t> nodes_;
+  std::vector<std::uint32_t> indices_;  // of the points of the grid, in the draft
+  std::unique_ptr<SegmentGrid> grid_;
+};
+
+}  // namespace orivanta::importer

@@ -1,0 +1,243 @@
+#include "Apps/Import/Network/StoreyNetwork.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <utility>
+
+#include "Apps/Import/Geometry/InnerPoint.hpp"
+#include "Apps/Import/Network/Attach.hpp"
+#include "Apps/Import/Network/Obstacles.hpp"
+#include "Apps/Import/Network/Rooms.hpp"
+#include "Apps/Import/Network/Shortcuts.hpp"
+#include "Apps/Import/Network/Sight.hpp"
+#include "Apps/Import/Network/SourceLines.hpp"
+#include "Apps/Import/Network/Tidy.hpp"
+#include "Apps/Import/Network/Trunk.hpp"
+#include "Apps/Import/WalkableSpace.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+constexpr double smallHole = 4.0;   // square meters; lines go round smaller obstacles at the end
+constexpr double beyondWall = 0.3;  // what lies in a border is joined with lines beyond it
+constexpr double doorReach = 1.0;   // meters between a door and the walkable space
+constexpr double stopReach = 1.5;   // the same of connectors
+constexpr double spotReach = 2.5;   // the same of places
+constexpr double sameNode = 0.5;    // a door this near to a node of the source is that node
+constexpr double sourceReach = 15.0;
+
+Shape withoutSmallHoles(Shape shape) {
+  bool changed = false;
+  for (Polygon& polygon : shape)
+    changed |= std::erase_if(polygon.holes, [](const Outline& hole) {
+                 return std::abs(package::signedArea(hole)) < smallHole;
+               }) > 0;
+  return changed ? united(shape) : shape;
+}
+
+class Maker {
+ public:
+  Maker(const Building& building, double level, NetworkChoice choice)
+      : building_(building),
+        level_(level),
+        walkways_(hasWalkways(building, level)),
+        shape_(walkableSpace(building, level)),
+        space_(shape_),
+        skeleton_(makeSkeleton(shape_, nodeClearance)),
+        ways_(skeleton_, space_),
+        rooms_(building, level) {
+    for (const Area& area : building.areas)
+      if (area.level == level && isWalkway(area.kind, walkways_)) walkable_.insert(area.id);
+    if (usesSourceLines(building, level, choice)) source_.emplace(building, level, draft_);
+    if (source_)
+      source_->claimInsides(rooms_, draft_);
+    else
+      addMainLines();
+  }
+
+  Draft make() {
+    Attach attach(draft_, space_, ways_);
+    attach_ = &attach;
+    rooms_.addInsides(draft_);
+    addDoors();
+    addStops();
+    addSpots();
+    addWalkwayPlaces();
+    if (!source_) coverSpace(shape_, space_, draft_, attach);
+    attach.finish();
+    if (!source_) {
+      addShortcuts(space_, draft_);
+      joinCrossings(draft_);
+      mergeNearNodes(space_, draft_);
+      avoidObstacles(draft_, space_, ways_);
+    }
+    orientStops();
+    removeUnused(draft_);
+    return std::move(draft_);
+  }
+
+ private:
+  void addMainLines() {
+    const Shape open = withoutSmallHoles(shape_);
+    const Space openSpace(open);
+    addTrunk(makeSkeleton(open, nodeClearance), openSpace, draft_);
+    moveOutOfObstacles(draft_, space_);
+    avoidObstacles(draft_, space_, ways_);
+    joinCrossings(draft_);
+    mergeNearNodes(space_, draft_);
+    removeUnused(draft_);
+  }
+
+  // Joins a node with the lines if it is in or near the walkable space.
+  bool joinWalkway(std::uint32_t node, double within) {
+    const Point position = draft_.nodes[node].position;
+    const auto wall = space_.nearestWall(position, within);
+    const bool inside = space_.contains(position);
+    if (wall && (!inside || wall->distance < nodeClearance))
+      draft_.nodes[node].slack = wall->distance + beyondWall;
+    if ((inside || wall) && attach_->attach(node)) return true;
+    return source_ && attach_->attachAnyhow(node, sourceReach);
+  }
+
+  std::uint32_t nodeOfDoor(const Door& door, bool& known) {
+    known = false;
+    if (source_)
+      if (const auto node = source_->freeNodeAt(draft_, door.position, sameNode)) {
+        known = true;
+        draft_.nodes[*node].kind = NodeKind::door;
+        draft_.nodes[*node].of = door.id;
+        return *node;
+      }
+    return draft_.addNode({door.position, NodeKind::door, door.id, door.id, 0.0, 0.0});
+  }
+
+  void addDoors() {
+    for (const Door& door : building_.doors) {
+      if (door.level != level_) continue;
+      bool known = false;
+      const std::uint32_t node = nodeOfDoor(door, known);
+      if (door.access == Access::nobody) continue;
+      joinDoor(door, node, known);
+    }
+  }
+
+  // An emergency exit is the end of a way, not a way between two areas.
+  void joinDoor(const Door& door, std::uint32_t node, bool known) {
+    const bool isWalked =
+        std::any_of(door.areas.begin(), door.areas.end(),
+                    [&](const std::string& id) { return walkable_.contains(id); });
+    bool joined = known;
+    if (!known && (isWalked || door.areas.size() < 2)) joined = joinWalkway(node, doorReach);
+    if (door.kind == DoorKind::emergency && joined) return;
+    for (const std::string& id : door.areas)
+      if (const Area* room = rooms_.find(id)) rooms_.join(draft_, node, *room);
+  }
+
+  // Hangs a connector or a place on the lines, or on the room in which it is.
+  void join(std::uint32_t node, double within) {
+    const Point position = draft_.nodes[node].position;
+    const Area* room = space_.contains(position) ? nullptr : rooms_.at(position);
+    if (room != nullptr && rooms_.join(draft_, node, *room)) return;
+    if (joinWalkway(node, within)) return;
+    if (const Area* near = rooms_.near(position, within)) rooms_.join(draft_, node, *near);
+  }
+
+  void addStops() {
+    for (const Connector& connector : building_.connectors) {
+      std::size_t count = 0;
+      for (const Stop& stop : connector.stops) {
+        ++count;
+        if (stop.spot.level != level_) continue;
+        addStop(connector, stop, fmt::format("{}/{}", connector.id, count));
+      }
+    }
+  }
+
+  void addStop(const Connector& connector, const Stop& stop, std::string id) {
+    constexpr double samePlace = 0.05;
+    const bool bothWays = stop.enter == stop.leave;
+    std::optional<std::uint32_t> known;
+    if (source_) known = source_->freeNodeAt(draft_, stop.spot.position, samePlace);
+    if (known && bothWays) {
+      draft_.nodes[*known].kind = NodeKind::boarding;
+      draft_.nodes[*known].of = connector.id;
+      return;
+    }
+    const std::uint32_t node = draft_.addNode(
+        {stop.spot.position, NodeKind::boarding, std::move(id), connector.id, 0.0, 0.0});
+    if (!bothWays) entered_.emplace(node, stop.enter);
+    if (known)
+      draft_.addEdge(node, *known, true);
+    else
+      join(node, stopReach);
+  }
+
+  void addSpots() {
+    for (const Place& place : building_.places) {
+      std::size_t count = 0;
+      for (const Spot& spot : place.spots) {
+        ++count;
+        if (spot.level != level_) continue;
+        Point position = spot.position;
+        // What stands at a wall or is an obstacle itself is reached beside it.
+        if (!space_.contains(position) && rooms_.at(position) == nullptr)
+          position = space_.foot(position, spotReach, nodeClearance).value_or(position);
+        join(draft_.addNode({position, NodeKind::spot, fmt::format("{}/{}", place.id, count),
+                             place.id, 0.0, 0.0}),
+             spotReach);
+      }
+    }
+  }
+
+  // Named halls and platforms are places, too.
+  void addWalkwayPlaces() {
+    for (const Area& area : building_.areas) {
+      if (area.level != level_ || area.place.empty() || !walkable_.contains(area.id)) continue;
+      const Shape open = common(area.shape, shape_);
+      if (open.empty()) continue;
+      join(draft_.addNode({innerPoint(open), NodeKind::inside, area.id, area.id, 0.0, 0.0}),
+           spotReach);
+    }
+  }
+
+  // Connectors that run in one direction are only entered or only left.
+  void orientStops() {
+    const auto orient = [](DraftEdge& edge, std::uint32_t node, bool entered) {
+      if ((edge.to == node) != entered) std::swap(edge.from, edge.to);
+      edge.oneWay = true;
+    };
+    for (DraftEdge& edge : draft_.edges)
+      for (const std::uint32_t end : {edge.from, edge.to})
+        if (const auto stop = entered_.find(end); stop != entered_.end() && !edge.oneWay)
+          orient(edge, end, stop->second);
+  }
+
+  const Building& building_;
+  double level_;
+  bool walkways_;
+  Shape shape_;
+  Space space_;
+  Skeleton skeleton_;
+  Ways ways_;
+  Rooms rooms_;
+  std::set<std::string> walkable_;
+  Draft draft_;
+  std::optional<SourceLines> source_;
+  Attach* attach_ = nullptr;
+  std::map<std::uint32_t, bool> entered_;  // of the nodes that are only entered or only left
+};
+
+}  // namespace
+
+Draft makeStoreyNetwork(const Building& building, double level, NetworkChoice choice) {
+  return Maker(building, level, choice).make();
+}
+
+}  // namespace orivanta::importer

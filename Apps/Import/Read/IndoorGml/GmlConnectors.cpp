@@ -1,0 +1,154 @@
+// Finds the connectors: the cells that transitions join across storeys.
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+#include "Apps/Import/Read/IndoorGml/GmlImport.hpp"
+#include "Apps/Import/Read/IndoorGml/GmlKinds.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+ConnectorKind connectorOf(AreaKind kind) {
+  switch (kind) {
+    case AreaKind::elevator:
+      return ConnectorKind::elevator;
+    case AreaKind::escalator:
+      return ConnectorKind::escalator;
+    case AreaKind::ramp:
+      return ConnectorKind::ramp;
+    case AreaKind::movingWalkway:
+      return ConnectorKind::movingWalkway;
+    default:
+      return ConnectorKind::stairs;
+  }
+}
+
+class ConnectorReader {
+ public:
+  explicit ConnectorReader(GmlImport& import)
+      : import_(import), parents_(import.document.cells.size()) {
+    for (std::size_t each = 0; each < parents_.size(); ++each) parents_[each] = each;
+  }
+
+  void read() {
+    std::set<std::size_t> joined;
+    for (const GmlTransition& transition : import_.document.transitions) {
+      const auto cells = import_.graph.cellsOf(transition);
+      if (!cells || import_.levels[cells->first] == import_.levels[cells->second]) continue;
+      joined.insert({cells->first, cells->second});
+      const std::size_t first = rootOf(cells->first);
+      const std::size_t second = rootOf(cells->second);
+      parents_[std::max(first, second)] = std::min(first, second);
+    }
+    std::map<std::size_t, std::vector<std::size_t>> groups;
+    for (const std::size_t cell : joined) groups[rootOf(cell)].push_back(cell);
+    indexStatesAndPlaces();
+    for (const auto& [root, cells] : groups) addGroup(cells);
+    removePlaces();
+  }
+
+ private:
+  void indexStatesAndPlaces() {
+    for (const GmlState& state : import_.document.states)
+      if (const auto cell = import_.graph.cellOfState(state.id); cell && !state.positions.empty())
+        positions_.emplace(
+            *cell, import_.scale.toPlane({state.positions.front().x, state.positions.front().y}));
+    for (const Place& place : import_.building.places) names_.emplace(place.id, place.names);
+  }
+
+  std::size_t rootOf(std::size_t cell) {
+    while (parents_[cell] != cell) cell = parents_[cell] = parents_[parents_[cell]];
+    return cell;
+  }
+
+  void addGroup(const std::vector<std::size_t>& cells) {
+    const AreaKind kind = kindOf(cells);
+    bool allDrawn = true;
+    for (const std::size_t cell : cells) {
+      // A cell of no stated kind is what it is joined with. A room with stairs in it stays one.
+      if (import_.areas[cell] && !statedKind(import_.document.cells[cell]))
+        areaOf(cell).kind = kind;
+      allDrawn = allDrawn && import_.areas[cell] && isGmlConnector(areaOf(cell).kind);
+    }
+    if (allDrawn)
+      for (const std::size_t cell : cells) {
+        areaOf(cell).connector = import_.document.cells[cells.front()].id;
+        // It is no place, unlike the room that it was taken for.
+        removePlace(cell);
+      }
+    else
+      addHint(cells, kind);
+  }
+
+  Area& areaOf(std::size_t cell) { return import_.building.areas[*import_.areas[cell]]; }
+
+  // What one of the cells says. Otherwise a cell the size of a cabin is an elevator.
+  AreaKind kindOf(const std::vector<std::size_t>& cells) {
+    constexpr double largestCabin = 8.0;
+    for (const std::size_t cell : cells)
+      if (const auto kind = statedKind(import_.document.cells[cell]); kind && isGmlConnector(*kind))
+        return *kind;
+    const bool small = std::all_of(cells.begin(), cells.end(), [&](std::size_t cell) {
+      return import_.areas[cell] &&
+             std::abs(package::signedArea(areaOf(cell).shape.front().outer)) <= largestCabin;
+    });
+    import_.report(Severity::warning, "connector-kind-guessed",
+                   import_.document.cells[cells.front()].id,
+                   "The cells of several storeys are joined, but none says whether they are stairs "
+                   "or an elevator.",
+                   small ? "They are taken as an elevator, because they are small."
+                         : "They are taken as stairs.",
+                   "Write indoor=\"stair\" or indoor=\"elevator\" into their descriptions.");
+    return small ? AreaKind::elevator : AreaKind::stairs;
+  }
+
+  void removePlace(std::size_t cell) {
+    Area& area = areaOf(cell);
+    if (area.place.empty()) return;
+    removedPlaces_.insert(area.place);
+    area.names = names_[area.place];
+    area.place.clear();
+  }
+
+  void removePlaces() {
+    auto& places = import_.building.places;
+    places.erase(
+        std::remove_if(places.begin(), places.end(),
+                       [&](const Place& place) { return removedPlaces_.contains(place.id); }),
+        places.end());
+  }
+
+  void addHint(const std::vector<std::size_t>& cells, AreaKind kind) {
+    ConnectorHint hint;
+    hint.id = hint.source = import_.document.cells[cells.front()].id;
+    hint.kind = connectorOf(kind);
+    for (const std::size_t cell : cells) {
+      if (import_.areas[cell] && isGmlConnector(areaOf(cell).kind))
+        hint.areas.push_back(areaOf(cell).id);
+      else if (const auto position = positions_.find(cell); position != positions_.end())
+        hint.spots.push_back({import_.levels[cell], position->second});
+    }
+    std::stable_sort(
+        hint.spots.begin(), hint.spots.end(),
+        [](const Spot& first, const Spot& second) { return first.level < second.level; });
+    import_.building.connectorHints.push_back(std::move(hint));
+  }
+
+  GmlImport& import_;
+  std::vector<std::size_t> parents_;
+  std::unordered_set<std::string> removedPlaces_;
+  std::unordered_map<std::size_t, Point> positions_;  // of the states of cells
+  std::unordered_map<std::string, Names> names_;      // of places
+};
+
+}  // namespace
+
+void readGmlConnectors(GmlImport& import) { ConnectorReader(import).read(); }
+
+}  // namespace orivanta::importer

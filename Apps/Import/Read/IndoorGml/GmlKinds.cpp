@@ -1,0 +1,82 @@
+#include "Apps/Import/Read/IndoorGml/GmlKinds.hpp"
+
+#include <algorithm>
+#include <array>
+
+#include "Apps/Import/Read/IndoorGml/GmlStoreys.hpp"
+#include "Apps/Import/Read/JsonMembers.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+struct Word {
+  std::string_view text;
+  AreaKind kind;
+};
+
+// What descriptions say. Names may contain the longer ones.
+constexpr std::array words = {
+    Word{"escalator", AreaKind::escalator}, Word{"에스컬레이터", AreaKind::escalator},
+    Word{"elevator", AreaKind::elevator},   Word{"엘리베이터", AreaKind::elevator},
+    Word{"stair", AreaKind::stairs},        Word{"계단", AreaKind::stairs},
+    Word{"階段", AreaKind::stairs},         Word{"corridor", AreaKind::walkway},
+    Word{"hallway", AreaKind::walkway},     Word{"복도", AreaKind::walkway},
+    Word{"廊下", AreaKind::walkway},        Word{"passage", AreaKind::walkway},
+    Word{"lobby", AreaKind::walkway},       Word{"concourse", AreaKind::walkway},
+    Word{"lift", AreaKind::elevator},       Word{"hall", AreaKind::walkway},
+    Word{"ramp", AreaKind::ramp},           Word{"room", AreaKind::room},
+};
+
+constexpr std::size_t wordsInNames = 14;  // up to "concourse"
+
+std::optional<AreaKind> kindOfWord(const std::string& text) {
+  if (text.empty()) return std::nullopt;
+  for (const Word& word : words)
+    if (text.starts_with(word.text)) return word.kind;
+  return std::nullopt;
+}
+
+std::optional<AreaKind> kindOfName(const std::string& name) {
+  for (std::size_t each = 0; each < wordsInNames; ++each)
+    if (name.find(words[each].text) != name.npos) return words[each].kind;
+  return std::nullopt;
+}
+
+std::string wordOf(const GmlSpace& cell) {
+  for (const char* key : {"indoor", "desc", "type", "usage"})
+    if (std::string word = lowerCase(descriptionValue(cell.description, key)); !word.empty())
+      return word;
+  return {};
+}
+
+}  // namespace
+
+bool isGmlDoor(const GmlSpace& cell) {
+  const std::string word = wordOf(cell);
+  return cell.element == "ConnectionSpace" || cell.element == "AnchorSpace" || word == "door" ||
+         word == "entrance";
+}
+
+std::optional<AreaKind> statedKind(const GmlSpace& cell) {
+  if (const auto kind = kindOfWord(wordOf(cell))) return kind;
+  if (cell.function == "1110") return AreaKind::elevator;
+  if (cell.function == "1120") return AreaKind::stairs;
+  if (cell.function == "1130") return AreaKind::escalator;
+  if (const auto kind = kindOfName(lowerCase(cell.name))) return kind;
+  if (cell.element == "TransitionSpace") return AreaKind::walkway;
+  if (cell.element == "GeneralSpace") return AreaKind::room;
+  return std::nullopt;
+}
+
+std::string gmlCategory(const GmlSpace& cell) {
+  std::string word = wordOf(cell);
+  return word.empty() ? lowerCase(cell.element) : word;
+}
+
+bool isGmlConnector(AreaKind kind) {
+  return kind == AreaKind::stairs || kind == AreaKind::elevator || kind == AreaKind::escalator ||
+         kind == AreaKind::movingWalkway || kind == AreaKind::ramp;
+}
+
+}  // namespace orivanta::importer

@@ -1,0 +1,111 @@
+#include "Apps/Import/Read/IndoorGml/GmlScale.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "Apps/Import/Read/IndoorGml/GmlFootprint.hpp"
+#include "Apps/Import/Read/PlaneOrigin.hpp"
+#include "Apps/Import/Read/ReferenceSystem.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+template <class Visit>
+void forPositions(const GmlDocument& document, const Visit& visit) {
+  for (const GmlSpace& cell : document.cells)
+    for (const GmlFace& face : cell.faces)
+      for (const GmlPosition& position : face.outer) visit(Point{position.x, position.y});
+  for (const GmlState& state : document.states)
+    for (const GmlPosition& position : state.positions) visit(Point{position.x, position.y});
+}
+
+// All of them are degrees, and they lie within a fraction of a degree.
+bool looksLikeDegrees(const GmlDocument& document) {
+  Point least{1e9, 1e9};
+  Point greatest{-1e9, -1e9};
+  forPositions(document, [&](Point point) {
+    least = {std::min(least.x, point.x), std::min(least.y, point.y)};
+    greatest = {std::max(greatest.x, point.x), std::max(greatest.y, point.y)};
+  });
+  return least.x >= -180.0 && greatest.x <= 180.0 && least.y >= -180.0 && greatest.y <= 180.0 &&
+         greatest.x - least.x < 0.5 && greatest.y - least.y < 0.5;
+}
+
+std::optional<double> doorWidth(const GmlDocument& document) {
+  std::vector<double> widths;
+  const auto measure = [&](const std::vector<GmlSpace>& spaces, bool all) {
+    for (const GmlSpace& space : spaces)
+      if (all || space.element == "ConnectionSpace" || space.element == "ConnectionBoundary")
+        if (const std::vector<Point> line = baseLineOf(space.faces); line.size() == 2)
+          widths.push_back(package::distance(line[0], line[1]));
+  };
+  measure(document.cells, false);
+  measure(document.boundaries, true);
+  if (widths.empty()) return std::nullopt;
+  const auto middle = widths.begin() + static_cast<std::ptrdiff_t>(widths.size() / 2);
+  std::nth_element(widths.begin(), middle, widths.end());
+  return *middle > 0.0 ? std::optional(*middle) : std::nullopt;
+}
+
+// The unit in which a length is plausible: meters, centimeters, millimeters or one of its own.
+double plausibleUnit(double length, double least, double greatest, double expected) {
+  for (const double unit : {1.0, 0.01, 0.001})
+    if (least <= length * unit && length * unit <= greatest) return unit;
+  return expected / length;
+}
+
+}  // namespace
+
+GmlScale::GmlScale(const GmlDocument& document, const GmlStoreys& storeys, const Options& options,
+                   Findings& findings) {
+  const CoordinateUnit unit = supportedUnitOf(document.reference);
+  const bool degrees = unit == CoordinateUnit::degrees && looksLikeDegrees(document);
+  if (!degrees && unit != CoordinateUnit::meters) guess(document, storeys, options, findings);
+  PlaneOrigin middle;
+  forPositions(document, [&](Point point) { middle.add(point * metersPerUnit_); });
+  origin_ = middle.rounded(degrees ? 0.001 : 10.0);
+  if (!degrees) return;
+  // The full names of geographic systems have the latitude first.
+  latitudeFirst_ = document.reference.starts_with("urn:") || document.reference.starts_with("http");
+  projection_.emplace(latitudeFirst_ ? Georeference{origin_.x, origin_.y}
+                                     : Georeference{origin_.y, origin_.x});
+}
+
+void GmlScale::guess(const GmlDocument& document, const GmlStoreys& storeys, const Options& options,
+                     Findings& findings) {
+  known_ = false;
+  const std::optional<double> door = doorWidth(document);
+  std::string reason = "neither storeys nor doors have a size";
+  if (storeys.height() > 0.0) {
+    metersPerUnit_ = plausibleUnit(storeys.height(), 2.2, 8.0, options.storeyHeight);
+    reason = fmt::format("a storey is {:.3g} units high", storeys.height());
+    if (door) reason += fmt::format(", and a door is {:.3g} units wide", *door);
+  } else if (door) {
+    metersPerUnit_ = plausibleUnit(*door, 0.6, 3.0, 1.0);
+    reason = fmt::format("a door is {:.3g} units wide", *door);
+  }
+  Finding finding;
+  finding.severity = metersPerUnit_ == 1.0 ? Severity::info : Severity::warning;
+  finding.rule = "scale-guessed";
+  finding.file = document.file;
+  finding.message = "The document does not state how long its unit is: " + reason + '.';
+  finding.effect = fmt::format("One unit is taken as {:.3g} meters.", metersPerUnit_);
+  finding.advice = "If lengths are wrong, give the real height of a storey with --storey-height.";
+  findings.add(std::move(finding));
+}
+
+Point GmlScale::toPlane(Point point) const {
+  if (!projection_) return point * metersPerUnit_ - origin_;
+  return latitudeFirst_ ? projection_->toPlane(point.y, point.x)
+                        : projection_->toPlane(point.x, point.y);
+}
+
+std::optional<Georeference> GmlScale::georeference() const {
+  return projection_ ? std::optional(projection_->origin()) : std::nullopt;
+}
+
+}  // namespace orivanta::importer

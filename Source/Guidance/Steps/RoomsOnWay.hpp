@@ -1,0 +1,28 @@
+// The rooms that a walk goes through.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "Source/Fwd.hpp"
+#include "Source/Guidance/Steps/Sections.hpp"
+#include "Source/Guidance/Steps/Surroundings.hpp"
+#include "Source/Guidance/Steps/WalkLine.hpp"
+
+namespace orivanta::guidance {
+
+/// A room that the walk enters and leaves again.
+struct RoomOnWay {
+  std::shared_ptr<Location> place;  ///< never null; has a name that can be spoken
+  std::size_t first = 0;            ///< the point of the line at the entrance
+  std::size_t last = 0;             ///< the point at the entrance where the walk leaves the room
+};
+
+/// Returns the rooms in the order of the walk, without those at its ends. The walk goes through a
+/// room if it has a node inside between two different entrances, and all nodes between these are
+/// the room's. Of several rooms between the same entrances, the first of the venue is returned.
+std::vector<RoomOnWay> roomsOnWay(const WalkLine& line, const Section& section,
+                                  const Surroundings& surroundings);
+
+}  // namespace orivanta::guidance

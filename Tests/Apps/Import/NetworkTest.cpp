@@ -1,0 +1,204 @@
+#include "Tests/Apps/Import/Plan.hpp"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <random>
+#include <set>
+
+namespace orivanta::importer {
+
+namespace {
+
+struct Case {
+  const char* name;
+  std::vector<std::string> rows;
+  const char* from;
+  const char* to;
+  double shortest;
+  double longest;
+  double cell = 1.0;
+};
+
+const std::vector<Case>& cases() {
+  static const std::vector<Case> all{
+      {"corridor",
+       {"AAAA#########BBBB", "AAAA#########BBBB", "#+#############+#", ".................",
+        "................."},
+       "door1",
+       "door2",
+       14.0,
+       16.5},
+      {"T",
+       {"..................", "..................", "########..########", "#######+..########",
+        "AAAAAA#+..########", "AAAAAA+...########", "AAAAAA#...+BBBBBBB", "######+...#BBBBBBB"},
+       "door2",
+       "door4",
+       3.0,
+       6.0},
+      {"columns",
+       {"AAAAAAAAAA##########", "#+##################", "....................",
+        "....................", "...o...o...o...o....", "....................",
+        "....................", "##################+#", "##########BBBBBBBBBB"},
+       "door1",
+       "door2",
+       17.5,
+       21.0},
+      {"courtyard",
+       {"AAAA################", "+###################", "....................",
+        "....................", "..################..", "..################..",
+        "..################..", "..################..", "....................",
+        "....................", "##################+#", "################BBBB"},
+       "door1",
+       "door2",
+       24.0,
+       29.0},
+      {"dead end",
+       {"############AAAA", "############+###", "..............##", "..............##",
+        "..##############", "+B##############"},
+       "door1",
+       "door2",
+       13.0,
+       15.5},
+      {"passage of 0.7 m",
+       {"AAAA##############BBBB", "AAAA##############BBBB", "#+##################+#",
+        ".........####.........", ".........####.........", "......................",
+        ".........####.........", ".........####........."},
+       "door1",
+       "door2",
+       13.0,
+       16.0,
+       0.7},
+      {"around a corner of a room",
+       {"AAAAAAAA", "AA######", "AA######", "AA+.....", "#######."},
+       "A",
+       "door1",
+       1.0,
+       5.0},
+      {"a hall with a door between two walkways",
+       {"AA##########", "+###########", "......#.....", "......+.....", "......#.....",
+        "###########+", "##########BB"},
+       "door1",
+       "door3",
+       11.0,
+       15.0},
+  };
+  return all;
+}
+
+}  // namespace
+
+TEST(ImportNetwork, ShortWaysWithoutLinesThroughWalls) {
+  for (const Case& one : cases()) {
+    SCOPED_TRACE(one.name);
+    const Plan plan = Plan(one.rows, one.cell).make();
+    const double length = plan.way(one.from, one.to);
+    EXPECT_GE(length, one.shortest);
+    EXPECT_LE(length, one.longest);
+    EXPECT_EQ(plan.linesThroughWalls(), 0);
+    for (const Door& door : plan.building.doors)
+      EXPECT_GE(plan.way(one.from, door.id), 0.0) << door.id;
+  }
+}
+
+TEST(ImportNetwork, OppositeDoorsShareANode) {
+  const Plan plan =
+      Plan({"AAAAAAAAAA", "####+#####", "..........", "..........", "####+#####", "BBBBBBBBBB"})
+          .make();
+  const auto wayNodes =
+      std::count_if(plan.building.network.nodes.begin(), plan.building.network.nodes.end(),
+                    [](const Node& node) { return node.kind == NodeKind::way; });
+  EXPECT_EQ(wayNodes, 3);
+  EXPECT_NEAR(plan.way("door1", "door2"), 3.0, 0.1);
+}
+
+TEST(ImportNetwork, OneWayStops) {
+  Plan plan({"........", "........", "........"});
+  Connector connector;
+  connector.id = "escalator";
+  connector.stops = {{{0.0, {0.2, 1.5}}, "", true, false}, {{0.0, {7.8, 1.5}}, "", false, true}};
+  plan.building.connectors = {connector};
+  plan.make();
+  EXPECT_GT(plan.way("escalator/2", "escalator/1"), 6.0);
+  EXPECT_EQ(plan.way("escalator/1", "escalator/2"), -1.0);
+}
+
+TEST(ImportNetwork, GuessedDoors) {
+  const std::vector<std::string> rows{"CCCC##BBBB", "CCCC##BBBB", "AAAA##BBBB", "..........",
+                                      ".........."};
+  const Plan guessed = Plan(rows).make();
+  EXPECT_GE(guessed.way("A", "B"), 0.0);
+  EXPECT_GE(guessed.way("C", "B"), 0.0) << "a room behind a room";
+  EXPECT_TRUE(std::all_of(guessed.building.doors.begin(), guessed.building.doors.end(),
+                          [](const Door& door) { return door.guessed; }));
+  Options strict;
+  strict.doors = DoorChoice::strict;
+  EXPECT_TRUE(Plan(rows).make(strict).building.doors.empty());
+}
+
+TEST(ImportNetwork, UsesTheSourcesLinks) {
+  Plan plan({"AAAA######", "AAAA######", "#+########", "..........", ".........."});
+  plan.building.sourceNodes = {{"n1", {0.0, {0.5, 1.0}}}, {"n2", {0.0, {9.5, 1.0}}}};
+  plan.building.sourceLinks = {{"l", "n1", "n2", LinkKind::walk, Direction::backward, {}, {}}};
+  plan.make();
+  EXPECT_NEAR(plan.way("n2", "n1"), 9.0, 1e-6);
+  EXPECT_EQ(plan.way("n1", "n2"), -1.0);
+  EXPECT_NEAR(plan.way("n2", "A"), 9.5, 2.5);
+}
+
+// One moved wall changes only what is near it.
+TEST(ImportNetwork, KeepsIdentifiersOfOtherParts) {
+  std::vector<std::string> rows{
+      "AAAA####BBBB####CCCC", "#+#######+#########+", "....................",
+      "....................", "####.###############", "####................",
+      "####................", "#####+####+#########", "####DDDD##EEEEEEEEEE"};
+  const auto namesOf = [](const Plan& plan) {
+    std::set<std::string> names;
+    for (const Node& node : plan.building.network.nodes) names.insert(node.id);
+    return names;
+  };
+  const std::set<std::string> before = namesOf(Plan(rows).make());
+  EXPECT_EQ(before, namesOf(Plan(rows).make()));
+  rows[8] = "####DDD###EEEEEEEEEE";
+  EXPECT_EQ(before, namesOf(Plan(rows).make()));
+}
+
+// Jitter, spikes, doubled and crossed points: no line through a wall, nothing endless.
+TEST(ImportNetwork, SurvivesDamage) {
+  for (unsigned seed = 1; seed <= 8; ++seed)
+    for (const Case& one : cases()) {
+      SCOPED_TRACE(testing::Message() << one.name << ", seed " << seed);
+      Plan plan(one.rows, one.cell);
+      std::mt19937 random(seed);
+      const auto below = [&](std::size_t bound) { return static_cast<int>(random() % bound); };
+      for (Area& area : plan.building.areas)
+        for (Polygon& polygon : area.shape) {
+          Outline& outline = polygon.outer;
+          for (Point& point : outline)
+            point = point + Point{below(100) * 0.0005 - 0.025, below(100) * 0.0005 - 0.025};
+          const std::size_t at = static_cast<std::size_t>(below(outline.size()));
+          if (below(2) == 0) outline.insert(outline.begin() + static_cast<long>(at), outline[at]);
+          if (below(4) == 0) std::swap(outline[at], outline[(at + 1) % outline.size()]);
+          if (below(4) == 0) outline.push_back({1e300, std::nan("")});
+          if (below(4) == 0) outline.push_back(outline[at] + Point{0.0, 30.0});
+        }
+      plan.building.doors.push_back({});
+      plan.building.doors.back().position = {std::nan(""), 1e9};
+      plan.make();
+      const Network& network = plan.building.network;
+      const Shape space = [&] {
+        Shape all;
+        for (const Area& area : plan.building.areas) all = joined(all, area.shape);
+        for (const Door& door : plan.building.doors)
+          all.push_back({package::circle(door.position, 1.3), {}});
+        return withMargin(united(all), 0.02);
+      }();
+      for (const Edge& edge : network.edges) {
+        const Point a = network.nodes[edge.from].position;
+        const Point b = network.nodes[edge.to].position;
+        for (int i = 0; i <= 20; ++i) ASSERT_TRUE(contains(space, a + (b - a) * (i / 20.0)));
+      }
+    }
+}
+
+}  // namespace orivanta::importer
