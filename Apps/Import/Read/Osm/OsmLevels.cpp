@@ -46,8 +46,10 @@ class LevelFinder {
       for (OsmThing& thing : things_)
         if (thing.isLine() && mayFollow(thing)) isChanged |= followLine(thing, touching);
     }
-    for (OsmThing& thing : things_)
+    for (OsmThing& thing : things_) {
       if (thing.isNode() && mayFollow(thing)) followNode(thing, touching);
+      if (thing.isLine() && thing.levels.empty() && isLost(*thing.tags)) reportLost(thing);
+    }
   }
 
  private:
@@ -119,6 +121,11 @@ class LevelFinder {
     return true;
   }
 
+  // Whether a line without a level is surely one of a building.
+  static bool isLost(const OsmTags& tags) {
+    return !tags.has("level") && !tags.has("repeat_on") && isIndoors(tags);
+  }
+
   static bool includesOwn(const OsmThing& thing, const LevelList& levels) {
     return std::find(levels.begin(), levels.end(), thing.levels[0][0]) != levels.end();
   }
@@ -137,7 +144,7 @@ class LevelFinder {
   static LevelList common(const std::set<double>& first, const std::set<double>& last) {
     for (const double level : first)
       if (last.contains(level)) return {level};
-    return differing(first, last);
+    return {};
   }
 
   void followNode(OsmThing& thing, const OsmTouching& touching) const {
@@ -189,6 +196,19 @@ class LevelFinder {
     finding.level = 0.0;
     finding.message = "The area is indoors, but it has no level.";
     finding.effect = "It is drawn on level 0.";
+    finding.advice = "Add the tag \"level\" to it.";
+    findings_.add(std::move(finding));
+  }
+
+  void reportLost(const OsmThing& thing) {
+    Finding finding;
+    finding.rule = "level-missing";
+    finding.source = thing.id;
+    finding.file = file_;
+    finding.field = "level";
+    finding.message =
+        "The line is indoors, but it has no level, and what it touches does not tell which.";
+    finding.effect = "It is left out.";
     finding.advice = "Add the tag \"level\" to it.";
     findings_.add(std::move(finding));
   }
