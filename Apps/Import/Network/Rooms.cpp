@@ -63,8 +63,14 @@ void Rooms::addInsides(Draft& draft) {
   for (Room& room : rooms_) {
     if (room.hasInside) continue;
     makeShape(room);
-    setInside(*room.area, draft.addNode({innerPoint(room.shape), NodeKind::inside, room.area->id,
-                                         room.area->id, crossingWeight, 0.0}));
+    setInside(*room.area, draft.addNode({innerPoint(room.shape),
+                                         NodeKind::inside,
+                                         room.area->id,
+                                         room.area->id,
+                                         crossingWeight,
+                                         0.0,
+                                         0.0,
+                                         {}}));
   }
 }
 
@@ -74,10 +80,10 @@ bool Rooms::join(Draft& draft, std::uint32_t node, const Area& area) {
   makeShape(room);
   if (room.space == nullptr) room.space = std::make_unique<Space>(room.shape);
   DraftNode from = draft.nodes[node];
-  constexpr double beyondWall = 0.3;
-  from.slack = distanceTo(room.shape, from.position) + beyondWall;
+  constexpr double farthest = 5.0;
+  placeBeside(*room.space, from, farthest);
   const DraftNode inside = draft.nodes[room.inside];
-  if (sees(*room.space, from, {inside.position, NodeKind::way, {}, {}, 0.0, 0.05})) {
+  if (sees(*room.space, from, {inside.position, NodeKind::way, {}, {}, 0.0, 0.05, 0.0, {}})) {
     draft.addRoomEdge(node, room.inside);
     return true;
   }
@@ -91,7 +97,7 @@ bool Rooms::join(Draft& draft, std::uint32_t node, const Area& area) {
   std::uint32_t last = node;
   for (const Point bend : *bends) {
     const std::uint32_t next =
-        draft.addNode({bend, NodeKind::way, {}, area.id, crossingWeight, 0.0});
+        draft.addNode({bend, NodeKind::way, {}, area.id, crossingWeight, 0.0, 0.0, {}});
     draft.addRoomEdge(last, next);
     last = next;
   }

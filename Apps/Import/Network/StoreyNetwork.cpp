@@ -25,12 +25,11 @@ namespace orivanta::importer {
 
 namespace {
 
-constexpr double smallHole = 4.0;   // square meters; lines go round smaller obstacles at the end
-constexpr double beyondWall = 0.3;  // what lies in a border is joined with lines beyond it
-constexpr double doorReach = 1.0;   // meters between a door and the walkable space
-constexpr double stopReach = 1.5;   // the same of connectors
-constexpr double spotReach = 2.5;   // the same of places
-constexpr double sameNode = 0.5;    // a door this near to a node of the source is that node
+constexpr double smallHole = 4.0;  // square meters; lines go round smaller obstacles at the end
+constexpr double doorReach = 1.0;  // meters between a door and the walkable space
+constexpr double stopReach = 1.5;  // the same of connectors
+constexpr double spotReach = 2.5;  // the same of places
+constexpr double sameNode = 0.5;   // a door this near to a node of the source is that node
 constexpr double sourceReach = 15.0;
 
 Shape withoutSmallHoles(Shape shape) {
@@ -97,12 +96,7 @@ class Maker {
 
   // Joins a node with the lines if it is in or near the walkable space.
   bool joinWalkway(std::uint32_t node, double within) {
-    const Point position = draft_.nodes[node].position;
-    const auto wall = space_.nearestWall(position, within);
-    const bool inside = space_.contains(position);
-    if (wall && (!inside || wall->distance < nodeClearance))
-      draft_.nodes[node].slack = wall->distance + beyondWall;
-    if ((inside || wall) && attach_->attach(node)) return true;
+    if (placeBeside(space_, draft_.nodes[node], within) && attach_->attach(node)) return true;
     return source_ && attach_->attachAnyhow(node, sourceReach);
   }
 
@@ -115,7 +109,7 @@ class Maker {
         draft_.nodes[*node].of = door.id;
         return *node;
       }
-    return draft_.addNode({door.position, NodeKind::door, door.id, door.id, 0.0, 0.0});
+    return draft_.addNode({door.position, NodeKind::door, door.id, door.id, 0.0, 0.0, 0.0, {}});
   }
 
   void addDoors() {
@@ -171,7 +165,7 @@ class Maker {
       return;
     }
     const std::uint32_t node = draft_.addNode(
-        {stop.spot.position, NodeKind::boarding, std::move(id), connector.id, 0.0, 0.0});
+        {stop.spot.position, NodeKind::boarding, std::move(id), connector.id, 0.0, 0.0, 0.0, {}});
     if (!bothWays) entered_.emplace(node, stop.enter);
     if (known)
       draft_.addEdge(node, *known, true);
@@ -189,8 +183,14 @@ class Maker {
         // What stands at a wall or is an obstacle itself is reached beside it.
         if (!space_.contains(position) && rooms_.at(position) == nullptr)
           position = space_.foot(position, spotReach, nodeClearance).value_or(position);
-        join(draft_.addNode({position, NodeKind::spot, fmt::format("{}/{}", place.id, count),
-                             place.id, 0.0, 0.0}),
+        join(draft_.addNode({position,
+                             NodeKind::spot,
+                             fmt::format("{}/{}", place.id, count),
+                             place.id,
+                             0.0,
+                             0.0,
+                             0.0,
+                             {}}),
              spotReach);
       }
     }
@@ -202,8 +202,9 @@ class Maker {
       if (area.level != level_ || area.place.empty() || !walkable_.contains(area.id)) continue;
       const Shape open = common(area.shape, shape_);
       if (open.empty()) continue;
-      join(draft_.addNode({innerPoint(open), NodeKind::inside, area.id, area.id, 0.0, 0.0}),
-           spotReach);
+      join(
+          draft_.addNode({innerPoint(open), NodeKind::inside, area.id, area.id, 0.0, 0.0, 0.0, {}}),
+          spotReach);
     }
   }
 
