@@ -64,8 +64,7 @@ class Network {
       for (const Path& path : paths_[from]) {
         const bool leadsBack = hasPath(path.to, from);
         if (!path.meant && !leadsBack) addOneWay(from, path.to);
-        if (nodes()[from].text("map") != nodes()[path.to].text("map") &&
-            (from < path.to || !leadsBack))
+        if (elevationOf(from) != elevationOf(path.to) && (from < path.to || !leadsBack))
           addBetweenFloors(from, path.to);
       }
   }
@@ -85,12 +84,10 @@ class Network {
 
   void checkPlaces() {
     const auto places = placesByPart();
-    const auto main = std::max_element(
-        places.begin(), places.end(),
-        [](const auto& first, const auto& second) { return first.second < second.second; });
     if (places.size() < 2) return;
+    const auto main = mainPart(places);
     for (const Record& place : records_[RecordKind::location].records)
-      if (place.kept) checkPlace(place, main->first);
+      if (place.kept) checkPlace(place, main);
   }
 
  private:
@@ -139,6 +136,12 @@ class Network {
       std::sort(paths_[from].begin(), paths_[from].end(),
                 [](const Path& first, const Path& second) { return first.to < second.to; });
     }
+  }
+
+  // Floors at the same elevation, such as one indoors and one outdoors, may be joined by paths.
+  double elevationOf(Number node) const {
+    const Record* map = records_.find(RecordKind::map, nodes()[node].text("map").value_or(""));
+    return map != nullptr ? map->numberIn("elevation").value_or(0.0) : 0.0;
   }
 
   bool hasPath(Number from, Number to) const {
@@ -246,6 +249,21 @@ class Network {
     for (const Record& place : records_[RecordKind::location].records)
       if (const auto node = nodeOf(place); node && place.kept) ++places[parts_.of(*node)];
     return places;
+  }
+
+  // The part with most places; of several, the one with the first place in the file.
+  Number mainPart(const std::unordered_map<Number, std::size_t>& places) {
+    Number main = 0;
+    std::size_t most = 0;
+    for (const Record& place : records_[RecordKind::location].records) {
+      const auto node = place.kept ? nodeOf(place) : std::nullopt;
+      const Number part = node ? parts_.of(*node) : 0;
+      if (node && places.at(part) > most) {
+        main = part;
+        most = places.at(part);
+      }
+    }
+    return main;
   }
 
   void checkPlace(const Record& place, Number main) {

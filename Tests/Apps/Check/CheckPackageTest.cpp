@@ -59,7 +59,7 @@ struct Mistake {
 };
 
 const Mistake mistakes[] = {
-    {"category.json", "}]", "},\n]", "trailing-comma", "", "", 1, "line 1, column 33"},
+    {"category.json", "}]", "},\n]", "trailing-comma", "", "", 1, "line 1, column 34"},
     {"location.json", R"( "type": "room",)", "", "member-missing", "attic", "type", 4, "\"type\""},
     {"node.json", R"("x": 5, "y": 5)", R"("x": 5)", "member-missing", "in-shop", "y", 4, "\"y\""},
     {"node.json", R"("x": 5, "y": 5)", R"("x": "5", "y": 5)", "member-of-wrong-kind", "in-shop",
