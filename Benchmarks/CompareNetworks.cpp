@@ -100,7 +100,7 @@ std::map<std::string, std::vector<std::size_t>> doorsOfRooms(const Building& bui
   return rooms;
 }
 
-void compareLengths(const Building& building, const SurveyedPackage& survey) {
+void compareLengths(const Building& building, const SurveyedPackage& survey, bool list) {
   const PlainNetwork derived = plainNetwork(building.network);
   const auto doors = doorsOfRooms(building);
   struct Room {
@@ -120,6 +120,7 @@ void compareLengths(const Building& building, const SurveyedPackage& survey) {
       rooms.push_back({id, &entrances, &found->second});
   }
   fmt::print("rooms of both      {}; {} of the survey have no door here\n", rooms.size(), missing);
+  std::map<std::string, std::size_t> without;
   std::size_t pairs = 0;
   std::size_t joined = 0;
   std::vector<std::pair<double, std::string>> ratios;
@@ -133,6 +134,8 @@ void compareLengths(const Building& building, const SurveyedPackage& survey) {
       ++pairs;
       const double length = shortest(lengths, *rooms[k].derived);
       if (length == unknown) {
+        ++without[rooms[i].id];
+        ++without[rooms[k].id];
         ratios.emplace_back(-1.0, rooms[i].id + " to " + rooms[k].id);
         continue;
       }
@@ -142,6 +145,9 @@ void compareLengths(const Building& building, const SurveyedPackage& survey) {
                                       rooms[k].id, length, expected));
     }
   }
+  if (list)
+    for (const auto& [id, count] : without)
+      fmt::print("  without a way    {} to {} rooms\n", id, count);
   std::vector<double> values;
   for (const auto& [ratio, name] : ratios)
     if (ratio >= 0.0) values.push_back(ratio);
@@ -441,7 +447,7 @@ int compare(const std::vector<std::string>& arguments) {
   fmt::print("edges              {:.2f} times (surveyed + doors)\n",
              static_cast<double>(building.network.edges.size()) /
                  static_cast<double>(survey.network.edges + building.doors.size()));
-  compareLengths(building, survey);
+  compareLengths(building, survey, list);
   compareConnectors(building, survey, list);
   return 0;
 }

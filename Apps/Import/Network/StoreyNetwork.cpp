@@ -71,6 +71,7 @@ class Maker {
     addWalkwayPlaces();
     if (!source_) coverSpace(shape_, space_, draft_, attach);
     attach.finish();
+    rooms_.finish(draft_);
     if (!source_) {
       addShortcuts(space_, draft_);
       joinCrossings(draft_);
@@ -118,6 +119,7 @@ class Maker {
       bool known = false;
       const std::uint32_t node = nodeOfDoor(door, known);
       if (door.access == Access::nobody) continue;
+      for (const std::string& area : door.areas) doorsOf_.emplace(area, node);
       joinDoor(door, node, known);
     }
   }
@@ -131,16 +133,15 @@ class Maker {
     if (!known && (isWalked || door.areas.size() < 2)) joined = joinWalkway(node, doorReach);
     if (door.kind == DoorKind::emergency && joined) return;
     for (const std::string& id : door.areas)
-      if (const Area* room = rooms_.find(id)) rooms_.join(draft_, node, *room);
+      if (const Area* room = rooms_.find(id)) rooms_.join(node, *room);
   }
 
   // Hangs a connector or a place on the lines, or on the room in which it is.
   void join(std::uint32_t node, double within) {
     const Point position = draft_.nodes[node].position;
     const Area* room = space_.contains(position) ? nullptr : rooms_.at(position);
-    if (room != nullptr && rooms_.join(draft_, node, *room)) return;
-    if (joinWalkway(node, within)) return;
-    if (const Area* near = rooms_.near(position, within)) rooms_.join(draft_, node, *near);
+    if (room != nullptr) return rooms_.join(node, *room);
+    joinWalkway(node, within);
   }
 
   void addStops() {
@@ -170,7 +171,21 @@ class Maker {
     if (known)
       draft_.addEdge(node, *known, true);
     else
+      joinStop(node, stop);
+  }
+
+  // A connector behind doors is reached through them, any other where it meets a walkway or a room.
+  void joinStop(std::uint32_t node, const Stop& stop) {
+    const auto [first, last] = doorsOf_.equal_range(stop.area);
+    for (auto door = first; door != last; ++door) draft_.addRoomEdge(node, door->second);
+    if (first != last) return;
+    const Point position = draft_.nodes[node].position;
+    const Area* room = rooms_.near(position, doorReach);
+    if (space_.contains(position) || space_.clearance(position, stopReach) < stopReach ||
+        room == nullptr)
       join(node, stopReach);
+    else
+      rooms_.join(node, *room);
   }
 
   void addSpots() {
@@ -232,6 +247,7 @@ class Maker {
   Draft draft_;
   std::optional<SourceLines> source_;
   Attach* attach_ = nullptr;
+  std::multimap<std::string, std::uint32_t> doorsOf_;  // of each area
   std::map<std::uint32_t, bool> entered_;  // of the nodes that are only entered or only left
 };
 
