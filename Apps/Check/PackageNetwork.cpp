@@ -34,16 +34,11 @@ class Parts {
   std::vector<Number> parents_;
 };
 
-bool isRide(const Record& connector) {
-  const auto type = connector.text("type");
-  return type == "elevator" || type == "lift";
-}
-
 // Lifts, stairs and ramps are used in both directions; of other connectors, one-way paths tell the
 // direction.
 bool isTwoWay(const Record& connector) {
   const auto type = connector.text("type");
-  return isRide(connector) || type == "stairs" || type == "ramp";
+  return type == "elevator" || type == "lift" || type == "stairs" || type == "ramp";
 }
 
 bool isMarkedOneWay(const json::value& path) {
@@ -73,13 +68,6 @@ class Network {
     for (Number number = 0; number < nodes().size(); ++number)
       if (nodes()[number].kept && paths_[number].empty() && !hasIncoming_[number])
         checkLonely(number);
-  }
-
-  void checkConnectors() const {
-    std::vector<const Record*> withinFloor;
-    for (const Record& connector : records_[RecordKind::vortex].records)
-      if (connector.kept && isWithinFloor(connector)) withinFloor.push_back(&connector);
-    if (!withinFloor.empty()) addWithinFloor(withinFloor);
   }
 
   void checkPlaces() {
@@ -191,53 +179,6 @@ class Network {
     findings_.add(std::move(finding));
   }
 
-  // Reports connectors that join nothing. Returns whether all nodes are on one floor, as of short
-  // flights of steps.
-  bool isWithinFloor(const Record& connector) const {
-    std::vector<Number> found;
-    bool isOnOneFloor = true;
-    for (const json::value& element : elementsOf(connector, "nodes"))
-      if (const auto number = numberOf(identifierIn(element, ""))) {
-        found.push_back(*number);
-        isOnOneFloor =
-            isOnOneFloor && nodes()[*number].text("map") == nodes()[found.front()].text("map");
-      }
-    if (!isOnOneFloor) return false;
-    std::sort(found.begin(), found.end());
-    found.erase(std::unique(found.begin(), found.end()), found.end());
-    if (found.size() > 1 && !isRide(connector)) return true;
-    addOneFloor(connector, found);
-    return false;
-  }
-
-  void addOneFloor(const Record& connector, const std::vector<Number>& found) const {
-    Finding finding =
-        records_.findingAbout(connector, Severity::warning, "connector-with-one-floor", "nodes");
-    if (found.empty()) {
-      finding.message = "The connector has no nodes.";
-    } else {
-      finding.message =
-          fmt::format("All nodes of the connector are on the floor \"{}\".", finding.map);
-    }
-    finding.effect = "No route uses it to change floors.";
-    finding.advice =
-        "List a node on each floor in \"nodes\", and check the \"map\" of these nodes.";
-    findings_.add(std::move(finding));
-  }
-
-  void addWithinFloor(const std::vector<const Record*>& connectors) const {
-    Finding finding =
-        records_.findingAbout(*connectors.front(), Severity::info, "connector-within-floor");
-    finding.message = fmt::format(
-        "{} join{} nodes of the same floor, as a short flight of steps does. This one is the "
-        "first.",
-        connectors.size() == 1 ? "One connector" : fmt::format("{} connectors", connectors.size()),
-        connectors.size() == 1 ? "s" : "");
-    finding.effect = "Routes use them within the floor.";
-    finding.advice = "If one leads to another floor, check the \"map\" of its nodes.";
-    findings_.add(std::move(finding));
-  }
-
   std::optional<Number> nodeOf(const Record& place) const {
     for (const json::value& element : elementsOf(place, "nodes"))
       if (const auto number = numberOf(identifierIn(element, "node"))) return number;
@@ -298,7 +239,6 @@ void checkNetwork(const PackageRecords& records, Findings& findings) {
   Network network(records, findings);
   network.checkPaths();
   network.checkNodes();
-  network.checkConnectors();
   network.checkPlaces();
 }
 
