@@ -214,7 +214,8 @@ struct Edge {
   bool oneWay = false;  ///< only from `from` to `to`
 };
 
-/// The walking network. Edges never cross a wall and join nodes of one storey.
+/// The walking network. Edges never cross a wall. They join nodes of one storey, or of two storeys
+/// at one height.
 struct Network {
   std::vector<Node> nodes;
   std::vector<Edge> edges;
