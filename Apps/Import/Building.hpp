@@ -214,8 +214,7 @@ struct Edge {
   bool oneWay = false;  ///< only from `from` to `to`
 };
 
-/// The walking network. Edges never cross a wall. They join nodes of one storey, or of two storeys
-/// at one height.
+/// The walking network. Edges never cross a wall; they join nodes of one storey or one height.
 struct Network {
   std::vector<Node> nodes;
   std::vector<Edge> edges;
