@@ -9,6 +9,7 @@
 #include "Apps/Import/Connectors/FromLines.hpp"
 #include "Apps/Import/Connectors/Pairing.hpp"
 #include "Apps/Import/Connectors/Stops.hpp"
+#include "Apps/Import/Geometry/AreaIndex.hpp"
 #include "Apps/Import/Geometry/Shapes.hpp"
 #include "Apps/Import/Stages.hpp"
 
@@ -85,18 +86,22 @@ class ConnectorMaker {
     }
   }
 
-  std::size_t pieceAt(ConnectorKind kind, const Spot& spot) const {
+  std::size_t pieceAt(ConnectorKind kind, const Spot& spot) {
     constexpr double beside = 0.8;
+    const AreaIndex& index =
+        indexes_
+            .try_emplace(spot.level, building_, spot.level,
+                         [](const Area& area) { return pieceOf(area).has_value(); })
+            .first->second;
     std::size_t best = pieces_.size();
     double nearest = beside;
-    for (std::size_t i = 0; i < pieces_.size(); ++i) {
-      const Piece& piece = pieces_[i];
-      if (piece.area == nullptr || piece.kind != kind || piece.level != spot.level) continue;
-      if (package::distance(piece.box.center, spot.position) > piece.box.length + beside) continue;
-      const double away = distanceTo(piece.area->shape, spot.position);
+    for (const Area* area : index.near(spot.position, beside)) {
+      const auto piece = byArea_.find(area->id);
+      if (piece == byArea_.end() || pieces_[piece->second].kind != kind) continue;
+      const double away = distanceTo(area->shape, spot.position);
       if (away >= nearest) continue;
       nearest = away;
-      best = i;
+      best = piece->second;
     }
     return best;
   }
@@ -184,6 +189,7 @@ class ConnectorMaker {
   std::map<std::string, const Place*> places_;  // with names of their own
   std::vector<Piece> pieces_;
   std::map<std::string, std::size_t> byArea_;
+  std::map<double, AreaIndex> indexes_;                     // of the areas of connectors
   std::map<std::string, std::vector<std::size_t>> hinted_;  // by hint
   std::vector<Connector> made_;
   std::set<std::string> taken_;

@@ -52,7 +52,7 @@ boost::json::object pictureOf(const Category& category) {
 
 void writeSigns(const boost::json::array& categories, const std::filesystem::path& folder) {
   for (const Category& category : allCategories()) {
-    const std::string id = fmt::format("cat-{}", category.id);
+    const boost::json::value id(fmt::format("cat-{}", category.id));
     const auto symbol = package::symbolOf(symbolNameOf(category.id));
     bool used = false;
     for (const boost::json::value& record : categories) used = used || record.at("id") == id;

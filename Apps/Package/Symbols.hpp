@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Apps/DemoVenue/Shapes.hpp"
+#include "Apps/Package/Geometry.hpp"
 
 namespace orivanta::package {
 

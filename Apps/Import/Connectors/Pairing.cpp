@@ -20,6 +20,7 @@ constexpr double leastOverlap = 0.2;  // of the smaller piece
 constexpr double longestGap = 8.0;    // between flights in line
 constexpr double touchingGap = 1.2;   // between ends that touch
 constexpr double sidewaysOffset = 1.0;
+constexpr std::size_t mostCandidates = 300;
 
 struct Pair {
   int rank = 0;        // 0 overlap, 1 touch, 2 in line
@@ -103,6 +104,8 @@ class CellIndex {
       for (long y = low.second; y <= high.second; ++y)
         if (const auto cell = cells_.find({x, y}); cell != cells_.end())
           found.insert(found.end(), cell->second.begin(), cell->second.end());
+    // More pieces in one place are damage, which must not take quadratic time.
+    if (found.size() > mostCandidates) found.resize(mostCandidates);
     return found;
   }
 

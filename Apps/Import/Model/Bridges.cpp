@@ -37,8 +37,12 @@ bool blocks(const Outline& ring, Point from, Point to) {
 std::size_t nearestInSight(const Outline& ring, Point start, const std::vector<Outline>& holes) {
   std::vector<std::pair<double, std::size_t>> order;
   for (std::size_t i = 0; i < ring.size(); ++i) order.emplace_back(distance(ring[i], start), i);
-  std::sort(order.begin(), order.end());
-  for (const auto& [away, i] : order) {
+  constexpr std::size_t tried = 24;
+  const auto last = order.begin() + static_cast<std::ptrdiff_t>(std::min(tried, order.size()));
+  std::partial_sort(order.begin(), last, order.end());
+  for (auto entry = order.begin(); entry != order.end(); ++entry) {
+    if (entry == last) std::sort(last, order.end());
+    const std::size_t i = entry->second;
     const Point before = ring[(i + ring.size() - 1) % ring.size()];
     const Point after = ring[(i + 1) % ring.size()];
     if (!withinCorner(before, ring[i], after, start) || blocks(ring, ring[i], start)) continue;
