@@ -31,7 +31,10 @@ importer::Findings checkPackage(const std::filesystem::path& folder, Depth depth
   checkLinks(records, findings);
   checkExtras(records, findings);
   checkFiles(records, findings);
-  if (records[RecordKind::node].document) checkNetwork(records, findings);
+  if (records[RecordKind::node].document) {
+    checkNetwork(records, findings);
+    checkConnectors(records, findings);
+  }
   if (depth == Depth::all) checkModels(records, findings);
   return findings;
 }

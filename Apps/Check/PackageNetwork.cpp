@@ -34,16 +34,11 @@ class Parts {
   std::vector<Number> parents_;
 };
 
-bool isRide(const Record& connector) {
-  const auto type = connector.text("type");
-  return type == "elevator" || type == "lift";
-}
-
 // Lifts, stairs and ramps are used in both directions; of other connectors, one-way paths tell the
 // direction.
 bool isTwoWay(const Record& connector) {
   const auto type = connector.text("type");
-  return isRide(connector) || type == "stairs" || type == "ramp";
+  return type == "elevator" || type == "lift" || type == "stairs" || type == "ramp";
 }
 
 bool isMarkedOneWay(const json::value& path) {
@@ -64,8 +59,7 @@ class Network {
       for (const Path& path : paths_[from]) {
         const bool leadsBack = hasPath(path.to, from);
         if (!path.meant && !leadsBack) addOneWay(from, path.to);
-        if (nodes()[from].text("map") != nodes()[path.to].text("map") &&
-            (from < path.to || !leadsBack))
+        if (elevationOf(from) != elevationOf(path.to) && (from < path.to || !leadsBack))
           addBetweenFloors(from, path.to);
       }
   }
@@ -76,21 +70,12 @@ class Network {
         checkLonely(number);
   }
 
-  void checkConnectors() const {
-    std::vector<const Record*> withinFloor;
-    for (const Record& connector : records_[RecordKind::vortex].records)
-      if (connector.kept && isWithinFloor(connector)) withinFloor.push_back(&connector);
-    if (!withinFloor.empty()) addWithinFloor(withinFloor);
-  }
-
   void checkPlaces() {
     const auto places = placesByPart();
-    const auto main = std::max_element(
-        places.begin(), places.end(),
-        [](const auto& first, const auto& second) { return first.second < second.second; });
     if (places.size() < 2) return;
+    const auto main = mainPart(places);
     for (const Record& place : records_[RecordKind::location].records)
-      if (place.kept) checkPlace(place, main->first);
+      if (place.kept) checkPlace(place, main);
   }
 
  private:
@@ -141,6 +126,12 @@ class Network {
     }
   }
 
+  // Floors at the same elevation, such as one indoors and one outdoors, may be joined by paths.
+  double elevationOf(Number node) const {
+    const Record* map = records_.find(RecordKind::map, nodes()[node].text("map").value_or(""));
+    return map != nullptr ? map->numberIn("elevation").value_or(0.0) : 0.0;
+  }
+
   bool hasPath(Number from, Number to) const {
     const auto& list = paths_[from];
     const auto found = std::lower_bound(
@@ -188,53 +179,6 @@ class Network {
     findings_.add(std::move(finding));
   }
 
-  // Reports connectors that join nothing. Returns whether all nodes are on one floor, as of short
-  // flights of steps.
-  bool isWithinFloor(const Record& connector) const {
-    std::vector<Number> found;
-    bool isOnOneFloor = true;
-    for (const json::value& element : elementsOf(connector, "nodes"))
-      if (const auto number = numberOf(identifierIn(element, ""))) {
-        found.push_back(*number);
-        isOnOneFloor =
-            isOnOneFloor && nodes()[*number].text("map") == nodes()[found.front()].text("map");
-      }
-    if (!isOnOneFloor) return false;
-    std::sort(found.begin(), found.end());
-    found.erase(std::unique(found.begin(), found.end()), found.end());
-    if (found.size() > 1 && !isRide(connector)) return true;
-    addOneFloor(connector, found);
-    return false;
-  }
-
-  void addOneFloor(const Record& connector, const std::vector<Number>& found) const {
-    Finding finding =
-        records_.findingAbout(connector, Severity::warning, "connector-with-one-floor", "nodes");
-    if (found.empty()) {
-      finding.message = "The connector has no nodes.";
-    } else {
-      finding.message =
-          fmt::format("All nodes of the connector are on the floor \"{}\".", finding.map);
-    }
-    finding.effect = "No route uses it to change floors.";
-    finding.advice =
-        "List a node on each floor in \"nodes\", and check the \"map\" of these nodes.";
-    findings_.add(std::move(finding));
-  }
-
-  void addWithinFloor(const std::vector<const Record*>& connectors) const {
-    Finding finding =
-        records_.findingAbout(*connectors.front(), Severity::info, "connector-within-floor");
-    finding.message = fmt::format(
-        "{} join{} nodes of the same floor, as a short flight of steps does. This one is the "
-        "first.",
-        connectors.size() == 1 ? "One connector" : fmt::format("{} connectors", connectors.size()),
-        connectors.size() == 1 ? "s" : "");
-    finding.effect = "Routes use them within the floor.";
-    finding.advice = "If one leads to another floor, check the \"map\" of its nodes.";
-    findings_.add(std::move(finding));
-  }
-
   std::optional<Number> nodeOf(const Record& place) const {
     for (const json::value& element : elementsOf(place, "nodes"))
       if (const auto number = numberOf(identifierIn(element, "node"))) return number;
@@ -246,6 +190,21 @@ class Network {
     for (const Record& place : records_[RecordKind::location].records)
       if (const auto node = nodeOf(place); node && place.kept) ++places[parts_.of(*node)];
     return places;
+  }
+
+  // The part with most places; of several, the one with the first place in the file.
+  Number mainPart(const std::unordered_map<Number, std::size_t>& places) {
+    Number main = 0;
+    std::size_t most = 0;
+    for (const Record& place : records_[RecordKind::location].records) {
+      const auto node = place.kept ? nodeOf(place) : std::nullopt;
+      const Number part = node ? parts_.of(*node) : 0;
+      if (node && places.at(part) > most) {
+        main = part;
+        most = places.at(part);
+      }
+    }
+    return main;
   }
 
   void checkPlace(const Record& place, Number main) {
@@ -280,7 +239,6 @@ void checkNetwork(const PackageRecords& records, Findings& findings) {
   Network network(records, findings);
   network.checkPaths();
   network.checkNodes();
-  network.checkConnectors();
   network.checkPlaces();
 }
 

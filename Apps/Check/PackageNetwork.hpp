@@ -5,8 +5,12 @@
 
 namespace orivanta::check {
 
-/// Reports paths without a way back, nodes without paths, connectors that lead nowhere, and places
-/// that no path joins with the others. Takes time proportional to the number of paths.
+/// Reports paths without a way back or between floors, nodes without paths, and places that no path
+/// joins with most others. Takes time proportional to the number of paths.
 void checkNetwork(const PackageRecords& records, Findings& findings);
+
+/// Reports connectors that do not join floors, and those that accessible routes do not use because
+/// of their position in the file.
+void checkConnectors(const PackageRecords& records, Findings& findings);
 
 }  // namespace orivanta::check

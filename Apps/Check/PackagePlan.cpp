@@ -141,7 +141,8 @@ class FloorDrawing {
       if (finding.map != map || !finding.position) continue;
       marks += fmt::format(
           "<a href=\"#finding-{0}\"><circle cx=\"{1:.2f}\" cy=\"{2:.2f}\" r=\"{3:.2f}\" "
-          "fill=\"{4}\" stroke=\"#fff\"/><text x=\"{1:.2f}\" y=\"{2:.2f}\" dy=\".35em\" text-anchor=\"middle\" "
+          "fill=\"{4}\" stroke=\"#fff\"/><text x=\"{1:.2f}\" y=\"{2:.2f}\" dy=\".35em\" "
+          "text-anchor=\"middle\" "
           "font-family=\"sans-serif\" font-size=\"{3:.2f}\" fill=\"#fff\">{0}</text></a>\n",
           index + 1, finding.position->x, -finding.position->y, radius,
           colors[static_cast<std::size_t>(finding.severity)]);

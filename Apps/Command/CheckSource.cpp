@@ -1,7 +1,6 @@
 #include "Apps/Command/CheckSource.hpp"
 
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 
 #include <algorithm>
 #include <exception>
@@ -10,6 +9,7 @@
 #include "Apps/Check/PackagePlan.hpp"
 #include "Apps/Command/FindingTexts.hpp"
 #include "Apps/Command/Output.hpp"
+#include "Apps/Command/ProgressLine.hpp"
 #include "Apps/Import/Import.hpp"
 #include "Apps/Import/Report.hpp"
 #include "Apps/Import/SourceError.hpp"
@@ -71,29 +71,28 @@ ExitCode checkPackages(const std::vector<fs::path>& packages, const CheckOptions
 }
 
 ExitCode checkFiles(const CheckOptions& options) try {
-  importer::Options import;
-  import.sources = options.paths;
   importer::Findings findings;
-  const importer::Building building = importer::importBuilding(import, findings);
-  std::vector<std::string> names;
-  for (const fs::path& path : options.paths) names.push_back(path.string());
-  const std::string source = fmt::format("{}", fmt::join(names, " "));
+  const importer::Building building =
+      importer::importBuilding(importerOptions(options.import), findings);
+  ProgressLine::standardError().clear();
+  const std::string source = sourceNames(options.import);
   if (options.html)
     writeReport(importer::buildingReport(building, findings, source), *options.html);
   return print(findings, source, options);
 } catch (const importer::SourceError& error) {
+  ProgressLine::standardError().clear();
   throw CommandError(ExitCode::unreadableSource, error.what());
 }
 
 }  // namespace
 
 ExitCode checkSource(const CheckOptions& options) {
-  for (const fs::path& path : options.paths) {
+  for (const fs::path& path : options.import.sources) {
     std::error_code ignored;
     if (!fs::exists(path, ignored))
       throw CommandError(ExitCode::wrongUse, path.string() + ": no such file or folder");
   }
-  const std::vector<fs::path> packages = packagesAt(options.paths);
+  const std::vector<fs::path> packages = packagesAt(options.import.sources);
   return packages.empty() ? checkFiles(options) : checkPackages(packages, options);
 }
 

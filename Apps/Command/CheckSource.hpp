@@ -7,12 +7,14 @@
 #include <vector>
 
 #include "Apps/Command/CommandError.hpp"
+#include "Apps/Command/ImportBuilding.hpp"
 
 namespace orivanta::command {
 
 struct CheckOptions {
-  /// Venue packages, folders that contain them, or the files of one source.
-  std::vector<std::filesystem::path> paths;
+  /// Its `sources` are venue packages, folders that contain them, or the files of one source. For
+  /// a source, its choices apply, but nothing is written.
+  ImportOptions import;
   std::optional<std::string> html;  ///< a file for the report
   bool strict = false;              ///< warnings count as violations
   bool json = false;

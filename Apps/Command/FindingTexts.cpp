@@ -27,8 +27,7 @@ std::string_view wordFor(importer::Severity severity) {
 }
 
 auto groupOf(const Finding& finding) {
-  return std::tuple(-static_cast<int>(finding.severity), std::string_view(finding.rule),
-                    std::string_view(finding.effect));
+  return std::tuple(-static_cast<int>(finding.severity), std::string_view(finding.rule));
 }
 
 using Iterator = std::vector<Finding>::const_iterator;
@@ -52,17 +51,22 @@ std::string groupText(Iterator first, Iterator last) {
   const auto count = static_cast<std::size_t>(last - first);
   std::string text = line(0, fmt::format("{}: {}{}", wordFor(first->severity), first->rule,
                                          count == 1 ? "" : fmt::format(" ({})", count)));
-  const bool sameAdvice = std::all_of(
-      first, last, [&](const Finding& finding) { return finding.advice == first->advice; });
+  const auto areEqual = [&](std::string Finding::*member) {
+    return std::all_of(first, last,
+                       [&](const Finding& finding) { return finding.*member == (*first).*member; });
+  };
+  const bool sameEffect = areEqual(&Finding::effect);
+  const bool sameAdvice = areEqual(&Finding::advice);
   for (auto finding = first; finding != last; ++finding) {
     if (static_cast<std::size_t>(finding - first) == listed) {
       text += line(2, fmt::format("and {} more; --json lists all", count - listed));
       break;
     }
     text += line(2, placeOf(*finding) + finding->message);
+    if (!sameEffect) text += line(4, "Effect: " + finding->effect);
     if (!sameAdvice) text += line(4, "-> " + finding->advice);
   }
-  if (!first->effect.empty()) text += line(2, "Effect: " + first->effect);
+  if (sameEffect && !first->effect.empty()) text += line(2, "Effect: " + first->effect);
   if (sameAdvice && !first->advice.empty()) text += line(2, "-> " + first->advice);
   return text + '\n';
 }

@@ -188,7 +188,8 @@ Examples:
 inline constexpr const char* checkFooter = R"(
 For a package, finds records, references and files that are not used, paths without a way back,
 rooms that no route reaches, and the like. For an IMDF archive, an OpenStreetMap extract and the
-other sources of `orivanta import`, prints what an import would report, and writes nothing.
+other sources of `orivanta import`, prints what an import with the same options would report, and
+writes nothing.
 
 Each finding has a severity. A violation means that a part of the data is lost; a warning, that
 something is probably not meant so. With --json, each line is an object with the members "source",

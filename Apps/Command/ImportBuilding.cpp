@@ -92,30 +92,6 @@ void showProgress(std::string_view stage, double share) {
                                      ProgressLine::Clock::now());
 }
 
-importer::Options optionsOf(const ImportOptions& given) {
-  importer::Options options;
-  options.sources = given.sources;
-  if (given.format)
-    for (const auto& [name, format] : formats)
-      if (name == *given.format) options.format = format;
-  options.building = given.building;
-  if (given.bounds) options.bounds = boundsOf(*given.bounds);
-  for (const std::string& list : given.languages)
-    for (const std::string& language : splitAtCommas(list))
-      if (!language.empty()) options.languages.push_back(lowerCase(language));
-  for (const std::string& shift : given.levelShifts)
-    options.levelShifts.insert(levelShiftOf(shift));
-  options.storeyHeight = given.storeyHeight;
-  options.network = given.network == "source"   ? importer::NetworkChoice::source
-                    : given.network == "derive" ? importer::NetworkChoice::derive
-                                                : importer::NetworkChoice::automatic;
-  options.doors =
-      given.doors == "strict" ? importer::DoorChoice::strict : importer::DoorChoice::guess;
-  if (given.fixes) options.fixes = *given.fixes;
-  if (!given.quiet) options.progress = showProgress;
-  return options;
-}
-
 // Keeps Ctrl+C from ending the program before a folder is complete or removed.
 class SignalsHeld {
  public:
@@ -139,12 +115,6 @@ void write(const importer::Building& building, const ImportOptions& options) try
   importer::writePackage(building, options.output);
 } catch (const std::exception& error) {
   throw CommandError(ExitCode::outputFailed, error.what());
-}
-
-std::string sourceNames(const ImportOptions& options) {
-  std::vector<std::string> names;
-  for (const auto& source : options.sources) names.push_back(source.string());
-  return fmt::format("{}", fmt::join(names, " "));
 }
 
 void writeReport(const importer::Building& building, const importer::Findings& findings,
@@ -181,7 +151,7 @@ std::string summaryJson(const importer::Summary& summary, const ImportOptions& o
 
 importer::Building readBuilding(const ImportOptions& options, importer::Findings& findings) try {
   importer::checkTarget(options.output);
-  return importer::importBuilding(optionsOf(options), findings);
+  return importer::importBuilding(importerOptions(options), findings);
 } catch (const importer::SourceError& error) {
   throw CommandError(ExitCode::unreadableSource, error.what());
 } catch (const CommandError&) {
@@ -191,6 +161,36 @@ importer::Building readBuilding(const ImportOptions& options, importer::Findings
 }
 
 }  // namespace
+
+importer::Options importerOptions(const ImportOptions& given) {
+  importer::Options options;
+  options.sources = given.sources;
+  if (given.format)
+    for (const auto& [name, format] : formats)
+      if (name == *given.format) options.format = format;
+  options.building = given.building;
+  if (given.bounds) options.bounds = boundsOf(*given.bounds);
+  for (const std::string& list : given.languages)
+    for (const std::string& language : splitAtCommas(list))
+      if (!language.empty()) options.languages.push_back(lowerCase(language));
+  for (const std::string& shift : given.levelShifts)
+    options.levelShifts.insert(levelShiftOf(shift));
+  options.storeyHeight = given.storeyHeight;
+  options.network = given.network == "source"   ? importer::NetworkChoice::source
+                    : given.network == "derive" ? importer::NetworkChoice::derive
+                                                : importer::NetworkChoice::automatic;
+  options.doors =
+      given.doors == "strict" ? importer::DoorChoice::strict : importer::DoorChoice::guess;
+  if (given.fixes) options.fixes = *given.fixes;
+  if (!given.quiet) options.progress = showProgress;
+  return options;
+}
+
+std::string sourceNames(const ImportOptions& options) {
+  std::vector<std::string> names;
+  for (const auto& source : options.sources) names.push_back(source.string());
+  return fmt::format("{}", fmt::join(names, " "));
+}
 
 std::vector<std::string> importFormats() {
   std::vector<std::string> names;

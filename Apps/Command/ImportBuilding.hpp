@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Apps/Command/CommandError.hpp"
+#include "Apps/Import/Options.hpp"
 
 namespace orivanta::command {
 
@@ -28,6 +29,13 @@ struct ImportOptions {
   bool json = false;
   bool quiet = false;  ///< no progress
 };
+
+/// Returns the choices in the form of the importer, with a progress line on standard error unless
+/// `quiet` is set. Throws `CommandError` if a text cannot be used.
+importer::Options importerOptions(const ImportOptions& options);
+
+/// The names of the sources, separated by spaces.
+std::string sourceNames(const ImportOptions& options);
 
 /// The names of the formats, such as "imdf".
 std::vector<std::string> importFormats();

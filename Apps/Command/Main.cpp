@@ -290,10 +290,11 @@ void addView(CLI::App& app, CommandLine& line) {
   });
 }
 
-void addImportChoices(CLI::App& command, ImportOptions& options) {
+void addImportChoices(CLI::App& command, ImportOptions& options, const char* group) {
   const auto add = [&](const char* name, auto& value, const char* purpose, const char* type) {
-    return command.add_option(name, value, purpose)->type_name(type);
+    return command.add_option(name, value, purpose)->type_name(type)->group(group);
   };
+  add("--fixes", options.fixes, "Corrections that outlive a new import", "FILE");
   add("--format", options.format,
       "imdf, osm-xml, osm-pbf, overpass-json, osm-geojson, indoorgml or "
       "stations; recognized by default",
@@ -332,9 +333,7 @@ void addImport(CLI::App& app, CommandLine& line) {
   command.add_option("-o,--output", options.output, "Venue package to write or to replace")
       ->required()
       ->type_name("FOLDER");
-  addImportChoices(command, options);
-  command.add_option("--fixes", options.fixes, "Corrections that outlive a new import, see below")
-      ->type_name("FILE");
+  addImportChoices(command, options, "Options");
   command.add_option("--report", options.report, "Write what to look at, with plans")
       ->type_name("FILE.html");
   command.add_flag("--strict", options.strict, "Write nothing if there is something to look at");
@@ -415,16 +414,23 @@ void addCheck(CLI::App& app, CommandLine& line) {
   auto& command = *app.add_subcommand("check", "Find the mistakes in a package or a source");
   command.footer(help::checkFooter);
   command
-      .add_option("PATH", options.paths,
+      .add_option("PATH", options.import.sources,
                   "Venue packages, folders of them, or the files of a source to import")
       ->required()
       ->type_name("");
   command.add_option("--html", options.html, "Write a report with a plan of each storey")
       ->type_name("FILE.html");
   command.add_flag("--strict", options.strict, "Exit with code 1 also for warnings");
-  command.add_flag("--json", options.json, "Print a line of JSON for each finding");
-  command.callback(
-      [&line, &options] { line.chosen = [&options] { return checkSource(options); }; });
+  command.add_flag("--json", line.json, "Print a line of JSON for each finding");
+  addQuiet(command, line.connection);
+  addImportChoices(command, options.import, "Sources");
+  command.callback([&line, &options] {
+    line.chosen = [&line, &options] {
+      options.json = line.json;
+      options.import.quiet = line.connection.quiet;
+      return checkSource(options);
+    };
+  });
 }
 
 void addPublish(CLI::App& app, CommandLine& line) {

@@ -7,9 +7,9 @@
 #include <set>
 
 #include "Apps/DemoVenue/Pictures.hpp"
-#include "Apps/DemoVenue/Symbols.hpp"
 #include "Apps/DemoVenue/Units.hpp"
 #include "Apps/Package/Records.hpp"
+#include "Apps/Package/Symbols.hpp"
 #include "Apps/Package/TextFile.hpp"
 
 namespace orivanta::demo {
@@ -132,7 +132,7 @@ json::object locationRecord(const Place& place, const Category& category) {
   record["type"] = text(category.type);
   record["description"] = text(place.description);
   record["categories"] = json::array{"cat-" + std::string(category.id)};
-  if (!symbolOf(category.id).empty()) record["picture"] = pictureOf(category);
+  if (!package::symbolOf(category.id).empty()) record["picture"] = pictureOf(category);
   if (!category.openingHours.empty()) record["hours"] = text(category.openingHours);
   record["nodes"] = json::array();
   record["polygons"] = json::array();

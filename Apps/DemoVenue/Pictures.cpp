@@ -5,8 +5,9 @@
 #include <string>
 
 #include "Apps/DemoVenue/Palette.hpp"
-#include "Apps/DemoVenue/Symbols.hpp"
 #include "Apps/Package/Picture.hpp"
+#include "Apps/Package/Sign.hpp"
+#include "Apps/Package/Symbols.hpp"
 
 namespace orivanta::demo {
 
@@ -108,33 +109,6 @@ Picture cover(const Plan& plan) {
   return picture;
 }
 
-// A category's symbol on a disc, surrounded by orbits.
-Picture sign(Color ground, std::span<const Mark> symbol, int width) {
-  Picture picture(width, width / 2, ground);
-  const double unit = width / 4.0;
-  const Point middle = {2 * unit, unit};
-  const auto circleOf = [&](double radius, double line, Color look) {
-    const double reach = (radius + line) * unit;
-    picture.paint(
-        middle - Point{reach, reach}, middle + Point{reach, reach},
-        [=](Point point) {
-          return std::abs(distance(point, middle) - radius * unit) - line * unit;
-        },
-        look);
-  };
-  for (const double radius : {1.08, 1.46, 1.9})
-    circleOf(radius, 0.012, mixed(ground, palette::night, 0.12));
-  const Color paper = mixed(ground, color(0xFFFCF4), 0.78);
-  circleOf(0.0, 0.8, paper);
-  const double scale = 0.92 * unit;
-  for (const Mark& mark : symbol)
-    picture.paint(
-        middle + mark.least * scale - Point{1.0, 1.0}, middle + mark.most * scale + Point{1.0, 1.0},
-        [&](Point point) { return mark.distance((point - middle) * (1.0 / scale)) * scale; },
-        mark.tone == Tone::dark ? palette::night : paper);
-  return picture;
-}
-
 }  // namespace
 
 void writeTextures(const std::filesystem::path& folder) {
@@ -160,10 +134,10 @@ std::string signName(std::string_view category, const Rendition& rendition) {
 
 void writeSigns(const Plan& plan, const std::filesystem::path& folder) {
   for (const Category& category : plan.categories) {
-    const auto symbol = symbolOf(category.id);
+    const auto symbol = package::symbolOf(category.id);
     if (symbol.empty()) continue;
     for (const Rendition& rendition : renditions)
-      sign(categoryColor(plan, category.id), symbol, rendition.width)
+      package::makeSign(categoryColor(plan, category.id), palette::night, symbol, rendition.width)
           .write(folder / signName(category.id, rendition));
   }
 }

@@ -214,7 +214,7 @@ struct Edge {
   bool oneWay = false;  ///< only from `from` to `to`
 };
 
-/// The walking network. Edges never cross a wall and join nodes of one storey.
+/// The walking network. Edges never cross a wall; they join nodes of one storey or one height.
 struct Network {
   std::vector<Node> nodes;
   std::vector<Edge> edges;

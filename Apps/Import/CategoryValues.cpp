@@ -186,7 +186,7 @@ constexpr Values tags[] = {
 // Categories of IMDF and words of IndoorGML and of other sources.
 constexpr Values words[] = {
     {"shopping",
-     "retail shop store shopping rental.retail kiosk.retail retaildepartment "
+     "b001 f025 retail shop store shopping rental.retail kiosk.retail retaildepartment "
      "concessions retailstore arcade"},
     {"department", "departmentstore shoppingcenter mall"},
     {"clothing",

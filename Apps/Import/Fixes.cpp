@@ -96,13 +96,12 @@ class Corrector {
           "Check whether the source has changed, and correct or remove the entry.");
       return;
     }
+    // The kind of an area decides which kind of connector it joins.
+    if (const json::value* kind = value.get_object().if_contains("kind")) applyKind(*kind);
     for (const auto& member : value.get_object()) {
       const std::string_view key(member.key().data(), member.key().size());
-      if (key == "note" || key == "kind") continue;
-      applyMember(key, member.value());
+      if (key != "note" && key != "kind") applyMember(key, member.value());
     }
-    // The kind decides what the other members apply to.
-    if (const json::value* kind = value.get_object().if_contains("kind")) applyKind(*kind);
   }
 
   void finish() {
@@ -320,10 +319,10 @@ class Corrector {
 
 }  // namespace
 
-void applyFixes(Building& building, const std::string& json, const std::string& name,
+void applyFixes(Building& building, const std::string& text, const std::string& name,
                 Findings& findings) {
   json::error_code error;
-  const json::value value = json::parse(json, error);
+  const json::value value = json::parse(text, error);
   if (error)
     throw SourceError(
         fmt::format("{}: not JSON: {}; corrections are a JSON object from "

@@ -24,10 +24,10 @@
 
 namespace orivanta::importer {
 
-/// Applies the corrections in `json`, the contents of the file `name`, to what a reader has read.
+/// Applies the corrections in `text`, the contents of the file `name`, to what a reader has read.
 /// Unknown identifiers, unknown members and unusable values are reported as findings and have no
 /// effect. Throws `SourceError` if the text is no JSON object.
-void applyFixes(Building& building, const std::string& json, const std::string& name,
+void applyFixes(Building& building, const std::string& text, const std::string& name,
                 Findings& findings);
 
 /// A file of corrections with an entry for each record that the findings concern. The entries have

@@ -203,7 +203,8 @@ class PlanWriter {
     put("<g fill=\"{}\" text-anchor=\"middle\">\n", hex(palette::text));
     for (const Area& area : building_.areas) {
       const Place* place = area.level == level_ ? placeOf(area) : nullptr;
-      if (place != nullptr && !place->names.generated && !area.shape.empty())
+      if (place != nullptr && !place->names.generated && !area.shape.empty() &&
+          area.kind == AreaKind::room)
         drawName(place->names.name, area);
     }
     text_ += "</g>\n";

@@ -20,6 +20,7 @@ constexpr std::array stages = {
     Stage{"repairing shapes", repairShapes},    Stage{"arranging storeys", arrangeStoreys},
     Stage{"arranging places", arrangePlaces},   Stage{"joining doors", joinDoors},
     Stage{"making connectors", makeConnectors}, Stage{"making the walking network", makeNetwork},
+    Stage{"joining storeys", joinStoreys},
 };
 
 }  // namespace

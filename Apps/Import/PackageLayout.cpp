@@ -84,6 +84,17 @@ std::string asSlug(std::string_view text) {
   return slug.substr(0, 60);
 }
 
+// The identifier with only letters, digits, periods and hyphens.
+std::string asFileName(std::string_view id) {
+  std::string name(id.substr(0, 80));
+  for (char& c : name) {
+    const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+                       c == '.' || c == '-';
+    if (!plain) c = '-';
+  }
+  return name.empty() || name.front() == '.' ? "floor" + name : name;
+}
+
 }  // namespace
 
 PackageLayout::PackageLayout(const Building& building) : building_(&building) {
@@ -100,8 +111,7 @@ PackageLayout::PackageLayout(const Building& building) : building_(&building) {
   for (const Storey& storey : building.storeys) {
     maps_.push_back(&storey);
     byLevel_.emplace(storey.ordinal, &storey);
-    std::string file = asSlug(storey.id);
-    if (file.empty()) file = "floor";
+    std::string file = asFileName(storey.id);
     while (!taken.insert(file).second) file += "-2";
     files_.emplace(storey.ordinal, file);
   }

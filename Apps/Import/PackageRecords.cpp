@@ -62,7 +62,7 @@ json::array mapRecords(const PackageLayout& layout) {
   return records;
 }
 
-json::array nodeRecords(const PackageLayout& layout) {
+json::array nodeRecords(const PackageLayout& layout, const NodeLookup& lookup) {
   const Network& network = layout.building().network;
   std::vector<std::set<std::string>> paths(network.nodes.size());
   for (const Edge& edge : network.edges) {
@@ -71,6 +71,7 @@ json::array nodeRecords(const PackageLayout& layout) {
   }
   json::array records;
   for (std::size_t i = 0; i < network.nodes.size(); ++i) {
+    if (!lookup.written()[i]) continue;
     const Node& node = network.nodes[i];
     json::object record = {{"id", packageId(node.id)},
                            {"map", layout.mapAt(node.level)},
@@ -193,7 +194,7 @@ PackageRecords makeRecords(const PackageLayout& layout) {
   records.venue = venueRecord(layout);
   records.maps = mapRecords(layout);
   records.locations = locationRecords(layout, lookup, categories);
-  records.nodes = nodeRecords(layout);
+  records.nodes = nodeRecords(layout, lookup);
   records.vortices = vortexRecords(layout, lookup, categories);
   records.polygons = polygonRecords(layout, lookup);
   records.categories = categories.records(layout.building().language);

@@ -62,6 +62,7 @@ class Locations {
     }
     for (const Node* node : nodes_.of(NodeKind::spot, place.id))
       nodes.push_back(nodeReference(layout_, *node));
+    if (nodes.empty() && polygons.empty()) return;  // nothing would show it
     record["nodes"] = std::move(nodes);
     record["polygons"] = std::move(polygons);
     records.push_back(std::move(record));
@@ -120,8 +121,14 @@ json::object namedRecord(const std::string& id, const Names& names) {
 }
 
 NodeLookup::NodeLookup(const Building& building) {
-  for (const Node& node : building.network.nodes)
-    if (node.kind != NodeKind::way) nodes_[{node.kind, node.of}].push_back(&node);
+  const Network& network = building.network;
+  for (const Node& node : network.nodes)
+    written_.push_back(node.kind != NodeKind::way && node.kind != NodeKind::door);
+  for (const Edge& edge : network.edges) written_[edge.from] = written_[edge.to] = true;
+  for (std::size_t i = 0; i < network.nodes.size(); ++i) {
+    const Node& node = network.nodes[i];
+    if (written_[i] && node.kind != NodeKind::way) nodes_[{node.kind, node.of}].push_back(&node);
+  }
   for (const Door& door : building.doors)
     for (const std::string& area : door.areas) doors_[area].push_back(&door);
 }

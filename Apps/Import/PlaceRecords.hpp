@@ -15,10 +15,14 @@ namespace orivanta::importer {
 /// The members "id", "name", "names" and "nameGenerated".
 boost::json::object namedRecord(const std::string& id, const Names& names);
 
-/// Finds the nodes that belong to something, in the order of the network.
+/// Finds the nodes that belong to something, in the order of the network. Doors that lead nowhere
+/// and way points that nothing joins are no part of the package.
 class NodeLookup {
  public:
   explicit NodeLookup(const Building& building);
+
+  /// Whether each node of the network is part of the package.
+  const std::vector<bool>& written() const { return written_; }
 
   /// The nodes of this kind of a door, an area, a place or a connector.
   std::vector<const Node*> of(NodeKind kind, const std::string& owner) const;
@@ -26,6 +30,7 @@ class NodeLookup {
   std::vector<const Node*> doorsOf(const Area& area) const;
 
  private:
+  std::vector<bool> written_;
   std::map<std::pair<NodeKind, std::string>, std::vector<const Node*>> nodes_;
   std::map<std::string, std::vector<const Door*>> doors_;  // by area
 };

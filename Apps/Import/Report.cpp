@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "Apps/Import/Fixes.hpp"
 #include "Apps/Import/FloorPlan.hpp"
 #include "Apps/Package/TextFile.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
@@ -41,7 +42,7 @@ td.where {{ overflow-wrap: anywhere; min-width: 9rem; max-width: 18rem; }}
 .effect, .rule {{ color: #52606d; }}
 .rule {{ font-size: .85rem; }}
 svg {{ display: block; width: 100%; height: auto; max-height: 90vh; border: 1px solid #d9e2ec; }}
-pre {{ background: #f5f7fa; padding: 1rem; overflow: auto; }}
+pre {{ background: #f5f7fa; padding: 1rem; overflow: auto; max-height: 24rem; }}
 @media print {{ h2 {{ break-before: page; }} }}
 </style>
 </head>
@@ -148,6 +149,7 @@ Report buildingReport(const Building& building, const Findings& findings, std::s
   report.source = std::move(source);
   report.summary = summaryOf(findings);
   report.findings = findings.sorted();
+  if (!report.findings.empty()) report.corrections = fixesSkeleton(report.findings);
   std::vector<const Storey*> storeys;
   for (const Storey& storey : building.storeys) storeys.push_back(&storey);
   std::stable_sort(storeys.begin(), storeys.end(), [](const Storey* first, const Storey* second) {

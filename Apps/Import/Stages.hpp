@@ -31,6 +31,10 @@ void makeConnectors(Building& building, const Options& options, Findings& findin
 /// Makes `building.network` from the source's own links or from the drawn areas.
 void makeNetwork(Building& building, const Options& options, Findings& findings);
 
+/// Joins the networks of neighboring storeys at one height: along the source's links, or else at
+/// doors that lie on both and at entrances.
+void joinStoreys(Building& building, const Options& options, Findings& findings);
+
 /// Reports what cannot be reached, rooms without doors and the like. Changes nothing.
 void reviewBuilding(const Building& building, Findings& findings);
 

@@ -34,12 +34,12 @@ std::string languageMap(std::string_view variable, const std::vector<std::string
   std::string text =
       fmt::format("map $http_accept_language ${} {{\n  default default;\n", variable);
   const std::vector<std::string> ordered = longestFirst(languages);
-  const std::string available =
-      fmt::format(R"((?:{})(?:-[a-z0-9-]*)?\s*(?:,|$|;(?!\s*q=0(?:\.0*)?\s*(?:,|$))))",
-                  fmt::join(ordered, "|"));
+  // What follows a language in its element: subtags, and no weight of 0.
+  static constexpr std::string_view rest =
+      R"((?:-[a-z0-9-]*)?\s*(?:,|$|;(?!\s*q=0(?:\.0*)?\s*(?:,|$))))";
   for (const std::string& language : ordered)
-    text += fmt::format("  \"~*^(?:\\s*+(?!{0})[^,]*,)*\\s*+(?={0}){1}(?:[-\\s,;]|$)\" {1};\n",
-                        available, language);
+    text += fmt::format("  \"~*^(?:\\s*+(?!(?:{0}){1})[^,]*,)*\\s*+{2}{1}\" {2};\n",
+                        fmt::join(ordered, "|"), rest, language);
   return text + "}\n";
 }
 

@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <set>
 #include <string>
@@ -13,7 +14,7 @@ namespace orivanta::importer {
 
 namespace {
 
-std::optional<ConnectorKind> kindOf(LinkKind kind) {
+std::optional<ConnectorKind> connectorKindOf(LinkKind kind) {
   switch (kind) {
     case LinkKind::elevator:
       return ConnectorKind::elevator;
@@ -52,10 +53,11 @@ class LinkGroups {
  public:
   explicit LinkGroups(const Building& building) {
     for (const SourceNode& node : building.sourceNodes) nodes_.emplace(node.id, &node);
+    for (const Storey& storey : building.storeys)
+      elevations_.emplace(storey.ordinal, storey.elevation.value_or(storey.ordinal * 4.0));
     for (const SourceLink& link : building.sourceLinks) {
       if (!nodes_.contains(link.from) || !nodes_.contains(link.to)) continue;
-      // Level ramps and walkways are ordinary parts of the network.
-      if (kindOf(link.kind) && !isLevelWay(link))
+      if (kindOf(link))
         links_.push_back(&link);
       else
         walked_.insert({link.from, link.to});
@@ -64,10 +66,10 @@ class LinkGroups {
 
   std::vector<Connector> connectors() const {
     PieceSets sets(links_.size());
-    std::map<std::pair<std::string, LinkKind>, std::size_t> at;
+    std::map<std::pair<std::string, ConnectorKind>, std::size_t> at;
     for (std::size_t i = 0; i < links_.size(); ++i)
       for (const std::string& node : {links_[i]->from, links_[i]->to}) {
-        const auto [entry, added] = at.emplace(std::pair(node, links_[i]->kind), i);
+        const auto [entry, added] = at.emplace(std::pair(node, *kindOf(*links_[i])), i);
         if (!added) sets.join(entry->second, i);
       }
     std::vector<Connector> made;
@@ -82,16 +84,29 @@ class LinkGroups {
     bool arrivesAt = false;
   };
 
-  bool isLevelWay(const SourceLink& link) const {
-    return (link.kind == LinkKind::ramp || link.kind == LinkKind::movingWalkway) &&
-           nodes_.at(link.from)->spot.level == nodes_.at(link.to)->spot.level &&
-           link.direction == Direction::both;
+  // Ways between storeys at different heights are ramps; level ways are no connectors.
+  std::optional<ConnectorKind> kindOf(const SourceLink& link) const {
+    const double from = nodes_.at(link.from)->spot.level;
+    const double to = nodes_.at(link.to)->spot.level;
+    const bool walked = link.kind == LinkKind::walk || link.kind == LinkKind::ramp;
+    if (walked)
+      return from != to && std::abs(elevationAt(from) - elevationAt(to)) >= 0.5
+                 ? std::optional(ConnectorKind::ramp)
+                 : std::nullopt;
+    if (link.kind == LinkKind::movingWalkway && from == to && link.direction == Direction::both)
+      return std::nullopt;
+    return connectorKindOf(link.kind);
+  }
+
+  double elevationAt(double level) const {
+    const auto found = elevations_.find(level);
+    return found == elevations_.end() ? level * 4.0 : found->second;
   }
 
   Connector connectorOf(const std::vector<std::size_t>& set) const {
     const SourceLink& first = *links_[set.front()];
     Connector connector;
-    connector.kind = *kindOf(first.kind);
+    connector.kind = *kindOf(first);
     connector.id = fmt::format("{}-{}", wordOf(connector.kind), first.id);
     connector.source = first.id;
     bool suitable = false;
@@ -131,6 +146,7 @@ class LinkGroups {
   }
 
   std::map<std::string, const SourceNode*> nodes_;
+  std::map<double, double> elevations_;
   std::vector<const SourceLink*> links_;
   std::set<std::string> walked_;  // nodes with links that are walked
 };

@@ -53,17 +53,18 @@ Side sideOf(const OrientedBox& box, Point outward) {
   return across > 0.0 ? Side::left : Side::right;
 }
 
-// The one of the points that is nearest to their middle.
+// The middle of the points if it is on the border, or else the point that is nearest to it.
 Point middleOf(const std::vector<BorderPoint>& points) {
   Point sum;
   for (const BorderPoint& point : points) sum = sum + point.position;
   const Point mean = sum * (1.0 / static_cast<double>(points.size()));
-  return std::min_element(points.begin(), points.end(),
-                          [&](const BorderPoint& a, const BorderPoint& b) {
-                            return package::distance(a.position, mean) <
-                                   package::distance(b.position, mean);
-                          })
-      ->position;
+  const Point nearest = std::min_element(points.begin(), points.end(),
+                                         [&](const BorderPoint& a, const BorderPoint& b) {
+                                           return package::distance(a.position, mean) <
+                                                  package::distance(b.position, mean);
+                                         })
+                            ->position;
+  return package::distance(nearest, mean) < 0.6 * step ? mean : nearest;
 }
 
 std::optional<ConnectorKind> kindOf(AreaKind kind) {

@@ -137,7 +137,8 @@ std::vector<Stop> stopsOfSingle(const Piece& piece, const Surroundings& surround
       if (direction < 0) std::reverse(stops.begin(), stops.end());
       return stops;
     }
-  if (piece.kind != ConnectorKind::elevator && piece.area != nullptr) {
+  if (piece.kind != ConnectorKind::elevator && piece.kind != ConnectorKind::escalator &&
+      piece.area != nullptr) {
     const Contacts all = contactsOf(piece, surroundings.space(piece.level));
     if (const auto pair = bestPair(all, all))
       return {stopAt(piece, piece.level, pair->first.position),

@@ -208,9 +208,10 @@ package::Color colorOf(const Area& area, const Place* place) {
   const std::string& value = place == nullptr ? area.category : place->category;
   const Category& category = *matchCategory(value).category;
   if (area.kind == AreaKind::room) return fillOf(category.kind);
-  const bool plain = value.empty() || category.id == "areas" || category.kind == PlaceKind::room ||
-                     category.kind == PlaceKind::other;
-  return plain ? palette::walkable : fillOf(category.kind);
+  // What people walk through looks like the rest of the way, also in a mall that is one area.
+  const bool special = category.kind == PlaceKind::transit || category.kind == PlaceKind::parking ||
+                       category.kind == PlaceKind::green;
+  return special ? fillOf(category.kind) : palette::walkable;
 }
 
 package::Model makeFloorModel(const PackageLayout& layout, const Storey& storey) {

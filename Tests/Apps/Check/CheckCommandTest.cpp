@@ -41,7 +41,7 @@ TEST_F(CheckCommand, PrintsGroupsAndASummaryAndReturnsWhetherDataIsLost) {
   const std::string sound = at("sound");
   const Row rows[] = {
       {{sound}, 0, sound + ": ", ""},
-      {{sound}, 0, "warning: no-model (2)\n  map.json:1  g  The floor has no model", ""},
+      {{sound}, 0, "warning: no-model (2)\n  map.json:2  f1  The floor has no model", ""},
       {{sound, "--strict"}, 1, "no-model", ""},
       {{at("broken")},
        1,

@@ -119,21 +119,23 @@ TEST_F(Publish, OrdinaryClientsSeeTheSameFromNginxAsFromTheServer) {
   const std::string picture = (root_.path() / "picture.png").string();
   const std::vector<std::vector<std::string>> queries = {
       {"venues"},
-      {"venue", "astrolabe-court", "--json", "--locations"},
       {"venue", "small", "--locations"},
+      {"venue", "astrolabe-court", "--json", "--locations"},
       {"route", "astrolabe-court", "--from", "paper-kestrel", "--to", "ecliptic-1", "--guide"},
       {"render", "astrolabe-court", "--map", "0", "--labels", "-q", "-o", picture}};
-  for (const std::string language : {"LANGUAGE=", "LANGUAGE=de-AT:de", "LANGUAGE=fr"})
+  for (const std::string language : {"LANGUAGE=de-AT:de", "LANGUAGE=fr", "LANGUAGE="})
     for (const auto& query : queries) {
+      const bool isPicture = query.front() == "render";
+      if (isPicture && language != "LANGUAGE=") continue;
       std::vector<std::string> results;
       for (const std::string& root : {server.root(), origin + "/maps/1/"}) {
         const auto result =
-            runProgram(query, {"ORIVANTA_ENDPOINT=" + root, language, "LC_ALL=de_DE.UTF-8"});
+            runProgram(query, {"ORIVANTA_ENDPOINT=" + root, language, "LC_ALL=C.UTF-8"});
         EXPECT_EQ(result.exitCode, 0) << result.errors;
-        results.push_back(result.output +
-                          (query.front() == "render" ? test::contentsOf(picture) : ""));
+        results.push_back(isPicture ? test::contentsOf(picture) : result.output);
       }
-      EXPECT_EQ(results[0], results[1]) << query.front() << ' ' << language;
+      EXPECT_FALSE(results[0].empty());
+      EXPECT_TRUE(results[0] == results[1]) << query.front() << ' ' << language;
     }
   const auto one = runProgram({"venue", "small", "--locations"},
                               {"ORIVANTA_ENDPOINT=" + origin + "/maps/small/de/1/"});
@@ -170,8 +172,8 @@ TEST_F(Publish, NginxSelectsTheLanguageThatTheServerSelects) {
     EXPECT_THAT(get(port, "/1/location?venue=small", header),
                 HasSubstr(std::string("\"name\":\"") + name))
         << header;
-  for (const char* target : {"/1/map?venue=../small", "/1/map", "/1/files/small/.secret",
-                             "/nginx/maps.conf", "/1/venues/../../nginx/maps.conf"})
+  for (const char* target :
+       {"/1/map?venue=../small", "/1/map", "/1/files/small/.secret", "/1/venues/../../nginx.conf"})
     EXPECT_THAT(get(port, target), HasSubstr(" 404 ")) << target;
 }
 

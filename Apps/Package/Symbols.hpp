@@ -8,7 +8,7 @@
 
 #include "Apps/DemoVenue/Shapes.hpp"
 
-namespace orivanta::demo {
+namespace orivanta::package {
 
 enum class Tone {
   dark,  ///< the symbol
@@ -27,4 +27,4 @@ struct Mark {
 /// The marks of a category from back to front; empty for a category without a symbol.
 std::span<const Mark> symbolOf(std::string_view category);
 
-}  // namespace orivanta::demo
+}  // namespace orivanta::package

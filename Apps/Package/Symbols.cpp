@@ -1,4 +1,4 @@
-#include "Apps/DemoVenue/Symbols.hpp"
+#include "Apps/Package/Symbols.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -6,7 +6,7 @@
 #include <numbers>
 #include <utility>
 
-namespace orivanta::demo {
+namespace orivanta::package {
 
 namespace {
 
@@ -297,4 +297,4 @@ std::span<const Mark> symbolOf(std::string_view category) {
   return found == symbols.end() ? std::span<const Mark>() : found->second;
 }
 
-}  // namespace orivanta::demo
+}  // namespace orivanta::package

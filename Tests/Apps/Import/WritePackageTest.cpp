@@ -1,0 +1,186 @@
+#include "Apps/Import/WritePackage.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <boost/json.hpp>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <set>
+#include <string>
+
+#include "Apps/Import/Model/Bridges.hpp"
+#include "Apps/Import/PackageLayout.hpp"
+#include "Apps/Import/Stages.hpp"
+#include "Apps/Import/Summary.hpp"
+#include "Tests/Apps/Import/House/House.hpp"
+
+namespace orivanta::importer {
+
+namespace fs = std::filesystem;
+namespace json = boost::json;
+
+namespace {
+
+Building imported(Building building = house::make()) {
+  Findings findings;
+  const Options options;
+  for (const auto stage :
+       {repairShapes, arrangeStoreys, arrangePlaces, joinDoors, makeConnectors, makeNetwork})
+    stage(building, options, findings);
+  return building;
+}
+
+class WritePackage : public testing::Test {
+ protected:
+  fs::path folder_ = fs::path(testing::TempDir()) /
+                     ("package-" + std::to_string(testing::UnitTest::GetInstance()->random_seed()) +
+                      testing::UnitTest::GetInstance()->current_test_info()->name());
+  void SetUp() override { fs::remove_all(folder_); }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  static std::string contents(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+  }
+  static std::map<std::string, std::string> files(const fs::path& folder) {
+    std::map<std::string, std::string> all;
+    for (const auto& entry : fs::recursive_directory_iterator(folder))
+      if (entry.is_regular_file())
+        all[fs::relative(entry.path(), folder).string()] = contents(entry.path());
+    return all;
+  }
+  json::value records(const char* name) const { return json::parse(contents(folder_ / name)); }
+};
+
+}  // namespace
+
+TEST_F(WritePackage, RecordsReferToEachOther) {
+  const Building building = imported();
+  writePackage(building, folder_);
+  std::set<std::string> maps;
+  std::map<std::string, std::string> materials;  // of all models, by map
+  for (const json::value& map : records("map.json").as_array()) {
+    const std::string id(map.at("id").as_string());
+    maps.insert(id);
+    materials[id] = contents(folder_ / map.at("scene").at("mtl").as_string().c_str());
+    EXPECT_TRUE(fs::exists(folder_ / map.at("plan").as_string().c_str()));
+  }
+  EXPECT_EQ(maps.size(), 3U);
+  std::set<std::string> nodes;
+  for (const json::value& node : records("node.json").as_array())
+    nodes.emplace(node.at("id").as_string());
+  std::set<std::string> polygons;
+  for (const json::value& polygon : records("polygon.json").as_array()) {
+    const std::string id(polygon.at("id").as_string());
+    polygons.insert(id);
+    EXPECT_NE(materials.at(std::string(polygon.at("map").as_string())).find("newmtl " + id + "\n"),
+              std::string::npos)
+        << id;
+    for (const json::value& door : polygon.at("entrances").as_array())
+      EXPECT_TRUE(nodes.contains(std::string(door.at("id").as_string())));
+  }
+  std::map<std::string, json::value> places;
+  for (const json::value& place : records("location.json").as_array()) {
+    places[std::string(place.at("name").as_string())] = place;
+    EXPECT_FALSE(place.at("nodes").as_array().empty()) << place;
+    for (const json::value& node : place.at("nodes").as_array())
+      EXPECT_TRUE(nodes.contains(std::string(node.at("node").as_string())));
+    for (const json::value& polygon : place.at("polygons").as_array())
+      EXPECT_TRUE(polygons.contains(std::string(polygon.at("id").as_string())));
+  }
+  EXPECT_EQ(places.size(), 13U);  // twelve rooms and the entrance
+  EXPECT_EQ(places.at("Entrance").at("type"), "entrance");
+  EXPECT_EQ(places.at("Library").at("names").at("de"), "Bibliothek");
+  const json::value connectors = records("vortex.json");
+  ASSERT_EQ(connectors.as_array().size(), 3U);
+  EXPECT_EQ(connectors.at(0).at("type"), "elevator");  // those without steps come first
+  for (const json::value& connector : connectors.as_array())
+    for (const json::value& node : connector.at("nodes").as_array())
+      EXPECT_TRUE(nodes.contains(std::string(node.as_string())));
+  EXPECT_EQ(records("venue.json").at("slug"), "house-of-trades");
+  EXPECT_EQ(records("venue.json").at("unitsPerMetre"), 20.0);
+}
+
+TEST_F(WritePackage, SameBuildingGivesSameBytes) {
+  writePackage(imported(), folder_);
+  const auto before = files(folder_);
+  std::ofstream(folder_ / "closure.json") << "[]\n";
+  writePackage(imported(), folder_);
+  EXPECT_EQ(contents(folder_ / "closure.json"), "[]\n");
+  fs::remove(folder_ / "closure.json");
+  EXPECT_EQ(files(folder_), before);
+  // A moved room changes the records of the room and what is near it.
+  Building moved = house::make();
+  for (Area& area : moved.areas)
+    if (area.id == "kitchen")
+      for (Point& point : area.shape.front().outer)
+        if (point.x > 29.0) point.x += 0.5;
+  writePackage(imported(moved), folder_);
+  for (const auto& [name, bytes] : files(folder_)) {
+    if (name.ends_with(".json") && name != "node.json") {
+      EXPECT_EQ(bytes, before.at(name)) << name;
+    }
+  }
+}
+
+TEST_F(WritePackage, NeverReplacesAnythingElse) {
+  fs::create_directories(folder_);
+  EXPECT_NO_THROW(checkTarget(folder_));
+  std::ofstream(folder_ / "thesis.txt") << "words";
+  EXPECT_THROW(checkTarget(folder_), std::runtime_error);
+  EXPECT_THROW(writePackage(imported(), folder_), std::runtime_error);
+  EXPECT_EQ(files(folder_).size(), 1U);
+  EXPECT_THROW(writePackage(imported(), folder_ / "thesis.txt" / "mall"), std::exception);
+  EXPECT_EQ(files(folder_).size(), 1U);
+}
+
+TEST_F(WritePackage, ChoosesRoundUnits) {
+  for (const auto& [meters, units] : {std::pair(10.0, 200.0),
+                                      {39.0, 50.0},
+                                      {41.0, 20.0},
+                                      {990.0, 2.0},
+                                      {1500.0, 1.0},
+                                      {19000.0, 0.1}}) {
+    Building building;
+    building.storeys.emplace_back();
+    building.storeys.front().footprint = {{package::rectangle(0, 0, meters, 5), {}}};
+    EXPECT_EQ(PackageLayout(building).unitsPerMeter(), units) << meters;
+  }
+}
+
+TEST(Bridges, CoverThePolygonWithoutItsHoles) {
+  Polygon polygon = {package::rectangle(0, 0, 10, 10), {}};
+  for (const double x : {1.0, 4.0, 7.0})
+    for (const double y : {1.0, 4.0, 7.0}) {
+      Outline hole = package::rectangle(x, y, x + 2, y + 2);
+      std::reverse(hole.begin(), hole.end());
+      polygon.holes.push_back(hole);
+    }
+  const Outline ring = bridged(polygon);
+  EXPECT_EQ(ring.size(), 4U + 9U * 6U);
+  EXPECT_DOUBLE_EQ(package::signedArea(ring), 100.0 - 9.0 * 4.0);
+}
+
+TEST(Review, NamesWhatCannotBeReached) {
+  Building building = house::make();
+  std::erase_if(building.areas, [](const Area& area) {
+    return area.level == 1.0 && (area.kind == AreaKind::stairs || area.kind == AreaKind::elevator ||
+                                 area.kind == AreaKind::escalator);
+  });
+  building = imported(building);
+  std::erase_if(building.connectors, [](const Connector& connector) {
+    return connector.kind == ConnectorKind::escalator;
+  });
+  Findings findings;
+  reviewBuilding(building, findings);
+  const Summary summary = summarize(building);
+  EXPECT_EQ(summary.rooms, 12U);
+  EXPECT_EQ(summary.roomsReachable, 8U);
+  EXPECT_EQ(findings.countOf("unreachable"), 1U);
+  EXPECT_EQ(summaryText(summary), "3 floors, 12 rooms, 1 lift, 1 stairs; 8 rooms reachable");
+}
+
+}  // namespace orivanta::importer
