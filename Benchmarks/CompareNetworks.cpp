@@ -21,6 +21,7 @@
 
 #include "Apps/Import/Geometry/Space.hpp"
 #include "Apps/Import/Import.hpp"
+#include "Apps/Import/OpenShape.hpp"
 #include "Apps/Import/WalkableSpace.hpp"
 #include "Benchmarks/NetworkDrawing.hpp"
 #include "Benchmarks/SurveyedPackage.hpp"
@@ -162,6 +163,43 @@ void compareLengths(const Building& building, const SurveyedPackage& survey, boo
     fmt::print("  highest          {:.2f} {}\n", ratios.back().first, ratios.back().second);
 }
 
+// Of a source's own network: the lengths between the nodes that both have.
+void compareSharedNodes(const Building& building, const SurveyedPackage& survey) {
+  const PlainNetwork derived = plainNetwork(building.network);
+  std::map<std::string, std::size_t> known;
+  for (std::size_t i = 0; i < derived.nodes.size(); ++i) known.emplace(derived.nodes[i].id, i);
+  std::vector<std::pair<std::size_t, std::size_t>> both;
+  for (std::size_t i = 0; i < survey.network.nodes.size(); ++i)
+    if (const auto node = known.find(survey.network.nodes[i].id); node != known.end())
+      both.emplace_back(i, node->second);
+  std::size_t pairs = 0;
+  std::size_t equal = 0;
+  std::size_t missing = 0;
+  std::size_t shorter = 0;
+  std::size_t longer = 0;
+  for (std::size_t i = 0; i < both.size(); i += std::max<std::size_t>(1, both.size() / 60)) {
+    const std::vector<double> surveyed = lengthsFrom(survey.network, {both[i].first});
+    const std::vector<double> lengths = lengthsFrom(derived, {both[i].second});
+    for (const auto& [there, here] : both) {
+      if (surveyed[there] == unknown || surveyed[there] < 1.0) continue;
+      ++pairs;
+      if (std::abs(lengths[here] / surveyed[there] - 1.0) <= 0.01)
+        ++equal;
+      else if (lengths[here] == unknown)
+        ++missing;
+      else if (lengths[here] < surveyed[there])
+        ++shorter;
+      else if (++longer < 5)
+        fmt::print("  longer           {} to {}: {:.2f}, {:.2f}\n",
+                   survey.network.nodes[both[i].first].id, survey.network.nodes[there].id,
+                   lengths[here], surveyed[there]);
+    }
+  }
+  fmt::print(
+      "shared nodes       {}; lengths within 1 %: {}; {} without a way, {} shorter, {} longer\n",
+      both.size(), share(equal, pairs), missing, shorter, longer);
+}
+
 // Borders that nobody may pass but at doors and connectors.
 class Walls {
  public:
@@ -182,9 +220,12 @@ class Walls {
  private:
   static std::vector<importer::Segment> wallsOf(const Building& building, double level) {
     importer::Shape shape = importer::walkableSpace(building, level);
+    const importer::AreaIndex contents(building, level, [](const importer::Area& area) {
+      return area.kind != importer::AreaKind::obstacle;
+    });
     for (const importer::Area& area : building.areas)
       if (area.level == level && area.kind == importer::AreaKind::room)
-        shape = importer::joined(std::move(shape), area.shape);
+        shape = importer::joined(std::move(shape), importer::openShape(area, contents));
     return importer::bordersOf(shape);
   }
   static std::vector<importer::Segment> openingsOf(const Building& building, double level) {
@@ -290,6 +331,12 @@ void countReachableRooms(const Building& building, bool list) {
         building.doors.begin(), building.doors.end(), [&](const importer::Door& door) {
           return std::find(door.areas.begin(), door.areas.end(), area.id) != door.areas.end();
         });
+    for (const importer::Door& door : building.doors)
+      if (std::find(door.areas.begin(), door.areas.end(), area.id) != door.areas.end()) {
+        fmt::print("    door {} guessed {}", door.id, door.guessed);
+        for (auto& a : door.areas) fmt::print(" {}", a);
+        fmt::print("\n");
+      }
     fmt::print("  not reachable    {} on {:g}, {} doors, {:.0f} m2 ({:.1f} {:.1f})\n", area.id,
                area.level, doors, importer::areaOf(area.shape), area.shape.front().outer.front().x,
                area.shape.front().outer.front().y);
@@ -487,6 +534,7 @@ int compare(const std::vector<std::string>& arguments) {
              static_cast<double>(building.network.edges.size()) /
                  static_cast<double>(survey.network.edges + building.doors.size()));
   compareLengths(building, survey, list);
+  if (options.network != importer::NetworkChoice::derive) compareSharedNodes(building, survey);
   compareConnectors(building, survey, list);
   return 0;
 }
