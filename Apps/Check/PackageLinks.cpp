@@ -6,6 +6,8 @@
 #include <boost/json/serialize.hpp>
 #include <unordered_set>
 
+#include "Platform/Foundation/DisplayText.hpp"
+
 namespace orivanta::check {
 
 namespace json = boost::json;
@@ -59,8 +61,9 @@ void checkLink(const PackageRecords& records, const Link& link, const Record& re
   } else {
     const std::string form =
         link.key.empty() ? R"("...")" : fmt::format(R"({{"{}": "..."}})", link.key);
-    finding.message = fmt::format("An element of \"{}\" of the {} has no identifier: {}.",
-                                  link.member, wordFor(link.from), json::serialize(element));
+    finding.message =
+        fmt::format("An element of \"{}\" of the {} has no identifier: {}.", link.member,
+                    wordFor(link.from), foundation::clipped(json::serialize(element), 60));
     finding.advice = fmt::format("Write it as {}.", form);
   }
   finding.effect = link.effect;
