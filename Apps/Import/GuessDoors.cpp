@@ -4,12 +4,15 @@
 #include <array>
 #include <cmath>
 #include <functional>
+#include <map>
 #include <optional>
 #include <set>
+#include <string>
 #include <utility>
 
 #include "Apps/Import/Geometry/AreaIndex.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
+#include "Apps/Import/OpenShape.hpp"
 #include "Apps/Import/WalkableSpace.hpp"
 
 namespace orivanta::importer {
@@ -107,25 +110,33 @@ class Guess {
         space_(walkableSpace(building, level)),
         walkable_(building, level,
                   [this](const Area& area) { return isWalkway(area.kind, walkways_); }),
-        rooms_(building, level, [this](const Area& area) { return isRoom(area); }) {
+        rooms_(building, level, [this](const Area& area) { return isRoom(area); }),
+        contents_(building, level,
+                  [](const Area& area) { return area.kind != AreaKind::obstacle; }) {
+    for (const Area& area : building.areas)
+      if (area.level == level && isWalkway(area.kind, walkways_)) reached_.insert(area.id);
     for (const Door& door : building.doors)
-      if (door.level == level) withDoor_.insert(door.areas.begin(), door.areas.end());
+      if (door.level == level) addToGraph(door);
+    for (const std::string& id : std::set<std::string>(reached_)) reachFrom(id);
   }
 
   void run() {
-    std::vector<Door> doors;
     std::vector<const Area*> left;
     for (const Area& area : building_.areas) {
-      if (area.level != level_ || !isRoom(area) || withDoor_.contains(area.id)) continue;
+      if (area.level != level_ || !isRoom(area)) continue;
+      const bool needsDoor = !joined_.contains(area.id);
+      if (!needsDoor && !isSeparateBuilding(area)) continue;
       if (std::optional<Door> door = toWalkway(area))
-        doors.push_back(std::move(*door));
-      else
+        add(std::move(*door));
+      else if (needsDoor)
         left.push_back(&area);
     }
-    for (const Door& door : doors) withDoor_.insert(door.areas.front());
-    while (addDoorsToNeighbors(left, doors)) {
+    while (addDoorsToNeighbors(left, reached_)) {
     }
-    building_.doors.insert(building_.doors.end(), doors.begin(), doors.end());
+    std::set<std::string> withDoor;
+    for (const auto& [id, neighbors] : joined_) withDoor.insert(id);
+    addDoorsToNeighbors(left, withDoor);
+    building_.doors.insert(building_.doors.end(), doors_.begin(), doors_.end());
   }
 
  private:
@@ -135,10 +146,47 @@ class Guess {
            area.access != Access::nobody;
   }
 
+  void addToGraph(const Door& door) {
+    for (const std::string& id : door.areas) {
+      std::vector<std::string>& neighbors = joined_[id];
+      neighbors.insert(neighbors.end(), door.areas.begin(), door.areas.end());
+    }
+  }
+
+  void reachFrom(const std::string& id) {
+    std::vector<std::string> open{id};
+    while (!open.empty()) {
+      const std::string next = std::move(open.back());
+      open.pop_back();
+      const auto neighbors = joined_.find(next);
+      if (neighbors == joined_.end()) continue;
+      for (const std::string& neighbor : neighbors->second)
+        if (reached_.insert(neighbor).second) open.push_back(neighbor);
+    }
+  }
+
+  // `door.areas` begins with the room for which the door is made.
+  void add(Door door) {
+    addToGraph(door);
+    if (door.areas.size() == 1 || reached_.contains(door.areas.back())) {
+      reached_.insert(door.areas.front());
+      reachFrom(door.areas.front());
+    }
+    doors_.push_back(std::move(door));
+  }
+
+  // A building that is drawn as a room around its walkways, with doors to the outside only.
+  bool isSeparateBuilding(const Area& room) const {
+    if (reached_.contains(room.id)) return false;
+    const std::vector<const Area*> near = walkable_.near(room.shape, 0.0);
+    return std::any_of(near.begin(), near.end(),
+                       [&](const Area* walkway) { return isAround(room, *walkway); });
+  }
+
   std::optional<Door> toWalkway(const Area& room) const {
     if (space_.empty()) return {};
-    const auto contact =
-        longestContact(room.shape, [this](Point point) { return space_.contains(point); });
+    const auto contact = longestContact(openShape(room, contents_),
+                                        [this](Point point) { return space_.contains(point); });
     if (!contact) return {};
     Door door = doorAt(room, *contact);
     const Point along = contact->to - contact->from;
@@ -152,13 +200,15 @@ class Guess {
   }
 
   // The door to the neighbor with which the room has the longest wall in common.
-  std::optional<Door> toNeighbor(const Area& room) const {
+  std::optional<Door> toNeighbor(const Area& room, const std::set<std::string>& among) const {
+    const Shape shape = openShape(room, contents_);
     std::optional<Contact> best;
     std::string neighbor;
     for (const Area* other : rooms_.near(room.shape, wallDepths.back())) {
-      if (other == &room || !withDoor_.contains(other->id)) continue;
-      const auto contact = longestContact(
-          room.shape, [other](Point point) { return contains(other->shape, point); });
+      if (other == &room || !among.contains(other->id)) continue;
+      const Shape open = openShape(*other, contents_);
+      const auto contact =
+          longestContact(shape, [&open](Point point) { return contains(open, point); });
       if (!contact || (best && contact->length() <= best->length())) continue;
       best = contact;
       neighbor = other->id;
@@ -169,21 +219,19 @@ class Guess {
     return door;
   }
 
-  // Returns whether any room got a door.
-  bool addDoorsToNeighbors(std::vector<const Area*>& left, std::vector<Door>& doors) {
+  // Returns whether any room got a door and any other did not.
+  bool addDoorsToNeighbors(std::vector<const Area*>& left, const std::set<std::string>& among) {
     std::vector<const Area*> still;
-    std::vector<std::string> done;
+    std::vector<Door> made;
     for (const Area* room : left) {
-      if (std::optional<Door> door = toNeighbor(*room)) {
-        doors.push_back(std::move(*door));
-        done.push_back(room->id);
-      } else {
+      if (std::optional<Door> door = toNeighbor(*room, among))
+        made.push_back(std::move(*door));
+      else
         still.push_back(room);
-      }
     }
-    withDoor_.insert(done.begin(), done.end());
     left = std::move(still);
-    return !done.empty() && !left.empty();
+    for (Door& door : made) add(std::move(door));
+    return !made.empty() && !left.empty();
   }
 
   Building& building_;
@@ -192,7 +240,10 @@ class Guess {
   Space space_;
   AreaIndex walkable_;
   AreaIndex rooms_;
-  std::set<std::string> withDoor_;
+  AreaIndex contents_;
+  std::map<std::string, std::vector<std::string>> joined_;  // areas by area, through doors
+  std::set<std::string> reached_;                           // areas, from walkways
+  std::vector<Door> doors_;
 };
 
 }  // namespace

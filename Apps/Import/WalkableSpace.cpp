@@ -45,8 +45,9 @@ class Maker {
   Shape make() const {
     Shape shape = ground();
     if (shape.empty()) return {};
+    const Shape drawn = shape;
     shape = without(shape, united(walls()));
-    if (const Shape doors = doorways(); !doors.empty()) shape = united(joined(shape, doors));
+    if (const Shape doors = doorways(drawn); !doors.empty()) shape = united(joined(shape, doors));
     shape = without(shape, united(blockers()));
     std::erase_if(shape, [](const Polygon& polygon) { return areaOf(polygon) < smallestPart; });
     return shape;
@@ -107,16 +108,19 @@ class Maker {
     return shape;
   }
 
-  // Doors with walkways on all sides that are known.
-  Shape doorways() const {
+  // Doors with walkways on all sides that are known. Of a door with one side, what was drawn as
+  // walkable: it may lie in a wall across a walkway.
+  Shape doorways(const Shape& drawn) const {
+    Shape within;
     Shape shape;
     for (const Door& door : building_.doors) {
       if (door.level != level_ || door.areas.empty()) continue;
       const std::vector<const Area*> sides = walkwaysOf(door);
       if (sides.size() != door.areas.size()) continue;
-      shape.push_back(doorway(door, wallDirection(door, sides), doorDepth));
+      (sides.size() > 1 ? shape : within)
+          .push_back(doorway(door, wallDirection(door, sides), doorDepth));
     }
-    return shape;
+    return joined(shape, common(drawn, united(within)));
   }
 
   // Rooms and everything else that nobody walks through.

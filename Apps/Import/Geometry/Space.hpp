@@ -12,7 +12,7 @@ namespace orivanta::importer {
 /// The point of a border that is nearest to something.
 struct WallPoint {
   Point position;
-  Point inward;  ///< the direction into the space, of length 1
+  Point inward;  ///< the direction into the space at the border, of length 1
   double distance = 0.0;
 };
 

@@ -41,7 +41,7 @@ std::vector<Segment> segmentsOf(const Draft& draft, const std::vector<std::size_
   return segments;
 }
 
-DraftNode wayAt(Point position) { return {position, NodeKind::way, {}, {}, 0.0, 0.0}; }
+DraftNode wayAt(Point position) { return {position, NodeKind::way, {}, {}, 0.0, 0.0, 0.0, {}}; }
 
 }  // namespace
 

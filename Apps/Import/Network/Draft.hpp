@@ -18,6 +18,8 @@ struct DraftNode {
   /// Borders within this distance of the node do not block lines that end at it: a door lies in a
   /// wall.
   double slack = 0.0;
+  double gap = 0.0;  ///< meters to the walkable space; 0 within it
+  Point inward;      ///< of a node with a gap, the direction into the space, of length 1
 
   /// Whether the node may move or be merged with another.
   bool isMovable() const { return kind == NodeKind::way && id.empty() && weight == 0.0; }
@@ -39,7 +41,9 @@ struct Draft {
     nodes.push_back(std::move(node));
     return static_cast<std::uint32_t>(nodes.size() - 1);
   }
-  std::uint32_t addWay(Point position) { return addNode({position, NodeKind::way, {}, {}, 0, 0}); }
+  std::uint32_t addWay(Point position) {
+    return addNode({position, NodeKind::way, {}, {}, 0.0, 0.0, 0.0, {}});
+  }
   void addEdge(std::uint32_t from, std::uint32_t to, bool stub) {
     if (from != to) edges.push_back({from, to, false, stub, false});
   }

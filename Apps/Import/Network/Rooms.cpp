@@ -1,15 +1,40 @@
 #include "Apps/Import/Network/Rooms.hpp"
 
 #include "Apps/Import/Geometry/InnerPoint.hpp"
+#include "Apps/Import/Network/Attach.hpp"
 #include "Apps/Import/Network/Sight.hpp"
+#include "Apps/Import/Network/Tidy.hpp"
+#include "Apps/Import/Network/Trunk.hpp"
+#include "Apps/Import/OpenShape.hpp"
 #include "Apps/Import/WalkableSpace.hpp"
 
 namespace orivanta::importer {
 
+namespace {
+
+// Joins the nodes of a room with each other.
+void addRoomLines(const Shape& shape, const Space& space, Draft& draft) {
+  const std::size_t count = draft.nodes.size();
+  constexpr double narrow = 0.12;
+  const Skeleton skeleton = makeSkeleton(shape, narrow);
+  addTrunk(skeleton, space, draft);
+  Ways ways(skeleton, space);
+  Attach attach(draft, space, ways);
+  for (std::uint32_t i = 0; i < count; ++i) attach.attach(i);
+  attach.finish();
+  mergeNearNodes(space, draft);
+  removeDeadEnds(draft);
+  removeUnused(draft);
+}
+
+}  // namespace
+
 Rooms::Rooms(const Building& building, double level)
-    : index_(building, level, [&, walkways = hasWalkways(building, level)](const Area& area) {
-        return area.kind == AreaKind::room || (area.kind == AreaKind::unknown && walkways);
-      }) {
+    : index_(building, level,
+             [&, walkways = hasWalkways(building, level)](const Area& area) {
+               return area.kind == AreaKind::room || (area.kind == AreaKind::unknown && walkways);
+             }),
+      contents_(building, level, [](const Area& area) { return area.kind != AreaKind::obstacle; }) {
   const bool walkways = hasWalkways(building, level);
   for (const Area& area : building.areas) {
     if (area.level != level || area.shape.empty()) continue;
@@ -46,57 +71,56 @@ bool Rooms::setInside(const Area& room, std::uint32_t node) {
   return entry.hasInside = true;
 }
 
-void Rooms::makeShape(Room& room) {
-  if (!room.shape.empty()) return;
-  room.shape = room.area->shape;
-  const double surface = areaOf(room.shape);
-  for (const Area* other : index_.near(room.area->shape, 0.0)) {
-    if (other == room.area || areaOf(other->shape) >= surface) continue;
-    constexpr double mostly = 0.5;
-    if (areaOf(common(room.area->shape, other->shape)) > mostly * areaOf(other->shape))
-      room.shape = without(room.shape, other->shape);
-  }
-  if (room.shape.empty()) room.shape = room.area->shape;
-}
-
 void Rooms::addInsides(Draft& draft) {
   for (Room& room : rooms_) {
     if (room.hasInside) continue;
-    makeShape(room);
-    setInside(*room.area, draft.addNode({innerPoint(room.shape), NodeKind::inside, room.area->id,
-                                         room.area->id, crossingWeight, 0.0}));
+    setInside(*room.area, draft.addNode({innerPoint(openShape(*room.area, contents_)),
+                                         NodeKind::inside,
+                                         room.area->id,
+                                         room.area->id,
+                                         crossingWeight,
+                                         0.0,
+                                         0.0,
+                                         {}}));
   }
 }
 
-bool Rooms::join(Draft& draft, std::uint32_t node, const Area& area) {
+void Rooms::join(std::uint32_t node, const Area& area) {
   Room& room = rooms_[byId_.at(area.id)];
-  if (!room.hasInside || room.inside == node) return room.hasInside;
-  makeShape(room);
-  if (room.space == nullptr) room.space = std::make_unique<Space>(room.shape);
-  DraftNode from = draft.nodes[node];
-  constexpr double beyondWall = 0.3;
-  from.slack = distanceTo(room.shape, from.position) + beyondWall;
-  const DraftNode inside = draft.nodes[room.inside];
-  if (sees(*room.space, from, {inside.position, NodeKind::way, {}, {}, 0.0, 0.05})) {
-    draft.addRoomEdge(node, room.inside);
-    return true;
+  if (room.hasInside && room.inside != node) room.joined.push_back(node);
+}
+
+void Rooms::finish(Draft& draft) {
+  for (const Room& room : rooms_)
+    if (!room.joined.empty()) connect(room, draft);
+}
+
+void Rooms::connect(const Room& room, Draft& draft) const {
+  const Shape shape = openShape(*room.area, contents_);
+  const Space space(shape);
+  Draft own;
+  own.addNode(draft.nodes[room.inside]);
+  bool allSee = true;
+  for (const std::uint32_t node : room.joined) {
+    DraftNode one = draft.nodes[node];
+    constexpr double farthest = 5.0;
+    placeBeside(space, one, farthest);
+    allSee = allSee && sees(space, one, own.nodes.front());
+    own.addNode(std::move(one));
   }
-  if (room.ways == nullptr) {
-    constexpr double narrow = 0.12;
-    room.skeleton = makeSkeleton(room.shape, narrow);
-    room.ways = std::make_unique<Ways>(room.skeleton, *room.space);
+  if (allSee) {
+    for (const std::uint32_t node : room.joined) draft.addRoomEdge(node, room.inside);
+    return;
   }
-  const auto bends = room.ways->between(from, inside, 1000.0);
-  if (!bends) return false;
-  std::uint32_t last = node;
-  for (const Point bend : *bends) {
-    const std::uint32_t next =
-        draft.addNode({bend, NodeKind::way, {}, area.id, crossingWeight, 0.0});
-    draft.addRoomEdge(last, next);
-    last = next;
+  addRoomLines(shape, space, own);
+  std::vector<std::uint32_t> nodes{room.inside};
+  nodes.insert(nodes.end(), room.joined.begin(), room.joined.end());
+  for (std::size_t i = nodes.size(); i < own.nodes.size(); ++i) {
+    own.nodes[i].weight = crossingWeight;
+    own.nodes[i].of = room.area->id;
+    nodes.push_back(draft.addNode(own.nodes[i]));
   }
-  draft.addRoomEdge(last, room.inside);
-  return true;
+  for (const DraftEdge& edge : own.edges) draft.addRoomEdge(nodes[edge.from], nodes[edge.to]);
 }
 
 }  // namespace orivanta::importer

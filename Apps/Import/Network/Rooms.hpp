@@ -3,14 +3,12 @@
 
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "Apps/Import/Geometry/AreaIndex.hpp"
+#include "Apps/Import/Geometry/Shapes.hpp"
 #include "Apps/Import/Network/Draft.hpp"
-#include "Apps/Import/Network/Skeleton.hpp"
-#include "Apps/Import/Network/Ways.hpp"
 
 namespace orivanta::importer {
 
@@ -36,23 +34,25 @@ class Rooms {
   /// Adds inner nodes of the rooms that have none.
   void addInsides(Draft& draft);
 
-  /// Joins a node with the inner node of a room, round the corners of the room. Returns false if
-  /// there is no way within the room.
-  bool join(Draft& draft, std::uint32_t node, const Area& room);
+  /// Joins a node with the inner node of a room, round the corners of the room. Lines are added by
+  /// `finish`.
+  void join(std::uint32_t node, const Area& room);
+
+  /// Adds the lines in the rooms: straight ones to the inner node if all nodes see it, otherwise a
+  /// network of the room. Nodes from which no way leads to the inner node are not joined.
+  void finish(Draft& draft);
 
  private:
   struct Room {
     const Area* area = nullptr;
     std::uint32_t inside = 0;
     bool hasInside = false;
-    Shape shape;  // without smaller rooms in it; made when it is needed
-    std::unique_ptr<Space> space;
-    Skeleton skeleton;
-    std::unique_ptr<Ways> ways;
+    std::vector<std::uint32_t> joined;
   };
-  void makeShape(Room& room);
+  void connect(const Room& room, Draft& draft) const;
 
-  AreaIndex index_;
+  AreaIndex index_;     // of the rooms
+  AreaIndex contents_;  // of everything that can lie in rooms
   std::vector<Room> rooms_;
   std::map<std::string, std::size_t> byId_;
 };

@@ -79,7 +79,7 @@ SourceLines::SourceLines(const Building& building, double level, Draft& draft) {
   const ConnectorPairs pairs(building, level);
   const auto nodeOf = [&](const std::string& id, Point position) {
     const auto [node, isNew] = nodes_.emplace(id, 0);
-    if (isNew) node->second = draft.addNode({position, NodeKind::way, id, {}, 0.0, 0.0});
+    if (isNew) node->second = draft.addNode({position, NodeKind::way, id, {}, 0.0, 0.0, 0.0, {}});
     return node->second;
   };
   for (const SourceLink& link : building.sourceLinks) {

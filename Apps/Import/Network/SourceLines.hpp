@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Apps/Import/Building.hpp"
+#include "Apps/Import/Geometry/SegmentGrid.hpp"
 #include "Apps/Import/Network/Draft.hpp"
 #include "Apps/Import/Network/Rooms.hpp"
 #include "Apps/Import/Options.hpp"

@@ -25,12 +25,11 @@ namespace orivanta::importer {
 
 namespace {
 
-constexpr double smallHole = 4.0;   // square meters; lines go round smaller obstacles at the end
-constexpr double beyondWall = 0.3;  // what lies in a border is joined with lines beyond it
-constexpr double doorReach = 1.0;   // meters between a door and the walkable space
-constexpr double stopReach = 1.5;   // the same of connectors
-constexpr double spotReach = 2.5;   // the same of places
-constexpr double sameNode = 0.5;    // a door this near to a node of the source is that node
+constexpr double smallHole = 4.0;  // square meters; lines go round smaller obstacles at the end
+constexpr double doorReach = 1.0;  // meters between a door and the walkable space
+constexpr double stopReach = 1.5;  // the same of connectors
+constexpr double spotReach = 2.5;  // the same of places
+constexpr double sameNode = 0.5;   // a door this near to a node of the source is that node
 constexpr double sourceReach = 15.0;
 
 Shape withoutSmallHoles(Shape shape) {
@@ -72,6 +71,7 @@ class Maker {
     addWalkwayPlaces();
     if (!source_) coverSpace(shape_, space_, draft_, attach);
     attach.finish();
+    rooms_.finish(draft_);
     if (!source_) {
       addShortcuts(space_, draft_);
       joinCrossings(draft_);
@@ -97,12 +97,7 @@ class Maker {
 
   // Joins a node with the lines if it is in or near the walkable space.
   bool joinWalkway(std::uint32_t node, double within) {
-    const Point position = draft_.nodes[node].position;
-    const auto wall = space_.nearestWall(position, within);
-    const bool inside = space_.contains(position);
-    if (wall && (!inside || wall->distance < nodeClearance))
-      draft_.nodes[node].slack = wall->distance + beyondWall;
-    if ((inside || wall) && attach_->attach(node)) return true;
+    if (placeBeside(space_, draft_.nodes[node], within) && attach_->attach(node)) return true;
     return source_ && attach_->attachAnyhow(node, sourceReach);
   }
 
@@ -115,7 +110,7 @@ class Maker {
         draft_.nodes[*node].of = door.id;
         return *node;
       }
-    return draft_.addNode({door.position, NodeKind::door, door.id, door.id, 0.0, 0.0});
+    return draft_.addNode({door.position, NodeKind::door, door.id, door.id, 0.0, 0.0, 0.0, {}});
   }
 
   void addDoors() {
@@ -124,6 +119,7 @@ class Maker {
       bool known = false;
       const std::uint32_t node = nodeOfDoor(door, known);
       if (door.access == Access::nobody) continue;
+      for (const std::string& area : door.areas) doorsOf_.emplace(area, node);
       joinDoor(door, node, known);
     }
   }
@@ -137,16 +133,15 @@ class Maker {
     if (!known && (isWalked || door.areas.size() < 2)) joined = joinWalkway(node, doorReach);
     if (door.kind == DoorKind::emergency && joined) return;
     for (const std::string& id : door.areas)
-      if (const Area* room = rooms_.find(id)) rooms_.join(draft_, node, *room);
+      if (const Area* room = rooms_.find(id)) rooms_.join(node, *room);
   }
 
   // Hangs a connector or a place on the lines, or on the room in which it is.
   void join(std::uint32_t node, double within) {
     const Point position = draft_.nodes[node].position;
     const Area* room = space_.contains(position) ? nullptr : rooms_.at(position);
-    if (room != nullptr && rooms_.join(draft_, node, *room)) return;
-    if (joinWalkway(node, within)) return;
-    if (const Area* near = rooms_.near(position, within)) rooms_.join(draft_, node, *near);
+    if (room != nullptr) return rooms_.join(node, *room);
+    joinWalkway(node, within);
   }
 
   void addStops() {
@@ -171,12 +166,26 @@ class Maker {
       return;
     }
     const std::uint32_t node = draft_.addNode(
-        {stop.spot.position, NodeKind::boarding, std::move(id), connector.id, 0.0, 0.0});
+        {stop.spot.position, NodeKind::boarding, std::move(id), connector.id, 0.0, 0.0, 0.0, {}});
     if (!bothWays) entered_.emplace(node, stop.enter);
     if (known)
       draft_.addEdge(node, *known, true);
     else
+      joinStop(node, stop);
+  }
+
+  // A connector behind doors is reached through them, any other where it meets a walkway or a room.
+  void joinStop(std::uint32_t node, const Stop& stop) {
+    const auto [first, last] = doorsOf_.equal_range(stop.area);
+    for (auto door = first; door != last; ++door) draft_.addRoomEdge(node, door->second);
+    if (first != last) return;
+    const Point position = draft_.nodes[node].position;
+    const Area* room = rooms_.near(position, doorReach);
+    if (space_.contains(position) || space_.clearance(position, stopReach) < stopReach ||
+        room == nullptr)
       join(node, stopReach);
+    else
+      rooms_.join(node, *room);
   }
 
   void addSpots() {
@@ -189,8 +198,14 @@ class Maker {
         // What stands at a wall or is an obstacle itself is reached beside it.
         if (!space_.contains(position) && rooms_.at(position) == nullptr)
           position = space_.foot(position, spotReach, nodeClearance).value_or(position);
-        join(draft_.addNode({position, NodeKind::spot, fmt::format("{}/{}", place.id, count),
-                             place.id, 0.0, 0.0}),
+        join(draft_.addNode({position,
+                             NodeKind::spot,
+                             fmt::format("{}/{}", place.id, count),
+                             place.id,
+                             0.0,
+                             0.0,
+                             0.0,
+                             {}}),
              spotReach);
       }
     }
@@ -202,8 +217,9 @@ class Maker {
       if (area.level != level_ || area.place.empty() || !walkable_.contains(area.id)) continue;
       const Shape open = common(area.shape, shape_);
       if (open.empty()) continue;
-      join(draft_.addNode({innerPoint(open), NodeKind::inside, area.id, area.id, 0.0, 0.0}),
-           spotReach);
+      join(
+          draft_.addNode({innerPoint(open), NodeKind::inside, area.id, area.id, 0.0, 0.0, 0.0, {}}),
+          spotReach);
     }
   }
 
@@ -231,6 +247,7 @@ class Maker {
   Draft draft_;
   std::optional<SourceLines> source_;
   Attach* attach_ = nullptr;
+  std::multimap<std::string, std::uint32_t> doorsOf_;  // of each area
   std::map<std::uint32_t, bool> entered_;  // of the nodes that are only entered or only left
 };
 

@@ -148,6 +148,28 @@ void joinCrossings(Draft& draft) {
 
 void mergeNearNodes(const Space& space, Draft& draft) { Merger(space, draft).run(); }
 
+void removeDeadEnds(Draft& draft) {
+  std::vector<std::vector<Index>> edges(draft.nodes.size());
+  for (Index i = 0; i < draft.edges.size(); ++i)
+    for (const Index end : {draft.edges[i].from, draft.edges[i].to}) edges[end].push_back(i);
+  std::vector<std::size_t> counts;
+  for (const std::vector<Index>& of : edges) counts.push_back(of.size());
+  std::vector<bool> removed(draft.edges.size());
+  for (Index first = 0; first < draft.nodes.size(); ++first)
+    for (Index node = first; counts[node] == 1 && draft.nodes[node].isMovable();) {
+      const auto edge = std::find_if(edges[node].begin(), edges[node].end(),
+                                     [&](Index i) { return !removed[i]; });
+      removed[*edge] = true;
+      --counts[node];
+      node = draft.edges[*edge].from == node ? draft.edges[*edge].to : draft.edges[*edge].from;
+      --counts[node];
+    }
+  std::vector<DraftEdge> kept;
+  for (Index i = 0; i < draft.edges.size(); ++i)
+    if (!removed[i]) kept.push_back(draft.edges[i]);
+  draft.edges = std::move(kept);
+}
+
 void removeUnused(Draft& draft) {
   std::set<std::pair<Index, Index>> known;
   std::erase_if(draft.edges, [&](const DraftEdge& edge) {

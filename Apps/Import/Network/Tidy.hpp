@@ -12,6 +12,9 @@ void joinCrossings(Draft& draft);
 /// Merges free nodes that are joined by a line shorter than 0.9 m, if all lines stay in the space.
 void mergeNearNodes(const Space& space, Draft& draft);
 
+/// Removes free nodes with one line, again and again.
+void removeDeadEnds(Draft& draft);
+
 /// Removes repeated lines and free nodes without lines.
 void removeUnused(Draft& draft);
 

@@ -32,7 +32,7 @@ Ways::Ways(const Skeleton& skeleton, const Space& space)
       before_(skeleton.points.size(), none) {}
 
 DraftNode Ways::nodeAt(Index point) const {
-  return {skeleton_.points[point], NodeKind::way, {}, {}, 0.0, 0.0};
+  return {skeleton_.points[point], NodeKind::way, {}, {}, 0.0, 0.0, 0.0, {}};
 }
 
 // The nearest points in sight.

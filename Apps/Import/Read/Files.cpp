@@ -57,8 +57,9 @@ class FileReader {
       throw SourceError(path.string() + ": there is no such file or folder; check the path");
     if (fs::is_directory(status)) return readFolder(path);
     SourceFile file{nameOf(path), {}};
+    if (fs::is_regular_file(status) && isZipArchive(beginningOf(path)))
+      return readZip(path, file.name);
     readBytes(path, file);
-    if (isZipArchive(file.bytes)) return readZip(path, file);
     files_.push_back(std::move(file));
     if (lowerCase(path.extension().string()) == ".shp") readCompanions(path);
   }
@@ -82,11 +83,16 @@ class FileReader {
     if (stream.bad()) throw SourceError(path.string() + ": the file cannot be read");
   }
 
-  void readZip(const fs::path& path, SourceFile& file) {
-    bytesLeft_ += file.bytes.size();
-    std::string().swap(file.bytes);
-    std::vector<SourceFile> members = unpackZip(path, file.name, isUsed, bytesLeft_);
-    if (members.empty()) failForNothing(file.name);
+  static std::string beginningOf(const fs::path& path) {
+    std::string bytes(4, '\0');
+    std::ifstream stream(path, std::ios::binary);
+    stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return bytes;
+  }
+
+  void readZip(const fs::path& path, const std::string& name) {
+    std::vector<SourceFile> members = unpackZip(path, name, isUsed, bytesLeft_);
+    if (members.empty()) failForNothing(name);
     for (SourceFile& member : members) files_.push_back(std::move(member));
   }
 

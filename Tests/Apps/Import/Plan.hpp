@@ -23,13 +23,13 @@ class Plan {
     std::map<char, Shape> shapes;
     for (std::size_t y = 0; y < rows_.size(); ++y)
       for (std::size_t x = 0; x < rows_[y].size(); ++x) add(x, y, shapes);
-    for (auto& [name, shape] : shapes) {
+    for (const auto& [name, shape] : shapes) {
       Area area;
       area.id = area.source = std::string(1, name);
       area.kind = name == '.'   ? AreaKind::walkway
                   : name == 'o' ? AreaKind::obstacle
                                 : AreaKind::room;
-      area.shape = united(shape);
+      area.shape = united(snapped(shape, 1e-4));
       building.areas.push_back(std::move(area));
     }
   }

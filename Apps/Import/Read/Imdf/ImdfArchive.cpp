@@ -127,7 +127,8 @@ class Reader {
            "There are two features with this identifier.",
            "What refers to it refers to the first one.", "Give each feature a UUID of its own.");
     const std::string source = std::move(id);
-    do id = fmt::format("{}#{}", source, ++copies_);
+    int& count = copies_.emplace(source, 1).first->second;
+    do id = fmt::format("{}#{}", source, ++count);
     while (archive_.byId.contains(id));
     return id;
   }
@@ -158,7 +159,7 @@ class Reader {
   Findings& findings_;
   ImdfArchive archive_;
   std::size_t vertices_ = 0;
-  int copies_ = 1;
+  std::unordered_map<std::string, int> copies_;
 };
 
 std::string primaryLanguage(const std::string& tag) { return tag.substr(0, tag.find('-')); }

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t neighborsOfHall = 5;
 
 // A cell without a stated kind is a hall from here on.
-constexpr std::size_t neighborsOfUnknownHall = 3;
+constexpr std::size_t neighborsOfUnknownHall = 4;
 
 std::vector<Polygon> onPlane(const GmlScale& scale, std::vector<Polygon> polygons) {
   GeoGeometry geometry;

@@ -55,7 +55,8 @@ std::optional<double> doorWidth(const GmlDocument& document) {
 double plausibleUnit(double length, double least, double greatest, double expected) {
   for (const double unit : {1.0, 0.01, 0.001})
     if (least <= length * unit && length * unit <= greatest) return unit;
-  return expected / length;
+  // A length that is no length must not move positions out of all bounds.
+  return std::clamp(expected / length, 1e-4, 1e3);
 }
 
 }  // namespace

@@ -118,8 +118,12 @@ void GmlStoreys::cluster(const GmlDocument& document) {
 void GmlStoreys::measure(const GmlDocument& document) {
   std::vector<double> heights;
   for (std::size_t each = 1; each < storeys_.size(); ++each) {
-    const double height = (storeys_[each].z - storeys_[each - 1].z) /
-                          (storeys_[each].ordinal - storeys_[each - 1].ordinal);
+    const Storey& below = storeys_[each - 1];
+    const Storey& above = storeys_[each];
+    // Where the ground floor is 1, it follows the basement -1.
+    const bool withoutZero = below.ordinal < 0.0 && above.ordinal > 0.0;
+    const double steps = above.ordinal - below.ordinal - (withoutZero ? 1.0 : 0.0);
+    const double height = (above.z - below.z) / std::max(steps, 0.5);
     if (height > 0.0) heights.push_back(height);
   }
   if (heights.empty())

@@ -22,7 +22,7 @@ bool isOn(const OsmThing& thing, double level) {
 std::vector<std::string> areasAt(const OsmConversion& conversion, OsmPosition position,
                                  double level) {
   std::vector<std::string> areas;
-  conversion.touching.forEachAt(position, [&](const OsmThing& thing) {
+  conversion.touching.forEachAt(position, [&](const OsmThing& thing, bool) {
     if (thing.isArea() && areaKind(*thing.tags) && isOn(thing, level))
       areas.push_back(idOn(thing, level));
   });

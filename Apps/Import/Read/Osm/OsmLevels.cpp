@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <numbers>
 
 #include "Apps/Import/Levels.hpp"
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
@@ -29,6 +30,20 @@ std::vector<LevelList> repeated(const LevelList& own, const LevelList& repetitio
   return lists;
 }
 
+// Whether a line turns by less than 30 degrees at the middle one of three positions.
+bool isStraight(OsmPosition before, OsmPosition at, OsmPosition after) {
+  const double narrowing = std::cos(at.latitude * 1e-7 * std::numbers::pi / 180.0);
+  const auto toward = [&](OsmPosition from, OsmPosition to) {
+    return Point{(static_cast<double>(to.longitude) - from.longitude) * narrowing,
+                 static_cast<double>(to.latitude) - from.latitude};
+  };
+  const Point arriving = toward(before, at);
+  const Point leaving = toward(at, after);
+  constexpr double cosine = 0.866;
+  return package::dot(arriving, leaving) >
+         cosine * package::length(arriving) * package::length(leaving);
+}
+
 class LevelFinder {
  public:
   LevelFinder(std::vector<OsmThing>& things, const std::vector<std::size_t>& buildings,
@@ -46,8 +61,10 @@ class LevelFinder {
       for (OsmThing& thing : things_)
         if (thing.isLine() && mayFollow(thing)) isChanged |= followLine(thing, touching);
     }
-    for (OsmThing& thing : things_)
+    for (OsmThing& thing : things_) {
       if (thing.isNode() && mayFollow(thing)) followNode(thing, touching);
+      if (thing.isLine() && thing.levels.empty() && isLost(*thing.tags)) reportLost(thing);
+    }
   }
 
  private:
@@ -119,6 +136,11 @@ class LevelFinder {
     return true;
   }
 
+  // Whether a line without a level is surely one of a building.
+  static bool isLost(const OsmTags& tags) {
+    return !tags.has("level") && !tags.has("repeat_on") && isIndoors(tags);
+  }
+
   static bool includesOwn(const OsmThing& thing, const LevelList& levels) {
     return std::find(levels.begin(), levels.end(), thing.levels[0][0]) != levels.end();
   }
@@ -137,22 +159,34 @@ class LevelFinder {
   static LevelList common(const std::set<double>& first, const std::set<double>& last) {
     for (const double level : first)
       if (last.contains(level)) return {level};
-    return differing(first, last);
+    return {};
   }
 
   void followNode(OsmThing& thing, const OsmTouching& touching) const {
     const OsmTags& tags = *thing.tags;
-    // How many areas are on each level.
-    std::map<double, int> levels;
-    touching.forEachAt(thing.points[0], [&](const OsmThing& other) {
+    // How many areas are on each level. Where none goes straight on, the node is a corner, at which
+    // nobody builds doors; it is a door only if that is so on all levels.
+    struct Areas {
+      int number = 0;
+      bool areCorners = true;
+    };
+    std::map<double, Areas> levels;
+    bool areJoined = false;
+    bool areCorners = true;
+    touching.forEachAt(thing.points[0], [&](const OsmThing& other, bool isStraight) {
       if (other.isNode() || (isDoor(tags) && !other.isArea())) return;
-      for (const LevelList& list : other.levels)
-        for (const double level : list) ++levels[level];
+      for (const LevelList& list : other.levels) {
+        for (const double level : list) {
+          Areas& areas = levels[level];
+          areJoined |= ++areas.number > 1;
+          areas.areCorners &= !isStraight;
+          areCorners &= !isStraight;
+        }
+      }
     });
-    const bool areJoined = std::any_of(levels.begin(), levels.end(),
-                                       [](const auto& level) { return level.second > 1; });
     for (const auto& [level, areas] : levels)
-      if (!areJoined || areas > 1 || isElevator(tags)) thing.levels.push_back({level});
+      if (isElevator(tags) || ((!areJoined || areas.number > 1) && areas.areCorners == areCorners))
+        thing.levels.push_back({level});
     if (thing.levels.empty() && (thing.building != 0 || isIndoors(tags)) &&
         (tags.has("entrance") || (isDestination(tags) && !isDoor(tags))))
       thing.levels = {{0.0}};
@@ -193,6 +227,19 @@ class LevelFinder {
     findings_.add(std::move(finding));
   }
 
+  void reportLost(const OsmThing& thing) {
+    Finding finding;
+    finding.rule = "level-missing";
+    finding.source = thing.id;
+    finding.file = file_;
+    finding.field = "level";
+    finding.message =
+        "The line is indoors, but it has no level, and what it touches does not tell which.";
+    finding.effect = "It is left out.";
+    finding.advice = "Add the tag \"level\" to it.";
+    findings_.add(std::move(finding));
+  }
+
   std::vector<OsmThing>& things_;
   const std::vector<std::size_t>& buildings_;
   const std::string& file_;
@@ -204,20 +251,27 @@ class LevelFinder {
 OsmTouching::OsmTouching(const std::vector<OsmThing>& things) : things_(things) {
   for (std::size_t i = 0; i < things.size(); ++i) {
     if (isBuilding(*things[i].tags)) continue;
-    for (const OsmPosition position : things[i].points) corners_.emplace_back(position, i);
+    for (const OsmPosition position : things[i].points) corners_.push_back({position, i, false});
     for (const OsmPolygon& polygon : things[i].polygons) {
-      for (const OsmPosition position : polygon.outer) corners_.emplace_back(position, i);
-      for (const OsmRing& hole : polygon.holes)
-        for (const OsmPosition position : hole) corners_.emplace_back(position, i);
+      addRing(polygon.outer, i);
+      for (const OsmRing& hole : polygon.holes) addRing(hole, i);
     }
   }
   std::sort(corners_.begin(), corners_.end());
   corners_.erase(std::unique(corners_.begin(), corners_.end()), corners_.end());
 }
 
+void OsmTouching::addRing(const OsmRing& ring, std::size_t thing) {
+  // The first position is also the last.
+  for (std::size_t i = 0; i + 1 < ring.size(); ++i) {
+    const OsmPosition before = i == 0 ? ring[ring.size() - 2] : ring[i - 1];
+    corners_.push_back({ring[i], thing, isStraight(before, ring[i], ring[i + 1])});
+  }
+}
+
 std::set<double> OsmTouching::levelsAt(OsmPosition position) const {
   std::set<double> levels;
-  forEachAt(position, [&](const OsmThing& thing) {
+  forEachAt(position, [&](const OsmThing& thing, bool) {
     for (const std::vector<double>& list : thing.levels)
       if (list.size() == 1) levels.insert(list[0]);
   });

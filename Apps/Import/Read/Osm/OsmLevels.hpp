@@ -6,7 +6,6 @@
 #include <optional>
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "Apps/Import/Findings.hpp"
@@ -20,22 +19,32 @@ class OsmTouching {
   /// `things` must outlive the index.
   explicit OsmTouching(const std::vector<OsmThing>& things);
 
-  /// Calls `use(thing)` for each thing, in their order; for at most 1,000.
+  /// Calls `use(thing, isStraight)` for each thing, in their order; for at most 1,000. Whether the
+  /// outline of an area goes straight on there tells doors from corners.
   template <class Use>
   void forEachAt(OsmPosition position, const Use& use) const {
     constexpr int most = 1000;
-    auto at =
-        std::lower_bound(corners_.begin(), corners_.end(), std::pair(position, std::size_t{0}));
-    for (int i = 0; i < most && at != corners_.end() && at->first == position; ++i, ++at)
-      use(things_[at->second]);
+    auto at = std::lower_bound(corners_.begin(), corners_.end(), Corner{position, 0, false});
+    for (int i = 0; i < most && at != corners_.end() && at->position == position; ++i, ++at)
+      use(things_[at->thing], at->isStraight);
   }
 
   /// The levels of the things there that are on only one.
   std::set<double> levelsAt(OsmPosition position) const;
 
  private:
+  struct Corner {
+    OsmPosition position;
+    std::size_t thing = 0;
+    bool isStraight = false;
+
+    friend auto operator<=>(const Corner&, const Corner&) = default;
+  };
+
+  void addRing(const OsmRing& ring, std::size_t thing);
+
   const std::vector<OsmThing>& things_;
-  std::vector<std::pair<OsmPosition, std::size_t>> corners_;
+  std::vector<Corner> corners_;
 };
 
 /// Sets `OsmThing::levels` from level=* and repeat_on=*. Things without these tags take the levels

@@ -50,6 +50,20 @@ bool isTrifle(std::string_view amenity) {
                            "shelter", "hunting_stand", "ashtray", "table", "vacuum_cleaner"});
 }
 
+// Whether the tags say more about being indoors than a level, which outdoor things also have.
+bool isInsideBuilding(const OsmTags& tags) {
+  return says(tags, "indoor") || says(tags, "room") || says(tags, "buildingpart");
+}
+
+// Whether the tags are those of a place that has a building for itself.
+bool isWholeSite(const OsmTags& tags) {
+  return !isInsideBuilding(tags) &&
+         (tags.is("shop", "mall") || says(tags, "aeroway") || tags.is("railway", "station") ||
+          tags.is("public_transport", "station") ||
+          isOneOf(tags["amenity"], {"university", "college", "school", "hospital", "bus_station",
+                                    "townhall", "conference_centre", "exhibition_centre"}));
+}
+
 std::optional<AreaKind> connectorKind(const OsmTags& tags) {
   if (isElevator(tags)) return AreaKind::elevator;
   if (usedAs(tags, {"escalator"}) || (isConveying(tags) && isStairs(tags)))
@@ -64,8 +78,7 @@ std::optional<AreaKind> connectorKind(const OsmTags& tags) {
 }  // namespace
 
 bool isIndoors(const OsmTags& tags) {
-  return tags.has("level") || tags.has("repeat_on") || says(tags, "indoor") || says(tags, "room") ||
-         says(tags, "buildingpart");
+  return tags.has("level") || tags.has("repeat_on") || isInsideBuilding(tags);
 }
 
 bool isAreaByTags(const OsmTags& tags) {
@@ -80,7 +93,13 @@ bool isAreaByTags(const OsmTags& tags) {
          isOneOf(tags["railway"], {"station"}) || tags.has("aeroway");
 }
 
-bool isBuilding(const OsmTags& tags) { return says(tags, "building") && !isIndoors(tags); }
+bool isBuilding(const OsmTags& tags) {
+  if (isInsideBuilding(tags)) return false;
+  if (tags.is("shop", "mall") || tags.is("aeroway", "terminal")) return true;
+  if (!says(tags, "building")) return false;
+  // A kiosk in a hall is tagged as a building on a level.
+  return !isIndoors(tags) || !isDestination(tags) || isWholeSite(tags);
+}
 
 bool isLevelOutline(const OsmTags& tags) { return tags.is("indoor", "level"); }
 
@@ -90,7 +109,7 @@ bool isConnector(AreaKind kind) {
 }
 
 std::optional<AreaKind> areaKind(const OsmTags& tags) {
-  if (isLevelOutline(tags) || isBuilding(tags)) return std::nullopt;
+  if (isLevelOutline(tags) || isBuilding(tags) || isWholeSite(tags)) return std::nullopt;
   if (const auto connector = connectorKind(tags)) return connector;
   if (usedAs(tags, {"void", "opening", "airspace"})) return AreaKind::opening;
   if (tags.is("indoor", "wall") || tags.is("barrier", "wall")) return AreaKind::wall;

@@ -17,7 +17,7 @@ bool isIndoors(const OsmTags& tags);
 /// Whether a closed way with these tags is an area and no line.
 bool isAreaByTags(const OsmTags& tags);
 
-/// Whether the tags are those of a building, as a whole.
+/// Whether the tags are those of a building, a mall or an airport terminal, as a whole.
 bool isBuilding(const OsmTags& tags);
 
 /// Whether the tags are those of the outline of a level (indoor=level).

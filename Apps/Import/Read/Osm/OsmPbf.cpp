@@ -15,7 +15,7 @@ std::string_view viewOf(protozero::data_view data) { return {data.data(), data.s
 
 void checkHeader(std::string_view bytes, const std::string& file) {
   protozero::pbf_reader reader(bytes.data(), bytes.size());
-  while (reader.next(4)) {
+  while (reader.next(4, protozero::pbf_wire_type::length_delimited)) {
     const std::string_view feature = viewOf(reader.get_view());
     if (feature != "OsmSchema-V0.6" && feature != "DenseNodes")
       throw SourceError(fmt::format(

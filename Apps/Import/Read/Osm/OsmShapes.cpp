@@ -4,10 +4,12 @@
 
 #include <algorithm>
 #include <map>
+#include <tuple>
 #include <utility>
 
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
 #include "Apps/Import/Read/Osm/OsmRings.hpp"
+#include "Apps/Import/Read/Osm/OsmValues.hpp"
 
 namespace orivanta::importer {
 
@@ -74,6 +76,17 @@ class Shapes {
     return line.positions.size() >= 4 && line.positions.front() == line.positions.back();
   }
 
+  static void normalize(Line& line) {
+    std::vector<std::pair<OsmPosition, std::int64_t>> points;
+    for (std::size_t i = 0; i + 1 < line.nodes.size(); ++i)
+      points.emplace_back(line.positions[i], line.nodes[i]);
+    std::rotate(points.begin(), std::min_element(points.begin(), points.end()), points.end());
+    if (points.back() < points[1]) std::reverse(points.begin() + 1, points.end());
+    points.push_back(points.front());
+    for (std::size_t i = 0; i < points.size(); ++i)
+      std::tie(line.positions[i], line.nodes[i]) = points[i];
+  }
+
   void addNode(const OsmNode& node) {
     if (!isIndoors(node.tags) && !isDoor(node.tags) && !isElevator(node.tags) &&
         !isDestination(node.tags))
@@ -96,10 +109,12 @@ class Shapes {
                                   holes == holes_.end() ? std::vector<OsmRing>() : holes->second);
       if (thing.polygons.empty()) return;
     } else if (lineKind(way.tags) && line.positions.size() >= 2) {
+      // Formats that draw closed lines as areas do not keep their direction and first point.
+      if (isClosed(line) && directionOfLine(way.tags) == Direction::both) normalize(line);
       thing.points = std::move(line.positions);
       thing.nodes = std::move(line.nodes);
     } else {
-      if (isArea && isIndoors(way.tags)) reportOpen(id);
+      if (isArea && isIndoors(way.tags) && !way.tags.is("indoor", "yes")) reportOpen(id);
       return;
     }
     add(std::move(thing));

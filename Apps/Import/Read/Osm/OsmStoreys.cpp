@@ -21,6 +21,11 @@ struct Level {
 // By building, as `OsmThing::building`, and ordinal.
 using LevelsOfBuildings = std::map<std::pair<std::size_t, double>, Level>;
 
+// Nodes of outlines and footways may have levels as well, which only tell about these.
+bool isUsed(const OsmTags& tags, bool isNode) {
+  return !isNode || isDoor(tags) || isElevator(tags) || isDestination(tags);
+}
+
 std::vector<std::string> splitSigns(std::string_view text) {
   std::vector<std::string> signs;
   while (!text.empty()) {
@@ -60,7 +65,8 @@ std::string mostFrequent(const std::map<std::string, int>& signs) {
 void addStoreys(OsmConversion& conversion) {
   LevelsOfBuildings levels;
   for (const OsmThing& thing : conversion.things)
-    if (!thing.levels.empty()) collect(thing, conversion, levels);
+    if (!thing.levels.empty() && isUsed(*thing.tags, thing.isNode()))
+      collect(thing, conversion, levels);
   for (const auto& [key, level] : levels) {
     const auto& [building, ordinal] = key;
     Storey storey;

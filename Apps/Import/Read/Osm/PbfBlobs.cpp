@@ -64,11 +64,13 @@ std::string_view PbfBlobs::unpacked(std::string_view blob) {
           "{}: block {} is compressed with {}; save it with zlib, for example with \"osmium cat -o "
           "new.osm.pbf -f pbf,pbf_compression=zlib\"",
           name_, number_, compression));
-    if (reader.tag() == 1)
+    const bool isNumber = reader.has_wire_type(protozero::pbf_wire_type::varint);
+    const bool isBytes = reader.has_wire_type(protozero::pbf_wire_type::length_delimited);
+    if (reader.tag() == 1 && isBytes)
       raw = viewOf(reader.get_view());
-    else if (reader.tag() == 2)
+    else if (reader.tag() == 2 && isNumber)
       size = static_cast<std::size_t>(std::max(reader.get_int32(), 0));
-    else if (reader.tag() == 3)
+    else if (reader.tag() == 3 && isBytes)
       packed = viewOf(reader.get_view());
     else
       reader.skip();
@@ -99,9 +101,9 @@ PbfBlobs::Blob PbfBlobs::next() {
   std::string_view type;
   std::size_t size = 0;
   while (header.next()) {
-    if (header.tag() == 1)
+    if (header.tag() == 1 && header.has_wire_type(protozero::pbf_wire_type::length_delimited))
       type = viewOf(header.get_view());
-    else if (header.tag() == 3)
+    else if (header.tag() == 3 && header.has_wire_type(protozero::pbf_wire_type::varint))
       size = static_cast<std::size_t>(std::max(header.get_int32(), 0));
     else
       header.skip();

@@ -14,6 +14,15 @@ using protozero::pbf_reader;
 
 std::string_view viewOf(protozero::data_view data) { return {data.data(), data.size()}; }
 
+// Readers of values require their type, which a damaged block may not have.
+bool isBytes(const pbf_reader& reader, protozero::pbf_tag_type tag) {
+  return reader.tag() == tag && reader.has_wire_type(protozero::pbf_wire_type::length_delimited);
+}
+
+bool isNumber(const pbf_reader& reader, protozero::pbf_tag_type tag) {
+  return reader.tag() == tag && reader.has_wire_type(protozero::pbf_wire_type::varint);
+}
+
 // What all objects of a block share.
 struct Block {
   std::vector<std::string_view> strings;
@@ -73,15 +82,15 @@ struct Common {
   bool isVisible = true;
 
   bool read(pbf_reader& reader, bool isNode) {
-    if (reader.tag() == 1) {
+    if (isNumber(reader, 1)) {
       id = isNode ? reader.get_sint64() : reader.get_int64();
-    } else if (reader.tag() == 2) {
+    } else if (isBytes(reader, 2)) {
       for (const auto key : reader.get_packed_uint32()) keys.push_back(key);
-    } else if (reader.tag() == 3) {
+    } else if (isBytes(reader, 3)) {
       for (const auto value : reader.get_packed_uint32()) values.push_back(value);
-    } else if (reader.tag() == 4) {
+    } else if (isBytes(reader, 4)) {
       pbf_reader info = reader.get_message();
-      while (info.next(6)) isVisible = info.get_bool();
+      while (info.next(6, protozero::pbf_wire_type::varint)) isVisible = info.get_int32() != 0;
     } else {
       return false;
     }
@@ -102,9 +111,9 @@ void addNode(pbf_reader reader, const Block& block, OsmData& data) {
   std::int64_t longitude = 0;
   while (reader.next()) {
     if (common.read(reader, true)) continue;
-    if (reader.tag() == 8)
+    if (isNumber(reader, 8))
       latitude = reader.get_sint64();
-    else if (reader.tag() == 9)
+    else if (isNumber(reader, 9))
       longitude = reader.get_sint64();
     else
       reader.skip();
@@ -121,16 +130,17 @@ void addDenseNodes(pbf_reader reader, const Block& block, OsmData& data) {
   protozero::iterator_range<pbf_reader::const_int32_iterator> strings;
   protozero::iterator_range<pbf_reader::const_bool_iterator> visible;
   while (reader.next()) {
-    if (reader.tag() == 1) {
+    if (isBytes(reader, 1)) {
       ids = reader.get_packed_sint64();
-    } else if (reader.tag() == 5) {
+    } else if (isBytes(reader, 5)) {
       pbf_reader info = reader.get_message();
-      while (info.next(6)) visible = info.get_packed_bool();
-    } else if (reader.tag() == 8) {
+      while (info.next(6, protozero::pbf_wire_type::length_delimited))
+        visible = info.get_packed_bool();
+    } else if (isBytes(reader, 8)) {
       latitudes = reader.get_packed_sint64();
-    } else if (reader.tag() == 9) {
+    } else if (isBytes(reader, 9)) {
       longitudes = reader.get_packed_sint64();
-    } else if (reader.tag() == 10) {
+    } else if (isBytes(reader, 10)) {
       strings = reader.get_packed_int32();
     } else {
       reader.skip();
@@ -163,11 +173,11 @@ void addWay(pbf_reader reader, const Block& block, OsmData& data) {
   std::vector<std::int64_t> longitudes;
   while (reader.next()) {
     if (common.read(reader, false)) continue;
-    if (reader.tag() == 8)
+    if (isBytes(reader, 8))
       way.nodes = sums(reader.get_packed_sint64());
-    else if (reader.tag() == 9)
+    else if (isBytes(reader, 9))
       latitudes = sums(reader.get_packed_sint64());
-    else if (reader.tag() == 10)
+    else if (isBytes(reader, 10))
       longitudes = sums(reader.get_packed_sint64());
     else
       reader.skip();
@@ -188,12 +198,12 @@ void addRelation(pbf_reader reader, const Block& block, OsmData& data) {
   std::vector<OsmType> types;
   while (reader.next()) {
     if (common.read(reader, false)) continue;
-    if (reader.tag() == 8)
+    if (isBytes(reader, 8))
       for (const auto role : reader.get_packed_int32())
         roles.push_back(static_cast<std::size_t>(role));
-    else if (reader.tag() == 9)
+    else if (isBytes(reader, 9))
       ids = sums(reader.get_packed_sint64());
-    else if (reader.tag() == 10)
+    else if (isBytes(reader, 10))
       for (const auto type : reader.get_packed_enum())
         types.push_back(type == 0 ? OsmType::node : type == 1 ? OsmType::way : OsmType::relation);
     else
@@ -207,13 +217,13 @@ void addRelation(pbf_reader reader, const Block& block, OsmData& data) {
 
 void addGroup(pbf_reader reader, const Block& block, OsmData& data) {
   while (reader.next()) {
-    if (reader.tag() == 1)
+    if (isBytes(reader, 1))
       addNode(reader.get_message(), block, data);
-    else if (reader.tag() == 2)
+    else if (isBytes(reader, 2))
       addDenseNodes(reader.get_message(), block, data);
-    else if (reader.tag() == 3)
+    else if (isBytes(reader, 3))
       addWay(reader.get_message(), block, data);
-    else if (reader.tag() == 4)
+    else if (isBytes(reader, 4))
       addRelation(reader.get_message(), block, data);
     else
       reader.skip();
@@ -227,16 +237,17 @@ void addPbfBlock(std::string_view bytes, OsmData& data) {
   std::vector<pbf_reader> groups;
   pbf_reader reader(bytes.data(), bytes.size());
   while (reader.next()) {
-    if (reader.tag() == 1) {
+    if (isBytes(reader, 1)) {
       pbf_reader table = reader.get_message();
-      while (table.next(1)) block.strings.push_back(viewOf(table.get_view()));
-    } else if (reader.tag() == 2) {
+      while (table.next(1, protozero::pbf_wire_type::length_delimited))
+        block.strings.push_back(viewOf(table.get_view()));
+    } else if (isBytes(reader, 2)) {
       groups.push_back(reader.get_message());
-    } else if (reader.tag() == 17) {
+    } else if (isNumber(reader, 17)) {
       block.granularity = reader.get_int32();
-    } else if (reader.tag() == 19) {
+    } else if (isNumber(reader, 19)) {
       block.latitudeOffset = reader.get_int64();
-    } else if (reader.tag() == 20) {
+    } else if (isNumber(reader, 20)) {
       block.longitudeOffset = reader.get_int64();
     } else {
       reader.skip();

@@ -6,7 +6,6 @@
 #include <array>
 #include <string>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 #include "Apps/Import/Read/JsonMembers.hpp"
@@ -50,6 +49,12 @@ class AreaReader {
   }
 
  private:
+  // Which layer has an identifier, and how often it was seen.
+  struct Use {
+    LayerKind kind;
+    int count;
+  };
+
   using Add = void (AreaReader::*)(const StationLayer& layer, const StationFeature& feature);
 
   void forLayers(LayerKind kind, Add add) {
@@ -58,16 +63,22 @@ class AreaReader {
         for (const StationFeature& feature : layer.features) (this->*add)(layer, feature);
   }
 
-  void leaveOut(const StationLayer& layer, const StationFeature& feature, const char* rule,
-                std::string message, const char* advice) {
+  void report(const StationLayer& layer, const StationFeature& feature, Severity severity,
+              const char* rule, std::string message, std::string effect, const char* advice) {
     Finding finding;
+    finding.severity = severity;
     finding.rule = rule;
     finding.source = feature["id"];
     finding.file = layer.file;
     finding.message = std::move(message);
-    finding.effect = "It is left out.";
+    finding.effect = std::move(effect);
     finding.advice = advice;
     findings_.add(std::move(finding));
+  }
+
+  void leaveOut(const StationLayer& layer, const StationFeature& feature, const char* rule,
+                std::string message, const char* advice) {
+    report(layer, feature, Severity::warning, rule, std::move(message), "It is left out.", advice);
   }
 
   void addFloor(const StationLayer& layer, const StationFeature& feature) {
@@ -76,7 +87,7 @@ class AreaReader {
       return leaveOut(layer, feature, "level-unreadable", "The floor has no ordinal.",
                       "Add its ordinal: 1 for the ground floor, -1 for the first basement.");
     Storey storey;
-    storey.id = idOf(layer, feature);
+    storey.id = feature["id"];
     storey.ordinal = *ordinal;
     storey.names = namesOf(feature);
     storey.shortName = feature["short_name"];
@@ -94,21 +105,21 @@ class AreaReader {
           options_.storeyHeight;
   }
 
+  // Unique in the building. The same identifier in another layer is no mistake.
   std::string idOf(const StationLayer& layer, const StationFeature& feature) {
-    std::string id(feature["id"]);
-    if (id.empty()) id = fmt::format("{}:{}", layer.file, ids_.size());
-    const std::string source = id;
-    while (!ids_.insert(id).second) id = fmt::format("{}#{}", source, ++copies_);
-    if (id != source) {
-      Finding finding;
-      finding.rule = "id-not-unique";
-      finding.source = source;
-      finding.file = layer.file;
-      finding.message = "There are two features with this identifier.";
-      finding.effect = "The second one is imported as \"" + id + "\".";
-      finding.advice = "Give each feature an identifier of its own.";
-      findings_.add(std::move(finding));
-    }
+    const std::string own(feature["id"]);
+    const std::string source = own.empty() ? fmt::format("{}:{}", layer.file, ids_.size()) : own;
+    const auto [known, first] = ids_.emplace(source, Use{layer.kind, 1});
+    if (first) return source;
+    std::string id;
+    do id = fmt::format("{}#{}", source, ++known->second.count);
+    while (ids_.contains(id));
+    if (known->second.kind == layer.kind)
+      report(layer, feature, Severity::warning, "id-not-unique",
+             "There are two features with this identifier.",
+             "The second one is imported as \"" + id + "\".",
+             "Give each feature an identifier of its own.");
+    ids_.emplace(id, Use{layer.kind, 1});
     return id;
   }
 
@@ -129,9 +140,14 @@ class AreaReader {
                       "Draw it, or delete the record.");
     const std::optional<double> level = levelOf(layer, feature);
     if (!level) return;
+    if (isRepeated(feature))
+      return report(layer, feature, Severity::info, "feature-repeated",
+                    "The space is there twice, with the same outline.",
+                    "The second one is left out.", "Delete one of them.");
     Area area;
     area.id = idOf(layer, feature);
     area.source = feature["id"];
+    spaces_.emplace(area.source, building_.areas.size());
     area.category = feature["category"];
     area.kind = kindOfSpace(area.category);
     area.level = *level;
@@ -153,6 +169,15 @@ class AreaReader {
       addPlace(std::move(place));
     }
     building_.areas.push_back(std::move(area));
+  }
+
+  bool isRepeated(const StationFeature& feature) const {
+    const auto found = spaces_.find(std::string(feature["id"]));
+    if (found == spaces_.end()) return false;
+    const Outline& first = building_.areas[found->second].shape.front().outer;
+    const Outline& second = feature.geometry.polygons.front().outer;
+    return std::equal(first.begin(), first.end(), second.begin(), second.end(),
+                      [](Point one, Point other) { return one.x == other.x && one.y == other.y; });
   }
 
   void addFixture(const StationLayer& layer, const StationFeature& feature) {
@@ -246,10 +271,10 @@ class AreaReader {
   Building& building_;
   Findings& findings_;
   std::unordered_map<std::string, double> floors_;
-  std::unordered_set<std::string> ids_;
+  std::unordered_map<std::string, Use> ids_;
+  std::unordered_map<std::string, std::size_t> spaces_;  // indices of areas
   std::unordered_map<std::string, std::vector<std::size_t>> placesByName_;
   std::optional<SpaceFinder> finder_;
-  int copies_ = 1;
 };
 
 }  // namespace

@@ -57,6 +57,7 @@ class NetworkReader {
 
   void addLink(const StationLayer& layer, const StationFeature& feature) {
     const std::string id(feature["link_id"]);
+    addMissingNode(layer, feature);
     const auto from = nodes_.find(std::string(feature["start_id"]));
     const auto to = nodes_.find(std::string(feature["end_id"]));
     if (from == nodes_.end() || to == nodes_.end())
@@ -81,6 +82,27 @@ class NetworkReader {
         !feature.geometry.lines.empty() && feature.geometry.lines.front().size() > 2)
       return addBentLink(link, level, feature.geometry.lines.front());
     building_.sourceLinks.push_back(std::move(link));
+  }
+
+  // A walk ends on the storey where it begins, so an end that is not among the nodes is known from
+  // the line.
+  void addMissingNode(const StationLayer& layer, const StationFeature& feature) {
+    const std::string start(feature["start_id"]);
+    const std::string end(feature["end_id"]);
+    const bool first = !nodes_.contains(start);
+    const std::string& missing = first ? start : end;
+    const auto other = nodes_.find(first ? end : start);
+    const auto& lines = feature.geometry.lines;
+    if (nodes_.contains(missing) || missing.empty() || other == nodes_.end() || lines.empty() ||
+        lines.front().size() < 2 || kindOfLink(feature["route_type"]) != LinkKind::walk)
+      return;
+    report("network-incomplete", layer.file, missing,
+           "The node does not exist, but a link names it.", "A node is made where the link ends.",
+           "Add the node.");
+    const double level = building_.sourceNodes[other->second].spot.level;
+    nodes_.emplace(missing, building_.sourceNodes.size());
+    building_.sourceNodes.push_back(
+        {missing, {level, first ? lines.front().front() : lines.front().back()}});
   }
 
   // A node at each bend, and a link for each straight part.

@@ -9,7 +9,6 @@
 namespace orivanta::importer {
 namespace {
 
-using test::OsmText;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
@@ -65,7 +64,8 @@ TEST(Osm, TagsTellWhatAnAreaIs) {
       {{{"indoor", "column"}}, AreaKind::obstacle},
       {{{"amenity", "parking"}}, AreaKind::unknown, "amenity=parking", true},
       {{{"landuse", "grass"}}, std::nullopt},
-      {{{"building", "yes"}, {"shop", "mall"}}, AreaKind::room, "shop=mall", true},
+      {{{"building", "yes"}, {"shop", "mall"}}, std::nullopt},
+      {{{"building", "yes"}, {"shop", "kiosk"}}, AreaKind::room, "shop=kiosk", true},
       {{{"building:part", "yes"}}, std::nullopt},
   };
   for (const Row& row : rows) {
@@ -206,7 +206,7 @@ TEST(Osm, OnlyWhatIsIndoorsMatters) {
   EXPECT_EQ(signs, "A0=1 A2=2 B0=EG ");
   ASSERT_EQ(all.building.places.size(), 2U);
   EXPECT_EQ(all.building.places[1].hours, "24/7");
-  EXPECT_EQ(test::described(all.building).find("mapper"), std::string::npos);
+  EXPECT_EQ(described(all.building).find("mapper"), std::string::npos);
   EXPECT_THAT(all.building.attribution, HasSubstr("OpenStreetMap"));
 
   Options options;

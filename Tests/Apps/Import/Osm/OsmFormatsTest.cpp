@@ -1,0 +1,159 @@
+// The same extract in all formats, whole and damaged.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+
+#include "Apps/Import/SourceError.hpp"
+#include "Tests/Apps/Import/House/House.hpp"
+#include "Tests/Apps/Import/Osm/OsmText.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+#include "Tests/Support/Venues.hpp"
+
+namespace orivanta::importer {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+Building read(const std::vector<SourceFile>& files, const Options& options = {}) {
+  Findings findings;
+  return readBuilding(files, recognizeFormat(files), options, findings);
+}
+
+SourceFile file(const fs::path& path) { return {path.filename().string(), test::contentsOf(path)}; }
+
+// The extract as osmium writes it; empty if osmium is not installed.
+SourceFile converted(const SourceFile& xml, const std::string& name, const std::string& how) {
+  const test::TemporaryFolder folder;
+  folder.write("source.osm", xml.bytes);
+  const fs::path target = folder.path() / name;
+  const std::string command = fmt::format("osmium {} -o '{}' '{}' 2>/dev/null", how,
+                                          target.string(), (folder.path() / "source.osm").string());
+  return std::system(command.c_str()) == 0 ? file(target) : SourceFile();
+}
+
+// Small extracts of different kinds, and real ones if there are any.
+std::vector<SourceFile> extracts() {
+  std::vector<SourceFile> all = house::asOsmXml(house::make());
+  const auto venues = test::venuesFolder();
+  for (const char* path : {"osm-dresden-apb/APBorig.osm", "osm-grenoble-caserne/caserne.osm"})
+    if (venues && fs::exists(*venues / "../raw" / path))
+      all.push_back(file(*venues / "../raw" / path));
+  return all;
+}
+
+TEST(OsmFormats, GiveTheSameBuilding) {
+  const Building house = house::make();
+  Options options;
+  options.network = NetworkChoice::source;
+  const std::string expected = described(read(house::asOsmXml(house), options));
+  EXPECT_EQ(described(read(house::asOverpassJson(house), options)), expected);
+  EXPECT_EQ(described(read(house::asOsmGeoJson(house), options)), expected);
+  for (const SourceFile& xml : extracts()) {
+    const std::string whole = described(read({xml}, options));
+    const std::pair<const char*, const char*> ways[] = {
+        {"a.osm.pbf", "cat -f pbf"},
+        {"a.osm.pbf", "cat -f pbf,pbf_dense_nodes=false,pbf_compression=none"},
+        {"a.geojson", "export -f geojson -u type_id -a id,type"}};
+    for (const auto& [name, how] : ways) {
+      const SourceFile other = converted(xml, name, how);
+      if (other.bytes.empty()) GTEST_SKIP() << "osmium is not installed";
+      EXPECT_EQ(described(read({other}, options)), whole) << xml.name << " " << how;
+    }
+  }
+}
+
+TEST(OsmFormats, RealBuildingsHaveTheRoomsOfTheirPackages) {
+  const auto venues = test::venuesFolder();
+  if (!venues || !fs::exists(*venues / "../raw")) GTEST_SKIP() << "no real venues";
+  struct Row {
+    const char* path;
+    std::map<AreaKind, int> areas;
+    std::size_t doors;
+  };
+  const Row rows[] = {{"osm-dresden-apb/APBorig.osm",
+                       {{AreaKind::room, 392},
+                        {AreaKind::walkway, 44},
+                        {AreaKind::elevator, 8},
+                        {AreaKind::stairs, 29}},
+                       529},
+                      {"osm-grenoble-grandplace/grand-place.geojson",
+                       {{AreaKind::room, 124}, {AreaKind::stairs, 0}},
+                       19}};
+  for (const Row& row : rows) {
+    Building building = read({file(*venues / "../raw" / row.path)});
+    std::map<AreaKind, int> areas;
+    for (const Area& area : building.areas)
+      if (area.level >= 0.0) ++areas[area.kind];
+    for (const auto& [kind, number] : row.areas) EXPECT_EQ(areas[kind], number) << row.path;
+    EXPECT_GE(building.doors.size(), row.doors) << row.path;
+  }
+}
+
+TEST(OsmFormats, CutAndDamagedFilesAreReadAsFarAsPossible) {
+  const Building house = house::make();
+  for (const auto& write : {house::asOsmXml, house::asOverpassJson, house::asOsmGeoJson}) {
+    const std::vector<SourceFile> files = write(house);
+    const Format format = recognizeFormat(files);
+    const std::size_t size = files[0].bytes.size();
+    for (std::size_t step = 1; step <= 40; ++step) {
+      for (const bool isCut : {true, false}) {
+        SourceFile damaged = files[0];
+        if (isCut)
+          damaged.bytes.resize(size * step / 41);
+        else
+          damaged.bytes[size * step / 41] = '\x01';
+        Findings findings;
+        try {
+          const Building building = readBuilding({damaged}, format, {}, findings);
+          EXPECT_LE(building.areas.size(), 40U);
+        } catch (const SourceError& error) {
+          EXPECT_THAT(error.what(), HasSubstr(damaged.name));
+        }
+      }
+    }
+  }
+}
+
+TEST(OsmFormats, UnreadableFilesAreRefusedWithTheNextStep) {
+  struct Row {
+    Format format;
+    std::string bytes;
+    const char* message;
+  };
+  const std::string header("\x00\x00\x00\x0d\x0a\x09OSMHeader\x18\x00", 17);
+  const std::string zstd("\x00\x00\x00\x0b\x0a\x07OSMData\x18\x04\x3a\x02zz", 19);
+  const Row rows[] = {
+      {Format::osmXml, "<html/>", "begins with <html> instead of <osm>"},
+      {Format::osmXml, "plain", "begins with no element"},
+      {Format::osmXml, "<?xml version='1.0' encoding='ISO-8859-1'?><osm/>", "save it in UTF-8"},
+      {Format::osmXml, "<osm></osm>", "nothing in it is indoors"},
+      {Format::osmPbf, "PK\x03\x04 something else", "is this an .osm.pbf file?"},
+      {Format::osmPbf, header + zstd, "block 2 is compressed with zstd; save it with zlib"},
+      {Format::overpassJson, "{\"elements\":{}}", "is this an answer of Overpass in JSON?"},
+  };
+  for (const Row& row : rows) {
+    Findings findings;
+    EXPECT_THAT(
+        [&] {
+          readBuilding({{"plan", row.bytes}}, row.format, {}, findings);
+        },
+        testing::ThrowsMessage<SourceError>(HasSubstr(row.message)));
+  }
+}
+
+TEST(OsmFormats, ManyObjectsStayWithinTheLimits) {
+  OsmText text;
+  text.box(1, 0, 0, 5, 5, {{"indoor", "room"}, {"level", "-90-90"}, {"repeat_on", "0-190"}});
+  Options options;
+  options.limits.vertices = 1000;
+  Findings findings;
+  EXPECT_THAT([&] { readOsmXml(text.files(), options, findings); },
+              testing::ThrowsMessage<SourceError>(HasSubstr("more than 1000 points")));
+}
+
+}  // namespace
+}  // namespace orivanta::importer
