@@ -92,6 +92,17 @@ void addEntrancesOf(const Record& polygon, std::unordered_set<std::string_view>&
     if (const auto id = identifierIn(element, "id")) entrances.insert(*id);
 }
 
+void checkPosition(const PackageRecords& records, const Record& place, Findings& findings) {
+  if (!elementsOf(place, "nodes").empty() || !elementsOf(place, "polygons").empty()) return;
+  Finding finding =
+      records.findingAbout(place, Severity::warning, "place-without-position", "nodes");
+  finding.message = fmt::format("The place \"{}\" has neither nodes nor polygons.",
+                                place.text("name").value_or(""));
+  finding.effect = "No route leads to it, and no floor shows it.";
+  finding.advice = "List the node inside it in \"nodes\", and its area in \"polygons\".";
+  findings.add(std::move(finding));
+}
+
 // Clients drop the nodes of a place that are entrances of its polygons, since a route must end in
 // the room and not at its door.
 void checkInnerNodes(const PackageRecords& records, const Record& place, Findings& findings) {
@@ -132,8 +143,11 @@ void checkLinks(const PackageRecords& records, Findings& findings) {
             checkLink(records, link, record, element, findings);
   for (const Record& record : records[polygon].records)
     if (record.kept) checkEntranceFloors(records, record, findings);
-  for (const Record& record : records[location].records)
-    if (record.kept) checkInnerNodes(records, record, findings);
+  for (const Record& record : records[location].records) {
+    if (!record.kept) continue;
+    checkPosition(records, record, findings);
+    checkInnerNodes(records, record, findings);
+  }
 }
 
 }  // namespace orivanta::check
