@@ -11,9 +11,9 @@
 
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Session.hpp"
-#include "Apps/Command/SimulatedWalk.hpp"
 #include "Apps/Text/Json.hpp"
 #include "Source/Guidance/Follower.hpp"
+#include "Source/Guidance/SimulatedWalk.hpp"
 #include "Source/Map.hpp"
 #include "Source/Venue.hpp"
 
@@ -23,6 +23,7 @@ using guidance::Follower;
 using guidance::Itinerary;
 using guidance::Position;
 using guidance::Progress;
+using guidance::SimulatedWalk;
 
 namespace {
 
@@ -47,10 +48,11 @@ class Walk {
   }
 
   ExitCode run() {
-    report(follower_->update(walk_->at(0.0), time_), walk_->at(0.0));
+    const Position start = walk_->at(0.0).position;
+    report(follower_->update(start, time_), start);
     while (elapsed_ < walk_->seconds()) {
       advance();
-      Position position = walk_->at(elapsed_);
+      Position position = walk_->at(elapsed_).position;
       const bool aside = leaveAt_ && time_ >= *leaveAt_;
       if (aside) position.x += metersAside * guide_.unitsPerMeter();
       const Progress& progress = follower_->update(position, time_);

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+#include "Source/Guidance/SimulatedWalk.hpp"
+#include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Tests/Support/TwoFloorVenue.hpp"
 
@@ -29,7 +31,7 @@ class FollowerTest : public testing::Test {
     records.maps = R"([{"id": "g", "elevation": 0}, {"id": "m", "elevation": 5},
                        {"id": "h", "elevation": 10}])";
     records.nodes = R"([
-        {"id": "a", "map": "g", "x": 0, "y": 0, "paths": [{"node": "b"}]},
+        {"id": "a", "map": "g", "x": 0, "y": 0, "z": 4, "paths": [{"node": "b"}]},
         {"id": "b", "map": "g", "x": 40, "y": 0, "paths": [{"node": "c"}]},
         {"id": "c", "map": "g", "x": 40, "y": 20, "paths": [{"node": "d"}]},
         {"id": "d", "map": "g", "x": 20, "y": 20, "paths": [{"node": "e"}]},
@@ -126,6 +128,30 @@ TEST_F(FollowerTest, APositionOnTheRouteIsNeverOffIt) {
   follower.update(at("g", 40, 12), 0);
   follower.update(at("g", 31, 1), 1);  // 9 m from the last place, but on an earlier part
   EXPECT_FALSE(follower.update(at("g", 31, 0), 9).offRoute);
+}
+
+TEST_F(FollowerTest, ASimulatedTravelerTakesTheExpectedTime) {
+  Itinerary itinerary = follow({"a", "b", "c", "d", "e", "f", "h1"}).itinerary();
+  itinerary.legs[0].seconds = 100;  // for 100 m
+  itinerary.legs[1].seconds = 20;   // the lift
+  itinerary.legs[2].seconds = nan;
+  const SimulatedWalk walk(itinerary);
+  EXPECT_EQ(walk.seconds(), 120.0);
+  const struct {
+    double seconds;
+    const char* map;
+    double x, y, z;
+  } cases[] = {{nan, "g", 0, 0, 4},    {-1, "g", 0, 0, 4},      {30, "g", 30, 0, 1},
+               {50, "g", 40, 10, 0},   {110, "g", 20, -20, 0},  {119.9, "g", 20, -20, 0},
+               {120, "h", 30, -20, 0}, {1e300, "h", 30, -20, 0}};
+  for (const auto& each : cases) {
+    const SimulatedWalk::Point point = walk.at(each.seconds);
+    EXPECT_EQ(*point.position.map->id, each.map) << each.seconds;
+    EXPECT_NEAR(point.position.x, each.x, 1e-9) << each.seconds;
+    EXPECT_NEAR(point.position.y, each.y, 1e-9) << each.seconds;
+    EXPECT_NEAR(point.z, each.z, 1e-9) << each.seconds;
+  }
+  EXPECT_EQ(SimulatedWalk(Itinerary()).at(1.0).position.map, nullptr);
 }
 
 TEST_F(FollowerTest, FollowsAnItineraryWithoutLegs) {
