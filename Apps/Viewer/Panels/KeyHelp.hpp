@@ -7,12 +7,13 @@
 
 #include "Apps/Viewer/Widgets/List.hpp"
 #include "Apps/Viewer/Widgets/Panel.hpp"
+#include "Source/Guidance/InterfaceTexts.hpp"
 
 namespace orivanta::viewer {
 
 class KeyHelp : public Panel {
  public:
-  KeyHelp();
+  explicit KeyHelp(const guidance::InterfaceTexts& texts);
 
   /// Whether to list the key that goes back to the list of venues.
   void setWayBack(bool offered);

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
@@ -35,8 +36,9 @@ std::string kindOf(const Location& place) {
 
 }  // namespace
 
-PlaceCard::PlaceCard()
-    : picture_(std::make_shared<PictureView>()),
+PlaceCard::PlaceCard(const guidance::InterfaceTexts& texts)
+    : texts_(texts),
+      picture_(std::make_shared<PictureView>()),
       name_(
           std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 2})),
       kind_(std::make_shared<Label>(
@@ -45,9 +47,9 @@ PlaceCard::PlaceCard()
           LabelStyle{.size = theme::smallSize, .bold = true, .color = theme::warning})),
       description_(std::make_shared<Label>(LabelStyle{.lines = mostLines})),
       close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
-      from_(std::make_shared<Button>(ButtonLook::tinted, "From here")),
-      to_(std::make_shared<Button>(ButtonLook::filled, "To here")),
-      addStop_(std::make_shared<Button>(ButtonLook::tinted, "Add stop")) {
+      from_(std::make_shared<Button>(ButtonLook::tinted, texts.text("interface.place.from"))),
+      to_(std::make_shared<Button>(ButtonLook::filled, texts.text("interface.place.to"))),
+      addStop_(std::make_shared<Button>(ButtonLook::tinted, texts.text("interface.place.stop"))) {
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
            closed_, picture_, name_, kind_, description_, close_, from_, to_, addStop_})
     addSubview(part);
@@ -64,7 +66,9 @@ void PlaceCard::show(const Location& place) {
   picture_->setPicture(nullptr);
 }
 
-void PlaceCard::setPlaceClosed(bool isClosed) { closed_->setText(isClosed ? "Closed now" : ""); }
+void PlaceCard::setPlaceClosed(bool isClosed) {
+  closed_->setText(isClosed ? texts_.text("interface.place.closed") : "");
+}
 
 void PlaceCard::setNearest(const std::vector<std::string>& titles) {
   for (const auto& button : nearest_) button->removeFromSuperview();
@@ -116,6 +120,7 @@ double PlaceCard::arrange(double width, double mostHeight, bool isSmall) {
   while (height > mostHeight && lines > 0) height = arrangeParts(width, /*isSmall=*/true, --lines);
   if (height > mostHeight && std::exchange(showsNearest_, false))
     height = arrangeParts(width, /*isSmall=*/true, lines);
+  directChildren(*this, width);
   return height;
 }
 

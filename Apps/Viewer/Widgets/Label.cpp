@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/Graphics/Text.hpp"
 #include "Platform/View/Canvas.hpp"
 
@@ -65,10 +66,10 @@ void Label::draw(view::Canvas& canvas) {
   const auto& image = picture(size.width, canvas.scale());
   if (!image) return;
   const graphics::Size shown = image->size();
-  double left = 0;
-  if (style_.alignment == Alignment::center) left = (size.width - shown.width) / 2;
-  if (style_.alignment == Alignment::trailing) left = size.width - shown.width;
-  canvas.draw(image, {{left, (size.height - shown.height) / 2}, shown});
+  double start = 0;
+  if (style_.alignment == Alignment::center) start = (size.width - shown.width) / 2;
+  if (style_.alignment == Alignment::trailing) start = size.width - shown.width;
+  canvas.draw(image, directed(*this, {{start, (size.height - shown.height) / 2}, shown}));
 }
 
 }  // namespace orivanta::viewer

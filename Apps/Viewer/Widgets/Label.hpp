@@ -10,6 +10,7 @@
 
 namespace orivanta::viewer {
 
+/// Where a text is in its frame. It leads where lines of the interface begin.
 enum class Alignment { leading, center, trailing };
 
 struct LabelStyle {
