@@ -41,7 +41,9 @@ std::string keysOf(const Meaning& line, const guidance::InterfaceTexts& texts) {
 
 constexpr double lineHeight = 31;  // points
 constexpr double titleHeight = 54;
-constexpr double roomyWidth = 440;
+constexpr double mostWidth = 540;
+constexpr double gap = 20;  // between the keys and their meanings
+constexpr std::array textSizes{theme::textSize, 13.5, theme::smallSize, 11.5, 10.5};
 
 }  // namespace
 
@@ -55,19 +57,25 @@ class KeyHelp::Line : public Row {
     for (const auto& label : {keys_, meaning_}) addSubview(label);
   }
 
+  void setSize(double textSize) {
+    keys_->setSize(textSize);
+    meaning_->setSize(textSize);
+  }
+  double keysWidth() { return keys_->fitting(mostWidth).width; }
+  double meaningWidth() { return meaning_->fitting(mostWidth).width; }
+  void setMeaningLeft(double left) { meaningLeft_ = left; }
+
   void draw(view::Canvas&) override {
-    const double width = bounds().size.width;
-    const double inner = width - 2 * theme::padding;
-    for (const auto& label : {keys_, meaning_})
-      label->setSize(width < roomyWidth ? theme::smallSize : theme::textSize);
-    keys_->setFrame({{theme::padding, 0}, {inner * 0.56, lineHeight}});
-    meaning_->setFrame({{theme::padding + inner * 0.58, 0}, {inner * 0.42, lineHeight}});
-    for (const auto& label : {keys_, meaning_}) label->setFrame(directed(*this, label->frame()));
+    const double end = bounds().size.width - theme::padding;
+    keys_->setFrame(
+        directed(*this, {{theme::padding, 0}, {meaningLeft_ - gap - theme::padding, lineHeight}}));
+    meaning_->setFrame(directed(*this, {{meaningLeft_, 0}, {end - meaningLeft_, lineHeight}}));
   }
 
  private:
   std::shared_ptr<Label> keys_;
   std::shared_ptr<Label> meaning_;
+  double meaningLeft_ = 0;
 };
 
 KeyHelp::KeyHelp(const guidance::InterfaceTexts& texts)
@@ -91,8 +99,26 @@ void KeyHelp::setWayBack(bool offered) {
   list_->setRows({lines_.begin(), lines_.begin() + static_cast<std::ptrdiff_t>(count)});
 }
 
+// Uses the largest letters with which both columns fit.
+void KeyHelp::arrangeColumns(double width) {
+  double keys = 0;
+  for (const double textSize : textSizes) {
+    keys = 0;
+    double meaning = 0;
+    for (const auto& line : lines_) {
+      line->setSize(textSize);
+      keys = std::max(keys, line->keysWidth());
+      meaning = std::max(meaning, line->meaningWidth());
+    }
+    if (keys + gap + meaning + 2 * theme::padding <= width) break;
+  }
+  const double most = 0.6 * width;
+  for (const auto& line : lines_) line->setMeaningLeft(std::min(theme::padding + keys + gap, most));
+}
+
 graphics::Size KeyHelp::arrange(graphics::Size room) {
-  const double width = std::min(480.0, room.width - 2 * theme::margin);
+  const double width = std::min(mostWidth, room.width - 2 * theme::margin);
+  if (!isHidden()) arrangeColumns(width);
   title_->setFrame({{theme::padding, 0}, {width - 2 * theme::padding - 30, titleHeight}});
   close_->setFrame({{width - 46, 6}, {42, 42}});
   const double height =

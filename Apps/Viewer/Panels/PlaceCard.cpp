@@ -19,6 +19,10 @@ constexpr double largePictureSide = 72;
 constexpr double smallPictureSide = 56;
 constexpr int mostLines = 5;  // of the description
 constexpr double leastWideRatio = 1.4;
+constexpr double gap = 10;  // between buttons
+constexpr double smallGap = 6;
+constexpr double nearestHeight = theme::controlSize - 8;
+constexpr double leastTitleGap = 5;  // on both sides of the title of a button
 
 // Returns its categories without duplicates, and its floors.
 std::string kindOf(const Location& place) {
@@ -143,28 +147,48 @@ double PlaceCard::arrangeParts(double width, bool isSmall, int lines) {
   return arrangeButtons(width, top);
 }
 
-// Arranges the buttons in one or two rows of equal columns. Returns the height of the card.
-double PlaceCard::arrangeButtons(double width, double top) {
-  constexpr double gap = 10;
-  const auto arrangeRow = [&](const std::vector<std::shared_ptr<Button>>& row, double height) {
-    const auto count = static_cast<double>(row.size());
-    const double each = (width - 2 * theme::padding - gap * (count - 1)) / count;
-    double left = theme::padding;
-    for (const auto& button : row) {
-      button->setFrame({{left, top}, {each, height}});
-      left += each + gap;
-    }
-    top += height;
+// Arranges buttons in as many rows as their titles need. Returns the lower edge.
+double PlaceCard::arrangeNearest(double width, double top) {
+  const double inner = width - 2 * theme::padding;
+  const auto widthOf = [](Button& button) {
+    return button.fittingWidth() - 2 * (theme::padding - leastTitleGap);
   };
+  for (std::size_t first = 0; first < nearest_.size();) {
+    std::size_t end = first;
+    double titles = 0;
+    double needed = -smallGap;
+    for (; end < nearest_.size(); ++end) {
+      const double next = widthOf(*nearest_[end]);
+      if (end > first && needed + smallGap + next > inner) break;
+      titles += next;
+      needed += smallGap + next;
+    }
+    double left = theme::padding;
+    const double stretched = (inner - (needed - titles)) / titles;
+    for (; first < end; ++first) {
+      const double each = widthOf(*nearest_[first]) * stretched;
+      nearest_[first]->setFrame({{left, top}, {each, nearestHeight}});
+      left += each + smallGap;
+    }
+    top += nearestHeight + smallGap;
+  }
+  return top - smallGap;
+}
+
+// Arranges the buttons. Returns the height of the card.
+double PlaceCard::arrangeButtons(double width, double top) {
   addStop_->setHidden(!canAddStop_);
   for (const auto& button : nearest_) button->setHidden(!showsNearest_);
-  if (showsNearest_) {
-    arrangeRow(nearest_, theme::controlSize - 8);
-    top += gap;
+  if (showsNearest_) top = arrangeNearest(width, top) + gap;
+  const auto row = canAddStop_ ? std::vector{from_, addStop_, to_} : std::vector{from_, to_};
+  const auto count = static_cast<double>(row.size());
+  const double each = (width - 2 * theme::padding - gap * (count - 1)) / count;
+  double left = theme::padding;
+  for (const auto& button : row) {
+    button->setFrame({{left, top}, {each, theme::controlSize}});
+    left += each + gap;
   }
-  arrangeRow(canAddStop_ ? std::vector{from_, addStop_, to_} : std::vector{from_, to_},
-             theme::controlSize);
-  return top + theme::padding;
+  return top + theme::controlSize + theme::padding;
 }
 
 }  // namespace orivanta::viewer

@@ -51,6 +51,7 @@ class PlaceCard : public Panel {
  private:
   double arrangeParts(double width, bool isSmall, int lines);
   double arrangeHead(double width, bool isSmall);
+  double arrangeNearest(double width, double top);
   double arrangeButtons(double width, double top);
   bool hasWidePicture() const;
 

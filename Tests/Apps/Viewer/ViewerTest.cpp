@@ -172,6 +172,7 @@ TEST_F(ViewerTest, SpeaksTheChosenLanguageInItsDirection) {
     stage.untilShown();
     VenueView& view = stage.untilPlanned("tamarisk-row", "dosa-dynamo");
     const RoutePanel& panel = *view.panels().route;
+    stage.picture();  // places the parts of rows
     EXPECT_EQ(panel.frame().minX() > 640, isRightToLeft);
     EXPECT_EQ(view.panels().floors->frame().minX() < 640, isRightToLeft);
     const auto row = panel.steps().list().inSight().at(0);
