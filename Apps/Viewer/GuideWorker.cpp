@@ -3,26 +3,38 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 #include <variant>
 
 #include "Source/Category.hpp"
 #include "Source/Guidance/FloorVisits.hpp"
 #include "Source/Location.hpp"
 #include "Source/Venue.hpp"
+#include "Source/Vortex.hpp"
 
 namespace orivanta::viewer {
 
 namespace {
 
+template <class List, class Element>
+bool contains(const List& list, const Element& element) {
+  return std::find(list.begin(), list.end(), element) != list.end();
+}
+
 std::vector<std::shared_ptr<Map>> floorsOf(const NodeList& path) {
   std::vector<std::shared_ptr<Map>> floors;
   for (const FloorVisit& visit : floorVisits(path))
-    if (std::find(floors.begin(), floors.end(), visit.floor) == floors.end())
-      floors.push_back(visit.floor);
+    if (!contains(floors, visit.floor)) floors.push_back(visit.floor);
   return floors;
 }
 
 }  // namespace
+
+GuideWorker::GuideWorker(std::shared_ptr<Venue> venue, guidance::InterfaceTexts texts)
+    : venue_(std::move(venue)),
+      connectors_(*venue_->vortices),
+      texts_(std::move(texts)),
+      narrator_(texts_.language()) {}
 
 void GuideWorker::prepare(const foundation::CancellationToken& end) {
   if (end.isCanceled() || !venue_) return;
@@ -45,6 +57,10 @@ GuidedRoute GuideWorker::describe(guidance::Itinerary itinerary) const {
   GuidedRoute route;
   route.path = itinerary.path();
   route.floors = floorsOf(route.path);
+  route.destination = itinerary.visits.back().location;
+  for (const auto& connector : connectors_)
+    if (!route.destination && contains(connector->nodes, route.path.back()))
+      route.destination = connector;
   if (route.path.size() == 1) {
     route.summary = texts_.text("interface.route.none");
   } else {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <memory>
-#include <utility>
+#include <vector>
 
 #include "Apps/Viewer/GuidedRoute.hpp"
 #include "Platform/Foundation/Cancellation.hpp"
@@ -19,8 +19,7 @@ class GuideWorker {
   using Request = guidance::Request;
   using Answer = GuidedPlan;
 
-  GuideWorker(std::shared_ptr<Venue> venue, guidance::InterfaceTexts texts)
-      : venue_(std::move(venue)), texts_(std::move(texts)), narrator_(texts_.language()) {}
+  GuideWorker(std::shared_ptr<Venue> venue, guidance::InterfaceTexts texts);
 
   /// Makes the guide and releases the venue.
   void prepare(const foundation::CancellationToken& end);
@@ -32,6 +31,7 @@ class GuideWorker {
   GuidedRoute describe(guidance::Itinerary itinerary) const;
 
   std::shared_ptr<Venue> venue_;  // null after the guide is made
+  std::vector<std::shared_ptr<Vortex>> connectors_;
   guidance::InterfaceTexts texts_;
   guidance::Narrator narrator_;
   std::shared_ptr<const guidance::Guide> guide_;  // null before the first request

@@ -17,6 +17,11 @@ std::optional<std::string> nameOf(const std::shared_ptr<Location>& place) {
   return place ? std::optional(place->name.value_or("")) : std::nullopt;
 }
 
+// Whether a place has a name that was not invented by a converter.
+bool hasName(const std::shared_ptr<Location>& place) {
+  return place && !place->_data["nameGenerated"].bool_().value_or(false);
+}
+
 }  // namespace
 
 RouteSession::RouteSession(std::shared_ptr<Venue> venue, const guidance::InterfaceTexts& texts,
@@ -105,7 +110,8 @@ void RouteSession::clear() {
 StopNames RouteSession::names() const {
   StopNames names{nameOf(from_), {}, nameOf(to_)};
   for (const auto& place : between_) names.between.push_back(place->name.value_or(""));
-  if (nearest_) names.to = route() && route()->to() ? nameOf(route()->to()) : nearest_->title;
+  if (nearest_) names.to = nearest_->title;
+  if (nearest_ && route() && hasName(route()->to())) names.to = nameOf(route()->to());
   return names;
 }
 

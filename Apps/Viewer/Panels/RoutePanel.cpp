@@ -16,7 +16,7 @@ constexpr double summaryHeight = 34;
 constexpr double gap = 8;
 
 Icon playIcon() {
-  return {{{{8, 5}, {18, 12}, {8, 19}, {8, 5}}, {{10, 9}, {14, 12}, {10, 15}}}, 3.4};
+  return {{{{8, 5}, {18, 12}, {8, 19}, {8, 5}}, {{11, 10}, {11, 14}, {14, 12}, {11, 10}}}, 3.4};
 }
 Icon pauseIcon() { return {{{{8, 5}, {8, 19}}, {{16, 5}, {16, 19}}}, 4}; }
 
