@@ -153,6 +153,7 @@ Contact contactAt(const Piece& piece, const Door& door) {
   contact.position = door.position;
   contact.length = door.width.value_or(1.0);
   contact.door = true;
+  contact.leaf = door.kind != DoorKind::passage;
   const Point away = door.position - piece.box.center;
   // As if the box were a square, so that a door in a long side belongs to it.
   contact.side = sideOf(

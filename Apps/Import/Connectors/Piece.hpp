@@ -34,7 +34,8 @@ struct Contact {
   Side side = Side::start;
   Point position;  ///< on the border
   double length = 0.0;
-  bool door = false;
+  bool door = false;  ///< a door or an opening that the source has drawn
+  bool leaf = false;  ///< it can be shut
 };
 
 /// The piece of an area; nothing for areas that are no connectors.

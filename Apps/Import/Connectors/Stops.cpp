@@ -26,14 +26,24 @@ const Contact& farthest(const Contacts& contacts, Point from) {
       });
 }
 
-// Doors, or else the short sides, or else all sides.
-Contacts boardable(const Piece& piece, const Surroundings& surroundings) {
+// The doors and openings between the piece and other areas on its storey, or else those that lead
+// anywhere.
+Contacts doorsOf(const Piece& piece, const Surroundings& surroundings, bool anywhere) {
   Contacts contacts;
-  if (piece.area != nullptr)
-    for (const Door* door : surroundings.doorsOf(*piece.area))
-      if (door->level == piece.level) contacts.push_back(contactAt(piece, *door));
+  if (piece.area == nullptr) return contacts;
+  for (const Door* door : surroundings.doorsOf(*piece.area))
+    if (door->level == piece.level &&
+        (anywhere || (door->kind != DoorKind::emergency && door->areas.size() >= 2)))
+      contacts.push_back(contactAt(piece, *door));
+  return contacts;
+}
+
+// Doors to other areas, or else the short sides, or else all sides, or else any doors.
+Contacts boardable(const Piece& piece, const Surroundings& surroundings) {
+  Contacts contacts = doorsOf(piece, surroundings, false);
   if (!contacts.empty()) return contacts;
   contacts = contactsOf(piece, surroundings.space(piece.level));
+  if (contacts.empty()) return doorsOf(piece, surroundings, true);
   if (piece.kind == ConnectorKind::elevator) return contacts;
   Contacts ends;
   for (const Contact& contact : contacts)
@@ -46,6 +56,11 @@ Stop stopAt(const Piece& piece, double level, Point position) {
   stop.spot = {level, position};
   if (piece.area != nullptr && piece.level == level) stop.area = piece.area->id;
   return stop;
+}
+
+bool hasLeaf(const Contacts& contacts) {
+  return std::any_of(contacts.begin(), contacts.end(),
+                     [](const Contact& contact) { return contact.leaf; });
 }
 
 // Two contacts on different sides; opposite sides are better, then long contacts.
@@ -105,7 +120,8 @@ std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
     if (contacts[i].empty()) {
       stops.push_back(
           stopAt(piece, piece.level, nearestTo(piece, surroundings.space(piece.level))));
-    } else if (piece.kind == ConnectorKind::elevator) {
+    } else if (piece.kind == ConnectorKind::elevator || hasLeaf(contacts[i])) {
+      // All doors of a shaft or a stairwell can be used.
       if (!contacts[i].front().door) contacts[i] = {longest(contacts[i])};
       for (const Contact& contact : contacts[i])
         stops.push_back(stopAt(piece, piece.level, contact.position));
@@ -124,7 +140,9 @@ std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
 
 std::vector<Stop> stopsOfSingle(const Piece& piece, const Surroundings& surroundings) {
   const Contacts own = boardable(piece, surroundings);
-  const bool flight = piece.kind == ConnectorKind::stairs || piece.kind == ConnectorKind::escalator;
+  const bool between = doorsOf(piece, surroundings, false).size() >= 2;
+  const bool flight =
+      !between && (piece.kind == ConnectorKind::stairs || piece.kind == ConnectorKind::escalator);
   if (flight && piece.area != nullptr && !own.empty())
     for (const int direction : {1, -1}) {
       const auto level = surroundings.neighbor(piece.level, direction);
@@ -139,7 +157,7 @@ std::vector<Stop> stopsOfSingle(const Piece& piece, const Surroundings& surround
     }
   if (piece.kind != ConnectorKind::elevator && piece.kind != ConnectorKind::escalator &&
       piece.area != nullptr) {
-    const Contacts all = contactsOf(piece, surroundings.space(piece.level));
+    const Contacts all = between ? own : contactsOf(piece, surroundings.space(piece.level));
     if (const auto pair = bestPair(all, all))
       return {stopAt(piece, piece.level, pair->first.position),
               stopAt(piece, piece.level, pair->second.position)};
