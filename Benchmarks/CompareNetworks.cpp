@@ -157,8 +157,8 @@ void compareLengths(const Building& building, const SurveyedPackage& survey, boo
              quantile(values, 0.5), quantile(values, 0.05), quantile(values, 0.95),
              quantile(values, 1.0));
   std::sort(ratios.begin(), ratios.end());
-  for (std::size_t i = 0; i < ratios.size(); i += std::max<std::size_t>(1, ratios.size() / 1))
-    fmt::print("  lowest           {:.2f} {}\n", ratios[i].first, ratios[i].second);
+  if (!ratios.empty())
+    fmt::print("  lowest           {:.2f} {}\n", ratios.front().first, ratios.front().second);
   if (!ratios.empty())
     fmt::print("  highest          {:.2f} {}\n", ratios.back().first, ratios.back().second);
 }
@@ -331,12 +331,6 @@ void countReachableRooms(const Building& building, bool list) {
         building.doors.begin(), building.doors.end(), [&](const importer::Door& door) {
           return std::find(door.areas.begin(), door.areas.end(), area.id) != door.areas.end();
         });
-    for (const importer::Door& door : building.doors)
-      if (std::find(door.areas.begin(), door.areas.end(), area.id) != door.areas.end()) {
-        fmt::print("    door {} guessed {}", door.id, door.guessed);
-        for (auto& a : door.areas) fmt::print(" {}", a);
-        fmt::print("\n");
-      }
     fmt::print("  not reachable    {} on {:g}, {} doors, {:.0f} m2 ({:.1f} {:.1f})\n", area.id,
                area.level, doors, importer::areaOf(area.shape), area.shape.front().outer.front().x,
                area.shape.front().outer.front().y);

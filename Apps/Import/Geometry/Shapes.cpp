@@ -116,6 +116,11 @@ Shape shapeOf(const Geometry& geometry) {
   return shape;
 }
 
+// The result of an operation, or what it was applied to if it failed.
+Shape shapeOr(GEOSGeometry* result, const Shape& otherwise) {
+  return result == nullptr ? otherwise : shapeOf(Geometry(result));
+}
+
 using Operation = GEOSGeometry* (*)(GEOSContextHandle_t, const GEOSGeometry*, const GEOSGeometry*);
 using RoundedOperation = GEOSGeometry* (*)(GEOSContextHandle_t, const GEOSGeometry*,
                                            const GEOSGeometry*, double);
@@ -129,8 +134,9 @@ Shape combined(const Shape& first, const Shape& second, Operation operation,
                RoundedOperation rounded) {
   if (GEOSGeometry* result = operation(handle(), geometryOf(first).get(), geometryOf(second).get()))
     return shapeOf(Geometry(result));
-  return shapeOf(owned(rounded(handle(), geometryOf(repaired(first)).get(),
-                               geometryOf(repaired(second)).get(), coarse)));
+  return shapeOr(rounded(handle(), geometryOf(repaired(first)).get(),
+                         geometryOf(repaired(second)).get(), coarse),
+                 first);
 }
 
 }  // namespace
@@ -141,7 +147,7 @@ Shape repaired(const Shape& shape) {
   GEOSMakeValidParams_setMethod_r(handle(), params.get(), GEOS_MAKE_VALID_STRUCTURE);
   GEOSMakeValidParams_setKeepCollapsed_r(handle(), params.get(), 0);
   const Geometry drawn = geometryOf(shape);
-  return shapeOf(owned(GEOSMakeValidWithParams_r(handle(), drawn.get(), params.get())));
+  return shapeOr(GEOSMakeValidWithParams_r(handle(), drawn.get(), params.get()), {});
 }
 
 bool isValid(const Shape& shape) { return GEOSisValid_r(handle(), geometryOf(shape).get()) == 1; }
@@ -153,7 +159,7 @@ Shape united(const Shape& shape) {
   const Geometry all = collectionOf(GEOS_GEOMETRYCOLLECTION, std::move(parts));
   if (GEOSGeometry* result = GEOSUnaryUnion_r(handle(), all.get()))
     return shapeOf(Geometry(result));
-  return shapeOf(owned(GEOSUnaryUnionPrec_r(handle(), all.get(), coarse)));
+  return shapeOr(GEOSUnaryUnionPrec_r(handle(), all.get(), coarse), shape);
 }
 
 Shape without(const Shape& shape, const Shape& removed) {
@@ -173,8 +179,8 @@ Shape withMargin(const Shape& shape, double margin) {
   GEOSGeometry* grown = GEOSBufferWithStyle_r(handle(), geometryOf(shape).get(), margin, segments,
                                               GEOSBUF_CAP_FLAT, GEOSBUF_JOIN_MITRE, miterLimit);
   if (grown != nullptr) return shapeOf(Geometry(grown));
-  return shapeOf(
-      owned(GEOSBuffer_r(handle(), geometryOf(repaired(shape)).get(), margin, segments)));
+  return shapeOr(GEOSBuffer_r(handle(), geometryOf(repaired(shape)).get(), margin, segments),
+                 shape);
 }
 
 Shape strip(const std::vector<Point>& line, double distance) {
@@ -182,13 +188,17 @@ Shape strip(const std::vector<Point>& line, double distance) {
   const Geometry drawn = owned(GEOSGeom_createLineString_r(handle(), sequenceOf(line, false)));
   constexpr int segments = 2;
   constexpr double miterLimit = 2.0;
-  return shapeOf(owned(GEOSBufferWithStyle_r(handle(), drawn.get(), distance, segments,
-                                             GEOSBUF_CAP_FLAT, GEOSBUF_JOIN_MITRE, miterLimit)));
+  return shapeOr(GEOSBufferWithStyle_r(handle(), drawn.get(), distance, segments, GEOSBUF_CAP_FLAT,
+                                       GEOSBUF_JOIN_MITRE, miterLimit),
+                 {});
 }
 
 Shape snapped(const Shape& shape, double grid) {
   if (shape.empty()) return {};
-  return shapeOf(owned(GEOSGeom_setPrecision_r(handle(), geometryOf(shape).get(), grid, 0)));
+  const Geometry drawn = geometryOf(shape);
+  if (GEOSGeometry* result = GEOSGeom_setPrecision_r(handle(), drawn.get(), grid, 0))
+    return shapeOf(Geometry(result));
+  return shapeOr(GEOSGeom_setPrecision_r(handle(), geometryOf(repaired(shape)).get(), grid, 0), {});
 }
 
 Shape joined(Shape first, const Shape& second) {

@@ -1,8 +1,9 @@
 // Set operations on areas: repair, union, difference, margins.
 //
 // A thin layer over GEOS, which nothing else includes. All functions take and return plain
-// polygons in meters, may be called from any thread, and throw `std::runtime_error` if GEOS fails,
-// which repaired input does not cause.
+// polygons in meters and may be called from any thread. An operation that fails is repeated with
+// rounded input. If that fails, too, the first argument is returned as it is; a repair and `snapped`
+// then return nothing.
 #pragma once
 
 #include <vector>
