@@ -38,9 +38,7 @@ class ConnectorMaker {
     for (const std::vector<std::size_t>& set : sets.all())
       for (const std::size_t i : set) open[i] = !onSeveralLevels(set);
     const std::vector<bool> drawn = takeLines(open, sets);
-    std::vector<double> levels;
-    for (const Storey& storey : building_.storeys) levels.push_back(storey.ordinal);
-    pairByShape(pieces_, levels, open, sets);
+    pairByShape(pieces_, heightsOf(building_), open, sets);
     for (const std::vector<std::size_t>& set : sets.all())
       if (!drawn[set.front()]) addConnector(set);
     return std::move(made_);

@@ -142,25 +142,40 @@ std::vector<std::vector<std::size_t>> PieceSets::all() const {
   return list;
 }
 
-void pairByShape(const std::vector<Piece>& pieces, const std::vector<double>& levels,
+Heights heightsOf(const Building& building) {
+  constexpr double sameHeight = 0.5;  // meters
+  Heights heights;
+  double last = 0.0;
+  for (const Storey& storey : building.storeys) {
+    const double elevation = storey.elevation.value_or(storey.ordinal * 4.0);
+    if (heights.empty() || std::abs(elevation - last) >= sameHeight) heights.emplace_back();
+    heights.back().push_back(storey.ordinal);
+    last = elevation;
+  }
+  return heights;
+}
+
+void pairByShape(const std::vector<Piece>& pieces, const Heights& heights,
                  const std::vector<bool>& open, PieceSets& sets) {
   std::map<double, std::vector<std::size_t>> byLevel;
   for (std::size_t i = 0; i < pieces.size(); ++i)
     if (open[i]) byLevel[pieces[i].level].push_back(i);
+  const auto piecesAt = [&](const std::vector<double>& levels) {
+    std::vector<std::size_t> all;
+    for (const double level : levels)
+      all.insert(all.end(), byLevel[level].begin(), byLevel[level].end());
+    return all;
+  };
   std::set<std::size_t> hasUpper;
   std::set<std::size_t> hasLower;
-  // Neighboring storeys first; then lifts that a storey between does not show.
+  // Neighboring heights first; then flights and lifts that pass a storey.
   for (const std::size_t distance : {std::size_t{1}, std::size_t{2}}) {
     std::vector<Pair> pairs;
-    for (std::size_t i = 0; i + distance < levels.size(); ++i) {
-      const CellIndex above(pieces, byLevel[levels[i + distance]]);
-      for (const std::size_t lower : byLevel[levels[i]])
-        for (const std::size_t upper : above.near(pieces[lower])) {
-          const auto pair = match(pieces, lower, upper);
-          if (pair &&
-              (distance == 1 || (pieces[lower].kind == ConnectorKind::elevator && pair->rank == 0)))
-            pairs.push_back(*pair);
-        }
+    for (std::size_t i = 0; i + distance < heights.size(); ++i) {
+      const CellIndex above(pieces, piecesAt(heights[i + distance]));
+      for (const std::size_t lower : piecesAt(heights[i]))
+        for (const std::size_t upper : above.near(pieces[lower]))
+          if (const auto pair = match(pieces, lower, upper)) pairs.push_back(*pair);
     }
     std::sort(pairs.begin(), pairs.end());
     for (const Pair& pair : pairs) {

@@ -80,7 +80,8 @@ std::optional<std::pair<Contact, Contact>> bestPair(const Contacts& first, const
 
 }  // namespace
 
-Surroundings::Surroundings(const Building& building) : building_(building) {
+Surroundings::Surroundings(const Building& building)
+    : building_(building), heights_(heightsOf(building)) {
   for (const Door& door : building.doors)
     for (const std::string& area : door.areas) doors_[area].push_back(&door);
 }
@@ -96,13 +97,14 @@ std::vector<const Door*> Surroundings::doorsOf(const Area& area) const {
   return found == doors_.end() ? std::vector<const Door*>() : found->second;
 }
 
-std::optional<double> Surroundings::neighbor(double level, int direction) const {
-  for (std::size_t i = 0; i < building_.storeys.size(); ++i) {
-    if (building_.storeys[i].ordinal != level) continue;
-    if (direction > 0 && i + 1 < building_.storeys.size()) return building_.storeys[i + 1].ordinal;
-    if (direction < 0 && i > 0) return building_.storeys[i - 1].ordinal;
+std::vector<double> Surroundings::neighbors(double level, int steps) const {
+  for (std::size_t i = 0; i < heights_.size(); ++i) {
+    if (std::find(heights_[i].begin(), heights_[i].end(), level) == heights_[i].end()) continue;
+    const auto at = static_cast<std::ptrdiff_t>(i) + steps;
+    if (at >= 0 && at < static_cast<std::ptrdiff_t>(heights_.size()))
+      return heights_[static_cast<std::size_t>(at)];
   }
-  return std::nullopt;
+  return {};
 }
 
 double Surroundings::distance(double level, Point point) const {
@@ -144,17 +146,16 @@ std::vector<Stop> stopsOfSingle(const Piece& piece, const Surroundings& surround
   const bool flight =
       !between && (piece.kind == ConnectorKind::stairs || piece.kind == ConnectorKind::escalator);
   if (flight && piece.area != nullptr && !own.empty())
-    for (const int direction : {1, -1}) {
-      const auto level = surroundings.neighbor(piece.level, direction);
-      if (!level || shareWithin(piece, surroundings.space(*level)) >= mostOverlap) continue;
-      const auto pair = bestPair(own, contactsOf(piece, surroundings.space(*level)));
-      if (!pair) continue;
-      std::vector<Stop> stops = {stopAt(piece, piece.level, pair->first.position),
-                                 stopAt(piece, *level, pair->second.position)};
-      stops.back().area.clear();
-      if (direction < 0) std::reverse(stops.begin(), stops.end());
-      return stops;
-    }
+    for (const int steps : {1, -1, 2, -2})
+      for (const double level : surroundings.neighbors(piece.level, steps)) {
+        if (shareWithin(piece, surroundings.space(level)) >= mostOverlap) continue;
+        const auto pair = bestPair(own, contactsOf(piece, surroundings.space(level)));
+        if (!pair) continue;
+        std::vector<Stop> stops = {stopAt(piece, piece.level, pair->first.position),
+                                   stopAt(piece, level, pair->second.position)};
+        if (steps < 0) std::reverse(stops.begin(), stops.end());
+        return stops;
+      }
   if (piece.kind != ConnectorKind::elevator && piece.kind != ConnectorKind::escalator &&
       piece.area != nullptr) {
     const Contacts all = between ? own : contactsOf(piece, surroundings.space(piece.level));
