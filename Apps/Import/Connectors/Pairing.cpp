@@ -18,6 +18,7 @@ using package::dot;
 
 constexpr double leastOverlap = 0.2;  // of the smaller piece
 constexpr double longestGap = 8.0;    // between flights in line
+constexpr double nearGap = 12.0;      // between flights that have no other partner
 constexpr double touchingGap = 1.2;   // between ends that touch
 constexpr double sidewaysOffset = 1.0;
 constexpr std::size_t mostCandidates = 300;
@@ -85,6 +86,19 @@ std::optional<Pair> match(const std::vector<Piece>& pieces, std::size_t lower, s
   return std::nullopt;
 }
 
+// Flights without any other partner: the nearer, the better.
+std::optional<Pair> matchNear(const std::vector<Piece>& pieces, std::size_t lower,
+                              std::size_t upper) {
+  const Piece& a = pieces[lower];
+  const Piece& b = pieces[upper];
+  if (a.kind != b.kind || a.kind == ConnectorKind::elevator || a.area == nullptr ||
+      b.area == nullptr || !agree(a.direction, b.direction))
+    return std::nullopt;
+  const double gap = endGap(a, b);
+  if (gap >= nearGap) return std::nullopt;
+  return Pair{3, gap, lower, upper};
+}
+
 // Pieces of one storey by the cell of a grid in which their centers lie.
 class CellIndex {
  public:
@@ -96,7 +110,7 @@ class CellIndex {
   }
 
   std::vector<std::size_t> near(const Piece& piece) const {
-    const double reach = std::min((piece.box.length + longest_) / 2.0 + longestGap + 1.0, 100.0);
+    const double reach = std::min((piece.box.length + longest_) / 2.0 + nearGap + 1.0, 100.0);
     const auto low = cellOf(piece.box.center - Point{reach, reach});
     const auto high = cellOf(piece.box.center + Point{reach, reach});
     std::vector<std::size_t> found;
@@ -155,8 +169,12 @@ Heights heightsOf(const Building& building) {
   return heights;
 }
 
-void pairByShape(const std::vector<Piece>& pieces, const Heights& heights,
-                 const std::vector<bool>& open, PieceSets& sets) {
+namespace {
+
+using Matcher = std::optional<Pair> (*)(const std::vector<Piece>&, std::size_t, std::size_t);
+
+void pairAll(const std::vector<Piece>& pieces, const Heights& heights,
+             const std::vector<bool>& open, Matcher matcher, PieceSets& sets) {
   std::map<double, std::vector<std::size_t>> byLevel;
   for (std::size_t i = 0; i < pieces.size(); ++i)
     if (open[i]) byLevel[pieces[i].level].push_back(i);
@@ -175,7 +193,7 @@ void pairByShape(const std::vector<Piece>& pieces, const Heights& heights,
       const CellIndex above(pieces, piecesAt(heights[i + distance]));
       for (const std::size_t lower : piecesAt(heights[i]))
         for (const std::size_t upper : above.near(pieces[lower]))
-          if (const auto pair = match(pieces, lower, upper)) pairs.push_back(*pair);
+          if (const auto pair = matcher(pieces, lower, upper)) pairs.push_back(*pair);
     }
     std::sort(pairs.begin(), pairs.end());
     for (const Pair& pair : pairs) {
@@ -185,6 +203,18 @@ void pairByShape(const std::vector<Piece>& pieces, const Heights& heights,
       sets.join(pair.lower, pair.upper);
     }
   }
+}
+
+}  // namespace
+
+void pairByShape(const std::vector<Piece>& pieces, const Heights& heights,
+                 const std::vector<bool>& open, PieceSets& sets) {
+  pairAll(pieces, heights, open, match, sets);
+}
+
+void pairNearest(const std::vector<Piece>& pieces, const Heights& heights,
+                 const std::vector<bool>& open, PieceSets& sets) {
+  pairAll(pieces, heights, open, matchNear, sets);
 }
 
 }  // namespace orivanta::importer

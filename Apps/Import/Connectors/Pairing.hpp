@@ -36,4 +36,9 @@ Heights heightsOf(const Building& building);
 void pairByShape(const std::vector<Piece>& pieces, const Heights& heights,
                  const std::vector<bool>& open, PieceSets& sets);
 
+/// Joins flights whose ends are less than 12 m apart, the nearest pairs first. For pieces that lead
+/// nowhere otherwise, such as the parts of winding stairs.
+void pairNearest(const std::vector<Piece>& pieces, const Heights& heights,
+                 const std::vector<bool>& open, PieceSets& sets);
+
 }  // namespace orivanta::importer
