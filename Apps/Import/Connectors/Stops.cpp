@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "Apps/Import/Geometry/Shapes.hpp"
 #include "Apps/Import/WalkableSpace.hpp"
 
 namespace orivanta::importer {
@@ -63,6 +64,24 @@ bool hasLeaf(const Contacts& contacts) {
                      [](const Contact& contact) { return contact.leaf; });
 }
 
+// The end of a flight that leads away from the next flight, if they do not lie on each other: that
+// is where it is boarded, even if the space is drawn a little away from it.
+std::optional<Point> outerEnd(const Piece& piece, const Piece& next, const Contacts& contacts,
+                              const Surroundings& surroundings) {
+  constexpr double besideSpace = 4.0;
+  if (piece.area == nullptr || next.area == nullptr ||
+      contains(piece.area->shape, next.box.center) || contains(next.area->shape, piece.box.center))
+    return std::nullopt;
+  const bool ahead = package::distance(piece.box.end(1.0), next.box.center) >
+                     package::distance(piece.box.end(-1.0), next.box.center);
+  for (const Contact& contact : contacts)
+    if (contact.side == (ahead ? Side::end : Side::start)) return contact.position;
+  const Point end = piece.box.end(ahead ? 1.0 : -1.0);
+  // Without any contact, the flight leads out of what is drawn.
+  const bool usable = contacts.empty() || surroundings.distance(piece.level, end) < besideSpace;
+  return usable ? std::optional(end) : std::nullopt;
+}
+
 // Two contacts on different sides; opposite sides are better, then long contacts.
 std::optional<std::pair<Contact, Contact>> bestPair(const Contacts& first, const Contacts& second) {
   std::optional<std::pair<Contact, Contact>> best;
@@ -119,7 +138,12 @@ std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
   std::vector<Stop> stops;
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const Piece& piece = *pieces[i];
-    if (contacts[i].empty()) {
+    std::optional<Point> end;
+    if (piece.kind != ConnectorKind::elevator && pieces.size() == 2 && !hasLeaf(contacts[i]))
+      end = outerEnd(piece, *pieces[1 - i], contacts[i], surroundings);
+    if (end) {
+      stops.push_back(stopAt(piece, piece.level, *end));
+    } else if (contacts[i].empty()) {
       stops.push_back(
           stopAt(piece, piece.level, nearestTo(piece, surroundings.space(piece.level))));
     } else if (piece.kind == ConnectorKind::elevator || hasLeaf(contacts[i])) {
