@@ -82,6 +82,17 @@ std::optional<Point> outerEnd(const Piece& piece, const Piece& next, const Conta
   return usable ? std::optional(end) : std::nullopt;
 }
 
+// Where a piece without contact is left: a straight flight at the other end than it is entered.
+Point exitOf(const Piece& piece, std::optional<Point> entered, const Surroundings& surroundings) {
+  const Point nearest = nearestTo(piece, surroundings.space(piece.level));
+  const bool straight =
+      piece.kind != ConnectorKind::elevator && piece.box.length > 2.2 * piece.box.width;
+  if (!entered || !straight || surroundings.distance(piece.level, nearest) < 2.0) return nearest;
+  const Point start = piece.box.end(-1.0);
+  const Point end = piece.box.end(1.0);
+  return package::distance(start, *entered) > package::distance(end, *entered) ? start : end;
+}
+
 // Two contacts on different sides; opposite sides are better, then long contacts.
 std::optional<std::pair<Contact, Contact>> bestPair(const Contacts& first, const Contacts& second) {
   std::optional<std::pair<Contact, Contact>> best;
@@ -144,8 +155,11 @@ std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
     if (end) {
       stops.push_back(stopAt(piece, piece.level, *end));
     } else if (contacts[i].empty()) {
-      stops.push_back(
-          stopAt(piece, piece.level, nearestTo(piece, surroundings.space(piece.level))));
+      std::optional<Point> other;
+      if (!stops.empty()) other = stops.back().spot.position;
+      if (!other && i + 1 < pieces.size() && !contacts[i + 1].empty())
+        other = longest(contacts[i + 1]).position;
+      stops.push_back(stopAt(piece, piece.level, exitOf(piece, other, surroundings)));
     } else if (piece.kind == ConnectorKind::elevator || hasLeaf(contacts[i])) {
       // All doors of a shaft or a stairwell can be used.
       if (!contacts[i].front().door) contacts[i] = {longest(contacts[i])};
