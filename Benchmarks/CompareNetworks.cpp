@@ -21,6 +21,7 @@
 
 #include "Apps/Import/Geometry/Space.hpp"
 #include "Apps/Import/Import.hpp"
+#include "Apps/Import/OpenShape.hpp"
 #include "Apps/Import/WalkableSpace.hpp"
 #include "Benchmarks/NetworkDrawing.hpp"
 #include "Benchmarks/SurveyedPackage.hpp"
@@ -162,6 +163,43 @@ void compareLengths(const Building& building, const SurveyedPackage& survey, boo
     fmt::print("  highest          {:.2f} {}\n", ratios.back().first, ratios.back().second);
 }
 
+// Of a source's own network: the lengths between the nodes that both have.
+void compareSharedNodes(const Building& building, const SurveyedPackage& survey) {
+  const PlainNetwork derived = plainNetwork(building.network);
+  std::map<std::string, std::size_t> known;
+  for (std::size_t i = 0; i < derived.nodes.size(); ++i) known.emplace(derived.nodes[i].id, i);
+  std::vector<std::pair<std::size_t, std::size_t>> both;
+  for (std::size_t i = 0; i < survey.network.nodes.size(); ++i)
+    if (const auto node = known.find(survey.network.nodes[i].id); node != known.end())
+      both.emplace_back(i, node->second);
+  std::size_t pairs = 0;
+  std::size_t equal = 0;
+  std::size_t missing = 0;
+  std::size_t shorter = 0;
+  std::size_t longer = 0;
+  for (std::size_t i = 0; i < both.size(); i += std::max<std::size_t>(1, both.size() / 60)) {
+    const std::vector<double> surveyed = lengthsFrom(survey.network, {both[i].first});
+    const std::vector<double> lengths = lengthsFrom(derived, {both[i].second});
+    for (const auto& [there, here] : both) {
+      if (surveyed[there] == unknown || surveyed[there] < 1.0) continue;
+      ++pairs;
+      if (std::abs(lengths[here] / surveyed[there] - 1.0) <= 0.01)
+        ++equal;
+      else if (lengths[here] == unknown)
+        ++missing;
+      else if (lengths[here] < surveyed[there])
+        ++shorter;
+      else if (++longer < 5)
+        fmt::print("  longer           {} to {}: {:.2f}, {:.2f}\n",
+                   survey.network.nodes[both[i].first].id, survey.network.nodes[there].id,
+                   lengths[here], surveyed[there]);
+    }
+  }
+  fmt::print(
+      "shared nodes       {}; lengths within 1 %: {}; {} without a way, {} shorter, {} longer\n",
+      both.size(), share(equal, pairs), missing, shorter, longer);
+}
+
 // Borders that nobody may pass but at doors and connectors.
 class Walls {
  public:
@@ -182,9 +220,12 @@ class Walls {
  private:
   static std::vector<importer::Segment> wallsOf(const Building& building, double level) {
     importer::Shape shape = importer::walkableSpace(building, level);
+    const importer::AreaIndex contents(building, level, [](const importer::Area& area) {
+      return area.kind != importer::AreaKind::obstacle;
+    });
     for (const importer::Area& area : building.areas)
       if (area.level == level && area.kind == importer::AreaKind::room)
-        shape = importer::joined(std::move(shape), area.shape);
+        shape = importer::joined(std::move(shape), importer::openShape(area, contents));
     return importer::bordersOf(shape);
   }
   static std::vector<importer::Segment> openingsOf(const Building& building, double level) {
@@ -257,7 +298,7 @@ void countDoors(const Building& building) {
 }
 
 // Rooms that are connected with the largest part of the network, connectors included.
-void countReachableRooms(const Building& building) {
+void countReachableRooms(const Building& building, bool list) {
   const importer::Network& network = building.network;
   std::vector<std::size_t> parts(network.nodes.size());
   for (std::size_t i = 0; i < parts.size(); ++i) parts[i] = i;
@@ -284,6 +325,22 @@ void countReachableRooms(const Building& building) {
     if (const auto room = rooms.find(network.nodes[i].of);
         room != rooms.end() && find(i) == largest)
       room->second = true;
+  for (const importer::Area& area : building.areas) {
+    if (!list || area.kind != importer::AreaKind::room || rooms.at(area.id)) continue;
+    const auto doors = std::count_if(
+        building.doors.begin(), building.doors.end(), [&](const importer::Door& door) {
+          return std::find(door.areas.begin(), door.areas.end(), area.id) != door.areas.end();
+        });
+    for (const importer::Door& door : building.doors)
+      if (std::find(door.areas.begin(), door.areas.end(), area.id) != door.areas.end()) {
+        fmt::print("    door {} guessed {}", door.id, door.guessed);
+        for (auto& a : door.areas) fmt::print(" {}", a);
+        fmt::print("\n");
+      }
+    fmt::print("  not reachable    {} on {:g}, {} doors, {:.0f} m2 ({:.1f} {:.1f})\n", area.id,
+               area.level, doors, importer::areaOf(area.shape), area.shape.front().outer.front().x,
+               area.shape.front().outer.front().y);
+  }
   const auto reachable = static_cast<std::size_t>(
       std::count_if(rooms.begin(), rooms.end(), [](const auto& room) { return room.second; }));
   fmt::print("rooms reachable    {}\n", share(reachable, rooms.size()));
@@ -319,6 +376,13 @@ Alignment align(const Building& building, const SurveyedPackage& survey) {
     ++votes[node.floor][spot->second.level];
   }
   Alignment alignment{{quantile(x, 0.5), quantile(y, 0.5)}, {}, x.size()};
+  // Floors without a known node are named by their level: "venue-B1", "venue-2".
+  for (const PlainNetwork::Node& node : survey.network.nodes) {
+    const std::string name = node.floor.substr(node.floor.rfind('-') + 1);
+    if (name.empty()) continue;
+    alignment.levels[node.floor] =
+        name[0] == 'B' ? -std::atof(name.c_str() + 1) : std::atof(name.c_str());
+  }
   for (const auto& [floor, levels] : votes)
     alignment.levels[floor] =
         std::max_element(levels.begin(), levels.end(), [](const auto& a, const auto& b) {
@@ -338,6 +402,28 @@ std::string typeOf(importer::ConnectorKind kind) {
     default:
       return "ramp";
   }
+}
+
+void reportMissing(const PlainConnector& connector, const SurveyedPackage& survey,
+                   const Alignment& alignment) {
+  std::string stops;
+  for (const std::size_t i : connector.nodes) {
+    const PlainNetwork::Node& node = survey.network.nodes[i];
+    const auto level = alignment.levels.find(node.floor);
+    const Point position = node.position + alignment.offset;
+    stops += fmt::format(" {:g} ({:.1f} {:.1f})",
+                         level == alignment.levels.end() ? -99.0 : level->second, position.x,
+                         position.y);
+  }
+  fmt::print("  not found        {}{}\n", connector.id, stops);
+}
+
+void reportUnknown(const importer::Connector& connector) {
+  std::string stops;
+  for (const importer::Stop& stop : connector.stops)
+    stops += fmt::format(" {:g} ({:.1f} {:.1f})", stop.spot.level, stop.spot.position.x,
+                         stop.spot.position.y);
+  fmt::print("  not surveyed     {}{}\n", connector.id, stops);
 }
 
 void compareConnectors(const Building& building, const SurveyedPackage& survey, bool list) {
@@ -372,7 +458,7 @@ void compareConnectors(const Building& building, const SurveyedPackage& survey, 
       if (isFound)
         ++found;
       else if (list)
-        fmt::print("  not found        {}\n", connector.id);
+        reportMissing(connector, survey, alignment);
     }
     std::size_t made = 0;
     std::size_t confirmed = 0;
@@ -383,7 +469,7 @@ void compareConnectors(const Building& building, const SurveyedPackage& survey, 
                       [&](const PlainConnector& one) { return stopsNear(connector, one) >= 2; }))
         ++confirmed;
       else if (list)
-        fmt::print("  not surveyed     {}\n", connector.id);
+        reportUnknown(connector);
     }
     fmt::print("{:<18} found {}; of those made surveyed {}\n", type, share(found, surveyed),
                share(confirmed, made));
@@ -440,7 +526,7 @@ int compare(const std::vector<std::string>& arguments) {
   fmt::print("storeys            {}, areas {}, nodes {}, edges {}\n", building.storeys.size(),
              building.areas.size(), building.network.nodes.size(), building.network.edges.size());
   countDoors(building);
-  countReachableRooms(building);
+  countReachableRooms(building, list);
   countLinesThroughWalls(building);
   if (paths[0] == "-") return 0;
   const SurveyedPackage survey = readSurveyedPackage(paths[0]);
@@ -448,6 +534,7 @@ int compare(const std::vector<std::string>& arguments) {
              static_cast<double>(building.network.edges.size()) /
                  static_cast<double>(survey.network.edges + building.doors.size()));
   compareLengths(building, survey, list);
+  if (options.network != importer::NetworkChoice::derive) compareSharedNodes(building, survey);
   compareConnectors(building, survey, list);
   return 0;
 }

@@ -14,7 +14,7 @@
 namespace orivanta::check {
 namespace {
 
-void checkFiles(std::string_view input) {
+void checkInput(std::string_view input) {
   static const test::TemporaryFolder folder;
   for (std::size_t index = 0; index < recordKindCount; ++index)
     folder.write(std::string(nameOf(static_cast<RecordKind>(index))) + ".json",
@@ -34,4 +34,4 @@ void checkFiles(std::string_view input) {
 }  // namespace
 }  // namespace orivanta::check
 
-ORIVANTA_FUZZER(Package, orivanta::check::checkFiles)
+ORIVANTA_FUZZER(Package, orivanta::check::checkInput)

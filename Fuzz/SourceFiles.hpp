@@ -64,8 +64,7 @@ inline void checkReader(std::string_view input, Building (*read)(const std::vect
   Findings findings;
   try {
     checkRead(read(sourceFiles(input), options, findings), findings);
-  } catch (const SourceError& error) {
-    ORIVANTA_REQUIRE(*error.what() != '\0');
+  } catch (const SourceError&) {  // what the reader throws for a source that it cannot read
   }
 }
 

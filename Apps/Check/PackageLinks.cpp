@@ -6,6 +6,8 @@
 #include <boost/json/serialize.hpp>
 #include <unordered_set>
 
+#include "Platform/Foundation/DisplayText.hpp"
+
 namespace orivanta::check {
 
 namespace json = boost::json;
@@ -59,8 +61,9 @@ void checkLink(const PackageRecords& records, const Link& link, const Record& re
   } else {
     const std::string form =
         link.key.empty() ? R"("...")" : fmt::format(R"({{"{}": "..."}})", link.key);
-    finding.message = fmt::format("An element of \"{}\" of the {} has no identifier: {}.",
-                                  link.member, wordFor(link.from), json::serialize(element));
+    finding.message =
+        fmt::format("An element of \"{}\" of the {} has no identifier: {}.", link.member,
+                    wordFor(link.from), foundation::clipped(json::serialize(element), 60));
     finding.advice = fmt::format("Write it as {}.", form);
   }
   finding.effect = link.effect;
@@ -87,6 +90,17 @@ void checkEntranceFloors(const PackageRecords& records, const Record& polygon, F
 void addEntrancesOf(const Record& polygon, std::unordered_set<std::string_view>& entrances) {
   for (const json::value& element : elementsOf(polygon, "entrances"))
     if (const auto id = identifierIn(element, "id")) entrances.insert(*id);
+}
+
+void checkPosition(const PackageRecords& records, const Record& place, Findings& findings) {
+  if (!elementsOf(place, "nodes").empty() || !elementsOf(place, "polygons").empty()) return;
+  Finding finding =
+      records.findingAbout(place, Severity::warning, "place-without-position", "nodes");
+  finding.message = fmt::format("The place \"{}\" has neither nodes nor polygons.",
+                                place.text("name").value_or(""));
+  finding.effect = "No route leads to it, and no floor shows it.";
+  finding.advice = "List the node inside it in \"nodes\", and its area in \"polygons\".";
+  findings.add(std::move(finding));
 }
 
 // Clients drop the nodes of a place that are entrances of its polygons, since a route must end in
@@ -129,8 +143,11 @@ void checkLinks(const PackageRecords& records, Findings& findings) {
             checkLink(records, link, record, element, findings);
   for (const Record& record : records[polygon].records)
     if (record.kept) checkEntranceFloors(records, record, findings);
-  for (const Record& record : records[location].records)
-    if (record.kept) checkInnerNodes(records, record, findings);
+  for (const Record& record : records[location].records) {
+    if (!record.kept) continue;
+    checkPosition(records, record, findings);
+    checkInnerNodes(records, record, findings);
+  }
 }
 
 }  // namespace orivanta::check

@@ -6,7 +6,8 @@
 namespace orivanta::check {
 
 /// Reports references to records that do not exist, entrances on another floor than their polygon,
-/// and places that lose all their nodes because these are entrances of their polygons.
+/// places without nodes and polygons, and places that lose all their nodes because these are
+/// entrances of their polygons.
 void checkLinks(const PackageRecords& records, Findings& findings);
 
 }  // namespace orivanta::check

@@ -82,6 +82,11 @@ ExitCode checkFiles(const CheckOptions& options) try {
 } catch (const importer::SourceError& error) {
   ProgressLine::standardError().clear();
   throw CommandError(ExitCode::unreadableSource, error.what());
+} catch (const CommandError&) {
+  throw;
+} catch (const std::runtime_error& error) {
+  ProgressLine::standardError().clear();
+  throw CommandError(ExitCode::wrongUse, error.what());
 }
 
 }  // namespace

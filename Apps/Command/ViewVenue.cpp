@@ -63,6 +63,7 @@ ExitCode viewVenue(const ViewVenueOptions& options) {
   viewer::ViewerOptions viewerOptions;
   if (!options.slug.empty()) viewerOptions.slug = options.slug;
   viewerOptions.settings = resolveSettings(options.connection);
+  viewerOptions.walksAtOnce = options.walk;
   std::unique_ptr<server::VenueServer> demo;
   std::optional<DemoFiles> demoFiles;
   if (options.demoVenue && !isEndpointGiven(options.connection)) {

@@ -16,6 +16,7 @@ struct ViewVenueOptions {
   std::string size = "1280x800";                   ///< points
   double scale = 0;                                ///< pixels per point; 0 for the display's scale
   bool times = false;                              ///< reports how long each step took
+  bool walk = false;                               ///< walks along each planned route
   std::optional<std::filesystem::path> demoVenue;  ///< shown if no endpoint is set
 };
 

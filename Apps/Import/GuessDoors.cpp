@@ -33,6 +33,7 @@ struct Contact {
 };
 
 using Behind = std::function<bool(Point)>;
+using Choose = std::function<bool(const std::string& area)>;
 
 // Walls of the room; neighboring ones in the same direction are one.
 std::vector<Segment> straightWalls(const Shape& shape) {
@@ -125,17 +126,23 @@ class Guess {
     for (const Area& area : building_.areas) {
       if (area.level != level_ || !isRoom(area)) continue;
       const bool needsDoor = !joined_.contains(area.id);
-      if (!needsDoor && !isSeparateBuilding(area)) continue;
+      if (!needsDoor && (reached_.contains(area.id) || !isBuilding(area))) continue;
       if (std::optional<Door> door = toWalkway(area))
         add(std::move(*door));
       else if (needsDoor)
         left.push_back(&area);
     }
-    while (addDoorsToNeighbors(left, reached_)) {
+    std::set<std::string> buildings;
+    for (const Area& area : building_.areas)
+      if (area.level == level_ && isRoom(area) && isBuilding(area)) buildings.insert(area.id);
+    const auto isReachedRoom = [&](const std::string& id) {
+      return reached_.contains(id) && !buildings.contains(id);
+    };
+    while (addDoorsToNeighbors(left, isReachedRoom)) {
     }
     std::set<std::string> withDoor;
     for (const auto& [id, neighbors] : joined_) withDoor.insert(id);
-    addDoorsToNeighbors(left, withDoor);
+    addDoorsToNeighbors(left, [&](const std::string& id) { return withDoor.contains(id); });
     building_.doors.insert(building_.doors.end(), doors_.begin(), doors_.end());
   }
 
@@ -175,9 +182,8 @@ class Guess {
     doors_.push_back(std::move(door));
   }
 
-  // A building that is drawn as a room around its walkways, with doors to the outside only.
-  bool isSeparateBuilding(const Area& room) const {
-    if (reached_.contains(room.id)) return false;
+  // A building that is drawn as a room around its walkways.
+  bool isBuilding(const Area& room) const {
     const std::vector<const Area*> near = walkable_.near(room.shape, 0.0);
     return std::any_of(near.begin(), near.end(),
                        [&](const Area* walkway) { return isAround(room, *walkway); });
@@ -200,12 +206,12 @@ class Guess {
   }
 
   // The door to the neighbor with which the room has the longest wall in common.
-  std::optional<Door> toNeighbor(const Area& room, const std::set<std::string>& among) const {
+  std::optional<Door> toNeighbor(const Area& room, const Choose& choose) const {
     const Shape shape = openShape(room, contents_);
     std::optional<Contact> best;
     std::string neighbor;
     for (const Area* other : rooms_.near(room.shape, wallDepths.back())) {
-      if (other == &room || !among.contains(other->id)) continue;
+      if (other == &room || !choose(other->id)) continue;
       const Shape open = openShape(*other, contents_);
       const auto contact =
           longestContact(shape, [&open](Point point) { return contains(open, point); });
@@ -220,11 +226,11 @@ class Guess {
   }
 
   // Returns whether any room got a door and any other did not.
-  bool addDoorsToNeighbors(std::vector<const Area*>& left, const std::set<std::string>& among) {
+  bool addDoorsToNeighbors(std::vector<const Area*>& left, const Choose& choose) {
     std::vector<const Area*> still;
     std::vector<Door> made;
     for (const Area* room : left) {
-      if (std::optional<Door> door = toNeighbor(*room, among))
+      if (std::optional<Door> door = toNeighbor(*room, choose))
         made.push_back(std::move(*door));
       else
         still.push_back(room);

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <set>
+#include <utility>
 
 #include "Apps/Import/Categories.hpp"
 #include "Apps/Import/GeneratedNames.hpp"
@@ -64,10 +66,10 @@ json::array mapRecords(const PackageLayout& layout) {
 
 json::array nodeRecords(const PackageLayout& layout, const NodeLookup& lookup) {
   const Network& network = layout.building().network;
-  std::vector<std::set<std::string>> paths(network.nodes.size());
+  std::vector<std::map<std::string, bool>> paths(network.nodes.size());  // whether one way is meant
   for (const Edge& edge : network.edges) {
-    paths[edge.from].insert(packageId(network.nodes[edge.to].id));
-    if (!edge.oneWay) paths[edge.to].insert(packageId(network.nodes[edge.from].id));
+    paths[edge.from].emplace(packageId(network.nodes[edge.to].id), edge.oneWay);
+    if (!edge.oneWay) paths[edge.to].emplace(packageId(network.nodes[edge.from].id), false);
   }
   json::array records;
   for (std::size_t i = 0; i < network.nodes.size(); ++i) {
@@ -80,7 +82,11 @@ json::array nodeRecords(const PackageLayout& layout, const NodeLookup& lookup) {
                            {"z", 0.5}};
     if (node.weight > 0.0) record["weight"] = node.weight;
     json::array list;
-    for (const std::string& target : paths[i]) list.push_back(json::object{{"node", target}});
+    for (const auto& [target, oneWay] : paths[i]) {
+      json::object path = {{"node", target}};
+      if (oneWay) path["oneWay"] = true;
+      list.push_back(std::move(path));
+    }
     record["paths"] = std::move(list);
     records.push_back(std::move(record));
   }

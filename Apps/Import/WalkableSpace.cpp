@@ -9,6 +9,7 @@
 
 #include "Apps/Import/Doorway.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
+#include "Apps/Import/Geometry/Space.hpp"
 
 namespace orivanta::importer {
 
@@ -108,19 +109,21 @@ class Maker {
     return shape;
   }
 
-  // Doors with walkways on all sides that are known. Of a door with one side, what was drawn as
-  // walkable: it may lie in a wall across a walkway.
+  // Doors with walkways on all sides that are known. Doors at the border of the walkable space make
+  // no hole in it; the two sides of others may belong to one walkway.
   Shape doorways(const Shape& drawn) const {
-    Shape within;
+    const Space space(drawn);
     Shape shape;
     for (const Door& door : building_.doors) {
       if (door.level != level_ || door.areas.empty()) continue;
       const std::vector<const Area*> sides = walkwaysOf(door);
       if (sides.size() != door.areas.size()) continue;
-      (sides.size() > 1 ? shape : within)
-          .push_back(doorway(door, wallDirection(door, sides), doorDepth));
+      const Point along = wallDirection(door, sides);
+      const Point across = Point{-along.y, along.x} * doorDepth;
+      if (space.contains(door.position + across) && space.contains(door.position - across))
+        shape.push_back(doorway(door, along, doorDepth));
     }
-    return joined(shape, common(drawn, united(within)));
+    return shape;
   }
 
   // Rooms and everything else that nobody walks through.

@@ -29,7 +29,8 @@ class PackageTransport : public network::UrlTransport {
     if (target && target->path.size() == 2)
       if (const RecordCollection* records = package_->collection(target->path[1])) {
         answer.response.statusCode = 200;
-        answer.body = records->page(0, records->size(), origin_, records->languagesAmong(languages_));
+        answer.body =
+            records->page(0, records->size(), origin_, records->languagesAmong(languages_));
       }
     completed(std::move(answer));
   }

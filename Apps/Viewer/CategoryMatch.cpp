@@ -66,9 +66,13 @@ std::shared_ptr<Category> categoryTyped(const Venue& venue, std::string_view typ
 }
 
 std::shared_ptr<Category> categoryOfKind(const Venue& venue,
-                                         std::initializer_list<std::string_view> words) {
-  for (const std::string_view word : words)
-    if (auto found = categoryTyped(venue, word)) return found;
+                                         std::initializer_list<std::string_view> lists) {
+  for (std::string_view list : lists)
+    while (!list.empty()) {
+      const std::string_view name = list.substr(0, list.find(','));
+      if (auto found = categoryTyped(venue, name)) return found;
+      list.remove_prefix(std::min(list.size(), name.size() + 1));
+    }
   return nullptr;
 }
 

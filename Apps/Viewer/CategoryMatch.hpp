@@ -14,8 +14,9 @@ namespace orivanta::viewer {
 /// nodes. The venue must be loaded.
 std::shared_ptr<Category> categoryTyped(const Venue& venue, std::string_view typed);
 
-/// Returns the category that matches the first possible of several words. Otherwise the same.
+/// Returns the category that matches the first possible name of several lists of names, which are
+/// separated by commas. Otherwise the same.
 std::shared_ptr<Category> categoryOfKind(const Venue& venue,
-                                         std::initializer_list<std::string_view> words);
+                                         std::initializer_list<std::string_view> lists);
 
 }  // namespace orivanta::viewer

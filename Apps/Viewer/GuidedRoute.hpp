@@ -17,14 +17,15 @@ struct GuidedRoute {
   std::vector<guidance::Step> steps;
   std::vector<std::string> texts;            ///< one for each step
   std::string summary;                       ///< such as "160 m, 3 min"
+  std::shared_ptr<Location> destination;     ///< see `to`
   NodeList path;                             ///< at least one node
   std::vector<std::shared_ptr<Map>> floors;  ///< on which it has a length, without duplicates
 
   /// Returns the place of departure; null for a node or a position.
   std::shared_ptr<Location> from() const { return itinerary.visits.front().location; }
 
-  /// Returns the place of arrival; null for a node or a position.
-  std::shared_ptr<Location> to() const { return itinerary.visits.back().location; }
+  /// Returns the place or the connector of arrival; null for another node or a position.
+  std::shared_ptr<Location> to() const { return destination; }
 };
 
 /// The answer to a request: routes, or a reason why there is none.

@@ -8,20 +8,20 @@
 
 namespace orivanta::viewer {
 
-/// A profile with its title.
+/// A profile with the key of its title.
 struct ProfileChoice {
-  const char* title;
+  const char* titleKey;  ///< see `guidance::InterfaceTexts`
   guidance::Profile (*make)();
 };
 
 /// The choices, in the order in which they are shown.
 inline constexpr std::array profileChoices{
-    ProfileChoice{"Fastest", &guidance::Profile::fastest},
-    ProfileChoice{"Step-free", &guidance::Profile::stepFree},
-    ProfileChoice{"Prefer lift", &guidance::Profile::preferLift},
-    ProfileChoice{"No escalator", &guidance::Profile::noEscalator}};
+    ProfileChoice{"interface.profile.fastest", &guidance::Profile::fastest},
+    ProfileChoice{"interface.profile.stepFree", &guidance::Profile::stepFree},
+    ProfileChoice{"interface.profile.preferElevator", &guidance::Profile::preferLift},
+    ProfileChoice{"interface.profile.noEscalator", &guidance::Profile::noEscalator}};
 
 inline constexpr std::size_t fastestChoice = 0;
-inline constexpr std::size_t preferLiftChoice = 2;  ///< forbids nothing
+inline constexpr std::size_t preferElevatorChoice = 2;  ///< forbids nothing
 
 }  // namespace orivanta::viewer

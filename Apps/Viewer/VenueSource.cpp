@@ -1,13 +1,8 @@
 #include "Apps/Viewer/VenueSource.hpp"
 
-#include <fmt/format.h>
-#include <fmt/ranges.h>
-
 #include <algorithm>
-#include <optional>
 #include <utility>
 
-#include "Platform/Foundation/Languages.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Source/Venue.hpp"
 #include "Source/WebApi.hpp"
@@ -24,20 +19,6 @@ std::string sentence(std::string text) {
   return text;
 }
 
-Problem problemOf(const LoadFailure& failure) {
-  const std::string reason = sentence(failure.reason);
-  switch (failure.problem) {
-    case LoadProblem::refused:
-      return {"The server rejected the credentials", reason};
-    case LoadProblem::noAnswer:
-      return {"The server is not responding", reason};
-    default:
-      return {failure.collection == "venue" ? "The list of venues cannot be loaded"
-                                            : "The venue cannot be loaded",
-              reason};
-  }
-}
-
 constexpr std::size_t mostClosureBytes = std::size_t{16} << 20U;
 
 // Adds the identifiers of an array of objects. Anything else counts as empty.
@@ -48,8 +29,22 @@ std::vector<std::string> withIdentifiers(std::vector<std::string> identifiers,
   return identifiers;
 }
 
-std::optional<Problem> problemIn(const std::vector<LoadFailure>& failures,
-                                 const std::vector<std::string_view>& needed) {
+}  // namespace
+
+VenueSource::VenueSource(ApiSettings settings, std::string languages,
+                         guidance::InterfaceTexts texts)
+    : settings_(std::move(settings)), languages_(std::move(languages)), texts_(std::move(texts)) {}
+
+Problem VenueSource::problemOf(const LoadFailure& failure) const {
+  const char* title =
+      failure.collection == "venue" ? "interface.problem.list" : "interface.problem.venue";
+  if (failure.problem == LoadProblem::refused) title = "interface.problem.rejected";
+  if (failure.problem == LoadProblem::noAnswer) title = "interface.problem.silent";
+  return {texts_.text(title), sentence(failure.reason)};
+}
+
+std::optional<Problem> VenueSource::problemIn(const std::vector<LoadFailure>& failures,
+                                              const std::vector<std::string_view>& needed) const {
   const auto first =
       std::find_if(failures.begin(), failures.end(), [&](const LoadFailure& failure) {
         return endsLoad(failure.problem) ||
@@ -58,14 +53,9 @@ std::optional<Problem> problemIn(const std::vector<LoadFailure>& failures,
   return first == failures.end() ? std::nullopt : std::optional(problemOf(*first));
 }
 
-}  // namespace
-
-VenueSource::VenueSource(ApiSettings settings) : settings_(std::move(settings)) {}
-
 WebApiSession VenueSource::makeSession() const {
   const WebApiSession session(*settings_.endpoint, *settings_.username, *settings_.password,
-                              fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", ")),
-                              nullptr, settings_.loadBytes, settings_.transport);
+                              languages_, nullptr, settings_.loadBytes, settings_.transport);
   return session.withLowestRate(settings_.lowestRate.value_or(session.lowestRate()));
 }
 
@@ -77,10 +67,10 @@ void VenueSource::cancel() {
 template <class Report>
 LoadHandlers<Report> VenueSource::handlersFor(const Handlers& handlers,
                                               const std::vector<std::string_view>& needed,
-                                              std::function<void(Report)> done) {
+                                              std::function<void(Report)> done) const {
   return {.progressed = handlers.progressed,
           .ended =
-              [needed, failed = handlers.failed, done = std::move(done)](Report report) {
+              [this, needed, failed = handlers.failed, done = std::move(done)](Report report) {
                 if (const auto problem = problemIn(report.failures, needed))
                   failed(*problem);
                 else
@@ -90,10 +80,12 @@ LoadHandlers<Report> VenueSource::handlersFor(const Handlers& handlers,
 }
 
 void VenueSource::fetchVenues(Handlers handlers, std::function<void(Venues)> done) {
-  const auto listed = [done = std::move(done), failed = handlers.failed,
-                       endpoint = *settings_.endpoint](const VenueListReport& report) {
+  const auto listed = [this, done = std::move(done),
+                       failed = handlers.failed](const VenueListReport& report) {
     if (report.venues.empty())
-      failed({"No venues", "The server at " + endpoint + " has no venues for this account."});
+      failed(
+          {texts_.text("interface.problem.none"),
+           texts_.text("interface.problem.none.detail", {{"address", texts_.name(endpoint())}})});
     else
       done(report.venues);
   };
@@ -104,10 +96,12 @@ void VenueSource::fetchVenues(Handlers handlers, std::function<void(Venues)> don
 
 void VenueSource::loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
                             std::function<void(const std::vector<LoadFailure>&)> done) {
-  const auto loaded = [venue, done = std::move(done),
+  const auto loaded = [this, venue, done = std::move(done),
                        failed = handlers.failed](const VenueLoadReport& report) {
     if (venue->maps->empty())
-      failed({"This venue is empty", venue->name.value_or("") + " has no floors."});
+      failed({texts_.text("interface.problem.empty"),
+              texts_.text("interface.problem.empty.detail",
+                          {{"venue", texts_.name(venue->name.value_or(""))}})});
     else
       done(report.failures);
   };

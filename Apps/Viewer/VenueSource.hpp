@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "Platform/Foundation/Cancellation.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/Guidance/Closures.hpp"
+#include "Source/Guidance/InterfaceTexts.hpp"
 #include "Source/LoadReport.hpp"
 #include "Source/Orivanta.hpp"
 
@@ -34,7 +36,9 @@ class VenueSource {
   };
 
   /// `settings` must have an endpoint, a user name and a password. The observer is not called.
-  explicit VenueSource(ApiSettings settings);
+  /// `languages` are tags in the form of `Accept-Language`, for the names of places. Problems are
+  /// described with `texts`; the reasons that servers and the system give are in English.
+  VenueSource(ApiSettings settings, std::string languages, guidance::InterfaceTexts texts);
   ~VenueSource() { cancel(); }
   VenueSource(const VenueSource&) = delete;
   VenueSource& operator=(const VenueSource&) = delete;
@@ -59,13 +63,18 @@ class VenueSource {
 
  private:
   WebApiSession makeSession() const;
+  Problem problemOf(const LoadFailure& failure) const;
+  std::optional<Problem> problemIn(const std::vector<LoadFailure>& failures,
+                                   const std::vector<std::string_view>& needed) const;
 
   template <class Report>
-  static LoadHandlers<Report> handlersFor(const Handlers& handlers,
-                                          const std::vector<std::string_view>& needed,
-                                          std::function<void(Report)> done);
+  LoadHandlers<Report> handlersFor(const Handlers& handlers,
+                                   const std::vector<std::string_view>& needed,
+                                   std::function<void(Report)> done) const;
 
   ApiSettings settings_;
+  const std::string languages_;
+  const guidance::InterfaceTexts texts_;
   std::shared_ptr<LoadHandle> load_;
   foundation::CancellationSource closures_;  // of the latest request for them
 };

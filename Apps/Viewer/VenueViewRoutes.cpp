@@ -1,217 +1,149 @@
-// Plans routes in the background and shows them.
+// Shows the planned route, and the simulated walk along it.
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
-#include "Apps/Viewer/CategoryMatch.hpp"
 #include "Apps/Viewer/ProfileChoices.hpp"
 #include "Apps/Viewer/VenueView.hpp"
-#include "Source/Category.hpp"
-#include "Source/Guidance/OpeningHours.hpp"
-#include "Source/Location.hpp"
 #include "Source/Map.hpp"
-#include "Source/Node.hpp"
-#include "Source/UI/ScenePosition.hpp"
-#include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
 
-namespace {
-
-constexpr int alternatives = 2;
-
-std::optional<std::string> nameOf(const std::shared_ptr<Location>& place) {
-  return place ? std::optional(place->name.value_or("")) : std::nullopt;
-}
-
-// Returns the nodes from the beginning of an instruction to that of the next one, on one floor.
-NodeList nodesOf(const GuidedRoute& route, std::size_t index) {
-  const guidance::Step& step = route.steps[index];
-  const NodeList& nodes = route.itinerary.legs[step.leg].nodes;
-  std::size_t end = nodes.size();
-  if (index + 1 < route.steps.size() && route.steps[index + 1].leg == step.leg)
-    end = std::min(end, route.steps[index + 1].first + 1);
-  if (step.kind == guidance::Step::Kind::ride) end = step.first + 1;
-  return {nodes.begin() + static_cast<std::ptrdiff_t>(step.first),
-          nodes.begin() + static_cast<std::ptrdiff_t>(std::max(end, step.first + 1))};
-}
-
-}  // namespace
-
-// --- Stops
-
-// Uses the tapped place as the missing end of the route. Returns false if no end is missing.
-bool VenueView::fillsEnd(const std::shared_ptr<Location>& place) {
-  if (!hasStops() || isComplete()) return false;
-  if (nearest_)
-    beginRouteToNearest(place, nearest_);
-  else
-    beginRoute(from_ ? from_ : place, to_ ? to_ : place);
-  return true;
-}
-
-void VenueView::beginRoute(std::shared_ptr<Location> from, std::shared_ptr<Location> to) {
-  from_ = std::move(from);
-  to_ = std::move(to);
-  nearest_ = nullptr;
-  select(nullptr);
-  planRoute();
-}
-
-void VenueView::beginRouteToNearest(std::shared_ptr<Location> from,
-                                    const std::shared_ptr<Category>& category) {
-  from_ = std::move(from);
-  to_ = nullptr;
-  nearest_ = category;
-  between_.clear();
-  select(nullptr);
-  planRoute();
-}
-
-void VenueView::addStop(const std::shared_ptr<Location>& place) {
-  between_.push_back(place);
-  select(nullptr);
-  planRoute();
-}
-
-void VenueView::clearRoute() {
-  from_ = nullptr;
-  to_ = nullptr;
-  nearest_ = nullptr;
-  between_.clear();
-  planRoute();
-}
-
-void VenueView::lookFor(bool start) {
-  searchesForStart_ = start;
-  search_->open(start ? "Where do you start?" : "Where do you want to go?", !start);
-}
-
-// Offers the routes from and over a place on its card.
-void VenueView::offerRoutes(const std::shared_ptr<Location>& place) {
-  const auto hours = guidance::OpeningHours::parse(place->_data["hours"].stringValue());
-  card_->setPlaceClosed(isClosed(*place) ||
-                        (hours && hours->at(clock_()) == guidance::OpenState::closed));
-  card_->setCanAddStop(from_ && to_ && place != from_ && place != to_);
-  offered_.clear();
-  std::vector<std::string> titles;
-  const auto offer = [&](const char* title, const std::shared_ptr<Category>& category) {
-    const auto& own = place->categories;
-    if (!category || std::find(own.begin(), own.end(), category) != own.end()) return;
-    offered_.push_back(category);
-    titles.emplace_back(title);
+void VenueView::connectRoute() {
+  RoutePanel& panel = *panels_.route;
+  panel.stops().closed = [this] { session_.clear(); };
+  panel.stops().swapped = [this] {
+    select(nullptr);
+    session_.swapEnds();
   };
-  offer("Nearest toilet", categoryOfKind(*venue_, {"toilet", "toilets", "restroom", "washroom"}));
-  offer("Nearest exit", categoryOfKind(*venue_, {"exit", "exits", "entrance", "entrances"}));
-  card_->setNearest(titles);
+  panel.stops().chosen = [this](RouteEnd end) { lookFor(end); };
+  panel.stops().removed = [this](std::size_t index) { session_.removeStop(index); };
+  panel.profileChosen = [this](std::size_t index) { session_.setProfile(index); };
+  panel.routeChosen = [this](std::size_t index) {
+    session_.choose(index);
+    showRoute();
+  };
+  panel.stepChosen = [this](std::size_t index) { showStep(index); };
+  panel.walkTapped = [this] { toggleWalk(); };
+  session_.changed = [this] { routeChanged(); };
+  session_.requested = [this] {
+    if (closuresWanted) closuresWanted();
+  };
+  session_.planned = [this] { routePlanned(); };
 }
 
-// --- Planning
-
-const GuidedRoute* VenueView::route() const {
-  return plan_.routes.empty() ? nullptr : &plan_.routes[chosenRoute_];
+void VenueView::lookFor(RouteEnd end) {
+  searchedEnd_ = end;
+  const bool isStart = end == RouteEnd::start;
+  panels_.search->open(isStart ? "interface.search.start" : "interface.search.destination",
+                       !isStart);
 }
 
-void VenueView::planRoute() {
-  startPlanning();
-  if (isComplete() && closuresWanted) closuresWanted();
+// --- Routes
+
+void VenueView::routeChanged() {
+  stopWalk();
+  display_.clear();
+  panels_.floors->setRoute({});
+  panels_.route->setStops(session_.names());
+  panels_.route->setProfile(session_.profile());
+  if (session_.isPlanning()) panels_.route->setPlanning();
+  arrangePanels();
 }
 
-StopNames VenueView::stopNames(const std::shared_ptr<Location>& to) const {
-  StopNames names{nameOf(from_), {}, nameOf(to)};
-  for (const auto& place : between_) names.between.push_back(place->name.value_or(""));
-  if (!to && nearest_) names.to = "Nearest: " + nearest_->name.value_or("");
-  return names;
-}
-
-void VenueView::startPlanning() {
-  dropRoute();
-  guide_.cancel();
-  routePanel_->setStops(stopNames(to_));
-  routePanel_->setProfile(profile_);
-  if (isComplete()) {
-    guidance::Request request;
-    request.stops = {from_};
-    for (const auto& place : between_) request.stops.emplace_back(place);
-    request.stops.push_back(nearest_ ? guidance::Stop(nearest_) : guidance::Stop(to_));
-    request.bestOrder = between_.size() > 1;
-    request.profile = profileChoices[profile_].make();
-    request.closures = closures_;
-    if (nearest_) request.at = clock_();
-    request.alternatives = alternatives;
-    guide_.start(std::move(request));
-    routePanel_->setPlanning();
+void VenueView::routePlanned() {
+  const GuidedPlan& plan = session_.plan();
+  if (!plan.routes.empty()) {
+    showRoute();
+    if (walksAtOnce_) startWalk();
+    return;
   }
+  const bool hasHelp = plan.problem->kind == guidance::Problem::Kind::onlyWithSteps;
+  panels_.route->setProblem(plan.problemText,
+                            hasHelp ? std::optional(preferElevatorChoice) : std::nullopt);
   arrangePanels();
 }
 
-void VenueView::showPlan(GuidedPlan plan) {
-  plan_ = std::move(plan);
-  if (!plan_.routes.empty()) return showRoute(0);
-  const bool hasHelp = plan_.problem->kind == guidance::Problem::Kind::onlyWithSteps;
-  routePanel_->setProblem(plan_.problemText,
-                          hasHelp ? std::optional(preferLiftChoice) : std::nullopt);
-  arrangePanels();
-}
-
-void VenueView::dropRoute() {
+// Shows the chosen route from its beginning.
+void VenueView::showRoute() {
   stopWalk();
-  clearPosition();
-  routeOverlay_.reset();
-  plan_ = {};
-  chosenRoute_ = 0;
-  floors_->setRoute({});
-}
-
-void VenueView::showRoute(std::size_t index) {
-  stopWalk();
-  clearPosition();
-  chosenRoute_ = index;
-  const GuidedRoute& route = plan_.routes[index];
-  between_.clear();  // now in the order of the visits
-  const auto& visits = route.itinerary.visits;
-  for (std::size_t i = 1; i + 1 < visits.size(); ++i) between_.push_back(visits[i].location);
-  routePanel_->setStops(stopNames(route.to()));
-  routePanel_->setRoute(plan_, index, arrivalText(route));
+  display_.clear();
+  const GuidedRoute& route = *session_.route();
+  panels_.route->setStops(session_.names());
+  panels_.route->setRoute(session_.plan(), session_.chosen(), arrivalText());
   arrangePanels();
-  floors_->setRoute(route.floors);
-  routeOverlay_ = std::make_unique<RouteOverlay>(mapView_, route.path, from_, route.to());
-  wantedNode_ = route.path.front();
-  showFloor(wantedNode_->map);
-  routeOverlay_->show(scale_);
-  frameRoute();
-}
-
-std::string VenueView::arrivalText(const GuidedRoute& route) const {
-  if (!route.itinerary.hasScale || route.steps.empty()) return "";
-  const auto minutes = static_cast<long long>(std::ceil(route.itinerary.seconds() / 60));
-  const guidance::LocalTime arrival = clock_().plusMinutes(minutes);
-  return fmt::format("Arrival {:02}:{:02}", arrival.hour, arrival.minute);
-}
-
-// Frames the wanted part of the route, or else the first part on the current floor.
-void VenueView::frameRoute() {
-  const FloorVisit* visit = routeOverlay_->visitWith(*wantedNode_);
-  if (visit == nullptr || visit->floor != mapView_->currentMap())
-    visit = routeOverlay_->firstVisitTo(*mapView_->currentMap());
-  if (visit != nullptr)
-    camera().frame(routeOverlay_->pointsOf(*visit), aroundRoute(*venue_), CameraMotion::glide);
+  panels_.floors->setRoute(route.floors);
+  display_.show(route, session_.from(), scale_);
+  showFloor(display_.wantedFloor());
+  display_.frame();
 }
 
 // Shows where an instruction begins, and the walk to the next one.
 void VenueView::showStep(std::size_t index) {
   stopWalk();
-  const NodeList nodes = nodesOf(*route(), index);
-  wantedNode_ = nodes.front();
-  routePanel_->setCurrentStep(index);
-  setPosition(wantedNode_->map, scenePosition(*wantedNode_));
-  showFloor(wantedNode_->map);
-  if (mapView_->currentMap() != wantedNode_->map) return;  // not loaded yet
-  std::vector<graphics::Vector3> points;
-  for (const auto& node : nodes) points.push_back(scenePosition(*node));
-  camera().frame(points, aroundRoute(*venue_), CameraMotion::glide);
+  const GuidedRoute& route = *session_.route();
+  panels_.route->setCurrentStep(index);
+  display_.markStep(route, index, scale_);
+  showFloor(display_.wantedFloor());
+  display_.frameStep(route, index);
+}
+
+std::string VenueView::arrivalText() const {
+  const auto arrival = session_.arrival();
+  if (!arrival) return "";
+  const std::string time = fmt::format("{:02}:{:02}", arrival->hour, arrival->minute);
+  return texts_.text("interface.route.arrival", {{"time", time}});
+}
+
+// --- Walk
+
+void VenueView::toggleWalk() {
+  const Walker* walker = walk_.walker();
+  if (walker == nullptr || walker->isDone()) return startWalk();
+  walk_.setPaused(!walker->isPaused());
+  panels_.route->setWalk(walker->isPaused() ? WalkState::paused : WalkState::walking);
+}
+
+void VenueView::startWalk() {
+  if (!isLoaded_ || !session_.route() || session_.route()->steps.empty()) return;
+  walk_.start(*session_.plan().guide, session_.route()->itinerary);
+  panels_.route->setWalk(WalkState::walking);
+  showFloor(walk_.walker()->floor());
+  arrangePanels();
+}
+
+void VenueView::stopWalk() {
+  if (!walk_.walker()) return;
+  walk_.stop();
+  panels_.route->setWalk(WalkState::none);
+  if (!session_.route()) return;
+  panels_.route->setCurrentStep(std::nullopt);
+  panels_.route->setRemark(arrivalText());
+  arrangePanels();
+}
+
+void VenueView::walk(double time) {
+  const Walker& walker = *walk_.walker();
+  if (walker.isDone()) return;
+  walk_.advance(time, scale_);
+  if (walker.floor() != mapView_->currentMap()) showFloor(walker.floor());
+  panels_.route->setCurrentStep(walker.step());
+  if (walker.isDone()) panels_.route->setWalk(WalkState::paused);
+  if (const std::string left = leftText(); left != panels_.route->remark()) {
+    panels_.route->setRemark(left);
+    arrangePanels();
+  }
+  walk_.follow();
+}
+
+// Returns what is left of the walk.
+std::string VenueView::leftText() const {
+  const guidance::Progress& progress = walk_.walker()->progress();
+  if (progress.arrived) return texts_.text("interface.walk.arrived");
+  const std::string length = texts_.name(narrator_.length(progress.metersLeft));
+  const std::string time = texts_.name(narrator_.time(progress.secondsLeft));
+  if (length.empty()) return texts_.text("interface.walk.left.time", {{"time", time}});
+  return texts_.text("interface.walk.left", {{"length", length}, {"time", time}});
 }
 
 }  // namespace orivanta::viewer

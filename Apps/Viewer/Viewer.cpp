@@ -1,13 +1,15 @@
 #include "Apps/Viewer/Viewer.hpp"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
+#include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
-#include "Platform/Foundation/MainQueue.hpp"
+#include "Platform/Foundation/Languages.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
@@ -18,15 +20,18 @@ namespace {
 
 constexpr double wheelZoom = 1.18;  // per step
 constexpr double wheelScroll = 60;  // points per step
-constexpr const char* allVenues = "All venues";
 constexpr double noteTime = 6;      // seconds
-constexpr double venueShare = 0.4;  // of the bar, for the records; the rest is for the floors
 
 // Returns the list at a point, or null.
 List* listAt(view::View& root, graphics::Point point) {
   for (view::View* at = root.viewAt(point).get(); at != nullptr; at = at->superview())
     if (auto* list = dynamic_cast<List*>(at)) return list;
   return nullptr;
+}
+
+std::string languagesOf(const ViewerOptions& options) {
+  if (!options.languages.empty()) return options.languages;
+  return fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", "));
 }
 
 bool isBack(const KeyPress& press) { return press.key == Key::escape || press.key == Key::back; }
@@ -41,12 +46,14 @@ void center(view::View& view, graphics::Size size, graphics::Size room) {
 
 Viewer::Viewer(ViewerOptions options)
     : slug_(std::move(options.slug)),
-      guidance_(std::move(options.guidance)),
-      source_(std::move(options.settings)),
-      root_(std::make_shared<view::View>()),
-      veil_(std::make_shared<LoadingVeil>()),
-      venueList_(std::make_shared<VenueList>()),
-      message_(std::make_shared<MessagePanel>()),
+      clock_(std::move(options.clock)),
+      walksAtOnce_(options.walksAtOnce),
+      texts_(languagesOf(options)),
+      source_(options.settings, languagesOf(options), texts_),
+      root_(std::make_shared<DirectedRoot>(texts_.isRightToLeft())),
+      veil_(std::make_shared<LoadingVeil>(texts_)),
+      venueList_(std::make_shared<VenueList>(texts_)),
+      message_(std::make_shared<MessagePanel>(texts_)),
       note_(std::make_shared<Note>()),
       fingers_(root_),
       pointer_(*this) {
@@ -59,169 +66,6 @@ Viewer::Viewer(ViewerOptions options)
   note_->setHidden(true);
   venueList_->chosen = [this](const auto& venue) { open(venue); };
   listVenues();
-}
-
-// --- Loading
-
-VenueSource::Handlers Viewer::handlers(std::function<void()> retry) {
-  VenueSource::Handlers result;
-  result.progressed = [this](const LoadProgress& progress) {
-    const double share = progress.collections > 0 ? static_cast<double>(progress.collectionsDone) /
-                                                        static_cast<double>(progress.collections)
-                                                  : 0.0;
-    veil_->setProgress(
-        share * venueShare,
-        fmt::format("{} of {} collections, {:.1f} MB", progress.collectionsDone,
-                    progress.collections, static_cast<double>(progress.bytes) / 1e6));
-  };
-  result.failed = [this, retry = std::move(retry)](const Problem& problem) {
-    showProblem(problem, retry, wayBack(), allVenues);
-  };
-  return result;
-}
-
-void Viewer::showLoading(const std::string& title) {
-  venueList_->setHidden(true);
-  message_->setHidden(true);
-  veil_->setHidden(false);
-  veil_->setBusy(true);
-  veil_->setTitle(title);
-  veil_->setWayBack(wayBack());
-  veil_->setProgress(0, "");
-  arrange();
-}
-
-void Viewer::showProblem(const Problem& problem, std::function<void()> retry,
-                         std::function<void()> dismiss, const std::string& otherWay) {
-  veil_->setBusy(false);
-  message_->show(problem, dismiss ? otherWay : "");
-  message_->retried = std::move(retry);
-  message_->dismissed = std::move(dismiss);
-  message_->setHidden(false);
-  arrange();
-}
-
-void Viewer::listVenues() {
-  showLoading("Loading the list of venues");
-  source_.fetchVenues(handlers([this] { listVenues(); }),
-                      [this](const VenueSource::Venues& venues) { choose(venues); });
-}
-
-void Viewer::choose(const VenueSource::Venues& venues) {
-  if (reached) reached("venues listed");
-  veil_->setBusy(false);
-  venueList_->show(venues);
-  if (slug_) {
-    const auto venue = std::find_if(venues.begin(), venues.end(),
-                                    [&](const auto& each) { return each->slug == slug_; });
-    if (venue != venues.end()) return open(*venue);
-    return showProblem(
-        {fmt::format("No venue \u201C{}\u201D", *slug_),
-         venues.size() == 1
-             ? fmt::format("The server at {} has only \u201C{}\u201D.", source_.endpoint(),
-                           venues.front()->slug.value_or(""))
-             : fmt::format("The server at {} has {} venues, but none with this name.",
-                           source_.endpoint(), venues.size())},
-        [this] { listVenues(); }, [this] { showList(); }, allVenues);
-  }
-  showList();
-}
-
-void Viewer::showList() {
-  slug_.reset();
-  message_->setHidden(true);
-  veil_->setBusy(false);
-  veil_->setHidden(false);
-  venueList_->setHidden(false);
-  arrange();
-}
-
-// Loads a copy of the list's record, so that everything is released with the map.
-void Viewer::open(const std::shared_ptr<Venue>& venue) {
-  venue_ = Venue::make(venue->_data);
-  showLoading(venue_->name.value_or(""));
-  source_.loadVenue(venue_, handlers([this, venue] { open(venue); }),
-                    [this](const std::vector<LoadFailure>& missing) {
-                      showFloors();
-                      if (!missing.empty())
-                        remark("The categories of the places could not be loaded.");
-                    });
-}
-
-bool Viewer::canGoBack() const { return venue_ != nullptr && (!slug_ || venueList_->size() > 1); }
-
-std::function<void()> Viewer::wayBack() {
-  if (!canGoBack()) return nullptr;
-  return [this] { goBack(); };
-}
-
-void Viewer::goBack() {
-  if (!canGoBack()) return;
-  source_.cancel();
-  if (venueView_) {
-    venueView_->stopLoading();
-    venueView_->removeFromSuperview();
-    // The view must outlive this call, because one of its buttons may have made it.
-    foundation::mainQueue::async([left = std::move(venueView_)] {});
-    venueView_ = nullptr;
-  }
-  venue_ = nullptr;
-  hideNote();
-  mapFingers_.clear();
-  showList();
-}
-
-void Viewer::showFloors() {
-  if (reached) reached("venue loaded");
-  venueView_ = VenueView::make(venue_, guidance_);
-  venueView_->wayBack = wayBack();
-  root_->addSubview(venueView_);
-  raisePanels();
-  venueView_->progressed = [this](double share, const std::string& text) {
-    veil_->setProgress(venueShare + (1 - venueShare) * share, text);
-  };
-  venueView_->loaded = [this] {
-    if (reached) reached("first floor ready");
-    veil_->setHidden(true);
-    arrange();
-  };
-  venueView_->failed = [this](const Problem& problem, const auto& floor) {
-    floorFailed(problem, floor);
-  };
-  venueView_->remarked = [this](const std::string& sentence) { remark(sentence); };
-  venueView_->closuresWanted = [this] { fetchClosures(); };
-  fetchClosures();
-  arrange();
-  venueView_->load();
-}
-
-void Viewer::fetchClosures() {
-  source_.fetchClosures(venue_->slug.value_or(""), [this](const guidance::Closures& closures) {
-    if (venueView_) venueView_->setClosures(closures);
-  });
-}
-
-void Viewer::raisePanels() {
-  for (const view::View* above :
-       {static_cast<view::View*>(veil_.get()), static_cast<view::View*>(venueList_.get()),
-        static_cast<view::View*>(message_.get()), static_cast<view::View*>(note_.get())})
-    root_->bringSubviewToFront(*above);
-}
-
-void Viewer::floorFailed(const Problem& problem, const std::shared_ptr<Map>& floor) {
-  const auto backToTheMap = [this] { message_->setHidden(true); };
-  const auto retryFloor = [this, floor] {
-    message_->setHidden(true);
-    venueView_->retry(floor);
-  };
-  const auto retryAll = [this] {
-    showLoading(venueView_->venue()->name.value_or(""));
-    venueView_->load();
-  };
-  if (floor)
-    showProblem(problem, retryFloor, backToTheMap, "Back to the map");
-  else
-    showProblem(problem, retryAll, wayBack(), allVenues);
 }
 
 // --- Layout
@@ -329,14 +173,14 @@ void Viewer::textTyped(std::string_view text) {
 }
 
 void Viewer::textComposed(std::string_view text) {
-  if (wantsText()) venueView_->searchPanel().field().setComposition(std::string(text));
+  if (wantsText()) venueView_->panels().search->field().setComposition(std::string(text));
 }
 
-bool Viewer::wantsText() const { return venueView_ && venueView_->searchPanel().isOpen(); }
+bool Viewer::wantsText() const { return venueView_ && venueView_->panels().search->isOpen(); }
 
 std::optional<graphics::Rect> Viewer::textPlace() const {
   if (!wantsText()) return std::nullopt;
-  const view::View& field = venueView_->searchPanel().field();
+  const view::View& field = venueView_->panels().search->field();
   return graphics::Rect{field.convert({0, 0}, *root_), field.bounds().size};
 }
 

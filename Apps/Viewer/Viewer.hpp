@@ -23,7 +23,12 @@ namespace orivanta::viewer {
 struct ViewerOptions {
   ApiSettings settings;             ///< see `VenueSource`
   std::optional<std::string> slug;  ///< of the venue; if empty, all venues are listed
-  GuidanceOptions guidance{};       ///< the language of the instructions, and the clock
+
+  /// Language tags in the form of `Accept-Language`, for the interface, the instructions and the
+  /// names of places. If empty, the user's languages.
+  std::string languages{};
+  RouteSession::Clock clock{};  ///< if null, the system's local time
+  bool walksAtOnce = false;     ///< see `VenueViewOptions`
 };
 
 /// A host shows `root` and passes input with times in seconds that increase. It drains the main
@@ -79,12 +84,15 @@ class Viewer {
   std::string note() const;
   VenueList& venueList() { return *venueList_; }
 
+  const guidance::InterfaceTexts& texts() const { return texts_; }  ///< of the interface
+
  private:
   friend class Pointer;
 
   void arrange();
   void listVenues();
   void choose(const VenueSource::Venues& venues);
+  Problem unknownVenue(const VenueSource::Venues& venues) const;
   void open(const std::shared_ptr<Venue>& venue);
   void showFloors();
   void fetchClosures();
@@ -105,7 +113,9 @@ class Viewer {
   MapCamera* cameraAt(graphics::Point point) const;
 
   std::optional<std::string> slug_;
-  GuidanceOptions guidance_;
+  const RouteSession::Clock clock_;
+  const bool walksAtOnce_;
+  const guidance::InterfaceTexts texts_;
   VenueSource source_;
   std::shared_ptr<view::View> root_;
   std::shared_ptr<LoadingVeil> veil_;

@@ -10,66 +10,37 @@ namespace orivanta::viewer {
 
 namespace {
 
-// The weight of a part of a leg: its length, or for a ride the same for all parts.
-double shareOf(const guidance::Leg& leg, std::size_t index) {
-  if (leg.kind == guidance::Leg::Kind::ride) return 1.0;
-  const Node& from = *leg.nodes[index - 1];
-  const Node& to = *leg.nodes[index];
-  return std::hypot(to.x - from.x, to.y - from.y);
+// Returns the length of a leg, in meters, before the node with an index. Rides have no length.
+double metersBefore(const guidance::Leg& leg, std::size_t node) {
+  double before = 0;
+  double whole = 0;
+  for (std::size_t i = 1; i < leg.nodes.size(); ++i) {
+    whole +=
+        std::hypot(leg.nodes[i]->x - leg.nodes[i - 1]->x, leg.nodes[i]->y - leg.nodes[i - 1]->y);
+    if (i <= node) before = whole;
+  }
+  return whole > 0 ? leg.meters * before / whole : 0;
 }
 
 }  // namespace
 
 Walker::Walker(const guidance::Guide& guide, guidance::Itinerary itinerary)
-    : follower_(guide, std::move(itinerary)) {
-  for (const guidance::Leg& leg : follower_.itinerary().legs) addLeg(leg);
-  addStepStarts();
-  advance(0);
-  start_.reset();
-}
-
-void Walker::addStepStarts() {
-  for (const guidance::Step& step : follower_.steps()) {
-    const guidance::Leg& leg = follower_.itinerary().legs[step.leg];
-    double before = 0.0;
-    double whole = 0.0;
-    for (std::size_t i = 1; i < leg.nodes.size(); ++i) {
-      whole += shareOf(leg, i);
-      if (i <= step.first) before = whole;
-    }
-    stepStarts_.push_back(whole > 0.0 ? leg.meters * before / whole : 0.0);
-  }
-}
-
-void Walker::addLeg(const guidance::Leg& leg) {
-  const double start = points_.empty() ? 0.0 : points_.back().seconds;
-  double whole = 0.0;
-  for (std::size_t i = 1; i < leg.nodes.size(); ++i) whole += shareOf(leg, i);
-  double done = 0.0;
-  points_.push_back({leg.nodes.front(), start});
-  for (std::size_t i = 1; i < leg.nodes.size(); ++i) {
-    done += shareOf(leg, i);
-    points_.push_back({leg.nodes[i], start + (whole > 0.0 ? leg.seconds * done / whole : 0.0)});
-  }
+    : follower_(guide, std::move(itinerary)), walk_(follower_.itinerary()), point_(walk_.at(0)) {
+  for (const guidance::Step& step : follower_.steps())
+    stepStarts_.push_back(metersBefore(follower_.itinerary().legs[step.leg], step.first));
 }
 
 void Walker::advance(double time) {
-  if (!start_) start_ = time;
-  const double seconds = (time - *start_) * speedUp;
-  const auto next = std::find_if(points_.begin() + 1, points_.end(),
-                                 [&](const Point& point) { return point.seconds > seconds; });
-  isDone_ = next == points_.end();
-  const Node& from = *(next - 1)->node;
-  const Node& to = isDone_ ? from : *next->node;
-  const double share =
-      isDone_ ? 0.0 : (seconds - (next - 1)->seconds) / (next->seconds - (next - 1)->seconds);
-  const auto between = [&](double first, double last) { return first + share * (last - first); };
-  floor_ = from.map;
-  const double x = between(from.x, to.x);
-  const double y = between(from.y, to.y);
-  position_ = {static_cast<float>(x), static_cast<float>(y),
-               static_cast<float>(from.map == to.map ? between(from.z, to.z) : from.z)};
-  follower_.update({floor_, x, y}, seconds);
+  const double before = std::exchange(time_, time).value_or(time);
+  if (isPaused_) return;
+  seconds_ = std::min(seconds_ + (time - before) * speedUp, walk_.seconds());
+  point_ = walk_.at(seconds_);
+  follower_.update(point_.position, seconds_);
+}
+
+graphics::Vector3 Walker::position() const {
+  return {static_cast<float>(point_.position.x), static_cast<float>(point_.position.y),
+          static_cast<float>(point_.z)};
 }
 
 // The text of an instruction includes the walk to the next one, so it is shown until that begins.

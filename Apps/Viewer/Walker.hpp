@@ -8,6 +8,7 @@
 
 #include "Platform/Graphics/Vector.hpp"
 #include "Source/Guidance/Follower.hpp"
+#include "Source/Guidance/SimulatedWalk.hpp"
 
 namespace orivanta::viewer {
 
@@ -20,14 +21,18 @@ class Walker {
   /// The itinerary must be one of the guide and have legs.
   Walker(const guidance::Guide& guide, guidance::Itinerary itinerary);
 
-  /// Moves to where the walk is at a time in seconds. The first call is the start.
+  /// Continues the walk until a time in seconds. The first call is the start.
   void advance(double time);
 
-  /// Whether the end has been reached.
-  bool isDone() const { return isDone_; }
+  /// While the walk is paused, `advance` does not change the position.
+  void setPaused(bool isPaused) { isPaused_ = isPaused; }
+  bool isPaused() const { return isPaused_; }
 
-  const std::shared_ptr<Map>& floor() const { return floor_; }
-  graphics::Vector3 position() const { return position_; }  ///< in the scene of the floor
+  /// Whether the end has been reached.
+  bool isDone() const { return seconds_ >= walk_.seconds(); }
+
+  const std::shared_ptr<Map>& floor() const { return point_.position.map; }
+  graphics::Vector3 position() const;  ///< in the scene of the floor
 
   /// Returns the index of the instruction that the walker carries out.
   std::size_t step() const;
@@ -35,21 +40,13 @@ class Walker {
   const guidance::Progress& progress() const { return follower_.progress(); }
 
  private:
-  struct Point {
-    std::shared_ptr<Node> node;
-    double seconds;  // from the start
-  };
-
-  void addLeg(const guidance::Leg& leg);
-  void addStepStarts();
-
   guidance::Follower follower_;
-  std::vector<Point> points_;       // in order; never empty
+  guidance::SimulatedWalk walk_;
   std::vector<double> stepStarts_;  // in meters from the beginning of the leg of each instruction
-  std::optional<double> start_;
-  std::shared_ptr<Map> floor_;
-  graphics::Vector3 position_{0.0F};
-  bool isDone_ = false;
+  guidance::SimulatedWalk::Point point_;
+  std::optional<double> time_;  // of the last call of `advance`
+  double seconds_ = 0;          // of the walk
+  bool isPaused_ = false;
 };
 
 }  // namespace orivanta::viewer

@@ -111,15 +111,18 @@ class Loop {
     pictureWanted_ = false;
     const auto name = freePictureName();
     const auto picture = surface_.read();
-    if (!picture) return viewer_.remark("The screenshot cannot be taken.");
+    if (!picture) return viewer_.remark(viewer_.texts().text("interface.note.screenshot.failed"));
     const auto written = graphics::writePng(*picture, name);
     if (written)
       output_.write(name + '\n');
     else
       output_.warn(fmt::format("{}: {}", name, written.error().description));
+    const auto& texts = viewer_.texts();
     viewer_.remark(written
-                       ? fmt::format("Saved as {}.", name)
-                       : fmt::format("{} cannot be saved: {}.", name, written.error().description));
+                       ? texts.text("interface.note.screenshot.saved", {{"file", texts.name(name)}})
+                       : texts.text("interface.note.screenshot.unsaved",
+                                    {{"file", texts.name(name)},
+                                     {"reason", texts.name(written.error().description)}}));
   }
 
   void updateTitle() {

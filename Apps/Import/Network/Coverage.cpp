@@ -10,8 +10,9 @@ namespace orivanta::importer {
 
 namespace {
 
-constexpr double farthest = 9.0;  // meters from a line
-constexpr double step = 4.5;      // between the points that are examined
+constexpr double farthest = 9.0;   // meters from a line
+constexpr double fromWalls = 1.5;  // meters between added nodes and walls
+constexpr double step = 4.5;       // between the points that are examined
 
 // Nodes that were added, by squares of `farthest` meters.
 class Added {
@@ -59,7 +60,7 @@ void coverSpace(const Shape& shape, const Space& space, Draft& draft, Attach& at
   Added added;
   const auto examine = [&](Point point) {
     if (attach.distanceToLine(point, farthest) < farthest || added.isNear(point) ||
-        space.clearance(point, nodeClearance) < nodeClearance)
+        space.clearance(point, fromWalls) < fromWalls)
       return;
     if (attach.attach(draft.addWay(point))) added.add(point);
   };

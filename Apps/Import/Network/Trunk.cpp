@@ -64,7 +64,16 @@ class Pruner {
     if (degree(next) != 2 && next < first) return;
     Chain chain = follow(first, next);
     for (std::size_t i = 1; i + 1 < chain.size(); ++i) passed[chain[i]] = true;
+    if (degree(chain.front()) == 1) std::reverse(chain.begin(), chain.end());
+    if (degree(chain.back()) == 1) trimEnd(chain);
     chains.push_back(std::move(chain));
+  }
+
+  // A line into the corner of a hall ends where the corner becomes narrow.
+  void trimEnd(Chain& chain) const {
+    double widest = 0.0;
+    for (const Index i : chain) widest = std::max(widest, skeleton_.clearances[i]);
+    while (chain.size() > 2 && skeleton_.clearances[chain.back()] < widest / 2.0) chain.pop_back();
   }
 
   double lengthOf(const Chain& chain) const {

@@ -93,14 +93,35 @@ std::vector<Point> Ways::straightened(const DraftNode& from, Index last,
   way.push_back(from);
   std::reverse(way.begin(), way.end());
   constexpr std::size_t farthest = 120;
-  std::vector<Point> bends;
+  std::vector<DraftNode> bent{way.front()};
   for (std::size_t i = 0; i + 1 < way.size();) {
     std::size_t next = std::min(way.size() - 1, i + farthest);
     while (next > i + 1 && !sees(space_, way[i], way[next])) --next;
-    if (next + 1 < way.size()) bends.push_back(way[next].position);
+    bent.push_back(way[next]);
     i = next;
   }
+  tighten(bent);
+  std::vector<Point> bends;
+  for (std::size_t i = 1; i + 1 < bent.size(); ++i) bends.push_back(bent[i].position);
   return bends;
+}
+
+// Moves bends toward the straight line between their neighbors, as far as everything stays in
+// sight.
+void Ways::tighten(std::vector<DraftNode>& way) const {
+  constexpr int rounds = 3;
+  for (int round = 0; round < rounds; ++round)
+    for (std::size_t i = 1; i + 1 < way.size(); ++i) {
+      const Point from = way[i - 1].position;
+      const Point to = way[i + 1].position;
+      const Point bend = way[i].position;
+      const Point straight = from + (to - from) * package::nearestFraction(from, to, bend);
+      for (const double share : {0.9, 0.7, 0.5, 0.3, 0.15}) {
+        way[i].position = bend + (straight - bend) * share;
+        if (sees(space_, way[i - 1], way[i]) && sees(space_, way[i], way[i + 1])) break;
+        way[i].position = bend;
+      }
+    }
 }
 
 std::optional<std::vector<Point>> Ways::between(const DraftNode& from, const DraftNode& to,

@@ -40,6 +40,7 @@ class Ways {
   std::optional<Index> search(const DraftNode& from, double longest,
                               const std::function<bool(Index)>& isGoal);
   std::vector<Point> straightened(const DraftNode& from, Index last, const DraftNode& to) const;
+  void tighten(std::vector<DraftNode>& way) const;
   DraftNode nodeAt(Index point) const;
 
   const Skeleton& skeleton_;

@@ -1,6 +1,7 @@
 #include "Apps/Import/Read/JsonMembers.hpp"
 
 #include <fast_float/fast_float.h>
+#include <fmt/format.h>
 
 #include <boost/json/array.hpp>
 #include <boost/json/serialize.hpp>
@@ -17,6 +18,8 @@ namespace {
 std::string textOf(const json::value& value) {
   if (value.is_string())
     return std::string(trimmed({value.get_string().data(), value.get_string().size()}));
+  // Codes may be written as 4.0.
+  if (value.is_double()) return fmt::format("{}", value.get_double());
   return value.is_number() || value.is_bool() ? json::serialize(value) : std::string();
 }
 

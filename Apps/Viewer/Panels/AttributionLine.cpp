@@ -30,8 +30,9 @@ graphics::Size AttributionLine::arrange(graphics::Size room) {
   // An opened text that fits into one line looks the same as when it is closed.
   const double height =
       isOpen_ && text.height > closedHeight ? text.height + 2 * side : closedHeight;
-  text_->setFrame({{side, 0}, {most, height}});
-  return {std::min(text.width, most) + 2 * side, height};
+  const double width = std::min(text.width, most);
+  text_->setFrame({{side, 0}, {width, height}});
+  return {width + 2 * side, height};
 }
 
 void AttributionLine::draw(view::Canvas& canvas) {

@@ -7,12 +7,13 @@
 
 #include "Apps/Viewer/Widgets/List.hpp"
 #include "Apps/Viewer/Widgets/Panel.hpp"
+#include "Source/Guidance/InterfaceTexts.hpp"
 
 namespace orivanta::viewer {
 
 class KeyHelp : public Panel {
  public:
-  KeyHelp();
+  explicit KeyHelp(const guidance::InterfaceTexts& texts);
 
   /// Whether to list the key that goes back to the list of venues.
   void setWayBack(bool offered);
@@ -23,10 +24,12 @@ class KeyHelp : public Panel {
   graphics::Size arrange(graphics::Size room);
 
  private:
-  std::shared_ptr<Label> title_;
-  std::shared_ptr<Button> close_;
   class Line;
 
+  void arrangeColumns(double width);
+
+  std::shared_ptr<Label> title_;
+  std::shared_ptr<Button> close_;
   std::vector<std::shared_ptr<Line>> lines_;  // the last one is the key that goes back
   std::shared_ptr<List> list_;
 };

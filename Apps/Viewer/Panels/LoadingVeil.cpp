@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Platform/View/Canvas.hpp"
@@ -22,14 +23,14 @@ std::shared_ptr<const graphics::Image> logoImage() {
 
 }  // namespace
 
-LoadingVeil::LoadingVeil()
+LoadingVeil::LoadingVeil(const guidance::InterfaceTexts& texts)
     : logo_(std::make_shared<view::ImageView>(logoImage())),
       wheel_(std::make_shared<view::ActivityIndicatorView>()),
       title_(std::make_shared<Label>(
           LabelStyle{.size = theme::titleSize, .bold = true, .alignment = Alignment::center})),
       text_(std::make_shared<Label>(
           LabelStyle{.color = theme::faint, .alignment = Alignment::center})),
-      back_(std::make_shared<Button>(ButtonLook::tinted, "All venues")) {
+      back_(std::make_shared<Button>(ButtonLook::tinted, texts.text("interface.venues.all"))) {
   setBackgroundColor(theme::backdrop);
   wheel_->setStyle(view::ActivityIndicatorStyle::whiteLarge);
   wheel_->setColor(theme::accent);
@@ -79,7 +80,8 @@ void LoadingVeil::draw(view::Canvas& canvas) {
   View::draw(canvas);
   if (!busy_) return;
   canvas.fill(bar_, theme::hairline, 2);
-  if (share_ > 0) canvas.fill({bar_.origin, {barWidth * share_, 4}}, theme::accent, 2);
+  if (share_ > 0)
+    canvas.fill(directed(*this, {bar_.origin, {barWidth * share_, 4}}), theme::accent, 2);
 }
 
 }  // namespace orivanta::viewer

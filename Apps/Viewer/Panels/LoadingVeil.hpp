@@ -8,12 +8,13 @@
 #include "Apps/Viewer/Widgets/Button.hpp"
 #include "Platform/View/ActivityIndicatorView.hpp"
 #include "Platform/View/ImageView.hpp"
+#include "Source/Guidance/InterfaceTexts.hpp"
 
 namespace orivanta::viewer {
 
 class LoadingVeil : public view::View {
  public:
-  LoadingVeil();
+  explicit LoadingVeil(const guidance::InterfaceTexts& texts);
 
   /// If busy, shows the activity indicator and the progress bar, otherwise only the logo.
   void setBusy(bool busy);

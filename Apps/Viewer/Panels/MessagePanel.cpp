@@ -2,13 +2,15 @@
 
 #include <algorithm>
 
+#include "Apps/Viewer/Widgets/Direction.hpp"
+
 namespace orivanta::viewer {
 
-MessagePanel::MessagePanel()
+MessagePanel::MessagePanel(const guidance::InterfaceTexts& texts)
     : title_(
           std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 3})),
       detail_(std::make_shared<Label>(LabelStyle{.color = theme::faint, .lines = 8})),
-      retry_(std::make_shared<Button>(ButtonLook::filled, "Try again")),
+      retry_(std::make_shared<Button>(ButtonLook::filled, texts.text("interface.retry"))),
       other_(std::make_shared<Button>(ButtonLook::tinted, "")) {
   for (const std::shared_ptr<view::View>& part :
        std::initializer_list<std::shared_ptr<view::View>>{title_, detail_, retry_, other_})
@@ -44,6 +46,7 @@ graphics::Size MessagePanel::arrange(graphics::Size room) {
   retry_->setFrame({{width - padding - retryWidth, top}, {retryWidth, theme::controlSize}});
   other_->setFrame(
       {{width - padding - retryWidth - 10 - otherWidth, top}, {otherWidth, theme::controlSize}});
+  directChildren(*this, width);
   return {width, top + theme::controlSize + padding};
 }
 

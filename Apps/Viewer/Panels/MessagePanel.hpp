@@ -8,12 +8,13 @@
 #include "Apps/Viewer/VenueSource.hpp"
 #include "Apps/Viewer/Widgets/Button.hpp"
 #include "Apps/Viewer/Widgets/Panel.hpp"
+#include "Source/Guidance/InterfaceTexts.hpp"
 
 namespace orivanta::viewer {
 
 class MessagePanel : public Panel {
  public:
-  MessagePanel();
+  explicit MessagePanel(const guidance::InterfaceTexts& texts);
 
   std::function<void()> retried;
   std::function<void()> dismissed;  ///< called by the second button; may be null

@@ -20,7 +20,7 @@ graphics::Size Note::arrange(graphics::Size room) {
   constexpr double padding = theme::padding;
   const double most = std::min(mostWidth, room.width - 2 * theme::margin) - 2 * padding;
   const graphics::Size text = text_->fitting(most);
-  text_->setFrame({{padding, border}, {most, text.height}});
+  text_->setFrame({{padding, border}, {text.width, text.height}});
   return {text.width + 2 * padding, text.height + 2 * border};
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
@@ -18,6 +19,10 @@ constexpr double largePictureSide = 72;
 constexpr double smallPictureSide = 56;
 constexpr int mostLines = 5;  // of the description
 constexpr double leastWideRatio = 1.4;
+constexpr double gap = 10;  // between buttons
+constexpr double smallGap = 6;
+constexpr double nearestHeight = theme::controlSize - 8;
+constexpr double leastTitleGap = 5;  // on both sides of the title of a button
 
 // Returns its categories without duplicates, and its floors.
 std::string kindOf(const Location& place) {
@@ -35,8 +40,9 @@ std::string kindOf(const Location& place) {
 
 }  // namespace
 
-PlaceCard::PlaceCard()
-    : picture_(std::make_shared<PictureView>()),
+PlaceCard::PlaceCard(const guidance::InterfaceTexts& texts)
+    : texts_(texts),
+      picture_(std::make_shared<PictureView>()),
       name_(
           std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 2})),
       kind_(std::make_shared<Label>(
@@ -45,9 +51,9 @@ PlaceCard::PlaceCard()
           LabelStyle{.size = theme::smallSize, .bold = true, .color = theme::warning})),
       description_(std::make_shared<Label>(LabelStyle{.lines = mostLines})),
       close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
-      from_(std::make_shared<Button>(ButtonLook::tinted, "From here")),
-      to_(std::make_shared<Button>(ButtonLook::filled, "To here")),
-      addStop_(std::make_shared<Button>(ButtonLook::tinted, "Add stop")) {
+      from_(std::make_shared<Button>(ButtonLook::tinted, texts.text("interface.place.from"))),
+      to_(std::make_shared<Button>(ButtonLook::filled, texts.text("interface.place.to"))),
+      addStop_(std::make_shared<Button>(ButtonLook::tinted, texts.text("interface.place.stop"))) {
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
            closed_, picture_, name_, kind_, description_, close_, from_, to_, addStop_})
     addSubview(part);
@@ -64,7 +70,9 @@ void PlaceCard::show(const Location& place) {
   picture_->setPicture(nullptr);
 }
 
-void PlaceCard::setPlaceClosed(bool isClosed) { closed_->setText(isClosed ? "Closed now" : ""); }
+void PlaceCard::setPlaceClosed(bool isClosed) {
+  closed_->setText(isClosed ? texts_.text("interface.place.closed") : "");
+}
 
 void PlaceCard::setNearest(const std::vector<std::string>& titles) {
   for (const auto& button : nearest_) button->removeFromSuperview();
@@ -116,6 +124,7 @@ double PlaceCard::arrange(double width, double mostHeight, bool isSmall) {
   while (height > mostHeight && lines > 0) height = arrangeParts(width, /*isSmall=*/true, --lines);
   if (height > mostHeight && std::exchange(showsNearest_, false))
     height = arrangeParts(width, /*isSmall=*/true, lines);
+  directChildren(*this, width);
   return height;
 }
 
@@ -138,28 +147,48 @@ double PlaceCard::arrangeParts(double width, bool isSmall, int lines) {
   return arrangeButtons(width, top);
 }
 
-// Arranges the buttons in one or two rows of equal columns. Returns the height of the card.
-double PlaceCard::arrangeButtons(double width, double top) {
-  constexpr double gap = 10;
-  const auto arrangeRow = [&](const std::vector<std::shared_ptr<Button>>& row, double height) {
-    const auto count = static_cast<double>(row.size());
-    const double each = (width - 2 * theme::padding - gap * (count - 1)) / count;
-    double left = theme::padding;
-    for (const auto& button : row) {
-      button->setFrame({{left, top}, {each, height}});
-      left += each + gap;
-    }
-    top += height;
+// Arranges buttons in as many rows as their titles need. Returns the lower edge.
+double PlaceCard::arrangeNearest(double width, double top) {
+  const double inner = width - 2 * theme::padding;
+  const auto widthOf = [](Button& button) {
+    return button.fittingWidth() - 2 * (theme::padding - leastTitleGap);
   };
+  for (std::size_t first = 0; first < nearest_.size();) {
+    std::size_t end = first;
+    double titles = 0;
+    double needed = -smallGap;
+    for (; end < nearest_.size(); ++end) {
+      const double next = widthOf(*nearest_[end]);
+      if (end > first && needed + smallGap + next > inner) break;
+      titles += next;
+      needed += smallGap + next;
+    }
+    double left = theme::padding;
+    const double stretched = (inner - (needed - titles)) / titles;
+    for (; first < end; ++first) {
+      const double each = widthOf(*nearest_[first]) * stretched;
+      nearest_[first]->setFrame({{left, top}, {each, nearestHeight}});
+      left += each + smallGap;
+    }
+    top += nearestHeight + smallGap;
+  }
+  return top - smallGap;
+}
+
+// Arranges the buttons. Returns the height of the card.
+double PlaceCard::arrangeButtons(double width, double top) {
   addStop_->setHidden(!canAddStop_);
   for (const auto& button : nearest_) button->setHidden(!showsNearest_);
-  if (showsNearest_) {
-    arrangeRow(nearest_, theme::controlSize - 8);
-    top += gap;
+  if (showsNearest_) top = arrangeNearest(width, top) + gap;
+  const auto row = canAddStop_ ? std::vector{from_, addStop_, to_} : std::vector{from_, to_};
+  const auto count = static_cast<double>(row.size());
+  const double each = (width - 2 * theme::padding - gap * (count - 1)) / count;
+  double left = theme::padding;
+  for (const auto& button : row) {
+    button->setFrame({{left, top}, {each, theme::controlSize}});
+    left += each + gap;
   }
-  arrangeRow(canAddStop_ ? std::vector{from_, addStop_, to_} : std::vector{from_, to_},
-             theme::controlSize);
-  return top + theme::padding;
+  return top + theme::controlSize + theme::padding;
 }
 
 }  // namespace orivanta::viewer

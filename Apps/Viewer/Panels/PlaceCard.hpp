@@ -9,6 +9,7 @@
 #include "Apps/Viewer/Widgets/Button.hpp"
 #include "Apps/Viewer/Widgets/Panel.hpp"
 #include "Apps/Viewer/Widgets/PictureView.hpp"
+#include "Source/Guidance/InterfaceTexts.hpp"
 
 namespace orivanta {
 class Location;
@@ -18,7 +19,7 @@ namespace orivanta::viewer {
 
 class PlaceCard : public Panel {
  public:
-  PlaceCard();
+  explicit PlaceCard(const guidance::InterfaceTexts& texts);
 
   std::function<void()> closed;
   std::function<void()> fromHere;
@@ -50,9 +51,11 @@ class PlaceCard : public Panel {
  private:
   double arrangeParts(double width, bool isSmall, int lines);
   double arrangeHead(double width, bool isSmall);
+  double arrangeNearest(double width, double top);
   double arrangeButtons(double width, double top);
   bool hasWidePicture() const;
 
+  const guidance::InterfaceTexts texts_;
   std::shared_ptr<PictureView> picture_;
   std::shared_ptr<Label> name_;
   std::shared_ptr<Label> kind_;

@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "Apps/Viewer/CategoryMatch.hpp"
+#include "Apps/Viewer/NearestChoices.hpp"
+#include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Source/Category.hpp"
@@ -19,7 +21,6 @@ namespace {
 constexpr double fieldHeight = 48;  // points
 constexpr double signWidth = 44;
 constexpr double titleHeight = 34;
-constexpr const char* nearestDetail = "The route to the nearest one";
 
 class GroupTitle : public Row {
  public:
@@ -50,15 +51,16 @@ std::string categoryOf(const Location& place) {
 
 }  // namespace
 
-SearchPanel::SearchPanel(const Venue& venue)
+SearchPanel::SearchPanel(const Venue& venue, const guidance::InterfaceTexts& texts)
     : venue_(venue),
-      search_(*venue.locations, [this](const auto& groups) { show(groups); }),
-      field_(std::make_shared<TextField>(defaultPlaceholder)),
+      texts_(texts),
+      search_(SearchWorker(*venue.locations), [this](const auto& groups) { show(groups); }),
+      field_(std::make_shared<TextField>(texts.text("interface.search"))),
       sign_(std::make_shared<Label>(
           LabelStyle{.size = 28, .color = theme::faint, .alignment = Alignment::center}, "\u2315")),
       clear_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
       nothing_(std::make_shared<Label>(LabelStyle{.color = theme::faint},
-                                       "Nothing found. Try fewer letters.")),
+                                       texts.text("interface.search.nothing"))),
       list_(std::make_shared<List>()) {
   for (const std::shared_ptr<view::View>& part :
        std::initializer_list<std::shared_ptr<view::View>>{sign_, field_, clear_, nothing_, list_})
@@ -73,22 +75,50 @@ SearchPanel::SearchPanel(const Venue& venue)
   clear_->action = [this] { close(); };
 }
 
-void SearchPanel::open(const std::string& placeholder, bool offersNearest) {
+void SearchPanel::open(const char* placeholderKey, bool offersNearest) {
   offersNearest_ = offersNearest;
-  field_->setPlaceholder(placeholder);
+  field_->setPlaceholder(texts_.text(placeholderKey));
   field_->setText("");
   field_->setFocused(true);
   search();
 }
 
 void SearchPanel::close() {
-  field_->setPlaceholder(defaultPlaceholder);
+  field_->setPlaceholder(texts_.text("interface.search"));
   field_->setText("");
   field_->setFocused(false);
   search_.cancel();
   choosesFirst_ = false;
   show({});
   hasSearched_ = false;
+}
+
+bool SearchPanel::handleKey(const KeyPress& press) {
+  switch (press.key) {
+    case Key::up:
+    case Key::down:
+      list_->moveMark(press.key == Key::down ? 1 : -1);
+      return true;
+    case Key::enter:
+      chooseMarked();
+      return true;
+    case Key::backspace:
+      field_->eraseBack(press.control);
+      return true;
+    case Key::erase:
+      field_->eraseForward();
+      return true;
+    case Key::left:
+    case Key::right:
+      field_->moveCaret(press.key == Key::left ? CaretStep::left : CaretStep::right);
+      return true;
+    case Key::home:
+    case Key::end:
+      field_->moveCaret(press.key == Key::home ? CaretStep::start : CaretStep::end);
+      return true;
+    default:
+      return false;
+  }
 }
 
 void SearchPanel::search() {
@@ -108,11 +138,13 @@ void SearchPanel::show(const std::vector<PlaceGroup>& groups) {
   };
   const auto category = offersNearest_ ? categoryTyped(venue_, field_->text()) : nullptr;
   if (category && isOpen())
-    add({nullptr, labelOf(category->name), category}, Row::heightWith(nearestDetail));
+    add({nullptr, texts_.text("interface.nearest.detail"), category}, Row::detailHeight);
   const bool hasTitles = groups.size() > 1;
   for (const PlaceGroup& group : groups) {
     if (hasTitles)
-      add({nullptr, group.title.empty() ? "Other places" : group.title, nullptr}, titleHeight);
+      add({nullptr, group.title.empty() ? texts_.text("interface.search.others") : group.title,
+           nullptr},
+          titleHeight);
     for (const auto& place : group.places) {
       std::string detail = hasTitles ? "" : categoryOf(*place);
       const double height = Row::heightWith(detail);
@@ -132,8 +164,8 @@ std::shared_ptr<Row> SearchPanel::makeRow(std::size_t index) {
   const Item& item = items_[index];
   if (!item.canBeChosen()) return std::make_shared<GroupTitle>(foundation::label(item.text));
   auto row = std::make_shared<Row>(item.category
-                                       ? RowText{.title = "Nearest: " + item.text,
-                                                 .detail = nearestDetail,
+                                       ? RowText{.title = nearestOf(item.category, texts_).title,
+                                                 .detail = item.text,
                                                  .trailing = "",
                                                  .dot = theme::accent}
                                        : RowText{.title = labelOf(item.place->name),
@@ -175,12 +207,15 @@ double SearchPanel::arrange(double width, double mostHeight) {
   nothing_->setHidden(!isOpen() || !isEmpty || !hasSearched_);
   nothing_->setFrame({{theme::padding, fieldHeight}, {width - 2 * theme::padding, 48}});
   list_->setHidden(!isOpen() || isEmpty);
-  if (!isOpen()) return fieldHeight;
-  if (isEmpty) return hasSearched_ ? fieldHeight + 56 : fieldHeight;
-  const double height = list_->heightWithin(mostHeight - fieldHeight - 8);
-  list_->setFrame({{0, fieldHeight}, {width, height}});
-  list_->arrange();
-  return fieldHeight + height + 8;
+  double height = nothing_->isHidden() ? fieldHeight : fieldHeight + 56;
+  if (!list_->isHidden()) {
+    const double listHeight = list_->heightWithin(mostHeight - fieldHeight - 8);
+    list_->setFrame({{0, fieldHeight}, {width, listHeight}});
+    list_->arrange();
+    height = fieldHeight + listHeight + 8;
+  }
+  directChildren(*this, width);
+  return height;
 }
 
 void SearchPanel::draw(view::Canvas& canvas) {

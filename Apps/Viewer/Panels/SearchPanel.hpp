@@ -6,10 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "Apps/Viewer/BackgroundSearch.hpp"
+#include "Apps/Viewer/Keys.hpp"
+#include "Apps/Viewer/LatestRequest.hpp"
+#include "Apps/Viewer/SearchWorker.hpp"
 #include "Apps/Viewer/Widgets/List.hpp"
 #include "Apps/Viewer/Widgets/Panel.hpp"
 #include "Apps/Viewer/Widgets/TextField.hpp"
+#include "Source/Guidance/InterfaceTexts.hpp"
 
 namespace orivanta::viewer {
 
@@ -18,7 +21,7 @@ namespace orivanta::viewer {
 class SearchPanel : public Panel {
  public:
   /// The venue must outlive the panel.
-  explicit SearchPanel(const Venue& venue);
+  SearchPanel(const Venue& venue, const guidance::InterfaceTexts& texts);
 
   std::function<void(const std::shared_ptr<Location>&)> chosen;
 
@@ -29,15 +32,16 @@ class SearchPanel : public Panel {
   TextField& field() { return *field_; }
   bool isOpen() const { return field_->isFocused(); }
 
-  /// Empties the field and gives it the focus. The placeholder says what to search for. If
-  /// `offersNearest` is set and the typed text matches a category, the first result is the nearest
-  /// place of that category.
-  void open(const std::string& placeholder = defaultPlaceholder, bool offersNearest = true);
+  /// Empties the field and gives it the focus. The message with this key says what to search for.
+  /// If `offersNearest` is set and the typed text matches a category, the first result is the
+  /// nearest place of that category.
+  void open(const char* placeholderKey = "interface.search", bool offersNearest = true);
 
   /// Removes the focus and the text.
   void close();
 
-  void moveMark(int down) { list_->moveMark(down); }
+  /// Moves the mark in the list or edits the text. Returns false if the key does neither.
+  bool handleKey(const KeyPress& press);
 
   /// Chooses the marked place, or else the first one. If a search is running, waits for its end.
   void chooseMarked();
@@ -50,8 +54,6 @@ class SearchPanel : public Panel {
   /// Returns the height for this width, at most `mostHeight`.
   double arrange(double width, double mostHeight);
   void draw(view::Canvas& canvas) override;
-
-  static constexpr const char* defaultPlaceholder = "Search places";
 
  private:
   struct Item {
@@ -68,7 +70,8 @@ class SearchPanel : public Panel {
   void choose(Item item);
 
   const Venue& venue_;
-  BackgroundSearch search_;
+  const guidance::InterfaceTexts texts_;
+  LatestRequest<SearchWorker> search_;
   std::shared_ptr<TextField> field_;
   std::shared_ptr<Label> sign_;
   std::shared_ptr<Button> clear_;

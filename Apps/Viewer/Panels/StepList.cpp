@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Apps/Viewer/Panels/StepIcon.hpp"
+#include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Source/UI/Display/MarkColors.hpp"
 
@@ -30,9 +31,10 @@ class StepList::StepRow : public Row {
  public:
   StepRow(Icon icon, graphics::Color color, const std::string& text)
       : Row(leastHeight),
-        icon_(std::move(icon)),
+        icon_(std::make_shared<IconView>(std::move(icon), color)),
         color_(color),
         text_(std::make_shared<Label>(LabelStyle{.lines = mostLines}, text)) {
+    addSubview(icon_);
     addSubview(text_);
   }
 
@@ -44,26 +46,20 @@ class StepList::StepRow : public Row {
   void draw(view::Canvas& canvas) override {
     Row::draw(canvas);
     const graphics::Size size = bounds().size;
-    text_->setFrame({{textLeft, 0}, {size.width - textLeft - theme::padding, size.height}});
     const double top = std::min((size.height - tileSide) / 2, textMargin);
-    const graphics::Rect tile{{theme::padding, top}, {tileSide, tileSide}};
-    canvas.fill(tile, isMarked() ? color_ : theme::accentTint, 9);
-    if (!image_ || scale_ != canvas.scale() || wasMarked_ != isMarked()) {
-      scale_ = canvas.scale();
-      wasMarked_ = isMarked();
-      image_ = drawIcon(icon_, wasMarked_ ? theme::paper : color_, iconSide, scale_);
-    }
     const double inset = (tileSide - iconSide) / 2;
-    canvas.draw(image_, {{tile.minX() + inset, tile.minY() + inset}, {iconSide, iconSide}});
+    canvas.fill(directed(*this, {{theme::padding, top}, {tileSide, tileSide}}),
+                isMarked() ? color_ : theme::accentTint, 9);
+    icon_->setColor(isMarked() ? theme::paper : color_);
+    icon_->setFrame(directed(*this, {{theme::padding + inset, top + inset}, {iconSide, iconSide}}));
+    text_->setFrame(
+        directed(*this, {{textLeft, 0}, {size.width - textLeft - theme::padding, size.height}}));
   }
 
  private:
-  Icon icon_;
+  std::shared_ptr<IconView> icon_;
   graphics::Color color_;
   std::shared_ptr<Label> text_;
-  std::shared_ptr<const graphics::Image> image_;  // null until it is drawn
-  double scale_ = 1;                              // of the image
-  bool wasMarked_ = false;                        // when the image was drawn
 };
 
 StepList::StepList() : list_(std::make_shared<List>()) { addSubview(list_); }

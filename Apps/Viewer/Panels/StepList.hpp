@@ -23,6 +23,8 @@ class StepList : public view::View {
   /// Shows the instructions of a route; null shows none.
   void show(const GuidedRoute* route);
 
+  bool hasSteps() const { return !rows_.empty(); }
+
   /// Highlights an instruction and scrolls to it, or highlights none.
   void setCurrent(std::optional<std::size_t> index);
   std::optional<std::size_t> current() const { return list_->marked(); }

@@ -8,12 +8,13 @@
 #include "Apps/Viewer/Widgets/List.hpp"
 #include "Apps/Viewer/Widgets/Panel.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/InterfaceTexts.hpp"
 
 namespace orivanta::viewer {
 
 class VenueList : public Panel {
  public:
-  VenueList();
+  explicit VenueList(const guidance::InterfaceTexts& texts);
 
   std::function<void(const std::shared_ptr<Venue>&)> chosen;
 
@@ -26,6 +27,7 @@ class VenueList : public Panel {
   graphics::Size arrange(graphics::Size room);
 
  private:
+  const bool isRightToLeft_;
   std::vector<std::shared_ptr<Venue>> venues_;
   std::shared_ptr<Label> title_;
   std::shared_ptr<List> list_;

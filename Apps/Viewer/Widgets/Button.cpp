@@ -9,9 +9,6 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr graphics::Size knobTrack{44, 26};
-constexpr double knobInset = 3;
-
 LabelStyle buttonStyle(ButtonLook look, double size) {
   LabelStyle style;
   style.size = size;
@@ -48,22 +45,6 @@ void Button::draw(view::Canvas& canvas) {
   if (look_ == ButtonLook::filled) canvas.fill(bounds(), theme::accent, radius);
   if (look_ == ButtonLook::tinted) canvas.fill(bounds(), theme::accentTint, radius);
   if (isPressed()) canvas.fill(bounds(), shade, radius);
-}
-
-Switch::Switch(std::string text) : label_(std::make_shared<Label>(LabelStyle{}, std::move(text))) {
-  addSubview(label_);
-}
-
-void Switch::draw(view::Canvas& canvas) {
-  const graphics::Size size = bounds().size;
-  label_->setFrame({{0, 0}, {size.width - knobTrack.width - 8, size.height}});
-  const graphics::Rect track{{size.width - knobTrack.width, (size.height - knobTrack.height) / 2},
-                             knobTrack};
-  canvas.fill(track, on_ ? theme::accent : graphics::Color{0.78F, 0.81F, 0.85F},
-              knobTrack.height / 2);
-  const double side = knobTrack.height - 2 * knobInset;
-  const double left = on_ ? track.maxX() - knobInset - side : track.minX() + knobInset;
-  canvas.fill({{left, track.minY() + knobInset}, {side, side}}, theme::paper, side / 2);
 }
 
 }  // namespace orivanta::viewer

@@ -56,18 +56,4 @@ class Button : public Pressable {
   std::shared_ptr<Label> label_;
 };
 
-/// A label and a knob that is on or off.
-class Switch : public Pressable {
- public:
-  explicit Switch(std::string text);
-
-  bool isOn() const { return on_; }
-  void setOn(bool on) { on_ = on; }
-  void draw(view::Canvas& canvas) override;
-
- private:
-  std::shared_ptr<Label> label_;
-  bool on_ = false;
-};
-
 }  // namespace orivanta::viewer

@@ -6,6 +6,8 @@
 #include <limits>
 #include <utility>
 
+#include "Platform/View/Canvas.hpp"
+
 namespace orivanta::viewer {
 
 namespace {
@@ -62,6 +64,29 @@ std::shared_ptr<const graphics::Image> drawIcon(const Icon& icon, graphics::Colo
         static_cast<float>(std::clamp(icon.lineWidth * unit / 2 - distance + 0.5, 0.0, 1.0));
     return painted;
   });
+}
+
+IconView::IconView(Icon icon, graphics::Color color) : icon_(std::move(icon)), color_(color) {
+  setUserInteractionEnabled(false);
+}
+
+void IconView::setIcon(Icon icon) {
+  icon_ = std::move(icon);
+  image_ = nullptr;
+}
+
+void IconView::setColor(graphics::Color color) {
+  if (color == color_) return;
+  color_ = color;
+  image_ = nullptr;
+}
+
+void IconView::draw(view::Canvas& canvas) {
+  const double side = bounds().size.width;
+  if (side <= 0) return;
+  if (!image_ || image_->scale() != canvas.scale())
+    image_ = drawIcon(icon_, color_, side, canvas.scale());
+  canvas.draw(image_, bounds());
 }
 
 std::shared_ptr<const graphics::Image> drawDot(graphics::Color color, double side, double scale) {

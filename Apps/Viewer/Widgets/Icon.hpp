@@ -7,6 +7,7 @@
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Image.hpp"
+#include "Platform/View/View.hpp"
 
 namespace orivanta::viewer {
 
@@ -22,6 +23,21 @@ struct Icon {
 /// Draws an icon. `side` is in points, `scale` in pixels per point; both must be greater than 0.
 std::shared_ptr<const graphics::Image> drawIcon(const Icon& icon, graphics::Color color,
                                                 double side, double scale);
+
+/// Shows an icon as large as its frame, which must be a square. Receives no touches.
+class IconView : public view::View {
+ public:
+  IconView(Icon icon, graphics::Color color);
+
+  void setIcon(Icon icon);
+  void setColor(graphics::Color color);
+  void draw(view::Canvas& canvas) override;
+
+ private:
+  Icon icon_;
+  graphics::Color color_;
+  std::shared_ptr<const graphics::Image> image_;  // null until it is drawn
+};
 
 /// Returns the image of a disc with a white border, for a position on a map. `side` is in points,
 /// `scale` in pixels per point.

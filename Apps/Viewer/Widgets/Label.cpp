@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/Graphics/Text.hpp"
 #include "Platform/View/Canvas.hpp"
 
@@ -15,25 +16,30 @@ Label::Label(LabelStyle style, std::string text) : style_(style), text_(std::mov
 void Label::setText(std::string text) {
   if (text == text_) return;
   text_ = std::move(text);
-  pictureWidth_ = -1;
+  forgetPicture();
 }
 
 void Label::setSize(double points) {
   if (points == style_.size) return;
   style_.size = points;
-  pictureWidth_ = -1;
+  forgetPicture();
 }
 
 void Label::setLines(int most) {
   if (most == style_.lines) return;
   style_.lines = most;
-  pictureWidth_ = -1;
+  forgetPicture();
 }
 
 void Label::setColor(graphics::Color color) {
   if (color == style_.color) return;
   style_.color = color;
+  forgetPicture();
+}
+
+void Label::forgetPicture() {
   pictureWidth_ = -1;
+  fittingRoom_ = -1;
 }
 
 const std::shared_ptr<const graphics::Image>& Label::picture(double width, double scale) {
@@ -55,20 +61,24 @@ const std::shared_ptr<const graphics::Image>& Label::picture(double width, doubl
 
 graphics::Size Label::fitting(double width) {
   const auto& image = picture(width, pictureScale_);
+  fittingRoom_ = width;
+  fittingWidth_ = image ? std::ceil(image->size().width) : 0;
   if (!image) return {0, 0};
-  return {std::ceil(image->size().width), std::ceil(image->size().height)};
+  return {fittingWidth_, std::ceil(image->size().height)};
 }
 
 void Label::draw(view::Canvas& canvas) {
   View::draw(canvas);
   const graphics::Size size = bounds().size;
-  const auto& image = picture(size.width, canvas.scale());
+  // A text needs slightly more than the width of its image to be laid out in the same way.
+  const bool hasFittingWidth = fittingWidth_ <= size.width && size.width < fittingRoom_;
+  const auto& image = picture(hasFittingWidth ? fittingRoom_ : size.width, canvas.scale());
   if (!image) return;
   const graphics::Size shown = image->size();
-  double left = 0;
-  if (style_.alignment == Alignment::center) left = (size.width - shown.width) / 2;
-  if (style_.alignment == Alignment::trailing) left = size.width - shown.width;
-  canvas.draw(image, {{left, (size.height - shown.height) / 2}, shown});
+  double start = 0;
+  if (style_.alignment == Alignment::center) start = (size.width - shown.width) / 2;
+  if (style_.alignment == Alignment::trailing) start = size.width - shown.width;
+  canvas.draw(image, directed(*this, {{start, (size.height - shown.height) / 2}, shown}));
 }
 
 }  // namespace orivanta::viewer

@@ -10,6 +10,7 @@
 
 namespace orivanta::viewer {
 
+/// Where a text is in its frame. It leads where lines of the interface begin.
 enum class Alignment { leading, center, trailing };
 
 struct LabelStyle {
@@ -38,6 +39,7 @@ class Label : public view::View {
   void draw(view::Canvas& canvas) override;
 
  private:
+  void forgetPicture();
   const std::shared_ptr<const graphics::Image>& picture(double width, double scale);
 
   LabelStyle style_;
@@ -45,6 +47,8 @@ class Label : public view::View {
   std::shared_ptr<const graphics::Image> picture_;
   double pictureWidth_ = -1;  // of the cached image; below 0 if it is outdated
   double pictureScale_ = 1;
+  double fittingRoom_ = -1;  // the latest argument of `fitting`; below 0 if it is outdated
+  double fittingWidth_ = 0;  // the width that it returned
 };
 
 }  // namespace orivanta::viewer

@@ -5,6 +5,7 @@
 #include <numeric>
 #include <utility>
 
+#include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/PanGestureRecognizer.hpp"
 
@@ -12,8 +13,6 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double plainHeight = 44;  // points
-constexpr double detailHeight = 56;
 constexpr double fadeShare = 0.2;  // of a row's height, over which it fades
 
 }  // namespace
@@ -44,7 +43,7 @@ void Row::draw(view::Canvas& canvas) {
                 marked_ ? theme::accentTint : theme::pressed, 8);
   double left = theme::padding;
   if (dot_) {
-    canvas.fill({{left, size.height / 2 - 5}, {10, 10}}, *dot_, 5);
+    canvas.fill(directed(*this, {{left, size.height / 2 - 5}, {10, 10}}), *dot_, 5);
     left += 22;
   }
   const double trailing = trailing_->text().empty() ? 0 : trailing_->fitting(160).width + 10;
@@ -53,6 +52,8 @@ void Row::draw(view::Canvas& canvas) {
   title_->setFrame({{left, isPlain ? 0.0 : 8.0}, {width, isPlain ? size.height : 22}});
   detail_->setFrame({{left, 30}, {width, isPlain ? 0.0 : 18}});
   trailing_->setFrame({{size.width - theme::padding - trailing, 0}, {trailing, size.height}});
+  for (const auto& label : {title_, detail_, trailing_})
+    label->setFrame(directed(*this, label->frame()));
 }
 
 List::List() {
@@ -174,7 +175,7 @@ void List::draw(view::Canvas& canvas) {
   if (content <= height + 1) return;
   const double thumb = std::max(24.0, height * height / content);
   const double top = (height - thumb) * offset_ / (content - height);
-  canvas.fill({{bounds().size.width - 6, top}, {3, thumb}}, theme::hairline, 1.5);
+  canvas.fill(directed(*this, {{bounds().size.width - 6, top}, {3, thumb}}), theme::hairline, 1.5);
 }
 
 }  // namespace orivanta::viewer

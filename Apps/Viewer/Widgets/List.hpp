@@ -30,6 +30,9 @@ class Row : public Pressable {
 
   double height() const { return height_; }  ///< points
 
+  static constexpr double plainHeight = 44;   ///< points; of a row with only a title
+  static constexpr double detailHeight = 56;  ///< points; of a row with a detail
+
   /// Returns the height of a row with this detail, which may be empty.
   static double heightWith(std::string_view detail);
   void setMarked(bool marked) { marked_ = marked; }

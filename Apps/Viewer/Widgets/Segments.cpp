@@ -1,5 +1,9 @@
 #include "Apps/Viewer/Widgets/Segments.hpp"
 
+#include <algorithm>
+#include <array>
+
+#include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/View/Canvas.hpp"
 
 namespace orivanta::viewer {
@@ -8,7 +12,8 @@ namespace {
 
 constexpr double radius = 9;  // points
 constexpr double inset = 2;
-constexpr double leastGap = 6;  // on both sides of a title together
+constexpr double leastGap = 8;  // on both sides of a title together
+constexpr std::array textSizes{theme::smallSize, 11.5, 10.5, 9.5};
 
 }  // namespace
 
@@ -31,10 +36,23 @@ void Segments::setTitles(const std::vector<std::string>& titles) {
   arrange();
 }
 
+// Uses the largest letters with which all titles fit.
+double Segments::fitTitles(double width) {
+  double whole = 0;
+  for (const double textSize : textSizes) {
+    whole = 0;
+    for (const auto& label : labels_) {
+      label->setSize(textSize);
+      whole += label->fitting(1000).width + leastGap;
+    }
+    if (whole <= width) break;
+  }
+  return whole;
+}
+
 void Segments::arrange() {
   const graphics::Size size = bounds().size;
-  double whole = 0;
-  for (const auto& label : labels_) whole += label->fitting(1000).width + leastGap;
+  const double whole = fitTitles(size.width);
   double left = 0;
   for (std::size_t i = 0; i < cells_.size(); ++i) {
     const double width = (labels_[i]->fitting(1000).width + leastGap) / whole * size.width;
@@ -42,6 +60,7 @@ void Segments::arrange() {
     labels_[i]->setFrame({{inset, 0}, {width - 2 * inset, size.height}});
     left += width;
   }
+  directChildren(*this, size.width);
 }
 
 void Segments::draw(view::Canvas& canvas) {

@@ -11,7 +11,8 @@
 
 namespace orivanta::viewer {
 
-/// The titles share the width in proportion to their lengths.
+/// The titles share the width in proportion to their lengths. If the width is not sufficient, their
+/// letters are smaller.
 class Segments : public view::View {
  public:
   /// Called after a tap on a title, with its index.
@@ -30,6 +31,8 @@ class Segments : public view::View {
   void draw(view::Canvas& canvas) override;
 
  private:
+  double fitTitles(double width);
+
   std::vector<std::shared_ptr<Pressable>> cells_;
   std::vector<std::shared_ptr<Label>> labels_;
   std::size_t chosen_ = 0;

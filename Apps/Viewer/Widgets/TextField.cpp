@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/View/Canvas.hpp"
 
 namespace orivanta::viewer {
@@ -127,7 +128,13 @@ void TextField::moveCaret(CaretStep step) {
 }
 
 void TextField::placeCaret(double x) {
-  if (!text_.empty() && composition_.empty()) caret_ = line_->placeAt(x + scroll_);
+  if (!text_.empty() && composition_.empty()) caret_ = line_->placeAt(x - textLeft() + scroll_);
+}
+
+// Returns the left edge of the text in the field. A text that fits begins where lines begin.
+double TextField::textLeft() const {
+  const double free = bounds().size.width - (visible_ ? visible_->size().width : 0) - caretWidth;
+  return isRightToLeft(*this) ? std::max(0.0, std::floor(free)) : 0;
 }
 
 void TextField::setComposition(std::string text) {
@@ -171,15 +178,18 @@ void TextField::draw(view::Canvas& canvas) {
   } else {
     scrollToCaret();
   }
+  const double left = textLeft();
   if (visible_) {
     const graphics::Size shown = visible_->size();
-    const double left = isEmpty && focused_ ? 2 * caretWidth : 0;
-    canvas.draw(visible_, {{left, (size.height - shown.height) / 2}, shown});
+    const double gap = isEmpty && focused_ ? 2 * caretWidth : 0;
+    canvas.draw(visible_,
+                {{left > 0 ? left - gap : left + gap, (size.height - shown.height) / 2}, shown});
   }
   if (!focused_) return;
-  const double x = isEmpty ? 0 : line_->distance(caret_ + composition_.size()) - scroll_;
-  canvas.fill({{std::max(0.0, std::round(x) - 1), (size.height - caretHeight) / 2},
-               {caretWidth, caretHeight}},
+  const double start = isRightToLeft(*this) ? size.width - caretWidth : 0;
+  const double x = isEmpty ? start : left + line_->distance(caret_ + composition_.size()) - scroll_;
+  const double caretLeft = std::max(0.0, std::min(std::round(x) - 1, size.width - caretWidth));
+  canvas.fill({{caretLeft, (size.height - caretHeight) / 2}, {caretWidth, caretHeight}},
               theme::accent, 1);
 }
 

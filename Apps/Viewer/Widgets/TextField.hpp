@@ -52,7 +52,7 @@ class TextField : public Pressable {
   void show();
   void erase(std::size_t from, std::size_t to);
   void scrollToCaret();
-  const std::shared_ptr<const graphics::Image>& picture(double scale);
+  double textLeft() const;
 
   std::string text_;
   std::string composition_;

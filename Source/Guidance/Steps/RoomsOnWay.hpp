@@ -15,13 +15,14 @@ namespace orivanta::guidance {
 /// A room that the walk enters and leaves again.
 struct RoomOnWay {
   std::shared_ptr<Location> place;  ///< never null; has a name that can be spoken
-  std::size_t first = 0;            ///< the point of the line at the entrance
-  std::size_t last = 0;             ///< the point at the entrance where the walk leaves the room
+  std::size_t first = 0;            ///< the point of the line at the door
+  std::size_t last = 0;             ///< the point at the door where the walk leaves the room
 };
 
 /// Returns the rooms in the order of the walk, without those at its ends. The walk goes through a
-/// room if it has a node inside between two different entrances, and all nodes between these are
-/// the room's. Of several rooms between the same entrances, the first of the venue is returned.
+/// room if it has a node inside between two doors. At least one of them must be an entrance of the
+/// room; the other may be that of a neighboring room, next to the node inside. Of several rooms
+/// between the same doors, the first of the venue is returned.
 std::vector<RoomOnWay> roomsOnWay(const WalkLine& line, const Section& section,
                                   const Surroundings& surroundings);
 

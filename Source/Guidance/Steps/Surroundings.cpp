@@ -6,6 +6,7 @@
 
 #include "Source/Category.hpp"
 #include "Source/Guidance/Network/ConnectorSign.hpp"
+#include "Source/Guidance/Network/Rooms.hpp"
 #include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 #include "Source/Location.hpp"
@@ -39,6 +40,7 @@ Surroundings::Surroundings(const Venue& venue, const GuideData& data)
   const ConnectorSigns signs(venue);
   for (const auto& connector : connectors_)
     signs_.emplace(connector.get(), signs.signOf(*connector));
+  for (const auto& place : locations_) addInside(place);
 }
 
 std::string Surroundings::spokenName(const Location& place) const {
@@ -70,6 +72,14 @@ void Surroundings::addEntrance(const std::shared_ptr<Location>& place,
                     node->y * metersPerUnit_, place.get()});
 }
 
+void Surroundings::addInside(const std::shared_ptr<Location>& place) {
+  const auto* known = data_.places.find(place.get());
+  if (known == nullptr || !known->isRoom || isBlank(spokenName(*place))) return;
+  for (const auto vertex : known->nodes)
+    if (data_.network.vertex(vertex).room != GuideNetwork::none)
+      rooms_[data_.network.node(vertex).get()].push_back(place);
+}
+
 void Surroundings::findNames() {
   std::unordered_map<std::string, const Location*> owners;  // null if there are several
   for (const auto& place : locations_) {
@@ -93,16 +103,16 @@ bool Surroundings::isEntranceOf(const Node& node, const Location& place) const {
                      [&](const auto& other) { return other.get() == &place; });
 }
 
-bool Surroundings::belongsTo(const Node& node, const Location& place) const {
-  const auto vertex = data_.network.find(&node);
-  const auto* known = data_.places.find(&place);
-  return vertex && known != nullptr &&
-         std::binary_search(known->nodes.begin(), known->nodes.end(), *vertex);
+bool Surroundings::isDoor(const Node& node) const {
+  const auto places = placesAt(node);
+  return std::any_of(places.begin(), places.end(),
+                     [](const auto& place) { return hasEntrances(*place); });
 }
 
-bool Surroundings::isInside(const Node& node) const {
-  const auto vertex = data_.network.find(&node);
-  return vertex && data_.network.vertex(*vertex).room != GuideNetwork::none;
+std::span<const std::shared_ptr<Location>> Surroundings::roomsAt(const Node& node) const {
+  const auto found = rooms_.find(&node);
+  if (found == rooms_.end()) return {};
+  return found->second;
 }
 
 std::shared_ptr<Category> Surroundings::soleKind(const Location& place,

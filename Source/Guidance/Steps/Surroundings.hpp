@@ -33,11 +33,12 @@ class Surroundings {
   /// Returns whether a node is an entrance of a place.
   bool isEntranceOf(const Node& node, const Location& place) const;
 
-  /// Returns whether a node is listed as a node of a place, which must be a location of the venue.
-  bool belongsTo(const Node& node, const Location& place) const;
+  /// Returns whether a node is an entrance of a room.
+  bool isDoor(const Node& node) const;
 
-  /// Returns whether a node lies inside a room, not at a door.
-  bool isInside(const Node& node) const;
+  /// Returns the rooms in which a node lies, without those that have no name to be spoken. None if
+  /// the node is a door.
+  std::span<const std::shared_ptr<Location>> roomsAt(const Node& node) const;
 
   /// Returns whether a place can be told by its name: the name is not empty, not generated, and no
   /// other place has it.
@@ -68,6 +69,7 @@ class Surroundings {
 
   void addEntrances(const std::shared_ptr<Location>& place);
   void addEntrance(const std::shared_ptr<Location>& place, const std::shared_ptr<Node>& node);
+  void addInside(const std::shared_ptr<Location>& place);
   void findNames();
 
   const GuideData& data_;
@@ -76,6 +78,7 @@ class Surroundings {
   std::vector<std::shared_ptr<Location>> locations_;  // likewise
   std::vector<std::shared_ptr<Vortex>> connectors_;   // likewise
   std::unordered_map<const Node*, std::vector<std::shared_ptr<Location>>> places_;
+  std::unordered_map<const Node*, std::vector<std::shared_ptr<Location>>> rooms_;
   std::unordered_set<const Location*> named_;
   std::unordered_map<const Location*, std::string> signs_;  // of the connectors
   std::vector<KindEntry> kinds_;                            // sorted by category, map and x

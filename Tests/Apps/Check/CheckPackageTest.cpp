@@ -102,6 +102,8 @@ const Mistake mistakes[] = {
     {"vortex.json", R"([{"id")", R"([{"id": "steps", "name": "", "type": "stairs", "accessible": 0,
   "nodes": ["hall", "up"]}, {"id")",
      "accessible-connector-too-late", "stairs", "accessible", 2, "\"steps\""},
+    {"location.json", R"("nodes": [{"node": "up"}])", R"("nodes": [])", "place-without-position",
+     "attic", "nodes", 4, "\"Attic\""},
     {"polygon.json", R"({"id": "door"})", R"({"id": "up"})", "entrance-on-another-floor", "area",
      "entrances", 2, "\"up\""},
     {"polygon.json", R"({"id": "door"})", R"({"id": "gate"})", "unknown-entrance", "area",

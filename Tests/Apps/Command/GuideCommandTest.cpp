@@ -170,7 +170,8 @@ TEST_F(GuideCommand, AuditsPackages) {
   EXPECT_EQ(result.exitCode, 1);
   EXPECT_THAT(result.output, StartsWith(R"({"venue":"small","entranceAssumed":true,)"));
   EXPECT_THAT(result.output,
-              testing::HasSubstr(R"("unreachable":["l5"],"entrances":[{"entrance":"l)"));
+              testing::HasSubstr(
+                  R"("unreachable":["l5"],"withoutWayBack":[],"entrances":[{"entrance":"l)"));
   EXPECT_EQ(run({"audit", "/nonexistent"}).exitCode, 2);
 }
 

@@ -23,7 +23,11 @@ class Layer {
  public:
   Layer(const std::filesystem::path& path, int type, const std::vector<const char*>& fields)
       : type_(type), shapes_(SHPCreate(path.c_str(), type)), table_(DBFCreate(path.c_str())) {
-    for (const char* field : fields) DBFAddField(table_, field, FTString, 40, 0);
+    for (const char* field : fields)
+      if (std::string_view(field) == "route_type" || std::string_view(field) == "ordinal")
+        DBFAddField(table_, field, FTDouble, 10, 3);
+      else
+        DBFAddField(table_, field, FTString, 40, 0);
   }
   ~Layer() {
     SHPClose(shapes_);
@@ -38,8 +42,13 @@ class Layer {
         SHPCreateObject(type_, -1, static_cast<int>(starts.size()), starts.data(), nullptr,
                         static_cast<int>(xs.size()), xs.data(), ys.data(), nullptr, nullptr);
     const int row = SHPWriteObject(shapes_, -1, shape);
-    for (std::size_t field = 0; field < values.size(); ++field)
-      DBFWriteStringAttribute(table_, row, static_cast<int>(field), values[field].c_str());
+    for (std::size_t each = 0; each < values.size(); ++each) {
+      const int field = static_cast<int>(each);
+      if (DBFGetFieldInfo(table_, field, nullptr, nullptr, nullptr) == FTDouble)
+        DBFWriteDoubleAttribute(table_, row, field, std::stod(values[each]));
+      else
+        DBFWriteStringAttribute(table_, row, field, values[each].c_str());
+    }
     SHPDestroyObject(shape);
   }
 

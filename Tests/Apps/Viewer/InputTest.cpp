@@ -115,7 +115,7 @@ TEST_F(InputTest, TextComesInWhileTheSearchFieldIsOpenAndShortcutsWhileItIsNot) 
   Input keys(stage.viewer, *surface, [] { return 0.0; });
   EXPECT_FALSE(SDL_IsTextInputActive());
   stage.untilShown();
-  SearchPanel& search = stage.viewer.venueView()->searchPanel();
+  SearchPanel& search = *stage.viewer.venueView()->panels().search;
   press(SDLK_SLASH);
   press(SDLK_d);  // before the text input has started
   keys.take(/*wait=*/true);

@@ -31,7 +31,7 @@ TEST(PlaceCard, IsNoHigherThanThereIsRoom) {
   const std::string text(1000, 'a');
   const auto place = Location::make(*RawData::parse(fmt::format(
       R"({{"id": "l", "name": "Place", "type": "shop", "description": "{}"}})", text + " b")));
-  PlaceCard card;
+  PlaceCard card{guidance::InterfaceTexts()};
   card.show(*place);
   card.setPicture(graphics::Image::make(200, 100, std::vector<std::uint8_t>(80'000, 255)),
                   PictureMode::fill);
@@ -42,7 +42,7 @@ TEST(PlaceCard, IsNoHigherThanThereIsRoom) {
 }
 
 TEST(KeyHelp, IsNoHigherThanTheWindow) {
-  KeyHelp help;
+  KeyHelp help{guidance::InterfaceTexts()};
   for (const double height : {300.0, 400.0, 800.0})
     EXPECT_LE(help.arrange({2000, height}).height, height - 2 * theme::margin);
 }

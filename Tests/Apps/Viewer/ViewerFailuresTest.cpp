@@ -129,13 +129,13 @@ TEST_F(ViewerFailuresTest, WhatIsClosedIsMarkedAndAvoided) {
   EXPECT_GT(test::countPixels(*stage.picture(), theme::warning), 20);
   for (const auto& place : {cafe, stage.place("loft")}) {
     view.select(place);
-    EXPECT_EQ(view.placeCard().saysClosed(), place == cafe);
+    EXPECT_EQ(view.panels().card->saysClosed(), place == cafe);
   }
   stage.untilPlanned("loft", "cafe");
-  EXPECT_THAT(view.routePanel().summary(), HasSubstr("is closed"));
-  view.routePanel().profileChosen(1);  // asks again
-  stage.until([&] { return !view.isClosed(*cafe) && !view.isPlanning(); });
-  EXPECT_EQ(view.routePanel().summary(), "There is no route to Cafe.");
+  EXPECT_THAT(view.panels().route->summary(), HasSubstr("is closed"));
+  view.panels().route->profileChosen(1);  // asks again
+  stage.until([&] { return !view.isClosed(*cafe) && !view.session().isPlanning(); });
+  EXPECT_EQ(view.panels().route->summary(), "There is no route to Cafe.");
 }
 
 TEST(VenueSource, UsesTheTransportAndTheMemoryLimitOfItsSettings) {
@@ -150,7 +150,7 @@ TEST(VenueSource, UsesTheTransportAndTheMemoryLimitOfItsSettings) {
     ApiSettings settings = test::settingsFor("http://memory.invalid/");
     settings.transport = std::make_shared<Memory>();
     settings.loadBytes = limit;
-    VenueSource source(settings);
+    VenueSource source(settings, "en", guidance::InterfaceTexts());
     std::string ending;
     source.fetchVenues({{}, [&](const Problem& problem) { ending = problem.detail; }},
                        [&](const VenueSource::Venues& venues) { ending = *venues.front()->name; });

@@ -42,9 +42,11 @@ inline ApiSettings settingsFor(const std::string& endpoint) {
 class ViewerStage {
  public:
   explicit ViewerStage(const std::string& endpoint, std::optional<std::string> slug,
-                       graphics::Size shownSize = {1280, 800})
+                       graphics::Size shownSize = {1280, 800}, const std::string& language = "en",
+                       bool walksAtOnce = false)
       : size(shownSize),
-        viewer({settingsFor(endpoint), std::move(slug), {"en", [] { return noon; }}}) {
+        viewer(
+            {settingsFor(endpoint), std::move(slug), language, [] { return noon; }, walksAtOnce}) {
     viewer.resize(size, 1);
   }
 
@@ -108,10 +110,10 @@ class ViewerStage {
   viewer::VenueView& untilPlanned(const std::string& from, const std::string& to) {
     viewer::VenueView& view = *viewer.venueView();
     view.select(place(from));
-    view.placeCard().fromHere();
+    view.panels().card->fromHere();
     view.select(place(to));
-    view.placeCard().toHere();
-    until([&] { return !view.isPlanning(); });
+    view.panels().card->toHere();
+    until([&] { return !view.session().isPlanning(); });
     settle();
     return view;
   }

@@ -40,13 +40,13 @@ TEST_F(ViewerTest, ATapOnAShopShowsItsCardAndATapBesideItPutsItAway) {
   const auto kindling = stage.place("kindling");
   stage.tap(on(view, *kindling));
   EXPECT_EQ(view.selected(), kindling);
-  EXPECT_FALSE(view.placeCard().isHidden());
+  EXPECT_FALSE(view.panels().card->isHidden());
   for (int frame = 0; frame < 2; ++frame) stage.picture();
   EXPECT_FALSE(stage.viewer.isMoving() || stage.viewer.root()->needsFrame())
       << "nothing is drawn when nothing moves";
   stage.tap({640, 780});
   EXPECT_EQ(view.selected(), nullptr);
-  EXPECT_TRUE(view.placeCard().isHidden());
+  EXPECT_TRUE(view.panels().card->isHidden());
 }
 
 TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
@@ -54,24 +54,24 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     test::ViewerStage stage(server->root(), "astrolabe-court", size);
     VenueView& view = stage.untilShown();
     EXPECT_EQ(view.mapView().currentMap()->shortName, "G");
-    stage.tap(view.searchPanel().field());
+    stage.tap(view.panels().search->field());
     stage.type("dosa dinamo");
     stage.viewer.keyPressed({Key::enter});
     stage.until([&] { return view.selected() == stage.place("dosa-dynamo"); });
     stage.until([&] { return view.mapView().currentMap()->shortName == "2"; });
     stage.settle();
 
-    view.placeCard().toHere();
-    EXPECT_FALSE(view.route());
+    view.panels().card->toHere();
+    EXPECT_FALSE(view.session().route());
     stage.viewer.keyPressed({Key::pageDown});
     stage.viewer.keyPressed({Key::pageDown});
     EXPECT_EQ(view.mapView().currentMap()->shortName, "G");
     view.camera().fit();
     stage.tap(on(view, *stage.place("kindling")));
-    stage.until([&] { return view.route() != nullptr; });
+    stage.until([&] { return view.session().route() != nullptr; });
     stage.settle();
-    EXPECT_EQ(view.route()->from(), stage.place("kindling"));
-    EXPECT_EQ(view.route()->floors.size(), 2U);
+    EXPECT_EQ(view.session().route()->from(), stage.place("kindling"));
+    EXPECT_EQ(view.session().route()->floors.size(), 2U);
     EXPECT_TRUE(stage.viewer.isMoving()) << "its arrows do";
     stage.viewer.keyPressed({Key::pageUp});
     EXPECT_EQ(view.mapView().currentMap()->shortName, "1");
@@ -79,15 +79,15 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     stage.viewer.keyPressed({Key::pageDown});
     EXPECT_GT(test::countPixels(*stage.picture(), markColors::start), 100) << "the start";
 
-    view.routePanel().stepChosen(view.route()->steps.size() - 1);
+    view.panels().route->stepChosen(view.session().route()->steps.size() - 1);
     stage.settle();
     EXPECT_EQ(view.mapView().currentMap()->shortName, "2");
     view.polygonSelected(stage.place("dosa-dynamo")->polygons.front());
-    EXPECT_FALSE(view.placeCard().isHidden()) << "also while there is a route";
+    EXPECT_FALSE(view.panels().card->isHidden()) << "also while there is a route";
     stage.viewer.keyPressed({Key::escape});
-    EXPECT_TRUE(view.route() && !view.routePanel().isHidden());
+    EXPECT_TRUE(view.session().route() && !view.panels().route->isHidden());
     stage.viewer.keyPressed({Key::escape});
-    EXPECT_FALSE(view.route());
+    EXPECT_FALSE(view.session().route());
     EXPECT_FALSE(view.mapView().currentPath);
   }
 }
@@ -96,60 +96,82 @@ TEST_F(ViewerTest, RoutesFollowTheProfileTheChoiceAndTheStops) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
   stage.untilShown();
   VenueView& view = stage.untilPlanned("tamarisk-row", "dosa-dynamo");
-  RoutePanel& panel = view.routePanel();
+  RoutePanel& panel = *view.panels().route;
   const auto usesStairs = [&] {
-    const auto& legs = view.route()->itinerary.legs;
+    const auto& legs = view.session().route()->itinerary.legs;
     return std::any_of(legs.begin(), legs.end(), [](const guidance::Leg& leg) {
       return leg.connectorKind == guidance::ConnectorKind::stairs;
     });
   };
   for (const std::size_t profile : {0U, 1U}) {
     stage.tap(*panel.profiles().cell(profile));
-    stage.until([&] { return view.route() != nullptr; });
+    stage.until([&] { return view.session().route() != nullptr; });
     EXPECT_EQ(usesStairs(), profile == 0);
-    EXPECT_EQ(panel.summary(), view.route()->summary);
-    EXPECT_TRUE(panel.arrival().starts_with("Arrival 12:0")) << panel.arrival();
+    EXPECT_EQ(panel.summary(), view.session().route()->summary);
+    EXPECT_TRUE(panel.remark().starts_with("Arrival 12:0")) << panel.remark();
   }
   ASSERT_GT(panel.routes().size(), 1U);
-  const NodeList first = view.route()->path;
+  const NodeList first = view.session().route()->path;
   stage.tap(*panel.routes().cell(1));
-  EXPECT_NE(view.route()->path, first);
+  EXPECT_NE(view.session().route()->path, first);
 
   view.select(stage.place("kindling"));
-  view.placeCard().stopAdded();
-  stage.until([&] { return view.route() != nullptr; });
-  EXPECT_EQ(view.route()->itinerary.visits[1].location, stage.place("kindling"));
-  panel.stopRemoved(0);
-  stage.until([&] { return view.route() != nullptr; });
-  EXPECT_EQ(view.route()->path, first);
-  panel.swapped();
-  stage.until([&] { return view.route() != nullptr; });
-  EXPECT_EQ(view.route()->to(), stage.place("tamarisk-row"));
+  view.panels().card->stopAdded();
+  stage.until([&] { return view.session().route() != nullptr; });
+  EXPECT_EQ(view.session().route()->itinerary.visits[1].location, stage.place("kindling"));
+  panel.stops().removed(0);
+  stage.until([&] { return view.session().route() != nullptr; });
+  EXPECT_EQ(view.session().route()->path, first);
+  panel.stops().swapped();
+  stage.until([&] { return view.session().route() != nullptr; });
+  EXPECT_EQ(view.session().route()->to(), stage.place("tamarisk-row"));
 
-  panel.toTapped();
-  view.searchPanel().chosen(stage.place("dosa-dynamo"));
-  stage.until([&] { return view.route() != nullptr; });
+  panel.stops().chosen(RouteEnd::destination);
+  view.panels().search->chosen(stage.place("dosa-dynamo"));
+  stage.until([&] { return view.session().route() != nullptr; });
   EXPECT_EQ(panel.summary(), "You are already there");
 }
 
 TEST_F(ViewerTest, LeadsToTheNearestPlaceOfACategory) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
   VenueView& view = stage.untilShown();
-  stage.tap(view.searchPanel().field());
+  stage.tap(view.panels().search->field());
   stage.type("toil");
   stage.viewer.keyPressed({Key::enter});
-  stage.until([&] { return !view.routePanel().isHidden(); });
-  EXPECT_FALSE(view.route() || view.isPlanning()) << "there is no start yet";
+  stage.until([&] { return !view.panels().route->isHidden(); });
+  EXPECT_FALSE(view.session().route() || view.session().isPlanning()) << "there is no start yet";
   stage.tap(on(view, *stage.place("kindling")));
-  stage.until([&] { return view.route() != nullptr; });
-  EXPECT_EQ(view.route()->from(), stage.place("kindling"));
-  EXPECT_EQ(view.route()->to()->categories.front()->id, "cat-toilets");
+  stage.until([&] { return view.session().route() != nullptr; });
+  EXPECT_EQ(view.session().route()->from(), stage.place("kindling"));
+  EXPECT_EQ(view.session().route()->to()->categories.front()->id, "cat-toilets");
 
   view.select(stage.place("dosa-dynamo"));
-  view.placeCard().nearestChosen(0);
-  stage.until([&] { return view.route() != nullptr; });
-  EXPECT_EQ(view.route()->from(), stage.place("dosa-dynamo"));
-  EXPECT_EQ(view.route()->to(), stage.place("toilets-l2"));
+  view.panels().card->nearestChosen(0);
+  stage.until([&] { return view.session().route() != nullptr; });
+  EXPECT_EQ(view.session().route()->from(), stage.place("dosa-dynamo"));
+  EXPECT_EQ(view.session().route()->to(), stage.place("toilets-l2"));
+
+  view.select(stage.place("dosa-dynamo"));
+  view.panels().card->nearestChosen(2);
+  stage.until([&] { return view.session().route() != nullptr; });
+  EXPECT_EQ(view.session().route()->to()->type, "elevator");
+}
+
+TEST_F(ViewerTest, SpeaksTheChosenLanguageInItsDirection) {
+  for (const bool isRightToLeft : {false, true}) {
+    test::ViewerStage stage(server->root(), "astrolabe-court", {1280, 800},
+                            isRightToLeft ? "ar" : "de, en;q=0.5");
+    stage.untilShown();
+    VenueView& view = stage.untilPlanned("tamarisk-row", "dosa-dynamo");
+    const RoutePanel& panel = *view.panels().route;
+    stage.picture();  // places the parts of rows
+    EXPECT_EQ(panel.frame().minX() > 640, isRightToLeft);
+    EXPECT_EQ(view.panels().floors->frame().minX() < 640, isRightToLeft);
+    const auto row = panel.steps().list().inSight().at(0);
+    const graphics::Rect icon = row->subviews()[3]->frame();
+    EXPECT_EQ(icon.minX() > row->bounds().size.width / 2, isRightToLeft);
+    EXPECT_TRUE(panel.remark().starts_with(isRightToLeft ? "الوصول 12:0" : "Ankunft 12:0"));
+  }
 }
 
 TEST_F(ViewerTest, StepsShowTheirPartOfTheRouteAndTheAttributionStays) {
@@ -162,7 +184,7 @@ TEST_F(ViewerTest, StepsShowTheirPartOfTheRouteAndTheAttributionStays) {
   for (const graphics::Size size : {graphics::Size{1280, 800}, {390, 844}}) {
     test::ViewerStage stage(visits.root(), "visits", size);
     VenueView& view = stage.untilShown();
-    AttributionLine& line = view.attribution();
+    AttributionLine& line = *view.panels().attribution;
     EXPECT_EQ(line.text(), credit + " · CC0");
     const double closed = line.frame().size.height;
     stage.tap(line);
@@ -172,14 +194,14 @@ TEST_F(ViewerTest, StepsShowTheirPartOfTheRouteAndTheAttributionStays) {
     EXPECT_EQ(line.frame().size.height, closed);
 
     stage.untilPlanned("bakery", "museum");
-    ASSERT_TRUE(view.route());
+    ASSERT_TRUE(view.session().route());
     EXPECT_NEAR(view.camera().pose().x, 50, 100) << "the first visit";
     const std::pair<const char*, double> expected[] = {{"G", 50},  {"G", 100}, {"U", 250},
                                                        {"U", 400}, {"G", 450}, {"G", 500}};
-    ASSERT_EQ(view.route()->steps.size(), std::size(expected));
+    ASSERT_EQ(view.session().route()->steps.size(), std::size(expected));
     for (std::size_t i = 0; i < std::size(expected); ++i) {
-      view.routePanel().stepChosen(i);
-      EXPECT_EQ(view.routePanel().steps().current(), i);
+      view.panels().route->stepChosen(i);
+      EXPECT_EQ(view.panels().route->steps().current(), i);
       stage.until([&] { return view.mapView().currentMap()->shortName == expected[i].first; });
       stage.settle();
       const auto middle =
@@ -187,17 +209,17 @@ TEST_F(ViewerTest, StepsShowTheirPartOfTheRouteAndTheAttributionStays) {
       ASSERT_TRUE(middle) << i;
       EXPECT_NEAR(middle->x, size.width / 2, size.width / 4) << i;
       EXPECT_LE(line.frame().maxY(),
-                view.routePanel().frame().minY() + (size.width > 700 ? size.height : 0));
+                view.panels().route->frame().minY() + (size.width > 700 ? size.height : 0));
     }
-    stage.tap(view.searchPanel().field());
+    stage.tap(view.panels().search->field());
     EXPECT_FALSE(line.isHidden());
     stage.viewer.keyPressed({Key::escape});
-    view.routePanel().profileChosen(1);
-    stage.until([&] { return !view.isPlanning(); });
-    EXPECT_FALSE(view.route());
-    EXPECT_TRUE(view.routePanel().summary().starts_with("There is no route to Museum without"));
-    stage.tap(view.routePanel().offer());
-    stage.until([&] { return view.route() != nullptr; });
+    view.panels().route->profileChosen(1);
+    stage.until([&] { return !view.session().isPlanning(); });
+    EXPECT_FALSE(view.session().route());
+    EXPECT_TRUE(view.panels().route->summary().starts_with("There is no route to Museum without"));
+    stage.tap(view.panels().route->offer());
+    stage.until([&] { return view.session().route() != nullptr; });
   }
 }
 
@@ -207,13 +229,19 @@ TEST_F(ViewerTest, WalksAlongTheRoute) {
   server::ServerOptions options;
   options.folders = {folder.path()};
   const server::VenueServer visits(options);
-  test::ViewerStage stage(visits.root(), "visits");
+  test::ViewerStage stage(visits.root(), "visits", {1280, 800}, "en", /*walksAtOnce=*/true);
   VenueView& view = stage.untilShown();
   stage.until([&] { return view.venue()->maps->back()->mapObject != nullptr; });
   stage.type("w");
   EXPECT_FALSE(view.walker()) << "there is no route";
   stage.untilPlanned("bakery", "museum");
-  stage.type("w");
+  ASSERT_TRUE(view.walker()) << "starts by itself";
+  for (const bool isPaused : {true, false}) {
+    stage.tap(view.panels().route->walkButton());
+    const auto before = view.walker()->position();
+    stage.viewer.advance(stage.time += 0.5);
+    EXPECT_EQ(view.walker()->position() == before, isPaused);
+  }
   std::vector<std::string> floors;
   std::vector<std::size_t> steps;
   while (!view.walker()->isDone()) {
@@ -224,16 +252,16 @@ TEST_F(ViewerTest, WalksAlongTheRoute) {
     if (const auto& floor = view.walker()->floor()->shortName;
         floors.empty() || floors.back() != floor)
       floors.push_back(floor);
-    if (const auto step = view.routePanel().steps().current().value();
+    if (const auto step = view.panels().route->steps().current().value();
         steps.empty() || steps.back() != step)
       steps.push_back(step);
   }
   EXPECT_EQ(floors, (std::vector<std::string>{"G", "U", "G"}));
   EXPECT_EQ(steps, (std::vector<std::size_t>{0, 1, 2, 3, 4, 5}));
-  EXPECT_EQ(view.routePanel().arrival(), "You are there");
+  EXPECT_EQ(view.panels().route->remark(), "You are there");
   EXPECT_FALSE(view.isMoving() && !view.mapView().isAnimating());
   stage.viewer.keyPressed({Key::escape});
-  EXPECT_TRUE(!view.walker() && view.route());
+  EXPECT_TRUE(!view.walker() && view.session().route());
 }
 
 TEST_F(ViewerTest, ThePointerDragsTiltsAndComesCloserToWhatIsUnderIt) {
@@ -324,7 +352,7 @@ TEST_F(ViewerTest, GoesBackToTheListAtAnyMomentAndLetsGoOfTheVenue) {
     const std::weak_ptr<Venue> venue = viewer.venueView()->venue();
     EXPECT_EQ(venue.lock()->slug, whenShown ? "second" : "first");
     if (whenShown)
-      stage.tap(viewer.venueView()->backButton());
+      stage.tap(*viewer.venueView()->panels().back);
     else
       viewer.keyPressed({Key::escape});
     EXPECT_FALSE(viewer.venueList().isHidden() || viewer.isMoving());

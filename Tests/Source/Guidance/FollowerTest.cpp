@@ -135,18 +135,18 @@ TEST_F(FollowerTest, APositionOnTheRouteIsNeverOffIt) {
 TEST_F(FollowerTest, ASimulatedTravelerTakesTheExpectedTime) {
   Itinerary itinerary = follow({"a", "b", "c", "d", "e", "f", "h1"}).itinerary();
   itinerary.legs[0].nodes[0]->z = 4;
-  itinerary.legs[0].seconds = 100;  // for 100 m
+  itinerary.legs[0].seconds = 240;  // for 120 m
   itinerary.legs[1].seconds = 20;   // the lift
   itinerary.legs[2].seconds = nan;
   const SimulatedWalk walk(itinerary);
-  EXPECT_EQ(walk.seconds(), 120.0);
+  EXPECT_EQ(walk.seconds(), 260.0);
   const struct {
     double seconds;
     const char* map;
     double x, y, z;
-  } cases[] = {{nan, "g", 0, 0, 4},    {-1, "g", 0, 0, 4},      {30, "g", 30, 0, 1},
-               {50, "g", 40, 10, 0},   {110, "g", 20, -20, 0},  {119.9, "g", 20, -20, 0},
-               {120, "h", 30, -20, 0}, {1e300, "h", 30, -20, 0}};
+  } cases[] = {{nan, "g", 0, 0, 4},    {-1, "g", 0, 0, 4},      {60, "g", 30, 0, 1},
+               {100, "g", 40, 10, 0},  {250, "g", 20, -20, 0},  {259.9, "g", 20, -20, 0},
+               {260, "h", 30, -20, 0}, {1e300, "h", 30, -20, 0}};
   for (const auto& each : cases) {
     const SimulatedWalk::Point point = walk.at(each.seconds);
     EXPECT_EQ(*point.position.map->id, each.map) << each.seconds;

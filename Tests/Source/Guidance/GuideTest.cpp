@@ -389,6 +389,10 @@ TEST_F(GuideTest, OrdersManyStops) {
     const Plan plan = guide_->plan(request);
     ASSERT_FALSE(plan.problem) << oneWay;
     EXPECT_EQ(plan.itineraries.front().meters(), 10.0);
+    const Position near{floor("g"), 19.2, 0};
+    const Position far{floor("g"), 19.8, 0};
+    EXPECT_TRUE(guide_->leadToAny({near}, {far})[0]);
+    EXPECT_EQ(guide_->leadToAny({far}, {near})[0], !oneWay);
   }
 }
 

@@ -242,7 +242,7 @@ TEST_F(NarratorTest, UsesEveryMessage) {
     for (const char* place : {"", "X"})
       all += keys->text(Problem{static_cast<Problem::Kind>(kind), 0}, place);
   for (const auto& [key, forms] : english->catalog.messages())
-    EXPECT_THAT(all, HasSubstr("<" + key + ">"));
+    if (!key.starts_with("interface.")) EXPECT_THAT(all, HasSubstr("<" + key + ">"));
 }
 
 TEST_F(NarratorTest, EachLanguageIsComplete) {

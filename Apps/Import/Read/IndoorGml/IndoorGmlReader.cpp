@@ -90,6 +90,10 @@ Building readIndoorGml(const std::vector<SourceFile>& files, const Options& opti
                               storeys.all().size()),
                   "The storeys are numbered from the ground floor.",
                   "Write storey=\"1\" into the descriptions of the cells.");
+  if (!options.building.empty())
+    import.report(Severity::warning, "building-ignored", {},
+                  "An IndoorGML document does not tell buildings apart.", "Everything is imported.",
+                  "Leave out --building.");
   addStoreys(storeys, scale, building);
   decideGmlKinds(import);
   readGmlAreas(import);

@@ -7,6 +7,7 @@
 #include "Apps/Import/Levels.hpp"
 #include "Apps/Import/Read/Osm/OsmConversion.hpp"
 #include "Apps/Import/Read/Osm/OsmLanguage.hpp"
+#include "Apps/Import/Read/Osm/OsmLevels.hpp"
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
 #include "Apps/Import/Read/Osm/OsmReading.hpp"
 #include "Apps/Import/Read/Osm/OsmSelection.hpp"

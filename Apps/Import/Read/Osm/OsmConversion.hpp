@@ -9,8 +9,8 @@
 #include "Apps/Import/Findings.hpp"
 #include "Apps/Import/Options.hpp"
 #include "Apps/Import/Projection.hpp"
-#include "Apps/Import/Read/Osm/OsmLevels.hpp"
 #include "Apps/Import/Read/Osm/OsmThing.hpp"
+#include "Apps/Import/Read/Osm/OsmTouching.hpp"
 
 namespace orivanta::importer {
 

@@ -5,10 +5,11 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <numbers>
+#include <set>
 
 #include "Apps/Import/Levels.hpp"
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
+#include "Apps/Import/Read/Osm/OsmTouching.hpp"
 
 namespace orivanta::importer {
 
@@ -28,20 +29,6 @@ std::vector<LevelList> repeated(const LevelList& own, const LevelList& repetitio
     if (std::find(lists.begin(), lists.end(), list) == lists.end()) lists.push_back(list);
   }
   return lists;
-}
-
-// Whether a line turns by less than 30 degrees at the middle one of three positions.
-bool isStraight(OsmPosition before, OsmPosition at, OsmPosition after) {
-  const double narrowing = std::cos(at.latitude * 1e-7 * std::numbers::pi / 180.0);
-  const auto toward = [&](OsmPosition from, OsmPosition to) {
-    return Point{(static_cast<double>(to.longitude) - from.longitude) * narrowing,
-                 static_cast<double>(to.latitude) - from.latitude};
-  };
-  const Point arriving = toward(before, at);
-  const Point leaving = toward(at, after);
-  constexpr double cosine = 0.866;
-  return package::dot(arriving, leaving) >
-         cosine * package::length(arriving) * package::length(leaving);
 }
 
 class LevelFinder {
@@ -171,11 +158,16 @@ class LevelFinder {
       bool areCorners = true;
     };
     std::map<double, Areas> levels;
+    std::set<double> ofLines;
     bool areJoined = false;
     bool areCorners = true;
     touching.forEachAt(thing.points[0], [&](const OsmThing& other, bool isStraight) {
-      if (other.isNode() || (isDoor(tags) && !other.isArea())) return;
+      if (other.isNode()) return;
       for (const LevelList& list : other.levels) {
+        if (isDoor(tags) && other.isLine()) {
+          ofLines.insert(list.begin(), list.end());
+          continue;
+        }
         for (const double level : list) {
           Areas& areas = levels[level];
           areJoined |= ++areas.number > 1;
@@ -187,6 +179,8 @@ class LevelFinder {
     for (const auto& [level, areas] : levels)
       if (isElevator(tags) || ((!areJoined || areas.number > 1) && areas.areCorners == areCorners))
         thing.levels.push_back({level});
+    if (levels.empty())
+      for (const double level : ofLines) thing.levels.push_back({level});
     if (thing.levels.empty() && (thing.building != 0 || isIndoors(tags)) &&
         (tags.has("entrance") || (isDestination(tags) && !isDoor(tags))))
       thing.levels = {{0.0}};
@@ -247,36 +241,6 @@ class LevelFinder {
 };
 
 }  // namespace
-
-OsmTouching::OsmTouching(const std::vector<OsmThing>& things) : things_(things) {
-  for (std::size_t i = 0; i < things.size(); ++i) {
-    if (isBuilding(*things[i].tags)) continue;
-    for (const OsmPosition position : things[i].points) corners_.push_back({position, i, false});
-    for (const OsmPolygon& polygon : things[i].polygons) {
-      addRing(polygon.outer, i);
-      for (const OsmRing& hole : polygon.holes) addRing(hole, i);
-    }
-  }
-  std::sort(corners_.begin(), corners_.end());
-  corners_.erase(std::unique(corners_.begin(), corners_.end()), corners_.end());
-}
-
-void OsmTouching::addRing(const OsmRing& ring, std::size_t thing) {
-  // The first position is also the last.
-  for (std::size_t i = 0; i + 1 < ring.size(); ++i) {
-    const OsmPosition before = i == 0 ? ring[ring.size() - 2] : ring[i - 1];
-    corners_.push_back({ring[i], thing, isStraight(before, ring[i], ring[i + 1])});
-  }
-}
-
-std::set<double> OsmTouching::levelsAt(OsmPosition position) const {
-  std::set<double> levels;
-  forEachAt(position, [&](const OsmThing& thing, bool) {
-    for (const std::vector<double>& list : thing.levels)
-      if (list.size() == 1) levels.insert(list[0]);
-  });
-  return levels;
-}
 
 void arrangeLevels(std::vector<OsmThing>& things, const std::vector<std::size_t>& buildings,
                    const std::string& file, Findings& findings) {

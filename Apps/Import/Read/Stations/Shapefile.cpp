@@ -123,6 +123,14 @@ GeoGeometry geometryOf(const SHPObject& shape) {
   return geometry;
 }
 
+// Codes may be written as 4.000.
+std::string_view withoutZeros(std::string_view number) {
+  if (number.find('.') == number.npos || number.find_first_of("eE") != number.npos) return number;
+  number = number.substr(0, number.find_last_not_of('0') + 1);
+  if (number.ends_with('.')) number.remove_suffix(1);
+  return number;
+}
+
 class Reader {
  public:
   Reader(const Shapefile& file, const Limits& limits, std::size_t& vertices, Findings& findings)
@@ -184,16 +192,18 @@ class Reader {
   void readFields(DBFInfo& table) {
     const int columns = DBFGetFieldCount(&table);
     std::vector<std::string> names;
+    std::vector<bool> numeric;
     for (int column = 0; column < columns; ++column) {
       char name[XBASE_FLDNAME_LEN_READ + 1] = {};
-      DBFGetFieldInfo(&table, column, name, nullptr, nullptr);
+      numeric.push_back(DBFGetFieldInfo(&table, column, name, nullptr, nullptr) == FTDouble);
       names.push_back(lowerCase(trimmed(name)));
     }
     const int rows = std::min(DBFGetRecordCount(&table), static_cast<int>(features_.size()));
     for (int row = 0; row < rows; ++row)
       for (int column = 0; column < columns; ++column) {
         const char* text = DBFReadStringAttribute(&table, row, column);
-        const std::string_view value = text == nullptr ? "" : trimmed(text);
+        std::string_view value = text == nullptr ? "" : trimmed(text);
+        if (numeric[static_cast<std::size_t>(column)]) value = withoutZeros(value);
         if (!value.empty())
           features_[static_cast<std::size_t>(row)].fields.emplace_back(
               names[static_cast<std::size_t>(column)], value);

@@ -49,6 +49,8 @@ std::optional<double> ordinalOf(const std::string& text) {
       level.find_first_not_of("0123456789.") != std::string::npos)
     return std::nullopt;
   const std::optional<double> number = numberIn(level);
+  constexpr double mostStoreys = 200.0;  // larger numbers are years
+  if (number && *number > mostStoreys) return std::nullopt;
   return number && below ? -*number : number;
 }
 

@@ -160,6 +160,10 @@ Building readStations(const std::vector<SourceFile>& files, const Options& optio
            "The coordinates are meters, and the bounds are degrees.", "Everything is imported.",
            "Convert the files with ogr2ogr -t_srs EPSG:4326.");
   }
+  if (!options.building.empty())
+    report(findings, Severity::warning, "building-ignored", layers.front().file,
+           "A station network does not tell buildings apart.", "Everything is imported.",
+           "Leave out --building, or name only the files of the building.");
   Building building;
   building.id = layers.front().area;
   building.names = {layers.front().area, {}, true};

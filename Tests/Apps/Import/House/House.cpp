@@ -34,8 +34,8 @@ std::vector<Room> rooms() {
       {"lab", "room", "Laboratory", "Labor", 1, southEast, {{24, 6}}},
       {"101", "classroom", "101", "", 1, northWest, {{12, 18}}},
       {"102", "classroom", "102", "", 1, northEast, {{24, 18}}},
-      {"gallery", "room", "Gallery", "Galerie", 2, box(6, 0, 24, 6), {{12, 6}, {20, 6}}},
-      {"kitchen", "room", "Kitchen", "Küche", 2, box(24, 0, 30, 6), {{27, 6}}},
+      {"gallery", "room", "Gallery", "Galerie", 2, box(6, 0, 22, 6), {{12, 6}, {20, 6}}},
+      {"kitchen", "room", "Kitchen", "Küche", 2, box(22, 0, 30, 6), {{27, 6}}},
       {"studio", "room", "Studio", "Atelier", 2, northWest, {{12, 18}}},
       // A room behind another one.
       {"archive", "room", "Archive", "Archiv", 2, northEast, {{18, 21}}},

@@ -241,9 +241,12 @@ TEST(StepBuilder, TellsTheTurnsOfDrawnWalks) {
       {"0,0 A@9,0 A+12,0 A@20,0 B@20,0 B+25,0 B@30,0 60,0", "depart through A through B, arrive"},
       {"0,0 A@9,0 A+12,0 A@20,0 A+25,0 A@30,0 60,0", "depart through A, arrive"},
       {"0,0 stairs:9,0 A@10,0 A+10.5,0 A@11,0", "depart, ride, leave through A, arrive"},
-      {"0,0 A@9,0 A@20,0 60,0", "depart, arrive"},         // along its doors
-      {"0,0 A@9,0 A+12,0 20,0 A@30,0", "depart, arrive"},  // not inside all the way
-      {"From+0,0 From@9,0 From+12,0 From@20,0 60,0", "depart, arrive"},
+      {"0,0 A@9,0 12,0 A+15,0 20,0 A@30,0", "depart through A, arrive"},
+      {"0,0 A@9,0 A+12,0 B@20,0 B+25,0 B@30,0 60,0", "depart through A through B, arrive"},
+      {"0,0 A@9,0 A+12,0 20,0 To@30,0 To+31,0", "depart, arrive ahead"},  // A is open
+      {"0,0 A@9,0 A@20,0 60,0", "depart, arrive"},                        // along its doors
+      {"0,0 B@9,0 A+12,0 C@20,0 60,0", "depart, arrive", "A@12,9~2"},     // no door of its own
+      {"0,0 From@9,0 From+12,0 From@20,0 60,0", "depart, arrive"},
       {"0,0 To@9,0 To+12,0 To@20,0 To+25,0", "depart, arrive ahead"},
       {"0,0 ?1@9,0 ?1+12,0 ?1@20,0 60,0", "depart, arrive"}};
   for (const auto& test : cases)

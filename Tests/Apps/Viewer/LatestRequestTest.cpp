@@ -1,8 +1,8 @@
-#include "Apps/Viewer/BackgroundSearch.hpp"
+#include "Apps/Viewer/LatestRequest.hpp"
 
 #include <gtest/gtest.h>
 
-#include "Platform/Foundation/MainQueue.hpp"
+#include "Apps/Viewer/SearchWorker.hpp"
 #include "Source/Location.hpp"
 #include "Source/Node.hpp"
 
@@ -16,27 +16,29 @@ std::shared_ptr<Location> place(const std::string& name) {
   return location;
 }
 
-void untilFound(const BackgroundSearch& search) {
+using Search = LatestRequest<SearchWorker>;
+
+void untilFound(const Search& search) {
   while (search.isBusy()) {
     foundation::mainQueue::wait(10);
     foundation::mainQueue::drain();
   }
 }
 
-TEST(BackgroundSearch, AnswersTheLastSearchAndNobodyWhoHasLeft) {
+TEST(LatestRequest, AnswersTheLastSearchAndNobodyWhoHasLeft) {
   std::vector<std::string> answers;
   const auto tell = [&](const std::vector<PlaceGroup>& groups) {
     for (const PlaceGroup& group : groups)
       for (const auto& found : group.places) answers.push_back(*found->id);
   };
-  BackgroundSearch search({place("Bakery"), place("Books")}, tell);
+  Search search(SearchWorker({place("Bakery"), place("Books")}), tell);
   search.start("boo");
   search.start("bak");
   EXPECT_TRUE(search.isBusy());
   untilFound(search);
   EXPECT_EQ(answers, std::vector<std::string>{"Bakery"});
   {
-    BackgroundSearch leaving({place("Bank")}, tell);
+    Search leaving(SearchWorker({place("Bank")}), tell);
     leaving.start("bank");
   }
   search.start("b");

@@ -1,0 +1,96 @@
+#include "Apps/Viewer/GuideWorker.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+#include <variant>
+
+#include "Source/Category.hpp"
+#include "Source/Guidance/FloorVisits.hpp"
+#include "Source/Location.hpp"
+#include "Source/Venue.hpp"
+#include "Source/Vortex.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+template <class List, class Element>
+bool contains(const List& list, const Element& element) {
+  return std::find(list.begin(), list.end(), element) != list.end();
+}
+
+std::vector<std::shared_ptr<Map>> floorsOf(const NodeList& path) {
+  std::vector<std::shared_ptr<Map>> floors;
+  for (const FloorVisit& visit : floorVisits(path))
+    if (!contains(floors, visit.floor)) floors.push_back(visit.floor);
+  return floors;
+}
+
+}  // namespace
+
+GuideWorker::GuideWorker(std::shared_ptr<Venue> venue, guidance::InterfaceTexts texts)
+    : venue_(std::move(venue)),
+      connectors_(*venue_->vortices),
+      texts_(std::move(texts)),
+      narrator_(texts_.language()) {}
+
+void GuideWorker::prepare(const foundation::CancellationToken& end) {
+  if (end.isCanceled() || !venue_) return;
+  guide_ = guidance::Guide::make(*venue_);
+  venue_ = nullptr;
+}
+
+guidance::Plan GuideWorker::search(const Request& request,
+                                   const foundation::CancellationToken& token) const {
+  if (!guide_) return {{}, guidance::Problem{}};
+  const auto* category = request.stops.size() == 2
+                             ? std::get_if<std::shared_ptr<Category>>(&request.stops[1])
+                             : nullptr;
+  if (category == nullptr) return guide_->plan(request, token);
+  return guide_->nearest(request.stops[0], *category, request.profile, request.closures, request.at,
+                         request.alternatives, token);
+}
+
+GuidedRoute GuideWorker::describe(guidance::Itinerary itinerary) const {
+  GuidedRoute route;
+  route.path = itinerary.path();
+  route.floors = floorsOf(route.path);
+  route.destination = itinerary.visits.back().location;
+  for (const auto& connector : connectors_)
+    if (!route.destination && contains(connector->nodes, route.path.back()))
+      route.destination = connector;
+  if (route.path.size() == 1) {
+    route.summary = texts_.text("interface.route.none");
+  } else {
+    route.steps = guide_->steps(itinerary);
+    route.texts = narrator_.texts(itinerary, route.steps);
+    route.summary = itinerary.hasScale
+                        ? narrator_.summary(itinerary)
+                        : texts_.text("interface.route.units",
+                                      {{"units", fmt::format("{:.0f}", itinerary.meters())}});
+  }
+  route.itinerary = std::move(itinerary);
+  return route;
+}
+
+GuidedPlan GuideWorker::answer(const Request& request,
+                               const foundation::CancellationToken& token) const {
+  auto found = search(request, token);
+  GuidedPlan plan;
+  plan.guide = guide_;
+  for (auto& itinerary : found.itineraries) {
+    if (token.isCanceled()) return plan;
+    plan.routes.push_back(describe(std::move(itinerary)));
+  }
+  plan.problem = found.problem;
+  if (plan.problem)
+    plan.problemText =
+        narrator_.text(*plan.problem, guide_ && plan.problem->stop < request.stops.size()
+                                          ? guide_->spokenName(request.stops[plan.problem->stop])
+                                          : "");
+  return plan;
+}
+
+}  // namespace orivanta::viewer

@@ -1,0 +1,57 @@
+#include "Apps/Viewer/NearestChoices.hpp"
+
+#include <algorithm>
+#include <memory>
+
+#include "Apps/Viewer/CategoryMatch.hpp"
+#include "Source/Category.hpp"
+#include "Source/Location.hpp"
+#include "Source/Venue.hpp"
+#include "Source/Vortex.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+bool isElevator(const Vortex& connector) {
+  return connector.type == "elevator" || connector.type == "lift";
+}
+
+// Returns the nodes of the elevators that are not closed.
+NodeList elevatorNodes(const Venue& venue, const guidance::Closures& closures) {
+  NodeList nodes;
+  for (const auto& connector : *venue.vortices)
+    if (isElevator(*connector) && !closures.contains(connector->id.value_or("")))
+      nodes.insert(nodes.end(), connector->nodes.begin(), connector->nodes.end());
+  return nodes;
+}
+
+}  // namespace
+
+NearestChoice nearestOf(const std::shared_ptr<Category>& category,
+                        const guidance::InterfaceTexts& texts) {
+  return {texts.text("interface.nearest", {{"category", texts.name(category->name.value_or(""))}}),
+          category};
+}
+
+std::vector<NearestChoice> nearestChoices(const Venue& venue, const Location& place,
+                                          const guidance::Closures& closures,
+                                          const guidance::InterfaceTexts& texts) {
+  std::vector<NearestChoice> choices;
+  const guidance::InterfaceTexts english("en");
+  const auto offer = [&](const char* titleKey, const char* namesKey) {
+    const auto& own = place.categories;
+    const auto category = categoryOfKind(
+        venue, {texts.text(namesKey), english.text(namesKey)});  // identifiers are in English
+    if (category && std::find(own.begin(), own.end(), category) == own.end())
+      choices.push_back({texts.text(titleKey), category});
+  };
+  offer("interface.nearest.toilet", "interface.names.toilet");
+  offer("interface.nearest.exit", "interface.names.exit");
+  NodeList elevators = elevatorNodes(venue, closures);
+  if (!elevators.empty())
+    choices.push_back({texts.text("interface.nearest.elevator"), std::move(elevators)});
+  return choices;
+}
+
+}  // namespace orivanta::viewer

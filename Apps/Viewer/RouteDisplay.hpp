@@ -1,0 +1,64 @@
+// A route on the map, with a mark for a position on it.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <utility>
+
+#include "Apps/Viewer/GuidedRoute.hpp"
+#include "Source/UI/Display/RouteOverlay.hpp"
+#include "Source/UI/MapView.hpp"
+
+namespace orivanta::viewer {
+
+/// Shows one route in a map view, and frames parts of it. The map view must show a floor before a
+/// route is shown. Main thread only.
+class RouteDisplay {
+ public:
+  explicit RouteDisplay(std::shared_ptr<MapView> mapView) : mapView_(std::move(mapView)) {}
+  RouteDisplay(const RouteDisplay&) = delete;
+  RouteDisplay& operator=(const RouteDisplay&) = delete;
+
+  /// Shows a route instead of the current one. Its start becomes the wanted part. `scale` is in
+  /// pixels per point.
+  void show(const GuidedRoute& route, const std::shared_ptr<Location>& from, double scale);
+
+  /// Draws the route again for another size or scale of the view, if there is one.
+  void redraw(double scale);
+
+  /// Removes the route and the mark.
+  void clear();
+  bool isShown() const { return overlay_ != nullptr; }
+
+  /// The floor of the wanted part of the route, for the caller to show. Null without a route.
+  std::shared_ptr<Map> wantedFloor() const;
+
+  /// Frames the wanted part of the route, or else the first part on the current floor.
+  void frame();
+
+  /// Marks where an instruction begins, which becomes the wanted part.
+  void markStep(const GuidedRoute& route, std::size_t index, double scale);
+
+  /// Frames the walk from an instruction to the next one, if its floor is shown.
+  void frameStep(const GuidedRoute& route, std::size_t index);
+
+  /// Puts the mark at a position in the scene of a floor.
+  void markPosition(const std::shared_ptr<Map>& floor, graphics::Vector3 position, double scale);
+  void removeMark();
+
+  /// Adapts to the current floor. Call it after a floor change.
+  void floorShown();
+
+  /// Call before each frame.
+  void arrange();
+
+ private:
+  std::shared_ptr<MapView> mapView_;
+  std::unique_ptr<RouteOverlay> overlay_;  // null without a route
+  std::shared_ptr<Node> wanted_;           // in the wanted part
+  std::shared_ptr<MapViewMarker2D> mark_;  // null until needed
+  std::shared_ptr<Map> markFloor_;         // null if there is no position
+  bool isMarkShown_ = false;
+};
+
+}  // namespace orivanta::viewer

@@ -1,0 +1,103 @@
+// The stops of a route, and the routes that are planned between them.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "Apps/Viewer/GuideWorker.hpp"
+#include "Apps/Viewer/GuidedRoute.hpp"
+#include "Apps/Viewer/LatestRequest.hpp"
+#include "Apps/Viewer/NearestChoices.hpp"
+#include "Apps/Viewer/StopNames.hpp"
+#include "Source/Guidance/Closures.hpp"
+#include "Source/Guidance/LocalTime.hpp"
+
+namespace orivanta::viewer {
+
+/// Plans a route in the background when it has a start and a destination, and again after each
+/// change of the stops, the profile or the closures. Main thread only.
+class RouteSession {
+ public:
+  using Clock = std::function<guidance::LocalTime()>;
+
+  RouteSession(std::shared_ptr<Venue> venue, const guidance::InterfaceTexts& texts, Clock clock);
+
+  std::function<void()> changed;  ///< the former plan is gone; a new one may have been started
+
+  /// The user has asked for a route. Called after `changed`, but not for a change of the closures.
+  std::function<void()> requested;
+  std::function<void()> planned;  ///< there is a new plan
+
+  /// Makes a place the start, and drops the destination if it is the same place.
+  void departFrom(const std::shared_ptr<Location>& place);
+
+  /// Makes a place the destination, and drops the start if it is the same place.
+  void goTo(const std::shared_ptr<Location>& place);
+
+  /// Leads to the nearest of several places, without stops in between. `from` may be null.
+  void goToNearest(std::shared_ptr<Location> from, NearestChoice nearest);
+
+  /// Replaces one end of the route.
+  void setEnd(RouteEnd end, const std::shared_ptr<Location>& place);
+
+  /// Makes a place the missing end. Returns false if there is no route yet or no end is missing.
+  bool fillMissingEnd(const std::shared_ptr<Location>& place);
+
+  /// Exchanges the start and the destination, and reverses the stops in between.
+  void swapEnds();
+  void addStop(const std::shared_ptr<Location>& place);
+  void removeStop(std::size_t index);  ///< of the stops in between
+  void setProfile(std::size_t index);  ///< of `profileChoices`
+  void setClosures(const guidance::Closures& closures);
+  void clear();  ///< removes all stops
+
+  /// Chooses one of the plan's routes. The stops in between are then in the order of its visits.
+  void choose(std::size_t index);
+
+  bool hasStops() const { return from_ || to_ || nearest_; }
+  bool isComplete() const { return from_ && (to_ || nearest_); }
+  const std::shared_ptr<Location>& from() const { return from_; }
+
+  /// Whether a place can become a stop in between.
+  bool canAddStop(const std::shared_ptr<Location>& place) const {
+    return from_ && to_ && place != from_ && place != to_;
+  }
+  std::size_t profile() const { return profile_; }
+  const guidance::Closures& closures() const { return closures_; }
+
+  /// Returns the names of the stops, with that of the chosen route's destination, if any.
+  StopNames names() const;
+
+  /// Whether a route is being planned.
+  bool isPlanning() const { return guide_.isBusy(); }
+
+  /// The latest plan; without routes and without a problem if there is none.
+  const GuidedPlan& plan() const { return plan_; }
+
+  /// Returns the chosen route, or null.
+  const GuidedRoute* route() const;
+  std::size_t chosen() const { return chosen_; }
+
+  /// Returns the time of arrival on the chosen route. Nothing if the route has no scale or length.
+  std::optional<guidance::LocalTime> arrival() const;
+
+ private:
+  void request();
+  void planAgain();
+
+  const Clock clock_;
+  LatestRequest<GuideWorker> guide_;
+  std::shared_ptr<Location> from_;
+  std::vector<std::shared_ptr<Location>> between_;
+  std::shared_ptr<Location> to_;
+  std::optional<NearestChoice> nearest_;  // the destination, instead of `to_`
+  std::size_t profile_ = 0;
+  guidance::Closures closures_;
+  GuidedPlan plan_;
+  std::size_t chosen_ = 0;  // of the plan's routes
+};
+
+}  // namespace orivanta::viewer

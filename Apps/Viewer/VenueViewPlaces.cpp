@@ -1,0 +1,158 @@
+// Finds, selects and marks the places of a venue.
+#include <algorithm>
+#include <utility>
+
+#include "Apps/Viewer/VenueView.hpp"
+#include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/OpeningHours.hpp"
+#include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/Polygon.hpp"
+#include "Source/UI/Display/MarkColors.hpp"
+#include "Source/UI/MarkerImages.hpp"
+#include "Source/Venue.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+constexpr double pinHeight = 32;  // points
+
+std::shared_ptr<Map> floorOf(const Location& place, const std::shared_ptr<Map>& preferred) {
+  const auto floors = floorsOf(place);
+  if (floors.empty() || std::find(floors.begin(), floors.end(), preferred) != floors.end())
+    return preferred;
+  return floors.front();
+}
+
+}  // namespace
+
+void VenueView::connectSearch() {
+  panels_.search->layoutChanged = [this] { arrangePanels(); };
+  panels_.search->chosen = [this](const auto& place) {
+    const auto end = std::exchange(searchedEnd_, std::nullopt);
+    if (!end) return select(place);
+    select(nullptr);
+    session_.setEnd(*end, place);
+  };
+  panels_.search->nearestChosen = [this](const auto& category) {
+    searchedEnd_.reset();
+    const auto from = session_.from() ? session_.from() : selected_;
+    select(nullptr);
+    session_.goToNearest(from, nearestOf(category, texts_));
+  };
+  panels_.floors->chosen = [this](const auto& floor) { showFloor(floor); };
+  panels_.mapButtons->tapped = [this](std::string_view key) { handleText(key); };
+  panels_.back->action = [this] { wayBack(); };
+  panels_.attribution->action = [this] { toggleAttribution(); };
+  panels_.help->closed = [this] { toggleHelp(); };
+}
+
+void VenueView::connectCard() {
+  // The selection ends first, because the card hides the route.
+  const auto leaving = [this](auto use) {
+    return [this, use] {
+      const auto place = selected_;
+      select(nullptr);
+      use(place);
+    };
+  };
+  panels_.card->closed = [this] { select(nullptr); };
+  panels_.card->fromHere = leaving([this](const auto& place) { session_.departFrom(place); });
+  panels_.card->toHere = leaving([this](const auto& place) { session_.goTo(place); });
+  panels_.card->stopAdded = leaving([this](const auto& place) { session_.addStop(place); });
+  panels_.card->nearestChosen = [this](std::size_t index) {
+    const auto place = selected_;
+    const NearestChoice choice = offered_[index];
+    select(nullptr);
+    session_.goToNearest(place, choice);
+  };
+}
+
+void VenueView::select(const std::shared_ptr<Location>& place) {
+  selected_ = place;
+  highlight(place);
+  if (place) {
+    panels_.card->show(*place);
+    offerRoutes(place);
+    fetchPicture(place);
+    showFloor(floorOf(*place, mapView_->currentMap()));
+  }
+  mark(place);
+  arrangePanels();
+  if (place && camera().isReady())
+    camera().frame({mapView_->findPosition3D(*place)}, aroundPlace, CameraMotion::glide);
+}
+
+void VenueView::highlight(const std::shared_ptr<Location>& place) {
+  mapView_->clearHighlightedPolygons();
+  if (!place) return;
+  for (const auto& polygon : place->polygons) mapView_->highlightPolygon(polygon, theme::amber);
+}
+
+// Shows a pin with the name on the place, if the place is on the current floor.
+void VenueView::mark(const std::shared_ptr<Location>& place) {
+  mapView_->removeMarker(std::exchange(mark_, nullptr));
+  std::vector<std::shared_ptr<Location>> marked = closureMarks_.places();
+  labels_->setMarked(marked);
+  if (!place || session_.route() || !mapView_->currentMap()) return;
+  if (!isOnFloor(*place, *mapView_->currentMap())) return;
+  auto style = labelStyle();
+  style.bold = true;
+  mark_ = makePinMarker(markColors::place, pinHeight, place->name.value_or(""), style, scale_);
+  mark_->setPosition(mapView_->findPosition3D(*place));
+  mapView_->addMarker(mark_);
+  marked.push_back(place);
+  labels_->setMarked(std::move(marked));
+}
+
+void VenueView::fetchPicture(const std::shared_ptr<Location>& place) {
+  pictureFetch_.start(*place, venue_->slug.value_or(""), mapView_->downloader,
+                      [this, place](const auto& picture, PictureMode mode) {
+                        if (selected_ != place) return;
+                        panels_.card->setPicture(picture, mode);
+                        arrangePanels();
+                      });
+}
+
+// Offers the routes from and over a place on its card.
+void VenueView::offerRoutes(const std::shared_ptr<Location>& place) {
+  const auto hours = guidance::OpeningHours::parse(place->_data["hours"].stringValue());
+  panels_.card->setPlaceClosed(isClosed(*place) ||
+                               (hours && hours->at(clock_()) == guidance::OpenState::closed));
+  panels_.card->setCanAddStop(session_.canAddStop(place));
+  offered_ = nearestChoices(*venue_, *place, session_.closures(), texts_);
+  std::vector<std::string> titles;
+  for (const NearestChoice& choice : offered_) titles.push_back(choice.title);
+  panels_.card->setNearest(titles);
+}
+
+void VenueView::setClosures(const guidance::Closures& closures) {
+  if (closures == session_.closures()) return;
+  session_.setClosures(closures);
+  if (isLoaded_) floorShown();
+  if (selected_) offerRoutes(selected_);
+  arrangePanels();
+}
+
+bool VenueView::isClosed(const Location& place) const {
+  return session_.closures().contains(place.id.value_or(""));
+}
+
+void VenueView::polygonSelected(const std::shared_ptr<Polygon>& polygon) {
+  const auto place = polygon->locations.front().lock();
+  if (panels_.search->isOpen()) panels_.search->close();
+  if (!place) return;
+  if (!session_.hasStops() || session_.isComplete()) return select(place);
+  select(nullptr);
+  session_.fillMissingEnd(place);
+}
+
+void VenueView::nothingSelected() {
+  if (panels_.search->isOpen())
+    panels_.search->close();
+  else if (selected_)
+    select(nullptr);
+}
+
+}  // namespace orivanta::viewer

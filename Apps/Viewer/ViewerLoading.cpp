@@ -1,0 +1,187 @@
+// How the viewer loads venues, and what it says if that fails.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "Apps/Viewer/Viewer.hpp"
+#include "Platform/Foundation/MainQueue.hpp"
+#include "Source/Venue.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+constexpr double venueShare = 0.4;  // of the bar, for the records; the rest is for the floors
+
+}  // namespace
+
+VenueSource::Handlers Viewer::handlers(std::function<void()> retry) {
+  VenueSource::Handlers result;
+  result.progressed = [this](const LoadProgress& progress) {
+    const double share = progress.collections > 0 ? static_cast<double>(progress.collectionsDone) /
+                                                        static_cast<double>(progress.collections)
+                                                  : 0.0;
+    veil_->setProgress(
+        share * venueShare,
+        texts_.text(
+            "interface.loading.records",
+            {{"done", fmt::to_string(progress.collectionsDone)},
+             {"all", fmt::to_string(progress.collections)},
+             {"megabytes", fmt::format("{:.1f}", static_cast<double>(progress.bytes) / 1e6)}}));
+  };
+  result.failed = [this, retry = std::move(retry)](const Problem& problem) {
+    showProblem(problem, retry, wayBack(), texts_.text("interface.venues.all"));
+  };
+  return result;
+}
+
+void Viewer::showLoading(const std::string& title) {
+  venueList_->setHidden(true);
+  message_->setHidden(true);
+  veil_->setHidden(false);
+  veil_->setBusy(true);
+  veil_->setTitle(title);
+  veil_->setWayBack(wayBack());
+  veil_->setProgress(0, "");
+  arrange();
+}
+
+void Viewer::showProblem(const Problem& problem, std::function<void()> retry,
+                         std::function<void()> dismiss, const std::string& otherWay) {
+  veil_->setBusy(false);
+  message_->show(problem, dismiss ? otherWay : "");
+  message_->retried = std::move(retry);
+  message_->dismissed = std::move(dismiss);
+  message_->setHidden(false);
+  arrange();
+}
+
+void Viewer::listVenues() {
+  showLoading(texts_.text("interface.venues.loading"));
+  source_.fetchVenues(handlers([this] { listVenues(); }),
+                      [this](const VenueSource::Venues& venues) { choose(venues); });
+}
+
+void Viewer::choose(const VenueSource::Venues& venues) {
+  if (reached) reached("venues listed");
+  veil_->setBusy(false);
+  venueList_->show(venues);
+  if (slug_) {
+    const auto venue = std::find_if(venues.begin(), venues.end(),
+                                    [&](const auto& each) { return each->slug == slug_; });
+    if (venue != venues.end()) return open(*venue);
+    return showProblem(
+        unknownVenue(venues), [this] { listVenues(); }, [this] { showList(); },
+        texts_.text("interface.venues.all"));
+  }
+  showList();
+}
+
+Problem Viewer::unknownVenue(const VenueSource::Venues& venues) const {
+  const std::string address = texts_.name(source_.endpoint());
+  const auto only = texts_.name(venues.front()->slug.value_or(""));
+  return {
+      texts_.text("interface.problem.unknown", {{"slug", texts_.name(*slug_)}}),
+      venues.size() == 1
+          ? texts_.text("interface.problem.unknown.one", {{"address", address}, {"slug", only}})
+          : texts_.text("interface.problem.unknown.many", venues.size(), {{"address", address}})};
+}
+
+void Viewer::showList() {
+  slug_.reset();
+  message_->setHidden(true);
+  veil_->setBusy(false);
+  veil_->setHidden(false);
+  venueList_->setHidden(false);
+  arrange();
+}
+
+// Loads a copy of the list's record, so that everything is released with the map.
+void Viewer::open(const std::shared_ptr<Venue>& venue) {
+  venue_ = Venue::make(venue->_data);
+  showLoading(venue_->name.value_or(""));
+  source_.loadVenue(venue_, handlers([this, venue] { open(venue); }),
+                    [this](const std::vector<LoadFailure>& missing) {
+                      showFloors();
+                      if (!missing.empty()) remark(texts_.text("interface.note.categories"));
+                    });
+}
+
+bool Viewer::canGoBack() const { return venue_ != nullptr && (!slug_ || venueList_->size() > 1); }
+
+std::function<void()> Viewer::wayBack() {
+  if (!canGoBack()) return nullptr;
+  return [this] { goBack(); };
+}
+
+void Viewer::goBack() {
+  if (!canGoBack()) return;
+  source_.cancel();
+  if (venueView_) {
+    venueView_->stopLoading();
+    venueView_->removeFromSuperview();
+    // The view must outlive this call, because one of its buttons may have made it.
+    foundation::mainQueue::async([left = std::move(venueView_)] {});
+    venueView_ = nullptr;
+  }
+  venue_ = nullptr;
+  hideNote();
+  mapFingers_.clear();
+  showList();
+}
+
+void Viewer::showFloors() {
+  if (reached) reached("venue loaded");
+  venueView_ = VenueView::make(venue_, texts_, {clock_, walksAtOnce_});
+  venueView_->wayBack = wayBack();
+  root_->addSubview(venueView_);
+  raisePanels();
+  venueView_->progressed = [this](double share, const std::string& text) {
+    veil_->setProgress(venueShare + (1 - venueShare) * share, text);
+  };
+  venueView_->loaded = [this] {
+    if (reached) reached("first floor ready");
+    veil_->setHidden(true);
+    arrange();
+  };
+  venueView_->failed = [this](const Problem& problem, const auto& floor) {
+    floorFailed(problem, floor);
+  };
+  venueView_->remarked = [this](const std::string& sentence) { remark(sentence); };
+  venueView_->closuresWanted = [this] { fetchClosures(); };
+  fetchClosures();
+  arrange();
+  venueView_->load();
+}
+
+void Viewer::fetchClosures() {
+  source_.fetchClosures(venue_->slug.value_or(""), [this](const guidance::Closures& closures) {
+    if (venueView_) venueView_->setClosures(closures);
+  });
+}
+
+void Viewer::raisePanels() {
+  for (const view::View* above :
+       {static_cast<view::View*>(veil_.get()), static_cast<view::View*>(venueList_.get()),
+        static_cast<view::View*>(message_.get()), static_cast<view::View*>(note_.get())})
+    root_->bringSubviewToFront(*above);
+}
+
+void Viewer::floorFailed(const Problem& problem, const std::shared_ptr<Map>& floor) {
+  const auto backToTheMap = [this] { message_->setHidden(true); };
+  const auto retryFloor = [this, floor] {
+    message_->setHidden(true);
+    venueView_->retry(floor);
+  };
+  const auto retryAll = [this] {
+    showLoading(venueView_->venue()->name.value_or(""));
+    venueView_->load();
+  };
+  if (floor)
+    showProblem(problem, retryFloor, backToTheMap, texts_.text("interface.map.back"));
+  else
+    showProblem(problem, retryAll, wayBack(), texts_.text("interface.venues.all"));
+}
+
+}  // namespace orivanta::viewer

@@ -1,0 +1,41 @@
+#include "Apps/Viewer/WalkDisplay.hpp"
+
+#include "Source/UI/Display/MapCamera.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+constexpr double metersShown = 30;  // around the walker
+
+}  // namespace
+
+void WalkDisplay::start(const guidance::Guide& guide, const guidance::Itinerary& itinerary) {
+  walker_ = std::make_unique<Walker>(guide, itinerary);
+  unitsPerMeter_ = guide.unitsPerMeter();
+  pose_.reset();
+}
+
+void WalkDisplay::stop() {
+  if (!walker_) return;
+  walker_.reset();
+  display_.removeMark();
+}
+
+void WalkDisplay::advance(double time, double scale) {
+  const auto floor = walker_->floor();
+  walker_->advance(time);
+  if (walker_->floor() != floor) pose_.reset();
+  display_.markPosition(walker_->floor(), walker_->position(), scale);
+}
+
+void WalkDisplay::follow() {
+  if (walker_->floor() != mapView_->currentMap()) return;  // not loaded yet
+  MapCamera& camera = mapView_->camera();
+  if (camera.isGliding()) return;
+  if (pose_ && !(camera.pose() == *pose_)) return;
+  camera.frame({walker_->position()}, Surroundings{0, metersShown * unitsPerMeter_});
+  pose_ = camera.pose();
+}
+
+}  // namespace orivanta::viewer
