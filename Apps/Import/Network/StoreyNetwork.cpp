@@ -32,12 +32,21 @@ constexpr double spotReach = 2.5;  // the same of places
 constexpr double sameNode = 0.5;   // a door this near to a node of the source is that node
 constexpr double sourceReach = 15.0;
 
+// A column or a bench, but not a thin wall that encloses something.
+bool isSmall(const Outline& hole) {
+  Point low = hole.front();
+  Point high = low;
+  for (const Point point : hole) {
+    low = {std::min(low.x, point.x), std::min(low.y, point.y)};
+    high = {std::max(high.x, point.x), std::max(high.y, point.y)};
+  }
+  return (high.x - low.x) * (high.y - low.y) < 2.0 * smallHole &&
+         std::abs(package::signedArea(hole)) < smallHole;
+}
+
 Shape withoutSmallHoles(Shape shape) {
   bool changed = false;
-  for (Polygon& polygon : shape)
-    changed |= std::erase_if(polygon.holes, [](const Outline& hole) {
-                 return std::abs(package::signedArea(hole)) < smallHole;
-               }) > 0;
+  for (Polygon& polygon : shape) changed |= std::erase_if(polygon.holes, isSmall) > 0;
   return changed ? united(shape) : shape;
 }
 
@@ -62,7 +71,7 @@ class Maker {
   }
 
   Draft make() {
-    Attach attach(draft_, space_, ways_);
+    Attach attach(draft_, space_, ways_, source_ ? Attach::Lines::keep : Attach::Lines::bend);
     attach_ = &attach;
     rooms_.addInsides(draft_);
     addDoors();
