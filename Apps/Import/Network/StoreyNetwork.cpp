@@ -65,7 +65,7 @@ class Maker {
       if (area.level == level && isWalkway(area.kind, walkways_)) walkable_.insert(area.id);
     if (usesSourceLines(building, level, choice)) source_.emplace(building, level, draft_);
     if (source_)
-      source_->claimInsides(rooms_, draft_);
+      sourceRooms_ = source_->claimInsides(rooms_, draft_);
     else
       addMainLines();
   }
@@ -133,7 +133,8 @@ class Maker {
     }
   }
 
-  // An emergency exit is the end of a way, not a way between two areas.
+  // An emergency exit is the end of a way, not a way between two areas. Doors and rooms that the
+  // source has joined stay as they are.
   void joinDoor(const Door& door, std::uint32_t node, bool known) {
     const bool isWalked =
         std::any_of(door.areas.begin(), door.areas.end(),
@@ -141,8 +142,10 @@ class Maker {
     bool joined = known;
     if (!known && (isWalked || door.areas.size() < 2)) joined = joinWalkway(node, doorReach);
     if (door.kind == DoorKind::emergency && joined) return;
-    for (const std::string& id : door.areas)
-      if (const Area* room = rooms_.find(id)) rooms_.join(node, *room);
+    for (const std::string& id : door.areas) {
+      const Area* room = rooms_.find(id);
+      if (room != nullptr && !(known && sourceRooms_.contains(id))) rooms_.join(node, *room);
+    }
   }
 
   // Hangs a connector or a place on the lines, or on the room in which it is.
@@ -253,6 +256,7 @@ class Maker {
   Ways ways_;
   Rooms rooms_;
   std::set<std::string> walkable_;
+  std::set<std::string> sourceRooms_;  // whose inner nodes are the source's
   Draft draft_;
   std::optional<SourceLines> source_;
   Attach* attach_ = nullptr;
