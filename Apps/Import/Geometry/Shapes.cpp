@@ -116,6 +116,23 @@ Shape shapeOf(const Geometry& geometry) {
   return shape;
 }
 
+using Operation = GEOSGeometry* (*)(GEOSContextHandle_t, const GEOSGeometry*, const GEOSGeometry*);
+using RoundedOperation = GEOSGeometry* (*)(GEOSContextHandle_t, const GEOSGeometry*,
+                                           const GEOSGeometry*, double);
+
+constexpr double coarse =
+    0.001;  // meters; rounded to this, an operation succeeds that failed before
+
+// Some input that is valid only by a hair makes an operation fail; repaired and rounded it does
+// not.
+Shape combined(const Shape& first, const Shape& second, Operation operation,
+               RoundedOperation rounded) {
+  if (GEOSGeometry* result = operation(handle(), geometryOf(first).get(), geometryOf(second).get()))
+    return shapeOf(Geometry(result));
+  return shapeOf(owned(rounded(handle(), geometryOf(repaired(first)).get(),
+                               geometryOf(repaired(second)).get(), coarse)));
+}
+
 }  // namespace
 
 Shape repaired(const Shape& shape) {
@@ -134,27 +151,30 @@ Shape united(const Shape& shape) {
   std::vector<Geometry> parts;
   for (const Polygon& polygon : shape) parts.push_back(geometryOf(polygon));
   const Geometry all = collectionOf(GEOS_GEOMETRYCOLLECTION, std::move(parts));
-  return shapeOf(owned(GEOSUnaryUnion_r(handle(), all.get())));
+  if (GEOSGeometry* result = GEOSUnaryUnion_r(handle(), all.get()))
+    return shapeOf(Geometry(result));
+  return shapeOf(owned(GEOSUnaryUnionPrec_r(handle(), all.get(), coarse)));
 }
 
 Shape without(const Shape& shape, const Shape& removed) {
   if (shape.empty() || removed.empty()) return shape;
-  return shapeOf(
-      owned(GEOSDifference_r(handle(), geometryOf(shape).get(), geometryOf(removed).get())));
+  return combined(shape, removed, GEOSDifference_r, GEOSDifferencePrec_r);
 }
 
 Shape common(const Shape& first, const Shape& second) {
   if (first.empty() || second.empty()) return {};
-  return shapeOf(
-      owned(GEOSIntersection_r(handle(), geometryOf(first).get(), geometryOf(second).get())));
+  return combined(first, second, GEOSIntersection_r, GEOSIntersectionPrec_r);
 }
 
 Shape withMargin(const Shape& shape, double margin) {
   if (shape.empty()) return {};
   constexpr int segments = 2;
   constexpr double miterLimit = 4.0;
-  return shapeOf(owned(GEOSBufferWithStyle_r(handle(), geometryOf(shape).get(), margin, segments,
-                                             GEOSBUF_CAP_FLAT, GEOSBUF_JOIN_MITRE, miterLimit)));
+  GEOSGeometry* grown = GEOSBufferWithStyle_r(handle(), geometryOf(shape).get(), margin, segments,
+                                              GEOSBUF_CAP_FLAT, GEOSBUF_JOIN_MITRE, miterLimit);
+  if (grown != nullptr) return shapeOf(Geometry(grown));
+  return shapeOf(
+      owned(GEOSBuffer_r(handle(), geometryOf(repaired(shape)).get(), margin, segments)));
 }
 
 Shape strip(const std::vector<Point>& line, double distance) {

@@ -45,27 +45,28 @@ DraftNode wayAt(Point position) { return {position, NodeKind::way, {}, {}, 0.0, 
 
 }  // namespace
 
-double Attach::Lines::nearestDistance(Point point, double atMost) const {
-  const std::size_t line = grid.nearest(point, atMost);
+double Attach::distanceToLine(Point point, double atMost) const {
+  const std::size_t line = grid_.nearest(point, atMost);
   if (line == SegmentGrid::none) return atMost;
-  const auto& [a, b] = grid.segments()[line];
+  const auto& [a, b] = grid_.segments()[line];
   return package::distanceToSegment(a, b, point);
 }
 
-Attach::Attach(Draft& draft, const Space& space, Ways& ways)
+Attach::Attach(Draft& draft, const Space& space, Ways& ways, Lines lines)
     : draft_(draft),
       space_(space),
       ways_(ways),
       edges_(linesOf(draft)),
       singles_(singlesOf(draft)),
-      lines_{SegmentGrid(segmentsOf(draft, edges_, singles_), 0.0)},
+      grid_(segmentsOf(draft, edges_, singles_), 0.0),
+      mayBend_(lines),
       attachments_(edges_.size() + singles_.size()) {}
 
 // Sorted by distance, without repetitions.
 std::vector<Attach::Foot> Attach::feetNear(Point point, double within) const {
   std::vector<Foot> feet;
-  lines_.grid.eachNear(point, within, [&](std::size_t i) {
-    const auto& [a, b] = lines_.grid.segments()[i];
+  grid_.eachNear(point, within, [&](std::size_t i) {
+    const auto& [a, b] = grid_.segments()[i];
     double fraction = package::nearestFraction(a, b, point);
     const double length = package::distance(a, b);
     if (fraction * length < nearEnd) fraction = 0.0;
@@ -92,7 +93,8 @@ std::optional<Attach::Foot> Attach::footInSight(const DraftNode& node, double wi
 }
 
 bool Attach::canBeOnLine(const Foot& foot, const DraftNode& node) const {
-  if (node.kind != NodeKind::door || isSingle(foot.line) || foot.distance > besideLine)
+  if (mayBend_ == Lines::keep || node.kind != NodeKind::door || isSingle(foot.line) ||
+      foot.distance > besideLine)
     return false;
   if (foot.fraction == 0.0 || foot.fraction == 1.0) return false;
   const DraftEdge& edge = draft_.edges[edges_[foot.line]];

@@ -13,8 +13,11 @@ namespace orivanta::importer {
 /// nothing else is attached. Nodes may be added to the draft meanwhile, but no lines removed.
 class Attach {
  public:
+  /// Whether lines may bend to a door beside them.
+  enum class Lines { keep, bend };
+
   /// Keeps references to its arguments.
-  Attach(Draft& draft, const Space& space, Ways& ways);
+  Attach(Draft& draft, const Space& space, Ways& ways, Lines lines);
 
   /// Joins a node of the draft with the nearest line in sight, otherwise by the shortest way round
   /// corners. A door beside a line in the open becomes a point of the line. Returns false if there
@@ -26,9 +29,7 @@ class Attach {
   bool attachAnyhow(std::uint32_t node, double within);
 
   /// The distance to the nearest line; `atMost` if there is none within it.
-  double distanceToLine(Point point, double atMost) const {
-    return lines_.nearestDistance(point, atMost);
-  }
+  double distanceToLine(Point point, double atMost) const;
 
   /// Divides the lines at the points where something was attached. Call it once, at the end.
   void finish();
@@ -47,10 +48,6 @@ class Attach {
     std::uint32_t node;
     bool onLine;  // the node itself becomes a point of the line
   };
-  struct Lines {
-    SegmentGrid grid;
-    double nearestDistance(Point point, double atMost) const;
-  };
 
   std::vector<Foot> feetNear(Point point, double within) const;
   std::optional<Foot> footInSight(const DraftNode& node, double within) const;
@@ -64,7 +61,8 @@ class Attach {
   Ways& ways_;
   std::vector<std::size_t> edges_;      // of the lines, in the draft
   std::vector<std::uint32_t> singles_;  // nodes without lines
-  Lines lines_;
+  SegmentGrid grid_;                    // of the lines
+  Lines mayBend_;
   std::vector<std::vector<Attachment>> attachments_;  // of each line
 };
 

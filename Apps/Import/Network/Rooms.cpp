@@ -19,7 +19,7 @@ void addRoomLines(const Shape& shape, const Space& space, Draft& draft) {
   const Skeleton skeleton = makeSkeleton(shape, narrow);
   addTrunk(skeleton, space, draft);
   Ways ways(skeleton, space);
-  Attach attach(draft, space, ways);
+  Attach attach(draft, space, ways, Attach::Lines::keep);
   for (std::uint32_t i = 0; i < count; ++i) attach.attach(i);
   attach.finish();
   mergeNearNodes(space, draft);

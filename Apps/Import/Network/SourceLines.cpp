@@ -104,7 +104,8 @@ SourceLines::SourceLines(const Building& building, double level, Draft& draft) {
   grid_ = std::make_unique<SegmentGrid>(std::move(places), 0.0);
 }
 
-void SourceLines::claimInsides(Rooms& rooms, Draft& draft) const {
+std::set<std::string> SourceLines::claimInsides(Rooms& rooms, Draft& draft) const {
+  std::set<std::string> claimed;
   for (const auto& [id, index] : nodes_) {
     DraftNode& node = draft.nodes[index];
     const Area* room = rooms.at(node.position);
@@ -112,7 +113,9 @@ void SourceLines::claimInsides(Rooms& rooms, Draft& draft) const {
     if (!rooms.setInside(*room, index)) continue;
     node.kind = NodeKind::inside;
     node.of = room->id;
+    claimed.insert(room->id);
   }
+  return claimed;
 }
 
 std::optional<std::uint32_t> SourceLines::freeNodeAt(const Draft& draft, Point point,

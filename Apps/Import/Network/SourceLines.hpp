@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,8 +25,9 @@ class SourceLines {
   /// Adds the links between nodes of one storey, apart from those that a connector stands for.
   SourceLines(const Building& building, double level, Draft& draft);
 
-  /// Makes the nodes of the source that lie in rooms the inner nodes of these rooms.
-  void claimInsides(Rooms& rooms, Draft& draft) const;
+  /// Makes the nodes of the source that lie in rooms the inner nodes of these rooms, and returns
+  /// the identifiers of the rooms.
+  std::set<std::string> claimInsides(Rooms& rooms, Draft& draft) const;
 
   /// The nearest node within a distance that is only a point of the way.
   std::optional<std::uint32_t> freeNodeAt(const Draft& draft, Point point, double within) const;

@@ -32,12 +32,21 @@ constexpr double spotReach = 2.5;  // the same of places
 constexpr double sameNode = 0.5;   // a door this near to a node of the source is that node
 constexpr double sourceReach = 15.0;
 
+// A column or a bench, but not a thin wall that encloses something.
+bool isSmall(const Outline& hole) {
+  Point low = hole.front();
+  Point high = low;
+  for (const Point point : hole) {
+    low = {std::min(low.x, point.x), std::min(low.y, point.y)};
+    high = {std::max(high.x, point.x), std::max(high.y, point.y)};
+  }
+  return (high.x - low.x) * (high.y - low.y) < 2.0 * smallHole &&
+         std::abs(package::signedArea(hole)) < smallHole;
+}
+
 Shape withoutSmallHoles(Shape shape) {
   bool changed = false;
-  for (Polygon& polygon : shape)
-    changed |= std::erase_if(polygon.holes, [](const Outline& hole) {
-                 return std::abs(package::signedArea(hole)) < smallHole;
-               }) > 0;
+  for (Polygon& polygon : shape) changed |= std::erase_if(polygon.holes, isSmall) > 0;
   return changed ? united(shape) : shape;
 }
 
@@ -56,13 +65,13 @@ class Maker {
       if (area.level == level && isWalkway(area.kind, walkways_)) walkable_.insert(area.id);
     if (usesSourceLines(building, level, choice)) source_.emplace(building, level, draft_);
     if (source_)
-      source_->claimInsides(rooms_, draft_);
+      sourceRooms_ = source_->claimInsides(rooms_, draft_);
     else
       addMainLines();
   }
 
   Draft make() {
-    Attach attach(draft_, space_, ways_);
+    Attach attach(draft_, space_, ways_, source_ ? Attach::Lines::keep : Attach::Lines::bend);
     attach_ = &attach;
     rooms_.addInsides(draft_);
     addDoors();
@@ -124,7 +133,8 @@ class Maker {
     }
   }
 
-  // An emergency exit is the end of a way, not a way between two areas.
+  // An emergency exit is the end of a way, not a way between two areas. Doors and rooms that the
+  // source has joined stay as they are.
   void joinDoor(const Door& door, std::uint32_t node, bool known) {
     const bool isWalked =
         std::any_of(door.areas.begin(), door.areas.end(),
@@ -132,8 +142,10 @@ class Maker {
     bool joined = known;
     if (!known && (isWalked || door.areas.size() < 2)) joined = joinWalkway(node, doorReach);
     if (door.kind == DoorKind::emergency && joined) return;
-    for (const std::string& id : door.areas)
-      if (const Area* room = rooms_.find(id)) rooms_.join(node, *room);
+    for (const std::string& id : door.areas) {
+      const Area* room = rooms_.find(id);
+      if (room != nullptr && !(known && sourceRooms_.contains(id))) rooms_.join(node, *room);
+    }
   }
 
   // Hangs a connector or a place on the lines, or on the room in which it is.
@@ -244,6 +256,7 @@ class Maker {
   Ways ways_;
   Rooms rooms_;
   std::set<std::string> walkable_;
+  std::set<std::string> sourceRooms_;  // whose inner nodes are the source's
   Draft draft_;
   std::optional<SourceLines> source_;
   Attach* attach_ = nullptr;

@@ -69,11 +69,23 @@ class Pruner {
     chains.push_back(std::move(chain));
   }
 
-  // A line into the corner of a hall ends where the corner becomes narrow.
+  // A line into the corner of a hall ends where the corner becomes narrow. Lines in narrow
+  // corridors stay: there, the clearance does not shrink.
   void trimEnd(Chain& chain) const {
-    double widest = 0.0;
-    for (const Index i : chain) widest = std::max(widest, skeleton_.clearances[i]);
-    while (chain.size() > 2 && skeleton_.clearances[chain.back()] < widest / 2.0) chain.pop_back();
+    constexpr double wide = 1.5;
+    while (chain.size() > 2 && skeleton_.clearances[chain.back()] < wide && isTapering(chain))
+      chain.pop_back();
+  }
+
+  // Whether the clearance shrinks over the last meters.
+  bool isTapering(const Chain& chain) const {
+    constexpr double examined = 2.0;
+    double length = 0.0;
+    std::size_t i = chain.size() - 1;
+    for (; i > 0 && length < examined; --i)
+      length += package::distance(skeleton_.points[chain[i]], skeleton_.points[chain[i - 1]]);
+    constexpr double slope = 0.3;
+    return skeleton_.clearances[chain[i]] - skeleton_.clearances[chain.back()] > slope * length;
   }
 
   double lengthOf(const Chain& chain) const {
