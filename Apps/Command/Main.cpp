@@ -296,10 +296,7 @@ void addImportChoices(CLI::App& command, ImportOptions& options, const char* gro
     return command.add_option(name, value, purpose)->type_name(type)->group(group);
   };
   add("--fixes", options.fixes, "Corrections that outlive a new import", "FILE");
-  add("--format", options.format,
-      "imdf, osm-xml, osm-pbf, overpass-json, osm-geojson, indoorgml or "
-      "stations; recognized by default",
-      "FORMAT")
+  add("--format", options.format, "Format of the source; recognized by default", "FORMAT")
       ->check(CLI::IsMember(importFormats()));
   add("--building", options.building, "Import only this building of the source", "NAME");
   add("--bounds", options.bounds, "Import only what lies within, in degrees", "S,W,N,E");

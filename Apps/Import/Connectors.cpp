@@ -38,9 +38,8 @@ class ConnectorMaker {
     for (const std::vector<std::size_t>& set : sets.all())
       for (const std::size_t i : set) open[i] = !onSeveralLevels(set);
     const std::vector<bool> drawn = takeLines(open, sets);
-    std::vector<double> levels;
-    for (const Storey& storey : building_.storeys) levels.push_back(storey.ordinal);
-    pairByShape(pieces_, levels, open, sets);
+    pairByShape(pieces_, heightsOf(building_), open, sets);
+    pairNearest(pieces_, heightsOf(building_), leadingNowhere(sets, drawn), sets);
     for (const std::vector<std::size_t>& set : sets.all())
       if (!drawn[set.front()]) addConnector(set);
     return std::move(made_);
@@ -143,6 +142,15 @@ class ConnectorMaker {
       made_.push_back(std::move(*connector));
     }
     return drawn;
+  }
+
+  // The pieces without partners that do not reach another part of the space either.
+  std::vector<bool> leadingNowhere(const PieceSets& sets, const std::vector<bool>& drawn) {
+    std::vector<bool> nowhere(pieces_.size(), false);
+    for (const std::vector<std::size_t>& set : sets.all())
+      if (set.size() == 1 && !drawn[set.front()])
+        nowhere[set.front()] = stopsOfSingle(pieces_[set.front()], surroundings_).size() < 2;
+    return nowhere;
   }
 
   void addConnector(const std::vector<std::size_t>& set) {

@@ -79,7 +79,12 @@ std::optional<Point> commonBorder(const Area& area, const Area& other) {
       }
     }
   if (shared.empty()) return std::nullopt;
-  return shared[shared.size() / 2];
+  Point sum;
+  for (const Point point : shared) sum = sum + point;
+  const Point mean = sum * (1.0 / static_cast<double>(shared.size()));
+  return *std::min_element(shared.begin(), shared.end(), [&](Point a, Point b) {
+    return package::distance(a, mean) < package::distance(b, mean);
+  });
 }
 
 // Applies the corrections of one file.

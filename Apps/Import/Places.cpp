@@ -32,7 +32,7 @@ void prefer(const std::vector<std::string>& languages, Names& names) {
 void preferLanguages(Building& building, const Options& options) {
   std::vector<std::string> languages = options.languages;
   if (!building.language.empty()) languages.push_back(building.language);
-  prefer(options.languages.empty() ? languages : options.languages, building.names);
+  prefer(languages, building.names);
   for (Storey& storey : building.storeys) prefer(languages, storey.names);
   for (Place& place : building.places) prefer(languages, place.names);
   for (Door& door : building.doors) prefer(languages, door.names);

@@ -18,6 +18,7 @@ using package::dot;
 
 constexpr double leastOverlap = 0.2;  // of the smaller piece
 constexpr double longestGap = 8.0;    // between flights in line
+constexpr double nearGap = 12.0;      // between flights that have no other partner
 constexpr double touchingGap = 1.2;   // between ends that touch
 constexpr double sidewaysOffset = 1.0;
 constexpr std::size_t mostCandidates = 300;
@@ -85,6 +86,19 @@ std::optional<Pair> match(const std::vector<Piece>& pieces, std::size_t lower, s
   return std::nullopt;
 }
 
+// Flights without any other partner: the nearer, the better.
+std::optional<Pair> matchNear(const std::vector<Piece>& pieces, std::size_t lower,
+                              std::size_t upper) {
+  const Piece& a = pieces[lower];
+  const Piece& b = pieces[upper];
+  if (a.kind != b.kind || a.kind == ConnectorKind::elevator || a.area == nullptr ||
+      b.area == nullptr || !agree(a.direction, b.direction))
+    return std::nullopt;
+  const double gap = endGap(a, b);
+  if (gap >= nearGap) return std::nullopt;
+  return Pair{3, gap, lower, upper};
+}
+
 // Pieces of one storey by the cell of a grid in which their centers lie.
 class CellIndex {
  public:
@@ -96,7 +110,7 @@ class CellIndex {
   }
 
   std::vector<std::size_t> near(const Piece& piece) const {
-    const double reach = std::min((piece.box.length + longest_) / 2.0 + longestGap + 1.0, 100.0);
+    const double reach = std::min((piece.box.length + longest_) / 2.0 + nearGap + 1.0, 100.0);
     const auto low = cellOf(piece.box.center - Point{reach, reach});
     const auto high = cellOf(piece.box.center + Point{reach, reach});
     std::vector<std::size_t> found;
@@ -142,25 +156,44 @@ std::vector<std::vector<std::size_t>> PieceSets::all() const {
   return list;
 }
 
-void pairByShape(const std::vector<Piece>& pieces, const std::vector<double>& levels,
-                 const std::vector<bool>& open, PieceSets& sets) {
+Heights heightsOf(const Building& building) {
+  constexpr double sameHeight = 0.5;  // meters
+  Heights heights;
+  double last = 0.0;
+  for (const Storey& storey : building.storeys) {
+    const double elevation = storey.elevation.value_or(storey.ordinal * 4.0);
+    if (heights.empty() || std::abs(elevation - last) >= sameHeight) heights.emplace_back();
+    heights.back().push_back(storey.ordinal);
+    last = elevation;
+  }
+  return heights;
+}
+
+namespace {
+
+using Matcher = std::optional<Pair> (*)(const std::vector<Piece>&, std::size_t, std::size_t);
+
+void pairAll(const std::vector<Piece>& pieces, const Heights& heights,
+             const std::vector<bool>& open, Matcher matcher, PieceSets& sets) {
   std::map<double, std::vector<std::size_t>> byLevel;
   for (std::size_t i = 0; i < pieces.size(); ++i)
     if (open[i]) byLevel[pieces[i].level].push_back(i);
+  const auto piecesAt = [&](const std::vector<double>& levels) {
+    std::vector<std::size_t> all;
+    for (const double level : levels)
+      all.insert(all.end(), byLevel[level].begin(), byLevel[level].end());
+    return all;
+  };
   std::set<std::size_t> hasUpper;
   std::set<std::size_t> hasLower;
-  // Neighboring storeys first; then lifts that a storey between does not show.
+  // Neighboring heights first; then flights and lifts that pass a storey.
   for (const std::size_t distance : {std::size_t{1}, std::size_t{2}}) {
     std::vector<Pair> pairs;
-    for (std::size_t i = 0; i + distance < levels.size(); ++i) {
-      const CellIndex above(pieces, byLevel[levels[i + distance]]);
-      for (const std::size_t lower : byLevel[levels[i]])
-        for (const std::size_t upper : above.near(pieces[lower])) {
-          const auto pair = match(pieces, lower, upper);
-          if (pair &&
-              (distance == 1 || (pieces[lower].kind == ConnectorKind::elevator && pair->rank == 0)))
-            pairs.push_back(*pair);
-        }
+    for (std::size_t i = 0; i + distance < heights.size(); ++i) {
+      const CellIndex above(pieces, piecesAt(heights[i + distance]));
+      for (const std::size_t lower : piecesAt(heights[i]))
+        for (const std::size_t upper : above.near(pieces[lower]))
+          if (const auto pair = matcher(pieces, lower, upper)) pairs.push_back(*pair);
     }
     std::sort(pairs.begin(), pairs.end());
     for (const Pair& pair : pairs) {
@@ -170,6 +203,18 @@ void pairByShape(const std::vector<Piece>& pieces, const std::vector<double>& le
       sets.join(pair.lower, pair.upper);
     }
   }
+}
+
+}  // namespace
+
+void pairByShape(const std::vector<Piece>& pieces, const Heights& heights,
+                 const std::vector<bool>& open, PieceSets& sets) {
+  pairAll(pieces, heights, open, match, sets);
+}
+
+void pairNearest(const std::vector<Piece>& pieces, const Heights& heights,
+                 const std::vector<bool>& open, PieceSets& sets) {
+  pairAll(pieces, heights, open, matchNear, sets);
 }
 
 }  // namespace orivanta::importer

@@ -23,11 +23,22 @@ class PieceSets {
   std::vector<std::size_t> parents_;
 };
 
-/// Joins pieces of neighboring storeys: elevators that overlap by 20 %; stairs and escalators that
-/// overlap, touch end to end, or lie in line within 8 m, the best pairs first. A piece that a hint
-/// or a list of levels has joined takes part only if `open` is true for it. `levels` are all
-/// storeys, ascending.
-void pairByShape(const std::vector<Piece>& pieces, const std::vector<double>& levels,
+/// The storeys from bottom to top. Those at one height, such as the ground floor and the street,
+/// are one element.
+using Heights = std::vector<std::vector<double>>;
+
+Heights heightsOf(const Building& building);
+
+/// Joins pieces of neighboring heights: elevators that overlap by 20 %; stairs and escalators that
+/// overlap, touch end to end, or lie in line within 8 m, the best pairs first. Then those with one
+/// height between them. A piece that a hint or a list of levels has joined takes part only if
+/// `open` is true for it.
+void pairByShape(const std::vector<Piece>& pieces, const Heights& heights,
+                 const std::vector<bool>& open, PieceSets& sets);
+
+/// Joins flights whose ends are less than 12 m apart, the nearest pairs first. For pieces that lead
+/// nowhere otherwise, such as the parts of winding stairs.
+void pairNearest(const std::vector<Piece>& pieces, const Heights& heights,
                  const std::vector<bool>& open, PieceSets& sets);
 
 }  // namespace orivanta::importer

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "Apps/Import/Geometry/Shapes.hpp"
 #include "Apps/Import/WalkableSpace.hpp"
 
 namespace orivanta::importer {
@@ -63,6 +64,35 @@ bool hasLeaf(const Contacts& contacts) {
                      [](const Contact& contact) { return contact.leaf; });
 }
 
+// The end of a flight that leads away from the next flight, if they do not lie on each other: that
+// is where it is boarded, even if the space is drawn a little away from it.
+std::optional<Point> outerEnd(const Piece& piece, const Piece& next, const Contacts& contacts,
+                              const Surroundings& surroundings) {
+  constexpr double besideSpace = 4.0;
+  if (piece.area == nullptr || next.area == nullptr ||
+      contains(piece.area->shape, next.box.center) || contains(next.area->shape, piece.box.center))
+    return std::nullopt;
+  const bool ahead = package::distance(piece.box.end(1.0), next.box.center) >
+                     package::distance(piece.box.end(-1.0), next.box.center);
+  for (const Contact& contact : contacts)
+    if (contact.side == (ahead ? Side::end : Side::start)) return contact.position;
+  const Point end = piece.box.end(ahead ? 1.0 : -1.0);
+  // Without any contact, the flight leads out of what is drawn.
+  const bool usable = contacts.empty() || surroundings.distance(piece.level, end) < besideSpace;
+  return usable ? std::optional(end) : std::nullopt;
+}
+
+// Where a piece without contact is left: a straight flight at the other end than it is entered.
+Point exitOf(const Piece& piece, std::optional<Point> entered, const Surroundings& surroundings) {
+  const Point nearest = nearestTo(piece, surroundings.space(piece.level));
+  const bool straight =
+      piece.kind != ConnectorKind::elevator && piece.box.length > 2.2 * piece.box.width;
+  if (!entered || !straight || surroundings.distance(piece.level, nearest) < 2.0) return nearest;
+  const Point start = piece.box.end(-1.0);
+  const Point end = piece.box.end(1.0);
+  return package::distance(start, *entered) > package::distance(end, *entered) ? start : end;
+}
+
 // Two contacts on different sides; opposite sides are better, then long contacts.
 std::optional<std::pair<Contact, Contact>> bestPair(const Contacts& first, const Contacts& second) {
   std::optional<std::pair<Contact, Contact>> best;
@@ -80,7 +110,8 @@ std::optional<std::pair<Contact, Contact>> bestPair(const Contacts& first, const
 
 }  // namespace
 
-Surroundings::Surroundings(const Building& building) : building_(building) {
+Surroundings::Surroundings(const Building& building)
+    : building_(building), heights_(heightsOf(building)) {
   for (const Door& door : building.doors)
     for (const std::string& area : door.areas) doors_[area].push_back(&door);
 }
@@ -96,13 +127,14 @@ std::vector<const Door*> Surroundings::doorsOf(const Area& area) const {
   return found == doors_.end() ? std::vector<const Door*>() : found->second;
 }
 
-std::optional<double> Surroundings::neighbor(double level, int direction) const {
-  for (std::size_t i = 0; i < building_.storeys.size(); ++i) {
-    if (building_.storeys[i].ordinal != level) continue;
-    if (direction > 0 && i + 1 < building_.storeys.size()) return building_.storeys[i + 1].ordinal;
-    if (direction < 0 && i > 0) return building_.storeys[i - 1].ordinal;
+std::vector<double> Surroundings::neighbors(double level, int steps) const {
+  for (std::size_t i = 0; i < heights_.size(); ++i) {
+    if (std::find(heights_[i].begin(), heights_[i].end(), level) == heights_[i].end()) continue;
+    const auto at = static_cast<std::ptrdiff_t>(i) + steps;
+    if (at >= 0 && at < static_cast<std::ptrdiff_t>(heights_.size()))
+      return heights_[static_cast<std::size_t>(at)];
   }
-  return std::nullopt;
+  return {};
 }
 
 double Surroundings::distance(double level, Point point) const {
@@ -117,9 +149,17 @@ std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
   std::vector<Stop> stops;
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const Piece& piece = *pieces[i];
-    if (contacts[i].empty()) {
-      stops.push_back(
-          stopAt(piece, piece.level, nearestTo(piece, surroundings.space(piece.level))));
+    std::optional<Point> end;
+    if (piece.kind != ConnectorKind::elevator && pieces.size() == 2 && !hasLeaf(contacts[i]))
+      end = outerEnd(piece, *pieces[1 - i], contacts[i], surroundings);
+    if (end) {
+      stops.push_back(stopAt(piece, piece.level, *end));
+    } else if (contacts[i].empty()) {
+      std::optional<Point> other;
+      if (!stops.empty()) other = stops.back().spot.position;
+      if (!other && i + 1 < pieces.size() && !contacts[i + 1].empty())
+        other = longest(contacts[i + 1]).position;
+      stops.push_back(stopAt(piece, piece.level, exitOf(piece, other, surroundings)));
     } else if (piece.kind == ConnectorKind::elevator || hasLeaf(contacts[i])) {
       // All doors of a shaft or a stairwell can be used.
       if (!contacts[i].front().door) contacts[i] = {longest(contacts[i])};
@@ -144,17 +184,16 @@ std::vector<Stop> stopsOfSingle(const Piece& piece, const Surroundings& surround
   const bool flight =
       !between && (piece.kind == ConnectorKind::stairs || piece.kind == ConnectorKind::escalator);
   if (flight && piece.area != nullptr && !own.empty())
-    for (const int direction : {1, -1}) {
-      const auto level = surroundings.neighbor(piece.level, direction);
-      if (!level || shareWithin(piece, surroundings.space(*level)) >= mostOverlap) continue;
-      const auto pair = bestPair(own, contactsOf(piece, surroundings.space(*level)));
-      if (!pair) continue;
-      std::vector<Stop> stops = {stopAt(piece, piece.level, pair->first.position),
-                                 stopAt(piece, *level, pair->second.position)};
-      stops.back().area.clear();
-      if (direction < 0) std::reverse(stops.begin(), stops.end());
-      return stops;
-    }
+    for (const int steps : {1, -1, 2, -2})
+      for (const double level : surroundings.neighbors(piece.level, steps)) {
+        if (shareWithin(piece, surroundings.space(level)) >= mostOverlap) continue;
+        const auto pair = bestPair(own, contactsOf(piece, surroundings.space(level)));
+        if (!pair) continue;
+        std::vector<Stop> stops = {stopAt(piece, piece.level, pair->first.position),
+                                   stopAt(piece, level, pair->second.position)};
+        if (steps < 0) std::reverse(stops.begin(), stops.end());
+        return stops;
+      }
   if (piece.kind != ConnectorKind::elevator && piece.kind != ConnectorKind::escalator &&
       piece.area != nullptr) {
     const Contacts all = between ? own : contactsOf(piece, surroundings.space(piece.level));

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "Apps/Import/Connectors/Piece.hpp"
+#include "Apps/Import/Connectors/Pairing.hpp"
 
 namespace orivanta::importer {
 
@@ -19,14 +19,15 @@ class Surroundings {
   const Space& space(double level) const;
   /// The doors that open into an area.
   std::vector<const Door*> doorsOf(const Area& area) const;
-  /// The next storey above (+1) or below (-1), if there is one.
-  std::optional<double> neighbor(double level, int direction) const;
+  /// The storeys that many heights above or, if it is negative, below a storey.
+  std::vector<double> neighbors(double level, int steps) const;
 
   /// How far a point is from the space of a storey, at most 20 m.
   double distance(double level, Point point) const;
 
  private:
   const Building& building_;
+  Heights heights_;
   std::map<std::string, std::vector<const Door*>> doors_;
   mutable std::map<double, std::unique_ptr<Space>> spaces_;
 };

@@ -155,8 +155,8 @@ void SearchPanel::show(const std::vector<PlaceGroup>& groups) {
   source.make = [this](std::size_t index) { return makeRow(index); };
   source.canBeMarked = [this](std::size_t index) { return items_[index].canBeChosen(); };
   list_->setSource(std::move(source));
+  if (layoutChanged) layoutChanged();  // before the mark, which scrolls
   if (!items_.empty() && !field_->text().empty()) list_->moveMark(1);
-  if (layoutChanged) layoutChanged();
   if (std::exchange(choosesFirst_, false)) chooseMarked();
 }
 

@@ -26,7 +26,7 @@ constexpr const char* extract = R"(<osm version="0.6">
 <way id="2"><nd ref="4"/><nd ref="9"/><nd ref="3"/><nd ref="5"/><nd ref="6"/><nd ref="4"/>
  <tag k="indoor" v="room"/><tag k="level" v="0"/><tag k="name" v="Workshop"/></way>
 <way id="3"><nd ref="7"/><nd ref="8"/><nd ref="2"/><nd ref="1"/><nd ref="7"/>
- <tag k="indoor" v="room"/><tag k="level" v="0"/><tag k="opening_hours" v="sometimes"/></way>
+ <tag k="indoor" v="room"/><tag k="level" v="0"/><tag k="name" v="Shed"/><tag k="opening_hours" v="sometimes"/></way>
 </osm>)";
 
 class ImportBuilding : public testing::Test {

@@ -89,7 +89,7 @@ class Program {
       if (!text.starts_with("ORIVANTA_") && !text.starts_with("XDG_") && !text.starts_with("HOME="))
         result.emplace_back(text);
     }
-    result.emplace_back("HOME=/nonexistent");
+    result.emplace_back("HOME=/dev/null");
     return result;
   }
 

@@ -76,9 +76,12 @@ TEST(Connectors, FollowFromShapes) {
       {"flights end to end",
        {{AreaKind::stairs, {0, low}}, {AreaKind::stairs, {1, box(8, 13.2, 10, 18)}}},
        "stairs 0 1"},
-      {"flights in line with a gap",
-       {{AreaKind::escalator, {0, low}}, {AreaKind::escalator, {1, box(8, 17, 10, 19)}}},
-       "escalator 0; escalator 1"},
+      {"lifts near each other",
+       {{AreaKind::elevator, {0, low}}, {AreaKind::elevator, {1, box(8, 15, 10, 17)}}},
+       "elevator 0; elevator 1"},
+      {"flights that can only belong together",
+       {{AreaKind::escalator, {0, low}}, {AreaKind::escalator, {1, box(12, 15, 18, 17)}}},
+       "escalator 0 1"},
       {"long flights in line with a gap",
        {{AreaKind::escalator, {0, box(8, 1, 9, 6)}}, {AreaKind::escalator, {1, box(8, 12, 9, 17)}}},
        "escalator 0 1"},
@@ -126,7 +129,7 @@ TEST(Connectors, FollowFromWhatTheSourceSays) {
     door.id = "door" + std::to_string(static_cast<int>(level));
     door.level = level;
     door.position = {7, 6};
-    door.areas = {building.areas.back().id};
+    door.areas = {building.areas.back().id, "hall"};
     building.doors.push_back(door);
   }
   Line steps;

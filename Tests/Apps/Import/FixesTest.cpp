@@ -41,7 +41,7 @@ TEST(Fixes, AreApplied) {
   EXPECT_EQ(withId(building.areas, "lab").kind, AreaKind::walkway);
   EXPECT_EQ(withId(building.places, "lab").names.name, "Gang");
   EXPECT_EQ(withId(building.places, "lab").hours, "Mo-Fr 08:00-17:00");
-  EXPECT_NEAR(withId(building.doors, "fix-kitchen").position.x, 27.0, 0.3);
+  EXPECT_NEAR(withId(building.doors, "fix-kitchen").position.x, 26.0, 0.3);
   EXPECT_NEAR(withId(building.doors, "fix-studio").position.x, 0.0, 0.01);
   EXPECT_EQ(withId(building.doors, "fix-archive").level, 2.0);
   EXPECT_EQ(withId(building.connectorHints, "fix-archive").areas.size(), 2U);

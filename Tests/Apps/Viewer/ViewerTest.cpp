@@ -136,7 +136,10 @@ TEST_F(ViewerTest, LeadsToTheNearestPlaceOfACategory) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
   VenueView& view = stage.untilShown();
   stage.tap(view.panels().search->field());
-  stage.type("toil");
+  stage.type("t");  // before there are any results
+  stage.until([&] { return view.panels().search->list().marked().has_value(); });
+  EXPECT_EQ(view.panels().search->list().inSight().begin()->first, 0U);
+  stage.type("oil");
   stage.viewer.keyPressed({Key::enter});
   stage.until([&] { return !view.panels().route->isHidden(); });
   EXPECT_FALSE(view.session().route() || view.session().isPlanning()) << "there is no start yet";
