@@ -52,7 +52,8 @@ class WritePackage : public testing::Test {
         all[fs::relative(entry.path(), folder).string()] = contents(entry.path());
     return all;
   }
-  json::value records(const char* name) const { return json::parse(contents(folder_ / name)); }
+  json::value parsed(const char* name) const { return json::parse(contents(folder_ / name)); }
+  json::array records(const char* name) const { return parsed(name).as_array(); }
 };
 
 }  // namespace
@@ -62,7 +63,7 @@ TEST_F(WritePackage, RecordsReferToEachOther) {
   writePackage(building, folder_);
   std::set<std::string> maps;
   std::map<std::string, std::string> materials;  // of all models, by map
-  for (const json::value& map : records("map.json").as_array()) {
+  for (const json::value& map : records("map.json")) {
     const std::string id(map.at("id").as_string());
     maps.insert(id);
     materials[id] = contents(folder_ / map.at("scene").at("mtl").as_string().c_str());
@@ -70,10 +71,10 @@ TEST_F(WritePackage, RecordsReferToEachOther) {
   }
   EXPECT_EQ(maps.size(), 3U);
   std::set<std::string> nodes;
-  for (const json::value& node : records("node.json").as_array())
+  for (const json::value& node : records("node.json"))
     nodes.emplace(node.at("id").as_string());
   std::set<std::string> polygons;
-  for (const json::value& polygon : records("polygon.json").as_array()) {
+  for (const json::value& polygon : records("polygon.json")) {
     const std::string id(polygon.at("id").as_string());
     polygons.insert(id);
     EXPECT_NE(materials.at(std::string(polygon.at("map").as_string())).find("newmtl " + id + "\n"),
@@ -83,7 +84,7 @@ TEST_F(WritePackage, RecordsReferToEachOther) {
       EXPECT_TRUE(nodes.contains(std::string(door.at("id").as_string())));
   }
   std::map<std::string, json::value> places;
-  for (const json::value& place : records("location.json").as_array()) {
+  for (const json::value& place : records("location.json")) {
     places[std::string(place.at("name").as_string())] = place;
     EXPECT_FALSE(place.at("nodes").as_array().empty()) << place;
     for (const json::value& node : place.at("nodes").as_array())
@@ -94,14 +95,14 @@ TEST_F(WritePackage, RecordsReferToEachOther) {
   EXPECT_EQ(places.size(), 13U);  // twelve rooms and the entrance
   EXPECT_EQ(places.at("Entrance").at("type"), "entrance");
   EXPECT_EQ(places.at("Library").at("names").at("de"), "Bibliothek");
-  const json::value connectors = records("vortex.json");
+  const json::array connectors = records("vortex.json");
   ASSERT_EQ(connectors.as_array().size(), 3U);
   EXPECT_EQ(connectors.at(0).at("type"), "elevator");  // those without steps come first
   for (const json::value& connector : connectors.as_array())
     for (const json::value& node : connector.at("nodes").as_array())
       EXPECT_TRUE(nodes.contains(std::string(node.as_string())));
-  EXPECT_EQ(records("venue.json").at("slug"), "house-of-trades");
-  EXPECT_EQ(records("venue.json").at("unitsPerMetre"), 20.0);
+  EXPECT_EQ(parsed("venue.json").at("slug"), "house-of-trades");
+  EXPECT_EQ(parsed("venue.json").at("unitsPerMetre"), 20.0);
 }
 
 TEST_F(WritePackage, SameBuildingGivesSameBytes) {
