@@ -96,9 +96,9 @@ TEST_F(WritePackage, RecordsReferToEachOther) {
   EXPECT_EQ(places.at("Entrance").at("type"), "entrance");
   EXPECT_EQ(places.at("Library").at("names").at("de"), "Bibliothek");
   const json::array connectors = records("vortex.json");
-  ASSERT_EQ(connectors.as_array().size(), 3U);
+  ASSERT_EQ(connectors.size(), 3U);
   EXPECT_EQ(connectors.at(0).at("type"), "elevator");  // those without steps come first
-  for (const json::value& connector : connectors.as_array())
+  for (const json::value& connector : connectors)
     for (const json::value& node : connector.at("nodes").as_array())
       EXPECT_TRUE(nodes.contains(std::string(node.as_string())));
   EXPECT_EQ(parsed("venue.json").at("slug"), "house-of-trades");
