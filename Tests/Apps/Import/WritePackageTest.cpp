@@ -71,8 +71,7 @@ TEST_F(WritePackage, RecordsReferToEachOther) {
   }
   EXPECT_EQ(maps.size(), 3U);
   std::set<std::string> nodes;
-  for (const json::value& node : records("node.json"))
-    nodes.emplace(node.at("id").as_string());
+  for (const json::value& node : records("node.json")) nodes.emplace(node.at("id").as_string());
   std::set<std::string> polygons;
   for (const json::value& polygon : records("polygon.json")) {
     const std::string id(polygon.at("id").as_string());
@@ -102,7 +101,7 @@ TEST_F(WritePackage, RecordsReferToEachOther) {
     for (const json::value& node : connector.at("nodes").as_array())
       EXPECT_TRUE(nodes.contains(std::string(node.as_string())));
   EXPECT_EQ(parsed("venue.json").at("slug"), "house-of-trades");
-  EXPECT_EQ(parsed("venue.json").at("unitsPerMetre"), 20.0);
+  EXPECT_EQ(parsed("venue.json").at("unitsPerMetre").to_number<double>(), 20.0);
 }
 
 TEST_F(WritePackage, SameBuildingGivesSameBytes) {
@@ -168,13 +167,12 @@ TEST(Bridges, CoverThePolygonWithoutItsHoles) {
 TEST(Review, NamesWhatCannotBeReached) {
   Building building = house::make();
   std::erase_if(building.areas, [](const Area& area) {
-    return area.level == 1.0 && (area.kind == AreaKind::stairs || area.kind == AreaKind::elevator ||
-                                 area.kind == AreaKind::escalator);
+    return area.kind == AreaKind::escalator ||
+           (area.level == 1.0 &&
+            (area.kind == AreaKind::stairs || area.kind == AreaKind::elevator));
   });
+  std::erase_if(building.doors, [](const Door& door) { return door.id == "lift-door@1"; });
   building = imported(building);
-  std::erase_if(building.connectors, [](const Connector& connector) {
-    return connector.kind == ConnectorKind::escalator;
-  });
   Findings findings;
   reviewBuilding(building, findings);
   const Summary summary = summarize(building);
