@@ -2,8 +2,8 @@
 //
 // A thin layer over GEOS, which nothing else includes. All functions take and return plain
 // polygons in meters and may be called from any thread. An operation that fails is repeated with
-// rounded input. If that fails, too, the first argument is returned as it is; a repair and `snapped`
-// then return nothing.
+// rounded input. If that fails, too, the first argument is returned as it is; a repair and
+// `snapped` then return nothing.
 #pragma once
 
 #include <vector>

@@ -10,8 +10,8 @@
 #include "Apps/Import/Findings.hpp"
 #include "Apps/Import/Options.hpp"
 #include "Apps/Import/Read/GeoJson.hpp"
-#include "Apps/Import/Read/Sources.hpp"
 #include "Apps/Import/Read/ReferenceSystem.hpp"
+#include "Apps/Import/Read/Sources.hpp"
 
 namespace orivanta::importer {
 
