@@ -188,12 +188,14 @@ importer::Options importerOptions(const ImportOptions& given) {
 
 std::string sourceNames(const ImportOptions& options) {
   std::vector<std::string> names;
+  names.reserve(options.sources.size());
   for (const auto& source : options.sources) names.push_back(source.string());
   return fmt::format("{}", fmt::join(names, " "));
 }
 
 std::vector<std::string> importFormats() {
   std::vector<std::string> names;
+  names.reserve(formats.size());
   for (const auto& [name, format] : formats) names.emplace_back(name);
   return names;
 }

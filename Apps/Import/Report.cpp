@@ -151,6 +151,7 @@ Report buildingReport(const Building& building, const Findings& findings, std::s
   report.findings = findings.sorted();
   if (!report.findings.empty()) report.corrections = fixesSkeleton(report.findings);
   std::vector<const Storey*> storeys;
+  storeys.reserve(building.storeys.size());
   for (const Storey& storey : building.storeys) storeys.push_back(&storey);
   std::stable_sort(storeys.begin(), storeys.end(), [](const Storey* first, const Storey* second) {
     return first->ordinal > second->ordinal;

@@ -84,6 +84,7 @@ NetworkParts networkParts(const Building& building) {
       rooms[sets.find(node->second)].push_back(i);
   }
   std::vector<std::size_t> order;
+  order.reserve(rooms.size());
   for (const auto& [part, list] : rooms) order.push_back(part);
   std::stable_sort(order.begin(), order.end(),
                    [&](std::size_t a, std::size_t b) { return rooms[a].size() > rooms[b].size(); });

@@ -152,6 +152,7 @@ std::vector<std::vector<std::size_t>> PieceSets::all() const {
   std::map<std::size_t, std::vector<std::size_t>> sets;
   for (std::size_t i = 0; i < parents_.size(); ++i) sets[find(i)].push_back(i);
   std::vector<std::vector<std::size_t>> list;
+  list.reserve(sets.size());
   for (auto& [first, set] : sets) list.push_back(std::move(set));
   return list;
 }

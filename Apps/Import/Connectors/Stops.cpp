@@ -145,6 +145,7 @@ double Surroundings::distance(double level, Point point) const {
 std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
                           const Surroundings& surroundings) {
   std::vector<Contacts> contacts;
+  contacts.reserve(pieces.size());
   for (const Piece* piece : pieces) contacts.push_back(boardable(*piece, surroundings));
   std::vector<Stop> stops;
   for (std::size_t i = 0; i < pieces.size(); ++i) {

@@ -65,9 +65,11 @@ std::vector<const Area*> AreaIndex::within(Point low, Point high) const {
   std::vector<Tree::Item> items;
   tree_->boxes.query(bg::index::intersects(boxOf(low, high)), std::back_inserter(items));
   std::vector<std::size_t> order;
+  order.reserve(items.size());
   for (const Tree::Item& item : items) order.push_back(item.second);
   std::sort(order.begin(), order.end());
   std::vector<const Area*> found;
+  found.reserve(order.size());
   for (const std::size_t i : order) found.push_back(tree_->areas[i]);
   return found;
 }

@@ -155,6 +155,7 @@ bool isValid(const Shape& shape) { return GEOSisValid_r(handle(), geometryOf(sha
 Shape united(const Shape& shape) {
   if (shape.empty()) return {};
   std::vector<Geometry> parts;
+  parts.reserve(shape.size());
   for (const Polygon& polygon : shape) parts.push_back(geometryOf(polygon));
   const Geometry all = collectionOf(GEOS_GEOMETRYCOLLECTION, std::move(parts));
   if (GEOSGeometry* result = GEOSUnaryUnion_r(handle(), all.get()))

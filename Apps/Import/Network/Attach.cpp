@@ -33,6 +33,7 @@ std::vector<std::uint32_t> singlesOf(const Draft& draft) {
 std::vector<Segment> segmentsOf(const Draft& draft, const std::vector<std::size_t>& lines,
                                 const std::vector<std::uint32_t>& singles) {
   std::vector<Segment> segments;
+  segments.reserve(lines.size());
   for (const std::size_t i : lines)
     segments.push_back(
         {draft.nodes[draft.edges[i].from].position, draft.nodes[draft.edges[i].to].position});

@@ -52,6 +52,7 @@ class Shortcuts {
 
   static std::vector<Segment> pointsOf(const Draft& draft) {
     std::vector<Segment> points;
+    points.reserve(draft.nodes.size());
     for (const DraftNode& node : draft.nodes) points.push_back({node.position, node.position});
     return points;
   }

@@ -23,6 +23,7 @@ struct Crossing {
 
 std::vector<Crossing> crossingsOf(const Draft& draft) {
   std::vector<Segment> lines;
+  lines.reserve(draft.edges.size());
   for (const DraftEdge& edge : draft.edges)
     lines.push_back({draft.nodes[edge.from].position, draft.nodes[edge.to].position});
   const SegmentGrid grid(lines, 0.0);
@@ -153,6 +154,7 @@ void removeDeadEnds(Draft& draft) {
   for (Index i = 0; i < draft.edges.size(); ++i)
     for (const Index end : {draft.edges[i].from, draft.edges[i].to}) edges[end].push_back(i);
   std::vector<std::size_t> counts;
+  counts.reserve(edges.size());
   for (const std::vector<Index>& of : edges) counts.push_back(of.size());
   std::vector<bool> removed(draft.edges.size());
   for (Index first = 0; first < draft.nodes.size(); ++first)

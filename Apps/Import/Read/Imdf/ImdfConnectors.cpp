@@ -62,6 +62,7 @@ class Groups {
         join(groups.at(root), hints_[each]);
     }
     std::vector<ConnectorHint> result;
+    result.reserve(groups.size());
     for (auto& [root, hint] : groups) result.push_back(std::move(hint));
     return result;
   }
@@ -123,6 +124,7 @@ class ConnectorReader {
     hint.direction = directionOf(relationship, levels);
     if (hint.areas.empty() && hint.spots.size() < 2) return reportUnclear(relationship);
     std::vector<std::string> keys;
+    keys.reserve(hint.areas.size());
     for (const std::string& area : hint.areas) keys.push_back("area " + area);
     groups_.add(std::move(hint), keys);
   }
@@ -195,6 +197,7 @@ class ConnectorReader {
     for (const double level : levels)
       hint.spots.push_back({level, amenity.data.geometry.points.front()});
     std::vector<std::string> keys;
+    keys.reserve(hint.areas.size());
     for (const std::string& area : hint.areas) keys.push_back("area " + area);
     if (const std::string shared = amenity.text("correlation_id"); !shared.empty())
       keys.push_back("correlation " + shared);

@@ -95,6 +95,7 @@ class NetworkReader {
   // The inner points of a transition, from a state that is at one of its ends.
   std::vector<Point> bendsOf(const GmlTransition& transition, Point start) const {
     std::vector<Point> line;
+    line.reserve(transition.line.size());
     for (const GmlPosition& position : transition.line) line.push_back(onPlane(position));
     if (line.size() < 3) return {};
     if (package::distance(line.back(), start) < package::distance(line.front(), start))

@@ -132,6 +132,7 @@ class Shapes {
 
   std::vector<OsmRing> ringsOf(const std::vector<const OsmWay*>& ways, std::size_t& open) const {
     std::vector<OsmRing> pieces;
+    pieces.reserve(ways.size());
     for (const OsmWay* way : ways) pieces.push_back(lineOf(*way).positions);
     return joinedRings(std::move(pieces), open);
   }
