@@ -155,6 +155,7 @@ class ConnectorMaker {
 
   void addConnector(const std::vector<std::size_t>& set) {
     std::vector<const Piece*> members;
+    members.reserve(set.size());
     for (const std::size_t i : set) members.push_back(&pieces_[i]);
     std::stable_sort(members.begin(), members.end(),
                      [](const Piece* a, const Piece* b) { return a->level < b->level; });

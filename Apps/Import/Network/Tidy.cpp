@@ -31,7 +31,8 @@ std::vector<Crossing> crossingsOf(const Draft& draft) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (draft.edges[i].inRoom) continue;
     std::set<std::size_t> met;
-    const auto [a, b] = lines[i];
+    const Point a = lines[i].a;
+    const Point b = lines[i].b;
     grid.anyAlong(lines[i], [&](std::size_t other) {
       if (other > i && !draft.edges[other].inRoom &&
           package::cross(a, b, lines[other].a, lines[other].b))

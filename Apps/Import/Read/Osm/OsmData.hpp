@@ -39,7 +39,7 @@ struct OsmPosition {
   std::int32_t longitude = 0;
   std::int32_t latitude = 0;
 
-  friend auto operator<=>(const OsmPosition&, const OsmPosition&) = default;
+  friend auto operator<=>(const OsmPosition&, const OsmPosition&) = default;  // NOLINT: no pointer
 };
 
 struct OsmNode {

@@ -36,7 +36,7 @@ class OsmTouching {
     std::size_t thing = 0;
     bool isStraight = false;
 
-    friend auto operator<=>(const Corner&, const Corner&) = default;
+    friend auto operator<=>(const Corner&, const Corner&) = default;  // NOLINT: no pointer
   };
 
   void addRing(const OsmRing& ring, std::size_t thing);
