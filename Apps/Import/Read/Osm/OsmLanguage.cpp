@@ -62,8 +62,8 @@ std::string languageOf(const std::vector<OsmThing>& things) {
     voteByCountry(*thing.tags, places);
   }
   // Brands have the same name in many languages; then the country decides.
-  const std::string country = winner(places);
-  const std::string language = winner(names);
+  std::string country = winner(places);
+  std::string language = winner(names);
   if (language.empty()) return country;
   return names[language] <= names[country] ? country : language;
 }

@@ -108,7 +108,7 @@ class AreaReader {
   // Unique in the building. The same identifier in another layer is no mistake.
   std::string idOf(const StationLayer& layer, const StationFeature& feature) {
     const std::string own(feature["id"]);
-    const std::string source = own.empty() ? fmt::format("{}:{}", layer.file, ids_.size()) : own;
+    std::string source = own.empty() ? fmt::format("{}:{}", layer.file, ids_.size()) : own;
     const auto [known, first] = ids_.emplace(source, Use{layer.kind, 1});
     if (first) return source;
     std::string id;

@@ -23,7 +23,10 @@ class Converter {
   Converter(const Converter&) = delete;
   Converter& operator=(const Converter&) = delete;
 
-  bool isOpen() const { return handle_ != reinterpret_cast<iconv_t>(std::intptr_t{-1}); }
+  bool isOpen() const {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the value that iconv_open returns on failure
+    return handle_ != reinterpret_cast<iconv_t>(std::intptr_t{-1});
+  }
 
   std::string convert(std::string_view text) {
     std::string result;
