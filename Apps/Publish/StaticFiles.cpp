@@ -59,7 +59,7 @@ std::string pathOf(std::string& baseUrl) {
   while (baseUrl.ends_with('/')) baseUrl.pop_back();
   const std::size_t host = baseUrl.find("://");
   const std::size_t slash = host == std::string::npos ? host : baseUrl.find('/', host + 3);
-  const std::string path = slash == std::string::npos ? std::string() : baseUrl.substr(slash);
+  std::string path = slash == std::string::npos ? std::string() : baseUrl.substr(slash);
   const bool usable = std::all_of(path.begin(), path.end(), [](char character) {
     return isLetterOrDigit(character) ||
            std::string_view("/-._~").find(character) != std::string_view::npos;
