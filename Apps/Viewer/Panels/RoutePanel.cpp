@@ -22,6 +22,7 @@ Icon pauseIcon() { return {{{{8, 5}, {8, 19}}, {{16, 5}, {16, 19}}}, 4}; }
 
 std::vector<std::string> profileTitles(const guidance::InterfaceTexts& texts) {
   std::vector<std::string> titles;
+  titles.reserve(profileChoices.size());
   for (const ProfileChoice& choice : profileChoices) titles.push_back(texts.text(choice.titleKey));
   return titles;
 }
