@@ -138,7 +138,7 @@ class FloorBuilder {
     const std::vector<Boarding>& boarding = boarding_[area.id];
     if (area.kind == AreaKind::elevator) {
       addShaft(model_, polygon, heights_);
-      if (!boarding.empty()) doors_.push_back({&polygon, boarding.front().position});
+      if (!boarding.empty()) doors_.emplace_back(&polygon, boarding.front().position);
       return;
     }
     const bool down = !boarding.empty() && boarding.front().down;
