@@ -92,16 +92,18 @@ class Handler {
 
 }  // namespace
 
-void* BoundedMemory::do_allocate(std::size_t bytes, std::size_t alignment) {
+// Boost.JSON frees some strings with another alignment than it has requested. None is greater than
+// that of every allocation.
+void* BoundedMemory::do_allocate(std::size_t bytes, std::size_t /*alignment*/) {
   if (bytes > left_) throw std::bad_alloc();
-  void* piece = ::operator new(bytes, std::align_val_t(alignment));
+  void* piece = ::operator new(bytes);
   left_ -= bytes;
   return piece;
 }
 
-void BoundedMemory::do_deallocate(void* piece, std::size_t bytes, std::size_t alignment) {
+void BoundedMemory::do_deallocate(void* piece, std::size_t bytes, std::size_t /*alignment*/) {
   left_ += bytes;
-  ::operator delete(piece, std::align_val_t(alignment));
+  ::operator delete(piece);
 }
 
 ParsedJson parseJson(std::string_view text, json::storage_ptr memory) {
