@@ -117,6 +117,7 @@ TEST_F(Publish, OrdinaryClientsSeeTheSameFromNginxAsFromTheServer) {
   options.folders = {demo, root_.path() / "small"};
   const server::VenueServer server(options);
   const std::string picture = (root_.path() / "picture.png").string();
+  const std::string cache = "XDG_CACHE_HOME=" + (root_.path() / "cache").string();
   const std::vector<std::vector<std::string>> queries = {
       {"venues"},
       {"venue", "small", "--locations"},
@@ -130,7 +131,7 @@ TEST_F(Publish, OrdinaryClientsSeeTheSameFromNginxAsFromTheServer) {
       std::vector<std::string> results;
       for (const std::string& root : {server.root(), origin + "/maps/1/"}) {
         const auto result =
-            runProgram(query, {"ORIVANTA_ENDPOINT=" + root, language, "LC_ALL=C.UTF-8"});
+            runProgram(query, {"ORIVANTA_ENDPOINT=" + root, language, "LC_ALL=C.UTF-8", cache});
         EXPECT_EQ(result.exitCode, 0) << result.errors;
         results.push_back(isPicture ? test::contentsOf(picture) : result.output);
       }
