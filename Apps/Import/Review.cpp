@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 
+#include "Apps/Import/Connectors/FromLines.hpp"
 #include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Stages.hpp"
 #include "Apps/Import/Summary.hpp"
@@ -16,19 +17,7 @@ namespace {
 constexpr std::size_t listedRooms = 5;
 
 std::string_view wordFor(ConnectorKind kind) {
-  switch (kind) {
-    case ConnectorKind::elevator:
-      return "elevator";
-    case ConnectorKind::escalator:
-      return "escalator";
-    case ConnectorKind::stairs:
-      return "stairs";
-    case ConnectorKind::ramp:
-      return "ramp";
-    case ConnectorKind::movingWalkway:
-      break;
-  }
-  return "moving walkway";
+  return kind == ConnectorKind::movingWalkway ? "moving walkway" : wordOf(kind);
 }
 
 // Looks for what visitors would miss, and reports it.

@@ -51,7 +51,7 @@ TEST(Fixes, AreApplied) {
 TEST(Fixes, ReportWhatTheyCannotUse) {
   const std::pair<const char*, const char*> cases[] = {
       {R"({"nowhere": {"ignore": true}})", "fix-unknown-id"},
-      {R"({"lab": {"colour": "red"}})", "fix-unusable"},
+      {R"({"lab": {"color": "red"}})", "fix-unusable"},
       {R"({"lab": {"kind": "tent"}})", "fix-unusable"},
       {R"({"lab": {"door": "kitchen"}})", "fix-unusable"},
       {R"({"lab": {"joins": [7]}})", "fix-unusable"},
