@@ -19,10 +19,10 @@
 #include <queue>
 #include <set>
 
+#include "Apps/Import/Doors/WalkableSpace.hpp"
+#include "Apps/Import/Geometry/OpenShape.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
 #include "Apps/Import/Import.hpp"
-#include "Apps/Import/OpenShape.hpp"
-#include "Apps/Import/WalkableSpace.hpp"
 #include "Benchmarks/NetworkDrawing.hpp"
 #include "Benchmarks/SurveyedPackage.hpp"
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <fstream>
 
-#include "Apps/Import/WalkableSpace.hpp"
+#include "Apps/Import/Doors/WalkableSpace.hpp"
 
 namespace orivanta::benchmarks {
 

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "Apps/Import/Report.hpp"
+#include "Apps/Import/Report/Report.hpp"
 
 namespace orivanta::check {
 

@@ -11,7 +11,7 @@
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/ProgressLine.hpp"
 #include "Apps/Import/Import.hpp"
-#include "Apps/Import/Report.hpp"
+#include "Apps/Import/Report/Report.hpp"
 #include "Apps/Import/SourceError.hpp"
 
 namespace orivanta::command {

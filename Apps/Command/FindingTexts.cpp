@@ -8,7 +8,7 @@
 #include <tuple>
 #include <vector>
 
-#include "Apps/Import/Report.hpp"
+#include "Apps/Import/Report/Report.hpp"
 #include "Apps/Text/Json.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 

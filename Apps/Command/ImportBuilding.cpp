@@ -15,10 +15,10 @@
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/ProgressLine.hpp"
 #include "Apps/Import/Import.hpp"
-#include "Apps/Import/Report.hpp"
+#include "Apps/Import/Report/Report.hpp"
+#include "Apps/Import/Report/Summary.hpp"
 #include "Apps/Import/SourceError.hpp"
-#include "Apps/Import/Summary.hpp"
-#include "Apps/Import/WritePackage.hpp"
+#include "Apps/Import/Write/WritePackage.hpp"
 #include "Apps/Text/Json.hpp"
 
 namespace orivanta::command {

@@ -7,7 +7,7 @@
 
 #include "Apps/Check/CheckPackage.hpp"
 #include "Apps/Command/Output.hpp"
-#include "Apps/Import/Report.hpp"
+#include "Apps/Import/Report/Report.hpp"
 #include "Apps/Publish/StaticFiles.hpp"
 #include "Apps/Server/PackageError.hpp"
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "Apps/Import/Fixes.hpp"
+#include "Apps/Import/Fixes/Fixes.hpp"
 #include "Apps/Import/Read/Sources.hpp"
 #include "Apps/Import/Stages.hpp"
 

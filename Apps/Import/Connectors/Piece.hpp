@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "Apps/Import/Building.hpp"
+#include "Apps/Import/Geometry/OrientedBox.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
-#include "Apps/Import/OrientedBox.hpp"
 
 namespace orivanta::importer {
 

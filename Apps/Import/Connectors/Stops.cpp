@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Geometry/Shapes.hpp"
-#include "Apps/Import/WalkableSpace.hpp"
 
 namespace orivanta::importer {
 

@@ -2,9 +2,9 @@
 #include <cmath>
 #include <utility>
 
+#include "Apps/Import/Geometry/OrientedBox.hpp"
 #include "Apps/Import/Model/AreaModels.hpp"
 #include "Apps/Import/Model/Bridges.hpp"
-#include "Apps/Import/OrientedBox.hpp"
 
 namespace orivanta::importer {
 

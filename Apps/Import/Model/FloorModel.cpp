@@ -4,9 +4,9 @@
 #include <map>
 #include <set>
 
-#include "Apps/Import/Categories.hpp"
+#include "Apps/Import/Geometry/OrientedBox.hpp"
 #include "Apps/Import/Model/AreaModels.hpp"
-#include "Apps/Import/OrientedBox.hpp"
+#include "Apps/Import/Places/Categories.hpp"
 #include "Apps/Package/Palette.hpp"
 
 namespace orivanta::importer {

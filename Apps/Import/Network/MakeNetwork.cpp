@@ -7,9 +7,9 @@
 #include <set>
 #include <stdexcept>
 
+#include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Network/StoreyNetwork.hpp"
 #include "Apps/Import/Stages.hpp"
-#include "Apps/Import/WalkableSpace.hpp"
 
 namespace orivanta::importer {
 

@@ -1,12 +1,12 @@
 #include "Apps/Import/Network/Rooms.hpp"
 
+#include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Geometry/InnerPoint.hpp"
+#include "Apps/Import/Geometry/OpenShape.hpp"
 #include "Apps/Import/Network/Attach.hpp"
 #include "Apps/Import/Network/Sight.hpp"
 #include "Apps/Import/Network/Tidy.hpp"
 #include "Apps/Import/Network/Trunk.hpp"
-#include "Apps/Import/OpenShape.hpp"
-#include "Apps/Import/WalkableSpace.hpp"
 
 namespace orivanta::importer {
 

@@ -10,6 +10,7 @@
 #include <set>
 #include <utility>
 
+#include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Geometry/InnerPoint.hpp"
 #include "Apps/Import/Network/Attach.hpp"
 #include "Apps/Import/Network/Obstacles.hpp"
@@ -19,7 +20,6 @@
 #include "Apps/Import/Network/SourceLines.hpp"
 #include "Apps/Import/Network/Tidy.hpp"
 #include "Apps/Import/Network/Trunk.hpp"
-#include "Apps/Import/WalkableSpace.hpp"
 
 namespace orivanta::importer {
 

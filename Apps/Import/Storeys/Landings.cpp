@@ -9,8 +9,8 @@
 #include <tuple>
 #include <utility>
 
-#include "Apps/Import/Levels.hpp"
 #include "Apps/Import/Storeys/EachLevel.hpp"
+#include "Apps/Import/Storeys/Levels.hpp"
 
 namespace orivanta::importer {
 

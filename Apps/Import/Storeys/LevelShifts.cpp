@@ -7,8 +7,8 @@
 #include <set>
 #include <utility>
 
-#include "Apps/Import/Levels.hpp"
 #include "Apps/Import/Storeys/EachLevel.hpp"
+#include "Apps/Import/Storeys/Levels.hpp"
 
 namespace orivanta::importer {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "Apps/Import/Levels.hpp"
+#include "Apps/Import/Storeys/Levels.hpp"
 
 namespace orivanta::importer {
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "Tests/Apps/Command/Program.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta::command {
 namespace {
@@ -31,12 +32,7 @@ constexpr const char* extract = R"(<osm version="0.6">
 
 class ImportBuilding : public testing::Test {
  protected:
-  void SetUp() override {
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-    std::ofstream(folder_ / "house.osm") << extract;
-  }
-  void TearDown() override { fs::remove_all(folder_); }
+  void SetUp() override { std::ofstream(folder_ / "house.osm") << extract; }
 
   ProgramResult import(const std::vector<std::string>& more,
                        const std::string& source = "house.osm") const {
@@ -46,7 +42,8 @@ class ImportBuilding : public testing::Test {
     return runProgram(arguments, {});
   }
 
-  fs::path folder_ = fs::path(testing::TempDir()) / "import-building";
+  const test::TemporaryFolder temporary_;
+  const fs::path folder_ = temporary_.path();
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "Apps/Import/Categories.hpp"
+#include "Apps/Import/Places/Categories.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Apps/Import/Fixes.hpp"
+#include "Apps/Import/Fixes/Fixes.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Apps/Import/Levels.hpp"
+#include "Apps/Import/Storeys/Levels.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "Apps/Import/WritePackage.hpp"
+#include "Apps/Import/Write/WritePackage.hpp"
 
 #include <gtest/gtest.h>
 
@@ -13,8 +13,8 @@
 
 #include "Apps/Import/Model/Bridges.hpp"
 #include "Apps/Import/PackageLayout.hpp"
+#include "Apps/Import/Report/Summary.hpp"
 #include "Apps/Import/Stages.hpp"
-#include "Apps/Import/Summary.hpp"
 #include "Tests/Apps/Import/House/House.hpp"
 
 namespace orivanta::importer {

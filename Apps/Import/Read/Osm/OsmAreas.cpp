@@ -4,11 +4,11 @@
 #include <set>
 #include <utility>
 
-#include "Apps/Import/Levels.hpp"
 #include "Apps/Import/Read/Osm/OsmConversion.hpp"
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
 #include "Apps/Import/Read/Osm/OsmPlaces.hpp"
 #include "Apps/Import/Read/Osm/OsmValues.hpp"
+#include "Apps/Import/Storeys/Levels.hpp"
 
 namespace orivanta::importer {
 

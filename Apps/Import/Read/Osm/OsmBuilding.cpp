@@ -4,7 +4,6 @@
 #include <cmath>
 #include <utility>
 
-#include "Apps/Import/Levels.hpp"
 #include "Apps/Import/Read/Osm/OsmConversion.hpp"
 #include "Apps/Import/Read/Osm/OsmLanguage.hpp"
 #include "Apps/Import/Read/Osm/OsmLevels.hpp"
@@ -14,6 +13,7 @@
 #include "Apps/Import/Read/Osm/OsmShapes.hpp"
 #include "Apps/Import/Read/Osm/OsmValues.hpp"
 #include "Apps/Import/SourceError.hpp"
+#include "Apps/Import/Storeys/Levels.hpp"
 
 namespace orivanta::importer {
 

@@ -7,9 +7,9 @@
 #include <map>
 #include <set>
 
-#include "Apps/Import/Levels.hpp"
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
 #include "Apps/Import/Read/Osm/OsmTouching.hpp"
+#include "Apps/Import/Storeys/Levels.hpp"
 
 namespace orivanta::importer {
 

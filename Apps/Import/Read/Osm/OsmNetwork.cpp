@@ -6,9 +6,9 @@
 
 #include <fmt/core.h>
 
-#include "Apps/Import/Levels.hpp"
 #include "Apps/Import/Read/Osm/OsmConversion.hpp"
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
+#include "Apps/Import/Storeys/Levels.hpp"
 
 namespace orivanta::importer {
 

@@ -2,10 +2,10 @@
 #include <map>
 #include <utility>
 
-#include "Apps/Import/Levels.hpp"
 #include "Apps/Import/Read/Osm/OsmConversion.hpp"
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
 #include "Apps/Import/Read/Osm/OsmValues.hpp"
+#include "Apps/Import/Storeys/Levels.hpp"
 
 namespace orivanta::importer {
 

@@ -5,11 +5,11 @@
 #include <set>
 #include <utility>
 
-#include "Apps/Import/Levels.hpp"
 #include "Apps/Import/Stages.hpp"
 #include "Apps/Import/Storeys/EachLevel.hpp"
 #include "Apps/Import/Storeys/Landings.hpp"
 #include "Apps/Import/Storeys/LevelShifts.hpp"
+#include "Apps/Import/Storeys/Levels.hpp"
 #include "Apps/Import/Storeys/StoreyNames.hpp"
 
 namespace orivanta::importer {

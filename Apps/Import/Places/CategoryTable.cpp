@@ -1,7 +1,7 @@
 #include <map>
 #include <stdexcept>
 
-#include "Apps/Import/Categories.hpp"
+#include "Apps/Import/Places/Categories.hpp"
 
 namespace orivanta::importer {
 

@@ -1,4 +1,4 @@
-#include "Apps/Import/Summary.hpp"
+#include "Apps/Import/Report/Summary.hpp"
 
 #include <fmt/format.h>
 

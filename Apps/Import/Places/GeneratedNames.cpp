@@ -1,8 +1,8 @@
-#include "Apps/Import/GeneratedNames.hpp"
+#include "Apps/Import/Places/GeneratedNames.hpp"
 
 #include <algorithm>
 
-#include "Apps/Import/Categories.hpp"
+#include "Apps/Import/Places/Categories.hpp"
 
 namespace orivanta::importer {
 

@@ -1,4 +1,4 @@
-#include "Apps/Import/Pictures.hpp"
+#include "Apps/Import/Write/Pictures.hpp"
 
 #include <algorithm>
 #include <map>

@@ -1,4 +1,4 @@
-#include "Apps/Import/OrientedBox.hpp"
+#include "Apps/Import/Geometry/OrientedBox.hpp"
 
 #include <algorithm>
 #include <utility>

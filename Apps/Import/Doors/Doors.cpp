@@ -3,9 +3,9 @@
 #include <map>
 #include <set>
 
-#include "Apps/Import/Doorway.hpp"
+#include "Apps/Import/Doors/Doorway.hpp"
+#include "Apps/Import/Doors/GuessDoors.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
-#include "Apps/Import/GuessDoors.hpp"
 #include "Apps/Import/Stages.hpp"
 
 namespace orivanta::importer {

@@ -1,4 +1,4 @@
-#include "Apps/Import/OpenShape.hpp"
+#include "Apps/Import/Geometry/OpenShape.hpp"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "Apps/Import/WritePackage.hpp"
+#include "Apps/Import/Write/WritePackage.hpp"
 
 #include <fcntl.h>
 #include <fmt/format.h>
@@ -10,11 +10,11 @@
 #include <string>
 #include <system_error>
 
-#include "Apps/Import/FloorPlan.hpp"
 #include "Apps/Import/Model/FloorModel.hpp"
-#include "Apps/Import/PackageRecords.hpp"
-#include "Apps/Import/Pictures.hpp"
-#include "Apps/Import/PlacePictures.hpp"
+#include "Apps/Import/Write/FloorPlan.hpp"
+#include "Apps/Import/Write/PackageRecords.hpp"
+#include "Apps/Import/Write/Pictures.hpp"
+#include "Apps/Import/Write/PlacePictures.hpp"
 #include "Apps/Package/Records.hpp"
 #include "Apps/Package/TextFile.hpp"
 

@@ -2,7 +2,7 @@
 #include <map>
 #include <utility>
 
-#include "Apps/Import/Categories.hpp"
+#include "Apps/Import/Places/Categories.hpp"
 
 namespace orivanta::importer {
 

@@ -1,4 +1,4 @@
-#include "Apps/Import/FloorPlan.hpp"
+#include "Apps/Import/Write/FloorPlan.hpp"
 
 #include <fmt/format.h>
 
@@ -9,9 +9,9 @@
 #include <map>
 #include <string_view>
 
-#include "Apps/Import/Categories.hpp"
 #include "Apps/Import/Geometry/InnerPoint.hpp"
 #include "Apps/Import/Model/FloorModel.hpp"
+#include "Apps/Import/Places/Categories.hpp"
 #include "Apps/Package/Palette.hpp"
 
 namespace orivanta::importer {

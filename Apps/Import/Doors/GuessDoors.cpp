@@ -1,4 +1,4 @@
-#include "Apps/Import/GuessDoors.hpp"
+#include "Apps/Import/Doors/GuessDoors.hpp"
 
 #include <algorithm>
 #include <array>
@@ -10,10 +10,10 @@
 #include <string>
 #include <utility>
 
+#include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
+#include "Apps/Import/Geometry/OpenShape.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
-#include "Apps/Import/OpenShape.hpp"
-#include "Apps/Import/WalkableSpace.hpp"
 
 namespace orivanta::importer {
 

@@ -5,9 +5,9 @@
 #include <set>
 #include <utility>
 
-#include "Apps/Import/Categories.hpp"
-#include "Apps/Import/GeneratedNames.hpp"
 #include "Apps/Import/MakeFinding.hpp"
+#include "Apps/Import/Places/Categories.hpp"
+#include "Apps/Import/Places/GeneratedNames.hpp"
 #include "Apps/Import/Stages.hpp"
 #include "Source/Guidance/OpeningHours.hpp"
 

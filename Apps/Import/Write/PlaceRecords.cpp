@@ -1,12 +1,12 @@
-#include "Apps/Import/PlaceRecords.hpp"
+#include "Apps/Import/Write/PlaceRecords.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 
-#include "Apps/Import/Categories.hpp"
-#include "Apps/Import/GeneratedNames.hpp"
-#include "Apps/Import/PlacePictures.hpp"
+#include "Apps/Import/Places/Categories.hpp"
+#include "Apps/Import/Places/GeneratedNames.hpp"
+#include "Apps/Import/Write/PlacePictures.hpp"
 
 namespace orivanta::importer {
 

@@ -5,7 +5,7 @@
 #include <boost/json/object.hpp>
 #include <filesystem>
 
-#include "Apps/Import/Categories.hpp"
+#include "Apps/Import/Places/Categories.hpp"
 
 namespace orivanta::importer {
 

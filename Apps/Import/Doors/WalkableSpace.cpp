@@ -1,4 +1,4 @@
-#include "Apps/Import/WalkableSpace.hpp"
+#include "Apps/Import/Doors/WalkableSpace.hpp"
 
 #include <algorithm>
 #include <map>
@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "Apps/Import/Doorway.hpp"
+#include "Apps/Import/Doors/Doorway.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
 

@@ -1,4 +1,4 @@
-#include "Apps/Import/PlacePictures.hpp"
+#include "Apps/Import/Write/PlacePictures.hpp"
 
 #include <fmt/format.h>
 

@@ -1,4 +1,4 @@
-#include "Apps/Import/Doorway.hpp"
+#include "Apps/Import/Doors/Doorway.hpp"
 
 #include <algorithm>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "Apps/Import/Report.hpp"
+#include "Apps/Import/Report/Report.hpp"
 
 #include <fmt/format.h>
 
@@ -7,8 +7,8 @@
 #include <string_view>
 #include <utility>
 
-#include "Apps/Import/Fixes.hpp"
-#include "Apps/Import/FloorPlan.hpp"
+#include "Apps/Import/Fixes/Fixes.hpp"
+#include "Apps/Import/Write/FloorPlan.hpp"
 #include "Apps/Package/TextFile.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 

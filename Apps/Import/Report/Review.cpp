@@ -7,8 +7,8 @@
 
 #include "Apps/Import/Connectors/FromLines.hpp"
 #include "Apps/Import/MakeFinding.hpp"
+#include "Apps/Import/Report/Summary.hpp"
 #include "Apps/Import/Stages.hpp"
-#include "Apps/Import/Summary.hpp"
 
 namespace orivanta::importer {
 

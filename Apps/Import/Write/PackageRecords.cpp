@@ -1,4 +1,4 @@
-#include "Apps/Import/PackageRecords.hpp"
+#include "Apps/Import/Write/PackageRecords.hpp"
 
 #include <fmt/format.h>
 
@@ -8,9 +8,9 @@
 #include <set>
 #include <utility>
 
-#include "Apps/Import/Categories.hpp"
-#include "Apps/Import/GeneratedNames.hpp"
-#include "Apps/Import/PlaceRecords.hpp"
+#include "Apps/Import/Places/Categories.hpp"
+#include "Apps/Import/Places/GeneratedNames.hpp"
+#include "Apps/Import/Write/PlaceRecords.hpp"
 
 namespace orivanta::importer {
 
