@@ -31,7 +31,7 @@ class Bytes {
     const int value = byte();
     if (value == 255) return std::nan("");
     if (value == 254) return 1e300;
-    if (value == 253) return 4000.0;
+    if (value == 253) return 400.0;
     return value * 0.25 + byte() * 0.001;
   }
 

@@ -177,7 +177,7 @@ std::vector<std::string> importFormats() {
   return names;
 }
 
-ExitCode importBuilding(const ImportOptions& options) try {
+ExitCode importBuilding(const ImportOptions& options) {
   importer::Findings findings;
   const importer::Building building = readBuilding(options, findings);
   const bool refused = options.strict && findings.count(importer::Severity::violation) +
@@ -196,9 +196,6 @@ ExitCode importBuilding(const ImportOptions& options) try {
   if (refused)
     complain(fmt::format("{} was not written because of --strict", options.output.string()));
   return refused ? ExitCode::notFound : ExitCode::success;
-} catch (...) {
-  ProgressLine::standardError().clear();
-  throw;
 }
 
 }  // namespace orivanta::command

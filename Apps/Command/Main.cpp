@@ -13,6 +13,7 @@
 #include "Apps/Command/Definition/SharedOptions.hpp"
 #include "Apps/Command/HelpTexts.hpp"
 #include "Apps/Command/Output.hpp"
+#include "Apps/Command/ProgressLine.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 
 namespace orivanta::command {
@@ -54,6 +55,7 @@ void define(CLI::App& app, CommandLine& line) {
 }
 
 int end(ExitCode code, std::string_view reason) {
+  ProgressLine::standardError().clear();
   complain(std::string(reason));
   return static_cast<int>(code);
 }

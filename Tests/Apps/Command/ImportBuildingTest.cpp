@@ -96,8 +96,8 @@ TEST_F(ImportBuilding, FailsWithoutTouchingTheTarget) {
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 TEST_F(ImportBuilding, ExplainsThatThereIsNotEnoughMemory) {
   const fs::path large = temporary_.write("large.osm", "");
-  fs::resize_file(large, 500U << 20U);  // sparse
-  const std::string command = "ulimit -v 900000; exec " ORIVANTA_COMMAND " import " +
+  fs::resize_file(large, 300U << 20U);  // sparse
+  const std::string command = "ulimit -v 300000; exec " ORIVANTA_COMMAND " import " +
                               large.string() + " -o " + (folder_ / "house").string() + " 2> " +
                               (folder_ / "errors").string();
   EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 6);

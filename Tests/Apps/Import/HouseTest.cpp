@@ -126,12 +126,18 @@ void expectWays(const Building& building,
   }
 }
 
-// The derived network as that of a source, which ends at the doors of rooms.
+// The derived network as that of a source, which ends before the doors of rooms.
 void giveNetwork(const Building& derived, Building& house) {
   const auto& [nodes, edges] = derived.network;
   const auto nameOf = [](std::size_t node) { return "n" + std::to_string(node); };
+  std::set<std::string> ofRooms;  // areas and doors
+  for (const Area& area : derived.areas)
+    if (area.kind == AreaKind::room) ofRooms.insert(area.id);
+  for (const Door& door : derived.doors)
+    for (const std::string& area : door.areas)
+      if (ofRooms.contains(area)) ofRooms.insert(door.id);
   for (std::size_t i = 0; i < nodes.size(); ++i)
-    if (nodes[i].kind != NodeKind::inside)
+    if (!ofRooms.contains(nodes[i].of))
       house.sourceNodes.push_back({nameOf(i), {nodes[i].level, nodes[i].position}});
   const auto link = [&](std::size_t from, std::size_t to, LinkKind kind, bool oneWay) {
     SourceLink made;
@@ -143,7 +149,7 @@ void giveNetwork(const Building& derived, Building& house) {
     house.sourceLinks.push_back(std::move(made));
   };
   for (const Edge& edge : edges)
-    if (nodes[edge.from].kind != NodeKind::inside && nodes[edge.to].kind != NodeKind::inside)
+    if (!ofRooms.contains(nodes[edge.from].of) && !ofRooms.contains(nodes[edge.to].of))
       link(edge.from, edge.to, LinkKind::walk, edge.oneWay);
   for (const Connector& connector : derived.connectors) {
     const LinkKind kind = connector.kind == ConnectorKind::elevator    ? LinkKind::elevator
