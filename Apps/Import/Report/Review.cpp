@@ -6,8 +6,8 @@
 #include <string>
 
 #include "Apps/Import/Connectors/FromLines.hpp"
+#include "Apps/Import/Findings.hpp"
 #include "Apps/Import/Geometry/SegmentGrid.hpp"
-#include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Report/Summary.hpp"
 #include "Apps/Import/Stages.hpp"
 
@@ -68,19 +68,17 @@ class Reviewer {
     return area.source.empty() ? area.id : area.source;
   }
 
-  void add(Severity severity, const char* rule, const std::string& source, Spot spot,
-           FindingTexts texts) {
-    findings_.add(makeFinding(severity, rule, source, spot, std::move(texts)));
-  }
-
   // Rooms that no node belongs to.
   void reviewRooms() {
     for (const std::size_t index : parts_.withoutNodes) {
       const Area& area = building_.areas[index];
       const bool door = withDoors_.contains(area.id);
-      add(Severity::warning, door ? "unreachable" : "room-without-door", area.source,
-          {area.level, middleOf(area)},
-          {.message =
+      findings_.add(
+          {.rule = door ? "unreachable" : "room-without-door",
+           .source = area.source,
+           .level = area.level,
+           .position = middleOf(area),
+           .message =
                door ? fmt::format("The doors of the room {} lead to no walkway.", titleOf(area))
                     : fmt::format("The room {} has no door, and none could be guessed.",
                                   titleOf(area)),
@@ -108,13 +106,16 @@ class Reviewer {
       if (rooms.size() > listedRooms)
         names += fmt::format(" and {} more", rooms.size() - listedRooms);
       const Area& first = building_.areas[rooms.front()];
-      add(Severity::warning, "unreachable", first.source, {first.level, middleOf(first)},
-          {.message =
-               fmt::format("{} on {} cannot be reached from the rest of the building: {}.",
-                           rooms.size() == 1 ? "One room" : fmt::format("{} rooms", rooms.size()),
-                           storeyName(level), names),
-           .effect = "No route leads there.",
-           .advice = adviceFor(part)});
+      findings_.add({.rule = "unreachable",
+                     .source = first.source,
+                     .level = first.level,
+                     .position = middleOf(first),
+                     .message = fmt::format(
+                         "{} on {} cannot be reached from the rest of the building: {}.",
+                         rooms.size() == 1 ? "One room" : fmt::format("{} rooms", rooms.size()),
+                         storeyName(level), names),
+                     .effect = "No route leads there.",
+                     .advice = adviceFor(part)});
     }
   }
 
@@ -167,18 +168,25 @@ class Reviewer {
                     [&](const Stop& stop) { return stop.spot.level == spot.level; });
     const std::string title = fmt::format("The {} {}", wordFor(connector.kind), connector.source);
     if (connector.stops.size() < 2 || (oneStorey && connector.kind == ConnectorKind::elevator))
-      add(Severity::warning,
-          connector.kind == ConnectorKind::elevator ? "connector-with-one-floor"
-                                                    : "stairs-lead-nowhere",
-          connector.source, spot,
-          {.message = fmt::format("{} on {} {} to no other storey.", title, storeyName(spot.level),
+      findings_.add(
+          {.rule = connector.kind == ConnectorKind::elevator ? "connector-with-one-floor"
+                                                             : "stairs-lead-nowhere",
+           .source = connector.source,
+           .level = spot.level,
+           .position = spot.position,
+           .message = fmt::format("{} on {} {} to no other storey.", title, storeyName(spot.level),
                                   connector.kind == ConnectorKind::stairs ? "lead" : "leads"),
            .effect = "No route uses it.",
            .advice = "Draw its other end at the same position on the next storey, or list all of "
                      "its levels."});
     if (!connector.directionKnown && connector.stops.size() >= 2)
-      add(Severity::info, "direction-unknown", connector.source, spot,
-          {.message = fmt::format("The direction of {} {} is not known.", wordFor(connector.kind),
+      findings_.add(
+          {.severity = Severity::info,
+           .rule = "direction-unknown",
+           .source = connector.source,
+           .level = spot.level,
+           .position = spot.position,
+           .message = fmt::format("The direction of {} {} is not known.", wordFor(connector.kind),
                                   connector.source),
            .effect = "Routes use it in both directions.",
            .advice = "State the direction (in OpenStreetMap: conveying=forward or backward)."});
@@ -194,8 +202,13 @@ class Reviewer {
       const bool connects = area.kind == AreaKind::stairs || area.kind == AreaKind::escalator ||
                             area.kind == AreaKind::elevator;
       if (!connects || used.contains(area.id)) continue;
-      add(Severity::info, "stairs-lead-nowhere", area.source, {area.level, middleOf(area)},
-          {.message = fmt::format("The {} {} on {} belong to no link of the walking network.",
+      findings_.add(
+          {.severity = Severity::info,
+           .rule = "stairs-lead-nowhere",
+           .source = area.source,
+           .level = area.level,
+           .position = middleOf(area),
+           .message = fmt::format("The {} {} on {} belong to no link of the walking network.",
                                   area.kind == AreaKind::elevator    ? "elevator"
                                   : area.kind == AreaKind::escalator ? "escalator"
                                                                      : "stairs",
