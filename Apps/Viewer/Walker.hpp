@@ -10,8 +10,8 @@
 
 namespace orivanta::viewer {
 
-/// Moves along an itinerary, four times as fast as the traveler, and follows itself. Main thread
-/// only.
+/// Moves along an itinerary, four times as fast as a traveler, and determines the progress. Main
+/// thread only.
 class Walker {
  public:
   static constexpr double speedUp = 4.0;

@@ -32,7 +32,7 @@ graphics::Point on(VenueView& view, const Location& place) {
 
 }  // namespace
 
-TEST_F(ViewerTest, ATapOnAShopShowsItsCardAndATapBesideItPutsItAway) {
+TEST_F(ViewerTest, TapsSelectPlacesAndClearTheSelection) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
   EXPECT_GT(test::countPixels(*stage.picture(), theme::backdrop), 800'000) << "the veil";
   EXPECT_TRUE(stage.viewer.isMoving()) << "its activity indicator rotates";
@@ -361,7 +361,7 @@ TEST_F(ViewerTest, ShowsWhatItKnowsOfARoute) {
   EXPECT_EQ(view.panels().route->remark(), "");
 }
 
-TEST_F(ViewerTest, ThePointerDragsTiltsAndComesCloserToWhatIsUnderIt) {
+TEST_F(ViewerTest, ThePointerDragsTiltsAndZoomsAroundItself) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
   VenueView& view = stage.untilShown();
   MapCamera& camera = view.camera();
@@ -421,7 +421,7 @@ TEST_F(ViewerTest, SaysWhatWentWrongAndTriesAgain) {
   stage.untilShown();
 }
 
-TEST_F(ViewerTest, GoesBackToTheListAtAnyMomentAndLetsGoOfTheVenue) {
+TEST_F(ViewerTest, GoesBackToTheListAndReleasesTheVenue) {
   namespace fs = std::filesystem;
   test::TemporaryFolder folder;
   server::ServerOptions options;
