@@ -156,6 +156,7 @@ void Viewer::showFloors() {
 }
 
 void Viewer::fetchClosures() {
+  closuresEnd_.reset();
   source_.fetchClosures(venue_->slug.value_or(""), [this](const guidance::Closures& closures) {
     if (venueView_) venueView_->setClosures(closures);
   });
