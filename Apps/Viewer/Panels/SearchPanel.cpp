@@ -136,7 +136,7 @@ void SearchPanel::show(const std::vector<PlaceGroup>& groups) {
     items_.push_back(std::move(item));
     source.heights.push_back(height);
   };
-  const auto category = offersNearest_ ? categoryTyped(venue_, field_->text()) : nullptr;
+  const auto category = offersNearest_ ? categoryTyped(venue_, field_->text(), texts_) : nullptr;
   if (category && isOpen())
     add({nullptr, texts_.text("interface.nearest.detail"), category}, Row::detailHeight);
   const bool hasTitles = groups.size() > 1;
