@@ -3,8 +3,8 @@
 #include "Apps/Import/Places/Categories.hpp"
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
-#include "Source/Node.hpp"
 #include "Source/Venue.hpp"
+#include "Tests/Support/Networks.hpp"
 
 namespace orivanta::viewer {
 namespace {
@@ -22,15 +22,16 @@ struct ImportedVenue {
       venue->categories->push_back(category);
       ids[category] = id;
     }
-    place->nodes.push_back(std::make_shared<Node>());
+    place->nodes.push_back(test::makeNode(0, 0));
   }
 
   void keepOnly(const std::string& id) {
-    for (const auto& [category, other] : ids)
-      if (other != id) category->locations.clear();
+    for (const auto& category : *venue->categories)
+      if (ids.at(category) != id) category->locations.clear();
   }
 
-  const std::shared_ptr<Venue> venue = Venue::make(*RawData::parse(R"({"id": "v"})"));
+  const std::shared_ptr<Venue> venue =
+      Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
   const std::shared_ptr<Location> place =
       Location::make(*RawData::parse(R"({"id": "l", "name": "L", "type": "shop"})"));
   std::map<std::shared_ptr<Category>, std::string> ids{{nullptr, ""}};
