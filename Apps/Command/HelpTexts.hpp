@@ -121,6 +121,7 @@ use one or two fingers. Press ? in the window for a list of keys.
 Examples:
   orivanta view                                 the demo venue
   orivanta view astrolabe-court --size 390x844  one venue, in the size of a phone
+  orivanta view --language ar                   in Arabic, from right to left
   orivanta view --scale 2                       two pixels per point)";
 
 inline constexpr const char* importFooter = R"(
@@ -179,8 +180,9 @@ Prints one line of JSON for each package, in order:
                     "cutOffStepFree" for visitors who need a route without steps
 Entrances are the locations of the type "entrance" or "exit", or of a category with such an
 identifier. If there is none, a well-connected place is used, and "entranceAssumed" is true.
-In the pictures, places without a step-free route are orange, places without a way back are purple,
-and unreachable places are red.
+In the pictures, unreachable places are red, places without a way back are purple, and places
+without a step-free route are orange. Places that the failure of a connector cuts off are blue, and
+pale blue if only visitors who need a route without steps are cut off.
 
 Exit code 1 means that a place cannot be reached, or cannot be left.
 

@@ -28,7 +28,7 @@ void addGuideOptions(CLI::App& app, GuideOptions& options, const char* group) {
   const auto add = [&](const char* name, auto& value, const char* purpose, const char* type) {
     return app.add_option(name, value, purpose)->type_name(type)->group(group);
   };
-  add("--via", query.via, "Stop in between; up to 48, or 10 with --best-order", "PLACE")
+  add("--via", query.via, "Stop in between; up to 48, or 200 with --best-order", "PLACE")
       ->allow_extra_args(false);
   app.add_flag("--best-order", query.bestOrder,
                "Visit the stops in the order that takes least time")

@@ -37,6 +37,10 @@ void addView(CLI::App& app, CommandLine& line) {
   command
       .add_option("--scale", options.scale, "Pixels per point; the default is that of the screen")
       ->type_name("F");
+  command
+      .add_option("--language", options.language,
+                  "Language of the window and of names, such as de; the default is yours")
+      ->type_name("TAG");
   command.add_flag("--walk", options.walk, "Simulate a walk along each route, see the key W");
   command.add_flag("--times", options.times,
                    "Print timings of loading and drawing to standard error");

@@ -19,13 +19,13 @@ namespace bg = boost::geometry;
 using Corner = bg::model::d2::point_xy<double>;
 using Box = bg::model::box<Corner>;
 
-struct Bounds {
+struct CoordinateRange {
   Point low{std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
   Point high{std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()};
 };
 
-Bounds boundsOf(const Shape& shape) {
-  Bounds bounds;
+CoordinateRange boundsOf(const Shape& shape) {
+  CoordinateRange bounds;
   for (const Polygon& polygon : shape)
     for (const Point point : polygon.outer) {
       bounds.low = {std::min(bounds.low.x, point.x), std::min(bounds.low.y, point.y)};
@@ -51,7 +51,7 @@ AreaIndex::AreaIndex(const Building& building, double level,
   std::vector<Tree::Item> items;
   for (const Area& area : building.areas) {
     if (area.level != level || area.shape.empty() || !choose(area)) continue;
-    const Bounds bounds = boundsOf(area.shape);
+    const CoordinateRange bounds = boundsOf(area.shape);
     items.emplace_back(boxOf(bounds.low, bounds.high), tree_->areas.size());
     tree_->areas.push_back(&area);
     tree_->surfaces.push_back(areaOf(area.shape));
@@ -81,7 +81,7 @@ std::vector<const Area*> AreaIndex::near(Point point, double distance) const {
 
 std::vector<const Area*> AreaIndex::near(const std::vector<Polygon>& shape, double distance) const {
   if (shape.empty()) return {};
-  const Bounds bounds = boundsOf(shape);
+  const CoordinateRange bounds = boundsOf(shape);
   const Point reach{distance, distance};
   return within(bounds.low - reach, bounds.high + reach);
 }
