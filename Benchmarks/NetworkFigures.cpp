@@ -1,6 +1,6 @@
-#include <fmt/format.h>
-
 #include "Benchmarks/NetworkFigures.hpp"
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <functional>

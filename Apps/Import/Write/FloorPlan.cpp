@@ -39,7 +39,13 @@ class PlanWriter {
  public:
   PlanWriter(const Building& building, double level, const PlanOptions& options)
       : building_(building), level_(level), options_(options) {
-    for (const Place& place : building.places) places_.emplace(place.id, &place);
+    for (const Area& area : building.areas)
+      if (area.level == level && !area.shape.empty()) {
+        areas_.push_back(&area);
+        if (!area.place.empty()) places_.emplace(area.place, nullptr);
+      }
+    for (const Place& place : building.places)
+      if (const auto shown = places_.find(place.id); shown != places_.end()) shown->second = &place;
     measure();
     pixel_ = plan_.pixel(margin);
   }
@@ -63,8 +69,7 @@ class PlanWriter {
   void measure() {
     for (const Storey& storey : building_.storeys)
       if (storey.ordinal == level_) reach(storey.footprint);
-    for (const Area& area : building_.areas)
-      if (area.level == level_) reach(area.shape);
+    for (const Area* area : areas_) reach(area->shape);
     for (const Node& node : building_.network.nodes)
       if (node.level == level_) plan_.reach(node.position);
     for (const PlanMark& mark : options_.marks) plan_.reach(mark.position);
@@ -98,13 +103,13 @@ class PlanWriter {
                                   AreaKind::stairs,        AreaKind::escalator, AreaKind::elevator,
                                   AreaKind::obstacle,      AreaKind::wall};
     for (const AreaKind kind : order)
-      for (const Area& area : building_.areas) {
-        if (area.level != level_ || area.kind != kind || area.shape.empty()) continue;
-        const Color fill = colorOf(area, placeOf(area));
+      for (const Area* area : areas_) {
+        if (area->kind != kind) continue;
+        const Color fill = colorOf(*area, placeOf(*area));
         const bool walkable = kind == AreaKind::walkway || kind == AreaKind::unknown;
         const Color edge = package::mixed(fill, palette::text, walkable ? 0.2 : 0.55);
-        drawRings(area.shape, fmt::format("fill=\"{}\" stroke=\"{}\" stroke-width=\"{:.3f}\"",
-                                          hex(fill), hex(edge), (walkable ? 0.6 : 1.1) * pixel_));
+        drawRings(area->shape, fmt::format("fill=\"{}\" stroke=\"{}\" stroke-width=\"{:.3f}\"",
+                                           hex(fill), hex(edge), (walkable ? 0.6 : 1.1) * pixel_));
       }
     for (const Line& line : building_.lines)
       if (line.kind == LineKind::wall &&
@@ -144,11 +149,10 @@ class PlanWriter {
 
   void drawNames() {
     plan_.add(fmt::format("<g fill=\"{}\" text-anchor=\"middle\">\n", hex(palette::text)));
-    for (const Area& area : building_.areas) {
-      const Place* place = area.level == level_ ? placeOf(area) : nullptr;
-      if (place != nullptr && !place->names.generated && !area.shape.empty() &&
-          area.kind == AreaKind::room)
-        drawName(place->names.name, area);
+    for (const Area* area : areas_) {
+      const Place* place = placeOf(*area);
+      if (place != nullptr && !place->names.generated && area->kind == AreaKind::room)
+        drawName(place->names.name, *area);
     }
     plan_.add("</g>\n");
   }
@@ -180,7 +184,8 @@ class PlanWriter {
   const Building& building_;
   double level_;
   const PlanOptions& options_;
-  std::map<std::string, const Place*> places_;
+  std::vector<const Area*> areas_;              // of the storey
+  std::map<std::string, const Place*> places_;  // of these areas
   package::SvgPlan plan_;
   double pixel_ = 1.0;
 };
