@@ -86,6 +86,32 @@ const std::vector<Case>& cases() {
   return all;
 }
 
+// Whether the line crosses the border of a room elsewhere than at a door. Borders within another
+// room do not count: rooms that overlap contradict each other.
+bool breaksThrough(const Building& building, Point a, Point b) {
+  const auto atDoor = [&](Point point) {
+    return std::any_of(building.doors.begin(), building.doors.end(), [&](const Door& door) {
+      return package::distance(door.position, point) < 1.3;
+    });
+  };
+  const auto inAnother = [&](const Area& room, Point point) {
+    return std::any_of(building.areas.begin(), building.areas.end(), [&](const Area& area) {
+      return &area != &room && area.kind == AreaKind::room && contains(area.shape, point);
+    });
+  };
+  for (const Area& room : building.areas)
+    for (const Polygon& polygon : room.shape)
+      for (std::size_t i = 0; i < polygon.outer.size() && room.kind == AreaKind::room; ++i) {
+        const Point c = polygon.outer[i];
+        const Point d = polygon.outer[(i + 1) % polygon.outer.size()];
+        if (!package::cross(a, b, c, d)) continue;
+        const Point at =
+            a + (b - a) * (package::cross(c - a, d - c) / package::cross(b - a, d - c));
+        if (!atDoor(at) && !inAnother(room, at)) return true;
+      }
+  return false;
+}
+
 }  // namespace
 
 TEST(ImportNetwork, ShortWaysWithoutLinesThroughWalls) {
@@ -197,6 +223,7 @@ TEST(ImportNetwork, SurvivesDamage) {
         const Point a = network.nodes[edge.from].position;
         const Point b = network.nodes[edge.to].position;
         for (int i = 0; i <= 20; ++i) ASSERT_TRUE(contains(space, a + (b - a) * (i / 20.0)));
+        ASSERT_FALSE(breaksThrough(plan.building, a, b)) << a.x << ' ' << a.y;
       }
     }
 }
