@@ -35,6 +35,7 @@ void preferLanguages(Building& building, const Options& options) {
   prefer(languages, building.names);
   for (Storey& storey : building.storeys) prefer(languages, storey.names);
   for (Place& place : building.places) prefer(languages, place.names);
+  for (Area& area : building.areas) prefer(languages, area.names);
   for (Door& door : building.doors) prefer(languages, door.names);
   for (Line& line : building.lines) prefer(languages, line.names);
   for (ConnectorHint& hint : building.connectorHints) prefer(languages, hint.names);
