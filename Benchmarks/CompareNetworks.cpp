@@ -19,6 +19,7 @@
 #include <queue>
 #include <set>
 
+#include "Apps/Import/DisjointSets.hpp"
 #include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Geometry/OpenShape.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
@@ -163,15 +164,52 @@ void compareLengths(const Building& building, const SurveyedPackage& survey, boo
     fmt::print("  highest          {:.2f} {}\n", ratios.back().first, ratios.back().second);
 }
 
-// Of a source's own network: the lengths between the nodes that both have.
-void compareSharedNodes(const Building& building, const SurveyedPackage& survey) {
-  const PlainNetwork derived = plainNetwork(building.network);
+// The network with straight lines instead of the bends between the nodes for which `keeps` is true.
+PlainNetwork withoutBends(PlainNetwork network, const std::vector<bool>& keeps) {
+  std::vector<std::set<std::size_t>> around(network.nodes.size());
+  for (std::size_t i = 0; i < network.nodes.size(); ++i)
+    for (const std::size_t next : network.neighbors[i]) {
+      around[i].insert(next);
+      around[next].insert(i);
+    }
+  // What hangs on a line, such as a door, does not make a bend of it a crossing.
+  for (std::size_t i = 0; i < network.nodes.size(); ++i)
+    for (std::size_t leaf = i; !keeps[leaf] && around[leaf].size() == 1;) {
+      const std::size_t on = *around[leaf].begin();
+      around[leaf].clear();
+      around[on].erase(leaf);
+      std::erase(network.neighbors[on], leaf);
+      network.neighbors[leaf].clear();
+      leaf = on;
+    }
+  const auto isBend = [&](std::size_t i) { return !keeps[i] && around[i].size() == 2; };
+  for (std::size_t i = 0; i < network.nodes.size(); ++i) {
+    if (isBend(i)) continue;
+    for (std::size_t& next : network.neighbors[i])
+      for (std::size_t last = i; isBend(next);) {
+        const std::size_t ahead =
+            *around[next].begin() == last ? *around[next].rbegin() : *around[next].begin();
+        last = std::exchange(next, ahead);
+      }
+  }
+  for (std::size_t i = 0; i < network.nodes.size(); ++i)
+    if (isBend(i)) network.neighbors[i].clear();
+  return network;
+}
+
+// Of a source's own network: the lengths between the nodes that both have. The bends of its lines
+// may be nodes here and not in the survey, so they are compared with and without them.
+void compareSharedNodes(PlainNetwork derived, const SurveyedPackage& survey, bool bends) {
   std::map<std::string, std::size_t> known;
   for (std::size_t i = 0; i < derived.nodes.size(); ++i) known.emplace(derived.nodes[i].id, i);
   std::vector<std::pair<std::size_t, std::size_t>> both;
+  std::vector<bool> shared(derived.nodes.size());
   for (std::size_t i = 0; i < survey.network.nodes.size(); ++i)
-    if (const auto node = known.find(survey.network.nodes[i].id); node != known.end())
+    if (const auto node = known.find(survey.network.nodes[i].id); node != known.end()) {
       both.emplace_back(i, node->second);
+      shared[node->second] = true;
+    }
+  if (!bends) derived = withoutBends(std::move(derived), shared);
   std::size_t pairs = 0;
   std::size_t equal = 0;
   std::size_t missing = 0;
@@ -196,8 +234,8 @@ void compareSharedNodes(const Building& building, const SurveyedPackage& survey)
     }
   }
   fmt::print(
-      "shared nodes       {}; lengths within 1 %: {}; {} without a way, {} shorter, {} longer\n",
-      both.size(), share(equal, pairs), missing, shorter, longer);
+      "shared nodes       {}{}; lengths within 1 %: {}; {} without a way, {} shorter, {} longer\n",
+      both.size(), bends ? "" : ", bends cut off", share(equal, pairs), missing, shorter, longer);
 }
 
 // Borders that nobody may pass but at doors and connectors.
@@ -300,21 +338,16 @@ void countDoors(const Building& building) {
 // Rooms that are connected with the largest part of the network, connectors included.
 void countReachableRooms(const Building& building, bool list) {
   const importer::Network& network = building.network;
-  std::vector<std::size_t> parts(network.nodes.size());
-  for (std::size_t i = 0; i < parts.size(); ++i) parts[i] = i;
-  const auto find = [&](std::size_t i) {
-    while (parts[i] != i) i = parts[i] = parts[parts[i]];
-    return i;
-  };
-  for (const importer::Edge& edge : network.edges) parts[find(edge.from)] = find(edge.to);
+  importer::DisjointSets parts(network.nodes.size());
+  for (const importer::Edge& edge : network.edges) parts.join(edge.from, edge.to);
   std::map<std::string, std::size_t> boarding;
   for (std::size_t i = 0; i < network.nodes.size(); ++i)
     if (network.nodes[i].kind == NodeKind::boarding) {
       const auto [first, isNew] = boarding.emplace(network.nodes[i].of, i);
-      if (!isNew) parts[find(i)] = find(first->second);
+      if (!isNew) parts.join(i, first->second);
     }
   std::map<std::size_t, std::size_t> sizes;
-  for (std::size_t i = 0; i < parts.size(); ++i) ++sizes[find(i)];
+  for (std::size_t i = 0; i < network.nodes.size(); ++i) ++sizes[parts.find(i)];
   std::size_t largest = 0;
   for (const auto& [part, size] : sizes)
     if (sizes[largest] < size) largest = part;
@@ -323,7 +356,7 @@ void countReachableRooms(const Building& building, bool list) {
     if (area.kind == importer::AreaKind::room) rooms.emplace(area.id, false);
   for (std::size_t i = 0; i < network.nodes.size(); ++i)
     if (const auto room = rooms.find(network.nodes[i].of);
-        room != rooms.end() && find(i) == largest)
+        room != rooms.end() && parts.find(i) == largest)
       room->second = true;
   for (const importer::Area& area : building.areas) {
     if (!list || area.kind != importer::AreaKind::room || rooms.at(area.id)) continue;
@@ -528,7 +561,9 @@ int compare(const std::vector<std::string>& arguments) {
              static_cast<double>(building.network.edges.size()) /
                  static_cast<double>(survey.network.edges + building.doors.size()));
   compareLengths(building, survey, list);
-  if (options.network != importer::NetworkChoice::derive) compareSharedNodes(building, survey);
+  if (options.network != importer::NetworkChoice::derive)
+    for (const bool bends : {true, false})
+      compareSharedNodes(plainNetwork(building.network), survey, bends);
   compareConnectors(building, survey, list);
   return 0;
 }

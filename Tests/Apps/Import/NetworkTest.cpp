@@ -166,6 +166,18 @@ TEST(ImportNetwork, KeepsVisitorsOutOfWhatIsForStaffOrNobody) {
     EXPECT_TRUE(node.id != "door1" && node.id != "T" && node.of != "") << node.id;
 }
 
+TEST(ImportNetwork, JoinsBuildingsOutdoorsIfNothingIsBetween) {
+  for (const auto& [row, isJoined] :
+       {std::pair("AA....+      +....BB", true), std::pair("AA....+  CC  +....BB", false)}) {
+    Plan plan({row, "AA....          ..BB"});
+    plan.building.storeys.emplace_back();
+    plan.make();
+    joinStoreys(plan.building, {}, plan.findings);
+    EXPECT_EQ(plan.findings.countOf("joined-outdoors"), isJoined ? 1U : 0U);
+    EXPECT_EQ(plan.way("A", "B") > 0.0, isJoined);
+  }
+}
+
 TEST(ImportNetwork, DoublesAndScribblesAreReported) {
   Plan plan({"AAAA######", "AAAA######", "..........", ".........."});
   std::mt19937 random(1);
