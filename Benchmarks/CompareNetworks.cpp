@@ -221,16 +221,19 @@ void compareSharedNodes(PlainNetwork derived, const SurveyedPackage& survey, boo
     for (const auto& [there, here] : both) {
       if (surveyed[there] == unknown || surveyed[there] < 1.0) continue;
       ++pairs;
-      if (std::abs(lengths[here] / surveyed[there] - 1.0) <= 0.01)
-        ++equal;
-      else if (lengths[here] == unknown)
-        ++missing;
-      else if (lengths[here] < surveyed[there])
-        ++shorter;
-      else if (++longer < 5)
-        fmt::print("  longer           {} to {}: {:.2f}, {:.2f}\n",
-                   survey.network.nodes[both[i].first].id, survey.network.nodes[there].id,
-                   lengths[here], surveyed[there]);
+      const double length = lengths[here];
+      std::size_t* const kind = std::abs(length / surveyed[there] - 1.0) <= 0.01 ? &equal
+                                : length == unknown                              ? &missing
+                                : length < surveyed[there]                       ? &shorter
+                                                                                 : &longer;
+      constexpr std::size_t listed = 3;
+      if (++*kind <= listed && kind != &equal)
+        fmt::print("  {:<16} {} to {}: {:.2f}, {:.2f}\n",
+                   kind == &missing   ? "without a way"
+                   : kind == &shorter ? "shorter"
+                                      : "longer",
+                   survey.network.nodes[both[i].first].id, survey.network.nodes[there].id, length,
+                   surveyed[there]);
     }
   }
   fmt::print(

@@ -127,9 +127,10 @@ class OutdoorJoiner {
     findings_.add(makeFinding(
         Severity::info, "joined-outdoors", node(from).of, {node(from).level, at(from)},
         {.message = fmt::format(
-             "Between {} and {}, {:.0f} m away, no walkway is drawn, but both lead outdoors.",
+             "Nothing is drawn between {} and {}, {:.0f} m away, and nothing else joins these two "
+             "parts of the building.",
              node(from).of, node(to).of, length),
-         .effect = "Routes between the two parts of the building lead straight across.",
+         .effect = "Routes between the two parts lead straight across.",
          .advice = "Draw the way between them."}));
   }
 

@@ -178,6 +178,24 @@ TEST(ImportNetwork, JoinsBuildingsOutdoorsIfNothingIsBetween) {
   }
 }
 
+// Nothing to walk on is drawn: the rest of the storey, or the outside.
+TEST(ImportNetwork, ReachesRoomsWithoutWalkways) {
+  const std::vector<std::string> rows{"AAAA    BBBB", "AAAA    BBBB", "            ",
+                                      "CCCC        "};
+  for (const bool hasOutline : {true, false}) {
+    Plan plan(rows);
+    plan.building.storeys.emplace_back();
+    if (hasOutline)
+      plan.building.storeys.back().footprint = {{package::rectangle(0, 0, 12, 4), {}}};
+    plan.make();
+    joinStoreys(plan.building, {}, plan.findings);
+    EXPECT_EQ(plan.findings.countOf("walkway-missing"), hasOutline ? 1U : 0U);
+    EXPECT_EQ(plan.findings.countOf("joined-outdoors"), hasOutline ? 0U : 2U);
+    EXPECT_GT(plan.way("A", "B"), 0.0);
+    EXPECT_GT(plan.way("B", "C"), 0.0);
+  }
+}
+
 TEST(ImportNetwork, DoublesAndScribblesAreReported) {
   Plan plan({"AAAA######", "AAAA######", "..........", ".........."});
   std::mt19937 random(1);
