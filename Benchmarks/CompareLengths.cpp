@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 #include <utility>
+#include <vector>
 
 #include "Benchmarks/NetworkFigures.hpp"
 
@@ -99,15 +100,56 @@ void compareLengths(const Building& building, const SurveyedPackage& survey, boo
     fmt::print("  highest          {:.2f} {}\n", ratios.back().first, ratios.back().second);
 }
 
-// Of a source's own network: the lengths between the nodes that both have.
-void compareSharedNodes(const Building& building, const SurveyedPackage& survey) {
-  const PlainNetwork derived = plainNetwork(building.network);
+namespace {
+
+// The network with straight lines instead of the bends between the nodes for which `keeps` is true.
+PlainNetwork withoutBends(PlainNetwork network, const std::vector<bool>& keeps) {
+  std::vector<std::set<std::size_t>> around(network.nodes.size());
+  for (std::size_t i = 0; i < network.nodes.size(); ++i)
+    for (const std::size_t next : network.neighbors[i]) {
+      around[i].insert(next);
+      around[next].insert(i);
+    }
+  // What hangs on a line, such as a door, does not make a bend of it a crossing.
+  for (std::size_t i = 0; i < network.nodes.size(); ++i)
+    for (std::size_t leaf = i; !keeps[leaf] && around[leaf].size() == 1;) {
+      const std::size_t on = *around[leaf].begin();
+      around[leaf].clear();
+      around[on].erase(leaf);
+      std::erase(network.neighbors[on], leaf);
+      network.neighbors[leaf].clear();
+      leaf = on;
+    }
+  const auto isBend = [&](std::size_t i) { return !keeps[i] && around[i].size() == 2; };
+  for (std::size_t i = 0; i < network.nodes.size(); ++i) {
+    if (isBend(i)) continue;
+    for (std::size_t& next : network.neighbors[i])
+      for (std::size_t last = i; isBend(next);) {
+        const std::size_t ahead =
+            *around[next].begin() == last ? *around[next].rbegin() : *around[next].begin();
+        last = std::exchange(next, ahead);
+      }
+  }
+  for (std::size_t i = 0; i < network.nodes.size(); ++i)
+    if (isBend(i)) network.neighbors[i].clear();
+  return network;
+}
+
+}  // namespace
+
+// Of a source's own network: the lengths between the nodes that both have. The bends of its lines
+// may be nodes here and not in the survey, so they are compared with and without them.
+void compareSharedNodes(PlainNetwork derived, const SurveyedPackage& survey, bool bends) {
   std::map<std::string, std::size_t> known;
   for (std::size_t i = 0; i < derived.nodes.size(); ++i) known.emplace(derived.nodes[i].id, i);
   std::vector<std::pair<std::size_t, std::size_t>> both;
+  std::vector<bool> shared(derived.nodes.size());
   for (std::size_t i = 0; i < survey.network.nodes.size(); ++i)
-    if (const auto node = known.find(survey.network.nodes[i].id); node != known.end())
+    if (const auto node = known.find(survey.network.nodes[i].id); node != known.end()) {
       both.emplace_back(i, node->second);
+      shared[node->second] = true;
+    }
+  if (!bends) derived = withoutBends(std::move(derived), shared);
   std::size_t pairs = 0;
   std::size_t equal = 0;
   std::size_t missing = 0;
@@ -119,21 +161,24 @@ void compareSharedNodes(const Building& building, const SurveyedPackage& survey)
     for (const auto& [there, here] : both) {
       if (surveyed[there] == unknownLength || surveyed[there] < 1.0) continue;
       ++pairs;
-      if (std::abs(lengths[here] / surveyed[there] - 1.0) <= 0.01)
-        ++equal;
-      else if (lengths[here] == unknownLength)
-        ++missing;
-      else if (lengths[here] < surveyed[there])
-        ++shorter;
-      else if (++longer < 5)
-        fmt::print("  longer           {} to {}: {:.2f}, {:.2f}\n",
-                   survey.network.nodes[both[i].first].id, survey.network.nodes[there].id,
-                   lengths[here], surveyed[there]);
+      const double length = lengths[here];
+      std::size_t* const kind = std::abs(length / surveyed[there] - 1.0) <= 0.01 ? &equal
+                                : length == unknownLength                        ? &missing
+                                : length < surveyed[there]                       ? &shorter
+                                                                                 : &longer;
+      constexpr std::size_t listed = 3;
+      if (++*kind <= listed && kind != &equal)
+        fmt::print("  {:<16} {} to {}: {:.2f}, {:.2f}\n",
+                   kind == &missing   ? "without a way"
+                   : kind == &shorter ? "shorter"
+                                      : "longer",
+                   survey.network.nodes[both[i].first].id, survey.network.nodes[there].id, length,
+                   surveyed[there]);
     }
   }
   fmt::print(
-      "shared nodes       {}; lengths within 1 %: {}; {} without a way, {} shorter, {} longer\n",
-      both.size(), share(equal, pairs), missing, shorter, longer);
+      "shared nodes       {}{}; lengths within 1 %: {}; {} without a way, {} shorter, {} longer\n",
+      both.size(), bends ? "" : ", bends cut off", share(equal, pairs), missing, shorter, longer);
 }
 
 }  // namespace orivanta::benchmarks

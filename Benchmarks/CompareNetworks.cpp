@@ -82,7 +82,9 @@ int compare(const std::vector<std::string>& arguments) {
              static_cast<double>(building.network.edges.size()) /
                  static_cast<double>(survey.network.edges + building.doors.size()));
   compareLengths(building, survey, list);
-  if (options.network != importer::NetworkChoice::derive) compareSharedNodes(building, survey);
+  if (options.network != importer::NetworkChoice::derive)
+    for (const bool bends : {true, false})
+      compareSharedNodes(plainNetwork(building.network), survey, bends);
   compareConnectors(building, survey, list);
   return 0;
 }

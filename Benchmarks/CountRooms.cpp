@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 
+#include "Apps/Import/DisjointSets.hpp"
 #include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Benchmarks/NetworkFigures.hpp"
 
@@ -52,21 +53,16 @@ void countDoors(const Building& building) {
 // Rooms that are connected with the largest part of the network, connectors included.
 void countReachableRooms(const Building& building, bool list) {
   const importer::Network& network = building.network;
-  std::vector<std::size_t> parts(network.nodes.size());
-  for (std::size_t i = 0; i < parts.size(); ++i) parts[i] = i;
-  const auto find = [&](std::size_t i) {
-    while (parts[i] != i) i = parts[i] = parts[parts[i]];
-    return i;
-  };
-  for (const importer::Edge& edge : network.edges) parts[find(edge.from)] = find(edge.to);
+  importer::DisjointSets parts(network.nodes.size());
+  for (const importer::Edge& edge : network.edges) parts.join(edge.from, edge.to);
   std::map<std::string, std::size_t> boarding;
   for (std::size_t i = 0; i < network.nodes.size(); ++i)
     if (network.nodes[i].kind == NodeKind::boarding) {
       const auto [first, isNew] = boarding.emplace(network.nodes[i].of, i);
-      if (!isNew) parts[find(i)] = find(first->second);
+      if (!isNew) parts.join(i, first->second);
     }
   std::map<std::size_t, std::size_t> sizes;
-  for (std::size_t i = 0; i < parts.size(); ++i) ++sizes[find(i)];
+  for (std::size_t i = 0; i < network.nodes.size(); ++i) ++sizes[parts.find(i)];
   std::size_t largest = 0;
   for (const auto& [part, size] : sizes)
     if (sizes[largest] < size) largest = part;
@@ -75,7 +71,7 @@ void countReachableRooms(const Building& building, bool list) {
     if (area.kind == importer::AreaKind::room) rooms.emplace(area.id, false);
   for (std::size_t i = 0; i < network.nodes.size(); ++i)
     if (const auto room = rooms.find(network.nodes[i].of);
-        room != rooms.end() && find(i) == largest)
+        room != rooms.end() && parts.find(i) == largest)
       room->second = true;
   for (const importer::Area& area : building.areas) {
     if (!list || area.kind != importer::AreaKind::room || rooms.at(area.id)) continue;

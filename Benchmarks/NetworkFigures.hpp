@@ -31,7 +31,8 @@ void countDoors(const importer::Building& building);
 void countReachableRooms(const importer::Building& building, bool list);
 void countLinesThroughWalls(const importer::Building& building);
 void compareLengths(const importer::Building& building, const SurveyedPackage& survey, bool list);
-void compareSharedNodes(const importer::Building& building, const SurveyedPackage& survey);
+/// Without `bends`, the derived network's lines are straight between the nodes of both.
+void compareSharedNodes(PlainNetwork derived, const SurveyedPackage& survey, bool bends);
 void compareConnectors(const importer::Building& building, const SurveyedPackage& survey,
                        bool list);
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "Apps/Import/Connectors/BridgeGaps.hpp"
 #include "Apps/Import/Connectors/FromLines.hpp"
 #include "Apps/Import/Connectors/Pairing.hpp"
 #include "Apps/Import/Connectors/Stops.hpp"
@@ -48,6 +49,8 @@ class ConnectorMaker {
       if (!drawn[set.front()]) addConnector(set);
     return std::move(made_);
   }
+
+  const Surroundings& surroundings() const { return surroundings_; }
 
  private:
   // Makes one piece of flights that are drawn in parts.
@@ -269,13 +272,19 @@ void dropPlacesOfConnectors(Building& building) {
 
 }  // namespace
 
-void makeConnectors(Building& building, const Options& options, Findings&) {
+void makeConnectors(Building& building, const Options& options, Findings& findings) {
   const bool linked =
       std::any_of(building.sourceLinks.begin(), building.sourceLinks.end(),
                   [](const SourceLink& link) { return link.kind != LinkKind::walk; });
-  building.connectors = linked && options.network != NetworkChoice::derive
-                            ? connectorsOfLinks(building)
-                            : ConnectorMaker(building).make();
+  if (linked && options.network != NetworkChoice::derive) {
+    building.connectors = connectorsOfLinks(building);
+  } else {
+    ConnectorMaker maker(building);
+    std::vector<Connector> connectors = maker.make();
+    std::vector<Line> paths = bridgeGaps(building, connectors, maker.surroundings(), findings);
+    building.connectors = std::move(connectors);
+    for (Line& path : paths) building.lines.push_back(std::move(path));
+  }
   dropPlacesOfConnectors(building);
 }
 

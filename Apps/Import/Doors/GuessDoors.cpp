@@ -142,6 +142,9 @@ class Guess {
     std::set<std::string> withDoor;
     for (const auto& [id, neighbors] : joined_) withDoor.insert(id);
     addDoorsToNeighbors(left, [&](const std::string& id) { return withDoor.contains(id); });
+    for (const Area* room : left)
+      if (level_ == 0.0 && !joined_.contains(room->id))
+        if (std::optional<Door> door = toOutside(*room)) add(std::move(*door));
     building_.doors.insert(building_.doors.end(), doors_.begin(), doors_.end());
   }
 
@@ -204,6 +207,16 @@ class Guess {
         door.areas.push_back(behind->id);
         break;
       }
+    return door;
+  }
+
+  // An entrance in the longest wall behind which nothing is drawn.
+  std::optional<Door> toOutside(const Area& room) const {
+    const auto isOutside = [this](Point point) { return contents_.smallestAt(point) == nullptr; };
+    const auto contact = longestContact(openShape(room, contents_), isOutside);
+    if (!contact) return {};
+    Door door = doorAt(room, *contact);
+    door.kind = DoorKind::entrance;
     return door;
   }
 

@@ -99,10 +99,22 @@ class Maker {
     const Space openSpace(open);
     addTrunk(makeSkeleton(open, nodeClearance), openSpace, draft_);
     moveOutOfObstacles(draft_, space_);
+    const std::vector<Point> single = pointsWithoutLines();
     avoidObstacles(draft_, space_, ways_);
     joinCrossings(draft_);
     mergeNearNodes(space_, draft_);
     removeUnused(draft_);
+    for (const Point point : single) draft_.addWay(point);
+  }
+
+  // Of small spaces, such as vestibules.
+  std::vector<Point> pointsWithoutLines() const {
+    std::vector<bool> joined(draft_.nodes.size());
+    for (const DraftEdge& edge : draft_.edges) joined[edge.from] = joined[edge.to] = true;
+    std::vector<Point> points;
+    for (std::size_t i = 0; i < draft_.nodes.size(); ++i)
+      if (!joined[i]) points.push_back(draft_.nodes[i].position);
+    return points;
   }
 
   // Joins a node with the lines if it is in or near the walkable space.

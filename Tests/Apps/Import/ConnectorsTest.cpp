@@ -91,6 +91,15 @@ TEST(Connectors, FollowFromShapes) {
         {AreaKind::escalator, {1, box(9.2, 1, 10.2, 6)}},
         {AreaKind::escalator, {1, box(8, 1, 9, 6)}}},
        "escalator 0 1; escalator 0 1"},
+      {"a flight in two parts, on both storeys",
+       {{AreaKind::escalator, {0, box(8, 1, 9, 6)}},
+        {AreaKind::escalator, {0, box(8, 6, 9, 11)}},
+        {AreaKind::escalator, {1, box(8, 1, 9, 6)}},
+        {AreaKind::escalator, {1, box(8, 6, 9, 11)}}},
+       "escalator 0 1"},
+      {"a flight that passes two storeys",
+       {{AreaKind::escalator, {0, low}}, {AreaKind::escalator, {3, low}}},
+       "escalator 0 3"},
       {"steps within a hall", {{AreaKind::stairs, {3, box(4, 10, 6, 12)}}}, "stairs 3 3"},
   };
   for (const auto& [name, areas, expected] : cases) {
@@ -116,6 +125,25 @@ TEST(Connectors, FlightDrawnOnceLeadsToTheNextHall) {
   EXPECT_NEAR(stops[1].spot.position.y, 13.0, 0.2);
   EXPECT_FALSE(stops[0].enter);  // it leads down
   EXPECT_FALSE(stops[1].leave);
+}
+
+// A flight that is drawn on both storeys, in a gap of the upper hall: it leads to the nearer edge.
+TEST(Connectors, FlightsLeadFromSpaceToSpace) {
+  for (const bool north : {true, false}) {
+    Building building = halls(1);
+    building.storeys.emplace_back().ordinal = 1;
+    add(building, AreaKind::walkway, 1, north ? box(0, 16, 20, 20) : box(0, 0, 20, 5));
+    for (const double level : {0.0, 1.0})
+      add(building, AreaKind::escalator, level, box(8, 8, 9, 13));
+    ASSERT_EQ(made(building), "escalator 0 1");
+    const std::vector<Stop>& stops = building.connectors.front().stops;
+    EXPECT_NEAR(stops[0].spot.position.y, north ? 8.0 : 13.0, 0.2);
+    EXPECT_NEAR(stops[1].spot.position.y, north ? 13.0 : 8.0, 0.2);
+    // Nothing is drawn between it and the edge, so a path is assumed.
+    ASSERT_EQ(building.lines.size(), 1U);
+    EXPECT_EQ(building.lines.front().levels, std::vector<double>{1.0});
+    EXPECT_NEAR(building.lines.front().points.back().y, north ? 17.0 : 4.0, 0.2);
+  }
 }
 
 TEST(Connectors, FollowFromWhatTheSourceSays) {
