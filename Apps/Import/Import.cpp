@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "Apps/Import/Fixes/Fixes.hpp"
 #include "Apps/Import/Read/Sources.hpp"
@@ -32,9 +33,9 @@ Building importBuilding(const Options& options, Findings& findings) {
   report("reading");
   Building building;
   {
-    const std::vector<SourceFile> files = readFiles(options.sources, options.limits);
+    std::vector<SourceFile> files = readFiles(options.sources, options.limits);
     const Format format = options.format ? *options.format : recognizeFormat(files);
-    building = readBuilding(files, format, options, findings);
+    building = readBuilding(std::move(files), format, options, findings);
   }
   if (!options.fixes.empty())
     for (const SourceFile& file : readFiles({options.fixes}, options.limits))
