@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "Apps/Import/Fixes/Fixes.hpp"
 #include "Apps/Import/Read/Sources.hpp"
@@ -42,9 +43,9 @@ Building importBuilding(const Options& options, Findings& findings) {
   if (options.progress) options.progress("reading", 0.0);
   Building building;
   {
-    const std::vector<SourceFile> files = readFiles(options.sources, options.limits);
+    std::vector<SourceFile> files = readFiles(options.sources, options.limits);
     const Format format = options.format ? *options.format : recognizeFormat(files);
-    building = readBuilding(files, format, options, findings);
+    building = readBuilding(std::move(files), format, options, findings);
   }
   credit(options.attribution, building.attribution);
   credit(options.license, building.license);
