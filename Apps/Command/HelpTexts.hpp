@@ -21,7 +21,8 @@ Examples:
   orivanta route astrolabe-court --from "paper kestrel" --to "popcorn nebula" --accessible
 
 Exit codes: 0 success, 1 nothing found, 2 incorrect usage, 3 no response from the server,
-4 the output cannot be written, 5 the source of an import cannot be read.
+4 the output cannot be written, 5 the source of an import cannot be read, 6 not enough memory, or an
+unexpected error.
 
 `orivanta COMMAND --help` describes a command and its options.)";
 
@@ -129,12 +130,15 @@ Reads an IMDF 1.0 archive (a folder or a zip file), an OpenStreetMap extract wit
 Shapefile). If the source has no walking network, one is made from the drawn rooms, corridors and
 doors. The last line tells what was made and how many things to look at there are.
 
-The package is written beside FOLDER and renamed when it is complete. A folder that is no package is
-never replaced. The same source and options give the same files. Show the package with
-`orivanta serve FOLDER`.
+The package is written beside FOLDER and renamed when it is complete. Only a package of an earlier
+import is replaced. Files that were added to it, such as closure.json, are kept; if a file of the
+import was changed, nothing is written. The same source and options give the same files. Show the
+package with `orivanta serve FOLDER`.
+
+--attribution and --license are shown with the map, after those that the source states.
 
 --fixes names a JSON file with corrections by identifiers of the source; the report contains one to
-start from:
+start from. "name" also names elevators, stairs and escalators:
   {"way/4711": {"name": "Workshop", "hours": "Mo-Fr 08:00-17:00"},
    "way/4712": {"kind": "room", "door": {"latitude": 51.02551, "longitude": 13.72271}},
    "node/99": {"ignore": true}}
@@ -214,7 +218,8 @@ has the names of the building itself. FOLDER/nginx contains two files to include
 configuration of nginx. They add the API root URL/1/ with all venues in the language that the client
 prefers. Routes are not published, since clients compute them.
 
-FOLDER is replaced as a whole when everything is written. Packages with violations are not
+FOLDER is replaced as a whole when everything is written. Files that were added to it are kept; if a
+published file was changed, nothing is written. Packages with violations are not
 published; see `orivanta check`.
 
 Examples:

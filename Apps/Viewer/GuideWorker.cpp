@@ -1,8 +1,8 @@
 #include "Apps/Viewer/GuideWorker.hpp"
 
-#include <fmt/format.h>
-
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
 #include <utility>
 #include <variant>
 
@@ -31,6 +31,11 @@ bool isStop(const guidance::Request& request, const Location& place) {
     const auto* location = std::get_if<std::shared_ptr<Location>>(&stop);
     return location != nullptr && location->get() == &place;
   });
+}
+
+std::uint64_t units(double length) {
+  constexpr double most = 1e15;
+  return length > 0 ? static_cast<std::uint64_t>(std::llround(std::min(length, most))) : 0;
 }
 
 std::vector<std::shared_ptr<Map>> floorsOf(const NodeList& path) {
@@ -127,8 +132,7 @@ GuidedRoute GuideWorker::describe(guidance::Itinerary itinerary, const Request& 
     route.texts = narrator_.texts(itinerary, route.steps);
     route.summary = itinerary.hasScale
                         ? narrator_.summary(itinerary)
-                        : texts_.text("interface.route.units",
-                                      {{"units", fmt::format("{:.0f}", itinerary.meters())}});
+                        : texts_.text("interface.route.units", units(itinerary.meters()));
   }
   route.itinerary = std::move(itinerary);
   return route;

@@ -44,11 +44,9 @@ std::vector<NearestChoice> nearestChoices(const Venue& venue, const Location& pl
                                           const guidance::Closures& closures,
                                           const guidance::InterfaceTexts& texts) {
   std::vector<NearestChoice> choices;
-  const guidance::InterfaceTexts english("en");
   const auto offer = [&](const char* titleKey, const char* namesKey) {
     const auto& own = place.categories;
-    const auto category = categoryOfKind(
-        venue, {texts.text(namesKey), english.text(namesKey)});  // identifiers are in English
+    const auto category = categoryOfKind(venue, namesKey, texts);
     if (category && std::find(own.begin(), own.end(), category) == own.end())
       choices.push_back({texts.text(titleKey), category});
   };

@@ -21,7 +21,10 @@ constexpr double halfPartition = 0.06;  // the same of walls between walkways
 constexpr double doorDepth = 0.75;      // how far a doorway reaches to both sides
 constexpr double smallestPart = 0.1;    // square meters
 
-bool isPath(const Line& line) { return line.kind == LineKind::path || line.kind == LineKind::ramp; }
+bool isPath(const Line& line) {
+  return (line.kind == LineKind::path || line.kind == LineKind::ramp) &&
+         line.access != Access::nobody;
+}
 
 bool isWall(const Line& line) {
   return line.kind == LineKind::wall || line.kind == LineKind::barrier;
@@ -55,7 +58,7 @@ class Maker {
   }
 
  private:
-  bool walkable(const Area& area) const { return isWalkway(area.kind, walkways_); }
+  bool walkable(const Area& area) const { return isWalked(area, walkways_); }
 
   // Walkways and paths, with narrow gaps closed.
   Shape ground() const {
@@ -162,6 +165,10 @@ class Maker {
 bool isWalkway(AreaKind kind, bool storeyHasWalkways) {
   return kind == AreaKind::walkway || kind == AreaKind::ramp ||
          (kind == AreaKind::unknown && !storeyHasWalkways);
+}
+
+bool isWalked(const Area& area, bool storeyHasWalkways) {
+  return isWalkway(area.kind, storeyHasWalkways) && area.access != Access::nobody;
 }
 
 bool hasWalkways(const Building& building, double level) {

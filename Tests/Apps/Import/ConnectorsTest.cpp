@@ -125,6 +125,8 @@ TEST(Connectors, FollowFromWhatTheSourceSays) {
     add(building, AreaKind::elevator, level, box(5, 5, 7, 7), "lift");
     building.areas.back().connector = "lift";
     building.areas.back().wheelchair = Wheelchair::no;
+    building.areas.back().access = Access::staff;
+    if (level == 2.0) building.areas.back().names.name = "Lift A";
     Door door;
     door.id = "door" + std::to_string(static_cast<int>(level));
     door.level = level;
@@ -151,8 +153,28 @@ TEST(Connectors, FollowFromWhatTheSourceSays) {
   EXPECT_FALSE(escalator.stops[0].enter);  // the line leads down
   const Connector& lift = building.connectors[1];
   EXPECT_FALSE(lift.accessible);
+  EXPECT_EQ(lift.access, Access::staff);
+  EXPECT_EQ(lift.names.name, "Lift A");
   EXPECT_EQ(lift.stops[0].spot.position.x, 7.0);
   EXPECT_EQ(lift.stops[0].area, "lift@0");
+}
+
+// The level of an end is wrong where nothing is drawn on it, and a path of another storey goes on.
+TEST(Connectors, FlightsEndOnThePathsThatTheyContinue) {
+  Building building = halls(2);
+  building.storeys.emplace_back().ordinal = 2;
+  const auto addLine = [&](LineKind kind, std::vector<double> levels, std::vector<Point> points,
+                           std::vector<std::string> ids) {
+    Line& line = building.lines.emplace_back();
+    line.id = "line" + std::to_string(building.lines.size());
+    line.kind = kind;
+    line.levels = std::move(levels);
+    line.points = std::move(points);
+    line.pointIds = std::move(ids);
+  };
+  addLine(LineKind::steps, {0, 2}, {{19, 5}, {30, 5}}, {"bottom", "top"});
+  addLine(LineKind::path, {1}, {{30, 5}, {30, 15}, {19, 15}}, {"top", "bend", "hall"});
+  EXPECT_EQ(made(building), "stairs 0 1");
 }
 
 TEST(Connectors, OfLinksEndWherePeopleWalkOn) {

@@ -46,7 +46,7 @@ class AreaReader {
   void readUnit(const ImdfFeature& unit) {
     const std::string category = unit.text("category");
     Area* area = add(unit, kindOfUnit(category), "unit:" + category);
-    if (area != nullptr && isConnectorKind(area->kind))
+    if (area != nullptr && isConnector(area->kind))
       area->names = import_.archive.names(unit.data.properties, "name");
   }
 

@@ -86,7 +86,7 @@ class PlaceReader {
   // A unit, kiosk or fixture with a name but without an occupant is a place itself.
   void readNamed(const ImdfFeature& feature) {
     Area* area = import_.area(feature.id);
-    if (area == nullptr || !area->place.empty() || isConnectorKind(area->kind) ||
+    if (area == nullptr || !area->place.empty() || isConnector(area->kind) ||
         area->kind == AreaKind::wall || area->kind == AreaKind::opening)
       return;
     Place place = placeOf(feature, feature.type);
@@ -112,7 +112,7 @@ class PlaceReader {
 
   void readAmenity(const ImdfFeature& amenity) {
     const AreaKind kind = kindOfUnit(baseOf(amenity.text("category")));
-    if (isConnectorKind(kind) || !import_.isWithinBounds(amenity)) return;
+    if (isConnector(kind) || !import_.isWithinBounds(amenity)) return;
     Place place = placeOf(amenity, "amenity");
     std::optional<double> level;
     for (const std::string& id : memberTexts(amenity.data.properties, "unit_ids")) {

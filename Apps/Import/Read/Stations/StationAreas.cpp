@@ -26,11 +26,6 @@ Names namesOf(const StationFeature& feature) {
   return {name, {{"ja", name}}};
 }
 
-bool isConnector(AreaKind kind) {
-  return kind == AreaKind::stairs || kind == AreaKind::elevator || kind == AreaKind::escalator ||
-         kind == AreaKind::movingWalkway || kind == AreaKind::ramp;
-}
-
 class AreaReader {
  public:
   AreaReader(const std::vector<StationLayer>& layers, const Options& options, Building& building,

@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <map>
 
@@ -24,16 +23,6 @@ Building read(const std::vector<SourceFile>& files, const Options& options = {})
 }
 
 SourceFile file(const fs::path& path) { return {path.filename().string(), test::contentsOf(path)}; }
-
-// The extract as osmium writes it; empty if osmium is not installed.
-SourceFile converted(const SourceFile& xml, const std::string& name, const std::string& how) {
-  const test::TemporaryFolder folder;
-  folder.write("source.osm", xml.bytes);
-  const fs::path target = folder.path() / name;
-  const std::string command = fmt::format("osmium {} -o '{}' '{}' 2>/dev/null", how,
-                                          target.string(), (folder.path() / "source.osm").string());
-  return std::system(command.c_str()) == 0 ? file(target) : SourceFile();
-}
 
 // Small extracts of different kinds, and real ones if there are any.
 std::vector<SourceFile> extracts() {
@@ -59,7 +48,7 @@ TEST(OsmFormats, GiveTheSameBuilding) {
         {"a.osm.pbf", "cat -f pbf,pbf_dense_nodes=false,pbf_compression=none"},
         {"a.geojson", "export -f geojson -u type_id -a id,type"}};
     for (const auto& [name, how] : ways) {
-      const SourceFile other = converted(xml, name, how);
+      const SourceFile other = house::converted(xml, name, how);
       if (other.bytes.empty()) GTEST_SKIP() << "osmium is not installed";
       EXPECT_EQ(described(read({other}, options)), whole) << xml.name << " " << how;
     }
