@@ -87,10 +87,12 @@ void drawPicture(const std::filesystem::path& folder, const Venue& venue,
   const server::VenueServer server(served);
   RenderVenueOptions options;
   options.connection.endpoint = server.root();
+  options.connection.quiet = true;
   options.slug = *venue.slug;
   options.map = "all";
   options.labels = true;
   options.output = file;
+  options.printsFiles = false;  // the output is JSON
   options.highlights = highlights(audit);
   renderVenue(options);
 }

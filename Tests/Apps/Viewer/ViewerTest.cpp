@@ -320,7 +320,7 @@ TEST_F(ViewerTest, AWalkGoesAroundWhatIsClosedMeanwhile) {
   const double position = view.walker()->position().x;
   for (const std::string closed : {"a", "b"}) {
     folder.write("visits/closure.json", R"([{"id": ")" + closed + R"("}])");
-    EXPECT_LE(stage.viewer.nextFrameTime(), stage.time + 60);
+    ASSERT_LE(stage.viewer.nextFrameTime(), stage.time + 60);
     stage.viewer.advance(stage.time += 60);  // asks again
     stage.until([&] { return view.session().closures().contains(closed); });
     stage.until([&] { return !view.session().isPlanning(); });
