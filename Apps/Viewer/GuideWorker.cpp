@@ -21,6 +21,11 @@ bool contains(const List& list, const Element& element) {
   return std::find(list.begin(), list.end(), element) != list.end();
 }
 
+std::uint64_t units(double length) {
+  constexpr double most = 1e15;
+  return length > 0 ? static_cast<std::uint64_t>(std::llround(std::min(length, most))) : 0;
+}
+
 bool isAboutHours(guidance::Problem::Kind kind) {
   using Kind = guidance::Problem::Kind;
   return kind == Kind::closed || kind == Kind::closesBeforeArrival;
@@ -31,11 +36,6 @@ bool isStop(const guidance::Request& request, const Location& place) {
     const auto* location = std::get_if<std::shared_ptr<Location>>(&stop);
     return location != nullptr && location->get() == &place;
   });
-}
-
-std::uint64_t units(double length) {
-  constexpr double most = 1e15;
-  return length > 0 ? static_cast<std::uint64_t>(std::llround(std::min(length, most))) : 0;
 }
 
 std::vector<std::shared_ptr<Map>> floorsOf(const NodeList& path) {
@@ -116,7 +116,8 @@ std::string GuideWorker::warning(const guidance::Itinerary& itinerary,
   return sentences;
 }
 
-GuidedRoute GuideWorker::describe(guidance::Itinerary itinerary, const Request& request) const {
+GuidedRoute GuideWorker::describe(guidance::Itinerary itinerary, const Request& request,
+                                  const foundation::CancellationToken& token) const {
   GuidedRoute route;
   route.path = itinerary.path();
   route.floors = floorsOf(route.path);
@@ -128,7 +129,7 @@ GuidedRoute GuideWorker::describe(guidance::Itinerary itinerary, const Request& 
   if (route.path.size() == 1) {
     route.summary = texts_.text("interface.route.none");
   } else {
-    route.steps = guide_->steps(itinerary);
+    route.steps = guide_->steps(itinerary, token);
     route.texts = narrator_.texts(itinerary, route.steps);
     route.summary = itinerary.hasScale
                         ? narrator_.summary(itinerary)
@@ -145,7 +146,7 @@ GuidedPlan GuideWorker::answer(const Request& request,
   plan.guide = guide_;
   for (auto& itinerary : found.itineraries) {
     if (token.isCanceled()) return plan;
-    plan.routes.push_back(describe(std::move(itinerary), request));
+    plan.routes.push_back(describe(std::move(itinerary), request, token));
   }
   plan.problem = found.problem;
   if (plan.problem)

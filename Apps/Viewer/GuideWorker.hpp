@@ -36,7 +36,8 @@ class GuideWorker {
   guidance::Plan searchOnce(const Request& request,
                             const foundation::CancellationToken& token) const;
   Request withClosedStops(Request request) const;
-  GuidedRoute describe(guidance::Itinerary itinerary, const Request& request) const;
+  GuidedRoute describe(guidance::Itinerary itinerary, const Request& request,
+                       const foundation::CancellationToken& token) const;
   std::string warning(const guidance::Itinerary& itinerary, const guidance::LocalTime& at) const;
 
   std::shared_ptr<Venue> venue_;  // null after the guide is made
