@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Apps/Viewer/ProfileChoices.hpp"
+#include "Apps/Viewer/RouteMatch.hpp"
 #include "Source/Guidance/LabelName.hpp"
 #include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Location.hpp"
@@ -17,28 +18,6 @@ constexpr int alternatives = 2;
 
 std::optional<std::string> nameOf(const std::shared_ptr<Location>& place) {
   return place ? std::optional(place->name.value_or("")) : std::nullopt;
-}
-
-template <class List>
-bool isEndOf(const List& end, const List& whole) {
-  return end.size() <= whole.size() && std::equal(end.rbegin(), end.rend(), whole.rbegin());
-}
-
-std::vector<std::shared_ptr<Vortex>> connectorsOf(const GuidedRoute& route) {
-  std::vector<std::shared_ptr<Vortex>> connectors;
-  for (const guidance::Leg& leg : route.itinerary.legs)
-    if (leg.connector) connectors.push_back(leg.connector);
-  return connectors;
-}
-
-bool isSame(const GuidedRoute& route, const GuidedRoute& other) {
-  return route.path == other.path && connectorsOf(route) == connectorsOf(other);
-}
-
-// Returns whether a route from a position leads along another one from there to its end.
-bool isRestOf(const GuidedRoute& route, const GuidedRoute& whole) {
-  const NodeList after(route.path.begin() + 1, route.path.end());
-  return isEndOf(after, whole.path) && isEndOf(connectorsOf(route), connectorsOf(whole));
 }
 
 }  // namespace
@@ -200,7 +179,7 @@ bool RouteSession::keepRoute(GuidedPlan& plan) {
   const auto found =
       std::find_if(plan.routes.begin(), plan.routes.end(), [this](const GuidedRoute& other) {
         return purpose_ == Purpose::updateOnTheWay ? isRestOf(other, *route())
-                                                   : isSame(other, *route());
+                                                   : isSameRoute(other, *route());
       });
   if (found == plan.routes.end() || (chosen_ == 0 && found != plan.routes.begin())) return false;
   if (purpose_ == Purpose::updateOnTheWay) {  // the other routes of the old plan may be closed
