@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -42,7 +43,9 @@ void requireDegrees(const std::string& crs, const std::string& file) {
 }
 
 void CoordinateCheck::add(Point position) {
-  if (positions_++ == 0) example_ = position;
+  if (positions_++ == 0) example_ = least_ = greatest_ = position;
+  least_ = {std::min(least_.x, position.x), std::min(least_.y, position.y)};
+  greatest_ = {std::max(greatest_.x, position.x), std::max(greatest_.y, position.y)};
   if (isPosition(position.x, position.y))
     ++degrees_;
   else if (isPosition(position.y, position.x))
@@ -67,6 +70,21 @@ void CoordinateCheck::add(const GeoGeometry& geometry) {
     for (const Point point : polygon.outer) add(point);
     addCorners(polygon.outer);
   }
+}
+
+bool CoordinateCheck::areSwappedDegrees() const {
+  return positions_ > 0 && exchanged_ == positions_ && greatest_.x - least_.x < 0.5 &&
+         greatest_.y - least_.y < 0.5;
+}
+
+void CoordinateCheck::refuseMercator(const std::string& file) const {
+  constexpr double farthest = 1.1e6;  // meters
+  if (positions_ == 0 || (least_.x < farthest && greatest_.x > -farthest)) return;
+  throw CoordinateError(
+      fmt::format("{}: the coordinates, such as [{}, {}], look like Web Mercator (EPSG:3857), "
+                  "whose lengths are "
+                  "wrong; {}",
+                  file, example_.x, example_.y, conversionOf(file)));
 }
 
 bool CoordinateCheck::areSwapped(const std::string& file, Findings& findings) const {

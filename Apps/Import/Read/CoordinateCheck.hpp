@@ -30,6 +30,14 @@ class CoordinateCheck {
   /// be degrees.
   bool areSwapped(const std::string& file, Findings& findings) const;
 
+  /// Whether all positions are certainly latitude and longitude, and no meters: they are near to
+  /// each other.
+  bool areSwappedDegrees() const;
+
+  /// Throws `CoordinateError` if the positions are those of Web Mercator, whose meters are too
+  /// long, rather than meters on a plane of true scale: these are at most 1,000 km from its middle.
+  void refuseMercator(const std::string& file) const;
+
  private:
   void add(Point position);
   void addCorners(const Outline& ring);
@@ -41,6 +49,8 @@ class CoordinateCheck {
   std::size_t right_ = 0;           // corners with right angles
   std::size_t rightIfSwapped_ = 0;  // corners that have them if the order is the other one
   Point example_;
+  Point least_;
+  Point greatest_;
 };
 
 }  // namespace orivanta::importer

@@ -1,24 +1,13 @@
 #include "Apps/Import/Read/Sources.hpp"
 
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
-
 #include <utility>
 
 #include "Apps/Import/Read/CleanTexts.hpp"
+#include "Apps/Import/Read/FreeMemory.hpp"
 
 namespace orivanta::importer {
 
 namespace {
-
-// Returns what the readers have freed to the system: it is more than the building takes, in pieces
-// that later stages can hardly use.
-void releaseFreeMemory() {
-#ifdef __GLIBC__
-  malloc_trim(0);
-#endif
-}
 
 Building readAs(Format format, std::vector<SourceFile> files, const Options& options,
                 Findings& findings) {

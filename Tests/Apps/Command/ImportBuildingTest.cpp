@@ -66,7 +66,7 @@ TEST_F(ImportBuilding, WritesAPackageAndTellsWhatItMade) {
 
 TEST_F(ImportBuilding, FailsWithoutTouchingTheTarget) {
   std::ofstream(folder_ / "broken.osm") << "<osm><node";
-  std::ofstream(folder_ / "fixes.json") << R"({"way/-3": {"hours": "Mo-Fr 08:00-17:00"}})";
+  std::ofstream(folder_ / "fixes.json") << R"({"way/3": {"hours": "Mo-Fr 08:00-17:00"}})";
   const struct {
     std::vector<std::string> options;
     const char* source;

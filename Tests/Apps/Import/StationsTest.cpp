@@ -146,6 +146,22 @@ TEST(Stations, AcceptDegreesAndTrueMeters) {
     }
 }
 
+TEST(Stations, TellDegreesFromMeters) {
+  const auto read = [](const char* x, const char* y) {
+    const std::string text =
+        R"({"features":[{"properties":{"node_id":"n","ordinal":1},"geometry":{"type":"Point",)"
+        R"("coordinates":[)" +
+        std::string(x) + ',' + y + "]}}]}";
+    Findings findings;
+    return readStations({{"S_node.geojson", text}}, {}, findings);
+  };
+  EXPECT_NEAR(read("139.7", "35.6").georeference.value().latitude, 35.6, 0.01);
+  EXPECT_NEAR(read("35.6", "139.7").georeference.value().latitude, 35.6, 0.01);
+  EXPECT_FALSE(read("-12000", "-34000").georeference.has_value());
+  EXPECT_THAT([&] { read("15550000", "4250000"); },
+              ::testing::ThrowsMessage<SourceError>(HasSubstr("Web Mercator")));
+}
+
 TEST(Stations, OfARealStationAreComplete) {
   const std::filesystem::path folder = ORIVANTA_RAW "/jp-shinjuku";
   if (!std::filesystem::exists(folder)) GTEST_SKIP() << folder << " is missing";

@@ -57,12 +57,13 @@ class Reader {
     throw SourceError(file_.name + ": " + cause);
   }
 
-  // The parser needs about 64 bytes for each element, text and attribute.
+  // The parser needs about 64 bytes for each element, text and attribute. Elements have two
+  // brackets.
   void parse() {
     const std::size_t pieces = static_cast<std::size_t>(
         std::count_if(file_.bytes.begin(), file_.bytes.end(),
                       [](char character) { return character == '<' || character == '='; }));
-    if (pieces > 4 * limits_.vertices) failForSize();
+    if (pieces > 2 * limits_.vertices) failForSize();
     const pugi::xml_parse_result parsed =
         document_.load_buffer(file_.bytes.data(), file_.bytes.size(), pugi::parse_default);
     if (parsed) return;

@@ -173,7 +173,7 @@ void nameBuilding(OsmConversion& conversion) {
   if (building.names.name.empty()) nameAfterArea(things, building);
 }
 
-Building buildingFromOsm(OsmData data, const Options& options, Findings& findings) {
+Building buildingFromOsm(const OsmData& data, const Options& options, Findings& findings) {
   std::vector<OsmThing> things = thingsOf(data, options.limits, findings);
   if (options.bounds) keepWithin(things, *options.bounds);
   if (!options.building.empty()) keepBuilding(things, options.building, data.file(), findings);

@@ -131,6 +131,9 @@ void OsmData::addRelation(OsmRelation relation) {
 }
 
 void OsmData::finish() {
+  // The corners of ways repeat nodes without their tags.
+  std::stable_partition(nodes_.begin(), nodes_.end(),
+                        [](const OsmNode& node) { return !node.tags->empty(); });
   order(nodes_);
   order(ways_);
   order(relations_);

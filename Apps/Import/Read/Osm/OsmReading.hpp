@@ -31,7 +31,7 @@ void reportUnreadable(const std::string& file, const std::string& place, const s
                       Findings& findings);
 
 /// Makes a building of an extract. Throws `SourceError` if nothing in it is indoors.
-Building buildingFromOsm(OsmData data, const Options& options, Findings& findings);
+Building buildingFromOsm(const OsmData& data, const Options& options, Findings& findings);
 
 /// Reads all files with `read(file, data)`, calls `complete(data)`, and converts the extract to a
 /// building. The contents of files are released as soon as they have been read.
@@ -46,7 +46,7 @@ Building readOsm(std::vector<SourceFile> files, const Options& options, Findings
   }
   complete(data);
   data.finish();
-  return buildingFromOsm(std::move(data), options, findings);
+  return buildingFromOsm(data, options, findings);
 }
 
 template <class Read>

@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "Apps/Import/Projection.hpp"
+#include "Apps/Import/Read/CoordinateCheck.hpp"
+#include "Apps/Import/Read/FreeMemory.hpp"
 #include "Apps/Import/Read/JsonMembers.hpp"
 #include "Apps/Import/Read/PlaneOrigin.hpp"
 #include "Apps/Import/Read/Sources.hpp"
@@ -44,7 +46,7 @@ bool isDegrees(const std::vector<StationLayer>& layers) {
 }
 
 // The unit of all layers. Layers that do not state theirs have that of the others.
-CoordinateUnit commonUnit(const std::vector<StationLayer>& layers, Findings& findings) {
+CoordinateUnit commonUnit(std::vector<StationLayer>& layers, Findings& findings) {
   const StationLayer* first = nullptr;
   for (const StationLayer& layer : layers) {
     if (layer.unit == CoordinateUnit::unknown) continue;
@@ -55,6 +57,19 @@ CoordinateUnit commonUnit(const std::vector<StationLayer>& layers, Findings& fin
                         "-t_srs EPSG:4326 -f GeoJSON NEW.geojson FILE");
   }
   if (first != nullptr) return first->unit;
+  CoordinateCheck check;
+  for (const StationLayer& layer : layers)
+    for (const StationFeature& feature : layer.features) check.add(feature.geometry);
+  if (check.areSwappedDegrees()) {
+    for (StationLayer& layer : layers)
+      for (StationFeature& feature : layer.features)
+        changePositions(feature.geometry, [](Point point) { return Point{point.y, point.x}; });
+    report(findings, Severity::warning, "coordinates-swapped", layers.front().file,
+           "The latitude comes before the longitude.", "The coordinates are exchanged.",
+           "Export the files with the longitude first.");
+    return CoordinateUnit::degrees;
+  }
+  check.refuseMercator(layers.front().file);
   const bool degrees = isDegrees(layers);
   report(findings, Severity::warning, "reference-system-unknown", layers.front().file,
          "The files do not state their coordinate reference system.",
@@ -168,6 +183,7 @@ Building readStations(std::vector<SourceFile> files, const Options& options, Fin
   building.georeference = placement.georeference();
   placement.apply();
   readStationNetwork(layers, building, findings);
+  releaseFreeMemory();
   readStationAreas(layers, options, building, findings);
   return building;
 }
