@@ -117,15 +117,16 @@ class OutdoorJoiner {
     }
   }
 
-  // Parts without exits get one where their way ends at the outside, or else where it is nearest to
-  // the outside.
+  // Parts without exits may get one where their way ends at the outside, or else where it is
+  // nearest to the outside.
   void guessExits() {
     const std::vector<Node>& nodes = building_.network.nodes;
     std::set<std::size_t> withExits;
     for (std::size_t i = 0; i < exits_.size(); ++i) withExits.insert(partOf(i));
     std::vector<int> lines(nodes.size());
     for (const Edge& edge : building_.network.edges) ++lines[edge.from], ++lines[edge.to];
-    std::map<std::size_t, std::pair<double, Exit>> best;  // by part
+    std::set<std::size_t> withEnds;                       // parts
+    std::map<std::size_t, std::pair<double, Exit>> best;  // by part, where no way ends
     for (const Storey& storey : building_.storeys) {
       if (!isOnGround(storey.ordinal)) continue;
       const Space space(walkableSpace(building_, storey.ordinal));
@@ -136,14 +137,19 @@ class OutdoorJoiner {
         if (withExits.contains(part) || !withPlaces_.contains(part)) continue;
         const auto border = outerBorder(space, areas, nodes[i].position);
         if (!border) continue;
-        constexpr double insteadOfEnd = 100.0;
-        const double cost =
-            package::distance(*border, nodes[i].position) + (lines[i] == 1 ? 0.0 : insteadOfEnd);
-        const auto [entry, isNew] = best.try_emplace(part, cost, Exit{i, *border, true});
-        if (!isNew && cost < entry->second.first) entry->second = {cost, Exit{i, *border, true}};
+        const Exit exit{i, *border, true};
+        if (lines[i] == 1 && exits_.size() < mostExits) {
+          exits_.push_back(exit);
+          withEnds.insert(part);
+          continue;
+        }
+        const double away = package::distance(*border, nodes[i].position);
+        const auto [entry, isNew] = best.try_emplace(part, away, exit);
+        if (!isNew && away < entry->second.first) entry->second = {away, exit};
       }
     }
-    for (const auto& [part, exit] : best) exits_.push_back(exit.second);
+    for (const auto& [part, exit] : best)
+      if (!withEnds.contains(part)) exits_.push_back(exit.second);
   }
 
   // The nearest point of a border in sight behind which nothing is drawn.
