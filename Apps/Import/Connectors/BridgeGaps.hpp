@@ -1,4 +1,4 @@
-// Connectors that end a few meters beside the space in which people walk.
+// Connectors and places that lie a few meters beside the space in which people walk.
 #pragma once
 
 #include "Apps/Import/Building.hpp"
@@ -7,9 +7,8 @@
 
 namespace orivanta::importer {
 
-/// Returns paths from stops to the walkable space if nothing is drawn between them, and reports
-/// them
-/// (`connector-beside-walkway`).
+/// Returns paths from stops, and from places without areas, to the walkable space if nothing is
+/// drawn between them. Reports those of stops (`connector-beside-walkway`).
 std::vector<Line> bridgeGaps(const Building& building, const std::vector<Connector>& connectors,
                              const Surroundings& surroundings, Findings& findings);
 

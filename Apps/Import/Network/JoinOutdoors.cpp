@@ -5,11 +5,14 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <tuple>
 
 #include "Apps/Import/DisjointSets.hpp"
+#include "Apps/Import/Doors/WalkableSpace.hpp"
+#include "Apps/Import/Geometry/AreaIndex.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
 #include "Apps/Import/MakeFinding.hpp"
 
@@ -31,20 +34,20 @@ class OutdoorJoiner {
         walls_(groundWalls(), 0.0) {
     findParts();
     findExits();
+    guessExits();
   }
 
   void run() {
     using Candidate = std::tuple<double, std::size_t, std::size_t>;
     std::vector<Candidate> candidates;
     std::vector<Segment> points;
-    for (const std::size_t exit : exits_) points.push_back({at(exit), at(exit)});
+    for (const Exit& exit : exits_) points.push_back({exit.position, exit.position});
     const SegmentGrid grid(points, 0.0);
     for (std::size_t i = 0; i < exits_.size(); ++i) {
       std::vector<Candidate> near;
       grid.eachNear(points[i].a, longest, [&](std::size_t k) {
         const double length = package::distance(points[i].a, points[k].a);
-        if (length <= longest && parts_.find(exits_[i]) != parts_.find(exits_[k]))
-          near.emplace_back(length, exits_[i], exits_[k]);
+        if (length <= longest && partOf(i) != partOf(k)) near.emplace_back(length, i, k);
       });
       std::sort(near.begin(), near.end());
       if (near.size() > mostNeighbors) near.resize(mostNeighbors);
@@ -52,12 +55,18 @@ class OutdoorJoiner {
     }
     std::sort(candidates.begin(), candidates.end());
     for (const auto& [length, from, to] : candidates)
-      if (parts_.find(from) != parts_.find(to) && isFree(at(from), at(to))) join(from, to, length);
+      if (partOf(from) != partOf(to) && isFree(exits_[from].position, exits_[to].position))
+        join(exits_[from], exits_[to], length);
   }
 
  private:
-  const Node& node(std::size_t i) const { return building_.network.nodes[i]; }
-  Point at(std::size_t i) const { return node(i).position; }
+  struct Exit {
+    std::size_t node = 0;  // of the network; of a guessed exit, that from which it is reached
+    Point position;
+    bool isGuessed = false;
+  };
+
+  std::size_t partOf(std::size_t exit) { return parts_.find(exits_[exit].node); }
 
   bool isOnGround(double level) const {
     return std::any_of(building_.storeys.begin(), building_.storeys.end(),
@@ -104,8 +113,85 @@ class OutdoorJoiner {
       const bool isHead = nodes[i].kind == NodeKind::boarding && !isJoined[i];
       if ((isEntrance || isHead) && isOnGround(nodes[i].level) &&
           withPlaces_.contains(parts_.find(i)))
-        exits_.push_back(i);
+        exits_.push_back({i, nodes[i].position});
     }
+  }
+
+  // Parts without exits may get one where their way ends at the outside, or else where it is
+  // nearest to the outside.
+  void guessExits() {
+    const std::vector<Node>& nodes = building_.network.nodes;
+    std::set<std::size_t> withExits;
+    for (std::size_t i = 0; i < exits_.size(); ++i) withExits.insert(partOf(i));
+    std::vector<int> lines(nodes.size());
+    for (const Edge& edge : building_.network.edges) ++lines[edge.from], ++lines[edge.to];
+    std::set<std::size_t> withEnds;                       // parts
+    std::map<std::size_t, std::pair<double, Exit>> best;  // by part, where no way ends
+    for (const Storey& storey : building_.storeys) {
+      if (!isOnGround(storey.ordinal)) continue;
+      const Space space(walkableSpace(building_, storey.ordinal));
+      const AreaIndex areas(building_, storey.ordinal, [](const Area&) { return true; });
+      for (std::size_t i = 0; i < nodes.size(); ++i) {
+        if (nodes[i].kind != NodeKind::way || nodes[i].level != storey.ordinal) continue;
+        const std::size_t part = parts_.find(i);
+        if (withExits.contains(part) || !withPlaces_.contains(part)) continue;
+        const auto border = outerBorder(space, areas, nodes[i].position);
+        if (!border) continue;
+        const Exit exit{i, *border, true};
+        if (lines[i] == 1 && exits_.size() < mostExits) {
+          exits_.push_back(exit);
+          withEnds.insert(part);
+          continue;
+        }
+        const double away = package::distance(*border, nodes[i].position);
+        const auto [entry, isNew] = best.try_emplace(part, away, exit);
+        if (!isNew && away < entry->second.first) entry->second = {away, exit};
+      }
+    }
+    for (const auto& [part, exit] : best)
+      if (!withEnds.contains(part)) exits_.push_back(exit.second);
+  }
+
+  // The nearest point of a border in sight behind which nothing is drawn.
+  static std::optional<Point> outerBorder(const Space& space, const AreaIndex& areas, Point from) {
+    constexpr double within = 4.0;
+    constexpr double narrowest = 0.8;
+    std::optional<Point> nearest;
+    double best = within;
+    space.walls().eachNear(from, within, [&](std::size_t i) {
+      const auto& [a, b] = space.walls().segments()[i];
+      const double length = package::distance(a, b);
+      const Point border = a + (b - a) * package::nearestFraction(a, b, from);
+      const double away = package::distance(border, from);
+      if (length < narrowest || away >= best) return;
+      const Point outward = Point{(b - a).y, (a - b).x} * (1.0 / length);
+      for (const double depth : {0.4, 1.0, 2.0})
+        if (areas.smallestAt(border + outward * depth) != nullptr) return;
+      if (!space.isFree(from, border - outward * 0.05, 0.0)) return;
+      best = away;
+      nearest = border;
+    });
+    return nearest;
+  }
+
+  // Of a guessed exit, makes an entrance.
+  std::size_t nodeOf(const Exit& exit) {
+    if (!exit.isGuessed) return exit.node;
+    const Node inner = building_.network.nodes[exit.node];
+    Door door;
+    door.id = inner.id + "/exit";
+    door.kind = DoorKind::entrance;
+    door.level = inner.level;
+    door.position = exit.position;
+    door.guessed = true;
+    const auto same = [&](const Node& node) { return node.id == door.id; };
+    std::vector<Node>& nodes = building_.network.nodes;
+    const auto known = std::find_if(nodes.begin(), nodes.end(), same);
+    if (known != nodes.end()) return static_cast<std::size_t>(known - nodes.begin());
+    nodes.push_back({door.id, NodeKind::door, door.level, door.position, door.id, 0.0});
+    building_.network.edges.push_back({exit.node, nodes.size() - 1, false});
+    building_.doors.push_back(std::move(door));
+    return nodes.size() - 1;
   }
 
   // Exits lie at the borders of areas.
@@ -121,15 +207,19 @@ class OutdoorJoiner {
     });
   }
 
-  void join(std::size_t from, std::size_t to, double length) {
-    parts_.join(from, to);
+  void join(const Exit& one, const Exit& other, double length) {
+    parts_.join(one.node, other.node);
+    const std::size_t from = nodeOf(one);
+    const std::size_t to = nodeOf(other);
     building_.network.edges.push_back({from, to, false});
+    const Node& first = building_.network.nodes[from];
+    const Node& second = building_.network.nodes[to];
     findings_.add(makeFinding(
-        Severity::info, "joined-outdoors", node(from).of, {node(from).level, at(from)},
+        Severity::info, "joined-outdoors", first.of, {first.level, first.position},
         {.message = fmt::format(
              "Nothing is drawn between {} and {}, {:.0f} m away, and nothing else joins these two "
              "parts of the building.",
-             node(from).of, node(to).of, length),
+             first.of, second.of, length),
          .effect = "Routes between the two parts lead straight across.",
          .advice = "Draw the way between them."}));
   }
@@ -138,7 +228,7 @@ class OutdoorJoiner {
   Findings& findings_;
   DisjointSets parts_;
   std::set<std::size_t> withPlaces_;  // parts
-  std::vector<std::size_t> exits_;    // nodes
+  std::vector<Exit> exits_;
   SegmentGrid walls_;
 };
 

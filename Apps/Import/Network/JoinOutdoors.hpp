@@ -8,7 +8,8 @@ namespace orivanta::importer {
 
 /// Joins parts of the network that have places with straight lines between exits at the height of
 /// the ground floor, the shortest first, and reports each (`joined-outdoors`). Exits are entrances,
-/// and stops of connectors around which nothing is drawn. The lines are at most 150 m long and
+/// and stops of connectors around which nothing is drawn; a part without any gets an entrance where
+/// its way ends at the outside. The lines are at most 150 m long and
 /// cross nothing that is drawn.
 void joinOutdoors(Building& building, Findings& findings);
 

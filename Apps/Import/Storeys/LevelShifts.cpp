@@ -115,9 +115,13 @@ void reportShiftedStoreys(const Building& building, Findings& findings) {
   for (const Storey& storey : building.storeys)
     if (!storey.building.empty() && !storey.shortName.empty())
       signs[storey.building].emplace(storey.shortName, storey.ordinal);
-  for (auto first = signs.begin(); first != signs.end(); ++first)
-    for (auto second = std::next(first); second != signs.end(); ++second)
+  constexpr int mostCompared = 100;  // of each building with others
+  for (auto first = signs.begin(); first != signs.end(); ++first) {
+    int compared = 0;
+    for (auto second = std::next(first); second != signs.end() && compared < mostCompared;
+         ++second, ++compared)
       reportPair(*first, *second, findings);
+  }
 }
 
 }  // namespace orivanta::importer

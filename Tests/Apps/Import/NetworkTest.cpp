@@ -194,7 +194,8 @@ TEST(ImportNetwork, KeepsVisitorsOutOfWhatIsForStaffOrNobody) {
 
 TEST(ImportNetwork, JoinsBuildingsOutdoorsIfNothingIsBetween) {
   for (const auto& [row, isJoined] :
-       {std::pair("AA....+      +....BB", true), std::pair("AA....+  CC  +....BB", false)}) {
+       {std::pair("AA....+      +....BB", true), std::pair("AA....+  CC  +....BB", false),
+        std::pair("AA.....      +....BB", true)}) {
     Plan plan({row, "AA....          ..BB"});
     plan.building.storeys.emplace_back();
     plan.make();
