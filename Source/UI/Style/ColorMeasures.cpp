@@ -85,8 +85,7 @@ double meanHue(double first, double second, bool anyGray) {
 }
 
 double ciede2000(const Lab& first, const Lab& second) {
-  const double meanOfChroma =
-      (std::hypot(first.a, first.b) + std::hypot(second.a, second.b)) / 2;
+  const double meanOfChroma = (std::hypot(first.a, first.b) + std::hypot(second.a, second.b)) / 2;
   const double stretch = 1.5 - 0.5 * chromaShare(meanOfChroma);
   const double chroma1 = std::hypot(first.a * stretch, first.b);
   const double chroma2 = std::hypot(second.a * stretch, second.b);
@@ -161,8 +160,8 @@ Color mixedInLight(const Color& first, const Color& second, double share) {
 Color mixedToContrast(const Color& fill, const Color& ink, double contrast) {
   const double from = luminanceOf(fill);
   const double to = luminanceOf(ink);
-  const double wanted = to < from ? (from + flare) / contrast - flare
-                                  : (from + flare) * contrast - flare;
+  const double wanted =
+      to < from ? (from + flare) / contrast - flare : (from + flare) * contrast - flare;
   // The luminance of a mixture is proportional to the share.
   const double share = to == from ? 1.0 : (wanted - from) / (to - from);
   return mixedInLight(fill, ink, std::clamp(share, 0.0, 1.0));

@@ -82,7 +82,8 @@ PlaceKind KindWords::kindOf(const Category& category) const {
     return kindOf(inner.name.value_or(std::string()));
   };
   PlaceKind kind = visit(category);
-  for (std::size_t i = 0; kind == PlaceKind::other && i < outer.size(); ++i) kind = visit(*outer[i]);
+  for (std::size_t i = 0; kind == PlaceKind::other && i < outer.size(); ++i)
+    kind = visit(*outer[i]);
   return kind;
 }
 

@@ -13,8 +13,8 @@
 namespace orivanta {
 
 /// Words that names of categories contain, and the kinds that they mean. The built-in words are
-/// those of English, German, French, Spanish, Japanese, Korean and Arabic. Identifiers of categories
-/// are never used. A value. Reading is thread-safe.
+/// those of English, German, French, Spanish, Japanese, Korean and Arabic. Identifiers of
+/// categories are never used. A value. Reading is thread-safe.
 class ORIVANTA_API KindWords {
  public:
   /// Creates the built-in words.

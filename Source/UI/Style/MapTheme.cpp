@@ -15,7 +15,7 @@ constexpr double smallNamesBelow = 40.0;  // importance
 std::shared_ptr<const MapTheme> builtIn(bool dark) {
   auto theme = std::make_shared<MapTheme>();
   theme->name = dark ? "Dark" : "Light";
-  theme->dark = dark;
+  theme->isDark = dark;
   theme->colors = dark ? darkPalette : lightPalette;
   theme->zoom = {{85, 0.5, 1.0}, {60, 1.2, 2.2}, {40, 2.2, 3.0}, {0, 3.2, 4.5}};
   return theme;
@@ -28,7 +28,7 @@ std::shared_ptr<const MapTheme> MapTheme::light() {
   return theme;
 }
 
-std::shared_ptr<const MapTheme> MapTheme::darkTheme() {
+std::shared_ptr<const MapTheme> MapTheme::dark() {
   static const auto theme = builtIn(true);
   return theme;
 }

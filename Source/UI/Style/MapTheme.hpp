@@ -41,20 +41,20 @@ struct MapSizes {
 /// is constant then: `std::shared_ptr<const MapTheme>`.
 struct ORIVANTA_API MapTheme {
   std::string name;                       ///< for users
-  bool dark = false;                      ///< whether it derives from the dark theme
+  bool isDark = false;                    ///< whether it derives from the dark theme
   MapPalette colors = lightPalette;       ///< all colors
   double outlineContrast = 1.9;           ///< of outlines with their fills
   double walkableOutlineContrast = 1.25;  ///< of outlines of walkable areas with their fills
   std::string fontFamily = "Sans";        ///< a family or an alias of Fontconfig
   MapSizes sizes;                         ///< all lengths
-  std::vector<ZoomStep> zoom;             ///< by descending importance; the last one is for the rest
-  KindWords words;                        ///< determine the kinds of places
+  std::vector<ZoomStep> zoom;  ///< by descending importance; the last one is for the rest
+  KindWords words;             ///< determine the kinds of places
 
   /// Returns the built-in light theme. The same object each time; thread-safe.
   static std::shared_ptr<const MapTheme> light();
 
   /// Returns the built-in dark theme. The same object each time; thread-safe.
-  static std::shared_ptr<const MapTheme> darkTheme();
+  static std::shared_ptr<const MapTheme> dark();
 
   /// Returns the color of the floors of places.
   graphics::Color fill(FillKind kind) const { return fillOf(colors, kind); }

@@ -20,17 +20,17 @@ constexpr graphics::Color colorOfHex(unsigned hex) {
 /// at least 5.
 struct MapPalette {
   std::array<graphics::Color, fillKindCount> fills{};  ///< in the order of `FillKind`
-  graphics::Color walkable;     ///< corridors, squares and everything else that people walk on
-  graphics::Color slab;         ///< the floor below everything
-  graphics::Color backdrop;     ///< around the floor, and what is open to the floor below
-  graphics::Color text;         ///< names
-  graphics::Color halo;         ///< around names
-  graphics::Color outline;      ///< what fills are mixed with to draw their outlines
-  graphics::Color route;        ///< the route ahead
-  graphics::Color casing;       ///< on both sides of the route, and around pins
-  graphics::Color passed;       ///< the part of the route that has been walked
-  graphics::Color pin;          ///< the destination and the selected place
-  graphics::Color start;        ///< where the route starts
+  graphics::Color walkable;  ///< corridors, squares and everything else that people walk on
+  graphics::Color slab;      ///< the floor below everything
+  graphics::Color backdrop;  ///< around the floor, and what is open to the floor below
+  graphics::Color text;      ///< names
+  graphics::Color halo;      ///< around names
+  graphics::Color outline;   ///< what fills are mixed with to draw their outlines
+  graphics::Color route;     ///< the route ahead
+  graphics::Color casing;    ///< on both sides of the route, and around pins
+  graphics::Color passed;    ///< the part of the route that has been walked
+  graphics::Color pin;       ///< the destination and the selected place
+  graphics::Color start;     ///< where the route starts
   /// The symbol and the ring of an icon.
   graphics::Color iconSymbol = colorOfHex(0xFFFFFF);
   /// Disc of an icon: elevators, escalators, stairs, ramps.
@@ -50,7 +50,7 @@ struct MapPalette {
 };
 
 /// The palette of the light theme.
-inline constexpr MapPalette lightPalette {
+inline constexpr MapPalette lightPalette{
     {colorOfHex(0xEFE5C3), colorOfHex(0xE1A375), colorOfHex(0xDCCFC8), colorOfHex(0xBFCBD8),
      colorOfHex(0xDDCFFD), colorOfHex(0x8AB3D4), colorOfHex(0xCAF2FB), colorOfHex(0xE8A2BC),
      colorOfHex(0xCEDD94), colorOfHex(0x8395C6), colorOfHex(0xB0B9FF), colorOfHex(0x62C1B8),
@@ -69,7 +69,7 @@ inline constexpr MapPalette lightPalette {
 };
 
 /// The palette of the dark theme.
-inline constexpr MapPalette darkPalette {
+inline constexpr MapPalette darkPalette{
     {colorOfHex(0x624F20), colorOfHex(0x865F4E), colorOfHex(0x584E48), colorOfHex(0x1F3749),
      colorOfHex(0x382B67), colorOfHex(0x206EAD), colorOfHex(0x2B4E52), colorOfHex(0x99566A),
      colorOfHex(0x6B6F27), colorOfHex(0x686686), colorOfHex(0x344F8D), colorOfHex(0x02786C),

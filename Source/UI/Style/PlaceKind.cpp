@@ -66,8 +66,8 @@ const Kind& entryOf(PlaceKind kind) { return kinds[static_cast<std::size_t>(kind
 std::string_view wordOf(PlaceKind kind) { return entryOf(kind).word; }
 
 std::optional<PlaceKind> placeKindNamed(std::string_view word) {
-  const auto* const found = std::find_if(kinds.begin(), kinds.end(),
-                                         [&](const Kind& kind) { return kind.word == word; });
+  const auto* const found =
+      std::find_if(kinds.begin(), kinds.end(), [&](const Kind& kind) { return kind.word == word; });
   if (found == kinds.end()) return std::nullopt;
   return static_cast<PlaceKind>(found - kinds.begin());
 }
