@@ -15,6 +15,7 @@ namespace {
 
 namespace palette = package::palette;
 using package::Model;
+using package::fillOf;
 using package::PlaceKind;
 
 constexpr double widestGap = 6.0;

@@ -129,7 +129,7 @@ constexpr IconPath office[] = {{"M-2.6 -4 L-2.6 -6.2 L2.6 -6.2 L2.6 -4", 1.8},
                                {"B-7.4 -4 7.4 6 1.2", filled},
                                {"M-7.4 1 L7.4 1", 1.3, cut},
                                {"B-1.6 -0.4 1.6 2.4 0.4", filled, cut}};
-constexpr IconPath other[] = {{"O0 0 3.6", filled}};
+constexpr IconPath other[] = {{"O0 0 4.2", filled}};
 constexpr IconPath here[] = {{"M0 -7.6 L5.6 6.4 L0 3.4 L-5.6 6.4 Z", 1},
                              {"M0 -7.6 L5.6 6.4 L0 3.4 L-5.6 6.4 Z", filled}};
 
