@@ -96,7 +96,7 @@ class PathReader {
 
   std::string_view rest_;
   cairo_t& context_;
-  char command_ = 'M';
+  char command_ = ' ';
   std::array<double, 6> numbers_{};
 };
 

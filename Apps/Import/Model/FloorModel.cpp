@@ -14,8 +14,8 @@ namespace orivanta::importer {
 namespace {
 
 namespace palette = package::palette;
-using package::Model;
 using package::fillOf;
+using package::Model;
 using package::PlaceKind;
 
 constexpr double widestGap = 6.0;
