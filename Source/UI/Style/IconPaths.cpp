@@ -24,10 +24,12 @@ constexpr IconPath gate[] = {{"M-6 -4.6 L-6 4.6 M6 -4.6 L6 4.6", 2.8},
 constexpr IconPath ticket[] = {{"B-8 -4.6 8 4.6 1", filled},
                                {"O-8 0 2 O8 0 2", filled, cut},
                                {"M2.4 -3 L2.4 -2.4 M2.4 -0.3 L2.4 0.3 M2.4 2.4 L2.4 3", 1.4, cut}};
-constexpr IconPath platform[] = {{"B-5 -7.5 5 3.5 2.2", filled},
-                                 {"B-3.2 -5.2 3.2 -1.2 0.6", filled, cut},
-                                 {"O-2.6 1.2 1 O2.6 1.2 1", filled, cut},
-                                 {"M-6 6.2 L6 6.2", 2.2}};
+constexpr IconPath platform[] = {{"B-7 -6.4 0.8 3.6 2", filled},
+                                 {"B-5.2 -4.2 -1 -1 0.5", filled, cut},
+                                 {"O-4.9 1.3 0.9 O-1.3 1.3 0.9", filled, cut},
+                                 {"O4.6 -4.2 1.7", filled},
+                                 {"M4.6 -0.6 L4.6 2.2", 3},
+                                 {"M-5.6 6.4 L5.6 6.4", 2.2}};
 constexpr IconPath metro[] = {{"B-5 -7.5 5 3.5 2.2", filled},
                               {"B-3.2 -5.2 3.2 -1.2 0.6", filled, cut},
                               {"O-2.6 1.2 1 O2.6 1.2 1", filled, cut},
@@ -93,7 +95,7 @@ constexpr IconPath toiletWheelchair[] = {
 constexpr IconPath nursing[] = {{"O0 -6.2 1.7", filled},
                                 {"B-3.4 -4.9 3.4 -2.6 0.6", filled},
                                 {"B-3.8 -1.6 3.8 7.4 1.6", filled},
-                                {"M0.4 1 L3 1 M0.4 3.4 L3 3.4 M0.4 5.6 L3 5.6", 1.1, cut}};
+                                {"M0.8 1.6 L3.2 1.6 M0.8 4.6 L3.2 4.6", 1.3, cut}};
 constexpr IconPath firstAid[] = {{"B-2.4 -7 2.4 7 0.6", filled}, {"B-7 -2.4 7 2.4 0.6", filled}};
 constexpr IconPath health[] = {
     {"M-3.3 3.3 L3.3 -3.3", 7.6}, {"M0 0 L3.3 -3.3", 4, cut}, {"M-2.4 -2.4 L2.4 2.4", 1.6}};

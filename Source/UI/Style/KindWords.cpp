@@ -62,15 +62,16 @@ KindWords::KindWords() = default;
 bool KindWords::add(PlaceKind kind, std::string_view word) {
   std::string form = formOf(word);
   if (form.empty()) return false;
-  added_.insert(added_.begin(), {std::move(form), kind});
+  added_.push_back({std::move(form), kind});
   return true;
 }
 
 PlaceKind KindWords::kindOf(std::string_view text) const {
   const std::string form = ' ' + searchForm(text) + ' ';
-  for (const Word& word : added_)
-    if (form.find(word.form) != std::string::npos) return word.kind;
-  return builtInKind(form);
+  const auto found = std::find_if(added_.rbegin(), added_.rend(), [&](const Word& word) {
+    return form.find(word.form) != std::string::npos;
+  });
+  return found == added_.rend() ? builtInKind(form) : found->kind;
 }
 
 PlaceKind KindWords::kindOf(const Category& category) const {

@@ -43,7 +43,7 @@ class ORIVANTA_API KindWords {
     std::string form;  // in the search form; blanks stand for beginnings and ends of words
     PlaceKind kind;
   };
-  std::vector<Word> added_;
+  std::vector<Word> added_;  // the last one precedes the others
 };
 
 }  // namespace orivanta
