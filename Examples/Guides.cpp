@@ -252,17 +252,21 @@ void followRoute(const guidance::Guide& guide, const guidance::Itinerary& itiner
                  guidance::Request request, const guidance::Position& position, double seconds) {
   //! [follow route]
   guidance::Follower follower(guide, itinerary);
-  const auto texts = guidance::Narrator("en").texts(itinerary, follower.steps());
+  const guidance::Narrator narrator("en");
   std::size_t said = 0;  // number of instructions
 
   // For each position, with the time at which it was measured:
   const guidance::Progress& progress = follower.update(position, seconds);
-  for (; said <= progress.announced; ++said) std::cout << texts[said] << '\n';
+  for (; said < follower.steps().size() && said <= progress.announced; ++said)
+    std::cout << narrator.text(follower.itinerary(), follower.steps(), said) << '\n';
   if (progress.arrived) std::cout << "arrived\n";
   if (progress.offRoute) {
     request.stops.front() = position;
     const guidance::Plan plan = guide.plan(request);
-    if (!plan.problem) follower = guidance::Follower(guide, plan.itineraries.front());
+    if (!plan.problem) {
+      follower = guidance::Follower(guide, plan.itineraries.front());
+      said = 0;
+    }
   }
   //! [follow route]
 }

@@ -56,8 +56,8 @@ inline void checkRead(const Building& building, const Findings& findings) {
 }
 
 /// Reads the files as a format. Only `SourceError` may come out of it.
-inline void checkReader(std::string_view input, Building (*read)(const std::vector<SourceFile>&,
-                                                                 const Options&, Findings&)) {
+inline void checkReader(std::string_view input,
+                        Building (*read)(std::vector<SourceFile>, const Options&, Findings&)) {
   Options options;
   options.limits.bytes = 64U << 20U;
   options.limits.vertices = 100'000;

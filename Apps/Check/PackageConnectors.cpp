@@ -4,6 +4,7 @@
 #include <set>
 
 #include "Apps/Check/PackageNetwork.hpp"
+#include "Source/Guidance/Profile.hpp"
 
 namespace orivanta::check {
 
@@ -12,8 +13,8 @@ namespace json = boost::json;
 namespace {
 
 bool isElevator(const Record& connector) {
-  const auto type = connector.text("type");
-  return type == "elevator" || type == "lift";
+  return guidance::connectorKindOf(connector.text("type").value_or("")) ==
+         guidance::ConnectorKind::lift;
 }
 
 class ConnectorCheck {

@@ -8,6 +8,8 @@
 #include <numeric>
 #include <unordered_map>
 
+#include "Source/Guidance/Profile.hpp"
+
 namespace orivanta::check {
 
 namespace json = boost::json;
@@ -37,8 +39,9 @@ class Parts {
 // Lifts, stairs and ramps are used in both directions; of other connectors, one-way paths tell the
 // direction.
 bool isTwoWay(const Record& connector) {
-  const auto type = connector.text("type");
-  return type == "elevator" || type == "lift" || type == "stairs" || type == "ramp";
+  using guidance::ConnectorKind;
+  const auto kind = guidance::connectorKindOf(connector.text("type").value_or(""));
+  return kind != ConnectorKind::escalator && kind != ConnectorKind::other;
 }
 
 bool isMarkedOneWay(const json::value& path) {

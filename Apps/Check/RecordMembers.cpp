@@ -19,12 +19,15 @@ constexpr Member venueMembers[] = {
 constexpr Member mapMembers[] = {{"id", text, true},           {"name", text, false},
                                  {"names", object, false},     {"shortName", text, false},
                                  {"elevation", number, false}, {"scene", object, false},
-                                 {"outdoor", boolean, false}};
+                                 {"outdoor", boolean, false},  {"venue", text, false}};
 constexpr Member locationMembers[] = {
-    {"id", text, true},          {"name", text, true},         {"type", text, true},
-    {"names", object, false},    {"description", text, false}, {"logo", picture, false},
-    {"picture", picture, false}, {"categories", list, false},  {"nodes", list, false},
-    {"polygons", list, false},   {"hours", text, false},       {"nameGenerated", boolean, false}};
+    {"id", text, true},           {"name", text, true},
+    {"type", text, true},         {"names", object, false},
+    {"description", text, false}, {"logo", picture, false},
+    {"picture", picture, false},  {"categories", list, false},
+    {"nodes", list, false},       {"polygons", list, false},
+    {"hours", text, false},       {"phone", text, false},
+    {"website", text, false},     {"nameGenerated", boolean, false}};
 constexpr Member categoryMembers[] = {
     {"id", text, true}, {"name", text, true}, {"names", object, false}, {"parents", list, false}};
 constexpr Member nodeMembers[] = {

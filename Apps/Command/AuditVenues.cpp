@@ -25,6 +25,8 @@ namespace {
 constexpr const char* unreachableColor = "#d7191c";
 constexpr const char* noWayBackColor = "#7b3294";
 constexpr const char* stepsColor = "#f28e2b";
+constexpr const char* cutOffColor = "#2c7bb6";
+constexpr const char* cutOffStepFreeColor = "#92c5de";
 
 json::array identifiers(const guidance::PlaceList& places) {
   json::array array;
@@ -63,6 +65,20 @@ guidance::PlaceList neverStepFree(const guidance::Audit& audit) {
   return list;
 }
 
+// Returns the colors of places for `render`. Of several colors of a place, the last one counts.
+std::vector<std::string> highlights(const guidance::Audit& audit) {
+  std::vector<std::string> list;
+  const auto add = [&](const guidance::PlaceList& places, const char* color) {
+    for (const auto& place : places) list.push_back(fmt::format("{}={}", *place->id, color));
+  };
+  for (const auto& finding : audit.connectors) add(finding.cutOffStepFree, cutOffStepFreeColor);
+  for (const auto& finding : audit.connectors) add(finding.cutOff, cutOffColor);
+  add(neverStepFree(audit), stepsColor);
+  add(audit.withoutWayBack, noWayBackColor);
+  add(audit.unreachable, unreachableColor);
+  return list;
+}
+
 // Draws the floors of one package as `render` does.
 void drawPicture(const std::filesystem::path& folder, const Venue& venue,
                  const guidance::Audit& audit, const std::string& file) {
@@ -71,16 +87,13 @@ void drawPicture(const std::filesystem::path& folder, const Venue& venue,
   const server::VenueServer server(served);
   RenderVenueOptions options;
   options.connection.endpoint = server.root();
+  options.connection.quiet = true;
   options.slug = *venue.slug;
   options.map = "all";
   options.labels = true;
   options.output = file;
-  for (const auto& place : neverStepFree(audit))
-    options.highlights.push_back(fmt::format("{}={}", *place->id, stepsColor));
-  for (const auto& place : audit.withoutWayBack)
-    options.highlights.push_back(fmt::format("{}={}", *place->id, noWayBackColor));
-  for (const auto& place : audit.unreachable)
-    options.highlights.push_back(fmt::format("{}={}", *place->id, unreachableColor));
+  options.printsFiles = false;  // the output is JSON
+  options.highlights = highlights(audit);
   renderVenue(options);
 }
 

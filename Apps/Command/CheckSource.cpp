@@ -80,12 +80,10 @@ ExitCode checkFiles(const CheckOptions& options) try {
     writeReport(importer::buildingReport(building, findings, source), *options.html);
   return print(findings, source, options);
 } catch (const importer::SourceError& error) {
-  ProgressLine::standardError().clear();
   throw CommandError(ExitCode::unreadableSource, error.what());
 } catch (const CommandError&) {
   throw;
 } catch (const std::runtime_error& error) {
-  ProgressLine::standardError().clear();
   throw CommandError(ExitCode::wrongUse, error.what());
 }
 

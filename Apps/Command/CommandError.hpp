@@ -12,7 +12,8 @@ enum class ExitCode {
   wrongUse = 2,  ///< the command line, or a file that it names, cannot be used
   noAnswer = 3,  ///< the server cannot be reached, refuses the request or sends an invalid response
   outputFailed = 4,     ///< standard output or a file cannot be written
-  unreadableSource = 5  ///< the source of an import cannot be read
+  unreadableSource = 5,  ///< the source of an import cannot be read
+  failed = 6             ///< not enough memory, or an error that no command expects
 };
 
 /// Ends the subcommand. The message is for people. It may have several lines, without a final

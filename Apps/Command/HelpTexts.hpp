@@ -21,7 +21,8 @@ Examples:
   orivanta route astrolabe-court --from "paper kestrel" --to "popcorn nebula" --accessible
 
 Exit codes: 0 success, 1 nothing found, 2 incorrect usage, 3 no response from the server,
-4 the output cannot be written, 5 the source of an import cannot be read.
+4 the output cannot be written, 5 the source of an import cannot be read, 6 not enough memory, or an
+unexpected error.
 
 `orivanta COMMAND --help` describes a command and its options.)";
 
@@ -120,6 +121,7 @@ use one or two fingers. Press ? in the window for a list of keys.
 Examples:
   orivanta view                                 the demo venue
   orivanta view astrolabe-court --size 390x844  one venue, in the size of a phone
+  orivanta view --language ar                   in Arabic, from right to left
   orivanta view --scale 2                       two pixels per point)";
 
 inline constexpr const char* importFooter = R"(
@@ -128,12 +130,15 @@ Reads an IMDF 1.0 archive (a folder or a zip file), an OpenStreetMap extract wit
 Shapefile). If the source has no walking network, one is made from the drawn rooms, corridors and
 doors. The last line tells what was made and how many things to look at there are.
 
-The package is written beside FOLDER and renamed when it is complete. A folder that is no package is
-never replaced. The same source and options give the same files. Show the package with
-`orivanta serve FOLDER`.
+The package is written beside FOLDER and renamed when it is complete. Only a package of an earlier
+import is replaced. Files that were added to it, such as closure.json, are kept; if a file of the
+import was changed, nothing is written. The same source and options give the same files. Show the
+package with `orivanta serve FOLDER`.
+
+--attribution and --license are shown with the map, after those that the source states.
 
 --fixes names a JSON file with corrections by identifiers of the source; the report contains one to
-start from:
+start from. "name" also names elevators, stairs and escalators:
   {"way/4711": {"name": "Workshop", "hours": "Mo-Fr 08:00-17:00"},
    "way/4712": {"kind": "room", "door": {"latitude": 51.02551, "longitude": 13.72271}},
    "node/99": {"ignore": true}}
@@ -175,8 +180,10 @@ Prints one line of JSON for each package, in order:
                     "cutOffStepFree" for visitors who need a route without steps
 Entrances are the locations of the type "entrance" or "exit", or of a category with such an
 identifier. If there is none, a well-connected place is used, and "entranceAssumed" is true.
-In the pictures, places without a step-free route are orange, places without a way back are purple,
-and unreachable places are red.
+With --picture, draws each floor to a file whose name contains the short name of the floor.
+In the pictures, unreachable places are red, places without a way back are purple, and places
+without a step-free route are orange. Places that the failure of a connector cuts off are blue, and
+pale blue if only visitors who need a route without steps are cut off. The first of these counts.
 
 Exit code 1 means that a place cannot be reached, or cannot be left.
 
@@ -211,7 +218,8 @@ has the names of the building itself. FOLDER/nginx contains two files to include
 configuration of nginx. They add the API root URL/1/ with all venues in the language that the client
 prefers. Routes are not published, since clients compute them.
 
-FOLDER is replaced as a whole when everything is written. Packages with violations are not
+FOLDER is replaced as a whole when everything is written. Files that were added to it are kept; if a
+published file was changed, nothing is written. Packages with violations are not
 published; see `orivanta check`.
 
 Examples:

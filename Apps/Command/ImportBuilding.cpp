@@ -3,11 +3,9 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
-#include <algorithm>
 #include <array>
 #include <boost/json/object.hpp>
 #include <charconv>
-#include <csignal>
 #include <string_view>
 #include <utility>
 
@@ -19,7 +17,9 @@
 #include "Apps/Import/Report/Summary.hpp"
 #include "Apps/Import/SourceError.hpp"
 #include "Apps/Import/Write/WritePackage.hpp"
+#include "Apps/Package/ReplacedFolder.hpp"
 #include "Apps/Text/Json.hpp"
+#include "Apps/Text/Letters.hpp"
 
 namespace orivanta::command {
 
@@ -78,13 +78,6 @@ std::pair<std::string, double> levelShiftOf(std::string_view text) {
   return {std::string(text.substr(0, equals)), numberOf("--level-shift", text.substr(equals + 1))};
 }
 
-std::string lowerCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
-  return text;
-}
-
 void showProgress(std::string_view stage, double share) {
   ProgressLine::standardError().show(share > 0.0
                                          ? fmt::format("{} ... {:.0f} %", stage, share * 100.0)
@@ -92,28 +85,10 @@ void showProgress(std::string_view stage, double share) {
                                      ProgressLine::Clock::now());
 }
 
-// Keeps Ctrl+C from ending the program before a folder is complete or removed.
-class SignalsHeld {
- public:
-  SignalsHeld() {
-    sigset_t held;
-    sigemptyset(&held);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&held, signal);
-    pthread_sigmask(SIG_BLOCK, &held, &before_);
-  }
-  SignalsHeld(const SignalsHeld&) = delete;
-  SignalsHeld& operator=(const SignalsHeld&) = delete;
-  ~SignalsHeld() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-
- private:
-  sigset_t before_{};
-};
-
 void write(const importer::Building& building, const ImportOptions& options) try {
   if (!options.quiet) showProgress("writing", 0.0);
-  const SignalsHeld held;
   importer::writePackage(building, options.output);
-} catch (const std::exception& error) {
+} catch (const std::runtime_error& error) {
   throw CommandError(ExitCode::outputFailed, error.what());
 }
 
@@ -121,7 +96,7 @@ void writeReport(const importer::Building& building, const importer::Findings& f
                  const ImportOptions& options) try {
   importer::writeReport(importer::buildingReport(building, findings, sourceNames(options)),
                         *options.report);
-} catch (const std::exception& error) {
+} catch (const std::runtime_error& error) {
   throw CommandError(ExitCode::outputFailed, error.what());
 }
 
@@ -150,7 +125,7 @@ std::string summaryJson(const importer::Summary& summary, const ImportOptions& o
 }
 
 importer::Building readBuilding(const ImportOptions& options, importer::Findings& findings) try {
-  importer::checkTarget(options.output);
+  package::ReplacedFolder::checked(options.output, "import");
   return importer::importBuilding(importerOptions(options), findings);
 } catch (const importer::SourceError& error) {
   throw CommandError(ExitCode::unreadableSource, error.what());
@@ -172,7 +147,7 @@ importer::Options importerOptions(const ImportOptions& given) {
   if (given.bounds) options.bounds = boundsOf(*given.bounds);
   for (const std::string& list : given.languages)
     for (const std::string& language : splitAtCommas(list))
-      if (!language.empty()) options.languages.push_back(lowerCase(language));
+      if (!language.empty()) options.languages.push_back(text::lowerCase(language));
   for (const std::string& shift : given.levelShifts)
     options.levelShifts.insert(levelShiftOf(shift));
   options.storeyHeight = given.storeyHeight;
@@ -181,6 +156,8 @@ importer::Options importerOptions(const ImportOptions& given) {
                                                 : importer::NetworkChoice::automatic;
   options.doors =
       given.doors == "strict" ? importer::DoorChoice::strict : importer::DoorChoice::guess;
+  options.attribution = given.attribution;
+  options.license = given.license;
   if (given.fixes) options.fixes = *given.fixes;
   if (!given.quiet) options.progress = showProgress;
   return options;
@@ -200,7 +177,7 @@ std::vector<std::string> importFormats() {
   return names;
 }
 
-ExitCode importBuilding(const ImportOptions& options) try {
+ExitCode importBuilding(const ImportOptions& options) {
   importer::Findings findings;
   const importer::Building building = readBuilding(options, findings);
   const bool refused = options.strict && findings.count(importer::Severity::violation) +
@@ -219,9 +196,6 @@ ExitCode importBuilding(const ImportOptions& options) try {
   if (refused)
     complain(fmt::format("{} was not written because of --strict", options.output.string()));
   return refused ? ExitCode::notFound : ExitCode::success;
-} catch (const CommandError&) {
-  ProgressLine::standardError().clear();
-  throw;
 }
 
 }  // namespace orivanta::command

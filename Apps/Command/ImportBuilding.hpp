@@ -23,6 +23,8 @@ struct ImportOptions {
   double storeyHeight = 4.0;             ///< meters
   std::string network = "auto";          ///< or "source", "derive"
   std::string doors = "guess";           ///< or "strict"
+  std::string attribution;               ///< in addition to that of the source
+  std::string license;                   ///< in addition to that of the source
   std::optional<std::string> fixes;
   std::optional<std::string> report;
   bool strict = false;  ///< warnings prevent writing

@@ -79,9 +79,10 @@ ExitCode listCosts(const CostsOptions& options) try {
   stops.reserve(places.size());
   for (const std::string& place : places) stops.push_back(planning::stopNamed(*venue, place));
   const auto costs =
-      guideFor(*venue)->costs(stops, stops, profile, guidance::Closures(query.closed)).value();
-  writeOutput(options.json ? text::jsonText(costsJson(places, costs)) + '\n'
-                           : costsText(places, costs));
+      guideFor(*venue)->costs(stops, stops, profile, guidance::Closures(query.closed));
+  if (!costs) throw CommandError(ExitCode::wrongUse, "--places: " + costs.error().description);
+  writeOutput(options.json ? text::jsonText(costsJson(places, *costs)) + '\n'
+                           : costsText(places, *costs));
   return ExitCode::success;
 } catch (const planning::QueryError& error) {
   throw commandError(error);

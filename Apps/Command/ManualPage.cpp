@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "Apps/Command/Definition.hpp"
+#include "Apps/Command/Definition/Inspection.hpp"
 
 namespace orivanta::command {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Apps/Command/Definition.hpp"
+#include "Apps/Command/Definition/Inspection.hpp"
 
 namespace orivanta::command {
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "Apps/Command/GuideRoute.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/Render/PictureOptions.hpp"
 #include "Apps/Command/Session.hpp"
@@ -58,6 +59,7 @@ std::unique_ptr<render::WindowSurface> openWindow(const ViewVenueOptions& option
 ExitCode viewVenue(const ViewVenueOptions& options) {
   if (options.scale != 0 && !(options.scale >= 0.25 && options.scale <= 8))
     throw CommandError(ExitCode::wrongUse, "--scale must be from 0.25 to 8");
+  preferLanguage(options.language);
   viewer::Times times(options.times ? std::function<void(std::string_view)>(complain) : nullptr);
   showDiagnostics(options.connection);
   viewer::ViewerOptions viewerOptions;

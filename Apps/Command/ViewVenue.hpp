@@ -17,6 +17,7 @@ struct ViewVenueOptions {
   double scale = 0;                                ///< pixels per point; 0 for the display's scale
   bool times = false;                              ///< reports how long each step took
   bool walk = false;                               ///< walks along each planned route
+  std::optional<std::string> language;             ///< of the interface and of names
   std::optional<std::filesystem::path> demoVenue;  ///< shown if no endpoint is set
 };
 

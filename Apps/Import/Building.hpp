@@ -40,7 +40,8 @@ enum class Wheelchair { unknown, yes, no };
 /// In which direction a connector or a line is used, relative to its points or from bottom to top.
 enum class Direction { unknown, both, forward, backward };
 
-/// Who may enter.
+/// Who may enter, from the most people to the fewest. Routes lead through what is for staff only if
+/// there is no other way, and never through what is for nobody.
 enum class Access { everybody, staff, nobody };
 
 // ---- What a source says ----------------------------------------------------------------------
@@ -71,6 +72,12 @@ enum class AreaKind {
   obstacle,  ///< furniture, columns, plants: nobody walks here
   unknown    ///< may be a walkway, if its storey has none otherwise
 };
+
+/// Whether areas of this kind lead to other storeys or along one.
+inline bool isConnector(AreaKind kind) {
+  return kind == AreaKind::stairs || kind == AreaKind::escalator || kind == AreaKind::elevator ||
+         kind == AreaKind::movingWalkway || kind == AreaKind::ramp;
+}
 
 /// A drawn area on one storey. An area that the source repeats on several levels is one area per
 /// level, with the identifiers "way/7@0", "way/7@1".
@@ -235,6 +242,7 @@ struct Connector {
   std::string source;
   ConnectorKind kind = ConnectorKind::stairs;
   Names names;
+  Access access = Access::everybody;
   bool accessible = false;
   bool directionKnown = true;
   std::vector<Stop> stops;

@@ -5,6 +5,8 @@
 #include <tuple>
 #include <utility>
 
+#include "Apps/Import/Read/CleanTexts.hpp"
+
 namespace orivanta::importer {
 
 namespace {
@@ -20,6 +22,10 @@ auto orderOf(const Finding& finding) {
 }  // namespace
 
 void Findings::add(Finding finding) {
+  // Texts of a damaged source may be anything, and findings become JSON and HTML.
+  for (std::string* text : {&finding.source, &finding.file, &finding.field, &finding.message,
+                            &finding.effect, &finding.advice, &finding.map})
+    cleanText(*text);
   ++severities_[finding.severity];
   if (++counts_[finding.rule] <= keptPerRule) kept_.push_back(std::move(finding));
 }

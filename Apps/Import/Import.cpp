@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "Apps/Import/Fixes/Fixes.hpp"
 #include "Apps/Import/Read/Sources.hpp"
@@ -23,27 +24,36 @@ constexpr std::array stages = {
     Stage{"joining storeys", joinStoreys},
 };
 
+// Adds a person's text to what the source says about itself, which must stay.
+void credit(const std::string& given, std::string& text) {
+  if (text.find(given) != std::string::npos) return;  // also if nothing is given
+  text += (text.empty() ? "" : "; ") + given;
+}
+
 }  // namespace
 
-Building importBuilding(const Options& options, Findings& findings) {
-  const auto report = [&](std::string_view stage) {
-    if (options.progress) options.progress(stage, 0.0);
-  };
-  report("reading");
-  Building building;
-  {
-    const std::vector<SourceFile> files = readFiles(options.sources, options.limits);
-    const Format format = options.format ? *options.format : recognizeFormat(files);
-    building = readBuilding(files, format, options, findings);
-  }
-  if (!options.fixes.empty())
-    for (const SourceFile& file : readFiles({options.fixes}, options.limits))
-      applyFixes(building, file.bytes, file.name, findings);
+void runStages(Building& building, const Options& options, Findings& findings) {
   for (const Stage& stage : stages) {
-    report(stage.name);
+    if (options.progress) options.progress(stage.name, 0.0);
     stage.run(building, options, findings);
   }
-  report("reviewing");
+}
+
+Building importBuilding(const Options& options, Findings& findings) {
+  if (options.progress) options.progress("reading", 0.0);
+  Building building;
+  {
+    std::vector<SourceFile> files = readFiles(options.sources, options.limits);
+    const Format format = options.format ? *options.format : recognizeFormat(files);
+    building = readBuilding(std::move(files), format, options, findings);
+  }
+  credit(options.attribution, building.attribution);
+  credit(options.license, building.license);
+  Fixes fixes = options.fixes.empty() ? Fixes() : Fixes::read(options.fixes);
+  fixes.apply(building, findings);
+  runStages(building, options, findings);
+  fixes.nameConnectors(building, findings);
+  if (options.progress) options.progress("reviewing", 0.0);
   reviewBuilding(building, findings);
   return building;
 }

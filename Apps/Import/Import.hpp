@@ -7,8 +7,12 @@
 
 namespace orivanta::importer {
 
-/// Runs all stages. The result is deterministic: the same files and options give the same building
-/// and the same findings. Throws `SourceError` if the sources cannot be read.
+/// Runs all stages on what a reader has read, in order and without a review.
+void runStages(Building& building, const Options& options, Findings& findings);
+
+/// Reads the sources, corrects them, runs all stages and reviews the result. The result is
+/// deterministic: the same files and options give the same building and the same findings. Throws
+/// `SourceError` if the sources cannot be read.
 Building importBuilding(const Options& options, Findings& findings);
 
 }  // namespace orivanta::importer

@@ -49,6 +49,8 @@ struct Options {
   double storeyHeight = 4.0;                  ///< meters, where the source states none
   NetworkChoice network = NetworkChoice::automatic;
   DoorChoice doors = DoorChoice::guess;
+  std::string attribution;      ///< added to that of the source
+  std::string license;          ///< added to that of the source
   std::filesystem::path fixes;  ///< a file of corrections, see Fixes.hpp; empty: none
   Limits limits;
   Progress progress;  ///< may be empty

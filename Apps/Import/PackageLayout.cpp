@@ -5,32 +5,24 @@
 #include <set>
 #include <utility>
 
+#include "Apps/Package/Box.hpp"
 #include "Apps/Package/Units.hpp"
 
 namespace orivanta::importer {
 
+using package::Box;
+
 namespace {
 
-struct Bounds2 {
-  Point least = {1e300, 1e300};
-  Point most = {-1e300, -1e300};
-
-  void add(const std::vector<Polygon>& shape) {
-    for (const Polygon& polygon : shape)
-      for (const Point point : polygon.outer) add(point);
-  }
-  void add(Point point) {
-    least = {std::min(least.x, point.x), std::min(least.y, point.y)};
-    most = {std::max(most.x, point.x), std::max(most.y, point.y)};
-  }
-  double longestSide() const { return std::max({most.x - least.x, most.y - least.y, 0.0}); }
-};
+void reach(Box& box, const std::vector<Polygon>& shape) {
+  for (const Polygon& polygon : shape) box.add(polygon.outer);
+}
 
 // The bounds of each storey; `all` is of the whole building.
-std::map<double, Bounds2> boundsOf(const Building& building, Bounds2& all) {
-  std::map<double, Bounds2> bounds;
-  for (const Storey& storey : building.storeys) bounds[storey.ordinal].add(storey.footprint);
-  for (const Area& area : building.areas) bounds[area.level].add(area.shape);
+std::map<double, Box> boundsOf(const Building& building, Box& all) {
+  std::map<double, Box> bounds;
+  for (const Storey& storey : building.storeys) reach(bounds[storey.ordinal], storey.footprint);
+  for (const Area& area : building.areas) reach(bounds[area.level], area.shape);
   for (const Node& node : building.network.nodes) bounds[node.level].add(node.position);
   for (const auto& [level, box] : bounds) {
     if (box.longestSide() <= 0.0) continue;
@@ -98,8 +90,8 @@ std::string asFileName(std::string_view id) {
 }  // namespace
 
 PackageLayout::PackageLayout(const Building& building) : building_(&building) {
-  Bounds2 all;
-  const std::map<double, Bounds2> bounds = boundsOf(building, all);
+  Box all;
+  const std::map<double, Box> bounds = boundsOf(building, all);
   unitsPerMeter_ = roundScale(all.longestSide());
   slug_ = asSlug(building.names.name);
   for (const auto& [language, name] : building.names.byLanguage)

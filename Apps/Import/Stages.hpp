@@ -32,7 +32,8 @@ void makeConnectors(Building& building, const Options& options, Findings& findin
 void makeNetwork(Building& building, const Options& options, Findings& findings);
 
 /// Joins the networks of neighboring storeys at one height: along the source's links, or else at
-/// doors that lie on both and at entrances.
+/// doors that lie on both and at entrances. Then joins parts of the building that only the way
+/// outdoors joins.
 void joinStoreys(Building& building, const Options& options, Findings& findings);
 
 /// Reports what cannot be reached, rooms without doors and the like. Changes nothing.

@@ -106,8 +106,9 @@ json::object stepJson(const Itinerary& itinerary, const Step& step, const std::s
 }  // namespace
 
 json::object itineraryJson(const guidance::Guide& guide, const Itinerary& itinerary,
-                           const guidance::Narrator& narrator) {
-  const std::vector<Step> steps = guide.steps(itinerary);
+                           const guidance::Narrator& narrator,
+                           const foundation::CancellationToken& token) {
+  const std::vector<Step> steps = guide.steps(itinerary, token);
   const std::vector<std::string> texts = narrator.texts(itinerary, steps);
   json::array visits;
   for (const auto& visit : itinerary.visits)
@@ -129,7 +130,8 @@ json::object itineraryJson(const guidance::Guide& guide, const Itinerary& itiner
 }
 
 json::object planJson(const guidance::Guide& guide, const guidance::Plan& plan,
-                      const guidance::Request& request, const guidance::Narrator& narrator) {
+                      const guidance::Request& request, const guidance::Narrator& narrator,
+                      const foundation::CancellationToken& token) {
   if (plan.problem) {
     const std::size_t stop = plan.problem->stop;
     const std::string place =
@@ -139,12 +141,12 @@ json::object planJson(const guidance::Guide& guide, const guidance::Plan& plan,
                                      {"stop", stop},
                                      {"text", narrator.text(*plan.problem, place)}}}};
   }
-  json::object object = itineraryJson(guide, plan.itineraries.front(), narrator);
+  json::object object = itineraryJson(guide, plan.itineraries.front(), narrator, token);
   object["language"] = narrator.language();
   if (plan.itineraries.size() > 1) {
     json::array alternatives;
     for (std::size_t i = 1; i < plan.itineraries.size(); ++i)
-      alternatives.push_back(itineraryJson(guide, plan.itineraries[i], narrator));
+      alternatives.push_back(itineraryJson(guide, plan.itineraries[i], narrator, token));
     object["alternatives"] = std::move(alternatives);
   }
   return object;

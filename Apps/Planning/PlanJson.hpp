@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Source/Guidance/Guide.hpp"
 #include "Source/Guidance/Itinerary.hpp"
 #include "Source/Guidance/Narrator.hpp"
@@ -29,15 +30,17 @@ namespace orivanta::planning {
 ///
 /// Places, nodes and connectors are identifiers. A place with a category is named by that: its own
 /// name is not usable. Members without a value are null, and so are nodes at positions between
-/// nodes.
+/// nodes. If the work is canceled, there are no steps.
 boost::json::object itineraryJson(const guidance::Guide& guide,
                                   const guidance::Itinerary& itinerary,
-                                  const guidance::Narrator& narrator);
+                                  const guidance::Narrator& narrator,
+                                  const foundation::CancellationToken& token = {});
 
 /// Returns the best itinerary of the plan as `itineraryJson` does, with `language`, and with
 /// `alternatives` if there are any. If the plan has a problem, returns `problem` with `kind`,
 /// `stop` and `text`.
 boost::json::object planJson(const guidance::Guide& guide, const guidance::Plan& plan,
-                             const guidance::Request& request, const guidance::Narrator& narrator);
+                             const guidance::Request& request, const guidance::Narrator& narrator,
+                             const foundation::CancellationToken& token = {});
 
 }  // namespace orivanta::planning

@@ -169,7 +169,7 @@ Request requestOf(const Venue& venue, const PlanQuery& query, const guidance::Cl
     fail(Kind::invalid, "give either a destination or the category of the nearest one");
   if (query.to.empty() && !query.nearest)
     fail(Kind::invalid, "the destination of the route is missing");
-  const std::size_t most = query.bestOrder ? mostStopsInBestOrder : mostStops;
+  const std::size_t most = query.bestOrder ? Request::mostStopsInBestOrder : Request::mostStops;
   if (query.via.size() + 2 > most)
     fail(Kind::invalid, fmt::format("a route has at most {} stops{}", most,
                                     query.bestOrder ? " in the best order" : ""));

@@ -1,7 +1,6 @@
 // A request for guidance as users write it: texts in a command line, a URL or a JSON object.
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -48,12 +47,6 @@ struct PlanQuery {
   int alternatives = 0;                ///< 0 to 4
 };
 
-/// The most stops of a request: the start, the stops in between and the destination.
-constexpr std::size_t mostStops = guidance::Request::mostStops;
-
-/// The most stops if the best order is wanted.
-constexpr std::size_t mostStopsInBestOrder = 12;
-
 /// The most alternatives of a request.
 constexpr int mostAlternatives = 4;
 
@@ -77,7 +70,7 @@ guidance::Stop stopNamed(const Venue& venue, const std::vector<std::string>& tex
 std::shared_ptr<Category> categoryNamed(const Venue& venue, const std::string& text);
 
 /// Returns the request. The venue must be loaded. `closures` are closed in addition. Throws
-/// `QueryError`.
+/// `QueryError`, also if there are more stops than `guidance::Request` allows.
 guidance::Request requestOf(const Venue& venue, const PlanQuery& query,
                             const guidance::Closures& closures = {});
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "Apps/Publish/ReplacedFolder.hpp"
+#include "Apps/Package/ReplacedFolder.hpp"
 #include "Apps/Server/ClosureStore.hpp"
 #include "Apps/Server/ContentNegotiation.hpp"
 #include "Apps/Server/Gzip.hpp"
@@ -18,6 +18,7 @@
 namespace orivanta::publish {
 
 namespace fs = std::filesystem;
+using package::ReplacedFolder;
 using server::RecordCollection;
 using server::VenuePackage;
 using PackagePointer = std::shared_ptr<const VenuePackage>;
@@ -73,18 +74,17 @@ std::string pathOf(std::string& baseUrl) {
 }
 
 // Returns an absolute path without symbolic links or a slash at the end.
-fs::path replaceable(const fs::path& folder, const std::vector<PackagePointer>& packages) {
-  fs::path target = fs::weakly_canonical(fs::absolute(folder));
-  if (target.filename().empty()) target = target.parent_path();
-  if (fs::exists(target) && !fs::exists(target / "nginx" / "locations.conf") &&
-      !(fs::is_directory(target) && fs::is_empty(target)))
-    throw PublishError(target.string() +
-                       ": exists and was not written by `orivanta publish`; it is not replaced");
+fs::path replaceable(const fs::path& folder, const std::vector<PackagePointer>& packages) try {
+  fs::path target = ReplacedFolder::checked(folder, "publish");
   for (const PackagePointer& package : packages)
     if (std::mismatch(target.begin(), target.end(), package->folder.begin(), package->folder.end())
             .first == target.end())
       throw PublishError(package->folder.string() + ": a package in the folder that is replaced");
   return target;
+} catch (const PublishError&) {
+  throw;
+} catch (const std::runtime_error& error) {
+  throw PublishError(error.what());
 }
 
 class Writer {
@@ -197,7 +197,7 @@ class Writer {
 Publication publishVenues(const std::vector<PackagePointer>& packages, const fs::path& folder,
                           std::string baseUrl) {
   const std::string path = pathOf(baseUrl);
-  ReplacedFolder replaced(replaceable(folder, packages));
+  ReplacedFolder replaced(replaceable(folder, packages), "publish");
   Writer writer(replaced, std::move(baseUrl));
   for (const PackagePointer& package : packages) writer.writeVenue(*package);
   const server::PackageSet set(packages);

@@ -151,7 +151,7 @@ Response GuideService::routeFor(const Job& job, const foundation::CancellationTo
   const guidance::Plan plan = guided->guide->plan(request, token);
   if (token.isCanceled()) return lateResponse();
   const guidance::Narrator narrator(fmt::format("{}", fmt::join(job.languages, ",")));
-  return jsonResponse(planning::planJson(*guided->guide, plan, request, narrator),
+  return jsonResponse(planning::planJson(*guided->guide, plan, request, narrator, token),
                       narrator.language());
 }
 

@@ -57,7 +57,7 @@ PlanQuery routeQueryOf(const Target& target) {
   PlanQuery query;
   query.from = valuesOf(target, "from", mostEnds);
   query.to = valuesOf(target, "to", mostEnds);
-  query.via = valuesOf(target, "via", planning::mostStops - 2);
+  query.via = valuesOf(target, "via", mostRouteStops - 2);
   query.closed = valuesOf(target, "closed", mostClosed);
   query.nearest = target.queryValue("nearest");
   query.bestOrder = flagOf(target, "best-order");

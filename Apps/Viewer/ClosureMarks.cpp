@@ -4,6 +4,7 @@
 
 #include "Apps/Viewer/Theme.hpp"
 #include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/LabelName.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
@@ -44,8 +45,9 @@ void ClosureMarks::show(const guidance::Closures& closures, double scale) {
 }
 
 void ClosureMarks::add(const Location& place, graphics::Vector3 position, double scale) {
-  marks_.push_back(makePinMarker(theme::warning, pinHeight, place.name.value_or("") + '\n' + word_,
-                                 labelStyle(), scale));
+  std::string name = labelName(*mapView_->venue, place);
+  if (!name.empty()) name += '\n';
+  marks_.push_back(makePinMarker(theme::warning, pinHeight, name + word_, labelStyle(), scale));
   marks_.back()->setPosition(position);
   mapView_->addMarker(marks_.back());
 }

@@ -14,7 +14,7 @@ namespace orivanta::viewer {
 /// Pins on the closed places and connectors of a venue. Main thread only.
 class ClosureMarks {
  public:
-  /// `word` is shown below the name of what is closed.
+  /// `word` is shown below the name of what is closed, see `labelName`.
   ClosureMarks(std::shared_ptr<MapView> mapView, std::string word)
       : mapView_(std::move(mapView)), word_(std::move(word)) {}
 

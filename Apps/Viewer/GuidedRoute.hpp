@@ -17,6 +17,7 @@ struct GuidedRoute {
   std::vector<guidance::Step> steps;
   std::vector<std::string> texts;            ///< one for each step
   std::string summary;                       ///< such as "160 m, 3 min"
+  std::string warning;                       ///< which stops are closed at the arrival; or empty
   std::shared_ptr<Location> destination;     ///< see `to`
   NodeList path;                             ///< at least one node
   std::vector<std::shared_ptr<Map>> floors;  ///< on which it has a length, without duplicates

@@ -59,6 +59,14 @@ bool isOnScreen(SDL_TouchID device) {
   return type == SDL_TOUCH_DEVICE_DIRECT || type == SDL_TOUCH_DEVICE_INVALID;
 }
 
+// Returns whether there is an event.
+bool waitFor(SDL_Event& event, double seconds) {
+  constexpr double longest = 3600;
+  if (seconds <= 0) return false;
+  if (seconds > longest) return SDL_WaitEvent(&event) == 1;
+  return SDL_WaitEventTimeout(&event, static_cast<int>(std::ceil(seconds * 1000))) == 1;
+}
+
 }  // namespace
 
 Input::Input(Viewer& viewer, render::WindowSurface& surface, std::function<double()> clock)
@@ -66,10 +74,10 @@ Input::Input(Viewer& viewer, render::WindowSurface& surface, std::function<doubl
   SDL_StopTextInput();  // SDL starts with text input on
 }
 
-bool Input::take(bool wait) {
+bool Input::take(double seconds) {
   followTyping();
   SDL_Event event;
-  const bool isWoken = wait && SDL_WaitEvent(&event) == 1;
+  const bool isWoken = waitFor(event, seconds);
   const double time = clock_();
   const auto matter = [&] {
     const bool matters = handle(event, time);

@@ -18,9 +18,10 @@ class Input {
   /// `clock` returns the time in seconds.
   Input(Viewer& viewer, render::WindowSurface& surface, std::function<double()> clock);
 
-  /// Passes all pending events with the times of their arrival. If `wait` is set, blocks until
-  /// there is one. Returns whether the events may change the image.
-  bool take(bool wait);
+  /// Waits for an event for at most this many seconds, which may be infinite. Then passes all
+  /// pending events with the times of their arrival. Returns whether the events may change the
+  /// image.
+  bool take(double seconds);
 
   bool isClosed() const { return closed_; }
 

@@ -1,10 +1,10 @@
 #include "Apps/Viewer/NearestChoices.hpp"
 
 #include <algorithm>
-#include <memory>
 
 #include "Apps/Viewer/CategoryMatch.hpp"
 #include "Source/Category.hpp"
+#include "Source/Guidance/Profile.hpp"
 #include "Source/Location.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
@@ -14,7 +14,7 @@ namespace orivanta::viewer {
 namespace {
 
 bool isElevator(const Vortex& connector) {
-  return connector.type == "elevator" || connector.type == "lift";
+  return guidance::connectorKindOf(connector.type.value_or("")) == guidance::ConnectorKind::lift;
 }
 
 // Returns the nodes of the elevators that are not closed.
@@ -34,23 +34,26 @@ NearestChoice nearestOf(const std::shared_ptr<Category>& category,
           category};
 }
 
+guidance::Stop stopFor(const NearestChoice& choice, const Venue& venue,
+                       const guidance::Closures& closures) {
+  if (choice.category) return choice.category;
+  return elevatorNodes(venue, closures);
+}
+
 std::vector<NearestChoice> nearestChoices(const Venue& venue, const Location& place,
                                           const guidance::Closures& closures,
                                           const guidance::InterfaceTexts& texts) {
   std::vector<NearestChoice> choices;
-  const guidance::InterfaceTexts english("en");
   const auto offer = [&](const char* titleKey, const char* namesKey) {
     const auto& own = place.categories;
-    const auto category = categoryOfKind(
-        venue, {texts.text(namesKey), english.text(namesKey)});  // identifiers are in English
+    const auto category = categoryOfKind(venue, namesKey, texts);
     if (category && std::find(own.begin(), own.end(), category) == own.end())
       choices.push_back({texts.text(titleKey), category});
   };
   offer("interface.nearest.toilet", "interface.names.toilet");
   offer("interface.nearest.exit", "interface.names.exit");
-  NodeList elevators = elevatorNodes(venue, closures);
-  if (!elevators.empty())
-    choices.push_back({texts.text("interface.nearest.elevator"), std::move(elevators)});
+  if (!elevatorNodes(venue, closures).empty())
+    choices.push_back({texts.text("interface.nearest.elevator"), nullptr});
   return choices;
 }
 

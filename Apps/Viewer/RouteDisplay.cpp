@@ -33,15 +33,16 @@ NodeList nodesOf(const GuidedRoute& route, std::size_t index) {
 
 }  // namespace
 
-void RouteDisplay::show(const GuidedRoute& route, const std::shared_ptr<Location>& from,
-                        double scale) {
-  overlay_ = std::make_unique<RouteOverlay>(mapView_, route.path, from, route.to());
+void RouteDisplay::show(const GuidedRoute& route, double scale) {
+  overlay_ = std::make_unique<RouteOverlay>(mapView_, route.path, route.from(), route.to());
+  overlay_->start = overlay_->destination = "";  // if they are no places
   wanted_ = route.path.front();
   overlay_->show(scale);
 }
 
 void RouteDisplay::redraw(double scale) {
   if (overlay_) overlay_->show(scale);
+  if (mark_) drawMark(scale);
 }
 
 void RouteDisplay::clear() {
@@ -75,9 +76,18 @@ void RouteDisplay::frameStep(const GuidedRoute& route, std::size_t index) {
 
 void RouteDisplay::markPosition(const std::shared_ptr<Map>& floor, graphics::Vector3 position,
                                 double scale) {
-  if (!mark_) mark_ = makeImageMarker(drawDot(dotColor, dotSide, scale));
   markFloor_ = floor;
-  mark_->setPosition(position);
+  markPosition_ = position;
+  drawMark(scale);
+}
+
+void RouteDisplay::drawMark(double scale) {
+  if (!mark_ || markScale_ != scale) {
+    if (std::exchange(isMarkShown_, false)) mapView_->removeMarker(mark_);
+    mark_ = makeImageMarker(drawDot(dotColor, dotSide, scale));
+    markScale_ = scale;
+  }
+  mark_->setPosition(markPosition_);
   floorShown();
 }
 

@@ -21,9 +21,9 @@ class RouteDisplay {
 
   /// Shows a route instead of the current one. Its start becomes the wanted part. `scale` is in
   /// pixels per point.
-  void show(const GuidedRoute& route, const std::shared_ptr<Location>& from, double scale);
+  void show(const GuidedRoute& route, double scale);
 
-  /// Draws the route again for another size or scale of the view, if there is one.
+  /// Draws the route and the mark again for another size or scale of the view.
   void redraw(double scale);
 
   /// Removes the route and the mark.
@@ -53,11 +53,15 @@ class RouteDisplay {
   void arrange();
 
  private:
+  void drawMark(double scale);
+
   std::shared_ptr<MapView> mapView_;
   std::unique_ptr<RouteOverlay> overlay_;  // null without a route
   std::shared_ptr<Node> wanted_;           // in the wanted part
   std::shared_ptr<MapViewMarker2D> mark_;  // null until needed
-  std::shared_ptr<Map> markFloor_;         // null if there is no position
+  double markScale_ = 0;                   // of its image
+  graphics::Vector3 markPosition_;
+  std::shared_ptr<Map> markFloor_;  // null if there is no position
   bool isMarkShown_ = false;
 };
 

@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "Apps/Viewer/ProfileChoices.hpp"
+#include "Source/Guidance/LabelName.hpp"
+#include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Location.hpp"
 
 namespace orivanta::viewer {
@@ -17,21 +19,36 @@ std::optional<std::string> nameOf(const std::shared_ptr<Location>& place) {
   return place ? std::optional(place->name.value_or("")) : std::nullopt;
 }
 
-// Whether a place has a name that was not invented by a converter.
-bool hasName(const std::shared_ptr<Location>& place) {
-  return place && !place->_data["nameGenerated"].bool_().value_or(false);
+template <class List>
+bool isEndOf(const List& end, const List& whole) {
+  return end.size() <= whole.size() && std::equal(end.rbegin(), end.rend(), whole.rbegin());
+}
+
+std::vector<std::shared_ptr<Vortex>> connectorsOf(const GuidedRoute& route) {
+  std::vector<std::shared_ptr<Vortex>> connectors;
+  for (const guidance::Leg& leg : route.itinerary.legs)
+    if (leg.connector) connectors.push_back(leg.connector);
+  return connectors;
+}
+
+bool isSame(const GuidedRoute& route, const GuidedRoute& other) {
+  return route.path == other.path && connectorsOf(route) == connectorsOf(other);
+}
+
+// Returns whether a route from a position leads along another one from there to its end.
+bool isRestOf(const GuidedRoute& route, const GuidedRoute& whole) {
+  const NodeList after(route.path.begin() + 1, route.path.end());
+  return isEndOf(after, whole.path) && isEndOf(connectorsOf(route), connectorsOf(whole));
 }
 
 }  // namespace
 
 RouteSession::RouteSession(std::shared_ptr<Venue> venue, const guidance::InterfaceTexts& texts,
                            Clock clock)
-    : clock_(std::move(clock)),
-      guide_(GuideWorker(std::move(venue), texts), [this](GuidedPlan plan) {
-        plan_ = std::move(plan);
-        if (!plan_.routes.empty()) choose(0);
-        if (planned) planned();
-      }) {
+    : venue_(venue),
+      clock_(std::move(clock)),
+      guide_(GuideWorker(std::move(venue), texts),
+             [this](GuidedPlan plan) { take(std::move(plan)); }) {
   guide_.prepare();
 }
 
@@ -56,6 +73,7 @@ void RouteSession::goToNearest(std::shared_ptr<Location> from, NearestChoice nea
 }
 
 void RouteSession::setEnd(RouteEnd end, const std::shared_ptr<Location>& place) {
+  between_.erase(std::remove(between_.begin(), between_.end(), place), between_.end());
   if (end == RouteEnd::start) {
     from_ = place;
   } else {
@@ -79,7 +97,13 @@ void RouteSession::swapEnds() {
   request();
 }
 
+bool RouteSession::canAddStop(const std::shared_ptr<Location>& place) const {
+  return from_ && to_ && place != from_ && place != to_ &&
+         std::find(between_.begin(), between_.end(), place) == between_.end();
+}
+
 void RouteSession::addStop(const std::shared_ptr<Location>& place) {
+  if (!canAddStop(place)) return;
   between_.push_back(place);
   request();
 }
@@ -94,11 +118,6 @@ void RouteSession::setProfile(std::size_t index) {
   request();
 }
 
-void RouteSession::setClosures(const guidance::Closures& closures) {
-  closures_ = closures;
-  if (isComplete()) planAgain();
-}
-
 void RouteSession::clear() {
   from_ = nullptr;
   to_ = nullptr;
@@ -111,7 +130,9 @@ StopNames RouteSession::names() const {
   StopNames names{nameOf(from_), {}, nameOf(to_)};
   for (const auto& place : between_) names.between.push_back(place->name.value_or(""));
   if (nearest_) names.to = nearest_->title;
-  if (nearest_ && route() && hasName(route()->to())) names.to = nameOf(route()->to());
+  const auto found = nearest_ && route() ? route()->to() : nullptr;
+  if (found && !hasGeneratedName(*found) && !labelName(*venue_, *found).empty())
+    names.to = nameOf(found);
   return names;
 }
 
@@ -126,19 +147,70 @@ void RouteSession::planAgain() {
   guide_.cancel();
   plan_ = {};
   chosen_ = 0;
-  if (isComplete()) {
-    guidance::Request request;
-    request.stops = {from_};
-    for (const auto& place : between_) request.stops.emplace_back(place);
-    request.stops.push_back(nearest_ ? nearest_->stop : guidance::Stop(to_));
-    request.bestOrder = between_.size() > 1;
-    request.profile = profileChoices[profile_].make();
-    request.closures = closures_;
-    if (nearest_) request.at = clock_();
-    request.alternatives = alternatives;
-    guide_.start(std::move(request));
-  }
+  purpose_ = Purpose::plan;
+  if (isComplete()) guide_.start(makeRequest(from_, between_));
   if (changed) changed();
+}
+
+guidance::Request RouteSession::makeRequest(guidance::Stop start, const Places& between) const {
+  guidance::Request request;
+  request.stops = {std::move(start)};
+  for (const auto& place : between) request.stops.emplace_back(place);
+  request.stops.push_back(nearest_ ? stopFor(*nearest_, *venue_, closures_) : guidance::Stop(to_));
+  request.bestOrder = between.size() > 1;
+  request.profile = profileChoices[profile_].make();
+  request.closures = closures_;
+  request.at = clock_();
+  request.alternatives = alternatives;
+  return request;
+}
+
+void RouteSession::setClosures(const guidance::Closures& closures,
+                               const std::optional<Progress>& progress) {
+  closures_ = closures;
+  if (!isComplete()) return;
+  if (!route()) return planAgain();
+  if (!progress) {
+    purpose_ = Purpose::update;
+    return guide_.start(makeRequest(from_, between_));
+  }
+  Places left;
+  const auto& visits = route()->itinerary.visits;
+  for (std::size_t i = 1; i + 1 < visits.size(); ++i)
+    if (visits[i].leg > progress->leg) left.push_back(visits[i].location);
+  purpose_ = Purpose::updateOnTheWay;
+  guide_.start(makeRequest(progress->position, left));
+}
+
+void RouteSession::take(GuidedPlan plan) {
+  if (purpose_ != Purpose::plan && keepRoute(plan)) {
+    if (confirmed) confirmed();
+    return;
+  }
+  plan_ = std::move(plan);
+  chosen_ = 0;
+  if (!plan_.routes.empty()) choose(0);
+  const auto& told = purpose_ == Purpose::plan ? planned : rerouted;
+  if (told) told();
+}
+
+// Keeps the chosen route if a plan after a change of the closures has it too. The best route is
+// only kept if it is still the best one. Returns false if the plan has to replace the current one.
+bool RouteSession::keepRoute(GuidedPlan& plan) {
+  const auto found =
+      std::find_if(plan.routes.begin(), plan.routes.end(), [this](const GuidedRoute& other) {
+        return purpose_ == Purpose::updateOnTheWay ? isRestOf(other, *route())
+                                                   : isSame(other, *route());
+      });
+  if (found == plan.routes.end() || (chosen_ == 0 && found != plan.routes.begin())) return false;
+  if (purpose_ == Purpose::updateOnTheWay) {  // the other routes of the old plan may be closed
+    plan_.routes = {std::move(plan_.routes[chosen_])};
+    chosen_ = 0;
+  } else {
+    chosen_ = static_cast<std::size_t>(found - plan.routes.begin());
+    plan_ = std::move(plan);
+  }
+  return true;
 }
 
 void RouteSession::choose(std::size_t index) {

@@ -18,10 +18,17 @@
 namespace orivanta::viewer {
 
 /// Plans a route in the background when it has a start and a destination, and again after each
-/// change of the stops, the profile or the closures. Main thread only.
+/// change of the stops, the profile or the closures. Opening hours count at the time of the clock.
+/// Main thread only.
 class RouteSession {
  public:
   using Clock = std::function<guidance::LocalTime()>;
+
+  /// Where a traveler is on the chosen route.
+  struct Progress {
+    guidance::Position position;
+    std::size_t leg = 0;  ///< the index of the current leg
+  };
 
   RouteSession(std::shared_ptr<Venue> venue, const guidance::InterfaceTexts& texts, Clock clock);
 
@@ -30,6 +37,10 @@ class RouteSession {
   /// The user has asked for a route. Called after `changed`, but not for a change of the closures.
   std::function<void()> requested;
   std::function<void()> planned;  ///< there is a new plan
+
+  // A plan after a change of the closures calls one of these instead of `planned`.
+  std::function<void()> confirmed;  ///< the chosen route remains; its alternatives may be others
+  std::function<void()> rerouted;   ///< there is another route, or none any more
 
   /// Makes a place the start, and drops the destination if it is the same place.
   void departFrom(const std::shared_ptr<Location>& place);
@@ -40,7 +51,7 @@ class RouteSession {
   /// Leads to the nearest of several places, without stops in between. `from` may be null.
   void goToNearest(std::shared_ptr<Location> from, NearestChoice nearest);
 
-  /// Replaces one end of the route.
+  /// Replaces one end of the route. A stop in between at the same place is removed.
   void setEnd(RouteEnd end, const std::shared_ptr<Location>& place);
 
   /// Makes a place the missing end. Returns false if there is no route yet or no end is missing.
@@ -48,10 +59,14 @@ class RouteSession {
 
   /// Exchanges the start and the destination, and reverses the stops in between.
   void swapEnds();
-  void addStop(const std::shared_ptr<Location>& place);
-  void removeStop(std::size_t index);  ///< of the stops in between
-  void setProfile(std::size_t index);  ///< of `profileChoices`
-  void setClosures(const guidance::Closures& closures);
+  void addStop(const std::shared_ptr<Location>& place);  ///< does nothing if not `canAddStop`
+  void removeStop(std::size_t index);                    ///< of the stops in between
+  void setProfile(std::size_t index);                    ///< of `profileChoices`
+
+  /// Plans again around what is closed. The current plan stays until then. If the traveler is
+  /// already on the way, the route leads from that position to the stops that are left.
+  void setClosures(const guidance::Closures& closures,
+                   const std::optional<Progress>& progress = std::nullopt);
   void clear();  ///< removes all stops
 
   /// Chooses one of the plan's routes. The stops in between are then in the order of its visits.
@@ -62,9 +77,7 @@ class RouteSession {
   const std::shared_ptr<Location>& from() const { return from_; }
 
   /// Whether a place can become a stop in between.
-  bool canAddStop(const std::shared_ptr<Location>& place) const {
-    return from_ && to_ && place != from_ && place != to_;
-  }
+  bool canAddStop(const std::shared_ptr<Location>& place) const;
   std::size_t profile() const { return profile_; }
   const guidance::Closures& closures() const { return closures_; }
 
@@ -85,19 +98,29 @@ class RouteSession {
   std::optional<guidance::LocalTime> arrival() const;
 
  private:
+  using Places = std::vector<std::shared_ptr<Location>>;
+
   void request();
   void planAgain();
+  guidance::Request makeRequest(guidance::Stop start, const Places& between) const;
+  void take(GuidedPlan plan);
+  bool keepRoute(GuidedPlan& plan);
 
+  const std::shared_ptr<Venue> venue_;
   const Clock clock_;
   LatestRequest<GuideWorker> guide_;
   std::shared_ptr<Location> from_;
-  std::vector<std::shared_ptr<Location>> between_;
+  Places between_;
   std::shared_ptr<Location> to_;
   std::optional<NearestChoice> nearest_;  // the destination, instead of `to_`
   std::size_t profile_ = 0;
   guidance::Closures closures_;
   GuidedPlan plan_;
   std::size_t chosen_ = 0;  // of the plan's routes
+
+  /// What is planned at the moment.
+  enum class Purpose { plan, update, updateOnTheWay };
+  Purpose purpose_ = Purpose::plan;
 };
 
 }  // namespace orivanta::viewer

@@ -44,7 +44,7 @@ class VenueView : public view::View, public MapViewDelegate {
   /// Called if no floor can be shown (`floor` is null), or if only a requested one cannot.
   std::function<void(const Problem&, const std::shared_ptr<Map>& floor)> failed;
 
-  /// Called with a sentence if the floors are shown incomplete.
+  /// Called with a sentence that the user should read, for example if floors are shown incomplete.
   std::function<void(const std::string&)> remarked;
 
   /// Called when a route is requested. The receiver may call `setClosures` later.
@@ -74,11 +74,15 @@ class VenueView : public view::View, public MapViewDelegate {
   bool handleKey(const KeyPress& press);
   bool handleText(std::string_view text);
 
+  /// Does what a key does while the search is closed. Returns false if it has no function.
+  bool carryOut(std::string_view key);
+
   /// Selects a place, shows its card and moves the camera to it. Null clears the selection.
   void select(const std::shared_ptr<Location>& place);
   void showFloor(const std::shared_ptr<Map>& floor);
 
-  /// Marks what is closed, and plans the current route again if that has changed.
+  /// Marks what is closed. If that has changed, plans the current route again; a walk continues
+  /// from where it is.
   void setClosures(const guidance::Closures& closures);
 
   /// Whether a place is in the closures.
@@ -127,15 +131,17 @@ class VenueView : public view::View, public MapViewDelegate {
   void resumeMap();
 
   // Places
+  void setEnd(RouteEnd end, const std::shared_ptr<Location>& place);
   void highlight(const std::shared_ptr<Location>& place);
   void mark(const std::shared_ptr<Location>& place);
   void fetchPicture(const std::shared_ptr<Location>& place);
   void offerRoutes(const std::shared_ptr<Location>& place);
 
   // Routes
-  void lookFor(RouteEnd end);
   void routeChanged();
-  void routePlanned();
+  void showPlan();
+  void routeConfirmed();
+  void routeReplaced();
   void showRoute();
   void showStep(std::size_t index);
   std::string arrivalText() const;
@@ -164,11 +170,11 @@ class VenueView : public view::View, public MapViewDelegate {
   std::shared_ptr<Map> awaitedFloor_;  // shown as soon as it is ready; null for none
   std::shared_ptr<Map> shownFloor_;    // null before the first one
   bool isLoaded_ = false;
+  bool hasToldOmissions_ = false;
   std::shared_ptr<Location> selected_;
   PictureFetch pictureFetch_;
   std::shared_ptr<MapViewMarker2D> mark_;
-  std::optional<RouteEnd> searchedEnd_;  // set if the search is for an end of the route
-  std::vector<NearestChoice> offered_;   // on the card
+  std::vector<NearestChoice> offered_;  // on the card
 
   double scale_ = 1;
   bool hasNamesToDraw_ = false;

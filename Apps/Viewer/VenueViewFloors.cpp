@@ -64,11 +64,16 @@ void VenueView::await(const std::shared_ptr<Map>& floor) {
   panels_.floors->setAwaited(floor);
 }
 
-// Reports a failure of the awaited floor.
+// Reports a failure of the awaited floor. Nobody asks for the floors of a walk, so it is only
+// remarked then.
 void VenueView::tellFailure(const FloorProgress& floor) {
   if (floor.state != FloorState::failed && floor.state != FloorState::withoutModel) return;
   await(nullptr);
-  if (failed) failed(floorProblem(floor, texts_), floor.map);
+  const Problem problem = floorProblem(floor, texts_);
+  if (walk_.walker() && remarked)
+    remarked(problem.title + '.');
+  else if (failed)
+    failed(problem, floor.map);
 }
 
 // Frames the selected place or the route, when its floor is shown.
@@ -85,8 +90,8 @@ void VenueView::floorsEnded(const std::vector<FloorProgress>& floors) {
     return;
   }
   const std::string sentence = omissions(floors, texts_);
-  if (sentence.empty() || !remarked) return;
-  std::exchange(remarked, nullptr)(sentence);  // only once, even after retries
+  if (sentence.empty() || !remarked || std::exchange(hasToldOmissions_, true)) return;
+  remarked(sentence);  // only once, even after retries
 }
 
 void VenueView::mapViewDidLoad() {

@@ -33,21 +33,25 @@ bool VenueView::handleText(std::string_view text) {
     panels_.search->field().insert(text);
     return true;
   }
+  return carryOut(text);
+}
+
+bool VenueView::carryOut(std::string_view key) {
   const graphics::Size size = bounds().size;
   const graphics::Point middle{size.width / 2, size.height / 2};
-  if (text == "+" || text == "=")
+  if (key == "+" || key == "=")
     camera().zoomBy(zoomStep, middle, CameraMotion::glide);
-  else if (text == "-" || text == "_")
+  else if (key == "-" || key == "_")
     camera().zoomBy(1 / zoomStep, middle, CameraMotion::glide);
-  else if (text == "f" || text == "F")
+  else if (key == "f" || key == "F")
     camera().fit(CameraMotion::glide);
-  else if (text == "i" || text == "I")
+  else if (key == "i" || key == "I")
     toggleAttribution();
-  else if (text == "w" || text == "W")
+  else if (key == "w" || key == "W")
     toggleWalk();
-  else if (text == "?")
+  else if (key == "?")
     toggleHelp();
-  else if (text == "/")
+  else if (key == "/")
     panels_.search->open();
   else
     return false;
@@ -85,7 +89,6 @@ bool VenueView::escape() {
   } else if (panels_.attribution->isOpen()) {
     toggleAttribution();
   } else if (panels_.search->isOpen()) {
-    searchedEnd_.reset();
     panels_.search->close();
   } else if (selected_) {
     select(nullptr);

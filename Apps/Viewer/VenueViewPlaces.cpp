@@ -4,6 +4,7 @@
 
 #include "Apps/Viewer/VenueView.hpp"
 #include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/LabelName.hpp"
 #include "Source/Guidance/OpeningHours.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -29,20 +30,16 @@ std::shared_ptr<Map> floorOf(const Location& place, const std::shared_ptr<Map>& 
 
 void VenueView::connectSearch() {
   panels_.search->layoutChanged = [this] { arrangePanels(); };
-  panels_.search->chosen = [this](const auto& place) {
-    const auto end = std::exchange(searchedEnd_, std::nullopt);
-    if (!end) return select(place);
-    select(nullptr);
-    session_.setEnd(*end, place);
+  panels_.search->chosen = [this](const auto& place, std::optional<RouteEnd> end) {
+    end ? setEnd(*end, place) : select(place);
   };
   panels_.search->nearestChosen = [this](const auto& category) {
-    searchedEnd_.reset();
     const auto from = session_.from() ? session_.from() : selected_;
     select(nullptr);
     session_.goToNearest(from, nearestOf(category, texts_));
   };
   panels_.floors->chosen = [this](const auto& floor) { showFloor(floor); };
-  panels_.mapButtons->tapped = [this](std::string_view key) { handleText(key); };
+  panels_.mapButtons->tapped = [this](std::string_view key) { carryOut(key); };
   panels_.back->action = [this] { wayBack(); };
   panels_.attribution->action = [this] { toggleAttribution(); };
   panels_.help->closed = [this] { toggleHelp(); };
@@ -67,6 +64,11 @@ void VenueView::connectCard() {
     select(nullptr);
     session_.goToNearest(place, choice);
   };
+}
+
+void VenueView::setEnd(RouteEnd end, const std::shared_ptr<Location>& place) {
+  select(nullptr);
+  session_.setEnd(end, place);
 }
 
 void VenueView::select(const std::shared_ptr<Location>& place) {
@@ -99,7 +101,7 @@ void VenueView::mark(const std::shared_ptr<Location>& place) {
   if (!isOnFloor(*place, *mapView_->currentMap())) return;
   auto style = labelStyle();
   style.bold = true;
-  mark_ = makePinMarker(markColors::place, pinHeight, place->name.value_or(""), style, scale_);
+  mark_ = makePinMarker(markColors::place, pinHeight, labelName(*venue_, *place), style, scale_);
   mark_->setPosition(mapView_->findPosition3D(*place));
   mapView_->addMarker(mark_);
   marked.push_back(place);
@@ -129,7 +131,10 @@ void VenueView::offerRoutes(const std::shared_ptr<Location>& place) {
 
 void VenueView::setClosures(const guidance::Closures& closures) {
   if (closures == session_.closures()) return;
-  session_.setClosures(closures);
+  std::optional<RouteSession::Progress> progress;
+  if (const Walker* walker = walk_.walker(); walker && !walker->isDone())
+    progress = {walker->position(), walker->progress().leg};
+  session_.setClosures(closures, progress);
   if (isLoaded_) floorShown();
   if (selected_) offerRoutes(selected_);
   arrangePanels();
@@ -141,8 +146,10 @@ bool VenueView::isClosed(const Location& place) const {
 
 void VenueView::polygonSelected(const std::shared_ptr<Polygon>& polygon) {
   const auto place = polygon->locations.front().lock();
+  const auto end = panels_.search->end();
   if (panels_.search->isOpen()) panels_.search->close();
   if (!place) return;
+  if (end) return setEnd(*end, place);
   if (!session_.hasStops() || session_.isComplete()) return select(place);
   select(nullptr);
   session_.fillMissingEnd(place);

@@ -16,7 +16,7 @@ void VenueView::connectRoute() {
     select(nullptr);
     session_.swapEnds();
   };
-  panel.stops().chosen = [this](RouteEnd end) { lookFor(end); };
+  panel.stops().chosen = [this](RouteEnd end) { panels_.search->open(end); };
   panel.stops().removed = [this](std::size_t index) { session_.removeStop(index); };
   panel.profileChosen = [this](std::size_t index) { session_.setProfile(index); };
   panel.routeChosen = [this](std::size_t index) {
@@ -29,14 +29,12 @@ void VenueView::connectRoute() {
   session_.requested = [this] {
     if (closuresWanted) closuresWanted();
   };
-  session_.planned = [this] { routePlanned(); };
-}
-
-void VenueView::lookFor(RouteEnd end) {
-  searchedEnd_ = end;
-  const bool isStart = end == RouteEnd::start;
-  panels_.search->open(isStart ? "interface.search.start" : "interface.search.destination",
-                       !isStart);
+  session_.planned = [this] {
+    showPlan();
+    if (walksAtOnce_) startWalk();
+  };
+  session_.confirmed = [this] { routeConfirmed(); };
+  session_.rerouted = [this] { routeReplaced(); };
 }
 
 // --- Routes
@@ -51,20 +49,40 @@ void VenueView::routeChanged() {
   arrangePanels();
 }
 
-void VenueView::routePlanned() {
+void VenueView::showPlan() {
   const GuidedPlan& plan = session_.plan();
-  if (!plan.routes.empty()) {
-    showRoute();
-    if (walksAtOnce_) startWalk();
-    return;
-  }
+  if (!plan.routes.empty()) return showRoute();
+  stopWalk();
+  display_.clear();
+  panels_.floors->setRoute({});
   const bool hasHelp = plan.problem->kind == guidance::Problem::Kind::onlyWithSteps;
   panels_.route->setProblem(plan.problemText,
                             hasHelp ? std::optional(preferElevatorChoice) : std::nullopt);
   arrangePanels();
 }
 
-// Shows the chosen route from its beginning.
+// The map and a walk need no change.
+void VenueView::routeConfirmed() {
+  const auto step = panels_.route->steps().current();
+  const std::string remark = panels_.route->remark();
+  panels_.route->setRoute(session_.plan(), session_.chosen(), remark);
+  arrangePanels();
+  panels_.route->setCurrentStep(step);
+}
+
+// A walk continues on the new route.
+void VenueView::routeReplaced() {
+  const Walker* walker = walk_.walker();
+  const bool walks = walker != nullptr && !walker->isDone();
+  const bool isPaused = walks && walker->isPaused();
+  showPlan();
+  if (!session_.route()) return;
+  if (remarked) remarked(texts_.text("interface.note.rerouted"));
+  if (walks) startWalk();
+  if (isPaused) toggleWalk();
+}
+
+// Shows the chosen route from its beginning, unless the map shows a selected place.
 void VenueView::showRoute() {
   stopWalk();
   display_.clear();
@@ -73,7 +91,8 @@ void VenueView::showRoute() {
   panels_.route->setRoute(session_.plan(), session_.chosen(), arrivalText());
   arrangePanels();
   panels_.floors->setRoute(route.floors);
-  display_.show(route, session_.from(), scale_);
+  display_.show(route, scale_);
+  if (selected_) return;
   showFloor(display_.wantedFloor());
   display_.frame();
 }
@@ -102,6 +121,7 @@ void VenueView::toggleWalk() {
   if (walker == nullptr || walker->isDone()) return startWalk();
   walk_.setPaused(!walker->isPaused());
   panels_.route->setWalk(walker->isPaused() ? WalkState::paused : WalkState::walking);
+  if (!walker->isPaused()) showFloor(walker->floor());
 }
 
 void VenueView::startWalk() {
@@ -125,9 +145,8 @@ void VenueView::stopWalk() {
 void VenueView::walk(double time) {
   const Walker& walker = *walk_.walker();
   if (walker.isDone()) return;
-  walk_.advance(time, scale_);
-  if (walker.floor() != mapView_->currentMap()) showFloor(walker.floor());
-  panels_.route->setCurrentStep(walker.step());
+  if (walk_.advance(time, scale_)) showFloor(walker.floor());
+  panels_.route->setCurrentStep(walker.progress().announced);
   if (walker.isDone()) panels_.route->setWalk(WalkState::paused);
   if (const std::string left = leftText(); left != panels_.route->remark()) {
     panels_.route->setRemark(left);
@@ -136,10 +155,11 @@ void VenueView::walk(double time) {
   walk_.follow();
 }
 
-// Returns what is left of the walk.
+// Returns what is left of the walk. Lengths and times are not known without a scale.
 std::string VenueView::leftText() const {
   const guidance::Progress& progress = walk_.walker()->progress();
   if (progress.arrived) return texts_.text("interface.walk.arrived");
+  if (!session_.route()->itinerary.hasScale) return "";
   const std::string length = texts_.name(narrator_.length(progress.metersLeft));
   const std::string time = texts_.name(narrator_.time(progress.secondsLeft));
   if (length.empty()) return texts_.text("interface.walk.left.time", {{"time", time}});

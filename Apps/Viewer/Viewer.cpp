@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "Apps/Viewer/Widgets/Direction.hpp"
@@ -21,6 +22,7 @@ namespace {
 constexpr double wheelZoom = 1.18;  // per step
 constexpr double wheelScroll = 60;  // points per step
 constexpr double noteTime = 6;      // seconds
+constexpr double closuresTime = 60;
 
 // Returns the list at a point, or null.
 List* listAt(view::View& root, graphics::Point point) {
@@ -189,10 +191,18 @@ std::optional<graphics::Rect> Viewer::textPlace() const {
 bool Viewer::showsMap() const { return venueView_ && veil_->isHidden() && message_->isHidden(); }
 
 void Viewer::advance(double time) {
-  if (venueView_) venueView_->advance(time);
+  if (venueView_) {
+    venueView_->advance(time);
+    if (closuresEnd_ && time >= *closuresEnd_) fetchClosures();
+    if (!closuresEnd_) closuresEnd_ = time + closuresTime;
+  }
   if (note_->isHidden() || isLoading()) return;
   if (!noteEnd_) noteEnd_ = time + noteTime;
   if (time >= *noteEnd_) hideNote();
+}
+
+double Viewer::nextFrameTime() const {
+  return venueView_ && closuresEnd_ ? *closuresEnd_ : std::numeric_limits<double>::infinity();
 }
 
 bool Viewer::isMoving() const {

@@ -53,8 +53,12 @@ class Viewer {
   void textTyped(std::string_view text);
   void textComposed(std::string_view text);
 
-  /// Call before each frame.
+  /// Call before each frame. Also asks at intervals what is closed in the shown venue.
   void advance(double time);
+
+  /// Returns the time at which a frame is necessary although nothing changes. Infinite if there is
+  /// none.
+  double nextFrameTime() const;
 
   /// Whether the image changes without input.
   bool isMoving() const;
@@ -122,8 +126,9 @@ class Viewer {
   std::shared_ptr<VenueList> venueList_;
   std::shared_ptr<MessagePanel> message_;
   std::shared_ptr<Note> note_;
-  std::optional<double> noteEnd_;  // seconds; empty until the note has been visible
-  std::shared_ptr<Venue> venue_;   // shown or being loaded; null while the user chooses one
+  std::optional<double> noteEnd_;      // seconds; empty until the note has been visible
+  std::optional<double> closuresEnd_;  // when they are fetched again; empty after a request
+  std::shared_ptr<Venue> venue_;       // shown or being loaded; null while the user chooses one
   std::shared_ptr<VenueView> venueView_;
   view::TouchDispatcher fingers_;
   Pointer pointer_;

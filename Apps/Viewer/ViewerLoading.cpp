@@ -22,13 +22,13 @@ VenueSource::Handlers Viewer::handlers(std::function<void()> retry) {
     const double share = progress.collections > 0 ? static_cast<double>(progress.collectionsDone) /
                                                         static_cast<double>(progress.collections)
                                                   : 0.0;
-    veil_->setProgress(
-        share * venueShare,
-        texts_.text(
-            "interface.loading.records",
-            {{"done", fmt::to_string(progress.collectionsDone)},
-             {"all", fmt::to_string(progress.collections)},
-             {"megabytes", fmt::format("{:.1f}", static_cast<double>(progress.bytes) / 1e6)}}));
+    const auto tenths = progress.bytes / 100'000;  // of megabytes
+    veil_->setProgress(share * venueShare,
+                       texts_.text("interface.loading.records",
+                                   {{"done", fmt::to_string(progress.collectionsDone)},
+                                    {"all", fmt::to_string(progress.collections)},
+                                    {"whole", fmt::to_string(tenths / 10)},
+                                    {"tenths", fmt::to_string(tenths % 10)}}));
   };
   result.failed = [this, retry = std::move(retry)](const Problem& problem) {
     showProblem(problem, retry, wayBack(), texts_.text("interface.venues.all"));
@@ -156,6 +156,7 @@ void Viewer::showFloors() {
 }
 
 void Viewer::fetchClosures() {
+  closuresEnd_.reset();
   source_.fetchClosures(venue_->slug.value_or(""), [this](const guidance::Closures& closures) {
     if (venueView_) venueView_->setClosures(closures);
   });

@@ -22,19 +22,21 @@ void WalkDisplay::stop() {
   display_.removeMark();
 }
 
-void WalkDisplay::advance(double time, double scale) {
+bool WalkDisplay::advance(double time, double scale) {
   const auto floor = walker_->floor();
   walker_->advance(time);
-  if (walker_->floor() != floor) pose_.reset();
-  display_.markPosition(walker_->floor(), walker_->position(), scale);
+  const bool isOtherFloor = walker_->floor() != floor;
+  if (isOtherFloor) pose_.reset();
+  display_.markPosition(walker_->floor(), walker_->scenePosition(), scale);
+  return isOtherFloor;
 }
 
 void WalkDisplay::follow() {
-  if (walker_->floor() != mapView_->currentMap()) return;  // not loaded yet
+  if (walker_->floor() != mapView_->currentMap()) return;
   MapCamera& camera = mapView_->camera();
   if (camera.isGliding()) return;
   if (pose_ && !(camera.pose() == *pose_)) return;
-  camera.frame({walker_->position()}, Surroundings{0, metersShown * unitsPerMeter_});
+  camera.frame({walker_->scenePosition()}, Surroundings{0, metersShown * unitsPerMeter_});
   pose_ = camera.pose();
 }
 

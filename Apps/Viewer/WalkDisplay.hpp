@@ -32,11 +32,12 @@ class WalkDisplay {
   /// Whether the walk changes the image.
   bool isMoving() const { return walker_ && !walker_->isDone() && !walker_->isPaused(); }
 
-  /// Continues the walk until a time in seconds. `scale` is in pixels per point. The caller then
-  /// shows the walker's floor and calls `follow`.
-  void advance(double time, double scale);
+  /// Continues the walk until a time in seconds. `scale` is in pixels per point. Returns whether
+  /// the walker has entered another floor, which the caller then shows. Call `follow` after that.
+  bool advance(double time, double scale);
 
-  /// Moves the camera with the walker until the user moves it, and again on the next floor.
+  /// Moves the camera with the walker while the walker's floor is shown, until the user moves it,
+  /// and again on the next floor.
   void follow();
 
  private:

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
+#include <limits>
 #include <memory>
 
 #include "Apps/Viewer/Input.hpp"
@@ -73,14 +74,18 @@ class Loop {
   void run() {
     while (!input_.isClosed()) {
       const bool draws = needsFrame() && input_.isShown();
-      const bool hasEvents = input_.take(/*wait=*/!draws);
-      if (wake_.drain() || hasEvents) changed_ = true;
+      const bool hasEvents = input_.take(draws ? 0 : nextFrameTime() - now());
+      if (wake_.drain() || hasEvents || now() >= nextFrameTime()) changed_ = true;
       if (input_.isShown() && (draws || needsFrame())) drawFrame();
     }
   }
 
  private:
   bool needsFrame() const { return changed_ || viewer_.isMoving() || viewer_.root()->needsFrame(); }
+
+  double nextFrameTime() const {
+    return input_.isShown() ? viewer_.nextFrameTime() : std::numeric_limits<double>::infinity();
+  }
 
   void drawFrame() {
     const double start = now();

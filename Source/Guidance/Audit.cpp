@@ -20,64 +20,85 @@ bool isEntranceWord(std::string_view word) {
   return word == "entrance" || word == "exit" || word == "entrances" || word == "exits";
 }
 
-std::vector<Stop> stopsOf(const PlaceList& places) { return {places.begin(), places.end()}; }
-
-// Returns the costs in as few calls as the limit of `Guide::costs` allows. If even one row exceeds
-// it, nothing counts as reached.
-CostRows costsOf(const Guide& guide, const std::vector<Stop>& from, const std::vector<Stop>& to,
-                 const Profile& profile, const Closures& closures = {}) {
-  const std::size_t most = std::max<std::size_t>(1, Guide::mostCosts / (to.size() + 1));
-  CostRows rows;
-  for (std::size_t begin = 0; begin < from.size(); begin += most) {
-    const std::size_t end = std::min(from.size(), begin + most);
-    const std::vector<Stop> part(from.begin() + std::ptrdiff_t(begin),
-                                 from.begin() + std::ptrdiff_t(end));
-    const auto found = guide.costs(part, to, profile, closures);
-    const CostRows none(part.size(), std::vector<std::int64_t>(to.size(), -1));
-    for (const auto& row : found.value_or(none)) rows.push_back(row);
+// Divides places into parts that one call of `Guide::costs` takes.
+std::vector<std::vector<Stop>> partsOf(const PlaceList& places, std::size_t most) {
+  std::vector<std::vector<Stop>> parts;
+  std::size_t nodes = 0;  // of the last part
+  for (const auto& place : places) {
+    nodes += place->nodes.size();
+    if (parts.empty() || parts.back().size() == most || nodes > Guide::mostCostNodes) {
+      parts.emplace_back();
+      nodes = place->nodes.size();
+    }
+    parts.back().emplace_back(place);
   }
-  return rows;
+  return parts;
 }
 
-// The ways between the places and any of the entrances.
+// Which places are reached from a start, in their order.
+using Reached = std::vector<bool>;
+
+// The ways between the places of a venue. After a cancellation, no result may be used.
 class Reach {
  public:
-  Reach(const Guide& guide, const PlaceList& entrances, const PlaceList& places)
-      : guide_(guide), places_(stopsOf(places)) {
-    NodeList nodes;
-    for (const auto& entrance : entrances)
-      nodes.insert(nodes.end(), entrance->nodes.begin(), entrance->nodes.end());
-    start_.emplace_back(std::move(nodes));
+  Reach(const Guide& guide, const PlaceList& places, const foundation::CancellationToken& token)
+      : guide_(guide),
+        size_(places.size()),
+        parts_(partsOf(places, Guide::mostCostDestinations)),
+        token_(token) {}
+
+  // Calls `visit` with the number of each start and the places that are reached from it.
+  template <class Visit>
+  void visitReached(const PlaceList& from, const Profile& profile, Visit visit) const {
+    const std::size_t columns = std::min(size_, Guide::mostCostDestinations);
+    const std::size_t most = std::min(Guide::mostCosts / columns, Guide::mostCostStarts);
+    std::size_t start = 0;
+    for (const auto& part : partsOf(from, most))
+      for (const Reached& reached : rowsOf(part, profile, {})) {
+        if (token_.isCanceled()) return;
+        visit(start++, reached);
+      }
   }
 
-  std::vector<std::int64_t> costs(const Profile& profile, const Closures& closures = {}) const {
-    return costsOf(guide_, start_, places_, profile, closures).front();
+  // Returns the places that are reached from a start.
+  Reached reachedFrom(const Stop& start, const Profile& profile,
+                      const Closures& closures = {}) const {
+    return rowsOf({start}, profile, closures).front();
   }
 
-  // Returns for each place whether an entrance can be reached from it.
-  std::vector<bool> waysBack() const {
-    return guide_.leadToAny(places_, start_, Profile::fastest());
+  // Returns for each place whether a stop can be reached from it.
+  Reached waysTo(const Stop& stop) const {
+    Reached ways;
+    for (const auto& part : parts_)
+      for (const bool leads : guide_.leadToAny(part, {stop}, Profile::fastest(), {}, token_))
+        ways.push_back(leads);
+    return ways;
   }
 
  private:
+  std::vector<Reached> rowsOf(const std::vector<Stop>& from, const Profile& profile,
+                              const Closures& closures) const {
+    std::vector<Reached> rows(from.size());
+    for (const auto& part : parts_) {
+      const auto costs = guide_.costs(from, part, profile, closures, token_);
+      for (std::size_t row = 0; row < rows.size(); ++row)
+        for (std::size_t i = 0; i < part.size(); ++i)
+          rows[row].push_back(costs && (*costs)[row][i] >= 0);
+    }
+    return rows;
+  }
+
   const Guide& guide_;
-  std::vector<Stop> start_;
-  std::vector<Stop> places_;
+  const std::size_t size_;
+  const std::vector<std::vector<Stop>> parts_;
+  const foundation::CancellationToken& token_;
 };
 
 // Returns the places that are reached in `before` but not in `after`.
-PlaceList lost(const PlaceList& places, const std::vector<std::int64_t>& before,
-               const std::vector<std::int64_t>& after) {
+PlaceList lost(const PlaceList& places, const Reached& before, const Reached& after) {
   PlaceList list;
   for (std::size_t i = 0; i < places.size(); ++i)
-    if (before[i] >= 0 && after[i] < 0) list.push_back(places[i]);
-  return list;
-}
-
-PlaceList unreached(const PlaceList& places, const std::vector<std::int64_t>& costs) {
-  PlaceList list;
-  for (std::size_t i = 0; i < places.size(); ++i)
-    if (costs[i] < 0) list.push_back(places[i]);
+    if (before[i] && !after[i]) list.push_back(places[i]);
   return list;
 }
 
@@ -87,17 +108,43 @@ bool mayBeStepFree(const Vortex& connector) {
 }
 
 // Returns the place from which most others are reached, among the first ones.
-std::shared_ptr<Location> bestConnected(const Guide& guide, const PlaceList& places) {
+std::shared_ptr<Location> bestConnected(const Reach& reach, const PlaceList& places) {
   const PlaceList tried(places.begin(),
                         places.begin() + std::ptrdiff_t(std::min(places.size(), mostTried)));
-  const auto rows = costsOf(guide, stopsOf(tried), stopsOf(places), Profile::fastest());
-  const auto reached = [](const std::vector<std::int64_t>& row) {
-    return std::count_if(row.begin(), row.end(), [](std::int64_t cost) { return cost >= 0; });
-  };
-  const auto best = std::max_element(rows.begin(), rows.end(), [&](const auto& a, const auto& b) {
-    return reached(a) < reached(b);
+  std::size_t best = 0;
+  std::ptrdiff_t most = -1;
+  reach.visitReached(tried, Profile::fastest(), [&](std::size_t i, const Reached& reached) {
+    const auto count = std::count(reached.begin(), reached.end(), true);
+    if (count > most) best = i, most = count;
   });
-  return tried[std::size_t(best - rows.begin())];
+  return tried[best];
+}
+
+// A stop at any of the places.
+Stop anyOf(const PlaceList& places) {
+  NodeList nodes;
+  for (const auto& place : places)
+    nodes.insert(nodes.end(), place->nodes.begin(), place->nodes.end());
+  return nodes;
+}
+
+// Adds what is found if the connectors fail, one at a time.
+void addFailures(Audit& result, const Venue& venue, const Reach& reach, const PlaceList& places,
+                 const Stop& entrances, const foundation::CancellationToken& token) {
+  const auto all = reach.reachedFrom(entrances, Profile::fastest());
+  const auto stepFree = reach.reachedFrom(entrances, Profile::stepFree());
+  for (const auto& connector : *venue.vortices) {
+    if (token.isCanceled()) return;
+    const Closures failure({*connector->id});
+    const auto cutOff = [&](const Reached& before, const Profile& profile) {
+      return lost(places, before, reach.reachedFrom(entrances, profile, failure));
+    };
+    ConnectorFinding finding{connector, cutOff(all, Profile::fastest()), {}};
+    if (mayBeStepFree(*connector)) finding.cutOffStepFree = cutOff(stepFree, Profile::stepFree());
+    if (token.isCanceled()) return;
+    if (!finding.cutOff.empty() || !finding.cutOffStepFree.empty())
+      result.connectors.push_back(std::move(finding));
+  }
 }
 
 }  // namespace
@@ -120,34 +167,27 @@ Audit audit(const Venue& venue, const Guide& guide, const foundation::Cancellati
       result.withoutNodes.push_back(location);
       continue;
     }
+    if (token.isCanceled()) return result;
     places.push_back(location);
     if (isEntrance(*location)) entrances.push_back(location);
   }
   if (places.empty()) return result;
+  const Reached everything(places.size(), true);
+  const Reach reach(guide, places, token);
   if (entrances.empty()) {
-    entrances.push_back(bestConnected(guide, places));
+    entrances.push_back(bestConnected(reach, places));
     result.entranceAssumed = true;
   }
-  const auto stepFree = costsOf(guide, stopsOf(entrances), stopsOf(places), Profile::stepFree());
-  for (std::size_t i = 0; i < entrances.size(); ++i)
-    result.entrances.push_back({entrances[i], unreached(places, stepFree[i])});
-  const Reach reach(guide, entrances, places);
-  const auto all = reach.costs(Profile::fastest());
-  const auto allStepFree = reach.costs(Profile::stepFree());
-  result.unreachable = unreached(places, all);
-  const auto back = reach.waysBack();
-  for (std::size_t i = 0; i < places.size(); ++i)
-    if (all[i] >= 0 && !back[i]) result.withoutWayBack.push_back(places[i]);
-  for (const auto& connector : *venue.vortices) {
-    if (token.isCanceled()) break;
-    const Closures failure({*connector->id});
-    ConnectorFinding finding{
-        connector, lost(places, all, reach.costs(Profile::fastest(), failure)), {}};
-    if (mayBeStepFree(*connector))
-      finding.cutOffStepFree = lost(places, allStepFree, reach.costs(Profile::stepFree(), failure));
-    if (!finding.cutOff.empty() || !finding.cutOffStepFree.empty())
-      result.connectors.push_back(std::move(finding));
-  }
+  reach.visitReached(entrances, Profile::stepFree(), [&](std::size_t i, const Reached& reached) {
+    result.entrances.push_back({entrances[i], lost(places, everything, reached)});
+  });
+  const Stop start = anyOf(entrances);
+  const auto all = reach.reachedFrom(start, Profile::fastest());
+  const auto back = reach.waysTo(start);
+  if (token.isCanceled()) return result;
+  result.unreachable = lost(places, everything, all);
+  result.withoutWayBack = lost(places, all, back);
+  addFailures(result, venue, reach, places, start, token);
   return result;
 }
 

@@ -46,8 +46,8 @@ struct Audit {
 ORIVANTA_API bool isEntrance(const Location& location);
 
 /// Audits a loaded venue. Only places with nodes count. `guide` must be made of the venue. If it is
-/// canceled, the result is incomplete. Runs on the calling thread and others; takes a search per
-/// connector and profile.
+/// canceled, the result has only what was found until then. Runs on the calling thread and others;
+/// takes a search per connector and profile.
 ORIVANTA_API Audit audit(const Venue& venue, const Guide& guide,
                          const foundation::CancellationToken& token = {});
 

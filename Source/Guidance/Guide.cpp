@@ -52,16 +52,21 @@ foundation::Result<CostRows> Guide::costs(const std::vector<Stop>& from,
                                           const std::vector<Stop>& to, const Profile& profile,
                                           const Closures& closures,
                                           const foundation::CancellationToken& token) const {
-  if (!from.empty() && to.size() > mostCosts / from.size())
+  if (from.size() > mostCostStarts || to.size() > mostCostDestinations ||
+      from.size() * to.size() > mostCosts)
     return foundation::failure(
         "guide", 0,
-        fmt::format("{} times {} costs are more than {}.", from.size(), to.size(), mostCosts));
-  return costMatrix(implementation_->data, from, to, profile, closures, token);
+        fmt::format(
+            "{} times {} costs are too many; at most {} are possible, with {} starts and {} "
+            "destinations at most.",
+            from.size(), to.size(), mostCosts, mostCostStarts, mostCostDestinations));
+  return costMatrix(implementation_->data, from, to, profile, closures, mostCostNodes, token);
 }
 
 std::vector<bool> Guide::leadToAny(const std::vector<Stop>& from, const std::vector<Stop>& to,
-                                   const Profile& profile, const Closures& closures) const {
-  return guidance::leadToAny(implementation_->data, from, to, profile, closures);
+                                   const Profile& profile, const Closures& closures,
+                                   const foundation::CancellationToken& token) const {
+  return guidance::leadToAny(implementation_->data, from, to, profile, closures, token);
 }
 
 std::optional<Snap> Guide::snap(const Position& position) const {
@@ -85,8 +90,9 @@ std::string Guide::spokenName(const Stop& stop) const {
   return category != nullptr && *category ? (*category)->name.value_or("") : std::string();
 }
 
-std::vector<Step> Guide::steps(const Itinerary& itinerary) const {
-  return stepsOf(itinerary, implementation_->surroundings);
+std::vector<Step> Guide::steps(const Itinerary& itinerary,
+                               const foundation::CancellationToken& token) const {
+  return stepsOf(itinerary, implementation_->surroundings, token);
 }
 
 }  // namespace orivanta::guidance

@@ -45,7 +45,7 @@ class ORIVANTA_API Guide {
   /// Creates a guide from all nodes and connectors of a loaded venue, whether or not the venue was
   /// loaded for accessible routes. Walking edges are those of the venue's `navigationGraph`. Nodes
   /// with coordinates that are not between -1e9 and 1e9 are left out. Returns null if the venue is
-  /// not loaded. Call it on the thread that loads the venue or changes its records.
+  /// not loaded. Any thread, as long as no thread loads the venue or changes its records meanwhile.
   static std::shared_ptr<const Guide> make(const Venue& venue);
   ~Guide();
   Guide(const Guide&) = delete;
@@ -65,18 +65,29 @@ class ORIVANTA_API Guide {
   /// The most costs, starts times destinations, that one call of `costs` computes.
   static constexpr std::size_t mostCosts = 4'000'000;
 
+  /// The most starts of one call of `costs`.
+  static constexpr std::size_t mostCostStarts = 10'000;
+
+  /// The most destinations of one call of `costs`.
+  static constexpr std::size_t mostCostDestinations = 100'000;
+
+  /// The most nodes of all starts, and of all destinations, of one call of `costs`.
+  static constexpr std::size_t mostCostNodes = 4'000'000;
+
   /// Returns the costs in milliseconds from each start (row) to each destination (column), or -1 if
   /// there is no way or a stop is not known. The rows are computed concurrently; each takes a
   /// search to all destinations and 8 bytes per destination. If the search is canceled, the costs
-  /// that were not found are -1. Fails if there are more than `mostCosts`.
+  /// that were not found are -1. Fails if one of the four limits above is exceeded.
   foundation::Result<CostRows> costs(const std::vector<Stop>& from, const std::vector<Stop>& to,
                                      const Profile& profile = {}, const Closures& closures = {},
                                      const foundation::CancellationToken& token = {}) const;
 
   /// Returns for each start whether there is a way to any of the destinations; false if the start
-  /// is not known. Takes a single search, however many stops there are.
+  /// is not known. Takes a single search, however many stops there are, and time in proportion to
+  /// the number of their nodes. If the search is canceled, all values are false.
   std::vector<bool> leadToAny(const std::vector<Stop>& from, const std::vector<Stop>& to,
-                              const Profile& profile = {}, const Closures& closures = {}) const;
+                              const Profile& profile = {}, const Closures& closures = {},
+                              const foundation::CancellationToken& token = {}) const;
 
   /// Returns the point of the walking network next to a position on its floor. Returns nothing if
   /// the floor has no network.
@@ -96,8 +107,10 @@ class ORIVANTA_API Guide {
   /// connector shows. Empty if no sign shows the name, for nodes and for positions.
   std::string spokenName(const Stop& stop) const;
 
-  /// Returns the instructions for an itinerary of this guide. Empty if it is not usable.
-  std::vector<Step> steps(const Itinerary& itinerary) const;
+  /// Returns the instructions for an itinerary of this guide. Empty if it is not usable, or if the
+  /// work is canceled.
+  std::vector<Step> steps(const Itinerary& itinerary,
+                          const foundation::CancellationToken& token = {}) const;
 
  private:
   class Implementation;

@@ -57,8 +57,9 @@ class ORIVANTA_API Narrator {
 
   /// Returns the text of one instruction, including the walk to the next one, such as "Turn left
   /// after 2063. Go 40 m, past 2053 on your left." Lengths under 10 m are omitted, and so are all
-  /// lengths if the itinerary has no scale. At most two passed places and two rooms on the
-  /// way are named. Returns an empty text if there is no `steps[index]`.
+  /// lengths if the itinerary has no scale. At most two passed places and two rooms on the way are
+  /// named; of further rooms, the number is told. Returns an empty text if there is no
+  /// `steps[index]`.
   std::string text(const Itinerary& itinerary, const std::vector<Step>& steps,
                    std::size_t index) const;
 
@@ -73,12 +74,12 @@ class ORIVANTA_API Narrator {
   std::string text(const Problem& problem, std::string_view place) const;
 
   /// Returns a length as words: rounded to 10 m below 100 m, to 50 m below 500 m, to 100 m beyond,
-  /// and from 1,000 m in kilometers. Returns an empty text for less than 10 m and for numbers that
-  /// are not finite.
+  /// and from 1,000 m in kilometers. A space before the unit is a no-break space. Returns an empty
+  /// text for less than 10 m and for numbers that are not finite.
   std::string length(double meters) const;
 
-  /// Returns a time as words: in minutes, at least one. Returns an empty text for numbers that are
-  /// not finite.
+  /// Returns a time as words: in minutes, at least one. A space before the unit is a no-break
+  /// space. Returns an empty text for numbers that are not finite.
   std::string time(double seconds) const;
 
  private:

@@ -2,6 +2,14 @@
 
 namespace orivanta::guidance {
 
+ConnectorKind connectorKindOf(std::string_view type) {
+  if (type == "elevator" || type == "lift") return ConnectorKind::lift;
+  if (type == "escalator") return ConnectorKind::escalator;
+  if (type == "stairs") return ConnectorKind::stairs;
+  if (type == "ramp") return ConnectorKind::ramp;
+  return ConnectorKind::other;
+}
+
 Profile Profile::stepFree() {
   Profile profile;
   profile.walkingMetersPerSecond = 1.0;

@@ -1,6 +1,8 @@
 // What a traveler can and wants to use: the settings of a route search.
 #pragma once
 
+#include <string_view>
+
 #include "Platform/Foundation/Export.hpp"
 
 namespace orivanta::guidance {
@@ -20,6 +22,9 @@ enum class ConnectorKind {
   ramp,       ///< "ramp"
   other       ///< any other type
 };
+
+/// Returns the kind of a connector whose record has this `type`.
+ORIVANTA_API ConnectorKind connectorKindOf(std::string_view type);
 
 /// The abilities and preferences of a traveler. A value: copy it and change its fields.
 struct ORIVANTA_API Profile {

@@ -8,22 +8,24 @@ namespace orivanta::guidance {
 
 namespace {
 
-using Turn = Direction::Turn;
+using DirectionTurn = Direction::Turn;
 
-Turn::Bearing bearingOf(const Step& step) {
-  if (step.kind == Step::Kind::leave && step.side == Side::right) return Turn::Bearing::Right;
+DirectionTurn::Bearing bearingOf(const Step& step) {
+  if (step.kind == Step::Kind::leave && step.side == Side::right)
+    return DirectionTurn::Bearing::Right;
   if (step.kind == Step::Kind::leave && (step.side == Side::left || step.side == Side::behind))
-    return Turn::Bearing::Left;
-  if (step.turnDegrees == 0.0) return Turn::Bearing::Straight;
+    return DirectionTurn::Bearing::Left;
+  if (step.turnDegrees == 0.0) return DirectionTurn::Bearing::Straight;
   const bool left = step.turnDegrees > 0.0;
   if (step.sharpness == Sharpness::bear)
-    return left ? Turn::Bearing::SlightLeft : Turn::Bearing::SlightRight;
-  return left ? Turn::Bearing::Left : Turn::Bearing::Right;
+    return left ? DirectionTurn::Bearing::SlightLeft : DirectionTurn::Bearing::SlightRight;
+  return left ? DirectionTurn::Bearing::Left : DirectionTurn::Bearing::Right;
 }
 
 std::shared_ptr<const Direction::Action> turnOf(const Step& step) {
-  const auto position = step.landmark ? step.landmark->position : Turn::ReferencePosition::At;
-  return std::make_shared<Turn>(bearingOf(step), position);
+  const auto position =
+      step.landmark ? step.landmark->position : DirectionTurn::ReferencePosition::At;
+  return std::make_shared<DirectionTurn>(bearingOf(step), position);
 }
 
 std::shared_ptr<const Direction::Action> actionOf(const Itinerary& itinerary, const Step& step) {

@@ -75,8 +75,9 @@ struct Step {
   std::string name;                    ///< the name of `place` on signs; empty if there is none
   std::shared_ptr<Location> opposite;  ///< `arrive`: the place on the other side
   std::vector<Passed> passed;          ///< places on the walk to the next step
-  /// Rooms that the walk to the next step enters, in order. It leaves them by another door. Rooms
-  /// at stops and rooms without a name on signs are omitted.
+  /// Rooms that the walk to the next step enters, in order. It leaves them by another door. A room
+  /// that it enters again is listed again. Rooms at stops and rooms without a name on signs are
+  /// omitted.
   std::vector<std::shared_ptr<Location>> through;
   double metersToNext = 0.0;   ///< the walk to the next step
   double secondsToNext = 0.0;  ///< the time until the next step

@@ -229,7 +229,7 @@ class PictureWriter {
 
   void tell(const std::string& file) {
     files_.emplace_back(file);
-    if (!options_.json) writeOutput(file + '\n');
+    if (options_.printsFiles && !options_.json) writeOutput(file + '\n');
   }
 
   const RenderVenueOptions& options_;

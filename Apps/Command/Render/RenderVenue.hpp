@@ -31,6 +31,7 @@ struct RenderVenueOptions {
   std::optional<std::string> touchesFile;
   int frames = 0;  ///< number of images of an animation; 0 for a single image
   std::string output = "map.png";
+  bool printsFiles = true;  ///< prints the names of the files
 };
 
 ExitCode renderVenue(const RenderVenueOptions& options);

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "Apps/Import/Connectors/BridgeGaps.hpp"
 #include "Apps/Import/Connectors/FromLines.hpp"
 #include "Apps/Import/Connectors/Pairing.hpp"
 #include "Apps/Import/Connectors/Stops.hpp"
@@ -21,6 +22,8 @@ namespace {
 class ConnectorMaker {
  public:
   explicit ConnectorMaker(const Building& building) : building_(building), surroundings_(building) {
+    for (const Place& place : building.places)
+      if (!place.names.generated) places_.emplace(place.id, &place);
     for (const Area& area : building.areas) {
       if (area.access == Access::nobody) continue;
       if (auto piece = pieceOf(area)) {
@@ -28,24 +31,70 @@ class ConnectorMaker {
         pieces_.push_back(std::move(*piece));
       }
     }
+    joinContinuing();
     for (const ConnectorHint& hint : building.connectorHints) addSpots(hint);
   }
 
   std::vector<Connector> make() {
-    PieceSets sets(pieces_.size());
+    DisjointSets sets(pieces_.size());
     joinAsStated(sets);
     std::vector<bool> open(pieces_.size(), true);
     for (const std::vector<std::size_t>& set : sets.all())
       for (const std::size_t i : set) open[i] = !onSeveralLevels(set);
     const std::vector<bool> drawn = takeLines(open, sets);
     pairByShape(pieces_, heightsOf(building_), open, sets);
+    pairFar(pieces_, heightsOf(building_), leadingNowhere(sets, drawn), sets);
     pairNearest(pieces_, heightsOf(building_), leadingNowhere(sets, drawn), sets);
     for (const std::vector<std::size_t>& set : sets.all())
       if (!drawn[set.front()]) addConnector(set);
     return std::move(made_);
   }
 
+  const Surroundings& surroundings() const { return surroundings_; }
+
  private:
+  // Makes one piece of flights that are drawn in parts.
+  void joinContinuing() {
+    std::map<std::pair<double, ConnectorKind>, std::vector<std::size_t>> groups;
+    for (std::size_t i = 0; i < pieces_.size(); ++i)
+      groups[{pieces_[i].level, pieces_[i].kind}].push_back(i);
+    DisjointSets sets(pieces_.size());
+    for (const auto& [key, group] : groups) {
+      std::vector<Segment> ends;
+      for (const std::size_t i : group)
+        for (const double sign : {-1.0, 1.0})
+          ends.push_back({pieces_[i].box.end(sign), pieces_[i].box.end(sign)});
+      constexpr double near = 1.0;
+      const SegmentGrid grid(ends, 0.0);
+      for (std::size_t end = 0; end < ends.size(); ++end)
+        if (const std::size_t next = nearestOther(grid, end, near); next != SegmentGrid::none)
+          if (continues(pieces_[group[end / 2]], pieces_[group[next / 2]]))
+            sets.join(group[end / 2], group[next / 2]);
+    }
+    std::vector<Piece> joined;
+    for (const std::vector<std::size_t>& set : sets.all()) {
+      for (const std::size_t i : set) {
+        byArea_[pieces_[i].area->id] = joined.size();
+        if (i != set.front()) append(pieces_[set.front()], pieces_[i]);
+      }
+      joined.push_back(std::move(pieces_[set.front()]));
+    }
+    pieces_ = std::move(joined);
+  }
+
+  // The end of another piece that is nearest to an end.
+  static std::size_t nearestOther(const SegmentGrid& ends, std::size_t end, double within) {
+    std::size_t nearest = SegmentGrid::none;
+    double best = within;
+    ends.eachNear(ends.segments()[end].a, within, [&](std::size_t other) {
+      const double away = package::distance(ends.segments()[end].a, ends.segments()[other].a);
+      if (other / 2 == end / 2 || away > best || (away == best && other > nearest)) return;
+      best = away;
+      nearest = other;
+    });
+    return nearest;
+  }
+
   bool onSeveralLevels(const std::vector<std::size_t>& set) const {
     return std::any_of(set.begin(), set.end(), [&](std::size_t i) {
       return pieces_[i].level != pieces_[set.front()].level;
@@ -97,7 +146,7 @@ class ConnectorMaker {
     for (const Area* area : index.near(spot.position, beside)) {
       const auto piece = byArea_.find(area->id);
       if (piece == byArea_.end() || pieces_[piece->second].kind != kind) continue;
-      const double away = distanceTo(area->shape, spot.position);
+      const double away = index.distance(*area, spot.position, beside);
       if (away >= nearest) continue;
       nearest = away;
       best = piece->second;
@@ -105,7 +154,7 @@ class ConnectorMaker {
     return best;
   }
 
-  void joinAsStated(PieceSets& sets) const {
+  void joinAsStated(DisjointSets& sets) const {
     std::map<std::string, std::size_t> byText;
     for (std::size_t i = 0; i < pieces_.size(); ++i) {
       if (pieces_[i].area == nullptr || pieces_[i].area->connector.empty()) continue;
@@ -118,7 +167,7 @@ class ConnectorMaker {
 
   // Makes connectors of lines. Pieces in which a line lies only show it; the result tells which. A
   // line in an area with a list of levels of its own adds nothing.
-  std::vector<bool> takeLines(std::vector<bool>& open, const PieceSets& sets) {
+  std::vector<bool> takeLines(std::vector<bool>& open, DisjointSets& sets) {
     std::vector<bool> drawn(pieces_.size(), false);
     for (const Line& line : building_.lines) {
       auto connector = connectorOf(line, surroundings_);
@@ -145,7 +194,7 @@ class ConnectorMaker {
   }
 
   // The pieces without partners that do not reach another part of the space either.
-  std::vector<bool> leadingNowhere(const PieceSets& sets, const std::vector<bool>& drawn) {
+  std::vector<bool> leadingNowhere(DisjointSets& sets, const std::vector<bool>& drawn) {
     std::vector<bool> nowhere(pieces_.size(), false);
     for (const std::vector<std::size_t>& set : sets.all())
       if (set.size() == 1 && !drawn[set.front()])
@@ -170,6 +219,7 @@ class ConnectorMaker {
     for (const Piece* piece : members) {
       if (connector.names.name.empty()) connector.names = nameOf(*piece);
       if (direction == Direction::unknown) direction = piece->direction;
+      connector.access = std::max(connector.access, piece->access);
       suitable = suitable || piece->wheelchair == Wheelchair::yes;
       unsuitable = unsuitable || piece->wheelchair == Wheelchair::no;
     }
@@ -222,13 +272,19 @@ void dropPlacesOfConnectors(Building& building) {
 
 }  // namespace
 
-void makeConnectors(Building& building, const Options& options, Findings&) {
+void makeConnectors(Building& building, const Options& options, Findings& findings) {
   const bool linked =
       std::any_of(building.sourceLinks.begin(), building.sourceLinks.end(),
                   [](const SourceLink& link) { return link.kind != LinkKind::walk; });
-  building.connectors = linked && options.network != NetworkChoice::derive
-                            ? connectorsOfLinks(building)
-                            : ConnectorMaker(building).make();
+  if (linked && options.network != NetworkChoice::derive) {
+    building.connectors = connectorsOfLinks(building);
+  } else {
+    ConnectorMaker maker(building);
+    std::vector<Connector> connectors = maker.make();
+    std::vector<Line> paths = bridgeGaps(building, connectors, maker.surroundings(), findings);
+    building.connectors = std::move(connectors);
+    for (Line& path : paths) building.lines.push_back(std::move(path));
+  }
   dropPlacesOfConnectors(building);
 }
 

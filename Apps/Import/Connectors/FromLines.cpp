@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
+#include <set>
 #include <utility>
 
 namespace orivanta::importer {
@@ -44,6 +46,20 @@ bool startsBelow(const Line& line, const Surroundings& surroundings) {
          surroundings.distance(low, last) + surroundings.distance(high, first) + 1e-6;
 }
 
+// A flight ends on the storey of the path that it continues if there is nothing to walk on where
+// its level says that it ends.
+void moveToPath(Stop& stop, const std::string& point, const Surroundings& surroundings) {
+  constexpr double nothing = 2.0;  // meters around
+  const std::set<double> levels = surroundings.pathLevelsAt(point);
+  double& level = stop.spot.level;
+  if (levels.empty() || levels.contains(level) ||
+      surroundings.distance(level, stop.spot.position) < nothing)
+    return;
+  level = *std::min_element(levels.begin(), levels.end(), [&](double a, double b) {
+    return std::abs(a - level) < std::abs(b - level);
+  });
+}
+
 }  // namespace
 
 std::string_view wordOf(ConnectorKind kind) {
@@ -71,10 +87,11 @@ std::optional<Connector> connectorOf(const Line& line, const Surroundings& surro
   connector.source = line.source.empty() ? line.id : line.source;
   connector.kind = *kind;
   connector.names = line.names;
+  connector.access = line.access;
   connector.accessible = line.wheelchair == Wheelchair::yes ||
                          ((*kind == ConnectorKind::ramp || *kind == ConnectorKind::movingWalkway) &&
                           line.wheelchair != Wheelchair::no);
-  const bool upward = line.levels.size() < 2 || startsBelow(line, surroundings);
+  bool upward = line.levels.size() < 2 || startsBelow(line, surroundings);
   const Point bottom = upward ? line.points.front() : line.points.back();
   const Point top = upward ? line.points.back() : line.points.front();
   if (line.levels.size() < 2) {
@@ -88,6 +105,16 @@ std::optional<Connector> connectorOf(const Line& line, const Surroundings& surro
               ? bottom
               : top));
     connector.stops.push_back(stopAt(line.levels.back(), top));
+  }
+  if (line.pointIds.size() == line.points.size()) {
+    moveToPath(connector.stops.front(), upward ? line.pointIds.front() : line.pointIds.back(),
+               surroundings);
+    moveToPath(connector.stops.back(), upward ? line.pointIds.back() : line.pointIds.front(),
+               surroundings);
+    if (connector.stops.front().spot.level > connector.stops.back().spot.level) {
+      std::reverse(connector.stops.begin(), connector.stops.end());
+      upward = !upward;
+    }
   }
   Direction direction = line.direction;
   if (!upward && direction == Direction::forward)

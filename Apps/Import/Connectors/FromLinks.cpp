@@ -65,7 +65,7 @@ class LinkGroups {
   }
 
   std::vector<Connector> connectors() const {
-    PieceSets sets(links_.size());
+    DisjointSets sets(links_.size());
     std::map<std::pair<std::string, ConnectorKind>, std::size_t> at;
     for (std::size_t i = 0; i < links_.size(); ++i)
       for (const std::string& node : {links_[i]->from, links_[i]->to}) {
@@ -167,7 +167,7 @@ std::vector<Connector> connectorsOfLinks(const Building& building) {
       double nearest = beside;
       for (const Area* area : index.near(stop.spot.position, beside)) {
         if (area->kind != areaKindOf(connector.kind)) continue;
-        const double away = distanceTo(area->shape, stop.spot.position);
+        const double away = index.distance(*area, stop.spot.position, beside);
         if (away >= nearest) continue;
         nearest = away;
         stop.area = area->id;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <numeric>
 #include <optional>
 #include <set>
 #include <tuple>
@@ -44,13 +43,13 @@ bool agree(Direction a, Direction b) {
 
 double overlapOf(const Piece& a, const Piece& b) {
   if (a.area == nullptr || b.area == nullptr) {
-    const bool inside = a.area != nullptr   ? contains(a.area->shape, b.box.center)
-                        : b.area != nullptr ? contains(b.area->shape, a.box.center)
+    const bool inside = a.area != nullptr   ? contains(a.shape, b.box.center)
+                        : b.area != nullptr ? contains(b.shape, a.box.center)
                                             : package::distance(a.box.center, b.box.center) < 1.5;
     return inside ? 1.0 : 0.0;
   }
-  const double smaller = std::min(areaOf(a.area->shape), areaOf(b.area->shape));
-  return smaller <= 0.0 ? 0.0 : areaOf(common(a.area->shape, b.area->shape)) / smaller;
+  const double smaller = std::min(areaOf(a.shape), areaOf(b.shape));
+  return smaller <= 0.0 ? 0.0 : areaOf(common(a.shape, b.shape)) / smaller;
 }
 
 // Whether both flights have the same axis and one begins where the other ends; then the gap.
@@ -84,6 +83,20 @@ std::optional<Pair> match(const std::vector<Piece>& pieces, std::size_t lower, s
   if (const auto gap = gapInLine(a, b); gap && *gap<longestGap&& * gap> - 1.0)
     return Pair{2, *gap, lower, upper};
   return std::nullopt;
+}
+
+// Pieces with almost the same outline.
+std::optional<Pair> matchSame(const std::vector<Piece>& pieces, std::size_t lower,
+                              std::size_t upper) {
+  const Piece& a = pieces[lower];
+  const Piece& b = pieces[upper];
+  constexpr double half = 0.5;
+  if (a.kind != b.kind || !agree(a.direction, b.direction) ||
+      package::distance(a.box.center, b.box.center) > (a.box.length + b.box.length) / 2.0)
+    return std::nullopt;
+  const double overlap = overlapOf(a, b);
+  if (overlap < half) return std::nullopt;
+  return Pair{0, -overlap, lower, upper};
 }
 
 // Flights without any other partner: the nearer, the better.
@@ -134,29 +147,6 @@ class CellIndex {
 
 }  // namespace
 
-PieceSets::PieceSets(std::size_t count) : parents_(count) {
-  std::iota(parents_.begin(), parents_.end(), std::size_t{0});
-}
-
-std::size_t PieceSets::find(std::size_t piece) const {
-  while (parents_[piece] != piece) piece = parents_[piece];
-  return piece;
-}
-
-void PieceSets::join(std::size_t a, std::size_t b) {
-  const auto [least, most] = std::minmax({find(a), find(b)});
-  parents_[most] = least;
-}
-
-std::vector<std::vector<std::size_t>> PieceSets::all() const {
-  std::map<std::size_t, std::vector<std::size_t>> sets;
-  for (std::size_t i = 0; i < parents_.size(); ++i) sets[find(i)].push_back(i);
-  std::vector<std::vector<std::size_t>> list;
-  list.reserve(sets.size());
-  for (auto& [first, set] : sets) list.push_back(std::move(set));
-  return list;
-}
-
 Heights heightsOf(const Building& building) {
   constexpr double sameHeight = 0.5;  // meters
   Heights heights;
@@ -175,7 +165,8 @@ namespace {
 using Matcher = std::optional<Pair> (*)(const std::vector<Piece>&, std::size_t, std::size_t);
 
 void pairAll(const std::vector<Piece>& pieces, const Heights& heights,
-             const std::vector<bool>& open, Matcher matcher, PieceSets& sets) {
+             const std::vector<bool>& open, Matcher matcher,
+             std::pair<std::size_t, std::size_t> distances, DisjointSets& sets) {
   std::map<double, std::vector<std::size_t>> byLevel;
   for (std::size_t i = 0; i < pieces.size(); ++i)
     if (open[i]) byLevel[pieces[i].level].push_back(i);
@@ -188,7 +179,7 @@ void pairAll(const std::vector<Piece>& pieces, const Heights& heights,
   std::set<std::size_t> hasUpper;
   std::set<std::size_t> hasLower;
   // Neighboring heights first; then flights and lifts that pass a storey.
-  for (const std::size_t distance : {std::size_t{1}, std::size_t{2}}) {
+  for (std::size_t distance = distances.first; distance <= distances.second; ++distance) {
     std::vector<Pair> pairs;
     for (std::size_t i = 0; i + distance < heights.size(); ++i) {
       const CellIndex above(pieces, piecesAt(heights[i + distance]));
@@ -209,13 +200,19 @@ void pairAll(const std::vector<Piece>& pieces, const Heights& heights,
 }  // namespace
 
 void pairByShape(const std::vector<Piece>& pieces, const Heights& heights,
-                 const std::vector<bool>& open, PieceSets& sets) {
-  pairAll(pieces, heights, open, match, sets);
+                 const std::vector<bool>& open, DisjointSets& sets) {
+  pairAll(pieces, heights, open, match, {1, 2}, sets);
+}
+
+void pairFar(const std::vector<Piece>& pieces, const Heights& heights,
+             const std::vector<bool>& open, DisjointSets& sets) {
+  constexpr std::size_t most = 10;
+  pairAll(pieces, heights, open, matchSame, {3, std::min(heights.size(), most)}, sets);
 }
 
 void pairNearest(const std::vector<Piece>& pieces, const Heights& heights,
-                 const std::vector<bool>& open, PieceSets& sets) {
-  pairAll(pieces, heights, open, matchNear, sets);
+                 const std::vector<bool>& open, DisjointSets& sets) {
+  pairAll(pieces, heights, open, matchNear, {1, 2}, sets);
 }
 
 }  // namespace orivanta::importer

@@ -6,22 +6,9 @@
 #include <vector>
 
 #include "Apps/Import/Connectors/Piece.hpp"
+#include "Apps/Import/DisjointSets.hpp"
 
 namespace orivanta::importer {
-
-/// Disjoint sets of pieces. The least index stands for a set, so that the order of joining does not
-/// matter.
-class PieceSets {
- public:
-  explicit PieceSets(std::size_t count);
-  std::size_t find(std::size_t piece) const;
-  void join(std::size_t a, std::size_t b);
-  /// The sets in the order of their first pieces, each in ascending order.
-  std::vector<std::vector<std::size_t>> all() const;
-
- private:
-  std::vector<std::size_t> parents_;
-};
 
 /// The storeys from bottom to top. Those at one height, such as the ground floor and the street,
 /// are one element.
@@ -34,11 +21,16 @@ Heights heightsOf(const Building& building);
 /// height between them. A piece that a hint or a list of levels has joined takes part only if
 /// `open` is true for it.
 void pairByShape(const std::vector<Piece>& pieces, const Heights& heights,
-                 const std::vector<bool>& open, PieceSets& sets);
+                 const std::vector<bool>& open, DisjointSets& sets);
+
+/// Joins pieces that overlap by half with any number of heights between them. For pieces that lead
+/// nowhere otherwise, such as flights that pass several storeys.
+void pairFar(const std::vector<Piece>& pieces, const Heights& heights,
+             const std::vector<bool>& open, DisjointSets& sets);
 
 /// Joins flights whose ends are less than 12 m apart, the nearest pairs first. For pieces that lead
 /// nowhere otherwise, such as the parts of winding stairs.
 void pairNearest(const std::vector<Piece>& pieces, const Heights& heights,
-                 const std::vector<bool>& open, PieceSets& sets);
+                 const std::vector<bool>& open, DisjointSets& sets);
 
 }  // namespace orivanta::importer

@@ -31,8 +31,7 @@ const Polygon& largest(const Area& area) {
 
 std::vector<BorderPoint> borderOf(const Piece& piece) {
   std::vector<BorderPoint> points;
-  if (piece.area == nullptr) return points;
-  for (const Polygon& polygon : piece.area->shape)
+  for (const Polygon& polygon : piece.shape)
     for (std::size_t i = 0; i < polygon.outer.size(); ++i) {
       const Point a = polygon.outer[i];
       const Point way = polygon.outer[(i + 1) % polygon.outer.size()] - a;
@@ -103,13 +102,44 @@ std::optional<Piece> pieceOf(const Area& area) {
   if (!kind || area.shape.empty() || largest(area).outer.size() < 3) return std::nullopt;
   Piece piece;
   piece.area = &area;
+  piece.shape = area.shape;
   piece.kind = *kind;
   piece.level = area.level;
   piece.box = orientedBox(largest(area).outer);
   piece.source = area.source.empty() ? area.id : area.source;
+  piece.names = area.names;
+  piece.access = area.access;
   piece.wheelchair = area.wheelchair;
   piece.direction = area.direction;
   return piece;
+}
+
+bool continues(const Piece& first, const Piece& second) {
+  constexpr double gap = 0.5;
+  constexpr double sideways = 0.4;
+  constexpr double widths = 0.7;
+  if (first.kind != second.kind || first.kind == ConnectorKind::elevator ||
+      first.level != second.level || first.area == nullptr || second.area == nullptr ||
+      std::abs(dot(first.box.along, second.box.along)) < 0.97 ||
+      std::min(first.box.width, second.box.width) <
+          widths * std::max(first.box.width, second.box.width))
+    return false;
+  const Point way = second.box.center - first.box.center;
+  const double between =
+      std::abs(dot(way, first.box.along)) - (first.box.length + second.box.length) / 2.0;
+  return std::abs(dot(way, first.box.across())) < sideways && std::abs(between) < gap;
+}
+
+void append(Piece& piece, const Piece& other) {
+  piece.shape = joined(std::move(piece.shape), other.shape);
+  Outline corners;
+  for (const Polygon& polygon : piece.shape)
+    corners.insert(corners.end(), polygon.outer.begin(), polygon.outer.end());
+  piece.box = orientedBox(corners);
+  if (piece.names.name.empty()) piece.names = other.names;
+  piece.access = std::max(piece.access, other.access);
+  if (piece.wheelchair == Wheelchair::unknown) piece.wheelchair = other.wheelchair;
+  if (piece.direction == Direction::unknown) piece.direction = other.direction;
 }
 
 std::vector<Contact> contactsOf(const Piece& piece, const Space& space) {
@@ -141,7 +171,7 @@ double shareWithin(const Piece& piece, const Space& space) {
       const Point point = piece.box.center +
                           piece.box.along * (piece.box.length * ((column + 0.5) / grid - 0.5)) +
                           piece.box.across() * (piece.box.width * ((row + 0.5) / grid - 0.5));
-      if (!contains(piece.area->shape, point)) continue;
+      if (!contains(piece.shape, point)) continue;
       ++all;
       if (space.contains(point)) ++within;
     }

@@ -11,14 +11,16 @@
 
 namespace orivanta::importer {
 
-/// A part of a connector on one storey: a drawn area, or a point.
+/// A part of a connector on one storey: a drawn area, several that continue each other, or a point.
 struct Piece {
-  const Area* area = nullptr;  ///< null for a point
+  const Area* area = nullptr;  ///< the first one; null for a point
+  Shape shape;                 ///< of all of them; empty for a point
   ConnectorKind kind = ConnectorKind::stairs;
   double level = 0.0;
-  OrientedBox box;  ///< of the largest polygon of the area, or of the point
+  OrientedBox box;  ///< of the largest polygon of an area, of several areas, or of the point
   std::string source;
   Names names;
+  Access access = Access::everybody;
   Wheelchair wheelchair = Wheelchair::unknown;
   Direction direction = Direction::unknown;  ///< forward is upward
 };
@@ -40,6 +42,13 @@ struct Contact {
 
 /// The piece of an area; nothing for areas that are no connectors.
 std::optional<Piece> pieceOf(const Area& area);
+
+/// Whether two flights on one storey are parts of one: one begins where the other ends, in the same
+/// direction.
+bool continues(const Piece& first, const Piece& second);
+
+/// Adds the area of a flight that continues another one.
+void append(Piece& piece, const Piece& other);
 
 /// Where the piece meets a space, at most one contact for each side. Gaps of up to 0.6 m between
 /// them do not matter. Empty for points.

@@ -69,8 +69,8 @@ bool hasLeaf(const Contacts& contacts) {
 std::optional<Point> outerEnd(const Piece& piece, const Piece& next, const Contacts& contacts,
                               const Surroundings& surroundings) {
   constexpr double besideSpace = 4.0;
-  if (piece.area == nullptr || next.area == nullptr ||
-      contains(piece.area->shape, next.box.center) || contains(next.area->shape, piece.box.center))
+  if (piece.area == nullptr || next.area == nullptr || contains(piece.shape, next.box.center) ||
+      contains(next.shape, piece.box.center))
     return std::nullopt;
   const bool ahead = package::distance(piece.box.end(1.0), next.box.center) >
                      package::distance(piece.box.end(-1.0), next.box.center);
@@ -80,6 +80,46 @@ std::optional<Point> outerEnd(const Piece& piece, const Piece& next, const Conta
   // Without any contact, the flight leads out of what is drawn.
   const bool usable = contacts.empty() || surroundings.distance(piece.level, end) < besideSpace;
   return usable ? std::optional(end) : std::nullopt;
+}
+
+struct Ends {
+  Point lower;
+  Point upper;
+};
+
+// The opposite ends of two straight flights that lie on each other, if only one way round leads
+// from space to space.
+std::optional<Ends> oppositeEnds(const std::vector<const Piece*>& pieces,
+                                 const std::vector<Contacts>& contacts,
+                                 const Surroundings& surroundings) {
+  const Piece& lower = *pieces[0];
+  const Piece& upper = *pieces[1];
+  constexpr double straight = 1.5;
+  const double turn = package::dot(lower.box.along, upper.box.along);
+  if (lower.area == nullptr || upper.area == nullptr || std::abs(turn) < 0.95 ||
+      lower.box.length < straight * lower.box.width ||
+      upper.box.length < straight * upper.box.width ||
+      !(contains(lower.shape, upper.box.center) || contains(upper.shape, lower.box.center)))
+    return std::nullopt;
+  const auto endOf = [](const Piece& piece, const Contacts& all, double sign) {
+    for (const Contact& contact : all)
+      if (contact.side == (sign > 0.0 ? Side::end : Side::start)) return contact.position;
+    return piece.box.end(sign);
+  };
+  const auto ends = [&](double sign) {
+    return Ends{endOf(lower, contacts[0], sign),
+                endOf(upper, contacts[1], turn > 0.0 ? -sign : sign)};
+  };
+  const auto cost = [&](const Ends& one) {
+    return surroundings.distance(lower.level, one.lower) +
+           surroundings.distance(upper.level, one.upper);
+  };
+  constexpr double clearly = 1.5;  // meters
+  const Ends forward = ends(1.0);
+  const Ends backward = ends(-1.0);
+  const double difference = cost(forward) - cost(backward);
+  if (std::abs(difference) < clearly) return std::nullopt;
+  return difference < 0.0 ? forward : backward;
 }
 
 // Where a piece without contact is left: a straight flight at the other end than it is entered.
@@ -114,6 +154,14 @@ Surroundings::Surroundings(const Building& building)
     : building_(building), heights_(heightsOf(building)) {
   for (const Door& door : building.doors)
     for (const std::string& area : door.areas) doors_[area].push_back(&door);
+  for (const Line& line : building.lines)
+    if ((line.kind == LineKind::path || line.kind == LineKind::ramp) && line.levels.size() == 1)
+      for (const std::string& point : line.pointIds) pathLevels_[point].insert(line.levels.front());
+}
+
+std::set<double> Surroundings::pathLevelsAt(const std::string& point) const {
+  const auto found = pathLevels_.find(point);
+  return found == pathLevels_.end() ? std::set<double>() : found->second;
 }
 
 const Space& Surroundings::space(double level) const {
@@ -147,6 +195,11 @@ std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
   std::vector<Contacts> contacts;
   contacts.reserve(pieces.size());
   for (const Piece* piece : pieces) contacts.push_back(boardable(*piece, surroundings));
+  if (pieces.size() == 2 && pieces[0]->kind != ConnectorKind::elevator && !hasLeaf(contacts[0]) &&
+      !hasLeaf(contacts[1]))
+    if (const auto ends = oppositeEnds(pieces, contacts, surroundings))
+      return {stopAt(*pieces[0], pieces[0]->level, ends->lower),
+              stopAt(*pieces[1], pieces[1]->level, ends->upper)};
   std::vector<Stop> stops;
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const Piece& piece = *pieces[i];

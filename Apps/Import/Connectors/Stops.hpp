@@ -3,6 +3,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,9 @@ class Surroundings {
   /// The storeys that many heights above or, if it is negative, below a storey.
   std::vector<double> neighbors(double level, int steps) const;
 
+  /// The storeys of the paths that pass a point with an identifier of the source.
+  std::set<double> pathLevelsAt(const std::string& point) const;
+
   /// How far a point is from the space of a storey, at most 20 m.
   double distance(double level, Point point) const;
 
@@ -29,6 +33,7 @@ class Surroundings {
   const Building& building_;
   Heights heights_;
   std::map<std::string, std::vector<const Door*>> doors_;
+  std::map<std::string, std::set<double>> pathLevels_;  // by point
   mutable std::map<double, std::unique_ptr<Space>> spaces_;
 };
 

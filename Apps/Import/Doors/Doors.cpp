@@ -20,24 +20,13 @@ bool hasDoors(const Area& area) {
          area.kind != AreaKind::opening;
 }
 
-// The smallest of the areas at a point: a kiosk in a hall, not the hall.
-const Area* smallestAt(const std::vector<const Area*>& areas, Point point) {
-  const Area* smallest = nullptr;
-  for (const Area* area : areas)
-    if (contains(area->shape, point) &&
-        (smallest == nullptr || areaOf(area->shape) < areaOf(smallest->shape)))
-      smallest = area;
-  return smallest;
-}
-
 class Joiner {
  public:
   Joiner(const Building& building, double level) : index_(building, level, hasDoors) {}
 
   void join(Door& door) const {
     std::vector<const Area*> near = index_.near(door.position, reach);
-    std::erase_if(near,
-                  [&](const Area* area) { return distanceTo(area->shape, door.position) > reach; });
+    std::erase_if(near, [&](const Area* area) { return distance(*area, door.position) > reach; });
     if (near.empty()) return;
     const Point along = wallDirection(door, near);
     const Point across{-along.y, along.x};
@@ -55,16 +44,22 @@ class Joiner {
       door.areas.push_back(area->id);
   }
 
-  static const Area* areaBeside(const std::vector<const Area*>& near, const Door& door,
-                                Point side) {
-    for (const double depth : depths)
-      if (const Area* area = smallestAt(near, door.position + side * depth)) return area;
+  double distance(const Area& area, Point point) const {
+    return index_.distance(area, point, 2.0 * reach);
+  }
+
+  // The smallest of the areas beside the door: a kiosk in a hall, not the hall.
+  const Area* areaBeside(const std::vector<const Area*>& near, const Door& door, Point side) const {
+    for (const double depth : depths) {
+      const Area* area = index_.smallestAt(door.position + side * depth);
+      if (area != nullptr && std::find(near.begin(), near.end(), area) != near.end()) return area;
+    }
     return nullptr;
   }
 
-  static const Area* nearest(const std::vector<const Area*>& near, Point point) {
+  const Area* nearest(const std::vector<const Area*>& near, Point point) const {
     return *std::min_element(near.begin(), near.end(), [&](const Area* a, const Area* b) {
-      return distanceTo(a->shape, point) < distanceTo(b->shape, point);
+      return distance(*a, point) < distance(*b, point);
     });
   }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -109,13 +110,12 @@ class Guess {
         level_(level),
         walkways_(hasWalkways(building, level)),
         space_(walkableSpace(building, level)),
-        walkable_(building, level,
-                  [this](const Area& area) { return isWalkway(area.kind, walkways_); }),
+        walkable_(building, level, [this](const Area& area) { return isWalked(area, walkways_); }),
         rooms_(building, level, [this](const Area& area) { return isRoom(area); }),
         contents_(building, level,
                   [](const Area& area) { return area.kind != AreaKind::obstacle; }) {
     for (const Area& area : building.areas)
-      if (area.level == level && isWalkway(area.kind, walkways_)) reached_.insert(area.id);
+      if (area.level == level && isWalked(area, walkways_)) reached_.insert(area.id);
     for (const Door& door : building.doors)
       if (door.level == level) addToGraph(door);
     for (const std::string& id : std::set<std::string>(reached_)) reachFrom(id);
@@ -135,14 +135,16 @@ class Guess {
     std::set<std::string> buildings;
     for (const Area& area : building_.areas)
       if (area.level == level_ && isRoom(area) && isBuilding(area)) buildings.insert(area.id);
-    const auto isReachedRoom = [&](const std::string& id) {
+    joinToNeighbors(left, [&](const std::string& id) {
       return reached_.contains(id) && !buildings.contains(id);
-    };
-    while (addDoorsToNeighbors(left, isReachedRoom)) {
-    }
+    });
+    std::erase_if(left, [&](const Area* room) { return joined_.contains(room->id); });
     std::set<std::string> withDoor;
     for (const auto& [id, neighbors] : joined_) withDoor.insert(id);
     addDoorsToNeighbors(left, [&](const std::string& id) { return withDoor.contains(id); });
+    for (const Area* room : left)
+      if (level_ == 0.0 && !joined_.contains(room->id))
+        if (std::optional<Door> door = toOutside(*room)) add(std::move(*door));
     building_.doors.insert(building_.doors.end(), doors_.begin(), doors_.end());
   }
 
@@ -168,7 +170,10 @@ class Guess {
       const auto neighbors = joined_.find(next);
       if (neighbors == joined_.end()) continue;
       for (const std::string& neighbor : neighbors->second)
-        if (reached_.insert(neighbor).second) open.push_back(neighbor);
+        if (reached_.insert(neighbor).second) {
+          newlyReached_.push_back(neighbor);
+          open.push_back(neighbor);
+        }
     }
   }
 
@@ -176,7 +181,7 @@ class Guess {
   void add(Door door) {
     addToGraph(door);
     if (door.areas.size() == 1 || reached_.contains(door.areas.back())) {
-      reached_.insert(door.areas.front());
+      if (reached_.insert(door.areas.front()).second) newlyReached_.push_back(door.areas.front());
       reachFrom(door.areas.front());
     }
     doors_.push_back(std::move(door));
@@ -205,39 +210,79 @@ class Guess {
     return door;
   }
 
-  // The door to the neighbor with which the room has the longest wall in common.
-  std::optional<Door> toNeighbor(const Area& room, const Choose& choose) const {
-    const Shape shape = openShape(room, contents_);
-    std::optional<Contact> best;
-    std::string neighbor;
-    for (const Area* other : rooms_.near(room.shape, wallDepths.back())) {
-      if (other == &room || !choose(other->id)) continue;
-      const Shape open = openShape(*other, contents_);
-      const auto contact =
-          longestContact(shape, [&open](Point point) { return contains(open, point); });
-      if (!contact || (best && contact->length() <= best->length())) continue;
-      best = contact;
-      neighbor = other->id;
-    }
-    if (!best) return {};
-    Door door = doorAt(room, *best);
-    door.areas.push_back(neighbor);
+  // An entrance in the longest wall behind which nothing is drawn.
+  std::optional<Door> toOutside(const Area& room) const {
+    const auto isOutside = [this](Point point) { return contents_.smallestAt(point) == nullptr; };
+    const auto contact = longestContact(openShape(room, contents_), isOutside);
+    if (!contact) return {};
+    Door door = doorAt(room, *contact);
+    door.kind = DoorKind::entrance;
     return door;
   }
 
-  // Returns whether any room got a door and any other did not.
-  bool addDoorsToNeighbors(std::vector<const Area*>& left, const Choose& choose) {
-    std::vector<const Area*> still;
-    std::vector<Door> made;
-    for (const Area* room : left) {
-      if (std::optional<Door> door = toNeighbor(*room, choose))
-        made.push_back(std::move(*door));
-      else
-        still.push_back(room);
+  // A room beside another one, and the longest straight wall that they have in common.
+  struct Neighbor {
+    std::string id;
+    Contact contact;
+  };
+
+  const Space& openSpaceOf(const Area& room) {
+    std::unique_ptr<const Space>& space = openSpaces_[&room];
+    if (!space) space = std::make_unique<const Space>(openShape(room, contents_));
+    return *space;
+  }
+
+  const std::vector<Neighbor>& neighborsOf(const Area& room) {
+    const auto [entry, isNew] = neighbors_.try_emplace(&room);
+    if (!isNew) return entry->second;
+    constexpr std::size_t mostTried = 200;  // more rooms beside one room are damage
+    const Shape shape = openShape(room, contents_);
+    std::vector<const Area*> near = rooms_.near(room.shape, wallDepths.back());
+    if (near.size() > mostTried) near.resize(mostTried);
+    for (const Area* other : near) {
+      if (other == &room) continue;
+      const Space& open = openSpaceOf(*other);
+      if (const auto contact =
+              longestContact(shape, [&open](Point point) { return open.contains(point); }))
+        entry->second.push_back({other->id, *contact});
     }
-    left = std::move(still);
+    return entry->second;
+  }
+
+  // The door to the neighbor with which the room has the longest wall in common.
+  std::optional<Door> toNeighbor(const Area& room, const Choose& choose) {
+    const Neighbor* best = nullptr;
+    for (const Neighbor& one : neighborsOf(room))
+      if (choose(one.id) && (best == nullptr || one.contact.length() > best->contact.length()))
+        best = &one;
+    if (best == nullptr) return {};
+    Door door = doorAt(room, best->contact);
+    door.areas.push_back(best->id);
+    return door;
+  }
+
+  // Rooms behind rooms, in rounds: one round joins rooms with those that the round before reached.
+  void joinToNeighbors(const std::vector<const Area*>& rooms, const Choose& choose) {
+    std::map<std::string, std::vector<const Area*>> beside;
+    for (const Area* room : rooms)
+      for (const Neighbor& one : neighborsOf(*room)) beside[one.id].push_back(room);
+    std::vector<const Area*> next = rooms;
+    while (!next.empty()) {
+      newlyReached_.clear();
+      addDoorsToNeighbors(next, choose);
+      std::set<const Area*> candidates;
+      for (const std::string& id : newlyReached_)
+        for (const Area* room : beside[id])
+          if (!joined_.contains(room->id)) candidates.insert(room);
+      next.assign(candidates.begin(), candidates.end());
+    }
+  }
+
+  void addDoorsToNeighbors(const std::vector<const Area*>& rooms, const Choose& choose) {
+    std::vector<Door> made;
+    for (const Area* room : rooms)
+      if (std::optional<Door> door = toNeighbor(*room, choose)) made.push_back(std::move(*door));
     for (Door& door : made) add(std::move(door));
-    return !made.empty() && !left.empty();
   }
 
   Building& building_;
@@ -249,6 +294,9 @@ class Guess {
   AreaIndex contents_;
   std::map<std::string, std::vector<std::string>> joined_;  // areas by area, through doors
   std::set<std::string> reached_;                           // areas, from walkways
+  std::vector<std::string> newlyReached_;
+  std::map<const Area*, std::unique_ptr<const Space>> openSpaces_;
+  std::map<const Area*, std::vector<Neighbor>> neighbors_;
   std::vector<Door> doors_;
 };
 

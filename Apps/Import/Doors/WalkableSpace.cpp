@@ -21,7 +21,10 @@ constexpr double halfPartition = 0.06;  // the same of walls between walkways
 constexpr double doorDepth = 0.75;      // how far a doorway reaches to both sides
 constexpr double smallestPart = 0.1;    // square meters
 
-bool isPath(const Line& line) { return line.kind == LineKind::path || line.kind == LineKind::ramp; }
+bool isPath(const Line& line) {
+  return (line.kind == LineKind::path || line.kind == LineKind::ramp) &&
+         line.access != Access::nobody;
+}
 
 bool isWall(const Line& line) {
   return line.kind == LineKind::wall || line.kind == LineKind::barrier;
@@ -55,7 +58,7 @@ class Maker {
   }
 
  private:
-  bool walkable(const Area& area) const { return isWalkway(area.kind, walkways_); }
+  bool walkable(const Area& area) const { return isWalked(area, walkways_); }
 
   // Walkways and paths, with narrow gaps closed.
   Shape ground() const {
@@ -67,10 +70,23 @@ class Maker {
         const double width = std::clamp(line.width.value_or(1.2), 0.8, 6.0);
         shape = joined(std::move(shape), strip(line.points, width / 2.0));
       }
+    if (shape.empty() && walksBetweenRooms(building_, level_)) return betweenRooms();
     Shape wide;
     for (const Polygon& polygon : united(shape))
       wide = joined(std::move(wide), withMargin({polygon}, halfGap));
     return withMargin(united(wide), -halfGap);
+  }
+
+  // The outline of the storey without its areas and the thin rests between them.
+  Shape betweenRooms() const {
+    Shape areas;
+    for (const Area& area : building_.areas)
+      if (area.level == level_) areas = joined(std::move(areas), area.shape);
+    Shape outline;
+    for (const Storey& storey : building_.storeys)
+      if (storey.ordinal == level_) outline = joined(std::move(outline), storey.footprint);
+    constexpr double halfNarrow = 0.4;
+    return withMargin(withMargin(without(united(outline), united(areas)), -halfNarrow), halfNarrow);
   }
 
   Shape walls() const {
@@ -164,12 +180,29 @@ bool isWalkway(AreaKind kind, bool storeyHasWalkways) {
          (kind == AreaKind::unknown && !storeyHasWalkways);
 }
 
+bool isWalked(const Area& area, bool storeyHasWalkways) {
+  return isWalkway(area.kind, storeyHasWalkways) && area.access != Access::nobody;
+}
+
 bool hasWalkways(const Building& building, double level) {
   return std::any_of(
              building.areas.begin(), building.areas.end(),
              [&](const Area& area) { return area.level == level && isWalkway(area.kind, true); }) ||
          std::any_of(building.lines.begin(), building.lines.end(),
                      [&](const Line& line) { return isPath(line) && isOn(line, level); });
+}
+
+bool walksBetweenRooms(const Building& building, double level) {
+  const bool hasOutline = std::any_of(
+      building.storeys.begin(), building.storeys.end(),
+      [&](const Storey& storey) { return storey.ordinal == level && !storey.footprint.empty(); });
+  const auto count = [&](AreaKind kind) {
+    return std::count_if(building.areas.begin(), building.areas.end(), [&](const Area& area) {
+      return area.level == level && area.kind == kind;
+    });
+  };
+  return hasOutline && !hasWalkways(building, level) && count(AreaKind::unknown) == 0 &&
+         count(AreaKind::room) >= 2;
 }
 
 Shape walkableSpace(const Building& building, double level) {

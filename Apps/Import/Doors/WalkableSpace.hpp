@@ -10,12 +10,20 @@ namespace orivanta::importer {
 /// without walkways and without paths; see `hasWalkways`.
 bool isWalkway(AreaKind kind, bool storeyHasWalkways);
 
+/// Whether people walk in an area: its kind is such, and it is not closed to everybody.
+bool isWalked(const Area& area, bool storeyHasWalkways);
+
 /// Whether a storey has walkways, ramps or paths.
 bool hasWalkways(const Building& building, double level);
 
-/// The walkways, ramps and paths of a storey without its rooms, connectors, openings, obstacles and
-/// walls. Gaps of less than 8 cm between walkways are closed. Two walkways with doors on their
-/// common border are separated by it, except at doors that are at least 2 m wide.
+/// Whether a storey has rooms and an outline, but nothing to walk on: then what is between its
+/// rooms serves as walkway.
+bool walksBetweenRooms(const Building& building, double level);
+
+/// The walkways, ramps and paths of a storey, or else what is between its rooms, without its rooms,
+/// connectors, openings, obstacles, walls and everything that nobody may enter. Gaps of less than 8
+/// cm between walkways are closed. Two walkways with doors on their common border are separated by
+/// it, except at doors that are at least 2 m wide.
 Shape walkableSpace(const Building& building, double level);
 
 }  // namespace orivanta::importer

@@ -12,10 +12,13 @@
 //     }
 //
 // Positions are geographic, or in meters as in findings. A "door" that is an identifier lies in the
-// middle of the border with that area. "joins" lists areas or positions that one connector joins.
-// "note" is for people.
+// middle of the border with that area. "name" also names connectors, by the identifier of any part
+// of them. "joins" lists areas or positions that one connector joins. "note" is for people.
 #pragma once
 
+#include <boost/json/object.hpp>
+#include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,11 +27,29 @@
 
 namespace orivanta::importer {
 
-/// Applies the corrections in `text`, the contents of the file `name`, to what a reader has read.
-/// Unknown identifiers, unknown members and unusable values are reported as findings and have no
-/// effect. Throws `SourceError` if the text is no JSON object.
-void applyFixes(Building& building, const std::string& text, const std::string& name,
-                Findings& findings);
+/// The corrections of one file. What cannot be used is reported as findings and has no effect.
+class Fixes {
+ public:
+  Fixes() = default;
+
+  /// `name` is that of the file, for messages. Throws `SourceError` if the text is no JSON object.
+  Fixes(const std::string& text, std::string name);
+
+  /// Throws `SourceError` if the file cannot be read, is larger than 16 MiB, or is no JSON object.
+  static Fixes read(const std::filesystem::path& file);
+
+  /// Corrects what a reader has read.
+  void apply(Building& building, Findings& findings);
+
+  /// Names the connectors that the stages have made, by their identifiers or those of the areas
+  /// that they lead to. Then reports the identifiers that belong to nothing.
+  void nameConnectors(Building& building, Findings& findings) const;
+
+ private:
+  std::string name_;
+  boost::json::object corrections_;
+  std::set<std::string> unknown_;  // identifiers that the source does not have
+};
 
 /// A file of corrections with an entry for each record that the findings concern. The entries have
 /// no effect until a person completes them: each contains only "note", the finding's text.

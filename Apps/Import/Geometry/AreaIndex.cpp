@@ -19,19 +19,30 @@ namespace bg = boost::geometry;
 using Corner = bg::model::d2::point_xy<double>;
 using Box = bg::model::box<Corner>;
 
-struct Bounds {
+struct CoordinateRange {
   Point low{std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
   Point high{std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()};
 };
 
-Bounds boundsOf(const Shape& shape) {
-  Bounds bounds;
+CoordinateRange boundsOf(const Shape& shape) {
+  CoordinateRange bounds;
   for (const Polygon& polygon : shape)
     for (const Point point : polygon.outer) {
       bounds.low = {std::min(bounds.low.x, point.x), std::min(bounds.low.y, point.y)};
       bounds.high = {std::max(bounds.high.x, point.x), std::max(bounds.high.y, point.y)};
     }
   return bounds;
+}
+
+// Outlines with fewer points are searched one point after the other.
+bool isLarge(const Shape& shape) {
+  constexpr std::size_t manyPoints = 64;
+  std::size_t count = 0;
+  for (const Polygon& polygon : shape) {
+    count += polygon.outer.size();
+    for (const Outline& hole : polygon.holes) count += hole.size();
+  }
+  return count > manyPoints;
 }
 
 Box boxOf(Point low, Point high) { return {Corner(low.x, low.y), Corner(high.x, high.y)}; }
@@ -42,6 +53,7 @@ struct AreaIndex::Tree {
   using Item = std::pair<Box, std::size_t>;
   std::vector<const Area*> areas;
   std::vector<double> surfaces;
+  std::vector<std::unique_ptr<const Space>> spaces;  // of large outlines, when they are needed
   bg::index::rtree<Item, bg::index::quadratic<16>> boxes;
 };
 
@@ -51,12 +63,13 @@ AreaIndex::AreaIndex(const Building& building, double level,
   std::vector<Tree::Item> items;
   for (const Area& area : building.areas) {
     if (area.level != level || area.shape.empty() || !choose(area)) continue;
-    const Bounds bounds = boundsOf(area.shape);
+    const CoordinateRange bounds = boundsOf(area.shape);
     items.emplace_back(boxOf(bounds.low, bounds.high), tree_->areas.size());
     tree_->areas.push_back(&area);
     tree_->surfaces.push_back(areaOf(area.shape));
   }
   tree_->boxes = {items.begin(), items.end()};
+  tree_->spaces.resize(tree_->areas.size());
 }
 
 AreaIndex::~AreaIndex() = default;
@@ -74,6 +87,26 @@ std::vector<const Area*> AreaIndex::within(Point low, Point high) const {
   return found;
 }
 
+// Null for small outlines. The areas are in the order of their addresses.
+const Space* AreaIndex::spaceOf(const Area& area) const {
+  const auto found = std::lower_bound(tree_->areas.begin(), tree_->areas.end(), &area);
+  if (found == tree_->areas.end() || *found != &area || !isLarge(area.shape)) return nullptr;
+  auto& space = tree_->spaces[static_cast<std::size_t>(found - tree_->areas.begin())];
+  if (!space) space = std::make_unique<const Space>(area.shape);
+  return space.get();
+}
+
+bool AreaIndex::contains(const Area& area, Point point) const {
+  const Space* space = spaceOf(area);
+  return space == nullptr ? importer::contains(area.shape, point) : space->contains(point);
+}
+
+double AreaIndex::distance(const Area& area, Point point, double atMost) const {
+  const Space* space = spaceOf(area);
+  if (space == nullptr) return std::min(atMost, distanceTo(area.shape, point));
+  return space->contains(point) ? 0.0 : space->clearance(point, atMost);
+}
+
 std::vector<const Area*> AreaIndex::near(Point point, double distance) const {
   const Point reach{distance, distance};
   return within(point - reach, point + reach);
@@ -81,7 +114,7 @@ std::vector<const Area*> AreaIndex::near(Point point, double distance) const {
 
 std::vector<const Area*> AreaIndex::near(const std::vector<Polygon>& shape, double distance) const {
   if (shape.empty()) return {};
-  const Bounds bounds = boundsOf(shape);
+  const CoordinateRange bounds = boundsOf(shape);
   const Point reach{distance, distance};
   return within(bounds.low - reach, bounds.high + reach);
 }
@@ -92,7 +125,7 @@ const Area* AreaIndex::smallestAt(Point point) const {
   std::size_t best = tree_->areas.size();
   for (const Tree::Item& item : items) {
     const std::size_t i = item.second;
-    if (!contains(tree_->areas[i]->shape, point)) continue;
+    if (!contains(*tree_->areas[i], point)) continue;
     if (best == tree_->areas.size() || tree_->surfaces[i] < tree_->surfaces[best] ||
         (tree_->surfaces[i] == tree_->surfaces[best] && i < best))
       best = i;

@@ -6,10 +6,12 @@
 #include <vector>
 
 #include "Apps/Import/Building.hpp"
+#include "Apps/Import/Geometry/Space.hpp"
 
 namespace orivanta::importer {
 
-/// Refers to the areas of a building, which must outlive it and keep their addresses.
+/// Refers to the areas of a building, which must outlive it and keep their addresses. Not to be
+/// used from several threads at once.
 class AreaIndex {
  public:
   /// Of the areas on `level`, takes those for which `choose` returns true.
@@ -28,8 +30,15 @@ class AreaIndex {
   /// The area with the smallest surface of those that contain a point, or null.
   const Area* smallestAt(Point point) const;
 
+  /// Whether an area of the index contains a point. Large outlines do not make it slow.
+  bool contains(const Area& area, Point point) const;
+
+  /// The distance of a point to an area of the index, 0 within it; `atMost` if it is larger.
+  double distance(const Area& area, Point point, double atMost) const;
+
  private:
   struct Tree;
+  const Space* spaceOf(const Area& area) const;
   std::vector<const Area*> within(Point low, Point high) const;
   std::unique_ptr<Tree> tree_;
 };

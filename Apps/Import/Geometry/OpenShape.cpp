@@ -35,8 +35,11 @@ double overlapOfBoxes(const Shape& first, const Shape& second) {
 
 bool isAround(const Area& larger, const Area& smaller) {
   const double inner = areaOf(smaller.shape);
-  return inner < areaOf(larger.shape) &&
-         overlapOfBoxes(larger.shape, smaller.shape) > mostly * inner &&
+  const double outer = areaOf(larger.shape);
+  // Rooms of one size are one room drawn twice, and both are open.
+  constexpr double sameSize = 0.95;
+  if (smaller.kind == larger.kind && inner > sameSize * outer) return false;
+  return inner < outer && overlapOfBoxes(larger.shape, smaller.shape) > mostly * inner &&
          areaOf(common(larger.shape, smaller.shape)) > mostly * inner;
 }
 

@@ -1,4 +1,4 @@
-// The smallest rectangle around an outline, in any direction.
+// The narrowest rectangle around an outline, in any direction.
 #pragma once
 
 #include "Apps/Import/Building.hpp"
@@ -17,7 +17,7 @@ struct OrientedBox {
   Point end(double sign) const { return center + along * (sign * length / 2.0); }
 };
 
-/// Of outlines with at least one point. One side of the rectangle lies on one side of the outline.
+/// Of outlines with at least one point. `along` points to the right, or else up.
 OrientedBox orientedBox(const Outline& outline);
 
 }  // namespace orivanta::importer

@@ -6,8 +6,10 @@
 #include <set>
 #include <utility>
 
+#include "Apps/Import/Geometry/DoubledRooms.hpp"
 #include "Apps/Import/Geometry/Extent.hpp"
 #include "Apps/Import/Geometry/Shapes.hpp"
+#include "Apps/Import/Geometry/Space.hpp"
 #include "Apps/Import/SourceError.hpp"
 #include "Apps/Import/Stages.hpp"
 
@@ -44,14 +46,38 @@ Shape cleaned(const Shape& drawn, const Extent& extent) {
   return shape;
 }
 
+// How often the borders of a shape cross each other. Stops counting at `most`.
+std::size_t crossingsIn(const Shape& shape, std::size_t most) {
+  const SegmentGrid grid(bordersOf(shape), 0.0);
+  const std::vector<Segment>& borders = grid.segments();
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < borders.size(); ++i)
+    if (grid.anyAlong(borders[i], [&](std::size_t other) {
+          return other > i &&
+                 package::cross(borders[i].a, borders[i].b, borders[other].a, borders[other].b) &&
+                 ++count >= most;
+        }))
+      break;
+  return count;
+}
+
 void direct(Outline& outline, bool counterclockwise) {
   if ((package::signedArea(outline) > 0.0) != counterclockwise)
     std::reverse(outline.begin(), outline.end());
 }
 
-// The valid shape without tiny parts.
-Shape madeValid(Shape shape) {
-  if (!isValid(shape)) shape = repaired(shape);
+// The valid shape without tiny parts. The time of a repair grows with the number of crossings, so
+// `crossings` bounds how many there may be, and is reduced by what was found: a scribble encloses
+// nothing.
+Shape madeValid(Shape shape, std::size_t& crossings) {
+  if (!isValid(shape)) {
+    constexpr std::size_t mostOfOutline = 5'000;
+    const std::size_t most = std::min(crossings, mostOfOutline) + 1;
+    const std::size_t found = crossingsIn(shape, most);
+    if (found == most) return {};
+    crossings -= found;
+    shape = repaired(shape);
+  }
   for (Polygon& polygon : shape) {
     direct(polygon.outer, true);
     for (Outline& hole : polygon.holes) direct(hole, false);
@@ -95,13 +121,15 @@ void reportChange(const Area& area, double before, double after, Findings& findi
 }
 
 // Drops the areas of which nothing is left, and what refers to them.
-void repairAreas(Building& building, const Extent& extent, Findings& findings) {
+void repairAreas(Building& building, const Extent& extent, std::size_t& crossings,
+                 Findings& findings) {
   std::set<std::string> dropped;
   for (Area& area : building.areas) {
     const double before = areaOf(area.shape);
-    area.shape = madeValid(cleaned(area.shape, extent));
+    area.shape = madeValid(cleaned(area.shape, extent), crossings);
     if (area.shape.empty()) {
-      findings.add(leftOut(area.source, area.level, "The outline encloses no area."));
+      findings.add(leftOut(area.source, area.level,
+                           "The outline encloses no area, or it crosses itself too often."));
       dropped.insert(area.id);
     } else {
       reportChange(area, before, areaOf(area.shape), findings);
@@ -181,12 +209,14 @@ void repairShapes(Building& building, const Options& options, Findings& findings
         "the building has {} points, and at most {} can be imported; import it in parts "
         "(--building, --bounds)",
         extent.points(), options.limits.vertices));
-  repairAreas(building, extent, findings);
+  std::size_t crossings = 50'000;  // in all outlines
+  repairAreas(building, extent, crossings, findings);
   for (Storey& storey : building.storeys)
-    storey.footprint = madeValid(cleaned(storey.footprint, extent));
+    storey.footprint = madeValid(cleaned(storey.footprint, extent), crossings);
   repairDoors(building, extent, findings);
   repairLines(building, extent, findings);
   repairSpots(building, extent, findings);
+  reportDoubledRooms(building, findings);
 }
 
 }  // namespace orivanta::importer

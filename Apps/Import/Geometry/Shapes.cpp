@@ -116,6 +116,13 @@ Shape shapeOf(const Geometry& geometry) {
   return shape;
 }
 
+double distanceToBorders(const Polygon& polygon, Point point) {
+  double nearest = package::distanceToBorder(polygon.outer, point);
+  for (const Outline& hole : polygon.holes)
+    nearest = std::min(nearest, package::distanceToBorder(hole, point));
+  return nearest;
+}
+
 // The result of an operation, or what it was applied to if it failed.
 Shape shapeOr(GEOSGeometry* result, const Shape& otherwise) {
   return result == nullptr ? otherwise : shapeOf(Geometry(result));
@@ -194,6 +201,35 @@ Shape strip(const std::vector<Point>& line, double distance) {
                  {});
 }
 
+std::optional<Point> centerOfLargestCircle(const Polygon& polygon, double precision) {
+  GEOSGeometry* radius =
+      GEOSMaximumInscribedCircle_r(handle(), geometryOf(polygon).get(), precision);
+  if (radius == nullptr) return std::nullopt;
+  const Geometry line(radius);
+  Point ends[2];
+  const GEOSCoordSequence* sequence = GEOSGeom_getCoordSeq_r(handle(), line.get());
+  for (unsigned i = 0; i < 2; ++i)
+    if (sequence == nullptr ||
+        GEOSCoordSeq_getXY_r(handle(), sequence, i, &ends[i].x, &ends[i].y) == 0)
+      return std::nullopt;
+  const Geometry middle = owned(GEOSGetCentroid_r(handle(), geometryOf(polygon).get()));
+  Point centroid;
+  if (GEOSGeomGetX_r(handle(), middle.get(), &centroid.x) == 1 &&
+      GEOSGeomGetY_r(handle(), middle.get(), &centroid.y) == 1 && contains({polygon}, centroid) &&
+      distanceToBorders(polygon, centroid) >= package::distance(ends[0], ends[1]) - precision)
+    return centroid;
+  return ends[0];
+}
+
+Outline narrowestRectangle(const std::vector<Point>& points) {
+  if (points.size() < 2) return {};
+  const Geometry line = owned(GEOSGeom_createLineString_r(handle(), sequenceOf(points, false)));
+  GEOSGeometry* rectangle = GEOSMinimumRotatedRectangle_r(handle(), line.get());
+  if (rectangle == nullptr) return {};
+  const Shape shape = shapeOf(Geometry(rectangle));
+  return shape.empty() ? Outline() : shape.front().outer;
+}
+
 Shape snapped(const Shape& shape, double grid) {
   if (shape.empty()) return {};
   const Geometry drawn = geometryOf(shape);
@@ -230,11 +266,8 @@ bool contains(const Shape& shape, Point point) {
 double distanceTo(const Shape& shape, Point point) {
   if (contains(shape, point)) return 0.0;
   double nearest = std::numeric_limits<double>::infinity();
-  for (const Polygon& polygon : shape) {
-    nearest = std::min(nearest, package::distanceToBorder(polygon.outer, point));
-    for (const Outline& hole : polygon.holes)
-      nearest = std::min(nearest, package::distanceToBorder(hole, point));
-  }
+  for (const Polygon& polygon : shape)
+    nearest = std::min(nearest, distanceToBorders(polygon, point));
   return nearest;
 }
 

@@ -6,6 +6,7 @@
 // `snapped` then return nothing.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "Apps/Import/Building.hpp"
@@ -36,6 +37,14 @@ Shape withMargin(const Shape& shape, double margin);
 
 /// The area within a distance of a line, with flat ends.
 Shape strip(const std::vector<Point>& line, double distance);
+
+/// The center of the largest circle in a polygon, to within `precision` meters; the centroid if it
+/// is one. Nothing if the operation fails.
+std::optional<Point> centerOfLargestCircle(const Polygon& polygon, double precision);
+
+/// The narrowest rectangle around points, in any direction: its corners in order. Empty if the
+/// points lie on one line.
+Outline narrowestRectangle(const std::vector<Point>& points);
 
 /// Rounds all coordinates to multiples of `grid`, without letting borders cross.
 Shape snapped(const Shape& shape, double grid);

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-#include "Apps/Import/Model/Bridges.hpp"
+#include "Apps/Import/Model/Faces.hpp"
 
 namespace orivanta::importer {
 
@@ -91,7 +91,7 @@ Outline withoutShortSides(const Outline& ring) {
 void addPlate(Model& model, const Polygon& polygon, double from, double to) {
   model.walls(polygon.outer, from, to);
   for (const Outline& hole : polygon.holes) model.walls(hole, from, to);
-  model.top(bridged(polygon), to);
+  for (const Outline& face : facesOf(polygon)) model.top(face, to);
 }
 
 void addRoom(Model& model, const Polygon& polygon, const std::vector<Gap>& gaps,
@@ -103,7 +103,7 @@ void addRoom(Model& model, const Polygon& polygon, const std::vector<Gap>& gaps,
     addPlate(model, polygon, heights.slab, top);
     return;
   }
-  model.top(bridged(polygon), heights.room);
+  for (const Outline& face : facesOf(polygon)) model.top(face, heights.room);
   const auto addRing = [&](const Outline& ring) {
     const Outline clean = withoutShortSides(ring);
     if (clean.size() < 3) return;

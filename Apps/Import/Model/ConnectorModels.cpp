@@ -4,7 +4,6 @@
 
 #include "Apps/Import/Geometry/OrientedBox.hpp"
 #include "Apps/Import/Model/AreaModels.hpp"
-#include "Apps/Import/Model/Bridges.hpp"
 
 namespace orivanta::importer {
 

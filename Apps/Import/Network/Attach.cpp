@@ -12,6 +12,9 @@ namespace {
 constexpr double nearEnd = 0.45;    // meters; nearer to the end of a line, the end is taken
 constexpr double nearFeet = 0.9;    // feet nearer to each other become one
 constexpr double besideLine = 0.8;  // a door within this distance becomes a point of the line
+constexpr double longStub = 3.0;    // longer stubs begin with a point in front of the door
+constexpr double inFront = 1.2;     // of that point
+constexpr double offWalls = 0.5;    // the same
 constexpr std::size_t mostTried = 40;
 
 std::vector<std::size_t> linesOf(const Draft& draft) {
@@ -139,6 +142,30 @@ bool Attach::attachAnyhow(std::uint32_t node, double within) {
   return true;
 }
 
+// A long stub in the open begins with a short one into the space, from which shortcuts lead on.
+void Attach::addStub(std::uint32_t node, std::uint32_t foot) {
+  const DraftNode from = draft_.nodes[node];
+  const DraftNode to = draft_.nodes[foot];
+  const Point way = to.position - from.position;
+  const double length = package::length(way);
+  if (mayBend_ == Lines::bend && from.kind != NodeKind::way && length > longStub) {
+    std::vector<Point> points;
+    if (from.slack > 0.0) points.push_back(from.position + from.inward * (from.gap + inFront));
+    for (const double far : {inFront, 2.0 * inFront})
+      points.push_back(from.position + way * (far / length));
+    for (const Point point : points) {
+      if (!space_.contains(point) || space_.clearance(point, offWalls) < offWalls ||
+          !sees(space_, from, wayAt(point)) || !sees(space_, wayAt(point), to))
+        continue;
+      const std::uint32_t front = draft_.addWay(point);
+      draft_.addEdge(node, front, true);
+      draft_.addEdge(front, foot, true);
+      return;
+    }
+  }
+  draft_.addEdge(node, foot, true);
+}
+
 void Attach::divide(std::size_t line) {
   std::vector<Attachment>& all = attachments_[line];
   if (all.empty()) return;
@@ -146,8 +173,7 @@ void Attach::divide(std::size_t line) {
     return a.fraction < b.fraction;
   });
   if (isSingle(line)) {
-    for (const Attachment& one : all)
-      draft_.addEdge(one.node, singles_[line - edges_.size()], true);
+    for (const Attachment& one : all) addStub(one.node, singles_[line - edges_.size()]);
     return;
   }
   const DraftEdge edge = draft_.edges[edges_[line]];
@@ -167,7 +193,7 @@ void Attach::divide(std::size_t line) {
       foot = same ? points.back() : draft_.addWay(one.position);
       if (!same) points.push_back(foot);
     }
-    draft_.addEdge(one.node, foot, true);
+    addStub(one.node, foot);
   }
   points.push_back(edge.to);
   draft_.edges[edges_[line]].to = points[1];

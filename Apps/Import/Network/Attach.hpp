@@ -54,6 +54,7 @@ class Attach {
   void record(const Foot& foot, std::uint32_t node);
   bool isSingle(std::size_t line) const { return line >= edges_.size(); }
   bool canBeOnLine(const Foot& foot, const DraftNode& node) const;
+  void addStub(std::uint32_t node, std::uint32_t foot);
   void divide(std::size_t line);
 
   Draft& draft_;

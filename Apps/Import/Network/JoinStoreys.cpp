@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "Apps/Import/Geometry/SegmentGrid.hpp"
+#include "Apps/Import/Network/JoinOutdoors.hpp"
 #include "Apps/Import/Stages.hpp"
 
 namespace orivanta::importer {
@@ -90,7 +91,7 @@ class StoreyJoiner {
 
 }  // namespace
 
-void joinStoreys(Building& building, const Options&, Findings&) {
+void joinStoreys(Building& building, const Options& options, Findings& findings) {
   StoreyJoiner joiner(building);
   for (std::size_t i = 0; i + 1 < building.storeys.size(); ++i) {
     const Storey& lower = building.storeys[i];
@@ -99,6 +100,7 @@ void joinStoreys(Building& building, const Options&, Findings&) {
         std::abs(*upper.elevation - *lower.elevation) < sameHeight)
       joiner.join(lower, upper);
   }
+  if (options.network != NetworkChoice::source) joinOutdoors(building, findings);
 }
 
 }  // namespace orivanta::importer

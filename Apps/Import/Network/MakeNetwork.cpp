@@ -74,14 +74,16 @@ void reportMissingWalkways(const Building& building, double level, Findings& fin
   const auto area = std::find_if(
       building.areas.begin(), building.areas.end(),
       [&](const Area& one) { return one.level == level && one.kind == AreaKind::unknown; });
-  if (area == building.areas.end()) return;
+  const bool between = walksBetweenRooms(building, level);
+  if (area == building.areas.end() && !between) return;
   Finding finding;
   finding.rule = "walkway-missing";
-  finding.source = area->source;
+  if (!between) finding.source = area->source;
   finding.level = level;
   finding.message = "The storey has no corridor, hall or other walkway.";
-  finding.effect = "Its areas of unknown use serve as walkways.";
-  finding.advice = "Mark the areas in which people walk.";
+  finding.effect = between ? "What lies between its rooms serves as walkway."
+                           : "Its areas of unknown use serve as walkways.";
+  finding.advice = "Draw or mark the areas in which people walk.";
   findings.add(std::move(finding));
 }
 

@@ -12,6 +12,15 @@ namespace orivanta::importer {
 
 namespace {
 
+bool isRoom(const Area& area, bool storeyHasWalkways) {
+  return (area.kind == AreaKind::room || (area.kind == AreaKind::unknown && storeyHasWalkways)) &&
+         area.access != Access::nobody;
+}
+
+double weightOf(const Area& room) {
+  return room.access == Access::staff ? staffWeight : crossingWeight;
+}
+
 // Joins the nodes of a room with each other.
 void addRoomLines(const Shape& shape, const Space& space, Draft& draft) {
   const std::size_t count = draft.nodes.size();
@@ -31,16 +40,14 @@ void addRoomLines(const Shape& shape, const Space& space, Draft& draft) {
 
 Rooms::Rooms(const Building& building, double level)
     : index_(building, level,
-             [&, walkways = hasWalkways(building, level)](const Area& area) {
-               return area.kind == AreaKind::room || (area.kind == AreaKind::unknown && walkways);
+             [walkways = hasWalkways(building, level)](const Area& area) {
+               return isRoom(area, walkways);
              }),
       contents_(building, level, [](const Area& area) { return area.kind != AreaKind::obstacle; }) {
   const bool walkways = hasWalkways(building, level);
   for (const Area& area : building.areas) {
-    if (area.level != level || area.shape.empty()) continue;
-    if (area.kind != AreaKind::room && (area.kind != AreaKind::unknown || !walkways)) continue;
-    if (!byId_.emplace(area.id, rooms_.size()).second) continue;
-    rooms_.emplace_back().area = &area;
+    if (area.level != level || area.shape.empty() || !isRoom(area, walkways)) continue;
+    if (byId_.emplace(area.id, rooms_.size()).second) rooms_.emplace_back().area = &area;
   }
 }
 
@@ -56,7 +63,7 @@ const Area* Rooms::near(Point point, double within) const {
   const Area* nearest = nullptr;
   double best = within;
   for (const Area* room : index_.near(point, within)) {
-    const double distance = distanceTo(room->shape, point);
+    const double distance = index_.distance(*room, point, 2.0 * within);
     if (distance > best || (nearest != nullptr && distance == best)) continue;
     best = distance;
     nearest = room;
@@ -78,7 +85,7 @@ void Rooms::addInsides(Draft& draft) {
                                          NodeKind::inside,
                                          room.area->id,
                                          room.area->id,
-                                         crossingWeight,
+                                         weightOf(*room.area),
                                          0.0,
                                          0.0,
                                          {}}));
@@ -116,7 +123,7 @@ void Rooms::connect(const Room& room, Draft& draft) const {
   std::vector<std::uint32_t> nodes{room.inside};
   nodes.insert(nodes.end(), room.joined.begin(), room.joined.end());
   for (std::size_t i = nodes.size(); i < own.nodes.size(); ++i) {
-    own.nodes[i].weight = crossingWeight;
+    own.nodes[i].weight = weightOf(*room.area);
     own.nodes[i].of = room.area->id;
     nodes.push_back(draft.addNode(own.nodes[i]));
   }

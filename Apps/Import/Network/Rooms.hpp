@@ -15,7 +15,10 @@ namespace orivanta::importer {
 /// Routes do not cross rooms unless the way round is this many times as long.
 constexpr double crossingWeight = 8.0;
 
-/// Refers to the areas of a building.
+/// The same for what only staff may enter: routes lead there only if there is no other way.
+constexpr double staffWeight = 1000.0;
+
+/// Refers to the areas of a building. Rooms that nobody may enter are left out.
 class Rooms {
  public:
   Rooms(const Building& building, double level);

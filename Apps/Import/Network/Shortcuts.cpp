@@ -22,7 +22,7 @@ constexpr double longest = 40.0;  // meters
 constexpr std::size_t sectors = 16;
 constexpr double unknown = std::numeric_limits<double>::infinity();
 
-double tolerated(double straight) { return std::max(1.4 * straight, straight + 10.0); }
+double tolerated(double straight) { return std::max(1.25 * straight, straight + 10.0); }
 
 class Shortcuts {
  public:

@@ -19,24 +19,28 @@ std::map<std::string, Point> positionsOn(const Building& building, double level)
   return positions;
 }
 
-// Pairs of positions, in millimeters, between which a connector runs on one storey.
+// Positions on one storey between which connectors run.
 class ConnectorPairs {
  public:
   ConnectorPairs(const Building& building, double level) {
-    for (const Connector& connector : building.connectors)
-      for (const Stop& first : connector.stops)
-        for (const Stop& second : connector.stops)
-          if (&first != &second && first.spot.level == level && second.spot.level == level)
-            pairs_.insert({key(first.spot.position), key(second.spot.position)});
+    for (std::size_t i = 0; i < building.connectors.size(); ++i)
+      for (const Stop& stop : building.connectors[i].stops)
+        if (stop.spot.level == level) connectorsAt_[key(stop.spot.position)].insert(i);
   }
-  bool contains(Point from, Point to) const { return pairs_.contains({key(from), key(to)}); }
+  bool contains(Point from, Point to) const {
+    const auto first = connectorsAt_.find(key(from));
+    const auto second = connectorsAt_.find(key(to));
+    return first != second && first != connectorsAt_.end() && second != connectorsAt_.end() &&
+           std::any_of(first->second.begin(), first->second.end(),
+                       [&](std::size_t connector) { return second->second.contains(connector); });
+  }
 
  private:
   using Key = std::pair<long, long>;
   static Key key(Point point) {
     return {std::lround(point.x / samePlace), std::lround(point.y / samePlace)};
   }
-  std::set<std::pair<Key, Key>> pairs_;
+  std::map<Key, std::set<std::size_t>> connectorsAt_;
 };
 
 // Adds the nodes at which connectors stop, even if no line leads there.

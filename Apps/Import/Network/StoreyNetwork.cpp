@@ -62,7 +62,7 @@ class Maker {
         ways_(skeleton_, space_),
         rooms_(building, level) {
     for (const Area& area : building.areas)
-      if (area.level == level && isWalkway(area.kind, walkways_)) walkable_.insert(area.id);
+      if (area.level == level && isWalked(area, walkways_)) walkable_.insert(area.id);
     if (usesSourceLines(building, level, choice)) source_.emplace(building, level, draft_);
     if (source_)
       sourceRooms_ = source_->claimInsides(rooms_, draft_);
@@ -89,6 +89,7 @@ class Maker {
     }
     orientStops();
     removeUnused(draft_);
+    weighStaffOnly();
     return std::move(draft_);
   }
 
@@ -98,10 +99,22 @@ class Maker {
     const Space openSpace(open);
     addTrunk(makeSkeleton(open, nodeClearance), openSpace, draft_);
     moveOutOfObstacles(draft_, space_);
+    const std::vector<Point> single = pointsWithoutLines();
     avoidObstacles(draft_, space_, ways_);
     joinCrossings(draft_);
     mergeNearNodes(space_, draft_);
     removeUnused(draft_);
+    for (const Point point : single) draft_.addWay(point);
+  }
+
+  // Of small spaces, such as vestibules.
+  std::vector<Point> pointsWithoutLines() const {
+    std::vector<bool> joined(draft_.nodes.size());
+    for (const DraftEdge& edge : draft_.edges) joined[edge.from] = joined[edge.to] = true;
+    std::vector<Point> points;
+    for (std::size_t i = 0; i < draft_.nodes.size(); ++i)
+      if (!joined[i]) points.push_back(draft_.nodes[i].position);
+    return points;
   }
 
   // Joins a node with the lines if it is in or near the walkable space.
@@ -125,9 +138,10 @@ class Maker {
   void addDoors() {
     for (const Door& door : building_.doors) {
       if (door.level != level_) continue;
+      if (door.access == Access::nobody) continue;
       bool known = false;
       const std::uint32_t node = nodeOfDoor(door, known);
-      if (door.access == Access::nobody) continue;
+      if (door.access == Access::staff) draft_.nodes[node].weight = staffWeight;
       for (const std::string& area : door.areas) doorsOf_.emplace(area, node);
       joinDoor(door, node, known);
     }
@@ -175,10 +189,12 @@ class Maker {
     if (known && bothWays) {
       draft_.nodes[*known].kind = NodeKind::boarding;
       draft_.nodes[*known].of = connector.id;
+      if (connector.access == Access::staff) draft_.nodes[*known].weight = staffWeight;
       return;
     }
     const std::uint32_t node = draft_.addNode(
         {stop.spot.position, NodeKind::boarding, std::move(id), connector.id, 0.0, 0.0, 0.0, {}});
+    if (connector.access == Access::staff) draft_.nodes[node].weight = staffWeight;
     if (!bothWays) entered_.emplace(node, stop.enter);
     if (known)
       draft_.addEdge(node, *known, true);
@@ -232,6 +248,31 @@ class Maker {
       join(
           draft_.addNode({innerPoint(open), NodeKind::inside, area.id, area.id, 0.0, 0.0, 0.0, {}}),
           spotReach);
+    }
+  }
+
+  // Points of the way in walkways and on paths for staff.
+  void weighStaffOnly() {
+    const auto isStaffOnly = [](const auto& one) { return one.access == Access::staff; };
+    if (std::none_of(building_.areas.begin(), building_.areas.end(), isStaffOnly) &&
+        std::none_of(building_.lines.begin(), building_.lines.end(), isStaffOnly))
+      return;
+    const AreaIndex walkways(building_, level_,
+                             [this](const Area& area) { return walkable_.contains(area.id); });
+    std::vector<Segment> paths;
+    for (const Line& line : building_.lines)
+      if (isStaffOnly(line) && line.kind == LineKind::path &&
+          std::find(line.levels.begin(), line.levels.end(), level_) != line.levels.end())
+        for (std::size_t i = 0; i + 1 < line.points.size(); ++i)
+          paths.push_back({line.points[i], line.points[i + 1]});
+    const SegmentGrid grid(std::move(paths), 0.0);
+    constexpr double besidePath = 0.4;
+    for (DraftNode& node : draft_.nodes) {
+      if (node.kind != NodeKind::way || node.weight > 0.0) continue;
+      const Area* walkway = walkways.smallestAt(node.position);
+      if (walkway == nullptr ? grid.nearest(node.position, besidePath) != SegmentGrid::none
+                             : isStaffOnly(*walkway))
+        node.weight = staffWeight;
     }
   }
 

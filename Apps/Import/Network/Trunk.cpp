@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 
 namespace orivanta::importer {
 
@@ -37,6 +38,16 @@ class Pruner {
         appendChain(i, neighbors_[i].front(), passed, chains);
       }
     return chains;
+  }
+
+  // The middle of a chain that nothing joins and that is so short that one point serves for it, as
+  // in a vestibule.
+  std::optional<Index> middleOfShort(const Chain& chain) const {
+    constexpr double shortChain = 2.5;  // meters
+    if (chain.front() == chain.back() || degree(chain.front()) != 1 || degree(chain.back()) != 1 ||
+        lengthOf(chain) > shortChain)
+      return std::nullopt;
+    return chain[chain.size() / 2];
   }
 
   // Points without lines, or at which all lines were short twigs.
@@ -190,7 +201,12 @@ class Straightener {
 void addTrunk(const Skeleton& skeleton, const Space& space, Draft& draft) {
   const Pruner pruned(skeleton);
   Straightener straightener(skeleton, space, draft);
-  for (const Chain& chain : pruned.chains()) straightener.add(chain);
+  for (const Chain& chain : pruned.chains()) {
+    if (const auto middle = pruned.middleOfShort(chain))
+      straightener.nodeOf(*middle);
+    else
+      straightener.add(chain);
+  }
   for (const Index point : pruned.lonePoints()) straightener.nodeOf(point);
 }
 

@@ -1,10 +1,12 @@
-// The categories of places, and which of them the values of all sources mean.
+// The categories of places, and which of them the values of all sources mean. The table is
+// Resources/Categories/categories.json, which is compiled in.
 #pragma once
 
 #include <array>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "Apps/Import/Building.hpp"
 #include "Apps/Package/Palette.hpp"
@@ -19,14 +21,16 @@ struct Category {
   std::string_view id;      ///< such as "toilets-men"
   std::string_view parent;  ///< identifier of a category; empty for a top-level one
   std::string_view type;    ///< of its locations: "tenant", "room", "amenity" or "entrance"
-  package::PlaceKind kind;
+  package::PlaceKind kind = package::PlaceKind::other;
   std::array<std::string_view, categoryLanguages.size()> names;
+  std::array<std::string_view, categoryLanguages.size()> singular;  ///< what one of them is called
+  std::vector<std::string_view> values;  ///< of sources that mean it, several separated by spaces
 
   /// The name in a language, such as "de" or "de-at"; English if there is none.
   std::string_view name(std::string_view language) const;
 };
 
-/// All categories. Parents precede their children.
+/// All categories, in the order of the table. Parents precede their children.
 std::span<const Category> allCategories();
 
 /// Throws `std::out_of_range` for an unknown identifier.

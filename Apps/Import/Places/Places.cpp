@@ -5,7 +5,6 @@
 #include <set>
 #include <utility>
 
-#include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Places/Categories.hpp"
 #include "Apps/Import/Places/GeneratedNames.hpp"
 #include "Apps/Import/Stages.hpp"
@@ -15,29 +14,17 @@ namespace orivanta::importer {
 
 namespace {
 
-void prefer(const std::vector<std::string>& languages, Names& names) {
-  for (const std::string& language : languages) {
-    const auto found = names.byLanguage.find(language);
-    if (found == names.byLanguage.end()) continue;
-    names.name = found->second;
-    return;
-  }
-  if (names.name.empty() && !names.byLanguage.empty()) {
-    const auto english = names.byLanguage.find("en");
-    names.name = (english == names.byLanguage.end() ? names.byLanguage.begin() : english)->second;
-  }
-}
-
 // Makes the preferred language the main one of every name that has it.
 void preferLanguages(Building& building, const Options& options) {
   std::vector<std::string> languages = options.languages;
   if (!building.language.empty()) languages.push_back(building.language);
-  prefer(languages, building.names);
-  for (Storey& storey : building.storeys) prefer(languages, storey.names);
-  for (Place& place : building.places) prefer(languages, place.names);
-  for (Door& door : building.doors) prefer(languages, door.names);
-  for (Line& line : building.lines) prefer(languages, line.names);
-  for (ConnectorHint& hint : building.connectorHints) prefer(languages, hint.names);
+  preferLanguage(languages, building.names);
+  for (Storey& storey : building.storeys) preferLanguage(languages, storey.names);
+  for (Place& place : building.places) preferLanguage(languages, place.names);
+  for (Door& door : building.doors) preferLanguage(languages, door.names);
+  for (Line& line : building.lines) preferLanguage(languages, line.names);
+  for (Area& area : building.areas) preferLanguage(languages, area.names);
+  for (ConnectorHint& hint : building.connectorHints) preferLanguage(languages, hint.names);
   if (!options.languages.empty()) building.language = options.languages.front();
 }
 
@@ -97,11 +84,11 @@ void dropUnplaced(Building& building, Findings& findings) {
       dropped.insert(place.id);
     } else if (place.areas.empty() && place.spots.empty()) {
       dropped.insert(place.id);
-      findings.add(
-          makeFinding(Severity::warning, "place-without-position", place.source,
-                      {.message = fmt::format("The place \"{}\" lies nowhere.", place.names.name),
-                       .effect = "It is left out.",
-                       .advice = "Give it a position or the room that it is in."}));
+      findings.add({.rule = "place-without-position",
+                    .source = place.source,
+                    .message = fmt::format("The place \"{}\" lies nowhere.", place.names.name),
+                    .effect = "It is left out.",
+                    .advice = "Give it a position or the room that it is in."});
     }
   }
   std::erase_if(building.places, [&](const Place& place) { return dropped.contains(place.id); });
@@ -123,25 +110,26 @@ void reportUnknownCategories(const Building& building, Findings& findings) {
     if (!matchCategory(place.category).unknown.empty()) unknown[place.category].push_back(&place);
   for (const auto& [value, places] : unknown) {
     const CategoryMatch match = matchCategory(value);
-    findings.add(
-        makeFinding(Severity::info, "category-unknown", places.front()->source,
-                    {.message = fmt::format("The category \"{}\" of {} {} is not known.", value,
-                                            places.size(), places.size() == 1 ? "place" : "places"),
-                     .effect = fmt::format("The category \"{}\" within \"{}\" is made for it.",
-                                           match.unknown, match.category->names.front()),
-                     .advice = "If the value is misspelled, correct it in the source."}));
+    findings.add({.severity = Severity::info,
+                  .rule = "category-unknown",
+                  .source = places.front()->source,
+                  .message = fmt::format("The category \"{}\" of {} {} is not known.", value,
+                                         places.size(), places.size() == 1 ? "place" : "places"),
+                  .effect = fmt::format("The category \"{}\" within \"{}\" is made for it.",
+                                        match.unknown, match.category->names.front()),
+                  .advice = "If the value is misspelled, correct it in the source."});
   }
 }
 
 void checkHours(const Building& building, Findings& findings) {
   for (const Place& place : building.places) {
     if (place.hours.empty() || guidance::OpeningHours::parse(place.hours)) continue;
-    findings.add(
-        makeFinding(Severity::warning, "hours-unreadable", place.source,
-                    {.message = fmt::format("The opening hours \"{}\" of \"{}\" cannot be read.",
-                                            place.hours, place.names.name),
-                     .effect = "The place counts as open at all times.",
-                     .advice = "Write them like \"Mo-Fr 09:00-18:00; Sa 10:00-14:00\"."}));
+    findings.add({.rule = "hours-unreadable",
+                  .source = place.source,
+                  .message = fmt::format("The opening hours \"{}\" of \"{}\" cannot be read.",
+                                         place.hours, place.names.name),
+                  .effect = "The place counts as open at all times.",
+                  .advice = "Write them like \"Mo-Fr 09:00-18:00; Sa 10:00-14:00\"."});
   }
 }
 

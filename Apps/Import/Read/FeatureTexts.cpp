@@ -10,7 +10,8 @@ constexpr std::string_view whitespace = " \t\r\n";
 
 class Splitter {
  public:
-  Splitter(std::string_view text, std::size_t most) : text_(text), most_(most) {}
+  Splitter(std::string_view text, std::size_t most, std::string_view array)
+      : text_(text), most_(most), key_('"' + std::string(array) + '"') {}
 
   FeatureTexts split() {
     skipWhitespace();
@@ -38,7 +39,7 @@ class Splitter {
     if (!atEnd()) ++at_;
   }
 
-  // Looks for the member "features" of the root.
+  // Looks for the array among the members of the root.
   void findArray() {
     int depth = 0;
     while (!atEnd()) {
@@ -46,7 +47,7 @@ class Splitter {
       if (character == '"') {
         const std::size_t start = at_;
         skipString();
-        if (depth == 1 && text_.substr(start, at_ - start) == "\"features\"" && enterArray())
+        if (depth == 1 && text_.substr(start, at_ - start) == key_ && enterArray())
           return splitArray();
         continue;
       }
@@ -103,14 +104,15 @@ class Splitter {
 
   std::string_view text_;
   std::size_t most_;
+  std::string key_;
   std::size_t at_ = 0;
   FeatureTexts result_;
 };
 
 }  // namespace
 
-FeatureTexts splitFeatures(std::string_view text, std::size_t most) {
-  return Splitter(text, most).split();
+FeatureTexts splitFeatures(std::string_view text, std::size_t most, std::string_view array) {
+  return Splitter(text, most, array).split();
 }
 
 }  // namespace orivanta::importer

@@ -1,4 +1,5 @@
-// Finds the features in the text of a GeoJSON file, so that they can be parsed one by one.
+// Finds the elements of the array of a JSON file, such as the features of GeoJSON, so that they can
+// be parsed one by one.
 #pragma once
 
 #include <cstddef>
@@ -18,9 +19,10 @@ struct FeatureTexts {
   bool tooMany = false;
 };
 
-/// Splits the text of a feature collection at the elements of its member "features", or the text of
-/// an array at its elements. The elements need not be valid. Stops with `tooMany` after `most`
-/// elements. Takes time in proportion to the length of the text, at any depth of nesting.
-FeatureTexts splitFeatures(std::string_view text, std::size_t most);
+/// Splits the text of an object at the elements of its member `array`, or the text of an array at
+/// its elements. The elements need not be valid. Stops with `tooMany` after `most` elements. Takes
+/// time in proportion to the length of the text, at any depth of nesting.
+FeatureTexts splitFeatures(std::string_view text, std::size_t most,
+                           std::string_view array = "features");
 
 }  // namespace orivanta::importer

@@ -70,6 +70,10 @@ class FileReader {
   void readBytes(const fs::path& path, SourceFile& file) {
     std::ifstream stream(path, std::ios::binary);
     if (!stream) throw SourceError(path.string() + ": the file cannot be opened; check its rights");
+    // Growing in steps would take twice the memory for a moment.
+    std::error_code unknown;
+    const std::uintmax_t expected = fs::file_size(path, unknown);
+    if (!unknown && expected <= bytesLeft_) file.bytes.reserve(expected);
     std::array<char, 65536> piece;
     while (stream.read(piece.data(), piece.size()), stream.gcount() > 0) {
       const auto size = static_cast<std::size_t>(stream.gcount());

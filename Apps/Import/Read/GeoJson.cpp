@@ -4,13 +4,14 @@
 
 #include <algorithm>
 #include <boost/json/serialize.hpp>
-#include <new>
 #include <string_view>
 #include <utility>
 
+#include "Apps/Import/Read/CoordinateCheck.hpp"
 #include "Apps/Import/Read/FeatureTexts.hpp"
 #include "Apps/Import/Read/GeoJsonGeometry.hpp"
 #include "Apps/Import/Read/JsonText.hpp"
+#include "Apps/Import/Read/PlaneOrigin.hpp"
 #include "Apps/Import/SourceError.hpp"
 
 namespace orivanta::importer {
@@ -18,8 +19,6 @@ namespace orivanta::importer {
 namespace json = boost::json;
 
 namespace {
-
-constexpr std::size_t memoryPerByte = 2;
 
 std::string textOf(const json::value* value) {
   if (value == nullptr) return {};
@@ -53,16 +52,18 @@ class Lines {
 
 class Reader {
  public:
-  Reader(const SourceFile& file, const Limits& limits, std::size_t& vertices, Findings& findings)
+  Reader(const SourceFile& file, const Limits& limits, std::size_t& vertices, Findings& findings,
+         const UseFeature& use)
       : file_(file),
         limits_(limits),
         vertices_(vertices),
         findings_(findings),
+        use_(use),
         text_(withoutByteOrderMark(file.bytes)),
         lines_(text_),
-        memory_(json::make_shared_resource<BoundedMemory>(memoryPerByte * limits.bytes)) {}
+        memory_(boundedMemory(limits.bytes / 4)) {}
 
-  GeoFeatures read() {
+  GeoFrame read(bool inDegrees) {
     if (text_.substr(0, 2) == "\xFF\xFE" || text_.substr(0, 2) == "\xFE\xFF")
       fail("the text is UTF-16; save it as UTF-8");
     const FeatureTexts texts = splitFeatures(text_, limits_.vertices);
@@ -74,11 +75,12 @@ class Reader {
     if (texts.tooMany) failForSize();
     if (texts.found) {
       readFrame(texts);
+      if (inDegrees) checkCoordinates(texts.features);
       for (const std::string_view feature : texts.features) readFeature(feature);
     } else {
       readSingle();
     }
-    return std::move(result_);
+    return result_;
   }
 
  private:
@@ -89,6 +91,24 @@ class Reader {
   [[noreturn]] void failForSize() const {
     fail(fmt::format("there are more than {} positions and features; import a part of it",
                      limits_.vertices));
+  }
+
+  // Looks at a part of the features, from all over the file.
+  void checkCoordinates(const std::vector<std::string_view>& features) {
+    constexpr std::size_t mostSamples = 2000;
+    requireDegrees(result_.crs, file_.name);
+    CoordinateCheck check;
+    const std::size_t step = features.size() / mostSamples + 1;
+    for (std::size_t i = 0; i < features.size(); i += step) {
+      const ParsedJson parsed = parseJson(features[i], memory_);
+      const json::object* object = parsed.value.if_object();
+      const json::value* shape = object == nullptr ? nullptr : object->if_contains("geometry");
+      GeoGeometry geometry;
+      std::size_t positions = 0;
+      if (shape != nullptr && readGeometry(*shape, geometry, positions).empty())
+        check.add(geometry);
+    }
+    isSwapped_ = check.areSwapped(file_.name, findings_);
   }
 
   [[noreturn]] void failForSyntax(std::size_t offset, const std::string& error) {
@@ -152,7 +172,9 @@ class Reader {
       if (properties->is_object()) feature.properties = std::move(properties->get_object());
     for (const char* each : {"type", "geometry", "properties"}) object->erase(each);
     feature.members = std::move(*object);
-    result_.features.push_back(std::move(feature));
+    if (isSwapped_)
+      changePositions(feature.geometry, [](Point point) { return Point{point.y, point.x}; });
+    use_(std::move(feature));
   }
 
   void count(std::size_t positions) {
@@ -175,21 +197,34 @@ class Reader {
   const Limits& limits_;
   std::size_t& vertices_;
   Findings& findings_;
+  const UseFeature& use_;
   std::string_view text_;
   Lines lines_;
   json::storage_ptr memory_;
-  GeoFeatures result_;
+  bool isSwapped_ = false;
+  GeoFrame result_;
 };
 
 }  // namespace
 
+GeoFrame readGeoJson(const SourceFile& file, const Limits& limits, std::size_t& vertices,
+                     Findings& findings, const UseFeature& use) {
+  return Reader(file, limits, vertices, findings, use).read(false);
+}
+
+GeoFrame readGeoJsonInDegrees(const SourceFile& file, const Limits& limits, std::size_t& vertices,
+                              Findings& findings, const UseFeature& use) {
+  return Reader(file, limits, vertices, findings, use).read(true);
+}
+
 GeoFeatures readGeoJson(const SourceFile& file, const Limits& limits, std::size_t& vertices,
                         Findings& findings) {
-  try {
-    return Reader(file, limits, vertices, findings).read();
-  } catch (const std::bad_alloc&) {
-    throw SourceError(file.name + ": reading it takes too much memory; import a part of it");
-  }
+  GeoFeatures result;
+  const UseFeature keep = [&](GeoFeature feature) {
+    result.features.push_back(std::move(feature));
+  };
+  static_cast<GeoFrame&>(result) = readGeoJson(file, limits, vertices, findings, keep);
+  return result;
 }
 
 }  // namespace orivanta::importer

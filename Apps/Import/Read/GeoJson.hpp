@@ -2,6 +2,7 @@
 #pragma once
 
 #include <boost/json/object.hpp>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,17 +28,35 @@ struct GeoFeature {
   GeoGeometry geometry;
 };
 
-struct GeoFeatures {
+/// What is around the features.
+struct GeoFrame {
   std::string type;  ///< member "type" of the root, such as "FeatureCollection"; may be empty
   std::string name;  ///< member "name" of the collection; may be empty
   std::string crs;   ///< the name of its reference system, such as "urn:ogc:def:crs:EPSG::6677"
+};
+
+struct GeoFeatures : GeoFrame {
   std::vector<GeoFeature> features;
 };
 
+/// Takes the features of a file one after another.
+using UseFeature = std::function<void(GeoFeature feature)>;
+
 /// Reads a feature collection, a single feature or an array of features. A feature that cannot be
 /// read is left out with a finding. `vertices` is increased by the number of positions; beyond
-/// `limits.vertices`, and if the file is not JSON or no GeoJSON, it throws `SourceError`.
+/// `limits.vertices`, and if the file is not JSON or no GeoJSON, it throws `SourceError`. The
+/// memory of all features that exist at one time is bounded, so `use` should not keep them.
+GeoFrame readGeoJson(const SourceFile& file, const Limits& limits, std::size_t& vertices,
+                     Findings& findings, const UseFeature& use);
+
+/// As above, for small files.
 GeoFeatures readGeoJson(const SourceFile& file, const Limits& limits, std::size_t& vertices,
                         Findings& findings);
+
+/// As the first, for files whose coordinates must be longitude and latitude. Where the latitude
+/// certainly comes first, they are swapped, with a finding; where only the angles of the shapes say
+/// so, there is a finding. Throws `SourceError` for other coordinates and reference systems.
+GeoFrame readGeoJsonInDegrees(const SourceFile& file, const Limits& limits, std::size_t& vertices,
+                              Findings& findings, const UseFeature& use);
 
 }  // namespace orivanta::importer

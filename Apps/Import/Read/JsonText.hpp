@@ -1,7 +1,7 @@
 // Parses JSON with exact numbers and bounded memory.
 #pragma once
 
-#include <boost/json/memory_resource.hpp>
+#include <boost/json/storage_ptr.hpp>
 #include <boost/json/value.hpp>
 #include <cstddef>
 #include <string>
@@ -12,22 +12,6 @@ namespace orivanta::importer {
 /// The maximum nesting of arrays and objects.
 constexpr std::size_t deepestSourceJson = 64;
 
-/// Allocates from the heap, at most `limit` bytes at the same time. Beyond that it throws
-/// `std::bad_alloc`. Not safe for concurrent use.
-class BoundedMemory final : public boost::json::memory_resource {
- public:
-  explicit BoundedMemory(std::size_t limit) : left_(limit) {}
-
- private:
-  void* do_allocate(std::size_t bytes, std::size_t alignment) override;
-  void do_deallocate(void* piece, std::size_t bytes, std::size_t alignment) override;
-  bool do_is_equal(const boost::json::memory_resource& other) const noexcept override {
-    return this == &other;
-  }
-
-  std::size_t left_;
-};
-
 /// The value, or what is wrong with the text.
 struct ParsedJson {
   boost::json::value value;
@@ -36,8 +20,13 @@ struct ParsedJson {
 };
 
 /// Parses strict JSON (RFC 8259) in UTF-8. Doubles are the nearest ones; numbers beyond the range
-/// of a double are an error. The value is allocated from `memory`.
-ParsedJson parseJson(std::string_view text, boost::json::storage_ptr memory = {});
+/// of a double are an error. Everything is allocated from `memory`; if it is exhausted, that is an
+/// error as well.
+ParsedJson parseJson(std::string_view text, const boost::json::storage_ptr& memory);
+
+/// Memory from the heap, at most `bytes` at the same time. Beyond that it throws `std::bad_alloc`.
+/// Not safe for concurrent use.
+boost::json::storage_ptr boundedMemory(std::size_t bytes);
 
 /// The text without a byte order mark.
 std::string_view withoutByteOrderMark(std::string_view text);

@@ -23,6 +23,19 @@ class PlaneOrigin {
   std::vector<double> ys_;
 };
 
+/// Calls `use` with all positions of a geometry.
+template <class Use>
+void forPositions(const GeoGeometry& geometry, const Use& use) {
+  for (const Point point : geometry.points) use(point);
+  for (const auto& line : geometry.lines)
+    for (const Point point : line) use(point);
+  for (const Polygon& polygon : geometry.polygons) {
+    for (const Point point : polygon.outer) use(point);
+    for (const Outline& hole : polygon.holes)
+      for (const Point point : hole) use(point);
+  }
+}
+
 /// Replaces all positions of a geometry.
 template <class Change>
 void changePositions(GeoGeometry& geometry, const Change& change) {

@@ -17,6 +17,9 @@ namespace orivanta::importer {
 struct SourceFile {
   std::string name;  ///< as in messages: "mall.zip/level.geojson"
   std::string bytes;
+
+  /// Frees the contents, which may be large.
+  void release() { std::string().swap(bytes); }
 };
 
 /// Reads all files. Folders are read with their subfolders, and zip archives are unpacked; both in
@@ -29,24 +32,21 @@ std::vector<SourceFile> readFiles(const std::vector<std::filesystem::path>& sour
 /// Recognizes the format from the contents. Throws `SourceError` if it is none of the known ones.
 Format recognizeFormat(const std::vector<SourceFile>& files);
 
-/// Reads a building of any format. `options.sources` is not used. Throws `SourceError` if the
-/// files are no source of the format, or contain nothing to import.
-Building readBuilding(const std::vector<SourceFile>& files, Format format, const Options& options,
+/// Reads a building of any format. `options.sources` is not used. All texts of the result are valid
+/// UTF-8: others are cleaned, with findings. Throws `SourceError` if the files are no source of the
+/// format, or contain nothing to import. Move the files into it if they are large: their contents
+/// are released as soon as possible.
+Building readBuilding(std::vector<SourceFile> files, Format format, const Options& options,
                       Findings& findings);
 
 // One reader per format; each throws as above.
-Building readImdf(const std::vector<SourceFile>& files, const Options& options, Findings& findings);
-Building readOsmXml(const std::vector<SourceFile>& files, const Options& options,
-                    Findings& findings);
-Building readOsmPbf(const std::vector<SourceFile>& files, const Options& options,
-                    Findings& findings);
-Building readOverpassJson(const std::vector<SourceFile>& files, const Options& options,
+Building readImdf(std::vector<SourceFile> files, const Options& options, Findings& findings);
+Building readOsmXml(std::vector<SourceFile> files, const Options& options, Findings& findings);
+Building readOsmPbf(std::vector<SourceFile> files, const Options& options, Findings& findings);
+Building readOverpassJson(std::vector<SourceFile> files, const Options& options,
                           Findings& findings);
-Building readOsmGeoJson(const std::vector<SourceFile>& files, const Options& options,
-                        Findings& findings);
-Building readIndoorGml(const std::vector<SourceFile>& files, const Options& options,
-                       Findings& findings);
-Building readStations(const std::vector<SourceFile>& files, const Options& options,
-                      Findings& findings);
+Building readOsmGeoJson(std::vector<SourceFile> files, const Options& options, Findings& findings);
+Building readIndoorGml(std::vector<SourceFile> files, const Options& options, Findings& findings);
+Building readStations(std::vector<SourceFile> files, const Options& options, Findings& findings);
 
 }  // namespace orivanta::importer

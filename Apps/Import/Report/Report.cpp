@@ -9,10 +9,12 @@
 
 #include "Apps/Import/Fixes/Fixes.hpp"
 #include "Apps/Import/Write/FloorPlan.hpp"
+#include "Apps/Package/SvgPlan.hpp"
 #include "Apps/Package/TextFile.hpp"
-#include "Platform/Foundation/DisplayText.hpp"
 
 namespace orivanta::importer {
+
+using package::markup;
 
 namespace {
 
@@ -36,9 +38,9 @@ td p {{ margin: 0 0 .2rem; }}
 td.where {{ overflow-wrap: anywhere; min-width: 9rem; max-width: 18rem; }}
 .number {{ display: inline-block; min-width: 1.7rem; padding: 0 .3rem; border-radius: 1rem;
   box-sizing: border-box; text-align: center; color: #fff; font-size: .85rem; }}
-.violation {{ background: #b42318; }}
-.warning {{ background: #9a6700; }}
-.info {{ background: #3b5b8c; }}
+.violation {{ background: {3}; }}
+.warning {{ background: {4}; }}
+.info {{ background: {5}; }}
 .effect, .rule {{ color: #52606d; }}
 .rule {{ font-size: .85rem; }}
 svg {{ display: block; width: 100%; height: auto; max-height: 90vh; border: 1px solid #d9e2ec; }}
@@ -51,34 +53,11 @@ pre {{ background: #f5f7fa; padding: 1rem; overflow: auto; max-height: 24rem; }}
 <p class="source">{1}<br>{2}</p>
 )";
 
-std::string escaped(std::string_view text) {
-  std::string result;
-  for (const char character : foundation::printable(text)) {
-    switch (character) {
-      case '&':
-        result += "&amp;";
-        break;
-      case '<':
-        result += "&lt;";
-        break;
-      case '>':
-        result += "&gt;";
-        break;
-      case '"':
-        result += "&quot;";
-        break;
-      default:
-        result += character;
-    }
-  }
-  return result;
-}
-
-std::string escapedLines(std::string_view text) {
+std::string markupLines(std::string_view text) {
   std::string result;
   while (!text.empty()) {
     const std::size_t end = std::min(text.find('\n'), text.size());
-    result += escaped(text.substr(0, end)) + '\n';
+    result += markup(text.substr(0, end)) + '\n';
     text.remove_prefix(std::min(end + 1, text.size()));
   }
   return result;
@@ -94,10 +73,10 @@ std::string storeyTitle(const Storey& storey) {
 std::string placeOf(const Finding& finding) {
   std::string place;
   const auto add = [&](std::string_view text) {
-    if (!text.empty()) place += fmt::format("<p>{}</p>", escaped(text));
+    if (!text.empty()) place += fmt::format("<p>{}</p>", markup(text));
   };
   add(finding.line ? fmt::format("{}, line {}", finding.file, *finding.line) : finding.file);
-  if (!finding.source.empty()) place += fmt::format("<p><b>{}</b></p>", escaped(finding.source));
+  if (!finding.source.empty()) place += fmt::format("<p><b>{}</b></p>", markup(finding.source));
   add(finding.field);
   if (!finding.map.empty()) add("floor " + finding.map);
   if (finding.level) add(fmt::format("level {}", *finding.level));
@@ -109,14 +88,14 @@ std::string placeOf(const Finding& finding) {
 std::string rowOf(std::size_t number, const Finding& finding) {
   static constexpr std::array<std::string_view, 3> words = {"info", "warning", "violation"};
   const std::string_view word = words[static_cast<std::size_t>(finding.severity)];
-  std::string text = fmt::format("<p>{}</p>", escaped(finding.message));
+  std::string text = fmt::format("<p>{}</p>", markup(finding.message));
   if (!finding.effect.empty())
-    text += fmt::format("<p class=\"effect\">{}</p>", escaped(finding.effect));
-  if (!finding.advice.empty()) text += fmt::format("<p>&rarr; {}</p>", escaped(finding.advice));
+    text += fmt::format("<p class=\"effect\">{}</p>", markup(finding.effect));
+  if (!finding.advice.empty()) text += fmt::format("<p>&rarr; {}</p>", markup(finding.advice));
   return fmt::format(
       "<tr id=\"finding-{0}\"><td><span class=\"number {1}\" title=\"{1}\">{0}</span></td>"
       "<td class=\"where\">{2}</td><td>{3}<p class=\"rule\">{1}: {4}</p></td></tr>\n",
-      number, word, placeOf(finding), text, escaped(finding.rule));
+      number, word, placeOf(finding), text, markup(finding.rule));
 }
 
 std::vector<PlanMark> marksOn(double level, const std::vector<Finding>& findings) {
@@ -167,8 +146,9 @@ Report buildingReport(const Building& building, const Findings& findings, std::s
 }
 
 std::string reportHtml(const Report& report) {
-  std::string html =
-      fmt::format(head, escaped(report.title), escaped(report.source), escaped(report.summary));
+  std::string html = fmt::format(head, markup(report.title), markup(report.source),
+                                 markup(report.summary), colorOf(Severity::violation),
+                                 colorOf(Severity::warning), colorOf(Severity::info));
   if (!report.findings.empty()) {
     html += "<table>\n<tr><th>No.</th><th>Where</th><th>What, why, what to do</th></tr>\n";
     for (std::size_t index = 0; index < report.findings.size(); ++index)
@@ -176,12 +156,12 @@ std::string reportHtml(const Report& report) {
     html += "</table>\n";
   }
   for (const ReportPlan& plan : report.plans)
-    html += fmt::format("<h2>{}</h2>\n{}\n", escaped(plan.title), plan.svg);
+    html += fmt::format("<h2>{}</h2>\n{}\n", markup(plan.title), plan.svg);
   if (!report.corrections.empty())
     html += fmt::format(
         "<h2>Corrections</h2>\n<p>Complete what applies, save it as a file, and "
         "import again with --fixes FILE.</p>\n<pre>{}</pre>\n",
-        escapedLines(report.corrections));
+        markupLines(report.corrections));
   return html + "</body>\n</html>\n";
 }
 

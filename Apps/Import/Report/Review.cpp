@@ -6,7 +6,8 @@
 #include <string>
 
 #include "Apps/Import/Connectors/FromLines.hpp"
-#include "Apps/Import/MakeFinding.hpp"
+#include "Apps/Import/Findings.hpp"
+#include "Apps/Import/Geometry/SegmentGrid.hpp"
 #include "Apps/Import/Report/Summary.hpp"
 #include "Apps/Import/Stages.hpp"
 
@@ -15,6 +16,7 @@ namespace orivanta::importer {
 namespace {
 
 constexpr std::size_t listedRooms = 5;
+constexpr double nearLoose = 15.0;  // meters
 
 std::string_view wordFor(ConnectorKind kind) {
   return kind == ConnectorKind::movingWalkway ? "moving walkway" : wordOf(kind);
@@ -26,9 +28,10 @@ class Reviewer {
   Reviewer(const Building& building, Findings& findings)
       : building_(building), findings_(findings), parts_(networkParts(building)) {
     for (const Place& place : building.places) places_.emplace(place.id, &place);
-    nodesOf_.resize(parts_.rooms.size());
-    for (std::size_t i = 0; i < parts_.partOf.size(); ++i)
-      nodesOf_[parts_.partOf[i]].push_back(&building.network.nodes[i]);
+    for (const Storey& storey : building.storeys)
+      storeys_.emplace(storey.ordinal,
+                       storey.names.name.empty() ? storey.shortName : storey.names.name);
+    findLooseConnectors();
     for (const Door& door : building.doors)
       for (const std::string& area : door.areas) withDoors_.insert(area);
   }
@@ -42,11 +45,8 @@ class Reviewer {
 
  private:
   std::string storeyName(double level) const {
-    for (const Storey& storey : building_.storeys)
-      if (storey.ordinal == level) {
-        if (!storey.names.name.empty()) return storey.names.name;
-        if (!storey.shortName.empty()) return storey.shortName;
-      }
+    const auto name = storeys_.find(level);
+    if (name != storeys_.end() && !name->second.empty()) return name->second;
     return fmt::format("level {}", level);
   }
 
@@ -68,19 +68,17 @@ class Reviewer {
     return area.source.empty() ? area.id : area.source;
   }
 
-  void add(Severity severity, const char* rule, const std::string& source, Spot spot,
-           FindingTexts texts) {
-    findings_.add(makeFinding(severity, rule, source, spot, std::move(texts)));
-  }
-
   // Rooms that no node belongs to.
   void reviewRooms() {
     for (const std::size_t index : parts_.withoutNodes) {
       const Area& area = building_.areas[index];
       const bool door = withDoors_.contains(area.id);
-      add(Severity::warning, door ? "unreachable" : "room-without-door", area.source,
-          {area.level, middleOf(area)},
-          {.message =
+      findings_.add(
+          {.rule = door ? "unreachable" : "room-without-door",
+           .source = area.source,
+           .level = area.level,
+           .position = middleOf(area),
+           .message =
                door ? fmt::format("The doors of the room {} lead to no walkway.", titleOf(area))
                     : fmt::format("The room {} has no door, and none could be guessed.",
                                   titleOf(area)),
@@ -108,36 +106,58 @@ class Reviewer {
       if (rooms.size() > listedRooms)
         names += fmt::format(" and {} more", rooms.size() - listedRooms);
       const Area& first = building_.areas[rooms.front()];
-      add(Severity::warning, "unreachable", first.source, {first.level, middleOf(first)},
-          {.message =
-               fmt::format("{} on {} cannot be reached from the rest of the building: {}.",
-                           rooms.size() == 1 ? "One room" : fmt::format("{} rooms", rooms.size()),
-                           storeyName(level), names),
-           .effect = "No route leads there.",
-           .advice = adviceFor(part)});
+      findings_.add({.rule = "unreachable",
+                     .source = first.source,
+                     .level = first.level,
+                     .position = middleOf(first),
+                     .message = fmt::format(
+                         "{} on {} cannot be reached from the rest of the building: {}.",
+                         rooms.size() == 1 ? "One room" : fmt::format("{} rooms", rooms.size()),
+                         storeyName(level), names),
+                     .effect = "No route leads there.",
+                     .advice = adviceFor(part)});
     }
   }
 
-  // Names the connectors without a second stop that lie beside a part.
-  std::string adviceFor(std::size_t part) const {
-    const Connector* best = nullptr;
-    double nearest = 15.0;
+  // Finds for each part the nearest connector that has no second stop.
+  void findLooseConnectors() {
+    std::map<double, std::vector<std::size_t>> nodes;  // by storey
+    for (std::size_t i = 0; i < parts_.partOf.size(); ++i)
+      nodes[building_.network.nodes[i].level].push_back(i);
+    std::map<double, SegmentGrid> grids;
+    for (const auto& [level, list] : nodes) {
+      std::vector<Segment> points;
+      points.reserve(list.size());
+      for (const std::size_t i : list) {
+        const Point point = building_.network.nodes[i].position;
+        points.push_back({point, point});
+      }
+      grids.emplace(level, SegmentGrid(std::move(points), 0.0));
+    }
+    std::vector<double> nearest(parts_.rooms.size(), nearLoose);
+    loose_.resize(parts_.rooms.size());
     for (const Connector& connector : building_.connectors) {
       if (connector.stops.size() != 1) continue;
       const Spot& spot = connector.stops.front().spot;
-      for (const Node* node : nodesOf_[part]) {
-        if (node->level != spot.level) continue;
-        const double away = package::distance(node->position, spot.position);
-        if (away >= nearest) continue;
-        nearest = away;
-        best = &connector;
-      }
+      const auto grid = grids.find(spot.level);
+      if (grid == grids.end()) continue;
+      grid->second.eachNear(spot.position, nearLoose, [&](std::size_t k) {
+        const std::size_t part = parts_.partOf[nodes.at(spot.level)[k]];
+        const double away = package::distance(grid->second.segments()[k].a, spot.position);
+        if (away >= nearest[part]) return;
+        nearest[part] = away;
+        loose_[part] = &connector;
+      });
     }
-    if (best == nullptr)
+  }
+
+  std::string adviceFor(std::size_t part) const {
+    const Connector* connector = loose_[part];
+    if (connector == nullptr)
       return "Draw the corridor, the door or the stairs that join it with the rest.";
     return fmt::format(
         "The {} {} would join it: say on which levels it ends, or join it with --fixes.",
-        wordFor(best->kind), best->source);
+        wordFor(connector->kind), connector->source);
   }
 
   void reviewConnector(const Connector& connector) {
@@ -148,18 +168,25 @@ class Reviewer {
                     [&](const Stop& stop) { return stop.spot.level == spot.level; });
     const std::string title = fmt::format("The {} {}", wordFor(connector.kind), connector.source);
     if (connector.stops.size() < 2 || (oneStorey && connector.kind == ConnectorKind::elevator))
-      add(Severity::warning,
-          connector.kind == ConnectorKind::elevator ? "connector-with-one-floor"
-                                                    : "stairs-lead-nowhere",
-          connector.source, spot,
-          {.message = fmt::format("{} on {} {} to no other storey.", title, storeyName(spot.level),
+      findings_.add(
+          {.rule = connector.kind == ConnectorKind::elevator ? "connector-with-one-floor"
+                                                             : "stairs-lead-nowhere",
+           .source = connector.source,
+           .level = spot.level,
+           .position = spot.position,
+           .message = fmt::format("{} on {} {} to no other storey.", title, storeyName(spot.level),
                                   connector.kind == ConnectorKind::stairs ? "lead" : "leads"),
            .effect = "No route uses it.",
            .advice = "Draw its other end at the same position on the next storey, or list all of "
                      "its levels."});
     if (!connector.directionKnown && connector.stops.size() >= 2)
-      add(Severity::info, "direction-unknown", connector.source, spot,
-          {.message = fmt::format("The direction of {} {} is not known.", wordFor(connector.kind),
+      findings_.add(
+          {.severity = Severity::info,
+           .rule = "direction-unknown",
+           .source = connector.source,
+           .level = spot.level,
+           .position = spot.position,
+           .message = fmt::format("The direction of {} {} is not known.", wordFor(connector.kind),
                                   connector.source),
            .effect = "Routes use it in both directions.",
            .advice = "State the direction (in OpenStreetMap: conveying=forward or backward)."});
@@ -175,8 +202,13 @@ class Reviewer {
       const bool connects = area.kind == AreaKind::stairs || area.kind == AreaKind::escalator ||
                             area.kind == AreaKind::elevator;
       if (!connects || used.contains(area.id)) continue;
-      add(Severity::info, "stairs-lead-nowhere", area.source, {area.level, middleOf(area)},
-          {.message = fmt::format("The {} {} on {} belong to no link of the walking network.",
+      findings_.add(
+          {.severity = Severity::info,
+           .rule = "stairs-lead-nowhere",
+           .source = area.source,
+           .level = area.level,
+           .position = middleOf(area),
+           .message = fmt::format("The {} {} on {} belong to no link of the walking network.",
                                   area.kind == AreaKind::elevator    ? "elevator"
                                   : area.kind == AreaKind::escalator ? "escalator"
                                                                      : "stairs",
@@ -189,7 +221,8 @@ class Reviewer {
   const Building& building_;
   Findings& findings_;
   NetworkParts parts_;
-  std::vector<std::vector<const Node*>> nodesOf_;  // of each part
+  std::vector<const Connector*> loose_;  // for each part; may be null
+  std::map<double, std::string> storeys_;
   std::map<std::string, const Place*> places_;
   std::set<std::string> withDoors_;
 };

@@ -23,11 +23,6 @@ struct Content {
 
 bool isWhole(double ordinal) { return ordinal == std::round(ordinal); }
 
-bool isConnector(AreaKind kind) {
-  return kind == AreaKind::stairs || kind == AreaKind::escalator || kind == AreaKind::elevator ||
-         kind == AreaKind::movingWalkway || kind == AreaKind::ramp;
-}
-
 std::map<double, Content> contentsOf(Building& building) {
   std::map<double, Content> contents;
   forEachLevel(building, [&](double& level, Point) { contents[level]; });

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <iterator>
 #include <map>
 #include <string_view>
 
@@ -13,6 +12,7 @@
 #include "Apps/Import/Model/FloorModel.hpp"
 #include "Apps/Import/Places/Categories.hpp"
 #include "Apps/Package/Palette.hpp"
+#include "Apps/Package/SvgPlan.hpp"
 
 namespace orivanta::importer {
 
@@ -20,36 +20,9 @@ namespace {
 
 namespace palette = package::palette;
 using package::Color;
+using package::hex;
 
 constexpr double margin = 2.0;  // meters around the drawing
-
-std::string hex(Color color) {
-  const auto byte = [](double share) { return static_cast<int>(std::lround(share * 255.0)); };
-  return fmt::format("#{:02X}{:02X}{:02X}", byte(color.red), byte(color.green), byte(color.blue));
-}
-
-std::string escaped(std::string_view text) {
-  std::string result;
-  for (const char c : text) {
-    switch (c) {
-      case '<':
-        result += "&lt;";
-        break;
-      case '>':
-        result += "&gt;";
-        break;
-      case '&':
-        result += "&amp;";
-        break;
-      case '"':
-        result += "&quot;";
-        break;
-      default:
-        if (static_cast<unsigned char>(c) >= ' ') result += c;
-    }
-  }
-  return result;
-}
 
 // The number of columns that a text takes: letters of Chinese, Japanese and Korean take two.
 double columnsOf(std::string_view text) {
@@ -62,76 +35,58 @@ double columnsOf(std::string_view text) {
   return columns;
 }
 
-// Writes the plan of one storey. y points down in SVG, so it is negated.
 class PlanWriter {
  public:
   PlanWriter(const Building& building, double level, const PlanOptions& options)
       : building_(building), level_(level), options_(options) {
-    for (const Place& place : building.places) places_.emplace(place.id, &place);
+    for (const Area& area : building.areas)
+      if (area.level == level && !area.shape.empty()) {
+        areas_.push_back(&area);
+        if (!area.place.empty()) places_.emplace(area.place, nullptr);
+      }
+    for (const Place& place : building.places)
+      if (const auto shown = places_.find(place.id); shown != places_.end()) shown->second = &place;
     measure();
+    pixel_ = plan_.pixel(margin);
   }
 
   std::string write() {
-    const double width = std::max(most_.x - least_.x, 1.0) + 2.0 * margin;
-    const double height = std::max(most_.y - least_.y, 1.0) + 2.0 * margin;
-    unit_ = std::max(width, height) / 1000.0;  // about a pixel on a large screen
-    put("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"{:.2f} {:.2f} {:.2f} {:.2f}\" "
-        "font-family=\"sans-serif\" stroke-linejoin=\"round\">\n",
-        least_.x - margin, -most_.y - margin, width, height + 26.0 * unit_);
-    put("<rect x=\"{:.2f}\" y=\"{:.2f}\" width=\"{:.2f}\" height=\"{:.2f}\" fill=\"{}\"/>\n",
-        least_.x - margin, -most_.y - margin, width, height + 26.0 * unit_, hex(palette::backdrop));
+    const Point least = plan_.least() - Point{margin, margin + 26.0 * pixel_};
+    const Point most = plan_.most() + Point{margin, margin};
+    plan_.shape({package::rectangle(least.x, least.y, most.x, most.y)},
+                fmt::format("fill=\"{}\"", hex(palette::backdrop)));
     drawShapes();
     drawDoors();
     if (options_.network) drawNetwork();
     if (options_.names) drawNames();
     drawScaleBar();
-    for (const PlanMark& mark : options_.marks) drawMark(mark);
-    text_ += "</svg>\n";
-    return std::move(text_);
+    for (const PlanMark& mark : options_.marks)
+      plan_.mark(mark.number, mark.position, colorOf(mark.severity), pixel_);
+    return plan_.finish(margin, 26.0 * pixel_, "");
   }
 
  private:
-  template <typename... Values>
-  void put(fmt::format_string<Values...> format, Values&&... values) {
-    fmt::format_to(std::back_inserter(text_), format, std::forward<Values>(values)...);
-  }
-
-  void reach(Point point) {
-    least_ = {std::min(least_.x, point.x), std::min(least_.y, point.y)};
-    most_ = {std::max(most_.x, point.x), std::max(most_.y, point.y)};
-  }
-
   void measure() {
     for (const Storey& storey : building_.storeys)
-      if (storey.ordinal == level_)
-        for (const Polygon& polygon : storey.footprint)
-          for (const Point point : polygon.outer) reach(point);
-    for (const Area& area : building_.areas)
-      if (area.level == level_)
-        for (const Polygon& polygon : area.shape)
-          for (const Point point : polygon.outer) reach(point);
+      if (storey.ordinal == level_) reach(storey.footprint);
+    for (const Area* area : areas_) reach(area->shape);
     for (const Node& node : building_.network.nodes)
-      if (node.level == level_) reach(node.position);
-    for (const PlanMark& mark : options_.marks)
-      if (std::isfinite(mark.position.x) && std::isfinite(mark.position.y)) reach(mark.position);
-    if (least_.x > most_.x) least_ = most_ = {0.0, 0.0};
+      if (node.level == level_) plan_.reach(node.position);
+    for (const PlanMark& mark : options_.marks) plan_.reach(mark.position);
+  }
+
+  void reach(const std::vector<Polygon>& shape) {
+    for (const Polygon& polygon : shape)
+      for (const Point point : polygon.outer) plan_.reach(point);
   }
 
   void drawRings(const std::vector<Polygon>& shape, std::string_view style) {
-    text_ += "<path d=\"";
-    const auto ring = [&](const Outline& outline) {
-      char command = 'M';
-      for (const Point point : outline) {
-        put("{}{:.2f} {:.2f}", command, point.x, -point.y);
-        command = 'L';
-      }
-      text_ += 'Z';
-    };
+    std::vector<Outline> rings;
     for (const Polygon& polygon : shape) {
-      ring(polygon.outer);
-      for (const Outline& hole : polygon.holes) ring(hole);
+      rings.push_back(polygon.outer);
+      rings.insert(rings.end(), polygon.holes.begin(), polygon.holes.end());
     }
-    put("\" fill-rule=\"evenodd\" {}/>\n", style);
+    plan_.shape(rings, style);
   }
 
   const Place* placeOf(const Area& area) const {
@@ -148,66 +103,58 @@ class PlanWriter {
                                   AreaKind::stairs,        AreaKind::escalator, AreaKind::elevator,
                                   AreaKind::obstacle,      AreaKind::wall};
     for (const AreaKind kind : order)
-      for (const Area& area : building_.areas) {
-        if (area.level != level_ || area.kind != kind || area.shape.empty()) continue;
-        const Color fill = colorOf(area, placeOf(area));
+      for (const Area* area : areas_) {
+        if (area->kind != kind) continue;
+        const Color fill = colorOf(*area, placeOf(*area));
         const bool walkable = kind == AreaKind::walkway || kind == AreaKind::unknown;
         const Color edge = package::mixed(fill, palette::text, walkable ? 0.2 : 0.55);
-        drawRings(area.shape, fmt::format("fill=\"{}\" stroke=\"{}\" stroke-width=\"{:.3f}\"",
-                                          hex(fill), hex(edge), (walkable ? 0.6 : 1.1) * unit_));
+        drawRings(area->shape, fmt::format("fill=\"{}\" stroke=\"{}\" stroke-width=\"{:.3f}\"",
+                                           hex(fill), hex(edge), (walkable ? 0.6 : 1.1) * pixel_));
       }
     for (const Line& line : building_.lines)
       if (line.kind == LineKind::wall &&
           std::find(line.levels.begin(), line.levels.end(), level_) != line.levels.end())
-        drawLine(line.points, hex(palette::wall), 1.6 * unit_);
+        plan_.line(line.points, stroke(palette::wall, 1.6));
   }
 
-  void drawLine(const std::vector<Point>& points, std::string_view color, double width) {
-    text_ += "<polyline points=\"";
-    for (const Point point : points) put("{:.2f},{:.2f} ", point.x, -point.y);
-    put("\" fill=\"none\" stroke=\"{}\" stroke-width=\"{:.3f}\"/>\n", color, width);
+  // The width is in pixels.
+  std::string stroke(Color color, double width) const {
+    return fmt::format("stroke=\"{}\" stroke-width=\"{:.3f}\"", hex(color), width * pixel_);
   }
 
   void drawDoors() {
     for (const Door& door : building_.doors) {
       if (door.level != level_) continue;
       const bool outer = door.kind == DoorKind::entrance || door.kind == DoorKind::emergency;
-      put("<circle cx=\"{:.2f}\" cy=\"{:.2f}\" r=\"{:.3f}\" fill=\"{}\" stroke=\"{}\" "
-          "stroke-width=\"{:.3f}\"/>\n",
-          door.position.x, -door.position.y, std::clamp(2.0 * unit_, 0.15, 0.5),
-          door.guessed ? hex(palette::casing)
-          : outer      ? "#14694A"
-                       : hex(palette::text),
-          outer ? "#14694A" : hex(palette::text), 0.6 * unit_);
+      const Color color = outer ? package::color(0x14694A) : palette::text;
+      plan_.disc(door.position, std::clamp(2.0 * pixel_, 0.15, 0.5),
+                 fmt::format("fill=\"{}\" {}", hex(door.guessed ? palette::casing : color),
+                             stroke(color, 0.6)));
     }
   }
 
   void drawNetwork() {
     const Network& network = building_.network;
-    put("<g stroke=\"{}\" stroke-width=\"{:.3f}\">\n", hex(palette::route), 0.9 * unit_);
+    plan_.add(fmt::format("<g {}>\n", stroke(palette::route, 0.9)));
     for (const Edge& edge : network.edges) {
       const Node& from = network.nodes[edge.from];
       const Node& to = network.nodes[edge.to];
-      if (from.level != level_ || to.level != level_) continue;
-      put("<line x1=\"{:.2f}\" y1=\"{:.2f}\" x2=\"{:.2f}\" y2=\"{:.2f}\"/>\n", from.position.x,
-          -from.position.y, to.position.x, -to.position.y);
+      if (from.level == level_ && to.level == level_) plan_.line({from.position, to.position}, "");
     }
-    text_ += "</g>\n";
+    plan_.add("</g>\n");
     for (const Node& node : network.nodes)
       if (node.level == level_ && node.kind == NodeKind::boarding)
-        put("<circle cx=\"{:.2f}\" cy=\"{:.2f}\" r=\"{:.3f}\" fill=\"{}\"/>\n", node.position.x,
-            -node.position.y, 2.4 * unit_, hex(palette::pin));
+        plan_.disc(node.position, 2.4 * pixel_, fmt::format("fill=\"{}\"", hex(palette::pin)));
   }
 
   void drawNames() {
-    put("<g fill=\"{}\" text-anchor=\"middle\">\n", hex(palette::text));
-    for (const Area& area : building_.areas) {
-      const Place* place = area.level == level_ ? placeOf(area) : nullptr;
-      if (place != nullptr && !place->names.generated && !area.shape.empty() &&
-          area.kind == AreaKind::room)
-        drawName(place->names.name, area);
+    plan_.add(fmt::format("<g fill=\"{}\" text-anchor=\"middle\">\n", hex(palette::text)));
+    for (const Area* area : areas_) {
+      const Place* place = placeOf(*area);
+      if (place != nullptr && !place->names.generated && area->kind == AreaKind::room)
+        drawName(place->names.name, *area);
     }
-    text_ += "</g>\n";
+    plan_.add("</g>\n");
   }
 
   void drawName(const std::string& name, const Area& area) {
@@ -215,51 +162,47 @@ class PlanWriter {
     double room = 0.0;
     for (const Polygon& polygon : area.shape)
       if (package::contains(polygon.outer, at)) room = package::distanceToBorder(polygon.outer, at);
-    const double size = std::min(2.6 * room / std::max(columnsOf(name) * 0.55, 1.0), 12.0 * unit_);
-    if (size < 3.0 * unit_ || size <= 0.0) return;
-    put("<text x=\"{:.2f}\" y=\"{:.2f}\" font-size=\"{:.3f}\">{}</text>\n", at.x,
-        -at.y + size * 0.35, size, escaped(name));
+    const double size = std::min(2.6 * room / std::max(columnsOf(name) * 0.55, 1.0), 12.0 * pixel_);
+    if (size < 3.0 * pixel_ || size <= 0.0) return;
+    plan_.text(at - Point{0.0, size * 0.35}, size, name, "");
   }
 
   // A round length of about a tenth of the width.
   void drawScaleBar() {
-    const double aim = (most_.x - least_.x) / 8.0;
+    const Point corner = plan_.least();
+    const double aim = (plan_.most().x - corner.x) / 8.0;
     double length = 1.0;
     for (const double step : {1.0, 2.0, 5.0, 10.0, 20.0, 50.0, 100.0, 200.0, 500.0})
       if (step <= aim) length = step;
-    const double x = least_.x;
-    const double y = -least_.y + margin + 8.0 * unit_;
-    put("<path d=\"M{:.2f} {:.2f}h{:.2f}\" stroke=\"{}\" stroke-width=\"{:.3f}\"/>\n", x, y, length,
-        hex(palette::text), 2.0 * unit_);
-    put("<text x=\"{:.2f}\" y=\"{:.2f}\" font-size=\"{:.3f}\" fill=\"{}\">{} m</text>\n",
-        x + length + 4.0 * unit_, y + 4.0 * unit_, 12.0 * unit_, hex(palette::text), length);
-  }
-
-  void drawMark(const PlanMark& mark) {
-    if (!std::isfinite(mark.position.x) || !std::isfinite(mark.position.y)) return;
-    const std::string_view color = mark.severity == Severity::violation ? "#B3261E"
-                                   : mark.severity == Severity::warning ? "#A15C00"
-                                                                        : "#1546B8";
-    put("<circle cx=\"{:.2f}\" cy=\"{:.2f}\" r=\"{:.3f}\" fill=\"{}\" stroke=\"#FFFFFF\" "
-        "stroke-width=\"{:.3f}\"/>\n",
-        mark.position.x, -mark.position.y, 9.0 * unit_, color, 1.2 * unit_);
-    put("<text x=\"{:.2f}\" y=\"{:.2f}\" font-size=\"{:.3f}\" fill=\"#FFFFFF\" "
-        "text-anchor=\"middle\">{}</text>\n",
-        mark.position.x, -mark.position.y + 3.4 * unit_, (mark.number < 100 ? 10.0 : 7.5) * unit_,
-        mark.number);
+    const Point left = corner - Point{0.0, margin + 8.0 * pixel_};
+    const Point right = left + Point{length, 0.0};
+    plan_.line({left, right}, stroke(palette::text, 2.0));
+    plan_.text(right + Point{4.0, -4.0} * pixel_, 12.0 * pixel_, fmt::format("{} m", length),
+               fmt::format("fill=\"{}\"", hex(palette::text)));
   }
 
   const Building& building_;
   double level_;
   const PlanOptions& options_;
-  std::map<std::string, const Place*> places_;
-  Point least_ = {1e300, 1e300};
-  Point most_ = {-1e300, -1e300};
-  double unit_ = 1.0;
-  std::string text_;
+  std::vector<const Area*> areas_;              // of the storey
+  std::map<std::string, const Place*> places_;  // of these areas
+  package::SvgPlan plan_;
+  double pixel_ = 1.0;
 };
 
 }  // namespace
+
+std::string_view colorOf(Severity severity) {
+  switch (severity) {
+    case Severity::violation:
+      return "#B3261E";
+    case Severity::warning:
+      return "#A15C00";
+    case Severity::info:
+      break;
+  }
+  return "#1546B8";
+}
 
 std::string floorPlanSvg(const Building& building, double level, const PlanOptions& options) {
   return PlanWriter(building, level, options).write();

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Apps/Import/Building.hpp"
@@ -22,6 +23,9 @@ struct PlanOptions {
   bool network = false;         ///< the walking network
   std::vector<PlanMark> marks;  ///< of this storey
 };
+
+/// Of marks on plans, such as "#B3261E".
+std::string_view colorOf(Severity severity);
 
 /// The plan of the storey with this ordinal: a complete `<svg>` element that refers to no other
 /// file, with north at the top and a scale bar. It can stand alone or within HTML. Names and

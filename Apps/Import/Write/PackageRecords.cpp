@@ -8,6 +8,7 @@
 #include <set>
 #include <utility>
 
+#include "Apps/Import/Geometry/SegmentGrid.hpp"
 #include "Apps/Import/Places/Categories.hpp"
 #include "Apps/Import/Places/GeneratedNames.hpp"
 #include "Apps/Import/Write/PlaceRecords.hpp"
@@ -135,22 +136,30 @@ double weightOf(const Connector& connector, const PackageLayout& layout) {
 
 // The nodes at the stops, in the order of the stops.
 std::vector<const Node*> boardingNodes(const Connector& connector, const NodeLookup& lookup) {
-  std::vector<const Node*> nodes = lookup.of(NodeKind::boarding, connector.id);
-  const auto nearestStop = [&](const Node* node) {
-    std::size_t best = connector.stops.size();
-    double nearest = 1e300;
-    for (std::size_t i = 0; i < connector.stops.size(); ++i) {
-      const Spot& spot = connector.stops[i].spot;
-      if (spot.level != node->level) continue;
-      if (const double away = distance(spot.position, node->position); away < nearest) {
-        nearest = away;
-        best = i;
-      }
-    }
-    return best;
-  };
-  std::stable_sort(nodes.begin(), nodes.end(),
-                   [&](const Node* a, const Node* b) { return nearestStop(a) < nearestStop(b); });
+  constexpr double farthest = 100.0;                 // meters from a stop to its node
+  std::map<double, std::vector<std::size_t>> stops;  // by storey
+  for (std::size_t i = 0; i < connector.stops.size(); ++i)
+    stops[connector.stops[i].spot.level].push_back(i);
+  std::map<double, SegmentGrid> grids;
+  for (const auto& [level, list] : stops) {
+    std::vector<Segment> points;
+    points.reserve(list.size());
+    for (const std::size_t i : list)
+      points.push_back({connector.stops[i].spot.position, connector.stops[i].spot.position});
+    grids.emplace(level, SegmentGrid(std::move(points), 0.0));
+  }
+  std::multimap<std::size_t, const Node*> ordered;  // by stop; equal ones in the given order
+  for (const Node* node : lookup.of(NodeKind::boarding, connector.id)) {
+    const auto grid = grids.find(node->level);
+    const std::size_t nearest =
+        grid == grids.end() ? SegmentGrid::none : grid->second.nearest(node->position, farthest);
+    ordered.emplace(
+        nearest == SegmentGrid::none ? connector.stops.size() : stops.at(node->level)[nearest],
+        node);
+  }
+  std::vector<const Node*> nodes;
+  nodes.reserve(ordered.size());
+  for (const auto& [stop, node] : ordered) nodes.push_back(node);
   return nodes;
 }
 

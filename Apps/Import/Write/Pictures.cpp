@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Apps/Import/Model/FloorModel.hpp"
+#include "Apps/Package/Box.hpp"
 #include "Apps/Package/Palette.hpp"
 #include "Apps/Package/Picture.hpp"
 
@@ -29,19 +30,15 @@ class PlanPainter {
       return area->kind == AreaKind::walkway || area->kind == AreaKind::unknown;
     });
     for (const Area* area : areas_)
-      for (const Polygon& polygon : area->shape)
-        for (const Point point : polygon.outer) {
-          least_ = {std::min(least_.x, point.x), std::min(least_.y, point.y)};
-          most_ = {std::max(most_.x, point.x), std::max(most_.y, point.y)};
-        }
+      for (const Polygon& polygon : area->shape) box_.add(polygon.outer);
   }
 
   // `share` of the picture is used. With `plain`, everything has this color.
   void paint(Picture& picture, double share, const package::Color* plain) const {
-    if (least_.x >= most_.x || least_.y >= most_.y) return;
-    const double scale = share * std::min(picture.width() / (most_.x - least_.x),
-                                          picture.height() / (most_.y - least_.y));
-    const Point middle = (least_ + most_) * 0.5;
+    const Point size = box_.size();
+    if (size.x <= 0.0 || size.y <= 0.0) return;
+    const double scale = share * std::min(picture.width() / size.x, picture.height() / size.y);
+    const Point middle = (box_.least + box_.most) * 0.5;
     const auto onPicture = [&](const Outline& ring) {
       Outline moved;
       for (const Point point : ring)
@@ -65,13 +62,13 @@ class PlanPainter {
 
   std::map<std::string, const Place*> places_;
   std::vector<const Area*> areas_;
-  Point least_ = {1e300, 1e300};
-  Point most_ = {-1e300, -1e300};
+  package::Box box_;
 };
 
 }  // namespace
 
 void writeImages(const PackageLayout& layout, const std::filesystem::path& folder) {
+  std::filesystem::create_directories(folder);
   const PlanPainter plan(layout);
   for (const int size : {64, 128, 256}) {
     Picture logo(size, size, palette::route, 0.0);

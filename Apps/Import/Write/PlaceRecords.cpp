@@ -142,10 +142,10 @@ std::vector<const Node*> NodeLookup::doorsOf(const Area& area) const {
   std::vector<const Node*> nodes;
   const auto doors = doors_.find(area.id);
   if (doors == doors_.end()) return nodes;
+  std::set<const Node*> taken;
   for (const Door* door : doors->second)
     for (const Node* node : of(NodeKind::door, door->id))
-      if (node->level == area.level && std::find(nodes.begin(), nodes.end(), node) == nodes.end())
-        nodes.push_back(node);
+      if (node->level == area.level && taken.insert(node).second) nodes.push_back(node);
   return nodes;
 }
 

@@ -16,7 +16,7 @@ class MapButtons : public Panel {
  public:
   MapButtons();
 
-  std::function<void(std::string_view key)> tapped;  ///< the key, see `VenueView::handleText`
+  std::function<void(std::string_view key)> tapped;  ///< the key, see `VenueView::carryOut`
 
   /// Returns the size.
   graphics::Size arrange();

@@ -37,11 +37,13 @@ RoutePanel::RoutePanel(const guidance::InterfaceTexts& texts)
       summary_(std::make_shared<Label>(LabelStyle{.bold = true, .lines = 6})),
       remark_(std::make_shared<Label>(
           LabelStyle{.color = theme::faint, .alignment = Alignment::trailing})),
+      warning_(std::make_shared<Label>(
+          LabelStyle{.size = theme::smallSize, .bold = true, .color = theme::warning, .lines = 3})),
       walkButton_(std::make_shared<IconButton>(playIcon())),
       offer_(std::make_shared<Button>(ButtonLook::tinted, "")),
       steps_(std::make_shared<StepList>()) {
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
-           stops_, profiles_, routes_, summary_, remark_, walkButton_, offer_, steps_})
+           stops_, profiles_, routes_, summary_, remark_, warning_, walkButton_, offer_, steps_})
     addSubview(part);
   profiles_->setTitles(profileTitles(texts));
   walkButton_->action = forward(walkTapped);
@@ -73,6 +75,7 @@ void RoutePanel::setProblem(const std::string& text, std::optional<std::size_t> 
   summary_->setText(text);
   summary_->setColor(theme::warning);
   remark_->setText("");
+  warning_->setText("");
   routes_->setTitles({});
   steps_->show(nullptr);
   helpfulProfile_ = helpfulProfile;
@@ -86,6 +89,7 @@ void RoutePanel::setRoute(const GuidedPlan& plan, std::size_t index, const std::
   setProblem(route.summary, std::nullopt);
   summary_->setColor(theme::ink);
   remark_->setText(remark);
+  warning_->setText(route.warning);
   std::vector<std::string> titles;
   for (const GuidedRoute& each : plan.routes) titles.push_back(each.summary);
   if (titles.size() > 1) routes_->setTitles(titles);
@@ -98,7 +102,7 @@ void RoutePanel::setWalk(WalkState state) {
   walkButton_->setIcon(state == WalkState::walking ? pauseIcon() : playIcon());
 }
 
-// Arranges the summary, the remark and the button for a walk. Returns the lower edge.
+// Arranges the summary, the remark, the button for a walk and the warning. Returns the lower edge.
 double RoutePanel::arrangeSummary(double width, double top) {
   const double inner = width - 2 * theme::padding;
   walkButton_->setHidden(!steps_->hasSteps());
@@ -110,7 +114,9 @@ double RoutePanel::arrangeSummary(double width, double top) {
   remark_->setFrame({{theme::padding + text, top}, {remark, height}});
   walkButton_->setFrame(
       {{width - theme::padding - button + 4, top + (height - button) / 2}, {button, button}});
-  return top + height;
+  const double warned = warning_->text().empty() ? 0 : warning_->fitting(inner).height + gap;
+  warning_->setFrame({{theme::padding, top + height}, {inner, warned}});
+  return top + height + warned;
 }
 
 // Arranges the choice of routes, and the profile that may help. Returns the lower edge.

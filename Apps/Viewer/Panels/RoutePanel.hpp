@@ -35,7 +35,8 @@ class RoutePanel : public Panel {
   /// Says that a route is being planned.
   void setPlanning();
 
-  /// Shows the routes to choose from and one of them. `remark` is shown beside the summary.
+  /// Shows the routes to choose from and one of them, with its warning. `remark` is shown beside
+  /// the summary.
   void setRoute(const GuidedPlan& plan, std::size_t index, const std::string& remark);
 
   /// Shows a problem, and offers the profile of `profileChoices` that may help, if any.
@@ -52,6 +53,7 @@ class RoutePanel : public Panel {
 
   const std::string& summary() const { return summary_->text(); }
   const std::string& remark() const { return remark_->text(); }
+  const std::string& warning() const { return warning_->text(); }
   const StepList& steps() const { return *steps_; }
   StopLines& stops() { return *stops_; }
   Segments& profiles() { return *profiles_; }
@@ -72,6 +74,7 @@ class RoutePanel : public Panel {
   std::shared_ptr<Segments> routes_;
   std::shared_ptr<Label> summary_;  // or what is asked for, or the problem
   std::shared_ptr<Label> remark_;
+  std::shared_ptr<Label> warning_;
   std::shared_ptr<IconButton> walkButton_;
   std::shared_ptr<Button> offer_;
   std::optional<std::size_t> helpfulProfile_;

@@ -41,6 +41,11 @@ class GroupTitle : public Row {
   std::shared_ptr<Label> label_;
 };
 
+const char* placeholderKey(std::optional<RouteEnd> end) {
+  if (!end) return "interface.search";
+  return *end == RouteEnd::start ? "interface.search.start" : "interface.search.destination";
+}
+
 std::string labelOf(const std::optional<std::string>& name) {
   return name ? foundation::label(*name) : std::string();
 }
@@ -75,16 +80,17 @@ SearchPanel::SearchPanel(const Venue& venue, const guidance::InterfaceTexts& tex
   clear_->action = [this] { close(); };
 }
 
-void SearchPanel::open(const char* placeholderKey, bool offersNearest) {
-  offersNearest_ = offersNearest;
-  field_->setPlaceholder(texts_.text(placeholderKey));
+void SearchPanel::open(std::optional<RouteEnd> end) {
+  end_ = end;
+  field_->setPlaceholder(texts_.text(placeholderKey(end)));
   field_->setText("");
   field_->setFocused(true);
   search();
 }
 
 void SearchPanel::close() {
-  field_->setPlaceholder(texts_.text("interface.search"));
+  end_.reset();
+  field_->setPlaceholder(texts_.text(placeholderKey(end_)));
   field_->setText("");
   field_->setFocused(false);
   search_.cancel();
@@ -136,7 +142,8 @@ void SearchPanel::show(const std::vector<PlaceGroup>& groups) {
     items_.push_back(std::move(item));
     source.heights.push_back(height);
   };
-  const auto category = offersNearest_ ? categoryTyped(venue_, field_->text()) : nullptr;
+  const auto category =
+      end_ == RouteEnd::start ? nullptr : categoryTyped(venue_, field_->text(), texts_);
   if (category && isOpen())
     add({nullptr, texts_.text("interface.nearest.detail"), category}, Row::detailHeight);
   const bool hasTitles = groups.size() > 1;
@@ -190,11 +197,12 @@ void SearchPanel::chooseMarked() {
 
 // The item is a copy, because closing removes the row that owns it.
 void SearchPanel::choose(Item item) {
+  const auto end = end_;
   close();
   if (item.category) {
     if (nearestChosen) nearestChosen(item.category);
   } else if (chosen) {
-    chosen(item.place);
+    chosen(item.place, end);
   }
 }
 

@@ -3,12 +3,14 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "Apps/Viewer/Keys.hpp"
 #include "Apps/Viewer/LatestRequest.hpp"
 #include "Apps/Viewer/SearchWorker.hpp"
+#include "Apps/Viewer/StopNames.hpp"
 #include "Apps/Viewer/Widgets/List.hpp"
 #include "Apps/Viewer/Widgets/Panel.hpp"
 #include "Apps/Viewer/Widgets/TextField.hpp"
@@ -23,7 +25,8 @@ class SearchPanel : public Panel {
   /// The venue must outlive the panel.
   SearchPanel(const Venue& venue, const guidance::InterfaceTexts& texts);
 
-  std::function<void(const std::shared_ptr<Location>&)> chosen;
+  /// Called with the place that the user has chosen, and with `end`.
+  std::function<void(const std::shared_ptr<Location>&, std::optional<RouteEnd> end)> chosen;
 
   /// Called when the user has chosen the nearest place of a category.
   std::function<void(const std::shared_ptr<Category>&)> nearestChosen;
@@ -32,10 +35,13 @@ class SearchPanel : public Panel {
   TextField& field() { return *field_; }
   bool isOpen() const { return field_->isFocused(); }
 
-  /// Empties the field and gives it the focus. The message with this key says what to search for.
-  /// If `offersNearest` is set and the typed text matches a category, the first result is the
-  /// nearest place of that category.
-  void open(const char* placeholderKey = "interface.search", bool offersNearest = true);
+  /// Empties the field and gives it the focus. `end` is the end of a route for which the user
+  /// searches a place, if any. If the typed text matches a category, the first result is the
+  /// nearest place of that category, except for the start of a route.
+  void open(std::optional<RouteEnd> end = std::nullopt);
+
+  /// Returns the end for which the search is open, if any.
+  std::optional<RouteEnd> end() const { return end_; }
 
   /// Removes the focus and the text.
   void close();
@@ -81,7 +87,7 @@ class SearchPanel : public Panel {
   std::size_t placeCount_ = 0;
   bool hasSearched_ = false;   // the list shows the results of a search
   bool choosesFirst_ = false;  // when the current search has ended
-  bool offersNearest_ = true;
+  std::optional<RouteEnd> end_;
 };
 
 }  // namespace orivanta::viewer

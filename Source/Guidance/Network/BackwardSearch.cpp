@@ -1,6 +1,7 @@
 #include "Source/Guidance/Network/BackwardSearch.hpp"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "Source/Guidance/Network/StopResolver.hpp"
 
@@ -22,12 +23,13 @@ class BackwardSearch {
     for (const Ends::Split& split : goal.splits) {
       if (!isUsable(split.arc)) continue;
       add(network_.arcs()[split.arc].origin);
-      splits_.push_back(split);
+      double& farthest = shares_.try_emplace(split.arc, split.share).first->second;
+      farthest = std::max(farthest, split.share);
     }
   }
 
-  void run() {
-    while (!waiting_.empty()) {
+  void run(const foundation::CancellationToken& token) {
+    while (!waiting_.empty() && !token.isCanceled()) {
       const Index vertex = waiting_.back();
       waiting_.pop_back();
       for (const Index arc : network_.arcsInto(vertex))
@@ -53,35 +55,38 @@ class BackwardSearch {
 
   // To the end of the arc, or to a goal ahead on it.
   bool leads(const Ends::Split& split) const {
-    return isUsable(split.arc) &&
-           (leads_[network_.arcs()[split.arc].target] ||
-            std::any_of(splits_.begin(), splits_.end(), [&](const Ends::Split& goal) {
-              return goal.arc == split.arc && goal.share >= split.share;
-            }));
+    if (!isUsable(split.arc)) return false;
+    if (leads_[network_.arcs()[split.arc].target]) return true;
+    const auto goal = shares_.find(split.arc);
+    return goal != shares_.end() && goal->second >= split.share;
   }
 
   const GuideNetwork& network_;
   const CostTable& costs_;
   std::vector<bool> leads_;  // by node
   std::vector<Index> waiting_;
-  std::vector<Ends::Split> splits_;  // of the goals that are positions
+  std::unordered_map<Index, double> shares_;  // of the farthest goal on an arc
 };
 
 }  // namespace
 
 std::vector<bool> leadToAny(const GuideData& data, const std::vector<Stop>& from,
                             const std::vector<Stop>& to, const Profile& profile,
-                            const Closures& closures) {
+                            const Closures& closures, const foundation::CancellationToken& token) {
   const StopResolver resolver(data, closures);
   const auto costs = data.costs.table(profile, data.places.closedArcs(closures));
   BackwardSearch search(data.network, *costs);
-  for (const Stop& stop : to)
+  const std::vector<bool> none(from.size(), false);
+  for (const Stop& stop : to) {
+    if (token.isCanceled()) return none;
     if (const ResolvedStop goal = resolver.resolve(stop, 0, false); !goal.problem)
       search.aimAt(goal.ends);
-  search.run();
+  }
+  search.run(token);
   std::vector<bool> leads;
   leads.reserve(from.size());
   for (const Stop& stop : from) {
+    if (token.isCanceled()) return none;
     const ResolvedStop start = resolver.resolve(stop, 0, true);
     leads.push_back(!start.problem && search.leads(start.ends));
   }

@@ -17,14 +17,6 @@ constexpr double rampMetersPerRise = 8.0;
 
 }  // namespace
 
-ConnectorKind connectorKindOf(std::string_view type) {
-  if (type == "elevator" || type == "lift") return ConnectorKind::lift;
-  if (type == "escalator") return ConnectorKind::escalator;
-  if (type == "stairs") return ConnectorKind::stairs;
-  if (type == "ramp") return ConnectorKind::ramp;
-  return ConnectorKind::other;
-}
-
 double speedOf(const Profile& profile) {
   const double speed = profile.walkingMetersPerSecond;
   return std::isfinite(speed) && speed > 0.0 ? speed : Profile().walkingMetersPerSecond;

@@ -2,14 +2,10 @@
 #pragma once
 
 #include <algorithm>
-#include <string_view>
 
 #include "Source/Guidance/Profile.hpp"
 
 namespace orivanta::guidance {
-
-/// Returns the kind of a connector whose record has this `type`.
-ConnectorKind connectorKindOf(std::string_view type);
 
 /// Returns the walking speed of a profile in meters per second; 1.2 if it is not usable.
 double speedOf(const Profile& profile);

@@ -30,7 +30,8 @@ void project(NearbyPlace& place, const WalkLine& line, std::size_t index) {
 
 }  // namespace
 
-NearbyPlaces::NearbyPlaces(const WalkLine& line, const Surroundings& surroundings) {
+NearbyPlaces::NearbyPlaces(const WalkLine& line, const Surroundings& surroundings,
+                           const foundation::CancellationToken& token) {
   std::vector<const Node*> nodes;
   for (std::size_t i = 0; i < line.size(); ++i) {
     nodes.push_back(line.node(i).get());
@@ -38,15 +39,17 @@ NearbyPlaces::NearbyPlaces(const WalkLine& line, const Surroundings& surrounding
       if (!place->polygons.empty()) entered_.insert(place.get());
   }
   for (const auto& reached : nodesOnFoot(surroundings.network(), nodes, farthestOnFoot))
-    add(reached, line, surroundings);
+    add(reached, line, surroundings, token);
   std::stable_sort(places_.begin(), places_.end(),
                    [](const auto& left, const auto& right) { return left.along < right.along; });
 }
 
 void NearbyPlaces::add(const ReachedNode& reached, const WalkLine& line,
-                       const Surroundings& surroundings) {
+                       const Surroundings& surroundings,
+                       const foundation::CancellationToken& token) {
   if (reached.node->map != line.node(reached.start)->map) return;
   for (const auto& place : surroundings.placesAt(*reached.node)) {
+    if (token.isCanceled()) return;
     if (entered_.contains(place.get())) continue;
     NearbyPlace nearby;
     nearby.place = place;

@@ -6,6 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/Guidance/Steps/OnFoot.hpp"
 #include "Source/Guidance/Steps/PlanePoint.hpp"
@@ -31,13 +32,16 @@ class NearbyPlaces {
   /// The longest walk from the line to an entrance, in meters.
   static constexpr double farthestOnFoot = 12.0;
 
-  NearbyPlaces(const WalkLine& line, const Surroundings& surroundings);
+  /// Lists fewer places if it is canceled.
+  NearbyPlaces(const WalkLine& line, const Surroundings& surroundings,
+               const foundation::CancellationToken& token = {});
 
   /// Returns the entrances whose position on the line is in this range, by position.
   std::span<const NearbyPlace> between(double begin, double end) const;
 
  private:
-  void add(const ReachedNode& reached, const WalkLine& line, const Surroundings& surroundings);
+  void add(const ReachedNode& reached, const WalkLine& line, const Surroundings& surroundings,
+           const foundation::CancellationToken& token);
 
   std::vector<NearbyPlace> places_;  // by position on the line
   std::unordered_set<const Location*> entered_;

@@ -1,7 +1,8 @@
 #include "Source/Guidance/Steps/RoomsOnWay.hpp"
 
-#include <algorithm>
 #include <optional>
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "Source/Location.hpp"
@@ -10,72 +11,101 @@ namespace orivanta::guidance {
 
 namespace {
 
-bool isStop(const Visit* visit, const std::shared_ptr<Location>& place) {
-  return visit != nullptr && visit->location == place;
-}
+using Places = std::unordered_set<const Location*>;
 
-// Looks for the doors of one room around a point of the line.
-class Doors {
+// Looks at the parts of the line between two doors. All calls together take linear time.
+class RoomFinder {
  public:
-  Doors(const WalkLine& line, const Surroundings& surroundings, std::shared_ptr<Location> place)
-      : line_(line), surroundings_(surroundings), place_(std::move(place)) {}
+  RoomFinder(const WalkLine& line, const Section& section, const Surroundings& surroundings)
+      : line_(line), surroundings_(surroundings) {
+    for (const Visit* visit : {section.departure, section.arrival})
+      if (visit != nullptr) stops_.insert(visit->location.get());
+  }
 
-  // Returns the room between the doors around the first node inside. Returns nothing for later
-  // nodes, so that all calls together take linear time.
-  std::optional<RoomOnWay> around(std::size_t inside) const {
-    const auto first = doorFrom(inside, false);
-    const auto last = doorFrom(inside, true);
-    if (!first || !last || line_.node(*first) == line_.node(*last)) return std::nullopt;
-    if (!isOwn(*first) && !isOwn(*last)) return std::nullopt;
-    return RoomOnWay{place_, *first, *last};
+  bool isDoor(std::size_t index) const { return surroundings_.isDoor(*line_.node(index)); }
+
+  // Returns the place whose room the line crosses between two consecutive doors, or null. Nodes of
+  // no room may lie between the room and its own entrance, but not between the room and the
+  // entrance of another place.
+  std::shared_ptr<Location> roomBetween(std::size_t door, std::size_t next) const {
+    std::size_t first = door + 1;
+    while (first < next && isOutside(first)) ++first;
+    std::size_t last = next - 1;
+    while (last > first && isOutside(last)) --last;
+    if (first >= next || line_.node(door) == line_.node(next)) return nullptr;
+    const auto rooms = inside(first, last);
+    const Places entered = entrancesAt(door);
+    const Places left = entrancesAt(next);
+    for (const auto& place : surroundings_.roomsAt(*line_.node(first))) {
+      if (!rooms.contains(place.get()) || stops_.contains(place.get())) continue;
+      const bool isEntered = entered.contains(place.get());
+      const bool isLeft = left.contains(place.get());
+      if ((isEntered || isLeft) && (isEntered || first == door + 1) && (isLeft || last + 1 == next))
+        return place;
+    }
+    return nullptr;
+  }
+
+  // Returns whether a walk that comes to a door of a place and goes on from another one has not
+  // left its room: there are only entrances of the place between them.
+  bool staysInside(const Location& place, std::size_t door, std::size_t next) const {
+    if (door == next) return true;
+    for (std::size_t i = door; i <= next; ++i)
+      if (!surroundings_.isEntranceOf(*line_.node(i), place)) return false;
+    return true;
   }
 
  private:
-  bool isOwn(std::size_t index) const {
-    return surroundings_.isEntranceOf(*line_.node(index), *place_);
+  bool isOutside(std::size_t index) const {
+    return surroundings_.roomsAt(*line_.node(index)).empty();
   }
 
-  bool isInside(std::size_t index) const {
-    const auto rooms = surroundings_.roomsAt(*line_.node(index));
-    return std::find(rooms.begin(), rooms.end(), place_) != rooms.end();
-  }
-
-  // Nodes of no room may lie between a node inside and the room's own entrance.
-  std::optional<std::size_t> doorFrom(std::size_t inside, bool forward) const {
-    for (std::size_t i = inside; forward ? i + 1 < line_.size() : i > 0;) {
-      const bool isNext = isInside(i);
-      i = forward ? i + 1 : i - 1;
-      if (isOwn(i)) return i;
-      if (surroundings_.isDoor(*line_.node(i))) return isNext ? std::optional(i) : std::nullopt;
-      const bool isRoom = !surroundings_.roomsAt(*line_.node(i)).empty();
-      if (isRoom && !(forward && isInside(i))) return std::nullopt;
+  // Returns the places in whose rooms all nodes lie that lie in any.
+  Places inside(std::size_t first, std::size_t last) const {
+    std::unordered_map<const Location*, std::size_t> counts;
+    std::size_t nodes = 0;
+    for (std::size_t i = first; i <= last; ++i) {
+      if (isOutside(i)) continue;
+      for (const auto& place : surroundings_.roomsAt(*line_.node(i)))
+        if (auto& count = counts[place.get()]; count == nodes) ++count;
+      ++nodes;
     }
-    return std::nullopt;
+    Places all;
+    for (const auto& [place, count] : counts)
+      if (count == nodes) all.insert(place);
+    return all;
+  }
+
+  Places entrancesAt(std::size_t index) const {
+    Places places;
+    for (const auto& place : surroundings_.placesAt(*line_.node(index))) places.insert(place.get());
+    return places;
   }
 
   const WalkLine& line_;
   const Surroundings& surroundings_;
-  const std::shared_ptr<Location> place_;
+  Places stops_;
 };
 
 }  // namespace
 
 std::vector<RoomOnWay> roomsOnWay(const WalkLine& line, const Section& section,
-                                  const Surroundings& surroundings) {
+                                  const Surroundings& surroundings,
+                                  const foundation::CancellationToken& token) {
+  const RoomFinder finder(line, section, surroundings);
   std::vector<RoomOnWay> rooms;
-  for (std::size_t i = 0; i < line.size();) {
-    std::optional<RoomOnWay> room;
-    for (const auto& place : surroundings.roomsAt(*line.node(i))) {
-      if (isStop(section.departure, place) || isStop(section.arrival, place)) continue;
-      room = Doors(line, surroundings, place).around(i);
-      if (room) break;
-    }
-    i = room ? room->last : i + 1;
-    if (!room) continue;
-    if (!rooms.empty() && rooms.back().place == room->place)
-      rooms.back().last = room->last;  // it touches another entrance on the way
+  std::optional<std::size_t> door;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    if (token.isCanceled()) return {};
+    if (!finder.isDoor(i)) continue;
+    auto place = door ? finder.roomBetween(*door, i) : nullptr;
+    const std::size_t first = std::exchange(door, i).value_or(i);
+    if (!place) continue;
+    if (!rooms.empty() && rooms.back().place == place &&
+        finder.staysInside(*place, rooms.back().last, first))
+      rooms.back().last = i;
     else
-      rooms.push_back(*std::move(room));
+      rooms.push_back({std::move(place), first, i});
   }
   return rooms;
 }

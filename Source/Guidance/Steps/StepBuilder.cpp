@@ -12,9 +12,11 @@ namespace {
 
 class StepBuilder {
  public:
-  StepBuilder(const Itinerary& itinerary, const Surroundings& surroundings)
-      : itinerary_(itinerary), surroundings_(surroundings), landmarks_(itinerary) {
+  StepBuilder(const Itinerary& itinerary, const Surroundings& surroundings,
+              const foundation::CancellationToken& token)
+      : itinerary_(itinerary), surroundings_(surroundings), token_(token), landmarks_(itinerary) {
     for (const Section& section : sectionsOf(itinerary)) {
+      if (token.isCanceled()) break;
       if (section.kind == Leg::Kind::walk)
         addWalk(section);
       else
@@ -28,7 +30,7 @@ class StepBuilder {
 
  private:
   void addWalk(const Section& section) {
-    WalkSteps walk(itinerary_, section, surroundings_, landmarks_);
+    WalkSteps walk(itinerary_, section, surroundings_, landmarks_, token_);
     if (!steps.empty()) {
       steps.back().metersToNext += walk.metersBefore;
       steps.back().secondsToNext += walk.secondsBefore;
@@ -73,18 +75,23 @@ class StepBuilder {
 
   const Itinerary& itinerary_;
   const Surroundings& surroundings_;
+  const foundation::CancellationToken& token_;
   Landmarks landmarks_;
   Side rideSide_ = Side::none;
 };
 
 }  // namespace
 
-std::vector<Step> stepsOf(const Itinerary& itinerary, const Surroundings& surroundings) {
+std::vector<Step> stepsOf(const Itinerary& itinerary, const Surroundings& surroundings,
+                          const foundation::CancellationToken& token) {
   if (!itinerary.isUsable()) return {};
-  if (itinerary.visits.size() >= 2) return StepBuilder(itinerary, surroundings).steps;
-  Itinerary complete = itinerary;
-  complete.visits = {{0, 0, nullptr}, {1, itinerary.legs.size(), nullptr}};
-  return StepBuilder(complete, surroundings).steps;
+  if (itinerary.visits.size() < 2) {
+    Itinerary complete = itinerary;
+    complete.visits = {{0, 0, nullptr}, {1, itinerary.legs.size(), nullptr}};
+    return stepsOf(complete, surroundings, token);
+  }
+  auto steps = std::move(StepBuilder(itinerary, surroundings, token).steps);
+  return token.isCanceled() ? std::vector<Step>() : steps;
 }
 
 }  // namespace orivanta::guidance

@@ -6,7 +6,6 @@
 
 #include "Source/Category.hpp"
 #include "Source/Guidance/Network/ConnectorSign.hpp"
-#include "Source/Guidance/Network/Rooms.hpp"
 #include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 #include "Source/Location.hpp"
@@ -54,6 +53,7 @@ void Surroundings::addEntrances(const std::shared_ptr<Location>& place) {
   for (const auto& polygon : place->polygons)
     for (const auto& node : polygon->entrances) {
       addEntrance(place, node);
+      doors_.insert(node.get());
       hasDoors = true;
     }
   if (hasDoors) return;
@@ -101,12 +101,6 @@ bool Surroundings::isEntranceOf(const Node& node, const Location& place) const {
   const auto places = placesAt(node);
   return std::any_of(places.begin(), places.end(),
                      [&](const auto& other) { return other.get() == &place; });
-}
-
-bool Surroundings::isDoor(const Node& node) const {
-  const auto places = placesAt(node);
-  return std::any_of(places.begin(), places.end(),
-                     [](const auto& place) { return hasEntrances(*place); });
 }
 
 std::span<const std::shared_ptr<Location>> Surroundings::roomsAt(const Node& node) const {

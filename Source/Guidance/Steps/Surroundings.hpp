@@ -34,7 +34,7 @@ class Surroundings {
   bool isEntranceOf(const Node& node, const Location& place) const;
 
   /// Returns whether a node is an entrance of a room.
-  bool isDoor(const Node& node) const;
+  bool isDoor(const Node& node) const { return doors_.contains(&node); }
 
   /// Returns the rooms in which a node lies, without those that have no name to be spoken. None if
   /// the node is a door.
@@ -79,6 +79,7 @@ class Surroundings {
   std::vector<std::shared_ptr<Vortex>> connectors_;   // likewise
   std::unordered_map<const Node*, std::vector<std::shared_ptr<Location>>> places_;
   std::unordered_map<const Node*, std::vector<std::shared_ptr<Location>>> rooms_;
+  std::unordered_set<const Node*> doors_;
   std::unordered_set<const Location*> named_;
   std::unordered_map<const Location*, std::string> signs_;  // of the connectors
   std::vector<KindEntry> kinds_;                            // sorted by category, map and x

@@ -16,7 +16,8 @@ constexpr double aloneMeters = 3.0;  // a shorter straight walk has no instructi
 }  // namespace
 
 WalkSteps::WalkSteps(const Itinerary& itinerary, const Section& section,
-                     const Surroundings& surroundings, Landmarks& landmarks)
+                     const Surroundings& surroundings, Landmarks& landmarks,
+                     const foundation::CancellationToken& token)
     : line_(itinerary, section.firstLeg, section.endLeg, surroundings.metersPerUnit()) {
   if (line_.empty()) return;
   const WalkEnds ends(line_, section, surroundings);
@@ -31,8 +32,8 @@ WalkSteps::WalkSteps(const Itinerary& itinerary, const Section& section,
   else
     rideSide = plan.endSide;
   measure();
-  mention(NearbyPlaces(line_, surroundings), plan, ends, landmarks);
-  addRooms(section, surroundings);
+  mention(NearbyPlaces(line_, surroundings, token), plan, ends, landmarks);
+  addRooms(section, surroundings, token);
   dropEmptyLeave();
 }
 
@@ -123,8 +124,9 @@ void WalkSteps::mention(const NearbyPlaces& nearby, const WalkPlan& plan, const 
 }
 
 // A room belongs to the last instruction at or before its entrance.
-void WalkSteps::addRooms(const Section& section, const Surroundings& surroundings) {
-  for (const RoomOnWay& room : roomsOnWay(line_, section, surroundings)) {
+void WalkSteps::addRooms(const Section& section, const Surroundings& surroundings,
+                         const foundation::CancellationToken& token) {
+  for (const RoomOnWay& room : roomsOnWay(line_, section, surroundings, token)) {
     const auto next = std::upper_bound(anchors_.begin() + 1, anchors_.end(), room.first);
     steps[static_cast<std::size_t>(next - anchors_.begin()) - 1].through.push_back(room.place);
   }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Source/Guidance/Itinerary.hpp"
 #include "Source/Guidance/Step.hpp"
 #include "Source/Guidance/Steps/Landmarks.hpp"
@@ -17,9 +18,10 @@ namespace orivanta::guidance {
 
 class WalkSteps {
  public:
-  /// `landmarks` learns which places were mentioned.
+  /// `landmarks` learns which places were mentioned. If it is canceled, the instructions mention
+  /// fewer places.
   WalkSteps(const Itinerary& itinerary, const Section& section, const Surroundings& surroundings,
-            Landmarks& landmarks);
+            Landmarks& landmarks, const foundation::CancellationToken& token);
 
   /// The instructions in order. Empty if there is nothing to tell: a short straight way from a
   /// ride to the end.
@@ -35,7 +37,8 @@ class WalkSteps {
   Side sideAfterRide(const Leg& ride, const WalkPlan& plan, const Surroundings& surroundings) const;
   void measure();
   void dropEmptyLeave();
-  void addRooms(const Section& section, const Surroundings& surroundings);
+  void addRooms(const Section& section, const Surroundings& surroundings,
+                const foundation::CancellationToken& token);
   void mention(const NearbyPlaces& nearby, const WalkPlan& plan, const WalkEnds& ends,
                Landmarks& landmarks);
   void add(Step step, const ToldTurn* told, std::size_t first, std::size_t last,

@@ -10,7 +10,7 @@ namespace orivanta::guidance {
 namespace {
 
 constexpr std::size_t mostPassed = 2;
-constexpr std::size_t mostRooms = 2;
+constexpr std::size_t mostRooms = 2;  // by name; of further ones, the number is told
 
 // The keys of passed places name their sides if all of these are known.
 std::string sidesKey(const std::vector<std::pair<std::string, Side>>& passed) {
@@ -46,14 +46,19 @@ std::string WalkWriter::text() const {
 // The rooms on the way, or an empty text if there are none.
 std::string WalkWriter::through(const std::string& key, const std::string& length) const {
   std::vector<std::string> rooms;
+  const Location* last = nullptr;
   for (const auto& room : step_.through) {
+    if (room.get() == std::exchange(last, room.get())) continue;  // entered again
     std::string name = placeName(messages_, room);
     if (!name.empty()) rooms.push_back(std::move(name));
-    if (rooms.size() == mostRooms) break;
   }
   if (rooms.empty()) return {};
-  return messages_.format(key + (rooms.size() == 1 ? ".one" : ".two"),
-                          {{"length", length}, {"place", rooms.front()}, {"other", rooms.back()}});
+  if (rooms.size() == 1)
+    return messages_.format(key + ".one", {{"length", length}, {"place", rooms[0]}});
+  const Arguments arguments{{"length", length}, {"place", rooms[0]}, {"other", rooms[1]}};
+  return rooms.size() <= mostRooms
+             ? messages_.format(key + ".two", arguments)
+             : messages_.format(key + ".more", "rooms", rooms.size() - mostRooms, arguments);
 }
 
 }  // namespace orivanta::guidance

@@ -5,6 +5,7 @@
 
 #include "Platform/Graphics/Changes.hpp"
 #include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/LabelName.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/MapView.hpp"
@@ -122,7 +123,8 @@ bool LabelLayer::hasRoom(const Name& name, std::vector<graphics::Rect>& taken) c
 
 void LabelLayer::makeMarker(Name& name) const {
   name.made = true;
-  name.marker = makeLabelMarker(name.location->name.value_or(""), labelStyle(labelSize), scale_);
+  name.marker =
+      makeLabelMarker(labelName(*mapView_->venue, *name.location), labelStyle(labelSize), scale_);
   if (!name.marker) return;
   name.marker->setPosition(name.position);
   name.size = name.marker->node->size();

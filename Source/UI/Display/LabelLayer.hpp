@@ -16,10 +16,10 @@ namespace orivanta {
 class MapView;
 class MapViewMarker2D;
 
-/// Shows names of places as labels in a map view. A label never overlaps another label or a marker
-/// that is not hidden on collision, and is always entirely visible. Places with an area have
-/// priority over places without one; otherwise the venue's order decides. Keeps a reference to the
-/// map view. Main thread.
+/// Shows names of places as labels in a map view, see `labelName`. A label never overlaps another
+/// label or a marker that is not hidden on collision, and is always entirely visible. Places with
+/// an area have priority over places without one; otherwise the venue's order decides. Keeps a
+/// reference to the map view. Main thread.
 class ORIVANTA_API LabelLayer {
  public:
   /// `scale` is in pixels per point.

@@ -7,6 +7,7 @@
 #include "Platform/Graphics/Text.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
+#include "Source/Guidance/LabelName.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
@@ -23,10 +24,6 @@ namespace orivanta {
 namespace {
 
 constexpr double backing = 3.5;  // points around the letters, which may be on the route
-
-std::string nameOf(const std::shared_ptr<Location>& location, const char* otherwise) {
-  return location ? location->name.value_or(otherwise) : otherwise;
-}
 
 // Returns the mark of a floor change that starts at a node of the path; empty if there is none.
 std::string rideText(const NodeList& path, std::size_t begin) {
@@ -149,10 +146,16 @@ void RouteOverlay::addMarks() {
     const bool isEnd = i + 1 == path_.size();
     const bool leaves = !isEnd && !isOnShownFloor(i + 1);
     if (!isStart && !isEnd && !leaves && isOnShownFloor(i - 1)) continue;
-    std::string text = isStart ? nameOf(from_, "Start") : isEnd ? nameOf(to_, "Destination") : "";
+    std::string text = isStart ? nameOf(from_, start) : isEnd ? nameOf(to_, destination) : "";
     if (leaves) text += (text.empty() ? "" : "  ") + rideText(path_, i);
     addMark(i, isEnd ? markColors::end : isStart ? markColors::start : markColors::ride, text);
   }
+}
+
+std::string RouteOverlay::nameOf(const std::shared_ptr<Location>& place,
+                                 const std::string& otherwise) const {
+  if (!place || !place->name) return otherwise;
+  return mapView_->venue ? labelName(*mapView_->venue, *place) : *place->name;
 }
 
 void RouteOverlay::addMark(std::size_t index, graphics::Color markColor, const std::string& text) {

@@ -24,7 +24,8 @@ class MapView;
 /// not affect them. Keeps a reference to the map view. Main thread.
 class ORIVANTA_API RouteOverlay {
  public:
-  /// The names of `from` and `to`, which may be null, label the ends. Shows nothing until `show`.
+  /// The names of `from` and `to`, which may be null, label the ends, see `labelName`. Shows
+  /// nothing until `show`.
   RouteOverlay(std::shared_ptr<MapView> mapView, NodeList path,
                std::shared_ptr<Location> from = nullptr, std::shared_ptr<Location> to = nullptr);
 
@@ -35,6 +36,9 @@ class ORIVANTA_API RouteOverlay {
 
   /// The color in which `show` draws the route. If empty, the map view's `pathColor`.
   std::optional<graphics::Color> color;
+
+  std::string start = "Start";              ///< the label of a start that is no place
+  std::string destination = "Destination";  ///< the label of a destination that is no place
 
   /// Returns the visits to floors, in route order. Empty if the path is empty.
   const std::vector<FloorVisit>& visits() const { return visits_; }
@@ -71,6 +75,7 @@ class ORIVANTA_API RouteOverlay {
   void redraw();
   void drawSegments();
   void addMarks();
+  std::string nameOf(const std::shared_ptr<Location>& place, const std::string& otherwise) const;
   void addMark(std::size_t index, graphics::Color markColor, const std::string& text);
   void arrangeMarks();
   void clear();

@@ -66,7 +66,7 @@ TEST_F(ImportBuilding, WritesAPackageAndTellsWhatItMade) {
 
 TEST_F(ImportBuilding, FailsWithoutTouchingTheTarget) {
   std::ofstream(folder_ / "broken.osm") << "<osm><node";
-  std::ofstream(folder_ / "fixes.json") << R"({"way/3": {"hours": "Mo-Fr 08:00-17:00"}})";
+  std::ofstream(folder_ / "fixes.json") << R"({"way/-3": {"hours": "Mo-Fr 08:00-17:00"}})";
   const struct {
     std::vector<std::string> options;
     const char* source;
@@ -91,5 +91,21 @@ TEST_F(ImportBuilding, FailsWithoutTouchingTheTarget) {
   EXPECT_EQ(import({}).exitCode, 2);
   EXPECT_TRUE(fs::exists(folder_ / "house" / "thesis.txt"));
 }
+
+// The sanitizers need more address space than the limit leaves.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+TEST_F(ImportBuilding, ExplainsThatThereIsNotEnoughMemory) {
+  const fs::path large = temporary_.write("large.osm", "");
+  fs::resize_file(large, 300U << 20U);  // sparse
+  const std::string command = "ulimit -v 300000; exec " ORIVANTA_COMMAND " import " +
+                              large.string() + " -o " + (folder_ / "house").string() + " 2> " +
+                              (folder_ / "errors").string();
+  EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 6);
+  std::ifstream errors(folder_ / "errors");
+  std::string line;
+  std::getline(errors, line);
+  EXPECT_EQ(line, "orivanta: there is not enough memory");
+}
+#endif
 
 }  // namespace orivanta::command

@@ -91,6 +91,15 @@ TEST(Connectors, FollowFromShapes) {
         {AreaKind::escalator, {1, box(9.2, 1, 10.2, 6)}},
         {AreaKind::escalator, {1, box(8, 1, 9, 6)}}},
        "escalator 0 1; escalator 0 1"},
+      {"a flight in two parts, on both storeys",
+       {{AreaKind::escalator, {0, box(8, 1, 9, 6)}},
+        {AreaKind::escalator, {0, box(8, 6, 9, 11)}},
+        {AreaKind::escalator, {1, box(8, 1, 9, 6)}},
+        {AreaKind::escalator, {1, box(8, 6, 9, 11)}}},
+       "escalator 0 1"},
+      {"a flight that passes two storeys",
+       {{AreaKind::escalator, {0, low}}, {AreaKind::escalator, {3, low}}},
+       "escalator 0 3"},
       {"steps within a hall", {{AreaKind::stairs, {3, box(4, 10, 6, 12)}}}, "stairs 3 3"},
   };
   for (const auto& [name, areas, expected] : cases) {
@@ -118,6 +127,25 @@ TEST(Connectors, FlightDrawnOnceLeadsToTheNextHall) {
   EXPECT_FALSE(stops[1].leave);
 }
 
+// A flight that is drawn on both storeys, in a gap of the upper hall: it leads to the nearer edge.
+TEST(Connectors, FlightsLeadFromSpaceToSpace) {
+  for (const bool north : {true, false}) {
+    Building building = halls(1);
+    building.storeys.emplace_back().ordinal = 1;
+    add(building, AreaKind::walkway, 1, north ? box(0, 16, 20, 20) : box(0, 0, 20, 5));
+    for (const double level : {0.0, 1.0})
+      add(building, AreaKind::escalator, level, box(8, 8, 9, 13));
+    ASSERT_EQ(made(building), "escalator 0 1");
+    const std::vector<Stop>& stops = building.connectors.front().stops;
+    EXPECT_NEAR(stops[0].spot.position.y, north ? 8.0 : 13.0, 0.2);
+    EXPECT_NEAR(stops[1].spot.position.y, north ? 13.0 : 8.0, 0.2);
+    // Nothing is drawn between it and the edge, so a path is assumed.
+    ASSERT_EQ(building.lines.size(), 1U);
+    EXPECT_EQ(building.lines.front().levels, std::vector<double>{1.0});
+    EXPECT_NEAR(building.lines.front().points.back().y, north ? 17.0 : 4.0, 0.2);
+  }
+}
+
 TEST(Connectors, FollowFromWhatTheSourceSays) {
   Building building = halls(3);
   // A list of levels wins over shapes, doors over contacts.
@@ -125,6 +153,8 @@ TEST(Connectors, FollowFromWhatTheSourceSays) {
     add(building, AreaKind::elevator, level, box(5, 5, 7, 7), "lift");
     building.areas.back().connector = "lift";
     building.areas.back().wheelchair = Wheelchair::no;
+    building.areas.back().access = Access::staff;
+    if (level == 2.0) building.areas.back().names.name = "Lift A";
     Door door;
     door.id = "door" + std::to_string(static_cast<int>(level));
     door.level = level;
@@ -151,8 +181,28 @@ TEST(Connectors, FollowFromWhatTheSourceSays) {
   EXPECT_FALSE(escalator.stops[0].enter);  // the line leads down
   const Connector& lift = building.connectors[1];
   EXPECT_FALSE(lift.accessible);
+  EXPECT_EQ(lift.access, Access::staff);
+  EXPECT_EQ(lift.names.name, "Lift A");
   EXPECT_EQ(lift.stops[0].spot.position.x, 7.0);
   EXPECT_EQ(lift.stops[0].area, "lift@0");
+}
+
+// The level of an end is wrong where nothing is drawn on it, and a path of another storey goes on.
+TEST(Connectors, FlightsEndOnThePathsThatTheyContinue) {
+  Building building = halls(2);
+  building.storeys.emplace_back().ordinal = 2;
+  const auto addLine = [&](LineKind kind, std::vector<double> levels, std::vector<Point> points,
+                           std::vector<std::string> ids) {
+    Line& line = building.lines.emplace_back();
+    line.id = "line" + std::to_string(building.lines.size());
+    line.kind = kind;
+    line.levels = std::move(levels);
+    line.points = std::move(points);
+    line.pointIds = std::move(ids);
+  };
+  addLine(LineKind::steps, {0, 2}, {{19, 5}, {30, 5}}, {"bottom", "top"});
+  addLine(LineKind::path, {1}, {{30, 5}, {30, 15}, {19, 15}}, {"top", "bend", "hall"});
+  EXPECT_EQ(made(building), "stairs 0 1");
 }
 
 TEST(Connectors, OfLinksEndWherePeopleWalkOn) {

@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <tuple>
 
+#include "Apps/Import/Read/CleanTexts.hpp"
 #include "Apps/Import/Read/Sources.hpp"
 #include "Apps/Import/SourceError.hpp"
 #include "Tests/Apps/Import/House/House.hpp"
@@ -50,6 +52,28 @@ TEST(Damage, IsSurvivedByAllReaders) {
         bytes[random() % bytes.size()] = "0123456789-\"[]{}<>,:=/#ex \xFF"[random() % 27];
       tryToRead(damaged, format);
     }
+  }
+}
+
+// Every text of a building must be valid in the package.
+TEST(Damage, TextsAreMadeUtf8) {
+  for (const auto& [write, format, from, to] :
+       {std::tuple(&house::asOsmXml, Format::osmXml, "Library", "Li\xE9\x01y"),
+        {&house::asIndoorGml, Format::indoorGml, "Library", "Li\xC3"},
+        {&house::asIndoorGml, Format::indoorGml, "Space gml:id=\"", "Space gml:id=\"\xFF"}}) {
+    std::vector<SourceFile> files = write(house::make());
+    std::string& bytes = files.front().bytes;
+    bytes.replace(bytes.find(from), std::string_view(from).size(), to);
+    Findings findings;
+    Building building = readBuilding(files, format, {}, findings);
+    EXPECT_GE(findings.countOf("text-not-utf8"), 1U);
+    for (const Finding& finding : findings.sorted()) {
+      std::string message = finding.source + finding.message;
+      EXPECT_FALSE(cleanText(message)) << message;
+    }
+    Findings again;
+    cleanTexts(building, again);
+    EXPECT_EQ(again.count(), 0U);
   }
 }
 

@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <boost/json/parse.hpp>
+#include <filesystem>
 
+#include "Apps/Import/Connectors/FromLines.hpp"
+#include "Apps/Import/Import.hpp"
 #include "Apps/Import/SourceError.hpp"
 #include "Tests/Apps/Import/House/House.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta::importer {
 
@@ -14,7 +17,13 @@ namespace {
 
 Building fixed(const std::string& text, Findings& findings) {
   Building building = house::make();
-  applyFixes(building, text, "fixes.json", findings);
+  Fixes fixes(text, "fixes.json");
+  fixes.apply(building, findings);
+  Findings ignored;
+  Building made = building;
+  runStages(made, {}, ignored);
+  fixes.nameConnectors(made, findings);
+  building.connectors = made.connectors;
   return building;
 }
 
@@ -48,6 +57,22 @@ TEST(Fixes, AreApplied) {
   EXPECT_THROW(withId(building.doors, "entrance"), std::runtime_error);
 }
 
+TEST(Fixes, NameConnectors) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"stairs@1", "stairs"}, {"lift@2", "elevator"}, {"escalator@0", "escalator"}};
+  for (const auto& [area, kind] : rows) {
+    Findings findings;
+    const Building building =
+        fixed("{\"" + area + R"(": {"name": {"de": "Nordseite", "en": "North side"}}})", findings);
+    EXPECT_EQ(findings.count(), 0U);
+    EXPECT_EQ(building.places.size(), house::make().places.size()) << area;
+    std::vector<std::string> named;
+    for (const Connector& connector : building.connectors)
+      if (connector.names.name == "North side") named.emplace_back(wordOf(connector.kind));
+    EXPECT_EQ(named, std::vector<std::string>{kind}) << area;
+  }
+}
+
 TEST(Fixes, ReportWhatTheyCannotUse) {
   const std::pair<const char*, const char*> cases[] = {
       {R"({"nowhere": {"ignore": true}})", "fix-unknown-id"},
@@ -65,6 +90,11 @@ TEST(Fixes, ReportWhatTheyCannotUse) {
   Findings findings;
   EXPECT_THROW(fixed("[]", findings), SourceError);
   EXPECT_THROW(fixed("{\"lab\":}", findings), SourceError);
+  const test::TemporaryFolder folder;
+  const auto large = folder.write("large.json", "{}");
+  EXPECT_NO_THROW(Fixes::read(large));
+  std::filesystem::resize_file(large, 17U << 20U);
+  EXPECT_THROW(Fixes::read(large), SourceError);
 }
 
 TEST(Fixes, SkeletonHasNoEffect) {

@@ -1,3 +1,4 @@
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -83,6 +84,52 @@ TEST(GeoJson, LeavesOutBadFeaturesOnly) {
   Findings findings;
   EXPECT_EQ(read(collection(good + ",\n{,},\n" + good + ','), findings).features.size(), 2U);
   EXPECT_THAT(findings.sorted().at(0).message, HasSubstr("Line 3:"));
+}
+
+TEST(GeoJson, TellsWhetherCoordinatesAreDegrees) {
+  // A square room, turned by 30 degrees, drawn many times around a position.
+  const auto rooms = [](double x, double y, double perMeterX, double perMeterY) {
+    std::string all;
+    for (int i = 0; i < 12; ++i) {
+      std::string ring;
+      for (const auto& [east, north] :
+           {std::pair(0.0, 0.0), {8.66, 5.0}, {3.66, 13.66}, {-5.0, 8.66}, {0.0, 0.0}})
+        ring += fmt::format("{}[{},{}]", ring.empty() ? "" : ",", x + (east + i) * perMeterX,
+                            y + north * perMeterY);
+      all += (all.empty() ? "" : ",") + feature(geometry("Polygon", "[[" + ring + "]]"));
+    }
+    return R"({"type": "FeatureCollection", "features": [)" + all + "]}";
+  };
+  constexpr double north = 1 / 111'250.0;
+  constexpr double east = 1 / 68'700.0;  // at 52 degrees
+  struct Case {
+    std::string text;
+    const char* result;  // of the error, or the rule of the finding
+    double x;
+  };
+  const std::vector<Case> cases = {
+      {rooms(13, 52, east, north), "", 13},
+      {rooms(52, 13, north, east), "coordinates-swapped", 52},
+      {rooms(35.6, 139.7, north, north / 0.81), "coordinates-swapped", 139.7},
+      {rooms(1'447'000, 6'800'000, 1.6, 1.6), "Web Mercator", 0},
+      {collection(feature(geometry("Point", "[1, 2]"))), "reference system \"EPSG:6677\"", 0}};
+  for (const Case& each : cases) {
+    Findings findings;
+    std::size_t vertices = 0;
+    std::string result;
+    double x = 0.0;
+    try {
+      readGeoJsonInDegrees(
+          {"x.geojson", each.text}, {}, vertices, findings,
+          [&](const GeoFeature& read) { x = read.geometry.polygons[0].outer[0].x; });
+      for (const Finding& finding : findings.sorted()) result += finding.rule;
+    } catch (const SourceError& error) {
+      result = error.what();
+    }
+    EXPECT_THAT(result, *each.result == '\0' ? HasSubstr("") : HasSubstr(each.result));
+    EXPECT_EQ(result.empty(), *each.result == '\0') << result;
+    EXPECT_NEAR(x, each.x, 0.01);
+  }
 }
 
 TEST(GeoJson, RefusesWhatIsNoGeoJson) {

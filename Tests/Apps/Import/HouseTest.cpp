@@ -10,8 +10,8 @@
 #include <set>
 #include <tuple>
 
+#include "Apps/Import/Import.hpp"
 #include "Apps/Import/Read/Sources.hpp"
-#include "Apps/Import/Stages.hpp"
 #include "Platform/Foundation/Files.hpp"
 #include "Tests/Apps/Import/House/House.hpp"
 
@@ -36,18 +36,20 @@ const std::vector<Written> formats = {
     {"osm geojson", Format::osmGeoJson, house::asOsmGeoJson},
     {"indoorgml", Format::indoorGml, house::asIndoorGml},
     {"stations", Format::stations, house::asStations},
+    {"shapefile", Format::stations, house::asShapefile},
+    {"osm pbf", Format::osmPbf, house::asOsmPbf},
 };
 
-Building imported(const Written& format) {
+Building imported(const Written& format, const Building& house = make(),
+                  NetworkChoice network = NetworkChoice::derive) {
   Options options;
-  options.network = NetworkChoice::derive;
+  options.network = network;
   Findings findings;
-  const std::vector<SourceFile> files = format.write(make());
+  const std::vector<SourceFile> files = format.write(house);
+  if (files.empty()) return {};
   EXPECT_EQ(recognizeFormat(files), format.format);
   Building building = readBuilding(files, format.format, options, findings);
-  for (const auto stage :
-       {repairShapes, arrangeStoreys, arrangePlaces, joinDoors, makeConnectors, makeNetwork})
-    stage(building, options, findings);
+  runStages(building, options, findings);
   return building;
 }
 
@@ -104,11 +106,62 @@ std::map<std::pair<std::string, std::string>, double> waysOf(const Building& bui
   return ways;
 }
 
-std::set<std::pair<std::string, std::string>> placesOf(const Building& building) {
+// Their names, with the hours if the format has them.
+std::set<std::pair<std::string, std::string>> placesOf(const Building& building, bool hours) {
   std::set<std::pair<std::string, std::string>> places;
   for (const Place& place : building.places)
-    if (!place.names.generated) places.emplace(place.names.name, place.hours);
+    if (!place.names.generated) places.emplace(place.names.name, hours ? place.hours : "");
   return places;
+}
+
+// The ways between all rooms are as long as expected.
+void expectWays(const Building& building,
+                const std::map<std::pair<std::string, std::string>, double>& ways) {
+  const auto own = waysOf(building);
+  ASSERT_EQ(own.size(), ways.size());
+  for (const auto& [pair, length] : ways) {
+    const auto found = own.find(pair);
+    ASSERT_NE(found, own.end()) << pair.first << " to " << pair.second;
+    EXPECT_NEAR(found->second, length, 0.02 * length) << pair.first << " to " << pair.second;
+  }
+}
+
+// The derived network as that of a source, which ends before the doors of rooms.
+void giveNetwork(const Building& derived, Building& house) {
+  const auto& [nodes, edges] = derived.network;
+  const auto nameOf = [](std::size_t node) { return "n" + std::to_string(node); };
+  std::set<std::string> ofRooms;  // areas and doors
+  for (const Area& area : derived.areas)
+    if (area.kind == AreaKind::room) ofRooms.insert(area.id);
+  for (const Door& door : derived.doors)
+    for (const std::string& area : door.areas)
+      if (ofRooms.contains(area)) ofRooms.insert(door.id);
+  for (std::size_t i = 0; i < nodes.size(); ++i)
+    if (!ofRooms.contains(nodes[i].of))
+      house.sourceNodes.push_back({nameOf(i), {nodes[i].level, nodes[i].position}});
+  const auto link = [&](std::size_t from, std::size_t to, LinkKind kind, bool oneWay) {
+    SourceLink made;
+    made.id = "link" + std::to_string(house.sourceLinks.size());
+    made.from = nameOf(from);
+    made.to = nameOf(to);
+    made.kind = kind;
+    made.direction = oneWay ? Direction::forward : Direction::both;
+    house.sourceLinks.push_back(std::move(made));
+  };
+  for (const Edge& edge : edges)
+    if (!ofRooms.contains(nodes[edge.from].of) && !ofRooms.contains(nodes[edge.to].of))
+      link(edge.from, edge.to, LinkKind::walk, edge.oneWay);
+  for (const Connector& connector : derived.connectors) {
+    const LinkKind kind = connector.kind == ConnectorKind::elevator    ? LinkKind::elevator
+                          : connector.kind == ConnectorKind::escalator ? LinkKind::escalator
+                                                                       : LinkKind::stairs;
+    std::size_t below = nodes.size();
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+      if (nodes[i].kind != NodeKind::boarding || nodes[i].of != connector.id) continue;
+      if (below < nodes.size()) link(below, i, kind, kind == LinkKind::escalator);
+      below = i;
+    }
+  }
 }
 
 std::multiset<std::pair<ConnectorKind, std::vector<double>>> connectorsOf(
@@ -138,6 +191,7 @@ TEST(House, IsTheSameInEveryFormat) {
   for (const Written& format : formats) {
     SCOPED_TRACE(format.name);
     const Building building = imported(format);
+    if (building.storeys.empty() && format.format == Format::osmPbf) continue;  // no osmium
     const auto levelsOf = [](const Building& of) {
       std::vector<double> levels;
       for (const Storey& storey : of.storeys) levels.push_back(storey.ordinal);
@@ -145,20 +199,27 @@ TEST(House, IsTheSameInEveryFormat) {
     };
     EXPECT_EQ(building.storeys.size(), 3U);
     EXPECT_EQ(building.doors.size(), first.doors.size());
-    if (format.format == Format::imdf || format.format == Format::osmXml) {
-      EXPECT_EQ(placesOf(building), placesOf(first));  // the others carry no hours
-    }
+    const bool hours = format.format != Format::indoorGml && format.format != Format::stations;
+    EXPECT_EQ(placesOf(building, hours), placesOf(first, hours));
     EXPECT_EQ(connectorsOf(building).size(), 3U);
     if (levelsOf(building) == levelsOf(first)) {
       EXPECT_EQ(connectorsOf(building), connectorsOf(first));
     }
-    const auto own = waysOf(building);
-    ASSERT_EQ(own.size(), ways.size());
-    for (const auto& [pair, length] : ways) {
-      const auto found = own.find(pair);
-      ASSERT_NE(found, own.end()) << pair.first << " to " << pair.second;
-      EXPECT_NEAR(found->second, length, 0.02 * length) << pair.first << " to " << pair.second;
-    }
+    expectWays(building, ways);
+  }
+}
+
+TEST(House, KeepsTheNetworkOfItsSource) {
+  const Building derived = imported(formats.front());
+  Building house = make();
+  giveNetwork(derived, house);
+  for (const Written& format : formats) {
+    if (format.format != Format::stations) continue;
+    SCOPED_TRACE(format.name);
+    const Building building = imported(format, house, NetworkChoice::automatic);
+    EXPECT_EQ(building.sourceLinks.size(), house.sourceLinks.size());
+    EXPECT_EQ(connectorsOf(building).size(), 3U);
+    expectWays(building, waysOf(derived));
   }
 }
 

@@ -133,7 +133,8 @@ const Place& placeOf(const Building& building, const std::string& id) {
 TEST(Imdf, IsReadWithAllTypes) {
   Findings findings;
   const Building building = read(archive(), findings, "House");
-  EXPECT_EQ(findings.count(), 0U) << findings.sorted().front().message;
+  EXPECT_EQ(findings.countOf("not-imported"), 2U);  // the geofence and the detail
+  EXPECT_EQ(findings.count(), 2U);
   EXPECT_EQ(building.names.name, "Museum");
   EXPECT_EQ(building.names.byLanguage.at("de"), "Das Museum");
   ASSERT_EQ(building.storeys.size(), 2U);
@@ -257,6 +258,37 @@ TEST(Imdf, BreachesAreReportedByTheirRules) {
   Findings findings;
   read(files, findings);
   EXPECT_EQ(findings.countOf("ManifestFileMustBePresent"), 1U);
+}
+
+// Changes of the archive, and what they mean.
+TEST(Imdf, KeepsWhatFeaturesSay) {
+  const auto changed = [](const char* file, const std::string& from, const std::string& to) {
+    Archive files = archive();
+    std::string& text = files[file];
+    text.replace(text.find(from), from.size(), to);
+    Findings findings;
+    return read(files, findings);
+  };
+  const auto amenity = [](const char* id, const char* unit, const char* category) {
+    return feature("amenity", id, point(15, 25),
+                   std::string(R"("category":")") + category + R"(","unit_ids":[")" + unit + "\"]");
+  };
+  Building building =
+      changed("amenity.geojson", "\"features\":[",
+              "\"features\":[" + amenity("a", "toilet", "restroom.male") + ',' +
+                  amenity("b", "shop", "phone") + ',' + amenity("c", "shop", "atm") + ',');
+  for (const char* id : {"a", "b", "c", "wc"}) EXPECT_EQ(placeOf(building, id).id, id);
+  building = changed("relationship.geojson",
+                     R"("origin":{"id":"flight0","feature_type":"unit"},)"
+                     R"("destination":{"id":"flight1","feature_type":"unit"})",
+                     R"("origin":{"id":"hall0"},"intermediary":[{"id":"flight0"}],)"
+                     R"("destination":{"id":"hall1"})");
+  ASSERT_EQ(building.connectorHints.size(), 2U);
+  EXPECT_THAT(building.connectorHints[0].areas, ElementsAre("flight0"));
+  ASSERT_EQ(building.connectorHints[0].spots.size(), 1U);
+  EXPECT_EQ(building.connectorHints[0].spots[0].level, 1.0);
+  building = changed("occupant.geojson", R"("hours")", R"("alt_name":{"en":"Inn"},"hours")");
+  EXPECT_EQ(placeOf(building, "occ").description.at(""), "Inn");
 }
 
 TEST(Imdf, WithoutLevelsOrTheBuildingIsRefused) {

@@ -3,8 +3,11 @@
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <set>
 
+#include "Apps/Import/Read/IndoorGml/GmlKinds.hpp"
+#include "Apps/Import/Read/IndoorGml/GmlStoreys.hpp"
 #include "Apps/Import/Read/Sources.hpp"
 
 namespace orivanta::importer {
@@ -100,6 +103,29 @@ TEST(IndoorGml, IsReadInAllDialects) {
     ASSERT_EQ(building.sourceLinks.size(), 1U);
     EXPECT_EQ(building.sourceLinks[0].kind, LinkKind::stairs);
   }
+}
+
+TEST(IndoorGml, NamesTellLessThanElements) {
+  struct Case {
+    const char *element, *name;
+    std::optional<AreaKind> kind;
+  };
+  for (const Case& each : {Case{"GeneralSpace", "Upstairs Cafe", AreaKind::room},
+                           Case{"GeneralSpace", "Staircase Gallery", AreaKind::room},
+                           Case{"GeneralSpace", "Elevator 2", AreaKind::elevator},
+                           Case{"CellSpace", "Upstairs Cafe", std::nullopt},
+                           Case{"CellSpace", "East Stairs B", AreaKind::stairs},
+                           Case{"CellSpace", "Elevator Lobby 3", AreaKind::walkway},
+                           Case{"TransitionSpace", "Passage", AreaKind::walkway},
+                           Case{"CellSpace", "\uACC4\uB2E8 1", AreaKind::stairs}}) {
+    GmlSpace cell;
+    cell.element = each.element;
+    cell.name = each.name;
+    EXPECT_EQ(statedKind(cell), each.kind) << each.name;
+  }
+  for (const auto& [text, ordinal] : std::map<std::string, double>{
+           {"Floor-1", 1}, {"Floor -1", -1}, {"-2", -2}, {"B-1", -1}, {"B2", -2}, {"3F", 3}})
+    EXPECT_EQ(ordinalIn(text), ordinal) << text;
 }
 
 TEST(IndoorGml, OfARealBuildingIsComplete) {

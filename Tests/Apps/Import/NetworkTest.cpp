@@ -43,7 +43,7 @@ const std::vector<Case>& cases() {
        "door1",
        "door2",
        17.9,
-       23.0},
+       23.5},
       {"courtyard",
        {"AAAA################", "+###################", "....................",
         "....................", "..################..", "..################..",
@@ -84,6 +84,32 @@ const std::vector<Case>& cases() {
        15.0},
   };
   return all;
+}
+
+// Whether the line crosses the border of a room elsewhere than at a door. Borders within another
+// room do not count: rooms that overlap contradict each other.
+bool breaksThrough(const Building& building, Point a, Point b) {
+  const auto atDoor = [&](Point point) {
+    return std::any_of(building.doors.begin(), building.doors.end(), [&](const Door& door) {
+      return package::distance(door.position, point) < 1.3;
+    });
+  };
+  const auto inAnother = [&](const Area& room, Point point) {
+    return std::any_of(building.areas.begin(), building.areas.end(), [&](const Area& area) {
+      return &area != &room && area.kind == AreaKind::room && contains(area.shape, point);
+    });
+  };
+  for (const Area& room : building.areas)
+    for (const Polygon& polygon : room.shape)
+      for (std::size_t i = 0; i < polygon.outer.size() && room.kind == AreaKind::room; ++i) {
+        const Point c = polygon.outer[i];
+        const Point d = polygon.outer[(i + 1) % polygon.outer.size()];
+        if (!package::cross(a, b, c, d)) continue;
+        const Point at =
+            a + (b - a) * (package::cross(c - a, d - c) / package::cross(b - a, d - c));
+        if (!atDoor(at) && !inAnother(room, at)) return true;
+      }
+  return false;
 }
 
 }  // namespace
@@ -134,6 +160,111 @@ TEST(ImportNetwork, GuessedDoors) {
   Options strict;
   strict.doors = DoorChoice::strict;
   EXPECT_TRUE(Plan(rows).make(strict).building.doors.empty());
+}
+
+TEST(ImportNetwork, KeepsVisitorsOutOfWhatIsForStaffOrNobody) {
+  // Rooms in a row, and a corridor below them.
+  const std::vector<std::string> rows{"AAA+SSS+TTT+BBB", "+##############", "...............",
+                                      "##############+", "CCCCCCCCCCCCCCC"};
+  const auto made = [&](Access access) {
+    Plan plan(rows);
+    for (Door& door : plan.building.doors)
+      if (door.id == "door1") door.access = access;
+    for (Area& area : plan.building.areas)
+      if (area.id == "T" || area.id == ".") area.access = access;
+    return std::move(plan.make());
+  };
+  const auto weightOf = [](const Plan& plan, const char* id) {
+    return plan.building.network.nodes[plan.nodeOf(id)].weight;
+  };
+  const Plan open = made(Access::everybody);
+  EXPECT_EQ(weightOf(open, "door1"), 0.0);
+  EXPECT_EQ(weightOf(open, "T"), weightOf(open, "S"));
+  const Plan staff = made(Access::staff);
+  EXPECT_GE(weightOf(staff, "door1"), 500.0);
+  EXPECT_GE(weightOf(staff, "T"), 500.0);
+  EXPECT_EQ(weightOf(staff, "S"), weightOf(open, "S"));
+  for (const Node& node : staff.building.network.nodes)
+    EXPECT_TRUE(node.kind != NodeKind::way || !node.of.empty() || node.weight >= 500.0) << node.id;
+  const Plan closed = made(Access::nobody);
+  EXPECT_EQ(closed.way("A", "C"), -1.0);
+  for (const Node& node : closed.building.network.nodes)
+    EXPECT_TRUE(node.id != "door1" && node.id != "T" && node.of != "") << node.id;
+}
+
+TEST(ImportNetwork, JoinsBuildingsOutdoorsIfNothingIsBetween) {
+  for (const auto& [row, isJoined] :
+       {std::pair("AA....+      +....BB", true), std::pair("AA....+  CC  +....BB", false)}) {
+    Plan plan({row, "AA....          ..BB"});
+    plan.building.storeys.emplace_back();
+    plan.make();
+    joinStoreys(plan.building, {}, plan.findings);
+    EXPECT_EQ(plan.findings.countOf("joined-outdoors"), isJoined ? 1U : 0U);
+    EXPECT_EQ(plan.way("A", "B") > 0.0, isJoined);
+  }
+}
+
+// Nothing to walk on is drawn: the rest of the storey, or the outside.
+TEST(ImportNetwork, ReachesRoomsWithoutWalkways) {
+  const std::vector<std::string> rows{"AAAA    BBBB", "AAAA    BBBB", "            ",
+                                      "CCCC        "};
+  for (const bool hasOutline : {true, false}) {
+    Plan plan(rows);
+    plan.building.storeys.emplace_back();
+    if (hasOutline)
+      plan.building.storeys.back().footprint = {{package::rectangle(0, 0, 12, 4), {}}};
+    plan.make();
+    joinStoreys(plan.building, {}, plan.findings);
+    EXPECT_EQ(plan.findings.countOf("walkway-missing"), hasOutline ? 1U : 0U);
+    EXPECT_EQ(plan.findings.countOf("joined-outdoors"), hasOutline ? 0U : 2U);
+    EXPECT_GT(plan.way("A", "B"), 0.0);
+    EXPECT_GT(plan.way("B", "C"), 0.0);
+  }
+}
+
+TEST(ImportNetwork, DoublesAndScribblesAreReported) {
+  Plan plan({"AAAA######", "AAAA######", "..........", ".........."});
+  std::mt19937 random(1);
+  const auto jitter = [&] { return static_cast<double>(random() % 100) * 0.0005; };
+  const Area room = plan.building.areas.back();
+  ASSERT_EQ(room.kind, AreaKind::room);
+  for (int copy = 0; copy < 30; ++copy) {
+    Area again = room;
+    again.id = again.source = "copy" + std::to_string(copy);
+    for (Point& point : again.shape.front().outer) point = point + Point{jitter(), jitter()};
+    plan.building.areas.push_back(std::move(again));
+  }
+  Area scribble;
+  scribble.id = scribble.source = "scribble";
+  scribble.kind = AreaKind::room;
+  scribble.shape.emplace_back();
+  for (int i = 0; i < 400; ++i)
+    scribble.shape.front().outer.push_back(
+        {static_cast<double>(random() % 1000) * 0.01, static_cast<double>(random() % 1000) * 0.01});
+  plan.building.areas.push_back(std::move(scribble));
+  plan.make();
+  EXPECT_EQ(plan.findings.countOf("room-doubled"), 30U);
+  EXPECT_EQ(plan.findings.countOf("geometry-repaired"), 1U);
+  EXPECT_EQ(plan.building.doors.size(), 31U);
+  EXPECT_GE(plan.way("A", "copy29"), 0.0);
+}
+
+TEST(ImportNetwork, JoinsRoomsWithManyCorners) {
+  Plan plan({"..........", ".........."});
+  Area round;
+  round.id = round.source = "round";
+  round.kind = AreaKind::room;
+  round.shape.emplace_back();
+  for (int i = 0; i < 200; ++i) {
+    const double angle = 0.0314159265 * i;
+    round.shape.front().outer.push_back({5.0 + 2.0 * std::cos(angle), 4.0 + 2.0 * std::sin(angle)});
+  }
+  plan.building.areas.push_back(std::move(round));
+  plan.building.doors.emplace_back().id = "door1";
+  plan.building.doors.back().position = {5.0, 2.0};
+  plan.make();
+  EXPECT_EQ(plan.building.doors.front().areas.size(), 2U);
+  EXPECT_EQ(plan.building.doors.size(), 1U);
 }
 
 TEST(ImportNetwork, UsesTheSourcesLinks) {
@@ -197,6 +328,7 @@ TEST(ImportNetwork, SurvivesDamage) {
         const Point a = network.nodes[edge.from].position;
         const Point b = network.nodes[edge.to].position;
         for (int i = 0; i <= 20; ++i) ASSERT_TRUE(contains(space, a + (b - a) * (i / 20.0)));
+        ASSERT_FALSE(breaksThrough(plan.building, a, b)) << a.x << ' ' << a.y;
       }
     }
 }

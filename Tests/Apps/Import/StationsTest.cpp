@@ -86,6 +86,7 @@ void writeShapefiles(const test::TemporaryFolder& folder) {
   links.add({110, 110}, {200, 200}, {"up", "n2", "n3", "4", "1", "99", "0"});
   links.add({110, 110}, {200, 200}, {"top", "n3", "n4", "4", "1", "5", "4"});
   links.add({110, 130}, {200, 200}, {"out", "n2", "n5", "1", "3", "1", ""});
+  links.add({110, 110}, {200, 200}, {"top", "n4", "n3", "4", "1", "5", "4"});
   links.add({110, 130}, {200, 200}, {"lost", "n6", "n7", "1", "1", "1", ""});
 }
 
@@ -113,7 +114,9 @@ TEST(Stations, AreReadFromShapefiles) {
   EXPECT_NEAR(building.georeference.value().latitude, 36.0, 0.01);
   EXPECT_EQ(building.sourceNodes.size(), 6U);  // with a bend and a node that only a link has
   EXPECT_EQ(kindsOf(building),
-            (std::map<LinkKind, std::size_t>{{LinkKind::walk, 3}, {LinkKind::elevator, 2}}));
+            (std::map<LinkKind, std::size_t>{{LinkKind::walk, 3}, {LinkKind::elevator, 3}}));
+  EXPECT_EQ(building.sourceLinks[5].id, "top#2");
+  EXPECT_EQ(findings.countOf("id-not-unique"), 1U);
   EXPECT_EQ(building.sourceLinks[0].direction, Direction::forward);
   for (const SourceLink& link : building.sourceLinks)
     if (link.kind == LinkKind::elevator) {

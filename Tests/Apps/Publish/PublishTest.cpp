@@ -196,8 +196,12 @@ TEST_F(Publish, ReplacesTheFolderAsAWholeAndKeepsWhatIsNotItsOwn) {
   EXPECT_EQ(publish("https://maps.example", {small(), "--force"}).exitCode, 0);
 
   EXPECT_EQ(publish("maps.example", {small(), "--force"}).exitCode, 2);
-  fs::remove(root_.path() / "site/nginx/locations.conf");
-  EXPECT_THAT(publish("https://maps.example", {small(), "--force"}).errors, HasSubstr("replaced"));
+  root_.write("site/robots.txt", "words");
+  EXPECT_EQ(publish("https://maps.example", {small(), "--force"}).exitCode, 0);
+  EXPECT_EQ(at("robots.txt"), "words");
+  root_.write("site/small/de/1/category", "words");
+  EXPECT_EQ(publish("https://maps.example", {small(), "--force"}).exitCode, 2);
+  EXPECT_EQ(at("small/de/1/category"), "words");
   EXPECT_EQ(std::distance(fs::directory_iterator(root_.path()), {}), 2);
 }
 

@@ -55,9 +55,7 @@ constexpr const char* fromBakery = "route?venue=small&from=bakery";
 
 TEST_F(RouteServing, AnswersQueries) {
   std::string many;
-  for (int i = 0; i < 11; ++i) many += "&via=n1";
-  std::string tooMany;
-  for (int i = 0; i < 49; ++i) tooMany += "&via=n1";
+  for (int i = 0; i < 10; ++i) many += "&via=n1";
   std::string ends;
   for (int i = 0; i < 33; ++i) ends += "&to=n1";
   const struct {
@@ -88,8 +86,8 @@ TEST_F(RouteServing, AnswersQueries) {
       {"&to=l2&alternatives=99999999999", 400, "must be a number"},
       {"&to=l2&best-order=maybe", 400, "must be 0 or 1"},
       {"&to=l2" + many, 200, R"("path":["n1",)"},
-      {"&to=l2&best-order=1" + many, 400, "A route has at most 12 stops in the best order."},
-      {"&to=l2" + tooMany, 400, "Via must not occur more than 48 times."},
+      {"&to=l2&best-order=1" + many, 200, R"("path":["n1",)"},
+      {"&to=l2&via=n1" + many, 400, "Via must not occur more than 10 times."},
       {ends, 400, "To must not occur more than 32 times."},
       {"&to=" + std::string(1001, 'x'), 400, "too long"},
       {"&to=%zz", 400, "malformed"},

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <limits>
 
 #include "Apps/Viewer/KeyText.hpp"
 #include "Apps/Viewer/Window.hpp"
@@ -13,6 +14,8 @@
 namespace orivanta::viewer {
 
 namespace {
+
+constexpr double endless = std::numeric_limits<double>::infinity();
 
 // Covers everything and records when and where it is touched.
 class TouchRecord : public view::View {
@@ -87,7 +90,7 @@ TEST_F(InputTest, TellsTheTimeAtWhichSomethingCameInNotThatOfFallingAsleep) {
       event.button.clicks = 1;
       event.button.x = event.button.y = 100;
     });
-    sleeper.take(/*wait=*/true);
+    sleeper.take(endless);
   }
   EXPECT_EQ(touched->times, (std::vector<double>{10, 10}));
 }
@@ -102,7 +105,7 @@ TEST_F(InputTest, FingersTouchWhereTheyAreOnTheScreen) {
         event.tfinger.x = finger == 0 ? 0.25F : 0.75F;
         event.tfinger.y = type == SDL_FINGERDOWN ? 0.5F : 0.125F;
       });
-    input.take(/*wait=*/false);
+    input.take(0);
   }
   EXPECT_EQ(touched->places,
             (std::vector<graphics::Point>{
@@ -118,21 +121,21 @@ TEST_F(InputTest, TextComesInWhileTheSearchFieldIsOpenAndShortcutsWhileItIsNot) 
   SearchPanel& search = *stage.viewer.venueView()->panels().search;
   press(SDLK_SLASH);
   press(SDLK_d);  // before the text input has started
-  keys.take(/*wait=*/true);
+  keys.take(endless);
   EXPECT_TRUE(SDL_IsTextInputActive());
   EXPECT_EQ(search.field().text(), "d");
   type(SDLK_o);
   type(SDLK_s);
-  keys.take(/*wait=*/false);
+  keys.take(0);
   EXPECT_EQ(search.field().text(), "dos");
   press(SDLK_ESCAPE);
   type(SDLK_SLASH);
-  keys.take(/*wait=*/false);
+  keys.take(0);
   EXPECT_TRUE(search.isOpen());
   EXPECT_EQ(search.field().text(), "") << "the slash is a shortcut and not text";
   search.close();
   press(SDLK_KP_PLUS);
-  keys.take(/*wait=*/false);
+  keys.take(0);
   EXPECT_FALSE(SDL_IsTextInputActive());
   EXPECT_TRUE(stage.viewer.venueView()->camera().isGliding());
 }

@@ -8,6 +8,7 @@
 #include "Source/Category.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Display/MarkColors.hpp"
+#include "Source/Vortex.hpp"
 #include "Tests/Apps/TwoVisitsPackage.hpp"
 #include "Tests/Apps/Viewer/ViewerStage.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
@@ -31,7 +32,7 @@ graphics::Point on(VenueView& view, const Location& place) {
 
 }  // namespace
 
-TEST_F(ViewerTest, ATapOnAShopShowsItsCardAndATapBesideItPutsItAway) {
+TEST_F(ViewerTest, TapsSelectPlacesAndClearTheSelection) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
   EXPECT_GT(test::countPixels(*stage.picture(), theme::backdrop), 800'000) << "the veil";
   EXPECT_TRUE(stage.viewer.isMoving()) << "its activity indicator rotates";
@@ -119,6 +120,7 @@ TEST_F(ViewerTest, RoutesFollowTheProfileTheChoiceAndTheStops) {
   view.panels().card->stopAdded();
   stage.until([&] { return view.session().route() != nullptr; });
   EXPECT_EQ(view.session().route()->itinerary.visits[1].location, stage.place("kindling"));
+  EXPECT_FALSE(view.session().canAddStop(stage.place("kindling"))) << "it is one already";
   panel.stops().removed(0);
   stage.until([&] { return view.session().route() != nullptr; });
   EXPECT_EQ(view.session().route()->path, first);
@@ -126,9 +128,20 @@ TEST_F(ViewerTest, RoutesFollowTheProfileTheChoiceAndTheStops) {
   stage.until([&] { return view.session().route() != nullptr; });
   EXPECT_EQ(view.session().route()->to(), stage.place("tamarisk-row"));
 
-  panel.stops().chosen(RouteEnd::destination);
-  view.panels().search->chosen(stage.place("dosa-dynamo"));
-  stage.until([&] { return view.session().route() != nullptr; });
+  SearchPanel& search = *view.panels().search;
+  panel.stops().chosen(RouteEnd::start);
+  stage.tap(*view.panels().mapButtons->subviews().front());
+  EXPECT_TRUE(search.isOpen() && search.field().text().empty()) << "the button types nothing";
+  stage.viewer.keyPressed({Key::escape});
+  search.open();
+  search.chosen(stage.place("kindling"), search.end());
+  EXPECT_EQ(view.selected(), stage.place("kindling")) << "the start is no longer searched";
+  view.select(nullptr);
+  for (const RouteEnd end : {RouteEnd::start, RouteEnd::destination}) {
+    panel.stops().chosen(end);
+    view.polygonSelected(stage.place("kindling")->polygons.front());
+    stage.until([&] { return view.session().route() != nullptr; });
+  }
   EXPECT_EQ(panel.summary(), "You are already there");
 }
 
@@ -158,6 +171,15 @@ TEST_F(ViewerTest, LeadsToTheNearestPlaceOfACategory) {
   view.panels().card->nearestChosen(2);
   stage.until([&] { return view.session().route() != nullptr; });
   EXPECT_EQ(view.session().route()->to()->type, "elevator");
+
+  std::vector<std::string> closed;  // one elevator after the other
+  while (view.session().route() && closed.size() < 10) {
+    closed.push_back(view.session().route()->to()->id.value());
+    view.setClosures(guidance::Closures(closed));
+    stage.until([&] { return !view.session().isPlanning(); });
+  }
+  EXPECT_GT(closed.size(), 1U);
+  EXPECT_EQ(view.panels().route->summary(), "A stop of the route, or the way there, is closed.");
 }
 
 TEST_F(ViewerTest, SpeaksTheChosenLanguageInItsDirection) {
@@ -239,18 +261,27 @@ TEST_F(ViewerTest, WalksAlongTheRoute) {
   EXPECT_FALSE(view.walker()) << "there is no route";
   stage.untilPlanned("bakery", "museum");
   ASSERT_TRUE(view.walker()) << "starts by itself";
-  for (const bool isPaused : {true, false}) {
-    stage.tap(view.panels().route->walkButton());
-    const auto before = view.walker()->position();
-    stage.viewer.advance(stage.time += 0.5);
-    EXPECT_EQ(view.walker()->position() == before, isPaused);
+  const double before = view.walker()->position().x;
+  stage.type("w");
+  for (const double seconds : {0.5, 3600.0}) {  // the first frames in and after the pause
+    stage.viewer.advance(stage.time += seconds);
+    EXPECT_EQ(view.walker()->position().x, before);
+    if (seconds < 1) stage.type("w");
   }
   std::vector<std::string> floors;
   std::vector<std::size_t> steps;
+  bool looksBack = false;
   while (!view.walker()->isDone()) {
+    EXPECT_TRUE(view.isMoving());
     stage.viewer.advance(stage.time += 0.5);
+    if (view.walker()->floor() == view.venue()->maps->back() && !std::exchange(looksBack, true)) {
+      view.showFloor(view.venue()->maps->front());
+      stage.viewer.advance(stage.time += 0.5);
+      EXPECT_NE(view.mapView().currentMap(), view.walker()->floor()) << "until the next floor";
+      view.showFloor(view.walker()->floor());
+    }
     EXPECT_EQ(view.mapView().currentMap(), view.walker()->floor());
-    const auto shown = view.mapView().findPositionCameraViewport(view.walker()->position());
+    const auto shown = view.mapView().findPositionCameraViewport(view.walker()->scenePosition());
     EXPECT_GT(shown.x, 300) << "beside the panel";
     if (const auto& floor = view.walker()->floor()->shortName;
         floors.empty() || floors.back() != floor)
@@ -262,12 +293,75 @@ TEST_F(ViewerTest, WalksAlongTheRoute) {
   EXPECT_EQ(floors, (std::vector<std::string>{"G", "U", "G"}));
   EXPECT_EQ(steps, (std::vector<std::size_t>{0, 1, 2, 3, 4, 5}));
   EXPECT_EQ(view.panels().route->remark(), "You are there");
-  EXPECT_FALSE(view.isMoving() && !view.mapView().isAnimating());
+  view.setHidden(true);  // the arrows of the route move
+  EXPECT_FALSE(view.isMoving());
+  view.setHidden(false);
   stage.viewer.keyPressed({Key::escape});
   EXPECT_TRUE(!view.walker() && view.session().route());
 }
 
-TEST_F(ViewerTest, ThePointerDragsTiltsAndComesCloserToWhatIsUnderIt) {
+TEST_F(ViewerTest, AWalkGoesAroundWhatIsClosedMeanwhile) {
+  test::TemporaryFolder folder;
+  test::writeTwoVisitsPackage(folder, "");
+  folder.write("visits/vortex.json",
+               R"([{"id": "a", "name": "Lift", "type": "elevator", "nodes": ["g2", "u1"]},
+                   {"id": "b", "name": "Stairs", "type": "stairs", "nodes": ["u2", "g3"]},
+                   {"id": "c", "name": "Escalator", "type": "escalator", "nodes": ["u2", "g3"]}])");
+  server::ServerOptions options;
+  options.folders = {folder.path()};
+  const server::VenueServer visits(options);
+  test::ViewerStage stage(visits.root(), "visits", {1280, 800}, "en", /*walksAtOnce=*/true);
+  VenueView& view = stage.untilShown();
+  stage.until([&] { return view.venue()->maps->back()->mapObject != nullptr; });
+  stage.untilPlanned("bakery", "museum");
+  while (view.walker()->floor() != view.venue()->maps->back())
+    stage.viewer.advance(stage.time += 0.5);
+  stage.type("w");
+  const double position = view.walker()->position().x;
+  for (const std::string closed : {"a", "b"}) {
+    folder.write("visits/closure.json", R"([{"id": ")" + closed + R"("}])");
+    ASSERT_LE(stage.viewer.nextFrameTime(), stage.time + 60);
+    stage.viewer.advance(stage.time += 60);  // asks again
+    stage.until([&] { return view.session().closures().contains(closed); });
+    stage.until([&] { return !view.session().isPlanning(); });
+    const auto& legs = view.session().route()->itinerary.legs;
+    EXPECT_EQ(legs.size(), closed == "a" ? 5U : 3U) << "the elevator is behind the walker";
+    EXPECT_EQ(legs[legs.size() - 2].connector->id, closed == "a" ? "b" : "c");
+    EXPECT_EQ(stage.viewer.note().empty(), closed == "a");
+    ASSERT_TRUE(view.walker() && view.walker()->isPaused());
+    EXPECT_NEAR(view.walker()->position().x, position, 1);
+  }
+}
+
+// A venue without a scale, whose upper floor has no model and whose museum is closed.
+TEST_F(ViewerTest, ShowsWhatItKnowsOfARoute) {
+  test::TemporaryFolder folder;
+  test::writeTwoVisitsPackage(folder, "");
+  folder.write("visits/venue.json", R"({"id": "v", "slug": "visits", "name": "Visits"})");
+  folder.write("visits/map.json",
+               R"([{"id": "g", "name": "Ground", "elevation": 0, "scene": {"obj": "floor.obj"}},
+                   {"id": "u", "name": "Upper", "elevation": 10}])");
+  folder.write("visits/location.json",
+               R"([{"id": "bakery", "name": "Bakery", "type": "shop", "nodes": [{"node": "g1"}]},
+                   {"id": "museum", "name": "Museum", "type": "shop", "nodes": [{"node": "g4"}],
+                    "hours": "13:00-18:00"}])");
+  server::ServerOptions options;
+  options.folders = {folder.path()};
+  const server::VenueServer visits(options);
+  test::ViewerStage stage(visits.root(), "visits", {1280, 800}, "en", /*walksAtOnce=*/true);
+  stage.untilShown();
+  VenueView& view = stage.untilPlanned("bakery", "museum");
+  ASSERT_TRUE(view.walker());
+  EXPECT_EQ(view.panels().route->warning(), "Museum will be closed when you arrive.");
+  while (view.walker()->floor() != view.venue()->maps->back())
+    stage.viewer.advance(stage.time += 0.5);
+  EXPECT_EQ(stage.viewer.note(), "Upper has no 3D model.");
+  EXPECT_EQ(stage.viewer.message(), nullptr);
+  EXPECT_EQ(view.mapView().currentMap()->id, "g");
+  EXPECT_EQ(view.panels().route->remark(), "");
+}
+
+TEST_F(ViewerTest, ThePointerDragsTiltsAndZoomsAroundItself) {
   test::ViewerStage stage(server->root(), "astrolabe-court");
   VenueView& view = stage.untilShown();
   MapCamera& camera = view.camera();
@@ -327,7 +421,7 @@ TEST_F(ViewerTest, SaysWhatWentWrongAndTriesAgain) {
   stage.untilShown();
 }
 
-TEST_F(ViewerTest, GoesBackToTheListAtAnyMomentAndLetsGoOfTheVenue) {
+TEST_F(ViewerTest, GoesBackToTheListAndReleasesTheVenue) {
   namespace fs = std::filesystem;
   test::TemporaryFolder folder;
   server::ServerOptions options;

@@ -60,7 +60,9 @@ TEST(Audit, EndsEarly) {
   const auto guide = Guide::make(*venue);
   const foundation::CancellationSource canceled;
   canceled.cancel();
-  EXPECT_TRUE(audit(*venue, *guide, canceled.token()).connectors.empty());
+  const Audit none = audit(*venue, *guide, canceled.token());
+  EXPECT_TRUE(none.entrances.empty() && none.connectors.empty());
+  EXPECT_TRUE(none.unreachable.empty() && none.withoutWayBack.empty());
   test::TwoFloorVenue empty;
   empty.locations = "[]";
   const auto nothing = empty.load();

@@ -197,6 +197,9 @@ TEST_F(GuideTest, ReportsProblems) {
   EXPECT_FALSE(plan({place("l2"), node("n3")}, {}, Closures({"l2"})).problem);  // can be left
   const std::vector<Stop> many(2001, node("n1"));
   EXPECT_FALSE(guide_->costs(many, many));
+  const NodeList all{node("n1"), node("n2")};
+  EXPECT_FALSE(guide_->costs(std::vector<Stop>(Guide::mostCostStarts + 1, node("n1")), {all}));
+  EXPECT_FALSE(guide_->costs({all}, std::vector<Stop>(Guide::mostCostDestinations + 1, all)));
 }
 
 // The nodes i and j of the room are connected, and j is next to the door.
@@ -322,6 +325,10 @@ TEST_F(GuideTest, BeginsAndEndsInMidEdge) {
   EXPECT_EQ(pathOf(west, west), "1.5 1.5 0");
   EXPECT_EQ(guide_->leadToAny({west, node("n4"), Position{}}, {east}),
             (std::vector{true, false, false}));
+  const foundation::CancellationSource canceled;
+  canceled.cancel();
+  EXPECT_EQ(guide_->leadToAny({west}, {east}, {}, {}, canceled.token()), std::vector{false});
+  EXPECT_TRUE(guide_->steps(plan({west, east}).itineraries[0], canceled.token()).empty());
 }
 
 TEST_F(GuideTest, AvoidsRoomsOnTheWay) {

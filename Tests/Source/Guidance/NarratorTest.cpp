@@ -100,34 +100,36 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
   };
   for (const Case& each : {
            Case{"en",
-                "Leave Bakery and turn left. Go 40 m, past Book Shop on your left.\n"
-                "Bear right after “Food”. Go 20 m, through Book Shop.\n"
+                "Leave Bakery and turn left. Go 40\u00a0m, past Book Shop on your left.\n"
+                "Bear right after “Food”. Go 20\u00a0m, through Book Shop.\n"
                 "Take the stairs on your right (Stairs B) up one floor to F1: First.\n"
-                "Leave the stairs and turn right, then immediately left. Go 250 m.\n"
+                "Leave the stairs and turn right, then immediately left. Go 250\u00a0m.\n"
                 "You have arrived: Book Shop is on your left, opposite Bakery.\n"
-                "450 m, 5 min"},
+                "450\u00a0m, 5\u00a0min"},
            {"de",
-            "Verlassen Sie Bakery und biegen Sie links ab. Gehen Sie 40 m weiter, vorbei an "
+            "Verlassen Sie Bakery und biegen Sie links ab. Gehen Sie 40\u00a0m weiter, vorbei an "
             "Book Shop auf der linken Seite.\n"
-            "Halten Sie sich nach „Food“ rechts. Gehen Sie 20 m weiter, durch Book Shop hindurch.\n"
+            "Halten Sie sich nach „Food“ rechts. Gehen Sie 20\u00a0m weiter, durch Book Shop "
+            "hindurch.\n"
             "Nehmen Sie die Treppe auf der rechten Seite (Stairs B) eine Etage nach oben bis "
             "F1: First.\n"
             "Verlassen Sie die Treppe und biegen Sie rechts und gleich darauf links ab. Gehen "
-            "Sie 250 m weiter.\n"
+            "Sie 250\u00a0m weiter.\n"
             "Sie sind am Ziel: Book Shop liegt auf der linken Seite, gegenüber von Bakery.\n"
-            "450 m, 5 Min."},
+            "450\u00a0m, 5\u00a0Min."},
            {"fr",
-            "Quittez Bakery et tournez à gauche. Avancez de 40 m, en passant devant Book Shop "
+            "Quittez Bakery et tournez à gauche. Avancez de 40\u00a0m, en passant devant Book Shop "
             "sur votre gauche.\n"
-            "Tournez légèrement à droite après «\u00a0Food\u00a0». Avancez de 20 m, en traversant "
+            "Tournez légèrement à droite après «\u00a0Food\u00a0». Avancez de 20\u00a0m, en "
+            "traversant "
             "Book Shop.\n"
             "Prenez l’escalier sur votre droite (Stairs B) pour monter d’un étage jusqu’à "
             "«\u00a0F1\u00a0: First\u00a0».\n"
             "Quittez l’escalier et tournez à droite, puis immédiatement à gauche. Avancez de "
-            "250 m.\n"
+            "250\u00a0m.\n"
             "Vous êtes à destination\u00a0: Book Shop se trouve sur votre gauche, en face de "
             "Bakery.\n"
-            "450 m, 5 min"},
+            "450\u00a0m, 5\u00a0min"},
            {"ja",
             "Bakeryを出て、左に曲がります。40m進みます。途中、左側にBook Shopがあります。\n"
             "「Food」を過ぎたら斜め右に進みます。Book Shopの中を通って20m進みます。\n"
@@ -136,12 +138,12 @@ TEST_F(NarratorTest, WritesARouteInEachLanguage) {
             "目的地のBook Shopは左側、Bakeryの向かいにあります。\n"
             "450m、5分"},
            {"ar",
-            "غادر [Bakery] ثم انعطف يسارًا. سِر مسافة [40 م] مرورًا أمام [Book Shop] على يسارك.\n"
-            "انعطف قليلًا إلى اليمين بعد «[Food]». سِر مسافة [20 م] عبر [Book Shop].\n"
+            "غادر [Bakery] ثم انعطف يسارًا. سِر مسافة [40\u00a0م] مرورًا أمام [Book Shop] على يسارك.\n"
+            "انعطف قليلًا إلى اليمين بعد «[Food]». سِر مسافة [20\u00a0م] عبر [Book Shop].\n"
             "استخدم الدرج على يمينك ([Stairs B]) للصعود طابقًا واحدًا إلى [F1]: [First].\n"
-            "غادر الدرج ثم انعطف يمينًا ثم يسارًا مباشرةً. سِر مسافة [250 م].\n"
+            "غادر الدرج ثم انعطف يمينًا ثم يسارًا مباشرةً. سِر مسافة [250\u00a0م].\n"
             "لقد وصلت: وجهتك [Book Shop] على يسارك، مقابل [Bakery].\n"
-            "[450 م]، 5 دقائق"},
+            "[450\u00a0م]، 5\u00a0دقائق"},
        }) {
     const Narrator narrator(each.language);
     std::string text;
@@ -180,12 +182,13 @@ void visitAllSteps(const std::vector<Step>& route, Itinerary& itinerary, Visit v
   for (const double meters : {0.0, 20.0})
     for (const Side first : sides)
       for (const Side second : sides)
-        for (std::size_t count = 0; count < 9; ++count) {
+        for (std::size_t count = 0; count < 12; ++count) {
           Step step;
           step.metersToNext = meters;
           step.passed = {{shop, nullptr, first}, {shop, route[1].landmark->category, second}};
           step.passed.resize(count % 3);
-          step.through.assign(count / 3, shop);
+          step.through = {shop, route[1].landmark->place, shop};
+          step.through.resize(count / 3);
           visit({step});
         }
   for (const Side side : sides)
@@ -356,13 +359,30 @@ TEST_F(NarratorTest, TellsWhereTheWalkAfterARideBegins) {
         {"en", Side::behind, 0, "Leave the stairs and turn around."},
         {"en", Side::ahead, 90, "Leave the stairs and turn left."},
         {"en", Side::behind, 90, "Leave the stairs and turn around, then turn left."},
-        {"ja", Side::right, -90, "階段を出て、右に曲がってから右に曲がります。"}}) {
+        {"de", Side::left, 90,
+         "Verlassen Sie die Treppe und biegen Sie links ab, dann biegen Sie links ab."},
+        {"fr", Side::behind, -90, "Quittez l’escalier et faites demi-tour, puis tournez à droite."},
+        {"ja", Side::right, -90, "階段を出て、右に曲がってから右に曲がります。"},
+        {"ar", Side::right, 90, "غادر الدرج ثم انعطف يمينًا ثم انعطف يسارًا."}}) {
     Step step = routeUpstairs()[3];
     step.side = each.side;
     step.turnDegrees = each.degrees;
     step.secondTurnDegrees.reset();
     step.metersToNext = 0.0;
     EXPECT_EQ(textOf(step, Narrator(each.language)), each.text);
+  }
+}
+
+TEST_F(NarratorTest, CountsFurtherRooms) {
+  Step step = routeUpstairs()[1];
+  const std::pair<std::vector<std::shared_ptr<Location>>, const char*> cases[] = {
+      {{shop_, shop_}, "through Book Shop."},
+      {{shop_, bakery_}, "through Book Shop and Bakery."},
+      {{shop_, bakery_, shop_}, "through Book Shop, Bakery and one more room."},
+      {{shop_, bakery_, shop_, bakery_}, "through Book Shop, Bakery and 2 more rooms."}};
+  for (const auto& [rooms, text] : cases) {
+    step.through = rooms;
+    EXPECT_THAT(textOf(step), HasSubstr(text));
   }
 }
 
@@ -389,14 +409,15 @@ TEST_F(NarratorTest, JoinsRidesAndOmitsUnknownLengths) {
 TEST(Narrator, RoundsLengthsAndTimes) {
   const double none = std::numeric_limits<double>::quiet_NaN();
   const std::pair<double, const char*> lengths[] = {
-      {9.9, ""},      {10, "10 m"},    {99, "100 m"},           {124, "100 m"}, {126, "150 m"},
-      {549, "500 m"}, {951, "1,0 km"}, {1e300, "1000000,0 km"}, {-50, ""},      {none, ""}};
+      {9.9, ""},           {10, "10\u00a0m"},   {99, "100\u00a0m"},   {124, "100\u00a0m"},
+      {126, "150\u00a0m"}, {549, "500\u00a0m"}, {951, "1,0\u00a0km"}, {1e300, "1000000,0\u00a0km"},
+      {-50, ""},           {none, ""}};
   for (const auto& [meters, text] : lengths)
     EXPECT_EQ(Narrator("de").length(meters), text) << meters;
   const std::pair<double, const char*> times[] = {{120, "دقيقتان"},
-                                                  {269, "4 دقائق"},
+                                                  {269, "4\u00a0دقائق"},
                                                   {-1e300, "دقيقة واحدة"},
-                                                  {1e300, "1000000 دقيقة"},
+                                                  {1e300, "1000000\u00a0دقيقة"},
                                                   {none, ""}};
   for (const auto& [seconds, text] : times)
     EXPECT_EQ(Narrator("ar").time(seconds), text) << seconds;
@@ -427,7 +448,7 @@ TEST(Narrator, ReadsMessageFiles) {
     return Narrator::fromMessages(test::messageFile({{"", header}, {key, text}}), language);
   };
   EXPECT_EQ(read("length.meters\4", "m {meters}")->length(20), "m 20");
-  EXPECT_EQ(read("length.meters\4", "m {meters}")->time(20), "1 min");
+  EXPECT_EQ(read("length.meters\4", "m {meters}")->time(20), "1\u00a0min");
   EXPECT_EQ(read("unknown\4", "{any")->language(), "xx");
   for (const auto text :
        {"{x}"sv, "{"sv, "}"sv, "{meters"sv, "{meters:9}"sv, "{}"sv, "{{meters}}"sv, "a\0b"sv})

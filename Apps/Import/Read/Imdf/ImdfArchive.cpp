@@ -4,10 +4,14 @@
 
 #include <algorithm>
 #include <boost/json/array.hpp>
+#include <boost/json/monotonic_resource.hpp>
 #include <filesystem>
+#include <new>
+#include <unordered_map>
 #include <utility>
 
 #include "Apps/Import/Projection.hpp"
+#include "Apps/Import/Read/CoordinateCheck.hpp"
 #include "Apps/Import/Read/Imdf/ImdfTypes.hpp"
 #include "Apps/Import/Read/JsonMembers.hpp"
 #include "Apps/Import/Read/JsonText.hpp"
@@ -28,15 +32,18 @@ class Reader {
  public:
   Reader(const Options& options, Findings& findings) : options_(options), findings_(findings) {}
 
-  ImdfArchive read(const std::vector<SourceFile>& files) {
+  ImdfArchive read(std::vector<SourceFile> files) {
+    archive_.memory = json::make_shared_resource<json::monotonic_resource>(
+        1U << 16U, boundedMemory(options_.limits.bytes));
     if (!files.empty())
       archive_.file = std::filesystem::path(files.front().name).parent_path().string();
     for (const SourceFile& file : files)
       if (fileName(file) == "manifest.json") readManifest(file);
-    for (const SourceFile& file : files) {
+    for (SourceFile& file : files) {
       const std::string name = fileName(file);
       if (name.ends_with(".geojson") || (name.ends_with(".json") && name != "manifest.json"))
         readFeatures(file);
+      file.release();
     }
     reportUnknownTypes();
     place();
@@ -58,21 +65,28 @@ class Reader {
   }
 
   void readManifest(const SourceFile& file) {
-    ParsedJson parsed = parseJson(withoutByteOrderMark(file.bytes));
-    json::object* manifest = parsed.value.if_object();
+    const ParsedJson parsed =
+        parseJson(withoutByteOrderMark(file.bytes), boundedMemory(options_.limits.bytes / 64));
+    const json::object* manifest = parsed.value.if_object();
     if (manifest == nullptr)
       return report(Severity::violation, "FileMustBeValidGeoJSON", file.name, {},
                     "The manifest is no valid JSON object.", "Its language is not known.",
                     "Check the file with a JSON validator.");
-    archive_.manifest = std::move(*manifest);
+    archive_.manifest = *manifest;
     archive_.hasManifest = true;
     archive_.language = lowerCase(memberText(archive_.manifest, "language"));
   }
 
   void readFeatures(const SourceFile& file) {
-    GeoFeatures collection;
+    GeoFrame collection;
     try {
-      collection = readGeoJson(file, options_.limits, vertices_, findings_);
+      collection =
+          readGeoJsonInDegrees(file, options_.limits, vertices_, findings_,
+                               [&](GeoFeature feature) { addFeature(file, std::move(feature)); });
+    } catch (const std::bad_alloc&) {
+      throw SourceError(file.name + ": its properties take too much memory; import a part of it");
+    } catch (const CoordinateError&) {
+      throw;
     } catch (const SourceError& error) {
       if (vertices_ > options_.limits.vertices) throw;
       return report(Severity::violation, "FileMustBeValidGeoJSON", file.name, {}, error.what(),
@@ -82,19 +96,29 @@ class Reader {
       report(Severity::warning, "FileMustContainFeatureCollection", file.name, {},
              "The file does not contain an object with the type \"FeatureCollection\".",
              "It is read nevertheless.", "Put the features into a FeatureCollection.");
-    for (GeoFeature& feature : collection.features) addFeature(file, std::move(feature));
   }
 
   void addFeature(const SourceFile& file, GeoFeature data) {
     ImdfFeature feature;
-    feature.file = file.name;
-    feature.type = typeOf(file, data);
+    feature.file = archive_.texts.keep(file.name);
+    feature.type = archive_.texts.keep(typeOf(file, data));
     feature.id = idOf(file, data);
-    feature.data = std::move(data);
+    feature.properties = withoutNulls(data.properties);
+    feature.geometry = std::move(data.geometry);
     const std::size_t index = archive_.features.size();
-    archive_.byType[feature.type].push_back(index);
-    archive_.byId.emplace(feature.id, index);
+    archive_.byType[std::string(feature.type)].push_back(index);
     archive_.features.push_back(std::move(feature));
+    archive_.byId.emplace(archive_.features.back().id, static_cast<std::uint32_t>(index));
+  }
+
+  json::object withoutNulls(const json::object& properties) const {
+    json::object kept(archive_.memory);
+    kept.reserve(static_cast<std::size_t>(
+        std::count_if(properties.begin(), properties.end(),
+                      [](const auto& member) { return !member.value().is_null(); })));
+    for (const auto& [key, value] : properties)
+      if (!value.is_null()) kept.emplace(key, json::value(value, archive_.memory));
+    return kept;
   }
 
   std::string typeOf(const SourceFile& file, const GeoFeature& data) {
@@ -136,7 +160,8 @@ class Reader {
   void reportUnknownTypes() {
     for (const auto& [type, indices] : archive_.byType)
       if (!isImdfType(type))
-        report(Severity::info, "feature-type-unknown", archive_.features[indices.front()].file,
+        report(Severity::info, "feature-type-unknown",
+               std::string(archive_.features[indices.front()].file),
                archive_.features[indices.front()].id,
                fmt::format("{} features have the type \"{}\", which is not part of IMDF 1.0.",
                            indices.size(), type),
@@ -146,12 +171,12 @@ class Reader {
   // Chooses the origin, and makes all positions meters.
   void place() {
     PlaneOrigin middle;
-    for (const ImdfFeature& feature : archive_.features) middle.add(feature.data.geometry);
+    for (const ImdfFeature& feature : archive_.features) middle.add(feature.geometry);
     const Point rounded = middle.rounded(0.001);
     archive_.origin = {rounded.y, rounded.x};
     const Projection projection(archive_.origin);
     for (ImdfFeature& feature : archive_.features)
-      changePositions(feature.data.geometry,
+      changePositions(feature.geometry,
                       [&](Point point) { return projection.toPlane(point.x, point.y); });
   }
 
@@ -166,9 +191,7 @@ std::string primaryLanguage(const std::string& tag) { return tag.substr(0, tag.f
 
 }  // namespace
 
-std::string ImdfFeature::text(std::string_view key) const {
-  return memberText(data.properties, key);
-}
+std::string ImdfFeature::text(std::string_view key) const { return memberText(properties, key); }
 
 const ImdfFeature* ImdfArchive::find(const std::string& id, std::string_view type) const {
   const auto found = byId.find(id);
@@ -186,18 +209,18 @@ std::vector<const ImdfFeature*> ImdfArchive::ofType(const std::string& type) con
 
 std::optional<double> ImdfArchive::ordinal(const std::string& levelId) const {
   const ImdfFeature* level = find(levelId, "level");
-  return level == nullptr ? std::nullopt : memberNumber(level->data.properties, "ordinal");
+  return level == nullptr ? std::nullopt : memberNumber(level->properties, "ordinal");
 }
 
 std::optional<double> ImdfArchive::levelOf(const ImdfFeature& feature) const {
-  if (feature.type == "level") return memberNumber(feature.data.properties, "ordinal");
+  if (feature.type == "level") return memberNumber(feature.properties, "ordinal");
   if (const auto own = ordinal(feature.text("level_id"))) return own;
   if (const auto unit = find(feature.text("unit_id"), "unit"))
     return ordinal(unit->text("level_id"));
   if (const auto anchor = find(feature.text("anchor_id"), "anchor"))
     if (const auto unit = find(anchor->text("unit_id"), "unit"))
       return ordinal(unit->text("level_id"));
-  for (const std::string& id : memberTexts(feature.data.properties, "unit_ids"))
+  for (const std::string& id : memberTexts(feature.properties, "unit_ids"))
     if (const ImdfFeature* unit = find(id, "unit"))
       if (const auto level = ordinal(unit->text("level_id"))) return level;
   return std::nullopt;
@@ -232,7 +255,7 @@ Names ImdfArchive::names(const json::object& properties, std::string_view key) c
 
 std::vector<std::string> imdfMembers(const ImdfFeature& relationship) {
   std::vector<std::string> ids;
-  const json::object& properties = relationship.data.properties;
+  const json::object& properties = relationship.properties;
   const auto add = [&](const json::object* reference) {
     if (reference == nullptr) return;
     if (std::string id = memberText(*reference, "id"); !id.empty()) ids.push_back(std::move(id));
@@ -244,9 +267,9 @@ std::vector<std::string> imdfMembers(const ImdfFeature& relationship) {
   return ids;
 }
 
-ImdfArchive readImdfArchive(const std::vector<SourceFile>& files, const Options& options,
+ImdfArchive readImdfArchive(std::vector<SourceFile> files, const Options& options,
                             Findings& findings) {
-  return Reader(options, findings).read(files);
+  return Reader(options, findings).read(std::move(files));
 }
 
 }  // namespace orivanta::importer

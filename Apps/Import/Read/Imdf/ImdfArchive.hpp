@@ -2,12 +2,15 @@
 #pragma once
 
 #include <boost/json/object.hpp>
+#include <boost/json/storage_ptr.hpp>
+#include <boost/unordered/unordered_flat_map.hpp>
 #include <cstddef>
+#include <cstdint>
+#include <deque>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "Apps/Import/Building.hpp"
@@ -15,28 +18,33 @@
 #include "Apps/Import/Options.hpp"
 #include "Apps/Import/Read/GeoJson.hpp"
 #include "Apps/Import/Read/Sources.hpp"
+#include "Apps/Import/Read/TextPool.hpp"
 
 namespace orivanta::importer {
 
 struct ImdfFeature {
-  std::string id;    ///< unique in the archive: that of a second feature has "#2" at its end
-  std::string type;  ///< member "feature_type", or else the name of the file
-  std::string file;
-  GeoFeature data;  ///< positions in meters
+  std::string id;         ///< unique in the archive: that of a second feature has "#2" at its end
+  std::string_view type;  ///< member "feature_type", or else the name of the file
+  std::string_view file;
+  boost::json::object properties;  ///< without those that are null
+  GeoGeometry geometry;            ///< in meters
 
   /// The trimmed text of a property; empty if there is none.
   std::string text(std::string_view key) const;
 };
 
 struct ImdfArchive {
-  std::string file;  ///< for messages about the whole archive
+  TextPool texts;                   ///< of the types and files of features
+  boost::json::storage_ptr memory;  ///< of the properties of features
+  std::string file;                 ///< for messages about the whole archive
   boost::json::object manifest;
   bool hasManifest = false;
   std::string language;  ///< of the manifest, in lower case
   Georeference origin;
-  std::vector<ImdfFeature> features;                       ///< in the order of the files
+  std::deque<ImdfFeature> features;                        ///< in the order of the files
   std::map<std::string, std::vector<std::size_t>> byType;  ///< indices of features
-  std::unordered_map<std::string, std::size_t> byId;
+  /// Indices by the identifiers of features.
+  boost::unordered_flat_map<std::string_view, std::uint32_t> byId;
 
   /// The feature with an identifier; null if there is none, or if it has another type. An empty
   /// type is any.
@@ -59,9 +67,9 @@ struct ImdfArchive {
 /// The identifiers that a relationship names, in order: origin, intermediary, destination.
 std::vector<std::string> imdfMembers(const ImdfFeature& relationship);
 
-/// Reads all files. Breaches of the rules for files, identifiers and types become findings. Throws
-/// `SourceError` if there are too many positions.
-ImdfArchive readImdfArchive(const std::vector<SourceFile>& files, const Options& options,
+/// Reads all files, and releases the contents of each. Breaches of the rules for files, identifiers
+/// and types become findings. Throws `SourceError` if there are too many positions or properties.
+ImdfArchive readImdfArchive(std::vector<SourceFile> files, const Options& options,
                             Findings& findings);
 
 }  // namespace orivanta::importer

@@ -27,14 +27,14 @@ class AreaReader {
  private:
   Area* add(const ImdfFeature& feature, AreaKind kind, std::string category) {
     const std::optional<double> level = import_.levelOf(feature);
-    if (!level || feature.data.geometry.polygons.empty() || !import_.isWithinBounds(feature))
+    if (!level || feature.geometry.polygons.empty() || !import_.isWithinBounds(feature))
       return nullptr;
     Area area;
     area.id = feature.id;
     area.source = feature.id;
     area.kind = kind;
     area.level = *level;
-    area.shape = feature.data.geometry.polygons;
+    area.shape = feature.geometry.polygons;
     area.category = std::move(category);
     area.access = imdfAccess(feature);
     area.wheelchair = imdfWheelchair(feature);
@@ -46,8 +46,8 @@ class AreaReader {
   void readUnit(const ImdfFeature& unit) {
     const std::string category = unit.text("category");
     Area* area = add(unit, kindOfUnit(category), "unit:" + category);
-    if (area != nullptr && isConnectorKind(area->kind))
-      area->names = import_.archive.names(unit.data.properties, "name");
+    if (area != nullptr && isConnector(area->kind))
+      area->names = import_.archive.names(unit.properties, "name");
   }
 
   void readFixture(const ImdfFeature& fixture) {
@@ -57,7 +57,7 @@ class AreaReader {
 
   void readOpening(const ImdfFeature& opening) {
     const std::optional<double> level = import_.levelOf(opening);
-    const auto& lines = opening.data.geometry.lines;
+    const auto& lines = opening.geometry.lines;
     if (!level || lines.empty() || lines.front().empty() || !import_.isWithinBounds(opening))
       return;
     Door door;
@@ -68,7 +68,7 @@ class AreaReader {
     door.line = lines.front();
     door.position = middleOf(door.line);
     if (door.line.size() > 1) door.width = lengthOf(door.line);
-    door.names = import_.archive.names(opening.data.properties, "name");
+    door.names = import_.archive.names(opening.properties, "name");
     door.access = accessOf(opening);
     door.wheelchair = imdfWheelchair(opening);
     import_.doors.emplace(opening.id, import_.building.doors.size());
@@ -78,7 +78,7 @@ class AreaReader {
   static DoorKind kindOf(const ImdfFeature& opening) {
     const std::string category = opening.text("category");
     if (category == "emergencyexit") return DoorKind::emergency;
-    const auto* door = memberObject(opening.data.properties, "door");
+    const auto* door = memberObject(opening.properties, "door");
     const std::string type = door == nullptr ? "" : memberText(*door, "type");
     if (type.starts_with("turnstile")) return DoorKind::gate;
     if (category == "pedestrian.principal") return DoorKind::entrance;
@@ -88,7 +88,7 @@ class AreaReader {
   static Access accessOf(const ImdfFeature& opening) {
     const std::string category = opening.text("category");
     Access access = category == "service" ? Access::staff : Access::everybody;
-    for (const std::string& control : memberTexts(opening.data.properties, "access_control")) {
+    for (const std::string& control : memberTexts(opening.properties, "access_control")) {
       if (control == "outofservice") return Access::nobody;
       if (control != "guard") access = Access::staff;
     }

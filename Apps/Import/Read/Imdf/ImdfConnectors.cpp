@@ -122,6 +122,7 @@ class ConnectorReader {
     std::vector<double> levels;
     for (const std::string& id : imdfMembers(relationship)) addMember(id, hint, levels);
     hint.direction = directionOf(relationship, levels);
+    addMissingSpots(levels, hint);
     if (hint.areas.empty() && hint.spots.size() < 2) return reportUnclear(relationship);
     std::vector<std::string> keys;
     keys.reserve(hint.areas.size());
@@ -143,6 +144,17 @@ class ConnectorReader {
       hint.doors.push_back(id);
       hint.spots.push_back({door.level, door.position});
     }
+  }
+
+  // A connector may be drawn on one level only, and joined with what it leads to on the others.
+  void addMissingSpots(const std::vector<double>& levels, ConnectorHint& hint) const {
+    if (hint.areas.empty()) return;
+    std::set<double> known;
+    for (const std::string& id : hint.areas) known.insert(import_.area(id)->level);
+    for (const Spot& spot : hint.spots) known.insert(spot.level);
+    const Point middle = imdfMiddle(import_.area(hint.areas.front())->shape.front());
+    for (const double level : levels)
+      if (known.insert(level).second) hint.spots.push_back({level, middle});
   }
 
   static Direction directionOf(const ImdfFeature& relationship, const std::vector<double>& levels) {
@@ -181,21 +193,21 @@ class ConnectorReader {
 
   void readAmenity(const ImdfFeature& amenity) {
     const std::optional<ConnectorKind> kind = kindOf(amenity.text("category"));
-    if (!kind || amenity.data.geometry.points.empty()) return;
+    if (!kind || amenity.geometry.points.empty()) return;
     ConnectorHint hint;
     hint.id = amenity.id;
     hint.source = amenity.id;
     hint.kind = *kind;
-    hint.names = import_.archive.names(amenity.data.properties, "name");
+    hint.names = import_.archive.names(amenity.properties, "name");
     hint.wheelchair = imdfWheelchair(amenity);
     std::set<double> levels;
-    for (const std::string& id : memberTexts(amenity.data.properties, "unit_ids")) {
+    for (const std::string& id : memberTexts(amenity.properties, "unit_ids")) {
       std::vector<double> members;
       addMember(id, hint, members);
       levels.insert(members.begin(), members.end());
     }
     for (const double level : levels)
-      hint.spots.push_back({level, amenity.data.geometry.points.front()});
+      hint.spots.push_back({level, amenity.geometry.points.front()});
     std::vector<std::string> keys;
     keys.reserve(hint.areas.size());
     for (const std::string& area : hint.areas) keys.push_back("area " + area);
@@ -223,6 +235,13 @@ class ConnectorReader {
     std::stable_sort(
         hint.spots.begin(), hint.spots.end(),
         [](const Spot& first, const Spot& second) { return first.level < second.level; });
+    hint.spots.erase(std::unique(hint.spots.begin(), hint.spots.end(),
+                                 [](const Spot& first, const Spot& second) {
+                                   return first.level == second.level &&
+                                          first.position.x == second.position.x &&
+                                          first.position.y == second.position.y;
+                                 }),
+                     hint.spots.end());
     for (const Spot& spot : hint.spots) levels.insert(spot.level);
     if (hint.names.name.empty())
       for (const std::string& id : hint.areas)

@@ -25,7 +25,7 @@ Finding findingFor(const ImdfArchive& archive, const ImdfFeature& feature, ImdfB
   finding.file = feature.file;
   finding.field = std::move(breach.field);
   finding.level = archive.levelOf(feature);
-  finding.position = firstPosition(feature.data.geometry);
+  finding.position = firstPosition(feature.geometry);
   finding.message = std::move(breach.message);
   finding.effect = std::move(breach.effect);
   finding.advice = std::move(breach.advice);

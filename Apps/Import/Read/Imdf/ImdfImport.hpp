@@ -36,6 +36,9 @@ struct ImdfImport {
 Wheelchair imdfWheelchair(const ImdfFeature& feature);
 Access imdfAccess(const ImdfFeature& feature);
 
+/// The mean of the corners.
+Point imdfMiddle(const Polygon& polygon);
+
 /// Where the name of a feature is shown, in meters.
 std::optional<Point> imdfDisplayPoint(const ImdfArchive& archive, const ImdfFeature& feature);
 

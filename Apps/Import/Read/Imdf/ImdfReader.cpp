@@ -1,7 +1,10 @@
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <string>
 #include <utility>
 
+#include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Projection.hpp"
 #include "Apps/Import/Read/GeoJsonGeometry.hpp"
 #include "Apps/Import/Read/Imdf/ImdfImport.hpp"
@@ -20,17 +23,17 @@ void readVenue(const ImdfArchive& archive, Building& building) {
   const std::vector<const ImdfFeature*> venues = archive.ofType("venue");
   if (venues.empty()) return;
   building.id = venues.front()->id;
-  building.names = archive.names(venues.front()->data.properties, "name");
+  building.names = archive.names(venues.front()->properties, "name");
 }
 
 std::string nameOf(const ImdfArchive& archive, const ImdfFeature& building) {
-  const std::string name = archive.names(building.data.properties, "name").name;
+  const std::string name = archive.names(building.properties, "name").name;
   return name.empty() ? building.id : name;
 }
 
 // Whether it has the identifier or one of the names that the person has chosen.
 bool isChosen(const ImdfArchive& archive, const ImdfFeature& building, const std::string& chosen) {
-  const Names names = archive.names(building.data.properties, "name");
+  const Names names = archive.names(building.properties, "name");
   return building.id == chosen || names.name == chosen ||
          std::any_of(names.byLanguage.begin(), names.byLanguage.end(),
                      [&](const auto& name) { return name.second == chosen; });
@@ -46,6 +49,29 @@ void requireBuilding(const ImdfArchive& archive, const std::string& chosen) {
                     "\"; there are: " + others);
 }
 
+// Reports what a person may expect on the map.
+void reportUnused(const ImdfArchive& archive, Findings& findings) {
+  const auto report = [&](const char* file, const char* field, std::size_t number,
+                          const char* what) {
+    if (number == 0) return;
+    Finding finding = makeFinding(Severity::info, "not-imported", "",
+                                  {fmt::format("{} {}.", number, what),
+                                   "The package has no such records, so they are left out."});
+    finding.file = archive.file + '/' + file;
+    finding.field = field;
+    findings.add(std::move(finding));
+  };
+  report("geofence.geojson", "", archive.ofType("geofence").size(),
+         "geofences mark parts of the building");
+  report("detail.geojson", "", archive.ofType("detail").size(), "details are drawn as lines");
+  const auto occupants = archive.ofType("occupant");
+  report("occupant.geojson", "validity",
+         static_cast<std::size_t>(std::count_if(
+             occupants.begin(), occupants.end(),
+             [](const ImdfFeature* each) { return memberOf(each->properties, "validity"); })),
+         "occupants state from when until when they are there");
+}
+
 class LevelReader {
  public:
   explicit LevelReader(ImdfImport& import) : import_(import) {}
@@ -56,7 +82,7 @@ class LevelReader {
 
  private:
   void readLevel(const ImdfFeature& level) {
-    const boost::json::object& properties = level.data.properties;
+    const boost::json::object& properties = level.properties;
     const std::optional<double> ordinal = memberNumber(properties, "ordinal");
     if (!ordinal) return;
     std::vector<const ImdfFeature*> buildings;
@@ -76,7 +102,7 @@ class LevelReader {
     storey.shortName = import_.archive.names(properties, "short_name").name;
     storey.outdoor = memberBool(properties, "outdoor").value_or(false);
     if (buildings.size() == 1) storey.building = nameOf(import_.archive, *buildings.front());
-    storey.footprint = level.data.geometry.polygons;
+    storey.footprint = level.geometry.polygons;
     import_.levels.emplace(level.id, *ordinal);
     import_.building.storeys.push_back(std::move(storey));
   }
@@ -108,7 +134,7 @@ bool ImdfImport::isWithinBounds(const ImdfFeature& feature) const {
       within = within || (least.x <= point.x && point.x <= greatest.x && least.y <= point.y &&
                           point.y <= greatest.y);
   };
-  const GeoGeometry& geometry = feature.data.geometry;
+  const GeoGeometry& geometry = feature.geometry;
   look(geometry.points);
   for (const auto& line : geometry.lines) look(line);
   for (const Polygon& polygon : geometry.polygons) look(polygon.outer);
@@ -116,7 +142,7 @@ bool ImdfImport::isWithinBounds(const ImdfFeature& feature) const {
 }
 
 Wheelchair imdfWheelchair(const ImdfFeature& feature) {
-  const std::vector<std::string> values = memberTexts(feature.data.properties, "accessibility");
+  const std::vector<std::string> values = memberTexts(feature.properties, "accessibility");
   const bool stated = std::find(values.begin(), values.end(), "wheelchair") != values.end();
   return stated ? Wheelchair::yes : Wheelchair::unknown;
 }
@@ -128,8 +154,14 @@ Access imdfAccess(const ImdfFeature& feature) {
   return restricted ? Access::staff : Access::everybody;
 }
 
+Point imdfMiddle(const Polygon& polygon) {
+  Point sum;
+  for (const Point point : polygon.outer) sum = sum + point;
+  return polygon.outer.empty() ? sum : sum * (1.0 / static_cast<double>(polygon.outer.size()));
+}
+
 std::optional<Point> imdfDisplayPoint(const ImdfArchive& archive, const ImdfFeature& feature) {
-  const boost::json::value* member = memberOf(feature.data.properties, "display_point");
+  const boost::json::value* member = memberOf(feature.properties, "display_point");
   GeoGeometry geometry;
   std::size_t vertices = 0;
   if (member == nullptr || !readGeometry(*member, geometry, vertices).empty() ||
@@ -138,9 +170,8 @@ std::optional<Point> imdfDisplayPoint(const ImdfArchive& archive, const ImdfFeat
   return Projection(archive.origin).toPlane(geometry.points[0].x, geometry.points[0].y);
 }
 
-Building readImdf(const std::vector<SourceFile>& files, const Options& options,
-                  Findings& findings) {
-  const ImdfArchive archive = readImdfArchive(files, options, findings);
+Building readImdf(std::vector<SourceFile> files, const Options& options, Findings& findings) {
+  const ImdfArchive archive = readImdfArchive(std::move(files), options, findings);
   if (archive.ofType("level").empty())
     throw SourceError(archive.file + ": no level.geojson with levels; is this an IMDF archive?");
   checkImdf(archive, findings);
@@ -156,6 +187,7 @@ Building readImdf(const std::vector<SourceFile>& files, const Options& options,
   readImdfAreas(import);
   readImdfPlaces(import);
   readImdfConnectors(import);
+  reportUnused(archive, findings);
   return building;
 }
 

@@ -128,7 +128,7 @@ class Checker {
     for (const ImdfFeature* unit : archive_.ofType("unit"))
       levelsWithUnits_.insert(unit->text("level_id"));
     for (const ImdfFeature* footprint : archive_.ofType("footprint"))
-      for (const std::string& id : memberTexts(footprint->data.properties, "building_ids"))
+      for (const std::string& id : memberTexts(footprint->properties, "building_ids"))
         buildingsWithFootprint_.insert(id);
   }
 
@@ -156,7 +156,7 @@ class Checker {
   }
 
   void checkShape(const TypeRules& rules, const ImdfFeature& feature) {
-    const GeoGeometry& geometry = feature.data.geometry;
+    const GeoGeometry& geometry = feature.geometry;
     const bool fits =
         rules.shape == Shape::none ||
         (rules.shape == Shape::polygon && !geometry.polygons.empty()) ||
@@ -180,7 +180,7 @@ class Checker {
 
   void checkLabels(const ImdfFeature& feature) {
     for (const char* key : {"name", "alt_name", "short_name"}) {
-      const json::value* value = memberOf(feature.data.properties, key);
+      const json::value* value = memberOf(feature.properties, key);
       if (value == nullptr) continue;
       const json::object* labels = value->if_object();
       if (labels != nullptr && std::all_of(labels->begin(), labels->end(), [](const auto& label) {
@@ -213,7 +213,7 @@ class Checker {
                                               Reference{"amenity", "address_id", "address"}};
     for (const Reference& each : references)
       if (each.type == feature.type)
-        for (const std::string& id : memberTexts(feature.data.properties, each.key))
+        for (const std::string& id : memberTexts(feature.properties, each.key))
           if (archive_.find(id, each.target) == nullptr)
             reportReference(feature, std::string(each.key), id, std::string(each.target));
     if (feature.type == "unit" && feature.text("level_id").empty())
@@ -249,7 +249,7 @@ class Checker {
   }
 
   void checkFootprint(const ImdfFeature& footprint) {
-    const auto ids = memberTexts(footprint.data.properties, "building_ids");
+    const auto ids = memberTexts(footprint.properties, "building_ids");
     if (std::none_of(ids.begin(), ids.end(), [&](const std::string& id) {
           return archive_.find(id, "building") != nullptr;
         }))
@@ -258,7 +258,7 @@ class Checker {
   }
 
   void checkLevel(const ImdfFeature& level) {
-    const json::object& properties = level.data.properties;
+    const json::object& properties = level.properties;
     if (archive_.names(properties, "name").name.empty())
       report(level, {Severity::violation, "LevelMustHaveName", "name", "The level has no name.",
                      "It is named by its ordinal.", "Add a name."});
@@ -284,14 +284,14 @@ class Checker {
              {Severity::violation, "OccupantMustReferenceAnchor", "anchor_id",
               "The anchor \"" + occupant.text("anchor_id") + "\" does not exist.",
               "Nobody knows where the occupant is, so it is left out.", "Correct anchor_id."});
-    if (archive_.names(occupant.data.properties, "name").name.empty())
+    if (archive_.names(occupant.properties, "name").name.empty())
       report(occupant,
              {Severity::violation, "OccupantMustHaveName", "name", "The occupant has no name.",
               "It is named by its category.", "Add a name."});
   }
 
   void checkGeofence(const ImdfFeature& geofence) {
-    const json::object& properties = geofence.data.properties;
+    const json::object& properties = geofence.properties;
     const auto resolves = [&](const char* key, const char* type) {
       const auto ids = memberTexts(properties, key);
       return std::any_of(ids.begin(), ids.end(),

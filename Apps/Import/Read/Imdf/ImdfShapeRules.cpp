@@ -96,7 +96,7 @@ class ShapeChecker {
   void check() {
     checkVenues();
     for (const ImdfFeature* unit : archive_.ofType("unit"))
-      unitsOfLevel_[unit->text("level_id")].emplace_back(unit->data.geometry.polygons, effort_);
+      unitsOfLevel_[unit->text("level_id")].emplace_back(unit->geometry.polygons, effort_);
     for (const ImdfFeature* opening : archive_.ofType("opening")) checkOpening(*opening);
   }
 
@@ -107,8 +107,8 @@ class ShapeChecker {
 
   void checkVenues() {
     for (const ImdfFeature* venue : archive_.ofType("venue")) {
-      if (venue->data.geometry.polygons.empty()) continue;
-      const Cover cover(venue->data.geometry.polygons, effort_);
+      if (venue->geometry.polygons.empty()) continue;
+      const Cover cover(venue->geometry.polygons, effort_);
       checkDisplayPoint(*venue, cover);
       for (const char* type : {"level", "footprint"})
         for (const ImdfFeature* child : archive_.ofType(type)) checkChild(cover, *child);
@@ -118,7 +118,7 @@ class ShapeChecker {
   void checkDisplayPoint(const ImdfFeature& venue, const Cover& cover) {
     GeoGeometry geometry;
     std::size_t vertices = 0;
-    const auto* member = memberOf(venue.data.properties, "display_point");
+    const auto* member = memberOf(venue.properties, "display_point");
     if (member != nullptr) readGeometry(*member, geometry, vertices);
     if (!geometry.points.empty()) {
       const Point point = geometry.points.front();
@@ -130,21 +130,22 @@ class ShapeChecker {
   }
 
   void checkChild(const Cover& cover, const ImdfFeature& child) {
-    for (const Polygon& polygon : child.data.geometry.polygons)
+    for (const Polygon& polygon : child.geometry.polygons)
       for (const Point point : polygon.outer)
         if (!cover.contains(point))
-          return report(child, {Severity::warning, "VenueMustCoverAllChildFeatures", "geometry",
-                                "A part of the " + child.type + " lies outside of the venue.", "",
-                                "Extend the venue, or correct the " + child.type + "."});
+          return report(child,
+                        {Severity::warning, "VenueMustCoverAllChildFeatures", "geometry",
+                         "A part of the " + std::string(child.type) + " lies outside of the venue.",
+                         "", "Extend the venue, or correct the " + std::string(child.type) + "."});
   }
 
   void checkOpening(const ImdfFeature& opening) {
     const std::string level = opening.text("level_id");
     const ImdfFeature* drawn = archive_.find(level, "level");
-    if (drawn == nullptr || opening.data.geometry.lines.empty()) return;
-    const std::vector<Point>& line = opening.data.geometry.lines.front();
+    if (drawn == nullptr || opening.geometry.lines.empty()) return;
+    const std::vector<Point>& line = opening.geometry.lines.front();
     const Cover& cover =
-        levels_.try_emplace(level, drawn->data.geometry.polygons, effort_).first->second;
+        levels_.try_emplace(level, drawn->geometry.polygons, effort_).first->second;
     if (!std::all_of(line.begin(), line.end(), [&](Point point) { return cover.contains(point); }))
       report(opening, {Severity::violation, "OpeningMustBeCoveredByReferencedLevel", "geometry",
                        "The opening lies outside of its level.", "It may join nothing.",

@@ -104,11 +104,6 @@ AreaKind kindOfUnit(std::string_view category) {
   return found == unitKinds.end() ? AreaKind::room : found->kind;
 }
 
-bool isConnectorKind(AreaKind kind) {
-  return kind == AreaKind::stairs || kind == AreaKind::elevator || kind == AreaKind::escalator ||
-         kind == AreaKind::movingWalkway || kind == AreaKind::ramp;
-}
-
 std::string_view baseOf(std::string_view category) {
   return category.substr(0, category.find('.'));
 }

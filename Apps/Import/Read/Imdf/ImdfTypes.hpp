@@ -19,9 +19,6 @@ bool isImdfCategory(std::string_view type, std::string_view category);
 /// What a unit of this category is.
 AreaKind kindOfUnit(std::string_view category);
 
-/// Whether it is a connector between storeys or along one: stairs, elevator, ramp and so on.
-bool isConnectorKind(AreaKind kind);
-
 /// The part of a category before the first dot: "restroom" of "restroom.female".
 std::string_view baseOf(std::string_view category);
 

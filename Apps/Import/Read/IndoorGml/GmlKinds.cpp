@@ -15,7 +15,7 @@ struct Word {
   AreaKind kind;
 };
 
-// What descriptions say. Names may contain the longer ones.
+// What descriptions say, and, up to "concourse", names.
 constexpr std::array words = {
     Word{"escalator", AreaKind::escalator}, Word{"에스컬레이터", AreaKind::escalator},
     Word{"elevator", AreaKind::elevator},   Word{"엘리베이터", AreaKind::elevator},
@@ -37,9 +37,27 @@ std::optional<AreaKind> kindOfWord(const std::string& text) {
   return std::nullopt;
 }
 
-std::optional<AreaKind> kindOfName(const std::string& name) {
-  for (std::size_t each = 0; each < wordsInNames; ++each)
-    if (name.find(words[each].text) != name.npos) return words[each].kind;
+// The last word that is no number or letter tells what it is: an "Elevator Lobby 2" is a lobby, and
+// an "Upstairs Cafe" is none of these. Scripts without blanks have the word anywhere. `alone`:
+// there must be no other words.
+std::optional<AreaKind> kindOfName(const std::string& name, bool alone) {
+  constexpr std::size_t shortestWord = 4;
+  constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz";
+  std::string_view last;
+  std::size_t count = 0;
+  for (std::size_t at = name.find_first_of(letters); at != name.npos;
+       at = name.find_first_of(letters, at)) {
+    const std::size_t end = std::min(name.find_first_not_of(letters, at), name.size());
+    if (end - at >= shortestWord) last = std::string_view(name).substr(at, end - at);
+    if (end - at > 1) ++count;
+    at = end;
+  }
+  if (alone && count > 1) return std::nullopt;
+  for (std::size_t each = 0; each < wordsInNames; ++each) {
+    const std::string_view word = words[each].text;
+    const bool isAscii = letters.find(word.front()) != letters.npos;
+    if (isAscii ? last.starts_with(word) : name.find(word) != name.npos) return words[each].kind;
+  }
   return std::nullopt;
 }
 
@@ -63,9 +81,11 @@ std::optional<AreaKind> statedKind(const GmlSpace& cell) {
   if (cell.function == "1110") return AreaKind::elevator;
   if (cell.function == "1120") return AreaKind::stairs;
   if (cell.function == "1130") return AreaKind::escalator;
-  if (const auto kind = kindOfName(lowerCase(cell.name))) return kind;
+  // The element tells more than a name, unless the name is nothing but the word.
+  const bool isRoom = cell.element == "GeneralSpace";
+  if (const auto kind = kindOfName(lowerCase(cell.name), isRoom)) return kind;
+  if (isRoom) return AreaKind::room;
   if (cell.element == "TransitionSpace") return AreaKind::walkway;
-  if (cell.element == "GeneralSpace") return AreaKind::room;
   return std::nullopt;
 }
 

@@ -57,9 +57,15 @@ std::string_view localName(const char* name) {
   return text.substr(text.find(':') + 1);
 }
 
+// Elements of GML have a few attributes. Those of a hostile document, which many other elements may
+// be in, are not all looked at.
 std::string attributeOf(pugi::xml_node node, std::string_view name) {
-  for (const pugi::xml_attribute attribute : node.attributes())
+  constexpr int mostAttributes = 64;
+  int count = 0;
+  for (const pugi::xml_attribute attribute : node.attributes()) {
     if (localName(attribute.name()) == name) return std::string(trimmed(attribute.value()));
+    if (++count == mostAttributes) break;
+  }
   return {};
 }
 

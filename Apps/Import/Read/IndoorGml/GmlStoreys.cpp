@@ -54,8 +54,12 @@ std::optional<double> ordinalIn(std::string_view text) {
   const std::size_t end = std::min(text.find_first_not_of("0123456789.", first), text.size());
   std::optional<double> number = numberIn(text.substr(first, end - first));
   if (!number || *number > 1000.0) return std::nullopt;
-  const std::string before = lowerCase(trimmed(text.substr(0, first)));
-  const bool below = before.ends_with('-') || before == "b" || before.ends_with("basement");
+  std::string before = lowerCase(trimmed(text.substr(0, first)));
+  // A hyphen after a word, as in "Floor-1", only joins it with the number.
+  const bool hasHyphen = before.ends_with('-');
+  if (hasHyphen) before.pop_back();
+  const bool isMinus = hasHyphen && (before.empty() || !isWordCharacter(before.back()));
+  const bool below = isMinus || before == "b" || before.ends_with("basement");
   return below ? -*number : *number;
 }
 

@@ -66,11 +66,11 @@ void GmlImport::report(Severity severity, const char* rule, const std::string& s
   findings.add(std::move(finding));
 }
 
-Building readIndoorGml(const std::vector<SourceFile>& files, const Options& options,
-                       Findings& findings) {
+Building readIndoorGml(std::vector<SourceFile> files, const Options& options, Findings& findings) {
   std::size_t vertices = 0;
   const GmlDocument document =
       readGmlDocument(documentIn(files), options.limits, vertices, findings);
+  for (SourceFile& file : files) file.release();
   if (document.cells.empty() && document.states.empty())
     throw SourceError(document.file +
                       ": the document has neither cells nor states; is this IndoorGML 1.0 or 1.1?");

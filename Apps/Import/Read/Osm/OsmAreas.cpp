@@ -17,10 +17,10 @@ namespace {
 // Corridors and footways have the names of streets; nobody searches for them.
 bool isPlace(const OsmTags& tags, AreaKind kind) {
   if (isConnector(kind) || kind == AreaKind::opening || kind == AreaKind::wall) return false;
-  const bool isNamed = tags.has("name") || tags.has("ref");
-  if (kind == AreaKind::room) return isNamed || isDestination(tags);
+  const bool isKnown = isNamed(tags) || tags.has("ref");
+  if (kind == AreaKind::room) return isKnown || isDestination(tags);
   if (tags.is("amenity", "parking")) return true;
-  return isNamed && !tags.is("indoor", "corridor") && !tags.is("room", "corridor") &&
+  return isKnown && !tags.is("indoor", "corridor") && !tags.is("room", "corridor") &&
          (!tags.has("highway") || tags.is("highway", "platform"));
 }
 
@@ -55,7 +55,7 @@ void addArea(const OsmThing& thing, AreaKind kind, OsmConversion& conversion) {
     const std::string id = isFirst ? thing.id : thing.id + "@" + levelText(levels.front());
     for (const double level : levels) {
       if (!seen.insert(level).second) continue;
-      conversion.count(corners);
+      conversion.count(corners, *thing.tags);
       Area area = pattern;
       area.id = idOn(thing, level);
       area.level = level;

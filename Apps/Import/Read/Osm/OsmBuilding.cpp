@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Read/Osm/OsmConversion.hpp"
 #include "Apps/Import/Read/Osm/OsmLanguage.hpp"
 #include "Apps/Import/Read/Osm/OsmLevels.hpp"
@@ -12,6 +13,7 @@
 #include "Apps/Import/Read/Osm/OsmSelection.hpp"
 #include "Apps/Import/Read/Osm/OsmShapes.hpp"
 #include "Apps/Import/Read/Osm/OsmValues.hpp"
+#include "Apps/Import/Read/PlaneOrigin.hpp"
 #include "Apps/Import/SourceError.hpp"
 #include "Apps/Import/Storeys/Levels.hpp"
 
@@ -31,31 +33,47 @@ Georeference georeferenceOf(OsmPosition position) {
   return {position.latitude * degreesPerUnit, position.longitude * degreesPerUnit};
 }
 
-// The middle of everything drawn. Throws if it does not fit into one map.
-Georeference originOf(const std::vector<OsmThing>& things, const OsmData& data,
-                      const Limits& limits) {
-  OsmBox box;
-  bool any = false;
+// The median of everything drawn, as a few things far away do not move it. They are left out.
+// Throws if there are so many that the rest is no building.
+Georeference originOf(std::vector<OsmThing>& things, const OsmData& data, const Limits& limits,
+                      Findings& findings) {
+  PlaneOrigin middle;
+  std::size_t drawn = 0;
   for (const OsmThing& thing : things) {
     if (!isDrawn(thing)) continue;
-    box.add(thing.box.middle());
-    any = true;
+    const Georeference own = georeferenceOf(thing.box.middle());
+    middle.add({own.longitude, own.latitude});
+    ++drawn;
   }
-  if (!any)
+  if (drawn == 0)
     throw SourceError(fmt::format(
         "{}: nothing in it is indoors; rooms need the tags indoor=room and level=*", data.file()));
-  const Georeference low = georeferenceOf(box.low);
-  const Georeference high = georeferenceOf(box.high);
-  const Projection projection(georeferenceOf(box.middle()));
-  const Point corner = projection.toPlane(high.longitude, high.latitude) -
-                       projection.toPlane(low.longitude, low.latitude);
-  const double extent = std::max(std::abs(corner.x), std::abs(corner.y));
-  if (extent > limits.extentMeters)
-    throw SourceError(fmt::format(
-        "{}: the indoor data extends over {:.0f} km; choose a building with --building or a part "
-        "with --bounds",
-        data.file(), extent / 1000.0));
-  return georeferenceOf(box.middle());
+  const Point rounded = middle.rounded(0.001);
+  const Projection projection({rounded.y, rounded.x});
+  std::vector<OsmThing*> far;
+  for (OsmThing& thing : things) {
+    if (thing.levels.empty()) continue;
+    const Georeference own = georeferenceOf(thing.box.middle());
+    const Point position = projection.toPlane(own.longitude, own.latitude);
+    if (std::max(std::abs(position.x), std::abs(position.y)) > limits.extentMeters / 4.0)
+      far.push_back(&thing);
+  }
+  if (10 * far.size() > drawn)
+    throw SourceError(
+        fmt::format("{}: the indoor data extends over more than {:.0f} km; choose a building with "
+                    "--building or "
+                    "a part with --bounds",
+                    data.file(), limits.extentMeters / 2000.0));
+  for (OsmThing* thing : far) {
+    thing->levels.clear();
+    Finding finding =
+        makeFinding(Severity::warning, "far-away", thing->id,
+                    {"It lies kilometers away from everything else.", "It is left out.",
+                     "Correct its position, or import it by itself with --building or --bounds."});
+    finding.file = data.file();
+    findings.add(std::move(finding));
+  }
+  return projection.origin();
 }
 
 // Names the building after the named area around most drawn areas.
@@ -64,7 +82,7 @@ void nameAfterArea(const std::vector<OsmThing>& things, Building& building) {
   std::size_t candidates = 0;
   std::size_t most = 0;
   for (const OsmThing& area : things) {
-    if (!area.isArea() || !area.levels.empty() || !area.tags->has("name")) continue;
+    if (!area.isArea() || !area.levels.empty() || !isNamed(*area.tags)) continue;
     if (++candidates > mostCandidates) return;
     const auto inside = static_cast<std::size_t>(
         std::count_if(things.begin(), things.end(), [&](const OsmThing& thing) {
@@ -74,6 +92,25 @@ void nameAfterArea(const std::vector<OsmThing>& things, Building& building) {
     most = inside;
     building.names = namesOf(*area.tags);
   }
+}
+
+// Reports tags of rooms that a person may expect on the map.
+void reportUnusedTags(OsmConversion& conversion) {
+  std::size_t addresses = 0;
+  for (const OsmThing& thing : conversion.things) {
+    if (thing.levels.empty() || !isDestination(*thing.tags)) continue;
+    addresses += std::any_of(thing.tags->begin(), thing.tags->end(),
+                             [](const auto& tag) { return tag.first.starts_with("addr:"); })
+                     ? 1
+                     : 0;
+  }
+  if (addresses == 0) return;
+  Finding finding = makeFinding(Severity::info, "not-imported", "",
+                                {fmt::format("{} places have an address of their own.", addresses),
+                                 "Addresses are not part of the package, so they are left out."});
+  finding.file = conversion.data.file();
+  finding.field = "addr:*";
+  conversion.findings.add(std::move(finding));
 }
 
 }  // namespace
@@ -100,7 +137,10 @@ std::vector<Polygon> OsmConversion::plane(const std::vector<OsmPolygon>& polygon
   return result;
 }
 
-void OsmConversion::count(std::size_t number) {
+// Texts are copied as often as shapes are.
+void OsmConversion::count(std::size_t number, const OsmTags& tags) {
+  constexpr std::size_t bytesOfPoint = 16;
+  number += tags.bytes() / bytesOfPoint;
   vertices += number;
   if (vertices > options.limits.vertices)
     throw SourceError(fmt::format(
@@ -128,23 +168,25 @@ void nameBuilding(OsmConversion& conversion) {
     const auto index = static_cast<std::size_t>(most - inside.begin()) - 1;
     const OsmThing& outline = things[conversion.buildings[index]];
     building.id = outline.id;
-    if (outline.tags->has("name")) building.names = namesOf(*outline.tags);
+    if (isNamed(*outline.tags)) building.names = namesOf(*outline.tags);
   }
   if (building.names.name.empty()) nameAfterArea(things, building);
 }
 
-Building buildingFromOsm(const OsmData& data, const Options& options, Findings& findings) {
-  std::vector<OsmThing> things = thingsOf(data, findings);
+Building buildingFromOsm(OsmData data, const Options& options, Findings& findings) {
+  std::vector<OsmThing> things = thingsOf(data, options.limits, findings);
   if (options.bounds) keepWithin(things, *options.bounds);
-  if (!options.building.empty()) keepBuilding(things, options.building, data.file());
-  const std::vector<std::size_t> buildings = assignBuildings(things);
-  arrangeLevels(things, buildings, data.file(), findings);
-  const Georeference origin = originOf(things, data, options.limits);
+  if (!options.building.empty()) keepBuilding(things, options.building, data.file(), findings);
+  const std::vector<std::size_t> buildings = assignBuildings(things, data.file(), findings);
+  arrangeLevels(things, buildings, data.file(), options.limits, findings);
+  const Georeference origin = originOf(things, data, options.limits, findings);
   OsmConversion conversion{
       data, things, buildings, options, findings, OsmTouching(things), Projection(origin), {}, 0};
   nameBuilding(conversion);
-  conversion.building.attribution = "© OpenStreetMap contributors (openstreetmap.org/copyright)";
-  conversion.building.license = "Open Database License 1.0 (ODbL)";
+  if (data.isPublished()) {
+    conversion.building.attribution = "© OpenStreetMap contributors (openstreetmap.org/copyright)";
+    conversion.building.license = "Open Database License 1.0 (ODbL)";
+  }
   conversion.building.georeference = origin;
   addStoreys(conversion);
   addAreas(conversion);
@@ -153,6 +195,7 @@ Building buildingFromOsm(const OsmData& data, const Options& options, Findings& 
   addElevators(conversion);
   addSpots(conversion);
   addSourceNetwork(conversion);
+  reportUnusedTags(conversion);
   return std::move(conversion.building);
 }
 

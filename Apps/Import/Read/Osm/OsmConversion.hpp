@@ -30,8 +30,9 @@ struct OsmConversion {
   std::vector<Point> plane(const std::vector<OsmPosition>& positions) const;
   std::vector<Polygon> plane(const std::vector<OsmPolygon>& polygons) const;
 
-  /// Counts points of the building. Throws `SourceError` beyond the limit.
-  void count(std::size_t number);
+  /// Counts points of the building, and the tags that are copied to it. Throws `SourceError` beyond
+  /// the limit.
+  void count(std::size_t number, const OsmTags& tags = {});
 };
 
 /// "way/7" if the thing is on one level only, and "way/7@1" otherwise.

@@ -4,22 +4,30 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "Apps/Import/Options.hpp"
+#include "Apps/Import/Read/TextPool.hpp"
 
 namespace orivanta::importer {
 
 /// Keys and values, ordered by key. Of a repeated key, the first value counts.
 class OsmTags {
  public:
-  /// Tags that only concern the editing of the map, such as "source", are not kept. The order of
-  /// calls does not matter; `finish` ends them.
+  /// Tags that only concern the editing of the map, such as "source", are not kept. The texts must
+  /// be valid until `OsmData` has taken the tags. The order of calls does not matter.
   void add(std::string_view key, std::string_view value);
-  void finish();
+  /// Ends the calls of `add`: orders the tags and keeps their texts in the pool.
+  void finish(TextPool& texts);
+
+  friend bool operator==(const OsmTags&, const OsmTags&) = default;
+
+  /// The length of all texts.
+  std::size_t bytes() const;
 
   bool empty() const { return tags_.empty(); }
   /// The value; empty if there is none.
@@ -31,7 +39,7 @@ class OsmTags {
   auto end() const { return tags_.end(); }
 
  private:
-  std::vector<std::pair<std::string, std::string>> tags_;
+  std::vector<std::pair<std::string_view, std::string_view>> tags_;
 };
 
 /// A position in units of 1e-7 degrees, the resolution of OpenStreetMap.
@@ -45,7 +53,7 @@ struct OsmPosition {
 struct OsmNode {
   std::int64_t id = 0;
   OsmPosition position;
-  OsmTags tags;
+  const OsmTags* tags = nullptr;  ///< never null in `OsmData`
 };
 
 struct OsmWay {
@@ -57,9 +65,9 @@ struct OsmWay {
 enum class OsmType { node, way, relation };
 
 struct OsmMember {
-  OsmType type = OsmType::node;
   std::int64_t id = 0;
-  std::string role;
+  OsmType type = OsmType::node;
+  bool isInner = false;  ///< its role is that of a hole
 };
 
 struct OsmRelation {
@@ -99,16 +107,31 @@ class OsmData {
   /// "node/4711", or "node/at-57329245-451571099" for an unnamed one.
   static std::string nodeText(const OsmNode& node);
 
-  /// Throws if the number of positions, members and tags exceeds the limit.
-  void count(std::size_t number);
+  /// Whether the map of OpenStreetMap may have objects of the extract. Those that were only drawn
+  /// in an editor have negative identifiers. If there are no identifiers at all, nobody knows.
+  bool isPublished() const;
+
+  /// Gives the ways the named nodes at the positions of their unnamed ones. Call it before `finish`
+  /// for formats that do not name the nodes of ways.
+  void nameNodes();
+
+  /// Keeps a text as long as the extract.
+  std::string_view keep(std::string_view text) { return texts_.keep(text); }
 
  private:
+  // Throws if the extract has too many positions and members, or too much text.
+  void count(std::size_t number, const OsmTags& tags);
+
+  TextPool texts_;
+  std::deque<OsmTags> nodeTags_;  // of the nodes that have any; equal neighbors share them
   std::vector<OsmNode> nodes_;
   std::vector<OsmWay> ways_;
   std::vector<OsmRelation> relations_;
   std::string file_;
   std::size_t greatestCount_;
+  std::size_t greatestBytes_;
   std::size_t count_ = 0;
+  std::size_t bytes_ = 0;
 };
 
 /// Converts degrees to a position. Returns false if there is no such position on Earth.

@@ -56,8 +56,8 @@ void addDoors(OsmConversion& conversion) {
     const OsmTags& tags = *thing.tags;
     std::set<double> levels;
     for (const std::vector<double>& list : thing.levels) levels.insert(list.begin(), list.end());
-    conversion.count(levels.size());
     for (const double level : levels) {
+      conversion.count(1, tags);
       Door door;
       door.id = idOn(thing, level);
       door.source = thing.id;

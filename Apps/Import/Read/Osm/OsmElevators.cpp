@@ -58,7 +58,7 @@ void addElevators(OsmConversion& conversion) {
     const bool isNear = thing.building != 0 || isIndoors(*thing.tags) || !levels.empty();
     if (levels.size() < 2 && isNear) reportWithoutLevels(thing, conversion);
     if (levels.size() < 2) continue;
-    conversion.count(levels.size());
+    conversion.count(levels.size(), *thing.tags);
     ConnectorHint hint;
     hint.id = thing.id;
     hint.source = thing.id;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <boost/json/serialize.hpp>
 #include <limits>
-#include <map>
+#include <optional>
 #include <utility>
 
 #include "Apps/Import/Read/GeoJson.hpp"
@@ -64,20 +64,32 @@ bool isTag(std::string_view key) {
   return !key.starts_with('@');
 }
 
-OsmTags tagsOf(const json::object& properties) {
+OsmTags tagsOf(const json::object& properties, OsmData& data) {
   const json::value* nested = properties.if_contains("tags");
   OsmTags tags;
   for (const auto& [key, value] :
-       nested != nullptr && nested->is_object() ? nested->get_object() : properties)
-    if (isTag(key)) tags.add(key, textOf(&value));
+       nested != nullptr && nested->is_object() ? nested->get_object() : properties) {
+    if (!isTag(key)) continue;
+    if (value.is_string())
+      tags.add(key, value.get_string());
+    else
+      tags.add(key, data.keep(textOf(&value)));
+  }
   return tags;
 }
 
+// Makes nodes, ways and relations of features. The nodes of ways have no names but their positions,
+// which `OsmData::nameNodes` replaces.
 class Reader {
  public:
   explicit Reader(OsmData& data) : data_(data) {}
 
-  /// Nodes come first, so that the corners of ways find them by their positions.
+  void add(const GeoFeature& feature) {
+    addNode(feature);
+    addShape(feature);
+  }
+
+ private:
   void addNode(const GeoFeature& feature) {
     const auto id = objectId(feature);
     for (const Point point : feature.geometry.points) {
@@ -85,8 +97,7 @@ class Reader {
       if (!toOsmPosition(point.x, point.y, position)) continue;
       const std::int64_t number =
           id && id->type == OsmType::node ? id->id : OsmData::unnamedNode(position);
-      nodes_.emplace(position, number);
-      data_.addNode(number, point.x, point.y, tagsOf(feature.properties));
+      data_.addNode(number, point.x, point.y, tagsOf(feature.properties, data_));
     }
   }
 
@@ -94,7 +105,7 @@ class Reader {
     const GeoGeometry& geometry = feature.geometry;
     if (geometry.lines.empty() && geometry.polygons.empty()) return;
     const ObjectId id = objectId(feature).value_or(ObjectId{OsmType::way, --unnamedWay_});
-    OsmTags tags = tagsOf(feature.properties);
+    OsmTags tags = tagsOf(feature.properties, data_);
     const bool isWay = id.type != OsmType::relation;
     const bool isSimple = geometry.polygons.size() <= 1 && geometry.lines.size() <= 1 &&
                           (geometry.polygons.empty() || geometry.polygons[0].holes.empty());
@@ -110,19 +121,18 @@ class Reader {
     }
     // The tags of a way with holes are on its outer ring.
     for (const Polygon& polygon : geometry.polygons) {
-      addRing(isWay && relation.members.empty() ? id.id : --unnamedWay_, polygon.outer, "outer",
+      addRing(isWay && relation.members.empty() ? id.id : --unnamedWay_, polygon.outer, false,
               std::move(tags), relation);
       tags = {};
-      for (const Outline& hole : polygon.holes) addRing(--unnamedWay_, hole, "inner", {}, relation);
+      for (const Outline& hole : polygon.holes) addRing(--unnamedWay_, hole, true, {}, relation);
     }
     data_.addRelation(std::move(relation));
   }
 
- private:
-  void addRing(std::int64_t id, const Outline& ring, const char* role, OsmTags tags,
+  void addRing(std::int64_t id, const Outline& ring, bool isInner, OsmTags tags,
                OsmRelation& relation) {
     addWay(id, ring, std::move(tags));
-    relation.members.push_back({OsmType::way, id, role});
+    relation.members.push_back({id, OsmType::way, isInner});
   }
 
   void addWay(std::int64_t id, const std::vector<Point>& points, OsmTags tags) {
@@ -130,30 +140,31 @@ class Reader {
     for (const Point point : points) {
       OsmPosition position;
       if (!toOsmPosition(point.x, point.y, position)) continue;
-      const auto [node, isNew] = nodes_.emplace(position, OsmData::unnamedNode(position));
-      if (isNew) data_.addNode(node->second, point.x, point.y, {});
-      way.nodes.push_back(node->second);
+      way.nodes.push_back(OsmData::unnamedNode(position));
+      data_.addNode(way.nodes.back(), point.x, point.y, {});
     }
     data_.addWay(std::move(way));
   }
 
   OsmData& data_;
-  std::map<OsmPosition, std::int64_t> nodes_;
   // Editors count new objects downward from -1.
   std::int64_t unnamedWay_ = std::numeric_limits<std::int64_t>::min() / 2;
 };
 
 }  // namespace
 
-Building readOsmGeoJson(const std::vector<SourceFile>& files, const Options& options,
-                        Findings& findings) {
+Building readOsmGeoJson(std::vector<SourceFile> files, const Options& options, Findings& findings) {
   std::size_t vertices = 0;
-  return readOsm(files, options, findings, [&](const SourceFile& file, OsmData& data) {
-    const GeoFeatures collection = readGeoJson(file, options.limits, vertices, findings);
-    Reader reader(data);
-    for (const GeoFeature& feature : collection.features) reader.addNode(feature);
-    for (const GeoFeature& feature : collection.features) reader.addShape(feature);
-  });
+  std::optional<Reader> reader;
+  return readOsm(
+      std::move(files), options, findings,
+      [&](const SourceFile& file, OsmData& data) {
+        // One for all files: it also numbers what has no identifier.
+        if (!reader) reader.emplace(data);
+        readGeoJsonInDegrees(file, options.limits, vertices, findings,
+                             [&](const GeoFeature& feature) { reader->add(feature); });
+      },
+      [](OsmData& data) { data.nameNodes(); });
 }
 
 }  // namespace orivanta::importer

@@ -4,11 +4,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <map>
+#include <optional>
 #include <set>
+#include <utility>
 
+#include "Apps/Import/Read/Osm/OsmFootways.hpp"
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
 #include "Apps/Import/Read/Osm/OsmTouching.hpp"
+#include "Apps/Import/SourceError.hpp"
 #include "Apps/Import/Storeys/Levels.hpp"
 
 namespace orivanta::importer {
@@ -22,11 +27,12 @@ std::vector<LevelList> repeated(const LevelList& own, const LevelList& repetitio
   std::vector<LevelList> lists;
   if (!own.empty()) lists.push_back(own);
   for (const double start : repetitions) {
-    LevelList list;
-    const double shift = own.empty() ? 0.0 : start - own.front();
-    for (const double level : own) list.push_back(roundedLevel(level + shift));
-    if (own.empty()) list.push_back(start);
-    if (std::find(lists.begin(), lists.end(), list) == lists.end()) lists.push_back(list);
+    if (own.empty()) {
+      lists.push_back({start});
+    } else if (start != own.front()) {
+      LevelList& list = lists.emplace_back();
+      for (const double level : own) list.push_back(roundedLevel(level + start - own.front()));
+    }
   }
   return lists;
 }
@@ -34,8 +40,13 @@ std::vector<LevelList> repeated(const LevelList& own, const LevelList& repetitio
 class LevelFinder {
  public:
   LevelFinder(std::vector<OsmThing>& things, const std::vector<std::size_t>& buildings,
-              const std::string& file, Findings& findings)
-      : things_(things), buildings_(buildings), file_(file), findings_(findings) {}
+              const std::string& file, const Limits& limits, Findings& findings)
+      : things_(things),
+        buildings_(buildings),
+        file_(file),
+        levelsLeft_(limits.vertices),
+        findings_(findings),
+        missing_(buildings.size()) {}
 
   void run() {
     for (OsmThing& thing : things_) readTags(thing);
@@ -48,6 +59,7 @@ class LevelFinder {
       for (OsmThing& thing : things_)
         if (thing.isLine() && mayFollow(thing)) isChanged |= followLine(thing, touching);
     }
+    takeFootways(things_, touching);
     for (OsmThing& thing : things_) {
       if (thing.isNode() && mayFollow(thing)) followNode(thing, touching);
       if (thing.isLine() && thing.levels.empty() && isLost(*thing.tags)) reportLost(thing);
@@ -60,8 +72,7 @@ class LevelFinder {
     Levels levels = parseLevels(text);
     if (!levels.unreadable.empty()) reportUnreadable(thing, key, text, !levels.values.empty());
     if (!levels.isRange || thing.building == 0) return levels;
-    const OsmTags& building = *things_[buildings_[thing.building - 1]].tags;
-    const LevelList missing = parseLevels(building["non_existent_levels"]).values;
+    const LevelList& missing = missingIn(thing.building - 1);
     levels.values.erase(std::remove_if(levels.values.begin(), levels.values.end(),
                                        [&](double level) {
                                          return std::binary_search(missing.begin(), missing.end(),
@@ -71,6 +82,22 @@ class LevelFinder {
     return levels;
   }
 
+  // The levels that a building does not have.
+  const LevelList& missingIn(std::size_t building) {
+    std::optional<LevelList>& missing = missing_[building];
+    if (!missing)
+      missing = parseLevels((*things_[buildings_[building]].tags)["non_existent_levels"]).values;
+    return *missing;
+  }
+
+  void count(std::size_t levels) {
+    if (levels > levelsLeft_)
+      throw SourceError(fmt::format(
+          "{}: the lists of levels are too long; choose a building with --building or --bounds",
+          file_));
+    levelsLeft_ -= levels;
+  }
+
   void readTags(OsmThing& thing) {
     const OsmTags& tags = *thing.tags;
     if (isBuilding(tags)) return;
@@ -78,7 +105,9 @@ class LevelFinder {
       const Levels own = read(thing, "level");
       // Where the thing itself is is not known.
       if (!own.unreadable.empty() && own.values.empty()) return;
-      thing.levels = repeated(own.values, read(thing, "repeat_on").values);
+      const Levels repetitions = read(thing, "repeat_on");
+      count(std::max<std::size_t>(own.values.size(), 1) * (1 + repetitions.values.size()));
+      thing.levels = repeated(own.values, repetitions.values);
     } else if (isIndoors(tags) && thing.isArea() && (areaKind(tags) || isLevelOutline(tags))) {
       reportMissing(thing);
       thing.levels = {{0.0}};
@@ -135,10 +164,15 @@ class LevelFinder {
   // The two different levels that are nearest to each other.
   static LevelList differing(const std::set<double>& first, const std::set<double>& last) {
     LevelList best;
-    for (const double one : first)
-      for (const double other : last)
-        if (one != other && (best.empty() || std::abs(one - other) < std::abs(best[1] - best[0])))
-          best = {std::min(one, other), std::max(one, other)};
+    const auto consider = [&](double one, double other) {
+      if (best.empty() || std::abs(one - other) < best[1] - best[0])
+        best = {std::min(one, other), std::max(one, other)};
+    };
+    for (const double one : first) {
+      if (const auto above = last.upper_bound(one); above != last.end()) consider(one, *above);
+      if (const auto below = last.lower_bound(one); below != last.begin())
+        consider(one, *std::prev(below));
+    }
     if (best.empty()) best = {*first.begin()};
     return best;
   }
@@ -188,7 +222,7 @@ class LevelFinder {
     // An elevator is one thing on all its levels.
     LevelList all;
     for (const LevelList& list : thing.levels) all.push_back(list[0]);
-    thing.levels = {all};
+    thing.levels = {std::move(all)};
   }
 
   void reportUnreadable(const OsmThing& thing, std::string_view key, std::string_view text,
@@ -237,14 +271,16 @@ class LevelFinder {
   std::vector<OsmThing>& things_;
   const std::vector<std::size_t>& buildings_;
   const std::string& file_;
+  std::size_t levelsLeft_;
   Findings& findings_;
+  std::vector<std::optional<LevelList>> missing_;  // by building
 };
 
 }  // namespace
 
 void arrangeLevels(std::vector<OsmThing>& things, const std::vector<std::size_t>& buildings,
-                   const std::string& file, Findings& findings) {
-  LevelFinder(things, buildings, file, findings).run();
+                   const std::string& file, const Limits& limits, Findings& findings) {
+  LevelFinder(things, buildings, file, limits, findings).run();
 }
 
 }  // namespace orivanta::importer

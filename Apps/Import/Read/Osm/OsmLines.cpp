@@ -52,8 +52,8 @@ std::optional<std::pair<double, double>> ends(const OsmThing& thing, const Level
 std::optional<double> statedLevel(const OsmConversion& conversion, std::int64_t node,
                                   double shift) {
   const OsmNode* found = conversion.data.node(node);
-  if (found == nullptr || !found->tags.has("level")) return std::nullopt;
-  const LevelList levels = parseLevels(found->tags["level"]).values;
+  if (found == nullptr || !found->tags->has("level")) return std::nullopt;
+  const LevelList levels = parseLevels((*found->tags)["level"]).values;
   if (levels.size() != 1) return std::nullopt;
   return roundedLevel(levels[0] + shift);
 }
@@ -77,7 +77,7 @@ LevelList pointLevels(const OsmThing& thing, const LevelList& levels,
 void addLine(const OsmThing& thing, LineKind kind, const LevelList& levels, const std::string& id,
              OsmConversion& conversion) {
   const OsmTags& tags = *thing.tags;
-  conversion.count(thing.points.size());
+  conversion.count(thing.points.size(), tags);
   Line line;
   line.id = id;
   line.source = thing.id;

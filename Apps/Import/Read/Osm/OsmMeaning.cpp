@@ -103,11 +103,6 @@ bool isBuilding(const OsmTags& tags) {
 
 bool isLevelOutline(const OsmTags& tags) { return tags.is("indoor", "level"); }
 
-bool isConnector(AreaKind kind) {
-  return kind == AreaKind::elevator || kind == AreaKind::escalator ||
-         kind == AreaKind::movingWalkway || kind == AreaKind::stairs || kind == AreaKind::ramp;
-}
-
 std::optional<AreaKind> areaKind(const OsmTags& tags) {
   if (isLevelOutline(tags) || isBuilding(tags) || isWholeSite(tags)) return std::nullopt;
   if (const auto connector = connectorKind(tags)) return connector;

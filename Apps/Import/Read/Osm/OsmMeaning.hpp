@@ -40,6 +40,4 @@ bool isDestination(const OsmTags& tags);
 /// men, women or wheelchairs are "toilets=men", "toilets=women" and "toilets=wheelchair".
 std::string categoryOf(const OsmTags& tags);
 
-bool isConnector(AreaKind kind);
-
 }  // namespace orivanta::importer

@@ -59,7 +59,9 @@ class SourceNetwork {
     std::size_t rooms = 0;
     std::size_t reached = 0;
     bool hasWalkways = false;
+    bool hasLines = false;  // indoors
     for (const OsmThing& thing : conversion_.things) {
+      hasLines |= isWalked(thing) && !thing.isOutdoors;
       if (!thing.isArea() || thing.levels.empty()) continue;
       const auto kind = areaKind(*thing.tags);
       hasWalkways |= kind == AreaKind::walkway;
@@ -67,7 +69,7 @@ class SourceNetwork {
       ++rooms;
       reached += isReached(thing) ? 1 : 0;
     }
-    return !hasWalkways || (rooms > 0 && 2 * reached >= rooms);
+    return hasLines && (!hasWalkways || (rooms > 0 && 2 * reached >= rooms));
   }
 
   void keep() {

@@ -1,6 +1,7 @@
 #include <fmt/core.h>
 
 #include <protozero/pbf_reader.hpp>
+#include <utility>
 
 #include "Apps/Import/Read/Osm/OsmReading.hpp"
 #include "Apps/Import/Read/Osm/PbfBlobs.hpp"
@@ -45,9 +46,8 @@ void readPbf(const SourceFile& file, const Limits& limits, OsmData& data, Findin
 
 }  // namespace
 
-Building readOsmPbf(const std::vector<SourceFile>& files, const Options& options,
-                    Findings& findings) {
-  return readOsm(files, options, findings, [&](const SourceFile& file, OsmData& data) {
+Building readOsmPbf(std::vector<SourceFile> files, const Options& options, Findings& findings) {
+  return readOsm(std::move(files), options, findings, [&](const SourceFile& file, OsmData& data) {
     readPbf(file, options.limits, data, findings);
   });
 }

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "Apps/Import/Building.hpp"
 #include "Apps/Import/Findings.hpp"
@@ -28,24 +30,29 @@ void reportCut(const std::string& file, std::size_t line, Findings& findings);
 void reportUnreadable(const std::string& file, const std::string& place, const std::string& cause,
                       Findings& findings);
 
-/// Reads all files with `read(file, data)`, then converts the extract to a building.
-template <class Read>
-Building readOsm(const std::vector<SourceFile>& files, const Options& options, Findings& findings,
-                 const Read& read);
-
 /// Makes a building of an extract. Throws `SourceError` if nothing in it is indoors.
-Building buildingFromOsm(const OsmData& data, const Options& options, Findings& findings);
+Building buildingFromOsm(OsmData data, const Options& options, Findings& findings);
 
-template <class Read>
-Building readOsm(const std::vector<SourceFile>& files, const Options& options, Findings& findings,
-                 const Read& read) {
+/// Reads all files with `read(file, data)`, calls `complete(data)`, and converts the extract to a
+/// building. The contents of files are released as soon as they have been read.
+template <class Read, class Complete>
+Building readOsm(std::vector<SourceFile> files, const Options& options, Findings& findings,
+                 const Read& read, const Complete& complete) {
   OsmData data(options.limits, files.empty() ? std::string() : files.front().name);
-  for (const SourceFile& file : files) {
+  for (SourceFile& file : files) {
     data.beginFile(file.name);
     read(file, data);
+    file.release();
   }
+  complete(data);
   data.finish();
-  return buildingFromOsm(data, options, findings);
+  return buildingFromOsm(std::move(data), options, findings);
+}
+
+template <class Read>
+Building readOsm(std::vector<SourceFile> files, const Options& options, Findings& findings,
+                 const Read& read) {
+  return readOsm(std::move(files), options, findings, read, [](const OsmData&) {});
 }
 
 }  // namespace orivanta::importer

@@ -3,10 +3,14 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
 #include <map>
 #include <set>
+#include <tuple>
 #include <utility>
 
+#include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
 #include "Apps/Import/Read/Osm/OsmValues.hpp"
 #include "Apps/Import/SourceError.hpp"
@@ -29,30 +33,81 @@ double sizeOf(const OsmBox& box) {
          (static_cast<double>(box.high.latitude) - box.low.latitude);
 }
 
-// Positions of things, ordered from west to east.
-class ByLongitude {
+// Positions of things in the columns of a grid, and from south to north within each.
+class ByColumn {
  public:
-  explicit ByLongitude(const std::vector<OsmThing>& things) {
+  explicit ByColumn(const std::vector<OsmThing>& things) {
     for (std::size_t i = 0; i < things.size(); ++i)
-      if (!isBuilding(*things[i].tags)) positions_.emplace_back(positionOf(things[i]), i);
-    std::sort(positions_.begin(), positions_.end());
+      if (!isBuilding(*things[i].tags)) entries_.push_back({positionOf(things[i]), i});
+    std::sort(entries_.begin(), entries_.end(), [](const Entry& first, const Entry& second) {
+      return std::tuple(columnOf(first.position), first.position.latitude, first.thing) <
+             std::tuple(columnOf(second.position), second.position.latitude, second.thing);
+    });
   }
 
   // Calls `use(index)` for the things whose position lies in the area.
   template <class Use>
   void forEachIn(const OsmThing& area, const Use& use) {
-    auto at = std::lower_bound(positions_.begin(), positions_.end(),
-                               std::pair(area.box.low, std::size_t{0}));
-    for (; at != positions_.end() && at->first.longitude <= area.box.high.longitude; ++at) {
-      if (++tests_ > mostTests) return;
-      if (contains(area, at->first)) use(at->second);
+    const OsmBox& box = area.box;
+    auto at = entries_.begin();
+    for (std::int32_t column = columnOf(box.low); column <= columnOf(box.high); ++column) {
+      at = std::lower_bound(at, entries_.end(), std::pair(column, box.low.latitude),
+                            [](const Entry& entry, const auto& start) {
+                              return std::pair(columnOf(entry.position), entry.position.latitude) <
+                                     start;
+                            });
+      for (; at != entries_.end() && columnOf(at->position) == column &&
+             at->position.latitude <= box.high.latitude;
+           ++at) {
+        if (!spend(sizeOf(area))) return;
+        if (contains(area, at->position)) use(at->thing);
+      }
+      if (at == entries_.end() || !spend(1)) return;
+      column = std::max(column, columnOf(at->position) - 1);  // skips empty columns
     }
   }
 
+  // Whether there was too much to look at.
+  bool isExhausted() const { return isExhausted_; }
+
  private:
-  std::vector<std::pair<OsmPosition, std::size_t>> positions_;
-  std::size_t tests_ = 0;
+  struct Entry {
+    OsmPosition position;
+    std::size_t thing = 0;
+  };
+
+  static std::int32_t columnOf(OsmPosition position) {
+    constexpr std::int32_t width = 5000;  // about 50 meters
+    return static_cast<std::int32_t>(std::floor(static_cast<double>(position.longitude) / width));
+  }
+
+  static std::size_t sizeOf(const OsmThing& area) {
+    std::size_t corners = 0;
+    for (const OsmPolygon& polygon : area.polygons) corners += polygon.outer.size();
+    return 1 + corners / 8;
+  }
+
+  bool spend(std::size_t tests) {
+    isExhausted_ = isExhausted_ || tests > testsLeft_;
+    if (!isExhausted_) testsLeft_ -= tests;
+    return !isExhausted_;
+  }
+
+  std::vector<Entry> entries_;
+  std::size_t testsLeft_ = mostTests;
+  bool isExhausted_ = false;
 };
+
+void reportExhausted(const ByColumn& positions, const std::string& file, Findings& findings) {
+  if (!positions.isExhausted()) return;
+  Finding finding =
+      makeFinding(Severity::warning, "selection-incomplete", "",
+                  {"There are too many things in buildings, or too many buildings in each other.",
+                   "Some things may be taken as outdoors.",
+                   "Cut out the building first, for example with \"osmium extract\"."});
+  finding.file = file;
+  findings.add(std::move(finding));
+}
 
 std::set<OsmPosition> cornersOf(const OsmThing& area) {
   std::set<OsmPosition> corners;
@@ -61,16 +116,17 @@ std::set<OsmPosition> cornersOf(const OsmThing& area) {
   return corners;
 }
 
-bool isNamed(const OsmThing& thing, const std::string& name) {
+bool isCalled(const OsmThing& thing, const std::string& name) {
   if (thing.id == name || thing.tags->is("ref", name)) return true;
   for (const auto& [key, value] : *thing.tags)
     if ((key == "name" || key.starts_with("name:")) && value == name) return true;
   return false;
 }
 
-std::string namesOfBuildings(std::vector<OsmThing>& things) {
+std::string namesOfBuildings(std::vector<OsmThing>& things, const std::string& file,
+                             Findings& findings) {
   std::set<std::string> names;
-  for (const std::size_t building : assignBuildings(things)) {
+  for (const std::size_t building : assignBuildings(things, file, findings)) {
     const std::string name = namesOf(*things[building].tags).name;
     names.insert(name.empty() ? things[building].id : name);
   }
@@ -83,18 +139,20 @@ std::string namesOfBuildings(std::vector<OsmThing>& things) {
 }
 
 // The named area with most things in it; a building rather than another area.
-const OsmThing* findNamed(const std::vector<OsmThing>& things, const std::string& name) {
-  ByLongitude positions(things);
+const OsmThing* findNamed(const std::vector<OsmThing>& things, const std::string& name,
+                          const std::string& file, Findings& findings) {
+  ByColumn positions(things);
   const OsmThing* best = nullptr;
   std::pair<bool, std::size_t> bestRank;
   for (const OsmThing& thing : things) {
-    if (!thing.isArea() || !isNamed(thing, name)) continue;
+    if (!thing.isArea() || !isCalled(thing, name)) continue;
     std::pair<bool, std::size_t> rank{isBuilding(*thing.tags), 0};
     positions.forEachIn(thing, [&](std::size_t) { ++rank.second; });
     if (rank.second == 0 || (best != nullptr && rank <= bestRank)) continue;
     best = &thing;
     bestRank = rank;
   }
+  reportExhausted(positions, file, findings);
   return best;
 }
 
@@ -118,7 +176,8 @@ void keepWithin(std::vector<OsmThing>& things, const Bounds& bounds) {
   });
 }
 
-std::vector<std::size_t> assignBuildings(std::vector<OsmThing>& things) {
+std::vector<std::size_t> assignBuildings(std::vector<OsmThing>& things, const std::string& file,
+                                         Findings& findings) {
   std::vector<std::size_t> candidates;
   for (std::size_t i = 0; i < things.size(); ++i)
     if (things[i].isArea() && isBuilding(*things[i].tags)) candidates.push_back(i);
@@ -126,7 +185,7 @@ std::vector<std::size_t> assignBuildings(std::vector<OsmThing>& things) {
                    [&](std::size_t first, std::size_t second) {
                      return sizeOf(things[first].box) > sizeOf(things[second].box);
                    });
-  ByLongitude positions(things);
+  ByColumn positions(things);
   std::vector<std::size_t> buildings;
   for (const std::size_t candidate : candidates) {
     std::vector<std::size_t> inside;
@@ -139,6 +198,7 @@ std::vector<std::size_t> assignBuildings(std::vector<OsmThing>& things) {
     buildings.push_back(candidate);
     for (const std::size_t thing : inside) things[thing].building = buildings.size();
   }
+  reportExhausted(positions, file, findings);
   // Doors on the outline.
   std::map<OsmPosition, std::size_t> corners;
   for (std::size_t i = 0; i < buildings.size(); ++i)
@@ -151,10 +211,11 @@ std::vector<std::size_t> assignBuildings(std::vector<OsmThing>& things) {
   return buildings;
 }
 
-void keepBuilding(std::vector<OsmThing>& things, const std::string& name, const std::string& file) {
-  const OsmThing* found = findNamed(things, name);
+void keepBuilding(std::vector<OsmThing>& things, const std::string& name, const std::string& file,
+                  Findings& findings) {
+  const OsmThing* found = findNamed(things, name, file, findings);
   if (found == nullptr) {
-    const std::string names = namesOfBuildings(things);
+    const std::string names = namesOfBuildings(things, file, findings);
     throw SourceError(
         fmt::format("{}: no building \"{}\" with indoor data; {}", file, name,
                     names.empty() ? "no building in it has any" : "the buildings are " + names));

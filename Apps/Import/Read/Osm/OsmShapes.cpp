@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <boost/unordered/unordered_flat_set.hpp>
 #include <map>
 #include <tuple>
 #include <utility>
@@ -10,6 +11,7 @@
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
 #include "Apps/Import/Read/Osm/OsmRings.hpp"
 #include "Apps/Import/Read/Osm/OsmValues.hpp"
+#include "Apps/Import/SourceError.hpp"
 
 namespace orivanta::importer {
 
@@ -26,14 +28,17 @@ bool isMultipolygon(const OsmRelation& relation) {
 }
 
 bool mattersAsArea(const OsmTags& tags) {
-  return isBuilding(tags) || isLevelOutline(tags) || areaKind(tags).has_value() || tags.has("name");
+  return isBuilding(tags) || isLevelOutline(tags) || areaKind(tags).has_value() || isNamed(tags);
 }
 
 class Shapes {
  public:
-  Shapes(const OsmData& data, Findings& findings) : data_(data), findings_(findings) {}
+  Shapes(const OsmData& data, const Limits& limits, Findings& findings)
+      : data_(data), positionsLeft_(2 * limits.vertices), findings_(findings) {}
 
   std::vector<OsmThing> run() {
+    for (const OsmWay& way : data_.ways())
+      if (lineKind(way.tags)) ofLines_.insert(way.nodes.begin(), way.nodes.end());
     for (const OsmNode& node : data_.nodes()) addNode(node);
     for (const OsmRelation& relation : data_.relations())
       if (isMultipolygon(relation) && !hasOwnTags(relation)) takeHoles(relation);
@@ -50,8 +55,17 @@ class Shapes {
     std::size_t missing = 0;
   };
 
-  Line lineOf(const OsmWay& way) const {
+  // Relations may share ways, so their lines are counted.
+  Line lineOf(const OsmWay& way) {
+    if (way.nodes.size() > positionsLeft_)
+      throw SourceError(
+          fmt::format("{}: the lines of the extract have too many points, because relations share "
+                      "them; cut out the building first, for example with \"osmium extract\"",
+                      data_.file()));
+    positionsLeft_ -= way.nodes.size();
     Line line;
+    line.positions.reserve(way.nodes.size());
+    line.nodes.reserve(way.nodes.size());
     for (const std::int64_t id : way.nodes) {
       const OsmNode* node = data_.node(id);
       if (node == nullptr) {
@@ -88,10 +102,12 @@ class Shapes {
   }
 
   void addNode(const OsmNode& node) {
-    if (!isIndoors(node.tags) && !isDoor(node.tags) && !isElevator(node.tags) &&
-        !isDestination(node.tags))
+    const OsmTags& tags = *node.tags;
+    // The levels of other nodes only tell about the lines through them.
+    if (tags.empty() || (!isDoor(tags) && !isElevator(tags) && !isDestination(tags) &&
+                         !(isIndoors(tags) && ofLines_.contains(node.id))))
       return;
-    OsmThing thing = begin(OsmData::nodeText(node), OsmType::node, node.tags);
+    OsmThing thing = begin(OsmData::nodeText(node), OsmType::node, tags);
     thing.points.push_back(node.position);
     add(std::move(thing));
   }
@@ -125,12 +141,11 @@ class Shapes {
                  std::vector<const OsmWay*>& inner) const {
     for (const OsmMember& member : relation.members) {
       if (member.type != OsmType::way) continue;
-      if (const OsmWay* way = data_.way(member.id))
-        (member.role == "inner" ? inner : outer).push_back(way);
+      if (const OsmWay* way = data_.way(member.id)) (member.isInner ? inner : outer).push_back(way);
     }
   }
 
-  std::vector<OsmRing> ringsOf(const std::vector<const OsmWay*>& ways, std::size_t& open) const {
+  std::vector<OsmRing> ringsOf(const std::vector<const OsmWay*>& ways, std::size_t& open) {
     std::vector<OsmRing> pieces;
     pieces.reserve(ways.size());
     for (const OsmWay* way : ways) pieces.push_back(lineOf(*way).positions);
@@ -200,15 +215,17 @@ class Shapes {
   }
 
   const OsmData& data_;
+  std::size_t positionsLeft_;
   Findings& findings_;
   std::vector<OsmThing> things_;
+  boost::unordered_flat_set<std::int64_t> ofLines_;  // nodes
   std::map<std::int64_t, std::vector<OsmRing>> holes_;
 };
 
 }  // namespace
 
-std::vector<OsmThing> thingsOf(const OsmData& data, Findings& findings) {
-  return Shapes(data, findings).run();
+std::vector<OsmThing> thingsOf(const OsmData& data, const Limits& limits, Findings& findings) {
+  return Shapes(data, limits, findings).run();
 }
 
 }  // namespace orivanta::importer

@@ -34,6 +34,7 @@ struct OsmThing {
   std::string id;  ///< such as "way/7"
   const OsmTags* tags = nullptr;
   OsmType type = OsmType::node;
+  bool isOutdoors = false;           ///< a footway between buildings; see `takeFootways`
   std::vector<OsmPosition> points;   ///< of a node or a line
   std::vector<std::int64_t> nodes;   ///< of a line, one per point
   std::vector<OsmPolygon> polygons;  ///< of an area

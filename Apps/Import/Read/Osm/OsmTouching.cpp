@@ -26,7 +26,7 @@ bool isStraight(OsmPosition before, OsmPosition at, OsmPosition after) {
 }  // namespace
 
 OsmTouching::OsmTouching(const std::vector<OsmThing>& things) : things_(things) {
-  for (std::size_t i = 0; i < things.size(); ++i) {
+  for (std::uint32_t i = 0; i < things.size(); ++i) {
     if (isBuilding(*things[i].tags)) continue;
     for (const OsmPosition position : things[i].points) corners_.push_back({position, i, false});
     for (const OsmPolygon& polygon : things[i].polygons) {
@@ -38,7 +38,7 @@ OsmTouching::OsmTouching(const std::vector<OsmThing>& things) : things_(things) 
   corners_.erase(std::unique(corners_.begin(), corners_.end()), corners_.end());
 }
 
-void OsmTouching::addRing(const OsmRing& ring, std::size_t thing) {
+void OsmTouching::addRing(const OsmRing& ring, std::uint32_t thing) {
   // The first position is also the last.
   for (std::size_t i = 0; i + 1 < ring.size(); ++i) {
     const OsmPosition before = i == 0 ? ring[ring.size() - 2] : ring[i - 1];

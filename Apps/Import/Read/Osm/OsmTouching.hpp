@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <set>
 #include <vector>
 
@@ -33,13 +34,13 @@ class OsmTouching {
  private:
   struct Corner {
     OsmPosition position;
-    std::size_t thing = 0;
+    std::uint32_t thing = 0;
     bool isStraight = false;
 
     friend auto operator<=>(const Corner&, const Corner&) = default;  // NOLINT: no pointer
   };
 
-  void addRing(const OsmRing& ring, std::size_t thing);
+  void addRing(const OsmRing& ring, std::uint32_t thing);
 
   const std::vector<OsmThing>& things_;
   std::vector<Corner> corners_;

@@ -46,7 +46,7 @@ std::map<std::string, std::string> translations(const OsmTags& tags, std::string
   for (const auto& [name, value] : tags) {
     if (name.size() <= key.size() + 1 || !name.starts_with(key) || name[key.size()] != ':')
       continue;
-    const std::string_view language = std::string_view(name).substr(key.size() + 1);
+    const std::string_view language = name.substr(key.size() + 1);
     if (isLanguage(language)) result.emplace(lowered(language), value);
   }
   return result;
@@ -56,9 +56,14 @@ Names namesOf(const OsmTags& tags) {
   Names names;
   names.byLanguage = translations(tags, "name");
   names.byLanguage.erase("");
-  names.name = firstOf(tags, {"name", "brand", "ref"});
+  names.name = firstOf(tags, {"name", "name:en"});
+  if (names.name.empty() && !names.byLanguage.empty())
+    names.name = names.byLanguage.begin()->second;
+  if (names.name.empty()) names.name = firstOf(tags, {"brand", "ref"});
   return names;
 }
+
+bool isNamed(const OsmTags& tags) { return !translations(tags, "name").empty(); }
 
 Access accessOf(const OsmTags& tags) {
   const std::string value = firstOf(tags, {"foot", "access"});

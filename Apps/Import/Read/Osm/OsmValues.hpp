@@ -12,8 +12,12 @@
 
 namespace orivanta::importer {
 
-/// The name with its translations; the brand, or the number (ref=*), if there is no name.
+/// The name with its translations. Without a name, the translation into English or else the first
+/// one, or else the brand, or the number (ref=*).
 Names namesOf(const OsmTags& tags);
+
+/// Whether there is a name, in any language.
+bool isNamed(const OsmTags& tags);
 
 /// The values of `key` and of "key:LANGUAGE", by language; "" is the key itself.
 std::map<std::string, std::string> translations(const OsmTags& tags, std::string_view key);

@@ -50,7 +50,7 @@ OsmRelation relationOf(const pugi::xml_node& element, std::int64_t id) {
     const auto type = osmType(attribute(member, "type"));
     const auto reference = osmNumber(attribute(member, "ref"));
     if (type && reference)
-      relation.members.push_back({*type, *reference, std::string(attribute(member, "role"))});
+      relation.members.push_back({*reference, *type, attribute(member, "role") == "inner"});
   }
   return relation;
 }
@@ -106,9 +106,8 @@ void readXml(const SourceFile& file, OsmData& data, Findings& findings) {
 
 }  // namespace
 
-Building readOsmXml(const std::vector<SourceFile>& files, const Options& options,
-                    Findings& findings) {
-  return readOsm(files, options, findings,
+Building readOsmXml(std::vector<SourceFile> files, const Options& options, Findings& findings) {
+  return readOsm(std::move(files), options, findings,
                  [&](const SourceFile& file, OsmData& data) { readXml(file, data, findings); });
 }
 

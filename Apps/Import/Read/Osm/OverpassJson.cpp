@@ -1,10 +1,13 @@
 #include <fmt/core.h>
 
 #include <algorithm>
-#include <boost/json/stream_parser.hpp>
 #include <boost/json/value.hpp>
+#include <new>
 #include <utility>
 
+#include "Apps/Import/Read/FeatureTexts.hpp"
+#include "Apps/Import/Read/JsonMembers.hpp"
+#include "Apps/Import/Read/JsonText.hpp"
 #include "Apps/Import/Read/Osm/OsmReading.hpp"
 #include "Apps/Import/SourceError.hpp"
 
@@ -72,7 +75,7 @@ OsmRelation relationOf(const json::object& element, std::int64_t id) {
     const auto type = osmType(textOf(member, "type"));
     const auto reference = numberOf(member.if_contains("ref"));
     if (type && reference)
-      relation.members.push_back({*type, *reference, std::string(textOf(member, "role"))});
+      relation.members.push_back({*reference, *type, textOf(member, "role") == "inner"});
   }
   return relation;
 }
@@ -92,58 +95,33 @@ std::string_view addElement(const json::value& value, OsmData& data) {
   return {};
 }
 
-std::size_t skipBlanks(std::string_view text, std::size_t at) {
-  return std::min(text.find_first_not_of(" \t\r\n", at), text.size());
-}
-
-// Returns the position behind the bracket of the array "elements". Within a JSON string, the quotes
-// would be escaped.
-std::optional<std::size_t> startOfElements(std::string_view text) {
-  constexpr std::string_view name = "\"elements\"";
-  for (std::size_t at = 0; (at = text.find(name, at)) != std::string_view::npos;) {
-    at = skipBlanks(text, at + name.size());
-    if (at == text.size() || text[at] != ':') continue;
-    at = skipBlanks(text, at + 1);
-    if (at < text.size() && text[at] == '[') return at + 1;
-  }
-  return std::nullopt;
-}
-
 // Parses one element at a time, so that a large file takes little memory.
-void readElements(const SourceFile& file, std::size_t at, OsmData& data, Findings& findings) {
-  const std::string_view text = file.bytes;
-  json::stream_parser parser;
-  for (std::size_t number = 1;; ++number) {
-    at = skipBlanks(text, at);
-    if (at < text.size() && text[at] == ',') at = skipBlanks(text, at + 1);
-    if (at == text.size()) break;
-    if (text[at] == ']') return;
-    boost::system::error_code error;
-    parser.reset();
-    at += parser.write_some(text.data() + at, text.size() - at, error);
-    const std::string place = fmt::format("Element {} of \"elements\"", number);
-    if (error) {
-      reportUnreadable(file.name, place, error.message() + "; nothing after it is read", findings);
-      return;
-    }
-    if (!parser.done()) break;
-    const std::string_view cause = addElement(parser.release(), data);
+void readElements(const SourceFile& file, const Limits& limits, OsmData& data, Findings& findings) {
+  const std::string_view text = withoutByteOrderMark(file.bytes);
+  const FeatureTexts elements = splitFeatures(text, 2 * limits.vertices, "elements");
+  if (!elements.found)
+    throw SourceError(fmt::format(
+        "{}: no member \"elements\"; is this an answer of Overpass in JSON?", file.name));
+  const json::storage_ptr memory = boundedMemory(limits.bytes / 4);
+  std::size_t number = 0;
+  for (const std::string_view element : elements.features) {
+    const std::string place = fmt::format("Element {} of \"elements\"", ++number);
+    const ParsedJson parsed = parseJson(element, memory);
+    const std::string_view cause =
+        parsed.error.empty() ? addElement(parsed.value, data) : parsed.error;
     if (!cause.empty()) reportUnreadable(file.name, place, std::string(cause), findings);
   }
-  reportCut(file.name, 1 + static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')),
-            findings);
+  if (elements.cut)
+    reportCut(file.name, 1 + static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')),
+              findings);
 }
 
 }  // namespace
 
-Building readOverpassJson(const std::vector<SourceFile>& files, const Options& options,
+Building readOverpassJson(std::vector<SourceFile> files, const Options& options,
                           Findings& findings) {
-  return readOsm(files, options, findings, [&](const SourceFile& file, OsmData& data) {
-    const auto start = startOfElements(file.bytes);
-    if (!start)
-      throw SourceError(fmt::format(
-          "{}: no member \"elements\"; is this an answer of Overpass in JSON?", file.name));
-    readElements(file, *start, data, findings);
+  return readOsm(std::move(files), options, findings, [&](const SourceFile& file, OsmData& data) {
+    readElements(file, options.limits, data, findings);
   });
 }
 

@@ -127,7 +127,7 @@ void addRelation(pbf_reader reader, const Block& block, OsmData& data) {
   }
   OsmRelation relation{common.id, {}, common.tags(block)};
   for (std::size_t i = 0; i < std::min({roles.size(), ids.size(), types.size()}); ++i)
-    relation.members.push_back({types[i], ids[i], std::string(block.string(roles[i]))});
+    relation.members.push_back({ids[i], types[i], block.string(roles[i]) == "inner"});
   if (common.isVisible) data.addRelation(std::move(relation));
 }
 

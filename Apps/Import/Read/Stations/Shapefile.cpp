@@ -133,8 +133,9 @@ std::string_view withoutZeros(std::string_view number) {
 
 class Reader {
  public:
-  Reader(const Shapefile& file, const Limits& limits, std::size_t& vertices, Findings& findings)
-      : file_(file), limits_(limits), vertices_(vertices), findings_(findings) {}
+  Reader(const Shapefile& file, const Limits& limits, std::size_t& vertices, TextPool& texts,
+         Findings& findings)
+      : file_(file), limits_(limits), vertices_(vertices), texts_(texts), findings_(findings) {}
 
   std::vector<StationFeature> read() {
     if (file_.shp.size() < headerBytes) fail("the file has no complete header; fetch it again");
@@ -190,43 +191,54 @@ class Reader {
   }
 
   void readFields(DBFInfo& table) {
-    const int columns = DBFGetFieldCount(&table);
-    std::vector<std::string> names;
-    std::vector<bool> numeric;
-    for (int column = 0; column < columns; ++column) {
-      char name[XBASE_FLDNAME_LEN_READ + 1] = {};
-      numeric.push_back(DBFGetFieldInfo(&table, column, name, nullptr, nullptr) == FTDouble);
-      names.push_back(lowerCase(trimmed(name)));
+    struct Column {
+      int index;
+      std::string name;
+      bool isNumeric;
+    };
+    std::vector<Column> columns;
+    for (int each = 0; each < DBFGetFieldCount(&table); ++each) {
+      char text[XBASE_FLDNAME_LEN_READ + 1] = {};
+      const bool isNumeric = DBFGetFieldInfo(&table, each, text, nullptr, nullptr) == FTDouble;
+      std::string name = lowerCase(trimmed(text));
+      const bool isKnown = std::any_of(columns.begin(), columns.end(),
+                                       [&](const Column& column) { return column.name == name; });
+      if (StationFeature::isUsed(name) && !isKnown)
+        columns.push_back({each, std::move(name), isNumeric});
     }
     const int rows = std::min(DBFGetRecordCount(&table), static_cast<int>(features_.size()));
-    for (int row = 0; row < rows; ++row)
-      for (int column = 0; column < columns; ++column) {
-        const char* text = DBFReadStringAttribute(&table, row, column);
+    for (int row = 0; row < rows; ++row) {
+      for (const Column& column : columns) {
+        const char* text = DBFReadStringAttribute(&table, row, column.index);
         std::string_view value = text == nullptr ? "" : trimmed(text);
-        if (numeric[static_cast<std::size_t>(column)]) value = withoutZeros(value);
-        if (!value.empty())
-          features_[static_cast<std::size_t>(row)].fields.emplace_back(
-              names[static_cast<std::size_t>(column)], value);
+        if (column.isNumeric) value = withoutZeros(value);
+        features_[static_cast<std::size_t>(row)].add(column.name, texts_.keep(value));
       }
+      requireMemory(texts_, limits_, file_.name);
+    }
     convertTexts();
   }
 
   void convertTexts() {
     std::string encoding = encodingOf(file_.cpg);
     if (encoding.empty()) {
-      const bool allUtf8 = std::all_of(features_.begin(), features_.end(), [](const auto& feature) {
-        return std::all_of(feature.fields.begin(), feature.fields.end(),
-                           [](const auto& field) { return isUtf8(field.second); });
-      });
+      bool allUtf8 = true;
+      for (StationFeature& feature : features_)
+        feature.changeValues([&](std::string_view value) {
+          allUtf8 = allUtf8 && isUtf8(value);
+          return value;
+        });
       encoding = allUtf8 ? "UTF-8" : "CP932";
     }
     for (StationFeature& feature : features_)
-      for (auto& [name, value] : feature.fields) value = toUtf8(value, encoding);
+      feature.changeValues(
+          [&](std::string_view value) { return texts_.keep(toUtf8(value, encoding)); });
   }
 
   const Shapefile& file_;
   const Limits& limits_;
   std::size_t& vertices_;
+  TextPool& texts_;
   Findings& findings_;
   std::vector<StationFeature> features_;
 };
@@ -256,8 +268,9 @@ std::vector<Shapefile> findShapefiles(const std::vector<SourceFile>& files) {
 }
 
 std::vector<StationFeature> readShapefile(const Shapefile& file, const Limits& limits,
-                                          std::size_t& vertices, Findings& findings) {
-  return Reader(file, limits, vertices, findings).read();
+                                          std::size_t& vertices, TextPool& texts,
+                                          Findings& findings) {
+  return Reader(file, limits, vertices, texts, findings).read();
 }
 
 }  // namespace orivanta::importer

@@ -9,10 +9,11 @@
 #include "Apps/Import/Findings.hpp"
 #include "Apps/Import/Options.hpp"
 #include "Apps/Import/Read/Sources.hpp"
+#include "Apps/Import/Read/TextPool.hpp"
 
 namespace orivanta::importer {
 
-struct StationFeature;
+class StationFeature;
 
 /// The files of one Shapefile. They refer to the bytes of the source's files.
 struct Shapefile {
@@ -26,10 +27,12 @@ struct Shapefile {
 /// Finds all .shp files and the files that belong to them, in any case of letters.
 std::vector<Shapefile> findShapefiles(const std::vector<SourceFile>& files);
 
-/// Reads all shapes and their attributes. Texts are converted to UTF-8 from the encoding that the
-/// .cpg file names; without one they are UTF-8 if they are valid, or else Shift_JIS. A cut file
-/// gives the shapes before the cut and a finding. Throws `SourceError` if it is no Shapefile.
+/// Reads all shapes and their attributes, whose values are kept in `texts`. Texts are converted to
+/// UTF-8 from the encoding that the .cpg file names; without one they are UTF-8 if they are valid,
+/// or else Shift_JIS. A cut file gives the shapes before the cut and a finding. Throws
+/// `SourceError` if it is no Shapefile.
 std::vector<StationFeature> readShapefile(const Shapefile& file, const Limits& limits,
-                                          std::size_t& vertices, Findings& findings);
+                                          std::size_t& vertices, TextPool& texts,
+                                          Findings& findings);
 
 }  // namespace orivanta::importer

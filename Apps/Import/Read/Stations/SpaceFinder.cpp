@@ -1,44 +1,40 @@
 #include "Apps/Import/Read/Stations/SpaceFinder.hpp"
 
 #include <algorithm>
-#include <limits>
+#include <vector>
 
 #include "Apps/Import/Read/Stations/StationCodes.hpp"
 
 namespace orivanta::importer {
 
-SpaceFinder::SpaceFinder(const std::vector<Area>& areas) : areas_(areas) {
-  constexpr double far = std::numeric_limits<double>::max();
-  for (const Area& area : areas) {
-    Box& box = boxes_.emplace_back(Box{{far, far}, {-far, -far}});
-    for (const Polygon& polygon : area.shape)
-      for (const Point point : polygon.outer) {
-        box.least = {std::min(box.least.x, point.x), std::min(box.least.y, point.y)};
-        box.greatest = {std::max(box.greatest.x, point.x), std::max(box.greatest.y, point.y)};
-      }
-  }
+bool SpaceFinder::spend(std::size_t effort) {
+  isExhausted_ = isExhausted_ || effort > effortLeft_;
+  if (!isExhausted_) effortLeft_ -= effort;
+  return !isExhausted_;
+}
+
+const AreaIndex* SpaceFinder::indexOf(double level) {
+  if (const auto known = indices_.find(level); known != indices_.end()) return &known->second;
+  if (!spend(building_.areas.size())) return nullptr;
+  const Area* end = building_.areas.data() + spaces_;
+  return &indices_
+              .try_emplace(level, building_, level, [end](const Area& area) { return &area < end; })
+              .first->second;
 }
 
 std::optional<std::size_t> SpaceFinder::find(const Spot& spot,
                                              const std::function<bool(const Area&)>& fits) {
-  if (boxes_.size() > effort_) return std::nullopt;
-  effort_ -= boxes_.size();
-  for (std::size_t each = 0; each < boxes_.size(); ++each) {
-    const Box& box = boxes_[each];
-    const Point at = spot.position;
-    if (at.x < box.least.x || at.x > box.greatest.x || at.y < box.least.y ||
-        at.y > box.greatest.y || areas_[each].level != spot.level || !fits(areas_[each]))
-      continue;
-    if (contains(areas_[each], at)) return each;
-  }
+  const AreaIndex* index = indexOf(spot.level);
+  if (index == nullptr) return std::nullopt;
+  for (const Area* area : index->near(spot.position, 0.0))
+    if (spend(1) && fits(*area) && contains(*area, spot.position))
+      return static_cast<std::size_t>(area - building_.areas.data());
   return std::nullopt;
 }
 
 bool SpaceFinder::contains(const Area& area, Point position) {
   const auto inside = [&](const Outline& ring) {
-    if (ring.size() > effort_) return false;
-    effort_ -= ring.size();
-    return package::contains(ring, position);
+    return spend(ring.size()) && package::contains(ring, position);
   };
   return std::any_of(area.shape.begin(), area.shape.end(), [&](const Polygon& polygon) {
     return inside(polygon.outer) &&

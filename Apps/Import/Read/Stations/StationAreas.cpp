@@ -26,14 +26,9 @@ Names namesOf(const StationFeature& feature) {
   return {name, {{"ja", name}}};
 }
 
-bool isConnector(AreaKind kind) {
-  return kind == AreaKind::stairs || kind == AreaKind::elevator || kind == AreaKind::escalator ||
-         kind == AreaKind::movingWalkway || kind == AreaKind::ramp;
-}
-
 class AreaReader {
  public:
-  AreaReader(const std::vector<StationLayer>& layers, const Options& options, Building& building,
+  AreaReader(std::vector<StationLayer>& layers, const Options& options, Building& building,
              Findings& findings)
       : layers_(layers), options_(options), building_(building), findings_(findings) {}
 
@@ -41,11 +36,18 @@ class AreaReader {
     forLayers(LayerKind::floor, &AreaReader::addFloor);
     setElevations();
     forLayers(LayerKind::space, &AreaReader::addSpace);
-    finder_.emplace(building_.areas);
-    findHalls(building_, *finder_);
+    const std::size_t spaces = building_.areas.size();
     forLayers(LayerKind::fixture, &AreaReader::addFixture);
+    finder_.emplace(building_, spaces);
+    findHalls(building_, *finder_);
     forLayers(LayerKind::facility, &AreaReader::addFacility);
     forLayers(LayerKind::opening, &AreaReader::addOpening);
+    if (finder_->isExhausted())
+      report(layers_.front(), {}, Severity::warning, "check-incomplete",
+             "The spaces are too many, or have too many corners, to find the one around each node "
+             "and facility.",
+             "Some halls are taken as rooms, and some symbols as places of their own.",
+             "Import a part of the network.");
   }
 
  private:
@@ -55,12 +57,14 @@ class AreaReader {
     int count;
   };
 
-  using Add = void (AreaReader::*)(const StationLayer& layer, const StationFeature& feature);
+  using Add = void (AreaReader::*)(const StationLayer& layer, StationFeature& feature);
 
   void forLayers(LayerKind kind, Add add) {
-    for (const StationLayer& layer : layers_)
-      if (layer.kind == kind)
-        for (const StationFeature& feature : layer.features) (this->*add)(layer, feature);
+    for (StationLayer& layer : layers_) {
+      if (layer.kind != kind) continue;
+      for (StationFeature& feature : layer.features) (this->*add)(layer, feature);
+      layer.features = {};
+    }
   }
 
   void report(const StationLayer& layer, const StationFeature& feature, Severity severity,
@@ -81,7 +85,7 @@ class AreaReader {
     report(layer, feature, Severity::warning, rule, std::move(message), "It is left out.", advice);
   }
 
-  void addFloor(const StationLayer& layer, const StationFeature& feature) {
+  void addFloor(const StationLayer& layer, StationFeature& feature) {
     const std::optional<double> ordinal = numberIn(feature["ordinal"]);
     if (!ordinal)
       return leaveOut(layer, feature, "level-unreadable", "The floor has no ordinal.",
@@ -92,7 +96,7 @@ class AreaReader {
     storey.names = namesOf(feature);
     storey.shortName = feature["short_name"];
     storey.outdoor = feature["category"] == "2";
-    storey.footprint = feature.geometry.polygons;
+    storey.footprint = std::move(feature.geometry.polygons);
     floors_.emplace(storey.id, storey.ordinal);
     building_.storeys.push_back(std::move(storey));
   }
@@ -134,7 +138,7 @@ class AreaReader {
     return layer.ordinal;
   }
 
-  void addSpace(const StationLayer& layer, const StationFeature& feature) {
+  void addSpace(const StationLayer& layer, StationFeature& feature) {
     if (feature.geometry.polygons.empty())
       return leaveOut(layer, feature, "geometry-missing", "The space has no polygon.",
                       "Draw it, or delete the record.");
@@ -151,7 +155,7 @@ class AreaReader {
     area.category = feature["category"];
     area.kind = kindOfSpace(area.category);
     area.level = *level;
-    area.shape = feature.geometry.polygons;
+    area.shape = std::move(feature.geometry.polygons);
     if (feature["restricted"] == "1" || feature["nonpublic"] == "1" || area.category == "B026")
       area.access = Access::staff;
     Names names = namesOf(feature);
@@ -180,7 +184,7 @@ class AreaReader {
                       [](Point one, Point other) { return one.x == other.x && one.y == other.y; });
   }
 
-  void addFixture(const StationLayer& layer, const StationFeature& feature) {
+  void addFixture(const StationLayer& layer, StationFeature& feature) {
     if (feature.geometry.polygons.empty()) return;
     const std::optional<double> level = levelOf(layer, feature);
     if (!level) return;
@@ -190,11 +194,11 @@ class AreaReader {
     area.category = feature["category"];
     area.kind = area.category == "C010" ? AreaKind::wall : AreaKind::obstacle;
     area.level = *level;
-    area.shape = feature.geometry.polygons;
+    area.shape = std::move(feature.geometry.polygons);
     building_.areas.push_back(std::move(area));
   }
 
-  void addFacility(const StationLayer& layer, const StationFeature& feature) {
+  void addFacility(const StationLayer& layer, StationFeature& feature) {
     const std::string code(feature["category"]);
     if (!isPlace(code) || feature.geometry.points.empty()) return;
     const std::optional<double> level = levelOf(layer, feature);
@@ -225,7 +229,7 @@ class AreaReader {
     building_.places.push_back(std::move(place));
   }
 
-  void addOpening(const StationLayer& layer, const StationFeature& feature) {
+  void addOpening(const StationLayer& layer, StationFeature& feature) {
     if (feature.geometry.lines.empty()) return;
     const std::optional<double> level = levelOf(layer, feature);
     if (!level) return;
@@ -266,7 +270,7 @@ class AreaReader {
     addPlace(std::move(place));
   }
 
-  const std::vector<StationLayer>& layers_;
+  std::vector<StationLayer>& layers_;
   const Options& options_;
   Building& building_;
   Findings& findings_;
@@ -279,8 +283,8 @@ class AreaReader {
 
 }  // namespace
 
-void readStationAreas(const std::vector<StationLayer>& layers, const Options& options,
-                      Building& building, Findings& findings) {
+void readStationAreas(std::vector<StationLayer>& layers, const Options& options, Building& building,
+                      Findings& findings) {
   AreaReader(layers, options, building, findings).read();
   if (building.areas.empty() && building.sourceNodes.empty())
     throw SourceError(layers.front().file +

@@ -11,9 +11,10 @@
 namespace orivanta::importer {
 
 /// Adds all layers except nodes and links, in meters, to the building. The source's network must be
-/// there: a space of unknown use that it leads through is a hall. Throws `SourceError` if there is
-/// neither a space nor a node.
-void readStationAreas(const std::vector<StationLayer>& layers, const Options& options,
-                      Building& building, Findings& findings);
+/// there: a space of unknown use that it leads through is a hall. Takes the shapes out of the
+/// layers, and releases the features that it has read. Throws `SourceError` if there is neither a
+/// space nor a node.
+void readStationAreas(std::vector<StationLayer>& layers, const Options& options, Building& building,
+                      Findings& findings);
 
 }  // namespace orivanta::importer

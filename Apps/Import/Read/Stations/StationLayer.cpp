@@ -1,15 +1,18 @@
 #include "Apps/Import/Read/Stations/StationLayer.hpp"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <utility>
 
 #include "Apps/Import/Read/JsonMembers.hpp"
 #include "Apps/Import/Read/Stations/Shapefile.hpp"
+#include "Apps/Import/Read/Stations/StationCodes.hpp"
+#include "Apps/Import/SourceError.hpp"
 
 namespace orivanta::importer {
-
-namespace json = boost::json;
 
 namespace {
 
@@ -72,73 +75,127 @@ LayerKind kindOf(const StationFeature& feature) {
   }
 }
 
-StationLayer describedLayer(const std::string& file, const std::vector<StationFeature>& features) {
+// What the name of the file says. Nothing for a layer with an unknown name.
+std::optional<LayerKind> kindByName(const std::string& file) {
+  const std::string last = lowerCase(partsOf(file).back());
+  const auto known = std::find_if(knownLayers.begin(), knownLayers.end(),
+                                  [&](const KnownLayer& each) { return each.name == last; });
+  return known == knownLayers.end() ? std::nullopt : std::optional(known->kind);
+}
+
+StationLayer describedLayer(const std::string& file, std::vector<StationFeature> features) {
   const std::vector<std::string> parts = partsOf(file);
   StationLayer layer;
   layer.file = file;
   layer.area = parts.front();
   for (const std::string& part : parts)
     if (const auto ordinal = ordinalOf(part)) layer.ordinal = ordinal;
-  const std::string last = lowerCase(parts.back());
-  const auto known = std::find_if(knownLayers.begin(), knownLayers.end(),
-                                  [&](const KnownLayer& each) { return each.name == last; });
-  if (known != knownLayers.end())
-    layer.kind = known->kind;
+  if (const auto kind = kindByName(file))
+    layer.kind = *kind;
   else if (!features.empty())
     layer.kind = kindOf(features.front());
+  layer.features = std::move(features);
   return layer;
 }
 
-void addGeoJson(const SourceFile& file, const Limits& limits, std::size_t& vertices,
-                Findings& findings, std::vector<StationLayer>& layers) {
-  GeoFeatures collection = readGeoJson(file, limits, vertices, findings);
-  std::vector<StationFeature> features;
-  features.reserve(collection.features.size());
-  for (GeoFeature& each : collection.features) {
-    StationFeature feature;
-    for (const auto& [key, value] : each.properties)
-      if (std::string text = memberText(each.properties, {key.data(), key.size()}); !text.empty())
-        feature.fields.emplace_back(lowerCase({key.data(), key.size()}), std::move(text));
-    feature.geometry = std::move(each.geometry);
-    features.push_back(std::move(feature));
-  }
-  StationLayer layer = describedLayer(file.name, features);
-  if (layer.kind == LayerKind::other) return;
-  layer.unit = unitOf(collection.crs, file.name);
-  layer.features = std::move(features);
-  layers.push_back(std::move(layer));
-}
+class LayerReader {
+ public:
+  LayerReader(const Limits& limits, TextPool& texts, Findings& findings)
+      : limits_(limits), texts_(texts), findings_(findings) {}
 
-void addShapefile(const Shapefile& file, const Limits& limits, std::size_t& vertices,
-                  Findings& findings, std::vector<StationLayer>& layers) {
-  std::vector<StationFeature> features = readShapefile(file, limits, vertices, findings);
-  StationLayer layer = describedLayer(file.name, features);
-  if (layer.kind == LayerKind::other) return;
-  layer.unit = unitOf(std::string(file.prj), file.name);
-  layer.features = std::move(features);
-  layers.push_back(std::move(layer));
-}
+  void read(const SourceFile& file) {
+    if (kindByName(file.name) == LayerKind::other) return;
+    // Most facilities are connectors and signs.
+    const bool areFacilities = kindByName(file.name) == LayerKind::facility;
+    std::vector<StationFeature> features;
+    const GeoFrame frame = readGeoJson(file, limits_, vertices_, findings_, [&](GeoFeature each) {
+      if (!areFacilities || isPlace(memberText(each.properties, "category")))
+        features.push_back(featureOf(std::move(each), file.name));
+    });
+    add(describedLayer(file.name, std::move(features)), frame.crs);
+  }
+
+  void read(const Shapefile& file) {
+    if (kindByName(file.name) == LayerKind::other) return;
+    add(describedLayer(file.name, readShapefile(file, limits_, vertices_, texts_, findings_)),
+        std::string(file.prj));
+  }
+
+  std::vector<StationLayer> release() { return std::move(layers_); }
+
+ private:
+  void add(StationLayer layer, const std::string& crs) {
+    if (layer.kind == LayerKind::other) return;
+    layer.unit = unitOf(crs, layer.file);
+    layer.features.shrink_to_fit();
+    layers_.push_back(std::move(layer));
+  }
+
+  StationFeature featureOf(GeoFeature each, const std::string& file) {
+    std::vector<std::pair<std::string, std::string_view>> fields;
+    for (const auto& [key, value] : each.properties)
+      if (std::string name = lowerCase({key.data(), key.size()}); StationFeature::isUsed(name))
+        fields.emplace_back(std::move(name),
+                            texts_.keep(memberText(each.properties, {key.data(), key.size()})));
+    StationFeature feature;
+    feature.reserve(fields.size());
+    for (const auto& [name, value] : fields) feature.add(name, value);
+    requireMemory(texts_, limits_, file);
+    feature.geometry = std::move(each.geometry);
+    return feature;
+  }
+
+  const Limits& limits_;
+  TextPool& texts_;
+  Findings& findings_;
+  std::size_t vertices_ = 0;
+  std::vector<StationLayer> layers_;
+};
+
+constexpr std::array<std::string_view, 18> usedFields = {
+    "id",       "category",  "floor_id", "name",      "ordinal",    "short_name",
+    "node_id",  "lat",       "lon",      "link_id",   "end_id",     "start_id",
+    "distance", "direction", "elevator", "nonpublic", "restricted", "route_type"};
 
 }  // namespace
 
+bool StationFeature::isUsed(std::string_view name) {
+  return std::find(usedFields.begin(), usedFields.end(), name) != usedFields.end();
+}
+
+void StationFeature::add(std::string_view name, std::string_view value) {
+  const auto used = std::find(usedFields.begin(), usedFields.end(), name);
+  if (used == usedFields.end() || value.empty() || !(*this)[name].empty()) return;
+  Field& field = fields_.emplace_back();
+  field.name = static_cast<std::uint8_t>(used - usedFields.begin());
+  field.set(value);
+}
+
 std::string_view StationFeature::operator[](std::string_view name) const {
-  for (const auto& [field, value] : fields)
-    if (field == name) return value;
+  for (const Field& field : fields_)
+    if (usedFields[field.name] == name) return field.value();
   return {};
 }
 
-std::vector<StationLayer> readStationLayers(const std::vector<SourceFile>& files,
-                                            const Limits& limits, Findings& findings) {
-  std::vector<StationLayer> layers;
-  std::size_t vertices = 0;
-  for (const SourceFile& file : files) {
+void requireMemory(const TextPool& texts, const Limits& limits, const std::string& file) {
+  if (texts.bytes() > limits.bytes / 4)
+    throw SourceError(fmt::format(
+        "{}: the attributes have more than {} MiB of different texts; import a part of the file",
+        file, limits.bytes >> 22U));
+}
+
+std::vector<StationLayer> readStationLayers(std::vector<SourceFile>& files, const Limits& limits,
+                                            TextPool& texts, Findings& findings) {
+  LayerReader reader(limits, texts, findings);
+  for (SourceFile& file : files) {
     const std::string extension = lowerCase(std::filesystem::path(file.name).extension().string());
-    if (extension == ".geojson" || extension == ".json")
-      addGeoJson(file, limits, vertices, findings, layers);
+    if (extension != ".geojson" && extension != ".json") continue;
+    reader.read(file);
+    file.release();
   }
-  for (const Shapefile& file : findShapefiles(files))
-    addShapefile(file, limits, vertices, findings, layers);
-  return layers;
+  for (const Shapefile& file : findShapefiles(files)) reader.read(file);
+  for (SourceFile& file : files) file.release();
+  return reader.release();
 }
 
 }  // namespace orivanta::importer

@@ -19,25 +19,31 @@ class NetworkReader {
   NetworkReader(Building& building, Findings& findings)
       : building_(building), findings_(findings) {}
 
-  void read(const std::vector<StationLayer>& layers) {
-    for (const StationLayer& layer : layers)
-      if (layer.kind == LayerKind::node)
-        for (const StationFeature& feature : layer.features) addNode(layer, feature);
-    for (const StationLayer& layer : layers)
-      if (layer.kind == LayerKind::link)
-        for (const StationFeature& feature : layer.features) addLink(layer, feature);
+  void read(std::vector<StationLayer>& layers) {
+    forLayers(layers, LayerKind::node, &NetworkReader::addNode);
+    forLayers(layers, LayerKind::link, &NetworkReader::addLink);
     shareElevatorClasses();
   }
 
  private:
+  using Add = void (NetworkReader::*)(const StationLayer& layer, const StationFeature& feature);
+
+  void forLayers(std::vector<StationLayer>& layers, LayerKind kind, Add add) {
+    for (StationLayer& layer : layers) {
+      if (layer.kind != kind) continue;
+      for (const StationFeature& feature : layer.features) (this->*add)(layer, feature);
+      layer.features = {};
+    }
+  }
+
   void report(const std::string& rule, const std::string& file, std::string_view id,
-              std::string message, const char* effect, const char* advice) {
+              std::string message, std::string effect, const char* advice) {
     Finding finding;
     finding.rule = rule;
     finding.source = id;
     finding.file = file;
     finding.message = std::move(message);
-    finding.effect = effect;
+    finding.effect = std::move(effect);
     finding.advice = advice;
     findings_.add(std::move(finding));
   }
@@ -68,7 +74,7 @@ class NetworkReader {
                     "It is left out, so routes cannot use it.",
                     "Add the node, or correct start_id or end_id.");
     SourceLink link;
-    link.id = id.empty() ? "link" + std::to_string(building_.sourceLinks.size()) : id;
+    link.id = uniqueId(layer, id);
     link.from = from->first;
     link.to = to->first;
     link.kind = kindOfLink(feature["route_type"]);
@@ -82,6 +88,21 @@ class NetworkReader {
         !feature.geometry.lines.empty() && feature.geometry.lines.front().size() > 2)
       return addBentLink(link, level, feature.geometry.lines.front());
     building_.sourceLinks.push_back(std::move(link));
+  }
+
+  // Links are told apart by their identifiers.
+  std::string uniqueId(const StationLayer& layer, const std::string& own) {
+    std::string id = own.empty() ? "link" + std::to_string(building_.sourceLinks.size()) : own;
+    if (links_.emplace(id, 1).second) return id;
+    const std::string source = id;
+    do id = fmt::format("{}#{}", source, ++links_[source]);
+    while (links_.contains(id));
+    links_.emplace(id, 1);
+    if (!own.empty())
+      report("id-not-unique", layer.file, own, "There are two links with this identifier.",
+             "The second one is imported as \"" + id + "\".",
+             "Give each link an identifier of its own.");
+    return id;
   }
 
   // A walk ends on the storey where it begins, so an end that is not among the nodes is known from
@@ -112,8 +133,12 @@ class NetworkReader {
     for (std::size_t each = 1; each < line.size(); ++each) {
       const bool last = each + 1 == line.size();
       part.id = whole.id + '-' + std::to_string(each);
-      part.to = last ? whole.to : part.id;
-      if (!last) building_.sourceNodes.push_back({part.id, {level, line[each]}});
+      part.to = whole.to;
+      if (!last) {
+        part.to = part.id;
+        while (!nodes_.emplace(part.to, building_.sourceNodes.size()).second) part.to += '\'';
+        building_.sourceNodes.push_back({part.to, {level, line[each]}});
+      }
       building_.sourceLinks.push_back(part);
       part.from = part.to;
     }
@@ -147,12 +172,12 @@ class NetworkReader {
   Building& building_;
   Findings& findings_;
   std::unordered_map<std::string, std::size_t> nodes_;
+  std::unordered_map<std::string, int> links_;  // how often each identifier was seen
 };
 
 }  // namespace
 
-void readStationNetwork(const std::vector<StationLayer>& layers, Building& building,
-                        Findings& findings) {
+void readStationNetwork(std::vector<StationLayer>& layers, Building& building, Findings& findings) {
   NetworkReader(building, findings).read(layers);
 }
 

@@ -9,10 +9,9 @@
 
 namespace orivanta::importer {
 
-/// Adds the nodes and links of all layers, in meters, to `building.sourceNodes` and
-/// `building.sourceLinks`. The bends of a link become nodes. All links of an elevator get the best
-/// class that one of them has. Links without an end give a finding.
-void readStationNetwork(const std::vector<StationLayer>& layers, Building& building,
-                        Findings& findings);
+/// Adds the nodes and links of all layers, and releases these, in meters, to `building.sourceNodes`
+/// and `building.sourceLinks`. The bends of a link become nodes. All links of an elevator get the
+/// best class that one of them has. Links without an end give a finding.
+void readStationNetwork(std::vector<StationLayer>& layers, Building& building, Findings& findings);
 
 }  // namespace orivanta::importer

@@ -36,10 +36,8 @@ bool isDegrees(const std::vector<StationLayer>& layers) {
   bool within = true;
   for (const StationLayer& layer : layers)
     for (const StationFeature& feature : layer.features) {
-      GeoGeometry geometry = feature.geometry;
-      changePositions(geometry, [&](Point point) {
+      forPositions(feature.geometry, [&](Point point) {
         within = within && std::abs(point.x) <= 180.0 && std::abs(point.y) <= 90.0;
-        return point;
       });
     }
   return within;
@@ -126,11 +124,9 @@ class Placement {
 void keepWithin(const Bounds& bounds, std::vector<StationLayer>& layers) {
   const auto within = [&](const StationFeature& feature) {
     bool any = false;
-    GeoGeometry geometry = feature.geometry;
-    changePositions(geometry, [&](Point point) {
+    forPositions(feature.geometry, [&](Point point) {
       any = any || (bounds[0] <= point.y && point.y <= bounds[2] && bounds[1] <= point.x &&
                     point.x <= bounds[3]);
-      return point;
     });
     return any;
   };
@@ -144,9 +140,9 @@ void keepWithin(const Bounds& bounds, std::vector<StationLayer>& layers) {
 
 }  // namespace
 
-Building readStations(const std::vector<SourceFile>& files, const Options& options,
-                      Findings& findings) {
-  std::vector<StationLayer> layers = readStationLayers(files, options.limits, findings);
+Building readStations(std::vector<SourceFile> files, const Options& options, Findings& findings) {
+  TextPool texts;
+  std::vector<StationLayer> layers = readStationLayers(files, options.limits, texts, findings);
   if (layers.empty())
     throw SourceError(
         (files.empty() ? "" : files.front().name + ": ") +

@@ -22,6 +22,11 @@ std::vector<SourceFile> asOverpassJson(const Building& building);
 std::vector<SourceFile> asOsmGeoJson(const Building& building);
 std::vector<SourceFile> asImdf(const Building& building);
 std::vector<SourceFile> asIndoorGml(const Building& building);
-std::vector<SourceFile> asStations(const Building& building);
+std::vector<SourceFile> asStations(const Building& building);  ///< also its source network
+std::vector<SourceFile> asShapefile(const Building& building);
+std::vector<SourceFile> asOsmPbf(const Building& building);  ///< empty if osmium is missing
+
+/// What osmium makes of an extract. The bytes are empty if osmium is missing.
+SourceFile converted(const SourceFile& xml, const std::string& name, const std::string& how);
 
 }  // namespace orivanta::importer::house

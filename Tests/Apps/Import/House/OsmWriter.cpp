@@ -31,7 +31,8 @@ struct Relation {
   Tags tags;
 };
 
-// The house as an OpenStreetMap extract: doors are nodes of the outlines.
+// The house as an OpenStreetMap extract: doors are nodes of the outlines. Identifiers are written
+// as negative numbers, as editors do for what is not on the map.
 struct Extract {
   std::vector<Point> points;  // longitude and latitude; the identifier is the index + 1
   std::map<std::pair<long, long>, long> known;  // by position in millimeters
@@ -190,6 +191,12 @@ json::object jsonTags(const Tags& tags) {
   return object;
 }
 
+json::array negative(const std::vector<long>& ids) {
+  json::array array;
+  for (const long id : ids) array.push_back(-id);
+  return array;
+}
+
 json::array position(const Extract& extract, long node) {
   const Point point = extract.points[static_cast<std::size_t>(node) - 1];
   return {point.x, point.y};
@@ -209,20 +216,20 @@ std::vector<SourceFile> asOsmXml(const Building& building) {
   for (std::size_t i = 0; i < extract.points.size(); ++i) {
     const long id = static_cast<long>(i) + 1;
     const auto tags = extract.nodeTags.find(id);
-    text += fmt::format("<node id='{}' version='1' lat='{:.9f}' lon='{:.9f}'>{}</node>\n", id,
+    text += fmt::format("<node id='-{}' lat='{:.9f}' lon='{:.9f}'>{}</node>\n", id,
                         extract.points[i].y, extract.points[i].x,
                         tags == extract.nodeTags.end() ? "" : xmlTags(tags->second));
   }
   for (const Way& way : extract.ways) {
-    text += fmt::format("<way id='{}' version='1'>", way.id);
-    for (const long node : way.nodes) text += fmt::format("<nd ref='{}'/>", node);
+    text += fmt::format("<way id='-{}'>", way.id);
+    for (const long node : way.nodes) text += fmt::format("<nd ref='-{}'/>", node);
     text += xmlTags(way.tags) + "</way>\n";
   }
   for (const Relation& relation : extract.relations) {
-    text += fmt::format("<relation id='{}' version='1'><member type='way' ref='{}' role='outer'/>",
+    text += fmt::format("<relation id='-{}'><member type='way' ref='-{}' role='outer'/>",
                         relation.id, relation.outer);
     for (const long inner : relation.inner)
-      text += fmt::format("<member type='way' ref='{}' role='inner'/>", inner);
+      text += fmt::format("<member type='way' ref='-{}' role='inner'/>", inner);
     text += xmlTags(relation.tags) + "</relation>\n";
   }
   return {{"house.osm", text + "</osm>\n"}};
@@ -234,23 +241,23 @@ std::vector<SourceFile> asOverpassJson(const Building& building) {
   for (std::size_t i = 0; i < extract.points.size(); ++i) {
     const long id = static_cast<long>(i) + 1;
     json::object node = {
-        {"type", "node"}, {"id", id}, {"lat", extract.points[i].y}, {"lon", extract.points[i].x}};
+        {"type", "node"}, {"id", -id}, {"lat", extract.points[i].y}, {"lon", extract.points[i].x}};
     if (const auto tags = extract.nodeTags.find(id); tags != extract.nodeTags.end())
       node["tags"] = jsonTags(tags->second);
     elements.push_back(std::move(node));
   }
   for (const Way& way : extract.ways)
     elements.push_back(json::object{{"type", "way"},
-                                    {"id", way.id},
-                                    {"nodes", json::value_from(way.nodes)},
+                                    {"id", -way.id},
+                                    {"nodes", negative(way.nodes)},
                                     {"tags", jsonTags(way.tags)}});
   for (const Relation& relation : extract.relations) {
     json::array members = {
-        json::object{{"type", "way"}, {"ref", relation.outer}, {"role", "outer"}}};
+        json::object{{"type", "way"}, {"ref", -relation.outer}, {"role", "outer"}}};
     for (const long inner : relation.inner)
-      members.push_back(json::object{{"type", "way"}, {"ref", inner}, {"role", "inner"}});
+      members.push_back(json::object{{"type", "way"}, {"ref", -inner}, {"role", "inner"}});
     elements.push_back(json::object{{"type", "relation"},
-                                    {"id", relation.id},
+                                    {"id", -relation.id},
                                     {"members", std::move(members)},
                                     {"tags", jsonTags(relation.tags)}});
   }
@@ -278,19 +285,19 @@ std::vector<SourceFile> asOsmGeoJson(const Building& building) {
     for (const long inner : relation.inner) rings.push_back(positions(extract, wayOf(inner).nodes));
     Tags tags = relation.tags;
     tags.erase("type");
-    add(fmt::format("relation/{}", relation.id), tags,
+    add(fmt::format("relation/-{}", relation.id), tags,
         {{"type", "Polygon"}, {"coordinates", std::move(rings)}});
   }
   for (const Way& way : extract.ways) {
     if (way.tags.empty()) continue;
     const bool closed = way.nodes.front() == way.nodes.back();
     json::array coordinates = positions(extract, way.nodes);
-    add(fmt::format("way/{}", way.id), way.tags,
+    add(fmt::format("way/-{}", way.id), way.tags,
         closed ? json::object{{"type", "Polygon"}, {"coordinates", json::array{coordinates}}}
                : json::object{{"type", "LineString"}, {"coordinates", coordinates}});
   }
   for (const auto& [node, tags] : extract.nodeTags)
-    add(fmt::format("node/{}", node), tags,
+    add(fmt::format("node/-{}", node), tags,
         {{"type", "Point"}, {"coordinates", position(extract, node)}});
   const json::object all = {{"type", "FeatureCollection"}, {"features", std::move(features)}};
   return {{"house.geojson", json::serialize(all)}};

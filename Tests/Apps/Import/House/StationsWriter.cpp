@@ -45,20 +45,25 @@ const char* spaceCategory(const Area& area) {
   }
 }
 
+const char* routeType(LinkKind kind) {
+  return kind == LinkKind::elevator    ? "4"
+         : kind == LinkKind::escalator ? "5"
+         : kind == LinkKind::stairs    ? "6"
+                                       : "1";
+}
+
 }  // namespace
 
 std::vector<SourceFile> asStations(const Building& building) {
   std::map<std::string, json::array> files;
-  const auto add = [&](const std::string& storey, const char* layer, json::object properties,
-                       json::object geometry) {
-    files[fmt::format("House_{}_{}", storey, layer)].push_back(
-        json::object{{"type", "Feature"},
-                     {"properties", std::move(properties)},
-                     {"geometry", std::move(geometry)}});
+  const auto add = [&](const std::string& layer, json::object properties, json::object geometry) {
+    files["House_" + layer].push_back(json::object{{"type", "Feature"},
+                                                   {"properties", std::move(properties)},
+                                                   {"geometry", std::move(geometry)}});
   };
   for (const Storey& storey : building.storeys) {
     const std::string number = fmt::format("{}", storey.ordinal + 1);
-    add(number, "Floor",
+    add(number + "_Floor",
         {{"id", storey.id},
          {"category", "1"},
          {"name", storey.names.name},
@@ -70,7 +75,7 @@ std::vector<SourceFile> asStations(const Building& building) {
       json::value name = nullptr;
       for (const Place& place : building.places)
         if (place.id == area.place) name = place.names.name;
-      add(number, "Space",
+      add(number + "_Space",
           {{"id", area.id},
            {"category", spaceCategory(area)},
            {"floor_id", storey.id},
@@ -83,9 +88,28 @@ std::vector<SourceFile> asStations(const Building& building) {
       if (door.level != storey.ordinal) continue;
       json::array line;
       for (const Point end : openingOf(building, door)) line.push_back(json::array{end.x, end.y});
-      add(number, "Opening", {{"id", door.id}, {"floor_id", storey.id}, {"name", nullptr}},
+      add(number + "_Opening", {{"id", door.id}, {"floor_id", storey.id}, {"name", nullptr}},
           {{"type", "LineString"}, {"coordinates", std::move(line)}});
     }
+  }
+  std::map<std::string, Point> positions;
+  for (const SourceNode& node : building.sourceNodes) {
+    const Point at = positions[node.id] = node.spot.position;
+    add("node", {{"node_id", node.id}, {"ordinal", node.spot.level + 1}, {"in_out", "3"}},
+        {{"type", "Point"}, {"coordinates", json::array{at.x, at.y}}});
+  }
+  for (const SourceLink& link : building.sourceLinks) {
+    const Point from = positions.at(link.from);
+    const Point to = positions.at(link.to);
+    add("link",
+        {{"link_id", link.id},
+         {"start_id", link.from},
+         {"end_id", link.to},
+         {"route_type", routeType(link.kind)},
+         {"direction", link.direction == Direction::forward ? "2" : "1"},
+         {"elevator", "3"}},
+        {{"type", "LineString"},
+         {"coordinates", json::array{json::array{from.x, from.y}, json::array{to.x, to.y}}}});
   }
   std::vector<SourceFile> result;
   for (auto& [name, features] : files) {

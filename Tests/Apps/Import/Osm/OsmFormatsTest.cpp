@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <map>
 
@@ -24,16 +23,6 @@ Building read(const std::vector<SourceFile>& files, const Options& options = {})
 }
 
 SourceFile file(const fs::path& path) { return {path.filename().string(), test::contentsOf(path)}; }
-
-// The extract as osmium writes it; empty if osmium is not installed.
-SourceFile converted(const SourceFile& xml, const std::string& name, const std::string& how) {
-  const test::TemporaryFolder folder;
-  folder.write("source.osm", xml.bytes);
-  const fs::path target = folder.path() / name;
-  const std::string command = fmt::format("osmium {} -o '{}' '{}' 2>/dev/null", how,
-                                          target.string(), (folder.path() / "source.osm").string());
-  return std::system(command.c_str()) == 0 ? file(target) : SourceFile();
-}
 
 // Small extracts of different kinds, and real ones if there are any.
 std::vector<SourceFile> extracts() {
@@ -59,7 +48,7 @@ TEST(OsmFormats, GiveTheSameBuilding) {
         {"a.osm.pbf", "cat -f pbf,pbf_dense_nodes=false,pbf_compression=none"},
         {"a.geojson", "export -f geojson -u type_id -a id,type"}};
     for (const auto& [name, how] : ways) {
-      const SourceFile other = converted(xml, name, how);
+      const SourceFile other = house::converted(xml, name, how);
       if (other.bytes.empty()) GTEST_SKIP() << "osmium is not installed";
       EXPECT_EQ(described(read({other}, options)), whole) << xml.name << " " << how;
     }
@@ -146,13 +135,57 @@ TEST(OsmFormats, UnreadableFilesAreRefusedWithTheNextStep) {
 }
 
 TEST(OsmFormats, ManyObjectsStayWithinTheLimits) {
-  OsmText text;
-  text.box(1, 0, 0, 5, 5, {{"indoor", "room"}, {"level", "-90-90"}, {"repeat_on", "0-190"}});
+  OsmText levels;
+  levels.box(1, 0, 0, 5, 5, {{"indoor", "room"}, {"level", "-90-90"}, {"repeat_on", "0-190"}});
+  OsmText copies;
+  copies.box(1, 0, 0, 5, 5, {{"indoor", "room"}, {"level", "0-190"}});
+  OsmText shared;
+  shared.box(1, 0, 0, 5, 5, {});
+  for (int i = 0; i < 500; ++i)
+    shared.relation(1 + i, {{"outer", 1}},
+                    {{"type", "multipolygon"}, {"indoor", "room"}, {"level", "0"}});
+  OsmText texts;
+  for (int i = 0; i < 700; ++i)
+    texts.node(i, 0, 0, {{"amenity", "an amenity with an unusually long name"}});
   Options options;
   options.limits.vertices = 1000;
-  Findings findings;
-  EXPECT_THAT([&] { readOsmXml(text.files(), options, findings); },
-              testing::ThrowsMessage<SourceError>(HasSubstr("more than 1000 points")));
+  options.limits.bytes = 100'000;
+  for (const auto& [text, message] : {std::pair(levels, "lists of levels are too long"),
+                                      {copies, "more than 1000 points"},
+                                      {shared, "relations share them"},
+                                      {texts, "MiB of tags"}}) {
+    Findings findings;
+    const std::vector<SourceFile> files = text.files();
+    EXPECT_THAT([&] { readOsmXml(files, options, findings); },
+                testing::ThrowsMessage<SourceError>(HasSubstr(message)));
+  }
+}
+
+TEST(OsmFormats, SeveralFilesAreOneExtract) {
+  // Rooms without identifiers, one in each file, with a common corner that has a door.
+  const auto room = [](double west) {
+    std::string ring;
+    for (const auto& [x, y] : {std::pair(west, 0.5),
+                               {west + 1e-4, 0.5},
+                               {west + 1e-4, 0.5001},
+                               {west, 0.5001},
+                               {west, 0.5}})
+      ring += fmt::format("{}[{:.7f},{:.7f}]", ring.empty() ? "" : ",", x, y);
+    return R"({"type":"Feature","properties":{"indoor":"room","level":"0"},"geometry":)"
+           R"({"type":"Polygon","coordinates":[[)" +
+           ring + "]]}}";
+  };
+  const auto file = [](const char* name, const std::string& features) {
+    return SourceFile{name, R"({"type":"FeatureCollection","features":[)" + features + "]}"};
+  };
+  const std::string door =
+      R"({"type":"Feature","id":"node/7","properties":{"highway":"footway","door":"yes"},)"
+      R"("geometry":{"type":"Point","coordinates":[13.0001,0.5]}})";
+  const Building building = read({file("a", room(13.0)), file("b", room(13.0001) + ',' + door)});
+  ASSERT_EQ(building.areas.size(), 2U);
+  EXPECT_NE(building.areas[0].shape[0].outer[0].x, building.areas[1].shape[0].outer[0].x);
+  ASSERT_EQ(building.doors.size(), 1U);
+  EXPECT_EQ(building.doors[0].areas.size(), 2U);
 }
 
 }  // namespace

@@ -220,6 +220,50 @@ TEST(Osm, OnlyWhatIsIndoorsMatters) {
   EXPECT_EQ(read(site(), options).building.areas.size(), 2U);
 }
 
+TEST(Osm, FarThingsAndNamesInOneLanguage) {
+  OsmText text = site();
+  for (int room = 0; room < 12; ++room)
+    text.box(20 + room, 200 + 6 * room, 0, 205 + 6 * room, 5,
+             {{"indoor", "room"}, {"level", "0"}, {"name:fr", "Salle"}, {"alt_name", "Salon"}});
+  text.box(40, 900'000, 0, 900'005, 5, {{"indoor", "room"}, {"level", "0"}});
+  const Read result = read(text);
+  EXPECT_EQ(result.building.areas.size(), 16U);
+  EXPECT_EQ(result.findings.countOf("far-away"), 1U);
+  const Place& place = result.building.places[1];
+  EXPECT_EQ(place.id + ' ' + place.names.name, "way/20 Salle");
+  EXPECT_EQ(place.description.at(""), "Salon");
+}
+
+TEST(Osm, OnlyTheMapIsCredited) {
+  for (const bool isPublished : {true, false}) {
+    std::string xml = site().xml();
+    if (!isPublished)
+      for (const std::string key : {" id='", "ref='"})
+        for (std::size_t at = 0; (at = xml.find(key, at)) != std::string::npos; at += key.size())
+          xml.insert(at + key.size(), "-");
+    Findings findings;
+    const Building building = readOsmXml({{"plan.osm", xml}}, {}, findings);
+    EXPECT_EQ(building.areas.size(), 4U);
+    EXPECT_EQ(building.attribution.empty(), !isPublished);
+  }
+}
+
+TEST(Osm, FootwaysBetweenEntrancesAreWalked) {
+  OsmText text = site();
+  text.node(6, 50, 20, {{"entrance", "yes"}});
+  text.node(7, 75, 30);
+  text.node(8, 100, 20, {{"entrance", "yes"}});
+  text.node(9, 75, -20);
+  text.node(90, 80, -20);
+  text.way(61, {6, 7}, {{"highway", "footway"}});
+  text.way(62, {7, 8}, {{"highway", "steps"}});
+  text.way(63, {9, 90}, {{"highway", "footway"}});
+  const Read result = read(text);
+  ASSERT_EQ(result.building.lines.size(), 2U);
+  for (const Line& line : result.building.lines) EXPECT_THAT(line.levels, ElementsAre(0));
+  EXPECT_TRUE(result.building.sourceLinks.empty());
+}
+
 TEST(Osm, FootwaysThatLeadToTheRoomsAreTheNetwork) {
   OsmText text;
   text.box(1, 0, 0, 10, 10, {{"indoor", "room"}, {"level", "0"}});

@@ -240,6 +240,8 @@ TEST(StepBuilder, TellsTheTurnsOfDrawnWalks) {
       {"0,0 A@9,0 A+20,0 A+20,30 A@20,40 20,60", "depart through A, turn L90, arrive"},
       {"0,0 A@9,0 A+12,0 A@20,0 B@20,0 B+25,0 B@30,0 60,0", "depart through A through B, arrive"},
       {"0,0 A@9,0 A+12,0 A@20,0 A+25,0 A@30,0 60,0", "depart through A, arrive"},
+      {"0,0 A@9,0 A+12,0 A@20,0 30,0 A@40,0 A+45,0 A@50,0 60,0",
+       "depart through A through A, arrive"},
       {"0,0 stairs:9,0 A@10,0 A+10.5,0 A@11,0", "depart, ride, leave through A, arrive"},
       {"0,0 A@9,0 12,0 A+15,0 20,0 A@30,0", "depart through A, arrive"},
       {"0,0 A@9,0 A+12,0 B@20,0 B+25,0 B@30,0 60,0", "depart through A through B, arrive"},

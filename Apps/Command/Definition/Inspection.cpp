@@ -1,4 +1,4 @@
-#include "Apps/Command/Definition.hpp"
+#include "Apps/Command/Definition/Inspection.hpp"
 
 namespace orivanta::command {
 

@@ -1,0 +1,80 @@
+#include "Apps/Import/Model/Faces.hpp"
+
+#include <algorithm>
+#include <limits>
+
+#include "Apps/Import/Geometry/Shapes.hpp"
+
+namespace orivanta::importer {
+
+namespace {
+
+struct Box {
+  Point low{std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
+  Point high{std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()};
+};
+
+Box boxOf(const Outline& outline) {
+  Box box;
+  for (const Point point : outline) {
+    box.low = {std::min(box.low.x, point.x), std::min(box.low.y, point.y)};
+    box.high = {std::max(box.high.x, point.x), std::max(box.high.y, point.y)};
+  }
+  return box;
+}
+
+double medianOf(std::vector<double>& values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+// Two rectangles that cover a polygon and meet in the middle of one of its holes, across the
+// direction in which the holes spread.
+std::pair<Shape, Shape> halves(const Polygon& polygon) {
+  std::vector<double> x;
+  std::vector<double> y;
+  Outline middles;
+  for (const Outline& hole : polygon.holes) {
+    const Box box = boxOf(hole);
+    middles.push_back((box.low + box.high) * 0.5);
+    x.push_back(middles.back().x);
+    y.push_back(middles.back().y);
+  }
+  const Box spread = boxOf(middles);
+  const Box all = boxOf(polygon.outer);
+  const Point low = all.low - Point{1.0, 1.0};
+  const Point high = all.high + Point{1.0, 1.0};
+  if (spread.high.x - spread.low.x >= spread.high.y - spread.low.y) {
+    const double cut = medianOf(x);
+    return {{{package::rectangle(low.x, low.y, cut, high.y), {}}},
+            {{package::rectangle(cut, low.y, high.x, high.y), {}}}};
+  }
+  const double cut = medianOf(y);
+  return {{{package::rectangle(low.x, low.y, high.x, cut), {}}},
+          {{package::rectangle(low.x, cut, high.x, high.y), {}}}};
+}
+
+void addFaces(const Polygon& polygon, std::vector<Outline>& faces) {
+  if (polygon.holes.empty()) {
+    faces.push_back(polygon.outer);
+    return;
+  }
+  const auto [first, second] = halves(polygon);
+  for (const Shape* half : {&first, &second})
+    for (const Polygon& part : common({polygon}, *half)) {
+      // A part with as many holes was not cut: the operation failed.
+      const bool isCut = part.holes.size() < polygon.holes.size();
+      addFaces(isCut ? part : Polygon{part.outer, {}}, faces);
+    }
+}
+
+}  // namespace
+
+std::vector<Outline> facesOf(const Polygon& polygon) {
+  std::vector<Outline> faces;
+  addFaces(polygon, faces);
+  return faces;
+}
+
+}  // namespace orivanta::importer

@@ -1,0 +1,105 @@
+#include "Apps/Package/SvgPlan.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "Platform/Foundation/DisplayText.hpp"
+
+namespace orivanta::package {
+
+namespace {
+
+bool isFinite(Point point) { return std::isfinite(point.x) && std::isfinite(point.y); }
+
+// y points down in SVG.
+std::string position(Point point) { return fmt::format("{:.2f} {:.2f}", point.x, -point.y); }
+
+std::string path(const std::vector<Point>& points) {
+  std::string text;
+  for (const Point point : points)
+    if (isFinite(point)) text += (text.empty() ? 'M' : 'L') + position(point);
+  return text;
+}
+
+}  // namespace
+
+std::string hex(Color color) {
+  const auto byte = [](double share) { return static_cast<int>(std::lround(share * 255.0)); };
+  return fmt::format("#{:02X}{:02X}{:02X}", byte(color.red), byte(color.green), byte(color.blue));
+}
+
+std::string markup(std::string_view text) {
+  std::string result;
+  for (const char character : foundation::printable(text)) {
+    switch (character) {
+      case '&':
+        result += "&amp;";
+        break;
+      case '<':
+        result += "&lt;";
+        break;
+      case '>':
+        result += "&gt;";
+        break;
+      case '"':
+        result += "&quot;";
+        break;
+      default:
+        result += character;
+    }
+  }
+  return result;
+}
+
+void SvgPlan::reach(Point point) {
+  if (isFinite(point)) box_.add(point);
+}
+
+double SvgPlan::pixel(double margin) const {
+  return (std::max(box_.longestSide(), 1.0) + 2.0 * margin) / 1000.0;
+}
+
+void SvgPlan::shape(const std::vector<Outline>& rings, std::string_view attributes) {
+  elements_ += "<path d=\"";
+  for (const Outline& ring : rings) elements_ += path(ring) + 'Z';
+  elements_ += fmt::format("\" fill-rule=\"evenodd\" {}/>\n", attributes);
+}
+
+void SvgPlan::line(const std::vector<Point>& points, std::string_view attributes) {
+  elements_ += fmt::format("<path d=\"{}\" fill=\"none\" {}/>\n", path(points), attributes);
+}
+
+void SvgPlan::disc(Point middle, double radius, std::string_view attributes) {
+  if (!isFinite(middle)) return;
+  elements_ += fmt::format("<circle cx=\"{:.2f}\" cy=\"{:.2f}\" r=\"{:.3f}\" {}/>\n", middle.x,
+                           -middle.y, radius, attributes);
+}
+
+void SvgPlan::text(Point at, double size, std::string_view content, std::string_view attributes) {
+  elements_ += fmt::format("<text x=\"{:.2f}\" y=\"{:.2f}\" font-size=\"{:.3f}\" {}>{}</text>\n",
+                           at.x, -at.y, size, attributes, markup(content));
+}
+
+void SvgPlan::mark(std::size_t number, Point middle, std::string_view color, double pixel) {
+  if (!isFinite(middle)) return;
+  elements_ += fmt::format("<a href=\"#finding-{}\">", number);
+  disc(middle, 9.0 * pixel,
+       fmt::format("fill=\"{}\" stroke=\"#FFFFFF\" stroke-width=\"{:.3f}\"", color, 1.2 * pixel));
+  const double size = (number < 100 ? 10.0 : 7.5) * pixel;
+  text(middle - Point{0.0, size * 0.35}, size, std::to_string(number),
+       "fill=\"#FFFFFF\" text-anchor=\"middle\"");
+  elements_ += "</a>\n";
+}
+
+std::string SvgPlan::finish(double margin, double below, std::string_view attributes) const {
+  const Point size = box_.size();
+  return fmt::format(
+      "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"{:.2f} {:.2f} {:.2f} {:.2f}\" "
+      "font-family=\"sans-serif\" stroke-linejoin=\"round\" {}>\n{}</svg>\n",
+      least().x - margin, -most().y - margin, std::max(size.x, 1.0) + 2.0 * margin,
+      std::max(size.y, 1.0) + 2.0 * margin + below, attributes, elements_);
+}
+
+}  // namespace orivanta::package
