@@ -1,5 +1,8 @@
 #include "Source/UI/Style/IconPaths.hpp"
 
+#include <array>
+#include <cstddef>
+
 namespace orivanta {
 
 namespace {
@@ -135,88 +138,18 @@ constexpr IconPath other[] = {{"O0 0 4.2", filled}};
 constexpr IconPath here[] = {{"M0 -7.6 L5.6 6.4 L0 3.4 L-5.6 6.4 Z", 1},
                              {"M0 -7.6 L5.6 6.4 L0 3.4 L-5.6 6.4 Z", filled}};
 
+// In the order of `PlaceKind`.
+constexpr std::array<std::span<const IconPath>, placeKindCount> icons{
+    lift,     escalator, stairs,  ramp,     entrance, exitDoor,    gate,        ticket,
+    platform, metro,     bus,     taxi,     parking,  bicycle,     information, cash,
+    lockers,  phone,     waiting, smoking,  toilet,   toiletWomen, toiletMen,   toiletWheelchair,
+    nursing,  firstAid,  health,  security, food,     shop,        service,     culture,
+    library,  sport,     garden,  room,     office,   other};
+
 }  // namespace
 
 std::span<const IconPath> iconPathsOf(PlaceKind kind) {
-  switch (kind) {
-    case PlaceKind::lift:
-      return lift;
-    case PlaceKind::escalator:
-      return escalator;
-    case PlaceKind::stairs:
-      return stairs;
-    case PlaceKind::ramp:
-      return ramp;
-    case PlaceKind::entrance:
-      return entrance;
-    case PlaceKind::exit:
-      return exitDoor;
-    case PlaceKind::gate:
-      return gate;
-    case PlaceKind::ticket:
-      return ticket;
-    case PlaceKind::platform:
-      return platform;
-    case PlaceKind::metro:
-      return metro;
-    case PlaceKind::bus:
-      return bus;
-    case PlaceKind::taxi:
-      return taxi;
-    case PlaceKind::parking:
-      return parking;
-    case PlaceKind::bicycle:
-      return bicycle;
-    case PlaceKind::information:
-      return information;
-    case PlaceKind::cash:
-      return cash;
-    case PlaceKind::lockers:
-      return lockers;
-    case PlaceKind::phone:
-      return phone;
-    case PlaceKind::waiting:
-      return waiting;
-    case PlaceKind::smoking:
-      return smoking;
-    case PlaceKind::toilet:
-      return toilet;
-    case PlaceKind::toiletWomen:
-      return toiletWomen;
-    case PlaceKind::toiletMen:
-      return toiletMen;
-    case PlaceKind::toiletWheelchair:
-      return toiletWheelchair;
-    case PlaceKind::nursing:
-      return nursing;
-    case PlaceKind::firstAid:
-      return firstAid;
-    case PlaceKind::health:
-      return health;
-    case PlaceKind::security:
-      return security;
-    case PlaceKind::food:
-      return food;
-    case PlaceKind::shop:
-      return shop;
-    case PlaceKind::service:
-      return service;
-    case PlaceKind::culture:
-      return culture;
-    case PlaceKind::library:
-      return library;
-    case PlaceKind::sport:
-      return sport;
-    case PlaceKind::garden:
-      return garden;
-    case PlaceKind::room:
-      return room;
-    case PlaceKind::office:
-      return office;
-    case PlaceKind::other:
-      break;
-  }
-  return other;
+  return icons[static_cast<std::size_t>(kind)];
 }
 
 std::span<const IconPath> herePaths() { return here; }
