@@ -22,6 +22,19 @@ void loadOnMainThread(const std::vector<std::shared_ptr<Venue>>& venues) {
   //! [cancel loads]
 }
 
+void readTheme() {
+  //! [read a theme]
+  const auto file = readMapTheme("night.json");
+  if (!file) {
+    std::cerr << file.error().description << '\n';
+    return;
+  }
+  for (const std::string& member : file->unknownMembers)
+    std::cerr << "night.json: unknown member " << member << '\n';
+  const std::shared_ptr<const MapTheme> theme = file->theme;
+  //! [read a theme]
+}
+
 void drawToFile(const std::shared_ptr<graphics::Image>& image) {
   //! [check a result]
   const foundation::Result<void> written = graphics::writePng(*image, "map.png");

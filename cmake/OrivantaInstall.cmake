@@ -47,12 +47,13 @@ orivanta_shared_library(
   orivanta_view
   orivanta_render
   orivanta_render_offscreen
+  orivanta_style
   orivanta_ui)
 set_target_properties(orivanta-ui PROPERTIES EXPORT_NAME ui)
 target_link_libraries(
   orivanta-ui
   PUBLIC orivanta glm::glm
-  PRIVATE JPEG::JPEG PNG::PNG PkgConfig::epoxy PkgConfig::pangocairo fmt::fmt)
+  PRIVATE Boost::json JPEG::JPEG PNG::PNG PkgConfig::epoxy PkgConfig::pangocairo fmt::fmt)
 add_library(orivanta::ui ALIAS orivanta-ui)
 
 # Builds everything that is installed. Other folders add their targets with add_dependencies.

@@ -1,41 +1,34 @@
-// The colors of maps, by the kind of a place.
+// The colors of maps in packages: those of the built-in light theme.
 #pragma once
 
 #include "Apps/Package/Color.hpp"
+#include "Source/UI/Style/Palette.hpp"
 
 namespace orivanta::package {
 
 /// What a place is for, as far as its color tells.
-enum class PlaceKind {
-  shop,
-  food,
-  room,
-  office,
-  service,
-  information,  ///< also cash machines
-  toilet,
-  care,      ///< first aid, doctors, nursing
-  transit,   ///< platforms, gates, ticket offices, stops
-  vertical,  ///< elevators, stairs and the like
-  parking,
-  leisure,  ///< also culture
-  green,
-  other
-};
+using PlaceKind = FillKind;
 
-/// The color of a place's floor. Any two differ by a CIEDE2000 distance of at least 10, for
-/// deuteranopes and protanopes of at least 7. `other` is less distinct: it recedes.
+/// The color of a place's floor; see `MapPalette`.
 Color fillOf(PlaceKind kind);
 
+namespace detail {
+// Exact multiples of 1/255, which floats are not.
+constexpr Color exact(const graphics::Color& color) {
+  const auto component = [](float value) { return static_cast<int>(value * 255 + 0.5F) / 255.0; };
+  return {component(color.red), component(color.green), component(color.blue)};
+}
+}  // namespace detail
+
 namespace palette {
-inline constexpr Color walkable = color(0xFBFAF7);
-inline constexpr Color slab = color(0xF4F2EE);
-inline constexpr Color backdrop = color(0xE9EDF1);  ///< also what is open to the floor below
-inline constexpr Color text = color(0x1B2230);
+inline constexpr Color walkable = detail::exact(lightPalette.walkable);
+inline constexpr Color slab = detail::exact(lightPalette.slab);
+inline constexpr Color backdrop = detail::exact(lightPalette.backdrop);
+inline constexpr Color text = detail::exact(lightPalette.text);
 inline constexpr Color wall = color(0xB9BCC2);
-inline constexpr Color route = color(0x1546B8);
-inline constexpr Color pin = color(0xB3261E);
-inline constexpr Color casing = color(0xFFFFFF);
+inline constexpr Color route = detail::exact(lightPalette.route);
+inline constexpr Color pin = detail::exact(lightPalette.pin);
+inline constexpr Color casing = detail::exact(lightPalette.casing);
 }  // namespace palette
 
 }  // namespace orivanta::package

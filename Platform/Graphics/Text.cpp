@@ -5,10 +5,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <utility>
-#include <vector>
 
+#include "Platform/Graphics/CairoImage.hpp"
 #include "Platform/Graphics/TextLayout.hpp"
 
 namespace orivanta::graphics {
@@ -114,24 +113,6 @@ class TextDrawing {
   Owned<PangoLayout> layout_;
 };
 
-// Cairo's pixels: 32-bit integers with alpha in the highest byte and premultiplied colors.
-class CairoPixels {
- public:
-  explicit CairoPixels(cairo_surface_t* surface)
-      : data_(cairo_image_surface_get_data(surface)),
-        rowBytes_(cairo_image_surface_get_stride(surface)) {}
-
-  std::uint32_t at(int x, int y) const {
-    std::uint32_t value = 0;
-    std::memcpy(&value, data_ + std::ptrdiff_t{y} * rowBytes_ + std::ptrdiff_t{x} * 4, 4);
-    return value;
-  }
-
- private:
-  const unsigned char* data_;
-  int rowBytes_;
-};
-
 // Extends the frame to include the lines, which begin at 0.
 Frame withLines(const Frame& frame, int height) {
   const int top = std::min(frame.top, 0);
@@ -152,23 +133,6 @@ Frame inkOf(const CairoPixels& pixels, const Frame& frame) {
         bottom = y + 1;
       }
   return {left, top, right - left, bottom - top};
-}
-
-std::vector<std::uint8_t> straightRgba(const CairoPixels& pixels, const Frame& ink) {
-  std::vector<std::uint8_t> bytes;
-  bytes.reserve(static_cast<std::size_t>(ink.width) * static_cast<std::size_t>(ink.height) * 4);
-  for (int y = ink.top; y < ink.top + ink.height; ++y)
-    for (int x = ink.left; x < ink.left + ink.width; ++x) {
-      const std::uint32_t pixel = pixels.at(x, y);
-      const std::uint32_t alpha = pixel >> 24U;
-      for (const unsigned shift : {16U, 8U, 0U}) {
-        const std::uint32_t multiplied = pixel >> shift & 255U;
-        bytes.push_back(static_cast<std::uint8_t>(
-            alpha == 0 ? 0 : std::min(255U, (multiplied * 255U + alpha / 2) / alpha)));
-      }
-      bytes.push_back(static_cast<std::uint8_t>(alpha));
-    }
-  return bytes;
 }
 
 bool canBeDrawn(const TextStyle& style, double scale) {
@@ -200,7 +164,7 @@ std::shared_ptr<const Image> makeTextImage(std::string_view text, const TextStyl
     ink = {ink.left, top, ink.width, bottom - top};
   }
   return Image::make(static_cast<std::uint32_t>(ink.width), static_cast<std::uint32_t>(ink.height),
-                     straightRgba(pixels, ink), scale);
+                     pixels.straightRgba(ink.left, ink.top, ink.width, ink.height), scale);
 }
 
 }  // namespace orivanta::graphics

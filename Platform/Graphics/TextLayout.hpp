@@ -7,13 +7,13 @@
 #include <string>
 #include <string_view>
 
+#include "Platform/Graphics/CairoImage.hpp"
 #include "Platform/Graphics/Text.hpp"
 
 namespace orivanta::graphics {
 
-struct Release {
-  void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
-  void operator()(cairo_t* context) const { cairo_destroy(context); }
+struct Release : ReleaseCairo {
+  using ReleaseCairo::operator();
   void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
   void operator()(PangoLayout* layout) const { g_object_unref(layout); }
   void operator()(PangoFontDescription* font) const { pango_font_description_free(font); }

@@ -14,6 +14,7 @@ namespace orivanta::importer {
 namespace {
 
 namespace palette = package::palette;
+using package::fillOf;
 using package::Model;
 using package::PlaceKind;
 

@@ -58,7 +58,7 @@ void writeSigns(const boost::json::array& categories, const std::filesystem::pat
     for (const boost::json::value& record : categories) used = used || record.at("id") == id;
     if (!used || symbol.empty()) continue;
     std::filesystem::create_directories(folder);
-    package::makeSign(fillOf(category.kind), package::palette::text, symbol, width)
+    package::makeSign(package::fillOf(category.kind), package::palette::text, symbol, width)
         .write(folder / fileOf(category.id));
   }
 }

@@ -5,6 +5,8 @@
 #include <set>
 #include <string_view>
 
+#include "Source/UI/Style/KindWords.hpp"
+
 namespace orivanta::importer {
 
 TEST(Categories, KnowTheValuesOfAllSources) {
@@ -49,6 +51,17 @@ TEST(Categories, HaveParentsAndNamesInAllLanguages) {
     EXPECT_EQ(category.name("de-AT"), category.names[1]);
     EXPECT_EQ(category.name("nl"), category.names[0]);
   }
+}
+
+// Otherwise a floor would change its colors when a host switches the style on.
+TEST(Categories, HaveTheFillsOfTheStyle) {
+  const std::set<std::string_view> withOtherFills{"seating", "hotels", "baggage"};
+  const KindWords words;
+  for (const Category& category : allCategories())
+    for (const std::string_view name : category.names)
+      EXPECT_TRUE(fillKindOf(words.kindOf(name)) == category.kind ||
+                  withOtherFills.contains(category.id))
+          << category.id << ": " << name;
 }
 
 }  // namespace orivanta::importer

@@ -1,0 +1,30 @@
+// The icons of styled maps.
+#pragma once
+
+#include <memory>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Image.hpp"
+#include "Source/UI/Style/MapTheme.hpp"
+#include "Source/UI/Style/PlaceKind.hpp"
+
+namespace orivanta {
+
+/// Whether the place that an icon shows can be used.
+enum class IconState {
+  normal,     ///< usable
+  outOfOrder  ///< closed or broken: the disc is gray, and a bar crosses the symbol
+};
+
+/// Draws the icon of a kind: a symbol on a disc with a ring. The image is a square with sides of
+/// `points` points and `scale` pixels per point. Returns null if it would exceed the limits of
+/// `graphics::Image`. Any thread.
+ORIVANTA_API std::shared_ptr<const graphics::Image> makeIconImage(
+    PlaceKind kind, const MapTheme& theme, double points, double scale,
+    IconState state = IconState::normal);
+
+/// As above, for a visitor's own position. The arrow points up.
+ORIVANTA_API std::shared_ptr<const graphics::Image> makeHereIconImage(const MapTheme& theme,
+                                                                      double points, double scale);
+
+}  // namespace orivanta

@@ -1,0 +1,85 @@
+#include "Source/UI/Style/MapTheme.hpp"
+
+#include <algorithm>
+
+#include "Source/UI/Style/ColorMeasures.hpp"
+
+namespace orivanta {
+
+using graphics::Color;
+
+namespace {
+
+constexpr double smallNamesBelow = 40.0;  // importance
+
+std::shared_ptr<const MapTheme> builtIn(bool dark) {
+  auto theme = std::make_shared<MapTheme>();
+  theme->name = dark ? "Dark" : "Light";
+  theme->isDark = dark;
+  theme->colors = dark ? darkPalette : lightPalette;
+  theme->zoom = {{85, 0.5, 1.0}, {60, 1.2, 2.2}, {40, 2.2, 3.0}, {0, 3.2, 4.5}};
+  return theme;
+}
+
+}  // namespace
+
+std::shared_ptr<const MapTheme> MapTheme::light() {
+  static const auto theme = builtIn(false);
+  return theme;
+}
+
+std::shared_ptr<const MapTheme> MapTheme::dark() {
+  static const auto theme = builtIn(true);
+  return theme;
+}
+
+Color MapTheme::outline(const Color& fill) const {
+  return mixedToContrast(fill, colors.outline, outlineContrast);
+}
+
+Color MapTheme::outlineBetween(const Color& first, const Color& second) const {
+  const bool inkIsDark = luminanceOf(colors.outline) < luminanceOf(first);
+  const bool firstIsDarker = luminanceOf(first) < luminanceOf(second);
+  return outline(firstIsDarker == inkIsDark ? first : second);
+}
+
+Color MapTheme::walkableOutline() const {
+  return mixedToContrast(colors.walkable, colors.outline, walkableOutlineContrast);
+}
+
+Color MapTheme::disc(PlaceKind kind) const {
+  switch (kind) {
+    case PlaceKind::lift:
+    case PlaceKind::escalator:
+    case PlaceKind::stairs:
+    case PlaceKind::ramp:
+      return colors.iconLift;
+    case PlaceKind::entrance:
+    case PlaceKind::exit:
+      return colors.iconWay;
+    case PlaceKind::gate:
+    case PlaceKind::ticket:
+      return colors.iconGate;
+    case PlaceKind::firstAid:
+    case PlaceKind::health:
+      return colors.iconCare;
+    case PlaceKind::information:
+      return colors.iconInfo;
+    default:
+      return colors.iconOther;
+  }
+}
+
+ZoomStep MapTheme::zoomStep(double importance) const {
+  if (zoom.empty()) return {};
+  const auto found = std::find_if(zoom.begin(), zoom.end(), [&](const ZoomStep& step) {
+    return importance >= step.importance;
+  });
+  return found == zoom.end() ? zoom.back() : *found;
+}
+
+double MapTheme::nameSize(double importance) const {
+  return importance < smallNamesBelow ? sizes.smallName : sizes.name;
+}
+
+}  // namespace orivanta

@@ -1,0 +1,82 @@
+// The look of styled maps: colors, sizes, fonts, and what is shown from which zoom on.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Color.hpp"
+#include "Source/UI/Style/KindWords.hpp"
+#include "Source/UI/Style/Palette.hpp"
+#include "Source/UI/Style/PlaceKind.hpp"
+
+namespace orivanta {
+
+/// From which zoom on places of some importance are shown.
+struct ZoomStep {
+  double importance = 0.0;  ///< the least importance to which the step applies; see `importanceOf`
+  double iconFrom = 0.0;    ///< least points per meter at which icons are shown
+  double nameFrom = 0.0;    ///< least points per meter at which names are shown
+
+  friend bool operator==(const ZoomStep&, const ZoomStep&) = default;
+};
+
+/// The lengths of a theme in points.
+struct MapSizes {
+  double name = 12.0;             ///< font size of names
+  double smallName = 11.0;        ///< font size of names of places with an importance below 40
+  double halo = 3.0;              ///< width of the halo around names
+  double outline = 1.25;          ///< width of outlines
+  double walkableOutline = 0.75;  ///< width of outlines of walkable areas
+  double icon = 16.0;             ///< diameter of icons
+  double selectedIcon = 24.0;     ///< diameter of icons that are selected or on the route
+  double route = 6.0;             ///< width of the route
+  double casing = 1.5;            ///< width of the casing on each side of the route
+
+  friend bool operator==(const MapSizes&, const MapSizes&) = default;
+};
+
+/// The look of a map. A value: copy it and change its fields. Many views can share one theme, which
+/// is constant then: `std::shared_ptr<const MapTheme>`.
+struct ORIVANTA_API MapTheme {
+  std::string name;                       ///< for users
+  bool isDark = false;                    ///< whether it derives from the dark theme
+  MapPalette colors = lightPalette;       ///< all colors
+  double outlineContrast = 1.9;           ///< of outlines with their fills
+  double walkableOutlineContrast = 1.25;  ///< of outlines of walkable areas with their fills
+  std::string fontFamily = "Sans";        ///< a family or an alias of Fontconfig
+  MapSizes sizes;                         ///< all lengths
+  std::vector<ZoomStep> zoom;  ///< by descending importance; the last one is for the rest
+  KindWords words;             ///< determine the kinds of places
+
+  /// Returns the built-in light theme. The same object each time; thread-safe.
+  static std::shared_ptr<const MapTheme> light();
+
+  /// Returns the built-in dark theme. The same object each time; thread-safe.
+  static std::shared_ptr<const MapTheme> dark();
+
+  /// Returns the color of the floors of places.
+  graphics::Color fill(FillKind kind) const { return fillOf(colors, kind); }
+
+  /// Returns the color of the outline of an area with a fill.
+  graphics::Color outline(const graphics::Color& fill) const;
+
+  /// Returns the color of an edge that two areas share: the outline of the darker fill, in dark
+  /// themes of the lighter one. It has at least the contrast of an outline with both fills.
+  graphics::Color outlineBetween(const graphics::Color& first, const graphics::Color& second) const;
+
+  /// Returns the color of the outline of a walkable area.
+  graphics::Color walkableOutline() const;
+
+  /// Returns the color of the disc of an icon.
+  graphics::Color disc(PlaceKind kind) const;
+
+  /// Returns the step for an importance. If `zoom` is empty, everything is always shown.
+  ZoomStep zoomStep(double importance) const;
+
+  /// Returns the font size of the name of a place with an importance.
+  double nameSize(double importance) const;
+};
+
+}  // namespace orivanta
