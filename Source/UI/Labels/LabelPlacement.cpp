@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 #include "Source/UI/Labels/LabelPass.hpp"
 #include "Source/UI/Labels/LabelRank.hpp"
@@ -15,6 +16,7 @@ constexpr double fadeTime = 0.2;        // seconds
 constexpr double longestStep = 0.05;    // of a fade, seconds
 constexpr double longestMotion = 0.25;  // between frames; beyond it, the velocity is unknown
 constexpr double bonusOfShown = 14;
+constexpr double keepFactor = 0.9;  // of scales, for shown labels
 
 bool isUsable(const ProjectedPlace& place, graphics::Size view) {
   return place.pointsPerUnit > 0 && std::isfinite(place.pointsPerUnit) &&
@@ -54,7 +56,7 @@ bool LabelPlacement::canPlace(const LabelFrame& frame) const {
 void LabelPlacement::update(const LabelFrame& frame) {
   if (!canPlace(frame)) return;
   const double elapsed = hasTime_ ? std::max(0.0, frame.time - time_) : 0.0;
-  const bool isMoving = follow(frame, elapsed);
+  const MapMotion motion = follow(frame, elapsed);
   // Frame times are sums of fractions, so a tenth of a second may be slightly less.
   const bool isDue =
       !hasTime_ || frame.time < passTime_ || frame.time - passTime_ >= passInterval - 1e-6;
@@ -62,21 +64,22 @@ void LabelPlacement::update(const LabelFrame& frame) {
     sort(frame);
     passTime_ = frame.time;
   }
-  pass_->run(labels_, states_, order_, frame, isDue ? LabelPassKind::all : LabelPassKind::shown);
+  pass_->run(labels_, states_, order_, frame, motion,
+             isDue ? LabelPassKind::all : LabelPassKind::shown);
   time_ = frame.time;
   hasTime_ = true;
   const bool isFading = fade(std::min(elapsed, longestStep));
   pass_->removeCovered(labels_, states_, frame);
   list();
-  isChanging_ = isFading || isMoving || !isDue;
+  isChanging_ = isFading || isMoving_ || !isDue;
 }
 
 void LabelPlacement::placeAtOnce(const LabelFrame& frame) {
   if (!canPlace(frame)) return;
   states_.assign(labels_.size(), {});
-  follow(frame, 0);
+  const MapMotion still = follow(frame, 0);
   sort(frame);
-  pass_->run(labels_, states_, order_, frame, LabelPassKind::atOnce);
+  pass_->run(labels_, states_, order_, frame, still, LabelPassKind::atOnce);
   fade(fadeTime);
   list();
   time_ = frame.time;
@@ -85,41 +88,50 @@ void LabelPlacement::placeAtOnce(const LabelFrame& frame) {
   isChanging_ = false;
 }
 
-// Sets the positions and velocities. Returns whether a label moves.
-bool LabelPlacement::follow(const LabelFrame& frame, double elapsed) {
-  bool isMoving = false;
+// Sets the positions and scales of the labels, and returns how the map moves.
+MapMotion LabelPlacement::follow(const LabelFrame& frame, double elapsed) {
+  MapMotion motion;
+  isMoving_ = false;
   const bool isKnown = elapsed > 0 && elapsed <= longestMotion;
   for (std::size_t i = 0; i < states_.size(); ++i) {
+    const auto& [point, scale] = frame.places[i];
     LabelState& state = states_[i];
-    const graphics::Point point = frame.places[i].point;
-    state.velocity = {};
-    if (!(frame.places[i].pointsPerUnit > 0)) continue;
-    if (isKnown)
-      state.velocity = {(point.x - state.point.x) / elapsed, (point.y - state.point.y) / elapsed};
-    isMoving = isMoving || !(point == state.point);
+    state.growth = 0;
+    const bool isSeen = isUsable(frame.places[i], frame.view);
+    if (isSeen) isMoving_ = isMoving_ || !(point == state.point) || scale != state.pointsPerUnit;
+    if (isSeen && isKnown && state.pointsPerUnit > 0) {
+      state.growth = (scale / state.pointsPerUnit - 1) / elapsed;
+      motion.add(point, {(point.x - state.point.x) / elapsed, (point.y - state.point.y) / elapsed});
+    }
     state.point = point;
+    state.pointsPerUnit = isSeen ? scale : 0;
   }
-  return isMoving;
+  motion.solve();
+  return motion;
 }
 
-// Lists the labels that may be shown by importance, and hides the others.
+// Lists the parts that may be shown by importance, and hides the others. A shown part has priority
+// over slightly more important ones; a new name of a shown symbol has not.
 void LabelPlacement::sort(const LabelFrame& frame) {
-  scores_.clear();
+  order_.clear();
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     LabelState& state = states_[i];
     const LabelScales scales = labelScales(labels_[i].rank);
-    const double least = std::min(scales.symbol, scales.name) * (state.isShown() ? 0.9 : 1.0);
+    const double least = std::min(scales.symbol, scales.name) * (state.isShown() ? keepFactor : 1);
     if (isUsable(frame.places[i], frame.view) &&
         frame.places[i].pointsPerUnit * frame.unitsPerMeter >= least) {
-      scores_.emplace_back(-labels_[i].rank - (state.isShown() ? bonusOfShown : 0.0), i);
+      const auto bonus = [](bool isShown) { return isShown ? bonusOfShown : 0.0; };
+      order_.push_back({-labels_[i].rank - bonus(state.isShown()), i, false});
+      order_.push_back({-labels_[i].rank - bonus(state.name.isShown), i, true});
     } else {
       LabelPass::hide(state.symbol, frame.time);
       LabelPass::hide(state.name, frame.time);
     }
   }
-  std::sort(scores_.begin(), scores_.end());
-  order_.clear();
-  for (const auto& [score, index] : scores_) order_.push_back(index);
+  std::sort(order_.begin(), order_.end(), [](const LabelOrder& left, const LabelOrder& right) {
+    return std::tie(left.score, left.index, left.isName) <
+           std::tie(right.score, right.index, right.isName);
+  });
 }
 
 bool LabelPlacement::fade(double elapsed) {
@@ -134,9 +146,9 @@ bool LabelPlacement::fade(double elapsed) {
 void LabelPlacement::list() {
   shown_.clear();
   std::vector<bool> isListed(labels_.size());
-  for (const std::size_t index : order_) {
-    add(index);
-    isListed[index] = true;
+  for (const LabelOrder& next : order_) {
+    if (!isListed[next.index]) add(next.index);
+    isListed[next.index] = true;
   }
   for (std::size_t i = 0; i < labels_.size(); ++i)
     if (!isListed[i]) add(i);

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <utility>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
@@ -12,6 +11,8 @@
 namespace orivanta {
 
 class LabelPass;
+struct LabelOrder;
+class MapMotion;
 struct LabelState;
 
 /// Places labels by rank, so that no name or symbol lies over another one, over a panel or a mark,
@@ -55,7 +56,7 @@ class ORIVANTA_API LabelPlacement {
 
  private:
   bool canPlace(const LabelFrame& frame) const;
-  bool follow(const LabelFrame& frame, double elapsed);
+  MapMotion follow(const LabelFrame& frame, double elapsed);
   void sort(const LabelFrame& frame);
   bool fade(double elapsed);
   void list();
@@ -63,13 +64,13 @@ class ORIVANTA_API LabelPlacement {
 
   std::vector<PlaceLabel> labels_;
   std::vector<LabelState> states_;
-  std::vector<std::size_t> order_;                      // of the last consideration
-  std::vector<std::pair<double, std::size_t>> scores_;  // for sorting
+  std::vector<LabelOrder> order_;  // of the last consideration
   std::unique_ptr<LabelPass> pass_;
   std::vector<ShownLabel> shown_;
   double time_ = 0;
   double passTime_ = 0;
   bool hasTime_ = false;
+  bool isMoving_ = false;
   bool isChanging_ = false;
 };
 

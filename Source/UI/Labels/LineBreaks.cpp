@@ -164,7 +164,9 @@ class Breaking {
     const double widest = std::max(before.widest, line);
     const double penalty = pieces_[end - 1].isInWord ? wordPenalty * starts_.back() : 0.0;
     const double penalties = before.penalties + penalty;
-    if (before.cost < std::numeric_limits<double>::infinity() && widest + penalties < best.cost)
+    // Of equal ways, the one with longer first lines is taken.
+    if (before.cost < std::numeric_limits<double>::infinity() &&
+        widest + penalties <= best.cost + 1e-9)
       best = {widest + penalties, widest, penalties, start};
   }
 

@@ -25,7 +25,7 @@ enum class FirstViewRole {
 using RoleOfPlace = std::function<FirstViewRole(const Location&)>;
 
 /// The contents of a venue, as the functions of `FirstView` expect them.
-struct VenueContents {
+struct FirstViewInput {
   std::vector<FirstViewFloor> floors;   ///< in the order of the venue's maps
   std::vector<FirstViewPlace> places;   ///< one for each floor of each location
   std::optional<double> unitsPerMeter;  ///< nothing if the venue does not state its scale
@@ -37,6 +37,6 @@ ORIVANTA_API LabelArea topOf(const scene::Geometry& geometry);
 /// Returns the contents of a loaded venue. Places of floors whose model is loaded have areas, and
 /// are at the middle of their largest area; the others are at the middle of their nodes. If
 /// `roleOf` is empty, all places count fully. Main thread.
-ORIVANTA_API VenueContents contentsOf(const Venue& venue, const RoleOfPlace& roleOf = {});
+ORIVANTA_API FirstViewInput firstViewInput(const Venue& venue, const RoleOfPlace& roleOf = {});
 
 }  // namespace orivanta

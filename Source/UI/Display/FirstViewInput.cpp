@@ -1,4 +1,4 @@
-#include "Source/UI/Display/VenueContents.hpp"
+#include "Source/UI/Display/FirstViewInput.hpp"
 
 #include <algorithm>
 #include <string>
@@ -52,24 +52,24 @@ class Reading {
  public:
   Reading(const Venue& venue, const RoleOfPlace& roleOf) : venue_(venue), roleOf_(roleOf) {}
 
-  VenueContents contents() {
+  FirstViewInput run() {
     const double scale = venue_._data["unitsPerMetre"].doubleValue();
-    if (scale >= 1e-6 && scale <= 1e9) contents_.unitsPerMeter = scale;
-    if (!venue_.maps) return contents_;
+    if (scale >= 1e-6 && scale <= 1e9) input_.unitsPerMeter = scale;
+    if (!venue_.maps) return input_;
     for (const auto& map : *venue_.maps) addFloor(*map);
     if (venue_.locations)
       for (const auto& location : *venue_.locations) addLocation(*location);
     if (venue_.vortices)
       for (const auto& vortex : *venue_.vortices)
         for (const auto& map : vortex->maps)
-          if (const auto floor = indexOf(*map)) ++contents_.floors[*floor].connectors;
-    return contents_;
+          if (const auto floor = indexOf(*map)) ++input_.floors[*floor].connectors;
+    return input_;
   }
 
  private:
   void addFloor(const Map& map) {
-    indices_[&map] = contents_.floors.size();
-    contents_.floors.push_back({map.elevation, 0, 0, {}});
+    indices_[&map] = input_.floors.size();
+    input_.floors.push_back({map.elevation, 0, 0, {}});
     shapes_.push_back(shapesOf(map));
     hasExtent_.push_back(false);
   }
@@ -79,7 +79,7 @@ class Reading {
     for (const auto& map : floorsOf(location)) {
       const auto floor = indexOf(*map);
       if (!floor) continue;
-      if (role == FirstViewRole::entrance) ++contents_.floors[*floor].entrances;
+      if (role == FirstViewRole::entrance) ++input_.floors[*floor].entrances;
       addPlace(location, *map, *floor, role);
     }
   }
@@ -106,7 +106,7 @@ class Reading {
     addExtent(floor, {place.position, {0, 0}});
     const bool isGenerated = location._data["nameGenerated"].bool_().value_or(false);
     place.weight = firstViewWeight(isGenerated, role == FirstViewRole::background, hasArea);
-    contents_.places.push_back(place);
+    input_.places.push_back(place);
   }
 
   static bool placeAtNodes(const Location& location, const Map& map, graphics::Point& position) {
@@ -122,7 +122,7 @@ class Reading {
   }
 
   void addExtent(std::size_t floor, const graphics::Rect& rect) {
-    extend(contents_.floors[floor].areas, rect, !hasExtent_[floor]);
+    extend(input_.floors[floor].areas, rect, !hasExtent_[floor]);
     hasExtent_[floor] = true;
   }
 
@@ -134,7 +134,7 @@ class Reading {
 
   const Venue& venue_;
   const RoleOfPlace& roleOf_;
-  VenueContents contents_;
+  FirstViewInput input_;
   std::unordered_map<const Map*, std::size_t> indices_;
   std::vector<Shapes> shapes_;  // of each floor
   std::vector<bool> hasExtent_;
@@ -153,8 +153,8 @@ LabelArea topOf(const scene::Geometry& geometry) {
   return levelTop(triangles);
 }
 
-VenueContents contentsOf(const Venue& venue, const RoleOfPlace& roleOf) {
-  return Reading(venue, roleOf).contents();
+FirstViewInput firstViewInput(const Venue& venue, const RoleOfPlace& roleOf) {
+  return Reading(venue, roleOf).run();
 }
 
 }  // namespace orivanta
