@@ -53,7 +53,7 @@ set_target_properties(orivanta-ui PROPERTIES EXPORT_NAME ui)
 target_link_libraries(
   orivanta-ui
   PUBLIC orivanta glm::glm
-  PRIVATE Boost::json JPEG::JPEG PNG::PNG PkgConfig::epoxy PkgConfig::pangocairo fmt::fmt)
+  PRIVATE Boost::json JPEG::JPEG PNG::PNG PkgConfig::epoxy PkgConfig::pangocairo PkgConfig::utf8proc fmt::fmt)
 add_library(orivanta::ui ALIAS orivanta-ui)
 
 # Builds everything that is installed. Other folders add their targets with add_dependencies.
