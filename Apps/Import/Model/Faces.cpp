@@ -35,6 +35,9 @@ std::pair<Shape, Shape> halves(const Polygon& polygon) {
   std::vector<double> x;
   std::vector<double> y;
   Outline middles;
+  x.reserve(polygon.holes.size());
+  y.reserve(polygon.holes.size());
+  middles.reserve(polygon.holes.size());
   for (const Outline& hole : polygon.holes) {
     const Box box = boxOf(hole);
     middles.push_back((box.low + box.high) * 0.5);

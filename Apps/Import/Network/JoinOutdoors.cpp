@@ -41,6 +41,7 @@ class OutdoorJoiner {
     using Candidate = std::tuple<double, std::size_t, std::size_t>;
     std::vector<Candidate> candidates;
     std::vector<Segment> points;
+    points.reserve(exits_.size());
     for (const Exit& exit : exits_) points.push_back({exit.position, exit.position});
     const SegmentGrid grid(points, 0.0);
     for (std::size_t i = 0; i < exits_.size(); ++i) {
@@ -124,7 +125,10 @@ class OutdoorJoiner {
     std::set<std::size_t> withExits;
     for (std::size_t i = 0; i < exits_.size(); ++i) withExits.insert(partOf(i));
     std::vector<int> lines(nodes.size());
-    for (const Edge& edge : building_.network.edges) ++lines[edge.from], ++lines[edge.to];
+    for (const Edge& edge : building_.network.edges) {
+      ++lines[edge.from];
+      ++lines[edge.to];
+    }
     std::set<std::size_t> withEnds;                       // parts
     std::map<std::size_t, std::pair<double, Exit>> best;  // by part, where no way ends
     for (const Storey& storey : building_.storeys) {
