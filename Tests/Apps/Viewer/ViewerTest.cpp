@@ -30,6 +30,15 @@ graphics::Point on(VenueView& view, const Location& place) {
   return view.mapView().findPositionCameraViewport(view.mapView().findPosition3D(place));
 }
 
+// Returns the scale of the image of the marker at a position, or 0 if there is none.
+double markScale(VenueView& view, graphics::Vector3 position) {
+  for (const auto& marker : view.mapView().markers())
+    if (const auto* mark = dynamic_cast<const MapViewMarker2D*>(marker.get());
+        mark != nullptr && mark->position() == position)
+      return mark->node->texture()->scale();
+  return 0;
+}
+
 }  // namespace
 
 TEST_F(ViewerTest, TapsSelectPlacesAndClearTheSelection) {
@@ -267,6 +276,10 @@ TEST_F(ViewerTest, WalksAlongTheRoute) {
     stage.viewer.advance(stage.time += seconds);
     EXPECT_EQ(view.walker()->position().x, before);
     if (seconds < 1) stage.type("w");
+  }
+  for (const double scale : {1.0, 2.0}) {
+    stage.viewer.resize(stage.size, scale);
+    EXPECT_EQ(markScale(view, view.walker()->scenePosition()), scale);
   }
   std::vector<std::string> floors;
   std::vector<std::size_t> steps;
