@@ -39,6 +39,7 @@ class Shapes {
   std::vector<OsmThing> run() {
     for (const OsmWay& way : data_.ways())
       if (lineKind(way.tags)) ofLines_.insert(way.nodes.begin(), way.nodes.end());
+    things_.reserve(data_.ways().size() + data_.relations().size());
     for (const OsmNode& node : data_.nodes()) addNode(node);
     for (const OsmRelation& relation : data_.relations())
       if (isMultipolygon(relation) && !hasOwnTags(relation)) takeHoles(relation);

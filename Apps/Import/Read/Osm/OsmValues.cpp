@@ -63,7 +63,9 @@ Names namesOf(const OsmTags& tags) {
   return names;
 }
 
-bool isNamed(const OsmTags& tags) { return !translations(tags, "name").empty(); }
+bool isNamed(const OsmTags& tags) {
+  return tags.has("name") || !translations(tags, "name").empty();
+}
 
 Access accessOf(const OsmTags& tags) {
   const std::string value = firstOf(tags, {"foot", "access"});

@@ -33,6 +33,9 @@ class AreaReader {
       : layers_(layers), options_(options), building_(building), findings_(findings) {}
 
   void read() {
+    const std::size_t drawn = countOf(layers_, LayerKind::space);
+    building_.areas.reserve(drawn + countOf(layers_, LayerKind::fixture));
+    building_.places.reserve(drawn + countOf(layers_, LayerKind::facility));
     forLayers(LayerKind::floor, &AreaReader::addFloor);
     setElevations();
     forLayers(LayerKind::space, &AreaReader::addSpace);

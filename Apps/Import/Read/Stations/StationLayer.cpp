@@ -184,6 +184,13 @@ void requireMemory(const TextPool& texts, const Limits& limits, const std::strin
         file, limits.bytes >> 22U));
 }
 
+std::size_t countOf(const std::vector<StationLayer>& layers, LayerKind kind) {
+  std::size_t count = 0;
+  for (const StationLayer& layer : layers)
+    if (layer.kind == kind) count += layer.features.size();
+  return count;
+}
+
 std::vector<StationLayer> readStationLayers(std::vector<SourceFile>& files, const Limits& limits,
                                             TextPool& texts, Findings& findings) {
   LayerReader reader(limits, texts, findings);

@@ -1,6 +1,7 @@
 // The layers of a station network: what a GeoJSON file and a Shapefile have in common.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -67,6 +68,9 @@ struct StationLayer {
   CoordinateUnit unit = CoordinateUnit::unknown;
   std::vector<StationFeature> features;
 };
+
+/// How many features the layers of a kind have.
+std::size_t countOf(const std::vector<StationLayer>& layers, LayerKind kind);
 
 /// Reads all GeoJSON files and Shapefiles, and releases the contents of the files. Layers that the
 /// importer does not use are left out. The values of the features are kept in `texts`. Throws

@@ -20,6 +20,8 @@ class NetworkReader {
       : building_(building), findings_(findings) {}
 
   void read(std::vector<StationLayer>& layers) {
+    building_.sourceNodes.reserve(countOf(layers, LayerKind::node));
+    building_.sourceLinks.reserve(countOf(layers, LayerKind::link));
     forLayers(layers, LayerKind::node, &NetworkReader::addNode);
     forLayers(layers, LayerKind::link, &NetworkReader::addLink);
     shareElevatorClasses();
