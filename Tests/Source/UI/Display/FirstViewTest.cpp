@@ -84,7 +84,7 @@ TEST(FirstView, RegionIsTheCore) {
             halfMeter - 1,
             halfMeter + 1,
             {40, 50}},
-           {"nearly all areas: all", {{900, 0}, {300, 100}}, core, 1, true, 300, 300, {1000, 50}},
+           {"nearly all areas: all", {{990, 0}, {220, 100}}, core, 1, true, 220, 220, {1000, 50}},
            {"no places: all", wide, {}, 1, true, 2000, 2000, {1, 1}},
            {"hostile values", wide, hostile, 1, false, 150, 427, {1094, 50}},
            {"without extent", {{1000, 50}, {0, 0}}, {{0, {1000, 50}, 1, 0}}, 1, true, 0, 0, {}}}) {
