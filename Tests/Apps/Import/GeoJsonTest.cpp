@@ -2,6 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
+#include "Apps/Import/Read/Countries.hpp"
 #include "Apps/Import/Read/GeoJson.hpp"
 #include "Apps/Import/SourceError.hpp"
 
@@ -129,6 +132,16 @@ TEST(GeoJson, TellsWhetherCoordinatesAreDegrees) {
     EXPECT_THAT(result, *each.result == '\0' ? HasSubstr("") : HasSubstr(each.result));
     EXPECT_EQ(result.empty(), *each.result == '\0') << result;
     EXPECT_NEAR(x, each.x, 0.01);
+  }
+}
+
+TEST(GeoJson, CountriesTellWhetherCoordinatesAreSwapped) {
+  const std::tuple<double, double, const char*, std::size_t> cases[] = {
+      {52.0, 13.0, "DE", 0}, {13.0, 52.0, "DE", 1}, {13.0, 52.0, "XX", 0}, {0.0, 0.0, "DE", 0}};
+  for (const auto& [latitude, longitude, country, expected] : cases) {
+    Findings findings;
+    reportIfSwapped({latitude, longitude}, country, "x.geojson", findings);
+    EXPECT_EQ(findings.countOf("coordinates-swapped"), expected) << latitude << country;
   }
 }
 

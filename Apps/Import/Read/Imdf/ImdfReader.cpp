@@ -6,6 +6,7 @@
 
 #include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Projection.hpp"
+#include "Apps/Import/Read/Countries.hpp"
 #include "Apps/Import/Read/GeoJsonGeometry.hpp"
 #include "Apps/Import/Read/Imdf/ImdfImport.hpp"
 #include "Apps/Import/Read/Imdf/ImdfRules.hpp"
@@ -188,6 +189,8 @@ Building readImdf(std::vector<SourceFile> files, const Options& options, Finding
   readImdfPlaces(import);
   readImdfConnectors(import);
   reportUnused(archive, findings);
+  if (const auto addresses = archive.ofType("address"); !addresses.empty())
+    reportIfSwapped(archive.origin, addresses.front()->text("country"), archive.file, findings);
   return building;
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Apps/Import/MakeFinding.hpp"
+#include "Apps/Import/Read/Countries.hpp"
 #include "Apps/Import/Read/Osm/OsmConversion.hpp"
 #include "Apps/Import/Read/Osm/OsmLanguage.hpp"
 #include "Apps/Import/Read/Osm/OsmLevels.hpp"
@@ -196,6 +197,11 @@ Building buildingFromOsm(const OsmData& data, const Options& options, Findings& 
   addSpots(conversion);
   addSourceNetwork(conversion);
   reportUnusedTags(conversion);
+  for (const OsmThing& thing : things)
+    if (thing.tags->has("addr:country")) {
+      reportIfSwapped(origin, (*thing.tags)["addr:country"], data.file(), findings);
+      break;
+    }
   return std::move(conversion.building);
 }
 
