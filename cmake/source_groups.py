@@ -26,6 +26,8 @@ def local_names(file):
              if name not in NO_NAMES}
     names.update({(around, name): value
                   for name, value in re.findall(r"^(?:using|namespace) (\w+) = (.*);$", text, re.MULTILINE)})
+    if re.search(r"^using enum ", text, re.MULTILINE):
+        names[around, "using enum"] = file
     return names
 
 
