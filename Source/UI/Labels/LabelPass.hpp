@@ -91,6 +91,7 @@ class LabelPass {
   const std::vector<PlaceLabel>* labels_ = nullptr;  // during a run
   std::vector<LabelState>* states_ = nullptr;        // during a run
   const LabelFrame* frame_ = nullptr;                // during a run
+  TextPlane plane_;
   MapMotion motion_;
   LabelPassKind kind_ = LabelPassKind::all;
   LabelGrid taken_;    // panels, marks, and parts that are shown or waiting
