@@ -25,6 +25,7 @@ constexpr double mostShareOfNew = 0.3;    // of a name, on other areas
 constexpr double mostShareOfShown = 0.45;
 constexpr double mostOverlap = 3;  // of parts that fade out with shown ones, points
 
+constexpr std::array<double, 4> edgeShares{0.25, 0.5, 0.75, 1};  // of `lookAheadToEdge`
 constexpr std::array<LabelSide, 4> sides{LabelSide::right, LabelSide::left, LabelSide::below,
                                          LabelSide::above};
 
@@ -54,7 +55,10 @@ void LabelPass::run(const std::vector<PlaceLabel>& labels, std::vector<LabelStat
   states_ = &states;
   frame_ = &frame;
   plane_ = textPlane(frame);
-  motion_ = motion;
+  shownWay_ = motion.in(lookAheadOfShown);
+  soonWay_ = motion.in(lookAheadOfNew);
+  for (std::size_t i = 0; i < edgeWays_.size(); ++i)
+    edgeWays_[i] = motion.in(lookAheadToEdge * edgeShares[i]);
   kind_ = kind;
   reset(labels, states);
   for (const LabelOrder& next : order) {
@@ -97,7 +101,7 @@ void LabelPass::reset(const std::vector<PlaceLabel>& labels,
   for (const graphics::Rect& mark : frame_->marks) taken_.add(mark, LabelGrid::nobody);
   if (kind_ == LabelPassKind::shown) return;
   for (const graphics::Rect& mark : frame_->marks)
-    soon_.add(motion_.after(mark, {mark.midX(), mark.midY()}, lookAheadOfNew), LabelGrid::nobody);
+    soon_.add(soonWay_.after(mark, {mark.midX(), mark.midY()}), LabelGrid::nobody);
   for (std::size_t i = 0; i < states.size(); ++i) {
     const LabelState& state = states[i];
     if (!state.symbol.isShown && state.symbol.opacity > 0)
@@ -152,21 +156,19 @@ bool LabelPass::isFree(const LabelPart& part, const graphics::Rect& rect, std::s
   if (!(frame_->places[index].pointsPerUnit > 0)) return false;
   const graphics::Point anchor = frame_->places[index].point;
   if (part.isShown)
-    return isClear(rect, *frame_, 0) &&
-           isClear(motion_.after(rect, anchor, lookAheadOfShown), *frame_, 0) &&
+    return isClear(rect, *frame_, 0) && isClear(shownWay_.after(rect, anchor), *frame_, 0) &&
            !taken_.isOccupied(rect, 0, index);
   if (!isClear(rect, *frame_, marginOfNew) || taken_.isOccupied(rect, gapOfNew, index))
     return false;
-  const graphics::Rect later = motion_.after(rect, anchor, lookAheadOfNew);
+  const graphics::Rect later = soonWay_.after(rect, anchor);
   return !soon_.isOccupied(later, gapSoon, index) && willStayClear(rect, anchor);
 }
 
 // Returns whether a part that comes now will stay in the view and off the panels.
 bool LabelPass::willStayClear(const graphics::Rect& rect, graphics::Point anchor) const {
-  for (const double share : {0.25, 0.5, 0.75, 1.0}) {
-    const graphics::Rect later = motion_.after(rect, anchor, lookAheadToEdge * share);
-    if (!isClear(later, *frame_, marginSoon * share)) return false;
-  }
+  for (std::size_t i = 0; i < edgeWays_.size(); ++i)
+    if (!isClear(edgeWays_[i].after(rect, anchor), *frame_, marginSoon * edgeShares[i]))
+      return false;
   return true;
 }
 
@@ -180,7 +182,7 @@ void LabelPass::settle(LabelPart& part, const graphics::Rect& rect, std::size_t 
   if (!isFree) return leave(part, rect, index);
   taken_.add(rect, index);
   if (kind_ != LabelPassKind::shown)
-    soon_.add(motion_.after(rect, frame_->places[index].point, lookAheadOfNew), index);
+    soon_.add(soonWay_.after(rect, frame_->places[index].point), index);
   if (part.isShown) return;
   ++part.freePasses;
   const bool hasWaited = part.freePasses >= leastFreePasses && part.opacity == 0 &&
