@@ -57,11 +57,13 @@ class LabelScene {
     const double turn = 0.8 * std::sin(0.4 * time);
     const graphics::Point center{200 + 120 * std::sin(0.25 * time),
                                  140 + 80 * std::sin(0.37 * time)};
+    const double cosine = std::cos(turn);
+    const double sine = std::sin(turn);
     const auto project = [&](graphics::Point anchor) {
       const double x = anchor.x - center.x;
       const double y = anchor.y - center.y;
-      return graphics::Point{640 + scale * (x * std::cos(turn) + y * std::sin(turn)),
-                             400 - scale * 0.8 * (y * std::cos(turn) - x * std::sin(turn))};
+      return graphics::Point{640 + scale * (x * cosine + y * sine),
+                             400 - scale * 0.8 * (y * cosine - x * sine)};
     };
     places_.clear();
     for (const graphics::Point anchor : anchors_) places_.push_back({project(anchor), scale});

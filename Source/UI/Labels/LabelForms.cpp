@@ -13,20 +13,24 @@ constexpr double leastForeshortening = 0.1;
 
 }  // namespace
 
+TextPlane textPlane(const LabelFrame& frame) {
+  return {{std::cos(frame.turn), std::sin(frame.turn)},
+          std::max(leastForeshortening, std::cos(frame.tilt))};
+}
+
 bool fitsInside(const PlaceLabel& label, std::size_t lines, const ProjectedPlace& place,
-                const LabelFrame& frame, double tolerance) {
+                const TextPlane& plane, double tolerance) {
   const graphics::Size size = label.names[lines - 1];
-  const double upright = std::max(leastForeshortening, std::cos(frame.tilt));
-  const double height = size.height * tolerance / (place.pointsPerUnit * upright);
+  const double height = size.height * tolerance / (place.pointsPerUnit * plane.upright);
   const double width = size.width * tolerance / place.pointsPerUnit;
-  return label.room->freeWidth(height, frame.turn) >= width;
+  return label.room->freeWidth(height, plane.direction) >= width;
 }
 
 std::optional<std::size_t> linesInside(const PlaceLabel& label, const ProjectedPlace& place,
-                                       const LabelFrame& frame) {
+                                       const TextPlane& plane) {
   if (!label.room) return std::nullopt;
   for (std::size_t lines = 1; lines <= label.names.size(); ++lines)
-    if (fitsInside(label, lines, place, frame, 1)) return lines;
+    if (fitsInside(label, lines, place, plane, 1)) return lines;
   return std::nullopt;
 }
 

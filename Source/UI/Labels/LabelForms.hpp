@@ -17,14 +17,23 @@ struct LabelForm {
   friend bool operator==(const LabelForm&, const LabelForm&) = default;
 };
 
+/// How text in the view lies on the floor.
+struct TextPlane {
+  graphics::Point direction{1, 0};  // unit vector along lines of text, in the scene
+  double upright = 1;               // the height of text in the view, relative to that on the floor
+};
+
+/// Returns how text lies on the floor in a frame.
+TextPlane textPlane(const LabelFrame& frame);
+
 /// Returns whether the name fits into the area in a number of lines. With a `tolerance` below 1,
 /// the area may be smaller than the name by this factor.
 bool fitsInside(const PlaceLabel& label, std::size_t lines, const ProjectedPlace& place,
-                const LabelFrame& frame, double tolerance);
+                const TextPlane& plane, double tolerance);
 
 /// Returns the smallest number of lines in which the name fits into the area.
 std::optional<std::size_t> linesInside(const PlaceLabel& label, const ProjectedPlace& place,
-                                       const LabelFrame& frame);
+                                       const TextPlane& plane);
 
 /// Returns the number of lines of a name beside its symbol: two if one would be long.
 std::size_t linesBeside(const PlaceLabel& label);

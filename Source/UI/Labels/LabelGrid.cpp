@@ -14,8 +14,9 @@ int cellCount(double length) {
   return static_cast<int>(std::clamp(std::ceil(length / cellSize), 1.0, mostCells));
 }
 
+// Positions slightly outside the view count as inside.
 int cellAt(double position, int count) {
-  return static_cast<int>(std::clamp(std::floor(position / cellSize), -1.0, double(count)));
+  return static_cast<int>(std::clamp(position / cellSize, -1.0, double(count)));
 }
 
 graphics::Rect grown(const graphics::Rect& rect, double gap) {

@@ -25,6 +25,7 @@ constexpr double mostShareOfNew = 0.3;    // of a name, on other areas
 constexpr double mostShareOfShown = 0.45;
 constexpr double mostOverlap = 3;  // of parts that fade out with shown ones, points
 
+constexpr std::array<double, 4> edgeShares{0.25, 0.5, 0.75, 1};  // of `lookAheadToEdge`
 constexpr std::array<LabelSide, 4> sides{LabelSide::right, LabelSide::left, LabelSide::below,
                                          LabelSide::above};
 
@@ -53,7 +54,11 @@ void LabelPass::run(const std::vector<PlaceLabel>& labels, std::vector<LabelStat
   labels_ = &labels;
   states_ = &states;
   frame_ = &frame;
-  motion_ = motion;
+  plane_ = textPlane(frame);
+  shownWay_ = motion.in(lookAheadOfShown);
+  soonWay_ = motion.in(lookAheadOfNew);
+  for (std::size_t i = 0; i < edgeWays_.size(); ++i)
+    edgeWays_[i] = motion.in(lookAheadToEdge * edgeShares[i]);
   kind_ = kind;
   reset(labels, states);
   for (const LabelOrder& next : order) {
@@ -93,11 +98,10 @@ void LabelPass::reset(const std::vector<PlaceLabel>& labels,
   soon_.reset(frame_->view);
   leaving_.reset(frame_->view);
   for (const graphics::Rect& panel : frame_->panels) taken_.add(panel, LabelGrid::nobody);
-  for (const graphics::Rect& mark : frame_->marks) {
-    taken_.add(mark, LabelGrid::nobody);
-    soon_.add(motion_.after(mark, {mark.midX(), mark.midY()}, lookAheadOfNew), LabelGrid::nobody);
-  }
+  for (const graphics::Rect& mark : frame_->marks) taken_.add(mark, LabelGrid::nobody);
   if (kind_ == LabelPassKind::shown) return;
+  for (const graphics::Rect& mark : frame_->marks)
+    soon_.add(soonWay_.after(mark, {mark.midX(), mark.midY()}), LabelGrid::nobody);
   for (std::size_t i = 0; i < states.size(); ++i) {
     const LabelState& state = states[i];
     if (!state.symbol.isShown && state.symbol.opacity > 0)
@@ -123,11 +127,14 @@ void LabelPass::chooseMode(std::size_t index) {
   const ProjectedPlace& place = frame_->places[index];
   if (!label.room || label.names.empty() || (label.symbolFirst && !label.insideOnly)) return;
   if (state.isInside && state.name.isShown) {
-    if (!fitsInside(label, state.form.lines, place, *frame_, keepFactor))
+    if (!fitsInside(label, state.form.lines, place, plane_, keepFactor))
       hide(state.name, frame_->time);
     return;
   }
-  const std::optional<std::size_t> lines = linesInside(label, placeAtScale(index, false), *frame_);
+  const ProjectedPlace later = placeAtScale(index, false);
+  std::optional<std::size_t> lines;
+  if (later.pointsPerUnit * frame_->unitsPerMeter >= labelScales(label.rank).name)
+    lines = linesInside(label, later, plane_);
   const bool isVisible = state.symbol.isVisible() || state.name.isVisible();
   if (lines.has_value() != state.isInside && isVisible) {
     if (state.isFresh) return;
@@ -149,20 +156,19 @@ bool LabelPass::isFree(const LabelPart& part, const graphics::Rect& rect, std::s
   if (!(frame_->places[index].pointsPerUnit > 0)) return false;
   const graphics::Point anchor = frame_->places[index].point;
   if (part.isShown)
-    return isClear(rect, *frame_, 0) &&
-           isClear(motion_.after(rect, anchor, lookAheadOfShown), *frame_, 0) &&
+    return isClear(rect, *frame_, 0) && isClear(shownWay_.after(rect, anchor), *frame_, 0) &&
            !taken_.isOccupied(rect, 0, index);
-  const graphics::Rect later = motion_.after(rect, anchor, lookAheadOfNew);
-  return isClear(rect, *frame_, marginOfNew) && willStayClear(rect, anchor) &&
-         !taken_.isOccupied(rect, gapOfNew, index) && !soon_.isOccupied(later, gapSoon, index);
+  if (!isClear(rect, *frame_, marginOfNew) || taken_.isOccupied(rect, gapOfNew, index))
+    return false;
+  const graphics::Rect later = soonWay_.after(rect, anchor);
+  return !soon_.isOccupied(later, gapSoon, index) && willStayClear(rect, anchor);
 }
 
 // Returns whether a part that comes now will stay in the view and off the panels.
 bool LabelPass::willStayClear(const graphics::Rect& rect, graphics::Point anchor) const {
-  for (const double share : {0.25, 0.5, 0.75, 1.0}) {
-    const graphics::Rect later = motion_.after(rect, anchor, lookAheadToEdge * share);
-    if (!isClear(later, *frame_, marginSoon * share)) return false;
-  }
+  for (std::size_t i = 0; i < edgeWays_.size(); ++i)
+    if (!isClear(edgeWays_[i].after(rect, anchor), *frame_, marginSoon * edgeShares[i]))
+      return false;
   return true;
 }
 
@@ -175,7 +181,8 @@ void LabelPass::settle(LabelPart& part, const graphics::Rect& rect, std::size_t 
                        bool isFree) {
   if (!isFree) return leave(part, rect, index);
   taken_.add(rect, index);
-  soon_.add(motion_.after(rect, frame_->places[index].point, lookAheadOfNew), index);
+  if (kind_ != LabelPassKind::shown)
+    soon_.add(soonWay_.after(rect, frame_->places[index].point), index);
   if (part.isShown) return;
   ++part.freePasses;
   const bool hasWaited = part.freePasses >= leastFreePasses && part.opacity == 0 &&
@@ -234,7 +241,7 @@ bool LabelPass::chooseSide(std::size_t index) {
   LabelState& state = (*states_)[index];
   const graphics::Point anchor = frame_->places[index].point;
   if (state.isInside)
-    return fitsInside(label, state.form.lines, placeAtScale(index, true), *frame_, 1) &&
+    return fitsInside(label, state.form.lines, placeAtScale(index, true), plane_, 1) &&
            isFree(state.name, nameRect(label, state.form, anchor), index);
   const bool isCentered = !(label.symbolSize > 0);
   for (const LabelSide side : sides) {

@@ -2,6 +2,7 @@
 // Private header.
 #pragma once
 
+#include <array>
 #include <limits>
 #include <vector>
 
@@ -91,7 +92,10 @@ class LabelPass {
   const std::vector<PlaceLabel>* labels_ = nullptr;  // during a run
   std::vector<LabelState>* states_ = nullptr;        // during a run
   const LabelFrame* frame_ = nullptr;                // during a run
-  MapMotion motion_;
+  TextPlane plane_;
+  MapWay shownWay_;                 // in the time of a fade
+  MapWay soonWay_;                  // in the time that new labels should stay
+  std::array<MapWay, 4> edgeWays_;  // in parts of the time that they should stay in the view
   LabelPassKind kind_ = LabelPassKind::all;
   LabelGrid taken_;    // panels, marks, and parts that are shown or waiting
   LabelGrid soon_;     // the same, where they will be

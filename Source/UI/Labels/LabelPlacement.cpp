@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <numeric>
 #include <tuple>
 
 #include "Source/UI/Labels/LabelPass.hpp"
@@ -44,6 +46,11 @@ void LabelPlacement::setLabels(std::vector<PlaceLabel> labels) {
     if (!std::isfinite(label.rank)) label.rank = 0;
   states_.assign(labels_.size(), {});
   order_.clear();
+  ranked_.resize(labels_.size());
+  std::iota(ranked_.begin(), ranked_.end(), std::size_t{0});
+  std::stable_sort(ranked_.begin(), ranked_.end(), [&](std::size_t left, std::size_t right) {
+    return labels_[left].rank > labels_[right].rank;
+  });
   shown_.clear();
   hasTime_ = false;
   isChanging_ = !labels_.empty();
@@ -111,27 +118,33 @@ MapMotion LabelPlacement::follow(const LabelFrame& frame, double elapsed) {
 }
 
 // Lists the parts that may be shown by importance, and hides the others. A shown part has priority
-// over slightly more important ones; a new name of a shown symbol has not.
+// over slightly more important ones; a new name of a shown symbol has not. Parts with and without
+// this priority are already in order, so that merging them is enough.
 void LabelPlacement::sort(const LabelFrame& frame) {
-  order_.clear();
-  for (std::size_t i = 0; i < labels_.size(); ++i) {
+  preferred_.clear();
+  others_.clear();
+  for (const std::size_t i : ranked_) {
     LabelState& state = states_[i];
     const LabelScales scales = labelScales(labels_[i].rank);
     const double least = std::min(scales.symbol, scales.name) * (state.isShown() ? keepFactor : 1);
     if (isUsable(frame.places[i], frame.view) &&
         frame.places[i].pointsPerUnit * frame.unitsPerMeter >= least) {
-      const auto bonus = [](bool isShown) { return isShown ? bonusOfShown : 0.0; };
-      order_.push_back({-labels_[i].rank - bonus(state.isShown()), i, false});
-      order_.push_back({-labels_[i].rank - bonus(state.name.isShown), i, true});
+      const auto add = [&](bool isPreferred, bool isName) {
+        const double score = -labels_[i].rank - (isPreferred ? bonusOfShown : 0.0);
+        (isPreferred ? preferred_ : others_).push_back({score, i, isName});
+      };
+      add(state.isShown(), false);
+      add(state.name.isShown, true);
     } else {
       LabelPass::hide(state.symbol, frame.time);
       LabelPass::hide(state.name, frame.time);
     }
   }
-  std::sort(order_.begin(), order_.end(), [](const LabelOrder& left, const LabelOrder& right) {
-    return std::tie(left.score, left.index, left.isName) <
-           std::tie(right.score, right.index, right.isName);
-  });
+  order_.clear();
+  std::merge(preferred_.begin(), preferred_.end(), others_.begin(), others_.end(),
+             std::back_inserter(order_), [](const LabelOrder& left, const LabelOrder& right) {
+               return std::tie(left.score, left.index) < std::tie(right.score, right.index);
+             });
 }
 
 bool LabelPlacement::fade(double elapsed) {

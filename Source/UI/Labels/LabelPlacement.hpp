@@ -64,7 +64,10 @@ class ORIVANTA_API LabelPlacement {
 
   std::vector<PlaceLabel> labels_;
   std::vector<LabelState> states_;
-  std::vector<LabelOrder> order_;  // of the last consideration
+  std::vector<std::size_t> ranked_;    // the labels by rank
+  std::vector<LabelOrder> preferred_;  // for sorting
+  std::vector<LabelOrder> others_;     // for sorting
+  std::vector<LabelOrder> order_;      // of the last consideration
   std::unique_ptr<LabelPass> pass_;
   std::vector<ShownLabel> shown_;
   double time_ = 0;

@@ -57,11 +57,10 @@ LabelRoom::LabelRoom(const LabelArea& area, std::span<const LabelArea> areasOnIt
   edges_.shrink_to_fit();
 }
 
-double LabelRoom::freeWidth(double height, double turn) const {
-  const double cosine = std::cos(turn);
-  const double sine = std::sin(turn);
+double LabelRoom::freeWidth(double height, graphics::Point direction) const {
   const auto turned = [&](graphics::Point point) {
-    return graphics::Point{point.x * cosine + point.y * sine, point.y * cosine - point.x * sine};
+    return graphics::Point{point.x * direction.x + point.y * direction.y,
+                           point.y * direction.x - point.x * direction.y};
   };
   double nearest = std::numeric_limits<double>::max();
   for (const auto& [from, to] : edges_)

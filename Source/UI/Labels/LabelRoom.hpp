@@ -18,10 +18,9 @@ class ORIVANTA_API LabelRoom {
   LabelRoom(const LabelArea& area, std::span<const LabelArea> areasOnIt, const LabelAnchor& anchor);
 
   /// Returns the width of the widest rectangle of this height that is centered at the anchor and
-  /// contains no edge, in scene units. `turn` is the direction of the text in radians,
-  /// counterclockwise from the x axis. Returns 0 if an edge lies above or below the anchor within
-  /// the height.
-  double freeWidth(double height, double turn) const;
+  /// contains no edge, in scene units. `direction` is the unit vector along the text. Returns 0 if
+  /// an edge lies above or below the anchor within the height.
+  double freeWidth(double height, graphics::Point direction) const;
 
  private:
   std::vector<LabelEdge> edges_;  // relative to the anchor

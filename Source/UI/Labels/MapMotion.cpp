@@ -27,17 +27,23 @@ void MapMotion::solve() {
 }
 
 // The velocity is a linear function of the position, so the way is an exponential series.
-graphics::Rect MapMotion::after(const graphics::Rect& rect, graphics::Point anchor,
-                                double seconds) const {
-  graphics::Point term = at(anchor);
-  graphics::Point way;
+MapWay MapMotion::in(double seconds) const {
+  const auto turned = [&](graphics::Point term) {
+    return graphics::Point{alongX_.x * term.x + alongY_.x * term.y,
+                           alongX_.y * term.x + alongY_.y * term.y};
+  };
+  MapWay found{middle_, {}, {}, {}};
+  graphics::Point terms[] = {mean_, alongX_, alongY_};
+  graphics::Point* const sums[] = {&found.way, &found.alongX, &found.alongY};
   double factor = 1;
   for (int order = 1; order <= 4; ++order) {
     factor *= seconds / order;
-    way = {way.x + term.x * factor, way.y + term.y * factor};
-    term = {alongX_.x * term.x + alongY_.x * term.y, alongX_.y * term.x + alongY_.y * term.y};
+    for (int i = 0; i < 3; ++i) {
+      *sums[i] = {sums[i]->x + terms[i].x * factor, sums[i]->y + terms[i].y * factor};
+      terms[i] = turned(terms[i]);
+    }
   }
-  return {{rect.origin.x + way.x, rect.origin.y + way.y}, rect.size};
+  return found;
 }
 
 }  // namespace orivanta

@@ -6,6 +6,22 @@
 
 namespace orivanta {
 
+/// How far points that move with the map go in some time, as an affine function of their position.
+struct MapWay {
+  graphics::Point middle;          // of the points of the motion
+  graphics::Point way;             // of the middle
+  graphics::Point alongX, alongY;  // the change of the way for each point
+
+  /// Returns a rectangle after this time, if its anchor moves with the map.
+  graphics::Rect after(const graphics::Rect& rect, graphics::Point anchor) const {
+    const double x = anchor.x - middle.x;
+    const double y = anchor.y - middle.y;
+    return {{rect.origin.x + way.x + alongX.x * x + alongY.x * y,
+             rect.origin.y + way.y + alongX.y * x + alongY.y * y},
+            rect.size};
+  }
+};
+
 /// The velocities of points that move with the map, as an affine function of their position. Points
 /// of the view, y downward, per second.
 class MapMotion {
@@ -25,16 +41,9 @@ class MapMotion {
   /// Fits the function to the points by least squares.
   void solve();
 
-  /// Returns the velocity at a point; 0 before `solve`.
-  graphics::Point at(graphics::Point point) const {
-    const double x = point.x - middle_.x;
-    const double y = point.y - middle_.y;
-    return {mean_.x + alongX_.x * x + alongY_.x * y, mean_.y + alongX_.y * x + alongY_.y * y};
-  }
-
-  /// Returns a rectangle after some seconds, if its anchor moves with the map and the map goes on
-  /// moving in the same way.
-  graphics::Rect after(const graphics::Rect& rect, graphics::Point anchor, double seconds) const;
+  /// Returns how far points go in some seconds if the map goes on moving in the same way. They
+  /// stay where they are before `solve`.
+  MapWay in(double seconds) const;
 
  private:
   double count_ = 0;

@@ -72,8 +72,8 @@ TEST(FirstView, RegionIsTheCore) {
   const graphics::Rect wide{{0, 0}, {2000, 100}};
   const double halfMeter = 1280 / 24.0 * 2;  // the median room is 2 units wide
   for (const Case& tested : std::vector<Case>{
-           {"the core of a station", wide, spread, 1, false, 150, 427, {1094, 50}},
-           {"in other units", {{0, 0}, {4000, 200}}, doubled, 2, false, 300, 854, {2188, 100}},
+           {"the core of a station", wide, spread, 1, false, 150, 300, {1094, 50}},
+           {"in other units", {{0, 0}, {4000, 200}}, doubled, 2, false, 300, 600, {2188, 100}},
            {"too large: the densest part", wide, even, 1, false, 426, 427, {213, 50}},
            {"small rooms", wide, smallRooms, 1, false, 426, 427, {213, 50}},
            {"the room alone, without scale",

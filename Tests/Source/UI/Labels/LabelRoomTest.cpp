@@ -88,7 +88,8 @@ TEST(LabelRoom, FreeWidthIsThatOfTheBand) {
                          {withPillar, 1, 0, 20},
                          {withPillar, 4, 0, 16},
                          {room, 2, M_PI / 6, 2 * (3 - std::cos(M_PI / 6)) / std::sin(M_PI / 6)}})
-    EXPECT_NEAR(tested.freeWidth(height, turn), width, 1e-9) << height << ' ' << turn;
+    EXPECT_NEAR(tested.freeWidth(height, {std::cos(turn), std::sin(turn)}), width, 1e-9)
+        << height << ' ' << turn;
 }
 
 TEST(LabelRoom, TopOfAShapeHasItsOutlineAndSize) {
