@@ -84,7 +84,7 @@ TEST_P(ThemeColors, SymbolsStandOut) {
 }
 
 INSTANTIATE_TEST_SUITE_P(MapTheme, ThemeColors, testing::Bool(),
-                         [](const auto& info) { return info.param ? "Dark" : "Light"; });
+                         [](const auto& given) { return given.param ? "Dark" : "Light"; });
 
 // Distances that another program computed from the same publications.
 TEST(ColorMeasures, AgreeWithReferences) {
