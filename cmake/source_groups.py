@@ -26,15 +26,21 @@ def local_names(file):
              if name not in NO_NAMES}
     names.update({(around, name): value
                   for name, value in re.findall(r"^(?:using|namespace) (\w+) = (.*);$", text, re.MULTILINE)})
-    if re.search(r"^using enum ", text, re.MULTILINE):
-        names[around, "using enum"] = file
     return names
+
+
+def stays_alone(file):
+    """Returns whether the file makes the names of an enumeration visible to all that follow it."""
+    return re.search(r"^using enum ", file.read_text(), re.MULTILINE) is not None
 
 
 def groups_of(files, size):
     """Returns lists of at most `size` files each."""
     groups = []
+    alone = [file for file in files if stays_alone(file)]
     for file in files:
+        if file in alone:
+            continue
         names = local_names(file)
         for group, taken in groups:
             if len(group) < size and all(taken.get(name, value) == value for name, value in names.items()):
@@ -43,7 +49,7 @@ def groups_of(files, size):
                 break
         else:
             groups.append(([file], names))
-    return [group for group, _ in groups]
+    return [group for group, _ in groups] + [[file] for file in alone]
 
 
 def main():
