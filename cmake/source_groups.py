@@ -18,7 +18,7 @@ def local_names(file):
     """Returns the names that the file may define locally, with the namespace around them and what they
     stand for: that of an alias, or else the file itself."""
     text = re.sub(r"\n {2,}[^\n]*", "", file.read_text())  # ignore nested code
-    around = "::".join(re.findall(r"^namespace ([\w:]+) \{$", text, re.MULTILINE))
+    around = max(re.findall(r"^namespace ([\w:]+) \{$", text, re.MULTILINE), key=len, default="")
     inside = "".join(re.findall(r"^namespace \{$(.*?)^\}  // namespace$", text, re.DOTALL | re.MULTILINE))
     inside += "\n".join(re.findall(r"^namespace \{\n(.*)\n\}$", text, re.MULTILINE))
     names = {(around, name): file

@@ -27,7 +27,7 @@ constexpr double narrowestDoor = 0.6;
 constexpr double usualWidth = 1.0;
 
 // A straight piece of a room's wall behind which something lies.
-struct Contact {
+struct WallContact {
   Point from;
   Point to;
   double length() const { return package::distance(from, to); }
@@ -57,12 +57,12 @@ std::vector<Segment> straightWalls(const Shape& shape) {
 }
 
 // The longest part of one wall behind which all samples are.
-Contact longestContact(const Segment& wall, const Behind& behind) {
+WallContact longestContact(const Segment& wall, const Behind& behind) {
   const Point along = wall.b - wall.a;
   const double length = package::length(along);
   const Point outward = Point{along.y, -along.x} * (1.0 / std::max(length, 1e-9));
   const auto count = static_cast<int>(std::clamp(std::ceil(length / sampleStep), 1.0, 2000.0));
-  Contact best{wall.a, wall.a};
+  WallContact best{wall.a, wall.a};
   int begin = 0;
   for (int i = 0; i <= count; ++i) {
     const Point middle = wall.a + along * ((i + 0.5) / count);
@@ -70,26 +70,26 @@ Contact longestContact(const Segment& wall, const Behind& behind) {
         i < count && std::any_of(wallDepths.begin(), wallDepths.end(),
                                  [&](double depth) { return behind(middle + outward * depth); });
     if (touches) continue;
-    const Contact contact{wall.a + along * (static_cast<double>(begin) / count),
-                          wall.a + along * (static_cast<double>(i) / count)};
+    const WallContact contact{wall.a + along * (static_cast<double>(begin) / count),
+                              wall.a + along * (static_cast<double>(i) / count)};
     if (contact.length() > best.length()) best = contact;
     begin = i + 1;
   }
   return best;
 }
 
-std::optional<Contact> longestContact(const Shape& room, const Behind& behind) {
-  Contact best;
+std::optional<WallContact> longestContact(const Shape& room, const Behind& behind) {
+  WallContact best;
   for (const Segment& wall : straightWalls(room)) {
     if (package::distance(wall.a, wall.b) <= best.length() + 0.05) continue;
-    const Contact contact = longestContact(wall, behind);
+    const WallContact contact = longestContact(wall, behind);
     if (contact.length() > best.length() + 0.05) best = contact;
   }
   if (best.length() < narrowestDoor) return {};
   return best;
 }
 
-Door doorAt(const Area& room, const Contact& contact) {
+Door doorAt(const Area& room, const WallContact& contact) {
   Door door;
   door.id = room.id + "/door";
   door.source = room.source;
@@ -223,7 +223,7 @@ class Guess {
   // A room beside another one, and the longest straight wall that they have in common.
   struct Neighbor {
     std::string id;
-    Contact contact;
+    WallContact contact;
   };
 
   const Space& openSpaceOf(const Area& room) {

@@ -10,7 +10,7 @@ namespace orivanta::guidance {
 
 namespace {
 
-using Position = Direction::Turn::ReferencePosition;
+using ReferencePosition = Direction::Turn::ReferencePosition;
 
 constexpr double nearTurn = 9.0;       // meters
 constexpr double nearWalk = 6.0;       // meters
@@ -21,16 +21,16 @@ constexpr double sideDegrees = 60.0;   // one up to this angle is behind the tur
 constexpr double pastDegrees = 115.0;  // one from this angle on is before the turn
 
 // Where the turn is, seen from an entrance near it; nothing if that cannot be told clearly.
-std::optional<Position> positionOf(const NearbyPlace& place, const Turn& turn,
-                                   const WalkLine& line) {
+std::optional<ReferencePosition> positionOf(const NearbyPlace& place, const Turn& turn,
+                                            const WalkLine& line) {
   const PlanePoint corner = line.point(turn.first);
   const PlanePoint away = place.entrance - corner;
-  if (length(away) <= atTheTurn) return Position::At;
+  if (length(away) <= atTheTurn) return ReferencePosition::At;
   const PlanePoint heading = corner - line.at(line.along(turn.first) - nearTurn);
   const double side = degreesBetween(heading, away) * (turn.degrees < 0.0 ? -1.0 : 1.0);
-  if (std::abs(side) <= aheadDegrees) return Position::At;
-  if (side > 0.0 && side <= sideDegrees) return Position::Before;
-  if (side >= pastDegrees && place.along < line.along(turn.first)) return Position::Past;
+  if (std::abs(side) <= aheadDegrees) return ReferencePosition::At;
+  if (side > 0.0 && side <= sideDegrees) return ReferencePosition::Before;
+  if (side >= pastDegrees && place.along < line.along(turn.first)) return ReferencePosition::Past;
   return std::nullopt;
 }
 
@@ -65,16 +65,16 @@ class TurnChoice {
   struct Candidate {
     double rank;
     const NearbyPlace* place;
-    Position position;
+    ReferencePosition position;
 
     // The order of the places decides ties.
     std::pair<double, const NearbyPlace*> key() const { return {rank, place}; }
   };
 
   // Lower is better: near, by name, and passed or reached rather than behind the turn.
-  double rank(const NearbyPlace& place, Position position) const {
+  double rank(const NearbyPlace& place, ReferencePosition position) const {
     return length(place.entrance - corner_) + (place.category ? 5.0 : 0.0) +
-           (position == Position::Before ? 3.0 : 0.0);
+           (position == ReferencePosition::Before ? 3.0 : 0.0);
   }
 
   const Turn& turn_;

@@ -18,9 +18,9 @@ Side sideOf(double degrees) {
 }
 
 // Takes turns away from both ends of a list.
-class Planner {
+class WalkPlanner {
  public:
-  Planner(const WalkLine& line, const WalkEnds& ends)
+  WalkPlanner(const WalkLine& line, const WalkEnds& ends)
       : line_(line),
         turns_(turnsOf(line)),
         entrance_(ends.entrance),
@@ -114,7 +114,7 @@ class Planner {
 }  // namespace
 
 WalkPlan::WalkPlan(const WalkLine& line, const Section& section, const WalkEnds& ends) {
-  Planner planner(line, ends);
+  WalkPlanner planner(line, ends);
   endFirst = line.size() - 1;
   const bool joinsFirst =
       planner.hasFirst(section.departure != nullptr ? joinsDeparture : joinsEnd);

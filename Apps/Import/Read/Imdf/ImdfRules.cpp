@@ -19,13 +19,13 @@ namespace json = boost::json;
 
 namespace {
 
-enum class Shape { none, point, line, polygon };
+enum class ExpectedShape { none, point, line, polygon };
 
 // What the features of a type must have.
 struct TypeRules {
   std::string_view type;
   std::string_view title;  ///< the beginning of the names of its rules
-  Shape shape;
+  ExpectedShape shape;
   bool namedShape;     ///< the standard has a rule of its own for the shape
   bool category;       ///< there must be one
   bool namedCategory;  ///< the standard has a rule for it
@@ -34,21 +34,21 @@ struct TypeRules {
 };
 
 constexpr std::array typeRules = {
-    TypeRules{"venue", "Venue", Shape::polygon, true, true, false, false, false},
-    TypeRules{"building", "Building", Shape::none, false, true, true, true, false},
-    TypeRules{"footprint", "Footprint", Shape::polygon, true, true, false, true, false},
-    TypeRules{"level", "Level", Shape::polygon, true, true, true, false, false},
-    TypeRules{"unit", "Unit", Shape::polygon, false, true, false, false, false},
-    TypeRules{"fixture", "Fixture", Shape::polygon, true, true, true, false, true},
-    TypeRules{"section", "Section", Shape::polygon, true, true, true, false, true},
-    TypeRules{"geofence", "Geofence", Shape::polygon, true, true, true, false, false},
-    TypeRules{"kiosk", "Kiosk", Shape::polygon, true, false, false, false, true},
-    TypeRules{"opening", "Opening", Shape::line, true, true, true, false, true},
-    TypeRules{"amenity", "Amenity", Shape::point, false, true, false, false, false},
-    TypeRules{"anchor", "Anchor", Shape::point, false, false, false, false, false},
-    TypeRules{"occupant", "Occupant", Shape::none, false, true, true, false, false},
-    TypeRules{"detail", "Detail", Shape::line, true, false, false, false, true},
-    TypeRules{"relationship", "Relationship", Shape::none, false, true, true, true, false},
+    TypeRules{"venue", "Venue", ExpectedShape::polygon, true, true, false, false, false},
+    TypeRules{"building", "Building", ExpectedShape::none, false, true, true, true, false},
+    TypeRules{"footprint", "Footprint", ExpectedShape::polygon, true, true, false, true, false},
+    TypeRules{"level", "Level", ExpectedShape::polygon, true, true, true, false, false},
+    TypeRules{"unit", "Unit", ExpectedShape::polygon, false, true, false, false, false},
+    TypeRules{"fixture", "Fixture", ExpectedShape::polygon, true, true, true, false, true},
+    TypeRules{"section", "Section", ExpectedShape::polygon, true, true, true, false, true},
+    TypeRules{"geofence", "Geofence", ExpectedShape::polygon, true, true, true, false, false},
+    TypeRules{"kiosk", "Kiosk", ExpectedShape::polygon, true, false, false, false, true},
+    TypeRules{"opening", "Opening", ExpectedShape::line, true, true, true, false, true},
+    TypeRules{"amenity", "Amenity", ExpectedShape::point, false, true, false, false, false},
+    TypeRules{"anchor", "Anchor", ExpectedShape::point, false, false, false, false, false},
+    TypeRules{"occupant", "Occupant", ExpectedShape::none, false, true, true, false, false},
+    TypeRules{"detail", "Detail", ExpectedShape::line, true, false, false, false, true},
+    TypeRules{"relationship", "Relationship", ExpectedShape::none, false, true, true, true, false},
 };
 
 class Checker {
@@ -158,23 +158,24 @@ class Checker {
   void checkShape(const TypeRules& rules, const ImdfFeature& feature) {
     const GeoGeometry& geometry = feature.geometry;
     const bool fits =
-        rules.shape == Shape::none ||
-        (rules.shape == Shape::polygon && !geometry.polygons.empty()) ||
-        (rules.shape == Shape::point && geometry.points.size() == 1) ||
-        (rules.shape == Shape::line &&
+        rules.shape == ExpectedShape::none ||
+        (rules.shape == ExpectedShape::polygon && !geometry.polygons.empty()) ||
+        (rules.shape == ExpectedShape::point && geometry.points.size() == 1) ||
+        (rules.shape == ExpectedShape::line &&
          (geometry.lines.size() == 1 || (rules.type == "detail" && !geometry.lines.empty())));
     if (fits) return;
-    const std::string_view ending = rules.shape == Shape::polygon ? "MustHavePolygonalGeometry"
-                                    : rules.type == "detail"      ? "MustHaveLinealGeometry"
-                                                                  : "MustHaveLineStringGeometry";
+    const std::string_view ending = rules.shape == ExpectedShape::polygon
+                                        ? "MustHavePolygonalGeometry"
+                                    : rules.type == "detail" ? "MustHaveLinealGeometry"
+                                                             : "MustHaveLineStringGeometry";
     report(feature,
            {Severity::violation,
             rules.namedShape ? std::string(rules.title).append(ending) : "geometry-missing",
             "geometry",
             fmt::format("The {} is not drawn as {}.", rules.type,
-                        rules.shape == Shape::polygon ? "a polygon"
-                        : rules.shape == Shape::point ? "a point"
-                                                      : "a line"),
+                        rules.shape == ExpectedShape::polygon ? "a polygon"
+                        : rules.shape == ExpectedShape::point ? "a point"
+                                                              : "a line"),
             "It is left out.", "Draw it, or delete it."});
   }
 

@@ -53,7 +53,7 @@ std::string indexOf(std::string_view shp) {
   return index + records;
 }
 
-using Shape = std::unique_ptr<SHPObject, decltype(&SHPDestroyObject)>;
+using ShapeObject = std::unique_ptr<SHPObject, decltype(&SHPDestroyObject)>;
 
 std::vector<std::vector<Point>> partsOf(const SHPObject& shape) {
   std::vector<std::vector<Point>> parts;
@@ -177,7 +177,7 @@ class Reader {
     int count = 0;
     SHPGetInfo(&shapes, &count, nullptr, nullptr, nullptr);
     for (int each = 0; each < count; ++each) {
-      const Shape shape(SHPReadObject(&shapes, each), SHPDestroyObject);
+      const ShapeObject shape(SHPReadObject(&shapes, each), SHPDestroyObject);
       features_.emplace_back();
       ++vertices_;
       if (shape) vertices_ += static_cast<std::size_t>(std::max(shape->nVertices, 0));
