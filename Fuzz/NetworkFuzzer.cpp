@@ -1,4 +1,5 @@
-// Feeds damaged outlines, doors, lines, places and links to all stages of an import, and writes what they make.
+// Feeds damaged outlines, doors, lines, places and links to all stages of an import, and writes
+// what they make.
 #include <cmath>
 #include <cstring>
 

@@ -77,6 +77,7 @@ class FloorDrawing {
     plan_.shape(triangles,
                 fmt::format("fill=\"{0}\" stroke=\"{0}\" style=\"fill-rule:nonzero\"", color));
     std::vector<package::Outline> lines;
+    lines.reserve(edges.size());
     for (const auto& [from, to] : edges) lines.push_back({pointOf(from), pointOf(to)});
     plan_.shape(lines, "fill=\"none\" stroke=\"#52606D\"");
     plan_.add("</g>\n");

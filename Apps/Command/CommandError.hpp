@@ -11,7 +11,7 @@ enum class ExitCode {
   notFound = 1,  ///< no route, no such venue, no such location
   wrongUse = 2,  ///< the command line, or a file that it names, cannot be used
   noAnswer = 3,  ///< the server cannot be reached, refuses the request or sends an invalid response
-  outputFailed = 4,     ///< standard output or a file cannot be written
+  outputFailed = 4,      ///< standard output or a file cannot be written
   unreadableSource = 5,  ///< the source of an import cannot be read
   failed = 6             ///< not enough memory, or an error that no command expects
 };

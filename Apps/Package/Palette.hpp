@@ -15,6 +15,7 @@ Color fillOf(PlaceKind kind);
 namespace detail {
 // Exact multiples of 1/255, which floats are not.
 constexpr Color exact(const graphics::Color& color) {
+  // NOLINTNEXTLINE: lround is no constant expression
   const auto component = [](float value) { return static_cast<int>(value * 255 + 0.5F) / 255.0; };
   return {component(color.red), component(color.green), component(color.blue)};
 }

@@ -7,7 +7,8 @@
 
 namespace orivanta::importer {
 
-/// Writes the logo in three sizes and the cover image into the folder, which is created if necessary.
+/// Writes the logo in three sizes and the cover image into the folder, which is created if
+/// necessary.
 void writeImages(const PackageLayout& layout, const std::filesystem::path& folder);
 
 }  // namespace orivanta::importer

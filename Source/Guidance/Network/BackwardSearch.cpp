@@ -76,9 +76,8 @@ std::vector<bool> leadToAny(const GuideData& data, const std::vector<Stop>& from
   const StopResolver resolver(data, closures);
   const auto costs = data.costs.table(profile, data.places.closedArcs(closures));
   BackwardSearch search(data.network, *costs);
-  const std::vector<bool> none(from.size(), false);
   for (const Stop& stop : to) {
-    if (token.isCanceled()) return none;
+    if (token.isCanceled()) return std::vector<bool>(from.size());
     if (const ResolvedStop goal = resolver.resolve(stop, 0, false); !goal.problem)
       search.aimAt(goal.ends);
   }
@@ -86,7 +85,7 @@ std::vector<bool> leadToAny(const GuideData& data, const std::vector<Stop>& from
   std::vector<bool> leads;
   leads.reserve(from.size());
   for (const Stop& stop : from) {
-    if (token.isCanceled()) return none;
+    if (token.isCanceled()) return std::vector<bool>(from.size());
     const ResolvedStop start = resolver.resolve(stop, 0, true);
     leads.push_back(!start.problem && search.leads(start.ends));
   }

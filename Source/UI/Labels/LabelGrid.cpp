@@ -42,13 +42,17 @@ LabelGrid::Cells LabelGrid::cellsOf(const graphics::Rect& rect) const {
           std::min(rows_ - 1, cellAt(rect.maxY(), rows_))};
 }
 
+std::size_t LabelGrid::indexOf(int x, int y) const {
+  return static_cast<std::size_t>(y) * static_cast<std::size_t>(columns_) +
+         static_cast<std::size_t>(x);
+}
+
 void LabelGrid::add(const graphics::Rect& rect, std::size_t owner) {
   const Cells cells = cellsOf(rect);
   if (cells.right < cells.left || cells.bottom < cells.top) return;
   for (int y = cells.top; y <= cells.bottom; ++y)
     for (int x = cells.left; x <= cells.right; ++x)
-      cells_[static_cast<std::size_t>(y * columns_ + x)].push_back(
-          static_cast<std::uint32_t>(boxes_.size()));
+      cells_[indexOf(x, y)].push_back(static_cast<std::uint32_t>(boxes_.size()));
   boxes_.push_back({rect, owner});
 }
 
@@ -57,7 +61,7 @@ bool LabelGrid::isOccupied(const graphics::Rect& rect, double gap, std::size_t o
   const Cells cells = cellsOf(room);
   for (int y = cells.top; y <= cells.bottom; ++y)
     for (int x = cells.left; x <= cells.right; ++x)
-      for (const std::uint32_t box : cells_[static_cast<std::size_t>(y * columns_ + x)])
+      for (const std::uint32_t box : cells_[indexOf(x, y)])
         if (boxes_[box].owner != owner && boxes_[box].rect.intersects(room)) return true;
   return false;
 }

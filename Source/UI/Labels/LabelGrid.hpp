@@ -35,6 +35,7 @@ class LabelGrid {
   };
 
   Cells cellsOf(const graphics::Rect& rect) const;
+  std::size_t indexOf(int x, int y) const;
 
   int columns_ = 0;
   int rows_ = 0;
