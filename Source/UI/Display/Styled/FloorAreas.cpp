@@ -9,7 +9,7 @@ namespace {
 constexpr double heightTolerance = 1e-3;  // scene units
 
 bool liesOn(const FloorArea& other, const FloorArea& area) {
-  if (!other.middle || !other.area.bounds().intersects(area.area.bounds())) return false;
+  if (!other.middle || !other.bounds.intersects(area.bounds)) return false;
   if (other.isOpening) return true;
   return other.area.size < area.area.size &&
          other.area.height >= area.area.height - heightTolerance &&
@@ -22,6 +22,7 @@ FloorAreas::FloorAreas(const FloorRecords& records) {
   for (const ShapeRecord& shape : records.shapes) {
     FloorArea made;
     made.area = areaOf(*shape.geometry);
+    made.bounds = made.area.bounds();
     made.middle = labelAnchor(made.area);
     made.isOpening = shape.isOpening;
     made.isWalkable =

@@ -20,6 +20,8 @@ constexpr double metersOfMedianRoom = 5;  // its side, if the scale is unknown
 // Places that visitors recognize by an icon rather than by a name.
 bool isFacility(PlaceKind kind) { return importanceOf(kind) >= leastFacility; }
 
+bool isConnector(PlaceKind kind) { return fillKindOf(kind) == FillKind::vertical; }
+
 bool hasIconBesideName(PlaceKind kind) {
   const FillKind fill = fillKindOf(kind);
   return fill == FillKind::food || fill == FillKind::leisure;
@@ -54,7 +56,7 @@ class FloorLabeling {
   double estimatedUnitsPerMeter() const {
     std::vector<double> sides;
     for (const PlaceRecord& place : records_.places)
-      if (const auto area = areas_.largest(place.shapes))
+      if (const auto area = areas_.largest(place.shapes); area && !isConnector(place.kind))
         sides.push_back(std::sqrt(areas_.all()[*area].area.size));
     if (sides.empty()) return 1;
     const auto middle = sides.begin() + static_cast<std::ptrdiff_t>(sides.size() / 2);
@@ -89,8 +91,9 @@ class FloorLabeling {
 
   void setScale(PlaceLabel& label, const PlaceRecord& place,
                 std::optional<std::size_t> area) const {
-    const double size =
-        area ? areas_.all()[*area].area.size / (unitsPerMeter_ * unitsPerMeter_) : 0;
+    double size = 0;  // square meters
+    if (area && !isConnector(place.kind))
+      size = areas_.all()[*area].area.size / (unitsPerMeter_ * unitsPerMeter_);
     label.rank =
         labelRank(importanceOf(place.kind), size, place.isNameGenerated && !isFacility(place.kind));
     const ZoomStep step = theme_.zoomStep(label.rank);
