@@ -25,7 +25,7 @@ void addRender(CLI::App& app, CommandLine& line) {
   query
       .add_option("--style", options.style,
                   "Colors of the floors: light, dark, plain (those of the models), or a theme file")
-      ->type_name("STYLE")
+      ->type_name("FILE|NAME")
       ->capture_default_str();
   query
       .add_option("--highlight", options.highlights,

@@ -1,12 +1,12 @@
 #include "Source/UI/Display/Styled/ShapeRoles.hpp"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 
-#include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -23,21 +23,27 @@ namespace {
 
 using Surface = ShapeRole::Surface;
 
+struct NamedRole {
+  std::string_view name;
+  ShapeRole role;
+};
+
 // Materials of these names belong to no polygon.
-const std::unordered_map<std::string_view, ShapeRole> commonRoles{
-    {"Ground", {Surface::slab, FillKind::other}},
-    {"Opening", {Surface::backdrop, FillKind::other}},
-    {"Walls", {Surface::wall, FillKind::other}},
+constexpr std::array<NamedRole, 13> commonRoles{{
+    {"Ground", {Surface::slab}},
+    {"Opening", {Surface::backdrop}},
+    {"Walls", {Surface::wall}},
     {"ElevatorDoors", {Surface::wall, FillKind::vertical}},
-    {"Fixtures", {Surface::fixture, FillKind::other}},
-    {"Columns", {Surface::fixture, FillKind::other}},
-    {"Railing", {Surface::fixture, FillKind::other}},
-    {"Soil", {Surface::fixture, FillKind::other}},
-    {"Tables", {Surface::fixture, FillKind::other}},
+    {"Fixtures", {Surface::fixture}},
+    {"Columns", {Surface::fixture}},
+    {"Railing", {Surface::fixture}},
+    {"Shopfront", {Surface::fixture}},
+    {"Soil", {Surface::fixture}},
+    {"Tables", {Surface::fixture}},
     {"Green", {Surface::place, FillKind::green}},
     {"Lawn", {Surface::place, FillKind::green}},
     {"Leaves", {Surface::place, FillKind::green}},
-};
+}};
 
 class Roles {
  public:
@@ -53,36 +59,32 @@ class Roles {
 
   ShapeRole roleOf(const scene::Node& shape) const {
     const std::string name = shape.name().value_or("");
-    if (const auto common = commonRoles.find(name); common != commonRoles.end())
-      return common->second;
+    const auto common = std::find_if(commonRoles.begin(), commonRoles.end(),
+                                     [&](const NamedRole& each) { return each.name == name; });
+    if (common != commonRoles.end()) return common->role;
     if (connectors_.count(name) > 0) return {Surface::place, FillKind::vertical};
-    if (const auto kind = kindOfPlace(name)) return {Surface::place, *kind};
-    const FillKind kind = fillKindOf(words_.kindOf(name));
-    if (!polygonNamed(name) && kind != FillKind::other) return {Surface::place, kind};
+    const FillKind kind = kindOf(name);
     const double top = shape.position().z + shape.boundingBox().max.z;
     const bool isBelowNodes = nodeHeight_ && top < *nodeHeight_;
-    return {isBelowNodes ? Surface::walkable : Surface::place, FillKind::other};
+    return {kind == FillKind::other && isBelowNodes ? Surface::walkable : Surface::place, kind};
   }
 
  private:
-  const Polygon* polygonNamed(const std::string& name) const {
-    if (!venue_.polygonDictionary) return nullptr;
-    const auto entry = venue_.polygonDictionary->find(name);
-    return entry == venue_.polygonDictionary->end() ? nullptr : entry->second.get();
+  FillKind kindOf(const std::string& name) const {
+    if (venue_.polygonDictionary)
+      if (const auto polygon = venue_.polygonDictionary->find(name);
+          polygon != venue_.polygonDictionary->end())
+        return kindOf(*polygon->second);
+    const auto place = places_.find(name);
+    return fillKindOf(place == places_.end() ? words_.kindOf(name) : words_.kindOf(*place->second));
   }
 
-  // Nothing if the shape belongs to no place. Of several places, the first one of a known kind
-  // decides.
-  std::optional<FillKind> kindOfPlace(const std::string& name) const {
-    std::optional<FillKind> kind;
-    if (const Polygon* const polygon = polygonNamed(name)) {
-      for (const auto& link : polygon->locations)
-        if (const auto place = link.lock();
-            place && kind.value_or(FillKind::other) == FillKind::other)
-          kind = fillKindOf(words_.kindOf(*place));
-    } else if (const auto place = places_.find(name); place != places_.end()) {
-      kind = fillKindOf(words_.kindOf(*place->second));
-    }
+  // Of several places, the first one of a known kind decides.
+  FillKind kindOf(const Polygon& polygon) const {
+    FillKind kind = FillKind::other;
+    for (const auto& link : polygon.locations)
+      if (const auto place = link.lock(); place && kind == FillKind::other)
+        kind = fillKindOf(words_.kindOf(*place));
     return kind;
   }
 
@@ -96,11 +98,9 @@ class Roles {
 }  // namespace
 
 std::vector<ShapeRole> shapeRoles(const Map& map, const Venue& venue, const KindWords& words) {
-  const graphics::Transaction transaction;
   const Roles roles(map, venue, words);
   std::vector<ShapeRole> found;
-  for (const auto& shape : map.mapObject->children(transaction))
-    found.push_back(roles.roleOf(*shape));
+  for (const auto& shape : map.mapObject->children()) found.push_back(roles.roleOf(*shape));
   return found;
 }
 

@@ -29,8 +29,8 @@ struct ShapeRole {
 };
 
 /// Returns the roles of the children of the floor's model, in their order. Shapes of polygons have
-/// the kind of their location or connector. Shapes without a place are walkable if they lie below
-/// the nodes of the floor. The floor must have a model. Main thread.
+/// the kind of their location or connector. Shapes without a place, and places of an unknown kind,
+/// are walkable if they lie below the nodes of the floor. The floor must have a model. Main thread.
 std::vector<ShapeRole> shapeRoles(const Map& map, const Venue& venue, const KindWords& words);
 
 /// Returns the color of shapes with a role.

@@ -16,11 +16,12 @@ TEST(ShapeRoles, ComeFromPlacesConnectorsNamesAndHeights) {
   records.nodes = R"([{"id": "n1", "map": "g", "x": 0, "y": 0, "z": 0.5}])";
   records.polygons =
       R"([{"id": "p1", "map": "g"}, {"id": "p2", "map": "g"}, {"id": "p3", "map": "g"},
-                         {"id": "p4", "map": "g"}])";
+                         {"id": "p4", "map": "g"}, {"id": "p5", "map": "g"}])";
   records.vortices = R"([{"id": "x", "name": "?", "type": "?", "nodes": [],
                           "polygons": [{"id": "p2", "map": "g"}]}])";
   records.locations = R"([
       {"id": "l0", "name": "Unknown", "type": "", "polygons": [{"id": "p1"}]},
+      {"id": "l3", "name": "Foyer", "type": "", "polygons": [{"id": "p5"}]},
       {"id": "l1", "name": "Bakery", "type": "", "categories": ["c2"], "polygons": [{"id": "p1"}]},
       {"id": "l2", "name": "Stand", "type": "tenant"}])";
   const auto venue = records.load();
@@ -33,6 +34,7 @@ TEST(ShapeRoles, ComeFromPlacesConnectorsNamesAndHeights) {
       {"p2", 2, {Surface::place, FillKind::vertical}},
       {"p3", 0.4, {Surface::walkable, FillKind::other}},
       {"p4", 2, {Surface::place, FillKind::other}},
+      {"p5", 0.4, {Surface::walkable, FillKind::other}},
       {"Ground", 0, {Surface::slab, FillKind::other}},
       {"Opening", 0, {Surface::backdrop, FillKind::other}},
       {"Walls", 3, {Surface::wall, FillKind::other}},
