@@ -97,6 +97,7 @@ TEST_F(MapStyleTest, StylesNewModelsAndScenesAndLeavesNoTrace) {
   EXPECT_NE(cafe(), former);
   const auto fill = style->theme()->fill(FillKind::shop);
   EXPECT_TRUE(shows(inCafe, fill));
+  EXPECT_EQ(shown.floor(1)->mapObject->childNode("loft")->displayColor(), fill);
 
   view.sceneView->setBackgroundColor(graphics::colors::yellow);
   auto other = MapView::make({{0, 0}, {100, 100}});
