@@ -65,7 +65,9 @@ void check(const std::vector<LoadFailure>& failures, const std::vector<std::stri
 }  // namespace
 
 void showDiagnostics(const ConnectionOptions& options) {
-  foundation::setDiagnosticSink([quiet = options.quiet](std::string_view line) {
+  // The lines are meant for developers. On a terminal they would hide the progress.
+  const bool quiet = options.quiet || ProgressLine::standardError().isShown();
+  foundation::setDiagnosticSink([quiet](std::string_view line) {
     if (!quiet) ProgressLine::standardError().note(line);
   });
 }
