@@ -10,7 +10,7 @@ constexpr double heightTolerance = 1e-3;  // scene units
 
 bool liesOn(const FloorArea& other, const FloorArea& area) {
   if (!other.middle || !other.bounds.intersects(area.bounds)) return false;
-  if (other.isOpening) return true;
+  if (other.surface == ShapeRole::Surface::backdrop) return true;
   return other.area.size < area.area.size &&
          other.area.height >= area.area.height - heightTolerance &&
          area.area.contains(other.middle->point);
@@ -24,9 +24,7 @@ FloorAreas::FloorAreas(const FloorRecords& records) {
     made.area = areaOf(*shape.geometry);
     made.bounds = made.area.bounds();
     made.middle = labelAnchor(made.area);
-    made.isOpening = shape.isOpening;
-    made.isWalkable =
-        records.lowestNode && shape.geometry->boundingBox().max.z < *records.lowestNode;
+    made.surface = shape.surface;
     indices_[shape.name] = areas_.size();
     areas_.push_back(std::move(made));
   }

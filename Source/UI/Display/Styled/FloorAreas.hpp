@@ -18,8 +18,7 @@ struct FloorArea {
   LabelArea area;                     ///< may be empty
   graphics::Rect bounds;              ///< of the area
   std::optional<LabelAnchor> middle;  ///< of the area, without regard to what lies on it
-  bool isOpening = false;
-  bool isWalkable = false;  ///< its shape lies below the nodes of the floor
+  ShapeRole::Surface surface = ShapeRole::Surface::place;
 };
 
 /// The areas of a floor. Immutable; any thread.

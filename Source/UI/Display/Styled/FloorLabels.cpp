@@ -125,7 +125,7 @@ class FloorLabeling {
   AreaRaster raster() const {
     std::vector<std::size_t> order;
     for (std::size_t i = 0; i < areas_.all().size(); ++i)
-      if (!areas_.all()[i].isWalkable && !areas_.all()[i].isOpening) order.push_back(i);
+      if (areas_.all()[i].surface == ShapeRole::Surface::place) order.push_back(i);
     std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
       return areas_.all()[left].area.size > areas_.all()[right].area.size;
     });

@@ -1,10 +1,8 @@
 #include "Source/UI/Display/Styled/FloorRecords.hpp"
 
 #include <algorithm>
-#include <unordered_set>
 #include <utility>
 
-#include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Guidance/LabelName.hpp"
@@ -28,10 +26,6 @@ class FloorCopying {
 
   FloorRecords run() {
     records_.unitsPerMeter = guidance::unitsPerMeterOf(venue_);
-    if (venue_.nodes)
-      for (const auto& node : *venue_.nodes)
-        if (node->map.get() == &floor_)
-          records_.lowestNode = std::min(records_.lowestNode.value_or(node->z), node->z);
     if (venue_.locations)
       for (const auto& place : *venue_.locations) addPlace(place);
     if (venue_.vortices)
@@ -45,9 +39,9 @@ class FloorCopying {
     if (!isOnFloor(*place, floor_)) return;
     PlaceRecord& record = add(place);
     for (const auto& polygon : place->polygons)
-      if (polygon->map.get() == &floor_) addShape(record, polygon->id.value_or(""));
+      if (polygon->map.get() == &floor_) record.shapes.push_back(polygon->id.value_or(""));
     // Shapes that are no polygons may have the names of places.
-    if (place->polygons.empty()) addShape(record, place->name.value_or(""));
+    if (place->polygons.empty()) record.shapes.push_back(place->name.value_or(""));
   }
 
   // The joined record of a connector has no polygons.
@@ -55,7 +49,7 @@ class FloorCopying {
     if (!isOnFloor(*connector, floor_)) return;
     PlaceRecord& record = add(connector);
     for (const RawData& polygon : connector->_data["polygons"].arrayValue())
-      addShape(record, polygon["id"].stringValue());
+      record.shapes.push_back(polygon["id"].stringValue());
   }
 
   PlaceRecord& add(const std::shared_ptr<Location>& place) {
@@ -68,25 +62,17 @@ class FloorCopying {
     return records_.places.back();
   }
 
-  void addShape(PlaceRecord& record, std::string name) {
-    wanted_.insert(name);
-    record.shapes.push_back(std::move(name));
-  }
-
   void addShapes() {
-    const graphics::Transaction transaction;
-    for (const auto& shape : floor_.mapObject->children(transaction)) {
-      const std::string name = shape->name().value_or("");
-      const auto geometry = shape->geometry();
-      const bool isOpening = name == "Opening";
-      if (geometry && (isOpening || isPolygon(name) || wanted_.count(name) > 0))
-        records_.shapes.push_back({name, geometry, isOpening});
-    }
+    const std::vector<ShapeRole> roles = shapeRoles(floor_, venue_, words_);
+    const auto shapes = floor_.mapObject->children();
+    for (std::size_t i = 0; i < shapes.size(); ++i)
+      if (const auto geometry = shapes[i]->geometry(); geometry && canBearNames(roles[i].surface))
+        records_.shapes.push_back({shapes[i]->name().value_or(""), geometry, roles[i].surface});
   }
 
-  bool isPolygon(const std::string& name) const {
-    return venue_.polygonDictionary &&
-           venue_.polygonDictionary->find(name) != venue_.polygonDictionary->end();
+  static bool canBearNames(ShapeRole::Surface surface) {
+    return surface == ShapeRole::Surface::place || surface == ShapeRole::Surface::walkable ||
+           surface == ShapeRole::Surface::backdrop;
   }
 
   const Venue& venue_;
@@ -94,7 +80,6 @@ class FloorCopying {
   const KindWords& words_;
   LabelNames names_;
   FloorRecords records_;
-  std::unordered_set<std::string> wanted_;  // the shapes of places
 };
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "Platform/Graphics/Vector.hpp"
 #include "Platform/Scene/Geometry.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/UI/Display/Styled/ShapeRoles.hpp"
 #include "Source/UI/Style/KindWords.hpp"
 #include "Source/UI/Style/PlaceKind.hpp"
 
@@ -25,11 +26,11 @@ struct PlaceRecord {
   std::optional<graphics::Vector3> entry;  ///< its first node on the floor, scene units
 };
 
-/// A shape of the floor that is a polygon, a place or an opening.
+/// A shape of the floor on which a name can lie.
 struct ShapeRecord {
   std::string name;
-  std::shared_ptr<const scene::Geometry> geometry;  ///< never null
-  bool isOpening = false;                           ///< an opening to the floor below
+  std::shared_ptr<const scene::Geometry> geometry;         ///< never null
+  ShapeRole::Surface surface = ShapeRole::Surface::place;  ///< place, walkable or backdrop
 };
 
 /// The places and shapes of a floor.
@@ -37,7 +38,6 @@ struct FloorRecords {
   std::vector<PlaceRecord> places;      ///< locations, then connectors, in the venue's order
   std::vector<ShapeRecord> shapes;      ///< in the model's order; empty without a model
   std::optional<double> unitsPerMeter;  ///< nothing if the venue does not state its scale
-  std::optional<double> lowestNode;     ///< the least height of the floor's nodes, scene units
 };
 
 /// Copies the records of a floor of a loaded venue. `words` determine the kinds. Main thread.
