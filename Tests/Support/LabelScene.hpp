@@ -27,7 +27,8 @@ class LabelScene {
     for (int i = 0; i < 2000; ++i) {
       PlaceLabel label;
       label.rank = ranks[random() % ranks.size()] + upTo(14);
-      label.scales = scalesOf(label.rank);
+      const ZoomStep step = MapTheme::light()->zoomStep(label.rank);
+      label.scales = {step.iconFrom, step.nameFrom};
       const double width = 6 + 7 * (4 + upTo(14));
       label.names = {{width, 20}, {6 + width / 2, 34}, {12 + width / 3, 48}};
       const graphics::Point middle{(i % 50) * 8.0 + upTo(3), static_cast<int>(i / 50) * 7.0};
@@ -84,12 +85,6 @@ class LabelScene {
   std::vector<PlaceLabel> labels;
 
  private:
-  // Those of the built-in themes.
-  static LabelScales scalesOf(double rank) {
-    const ZoomStep step = MapTheme::light()->zoomStep(rank);
-    return {step.iconFrom, step.nameFrom};
-  }
-
   std::vector<graphics::Point> anchors_;
   std::vector<ProjectedPlace> places_;
   std::vector<graphics::Rect> marks_;

@@ -12,7 +12,7 @@
 
 namespace orivanta {
 
-/// The scales from which on a label is shown, in points per meter.
+/// The scales from which on a label is shown, in points per meter; 0 to show it at any scale.
 struct LabelScales {
   double symbol = 0;  ///< for the icon or the dot
   double name = 0;    ///< for the name

@@ -119,11 +119,11 @@ Triangles joined(Triangles first, const Triangles& second) {
 }
 
 TEST(LabelRoom, AreasOfShapesAreTheirFloors) {
-  const Triangles block = facesAt({box(0, 0, 4, 2)}, 3);
-  Triangles odd = block;  // with a side, a face down and a corner that is not a number
-  odd.push_back({{{0, 0, 0}, {4, 0, 0}, {4, 0, 3}}});
-  odd.push_back({{{4, 2, 9}, {4, 0, 9}, {0, 0, 9}}});
-  odd.push_back({{{0, 0, 9}, {4, 0, 9}, {4, std::numeric_limits<float>::quiet_NaN(), 9}}});
+  // The top of a block with a side, a face down and a corner that is not a number.
+  Triangles block = facesAt({box(0, 0, 4, 2)}, 3);
+  block.push_back({{{0, 0, 0}, {4, 0, 0}, {4, 0, 3}}});
+  block.push_back({{{4, 2, 9}, {4, 0, 9}, {0, 0, 9}}});
+  block.push_back({{{0, 0, 9}, {4, 0, 9}, {4, std::numeric_limits<float>::quiet_NaN(), 9}}});
   // Walls of 0.5 around a floor of 6 by 4, which continues below them.
   const Triangles walled = joined(
       facesAt({box(0, 0, 6, 4)}, 1),
@@ -150,7 +150,6 @@ TEST(LabelRoom, AreasOfShapesAreTheirFloors) {
   };
   for (const Case& tested :
        std::vector<Case>{{"block", block, 8, 3, 4, {2, 1}, {5, 1}, 1},
-                         {"odd faces", odd, 8, 3, 4, {2, 1}, {5, 1}, 1},
                          {"room with walls", walled, 24, 1, 4, {0.2, 0.2}, {-0.1, 1}, 2},
                          {"stairs", stairs, 10, 2, 12, {2.5, 1}, {5.5, 1}, 1},
                          {"ramp", ramp, 12, 1.5, 4, {3, 1}, {7, 1}, 1},
