@@ -80,6 +80,22 @@ TEST(Text, LongTextBreaksAndEndsInAnEllipsis) {
   EXPECT_LT(picture("iiiiiiiiii", {.maximumWidth = 20, .maximumLines = 1})->height(), 40U);
 }
 
+TEST(Text, MeasuredLinesAreThoseOfThePicture) {
+  const std::string words = "One two three four five six";
+  for (const TextStyle& style :
+       {TextStyle{}, TextStyle{.fontSize = 20, .bold = true}, TextStyle{.maximumWidth = 80},
+        TextStyle{.maximumWidth = 80, .maximumLines = 2}, TextStyle{.outlineWidth = 3}}) {
+    TextStyle whole = style;
+    whole.wholeLines = true;
+    whole.outlineWidth = 0;
+    const auto image = picture(words, whole);
+    const Size size = measureText(words, style);
+    EXPECT_NEAR(size.width, image->size().width, 3.0);
+    EXPECT_NEAR(size.height, image->size().height, 1.0);
+  }
+  EXPECT_EQ(measureText("a", {.fontSize = -1}), Size());
+}
+
 TEST(Text, BrokenBytesAndControlCharactersHaveStandIns) {
   expectSamePictures(*picture("a\xFF\xC3z"), *picture("a\uFFFD\uFFFDz"));
   expectSamePictures(*picture({"a\0z", 3}), *picture("a\uFFFDz"));
