@@ -147,7 +147,8 @@ TEST(Sheet, RemovedImagesAreLeftOutAndTheirSpaceShowsOthers) {
   EXPECT_EQ(pixelOf(*studio.draw(root), 5, 5)[3], 0);
   const SheetPlace place = add(200);
   EXPECT_EQ(pixelOf(*studio.draw(root), 5, 5)[3], 0);
-  sheet->remove(pieces[0].place);  // does not remove the new image
+  sheet->remove(pieces[0].place);
+  sheet->remove({1, 1, 2, 2, place.serial});  // of another sheet
   pieces[0].place = place;
   EXPECT_EQ(pixelOf(*studio.draw(root), 5, 5)[3], 200);
   EXPECT_FALSE(root.needsFrame());
