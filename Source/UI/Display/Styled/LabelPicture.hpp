@@ -23,7 +23,7 @@ struct LabelPicture {
   };
 
   Form form = Form::name;               ///< what is drawn
-  std::string text;                     ///< of a name; its lines end with line breaks
+  std::string text;                     ///< of a name; its lines are separated by line breaks
   double size = 0;                      ///< points: font size of a name, width of others
   PlaceKind kind = PlaceKind::other;    ///< of an icon or a dot
   IconState state = IconState::normal;  ///< of an icon
