@@ -99,6 +99,11 @@ void Node::setCastsShadow(bool castsShadow) { swapGuarded(castsShadow_, castsSha
 bool Node::isHidden() const { return read(hidden_); }
 void Node::setHidden(bool hidden) { swapGuarded(hidden_, hidden); }
 
+std::optional<graphics::Color> Node::displayColor() const { return read(displayColor_); }
+void Node::setDisplayColor(std::optional<graphics::Color> color) {
+  swapGuarded(displayColor_, color);
+}
+
 std::vector<std::shared_ptr<ParticleSystem>> Node::particleSystems() const {
   return read(particleSystems_);
 }
