@@ -149,8 +149,7 @@ std::shared_ptr<const Image> makeTextImage(std::string_view text, const TextStyl
 
 Size measureText(std::string_view text, const TextStyle& style) {
   if (!canBeDrawn(style, 1.0)) return {};
-  // Making a layout takes longer than measuring a name.
-  thread_local const Owned<PangoContext> context(
+  const Owned<PangoContext> context(
       pango_font_map_create_context(pango_cairo_font_map_get_default()));
   const Owned<PangoLayout> layout(pango_layout_new(context.get()));
   setText(*layout, presentable(text), style, Image::maximumSide - 2 * style.outlineWidth);
