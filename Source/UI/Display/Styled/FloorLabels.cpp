@@ -101,13 +101,14 @@ class FloorLabeling {
   }
 
   void setNames(PlaceLabel& label, LabelSource& source, const std::string& name) const {
-    const graphics::TextStyle style = nameStyle(theme_, label.rank);
+    const graphics::TextStyle style = nameStyle(theme_, theme_.nameSize(label.rank));
     source.names =
         labelLines(name, [&](std::string_view text) { return measure_(text, style).width; });
     for (const LabelLines& lines : source.names) {
       const graphics::Size size = measure_(joined(lines.lines), style);
+      // The lines are higher than their glyphs: half of the halo lies above and below them.
       label.names.push_back(
-          {size.width + 2 * style.outlineWidth, size.height + 2 * style.outlineWidth});
+          {size.width + 2 * style.outlineWidth, size.height + style.outlineWidth});
     }
   }
 
@@ -151,10 +152,10 @@ class FloorLabeling {
 
 }  // namespace
 
-graphics::TextStyle nameStyle(const MapTheme& theme, double rank) {
+graphics::TextStyle nameStyle(const MapTheme& theme, double fontSize) {
   graphics::TextStyle style;
   style.fontFamily = theme.fontFamily;
-  style.fontSize = theme.nameSize(rank);
+  style.fontSize = fontSize;
   style.color = theme.colors.text;
   style.outlineColor = theme.colors.halo;
   style.outlineWidth = theme.sizes.halo;

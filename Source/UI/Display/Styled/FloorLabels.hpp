@@ -41,8 +41,8 @@ struct FloorLabels {
   double unitsPerMeter = 1;  ///< scene units; estimated if the venue does not state its scale
 };
 
-/// Returns the style of names of a rank: the font, its size, the halo and the colors.
-graphics::TextStyle nameStyle(const MapTheme& theme, double rank);
+/// Returns the style of names of a font size, in points: the font, the halo and the colors.
+graphics::TextStyle nameStyle(const MapTheme& theme, double fontSize);
 
 /// Makes the labels of a floor. A name is centered in the largest area of its place on the floor.
 /// Places without an area are labeled at their first node, and are left out if they have none. The
@@ -55,6 +55,6 @@ graphics::TextStyle nameStyle(const MapTheme& theme, double rank);
 /// If the venue does not state its scale, the side of the median area is taken as 5 meters. Any
 /// thread; takes up to some tenths of a second.
 FloorLabels makeFloorLabels(const FloorRecords& records, const MapTheme& theme,
-                            const TextMeasure& measure);
+                            const TextMeasure& measure = graphics::measureText);
 
 }  // namespace orivanta

@@ -123,8 +123,8 @@ TEST(FloorLabels, ScalesAndSizesAreThoseOfTheTheme) {
   const FloorLabels labels = floor.labels(theme);
   EXPECT_EQ(labels.labels[0].scales.name, 2);
   EXPECT_EQ(labels.labels[2].scales.symbol, 7);
-  EXPECT_EQ(labels.labels[0].names.front(), (graphics::Size{54, 24}));
-  EXPECT_EQ(labels.labels[2].names.front(), (graphics::Size{29, 14})) << "a small name";
+  EXPECT_EQ(labels.labels[0].names.front(), (graphics::Size{54, 22}));
+  EXPECT_EQ(labels.labels[2].names.front(), (graphics::Size{29, 12})) << "a small name";
   EXPECT_EQ(labels.labels[1].symbolSize, 30);
   EXPECT_NEAR(labels.unitsPerMeter, 30 / 5.0, 1e-6) << "the median side of three rooms";
   EXPECT_EQ(nameStyle(theme, 50).outlineColor, theme.colors.halo);
