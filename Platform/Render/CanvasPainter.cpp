@@ -85,7 +85,7 @@ void CanvasPainter::draw(view::SceneView& view, const graphics::Rect& rect) {
   const auto& half = quad.vertex.halfSize;
   if (!(half[0] > 0 && half[1] > 0)) return;
   quad.vertex.color = multiplied(graphics::colors::white, alpha_);
-  scenes.push_back({gatherer_.gather(view, time_),
+  scenes.push_back({gatherer_.gather(view, time_, scale_),
                     static_cast<std::uint32_t>(std::max(1L, std::lround(2 * half[0]))),
                     static_cast<std::uint32_t>(std::max(1L, std::lround(2 * half[1])))});
   quads.push_back(std::move(quad));
