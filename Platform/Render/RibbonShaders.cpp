@@ -123,9 +123,10 @@ vec3 routeColor() {
   float middle = abs(across);
   float reachInside = reach - casingWidth * pixelsPerPoint;
   float unitsPerPixel = max(length(vec2(dFdx(way), dFdy(way))), 1e-9);
-  float ahead = covered((passedTo - way) / unitsPerPixel);
+  bool isEnd = unitsPerPixel < 1e-8;
+  float ahead = isEnd ? step(passedTo, way) : covered((passedTo - way) / unitsPerPixel);
   vec3 inside = mix(passed, tint.rgb, ahead);
-  if (arrows.x > 0.0 && unitsPerPixel > 1e-8)
+  if (arrows.x > 0.0 && !isEnd)
     inside = mix(inside, casing, ahead * arrowAt(middle, reachInside, unitsPerPixel));
   return mix(casing, inside, covered(middle - reachInside));
 }

@@ -28,7 +28,7 @@ struct RouteRibbon {
   graphics::Color casing{};   ///< the color of both margins and of the arrows
   graphics::Color passed{};   ///< the color of the passed part
   float casingWidth = 1.5F;   ///< points on each side, outside of the line
-  float passedTo = 0.0F;      ///< the distance up to which the route is passed
+  float passedTo = -1e30F;    ///< the distance up to which the route is passed; nothing at first
   float arrowSpacing = 0.0F;  ///< from one arrow to the next; 0 for no arrows
   float arrowPhase = 0.0F;    ///< the distance of one arrow
   float hiddenAlpha = 0.35F;  ///< opacity of the parts behind opaque shapes, from 0 to 1
