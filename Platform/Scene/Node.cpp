@@ -99,6 +99,11 @@ void Node::setCastsShadow(bool castsShadow) { swapGuarded(castsShadow_, castsSha
 bool Node::isHidden() const { return read(hidden_); }
 void Node::setHidden(bool hidden) { swapGuarded(hidden_, hidden); }
 
+std::optional<graphics::Color> Node::displayColor() const { return read(displayColor_); }
+void Node::setDisplayColor(std::optional<graphics::Color> color) {
+  swapGuarded(displayColor_, color);
+}
+
 float Node::opacity() const { return read(opacity_); }
 void Node::setOpacity(float opacity) {
   opacity = std::clamp(opacity, 0.0F, 1.0F);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Graphics/Vector.hpp"
 #include "Platform/Scene/Fwd.hpp"
@@ -61,6 +62,13 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   void setCastsShadow(bool castsShadow);  ///< whether the geometry casts a shadow
   bool isHidden() const;                  ///< includes all descendants; false until set
   void setHidden(bool hidden);            ///< with everything below
+
+  /// Returns the color that replaces the colors and images of all materials when the node is drawn,
+  /// or nothing if the materials are drawn unchanged. Does not apply to descendants.
+  std::optional<graphics::Color> displayColor() const;
+
+  /// Sets or removes the color. The opacities of the materials still apply.
+  void setDisplayColor(std::optional<graphics::Color> color);
 
   /// Returns the opacity of the node with all descendants, 1 until set. They are blended as one
   /// with what is behind them: opaque parts of the node do not show through each other, except
@@ -140,6 +148,7 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   std::vector<std::shared_ptr<ParticleSystem>> particleSystems_;
   std::vector<std::shared_ptr<Node>> children_;
   Node* parent_ = nullptr;
+  std::optional<graphics::Color> displayColor_;
   bool castsShadow_ = true;
   bool hidden_ = false;
   float opacity_ = 1.0F;
