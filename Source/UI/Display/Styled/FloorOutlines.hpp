@@ -28,7 +28,7 @@ std::vector<OutlinedShape> outlinedShapes(const scene::Node& floor,
 /// the surfaces on both sides of an edge. Places are outlined on all sides, with gaps where their
 /// walls have some. Walkable areas, slabs and openings are outlined where they do not border on
 /// a place or on their like. Walls that belong to no place and fixtures have no outlines.
-/// `unitsPerMeter`: of the floor. Any thread.
+/// `unitsPerMeter`: of the floor, greater than 0. Any thread.
 std::shared_ptr<const scene::Ribbons> makeOutlines(std::span<const OutlinedShape> shapes,
                                                    double unitsPerMeter);
 

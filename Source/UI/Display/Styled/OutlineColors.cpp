@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "Source/UI/Style/ColorMeasures.hpp"
+
 namespace orivanta {
 
 namespace {
@@ -13,10 +15,22 @@ graphics::Color fillOf(OutlineSurface surface, const MapTheme& theme) {
   return surface == outlineSurface::slab ? theme.colors.slab : theme.colors.backdrop;
 }
 
+// The one of the outlines of two fills that differs more from the other fill.
+graphics::Color faintOutline(const graphics::Color& first, const graphics::Color& second,
+                             const MapTheme& theme) {
+  const auto outlineOf = [&](const graphics::Color& fill) {
+    return mixedToContrast(fill, theme.colors.outline, theme.walkableOutlineContrast);
+  };
+  const graphics::Color ofFirst = outlineOf(first);
+  const graphics::Color ofSecond = outlineOf(second);
+  return contrastOf(ofFirst, second) > contrastOf(ofSecond, first) ? ofFirst : ofSecond;
+}
+
 scene::RibbonColor colorBetween(OutlineSurface first, OutlineSurface second,
                                 const MapTheme& theme) {
   if (!outlineSurface::isPlace(first) && !outlineSurface::isPlace(second))
-    return {theme.walkableOutline(), static_cast<float>(theme.sizes.walkableOutline)};
+    return {faintOutline(fillOf(first, theme), fillOf(second, theme), theme),
+            static_cast<float>(theme.sizes.walkableOutline)};
   return {theme.outlineBetween(fillOf(first, theme), fillOf(second, theme)),
           static_cast<float>(theme.sizes.outline)};
 }

@@ -59,7 +59,7 @@ const Face* largestLevel(std::span<const Face> faces) {
 class Boundary {
  public:
   void add(const LabelTriangle& corners) {
-    for (std::size_t i = 0; i < 3; ++i) add({corners[i], corners[(i + 1) % 3]});
+    for (std::size_t i = 0; i < 3; ++i) addEdge({corners[i], corners[(i + 1) % 3]});
   }
 
   std::vector<ShapeEdge> edges() const {
@@ -71,7 +71,7 @@ class Boundary {
  private:
   using Key = std::tuple<float, float, float, float>;
 
-  void add(const ShapeEdge& edge) {
+  void addEdge(const ShapeEdge& edge) {
     const auto& [from, to] = edge;
     if (const auto opposite = edges_.find(Key(to.x, to.y, from.x, from.y));
         opposite != edges_.end())

@@ -59,7 +59,10 @@ TopSurfaces::TopSurfaces(std::span<const TopFace> faces, double least) : faces_(
   Extent x;
   Extent y;
   for (const TopFace& face : faces)
-    for (const graphics::Vector3& corner : face.corners) x.add(corner.x), y.add(corner.y);
+    for (const graphics::Vector3& corner : face.corners) {
+      x.add(corner.x);
+      y.add(corner.y);
+    }
   left_ = x.low;
   bottom_ = y.low;
   const double width = x.high - x.low;
@@ -107,6 +110,7 @@ TopSurfaces::Seen TopSurfaces::at(const graphics::Point& point, std::uint32_t sh
   double highest = std::numeric_limits<double>::lowest();
   for (std::uint32_t i = firsts_[cell]; i < firsts_[cell + 1]; ++i) {
     const TopFace& face = faces_[entries_[i]];
+    ++seen.examined;
     const auto height = heightAt(face.corners, point);
     if (!height) continue;
     if (face.shape == shape) {

@@ -29,6 +29,7 @@ class TopSurfaces {
   struct Seen {
     bool isOwn = false;                  ///< whether a face of the shape itself lies there
     std::optional<std::uint32_t> other;  ///< the highest other shape; the last one of equals
+    std::size_t examined = 0;            ///< how many faces were examined
   };
   Seen at(const graphics::Point& point, std::uint32_t shape) const;
 

@@ -15,7 +15,7 @@
 namespace orivanta::test {
 namespace {
 
-using graphics::Vector3;
+using graphics::Color;
 using Surface = ShapeRole::Surface;
 
 constexpr ShapeRole shop{Surface::place, FillKind::shop};
@@ -102,9 +102,9 @@ TEST(FloorOutlines, FollowTheTopsOfWallsAndLeaveDoorsOpen) {
   const OutlinedShape room = make(shop, {{0, 0, 10, 10, 0, 0.1F},
                                          {0, 0, 0.2, 10},
                                          {9.8, 0, 10, 10},
-                                         {0, 9.8, 10, 10},
-                                         {0, 0, 3, 0.2},
-                                         {7, 0, 10, 0.2}});
+                                         {0.2, 9.8, 9.8, 10},
+                                         {0.2, 0, 3, 0.2},
+                                         {7, 0, 9.8, 0.2}});
   const auto lengths = lengthsOf({room});
   ASSERT_EQ(lengths.size(), 1U);
   EXPECT_NEAR(lengths.begin()->second, 36, 0.5);
@@ -122,15 +122,18 @@ TEST(FloorOutlines, ContrastWithBothSurfaces) {
   for (const auto& theme : {MapTheme::light(), MapTheme::dark()}) {
     const auto colors = outlineColors(*theme);
     ASSERT_EQ(colors.size(), 153U);
-    for (OutlineSurface first = 0; first < fillKindCount; ++first)
-      for (OutlineSurface second = 0; second < fillKindCount; ++second) {
+    std::vector<Color> fills(theme->colors.fills.begin(), theme->colors.fills.end());
+    fills.insert(fills.end(), {theme->colors.walkable, theme->colors.slab, theme->colors.backdrop});
+    for (OutlineSurface first = 0; first < outlineSurface::count; ++first)
+      for (OutlineSurface second = 0; second < outlineSurface::count; ++second) {
         const auto& [color, width] = colors[outlineIndex(first, second)];
+        const bool isFaint = std::min(first, second) >= fillKindCount;
+        const double least = isFaint ? theme->walkableOutlineContrast : theme->outlineContrast;
         for (const OutlineSurface surface : {first, second})
-          EXPECT_GE(contrastOf(color, theme->fill(static_cast<FillKind>(surface))), 1.85);
-        EXPECT_EQ(width, theme->sizes.outline);
+          EXPECT_GE(contrastOf(color, fills[surface]), least - 0.02);
+        EXPECT_EQ(width, static_cast<float>(isFaint ? theme->sizes.walkableOutline
+                                                    : theme->sizes.outline));
       }
-    EXPECT_EQ(colors[outlineIndex(outlineSurface::slab, outlineSurface::walkable)].color,
-              theme->walkableOutline());
   }
 }
 
