@@ -116,7 +116,7 @@ void CanvasPainter::draw(view::SceneView& view, const graphics::Rect& rect) {
   if (isEmpty(quad.vertex)) return;
   const auto& half = quad.vertex.halfSize;
   quad.vertex.color = multiplied(graphics::colors::white, alpha_);
-  scenes.push_back({gatherer_.gather(view, time_),
+  scenes.push_back({gatherer_.gather(view, time_, scale_),
                     static_cast<std::uint32_t>(std::max(1L, std::lround(2 * half[0]))),
                     static_cast<std::uint32_t>(std::max(1L, std::lround(2 * half[1])))});
   quads.push_back(std::move(quad));
