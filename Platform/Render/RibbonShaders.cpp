@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view vertexSource = R"(
 layout(location = 0) in vec3 position;
 layout(location = 1) in vec4 directions;  // of the edges before and after the corner
-layout(location = 2) in float distance;
+layout(location = 2) in float distanceAlong;
 layout(location = 3) in ivec4 corner;     // color, side, end, across
 uniform mat4 meshToView;
 uniform mat4 viewToClip;
@@ -88,7 +88,7 @@ void main() {
     shift += own * (share * reach * at.z * at.z / pace);
   }
   across *= reach;
-  way = distance + slide;
+  way = distanceAlong + slide;
   gl_Position = viewToClip * (meshToView * vec4(position + vec3(shift, 0.0), 1.0));
 }
 )";
@@ -108,7 +108,7 @@ uniform vec2 arrows;  // spacing and phase
 out vec4 color;
 
 // How much of a pixel lies inside of an edge at a distance in pixels, which is negative inside.
-float covered(float distance) { return clamp(0.5 - distance, 0.0, 1.0); }
+float covered(float beyond) { return clamp(0.5 - beyond, 0.0, 1.0); }
 
 #ifdef ROUTE
 // An arrowhead of two strokes that points onward and fills the line between the casings.
