@@ -14,10 +14,14 @@
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/Polygon.hpp"
+#include "Source/UI/Display/MapStyle.hpp"
+#include "Source/UI/Display/Styled/MapTaps.hpp"
+#include "Source/UI/Display/Styled/StyledMap.hpp"
 #include "Source/UI/Parts/MapViewParts.hpp"
 #include "Source/UI/Printed.hpp"
 #include "Source/UI/ScenePosition.hpp"
 #include "Source/Venue.hpp"
+#include "Source/Vortex.hpp"
 
 namespace orivanta {
 
@@ -41,6 +45,14 @@ std::shared_ptr<scene::Node> floorNode(const MapView& view) {
   return children.empty() ? nullptr : children.front();
 }
 
+// Connectors have no polygon, and are not told to `placeTapped`, as if their shapes were tapped.
+void tellLabelTapped(const MapView& view, const HitPlace& hit) {
+  if (const auto receiver = view.delegate.lock())
+    hit.polygon ? receiver->polygonSelected(hit.polygon) : receiver->nothingSelected();
+  const bool isConnector = std::dynamic_pointer_cast<Vortex>(hit.place) != nullptr;
+  if (const auto told = view.placeTapped) told(isConnector ? nullptr : hit.place);
+}
+
 bool hasMaterialNamed(const scene::Node& shape, const std::string& name) {
   const auto geometry = shape.geometry();
   if (!geometry) return false;
@@ -53,7 +65,16 @@ bool hasMaterialNamed(const scene::Node& shape, const std::string& name) {
 void MapView::sceneTapped(const view::TapGestureRecognizer& recognizer) {
   const graphics::Point point = recognizer.location(*this);
   diagnostic("tap location: " + printed(point));
-  selectPolygonAt(point);
+  const StyledMap* const styled = this->styled();
+  if (styled == nullptr || styled->labels().view() == nullptr) return selectPolygonAt(point);
+  const auto style = parts_->style;  // a callback may remove it
+  const HitPlace hit = hitPlace(*this, *styled->labels().view(), point);
+  const MapTap tap{hit.place, currentMap()};
+  if (hit.isLabel)
+    tellLabelTapped(*this, hit);
+  else
+    selectPolygonAt(point);
+  if (const auto tapped = style->tapped) tapped(tap);
 }
 
 void MapView::selectPolygonAt(graphics::Point point) {

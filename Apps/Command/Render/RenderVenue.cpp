@@ -74,7 +74,7 @@ struct Overlays {
     if (!contents.path.empty())
       route = std::make_unique<RouteOverlay>(mapView, contents.path, contents.from.location,
                                              contents.to.location);
-    if (!options.labels) return;
+    if (!options.labels || mapView->style()) return;
     labels = std::make_unique<LabelLayer>(mapView, options.scale);
     auto marked = contents.pinned;
     for (const RouteEnd* end : {&contents.from, &contents.to})
@@ -251,7 +251,11 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   const Contents contents = findContents(*venue, options);
 
   Stage stage(size, options.scale);
-  if (theme) stage.mapView()->setStyle(MapStyle::make(theme));
+  if (theme) {
+    const auto style = MapStyle::make(theme);
+    style->setStill(options.frames == 0);
+    stage.mapView()->setStyle(style);
+  }
   attribute(stage, *venue, size, options);
   const auto floors = stage.load(venue, contents.floors);
   for (const Highlight& highlight : contents.highlights)

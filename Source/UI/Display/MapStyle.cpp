@@ -21,4 +21,14 @@ void MapStyle::setTheme(std::shared_ptr<const MapTheme> theme) {
 
 const std::shared_ptr<const MapTheme>& MapStyle::theme() const { return styled_->theme(); }
 
+void MapStyle::setStill(bool isStill) { styled_->labels().setStill(isStill); }
+
+void MapStyle::setCovered(std::vector<graphics::Rect> covered) {
+  styled_->labels().setCovered(std::move(covered));
+}
+
+bool MapStyle::isReady() const { return styled_->isReady(); }
+
+void MapStyle::finish() { styled_->finish(); }
+
 }  // namespace orivanta

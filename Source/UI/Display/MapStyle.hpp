@@ -1,9 +1,13 @@
 // The styled look of a map view, in addition to its plain one.
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Geometry.hpp"
+#include "Source/Fwd.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta {
@@ -11,8 +15,14 @@ namespace orivanta {
 class MapView;
 class StyledMap;
 
+/// A tap on a styled map.
+struct MapTap {
+  std::shared_ptr<Location> place;  ///< a location or a connector; null if nothing was hit
+  std::shared_ptr<Map> floor;       ///< the floor that is shown; null if there is none
+};
+
 /// Draws the floors of a map view in the colors of a theme: places by their kind, with brighter
-/// light and weaker shadows. Pass it to `MapView::setStyle`. The materials of the models do not
+/// light and weaker shadows, with the names and icons of the places. Pass it to `MapView::setStyle`. The materials of the models do not
 /// change, and switching the style off restores the plain look exactly.
 ///
 /// A style belongs to at most one map view at a time. Views that show the same `Venue` object share
@@ -30,6 +40,25 @@ class ORIVANTA_API MapStyle {
 
   /// Returns the theme, which is never null.
   const std::shared_ptr<const MapTheme>& theme() const;
+
+  /// Sets whether each frame is a separate picture: names and icons are placed anew and neither
+  /// fade nor wait for their images. Call `finish` before drawing. The default is false.
+  void setStill(bool isStill);
+
+  /// Sets the parts of the map view that are covered, in points. No name or icon is placed there.
+  /// Children of the map view need not be included.
+  void setCovered(std::vector<graphics::Rect> covered);
+
+  /// Returns whether the names and icons of the current floor are known. They are made in the
+  /// background and appear later than its colors. True if no floor is shown.
+  bool isReady() const;
+
+  /// Makes the names and icons of the current floor at once or waits for them.
+  void finish();
+
+  /// Called after each tap, after the delegate and `MapView::placeTapped`. Names and icons can be
+  /// tapped as well as shapes. May be empty.
+  std::function<void(const MapTap& tap)> tapped;
 
  private:
   friend class MapView;

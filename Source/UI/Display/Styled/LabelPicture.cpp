@@ -5,6 +5,7 @@
 
 #include "Platform/Graphics/Drawing.hpp"
 #include "Platform/Graphics/Text.hpp"
+#include "Source/UI/Display/Styled/FloorLabels.hpp"
 
 namespace orivanta {
 
@@ -12,14 +13,7 @@ namespace {
 
 std::shared_ptr<const graphics::Image> makeName(const LabelPicture& name, const MapTheme& theme,
                                                 double scale) {
-  graphics::TextStyle style;
-  style.fontFamily = theme.fontFamily;
-  style.fontSize = name.size;
-  style.color = theme.colors.text;
-  style.outlineColor = theme.colors.halo;
-  style.outlineWidth = theme.sizes.halo;
-  style.wholeLines = true;
-  return graphics::makeTextImage(name.text, style, scale);
+  return graphics::makeTextImage(name.text, nameStyle(theme, name.size), scale);
 }
 
 std::shared_ptr<const graphics::Image> makeDot(const LabelPicture& dot, const MapTheme& theme,

@@ -92,7 +92,9 @@ std::optional<LabelPicture> LabelPictures::State::next() {
 }
 
 void LabelPictures::State::store(const LabelPicture& picture, std::shared_ptr<const Image> image) {
-  Entry& entry = entries.at(picture);
+  const auto found = entries.find(picture);
+  if (found == entries.end() || found->second.isMade) return;  // another thread was faster
+  Entry& entry = found->second;
   entry.isMade = true;
   const bool fits = image && image->width() < sheet->side() && image->height() < sheet->side();
   if (!fits) return;
@@ -150,6 +152,25 @@ std::optional<SheetPlace> LabelPictures::find(const LabelPicture& picture) {
     state.startTask();
   }
   if (entry.image) state.place(entry);
+  return entry.place;
+}
+
+std::optional<SheetPlace> LabelPictures::findNow(const LabelPicture& picture) {
+  State& state = *state_;
+  std::unique_lock lock(state.mutex);
+  State::Entry& entry = state.entries[picture];
+  entry.lastFrame = state.frame;
+  if (!entry.isMade) {
+    std::erase_if(state.waiting, [&](const LabelPicture& each) {
+      return !(each < picture) && !(picture < each);
+    });
+    lock.unlock();
+    auto image = makeLabelImage(picture, *state.theme, state.scale);
+    lock.lock();
+    state.store(picture, std::move(image));
+  } else if (entry.image) {
+    state.place(entry);
+  }
   return entry.place;
 }
 

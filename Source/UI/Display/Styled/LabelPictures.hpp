@@ -41,6 +41,9 @@ class LabelPictures {
   /// `makeLabelImage`.
   std::optional<graphics::SheetPlace> find(const LabelPicture& picture);
 
+  /// Same as `find`, but draws the image in the calling thread if it is not there yet.
+  std::optional<graphics::SheetPlace> findNow(const LabelPicture& picture);
+
   /// Returns whether images are still being drawn.
   bool isExpecting() const;
 

@@ -22,6 +22,7 @@ void StyledMap::setTheme(std::shared_ptr<const MapTheme> theme) {
 
 void StyledMap::attach(StyleHost host) {
   host_ = std::move(host);
+  labels_.attach(*host_.view);
   restyle();
 }
 
@@ -30,12 +31,14 @@ void StyledMap::detach() {
   const graphics::Transaction transaction;
   fills_.clear();
   look_.restore(*host_.view);
+  labels_.detach();
   host_ = {};
 }
 
 void StyledMap::venueChanged() {
   const graphics::Transaction transaction;
   fills_.clear();
+  labels_.clear();
   restyle();
 }
 
@@ -46,7 +49,12 @@ void StyledMap::restyle() {
   const auto& venue = host_.view->venue;
   if (!venue || !venue->maps) return;
   for (const auto& map : *venue->maps) fills_.set(*map, *venue, *theme_);
+  labels_.show(theme_);
 }
+
+bool StyledMap::isReady() const { return labels_.isReady(); }
+
+void StyledMap::finish() { labels_.finish(); }
 
 void StyledMap::sceneStarted(std::shared_ptr<scene::Node> sun) {
   host_.sun = std::move(sun);
@@ -55,6 +63,7 @@ void StyledMap::sceneStarted(std::shared_ptr<scene::Node> sun) {
 
 void StyledMap::addFloor(const Map& map) {
   if (host_.view->venue && !fills_.contains(map)) fills_.set(map, *host_.view->venue, *theme_);
+  labels_.show(theme_);
 }
 
 void StyledMap::setHighlighted(scene::Node& shape, bool isHighlighted) {

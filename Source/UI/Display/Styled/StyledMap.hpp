@@ -7,6 +7,7 @@
 #include "Source/Fwd.hpp"
 #include "Source/UI/Display/Styled/FloorFills.hpp"
 #include "Source/UI/Display/Styled/SceneLook.hpp"
+#include "Source/UI/Display/Styled/StyledLabels.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta {
@@ -30,6 +31,12 @@ class StyledMap {
 
   /// The view that the style belongs to, or null.
   MapView* view() const { return host_.view; }
+
+  /// See `MapStyle`.
+  StyledLabels& labels() { return labels_; }
+  const StyledLabels& labels() const { return labels_; }
+  bool isReady() const;
+  void finish();
 
   // Called by the map view.
 
@@ -57,6 +64,7 @@ class StyledMap {
   StyleHost host_;
   FloorFills fills_;
   SceneLook look_;
+  StyledLabels labels_;
 };
 
 }  // namespace orivanta

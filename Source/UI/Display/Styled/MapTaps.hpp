@@ -1,0 +1,27 @@
+// What a tap on a styled map hits.
+// Private header.
+#pragma once
+
+#include <memory>
+
+#include "Platform/Graphics/Geometry.hpp"
+#include "Source/Fwd.hpp"
+
+namespace orivanta {
+
+class MapView;
+class StyleView;
+
+/// The place that a tap hits.
+struct HitPlace {
+  std::shared_ptr<Location> place;   ///< a location or a connector; null if none was hit
+  std::shared_ptr<Polygon> polygon;  ///< of a label's location on the floor; null if it has none
+  bool isLabel = false;              ///< a name or a symbol was hit, not a shape
+};
+
+/// Finds the place at a point of the view: that of a name or a symbol, else that of the nearest
+/// shape, else that of the nearest symbol within 16 points. The map view must show a floor. Main
+/// thread.
+HitPlace hitPlace(const MapView& view, const StyleView& labels, graphics::Point point);
+
+}  // namespace orivanta

@@ -1,0 +1,90 @@
+// Draws the labels of a styled map.
+// Private header.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "Platform/View/Canvas.hpp"
+#include "Platform/View/View.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/UI/Display/Styled/FloorLabels.hpp"
+#include "Source/UI/Display/Styled/LabelPictures.hpp"
+#include "Source/UI/Labels/LabelPlacement.hpp"
+
+namespace orivanta {
+
+class FloorProjection;
+class MapView;
+
+/// A view over the scene view of a map view. It receives no touches. The functions that change it
+/// are called on the main thread.
+class StyleView : public view::View {
+ public:
+  /// `map` must exist as long as the view is a child of it.
+  explicit StyleView(const MapView& map);
+  ~StyleView() override;
+
+  /// Adds the view to the map view, in front of the scene view and behind the other children.
+  void addTo(MapView& map);
+
+  /// Redraws all images if the theme has changed. Never null.
+  void setTheme(std::shared_ptr<const MapTheme> theme);
+
+  /// Replaces the labels; null removes them.
+  void setLabels(std::shared_ptr<const FloorLabels> labels);
+
+  /// If still, each frame is complete: labels neither fade nor wait for their images.
+  void setStill(bool isStill);
+
+  /// The parts of the view that other views cover, in points. Children of the map view in front of
+  /// this view are added unless they cover all of it.
+  void setCovered(std::vector<graphics::Rect> covered);
+
+  /// Returns the place whose name or symbol is at a point of the last frame, or null.
+  std::shared_ptr<Location> labelAt(graphics::Point point) const;
+
+  /// Returns the place with the nearest symbol within a distance in points, or null.
+  std::shared_ptr<Location> symbolNear(graphics::Point point, double distance) const;
+
+  /// Waits for the images that the last frame lacked.
+  void finish();
+
+  void draw(view::Canvas& canvas) override;
+  bool isAnimating() const override;
+
+ private:
+  struct Appearance {
+    double symbol = -1;  // the time when its image was first drawn; negative if it is not visible
+    double name = -1;
+  };
+
+  void choosePictures(double scale);
+  void place(const FloorProjection& projection, double time);
+  std::vector<graphics::Rect> panels() const;
+  std::vector<graphics::Rect> marks() const;
+  double shareOnOthers(const graphics::Rect& rect, std::size_t label,
+                       const FloorProjection& projection) const;
+  void addLabel(const ShownLabel& shown, double time, double scale);
+  void addPiece(const LabelPicture& picture, const graphics::Rect& rect, double opacity,
+                double& since, double time, double scale);
+
+  const MapView& map_;
+  // Changed and read under transactions.
+  std::shared_ptr<const MapTheme> theme_;
+  std::shared_ptr<const FloorLabels> labels_;  // null if there are none
+  std::vector<graphics::Rect> covered_;
+  bool isStill_ = false;
+  bool isNew_ = false;     // the labels were not drawn yet
+  bool isFading_ = false;  // an image appeared a short time ago
+  bool isDrawn_ = false;   // the last frame had labels
+  double scale_ = 0;       // of the images
+  std::shared_ptr<LabelPictures> pictures_;  // null before the first frame with labels
+  LabelPlacement placement_;
+  std::vector<ProjectedPlace> places_;
+  std::vector<Appearance> appearances_;  // of the labels
+  std::vector<std::size_t> visible_;     // in the last frame
+  std::vector<view::SheetPiece> pieces_;
+};
+
+}  // namespace orivanta

@@ -1,0 +1,105 @@
+#include "Source/UI/Display/Styled/StyledLabels.hpp"
+
+#include <boost/asio/post.hpp>
+#include <mutex>
+#include <utility>
+
+#include "Platform/Foundation/BackgroundPool.hpp"
+#include "Platform/Foundation/MainQueue.hpp"
+#include "Platform/Graphics/Transaction.hpp"
+#include "Source/Map.hpp"
+#include "Source/UI/MapView.hpp"
+#include "Source/Venue.hpp"
+
+namespace orivanta {
+
+// The making of the labels of one floor. The task in the background has a weak pointer to it, so
+// that labels that are no longer needed are not made.
+class StyledLabels::Making : public std::enable_shared_from_this<Making> {
+ public:
+  Making(FloorRecords records, std::shared_ptr<const MapTheme> theme)
+      : records_(std::move(records)), theme_(std::move(theme)) {}
+
+  /// `made` is called on the main thread, unless this object no longer exists.
+  void start(std::function<void()> made) {
+    boost::asio::post(foundation::backgroundPool(),
+                      [weak = weak_from_this(), made = std::move(made)] {
+                        if (const auto self = weak.lock()) self->result();
+                        foundation::mainQueue::async([weak, made] {
+                          if (!weak.expired()) made();
+                        });
+                      });
+  }
+
+  /// Makes the labels, or waits until another thread has made them. Any thread.
+  std::shared_ptr<const FloorLabels> result() {
+    std::call_once(once_, [this] {
+      labels_ = std::make_shared<const FloorLabels>(makeFloorLabels(records_, *theme_));
+      records_ = {};
+    });
+    return labels_;
+  }
+
+ private:
+  std::once_flag once_;  // guards the following members
+  FloorRecords records_;
+  std::shared_ptr<const FloorLabels> labels_;
+  const std::shared_ptr<const MapTheme> theme_;
+};
+
+void StyledLabels::attach(MapView& view) {
+  map_ = &view;
+  shown_ = std::make_shared<StyleView>(view);
+  shown_->setStill(isStill_);
+  shown_->setCovered(covered_);
+  shown_->addTo(view);
+}
+
+void StyledLabels::detach() {
+  if (!shown_) return;
+  clear();
+  shown_->removeFromSuperview();
+  shown_.reset();
+  map_ = nullptr;
+}
+
+void StyledLabels::show(const std::shared_ptr<const MapTheme>& theme) {
+  const auto& floor = map_->currentMap();
+  const auto model = floor ? floor->mapObject : nullptr;
+  if (model && model == model_.lock() && theme == theme_) return;
+  clear();
+  if (!model || !map_->venue) return;
+  model_ = model;
+  theme_ = theme;
+  shown_->setTheme(theme);
+  making_ = std::make_shared<Making>(floorRecords(*map_->venue, *floor, theme->words), theme);
+  making_->start([this] { take(); });
+}
+
+void StyledLabels::clear() {
+  making_.reset();
+  model_.reset();
+  if (std::exchange(theme_, nullptr)) shown_->setLabels(nullptr);
+}
+
+void StyledLabels::take() {
+  const auto made = std::exchange(making_, nullptr);
+  shown_->setLabels(made->result());
+}
+
+void StyledLabels::finish() {
+  if (making_) take();
+  if (shown_) shown_->finish();
+}
+
+void StyledLabels::setStill(bool isStill) {
+  isStill_ = isStill;
+  if (shown_) shown_->setStill(isStill);
+}
+
+void StyledLabels::setCovered(std::vector<graphics::Rect> covered) {
+  covered_ = std::move(covered);
+  if (shown_) shown_->setCovered(covered_);
+}
+
+}  // namespace orivanta

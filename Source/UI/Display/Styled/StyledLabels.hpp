@@ -1,0 +1,61 @@
+// The labels of the floor that a styled map shows.
+// Private header.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "Platform/Graphics/Geometry.hpp"
+#include "Platform/Scene/Fwd.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/UI/Display/Styled/StyleView.hpp"
+#include "Source/UI/Style/MapTheme.hpp"
+
+namespace orivanta {
+
+class MapView;
+
+/// Makes the labels of the current floor of a map view in the background, and shows them as soon as
+/// they are made, through the main queue. Main thread.
+class StyledLabels {
+ public:
+  StyledLabels() = default;
+  ~StyledLabels() { detach(); }
+  StyledLabels(const StyledLabels&) = delete;
+  StyledLabels& operator=(const StyledLabels&) = delete;
+
+  void attach(MapView& view);
+  void detach();
+
+  /// Shows the labels of the current floor in a theme. Makes them only if the theme or the model of
+  /// the floor is another one than in the previous call. Requires `attach`.
+  void show(const std::shared_ptr<const MapTheme>& theme);
+
+  /// Removes the labels.
+  void clear();
+
+  /// See `MapStyle`.
+  bool isReady() const { return !making_; }
+  void finish();
+  void setStill(bool isStill);
+  void setCovered(std::vector<graphics::Rect> covered);
+
+  /// Returns the view that shows the labels, or null if detached.
+  const StyleView* view() const { return shown_.get(); }
+
+ private:
+  class Making;
+
+  void take();
+
+  MapView* map_ = nullptr;
+  std::shared_ptr<StyleView> shown_;
+  std::shared_ptr<Making> making_;  // null if nothing is being made
+  std::weak_ptr<scene::Node> model_;
+  std::shared_ptr<const MapTheme> theme_;  // of the labels
+  std::vector<graphics::Rect> covered_;
+  bool isStill_ = false;
+};
+
+}  // namespace orivanta
