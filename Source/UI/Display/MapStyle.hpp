@@ -22,8 +22,9 @@ struct MapTap {
 };
 
 /// Draws the floors of a map view in the colors of a theme: places by their kind, with brighter
-/// light and weaker shadows, with the names and icons of the places. Pass it to `MapView::setStyle`. The materials of the models do not
-/// change, and switching the style off restores the plain look exactly.
+/// light and weaker shadows, with the names and icons of the places. Pass it to
+/// `MapView::setStyle`. The materials of the models do not change, and switching the style off
+/// restores the plain look exactly.
 ///
 /// A style belongs to at most one map view at a time. Views that show the same `Venue` object share
 /// its models, and therefore the colors of the style that was set last. Main thread.

@@ -161,9 +161,8 @@ std::optional<SheetPlace> LabelPictures::findNow(const LabelPicture& picture) {
   State::Entry& entry = state.entries[picture];
   entry.lastFrame = state.frame;
   if (!entry.isMade) {
-    std::erase_if(state.waiting, [&](const LabelPicture& each) {
-      return !(each < picture) && !(picture < each);
-    });
+    std::erase_if(state.waiting,
+                  [&](const LabelPicture& each) { return !(each < picture) && !(picture < each); });
     lock.unlock();
     auto image = makeLabelImage(picture, *state.theme, state.scale);
     lock.lock();

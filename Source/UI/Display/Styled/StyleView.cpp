@@ -93,8 +93,7 @@ std::shared_ptr<Location> StyleView::symbolNear(Point point, double distance) co
   std::shared_ptr<Location> nearest;
   if (!labels_) return nearest;
   for (const ShownLabel& shown : placement_.shown()) {
-    const double away =
-        std::hypot(shown.symbol.midX() - point.x, shown.symbol.midY() - point.y);
+    const double away = std::hypot(shown.symbol.midX() - point.x, shown.symbol.midY() - point.y);
     if (!(shown.symbolOpacity > 0) || away > distance) continue;
     distance = away;
     nearest = labels_->sources[shown.label].place;
@@ -218,9 +217,8 @@ double StyleView::shareOnOthers(const Rect& rect, std::size_t label,
     const double up = (place.point.y - y) / (place.pointsPerUnit * upright);
     return Point{anchor.x + right * cosine - up * sine, anchor.y + right * sine + up * cosine};
   };
-  const std::array corners{
-      onFloor(rect.minX(), rect.minY()), onFloor(rect.maxX(), rect.minY()),
-      onFloor(rect.maxX(), rect.maxY()), onFloor(rect.minX(), rect.maxY())};
+  const std::array corners{onFloor(rect.minX(), rect.minY()), onFloor(rect.maxX(), rect.minY()),
+                           onFloor(rect.maxX(), rect.maxY()), onFloor(rect.minX(), rect.maxY())};
   return labels_->raster.shareOnOthers(corners, static_cast<std::uint32_t>(label));
 }
 
@@ -256,10 +254,9 @@ void StyleView::addPiece(const LabelPicture& picture, const Rect& rect, double o
   const double share = isStill_ ? 1 : std::clamp((time - since) / appearanceTime, 0.0, 1.0);
   isFading_ = isFading_ || share < 1;
   const graphics::Size size{place->width / scale, place->height / scale};
-  pieces_.push_back(
-      {*place,
-       {{rect.midX() - size.width / 2, rect.midY() - size.height / 2}, size},
-       std::min(opacity, share)});
+  pieces_.push_back({*place,
+                     {{rect.midX() - size.width / 2, rect.midY() - size.height / 2}, size},
+                     std::min(opacity, share)});
 }
 
 }  // namespace orivanta

@@ -75,10 +75,10 @@ class StyleView : public view::View {
   std::shared_ptr<const FloorLabels> labels_;  // null if there are none
   std::vector<graphics::Rect> covered_;
   bool isStill_ = false;
-  bool isNew_ = false;     // the labels were not drawn yet
-  bool isFading_ = false;  // an image appeared a short time ago
-  bool isDrawn_ = false;   // the last frame had labels
-  double scale_ = 0;       // of the images
+  bool isNew_ = false;                       // the labels were not drawn yet
+  bool isFading_ = false;                    // an image appeared a short time ago
+  bool isDrawn_ = false;                     // the last frame had labels
+  double scale_ = 0;                         // of the images
   std::shared_ptr<LabelPictures> pictures_;  // null before the first frame with labels
   LabelPlacement placement_;
   std::vector<ProjectedPlace> places_;
