@@ -253,7 +253,7 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   Stage stage(size, options.scale);
   if (theme) {
     const auto style = MapStyle::make(theme);
-    style->setStill(options.frames == 0);
+    style->setStill(true);  // the camera does not move
     stage.mapView()->setStyle(style);
   }
   attribute(stage, *venue, size, options);

@@ -20,8 +20,8 @@ class MapStyleTest : public testing::Test {
  protected:
   ~MapStyleTest() override { surface_->makeCurrent(); }  // for the renderer's destructor
 
-  std::shared_ptr<const graphics::Image> draw() {
-    renderer_.render(*shown.mapView, {800, 800}, 1, 0, surface_->framebuffer());
+  std::shared_ptr<const graphics::Image> draw(double time = 0) {
+    renderer_.render(*shown.mapView, {800, 800}, 1, time, surface_->framebuffer());
     return surface_->read();
   }
 
@@ -67,6 +67,15 @@ TEST_F(MapStyleTest, ShowsTheColorsOfEachThemeAndNothingOfItWhenSwitchedOff) {
     EXPECT_TRUE(shows({150, 700, 0}, theme->colors.backdrop)) << theme->name;
     EXPECT_FALSE(view.needsFrame());
     view.changeMap(0);
+    style->finish();
+    for (int i = 1; i < 200 && view.needsFrame(); ++i) {
+      draw(i / 60.0);
+      style->finish();
+    }
+    EXPECT_FALSE(view.needsFrame()) << "with labels, at rest";
+    style->setStill(true);
+    EXPECT_FALSE(shows(inCafe, theme->fill(FillKind::shop))) << "the name covers it";
+    style->setStill(false);
   }
   view.setStyle(nullptr);
   EXPECT_TRUE(std::ranges::equal(draw()->pixels(), before->pixels()));
