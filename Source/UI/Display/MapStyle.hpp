@@ -13,6 +13,7 @@
 namespace orivanta {
 
 class MapView;
+class RouteOverlay;
 class StyledMap;
 
 /// A tap on a styled map.
@@ -63,6 +64,7 @@ class ORIVANTA_API MapStyle {
 
  private:
   friend class MapView;
+  friend class RouteOverlay;
 
   explicit MapStyle(std::shared_ptr<const MapTheme> theme);
 

@@ -11,10 +11,12 @@
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
+#include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/Display/MarkColors.hpp"
 #include "Source/UI/Display/MarkImages.hpp"
 #include "Source/UI/Display/MarkPlacement.hpp"
 #include "Source/UI/Display/RouteRibbons.hpp"
+#include "Source/UI/Display/Styled/StyledMap.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/UI/MarkerImages.hpp"
 #include "Source/UI/ScenePosition.hpp"
@@ -101,6 +103,7 @@ void RouteOverlay::clear() {
   const graphics::Transaction transaction;
   for (const auto& segment : segments_) segment->removeFromParent();
   segments_.clear();
+  if (const auto& style = mapView_->style()) style->styled_->labels().setRoute({});
   for (const Mark& mark : marks_->list) mapView_->removeMarker(mark.marker);
   *marks_ = {};
   scene_ = nullptr;
@@ -128,14 +131,16 @@ bool RouteOverlay::isOnShownFloor(std::size_t index) const { return path_[index]
 
 void RouteOverlay::drawSegments() {
   const graphics::Color ribbon = color.value_or(mapView_->pathColor);
+  std::vector<RouteSegment> route;
   for (std::size_t i = first_; i + 1 < end_; ++i) {
     if (!isOnShownFloor(i) || !isOnShownFloor(i + 1)) continue;
-    for (const auto& layer :
-         makeRouteSegment(scenePosition(*path_[i]), scenePosition(*path_[i + 1]), ribbon)) {
+    route.push_back({scenePosition(*path_[i]), scenePosition(*path_[i + 1])});
+    for (const auto& layer : makeRouteSegment(route.back()[0], route.back()[1], ribbon)) {
       scene_->rootNode()->addChild(layer);
       segments_.push_back(layer);
     }
   }
+  if (const auto& style = mapView_->style()) style->styled_->labels().setRoute(std::move(route));
 }
 
 // Adds at most one mark per node.

@@ -78,6 +78,13 @@ void StyleView::setCovered(std::vector<Rect> covered) {
   setNeedsFrame();
 }
 
+void StyleView::setRoute(std::vector<RouteSegment> route) {
+  const Transaction transaction;
+  if (route == route_) return;
+  route_ = std::move(route);
+  setNeedsFrame();
+}
+
 std::shared_ptr<Location> StyleView::labelAt(Point point) const {
   const Transaction transaction;
   if (!labels_) return nullptr;
@@ -150,7 +157,7 @@ void StyleView::place(const FloorProjection& projection, double time) {
   places_.clear();
   for (const graphics::Vector3& anchor : labels_->anchors) places_.push_back(projection.of(anchor));
   const std::vector<Rect> panels = this->panels();
-  const std::vector<Rect> marks = this->marks();
+  const std::vector<Rect> marks = this->marks(projection);
   LabelFrame frame;
   frame.time = time;
   frame.view = bounds().size;
@@ -184,9 +191,12 @@ std::vector<Rect> StyleView::panels() const {
   return panels;
 }
 
-// The visible markers, except those that are hidden where they collide.
-std::vector<Rect> StyleView::marks() const {
+// The route and the visible markers, except those that are hidden where they collide.
+std::vector<Rect> StyleView::marks(const FloorProjection& projection) const {
   std::vector<Rect> marks;
+  const double width = theme_->sizes.route + 2 * theme_->sizes.casing;
+  for (const auto& [from, to] : route_)
+    addRouteBoxes(projection.of(from), projection.of(to), bounds().size, width, marks);
   const auto overlay = map_.sceneView->overlayScene();
   if (!overlay) return marks;
   const graphics::Size size = overlay->size();

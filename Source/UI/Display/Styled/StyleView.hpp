@@ -10,6 +10,7 @@
 #include "Source/Fwd.hpp"
 #include "Source/UI/Display/Styled/FloorLabels.hpp"
 #include "Source/UI/Display/Styled/LabelPictures.hpp"
+#include "Source/UI/Display/Styled/RouteBoxes.hpp"
 #include "Source/UI/Labels/LabelPlacement.hpp"
 
 namespace orivanta {
@@ -41,6 +42,9 @@ class StyleView : public view::View {
   /// this view are added unless they cover all of it.
   void setCovered(std::vector<graphics::Rect> covered);
 
+  /// The route on the floor. No label is placed over it.
+  void setRoute(std::vector<RouteSegment> route);
+
   /// Returns the place whose name or symbol is at a point of the last frame, or null.
   std::shared_ptr<Location> labelAt(graphics::Point point) const;
 
@@ -62,7 +66,7 @@ class StyleView : public view::View {
   void choosePictures(double scale);
   void place(const FloorProjection& projection, double time);
   std::vector<graphics::Rect> panels() const;
-  std::vector<graphics::Rect> marks() const;
+  std::vector<graphics::Rect> marks(const FloorProjection& projection) const;
   double shareOnOthers(const graphics::Rect& rect, std::size_t label,
                        const FloorProjection& projection) const;
   void addLabel(const ShownLabel& shown, double time, double scale);
@@ -74,6 +78,7 @@ class StyleView : public view::View {
   std::shared_ptr<const MapTheme> theme_;
   std::shared_ptr<const FloorLabels> labels_;  // null if there are none
   std::vector<graphics::Rect> covered_;
+  std::vector<RouteSegment> route_;
   bool isStill_ = false;
   bool isNew_ = false;                       // the labels were not drawn yet
   bool isFading_ = false;                    // an image appeared a short time ago

@@ -52,6 +52,7 @@ void StyledLabels::attach(MapView& view) {
   shown_ = std::make_shared<StyleView>(view);
   shown_->setStill(isStill_);
   shown_->setCovered(covered_);
+  shown_->setRoute(route_);
   shown_->addTo(view);
 }
 
@@ -100,6 +101,11 @@ void StyledLabels::setStill(bool isStill) {
 void StyledLabels::setCovered(std::vector<graphics::Rect> covered) {
   covered_ = std::move(covered);
   if (shown_) shown_->setCovered(covered_);
+}
+
+void StyledLabels::setRoute(std::vector<RouteSegment> route) {
+  route_ = std::move(route);
+  if (shown_) shown_->setRoute(route_);
 }
 
 }  // namespace orivanta

@@ -41,6 +41,8 @@ class StyledLabels {
   void setStill(bool isStill);
   void setCovered(std::vector<graphics::Rect> covered);
 
+  void setRoute(std::vector<RouteSegment> route);
+
   /// Returns the view that shows the labels, or null if detached.
   const StyleView* view() const { return shown_.get(); }
 
@@ -55,6 +57,7 @@ class StyledLabels {
   std::weak_ptr<scene::Node> model_;
   std::shared_ptr<const MapTheme> theme_;  // of the labels
   std::vector<graphics::Rect> covered_;
+  std::vector<RouteSegment> route_;
   bool isStill_ = false;
 };
 

@@ -11,6 +11,7 @@
 #include "Source/Location.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
+#include "Source/UI/Display/RouteOverlay.hpp"
 #include "Source/UI/Display/Styled/StyleView.hpp"
 #include "Source/UI/MarkerImages.hpp"
 #include "Source/Vortex.hpp"
@@ -142,6 +143,16 @@ TEST_F(StyledLabelsTest, AreThoseOfTheFloorAndTheThemeAndCompleteInPictures) {
   draw();
   const auto ground = canvas.pieces.size();
   EXPECT_GT(ground, 40U);
+  {
+    RouteOverlay route(shown.mapView, {shown.node(20, 20, 0), shown.node(930, 20, 0)});
+    route.show(1);
+    draw();
+    const double y = view.findPositionCameraViewport({20, 20, 0}).y;
+    for (const auto& [place, rect, alpha, turn] : canvas.pieces)
+      EXPECT_TRUE(rect.maxY() - 3 <= y - 4.5 || rect.minY() + 3 >= y + 4.5) << "over the route";
+  }
+  draw();
+  EXPECT_EQ(canvas.pieces.size(), ground);
   for (const auto& piece : canvas.pieces) EXPECT_EQ(piece.alpha, 1);
   const auto light = canvas.sheet;
   view.changeMap(1);
