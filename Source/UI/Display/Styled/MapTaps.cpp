@@ -6,7 +6,7 @@
 #include "Source/Location.hpp"
 #include "Source/Polygon.hpp"
 #include "Source/UI/Display/Styled/ConnectorShapes.hpp"
-#include "Source/UI/Display/Styled/StyleView.hpp"
+#include "Source/UI/Display/Styled/LabelView.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
@@ -38,7 +38,7 @@ std::shared_ptr<Location> placeOfShape(const Venue& venue, const std::string& na
 
 }  // namespace
 
-HitPlace hitPlace(const MapView& view, const StyleView& labels, graphics::Point point) {
+HitPlace hitPlace(const MapView& view, const LabelView& labels, graphics::Point point) {
   if (auto place = labels.labelAt(point)) return label(view, std::move(place));
   const auto hits = view.sceneView->hits(point);
   if (!hits.empty() && view.venue)

@@ -10,7 +10,7 @@
 namespace orivanta {
 
 class MapView;
-class StyleView;
+class LabelView;
 
 /// The place that a tap hits.
 struct HitPlace {
@@ -22,6 +22,6 @@ struct HitPlace {
 /// Finds the place at a point of the view: that of a name or a symbol, else that of the nearest
 /// shape, else that of the nearest symbol within 16 points. The map view must show a floor. Main
 /// thread.
-HitPlace hitPlace(const MapView& view, const StyleView& labels, graphics::Point point);
+HitPlace hitPlace(const MapView& view, const LabelView& labels, graphics::Point point);
 
 }  // namespace orivanta

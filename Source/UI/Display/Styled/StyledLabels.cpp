@@ -49,7 +49,7 @@ class StyledLabels::Making : public std::enable_shared_from_this<Making> {
 
 void StyledLabels::attach(MapView& view) {
   map_ = &view;
-  shown_ = std::make_shared<StyleView>(view);
+  shown_ = std::make_shared<LabelView>(view);
   shown_->setStill(isStill_);
   shown_->setCovered(covered_);
   shown_->setRoute(route_);

@@ -9,7 +9,7 @@
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
-#include "Source/UI/Display/Styled/StyleView.hpp"
+#include "Source/UI/Display/Styled/LabelView.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta {
@@ -44,7 +44,7 @@ class StyledLabels {
   void setRoute(std::vector<RouteSegment> route);
 
   /// Returns the view that shows the labels, or null if detached.
-  const StyleView* view() const { return shown_.get(); }
+  const LabelView* view() const { return shown_.get(); }
 
  private:
   class Making;
@@ -52,7 +52,7 @@ class StyledLabels {
   void take();
 
   MapView* map_ = nullptr;
-  std::shared_ptr<StyleView> shown_;
+  std::shared_ptr<LabelView> shown_;
   std::shared_ptr<Making> making_;  // null if nothing is being made
   std::weak_ptr<scene::Node> model_;
   std::shared_ptr<const MapTheme> theme_;  // of the labels

@@ -12,7 +12,7 @@
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/Display/RouteOverlay.hpp"
-#include "Source/UI/Display/Styled/StyleView.hpp"
+#include "Source/UI/Display/Styled/LabelView.hpp"
 #include "Source/UI/MarkerImages.hpp"
 #include "Source/Vortex.hpp"
 #include "Tests/Support/ShownVenue.hpp"
@@ -59,9 +59,9 @@ class StyledLabelsTest : public testing::Test {
     view.layoutIfNeeded();
   }
 
-  StyleView& labels() {
+  LabelView& labels() {
     for (const auto& child : view.subviews())
-      if (auto* found = dynamic_cast<StyleView*>(child.get())) return *found;
+      if (auto* found = dynamic_cast<LabelView*>(child.get())) return *found;
     throw std::logic_error("no labels");
   }
 

@@ -20,11 +20,11 @@ class MapView;
 
 /// A view over the scene view of a map view. It receives no touches. The functions that change it
 /// are called on the main thread.
-class StyleView : public view::View {
+class LabelView : public view::View {
  public:
   /// `map` must exist as long as the view is a child of it.
-  explicit StyleView(const MapView& map);
-  ~StyleView() override;
+  explicit LabelView(const MapView& map);
+  ~LabelView() override;
 
   /// Adds the view to the map view, in front of the scene view and behind the other children.
   void addTo(MapView& map);

@@ -1,4 +1,4 @@
-#include "Source/UI/Display/Styled/StyleView.hpp"
+#include "Source/UI/Display/Styled/LabelView.hpp"
 
 #include <algorithm>
 #include <array>
@@ -33,11 +33,11 @@ bool isHit(const Rect& rect, double opacity, Point point) {
 
 }  // namespace
 
-StyleView::StyleView(const MapView& map) : map_(map) { setUserInteractionEnabled(false); }
+LabelView::LabelView(const MapView& map) : map_(map) { setUserInteractionEnabled(false); }
 
-StyleView::~StyleView() = default;
+LabelView::~LabelView() = default;
 
-void StyleView::addTo(MapView& map) {
+void LabelView::addTo(MapView& map) {
   const Transaction transaction;
   map.addSubview(shared_from_this());
   boundInside(*this, map);
@@ -45,7 +45,7 @@ void StyleView::addTo(MapView& map) {
     if (child != map.sceneView && child.get() != this) map.bringSubviewToFront(*child);
 }
 
-void StyleView::setTheme(std::shared_ptr<const MapTheme> theme) {
+void LabelView::setTheme(std::shared_ptr<const MapTheme> theme) {
   const Transaction transaction;
   if (theme == theme_) return;
   theme_ = std::move(theme);
@@ -53,7 +53,7 @@ void StyleView::setTheme(std::shared_ptr<const MapTheme> theme) {
   setNeedsFrame();
 }
 
-void StyleView::setLabels(std::shared_ptr<const FloorLabels> labels) {
+void LabelView::setLabels(std::shared_ptr<const FloorLabels> labels) {
   const Transaction transaction;
   labels_ = std::move(labels);
   placement_.setLabels(labels_ ? labels_->labels : std::vector<PlaceLabel>());
@@ -64,28 +64,28 @@ void StyleView::setLabels(std::shared_ptr<const FloorLabels> labels) {
   setNeedsFrame();
 }
 
-void StyleView::setStill(bool isStill) {
+void LabelView::setStill(bool isStill) {
   const Transaction transaction;
   isStill_ = isStill;
   pictures_.reset();  // it has an upload budget
   setNeedsFrame();
 }
 
-void StyleView::setCovered(std::vector<Rect> covered) {
+void LabelView::setCovered(std::vector<Rect> covered) {
   const Transaction transaction;
   if (covered == covered_) return;
   covered_ = std::move(covered);
   setNeedsFrame();
 }
 
-void StyleView::setRoute(std::vector<RouteSegment> route) {
+void LabelView::setRoute(std::vector<RouteSegment> route) {
   const Transaction transaction;
   if (route == route_) return;
   route_ = std::move(route);
   setNeedsFrame();
 }
 
-std::shared_ptr<Location> StyleView::labelAt(Point point) const {
+std::shared_ptr<Location> LabelView::labelAt(Point point) const {
   const Transaction transaction;
   if (!labels_) return nullptr;
   for (const ShownLabel& shown : placement_.shown())
@@ -95,7 +95,7 @@ std::shared_ptr<Location> StyleView::labelAt(Point point) const {
   return nullptr;
 }
 
-std::shared_ptr<Location> StyleView::symbolNear(Point point, double distance) const {
+std::shared_ptr<Location> LabelView::symbolNear(Point point, double distance) const {
   const Transaction transaction;
   std::shared_ptr<Location> nearest;
   if (!labels_) return nearest;
@@ -110,7 +110,7 @@ std::shared_ptr<Location> StyleView::symbolNear(Point point, double distance) co
 
 // The tasks that draw images are not waited for under a transaction, because other tasks of the
 // pool may need one.
-void StyleView::finish() {
+void LabelView::finish() {
   std::shared_ptr<LabelPictures> pictures;
   {
     const Transaction transaction;
@@ -119,13 +119,13 @@ void StyleView::finish() {
   if (pictures) pictures->finish();
 }
 
-bool StyleView::isAnimating() const {
+bool LabelView::isAnimating() const {
   const Transaction transaction;
   return isDrawn_ && !isStill_ &&
          (placement_.isChanging() || isFading_ || pictures_->isExpecting());
 }
 
-void StyleView::draw(view::Canvas& canvas) {
+void LabelView::draw(view::Canvas& canvas) {
   const auto viewpoint = map_.sceneView->viewpoint();
   isDrawn_ = labels_ && theme_ && viewpoint;
   if (!isDrawn_) return;
@@ -146,14 +146,14 @@ void StyleView::draw(view::Canvas& canvas) {
   canvas.draw(pictures_->sheet(), pieces_);
 }
 
-void StyleView::choosePictures(double scale) {
+void LabelView::choosePictures(double scale) {
   if (pictures_ && scale == scale_) return;
   scale_ = scale;
   pictures_ = std::make_shared<LabelPictures>(theme_, scale);
   if (isStill_) pictures_->sheet()->setUploadBudget(std::numeric_limits<std::size_t>::max());
 }
 
-void StyleView::place(const FloorProjection& projection, double time) {
+void LabelView::place(const FloorProjection& projection, double time) {
   places_.clear();
   for (const graphics::Vector3& anchor : labels_->anchors) places_.push_back(projection.of(anchor));
   const std::vector<Rect> panels = this->panels();
@@ -177,7 +177,7 @@ void StyleView::place(const FloorProjection& projection, double time) {
   isNew_ = false;
 }
 
-std::vector<Rect> StyleView::panels() const {
+std::vector<Rect> LabelView::panels() const {
   std::vector<Rect> panels = covered_;
   const Rect all = bounds();
   bool isInFront = false;
@@ -192,7 +192,7 @@ std::vector<Rect> StyleView::panels() const {
 }
 
 // The route and the visible markers, except those that are hidden where they collide.
-std::vector<Rect> StyleView::marks(const FloorProjection& projection) const {
+std::vector<Rect> LabelView::marks(const FloorProjection& projection) const {
   std::vector<Rect> marks;
   const double width = theme_->sizes.route + 2 * theme_->sizes.casing;
   for (const auto& [from, to] : route_)
@@ -215,7 +215,7 @@ std::vector<Rect> StyleView::marks(const FloorProjection& projection) const {
   return marks;
 }
 
-double StyleView::shareOnOthers(const Rect& rect, std::size_t label,
+double LabelView::shareOnOthers(const Rect& rect, std::size_t label,
                                 const FloorProjection& projection) const {
   const ProjectedPlace& place = places_[label];
   const graphics::Vector3& anchor = labels_->anchors[label];
@@ -232,7 +232,7 @@ double StyleView::shareOnOthers(const Rect& rect, std::size_t label,
   return labels_->raster.shareOnOthers(corners, static_cast<std::uint32_t>(label));
 }
 
-void StyleView::addLabel(const ShownLabel& shown, double time, double scale) {
+void LabelView::addLabel(const ShownLabel& shown, double time, double scale) {
   const PlaceLabel& label = placement_.labels()[shown.label];
   const LabelSource& source = labels_->sources[shown.label];
   Appearance& since = appearances_[shown.label];
@@ -256,7 +256,7 @@ void StyleView::addLabel(const ShownLabel& shown, double time, double scale) {
 }
 
 // An image that was not there when its label came fades in when it is.
-void StyleView::addPiece(const LabelPicture& picture, const Rect& rect, double opacity,
+void LabelView::addPiece(const LabelPicture& picture, const Rect& rect, double opacity,
                          double& since, double time, double scale) {
   const auto place = isStill_ ? pictures_->findNow(picture) : pictures_->find(picture);
   if (!place) return;
