@@ -9,6 +9,7 @@
 #include "Apps/Command/CommandError.hpp"
 #include "Apps/Command/ProgressLine.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
+#include "Source/UI/Display/MapStyle.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {
@@ -85,6 +86,7 @@ std::vector<FloorProgress> Stage::load(const std::shared_ptr<Venue>& venue,
 }
 
 std::shared_ptr<const graphics::Image> Stage::picture(double time) {
+  if (const auto& style = mapView_->style()) style->finish();
   surface_->makeCurrent();
   renderer_->render(*mapView_, size_, scale_, time, surface_->framebuffer());
   return surface_->read(scale_);

@@ -21,4 +21,8 @@ void MapStyle::setTheme(std::shared_ptr<const MapTheme> theme) {
 
 const std::shared_ptr<const MapTheme>& MapStyle::theme() const { return styled_->theme(); }
 
+bool MapStyle::isReady() const { return styled_->isReady(); }
+
+void MapStyle::finish() { styled_->finish(); }
+
 }  // namespace orivanta

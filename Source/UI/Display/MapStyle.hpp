@@ -11,12 +11,12 @@ namespace orivanta {
 class MapView;
 class StyledMap;
 
-/// Draws the floors of a map view in the colors of a theme: places by their kind, with brighter
-/// light and weaker shadows. Pass it to `MapView::setStyle`. The materials of the models do not
-/// change, and switching the style off restores the plain look exactly.
+/// Draws the floors of a map view in the colors of a theme: places by their kind and with outlines,
+/// in brighter light and with weaker shadows. Pass it to `MapView::setStyle`. The materials of the
+/// models do not change, and switching the style off restores the plain look exactly.
 ///
 /// A style belongs to at most one map view at a time. Views that show the same `Venue` object share
-/// its models, and therefore the colors of the style that was set last. Main thread.
+/// its models, and therefore the colors and outlines of the style that was set last. Main thread.
 class ORIVANTA_API MapStyle {
  public:
   /// Creates a style. A null theme is a fatal error.
@@ -30,6 +30,13 @@ class ORIVANTA_API MapStyle {
 
   /// Returns the theme, which is never null.
   const std::shared_ptr<const MapTheme>& theme() const;
+
+  /// Returns whether the current floor is drawn completely. Its outlines are computed in the
+  /// background and appear later than its colors. True if no floor is shown.
+  bool isReady() const;
+
+  /// Completes the current floor, for single pictures: computes what is missing or waits for it.
+  void finish();
 
  private:
   friend class MapView;

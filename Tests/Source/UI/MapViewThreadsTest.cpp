@@ -4,6 +4,7 @@
 #include <atomic>
 #include <thread>
 
+#include "Platform/Foundation/MainQueue.hpp"
 #include "Platform/Render/Offscreen/OffscreenSurface.hpp"
 #include "Platform/Render/Renderer.hpp"
 #include "Platform/Scene/Node.hpp"
@@ -36,6 +37,8 @@ TEST(MapViewThreads, ChangesWhileItIsDrawn) {
   for (int round = 0; round < 200 || frames < 5; ++round) {
     style->setTheme(round % 2 == 0 ? MapTheme::dark() : MapTheme::light());
     mapView.setStyle(round % 5 == 0 ? nullptr : style);
+    if (round % 7 == 0) style->finish();
+    foundation::mainQueue::drain();
     const auto marker = makeImageMarker(image);
     marker->setPosition({static_cast<float>(round % 10) * 100, 500, 0});
     marker->hideWhenCollide = true;

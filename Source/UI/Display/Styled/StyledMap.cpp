@@ -1,6 +1,7 @@
 #include "Source/UI/Display/Styled/StyledMap.hpp"
 
 #include <utility>
+#include <vector>
 
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/Transaction.hpp"
@@ -29,6 +30,7 @@ void StyledMap::detach() {
   if (!host_.view) return;
   const graphics::Transaction transaction;
   fills_.clear();
+  work_.clear();
   look_.restore(*host_.view);
   host_ = {};
 }
@@ -36,6 +38,7 @@ void StyledMap::detach() {
 void StyledMap::venueChanged() {
   const graphics::Transaction transaction;
   fills_.clear();
+  work_.clear();
   restyle();
 }
 
@@ -45,7 +48,24 @@ void StyledMap::restyle() {
   look_.apply(*host_.view, host_.sun, *theme_);
   const auto& venue = host_.view->venue;
   if (!venue || !venue->maps) return;
-  for (const auto& map : *venue->maps) fills_.set(*map, *venue, *theme_);
+  for (const auto& map : *venue->maps) styleFloor(*map);
+}
+
+void StyledMap::styleFloor(const Map& map) {
+  if (!map.mapObject) return;
+  const Venue& venue = *host_.view->venue;
+  const std::vector<ShapeRole> roles = shapeRoles(map, venue, theme_->words);
+  fills_.set(map, roles, *theme_);
+  work_.set(map, venue, roles, *theme_);
+}
+
+bool StyledMap::isReady() const {
+  const auto& floor = host_.view ? host_.view->currentMap() : nullptr;
+  return !floor || work_.isReady(*floor);
+}
+
+void StyledMap::finish() {
+  if (host_.view && host_.view->currentMap()) work_.finish(*host_.view->currentMap());
 }
 
 void StyledMap::sceneStarted(std::shared_ptr<scene::Node> sun) {
@@ -54,7 +74,7 @@ void StyledMap::sceneStarted(std::shared_ptr<scene::Node> sun) {
 }
 
 void StyledMap::addFloor(const Map& map) {
-  if (host_.view->venue && !fills_.contains(map)) fills_.set(map, *host_.view->venue, *theme_);
+  if (host_.view->venue && !fills_.contains(map)) styleFloor(map);
 }
 
 void StyledMap::setHighlighted(scene::Node& shape, bool isHighlighted) {

@@ -6,6 +6,7 @@
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/UI/Display/Styled/FloorFills.hpp"
+#include "Source/UI/Display/Styled/FloorWork.hpp"
 #include "Source/UI/Display/Styled/SceneLook.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
@@ -31,6 +32,10 @@ class StyledMap {
   /// The view that the style belongs to, or null.
   MapView* view() const { return host_.view; }
 
+  // See `MapStyle`.
+  bool isReady() const;
+  void finish();
+
   // Called by the map view.
 
   /// Shows the style in a view. The style must not belong to a view.
@@ -52,10 +57,12 @@ class StyledMap {
 
  private:
   void restyle();
+  void styleFloor(const Map& map);
 
   std::shared_ptr<const MapTheme> theme_;
   StyleHost host_;
   FloorFills fills_;
+  FloorWork work_;
   SceneLook look_;
 };
 

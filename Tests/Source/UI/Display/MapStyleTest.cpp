@@ -7,8 +7,10 @@
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Platform/Scene/Light.hpp"
 #include "Platform/Scene/Node.hpp"
+#include "Platform/Scene/Shapes.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
+#include "Source/UI/Display/Styled/OutlineColors.hpp"
 #include "Source/UI/Style/ColorMeasures.hpp"
 #include "Tests/Platform/Render/Studio.hpp"
 #include "Tests/Support/ShownVenue.hpp"
@@ -20,9 +22,26 @@ class MapStyleTest : public testing::Test {
  protected:
   ~MapStyleTest() override { surface_->makeCurrent(); }  // for the renderer's destructor
 
-  std::shared_ptr<const graphics::Image> draw() {
-    renderer_.render(*shown.mapView, {800, 800}, 1, 0, surface_->framebuffer());
+  // 800 x 800 pixels.
+  std::shared_ptr<const graphics::Image> draw(double scale = 1) {
+    const graphics::Size size{800 / scale, 800 / scale};
+    view.setFrame({{0, 0}, size});
+    renderer_.render(view, size, scale, 0, surface_->framebuffer());
     return surface_->read();
+  }
+
+  // Replaces the model of the roof and shows it. The outlines are 10 to the right of each other.
+  void showRooms(const std::vector<std::string>& names) {
+    const auto model = scene::Node::make();
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      const double left = 10.0 * static_cast<double>(i);
+      const auto room = scene::Node::make(scene::makeExtrusion(
+          std::vector<graphics::Point>{{left, 0}, {left + 10, 0}, {left + 10, 10}, {left, 10}}, 2));
+      room->setName(names[i]);
+      model->addChild(room);
+    }
+    shown.floor(2)->mapObject = model;
+    view.changeMap(2);
   }
 
   testing::AssertionResult shows(graphics::Vector3 point, const graphics::Color& color) {
@@ -53,6 +72,7 @@ TEST_F(MapStyleTest, ShowsTheColorsOfEachThemeAndNothingOfItWhenSwitchedOff) {
   view.setStyle(style);
   for (const auto& theme : {MapTheme::light(), MapTheme::dark()}) {
     style->setTheme(theme);
+    style->finish();
     EXPECT_TRUE(shows(inCafe, theme->fill(FillKind::shop))) << theme->name;
     EXPECT_TRUE(shows(inHall, theme->fill(FillKind::other))) << theme->name;
     EXPECT_TRUE(shows({500, 900, 0}, theme->colors.slab)) << theme->name;
@@ -110,6 +130,67 @@ TEST_F(MapStyleTest, StylesNewModelsAndScenesAndLeavesNoTrace) {
   EXPECT_EQ(cafe()->displayColor(), fill);
   other.reset();
   EXPECT_EQ(cafe()->displayColor(), std::nullopt);
+}
+
+TEST_F(MapStyleTest, OutlinesContrastWithTheRoomsOnBothSides) {
+  const auto colorAt = [](const graphics::Image& image, double x, double y) {
+    const Pixel pixel =
+        pixelOf(image, static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y));
+    const auto component = [&](std::size_t i) { return static_cast<float>(pixel[i]) / 255; };
+    return graphics::Color{component(0), component(1), component(2)};
+  };
+  view.setStyle(style);
+  showRooms({"cafe", "cafe", "Stand", "hall"});  // shops, except the hall
+  view.camera().setPose({20, 5, 50, 0, 0.05});   // so that the edges cross pixels everywhere
+  style->finish();
+  EXPECT_TRUE(style->isReady());
+  for (const auto& theme : {MapTheme::light(), MapTheme::dark()})
+    for (const double scale : {1.0, 2.0}) {
+      style->setTheme(theme);
+      const auto image = draw(scale);
+      const auto pixelAt = [&](float x, float y) {
+        const auto at = view.findPositionCameraViewport({x, y, 1});
+        return graphics::Point{at.x * scale, at.y * scale};
+      };
+      for (const float edge : {10.0F, 20.0F, 30.0F}) {
+        double least = 100;
+        for (float y = 1; y < 9; y += 0.05F) {
+          const auto [left, row] = pixelAt(edge - 1, y);
+          const double right = pixelAt(edge + 1, y).x;
+          double most = 0;
+          for (double x = left; x < right; ++x) {
+            const auto color = colorAt(*image, x, row);
+            most = std::max(most, std::min(contrastOf(color, colorAt(*image, left, row)),
+                                           contrastOf(color, colorAt(*image, right, row))));
+          }
+          least = std::min(least, most);
+        }
+        EXPECT_GE(least, 1.6) << theme->name << ", " << scale << ", " << edge;
+      }
+    }
+}
+
+TEST_F(MapStyleTest, OutlinesAppearLaterAndOnlyOnModelsThatAreStillShown) {
+  const auto model = [&] { return shown.floor(0)->mapObject; };
+  view.setStyle(style);
+  EXPECT_FALSE(style->isReady());
+  EXPECT_EQ(model()->ribbons(), nullptr) << "the first frame does not wait for them";
+  while (!style->isReady()) {
+    foundation::mainQueue::wait(1.0);
+    foundation::mainQueue::drain();
+  }
+  const auto outlines = model()->ribbons();
+  ASSERT_FALSE(outlines->parts().empty());
+  style->setTheme(MapTheme::dark());
+  EXPECT_EQ(model()->ribbons(), outlines) << "another theme only changes colors";
+  EXPECT_EQ(model()->ribbonLook().colors, outlineColors(*MapTheme::dark()));
+
+  view.setStyle(nullptr);
+  view.setStyle(style);
+  view.setStyle(nullptr);
+  while (foundation::mainQueue::wait(0.2)) foundation::mainQueue::drain();
+  EXPECT_EQ(model()->ribbons(), nullptr) << "switched off meanwhile";
+  EXPECT_TRUE(style->isReady());
 }
 
 }  // namespace
