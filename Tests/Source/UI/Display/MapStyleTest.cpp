@@ -141,31 +141,31 @@ TEST_F(MapStyleTest, OutlinesContrastWithTheRoomsOnBothSides) {
   };
   view.setStyle(style);
   showRooms({"cafe", "cafe", "Stand", "hall"});  // shops, except the hall
-  view.camera().setPose({20, 5, 50, 0, 0.05});   // so that the edges cross pixels everywhere
   style->finish();
   EXPECT_TRUE(style->isReady());
   for (const auto& theme : {MapTheme::light(), MapTheme::dark()})
-    for (const double scale : {1.0, 2.0}) {
+    for (const auto& [scale, turn] : {std::pair{1.0, 0.05}, {1.0, 0.8}, {2.0, 0.05}}) {
       style->setTheme(theme);
+      view.camera().setPose({20, 5, 50, 0, turn});  // so that the edges cross pixels everywhere
       const auto image = draw(scale);
-      const auto pixelAt = [&](float x, float y) {
-        const auto at = view.findPositionCameraViewport({x, y, 1});
-        return graphics::Point{at.x * scale, at.y * scale};
+      const auto slope = static_cast<float>(std::tan(turn));
+      // At a distance from an edge, on the row of pixels that crosses it at y.
+      const auto seenAt = [&](float edge, float y, float beyond) {
+        const auto at = view.findPositionCameraViewport({edge + beyond, y + beyond * slope, 1});
+        return colorAt(*image, at.x * scale, at.y * scale);
       };
       for (const float edge : {10.0F, 20.0F, 30.0F}) {
         double least = 100;
-        for (float y = 1; y < 9; y += 0.05F) {
-          const auto [left, row] = pixelAt(edge - 1, y);
-          const double right = pixelAt(edge + 1, y).x;
+        for (float y = 2; y < 8; y += 0.05F) {
           double most = 0;
-          for (double x = left; x < right; ++x) {
-            const auto color = colorAt(*image, x, row);
-            most = std::max(most, std::min(contrastOf(color, colorAt(*image, left, row)),
-                                           contrastOf(color, colorAt(*image, right, row))));
+          for (float beyond = -0.5F; beyond < 0.5F; beyond += 0.02F) {
+            const auto color = seenAt(edge, y, beyond);
+            most = std::max(most, std::min(contrastOf(color, seenAt(edge, y, -1)),
+                                           contrastOf(color, seenAt(edge, y, 1))));
           }
           least = std::min(least, most);
         }
-        EXPECT_GE(least, 1.6) << theme->name << ", " << scale << ", " << edge;
+        EXPECT_GE(least, 1.6) << theme->name << ", " << scale << ", " << turn << ", " << edge;
       }
     }
 }

@@ -70,7 +70,7 @@ TEST_P(ThemeColors, EdgesAndTextsStandOut) {
       EXPECT_GE(contrastOf(edge, second), 2.0);
     }
   }
-  EXPECT_NEAR(contrastOf(theme.walkableOutline(), theme.colors.walkable), 1.35, 0.01);
+  EXPECT_NEAR(contrastOf(theme.walkableOutline(), theme.colors.walkable), 1.3, 0.01);
   EXPECT_GE(contrastOf(theme.colors.text, theme.colors.halo), 4.5);
 }
 
