@@ -14,6 +14,7 @@
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Node.hpp"
+#include "Platform/Scene/Ribbons.hpp"
 #include "Source/Guidance/Scale.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Display/Styled/FloorOutlines.hpp"

@@ -7,7 +7,6 @@
 #include <span>
 
 #include "Platform/Scene/Fwd.hpp"
-#include "Platform/Scene/Ribbons.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/UI/Display/Styled/ShapeRoles.hpp"
 #include "Source/UI/Style/MapTheme.hpp"

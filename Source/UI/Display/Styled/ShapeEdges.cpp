@@ -90,7 +90,7 @@ void joinInHeight(std::vector<ShapeEdge>& edges) {
   std::map<std::pair<float, float>, float> heights;
   for (const ShapeEdge& edge : edges)
     for (const graphics::Vector3& end : {edge.from, edge.to}) {
-      const auto [height, isNew] = heights.emplace(std::pair(end.x, end.y), end.z);
+      const auto height = heights.emplace(std::pair(end.x, end.y), end.z).first;
       height->second = std::max(height->second, end.z);
     }
   for (ShapeEdge& edge : edges) {
