@@ -5,26 +5,16 @@
 #include <utility>
 
 #include "Apps/Viewer/ProfileChoices.hpp"
-#include "Apps/Viewer/RouteMatch.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Guidance/LabelName.hpp"
-#include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Location.hpp"
 
 namespace orivanta::viewer {
 
-namespace {
-
-constexpr int alternatives = 2;
-
-std::optional<std::string> nameOf(const std::shared_ptr<Location>& place) {
-  return place ? std::optional(place->name.value_or("")) : std::nullopt;
-}
-
-}  // namespace
-
 RouteSession::RouteSession(std::shared_ptr<Venue> venue, const guidance::InterfaceTexts& texts,
                            Clock clock)
     : venue_(venue),
+      texts_(texts),
       clock_(std::move(clock)),
       guide_(GuideWorker(std::move(venue), texts),
              [this](GuidedPlan plan) { take(std::move(plan)); }) {
@@ -34,50 +24,43 @@ RouteSession::RouteSession(std::shared_ptr<Venue> venue, const guidance::Interfa
 // --- Stops
 
 void RouteSession::departFrom(const std::shared_ptr<Location>& place) {
-  if (to_ == place) to_ = nullptr;
+  if (to_.place == place) to_ = {};
   setEnd(RouteEnd::start, place);
 }
 
 void RouteSession::goTo(const std::shared_ptr<Location>& place) {
-  if (from_ == place) from_ = nullptr;
+  if (from_.place == place) from_ = {};
   setEnd(RouteEnd::destination, place);
 }
 
-void RouteSession::goToNearest(std::shared_ptr<Location> from, NearestChoice nearest) {
-  from_ = std::move(from);
-  to_ = nullptr;
-  nearest_ = std::move(nearest);
+void RouteSession::goToNearest(const std::shared_ptr<Location>& from, NearestChoice nearest) {
+  if (from) from_ = {from};
+  to_ = {.nearest = std::move(nearest)};
   between_.clear();
   request();
 }
 
 void RouteSession::setEnd(RouteEnd end, const std::shared_ptr<Location>& place) {
   between_.erase(std::remove(between_.begin(), between_.end(), place), between_.end());
-  if (end == RouteEnd::start) {
-    from_ = place;
-  } else {
-    to_ = place;
-    nearest_.reset();
-  }
+  (end == RouteEnd::start ? from_ : to_) = {place};
   request();
 }
 
 bool RouteSession::fillMissingEnd(const std::shared_ptr<Location>& place) {
   if (!hasStops() || isComplete()) return false;
-  setEnd(from_ ? RouteEnd::destination : RouteEnd::start, place);
+  setEnd(from_.isSet() ? RouteEnd::destination : RouteEnd::start, place);
   return true;
 }
 
 void RouteSession::swapEnds() {
   std::reverse(between_.begin(), between_.end());
-  if (nearest_) to_ = route() ? route()->to() : nullptr;
-  nearest_.reset();
+  if (to_.nearest) to_ = {route() ? route()->to() : nullptr};
   std::swap(from_, to_);
   request();
 }
 
 bool RouteSession::canAddStop(const std::shared_ptr<Location>& place) const {
-  return from_ && to_ && place != from_ && place != to_ &&
+  return isComplete() && !to_.nearest && place != from_.place && place != to_.place &&
          std::find(between_.begin(), between_.end(), place) == between_.end();
 }
 
@@ -98,24 +81,34 @@ void RouteSession::setProfile(std::size_t index) {
 }
 
 void RouteSession::clear() {
-  from_ = nullptr;
-  to_ = nullptr;
-  nearest_.reset();
+  from_ = {};
+  to_ = {};
   between_.clear();
   request();
 }
 
 StopNames RouteSession::names() const {
   StopNames names{nameOf(from_), {}, nameOf(to_)};
-  for (const auto& place : between_) names.between.push_back(place->name.value_or(""));
-  if (nearest_) names.to = nearest_->title;
-  const auto found = nearest_ && route() ? route()->to() : nullptr;
-  if (found && !hasGeneratedName(*found) && !labelName(*venue_, *found).empty())
-    names.to = nameOf(found);
+  for (const auto& place : between_) names.between.push_back(nameOf(*place));
+  const auto found = to_.nearest && route() ? route()->to() : nullptr;
+  if (found && !labelName(*venue_, *found).empty()) names.to = nameOf(*found);
   return names;
 }
 
-// --- Planning
+std::optional<std::string> RouteSession::nameOf(const End& end) const {
+  if (end.nearest) return end.nearest->title;
+  if (end.position) return texts_.text("interface.route.here");
+  return end.place ? std::optional(nameOf(*end.place)) : std::nullopt;
+}
+
+// Returns the name of the floor if no sign shows a name.
+std::string RouteSession::nameOf(const Location& place) const {
+  const std::string name = labelName(*venue_, place);
+  const auto floors = floorsOf(place);
+  return name.empty() && !floors.empty() ? floorName(*floors.front()) : name;
+}
+
+// --- Requests
 
 void RouteSession::request() {
   planAgain();
@@ -127,69 +120,112 @@ void RouteSession::planAgain() {
   plan_ = {};
   chosen_ = 0;
   purpose_ = Purpose::plan;
-  if (isComplete()) guide_.start(makeRequest(from_, between_));
+  if (isComplete()) start(Purpose::plan, makeRequest());
   if (changed) changed();
 }
 
-guidance::Request RouteSession::makeRequest(guidance::Stop start, const Places& between) const {
+void RouteSession::start(Purpose purpose, guidance::Request request) {
+  purpose_ = purpose;
+  guide_.start(std::move(request));
+}
+
+guidance::Request RouteSession::makeRequest(const guidance::Stop& start,
+                                            const Places& between) const {
   guidance::Request request;
-  request.stops = {std::move(start)};
-  for (const auto& place : between) request.stops.emplace_back(place);
-  request.stops.push_back(nearest_ ? stopFor(*nearest_, *venue_, closures_) : guidance::Stop(to_));
+  request.stops = {start};
+  request.stops.insert(request.stops.end(), between.begin(), between.end());
+  request.stops.push_back(stopAt(to_));
   request.bestOrder = between.size() > 1;
   request.profile = profileChoices[profile_].make();
   request.closures = closures_;
   request.at = clock_();
-  request.alternatives = alternatives;
+  request.alternatives = 2;
   return request;
 }
 
+guidance::Stop RouteSession::stopAt(const End& end) const {
+  if (end.nearest) return stopFor(*end.nearest, *venue_, closures_);
+  return end.position ? *end.position : guidance::Stop(end.place);
+}
+
 void RouteSession::setClosures(const guidance::Closures& closures,
-                               const std::optional<Progress>& progress) {
+                               const std::optional<RouteProgress>& progress) {
   closures_ = closures;
   if (!isComplete()) return;
   if (!route()) return planAgain();
-  if (!progress) {
-    purpose_ = Purpose::update;
-    return guide_.start(makeRequest(from_, between_));
-  }
-  Places left;
-  const auto& visits = route()->itinerary.visits;
-  for (std::size_t i = 1; i + 1 < visits.size(); ++i)
-    if (visits[i].leg > progress->leg) left.push_back(visits[i].location);
-  purpose_ = Purpose::updateOnTheWay;
-  guide_.start(makeRequest(progress->position, left));
+  if (!progress) return start(Purpose::update, makeRequest());
+  rest_.emplace(*route(), *progress);
+  if (rest_->isEmpty()) return keepOnlyChosen();
+  guidance::Request check = makeRequest(rest_->start(), {});
+  check.stops = rest_->closeStops();
+  check.bestOrder = false;
+  check.alternatives = 0;
+  start(Purpose::checkRest, std::move(check));
 }
 
+void RouteSession::walkEnded() {
+  const bool isOnTheWay = purpose_ == Purpose::checkRest || purpose_ == Purpose::replaceRest;
+  if (isPlanning() && isOnTheWay) start(Purpose::update, makeRequest());
+}
+
+// --- Answers
+
 void RouteSession::take(GuidedPlan plan) {
-  if (purpose_ != Purpose::plan && keepRoute(plan)) {
-    if (confirmed) confirmed();
+  if (purpose_ == Purpose::update) return takeUpdate(std::move(plan));
+  if (purpose_ == Purpose::checkRest) return takeCheck(plan);
+  if (purpose_ == Purpose::replaceRest) return takeNewRest(std::move(plan));
+  adopt(std::move(plan));
+  if (planned) planned();
+}
+
+// Keeps the chosen route if it is in the new plan. The best route is only kept if it is still the
+// best one.
+void RouteSession::takeUpdate(GuidedPlan plan) {
+  const RouteRest whole(*route());
+  const auto same =
+      std::find_if(plan.routes.begin(), plan.routes.end(), [&](const GuidedRoute& other) {
+        return other.path.front() == route()->path.front() && whole.isFollowedBy(other);
+      });
+  if (same == plan.routes.end() || (chosen_ == 0 && same != plan.routes.begin())) {
+    const std::string closed = whole.closedName(closures_, *venue_);
+    adopt(std::move(plan));
+    if (rerouted) rerouted(closed);
     return;
   }
+  chosen_ = static_cast<std::size_t>(same - plan.routes.begin());
+  plan_ = std::move(plan);
+  if (confirmed) confirmed();
+}
+
+void RouteSession::takeCheck(const GuidedPlan& plan) {
+  if (plan.routes.empty() || !rest_->isFollowedBy(plan.routes.front()))
+    return start(Purpose::replaceRest, makeRequest(rest_->start(), rest_->places()));
+  keepOnlyChosen();
+}
+
+void RouteSession::takeNewRest(GuidedPlan plan) {
+  if (std::any_of(plan.routes.begin(), plan.routes.end(),
+                  [this](const auto& other) { return rest_->isFollowedBy(other); }))
+    return keepOnlyChosen();
+  from_ = {.position = rest_->start()};
+  between_ = rest_->places();
+  const std::string closed = rest_->closedName(closures_, *venue_);
+  adopt(std::move(plan));
+  if (rerouted) rerouted(closed);
+}
+
+void RouteSession::adopt(GuidedPlan plan) {
   plan_ = std::move(plan);
   chosen_ = 0;
   if (!plan_.routes.empty()) choose(0);
-  const auto& told = purpose_ == Purpose::plan ? planned : rerouted;
-  if (told) told();
 }
 
-// Keeps the chosen route if a plan after a change of the closures has it too. The best route is
-// only kept if it is still the best one. Returns false if the plan has to replace the current one.
-bool RouteSession::keepRoute(GuidedPlan& plan) {
-  const auto found =
-      std::find_if(plan.routes.begin(), plan.routes.end(), [this](const GuidedRoute& other) {
-        return purpose_ == Purpose::updateOnTheWay ? isRestOf(other, *route())
-                                                   : isSameRoute(other, *route());
-      });
-  if (found == plan.routes.end() || (chosen_ == 0 && found != plan.routes.begin())) return false;
-  if (purpose_ == Purpose::updateOnTheWay) {  // the other routes of the old plan may be closed
-    plan_.routes = {std::move(plan_.routes[chosen_])};
-    chosen_ = 0;
-  } else {
-    chosen_ = static_cast<std::size_t>(found - plan.routes.begin());
-    plan_ = std::move(plan);
-  }
-  return true;
+// The other routes may be closed.
+void RouteSession::keepOnlyChosen() {
+  guide_.cancel();
+  plan_.routes = {std::move(plan_.routes[chosen_])};
+  chosen_ = 0;
+  if (confirmed) confirmed();
 }
 
 void RouteSession::choose(std::size_t index) {

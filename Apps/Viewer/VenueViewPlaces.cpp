@@ -34,7 +34,7 @@ void VenueView::connectSearch() {
     end ? setEnd(*end, place) : select(place);
   };
   panels_.search->nearestChosen = [this](const auto& category) {
-    const auto from = session_.from() ? session_.from() : selected_;
+    const auto from = session_.hasStart() ? nullptr : selected_;
     select(nullptr);
     session_.goToNearest(from, nearestOf(category, texts_));
   };
@@ -131,9 +131,9 @@ void VenueView::offerRoutes(const std::shared_ptr<Location>& place) {
 
 void VenueView::setClosures(const guidance::Closures& closures) {
   if (closures == session_.closures()) return;
-  std::optional<RouteSession::Progress> progress;
+  std::optional<RouteProgress> progress;
   if (const Walker* walker = walk_.walker(); walker && !walker->isDone())
-    progress = {walker->position(), walker->progress().leg};
+    progress = {walker->position(), walker->progress().leg, walker->progress().legMeters};
   session_.setClosures(closures, progress);
   if (isLoaded_) floorShown();
   if (selected_) offerRoutes(selected_);

@@ -22,6 +22,7 @@ void VenueView::connectRoute() {
   panel.routeChosen = [this](std::size_t index) {
     session_.choose(index);
     showRoute();
+    lookAtRoute();
   };
   panel.stepChosen = [this](std::size_t index) { showStep(index); };
   panel.walkTapped = [this] { toggleWalk(); };
@@ -31,10 +32,11 @@ void VenueView::connectRoute() {
   };
   session_.planned = [this] {
     showPlan();
+    lookAtRoute();
     if (walksAtOnce_) startWalk();
   };
   session_.confirmed = [this] { routeConfirmed(); };
-  session_.rerouted = [this] { routeReplaced(); };
+  session_.rerouted = [this](const std::string& closed) { routeReplaced(closed); };
 }
 
 // --- Routes
@@ -56,6 +58,7 @@ void VenueView::showPlan() {
   display_.clear();
   panels_.floors->setRoute({});
   const bool hasHelp = plan.problem->kind == guidance::Problem::Kind::onlyWithSteps;
+  panels_.route->setStops(session_.names());
   panels_.route->setProblem(plan.problemText,
                             hasHelp ? std::optional(preferElevatorChoice) : std::nullopt);
   arrangePanels();
@@ -70,19 +73,29 @@ void VenueView::routeConfirmed() {
   panels_.route->setCurrentStep(step);
 }
 
-// A walk continues on the new route.
-void VenueView::routeReplaced() {
+// A walk continues on the new route. Nobody has asked for that route, so the map only moves with a
+// walker who is shown.
+void VenueView::routeReplaced(const std::string& closed) {
   const Walker* walker = walk_.walker();
   const bool walks = walker != nullptr && !walker->isDone();
   const bool isPaused = walks && walker->isPaused();
+  const bool isShown =
+      walks && !isPaused && !selected_ && walker->floor() == mapView_->currentMap();
   showPlan();
   if (!session_.route()) return;
-  if (remarked) remarked(texts_.text("interface.note.rerouted"));
-  if (walks) startWalk();
-  if (isPaused) toggleWalk();
+  const std::string name = texts_.name(closed);
+  if (remarked)
+    remarked(closed.empty() ? texts_.text("interface.note.rerouted")
+                            : texts_.text("interface.note.closed", {{"place", name}}));
+  if (!walks || session_.route()->steps.empty()) return;
+  walk_.continueOn(*session_.plan().guide, session_.route()->itinerary);
+  walk_.setPaused(isPaused);
+  panels_.route->setWalk(isPaused ? WalkState::paused : WalkState::walking);
+  if (isShown) showWalkedFloor();
+  arrangePanels();
 }
 
-// Shows the chosen route from its beginning, unless the map shows a selected place.
+// Shows the chosen route. The map does not move.
 void VenueView::showRoute() {
   stopWalk();
   display_.clear();
@@ -92,7 +105,11 @@ void VenueView::showRoute() {
   arrangePanels();
   panels_.floors->setRoute(route.floors);
   display_.show(route, scale_);
-  if (selected_) return;
+}
+
+// Frames the beginning of the route, if there is one, unless the map shows a selected place.
+void VenueView::lookAtRoute() {
+  if (!display_.isShown() || selected_) return;
   showFloor(display_.wantedFloor());
   display_.frame();
 }
@@ -121,20 +138,21 @@ void VenueView::toggleWalk() {
   if (walker == nullptr || walker->isDone()) return startWalk();
   walk_.setPaused(!walker->isPaused());
   panels_.route->setWalk(walker->isPaused() ? WalkState::paused : WalkState::walking);
-  if (!walker->isPaused()) showFloor(walker->floor());
+  if (!walker->isPaused()) showWalkedFloor();
 }
 
 void VenueView::startWalk() {
   if (!isLoaded_ || !session_.route() || session_.route()->steps.empty()) return;
   walk_.start(*session_.plan().guide, session_.route()->itinerary);
   panels_.route->setWalk(WalkState::walking);
-  showFloor(walk_.walker()->floor());
+  showWalkedFloor();
   arrangePanels();
 }
 
 void VenueView::stopWalk() {
   if (!walk_.walker()) return;
   walk_.stop();
+  session_.walkEnded();
   panels_.route->setWalk(WalkState::none);
   if (!session_.route()) return;
   panels_.route->setCurrentStep(std::nullopt);
@@ -142,10 +160,12 @@ void VenueView::stopWalk() {
   arrangePanels();
 }
 
+void VenueView::showWalkedFloor() { showFloor(walk_.walker()->floor(), Asker::walk); }
+
 void VenueView::walk(double time) {
   const Walker& walker = *walk_.walker();
   if (walker.isDone()) return;
-  if (walk_.advance(time, scale_)) showFloor(walker.floor());
+  if (walk_.advance(time, scale_)) showWalkedFloor();
   panels_.route->setCurrentStep(walker.progress().announced);
   if (walker.isDone()) panels_.route->setWalk(WalkState::paused);
   if (const std::string left = leftText(); left != panels_.route->remark()) {

@@ -250,6 +250,8 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
 
   Stage stage(size, options.scale);
   attribute(stage, *venue, size, options);
+  if (!options.legend.empty())
+    stage.mapView()->addSubview(std::make_shared<LegendView>(options.legend, options.scale));
   const auto floors = stage.load(venue, contents.floors);
   for (const Highlight& highlight : contents.highlights)
     for (const auto& polygon : highlight.location->polygons)

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Apps/Command/CommandError.hpp"
+#include "Apps/Command/Render/LegendView.hpp"
 #include "Apps/Command/Settings.hpp"
 
 namespace orivanta::command {
@@ -22,6 +23,7 @@ struct RenderVenueOptions {
   double turn = 0.0;              ///< degrees, counterclockwise
   double zoom = 1.0;
   std::vector<std::string> highlights;  ///< PLACE=COLOR
+  std::vector<LegendEntry> legend;      ///< what the colors mean; shown if not empty
   std::vector<std::string> route;       ///< start and destination, or empty
   bool accessible = false;           ///< excludes connectors that are not accessible from the route
   std::vector<std::string> markers;  ///< places
