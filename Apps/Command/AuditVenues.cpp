@@ -111,7 +111,8 @@ void drawPicture(const std::filesystem::path& folder, const Venue& venue,
   options.output = file;
   options.printsFiles = false;  // the output is JSON
   addColors(options, audit);
-  renderVenue(options);
+  if (renderVenue(options) != ExitCode::success)
+    throw CommandError(ExitCode::noAnswer, "--picture: not all floors can be drawn");
 }
 
 }  // namespace

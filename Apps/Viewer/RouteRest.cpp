@@ -74,7 +74,7 @@ void RouteRest::visit(const guidance::Stop& stop) {
 }
 
 std::vector<guidance::Stop> RouteRest::closeStops() const {
-  constexpr std::size_t most = guidance::Request::mostStops - 1;  // without the start
+  constexpr std::size_t most = guidance::Request::mostStops - 2;  // without the ends
   const auto visited = static_cast<std::size_t>(
       std::count_if(points_.begin(), points_.end(), [](const Point& p) { return p.isVisited; }));
   const std::size_t free = visited < most ? most - visited : 1;

@@ -5,11 +5,15 @@
 #include <utility>
 
 #include "Apps/Viewer/ProfileChoices.hpp"
-#include "Source/Guidance/Floors.hpp"
-#include "Source/Guidance/LabelName.hpp"
 #include "Source/Location.hpp"
 
 namespace orivanta::viewer {
+
+namespace {
+
+constexpr int alternatives = 2;
+
+}  // namespace
 
 RouteSession::RouteSession(std::shared_ptr<Venue> venue, const guidance::InterfaceTexts& texts,
                            Clock clock)
@@ -24,54 +28,45 @@ RouteSession::RouteSession(std::shared_ptr<Venue> venue, const guidance::Interfa
 // --- Stops
 
 void RouteSession::departFrom(const std::shared_ptr<Location>& place) {
-  if (to_.place == place) to_ = {};
+  stops_.dropEnd(RouteEnd::destination, place);
   setEnd(RouteEnd::start, place);
 }
 
 void RouteSession::goTo(const std::shared_ptr<Location>& place) {
-  if (from_.place == place) from_ = {};
+  stops_.dropEnd(RouteEnd::start, place);
   setEnd(RouteEnd::destination, place);
 }
 
 void RouteSession::goToNearest(const std::shared_ptr<Location>& from, NearestChoice nearest) {
-  if (from) from_ = {from};
-  to_ = {.nearest = std::move(nearest)};
-  between_.clear();
+  if (from) stops_.setEnd(RouteEnd::start, from);
+  stops_.setNearest(std::move(nearest));
   request();
 }
 
 void RouteSession::setEnd(RouteEnd end, const std::shared_ptr<Location>& place) {
-  between_.erase(std::remove(between_.begin(), between_.end(), place), between_.end());
-  (end == RouteEnd::start ? from_ : to_) = {place};
+  stops_.setEnd(end, place);
   request();
 }
 
 bool RouteSession::fillMissingEnd(const std::shared_ptr<Location>& place) {
   if (!hasStops() || isComplete()) return false;
-  setEnd(from_.isSet() ? RouteEnd::destination : RouteEnd::start, place);
+  setEnd(hasStart() ? RouteEnd::destination : RouteEnd::start, place);
   return true;
 }
 
 void RouteSession::swapEnds() {
-  std::reverse(between_.begin(), between_.end());
-  if (to_.nearest) to_ = {route() ? route()->to() : nullptr};
-  std::swap(from_, to_);
+  stops_.swapEnds(route() ? route()->to() : nullptr);
   request();
-}
-
-bool RouteSession::canAddStop(const std::shared_ptr<Location>& place) const {
-  return isComplete() && !to_.nearest && place != from_.place && place != to_.place &&
-         std::find(between_.begin(), between_.end(), place) == between_.end();
 }
 
 void RouteSession::addStop(const std::shared_ptr<Location>& place) {
   if (!canAddStop(place)) return;
-  between_.push_back(place);
+  stops_.add(place);
   request();
 }
 
 void RouteSession::removeStop(std::size_t index) {
-  between_.erase(between_.begin() + static_cast<std::ptrdiff_t>(index));
+  stops_.remove(index);
   request();
 }
 
@@ -81,31 +76,12 @@ void RouteSession::setProfile(std::size_t index) {
 }
 
 void RouteSession::clear() {
-  from_ = {};
-  to_ = {};
-  between_.clear();
+  stops_ = {};
   request();
 }
 
 StopNames RouteSession::names() const {
-  StopNames names{nameOf(from_), {}, nameOf(to_)};
-  for (const auto& place : between_) names.between.push_back(nameOf(*place));
-  const auto found = to_.nearest && route() ? route()->to() : nullptr;
-  if (found && !labelName(*venue_, *found).empty()) names.to = nameOf(*found);
-  return names;
-}
-
-std::optional<std::string> RouteSession::nameOf(const End& end) const {
-  if (end.nearest) return end.nearest->title;
-  if (end.position) return texts_.text("interface.route.here");
-  return end.place ? std::optional(nameOf(*end.place)) : std::nullopt;
-}
-
-// Returns the name of the floor if no sign shows a name.
-std::string RouteSession::nameOf(const Location& place) const {
-  const std::string name = labelName(*venue_, place);
-  const auto floors = floorsOf(place);
-  return name.empty() && !floors.empty() ? floorName(*floors.front()) : name;
+  return stops_.names(*venue_, texts_, route() ? route()->to() : nullptr);
 }
 
 // --- Requests
@@ -119,33 +95,25 @@ void RouteSession::planAgain() {
   guide_.cancel();
   plan_ = {};
   chosen_ = 0;
-  purpose_ = Purpose::plan;
-  if (isComplete()) start(Purpose::plan, makeRequest());
+  if (isComplete()) start(Purpose::plan, stops_);
   if (changed) changed();
 }
 
-void RouteSession::start(Purpose purpose, guidance::Request request) {
+void RouteSession::start(Purpose purpose, const RouteStops& stops) {
   purpose_ = purpose;
+  guidance::Request request = makeRequest();
+  request.stops = stops.list(*venue_, closures_);
+  request.bestOrder = stops.between().size() > 1;
+  request.alternatives = alternatives;
   guide_.start(std::move(request));
 }
 
-guidance::Request RouteSession::makeRequest(const guidance::Stop& start,
-                                            const Places& between) const {
+guidance::Request RouteSession::makeRequest() const {
   guidance::Request request;
-  request.stops = {start};
-  request.stops.insert(request.stops.end(), between.begin(), between.end());
-  request.stops.push_back(stopAt(to_));
-  request.bestOrder = between.size() > 1;
   request.profile = profileChoices[profile_].make();
   request.closures = closures_;
   request.at = clock_();
-  request.alternatives = 2;
   return request;
-}
-
-guidance::Stop RouteSession::stopAt(const End& end) const {
-  if (end.nearest) return stopFor(*end.nearest, *venue_, closures_);
-  return end.position ? *end.position : guidance::Stop(end.place);
 }
 
 void RouteSession::setClosures(const guidance::Closures& closures,
@@ -153,19 +121,26 @@ void RouteSession::setClosures(const guidance::Closures& closures,
   closures_ = closures;
   if (!isComplete()) return;
   if (!route()) return planAgain();
-  if (!progress) return start(Purpose::update, makeRequest());
+  if (!progress) return start(Purpose::update, stops_);
   rest_.emplace(*route(), *progress);
   if (rest_->isEmpty()) return keepOnlyChosen();
-  guidance::Request check = makeRequest(rest_->start(), {});
+  purpose_ = Purpose::checkRest;
+  guidance::Request check = makeRequest();
   check.stops = rest_->closeStops();
-  check.bestOrder = false;
-  check.alternatives = 0;
-  start(Purpose::checkRest, std::move(check));
+  guide_.start(std::move(check));
 }
 
 void RouteSession::walkEnded() {
-  const bool isOnTheWay = purpose_ == Purpose::checkRest || purpose_ == Purpose::replaceRest;
-  if (isPlanning() && isOnTheWay) start(Purpose::update, makeRequest());
+  const bool concernsRest = purpose_ == Purpose::checkRest || purpose_ == Purpose::replaceRest;
+  if (isPlanning() && concernsRest) start(Purpose::update, stops_);
+}
+
+// Returns the stops that are left, beginning at the traveler.
+RouteStops RouteSession::stopsOfRest() const {
+  RouteStops stops = stops_;
+  stops.beginAt(rest_->start());
+  stops.setBetween(rest_->places());
+  return stops;
 }
 
 // --- Answers
@@ -187,9 +162,8 @@ void RouteSession::takeUpdate(GuidedPlan plan) {
         return other.path.front() == route()->path.front() && whole.isFollowedBy(other);
       });
   if (same == plan.routes.end() || (chosen_ == 0 && same != plan.routes.begin())) {
-    const std::string closed = whole.closedName(closures_, *venue_);
     adopt(std::move(plan));
-    if (rerouted) rerouted(closed);
+    if (rerouted) rerouted(whole.closedName(closures_, *venue_));
     return;
   }
   chosen_ = static_cast<std::size_t>(same - plan.routes.begin());
@@ -198,20 +172,16 @@ void RouteSession::takeUpdate(GuidedPlan plan) {
 }
 
 void RouteSession::takeCheck(const GuidedPlan& plan) {
-  if (plan.routes.empty() || !rest_->isFollowedBy(plan.routes.front()))
-    return start(Purpose::replaceRest, makeRequest(rest_->start(), rest_->places()));
-  keepOnlyChosen();
+  if (!plan.routes.empty() && rest_->isFollowedBy(plan.routes.front())) return keepOnlyChosen();
+  start(Purpose::replaceRest, stopsOfRest());
 }
 
 void RouteSession::takeNewRest(GuidedPlan plan) {
-  if (std::any_of(plan.routes.begin(), plan.routes.end(),
-                  [this](const auto& other) { return rest_->isFollowedBy(other); }))
-    return keepOnlyChosen();
-  from_ = {.position = rest_->start()};
-  between_ = rest_->places();
-  const std::string closed = rest_->closedName(closures_, *venue_);
+  const auto isSame = [this](const auto& other) { return rest_->isFollowedBy(other); };
+  if (std::any_of(plan.routes.begin(), plan.routes.end(), isSame)) return keepOnlyChosen();
+  stops_ = stopsOfRest();
   adopt(std::move(plan));
-  if (rerouted) rerouted(closed);
+  if (rerouted) rerouted(rest_->closedName(closures_, *venue_));
 }
 
 void RouteSession::adopt(GuidedPlan plan) {
@@ -230,9 +200,10 @@ void RouteSession::keepOnlyChosen() {
 
 void RouteSession::choose(std::size_t index) {
   chosen_ = index;
-  between_.clear();
+  RouteStops::Places between;
   const auto& visits = plan_.routes[index].itinerary.visits;
-  for (std::size_t i = 1; i + 1 < visits.size(); ++i) between_.push_back(visits[i].location);
+  for (std::size_t i = 1; i + 1 < visits.size(); ++i) between.push_back(visits[i].location);
+  stops_.setBetween(std::move(between));
 }
 
 const GuidedRoute* RouteSession::route() const {

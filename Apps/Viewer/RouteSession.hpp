@@ -11,8 +11,8 @@
 #include "Apps/Viewer/GuideWorker.hpp"
 #include "Apps/Viewer/GuidedRoute.hpp"
 #include "Apps/Viewer/LatestRequest.hpp"
-#include "Apps/Viewer/NearestChoices.hpp"
 #include "Apps/Viewer/RouteRest.hpp"
+#include "Apps/Viewer/RouteStops.hpp"
 #include "Apps/Viewer/StopNames.hpp"
 #include "Source/Guidance/Closures.hpp"
 #include "Source/Guidance/InterfaceTexts.hpp"
@@ -81,12 +81,12 @@ class RouteSession {
   /// Chooses one of the plan's routes. The stops in between are then in the order of its visits.
   void choose(std::size_t index);
 
-  bool hasStops() const { return from_.isSet() || to_.isSet(); }
-  bool isComplete() const { return from_.isSet() && to_.isSet(); }
-  bool hasStart() const { return from_.isSet(); }
+  bool hasStops() const { return !stops_.isEmpty(); }
+  bool isComplete() const { return stops_.isComplete(); }
+  bool hasStart() const { return stops_.hasStart(); }
 
   /// Whether a place can become a stop in between.
-  bool canAddStop(const std::shared_ptr<Location>& place) const;
+  bool canAddStop(const std::shared_ptr<Location>& place) const { return stops_.canAdd(place); }
   std::size_t profile() const { return profile_; }
   const guidance::Closures& closures() const { return closures_; }
 
@@ -107,33 +107,18 @@ class RouteSession {
   std::optional<guidance::LocalTime> arrival() const;
 
  private:
-  using Places = std::vector<std::shared_ptr<Location>>;
-
-  /// A start or a destination. At most one member has a content.
-  struct End {
-    std::shared_ptr<Location> place{};
-    std::optional<guidance::Stop> position{};  // of a traveler
-    std::optional<NearestChoice> nearest{};    // only of a destination
-
-    bool isSet() const { return place || position || nearest; }
-  };
-
   /// What is planned at the moment.
   enum class Purpose {
-    plan,       // what the user has asked for
-    update,     // the same, after a change of the closures
-    checkRest,  // whether the rest of the route is possible
-    replaceRest
+    plan,        // what the user has asked for
+    update,      // the same, after a change of the closures
+    checkRest,   // whether the rest of the route is possible
+    replaceRest  // another way to the stops that are left
   };
 
   void request();
   void planAgain();
-  void start(Purpose purpose, guidance::Request request);
-  guidance::Request makeRequest(const guidance::Stop& start, const Places& between) const;
-  guidance::Request makeRequest() const { return makeRequest(stopAt(from_), between_); }
-  guidance::Stop stopAt(const End& end) const;
-  std::optional<std::string> nameOf(const End& end) const;
-  std::string nameOf(const Location& place) const;
+  void start(Purpose purpose, const RouteStops& stops);
+  guidance::Request makeRequest() const;
 
   void take(GuidedPlan plan);
   void takeUpdate(GuidedPlan plan);
@@ -141,20 +126,19 @@ class RouteSession {
   void takeNewRest(GuidedPlan plan);
   void adopt(GuidedPlan plan);
   void keepOnlyChosen();
+  RouteStops stopsOfRest() const;
 
   const std::shared_ptr<Venue> venue_;
   const guidance::InterfaceTexts texts_;
   const Clock clock_;
   LatestRequest<GuideWorker> guide_;
-  End from_;
-  Places between_;
-  End to_;
+  RouteStops stops_;
   std::size_t profile_ = 0;
   guidance::Closures closures_;
   GuidedPlan plan_;
   std::size_t chosen_ = 0;  // of the plan's routes
   Purpose purpose_ = Purpose::plan;
-  std::optional<RouteRest> rest_;  // while it is checked or replaced
+  std::optional<RouteRest> rest_;  // the last one that was checked
 };
 
 }  // namespace orivanta::viewer

@@ -141,10 +141,10 @@ class VenueView : public view::View, public MapViewDelegate {
 
   // Routes
   void routeChanged();
+  void removeRoute();
   void showPlan();
   void routeConfirmed();
   void routeReplaced(const std::string& closed);
-  void showRoute();
   void lookAtRoute();
   void showStep(std::size_t index);
   std::string arrivalText() const;

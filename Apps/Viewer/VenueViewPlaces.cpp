@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Apps/Viewer/ShownName.hpp"
 #include "Apps/Viewer/VenueView.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Guidance/LabelName.hpp"
@@ -75,7 +76,7 @@ void VenueView::select(const std::shared_ptr<Location>& place) {
   selected_ = place;
   highlight(place);
   if (place) {
-    panels_.card->show(*place);
+    panels_.card->show(*place, shownName(*venue_, *place));
     offerRoutes(place);
     fetchPicture(place);
     showFloor(floorOf(*place, mapView_->currentMap()));

@@ -21,7 +21,7 @@ void VenueView::connectRoute() {
   panel.profileChosen = [this](std::size_t index) { session_.setProfile(index); };
   panel.routeChosen = [this](std::size_t index) {
     session_.choose(index);
-    showRoute();
+    showPlan();
     lookAtRoute();
   };
   panel.stepChosen = [this](std::size_t index) { showStep(index); };
@@ -42,25 +42,33 @@ void VenueView::connectRoute() {
 // --- Routes
 
 void VenueView::routeChanged() {
-  stopWalk();
-  display_.clear();
-  panels_.floors->setRoute({});
-  panels_.route->setStops(session_.names());
+  removeRoute();
   panels_.route->setProfile(session_.profile());
   if (session_.isPlanning()) panels_.route->setPlanning();
   arrangePanels();
 }
 
-void VenueView::showPlan() {
-  const GuidedPlan& plan = session_.plan();
-  if (!plan.routes.empty()) return showRoute();
+// Removes the route and the walk. The panel keeps the stops.
+void VenueView::removeRoute() {
   stopWalk();
   display_.clear();
   panels_.floors->setRoute({});
-  const bool hasHelp = plan.problem->kind == guidance::Problem::Kind::onlyWithSteps;
   panels_.route->setStops(session_.names());
-  panels_.route->setProblem(plan.problemText,
-                            hasHelp ? std::optional(preferElevatorChoice) : std::nullopt);
+}
+
+// Shows the chosen route or why there is none. The map does not move.
+void VenueView::showPlan() {
+  removeRoute();
+  const GuidedPlan& plan = session_.plan();
+  if (const GuidedRoute* route = session_.route()) {
+    panels_.route->setRoute(plan, session_.chosen(), arrivalText());
+    panels_.floors->setRoute(route->floors);
+    display_.show(*route, scale_);
+  } else {
+    const bool hasHelp = plan.problem->kind == guidance::Problem::Kind::onlyWithSteps;
+    panels_.route->setProblem(plan.problemText,
+                              hasHelp ? std::optional(preferElevatorChoice) : std::nullopt);
+  }
   arrangePanels();
 }
 
@@ -74,13 +82,12 @@ void VenueView::routeConfirmed() {
 }
 
 // A walk continues on the new route. Nobody has asked for that route, so the map only moves with a
-// walker who is shown.
+// walker who is in sight.
 void VenueView::routeReplaced(const std::string& closed) {
   const Walker* walker = walk_.walker();
   const bool walks = walker != nullptr && !walker->isDone();
   const bool isPaused = walks && walker->isPaused();
-  const bool isShown =
-      walks && !isPaused && !selected_ && walker->floor() == mapView_->currentMap();
+  const bool isInSight = walks && walker->floor() == mapView_->currentMap() && !selected_;
   showPlan();
   if (!session_.route()) return;
   const std::string name = texts_.name(closed);
@@ -91,20 +98,8 @@ void VenueView::routeReplaced(const std::string& closed) {
   walk_.continueOn(*session_.plan().guide, session_.route()->itinerary);
   walk_.setPaused(isPaused);
   panels_.route->setWalk(isPaused ? WalkState::paused : WalkState::walking);
-  if (isShown) showWalkedFloor();
+  if (isInSight && !isPaused) showWalkedFloor();
   arrangePanels();
-}
-
-// Shows the chosen route. The map does not move.
-void VenueView::showRoute() {
-  stopWalk();
-  display_.clear();
-  const GuidedRoute& route = *session_.route();
-  panels_.route->setStops(session_.names());
-  panels_.route->setRoute(session_.plan(), session_.chosen(), arrivalText());
-  arrangePanels();
-  panels_.floors->setRoute(route.floors);
-  display_.show(route, scale_);
 }
 
 // Frames the beginning of the route, if there is one, unless the map shows a selected place.
@@ -167,7 +162,10 @@ void VenueView::walk(double time) {
   if (walker.isDone()) return;
   if (walk_.advance(time, scale_)) showWalkedFloor();
   panels_.route->setCurrentStep(walker.progress().announced);
-  if (walker.isDone()) panels_.route->setWalk(WalkState::paused);
+  if (walker.isDone()) {
+    session_.walkEnded();
+    panels_.route->setWalk(WalkState::paused);
+  }
   if (const std::string left = leftText(); left != panels_.route->remark()) {
     panels_.route->setRemark(left);
     arrangePanels();

@@ -171,7 +171,7 @@ TEST_F(WalkTest, GoesAroundWhatIsClosedMeanwhileAndLeavesTheMapAlone) {
       EXPECT_EQ(ridesOf(view), closed == "a" ? (std::vector<std::string>{"a", "b"})
                                              : std::vector<std::string>{"c"});
       EXPECT_EQ(stage->viewer.note(),
-                closed == "a" ? "" : "Stairs is closed. This is the new route.");
+                closed == "a" ? "" : "Closed: Stairs. This is the new route.");
       ASSERT_TRUE(view.walker() && view.walker()->isPaused() != hasCard);
       EXPECT_NEAR(view.walker()->position().x, position, hasCard ? 40 : 1);
       EXPECT_EQ(view.mapView().currentMap(), view.venue()->maps->front());
@@ -213,7 +213,7 @@ TEST_F(WalkTest, StaysOnTheChosenRouteUnlessTheRestIsClosed) {
   EXPECT_EQ(stage->viewer.note(), "");
   close(view, {"d"});
   EXPECT_EQ(ridesOf(view), std::vector<std::string>{"b"});
-  EXPECT_EQ(stage->viewer.note(), "Back lift is closed. This is the new route.");
+  EXPECT_EQ(stage->viewer.note(), "Closed: Back lift. This is the new route.");
 
   view.panels().route->stops().closed();
   close(view, {});
