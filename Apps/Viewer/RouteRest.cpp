@@ -42,62 +42,38 @@ RouteRest::RouteRest(const GuidedRoute& route, const RouteProgress& progress)
   addLegs(route, progress.leg, isRide ? leg.nodes.size() : nodesBehind(leg, progress.legMeters));
 }
 
-// Adds the legs from one of its nodes on.
+// Adds the legs from a node of the first one on.
 void RouteRest::addLegs(const GuidedRoute& route, std::size_t firstLeg, std::size_t firstNode) {
   const auto& legs = route.itinerary.legs;
-  const auto& visits = route.itinerary.visits;
-  auto next = visits.begin() + 1;  // the first visit after the legs so far
-  while (next->leg <= firstLeg && next + 1 != visits.end()) ++next;
   for (std::size_t i = firstLeg; i < legs.size(); ++i) {
-    addLeg(legs[i], i == firstLeg ? firstNode : 1);
-    for (; next + 1 != visits.end() && next->leg == i + 1; ++next)
-      if (next->location) {
-        places_.push_back(next->location);
-        visit(next->location);
-      }
+    const std::size_t first = i == firstLeg ? firstNode : 1;
+    if (first >= legs[i].nodes.size()) continue;
+    if (legs[i].connector) connectors_.push_back(legs[i].connector);
+    nodes_.insert(nodes_.end(), legs[i].nodes.begin() + static_cast<std::ptrdiff_t>(first),
+                  legs[i].nodes.end());
   }
-  if (const auto destination = route.to()) visit(destination);
+  const auto& visits = route.itinerary.visits;
+  for (std::size_t i = 1; i + 1 < visits.size(); ++i)
+    if (visits[i].leg > firstLeg && visits[i].location) places_.push_back(visits[i].location);
+  destination_ = route.to();
 }
 
-void RouteRest::addLeg(const Leg& leg, std::size_t first) {
-  const bool isRide = leg.kind == Leg::Kind::ride;
-  if (isRide && first < leg.nodes.size()) connectors_.push_back(leg.connector);
-  for (std::size_t i = first; i < leg.nodes.size(); ++i)
-    points_.push_back({leg.nodes[i], leg.nodes[i], false, isRide && i + 1 < leg.nodes.size()});
-}
-
-// The last node becomes a stop.
-void RouteRest::visit(const guidance::Stop& stop) {
-  if (points_.empty()) return;
-  points_.back().stop = stop;
-  points_.back().isVisited = true;
-}
-
-std::vector<guidance::Stop> RouteRest::closeStops() const {
-  constexpr std::size_t most = guidance::Request::mostStops - 2;  // without the ends
-  const auto visited = static_cast<std::size_t>(
-      std::count_if(points_.begin(), points_.end(), [](const Point& p) { return p.isVisited; }));
-  const std::size_t free = visited < most ? most - visited : 1;
-  const std::size_t distance = points_.size() / free + 1;
-  std::vector<guidance::Stop> stops{start_};
-  for (std::size_t i = 0; i < points_.size(); ++i) {
-    const bool isLast = i + 1 == points_.size();
-    if (isLast || points_[i].isVisited || (i % distance == 0 && !points_[i].isPassed))
-      stops.push_back(points_[i].stop);
-  }
-  return stops;
-}
-
-// The first node of the route is the start, which may be at the first point.
-bool RouteRest::isFollowedBy(const GuidedRoute& route) const {
-  std::vector<std::shared_ptr<Vortex>> connectors;
-  for (const Leg& leg : route.itinerary.legs)
-    if (leg.connector) connectors.push_back(leg.connector);
-  const std::size_t count = route.path.size() - 1;
-  if (connectors != connectors_ || count > points_.size() || count + 1 < points_.size())
+bool RouteRest::isOpen(const guidance::Guide& guide, const guidance::Profile& profile,
+                       const guidance::Closures& closures) const {
+  const auto isClosed = [&](const auto& place) {
+    return place && closures.contains(place->id.value_or(""));
+  };
+  if (isClosed(destination_) || std::any_of(places_.begin(), places_.end(), isClosed) ||
+      std::any_of(connectors_.begin(), connectors_.end(), isClosed))
     return false;
-  return std::equal(route.path.begin() + 1, route.path.end(), points_.end() - std::ptrdiff_t(count),
-                    [](const auto& node, const Point& point) { return node == point.node; });
+  // No way leads into a closed node.
+  guidance::Stop from = start_;
+  for (const auto& node : nodes_) {
+    const auto costs = guide.costs({from}, {node}, profile, closures);
+    if (!costs || costs->front().front() < 0) return false;
+    from = node;
+  }
+  return true;
 }
 
 std::string RouteRest::closedName(const guidance::Closures& closures, const Venue& venue) const {
@@ -106,13 +82,10 @@ std::string RouteRest::closedName(const guidance::Closures& closures, const Venu
   };
   for (const auto& connector : connectors_)
     if (isClosed(*connector)) return labelName(venue, *connector);
-  for (const auto& place : *venue.locations) {
-    if (!isClosed(*place)) continue;
-    const auto& nodes = place->nodes;
-    for (const Point& point : points_)
-      if (std::find(nodes.begin(), nodes.end(), point.node) != nodes.end())
-        return labelName(venue, *place);
-  }
+  for (const auto& place : *venue.locations)
+    if (isClosed(*place) && std::find_first_of(nodes_.begin(), nodes_.end(), place->nodes.begin(),
+                                               place->nodes.end()) != nodes_.end())
+      return labelName(venue, *place);
   return "";
 }
 

@@ -28,42 +28,29 @@ class RouteRest {
   /// The whole route, before its start.
   explicit RouteRest(const GuidedRoute& route);
 
-  /// Returns whether there is no way left.
-  bool isEmpty() const { return points_.empty(); }
-
   /// Returns the position, or the end of the ride that the traveler is on.
   const guidance::Stop& start() const { return start_; }
 
   /// Returns the places in between that have not been visited.
   const std::vector<std::shared_ptr<Location>>& places() const { return places_; }
 
-  /// Returns stops so close to each other that an itinerary in this order leads along the rest if
-  /// nothing on it is closed, at most as many as a request may have. Begins with `start`.
-  std::vector<guidance::Stop> closeStops() const;
-
-  /// Returns whether a route from `start` leads along this rest.
-  bool isFollowedBy(const GuidedRoute& route) const;
+  /// Returns whether nothing on the rest is closed. Opening hours do not count. Takes a short
+  /// search for each node, and one of the whole network if a node is closed.
+  bool isOpen(const guidance::Guide& guide, const guidance::Profile& profile,
+              const guidance::Closures& closures) const;
 
   /// Returns the name, for a label, of a closed connector or place on the rest. Empty if there is
   /// none, or if no sign shows its name.
   std::string closedName(const guidance::Closures& closures, const Venue& venue) const;
 
  private:
-  struct Point {
-    std::shared_ptr<Node> node;
-    guidance::Stop stop;     // the place that is visited there, or the node
-    bool isVisited = false;  // whether it is a stop of the route
-    bool isPassed = false;   // whether a ride passes the node without a stop
-  };
-
   void addLegs(const GuidedRoute& route, std::size_t firstLeg, std::size_t firstNode);
-  void addLeg(const guidance::Leg& leg, std::size_t first);
-  void visit(const guidance::Stop& stop);
 
   guidance::Stop start_;
-  std::vector<std::shared_ptr<Location>> places_;
-  std::vector<Point> points_;                        // after the start
+  NodeList nodes_;                                   // after the start
   std::vector<std::shared_ptr<Vortex>> connectors_;  // of the rides, in order
+  std::vector<std::shared_ptr<Location>> places_;
+  std::shared_ptr<Location> destination_;  // may be null
 };
 
 }  // namespace orivanta::viewer

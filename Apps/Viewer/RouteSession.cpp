@@ -13,6 +13,17 @@ namespace {
 
 constexpr int alternatives = 2;
 
+// Returns whether two routes lead along the same nodes and connectors.
+bool isSameRoute(const GuidedRoute& route, const GuidedRoute& other) {
+  const auto isSameRide = [](const guidance::Leg& left, const guidance::Leg& right) {
+    return left.connector == right.connector;
+  };
+  const auto& legs = route.itinerary.legs;
+  const auto& others = other.itinerary.legs;
+  return route.path == other.path &&
+         std::equal(legs.begin(), legs.end(), others.begin(), others.end(), isSameRide);
+}
+
 }  // namespace
 
 RouteSession::RouteSession(std::shared_ptr<Venue> venue, const guidance::InterfaceTexts& texts,
@@ -101,19 +112,14 @@ void RouteSession::planAgain() {
 
 void RouteSession::start(Purpose purpose, const RouteStops& stops) {
   purpose_ = purpose;
-  guidance::Request request = makeRequest();
+  guidance::Request request;
   request.stops = stops.list(*venue_, closures_);
   request.bestOrder = stops.between().size() > 1;
-  request.alternatives = alternatives;
-  guide_.start(std::move(request));
-}
-
-guidance::Request RouteSession::makeRequest() const {
-  guidance::Request request;
   request.profile = profileChoices[profile_].make();
   request.closures = closures_;
   request.at = clock_();
-  return request;
+  request.alternatives = alternatives;
+  guide_.start(std::move(request));
 }
 
 void RouteSession::setClosures(const guidance::Closures& closures,
@@ -122,17 +128,19 @@ void RouteSession::setClosures(const guidance::Closures& closures,
   if (!isComplete()) return;
   if (!route()) return planAgain();
   if (!progress) return start(Purpose::update, stops_);
-  rest_.emplace(*route(), *progress);
-  if (rest_->isEmpty()) return keepOnlyChosen();
-  purpose_ = Purpose::checkRest;
-  guidance::Request check = makeRequest();
-  check.stops = rest_->closeStops();
-  guide_.start(std::move(check));
+  checkRest(RouteRest(*route(), *progress));
+}
+
+// Keeps the route if the rest of it is open.
+void RouteSession::checkRest(RouteRest rest) {
+  if (rest.isOpen(*plan_.guide, profileChoices[profile_].make(), closures_))
+    return keepOnlyChosen();
+  rest_ = std::move(rest);
+  start(Purpose::replaceRest, stopsOfRest());
 }
 
 void RouteSession::walkEnded() {
-  const bool concernsRest = purpose_ == Purpose::checkRest || purpose_ == Purpose::replaceRest;
-  if (isPlanning() && concernsRest) start(Purpose::update, stops_);
+  if (isPlanning() && purpose_ == Purpose::replaceRest) start(Purpose::update, stops_);
 }
 
 // Returns the stops that are left, beginning at the traveler.
@@ -147,7 +155,6 @@ RouteStops RouteSession::stopsOfRest() const {
 
 void RouteSession::take(GuidedPlan plan) {
   if (purpose_ == Purpose::update) return takeUpdate(std::move(plan));
-  if (purpose_ == Purpose::checkRest) return takeCheck(plan);
   if (purpose_ == Purpose::replaceRest) return takeNewRest(std::move(plan));
   adopt(std::move(plan));
   if (planned) planned();
@@ -156,14 +163,13 @@ void RouteSession::take(GuidedPlan plan) {
 // Keeps the chosen route if it is in the new plan. The best route is only kept if it is still the
 // best one.
 void RouteSession::takeUpdate(GuidedPlan plan) {
-  const RouteRest whole(*route());
   const auto same =
-      std::find_if(plan.routes.begin(), plan.routes.end(), [&](const GuidedRoute& other) {
-        return other.path.front() == route()->path.front() && whole.isFollowedBy(other);
-      });
+      std::find_if(plan.routes.begin(), plan.routes.end(),
+                   [this](const GuidedRoute& other) { return isSameRoute(other, *route()); });
   if (same == plan.routes.end() || (chosen_ == 0 && same != plan.routes.begin())) {
+    const std::string closed = RouteRest(*route()).closedName(closures_, *venue_);
     adopt(std::move(plan));
-    if (rerouted) rerouted(whole.closedName(closures_, *venue_));
+    if (rerouted) rerouted(closed);
     return;
   }
   chosen_ = static_cast<std::size_t>(same - plan.routes.begin());
@@ -171,14 +177,7 @@ void RouteSession::takeUpdate(GuidedPlan plan) {
   if (confirmed) confirmed();
 }
 
-void RouteSession::takeCheck(const GuidedPlan& plan) {
-  if (!plan.routes.empty() && rest_->isFollowedBy(plan.routes.front())) return keepOnlyChosen();
-  start(Purpose::replaceRest, stopsOfRest());
-}
-
 void RouteSession::takeNewRest(GuidedPlan plan) {
-  const auto isSame = [this](const auto& other) { return rest_->isFollowedBy(other); };
-  if (std::any_of(plan.routes.begin(), plan.routes.end(), isSame)) return keepOnlyChosen();
   stops_ = stopsOfRest();
   adopt(std::move(plan));
   if (rerouted) rerouted(rest_->closedName(closures_, *venue_));

@@ -111,21 +111,19 @@ class RouteSession {
   enum class Purpose {
     plan,        // what the user has asked for
     update,      // the same, after a change of the closures
-    checkRest,   // whether the rest of the route is possible
     replaceRest  // another way to the stops that are left
   };
 
   void request();
   void planAgain();
   void start(Purpose purpose, const RouteStops& stops);
-  guidance::Request makeRequest() const;
 
   void take(GuidedPlan plan);
   void takeUpdate(GuidedPlan plan);
-  void takeCheck(const GuidedPlan& plan);
   void takeNewRest(GuidedPlan plan);
   void adopt(GuidedPlan plan);
   void keepOnlyChosen();
+  void checkRest(RouteRest rest);
   RouteStops stopsOfRest() const;
 
   const std::shared_ptr<Venue> venue_;
@@ -138,7 +136,7 @@ class RouteSession {
   GuidedPlan plan_;
   std::size_t chosen_ = 0;  // of the plan's routes
   Purpose purpose_ = Purpose::plan;
-  std::optional<RouteRest> rest_;  // the last one that was checked
+  std::optional<RouteRest> rest_;  // the last one that was closed
 };
 
 }  // namespace orivanta::viewer
