@@ -128,15 +128,14 @@ void RouteSession::setClosures(const guidance::Closures& closures,
   if (!isComplete()) return;
   if (!route()) return planAgain();
   if (!progress) return start(Purpose::update, stops_);
-  checkRest(RouteRest(*route(), *progress));
+  const RouteRest rest(*route(), *progress);
+  if (isOpen(rest)) return keepOpenRoutes();
+  rest_ = rest;
+  start(Purpose::replaceRest, stopsOfRest());
 }
 
-// Keeps the route if the rest of it is open.
-void RouteSession::checkRest(RouteRest rest) {
-  if (rest.isOpen(*plan_.guide, profileChoices[profile_].make(), closures_))
-    return keepOnlyChosen();
-  rest_ = std::move(rest);
-  start(Purpose::replaceRest, stopsOfRest());
+bool RouteSession::isOpen(const RouteRest& rest) const {
+  return rest.isOpen(*plan_.guide, profileChoices[profile_].make(), closures_);
 }
 
 void RouteSession::walkEnded() {
@@ -189,11 +188,18 @@ void RouteSession::adopt(GuidedPlan plan) {
   if (!plan_.routes.empty()) choose(0);
 }
 
-// The other routes may be closed.
-void RouteSession::keepOnlyChosen() {
+// Keeps the chosen route and those of the others on which nothing is closed.
+void RouteSession::keepOpenRoutes() {
   guide_.cancel();
-  plan_.routes = {std::move(plan_.routes[chosen_])};
-  chosen_ = 0;
+  std::vector<GuidedRoute> kept;
+  std::size_t chosen = 0;
+  for (std::size_t i = 0; i < plan_.routes.size(); ++i) {
+    if (i == chosen_) chosen = kept.size();
+    if (i == chosen_ || isOpen(RouteRest(plan_.routes[i])))
+      kept.push_back(std::move(plan_.routes[i]));
+  }
+  plan_.routes = std::move(kept);
+  chosen_ = chosen;
   if (confirmed) confirmed();
 }
 

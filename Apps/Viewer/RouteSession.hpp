@@ -122,8 +122,8 @@ class RouteSession {
   void takeUpdate(GuidedPlan plan);
   void takeNewRest(GuidedPlan plan);
   void adopt(GuidedPlan plan);
-  void keepOnlyChosen();
-  void checkRest(RouteRest rest);
+  void keepOpenRoutes();
+  bool isOpen(const RouteRest& rest) const;
   RouteStops stopsOfRest() const;
 
   const std::shared_ptr<Venue> venue_;

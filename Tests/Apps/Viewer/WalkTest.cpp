@@ -207,9 +207,11 @@ TEST_F(WalkTest, StaysOnTheChosenRouteUnlessTheRestIsClosed) {
   EXPECT_EQ(view.walker()->floor()->id, "g") << "on the escalator, beside a corridor";
   close(view, {"bakery"});
   EXPECT_EQ(ridesOf(view), (std::vector<std::string>{"a", "d"}));
+  EXPECT_GT(view.session().plan().routes.size(), 1U);
   walkUntil([&] { return view.walker()->position().x > 300; });
   close(view, {"bakery", "b", "c"});
   EXPECT_EQ(ridesOf(view), (std::vector<std::string>{"a", "d"}));
+  EXPECT_EQ(view.session().plan().routes.size(), 1U) << "the other routes are closed";
   EXPECT_EQ(stage->viewer.note(), "");
   close(view, {"d"});
   EXPECT_EQ(ridesOf(view), std::vector<std::string>{"b"});
