@@ -39,8 +39,10 @@ class RouteSession {
   std::function<void()> requested;
   std::function<void()> planned;  ///< there is a new plan
 
-  // A plan after a change of the closures calls one of these instead of `planned`.
-  std::function<void()> confirmed;  ///< the chosen route remains; its alternatives may be others
+  // After a change of the closures, one of these is called instead of `planned`.
+
+  /// The chosen route remains; its alternatives may be others. May be called within `setClosures`.
+  std::function<void()> confirmed;
 
   /// There is another route, or none any more. `closed` is the name of what is closed on the former
   /// one, or empty if it is not known or has no name.
