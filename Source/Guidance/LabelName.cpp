@@ -9,7 +9,7 @@ namespace orivanta {
 
 std::string labelName(const Venue& venue, const Location& place) {
   if (const auto* connector = dynamic_cast<const Vortex*>(&place))
-    return guidance::ConnectorSigns(venue).signOf(*connector);
+    return guidance::signOf(*connector, venue);
   if (!hasGeneratedName(place)) return place.name.value_or("");
   return place.categories.empty() ? "" : place.categories.front()->name.value_or("");
 }
