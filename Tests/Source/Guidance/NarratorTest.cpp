@@ -187,7 +187,7 @@ void visitAllSteps(const std::vector<Step>& route, Itinerary& itinerary, Visit v
           step.metersToNext = meters;
           step.passed = {{shop, nullptr, first}, {shop, route[1].landmark->category, second}};
           step.passed.resize(count % 3);
-          step.through = {shop, route[1].landmark->place, stairs_};
+          step.through = {shop, route[1].landmark->place, itinerary.legs[1].connector};
           step.through.resize(count / 3);
           visit({step});
         }
