@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "Apps/Import/Places/Categories.hpp"
-#include "Apps/Viewer/CategoryFit.hpp"
 #include "Apps/Viewer/NearestChoices.hpp"
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
@@ -18,32 +17,29 @@ using ::testing::ElementsAre;
 
 // A venue with categories, each of which has a place that can be reached.
 struct CategoryVenue {
-  CategoryVenue() { venue->categories.emplace(); }
-
-  // The categories of the importer in one language.
-  CategoryVenue(const std::string& language, bool hasIdentifiers) : CategoryVenue() {
+  // The importer's categories in one language.
+  CategoryVenue(const std::string& language, bool hasIdentifiers) {
     for (const importer::Category& each : importer::allCategories()) {
-      const std::string id = hasIdentifiers ? "cat-" + std::string(each.id) : "";
-      add(std::string(each.name(language)), id, std::string(each.id));
+      const std::string id(each.id);
+      add(std::string(each.name(language)), id)->id =
+          hasIdentifiers ? "cat-" + id : std::to_string(places.size());
     }
   }
 
-  // The categories "Parent>Child, Other" without identifiers.
-  explicit CategoryVenue(const std::string& list) : CategoryVenue() {
+  // Categories such as "Parent>Child,Other".
+  explicit CategoryVenue(const std::string& list) {
     for (const std::string& chain : split(list, ',')) {
       std::shared_ptr<Category> parent;
       for (const std::string& name : split(chain, '>')) {
-        const auto child = add(name.substr(name.find_first_not_of(' ')), "", name);
+        const auto child = add(name, name);
         if (parent) parent->children.push_back(child);
         parent = child;
       }
     }
   }
 
-  std::shared_ptr<Category> add(const std::string& name, const std::string& id,
-                                const std::string& label) {
-    auto category = Category::make(*RawData::parse(R"({"id": "x", "name": "x"})"));
-    category->id = id.empty() ? std::to_string(labels.size()) : id;
+  std::shared_ptr<Category> add(const std::string& name, const std::string& label) {
+    auto category = Category::make(*RawData::parse(R"({"id": "1", "name": ""})"));
     category->name = name;
     auto place = Location::make(*RawData::parse(R"({"id": "l", "name": "L", "type": "shop"})"));
     place->name = name;
@@ -55,142 +51,97 @@ struct CategoryVenue {
     return venue->categories->emplace_back(std::move(category));
   }
 
-  // Removes the places of all other categories.
-  void keepOnly(const std::string& label) {
-    for (const auto& category : *venue->categories)
-      if (labels.at(category) != label) category->locations.clear();
+  std::string typed(std::string_view text) const {
+    std::string found;
+    for (const auto& each : categoriesTyped(*venue, text))
+      found += (found.empty() ? "" : "+") + labels.at(each);
+    return found;
   }
 
-  std::string typed(std::string_view text) const { return joined(categoriesTyped(*venue, text)); }
-
-  std::string ofKind(NamedKind kind) const {
-    const auto found = categoriesOfKind(*venue, kind);
-    return joined(found.categories) + (found.isWholeKind ? "!" : "");
-  }
-
-  std::string joined(const std::vector<std::shared_ptr<Category>>& categories) const {
-    std::string text;
-    for (const auto& each : categories) text += (text.empty() ? "" : " + ") + labels.at(each);
-    return text;
-  }
-
-  const std::shared_ptr<Venue> venue =
-      Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
+  std::shared_ptr<Venue> venue = [] {
+    auto made = Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
+    made->categories.emplace();
+    made->vortices.emplace();
+    return made;
+  }();
   std::vector<std::shared_ptr<Location>> places;
   std::map<std::shared_ptr<Category>, std::string> labels;
 };
 
-TEST(CategoryMatch, FindsKindsInTheCategoriesOfTheImporter) {
-  for (const char* language : {"en", "de", "fr", "ja", "ar"})
-    for (const bool hasIdentifiers : {true, false}) {
-      CategoryVenue venue(language, hasIdentifiers);
-      EXPECT_EQ(venue.ofKind(NamedKind::toilet), "toilets!") << language;
-      EXPECT_EQ(venue.ofKind(NamedKind::exit), "exits!") << language;
-      EXPECT_EQ(venue.ofKind(NamedKind::entrance), "entrances!") << language;
-      EXPECT_EQ(venue.typed("WC"), "toilets") << language;
-      venue.keepOnly("emergency-exits");
-      EXPECT_EQ(venue.ofKind(NamedKind::exit), "") << language;
-    }
-}
-
 TEST(CategoryMatch, FindsWhatIsTyped) {
-  const struct {
-    const char *language, *typed, *id;
-  } cases[] = {
-      {"en", "toil", "toilets"},
-      {"en", "Exit", "exits"},
-      {"en", "entrance", "entrances"},
-      {"de", "Eingang", "entrances"},
-      {"fr", "entrée", "entrances"},
-      {"ja", "入口", "entrances"},
-      {"ar", "مدخل", "entrances"},
-      {"en", "fire", "safety"},
-      {"en", "emergency", "emergency-exits"},
-      {"en", "street food", "street-food"},
-      {"en", "at", ""},
-      {"de", "Notausgang", "emergency-exits"},
-      {"de", "Ausgang", "exits"},
-      {"de", "ausg", "exits"},
-      {"de", "schliess", "lockers"},
-      {"fr", "sortie", "exits"},
-      {"fr", "Sorties de secours", "emergency-exits"},
-      {"fr", "toilettes hommes", "toilets-men"},
-      {"ja", "出口", "exits"},
-      {"ja", "非常口", "emergency-exits"},
-      {"ja", "バス", "buses"},
-      {"ja", "atm", "cash"},
-      {"ar", "حمام", "toilets"},
-      {"ar", "حمامات", "showers"},
-      {"ar", "مخرج", "exits"},
-      {"ar", "مخارج الطوارئ", "emergency-exits"},
-      {"ar", "مطا", ""},
-      {"ar", "!", ""},
-  };
-  for (const auto& each : cases)
-    EXPECT_EQ(CategoryVenue(each.language, true).typed(each.typed), each.id) << each.typed;
-  for (const auto& [singular, id] : {std::pair("Eingang", "entrances"), {"Exit", "exits"}}) {
-    CategoryVenue venue("de", true);
-    venue.keepOnly(id == std::string("exits") ? "entrances" : "exits");
-    EXPECT_EQ(venue.typed(singular), "") << "not the opposite";
-  }
+  const std::pair<const char*, const char*> cases[] = {
+      {"en",
+       "toil=toilets,Exit=exits,entrance=entrances,fire=safety,emergency=emergency-exits,at=,"
+       "health beauty=beauty,WC=toilets"},
+      {"de",
+       "Ausgang=exits,ausg=exits,Eingang=entrances,Notausgang=emergency-exits,schliess=lockers,"
+       "WC=toilets,exit=exits,entrance=entrances"},
+      {"fr",
+       "sortie=exits,entrée=entrances,Sorties de secours=emergency-exits,WC=toilets,"
+       "toilettes hommes=toilets-men"},
+      {"ja", "出口=exits,入口=entrances,非常口=emergency-exits,バス=buses,WC=toilets,atm=cash"},
+      {"ar",
+       "حمام=toilets,حمامات=showers,مخرج=exits,مدخل=entrances,مخارج الطوارئ=emergency-exits,مطا=,"
+       "!=,WC=toilets"}};
+  for (const auto& [language, list] : cases)
+    for (const bool hasIdentifiers : {true, false})
+      for (const std::string& pair : split(list, ',')) {
+        const std::size_t at = pair.find('=');
+        EXPECT_EQ(CategoryVenue(language, hasIdentifiers).typed(pair.substr(0, at)),
+                  pair.substr(at + 1))
+            << pair;
+      }
 }
 
-TEST(CategoryMatch, UnderstandsOtherNames) {
+TEST(CategoryMatch, UnderstandsIdentifiersAndOtherNames) {
+  EXPECT_EQ(CategoryVenue("ja", true).typed("Street food"), "street-food");
   const struct {
     const char *categories, *typed, *found;
   } cases[] = {
       {"Toiletries", "toilet", ""},
       {"Toiletries", "toil", "Toiletries"},
+      {"Entrances,Emergency exits", "exit", ""},
       {"Entrances,Entrances and exits", "exit", "Entrances and exits"},
-      {"Ausgang,Eingang", "Eingänge", "Eingang"},
-      {"Ausgang,Haupteingang,Wareneingang", "Eingang", "Haupteingang + Wareneingang"},
-      {"Fluchttür,Notausgang", "Ausgang", ""},
-      {"Men's toilets,Toiletries,Women's toilets", "toilets", "Men's toilets + Women's toilets"},
+      {"Ausgänge,Notausgang", "Eingang", ""},
+      {"Ausgang,Haupteingang,Wareneingang", "Eingang", "Haupteingang+Wareneingang"},
+      {"Men's toilets,Toiletries,Women's toilets", "toilets", "Men's toilets+Women's toilets"},
       {"Men's toilets,Toilettes,Women's toilets", "toilet", "Toilettes"},
-      {"Herrentoiletten,Damentoiletten", "WC", "Herrentoiletten + Damentoiletten"},
-      {"男子トイレ,女子トイレ,トイレタリー", "トイレ", "男子トイレ + 女子トイレ"},
-      {"دورات مياه للرجال,دورات مياه للنساء", "مرحاض", "دورات مياه للرجال + دورات مياه للنساء"},
+      {"男子トイレ,女子トイレ,トイレタリー", "トイレ", "男子トイレ+女子トイレ"},
+      {"دورات مياه للرجال,دورات مياه للنساء", "مرحاض", "دورات مياه للرجال+دورات مياه للنساء"},
       {"Public toilets>Men's toilets>Small toilets", "toilet", "Public toilets"},
-      {"A toilet,B toilet,C toilet,D toilet", "WC", "A toilet + B toilet + C toilet"},
+      {"A toilet,B toilet,C toilet,D toilet", "WC", "A toilet+B toilet+C toilet"},
   };
   for (const auto& each : cases)
     EXPECT_EQ(CategoryVenue(each.categories).typed(each.typed), each.found) << each.typed;
 }
 
 TEST(CategoryMatch, LeadsToEmergencyExitsOnlyIfTheyAreMeant) {
-  CategoryVenue venue("Exits>Emergency exits>North");
-  const auto namesFor = [&](const std::shared_ptr<Category>& category) {
-    std::vector<std::string> names;
-    const auto stop = nearestOf(category, guidance::InterfaceTexts()).stop;
-    if (const auto* places = std::get_if<guidance::PlaceList>(&stop))
-      for (const auto& place : *places) names.push_back(*place->name);
-    return names;
-  };
-  EXPECT_EQ(venue.typed("exit"), "Exits");
-  EXPECT_THAT(namesFor(venue.venue->categories->at(0)), ElementsAre("Exits"));
-  EXPECT_THAT(namesFor(venue.venue->categories->at(1)), ElementsAre()) << "the category itself";
-  venue.places[0]->categories.push_back(venue.venue->categories->at(1));
-  EXPECT_EQ(venue.typed("exit"), "");
-  EXPECT_EQ(venue.typed("Exits"), "");
-  EXPECT_EQ(venue.ofKind(NamedKind::exit), "");
-  EXPECT_EQ(venue.typed("Emergency exits"), "Emergency exits");
+  const CategoryVenue all("Exits>Emergency exits>North");
+  const auto& categories = *all.venue->categories;
+  const auto stop = nearestOf(categories[0], guidance::InterfaceTexts()).stop;
+  EXPECT_THAT(std::get<guidance::PlaceList>(stop), ElementsAre(all.places[0]));
+  EXPECT_TRUE(std::holds_alternative<std::shared_ptr<Category>>(
+      nearestOf(categories[1], guidance::InterfaceTexts()).stop));
+  EXPECT_EQ(all.typed("exit"), "Exits");
+  all.places[0]->categories.push_back(categories[1]);
+  EXPECT_EQ(all.typed("exit") + all.typed("Exits"), "");
+  EXPECT_EQ(all.typed("Emergency exits"), "Emergency exits");
 }
 
 TEST(NearestChoices, NamesToiletsThatAreNotForEverybody) {
-  const guidance::InterfaceTexts texts;
-  const auto titlesFor = [&](const std::string& categories) {
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
+      {"Toilets>Men's toilets,Entrances,Cafés", {"Nearest toilet", "Nearest exit"}},
+      {"Men's toilets,Women's toilets,Cafés",
+       {"Nearest: Men's toilets", "Nearest: Women's toilets"}},
+      {"Exits,Toilets>Men's toilets", {"Nearest exit"}}};
+  for (const auto& [categories, expected] : cases) {
     const CategoryVenue all(categories);
-    all.venue->vortices.emplace();
     std::vector<std::string> titles;
-    for (const auto& each : nearestChoices(*all.venue, *all.places.back(), {}, texts))
+    for (const auto& each :
+         nearestChoices(*all.venue, *all.places.back(), {}, guidance::InterfaceTexts()))
       titles.push_back(each.title);
-    return titles;
-  };
-  EXPECT_THAT(titlesFor("Toilets>Men's toilets,Entrances,Cafés"),
-              ElementsAre("Nearest toilet", "Nearest exit"));
-  EXPECT_THAT(titlesFor("Men's toilets,Women's toilets,Cafés"),
-              ElementsAre("Nearest: Men's toilets", "Nearest: Women's toilets"));
-  EXPECT_THAT(titlesFor("Exits,Toilets>Men's toilets"), ElementsAre("Nearest exit"));
+    EXPECT_EQ(titles, expected);
+  }
 }
 
 }  // namespace

@@ -205,22 +205,16 @@ TEST_F(GuideTest, ReportsProblems) {
   const PlaceList all{place("l1"), place("l2")};
   EXPECT_FALSE(guide_->costs(std::vector<Stop>(Guide::mostCostStarts + 1, node("n1")), {all}));
   EXPECT_FALSE(guide_->costs({all}, std::vector<Stop>(Guide::mostCostDestinations + 1, all)));
-}
-
-// The nodes of the destinations overlap.
-TEST_F(GuideTest, LimitsTheNodesOfATableOfCosts) {
   const GuideData data(*venue_);
-  const PlaceList both{place("l1"), place("l2")};
-  const auto rows = [&](std::size_t mostNodes) {
-    return costMatrix(data, {node("n2")}, {place("l2"), both, place("l1"), node("n4")}, {}, {},
-                      mostNodes, {});
+  const auto rows = [&](std::size_t mostNodes) {  // to overlapping nodes
+    return costMatrix(data, {node("n2")}, {place("l2"), all, node("n4")}, {}, {}, mostNodes, {});
   };
-  EXPECT_FALSE(rows(4));
-  const auto costOf = [&](const Stop& to) {
+  EXPECT_FALSE(rows(3));
+  const auto costTo = [&](const Stop& to) {
     return plan({node("n2"), to}).itineraries.at(0).costMilliseconds;
   };
-  EXPECT_EQ(rows(5).value().at(0), (std::vector<std::int64_t>{costOf(place("l2")), costOf(both),
-                                                              costOf(place("l1")), -1}));
+  EXPECT_EQ(rows(4).value().at(0),
+            (std::vector<std::int64_t>{costTo(place("l2")), costTo(all), -1}));
 }
 
 // The nodes i and j of the room are connected, and j is next to the door.
