@@ -35,6 +35,12 @@ void readTheme() {
   //! [read a theme]
 }
 
+void setStyle(MapView& mapView, const std::shared_ptr<const MapTheme>& theme) {
+  //! [set a style]
+  mapView.setStyle(MapStyle::make(theme));
+  //! [set a style]
+}
+
 void drawToFile(const std::shared_ptr<graphics::Image>& image) {
   //! [check a result]
   const foundation::Result<void> written = graphics::writePng(*image, "map.png");

@@ -32,7 +32,7 @@ pkg_check_modules(epoxy REQUIRED IMPORTED_TARGET epoxy egl)
 pkg_check_modules(sdl2 REQUIRED IMPORTED_TARGET sdl2)
 
 # For importing buildings.
-if(ORIVANTA_BUILD_APPS OR ORIVANTA_BUILD_FUZZERS)
+if((ORIVANTA_BUILD_APPS AND ORIVANTA_BUILD_COMMAND) OR ORIVANTA_BUILD_FUZZERS)
   pkg_check_modules(geos REQUIRED IMPORTED_TARGET geos)
   pkg_check_modules(libzip REQUIRED IMPORTED_TARGET libzip)
   pkg_check_modules(pugixml REQUIRED IMPORTED_TARGET pugixml)

@@ -28,7 +28,7 @@ set(CPACK_COMPONENTS_ALL)
 orivanta_part(library ${library} liborivanta)
 orivanta_part(view-library ${viewLibrary} liborivanta-ui)
 orivanta_part(development liborivanta-dev liborivanta-ui)
-if(ORIVANTA_BUILD_APPS)
+if(TARGET orivanta_command)
   orivanta_part(tools orivanta orivanta)
 endif()
 

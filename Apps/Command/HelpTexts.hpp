@@ -24,7 +24,7 @@ Exit codes: 0 success, 1 nothing found, 2 incorrect usage, 3 no response from th
 4 the output cannot be written, 5 the source of an import cannot be read, 6 not enough memory, or an
 unexpected error.
 
-`orivanta COMMAND --help` describes a command and its options.)";
+`orivanta help COMMAND` describes a command and its options.)";
 
 inline constexpr const char* venuesFooter = R"(
 Examples:

@@ -10,30 +10,41 @@
 #include <string>
 
 #include "Apps/Command/Definition/CommandLine.hpp"
+#include "Apps/Command/Definition/Inspection.hpp"
 #include "Apps/Command/Definition/SharedOptions.hpp"
 #include "Apps/Command/HelpTexts.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/ProgressLine.hpp"
+#include "Apps/Command/Suggestion.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 
 namespace orivanta::command {
 
 namespace {
 
+std::string describeUnknown(const CLI::App& command, const std::string& word, bool isCommand) {
+  if (!word.starts_with('-'))
+    return isCommand ? fmt::format("unknown command \"{}\".{}", word,
+                                   didYouMean(word, commandNames(command)))
+                     : fmt::format("unexpected argument \"{}\".", word);
+  const std::string name = word.substr(0, word.find('='));
+  return fmt::format("unknown option \"{}\".{}", name, didYouMean(name, optionNames(command)));
+}
+
 std::string describeFailure(const CLI::App* app, const CLI::Error& error) {
   const auto chosen = app->get_subcommands();
-  const auto unknown = app->remaining();
-  std::string reason = error.what();
-  if (chosen.empty() && !unknown.empty())
-    reason = fmt::format("unknown command or option \"{}\"", unknown.front());
+  const CLI::App& command = chosen.empty() ? *app : *chosen.front();
+  const auto unknown = command.remaining();
+  const std::string reason = unknown.empty()
+                                 ? std::string(error.what())
+                                 : describeUnknown(command, unknown.front(), chosen.empty());
   return fmt::format("orivanta: {}\nRun `orivanta {}--help` for more information.\n",
-                     foundation::printable(reason),
-                     chosen.empty() ? "" : chosen.front()->get_name() + " ");
+                     foundation::printable(reason), chosen.empty() ? "" : command.get_name() + " ");
 }
 
 void define(CLI::App& app, CommandLine& line) {
   app.footer(help::footer);
-  app.set_version_flag("--version", "orivanta " ORIVANTA_VERSION);
+  app.set_version_flag("-V,--version", "orivanta " ORIVANTA_VERSION);
   app.require_subcommand(1);
   app.failure_message(describeFailure);
   app.get_formatter()->column_width(28);
@@ -52,6 +63,7 @@ void define(CLI::App& app, CommandLine& line) {
   addPublish(app, line);
   addCompletions(app, line);
   addManual(app, line);
+  addHelp(app, line);
 }
 
 int end(ExitCode code, std::string_view reason) {

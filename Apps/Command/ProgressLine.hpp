@@ -24,6 +24,9 @@ class ProgressLine {
   /// The line on the process's standard error.
   static ProgressLine& standardError();
 
+  /// Returns whether there is a terminal that shows the line.
+  bool isShown() const { return columns_.has_value(); }
+
   /// Replaces the line, unless it was replaced less than 1/20 of a second ago.
   void show(std::string_view text, Clock::time_point now);
 

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <boost/json/array.hpp>
 #include <cmath>
 #include <utility>
@@ -9,6 +10,7 @@
 #include "Apps/Command/Table.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Directions.hpp"
+#include "Source/Guidance/Guide.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/NavigationGraph.hpp"
@@ -53,6 +55,13 @@ json::object directionJson(const Direction& direction) {
           {"instruction", direction.instruction}};
 }
 
+std::optional<double> expectedSeconds(const Venue& venue, const NodeList& path) {
+  const auto guide = guidance::Guide::make(venue);
+  const auto itinerary = guide ? guide->itinerary(path) : std::nullopt;
+  if (!itinerary || !itinerary->hasScale) return std::nullopt;
+  return itinerary->seconds();
+}
+
 json::object rideJson(const RouteDescription& route, const Ride& ride) {
   return {{"id", *ride.connector->id},
           {"name", *ride.connector->name},
@@ -69,7 +78,7 @@ RouteDescription describeRoute(const Venue& venue, std::shared_ptr<const Directi
   const double unitsPerMeter = venue._data["unitsPerMetre"].doubleValue();
   std::optional<double> lengthMeters;
   if (unitsPerMeter > 0.0) lengthMeters = walk.length() / unitsPerMeter;
-  return {std::move(directions), std::move(walk), lengthMeters};
+  return {directions, std::move(walk), lengthMeters, expectedSeconds(venue, directions->path)};
 }
 
 std::string routeText(const RouteDescription& route) {
@@ -82,6 +91,9 @@ std::string routeText(const RouteDescription& route) {
   for (const Ride& ride : route.walk.rides())
     table.add({std::exchange(title, ""), rideText(route, ride)});
   table.add({"Length:", lengthText(route)});
+  if (route.seconds)
+    table.add(
+        {"Time:", fmt::format("{:.0f} min", std::max(1.0, std::round(*route.seconds / 60.0)))});
   return text + table.text();
 }
 
@@ -103,6 +115,7 @@ json::object routeJson(const RouteDescription& route) {
                        {"connectors", std::move(connectors)},
                        {"length", route.walk.length()}});
   if (route.lengthMeters) result["lengthMetres"] = *route.lengthMeters;
+  if (route.seconds) result["seconds"] = std::round(*route.seconds);
   result["weight"] = route.walk.weight();
   return result;
 }

@@ -16,6 +16,7 @@ struct RouteDescription {
   std::shared_ptr<const Directions> directions;
   PathWalk walk;
   std::optional<double> lengthMeters;  ///< empty if the units per meter are unknown
+  std::optional<double> seconds;       ///< expected walking and riding time; empty like the length
 };
 
 /// Describes a route through a loaded venue.

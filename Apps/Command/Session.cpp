@@ -10,6 +10,7 @@
 #include "Apps/Command/CommandError.hpp"
 #include "Apps/Command/Output.hpp"
 #include "Apps/Command/ProgressLine.hpp"
+#include "Apps/Command/Suggestion.hpp"
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Source/Orivanta.hpp"
 #include "Source/Venue.hpp"
@@ -34,8 +35,8 @@ std::shared_ptr<Venue> venueNamed(const std::vector<std::shared_ptr<Venue>>& ven
   slugs.reserve(venues.size());
   for (const auto& venue : venues) slugs.push_back(*venue->slug);
   const std::string choice = slugs.empty() ? "none" : fmt::format("{}", fmt::join(slugs, ", "));
-  throw CommandError(ExitCode::notFound,
-                     fmt::format("no venue \"{}\"; the server has {}", slug, choice));
+  throw CommandError(ExitCode::notFound, fmt::format("no venue \"{}\"; the server has {}.{}", slug,
+                                                     choice, didYouMean(slug, slugs)));
 }
 
 // Calls `start` with handlers and waits until the load that it starts has ended.
@@ -64,7 +65,9 @@ void check(const std::vector<LoadFailure>& failures, const std::vector<std::stri
 }  // namespace
 
 void showDiagnostics(const ConnectionOptions& options) {
-  foundation::setDiagnosticSink([quiet = options.quiet](std::string_view line) {
+  // The lines are meant for developers. On a terminal they would hide the progress.
+  const bool quiet = options.quiet || ProgressLine::standardError().isShown();
+  foundation::setDiagnosticSink([quiet](std::string_view line) {
     if (!quiet) ProgressLine::standardError().note(line);
   });
 }

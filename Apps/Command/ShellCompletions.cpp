@@ -22,12 +22,6 @@ std::string quoted(std::string_view text, std::string_view special) {
   return result + "'";
 }
 
-std::vector<std::string> commandNames(const CLI::App& app) {
-  std::vector<std::string> names;
-  for (const CLI::App* command : commandsOf(app)) names.push_back(command->get_name());
-  return names;
-}
-
 bool takesFolders(const CLI::App& command) {
   const auto arguments = argumentsOf(command);
   return std::any_of(arguments.begin(), arguments.end(),
@@ -52,8 +46,8 @@ std::vector<std::string> optionsWith(OptionValue value, const CLI::App& app) {
 
 std::string bashWords(const CLI::App& command) {
   std::vector<std::string> words = commandNames(command);
-  for (const CLI::Option* option : optionsOf(command))
-    for (const std::string& name : spellings(*option)) words.push_back(name);
+  const std::vector<std::string> options = optionNames(command);
+  words.insert(words.end(), options.begin(), options.end());
   return fmt::format("{}", fmt::join(words, " "));
 }
 

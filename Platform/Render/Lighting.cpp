@@ -28,6 +28,7 @@ Lighting::Lighting(std::span<const LightInScene> lights, const graphics::Matrix4
   const auto caster = std::find_if(lights.begin(), lights.end(), castsShadow);
   if (caster != lights.end()) {
     hasCaster_ = true;
+    unshadowed_ = static_cast<float>(1.0 - std::clamp(caster->light.shadowStrength, 0.0, 1.0));
     caster_ = caster->world;
     add(*caster, view);
   }
@@ -59,6 +60,7 @@ bool Lighting::isFarAway() const {
 
 void Lighting::setUniforms(const MeshProgram& program) const {
   program.program.set(program.ambient, ambient_);
+  program.program.set(program.unshadowed, unshadowed_);
   if (places_.empty()) return;
   glUniform4fv(program.lightPlaces, count(), &places_[0][0]);
   glUniform4fv(program.lightDirections, count(), &directions_[0][0]);

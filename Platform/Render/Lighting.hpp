@@ -35,6 +35,7 @@ class Lighting {
   std::vector<graphics::Vector4> directions_;
   std::vector<graphics::Vector4> colors_;
   graphics::Matrix4 caster_{1.0F};
+  float unshadowed_ = 0.0F;  // fraction of the caster's light that shadows do not remove
   bool hasCaster_ = false;
 };
 

@@ -18,6 +18,7 @@ uniform vec4 lightColors[LIGHTS];      // color; cosine at the inner edge of the
 #endif
 uniform mat4 viewToShadow;
 uniform float shadowOffset;
+uniform float unshadowed;  // fraction of the first light that shadows do not remove
 
 vec3 shadowPoint(vec3 viewPoint, vec3 normal) {
   return (viewToShadow * vec4(viewPoint + normal * shadowOffset, 1.0)).xyz;
@@ -90,8 +91,9 @@ out vec4 color;
 // Points outside the map read its margin, which contains no shadow casters.
 float lightThroughShadow(vec3 p) {
   float h = 0.5 * shadowTexel;
-  return 0.25 * (texture(shadowMap, p + vec3(-h, -h, 0.0)) + texture(shadowMap, p + vec3(h, -h, 0.0)) +
-                 texture(shadowMap, p + vec3(-h, h, 0.0)) + texture(shadowMap, p + vec3(h, h, 0.0)));
+  float open = 0.25 * (texture(shadowMap, p + vec3(-h, -h, 0.0)) + texture(shadowMap, p + vec3(h, -h, 0.0)) +
+                       texture(shadowMap, p + vec3(-h, h, 0.0)) + texture(shadowMap, p + vec3(h, h, 0.0)));
+  return mix(unshadowed, 1.0, open);
 }
 
 #ifdef FRONT_ALONE
@@ -188,6 +190,7 @@ MeshProgram::MeshProgram(const MeshFeatures& features)
       lightColors(program.uniform("lightColors")),
       viewToShadow(program.uniform("viewToShadow")),
       shadowOffset(program.uniform("shadowOffset")),
+      unshadowed(program.uniform("unshadowed")),
       shadowTexel(program.uniform("shadowTexel")) {
   program.setSampler("partColors", meshUnits::colors);
   program.setSampler("partPlacements", meshUnits::placements);

@@ -36,6 +36,7 @@ struct MeshProgram {
   GLint lightColors;
   GLint viewToShadow;
   GLint shadowOffset;
+  GLint unshadowed;
   GLint shadowTexel;
 };
 

@@ -23,20 +23,20 @@ std::shared_ptr<scene::Material> materialOf(const scene::Geometry& geometry, std
   return materials.empty() ? nullptr : materials[element % materials.size()];
 }
 
+void paint(PartLook& look, const graphics::Color& color, float opacity) {
+  look.color = {byteOf(color.red), byteOf(color.green), byteOf(color.blue),
+                byteOf(opacity * color.alpha)};
+}
+
 void paint(PartLook& look, scene::Material& material, double time) {
   scene::MaterialProperty diffuse = material.presentedDiffuse(time);
-  float alpha = material.opacity();
-  if (const auto* color = std::get_if<graphics::Color>(&diffuse.contents)) {
-    alpha *= color->alpha;
-    look.color = {byteOf(color->red), byteOf(color->green), byteOf(color->blue), byteOf(alpha)};
-  } else {
-    look.color[3] = byteOf(alpha);
-    look.image = std::move(std::get<std::shared_ptr<const graphics::Image>>(diffuse.contents));
-    look.wrapS = diffuse.wrapS;
-    look.wrapT = diffuse.wrapT;
-    look.placement = placementOf(diffuse.contentsTransform);
-  }
-  look.translucent = look.color[3] < 255 || (look.image && !look.image->isOpaque());
+  if (const auto* color = std::get_if<graphics::Color>(&diffuse.contents))
+    return paint(look, *color, material.opacity());
+  look.color[3] = byteOf(material.opacity());
+  look.image = std::move(std::get<std::shared_ptr<const graphics::Image>>(diffuse.contents));
+  look.wrapS = diffuse.wrapS;
+  look.wrapT = diffuse.wrapT;
+  look.placement = placementOf(diffuse.contentsTransform);
 }
 
 }  // namespace
@@ -49,7 +49,12 @@ PartLook lookOf(const scene::Node& node, const scene::Geometry& geometry, std::s
     return look;
   }
   look.castsShadow = node.castsShadow();
-  if (const auto material = materialOf(geometry, element)) paint(look, *material, time);
+  const auto material = materialOf(geometry, element);
+  if (const auto color = node.displayColor())
+    paint(look, *color, material ? material->opacity() : 1.0F);
+  else if (material)
+    paint(look, *material, time);
+  look.translucent = look.color[3] < 255 || (look.image && !look.image->isOpaque());
   look.visible = look.color[3] > 0;
   return look;
 }

@@ -21,6 +21,7 @@ class ORIVANTA_API Light {
   LightType type = LightType::directional;          ///< the type of the light
   graphics::Color color = graphics::colors::white;  ///< linear: 0.5 is half the intensity of 1
   bool castsShadow = false;                         ///< whether nodes cast shadows in this light
+  double shadowStrength = 1.0;                      ///< fraction of the light that shadows remove
   double spotInnerAngle = 0.0;                      ///< full light inside this cone
   double spotOuterAngle = 45.0;                     ///< no light outside of this cone
   double zFar = 100.0;                              ///< stored, but not used by the renderer

@@ -4,6 +4,7 @@
 #include "Platform/Graphics/ImageFile.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/View/ImageView.hpp"
+#include "Source/UI/Display/Styled/StyledMap.hpp"
 #include "Source/UI/Parts/MapViewParts.hpp"
 #include "Source/UI/SdkBundle.hpp"
 
@@ -54,8 +55,10 @@ MapView::MapView(graphics::Rect frame)
 
 MapView::MapView(const view::Coder& coder) : MapView(View(coder).frame()) {}
 
-// Others may keep the scene view, so it must not refer to this object any more.
+// Others may keep the scene view, so it must not refer to this object any more. The venue owns the
+// models, so they must not keep the style.
 MapView::~MapView() {
+  setStyle(nullptr);
   if (const auto load = parts_->floorLoad) load->cancel();
   sceneView->setRendererDelegate(nullptr);
   sceneView->allowSimultaneous({});
@@ -132,6 +135,28 @@ void MapView::renewOverlay() {
 }
 
 const std::shared_ptr<Map>& MapView::currentMap() const { return parts_->currentMap; }
+
+void MapView::setStyle(std::shared_ptr<MapStyle> style) {
+  if (style == parts_->style) return;
+  const graphics::Transaction transaction;
+  parts_->shapes.highlightChanged = {};
+  if (parts_->style) parts_->style->styled_->detach();
+  parts_->style = std::move(style);
+  if (!parts_->style) return;
+  StyledMap& styled = *parts_->style->styled_;
+  if (MapView* const former = styled.view()) former->setStyle(nullptr);
+  styled.attach({this, parts_->sun});
+  for (const auto& shape : parts_->shapes.highlightedShapes()) styled.setHighlighted(*shape, true);
+  parts_->shapes.highlightChanged = [&styled](scene::Node& shape, bool isHighlighted) {
+    styled.setHighlighted(shape, isHighlighted);
+  };
+}
+
+const std::shared_ptr<MapStyle>& MapView::style() const { return parts_->style; }
+
+StyledMap* MapView::styled() const {
+  return parts_->style ? parts_->style->styled_.get() : nullptr;
+}
 
 MapCamera& MapView::camera() const { return parts_->camera; }
 

@@ -28,7 +28,9 @@
 namespace orivanta {
 
 class MapCamera;
+class MapStyle;
 class PictureBudget;
+class StyledMap;
 
 /// The kinds of camera motion. For applications; the SDK does not use it.
 enum class MotionType {
@@ -149,6 +151,16 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   void changeMap(const std::shared_ptr<Map>& map);
 
   const std::shared_ptr<Map>& currentMap() const;  ///< null until a floor is shown
+
+  // --- Style ------------------------------------------------------------------------------------
+
+  /// Draws all floors in a style. Null, the default, switches to the plain look, in which floors
+  /// have the colors of their materials. A style that belongs to another map view is removed from
+  /// it.
+  void setStyle(std::shared_ptr<MapStyle> style);
+
+  /// Returns the style, or null.
+  const std::shared_ptr<MapStyle>& style() const;
 
   // --- Camera -----------------------------------------------------------------------------------
 
@@ -295,6 +307,7 @@ class ORIVANTA_API MapView : public view::View, public view::SceneRendererDelega
   void setModel(Map& map, const std::shared_ptr<scene::Node>& model);
   void showFirst(const std::shared_ptr<Map>& map);
   void startScene(const std::shared_ptr<Map>& map);
+  StyledMap* styled() const;
   void selectPolygonAt(graphics::Point point);
   void tellPlaceTapped(const std::shared_ptr<Location>& place);
   void resetPinch();

@@ -8,6 +8,7 @@
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
+#include "Source/UI/Display/Styled/StyledMap.hpp"
 #include "Source/UI/Floors/FloorFiles.hpp"
 #include "Source/UI/Floors/PictureBudget.hpp"
 #include "Source/UI/Parts/MapViewParts.hpp"
@@ -42,6 +43,7 @@ std::shared_ptr<FloorLoad> MapView::loadFloors(FloorLoadHandlers handlers,
   if (venue->maps)
     for (const auto& map : *venue->maps)
       if (map->mapObject) parts_->shapes.add(*map->mapObject);
+  if (StyledMap* const style = styled()) style->venueChanged();
   showActivity();
   FloorStage stage{[this](Map& map, const auto& model) { setModel(map, model); },
                    [this](const auto& map) { showFirst(map); }, [this] { hideActivity(); },
@@ -64,6 +66,7 @@ void MapView::setModel(Map& map, const std::shared_ptr<scene::Node>& model) {
   }
   map.mapObject = model;
   parts_->shapes.add(*model);
+  if (StyledMap* const style = styled()) style->addFloor(map);
 }
 
 void MapView::showFirst(const std::shared_ptr<Map>& map) {
@@ -92,6 +95,7 @@ std::shared_ptr<scene::Node> MapView::loadFloor(Map& map,
   FloorPictures pictures(budget);
   map.mapObject = assetLoader->loadObjFromURL(foundation::Url::fromFile(*model));
   parts_->shapes.add(*map.mapObject);
+  if (StyledMap* const style = styled()) style->addFloor(map);
   diagnostic(fmt::format("Floor for {}: {} shapes", map.name, map.mapObject->children().size()));
   for (const std::string& remark : pictures.remarks()) diagnostic(remark);
   return map.mapObject;

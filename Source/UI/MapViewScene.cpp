@@ -12,6 +12,7 @@
 #include "Platform/Scene/Node.hpp"
 #include "Platform/Scene/Shapes.hpp"
 #include "Source/Map.hpp"
+#include "Source/UI/Display/Styled/StyledMap.hpp"
 #include "Source/UI/Parts/MapViewParts.hpp"
 #include "Source/Venue.hpp"
 
@@ -57,8 +58,12 @@ std::vector<std::shared_ptr<view::GestureRecognizer>> addRecognizers(MapView& vi
   return added;
 }
 
-// Adds an ambient light, whose node is returned, and a light that casts shadows.
-std::shared_ptr<scene::Node> addLights(scene::Node& root) {
+struct LightNodes {
+  std::shared_ptr<scene::Node> ambient;
+  std::shared_ptr<scene::Node> sun;  // casts shadows
+};
+
+LightNodes addLights(scene::Node& root) {
   auto ambient = std::make_shared<scene::Light>();
   ambient->type = scene::LightType::ambient;
   ambient->color = graphics::colors::darkGray;
@@ -79,7 +84,7 @@ std::shared_ptr<scene::Node> addLights(scene::Node& root) {
   sunNode->setEulerAngle(Axis::x, 45);  // radians: 58 degrees after seven turns
   root.addChild(sunNode);
   root.addChild(light);
-  return light;
+  return {light, sunNode};
 }
 
 }  // namespace
@@ -103,7 +108,13 @@ void MapView::startScene(const std::shared_ptr<Map>& map) {
   makeGround();
   parts_->camera.stop();
   parts_->rig.build(root);
-  light = addLights(root);
+  const LightNodes lights = addLights(root);
+  light = lights.ambient;
+  parts_->sun = lights.sun;
+  if (StyledMap* const style = styled()) {
+    style->sceneStarted(lights.sun);
+    style->addFloor(*map);
+  }
 }
 
 void MapView::changeMap(int index) {
@@ -131,6 +142,7 @@ void MapView::changeMap(const std::shared_ptr<Map>& map) {
     parts_->currentMap = map;
     root->insertChild(map->mapObject, 0);
     parts_->rig.floorChanged();
+    if (StyledMap* const style = styled()) style->addFloor(*map);
   }
   drawCurrentPath();
   if (currentHighlightNode) highlightNode(currentHighlightNode);

@@ -38,6 +38,7 @@ struct CommandLine {
   WalkOptions walk;
   CostsOptions costs;
   std::string shell;
+  std::string topic;
   std::function<ExitCode()> chosen;
 };
 
@@ -56,5 +57,6 @@ void addCheck(CLI::App& app, CommandLine& line);
 void addPublish(CLI::App& app, CommandLine& line);
 void addCompletions(CLI::App& app, CommandLine& line);
 void addManual(CLI::App& app, CommandLine& line);
+void addHelp(CLI::App& app, CommandLine& line);
 
 }  // namespace orivanta::command

@@ -6,6 +6,12 @@ std::vector<const CLI::App*> commandsOf(const CLI::App& app) {
   return app.get_subcommands([](const CLI::App*) { return true; });
 }
 
+std::vector<std::string> commandNames(const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::App* command : commandsOf(app)) names.push_back(command->get_name());
+  return names;
+}
+
 std::vector<const CLI::Option*> optionsOf(const CLI::App& app) {
   return app.get_options([](const CLI::Option* option) { return option->nonpositional(); });
 }
@@ -18,6 +24,13 @@ std::vector<std::string> spellings(const CLI::Option& option) {
   std::vector<std::string> names;
   for (const std::string& name : option.get_snames()) names.push_back("-" + name);
   for (const std::string& name : option.get_lnames()) names.push_back("--" + name);
+  return names;
+}
+
+std::vector<std::string> optionNames(const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : optionsOf(app))
+    for (const std::string& name : spellings(*option)) names.push_back(name);
   return names;
 }
 

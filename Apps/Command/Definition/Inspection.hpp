@@ -18,6 +18,9 @@ enum class OptionValue {
 /// The subcommands, in the order of `--help`.
 std::vector<const CLI::App*> commandsOf(const CLI::App& app);
 
+/// The names of the subcommands, in the order of `--help`.
+std::vector<std::string> commandNames(const CLI::App& app);
+
 /// The options that have a name, in the order of `--help`.
 std::vector<const CLI::Option*> optionsOf(const CLI::App& app);
 
@@ -26,6 +29,9 @@ std::vector<const CLI::Option*> argumentsOf(const CLI::App& app);
 
 /// The names of an option as typed, such as "-o" and "--output".
 std::vector<std::string> spellings(const CLI::Option& option);
+
+/// The names of all options of a command.
+std::vector<std::string> optionNames(const CLI::App& app);
 
 /// The placeholder of the option's value in `--help`, such as "FILE". Empty for a flag.
 std::string valueName(const CLI::Option& option);

@@ -23,6 +23,11 @@ void addRender(CLI::App& app, CommandLine& line) {
   addNumber("--turn", options.turn, "Counterclockwise rotation", "DEGREES");
   addNumber("--zoom", options.zoom, "Zoom factor", "F");
   query
+      .add_option("--style", options.style,
+                  "Colors of the floors: light, dark, plain (those of the models), or a theme file")
+      ->type_name("FILE|NAME")
+      ->capture_default_str();
+  query
       .add_option("--highlight", options.highlights,
                   "Highlight a location, for example cafe=orange or cafe=#fbac17; may be repeated")
       ->type_name("PLACE=COLOR")

@@ -19,7 +19,7 @@ void addConnectionOptions(CLI::App& app, ConnectionOptions& options) {
 }
 
 void addQuiet(CLI::App& app, ConnectionOptions& options) {
-  app.add_flag("-q,--quiet", options.quiet, "Write no diagnostics to standard error");
+  app.add_flag("-q,--quiet", options.quiet, "Write no diagnostics to a redirected standard error");
 }
 
 void addQueryOptions(CLI::App& app, CommandLine& line) {

@@ -9,8 +9,10 @@
 #include <utility>
 
 #include "Apps/Command/CommandError.hpp"
+#include "Apps/Command/Output.hpp"
 #include "Apps/Command/Places.hpp"
 #include "Source/Guidance/Floors.hpp"
+#include "Source/UI/Style/MapThemeFile.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {
@@ -68,6 +70,17 @@ Corner parseCorner(std::string_view text) {
                      fmt::format("--attribution: \"{}\" is not a corner; use lower-left, "
                                  "lower-right, upper-left or upper-right",
                                  text));
+}
+
+std::shared_ptr<const MapTheme> readTheme(const std::string& text) {
+  if (text == "plain") return nullptr;
+  if (text == "light") return MapTheme::light();
+  if (text == "dark") return MapTheme::dark();
+  const auto file = readMapTheme(text);
+  if (!file) throw CommandError(ExitCode::wrongUse, "--style: " + file.error().description);
+  for (const std::string& member : file->unknownMembers)
+    complain(fmt::format("warning: {}: unknown member {}", text, member));
+  return file->theme;
 }
 
 std::shared_ptr<Location> findLocation(const Venue& venue, const std::string& text) {

@@ -10,6 +10,7 @@
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta::command {
 
@@ -28,6 +29,10 @@ std::shared_ptr<Location> findLocation(const Venue& venue, const std::string& te
 
 /// Parses "lower-left", "lower-right", "upper-left" or "upper-right".
 Corner parseCorner(std::string_view text);
+
+/// Returns the theme that the text names: "light", "dark", or a file, with a warning for each of
+/// its members that is unknown. Returns null for "plain".
+std::shared_ptr<const MapTheme> readTheme(const std::string& text);
 
 struct Highlight {
   std::shared_ptr<Location> location;

@@ -30,6 +30,7 @@
 #include "Source/Map.hpp"
 #include "Source/UI/Display/LabelLayer.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
+#include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/Display/RouteOverlay.hpp"
 #include "Source/Venue.hpp"
 
@@ -242,6 +243,7 @@ class PictureWriter {
 ExitCode renderVenue(const RenderVenueOptions& options) {
   checkUse(options);
   const graphics::Size size = parseSize(options.size);
+  const auto theme = readTheme(options.style);
   std::vector<std::string_view> needed{"location", "map", "node", "polygon"};
   if (!options.route.empty()) needed.emplace_back("vortex");
   const auto venue =
@@ -249,6 +251,7 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   const Contents contents = findContents(*venue, options);
 
   Stage stage(size, options.scale);
+  if (theme) stage.mapView()->setStyle(MapStyle::make(theme));
   attribute(stage, *venue, size, options);
   const auto floors = stage.load(venue, contents.floors);
   for (const Highlight& highlight : contents.highlights)

@@ -21,6 +21,7 @@ struct RenderVenueOptions {
   double tilt = 0.0;              ///< degrees from straight down
   double turn = 0.0;              ///< degrees, counterclockwise
   double zoom = 1.0;
+  std::string style = "plain";          ///< light, dark, plain or the file of a theme
   std::vector<std::string> highlights;  ///< PLACE=COLOR
   std::vector<std::string> route;       ///< start and destination, or empty
   bool accessible = false;           ///< excludes connectors that are not accessible from the route

@@ -20,29 +20,7 @@ bool isNumbered(std::string_view name, std::string_view word) {
                      [](char character) { return character >= '0' && character <= '9'; });
 }
 
-// `find` returns the category with an identifier, or null.
-template <class Find>
-std::string signWith(const Vortex& connector, const Find& find) {
-  if (hasGeneratedName(connector)) return {};
-  std::string name = connector.name.value_or("");
-  for (const RawData& identifier : connector._data["categories"].arrayValue()) {
-    const Category* category = find(identifier.string().value_or(""));
-    if (category != nullptr && isNumbered(name, category->name.value_or(""))) return {};
-  }
-  return name;
-}
-
 }  // namespace
-
-std::string signOf(const Vortex& connector, const Venue& venue) {
-  return signWith(connector, [&](const std::string& identifier) -> const Category* {
-    if (!venue.categories) return nullptr;
-    const auto found =
-        std::find_if(venue.categories->begin(), venue.categories->end(),
-                     [&](const auto& each) { return each->id.value_or("") == identifier; });
-    return found == venue.categories->end() ? nullptr : found->get();
-  });
-}
 
 ConnectorSigns::ConnectorSigns(const Venue& venue) {
   if (!venue.categories) return;
@@ -51,10 +29,14 @@ ConnectorSigns::ConnectorSigns(const Venue& venue) {
 }
 
 std::string ConnectorSigns::signOf(const Vortex& connector) const {
-  return signWith(connector, [&](const std::string& identifier) -> const Category* {
-    const auto found = categories_.find(identifier);
-    return found == categories_.end() ? nullptr : found->second;
-  });
+  if (hasGeneratedName(connector)) return {};
+  std::string name = connector.name.value_or("");
+  for (const RawData& identifier : connector._data["categories"].arrayValue()) {
+    const auto category = categories_.find(identifier.string().value_or(""));
+    if (category != categories_.end() && isNumbered(name, category->second->name.value_or("")))
+      return {};
+  }
+  return name;
 }
 
 }  // namespace orivanta::guidance

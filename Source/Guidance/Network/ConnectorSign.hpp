@@ -8,17 +8,14 @@
 
 namespace orivanta::guidance {
 
-/// Returns the name of a connector of a venue, or an empty text if no sign shows it: if the record
-/// has `"nameGenerated": true`, or if the name is only the name of one of its categories and a
-/// number after a space, such as "Escalator 2".
-std::string signOf(const Vortex& connector, const Venue& venue);
-
-/// Finds the signs of many connectors. The venue must outlive it unchanged.
+/// Knows the categories of a venue, which must outlive it unchanged.
 class ConnectorSigns {
  public:
   explicit ConnectorSigns(const Venue& venue);
 
-  /// As above.
+  /// Returns the name of a connector, or an empty text if no sign shows it: if the record has
+  /// `"nameGenerated": true`, or if the name is only the name of one of its categories and a number
+  /// after a space, such as "Escalator 2".
   std::string signOf(const Vortex& connector) const;
 
  private:

@@ -1,5 +1,7 @@
 #include "Source/UI/Parts/FloorShapes.hpp"
 
+#include <utility>
+
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Geometry.hpp"
@@ -38,14 +40,26 @@ void FloorShapes::highlight(const std::shared_ptr<Polygon>& polygon, graphics::C
   if (!shape) return;
   scene::Material& material = firstMaterialOf(*shape);
   highlights_.insert_or_assign(polygon, material.diffuse().contents);
+  const graphics::Transaction transaction;
   material.setDiffuseContents(color);
+  if (highlightChanged) highlightChanged(*shape, true);
 }
 
 void FloorShapes::clearHighlights() {
   const graphics::Transaction transaction;
   for (const auto& [polygon, contents] : highlights_)
-    if (const auto shape = shapeOf(*polygon)) firstMaterialOf(*shape).setDiffuseContents(contents);
+    if (const auto shape = shapeOf(*polygon)) {
+      firstMaterialOf(*shape).setDiffuseContents(contents);
+      if (highlightChanged) highlightChanged(*shape, false);
+    }
   highlights_.clear();
+}
+
+std::vector<std::shared_ptr<scene::Node>> FloorShapes::highlightedShapes() const {
+  std::vector<std::shared_ptr<scene::Node>> shapes;
+  for (const auto& [polygon, contents] : highlights_)
+    if (auto shape = shapeOf(*polygon)) shapes.push_back(std::move(shape));
+  return shapes;
 }
 
 }  // namespace orivanta

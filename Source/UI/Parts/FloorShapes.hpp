@@ -3,8 +3,10 @@
 
 #include <tsl/ordered_map.h>
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Scene/Material.hpp"
@@ -27,6 +29,11 @@ class FloorShapes {
   /// See `MapView::highlightPolygon` and `MapView::clearHighlightedPolygons`.
   void highlight(const std::shared_ptr<Polygon>& polygon, graphics::Color color);
   void clearHighlights();
+
+  std::vector<std::shared_ptr<scene::Node>> highlightedShapes() const;
+
+  /// Called after a shape was highlighted, and after its highlight was cleared.
+  std::function<void(scene::Node& shape, bool isHighlighted)> highlightChanged;
 
  private:
   tsl::ordered_map<std::string, std::shared_ptr<scene::Node>> shapes_;      // by name

@@ -6,6 +6,7 @@
 
 #include "Source/UI/Display/CameraRig.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
+#include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/Floors/FloorLoading.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/UI/Parts/FloorShapes.hpp"
@@ -23,6 +24,8 @@ struct MapView::Parts {
   FloorShapes shapes;
   MarkerLayer markers;
   RouteLayer routes;
+  std::shared_ptr<MapStyle> style;   // null for the plain look
+  std::shared_ptr<scene::Node> sun;  // the node of the light that casts shadows; null at first
   std::vector<std::shared_ptr<view::GestureRecognizer>> recognizers;
   std::shared_ptr<FloorLoading> floorLoad;  // null if no load is running
 };

@@ -21,6 +21,7 @@
 #include "Source/Vortex.hpp"
 #include "Tests/Apps/Command/Program.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
+#include "Tests/Support/TwoFloorPackage.hpp"
 #include "Tests/Support/Venues.hpp"
 
 namespace orivanta::check {
@@ -167,6 +168,47 @@ TEST(DocumentedFormat, FindingsInJsonFollowTheirSchema) {
   EXPECT_THAT(lines, HasSubstr("member-of-wrong-kind"));
   for (const std::string& invalid : invalidMembers("findings.schema.json", lines))
     EXPECT_EQ(invalid, "");
+}
+
+TEST(DocumentedFormat, JsonOutputFollowsItsSchema) {
+  const test::TemporaryFolder folder;
+  const std::string package = (folder.path() / "package").string();
+  test::writePackage(folder, "package", {});
+  const std::string places = folder.write("places", "l1\nl2\n").string();
+  const std::string picture = (folder.path() / "a.png").string();
+  server::ServerOptions options;
+  options.folders = {package};
+  const server::VenueServer server(options);
+  const std::vector<std::pair<const char*, std::vector<std::string>>> commands = {
+      {"venues", {"venues"}},
+      {"venue", {"venue", "small"}},
+      {"locations", {"venue", "small", "--locations"}},
+      {"route", {"route", "small", "--from", "l1", "--to", "l2"}},
+      {"route", {"route", "small", "--from", "n1", "--to", "n4"}},
+      {"guidance", {"route", "small", "--from", "l1", "--to", "l2", "--alternatives", "2"}},
+      {"guidance", {"route", "small", "--from", "n1", "--to", "n4", "--guide"}},
+      {"walk", {"walk", "small", "--from", "l1", "--to", "l2"}},
+      {"costs", {"costs", "small", "--places", places}},
+      {"files", {"render", "small", "-o", picture, "--size", "20x20"}},
+      {"audit", {"audit", package}},
+      {"import", {"import", ORIVANTA_HOUSE, "-o", (folder.path() / "house").string()}},
+  };
+  std::string lines;
+  for (const auto& [definition, arguments] : commands) {
+    std::vector<std::string> all = arguments;
+    if (std::string_view(definition) != "audit") all.emplace_back("--json");
+    const auto result = test::runProgram(
+        all, {"ORIVANTA_ENDPOINT=" + server.root(), "XDG_CACHE_HOME=" + folder.path().string()});
+    std::istringstream stream(result.output);
+    std::string last;
+    while (std::getline(stream, last) && !stream.eof())
+      if (std::string_view(definition) != "import" || last.find("\"package\"") != std::string::npos)
+        lines += "[\"" + std::string(definition) + "\"," + last + "]\n";
+    EXPECT_NE(result.output, "") << definition << ' ' << result.errors;
+  }
+  const auto invalid = invalidMembers("output.schema.json", lines);
+  EXPECT_GE(invalid.size(), commands.size()) << lines;
+  for (const std::string& members : invalid) EXPECT_EQ(members, "") << lines;
 }
 
 }  // namespace

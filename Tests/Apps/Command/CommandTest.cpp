@@ -68,12 +68,15 @@ TEST_F(Command, AnswersQueries) {
       {"venue small --locations o", 0, "l2  Book Shop  F1  Shops\n"},
       {"venue small --locations zoo", 1, "",
        "no location whose name or identifier contains \"zoo\""},
-      {"venue smell", 1, "", "no venue \"smell\"; the server has small"},
+      {"venue smell", 1, "", "the server has small. Did you mean \"small\"?"},
       {"route small --from bakery --to l2", 0,
-       rides + "Connectors:  Stairs B (stairs), G -> F1\nLength:      1.5 m (3.0 units)\n"},
+       rides + "Connectors:  Stairs B (stairs), G -> F1\nLength:      1.5 m (3.0 units)\n"
+               "Time:        1 min\n"},
       {"route --accessible --from bakery --to l2 small", 0,
-       rides + "Connectors:  Lift A (elevator), G -> F1\nLength:      4.5 m (9.0 units)\n"},
-      {"route small --from n4 --from l1 --to n1", 0, "Floors:  G\nLength:  0.0 m (0.0 units)\n"},
+       rides + "Connectors:  Lift A (elevator), G -> F1\nLength:      4.5 m (9.0 units)\n"
+               "Time:        1 min\n"},
+      {"route small --from n4 --from l1 --to n1", 0,
+       "Floors:  G\nLength:  0.0 m (0.0 units)\nTime:    1 min\n"},
       {"route small --from n1 --to n4 --json", 1, "{\"path\":null,\"weight\":null}\n",
        "no route from n1 to n4"},
       {"route small --from n1 --to cinema", 1, "", "no location or node"},
@@ -86,6 +89,9 @@ TEST_F(Command, AnswersQueries) {
     EXPECT_EQ(result.errors.empty(), each.said.empty()) << result.errors;
     EXPECT_TRUE(contains(result.errors, each.said)) << result.errors;
   }
+  EXPECT_EQ(run({"help"}).output, run({"--help"}).output);
+  EXPECT_EQ(run({"help", "route"}).output, run({"route", "--help"}).output);
+  EXPECT_EQ(run({"-V"}).output, run({"--version"}).output);
   const std::string text = run({"venue", "small"}).output;
   EXPECT_TRUE(text.starts_with("Small Mall (small)\n") && contains(text, "Stairs B")) << text;
   EXPECT_FALSE(contains(run({"venue", "small", "--accessible"}).output, "Stairs B"));
@@ -105,8 +111,12 @@ TEST_F(Command, RefusesWrongUse) {
   };
   const std::vector<Case> cases = {
       {{}, "subcommand is required"},
-      {{"fly"}, "unknown command or option \"fly\""},
-      {{"venues", "--fast"}, "--fast"},
+      {{"fly"}, "unknown command \"fly\".\n"},
+      {{"rotue"}, "unknown command \"rotue\". Did you mean \"route\"?"},
+      {{"help", "Pub"}, "there is no command \"Pub\". Did you mean \"publish\"?"},
+      {{"venues", "--fast"}, "unknown option \"--fast\".\n"},
+      {{"venues", "--jsno=1", "x"}, "unknown option \"--jsno\". Did you mean \"--json\"?"},
+      {{"venues", "x", "--fast"}, "unexpected argument \"x\".\n"},
       {{"venue"}, "SLUG is required"},
       {{"route", "small", "--from", "n1"}, "--to"},
       {{"route", "small", "--from", "n1", "--to", ""}, "empty"},

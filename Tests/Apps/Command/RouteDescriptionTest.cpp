@@ -25,7 +25,7 @@ TEST(RouteDescription, TellsFloorsRidesLengthAndWeight) {
             R"("floors":[{"id":"g","name":"Ground","shortName":"G"},)"
             R"({"id":"f1","name":"First","shortName":"F1"}],)"
             R"("connectors":[{"id":"lift","name":"Lift A","type":"elevator","accessible":true,)"
-            R"("from":"g","to":"f1"}],"length":9,"lengthMetres":4.5,"weight":31})");
+            R"("from":"g","to":"f1"}],"length":9,"lengthMetres":4.5,"seconds":36,"weight":31})");
 }
 
 TEST(RouteDescription, LengthInMetersNeedsAPositiveScale) {

@@ -123,18 +123,40 @@ TEST(SceneDrawing, ShadowsFallAwayFromTheLightAndAreDrawnOnlyWhenTheyChange) {
 }
 
 TEST(SceneDrawing, OnlyWhatCastsShadowsDarkensAndOnlyTheLightThatCastsThem) {
-  const auto levelBelow = [](bool boxCasts, bool ambient) {
+  const auto levelBelow = [](bool boxCasts, bool ambient, double strength = 1) {
     Studio studio(32, 32);
     studio.add(makeSlab(60, 60), scene::Material::make());
     studio.add(makeSlab(20, 20), scene::Material::make(), {-30, 0, 30})->setCastsShadow(boxCasts);
     if (ambient) studio.addLight(LightType::ambient, graphics::colors::gray);
-    studio.addLight(LightType::directional, graphics::colors::white, {0, -glm::pi<float>() / 4, 0},
-                    true);
+    studio
+        .addLight(LightType::directional, graphics::colors::white, {0, -glm::pi<float>() / 4, 0},
+                  true)
+        ->light()
+        ->shadowStrength = strength;
     return pixelOf(*studio.draw(), 16, 16)[0];
   };
   EXPECT_NEAR(levelBelow(true, false), 0, 2);
   EXPECT_NEAR(levelBelow(true, true), encoded(0.5), 2);
   EXPECT_NEAR(levelBelow(false, false), encoded(std::sqrt(0.5)), 3);
+  EXPECT_NEAR(levelBelow(true, false, 0.4), encoded(0.6 * std::sqrt(0.5)), 3);
+}
+
+TEST(SceneDrawing, ADisplayColorReplacesColorsAndImagesButNotTheOpacity) {
+  Studio studio(16, 16);
+  const auto material = scene::Material::make(makeQuarters(128));
+  const auto slab = studio.add(makeSlab(40, 40), material);
+  const auto pixel = [&] { return pixelOf(*studio.draw(), 8, 8); };
+  const Pixel original = pixel();
+  slab->setDisplayColor(colorOf({10, 20, 30, 255}));
+  EXPECT_EQ(pixel(), (Pixel{10, 20, 30, 255}));
+  material->setDiffuseContents(graphics::colors::red);
+  EXPECT_EQ(pixel(), (Pixel{10, 20, 30, 255}));
+  material->setOpacity(0);
+  EXPECT_EQ(pixel(), (Pixel{255, 255, 255, 255})) << "stays invisible";
+  material->setOpacity(1);
+  material->setDiffuseContents(makeQuarters(128));
+  slab->setDisplayColor(std::nullopt);
+  EXPECT_EQ(pixel(), original);
 }
 
 TEST(SceneDrawing, TranslucentPartsAreBlendedFromBackToFrontWhateverTheirOrder) {

@@ -7,6 +7,7 @@
 #include "Platform/Render/Offscreen/OffscreenSurface.hpp"
 #include "Platform/Render/Renderer.hpp"
 #include "Platform/Scene/Node.hpp"
+#include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/UI/MarkerImages.hpp"
 #include "Tests/Support/ShownVenue.hpp"
@@ -31,7 +32,10 @@ TEST(MapViewThreads, ChangesWhileItIsDrawn) {
   const auto image = makePinImage(graphics::colors::red, 20, 1.0);
   const auto a = shown.node(100, 100, 0.5);
   const auto b = shown.node(900, 900, 0.5);
+  const auto style = MapStyle::make();
   for (int round = 0; round < 200 || frames < 5; ++round) {
+    style->setTheme(round % 2 == 0 ? MapTheme::dark() : MapTheme::light());
+    mapView.setStyle(round % 5 == 0 ? nullptr : style);
     const auto marker = makeImageMarker(image);
     marker->setPosition({static_cast<float>(round % 10) * 100, 500, 0});
     marker->hideWhenCollide = true;

@@ -109,6 +109,8 @@ TEST_F(RenderVenue, ShowsWhatIsAskedFor) {
     double least;  // minimum share of pixels that differ
   } cases[] = {
       {{"--highlight", "paper kestrel=#ff0000"}, 0.002},
+      {{"--style", "light"}, 0.1},
+      {{"--style", "dark"}, 0.9},
       {{"--labels"}, 0.01},
       {{"--marker", "paper kestrel"}, 0.002},
       {{"--turn", "90"}, 0.1},
@@ -118,6 +120,17 @@ TEST_F(RenderVenue, ShowsWhatIsAskedFor) {
     ASSERT_EQ(render(arguments).exitCode, 0) << arguments.front();
     EXPECT_GT(changed(*plain, *picture("map.png")), least) << arguments.front();
   }
+}
+
+TEST_F(RenderVenue, DrawsFloorsInTheStyleOfAThemeFile) {
+  std::ofstream(file("theme.json")) << R"({"colors": {"backdrop": "#ff0000", "rout": "#fff"}})";
+  const auto styled = render({"--style", file("theme.json")});
+  EXPECT_EQ(styled.exitCode, 0);
+  EXPECT_EQ(styled.errors,
+            "orivanta: warning: " + file("theme.json") + ": unknown member colors.rout\n");
+  EXPECT_GT(test::countPixels(*picture("map.png"), graphics::colors::red), 1000);
+  EXPECT_EQ(render({"--style", "plain"}).exitCode, 0);
+  EXPECT_EQ(test::countPixels(*picture("map.png"), graphics::colors::red), 0);
 }
 
 TEST_F(RenderVenue, DrawsARouteOnItsFloorsAndMovesItsArrows) {
@@ -209,6 +222,7 @@ TEST_F(RenderVenue, SaysWhatIsWrong) {
       {{"--tilt", "60"}, 2, "--tilt"},
       {{"--zoom", "-1"}, 2, "--zoom"},
       {{"--highlight", "paper kestrel=mauvish"}, 2, "not a color"},
+      {{"--style", "bright"}, 2, "--style: bright: "},
       {{"--touches", "/nonexistent"}, 2, "cannot read"},
       {{"--map", "attic"}, 1, "no floor \"attic\""},
       {{"--marker", "no such shop"}, 1, "no location"},

@@ -4,35 +4,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 
-#include "Source/UI/AssetLoader.hpp"
+#include "Tests/Support/LoadedPackage.hpp"
 #include "Tests/Support/TwoFloorVenue.hpp"
-#include "Tests/Support/Venues.hpp"
 
 namespace orivanta {
 namespace {
-
-// Loads a package with the models of its floors.
-std::shared_ptr<Venue> loadPackage(const std::filesystem::path& package) {
-  const auto venue = Venue::make(*RawData::parse(test::contentsOf(package / "venue.json")));
-  CollectionDictionary collections = test::readPackage(package);
-  const auto fill = [&](auto contents) { return fillVenue(venue, std::move(contents)); };
-  const auto load = std::make_shared<VenueLoad>(false, fill, [](const auto&) {});
-  load->receive(&CollectionDictionary::polygons, std::move(*collections.polygons));
-  load->receive(&CollectionDictionary::locations, std::move(*collections.locations));
-  load->receive(&CollectionDictionary::categories, std::move(*collections.categories));
-  load->receive(&CollectionDictionary::maps, std::move(*collections.maps));
-  load->receive(&CollectionDictionary::nodes, std::move(*collections.nodes));
-  load->receive(&CollectionDictionary::vortices, std::move(*collections.vortices));
-  for (const auto& map : *venue->maps) {
-    const auto model = package / map->_data["scene"]["obj"].stringValue();
-    if (!std::filesystem::is_regular_file(model)) continue;
-    if (auto node = AssetLoader().readModel(foundation::Url::fromFile(model)))
-      map->mapObject = *node;
-  }
-  return venue;
-}
 
 double pointsOfMedianRoom(const FirstViewInput& input, std::size_t floor, double pointsPerUnit) {
   std::vector<double> sides;
@@ -65,7 +42,7 @@ TEST(FirstViewInput, RealVenuesOpenWithReadableRooms) {
   if (!test::venuesFolder()) GTEST_SKIP() << "the real venues are not available";
   for (const std::string& name : test::venueNames()) {
     SCOPED_TRACE(name);
-    const auto venue = loadPackage(*test::venuesFolder() / name);
+    const auto venue = test::loadPackage(*test::venuesFolder() / name);
     const FirstViewInput input = firstViewInput(*venue);
     const auto floor = firstFloor(input.floors, input.places);
     ASSERT_TRUE(floor.has_value());

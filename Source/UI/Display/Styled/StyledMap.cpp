@@ -1,0 +1,64 @@
+#include "Source/UI/Display/Styled/StyledMap.hpp"
+
+#include <utility>
+
+#include "Platform/Foundation/Fatal.hpp"
+#include "Platform/Graphics/Transaction.hpp"
+#include "Source/Map.hpp"
+#include "Source/UI/MapView.hpp"
+#include "Source/Venue.hpp"
+
+namespace orivanta {
+
+StyledMap::StyledMap(std::shared_ptr<const MapTheme> theme) : theme_(std::move(theme)) {
+  foundation::unwrap(theme_);
+}
+
+void StyledMap::setTheme(std::shared_ptr<const MapTheme> theme) {
+  foundation::unwrap(theme);
+  theme_ = std::move(theme);
+  restyle();
+}
+
+void StyledMap::attach(StyleHost host) {
+  host_ = std::move(host);
+  restyle();
+}
+
+void StyledMap::detach() {
+  if (!host_.view) return;
+  const graphics::Transaction transaction;
+  fills_.clear();
+  look_.restore(*host_.view);
+  host_ = {};
+}
+
+void StyledMap::venueChanged() {
+  const graphics::Transaction transaction;
+  fills_.clear();
+  restyle();
+}
+
+void StyledMap::restyle() {
+  if (!host_.view) return;
+  const graphics::Transaction transaction;
+  look_.apply(*host_.view, host_.sun, *theme_);
+  const auto& venue = host_.view->venue;
+  if (!venue || !venue->maps) return;
+  for (const auto& map : *venue->maps) fills_.set(*map, *venue, *theme_);
+}
+
+void StyledMap::sceneStarted(std::shared_ptr<scene::Node> sun) {
+  host_.sun = std::move(sun);
+  look_.apply(*host_.view, host_.sun, *theme_);
+}
+
+void StyledMap::addFloor(const Map& map) {
+  if (host_.view->venue && !fills_.contains(map)) fills_.set(map, *host_.view->venue, *theme_);
+}
+
+void StyledMap::setHighlighted(scene::Node& shape, bool isHighlighted) {
+  fills_.setHighlighted(shape, isHighlighted);
+}
+
+}  // namespace orivanta

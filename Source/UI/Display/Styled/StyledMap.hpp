@@ -1,0 +1,62 @@
+// What a map style changes in the map view that it belongs to.
+#pragma once
+
+#include <memory>
+
+#include "Platform/Scene/Fwd.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/UI/Display/Styled/FloorFills.hpp"
+#include "Source/UI/Display/Styled/SceneLook.hpp"
+#include "Source/UI/Style/MapTheme.hpp"
+
+namespace orivanta {
+
+class MapView;
+
+/// What a map view passes to its style.
+struct StyleHost {
+  MapView* view = nullptr;
+  std::shared_ptr<scene::Node> sun;  ///< the node of the light that casts shadows; null if no scene
+};
+
+/// The parts of a style. Main thread.
+class StyledMap {
+ public:
+  /// A null theme is a fatal error.
+  explicit StyledMap(std::shared_ptr<const MapTheme> theme);
+
+  const std::shared_ptr<const MapTheme>& theme() const { return theme_; }
+  void setTheme(std::shared_ptr<const MapTheme> theme);
+
+  /// The view that the style belongs to, or null.
+  MapView* view() const { return host_.view; }
+
+  // Called by the map view.
+
+  /// Shows the style in a view. The style must not belong to a view.
+  void attach(StyleHost host);
+
+  /// Restores everything that the style has changed.
+  void detach();
+
+  /// Styles the floors that are loaded, after the view got another venue.
+  void venueChanged();
+
+  /// The scene has new lights.
+  void sceneStarted(std::shared_ptr<scene::Node> sun);
+
+  /// Styles a floor's model if it is new.
+  void addFloor(const Map& map);
+
+  void setHighlighted(scene::Node& shape, bool isHighlighted);
+
+ private:
+  void restyle();
+
+  std::shared_ptr<const MapTheme> theme_;
+  StyleHost host_;
+  FloorFills fills_;
+  SceneLook look_;
+};
+
+}  // namespace orivanta
