@@ -104,7 +104,7 @@ class ORIVANTA_API Guide {
   double unitsPerMeter() const;
 
   /// Returns the name of a stop for texts: that of a category or place, or what the sign of a
-  /// connector shows. Empty if no sign shows the name, for nodes and for positions.
+  /// connector shows. Empty if no sign shows the name, for nodes, several places and positions.
   std::string spokenName(const Stop& stop) const;
 
   /// Returns the instructions for an itinerary of this guide. Empty if it is not usable, or if the
