@@ -5,6 +5,7 @@
 
 #include "Apps/Import/Doors/Doorway.hpp"
 #include "Apps/Import/Doors/GuessDoors.hpp"
+#include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
 #include "Apps/Import/Stages.hpp"
 
@@ -99,6 +100,10 @@ void joinDoors(Building& building, const Options& options, Findings&) {
     for (Door& door : building.doors)
       if (door.level == level) joiner.join(door);
   }
+  building.walkableSpaces.clear();
+  for (const double level : levels)
+    building.walkableSpaces.emplace(level, walkableSpace(building, level));
+  // Guessed doors are those of rooms and do not change the space.
   if (options.doors == DoorChoice::strict) return;
   for (const double level : levels) guessDoors(building, level);
 }

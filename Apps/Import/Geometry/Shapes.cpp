@@ -8,6 +8,8 @@
 #include <memory>
 #include <stdexcept>
 
+#include "Apps/Import/Geometry/TouchingGroups.hpp"
+
 namespace orivanta::importer {
 
 namespace {
@@ -116,6 +118,12 @@ Shape shapeOf(const Geometry& geometry) {
   return shape;
 }
 
+std::vector<package::Box> boxesOf(const Shape& shape) {
+  std::vector<package::Box> boxes(shape.size());
+  for (std::size_t i = 0; i < shape.size(); ++i) boxes[i].add(shape[i].outer);
+  return boxes;
+}
+
 double distanceToBorders(const Polygon& polygon, Point point) {
   double nearest = package::distanceToBorder(polygon.outer, point);
   for (const Outline& hole : polygon.holes)
@@ -159,8 +167,10 @@ Shape repaired(const Shape& shape) {
 
 bool isValid(const Shape& shape) { return GEOSisValid_r(handle(), geometryOf(shape).get()) == 1; }
 
-Shape united(const Shape& shape) {
-  if (shape.empty()) return {};
+namespace {
+
+// Polygons that may touch each other.
+Shape unitedGroup(const Shape& shape) {
   std::vector<Geometry> parts;
   parts.reserve(shape.size());
   for (const Polygon& polygon : shape) parts.push_back(geometryOf(polygon));
@@ -170,9 +180,39 @@ Shape united(const Shape& shape) {
   return shapeOr(GEOSUnaryUnionPrec_r(handle(), all.get(), coarse), shape);
 }
 
+}  // namespace
+
+// GEOS examines all borders several times. Most polygons have only few neighbors.
+Shape united(const Shape& shape) {
+  Shape result;
+  for (const std::vector<std::size_t>& group : touchingGroups(boxesOf(shape))) {
+    Shape parts;
+    parts.reserve(group.size());
+    for (const std::size_t i : group)
+      if (shape[i].outer.size() >= 3) parts.push_back(shape[i]);
+    if (!parts.empty()) result = joined(std::move(result), unitedGroup(parts));
+  }
+  return result;
+}
+
 Shape without(const Shape& shape, const Shape& removed) {
   if (shape.empty() || removed.empty()) return shape;
-  return combined(shape, removed, GEOSDifference_r, GEOSDifferencePrec_r);
+  std::vector<package::Box> boxes = boxesOf(shape);
+  for (const package::Box& box : boxesOf(removed)) boxes.push_back(box);
+  Shape result;
+  for (const std::vector<std::size_t>& group : touchingGroups(boxes)) {
+    Shape kept;
+    Shape taken;
+    for (const std::size_t i : group)
+      if (i < shape.size())
+        kept.push_back(shape[i]);
+      else
+        taken.push_back(removed[i - shape.size()]);
+    if (!kept.empty() && !taken.empty())
+      kept = combined(kept, taken, GEOSDifference_r, GEOSDifferencePrec_r);
+    result = joined(std::move(result), kept);
+  }
+  return result;
 }
 
 Shape common(const Shape& first, const Shape& second) {

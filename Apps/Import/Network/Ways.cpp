@@ -23,27 +23,39 @@ std::vector<Segment> asSegments(const std::vector<Point>& points) {
 
 }  // namespace
 
-Ways::Ways(const Skeleton& skeleton, const Space& space)
-    : skeleton_(skeleton),
-      space_(space),
-      neighbors_(skeleton.neighbors()),
-      points_(asSegments(skeleton.points), 0.0),
-      costs_(skeleton.points.size(), unknown),
-      before_(skeleton.points.size(), none) {}
+Ways::Ways(const Skeleton& skeleton, const Space& space) : space_(space), skeleton_(&skeleton) {}
+
+Ways::Ways(const Shape& shape, double leastClearance, const Space& space)
+    : shape_(&shape), leastClearance_(leastClearance), space_(space) {}
+
+const Skeleton& Ways::skeleton() {
+  if (skeleton_ == nullptr) skeleton_ = &made_.emplace(makeSkeleton(*shape_, leastClearance_));
+  return *skeleton_;
+}
+
+void Ways::prepare() {
+  if (points_) return;
+  const std::size_t count = skeleton().points.size();
+  neighbors_ = skeleton_->neighbors();
+  points_.emplace(asSegments(skeleton_->points), 0.0);
+  costs_.assign(count, unknown);
+  before_.assign(count, none);
+}
 
 DraftNode Ways::nodeAt(Index point) const {
-  return {skeleton_.points[point], NodeKind::way, {}, {}, 0.0, 0.0, 0.0, {}};
+  return {skeleton_->points[point], NodeKind::way, {}, {}, 0.0, 0.0, 0.0, {}};
 }
 
 // The nearest points in sight.
-std::vector<Ways::Start> Ways::startsFor(const DraftNode& node) const {
+std::vector<Ways::Start> Ways::startsFor(const DraftNode& node) {
+  prepare();
   constexpr std::size_t enough = 3;
   constexpr std::size_t mostTried = 60;
   std::vector<Start> seen;
   for (const double reach : {2.0, 6.0, 20.0, 60.0}) {
     std::vector<Start> near;
-    points_.eachNear(node.position, reach, [&](std::size_t i) {
-      const double distance = package::distance(skeleton_.points[i], node.position);
+    points_->eachNear(node.position, reach, [&](std::size_t i) {
+      const double distance = package::distance(skeleton_->points[i], node.position);
       if (distance <= reach) near.push_back({static_cast<Index>(i), distance});
     });
     std::sort(near.begin(), near.end(), [](const Start& a, const Start& b) {
@@ -80,7 +92,8 @@ std::optional<Ways::Index> Ways::search(const DraftNode& from, double longest,
     if (cost > costs_[point]) continue;
     if (isGoal(point)) return point;
     for (const Index next : neighbors_[point])
-      reach(next, cost + package::distance(skeleton_.points[point], skeleton_.points[next]), point);
+      reach(next, cost + package::distance(skeleton_->points[point], skeleton_->points[next]),
+            point);
   }
   return {};
 }

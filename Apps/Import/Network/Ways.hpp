@@ -10,10 +10,15 @@
 
 namespace orivanta::importer {
 
-/// Keeps references to both arguments. Not to be used from several threads at once.
+/// Keeps references to its arguments. Not to be used from several threads at once.
 class Ways {
  public:
   Ways(const Skeleton& skeleton, const Space& space);
+
+  /// Makes the skeleton of the shape when it is needed first, which takes long for a large shape.
+  Ways(const Shape& shape, double leastClearance, const Space& space);
+
+  const Skeleton& skeleton();
 
   /// The bends of a short way, without its ends. Nothing if there is no way of at most `longest`
   /// meters.
@@ -36,17 +41,21 @@ class Ways {
     Index point;
     double distance;
   };
-  std::vector<Start> startsFor(const DraftNode& node) const;
+  void prepare();
+  std::vector<Start> startsFor(const DraftNode& node);
   std::optional<Index> search(const DraftNode& from, double longest,
                               const std::function<bool(Index)>& isGoal);
   std::vector<Point> straightened(const DraftNode& from, Index last, const DraftNode& to) const;
   void tighten(std::vector<DraftNode>& way) const;
   DraftNode nodeAt(Index point) const;
 
-  const Skeleton& skeleton_;
+  const Shape* shape_ = nullptr;
+  double leastClearance_ = 0.0;
   const Space& space_;
+  std::optional<Skeleton> made_;
+  const Skeleton* skeleton_ = nullptr;  // null until it is made
   std::vector<std::vector<Index>> neighbors_;
-  SegmentGrid points_;
+  std::optional<SegmentGrid> points_;  // nothing until the first search
   // Of the current search; reset after each.
   std::vector<double> costs_;
   std::vector<Index> before_;
