@@ -2,7 +2,10 @@
 #pragma once
 
 #include <functional>
+#include <map>
+#include <memory>
 #include <optional>
+#include <tuple>
 #include <vector>
 
 #include "Apps/Import/Network/Draft.hpp"
@@ -15,9 +18,12 @@ class Ways {
  public:
   Ways(const Skeleton& skeleton, const Space& space);
 
-  /// Makes the skeleton of the shape when it is needed first, which takes long for a large shape.
+  /// Makes the skeleton of the shape only as far as it is needed, because it takes long for a large
+  /// shape.
   Ways(const Shape& shape, double leastClearance, const Space& space);
+  ~Ways();
 
+  /// The skeleton of the whole shape.
   const Skeleton& skeleton();
 
   /// The bends of a short way, without its ends. Nothing if there is no way of at most `longest`
@@ -31,9 +37,8 @@ class Ways {
     DraftNode end;
     std::vector<Point> bends;
   };
-  std::optional<Arrival> nearest(
-      const DraftNode& from,
-      const std::function<std::optional<DraftNode>(const DraftNode& point)>& arrive);
+  using Arrive = std::function<std::optional<DraftNode>(const DraftNode& point)>;
+  std::optional<Arrival> nearest(const DraftNode& from, const Arrive& arrive);
 
  private:
   using Index = std::uint32_t;
@@ -41,25 +46,25 @@ class Ways {
     Index point;
     double distance;
   };
-  void prepare();
-  std::vector<Start> startsFor(const DraftNode& node);
-  std::optional<Index> search(const DraftNode& from, double longest,
-                              const std::function<bool(Index)>& isGoal);
-  std::vector<Point> straightened(const DraftNode& from, Index last, const DraftNode& to) const;
+  struct Part;
+  Part& whole();
+  Part& around(Point point, double size);
+  std::vector<Start> startsFor(const Part& part, const DraftNode& node) const;
+  std::optional<Index> search(Part& part, const DraftNode& from, double longest,
+                              const std::function<bool(Index)>& isGoal) const;
+  std::optional<Arrival> nearestIn(Part& part, const DraftNode& from, double longest,
+                                   const Arrive& arrive) const;
+  std::vector<Point> straightened(const Part& part, const DraftNode& from, Index last,
+                                  const DraftNode& to) const;
   void tighten(std::vector<DraftNode>& way) const;
-  DraftNode nodeAt(Index point) const;
 
   const Shape* shape_ = nullptr;
   double leastClearance_ = 0.0;
+  const Skeleton* skeleton_ = nullptr;  // of the whole shape; null until it is made
   const Space& space_;
   std::optional<Skeleton> made_;
-  const Skeleton* skeleton_ = nullptr;  // null until it is made
-  std::vector<std::vector<Index>> neighbors_;
-  std::optional<SegmentGrid> points_;  // nothing until the first search
-  // Of the current search; reset after each.
-  std::vector<double> costs_;
-  std::vector<Index> before_;
-  std::vector<Index> touched_;
+  std::unique_ptr<Part> whole_;
+  std::map<std::tuple<double, long, long>, std::unique_ptr<Part>> parts_;  // by size and position
 };
 
 }  // namespace orivanta::importer
