@@ -101,11 +101,14 @@ void joinDoors(Building& building, const Options& options, Findings&) {
       if (door.level == level) joiner.join(door);
   }
   building.walkableSpaces.clear();
-  for (const double level : levels)
+  for (const double level : levels) {
+    if (options.progress)
+      options.progress("joining doors", static_cast<double>(building.walkableSpaces.size()) /
+                                            static_cast<double>(levels.size()));
     building.walkableSpaces.emplace(level, walkableSpace(building, level));
-  // Guessed doors are those of rooms and do not change the space.
-  if (options.doors == DoorChoice::strict) return;
-  for (const double level : levels) guessDoors(building, level);
+    // Guessed doors are those of rooms and do not change the space.
+    if (options.doors == DoorChoice::guess) guessDoors(building, level);
+  }
 }
 
 }  // namespace orivanta::importer

@@ -42,7 +42,11 @@ struct Ways::Part {
   std::vector<double> costs;
   std::vector<Index> before;
   std::vector<Index> touched;
+  bool hasStarts = false;
   bool isCutOff = false;  // there are points farther away than the search went
+  // What earlier searches have found out.
+  std::vector<bool> isNoArrival;
+  std::vector<bool> leadsNowhere;
 
   DraftNode nodeAt(Index point) const { return wayAt(skeleton.points[point]); }
 
@@ -52,6 +56,8 @@ struct Ways::Part {
     points.emplace(asSegments(skeleton.points), 0.0);
     costs.assign(skeleton.points.size(), unknown);
     before.assign(skeleton.points.size(), none);
+    isNoArrival.assign(skeleton.points.size(), false);
+    leadsNowhere.assign(skeleton.points.size(), false);
   }
 };
 
@@ -112,7 +118,8 @@ std::vector<Ways::Start> Ways::startsFor(const Part& part, const DraftNode& node
   return seen;
 }
 
-std::optional<Ways::Index> Ways::search(Part& part, const DraftNode& from, double longest,
+std::optional<Ways::Index> Ways::search(Part& part, const std::vector<Start>& starts,
+                                        double longest,
                                         const std::function<bool(Index)>& isGoal) const {
   for (const Index point : part.touched) {
     part.costs[point] = unknown;
@@ -131,7 +138,7 @@ std::optional<Ways::Index> Ways::search(Part& part, const DraftNode& from, doubl
     part.before[point] = before;
     open.emplace(cost, point);
   };
-  for (const Start& start : startsFor(part, from)) reach(start.point, start.distance, none);
+  for (const Start& start : starts) reach(start.point, start.distance, none);
   const std::vector<Point>& points = part.skeleton.points;
   while (!open.empty()) {
     const auto [cost, point] = open.top();
@@ -188,7 +195,7 @@ std::optional<std::vector<Point>> Ways::between(const DraftNode& from, const Dra
                                                 double longest) {
   const std::vector<Start> ends = startsFor(whole(), to);
   if (ends.empty()) return {};
-  const auto goal = search(whole(), from, longest, [&](Index point) {
+  const auto goal = search(whole(), startsFor(whole(), from), longest, [&](Index point) {
     return std::any_of(ends.begin(), ends.end(),
                        [&](const Start& end) { return end.point == point; });
   });
@@ -196,15 +203,23 @@ std::optional<std::vector<Point>> Ways::between(const DraftNode& from, const Dra
   return straightened(whole(), from, *goal, to);
 }
 
+// Examines each point once in its life, and a part of the skeleton without any arrival once.
 std::optional<Ways::Arrival> Ways::nearestIn(Part& part, const DraftNode& from, double longest,
                                              const Arrive& arrive) const {
+  std::vector<Start> starts = startsFor(part, from);
+  part.hasStarts = !starts.empty();
+  std::erase_if(starts, [&](const Start& start) { return part.leadsNowhere[start.point]; });
   std::optional<DraftNode> end;
-  const auto goal = search(part, from, longest, [&](Index point) {
+  const auto goal = search(part, starts, longest, [&](Index point) {
+    if (part.isNoArrival[point]) return false;
     end = arrive(part.nodeAt(point));
+    part.isNoArrival[point] = !end;
     return end.has_value();
   });
-  if (!goal) return {};
-  return Arrival{*end, straightened(part, from, *goal, *end)};
+  if (goal) return Arrival{*end, straightened(part, from, *goal, *end)};
+  if (!part.isCutOff)
+    for (const Index point : part.touched) part.leadsNowhere[point] = true;
+  return {};
 }
 
 // Most ways are short. Near its border, the skeleton of a square is not that of the shape, so
@@ -215,8 +230,8 @@ std::optional<Ways::Arrival> Ways::nearest(const DraftNode& from, const Arrive& 
     for (const double size : {25.0, 50.0, 2.0 * farthestStart}) {
       Part& part = around(from.position, size);
       if (auto arrival = nearestIn(part, from, 0.4 * size, arrive)) return arrival;
-      const bool hasStarts = !part.touched.empty() || part.isCutOff;
-      if (!part.isCutOff && (hasStarts || size / 2.0 >= farthestStart)) return {};
+      const bool isComplete = part.hasStarts || size / 2.0 >= farthestStart;
+      if (!part.isCutOff && isComplete) return {};
     }
   return nearestIn(whole(), from, unknown, arrive);
 }

@@ -32,7 +32,8 @@ class Ways {
                                             double longest);
 
   /// The result of `arrive` for the first point of the skeleton for which it returns one, in the
-  /// order of the length of the way, and the bends of the way to it.
+  /// order of the length of the way, and the bends of the way to it. `arrive` must return the same
+  /// for a point in all calls, because it is not called again where it has returned nothing.
   struct Arrival {
     DraftNode end;
     std::vector<Point> bends;
@@ -50,7 +51,7 @@ class Ways {
   Part& whole();
   Part& around(Point point, double size);
   std::vector<Start> startsFor(const Part& part, const DraftNode& node) const;
-  std::optional<Index> search(Part& part, const DraftNode& from, double longest,
+  std::optional<Index> search(Part& part, const std::vector<Start>& starts, double longest,
                               const std::function<bool(Index)>& isGoal) const;
   std::optional<Arrival> nearestIn(Part& part, const DraftNode& from, double longest,
                                    const Arrive& arrive) const;

@@ -28,8 +28,10 @@ void writeRecords(const PackageRecords& records, ReplacedFolder& folder) {
   folder.write("polygon.json", jsonLines(records.polygons));
 }
 
-void writeFloors(const PackageLayout& layout, ReplacedFolder& folder) {
+void writeFloors(const PackageLayout& layout, ReplacedFolder& folder, const Progress& progress) {
+  double done = 0.0;
   for (const Storey* storey : layout.maps()) {
+    if (progress) progress("writing", ++done / static_cast<double>(layout.maps().size() + 1));
     const std::string& name = layout.fileName(*storey);
     const package::Model model = makeFloorModel(layout, *storey);
     folder.write("maps/" + name + ".obj", model.obj(name + ".mtl"));
@@ -40,12 +42,12 @@ void writeFloors(const PackageLayout& layout, ReplacedFolder& folder) {
 
 }  // namespace
 
-void writePackage(const Building& building, const fs::path& target) {
+void writePackage(const Building& building, const fs::path& target, const Progress& progress) {
   ReplacedFolder folder(target, "import");
   const PackageLayout layout(building);
   const PackageRecords records = makeRecords(layout);
   writeRecords(records, folder);
-  writeFloors(layout, folder);
+  writeFloors(layout, folder, progress);
   writeImages(layout, folder.path() / "images");
   writeSigns(records.categories, folder.path() / "images" / "places");
   folder.commit();
