@@ -5,6 +5,7 @@
 #include <queue>
 #include <utility>
 
+#include "Apps/Import/Geometry/OpenShape.hpp"
 #include "Apps/Import/Network/Sight.hpp"
 
 namespace orivanta::importer {
@@ -20,6 +21,11 @@ std::vector<Segment> asSegments(const std::vector<Point>& points) {
   segments.reserve(points.size());
   for (const Point point : points) segments.push_back({point, point});
   return segments;
+}
+
+bool isNear(const package::Box& box, Point point, double distance) {
+  return point.x >= box.least.x - distance && point.x <= box.most.x + distance &&
+         point.y >= box.least.y - distance && point.y <= box.most.y + distance;
 }
 
 DraftNode wayAt(Point position) { return {position, NodeKind::way, {}, {}, 0.0, 0.0, 0.0, {}}; }
@@ -64,7 +70,10 @@ struct Ways::Part {
 Ways::Ways(const Skeleton& skeleton, const Space& space) : skeleton_(&skeleton), space_(space) {}
 
 Ways::Ways(const Shape& shape, double leastClearance, const Space& space)
-    : shape_(&shape), leastClearance_(leastClearance), space_(space) {}
+    : shape_(&shape), leastClearance_(leastClearance), space_(space) {
+  boxes_.reserve(shape.size());
+  for (const Polygon& polygon : shape) boxes_.push_back(boxOf({polygon}));
+}
 
 Ways::~Ways() = default;
 
@@ -78,20 +87,41 @@ Ways::Part& Ways::whole() {
   return *whole_;
 }
 
+// The polygons into which a node at the point may see.
+std::vector<std::size_t> Ways::polygonsNear(Point point) const {
+  constexpr double farthest = 3.0;  // meters from a door to the space
+  std::vector<std::size_t> near;
+  for (std::size_t i = 0; i < shape_->size(); ++i)
+    if (isNear(boxes_[i], point, farthest) && distanceTo({(*shape_)[i]}, point) <= farthest)
+      near.push_back(i);
+  return near;
+}
+
+Ways::Part& Ways::partOf(const std::vector<std::size_t>& polygons) {
+  std::unique_ptr<Part>& part = parts_[polygons];
+  if (!part) {
+    Shape shape;
+    for (const std::size_t i : polygons) shape.push_back((*shape_)[i]);
+    part = std::make_unique<Part>(nullptr, makeSkeleton(shape, leastClearance_));
+  }
+  return *part;
+}
+
 // A square that reaches at least half its size beyond the point. Nearby points have the same.
 Ways::Part& Ways::around(Point point, double size) {
   const double step = size / 2.0;
   const long column = std::lround(point.x / step);
   const long row = std::lround(point.y / step);
-  std::unique_ptr<Part>& part = parts_[{size, column, row}];
-  if (!part) {
-    const Point middle = Point{static_cast<double>(column), static_cast<double>(row)} * step;
-    const double half = 1.5 * step;
-    const Polygon square{
-        package::rectangle(middle.x - half, middle.y - half, middle.x + half, middle.y + half), {}};
-    part =
-        std::make_unique<Part>(nullptr, makeSkeleton(common(*shape_, {square}), leastClearance_));
-  }
+  std::unique_ptr<Part>& part = squares_[{size, column, row}];
+  if (part) return *part;
+  const Point middle = Point{static_cast<double>(column), static_cast<double>(row)} * step;
+  const double half = 1.5 * step;
+  const Polygon square{
+      package::rectangle(middle.x - half, middle.y - half, middle.x + half, middle.y + half), {}};
+  Shape shape;
+  for (std::size_t i = 0; i < shape_->size(); ++i)
+    if (overlapOfBoxes({(*shape_)[i]}, {square}) > 0.0) shape.push_back((*shape_)[i]);
+  part = std::make_unique<Part>(nullptr, makeSkeleton(common(shape, {square}), leastClearance_));
   return *part;
 }
 
@@ -225,15 +255,19 @@ std::optional<Ways::Arrival> Ways::nearestIn(Part& part, const DraftNode& from, 
 // Most ways are short. Near its border, the skeleton of a square is not that of the shape, so
 // longer ways in it do not count. What has no continuation in a square has none outside it.
 std::optional<Ways::Arrival> Ways::nearest(const DraftNode& from, const Arrive& arrive) {
-  constexpr std::size_t largeShape = 2'000;  // borders
-  if (skeleton_ == nullptr && space_.walls().segments().size() > largeShape)
+  if (skeleton_ != nullptr) return nearestIn(whole(), from, unknown, arrive);
+  const std::vector<std::size_t> polygons = polygonsNear(from.position);
+  std::size_t borders = 0;
+  for (const std::size_t i : polygons) borders += bordersOf({(*shape_)[i]}).size();
+  constexpr std::size_t manyBorders = 2'000;
+  if (borders > manyBorders)
     for (const double size : {25.0, 50.0, 2.0 * farthestStart}) {
       Part& part = around(from.position, size);
       if (auto arrival = nearestIn(part, from, 0.4 * size, arrive)) return arrival;
       const bool isComplete = part.hasStarts || size / 2.0 >= farthestStart;
       if (!part.isCutOff && isComplete) return {};
     }
-  return nearestIn(whole(), from, unknown, arrive);
+  return nearestIn(partOf(polygons), from, unknown, arrive);
 }
 
 }  // namespace orivanta::importer

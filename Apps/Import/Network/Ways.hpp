@@ -49,6 +49,8 @@ class Ways {
   };
   struct Part;
   Part& whole();
+  std::vector<std::size_t> polygonsNear(Point point) const;
+  Part& partOf(const std::vector<std::size_t>& polygons);
   Part& around(Point point, double size);
   std::vector<Start> startsFor(const Part& part, const DraftNode& node) const;
   std::optional<Index> search(Part& part, const std::vector<Start>& starts, double longest,
@@ -65,7 +67,9 @@ class Ways {
   const Space& space_;
   std::optional<Skeleton> made_;
   std::unique_ptr<Part> whole_;
-  std::map<std::tuple<double, long, long>, std::unique_ptr<Part>> parts_;  // by size and position
+  std::vector<package::Box> boxes_;  // of the polygons
+  std::map<std::vector<std::size_t>, std::unique_ptr<Part>> parts_;
+  std::map<std::tuple<double, long, long>, std::unique_ptr<Part>> squares_;  // by size and position
 };
 
 }  // namespace orivanta::importer
