@@ -66,7 +66,7 @@ TEST(Geometry, BoxesThatTouchAreInOneGroup) {
 // are must be found as well, and none where a wall is closed.
 TEST(Geometry, FindsWaysInLargeHalls) {
   Outline outline{{200.0, 0.0}};
-  for (int i = 1500; i >= 0; --i) outline.push_back({i * 0.1 + 25.0, i % 2 == 0 ? 20.0 : 20.3});
+  for (int i = 3000; i >= 0; --i) outline.push_back({i * 0.05 + 25.0, i % 2 == 0 ? 20.0 : 20.3});
   outline.insert(outline.end(), {{25.0, 30.0}, {0.0, 30.0}, {0.0, 0.0}});
   const Shape shape{{outline, {rectangle(60.0, 5.0, 61.0, 15.0)}}, {rectangle(0, 40, 9, 50), {}}};
   const Space space(shape);
