@@ -18,12 +18,6 @@ struct NearestChoice {
   guidance::Stop stop;  ///< several places or a category
 };
 
-/// Returns the stop of a choice.
-inline guidance::Stop stopFor(const NearestChoice& choice, const Venue& /*venue*/,
-                              const guidance::Closures& /*closures*/) {
-  return choice.stop;
-}
-
 /// Returns the nearest place of a category as a destination. It is not an emergency exit unless the
 /// category is one of emergency exits.
 NearestChoice nearestOf(const std::shared_ptr<Category>& category,

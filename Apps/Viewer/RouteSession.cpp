@@ -113,7 +113,7 @@ void RouteSession::planAgain() {
 void RouteSession::start(Purpose purpose, const RouteStops& stops) {
   purpose_ = purpose;
   guidance::Request request;
-  request.stops = stops.list(*venue_, closures_);
+  request.stops = stops.list();
   request.bestOrder = stops.between().size() > 1;
   request.profile = profileChoices[profile_].make();
   request.closures = closures_;

@@ -37,17 +37,15 @@ void RouteStops::remove(std::size_t index) {
   between_.erase(between_.begin() + static_cast<std::ptrdiff_t>(index));
 }
 
-std::vector<guidance::Stop> RouteStops::list(const Venue& venue,
-                                             const guidance::Closures& closures) const {
-  std::vector<guidance::Stop> stops{stopAt(from_, venue, closures)};
+std::vector<guidance::Stop> RouteStops::list() const {
+  std::vector<guidance::Stop> stops{stopAt(from_)};
   stops.insert(stops.end(), between_.begin(), between_.end());
-  stops.push_back(stopAt(to_, venue, closures));
+  stops.push_back(stopAt(to_));
   return stops;
 }
 
-guidance::Stop RouteStops::stopAt(const End& end, const Venue& venue,
-                                  const guidance::Closures& closures) {
-  if (end.nearest) return stopFor(*end.nearest, venue, closures);
+guidance::Stop RouteStops::stopAt(const End& end) {
+  if (end.nearest) return end.nearest->stop;
   return end.position ? *end.position : guidance::Stop(end.place);
 }
 

@@ -50,7 +50,7 @@ class RouteStops {
   void remove(std::size_t index);
 
   /// Returns all stops in order. Both ends must be there.
-  std::vector<guidance::Stop> list(const Venue& venue, const guidance::Closures& closures) const;
+  std::vector<guidance::Stop> list() const;
 
   /// Returns the names that are shown. `found` is as in `swapEnds`.
   StopNames names(const Venue& venue, const guidance::InterfaceTexts& texts,
@@ -67,8 +67,7 @@ class RouteStops {
   };
 
   End& at(RouteEnd end) { return end == RouteEnd::start ? from_ : to_; }
-  static guidance::Stop stopAt(const End& end, const Venue& venue,
-                               const guidance::Closures& closures);
+  static guidance::Stop stopAt(const End& end);
   static std::optional<std::string> nameOf(const End& end, const Venue& venue,
                                            const guidance::InterfaceTexts& texts);
 
