@@ -12,8 +12,10 @@ namespace orivanta {
 
 namespace {
 
-constexpr Surroundings aroundWhole{0.06, 1};
-constexpr Surroundings aroundCore{0, 1};
+constexpr Surroundings aroundRegion{0, 1};
+
+// The whole slab is shown with the areas if the camera is at most this much farther away.
+constexpr double wholeFactor = 1.35;
 
 FirstViewInput inputOf(const Venue& venue, const KindWords& words) {
   return firstViewInput(venue,
@@ -89,7 +91,15 @@ void showFirstRegion(const MapView& view, const KindWords& words, CameraMotion m
   if (areas.size == graphics::Size()) return camera.fit(motion);
   const FirstRegion region =
       firstRegion(input.floors[floor], floor, input.places, freeView(camera), input.unitsPerMeter);
-  camera.frame(groundCorners(region.rect), region.isWhole ? aroundWhole : aroundCore, motion);
+  const CameraPose now = camera.pose();
+  CameraPose pose =
+      camera.framingPose(groundCorners(region.rect), aroundRegion, now.tilt, now.turn);
+  const CameraPose whole = camera.fittingPose(now.tilt, now.turn);
+  if (region.isWhole && whole.distance <= wholeFactor * pose.distance) pose = whole;
+  if (motion == CameraMotion::glide)
+    camera.glideTo(pose);
+  else
+    camera.setPose(pose);
 }
 
 }  // namespace orivanta

@@ -133,6 +133,20 @@ TEST_F(RenderVenue, DrawsFloorsInTheStyleOfAThemeFile) {
   EXPECT_EQ(test::countPixels(*picture("map.png"), graphics::colors::red), 0);
 }
 
+TEST_F(RenderVenue, StyledPicturesShowWhereThePlacesAreUnlessAFloorOrAZoomIsGiven) {
+  ASSERT_EQ(render({"--style", "light"}).exitCode, 0);
+  const auto first = picture("map.png");
+  const struct {
+    std::vector<std::string> arguments;
+    bool isFirstView;
+  } cases[] = {{{"--turn", "0"}, true}, {{"--zoom", "1"}, false}, {{"--map", "G"}, false}};
+  for (auto [arguments, isFirstView] : cases) {
+    arguments.insert(arguments.end(), {"--style", "light"});
+    ASSERT_EQ(render(arguments).exitCode, 0) << arguments.front();
+    EXPECT_EQ(changed(*first, *picture("map.png")) < 0.02, isFirstView) << arguments.front();
+  }
+}
+
 TEST_F(RenderVenue, DrawsARouteOnItsFloorsAndMovesItsArrows) {
   const auto route = render({"--route", "paper kestrel", "popcorn nebula"});
   EXPECT_EQ(route.output, file("map-G.png") + "\n" + file("map-2.png") + "\n");
@@ -184,6 +198,8 @@ TEST_F(RenderVenue, ShowsTheAttributionOrSaysToShowIt) {
     EXPECT_GT(changed(*plain, *shown), 0.002) << corner;
   }
   EXPECT_EQ(renderVisits({"--attribution", "middle"}).exitCode, 2);
+  ASSERT_EQ(renderVisits({"--style", "dark"}).exitCode, 0);
+  EXPECT_LT(picture("map.png")->pixels()[4 * (188 * 320 + 8)], 60) << "a dark ground";
   serveVisits(std::string(900, 'x'));
   EXPECT_THAT(renderVisits({}).errors, HasSubstr("show this attribution with the images: xxx"));
 }
