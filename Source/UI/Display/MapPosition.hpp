@@ -17,7 +17,7 @@ struct MapPosition {
   double accuracyMeters = 0;   ///< radius of the disc in which the visitor is; 0 for no disc
   /// The direction in which the visitor looks: radians, counterclockwise from the y axis, as in
   /// `CameraPose::turn`. Nothing if it is not known.
-  std::optional<double> heading;
+  std::optional<double> heading = {};
 
   friend bool operator==(const MapPosition&, const MapPosition&) = default;
 };

@@ -124,7 +124,7 @@ TEST_F(RenderVenue, ShowsWhatIsAskedFor) {
 
 TEST_F(RenderVenue, DrawsFloorsInTheStyleOfAThemeFile) {
   std::ofstream(file("theme.json")) << R"({"colors": {"backdrop": "#ff0000", "rout": "#fff"}})";
-  const auto styled = render({"--style", file("theme.json")});
+  const auto styled = render({"--map", "G", "--style", file("theme.json")});
   EXPECT_EQ(styled.exitCode, 0);
   EXPECT_EQ(styled.errors,
             "orivanta: warning: " + file("theme.json") + ": unknown member colors.rout\n");
