@@ -12,10 +12,11 @@ namespace orivanta {
 
 namespace {
 
-constexpr Surroundings aroundRegion{0, 1};
+constexpr Surroundings aroundWhole{0.06, 1};
+constexpr Surroundings aroundCore{0, 1};
 
-// The whole slab is shown with the areas if the camera is at most this much farther away.
-constexpr double wholeFactor = 1.35;
+// The whole slab is shown with all areas if the median room keeps this size.
+constexpr double readableRoom = 18;  // points
 
 FirstViewInput inputOf(const Venue& venue, const KindWords& words) {
   return firstViewInput(venue,
@@ -47,6 +48,20 @@ graphics::Size freeView(const MapCamera& camera) {
   const graphics::Size size = camera.lens().size;
   const Insets& insets = camera.insets();
   return {size.width - insets.left - insets.right, size.height - insets.top - insets.bottom};
+}
+
+// Keeps tilt and turn.
+CameraPose firstPose(const MapCamera& camera, const FirstViewInput& input, std::size_t floor) {
+  const CameraPose now = camera.pose();
+  const CameraPose whole = camera.fittingPose(now.tilt, now.turn);
+  if (input.floors[floor].areas.size == graphics::Size()) return whole;
+  const FirstRegion region =
+      firstRegion(input.floors[floor], floor, input.places, freeView(camera), input.unitsPerMeter);
+  const double roomPoints =
+      medianRoom(floor, input.places) / (camera.lens().slopePerPoint() * whole.distance);
+  if (region.isWhole && roomPoints >= readableRoom) return whole;
+  return camera.framingPose(groundCorners(region.rect), region.isWhole ? aroundWhole : aroundCore,
+                            now.tilt, now.turn);
 }
 
 }  // namespace
@@ -86,16 +101,7 @@ void showFirstRegion(const MapView& view, const KindWords& words, CameraMotion m
   const auto floor = static_cast<std::size_t>(
       std::find(maps.begin(), maps.end(), view.currentMap()) - maps.begin());
   if (floor == maps.size()) return;
-  const FirstViewInput input = inputOf(*view.venue, words);
-  const graphics::Rect& areas = input.floors[floor].areas;
-  if (areas.size == graphics::Size()) return camera.fit(motion);
-  const FirstRegion region =
-      firstRegion(input.floors[floor], floor, input.places, freeView(camera), input.unitsPerMeter);
-  const CameraPose now = camera.pose();
-  CameraPose pose =
-      camera.framingPose(groundCorners(region.rect), aroundRegion, now.tilt, now.turn);
-  const CameraPose whole = camera.fittingPose(now.tilt, now.turn);
-  if (region.isWhole && whole.distance <= wholeFactor * pose.distance) pose = whole;
+  const CameraPose pose = firstPose(camera, inputOf(*view.venue, words), floor);
   if (motion == CameraMotion::glide)
     camera.glideTo(pose);
   else
