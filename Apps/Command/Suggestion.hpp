@@ -1,4 +1,4 @@
-// The nearest known word to one that was misspelled.
+// The known word that a misspelled one means.
 #pragma once
 
 #include <string>
@@ -7,14 +7,9 @@
 
 namespace orivanta::command {
 
-/// Returns the first known word that begins with the word if that has three characters or more;
-/// otherwise the known word with the fewest inserted, deleted, replaced and swapped characters, the
-/// first of several. Returns an empty text if none is similar: more than one difference per three
-/// characters. Compares bytes, without regard to the case of ASCII letters.
-std::string closestWord(std::string_view word, const std::vector<std::string>& known);
-
-/// Returns " Did you mean ...?" with the closest word in quotes, or an empty text if none is
-/// similar.
+/// Returns " Did you mean ...?" with the first known word that begins with the word or, if there is
+/// none, that begins with it except for one or two letters. Returns an empty text if there is none,
+/// or if the word has fewer than three letters.
 std::string didYouMean(std::string_view word, const std::vector<std::string>& known);
 
 }  // namespace orivanta::command

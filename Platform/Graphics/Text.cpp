@@ -37,16 +37,7 @@ class TextDrawing {
     const Owned<cairo_t> context(cairo_create(record_.get()));
     cairo_scale(context.get(), scale, scale);
     layout_.reset(pango_cairo_create_layout(context.get()));
-    setFont(*layout_, style);
-    pango_layout_set_alignment(layout_.get(), style.alignment == TextAlignment::center
-                                                  ? PANGO_ALIGN_CENTER
-                                                  : PANGO_ALIGN_LEFT);
-    pango_layout_set_wrap(layout_.get(), PANGO_WRAP_WORD_CHAR);
-    const double widest = Image::maximumSide / scale - 2 * style.outlineWidth;
-    const double width = style.maximumWidth > 0 ? std::min(style.maximumWidth, widest) : widest;
-    pango_layout_set_width(layout_.get(), static_cast<int>(width * PANGO_SCALE));
-    pango_layout_set_text(layout_.get(), text.data(), static_cast<int>(text.size()));
-    limitLines(text);
+    setText(*layout_, text, style, Image::maximumSide / scale - 2 * style.outlineWidth);
     draw(context.get());
   }
 
@@ -82,17 +73,6 @@ class TextDrawing {
   }
 
  private:
-  // Pango limits the lines of each paragraph separately.
-  void limitLines(std::string text) {
-    const int most = style_.maximumLines;
-    if (most <= 0 || pango_layout_get_line_count(layout_.get()) <= most) return;
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-    pango_layout_set_text(layout_.get(), text.data(), static_cast<int>(text.size()));
-    pango_layout_set_ellipsize(layout_.get(), PANGO_ELLIPSIZE_END);
-    pango_layout_set_height(layout_.get(), -most);
-  }
-
   void draw(cairo_t* context) const {
     if (style_.outlineWidth > 0.0) {
       pango_cairo_layout_path(context, layout_.get());
@@ -165,6 +145,18 @@ std::shared_ptr<const Image> makeTextImage(std::string_view text, const TextStyl
   }
   return Image::make(static_cast<std::uint32_t>(ink.width), static_cast<std::uint32_t>(ink.height),
                      pixels.straightRgba(ink.left, ink.top, ink.width, ink.height), scale);
+}
+
+Size measureText(std::string_view text, const TextStyle& style) {
+  if (!canBeDrawn(style, 1.0)) return {};
+  const Owned<PangoContext> context(
+      pango_font_map_create_context(pango_cairo_font_map_get_default()));
+  const Owned<PangoLayout> layout(pango_layout_new(context.get()));
+  setText(*layout, presentable(text), style, Image::maximumSide - 2 * style.outlineWidth);
+  int width = 0;
+  int height = 0;
+  pango_layout_get_size(layout.get(), &width, &height);
+  return {1.0 * width / PANGO_SCALE, 1.0 * height / PANGO_SCALE};
 }
 
 }  // namespace orivanta::graphics

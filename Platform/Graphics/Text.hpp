@@ -41,4 +41,10 @@ struct TextStyle {
 ORIVANTA_API std::shared_ptr<const Image> makeTextImage(std::string_view text,
                                                         const TextStyle& style, double scale);
 
+/// Returns the size of the lines of a text in points, as `makeTextImage` lays them out: with the
+/// full line height, without the outline. The image can be smaller, and parts of some glyphs lie
+/// outside of the lines. Returns an empty size if no image can be made with this style. Much faster
+/// than `makeTextImage`. Any thread.
+ORIVANTA_API Size measureText(std::string_view text, const TextStyle& style);
+
 }  // namespace orivanta::graphics

@@ -1,5 +1,7 @@
 #include "Platform/Graphics/TextLayout.hpp"
 
+#include <algorithm>
+
 namespace orivanta::graphics {
 
 namespace {
@@ -7,6 +9,16 @@ namespace {
 constexpr std::size_t mostTextBytes = 10'000;
 
 bool isContinuationByte(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80; }
+
+// Pango limits the lines of each paragraph separately.
+void limitLines(PangoLayout& layout, std::string text, int most) {
+  if (most <= 0 || pango_layout_get_line_count(&layout) <= most) return;
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+  pango_layout_set_text(&layout, text.data(), static_cast<int>(text.size()));
+  pango_layout_set_ellipsize(&layout, PANGO_ELLIPSIZE_END);
+  pango_layout_set_height(&layout, -most);
+}
 
 }  // namespace
 
@@ -49,6 +61,17 @@ void setFont(PangoLayout& layout, const TextStyle& style) {
   pango_font_description_set_weight(font.get(),
                                     style.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
   pango_layout_set_font_description(&layout, font.get());
+}
+
+void setText(PangoLayout& layout, const std::string& text, const TextStyle& style, double widest) {
+  setFont(layout, style);
+  pango_layout_set_alignment(
+      &layout, style.alignment == TextAlignment::center ? PANGO_ALIGN_CENTER : PANGO_ALIGN_LEFT);
+  pango_layout_set_wrap(&layout, PANGO_WRAP_WORD_CHAR);
+  const double width = style.maximumWidth > 0 ? std::min(style.maximumWidth, widest) : widest;
+  pango_layout_set_width(&layout, static_cast<int>(width * PANGO_SCALE));
+  pango_layout_set_text(&layout, text.data(), static_cast<int>(text.size()));
+  limitLines(layout, text, style.maximumLines);
 }
 
 }  // namespace orivanta::graphics

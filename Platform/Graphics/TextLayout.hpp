@@ -15,6 +15,7 @@ namespace orivanta::graphics {
 struct Release : ReleaseCairo {
   using ReleaseCairo::operator();
   void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
+  void operator()(PangoContext* context) const { g_object_unref(context); }
   void operator()(PangoLayout* layout) const { g_object_unref(layout); }
   void operator()(PangoFontDescription* font) const { pango_font_description_free(font); }
   void operator()(char* text) const { g_free(text); }
@@ -29,5 +30,9 @@ std::string presentable(std::string_view text);
 
 /// Sets the font of a style. Glyphs keep their shapes and distances at every scale.
 void setFont(PangoLayout& layout, const TextStyle& style);
+
+/// Sets the font, the lines and the text, which must be presentable. Lines longer than `widest`
+/// points are wrapped.
+void setText(PangoLayout& layout, const std::string& text, const TextStyle& style, double widest);
 
 }  // namespace orivanta::graphics

@@ -16,10 +16,13 @@ std::array<float, 4> multiplied(const graphics::Color& color, double alpha) {
   return {color.red * a, color.green * a, color.blue * a, a};
 }
 
+bool isEmpty(const QuadVertex& vertex) {
+  return !(vertex.halfSize[0] > 0 && vertex.halfSize[1] > 0);
+}
+
 // Aligns an image to whole pixels if its rectangle has the image's size in pixels, so that it stays
 // sharp.
-void snapToPixels(QuadVertex& vertex, const graphics::Image& image) {
-  const std::array sides{image.width(), image.height()};
+void snapToPixels(QuadVertex& vertex, const std::array<std::uint32_t, 2>& sides) {
   for (std::size_t axis = 0; axis < 2; ++axis)
     if (std::abs(static_cast<float>(sides[axis]) - 2 * vertex.halfSize[axis]) > 0.01F) return;
   for (std::size_t axis = 0; axis < 2; ++axis) {
@@ -55,8 +58,8 @@ QuadVertex CanvasPainter::place(const graphics::Rect& rect) const {
 void CanvasPainter::fill(const graphics::Rect& rect, const graphics::Color& color,
                          double cornerRadius) {
   Quad quad{place(rect), nullptr, std::nullopt};
+  if (isEmpty(quad.vertex)) return;
   const auto& half = quad.vertex.halfSize;
-  if (!(half[0] > 0 && half[1] > 0)) return;
   quad.vertex.color = multiplied(color, alpha_);
   quad.vertex.cornerRadius =
       std::clamp(static_cast<float>(cornerRadius * scale_), 0.0F, std::min(half[0], half[1]));
@@ -65,14 +68,42 @@ void CanvasPainter::fill(const graphics::Rect& rect, const graphics::Color& colo
 
 void CanvasPainter::draw(const std::shared_ptr<const graphics::Image>& image,
                          const graphics::Rect& rect, double alpha, double turn) {
-  Quad quad{place(rect), image, std::nullopt};
-  if (!image || !(quad.vertex.halfSize[0] > 0 && quad.vertex.halfSize[1] > 0)) return;
-  quad.vertex.color = multiplied(graphics::colors::white, alpha_ * alpha);
+  if (!image) return;
+  Quad quad{placeImage(rect, {image->width(), image->height()}, alpha, turn), image};
+  if (!isEmpty(quad.vertex)) quads.push_back(std::move(quad));
+}
+
+QuadVertex CanvasPainter::placeImage(const graphics::Rect& rect,
+                                     const std::array<std::uint32_t, 2>& sides, double alpha,
+                                     double turn) const {
+  QuadVertex vertex = place(rect);
+  vertex.color = multiplied(graphics::colors::white, alpha_ * alpha);
   if (turn == 0)
-    snapToPixels(quad.vertex, *image);
+    snapToPixels(vertex, sides);
   else
-    quad.vertex.turn = {static_cast<float>(std::cos(turn)), static_cast<float>(std::sin(turn))};
-  quads.push_back(std::move(quad));
+    vertex.turn = {static_cast<float>(std::cos(turn)), static_cast<float>(std::sin(turn))};
+  return vertex;
+}
+
+void CanvasPainter::draw(const std::shared_ptr<graphics::Sheet>& sheet,
+                         std::span<const view::SheetPiece> pieces) {
+  if (!sheet) return;
+  const std::uint64_t lastSerial = sheets_.choose(sheet);
+  bool isComplete = true;
+  for (const view::SheetPiece& piece : pieces) {
+    const graphics::SheetPlace& at = piece.place;
+    Quad quad{placeImage(piece.rect, {at.width, at.height}, piece.alpha, piece.turn), nullptr};
+    if (isEmpty(quad.vertex) || !sheet->image(at)) continue;
+    if (at.serial > lastSerial) {
+      isComplete = false;
+      continue;
+    }
+    quad.vertex.texels = {static_cast<float>(at.x), static_cast<float>(at.y),
+                          static_cast<float>(at.width), static_cast<float>(at.height)};
+    quad.sheet = sheet;
+    quads.push_back(std::move(quad));
+  }
+  if (!isComplete) view::View::setNeedsFrame();  // for the next frame, since this one has begun
 }
 
 void CanvasPainter::draw(view::SceneView& view, const graphics::Rect& rect) {
@@ -82,10 +113,10 @@ void CanvasPainter::draw(view::SceneView& view, const graphics::Rect& rect) {
   if (overlay) overlay->update(time_);
 
   Quad quad{place(rect), nullptr, scenes.size()};
+  if (isEmpty(quad.vertex)) return;
   const auto& half = quad.vertex.halfSize;
-  if (!(half[0] > 0 && half[1] > 0)) return;
   quad.vertex.color = multiplied(graphics::colors::white, alpha_);
-  scenes.push_back({gatherer_.gather(view, time_),
+  scenes.push_back({gatherer_.gather(view, time_, scale_),
                     static_cast<std::uint32_t>(std::max(1L, std::lround(2 * half[0]))),
                     static_cast<std::uint32_t>(std::max(1L, std::lround(2 * half[1])))});
   quads.push_back(std::move(quad));

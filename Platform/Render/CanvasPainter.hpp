@@ -1,10 +1,15 @@
 // Collects what a view tree draws in one frame.
 #pragma once
 
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <span>
 #include <vector>
 
 #include "Platform/Render/Quad.hpp"
 #include "Platform/Render/SceneGatherer.hpp"
+#include "Platform/Render/SheetTextures.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/View.hpp"
 
@@ -20,8 +25,8 @@ struct PaintedScene {
 /// Lives within a transaction. The collected data does not refer to views, nodes or sprites.
 class CanvasPainter : public view::Canvas {
  public:
-  CanvasPainter(SceneGatherer& gatherer, double scale, double time)
-      : gatherer_(gatherer), scale_(scale), time_(time) {}
+  CanvasPainter(SceneGatherer& gatherer, SheetTextures& sheets, double scale, double time)
+      : gatherer_(gatherer), sheets_(sheets), scale_(scale), time_(time) {}
 
   /// Paints a view and its subviews. The root view is placed at the upper left corner of the frame,
   /// regardless of its `frame`.
@@ -33,6 +38,8 @@ class CanvasPainter : public view::Canvas {
   void draw(const std::shared_ptr<const graphics::Image>& image, const graphics::Rect& rect,
             double alpha, double turn) override;
   void draw(view::SceneView& view, const graphics::Rect& rect) override;
+  void draw(const std::shared_ptr<graphics::Sheet>& sheet,
+            std::span<const view::SheetPiece> pieces) override;
 
   std::vector<Quad> quads;
   std::vector<PaintedScene> scenes;
@@ -44,7 +51,12 @@ class CanvasPainter : public view::Canvas {
   /// A rectangle of the current view, in pixels.
   QuadVertex place(const graphics::Rect& rect) const;
 
+  /// As above, for an image with these sides in pixels.
+  QuadVertex placeImage(const graphics::Rect& rect, const std::array<std::uint32_t, 2>& sides,
+                        double alpha, double turn) const;
+
   SceneGatherer& gatherer_;
+  SheetTextures& sheets_;
   double scale_;
   double time_;
   graphics::Point origin_;  ///< origin of the current view

@@ -93,7 +93,8 @@ bool covers(const LoosePart& a, const LoosePart& b) {
   const auto isPlain = [](const PartLook& look) { return !look.translucent && !look.image; };
   return a.world == b.world && a.element == 0 && b.element == 0 && isPlain(a.look) &&
          isPlain(b.look) && a.look.color == b.look.color && a.look.visible == b.look.visible &&
-         a.look.castsShadow == b.look.castsShadow && haveSameShape(*a.geometry, *b.geometry);
+         a.look.castsShadow == b.look.castsShadow && a.look.group == b.look.group &&
+         haveSameShape(*a.geometry, *b.geometry);
 }
 
 // Consecutive segments of a route have equal caps, a few parts apart from each other.

@@ -23,6 +23,7 @@ struct PartLook {
   bool visible = true;              ///< false if hidden or completely transparent
   bool translucent = false;
   bool castsShadow = true;
+  std::uint16_t group = 0;  ///< see SceneSnapshot::groups; 0 unless opaque
   scene::WrapMode wrapS = scene::WrapMode::clamp;
   scene::WrapMode wrapT = scene::WrapMode::clamp;
   std::shared_ptr<const graphics::Image> image;  ///< null for a single color

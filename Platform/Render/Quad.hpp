@@ -2,10 +2,12 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <memory>
 #include <optional>
 
 #include "Platform/Graphics/Image.hpp"
+#include "Platform/Graphics/Sheet.hpp"
 
 namespace orivanta::render {
 
@@ -16,14 +18,16 @@ struct QuadVertex {
   std::array<float, 2> turn{1, 0};  ///< cosine and sine of the clockwise rotation about the center
   float cornerRadius = 0;
   std::array<float, 4> color{1, 1, 1, 1};  ///< sRGB values, premultiplied by the alpha
+  std::array<float, 4> texels{};           ///< left and upper edge, width and height in the sheet
 };
 
-/// Filled with a color, an image or a rendered 3D scene; the latter two are multiplied by the
-/// color.
+/// Filled with a color, an image, an image of a sheet or a rendered 3D scene; all but the first are
+/// multiplied by the color.
 struct Quad {
   QuadVertex vertex;
   std::shared_ptr<const graphics::Image> image;
-  std::optional<std::size_t> scene;  ///< index in the frame's scenes
+  std::optional<std::size_t> scene = std::nullopt;  ///< index in the frame's scenes
+  std::shared_ptr<graphics::Sheet> sheet = nullptr;
 };
 
 }  // namespace orivanta::render

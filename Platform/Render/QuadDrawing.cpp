@@ -7,6 +7,8 @@ namespace orivanta::render {
 
 namespace {
 
+constexpr GLuint attributes = 6;
+
 // Corners extend one pixel beyond the edges, for pixels that are partly covered.
 constexpr std::string_view vertexSource = R"(
 layout(location = 0) in vec2 center;
@@ -14,17 +16,20 @@ layout(location = 1) in vec2 halfSize;
 layout(location = 2) in vec2 turn;
 layout(location = 3) in float cornerRadius;
 layout(location = 4) in vec4 color;
+layout(location = 5) in vec4 texels;
 uniform vec2 pictureSize;
 out vec2 point;  // pixels from the center, along the rectangle's axes
 flat out vec2 reach;
 flat out float radius;
 flat out vec4 tint;
+flat out vec4 area;
 
 void main() {
   point = (vec2(gl_VertexID & 1, gl_VertexID >> 1) * 2.0 - 1.0) * (halfSize + 1.0);
   reach = halfSize;
   radius = cornerRadius;
   tint = color;
+  area = texels;
   vec2 pixel = center + vec2(turn.x * point.x - turn.y * point.y, turn.y * point.x + turn.x * point.y);
   gl_Position = vec4(2.0 * pixel.x / pictureSize.x - 1.0, 1.0 - 2.0 * pixel.y / pictureSize.y, 0.0, 1.0);
 }
@@ -35,6 +40,7 @@ in vec2 point;
 flat in vec2 reach;
 flat in float radius;
 flat in vec4 tint;
+flat in vec4 area;
 uniform sampler2D contents;
 out vec4 color;
 
@@ -45,6 +51,10 @@ void main() {
   color = tint * clamp(0.5 - distance, 0.0, 1.0);
 #if defined(IMAGE)
   color *= texture(contents, point / (2.0 * reach) + 0.5);
+#elif defined(SHEET)
+  // Limited to the centers of the outer texels, as if the image had a texture of its own.
+  vec2 texel = clamp((point / (2.0 * reach) + 0.5) * area.zw, vec2(0.5), area.zw - 0.5);
+  color *= texture(contents, (area.xy + texel) / vec2(textureSize(contents, 0)));
 #elif defined(SCENE)
   color *= texture(contents, vec2(0.5, -0.5) * point / reach + 0.5);
 #endif
@@ -52,7 +62,7 @@ void main() {
 )";
 
 bool haveSameContents(const Quad& a, const Quad& b) {
-  return a.image == b.image && a.scene == b.scene;
+  return a.image == b.image && a.sheet == b.sheet && a.scene == b.scene;
 }
 
 bool shrinks(const Quad& quad) {
@@ -68,10 +78,15 @@ QuadDrawing::Variant::Variant(std::string_view definitions)
   program.setSampler("contents", 0);
 }
 
-QuadDrawing::QuadDrawing(ImageTextures& images)
-    : images_(images), plain_(""), withImage_("#define IMAGE\n"), withScene_("#define SCENE\n") {
+QuadDrawing::QuadDrawing(ImageTextures& images, const SheetTextures& sheets)
+    : images_(images),
+      sheets_(sheets),
+      plain_(""),
+      withImage_("#define IMAGE\n"),
+      withSheet_("#define SHEET\n"),
+      withScene_("#define SCENE\n") {
   glBindVertexArray(vertexArray_.get());
-  for (GLuint attribute = 0; attribute < 5; ++attribute) {
+  for (GLuint attribute = 0; attribute < attributes; ++attribute) {
     glEnableVertexAttribArray(attribute);
     glVertexAttribDivisor(attribute, 1);
   }
@@ -112,6 +127,7 @@ void QuadDrawing::draw(std::span<const Quad> quads, std::span<const SceneTarget>
 
 const QuadDrawing::Variant& QuadDrawing::variantFor(const Quad& quad) const {
   if (quad.scene) return withScene_;
+  if (quad.sheet) return withSheet_;
   return quad.image ? withImage_ : plain_;
 }
 
@@ -119,6 +135,8 @@ void QuadDrawing::bindContents(const Quad& quad, std::span<const SceneTarget> sc
                                FrameStatistics& statistics) {
   if (quad.scene)
     glBindTexture(GL_TEXTURE_2D, scenes[*quad.scene].texture());
+  else if (quad.sheet)
+    sheets_.bind(*quad.sheet);
   else if (quad.image)
     images_.bind(quad.image, TexelSpace::encoded, shrinks(quad), statistics);
 }
@@ -133,6 +151,7 @@ void QuadDrawing::pointAttributesAt(std::size_t firstQuad) {
   point(2, 2, offsetof(QuadVertex, turn));
   point(3, 1, offsetof(QuadVertex, cornerRadius));
   point(4, 4, offsetof(QuadVertex, color));
+  point(5, 4, offsetof(QuadVertex, texels));
 }
 
 }  // namespace orivanta::render

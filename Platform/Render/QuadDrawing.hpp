@@ -10,6 +10,7 @@
 #include "Platform/Render/Program.hpp"
 #include "Platform/Render/Quad.hpp"
 #include "Platform/Render/SceneTarget.hpp"
+#include "Platform/Render/SheetTextures.hpp"
 
 namespace orivanta::render {
 
@@ -17,10 +18,10 @@ namespace orivanta::render {
 /// Colors are blended as sRGB values.
 class QuadDrawing {
  public:
-  explicit QuadDrawing(ImageTextures& images);
+  QuadDrawing(ImageTextures& images, const SheetTextures& sheets);
 
   /// Draws to the lower left `width` by `height` pixels of the bound framebuffer. The scenes must
-  /// be finished.
+  /// be finished, and the sheets uploaded.
   void draw(std::span<const Quad> quads, std::span<const SceneTarget> scenes, GLsizei width,
             GLsizei height, FrameStatistics& statistics);
 
@@ -37,8 +38,10 @@ class QuadDrawing {
   static void pointAttributesAt(std::size_t firstQuad);
 
   ImageTextures& images_;
+  const SheetTextures& sheets_;
   Variant plain_;
   Variant withImage_;
+  Variant withSheet_;
   Variant withScene_;
   gl::VertexArray vertexArray_;
   gl::Buffer buffer_;

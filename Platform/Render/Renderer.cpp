@@ -15,6 +15,7 @@
 #include "Platform/Render/CanvasPainter.hpp"
 #include "Platform/Render/QuadDrawing.hpp"
 #include "Platform/Render/SceneRenderer.hpp"
+#include "Platform/Render/SheetTextures.hpp"
 
 namespace orivanta::render {
 
@@ -72,7 +73,8 @@ struct Renderer::Resources {
   SceneGatherer gatherer;
   ImageTextures images;
   SceneRenderer scenes{images};
-  QuadDrawing quads{images};
+  SheetTextures sheets;
+  QuadDrawing quads{images, sheets};
   std::vector<SceneTarget> targets;  ///< one per scene of a frame
   std::vector<SceneSnapshot> shown;  ///< the contents of each target
   FrameStatistics statistics;
@@ -97,13 +99,14 @@ void Renderer::render(view::View& view, graphics::Size size, double scale, doubl
     const graphics::Transaction transaction;
     view.frameBegins();
     view.layoutIfNeeded();
-    CanvasPainter painter(resources.gatherer, scale, time);
+    CanvasPainter painter(resources.gatherer, resources.sheets, scale, time);
     painter.paint(view);
     view.frameGathered();
     quads = std::move(painter.quads);
     scenes = std::move(painter.scenes);
   }
   setBasicState();
+  resources.sheets.upload(resources.statistics);
   resources.drawScenes(scenes);
 
   const GLsizei width = pixelsOf(size.width, scale, resources.largestSide);
@@ -117,6 +120,7 @@ void Renderer::render(view::View& view, graphics::Size size, double scale, doubl
   glDisable(GL_SCISSOR_TEST);
   glBindVertexArray(0);  // so that other code does not change the attributes of our vertex array
   resources.images.collect();
+  resources.sheets.collect();
   resources.scenes.collect();
   resources.gatherer.collect();
   reportErrors();

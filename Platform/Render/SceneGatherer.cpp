@@ -1,7 +1,11 @@
 #include "Platform/Render/SceneGatherer.hpp"
 
+#include <cmath>
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <span>
+#include <utility>
 
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Camera.hpp"
@@ -41,58 +45,102 @@ class SceneGatherer::Walk {
   Walk(SceneGatherer& gatherer, SceneSnapshot& snapshot, double time)
       : gatherer_(gatherer), snapshot_(snapshot), time_(time) {}
 
-  void visit(const scene::Node& node, const graphics::Matrix4& parentWorld) {
+  // How translucent a node is, and with which others it is blended.
+  struct Fading {
+    float opacity = 1.0F;
+    std::uint16_t group = 0;
+  };
+
+  void visit(const scene::Node& node, const graphics::Matrix4& parentWorld,
+             const Fading& parentFading) {
     if (node.isHidden()) return;
+    const Fading fading = fadingOf(node, parentFading);
+    if (fading.opacity <= 0) return;
     const graphics::Matrix4 world = parentWorld * node.transform();
-    addLight(node, world);
-    if (const auto geometry = node.geometry()) addLoose(node, geometry, world);
-    visitChildren(node, world);
+    addAttached(node, world, fading);
+    if (const auto geometry = node.geometry()) addLoose(node, geometry, world, fading);
+    visitChildren(node, world, fading);
   }
 
  private:
-  void addLight(const scene::Node& node, const graphics::Matrix4& world) {
+  Fading fadingOf(const scene::Node& node, const Fading& parent) {
+    constexpr std::size_t mostGroups = std::numeric_limits<std::uint16_t>::max();
+    const float opacity = node.opacity();
+    if (!(opacity < 1)) return parent;
+    const Fading fading{parent.opacity * opacity, parent.group};
+    if (fading.opacity <= 0 || snapshot_.groups.size() == mostGroups) return fading;
+    const auto next = static_cast<std::uint16_t>(snapshot_.groups.size() + 1);
+    const auto [found, isNew] = groups_.try_emplace(&node, next);
+    if (isNew) snapshot_.groups.push_back(fading.opacity);
+    return {fading.opacity, found->second};
+  }
+
+  void addAttached(const scene::Node& node, const graphics::Matrix4& world, const Fading& fading) {
     if (const auto light = node.light()) snapshot_.lights.push_back({*light, world});
+    if (auto ribbons = node.ribbons())
+      snapshot_.ribbons.push_back({std::move(ribbons), node.ribbonLook(), world, fading.group});
+  }
+
+  PartLook lookIn(const Fading& fading, const scene::Node& node, const scene::Geometry& geometry,
+                  std::size_t element) const {
+    PartLook look = lookOf(node, geometry, element, time_);
+    if (fading.opacity >= 1) return look;
+    look.castsShadow = false;
+    if (fading.opacity <= 0) look.visible = false;
+    if (look.translucent)
+      look.color[3] = static_cast<std::uint8_t>(std::lround(look.color[3] * fading.opacity));
+    else
+      look.group = fading.group;
+    return look;
   }
 
   void addLoose(const scene::Node& node, const std::shared_ptr<const scene::Geometry>& geometry,
-                const graphics::Matrix4& world) {
+                const graphics::Matrix4& world, const Fading& fading) {
     for (std::size_t element = 0; element < geometry->elements().size(); ++element)
       snapshot_.loose.push_back(
-          {geometry, element, world, lookOf(node, *geometry, element, time_)});
+          {geometry, element, world, lookIn(fading, node, *geometry, element)});
   }
 
-  void visitChildren(const scene::Node& node, const graphics::Matrix4& world) {
+  void visitChildren(const scene::Node& node, const graphics::Matrix4& world,
+                     const Fading& fading) {
     const Nodes& children = node.children(transaction_);
     if (children.empty()) return;
     const auto batch = gatherer_.batchOf(node, children);
     std::size_t next = 0;
     const auto merged = batch ? batch->children() : std::span<const scene::Batch::Child>();
-    if (batch) addBatch(batch, world);
+    if (batch) addBatch(batch, world, fading);
     for (const auto& child : children) {
       if (next == merged.size() || merged[next].node != child) {
-        visit(*child, world);
+        visit(*child, world, fading);
         continue;
       }
       ++next;
-      if (!child->isHidden()) addLight(*child, world * child->transform());
+      if (child->isHidden()) continue;
+      const Fading own = fadingOf(*child, fading);
+      if (own.opacity > 0) addAttached(*child, world * child->transform(), own);
     }
   }
 
-  void addBatch(const std::shared_ptr<const scene::Batch>& batch, const graphics::Matrix4& world) {
-    BatchInScene& added = snapshot_.batches.emplace_back(BatchInScene{batch, world, {}});
-    added.looks.reserve(batch->parts().size());
+  void addBatch(const std::shared_ptr<const scene::Batch>& batch, const graphics::Matrix4& world,
+                const Fading& fading) {
+    std::vector<PartLook> looks;
+    looks.reserve(batch->parts().size());
     for (const auto& part : batch->parts())
-      added.looks.push_back(lookOf(*part.node, *part.geometry, part.element, time_));
+      looks.push_back(
+          lookIn(fadingOf(*part.node, fading), *part.node, *part.geometry, part.element));
+    snapshot_.batches.push_back({batch, world, std::move(looks)});
   }
 
   SceneGatherer& gatherer_;
   SceneSnapshot& snapshot_;
   double time_;
+  std::unordered_map<const scene::Node*, std::uint16_t> groups_;
   graphics::Transaction transaction_;
 };
 
-SceneSnapshot SceneGatherer::gather(const view::SceneView& view, double time) {
+SceneSnapshot SceneGatherer::gather(const view::SceneView& view, double time, double scale) {
   SceneSnapshot snapshot;
+  snapshot.scale = scale;
   // A translucent background is drawn by the view, below the scene.
   if (const auto color = view.backgroundColor(); color && color->alpha >= 1)
     snapshot.background = *color;
@@ -101,7 +149,7 @@ SceneSnapshot SceneGatherer::gather(const view::SceneView& view, double time) {
   snapshot.scene = view.scene();
   snapshot.view = viewpoint->viewMatrix();
   snapshot.projection = viewpoint->projectionMatrix();
-  Walk(*this, snapshot, time).visit(*snapshot.scene->rootNode(), graphics::Matrix4(1.0F));
+  Walk(*this, snapshot, time).visit(*snapshot.scene->rootNode(), graphics::Matrix4(1.0F), {});
   return snapshot;
 }
 

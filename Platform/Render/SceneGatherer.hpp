@@ -11,8 +11,8 @@ namespace orivanta::render {
 /// prepared is made here and kept as long as the node exists.
 class SceneGatherer {
  public:
-  /// Runs in a transaction, so changes on other threads wait.
-  SceneSnapshot gather(const view::SceneView& view, double time);
+  /// Runs in a transaction, so changes on other threads wait. `scale`: pixels per point.
+  SceneSnapshot gather(const view::SceneView& view, double time, double scale);
 
   /// Deletes the batches of nodes that no longer exist.
   void collect();

@@ -7,36 +7,42 @@
 #include <tuple>
 #include <utility>
 
+#include "Platform/Render/DepthLayer.hpp"
 #include "Platform/Render/Projection.hpp"
 
 namespace orivanta::render {
 
 namespace {
 
-bool isOpaqueColor(const PartLook& look) {
-  return look.visible && !look.translucent && !look.image;
+bool isOpaque(const PartLook& look, std::uint16_t group) {
+  return look.visible && !look.translucent && look.group == group;
 }
-bool isOpaqueImage(const PartLook& look) { return look.visible && !look.translucent && look.image; }
 
 auto imageKey(const PartLook& look) { return std::tuple(look.image.get(), look.wrapS, look.wrapT); }
 
 }  // namespace
 
-ScenePass::ScenePass(const SceneSight& sight, std::span<const SceneMesh> meshes,
-                     MeshShaders& shaders, ImageTextures& images, FrameStatistics& statistics)
+ScenePass::ScenePass(const SceneSight& sight, const SceneContents& contents,
+                     const SceneTools& tools)
     : view_(sight.view),
       projection_(sight.projection),
       lighting_(sight.lighting),
       shadows_(sight.shadows),
-      meshes_(meshes),
-      shaders_(shaders),
-      images_(images),
-      statistics_(statistics) {
+      contents_(contents),
+      meshes_(contents.meshes),
+      shaders_(tools.shaders),
+      images_(tools.images),
+      statistics_(tools.statistics) {
   for (const SceneMesh& mesh : meshes_) {
     const graphics::Matrix4 meshToView = view_ * mesh.world;
     sights_.push_back({Frustum(projection_ * meshToView), glm::inverse(meshToView)[3].z});
   }
   tightenDepth();
+  if (!contents.ribbons.empty())
+    ribbons_.emplace(
+        RibbonSight{view_, projection_, static_cast<float>(sight.width),
+                    static_cast<float>(sight.height), sight.pixelsPerPoint, sight.highestLayer + 1},
+        contents.ribbons, tools.ribbonShaders, statistics_);
 }
 
 // The camera's near and far planes often enclose much more than the scene. Moving them closer
@@ -44,6 +50,8 @@ ScenePass::ScenePass(const SceneSight& sight, std::span<const SceneMesh> meshes,
 void ScenePass::tightenDepth() {
   graphics::Box box;  // in the camera's space
   for (const SceneMesh& mesh : meshes_) box.add(transformed(mesh.box(), view_ * mesh.world));
+  for (const SceneRibbons& ribbons : contents_.ribbons)
+    box.add(transformed(ribbons.mesh->box(), view_ * ribbons.seen->world));
   if (box.isEmpty()) return;
   const float near = std::max(nearPlane(projection_), -box.max.z * 0.99F);
   const float far = std::min(farPlane(projection_), -box.min.z * 1.01F);
@@ -57,12 +65,40 @@ void ScenePass::draw() {
   glEnable(GL_DEPTH_TEST);
   glDepthFunc(GL_LEQUAL);
   glDisable(GL_BLEND);
-  drawOpaqueColors();
-  drawOpaqueImages();
+  drawOpaque(0);
+  drawRibbons(0, 1.0F);
+  std::uint16_t group = 0;
+  for (const float opacity : contents_.groups) drawGroup(++group, opacity);
   drawTranslucent();
   glBindSampler(meshUnits::image, 0);
   glDisable(GL_CULL_FACE);
   glDisable(GL_POLYGON_OFFSET_FILL);
+}
+
+// Draws depth alone first, so that only what is in front is blended.
+void ScenePass::drawGroup(std::uint16_t group, float opacity) {
+  glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
+  drawOpaque(group);
+  if (ribbons_) ribbons_->drawDepth(group);
+  program_ = nullptr;
+  glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+  glEnable(GL_BLEND);
+  glBlendColor(0, 0, 0, opacity);
+  glBlendFunc(GL_CONSTANT_ALPHA, GL_ONE_MINUS_CONSTANT_ALPHA);
+  drawOpaque(group);
+  glDisable(GL_BLEND);
+  drawRibbons(group, opacity);
+}
+
+void ScenePass::drawRibbons(std::uint16_t group, float opacity) {
+  if (!ribbons_) return;
+  ribbons_->draw(group, opacity);
+  program_ = nullptr;
+}
+
+void ScenePass::drawOpaque(std::uint16_t group) {
+  drawOpaqueColors(group);
+  drawOpaqueImages(group);
 }
 
 const ScenePass::MeshSight& ScenePass::sightOf(const SceneMesh& mesh) const {
@@ -81,19 +117,21 @@ bool ScenePass::seesFrontAlone(const SceneMesh& mesh, std::size_t part) const {
          sight.frustum.isBeyondNear(seen.box);
 }
 
-void ScenePass::drawOpaqueColors() {
+void ScenePass::drawOpaqueColors(std::uint16_t group) {
   for (const SceneMesh& mesh : meshes_) {
     const auto parts = mesh.parts();
     for (std::size_t first = 0, end = 0; first < parts.size(); first = end) {
       while (end < parts.size() && parts[end].layer == parts[first].layer) ++end;
-      drawLayer(mesh, first, end);
+      drawLayer(mesh, first, end, group);
     }
   }
 }
 
-void ScenePass::drawLayer(const SceneMesh& mesh, std::size_t first, std::size_t end) {
+void ScenePass::drawLayer(const SceneMesh& mesh, std::size_t first, std::size_t end,
+                          std::uint16_t group) {
   const auto choose = [&](std::size_t i) {
-    if (!isOpaqueColor(mesh.looks[first + i])) return Choice::leave;
+    const PartLook& look = mesh.looks[first + i];
+    if (!isOpaque(look, group) || look.image) return Choice::leave;
     return sees(mesh, first + i) ? Choice::draw : Choice::allow;
   };
   const auto [fronts, bothSides] =
@@ -112,7 +150,10 @@ void ScenePass::drawColors(const SceneMesh& mesh, std::span<const Run> runs, boo
 }
 
 // Adjacent parts of a mesh with the same image share a draw call.
-void ScenePass::drawOpaqueImages() {
+void ScenePass::drawOpaqueImages(std::uint16_t group) {
+  const auto isOpaqueImage = [group](const PartLook& look) {
+    return isOpaque(look, group) && look.image;
+  };
   for (const SceneMesh& mesh : meshes_) {
     std::size_t part = 0;
     const std::size_t count = mesh.looks.size();
@@ -196,20 +237,8 @@ void ScenePass::setSceneUniforms() const {
   program.set(program_->shadowTexel, shadows_->texel());
 }
 
-// Moves each layer closer to the camera than the one below. The constant offset covers rounding of
-// depth values in a plane. The offset by slope covers the rounding of corners to fractions of a
-// pixel.
 void ScenePass::setLayer(const SceneMesh& mesh, std::size_t part) {
-  constexpr float shareOfSlope = 1.0F / 64;
-  constexpr float leastSteps = 8;
-  const int layer = mesh.raised + mesh.parts()[part].layer;
-  if (layer == 0) {
-    glDisable(GL_POLYGON_OFFSET_FILL);
-    return;
-  }
-  const auto height = static_cast<float>(layer);
-  glEnable(GL_POLYGON_OFFSET_FILL);
-  glPolygonOffset(-shareOfSlope * height, -leastSteps * height);
+  setDepthLayer(mesh.raised + mesh.parts()[part].layer);
 }
 
 void ScenePass::bindMesh(const SceneMesh& mesh) {

@@ -18,8 +18,10 @@ void clear(const graphics::Color& background) {
   glDepthMask(GL_TRUE);
   const float alpha = background.alpha;
   glClearColor(background.red * alpha, background.green * alpha, background.blue * alpha, alpha);
+  glStencilMask(~0U);
   glClearDepthf(1.0F);
-  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  glClearStencil(0);
+  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
 }
 
 std::vector<MeshPart> partsOf(const scene::Batch& batch) {
@@ -28,6 +30,14 @@ std::vector<MeshPart> partsOf(const scene::Batch& batch) {
   for (const auto& part : batch.parts())
     parts.push_back({part.firstIndex, part.indexCount, part.box, part.isShell, part.layer});
   return parts;
+}
+
+int highestLayerOf(std::span<const BatchInScene> batches) {
+  int highest = 0;
+  for (const BatchInScene& batch : batches)
+    if (!batch.batch->parts().empty())
+      highest = std::max(highest, int{batch.batch->parts().back().layer});
+  return highest;
 }
 
 // The scene units that a pixel covers at the point of the meshes nearest to the camera.
@@ -68,8 +78,10 @@ void SceneRenderer::render(const SceneSnapshot& snapshot, const SceneTarget& tar
   }
   target.begin();
   clear(snapshot.background);
-  ScenePass({snapshot.view, snapshot.projection, lighting, shadows}, meshes, shaders_, images_,
-            statistics)
+  const std::vector<SceneRibbons> ribbons = updateRibbons(snapshot, statistics);
+  ScenePass({snapshot.view, snapshot.projection, lighting, shadows, target.width(), target.height(),
+             static_cast<float>(snapshot.scale), highestLayerOf(snapshot.batches)},
+            {meshes, ribbons, snapshot.groups}, {shaders_, ribbonShaders_, images_, statistics})
       .draw();
   target.finish();
 }
@@ -87,13 +99,9 @@ std::vector<SceneMesh> SceneRenderer::updateMeshes(SceneState& state, const Scen
   const float tolerance =
       invisibleTolerance(snapshot.loose, snapshot.view, snapshot.projection, height);
   state.loose.update(snapshot.loose, tolerance, statistics);
-  int highestLayer = 0;
-  for (const BatchInScene& batch : snapshot.batches)
-    if (!batch.batch->parts().empty())
-      highestLayer = std::max(highestLayer, int{batch.batch->parts().back().layer});
   if (!state.loose.isEmpty())
-    meshes.push_back(
-        {&state.loose.mesh(), state.loose.looks(), graphics::Matrix4(1.0F), highestLayer});
+    meshes.push_back({&state.loose.mesh(), state.loose.looks(), graphics::Matrix4(1.0F),
+                      highestLayerOf(snapshot.batches)});
   for (const BatchInScene& batch : snapshot.batches)
     meshes.push_back({&meshOf(batch, statistics), batch.looks, batch.world});
   return meshes;
@@ -110,7 +118,22 @@ const Mesh& SceneRenderer::meshOf(const BatchInScene& inScene, FrameStatistics& 
   return entry.mesh;
 }
 
+std::vector<SceneRibbons> SceneRenderer::updateRibbons(const SceneSnapshot& snapshot,
+                                                       FrameStatistics& statistics) {
+  std::vector<SceneRibbons> ribbons;
+  for (const RibbonsInScene& seen : snapshot.ribbons) {
+    KeptRibbons& entry = ribbons_[seen.ribbons.get()];
+    if (entry.ribbons.expired()) {
+      entry.ribbons = seen.ribbons;
+      entry.mesh = std::make_unique<RibbonMesh>(*seen.ribbons, statistics);
+    }
+    ribbons.push_back({entry.mesh.get(), &seen});
+  }
+  return ribbons;
+}
+
 void SceneRenderer::collect() {
+  removeOrphans(ribbons_, &KeptRibbons::ribbons);
   removeOrphans(batches_, &BatchMesh::batch);
   removeOrphans(scenes_, &SceneState::scene);
 }

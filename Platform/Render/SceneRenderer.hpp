@@ -10,6 +10,7 @@
 #include "Platform/Render/ImageTextures.hpp"
 #include "Platform/Render/LooseMesh.hpp"
 #include "Platform/Render/MeshShaders.hpp"
+#include "Platform/Render/RibbonPass.hpp"
 #include "Platform/Render/SceneMesh.hpp"
 #include "Platform/Render/SceneSnapshot.hpp"
 #include "Platform/Render/SceneTarget.hpp"
@@ -25,13 +26,18 @@ class SceneRenderer {
   void render(const SceneSnapshot& snapshot, const SceneTarget& target,
               FrameStatistics& statistics);
 
-  /// Deletes the data of batches and scenes that no longer exist.
+  /// Deletes the data of batches, ribbons and scenes that no longer exist.
   void collect();
 
  private:
   struct BatchMesh {
     std::weak_ptr<const scene::Batch> batch;
     Mesh mesh;
+  };
+
+  struct KeptRibbons {
+    std::weak_ptr<const scene::Ribbons> ribbons;
+    std::unique_ptr<RibbonMesh> mesh;
   };
 
   /// The data kept for one scene.
@@ -44,11 +50,15 @@ class SceneRenderer {
   const Mesh& meshOf(const BatchInScene& batch, FrameStatistics& statistics);
   std::vector<SceneMesh> updateMeshes(SceneState& state, const SceneSnapshot& snapshot, int height,
                                       FrameStatistics& statistics);
+  std::vector<SceneRibbons> updateRibbons(const SceneSnapshot& snapshot,
+                                          FrameStatistics& statistics);
   SceneState& stateOf(const std::shared_ptr<const scene::Scene>& scene);
 
   ImageTextures& images_;
   MeshShaders shaders_;
+  RibbonShaders ribbonShaders_;
   std::unordered_map<const scene::Batch*, BatchMesh> batches_;
+  std::unordered_map<const scene::Ribbons*, KeptRibbons> ribbons_;
   std::unordered_map<const scene::Scene*, SceneState> scenes_;
 };
 

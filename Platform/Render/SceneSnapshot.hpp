@@ -1,6 +1,7 @@
 // A copy of what a frame shows of a scene, so that the scene may change while it is drawn.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "Platform/Scene/Batch.hpp"
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Light.hpp"
+#include "Platform/Scene/Ribbons.hpp"
 #include "Platform/Scene/Scene.hpp"
 #include "Platform/View/Fwd.hpp"
 
@@ -34,6 +36,15 @@ struct LoosePart {
   friend bool operator==(const LoosePart&, const LoosePart&) = default;
 };
 
+struct RibbonsInScene {
+  std::shared_ptr<const scene::Ribbons> ribbons;
+  scene::RibbonLook look;
+  graphics::Matrix4 world;
+  std::uint16_t group = 0;  ///< see SceneSnapshot::groups
+
+  friend bool operator==(const RibbonsInScene&, const RibbonsInScene&) = default;
+};
+
 struct LightInScene {
   scene::Light light;
   graphics::Matrix4 world;  ///< of the node
@@ -49,6 +60,12 @@ struct SceneSnapshot {
   graphics::Color background = graphics::colors::clear;
   std::vector<BatchInScene> batches;
   std::vector<LoosePart> loose;
+  std::vector<RibbonsInScene> ribbons;
+
+  /// The opacities, below 1, of groups of opaque parts and ribbons that are blended as one. Group
+  /// 1 is the first. They are drawn in this order, after all that belongs to group 0.
+  std::vector<float> groups;
+  double scale = 1.0;                ///< pixels per point
   std::vector<LightInScene> lights;  ///< empty for a scene that is fully lit
 
   friend bool operator==(const SceneSnapshot&, const SceneSnapshot&) = default;

@@ -14,7 +14,7 @@ namespace {
 
 constexpr GLint wantedSamples = 4;
 constexpr GLenum colorFormat = GL_RGBA8;
-constexpr GLenum depthFormat = GL_DEPTH_COMPONENT24;
+constexpr GLenum depthFormat = GL_DEPTH24_STENCIL8;
 
 // The driver lists the sample counts of a format in descending order.
 GLint mostSamples(GLenum format) {
@@ -50,7 +50,7 @@ bool SceneTarget::makeDrawn() const {
     glFramebufferRenderbuffer(GL_FRAMEBUFFER, attachment, GL_RENDERBUFFER, buffer.get());
   };
   attach(color_, colorFormat, GL_COLOR_ATTACHMENT0);
-  attach(depth_, depthFormat, GL_DEPTH_ATTACHMENT);
+  attach(depth_, depthFormat, GL_DEPTH_STENCIL_ATTACHMENT);
   return isComplete();
 }
 
@@ -76,7 +76,7 @@ void SceneTarget::finish() const {
   glBindFramebuffer(GL_READ_FRAMEBUFFER, drawn_.get());
   glBindFramebuffer(GL_DRAW_FRAMEBUFFER, resolved_.get());
   glBlitFramebuffer(0, 0, width_, height_, 0, 0, width_, height_, GL_COLOR_BUFFER_BIT, GL_NEAREST);
-  constexpr std::array<GLenum, 2> done{GL_COLOR_ATTACHMENT0, GL_DEPTH_ATTACHMENT};
+  constexpr std::array<GLenum, 2> done{GL_COLOR_ATTACHMENT0, GL_DEPTH_STENCIL_ATTACHMENT};
   glInvalidateFramebuffer(GL_READ_FRAMEBUFFER, static_cast<GLsizei>(done.size()), done.data());
 }
 

@@ -1,4 +1,5 @@
-// The target of a 3D scene: a multisampled framebuffer and the resolved texture.
+// The target of a 3D scene: a multisampled framebuffer with depth and stencil, and the resolved
+// texture.
 #pragma once
 
 #include "Platform/Render/Gl.hpp"

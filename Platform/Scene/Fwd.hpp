@@ -11,6 +11,7 @@ class KeyframeAnimation;
 class Light;
 class Material;
 class Node;
+class Ribbons;
 class Scene;
 
 }  // namespace orivanta::scene

@@ -104,6 +104,20 @@ void Node::setDisplayColor(std::optional<graphics::Color> color) {
   swapGuarded(displayColor_, color);
 }
 
+float Node::opacity() const { return read(opacity_); }
+void Node::setOpacity(float opacity) {
+  opacity = std::clamp(opacity, 0.0F, 1.0F);
+  swapGuarded(opacity_, opacity);
+}
+
+std::shared_ptr<const Ribbons> Node::ribbons() const { return read(ribbons_); }
+RibbonLook Node::ribbonLook() const { return read(ribbonLook_); }
+void Node::setRibbons(std::shared_ptr<const Ribbons> ribbons, RibbonLook look) {
+  const Transaction transaction;
+  swapGuarded(ribbons_, ribbons);
+  swapGuarded(ribbonLook_, look);
+}
+
 std::vector<std::shared_ptr<ParticleSystem>> Node::particleSystems() const {
   return read(particleSystems_);
 }

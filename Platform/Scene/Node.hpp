@@ -15,6 +15,7 @@
 #include "Platform/Graphics/Vector.hpp"
 #include "Platform/Scene/Fwd.hpp"
 #include "Platform/Scene/ParticleSystem.hpp"
+#include "Platform/Scene/Ribbons.hpp"
 
 namespace orivanta::scene {
 
@@ -68,6 +69,21 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
 
   /// Sets or removes the color. The opacities of the materials still apply.
   void setDisplayColor(std::optional<graphics::Color> color);
+
+  /// Returns the opacity of the node with all descendants, 1 until set. They are blended as one
+  /// with what is behind them: opaque parts of the node do not show through each other, except
+  /// those of a descendant that has an opacity of its own, which is multiplied by this one. Lights,
+  /// shadows and hit tests ignore the opacity, but parts with an opacity below 1 cast no shadow.
+  float opacity() const;
+  void setOpacity(float opacity);  ///< clamped to 0 (nothing is drawn) to 1
+
+  /// Returns the lines drawn in the node's space, or null if there are none. They are not part of
+  /// `boundingBox`, cast no shadow and are ignored by hit tests.
+  std::shared_ptr<const Ribbons> ribbons() const;
+  RibbonLook ribbonLook() const;  ///< as last set
+
+  /// Replaces the lines and their look. Null removes the lines.
+  void setRibbons(std::shared_ptr<const Ribbons> ribbons, RibbonLook look);
 
   std::vector<std::shared_ptr<ParticleSystem>> particleSystems() const;  ///< in the order of adding
   void addParticleSystem(std::shared_ptr<ParticleSystem> system);        ///< at the end of the list
@@ -127,12 +143,15 @@ class ORIVANTA_API Node : public std::enable_shared_from_this<Node> {
   std::shared_ptr<Camera> camera_;
   std::shared_ptr<Light> light_;
   std::shared_ptr<const Batch> preparedBatch_;
+  std::shared_ptr<const Ribbons> ribbons_;
+  RibbonLook ribbonLook_;
   std::vector<std::shared_ptr<ParticleSystem>> particleSystems_;
   std::vector<std::shared_ptr<Node>> children_;
   Node* parent_ = nullptr;
   std::optional<graphics::Color> displayColor_;
   bool castsShadow_ = true;
   bool hidden_ = false;
+  float opacity_ = 1.0F;
 };
 
 }  // namespace orivanta::scene

@@ -2,13 +2,25 @@
 // Public header.
 #pragma once
 
+#include <memory>
+#include <span>
+
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Image.hpp"
+#include "Platform/Graphics/Sheet.hpp"
 #include "Platform/View/Fwd.hpp"
 
 namespace orivanta::view {
+
+/// An image of a sheet, and how it is drawn.
+struct SheetPiece {
+  graphics::SheetPlace place;  ///< of the image in the sheet
+  graphics::Rect rect;         ///< to which the image is stretched, in points of the view
+  double alpha = 1.0;          ///< 0 to 1
+  double turn = 0.0;           ///< clockwise about the center of `rect`, in radians
+};
 
 /// A canvas for one frame. Coordinates are points of the view that draws, with the origin in its
 /// upper left corner and y downwards. The canvas multiplies every alpha by the alpha of the view
@@ -35,6 +47,13 @@ class ORIVANTA_API Canvas {
   /// Draws the view's 3D scene in front of the view's background if that is opaque, and the overlay
   /// scene in front of both. Where nothing is drawn, earlier drawing remains visible.
   virtual void draw(SceneView& view, const graphics::Rect& rect) = 0;
+
+  /// Draws images of a sheet, in their order. Images that are no longer in the sheet are left out.
+  /// The renderer's canvas draws all pieces with one draw call. It leaves out images that are not
+  /// uploaded yet, see `graphics::Sheet::uploadBudget`, and requests another frame. The default
+  /// implementation draws each piece as a separate image. Does nothing if `sheet` is null.
+  virtual void draw(const std::shared_ptr<graphics::Sheet>& sheet,
+                    std::span<const SheetPiece> pieces);
 };
 
 }  // namespace orivanta::view

@@ -68,6 +68,17 @@ std::size_t mistakesAllowed(std::size_t letters) {
   return letters < 8 ? 1 : 2;
 }
 
+// Returns the search form of the word that people spell like this on a keyboard without umlauts.
+std::string withUmlauts(std::string_view form) {
+  std::string result;
+  for (const char letter : form) {
+    const bool follows =
+        !result.empty() && (result.back() == 'a' || result.back() == 'o' || result.back() == 'u');
+    if (letter != 'e' || !follows) result += letter;
+  }
+  return result;
+}
+
 bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
 // Removes the digits at the beginning of a text and returns them without leading zeros.
@@ -81,9 +92,18 @@ std::string_view takeNumber(std::string_view& text) {
 
 }  // namespace
 
-TypedText::TypedText(std::string_view text) : form_(searchForm(text)) {
-  for (const std::string_view word : wordsOf(form_))
-    words_.push_back({std::string(word), codePoints(word)});
+TypedText::TypedText(std::string_view text) {
+  const std::string form = searchForm(text);
+  spellings_.push_back(spellingOf(form));
+  if (std::string umlauts = withUmlauts(form); umlauts != form)
+    spellings_.push_back(spellingOf(std::move(umlauts)));
+}
+
+TypedText::Spelling TypedText::spellingOf(std::string form) {
+  Spelling spelling{std::move(form), {}};
+  for (const std::string_view word : wordsOf(spelling.form))
+    spelling.words.push_back({std::string(word), codePoints(word)});
+  return spelling;
 }
 
 NameMatch TypedText::matchWord(std::string_view name, const std::vector<std::string_view>& words,
@@ -101,15 +121,26 @@ NameMatch TypedText::matchWord(std::string_view name, const std::vector<std::str
   return isNear ? NameMatch::near : NameMatch::none;
 }
 
-NameMatch TypedText::match(std::string_view name) const {
-  if (name.starts_with(form_)) return NameMatch::beginning;
-  const auto words = wordsOf(name);
+NameMatch TypedText::matchSpelling(std::string_view name,
+                                   const std::vector<std::string_view>& words,
+                                   const Spelling& typed) {
+  if (name.starts_with(typed.form)) return NameMatch::beginning;
   NameMatch worst = NameMatch::word;
-  for (const Word& typed : words_) {
-    worst = std::max(worst, matchWord(name, words, typed));
+  for (const Word& word : typed.words) {
+    worst = std::max(worst, matchWord(name, words, word));
     if (worst == NameMatch::none) break;
   }
   return worst;
+}
+
+NameMatch TypedText::match(std::string_view name) const {
+  const auto words = wordsOf(name);
+  NameMatch best = NameMatch::none;
+  for (const Spelling& spelling : spellings_) {
+    if (best == NameMatch::beginning) break;
+    best = std::min(best, matchSpelling(name, words, spelling));
+  }
+  return best;
 }
 
 bool nameComesBefore(std::string_view left, std::string_view right) {

@@ -26,10 +26,10 @@ class ORIVANTA_API TypedText {
   explicit TypedText(std::string_view text);
 
   /// Returns whether the text has neither letters nor digits.
-  bool empty() const { return form_.empty(); }
+  bool empty() const { return spellings_.front().form.empty(); }
 
   /// Returns the match with a name in its search form (see `searchForm`). An empty text matches
-  /// every name with `beginning`.
+  /// every name with `beginning`. "ae", "oe" and "ue" match "ä", "ö" and "ü" as well.
   NameMatch match(std::string_view name) const;
 
  private:
@@ -37,11 +37,17 @@ class ORIVANTA_API TypedText {
     std::string text;
     std::vector<std::int32_t> letters;  // its code points
   };
+  struct Spelling {
+    std::string form;  // in its search form
+    std::vector<Word> words;
+  };
+  static Spelling spellingOf(std::string form);
   static NameMatch matchWord(std::string_view name, const std::vector<std::string_view>& words,
                              const Word& typed);
+  static NameMatch matchSpelling(std::string_view name, const std::vector<std::string_view>& words,
+                                 const Spelling& typed);
 
-  std::string form_;  // in its search form
-  std::vector<Word> words_;
+  std::vector<Spelling> spellings_;  // as typed, and with umlauts if it differs
 };
 
 /// Returns whether one name precedes another in a list, both in their search form. A run of digits

@@ -64,6 +64,36 @@ bool isPartOfWord(utf8proc_int32_t point) {
   }
 }
 
+// Appends a letter of the search form. Unicode does not decompose letters with strokes and most
+// ligatures.
+void appendPlain(std::string& text, utf8proc_int32_t point) {
+  switch (point) {
+    case 0x00E6:
+      text += "ae";
+      return;
+    case 0x0153:
+      text += "oe";
+      return;
+    case 0x00F8:
+      text += 'o';
+      return;
+    case 0x0111:
+      text += 'd';
+      return;
+    case 0x0131:
+      text += 'i';
+      return;
+    case 0x0142:
+      text += 'l';
+      return;
+    default:
+      constexpr utf8proc_int32_t firstHiragana = 0x3041;
+      constexpr utf8proc_int32_t lastHiragana = 0x3096;
+      constexpr utf8proc_int32_t toKatakana = 0x60;
+      append(text, point >= firstHiragana && point <= lastHiragana ? point + toKatakana : point);
+  }
+}
+
 // An apostrophe does not separate words: "Joe's" is found as "joes".
 bool isJoiner(utf8proc_int32_t point) {
   return point == '\'' || point == 0x2019 || point == 0x02BC;
@@ -96,7 +126,7 @@ std::string searchForm(std::string_view text) {
     }
     if (gap) form += ' ';
     gap = false;
-    append(form, point);
+    appendPlain(form, point);
   }
   return form;
 }

@@ -10,6 +10,7 @@
 
 #include "Source/UI/Labels/LabelAnchor.hpp"
 #include "Source/UI/Labels/PlaceLabel.hpp"
+#include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta::test {
 
@@ -26,6 +27,8 @@ class LabelScene {
     for (int i = 0; i < 2000; ++i) {
       PlaceLabel label;
       label.rank = ranks[random() % ranks.size()] + upTo(14);
+      const ZoomStep step = MapTheme::light()->zoomStep(label.rank);
+      label.scales = {step.iconFrom, step.nameFrom};
       const double width = 6 + 7 * (4 + upTo(14));
       label.names = {{width, 20}, {6 + width / 2, 34}, {12 + width / 3, 48}};
       const graphics::Point middle{(i % 50) * 8.0 + upTo(3), static_cast<int>(i / 50) * 7.0};

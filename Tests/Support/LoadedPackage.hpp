@@ -1,20 +1,20 @@
-// Loads venue packages from folders, without a server.
+// Packages from folders, with or without the models of their floors.
 #pragma once
 
 #include <filesystem>
 #include <memory>
+#include <utility>
 
 #include "Source/Loading/VenueLoad.hpp"
 #include "Source/Map.hpp"
-#include "Source/Orivanta.hpp"
 #include "Source/UI/AssetLoader.hpp"
 #include "Source/Venue.hpp"
 #include "Tests/Support/Venues.hpp"
 
 namespace orivanta::test {
 
-/// Returns the venue of a package, without models.
-inline std::shared_ptr<Venue> loadPackage(const std::filesystem::path& package) {
+/// Loads the records of a package. The active venue stays the same.
+inline std::shared_ptr<Venue> loadRecords(const std::filesystem::path& package) {
   const auto venue = Venue::make(*RawData::parse(contentsOf(package / "venue.json")));
   CollectionDictionary collections = readPackage(package);
   const auto fill = [&](auto contents) { return fillVenue(venue, std::move(contents)); };
@@ -28,7 +28,7 @@ inline std::shared_ptr<Venue> loadPackage(const std::filesystem::path& package) 
   return venue;
 }
 
-/// Reads the models of a package's floors that can be read.
+/// Reads those models of a package's floors that can be read.
 inline void loadModels(const Venue& venue, const std::filesystem::path& package) {
   for (const auto& map : *venue.maps) {
     const auto model = package / map->_data["scene"]["obj"].stringValue();
@@ -36,6 +36,13 @@ inline void loadModels(const Venue& venue, const std::filesystem::path& package)
     if (auto node = AssetLoader().readModel(foundation::Url::fromFile(model)))
       map->mapObject = *node;
   }
+}
+
+/// Loads the records and the models of a package. The active venue stays the same.
+inline std::shared_ptr<Venue> loadPackage(const std::filesystem::path& package) {
+  auto venue = loadRecords(package);
+  loadModels(*venue, package);
+  return venue;
 }
 
 }  // namespace orivanta::test

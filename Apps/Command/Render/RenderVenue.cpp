@@ -269,6 +269,8 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   Stage stage(size, options.scale);
   if (theme) stage.mapView()->setStyle(MapStyle::make(theme));
   attribute(stage, *venue, size, options, theme.get());
+  if (!options.legend.empty())
+    stage.mapView()->addSubview(std::make_shared<LegendView>(options.legend, options.scale));
   const auto floors = stage.load(venue, contents.floors);
   for (const Highlight& highlight : contents.highlights)
     for (const auto& polygon : highlight.location->polygons)

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Apps/Command/CommandError.hpp"
+#include "Apps/Command/Render/LegendView.hpp"
 #include "Apps/Command/Settings.hpp"
 
 namespace orivanta::command {
@@ -23,6 +24,7 @@ struct RenderVenueOptions {
   std::optional<double> zoom;           ///< factor
   std::string style = "plain";          ///< light, dark, plain or the file of a theme
   std::vector<std::string> highlights;  ///< PLACE=COLOR
+  std::vector<LegendEntry> legend;      ///< what the colors mean; shown if not empty
   std::vector<std::string> route;       ///< start and destination, or empty
   bool accessible = false;           ///< excludes connectors that are not accessible from the route
   std::vector<std::string> markers;  ///< places

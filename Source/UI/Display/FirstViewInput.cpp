@@ -6,10 +6,13 @@
 
 #include "Platform/Scene/Node.hpp"
 #include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/PlaceNames.hpp"
+#include "Source/Guidance/Scale.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/Polygon.hpp"
+#include "Source/UI/Display/Styled/ShapeAreas.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
 
@@ -22,16 +25,19 @@ struct Shape {
   double area = 0;
 };
 
+// The shapes of polygons, by their names.
 using Shapes = std::unordered_map<std::string, Shape>;
 
-Shapes shapesOf(const Map& map) {
+Shapes shapesOf(const Map& map, const Venue& venue) {
   Shapes shapes;
-  if (!map.mapObject) return shapes;
+  if (!map.mapObject || !venue.polygonDictionary) return shapes;
   for (const auto& child : map.mapObject->children()) {
+    const std::string name = child->name().value_or("");
     const auto geometry = child->geometry();
-    if (!geometry || !child->name()) continue;
-    const LabelArea top = topOf(*geometry);
-    if (!top.edges.empty()) shapes[*child->name()] = {top.bounds(), top.size};
+    if (!geometry || venue.polygonDictionary->find(name) == venue.polygonDictionary->end())
+      continue;
+    const LabelArea area = areaOf(*geometry);
+    if (!area.edges.empty()) shapes[name] = {area.bounds(), area.size};
   }
   return shapes;
 }
@@ -53,8 +59,7 @@ class Reading {
   Reading(const Venue& venue, const RoleOfPlace& roleOf) : venue_(venue), roleOf_(roleOf) {}
 
   FirstViewInput run() {
-    const double scale = venue_._data["unitsPerMetre"].doubleValue();
-    if (scale >= 1e-6 && scale <= 1e9) input_.unitsPerMeter = scale;
+    input_.unitsPerMeter = guidance::unitsPerMeterOf(venue_);
     if (!venue_.maps) return input_;
     for (const auto& map : *venue_.maps) addFloor(*map);
     if (venue_.locations)
@@ -70,7 +75,7 @@ class Reading {
   void addFloor(const Map& map) {
     indices_[&map] = input_.floors.size();
     input_.floors.push_back({map.elevation, 0, 0, {}});
-    shapes_.push_back(shapesOf(map));
+    shapes_.push_back(shapesOf(map, venue_));
     hasExtent_.push_back(false);
   }
 
@@ -104,7 +109,7 @@ class Reading {
     }
     if (!isPlaced && !placeAtNodes(location, map, place.position)) return;
     addExtent(floor, {place.position, {0, 0}});
-    const bool isGenerated = location._data["nameGenerated"].bool_().value_or(false);
+    const bool isGenerated = hasGeneratedName(location);
     place.weight = firstViewWeight(isGenerated, role == FirstViewRole::background, hasArea);
     input_.places.push_back(place);
   }
@@ -141,17 +146,6 @@ class Reading {
 };
 
 }  // namespace
-
-LabelArea topOf(const scene::Geometry& geometry) {
-  const scene::GeometrySource* const source = geometry.source(scene::Semantic::vertex);
-  std::vector<LabelTriangle> triangles;
-  if (source == nullptr) return {};
-  for (const scene::GeometryElement& element : geometry.elements())
-    for (std::size_t i = 0; i + 2 < element.indexCount(); i += 3)
-      triangles.push_back({source->vector(element.index(i)), source->vector(element.index(i + 1)),
-                           source->vector(element.index(i + 2))});
-  return levelTop(triangles);
-}
 
 FirstViewInput firstViewInput(const Venue& venue, const RoleOfPlace& roleOf) {
   return Reading(venue, roleOf).run();

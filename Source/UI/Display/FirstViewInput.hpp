@@ -1,5 +1,4 @@
-// What the first view and the labels need to know about a venue: its places, where they are and how
-// large.
+// What the first view needs to know about a venue: its places, where they are and how large.
 #pragma once
 
 #include <functional>
@@ -7,10 +6,8 @@
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
-#include "Platform/Scene/Geometry.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/UI/Display/FirstView.hpp"
-#include "Source/UI/Labels/LabelArea.hpp"
 
 namespace orivanta {
 
@@ -30,9 +27,6 @@ struct FirstViewInput {
   std::vector<FirstViewPlace> places;   ///< one for each floor of each location
   std::optional<double> unitsPerMeter;  ///< nothing if the venue does not state its scale
 };
-
-/// Returns the topmost level part of a shape.
-ORIVANTA_API LabelArea topOf(const scene::Geometry& geometry);
 
 /// Returns the contents of a loaded venue. Places of floors whose model is loaded have areas, and
 /// are at the middle of their largest area; the others are at the middle of their nodes. If

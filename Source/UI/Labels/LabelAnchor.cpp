@@ -12,6 +12,7 @@ namespace {
 
 constexpr double precision = 0.02;
 constexpr double leastGain = 0.005;  // a better point must be better by this share
+constexpr double leastGainOverMiddle = 0.05;
 constexpr std::size_t mostVisits = 8'000'000;
 constexpr std::size_t leastCells = 64;
 constexpr std::size_t mostCells = 4096;
@@ -56,6 +57,7 @@ class Search {
     if (!(shorter > 0) || !std::isfinite(longer)) return std::nullopt;
     best_ = cell({bounds_.midX(), bounds_.midY()}, 0);
     consider(cell(middleOfEdges(), 0));
+    const Cell middle = best_;
     addFirstCells(std::max(shorter, longer / mostFirstCells) / 2);
     const std::size_t limit = std::clamp(mostVisits / edges_, leastCells, mostCells);
     const double tiny = shorter * 1e-4;
@@ -66,6 +68,7 @@ class Search {
       split(next);
     }
     if (!(best_.distance > 0)) return std::nullopt;
+    if (best_.distance <= middle.distance * (1 + leastGainOverMiddle)) best_ = middle;
     return LabelAnchor{best_.middle, best_.distance};
   }
 

@@ -17,8 +17,8 @@ struct LabelAnchor {
 };
 
 /// Returns the point whose distance to the boundary of `area` and of the areas on it is greatest,
-/// within 2 percent. The middle of the area is preferred where several points are equally good. If
-/// the areas on it cover it entirely, they are ignored. Returns nothing if the area is empty.
+/// within 2 percent, or the middle of the area if its distance is at most 5 percent less. If the
+/// areas on it cover it entirely, they are ignored. Returns nothing if the area is empty.
 ///
 /// The work is limited: at most about 8 million edges are visited, or each edge 64 times if that is
 /// more; the result may then be less accurate. Any thread.

@@ -2,14 +2,18 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <numeric>
 #include <tuple>
+#include <utility>
+
+#include "Source/UI/Labels/SharedEdges.hpp"
 
 namespace orivanta {
 
 namespace {
 
 constexpr float levelTolerance = 1e-3F;  // scene units
+constexpr double leastShareOfLevel = 0.5;
 
 bool isFinite(graphics::Point point) { return std::isfinite(point.x) && std::isfinite(point.y); }
 
@@ -17,19 +21,6 @@ bool isFinite(const LabelTriangle& triangle) {
   return std::all_of(triangle.begin(), triangle.end(), [](const graphics::Vector3& corner) {
     return std::isfinite(corner.x) && std::isfinite(corner.y) && std::isfinite(corner.z);
   });
-}
-
-bool isBefore(graphics::Point left, graphics::Point right) {
-  return std::tie(left.x, left.y) < std::tie(right.x, right.y);
-}
-
-bool isEdgeBefore(const LabelEdge& left, const LabelEdge& right) {
-  return std::tie(left.from.x, left.from.y, left.to.x, left.to.y) <
-         std::tie(right.from.x, right.from.y, right.to.x, right.to.y);
-}
-
-bool areSame(const LabelEdge& left, const LabelEdge& right) {
-  return left.from == right.from && left.to == right.to;
 }
 
 // Twice the area of the triangle from above, positive if it faces up.
@@ -42,23 +33,51 @@ void addEdges(const LabelTriangle& triangle, std::vector<LabelEdge>& edges) {
   for (std::size_t i = 0; i < 3; ++i) {
     const graphics::Vector3& first = triangle[i];
     const graphics::Vector3& second = triangle[(i + 1) % 3];
-    LabelEdge edge{{first.x, first.y}, {second.x, second.y}};
-    if (isBefore(edge.to, edge.from)) std::swap(edge.from, edge.to);
-    edges.push_back(edge);
+    edges.push_back({{first.x, first.y}, {second.x, second.y}});
   }
 }
 
-// Keeps the edges that occur once.
-std::vector<LabelEdge> singleEdges(std::vector<LabelEdge> edges) {
-  std::sort(edges.begin(), edges.end(), isEdgeBefore);
-  std::vector<LabelEdge> single;
-  for (std::size_t i = 0; i < edges.size();) {
-    std::size_t end = i + 1;
-    while (end < edges.size() && areSame(edges[i], edges[end])) ++end;
-    if (end == i + 1) single.push_back(edges[i]);
-    i = end;
+// A triangle that faces up.
+struct Face {
+  const LabelTriangle* triangle;
+  double size;   // seen from above
+  float height;  // half way between the lowest and the highest corner
+  bool isSloped;
+};
+
+using Faces = std::span<const Face>;
+
+std::vector<Face> facesUp(std::span<const LabelTriangle> triangles) {
+  std::vector<Face> faces;
+  for (const LabelTriangle& triangle : triangles) {
+    const double doubled = isFinite(triangle) ? doubledArea(triangle) : 0;
+    if (!(doubled > 0)) continue;
+    const auto [low, high] = std::minmax({triangle[0].z, triangle[1].z, triangle[2].z});
+    faces.push_back({&triangle, doubled / 2, low + (high - low) / 2, high - low > levelTolerance});
   }
-  return single;
+  return faces;
+}
+
+double sizeOf(Faces faces) {
+  return std::accumulate(faces.begin(), faces.end(), 0.0,
+                         [](double sum, const Face& face) { return sum + face.size; });
+}
+
+// Returns the faces at the height at which they are largest together. Sorts the faces.
+Faces largestLevel(std::vector<Face>& faces) {
+  std::sort(faces.begin(), faces.end(), [](const Face& left, const Face& right) {
+    return std::tie(left.isSloped, left.height) < std::tie(right.isSloped, right.height);
+  });
+  Faces largest;
+  for (std::size_t start = 0, end = 1; start < faces.size() && !faces[start].isSloped;
+       start = end++) {
+    while (end < faces.size() && !faces[end].isSloped &&
+           faces[end].height - faces[start].height <= levelTolerance)
+      ++end;
+    const Faces level = Faces(faces).subspan(start, end - start);
+    if (sizeOf(level) >= sizeOf(largest)) largest = level;
+  }
+  return largest;
 }
 
 }  // namespace
@@ -97,21 +116,19 @@ graphics::Rect LabelArea::bounds() const {
   return {least, {most.x - least.x, most.y - least.y}};
 }
 
-LabelArea levelTop(std::span<const LabelTriangle> triangles) {
-  float top = std::numeric_limits<float>::lowest();
-  for (const LabelTriangle& triangle : triangles)
-    if (isFinite(triangle) && doubledArea(triangle) > 0)
-      top = std::max(top, std::min({triangle[0].z, triangle[1].z, triangle[2].z}));
+LabelArea shapeArea(std::span<const LabelTriangle> triangles) {
+  std::vector<Face> faces = facesUp(triangles);
+  Faces chosen = largestLevel(faces);
+  if (sizeOf(chosen) < sizeOf(faces) * leastShareOfLevel) chosen = faces;
   LabelArea area;
   std::vector<LabelEdge> edges;
-  for (const LabelTriangle& triangle : triangles) {
-    const double doubled = isFinite(triangle) ? doubledArea(triangle) : 0;
-    const auto [low, high] = std::minmax({triangle[0].z, triangle[1].z, triangle[2].z});
-    if (doubled <= 0 || low < top - levelTolerance || high - low > levelTolerance) continue;
-    area.size += doubled / 2;
-    addEdges(triangle, edges);
+  for (const Face& face : chosen) {
+    area.size += face.size;
+    area.height += face.size * double{face.height};
+    addEdges(*face.triangle, edges);
   }
-  area.edges = singleEdges(std::move(edges));
+  if (area.size > 0) area.height /= area.size;
+  area.edges = withoutShared(std::move(edges));
   return area;
 }
 

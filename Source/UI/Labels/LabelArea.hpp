@@ -25,6 +25,7 @@ using LabelTriangle = std::array<graphics::Vector3, 3>;
 struct ORIVANTA_API LabelArea {
   std::vector<LabelEdge> edges;  ///< the boundary, including that of holes
   double size = 0;               ///< square units
+  double height = 0;             ///< of the surface, scene units; 0 for areas made of rings
 
   /// Adds the edges of a ring; the last corner is joined to the first. The area of a hole is
   /// subtracted from `size`. A ring with a coordinate that is not finite is ignored.
@@ -37,10 +38,14 @@ struct ORIVANTA_API LabelArea {
   graphics::Rect bounds() const;
 };
 
-/// Returns the topmost level part of a shape: the triangles that lie at its greatest height and
-/// face up. The edges are those that belong to only one of these triangles. Corners are compared
-/// exactly, as triangles of one model share them. Triangles with a coordinate that is not finite
-/// are ignored. Any thread.
-ORIVANTA_API LabelArea levelTop(std::span<const LabelTriangle> triangles);
+/// Returns the area of a shape, such as the floor of a room with walls or the top of a block. It
+/// consists of the triangles that face up and lie at one height: the height at which they are
+/// largest together, the greater one of equals. If these are less than half of all triangles that
+/// face up, as those of stairs and slopes, it consists of all, and `height` is their mean height.
+///
+/// Edges that two of the triangles share, seen from above, are removed, also if one of them has
+/// only a part of the edge. Triangles with a coordinate that is not finite are ignored. Any
+/// thread.
+ORIVANTA_API LabelArea shapeArea(std::span<const LabelTriangle> triangles);
 
 }  // namespace orivanta

@@ -7,8 +7,8 @@ namespace orivanta {
 
 namespace {
 
-constexpr double symbolGap = 2;        // between symbol and name, points
-constexpr double mostLineWidth = 110;  // of a name in one line beside a symbol, points
+constexpr double symbolGap = 2;          // between symbol and name, points
+constexpr double mostLineHeights = 5.5;  // width of a name in one line beside a symbol
 constexpr double leastForeshortening = 0.1;
 
 }  // namespace
@@ -35,7 +35,9 @@ std::optional<std::size_t> linesInside(const PlaceLabel& label, const ProjectedP
 }
 
 std::size_t linesBeside(const PlaceLabel& label) {
-  return label.names.size() > 1 && label.names.front().width > mostLineWidth ? 2 : 1;
+  if (label.names.size() < 2) return 1;
+  const graphics::Size line = label.names.front();
+  return line.width > mostLineHeights * line.height ? 2 : 1;
 }
 
 graphics::Rect symbolRect(const PlaceLabel& label, graphics::Point anchor) {

@@ -133,7 +133,7 @@ void LabelPass::chooseMode(std::size_t index) {
   }
   const ProjectedPlace later = placeAtScale(index, false);
   std::optional<std::size_t> lines;
-  if (later.pointsPerUnit * frame_->unitsPerMeter >= labelScales(label.rank).name)
+  if (later.pointsPerUnit * frame_->unitsPerMeter >= label.scales.name)
     lines = linesInside(label, later, plane_);
   const bool isVisible = state.symbol.isVisible() || state.name.isVisible();
   if (lines.has_value() != state.isInside && isVisible) {
@@ -200,7 +200,7 @@ void LabelPass::placeSymbol(std::size_t index) {
   if (!part.isShown && kind_ == LabelPassKind::shown) return;
   if (!(label.symbolSize > 0) || label.insideOnly) return;
   const graphics::Rect rect = symbolRect(label, frame_->places[index].point);
-  const bool isWanted = !state.isInside && isAtScale(part, index, labelScales(label.rank).symbol);
+  const bool isWanted = !state.isInside && isAtScale(part, index, label.scales.symbol);
   settle(part, rect, index, isWanted && isFree(part, rect, index));
 }
 
@@ -208,7 +208,7 @@ bool LabelPass::isNameWanted(std::size_t index) const {
   const PlaceLabel& label = (*labels_)[index];
   const LabelState& state = (*states_)[index];
   if (label.names.empty() || (label.insideOnly && !state.isInside)) return false;
-  if (!isAtScale(state.name, index, labelScales(label.rank).name)) return false;
+  if (!isAtScale(state.name, index, label.scales.name)) return false;
   if (state.isInside) return !state.symbol.isVisible();
   if (!(label.symbolSize > 0)) return true;
   if (state.name.isShown) return state.symbol.isShown;

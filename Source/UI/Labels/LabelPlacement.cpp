@@ -7,7 +7,6 @@
 #include <tuple>
 
 #include "Source/UI/Labels/LabelPass.hpp"
-#include "Source/UI/Labels/LabelRank.hpp"
 
 namespace orivanta {
 
@@ -125,7 +124,7 @@ void LabelPlacement::sort(const LabelFrame& frame) {
   others_.clear();
   for (const std::size_t i : ranked_) {
     LabelState& state = states_[i];
-    const LabelScales scales = labelScales(labels_[i].rank);
+    const LabelScales scales = labels_[i].scales;
     const double least = std::min(scales.symbol, scales.name) * (state.isShown() ? keepFactor : 1);
     if (isUsable(frame.places[i], frame.view) &&
         frame.places[i].pointsPerUnit * frame.unitsPerMeter >= least) {

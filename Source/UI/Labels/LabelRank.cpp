@@ -22,13 +22,4 @@ double labelRank(double kindRank, double area, bool isNameGenerated) {
   return kindRank + bonus - (isNameGenerated ? generatedPenalty : 0.0);
 }
 
-LabelScales labelScales(double rank) {
-  if (rank >= leastLeadingRank) return {0.5, 1};
-  if (rank >= 60) return {1.2, 2.2};
-  if (rank >= 40) return {2.2, 3};
-  return {3.2, 4.5};
-}
-
-double labelFontSize(double rank) { return rank < 40 ? 11 : 12; }
-
 }  // namespace orivanta

@@ -1,4 +1,4 @@
-// How important a label is, and from which scale on it is shown.
+// How important a label is.
 #pragma once
 
 #include "Platform/Foundation/Export.hpp"
@@ -10,18 +10,6 @@ namespace orivanta {
 /// meters. `area` is in square meters, or 0 if the place has no area or the scale is unknown. A
 /// name that was generated subtracts 26.
 ORIVANTA_API double labelRank(double kindRank, double area, bool isNameGenerated);
-
-/// The scales from which on a label is shown, in points per meter.
-struct LabelScales {
-  double symbol = 0;  ///< for the icon or the dot
-  double name = 0;    ///< for the name
-};
-
-/// Returns the scales for a rank.
-ORIVANTA_API LabelScales labelScales(double rank);
-
-/// Returns the font size for a rank in points: 12, or 11 below a rank of 40.
-ORIVANTA_API double labelFontSize(double rank);
 
 /// The icons of labels from this rank on are placed before any name.
 inline constexpr double leastLeadingRank = 85;

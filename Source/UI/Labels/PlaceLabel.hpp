@@ -12,9 +12,16 @@
 
 namespace orivanta {
 
+/// The scales from which on a label is shown, in points per meter; 0 to show it at any scale.
+struct LabelScales {
+  double symbol = 0;  ///< for the icon or the dot
+  double name = 0;    ///< for the name
+};
+
 /// The label of a place: a symbol (an icon or a dot), a name, or both.
 struct PlaceLabel {
   double rank = 0;          ///< see `labelRank`
+  LabelScales scales;       ///< see `MapTheme::zoomStep`
   double symbolSize = 0;    ///< width and height of the symbol in points; 0 if there is none
   bool symbolFirst = true;  ///< the symbol is shown even if the name would fit into the area
   /// The sizes of the name in one, two and three lines, in points, with its halo. It has fewer

@@ -15,7 +15,7 @@ constexpr KindRow rows[] = {
      "الحريق,_vending,_automaten_,distributeurs automatiques,distributeur "
      "automatique,expendedora,自動販売機,"
      "자판기,آلات البيع,_drinking water,_drinking f,trinkwasser,eau potable,agua "
-     "potable,水飲み,음수대,"
+     "potable,水飲ミ,음수대,"
      "مياه الشرب,_staff only,_private_,nicht offentlich,acces reserve,関係者"},
     {shop,
      "_jeux et j,_health and b,_gesundheit und s,_sante et b,美容 健康,الصحة والجمال,_salon de "
@@ -34,18 +34,18 @@ constexpr KindRow rows[] = {
      "昇降機,엘리베이터,승강기,مصعد,مصاعد"},
     {escalator,
      "escalator,rolltreppe,fahrsteig,fahrtreppe,tapis roulant,trottoir roulant,escalera mecanica,"
-     "escaleras mecanicas,moving w,travelator,エスカレータ,動く歩道,에스컬레이터,무빙워크,سلالم "
+     "escaleras mecanicas,moving w,travelator,エスカレータ,動ク歩道,에스컬레이터,무빙워크,سلالم "
      "متحركة,سلم متحرك,ممرات متحركة"},
     {stairs,
      "_stair,_steps_,treppe,escalier,escalera,階段,계단,_درج,_الدرج,أدراج,سلالم,between "
      "floors,zwischen den "
-     "etagen,entre les etages,階の移動,بين الطوابق,vertikale v,circulations v,上下移動,수직 이동"},
+     "etagen,entre les etages,階ノ移動,بين الطوابق,vertikale v,circulations v,上下移動,수직 이동"},
     {ramp, "_ramp_,_ramps_,_rampe,_rampa,スロープ,경사로,منحدر"},
 
     // Toilets and care.
     {toilet,
      "toilet,restroom,washroom,_wc_,_wcs_,lavatory,lavatories,bathroom,_shower,_dusche,_douche,"
-     "sanitaires,_bano_,_banos_,_aseo,_ducha,トイレ,お手洗,化粧室,便所,シャワー,화장실,샤워,"
+     "sanitaires,_bano_,_banos_,_aseo,_ducha,トイレ,オ手洗,化粧室,便所,シャワー,화장실,샤워,"
      "دورات المياه,دورة مياه,دورات مياه,مرحاض,حمام"},
     {nursing,
      "_nursing,_baby c,_baby r,_baby f,_babyc,diaper,nappy,wickelr,wickeltisch,stillraum,espaces "
@@ -83,15 +83,15 @@ constexpr KindRow rows[] = {
     {ticket,
      "_ticket,fahrkarte,fahrschein,_billet_,_billets_,billetterie,guichet,taquilla,_boleto,_"
      "billete,"
-     "きっぷ,切符,券売,チケット,매표,승차권,تذاكر,التذاكر,check in,enregistrement,facturacion,"
+     "キップ,切符,券売,チケット,매표,승차권,تذاكر,التذاكر,check in,enregistrement,facturacion,"
      "チェックイン,체크인,تسجيل الوصول"},
     {platform,
-     "_platform,bahnsteig,_quai_,_quais_,_anden_,_andenes_,ホーム,のりば 番線,番線,승강장,플랫폼,"
+     "_platform,bahnsteig,_quai_,_quais_,_anden_,_andenes_,ホーム,ノリバ 番線,番線,승강장,플랫폼,"
      "رصيف,الأرصفة"},
     {taxi, "_taxi,タクシー,택시,سيارات الأجرة,سيارة أجرة,تاكسي"},
     {bus,
      "_bus_,_buses_,_busse_,_bus s,busbahnhof,bushalte,_coach_,_coaches_,_arret_,_arrets_,"
-     "_haltestelle,_parada_,_paradas_,_autobus,バス停,バスのりば,バス乗,バスターミナル,_バス_,버스,"
+     "_haltestelle,_parada_,_paradas_,_autobus,バス停,バスノリバ,バス乗,バスターミナル,_バス_,버스,"
      "정류장,حافلات,الحافلات,حافلة"},
     {metro,
      "_metro_,_metros_,_subway,_underground_,_train_,_trains_,_railway,_station_,_stations_,_tram_,"
@@ -120,7 +120,7 @@ constexpr KindRow rows[] = {
      "_info_,_information,_informacion,_reception,_help desk,_helpdesk,_visitor c,_meeting "
      "point,_empfang,"
      "_auskunft,_treffpunkt,_accueil_,point de rencontre,points de rencontre,_recepcion,"
-     "punto de encuentro,案内,受付,待ち合わせ,インフォメーション,안내,접수,استعلامات,الاستقبال,"
+     "punto de encuentro,案内,受付,待チ合ワセ,インフォメーション,안내,접수,استعلامات,الاستقبال,"
      "معلومات,نقاط التقاء"},
     {security,
      "_security,_police,_polizei,_sicherheit,_securite,_seguridad_,_policia,警備,交番,警察,"
@@ -148,7 +148,7 @@ constexpr KindRow rows[] = {
      "und,"
      "_jeux_,_juegos,_prayer,_chapel,_quiet r,gebets,_andacht,_kapelle,_priere,_capilla,_landmark,"
      "orientierungspunkt,point de repere,points de repere,_leisure,_freizeit,_loisir,_ocio,"
-     "_entertain,文化,アート,美術,博物,映画,劇場,遊び場,レジャー,祈祷,目印,문화,박물관,미술,영화,"
+     "_entertain,文化,アート,美術,博物,映画,劇場,遊ビ場,レジャー,祈祷,目印,문화,박물관,미술,영화,"
      "극장,놀이,기도실,ثقافة,متحف,سينما,مسرح,ترفيه,ملاعب,مصلى,معالم"},
     {garden,
      "_garden,_terrace,_park_,_parks_,garten,terrasse,_jardin,_terraza,_parque,庭園,テラス,公園,"
@@ -191,7 +191,7 @@ constexpr KindRow rows[] = {
 constexpr KindRow toilets[] = {
     {toiletWheelchair,
      "accessib,wheelchair,_disabled,barrierefrei,rollstuhl,behindert,handicap,_pmr_,adaptad,"
-     "minusvalid,多機能,多目的,バリアフリー,車いす,車椅子,장애인,ذوي"},
+     "minusvalid,多機能,多目的,バリアフリー,車イス,車椅子,장애인,ذوي"},
     {other, "unisex,_all gender,_family,_mixed,_mixte,familie,男女,남녀"},
     {toiletWomen,
      "_women,_womens,_ladies,_female,damen,frauen,_femme,_dames,_mujer,_senoras,女,여,نساء,سيدات"},

@@ -28,7 +28,7 @@ double medianRoomOf(const FirstViewInput& input, std::size_t floor) {
 
 void checkFirstView(const std::filesystem::path& package) {
   SCOPED_TRACE(package.filename());
-  const auto venue = loadPackage(package);
+  const auto venue = loadRecords(package);
   const auto floor = MapStyle::firstFloor(*venue);
   loadModels(*venue, package);
   ASSERT_NE(floor, nullptr);

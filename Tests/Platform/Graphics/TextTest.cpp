@@ -80,6 +80,20 @@ TEST(Text, LongTextBreaksAndEndsInAnEllipsis) {
   EXPECT_LT(picture("iiiiiiiiii", {.maximumWidth = 20, .maximumLines = 1})->height(), 40U);
 }
 
+TEST(Text, MeasuredLinesAreThoseOfThePicture) {
+  const std::string words = "One two three four five six";
+  for (TextStyle style :
+       {TextStyle{}, TextStyle{.fontSize = 20, .bold = true}, TextStyle{.maximumWidth = 80},
+        TextStyle{.maximumWidth = 80, .maximumLines = 2}}) {
+    style.wholeLines = true;
+    const Size drawn = picture(words, style)->size();
+    style.outlineWidth = 3;
+    EXPECT_NEAR(measureText(words, style).width, drawn.width, 3.0);
+    EXPECT_NEAR(measureText(words, style).height, drawn.height, 1.0);
+  }
+  EXPECT_EQ(measureText("a", {.fontSize = -1}), Size());
+}
+
 TEST(Text, BrokenBytesAndControlCharactersHaveStandIns) {
   expectSamePictures(*picture("a\xFF\xC3z"), *picture("a\uFFFD\uFFFDz"));
   expectSamePictures(*picture({"a\0z", 3}), *picture("a\uFFFDz"));

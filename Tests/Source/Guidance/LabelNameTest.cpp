@@ -17,10 +17,15 @@ TEST(LabelName, IsTheNameOnTheSignOrThatOfTheKind) {
     {"id": "v1", "name": "Red stairs", "type": "stairs", "categories": ["c2"], "nodes": ["n2", "n4"]},
     {"id": "v2", "name": "Stairs 2", "type": "stairs", "categories": ["c2"], "nodes": ["n2", "n4"]}])";
   const auto venue = small.load();
-  std::vector<std::string> names;
-  for (const auto& place : *venue->locations) names.push_back(labelName(*venue, *place));
-  for (const auto& place : *venue->vortices) names.push_back(labelName(*venue, *place));
-  EXPECT_EQ(names, (std::vector<std::string>{"Bakery", "Shops", "", "Red stairs", ""}));
+  std::vector<std::shared_ptr<Location>> places = *venue->locations;
+  places.insert(places.end(), venue->vortices->begin(), venue->vortices->end());
+  const std::vector<std::string> expected{"Bakery", "Shops", "", "Red stairs", ""};
+  ASSERT_EQ(places.size(), expected.size());
+  const LabelNames names(*venue);
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    EXPECT_EQ(labelName(*venue, *places[i]), expected[i]);
+    EXPECT_EQ(names.of(*places[i]), expected[i]);
+  }
 }
 
 }  // namespace orivanta

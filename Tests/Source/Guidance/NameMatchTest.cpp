@@ -21,6 +21,9 @@ TEST(NameMatch, TellsHowWellANameAnswers) {
                            {"paper kestrel", "cat", NameMatch::none},
                            {"toilets", "toliet", NameMatch::near},
                            {"さまようホタン", "ホタ", NameMatch::inside},
+                           {"backerei ol", "baeckerei", NameMatch::beginning},
+                           {"backerei ol", "oel", NameMatch::word},
+                           {"blue bar", "blue", NameMatch::beginning},
                            {"bar", "bat", NameMatch::none},
                            {"anything", "", NameMatch::beginning}})
     EXPECT_EQ(TypedText(each.typed).match(each.name), each.expected)

@@ -46,6 +46,11 @@ TEST(LabelRoom, AnchorsAreInTheLargestCircle) {
   for (const Case& tested : std::vector<Case>{
            {"square", {box(0, 0, 10, 10)}, {}, 5, {{4.9, 4.9}, {0.2, 0.2}}},
            {"corridor: its middle", {box(0, 0, 1000, 4)}, {}, 2, {{499, 1.9}, {2, 0.2}}},
+           {"corridor that widens",
+            {{{0, 0}, {100, 0}, {100, 4.1}, {0, 4}}},
+            {},
+            2,
+            {{45, 1}, {10, 2}}},
            {"L",
             {{{0, 0}, {30, 0}, {30, 4}, {10, 4}, {10, 30}, {0, 30}}},
             {},
@@ -92,17 +97,74 @@ TEST(LabelRoom, FreeWidthIsThatOfTheBand) {
         << height << ' ' << turn;
 }
 
-TEST(LabelRoom, TopOfAShapeHasItsOutlineAndSize) {
-  const graphics::Vector3 a{0, 0, 3}, b{4, 0, 3}, c{4, 2, 3}, d{0, 2, 3}, e{0, 0, 0}, f{4, 0, 0};
-  const float bad = std::numeric_limits<float>::quiet_NaN();
-  const std::vector<LabelTriangle> triangles{{a, b, c}, {a, c, d}, {e, f, b},
-                                             {e, b, a}, {c, b, a}, {{a, b, {bad, 0, 9}}}};
-  const LabelArea top = levelTop(triangles);
-  EXPECT_EQ(top.edges.size(), 4U);
-  EXPECT_DOUBLE_EQ(top.size, 8);
-  EXPECT_TRUE(top.contains({2, 1}));
-  EXPECT_FALSE(top.contains({5, 1}));
-  EXPECT_TRUE(levelTop({}).edges.empty());
+using Triangles = std::vector<LabelTriangle>;
+
+// A convex face; the heights are those of its corners.
+void addFace(Triangles& triangles, const Ring& corners, const std::vector<double>& heights) {
+  const auto at = [&](std::size_t i) {
+    return graphics::Vector3(corners[i].x, corners[i].y, heights[i % heights.size()]);
+  };
+  for (std::size_t i = 2; i < corners.size(); ++i) triangles.push_back({at(0), at(i - 1), at(i)});
+}
+
+Triangles facesAt(const std::vector<Ring>& faces, double height) {
+  Triangles triangles;
+  for (const Ring& face : faces) addFace(triangles, face, {height});
+  return triangles;
+}
+
+Triangles joined(Triangles first, const Triangles& second) {
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
+}
+
+TEST(LabelRoom, AreasOfShapesAreTheirFloors) {
+  // The top of a block with a side, a face down and a corner that is not a number.
+  Triangles block = facesAt({box(0, 0, 4, 2)}, 3);
+  block.push_back({{{0, 0, 0}, {4, 0, 0}, {4, 0, 3}}});
+  block.push_back({{{4, 2, 9}, {4, 0, 9}, {0, 0, 9}}});
+  block.push_back({{{0, 0, 9}, {4, 0, 9}, {4, std::numeric_limits<float>::quiet_NaN(), 9}}});
+  // Walls of 0.5 around a floor of 6 by 4, which continues below them.
+  const Triangles walled = joined(
+      facesAt({box(0, 0, 6, 4)}, 1),
+      facesAt({box(0, 0, 6, .5), box(0, 3.5, 6, .5), box(0, .5, .5, 3), box(5.5, .5, .5, 3)}, 2));
+  Triangles stairs;
+  for (int i = 0; i < 5; ++i) stairs = joined(stairs, facesAt({box(i, 0, 1, 2)}, i));
+  Triangles ramp;
+  addFace(ramp, box(0, 0, 6, 2), {0, 3, 3, 0});
+  // Around a hole, with corners in the middle of edges of others, one of them rounded.
+  const Triangles divided = facesAt({{{0, 0}, {3, 0}, {3.1, 2}, {0, 2}},
+                                     {{3, 0}, {6, 0}, {6, 1}, {3.055, 1}},
+                                     {{3.055, 1}, {6, 1}, {6, 2}, {3.1, 2}},
+                                     box(0, 2, 1, 2),
+                                     box(5, 2, 1, 2),
+                                     box(0, 4, 6, 2)},
+                                    1);
+  struct Case {
+    const char* name;
+    Triangles triangles;
+    double size, height;
+    std::size_t edges;
+    graphics::Point inside, outside;
+    double radius;  // of the largest circle
+  };
+  for (const Case& tested :
+       std::vector<Case>{{"block", block, 8, 3, 4, {2, 1}, {5, 1}, 1},
+                         {"room with walls", walled, 24, 1, 4, {0.2, 0.2}, {-0.1, 1}, 2},
+                         {"stairs", stairs, 10, 2, 12, {2.5, 1}, {5.5, 1}, 1},
+                         {"ramp", ramp, 12, 1.5, 4, {3, 1}, {7, 1}, 1},
+                         {"room of several faces", divided, 28, 1, 15, {3, 1.5}, {3, 3}, 1},
+                         {"nothing", {}, 0, 0, 0, {0, 0}, {0, 0}, 0}}) {
+    SCOPED_TRACE(tested.name);
+    const LabelArea area = shapeArea(tested.triangles);
+    EXPECT_NEAR(area.size, tested.size, 0.01);
+    EXPECT_NEAR(area.height, tested.height, 1e-6);
+    EXPECT_EQ(area.edges.size(), tested.edges);
+    EXPECT_EQ(area.contains(tested.inside), tested.size > 0);
+    EXPECT_FALSE(area.contains(tested.outside));
+    const auto anchor = labelAnchor(area);
+    EXPECT_NEAR(anchor ? anchor->radius : 0, tested.radius, 0.2);
+  }
 }
 
 TEST(LabelRoom, RasterFindsForeignAreas) {

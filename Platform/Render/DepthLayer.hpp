@@ -1,0 +1,10 @@
+// Which of several surfaces in one plane is visible.
+#pragma once
+
+namespace orivanta::render {
+
+/// Moves what is drawn next closer to the camera, so that it hides lower layers in the same plane.
+/// Layer 0 is not moved.
+void setDepthLayer(int layer);
+
+}  // namespace orivanta::render

@@ -1,0 +1,56 @@
+#include "Source/UI/Display/Styled/FloorAreas.hpp"
+
+#include "Source/UI/Display/Styled/ShapeAreas.hpp"
+
+namespace orivanta {
+
+namespace {
+
+constexpr double heightTolerance = 1e-3;  // scene units
+
+bool liesOn(const FloorArea& other, const FloorArea& area) {
+  if (!other.middle || !other.bounds.intersects(area.bounds)) return false;
+  if (other.surface == ShapeRole::Surface::backdrop) return true;
+  return other.area.size < area.area.size &&
+         other.area.height >= area.area.height - heightTolerance &&
+         area.area.contains(other.middle->point);
+}
+
+}  // namespace
+
+FloorAreas::FloorAreas(const FloorRecords& records) {
+  for (const ShapeRecord& shape : records.shapes) {
+    FloorArea made;
+    made.area = areaOf(*shape.geometry);
+    made.bounds = made.area.bounds();
+    made.middle = labelAnchor(made.area);
+    made.surface = shape.surface;
+    indices_[shape.name] = areas_.size();
+    areas_.push_back(std::move(made));
+  }
+}
+
+std::vector<std::size_t> FloorAreas::indicesOf(const std::vector<std::string>& shapes) const {
+  std::vector<std::size_t> found;
+  for (const std::string& name : shapes)
+    if (const auto index = indices_.find(name); index != indices_.end())
+      found.push_back(index->second);
+  return found;
+}
+
+std::optional<std::size_t> FloorAreas::largest(const std::vector<std::string>& shapes) const {
+  std::optional<std::size_t> best;
+  for (const std::size_t index : indicesOf(shapes))
+    if (areas_[index].middle && (!best || areas_[index].area.size > areas_[*best].area.size))
+      best = index;
+  return best;
+}
+
+std::vector<LabelArea> FloorAreas::areasOn(std::size_t index) const {
+  std::vector<LabelArea> found;
+  for (std::size_t i = 0; i < areas_.size(); ++i)
+    if (i != index && liesOn(areas_[i], areas_[index])) found.push_back(areas_[i].area);
+  return found;
+}
+
+}  // namespace orivanta

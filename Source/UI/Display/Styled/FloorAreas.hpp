@@ -1,0 +1,46 @@
+// The areas of the shapes on a floor, and which of them lie on others.
+// Private header.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "Source/UI/Display/Styled/FloorRecords.hpp"
+#include "Source/UI/Labels/LabelAnchor.hpp"
+#include "Source/UI/Labels/LabelArea.hpp"
+
+namespace orivanta {
+
+/// The area of a shape.
+struct FloorArea {
+  LabelArea area;                     ///< may be empty
+  graphics::Rect bounds;              ///< of the area
+  std::optional<LabelAnchor> middle;  ///< of the area, without regard to what lies on it
+  ShapeRole::Surface surface = ShapeRole::Surface::place;
+};
+
+/// The areas of a floor. Immutable; any thread.
+class FloorAreas {
+ public:
+  explicit FloorAreas(const FloorRecords& records);
+
+  /// Returns the areas in the order of the shapes.
+  const std::vector<FloorArea>& all() const { return areas_; }
+
+  /// Returns the index of the largest area of shapes with these names, or nothing if all are empty.
+  std::optional<std::size_t> largest(const std::vector<std::string>& shapes) const;
+
+  /// Returns the smaller areas that lie on an area and are not hidden below it, and openings.
+  std::vector<LabelArea> areasOn(std::size_t index) const;
+
+  /// Returns the indices of the areas of shapes with these names.
+  std::vector<std::size_t> indicesOf(const std::vector<std::string>& shapes) const;
+
+ private:
+  std::vector<FloorArea> areas_;
+  std::unordered_map<std::string, std::size_t> indices_;  // by name
+};
+
+}  // namespace orivanta

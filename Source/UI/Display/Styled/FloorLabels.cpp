@@ -1,0 +1,171 @@
+#include "Source/UI/Display/Styled/FloorLabels.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "Source/UI/Display/Styled/FloorAreas.hpp"
+#include "Source/UI/Labels/LabelRank.hpp"
+
+namespace orivanta {
+
+namespace {
+
+constexpr double dotSize = 5;             // points
+constexpr double leastFacility = 60;      // importance
+constexpr double metersOfMedianRoom = 5;  // its side, if the scale is unknown
+
+// Places that visitors recognize by an icon rather than by a name.
+bool isFacility(PlaceKind kind) { return importanceOf(kind) >= leastFacility; }
+
+bool isConnector(PlaceKind kind) { return fillKindOf(kind) == FillKind::vertical; }
+
+bool hasIconBesideName(PlaceKind kind) {
+  const FillKind fill = fillKindOf(kind);
+  return fill == FillKind::food || fill == FillKind::leisure;
+}
+
+bool isPlain(PlaceKind kind) {
+  return kind == PlaceKind::room || kind == PlaceKind::office || kind == PlaceKind::other;
+}
+
+std::string joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += (text.empty() ? "" : "\n") + line;
+  return text;
+}
+
+class FloorLabeling {
+ public:
+  FloorLabeling(const FloorRecords& records, const MapTheme& theme, const TextMeasure& measure)
+      : records_(records),
+        theme_(theme),
+        measure_(measure),
+        areas_(records),
+        unitsPerMeter_(records.unitsPerMeter ? *records.unitsPerMeter : estimatedUnitsPerMeter()),
+        owners_(areas_.all().size(), AreaRaster::nobody) {}
+
+  FloorLabels run() {
+    for (const PlaceRecord& place : records_.places) add(place);
+    return {std::move(labels_), std::move(anchors_), std::move(sources_), raster(), unitsPerMeter_};
+  }
+
+ private:
+  double estimatedUnitsPerMeter() const {
+    std::vector<double> sides;
+    for (const PlaceRecord& place : records_.places)
+      if (const auto area = areas_.largest(place.shapes); area && !isConnector(place.kind))
+        sides.push_back(std::sqrt(areas_.all()[*area].area.size));
+    if (sides.empty()) return 1;
+    const auto middle = sides.begin() + static_cast<std::ptrdiff_t>(sides.size() / 2);
+    std::nth_element(sides.begin(), middle, sides.end());
+    return *middle / metersOfMedianRoom;
+  }
+
+  void add(const PlaceRecord& place) {
+    const auto area = areas_.largest(place.shapes);
+    if (!area && !place.entry) return;
+    const bool isUnsigned = place.isNameGenerated && !isFacility(place.kind);
+    LabelSource source{place.place, place.kind, !hasIcon(place.kind, area.has_value()), {}};
+    PlaceLabel label;
+    label.insideOnly = isUnsigned && area;
+    if (!area && isUnsigned && source.isDot) return;
+    setScale(label, place, area);
+    if (!place.isNameGenerated || label.insideOnly) setNames(label, source, place.name);
+    if (label.insideOnly && label.names.empty()) return;
+    label.symbolSize = source.isDot ? dotSize : theme_.sizes.icon;
+    label.symbolFirst = !area || isFacility(place.kind);
+    for (const std::size_t index : areas_.indicesOf(place.shapes))
+      if (owners_[index] == AreaRaster::nobody)
+        owners_[index] = static_cast<std::uint32_t>(labels_.size());
+    anchors_.push_back(area ? anchorIn(*area, label) : *place.entry);
+    labels_.push_back(std::move(label));
+    sources_.push_back(std::move(source));
+  }
+
+  static bool hasIcon(PlaceKind kind, bool hasArea) {
+    return isFacility(kind) || (hasArea ? hasIconBesideName(kind) : !isPlain(kind));
+  }
+
+  void setScale(PlaceLabel& label, const PlaceRecord& place,
+                std::optional<std::size_t> area) const {
+    double size = 0;  // square meters
+    if (area && !isConnector(place.kind))
+      size = areas_.all()[*area].area.size / (unitsPerMeter_ * unitsPerMeter_);
+    label.rank =
+        labelRank(importanceOf(place.kind), size, place.isNameGenerated && !isFacility(place.kind));
+    const ZoomStep step = theme_.zoomStep(label.rank);
+    label.scales = {step.iconFrom, step.nameFrom};
+  }
+
+  void setNames(PlaceLabel& label, LabelSource& source, const std::string& name) const {
+    const graphics::TextStyle style = nameStyle(theme_, theme_.nameSize(label.rank));
+    source.names =
+        labelLines(name, [&](std::string_view text) { return measure_(text, style).width; });
+    for (const LabelLines& lines : source.names) {
+      const graphics::Size size = measure_(joined(lines.lines), style);
+      // The lines are higher than their glyphs: half of the halo lies above and below them.
+      label.names.push_back(
+          {size.width + 2 * style.outlineWidth, size.height + style.outlineWidth});
+    }
+  }
+
+  graphics::Vector3 anchorIn(std::size_t index, PlaceLabel& label) const {
+    const FloorArea& area = areas_.all()[index];
+    const std::vector<LabelArea> onIt = areas_.areasOn(index);
+    const LabelAnchor anchor =
+        onIt.empty() ? *area.middle : labelAnchor(area.area, onIt).value_or(*area.middle);
+    label.room = std::make_shared<const LabelRoom>(area.area, onIt, anchor);
+    return {static_cast<float>(anchor.point.x), static_cast<float>(anchor.point.y),
+            static_cast<float>(area.area.height)};
+  }
+
+  // Small areas are drawn over those on which they lie.
+  AreaRaster raster() const {
+    std::vector<std::size_t> order;
+    for (std::size_t i = 0; i < areas_.all().size(); ++i)
+      if (areas_.all()[i].surface == ShapeRole::Surface::place) order.push_back(i);
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+      return areas_.all()[left].area.size > areas_.all()[right].area.size;
+    });
+    std::vector<LabelArea> areas;
+    std::vector<std::uint32_t> owners;
+    for (const std::size_t i : order) {
+      areas.push_back(areas_.all()[i].area);
+      owners.push_back(owners_[i]);
+    }
+    return {areas, owners};
+  }
+
+  const FloorRecords& records_;
+  const MapTheme& theme_;
+  const TextMeasure& measure_;
+  FloorAreas areas_;
+  double unitsPerMeter_;
+  std::vector<PlaceLabel> labels_;
+  std::vector<graphics::Vector3> anchors_;
+  std::vector<LabelSource> sources_;
+  std::vector<std::uint32_t> owners_;  // of the areas
+};
+
+}  // namespace
+
+graphics::TextStyle nameStyle(const MapTheme& theme, double fontSize) {
+  graphics::TextStyle style;
+  style.fontFamily = theme.fontFamily;
+  style.fontSize = fontSize;
+  style.color = theme.colors.text;
+  style.outlineColor = theme.colors.halo;
+  style.outlineWidth = theme.sizes.halo;
+  style.wholeLines = true;
+  return style;
+}
+
+FloorLabels makeFloorLabels(const FloorRecords& records, const MapTheme& theme,
+                            const TextMeasure& measure) {
+  return FloorLabeling(records, theme, measure).run();
+}
+
+}  // namespace orivanta
