@@ -94,7 +94,8 @@ Does not need a display. Prints the names of the files that it writes. If there 
 the name of each file contains the short name of the floor. Places are specified as for
 `orivanta route`. With --route, the images show the floors of the route in the order of the route. A
 floor that the route enters several times has an image for each part of the route; --map FLOOR shows
-all parts on one floor.
+all parts on one floor. With a style, but without --map, --zoom and --route, the image shows the
+part of the floor where most places are.
 
 Most licenses for map data require that its sources are shown with the map. If the venue names them,
 the images show them. With --no-attribution, or if they do not fit, they are printed to standard
