@@ -22,8 +22,13 @@ void StyledMap::setTheme(std::shared_ptr<const MapTheme> theme) {
 }
 
 void StyledMap::attach(StyleHost host) {
+  const graphics::Transaction transaction;
   host_ = std::move(host);
+  overlay_ = StyleView::addTo(*host_.view);
+  overlay_->setFurniture(furniture_);
+  overlay_->setPosition(position_);
   restyle();
+  followed_.update(*host_.view, position_);
 }
 
 void StyledMap::detach() {
@@ -32,6 +37,9 @@ void StyledMap::detach() {
   fills_.clear();
   work_.clear();
   look_.restore(*host_.view);
+  logo_.restore();
+  overlay_->remove();
+  overlay_.reset();
   host_ = {};
 }
 
@@ -46,6 +54,9 @@ void StyledMap::restyle() {
   if (!host_.view) return;
   const graphics::Transaction transaction;
   look_.apply(*host_.view, host_.sun, *theme_);
+  logo_.apply(host_.logo, *theme_);
+  overlay_->setTheme(theme_);
+  overlay_->venueChanged();
   const auto& venue = host_.view->venue;
   if (!venue || !venue->maps) return;
   for (const auto& map : *venue->maps) styleFloor(*map);
@@ -71,14 +82,36 @@ void StyledMap::finish() {
 void StyledMap::sceneStarted(std::shared_ptr<scene::Node> sun) {
   host_.sun = std::move(sun);
   look_.apply(*host_.view, host_.sun, *theme_);
+  overlay_->venueChanged();
 }
 
 void StyledMap::addFloor(const Map& map) {
   if (host_.view->venue && !fills_.contains(map)) styleFloor(map);
+  followed_.update(*host_.view, position_);
 }
 
 void StyledMap::setHighlighted(scene::Node& shape, bool isHighlighted) {
   fills_.setHighlighted(shape, isHighlighted);
 }
+
+void StyledMap::setFurniture(const MapFurniture& furniture) {
+  furniture_ = furniture;
+  if (overlay_) overlay_->setFurniture(furniture_);
+}
+
+void StyledMap::setPosition(std::optional<MapPosition> position) {
+  if (position) foundation::unwrap(position->floor);
+  position_ = std::move(position);
+  if (!host_.view) return;
+  overlay_->setPosition(position_);
+  followed_.update(*host_.view, position_);
+}
+
+void StyledMap::setFollowing(bool isFollowing) {
+  followed_.setOn(isFollowing);
+  if (host_.view) followed_.update(*host_.view, position_);
+}
+
+bool StyledMap::isFollowing() const { return followed_.isOn(host_.view); }
 
 }  // namespace orivanta

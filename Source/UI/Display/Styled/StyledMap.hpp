@@ -2,12 +2,18 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/UI/Display/MapFurniture.hpp"
+#include "Source/UI/Display/MapPosition.hpp"
 #include "Source/UI/Display/Styled/FloorFills.hpp"
 #include "Source/UI/Display/Styled/FloorWork.hpp"
+#include "Source/UI/Display/Styled/FollowedPosition.hpp"
+#include "Source/UI/Display/Styled/LogoLook.hpp"
 #include "Source/UI/Display/Styled/SceneLook.hpp"
+#include "Source/UI/Display/Styled/StyleView.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta {
@@ -18,6 +24,7 @@ class MapView;
 struct StyleHost {
   MapView* view = nullptr;
   std::shared_ptr<scene::Node> sun;  ///< the node of the light that casts shadows; null if no scene
+  std::shared_ptr<view::ImageView> logo;  ///< null if there is none
 };
 
 /// The parts of a style. Main thread.
@@ -35,6 +42,11 @@ class StyledMap {
   // See `MapStyle`.
   bool isReady() const;
   void finish();
+  void setFurniture(const MapFurniture& furniture);
+  const MapFurniture& furniture() const { return furniture_; }
+  void setPosition(std::optional<MapPosition> position);
+  void setFollowing(bool isFollowing);
+  bool isFollowing() const;
 
   // Called by the map view.
 
@@ -64,6 +76,11 @@ class StyledMap {
   FloorFills fills_;
   FloorWork work_;
   SceneLook look_;
+  LogoLook logo_;
+  MapFurniture furniture_;
+  std::optional<MapPosition> position_;
+  FollowedPosition followed_;
+  std::shared_ptr<StyleView> overlay_;  // null if the style belongs to no view
 };
 
 }  // namespace orivanta
