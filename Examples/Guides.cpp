@@ -41,6 +41,29 @@ void setStyle(MapView& mapView, const std::shared_ptr<const MapTheme>& theme) {
   //! [set a style]
 }
 
+void openWithAStyle(const std::shared_ptr<MapView>& mapView) {
+  //! [open with a style]
+  const auto style = MapStyle::make();
+  style->setFurniture({.compass = true, .scaleBar = true, .attribution = true});
+  mapView->setStyle(style);
+  mapView->loadFloors({}, MapStyle::firstFloor(*mapView->venue));
+  //! [open with a style]
+}
+
+class FirstView : public MapViewDelegate {
+  //! [show the first view]
+  void mapViewDidLoad() override { mapView->style()->showFirstView(); }
+  //! [show the first view]
+  std::shared_ptr<MapView> mapView;
+};
+
+void followVisitor(MapStyle& style, const std::shared_ptr<Map>& floor) {
+  //! [show a position]
+  style.setPosition(MapPosition{.floor = floor, .x = 420, .y = 310, .accuracyMeters = 8});
+  style.setFollowing(true);
+  //! [show a position]
+}
+
 void drawToFile(const std::shared_ptr<graphics::Image>& image) {
   //! [check a result]
   const foundation::Result<void> written = graphics::writePng(*image, "map.png");

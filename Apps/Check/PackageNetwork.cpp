@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <boost/json/array.hpp>
 #include <cstdint>
-#include <numeric>
 #include <unordered_map>
 
+#include "Apps/Import/DisjointSets.hpp"
 #include "Source/Guidance/Profile.hpp"
 
 namespace orivanta::check {
@@ -17,24 +17,6 @@ namespace json = boost::json;
 namespace {
 
 using Number = std::uint32_t;
-
-// The parts of the network that paths and connectors join, in whatever direction.
-class Parts {
- public:
-  explicit Parts(std::size_t count) : parents_(count) {
-    std::iota(parents_.begin(), parents_.end(), 0U);
-  }
-
-  Number of(Number node) {
-    while (parents_[node] != node) node = parents_[node] = parents_[parents_[node]];
-    return node;
-  }
-
-  void join(Number first, Number second) { parents_[of(first)] = of(second); }
-
- private:
-  std::vector<Number> parents_;
-};
 
 // Lifts, stairs and ramps are used in both directions; of other connectors, one-way paths tell the
 // direction.
@@ -188,20 +170,20 @@ class Network {
     return std::nullopt;
   }
 
-  std::unordered_map<Number, std::size_t> placesByPart() {
-    std::unordered_map<Number, std::size_t> places;
+  std::unordered_map<std::size_t, std::size_t> placesByPart() {
+    std::unordered_map<std::size_t, std::size_t> places;
     for (const Record& place : records_[RecordKind::location].records)
-      if (const auto node = nodeOf(place); node && place.kept) ++places[parts_.of(*node)];
+      if (const auto node = nodeOf(place); node && place.kept) ++places[parts_.find(*node)];
     return places;
   }
 
   // The part with most places; of several, the one with the first place in the file.
-  Number mainPart(const std::unordered_map<Number, std::size_t>& places) {
-    Number main = 0;
+  std::size_t mainPart(const std::unordered_map<std::size_t, std::size_t>& places) {
+    std::size_t main = 0;
     std::size_t most = 0;
     for (const Record& place : records_[RecordKind::location].records) {
       const auto node = place.kept ? nodeOf(place) : std::nullopt;
-      const Number part = node ? parts_.of(*node) : 0;
+      const std::size_t part = node ? parts_.find(*node) : 0;
       if (node && places.at(part) > most) {
         main = part;
         most = places.at(part);
@@ -210,10 +192,10 @@ class Network {
     return main;
   }
 
-  void checkPlace(const Record& place, Number main) {
+  void checkPlace(const Record& place, std::size_t main) {
     for (const json::value& element : elementsOf(place, "nodes"))
       if (const auto number = numberOf(identifierIn(element, "node")))
-        if (parts_.of(*number) == main) return;
+        if (parts_.find(*number) == main) return;
     const auto node = nodeOf(place);
     if (!node) return;
     Finding finding = records_.findingAbout(place, Severity::warning, "unreachable", "nodes");
@@ -229,7 +211,7 @@ class Network {
 
   const PackageRecords& records_;
   Findings& findings_;
-  Parts parts_;
+  importer::DisjointSets parts_;          // that paths and connectors join, in whatever direction
   std::vector<std::vector<Path>> paths_;  // of each node, by the other end
   std::vector<bool> hasIncoming_;
   std::vector<Number> connectors_;  // how many have the node

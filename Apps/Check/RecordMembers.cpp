@@ -45,6 +45,7 @@ constexpr Member vortexMembers[] = {{"id", text, true},
                                     {"polygons", list, false},
                                     {"accessible", boolean, false},
                                     {"weight", number, false},
+                                    {"hours", text, false},
                                     {"nameGenerated", boolean, false}};
 constexpr Member polygonMembers[] = {
     {"id", text, true}, {"map", text, true}, {"entrances", list, false}};

@@ -22,12 +22,6 @@ namespace json = boost::json;
 
 namespace {
 
-constexpr const char* unreachableColor = "#d7191c";
-constexpr const char* noWayBackColor = "#7b3294";
-constexpr const char* stepsColor = "#f28e2b";
-constexpr const char* cutOffColor = "#2c7bb6";
-constexpr const char* cutOffStepFreeColor = "#92c5de";
-
 json::array identifiers(const guidance::PlaceList& places) {
   json::array array;
   for (const auto& place : places) array.emplace_back(*place->id);
@@ -65,18 +59,41 @@ guidance::PlaceList neverStepFree(const guidance::Audit& audit) {
   return list;
 }
 
-// Returns the colors of places for `render`. Of several colors of a place, the last one counts.
-std::vector<std::string> highlights(const guidance::Audit& audit) {
-  std::vector<std::string> list;
-  const auto add = [&](const guidance::PlaceList& places, const char* color) {
-    for (const auto& place : places) list.push_back(fmt::format("{}={}", *place->id, color));
-  };
-  for (const auto& finding : audit.connectors) add(finding.cutOffStepFree, cutOffStepFreeColor);
-  for (const auto& finding : audit.connectors) add(finding.cutOff, cutOffColor);
-  add(neverStepFree(audit), stepsColor);
-  add(audit.withoutWayBack, noWayBackColor);
-  add(audit.unreachable, unreachableColor);
-  return list;
+// Places that are drawn in one color.
+struct Group {
+  const char* color;
+  const char* meaning;
+  guidance::PlaceList places;
+};
+
+// Returns the groups, the most important one first.
+std::vector<Group> groupsOf(const guidance::Audit& audit) {
+  guidance::PlaceList cutOff;
+  guidance::PlaceList cutOffStepFree;
+  for (const auto& finding : audit.connectors) {
+    cutOff.insert(cutOff.end(), finding.cutOff.begin(), finding.cutOff.end());
+    cutOffStepFree.insert(cutOffStepFree.end(), finding.cutOffStepFree.begin(),
+                          finding.cutOffStepFree.end());
+  }
+  return {{"#d7191c", "Cannot be reached", audit.unreachable},
+          {"#7b3294", "Cannot be left", audit.withoutWayBack},
+          {"#2c7bb6", "Cut off if a connector fails", cutOff},
+          {"#f28e2b", "No way without steps", neverStepFree(audit)},
+          {"#92c5de", "No way without steps if a connector fails", cutOffStepFree}};
+}
+
+// Colors the places of the groups. A place in several groups has the color of the first one.
+void addColors(RenderVenueOptions& options, const guidance::Audit& audit) {
+  std::set<std::shared_ptr<Location>> colored;
+  for (const Group& group : groupsOf(audit)) {
+    bool isShown = false;
+    for (const auto& place : group.places) {
+      if (!colored.insert(place).second) continue;
+      options.highlights.push_back(fmt::format("{}={}", *place->id, group.color));
+      isShown = true;
+    }
+    if (isShown) options.legend.push_back({*graphics::Color::parse(group.color), group.meaning});
+  }
 }
 
 // Draws the floors of one package as `render` does.
@@ -93,8 +110,9 @@ void drawPicture(const std::filesystem::path& folder, const Venue& venue,
   options.labels = true;
   options.output = file;
   options.printsFiles = false;  // the output is JSON
-  options.highlights = highlights(audit);
-  renderVenue(options);
+  addColors(options, audit);
+  if (renderVenue(options) != ExitCode::success)
+    throw CommandError(ExitCode::noAnswer, "--picture: not all floors can be drawn");
 }
 
 }  // namespace

@@ -94,7 +94,8 @@ Does not need a display. Prints the names of the files that it writes. If there 
 the name of each file contains the short name of the floor. Places are specified as for
 `orivanta route`. With --route, the images show the floors of the route in the order of the route. A
 floor that the route enters several times has an image for each part of the route; --map FLOOR shows
-all parts on one floor.
+all parts on one floor. With a style, but without --map, --zoom and --route, the image shows the
+part of the floor where most places are.
 
 Most licenses for map data require that its sources are shown with the map. If the venue names them,
 the images show them. With --no-attribution, or if they do not fit, they are printed to standard
@@ -180,10 +181,13 @@ Prints one line of JSON for each package, in order:
                     "cutOffStepFree" for visitors who need a route without steps
 Entrances are the locations of the type "entrance" or "exit", or of a category with such an
 identifier. If there is none, a well-connected place is used, and "entranceAssumed" is true.
-With --picture, draws each floor to a file whose name contains the short name of the floor.
-In the pictures, unreachable places are red, places without a way back are purple, and places
-without a step-free route are orange. Places that the failure of a connector cuts off are blue, and
-pale blue if only visitors who need a route without steps are cut off. The first of these counts.
+With --picture, draws each floor to a file whose name contains the short name of the floor. A place
+has the first of these colors that applies, and a legend shows those that occur:
+  red        it cannot be reached
+  purple     it cannot be left
+  blue       the failure of a single connector cuts it off for everybody
+  orange     no entrance reaches it without steps
+  pale blue  the failure of a single connector cuts it off for visitors who need a way without steps
 
 Exit code 1 means that a place cannot be reached, or cannot be left.
 

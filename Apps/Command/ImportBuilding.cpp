@@ -87,7 +87,8 @@ void showProgress(std::string_view stage, double share) {
 
 void write(const importer::Building& building, const ImportOptions& options) try {
   if (!options.quiet) showProgress("writing", 0.0);
-  importer::writePackage(building, options.output);
+  importer::writePackage(building, options.output,
+                         options.quiet ? importer::Progress() : showProgress);
 } catch (const std::runtime_error& error) {
   throw CommandError(ExitCode::outputFailed, error.what());
 }

@@ -162,6 +162,16 @@ struct Place {
 
 enum class ConnectorKind { elevator, escalator, stairs, ramp, movingWalkway };
 
+/// The kind of the connector that an area of this kind belongs to; stairs for areas of no
+/// connector.
+inline ConnectorKind connectorKindOf(AreaKind kind) {
+  return kind == AreaKind::elevator        ? ConnectorKind::elevator
+         : kind == AreaKind::escalator     ? ConnectorKind::escalator
+         : kind == AreaKind::ramp          ? ConnectorKind::ramp
+         : kind == AreaKind::movingWalkway ? ConnectorKind::movingWalkway
+                                           : ConnectorKind::stairs;
+}
+
 /// A connector that the source states by itself: an elevator node with a list of levels, a
 /// relationship. Areas and lines of connectors need no hint.
 struct ConnectorHint {
@@ -273,6 +283,9 @@ struct Building {
   std::vector<SourceNode> sourceNodes;
   std::vector<SourceLink> sourceLinks;
 
+  /// The results of `walkableSpace` by ordinal. A stage that changes what they depend on removes
+  /// them.
+  std::map<double, std::vector<Polygon>> walkableSpaces;
   std::vector<Connector> connectors;
   Network network;
 };

@@ -93,6 +93,8 @@ PackageLayout::PackageLayout(const Building& building) : building_(&building) {
   Box all;
   const std::map<double, Box> bounds = boundsOf(building, all);
   unitsPerMeter_ = roundScale(all.longestSide());
+  places_.reserve(building.places.size());
+  for (const Place& place : building.places) places_.emplace(place.id, &place);
   slug_ = asSlug(building.names.name);
   for (const auto& [language, name] : building.names.byLanguage)
     if (slug_.size() < 3) slug_ = asSlug(name);
@@ -115,6 +117,11 @@ PackageLayout::PackageLayout(const Building& building) : building_(&building) {
       std::max_element(maps_.begin(), maps_.end(),
                        [&](const Storey* a, const Storey* b) { return side(a) < side(b); });
   if (main != maps_.end()) std::rotate(maps_.begin(), main, main + 1);
+}
+
+const Place* PackageLayout::placeOf(const Area& area) const {
+  const auto found = places_.find(area.place);
+  return found == places_.end() ? nullptr : found->second;
 }
 
 double PackageLayout::toUnits(double meters) const {

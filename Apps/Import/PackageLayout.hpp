@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "Apps/Import/Building.hpp"
@@ -16,6 +17,8 @@ class PackageLayout {
   explicit PackageLayout(const Building& building);
 
   const Building& building() const { return *building_; }
+  /// The place that an area belongs to, or null.
+  const Place* placeOf(const Area& area) const;
 
   /// A round number, so that the longest side of the building is 800 to 2,000 units.
   double unitsPerMeter() const { return unitsPerMeter_; }
@@ -36,6 +39,7 @@ class PackageLayout {
 
  private:
   const Building* building_;
+  std::unordered_map<std::string_view, const Place*> places_;
   double unitsPerMeter_ = 1.0;
   std::string slug_;
   std::vector<const Storey*> maps_;

@@ -1,9 +1,11 @@
 #include "Apps/Package/Model.hpp"
 
+#include <fmt/compile.h>
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <cmath>
+#include <functional>
+#include <iterator>
 
 #include "Apps/Package/Units.hpp"
 
@@ -21,18 +23,27 @@ double rounded(double value, double steps) {
 
 }  // namespace
 
-std::size_t Model::Lines::number(std::string line) {
-  const auto [entry, added] = numbers_.emplace(std::move(line), numbers_.size() + 1);
-  if (added) text_ += entry->first;
+std::size_t Model::Lines::Hash::operator()(const Values& values) const {
+  std::size_t hash = 0;
+  for (const double value : values)
+    hash = (hash ^ std::hash<double>()(value)) * 0x9E3779B97F4A7C15U + (hash >> 29U);
+  return hash;
+}
+
+std::size_t Model::Lines::number(const Values& values) {
+  const auto [entry, added] = numbers_.emplace(values, numbers_.size() + 1);
+  if (!added) return entry->second;
+  text_ += keyword_;
+  for (std::size_t i = 0; i < count_; ++i)
+    fmt::format_to(std::back_inserter(text_), FMT_COMPILE(" {}"), values[i]);
+  text_ += '\n';
   return entry->second;
 }
 
 void Model::use(const Material& material) {
-  const auto known = std::find_if(groups_.begin(), groups_.end(), [&](const Group& group) {
-    return group.material.name == material.name;
-  });
-  current_ = static_cast<std::size_t>(known - groups_.begin());
-  if (known == groups_.end()) groups_.push_back({material, {}});
+  const auto [known, isNew] = groupsByName_.emplace(material.name, groups_.size());
+  current_ = known->second;
+  if (isNew) groups_.push_back({material, {}});
 }
 
 // Computes the normal with Newell's method. Coordinates are in units.
@@ -49,21 +60,22 @@ void Model::face(const std::vector<Corner>& corners) {
   }
   const double size = std::sqrt(x * x + y * y + z * z);
   if (size < 1e-9) return;
-  const std::size_t normal = normals_.number(fmt::format(
-      "vn {} {} {}\n", rounded(x / size, 1e4), rounded(y / size, 1e4), rounded(z / size, 1e4)));
+  const std::size_t normal =
+      normals_.number({rounded(x / size, 1e4), rounded(y / size, 1e4), rounded(z / size, 1e4)});
   Group& group = groups_[current_];
+  const auto end = std::back_inserter(group.faces);
   group.faces += 'f';
   for (const Corner& corner : corners) {
-    const std::size_t vertex = vertices_.number(
-        fmt::format("v {} {} {}\n", roundedUnits(corner.plan.x * unitsPerMeter_),
-                    roundedUnits(corner.plan.y * unitsPerMeter_), rounded(corner.height, 1e3)));
+    const std::size_t vertex = vertices_.number({roundedUnits(corner.plan.x * unitsPerMeter_),
+                                                 roundedUnits(corner.plan.y * unitsPerMeter_),
+                                                 rounded(corner.height, 1e3)});
     if (group.material.texture.empty()) {
-      group.faces += fmt::format(" {}//{}", vertex, normal);
+      fmt::format_to(end, FMT_COMPILE(" {}//{}"), vertex, normal);
     } else {
-      const std::size_t coordinates = textureCoordinates_.number(
-          fmt::format("vt {} {}\n", rounded(corner.plan.x / textureMeters, 1e4),
-                      rounded(corner.plan.y / textureMeters, 1e4)));
-      group.faces += fmt::format(" {}/{}/{}", vertex, coordinates, normal);
+      const std::size_t coordinates =
+          textureCoordinates_.number({rounded(corner.plan.x / textureMeters, 1e4),
+                                      rounded(corner.plan.y / textureMeters, 1e4), 0.0});
+      fmt::format_to(end, FMT_COMPILE(" {}/{}/{}"), vertex, coordinates, normal);
     }
   }
   group.faces += '\n';

@@ -4,11 +4,12 @@
 // with x pointing east, y north and z up.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
-#include <map>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "Apps/Package/Color.hpp"
@@ -65,14 +66,22 @@ class Model {
     Material material;
     std::string faces;
   };
-  // Stores each line of the file once and numbers them from 1.
+  // Lines of the file with two or three numbers. Stores each once and numbers them from 1.
   class Lines {
    public:
-    std::size_t number(std::string line);
+    using Values = std::array<double, 3>;
+    /// Lines begin with `keyword`, and have `count` of the values.
+    Lines(std::string_view keyword, std::size_t count) : keyword_(keyword), count_(count) {}
+    std::size_t number(const Values& values);
     const std::string& text() const { return text_; }
 
    private:
-    std::map<std::string, std::size_t> numbers_;
+    struct Hash {
+      std::size_t operator()(const Values& values) const;
+    };
+    std::string_view keyword_;
+    std::size_t count_;
+    std::unordered_map<Values, std::size_t, Hash> numbers_;
     std::string text_;
   };
 
@@ -81,10 +90,11 @@ class Model {
 
   double unitsPerMeter_;
   std::vector<Group> groups_;
+  std::unordered_map<std::string, std::size_t> groupsByName_;
   std::size_t current_ = 0;
-  Lines vertices_;
-  Lines textureCoordinates_;
-  Lines normals_;
+  Lines vertices_{"v", 3};
+  Lines textureCoordinates_{"vt", 2};
+  Lines normals_{"vn", 3};
 };
 
 }  // namespace orivanta::package

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <stdexcept>
 
 #include "Platform/Graphics/ImageFile.hpp"
@@ -47,17 +48,44 @@ double coverage(int x, int y, const std::function<bool(Point)>& covers) {
   return hits / double{grid * grid};
 }
 
+std::vector<double> crossingsAt(const Outline& ring, double y) {
+  std::vector<double> crossings;
+  for (std::size_t i = 0; i < ring.size(); ++i) {
+    const Point a = ring[i];
+    const Point b = ring[i + 1 < ring.size() ? i + 1 : 0];
+    if ((a.y > y) != (b.y > y)) crossings.push_back(a.x + (b.x - a.x) * (y - a.y) / (b.y - a.y));
+  }
+  return crossings;
+}
+
+// Where the border of an outline crosses horizontal lines, computed once for each line.
+class Crossings {
+ public:
+  explicit Crossings(const Outline& outline) : outline_(outline) {}
+
+  bool contains(Point point) {
+    const auto [entry, isNew] = lines_.try_emplace(point.y);
+    if (isNew) entry->second = crossingsAt(outline_, point.y);
+    return std::count_if(entry->second.begin(), entry->second.end(),
+                         [&](double x) { return point.x < x; }) %
+               2 ==
+           1;
+  }
+
+ private:
+  const Outline& outline_;
+  std::map<double, std::vector<double>> lines_;
+};
+
 constexpr int linesPerRow = 4;
 
 // Adds the shares of the pixels on a horizontal line that are inside an odd number of rings.
 void addSpans(const std::vector<Outline>& rings, double y, std::vector<double>& shares) {
   std::vector<double> crossings;
-  for (const Outline& ring : rings)
-    for (std::size_t i = 0; i < ring.size(); ++i) {
-      const Point a = ring[i];
-      const Point b = ring[(i + 1) % ring.size()];
-      if ((a.y > y) != (b.y > y)) crossings.push_back(a.x + (b.x - a.x) * (y - a.y) / (b.y - a.y));
-    }
+  for (const Outline& ring : rings) {
+    const std::vector<double> ofRing = crossingsAt(ring, y);
+    crossings.insert(crossings.end(), ofRing.begin(), ofRing.end());
+  }
   std::sort(crossings.begin(), crossings.end());
   const double width = static_cast<double>(shares.size());
   for (std::size_t i = 0; i + 1 < crossings.size(); i += 2) {
@@ -74,8 +102,9 @@ Picture::Picture(int width, int height, Color background, double alpha)
     : width_(width),
       height_(height),
       bytes_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4) {
-  for (int y = 0; y < height_; ++y)
-    for (int x = 0; x < width_; ++x) put(pixel(x, y), background, alpha);
+  std::uint8_t first[4];
+  put(first, background, alpha);
+  for (std::size_t i = 0; i < bytes_.size(); ++i) bytes_[i] = first[i % 4];
 }
 
 std::uint8_t* Picture::pixel(int x, int y) {
@@ -103,8 +132,9 @@ void Picture::fill(const Outline& outline, Color color) {
     least = {std::min(least.x, point.x), std::min(least.y, point.y)};
     most = {std::max(most.x, point.x), std::max(most.y, point.y)};
   }
+  Crossings crossings(outline);
   paint(
-      boxAround(least, most), [&](Point point) { return contains(outline, point); }, color);
+      boxAround(least, most), [&](Point point) { return crossings.contains(point); }, color);
 }
 
 void Picture::fill(const std::vector<Outline>& rings, Color color) {

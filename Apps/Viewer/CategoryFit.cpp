@@ -1,6 +1,7 @@
 #include "Apps/Viewer/CategoryFit.hpp"
 
 #include <algorithm>
+#include <iterator>
 
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Category.hpp"
@@ -20,23 +21,43 @@ std::string identifierForm(const std::string& identifier) {
   return form.starts_with("cat ") ? form.substr(4) : form;
 }
 
-bool isClearBeginning(std::string_view word) {
-  const auto first = foundation::firstCharacter(word).codePoint;
+// Returns whether a part of a word is long enough to stand for the word.
+bool isClear(std::string_view part) {
+  const auto first = foundation::firstCharacter(part).codePoint;
   if (first >= 0x0590 && first < 0x0900) return false;  // Hebrew, Arabic and related scripts
   std::size_t letters = 0;
-  for (; !word.empty(); ++letters)
-    word.remove_prefix(foundation::firstCharacter(word).bytes.size());
+  for (; !part.empty(); ++letters)
+    part.remove_prefix(foundation::firstCharacter(part).bytes.size());
   return letters >= (first >= 0x2E80 && first < 0xAC00 ? 2U : 3U);  // kana and ideographs
+}
+
+// Returns whether a word is another one or its plural in English, German or French.
+bool isFormOf(std::string_view word, std::string_view singular) {
+  if (!word.starts_with(singular)) return false;
+  word.remove_prefix(singular.size());
+  if (word.empty()) return true;
+  constexpr std::string_view endings[] = {"s", "es", "e", "n", "en", "er", "x"};
+  return std::find(std::begin(endings), std::end(endings), word) != std::end(endings) &&
+         isClear(singular);
 }
 
 Fit fitOfWords(const Words& own, const Words& typed) {
   Fit fit = Fit::words;
   for (const std::string& word : typed) {
-    if (std::find(own.begin(), own.end(), word) != own.end()) continue;
-    if (!isClearBeginning(word) || !beginsAny(own, word)) return Fit::none;
+    const auto isForm = [&](const std::string& each) { return isFormOf(each, word); };
+    if (std::any_of(own.begin(), own.end(), isForm)) continue;
+    if (!isClear(word) || !beginsAny(own, word)) return Fit::none;
     fit = Fit::beginnings;
   }
   return fit;
+}
+
+bool containsAll(const Words& own, const Words& words) {
+  return !words.empty() && std::all_of(words.begin(), words.end(), [&](const std::string& word) {
+    return std::any_of(own.begin(), own.end(), [&](const std::string& each) {
+      return isFormOf(each, word) || (each.ends_with(word) && isClear(word));
+    });
+  });
 }
 
 }  // namespace
@@ -67,6 +88,12 @@ Fit fitOf(const CategoryForms& category, const std::string& form) {
   const Words typed = split(form, ' ');
   return std::min(fitOfWords(split(category.name, ' '), typed),
                   fitOfWords(split(category.identifier, ' '), typed));
+}
+
+bool isNamedAfter(const CategoryForms& category, const std::string& form) {
+  const Words words = split(form, ' ');
+  return containsAll(split(category.name, ' '), words) ||
+         containsAll(split(category.identifier, ' '), words);
 }
 
 }  // namespace orivanta::viewer

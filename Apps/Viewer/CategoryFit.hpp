@@ -31,14 +31,19 @@ CategoryForms formsOf(const Category& category);
 enum class Fit {
   identifier,  ///< the text is the identifier
   name,        ///< the text is the name
-  words,       ///< each word of the text is a word of the name or the identifier
+  words,       ///< each word of the text, or its plural, is a word of the name or the identifier
   beginnings,  ///< each word of the text begins one, and is long enough to mean it
   none         ///< the text does not match
 };
 
-/// Returns how well a category matches a text in its search form. Beginnings of words have at least
-/// three letters, two in Japanese and Chinese. In Arabic and Hebrew they do not match, because
-/// another ending is often another word.
+/// Returns how well a category matches a text in its search form. Beginnings of words, and words
+/// with a plural ending, have at least three letters, two in Japanese and Chinese. In Arabic and
+/// Hebrew they do not match, because another ending is often another word.
 Fit fitOf(const CategoryForms& category, const std::string& form);
+
+/// Returns whether the name or the identifier of a category contains each word of a text in its
+/// search form, also in the plural or at the end of a compound: "toilets" and "Herrentoilette"
+/// contain "toilette", but "toiletries" does not contain "toilet".
+bool isNamedAfter(const CategoryForms& category, const std::string& form);
 
 }  // namespace orivanta::viewer

@@ -28,24 +28,24 @@ void ClosureMarks::show(const guidance::Closures& closures, double scale) {
   if (closures.empty()) return;
   const Map& floor = *mapView_->currentMap();
   const Venue& venue = *mapView_->venue;
+  const LabelNames names(venue);
   const auto isClosed = [&](const Location& place) {
     return closures.contains(place.id.value_or(""));
   };
   for (const auto& place : *venue.locations) {
     if (!isClosed(*place) || !isOnFloor(*place, floor)) continue;
-    add(*place, mapView_->findPosition3D(*place), scale);
+    add(names.of(*place), mapView_->findPosition3D(*place), scale);
     places_.push_back(place);
   }
   for (const auto& connector : *venue.vortices) {
     if (!isClosed(*connector)) continue;
     const auto node = std::find_if(connector->nodes.begin(), connector->nodes.end(),
                                    [&](const auto& each) { return each->map.get() == &floor; });
-    if (node != connector->nodes.end()) add(*connector, scenePosition(**node), scale);
+    if (node != connector->nodes.end()) add(names.of(*connector), scenePosition(**node), scale);
   }
 }
 
-void ClosureMarks::add(const Location& place, graphics::Vector3 position, double scale) {
-  std::string name = labelName(*mapView_->venue, place);
+void ClosureMarks::add(std::string name, graphics::Vector3 position, double scale) {
   if (!name.empty()) name += '\n';
   marks_.push_back(makePinMarker(theme::warning, pinHeight, name + word_, labelStyle(), scale));
   marks_.back()->setPosition(position);

@@ -25,7 +25,7 @@ class ClosureMarks {
   const std::vector<std::shared_ptr<Location>>& places() const { return places_; }
 
  private:
-  void add(const Location& place, graphics::Vector3 position, double scale);
+  void add(std::string name, graphics::Vector3 position, double scale);
 
   std::shared_ptr<MapView> mapView_;
   std::string word_;

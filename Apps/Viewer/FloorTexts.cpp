@@ -56,6 +56,12 @@ Problem floorProblem(const FloorProgress& floor, const guidance::InterfaceTexts&
           texts.text("interface.problem.model.detail")};
 }
 
+std::string floorNote(const FloorProgress& floor, const guidance::InterfaceTexts& texts) {
+  const char* key =
+      floor.state == FloorState::failed ? "interface.note.floor" : "interface.note.model";
+  return texts.text(key, {{"floor", texts.name(floorName(*floor.map))}});
+}
+
 Problem floorsProblem(const std::vector<FloorProgress>& floors, const Venue& venue,
                       const guidance::InterfaceTexts& texts) {
   const auto broken = std::find_if(floors.begin(), floors.end(), [](const FloorProgress& floor) {

@@ -20,6 +20,9 @@ std::string progressText(const std::vector<FloorProgress>& floors,
 /// Returns why a floor that failed or has no model cannot be shown.
 Problem floorProblem(const FloorProgress& floor, const guidance::InterfaceTexts& texts);
 
+/// Returns the same as one sentence.
+std::string floorNote(const FloorProgress& floor, const guidance::InterfaceTexts& texts);
+
 /// Returns why none of the floors can be shown.
 Problem floorsProblem(const std::vector<FloorProgress>& floors, const Venue& venue,
                       const guidance::InterfaceTexts& texts);

@@ -18,15 +18,14 @@ struct GuidedRoute {
   std::vector<std::string> texts;            ///< one for each step
   std::string summary;                       ///< such as "160 m, 3 min"
   std::string warning;                       ///< which stops are closed at the arrival; or empty
-  std::shared_ptr<Location> destination;     ///< see `to`
   NodeList path;                             ///< at least one node
   std::vector<std::shared_ptr<Map>> floors;  ///< on which it has a length, without duplicates
 
   /// Returns the place of departure; null for a node or a position.
   std::shared_ptr<Location> from() const { return itinerary.visits.front().location; }
 
-  /// Returns the place or the connector of arrival; null for another node or a position.
-  std::shared_ptr<Location> to() const { return destination; }
+  /// Returns the place or the connector of arrival; null for a node or a position.
+  std::shared_ptr<Location> to() const { return itinerary.visits.back().location; }
 };
 
 /// The answer to a request: routes, or a reason why there is none.

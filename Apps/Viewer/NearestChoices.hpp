@@ -12,23 +12,20 @@
 
 namespace orivanta::viewer {
 
-/// A destination that is the nearest of several.
+/// A destination that is the nearest of several places.
 struct NearestChoice {
-  std::string title;                   ///< such as "Nearest toilet"
-  std::shared_ptr<Category> category;  ///< of the places; null for the elevators of the venue
+  std::string title;    ///< such as "Nearest toilet"
+  guidance::Stop stop;  ///< several places or a category
 };
 
-/// Returns the nearest place of a category as a destination.
+/// Returns the nearest place of a category as a destination. It is not an emergency exit unless the
+/// category is one of emergency exits.
 NearestChoice nearestOf(const std::shared_ptr<Category>& category,
                         const guidance::InterfaceTexts& texts);
 
-/// Returns the stop for a choice: a category, or the nodes of all elevators that are not closed.
-/// The list of nodes is empty if all are. The venue must be loaded.
-guidance::Stop stopFor(const NearestChoice& choice, const Venue& venue,
-                       const guidance::Closures& closures);
-
-/// Returns the choices for a place: a toilet and an exit, unless the place is one, and an elevator.
-/// Omits what the venue does not have or what is closed. The venue must be loaded.
+/// Returns the choices for a place: toilets and exits, unless the place is one of them, and the
+/// elevators. What the venue does not have is omitted, and so are the elevators if all are closed.
+/// Entrances replace exits if there are none. The venue must be loaded.
 std::vector<NearestChoice> nearestChoices(const Venue& venue, const Location& place,
                                           const guidance::Closures& closures,
                                           const guidance::InterfaceTexts& texts);

@@ -31,11 +31,25 @@ NodeList nodesOf(const GuidedRoute& route, std::size_t index) {
           nodes.begin() + static_cast<std::ptrdiff_t>(std::max(end, step.first + 1))};
 }
 
+// Returns the stops between the ends. The last node of a leg begins the next one.
+std::vector<RouteOverlay::Stop> stopsOf(const guidance::Itinerary& itinerary) {
+  std::vector<RouteOverlay::Stop> stops;
+  std::size_t legs = 0;
+  std::size_t index = 0;  // in the path, after these legs
+  for (std::size_t i = 1; i + 1 < itinerary.visits.size(); ++i) {
+    const guidance::Visit& visit = itinerary.visits[i];
+    for (; legs < visit.leg; ++legs) index += itinerary.legs[legs].nodes.size() - 1;
+    stops.push_back({index, visit.location});
+  }
+  return stops;
+}
+
 }  // namespace
 
 void RouteDisplay::show(const GuidedRoute& route, double scale) {
   overlay_ = std::make_unique<RouteOverlay>(mapView_, route.path, route.from(), route.to());
   overlay_->start = overlay_->destination = "";  // if they are no places
+  overlay_->stops = stopsOf(route.itinerary);
   wanted_ = route.path.front();
   overlay_->show(scale);
 }

@@ -5,9 +5,6 @@
 #include <utility>
 
 #include "Apps/Viewer/ProfileChoices.hpp"
-#include "Apps/Viewer/RouteMatch.hpp"
-#include "Source/Guidance/LabelName.hpp"
-#include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Location.hpp"
 
 namespace orivanta::viewer {
@@ -16,8 +13,15 @@ namespace {
 
 constexpr int alternatives = 2;
 
-std::optional<std::string> nameOf(const std::shared_ptr<Location>& place) {
-  return place ? std::optional(place->name.value_or("")) : std::nullopt;
+// Returns whether two routes lead along the same nodes and connectors.
+bool isSameRoute(const GuidedRoute& route, const GuidedRoute& other) {
+  const auto isSameRide = [](const guidance::Leg& left, const guidance::Leg& right) {
+    return left.connector == right.connector;
+  };
+  const auto& legs = route.itinerary.legs;
+  const auto& others = other.itinerary.legs;
+  return route.path == other.path &&
+         std::equal(legs.begin(), legs.end(), others.begin(), others.end(), isSameRide);
 }
 
 }  // namespace
@@ -25,6 +29,7 @@ std::optional<std::string> nameOf(const std::shared_ptr<Location>& place) {
 RouteSession::RouteSession(std::shared_ptr<Venue> venue, const guidance::InterfaceTexts& texts,
                            Clock clock)
     : venue_(venue),
+      texts_(texts),
       clock_(std::move(clock)),
       guide_(GuideWorker(std::move(venue), texts),
              [this](GuidedPlan plan) { take(std::move(plan)); }) {
@@ -34,61 +39,45 @@ RouteSession::RouteSession(std::shared_ptr<Venue> venue, const guidance::Interfa
 // --- Stops
 
 void RouteSession::departFrom(const std::shared_ptr<Location>& place) {
-  if (to_ == place) to_ = nullptr;
+  stops_.dropEnd(RouteEnd::destination, place);
   setEnd(RouteEnd::start, place);
 }
 
 void RouteSession::goTo(const std::shared_ptr<Location>& place) {
-  if (from_ == place) from_ = nullptr;
+  stops_.dropEnd(RouteEnd::start, place);
   setEnd(RouteEnd::destination, place);
 }
 
-void RouteSession::goToNearest(std::shared_ptr<Location> from, NearestChoice nearest) {
-  from_ = std::move(from);
-  to_ = nullptr;
-  nearest_ = std::move(nearest);
-  between_.clear();
+void RouteSession::goToNearest(const std::shared_ptr<Location>& from, NearestChoice nearest) {
+  if (from) stops_.setEnd(RouteEnd::start, from);
+  stops_.setNearest(std::move(nearest));
   request();
 }
 
 void RouteSession::setEnd(RouteEnd end, const std::shared_ptr<Location>& place) {
-  between_.erase(std::remove(between_.begin(), between_.end(), place), between_.end());
-  if (end == RouteEnd::start) {
-    from_ = place;
-  } else {
-    to_ = place;
-    nearest_.reset();
-  }
+  stops_.setEnd(end, place);
   request();
 }
 
 bool RouteSession::fillMissingEnd(const std::shared_ptr<Location>& place) {
   if (!hasStops() || isComplete()) return false;
-  setEnd(from_ ? RouteEnd::destination : RouteEnd::start, place);
+  setEnd(hasStart() ? RouteEnd::destination : RouteEnd::start, place);
   return true;
 }
 
 void RouteSession::swapEnds() {
-  std::reverse(between_.begin(), between_.end());
-  if (nearest_) to_ = route() ? route()->to() : nullptr;
-  nearest_.reset();
-  std::swap(from_, to_);
+  stops_.swapEnds(route() ? route()->to() : nullptr);
   request();
-}
-
-bool RouteSession::canAddStop(const std::shared_ptr<Location>& place) const {
-  return from_ && to_ && place != from_ && place != to_ &&
-         std::find(between_.begin(), between_.end(), place) == between_.end();
 }
 
 void RouteSession::addStop(const std::shared_ptr<Location>& place) {
   if (!canAddStop(place)) return;
-  between_.push_back(place);
+  stops_.add(place);
   request();
 }
 
 void RouteSession::removeStop(std::size_t index) {
-  between_.erase(between_.begin() + static_cast<std::ptrdiff_t>(index));
+  stops_.remove(index);
   request();
 }
 
@@ -98,24 +87,15 @@ void RouteSession::setProfile(std::size_t index) {
 }
 
 void RouteSession::clear() {
-  from_ = nullptr;
-  to_ = nullptr;
-  nearest_.reset();
-  between_.clear();
+  stops_ = {};
   request();
 }
 
 StopNames RouteSession::names() const {
-  StopNames names{nameOf(from_), {}, nameOf(to_)};
-  for (const auto& place : between_) names.between.push_back(place->name.value_or(""));
-  if (nearest_) names.to = nearest_->title;
-  const auto found = nearest_ && route() ? route()->to() : nullptr;
-  if (found && !hasGeneratedName(*found) && !labelName(*venue_, *found).empty())
-    names.to = nameOf(found);
-  return names;
+  return stops_.names(*venue_, texts_, route() ? route()->to() : nullptr);
 }
 
-// --- Planning
+// --- Requests
 
 void RouteSession::request() {
   planAgain();
@@ -126,77 +106,109 @@ void RouteSession::planAgain() {
   guide_.cancel();
   plan_ = {};
   chosen_ = 0;
-  purpose_ = Purpose::plan;
-  if (isComplete()) guide_.start(makeRequest(from_, between_));
+  if (isComplete()) start(Purpose::plan, stops_);
   if (changed) changed();
 }
 
-guidance::Request RouteSession::makeRequest(guidance::Stop start, const Places& between) const {
+void RouteSession::start(Purpose purpose, const RouteStops& stops) {
+  purpose_ = purpose;
   guidance::Request request;
-  request.stops = {std::move(start)};
-  for (const auto& place : between) request.stops.emplace_back(place);
-  request.stops.push_back(nearest_ ? stopFor(*nearest_, *venue_, closures_) : guidance::Stop(to_));
-  request.bestOrder = between.size() > 1;
+  request.stops = stops.list();
+  request.bestOrder = stops.between().size() > 1;
   request.profile = profileChoices[profile_].make();
   request.closures = closures_;
   request.at = clock_();
   request.alternatives = alternatives;
-  return request;
+  guide_.start(std::move(request));
 }
 
 void RouteSession::setClosures(const guidance::Closures& closures,
-                               const std::optional<Progress>& progress) {
+                               const std::optional<RouteProgress>& progress) {
   closures_ = closures;
   if (!isComplete()) return;
   if (!route()) return planAgain();
-  if (!progress) {
-    purpose_ = Purpose::update;
-    return guide_.start(makeRequest(from_, between_));
-  }
-  Places left;
-  const auto& visits = route()->itinerary.visits;
-  for (std::size_t i = 1; i + 1 < visits.size(); ++i)
-    if (visits[i].leg > progress->leg) left.push_back(visits[i].location);
-  purpose_ = Purpose::updateOnTheWay;
-  guide_.start(makeRequest(progress->position, left));
+  if (!progress) return start(Purpose::update, stops_);
+  const RouteRest rest(*route(), *progress);
+  if (isOpen(rest)) return keepOpenRoutes();
+  rest_ = rest;
+  start(Purpose::replaceRest, stopsOfRest());
 }
 
+bool RouteSession::isOpen(const RouteRest& rest) const {
+  return rest.isOpen(*plan_.guide, profileChoices[profile_].make(), closures_);
+}
+
+void RouteSession::walkEnded() {
+  if (isPlanning() && purpose_ == Purpose::replaceRest) start(Purpose::update, stops_);
+}
+
+// Returns the stops that are left, beginning at the traveler.
+RouteStops RouteSession::stopsOfRest() const {
+  RouteStops stops = stops_;
+  stops.beginAt(rest_->start());
+  stops.setBetween(rest_->places());
+  return stops;
+}
+
+// --- Answers
+
 void RouteSession::take(GuidedPlan plan) {
-  if (purpose_ != Purpose::plan && keepRoute(plan)) {
-    if (confirmed) confirmed();
+  if (purpose_ == Purpose::update) return takeUpdate(std::move(plan));
+  if (purpose_ == Purpose::replaceRest) return takeNewRest(std::move(plan));
+  adopt(std::move(plan));
+  if (planned) planned();
+}
+
+// Keeps the chosen route if it is in the new plan. The best route is only kept if it is still the
+// best one.
+void RouteSession::takeUpdate(GuidedPlan plan) {
+  const auto same =
+      std::find_if(plan.routes.begin(), plan.routes.end(),
+                   [this](const GuidedRoute& other) { return isSameRoute(other, *route()); });
+  if (same == plan.routes.end() || (chosen_ == 0 && same != plan.routes.begin())) {
+    const std::string closed = RouteRest(*route()).closedName(closures_, *venue_);
+    adopt(std::move(plan));
+    if (rerouted) rerouted(closed);
     return;
   }
+  chosen_ = static_cast<std::size_t>(same - plan.routes.begin());
+  plan_ = std::move(plan);
+  if (confirmed) confirmed();
+}
+
+void RouteSession::takeNewRest(GuidedPlan plan) {
+  stops_ = stopsOfRest();
+  adopt(std::move(plan));
+  if (rerouted) rerouted(rest_->closedName(closures_, *venue_));
+}
+
+void RouteSession::adopt(GuidedPlan plan) {
   plan_ = std::move(plan);
   chosen_ = 0;
   if (!plan_.routes.empty()) choose(0);
-  const auto& told = purpose_ == Purpose::plan ? planned : rerouted;
-  if (told) told();
 }
 
-// Keeps the chosen route if a plan after a change of the closures has it too. The best route is
-// only kept if it is still the best one. Returns false if the plan has to replace the current one.
-bool RouteSession::keepRoute(GuidedPlan& plan) {
-  const auto found =
-      std::find_if(plan.routes.begin(), plan.routes.end(), [this](const GuidedRoute& other) {
-        return purpose_ == Purpose::updateOnTheWay ? isRestOf(other, *route())
-                                                   : isSameRoute(other, *route());
-      });
-  if (found == plan.routes.end() || (chosen_ == 0 && found != plan.routes.begin())) return false;
-  if (purpose_ == Purpose::updateOnTheWay) {  // the other routes of the old plan may be closed
-    plan_.routes = {std::move(plan_.routes[chosen_])};
-    chosen_ = 0;
-  } else {
-    chosen_ = static_cast<std::size_t>(found - plan.routes.begin());
-    plan_ = std::move(plan);
+// Keeps the chosen route and those of the others on which nothing is closed.
+void RouteSession::keepOpenRoutes() {
+  guide_.cancel();
+  std::vector<GuidedRoute> kept;
+  std::size_t chosen = 0;
+  for (std::size_t i = 0; i < plan_.routes.size(); ++i) {
+    if (i == chosen_) chosen = kept.size();
+    if (i == chosen_ || isOpen(RouteRest(plan_.routes[i])))
+      kept.push_back(std::move(plan_.routes[i]));
   }
-  return true;
+  plan_.routes = std::move(kept);
+  chosen_ = chosen;
+  if (confirmed) confirmed();
 }
 
 void RouteSession::choose(std::size_t index) {
   chosen_ = index;
-  between_.clear();
+  RouteStops::Places between;
   const auto& visits = plan_.routes[index].itinerary.visits;
-  for (std::size_t i = 1; i + 1 < visits.size(); ++i) between_.push_back(visits[i].location);
+  for (std::size_t i = 1; i + 1 < visits.size(); ++i) between.push_back(visits[i].location);
+  stops_.setBetween(std::move(between));
 }
 
 const GuidedRoute* RouteSession::route() const {

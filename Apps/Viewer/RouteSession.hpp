@@ -5,14 +5,17 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "Apps/Viewer/GuideWorker.hpp"
 #include "Apps/Viewer/GuidedRoute.hpp"
 #include "Apps/Viewer/LatestRequest.hpp"
-#include "Apps/Viewer/NearestChoices.hpp"
+#include "Apps/Viewer/RouteRest.hpp"
+#include "Apps/Viewer/RouteStops.hpp"
 #include "Apps/Viewer/StopNames.hpp"
 #include "Source/Guidance/Closures.hpp"
+#include "Source/Guidance/InterfaceTexts.hpp"
 #include "Source/Guidance/LocalTime.hpp"
 
 namespace orivanta::viewer {
@@ -20,15 +23,13 @@ namespace orivanta::viewer {
 /// Plans a route in the background when it has a start and a destination, and again after each
 /// change of the stops, the profile or the closures. Opening hours count at the time of the clock.
 /// Main thread only.
+///
+/// A traveler who is on the way stays on the chosen route as long as nothing on the rest of it is
+/// closed. Otherwise a new route begins at the traveler's position, which becomes the start: stops
+/// that were visited are no longer part of the route. It remains the start after the walk.
 class RouteSession {
  public:
   using Clock = std::function<guidance::LocalTime()>;
-
-  /// Where a traveler is on the chosen route.
-  struct Progress {
-    guidance::Position position;
-    std::size_t leg = 0;  ///< the index of the current leg
-  };
 
   RouteSession(std::shared_ptr<Venue> venue, const guidance::InterfaceTexts& texts, Clock clock);
 
@@ -38,9 +39,14 @@ class RouteSession {
   std::function<void()> requested;
   std::function<void()> planned;  ///< there is a new plan
 
-  // A plan after a change of the closures calls one of these instead of `planned`.
-  std::function<void()> confirmed;  ///< the chosen route remains; its alternatives may be others
-  std::function<void()> rerouted;   ///< there is another route, or none any more
+  // After a change of the closures, one of these is called instead of `planned`.
+
+  /// The chosen route remains; its alternatives may be others. May be called within `setClosures`.
+  std::function<void()> confirmed;
+
+  /// There is another route, or none any more. `closed` is the name of what is closed on the former
+  /// one, or empty if it is not known or has no name.
+  std::function<void(const std::string& closed)> rerouted;
 
   /// Makes a place the start, and drops the destination if it is the same place.
   void departFrom(const std::shared_ptr<Location>& place);
@@ -48,8 +54,9 @@ class RouteSession {
   /// Makes a place the destination, and drops the start if it is the same place.
   void goTo(const std::shared_ptr<Location>& place);
 
-  /// Leads to the nearest of several places, without stops in between. `from` may be null.
-  void goToNearest(std::shared_ptr<Location> from, NearestChoice nearest);
+  /// Leads to the nearest of several places, without stops in between. If `from` is null, the start
+  /// remains.
+  void goToNearest(const std::shared_ptr<Location>& from, NearestChoice nearest);
 
   /// Replaces one end of the route. A stop in between at the same place is removed.
   void setEnd(RouteEnd end, const std::shared_ptr<Location>& place);
@@ -63,21 +70,25 @@ class RouteSession {
   void removeStop(std::size_t index);                    ///< of the stops in between
   void setProfile(std::size_t index);                    ///< of `profileChoices`
 
-  /// Plans again around what is closed. The current plan stays until then. If the traveler is
-  /// already on the way, the route leads from that position to the stops that are left.
+  /// Plans again around what is closed. The current plan stays until then. `progress` is where a
+  /// traveler is on the chosen route, if on the way.
   void setClosures(const guidance::Closures& closures,
-                   const std::optional<Progress>& progress = std::nullopt);
+                   const std::optional<RouteProgress>& progress = std::nullopt);
+
+  /// The traveler is no longer on the way. If a route from the last progress is being planned, one
+  /// from the start is planned instead.
+  void walkEnded();
   void clear();  ///< removes all stops
 
   /// Chooses one of the plan's routes. The stops in between are then in the order of its visits.
   void choose(std::size_t index);
 
-  bool hasStops() const { return from_ || to_ || nearest_; }
-  bool isComplete() const { return from_ && (to_ || nearest_); }
-  const std::shared_ptr<Location>& from() const { return from_; }
+  bool hasStops() const { return !stops_.isEmpty(); }
+  bool isComplete() const { return stops_.isComplete(); }
+  bool hasStart() const { return stops_.hasStart(); }
 
   /// Whether a place can become a stop in between.
-  bool canAddStop(const std::shared_ptr<Location>& place) const;
+  bool canAddStop(const std::shared_ptr<Location>& place) const { return stops_.canAdd(place); }
   std::size_t profile() const { return profile_; }
   const guidance::Closures& closures() const { return closures_; }
 
@@ -98,29 +109,36 @@ class RouteSession {
   std::optional<guidance::LocalTime> arrival() const;
 
  private:
-  using Places = std::vector<std::shared_ptr<Location>>;
+  /// What is planned at the moment.
+  enum class Purpose {
+    plan,        // what the user has asked for
+    update,      // the same, after a change of the closures
+    replaceRest  // another way to the stops that are left
+  };
 
   void request();
   void planAgain();
-  guidance::Request makeRequest(guidance::Stop start, const Places& between) const;
+  void start(Purpose purpose, const RouteStops& stops);
+
   void take(GuidedPlan plan);
-  bool keepRoute(GuidedPlan& plan);
+  void takeUpdate(GuidedPlan plan);
+  void takeNewRest(GuidedPlan plan);
+  void adopt(GuidedPlan plan);
+  void keepOpenRoutes();
+  bool isOpen(const RouteRest& rest) const;
+  RouteStops stopsOfRest() const;
 
   const std::shared_ptr<Venue> venue_;
+  const guidance::InterfaceTexts texts_;
   const Clock clock_;
   LatestRequest<GuideWorker> guide_;
-  std::shared_ptr<Location> from_;
-  Places between_;
-  std::shared_ptr<Location> to_;
-  std::optional<NearestChoice> nearest_;  // the destination, instead of `to_`
+  RouteStops stops_;
   std::size_t profile_ = 0;
   guidance::Closures closures_;
   GuidedPlan plan_;
   std::size_t chosen_ = 0;  // of the plan's routes
-
-  /// What is planned at the moment.
-  enum class Purpose { plan, update, updateOnTheWay };
   Purpose purpose_ = Purpose::plan;
+  std::optional<RouteRest> rest_;  // the last one that was closed
 };
 
 }  // namespace orivanta::viewer

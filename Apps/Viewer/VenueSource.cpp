@@ -62,6 +62,7 @@ WebApiSession VenueSource::makeSession() const {
 void VenueSource::cancel() {
   if (const auto load = std::exchange(load_, nullptr)) load->cancel();
   closures_.cancel();
+  fetchesClosures_ = false;
 }
 
 template <class Report>
@@ -114,12 +115,14 @@ void VenueSource::loadVenue(const std::shared_ptr<Venue>& venue, Handlers handle
 
 void VenueSource::fetchClosures(const std::string& slug,
                                 std::function<void(guidance::Closures)> done) {
-  closures_.cancel();
+  if (std::exchange(fetchesClosures_, true)) return;
   closures_ = foundation::CancellationSource();
   const auto token = closures_.token();
-  const auto tell = [token, done = std::move(done)](std::vector<std::string> identifiers) {
-    foundation::mainQueue::async([token, done, identifiers = std::move(identifiers)] {
-      if (!token.isCanceled()) done(guidance::Closures(identifiers));
+  const auto end = [this, token](std::function<void()> tell) {
+    foundation::mainQueue::async([this, token, tell = std::move(tell)] {
+      if (token.isCanceled()) return;  // this object may be gone
+      fetchesClosures_ = false;
+      if (tell) tell();
     });
   };
   network::TransferRules rules = network::strictRules();
@@ -127,8 +130,10 @@ void VenueSource::fetchClosures(const std::string& slug,
   const auto chain = makeSession()
                          .ApiHttpSession.get("closure", {{"venue", slug}}, {rules, nullptr, token})
                          .onPage<std::vector<std::string>>({}, withIdentifiers);
-  chain.onComplete(tell);
-  chain.onError([](const foundation::Error&) {});
+  chain.onComplete([end, done = std::move(done)](const std::vector<std::string>& identifiers) {
+    end([done, identifiers] { done(guidance::Closures(identifiers)); });
+  });
+  chain.onError([end](const foundation::Error&) { end(nullptr); });
 }
 
 }  // namespace orivanta::viewer

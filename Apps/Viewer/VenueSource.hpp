@@ -23,8 +23,8 @@ struct Problem {
   std::string detail;  ///< sentences
 };
 
-/// Construct and use it on the main thread. A new request cancels the previous one, and destroying
-/// the source cancels the current one.
+/// Construct and use it on the main thread. Listing or loading venues cancels all previous
+/// requests, and destroying the source cancels the current ones.
 class VenueSource {
  public:
   using Venues = std::vector<std::shared_ptr<Venue>>;
@@ -52,8 +52,8 @@ class VenueSource {
                  std::function<void(const std::vector<LoadFailure>& missing)> done);
 
   /// Fetches what is closed in a venue, and calls `done` from the main queue. The closures are
-  /// empty if the server does not provide any. If the request fails, `done` is not called. Replaces
-  /// the previous call, and does not affect the requests above.
+  /// empty if the server does not provide any. If the request fails, `done` is not called. Does
+  /// nothing if a former call has not ended yet. Does not affect the requests above.
   void fetchClosures(const std::string& slug, std::function<void(guidance::Closures)> done);
 
   /// Cancels the current requests. None of its handlers is called after that.
@@ -77,6 +77,7 @@ class VenueSource {
   const guidance::InterfaceTexts texts_;
   std::shared_ptr<LoadHandle> load_;
   foundation::CancellationSource closures_;  // of the latest request for them
+  bool fetchesClosures_ = false;             // whether that request has not ended yet
 };
 
 }  // namespace orivanta::viewer

@@ -122,9 +122,11 @@ class VenueView : public view::View, public MapViewDelegate {
   void arrangePanels();
 
   // Floors
+  enum class Asker { user, walk };
   void floorsChanged(const FloorProgress& floor);
   void floorsEnded(const std::vector<FloorProgress>& floors);
-  void await(const std::shared_ptr<Map>& floor);
+  void showFloor(const std::shared_ptr<Map>& floor, Asker asker);
+  void await(const std::shared_ptr<Map>& floor, Asker asker = Asker::user);
   void tellFailure(const FloorProgress& floor);
   void floorShown();
   void lookAgain();
@@ -139,15 +141,17 @@ class VenueView : public view::View, public MapViewDelegate {
 
   // Routes
   void routeChanged();
+  void removeRoute();
   void showPlan();
   void routeConfirmed();
-  void routeReplaced();
-  void showRoute();
+  void routeReplaced(const std::string& closed);
+  void lookAtRoute();
   void showStep(std::size_t index);
   std::string arrivalText() const;
   std::string leftText() const;
   void startWalk();
   void stopWalk();
+  void showWalkedFloor();
   void walk(double time);
 
   // Keys
@@ -168,6 +172,7 @@ class VenueView : public view::View, public MapViewDelegate {
 
   std::shared_ptr<FloorLoad> floorLoad_;
   std::shared_ptr<Map> awaitedFloor_;  // shown as soon as it is ready; null for none
+  Asker asker_ = Asker::user;          // for the awaited floor
   std::shared_ptr<Map> shownFloor_;    // null before the first one
   bool isLoaded_ = false;
   bool hasToldOmissions_ = false;

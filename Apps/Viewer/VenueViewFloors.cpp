@@ -59,21 +59,19 @@ void VenueView::floorsChanged(const FloorProgress& floor) {
   }
 }
 
-void VenueView::await(const std::shared_ptr<Map>& floor) {
+void VenueView::await(const std::shared_ptr<Map>& floor, Asker asker) {
   awaitedFloor_ = floor;
+  asker_ = asker;
   panels_.floors->setAwaited(floor);
 }
 
-// Reports a failure of the awaited floor. Nobody asks for the floors of a walk, so it is only
-// remarked then.
+// Reports a failure of the awaited floor. If the user has not asked for it, a note is enough.
 void VenueView::tellFailure(const FloorProgress& floor) {
   if (floor.state != FloorState::failed && floor.state != FloorState::withoutModel) return;
+  const Asker asker = asker_;
   await(nullptr);
-  const Problem problem = floorProblem(floor, texts_);
-  if (walk_.walker() && remarked)
-    remarked(problem.title + '.');
-  else if (failed)
-    failed(problem, floor.map);
+  if (asker == Asker::user && failed) failed(floorProblem(floor, texts_), floor.map);
+  if (asker == Asker::walk && remarked) remarked(floorNote(floor, texts_));
 }
 
 // Frames the selected place or the route, when its floor is shown.
@@ -115,9 +113,11 @@ void VenueView::resumeMap() {
   floorShown();
 }
 
-void VenueView::showFloor(const std::shared_ptr<Map>& floor) {
+void VenueView::showFloor(const std::shared_ptr<Map>& floor) { showFloor(floor, Asker::user); }
+
+void VenueView::showFloor(const std::shared_ptr<Map>& floor, Asker asker) {
   if (!floor) return;
-  await(isLoaded_ && floor->mapObject ? nullptr : floor);
+  await(isLoaded_ && floor->mapObject ? nullptr : floor, asker);
   if (!isLoaded_ || floor == mapView_->currentMap()) return;
   if (!floor->mapObject) {
     const auto floors = floorLoad_ ? floorLoad_->floors() : std::vector<FloorProgress>{};

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Apps/Viewer/ShownName.hpp"
 #include "Apps/Viewer/VenueView.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Guidance/LabelName.hpp"
@@ -34,7 +35,7 @@ void VenueView::connectSearch() {
     end ? setEnd(*end, place) : select(place);
   };
   panels_.search->nearestChosen = [this](const auto& category) {
-    const auto from = session_.from() ? session_.from() : selected_;
+    const auto from = session_.hasStart() ? nullptr : selected_;
     select(nullptr);
     session_.goToNearest(from, nearestOf(category, texts_));
   };
@@ -75,7 +76,7 @@ void VenueView::select(const std::shared_ptr<Location>& place) {
   selected_ = place;
   highlight(place);
   if (place) {
-    panels_.card->show(*place);
+    panels_.card->show(*place, shownName(*venue_, *place));
     offerRoutes(place);
     fetchPicture(place);
     showFloor(floorOf(*place, mapView_->currentMap()));
@@ -131,9 +132,9 @@ void VenueView::offerRoutes(const std::shared_ptr<Location>& place) {
 
 void VenueView::setClosures(const guidance::Closures& closures) {
   if (closures == session_.closures()) return;
-  std::optional<RouteSession::Progress> progress;
+  std::optional<RouteProgress> progress;
   if (const Walker* walker = walk_.walker(); walker && !walker->isDone())
-    progress = {walker->position(), walker->progress().leg};
+    progress = {walker->position(), walker->progress().leg, walker->progress().legMeters};
   session_.setClosures(closures, progress);
   if (isLoaded_) floorShown();
   if (selected_) offerRoutes(selected_);

@@ -11,9 +11,13 @@ constexpr double metersShown = 30;  // around the walker
 }  // namespace
 
 void WalkDisplay::start(const guidance::Guide& guide, const guidance::Itinerary& itinerary) {
+  continueOn(guide, itinerary);
+  pose_.reset();
+}
+
+void WalkDisplay::continueOn(const guidance::Guide& guide, const guidance::Itinerary& itinerary) {
   walker_ = std::make_unique<Walker>(guide, itinerary);
   unitsPerMeter_ = guide.unitsPerMeter();
-  pose_.reset();
 }
 
 void WalkDisplay::stop() {

@@ -21,6 +21,9 @@ class WalkDisplay {
   /// Starts a walk along one of the guide's itineraries, which must have legs.
   void start(const guidance::Guide& guide, const guidance::Itinerary& itinerary);
 
+  /// As above, but the camera only moves with the walker if it did with the former one.
+  void continueOn(const guidance::Guide& guide, const guidance::Itinerary& itinerary);
+
   /// Removes the walk and its mark, if any.
   void stop();
 

@@ -120,14 +120,6 @@ std::shared_ptr<Location> bestConnected(const Reach& reach, const PlaceList& pla
   return tried[best];
 }
 
-// A stop at any of the places.
-Stop anyOf(const PlaceList& places) {
-  NodeList nodes;
-  for (const auto& place : places)
-    nodes.insert(nodes.end(), place->nodes.begin(), place->nodes.end());
-  return nodes;
-}
-
 // Adds what is found if the connectors fail, one at a time.
 void addFailures(Audit& result, const Venue& venue, const Reach& reach, const PlaceList& places,
                  const Stop& entrances, const foundation::CancellationToken& token) {
@@ -181,7 +173,7 @@ Audit audit(const Venue& venue, const Guide& guide, const foundation::Cancellati
   reach.visitReached(entrances, Profile::stepFree(), [&](std::size_t i, const Reached& reached) {
     result.entrances.push_back({entrances[i], lost(places, everything, reached)});
   });
-  const Stop start = anyOf(entrances);
+  const Stop start = entrances;
   const auto all = reach.reachedFrom(start, Profile::fastest());
   const auto back = reach.waysTo(start);
   if (token.isCanceled()) return result;

@@ -12,9 +12,6 @@
 
 namespace orivanta::guidance {
 
-/// A list of places. Owns them.
-using PlaceList = std::vector<std::shared_ptr<Location>>;
-
 /// The places that cannot be reached without steps from an entrance.
 struct EntranceFinding {
   std::shared_ptr<Location> entrance;  ///< never null

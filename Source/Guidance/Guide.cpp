@@ -37,11 +37,11 @@ Plan Guide::plan(const Request& request, const foundation::CancellationToken& to
   return Planner(implementation_->data, request, token).plan();
 }
 
-Plan Guide::nearest(const Stop& from, const std::shared_ptr<Category>& category,
-                    const Profile& profile, const Closures& closures, std::optional<LocalTime> at,
-                    int limit, const foundation::CancellationToken& token) const {
+Plan Guide::nearest(const Stop& from, const Stop& to, const Profile& profile,
+                    const Closures& closures, std::optional<LocalTime> at, int limit,
+                    const foundation::CancellationToken& token) const {
   Request request;
-  request.stops = {from, category};
+  request.stops = {from, to};
   request.profile = profile;
   request.closures = closures;
   request.at = at;

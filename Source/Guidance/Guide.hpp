@@ -54,13 +54,12 @@ class ORIVANTA_API Guide {
   /// Finds routes. If the search is canceled, the plan has the problem `unreachable`.
   Plan plan(const Request& request, const foundation::CancellationToken& token = {}) const;
 
-  /// Finds the route to the nearest open place of a category by cost: a request with two stops.
-  /// `limit` further places, at most 1,000, are returned as alternatives, by cost. If the search is
-  /// canceled, the plan has the problem `unreachable`.
-  Plan nearest(const Stop& from, const std::shared_ptr<Category>& category,
-               const Profile& profile = {}, const Closures& closures = {},
-               std::optional<LocalTime> at = std::nullopt, int limit = 0,
-               const foundation::CancellationToken& token = {}) const;
+  /// Finds the route to the nearest open one of several places, or of those of a category, by cost:
+  /// a request with two stops. `limit` further places, at most 1,000, are returned as alternatives,
+  /// by cost. If the search is canceled, the plan has the problem `unreachable`.
+  Plan nearest(const Stop& from, const Stop& to, const Profile& profile = {},
+               const Closures& closures = {}, std::optional<LocalTime> at = std::nullopt,
+               int limit = 0, const foundation::CancellationToken& token = {}) const;
 
   /// The most costs, starts times destinations, that one call of `costs` computes.
   static constexpr std::size_t mostCosts = 4'000'000;
@@ -76,8 +75,9 @@ class ORIVANTA_API Guide {
 
   /// Returns the costs in milliseconds from each start (row) to each destination (column), or -1 if
   /// there is no way or a stop is not known. The rows are computed concurrently; each takes a
-  /// search to all destinations and 8 bytes per destination. If the search is canceled, the costs
-  /// that were not found are -1. Fails if one of the four limits above is exceeded.
+  /// search to all destinations, time in proportion to their nodes, and 8 bytes per destination. If
+  /// the search is canceled, the costs that were not found are -1. Fails if one of the four limits
+  /// above is exceeded.
   foundation::Result<CostRows> costs(const std::vector<Stop>& from, const std::vector<Stop>& to,
                                      const Profile& profile = {}, const Closures& closures = {},
                                      const foundation::CancellationToken& token = {}) const;
@@ -104,7 +104,7 @@ class ORIVANTA_API Guide {
   double unitsPerMeter() const;
 
   /// Returns the name of a stop for texts: that of a category or place, or what the sign of a
-  /// connector shows. Empty if no sign shows the name, for nodes and for positions.
+  /// connector shows. Empty if no sign shows the name, for nodes, several places and positions.
   std::string spokenName(const Stop& stop) const;
 
   /// Returns the instructions for an itinerary of this guide. Empty if it is not usable, or if the

@@ -38,6 +38,7 @@ struct Visit {
   std::size_t stop = 0;                ///< the index of the stop in the request
   std::size_t leg = 0;                 ///< the number of legs before the visit
   std::shared_ptr<Location> location;  ///< the place; null for a node or a position
+  bool isClosed = false;               ///< whether the place is closed then, by its opening hours
 };
 
 /// A route from the first stop to the last. Owns its records; stays valid after the next load.

@@ -22,10 +22,13 @@ struct Position {
   double y = 0.0;            ///< in the venue's units
 };
 
+/// Locations and connectors. Owns them.
+using PlaceList = std::vector<std::shared_ptr<Location>>;
+
 /// A stop of a route: any node of a location or a connector, a node, any of several nodes, the
-/// nearest open location of a category or of a category below it, or the nearest point of the
-/// walking network to a position.
-using Stop = std::variant<std::shared_ptr<Location>, std::shared_ptr<Node>, NodeList,
+/// nearest open one of several places, the nearest open location of a category or of a category
+/// below it, or the nearest point of the walking network to a position.
+using Stop = std::variant<std::shared_ptr<Location>, std::shared_ptr<Node>, NodeList, PlaceList,
                           std::shared_ptr<Category>, Position>;
 
 /// A request for routes. A value.
@@ -45,10 +48,13 @@ struct Request {
   Profile profile;    ///< what the traveler can use
   Closures closures;  ///< what is closed
   /// The departure. A stop that is a place must be open at the arrival, or at the departure if the
-  /// venue has no scale. Of a category, places that are closed for the first hour after the
-  /// departure are left out. Other places that are closed at the departure are treated as closed;
-  /// the start can be left.
+  /// venue has no scale. Of a category or of several places, those that are closed for the first
+  /// hour after the departure are left out. Other places that are closed at the departure are
+  /// treated as closed; the start can be left.
   std::optional<LocalTime> at;
+  /// Whether the hours of a stop that is a single place are ignored if there is no route otherwise.
+  /// All other hours are obeyed, and so are the closures. See `Visit::isClosed`.
+  bool visitsClosedStops = false;
   int alternatives = 0;  ///< the number of further routes to look for, at most 4
 };
 

@@ -108,6 +108,7 @@ void MapView::addMapLogo() {
   logo->setAlpha(logoAlpha);
   logo->setFrame({{0, 0}, logoSize});
   addSubview(logo);
+  parts_->logo = logo;
   logo->setTranslatesAutoresizingMaskIntoConstraints(false);
   addConstraint({logo.get(), LayoutAttribute::right, this, LayoutAttribute::right, 1, -logoMargin});
   addConstraint(
@@ -145,7 +146,7 @@ void MapView::setStyle(std::shared_ptr<MapStyle> style) {
   if (!parts_->style) return;
   StyledMap& styled = *parts_->style->styled_;
   if (MapView* const former = styled.view()) former->setStyle(nullptr);
-  styled.attach({this, parts_->sun});
+  styled.attach({this, parts_->sun, parts_->logo});
   for (const auto& shape : parts_->shapes.highlightedShapes()) styled.setHighlighted(*shape, true);
   parts_->shapes.highlightChanged = [&styled](scene::Node& shape, bool isHighlighted) {
     styled.setHighlighted(shape, isHighlighted);

@@ -21,7 +21,7 @@ void addRender(CLI::App& app, CommandLine& line) {
   addNumber("--scale", options.scale, "Pixels per point", "F");
   addNumber("--tilt", options.tilt, "Camera tilt from the vertical, less than 60", "DEGREES");
   addNumber("--turn", options.turn, "Counterclockwise rotation", "DEGREES");
-  addNumber("--zoom", options.zoom, "Zoom factor", "F");
+  query.add_option("--zoom", options.zoom, "Zoom factor; 1 shows the whole floor")->type_name("F");
   query
       .add_option("--style", options.style,
                   "Colors of the floors: light, dark, plain (those of the models), or a theme file")

@@ -16,7 +16,8 @@ constexpr double padding = 5;  // around the text
 constexpr double mostWidth = 640;
 constexpr double mostShare = 1.0 / 3;  // of the image's height
 constexpr graphics::Color ink{0.16F, 0.19F, 0.25F};
-constexpr graphics::Color ground{1, 1, 1, 0.82F};
+constexpr graphics::Color ground{1, 1, 1};
+constexpr float groundAlpha = 0.82F;
 
 // The logo at the lower right, with the space around it.
 constexpr graphics::Size logo{88, 44};
@@ -41,12 +42,14 @@ graphics::Rect roomIn(graphics::Size picture, Corner corner) {
 }  // namespace
 
 AttributionView::AttributionView(std::string_view text, Corner corner, graphics::Size picture,
-                                 double scale) {
+                                 double scale, const MapTheme* theme)
+    : ground_(theme != nullptr ? theme->colors.halo : ground) {
+  ground_.alpha = groundAlpha;
   setUserInteractionEnabled(false);
   const graphics::Rect room = roomIn(picture, corner);
   graphics::TextStyle style;
   style.fontSize = fontSize;
-  style.color = ink;
+  style.color = theme != nullptr ? theme->colors.text : ink;
   style.alignment = graphics::TextAlignment::leading;
   style.maximumWidth = std::max(1.0, std::min(mostWidth, room.size.width) - 2 * padding);
   text_ = graphics::makeTextImage(text, style, scale);
@@ -65,7 +68,7 @@ AttributionView::AttributionView(std::string_view text, Corner corner, graphics:
 
 void AttributionView::draw(view::Canvas& canvas) {
   if (!text_) return;
-  canvas.fill(bounds(), ground, 5);
+  canvas.fill(bounds(), ground_, 5);
   canvas.draw(text_, {{padding, padding}, text_->size()});
 }
 

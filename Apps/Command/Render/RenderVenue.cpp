@@ -49,7 +49,8 @@ void checkUse(const RenderVenueOptions& options) {
   check(options.tilt >= 0 && options.tilt < largestTilt,
         "--tilt must be at least 0 and less than 60");
   check(std::isfinite(options.turn), "--turn must be finite");
-  check(options.zoom >= 0.01 && options.zoom <= 100, "--zoom must be from 0.01 to 100");
+  check(options.zoom.value_or(1) >= 0.01 && options.zoom.value_or(1) <= 100,
+        "--zoom must be from 0.01 to 100");
   parseCorner(options.attribution);
   check(options.frames >= 0 && options.frames <= 9999, "--frames must be from 0 to 9999");
 }
@@ -104,7 +105,20 @@ std::vector<view::Touch> touchesIn(const std::string& name) {
   return readTouches(file, name);
 }
 
-Contents findContents(const Venue& venue, const RenderVenueOptions& options) {
+// Whether the image shows where the places are, not a whole floor or a route.
+bool isFirstView(const RenderVenueOptions& options, const MapTheme* theme) {
+  return theme != nullptr && options.map.empty() && !options.zoom && options.route.empty();
+}
+
+std::vector<std::shared_ptr<Map>> floorsOf(const Venue& venue, const RenderVenueOptions& options,
+                                           const MapTheme* theme) {
+  if (isFirstView(options, theme))
+    if (auto floor = MapStyle::firstFloor(venue, theme->words)) return {std::move(floor)};
+  return chooseFloors(venue, options.map);
+}
+
+Contents findContents(const Venue& venue, const RenderVenueOptions& options,
+                      const MapTheme* theme) {
   Contents contents;
   for (const std::string& text : options.markers)
     contents.pinned.push_back(findLocation(venue, text));
@@ -121,7 +135,7 @@ Contents findContents(const Venue& venue, const RenderVenueOptions& options) {
       contents.visits.emplace_back(visit);
     }
   } else {
-    contents.floors = chooseFloors(venue, options.map);
+    contents.floors = floorsOf(venue, options, theme);
     contents.visits.resize(contents.floors.size());
   }
   if (options.touchesFile) contents.touches = touchesIn(*options.touchesFile);
@@ -140,7 +154,9 @@ void placeCamera(const MapView& mapView, const std::vector<graphics::Vector3>& p
                      ? camera.fittingPose(tilt, turn)
                      : camera.framingPose(points, aroundRoute(*mapView.venue), tilt, turn));
   const graphics::Size size = camera.lens().size;
-  camera.zoomBy(options.zoom, {size.width / 2, size.height / 2});
+  if (options.zoom) camera.zoomBy(*options.zoom, {size.width / 2, size.height / 2});
+  const MapTheme* const theme = mapView.style() ? mapView.style()->theme().get() : nullptr;
+  if (isFirstView(options, theme)) mapView.style()->showFirstView();
 }
 
 void showFloor(const Stage& stage, std::size_t index, const Contents& contents, Overlays& overlays,
@@ -175,13 +191,13 @@ void warn(const FloorProgress& floor) {
 
 // Puts the attribution on the images. If that is not possible, writes it to standard error.
 void attribute(Stage& stage, const Venue& venue, graphics::Size size,
-               const RenderVenueOptions& options) {
+               const RenderVenueOptions& options, const MapTheme* theme) {
   const Corner corner = parseCorner(options.attribution);
   const std::string text = attributionText(venue);
   if (text.empty()) return;
   bool isShown = false;
   if (!options.noAttribution) {
-    const auto view = std::make_shared<AttributionView>(text, corner, size, options.scale);
+    const auto view = std::make_shared<AttributionView>(text, corner, size, options.scale, theme);
     stage.mapView()->addSubview(view);
     isShown = view->isWhole();
   }
@@ -248,15 +264,22 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   if (!options.route.empty()) needed.emplace_back("vortex");
   const auto venue =
       Session(options.connection).loadVenue(options.slug, options.accessible, needed);
-  const Contents contents = findContents(*venue, options);
+  const Contents contents = findContents(*venue, options, theme.get());
 
   Stage stage(size, options.scale);
+<<<<<<< HEAD
   if (theme) {
     const auto style = MapStyle::make(theme);
     style->setStill(true);  // the camera does not move
     stage.mapView()->setStyle(style);
   }
   attribute(stage, *venue, size, options);
+=======
+  if (theme) stage.mapView()->setStyle(MapStyle::make(theme));
+  attribute(stage, *venue, size, options, theme.get());
+  if (!options.legend.empty())
+    stage.mapView()->addSubview(std::make_shared<LegendView>(options.legend, options.scale));
+>>>>>>> outlines
   const auto floors = stage.load(venue, contents.floors);
   for (const Highlight& highlight : contents.highlights)
     for (const auto& polygon : highlight.location->polygons)

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Apps/Command/CommandError.hpp"
+#include "Apps/Command/Render/LegendView.hpp"
 #include "Apps/Command/Settings.hpp"
 
 namespace orivanta::command {
@@ -14,15 +15,16 @@ struct RenderVenueOptions {
   ConnectionOptions connection;
   bool json = false;
   std::string slug;
-  std::string map;  ///< name, short name, identifier, index or "all"; if empty, the first floor or
-                    ///< those of the route
-  std::string size = "1280x800";  ///< points
-  double scale = 1.0;             ///< pixels per point
-  double tilt = 0.0;              ///< degrees from straight down
-  double turn = 0.0;              ///< degrees, counterclockwise
-  double zoom = 1.0;
+  std::string map;  ///< name, short name, identifier, index or "all"; if empty, those of the route,
+                    ///< or the first floor; in styled images the one with most places
+  std::string size = "1280x800";        ///< points
+  double scale = 1.0;                   ///< pixels per point
+  double tilt = 0.0;                    ///< degrees from straight down
+  double turn = 0.0;                    ///< degrees, counterclockwise
+  std::optional<double> zoom;           ///< factor
   std::string style = "plain";          ///< light, dark, plain or the file of a theme
   std::vector<std::string> highlights;  ///< PLACE=COLOR
+  std::vector<LegendEntry> legend;      ///< what the colors mean; shown if not empty
   std::vector<std::string> route;       ///< start and destination, or empty
   bool accessible = false;           ///< excludes connectors that are not accessible from the route
   std::vector<std::string> markers;  ///< places

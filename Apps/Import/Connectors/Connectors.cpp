@@ -283,7 +283,10 @@ void makeConnectors(Building& building, const Options& options, Findings& findin
     std::vector<Connector> connectors = maker.make();
     std::vector<Line> paths = bridgeGaps(building, connectors, maker.surroundings(), findings);
     building.connectors = std::move(connectors);
-    for (Line& path : paths) building.lines.push_back(std::move(path));
+    for (Line& path : paths) {
+      for (const double level : path.levels) building.walkableSpaces.erase(level);
+      building.lines.push_back(std::move(path));
+    }
   }
   dropPlacesOfConnectors(building);
 }

@@ -5,6 +5,7 @@
 
 #include "Apps/Import/Doors/Doorway.hpp"
 #include "Apps/Import/Doors/GuessDoors.hpp"
+#include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
 #include "Apps/Import/Stages.hpp"
 
@@ -99,8 +100,15 @@ void joinDoors(Building& building, const Options& options, Findings&) {
     for (Door& door : building.doors)
       if (door.level == level) joiner.join(door);
   }
-  if (options.doors == DoorChoice::strict) return;
-  for (const double level : levels) guessDoors(building, level);
+  building.walkableSpaces.clear();
+  for (const double level : levels) {
+    if (options.progress)
+      options.progress("joining doors", static_cast<double>(building.walkableSpaces.size()) /
+                                            static_cast<double>(levels.size()));
+    building.walkableSpaces.emplace(level, walkableSpace(building, level));
+    // Guessed doors are those of rooms and do not change the space.
+    if (options.doors == DoorChoice::guess) guessDoors(building, level);
+  }
 }
 
 }  // namespace orivanta::importer

@@ -206,7 +206,8 @@ bool walksBetweenRooms(const Building& building, double level) {
 }
 
 Shape walkableSpace(const Building& building, double level) {
-  return Maker(building, level).make();
+  const auto known = building.walkableSpaces.find(level);
+  return known == building.walkableSpaces.end() ? Maker(building, level).make() : known->second;
 }
 
 }  // namespace orivanta::importer

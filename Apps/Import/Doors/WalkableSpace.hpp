@@ -23,7 +23,8 @@ bool walksBetweenRooms(const Building& building, double level);
 /// The walkways, ramps and paths of a storey, or else what is between its rooms, without its rooms,
 /// connectors, openings, obstacles, walls and everything that nobody may enter. Gaps of less than 8
 /// cm between walkways are closed. Two walkways with doors on their common border are separated by
-/// it, except at doors that are at least 2 m wide.
+/// it, except at doors that are at least 2 m wide. Taken from `Building::walkableSpaces` if it is
+/// there.
 Shape walkableSpace(const Building& building, double level);
 
 }  // namespace orivanta::importer

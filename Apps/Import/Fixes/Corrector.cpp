@@ -39,26 +39,6 @@ std::optional<AreaKind> areaKindOf(std::string_view word) {
   return std::nullopt;
 }
 
-ConnectorKind connectorKindOf(AreaKind kind) {
-  switch (kind) {
-    case AreaKind::escalator:
-      return ConnectorKind::escalator;
-    case AreaKind::elevator:
-      return ConnectorKind::elevator;
-    case AreaKind::ramp:
-      return ConnectorKind::ramp;
-    case AreaKind::movingWalkway:
-      return ConnectorKind::movingWalkway;
-    default:
-      return ConnectorKind::stairs;
-  }
-}
-
-bool isOfConnector(AreaKind kind) {
-  return kind == AreaKind::stairs || kind == AreaKind::escalator || kind == AreaKind::elevator ||
-         kind == AreaKind::ramp || kind == AreaKind::movingWalkway;
-}
-
 }  // namespace
 
 Corrector::Corrector(Building& building, const std::string& file, Findings& findings)
@@ -158,7 +138,7 @@ void Corrector::makePlaceOf(Area& area) {
 std::vector<Place*> Corrector::placesMeant() {
   std::set<std::size_t> meant;
   for (Area* area : areasOf(id_)) {
-    if (isOfConnector(area->kind)) continue;
+    if (isConnector(area->kind)) continue;
     if (area->place.empty()) makePlaceOf(*area);
     for (const std::size_t i : places_.of(area->place))
       if (building_.places[i].id == area->place) meant.insert(i);
@@ -181,7 +161,7 @@ void Corrector::applyName(const json::value& value) {
   rename(building_.lines, lines_);
   rename(building_.connectorHints, hints_);
   for (Area* area : areasOf(id_))
-    if (isOfConnector(area->kind)) area->names = *names;
+    if (isConnector(area->kind)) area->names = *names;
   for (Place* place : placesMeant()) place->names = *names;
 }
 

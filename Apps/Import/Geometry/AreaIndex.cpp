@@ -6,7 +6,6 @@
 #include <boost/geometry/index/rtree.hpp>
 #include <boost/geometry/strategies/relate/cartesian.hpp>
 #include <iterator>
-#include <limits>
 #include <utility>
 
 #include "Apps/Import/Geometry/Shapes.hpp"
@@ -19,21 +18,6 @@ namespace bg = boost::geometry;
 using Corner = bg::model::d2::point_xy<double>;
 using Box = bg::model::box<Corner>;
 
-struct CoordinateRange {
-  Point low{std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
-  Point high{std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()};
-};
-
-CoordinateRange boundsOf(const Shape& shape) {
-  CoordinateRange bounds;
-  for (const Polygon& polygon : shape)
-    for (const Point point : polygon.outer) {
-      bounds.low = {std::min(bounds.low.x, point.x), std::min(bounds.low.y, point.y)};
-      bounds.high = {std::max(bounds.high.x, point.x), std::max(bounds.high.y, point.y)};
-    }
-  return bounds;
-}
-
 // Outlines with fewer points are searched one point after the other.
 bool isLarge(const Shape& shape) {
   constexpr std::size_t manyPoints = 64;
@@ -45,7 +29,7 @@ bool isLarge(const Shape& shape) {
   return count > manyPoints;
 }
 
-Box boxOf(Point low, Point high) { return {Corner(low.x, low.y), Corner(high.x, high.y)}; }
+Box cornersOf(Point low, Point high) { return {Corner(low.x, low.y), Corner(high.x, high.y)}; }
 
 }  // namespace
 
@@ -63,8 +47,8 @@ AreaIndex::AreaIndex(const Building& building, double level,
   std::vector<Tree::Item> items;
   for (const Area& area : building.areas) {
     if (area.level != level || area.shape.empty() || !choose(area)) continue;
-    const CoordinateRange bounds = boundsOf(area.shape);
-    items.emplace_back(boxOf(bounds.low, bounds.high), tree_->areas.size());
+    const package::Box bounds = boxOf(area.shape);
+    items.emplace_back(cornersOf(bounds.least, bounds.most), tree_->areas.size());
     tree_->areas.push_back(&area);
     tree_->surfaces.push_back(areaOf(area.shape));
   }
@@ -76,7 +60,7 @@ AreaIndex::~AreaIndex() = default;
 
 std::vector<const Area*> AreaIndex::within(Point low, Point high) const {
   std::vector<Tree::Item> items;
-  tree_->boxes.query(bg::index::intersects(boxOf(low, high)), std::back_inserter(items));
+  tree_->boxes.query(bg::index::intersects(cornersOf(low, high)), std::back_inserter(items));
   std::vector<std::size_t> order;
   order.reserve(items.size());
   for (const Tree::Item& item : items) order.push_back(item.second);
@@ -114,9 +98,9 @@ std::vector<const Area*> AreaIndex::near(Point point, double distance) const {
 
 std::vector<const Area*> AreaIndex::near(const std::vector<Polygon>& shape, double distance) const {
   if (shape.empty()) return {};
-  const CoordinateRange bounds = boundsOf(shape);
+  const package::Box bounds = boxOf(shape);
   const Point reach{distance, distance};
-  return within(bounds.low - reach, bounds.high + reach);
+  return within(bounds.least - reach, bounds.most + reach);
 }
 
 const Area* AreaIndex::smallestAt(Point point) const {

@@ -8,14 +8,9 @@ Point innerPoint(const Shape& shape) {
   const Polygon& polygon =
       *std::max_element(shape.begin(), shape.end(),
                         [](const Polygon& a, const Polygon& b) { return areaOf(a) < areaOf(b); });
-  Point low = polygon.outer.front();
-  Point high = low;
-  for (const Point point : polygon.outer) {
-    low = {std::min(low.x, point.x), std::min(low.y, point.y)};
-    high = {std::max(high.x, point.x), std::max(high.y, point.y)};
-  }
-  const double precision = std::max(0.02, std::min(high.x - low.x, high.y - low.y) * 0.02);
-  return centerOfLargestCircle(polygon, precision).value_or((low + high) * 0.5);
+  const package::Box box = boxOf({polygon});
+  const double precision = std::max(0.02, std::min(box.size().x, box.size().y) * 0.02);
+  return centerOfLargestCircle(polygon, precision).value_or((box.least + box.most) * 0.5);
 }
 
 }  // namespace orivanta::importer

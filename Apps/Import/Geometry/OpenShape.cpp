@@ -8,30 +8,14 @@ namespace {
 
 constexpr double mostly = 0.5;
 
-struct Box {
-  Point low{1e300, 1e300};
-  Point high{-1e300, -1e300};
-};
-
-Box boxOf(const Shape& shape) {
-  Box box;
-  for (const Polygon& polygon : shape)
-    for (const Point point : polygon.outer) {
-      box.low = {std::min(box.low.x, point.x), std::min(box.low.y, point.y)};
-      box.high = {std::max(box.high.x, point.x), std::max(box.high.y, point.y)};
-    }
-  return box;
-}
-
-// The common area of the boxes: no less than that of the shapes.
-double overlapOfBoxes(const Shape& first, const Shape& second) {
-  const Box a = boxOf(first);
-  const Box b = boxOf(second);
-  return std::max(0.0, std::min(a.high.x, b.high.x) - std::max(a.low.x, b.low.x)) *
-         std::max(0.0, std::min(a.high.y, b.high.y) - std::max(a.low.y, b.low.y));
-}
-
 }  // namespace
+
+double overlapOfBoxes(const Shape& first, const Shape& second) {
+  const package::Box a = boxOf(first);
+  const package::Box b = boxOf(second);
+  return std::max(0.0, std::min(a.most.x, b.most.x) - std::max(a.least.x, b.least.x)) *
+         std::max(0.0, std::min(a.most.y, b.most.y) - std::max(a.least.y, b.least.y));
+}
 
 bool isAround(const Area& larger, const Area& smaller) {
   const double inner = areaOf(smaller.shape);

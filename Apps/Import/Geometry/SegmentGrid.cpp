@@ -83,20 +83,77 @@ std::size_t SegmentGrid::nearest(Point point, double radius) const {
   }
 }
 
-std::size_t SegmentGrid::crossingsToTheRight(Point point) const {
-  if (segments_.empty()) return 0;
-  if (point.y < low_.y || point.y > low_.y + cell_ * static_cast<double>(rows_)) return 0;
-  std::size_t count = 0;
-  const std::size_t y = row(point.y);
-  for (std::size_t x = column(point.x); x < columns_; ++x)
-    for (std::size_t i = starts_[y * columns_ + x]; i < starts_[y * columns_ + x + 1]; ++i) {
-      const auto& [a, b] = segments_[entries_[i]];
-      if ((a.y > point.y) == (b.y > point.y)) continue;
-      const double meets = a.x + (b.x - a.x) * (point.y - a.y) / (b.y - a.y);
-      // A segment lies in several cells: it counts in the one where it meets the ray.
-      if (meets > point.x && column(meets) == x) ++count;
+namespace {
+
+bool isHigher(Point point, double y) { return point.y > y; }
+bool isFarther(Point point, double x) { return point.x > x; }
+
+// Where the line through a segment that passes the height is at that height.
+double meetingAt(const Segment& segment, double y) {
+  const auto& [a, b] = segment;
+  const auto [least, most] = std::minmax(a.x, b.x);
+  return std::clamp(a.x + (b.x - a.x) * (y - a.y) / (b.y - a.y), least, most);
+}
+
+// Whether the way from a point to a center, first along x and then along y, crosses a segment. A
+// segment that passes the corner of the way is judged by one computation on both parts of it.
+bool crossesWay(const Segment& segment, Point point, Point center) {
+  const auto& [a, b] = segment;
+  const bool spansColumn = isFarther(a, center.x) != isFarther(b, center.x);
+  const bool rises = (b.y > a.y) == (b.x > a.x);
+  bool crosses = false;
+  // Whether the segment is above the way's column at a height.
+  const auto isAbove = [&](double y, bool passesFarther) {
+    const bool spansRow = isHigher(a, y) != isHigher(b, y);
+    return spansRow ? passesFarther != rises : isHigher(a, y);
+  };
+  const auto passesFarther = [&](double y, double x) {
+    return isHigher(a, y) != isHigher(b, y) && meetingAt(segment, y) > x;
+  };
+  const bool atCorner = passesFarther(point.y, center.x);
+  crosses = passesFarther(point.y, point.x) != atCorner;
+  if (spansColumn &&
+      isAbove(point.y, atCorner) != isAbove(center.y, passesFarther(center.y, center.x)))
+    crosses = !crosses;
+  return crosses;
+}
+
+}  // namespace
+
+// A segment that passes the height of a row's centers changes the parity of all centers to the left
+// of it.
+void SegmentGrid::findEnclosed() {
+  if (segments_.empty()) return;
+  enclosed_.assign(columns_ * rows_, false);
+  for (const Segment& segment : segments_)
+    for (std::size_t y = row(std::min(segment.a.y, segment.b.y));
+         y <= row(std::max(segment.a.y, segment.b.y)); ++y) {
+      const double height = center(0, y).y;
+      if (isHigher(segment.a, height) == isHigher(segment.b, height)) continue;
+      const double meeting = meetingAt(segment, height);
+      std::size_t count = column(meeting);
+      if (meeting > center(count, y).x) ++count;
+      if (count > 0) enclosed_[y * columns_ + count - 1].flip();
     }
-  return count;
+  for (std::size_t y = 0; y < rows_; ++y)
+    for (std::size_t x = columns_ - 1; x > 0; --x)
+      if (enclosed_[y * columns_ + x]) enclosed_[y * columns_ + x - 1].flip();
+}
+
+bool SegmentGrid::encloses(Point point) const {
+  const Point high =
+      low_ + Point{static_cast<double>(columns_), static_cast<double>(rows_)} * cell_;
+  if (segments_.empty() ||
+      !(point.x >= low_.x && point.x <= high.x && point.y >= low_.y && point.y <= high.y))
+    return false;
+  const std::size_t x = column(point.x);
+  const std::size_t y = row(point.y);
+  const std::size_t cell = y * columns_ + x;
+  const Point middle = center(x, y);
+  bool inside = enclosed_[cell];
+  for (std::size_t i = starts_[cell]; i < starts_[cell + 1]; ++i)
+    if (crossesWay(segments_[entries_[i]], point, middle)) inside = !inside;
+  return inside;
 }
 
 }  // namespace orivanta::importer

@@ -56,8 +56,12 @@ class SegmentGrid {
   /// The index of the segment that is nearest to a point among those within `radius`, or `none`.
   std::size_t nearest(Point point, double radius) const;
 
-  /// How many segments a ray in the direction of x meets.
-  std::size_t crossingsToTheRight(Point point) const;
+  /// Prepares `encloses` for segments that form closed rings.
+  void findEnclosed();
+
+  /// Whether a point lies in an odd number of rings. Examines the segments of one cell. Call
+  /// `findEnclosed` first.
+  bool encloses(Point point) const;
 
   static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
 
@@ -67,6 +71,9 @@ class SegmentGrid {
   std::size_t index(double offset, std::size_t count) const {
     if (!(offset > 0.0)) return 0;
     return std::min(static_cast<std::size_t>(offset / cell_), count - 1);
+  }
+  Point center(std::size_t column, std::size_t row) const {
+    return low_ + Point{static_cast<double>(column) + 0.5, static_cast<double>(row) + 0.5} * cell_;
   }
   void chooseCells(double margin);
 
@@ -98,6 +105,7 @@ class SegmentGrid {
   std::size_t rows_ = 1;
   std::vector<std::size_t> starts_;
   std::vector<std::uint32_t> entries_;
+  std::vector<bool> enclosed_;  // the centers of the cells
 };
 
 }  // namespace orivanta::importer

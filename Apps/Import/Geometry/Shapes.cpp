@@ -8,6 +8,8 @@
 #include <memory>
 #include <stdexcept>
 
+#include "Apps/Import/Geometry/TouchingGroups.hpp"
+
 namespace orivanta::importer {
 
 namespace {
@@ -116,6 +118,12 @@ Shape shapeOf(const Geometry& geometry) {
   return shape;
 }
 
+std::vector<package::Box> boxesOf(const Shape& shape) {
+  std::vector<package::Box> boxes(shape.size());
+  for (std::size_t i = 0; i < shape.size(); ++i) boxes[i].add(shape[i].outer);
+  return boxes;
+}
+
 double distanceToBorders(const Polygon& polygon, Point point) {
   double nearest = package::distanceToBorder(polygon.outer, point);
   for (const Outline& hole : polygon.holes)
@@ -159,8 +167,10 @@ Shape repaired(const Shape& shape) {
 
 bool isValid(const Shape& shape) { return GEOSisValid_r(handle(), geometryOf(shape).get()) == 1; }
 
-Shape united(const Shape& shape) {
-  if (shape.empty()) return {};
+namespace {
+
+// Polygons that may touch each other.
+Shape unitedGroup(const Shape& shape) {
   std::vector<Geometry> parts;
   parts.reserve(shape.size());
   for (const Polygon& polygon : shape) parts.push_back(geometryOf(polygon));
@@ -170,9 +180,39 @@ Shape united(const Shape& shape) {
   return shapeOr(GEOSUnaryUnionPrec_r(handle(), all.get(), coarse), shape);
 }
 
+}  // namespace
+
+// GEOS examines all borders several times. Most polygons have only few neighbors.
+Shape united(const Shape& shape) {
+  Shape result;
+  for (const std::vector<std::size_t>& group : touchingGroups(boxesOf(shape))) {
+    Shape parts;
+    parts.reserve(group.size());
+    for (const std::size_t i : group)
+      if (shape[i].outer.size() >= 3) parts.push_back(shape[i]);
+    if (!parts.empty()) result = joined(std::move(result), unitedGroup(parts));
+  }
+  return result;
+}
+
 Shape without(const Shape& shape, const Shape& removed) {
   if (shape.empty() || removed.empty()) return shape;
-  return combined(shape, removed, GEOSDifference_r, GEOSDifferencePrec_r);
+  std::vector<package::Box> boxes = boxesOf(shape);
+  for (const package::Box& box : boxesOf(removed)) boxes.push_back(box);
+  Shape result;
+  for (const std::vector<std::size_t>& group : touchingGroups(boxes)) {
+    Shape kept;
+    Shape taken;
+    for (const std::size_t i : group)
+      if (i < shape.size())
+        kept.push_back(shape[i]);
+      else
+        taken.push_back(removed[i - shape.size()]);
+    if (!kept.empty() && !taken.empty())
+      kept = combined(kept, taken, GEOSDifference_r, GEOSDifferencePrec_r);
+    result = joined(std::move(result), kept);
+  }
+  return result;
 }
 
 Shape common(const Shape& first, const Shape& second) {
@@ -201,9 +241,47 @@ Shape strip(const std::vector<Point>& line, double distance) {
                  {});
 }
 
+namespace {
+
+std::optional<Point> centroidOf(const GEOSGeometry* polygon) {
+  const Geometry middle = owned(GEOSGetCentroid_r(handle(), polygon));
+  Point centroid;
+  if (GEOSGeomGetX_r(handle(), middle.get(), &centroid.x) != 1 ||
+      GEOSGeomGetY_r(handle(), middle.get(), &centroid.y) != 1)
+    return std::nullopt;
+  return centroid;
+}
+
+// No circle in the outline is larger: half the least extent across one of its sides.
+double mostRadius(const Outline& outline) {
+  double most = std::numeric_limits<double>::infinity();
+  for (std::size_t i = 0; i < outline.size(); ++i) {
+    const Point side = outline[(i + 1) % outline.size()] - outline[i];
+    double left = 0.0;
+    double right = 0.0;
+    for (const Point point : outline) {
+      const double away = package::cross(side, point - outline[i]);
+      left = std::max(left, away);
+      right = std::min(right, away);
+    }
+    if (const double length = package::length(side); length > 0.0)
+      most = std::min(most, (left - right) / length / 2.0);
+  }
+  return most;
+}
+
+}  // namespace
+
 std::optional<Point> centerOfLargestCircle(const Polygon& polygon, double precision) {
-  GEOSGeometry* radius =
-      GEOSMaximumInscribedCircle_r(handle(), geometryOf(polygon).get(), precision);
+  const Geometry drawn = geometryOf(polygon);
+  const std::optional<Point> centroid = centroidOf(drawn.get());
+  const double clearance =
+      centroid && contains({polygon}, *centroid) ? distanceToBorders(polygon, *centroid) : -1.0;
+  constexpr std::size_t fewCorners = 32;
+  if (clearance > 0.0 && polygon.outer.size() <= fewCorners &&
+      clearance >= mostRadius(polygon.outer) - precision)
+    return centroid;  // of most rooms; the general search takes much longer
+  GEOSGeometry* radius = GEOSMaximumInscribedCircle_r(handle(), drawn.get(), precision);
   if (radius == nullptr) return std::nullopt;
   const Geometry line(radius);
   Point ends[2];
@@ -212,13 +290,9 @@ std::optional<Point> centerOfLargestCircle(const Polygon& polygon, double precis
     if (sequence == nullptr ||
         GEOSCoordSeq_getXY_r(handle(), sequence, i, &ends[i].x, &ends[i].y) == 0)
       return std::nullopt;
-  const Geometry middle = owned(GEOSGetCentroid_r(handle(), geometryOf(polygon).get()));
-  Point centroid;
-  if (GEOSGeomGetX_r(handle(), middle.get(), &centroid.x) == 1 &&
-      GEOSGeomGetY_r(handle(), middle.get(), &centroid.y) == 1 && contains({polygon}, centroid) &&
-      distanceToBorders(polygon, centroid) >= package::distance(ends[0], ends[1]) - precision)
-    return centroid;
-  return ends[0];
+  const bool isCentroid =
+      clearance >= 0.0 && clearance >= package::distance(ends[0], ends[1]) - precision;
+  return isCentroid ? *centroid : ends[0];
 }
 
 Outline narrowestRectangle(const std::vector<Point>& points) {
@@ -241,6 +315,12 @@ Shape snapped(const Shape& shape, double grid) {
 Shape joined(Shape first, const Shape& second) {
   first.insert(first.end(), second.begin(), second.end());
   return first;
+}
+
+package::Box boxOf(const Shape& shape) {
+  package::Box box;
+  for (const Polygon& polygon : shape) box.add(polygon.outer);
+  return box;
 }
 
 double areaOf(const Polygon& polygon) {

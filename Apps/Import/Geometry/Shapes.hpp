@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "Apps/Import/Building.hpp"
+#include "Apps/Package/Box.hpp"
 
 namespace orivanta::importer {
 
@@ -51,6 +52,9 @@ Shape snapped(const Shape& shape, double grid);
 
 /// The polygons of both shapes, not united.
 Shape joined(Shape first, const Shape& second);
+
+/// The bounds of the outer rings; empty without any.
+package::Box boxOf(const Shape& shape);
 
 /// Square meters; polygons that overlap count twice.
 double areaOf(const Polygon& polygon);

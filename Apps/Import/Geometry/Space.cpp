@@ -29,7 +29,9 @@ std::vector<Segment> bordersOf(const Shape& shape) {
   return borders;
 }
 
-Space::Space(const Shape& shape) : walls_(bordersOf(shape), greatestClearance) {}
+Space::Space(const Shape& shape) : walls_(bordersOf(shape), greatestClearance) {
+  walls_.findEnclosed();
+}
 
 bool Space::isFree(Point from, Point to, double clearance) const {
   const Segment line{from, to};

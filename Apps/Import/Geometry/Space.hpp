@@ -26,7 +26,7 @@ class Space {
   explicit Space(const Shape& shape);
 
   bool empty() const { return walls_.segments().empty(); }
-  bool contains(Point point) const { return walls_.crossingsToTheRight(point) % 2 == 1; }
+  bool contains(Point point) const { return walls_.encloses(point); }
 
   /// Whether no border is nearer than `clearance` to the line. With one end in the space and a
   /// clearance of 0, the line does not leave it.

@@ -1,7 +1,6 @@
 #include "Apps/Import/Model/Faces.hpp"
 
 #include <algorithm>
-#include <limits>
 
 #include "Apps/Import/Geometry/Shapes.hpp"
 
@@ -9,17 +8,11 @@ namespace orivanta::importer {
 
 namespace {
 
-struct Box {
-  Point low{std::numeric_limits<double>::max(), std::numeric_limits<double>::max()};
-  Point high{std::numeric_limits<double>::lowest(), std::numeric_limits<double>::lowest()};
-};
+using package::Box;
 
 Box boxOf(const Outline& outline) {
   Box box;
-  for (const Point point : outline) {
-    box.low = {std::min(box.low.x, point.x), std::min(box.low.y, point.y)};
-    box.high = {std::max(box.high.x, point.x), std::max(box.high.y, point.y)};
-  }
+  box.add(outline);
   return box;
 }
 
@@ -40,15 +33,15 @@ std::pair<Shape, Shape> halves(const Polygon& polygon) {
   middles.reserve(polygon.holes.size());
   for (const Outline& hole : polygon.holes) {
     const Box box = boxOf(hole);
-    middles.push_back((box.low + box.high) * 0.5);
+    middles.push_back((box.least + box.most) * 0.5);
     x.push_back(middles.back().x);
     y.push_back(middles.back().y);
   }
   const Box spread = boxOf(middles);
   const Box all = boxOf(polygon.outer);
-  const Point low = all.low - Point{1.0, 1.0};
-  const Point high = all.high + Point{1.0, 1.0};
-  if (spread.high.x - spread.low.x >= spread.high.y - spread.low.y) {
+  const Point low = all.least - Point{1.0, 1.0};
+  const Point high = all.most + Point{1.0, 1.0};
+  if (spread.most.x - spread.least.x >= spread.most.y - spread.least.y) {
     const double cut = medianOf(x);
     return {{{package::rectangle(low.x, low.y, cut, high.y), {}}},
             {{package::rectangle(cut, low.y, high.x, high.y), {}}}};

@@ -25,9 +25,11 @@ constexpr double gapWithoutWidth = 1.1;
 class FloorBuilder {
  public:
   FloorBuilder(const PackageLayout& layout, const Storey& storey)
-      : building_(layout.building()), storey_(storey), model_(layout.unitsPerMeter()) {
+      : layout_(layout),
+        building_(layout.building()),
+        storey_(storey),
+        model_(layout.unitsPerMeter()) {
     heights_.unitsPerMeter = layout.unitsPerMeter();
-    for (const Place& place : building_.places) places_.emplace(place.id, &place);
     for (const Door& door : building_.doors)
       if (door.level == storey.ordinal) addGap(door);
     for (const Connector& connector : building_.connectors) addStops(connector);
@@ -95,9 +97,7 @@ class FloorBuilder {
 
   void addArea(const Area& area) {
     if (isTappable(area.kind)) {
-      const auto place = places_.find(area.place);
-      model_.use(
-          {packageId(area.id), colorOf(area, place == places_.end() ? nullptr : place->second)});
+      model_.use({packageId(area.id), colorOf(area, layout_.placeOf(area))});
     } else {
       useCommonMaterial(area.kind);
     }
@@ -174,11 +174,11 @@ class FloorBuilder {
                  heights_.above(0.8));
   }
 
+  const PackageLayout& layout_;
   const Building& building_;
   const Storey& storey_;
   Model model_;
   SurfaceHeights heights_;
-  std::map<std::string, const Place*> places_;
   std::map<std::string, std::vector<Gap>> gaps_;
   std::map<std::string, std::vector<Boarding>> boarding_;
   std::vector<std::pair<const Polygon*, Point>> doors_;

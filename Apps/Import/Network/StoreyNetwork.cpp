@@ -44,10 +44,12 @@ bool isSmall(const Outline& hole) {
          std::abs(package::signedArea(hole)) < smallHole;
 }
 
-Shape withoutSmallHoles(Shape shape) {
+// Nothing if there are no small holes.
+std::optional<Shape> withoutSmallHoles(Shape shape) {
   bool changed = false;
   for (Polygon& polygon : shape) changed |= std::erase_if(polygon.holes, isSmall) > 0;
-  return changed ? united(shape) : shape;
+  if (!changed) return {};
+  return united(shape);
 }
 
 class Maker {
@@ -58,8 +60,7 @@ class Maker {
         walkways_(hasWalkways(building, level)),
         shape_(walkableSpace(building, level)),
         space_(shape_),
-        skeleton_(makeSkeleton(shape_, nodeClearance)),
-        ways_(skeleton_, space_),
+        ways_(shape_, nodeClearance, space_),
         rooms_(building, level) {
     for (const Area& area : building.areas)
       if (area.level == level && isWalked(area, walkways_)) walkable_.insert(area.id);
@@ -95,9 +96,10 @@ class Maker {
 
  private:
   void addMainLines() {
-    const Shape open = withoutSmallHoles(shape_);
-    const Space openSpace(open);
-    addTrunk(makeSkeleton(open, nodeClearance), openSpace, draft_);
+    if (const auto open = withoutSmallHoles(shape_))
+      addTrunk(makeSkeleton(*open, nodeClearance), Space(*open), draft_);
+    else
+      addTrunk(ways_.skeleton(), space_, draft_);
     moveOutOfObstacles(draft_, space_);
     const std::vector<Point> single = pointsWithoutLines();
     avoidObstacles(draft_, space_, ways_);
@@ -293,7 +295,6 @@ class Maker {
   bool walkways_;
   Shape shape_;
   Space space_;
-  Skeleton skeleton_;
   Ways ways_;
   Rooms rooms_;
   std::set<std::string> walkable_;

@@ -5,6 +5,7 @@
 #include <queue>
 #include <utility>
 
+#include "Apps/Import/Geometry/OpenShape.hpp"
 #include "Apps/Import/Network/Sight.hpp"
 
 namespace orivanta::importer {
@@ -13,6 +14,7 @@ namespace {
 
 constexpr std::uint32_t none = 0xffffffff;
 constexpr double unknown = std::numeric_limits<double>::infinity();
+constexpr double farthestStart = 60.0;  // meters from a node to the points at which ways begin
 
 std::vector<Segment> asSegments(const std::vector<Point>& points) {
   std::vector<Segment> segments;
@@ -21,29 +23,117 @@ std::vector<Segment> asSegments(const std::vector<Point>& points) {
   return segments;
 }
 
+bool isNear(const package::Box& box, Point point, double distance) {
+  return point.x >= box.least.x - distance && point.x <= box.most.x + distance &&
+         point.y >= box.least.y - distance && point.y <= box.most.y + distance;
+}
+
+DraftNode wayAt(Point position) { return {position, NodeKind::way, {}, {}, 0.0, 0.0, 0.0, {}}; }
+
 }  // namespace
 
-Ways::Ways(const Skeleton& skeleton, const Space& space)
-    : skeleton_(skeleton),
-      space_(space),
-      neighbors_(skeleton.neighbors()),
-      points_(asSegments(skeleton.points), 0.0),
-      costs_(skeleton.points.size(), unknown),
-      before_(skeleton.points.size(), none) {}
+// A skeleton that can be searched.
+struct Ways::Part {
+  // Refers to `given` unless there is an own skeleton.
+  explicit Part(const Skeleton* given, std::optional<Skeleton> own = {})
+      : made(std::move(own)), skeleton(made ? *made : *given) {
+    prepare();
+  }
 
-DraftNode Ways::nodeAt(Index point) const {
-  return {skeleton_.points[point], NodeKind::way, {}, {}, 0.0, 0.0, 0.0, {}};
+  const std::optional<Skeleton> made;
+  const Skeleton& skeleton;
+  std::vector<std::vector<Index>> neighbors;
+  std::optional<SegmentGrid> points;
+  // Of the current search; reset after each.
+  std::vector<double> costs;
+  std::vector<Index> before;
+  std::vector<Index> touched;
+  bool hasStarts = false;
+  bool isCutOff = false;  // there are points farther away than the search went
+  // What earlier searches have found out.
+  std::vector<bool> isNoArrival;
+  std::vector<bool> leadsNowhere;
+
+  DraftNode nodeAt(Index point) const { return wayAt(skeleton.points[point]); }
+
+ private:
+  void prepare() {
+    neighbors = skeleton.neighbors();
+    points.emplace(asSegments(skeleton.points), 0.0);
+    costs.assign(skeleton.points.size(), unknown);
+    before.assign(skeleton.points.size(), none);
+    isNoArrival.assign(skeleton.points.size(), false);
+    leadsNowhere.assign(skeleton.points.size(), false);
+  }
+};
+
+Ways::Ways(const Skeleton& skeleton, const Space& space) : skeleton_(&skeleton), space_(space) {}
+
+Ways::Ways(const Shape& shape, double leastClearance, const Space& space)
+    : shape_(&shape), leastClearance_(leastClearance), space_(space) {
+  boxes_.reserve(shape.size());
+  for (const Polygon& polygon : shape) boxes_.push_back(boxOf({polygon}));
+}
+
+Ways::~Ways() = default;
+
+const Skeleton& Ways::skeleton() {
+  if (skeleton_ == nullptr) skeleton_ = &made_.emplace(makeSkeleton(*shape_, leastClearance_));
+  return *skeleton_;
+}
+
+Ways::Part& Ways::whole() {
+  if (!whole_) whole_ = std::make_unique<Part>(&skeleton());
+  return *whole_;
+}
+
+// The polygons into which a node at the point may see.
+std::vector<std::size_t> Ways::polygonsNear(Point point) const {
+  constexpr double farthest = 3.0;  // meters from a door to the space
+  std::vector<std::size_t> near;
+  for (std::size_t i = 0; i < shape_->size(); ++i)
+    if (isNear(boxes_[i], point, farthest) && distanceTo({(*shape_)[i]}, point) <= farthest)
+      near.push_back(i);
+  return near;
+}
+
+Ways::Part& Ways::partOf(const std::vector<std::size_t>& polygons) {
+  std::unique_ptr<Part>& part = parts_[polygons];
+  if (!part) {
+    Shape shape;
+    for (const std::size_t i : polygons) shape.push_back((*shape_)[i]);
+    part = std::make_unique<Part>(nullptr, makeSkeleton(shape, leastClearance_));
+  }
+  return *part;
+}
+
+// A square that reaches at least half its size beyond the point. Nearby points have the same.
+Ways::Part& Ways::around(Point point, double size) {
+  const double step = size / 2.0;
+  const long column = std::lround(point.x / step);
+  const long row = std::lround(point.y / step);
+  std::unique_ptr<Part>& part = squares_[{size, column, row}];
+  if (part) return *part;
+  const Point middle = Point{static_cast<double>(column), static_cast<double>(row)} * step;
+  const double half = 1.5 * step;
+  const Polygon square{
+      package::rectangle(middle.x - half, middle.y - half, middle.x + half, middle.y + half), {}};
+  Shape shape;
+  for (std::size_t i = 0; i < shape_->size(); ++i)
+    if (overlapOfBoxes({(*shape_)[i]}, {square}) > 0.0) shape.push_back((*shape_)[i]);
+  part = std::make_unique<Part>(nullptr, makeSkeleton(common(shape, {square}), leastClearance_));
+  return *part;
 }
 
 // The nearest points in sight.
-std::vector<Ways::Start> Ways::startsFor(const DraftNode& node) const {
+std::vector<Ways::Start> Ways::startsFor(const Part& part, const DraftNode& node) const {
   constexpr std::size_t enough = 3;
   constexpr std::size_t mostTried = 60;
   std::vector<Start> seen;
-  for (const double reach : {2.0, 6.0, 20.0, 60.0}) {
+  for (const double reach : {2.0, 6.0, 20.0, farthestStart}) {
     std::vector<Start> near;
-    points_.eachNear(node.position, reach, [&](std::size_t i) {
-      const double distance = package::distance(skeleton_.points[i], node.position);
+    part.points->eachNear(node.position, reach, [&](std::size_t i) {
+      const double distance = package::distance(part.skeleton.points[i], node.position);
       if (distance <= reach) near.push_back({static_cast<Index>(i), distance});
     });
     std::sort(near.begin(), near.end(), [](const Start& a, const Start& b) {
@@ -51,45 +141,52 @@ std::vector<Ways::Start> Ways::startsFor(const DraftNode& node) const {
     });
     if (near.size() > mostTried) near.resize(mostTried);
     for (const Start& start : near)
-      if (seen.size() < enough && sees(space_, node, nodeAt(start.point))) seen.push_back(start);
+      if (seen.size() < enough && sees(space_, node, part.nodeAt(start.point)))
+        seen.push_back(start);
     if (!seen.empty()) break;
   }
   return seen;
 }
 
-std::optional<Ways::Index> Ways::search(const DraftNode& from, double longest,
-                                        const std::function<bool(Index)>& isGoal) {
-  for (const Index point : touched_) {
-    costs_[point] = unknown;
-    before_[point] = none;
+std::optional<Ways::Index> Ways::search(Part& part, const std::vector<Start>& starts,
+                                        double longest,
+                                        const std::function<bool(Index)>& isGoal) const {
+  for (const Index point : part.touched) {
+    part.costs[point] = unknown;
+    part.before[point] = none;
   }
-  touched_.clear();
+  part.touched.clear();
+  part.isCutOff = false;
   using Entry = std::pair<double, Index>;
   std::priority_queue<Entry, std::vector<Entry>, std::greater<>> open;
   const auto reach = [&](Index point, double cost, Index before) {
-    if (cost >= costs_[point] || cost > longest) return;
-    if (costs_[point] == unknown) touched_.push_back(point);
-    costs_[point] = cost;
-    before_[point] = before;
+    if (cost >= part.costs[point]) return;
+    part.isCutOff = part.isCutOff || cost > longest;
+    if (cost > longest) return;
+    if (part.costs[point] == unknown) part.touched.push_back(point);
+    part.costs[point] = cost;
+    part.before[point] = before;
     open.emplace(cost, point);
   };
-  for (const Start& start : startsFor(from)) reach(start.point, start.distance, none);
+  for (const Start& start : starts) reach(start.point, start.distance, none);
+  const std::vector<Point>& points = part.skeleton.points;
   while (!open.empty()) {
     const auto [cost, point] = open.top();
     open.pop();
-    if (cost > costs_[point]) continue;
+    if (cost > part.costs[point]) continue;
     if (isGoal(point)) return point;
-    for (const Index next : neighbors_[point])
-      reach(next, cost + package::distance(skeleton_.points[point], skeleton_.points[next]), point);
+    for (const Index next : part.neighbors[point])
+      reach(next, cost + package::distance(points[point], points[next]), point);
   }
   return {};
 }
 
 // Leaves out every point that the one before it need not pass to see a later one.
-std::vector<Point> Ways::straightened(const DraftNode& from, Index last,
+std::vector<Point> Ways::straightened(const Part& part, const DraftNode& from, Index last,
                                       const DraftNode& to) const {
   std::vector<DraftNode> way{to};
-  for (Index point = last; point != none; point = before_[point]) way.push_back(nodeAt(point));
+  for (Index point = last; point != none; point = part.before[point])
+    way.push_back(part.nodeAt(point));
   way.push_back(from);
   std::reverse(way.begin(), way.end());
   constexpr std::size_t farthest = 120;
@@ -126,26 +223,51 @@ void Ways::tighten(std::vector<DraftNode>& way) const {
 
 std::optional<std::vector<Point>> Ways::between(const DraftNode& from, const DraftNode& to,
                                                 double longest) {
-  const std::vector<Start> ends = startsFor(to);
+  const std::vector<Start> ends = startsFor(whole(), to);
   if (ends.empty()) return {};
-  const auto goal = search(from, longest, [&](Index point) {
+  const auto goal = search(whole(), startsFor(whole(), from), longest, [&](Index point) {
     return std::any_of(ends.begin(), ends.end(),
                        [&](const Start& end) { return end.point == point; });
   });
   if (!goal) return {};
-  return straightened(from, *goal, to);
+  return straightened(whole(), from, *goal, to);
 }
 
-std::optional<Ways::Arrival> Ways::nearest(
-    const DraftNode& from,
-    const std::function<std::optional<DraftNode>(const DraftNode& point)>& arrive) {
+// Examines each point once in its life, and a part of the skeleton without any arrival once.
+std::optional<Ways::Arrival> Ways::nearestIn(Part& part, const DraftNode& from, double longest,
+                                             const Arrive& arrive) const {
+  std::vector<Start> starts = startsFor(part, from);
+  part.hasStarts = !starts.empty();
+  std::erase_if(starts, [&](const Start& start) { return part.leadsNowhere[start.point]; });
   std::optional<DraftNode> end;
-  const auto goal = search(from, unknown, [&](Index point) {
-    end = arrive(nodeAt(point));
+  const auto goal = search(part, starts, longest, [&](Index point) {
+    if (part.isNoArrival[point]) return false;
+    end = arrive(part.nodeAt(point));
+    part.isNoArrival[point] = !end;
     return end.has_value();
   });
-  if (!goal) return {};
-  return Arrival{*end, straightened(from, *goal, *end)};
+  if (goal) return Arrival{*end, straightened(part, from, *goal, *end)};
+  if (!part.isCutOff)
+    for (const Index point : part.touched) part.leadsNowhere[point] = true;
+  return {};
+}
+
+// Most ways are short. Near its border, the skeleton of a square is not that of the shape, so
+// longer ways in it do not count. What has no continuation in a square has none outside it.
+std::optional<Ways::Arrival> Ways::nearest(const DraftNode& from, const Arrive& arrive) {
+  if (skeleton_ != nullptr) return nearestIn(whole(), from, unknown, arrive);
+  const std::vector<std::size_t> polygons = polygonsNear(from.position);
+  std::size_t borders = 0;
+  for (const std::size_t i : polygons) borders += bordersOf({(*shape_)[i]}).size();
+  constexpr std::size_t manyBorders = 2'000;
+  if (borders > manyBorders)
+    for (const double size : {25.0, 50.0, 2.0 * farthestStart}) {
+      Part& part = around(from.position, size);
+      if (auto arrival = nearestIn(part, from, 0.4 * size, arrive)) return arrival;
+      const bool isComplete = part.hasStarts || size / 2.0 >= farthestStart;
+      if (!part.isCutOff && isComplete) return {};
+    }
+  return nearestIn(partOf(polygons), from, unknown, arrive);
 }
 
 }  // namespace orivanta::importer

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstring>
 #include <optional>
 
 #include "Apps/Import/Read/JsonText.hpp"
@@ -21,8 +22,10 @@ constexpr std::string_view knownFormats =
 constexpr std::size_t sampleBytes = 256U << 10U;
 
 bool has(std::string_view text, std::initializer_list<std::string_view> any) {
-  return std::any_of(any.begin(), any.end(),
-                     [&](std::string_view each) { return text.find(each) != text.npos; });
+  // Much faster than `std::string_view::find` for texts with many quotation marks.
+  return std::any_of(any.begin(), any.end(), [&](std::string_view each) {
+    return memmem(text.data(), text.size(), each.data(), each.size()) != nullptr;
+  });
 }
 
 bool endsWith(std::string_view name, std::string_view ending) {

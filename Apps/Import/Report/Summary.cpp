@@ -4,36 +4,17 @@
 
 #include <algorithm>
 #include <map>
-#include <numeric>
 #include <utility>
+
+#include "Apps/Import/DisjointSets.hpp"
 
 namespace orivanta::importer {
 
 namespace {
 
-// Disjoint sets of nodes.
-class Sets {
- public:
-  explicit Sets(std::size_t count) : parents_(count) {
-    std::iota(parents_.begin(), parents_.end(), std::size_t{0});
-  }
-  std::size_t find(std::size_t item) {
-    while (parents_[item] != item) item = parents_[item] = parents_[parents_[item]];
-    return item;
-  }
-  void join(std::size_t a, std::size_t b) {
-    // The smaller index stays, so that the order of joining does not matter.
-    const auto [least, most] = std::minmax({find(a), find(b)});
-    parents_[most] = least;
-  }
-
- private:
-  std::vector<std::size_t> parents_;
-};
-
-Sets joinedNodes(const Building& building) {
+DisjointSets joinedNodes(const Building& building) {
   const Network& network = building.network;
-  Sets sets(network.nodes.size());
+  DisjointSets sets(network.nodes.size());
   for (const Edge& edge : network.edges) sets.join(edge.from, edge.to);
   std::map<std::string, std::size_t> connectors;
   for (std::size_t i = 0; i < network.nodes.size(); ++i) {
@@ -70,7 +51,7 @@ std::string counted(std::size_t count, std::string_view one, std::string_view ma
 }  // namespace
 
 NetworkParts networkParts(const Building& building) {
-  Sets sets = joinedNodes(building);
+  DisjointSets sets = joinedNodes(building);
   NetworkParts result;
   std::map<std::size_t, std::vector<std::size_t>> rooms;  // by the first node of the part
   for (std::size_t i = 0; i < building.network.nodes.size(); ++i) rooms[sets.find(i)];

@@ -202,18 +202,18 @@ json::array vortexRecords(const PackageLayout& layout, const NodeLookup& lookup,
 
 }  // namespace
 
-PackageRecords makeRecords(const PackageLayout& layout) {
+json::array makeRecords(const PackageLayout& layout, const UseRecords& use) {
   const NodeLookup lookup(layout.building());
   UsedCategories categories;
-  PackageRecords records;
-  records.venue = venueRecord(layout);
-  records.maps = mapRecords(layout);
-  records.locations = locationRecords(layout, lookup, categories);
-  records.nodes = nodeRecords(layout, lookup);
-  records.vortices = vortexRecords(layout, lookup, categories);
-  records.polygons = polygonRecords(layout, lookup);
-  records.categories = categories.records(layout.building().language);
-  return records;
+  use("venue.json", venueRecord(layout));
+  use("map.json", mapRecords(layout));
+  use("location.json", locationRecords(layout, lookup, categories));
+  use("node.json", nodeRecords(layout, lookup));
+  use("vortex.json", vortexRecords(layout, lookup, categories));
+  use("polygon.json", polygonRecords(layout, lookup));
+  json::array used = categories.records(layout.building().language);
+  use("category.json", used);
+  return used;
 }
 
 }  // namespace orivanta::importer

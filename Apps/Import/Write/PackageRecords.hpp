@@ -2,23 +2,19 @@
 #pragma once
 
 #include <boost/json/array.hpp>
-#include <boost/json/object.hpp>
+#include <boost/json/value.hpp>
+#include <functional>
+#include <string_view>
 
 #include "Apps/Import/PackageLayout.hpp"
 
 namespace orivanta::importer {
 
-/// See Docs/PackageFormat.md for the members.
-struct PackageRecords {
-  boost::json::object venue;
-  boost::json::array maps;
-  boost::json::array categories;
-  boost::json::array locations;
-  boost::json::array nodes;
-  boost::json::array vortices;
-  boost::json::array polygons;
-};
+/// Takes the contents of a file such as "node.json": an array of records, or a single record.
+using UseRecords = std::function<void(std::string_view file, const boost::json::value& records)>;
 
-PackageRecords makeRecords(const PackageLayout& layout);
+/// Makes the records that Docs/PackageFormat.md describes and passes them to `use`, one file after
+/// another, so that those of all files are not in memory together. Returns those of the categories.
+boost::json::array makeRecords(const PackageLayout& layout, const UseRecords& use);
 
 }  // namespace orivanta::importer

@@ -1,7 +1,6 @@
 #include "Apps/Import/Write/Pictures.hpp"
 
 #include <algorithm>
-#include <map>
 #include <string>
 
 #include "Apps/Import/Model/FloorModel.hpp"
@@ -19,10 +18,9 @@ using package::Picture;
 // Fits what is drawn of the main floor into a picture.
 class PlanPainter {
  public:
-  explicit PlanPainter(const PackageLayout& layout) {
+  explicit PlanPainter(const PackageLayout& layout) : layout_(layout) {
     if (layout.maps().empty()) return;
     const Storey& storey = *layout.maps().front();
-    for (const Place& place : layout.building().places) places_.emplace(place.id, &place);
     for (const Area& area : layout.building().areas)
       if (area.level == storey.ordinal && isTappable(area.kind)) areas_.push_back(&area);
     // Rooms are drawn over the walkways that they may lie on.
@@ -50,17 +48,12 @@ class PlanPainter {
       for (const Polygon& polygon : area->shape) {
         std::vector<Outline> rings = {onPicture(polygon.outer)};
         for (const Outline& hole : polygon.holes) rings.push_back(onPicture(hole));
-        picture.fill(rings, plain != nullptr ? *plain : colorOf(*area, placeOf(*area)));
+        picture.fill(rings, plain != nullptr ? *plain : colorOf(*area, layout_.placeOf(*area)));
       }
   }
 
  private:
-  const Place* placeOf(const Area& area) const {
-    const auto found = places_.find(area.place);
-    return found == places_.end() ? nullptr : found->second;
-  }
-
-  std::map<std::string, const Place*> places_;
+  const PackageLayout& layout_;
   std::vector<const Area*> areas_;
   package::Box box_;
 };

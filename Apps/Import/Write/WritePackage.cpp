@@ -17,19 +17,19 @@ using package::ReplacedFolder;
 
 namespace {
 
-void writeRecords(const PackageRecords& records, ReplacedFolder& folder) {
-  using package::jsonLines;
-  folder.write("venue.json", package::jsonLine(records.venue) + "\n");
-  folder.write("map.json", jsonLines(records.maps));
-  folder.write("category.json", jsonLines(records.categories));
-  folder.write("location.json", jsonLines(records.locations));
-  folder.write("node.json", jsonLines(records.nodes));
-  folder.write("vortex.json", jsonLines(records.vortices));
-  folder.write("polygon.json", jsonLines(records.polygons));
+// Returns the records of the categories.
+boost::json::array writeRecords(const PackageLayout& layout, ReplacedFolder& folder) {
+  return makeRecords(layout, [&](std::string_view file, const boost::json::value& records) {
+    const boost::json::array* list = records.if_array();
+    folder.write(file,
+                 list != nullptr ? package::jsonLines(*list) : package::jsonLine(records) + "\n");
+  });
 }
 
-void writeFloors(const PackageLayout& layout, ReplacedFolder& folder) {
+void writeFloors(const PackageLayout& layout, ReplacedFolder& folder, const Progress& progress) {
+  double done = 0.0;
   for (const Storey* storey : layout.maps()) {
+    if (progress) progress("writing", ++done / static_cast<double>(layout.maps().size() + 1));
     const std::string& name = layout.fileName(*storey);
     const package::Model model = makeFloorModel(layout, *storey);
     folder.write("maps/" + name + ".obj", model.obj(name + ".mtl"));
@@ -40,14 +40,13 @@ void writeFloors(const PackageLayout& layout, ReplacedFolder& folder) {
 
 }  // namespace
 
-void writePackage(const Building& building, const fs::path& target) {
+void writePackage(const Building& building, const fs::path& target, const Progress& progress) {
   ReplacedFolder folder(target, "import");
   const PackageLayout layout(building);
-  const PackageRecords records = makeRecords(layout);
-  writeRecords(records, folder);
-  writeFloors(layout, folder);
+  const boost::json::array categories = writeRecords(layout, folder);
+  writeFloors(layout, folder, progress);
   writeImages(layout, folder.path() / "images");
-  writeSigns(records.categories, folder.path() / "images" / "places");
+  writeSigns(categories, folder.path() / "images" / "places");
   folder.commit();
 }
 

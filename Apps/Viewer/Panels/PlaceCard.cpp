@@ -63,8 +63,8 @@ PlaceCard::PlaceCard(const guidance::InterfaceTexts& texts)
   addStop_->action = forward(stopAdded);
 }
 
-void PlaceCard::show(const Location& place) {
-  name_->setText(place.name.value_or(""));
+void PlaceCard::show(const Location& place, const std::string& name) {
+  name_->setText(name);
   kind_->setText(kindOf(place));
   description_->setText(place.description.value_or(""));
   picture_->setPicture(nullptr);

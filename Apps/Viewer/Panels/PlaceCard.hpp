@@ -27,7 +27,7 @@ class PlaceCard : public Panel {
   std::function<void()> stopAdded;                       ///< the place becomes a stop of the route
   std::function<void(std::size_t index)> nearestChosen;  ///< of `setNearest`
 
-  void show(const Location& place);
+  void show(const Location& place, const std::string& name);
 
   /// Says whether the place is closed.
   void setPlaceClosed(bool isClosed);

@@ -142,10 +142,9 @@ void SearchPanel::show(const std::vector<PlaceGroup>& groups) {
     items_.push_back(std::move(item));
     source.heights.push_back(height);
   };
-  const auto category =
-      end_ == RouteEnd::start ? nullptr : categoryTyped(venue_, field_->text(), texts_);
-  if (category && isOpen())
-    add({nullptr, texts_.text("interface.nearest.detail"), category}, Row::detailHeight);
+  if (isOpen() && end_ != RouteEnd::start)
+    for (const auto& category : categoriesTyped(venue_, field_->text()))
+      add({nullptr, texts_.text("interface.nearest.detail"), category}, Row::detailHeight);
   const bool hasTitles = groups.size() > 1;
   for (const PlaceGroup& group : groups) {
     if (hasTitles)

@@ -36,8 +36,8 @@ class SearchPanel : public Panel {
   bool isOpen() const { return field_->isFocused(); }
 
   /// Empties the field and gives it the focus. `end` is the end of a route for which the user
-  /// searches a place, if any. If the typed text matches a category, the first result is the
-  /// nearest place of that category, except for the start of a route.
+  /// searches a place, if any. If the typed text matches categories, the first results are the
+  /// nearest places of these categories, except for the start of a route.
   void open(std::optional<RouteEnd> end = std::nullopt);
 
   /// Returns the end for which the search is open, if any.

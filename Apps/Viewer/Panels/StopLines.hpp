@@ -14,8 +14,8 @@
 
 namespace orivanta::viewer {
 
-/// One line for each stop, with a line of dots beside them. Stops in between have a button that
-/// removes them.
+/// One line for each stop, with a line of dots beside them. Stops in between have their number, as
+/// on the map, and a button that removes them.
 class StopLines : public view::View {
  public:
   explicit StopLines(const guidance::InterfaceTexts& texts);

@@ -39,7 +39,11 @@ class Matrix {
     for (std::size_t column = 0; column < goals.size(); ++column) {
       if (goals[column].problem) continue;
       ++usable_;
-      for (const Index vertex : goals[column].ends.vertices) columns_[vertex].push_back(column);
+      for (const Index vertex : goals[column].ends.vertices) {
+        auto& columns = columns_[vertex];
+        if (columns.empty()) targets_.emplace_back(&goals[column].ends, vertex);
+        columns.push_back(column);
+      }
     }
   }
 
@@ -47,12 +51,11 @@ class Matrix {
     std::vector<std::int64_t> row(goals_.size(), -1);
     if (starts_[index].problem || context_.token.isCanceled()) return row;
     NetworkSearch search(context_, costs_, starts_.size() + goals_.size());
-    for (const ResolvedStop& goal : goals_)
-      if (!goal.problem) search.aimAt(goal.ends);
+    for (const auto& [goal, vertex] : targets_) search.aimAt(*goal, vertex);
     search.startFrom(starts_[index].ends);
     for (std::size_t left = usable_; left != 0;) {
       const auto vertex = search.next();
-      if (!vertex) break;
+      if (!vertex || context_.token.isCanceled()) break;
       for (const std::size_t column : columns_.at(*vertex))
         if (row[column] < 0) {
           row[column] = search.cost(*vertex);
@@ -67,6 +70,7 @@ class Matrix {
   const CostTable& costs_;
   const ResolvedStops& starts_;
   const ResolvedStops& goals_;
+  std::vector<std::pair<const Ends*, Index>> targets_;           // each vertex once
   std::unordered_map<Index, std::vector<std::size_t>> columns_;  // per vertex
   std::size_t usable_ = 0;                                       // goals
 };

@@ -11,8 +11,9 @@ ItineraryBuilder::ItineraryBuilder(const GuideData& data, const Profile& profile
   itinerary_.hasScale = data.network.hasScale();
 }
 
-void ItineraryBuilder::addVisit(std::size_t stop, std::shared_ptr<Location> location) {
-  itinerary_.visits.push_back({stop, itinerary_.legs.size(), std::move(location)});
+void ItineraryBuilder::addVisit(std::size_t stop, std::shared_ptr<Location> location,
+                                bool isClosed) {
+  itinerary_.visits.push_back({stop, itinerary_.legs.size(), std::move(location), isClosed});
 }
 
 void ItineraryBuilder::addPath(const NetworkPath& path, const Ends* from, const Ends* to) {

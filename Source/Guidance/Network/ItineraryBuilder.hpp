@@ -24,7 +24,7 @@ class ItineraryBuilder {
   void addPath(const NetworkPath& path, const Ends* from, const Ends* to);
 
   /// Adds a visit after the legs that were added.
-  void addVisit(std::size_t stop, std::shared_ptr<Location> location);
+  void addVisit(std::size_t stop, std::shared_ptr<Location> location, bool isClosed = false);
 
   /// Returns the itinerary.
   Itinerary take() { return std::move(itinerary_); }

@@ -60,6 +60,18 @@ const PlaceTable::Place* PlaceTable::find(const Location* record) const {
   return entry == numbers_.end() ? nullptr : &places_[entry->second];
 }
 
+std::optional<PlaceTable::Places> PlaceTable::find(
+    const std::vector<std::shared_ptr<Location>>& records) const {
+  Places places;
+  std::unordered_set<const Place*> found;
+  for (const auto& record : records) {
+    const Place* place = find(record.get());
+    if (place == nullptr) return std::nullopt;
+    if (found.insert(place).second) places.push_back(place);
+  }
+  return places;
+}
+
 std::optional<PlaceTable::Places> PlaceTable::placesOf(const Category* category) const {
   if (groups_.find(category) == groups_.end()) return std::nullopt;
   std::unordered_set<const Category*> seen{category};

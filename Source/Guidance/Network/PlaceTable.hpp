@@ -42,6 +42,10 @@ class PlaceTable {
   /// Returns null if the record is not one of the venue.
   const Place* find(const Location* record) const;
 
+  /// Returns the places of several records, each once, in their order. Returns nothing if one of
+  /// them is not a record of the venue.
+  std::optional<Places> find(const std::vector<std::shared_ptr<Location>>& records) const;
+
   /// Returns the places of a category and of the categories below it, in the order of the venue.
   /// Returns nothing if the category is not one of the venue.
   std::optional<Places> placesOf(const Category* category) const;

@@ -57,14 +57,16 @@ std::vector<GuideNetwork::Index> Planner::closedArcs() const {
   return data_.places.closedArcs(request_.closures, std::move(closed));
 }
 
-Plan Planner::plan() {
-  if (!resolveAll()) return failed();
+Plan Planner::plan() { return resolveAll() ? routes() : failed(); }
+
+Plan Planner::routes() {
   const Arrivals checked{speedOf(request_.profile),
                          [this](std::size_t place, Index vertex, double seconds) {
                            return accepts(order_[place], vertex, seconds);
                          }};
   const Arrivals* arrivals = request_.at ? &checked : nullptr;
-  const auto paths = best(arrivals);
+  auto paths = best(arrivals);
+  if (!paths) paths = bestToClosedStops(arrivals);
   if (!paths) return failed();
   Plan plan;
   plan.itineraries.push_back(itineraryOf(*paths));
@@ -79,6 +81,17 @@ std::optional<Planner::Paths> Planner::best(const Arrivals* arrivals) {
   if (!paths && request_.bestOrder && closing_[order_[failing]])
     paths = withAnEarlierStop(failing, arrivals);
   if (!paths) explain(failing);
+  return paths;
+}
+
+std::optional<Planner::Paths> Planner::bestToClosedStops(const Arrivals* arrivals) {
+  const bool isAboutHours = std::any_of(closing_.begin(), closing_.end(),
+                                        [](const auto& kind) { return kind.has_value(); });
+  if (!request_.visitsClosedStops || !isAboutHours) return std::nullopt;
+  ignoresStopHours_ = true;
+  const auto problem = problem_;
+  auto paths = best(arrivals);
+  problem_ = problem;
   return paths;
 }
 
@@ -127,6 +140,8 @@ bool Planner::isOpenAfter(const Place& place, double seconds) const {
 }
 
 bool Planner::accepts(std::size_t stop, Index vertex, double seconds) {
+  if (ignoresStopHours_ && std::holds_alternative<std::shared_ptr<Location>>(request_.stops[stop]))
+    return true;
   const auto places = stops_[stop].placesAt(vertex);
   const auto isOpen = [&](const Place* place) { return isOpenAfter(*place, seconds); };
   if (places.empty() || std::any_of(places.begin(), places.end(), isOpen)) return true;

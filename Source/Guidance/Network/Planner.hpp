@@ -24,7 +24,8 @@ class Planner {
   /// Finds the best route and the alternatives.
   Plan plan();
 
-  /// Finds the routes from the first stop to the nearest places of the second, a category.
+  /// Finds the routes from the first stop to the nearest places of the second. There is at most one
+  /// if that has no places.
   Plan nearest(int limit);
 
  private:
@@ -33,11 +34,13 @@ class Planner {
   using Paths = std::vector<NetworkPath>;
 
   bool resolveAll();
+  Plan routes();
   std::vector<Index> closedArcs() const;
   Order bestOrder(const CostTable& costs) const;
   std::optional<Paths> search(const CostTable& costs, const Order& order, const Arrivals* arrivals,
                               std::size_t* failed) const;
   std::optional<Paths> best(const Arrivals* arrivals);
+  std::optional<Paths> bestToClosedStops(const Arrivals* arrivals);
   std::optional<Paths> withAnEarlierStop(std::size_t place, const Arrivals* arrivals);
   bool isOpenAfter(const PlaceTable::Place& place, double seconds) const;
   bool accepts(std::size_t stop, Index vertex, double seconds);
@@ -57,6 +60,7 @@ class Planner {
   StopResolver resolver_;
   std::vector<ResolvedStop> stops_;
   std::vector<std::optional<Problem::Kind>> closing_;  // per stop, if a place closes
+  bool ignoresStopHours_ = false;                      // see `Request::visitsClosedStops`
   Order order_;
   std::shared_ptr<const CostTable> costs_;
   std::optional<Problem> problem_;

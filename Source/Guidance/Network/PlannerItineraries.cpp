@@ -32,8 +32,10 @@ Itinerary Planner::itineraryOf(const Paths& paths) const {
   ItineraryBuilder builder(data_, request_.profile);
   const auto visit = [&](std::size_t place, Index vertex) {
     const double seconds = request_.at ? secondsOf(paths, place) : 0.0;
-    const Place* found = placeAt(order_[place], vertex, seconds);
-    builder.addVisit(order_[place], found == nullptr ? nullptr : found->record);
+    if (const Place* found = placeAt(order_[place], vertex, seconds))
+      builder.addVisit(order_[place], found->record, place > 0 && !isOpenAfter(*found, seconds));
+    else
+      builder.addVisit(order_[place], nullptr);
   };
   visit(0, paths.front().first);
   for (std::size_t i = 0; i < paths.size(); ++i) {

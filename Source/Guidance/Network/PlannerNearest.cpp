@@ -1,4 +1,4 @@
-// Finds the nearest places of a category.
+// Finds the nearest ones of several places.
 #include <algorithm>
 #include <unordered_set>
 #include <utility>
@@ -18,6 +18,7 @@ constexpr int mostNearest = 1000;
 
 Plan Planner::nearest(int limit) {
   if (!resolveAll()) return failed();
+  if (stops_[1].places.empty()) return routes();
   NetworkSearch search(context_, *costs_, stops_.size());
   search.aimAt(stops_[1].ends);
   if (limit <= 0) search.guide();

@@ -54,8 +54,10 @@ ResolvedStop StopResolver::resolve(const Stop& stop, std::size_t index, bool isS
           return atNode(place, isStart);
         else if constexpr (std::is_same_v<Type, NodeList>)
           return atNodes(place, isStart);
+        else if constexpr (std::is_same_v<Type, PlaceList>)
+          return atAny(data_.places.find(place), isStart);
         else if constexpr (std::is_same_v<Type, std::shared_ptr<Category>>)
-          return inCategory(place, isStart);
+          return atAny(data_.places.placesOf(place.get()), isStart);
         else
           return atPlace(place, isStart);
       },
@@ -108,9 +110,8 @@ ResolvedStop StopResolver::atNodes(const NodeList& nodes, bool isStart) const {
   return stop;
 }
 
-ResolvedStop StopResolver::inCategory(const std::shared_ptr<Category>& category,
-                                      bool isStart) const {
-  const auto places = data_.places.placesOf(category.get());
+ResolvedStop StopResolver::atAny(const std::optional<PlaceTable::Places>& places,
+                                 bool isStart) const {
   if (!places) return failed(Kind::unknownPlace);
   ResolvedStop stop;
   bool anyClosed = false;

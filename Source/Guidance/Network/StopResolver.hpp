@@ -33,15 +33,15 @@ class StopResolver {
 
   /// Resolves the stop at an index of a request. A place that the closures contain has the problem
   /// `closed`, except at the start: a traveler can leave it. The opening hours of a place are not
-  /// considered, but of the places of a category, those that are closed for the first hour after
-  /// the departure are left out.
+  /// considered, but of several places, or those of a category, the ones that are closed for the
+  /// first hour after the departure are left out.
   ResolvedStop resolve(const Stop& stop, std::size_t index, bool isStart) const;
 
  private:
   ResolvedStop atPlace(const std::shared_ptr<Location>& location, bool isStart) const;
   ResolvedStop atNode(const std::shared_ptr<Node>& node, bool isStart) const;
   ResolvedStop atNodes(const NodeList& nodes, bool isStart) const;
-  ResolvedStop inCategory(const std::shared_ptr<Category>& category, bool isStart) const;
+  ResolvedStop atAny(const std::optional<PlaceTable::Places>& places, bool isStart) const;
   ResolvedStop atPosition(const Position& position, std::size_t index) const;
   bool isClosedForLong(const PlaceTable::Place& place) const;
   void addRooms(Ends& ends) const;

@@ -1,5 +1,6 @@
 #include "Source/Guidance/Steps/RoomsOnWay.hpp"
 
+#include <algorithm>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
@@ -46,18 +47,29 @@ class RoomFinder {
     return nullptr;
   }
 
-  // Returns whether a walk that comes to a door of a place and goes on from another one has not
-  // left its room: there are only entrances of the place between them.
+  // Returns whether the walk does not leave the room of a place between two doors: each edge has
+  // an end inside, or connects two entrances of the place.
   bool staysInside(const Location& place, std::size_t door, std::size_t next) const {
-    if (door == next) return true;
-    for (std::size_t i = door; i <= next; ++i)
-      if (!surroundings_.isEntranceOf(*line_.node(i), place)) return false;
+    for (std::size_t i = door; i < next; ++i)
+      if (!isInside(i, place) && !isInside(i + 1, place) &&
+          !(isEntrance(i, place) && isEntrance(i + 1, place)))
+        return false;
     return true;
   }
 
  private:
   bool isOutside(std::size_t index) const {
     return surroundings_.roomsAt(*line_.node(index)).empty();
+  }
+
+  bool isInside(std::size_t index, const Location& place) const {
+    const auto rooms = surroundings_.roomsAt(*line_.node(index));
+    return std::any_of(rooms.begin(), rooms.end(),
+                       [&](const auto& room) { return room.get() == &place; });
+  }
+
+  bool isEntrance(std::size_t index, const Location& place) const {
+    return surroundings_.isEntranceOf(*line_.node(index), place);
   }
 
   // Returns the places in whose rooms all nodes lie that lie in any.

@@ -1,5 +1,6 @@
 #include "Source/Guidance/Words/WalkWriter.hpp"
 
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -46,11 +47,10 @@ std::string WalkWriter::text() const {
 // The rooms on the way, or an empty text if there are none.
 std::string WalkWriter::through(const std::string& key, const std::string& length) const {
   std::vector<std::string> rooms;
-  const Location* last = nullptr;
+  std::unordered_set<std::string> known;  // a room may be entered again
   for (const auto& room : step_.through) {
-    if (room.get() == std::exchange(last, room.get())) continue;  // entered again
     std::string name = placeName(messages_, room);
-    if (!name.empty()) rooms.push_back(std::move(name));
+    if (!name.empty() && known.insert(name).second) rooms.push_back(std::move(name));
   }
   if (rooms.empty()) return {};
   if (rooms.size() == 1)

@@ -118,18 +118,6 @@ class Histogram {
   std::vector<double> sums_;
 };
 
-// Returns the median of the roots of the areas, or 0 if there are none.
-double medianRoom(std::size_t floor, std::span<const FirstViewPlace> places) {
-  std::vector<double> sides;
-  for (const FirstViewPlace& place : places)
-    if (isOn(place, floor) && place.area > 0 && std::isfinite(place.area))
-      sides.push_back(std::sqrt(place.area));
-  if (sides.empty()) return 0;
-  const auto middle = sides.begin() + static_cast<std::ptrdiff_t>(sides.size() / 2);
-  std::nth_element(sides.begin(), middle, sides.end());
-  return *middle;
-}
-
 // Lengths of the longer side of the region in scene units.
 struct Lengths {
   double least = 0;
@@ -169,6 +157,17 @@ graphics::Point middleOf(const Histogram& histogram, const Histogram::Window& wi
 
 double firstViewWeight(bool isNameGenerated, bool isBackground, bool hasArea) {
   return (isNameGenerated ? 0.25 : 1.0) * (isBackground ? 0.25 : 1.0) * (hasArea ? 1.0 : 0.5);
+}
+
+double medianRoom(std::size_t floor, std::span<const FirstViewPlace> places) {
+  std::vector<double> sides;
+  for (const FirstViewPlace& place : places)
+    if (isOn(place, floor) && place.area > 0 && std::isfinite(place.area))
+      sides.push_back(std::sqrt(place.area));
+  if (sides.empty()) return 0;
+  const auto middle = sides.begin() + static_cast<std::ptrdiff_t>(sides.size() / 2);
+  std::nth_element(sides.begin(), middle, sides.end());
+  return *middle;
 }
 
 std::optional<std::size_t> firstFloor(std::span<const FirstViewFloor> floors,

@@ -37,6 +37,10 @@ struct FirstRegion {
 /// stops, parking, buildings and sports grounds (`isBackground`); half of that without an area.
 ORIVANTA_API double firstViewWeight(bool isNameGenerated, bool isBackground, bool hasArea);
 
+/// Returns the side of the median room of a floor: the median of the roots of the areas of its
+/// places. Returns 0 if they have no areas.
+ORIVANTA_API double medianRoom(std::size_t floor, std::span<const FirstViewPlace> places);
+
 /// Returns the index of the floor to open with, or nothing if there are no floors. A floor's score
 /// is the weight of its places (0.55), its entrances (0.2) and its connectors (0.15), each relative
 /// to the floor that has most, and its nearness to the ground (0.1). Of the floors with at least 85

@@ -18,6 +18,8 @@ struct Insets {
   double top = 0;     ///< at the upper edge
   double right = 0;   ///< at the right edge
   double bottom = 0;  ///< at the lower edge
+
+  friend bool operator==(const Insets&, const Insets&) = default;
 };
 
 /// The area that is visible around framed points.

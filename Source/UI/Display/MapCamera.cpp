@@ -5,6 +5,7 @@
 #include <limits>
 #include <numbers>
 
+#include "Platform/Graphics/Guarded.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Display/CameraRig.hpp"
@@ -49,6 +50,12 @@ bool MapCamera::isReady() const {
 }
 
 CameraPose MapCamera::pose() const { return isReady() ? rig_.pose() : CameraPose(); }
+
+// A renderer may read them on another thread.
+void MapCamera::setInsets(const Insets& insets) {
+  Insets changed = insets;
+  graphics::swapGuarded(insets_, changed);
+}
 
 CameraPose MapCamera::target() const { return glide_ ? glide_->to : pose(); }
 

@@ -56,7 +56,7 @@ class ORIVANTA_API MapCamera {
   void setLimited(bool limited) { limited_ = limited; }
 
   /// Sets the covered margins of the view. `fit` and `frame` use the rest of the view.
-  void setInsets(const Insets& insets) { insets_ = insets; }
+  void setInsets(const Insets& insets);
 
   /// Returns the insets; all are 0 until set.
   const Insets& insets() const { return insets_; }

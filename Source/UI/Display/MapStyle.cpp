@@ -2,7 +2,9 @@
 
 #include <utility>
 
+#include "Source/UI/Display/Styled/FirstViewing.hpp"
 #include "Source/UI/Display/Styled/StyledMap.hpp"
+#include "Source/UI/MapView.hpp"
 
 namespace orivanta {
 
@@ -30,5 +32,25 @@ void MapStyle::setCovered(std::vector<graphics::Rect> covered) {
 bool MapStyle::isReady() const { return styled_->isReady(); }
 
 void MapStyle::finish() { styled_->finish(); }
+
+std::shared_ptr<Map> MapStyle::firstFloor(const Venue& venue, const KindWords& words) {
+  return firstFloorOf(venue, words);
+}
+
+void MapStyle::showFirstView(CameraMotion motion) {
+  if (styled_->view() != nullptr) showFirstRegion(*styled_->view(), theme()->words, motion);
+}
+
+void MapStyle::setFurniture(const MapFurniture& furniture) { styled_->setFurniture(furniture); }
+
+const MapFurniture& MapStyle::furniture() const { return styled_->furniture(); }
+
+void MapStyle::setPosition(std::optional<MapPosition> position) {
+  styled_->setPosition(std::move(position));
+}
+
+void MapStyle::setFollowing(bool isFollowing) { styled_->setFollowing(isFollowing); }
+
+bool MapStyle::isFollowing() const { return styled_->isFollowing(); }
 
 }  // namespace orivanta

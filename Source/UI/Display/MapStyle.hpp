@@ -8,6 +8,14 @@
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Source/Fwd.hpp"
+#include <optional>
+
+#include "Platform/Foundation/Export.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/UI/Display/MapCamera.hpp"
+#include "Source/UI/Display/MapFurniture.hpp"
+#include "Source/UI/Display/MapPosition.hpp"
+#include "Source/UI/Style/KindWords.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta {
@@ -22,13 +30,13 @@ struct MapTap {
   std::shared_ptr<Map> floor;       ///< the floor that is shown; null if there is none
 };
 
-/// Draws the floors of a map view in the colors of a theme: places by their kind, with brighter
-/// light and weaker shadows, with the names and icons of the places. Pass it to
+/// Draws the floors of a map view in the colors of a theme: places by their kind and with outlines,
+/// in brighter light and with weaker shadows, with the names and icons of the places. Pass it to
 /// `MapView::setStyle`. The materials of the models do not change, and switching the style off
 /// restores the plain look exactly.
 ///
 /// A style belongs to at most one map view at a time. Views that show the same `Venue` object share
-/// its models, and therefore the colors of the style that was set last. Main thread.
+/// its models, and therefore the colors and outlines of the style that was set last. Main thread.
 class ORIVANTA_API MapStyle {
  public:
   /// Creates a style. A null theme is a fatal error.
@@ -51,11 +59,11 @@ class ORIVANTA_API MapStyle {
   /// Children of the map view need not be included.
   void setCovered(std::vector<graphics::Rect> covered);
 
-  /// Returns whether the names and icons of the current floor are known. They are made in the
-  /// background and appear later than its colors. True if no floor is shown.
+  /// Returns whether the current floor is drawn completely. Its outlines, names and icons are
+  /// computed in the background and appear later than its colors. True if no floor is shown.
   bool isReady() const;
 
-  /// Makes the names and icons of the current floor at once or waits for them.
+  /// Completes the current floor, for single pictures: computes what is missing or waits for it.
   void finish();
 
   /// Called after each tap, after the delegate and `MapView::placeTapped`. Names and icons can be

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "Platform/Graphics/Text.hpp"
 #include "Source/UI/MarkerImages.hpp"
 
 namespace orivanta {
@@ -14,22 +15,25 @@ using graphics::Image;
 
 namespace {
 
-constexpr double dotBorder = 3;  // points
+constexpr double dotBorder = 3;         // points
+constexpr double pinHeadHeight = 23;    // of the center of a pin's head
+constexpr double pinNumberGround = 12;  // replaces the white dot in the head
 
 // Returns the fraction of a pixel at a distance from the center that a disc covers.
 double coverage(double distance, double radius) {
   return std::clamp(radius - distance + 0.5, 0.0, 1.0);
 }
 
-// Returns a colored disc in a white ring.
-std::shared_ptr<const Image> makeDotImage(graphics::Color color, double scale) {
-  const auto side = static_cast<std::uint32_t>(std::lround(dotSide * scale));
+// Returns a colored disc in a white ring. `width` and `border` are in points.
+std::shared_ptr<const Image> makeDisc(double width, double border, graphics::Color color,
+                                      double scale) {
+  const auto side = static_cast<std::uint32_t>(std::lround(width * scale));
   const double radius = side / 2.0;
   std::vector<std::uint8_t> pixels;
   for (std::uint32_t row = 0; row < side; ++row)
     for (std::uint32_t column = 0; column < side; ++column) {
       const double distance = std::hypot(column + 0.5 - radius, row + 0.5 - radius);
-      const double inner = coverage(distance, radius - dotBorder * scale);
+      const double inner = coverage(distance, radius - border * scale);
       for (const float part : {color.red, color.green, color.blue})
         pixels.push_back(static_cast<std::uint8_t>(std::lround(255 * (1 - inner * (1 - part)))));
       pixels.push_back(
@@ -38,7 +42,19 @@ std::shared_ptr<const Image> makeDotImage(graphics::Color color, double scale) {
   return Image::make(side, side, std::move(pixels), scale);
 }
 
-// An image onto which others are copied. They are moved to be entirely inside it.
+// Draws a pixel over another one. The color parts are not multiplied by the alpha part.
+void drawOver(std::uint8_t* below, const std::uint8_t* above) {
+  const int covered = above[3] * 255;
+  const int visible = below[3] * (255 - above[3]);
+  const int alpha = covered + visible;
+  if (alpha == 0) return;
+  for (int part = 0; part < 3; ++part)
+    below[part] = static_cast<std::uint8_t>(
+        (above[part] * covered + below[part] * visible + alpha / 2) / alpha);
+  below[3] = static_cast<std::uint8_t>((alpha + 127) / 255);
+}
+
+// An image onto which others are drawn. They are moved to be entirely inside it.
 class Sheet {
  public:
   Sheet(graphics::Size size, double scale)
@@ -55,10 +71,17 @@ class Sheet {
     };
     const std::uint32_t left = pixel(corner.x, width_, image.width());
     const std::uint32_t top = pixel(corner.y, height_, image.height());
-    const std::size_t rowBytes = std::size_t{4} * image.width();
     for (std::uint32_t row = 0; row < image.height(); ++row)
-      std::copy_n(image.pixels().begin() + static_cast<std::ptrdiff_t>(row * rowBytes), rowBytes,
-                  pixels_.begin() + 4 * (static_cast<std::ptrdiff_t>(top + row) * width_ + left));
+      for (std::uint32_t column = 0; column < image.width(); ++column)
+        drawOver(&pixels_[std::size_t{4} * ((top + row) * width_ + left + column)],
+                 &image.pixels()[std::size_t{4} * (row * image.width() + column)]);
+  }
+
+  // `middle` is in points, relative to the center of the sheet.
+  void putMiddle(const std::shared_ptr<const Image>& image, graphics::Point middle) {
+    if (!image) return;
+    const graphics::Size size = image->size();
+    put(*image, {middle.x - size.width / 2, middle.y - size.height / 2});
   }
 
   std::shared_ptr<const Image> finish() && {
@@ -75,16 +98,28 @@ class Sheet {
 // The lower half of a pin's image is empty.
 std::shared_ptr<const Image> symbolImage(MarkSymbol symbol, graphics::Color color, double scale) {
   return symbol == MarkSymbol::pin ? makePinImage(color, pinHeight, scale)
-                                   : makeDotImage(color, scale);
+                                   : makeDisc(dotSide, dotBorder, color, scale);
+}
+
+void putNumber(Sheet& sheet, MarkSymbol symbol, const MarkContent& content, double scale) {
+  const bool isPin = symbol == MarkSymbol::pin;
+  const graphics::Point middle{0, isPin ? -pinHeadHeight : 0};
+  if (isPin) sheet.putMiddle(makeDisc(pinNumberGround, 0, content.color, scale), middle);
+  graphics::TextStyle style;
+  style.fontSize = isPin ? 13 : 10;
+  style.bold = true;
+  style.color = graphics::colors::white;
+  sheet.putMiddle(graphics::makeTextImage(content.number, style, scale), middle);
 }
 
 }  // namespace
 
-std::shared_ptr<const Image> makeMarkImage(const MarkLook& look, graphics::Color color,
-                                           const std::shared_ptr<const Image>& text, double scale) {
-  auto symbol = symbolImage(look.symbol, color, scale);
-  if (!text) return symbol;
-  const MarkFrames frames = framesOf({{0, 0}, text->size()}, look);
+std::shared_ptr<const Image> makeMarkImage(const MarkLook& look, const MarkContent& content,
+                                           double scale) {
+  auto symbol = symbolImage(look.symbol, content.color, scale);
+  if (!content.text && content.number.empty()) return symbol;
+  const graphics::Size text = content.text ? content.text->size() : graphics::Size{};
+  const MarkFrames frames = framesOf({{0, 0}, text}, look);
   const graphics::Size whole = symbol->size();
   const auto reach = [&](double least, double most, double ofSymbol) {
     return 2 * std::max({std::abs(least), std::abs(most), ofSymbol / 2});
@@ -92,8 +127,9 @@ std::shared_ptr<const Image> makeMarkImage(const MarkLook& look, graphics::Color
   Sheet sheet({reach(frames.text.minX(), frames.text.maxX(), whole.width),
                reach(frames.text.minY(), frames.text.maxY(), whole.height)},
               scale);
-  sheet.put(*symbol, {-whole.width / 2, -whole.height / 2});
-  sheet.put(*text, frames.text.origin);
+  sheet.putMiddle(symbol, {0, 0});
+  if (!content.number.empty()) putNumber(sheet, look.symbol, content, scale);
+  if (content.text) sheet.put(*content.text, frames.text.origin);
   return std::move(sheet).finish();
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Image.hpp"
@@ -10,10 +11,16 @@
 
 namespace orivanta {
 
-/// Returns an image of a look's symbol, with its text on the side that the look selects. `text` may
-/// be null. The marked place is at the center of the image. `scale` is in pixels per point.
-std::shared_ptr<const graphics::Image> makeMarkImage(
-    const MarkLook& look, graphics::Color color, const std::shared_ptr<const graphics::Image>& text,
-    double scale);
+/// What a mark shows.
+struct MarkContent {
+  graphics::Color color;                                  ///< of the symbol
+  std::string number{};                                   ///< in the symbol; may be empty
+  std::shared_ptr<const graphics::Image> text = nullptr;  ///< beside the symbol; may be null
+};
+
+/// Returns an image of a look's symbol, with the text on the side that the look selects. The marked
+/// place is at the center of the image. `scale` is in pixels per point.
+std::shared_ptr<const graphics::Image> makeMarkImage(const MarkLook& look,
+                                                     const MarkContent& content, double scale);
 
 }  // namespace orivanta

@@ -39,9 +39,8 @@ std::string rideText(const NodeList& path, std::size_t begin) {
 
 struct RouteOverlay::Mark {
   graphics::Vector3 position;
-  graphics::Color color;
-  std::shared_ptr<const graphics::Image> text;  // null if there is none
-  std::shared_ptr<MapViewMarker2D> marker;      // null until arranged
+  MarkContent content;
+  std::shared_ptr<MapViewMarker2D> marker;  // null until arranged
 };
 
 struct RouteOverlay::Marks {
@@ -147,14 +146,18 @@ void RouteOverlay::drawSegments() {
 void RouteOverlay::addMarks() {
   for (std::size_t i = first_; i < end_; ++i) {
     if (!isOnShownFloor(i)) continue;
-    const bool isStart = i == 0;
-    const bool isEnd = i + 1 == path_.size();
-    const bool leaves = !isEnd && !isOnShownFloor(i + 1);
-    if (!isStart && !isEnd && !leaves && isOnShownFloor(i - 1)) continue;
-    std::string text = isStart ? nameOf(from_, start) : isEnd ? nameOf(to_, destination) : "";
-    if (leaves) text += (text.empty() ? "" : "  ") + rideText(path_, i);
-    addMark(i, isEnd ? markColors::end : isStart ? markColors::start : markColors::ride, text);
+    const bool isEnd = i == 0 || i + 1 == path_.size();
+    if (isEnd || !isOnShownFloor(i - 1) || !isOnShownFloor(i + 1) || !stopsAt(i).empty())
+      addMark(i);
   }
+}
+
+// Returns the indices of the stops at a node of the path.
+std::vector<std::size_t> RouteOverlay::stopsAt(std::size_t index) const {
+  std::vector<std::size_t> found;
+  for (std::size_t i = 0; i < stops.size(); ++i)
+    if (stops[i].index == index) found.push_back(i);
+  return found;
 }
 
 std::string RouteOverlay::nameOf(const std::shared_ptr<Location>& place,
@@ -163,13 +166,27 @@ std::string RouteOverlay::nameOf(const std::shared_ptr<Location>& place,
   return mapView_->venue ? labelName(*mapView_->venue, *place) : *place->name;
 }
 
-void RouteOverlay::addMark(std::size_t index, graphics::Color markColor, const std::string& text) {
+void RouteOverlay::addMark(std::size_t index) {
+  const bool isStart = index == 0;
+  const bool isEnd = index + 1 == path_.size();
+  MarkContent content{isEnd ? markColors::end : isStart ? markColors::start : markColors::ride};
+  std::string text = isStart ? nameOf(from_, start) : isEnd ? nameOf(to_, destination) : "";
+  const auto append = [](std::string& list, const char* separator, const std::string& more) {
+    if (!more.empty()) list += (list.empty() ? "" : separator) + more;
+  };
+  if (!isStart && !isEnd)
+    for (const std::size_t stop : stopsAt(index)) {
+      content.color = markColors::place;
+      append(content.number, ",", std::to_string(stop + 1));
+      append(text, ", ", nameOf(stops[stop].place, ""));
+    }
+  if (!isEnd && !isOnShownFloor(index + 1)) append(text, "  ", rideText(path_, index));
   auto style = labelStyle();
   style.bold = true;
   style.outlineWidth = backing;
   style.outlineColor = graphics::colors::white;
-  marks_->list.push_back({scenePosition(*path_[index]), markColor,
-                          graphics::makeTextImage(text, style, scale_), nullptr});
+  content.text = graphics::makeTextImage(text, style, scale_);
+  marks_->list.push_back({scenePosition(*path_[index]), std::move(content), nullptr});
 }
 
 std::vector<std::vector<graphics::Point>> RouteOverlay::linesInView() const {
@@ -189,13 +206,13 @@ void RouteOverlay::arrangeMarks() {
   std::vector<MarkPlace> places;
   for (const Mark& mark : marks_->list)
     places.push_back({mapView_->findPositionCameraViewport(mark.position),
-                      mark.text ? mark.text->size() : graphics::Size{}});
+                      mark.content.text ? mark.content.text->size() : graphics::Size{}});
   auto looks = placeMarks(places, linesInView(), mapView_->bounds(), marks_->looks);
   for (std::size_t i = 0; i < looks.size(); ++i) {
     Mark& mark = marks_->list[i];
     if (mark.marker && looks[i] == marks_->looks[i]) continue;
     mapView_->removeMarker(mark.marker);
-    mark.marker = makeImageMarker(makeMarkImage(looks[i], mark.color, mark.text, scale_));
+    mark.marker = makeImageMarker(makeMarkImage(looks[i], mark.content, scale_));
     if (!mark.marker) continue;
     mark.marker->setPosition(mark.position);
     mapView_->addMarker(mark.marker);

@@ -37,6 +37,16 @@ class ORIVANTA_API RouteOverlay {
   /// The color in which `show` draws the route. If empty, the map view's `pathColor`.
   std::optional<graphics::Color> color;
 
+  /// A stop between the ends.
+  struct Stop {
+    std::size_t index = 0;            ///< of its node in the path
+    std::shared_ptr<Location> place;  ///< its name is the label; may be null
+  };
+
+  /// The stops in between, in route order. `show` marks them with their numbers, from 1 on; the
+  /// mark of an end at the same node replaces theirs.
+  std::vector<Stop> stops;
+
   std::string start = "Start";              ///< the label of a start that is no place
   std::string destination = "Destination";  ///< the label of a destination that is no place
 
@@ -55,9 +65,9 @@ class ORIVANTA_API RouteOverlay {
   /// Returns the positions of all path nodes on a floor, for `MapCamera::frame`.
   std::vector<graphics::Vector3> pointsOn(const Map& floor) const;
 
-  /// Shows the route, or only one visit, and removes what was shown before. Marks the start and the
-  /// end with names, each departure from the floor with the label of the next floor, and each
-  /// arrival from another floor. `scale` is in pixels per point.
+  /// Shows the route, or only one visit, and removes what was shown before. Marks the start, the
+  /// stops and the end with names, each departure from the floor with the label of the next floor,
+  /// and each arrival from another floor. `scale` is in pixels per point.
   void show(double scale, const FloorVisit* only = nullptr);
 
   /// Adapts the route and its marks to the current floor and camera pose, so that marks do not
@@ -76,7 +86,8 @@ class ORIVANTA_API RouteOverlay {
   void drawSegments();
   void addMarks();
   std::string nameOf(const std::shared_ptr<Location>& place, const std::string& otherwise) const;
-  void addMark(std::size_t index, graphics::Color markColor, const std::string& text);
+  std::vector<std::size_t> stopsAt(std::size_t index) const;
+  void addMark(std::size_t index);
   void arrangeMarks();
   void clear();
   bool isOnShownFloor(std::size_t index) const;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "Platform/View/ImageView.hpp"
 #include "Source/UI/Display/CameraRig.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
@@ -24,8 +25,9 @@ struct MapView::Parts {
   FloorShapes shapes;
   MarkerLayer markers;
   RouteLayer routes;
-  std::shared_ptr<MapStyle> style;   // null for the plain look
-  std::shared_ptr<scene::Node> sun;  // the node of the light that casts shadows; null at first
+  std::shared_ptr<MapStyle> style;        // null for the plain look
+  std::shared_ptr<scene::Node> sun;       // the node of the light that casts shadows; null at first
+  std::shared_ptr<view::ImageView> logo;  // null until it is added
   std::vector<std::shared_ptr<view::GestureRecognizer>> recognizers;
   std::shared_ptr<FloorLoading> floorLoad;  // null if no load is running
 };

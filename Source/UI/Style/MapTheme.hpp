@@ -27,8 +27,8 @@ struct MapSizes {
   double name = 12.0;             ///< font size of names
   double smallName = 11.0;        ///< font size of names of places with an importance below 40
   double halo = 3.0;              ///< width of the halo around names
-  double outline = 1.25;          ///< width of outlines
-  double walkableOutline = 0.75;  ///< width of outlines of walkable areas
+  double outline = 1.6;           ///< width of outlines
+  double walkableOutline = 1.25;  ///< width of outlines of walkable areas
   double icon = 16.0;             ///< diameter of icons
   double selectedIcon = 24.0;     ///< diameter of icons that are selected or on the route
   double route = 6.0;             ///< width of the route
@@ -40,15 +40,15 @@ struct MapSizes {
 /// The look of a map. A value: copy it and change its fields. Many views can share one theme, which
 /// is constant then: `std::shared_ptr<const MapTheme>`.
 struct ORIVANTA_API MapTheme {
-  std::string name;                       ///< for users
-  bool isDark = false;                    ///< whether it derives from the dark theme
-  MapPalette colors = lightPalette;       ///< all colors
-  double outlineContrast = 1.9;           ///< of outlines with their fills
-  double walkableOutlineContrast = 1.25;  ///< of outlines of walkable areas with their fills
-  std::string fontFamily = "Sans";        ///< a family or an alias of Fontconfig
-  MapSizes sizes;                         ///< all lengths
-  std::vector<ZoomStep> zoom;  ///< by descending importance; the last one is for the rest
-  KindWords words;             ///< determine the kinds of places
+  std::string name;                      ///< for users
+  bool isDark = false;                   ///< whether it derives from the dark theme
+  MapPalette colors = lightPalette;      ///< all colors
+  double outlineContrast = 2.05;         ///< of outlines with their fills
+  double walkableOutlineContrast = 1.3;  ///< of outlines of walkable areas with their fills
+  std::string fontFamily = "Sans";       ///< a family or an alias of Fontconfig
+  MapSizes sizes;                        ///< all lengths
+  std::vector<ZoomStep> zoom;            ///< by descending importance; the last one is for the rest
+  KindWords words;                       ///< determine the kinds of places
 
   /// Returns the built-in light theme. The same object each time; thread-safe.
   static std::shared_ptr<const MapTheme> light();

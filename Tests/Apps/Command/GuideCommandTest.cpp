@@ -2,7 +2,10 @@
 #include <gmock/gmock.h>
 
 #include "Apps/Server/VenueServer.hpp"
+#include "Platform/Graphics/ImageFile.hpp"
 #include "Tests/Apps/Command/Program.hpp"
+#include "Tests/Apps/TwoVisitsPackage.hpp"
+#include "Tests/Support/CountedPixels.hpp"
 #include "Tests/Support/TwoFloorPackage.hpp"
 
 namespace orivanta::command {
@@ -173,6 +176,34 @@ TEST_F(GuideCommand, AuditsPackages) {
               testing::HasSubstr(
                   R"("unreachable":["l5"],"withoutWayBack":[],"entrances":[{"entrance":"l)"));
   EXPECT_EQ(run({"audit", "/nonexistent"}).exitCode, 2);
+}
+
+// Both floors of the route are reached over steps only, and each stairway is the only one.
+TEST_F(GuideCommand, DrawsWhatOneFailureCutsOffForEverybodyAsCutOff) {
+  test::writeTwoVisitsPackage(folder_, "");
+  folder_.write("visits/vortex.json",
+                R"([{"id": "a", "name": "A", "type": "stairs", "nodes": ["g2", "u1"]},
+                    {"id": "b", "name": "B", "type": "stairs", "nodes": ["u2", "g3"]}])");
+  folder_.write("visits/polygon.json", R"([{"id": "hall", "map": "g"}])");
+  folder_.write("visits/location.json",
+                R"([{"id": "door", "name": "Door", "type": "entrance", "nodes": [{"node": "g1"}]},
+                    {"id": "museum", "name": "Museum", "type": "shop", "nodes": [{"node": "g4"}],
+                     "polygons": [{"id": "hall"}]}])");
+  folder_.write("visits/floor.obj",
+                "mtllib floor.mtl\nusemtl hall\nv 0 0 0\nv 9 0 0\nv 9 9 0\nf 1 2 3\n");
+  folder_.write("visits/floor.mtl", "newmtl hall\nKd 1 1 1\n");
+  const std::string picture = (folder_.path() / "audit.png").string();
+  const auto result =
+      test::runProgram({"audit", (folder_.path() / "visits").string(), "--picture", picture},
+                       {"XDG_CACHE_HOME=" + (folder_.path() / "caches").string()});
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  const auto image = graphics::readImage(folder_.path() / "audit-G.png");
+  ASSERT_TRUE(image);
+  const auto count = [&](const char* color) {
+    return test::countPixels(*image, *graphics::Color::parse(color));
+  };
+  EXPECT_GT(count("#2c7bb6"), 100) << "in the legend";
+  EXPECT_EQ(count("#f28e2b"), 0);
 }
 
 }  // namespace

@@ -1,6 +1,10 @@
 #include "Apps/Viewer/CategoryMatch.hpp"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include "Apps/Import/Places/Categories.hpp"
+#include "Apps/Viewer/NearestChoices.hpp"
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
 #include "Source/Venue.hpp"
@@ -9,86 +13,134 @@
 namespace orivanta::viewer {
 namespace {
 
-// The categories of the importer in one language, each with a place that can be reached.
-struct ImportedVenue {
-  explicit ImportedVenue(const std::string& language, bool hasIdentifiers = true) {
-    venue->categories.emplace();
+using ::testing::ElementsAre;
+
+// A venue with categories, each of which has a place that can be reached.
+struct CategoryVenue {
+  // The importer's categories in one language.
+  CategoryVenue(const std::string& language, bool hasIdentifiers) {
     for (const importer::Category& each : importer::allCategories()) {
-      auto category = Category::make(*RawData::parse(R"({"id": "x", "name": "x"})"));
       const std::string id(each.id);
-      category->id = hasIdentifiers ? "cat-" + id : std::to_string(ids.size());
-      category->name = std::string(each.name(language));
-      category->locations.push_back(place);
-      venue->categories->push_back(category);
-      ids[category] = id;
+      add(std::string(each.name(language)), id)->id =
+          hasIdentifiers ? "cat-" + id : std::to_string(places.size());
     }
+  }
+
+  // Categories such as "Parent>Child,Other".
+  explicit CategoryVenue(const std::string& list) {
+    for (const std::string& chain : split(list, ',')) {
+      std::shared_ptr<Category> parent;
+      for (const std::string& name : split(chain, '>')) {
+        const auto child = add(name, name);
+        if (parent) parent->children.push_back(child);
+        parent = child;
+      }
+    }
+  }
+
+  std::shared_ptr<Category> add(const std::string& name, const std::string& label) {
+    auto category = Category::make(*RawData::parse(R"({"id": "1", "name": ""})"));
+    category->name = name;
+    auto place = Location::make(*RawData::parse(R"({"id": "l", "name": "L", "type": "shop"})"));
+    place->name = name;
     place->nodes.push_back(test::makeNode(0, 0));
+    place->categories.push_back(category);
+    category->locations.push_back(place);
+    places.push_back(std::move(place));
+    labels[category] = label;
+    return venue->categories->emplace_back(std::move(category));
   }
 
-  void keepOnly(const std::string& id) {
-    for (const auto& category : *venue->categories)
-      if (ids.at(category) != id) category->locations.clear();
+  std::string typed(std::string_view text) const {
+    std::string found;
+    for (const auto& each : categoriesTyped(*venue, text))
+      found += (found.empty() ? "" : "+") + labels.at(each);
+    return found;
   }
 
-  const std::shared_ptr<Venue> venue =
-      Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
-  const std::shared_ptr<Location> place =
-      Location::make(*RawData::parse(R"({"id": "l", "name": "L", "type": "shop"})"));
-  std::map<std::shared_ptr<Category>, std::string> ids{{nullptr, ""}};
+  std::shared_ptr<Venue> venue = [] {
+    auto made = Venue::make(*RawData::parse(R"({"id": "v", "slug": "v", "name": "V"})"));
+    made->categories.emplace();
+    made->vortices.emplace();
+    return made;
+  }();
+  std::vector<std::shared_ptr<Location>> places;
+  std::map<std::shared_ptr<Category>, std::string> labels;
 };
 
-TEST(CategoryMatch, FindsToiletsAndExits) {
-  for (const char* language : {"en", "de", "fr", "ja", "ar"}) {
-    const guidance::InterfaceTexts texts(language);
-    for (const bool hasIdentifiers : {true, false}) {
-      ImportedVenue imported(language, hasIdentifiers);
-      const auto nearest = [&](const char* key) {
-        return imported.ids.at(categoryOfKind(*imported.venue, key, texts));
-      };
-      EXPECT_EQ(nearest("interface.names.toilet"), "toilets") << language;
-      EXPECT_EQ(nearest("interface.names.exit"), "exits") << language;
-      imported.keepOnly("emergency-exits");
-      EXPECT_EQ(nearest("interface.names.exit"), "") << language;
-    }
-    ImportedVenue foreign(language);
-    EXPECT_EQ(foreign.ids.at(categoryTyped(*foreign.venue, "WC", texts)), "toilets") << language;
-  }
+TEST(CategoryMatch, FindsWhatIsTyped) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"en",
+       "toil=toilets,Exit=exits,entrance=entrances,fire=safety,emergency=emergency-exits,at=,"
+       "health beauty=beauty,WC=toilets"},
+      {"de",
+       "Ausgang=exits,ausg=exits,Eingang=entrances,Notausgang=emergency-exits,schliess=lockers,"
+       "WC=toilets,exit=exits,entrance=entrances"},
+      {"fr",
+       "sortie=exits,entrée=entrances,Sorties de secours=emergency-exits,WC=toilets,"
+       "toilettes hommes=toilets-men"},
+      {"ja", "出口=exits,入口=entrances,非常口=emergency-exits,バス=buses,WC=toilets,atm=cash"},
+      {"ar",
+       "حمام=toilets,حمامات=showers,مخرج=exits,مدخل=entrances,مخارج الطوارئ=emergency-exits,مطا=,"
+       "!=,WC=toilets"}};
+  for (const auto& [language, list] : cases)
+    for (const bool hasIdentifiers : {true, false})
+      for (const std::string& pair : split(list, ',')) {
+        const std::size_t at = pair.find('=');
+        EXPECT_EQ(CategoryVenue(language, hasIdentifiers).typed(pair.substr(0, at)),
+                  pair.substr(at + 1))
+            << pair;
+      }
 }
 
-TEST(CategoryMatch, FindsWhatIsTyped) {
+TEST(CategoryMatch, UnderstandsIdentifiersAndOtherNames) {
+  EXPECT_EQ(CategoryVenue("ja", true).typed("Street food"), "street-food");
   const struct {
-    const char *language, *typed, *id;
+    const char *categories, *typed, *found;
   } cases[] = {
-      {"en", "toil", "toilets"},
-      {"en", "Exit", "exits"},
-      {"en", "entrance", "entrances"},
-      {"en", "fire", "safety"},
-      {"en", "emergency", "emergency-exits"},
-      {"en", "street food", "street-food"},
-      {"en", "at", ""},
-      {"de", "Notausgang", "emergency-exits"},
-      {"de", "Ausgang", "exits"},
-      {"de", "ausg", "exits"},
-      {"de", "schliess", "lockers"},
-      {"fr", "sortie", "exits"},
-      {"fr", "Sorties de secours", "emergency-exits"},
-      {"fr", "toilettes hommes", "toilets-men"},
-      {"ja", "出口", "exits"},
-      {"ja", "非常口", "emergency-exits"},
-      {"ja", "バス", "buses"},
-      {"ja", "atm", "cash"},
-      {"ar", "حمام", "toilets"},
-      {"ar", "حمامات", "showers"},
-      {"ar", "مخرج", "exits"},
-      {"ar", "مخارج الطوارئ", "emergency-exits"},
-      {"ar", "مطا", ""},
-      {"ar", "!", ""},
+      {"Toiletries", "toilet", ""},
+      {"Toiletries", "toil", "Toiletries"},
+      {"Entrances,Emergency exits", "exit", ""},
+      {"Entrances,Entrances and exits", "exit", "Entrances and exits"},
+      {"Ausgänge,Notausgang", "Eingang", ""},
+      {"Ausgang,Haupteingang,Wareneingang", "Eingang", "Haupteingang+Wareneingang"},
+      {"Men's toilets,Toiletries,Women's toilets", "toilets", "Men's toilets+Women's toilets"},
+      {"Men's toilets,Toilettes,Women's toilets", "toilet", "Toilettes"},
+      {"男子トイレ,女子トイレ,トイレタリー", "トイレ", "男子トイレ+女子トイレ"},
+      {"دورات مياه للرجال,دورات مياه للنساء", "مرحاض", "دورات مياه للرجال+دورات مياه للنساء"},
+      {"Public toilets>Men's toilets>Small toilets", "toilet", "Public toilets"},
+      {"A toilet,B toilet,C toilet,D toilet", "WC", "A toilet+B toilet+C toilet"},
   };
-  for (const auto& each : cases) {
-    const ImportedVenue imported(each.language);
-    const guidance::InterfaceTexts texts(each.language);
-    EXPECT_EQ(imported.ids.at(categoryTyped(*imported.venue, each.typed, texts)), each.id)
-        << each.typed;
+  for (const auto& each : cases)
+    EXPECT_EQ(CategoryVenue(each.categories).typed(each.typed), each.found) << each.typed;
+}
+
+TEST(CategoryMatch, LeadsToEmergencyExitsOnlyIfTheyAreMeant) {
+  const CategoryVenue all("Exits>Emergency exits>North");
+  const auto& categories = *all.venue->categories;
+  const auto stop = nearestOf(categories[0], guidance::InterfaceTexts()).stop;
+  EXPECT_THAT(std::get<guidance::PlaceList>(stop), ElementsAre(all.places[0]));
+  EXPECT_TRUE(std::holds_alternative<std::shared_ptr<Category>>(
+      nearestOf(categories[1], guidance::InterfaceTexts()).stop));
+  EXPECT_EQ(all.typed("exit"), "Exits");
+  all.places[0]->categories.push_back(categories[1]);
+  EXPECT_EQ(all.typed("exit") + all.typed("Exits"), "");
+  EXPECT_EQ(all.typed("Emergency exits"), "Emergency exits");
+}
+
+TEST(NearestChoices, NamesToiletsThatAreNotForEverybody) {
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
+      {"Toilets>Men's toilets,Entrances,Cafés", {"Nearest toilet", "Nearest exit"}},
+      {"Men's toilets,Women's toilets,Cafés",
+       {"Nearest: Men's toilets", "Nearest: Women's toilets"}},
+      {"Exits,Toilets>Men's toilets", {"Nearest exit"}}};
+  for (const auto& [categories, expected] : cases) {
+    const CategoryVenue all(categories);
+    std::vector<std::string> titles;
+    for (const auto& each :
+         nearestChoices(*all.venue, *all.places.back(), {}, guidance::InterfaceTexts()))
+      titles.push_back(each.title);
+    EXPECT_EQ(titles, expected);
   }
 }
 

@@ -32,7 +32,7 @@ TEST(PlaceCard, IsNoHigherThanThereIsRoom) {
   const auto place = Location::make(*RawData::parse(fmt::format(
       R"({{"id": "l", "name": "Place", "type": "shop", "description": "{}"}})", text + " b")));
   PlaceCard card{guidance::InterfaceTexts()};
-  card.show(*place);
+  card.show(*place, "Cafe");
   card.setPicture(graphics::Image::make(200, 100, std::vector<std::uint8_t>(80'000, 255)),
                   PictureMode::fill);
   const double free = card.arrange(344, 2000, false);

@@ -121,10 +121,19 @@ TEST_F(ViewerFailuresTest, TellsThatAnAwaitedFloorFailsAndLoadsThatOneAgain) {
 
 TEST_F(ViewerFailuresTest, WhatIsClosedIsMarkedAndAvoided) {
   const Answer closed = Answer::json(R"([{"id": "cafe"}, 5, {}])");
-  server.on("/1/closure", closed);
+  const auto latch = std::make_shared<test::Latch>();
+  server.on("/1/closure", {nothing, closed.held(latch), closed});
   test::ViewerStage stage(server.root(), "small");
   VenueView& view = stage.untilShown();
   const auto cafe = stage.place("cafe");
+  for (const std::size_t expected : {2U, 2U, 2U}) {  // an answer that is late is waited for
+    stage.until([&] { return stage.viewer.nextFrameTime() < stage.time + 61; });
+    stage.viewer.advance(stage.time += 61);
+    ASSERT_TRUE(server.waitForRequests("/1/closure", expected));
+    stage.until([&] { return foundation::mainQueue::wait(0.05) || true; });
+    EXPECT_EQ(server.requests("/1/closure").size(), expected);
+  }
+  latch->open();
   stage.until([&] { return view.isClosed(*cafe); });
   EXPECT_GT(test::countPixels(*stage.picture(), theme::warning), 20);
   for (const auto& place : {cafe, stage.place("loft")}) {

@@ -30,15 +30,6 @@ graphics::Point on(VenueView& view, const Location& place) {
   return view.mapView().findPositionCameraViewport(view.mapView().findPosition3D(place));
 }
 
-// Returns the scale of the image of the marker at a position, or 0 if there is none.
-double markScale(VenueView& view, graphics::Vector3 position) {
-  for (const auto& marker : view.mapView().markers())
-    if (const auto* mark = dynamic_cast<const MapViewMarker2D*>(marker.get());
-        mark != nullptr && mark->position() == position)
-      return mark->node->texture()->scale();
-  return 0;
-}
-
 }  // namespace
 
 TEST_F(ViewerTest, TapsSelectPlacesAndClearTheSelection) {
@@ -255,123 +246,6 @@ TEST_F(ViewerTest, StepsShowTheirPartOfTheRouteAndTheAttributionStays) {
     stage.tap(view.panels().route->offer());
     stage.until([&] { return view.session().route() != nullptr; });
   }
-}
-
-TEST_F(ViewerTest, WalksAlongTheRoute) {
-  test::TemporaryFolder folder;
-  test::writeTwoVisitsPackage(folder, "");
-  server::ServerOptions options;
-  options.folders = {folder.path()};
-  const server::VenueServer visits(options);
-  test::ViewerStage stage(visits.root(), "visits", {1280, 800}, "en", /*walksAtOnce=*/true);
-  VenueView& view = stage.untilShown();
-  stage.until([&] { return view.venue()->maps->back()->mapObject != nullptr; });
-  stage.type("w");
-  EXPECT_FALSE(view.walker()) << "there is no route";
-  stage.untilPlanned("bakery", "museum");
-  ASSERT_TRUE(view.walker()) << "starts by itself";
-  const double before = view.walker()->position().x;
-  stage.type("w");
-  for (const double seconds : {0.5, 3600.0}) {  // the first frames in and after the pause
-    stage.viewer.advance(stage.time += seconds);
-    EXPECT_EQ(view.walker()->position().x, before);
-    if (seconds < 1) stage.type("w");
-  }
-  for (const double scale : {1.0, 2.0}) {
-    stage.viewer.resize(stage.size, scale);
-    EXPECT_EQ(markScale(view, view.walker()->scenePosition()), scale);
-  }
-  std::vector<std::string> floors;
-  std::vector<std::size_t> steps;
-  bool looksBack = false;
-  while (!view.walker()->isDone()) {
-    EXPECT_TRUE(view.isMoving());
-    stage.viewer.advance(stage.time += 0.5);
-    if (view.walker()->floor() == view.venue()->maps->back() && !std::exchange(looksBack, true)) {
-      view.showFloor(view.venue()->maps->front());
-      stage.viewer.advance(stage.time += 0.5);
-      EXPECT_NE(view.mapView().currentMap(), view.walker()->floor()) << "until the next floor";
-      view.showFloor(view.walker()->floor());
-    }
-    EXPECT_EQ(view.mapView().currentMap(), view.walker()->floor());
-    const auto shown = view.mapView().findPositionCameraViewport(view.walker()->scenePosition());
-    EXPECT_GT(shown.x, 300) << "beside the panel";
-    if (const auto& floor = view.walker()->floor()->shortName;
-        floors.empty() || floors.back() != floor)
-      floors.push_back(floor);
-    if (const auto step = view.panels().route->steps().current().value();
-        steps.empty() || steps.back() != step)
-      steps.push_back(step);
-  }
-  EXPECT_EQ(floors, (std::vector<std::string>{"G", "U", "G"}));
-  EXPECT_EQ(steps, (std::vector<std::size_t>{0, 1, 2, 3, 4, 5}));
-  EXPECT_EQ(view.panels().route->remark(), "You are there");
-  view.setHidden(true);  // the arrows of the route move
-  EXPECT_FALSE(view.isMoving());
-  view.setHidden(false);
-  stage.viewer.keyPressed({Key::escape});
-  EXPECT_TRUE(!view.walker() && view.session().route());
-}
-
-TEST_F(ViewerTest, AWalkGoesAroundWhatIsClosedMeanwhile) {
-  test::TemporaryFolder folder;
-  test::writeTwoVisitsPackage(folder, "");
-  folder.write("visits/vortex.json",
-               R"([{"id": "a", "name": "Lift", "type": "elevator", "nodes": ["g2", "u1"]},
-                   {"id": "b", "name": "Stairs", "type": "stairs", "nodes": ["u2", "g3"]},
-                   {"id": "c", "name": "Escalator", "type": "escalator", "nodes": ["u2", "g3"]}])");
-  server::ServerOptions options;
-  options.folders = {folder.path()};
-  const server::VenueServer visits(options);
-  test::ViewerStage stage(visits.root(), "visits", {1280, 800}, "en", /*walksAtOnce=*/true);
-  VenueView& view = stage.untilShown();
-  stage.until([&] { return view.venue()->maps->back()->mapObject != nullptr; });
-  stage.untilPlanned("bakery", "museum");
-  while (view.walker()->floor() != view.venue()->maps->back())
-    stage.viewer.advance(stage.time += 0.5);
-  stage.type("w");
-  const double position = view.walker()->position().x;
-  for (const std::string closed : {"a", "b"}) {
-    folder.write("visits/closure.json", R"([{"id": ")" + closed + R"("}])");
-    ASSERT_LE(stage.viewer.nextFrameTime(), stage.time + 60);
-    stage.viewer.advance(stage.time += 60);  // asks again
-    stage.until([&] { return view.session().closures().contains(closed); });
-    stage.until([&] { return !view.session().isPlanning(); });
-    const auto& legs = view.session().route()->itinerary.legs;
-    EXPECT_EQ(legs.size(), closed == "a" ? 5U : 3U) << "the elevator is behind the walker";
-    EXPECT_EQ(legs[legs.size() - 2].connector->id, closed == "a" ? "b" : "c");
-    EXPECT_EQ(stage.viewer.note().empty(), closed == "a");
-    ASSERT_TRUE(view.walker() && view.walker()->isPaused());
-    EXPECT_NEAR(view.walker()->position().x, position, 1);
-  }
-}
-
-// A venue without a scale, whose upper floor has no model and whose museum is closed.
-TEST_F(ViewerTest, ShowsWhatItKnowsOfARoute) {
-  test::TemporaryFolder folder;
-  test::writeTwoVisitsPackage(folder, "");
-  folder.write("visits/venue.json", R"({"id": "v", "slug": "visits", "name": "Visits"})");
-  folder.write("visits/map.json",
-               R"([{"id": "g", "name": "Ground", "elevation": 0, "scene": {"obj": "floor.obj"}},
-                   {"id": "u", "name": "Upper", "elevation": 10}])");
-  folder.write("visits/location.json",
-               R"([{"id": "bakery", "name": "Bakery", "type": "shop", "nodes": [{"node": "g1"}]},
-                   {"id": "museum", "name": "Museum", "type": "shop", "nodes": [{"node": "g4"}],
-                    "hours": "13:00-18:00"}])");
-  server::ServerOptions options;
-  options.folders = {folder.path()};
-  const server::VenueServer visits(options);
-  test::ViewerStage stage(visits.root(), "visits", {1280, 800}, "en", /*walksAtOnce=*/true);
-  stage.untilShown();
-  VenueView& view = stage.untilPlanned("bakery", "museum");
-  ASSERT_TRUE(view.walker());
-  EXPECT_EQ(view.panels().route->warning(), "Museum will be closed when you arrive.");
-  while (view.walker()->floor() != view.venue()->maps->back())
-    stage.viewer.advance(stage.time += 0.5);
-  EXPECT_EQ(stage.viewer.note(), "Upper has no 3D model.");
-  EXPECT_EQ(stage.viewer.message(), nullptr);
-  EXPECT_EQ(view.mapView().currentMap()->id, "g");
-  EXPECT_EQ(view.panels().route->remark(), "");
 }
 
 TEST_F(ViewerTest, ThePointerDragsTiltsAndZoomsAroundItself) {

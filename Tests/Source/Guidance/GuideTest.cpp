@@ -7,6 +7,7 @@
 #include <limits>
 #include <thread>
 
+#include "Source/Guidance/Network/CostMatrix.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Tests/Support/GuideReference.hpp"
@@ -183,6 +184,10 @@ TEST_F(GuideTest, ReportsProblems) {
        {"u1"},
        Kind::unreachable,
        2},
+      {{node("n1"), PlaceList{place("l1"), place("l2")}, node("n4")}, {}, {}, Kind::unreachable, 2},
+      {{node("n1"), PlaceList{place("l1"), place("l2")}}, {}, {"l1", "l2"}, Kind::closed, 1},
+      {{node("n1"), PlaceList{place("l1"), nullptr}}, {}, {}, Kind::unknownPlace, 1},
+      {{node("n1"), PlaceList()}, {}, {}, Kind::noNodes, 1},
   };
   for (const auto& each : cases) {
     const Plan plan = this->plan(each.stops, each.profile, Closures(each.closed));
@@ -197,9 +202,19 @@ TEST_F(GuideTest, ReportsProblems) {
   EXPECT_FALSE(plan({place("l2"), node("n3")}, {}, Closures({"l2"})).problem);  // can be left
   const std::vector<Stop> many(2001, node("n1"));
   EXPECT_FALSE(guide_->costs(many, many));
-  const NodeList all{node("n1"), node("n2")};
+  const PlaceList all{place("l1"), place("l2")};
   EXPECT_FALSE(guide_->costs(std::vector<Stop>(Guide::mostCostStarts + 1, node("n1")), {all}));
   EXPECT_FALSE(guide_->costs({all}, std::vector<Stop>(Guide::mostCostDestinations + 1, all)));
+  const GuideData data(*venue_);
+  const auto rows = [&](std::size_t mostNodes) {  // to overlapping nodes
+    return costMatrix(data, {node("n2")}, {place("l2"), all, node("n4")}, {}, {}, mostNodes, {});
+  };
+  EXPECT_FALSE(rows(3));
+  const auto costTo = [&](const Stop& to) {
+    return plan({node("n2"), to}).itineraries.at(0).costMilliseconds;
+  };
+  EXPECT_EQ(rows(4).value().at(0),
+            (std::vector<std::int64_t>{costTo(place("l2")), costTo(all), -1}));
 }
 
 // The nodes i and j of the room are connected, and j is next to the door.
@@ -252,7 +267,15 @@ TEST_F(GuideTest, ObeysOpeningHours) {
   request.profile.walkingMetersPerSecond = 0.05;
   EXPECT_EQ(kindAt(17, 59), Kind::closesBeforeArrival);
   EXPECT_EQ(kindAt(8, 59), std::nullopt);  // it opens on the way
-  request.stops[1] = category("c1");
+  request.visitsClosedStops = true;
+  request.stops.insert(request.stops.begin() + 1, place("l2"));
+  for (const auto& [hour, isClosed] : {std::pair(17, true), {12, false}}) {
+    EXPECT_EQ(kindAt(hour, 59), std::nullopt);
+    EXPECT_EQ(guide_->plan(request).itineraries.at(0).visits[2].isClosed, isClosed) << hour;
+  }
+  request.stops[1] = PlaceList{place("l2")};
+  EXPECT_EQ(kindAt(17, 59), Kind::closesBeforeArrival) << "one of several places must be open";
+  request.stops = {node("n1"), category("c1")};
   request.closures = Closures({"l1"});
   EXPECT_EQ(kindAt(17, 59), Kind::closesBeforeArrival);
   EXPECT_EQ(kindAt(8, 59), std::nullopt);
@@ -295,6 +318,7 @@ TEST_F(GuideTest, FindsTheNearestPlaces) {
                 .location,
             place("l2"));
   EXPECT_EQ(guide_->nearest(node("n4"), category("c1")).problem->kind, Kind::unreachable);
+  EXPECT_EQ(guide_->nearest(node("n3"), node("n1"), {}, {}, {}, 5).itineraries.size(), 1U);
 }
 
 TEST_F(GuideTest, BeginsAndEndsInMidEdge) {

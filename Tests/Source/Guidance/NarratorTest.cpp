@@ -187,7 +187,7 @@ void visitAllSteps(const std::vector<Step>& route, Itinerary& itinerary, Visit v
           step.metersToNext = meters;
           step.passed = {{shop, nullptr, first}, {shop, route[1].landmark->category, second}};
           step.passed.resize(count % 3);
-          step.through = {shop, route[1].landmark->place, shop};
+          step.through = {shop, route[1].landmark->place, itinerary.legs[1].connector};
           step.through.resize(count / 3);
           visit({step});
         }
@@ -375,11 +375,13 @@ TEST_F(NarratorTest, TellsWhereTheWalkAfterARideBegins) {
 
 TEST_F(NarratorTest, CountsFurtherRooms) {
   Step step = routeUpstairs()[1];
+  const auto cafe = Location::make(*RawData::parse(R"({"id": "c", "name": "C", "type": "x"})"));
   const std::pair<std::vector<std::shared_ptr<Location>>, const char*> cases[] = {
       {{shop_, shop_}, "through Book Shop."},
       {{shop_, bakery_}, "through Book Shop and Bakery."},
-      {{shop_, bakery_, shop_}, "through Book Shop, Bakery and one more room."},
-      {{shop_, bakery_, shop_, bakery_}, "through Book Shop, Bakery and 2 more rooms."}};
+      {{shop_, bakery_, shop_}, "through Book Shop and Bakery."},
+      {{shop_, bakery_, cafe, shop_}, "through Book Shop, Bakery and one more room."},
+      {{shop_, bakery_, cafe, stairs_}, "through Book Shop, Bakery and 2 more rooms."}};
   for (const auto& [rooms, text] : cases) {
     step.through = rooms;
     EXPECT_THAT(textOf(step), HasSubstr(text));

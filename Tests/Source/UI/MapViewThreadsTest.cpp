@@ -8,6 +8,7 @@
 #include "Platform/Render/Offscreen/OffscreenSurface.hpp"
 #include "Platform/Render/Renderer.hpp"
 #include "Platform/Scene/Node.hpp"
+#include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/UI/MarkerImages.hpp"
@@ -34,11 +35,18 @@ TEST(MapViewThreads, ChangesWhileItIsDrawn) {
   const auto a = shown.node(100, 100, 0.5);
   const auto b = shown.node(900, 900, 0.5);
   const auto style = MapStyle::make();
+  style->setFurniture({true, true, true});
+  style->setFollowing(true);
   for (int round = 0; round < 200 || frames < 5; ++round) {
     style->setTheme(round % 2 == 0 ? MapTheme::dark() : MapTheme::light());
     mapView.setStyle(round % 5 == 0 ? nullptr : style);
     if (round % 7 == 0) style->finish();
     foundation::mainQueue::drain();
+<<<<<<< HEAD
+=======
+    style->setPosition(MapPosition{shown.floor(0), round * 2.0, 500, 0, 5, round * 0.1});
+    mapView.camera().setInsets({round * 0.1, 0, 0, 0});
+>>>>>>> outlines
     const auto marker = makeImageMarker(image);
     marker->setPosition({static_cast<float>(round % 10) * 100, 500, 0});
     marker->hideWhenCollide = true;

@@ -39,7 +39,10 @@ class Reader {
       archive_.file = std::filesystem::path(files.front().name).parent_path().string();
     for (const SourceFile& file : files)
       if (fileName(file) == "manifest.json") readManifest(file);
+    double done = 0.0;
     for (SourceFile& file : files) {
+      if (options_.progress)
+        options_.progress("reading", done++ / static_cast<double>(files.size()));
       const std::string name = fileName(file);
       if (name.ends_with(".geojson") || (name.ends_with(".json") && name != "manifest.json"))
         readFeatures(file);

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "Apps/Import/DisjointSets.hpp"
 #include "Apps/Import/Read/Imdf/ImdfFindings.hpp"
 #include "Apps/Import/Read/Imdf/ImdfImport.hpp"
 #include "Apps/Import/Read/Imdf/ImdfTypes.hpp"
@@ -18,20 +19,9 @@ namespace orivanta::importer {
 namespace {
 
 std::optional<ConnectorKind> kindOf(std::string_view category) {
-  switch (kindOfUnit(baseOf(category))) {
-    case AreaKind::elevator:
-      return ConnectorKind::elevator;
-    case AreaKind::escalator:
-      return ConnectorKind::escalator;
-    case AreaKind::stairs:
-      return ConnectorKind::stairs;
-    case AreaKind::ramp:
-      return ConnectorKind::ramp;
-    case AreaKind::movingWalkway:
-      return ConnectorKind::movingWalkway;
-    default:
-      return std::nullopt;
-  }
+  const AreaKind kind = kindOfUnit(baseOf(category));
+  if (!isConnector(kind)) return {};
+  return connectorKindOf(kind);
 }
 
 // What several features say about the same connector is joined by keys that they share.
@@ -41,38 +31,28 @@ class Groups {
   void add(ConnectorHint hint, const std::vector<std::string>& keys) {
     const std::size_t index = hints_.size();
     hints_.push_back(std::move(hint));
-    parents_.push_back(index);
     for (const std::string& key : keys) {
       const auto owner =
           owners_.emplace(std::to_string(static_cast<int>(hints_[index].kind)) + key, index).first;
-      const std::size_t root = rootOf(owner->second);
-      const std::size_t other = rootOf(index);
-      parents_[std::max(root, other)] = std::min(root, other);
+      joints_.emplace_back(owner->second, index);
     }
   }
 
   // One hint for each group, named by its first feature.
   std::vector<ConnectorHint> joined() {
-    std::map<std::size_t, ConnectorHint> groups;
-    for (std::size_t each = 0; each < hints_.size(); ++each) {
-      const std::size_t root = rootOf(each);
-      if (root == each)
-        groups.emplace(root, std::move(hints_[each]));
-      else
-        join(groups.at(root), hints_[each]);
-    }
+    DisjointSets sets(hints_.size());
+    for (const auto& [one, other] : joints_) sets.join(one, other);
+    const auto groups = sets.all();
     std::vector<ConnectorHint> result;
     result.reserve(groups.size());
-    for (auto& [root, hint] : groups) result.push_back(std::move(hint));
+    for (const std::vector<std::size_t>& group : groups) {
+      result.push_back(std::move(hints_[group.front()]));
+      for (std::size_t i = 1; i < group.size(); ++i) join(result.back(), hints_[group[i]]);
+    }
     return result;
   }
 
  private:
-  std::size_t rootOf(std::size_t index) {
-    while (parents_[index] != index) index = parents_[index] = parents_[parents_[index]];
-    return index;
-  }
-
   static void join(ConnectorHint& group, const ConnectorHint& hint) {
     const auto append = [](auto& to, const auto& from) {
       to.insert(to.end(), from.begin(), from.end());
@@ -89,7 +69,7 @@ class Groups {
   }
 
   std::vector<ConnectorHint> hints_;
-  std::vector<std::size_t> parents_;
+  std::vector<std::pair<std::size_t, std::size_t>> joints_;
   std::unordered_map<std::string, std::size_t> owners_;
 };
 

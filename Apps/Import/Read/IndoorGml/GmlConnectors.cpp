@@ -7,6 +7,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "Apps/Import/DisjointSets.hpp"
 #include "Apps/Import/Read/IndoorGml/GmlImport.hpp"
 #include "Apps/Import/Read/IndoorGml/GmlKinds.hpp"
 
@@ -14,27 +15,10 @@ namespace orivanta::importer {
 
 namespace {
 
-ConnectorKind connectorOf(AreaKind kind) {
-  switch (kind) {
-    case AreaKind::elevator:
-      return ConnectorKind::elevator;
-    case AreaKind::escalator:
-      return ConnectorKind::escalator;
-    case AreaKind::ramp:
-      return ConnectorKind::ramp;
-    case AreaKind::movingWalkway:
-      return ConnectorKind::movingWalkway;
-    default:
-      return ConnectorKind::stairs;
-  }
-}
-
 class ConnectorReader {
  public:
   explicit ConnectorReader(GmlImport& import)
-      : import_(import), parents_(import.document.cells.size()) {
-    for (std::size_t each = 0; each < parents_.size(); ++each) parents_[each] = each;
-  }
+      : import_(import), sets_(import.document.cells.size()) {}
 
   void read() {
     std::set<std::size_t> joined;
@@ -42,12 +26,10 @@ class ConnectorReader {
       const auto cells = import_.graph.cellsOf(transition);
       if (!cells || import_.levels[cells->first] == import_.levels[cells->second]) continue;
       joined.insert({cells->first, cells->second});
-      const std::size_t first = rootOf(cells->first);
-      const std::size_t second = rootOf(cells->second);
-      parents_[std::max(first, second)] = std::min(first, second);
+      sets_.join(cells->first, cells->second);
     }
     std::map<std::size_t, std::vector<std::size_t>> groups;
-    for (const std::size_t cell : joined) groups[rootOf(cell)].push_back(cell);
+    for (const std::size_t cell : joined) groups[sets_.find(cell)].push_back(cell);
     indexStatesAndPlaces();
     for (const auto& [root, cells] : groups) addGroup(cells);
     removePlaces();
@@ -62,11 +44,6 @@ class ConnectorReader {
     for (const Place& place : import_.building.places) names_.emplace(place.id, place.names);
   }
 
-  std::size_t rootOf(std::size_t cell) {
-    while (parents_[cell] != cell) cell = parents_[cell] = parents_[parents_[cell]];
-    return cell;
-  }
-
   void addGroup(const std::vector<std::size_t>& cells) {
     const AreaKind kind = kindOf(cells);
     bool allDrawn = true;
@@ -74,7 +51,7 @@ class ConnectorReader {
       // A cell of no stated kind is what it is joined with. A room with stairs in it stays one.
       if (import_.areas[cell] && !statedKind(import_.document.cells[cell]))
         areaOf(cell).kind = kind;
-      allDrawn = allDrawn && import_.areas[cell] && isGmlConnector(areaOf(cell).kind);
+      allDrawn = allDrawn && import_.areas[cell] && isConnector(areaOf(cell).kind);
     }
     if (allDrawn)
       for (const std::size_t cell : cells) {
@@ -92,7 +69,7 @@ class ConnectorReader {
   AreaKind kindOf(const std::vector<std::size_t>& cells) {
     constexpr double largestCabin = 8.0;
     for (const std::size_t cell : cells)
-      if (const auto kind = statedKind(import_.document.cells[cell]); kind && isGmlConnector(*kind))
+      if (const auto kind = statedKind(import_.document.cells[cell]); kind && isConnector(*kind))
         return *kind;
     const bool small = std::all_of(cells.begin(), cells.end(), [&](std::size_t cell) {
       return import_.areas[cell] &&
@@ -127,9 +104,9 @@ class ConnectorReader {
   void addHint(const std::vector<std::size_t>& cells, AreaKind kind) {
     ConnectorHint hint;
     hint.id = hint.source = import_.document.cells[cells.front()].id;
-    hint.kind = connectorOf(kind);
+    hint.kind = connectorKindOf(kind);
     for (const std::size_t cell : cells) {
-      if (import_.areas[cell] && isGmlConnector(areaOf(cell).kind))
+      if (import_.areas[cell] && isConnector(areaOf(cell).kind))
         hint.areas.push_back(areaOf(cell).id);
       else if (const auto position = positions_.find(cell); position != positions_.end())
         hint.spots.push_back({import_.levels[cell], position->second});
@@ -141,7 +118,7 @@ class ConnectorReader {
   }
 
   GmlImport& import_;
-  std::vector<std::size_t> parents_;
+  DisjointSets sets_;  // of cells
   std::unordered_set<std::string> removedPlaces_;
   std::unordered_map<std::size_t, Point> positions_;  // of the states of cells
   std::unordered_map<std::string, Names> names_;      // of places

@@ -94,9 +94,4 @@ std::string gmlCategory(const GmlSpace& cell) {
   return word.empty() ? lowerCase(cell.element) : word;
 }
 
-bool isGmlConnector(AreaKind kind) {
-  return kind == AreaKind::stairs || kind == AreaKind::elevator || kind == AreaKind::escalator ||
-         kind == AreaKind::movingWalkway || kind == AreaKind::ramp;
-}
-
 }  // namespace orivanta::importer

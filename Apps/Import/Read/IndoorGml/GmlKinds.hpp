@@ -18,6 +18,4 @@ std::optional<AreaKind> statedKind(const GmlSpace& cell);
 /// The word or code that says it, in lower case, such as "stair" or "generalspace".
 std::string gmlCategory(const GmlSpace& cell);
 
-bool isGmlConnector(AreaKind kind);
-
 }  // namespace orivanta::importer

@@ -63,7 +63,11 @@ class Reader {
     const std::size_t pieces = static_cast<std::size_t>(
         std::count_if(file_.bytes.begin(), file_.bytes.end(),
                       [](char character) { return character == '<' || character == '='; }));
-    if (pieces > 2 * limits_.vertices) failForSize();
+    if (pieces > 2 * limits_.vertices)
+      fail(
+          fmt::format("there are more than {} tags and attributes, which take too much memory; "
+                      "import a part of the building",
+                      2 * limits_.vertices));
     const pugi::xml_parse_result parsed =
         document_.load_buffer(file_.bytes.data(), file_.bytes.size(), pugi::parse_default);
     if (parsed) return;

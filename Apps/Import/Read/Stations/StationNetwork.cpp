@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "Apps/Import/DisjointSets.hpp"
 #include "Apps/Import/Read/JsonMembers.hpp"
 #include "Apps/Import/Read/Stations/StationCodes.hpp"
 
@@ -148,27 +149,25 @@ class NetworkReader {
 
   // The links of an elevator are connected. Only some of them may state its class.
   void shareElevatorClasses() {
-    std::unordered_map<std::string, std::string> parents;
-    const auto root = [&](std::string node) {
-      while (true) {
-        const auto parent = parents.emplace(node, node).first;
-        if (parent->second == node) return node;
-        // Halves the way for later searches.
-        parent->second = parents[parent->second];
-        node = parent->second;
-      }
+    std::unordered_map<std::string, std::size_t> numbers;
+    std::vector<SourceLink*> links;
+    for (SourceLink& link : building_.sourceLinks) {
+      if (link.kind != LinkKind::elevator) continue;
+      links.push_back(&link);
+      for (const std::string& node : {link.from, link.to}) numbers.emplace(node, numbers.size());
+    }
+    DisjointSets sets(numbers.size());
+    for (const SourceLink* link : links) sets.join(numbers.at(link->from), numbers.at(link->to));
+    std::vector<Wheelchair> classes(numbers.size(), Wheelchair::unknown);
+    const auto classOf = [&](const SourceLink& link) -> Wheelchair& {
+      return classes[sets.find(numbers.at(link.from))];
     };
-    std::unordered_map<std::string, Wheelchair> classes;
-    const auto forElevators = [&](const auto& visit) {
-      for (SourceLink& link : building_.sourceLinks)
-        if (link.kind == LinkKind::elevator) visit(link);
-    };
-    forElevators([&](const SourceLink& link) { parents[root(link.from)] = root(link.to); });
-    forElevators([&](const SourceLink& link) {
-      Wheelchair& best = classes[root(link.from)];
-      if (link.wheelchair == Wheelchair::yes || best == Wheelchair::unknown) best = link.wheelchair;
-    });
-    forElevators([&](SourceLink& link) { link.wheelchair = classes[root(link.from)]; });
+    for (const SourceLink* link : links) {
+      Wheelchair& best = classOf(*link);
+      if (link->wheelchair == Wheelchair::yes || best == Wheelchair::unknown)
+        best = link->wheelchair;
+    }
+    for (SourceLink* link : links) link->wheelchair = classOf(*link);
   }
 
   Building& building_;

@@ -1,19 +1,14 @@
 #include "Source/UI/Display/Styled/FloorFills.hpp"
 
-#include <vector>
-
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
-#include "Source/UI/Display/Styled/ShapeRoles.hpp"
 
 namespace orivanta {
 
-void FloorFills::set(const Map& map, const Venue& venue, const MapTheme& theme) {
-  if (!map.mapObject) return;
+void FloorFills::set(const Map& map, std::span<const ShapeRole> roles, const MapTheme& theme) {
   const graphics::Transaction transaction;
   std::erase_if(fills_, [](const auto& entry) { return entry.first.expired(); });
-  const std::vector<ShapeRole> roles = shapeRoles(map, venue, theme.words);
   const auto& shapes = map.mapObject->children(transaction);
   for (std::size_t i = 0; i < shapes.size(); ++i) {
     Fill& fill = fills_[shapes[i]];

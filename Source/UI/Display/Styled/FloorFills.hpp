@@ -4,10 +4,12 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/UI/Display/Styled/ShapeRoles.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta {
@@ -16,8 +18,8 @@ namespace orivanta {
 /// color of the highlight. Main thread.
 class FloorFills {
  public:
-  /// Colors the shapes of a floor. Does nothing if the floor has no model.
-  void set(const Map& map, const Venue& venue, const MapTheme& theme);
+  /// Colors the shapes of a floor, which must have a model. `roles` has one element for each shape.
+  void set(const Map& map, std::span<const ShapeRole> roles, const MapTheme& theme);
 
   /// Whether the shapes of the floor's model are colored.
   bool contains(const Map& map) const;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <map>
 #include <tuple>
+#include <utility>
 
 namespace orivanta {
 
@@ -83,6 +84,21 @@ class Boundary {
   std::multimap<Key, ShapeEdge> edges_;
 };
 
+// Raises the ends of edges that meet at different heights to the highest one. The sides of stairs
+// become straight lines along the fronts of the steps.
+void joinInHeight(std::vector<ShapeEdge>& edges) {
+  std::map<std::pair<float, float>, float> heights;
+  for (const ShapeEdge& edge : edges)
+    for (const graphics::Vector3& end : {edge.from, edge.to}) {
+      const auto height = heights.emplace(std::pair(end.x, end.y), end.z).first;
+      height->second = std::max(height->second, end.z);
+    }
+  for (ShapeEdge& edge : edges) {
+    edge.from.z = heights.at({edge.from.x, edge.from.y});
+    edge.to.z = heights.at({edge.to.x, edge.to.y});
+  }
+}
+
 }  // namespace
 
 ShapeEdges shapeEdges(std::span<const LabelTriangle> triangles) {
@@ -96,7 +112,9 @@ ShapeEdges shapeEdges(std::span<const LabelTriangle> triangles) {
       main.add(*face.corners);
     else if (face.low > level->low)
       above.add(*face.corners);
-  return {main.edges(), above.edges()};
+  ShapeEdges edges{main.edges(), above.edges()};
+  joinInHeight(edges.main);
+  return edges;
 }
 
 }  // namespace orivanta

@@ -18,7 +18,9 @@ struct ShapeEdge {
 
 /// The boundaries of the faces of a shape that face up.
 struct ShapeEdges {
-  std::vector<ShapeEdge> main;   ///< of the largest level, or of all faces of stairs and slopes
+  /// Of the largest level, or of all faces of stairs and slopes. The edges beside the steps of
+  /// stairs run along the fronts of the steps.
+  std::vector<ShapeEdge> main;
   std::vector<ShapeEdge> above;  ///< of what is higher, such as the tops of walls
 };
 

@@ -2,10 +2,16 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/UI/Display/MapFurniture.hpp"
+#include "Source/UI/Display/MapPosition.hpp"
 #include "Source/UI/Display/Styled/FloorFills.hpp"
+#include "Source/UI/Display/Styled/FloorWork.hpp"
+#include "Source/UI/Display/Styled/FollowedPosition.hpp"
+#include "Source/UI/Display/Styled/LogoLook.hpp"
 #include "Source/UI/Display/Styled/SceneLook.hpp"
 #include "Source/UI/Display/Styled/StyledLabels.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
@@ -18,6 +24,7 @@ class MapView;
 struct StyleHost {
   MapView* view = nullptr;
   std::shared_ptr<scene::Node> sun;  ///< the node of the light that casts shadows; null if no scene
+  std::shared_ptr<view::ImageView> logo;  ///< null if there is none
 };
 
 /// The parts of a style. Main thread.
@@ -59,10 +66,12 @@ class StyledMap {
 
  private:
   void restyle();
+  void styleFloor(const Map& map);
 
   std::shared_ptr<const MapTheme> theme_;
   StyleHost host_;
   FloorFills fills_;
+  FloorWork work_;
   SceneLook look_;
   StyledLabels labels_;
 };

@@ -124,13 +124,27 @@ TEST_F(RenderVenue, ShowsWhatIsAskedFor) {
 
 TEST_F(RenderVenue, DrawsFloorsInTheStyleOfAThemeFile) {
   std::ofstream(file("theme.json")) << R"({"colors": {"backdrop": "#ff0000", "rout": "#fff"}})";
-  const auto styled = render({"--style", file("theme.json")});
+  const auto styled = render({"--map", "G", "--style", file("theme.json")});
   EXPECT_EQ(styled.exitCode, 0);
   EXPECT_EQ(styled.errors,
             "orivanta: warning: " + file("theme.json") + ": unknown member colors.rout\n");
   EXPECT_GT(test::countPixels(*picture("map.png"), graphics::colors::red), 1000);
   EXPECT_EQ(render({"--style", "plain"}).exitCode, 0);
   EXPECT_EQ(test::countPixels(*picture("map.png"), graphics::colors::red), 0);
+}
+
+TEST_F(RenderVenue, StyledPicturesShowWhereThePlacesAreUnlessAFloorOrAZoomIsGiven) {
+  ASSERT_EQ(render({"--style", "light"}).exitCode, 0);
+  const auto first = picture("map.png");
+  const struct {
+    std::vector<std::string> arguments;
+    bool isFirstView;
+  } cases[] = {{{"--turn", "0"}, true}, {{"--zoom", "1"}, false}, {{"--map", "G"}, false}};
+  for (auto [arguments, isFirstView] : cases) {
+    arguments.insert(arguments.end(), {"--style", "light"});
+    ASSERT_EQ(render(arguments).exitCode, 0) << arguments.front();
+    EXPECT_EQ(changed(*first, *picture("map.png")) < 0.02, isFirstView) << arguments.front();
+  }
 }
 
 TEST_F(RenderVenue, DrawsARouteOnItsFloorsAndMovesItsArrows) {
@@ -184,6 +198,8 @@ TEST_F(RenderVenue, ShowsTheAttributionOrSaysToShowIt) {
     EXPECT_GT(changed(*plain, *shown), 0.002) << corner;
   }
   EXPECT_EQ(renderVisits({"--attribution", "middle"}).exitCode, 2);
+  ASSERT_EQ(renderVisits({"--style", "dark"}).exitCode, 0);
+  EXPECT_LT(picture("map.png")->pixels()[4 * (188 * 320 + 8)], 60) << "a dark ground";
   serveVisits(std::string(900, 'x'));
   EXPECT_THAT(renderVisits({}).errors, HasSubstr("show this attribution with the images: xxx"));
 }

@@ -5,7 +5,9 @@
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Material.hpp"
 #include "Platform/Scene/Node.hpp"
+#include "Source/UI/Display/MarkColors.hpp"
 #include "Source/UI/MapViewDirections.hpp"
+#include "Tests/Support/CountedPixels.hpp"
 #include "Tests/Support/ShownVenue.hpp"
 
 namespace orivanta::test {
@@ -75,6 +77,30 @@ TEST(RouteOverlay, FollowsTheFloorThatIsShown) {
   EXPECT_EQ(segmentsIn(*shown.mapView, color), 0);
   EXPECT_TRUE(shown.mapView->markers().empty());
   RouteOverlay(shown.mapView, {}).show(1);
+}
+
+TEST(RouteOverlay, NumbersTheStops) {
+  const DiagnosticLines quiet;
+  const ShownVenue shown;
+  const auto cafe = shown.location("cafe-1");
+  const NodeList path{shown.node(100, 100, 0), shown.node(300, 100, 0), shown.node(300, 100, 0, 1),
+                      shown.node(500, 100, 0, 1), shown.node(500, 300, 0, 1)};
+  std::vector<std::vector<std::uint8_t>> images;  // of the stop
+  using Stops = std::vector<RouteOverlay::Stop>;
+  for (const Stops& stops : {Stops{{3, cafe}}, {{1, cafe}, {3, cafe}}, {{3, cafe}, {3, nullptr}}}) {
+    RouteOverlay overlay(shown.mapView, path);
+    overlay.stops = stops;
+    shown.mapView->changeMap(1);
+    overlay.show(1);
+    ASSERT_EQ(shown.mapView->markers().size(), 3U) << "the arrival, the stop and the end";
+    const auto mark = std::dynamic_pointer_cast<MapViewMarker2D>(shown.mapView->markers()[1]);
+    const auto pixels = mark->node->texture()->pixels();
+    EXPECT_GT(countPixels(*mark->node->texture(), markColors::place), 80);
+    images.emplace_back(pixels.begin(), pixels.end());
+  }
+  EXPECT_NE(images[0], images[1]);
+  EXPECT_NE(images[0], images[2]) << "both numbers";
+  EXPECT_NE(images[1], images[2]);
 }
 
 }  // namespace

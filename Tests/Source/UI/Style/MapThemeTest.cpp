@@ -66,11 +66,11 @@ TEST_P(ThemeColors, EdgesAndTextsStandOut) {
     EXPECT_GE(contrastOf(theme.colors.text, first), 4.5);
     for (const Color& second : fills) {
       const Color edge = rounded(theme.outlineBetween(first, second));
-      EXPECT_GE(contrastOf(edge, first), 1.85);
-      EXPECT_GE(contrastOf(edge, second), 1.85);
+      EXPECT_GE(contrastOf(edge, first), 2.0);
+      EXPECT_GE(contrastOf(edge, second), 2.0);
     }
   }
-  EXPECT_NEAR(contrastOf(theme.walkableOutline(), theme.colors.walkable), 1.25, 0.01);
+  EXPECT_NEAR(contrastOf(theme.walkableOutline(), theme.colors.walkable), 1.3, 0.01);
   EXPECT_GE(contrastOf(theme.colors.text, theme.colors.halo), 4.5);
 }
 

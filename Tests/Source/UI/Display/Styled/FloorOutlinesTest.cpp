@@ -116,6 +116,11 @@ TEST(FloorOutlines, AreLinesWithoutNeedlessCorners) {
   EXPECT_EQ(outlines->parts().size(), 1U);
   EXPECT_EQ(outlines->vertices().size(), 4U * 4U);
   EXPECT_TRUE(makeOutlines({}, 1)->parts().empty());
+  // Stairs: straight lines beside the steps. The last step is level.
+  std::vector<Block> steps;
+  for (int i = 0; i < 8; ++i)
+    steps.push_back({2.0 * i, 0, 2.0 * i + 2, 5, 0, static_cast<float>(i + 1)});
+  EXPECT_EQ(makeOutlines(std::vector{make(shop, steps)}, 1)->vertices().size(), 6U * 4U);
 }
 
 TEST(FloorOutlines, ContrastWithBothSurfaces) {

@@ -1,0 +1,80 @@
+#include "Source/UI/Display/Styled/ScaleBar.hpp"
+
+#include <fmt/format.h>
+
+#include <cmath>
+#include <limits>
+
+#include "Platform/Graphics/Text.hpp"
+
+namespace orivanta {
+
+namespace {
+
+// Lengths in points.
+constexpr double mostPoints = 110;
+constexpr double thickness = 2;
+constexpr double tickHeight = 7;
+constexpr double halo = 1.5;
+constexpr double textGap = 1;
+constexpr double fontSize = 11;
+
+constexpr double leastMeters = 0.01;
+constexpr double mostMeters = 1e6;
+
+std::string textOf(double meters) {
+  if (meters >= 1000) return fmt::format("{:.0f} km", meters / 1000);
+  if (meters >= 1) return fmt::format("{:.0f} m", meters);
+  return fmt::format("{:.0f} cm", meters * 100);
+}
+
+void drawBracket(view::Canvas& canvas, const graphics::Rect& rect, double margin,
+                 const graphics::Color& color) {
+  const auto part = [&](double left, double top, double width, double height) {
+    canvas.fill({{left - margin, top - margin}, {width + 2 * margin, height + 2 * margin}}, color);
+  };
+  part(rect.minX(), rect.maxY() - thickness, rect.size.width, thickness);
+  part(rect.minX(), rect.minY(), thickness, rect.size.height);
+  part(rect.maxX() - thickness, rect.minY(), thickness, rect.size.height);
+}
+
+}  // namespace
+
+BarLength barLength(double pointsPerMeter, double most) {
+  if (!(pointsPerMeter > 0) || !std::isfinite(pointsPerMeter)) return {};
+  // The tolerance accepts a length that fits exactly.
+  const double longest = most / pointsPerMeter * (1 + 1e-9);
+  if (!(longest >= leastMeters)) return {};
+  const double power = std::pow(10.0, std::floor(std::log10(std::min(longest, mostMeters))));
+  double meters = power;
+  for (const double factor : {2.0, 5.0})
+    if (factor * power <= longest) meters = factor * power;
+  return {meters * pointsPerMeter, textOf(meters)};
+}
+
+void ScaleBar::draw(view::Canvas& canvas, graphics::Point corner, double pointsPerMeter,
+                    const MapTheme& theme) {
+  const BarLength length = barLength(pointsPerMeter, mostPoints);
+  if (length.points < 3 * thickness) return;
+  const graphics::Rect bar{{corner.x, corner.y - tickHeight}, {length.points, tickHeight}};
+  drawBracket(canvas, bar, halo, theme.colors.halo);
+  drawBracket(canvas, bar, 0, theme.colors.text);
+  if (length.text != text_ || canvas.scale() != scale_) {
+    graphics::TextStyle style;
+    style.fontFamily = theme.fontFamily;
+    style.fontSize = fontSize;
+    style.color = theme.colors.text;
+    style.outlineColor = theme.colors.halo;
+    style.outlineWidth = theme.sizes.halo;
+    image_ = graphics::makeTextImage(length.text, style, canvas.scale());
+    text_ = length.text;
+    scale_ = canvas.scale();
+  }
+  if (!image_) return;
+  const graphics::Size size = image_->size();
+  canvas.draw(image_, {{corner.x + (length.points - size.width) / 2,
+                        corner.y - thickness - halo - textGap - size.height},
+                       size});
+}
+
+}  // namespace orivanta

@@ -1,0 +1,39 @@
+// A bar that shows a length on the ground.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "Platform/Graphics/Image.hpp"
+#include "Platform/View/Canvas.hpp"
+#include "Source/UI/Style/MapTheme.hpp"
+
+namespace orivanta {
+
+/// A length that a bar shows.
+struct BarLength {
+  double points = 0;  ///< length of the bar; 0 if no length fits
+  std::string text;   ///< such as "20 m"
+};
+
+/// Returns the longest length of 1, 2 or 5 times a power of ten that has at most `mostPoints`
+/// points.
+BarLength barLength(double pointsPerMeter, double mostPoints);
+
+/// Draws the bar. Used within a transaction.
+class ScaleBar {
+ public:
+  /// `corner` is the lower left corner.
+  void draw(view::Canvas& canvas, graphics::Point corner, double pointsPerMeter,
+            const MapTheme& theme);
+
+  /// Draws the text again, for another theme.
+  void clear() { text_.clear(); }
+
+ private:
+  std::string text_;  // of the image
+  double scale_ = 0;  // of the image
+  std::shared_ptr<const graphics::Image> image_;
+};
+
+}  // namespace orivanta

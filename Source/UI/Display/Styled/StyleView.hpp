@@ -1,0 +1,56 @@
+// What a style draws over the scene of a map view.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "Platform/View/View.hpp"
+#include "Source/UI/Display/MapFurniture.hpp"
+#include "Source/UI/Display/MapPosition.hpp"
+#include "Source/UI/Display/Styled/AttributionNote.hpp"
+#include "Source/UI/Display/Styled/CompassView.hpp"
+#include "Source/UI/Display/Styled/PositionDot.hpp"
+#include "Source/UI/Display/Styled/ScaleBar.hpp"
+
+namespace orivanta {
+
+class MapView;
+
+/// Covers the map view, directly above its scene. Touches pass through, except those of the
+/// compass, which is a view of its own. `draw` may be called on another thread.
+class StyleView : public view::View {
+ public:
+  /// Adds a new view to a map view, which must outlive it.
+  static std::shared_ptr<StyleView> addTo(MapView& view);
+
+  /// Called by `addTo`.
+  explicit StyleView(MapView& view) : view_(view) {}
+
+  /// Removes it and the compass from the map view.
+  void remove();
+
+  void setTheme(std::shared_ptr<const MapTheme> theme);
+  void setFurniture(const MapFurniture& furniture);
+  void setPosition(const std::optional<MapPosition>& position);
+
+  /// Adapts to the venue of the map view.
+  void venueChanged();
+
+  void draw(view::Canvas& canvas) override;
+
+ private:
+  void drawFurniture(view::Canvas& canvas);
+
+  MapView& view_;
+  std::shared_ptr<CompassView> compass_;
+  std::shared_ptr<const MapTheme> theme_;  // null until set
+  MapFurniture furniture_;
+  std::optional<MapPosition> position_;
+  double unitsPerMeter_ = 0;  // 0 if the venue has no scale
+  PositionDot dot_;
+  ScaleBar scaleBar_;
+  AttributionNote attribution_;
+};
+
+}  // namespace orivanta
