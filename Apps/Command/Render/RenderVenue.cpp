@@ -267,19 +267,14 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   const Contents contents = findContents(*venue, options, theme.get());
 
   Stage stage(size, options.scale);
-<<<<<<< HEAD
   if (theme) {
     const auto style = MapStyle::make(theme);
     style->setStill(true);  // the camera does not move
     stage.mapView()->setStyle(style);
   }
-  attribute(stage, *venue, size, options);
-=======
-  if (theme) stage.mapView()->setStyle(MapStyle::make(theme));
   attribute(stage, *venue, size, options, theme.get());
   if (!options.legend.empty())
     stage.mapView()->addSubview(std::make_shared<LegendView>(options.legend, options.scale));
->>>>>>> outlines
   const auto floors = stage.load(venue, contents.floors);
   for (const Highlight& highlight : contents.highlights)
     for (const auto& polygon : highlight.location->polygons)

@@ -3,14 +3,11 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Graphics/Geometry.hpp"
-#include "Source/Fwd.hpp"
-#include <optional>
-
-#include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapFurniture.hpp"
@@ -31,9 +28,9 @@ struct MapTap {
 };
 
 /// Draws the floors of a map view in the colors of a theme: places by their kind and with outlines,
-/// in brighter light and with weaker shadows, with the names and icons of the places. Pass it to
-/// `MapView::setStyle`. The materials of the models do not change, and switching the style off
-/// restores the plain look exactly.
+/// in brighter light and with weaker shadows. It can also show the first view of a venue, aids such
+/// as a compass, and a visitor's position. Pass it to `MapView::setStyle`. The materials of the
+/// models do not change, and switching the style off restores the plain look exactly.
 ///
 /// A style belongs to at most one map view at a time. Views that show the same `Venue` object share
 /// its models, and therefore the colors and outlines of the style that was set last. Main thread.
@@ -51,6 +48,15 @@ class ORIVANTA_API MapStyle {
   /// Returns the theme, which is never null.
   const std::shared_ptr<const MapTheme>& theme() const;
 
+  /// Returns whether the current floor is drawn completely. Its outlines, names and icons are
+  /// computed in the background and appear later than its colors. True if no floor is shown.
+  bool isReady() const;
+
+  /// Completes the current floor, for single pictures: computes what is missing or waits for it.
+  void finish();
+
+  // --- Names and icons --------------------------------------------------------------------------
+
   /// Sets whether each frame is a separate picture: names and icons are placed anew and neither
   /// fade nor wait for their images. Call `finish` before drawing. The default is false.
   void setStill(bool isStill);
@@ -59,16 +65,42 @@ class ORIVANTA_API MapStyle {
   /// Children of the map view need not be included.
   void setCovered(std::vector<graphics::Rect> covered);
 
-  /// Returns whether the current floor is drawn completely. Its outlines, names and icons are
-  /// computed in the background and appear later than its colors. True if no floor is shown.
-  bool isReady() const;
-
-  /// Completes the current floor, for single pictures: computes what is missing or waits for it.
-  void finish();
-
   /// Called after each tap, after the delegate and `MapView::placeTapped`. Names and icons can be
   /// tapped as well as shapes. May be empty.
   std::function<void(const MapTap& tap)> tapped;
+
+  // --- First view -------------------------------------------------------------------------------
+
+  /// Returns the floor to open a loaded venue with: where most places, entrances and connectors
+  /// are; see `orivanta::firstFloor`. Floors with a model are preferred. Needs no models, so pass
+  /// the floor to `MapView::loadFloors`. Returns null if the venue has no floors.
+  static std::shared_ptr<Map> firstFloor(const Venue& venue, const KindWords& words = {});
+
+  /// Moves the camera to the part of the current floor where most places are, so that their rooms
+  /// are large enough to be told apart; see `firstRegion`. Keeps tilt and turn. Does nothing before
+  /// the map view shows a floor.
+  void showFirstView(CameraMotion motion = CameraMotion::atOnce);
+
+  // --- Over the map -----------------------------------------------------------------------------
+
+  /// Sets which aids are shown over the map. The default is none.
+  void setFurniture(const MapFurniture& furniture);
+
+  /// Returns what `setFurniture` has set.
+  const MapFurniture& furniture() const;
+
+  /// Shows a visitor's position while its floor is shown. Nothing, the default, removes it. A
+  /// position without a floor is a fatal error.
+  void setPosition(std::optional<MapPosition> position);
+
+  /// Keeps the position in the middle of the view. The camera first frames its surroundings, 30
+  /// meters, and then moves whenever the position is set and its floor is shown. This ends when the
+  /// user, or anything else, moves the map; zooming, turning and tilting about the middle of the
+  /// view do not end it. The default is false.
+  void setFollowing(bool isFollowing);
+
+  /// Returns whether the camera follows the position.
+  bool isFollowing() const;
 
  private:
   friend class MapView;

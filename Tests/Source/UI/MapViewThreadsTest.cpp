@@ -42,11 +42,8 @@ TEST(MapViewThreads, ChangesWhileItIsDrawn) {
     mapView.setStyle(round % 5 == 0 ? nullptr : style);
     if (round % 7 == 0) style->finish();
     foundation::mainQueue::drain();
-<<<<<<< HEAD
-=======
     style->setPosition(MapPosition{shown.floor(0), round * 2.0, 500, 0, 5, round * 0.1});
     mapView.camera().setInsets({round * 0.1, 0, 0, 0});
->>>>>>> outlines
     const auto marker = makeImageMarker(image);
     marker->setPosition({static_cast<float>(round % 10) * 100, 500, 0});
     marker->hideWhenCollide = true;

@@ -25,9 +25,9 @@ void StyledMap::attach(StyleHost host) {
   const graphics::Transaction transaction;
   host_ = std::move(host);
   overlay_ = StyleView::addTo(*host_.view);
+  labels_.attach(*host_.view);
   overlay_->setFurniture(furniture_);
   overlay_->setPosition(position_);
-  labels_.show(theme_);
   restyle();
   followed_.update(*host_.view, position_);
 }
@@ -38,18 +38,18 @@ void StyledMap::detach() {
   fills_.clear();
   work_.clear();
   look_.restore(*host_.view);
+  labels_.detach();
   logo_.restore();
   overlay_->remove();
   overlay_.reset();
-  labels_.show(theme_);
   host_ = {};
 }
 
 void StyledMap::venueChanged() {
   const graphics::Transaction transaction;
   fills_.clear();
-  labels_.clear();
   work_.clear();
+  labels_.clear();
   restyle();
 }
 
@@ -92,8 +92,8 @@ void StyledMap::sceneStarted(std::shared_ptr<scene::Node> sun) {
 
 void StyledMap::addFloor(const Map& map) {
   if (host_.view->venue && !fills_.contains(map)) styleFloor(map);
-  followed_.update(*host_.view, position_);
   labels_.show(theme_);
+  followed_.update(*host_.view, position_);
 }
 
 void StyledMap::setHighlighted(scene::Node& shape, bool isHighlighted) {

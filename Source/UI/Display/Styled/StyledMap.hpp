@@ -13,6 +13,7 @@
 #include "Source/UI/Display/Styled/FollowedPosition.hpp"
 #include "Source/UI/Display/Styled/LogoLook.hpp"
 #include "Source/UI/Display/Styled/SceneLook.hpp"
+#include "Source/UI/Display/Styled/StyleView.hpp"
 #include "Source/UI/Display/Styled/StyledLabels.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
@@ -39,11 +40,16 @@ class StyledMap {
   /// The view that the style belongs to, or null.
   MapView* view() const { return host_.view; }
 
-  /// See `MapStyle`.
+  // See `MapStyle`.
   StyledLabels& labels() { return labels_; }
   const StyledLabels& labels() const { return labels_; }
   bool isReady() const;
   void finish();
+  void setFurniture(const MapFurniture& furniture);
+  const MapFurniture& furniture() const { return furniture_; }
+  void setPosition(std::optional<MapPosition> position);
+  void setFollowing(bool isFollowing);
+  bool isFollowing() const;
 
   // Called by the map view.
 
@@ -74,6 +80,11 @@ class StyledMap {
   FloorWork work_;
   SceneLook look_;
   StyledLabels labels_;
+  LogoLook logo_;
+  MapFurniture furniture_;
+  std::optional<MapPosition> position_;
+  FollowedPosition followed_;
+  std::shared_ptr<StyleView> overlay_;  // null if the style belongs to no view
 };
 
 }  // namespace orivanta
