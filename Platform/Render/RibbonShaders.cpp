@@ -4,10 +4,10 @@ namespace orivanta::render {
 
 namespace {
 
-// A ribbon is widened in the level plane instead of on the screen, so that its depth is exactly that
-// of the surface on which it lies. `s` is the distance in the plane that appears as half the width
-// beside an edge. Along an edge, it is proportional to w. An edge is therefore cut in front of the
-// camera, behind which w is negative.
+// A ribbon is widened in the level plane instead of on the screen, so that its depth is exactly
+// that of the surface on which it lies. `s` is the distance in the plane that appears as half the
+// width beside an edge. Along an edge, it is proportional to w. An edge is therefore cut in front
+// of the camera, behind which w is negative.
 constexpr std::string_view vertexSource = R"(
 layout(location = 0) in vec3 position;
 layout(location = 1) in vec4 directions;  // of the edges before and after the corner

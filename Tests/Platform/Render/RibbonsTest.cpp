@@ -132,9 +132,9 @@ TEST_F(RibbonDrawing, ShowHiddenPartsOfARouteEvenlyDimmed) {
     EXPECT_GT(dimmed, 1500) << tilt;
     EXPECT_LT(darker, 60) << tilt;  // at the edges of the block
     const Vector3 start = studio.view->project(line.points.front());
-    EXPECT_EQ(pixelOf(*image, static_cast<std::uint32_t>(start.x),
-                      static_cast<std::uint32_t>(start.y)),
-              (Pixel{255, 0, 0, 255}));
+    EXPECT_EQ(
+        pixelOf(*image, static_cast<std::uint32_t>(start.x), static_cast<std::uint32_t>(start.y)),
+        (Pixel{255, 0, 0, 255}));
   }
 }
 
