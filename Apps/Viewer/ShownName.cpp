@@ -7,7 +7,7 @@
 namespace orivanta::viewer {
 
 std::string shownName(const Venue& venue, const Location& place) {
-  const std::string name = labelName(venue, place);
+  std::string name = labelName(venue, place);
   if (!name.empty()) return name;
   const auto floors = floorsOf(place);
   return floors.empty() ? "" : floorName(*floors.front());

@@ -88,7 +88,8 @@ class SceneGatherer::Walk {
     look.castsShadow = false;
     if (fading.opacity <= 0) look.visible = false;
     if (look.translucent)
-      look.color[3] = static_cast<std::uint8_t>(std::lround(look.color[3] * fading.opacity));
+      look.color[3] = static_cast<std::uint8_t>(
+          std::lround(static_cast<float>(look.color[3]) * fading.opacity));
     else
       look.group = fading.group;
     return look;

@@ -98,7 +98,8 @@ double meetingAt(const Segment& segment, double y) {
 // Whether the way from a point to a center, first along x and then along y, crosses a segment. A
 // segment that passes the corner of the way is judged by one computation on both parts of it.
 bool crossesWay(const Segment& segment, Point point, Point center) {
-  const auto& [a, b] = segment;
+  const Point a = segment.a;
+  const Point b = segment.b;
   const bool spansColumn = isFarther(a, center.x) != isFarther(b, center.x);
   const bool rises = (b.y > a.y) == (b.x > a.x);
   bool crosses = false;

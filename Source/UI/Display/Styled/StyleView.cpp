@@ -55,7 +55,7 @@ graphics::Rect lowerLeft(const graphics::Rect& free) {
 
 std::shared_ptr<StyleView> StyleView::addTo(MapView& view) {
   const graphics::Transaction transaction;
-  const auto added = std::make_shared<StyleView>(view);
+  auto added = std::make_shared<StyleView>(view);
   added->setUserInteractionEnabled(false);
   added->compass_ = CompassView::make([&view] { view.camera().resetNorth(CameraMotion::glide); });
   addAbove(view, *view.sceneView, added);
