@@ -32,6 +32,7 @@ class Cells {
       surface += box.size().x * box.size().y;
       sides += box.size().x + box.size().y;
     }
+    if (all.isEmpty()) return;
     // So large that a box lies in few cells on average, and that there are not many more cells
     // than boxes.
     const double count = 4.0 * static_cast<double>(boxes.size());
