@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "Platform/Graphics/Text.hpp"
+#include "Source/UI/Display/Styled/FloorLabels.hpp"
 
 namespace orivanta {
 
@@ -60,12 +61,8 @@ void ScaleBar::draw(view::Canvas& canvas, graphics::Point corner, double pointsP
   drawBracket(canvas, bar, halo, theme.colors.halo);
   drawBracket(canvas, bar, 0, theme.colors.text);
   if (length.text != text_ || canvas.scale() != scale_) {
-    graphics::TextStyle style;
-    style.fontFamily = theme.fontFamily;
-    style.fontSize = fontSize;
-    style.color = theme.colors.text;
-    style.outlineColor = theme.colors.halo;
-    style.outlineWidth = theme.sizes.halo;
+    graphics::TextStyle style = nameStyle(theme, fontSize);
+    style.wholeLines = false;
     image_ = graphics::makeTextImage(length.text, style, canvas.scale());
     text_ = length.text;
     scale_ = canvas.scale();
