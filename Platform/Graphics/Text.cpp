@@ -9,6 +9,7 @@
 
 #include "Platform/Graphics/CairoImage.hpp"
 #include "Platform/Graphics/TextLayout.hpp"
+#include "Platform/Graphics/TextUse.hpp"
 
 namespace orivanta::graphics {
 
@@ -126,7 +127,8 @@ bool canBeDrawn(const TextStyle& style, double scale) {
 
 std::shared_ptr<const Image> makeTextImage(std::string_view text, const TextStyle& style,
                                            double scale) {
-  if (!canBeDrawn(style, scale)) return nullptr;
+  const TextUse use;
+  if (!use || !canBeDrawn(style, scale)) return nullptr;
   const TextDrawing drawing(presentable(text), style, scale);
   Frame frame = drawing.roughFrame();
   if (style.wholeLines && frame.width > 0) frame = withLines(frame, drawing.linesHeight());
@@ -148,7 +150,8 @@ std::shared_ptr<const Image> makeTextImage(std::string_view text, const TextStyl
 }
 
 Size measureText(std::string_view text, const TextStyle& style) {
-  if (!canBeDrawn(style, 1.0)) return {};
+  const TextUse use;
+  if (!use || !canBeDrawn(style, 1.0)) return {};
   const Owned<PangoContext> context(
       pango_font_map_create_context(pango_cairo_font_map_get_default()));
   const Owned<PangoLayout> layout(pango_layout_new(context.get()));

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdlib>
 #include <limits>
 #include <thread>
 
@@ -92,6 +93,19 @@ TEST(Text, MeasuredLinesAreThoseOfThePicture) {
     EXPECT_NEAR(measureText(words, style).height, drawn.height, 1.0);
   }
   EXPECT_EQ(measureText("a", {.fontSize = -1}), Size());
+}
+
+// Pictures can be made on background threads until the process ends.
+TEST(TextDeathTest, NoTextIsLaidOutOnceTheLibrariesFreeWhatTheyShare) {
+  const auto end = [] {
+    // Registered first, so it runs after the handlers of the text libraries.
+    std::atexit([] {
+      if (measureText("a", {}) != Size() || picture("a") != nullptr) std::_Exit(1);
+    });
+    if (measureText("a", {}) == Size()) std::_Exit(2);
+    std::exit(0);
+  };
+  EXPECT_EXIT(end(), testing::ExitedWithCode(0), "");
 }
 
 TEST(Text, BrokenBytesAndControlCharactersHaveStandIns) {
