@@ -9,10 +9,10 @@
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Kinds/KindWords.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapFurniture.hpp"
 #include "Source/UI/Display/MapPosition.hpp"
-#include "Source/UI/Style/KindWords.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta {

@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "Source/UI/Style/PlaceKind.hpp"
+#include "Source/Guidance/Kinds/PlaceKind.hpp"
 
 namespace orivanta {
 

@@ -5,8 +5,8 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Graphics/Image.hpp"
+#include "Source/Guidance/Kinds/PlaceKind.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
-#include "Source/UI/Style/PlaceKind.hpp"
 
 namespace orivanta {
 

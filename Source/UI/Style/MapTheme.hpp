@@ -7,9 +7,9 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Graphics/Color.hpp"
-#include "Source/UI/Style/KindWords.hpp"
+#include "Source/Guidance/Kinds/KindWords.hpp"
+#include "Source/Guidance/Kinds/PlaceKind.hpp"
 #include "Source/UI/Style/Palette.hpp"
-#include "Source/UI/Style/PlaceKind.hpp"
 
 namespace orivanta {
 

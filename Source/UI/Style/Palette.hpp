@@ -5,7 +5,7 @@
 #include <cstddef>
 
 #include "Platform/Graphics/Color.hpp"
-#include "Source/UI/Style/FillKind.hpp"
+#include "Source/Guidance/Kinds/FillKind.hpp"
 
 namespace orivanta {
 

@@ -5,7 +5,7 @@
 #include <set>
 #include <string_view>
 
-#include "Source/UI/Style/KindWords.hpp"
+#include "Source/Guidance/Kinds/KindWords.hpp"
 
 namespace orivanta::importer {
 

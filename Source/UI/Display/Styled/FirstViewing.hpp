@@ -4,10 +4,10 @@
 #include <memory>
 
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Kinds/KindWords.hpp"
+#include "Source/Guidance/Kinds/PlaceKind.hpp"
 #include "Source/UI/Display/FirstViewInput.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
-#include "Source/UI/Style/KindWords.hpp"
-#include "Source/UI/Style/PlaceKind.hpp"
 
 namespace orivanta {
 

@@ -10,9 +10,9 @@
 #include "Platform/Graphics/Vector.hpp"
 #include "Platform/Scene/Geometry.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Kinds/KindWords.hpp"
+#include "Source/Guidance/Kinds/PlaceKind.hpp"
 #include "Source/UI/Display/Styled/ShapeRoles.hpp"
-#include "Source/UI/Style/KindWords.hpp"
-#include "Source/UI/Style/PlaceKind.hpp"
 
 namespace orivanta {
 

@@ -6,9 +6,9 @@
 #include <string>
 
 #include "Platform/Graphics/Image.hpp"
+#include "Source/Guidance/Kinds/PlaceKind.hpp"
 #include "Source/UI/Style/MapIcons.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
-#include "Source/UI/Style/PlaceKind.hpp"
 
 namespace orivanta {
 

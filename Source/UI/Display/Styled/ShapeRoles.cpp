@@ -8,12 +8,12 @@
 #include <unordered_map>
 
 #include "Platform/Scene/Node.hpp"
+#include "Source/Guidance/Kinds/PlaceKind.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/Polygon.hpp"
 #include "Source/UI/Display/Styled/ConnectorShapes.hpp"
-#include "Source/UI/Style/PlaceKind.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
 

@@ -5,8 +5,8 @@
 
 #include "Platform/Graphics/Color.hpp"
 #include "Source/Fwd.hpp"
-#include "Source/UI/Style/FillKind.hpp"
-#include "Source/UI/Style/KindWords.hpp"
+#include "Source/Guidance/Kinds/FillKind.hpp"
+#include "Source/Guidance/Kinds/KindWords.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta {

@@ -1,4 +1,4 @@
-#include "Source/UI/Style/KindWords.hpp"
+#include "Source/Guidance/Kinds/KindWords.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Source/UI/Style/PlaceKind.hpp"
+#include "Source/Guidance/Kinds/PlaceKind.hpp"
 
 #include <algorithm>
 #include <array>

@@ -8,7 +8,7 @@
 
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
-#include "Source/UI/Style/PlaceKind.hpp"
+#include "Source/Guidance/Kinds/PlaceKind.hpp"
 
 namespace orivanta {
 

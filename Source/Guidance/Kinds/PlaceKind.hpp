@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "Platform/Foundation/Export.hpp"
-#include "Source/UI/Style/FillKind.hpp"
+#include "Source/Guidance/Kinds/FillKind.hpp"
 
 namespace orivanta {
 

@@ -1,13 +1,13 @@
-#include "Source/UI/Style/KindWords.hpp"
+#include "Source/Guidance/Kinds/KindWords.hpp"
 
 #include <algorithm>
 #include <cstddef>
 #include <utility>
 
 #include "Source/Category.hpp"
+#include "Source/Guidance/Kinds/KindTable.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 #include "Source/Location.hpp"
-#include "Source/UI/Style/KindTable.hpp"
 #include "Source/Vortex.hpp"
 
 namespace orivanta {

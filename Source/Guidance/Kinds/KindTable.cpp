@@ -1,4 +1,4 @@
-#include "Source/UI/Style/KindTable.hpp"
+#include "Source/Guidance/Kinds/KindTable.hpp"
 
 namespace orivanta {
 
