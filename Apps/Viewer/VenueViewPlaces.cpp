@@ -40,7 +40,7 @@ void VenueView::connectSearch() {
     session_.goToNearest(from, nearestOf(category, texts_));
   };
   panels_.floors->chosen = [this](const auto& floor) { showFloor(floor); };
-  panels_.mapButtons->tapped = [this](std::string_view key) { carryOut(key); };
+  panels_.layoutChanged = [this] { arrangePanels(); };
   panels_.back->action = [this] { wayBack(); };
   panels_.attribution->action = [this] { toggleAttribution(); };
   panels_.help->closed = [this] { toggleHelp(); };

@@ -77,6 +77,7 @@ SearchPanel::SearchPanel(const Venue& venue, const guidance::InterfaceTexts& tex
       open();
   };
   field_->changed = [this] { search(); };
+  list_->setTakesFocus(false);  // the panel handles its keys
   clear_->action = [this] { close(); };
 }
 
@@ -204,6 +205,8 @@ void SearchPanel::choose(Item item) {
     chosen(item.place, end);
   }
 }
+
+double SearchPanel::barHeight() { return std::max(fieldHeight, theme::control()); }
 
 double SearchPanel::arrange(double width, double mostHeight) {
   sign_->setFrame({{2, 0}, {signWidth, fieldHeight}});

@@ -32,6 +32,9 @@ class SearchPanel : public Panel {
   std::function<void(const std::shared_ptr<Category>&)> nearestChosen;
   std::function<void()> layoutChanged;  ///< called when the height has changed
 
+  /// Returns the height of the closed panel, in points.
+  static double barHeight();
+
   TextField& field() { return *field_; }
   bool isOpen() const { return field_->isFocused(); }
 

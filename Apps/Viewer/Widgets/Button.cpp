@@ -1,5 +1,6 @@
 #include "Apps/Viewer/Widgets/Button.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include "Platform/View/Canvas.hpp"
@@ -9,12 +10,21 @@ namespace orivanta::viewer {
 
 namespace {
 
+constexpr double side = 8;   // points beside the text
+constexpr double edge = 10;  // above the text, and below it
+constexpr double anyWidth = 10'000;
+
+theme::Paint colorOf(ButtonLook look) {
+  return look == ButtonLook::filled ? theme::paper : theme::accent;
+}
+
 LabelStyle buttonStyle(ButtonLook look, double size) {
   LabelStyle style;
   style.size = size;
   style.bold = look != ButtonLook::plain;
   style.alignment = Alignment::center;
-  style.color = look == ButtonLook::filled ? theme::paper : theme::accent;
+  style.color = colorOf(look);
+  style.lines = 0;
   return style;
 }
 
@@ -24,10 +34,14 @@ Pressable::Pressable() {
   const auto tap = std::make_shared<view::TapGestureRecognizer>();
   tap->addTarget("tapped", [this](view::GestureRecognizer& sender) {
     tapPlace_ = sender.location(*this);
-    const auto self = shared_from_this();  // the action may remove the view
-    if (action) action();
+    activate();
   });
   addGestureRecognizer(tap);
+}
+
+void Pressable::activate() {
+  const auto self = shared_from_this();  // the action may remove the view
+  if (action) action();
 }
 
 void Pressable::touchesBegan(std::span<const view::Touch>) { pressed_ = true; }
@@ -38,12 +52,29 @@ Button::Button(ButtonLook look, std::string text, double textSize)
   addSubview(label_);
 }
 
+void Button::setLook(ButtonLook look) {
+  look_ = look;
+  label_->setColor(colorOf(look));
+}
+
+double Button::fittingWidth() { return label_->fitting(anyWidth).width + 2 * theme::padding; }
+
+double Button::heightFor(double width) {
+  const double text = label_->fitting(std::max(1.0, width - 2 * side)).height;
+  return std::max(theme::control(), text + 2 * edge);
+}
+
 void Button::draw(view::Canvas& canvas) {
-  label_->setFrame(bounds());
+  const graphics::Size size = bounds().size;
+  const double margin = look_ == ButtonLook::plain ? 0 : side;
+  label_->setFrame({{margin, 0}, {size.width - 2 * margin, size.height}});
   constexpr double radius = 10;
   constexpr graphics::Color shade{0, 0, 0, 0.12F};
   if (look_ == ButtonLook::filled) canvas.fill(bounds(), theme::accent, radius);
-  if (look_ == ButtonLook::tinted) canvas.fill(bounds(), theme::accentTint, radius);
+  if (look_ == ButtonLook::tinted) {
+    canvas.fill(bounds(), theme::border, radius);
+    canvas.fill({{1, 1}, {size.width - 2, size.height - 2}}, theme::accentTint, radius - 1);
+  }
   if (isPressed()) canvas.fill(bounds(), shade, radius);
 }
 

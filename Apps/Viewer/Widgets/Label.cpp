@@ -31,11 +31,7 @@ void Label::setLines(int most) {
   forgetPicture();
 }
 
-void Label::setColor(graphics::Color color) {
-  if (color == style_.color) return;
-  style_.color = color;
-  forgetPicture();
-}
+void Label::setColor(theme::Paint color) { style_.color = color; }
 
 void Label::forgetPicture() {
   pictureWidth_ = -1;
@@ -43,11 +39,13 @@ void Label::forgetPicture() {
 }
 
 const std::shared_ptr<const graphics::Image>& Label::picture(double width, double scale) {
-  if (pictureWidth_ == width && pictureScale_ == scale) return picture_;
+  const graphics::Color color = style_.color;
+  if (pictureLook_ != theme::generation()) forgetPicture();
+  if (pictureWidth_ == width && pictureScale_ == scale && pictureColor_ == color) return picture_;
   graphics::TextStyle style;
-  style.fontSize = style_.size;
+  style.fontSize = theme::withText(style_.size);
   style.bold = style_.bold;
-  style.color = style_.color;
+  style.color = color;
   style.maximumWidth = width;
   style.maximumLines = style_.lines;
   style.wholeLines = true;
@@ -56,6 +54,8 @@ const std::shared_ptr<const graphics::Image>& Label::picture(double width, doubl
   picture_ = width > 0 ? graphics::makeTextImage(text_, style, scale) : nullptr;
   pictureWidth_ = width;
   pictureScale_ = scale;
+  pictureColor_ = color;
+  pictureLook_ = theme::generation();
   return picture_;
 }
 
