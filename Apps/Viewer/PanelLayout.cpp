@@ -21,11 +21,11 @@ constexpr double mostColumnShare = 0.45;
 constexpr double leastColumn = 344;  // for the usual size of text
 constexpr double mostColumn = 440;
 constexpr double mostSheet = 720;
-constexpr double halfShare = 0.5;    // of the window's height
-constexpr double handleTouch = 44;   // height of the handle
-constexpr double fewFloors = 4;      // are visible beside the buttons
-constexpr double inset = 4;          // around floors and buttons in their panels
-constexpr double logoWidth = 88;     // of the map view, at the lower right, with the space around it
+constexpr double halfShare = 0.5;   // of the window's height
+constexpr double handleTouch = 44;  // height of the handle
+constexpr double fewFloors = 4;     // are visible beside the buttons
+constexpr double inset = 4;         // around floors and buttons in their panels
+constexpr double logoWidth = 88;    // of the map view, at the lower right, with the space around it
 constexpr double logoHeight = 36;
 constexpr double compassHeight = 56;  // of the map view, at the upper right
 constexpr double attributionGap = 8;
@@ -135,8 +135,8 @@ class Placing {
     if (!in_.hasAttribution) return;
     const bool isBesideColumn = !hasSheet_ && (showsSheet() || in_.isSearchOpen);
     const double logo = std::max(logoWidth, in_.controlSide + 2 * inset + margin_ + gap);
-    const double left = isBesideColumn ? margin_ + columnWidth() + gap
-                                       : (in_.isRightToLeft ? logo : narrowMargin);
+    const double left =
+        isBesideColumn ? margin_ + columnWidth() + gap : (in_.isRightToLeft ? logo : narrowMargin);
     const double right = window_.width - (in_.isRightToLeft ? narrowMargin : logo);
     const double top = in_.isSearchOpen && hasSheet_ ? window_.height : belowBar();
     const double bottom = std::min(sheetTop(), window_.height - attributionGap);

@@ -20,12 +20,12 @@ enum class SheetStop {
 struct PanelMeasures {
   graphics::Size window;
   bool isRightToLeft = false;
-  double textScale = 1;        ///< see `theme::Look`
-  double controlSide = 44;     ///< see `theme::control`
-  double barHeight = 48;       ///< of the closed search field
-  double wayBackWidth = 0;     ///< of the button before the search field; 0 if there is none
+  double textScale = 1;     ///< see `theme::Look`
+  double controlSide = 44;  ///< see `theme::control`
+  double barHeight = 48;    ///< of the closed search field
+  double wayBackWidth = 0;  ///< of the button before the search field; 0 if there is none
   bool isSearchOpen = false;
-  double sheetHeight = 0;      ///< of the card or the route; 0 if there is neither
+  double sheetHeight = 0;  ///< of the card or the route; 0 if there is neither
   std::size_t floorCount = 0;
   /// The sizes that the column of the map's buttons can have, the best one first. It is hidden if
   /// none fits.
@@ -36,9 +36,9 @@ struct PanelMeasures {
 /// The places of the panels in points of the window. Panels without a place are empty.
 struct PanelPlaces {
   graphics::Rect wayBack;
-  graphics::Rect search;       ///< while the search is open, the room for the field and the list
-  graphics::Rect sheet;        ///< of the card or the route
-  graphics::Rect handle;       ///< of a sheet at the lower edge; a part of it is above the sheet
+  graphics::Rect search;  ///< while the search is open, the room for the field and the list
+  graphics::Rect sheet;   ///< of the card or the route
+  graphics::Rect handle;  ///< of a sheet at the lower edge; a part of it is above the sheet
   graphics::Rect floors;
   graphics::Rect buttons;
   graphics::Rect attribution;  ///< the room for it; it is placed at the lower end of the line

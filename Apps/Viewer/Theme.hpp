@@ -62,9 +62,9 @@ class Tone {
 /// A color of the current look or a fixed one. Unlike `Color`, a stored tone follows the look.
 class Paint {
  public:
-  Paint(Tone tone) : tone_(tone) {}                   // NOLINT(google-explicit-constructor)
-  Paint(const Color& color) : color_(color) {}        // NOLINT(google-explicit-constructor)
-  operator Color() const {                            // NOLINT(google-explicit-constructor)
+  Paint(Tone tone) : tone_(tone) {}             // NOLINT(google-explicit-constructor)
+  Paint(const Color& color) : color_(color) {}  // NOLINT(google-explicit-constructor)
+  operator Color() const {                      // NOLINT(google-explicit-constructor)
     return tone_ ? static_cast<Color>(*tone_) : color_;
   }
 

@@ -200,9 +200,9 @@ void VenuePanels::placeAttribution(const graphics::Rect& room) {
 
 void VenuePanels::placeHelp() {
   const graphics::Size box = help->arrange(size_);
-  help->setFrame({{(size_.width - box.width) / 2,
-                   std::max(leastMargin, (size_.height - box.height) / 2)},
-                  box});
+  help->setFrame(
+      {{(size_.width - box.width) / 2, std::max(leastMargin, (size_.height - box.height) / 2)},
+       box});
 }
 
 }  // namespace orivanta::viewer

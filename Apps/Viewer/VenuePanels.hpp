@@ -94,8 +94,8 @@ class VenuePanels {
   Contents contents_;
   Insets insets_;
   SheetStop stop_ = SheetStop::half;
-  double contentsHeight_ = 0;          // of the card or the route, as it was last arranged
-  std::optional<double> dragStart_;    // that height when a drag of the handle began
+  double contentsHeight_ = 0;            // of the card or the route, as it was last arranged
+  std::optional<double> dragStart_;      // that height when a drag of the handle began
   std::optional<double> draggedHeight_;  // during the drag
 };
 

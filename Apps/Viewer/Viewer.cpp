@@ -62,8 +62,8 @@ Viewer::Viewer(ViewerOptions options)
       fingers_(root_),
       pointer_(*this) {
   applyLook();
-  for (const std::shared_ptr<view::View>& part :
-       std::initializer_list<std::shared_ptr<view::View>>{veil_, venueList_, message_, note_, ring_})
+  for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
+           veil_, venueList_, message_, note_, ring_})
     root_->addSubview(part);
   venueList_->setHidden(true);
   message_->setHidden(true);
@@ -110,9 +110,9 @@ void Viewer::arrangeNote() {
   const double belowSearch = SearchPanel::barHeight() + 28;
   const graphics::Size note = note_->arrange(size_);
   const double lowest = size_.height - note.height - theme::margin;
-  note_->setFrame({{std::round((size_.width - note.width) / 2),
-                    hasBottomSheet(size_) ? belowSearch : lowest},
-                   note});
+  note_->setFrame(
+      {{std::round((size_.width - note.width) / 2), hasBottomSheet(size_) ? belowSearch : lowest},
+       note});
 }
 
 // --- What people do

@@ -10,8 +10,8 @@ namespace orivanta::viewer {
 namespace {
 
 constexpr double textSize = 11;  // points
-constexpr double side = 7;  // beside the text
-constexpr double edge = 5;  // above and below a single line, together
+constexpr double side = 7;       // beside the text
+constexpr double edge = 5;       // above and below a single line, together
 constexpr double mostWidth = 640;
 constexpr float paperAlpha = 0.88F;
 

@@ -23,7 +23,6 @@ class AttributionLine : public Pressable {
   graphics::Size arrange(graphics::Size room);
   void draw(view::Canvas& canvas) override;
 
-
  private:
   std::shared_ptr<Label> text_;
   bool isOpen_ = false;

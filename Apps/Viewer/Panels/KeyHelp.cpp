@@ -46,7 +46,7 @@ std::string keysOf(const Meaning& line, const guidance::InterfaceTexts& texts) {
 
 constexpr double edge = 6;  // points above a line, and below it
 constexpr double mostWidth = 540;
-constexpr double gap = 20;  // between the keys and their meanings
+constexpr double gap = 20;              // between the keys and their meanings
 constexpr double mostKeysShare = 0.45;  // of the width
 
 }  // namespace

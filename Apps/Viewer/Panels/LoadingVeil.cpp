@@ -30,8 +30,8 @@ std::shared_ptr<const graphics::Image> logoImage() {
 LoadingVeil::LoadingVeil(const guidance::InterfaceTexts& texts)
     : logo_(std::make_shared<view::ImageView>(logoImage())),
       wheel_(std::make_shared<view::ActivityIndicatorView>()),
-      title_(std::make_shared<Label>(
-          LabelStyle{.size = theme::titleSize, .bold = true, .alignment = Alignment::center, .lines = 0})),
+      title_(std::make_shared<Label>(LabelStyle{
+          .size = theme::titleSize, .bold = true, .alignment = Alignment::center, .lines = 0})),
       text_(std::make_shared<Label>(
           LabelStyle{.color = theme::faint, .alignment = Alignment::center, .lines = 0})),
       back_(std::make_shared<Button>(ButtonLook::tinted, texts.text("interface.venues.all"))) {

@@ -18,7 +18,8 @@ Note::Note() : text_(std::make_shared<Label>(LabelStyle{.lines = 0})) {
 
 graphics::Size Note::arrange(graphics::Size room) {
   constexpr double padding = theme::padding;
-  const double most = std::min(theme::withText(mostWidth), room.width - 2 * theme::margin) - 2 * padding;
+  const double most =
+      std::min(theme::withText(mostWidth), room.width - 2 * theme::margin) - 2 * padding;
   const graphics::Size text = text_->fitting(most);
   text_->setFrame({{padding, border}, {text.width, text.height}});
   return {text.width + 2 * padding, text.height + 2 * border};

@@ -11,7 +11,7 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double gap = 8;  // points
+constexpr double gap = 8;                // points
 constexpr double mostRemarkShare = 0.5;  // of the width beside the summary
 
 Icon playIcon() {

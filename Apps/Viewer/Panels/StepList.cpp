@@ -14,7 +14,7 @@ namespace {
 
 constexpr double tileSide = 34;  // points; behind the icon
 constexpr double iconSide = 22;
-constexpr double tileGap = 12;  // between the tile and the text
+constexpr double tileGap = 12;    // between the tile and the text
 constexpr double textMargin = 9;  // above the text, and below it
 constexpr double leastHeight = 48;
 

@@ -42,10 +42,11 @@ StopLines::StopLines(const guidance::InterfaceTexts& texts)
 StopLines::~StopLines() = default;
 
 void StopLines::add(const std::optional<std::string>& name, const char* wishKey) {
-  Line line{std::make_shared<Pressable>(),
-            std::make_shared<Label>(LabelStyle{.color = name ? theme::ink : theme::faint, .lines = 0},
-                                    name ? *name : texts_.text(wishKey)),
-            nullptr, nullptr};
+  Line line{
+      std::make_shared<Pressable>(),
+      std::make_shared<Label>(LabelStyle{.color = name ? theme::ink : theme::faint, .lines = 0},
+                              name ? *name : texts_.text(wishKey)),
+      nullptr, nullptr};
   line.area->addSubview(line.name);
   addSubview(line.area);
   lines_.push_back(std::move(line));
@@ -119,7 +120,8 @@ void StopLines::draw(view::Canvas& canvas) {
     const double middle = middleOf(line);
     const bool isLast = i + 1 == lines_.size();
     const theme::Tone color = i == 0 ? theme::start : (isLast ? theme::end : theme::stop);
-    const double side = line.number ? std::min(theme::withText(numberSide), mostNumberSide) : dotSide;
+    const double side =
+        line.number ? std::min(theme::withText(numberSide), mostNumberSide) : dotSide;
     fill({{dotMiddle - side / 2, middle - side / 2}, {side, side}}, color, side / 2);
     if (!isLast)
       fill({{nameLeft, line.top + line.height}, {width - nameLeft - theme::control() - 10, 1}},

@@ -32,7 +32,8 @@ bool isVisible(const view::View& view) {
 }
 
 bool isControl(const view::View& view) {
-  if (const auto* list = dynamic_cast<const List*>(&view)) return list->takesFocus() && list->size() > 0;
+  if (const auto* list = dynamic_cast<const List*>(&view))
+    return list->takesFocus() && list->size() > 0;
   const auto* pressable = dynamic_cast<const Pressable*>(&view);
   return pressable != nullptr && pressable->action != nullptr;
 }
@@ -52,8 +53,8 @@ void sortForReading(std::vector<Stop>& stops, bool rightToLeft) {
   });
   for (auto line = stops.begin(); line != stops.end();) {
     const double bottom = line->place.maxY();
-    const auto end = std::find_if(
-        line, stops.end(), [&](const Stop& stop) { return stop.place.midY() >= bottom; });
+    const auto end = std::find_if(line, stops.end(),
+                                  [&](const Stop& stop) { return stop.place.midY() >= bottom; });
     const auto next = end == line ? line + 1 : end;
     std::stable_sort(line, next, [&](const Stop& one, const Stop& other) {
       return rightToLeft ? one.place.maxX() > other.place.maxX()

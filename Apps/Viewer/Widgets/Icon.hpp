@@ -4,10 +4,10 @@
 #include <memory>
 #include <vector>
 
+#include "Apps/Viewer/Theme.hpp"
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Image.hpp"
-#include "Apps/Viewer/Theme.hpp"
 #include "Platform/View/View.hpp"
 
 namespace orivanta::viewer {

@@ -1,10 +1,10 @@
 #include "Apps/Viewer/Widgets/Label.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "Apps/Viewer/Widgets/Direction.hpp"
-#include "Platform/Graphics/Text.hpp"
 #include "Platform/View/Canvas.hpp"
 
 namespace orivanta::viewer {
@@ -38,20 +38,34 @@ void Label::forgetPicture() {
   fittingRoom_ = -1;
 }
 
-const std::shared_ptr<const graphics::Image>& Label::picture(double width, double scale) {
-  const graphics::Color color = style_.color;
-  if (pictureLook_ != theme::generation()) forgetPicture();
-  if (pictureWidth_ == width && pictureScale_ == scale && pictureColor_ == color) return picture_;
+graphics::TextStyle Label::textStyle(double width) const {
   graphics::TextStyle style;
   style.fontSize = theme::withText(style_.size);
   style.bold = style_.bold;
-  style.color = color;
+  style.color = style_.color;
   style.maximumWidth = width;
   style.maximumLines = style_.lines;
   style.wholeLines = true;
   style.alignment = style_.alignment == Alignment::center ? graphics::TextAlignment::center
                                                           : graphics::TextAlignment::leading;
-  picture_ = width > 0 ? graphics::makeTextImage(text_, style, scale) : nullptr;
+  return style;
+}
+
+bool Label::isCut() const {
+  const graphics::Size room = bounds().size;
+  graphics::TextStyle style = textStyle(room.width);
+  const graphics::Size shown = graphics::measureText(text_, style);
+  style.maximumLines = 0;
+  const graphics::Size whole = graphics::measureText(text_, style);
+  return whole.height > std::max(shown.height, 1.0) + 1 || whole.height > room.height + 1 ||
+         whole.width > room.width + 1;
+}
+
+const std::shared_ptr<const graphics::Image>& Label::picture(double width, double scale) {
+  const graphics::Color color = style_.color;
+  if (pictureLook_ != theme::generation()) forgetPicture();
+  if (pictureWidth_ == width && pictureScale_ == scale && pictureColor_ == color) return picture_;
+  picture_ = width > 0 ? graphics::makeTextImage(text_, textStyle(width), scale) : nullptr;
   pictureWidth_ = width;
   pictureScale_ = scale;
   pictureColor_ = color;

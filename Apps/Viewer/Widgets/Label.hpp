@@ -6,6 +6,7 @@
 
 #include "Apps/Viewer/Theme.hpp"
 #include "Platform/Graphics/Image.hpp"
+#include "Platform/Graphics/Text.hpp"
 #include "Platform/View/View.hpp"
 
 namespace orivanta::viewer {
@@ -36,9 +37,14 @@ class Label : public view::View {
   /// Returns the size of the text if its width is limited to `width`.
   graphics::Size fitting(double width);
 
+  /// Returns whether a part of the text is not visible because the frame is too small or because
+  /// the text has too many lines.
+  bool isCut() const;
+
   void draw(view::Canvas& canvas) override;
 
  private:
+  graphics::TextStyle textStyle(double width) const;
   void forgetPicture();
   const std::shared_ptr<const graphics::Image>& picture(double width, double scale);
 
@@ -49,8 +55,8 @@ class Label : public view::View {
   double pictureScale_ = 1;
   graphics::Color pictureColor_;
   unsigned pictureLook_ = 0;  // see `theme::generation`
-  double fittingRoom_ = -1;  // the latest argument of `fitting`; below 0 if it is outdated
-  double fittingWidth_ = 0;  // the width that it returned
+  double fittingRoom_ = -1;   // the latest argument of `fitting`; below 0 if it is outdated
+  double fittingWidth_ = 0;   // the width that it returned
 };
 
 }  // namespace orivanta::viewer

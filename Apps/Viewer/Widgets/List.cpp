@@ -13,7 +13,7 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double edge = 8;            // points above the texts of a row, and below them
+constexpr double edge = 8;             // points above the texts of a row, and below them
 constexpr double trailingShare = 0.4;  // of a row's width, at most
 constexpr double dotSide = 10;
 constexpr double dotWidth = 22;  // with the space after it
@@ -58,8 +58,7 @@ double Row::heightFor(double width) {
   const Columns columns = columnsFor(width);
   double texts = title_->fitting(columns.width).height;
   if (!detail_->text().empty()) texts += detail_->fitting(columns.width).height;
-  if (columns.trailing > 0)
-    texts = std::max(texts, trailing_->fitting(columns.trailing).height);
+  if (columns.trailing > 0) texts = std::max(texts, trailing_->fitting(columns.trailing).height);
   return std::max(height_, texts + 2 * edge);
 }
 
@@ -70,17 +69,17 @@ void Row::draw(view::Canvas& canvas) {
                 marked_ ? theme::accentTint : theme::pressed, 8);
   if (title_->text().empty()) return;
   if (dot_)
-    canvas.fill(directed(*this, {{theme::padding, (size.height - dotSide) / 2}, {dotSide, dotSide}}),
-                *dot_, dotSide / 2);
+    canvas.fill(
+        directed(*this, {{theme::padding, (size.height - dotSide) / 2}, {dotSide, dotSide}}), *dot_,
+        dotSide / 2);
   const Columns columns = columnsFor(size.width);
   const double title = title_->fitting(columns.width).height;
-  const double detail =
-      detail_->text().empty() ? 0 : detail_->fitting(columns.width).height;
+  const double detail = detail_->text().empty() ? 0 : detail_->fitting(columns.width).height;
   const double top = (size.height - title - detail) / 2;
   title_->setFrame({{columns.left, top}, {columns.width, title}});
   detail_->setFrame({{columns.left, top + title}, {columns.width, detail}});
-  trailing_->setFrame({{size.width - theme::padding - columns.trailing, 0},
-                       {columns.trailing, size.height}});
+  trailing_->setFrame(
+      {{size.width - theme::padding - columns.trailing, 0}, {columns.trailing, size.height}});
   for (const auto& label : {title_, detail_, trailing_})
     label->setFrame(directed(*this, label->frame()));
 }
@@ -258,8 +257,7 @@ void List::arrange() {
   for (; last < ends_.size() && topOf(last) < bottom; ++last) {
     if (size.width > 0) measure(last, size.width);
     rowAt(last).setHidden(false);
-    rowAt(last).setFrame(
-        {{0, topOf(last) - offset_}, {size.width, ends_[last] - topOf(last)}});
+    rowAt(last).setFrame({{0, topOf(last) - offset_}, {size.width, ends_[last] - topOf(last)}});
   }
   drop(0, first);
   drop(last, ends_.size());

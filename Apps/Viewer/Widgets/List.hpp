@@ -16,10 +16,10 @@ namespace orivanta::viewer {
 /// The texts of a row.
 struct RowText {
   std::string title;
-  std::string detail;                                 ///< below the title; may be empty
-  std::string trailing;                               ///< at the end of the line; may be empty
-  std::optional<theme::Paint> dot = std::nullopt;     ///< before the title
-  double indent = 0;                                  ///< points left free before the title
+  std::string detail;                              ///< below the title; may be empty
+  std::string trailing;                            ///< at the end of the line; may be empty
+  std::optional<theme::Paint> dot = std::nullopt;  ///< before the title
+  double indent = 0;                               ///< points left free before the title
 };
 
 class Row : public Pressable {

@@ -11,8 +11,8 @@ namespace {
 
 constexpr double radius = 9;  // points
 constexpr double inset = 2;
-constexpr double edge = 8;   // above a title, and below it
-constexpr double side = 8;   // beside a title
+constexpr double edge = 8;  // above a title, and below it
+constexpr double side = 8;  // beside a title
 constexpr double anyWidth = 10'000;
 
 }  // namespace
@@ -63,8 +63,7 @@ double Segments::arrangeRow(std::size_t first, std::size_t count, double width, 
   std::vector<double> widths;
   double whole = 0;
   for (std::size_t i = first; i < first + count; ++i) {
-    widths.push_back(
-        std::max(labels_[i]->fitting(anyWidth).width + 2 * side, theme::control()));
+    widths.push_back(std::max(labels_[i]->fitting(anyWidth).width + 2 * side, theme::control()));
     whole += widths.back();
   }
   double height = theme::control();

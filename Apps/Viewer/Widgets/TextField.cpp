@@ -192,8 +192,7 @@ void TextField::draw(view::Canvas& canvas) {
   const double x = isEmpty ? start : left + line_->distance(caret_ + composition_.size()) - scroll_;
   const double caretLeft = std::max(0.0, std::min(std::round(x) - 1, size.width - caretWidth));
   const double height = std::min(theme::withText(caretHeight), size.height);
-  canvas.fill({{caretLeft, (size.height - height) / 2}, {caretWidth, height}},
-              theme::accent, 1);
+  canvas.fill({{caretLeft, (size.height - height) / 2}, {caretWidth, height}}, theme::accent, 1);
 }
 
 }  // namespace orivanta::viewer
