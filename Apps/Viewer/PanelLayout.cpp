@@ -29,6 +29,7 @@ constexpr double logoWidth = 88;    // of the map view, at the lower right, with
 constexpr double logoHeight = 36;
 constexpr double compassHeight = 56;  // of the map view, at the upper right
 constexpr double attributionGap = 8;
+constexpr double leastFree = 40;    // height of the map that counts as not covered
 constexpr double largeSide = 1440;  // shorter side of windows that are larger than usual
 constexpr double mostGrowth = 1.6;
 
@@ -42,7 +43,7 @@ class Placing {
 
   SheetRoom roomFor(SheetStop stop) const {
     if (!hasSheet_) return {columnWidth(), window_.height - belowBar() - lowerMargin()};
-    const double whole = window_.height - belowBar() - handleStrip;
+    const double whole = window_.height - belowBar() - handleTouch;
     const double half = std::min(whole, window_.height * halfShare - handleStrip);
     const double most = stop == SheetStop::full ? whole : stop == SheetStop::half ? half : 0;
     return {std::min(window_.width, mostSheet * in_.textScale), most};
@@ -134,10 +135,11 @@ class Placing {
   void placeAttribution() {
     if (!in_.hasAttribution) return;
     const bool isBesideColumn = !hasSheet_ && (showsSheet() || in_.isSearchOpen);
-    const double logo = std::max(logoWidth, in_.controlSide + 2 * inset + margin_ + gap);
-    const double left =
-        isBesideColumn ? margin_ + columnWidth() + gap : (in_.isRightToLeft ? logo : narrowMargin);
-    const double right = window_.width - (in_.isRightToLeft ? narrowMargin : logo);
+    // The logo is on the right even if the panels are mirrored, which comes later.
+    const double floors = in_.controlSide + 2 * inset + margin_ + gap;
+    const double start = in_.isRightToLeft ? logoWidth : narrowMargin;
+    const double left = isBesideColumn ? std::max(margin_ + columnWidth() + gap, start) : start;
+    const double right = window_.width - (in_.isRightToLeft ? floors : std::max(logoWidth, floors));
     const double top = in_.isSearchOpen && hasSheet_ ? window_.height : belowBar();
     const double bottom = std::min(sheetTop(), window_.height - attributionGap);
     if (bottom - top < 2 * in_.controlSide || right <= left) return;
@@ -150,9 +152,9 @@ class Placing {
     Insets edges{8, 8, side, 8};
     if (hasSheet_ || !showsSheet()) edges.top = belowBar() + 8;
     if (!hasSheet_ && showsSheet()) edges.left = margin_ + columnWidth() + gap;
-    if (hasSheet_ && showsSheet())
-      edges.bottom = std::min(window_.height - sheetTop() + gap, window_.height - edges.top - gap);
+    if (hasSheet_ && showsSheet()) edges.bottom = window_.height - sheetTop() + gap;
     if (in_.hasAttribution) edges.bottom += attributionGap + gap;
+    edges.bottom = std::min(edges.bottom, window_.height - edges.top - leastFree);
     return edges;
   }
 

@@ -62,7 +62,9 @@ SearchPanel::SearchPanel(const Venue& venue, const guidance::InterfaceTexts& tex
       search_(SearchWorker(*venue.locations), [this](const auto& groups) { show(groups); }),
       field_(std::make_shared<TextField>(texts.text("interface.search"))),
       sign_(std::make_shared<Label>(
-          LabelStyle{.size = 28, .color = theme::faint, .alignment = Alignment::center}, "\u2315")),
+          LabelStyle{
+              .size = 28, .color = theme::faint, .alignment = Alignment::center, .isSign = true},
+          "\u2315")),
       clear_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
       nothing_(std::make_shared<Label>(LabelStyle{.color = theme::faint},
                                        texts.text("interface.search.nothing"))),

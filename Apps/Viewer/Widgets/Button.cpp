@@ -1,6 +1,7 @@
 #include "Apps/Viewer/Widgets/Button.hpp"
 
 #include <algorithm>
+#include <cctype>
 #include <utility>
 
 #include "Platform/View/Canvas.hpp"
@@ -18,8 +19,16 @@ theme::Paint colorOf(ButtonLook look) {
   return look == ButtonLook::filled ? theme::paper : theme::accent;
 }
 
-LabelStyle buttonStyle(ButtonLook look, double size) {
+// Returns whether a text is one character of the symbols, arrows or punctuation.
+bool isSign(const std::string& text) {
+  const auto first = static_cast<unsigned char>(text.empty() ? 'a' : text.front());
+  if (first < 0x80) return text.size() == 1 && std::isalnum(first) == 0;
+  return first >= 0xE2 && text.size() <= 3;
+}
+
+LabelStyle buttonStyle(ButtonLook look, double size, const std::string& text) {
   LabelStyle style;
+  style.isSign = isSign(text);
   style.size = size;
   style.bold = look != ButtonLook::plain;
   style.alignment = Alignment::center;
@@ -47,8 +56,8 @@ void Pressable::activate() {
 void Pressable::touchesBegan(std::span<const view::Touch>) { pressed_ = true; }
 void Pressable::touchesEnded(std::span<const view::Touch>) { pressed_ = false; }
 
-Button::Button(ButtonLook look, std::string text, double textSize)
-    : look_(look), label_(std::make_shared<Label>(buttonStyle(look, textSize), std::move(text))) {
+Button::Button(ButtonLook look, const std::string& text, double textSize)
+    : look_(look), label_(std::make_shared<Label>(buttonStyle(look, textSize, text), text)) {
   addSubview(label_);
 }
 

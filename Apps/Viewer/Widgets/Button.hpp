@@ -54,7 +54,7 @@ enum class ButtonLook {
 /// A text or a symbol, centered. A text that is wider than the button is wrapped.
 class Button : public Pressable {
  public:
-  Button(ButtonLook look, std::string text, double textSize = theme::textSize);
+  Button(ButtonLook look, const std::string& text, double textSize = theme::textSize);
 
   void setText(std::string text) { label_->setText(std::move(text)); }
   void setLook(ButtonLook look);

@@ -40,7 +40,8 @@ void Label::forgetPicture() {
 
 graphics::TextStyle Label::textStyle(double width) const {
   graphics::TextStyle style;
-  style.fontSize = theme::withText(style_.size);
+  style.fontSize = style_.isSign ? style_.size * theme::control() / theme::controlSize
+                                 : theme::withText(style_.size);
   style.bold = style_.bold;
   style.color = style_.color;
   style.maximumWidth = width;
@@ -52,6 +53,7 @@ graphics::TextStyle Label::textStyle(double width) const {
 }
 
 bool Label::isCut() const {
+  if (text_.empty() || style_.isSign) return false;
   const graphics::Size room = bounds().size;
   graphics::TextStyle style = textStyle(room.width);
   const graphics::Size shown = graphics::measureText(text_, style);

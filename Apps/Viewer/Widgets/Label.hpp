@@ -19,7 +19,8 @@ struct LabelStyle {
   bool bold = false;
   theme::Paint color = theme::ink;
   Alignment alignment = Alignment::leading;
-  int lines = 1;  ///< at most; 0 for no limit
+  int lines = 1;        ///< at most; 0 for no limit
+  bool isSign = false;  ///< a symbol, which grows like controls do and not like text
 };
 
 /// Centers the text vertically. Text that does not fit ends in an ellipsis. Supports all scripts.

@@ -74,8 +74,8 @@ TEST(PanelLayout, PanelsAreInsideTheWindowAndDoNotOverlap) {
         EXPECT_FALSE(overlap(rects[i], rects[j])) << name << ": " << i << " and " << j;
     }
     EXPECT_GE(places.search.size.width, 2 * in.controlSide) << name;
-    if (places.floors.size.width > 0)
-      EXPECT_GE(places.floors.size.height, theme::controlSize) << name;
+    EXPECT_TRUE(places.floors.size.width == 0 || places.floors.size.height >= theme::controlSize)
+        << name;
     EXPECT_LT(places.free.top + places.free.bottom, in.window.height) << name;
     EXPECT_LT(places.free.left + places.free.right, in.window.width) << name;
   });
