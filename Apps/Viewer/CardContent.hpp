@@ -14,17 +14,17 @@ namespace orivanta::viewer {
 
 /// The texts of a card, ready to be shown. Empty texts are not shown.
 struct CardContent {
-  std::string title;                  ///< the name, or the kind of a connector without a sign
-  std::string detail;                 ///< the categories or the kind, and the floors
+  std::string title{};                ///< the name, or the kind of a connector without a sign
+  std::string detail{};               ///< the categories or the kind, and the floors
   PlaceKind kind = PlaceKind::other;  ///< for the icon
-  std::string state;                  ///< such as "Open until 20:00" or "Out of order"
+  std::string state{};                ///< such as "Open until 20:00" or "Out of order"
   bool isClosed = false;              ///< whether it cannot be used now
   bool isOutOfOrder = false;          ///< whether it is among the closures
-  std::vector<DayHours> week;         ///< from today on; empty if the hours are not known
-  std::string hours;                  ///< opening hours that cannot be read, as the record has them
-  std::string phone;                  ///< the number
-  std::string website;                ///< the address without the scheme
-  std::string description;            ///< for visitors
+  std::vector<DayHours> week{};       ///< from today on; empty if the hours are not known
+  std::string hours{};                ///< opening hours that cannot be read, as the record has them
+  std::string phone{};                ///< the number
+  std::string website{};              ///< the address without the scheme
+  std::string description{};          ///< for visitors
 };
 
 /// What the content of a card depends on, besides the place. Refers to the arguments.
