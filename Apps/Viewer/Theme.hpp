@@ -22,6 +22,7 @@ struct Colors {
   Color paper;       ///< of panels, and texts and symbols on filled controls and marks
   Color backdrop;    ///< behind the map and the panels
   Color warning;     ///< text about problems
+  Color positive;    ///< text about what is open
   Color start;       ///< mark of the start of a route
   Color end;         ///< mark of its end
   Color stop;        ///< mark of a stop in between
@@ -83,6 +84,7 @@ inline constexpr Tone pressed{&Colors::pressed};
 inline constexpr Tone paper{&Colors::paper};
 inline constexpr Tone backdrop{&Colors::backdrop};
 inline constexpr Tone warning{&Colors::warning};
+inline constexpr Tone positive{&Colors::positive};
 inline constexpr Tone start{&Colors::start};
 inline constexpr Tone end{&Colors::end};
 inline constexpr Tone stop{&Colors::stop};
