@@ -21,6 +21,10 @@ using Sections = std::vector<ChoiceSection>;
 
 constexpr std::size_t foldedRows = 3;  // of tiles
 
+Icon listSign() { return {{{{7, 8}, {17, 8}}, {{7, 12}, {17, 12}}, {{7, 16}, {17, 16}}}, 2}; }
+
+Icon dotsSign() { return {{{{7, 12}, {7, 12}}, {{12, 12}, {12, 12}}, {{17, 12}, {17, 12}}}, 3}; }
+
 std::string categoryOf(const Location& place) {
   if (place.categories.empty()) return {};
   return foundation::label(place.categories.front()->name.value_or(""));
@@ -79,22 +83,21 @@ void BrowsePages::addNearest(Sections& sections, const std::vector<NearestChoice
 
 ChoiceSection BrowsePages::tiles(bool showsAll) {
   ChoiceSection section{Look::tallTiles};
-  const auto add = [&](std::string title, std::string detail, PlaceKind kind, Page page) {
-    section.choices.push_back({.title = std::move(title),
-                               .detail = std::move(detail),
-                               .kind = kind,
-                               .action = [this, page] { actions_.turn(page); }});
+  const auto add = [&](std::string title, std::size_t count, Page page) -> Choice& {
+    return section.choices.emplace_back(Choice{.title = std::move(title),
+                                               .detail = count > 0 ? fmt::to_string(count) : "",
+                                               .action = [this, page] { actions_.turn(page); }});
   };
   const auto& groups = catalog().groups();
   for (std::size_t i = 0; i < groups.size(); ++i)
     if (groups[i].kind != PlaceKind::other)
-      add(texts_.text(groups[i].nameKey), fmt::to_string(groups[i].places.size()), groups[i].kind,
-          {Show::group, i, showsAll});
-  add(texts_.text("interface.browse.all"), fmt::to_string(catalog().size()), PlaceKind::other,
-      {Show::all, 0, showsAll});
+      add(texts_.text(groups[i].nameKey), groups[i].places.size(), {Show::group, i, showsAll})
+          .kind = groups[i].kind;
+  add(texts_.text("interface.browse.all"), catalog().size(), {Show::all, 0, showsAll}).sign =
+      listSign();
   if (showsAll) return section;
   section.foldedRows = foldedRows;
-  add(texts_.text("interface.browse.more"), "", PlaceKind::other, {Show::start, 0, true});
+  add(texts_.text("interface.browse.more"), 0, {Show::start, 0, true}).sign = dotsSign();
   return section;
 }
 

@@ -119,8 +119,9 @@ std::shared_ptr<Row> ChoiceList::makeTiles(const Line& line) {
   TileRow::Tiles tiles;
   tiles.reserve(line.choices.size());
   for (const Choice* choice : line.choices) {
-    auto tile =
-        std::make_shared<Tile>(lookOf(*line.section), choice->kind, choice->title, choice->detail);
+    auto tile = std::make_shared<Tile>(
+        lookOf(*line.section),
+        TileContent{choice->title, choice->detail, choice->kind, choice->sign});
     tile->action = [this, copy = *choice] { choose(copy); };
     tiles.push_back(std::move(tile));
   }

@@ -21,6 +21,7 @@ struct Choice {
   std::string detail{};                    ///< below the title; may be empty
   std::string trailing{};                  ///< at the end of a row; not in tiles
   PlaceKind kind = PlaceKind::other;       ///< for the icon
+  Icon sign{};                             ///< shown instead in a tile, if it has strokes
   std::shared_ptr<Location> place{};       ///< null for other choices
   std::function<void()> action = nullptr;  ///< null for a place
 };

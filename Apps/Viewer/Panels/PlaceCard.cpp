@@ -67,7 +67,7 @@ void PlaceCard::update(const CardContent& content) {
   name_->setText(content.title);
   kind_->setText(content.detail);
   state_->setText(content.state);
-  state_->setColor(content.isClosed ? theme::warning : theme::positive);
+  state_->setColor(content.isClosed ? theme::warning : theme::accent);
   week_->show(content.week, content.hours);
   const auto line = [this](const char* key, const std::string& value) {
     return value.empty() ? "" : texts_.text(key, {{"value", value}});
@@ -87,7 +87,8 @@ void PlaceCard::setNearest(const std::vector<NearestChoice>& choices) {
   nearest_.clear();
   nearest_.reserve(choices.size());
   for (const NearestChoice& choice : choices) {
-    nearest_.push_back(std::make_shared<Tile>(TileLook::flat, choice.kind, choice.title, ""));
+    nearest_.push_back(std::make_shared<Tile>(
+        TileLook::flat, TileContent{.title = choice.title, .kind = choice.kind}));
     nearest_.back()->action = [this, index = nearest_.size() - 1] {
       if (nearestChosen) nearestChosen(index);
     };

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Apps/Viewer/Panels/KindIconView.hpp"
+#include "Apps/Viewer/Widgets/Icon.hpp"
 #include "Apps/Viewer/Widgets/List.hpp"
 
 namespace orivanta::viewer {
@@ -18,23 +19,40 @@ enum class TileLook {
   flat   ///< the icon before the title; no detail
 };
 
+/// What a tile shows.
+struct TileContent {
+  std::string title{};
+  std::string detail{};               ///< below the title; may be empty
+  PlaceKind kind = PlaceKind::other;  ///< whose icon is shown, unless there is a sign
+  Icon sign{};                        ///< without strokes if there is none
+};
+
 /// An icon with a title that can be tapped.
 class Tile : public Pressable {
  public:
-  Tile(TileLook look, PlaceKind kind, const std::string& title, const std::string& detail);
+  Tile(TileLook look, const TileContent& content);
 
   const std::string& title() const { return title_->text(); }
+
+  /// Returns the height that the title needs in a tile of this width.
+  double titleHeight(double width);
+
+  /// Sets the height for the title, so that the icons of a row are in one line. Not for flat tiles.
+  void setTitleHeight(double points) { titleHeight_ = points; }
   void setMarked(bool marked) { marked_ = marked; }
   void draw(view::Canvas& canvas) override;
 
  private:
-  void arrangeTall();
-  void arrangeFlat();
+  void arrangeTall(view::Canvas& canvas);
+  void arrangeFlat(view::Canvas& canvas);
+  void placePicture(view::Canvas& canvas, const graphics::Rect& frame);
 
   const TileLook look_;
-  std::shared_ptr<KindIconView> icon_;
+  std::shared_ptr<view::View> picture_;
+  const bool isSign_;
   std::shared_ptr<Label> title_;
   std::shared_ptr<Label> detail_;
+  double titleHeight_ = 0;
   bool marked_ = false;
 };
 
