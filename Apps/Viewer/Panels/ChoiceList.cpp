@@ -25,8 +25,9 @@ void ChoiceList::setSections(std::vector<ChoiceSection> sections) {
 }
 
 void ChoiceList::layOut(double width) {
-  if (width == width_) return;
+  if (width == width_ && textScale_ == theme::look().textScale) return;
   width_ = width;
+  textScale_ = theme::look().textScale;
   lines_.clear();
   for (const ChoiceSection& section : sections_) switch (section.look) {
       case Look::heading:

@@ -89,6 +89,7 @@ class ChoiceList : public List {
   std::vector<ChoiceSection> sections_;
   std::vector<Line> lines_;
   double width_ = -1;
+  double textScale_ = 1;
   std::shared_ptr<std::size_t> column_ = std::make_shared<std::size_t>(0);  // of the mark
 };
 

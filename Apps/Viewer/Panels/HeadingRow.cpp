@@ -1,5 +1,7 @@
 #include "Apps/Viewer/Panels/HeadingRow.hpp"
 
+#include <algorithm>
+
 #include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/View/Canvas.hpp"
 
@@ -9,18 +11,20 @@ namespace {
 
 constexpr double arrowWidth = 22;  // points
 constexpr double groupTop = 8;
-constexpr double mostTrailing = 160;
+constexpr double mostTrailingShare = 0.4;  // of the width
+constexpr double edge = 6;                 // above a title, and below it
 
 LabelStyle titleStyle(HeadingLook look) {
-  if (look == HeadingLook::back) return {.size = theme::textSize, .bold = true};
-  return {.size = theme::smallSize, .bold = true, .color = theme::accent};
+  if (look == HeadingLook::back) return {.size = theme::textSize, .bold = true, .lines = 0};
+  return {.size = theme::smallSize, .bold = true, .color = theme::accent, .lines = 0};
 }
 
 LabelStyle trailingStyle(HeadingLook look) {
   const bool isBack = look == HeadingLook::back;
   return {.size = theme::smallSize,
           .color = isBack ? theme::faint : theme::accent,
-          .alignment = Alignment::trailing};
+          .alignment = Alignment::trailing,
+          .lines = 0};
 }
 
 }  // namespace
@@ -28,10 +32,29 @@ LabelStyle trailingStyle(HeadingLook look) {
 HeadingRow::HeadingRow(HeadingLook look, const std::string& title, const std::string& trailing)
     : Row(look == HeadingLook::back ? backHeight : headingHeight),
       look_(look),
-      arrow_(std::make_shared<Label>(LabelStyle{.size = 24, .color = theme::accent})),
+      arrow_(
+          std::make_shared<Label>(LabelStyle{.size = 24, .color = theme::accent, .isSign = true})),
       title_(std::make_shared<Label>(titleStyle(look), title)),
       trailing_(std::make_shared<Label>(trailingStyle(look), trailing)) {
   for (const auto& label : {arrow_, title_, trailing_}) addSubview(label);
+}
+
+double HeadingRow::trailingWidth(double width) {
+  if (trailing_->text().empty()) return 0;
+  return trailing_->fitting(mostTrailingShare * width).width + 10;
+}
+
+double HeadingRow::titleWidth(double width) {
+  const double arrow = look_ == HeadingLook::back ? arrowWidth : 0;
+  return std::max(1.0, width - 2 * theme::padding - arrow - trailingWidth(width));
+}
+
+double HeadingRow::heightFor(double width) {
+  const bool isBack = look_ == HeadingLook::back;
+  const double least = isBack ? backHeight : action ? theme::controlSize : headingHeight;
+  const double texts = std::max(title_->fitting(titleWidth(width)).height,
+                                trailing_->fitting(std::max(1.0, trailingWidth(width))).height);
+  return std::max(least, texts + (isBack ? 0 : groupTop) + 2 * edge);
 }
 
 void HeadingRow::draw(view::Canvas& canvas) {
@@ -41,12 +64,11 @@ void HeadingRow::draw(view::Canvas& canvas) {
   const double top = isBack ? 0 : groupTop;
   const double height = size.height - top;
   const double left = theme::padding + (isBack ? arrowWidth : 0);
-  const double trailing =
-      trailing_->text().empty() ? 0 : trailing_->fitting(mostTrailing).width + 10;
+  const double trailing = trailingWidth(size.width);
   // Arrows are not mirrored with the text.
   if (isBack) arrow_->setText(isRightToLeft(*this) ? "\u203A" : "\u2039");
   arrow_->setFrame({{theme::padding, 0}, {arrowWidth, height - 4}});
-  title_->setFrame({{left, top}, {size.width - left - theme::padding - trailing, height}});
+  title_->setFrame({{left, top}, {titleWidth(size.width), height}});
   trailing_->setFrame({{size.width - theme::padding - trailing, top}, {trailing, height}});
   for (const auto& label : {arrow_, title_, trailing_})
     label->setFrame(directed(*this, label->frame()));

@@ -22,9 +22,13 @@ class HeadingRow : public Row {
   static constexpr double headingHeight = 34;  ///< points; of `HeadingLook::group`
   static constexpr double backHeight = 48;     ///< points; of `HeadingLook::back`
 
+  double heightFor(double width) override;
   void draw(view::Canvas& canvas) override;
 
  private:
+  double trailingWidth(double width);
+  double titleWidth(double width);
+
   const HeadingLook look_;
   std::shared_ptr<Label> arrow_;
   std::shared_ptr<Label> title_;

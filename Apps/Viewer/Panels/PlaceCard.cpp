@@ -32,13 +32,13 @@ PlaceCard::PlaceCard(const guidance::InterfaceTexts& texts)
       icon_(std::make_shared<KindIconView>(PlaceKind::other)),
       picture_(std::make_shared<PictureView>()),
       name_(
-          std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 2})),
-      kind_(std::make_shared<Label>(smallStyle(2))),
+          std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 0})),
+      kind_(std::make_shared<Label>(smallStyle(0))),
       state_(
-          std::make_shared<Label>(LabelStyle{.size = theme::smallSize, .bold = true, .lines = 2})),
+          std::make_shared<Label>(LabelStyle{.size = theme::smallSize, .bold = true, .lines = 0})),
       week_(std::make_shared<WeekLines>(texts)),
-      phone_(std::make_shared<Label>()),
-      website_(std::make_shared<Label>()),
+      phone_(std::make_shared<Label>(LabelStyle{.lines = 0})),
+      website_(std::make_shared<Label>(LabelStyle{.lines = 0})),
       description_(std::make_shared<Label>(LabelStyle{.lines = mostLines})),
       close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
       from_(std::make_shared<Button>(ButtonLook::tinted, texts.text("interface.place.from"))),
@@ -109,14 +109,15 @@ bool PlaceCard::hasWidePicture() const {
 double PlaceCard::arrangeHead(double width, bool isSmall) {
   constexpr double padding = theme::padding;
   picture_->setFrame({});
-  close_->setFrame({{width - 46, 4}, {42, 42}});
+  const double close = theme::control();
+  close_->setFrame({{width - close - 4, 4}, {close, close}});
   const bool hasPicture = picture_->picture() && (isSmall || !hasWidePicture());
   const double side = !hasPicture ? iconSide : isSmall ? smallPictureSide : largePictureSide;
   icon_->setHidden(hasPicture);
   (hasPicture ? static_cast<view::View&>(*picture_) : *icon_)
       .setFrame({{padding, padding}, {side, side}});
   const double left = padding + side + 12;
-  const double textWidth = width - left - padding - 28;
+  const double textWidth = std::max(1.0, width - left - close - 8);
   double top = padding;
   for (const auto& label : {name_, kind_, state_}) {
     const double height = label->text().empty() ? 0 : label->fitting(textWidth).height;
@@ -186,14 +187,18 @@ double PlaceCard::arrangeNearest(double width, double top, bool shows) {
   for (const auto& tile : nearest_) tile->setHidden(!shows);
   if (!shows || nearest_.empty()) return top;
   const double inner = width - 2 * theme::padding;
-  constexpr std::size_t columns = 2;
-  const double each = (inner - smallGap) / columns;
-  for (std::size_t i = 0; i < nearest_.size(); ++i) {
-    const auto column = static_cast<double>(i % columns);
-    nearest_[i]->setFrame(
-        {{theme::padding + column * (each + smallGap), top}, {each, theme::controlSize}});
-    if (i % columns == columns - 1 || i + 1 == nearest_.size())
-      top += theme::controlSize + smallGap;
+  const std::size_t columns = TileRow::columnsIn(TileLook::flat, width) > 1 ? 2 : 1;
+  const double each = (inner - (columns > 1 ? smallGap : 0)) / static_cast<double>(columns);
+  for (std::size_t first = 0; first < nearest_.size(); first += columns) {
+    const std::size_t end = std::min(first + columns, nearest_.size());
+    double height = 0;
+    for (std::size_t i = first; i < end; ++i)
+      height = std::max(height, nearest_[i]->heightFor(each));
+    for (std::size_t i = first; i < end; ++i) {
+      const auto column = static_cast<double>(i - first);
+      nearest_[i]->setFrame({{theme::padding + column * (each + smallGap), top}, {each, height}});
+    }
+    top += height + smallGap;
   }
   return top + gap - smallGap;
 }
@@ -202,14 +207,8 @@ double PlaceCard::arrangeNearest(double width, double top, bool shows) {
 double PlaceCard::arrangeButtons(double width, double top) {
   addStop_->setHidden(!canAddStop_);
   const auto row = canAddStop_ ? std::vector{from_, addStop_, to_} : std::vector{from_, to_};
-  const auto count = static_cast<double>(row.size());
-  const double each = (width - 2 * theme::padding - gap * (count - 1)) / count;
-  double left = theme::padding;
-  for (const auto& button : row) {
-    button->setFrame({{left, top}, {each, theme::controlSize}});
-    left += each + gap;
-  }
-  return top + theme::controlSize + theme::padding;
+  const double inner = width - 2 * theme::padding;
+  return viewer::arrangeButtons(row, theme::padding, top, inner, gap) + theme::padding;
 }
 
 }  // namespace orivanta::viewer

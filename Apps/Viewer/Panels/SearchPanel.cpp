@@ -1,5 +1,6 @@
 #include "Apps/Viewer/Panels/SearchPanel.hpp"
 
+#include <algorithm>
 #include <iterator>
 #include <optional>
 #include <utility>
@@ -13,8 +14,7 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double fieldHeight = 48;  // points
-constexpr double signWidth = 44;
+constexpr double leastBarHeight = 48;  // points
 
 const char* placeholderKey(std::optional<RouteEnd> end) {
   if (!end) return "interface.search";
@@ -42,7 +42,7 @@ SearchPanel::SearchPanel(const Venue& venue, const guidance::InterfaceTexts& tex
               .size = 28, .color = theme::faint, .alignment = Alignment::center, .isSign = true},
           "\u2315")),
       clear_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
-      nothing_(std::make_shared<Label>(LabelStyle{.color = theme::faint},
+      nothing_(std::make_shared<Label>(LabelStyle{.color = theme::faint, .lines = 0},
                                        texts.text("interface.search.nothing"))),
       list_(std::make_shared<ChoiceList>()) {
   for (const std::shared_ptr<view::View>& part :
@@ -189,23 +189,27 @@ void SearchPanel::chooseNearest(const NearestChoice& choice) {
   if (nearestChosen) nearestChosen(copy);
 }
 
-double SearchPanel::barHeight() { return std::max(fieldHeight, theme::control()); }
+double SearchPanel::barHeight() { return std::max(leastBarHeight, theme::control() + 4); }
 
 double SearchPanel::arrange(double width, double mostHeight) {
-  sign_->setFrame({{2, 0}, {signWidth, fieldHeight}});
-  field_->setFrame({{signWidth, 0}, {width - 2 * signWidth, fieldHeight}});
-  clear_->setFrame({{width - signWidth - 2, 2}, {signWidth, fieldHeight - 4}});
+  const double bar = barHeight();
+  const double side = theme::control();
+  const double inner = width - 2 * theme::padding;
+  sign_->setFrame({{2, 0}, {side, bar}});
+  field_->setFrame({{side, 0}, {std::max(theme::controlSize, width - 2 * side), bar}});
+  clear_->setFrame({{width - side - 2, (bar - side) / 2}, {side, side}});
   clear_->setHidden(!isOpen());
   nothing_->setHidden(!isOpen() || !findsNothing_);
-  nothing_->setFrame({{theme::padding, fieldHeight}, {width - 2 * theme::padding, 48}});
+  const double nothing = nothing_->isHidden() ? 0 : nothing_->fitting(inner).height + 28;
+  nothing_->setFrame({{theme::padding, bar}, {inner, nothing}});
   list_->layOut(width);
   list_->setHidden(!isOpen() || list_->size() == 0);
-  double height = nothing_->isHidden() ? fieldHeight : fieldHeight + 56;
+  double height = bar + nothing;
   if (!list_->isHidden()) {
-    const double listHeight = list_->heightWithin(mostHeight - fieldHeight - 8);
-    list_->setFrame({{0, fieldHeight}, {width, listHeight}});
+    const double listHeight = list_->heightWithin(mostHeight - bar - 8, width);
+    list_->setFrame({{0, bar}, {width, listHeight}});
     list_->arrange();
-    height = fieldHeight + listHeight + 8;
+    height = bar + listHeight + 8;
   }
   directChildren(*this, width);
   return height;
@@ -214,7 +218,7 @@ double SearchPanel::arrange(double width, double mostHeight) {
 void SearchPanel::draw(view::Canvas& canvas) {
   Panel::draw(canvas);
   if (isOpen())
-    canvas.fill({{theme::padding, fieldHeight - 1}, {bounds().size.width - 2 * theme::padding, 1}},
+    canvas.fill({{theme::padding, barHeight() - 1}, {bounds().size.width - 2 * theme::padding, 1}},
                 theme::hairline);
 }
 

@@ -22,7 +22,10 @@ constexpr double leastFlatWidth = 148;
 constexpr double flatIconSide = 24;
 constexpr double inset = 4;  // of texts
 constexpr double iconGap = 6;
-constexpr double detailHeight = 17;
+constexpr double detailHeight = 17;  // for the usual size of text
+constexpr double flatEdge = 6;       // above the title of a flat tile, and below it
+constexpr double flatGap = 10;
+constexpr double flatTitleGap = 8;
 
 double tileHeight(TileLook look) { return look == TileLook::tall ? tallHeight : flatHeight; }
 
@@ -31,7 +34,7 @@ LabelStyle titleStyle(TileLook look) {
   return {.size = theme::smallSize,
           .bold = true,
           .alignment = isTall ? Alignment::center : Alignment::leading,
-          .lines = 2};
+          .lines = 0};
 }
 
 std::shared_ptr<view::View> pictureOf(const TileContent& content) {
@@ -55,6 +58,14 @@ Tile::Tile(TileLook look, const TileContent& content)
     addSubview(part);
 }
 
+double Tile::heightFor(double width) {
+  if (look_ == TileLook::tall)
+    return std::max(tallHeight, 2 * inset + tallIconSide + iconGap + titleHeight(width) +
+                                    theme::withText(detailHeight) + inset);
+  const double title = std::max(1.0, width - 2 * flatGap - flatIconSide - flatTitleGap);
+  return std::max(flatHeight, title_->fitting(title).height + 2 * flatEdge);
+}
+
 double Tile::titleHeight(double width) { return title_->fitting(width - 2 * inset).height; }
 
 void Tile::draw(view::Canvas& canvas) {
@@ -76,7 +87,8 @@ void Tile::arrangeTall(view::Canvas& canvas) {
   const double own = title_->fitting(width).height;
   const double most = std::max(own, titleHeight_);
   const double detail = detail_->fitting(width).height;
-  double top = std::max(inset, (size.height - tallIconSide - iconGap - most - detailHeight) / 2);
+  double top = std::max(
+      inset, (size.height - tallIconSide - iconGap - most - theme::withText(detailHeight)) / 2);
   placePicture(canvas, {{(size.width - tallIconSide) / 2, top}, {tallIconSide, tallIconSide}});
   top += tallIconSide + iconGap;
   title_->setFrame({{inset, top}, {width, own}});
@@ -84,12 +96,12 @@ void Tile::arrangeTall(view::Canvas& canvas) {
 }
 
 void Tile::arrangeFlat(view::Canvas& canvas) {
-  constexpr double edgeGap = 10;
   const graphics::Size size = bounds().size;
-  const double left = edgeGap + flatIconSide + 8;
-  placePicture(canvas, directed(*this, {{edgeGap, (size.height - flatIconSide) / 2},
+  const double left = flatGap + flatIconSide + flatTitleGap;
+  placePicture(canvas, directed(*this, {{flatGap, (size.height - flatIconSide) / 2},
                                         {flatIconSide, flatIconSide}}));
-  title_->setFrame(directed(*this, {{left, 0}, {size.width - left - 6, size.height}}));
+  title_->setFrame(
+      directed(*this, {{left, 0}, {std::max(1.0, size.width - left - flatGap), size.height}}));
 }
 
 // A sign is drawn on a disc.
@@ -114,15 +126,26 @@ TileRow::TileRow(TileLook look, Tiles tiles, std::size_t columns,
 double TileRow::heightOf(TileLook look) { return tileHeight(look) + gap; }
 
 std::size_t TileRow::columnsIn(TileLook look, double width) {
-  const double least = look == TileLook::tall ? leastTallWidth : leastFlatWidth;
+  const double least = theme::withText(look == TileLook::tall ? leastTallWidth : leastFlatWidth);
   return std::max<std::size_t>(
-      2, static_cast<std::size_t>(std::max(0.0, (width - 2 * edge + gap) / (least + gap))));
+      look == TileLook::tall ? 2 : 1,
+      static_cast<std::size_t>(std::max(0.0, (width - 2 * edge + gap) / (least + gap))));
+}
+
+double TileRow::tileWidth(double width) const {
+  const auto columns = static_cast<double>(columns_);
+  return std::max(1.0, (width - 2 * edge - (columns - 1) * gap) / columns);
+}
+
+double TileRow::heightFor(double width) {
+  double height = 0;
+  for (const auto& tile : tiles_) height = std::max(height, tile->heightFor(tileWidth(width)));
+  return height + gap;
 }
 
 void TileRow::draw(view::Canvas&) {
   const graphics::Size size = bounds().size;
-  const auto columns = static_cast<double>(columns_);
-  const double width = (size.width - 2 * edge - (columns - 1) * gap) / columns;
+  const double width = tileWidth(size.width);
   double left = edge;
   double titleHeight = 0;
   for (const auto& tile : tiles_) titleHeight = std::max(titleHeight, tile->titleHeight(width));

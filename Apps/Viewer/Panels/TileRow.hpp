@@ -37,6 +37,9 @@ class Tile : public Pressable {
   /// Returns the height that the title needs in a tile of this width.
   double titleHeight(double width);
 
+  /// Returns the height that the tile needs at this width.
+  double heightFor(double width);
+
   /// Sets the height for the title, so that the icons of a row are in one line. Not for flat tiles.
   void setTitleHeight(double points) { titleHeight_ = points; }
   void setMarked(bool marked) { marked_ = marked; }
@@ -69,13 +72,17 @@ class TileRow : public Row {
   /// Returns the height in points of a row with such tiles.
   static double heightOf(TileLook look);
 
-  /// Returns how many tiles fit into a width in points, at least two.
+  double heightFor(double width) override;
+
+  /// Returns how many tiles fit into a width in points: at least two, or one flat tile.
   static std::size_t columnsIn(TileLook look, double width);
 
   const Tiles& tiles() const { return tiles_; }
   void draw(view::Canvas& canvas) override;
 
  private:
+  double tileWidth(double width) const;
+
   const Tiles tiles_;
   const std::size_t columns_;
   const std::shared_ptr<const std::size_t> marked_;

@@ -9,7 +9,7 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double firstHeight = 36;  // points; it can be tapped
+constexpr double firstHeight = theme::controlSize;
 constexpr double arrowWidth = 20;
 constexpr double inset = 10;
 constexpr double dayShare = 0.38;  // of the width
@@ -20,9 +20,9 @@ constexpr double radius = 10;
 
 WeekLines::WeekLines(const guidance::InterfaceTexts& texts)
     : texts_(texts),
-      today_(std::make_shared<Label>(LabelStyle{.size = theme::smallSize, .lines = 2})),
-      arrow_(std::make_shared<Label>(
-          LabelStyle{.size = 14, .color = theme::accent, .alignment = Alignment::trailing})) {
+      today_(std::make_shared<Label>(LabelStyle{.size = theme::smallSize, .lines = 0})),
+      arrow_(std::make_shared<Label>(LabelStyle{
+          .size = 14, .color = theme::accent, .alignment = Alignment::trailing, .isSign = true})) {
   addSubview(today_);
   addSubview(arrow_);
 }
@@ -39,11 +39,12 @@ void WeekLines::show(const std::vector<DayHours>& week, const std::string& text)
   for (const DayHours& each : week) {
     const bool isToday = lines_.empty();
     lines_.push_back(
-        {std::make_shared<Label>(LabelStyle{.size = theme::smallSize, .bold = isToday}, each.day),
+        {std::make_shared<Label>(LabelStyle{.size = theme::smallSize, .bold = isToday, .lines = 0},
+                                 each.day),
          std::make_shared<Label>(LabelStyle{.size = theme::smallSize,
                                             .bold = isToday,
                                             .alignment = Alignment::trailing,
-                                            .lines = 2},
+                                            .lines = 0},
                                  each.hours)});
     addSubview(lines_.back().day);
     addSubview(lines_.back().hours);

@@ -73,6 +73,37 @@ double Button::heightFor(double width) {
   return std::max(theme::control(), text + 2 * edge);
 }
 
+double arrangeButtons(const std::vector<std::shared_ptr<Button>>& buttons, double left, double top,
+                      double width, double gap) {
+  for (std::size_t first = 0; first < buttons.size();) {
+    // As many as fit, with a little less space around their texts than they would have alone.
+    double texts = 0;
+    std::size_t end = first;
+    for (; end < buttons.size(); ++end) {
+      const double next = buttons[end]->fittingWidth() - 2 * (theme::padding - side);
+      const double gaps = gap * static_cast<double>(end - first);
+      if (end > first && texts + next + gaps > width) break;
+      texts += next;
+    }
+    const double stretched = (width - gap * static_cast<double>(end - first - 1)) / texts;
+    double height = 0;
+    double x = left;
+    for (std::size_t i = first; i < end; ++i) {
+      const double own = (buttons[i]->fittingWidth() - 2 * (theme::padding - side)) * stretched;
+      buttons[i]->setFrame({{x, top}, {own, 0}});
+      height = std::max(height, buttons[i]->heightFor(own));
+      x += own + gap;
+    }
+    for (std::size_t i = first; i < end; ++i) {
+      const graphics::Rect place = buttons[i]->frame();
+      buttons[i]->setFrame({place.origin, {place.size.width, height}});
+    }
+    top += height + gap;
+    first = end;
+  }
+  return top - gap;
+}
+
 void Button::draw(view::Canvas& canvas) {
   const graphics::Size size = bounds().size;
   const double margin = look_ == ButtonLook::plain ? 0 : side;

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "Apps/Viewer/Keys.hpp"
 #include "Apps/Viewer/Widgets/Label.hpp"
@@ -70,5 +71,10 @@ class Button : public Pressable {
   ButtonLook look_;
   std::shared_ptr<Label> label_;
 };
+
+/// Places buttons in as many rows as their texts need. Each row has the whole width. Returns the
+/// lower edge.
+double arrangeButtons(const std::vector<std::shared_ptr<Button>>& buttons, double left, double top,
+                      double width, double gap);
 
 }  // namespace orivanta::viewer
