@@ -117,12 +117,14 @@ Examples:
 inline constexpr const char* viewFooter = R"(
 Without SLUG, shows a list of the venues. Without an endpoint, shows the demo venue. Drag to move
 the map, use the wheel to zoom, and drag with the right button to tilt and rotate. On a touchscreen,
-use one or two fingers. Press ? in the window for a list of keys.
+use one or two fingers. Every control can be reached with Tab. Press ? in the window for a list of
+keys.
 
 Examples:
   orivanta view                                 the demo venue
   orivanta view astrolabe-court --size 390x844  one venue, in the size of a phone
   orivanta view --language ar                   in Arabic, from right to left
+  orivanta view --text-size 150 --contrast high larger texts, high contrast
   orivanta view --scale 2                       two pixels per point)";
 
 inline constexpr const char* importFooter = R"(

@@ -66,6 +66,8 @@ ExitCode viewVenue(const ViewVenueOptions& options) {
   if (!options.slug.empty()) viewerOptions.slug = options.slug;
   viewerOptions.settings = resolveSettings(options.connection);
   viewerOptions.walksAtOnce = options.walk;
+  viewerOptions.look.textScale = options.textSize / 100.0;
+  viewerOptions.look.hasHighContrast = options.highContrast;
   std::unique_ptr<server::VenueServer> demo;
   std::optional<DemoFiles> demoFiles;
   if (options.demoVenue && !isEndpointGiven(options.connection)) {

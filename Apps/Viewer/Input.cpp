@@ -41,6 +41,8 @@ std::optional<Key> keyOf(SDL_Keycode code) {
       return Key::erase;
     case SDLK_AC_BACK:
       return Key::back;
+    case SDLK_TAB:
+      return Key::tab;
     case SDLK_F12:
       return Key::picture;
     default:
@@ -191,6 +193,8 @@ bool Input::handleKey(const SDL_Event& event) {
   if (!bringsText) --keysWithoutText_;
   auto key = keyOf(symbol.sym);
   if (control && latinLetterOf(symbol) == 'f') key = Key::search;
+  if (symbol.sym == SDLK_SPACE && !viewer_.wantsText()) key = Key::space;
+  if (key == Key::tab && (symbol.mod & (KMOD_ALT | KMOD_CTRL)) != 0) return false;
   if ((symbol.mod & KMOD_ALT) != 0 && symbol.sym == SDLK_LEFT) key = Key::back;
   if (control && latinLetterOf(symbol) == 'v' && viewer_.wantsText()) {
     const std::unique_ptr<char, void (*)(void*)> text(SDL_GetClipboardText(), SDL_free);

@@ -45,12 +45,16 @@ std::string_view shortcutOf(const SDL_Keysym& key, bool hasSlashKey) {
       break;
   }
   switch (latinLetterOf(key)) {
+    case 'c':
+      return "c";
     case 'f':
       return "f";
     case 'i':
       return "i";
     case 's':
       return "s";
+    case 't':
+      return "t";
     case 'w':
       return "w";
     default:

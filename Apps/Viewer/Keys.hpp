@@ -18,7 +18,9 @@ enum class Key {
   erase,  ///< deletes forward
   back,   ///< goes back to the previous view
   search,
-  picture
+  picture,
+  tab,   ///< gives the focus to the next control, with Shift to the previous one
+  space  ///< while no text is typed
 };
 
 struct KeyPress {

@@ -1,6 +1,7 @@
 #include "Apps/Viewer/VenuePanels.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "Source/Attribution.hpp"
@@ -10,17 +11,13 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double columnWidth = 344;  // points
-constexpr double gap = 12;
-constexpr double narrowMargin = 12;
-constexpr double mostSheetShare = 0.5;  // of a phone's height
-constexpr double floorsWidth = theme::controlSize + 8;
-constexpr double fewFloorsHeight = 4 * theme::controlSize + 8;  // visible beside the buttons
-constexpr double barHeight = 48;  // of the closed search field and the buttons beside it
-constexpr double backGap = 8;
-constexpr double logoWidth = 88;  // of the map view, at the lower right, with the space around it
-constexpr double logoHeight = 36;
-constexpr double attributionGap = 8;
+constexpr double mostBackShare = 0.3;  // of the window's width, for the text of the back button
+constexpr double leastMargin = 12;     // points
+
+void place(view::View& view, const graphics::Rect& frame) {
+  view.setHidden(frame.size.width <= 0);
+  view.setFrame(frame);
+}
 
 }  // namespace
 
@@ -32,16 +29,19 @@ VenuePanels::VenuePanels(const Venue& venue, const guidance::InterfaceTexts& tex
       attribution(std::make_shared<AttributionLine>(attributionText(venue))),
       help(std::make_shared<KeyHelp>(texts)),
       mapButtons(std::make_shared<MapButtons>()),
-      back(std::make_shared<Button>(ButtonLook::plain,
-                                    "\u2039  " + texts.text("interface.venues.back"))),
+      back(std::make_shared<Button>(ButtonLook::plain, "")),
+      handle(std::make_shared<SheetHandle>()),
       backPanel_(std::make_shared<Panel>()),
+      paper_(std::make_shared<SheetPaper>()),
+      backText_(texts.text("interface.venues.back")),
       isRightToLeft_(texts.isRightToLeft()) {
   backPanel_->addSubview(back);
   help->setHidden(true);
+  connectHandle();
 }
 
 std::vector<std::shared_ptr<view::View>> VenuePanels::all() const {
-  return {attribution, mapButtons, backPanel_, floors, card, route, search, help};
+  return {attribution, mapButtons, backPanel_, floors, paper_, card, route, handle, search, help};
 }
 
 void VenuePanels::addTo(view::View& parent) const {
@@ -55,129 +55,154 @@ std::vector<graphics::Rect> VenuePanels::covered() const {
   return frames;
 }
 
-bool VenuePanels::isWide() const { return size_.width >= theme::leastWideWidth; }
+std::vector<view::View*> VenuePanels::inReadingOrder() const {
+  if (!help->isHidden()) return {help.get()};
+  return {backPanel_.get(), search.get(), handle.get(),     card.get(),
+          route.get(),      floors.get(), mapButtons.get(), attribution.get()};
+}
 
-double VenuePanels::margin() const { return isWide() ? theme::margin : narrowMargin; }
+// --- Sheet
+
+void VenuePanels::connectHandle() {
+  handle->action = [this] { openFurther(); };
+  handle->moved = [this](int steps) { changeStop(steps); };
+  handle->dragged = [this](double up) { drag(up); };
+  handle->released = [this] { endDrag(); };
+}
+
+void VenuePanels::drag(double up) {
+  if (!dragStart_) dragStart_ = contentsHeight_;
+  draggedHeight_ = std::max(0.0, *dragStart_ + up);
+  if (layoutChanged) layoutChanged();
+}
+
+// Moves the sheet to the nearest stop.
+void VenuePanels::endDrag() {
+  dragStart_.reset();
+  const auto dragged = std::exchange(draggedHeight_, std::nullopt);
+  if (!dragged) return;
+  PanelMeasures now = measures();
+  const auto away = [&](SheetStop stop) {
+    const SheetRoom room = sheetRoom(now, stop);
+    return std::abs(arrangeContents(room.width, room.most) - *dragged);
+  };
+  stop_ = std::min({SheetStop::peek, SheetStop::half, SheetStop::full},
+                   [&](SheetStop one, SheetStop other) { return away(one) < away(other); });
+  if (layoutChanged) layoutChanged();
+}
+
+void VenuePanels::changeStop(int steps) {
+  const int stop = std::clamp(static_cast<int>(stop_) + steps, static_cast<int>(SheetStop::peek),
+                              static_cast<int>(SheetStop::full));
+  stop_ = static_cast<SheetStop>(stop);
+  if (layoutChanged) layoutChanged();
+}
+
+// Goes to the next stop that changes the height; after the last one, to the first one.
+void VenuePanels::openFurther() {
+  const double before = contentsHeight_;
+  for (int tries = 0; tries < 3 && contentsHeight_ == before; ++tries)
+    changeStop(stop_ == SheetStop::full ? -2 : 1);
+}
+
+// Arranges the card or the route. Returns its height.
+double VenuePanels::arrangeContents(double width, double most) {
+  const bool isSmall = hasSheet() && stop_ != SheetStop::full;
+  if (contents_.place) return card->arrange(width, most, isSmall);
+  return contents_.route ? route->arrange(width, most) : 0;
+}
+
+double VenuePanels::sheetHeight(const PanelMeasures& measures) {
+  SheetRoom room = sheetRoom(measures, stop_);
+  const double whole = sheetRoom(measures, SheetStop::full).most;
+  if (draggedHeight_) room.most = std::min(*draggedHeight_, whole);
+  const double needed = arrangeContents(room.width, room.most);
+  return draggedHeight_ ? std::max(needed, room.most) : needed;
+}
+
+// --- Places
+
+// The button has its text, or only a sign in a narrow window.
+double VenuePanels::wayBackWidth() {
+  help->setWayBack(contents_.wayBack);
+  if (!contents_.wayBack) return 0;
+  const std::string sign = isRightToLeft_ ? "\u203A" : "\u2039";
+  back->setText(sign + "  " + backText_);
+  if (back->fittingWidth() > mostBackShare * size_.width) back->setText(sign);
+  return std::max(back->fittingWidth(), theme::control());
+}
+
+PanelMeasures VenuePanels::measures() {
+  PanelMeasures measures;
+  measures.window = size_;
+  measures.isRightToLeft = isRightToLeft_;
+  measures.textScale = theme::look().textScale;
+  measures.controlSide = theme::control();
+  measures.barHeight = SearchPanel::barHeight();
+  measures.wayBackWidth = wayBackWidth();
+  measures.isSearchOpen = search->isOpen();
+  measures.floorCount = floors->count();
+  measures.buttons = mapButtons->sizes();
+  measures.hasAttribution = !attribution->isEmpty();
+  return measures;
+}
 
 void VenuePanels::arrange(graphics::Size size, Contents contents) {
+  const bool isOther = contents.place != contents_.place || contents.route != contents_.route;
+  if (isOther) stop_ = SheetStop::half;
   size_ = size;
   contents_ = contents;
-  arrangeSearch();
-  arrangeSheets();
-  arrangeFloors();
-  arrangeAttribution();
-  arrangeHelp();
-  insets_ = freeEdges();
-  if (!isRightToLeft_) return;
-  std::swap(insets_.left, insets_.right);
-  for (const auto& panel : all()) {
-    graphics::Rect frame = panel->frame();
-    frame.origin.x = size_.width - frame.maxX();
-    panel->setFrame(frame);
-  }
-}
-
-void VenuePanels::arrangeSearch() {
-  const double indent = arrangeWayBack();
-  const double width = (isWide() ? columnWidth : size_.width - 2 * margin()) - indent;
-  const double height = search->arrange(width, size_.height - 2 * margin());
-  search->setFrame({{margin() + indent, margin()}, {width, height}});
-}
-
-// Places the back button before the search field, which replaces it while open. Returns its width
-// with the gap.
-double VenuePanels::arrangeWayBack() {
-  backPanel_->setHidden(!contents_.wayBack || search->isOpen());
-  help->setWayBack(contents_.wayBack);
-  if (backPanel_->isHidden()) return 0;
-  const double width = back->fittingWidth();
-  backPanel_->setFrame({{margin(), margin()}, {width, barHeight}});
+  PanelMeasures now = measures();
+  contentsHeight_ = sheetHeight(now);
+  now.sheetHeight = contentsHeight_;
+  const PanelPlaces places = placePanels(now);
+  place(*backPanel_, places.wayBack);
   back->setFrame(backPanel_->bounds());
-  return width + backGap;
+  placeSearch(places.search);
+  placeSheet(places);
+  place(*floors, places.floors);
+  floors->arrange(places.floors.size.height);
+  place(*mapButtons, places.buttons);
+  mapButtons->arrange(places.buttons.size);
+  placeAttribution(places.attribution);
+  placeHelp();
+  insets_ = places.free;
 }
 
-// Places the card or the route in the column below the search field, or at the lower edge.
-void VenuePanels::arrangeSheets() {
-  const double width = isWide() ? columnWidth : size_.width - 2 * margin();
-  const double top = margin() + barHeight + gap;
+void VenuePanels::placeSearch(const graphics::Rect& room) {
+  const double height = search->arrange(room.size.width, room.size.height);
+  search->setFrame({room.origin, {room.size.width, height}});
+}
+
+void VenuePanels::placeSheet(const PanelPlaces& places) {
   const bool showsRoute = contents_.route && !contents_.place;
-  card->setHidden(!contents_.place || search->isOpen());
-  route->setHidden(!showsRoute || search->isOpen());
-  const auto place = [&](view::View& sheet, double height) {
-    const double y = isWide() ? top : size_.height - margin() - height;
-    sheet.setFrame({{margin(), y}, {width, height}});
-  };
-  const double bottom = isRightToLeft_ ? std::max(logoHeight, margin()) : margin();
-  const double most = isWide() ? size_.height - top - bottom : size_.height * mostSheetShare;
-  if (contents_.place) place(*card, card->arrange(width, most, !isWide()));
-  if (showsRoute) place(*route, route->arrange(width, most));
+  graphics::Rect inner = places.sheet;
+  if (hasSheet()) {
+    inner.origin.y += handleStrip;
+    inner.size.height = std::max(0.0, inner.size.height - handleStrip);
+  }
+  place(*paper_, hasSheet() ? places.sheet : graphics::Rect{});
+  place(*handle, places.handle);
+  place(*card, contents_.place ? inner : graphics::Rect{});
+  place(*route, showsRoute ? inner : graphics::Rect{});
+  card->setFlat(hasSheet());
+  route->setFlat(hasSheet());
 }
 
-// Returns the upper edge of the card or the route at the lower edge of a phone, less the gap, or
-// else the lower edge.
-double VenuePanels::bottomAboveSheets(double gapAbove) const {
-  double bottom = size_.height - margin();
-  for (const view::View* sheet :
-       {static_cast<view::View*>(card.get()), static_cast<view::View*>(route.get())})
-    if (!sheet->isHidden()) bottom = std::min(bottom, sheet->frame().minY() - gapAbove);
-  return bottom;
-}
-
-// Places the floors in the middle of the other edge, and the map's buttons below them if there is
-// room.
-void VenuePanels::arrangeFloors() {
-  const double x = size_.width - margin() - floorsWidth;
-  const double top = isWide() ? margin() : margin() + barHeight + gap;
-  const double bottom = isWide() ? size_.height - margin() : bottomAboveSheets(gap);
-  const graphics::Size buttons = mapButtons->arrange();
-  const double leastFloors = std::min(floors->wholeHeight(), fewFloorsHeight);
-  mapButtons->setHidden(!isWide() ||
-                        bottom - top < leastFloors + buttons.height + logoHeight + gap);
-  mapButtons->setFrame({{x, bottom - logoHeight - buttons.height}, buttons});
-  const double lowest = mapButtons->isHidden()
-                            ? std::min(bottom, size_.height - margin() - logoHeight)
-                            : mapButtons->frame().minY() - gap;
-  const graphics::Size size = floors->arrange(lowest - top);
-  const double y =
-      std::clamp((top + bottom - size.height) / 2, top, std::max(top, lowest - size.height));
-  floors->setFrame({{x, y}, size});
-  floors->setHidden(search->isOpen() && !isWide());
-}
-
-// Places it at the lower edge beside the logo; on a phone above the sheet, if there is one.
-void VenuePanels::arrangeAttribution() {
-  attribution->setHidden(attribution->isEmpty());
+// Places the line at the lower end of its room, beside the logo or above the sheet.
+void VenuePanels::placeAttribution(const graphics::Rect& room) {
+  attribution->setHidden(room.size.width <= 0);
   if (attribution->isHidden()) return;
-  const bool hasSheet = !card->isHidden() || !route->isHidden();
-  const double left =
-      isWide() && (hasSheet || search->isOpen()) ? theme::margin + columnWidth + gap : narrowMargin;
-  const double right = size_.width - (isRightToLeft_ ? narrowMargin : logoWidth);
-  const double bottom =
-      isWide() || !hasSheet ? size_.height - attributionGap : bottomAboveSheets(attributionGap);
-  const double room = right - left - (isRightToLeft_ && left < logoWidth ? logoWidth - left : 0);
-  const graphics::Size line = attribution->arrange({room, bottom / 2});
-  attribution->setFrame({{right - line.width, bottom - line.height}, line});
+  const graphics::Size line = attribution->arrange(room.size);
+  const double x = isRightToLeft_ ? room.minX() : room.maxX() - line.width;
+  attribution->setFrame({{x, room.maxY() - line.height}, line});
 }
 
-void VenuePanels::arrangeHelp() {
+void VenuePanels::placeHelp() {
   const graphics::Size box = help->arrange(size_);
   help->setFrame(
-      {{(size_.width - box.width) / 2, std::max(margin(), (size_.height - box.height) / 2)}, box});
-}
-
-Insets VenuePanels::freeEdges() const {
-  Insets edges{8, 8, 76, 8};
-  const bool hasSheet = contents_.place || contents_.route;
-  if (isWide() && hasSheet) edges.left = theme::margin + columnWidth + gap;
-  if (isWide() && !hasSheet) edges.top = 72;
-  if (!isWide()) {
-    edges.top = 72;
-    edges.right = narrowMargin + floorsWidth + 4;
-    const view::View& sheet = contents_.place ? static_cast<view::View&>(*card) : *route;
-    if (hasSheet) edges.bottom = size_.height - sheet.frame().minY() + gap;
-  }
-  if (!attribution->isHidden()) edges.bottom += AttributionLine::closedHeight;
-  return edges;
+      {{(size_.width - box.width) / 2, std::max(leastMargin, (size_.height - box.height) / 2)},
+       box});
 }
 
 }  // namespace orivanta::viewer

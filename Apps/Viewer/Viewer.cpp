@@ -57,11 +57,13 @@ Viewer::Viewer(ViewerOptions options)
       venueList_(std::make_shared<VenueList>(texts_)),
       message_(std::make_shared<MessagePanel>(texts_)),
       note_(std::make_shared<Note>()),
+      look_(options.look),
+      ring_(std::make_shared<FocusRing>(focus_)),
       fingers_(root_),
       pointer_(*this) {
-  root_->setBackgroundColor(theme::backdrop);
-  for (const std::shared_ptr<view::View>& part :
-       std::initializer_list<std::shared_ptr<view::View>>{veil_, venueList_, message_, note_})
+  applyLook();
+  for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
+           veil_, venueList_, message_, note_, ring_})
     root_->addSubview(part);
   venueList_->setHidden(true);
   message_->setHidden(true);
@@ -79,7 +81,10 @@ void Viewer::resize(graphics::Size size, double scale) {
 }
 
 void Viewer::arrange() {
+  applyLook();
   root_->setFrame({{0, 0}, size_});
+  ring_->setFrame(root_->bounds());
+  root_->bringSubviewToFront(*ring_);
   veil_->setFrame(root_->bounds());
   veil_->arrange(size_);
   center(*message_, message_->arrange(size_), size_);
@@ -102,12 +107,12 @@ void Viewer::arrange() {
 
 // Places the note where no panel stays: at the lower edge, or on a phone below the search field.
 void Viewer::arrangeNote() {
-  constexpr double belowSearch = 76;
+  const double belowSearch = SearchPanel::barHeight() + 28;
   const graphics::Size note = note_->arrange(size_);
   const double lowest = size_.height - note.height - theme::margin;
-  note_->setFrame({{std::round((size_.width - note.width) / 2),
-                    size_.width >= theme::leastWideWidth ? lowest : belowSearch},
-                   note});
+  note_->setFrame(
+      {{std::round((size_.width - note.width) / 2), hasBottomSheet(size_) ? belowSearch : lowest},
+       note});
 }
 
 // --- What people do
@@ -120,6 +125,7 @@ MapCamera* Viewer::cameraAt(graphics::Point point) const {
 
 void Viewer::touch(std::span<const view::Touch> touches) {
   for (const view::Touch& touch : touches) {
+    if (touch.phase == TouchPhase::began) focus_.clear();
     if (touch.phase != TouchPhase::began || cameraAt(touch.position) == nullptr) continue;
     mapFingers_.push_back(touch.identifier);
     venueView_->camera().touchBegan();
@@ -154,6 +160,7 @@ void Viewer::keyPressed(const KeyPress& press) {
     takePicture();
     return;
   }
+  if (focus_.handleKey(press, focusAreas())) return;
   if (!message_->isHidden()) {
     if (press.key == Key::enter && message_->retried) message_->retried();
     if (isBack(press) && message_->dismissed) message_->dismissed();
@@ -166,10 +173,12 @@ void Viewer::keyPressed(const KeyPress& press) {
     return;
   }
   if (venueView_ && veil_->isHidden() && venueView_->handleKey(press)) return;
+  if (press.key == Key::escape && focus_.clear()) return;
   if (isBack(press)) goBack();
 }
 
 void Viewer::textTyped(std::string_view text) {
+  if (!wantsText() && changeLook(text)) return;
   if (showsMap() && venueView_->handleText(text)) return;
   if (text == "s" || text == "S") takePicture();
 }

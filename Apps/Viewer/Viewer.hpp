@@ -16,6 +16,7 @@
 #include "Apps/Viewer/Pointer.hpp"
 #include "Apps/Viewer/VenueSource.hpp"
 #include "Apps/Viewer/VenueView.hpp"
+#include "Apps/Viewer/Widgets/Focus.hpp"
 #include "Platform/View/TouchDispatcher.hpp"
 
 namespace orivanta::viewer {
@@ -29,6 +30,7 @@ struct ViewerOptions {
   std::string languages{};
   RouteSession::Clock clock{};  ///< if null, the system's local time
   bool walksAtOnce = false;     ///< see `VenueViewOptions`
+  theme::Look look{};           ///< of the interface at the start
 };
 
 /// A host shows `root` and passes input with times in seconds that increase. It drains the main
@@ -44,6 +46,14 @@ class Viewer {
 
   /// `size` is in points, `scale` in pixels per point.
   void resize(graphics::Size size, double scale);
+
+  /// Changes the look of the interface. In very large windows, texts are larger than `textScale`
+  /// says.
+  void setLook(const theme::Look& look);
+  const theme::Look& look() const { return look_; }
+
+  /// The focus of the keyboard.
+  const Focus& focus() const { return focus_; }
 
   void touch(std::span<const view::Touch> touches);
   void cancelTouches(double time);
@@ -113,6 +123,11 @@ class Viewer {
   VenueSource::Handlers handlers(std::function<void()> retry);
   std::function<void()> wayBack();
 
+  // The look and the focus
+  void applyLook();
+  bool changeLook(std::string_view key);
+  Focus::Areas focusAreas() const;
+
   /// Returns the camera of the map at a point, or null if something else is there.
   MapCamera* cameraAt(graphics::Point point) const;
 
@@ -126,6 +141,9 @@ class Viewer {
   std::shared_ptr<VenueList> venueList_;
   std::shared_ptr<MessagePanel> message_;
   std::shared_ptr<Note> note_;
+  theme::Look look_;
+  Focus focus_;
+  std::shared_ptr<FocusRing> ring_;
   std::optional<double> noteEnd_;      // seconds; empty until the note has been visible
   std::optional<double> closuresEnd_;  // when they are fetched again; empty after a request
   std::shared_ptr<Venue> venue_;       // shown or being loaded; null while the user chooses one

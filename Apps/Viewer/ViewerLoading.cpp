@@ -135,6 +135,9 @@ void Viewer::showFloors() {
   if (reached) reached("venue loaded");
   venueView_ = VenueView::make(venue_, texts_, {clock_, walksAtOnce_});
   venueView_->wayBack = wayBack();
+  venueView_->panels().mapButtons->tapped = [this](std::string_view key) {
+    if (!changeLook(key)) venueView_->carryOut(key);
+  };
   root_->addSubview(venueView_);
   raisePanels();
   venueView_->progressed = [this](double share, const std::string& text) {

@@ -39,11 +39,29 @@ void CanvasPainter::paint(view::View& view, graphics::Point origin, double alpha
   if (view.isHidden() || alpha <= 0) return;
   origin_ = origin;
   alpha_ = alpha;
+  const auto outerClip = clip_;
   view.draw(*this);
   for (const auto& child : view.subviews()) {
     const graphics::Point offset = child->frame().origin;
     paint(*child, {origin.x + offset.x, origin.y + offset.y}, alpha);
   }
+  clip_ = outerClip;
+}
+
+void CanvasPainter::clip(const graphics::Rect& rect) {
+  const auto pixel = [&](double points) { return static_cast<int>(std::lround(points * scale_)); };
+  PixelBox box{pixel(origin_.x + rect.minX()), pixel(origin_.y + rect.minY()),
+               pixel(origin_.x + rect.maxX()), pixel(origin_.y + rect.maxY())};
+  if (clip_)
+    box = {std::max(box.left, clip_->left), std::max(box.top, clip_->top),
+           std::min(box.right, clip_->right), std::min(box.bottom, clip_->bottom)};
+  clip_ = box;
+}
+
+void CanvasPainter::add(Quad quad) {
+  if (clip_ && (clip_->right <= clip_->left || clip_->bottom <= clip_->top)) return;
+  quad.clip = clip_;
+  quads.push_back(std::move(quad));
 }
 
 QuadVertex CanvasPainter::place(const graphics::Rect& rect) const {
@@ -63,14 +81,14 @@ void CanvasPainter::fill(const graphics::Rect& rect, const graphics::Color& colo
   quad.vertex.color = multiplied(color, alpha_);
   quad.vertex.cornerRadius =
       std::clamp(static_cast<float>(cornerRadius * scale_), 0.0F, std::min(half[0], half[1]));
-  quads.push_back(quad);
+  add(std::move(quad));
 }
 
 void CanvasPainter::draw(const std::shared_ptr<const graphics::Image>& image,
                          const graphics::Rect& rect, double alpha, double turn) {
   if (!image) return;
   Quad quad{placeImage(rect, {image->width(), image->height()}, alpha, turn), image};
-  if (!isEmpty(quad.vertex)) quads.push_back(std::move(quad));
+  if (!isEmpty(quad.vertex)) add(std::move(quad));
 }
 
 QuadVertex CanvasPainter::placeImage(const graphics::Rect& rect,
@@ -101,7 +119,7 @@ void CanvasPainter::draw(const std::shared_ptr<graphics::Sheet>& sheet,
     quad.vertex.texels = {static_cast<float>(at.x), static_cast<float>(at.y),
                           static_cast<float>(at.width), static_cast<float>(at.height)};
     quad.sheet = sheet;
-    quads.push_back(std::move(quad));
+    add(std::move(quad));
   }
   if (!isComplete) view::View::setNeedsFrame();  // for the next frame, since this one has begun
 }
@@ -119,7 +137,7 @@ void CanvasPainter::draw(view::SceneView& view, const graphics::Rect& rect) {
   scenes.push_back({gatherer_.gather(view, time_, scale_),
                     static_cast<std::uint32_t>(std::max(1L, std::lround(2 * half[0]))),
                     static_cast<std::uint32_t>(std::max(1L, std::lround(2 * half[1])))});
-  quads.push_back(std::move(quad));
+  add(std::move(quad));
   if (overlay) paintOverlay(view, rect);
 }
 

@@ -34,6 +34,7 @@ class CanvasPainter : public view::Canvas {
 
   double time() const override { return time_; }
   double scale() const override { return scale_; }
+  void clip(const graphics::Rect& rect) override;
   void fill(const graphics::Rect& rect, const graphics::Color& color, double cornerRadius) override;
   void draw(const std::shared_ptr<const graphics::Image>& image, const graphics::Rect& rect,
             double alpha, double turn) override;
@@ -48,6 +49,8 @@ class CanvasPainter : public view::Canvas {
   void paint(view::View& view, graphics::Point origin, double alpha);
   void paintOverlay(const view::SceneView& view, const graphics::Rect& rect);
 
+  void add(Quad quad);
+
   /// A rectangle of the current view, in pixels.
   QuadVertex place(const graphics::Rect& rect) const;
 
@@ -61,6 +64,7 @@ class CanvasPainter : public view::Canvas {
   double time_;
   graphics::Point origin_;  ///< origin of the current view
   double alpha_ = 1.0;
+  std::optional<PixelBox> clip_;  ///< of the current view
 };
 
 }  // namespace orivanta::render

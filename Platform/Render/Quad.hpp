@@ -21,6 +21,16 @@ struct QuadVertex {
   std::array<float, 4> texels{};           ///< left and upper edge, width and height in the sheet
 };
 
+/// Left, upper, right and lower edge of a part of the frame in pixels, with y pointing down.
+struct PixelBox {
+  int left = 0;
+  int top = 0;
+  int right = 0;
+  int bottom = 0;
+
+  friend bool operator==(const PixelBox&, const PixelBox&) = default;
+};
+
 /// Filled with a color, an image, an image of a sheet or a rendered 3D scene; all but the first are
 /// multiplied by the color.
 struct Quad {
@@ -28,6 +38,7 @@ struct Quad {
   std::shared_ptr<const graphics::Image> image;
   std::optional<std::size_t> scene = std::nullopt;  ///< index in the frame's scenes
   std::shared_ptr<graphics::Sheet> sheet = nullptr;
+  std::optional<PixelBox> clip = std::nullopt;  ///< outside of it, nothing is drawn
 };
 
 }  // namespace orivanta::render

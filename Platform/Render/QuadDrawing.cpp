@@ -1,5 +1,6 @@
 #include "Platform/Render/QuadDrawing.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -61,8 +62,18 @@ void main() {
 }
 )";
 
-bool haveSameContents(const Quad& a, const Quad& b) {
-  return a.image == b.image && a.sheet == b.sheet && a.scene == b.scene;
+bool shareDrawCall(const Quad& a, const Quad& b) {
+  return a.image == b.image && a.sheet == b.sheet && a.scene == b.scene && a.clip == b.clip;
+}
+
+// Limits drawing to the clip of a quad. OpenGL counts rows from the bottom.
+void setScissor(const Quad& quad, GLsizei width, GLsizei height) {
+  if (!quad.clip) return glScissor(0, 0, width, height);
+  const int left = std::max(quad.clip->left, 0);
+  const int top = std::max(quad.clip->top, 0);
+  const int right = std::min(quad.clip->right, width);
+  const int bottom = std::min(quad.clip->bottom, height);
+  glScissor(left, height - bottom, std::max(right - left, 0), std::max(bottom - top, 0));
 }
 
 bool shrinks(const Quad& quad) {
@@ -111,12 +122,13 @@ void QuadDrawing::draw(std::span<const Quad> quads, std::span<const SceneTarget>
   glActiveTexture(GL_TEXTURE0);
   for (std::size_t first = 0; first < quads.size();) {
     std::size_t end = first + 1;
-    while (end < quads.size() && haveSameContents(quads[end], quads[first])) ++end;
+    while (end < quads.size() && shareDrawCall(quads[end], quads[first])) ++end;
     const Variant& variant = variantFor(quads[first]);
     variant.program.use();
     variant.program.set(variant.pictureSize, static_cast<float>(width), static_cast<float>(height));
     bindContents(quads[first], scenes, statistics);
     pointAttributesAt(first);
+    setScissor(quads[first], width, height);
     glDrawArraysInstanced(GL_TRIANGLE_STRIP, 0, 4, static_cast<GLsizei>(end - first));
     ++statistics.drawCalls;
     statistics.triangles += static_cast<int>(2 * (end - first));

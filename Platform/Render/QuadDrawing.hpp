@@ -20,8 +20,8 @@ class QuadDrawing {
  public:
   QuadDrawing(ImageTextures& images, const SheetTextures& sheets);
 
-  /// Draws to the lower left `width` by `height` pixels of the bound framebuffer. The scenes must
-  /// be finished, and the sheets uploaded.
+  /// Draws to the lower left `width` by `height` pixels of the bound framebuffer, with the scissor
+  /// test enabled. The scenes must be finished, and the sheets uploaded. Changes the scissor box.
   void draw(std::span<const Quad> quads, std::span<const SceneTarget> scenes, GLsizei width,
             GLsizei height, FrameStatistics& statistics);
 

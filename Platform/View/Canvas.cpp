@@ -2,6 +2,8 @@
 
 namespace orivanta::view {
 
+void Canvas::clip(const graphics::Rect&) {}
+
 void Canvas::draw(const std::shared_ptr<graphics::Sheet>& sheet,
                   std::span<const SheetPiece> pieces) {
   if (!sheet) return;

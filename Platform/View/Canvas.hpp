@@ -35,6 +35,11 @@ class ORIVANTA_API Canvas {
   /// Returns the device pixels per point.
   virtual double scale() const = 0;
 
+  /// Limits all further drawing of the view, and all drawing of its descendants, to a rectangle of
+  /// the view, rounded to whole pixels, within the limits of its ancestors. The default
+  /// implementation does nothing.
+  virtual void clip(const graphics::Rect& rect);
+
   /// Fills a rectangle. `cornerRadius`: points; 0 for square corners.
   virtual void fill(const graphics::Rect& rect, const graphics::Color& color,
                     double cornerRadius = 0.0) = 0;

@@ -41,6 +41,19 @@ void addView(CLI::App& app, CommandLine& line) {
       .add_option("--language", options.language,
                   "Language of the window and of names, such as de; the default is yours")
       ->type_name("TAG");
+  command
+      .add_option("--text-size", options.textSize,
+                  "Size of the texts around the map in percent, see the key T")
+      ->type_name("PERCENT")
+      ->check(CLI::Range(100, 200))
+      ->capture_default_str();
+  command
+      .add_option_function<std::string>(
+          "--contrast",
+          [&options](const std::string& contrast) { options.highContrast = contrast == "high"; },
+          "Contrast of the panels around the map, normal or high, see the key C")
+      ->type_name("NAME")
+      ->check(CLI::IsMember({"normal", "high"}));
   command.add_flag("--walk", options.walk, "Simulate a walk along each route, see the key W");
   command.add_flag("--times", options.times,
                    "Print timings of loading and drawing to standard error");

@@ -10,10 +10,10 @@ namespace orivanta::viewer {
 namespace {
 
 constexpr double textSize = 11;  // points
-constexpr double lineHeight = 15;
-constexpr double side = 7;  // beside the text
+constexpr double side = 7;       // beside the text
+constexpr double edge = 5;       // above and below a single line, together
 constexpr double mostWidth = 640;
-constexpr float paperAlpha = 0.82F;
+constexpr float paperAlpha = 0.88F;
 
 }  // namespace
 
@@ -24,21 +24,23 @@ AttributionLine::AttributionLine(std::string text)
 
 graphics::Size AttributionLine::arrange(graphics::Size room) {
   const double most = std::max(1.0, std::min(mostWidth, room.width) - 2 * side);
-  const int lines = std::max(1, static_cast<int>((room.height - 2 * side) / lineHeight));
-  text_->setLines(isOpen_ ? lines : 1);
+  text_->setLines(1);
+  const double line = text_->fitting(most).height;
+  if (isOpen_) text_->setLines(std::max(1, static_cast<int>((room.height - 2 * side) / line)));
   const graphics::Size text = text_->fitting(most);
   // An opened text that fits into one line looks the same as when it is closed.
-  const double height =
-      isOpen_ && text.height > closedHeight ? text.height + 2 * side : closedHeight;
+  paperHeight_ = isOpen_ && text.height > 1.5 * line ? text.height + 2 * side : line + edge;
   const double width = std::min(text.width, most);
-  text_->setFrame({{side, 0}, {width, height}});
-  return {width + 2 * side, height};
+  const double height = std::max(paperHeight_, theme::controlSize);
+  text_->setFrame({{side, height - paperHeight_}, {width, paperHeight_}});
+  return {std::max(width + 2 * side, theme::controlSize), height};
 }
 
 void AttributionLine::draw(view::Canvas& canvas) {
   graphics::Color paper = theme::paper;
   paper.alpha = isOpen_ || isPressed() ? 1 : paperAlpha;
-  canvas.fill(bounds(), paper, 6);
+  const graphics::Size size = bounds().size;
+  canvas.fill({{0, size.height - paperHeight_}, {size.width, paperHeight_}}, paper, 6);
 }
 
 }  // namespace orivanta::viewer

@@ -8,7 +8,8 @@
 
 namespace orivanta::viewer {
 
-/// One line of small text. If the text is longer, opening the line shows all of it.
+/// One line of small text. If the text is longer, opening the line shows all of it. The frame is at
+/// least as high as a control; the line is at its lower end.
 class AttributionLine : public Pressable {
  public:
   explicit AttributionLine(std::string text);
@@ -22,11 +23,10 @@ class AttributionLine : public Pressable {
   graphics::Size arrange(graphics::Size room);
   void draw(view::Canvas& canvas) override;
 
-  static constexpr double closedHeight = 20;  // points
-
  private:
   std::shared_ptr<Label> text_;
   bool isOpen_ = false;
+  double paperHeight_ = 0;  // at the lower end of the frame
 };
 
 }  // namespace orivanta::viewer

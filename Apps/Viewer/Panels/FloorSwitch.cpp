@@ -14,7 +14,9 @@ namespace {
 
 constexpr double inset = 4;  // points
 constexpr double dotSide = 9;
-constexpr double smallestSize = 10.5;  // of the letters of a long name
+constexpr double dotBorder = 1.5;
+constexpr double smallestSize = 7;  // of the letters of a long name
+constexpr double anyWidth = 1000;
 
 bool canBeShown(FloorState state) {
   return state != FloorState::failed && state != FloorState::withoutModel;
@@ -32,11 +34,18 @@ class FloorSwitch::Cell : public Row {
     addSubview(label_);
     addSubview(wheel_);
     wheel_->setStyle(view::ActivityIndicatorStyle::gray);
+  }
+
+  double heightFor(double) override { return theme::control(); }
+
+  // Uses the largest letters with which the name fits.
+  void fit(double width) {
+    double size = theme::textSize;
+    label_->setSize(size);
+    const double needed = label_->fitting(anyWidth).width;
+    if (needed > width - 2) size = std::max(smallestSize, size * (width - 3) / needed);
+    label_->setSize(size);
     wheel_->setColor(theme::accent);
-    for (const double size : {theme::textSize, theme::smallSize, smallestSize}) {
-      label_->setSize(size);
-      if (label_->fitting(2 * theme::controlSize).width <= theme::controlSize - 2) break;
-    }
   }
 
   void setAwaited(bool awaited) {
@@ -51,15 +60,16 @@ class FloorSwitch::Cell : public Row {
     const graphics::Size size = bounds().size;
     label_->setFrame({{1, 0}, {size.width - 2, size.height}});
     wheel_->setFrame(bounds());
-    label_->setColor(isCurrent ? theme::paper : theme::ink);
-    label_->setAlpha(state == FloorState::ready || isCurrent ? 1 : 0.35);
+    label_->setColor(isCurrent ? theme::paper
+                               : (state == FloorState::ready ? theme::ink : theme::faint));
     if (isCurrent || isPressed())
       canvas.fill(bounds(), isCurrent ? theme::accent : theme::pressed, theme::radius - inset);
     if (!isOnRoute) return;
     const graphics::Rect dot{{size.width - dotSide - 3, 3}, {dotSide, dotSide}};
-    canvas.fill({{dot.minX() - 1.5, dot.minY() - 1.5}, {dotSide + 3, dotSide + 3}},
+    canvas.fill({{dot.minX() - dotBorder, dot.minY() - dotBorder},
+                 {dotSide + 2 * dotBorder, dotSide + 2 * dotBorder}},
                 isCurrent ? theme::accent : theme::paper, dotSide);
-    canvas.fill(dot, theme::amber, dotSide / 2);
+    canvas.fill(dot, isCurrent ? theme::paper : theme::accent, dotSide / 2);
   }
 
   const std::shared_ptr<Map> floor;
@@ -122,12 +132,11 @@ std::shared_ptr<Map> FloorSwitch::neighbor(int up) const {
   return cells_[static_cast<std::size_t>(index)]->floor;
 }
 
-double FloorSwitch::wholeHeight() const { return list_->contentHeight() + 2 * inset; }
-
 graphics::Size FloorSwitch::arrange(double mostHeight) {
-  constexpr double side = theme::controlSize;
-  const double height =
-      cells_.empty() ? 0 : std::max(side, list_->heightWithin(mostHeight - 2 * inset));
+  const double side = theme::control();
+  for (const auto& cell : cells_) cell->fit(side);
+  const double most = std::max(side, mostHeight - 2 * inset);
+  const double height = cells_.empty() ? 0 : list_->heightWithin(most, side);
   const bool hasChanged = height != list_->bounds().size.height;
   list_->setFrame({{inset, inset}, {side, height}});
   list_->arrange();

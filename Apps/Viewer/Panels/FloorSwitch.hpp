@@ -11,7 +11,7 @@
 
 namespace orivanta::viewer {
 
-/// The highest floor is at the top. Floors that cannot be shown are pale.
+/// The highest floor is at the top. Floors that are not ready have a less important color.
 class FloorSwitch : public Panel {
  public:
   explicit FloorSwitch(std::vector<std::shared_ptr<Map>> floors);
@@ -35,8 +35,7 @@ class FloorSwitch : public Panel {
   /// remaining floors can be scrolled to, and the current floor is visible.
   graphics::Size arrange(double mostHeight);
 
-  /// Returns the height with all floors.
-  double wholeHeight() const;
+  std::size_t count() const { return cells_.size(); }  ///< of floors
 
  private:
   class Cell;

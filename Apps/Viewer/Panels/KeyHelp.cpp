@@ -26,12 +26,17 @@ constexpr std::array meanings{
     Meaning{"interface.help.floor.keys", "interface.help.floor"},
     Meaning{"F", "interface.help.fit"},
     Meaning{"interface.help.search.keys", "interface.help.search"},
+    Meaning{"interface.help.tab.keys", "interface.help.tab"},
+    Meaning{"interface.help.list.keys", "interface.help.list"},
+    Meaning{"interface.help.activate.keys", "interface.help.activate"},
+    Meaning{"interface.help.close.keys", "interface.help.close"},
     Meaning{"W", "interface.help.walk"},
     Meaning{"I", "interface.help.attribution"},
+    Meaning{"T", "interface.help.textSize"},
+    Meaning{"C", "interface.help.contrast"},
     Meaning{"interface.help.screenshot.keys", "interface.help.screenshot"},
-    Meaning{"Esc", "interface.help.close"},
     Meaning{"interface.help.help.keys", "interface.help.help"},
-    Meaning{"Alt + \u2190, Esc", "interface.venues.all"},
+    Meaning{"interface.help.venues.keys", "interface.venues.all"},
 };
 
 std::string keysOf(const Meaning& line, const guidance::InterfaceTexts& texts) {
@@ -39,47 +44,51 @@ std::string keysOf(const Meaning& line, const guidance::InterfaceTexts& texts) {
   return keys.starts_with("interface.") ? texts.text(keys) : texts.name(keys);
 }
 
-constexpr double lineHeight = 31;  // points
-constexpr double titleHeight = 54;
+constexpr double edge = 6;  // points above a line, and below it
 constexpr double mostWidth = 540;
-constexpr double gap = 20;  // between the keys and their meanings
-constexpr std::array textSizes{theme::textSize, 13.5, theme::smallSize, 11.5, 10.5};
+constexpr double gap = 20;              // between the keys and their meanings
+constexpr double mostKeysShare = 0.45;  // of the width
 
 }  // namespace
 
 class KeyHelp::Line : public Row {
  public:
   Line(const Meaning& line, const guidance::InterfaceTexts& texts)
-      : Row(lineHeight),
-        keys_(std::make_shared<Label>(LabelStyle{.bold = true}, keysOf(line, texts))),
-        meaning_(std::make_shared<Label>(LabelStyle{.color = theme::faint},
+      : Row(theme::controlSize),
+        keys_(std::make_shared<Label>(LabelStyle{.bold = true, .lines = 0}, keysOf(line, texts))),
+        meaning_(std::make_shared<Label>(LabelStyle{.color = theme::faint, .lines = 0},
                                          texts.text(line.meaningKey))) {
     for (const auto& label : {keys_, meaning_}) addSubview(label);
   }
 
-  void setSize(double textSize) {
-    keys_->setSize(textSize);
-    meaning_->setSize(textSize);
-  }
   double keysWidth() { return keys_->fitting(mostWidth).width; }
-  double meaningWidth() { return meaning_->fitting(mostWidth).width; }
-  void setMeaningLeft(double left) { meaningLeft_ = left; }
+  void setKeysWidth(double width) { keysWidth_ = width; }
+
+  double heightFor(double width) override {
+    return 2 * edge + std::max(keys_->fitting(keysWidth_).height,
+                               meaning_->fitting(meaningWidth(width)).height);
+  }
 
   void draw(view::Canvas&) override {
-    const double end = bounds().size.width - theme::padding;
-    keys_->setFrame(
-        directed(*this, {{theme::padding, 0}, {meaningLeft_ - gap - theme::padding, lineHeight}}));
-    meaning_->setFrame(directed(*this, {{meaningLeft_, 0}, {end - meaningLeft_, lineHeight}}));
+    const graphics::Size size = bounds().size;
+    const double width = meaningWidth(size.width);
+    keys_->setFrame(directed(*this, {{theme::padding, 0}, {keysWidth_, size.height}}));
+    meaning_->setFrame(
+        directed(*this, {{size.width - theme::padding - width, 0}, {width, size.height}}));
   }
 
  private:
+  double meaningWidth(double width) const {
+    return std::max(1.0, width - 2 * theme::padding - keysWidth_ - gap);
+  }
+
   std::shared_ptr<Label> keys_;
   std::shared_ptr<Label> meaning_;
-  double meaningLeft_ = 0;
+  double keysWidth_ = 1;
 };
 
 KeyHelp::KeyHelp(const guidance::InterfaceTexts& texts)
-    : title_(std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true},
+    : title_(std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 0},
                                      texts.text("interface.help"))),
       close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
       list_(std::make_shared<List>()) {
@@ -99,34 +108,29 @@ void KeyHelp::setWayBack(bool offered) {
   list_->setRows({lines_.begin(), lines_.begin() + static_cast<std::ptrdiff_t>(count)});
 }
 
-// Uses the largest letters with which both columns fit.
+// Gives the keys the width that they need, up to a share of the width.
 void KeyHelp::arrangeColumns(double width) {
   double keys = 0;
-  for (const double textSize : textSizes) {
-    keys = 0;
-    double meaning = 0;
-    for (const auto& line : lines_) {
-      line->setSize(textSize);
-      keys = std::max(keys, line->keysWidth());
-      meaning = std::max(meaning, line->meaningWidth());
-    }
-    if (keys + gap + meaning + 2 * theme::padding <= width) break;
-  }
-  const double most = 0.6 * width;
-  for (const auto& line : lines_) line->setMeaningLeft(std::min(theme::padding + keys + gap, most));
+  for (const auto& line : lines_) keys = std::max(keys, line->keysWidth());
+  keys = std::min(keys, mostKeysShare * width);
+  for (const auto& line : lines_) line->setKeysWidth(keys);
 }
 
 graphics::Size KeyHelp::arrange(graphics::Size room) {
-  const double width = std::min(mostWidth, room.width - 2 * theme::margin);
-  if (!isHidden()) arrangeColumns(width);
-  title_->setFrame({{theme::padding, 0}, {width - 2 * theme::padding - 30, titleHeight}});
-  close_->setFrame({{width - 46, 6}, {42, 42}});
-  const double height =
-      list_->heightWithin(room.height - 2 * theme::margin - titleHeight - theme::padding);
-  list_->setFrame({{0, titleHeight}, {width, height}});
+  const double width = std::min(theme::withText(mostWidth), room.width - 2 * theme::margin);
+  const double side = theme::control();
+  const double titleWidth = std::max(1.0, width - 2 * theme::padding - side);
+  const double title = std::max(side, title_->fitting(titleWidth).height) + 2 * edge;
+  title_->setFrame({{theme::padding, 0}, {titleWidth, title}});
+  close_->setFrame({{width - side - edge, (title - side) / 2}, {side, side}});
+  if (isHidden()) return {width, title};
+  arrangeColumns(width);
+  const double most = room.height - 2 * theme::margin - title - theme::padding;
+  const double height = list_->heightWithin(most, width);
+  list_->setFrame({{0, title}, {width, height}});
   list_->arrange();
   directChildren(*this, width);
-  return {width, titleHeight + height + theme::padding};
+  return {width, title + height + theme::padding};
 }
 
 }  // namespace orivanta::viewer

@@ -1,6 +1,8 @@
 #include "Apps/Viewer/Panels/MapButtons.hpp"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 
 namespace orivanta::viewer {
 
@@ -10,9 +12,10 @@ struct Sign {
   const char* sign;
   const char* key;
 };
-constexpr std::array signs{Sign{"+", "+"}, Sign{"\u2212", "-"}, Sign{"\u26F6", "f"},
-                           Sign{"?", "?"}};
-constexpr double inset = 4;  // points
+constexpr std::array signs{Sign{"+", "+"},  Sign{"\u2212", "-"}, Sign{"\u26F6", "f"},
+                           Sign{"Aa", "t"}, Sign{"\u25D0", "c"}, Sign{"?", "?"}};
+constexpr std::size_t fewest = 3;  // the last ones
+constexpr double inset = 4;        // points
 constexpr double signSize = 19;
 
 }  // namespace
@@ -27,14 +30,23 @@ MapButtons::MapButtons() {
   }
 }
 
-graphics::Size MapButtons::arrange() {
-  constexpr double side = theme::controlSize;
-  double top = inset;
-  for (const auto& button : buttons_) {
-    button->setFrame({{inset, top}, {side, side}});
-    top += side;
+std::vector<graphics::Size> MapButtons::sizes() const {
+  const double side = theme::control();
+  const auto sizeOf = [&](std::size_t count) {
+    return graphics::Size{side + 2 * inset, static_cast<double>(count) * side + 2 * inset};
+  };
+  return {sizeOf(buttons_.size()), sizeOf(fewest)};
+}
+
+void MapButtons::arrange(graphics::Size size) {
+  const double side = theme::control();
+  const auto room = static_cast<std::size_t>(std::max(0.0, size.height / side));
+  const std::size_t hidden = buttons_.size() - std::min(room, buttons_.size());
+  for (std::size_t i = 0; i < buttons_.size(); ++i) {
+    const double top = inset + side * (static_cast<double>(i) - static_cast<double>(hidden));
+    buttons_[i]->setHidden(i < hidden);
+    buttons_[i]->setFrame({{inset, top}, {side, side}});
   }
-  return {side + 2 * inset, top + inset};
 }
 
 }  // namespace orivanta::viewer

@@ -1,4 +1,4 @@
-// The buttons that zoom and fit the map and show the list of keys.
+// The buttons that zoom and fit the map, change the look and show the list of keys.
 #pragma once
 
 #include <functional>
@@ -11,15 +11,19 @@
 
 namespace orivanta::viewer {
 
-/// A column of buttons, each of which does what a key does.
+/// A column of buttons, each of which does what a key does. If there is little room, the buttons
+/// for the map are left out, because two fingers do the same.
 class MapButtons : public Panel {
  public:
   MapButtons();
 
   std::function<void(std::string_view key)> tapped;  ///< the key, see `VenueView::carryOut`
 
-  /// Returns the size.
-  graphics::Size arrange();
+  /// Returns the possible sizes, the largest first.
+  std::vector<graphics::Size> sizes() const;
+
+  /// Shows the buttons for which there is room in one of `sizes`.
+  void arrange(graphics::Size size);
 
  private:
   std::vector<std::shared_ptr<Button>> buttons_;

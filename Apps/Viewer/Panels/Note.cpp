@@ -11,14 +11,15 @@ constexpr double border = 12;      // above the text, and below it
 
 }  // namespace
 
-Note::Note() : text_(std::make_shared<Label>(LabelStyle{.lines = 4})) {
+Note::Note() : text_(std::make_shared<Label>(LabelStyle{.lines = 0})) {
   addSubview(text_);
   setUserInteractionEnabled(false);
 }
 
 graphics::Size Note::arrange(graphics::Size room) {
   constexpr double padding = theme::padding;
-  const double most = std::min(mostWidth, room.width - 2 * theme::margin) - 2 * padding;
+  const double most =
+      std::min(theme::withText(mostWidth), room.width - 2 * theme::margin) - 2 * padding;
   const graphics::Size text = text_->fitting(most);
   text_->setFrame({{padding, border}, {text.width, text.height}});
   return {text.width + 2 * padding, text.height + 2 * border};

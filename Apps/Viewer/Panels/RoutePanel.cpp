@@ -11,14 +11,16 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double segmentsHeight = 36;  // points
-constexpr double summaryHeight = 34;
-constexpr double gap = 8;
+constexpr double gap = 8;                // points
+constexpr double mostRemarkShare = 0.5;  // of the width beside the summary
 
 Icon playIcon() {
   return {{{{8, 5}, {18, 12}, {8, 19}, {8, 5}}, {{11, 10}, {11, 14}, {14, 12}, {11, 10}}}, 3.4};
 }
 Icon pauseIcon() { return {{{{8, 5}, {8, 19}}, {{16, 5}, {16, 19}}}, 4}; }
+
+// The height of the instructions from which the panel is complete: about two of them.
+double leastSteps() { return 2 * theme::withText(48); }
 
 std::vector<std::string> profileTitles(const guidance::InterfaceTexts& texts) {
   std::vector<std::string> titles;
@@ -34,11 +36,11 @@ RoutePanel::RoutePanel(const guidance::InterfaceTexts& texts)
       stops_(std::make_shared<StopLines>(texts)),
       profiles_(std::make_shared<Segments>()),
       routes_(std::make_shared<Segments>()),
-      summary_(std::make_shared<Label>(LabelStyle{.bold = true, .lines = 6})),
+      summary_(std::make_shared<Label>(LabelStyle{.bold = true, .lines = 0})),
       remark_(std::make_shared<Label>(
-          LabelStyle{.color = theme::faint, .alignment = Alignment::trailing})),
+          LabelStyle{.color = theme::faint, .alignment = Alignment::trailing, .lines = 0})),
       warning_(std::make_shared<Label>(
-          LabelStyle{.size = theme::smallSize, .bold = true, .color = theme::warning, .lines = 3})),
+          LabelStyle{.size = theme::smallSize, .bold = true, .color = theme::warning, .lines = 0})),
       walkButton_(std::make_shared<IconButton>(playIcon())),
       offer_(std::make_shared<Button>(ButtonLook::tinted, "")),
       steps_(std::make_shared<StepList>()) {
@@ -106,10 +108,12 @@ void RoutePanel::setWalk(WalkState state) {
 double RoutePanel::arrangeSummary(double width, double top) {
   const double inner = width - 2 * theme::padding;
   walkButton_->setHidden(!steps_->hasSteps());
-  const double button = walkButton_->isHidden() ? 0 : theme::controlSize;
-  const double remark = remark_->text().empty() ? 0 : remark_->fitting(inner).width + 4;
-  const double text = inner - remark - button;
-  const double height = std::max({summaryHeight, button, summary_->fitting(text).height + gap});
+  const double button = walkButton_->isHidden() ? 0 : theme::control();
+  const double most = mostRemarkShare * (inner - button);
+  const double remark = remark_->text().empty() ? 0 : remark_->fitting(most).width + 8;
+  const double text = inner - remark - button - (button > 0 ? gap : 0);
+  const double height = std::max({theme::control(), summary_->fitting(text).height + gap,
+                                  remark_->fitting(std::max(1.0, remark)).height + gap});
   summary_->setFrame({{theme::padding, top}, {text, height}});
   remark_->setFrame({{theme::padding + text, top}, {remark, height}});
   walkButton_->setFrame(
@@ -122,35 +126,52 @@ double RoutePanel::arrangeSummary(double width, double top) {
 // Arranges the choice of routes, and the profile that may help. Returns the lower edge.
 double RoutePanel::arrangeChoices(double width, double top) {
   const double inner = width - 2 * theme::padding;
-  routes_->setHidden(routes_->size() < 2 || walk_ != WalkState::none);
+  routes_->setHidden(routes_->size() < 2 || walk_ != WalkState::none || isShort_);
   if (!routes_->isHidden()) {
-    routes_->setFrame({{theme::padding, top}, {inner, segmentsHeight}});
-    routes_->arrange();
-    top += segmentsHeight + gap;
+    const double height = routes_->arrange(inner);
+    routes_->setFrame({{theme::padding, top}, {inner, height}});
+    top += height + gap;
   }
   offer_->setHidden(!helpfulProfile_);
   if (helpfulProfile_) {
-    offer_->setFrame({{theme::padding, top + 4}, {inner, theme::controlSize}});
-    top += theme::controlSize + gap + 4;
+    const double height = offer_->heightFor(inner);
+    offer_->setFrame({{theme::padding, top + 4}, {inner, height}});
+    top += height + gap + 4;
   }
   return top;
 }
 
 double RoutePanel::arrange(double width, double mostHeight) {
-  const double stops = stops_->arrange(width);
-  stops_->setFrame({{0, 0}, {width, stops}});
-  double top = stops + gap;
-  profiles_->setHidden(walk_ != WalkState::none);
+  isShort_ = false;
+  double height = arrangeParts(width, mostHeight);
+  if (steps_->hasSteps()) {
+    const double least = std::min(steps_->heightFor(width, 1e9), leastSteps());
+    isShort_ = mostHeight - steps_->frame().minY() - gap < least;
+    if (isShort_) height = arrangeParts(width, mostHeight);
+  }
+  directChildren(*this, width);
+  return height;
+}
+
+double RoutePanel::arrangeParts(double width, double mostHeight) {
+  stops_->setHidden(isShort_);
+  double top = gap;
+  if (!isShort_) {
+    const double stops = stops_->arrange(width);
+    stops_->setFrame({{0, 0}, {width, stops}});
+    top += stops;
+  }
+  profiles_->setHidden(walk_ != WalkState::none || isShort_);
   if (!profiles_->isHidden()) {
-    profiles_->setFrame({{theme::padding, top}, {width - 2 * theme::padding, segmentsHeight}});
-    profiles_->arrange();
-    top += segmentsHeight + 4;
+    const double inner = width - 2 * theme::padding;
+    const double height = profiles_->arrange(inner);
+    profiles_->setFrame({{theme::padding, top}, {inner, height}});
+    top += height + gap;
   }
   top = arrangeChoices(width, arrangeSummary(width, top));
-  const double height = steps_->heightFor(width, mostHeight - top - gap);
+  const double height = std::max(0.0, steps_->heightFor(width, mostHeight - top - gap));
   steps_->setFrame({{0, top}, {width, height}});
   steps_->arrange();
-  directChildren(*this, width);
   return top + height + gap;
 }
 

@@ -61,10 +61,13 @@ class RoutePanel : public Panel {
   Button& offer() { return *offer_; }
   IconButton& walkButton() { return *walkButton_; }
 
-  /// Returns the height for this width, at most `mostHeight`.
+  /// Returns the height for this width. If `mostHeight` has no room for instructions, the stops and
+  /// the choices of profiles and routes are left out, and then the instructions. If even the rest
+  /// needs more, the height is greater than `mostHeight`.
   double arrange(double width, double mostHeight);
 
  private:
+  double arrangeParts(double width, double mostHeight);
   double arrangeSummary(double width, double top);
   double arrangeChoices(double width, double top);
 
@@ -80,6 +83,7 @@ class RoutePanel : public Panel {
   std::optional<std::size_t> helpfulProfile_;
   std::shared_ptr<StepList> steps_;
   WalkState walk_ = WalkState::none;
+  bool isShort_ = false;  // without the stops and the choices
 };
 
 }  // namespace orivanta::viewer

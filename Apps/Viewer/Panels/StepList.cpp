@@ -7,7 +7,6 @@
 #include "Apps/Viewer/Panels/StepIcon.hpp"
 #include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/View/Canvas.hpp"
-#include "Source/UI/Display/MarkColors.hpp"
 
 namespace orivanta::viewer {
 
@@ -15,50 +14,59 @@ namespace {
 
 constexpr double tileSide = 34;  // points; behind the icon
 constexpr double iconSide = 22;
-constexpr double textLeft = theme::padding + tileSide + 12;
+constexpr double tileGap = 12;    // between the tile and the text
 constexpr double textMargin = 9;  // above the text, and below it
 constexpr double leastHeight = 48;
-constexpr int mostLines = 6;
 
-graphics::Color colorOf(guidance::Step::Kind kind, bool isFirst) {
-  if (kind == guidance::Step::Kind::arrive) return markColors::end;
-  return isFirst ? markColors::start : theme::accent;
+theme::Tone colorOf(guidance::Step::Kind kind, bool isFirst) {
+  if (kind == guidance::Step::Kind::arrive) return theme::end;
+  return isFirst ? theme::start : theme::accent;
 }
+
+// The side of the tile, which grows half as much as the text.
+double tile() { return tileSide * theme::control() / theme::controlSize; }
 
 }  // namespace
 
 class StepList::StepRow : public Row {
  public:
-  StepRow(Icon icon, graphics::Color color, const std::string& text)
+  StepRow(Icon icon, theme::Tone color, const std::string& text)
       : Row(leastHeight),
         icon_(std::make_shared<IconView>(std::move(icon), color)),
         color_(color),
-        text_(std::make_shared<Label>(LabelStyle{.lines = mostLines}, text)) {
+        text_(std::make_shared<Label>(LabelStyle{.lines = 0}, text)) {
     addSubview(icon_);
     addSubview(text_);
   }
 
-  void fit(double width) {
-    const double text = text_->fitting(width - textLeft - theme::padding).height;
-    setHeight(std::max(leastHeight, text + 2 * textMargin));
+  double heightFor(double width) override {
+    return std::max({leastHeight, text_->fitting(textWidth(width)).height + 2 * textMargin,
+                     tile() + 2 * textMargin});
   }
 
   void draw(view::Canvas& canvas) override {
     Row::draw(canvas);
     const graphics::Size size = bounds().size;
-    const double top = std::min((size.height - tileSide) / 2, textMargin);
-    const double inset = (tileSide - iconSide) / 2;
-    canvas.fill(directed(*this, {{theme::padding, top}, {tileSide, tileSide}}),
+    const double side = tile();
+    const double icon = side * iconSide / tileSide;
+    const double top = std::min((size.height - side) / 2, textMargin);
+    const double inset = (side - icon) / 2;
+    canvas.fill(directed(*this, {{theme::padding, top}, {side, side}}),
                 isMarked() ? color_ : theme::accentTint, 9);
     icon_->setColor(isMarked() ? theme::paper : color_);
-    icon_->setFrame(directed(*this, {{theme::padding + inset, top + inset}, {iconSide, iconSide}}));
+    icon_->setFrame(directed(*this, {{theme::padding + inset, top + inset}, {icon, icon}}));
+    const double width = textWidth(size.width);
     text_->setFrame(
-        directed(*this, {{textLeft, 0}, {size.width - textLeft - theme::padding, size.height}}));
+        directed(*this, {{size.width - theme::padding - width, 0}, {width, size.height}}));
   }
 
  private:
+  static double textWidth(double width) {
+    return std::max(1.0, width - 2 * theme::padding - tile() - tileGap);
+  }
+
   std::shared_ptr<IconView> icon_;
-  graphics::Color color_;
+  theme::Tone color_;
   std::shared_ptr<Label> text_;
 };
 
@@ -66,7 +74,6 @@ StepList::StepList() : list_(std::make_shared<List>()) { addSubview(list_); }
 
 void StepList::show(const GuidedRoute* route) {
   rows_.clear();
-  width_ = 0;
   list_->setRows({});
   if (route == nullptr) return;
   for (std::size_t i = 0; i < route->steps.size(); ++i) {
@@ -77,6 +84,7 @@ void StepList::show(const GuidedRoute* route) {
       if (chosen) chosen(i);
     };
   }
+  list_->setRows({rows_.begin(), rows_.end()});
 }
 
 void StepList::setCurrent(std::optional<std::size_t> index) {
@@ -84,21 +92,15 @@ void StepList::setCurrent(std::optional<std::size_t> index) {
 }
 
 double StepList::heightFor(double width, double mostHeight) {
-  if (width != width_) {
-    width_ = width;
-    const auto current = list_->marked();
-    for (const auto& row : rows_) row->fit(width);
-    list_->setRows({rows_.begin(), rows_.end()});
-    list_->setFrame({});
-    markedAnew_ = current;
-  }
-  return list_->heightWithin(mostHeight);
+  return list_->heightWithin(mostHeight, width);
 }
 
 void StepList::arrange() {
   list_->setFrame(bounds());
   list_->arrange();
-  if (const auto current = std::exchange(markedAnew_, std::nullopt)) list_->mark(current);
+  const graphics::Size size = bounds().size;
+  const bool isResized = !(std::exchange(size_, size) == size);
+  if (isResized && list_->marked()) list_->reveal(*list_->marked());
 }
 
 }  // namespace orivanta::viewer

@@ -42,8 +42,7 @@ class StepList : public view::View {
 
   std::shared_ptr<List> list_;
   std::vector<std::shared_ptr<StepRow>> rows_;
-  double width_ = 0;                       // of the rows; 0 if they must be arranged
-  std::optional<std::size_t> markedAnew_;  // to be highlighted when the rows are arranged
+  graphics::Size size_;  // when it was last arranged
 };
 
 }  // namespace orivanta::viewer

@@ -1,22 +1,22 @@
 #include "Apps/Viewer/Panels/StopLines.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/View/Canvas.hpp"
-#include "Source/UI/Display/MarkColors.hpp"
 
 namespace orivanta::viewer {
 
 namespace {
 
-constexpr double lineHeight = 40;  // points
-constexpr double firstTop = 6;
+constexpr double firstTop = 4;  // points
+constexpr double edge = 10;     // above a name, and below it
 constexpr double dotMiddle = theme::padding + 5;
 constexpr double nameLeft = theme::padding + 20;
-constexpr double buttonSide = 42;
 constexpr double dotSide = 10;
 constexpr double numberSide = 18;
+constexpr double mostNumberSide = 34;
 
 }  // namespace
 
@@ -25,6 +25,8 @@ struct StopLines::Line {
   std::shared_ptr<Label> name;
   std::shared_ptr<Label> number;   // null for the ends
   std::shared_ptr<Button> remove;  // likewise
+  double top = 0;
+  double height = 0;
 };
 
 StopLines::StopLines(const guidance::InterfaceTexts& texts)
@@ -40,10 +42,11 @@ StopLines::StopLines(const guidance::InterfaceTexts& texts)
 StopLines::~StopLines() = default;
 
 void StopLines::add(const std::optional<std::string>& name, const char* wishKey) {
-  Line line{std::make_shared<Pressable>(),
-            std::make_shared<Label>(LabelStyle{.color = name ? theme::ink : theme::faint},
-                                    name ? *name : texts_.text(wishKey)),
-            nullptr, nullptr};
+  Line line{
+      std::make_shared<Pressable>(),
+      std::make_shared<Label>(LabelStyle{.color = name ? theme::ink : theme::faint, .lines = 0},
+                              name ? *name : texts_.text(wishKey)),
+      nullptr, nullptr};
   line.area->addSubview(line.name);
   addSubview(line.area);
   lines_.push_back(std::move(line));
@@ -80,19 +83,23 @@ void StopLines::show(const StopNames& names) {
 }
 
 double StopLines::arrange(double width) {
-  const double right = width - buttonSide - 4;
+  const double side = theme::control();
+  const double right = width - side - 4;
   double top = firstTop;
-  for (const Line& line : lines_) {
-    const graphics::Rect name{{nameLeft, top}, {right - nameLeft - 6, lineHeight}};
-    line.area->setFrame(name);
-    line.name->setFrame({{0, 0}, name.size});
-    if (line.remove) line.remove->setFrame({{right, top - 1}, {buttonSide, buttonSide}});
+  for (Line& line : lines_) {
+    const double nameWidth = std::max(1.0, right - nameLeft - 6);
+    line.top = top;
+    line.height = std::max(side, line.name->fitting(nameWidth).height + 2 * edge);
+    line.area->setFrame({{nameLeft, top}, {nameWidth, line.height}});
+    line.name->setFrame({{0, 0}, {nameWidth, line.height}});
+    const double middle = top + (line.height - side) / 2;
+    if (line.remove) line.remove->setFrame({{right, middle}, {side, side}});
     if (line.number)
-      line.number->setFrame({{dotMiddle - numberSide, top}, {2 * numberSide, lineHeight}});
-    top += lineHeight;
+      line.number->setFrame({{dotMiddle - numberSide, top}, {2 * numberSide, line.height}});
+    top += line.height;
   }
-  close_->setFrame({{right, firstTop - 2}, {buttonSide, buttonSide}});
-  swap_->setFrame({{right, top - lineHeight}, {buttonSide, buttonSide}});
+  close_->setFrame({{right, firstTop}, {side, side}});
+  swap_->setFrame({{right, top - side}, {side, side}});
   directChildren(*this, width);
   return top + firstTop + 1;
 }
@@ -105,18 +112,20 @@ void StopLines::draw(view::Canvas& canvas) {
   };
   const double width = bounds().size.width;
   const double left = theme::padding;
-  const double first = firstTop + lineHeight / 2;
-  const auto gaps = static_cast<double>(lines_.size() - 1);
-  fill({{dotMiddle - 1, first}, {2, lineHeight * gaps}}, theme::hairline, 0);
+  const auto middleOf = [](const Line& line) { return line.top + line.height / 2; };
+  const double first = middleOf(lines_.front());
+  fill({{dotMiddle - 1, first}, {2, middleOf(lines_.back()) - first}}, theme::border, 0);
   for (std::size_t i = 0; i < lines_.size(); ++i) {
-    const double middle = first + lineHeight * static_cast<double>(i);
+    const Line& line = lines_[i];
+    const double middle = middleOf(line);
     const bool isLast = i + 1 == lines_.size();
-    const graphics::Color color =
-        i == 0 ? markColors::start : (isLast ? markColors::end : markColors::place);
-    const double side = lines_[i].number ? numberSide : dotSide;
+    const theme::Tone color = i == 0 ? theme::start : (isLast ? theme::end : theme::stop);
+    const double side =
+        line.number ? std::min(theme::withText(numberSide), mostNumberSide) : dotSide;
     fill({{dotMiddle - side / 2, middle - side / 2}, {side, side}}, color, side / 2);
     if (!isLast)
-      fill({{nameLeft, middle + lineHeight / 2}, {width - nameLeft - 52, 1}}, theme::hairline, 0);
+      fill({{nameLeft, line.top + line.height}, {width - nameLeft - theme::control() - 10, 1}},
+           theme::hairline, 0);
   }
   fill({{left, bounds().size.height - 1}, {width - 2 * left, 1}}, theme::hairline, 0);
 }

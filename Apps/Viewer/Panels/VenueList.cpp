@@ -10,7 +10,7 @@ namespace orivanta::viewer {
 
 VenueList::VenueList(const guidance::InterfaceTexts& texts)
     : isRightToLeft_(texts.isRightToLeft()),
-      title_(std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true},
+      title_(std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 0},
                                      texts.text("interface.venues.title"))),
       list_(std::make_shared<List>()) {
   addSubview(title_);
@@ -38,13 +38,16 @@ void VenueList::chooseMarked() {
 }
 
 graphics::Size VenueList::arrange(graphics::Size room) {
-  const double width = std::min(420.0, room.width - 2 * theme::margin);
-  title_->setFrame({{theme::padding, 8}, {width - 2 * theme::padding, 48}});
-  const double height = list_->heightWithin(room.height - 2 * theme::margin - 70);
-  list_->setFrame({{0, 58}, {width, height}});
+  const double width = std::min(theme::withText(420), room.width - 2 * theme::margin);
+  const double inner = width - 2 * theme::padding;
+  const double title = std::max(48.0, title_->fitting(inner).height + 12);
+  title_->setFrame({{theme::padding, 8}, {inner, title}});
+  const double top = title + 10;
+  const double height = list_->heightWithin(room.height - 2 * theme::margin - top - 12, width);
+  list_->setFrame({{0, top}, {width, height}});
   list_->arrange();
   directChildren(*this, width);
-  return {width, 58 + height + 10};
+  return {width, top + height + 10};
 }
 
 }  // namespace orivanta::viewer

@@ -66,7 +66,7 @@ std::shared_ptr<const graphics::Image> drawIcon(const Icon& icon, graphics::Colo
   });
 }
 
-IconView::IconView(Icon icon, graphics::Color color) : icon_(std::move(icon)), color_(color) {
+IconView::IconView(Icon icon, theme::Paint color) : icon_(std::move(icon)), color_(color) {
   setUserInteractionEnabled(false);
 }
 
@@ -75,17 +75,15 @@ void IconView::setIcon(Icon icon) {
   image_ = nullptr;
 }
 
-void IconView::setColor(graphics::Color color) {
-  if (color == color_) return;
-  color_ = color;
-  image_ = nullptr;
-}
-
 void IconView::draw(view::Canvas& canvas) {
   const double side = bounds().size.width;
   if (side <= 0) return;
-  if (!image_ || image_->scale() != canvas.scale())
-    image_ = drawIcon(icon_, color_, side, canvas.scale());
+  const graphics::Color color = color_;
+  if (!image_ || image_->scale() != canvas.scale() || side_ != side || !(imageColor_ == color)) {
+    image_ = drawIcon(icon_, color, side, canvas.scale());
+    side_ = side;
+    imageColor_ = color;
+  }
   canvas.draw(image_, bounds());
 }
 

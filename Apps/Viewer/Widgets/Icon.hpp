@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "Apps/Viewer/Theme.hpp"
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Image.hpp"
@@ -27,16 +28,18 @@ std::shared_ptr<const graphics::Image> drawIcon(const Icon& icon, graphics::Colo
 /// Shows an icon as large as its frame, which must be a square. Receives no touches.
 class IconView : public view::View {
  public:
-  IconView(Icon icon, graphics::Color color);
+  IconView(Icon icon, theme::Paint color);
 
   void setIcon(Icon icon);
-  void setColor(graphics::Color color);
+  void setColor(theme::Paint color) { color_ = color; }
   void draw(view::Canvas& canvas) override;
 
  private:
   Icon icon_;
-  graphics::Color color_;
+  theme::Paint color_;
   std::shared_ptr<const graphics::Image> image_;  // null until it is drawn
+  double side_ = 0;                               // of the image
+  graphics::Color imageColor_;
 };
 
 /// Returns the image of a disc with a white border, for a position on a map. `side` is in points,

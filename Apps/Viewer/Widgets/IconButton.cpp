@@ -7,8 +7,8 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double discSide = 36;  // points
-constexpr double iconSide = 18;
+constexpr double discShare = 36.0 / theme::controlSize;  // of the button's side
+constexpr double iconShare = 18.0 / theme::controlSize;
 
 graphics::Rect centered(graphics::Size room, double side) {
   return {{(room.width - side) / 2, (room.height - side) / 2}, {side, side}};
@@ -23,10 +23,12 @@ IconButton::IconButton(Icon icon)
 
 void IconButton::draw(view::Canvas& canvas) {
   constexpr graphics::Color shade{0, 0, 0, 0.2F};
+  const double side = bounds().size.height;
+  const double discSide = discShare * side;
   const graphics::Rect disc = centered(bounds().size, discSide);
   canvas.fill(disc, theme::accent, discSide / 2);
   if (isPressed()) canvas.fill(disc, shade, discSide / 2);
-  icon_->setFrame(centered(bounds().size, iconSide));
+  icon_->setFrame(centered(bounds().size, iconShare * side));
 }
 
 }  // namespace orivanta::viewer

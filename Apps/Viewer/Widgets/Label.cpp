@@ -1,10 +1,10 @@
 #include "Apps/Viewer/Widgets/Label.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
 #include "Apps/Viewer/Widgets/Direction.hpp"
-#include "Platform/Graphics/Text.hpp"
 #include "Platform/View/Canvas.hpp"
 
 namespace orivanta::viewer {
@@ -31,21 +31,17 @@ void Label::setLines(int most) {
   forgetPicture();
 }
 
-void Label::setColor(graphics::Color color) {
-  if (color == style_.color) return;
-  style_.color = color;
-  forgetPicture();
-}
+void Label::setColor(theme::Paint color) { style_.color = color; }
 
 void Label::forgetPicture() {
   pictureWidth_ = -1;
   fittingRoom_ = -1;
 }
 
-const std::shared_ptr<const graphics::Image>& Label::picture(double width, double scale) {
-  if (pictureWidth_ == width && pictureScale_ == scale) return picture_;
+graphics::TextStyle Label::textStyle(double width) const {
   graphics::TextStyle style;
-  style.fontSize = style_.size;
+  style.fontSize = style_.isSign ? style_.size * theme::control() / theme::controlSize
+                                 : theme::withText(style_.size);
   style.bold = style_.bold;
   style.color = style_.color;
   style.maximumWidth = width;
@@ -53,9 +49,29 @@ const std::shared_ptr<const graphics::Image>& Label::picture(double width, doubl
   style.wholeLines = true;
   style.alignment = style_.alignment == Alignment::center ? graphics::TextAlignment::center
                                                           : graphics::TextAlignment::leading;
-  picture_ = width > 0 ? graphics::makeTextImage(text_, style, scale) : nullptr;
+  return style;
+}
+
+bool Label::isCut() const {
+  if (text_.empty() || style_.isSign) return false;
+  const graphics::Size room = bounds().size;
+  graphics::TextStyle style = textStyle(room.width);
+  const graphics::Size shown = graphics::measureText(text_, style);
+  style.maximumLines = 0;
+  const graphics::Size whole = graphics::measureText(text_, style);
+  return whole.height > std::max(shown.height, 1.0) + 1 || whole.height > room.height + 1 ||
+         whole.width > room.width + 1;
+}
+
+const std::shared_ptr<const graphics::Image>& Label::picture(double width, double scale) {
+  const graphics::Color color = style_.color;
+  if (pictureLook_ != theme::generation()) forgetPicture();
+  if (pictureWidth_ == width && pictureScale_ == scale && pictureColor_ == color) return picture_;
+  picture_ = width > 0 ? graphics::makeTextImage(text_, textStyle(width), scale) : nullptr;
   pictureWidth_ = width;
   pictureScale_ = scale;
+  pictureColor_ = color;
+  pictureLook_ = theme::generation();
   return picture_;
 }
 

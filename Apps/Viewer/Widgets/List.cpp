@@ -13,19 +13,25 @@ namespace orivanta::viewer {
 
 namespace {
 
-constexpr double fadeShare = 0.2;  // of a row's height, over which it fades
+constexpr double edge = 8;             // points above the texts of a row, and below them
+constexpr double trailingShare = 0.4;  // of a row's width, at most
+constexpr double dotSide = 10;
+constexpr double dotWidth = 22;  // with the space after it
+constexpr double trailingGap = 10;
 
 }  // namespace
 
 Row::Row(const RowText& text)
-    : title_(std::make_shared<Label>(LabelStyle{}, text.title)),
-      detail_(std::make_shared<Label>(LabelStyle{.size = theme::smallSize, .color = theme::faint},
-                                      text.detail)),
-      trailing_(std::make_shared<Label>(
-          LabelStyle{
-              .size = theme::smallSize, .color = theme::faint, .alignment = Alignment::trailing},
-          text.trailing)),
+    : title_(std::make_shared<Label>(LabelStyle{.lines = 0}, text.title)),
+      detail_(std::make_shared<Label>(
+          LabelStyle{.size = theme::smallSize, .color = theme::faint, .lines = 0}, text.detail)),
+      trailing_(std::make_shared<Label>(LabelStyle{.size = theme::smallSize,
+                                                   .color = theme::faint,
+                                                   .alignment = Alignment::trailing,
+                                                   .lines = 0},
+                                        text.trailing)),
       dot_(text.dot),
+      indent_(text.indent),
       height_(heightWith(text.detail)) {
   for (const auto& label : {title_, detail_, trailing_}) addSubview(label);
 }
@@ -36,22 +42,44 @@ double Row::heightWith(std::string_view detail) {
 
 Row::Row(double height) : Row(RowText{}) { height_ = height; }
 
+double Row::height() const { return theme::withText(height_); }
+
+Row::Columns Row::columnsFor(double width) {
+  Columns columns;
+  columns.left = theme::padding + indent_ + (dot_ ? dotWidth : 0);
+  if (!trailing_->text().empty())
+    columns.trailing = trailing_->fitting(trailingShare * width).width + trailingGap;
+  columns.width = std::max(1.0, width - columns.left - theme::padding - columns.trailing);
+  return columns;
+}
+
+double Row::heightFor(double width) {
+  if (title_->text().empty()) return height();
+  const Columns columns = columnsFor(width);
+  double texts = title_->fitting(columns.width).height;
+  if (!detail_->text().empty()) texts += detail_->fitting(columns.width).height;
+  if (columns.trailing > 0) texts = std::max(texts, trailing_->fitting(columns.trailing).height);
+  return std::max(height_, texts + 2 * edge);
+}
+
 void Row::draw(view::Canvas& canvas) {
   const graphics::Size size = bounds().size;
   if (isPressed() || marked_)
     canvas.fill({{6, 2}, {size.width - 12, size.height - 4}},
                 marked_ ? theme::accentTint : theme::pressed, 8);
-  double left = theme::padding;
-  if (dot_) {
-    canvas.fill(directed(*this, {{left, size.height / 2 - 5}, {10, 10}}), *dot_, 5);
-    left += 22;
-  }
-  const double trailing = trailing_->text().empty() ? 0 : trailing_->fitting(160).width + 10;
-  const double width = size.width - left - theme::padding - trailing;
-  const bool isPlain = detail_->text().empty();
-  title_->setFrame({{left, isPlain ? 0.0 : 8.0}, {width, isPlain ? size.height : 22}});
-  detail_->setFrame({{left, 30}, {width, isPlain ? 0.0 : 18}});
-  trailing_->setFrame({{size.width - theme::padding - trailing, 0}, {trailing, size.height}});
+  if (title_->text().empty()) return;
+  if (dot_)
+    canvas.fill(
+        directed(*this, {{theme::padding, (size.height - dotSide) / 2}, {dotSide, dotSide}}), *dot_,
+        dotSide / 2);
+  const Columns columns = columnsFor(size.width);
+  const double title = title_->fitting(columns.width).height;
+  const double detail = detail_->text().empty() ? 0 : detail_->fitting(columns.width).height;
+  const double top = (size.height - title - detail) / 2;
+  title_->setFrame({{columns.left, top}, {columns.width, title}});
+  detail_->setFrame({{columns.left, top + title}, {columns.width, detail}});
+  trailing_->setFrame(
+      {{size.width - theme::padding - columns.trailing, 0}, {columns.trailing, size.height}});
   for (const auto& label : {title_, detail_, trailing_})
     label->setFrame(directed(*this, label->frame()));
 }
@@ -76,16 +104,40 @@ void List::setRows(std::vector<std::shared_ptr<Row>> rows) {
 void List::setSource(RowSource source) {
   drop(0, ends_.size());
   source_ = std::move(source);
+  textScale_ = theme::look().textScale;
   ends_.resize(source_.heights.size());
   std::partial_sum(source_.heights.begin(), source_.heights.end(), ends_.begin());
   offset_ = 0;
   marked_.reset();
+  focused_.reset();
   arrange();
 }
 
 double List::heightWithin(double most) const {
   const auto end = std::upper_bound(ends_.begin(), ends_.end(), most);
-  return end == ends_.begin() ? 0 : *(end - 1);
+  if (end != ends_.begin()) return *(end - 1);
+  return ends_.empty() ? 0 : std::max(0.0, most);
+}
+
+// Estimates the heights of all rows after the size of text has changed.
+void List::followTextSize() {
+  const double scale = theme::look().textScale;
+  if (scale == textScale_) return;
+  for (double& end : ends_) end *= scale / textScale_;
+  textScale_ = scale;
+}
+
+double List::heightWithin(double most, double width) {
+  followTextSize();
+  for (std::size_t row = 0; row < ends_.size() && topOf(row) < most; ++row) measure(row, width);
+  return heightWithin(most);
+}
+
+// Corrects the height of a row, and the places of those below it.
+void List::measure(std::size_t row, double width) {
+  const double change = rowAt(row).heightFor(width) - (ends_[row] - topOf(row));
+  if (change == 0) return;
+  for (std::size_t below = row; below < ends_.size(); ++below) ends_[below] += change;
 }
 
 void List::scrollBy(double points) {
@@ -129,6 +181,53 @@ void List::moveMark(int down) {
   mark(at);
 }
 
+// --- Keyboard
+
+void List::focus() {
+  if (focused_) return focusRow(focused_);
+  if (marked_) return focusRow(marked_);
+  const auto first = std::upper_bound(ends_.begin(), ends_.end(), offset_) - ends_.begin();
+  focusRow(markableFrom(static_cast<std::size_t>(first), 1));
+}
+
+void List::focusRow(std::optional<std::size_t> row) {
+  focused_ = row;
+  if (row && *row < ends_.size()) reveal(*row);
+}
+
+bool List::handleKey(const KeyPress& press) {
+  if (!focused_ || ends_.empty()) return false;
+  const auto from = [&](std::size_t row, int direction) {
+    if (const auto next = markableFrom(row, direction)) focusRow(next);
+    return true;
+  };
+  switch (press.key) {
+    case Key::up:
+      return *focused_ == 0 || from(*focused_ - 1, -1);
+    case Key::down:
+      return from(*focused_ + 1, 1);
+    case Key::home:
+      return from(0, 1);
+    case Key::end:
+      return from(ends_.size() - 1, -1);
+    case Key::enter:
+    case Key::space:
+      if (const auto row = inSight_.find(*focused_); row != inSight_.end()) row->second->activate();
+      return true;
+    default:
+      return false;
+  }
+}
+
+std::optional<graphics::Rect> List::focusedRect() const {
+  if (!focused_ || *focused_ >= ends_.size()) return std::nullopt;
+  const double top = std::max(0.0, topOf(*focused_) - offset_);
+  const double bottom = std::min(bounds().size.height, ends_[*focused_] - offset_);
+  return graphics::Rect{{0, top}, {bounds().size.width, std::max(0.0, bottom - top)}};
+}
+
+// --- Rows
+
 void List::drop(std::size_t first, std::size_t last) {
   const auto end = inSight_.lower_bound(last);
   for (auto entry = inSight_.lower_bound(first); entry != end; entry = inSight_.erase(entry)) {
@@ -148,34 +247,31 @@ Row& List::rowAt(std::size_t index) {
 }
 
 void List::arrange() {
+  followTextSize();
   const graphics::Size size = bounds().size;
   offset_ = std::clamp(offset_, 0.0, std::max(0.0, contentHeight() - size.height));
   const auto bottom = offset_ + size.height;
   const auto first = static_cast<std::size_t>(
       std::upper_bound(ends_.begin(), ends_.end(), offset_) - ends_.begin());
   std::size_t last = first;
-  while (last < ends_.size() && topOf(last) < bottom) ++last;
+  for (; last < ends_.size() && topOf(last) < bottom; ++last) {
+    if (size.width > 0) measure(last, size.width);
+    rowAt(last).setHidden(false);
+    rowAt(last).setFrame({{0, topOf(last) - offset_}, {size.width, ends_[last] - topOf(last)}});
+  }
   drop(0, first);
   drop(last, ends_.size());
-  for (std::size_t index = first; index < last; ++index) {
-    Row& row = rowAt(index);
-    const double height = row.height();
-    const double top = topOf(index) - offset_;
-    row.setFrame({{0, top}, {size.width, height}});
-    const double outside = std::max({0.0, -top, top + height - size.height}) / height;
-    row.setAlpha(1 - outside / fadeShare);
-    row.setHidden(row.alpha() <= 0);
-  }
 }
 
 void List::draw(view::Canvas& canvas) {
   View::draw(canvas);
+  canvas.clip(bounds());
   const double content = contentHeight();
   const double height = bounds().size.height;
   if (content <= height + 1) return;
   const double thumb = std::max(24.0, height * height / content);
   const double top = (height - thumb) * offset_ / (content - height);
-  canvas.fill(directed(*this, {{bounds().size.width - 6, top}, {3, thumb}}), theme::hairline, 1.5);
+  canvas.fill(directed(*this, {{bounds().size.width - 6, top}, {3, thumb}}), theme::border, 1.5);
 }
 
 }  // namespace orivanta::viewer

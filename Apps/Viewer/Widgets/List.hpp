@@ -16,9 +16,10 @@ namespace orivanta::viewer {
 /// The texts of a row.
 struct RowText {
   std::string title;
-  std::string detail;                                 ///< below the title; may be empty
-  std::string trailing;                               ///< at the end of the line; may be empty
-  std::optional<graphics::Color> dot = std::nullopt;  ///< before the title
+  std::string detail;                              ///< below the title; may be empty
+  std::string trailing;                            ///< at the end of the line; may be empty
+  std::optional<theme::Paint> dot = std::nullopt;  ///< before the title
+  double indent = 0;                               ///< points left free before the title
 };
 
 class Row : public Pressable {
@@ -28,38 +29,53 @@ class Row : public Pressable {
   /// Creates a row without text, for classes that draw themselves.
   explicit Row(double height);
 
-  double height() const { return height_; }  ///< points
+  double height() const;  ///< points; an estimate, for the current size of text
+
+  /// Returns the height that the row needs at this width. By default, the texts are wrapped. Rows
+  /// without text have `height`.
+  virtual double heightFor(double width);
 
   static constexpr double plainHeight = 44;   ///< points; of a row with only a title
   static constexpr double detailHeight = 56;  ///< points; of a row with a detail
 
   /// Returns the height of a row with this detail, which may be empty.
   static double heightWith(std::string_view detail);
+
   void setMarked(bool marked) { marked_ = marked; }
   const std::string& title() const { return title_->text(); }
   void draw(view::Canvas& canvas) override;
 
  protected:
   bool isMarked() const { return marked_; }
-  void setHeight(double height) { height_ = height; }  ///< points; set it before the list has it
 
  private:
+  struct Columns {
+    double left = 0;      // of the title and the detail
+    double width = 0;     // of both
+    double trailing = 0;  // width
+  };
+
+  Columns columnsFor(double width);
+
   std::shared_ptr<Label> title_;
   std::shared_ptr<Label> detail_;
   std::shared_ptr<Label> trailing_;
-  std::optional<graphics::Color> dot_;
-  double height_;
+  std::optional<theme::Paint> dot_;
+  double indent_;
+  double height_;  // for the usual size of text
   bool marked_ = false;
 };
 
 /// Rows that are created when they become visible.
 struct RowSource {
-  std::vector<double> heights;                            ///< points, one for each row
-  std::function<std::shared_ptr<Row>(std::size_t)> make;  ///< creates a row of that height
+  /// Points, one for each row. The list corrects them when a row becomes visible.
+  std::vector<double> heights;
+  std::function<std::shared_ptr<Row>(std::size_t)> make;  ///< creates a row
   std::function<bool(std::size_t)> canBeMarked = [](auto) { return true; };
 };
 
-/// Scrolls with a finger. Rows fade at the edges of the list. Only visible rows are subviews.
+/// Scrolls with a finger or the keyboard. Rows are clipped at the edges of the list. Only visible
+/// rows are subviews.
 class List : public view::View {
  public:
   List();
@@ -77,8 +93,13 @@ class List : public view::View {
 
   double contentHeight() const { return ends_.empty() ? 0 : ends_.back(); }
 
-  /// Returns the height of as many whole rows as fit into this height.
+  /// Returns the height of as many whole rows as fit into this height. If not even one row fits,
+  /// returns `most`, which should then be enough for a part of it. The heights of rows that have
+  /// not been visible are estimates.
   double heightWithin(double most) const;
+
+  /// As above, with the exact heights of the first rows at this width.
+  double heightWithin(double most, double width);
 
   /// Scrolls down by this many points. Stops at the ends.
   void scrollBy(double points);
@@ -94,10 +115,29 @@ class List : public view::View {
   /// step marks the first of them.
   void moveMark(int down);
 
+  /// Whether the focus of the keyboard can be in the list; true until set. False for a list whose
+  /// keys another view handles.
+  bool takesFocus() const { return takesFocus_; }
+  void setTakesFocus(bool takes) { takesFocus_ = takes; }
+
+  /// Moves the focus of the keyboard among the rows, or activates the focused row. Returns false
+  /// for other keys.
+  bool handleKey(const KeyPress& press);
+
+  /// Gives the focus of the keyboard to a row: the one that had it last, the marked one, or the
+  /// first visible one that can be marked.
+  void focus();
+
+  /// Returns where the focused row is visible in this view. Empty if no row has the focus.
+  std::optional<graphics::Rect> focusedRect() const;
+
   void arrange();
   void draw(view::Canvas& canvas) override;
 
  private:
+  void followTextSize();
+  void measure(std::size_t row, double width);
+  void focusRow(std::optional<std::size_t> row);
   double topOf(std::size_t row) const { return row == 0 ? 0 : ends_[row - 1]; }
   std::optional<std::size_t> markableFrom(std::size_t row, int direction) const;
   void drop(std::size_t first, std::size_t last);
@@ -107,7 +147,10 @@ class List : public view::View {
   std::vector<double> ends_;  // the lower edge of each row, from the top of the list
   std::map<std::size_t, std::shared_ptr<Row>> inSight_;
   std::optional<std::size_t> marked_;
+  std::optional<std::size_t> focused_;
+  bool takesFocus_ = true;
   double offset_ = 0;
+  double textScale_ = 1;  // for which the heights of rows are
   double lastTranslation_ = 0;
 };
 

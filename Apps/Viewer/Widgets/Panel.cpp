@@ -20,10 +20,12 @@ void drawPaper(view::Canvas& canvas, const graphics::Rect& rect, double radius) 
   lowered.origin.y += 3;
   for (int ring = rings; ring > 0; --ring)
     canvas.fill(grown(lowered, ring * 1.6), {0.09F, 0.11F, 0.16F, 0.010F}, radius + ring * 1.6);
-  canvas.fill(grown(rect, 1), theme::hairline, radius + 1);
+  canvas.fill(grown(rect, 1), theme::border, radius + 1);
   canvas.fill(rect, theme::paper, radius);
 }
 
-void Panel::draw(view::Canvas& canvas) { drawPaper(canvas, bounds(), theme::radius); }
+void Panel::draw(view::Canvas& canvas) {
+  if (!flat_) drawPaper(canvas, bounds(), theme::radius);
+}
 
 }  // namespace orivanta::viewer

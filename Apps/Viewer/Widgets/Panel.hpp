@@ -5,13 +5,18 @@
 
 namespace orivanta::viewer {
 
-/// White with rounded corners, a soft border and a shadow. Touches do not reach the views below it.
+/// Paper with rounded corners, a border and a shadow. Touches do not reach the views below it.
 class Panel : public view::View {
  public:
+  /// Whether to draw no paper, because the panel lies on another one.
+  void setFlat(bool flat) { flat_ = flat; }
   void draw(view::Canvas& canvas) override;
+
+ private:
+  bool flat_ = false;
 };
 
-/// Draws a white rectangle with rounded corners, a border and a shadow.
+/// Draws a rectangle of paper with rounded corners, a border and a shadow.
 void drawPaper(view::Canvas& canvas, const graphics::Rect& rect, double radius);
 
 }  // namespace orivanta::viewer

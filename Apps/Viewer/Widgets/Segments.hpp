@@ -1,4 +1,4 @@
-// A row of titles of which one is chosen.
+// Titles of which one is chosen.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +11,7 @@
 
 namespace orivanta::viewer {
 
-/// The titles share the width in proportion to their lengths. If the width is not sufficient, their
-/// letters are smaller.
+/// The titles are in one row, or in as many rows as they need.
 class Segments : public view::View {
  public:
   /// Called after a tap on a title, with its index.
@@ -26,12 +25,13 @@ class Segments : public view::View {
   std::size_t size() const { return cells_.size(); }
   const std::shared_ptr<Pressable>& cell(std::size_t index) const { return cells_[index]; }
 
-  /// Call after the frame was set.
-  void arrange();
+  /// Places the titles for this width and returns the height.
+  double arrange(double width);
   void draw(view::Canvas& canvas) override;
 
  private:
-  double fitTitles(double width);
+  std::vector<std::size_t> rowSizes(double width);
+  double arrangeRow(std::size_t first, std::size_t count, double width, double top);
 
   std::vector<std::shared_ptr<Pressable>> cells_;
   std::vector<std::shared_ptr<Label>> labels_;

@@ -20,7 +20,7 @@ constexpr double caretHeight = 20;
 
 graphics::TextStyle styleOf(const graphics::Color& color) {
   graphics::TextStyle style;
-  style.fontSize = theme::textSize;
+  style.fontSize = theme::withText(theme::textSize);
   style.color = color;
   style.maximumLines = 1;
   style.wholeLines = true;
@@ -148,6 +148,7 @@ void TextField::show() {
   if (shown.empty()) shown = placeholder_;
   line_ = std::make_unique<graphics::CaretLine>(shown, styleOf(theme::ink));
   whole_ = nullptr;
+  shownLook_ = theme::generation();
 }
 
 void TextField::scrollToCaret() {
@@ -163,6 +164,7 @@ void TextField::scrollToCaret() {
 }
 
 void TextField::draw(view::Canvas& canvas) {
+  if (shownLook_ != theme::generation()) show();
   const graphics::Size size = bounds().size;
   const bool isEmpty = text_.empty() && composition_.empty();
   if (!whole_ || whole_->scale() != canvas.scale()) {
@@ -189,8 +191,8 @@ void TextField::draw(view::Canvas& canvas) {
   const double start = isRightToLeft(*this) ? size.width - caretWidth : 0;
   const double x = isEmpty ? start : left + line_->distance(caret_ + composition_.size()) - scroll_;
   const double caretLeft = std::max(0.0, std::min(std::round(x) - 1, size.width - caretWidth));
-  canvas.fill({{caretLeft, (size.height - caretHeight) / 2}, {caretWidth, caretHeight}},
-              theme::accent, 1);
+  const double height = std::min(theme::withText(caretHeight), size.height);
+  canvas.fill({{caretLeft, (size.height - height) / 2}, {caretWidth, height}}, theme::accent, 1);
 }
 
 }  // namespace orivanta::viewer

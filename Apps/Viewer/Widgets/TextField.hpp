@@ -65,6 +65,7 @@ class TextField : public Pressable {
   std::unique_ptr<graphics::CaretLine> line_;
   std::shared_ptr<const graphics::Image> whole_;    // null until it is drawn
   std::shared_ptr<const graphics::Image> visible_;  // the part that fits into the field
+  unsigned shownLook_ = 0;                          // see `theme::generation`
 };
 
 }  // namespace orivanta::viewer

@@ -70,21 +70,27 @@ TEST(TextField, TheCaretGoesByCharactersAsTheyShow) {
   EXPECT_EQ(field.text().size(), 199U) << "no truncated characters";
 }
 
-TEST(List, ScrollsBetweenItsEndsAndHidesWhatLeavesIt) {
+TEST(List, ScrollsBetweenItsEnds) {
   List list;
   list.setFrame({{0, 0}, {200, 100}});
   std::vector<std::shared_ptr<Row>> rows;
   for (int i = 0; i < 10; ++i) rows.push_back(std::make_shared<Row>(RowText{"row", "", ""}));
   list.setRows(rows);
-  EXPECT_EQ(rows[1]->alpha(), 1);
-  EXPECT_TRUE(rows[2]->isHidden()) << "most of it is outside";
+  EXPECT_FALSE(rows[2]->isHidden()) << "a part of it is inside";
+  EXPECT_EQ(rows[3]->superview(), nullptr);
   list.scrollBy(1e9);
-  EXPECT_TRUE(rows[0]->isHidden());
+  EXPECT_EQ(rows[0]->superview(), nullptr);
   EXPECT_EQ(rows[9]->frame().maxY(), 100);
   list.reveal(3);
   EXPECT_EQ(rows[3]->frame().minY(), 0);
   list.scrollBy(-1e9);
   EXPECT_EQ(rows[0]->frame().minY(), 0);
+
+  // Rows get the heights of their wrapped texts.
+  rows[0] = std::make_shared<Row>(RowText{std::string(60, 'n') + " name", "", ""});
+  list.setRows(rows);
+  EXPECT_GT(rows[0]->frame().size.height, 1.2 * Row::plainHeight);
+  EXPECT_EQ(rows[1]->frame().minY(), rows[0]->frame().maxY());
 }
 
 TEST(List, MakesOnlyTheRowsInSightAndMarksOnlyThoseThatMayBe) {

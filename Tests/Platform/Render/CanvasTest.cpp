@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <glm/gtc/constants.hpp>
+#include <tuple>
 
 #include "Platform/Render/Gl.hpp"
 #include "Platform/Sprite/Node.hpp"
@@ -48,6 +49,40 @@ TEST(Canvas, WhatNothingCoversIsTransparent) {
   EXPECT_EQ(pixelOf(*studio.draw(root), 4, 4), (Pixel{0, 0, 0, 0}));
   root.setBackgroundColor(Color{1, 0.5F, 0, 0.25F});
   EXPECT_TRUE(isNear(pixelOf(*studio.draw(root), 4, 4), {255, 128, 0, 64}, 3));
+}
+
+// Limits its drawing, and that of its children, to a part of it.
+class Clipped : public view::View {
+ public:
+  using View::View;
+  void draw(view::Canvas& canvas) override {
+    canvas.clip({{2, 1}, {6, 4}});
+    View::draw(canvas);
+  }
+};
+
+TEST(Canvas, ClipsAViewWithItsChildrenButNotItsSiblings) {
+  Studio studio(20, 20);
+  const auto root = makeView({{0, 0}, {20, 20}}, graphics::colors::white);
+  const auto outer = std::make_shared<Clipped>(Rect{{4, 4}, {12, 12}});  // shows 6..12, 5..9
+  outer->setBackgroundColor(graphics::colors::green);
+  const auto inner = std::make_shared<Clipped>(Rect{{4, 2}, {12, 12}});  // shows 10..12, 7..9
+  inner->setBackgroundColor(graphics::colors::red);
+  outer->addSubview(inner);
+  root->addSubview(outer);
+  root->addSubview(makeView({{0, 12}, {20, 2}}, graphics::colors::blue));
+  const auto picture = studio.draw(*root);
+  const Pixel white{255, 255, 255, 255};
+  const Pixel green{0, 255, 0, 255};
+  const Pixel red{255, 0, 0, 255};
+  const std::tuple<int, int, Pixel> expected[] = {
+      {5, 6, white},  {6, 6, green},  {6, 4, white},
+      {9, 8, green},  {10, 6, green}, {10, 8, red},
+      {12, 8, white}, {11, 9, white}, {10, 12, {0, 0, 255, 255}}};
+  for (const auto& [x, y, color] : expected)
+    EXPECT_TRUE(isNear(
+        pixelOf(*picture, static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y)), color))
+        << x << " " << y;
 }
 
 class Drawn : public view::View {

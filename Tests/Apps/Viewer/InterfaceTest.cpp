@@ -1,0 +1,197 @@
+// The interface in windows of many sizes, in several languages, sizes of text and looks.
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <set>
+
+#include "Platform/Graphics/ImageFile.hpp"
+#include "Platform/View/Canvas.hpp"
+#include "Source/Map.hpp"
+#include "Tests/Apps/Viewer/ViewerStage.hpp"
+#include "Tests/Support/TemporaryFolder.hpp"
+
+namespace orivanta::viewer {
+
+namespace {
+
+using graphics::Rect;
+
+constexpr graphics::Size windows[] = {
+    {390, 844}, {768, 1024}, {1080, 1920}, {1280, 800}, {3840, 2160}};
+
+// Draws nothing. Views place their parts while they draw.
+class BlankCanvas : public view::Canvas {
+ public:
+  double time() const override { return 0; }
+  double scale() const override { return 1; }
+  void fill(const Rect&, const graphics::Color&, double) override {}
+  void draw(const std::shared_ptr<const graphics::Image>&, const Rect&, double, double) override {}
+  void draw(view::SceneView&, const Rect&) override {}
+};
+
+class InterfaceTest : public testing::Test {
+ protected:
+  // Draws a view and its descendants, and checks each text and each control.
+  static void check(view::View& view, const std::string& name) {
+    if (view.isHidden() || dynamic_cast<MapView*>(&view) != nullptr) return;
+    BlankCanvas canvas;
+    view.draw(canvas);
+    const graphics::Size size = view.bounds().size;
+    const auto* label = dynamic_cast<const Label*>(&view);
+    if (label != nullptr && label->isCut())
+      ADD_FAILURE() << name << ": \"" << label->text() << "\" in " << size.width << " x "
+                    << size.height;
+    const auto* pressable = dynamic_cast<const Pressable*>(&view);
+    if (pressable != nullptr && pressable->action != nullptr) {
+      EXPECT_GE(size.width, theme::controlSize - 0.01) << name;
+      EXPECT_GE(size.height, theme::controlSize - 0.01) << name;
+    }
+    for (const auto& child : view.subviews()) check(*child, name);
+  }
+
+  // Checks that the panels are inside the window, and that only a sheet and its parts overlap.
+  static void checkPlaces(const VenuePanels& panels, graphics::Size window,
+                          const std::string& name) {
+    std::vector<view::View*> shown;
+    for (view::View* panel : panels.inReadingOrder())
+      if (!panel->isHidden()) shown.push_back(panel);
+    const std::set<view::View*> sheet{panels.handle.get(), panels.card.get(), panels.route.get()};
+    for (const view::View* one : shown) {
+      const Rect a = one->frame();
+      EXPECT_TRUE(a.minX() >= 0 && a.minY() >= 0 && a.maxX() <= window.width &&
+                  a.maxY() <= window.height + 0.01)
+          << name << ": " << a.minX() << " " << a.minY() << " " << a.maxX() << " " << a.maxY();
+      for (view::View* other : shown) {
+        const Rect b = other->frame();
+        if (one >= other || (sheet.count(other) == 1 && sheet.count(const_cast<view::View*>(one))))
+          continue;
+        EXPECT_FALSE(a.minX() < b.maxX() && b.minX() < a.maxX() && a.minY() < b.maxY() &&
+                     b.minY() < a.maxY())
+            << name << ": panels overlap";
+      }
+    }
+  }
+
+  // Shows a state in all windows and sizes of text. Saves pictures for people to look at if
+  // ORIVANTA_PICTURES names a folder.
+  static void checkState(test::ViewerStage& stage, const std::string& state) {
+    const char* const folder = std::getenv("ORIVANTA_PICTURES");
+    for (const graphics::Size window : windows)
+      for (const int percent : {100, 200}) {
+        const std::string name =
+            fmt::format("{}-{}x{}-{}", state, window.width, window.height, percent);
+        stage.size = window;
+        theme::Look look = stage.viewer.look();
+        look.textScale = percent / 100.0;
+        stage.viewer.setLook(look);
+        stage.viewer.resize(window, 1);
+        check(*stage.viewer.root(), name);
+        if (stage.viewer.venueView()) checkPlaces(stage.viewer.venueView()->panels(), window, name);
+        if (folder == nullptr) continue;
+        stage.settle();
+        EXPECT_TRUE(graphics::writePng(*stage.picture(), fmt::format("{}/{}.png", folder, name)));
+      }
+  }
+
+  test::TemporaryFolder caches;
+  test::EnvironmentVariable home{"XDG_CACHE_HOME", caches.path().string()};
+  test::EnvironmentVariable noShaderCache{"MESA_SHADER_CACHE_DISABLE", "true"};
+  std::unique_ptr<server::VenueServer> server = test::serveDemo();
+};
+
+}  // namespace
+
+TEST_F(InterfaceTest, FitsEveryWindowInEveryDirectionAndSizeOfText) {
+  for (const char* language : {"en", "de", "ar"}) {
+    test::ViewerStage stage(server->root(), std::nullopt, {1280, 800}, language);
+    stage.until([&] { return stage.viewer.venueList().size() > 0; });
+    const auto state = [&](const char* name) {
+      checkState(stage, fmt::format("{}-{}", name, language));
+    };
+    state("venues");
+    stage.viewer.venueList().chooseMarked();
+    VenueView& view = stage.untilShown();
+    state("start");
+    view.toggleHelp();
+    state("keys");
+    view.toggleHelp();
+    view.panels().search->open();
+    stage.until([&] { return view.panels().search->list().size() > 0; });
+    state("search");
+    view.panels().search->close();
+    view.select(stage.place("dosa-dynamo"));
+    state("place");
+    view.select(nullptr);
+    stage.untilPlanned("tamarisk-row", "dosa-dynamo");
+    state("route");
+    view.panels().handle->moved(1);
+    state("route-full");
+  }
+}
+
+TEST_F(InterfaceTest, KeysReachEverythingInReadingOrder) {
+  for (const bool isPhone : {false, true}) {
+    test::ViewerStage stage(server->root(), std::nullopt,
+                            isPhone ? graphics::Size{390, 844} : graphics::Size{1280, 800});
+    const auto press = [&](Key key, bool shift = false) { stage.viewer.keyPressed({key, shift}); };
+    stage.until([&] { return stage.viewer.venueList().size() > 0; });
+    press(Key::tab);
+    press(Key::space);  // on the first row
+    VenueView& view = stage.untilShown();
+    stage.untilPlanned("tamarisk-row", "dosa-dynamo");
+    const VenuePanels& panels = view.panels();
+
+    const auto controls = controlsOf(panels.inReadingOrder());
+    ASSERT_GT(controls.size(), 10U);
+    std::vector<std::shared_ptr<view::View>> reached;
+    for (std::size_t i = 0; i < controls.size(); ++i) {
+      press(Key::tab);
+      reached.push_back(stage.viewer.focus().focused());
+      const auto ring = stage.viewer.focus().focusedRect();
+      ASSERT_TRUE(ring) << i;
+      EXPECT_TRUE(stage.viewer.root()->bounds().contains({ring->midX(), ring->midY()})) << i;
+    }
+    EXPECT_EQ(reached, controls);
+    EXPECT_EQ(reached.front(), panels.back);
+    EXPECT_EQ(reached[1].get(), &panels.search->field());
+    press(Key::tab);
+    EXPECT_EQ(stage.viewer.focus().focused(), controls.front()) << "from the last one to the first";
+    press(Key::tab, /*shift=*/true);
+    EXPECT_EQ(stage.viewer.focus().focused(), controls.back());
+
+    const auto focus = [&](const view::View& wanted) {
+      for (std::size_t i = 0; i <= controls.size(); ++i)
+        if (stage.viewer.focus().focused().get() != &wanted) press(Key::tab);
+    };
+    focus(panels.route->steps().list());
+    press(Key::down);
+    press(Key::enter);
+    EXPECT_EQ(panels.route->steps().current(), 1U);
+    if (isPhone) {
+      const double half = panels.route->frame().minY();
+      focus(*panels.handle);
+      press(Key::up);
+      EXPECT_LT(panels.route->frame().minY(), half);
+      press(Key::enter);
+      EXPECT_EQ(panels.sheetStop(), SheetStop::peek) << "after the last stop";
+      EXPECT_GT(panels.route->frame().minY(), half);
+      panels.handle->dragged(300);
+      panels.handle->released();
+      EXPECT_EQ(panels.sheetStop(), SheetStop::half);
+    }
+    focus(panels.search->field());
+    stage.viewer.setLook({false, true, 2});
+    EXPECT_TRUE(stage.viewer.focus().focused());
+    press(Key::escape);  // the route
+    EXPECT_FALSE(view.session().hasStops());
+    press(Key::escape);
+    EXPECT_FALSE(stage.viewer.focus().focused()) << "the focus, before the venue is left";
+    EXPECT_TRUE(stage.viewer.venueView());
+    stage.type("t");
+    EXPECT_EQ(stage.viewer.look().textScale, 1) << "after the largest size";
+    EXPECT_EQ(stage.viewer.note(), "Text size: 100 %");
+  }
+}
+
+}  // namespace orivanta::viewer
