@@ -1,7 +1,6 @@
 // Finds the places of a venue by the text that a user types into a search field.
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,6 +9,8 @@
 #include "Platform/Foundation/Cancellation.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/Kinds/KindWords.hpp"
 #include "Source/Guidance/NameMatch.hpp"
 
 namespace orivanta {
@@ -20,42 +21,96 @@ struct PlaceGroup {
   std::vector<std::shared_ptr<Location>> places;  ///< in list order
 };
 
-/// An index of the places of a venue, created once for any number of searches. Owns the places.
-/// Immutable and thread-safe.
+/// What a list shows of a place or connector. Immutable.
+struct PlaceEntry {
+  std::shared_ptr<Location> place;  ///< a `Vortex` for a connector; never null
+  std::string name;      ///< that of the place. For a connector: the name on its sign, or else that
+                         ///< of its category, or else that of its record
+  std::string category;  ///< the name of the first category; empty if there is none
+  PlaceKind kind = PlaceKind::other;  ///< see `KindWords`
+  FloorList floors;                   ///< where the place is, or which floors the connector
+                                      ///< reaches; the lowest first
+};
+
+/// How a place matches a search; a smaller value is better.
+enum class PlaceMatch {
+  name,         ///< the text is the name
+  kind,         ///< the text means a kind of facilities, such as "lift", and the place is one
+  beginning,    ///< the name begins with the text
+  word,         ///< each word begins a word of the name
+  inside,       ///< each word occurs somewhere in the name
+  category,     ///< each word belongs to the category, the kind or the floor of the place
+  description,  ///< each word begins a word of the description
+  near          ///< a word differs in one or two letters, see `NameMatch::near`
+};
+
+/// Returns the name of the enumerator, such as "beginning".
+ORIVANTA_API std::string_view wordOf(PlaceMatch match);
+
+/// A place or connector that a search has found.
+struct FoundPlace {
+  std::shared_ptr<const PlaceEntry> entry;  ///< never null
+  PlaceMatch match = PlaceMatch::name;      ///< how it matches
+};
+
+/// A group of found places.
+struct FoundGroup {
+  std::string title;               ///< see `PlaceGroup::title`
+  std::vector<FoundPlace> places;  ///< in list order
+};
+
+/// What a search index is made of. Owns the records. A value.
+struct ORIVANTA_API SearchedPlaces {
+  SearchedPlaces() = default;  ///< creates empty lists
+
+  /// Copies the lists of a venue, not the records. The lists are empty if the venue is not loaded.
+  SearchedPlaces(const Venue& venue);  // NOLINT(google-explicit-constructor)
+
+  std::vector<std::shared_ptr<Location>> places;      ///< the places
+  std::vector<std::shared_ptr<Vortex>> connectors;    ///< elevators, stairs and others
+  std::vector<std::shared_ptr<Category>> categories;  ///< those that connectors refer to
+};
+
+/// An index of the places and connectors of a venue, created once for any number of searches. Owns
+/// the places. Immutable and thread-safe; copies share the index.
+///
+/// Each word of a text must match the name, a category, the kind, a floor or the description of a
+/// place: "toilet 2. OG" finds the toilets on that floor. Words for kinds ("elevator", "wc",
+/// "cash machine") may be in any language of the library, whatever the language of the venue is.
+/// Words such as "the" and "floor" may match nothing if another word does.
+///
+/// A text for exits finds emergency exits only by name and last, and a text for toilets for women
+/// never finds those for men, or the reverse. Of a text, the first 300 bytes and 16 different words
+/// are used; of names, categories and descriptions, the first 300 bytes, and of a place, the first
+/// 16 categories.
 class ORIVANTA_API PlaceSearch {
  public:
-  /// Places without nodes and without polygons are excluded. If construction is canceled, the index
-  /// is empty.
+  /// Creates the index of a loaded venue's places and connectors. Those without nodes and without
+  /// polygons are excluded. Takes time in proportion to the number of places. If construction is
+  /// canceled, the index is empty.
+  explicit PlaceSearch(const SearchedPlaces& searched,
+                       const foundation::CancellationToken& token = {},
+                       const KindWords& kinds = {});
+
+  /// Creates the index of places without connectors.
   explicit PlaceSearch(const std::vector<std::shared_ptr<Location>>& places,
                        const foundation::CancellationToken& token = {});
 
-  /// Returns the matching places in one group: the best match first, then by name. A match with the
-  /// name precedes a match with a category, which precedes an approximate match with the name. If
-  /// the text has neither letters nor digits, returns all places, in one group per category, sorted
-  /// by the category's name; places without a category come last. Returns an empty list if nothing
-  /// matches or if the search is canceled.
+  /// Returns the matching places and connectors in one group: the best match first, then places
+  /// with real names before those with generated ones (see `hasGeneratedName`), then by name as
+  /// people count. If the text has neither letters nor digits, returns all places without the
+  /// connectors, in one group per category, sorted by the category's name; places without a
+  /// category come last. Returns an empty list if nothing matches or if the search is canceled.
+  std::vector<FoundGroup> search(std::string_view typed,
+                                 const foundation::CancellationToken& token = {}) const;
+
+  /// Returns the same places as `search`, without what a list shows of them.
   std::vector<PlaceGroup> find(std::string_view typed,
                                const foundation::CancellationToken& token = {}) const;
 
  private:
-  struct Entry {
-    std::shared_ptr<Location> place;
-    std::string name;                     // in its search form
-    std::vector<std::size_t> categories;  // indices of categories; the first is the group's
-  };
-  struct CategoryEntry {
-    std::string name;  // in its search form
-    std::string title;
-  };
-
-  void addPlaces(const std::vector<std::shared_ptr<Location>>& places,
-                 const foundation::CancellationToken& token);
-  void sort();
-  std::vector<PlaceGroup> all() const;
-
-  std::vector<CategoryEntry> categories_;
-  std::vector<Entry> entries_;           // by name
-  std::vector<std::size_t> byCategory_;  // indices of entries, by category, then by name
+  struct Index;
+  std::shared_ptr<const Index> index_;
 };
 
 }  // namespace orivanta
