@@ -17,13 +17,13 @@ constexpr std::size_t leastDescribed = 3;  // bytes of a word that may be in a d
 
 // Words in their search form that may match nothing.
 constexpr std::array fillers = {
-    "the",      "a",         "an",       "of",      "in",     "on",    "at",      "to",
-    "and",      "next",      "my",       "nearest", "near",   "me",    "floor",   "level",
-    "storey",   "story",     "und",      "der",     "die",    "das",   "dem",     "im",
-    "am",       "auf",       "zum",      "zur",     "stock",  "etage", "nachste", "nachster",
-    "nachstes", "stockwerk", "geschoss", "le",      "la",     "les",   "de",      "du",
-    "des",      "au",        "et",       "dans",    "niveau", "l",     "d",       "proche",
-    "フロア",   "階",        "في",       "طابق",    "الطابق", "و"};
+    "the",       "a",     "an",       "of",  "in",      "on",      "at",       "to",       "and",
+    "for",       "with",  "next",     "my",  "nearest", "near",    "me",       "floor",    "level",
+    "storey",    "story", "und",      "der", "die",     "das",     "dem",      "im",       "am",
+    "auf",       "zum",   "zur",      "fur", "mit",     "nachste", "nachster", "nachstes", "stock",
+    "stockwerk", "etage", "geschoss", "le",  "la",      "les",     "l",        "de",       "du",
+    "des",       "d",     "au",       "et",  "dans",    "pour",    "avec",     "proche",   "niveau",
+    "フロア",    "階",    "في",       "و",   "طابق",    "الطابق"};
 
 bool isFiller(std::string_view word) {
   return std::find(fillers.begin(), fillers.end(), word) != fillers.end();

@@ -79,11 +79,11 @@ constexpr TopicRow rows[] = {
      "premiers secours,infirmerie,défibrillateur,défibrillateurs,救護室,救護所,"
      "応急手当,除細動器,إسعاف,إسعافات,إسعافات أولية"},
     {passage, bit(exit),
-     "exit,exits,way out,ausgang,ausgänge,sortie,sorties,出口,出入口,مخرج,"
+     "exit,exits,way out,ausgang,ausgänge,sortie,sorties,出口,出入口,مخرج,المخرج,المخارج,"
      "مخارج,خروج,salida,salidas"},
     {passage, bit(entrance),
      "entrance,entrances,way in,eingang,eingänge,entrée,entrées,入口,入り口,"
-     "出入口,مدخل,مداخل,دخول,entrada,entradas"},
+     "出入口,مدخل,المدخل,مداخل,المداخل,دخول,entrada,entradas"},
     {emergency, 0,
      "emergency exit,emergency exits,fire exit,fire exits,notausgang,notausgänge,"
      "notausstieg,fluchtweg,fluchtwege,fluchttür,fluchtausgang,sortie de secours,"
