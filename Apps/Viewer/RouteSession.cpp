@@ -54,6 +54,12 @@ void RouteSession::goToNearest(const std::shared_ptr<Location>& from, NearestCho
   request();
 }
 
+void RouteSession::goToNearest(const guidance::Position& from, NearestChoice nearest) {
+  stops_.beginAt(from);
+  stops_.setNearest(std::move(nearest));
+  request();
+}
+
 void RouteSession::setEnd(RouteEnd end, const std::shared_ptr<Location>& place) {
   stops_.setEnd(end, place);
   request();

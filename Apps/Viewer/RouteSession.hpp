@@ -58,6 +58,9 @@ class RouteSession {
   /// remains.
   void goToNearest(const std::shared_ptr<Location>& from, NearestChoice nearest);
 
+  /// As above, from the position of a traveler.
+  void goToNearest(const guidance::Position& from, NearestChoice nearest);
+
   /// Replaces one end of the route. A stop in between at the same place is removed.
   void setEnd(RouteEnd end, const std::shared_ptr<Location>& place);
 

@@ -17,6 +17,7 @@ inline constexpr Color pressed{0.945F, 0.957F, 0.976F};
 inline constexpr Color paper = graphics::colors::white;
 inline constexpr Color backdrop{0.945F, 0.953F, 0.961F};
 inline constexpr Color warning{0.741F, 0.196F, 0.153F};
+inline constexpr Color positive{0.078F, 0.412F, 0.290F};  ///< text about what is open
 
 // In points.
 inline constexpr double margin = 16;       ///< around panels

@@ -138,6 +138,8 @@ class VenueView : public view::View, public MapViewDelegate {
   void mark(const std::shared_ptr<Location>& place);
   void fetchPicture(const std::shared_ptr<Location>& place);
   void offerRoutes(const std::shared_ptr<Location>& place);
+  CardContent cardOf(const Location& place) const;
+  void goToNearest(const NearestChoice& choice);
 
   // Routes
   void routeChanged();

@@ -89,7 +89,7 @@ bool VenueView::escape() {
   } else if (panels_.attribution->isOpen()) {
     toggleAttribution();
   } else if (panels_.search->isOpen()) {
-    panels_.search->close();
+    if (!panels_.search->goBack()) panels_.search->close();
   } else if (selected_) {
     select(nullptr);
   } else if (walk_.walker()) {

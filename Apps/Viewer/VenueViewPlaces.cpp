@@ -2,11 +2,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "Apps/Viewer/ShownName.hpp"
 #include "Apps/Viewer/VenueView.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Guidance/LabelName.hpp"
-#include "Source/Guidance/OpeningHours.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Polygon.hpp"
@@ -34,11 +32,10 @@ void VenueView::connectSearch() {
   panels_.search->chosen = [this](const auto& place, std::optional<RouteEnd> end) {
     end ? setEnd(*end, place) : select(place);
   };
-  panels_.search->nearestChosen = [this](const auto& category) {
-    const auto from = session_.hasStart() ? nullptr : selected_;
-    select(nullptr);
-    session_.goToNearest(from, nearestOf(category, texts_));
+  panels_.search->nearestOffered = [this] {
+    return nearestChoices(*venue_, nullptr, session_.closures(), texts_);
   };
+  panels_.search->nearestChosen = [this](const NearestChoice& choice) { goToNearest(choice); };
   panels_.floors->chosen = [this](const auto& floor) { showFloor(floor); };
   panels_.mapButtons->tapped = [this](std::string_view key) { carryOut(key); };
   panels_.back->action = [this] { wayBack(); };
@@ -56,6 +53,7 @@ void VenueView::connectCard() {
     };
   };
   panels_.card->closed = [this] { select(nullptr); };
+  panels_.card->layoutChanged = [this] { arrangePanels(); };
   panels_.card->fromHere = leaving([this](const auto& place) { session_.departFrom(place); });
   panels_.card->toHere = leaving([this](const auto& place) { session_.goTo(place); });
   panels_.card->stopAdded = leaving([this](const auto& place) { session_.addStop(place); });
@@ -67,6 +65,19 @@ void VenueView::connectCard() {
   };
 }
 
+// The route begins at the traveler's position, if it is known, or else at the start of the current
+// route, or else at the selected place.
+void VenueView::goToNearest(const NearestChoice& choice) {
+  std::optional<guidance::Position> position;
+  if (const Walker* walker = walk_.walker()) position = walker->position();
+  const auto from = session_.hasStart() ? nullptr : selected_;
+  select(nullptr);
+  if (position)
+    session_.goToNearest(*position, choice);
+  else
+    session_.goToNearest(from, choice);
+}
+
 void VenueView::setEnd(RouteEnd end, const std::shared_ptr<Location>& place) {
   select(nullptr);
   session_.setEnd(end, place);
@@ -76,7 +87,8 @@ void VenueView::select(const std::shared_ptr<Location>& place) {
   selected_ = place;
   highlight(place);
   if (place) {
-    panels_.card->show(*place, shownName(*venue_, *place));
+    panels_.search->remember(place);
+    panels_.card->show(cardOf(*place));
     offerRoutes(place);
     fetchPicture(place);
     showFloor(floorOf(*place, mapView_->currentMap()));
@@ -120,14 +132,14 @@ void VenueView::fetchPicture(const std::shared_ptr<Location>& place) {
 
 // Offers the routes from and over a place on its card.
 void VenueView::offerRoutes(const std::shared_ptr<Location>& place) {
-  const auto hours = guidance::OpeningHours::parse(place->_data["hours"].stringValue());
-  panels_.card->setPlaceClosed(isClosed(*place) ||
-                               (hours && hours->at(clock_()) == guidance::OpenState::closed));
+  panels_.card->update(cardOf(*place));
   panels_.card->setCanAddStop(session_.canAddStop(place));
-  offered_ = nearestChoices(*venue_, *place, session_.closures(), texts_);
-  std::vector<std::string> titles;
-  for (const NearestChoice& choice : offered_) titles.push_back(choice.title);
-  panels_.card->setNearest(titles);
+  offered_ = nearestChoices(*venue_, place.get(), session_.closures(), texts_);
+  panels_.card->setNearest(offered_);
+}
+
+CardContent VenueView::cardOf(const Location& place) const {
+  return cardContent(place, {*venue_, session_.closures(), clock_(), texts_, KindWords()});
 }
 
 void VenueView::setClosures(const guidance::Closures& closures) {

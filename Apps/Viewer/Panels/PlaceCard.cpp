@@ -6,9 +6,6 @@
 #include <vector>
 
 #include "Apps/Viewer/Widgets/Direction.hpp"
-#include "Source/Category.hpp"
-#include "Source/Guidance/Floors.hpp"
-#include "Source/Location.hpp"
 
 namespace orivanta::viewer {
 
@@ -17,68 +14,80 @@ namespace {
 constexpr double mostPictureHeight = 160;  // points
 constexpr double largePictureSide = 72;
 constexpr double smallPictureSide = 56;
+constexpr double iconSide = 40;
 constexpr int mostLines = 5;  // of the description
 constexpr double leastWideRatio = 1.4;
 constexpr double gap = 10;  // between buttons
 constexpr double smallGap = 6;
-constexpr double nearestHeight = theme::controlSize - 8;
-constexpr double leastTitleGap = 5;  // on both sides of the title of a button
+constexpr double lineGap = 4;
 
-// Returns its categories without duplicates, and its floors.
-std::string kindOf(const Location& place) {
-  std::vector<std::string> parts;
-  for (const auto& category : place.categories) {
-    const std::string name = category->name.value_or("");
-    if (!name.empty() && std::find(parts.begin(), parts.end(), name) == parts.end())
-      parts.push_back(name);
-  }
-  for (const auto& floor : floorsOf(place)) parts.push_back(floorName(*floor));
-  std::string text;
-  for (const std::string& part : parts) text += (text.empty() ? "" : "  \u00B7  ") + part;
-  return text;
+LabelStyle smallStyle(int lines = 1) {
+  return {.size = theme::smallSize, .color = theme::faint, .lines = lines};
 }
 
 }  // namespace
 
 PlaceCard::PlaceCard(const guidance::InterfaceTexts& texts)
     : texts_(texts),
+      icon_(std::make_shared<KindIconView>(PlaceKind::other)),
       picture_(std::make_shared<PictureView>()),
       name_(
           std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 2})),
-      kind_(std::make_shared<Label>(
-          LabelStyle{.size = theme::smallSize, .color = theme::faint, .lines = 2})),
-      closed_(std::make_shared<Label>(
-          LabelStyle{.size = theme::smallSize, .bold = true, .color = theme::warning})),
+      kind_(std::make_shared<Label>(smallStyle(2))),
+      state_(
+          std::make_shared<Label>(LabelStyle{.size = theme::smallSize, .bold = true, .lines = 2})),
+      week_(std::make_shared<WeekLines>(texts)),
+      phone_(std::make_shared<Label>()),
+      website_(std::make_shared<Label>()),
       description_(std::make_shared<Label>(LabelStyle{.lines = mostLines})),
       close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
       from_(std::make_shared<Button>(ButtonLook::tinted, texts.text("interface.place.from"))),
       to_(std::make_shared<Button>(ButtonLook::filled, texts.text("interface.place.to"))),
       addStop_(std::make_shared<Button>(ButtonLook::tinted, texts.text("interface.place.stop"))) {
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
-           closed_, picture_, name_, kind_, description_, close_, from_, to_, addStop_})
+           icon_, picture_, name_, kind_, state_, week_, phone_, website_, description_, close_,
+           from_, to_, addStop_})
     addSubview(part);
+  week_->action = [this] { toggleWeek(); };
   close_->action = forward(closed);
   from_->action = forward(fromHere);
   to_->action = forward(toHere);
   addStop_->action = forward(stopAdded);
 }
 
-void PlaceCard::show(const Location& place, const std::string& name) {
-  name_->setText(name);
-  kind_->setText(kindOf(place));
-  description_->setText(place.description.value_or(""));
+void PlaceCard::show(const CardContent& content) {
   picture_->setPicture(nullptr);
+  week_->setOpen(false);
+  update(content);
 }
 
-void PlaceCard::setPlaceClosed(bool isClosed) {
-  closed_->setText(isClosed ? texts_.text("interface.place.closed") : "");
+void PlaceCard::update(const CardContent& content) {
+  content_ = content;
+  icon_->setIcon(content.kind, content.isOutOfOrder ? IconState::outOfOrder : IconState::normal);
+  name_->setText(content.title);
+  kind_->setText(content.detail);
+  state_->setText(content.state);
+  state_->setColor(content.isClosed ? theme::warning : theme::positive);
+  week_->show(content.week, content.hours);
+  const auto line = [this](const char* key, const std::string& value) {
+    return value.empty() ? "" : texts_.text(key, {{"value", value}});
+  };
+  phone_->setText(line("interface.place.phone", content.phone));
+  website_->setText(line("interface.place.website", content.website));
+  description_->setText(content.description);
 }
 
-void PlaceCard::setNearest(const std::vector<std::string>& titles) {
+void PlaceCard::toggleWeek() {
+  week_->setOpen(!week_->isOpen());
+  if (layoutChanged) layoutChanged();
+}
+
+void PlaceCard::setNearest(const std::vector<NearestChoice>& choices) {
   for (const auto& button : nearest_) button->removeFromSuperview();
   nearest_.clear();
-  for (const std::string& title : titles) {
-    nearest_.push_back(std::make_shared<Button>(ButtonLook::tinted, title, theme::smallSize));
+  nearest_.reserve(choices.size());
+  for (const NearestChoice& choice : choices) {
+    nearest_.push_back(std::make_shared<Tile>(TileLook::flat, choice.kind, choice.title, ""));
     nearest_.back()->action = [this, index = nearest_.size() - 1] {
       if (nearestChosen) nearestChosen(index);
     };
@@ -95,91 +104,102 @@ bool PlaceCard::hasWidePicture() const {
   return size.width > leastWideRatio * size.height;
 }
 
-// Arranges the name and the kind, with a small picture beside them.
+// Arranges the name, the kind and the state, with the icon or a small picture beside them.
 double PlaceCard::arrangeHead(double width, bool isSmall) {
   constexpr double padding = theme::padding;
   picture_->setFrame({});
   close_->setFrame({{width - 46, 4}, {42, 42}});
-  double left = padding;
-  if (picture_->picture() && (isSmall || !hasWidePicture())) {
-    const double side = isSmall ? smallPictureSide : largePictureSide;
-    picture_->setFrame({{padding, padding}, {side, side}});
-    left += side + 14;
-  }
+  const bool hasPicture = picture_->picture() && (isSmall || !hasWidePicture());
+  const double side = !hasPicture ? iconSide : isSmall ? smallPictureSide : largePictureSide;
+  icon_->setHidden(hasPicture);
+  (hasPicture ? static_cast<view::View&>(*picture_) : *icon_)
+      .setFrame({{padding, padding}, {side, side}});
+  const double left = padding + side + 12;
   const double textWidth = width - left - padding - 28;
-  const double nameHeight = name_->fitting(textWidth).height;
-  name_->setFrame({{left, padding}, {textWidth, nameHeight}});
-  const double kindHeight = kind_->fitting(textWidth).height;
-  kind_->setFrame({{left, padding + nameHeight + 3}, {textWidth, kindHeight}});
-  const double closedHeight = closed_->text().empty() ? 0 : closed_->fitting(textWidth).height + 3;
-  closed_->setFrame({{left, kind_->frame().maxY() + 3}, {textWidth, closedHeight}});
-  return std::max(kind_->frame().maxY() + closedHeight, picture_->frame().maxY()) + 12;
+  double top = padding;
+  for (const auto& label : {name_, kind_, state_}) {
+    const double height = label->text().empty() ? 0 : label->fitting(textWidth).height;
+    label->setFrame({{left, top}, {textWidth, height}});
+    if (height > 0) top += height + 3;
+  }
+  return std::max(top - 3, padding + side) + 12;
 }
 
 double PlaceCard::arrange(double width, double mostHeight, bool isSmall) {
-  int lines = mostLines;
-  showsNearest_ = !nearest_.empty();
-  double height = arrangeParts(width, isSmall, lines);
-  if (height > mostHeight) height = arrangeParts(width, /*isSmall=*/true, lines);
-  while (height > mostHeight && lines > 0) height = arrangeParts(width, /*isSmall=*/true, --lines);
-  if (height > mostHeight && std::exchange(showsNearest_, false))
-    height = arrangeParts(width, /*isSmall=*/true, lines);
+  Fit fit{isSmall, mostLines};
+  const auto fits = [&] { return arrangeParts(width, fit) <= mostHeight; };
+  if (!fits()) {
+    fit.isSmall = true;
+    while (!fits() && fit.lines > 0) --fit.lines;
+    if (!fits()) fit.showsNearest = false;
+    while (!fits() && fit.days > 0) --fit.days;
+  }
+  const double height = arrangeParts(width, fit);
   directChildren(*this, width);
   return height;
 }
 
-// Arranges everything, with at most `lines` lines of the description.
-double PlaceCard::arrangeParts(double width, bool isSmall, int lines) {
+// Arranges everything.
+double PlaceCard::arrangeParts(double width, const Fit& fit) {
   constexpr double padding = theme::padding;
   const double inner = width - 2 * padding;
-  double top = arrangeHead(width, isSmall);
-  if (picture_->picture() && !isSmall && hasWidePicture()) {
+  double top = arrangeHead(width, fit.isSmall);
+  if (picture_->picture() && !fit.isSmall && hasWidePicture()) {
     const graphics::Size size = picture_->picture()->size();
     const double height = std::min(mostPictureHeight, inner * size.height / size.width);
     picture_->setFrame({{padding, top}, {inner, height}});
     top += height + 12;
   }
-  description_->setHidden(lines == 0);
-  if (lines > 0) description_->setLines(lines);
-  const double descriptionHeight = lines > 0 ? description_->fitting(inner).height : 0;
+  top = arrangeHours(width, top, fit.days);
+  description_->setHidden(fit.lines == 0);
+  if (fit.lines > 0) description_->setLines(fit.lines);
+  const double descriptionHeight = fit.lines > 0 ? description_->fitting(inner).height : 0;
   description_->setFrame({{padding, top}, {inner, descriptionHeight}});
-  if (descriptionHeight > 0) top += descriptionHeight + 14;
+  if (descriptionHeight > 0) top += descriptionHeight + 12;
+  top = arrangeContacts(width, top);
+  top = arrangeNearest(width, top, fit.showsNearest);
   return arrangeButtons(width, top);
 }
 
-// Arranges buttons in as many rows as their titles need. Returns the lower edge.
-double PlaceCard::arrangeNearest(double width, double top) {
+// Arranges the opening hours. Returns the lower edge with the space below, as the following do.
+double PlaceCard::arrangeHours(double width, double top, std::size_t days) {
   const double inner = width - 2 * theme::padding;
-  const auto widthOf = [](Button& button) {
-    return button.fittingWidth() - 2 * (theme::padding - leastTitleGap);
-  };
-  for (std::size_t first = 0; first < nearest_.size();) {
-    std::size_t end = first;
-    double titles = 0;
-    double needed = -smallGap;
-    for (; end < nearest_.size(); ++end) {
-      const double next = widthOf(*nearest_[end]);
-      if (end > first && needed + smallGap + next > inner) break;
-      titles += next;
-      needed += smallGap + next;
-    }
-    double left = theme::padding;
-    const double stretched = (inner - (needed - titles)) / titles;
-    for (; first < end; ++first) {
-      const double each = widthOf(*nearest_[first]) * stretched;
-      nearest_[first]->setFrame({{left, top}, {each, nearestHeight}});
-      left += each + smallGap;
-    }
-    top += nearestHeight + smallGap;
+  const double height = week_->arrange(inner, days);
+  week_->setHidden(height <= 0);
+  week_->setFrame({{theme::padding, top}, {inner, height}});
+  return height > 0 ? top + height + 12 : top;
+}
+
+double PlaceCard::arrangeContacts(double width, double top) {
+  const double inner = width - 2 * theme::padding;
+  const double first = top;
+  for (const auto& label : {phone_, website_}) {
+    const double height = label->text().empty() ? 0 : label->fitting(inner).height;
+    label->setFrame({{theme::padding, top}, {inner, height}});
+    if (height > 0) top += height + lineGap;
   }
-  return top - smallGap;
+  return top > first ? top + 12 - lineGap : top;
+}
+
+double PlaceCard::arrangeNearest(double width, double top, bool shows) {
+  for (const auto& tile : nearest_) tile->setHidden(!shows);
+  if (!shows || nearest_.empty()) return top;
+  const double inner = width - 2 * theme::padding;
+  constexpr std::size_t columns = 2;
+  const double each = (inner - smallGap) / columns;
+  for (std::size_t i = 0; i < nearest_.size(); ++i) {
+    const auto column = static_cast<double>(i % columns);
+    nearest_[i]->setFrame(
+        {{theme::padding + column * (each + smallGap), top}, {each, theme::controlSize}});
+    if (i % columns == columns - 1 || i + 1 == nearest_.size())
+      top += theme::controlSize + smallGap;
+  }
+  return top + gap - smallGap;
 }
 
 // Arranges the buttons. Returns the height of the card.
 double PlaceCard::arrangeButtons(double width, double top) {
   addStop_->setHidden(!canAddStop_);
-  for (const auto& button : nearest_) button->setHidden(!showsNearest_);
-  if (showsNearest_) top = arrangeNearest(width, top) + gap;
   const auto row = canAddStop_ ? std::vector{from_, addStop_, to_} : std::vector{from_, to_};
   const auto count = static_cast<double>(row.size());
   const double each = (width - 2 * theme::padding - gap * (count - 1)) / count;

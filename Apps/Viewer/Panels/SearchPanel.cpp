@@ -1,17 +1,12 @@
 #include "Apps/Viewer/Panels/SearchPanel.hpp"
 
-#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <utility>
 
 #include "Apps/Viewer/CategoryMatch.hpp"
-#include "Apps/Viewer/NearestChoices.hpp"
 #include "Apps/Viewer/Widgets/Direction.hpp"
-#include "Platform/Foundation/DisplayText.hpp"
 #include "Platform/View/Canvas.hpp"
-#include "Source/Category.hpp"
-#include "Source/Guidance/Floors.hpp"
-#include "Source/Location.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
@@ -20,38 +15,10 @@ namespace {
 
 constexpr double fieldHeight = 48;  // points
 constexpr double signWidth = 44;
-constexpr double titleHeight = 34;
-
-class GroupTitle : public Row {
- public:
-  explicit GroupTitle(const std::string& title)
-      : Row(titleHeight),
-        label_(std::make_shared<Label>(
-            LabelStyle{.size = theme::smallSize, .bold = true, .color = theme::accent}, title)) {
-    addSubview(label_);
-    setUserInteractionEnabled(false);
-  }
-
-  void draw(view::Canvas&) override {
-    const graphics::Size size = bounds().size;
-    label_->setFrame({{theme::padding, 8}, {size.width - 2 * theme::padding, size.height - 8}});
-  }
-
- private:
-  std::shared_ptr<Label> label_;
-};
 
 const char* placeholderKey(std::optional<RouteEnd> end) {
   if (!end) return "interface.search";
   return *end == RouteEnd::start ? "interface.search.start" : "interface.search.destination";
-}
-
-std::string labelOf(const std::optional<std::string>& name) {
-  return name ? foundation::label(*name) : std::string();
-}
-
-std::string categoryOf(const Location& place) {
-  return place.categories.empty() ? std::string() : labelOf(place.categories.front()->name);
 }
 
 }  // namespace
@@ -60,13 +27,22 @@ SearchPanel::SearchPanel(const Venue& venue, const guidance::InterfaceTexts& tex
     : venue_(venue),
       texts_(texts),
       search_(SearchWorker(*venue.locations), [this](const auto& groups) { show(groups); }),
+      pages_(venue, texts,
+             {.nearest = [this](const NearestChoice& choice) { chooseNearest(choice); },
+              .turn = [this](BrowsePages::Page page) { browse(page); },
+              .back = [this] { goBack(); },
+              .clearRecent =
+                  [this] {
+                    recent_.clear();
+                    browse(page_);
+                  }}),
       field_(std::make_shared<TextField>(texts.text("interface.search"))),
       sign_(std::make_shared<Label>(
           LabelStyle{.size = 28, .color = theme::faint, .alignment = Alignment::center}, "\u2315")),
       clear_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
       nothing_(std::make_shared<Label>(LabelStyle{.color = theme::faint},
                                        texts.text("interface.search.nothing"))),
-      list_(std::make_shared<List>()) {
+      list_(std::make_shared<ChoiceList>()) {
   for (const std::shared_ptr<view::View>& part :
        std::initializer_list<std::shared_ptr<view::View>>{sign_, field_, clear_, nothing_, list_})
     addSubview(part);
@@ -78,6 +54,8 @@ SearchPanel::SearchPanel(const Venue& venue, const guidance::InterfaceTexts& tex
   };
   field_->changed = [this] { search(); };
   clear_->action = [this] { close(); };
+  list_->placeChosen = [this](const auto& place) { choosePlace(place); };
+  list_->describe = [this](Choice& choice) { pages_.describe(choice); };
 }
 
 void SearchPanel::open(std::optional<RouteEnd> end) {
@@ -85,6 +63,7 @@ void SearchPanel::open(std::optional<RouteEnd> end) {
   field_->setPlaceholder(texts_.text(placeholderKey(end)));
   field_->setText("");
   field_->setFocused(true);
+  page_ = {};
   search();
 }
 
@@ -95,8 +74,15 @@ void SearchPanel::close() {
   field_->setFocused(false);
   search_.cancel();
   choosesFirst_ = false;
-  show({});
-  hasSearched_ = false;
+  findsNothing_ = false;
+  placeCount_ = 0;
+  setSections({});
+}
+
+bool SearchPanel::goBack() {
+  if (!isOpen() || !field_->text().empty() || page_.show == BrowsePages::Show::start) return false;
+  browse({.showsKinds = page_.showsKinds});
+  return true;
 }
 
 bool SearchPanel::handleKey(const KeyPress& press) {
@@ -109,14 +95,15 @@ bool SearchPanel::handleKey(const KeyPress& press) {
       chooseMarked();
       return true;
     case Key::backspace:
-      field_->eraseBack(press.control);
+      if (!goBack()) field_->eraseBack(press.control);
       return true;
     case Key::erase:
       field_->eraseForward();
       return true;
     case Key::left:
     case Key::right:
-      field_->moveCaret(press.key == Key::left ? CaretStep::left : CaretStep::right);
+      if (!moveAcross(press.key))
+        field_->moveCaret(press.key == Key::left ? CaretStep::left : CaretStep::right);
       return true;
     case Key::home:
     case Key::end:
@@ -127,82 +114,76 @@ bool SearchPanel::handleKey(const KeyPress& press) {
   }
 }
 
+// Moves the mark between tiles. If there is a text, the keys move the caret.
+bool SearchPanel::moveAcross(Key key) {
+  const bool isForward = (key == Key::right) != isRightToLeft(*this);
+  return field_->text().empty() && list_->moveAcross(isForward ? 1 : -1);
+}
+
 void SearchPanel::search() {
   choosesFirst_ = false;
+  if (field_->text().empty()) {
+    search_.cancel();
+    search_.prepare();
+    return browse(page_);
+  }
   search_.start(field_->text());
   if (layoutChanged) layoutChanged();
 }
 
-void SearchPanel::show(const std::vector<PlaceGroup>& groups) {
-  hasSearched_ = true;
-  items_.clear();
+void SearchPanel::browse(BrowsePages::Page page) {
+  page_ = page;
+  findsNothing_ = false;
   placeCount_ = 0;
-  RowSource source;
-  const auto add = [&](Item item, double height) {
-    items_.push_back(std::move(item));
-    source.heights.push_back(height);
-  };
-  if (isOpen() && end_ != RouteEnd::start)
-    for (const auto& category : categoriesTyped(venue_, field_->text()))
-      add({nullptr, texts_.text("interface.nearest.detail"), category}, Row::detailHeight);
-  const bool hasTitles = groups.size() > 1;
-  for (const PlaceGroup& group : groups) {
-    if (hasTitles)
-      add({nullptr, group.title.empty() ? texts_.text("interface.search.others") : group.title,
-           nullptr},
-          titleHeight);
-    for (const auto& place : group.places) {
-      std::string detail = hasTitles ? "" : categoryOf(*place);
-      const double height = Row::heightWith(detail);
-      add({place, std::move(detail), nullptr}, height);
+  const bool offersNearest = nearestOffered && end_ != RouteEnd::start;
+  setSections(pages_.sections(page, offersNearest ? nearestOffered() : std::vector<NearestChoice>(),
+                              recent_.places()));
+}
+
+void SearchPanel::show(const std::vector<PlaceGroup>& groups) {
+  std::vector<ChoiceSection> sections(1);
+  if (end_ != RouteEnd::start)
+    for (const auto& category : categoriesTyped(venue_, field_->text())) {
+      const NearestChoice nearest = nearestOf(category, texts_);
+      sections.front().choices.push_back({.title = nearest.title,
+                                          .detail = texts_.text("interface.nearest.detail"),
+                                          .kind = nearest.kind,
+                                          .action = [this, nearest] { chooseNearest(nearest); }});
     }
-    placeCount_ += group.places.size();
-  }
-  source.make = [this](std::size_t index) { return makeRow(index); };
-  source.canBeMarked = [this](std::size_t index) { return items_[index].canBeChosen(); };
-  list_->setSource(std::move(source));
-  if (layoutChanged) layoutChanged();  // before the mark, which scrolls
-  if (!items_.empty() && !field_->text().empty()) list_->moveMark(1);
+  auto rows = pages_.rowsOf(groups);
+  std::move(rows.begin(), rows.end(), std::back_inserter(sections));
+  placeCount_ = 0;
+  for (const PlaceGroup& group : groups) placeCount_ += group.places.size();
+  findsNothing_ = placeCount_ == 0 && sections.front().choices.empty();
+  setSections(std::move(sections));
+  if (!findsNothing_) list_->moveMark(1);
   if (std::exchange(choosesFirst_, false)) chooseMarked();
 }
 
-std::shared_ptr<Row> SearchPanel::makeRow(std::size_t index) {
-  const Item& item = items_[index];
-  if (!item.canBeChosen()) return std::make_shared<GroupTitle>(foundation::label(item.text));
-  auto row = std::make_shared<Row>(item.category
-                                       ? RowText{.title = nearestOf(item.category, texts_).title,
-                                                 .detail = item.text,
-                                                 .trailing = "",
-                                                 .dot = theme::accent}
-                                       : RowText{.title = labelOf(item.place->name),
-                                                 .detail = item.text,
-                                                 .trailing = floorLabels(floorsOf(*item.place))});
-  row->action = [this, item] { choose(item); };
-  return row;
+// The layout comes before the mark, which scrolls.
+void SearchPanel::setSections(std::vector<ChoiceSection> sections) {
+  list_->setSections(std::move(sections));
+  if (layoutChanged) layoutChanged();
 }
 
 void SearchPanel::chooseMarked() {
-  if (search_.isBusy()) {
+  if (!field_->text().empty() && search_.isBusy()) {
     choosesFirst_ = true;
     return;
   }
-  const auto first = std::find_if(items_.begin(), items_.end(),
-                                  [](const Item& item) { return item.canBeChosen(); });
-  if (const auto marked = list_->marked())
-    choose(items_[*marked]);
-  else if (first != items_.end())
-    choose(*first);
+  if (!list_->chooseMarked() && !field_->text().empty()) list_->chooseFirst();
 }
 
-// The item is a copy, because closing removes the row that owns it.
-void SearchPanel::choose(Item item) {
+void SearchPanel::choosePlace(const std::shared_ptr<Location>& place) {
   const auto end = end_;
   close();
-  if (item.category) {
-    if (nearestChosen) nearestChosen(item.category);
-  } else if (chosen) {
-    chosen(item.place, end);
-  }
+  if (chosen) chosen(place, end);
+}
+
+void SearchPanel::chooseNearest(const NearestChoice& choice) {
+  const NearestChoice copy = choice;  // closing removes the original
+  close();
+  if (nearestChosen) nearestChosen(copy);
 }
 
 double SearchPanel::arrange(double width, double mostHeight) {
@@ -210,10 +191,10 @@ double SearchPanel::arrange(double width, double mostHeight) {
   field_->setFrame({{signWidth, 0}, {width - 2 * signWidth, fieldHeight}});
   clear_->setFrame({{width - signWidth - 2, 2}, {signWidth, fieldHeight - 4}});
   clear_->setHidden(!isOpen());
-  const bool isEmpty = items_.empty();
-  nothing_->setHidden(!isOpen() || !isEmpty || !hasSearched_);
+  nothing_->setHidden(!isOpen() || !findsNothing_);
   nothing_->setFrame({{theme::padding, fieldHeight}, {width - 2 * theme::padding, 48}});
-  list_->setHidden(!isOpen() || isEmpty);
+  list_->layOut(width);
+  list_->setHidden(!isOpen() || list_->size() == 0);
   double height = nothing_->isHidden() ? fieldHeight : fieldHeight + 56;
   if (!list_->isHidden()) {
     const double listHeight = list_->heightWithin(mostHeight - fieldHeight - 8);

@@ -1,4 +1,4 @@
-// A search field and the places that it finds.
+// A search field, the places that it finds, and the places of the venue for browsing.
 #pragma once
 
 #include <functional>
@@ -9,17 +9,21 @@
 
 #include "Apps/Viewer/Keys.hpp"
 #include "Apps/Viewer/LatestRequest.hpp"
+#include "Apps/Viewer/NearestChoices.hpp"
+#include "Apps/Viewer/Panels/BrowsePages.hpp"
+#include "Apps/Viewer/Panels/ChoiceList.hpp"
+#include "Apps/Viewer/RecentPlaces.hpp"
 #include "Apps/Viewer/SearchWorker.hpp"
 #include "Apps/Viewer/StopNames.hpp"
-#include "Apps/Viewer/Widgets/List.hpp"
 #include "Apps/Viewer/Widgets/Panel.hpp"
 #include "Apps/Viewer/Widgets/TextField.hpp"
 #include "Source/Guidance/InterfaceTexts.hpp"
 
 namespace orivanta::viewer {
 
-/// Shows the results while the field has the focus. If the field is empty, these are all places by
-/// category. The search runs in the background and delivers its results through the main queue.
+/// While the field has the focus, the panel shows the results of the search. If the field is empty,
+/// it shows what `BrowsePages` has. The search runs in the background and delivers its results
+/// through the main queue.
 class SearchPanel : public Panel {
  public:
   /// The venue must outlive the panel.
@@ -28,8 +32,11 @@ class SearchPanel : public Panel {
   /// Called with the place that the user has chosen, and with `end`.
   std::function<void(const std::shared_ptr<Location>&, std::optional<RouteEnd> end)> chosen;
 
-  /// Called when the user has chosen the nearest place of a category.
-  std::function<void(const std::shared_ptr<Category>&)> nearestChosen;
+  /// Called when the user has chosen the nearest of several places.
+  std::function<void(const NearestChoice&)> nearestChosen;
+
+  /// Returns the nearest places to offer.
+  std::function<std::vector<NearestChoice>()> nearestOffered;
   std::function<void()> layoutChanged;  ///< called when the height has changed
 
   TextField& field() { return *field_; }
@@ -46,46 +53,51 @@ class SearchPanel : public Panel {
   /// Removes the focus and the text.
   void close();
 
+  /// Leads from the places of a kind, or from all places, back to the kinds. Returns false if
+  /// neither is shown.
+  bool goBack();
+
+  /// Makes a place the latest of the recent ones. Does nothing if it is null.
+  void remember(const std::shared_ptr<Location>& place) { recent_.add(place); }
+
   /// Moves the mark in the list or edits the text. Returns false if the key does neither.
   bool handleKey(const KeyPress& press);
 
-  /// Chooses the marked place, or else the first one. If a search is running, waits for its end.
+  /// Chooses what is marked. If nothing is and there is a text, chooses the first result; if a
+  /// search is running, waits for its end.
   void chooseMarked();
 
-  /// The number of places in the list.
+  /// The number of places that the search has found.
   std::size_t count() const { return placeCount_; }
 
-  const List& list() const { return *list_; }
+  const ChoiceList& list() const { return *list_; }
 
   /// Returns the height for this width, at most `mostHeight`.
   double arrange(double width, double mostHeight);
   void draw(view::Canvas& canvas) override;
 
  private:
-  struct Item {
-    std::shared_ptr<Location> place;     // null for a category or the title of a group
-    std::string text;                    // the title, or the line below the place's name
-    std::shared_ptr<Category> category;  // whose nearest place is offered; null for others
-
-    bool canBeChosen() const { return place != nullptr || category != nullptr; }
-  };
-
   void search();
   void show(const std::vector<PlaceGroup>& groups);
-  std::shared_ptr<Row> makeRow(std::size_t index);
-  void choose(Item item);
+  void browse(BrowsePages::Page page);
+  void setSections(std::vector<ChoiceSection> sections);
+  void choosePlace(const std::shared_ptr<Location>& place);
+  void chooseNearest(const NearestChoice& choice);
+  bool moveAcross(Key key);
 
   const Venue& venue_;
   const guidance::InterfaceTexts texts_;
   LatestRequest<SearchWorker> search_;
+  RecentPlaces recent_;
+  BrowsePages pages_;
   std::shared_ptr<TextField> field_;
   std::shared_ptr<Label> sign_;
   std::shared_ptr<Button> clear_;
   std::shared_ptr<Label> nothing_;
-  std::shared_ptr<List> list_;
-  std::vector<Item> items_;  // one for each row
+  std::shared_ptr<ChoiceList> list_;
+  BrowsePages::Page page_;
   std::size_t placeCount_ = 0;
-  bool hasSearched_ = false;   // the list shows the results of a search
+  bool findsNothing_ = false;  // the latest search
   bool choosesFirst_ = false;  // when the current search has ended
   std::optional<RouteEnd> end_;
 };

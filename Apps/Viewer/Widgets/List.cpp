@@ -26,6 +26,7 @@ Row::Row(const RowText& text)
               .size = theme::smallSize, .color = theme::faint, .alignment = Alignment::trailing},
           text.trailing)),
       dot_(text.dot),
+      indent_(text.indent),
       height_(heightWith(text.detail)) {
   for (const auto& label : {title_, detail_, trailing_}) addSubview(label);
 }
@@ -41,7 +42,7 @@ void Row::draw(view::Canvas& canvas) {
   if (isPressed() || marked_)
     canvas.fill({{6, 2}, {size.width - 12, size.height - 4}},
                 marked_ ? theme::accentTint : theme::pressed, 8);
-  double left = theme::padding;
+  double left = theme::padding + indent_;
   if (dot_) {
     canvas.fill(directed(*this, {{left, size.height / 2 - 5}, {10, 10}}), *dot_, 5);
     left += 22;

@@ -19,6 +19,7 @@ struct RowText {
   std::string detail;                                 ///< below the title; may be empty
   std::string trailing;                               ///< at the end of the line; may be empty
   std::optional<graphics::Color> dot = std::nullopt;  ///< before the title
+  double indent = 0;                                  ///< points left free before the title
 };
 
 class Row : public Pressable {
@@ -48,6 +49,7 @@ class Row : public Pressable {
   std::shared_ptr<Label> detail_;
   std::shared_ptr<Label> trailing_;
   std::optional<graphics::Color> dot_;
+  double indent_;
   double height_;
   bool marked_ = false;
 };

@@ -133,12 +133,14 @@ TEST(NearestChoices, NamesToiletsThatAreNotForEverybody) {
       {"Toilets>Men's toilets,Entrances,Cafés", {"Nearest toilet", "Nearest exit"}},
       {"Men's toilets,Women's toilets,Cafés",
        {"Nearest: Men's toilets", "Nearest: Women's toilets"}},
-      {"Exits,Toilets>Men's toilets", {"Nearest exit"}}};
+      {"Exits,Toilets>Men's toilets", {"Nearest exit"}},
+      {"Geldautomaten,Info points,AED,Cafés",
+       {"Nearest cash machine", "Nearest information desk", "Nearest first aid"}}};
   for (const auto& [categories, expected] : cases) {
     const CategoryVenue all(categories);
     std::vector<std::string> titles;
     for (const auto& each :
-         nearestChoices(*all.venue, *all.places.back(), {}, guidance::InterfaceTexts()))
+         nearestChoices(*all.venue, all.places.back().get(), {}, guidance::InterfaceTexts()))
       titles.push_back(each.title);
     EXPECT_EQ(titles, expected);
   }

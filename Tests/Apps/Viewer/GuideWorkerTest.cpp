@@ -42,7 +42,7 @@ TEST(GuideWorker, ObeysTheHoursOfConnectors) {
     const GuidedPlan plan = worker.answer(request, {});
     EXPECT_EQ(plan.problem ? std::optional(plan.problem->kind) : std::nullopt, each.problem);
     EXPECT_EQ(plan.routes.empty() ? "" : plan.routes.front().warning, each.warning);
-    request.stops[1] = nearestChoices(*venue, *venue->locations->front(), {}, texts).at(0).stop;
+    request.stops[1] = nearestChoices(*venue, nullptr, {}, texts).at(0).stop;
     const GuidedPlan nearest = worker.answer(request, {});
     EXPECT_EQ(nearest.routes.empty() ? "" : nearest.routes.front().to()->id, each.nearestElevator);
     EXPECT_EQ(nearest.problem.has_value(), each.problem.has_value()) << each.hour;

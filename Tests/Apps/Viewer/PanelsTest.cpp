@@ -4,7 +4,6 @@
 #include "Apps/Viewer/Panels/FloorSwitch.hpp"
 #include "Apps/Viewer/Panels/KeyHelp.hpp"
 #include "Apps/Viewer/Panels/PlaceCard.hpp"
-#include "Source/Location.hpp"
 #include "Source/Map.hpp"
 
 namespace orivanta::viewer {
@@ -28,15 +27,18 @@ TEST(FloorSwitch, KeepsTheFloorThatShowsInSightHoweverManyThereAre) {
 }
 
 TEST(PlaceCard, IsNoHigherThanThereIsRoom) {
-  const std::string text(1000, 'a');
-  const auto place = Location::make(*RawData::parse(fmt::format(
-      R"({{"id": "l", "name": "Place", "type": "shop", "description": "{}"}})", text + " b")));
   PlaceCard card{guidance::InterfaceTexts()};
-  card.show(*place, "Cafe");
+  CardContent content{.title = "Cafe", .description = std::string(1000, 'a') + " b"};
+  content.week.assign(7, {"Monday", "09:00"});
+  card.show(content);
+  card.setNearest({{"Nearest exit", guidance::PlaceList()}});
   card.setPicture(graphics::Image::make(200, 100, std::vector<std::uint8_t>(80'000, 255)),
                   PictureMode::fill);
+  const double folded = card.arrange(344, 2000, false);
+  card.toggleWeek();
   const double free = card.arrange(344, 2000, false);
-  for (const double most : {free, free - 1, 300.0, 200.0, 160.0})
+  EXPECT_GT(free, folded + 7 * 15);
+  for (const double most : {free, free - 1, 400.0, 300.0, 200.0})
     EXPECT_LE(card.arrange(344, most, false), most);
   EXPECT_EQ(card.arrange(344, 2000, false), free) << "the full height is restored";
 }

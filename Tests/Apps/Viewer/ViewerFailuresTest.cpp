@@ -138,7 +138,7 @@ TEST_F(ViewerFailuresTest, WhatIsClosedIsMarkedAndAvoided) {
   EXPECT_GT(test::countPixels(*stage.picture(), theme::warning), 20);
   for (const auto& place : {cafe, stage.place("loft")}) {
     view.select(place);
-    EXPECT_EQ(view.panels().card->saysClosed(), place == cafe);
+    EXPECT_EQ(view.panels().card->content().isClosed, place == cafe);
   }
   stage.untilPlanned("loft", "cafe");
   EXPECT_THAT(view.panels().route->summary(), HasSubstr("is closed"));
