@@ -3,12 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <utility>
 
 #include "Source/Guidance/SearchIndexBuilder.hpp"
 #include "Source/Guidance/SearchQuery.hpp"
-#include "Source/Venue.hpp"
 
 namespace orivanta {
 
@@ -17,11 +15,6 @@ namespace {
 constexpr std::size_t stride = 256;       // places between two checks for cancellation
 constexpr std::size_t mostPenalties = 8;  // that are distinguished
 constexpr std::size_t matchCount = static_cast<std::size_t>(PlaceMatch::near) + 1;
-
-template <class List>
-List listOf(const std::optional<List>& list) {
-  return list ? *list : List();
-}
 
 // Returns all places without the connectors, in one group per category. `make` makes what a group
 // lists.
@@ -67,16 +60,9 @@ std::vector<Group> groupsOf(const SearchIndex& index, std::string_view typed,
 
 }  // namespace
 
-SearchedPlaces::SearchedPlaces(const Venue& venue)
-    : places(listOf(venue.locations)),
-      connectors(listOf(venue.vortices)),
-      categories(listOf(venue.categories)) {}
-
-std::string_view wordOf(PlaceMatch match) {
-  constexpr std::array<std::string_view, matchCount> words{
-      "name", "kind", "beginning", "word", "inside", "category", "description", "near"};
-  return words[static_cast<std::size_t>(match)];
-}
+struct PlaceSearch::Index {
+  SearchIndex contents;
+};
 
 PlaceSearch::PlaceSearch(const SearchedPlaces& searched, const foundation::CancellationToken& token,
                          const KindWords& kinds)
@@ -99,9 +85,8 @@ std::vector<FoundGroup> PlaceSearch::search(std::string_view typed,
 
 std::vector<PlaceGroup> PlaceSearch::find(std::string_view typed,
                                           const foundation::CancellationToken& token) const {
-  return groupsOf<PlaceGroup>(
-      index_->contents, typed, token,
-      [](const IndexedPlace& place, PlaceMatch) { return place.entry->place; });
+  return groupsOf<PlaceGroup>(index_->contents, typed, token,
+                              [](const IndexedPlace& place, PlaceMatch) { return place.record; });
 }
 
 }  // namespace orivanta

@@ -9,9 +9,9 @@
 #include "Platform/Foundation/Cancellation.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Source/Fwd.hpp"
-#include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/FoundPlace.hpp"
 #include "Source/Guidance/Kinds/KindWords.hpp"
-#include "Source/Guidance/NameMatch.hpp"
+#include "Source/Guidance/SearchedPlaces.hpp"
 
 namespace orivanta {
 
@@ -19,56 +19,6 @@ namespace orivanta {
 struct PlaceGroup {
   std::string title;  ///< the category's name, at most 80 columns; empty if there is no category
   std::vector<std::shared_ptr<Location>> places;  ///< in list order
-};
-
-/// What a list shows of a place or connector. Immutable.
-struct PlaceEntry {
-  std::shared_ptr<Location> place;  ///< a `Vortex` for a connector; never null
-  std::string name;      ///< that of the place. For a connector: the name on its sign, or else that
-                         ///< of its category, or else that of its record
-  std::string category;  ///< the name of the first category; empty if there is none
-  PlaceKind kind = PlaceKind::other;  ///< see `KindWords`
-  FloorList floors;                   ///< where the place is, or which floors the connector
-                                      ///< reaches; the lowest first
-};
-
-/// How a place matches a search; a smaller value is better.
-enum class PlaceMatch {
-  name,         ///< the text is the name
-  kind,         ///< the text means a kind of facilities, such as "lift", and the place is one
-  beginning,    ///< the name begins with the text
-  word,         ///< each word begins a word of the name
-  inside,       ///< each word occurs somewhere in the name
-  category,     ///< each word belongs to the category, the kind or the floor of the place
-  description,  ///< each word begins a word of the description
-  near          ///< a word differs in one or two letters, see `NameMatch::near`
-};
-
-/// Returns the name of the enumerator, such as "beginning".
-ORIVANTA_API std::string_view wordOf(PlaceMatch match);
-
-/// A place or connector that a search has found.
-struct FoundPlace {
-  std::shared_ptr<const PlaceEntry> entry;  ///< never null
-  PlaceMatch match = PlaceMatch::name;      ///< how it matches
-};
-
-/// A group of found places.
-struct FoundGroup {
-  std::string title;               ///< see `PlaceGroup::title`
-  std::vector<FoundPlace> places;  ///< in list order
-};
-
-/// What a search index is made of. Owns the records. A value.
-struct ORIVANTA_API SearchedPlaces {
-  SearchedPlaces() = default;  ///< creates empty lists
-
-  /// Copies the lists of a venue, not the records. The lists are empty if the venue is not loaded.
-  SearchedPlaces(const Venue& venue);  // NOLINT(google-explicit-constructor)
-
-  std::vector<std::shared_ptr<Location>> places;      ///< the places
-  std::vector<std::shared_ptr<Vortex>> connectors;    ///< elevators, stairs and others
-  std::vector<std::shared_ptr<Category>> categories;  ///< those that connectors refer to
 };
 
 /// An index of the places and connectors of a venue, created once for any number of searches. Owns

@@ -8,16 +8,16 @@
 #include <string_view>
 #include <vector>
 
+#include "Source/Guidance/FoundPlace.hpp"
 #include "Source/Guidance/Kinds/SearchTopics.hpp"
 #include "Source/Guidance/NameMatch.hpp"
-#include "Source/Guidance/PlaceSearch.hpp"
 
 namespace orivanta {
 
 /// A category.
 struct IndexedCategory {
   SearchableText name;
-  std::string title;       ///< see `PlaceGroup::title`
+  std::string title;       ///< see `FoundGroup::title`
   Topics topics = 0;       ///< of its kind
   Topics namedTopics = 0;  ///< of words in its name
   PlaceKind kind = PlaceKind::other;
@@ -27,8 +27,9 @@ struct IndexedCategory {
 /// A place or connector.
 struct IndexedPlace {
   std::shared_ptr<const PlaceEntry> entry;
-  SearchableText name;  ///< empty for a connector without a sign
-  std::string compact;  ///< the name without spaces; empty if it has none
+  std::shared_ptr<Location> record;  ///< that of the entry
+  SearchableText name;               ///< empty for a connector without a sign
+  std::string compact;               ///< the name without spaces; empty if it has none
   SearchableText description;
   std::vector<std::uint32_t> categories;  ///< indices of categories; the first is the group's
   Topics kindTopics = 0;                  ///< of its kind
@@ -51,11 +52,6 @@ struct SearchIndex {
   std::vector<IndexedPlace> places;       ///< in list order
   std::vector<std::uint32_t> byCategory;  ///< indices of places without connectors, by category
   std::vector<IndexedFloor> floors;       ///< in no order
-};
-
-/// The index of a `PlaceSearch`.
-struct PlaceSearch::Index {
-  SearchIndex contents;
 };
 
 }  // namespace orivanta

@@ -154,6 +154,7 @@ void IndexBuilder::add(const std::shared_ptr<Location>& record) {
   PlaceEntry entry;
   place.isConnector = connector != nullptr;
   entry.place = record;
+  place.record = record;
   FloorList floors = floorsOf(*record);
   std::erase(floors, nullptr);
   entry.floors = floorsFromTop(std::move(floors));

@@ -5,6 +5,7 @@
 #include "Platform/Foundation/Cancellation.hpp"
 #include "Source/Guidance/Kinds/KindWords.hpp"
 #include "Source/Guidance/SearchIndex.hpp"
+#include "Source/Guidance/SearchedPlaces.hpp"
 
 namespace orivanta {
 
