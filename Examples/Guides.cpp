@@ -198,9 +198,10 @@ void glideCamera(MapView& mapView, render::Renderer& renderer, double seconds) {
 
 void searchPlaces(const Venue& venue) {
   //! [search places]
-  const PlaceSearch search(*venue.locations);
-  for (const PlaceGroup& group : search.find("coff"))
-    for (const auto& place : group.places) std::cout << *place->name << '\n';
+  const PlaceSearch search(venue);
+  for (const FoundGroup& group : search.search("coff"))
+    for (const FoundPlace& found : group.places)
+      std::cout << found.entry->name << ", " << floorLabels(found.entry->floors) << '\n';
   //! [search places]
 }
 

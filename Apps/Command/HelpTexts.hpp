@@ -38,6 +38,16 @@ Examples:
   orivanta venue astrolabe-court --locations coffee    those whose name contains "coffee"
   orivanta venue astrolabe-court --accessible          only connectors without steps)";
 
+inline constexpr const char* searchFooter = R"(
+Prints the identifier, the name, the kind and the floors of each place and connector, the best match
+first. Each word must match the name, a category, the kind, a floor or the description of a place.
+Words for kinds, such as lift or toilets, may be in English, German, French, Japanese or Arabic.
+
+Examples:
+  orivanta search astrolabe-court coffee
+  orivanta search astrolabe-court elevator --json
+  orivanta search astrolabe-court wc women --most 1)";
+
 inline constexpr const char* routeFooter = R"(
 A place is the identifier of a location or a node, or the name of a location: the whole name, in
 any capitalization, or a part that occurs in no other name. With --guide, it may also be a position

@@ -51,6 +51,7 @@ void define(CLI::App& app, CommandLine& line) {
   addQueryOptions(app, line);
   addVenues(app, line);
   addVenue(app, line);
+  addSearch(app, line);
   addRoute(app, line);
   addWalk(app, line);
   addCosts(app, line);

@@ -1,10 +1,9 @@
 #include "Apps/Viewer/CategoryFit.hpp"
 
 #include <algorithm>
-#include <iterator>
 
-#include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Category.hpp"
+#include "Source/Guidance/NameMatch.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 
 namespace orivanta::viewer {
@@ -21,32 +20,12 @@ std::string identifierForm(const std::string& identifier) {
   return form.starts_with("cat ") ? form.substr(4) : form;
 }
 
-// Returns whether a part of a word is long enough to stand for the word.
-bool isClear(std::string_view part) {
-  const auto first = foundation::firstCharacter(part).codePoint;
-  if (first >= 0x0590 && first < 0x0900) return false;  // Hebrew, Arabic and related scripts
-  std::size_t letters = 0;
-  for (; !part.empty(); ++letters)
-    part.remove_prefix(foundation::firstCharacter(part).bytes.size());
-  return letters >= (first >= 0x2E80 && first < 0xAC00 ? 2U : 3U);  // kana and ideographs
-}
-
-// Returns whether a word is another one or its plural in English, German or French.
-bool isFormOf(std::string_view word, std::string_view singular) {
-  if (!word.starts_with(singular)) return false;
-  word.remove_prefix(singular.size());
-  if (word.empty()) return true;
-  constexpr std::string_view endings[] = {"s", "es", "e", "n", "en", "er", "x"};
-  return std::find(std::begin(endings), std::end(endings), word) != std::end(endings) &&
-         isClear(singular);
-}
-
 Fit fitOfWords(const Words& own, const Words& typed) {
   Fit fit = Fit::words;
   for (const std::string& word : typed) {
     const auto isForm = [&](const std::string& each) { return isFormOf(each, word); };
     if (std::any_of(own.begin(), own.end(), isForm)) continue;
-    if (!isClear(word) || !beginsAny(own, word)) return Fit::none;
+    if (!standsForWord(word) || !beginsAny(own, word)) return Fit::none;
     fit = Fit::beginnings;
   }
   return fit;
@@ -55,7 +34,7 @@ Fit fitOfWords(const Words& own, const Words& typed) {
 bool containsAll(const Words& own, const Words& words) {
   return !words.empty() && std::all_of(words.begin(), words.end(), [&](const std::string& word) {
     return std::any_of(own.begin(), own.end(), [&](const std::string& each) {
-      return isFormOf(each, word) || (each.ends_with(word) && isClear(word));
+      return isFormOf(each, word) || (each.ends_with(word) && standsForWord(word));
     });
   });
 }

@@ -3,7 +3,12 @@
 #include <utf8proc.h>
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <iterator>
 #include <numeric>
+#include <utility>
 
 #include "Source/Guidance/TextFolding.hpp"
 
@@ -13,59 +18,64 @@ namespace {
 
 using CodePoints = std::vector<std::int32_t>;
 
-std::vector<std::string_view> wordsOf(std::string_view text) {
-  std::vector<std::string_view> words;
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.find(' '), text.size());
-    if (end > 0) words.push_back(text.substr(0, end));
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
-  return words;
+// Removes the first code point of a text and returns it.
+std::int32_t takeCodePoint(std::string_view& text) {
+  utf8proc_int32_t point = -1;
+  const auto read = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                                     static_cast<utf8proc_ssize_t>(text.size()), &point);
+  text.remove_prefix(static_cast<std::size_t>(std::max<utf8proc_ssize_t>(read, 1)));
+  return point;
 }
 
 CodePoints codePoints(std::string_view text) {
   CodePoints points;
-  while (!text.empty()) {
-    utf8proc_int32_t point = -1;
-    const auto read = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                       static_cast<utf8proc_ssize_t>(text.size()), &point);
-    points.push_back(point);
-    text.remove_prefix(static_cast<std::size_t>(std::max<utf8proc_ssize_t>(read, 1)));
-  }
+  while (!text.empty()) points.push_back(takeCodePoint(text));
   return points;
 }
 
+constexpr std::size_t mostMistakes = 2;
+constexpr std::size_t mostLetters = 32;  // of a typed word with mistakes
+
 // Returns whether `typed` becomes a prefix of `word` if at most this many letters are changed,
 // added, removed or swapped with their neighbor (Damerau 1964, optimal string alignment).
-bool beginsNearly(const CodePoints& typed, const CodePoints& word, std::size_t mistakes) {
-  const std::size_t columns = std::min(word.size(), typed.size() + mistakes) + 1;
+bool beginsNearly(const CodePoints& typed, std::string_view word, std::size_t mistakes) {
+  using Row = std::array<std::size_t, mostLetters + mostMistakes + 1>;
+  std::array<std::int32_t, mostLetters + mostMistakes> letters{};
+  std::size_t count = 0;
+  for (; count < typed.size() + mistakes && !word.empty(); ++count)
+    letters[count] = takeCodePoint(word);
+  const std::size_t columns = count + 1;
   if (columns + mistakes < typed.size() + 1) return false;
-  std::vector<std::size_t> beforeLast(columns, typed.size());
-  std::vector<std::size_t> last(columns);
-  std::vector<std::size_t> row(columns);
-  std::iota(last.begin(), last.end(), std::size_t{0});
+  Row rows[3];
+  Row* beforeLast = &rows[0];
+  Row* last = &rows[1];
+  Row* row = &rows[2];
+  std::iota(last->begin(), last->begin() + static_cast<std::ptrdiff_t>(columns), std::size_t{0});
   std::size_t leastOfLast = 0;
   for (std::size_t i = 1; i <= typed.size(); ++i) {
-    row[0] = i;
+    (*row)[0] = i;
+    std::size_t least = i;
     for (std::size_t j = 1; j < columns; ++j) {
-      const bool isSame = typed[i - 1] == word[j - 1];
-      row[j] = std::min({last[j] + 1, row[j - 1] + 1, last[j - 1] + (isSame ? 0U : 1U)});
-      if (i > 1 && j > 1 && typed[i - 1] == word[j - 2] && typed[i - 2] == word[j - 1])
-        row[j] = std::min(row[j], beforeLast[j - 2] + 1);
+      const bool isSame = typed[i - 1] == letters[j - 1];
+      std::size_t cost =
+          std::min({(*last)[j] + 1, (*row)[j - 1] + 1, (*last)[j - 1] + (isSame ? 0U : 1U)});
+      if (i > 1 && j > 1 && typed[i - 1] == letters[j - 2] && typed[i - 2] == letters[j - 1])
+        cost = std::min(cost, (*beforeLast)[j - 2] + 1);
+      (*row)[j] = cost;
+      least = std::min(least, cost);
     }
-    const std::size_t least = *std::min_element(row.begin(), row.end());
     if (std::min(least, leastOfLast) > mistakes) return false;
     leastOfLast = least;
-    beforeLast.swap(last);
-    last.swap(row);
+    std::swap(beforeLast, last);
+    std::swap(last, row);
   }
   return leastOfLast <= mistakes;
 }
 
 // Short words allow no error; otherwise they would match nearly every name.
 std::size_t mistakesAllowed(std::size_t letters) {
-  if (letters < 4) return 0;
-  return letters < 8 ? 1 : 2;
+  if (letters < 4 || letters > mostLetters) return 0;
+  return letters < 8 ? 1 : mostMistakes;
 }
 
 // Returns the search form of the word that people spell like this on a keyboard without umlauts.
@@ -77,6 +87,51 @@ std::string withUmlauts(std::string_view form) {
     if (letter != 'e' || !follows) result += letter;
   }
   return result;
+}
+
+// Returns the bit of a letter. Latin letters and digits have bits of their own.
+std::uint64_t bitOf(std::int32_t point) {
+  unsigned index = 36U + static_cast<unsigned>(point) % 28U;
+  if (point >= 'a' && point <= 'z') index = static_cast<unsigned>(point - 'a');
+  if (point >= '0' && point <= '9') index = 26U + static_cast<unsigned>(point - '0');
+  return std::uint64_t{1} << index;
+}
+
+std::uint64_t lettersOf(std::string_view form) {
+  std::uint64_t letters = 0;
+  for (const std::int32_t point : codePoints(form))
+    if (point != ' ') letters |= bitOf(point);
+  return letters;
+}
+
+std::size_t bitCount(std::uint64_t bits) { return static_cast<std::size_t>(std::popcount(bits)); }
+
+// Returns the best match without mistakes.
+WordMatch exactMatch(std::string_view text, std::string_view typed) {
+  WordMatch best = WordMatch::none;
+  for (std::size_t at = text.find(typed); at != std::string_view::npos;
+       at = text.find(typed, at + 1)) {
+    const std::size_t end = at + typed.size();
+    const bool begins = at == 0 || text[at - 1] == ' ';
+    if (begins && (end == text.size() || text[end] == ' ')) return WordMatch::whole;
+    best = std::min(best, begins ? WordMatch::beginning : WordMatch::inside);
+  }
+  return best;
+}
+
+NameMatch nameMatchOf(WordMatch match) {
+  switch (match) {
+    case WordMatch::whole:
+    case WordMatch::beginning:
+      return NameMatch::word;
+    case WordMatch::inside:
+      return NameMatch::inside;
+    case WordMatch::near:
+      return NameMatch::near;
+    case WordMatch::none:
+      break;
+  }
+  return NameMatch::none;
 }
 
 bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
@@ -92,55 +147,95 @@ std::string_view takeNumber(std::string_view& text) {
 
 }  // namespace
 
-TypedText::TypedText(std::string_view text) {
-  const std::string form = searchForm(text);
-  spellings_.push_back(spellingOf(form));
-  if (std::string umlauts = withUmlauts(form); umlauts != form)
-    spellings_.push_back(spellingOf(std::move(umlauts)));
+SearchableText::SearchableText(std::string searchForm)
+    : form(std::move(searchForm)), letters(lettersOf(form)) {}
+
+TypedWord::TypedWord(std::string_view word) {
+  for (std::string& each : spellingsOf(word)) spellings_.push_back(spellingOf(std::move(each)));
 }
 
-TypedText::Spelling TypedText::spellingOf(std::string form) {
-  Spelling spelling{std::move(form), {}};
-  for (const std::string_view word : wordsOf(spelling.form))
-    spelling.words.push_back({std::string(word), codePoints(word)});
+TypedWord::Spelling TypedWord::spellingOf(std::string text) {
+  Spelling spelling;
+  spelling.codePoints = codePoints(text);
+  spelling.letters = lettersOf(text);
+  spelling.mistakes = mistakesAllowed(spelling.codePoints.size());
+  spelling.text = std::move(text);
   return spelling;
 }
 
-NameMatch TypedText::matchWord(std::string_view name, const std::vector<std::string_view>& words,
-                               const Word& typed) {
-  const auto anyWord = [&](const auto& fits) {
-    return std::any_of(words.begin(), words.end(), fits);
-  };
-  if (anyWord([&](std::string_view word) { return word.starts_with(typed.text); }))
-    return NameMatch::word;
-  if (name.find(typed.text) != std::string_view::npos) return NameMatch::inside;
-  const std::size_t mistakes = mistakesAllowed(typed.letters.size());
-  const bool isNear = mistakes > 0 && anyWord([&](std::string_view word) {
-                        return beginsNearly(typed.letters, codePoints(word), mistakes);
-                      });
-  return isNear ? NameMatch::near : NameMatch::none;
+WordMatch TypedWord::match(const SearchableText& text, Mistakes mistakes) const {
+  WordMatch best = WordMatch::none;
+  for (const Spelling& spelling : spellings_)
+    best = std::min(best, match(text, spelling, mistakes));
+  return best;
 }
 
-NameMatch TypedText::matchSpelling(std::string_view name,
-                                   const std::vector<std::string_view>& words,
-                                   const Spelling& typed) {
-  if (name.starts_with(typed.form)) return NameMatch::beginning;
+WordMatch TypedWord::match(const SearchableText& text, const Spelling& typed, Mistakes mistakes) {
+  const std::uint64_t missing = typed.letters & ~text.letters;
+  if (missing == 0) {
+    const WordMatch exact = exactMatch(text.form, typed.text);
+    if (exact != WordMatch::none) return exact;
+  }
+  // Each mistake explains at most one letter that the text lacks.
+  if (mistakes == Mistakes::none || typed.mistakes == 0 || bitCount(missing) > typed.mistakes)
+    return WordMatch::none;
+  for (std::string_view rest = text.form; !rest.empty();) {
+    const std::size_t end = std::min(rest.find(' '), rest.size());
+    if (beginsNearly(typed.codePoints, rest.substr(0, end), typed.mistakes)) return WordMatch::near;
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return WordMatch::none;
+}
+
+TypedText::TypedText(std::string_view text) : forms_(spellingsOf(searchForm(text))) {
+  for (const std::string_view word : wordsOfForm(forms_.front())) words_.emplace_back(word);
+}
+
+NameMatch TypedText::match(std::string_view name) const {
+  if (std::any_of(forms_.begin(), forms_.end(),
+                  [&](const std::string& form) { return name.starts_with(form); }))
+    return NameMatch::beginning;
+  const SearchableText text{std::string(name)};
   NameMatch worst = NameMatch::word;
-  for (const Word& word : typed.words) {
-    worst = std::max(worst, matchWord(name, words, word));
+  for (const TypedWord& word : words_) {
+    worst = std::max(worst, nameMatchOf(word.match(text)));
     if (worst == NameMatch::none) break;
   }
   return worst;
 }
 
-NameMatch TypedText::match(std::string_view name) const {
-  const auto words = wordsOf(name);
-  NameMatch best = NameMatch::none;
-  for (const Spelling& spelling : spellings_) {
-    if (best == NameMatch::beginning) break;
-    best = std::min(best, matchSpelling(name, words, spelling));
+std::vector<std::string> spellingsOf(std::string_view form) {
+  std::vector<std::string> spellings{std::string(form)};
+  if (std::string umlauts = withUmlauts(form); umlauts != form)
+    spellings.push_back(std::move(umlauts));
+  return spellings;
+}
+
+std::vector<std::string_view> wordsOfForm(std::string_view form) {
+  std::vector<std::string_view> words;
+  while (!form.empty()) {
+    const std::size_t end = std::min(form.find(' '), form.size());
+    if (end > 0) words.push_back(form.substr(0, end));
+    form.remove_prefix(std::min(end + 1, form.size()));
   }
-  return best;
+  return words;
+}
+
+bool standsForWord(std::string_view beginning) {
+  const CodePoints points = codePoints(beginning);
+  if (points.empty()) return false;
+  const std::int32_t first = points.front();
+  if (first >= 0x0590 && first < 0x0900) return false;  // Hebrew, Arabic and related scripts
+  return points.size() >= (first >= 0x2E80 && first < 0xAC00 ? 2U : 3U);  // kana and ideographs
+}
+
+bool isFormOf(std::string_view word, std::string_view singular) {
+  if (!word.starts_with(singular)) return false;
+  word.remove_prefix(singular.size());
+  if (word.empty()) return true;
+  constexpr std::string_view endings[] = {"s", "es", "e", "n", "en", "er", "x"};
+  return std::find(std::begin(endings), std::end(endings), word) != std::end(endings) &&
+         standsForWord(singular);
 }
 
 bool nameComesBefore(std::string_view left, std::string_view right) {

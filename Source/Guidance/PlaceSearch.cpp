@@ -1,120 +1,92 @@
 #include "Source/Guidance/PlaceSearch.hpp"
 
 #include <algorithm>
-#include <numeric>
-#include <optional>
-#include <tuple>
-#include <unordered_map>
+#include <array>
+#include <cstdint>
 #include <utility>
 
-#include "Platform/Foundation/DisplayText.hpp"
-#include "Source/Category.hpp"
-#include "Source/Guidance/TextFolding.hpp"
-#include "Source/Location.hpp"
+#include "Source/Guidance/SearchIndexBuilder.hpp"
+#include "Source/Guidance/SearchQuery.hpp"
 
 namespace orivanta {
 
 namespace {
 
-constexpr std::size_t mostCategories = 16;  // per place
-constexpr std::size_t stride = 256;         // places between two checks for cancellation
+constexpr std::size_t stride = 256;       // places between two checks for cancellation
+constexpr std::size_t mostPenalties = 8;  // that are distinguished
+constexpr std::size_t matchCount = static_cast<std::size_t>(PlaceMatch::near) + 1;
 
-std::string_view textOf(const std::optional<std::string>& name) {
-  return name ? std::string_view(*name) : std::string_view();
-}
-
-// Ranks names before categories, and categories before approximate matches. Returns nothing if
-// neither matches.
-std::optional<int> rankOf(NameMatch byName, bool categoryMatches) {
-  constexpr int category = static_cast<int>(NameMatch::near);
-  if (byName < NameMatch::near) return static_cast<int>(byName);
-  if (categoryMatches) return category;
-  return byName == NameMatch::near ? std::optional(category + 1) : std::nullopt;
-}
-
-}  // namespace
-
-PlaceSearch::PlaceSearch(const std::vector<std::shared_ptr<Location>>& places,
-                         const foundation::CancellationToken& token) {
-  addPlaces(places, token);
-  sort();
-}
-
-void PlaceSearch::addPlaces(const std::vector<std::shared_ptr<Location>>& places,
-                            const foundation::CancellationToken& token) {
-  std::unordered_map<const Category*, std::size_t> known;
-  const auto indexOf = [&](const Category& category) {
-    const auto [entry, isNew] = known.try_emplace(&category, categories_.size());
-    const std::string_view name = textOf(category.name);
-    if (isNew) categories_.push_back({searchForm(name), foundation::label(name)});
-    return entry->second;
-  };
-  for (std::size_t i = 0; i < places.size(); ++i) {
-    if (i % stride == 0 && token.isCanceled()) return entries_.clear();
-    const Location& place = *places[i];
-    if (place.nodes.empty() && place.polygons.empty()) continue;
-    Entry entry{places[i], searchForm(textOf(place.name)), {}};
-    for (const auto& category : place.categories) {
-      if (entry.categories.size() == mostCategories) break;
-      entry.categories.push_back(indexOf(*category));
-    }
-    entries_.push_back(std::move(entry));
-  }
-}
-
-void PlaceSearch::sort() {
-  std::stable_sort(entries_.begin(), entries_.end(),
-                   [](const Entry& a, const Entry& b) { return nameComesBefore(a.name, b.name); });
-  byCategory_.resize(entries_.size());
-  std::iota(byCategory_.begin(), byCategory_.end(), std::size_t{0});
-  const auto groupOf = [this](std::size_t index) -> const CategoryEntry* {
-    const auto& own = entries_[index].categories;
-    return own.empty() ? nullptr : &categories_[own.front()];
-  };
-  std::stable_sort(byCategory_.begin(), byCategory_.end(), [&](std::size_t a, std::size_t b) {
-    const CategoryEntry* const left = groupOf(a);
-    const CategoryEntry* const right = groupOf(b);
-    if (left == nullptr || right == nullptr) return left != nullptr && right == nullptr;
-    if (nameComesBefore(left->name, right->name)) return true;
-    if (nameComesBefore(right->name, left->name)) return false;
-    return std::tie(left->name, left->title) < std::tie(right->name, right->title);
-  });
-}
-
-std::vector<PlaceGroup> PlaceSearch::all() const {
-  std::vector<PlaceGroup> groups;
-  for (const std::size_t index : byCategory_) {
-    const Entry& entry = entries_[index];
-    const std::string title =
-        entry.categories.empty() ? "" : categories_[entry.categories.front()].title;
+// Returns all places without the connectors, in one group per category. `make` makes what a group
+// lists.
+template <class Group, class Make>
+std::vector<Group> allGroups(const SearchIndex& index, const Make& make) {
+  std::vector<Group> groups;
+  const std::string none;
+  for (const std::uint32_t position : index.byCategory) {
+    const IndexedPlace& place = index.places[position];
+    const std::string& title =
+        place.categories.empty() ? none : index.categories[place.categories.front()].title;
     if (groups.empty() || groups.back().title != title) groups.push_back({title, {}});
-    groups.back().places.push_back(entry.place);
+    groups.back().places.push_back(make(place, PlaceMatch::category));
   }
   return groups;
 }
 
+// Returns the places that match, in one group.
+template <class Group, class Make>
+std::vector<Group> groupsOf(const SearchIndex& index, std::string_view typed,
+                            const foundation::CancellationToken& token, const Make& make) {
+  const SearchQuery query(typed, index.categories, index.floors);
+  if (query.empty()) return allGroups<Group>(index, make);
+  std::array<std::vector<const IndexedPlace*>, matchCount * mostPenalties> found;
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < index.places.size(); ++i) {
+    if (i % stride == 0 && token.isCanceled()) return {};
+    const auto score = query.scoreOf(index.places[i]);
+    if (!score) continue;
+    found[static_cast<std::size_t>(score->match) * mostPenalties +
+          std::min(score->penalty, mostPenalties - 1)]
+        .push_back(&index.places[i]);
+    ++count;
+  }
+  if (count == 0) return {};
+  std::vector<Group> groups(1);
+  groups.front().places.reserve(count);
+  for (std::size_t rank = 0; rank < found.size(); ++rank)
+    for (const IndexedPlace* const place : found[rank])
+      groups.front().places.push_back(make(*place, static_cast<PlaceMatch>(rank / mostPenalties)));
+  return groups;
+}
+
+}  // namespace
+
+struct PlaceSearch::Index {
+  SearchIndex contents;
+};
+
+PlaceSearch::PlaceSearch(const SearchedPlaces& searched, const foundation::CancellationToken& token,
+                         const KindWords& kinds)
+    : index_(std::make_shared<const Index>(Index{indexOf(searched, kinds, token)})) {}
+
+PlaceSearch::PlaceSearch(const std::vector<std::shared_ptr<Location>>& places,
+                         const foundation::CancellationToken& token) {
+  SearchedPlaces searched;
+  searched.places = places;
+  *this = PlaceSearch(searched, token);
+}
+
+std::vector<FoundGroup> PlaceSearch::search(std::string_view typed,
+                                            const foundation::CancellationToken& token) const {
+  return groupsOf<FoundGroup>(index_->contents, typed, token,
+                              [](const IndexedPlace& place, PlaceMatch match) {
+                                return FoundPlace{place.entry, match};
+                              });
+}
+
 std::vector<PlaceGroup> PlaceSearch::find(std::string_view typed,
                                           const foundation::CancellationToken& token) const {
-  const TypedText text(typed);
-  if (text.empty()) return all();
-  std::vector<bool> matching;  // per category
-  for (const CategoryEntry& category : categories_)
-    matching.push_back(text.match(category.name) <= NameMatch::word);
-  std::vector<std::pair<int, const Entry*>> ranked;
-  for (std::size_t i = 0; i < entries_.size(); ++i) {
-    if (i % stride == 0 && token.isCanceled()) return {};
-    const Entry& entry = entries_[i];
-    const bool byCategory = std::any_of(entry.categories.begin(), entry.categories.end(),
-                                        [&](std::size_t category) { return matching[category]; });
-    if (const auto rank = rankOf(text.match(entry.name), byCategory))
-      ranked.emplace_back(*rank, &entry);
-  }
-  std::stable_sort(ranked.begin(), ranked.end(),
-                   [](const auto& a, const auto& b) { return a.first < b.first; });
-  if (ranked.empty()) return {};
-  PlaceGroup found;
-  for (const auto& [rank, entry] : ranked) found.places.push_back(entry->place);
-  return {std::move(found)};
+  return groupsOf<PlaceGroup>(index_->contents, typed, token,
+                              [](const IndexedPlace& place, PlaceMatch) { return place.record; });
 }
 
 }  // namespace orivanta

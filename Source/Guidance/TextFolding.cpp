@@ -64,6 +64,30 @@ bool isPartOfWord(utf8proc_int32_t point) {
   }
 }
 
+constexpr utf8proc_int32_t tatweel = 0x0640;  // lengthens Arabic words
+
+// Returns the letter or digit of Arabic script that people type for another one, which may be of
+// Persian.
+utf8proc_int32_t plainArabic(utf8proc_int32_t point) {
+  if (point >= 0x0660 && point <= 0x0669) return '0' + (point - 0x0660);
+  if (point >= 0x06F0 && point <= 0x06F9) return '0' + (point - 0x06F0);
+  switch (point) {
+    case 0x0671:  // alef wasla
+      return 0x0627;
+    case 0x0629:  // ta marbuta
+    case 0x06C1:
+    case 0x06D5:
+      return 0x0647;
+    case 0x0649:  // alef maksura
+    case 0x06CC:
+      return 0x064A;
+    case 0x06A9:
+      return 0x0643;
+    default:
+      return point;
+  }
+}
+
 // Appends a letter of the search form. Unicode does not decompose letters with strokes and most
 // ligatures.
 void appendPlain(std::string& text, utf8proc_int32_t point) {
@@ -90,7 +114,8 @@ void appendPlain(std::string& text, utf8proc_int32_t point) {
       constexpr utf8proc_int32_t firstHiragana = 0x3041;
       constexpr utf8proc_int32_t lastHiragana = 0x3096;
       constexpr utf8proc_int32_t toKatakana = 0x60;
-      append(text, point >= firstHiragana && point <= lastHiragana ? point + toKatakana : point);
+      append(text, point >= firstHiragana && point <= lastHiragana ? point + toKatakana
+                                                                   : plainArabic(point));
   }
 }
 
@@ -119,7 +144,7 @@ std::string searchForm(std::string_view text) {
   for (const utf8proc_int32_t point :
        folded(beginningOf(text), UTF8PROC_IGNORE).value_or(CodePoints())) {
     if (form.size() >= mostBytes) break;
-    if (isLeftOut(point) || isJoiner(point)) continue;
+    if (isLeftOut(point) || isJoiner(point) || point == tatweel) continue;
     if (!isPartOfWord(point)) {
       gap = !form.empty();
       continue;

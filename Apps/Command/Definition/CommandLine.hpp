@@ -14,6 +14,7 @@
 #include "Apps/Command/ListVenues.hpp"
 #include "Apps/Command/PublishVenues.hpp"
 #include "Apps/Command/Render/RenderVenue.hpp"
+#include "Apps/Command/SearchPlaces.hpp"
 #include "Apps/Command/Serve.hpp"
 #include "Apps/Command/ShowVenue.hpp"
 #include "Apps/Command/ViewVenue.hpp"
@@ -27,6 +28,7 @@ struct CommandLine {
   bool json = false;
   ListVenuesOptions listVenues;
   ShowVenueOptions showVenue;
+  SearchPlacesOptions searchPlaces;
   FindRouteOptions findRoute;
   RenderVenueOptions renderVenue;
   ViewVenueOptions viewVenue;
@@ -45,6 +47,7 @@ struct CommandLine {
 // Parsing fills in `line` and sets `line.chosen`. Both arguments must outlive parsing.
 void addVenues(CLI::App& app, CommandLine& line);
 void addVenue(CLI::App& app, CommandLine& line);
+void addSearch(CLI::App& app, CommandLine& line);
 void addRoute(CLI::App& app, CommandLine& line);
 void addWalk(CLI::App& app, CommandLine& line);
 void addCosts(CLI::App& app, CommandLine& line);

@@ -25,6 +25,18 @@ void addVenue(CLI::App& app, CommandLine& line) {
   addQueryOptions(query, line);
 }
 
+void addSearch(CLI::App& app, CommandLine& line) {
+  SearchPlacesOptions& options = line.searchPlaces;
+  auto& query = addQuery(app, line, "search", "Find places by what people type", help::searchFooter,
+                         options, searchPlaces);
+  addSlug(query, options.slug);
+  query.add_option("TEXT", options.words, "Words to search for; an empty text lists all places")
+      ->type_name("")
+      ->required();
+  query.add_option("--most", options.most, "Print at most N places")->type_name("N");
+  addQueryOptions(query, line);
+}
+
 void addView(CLI::App& app, CommandLine& line) {
   ViewVenueOptions& options = line.viewVenue;
   auto& command = *app.add_subcommand("view", "Explore a venue in a window");

@@ -26,7 +26,7 @@ const char* placeholderKey(std::optional<RouteEnd> end) {
 SearchPanel::SearchPanel(const Venue& venue, const guidance::InterfaceTexts& texts)
     : venue_(venue),
       texts_(texts),
-      search_(SearchWorker(*venue.locations), [this](const auto& groups) { show(groups); }),
+      search_(SearchWorker(venue), [this](const auto& groups) { show(groups); }),
       pages_(venue, texts,
              {.nearest = [this](const NearestChoice& choice) { chooseNearest(choice); },
               .turn = [this](BrowsePages::Page page) { browse(page); },

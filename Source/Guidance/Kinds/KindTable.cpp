@@ -18,7 +18,8 @@ constexpr KindRow rows[] = {
      "potable,水飲ミ,음수대,"
      "مياه الشرب,_staff only,_private_,nicht offentlich,acces reserve,関係者"},
     {shop,
-     "_jeux et j,_health and b,_gesundheit und s,_sante et b,美容 健康,الصحة والجمال,_salon de "
+     "_toiletr,トイレタリ,_jeux et j,_health and b,_gesundheit und s,_sante et b,美容 健康,الصحة "
+     "والجمال,_salon de "
      "beaute"},
     {service,
      "_travel a,reiseburo,agence de voyage,agences de voyage,agencia de "

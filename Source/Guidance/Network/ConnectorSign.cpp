@@ -22,9 +22,11 @@ bool isNumbered(std::string_view name, std::string_view word) {
 
 }  // namespace
 
-ConnectorSigns::ConnectorSigns(const Venue& venue) {
-  if (!venue.categories) return;
-  for (const auto& category : *venue.categories)
+ConnectorSigns::ConnectorSigns(const Venue& venue)
+    : ConnectorSigns(venue.categories.value_or(std::vector<std::shared_ptr<Category>>())) {}
+
+ConnectorSigns::ConnectorSigns(const std::vector<std::shared_ptr<Category>>& categories) {
+  for (const auto& category : categories)
     categories_.emplace(category->id.value_or(""), category.get());
 }
 

@@ -1,8 +1,10 @@
 // The name that a connector's sign shows.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "Source/Fwd.hpp"
 
@@ -12,6 +14,7 @@ namespace orivanta::guidance {
 class ConnectorSigns {
  public:
   explicit ConnectorSigns(const Venue& venue);
+  explicit ConnectorSigns(const std::vector<std::shared_ptr<Category>>& categories);
 
   /// Returns the name of a connector, or an empty text if no sign shows it: if the record has
   /// `"nameGenerated": true`, or if the name is only the name of one of its categories and a number

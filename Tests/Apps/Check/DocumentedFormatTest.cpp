@@ -183,6 +183,7 @@ TEST(DocumentedFormat, JsonOutputFollowsItsSchema) {
       {"venues", {"venues"}},
       {"venue", {"venue", "small"}},
       {"locations", {"venue", "small", "--locations"}},
+      {"search", {"search", "small", "lift"}},
       {"route", {"route", "small", "--from", "l1", "--to", "l2"}},
       {"route", {"route", "small", "--from", "n1", "--to", "n4"}},
       {"guidance", {"route", "small", "--from", "l1", "--to", "l2", "--alternatives", "2"}},

@@ -68,6 +68,9 @@ TEST_F(Command, AnswersQueries) {
       {"venue small --locations o", 0, "l2  Book Shop  F1  Shops\n"},
       {"venue small --locations zoo", 1, "",
        "no location whose name or identifier contains \"zoo\""},
+      {"search small elevator", 0, "lift  Lift A  lift  G, F1\n"},
+      {"search small book g", 1, "", "nothing found for \"book g\""},
+      {"search small f1 --most 1", 0, "l2  Book Shop  shop  F1\n"},
       {"venue smell", 1, "", "the server has small. Did you mean \"small\"?"},
       {"route small --from bakery --to l2", 0,
        rides + "Connectors:  Stairs B (stairs), G -> F1\nLength:      1.5 m (3.0 units)\n"

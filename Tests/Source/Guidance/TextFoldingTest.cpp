@@ -23,7 +23,12 @@ TEST(TextFolding, TheSearchFormLeavesOutWhatPeopleLeaveOut) {
       {"きっぷ", "キッフ\u309A"},
       {"Joe's & Moe’s", "joes moes"},
       {"ＷＣ２", "wc2"},
-      {"مَقْهى", "مقهى"},
+      {"مَقْهى", "مقهي"},
+      {"إِسْعَـــاف", "اسعاف"},  // hamza, vowel signs and tatweel
+      {"صيدليّة", "صيدليه"},
+      {"ٱلطابق ٢ ۳", "الطابق 2 3"},
+      {"ﻣﺼﻌﺪ", "مصعد"},  // presentation forms
+      {"ﾄﾞｱ", "ト\u3099ア"},
       {"Ёлка", "елка"},
       {"が", "カ\u3099"},
       {"ก\u0E34", "ก\u0E34"},  // vowels of Thai are letters

@@ -34,6 +34,7 @@ TEST(KindWords, FindsKindsOfNamesInSevenLanguages) {
       {"صرّاف آلي", PlaceKind::cash},
       {"مطاعم", PlaceKind::food},
       {"Moving walkways", PlaceKind::escalator},
+      {"Toiletries", PlaceKind::shop},
       {"Businesses", PlaceKind::other},
       {"Drinking water", PlaceKind::other},
       {"", PlaceKind::other},

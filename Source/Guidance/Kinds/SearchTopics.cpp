@@ -1,0 +1,133 @@
+#include "Source/Guidance/Kinds/SearchTopics.hpp"
+
+#include <algorithm>
+
+#include "Source/Guidance/TextFolding.hpp"
+
+namespace orivanta {
+
+namespace {
+
+constexpr std::size_t mostWords = 4;           // of a phrase
+constexpr std::size_t leastNearBytes = 5;      // of a word with near matches
+constexpr std::size_t leastCompoundBytes = 5;  // of the end of a compound word
+constexpr std::string_view article = "ال";
+
+Topics bitAt(std::size_t topic) { return Topics{1} << topic; }
+
+bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80; }
+
+}  // namespace
+
+const SearchTopics& SearchTopics::instance() {
+  static const SearchTopics topics;
+  return topics;
+}
+
+SearchTopics::SearchTopics() : ofKind_(placeKindCount, 0) {
+  const auto rows = topicTable();
+  for (std::size_t topic = 0; topic < rows.size(); ++topic) {
+    const std::string_view words = rows[topic].words;
+    for (std::size_t start = 0; start <= words.size();) {
+      const std::size_t end = std::min(words.find(',', start), words.size());
+      if (std::string form = searchForm(words.substr(start, end - start)); !form.empty())
+        phrases_.push_back({std::move(form), topic});
+      start = end + 1;
+    }
+    for (std::size_t kind = 0; kind < placeKindCount; ++kind)
+      if (rows[topic].scope != TopicScope::named &&
+          (rows[topic].kinds & bit(static_cast<PlaceKind>(kind))) != 0)
+        ofKind_[kind] |= bitAt(topic);
+  }
+  for (const Phrase& phrase : phrases_) byPhrase_[phrase.form] |= bitAt(phrase.topic);
+}
+
+Topics SearchTopics::named(std::string_view phrase) const {
+  const auto find = [this](std::string_view text) {
+    const auto found = byPhrase_.find(text);
+    return found == byPhrase_.end() ? Topics{0} : found->second;
+  };
+  const Topics topics = find(phrase);
+  return topics == 0 && phrase.starts_with(article) ? find(phrase.substr(article.size())) : topics;
+}
+
+Topics SearchTopics::begunWith(std::string_view text) const {
+  Topics topics = 0;
+  if (!standsForWord(text)) return topics;
+  for (const Phrase& phrase : phrases_)
+    if (phrase.form.starts_with(text)) topics |= bitAt(phrase.topic);
+  return topics;
+}
+
+Topics SearchTopics::near(std::string_view word) const {
+  Topics topics = 0;
+  if (word.size() < leastNearBytes) return topics;
+  const TypedWord typed(word);
+  for (const Phrase& phrase : phrases_)
+    if (phrase.form.size() >= leastNearBytes && phrase.form.find(' ') == std::string::npos &&
+        typed.match(SearchableText(phrase.form)) == WordMatch::near)
+      topics |= bitAt(phrase.topic);
+  return topics;
+}
+
+Topics SearchTopics::within(std::string_view text) const {
+  Topics topics = 0;
+  const auto words = wordsOfForm(text);
+  for (std::size_t first = 0; first < words.size(); ++first) {
+    for (std::size_t last = first; last < std::min(first + mostWords, words.size()); ++last) {
+      const char* const end = words[last].data() + words[last].size();
+      topics |= named({words[first].data(), static_cast<std::size_t>(end - words[first].data())});
+    }
+    const std::string_view word = words[first];
+    for (std::size_t at = 1; at + leastCompoundBytes <= word.size(); ++at)
+      if (!isContinuation(word[at])) {
+        const auto found = byPhrase_.find(word.substr(at));
+        if (found != byPhrase_.end() && standsForWord(found->first)) topics |= found->second;
+      }
+  }
+  return topics;
+}
+
+Topics SearchTopics::withScope(TopicScope scope) const {
+  Topics topics = 0;
+  const auto rows = topicTable();
+  for (std::size_t topic = 0; topic < rows.size(); ++topic)
+    if (rows[topic].scope == scope) topics |= bitAt(topic);
+  return topics;
+}
+
+Topics SearchTopics::opposites(Topics topics) const {
+  Topics excluded = 0;
+  const auto rows = topicTable();
+  for (std::size_t topic = 0; topic < rows.size(); ++topic) {
+    if ((topics & bitAt(topic)) == 0) continue;
+    if (rows[topic].kinds == bit(PlaceKind::toiletWomen)) excluded |= ofKind(PlaceKind::toiletMen);
+    if (rows[topic].kinds == bit(PlaceKind::toiletMen)) excluded |= ofKind(PlaceKind::toiletWomen);
+  }
+  return excluded & withScope(TopicScope::narrowing);
+}
+
+Topics SearchTopics::related(Topics topics) const {
+  Topics related = 0;
+  const auto rows = topicTable();
+  for (std::size_t topic = 0; topic < rows.size(); ++topic)
+    for (std::size_t kind = 0; kind < placeKindCount; ++kind)
+      if ((topics & bitAt(topic)) != 0 && rows[topic].scope == TopicScope::named &&
+          (rows[topic].kinds & bit(static_cast<PlaceKind>(kind))) != 0)
+        related |= ofKind_[kind];
+  return related;
+}
+
+std::vector<std::string> SearchTopics::phrasesOf(const PlaceKind* kind) const {
+  const auto rows = topicTable();
+  const auto row = std::find_if(rows.begin(), rows.end(), [&](const TopicRow& each) {
+    return kind == nullptr ? each.scope == TopicScope::emergency : (each.kinds & bit(*kind)) != 0;
+  });
+  std::vector<std::string> forms;
+  for (const Phrase& phrase : phrases_)
+    if (row != rows.end() && phrase.topic == static_cast<std::size_t>(row - rows.begin()))
+      forms.push_back(phrase.form);
+  return forms;
+}
+
+}  // namespace orivanta
