@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <ctime>
 #include <fstream>
 #include <set>
 #include <string_view>
@@ -131,8 +132,10 @@ std::optional<Times> timesOf(const fs::path& file) {
   return Times{saved, std::max(saved, timeOf(status.st_atim))};
 }
 
+// The system's time of files is too coarse to order entries.
 void setTimes(const fs::path& file, bool savedToo) {
-  const timespec now{0, UTIME_NOW};
+  timespec now{};
+  ::clock_gettime(CLOCK_REALTIME, &now);
   const timespec times[] = {now, savedToo ? now : timespec{0, UTIME_OMIT}};
   ::utimensat(AT_FDCWD, file.c_str(), times, 0);
 }
@@ -142,16 +145,25 @@ bool isDamage(const foundation::Error& error) {
   return error.code == EFBIG || error.code == EINVAL;
 }
 
-// A locked file. The lock ends with the handle or with the process.
+struct OpenFile {
+  explicit OpenFile(int descriptor) : number(descriptor) {}
+  ~OpenFile() { ::close(number); }
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+
+  const int number;
+};
+
+// Returns a locked file, or null. The lock ends with the handle or with the process.
 std::shared_ptr<void> lockedFile(const fs::path& file, int kind) {
   for (;;) {
     const int number = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (number < 0) return nullptr;
-    std::shared_ptr<void> handle(nullptr, [number](void*) { ::close(number); });
+    auto opened = std::make_shared<OpenFile>(number);
     while (::flock(number, kind | LOCK_NB) != 0)
       if (errno != EINTR) return nullptr;
     struct stat status {};
-    if (::fstat(number, &status) != 0 || status.st_nlink > 0) return handle;
+    if (::fstat(number, &status) != 0 || status.st_nlink > 0) return opened;
   }
 }
 
@@ -227,11 +239,10 @@ void FolderStorage::save(const std::string& key, Entry entry,
   const fs::path file = fileOf(key);
   const std::string text = fileTextOf(entry);
   const auto former = foundation::readFile(file, text.size());
-  if (former && *former == text) {
-    setTimes(file, true);
-    return done({});
-  }
-  done(foundation::writeFileAtomically(file, text));
+  auto written = former && *former == text ? foundation::Result<void>()
+                                           : foundation::writeFileAtomically(file, text);
+  if (written) setTimes(file, true);
+  done(std::move(written));
 }
 
 void FolderStorage::remove(const std::string& key, std::function<void(bool)> done) {

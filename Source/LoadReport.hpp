@@ -66,7 +66,9 @@ struct VenueLoadReport {
 
 /// The result of `loadStoredVenues`.
 struct StoredListReport {
-  std::vector<std::shared_ptr<Venue>> venues;  ///< in the order of the API; empty if none is stored
+  /// The venues of the list that are themselves stored, in the order of the API.
+  std::vector<std::shared_ptr<Venue>> venues;
+  std::shared_ptr<Venue> latest;  ///< the one of them that was used last; null if there is none
   std::chrono::system_clock::time_point storedAt;  ///< when the list was last loaded from the API
 };
 

@@ -1,6 +1,8 @@
 #include "Source/Orivanta.hpp"
 
+#include <algorithm>
 #include <new>
+#include <optional>
 #include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
@@ -84,6 +86,23 @@ void requestVenues(const WebApiSession& session,
           store->save(identity.key(), entryOf(identity, *pages));
         callback(venues);
       });
+}
+
+// Removes the venues of a list that are not stored, and finds the one that was used last.
+void keepStored(StoredListReport& report, const WebApiSession& session,
+                const std::vector<VenueStorage::Listed>& entries) {
+  std::optional<VenueStorage::Time> latest;
+  std::erase_if(report.venues, [&](const std::shared_ptr<Venue>& venue) {
+    const std::string key = StoredIdentity(session, venue->slug.value_or("")).key();
+    const auto entry = std::find_if(entries.begin(), entries.end(),
+                                    [&](const auto& each) { return each.key == key; });
+    if (entry == entries.end()) return true;
+    if (!latest || entry->usedAt > *latest) {
+      latest = entry->usedAt;
+      report.latest = venue;
+    }
+    return false;
+  });
 }
 
 void startLoad(const WebApiSession& session, const std::string& slug, bool accessible,
@@ -194,17 +213,21 @@ std::shared_ptr<LoadHandle> loadStoredVenues(const WebApiSession& session,
                             std::move(handlers.executor)});
   load->start();
   load->cancelWith(session.cancellation());
-  StoredLoad::start(session, "", [report, load](StoredLoad& stored) {
-    bool isSound = true;
+  const auto use = [report](StoredLoad& stored) {
     try {
       const auto venues = stored.read<Venue>("venue");
-      isSound = venues.has_value();
-      if (isSound) *report = {listOf(*venues), stored.storedAt()};
+      if (venues) *report = {listOf(*venues), nullptr, stored.storedAt()};
+      return venues.has_value();
     } catch (const std::bad_alloc&) {  // the entry may be sound
+      return true;
     }
-    load->collectionEnded("venue", {});
-    load->finish();
-    return isSound;
+  };
+  StoredLoad::start(session, "", use, [session, report, load] {
+    if (!session.store()) return load->finish();
+    session.store()->list([session, report, load](const auto& entries) {
+      keepStored(*report, session, entries);
+      load->finish();
+    });
   });
   return load;
 }
@@ -222,7 +245,7 @@ std::shared_ptr<LoadHandle> loadStoredVenue(const WebApiSession& session, const 
                             std::move(handlers.executor)});
   load->start();
   load->cancelWith(session.cancellation());
-  StoredLoad::start(session, slug, [session, accessible, report, load](StoredLoad& stored) {
+  const auto use = [session, accessible, report, load](StoredLoad& stored) {
     const auto publish = [&](const std::shared_ptr<Venue>& venue, VenueContents contents) {
       load->unlessOver([&] {
         stored.protect(venue);
@@ -231,12 +254,11 @@ std::shared_ptr<LoadHandle> loadStoredVenue(const WebApiSession& session, const 
         report->files = stored.files();
       });
     };
-    const bool isUsable = stored.readVenue(accessible, publish, [&](std::string_view collection) {
+    return stored.readVenue(accessible, publish, [&](std::string_view collection) {
       load->collectionEnded(collection, {});
     });
-    load->finish();
-    return isUsable;
-  });
+  };
+  StoredLoad::start(session, slug, use, [load] { load->finish(); });
   return load;
 }
 

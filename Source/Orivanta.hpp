@@ -73,15 +73,15 @@ ORIVANTA_API std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession&
                                                             LoadHandlers<VenueLoadReport> handlers);
 
 /// Like `loadVenuesReporting`, but loads the list from the store of the session, without network
-/// access. The list is empty if the session has no store, or the store no list for the session's
-/// endpoint, languages and user name.
+/// access, without the venues that are not stored. The list is empty if the session has no store,
+/// or the store has no list for the session's endpoint, languages and user name.
 ORIVANTA_API std::shared_ptr<LoadHandle> loadStoredVenues(const WebApiSession& session,
                                                           LoadHandlers<StoredListReport> handlers);
 
 /// Like `loadVenueReporting`, but loads the venue with this slug from the store of the session,
 /// without network access. The venue is null if it is not stored. The files of the floors are
-/// loaded by `MapView::loadFloors`, from the cache if the downloader of the map view has the
-/// transport `network::makeOfflineTransport()`.
+/// loaded by `MapView::loadFloors`, without network access if the downloader of the map view is an
+/// `OfflineDownloader`.
 ORIVANTA_API std::shared_ptr<LoadHandle> loadStoredVenue(const WebApiSession& session,
                                                          const std::string& slug, bool accessible,
                                                          LoadHandlers<StoredVenueReport> handlers);

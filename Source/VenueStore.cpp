@@ -76,6 +76,15 @@ void VenueStore::load(const std::string& key,
   });
 }
 
+void VenueStore::list(std::function<void(std::vector<Listed>)> done) {
+  run([this, done = std::move(done)](const Finished& finished) {
+    storage_->list([done, finished](std::vector<Listed> entries) {
+      done(std::move(entries));
+      finished();
+    });
+  });
+}
+
 void VenueStore::remove(const std::string& key) {
   run([this, key](const Finished& finished) {
     {

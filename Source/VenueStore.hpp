@@ -71,6 +71,9 @@ class ORIVANTA_API VenueStore : public std::enable_shared_from_this<VenueStore> 
   /// entry.
   void load(const std::string& key, std::function<void(std::optional<VenueStorage::Loaded>)> done);
 
+  /// Passes all entries to `done` on a background thread.
+  void list(std::function<void(std::vector<VenueStorage::Listed>)> done);
+
   /// Does not remove an entry as long as `user` exists.
   void protect(const std::string& key, std::weak_ptr<void> user);
 

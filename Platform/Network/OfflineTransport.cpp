@@ -8,7 +8,7 @@ class OfflineTransport : public UrlTransport {
  public:
   void start(UrlRequest request, Completion completed) override {
     if (!request.cancellation.isCanceled())
-      completed(foundation::failure("offline", 0, "requests are turned off"));
+      completed(foundation::failure("offline", 0, "there is no connection"));
   }
 };
 

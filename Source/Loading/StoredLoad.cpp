@@ -15,26 +15,27 @@ StoredLoad::StoredLoad(const WebApiSession& session, std::string_view slug)
       store_(session.store()),
       budget_(std::make_shared<foundation::MemoryBudget>(session.loadBytes())) {}
 
-void StoredLoad::start(const WebApiSession& session, std::string_view slug, Use use) {
+void StoredLoad::start(const WebApiSession& session, std::string_view slug, Use use,
+                       std::function<void()> finished) {
   const std::shared_ptr<StoredLoad> load(new StoredLoad(session, slug));
-  if (!load->store_) {
-    foundation::SerialQueue::make()->async([load, use = std::move(use)] { use(*load); });
-    return;
-  }
-  load->store_->load(load->identity_.key(),
-                     [load, use = std::move(use)](std::optional<VenueStorage::Loaded> entry) {
-                       bool isReadable = entry.has_value();
-                       try {
-                         if (entry) {
-                           load->storedAt_ = entry->savedAt;
-                           load->answers_ =
-                               StoredAnswers::in(std::move(entry->bytes), load->identity_);
-                         }
-                       } catch (const std::bad_alloc&) {
-                         isReadable = false;
-                       }
-                       if (!use(*load) && isReadable) load->store_->remove(load->identity_.key());
-                     });
+  const auto read = [load, use = std::move(use),
+                     finished = std::move(finished)](std::optional<VenueStorage::Loaded> entry) {
+    bool isReadable = entry.has_value();
+    try {
+      if (entry) {
+        load->storedAt_ = entry->savedAt;
+        load->answers_ = StoredAnswers::in(std::move(entry->bytes), load->identity_);
+      }
+    } catch (const std::bad_alloc&) {
+      isReadable = false;
+    }
+    if (!use(*load) && isReadable) load->store_->remove(load->identity_.key());
+    finished();
+  };
+  if (load->store_)
+    load->store_->load(load->identity_.key(), read);
+  else
+    foundation::SerialQueue::make()->async([read] { read(std::nullopt); });
 }
 
 bool StoredLoad::readVenue(bool accessible, const PublishStored& publish,

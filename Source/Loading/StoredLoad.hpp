@@ -24,9 +24,10 @@ class StoredLoad {
   /// Uses the entry and returns whether it is sound. If not, it is removed. Must not throw.
   using Use = std::function<bool(StoredLoad& stored)>;
 
-  /// Reads an entry in the background and calls `use` once on a background thread, also if there is
-  /// no entry. `slug` is empty for the list of venues.
-  static void start(const WebApiSession& session, std::string_view slug, Use use);
+  /// Reads an entry in the background, and calls `use` and then `finished` once on a background
+  /// thread, also if there is no entry. `slug` is empty for the list of venues.
+  static void start(const WebApiSession& session, std::string_view slug, Use use,
+                    std::function<void()> finished);
 
   /// Receives the venue and its contents.
   using PublishStored =

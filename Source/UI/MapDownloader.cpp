@@ -45,7 +45,7 @@ fs::path fileFor(const foundation::Url& url, const fs::path& folder) {
   return folder / cacheFileName(foundation::unwrap(url.lastPathComponent()));
 }
 
-bool isCached(const fs::path& file) {
+bool isThere(const fs::path& file) {
   std::error_code failure;
   if (!fs::exists(file, failure)) return false;
   diagnostic(fmt::format("file already exists [{}]", file.string()));
@@ -114,7 +114,7 @@ std::optional<std::string> HttpDownloader::loadFileSync(const foundation::Url& u
                                                         const std::string& path) {
   const fs::path folder = folderAt(path);
   const fs::path file = fileFor(url, folder);
-  if (isCached(file)) return file.string();
+  if (isThere(file)) return file.string();
   const auto bytes = network::dataOfUrl(url, {{}, transport});
   if (!bytes) return std::nullopt;
   makeFolder(folder);
@@ -125,7 +125,7 @@ std::optional<std::string> HttpDownloader::loadFileSync(const foundation::Url& u
 void HttpDownloader::loadFileAsync(const foundation::Url& url, Completion completion) {
   if (!completion) completion = [](const auto&, const auto&) {};
   const fs::path file = fileFor(url, cacheRoot());
-  if (isCached(file)) return completion(file.string(), std::nullopt);
+  if (isThere(file)) return completion(file.string(), std::nullopt);
   // Decompressing, writing and the completion would block the transport's thread for too long.
   const auto queue = foundation::SerialQueue::make();
   network::orDefault(transport)->start(
@@ -170,6 +170,12 @@ foundation::Result<HttpDownloader::Fetched> HttpDownloader::fetchFile(
 
 std::string HttpDownloader::folderFor(const foundation::Url& url, std::string_view slug) {
   return cacheFolder(url, slug);
+}
+
+bool HttpDownloader::isCached(const foundation::Url& url, const std::string& path) {
+  if (!foundation::cachesDirectory()) return false;
+  const std::string name = foundation::unwrap(url.lastPathComponent());
+  return KeptFile(folderAt(path) / visibleCacheName(name)).conditionFor(url).has_value();
 }
 
 void HttpDownloader::forgetFile(const std::string& path) {
