@@ -2,15 +2,18 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
-
-#include "Source/Loading/StoredAnswers.hpp"
+#include <vector>
 
 namespace orivanta {
+
+/// The bodies of the pages of each collection, by its name in the API.
+using StoredPages = std::map<std::string, std::vector<std::string>, std::less<>>;
 
 /// Thread-safe.
 class AnswerRecorder {

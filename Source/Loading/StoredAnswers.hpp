@@ -1,7 +1,6 @@
 // The content of an entry of a VenueStore: the responses of the web API.
 #pragma once
 
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,14 +9,12 @@
 #include <vector>
 
 #include "Source/Fwd.hpp"
+#include "Source/Loading/AnswerRecorder.hpp"
 #include "Source/RawData.hpp"
 #include "Source/VenueStorage.hpp"
 #include "Source/WebApi.hpp"
 
 namespace orivanta {
-
-/// The bodies of the pages of each collection, by its name in the API.
-using StoredPages = std::map<std::string, std::vector<std::string>, std::less<>>;
 
 /// What distinguishes an entry from others. It contains no password, and of the user name only a
 /// checksum.
