@@ -41,8 +41,4 @@ class ORIVANTA_API Venue {
   std::shared_ptr<NavigationGraph> navigationGraph;  ///< null until a load has published it
 };
 
-/// Returns whether two loaded venues have the same records, in the same order. Takes time that
-/// grows with the size of the venues.
-ORIVANTA_API bool haveSameRecords(const Venue& left, const Venue& right);
-
 }  // namespace orivanta

@@ -14,6 +14,7 @@
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Source/Orivanta.hpp"
 #include "Source/Venue.hpp"
+#include "Source/VenueStore.hpp"
 
 namespace orivanta::command {
 
@@ -50,6 +51,13 @@ Report reportOf(const Start& start) {
   return report;
 }
 
+// Waits until the store has written the venue.
+void finish(VenueStore& store) {
+  const auto promise = std::make_shared<std::promise<void>>();
+  store.whenIdle([promise] { promise->set_value(); });
+  promise->get_future().wait();
+}
+
 void check(const std::vector<LoadFailure>& failures, const std::vector<std::string_view>& needed) {
   std::string reasons;
   for (const LoadFailure& failure : failures) {
@@ -72,27 +80,48 @@ void showDiagnostics(const ConnectionOptions& options) {
   });
 }
 
-Session::Session(const ConnectionOptions& options) {
+Session::Session(const ConnectionOptions& options) : isOffline_(options.offline) {
   showDiagnostics(options);
   setApiSettings(resolveSettings(options));
 }
 
 std::vector<std::shared_ptr<Venue>> Session::fetchVenues() {
+  if (isOffline_) {
+    auto stored = reportOf<StoredListReport>([](auto handlers) {  //
+      loadStoredVenues(APISession(), std::move(handlers));
+    });
+    if (stored.venues.empty()) throw CommandError(ExitCode::noAnswer, "no venue is stored");
+    return std::move(stored.venues);
+  }
   auto report = reportOf<VenueListReport>([](auto handlers) {  //
     loadVenuesReporting(APISession(), std::move(handlers));
   });
+  if (const auto& store = APISession().store()) finish(*store);
   check(report.failures, {"venue"});
   return std::move(report.venues);
 }
 
 std::shared_ptr<Venue> Session::loadVenue(const std::string& slug, bool accessible,
                                           const std::vector<std::string_view>& needed) {
+  if (isOffline_) return loadStored(slug, accessible);
   auto venue = venueNamed(fetchVenues(), slug);
   const auto report = reportOf<VenueLoadReport>([&](auto handlers) {
     loadVenueReporting(APISession(), venue, accessible, std::move(handlers));
   });
+  if (const auto& store = APISession().store()) finish(*store);
   check(report.failures, needed);
   return venue;
+}
+
+std::shared_ptr<Venue> Session::loadStored(const std::string& slug, bool accessible) {
+  auto report = reportOf<StoredVenueReport>(
+      [&](auto handlers) { loadStoredVenue(APISession(), slug, accessible, std::move(handlers)); });
+  if (!report.venue)
+    throw CommandError(
+        ExitCode::noAnswer,
+        fmt::format("the venue \"{}\" is not stored; run the command once without --offline",
+                    slug));
+  return std::move(report.venue);
 }
 
 }  // namespace orivanta::command

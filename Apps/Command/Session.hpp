@@ -20,14 +20,21 @@ class Session {
   /// Throws `CommandError` if the settings cannot be used.
   explicit Session(const ConnectionOptions& options);
 
-  /// Returns all venues of the account. Throws `CommandError` if the server does not return a list.
+  /// Returns all venues of the account, or those that are stored if there is no network. Throws
+  /// `CommandError` if the server does not return a list.
   std::vector<std::shared_ptr<Venue>> fetchVenues();
 
-  /// Loads the venue with its collections and makes it the active one. Throws `CommandError` if the
-  /// server does not have it, or if one of the collections in `needed` (their names in the web API)
-  /// fails. If another collection fails, writes a warning.
+  /// Loads the venue with its collections and makes it the active one. A complete venue is stored,
+  /// so that it can be loaded without a network later. Throws `CommandError` if the server does not
+  /// have it, or if one of the collections in `needed` (their names in the web API) fails. If
+  /// another collection fails, writes a warning.
   std::shared_ptr<Venue> loadVenue(const std::string& slug, bool accessible,
                                    const std::vector<std::string_view>& needed);
+
+ private:
+  std::shared_ptr<Venue> loadStored(const std::string& slug, bool accessible);
+
+  const bool isOffline_;
 };
 
 }  // namespace orivanta::command

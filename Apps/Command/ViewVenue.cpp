@@ -66,11 +66,13 @@ ExitCode viewVenue(const ViewVenueOptions& options) {
   if (!options.slug.empty()) viewerOptions.slug = options.slug;
   viewerOptions.settings = resolveSettings(options.connection);
   viewerOptions.walksAtOnce = options.walk;
+  viewerOptions.isOffline = options.connection.offline;
   std::unique_ptr<server::VenueServer> demo;
   std::optional<DemoFiles> demoFiles;
-  if (options.demoVenue && !isEndpointGiven(options.connection)) {
+  if (options.demoVenue && !options.connection.offline && !isEndpointGiven(options.connection)) {
     demo = serveDemo(*options.demoVenue);
     viewerOptions.settings.endpoint = demo->root();
+    viewerOptions.settings.store = nullptr;  // its port is another one each time
     demoFiles.emplace(demo->root());
     if (!viewerOptions.slug) viewerOptions.slug = server::readPackage(*options.demoVenue).slug;
   }

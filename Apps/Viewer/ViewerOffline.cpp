@@ -10,6 +10,7 @@
 #include "Platform/Foundation/SerialQueue.hpp"
 #include "Source/Map.hpp"
 #include "Source/Venue.hpp"
+#include "Source/VenueComparison.hpp"
 
 namespace orivanta::viewer {
 
@@ -52,7 +53,7 @@ void Viewer::listStored(const Problem& problem, bool stillWaits) {
   source_.loadStoredVenues([this, problem, stillWaits](const StoredListReport& report) {
     if (stillWaits && !slowTime_) return;  // the server has answered
     const auto retry = [this] { listVenues(); };
-    if (!report.venues.empty() && !stillWaits) venueList_->show(report.venues);
+    if (!report.venues.empty()) venueList_->show(report.venues);
     if (slug_) return openStored(*slug_, problem, retry, stillWaits);
     if (report.latest) return openStored(*report.latest->slug, problem, retry, stillWaits);
     if (!stillWaits) showProblem(problem, retry);
