@@ -14,7 +14,6 @@
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Source/Orivanta.hpp"
 #include "Source/Venue.hpp"
-#include "Source/VenueStore.hpp"
 
 namespace orivanta::command {
 
@@ -51,13 +50,6 @@ Report reportOf(const Start& start) {
   return report;
 }
 
-// Waits until the store has written the venue.
-void finish(VenueStore& store) {
-  const auto promise = std::make_shared<std::promise<void>>();
-  store.whenIdle([promise] { promise->set_value(); });
-  promise->get_future().wait();
-}
-
 void check(const std::vector<LoadFailure>& failures, const std::vector<std::string_view>& needed) {
   std::string reasons;
   for (const LoadFailure& failure : failures) {
@@ -80,6 +72,13 @@ void showDiagnostics(const ConnectionOptions& options) {
   });
 }
 
+void finishStoring(const std::shared_ptr<VenueStore>& store) {
+  if (!store) return;
+  const auto promise = std::make_shared<std::promise<void>>();
+  store->whenIdle([promise] { promise->set_value(); });
+  promise->get_future().wait();
+}
+
 Session::Session(const ConnectionOptions& options) : isOffline_(options.offline) {
   showDiagnostics(options);
   setApiSettings(resolveSettings(options));
@@ -96,7 +95,7 @@ std::vector<std::shared_ptr<Venue>> Session::fetchVenues() {
   auto report = reportOf<VenueListReport>([](auto handlers) {  //
     loadVenuesReporting(APISession(), std::move(handlers));
   });
-  if (const auto& store = APISession().store()) finish(*store);
+  finishStoring(APISession().store());
   check(report.failures, {"venue"});
   return std::move(report.venues);
 }
@@ -108,7 +107,7 @@ std::shared_ptr<Venue> Session::loadVenue(const std::string& slug, bool accessib
   const auto report = reportOf<VenueLoadReport>([&](auto handlers) {
     loadVenueReporting(APISession(), venue, accessible, std::move(handlers));
   });
-  if (const auto& store = APISession().store()) finish(*store);
+  finishStoring(APISession().store());
   check(report.failures, needed);
   return venue;
 }

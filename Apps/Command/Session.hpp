@@ -8,11 +8,15 @@
 
 #include "Apps/Command/Settings.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/VenueStore.hpp"
 
 namespace orivanta::command {
 
 /// Writes the library's diagnostics to standard error from now on, unless `quiet` is set.
 void showDiagnostics(const ConnectionOptions& options);
+
+/// Waits until a store has written what was loaded. `store` may be null.
+void finishStoring(const std::shared_ptr<VenueStore>& store);
 
 /// One per process, used on one thread. Shows progress on a terminal while a call waits.
 class Session {

@@ -79,10 +79,12 @@ ExitCode viewVenue(const ViewVenueOptions& options) {
   const auto surface = openWindow(options);
   times.reached("window open");
   foundation::setMainScreenScale(surface->scale());
+  const auto store = viewerOptions.settings.store;
   viewer::Viewer viewer(std::move(viewerOptions));
   viewer.reached = [&times](std::string_view what) { times.reached(what); };
   viewer::runWindow(viewer, *surface, times, {writeOutput, complain});
   times.summarize();
+  finishStoring(store);
   return ExitCode::success;
 }
 

@@ -292,7 +292,6 @@ TEST_F(VenueStoreTest, RemovesWhatWasNotUsedForTheLongestTimeButNothingThatIsInU
             (std::vector{true, true, false, true}));
   EXPECT_FALSE(fs::exists(folder.path() / "s/b"));
   save("d", {});
-  save("e", {});
   EXPECT_FALSE(isThere("a1"));
   EXPECT_TRUE(fs::exists(folder.path() / "s/a")) << "a2 has the same files";
   const pid_t other = ::fork();  // a process that uses an entry
