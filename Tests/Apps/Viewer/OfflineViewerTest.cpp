@@ -95,7 +95,7 @@ TEST_F(OfflineViewerTest, AStartWithoutTheServerShowsTheWholeVenueUntilTheServer
     EXPECT_EQ(stage.viewer.connectionNote(), nullptr);
     stage.until([&] { return showsAll(stage); });
     places = view.venue()->locations->size();
-    route = routeOf(stage.untilPlanned("bakery", "museum"));
+    route = routeOf(stage.untilPlanned("tamarisk-row", "dosa-dynamo"));
   }
   demo.reset();
   test::ViewerStage stage(demoOptions);
@@ -105,7 +105,7 @@ TEST_F(OfflineViewerTest, AStartWithoutTheServerShowsTheWholeVenueUntilTheServer
               HasSubstr("No connection. Showing the map of"));
   stage.until([&] { return showsAll(stage); });
   EXPECT_EQ(view.venue()->locations->size(), places);
-  EXPECT_EQ(routeOf(stage.untilPlanned("bakery", "museum")), route);
+  EXPECT_EQ(routeOf(stage.untilPlanned("tamarisk-row", "dosa-dynamo")), route);
   EXPECT_EQ(stage.viewer.message(), nullptr);
   const CameraPose pose = view.camera().pose();
   demo = test::serveDemo(port);
