@@ -6,8 +6,8 @@
 
 namespace orivanta {
 
-/// Returns whether two loaded venues have the same records, in the same order. Takes time that grows
-/// with the size of the venues. Do not call it while one of them is loaded.
+/// Returns whether two loaded venues have the same records, in the same order. Takes time that
+/// grows with the size of the venues. Do not call it while one of them is loaded.
 ORIVANTA_API bool haveSameRecords(const Venue& left, const Venue& right);
 
 }  // namespace orivanta

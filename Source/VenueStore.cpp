@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <numeric>
+#include <system_error>
 #include <utility>
 
 #include "Platform/Foundation/Diagnostics.hpp"
@@ -22,7 +24,9 @@ std::shared_ptr<VenueStore> VenueStore::make(std::shared_ptr<VenueStorage> stora
 
 std::shared_ptr<VenueStore> VenueStore::inCachesDirectory() {
   const auto caches = foundation::cachesDirectory();
-  return caches ? make(std::make_shared<FolderStorage>(*caches / "venues", *caches), {}) : nullptr;
+  std::error_code failure;
+  if (!caches || !std::filesystem::is_directory(*caches, failure)) return nullptr;
+  return make(std::make_shared<FolderStorage>(*caches / "venues", *caches), {});
 }
 
 VenueStore::VenueStore(std::shared_ptr<VenueStorage> storage, Options options)
