@@ -10,7 +10,7 @@ namespace orivanta::viewer {
 namespace {
 
 constexpr double mostTextWidth = 460;  // points
-constexpr double border = 6;           // above the button, and below it
+constexpr double edge = 6;             // above the button, and below it
 
 }  // namespace
 
@@ -28,7 +28,7 @@ graphics::Size ConnectionNote::arrange(graphics::Size room) {
   const double button = retried ? retry_->fittingWidth() : padding;
   const double most = room.width - 2 * theme::margin - padding - button;
   const graphics::Size text = text_->fitting(std::clamp(most, 80.0, mostTextWidth));
-  const double height = std::max<double>(text.height, theme::controlSize) + 2 * border;
+  const double height = std::max<double>(text.height, theme::controlSize) + 2 * edge;
   text_->setFrame({{padding, (height - text.height) / 2}, text});
   retry_->setFrame(
       {{padding + text.width, (height - theme::controlSize) / 2}, {button, theme::controlSize}});
