@@ -22,6 +22,27 @@ void loadOnMainThread(const std::vector<std::shared_ptr<Venue>>& venues) {
   //! [cancel loads]
 }
 
+void storeVenues() {
+  //! [store venues]
+  setApiSettings(
+      {.endpoint = "https://maps.example.com/1/", .store = VenueStore::inCachesDirectory()});
+  //! [store venues]
+}
+
+void showStored(const std::shared_ptr<MapView>& mapView) {
+  //! [load a stored venue]
+  LoadHandlers<StoredVenueReport> handlers;
+  handlers.executor = foundation::mainQueue::async;
+  handlers.ended = [mapView](const StoredVenueReport& report) {
+    if (!report.venue) return;  // the venue is not stored
+    mapView->venue = report.venue;
+    mapView->downloader = std::make_shared<OfflineDownloader>();
+    mapView->loadFloors({});
+  };
+  loadStoredVenue(APISession(), "mall", /*accessible=*/false, handlers);
+  //! [load a stored venue]
+}
+
 void readTheme() {
   //! [read a theme]
   const auto file = readMapTheme("night.json");

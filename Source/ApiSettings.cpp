@@ -34,6 +34,7 @@ WebApiSession makeSession(const ApiSettings& settings) {
                               fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", ")),
                               settings.observer, settings.loadBytes, settings.transport);
   return session.withLowestRate(settings.lowestRate.value_or(session.lowestRate()))
+      .storingIn(settings.store)
       .fillingActiveVenue();
 }
 

@@ -35,6 +35,8 @@ struct ApiSettings {
   /// Sends the requests of the session instead of libcurl; may be null. Floors and pictures are not
   /// requested by the session: see `HttpDownloader` and `network::setDefaultTransport`.
   std::shared_ptr<network::UrlTransport> transport = nullptr;
+  /// Keeps complete venues for the time without a server; may be null. See VenueStore.hpp.
+  std::shared_ptr<VenueStore> store = nullptr;
 };
 
 /// Has an effect only if it is called before the first use of `APISession`, `getVenues` or

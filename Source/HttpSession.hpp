@@ -139,6 +139,10 @@ class HttpResponse {
   using ResponseCallback =
       std::function<void(const network::HttpUrlResponse& response, std::size_t bodyBytes)>;
 
+  /// Receives a response with its body, which is decoded but not parsed.
+  using BodyCallback =
+      std::function<void(const network::HttpUrlResponse& response, std::string_view body)>;
+
   /// Starts a chain at `url`. Each request carries the values of "Authorization" and
   /// "Accept-Language" and obeys the transfer rules, as does each step from page to page. Canceling
   /// the token in the options ends the chain without a callback.
@@ -197,6 +201,12 @@ class HttpResponse {
     return *this;
   }
 
+  /// Like `onResponse`, for the bodies. Called after it.
+  const HttpResponse& onBody(BodyCallback callback) const {
+    state_->bodyCallback = std::move(callback);
+    return *this;
+  }
+
  private:
   // The delegate's callbacks own the state, and the session owns the delegate until it is
   // invalidated. The state must not own the delegate, because that would be an ownership cycle.
@@ -210,6 +220,7 @@ class HttpResponse {
     CompleteCallback completeCallback;
     ErrorCallback errorCallback;
     ResponseCallback responseCallback;
+    BodyCallback bodyCallback;
     std::optional<T> pageBuffer;
     std::weak_ptr<detail::ChainHandle> handle;  // expired when no handle exists
 
@@ -282,6 +293,7 @@ class ORIVANTA_API HttpSession {
 template <class T>
 void HttpResponse<T>::State::success(const network::HttpUrlResponse& response, std::string& body) {
   if (responseCallback) responseCallback(response, body.size());
+  if (bodyCallback) bodyCallback(response, body);
   std::optional<T> finished;
   try {
     finished = takePage(response, body);

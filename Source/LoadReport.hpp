@@ -1,6 +1,7 @@
 // Reports of a load to an application: its progress, its result and its failures.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -61,6 +62,23 @@ struct VenueLoadReport {
   /// False if the load was ended early (see `endsLoad`); the load then adds no collections to the
   /// venue. Any other failure leaves one collection empty.
   bool complete = true;
+};
+
+/// The result of `loadStoredVenues`.
+struct StoredListReport {
+  /// The venues of the list that are themselves stored, in the order of the API.
+  std::vector<std::shared_ptr<Venue>> venues;
+  std::shared_ptr<Venue> latest;  ///< the one of them that was used last; null if there is none
+  std::chrono::system_clock::time_point storedAt;  ///< when the list was last loaded from the API
+};
+
+/// The result of `loadStoredVenue`.
+struct StoredVenueReport {
+  std::shared_ptr<Venue> venue;                    ///< null if the venue is not stored
+  std::chrono::system_clock::time_point storedAt;  ///< when it was last loaded from the API
+
+  /// The URLs of the models, materials and pictures that its records name.
+  std::vector<std::string> files;
 };
 
 /// The callbacks of a load, called one at a time. Each field may be empty.

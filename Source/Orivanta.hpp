@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
@@ -70,5 +71,19 @@ ORIVANTA_API std::shared_ptr<LoadHandle> loadVenueReporting(const WebApiSession&
                                                             const std::shared_ptr<Venue>& venue,
                                                             bool accessible,
                                                             LoadHandlers<VenueLoadReport> handlers);
+
+/// Like `loadVenuesReporting`, but loads the list from the store of the session, without network
+/// access, without the venues that are not stored. The list is empty if the session has no store,
+/// or the store has no list for the session's endpoint, languages and user name.
+ORIVANTA_API std::shared_ptr<LoadHandle> loadStoredVenues(const WebApiSession& session,
+                                                          LoadHandlers<StoredListReport> handlers);
+
+/// Like `loadVenueReporting`, but loads the venue with this slug from the store of the session,
+/// without network access. The venue is null if it is not stored. The files of the floors are
+/// loaded by `MapView::loadFloors`, without network access if the downloader of the map view is an
+/// `OfflineDownloader`.
+ORIVANTA_API std::shared_ptr<LoadHandle> loadStoredVenue(const WebApiSession& session,
+                                                         const std::string& slug, bool accessible,
+                                                         LoadHandlers<StoredVenueReport> handlers);
 
 }  // namespace orivanta

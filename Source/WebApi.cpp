@@ -1,33 +1,11 @@
 #include "Source/WebApi.hpp"
 
-#include <boost/json/array.hpp>
-#include <boost/json/value.hpp>
 #include <utility>
 
-#include "Platform/Foundation/Fatal.hpp"
-#include "Source/RecordMemory.hpp"
+#include "Source/Loading/AnswerRecorder.hpp"
+#include "Source/Loading/CollectionPage.hpp"
 
 namespace orivanta {
-
-namespace {
-
-// Folds one page into the collection.
-template <class Record>
-Collection<Record> withPage(Collection<Record> records, const RawData& page,
-                            foundation::MemoryBudget& budget) {
-  const boost::json::array* elements = page.data()->if_array();
-  if (elements == nullptr) return records;
-  for (const boost::json::value& element : *elements)
-    if (auto record = Record::make(
-            RawData(std::shared_ptr<const boost::json::value>(page.data(), &element)))) {
-      budget.take(memoryOfRecord(*record));
-      const std::string& id = foundation::unwrap(record->id);
-      records.insert_or_assign(id, std::move(record));
-    }
-  return records;
-}
-
-}  // namespace
 
 WebApiSession::WebApiSession(std::string_view root, const std::string& username,
                              const std::string& password,
@@ -36,7 +14,8 @@ WebApiSession::WebApiSession(std::string_view root, const std::string& username,
                              std::shared_ptr<network::UrlTransport> transport)
     : ApiHttpSession(root, username, password, language, std::move(transport)),
       observer_(std::move(observer)),
-      loadBytes_(loadBytes) {}
+      loadBytes_(loadBytes),
+      username_(username) {}
 
 template <class Record>
 void WebApiSession::collection(const char* path, const Dictionary<std::string>& parameters,
@@ -49,14 +28,21 @@ void WebApiSession::collection(const char* path, const Dictionary<std::string>& 
               {}, [budget = rules.budget](Collection<Record> records, const RawData& page) {
                 return withPage(std::move(records), page, *budget);
               });
-  chain.onComplete([callback, path, observer = observer_](Collection<Record> records) {
-    if (observer) observer->collectionEnded(path, {});
-    callback(std::move(records));
-  });
+  chain.onComplete(
+      [callback, path, observer = observer_, recorder = recorder_](Collection<Record> records) {
+        if (recorder) recorder->end(path);
+        if (observer) observer->collectionEnded(path, {});
+        callback(std::move(records));
+      });
   chain.onError([callback, path, observer = observer_](const foundation::Error& error) {
     if (observer) observer->collectionEnded(path, foundation::failure(error));
     callback({});
   });
+  if (recorder_)
+    chain.onBody([path, recorder = recorder_](const network::HttpUrlResponse& response,
+                                              std::string_view body) {
+      recorder->take(path, response.statusCode, body);
+    });
   if (observer_)
     chain.onResponse([path, observer = observer_](const network::HttpUrlResponse& response,
                                                   std::size_t bodyBytes) {

@@ -33,6 +33,9 @@ class ORIVANTA_API WebApiObserver {
                                const foundation::Result<void>& outcome) = 0;
 };
 
+class AnswerRecorder;
+class VenueStore;
+
 /// The default memory limit of a load. It suffices for a venue of 300,000 nodes and keeps a hostile
 /// load below 1 GB of resident memory. A million nodes need 2.5 GiB.
 constexpr std::size_t defaultLoadBytes = std::size_t{800} << 20U;
@@ -96,6 +99,27 @@ class ORIVANTA_API WebApiSession {
   /// Returns whether `loadVenue` and `loadVenueReporting` make their venue the active one.
   bool fillsActiveVenue() const { return fillsActiveVenue_; }
 
+  /// Returns the same session whose complete loads are stored; see VenueStore.hpp. `store` may be
+  /// null.
+  WebApiSession storingIn(std::shared_ptr<VenueStore> store) const {
+    WebApiSession session = *this;
+    session.store_ = std::move(store);
+    return session;
+  }
+
+  /// Returns the store, or null.
+  const std::shared_ptr<VenueStore>& store() const { return store_; }
+
+  /// Returns the user name of the requests.
+  const std::string& username() const { return username_; }
+
+  /// Returns the same session with a recorder of its responses. Used by the loads that store.
+  WebApiSession recordedBy(std::shared_ptr<AnswerRecorder> recorder) const {
+    WebApiSession session = *this;
+    session.recorder_ = std::move(recorder);
+    return session;
+  }
+
   /// Returns the maximum memory of one load, in bytes.
   std::size_t loadBytes() const { return loadBytes_; }
 
@@ -155,6 +179,9 @@ class ORIVANTA_API WebApiSession {
   network::TransferRules rules_;  // without a budget, each call creates one
   foundation::CancellationToken cancellation_;
   bool fillsActiveVenue_ = false;
+  std::string username_;
+  std::shared_ptr<VenueStore> store_;
+  std::shared_ptr<AnswerRecorder> recorder_;
 };
 
 }  // namespace orivanta

@@ -72,27 +72,55 @@ void showDiagnostics(const ConnectionOptions& options) {
   });
 }
 
-Session::Session(const ConnectionOptions& options) {
+void finishStoring(const std::shared_ptr<VenueStore>& store) {
+  if (!store) return;
+  const auto promise = std::make_shared<std::promise<void>>();
+  store->whenIdle([promise] { promise->set_value(); });
+  promise->get_future().wait();
+}
+
+Session::Session(const ConnectionOptions& options) : isOffline_(options.offline) {
   showDiagnostics(options);
   setApiSettings(resolveSettings(options));
 }
 
 std::vector<std::shared_ptr<Venue>> Session::fetchVenues() {
+  if (isOffline_) {
+    auto stored = reportOf<StoredListReport>([](auto handlers) {  //
+      loadStoredVenues(APISession(), std::move(handlers));
+    });
+    if (stored.venues.empty()) throw CommandError(ExitCode::noAnswer, "no venue is stored");
+    return std::move(stored.venues);
+  }
   auto report = reportOf<VenueListReport>([](auto handlers) {  //
     loadVenuesReporting(APISession(), std::move(handlers));
   });
+  finishStoring(APISession().store());
   check(report.failures, {"venue"});
   return std::move(report.venues);
 }
 
 std::shared_ptr<Venue> Session::loadVenue(const std::string& slug, bool accessible,
                                           const std::vector<std::string_view>& needed) {
+  if (isOffline_) return loadStored(slug, accessible);
   auto venue = venueNamed(fetchVenues(), slug);
   const auto report = reportOf<VenueLoadReport>([&](auto handlers) {
     loadVenueReporting(APISession(), venue, accessible, std::move(handlers));
   });
+  finishStoring(APISession().store());
   check(report.failures, needed);
   return venue;
+}
+
+std::shared_ptr<Venue> Session::loadStored(const std::string& slug, bool accessible) {
+  auto report = reportOf<StoredVenueReport>(
+      [&](auto handlers) { loadStoredVenue(APISession(), slug, accessible, std::move(handlers)); });
+  if (!report.venue)
+    throw CommandError(
+        ExitCode::noAnswer,
+        fmt::format("the venue \"{}\" is not stored; run the command once without --offline",
+                    slug));
+  return std::move(report.venue);
 }
 
 }  // namespace orivanta::command

@@ -13,6 +13,7 @@
 #include "Platform/Foundation/Url.hpp"
 #include "Source/ApiSettings.hpp"
 #include "Source/SettingSources.hpp"
+#include "Source/VenueStore.hpp"
 
 namespace orivanta::command {
 
@@ -116,7 +117,10 @@ ApiSettings resolveSettings(const ConnectionOptions& options) {
       resolve(options.username, "--username", "ORIVANTA_USERNAME", "OrivantaUsername");
   const auto password =
       resolve(givenPassword(options), "--password", "ORIVANTA_PASSWORD", "OrivantaPassword");
+  if (options.offline && options.noStore)
+    throw CommandError(ExitCode::wrongUse, "specify either --offline or --no-store, not both");
   ApiSettings settings;
+  if (!options.noStore) settings.store = VenueStore::inCachesDirectory();
   settings.endpoint = usableEndpoint(endpoint.value, endpoint.origin);
   if (username) settings.username = username->value;
   if (password) settings.password = password->value;

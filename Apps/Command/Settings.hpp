@@ -17,12 +17,15 @@ struct ConnectionOptions {
   std::optional<std::string> password;
   std::optional<std::string> passwordFile;  ///< "-" for standard input
   bool quiet = false;                       ///< suppresses diagnostics
+  bool offline = false;                     ///< uses only stored venues and cached files
+  bool noStore = false;                     ///< neither reads nor writes the store
 };
 
 /// Uses the first source that sets a value: command line, environment (ORIVANTA_ENDPOINT,
 /// ORIVANTA_USERNAME, ORIVANTA_PASSWORD), property lists, default. The result always has an
 /// endpoint, a user name and a password. A user name and a password in the endpoint's URL are used
-/// if no others are set. Throws `CommandError`. Call it once, before the first use of the library.
+/// if no others are set. Unless `noStore` is set, the result has the store in the cache folder.
+/// Throws `CommandError`. Call it once, before the first use of the library.
 ApiSettings resolveSettings(const ConnectionOptions& options);
 
 /// Returns whether the command line, the environment or the property lists set an endpoint. Call it

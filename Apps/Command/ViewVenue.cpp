@@ -68,21 +68,25 @@ ExitCode viewVenue(const ViewVenueOptions& options) {
   viewerOptions.walksAtOnce = options.walk;
   viewerOptions.look.textScale = options.textSize / 100.0;
   viewerOptions.look.hasHighContrast = options.highContrast;
+  viewerOptions.isOffline = options.connection.offline;
   std::unique_ptr<server::VenueServer> demo;
   std::optional<DemoFiles> demoFiles;
-  if (options.demoVenue && !isEndpointGiven(options.connection)) {
+  if (options.demoVenue && !options.connection.offline && !isEndpointGiven(options.connection)) {
     demo = serveDemo(*options.demoVenue);
     viewerOptions.settings.endpoint = demo->root();
+    viewerOptions.settings.store = nullptr;  // its port is another one each time
     demoFiles.emplace(demo->root());
     if (!viewerOptions.slug) viewerOptions.slug = server::readPackage(*options.demoVenue).slug;
   }
   const auto surface = openWindow(options);
   times.reached("window open");
   foundation::setMainScreenScale(surface->scale());
+  const auto store = viewerOptions.settings.store;
   viewer::Viewer viewer(std::move(viewerOptions));
   viewer.reached = [&times](std::string_view what) { times.reached(what); };
   viewer::runWindow(viewer, *surface, times, {writeOutput, complain});
   times.summarize();
+  finishStoring(store);
   return ExitCode::success;
 }
 

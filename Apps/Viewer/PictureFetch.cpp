@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <map>
 #include <utility>
 
 #include "Platform/Foundation/Files.hpp"
@@ -14,6 +15,7 @@
 #include "Platform/Network/AwaitedRequests.hpp"
 #include "Source/ImageCollection.hpp"
 #include "Source/Location.hpp"
+#include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
 
@@ -29,6 +31,12 @@ constexpr std::uint64_t mostPixels = std::uint64_t{2048} * 2048;
 std::string folderFor(const foundation::Url& url, const std::string& slug) {
   return fmt::format("{}/places/{:016x}", HttpDownloader::folderFor(url, slug),
                      foundation::Fnv::of(url.path() + '?' + url.query()));
+}
+
+// Returns the URL of the picture that a card shows, or null.
+const foundation::Url* pictureOf(const Location& place) {
+  const auto& pictures = place.picture ? place.picture : place.logo;
+  return pictures ? &(*pictures)[pictureSize] : nullptr;
 }
 
 // Blocks. Returns null if the picture cannot be fetched or read.
@@ -48,12 +56,34 @@ std::shared_ptr<const graphics::Image> fetchPicture(HttpDownloader& downloader,
 
 }  // namespace
 
+void PictureFetch::cacheAll(const Venue& venue, std::shared_ptr<HttpDownloader> downloader,
+                            const foundation::CancellationToken& cancellation) {
+  std::map<std::string, foundation::Url> urls;  // by folder
+  if (venue.locations && foundation::cachesDirectory())
+    for (const auto& place : *venue.locations)
+      if (const auto* url = pictureOf(*place); url && url->lastPathComponent())
+        urls.try_emplace(folderFor(*url, venue.slug.value_or("")), *url);
+  if (urls.empty()) return;
+  network::TransferOptions options{network::strictRules(), downloader->transport, cancellation};
+  foundation::SerialQueue::make()->async(
+      [downloader = std::move(downloader), urls = std::move(urls), options = std::move(options)] {
+        for (const auto& [folder, url] : urls) {
+          if (options.cancellation.isCanceled()) return;
+          if (HttpDownloader::isCached(url, folder)) continue;
+          try {
+            downloader->fetchFile(url, folder, network::AwaitedRequests(options, mostBytes));
+          } catch (const std::exception&) {  // out of memory
+          }
+        }
+      });
+}
+
 void PictureFetch::start(const Location& place, const std::string& slug,
                          std::shared_ptr<HttpDownloader> downloader, Arrived arrived) {
   cancel();
-  const auto& pictures = place.picture ? place.picture : place.logo;
-  if (!pictures) return;
-  const foundation::Url& url = (*pictures)[pictureSize];
+  const foundation::Url* const found = pictureOf(place);
+  if (found == nullptr) return;
+  const foundation::Url& url = *found;
   const auto mode = place.picture ? PictureMode::fill : PictureMode::fit;
   network::TransferOptions options{network::strictRules(), downloader->transport,
                                    cancellation_.token()};

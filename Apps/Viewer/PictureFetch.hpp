@@ -21,6 +21,11 @@ class PictureFetch {
 
   ~PictureFetch() { cancel(); }
 
+  /// Fetches the pictures of all places in the background, one after the other, except those that
+  /// are cached, so that they are there without a connection.
+  static void cacheAll(const Venue& venue, std::shared_ptr<HttpDownloader> downloader,
+                       const foundation::CancellationToken& cancellation);
+
   /// Fetches the picture of a place, or else its logo. `arrived` is called from the main queue, at
   /// most once; it is not called if the picture cannot be read or if the request was canceled.
   /// Pictures are cached below the folder of the venue `slug` on its server, by their URLs.

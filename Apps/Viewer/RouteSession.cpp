@@ -97,6 +97,12 @@ void RouteSession::clear() {
   request();
 }
 
+void RouteSession::restore(RouteStops stops, std::size_t profile) {
+  stops_ = std::move(stops);
+  profile_ = profile;
+  request();
+}
+
 StopNames RouteSession::names() const {
   return stops_.names(*venue_, texts_, route() ? route()->to() : nullptr);
 }

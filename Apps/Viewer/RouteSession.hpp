@@ -83,9 +83,13 @@ class RouteSession {
   void walkEnded();
   void clear();  ///< removes all stops
 
+  /// Replaces all stops and the profile.
+  void restore(RouteStops stops, std::size_t profile);
+
   /// Chooses one of the plan's routes. The stops in between are then in the order of its visits.
   void choose(std::size_t index);
 
+  const RouteStops& stops() const { return stops_; }
   bool hasStops() const { return !stops_.isEmpty(); }
   bool isComplete() const { return stops_.isComplete(); }
   bool hasStart() const { return stops_.hasStart(); }

@@ -37,6 +37,17 @@ void RouteStops::remove(std::size_t index) {
   between_.erase(between_.begin() + static_cast<std::ptrdiff_t>(index));
 }
 
+RouteStops RouteStops::movedTo(
+    const std::function<std::shared_ptr<Location>(const std::shared_ptr<Location>&)>& find,
+    const std::shared_ptr<Location>& found) const {
+  RouteStops moved;
+  moved.from_ = {find(from_.place)};
+  moved.to_ = {find(to_.nearest ? found : to_.place)};
+  for (const auto& place : between_)
+    if (auto other = find(place)) moved.between_.push_back(std::move(other));
+  return moved;
+}
+
 std::vector<guidance::Stop> RouteStops::list() const {
   std::vector<guidance::Stop> stops{stopAt(from_)};
   stops.insert(stops.end(), between_.begin(), between_.end());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -48,6 +49,12 @@ class RouteStops {
   bool canAdd(const std::shared_ptr<Location>& place) const;
   void add(const std::shared_ptr<Location>& place) { between_.push_back(place); }
   void remove(std::size_t index);
+
+  /// Returns the stops in other records of the venue. `find` returns the other record of a place,
+  /// or null if there is none. A position is left out. `found` is as in `swapEnds`.
+  RouteStops movedTo(
+      const std::function<std::shared_ptr<Location>(const std::shared_ptr<Location>&)>& find,
+      const std::shared_ptr<Location>& found) const;
 
   /// Returns all stops in order. Both ends must be there.
   std::vector<guidance::Stop> list() const;

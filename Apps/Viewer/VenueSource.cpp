@@ -38,29 +38,37 @@ VenueSource::VenueSource(ApiSettings settings, std::string languages,
 Problem VenueSource::problemOf(const LoadFailure& failure) const {
   const char* title =
       failure.collection == "venue" ? "interface.problem.list" : "interface.problem.venue";
-  if (failure.problem == LoadProblem::refused) title = "interface.problem.rejected";
+  const bool isRefused = failure.problem == LoadProblem::refused;
+  if (isRefused) title = "interface.problem.rejected";
   if (failure.problem == LoadProblem::noAnswer) title = "interface.problem.silent";
-  return {texts_.text(title), sentence(failure.reason)};
+  return {texts_.text(title), sentence(failure.reason), isRefused};
 }
 
+// A rejection of the credentials is the most important problem.
 std::optional<Problem> VenueSource::problemIn(const std::vector<LoadFailure>& failures,
                                               const std::vector<std::string_view>& needed) const {
-  const auto first =
-      std::find_if(failures.begin(), failures.end(), [&](const LoadFailure& failure) {
-        return endsLoad(failure.problem) ||
-               std::find(needed.begin(), needed.end(), failure.collection) != needed.end();
-      });
-  return first == failures.end() ? std::nullopt : std::optional(problemOf(*first));
+  std::optional<Problem> first;
+  for (const LoadFailure& failure : failures) {
+    const bool isNeeded =
+        endsLoad(failure.problem) ||
+        std::find(needed.begin(), needed.end(), failure.collection) != needed.end();
+    if (!isNeeded || (first && failure.problem != LoadProblem::refused)) continue;
+    first = problemOf(failure);
+    if (first->isRefused) break;
+  }
+  return first;
 }
 
 WebApiSession VenueSource::makeSession() const {
   const WebApiSession session(*settings_.endpoint, *settings_.username, *settings_.password,
                               languages_, nullptr, settings_.loadBytes, settings_.transport);
-  return session.withLowestRate(settings_.lowestRate.value_or(session.lowestRate()));
+  return session.withLowestRate(settings_.lowestRate.value_or(session.lowestRate()))
+      .storingIn(settings_.store);
 }
 
 void VenueSource::cancel() {
-  if (const auto load = std::exchange(load_, nullptr)) load->cancel();
+  for (auto* const load : {&load_, &storedLoad_})
+    if (const auto running = std::exchange(*load, nullptr)) running->cancel();
   closures_.cancel();
   fetchesClosures_ = false;
 }
@@ -111,6 +119,20 @@ void VenueSource::loadVenue(const std::shared_ptr<Venue>& venue, Handlers handle
       loadVenueReporting(makeSession(), venue, /*accessible=*/false,
                          handlersFor<VenueLoadReport>(
                              handlers, {"location", "map", "node", "polygon", "vortex"}, loaded));
+}
+
+void VenueSource::loadStoredVenues(std::function<void(StoredListReport)> done) {
+  if (const auto former = std::exchange(storedLoad_, nullptr)) former->cancel();
+  storedLoad_ = orivanta::loadStoredVenues(
+      makeSession(), {.ended = std::move(done), .executor = foundation::mainQueue::async});
+}
+
+void VenueSource::loadStoredVenue(const std::string& slug,
+                                  std::function<void(StoredVenueReport)> done) {
+  if (const auto former = std::exchange(storedLoad_, nullptr)) former->cancel();
+  storedLoad_ = orivanta::loadStoredVenue(
+      makeSession(), slug, /*accessible=*/false,
+      {.ended = std::move(done), .executor = foundation::mainQueue::async});
 }
 
 void VenueSource::fetchClosures(const std::string& slug,

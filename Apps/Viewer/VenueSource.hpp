@@ -20,11 +20,13 @@ namespace orivanta::viewer {
 /// Why there is nothing to show, in words for the user.
 struct Problem {
   std::string title;
-  std::string detail;  ///< sentences
+  std::string detail;      ///< sentences
+  bool isRefused = false;  ///< whether the server rejected the credentials
 };
 
-/// Construct and use it on the main thread. Listing or loading venues cancels all previous
-/// requests, and destroying the source cancels the current ones.
+/// Construct and use it on the main thread. If the settings have a store, complete venues are
+/// stored. Listing or loading venues cancels all previous requests, and destroying the source
+/// cancels the current ones.
 class VenueSource {
  public:
   using Venues = std::vector<std::shared_ptr<Venue>>;
@@ -51,6 +53,13 @@ class VenueSource {
   void loadVenue(const std::shared_ptr<Venue>& venue, Handlers handlers,
                  std::function<void(const std::vector<LoadFailure>& missing)> done);
 
+  /// Loads the list of the venues that are stored, without network access. Does not affect the
+  /// requests above. Like the following function, cancels its former call.
+  void loadStoredVenues(std::function<void(StoredListReport)> done);
+
+  /// Loads a stored venue, without network access.
+  void loadStoredVenue(const std::string& slug, std::function<void(StoredVenueReport)> done);
+
   /// Fetches what is closed in a venue, and calls `done` from the main queue. The closures are
   /// empty if the server does not provide any. If the request fails, `done` is not called. Does
   /// nothing if a former call has not ended yet. Does not affect the requests above.
@@ -76,6 +85,7 @@ class VenueSource {
   const std::string languages_;
   const guidance::InterfaceTexts texts_;
   std::shared_ptr<LoadHandle> load_;
+  std::shared_ptr<LoadHandle> storedLoad_;
   foundation::CancellationSource closures_;  // of the latest request for them
   bool fetchesClosures_ = false;             // whether that request has not ended yet
 };

@@ -98,6 +98,7 @@ class VenueView : public view::View, public MapViewDelegate {
   MapCamera& camera() const { return mapView_->camera(); }
   const VenuePanels& panels() const { return panels_; }
   const RouteSession& session() const { return session_; }
+  RouteSession& session() { return session_; }
   const std::shared_ptr<Venue>& venue() const { return venue_; }
   const std::shared_ptr<Location>& selected() const { return selected_; }
 

@@ -11,6 +11,7 @@
 #include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Platform/Foundation/Languages.hpp"
+#include "Platform/Network/OfflineTransport.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
@@ -23,6 +24,7 @@ constexpr double wheelZoom = 1.18;  // per step
 constexpr double wheelScroll = 60;  // points per step
 constexpr double noteTime = 6;      // seconds
 constexpr double closuresTime = 60;
+constexpr double slowSeconds = 5;  // a stored venue is shown if a server needs longer
 
 // Returns the list at a point, or null.
 List* listAt(view::View& root, graphics::Point point) {
@@ -34,6 +36,12 @@ List* listAt(view::View& root, graphics::Point point) {
 std::string languagesOf(const ViewerOptions& options) {
   if (!options.languages.empty()) return options.languages;
   return fmt::format("{}", fmt::join(foundation::preferredLanguages(), ", "));
+}
+
+ApiSettings settingsOf(const ViewerOptions& options) {
+  ApiSettings settings = options.settings;
+  if (options.isOffline) settings.transport = network::makeOfflineTransport();
+  return settings;
 }
 
 bool isBack(const KeyPress& press) { return press.key == Key::escape || press.key == Key::back; }
@@ -50,26 +58,36 @@ Viewer::Viewer(ViewerOptions options)
     : slug_(std::move(options.slug)),
       clock_(std::move(options.clock)),
       walksAtOnce_(options.walksAtOnce),
+      isOffline_(options.isOffline),
+      settings_(settingsOf(options)),
+      languages_(languagesOf(options)),
       texts_(languagesOf(options)),
-      source_(options.settings, languagesOf(options), texts_),
+      source_(settings_, languages_, texts_),
       root_(std::make_shared<DirectedRoot>(texts_.isRightToLeft())),
       veil_(std::make_shared<LoadingVeil>(texts_)),
       venueList_(std::make_shared<VenueList>(texts_)),
       message_(std::make_shared<MessagePanel>(texts_)),
       note_(std::make_shared<Note>()),
+      connectionNote_(std::make_shared<ConnectionNote>(texts_)),
       look_(options.look),
       ring_(std::make_shared<FocusRing>(focus_)),
       fingers_(root_),
       pointer_(*this) {
   applyLook();
   for (const std::shared_ptr<view::View>& part : std::initializer_list<std::shared_ptr<view::View>>{
-           veil_, venueList_, message_, note_, ring_})
+           veil_, venueList_, message_, connectionNote_, note_, ring_})
     root_->addSubview(part);
   venueList_->setHidden(true);
   message_->setHidden(true);
   note_->setHidden(true);
+  connectionNote_->setHidden(true);
   venueList_->chosen = [this](const auto& venue) { open(venue); };
   listVenues();
+}
+
+Viewer::~Viewer() {
+  life_.cancel();
+  pictures_.cancel();
 }
 
 // --- Layout
@@ -102,17 +120,27 @@ void Viewer::arrange() {
     panel->setFrame(frame);
   }
   if (venueView_) venueView_->arrange(size_, scale_);
+  if (incoming_) incoming_->arrange(size_, scale_);
   arrangeNote();
 }
 
-// Places the note where no panel stays: at the lower edge, or on a phone below the search field.
+// Places the notes where no panel stays: at the lower edge, or on a phone below the search field.
 void Viewer::arrangeNote() {
   const double belowSearch = SearchPanel::barHeight() + 28;
-  const graphics::Size note = note_->arrange(size_);
-  const double lowest = size_.height - note.height - theme::margin;
-  note_->setFrame(
-      {{std::round((size_.width - note.width) / 2), hasBottomSheet(size_) ? belowSearch : lowest},
-       note});
+  constexpr double gap = 8;
+  double taken = 0;  // by the note about the connection
+  const auto place = [&](view::View& panel, const graphics::Size& size) {
+    const double lowest = size_.height - size.height - theme::margin - taken;
+    panel.setFrame({{std::round((size_.width - size.width) / 2),
+                     hasBottomSheet(size_) ? belowSearch + taken : lowest},
+                    size});
+  };
+  if (!connectionNote_->isHidden()) {
+    const graphics::Size size = connectionNote_->arrange(size_);
+    place(*connectionNote_, size);
+    taken = size.height + gap;
+  }
+  place(*note_, note_->arrange(size_));
 }
 
 // --- What people do
@@ -205,17 +233,24 @@ void Viewer::advance(double time) {
     if (closuresEnd_ && time >= *closuresEnd_) fetchClosures();
     if (!closuresEnd_) closuresEnd_ = time + closuresTime;
   }
+  advanceIncoming();
+  if (reconnection_) reconnection_->advance(time);
+  if (whenSlow_ && !slowTime_) slowTime_ = time + slowSeconds;
+  if (whenSlow_ && time >= *slowTime_) std::exchange(whenSlow_, nullptr)();
   if (note_->isHidden() || isLoading()) return;
   if (!noteEnd_) noteEnd_ = time + noteTime;
   if (time >= *noteEnd_) hideNote();
 }
 
 double Viewer::nextFrameTime() const {
-  return venueView_ && closuresEnd_ ? *closuresEnd_ : std::numeric_limits<double>::infinity();
+  double next =
+      venueView_ && closuresEnd_ ? *closuresEnd_ : std::numeric_limits<double>::infinity();
+  if (reconnection_) next = std::min(next, reconnection_->nextTime());
+  return next;
 }
 
 bool Viewer::isMoving() const {
-  if (isLoading() || !note_->isHidden()) return true;
+  if (isLoading() || !note_->isHidden() || isIncomingReady_) return true;
   return venueView_ && veil_->isHidden() && venueView_->isMoving();
 }
 

@@ -9,20 +9,24 @@
 #include <string_view>
 
 #include "Apps/Viewer/Keys.hpp"
+#include "Apps/Viewer/Panels/ConnectionNote.hpp"
 #include "Apps/Viewer/Panels/LoadingVeil.hpp"
 #include "Apps/Viewer/Panels/MessagePanel.hpp"
 #include "Apps/Viewer/Panels/Note.hpp"
 #include "Apps/Viewer/Panels/VenueList.hpp"
 #include "Apps/Viewer/Pointer.hpp"
+#include "Apps/Viewer/Reconnection.hpp"
 #include "Apps/Viewer/VenueSource.hpp"
 #include "Apps/Viewer/VenueView.hpp"
 #include "Apps/Viewer/Widgets/Focus.hpp"
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Platform/View/TouchDispatcher.hpp"
 
 namespace orivanta::viewer {
 
 struct ViewerOptions {
-  ApiSettings settings;             ///< see `VenueSource`
+  /// See `VenueSource`. With a store, venues are shown from it when the server does not answer.
+  ApiSettings settings;
   std::optional<std::string> slug;  ///< of the venue; if empty, all venues are listed
 
   /// Language tags in the form of `Accept-Language`, for the interface, the instructions and the
@@ -31,6 +35,7 @@ struct ViewerOptions {
   RouteSession::Clock clock{};  ///< if null, the system's local time
   bool walksAtOnce = false;     ///< see `VenueViewOptions`
   theme::Look look{};           ///< of the interface at the start
+  bool isOffline = false;       ///< shows only stored venues, without network access
 };
 
 /// A host shows `root` and passes input with times in seconds that increase. It drains the main
@@ -38,6 +43,9 @@ struct ViewerOptions {
 class Viewer {
  public:
   explicit Viewer(ViewerOptions options);
+  ~Viewer();
+  Viewer(const Viewer&) = delete;
+  Viewer& operator=(const Viewer&) = delete;
 
   std::function<void()> pictureWanted;                 ///< the key for it was pressed
   std::function<void(std::string_view what)> reached;  ///< a step of loading has ended
@@ -98,6 +106,12 @@ class Viewer {
   std::string note() const;
   VenueList& venueList() { return *venueList_; }
 
+  /// Says that a stored venue is shown; null if there is a connection.
+  const ConnectionNote* connectionNote() const;
+
+  /// Tries to reach the server now, if there is no connection.
+  void reconnect();
+
   const guidance::InterfaceTexts& texts() const { return texts_; }  ///< of the interface
 
  private:
@@ -109,6 +123,28 @@ class Viewer {
   Problem unknownVenue(const VenueSource::Venues& venues) const;
   void open(const std::shared_ptr<Venue>& venue);
   void showFloors();
+  std::shared_ptr<VenueView> makeView(const std::shared_ptr<Venue>& venue);
+  void closeVenue();
+  void cachePictures();
+
+  // Without a connection
+  using Fallback = std::function<void(const Problem&)>;
+  void listStored(const Problem& problem, bool stillWaits = false);
+  void openStored(const std::string& slug, const Problem& problem,
+                  const std::function<void()>& retry, bool stillWaits = false);
+  Problem nothingStored() const;
+  bool isDisconnected() const { return isOffline_ || reconnection_; }
+  void waitFor(std::function<void()> stored);
+  void endWait();
+  void loseConnection(const std::string& sentence);
+  void connected(const VenueSource::Venues& venues, const std::shared_ptr<Venue>& venue);
+  void connectionRefused(const Problem& problem);
+  void endReconnection();
+  void takeFresh(const std::shared_ptr<Venue>& venue);
+  void replaceView(const std::shared_ptr<Venue>& venue);
+  void advanceIncoming();
+  void showIncoming();
+  void dropIncoming();
   void fetchClosures();
   void showLoading(const std::string& title);
   void showList();
@@ -120,7 +156,7 @@ class Viewer {
   void showProblem(const Problem& problem, std::function<void()> retry,
                    std::function<void()> dismiss = nullptr, const std::string& otherWay = "");
   void floorFailed(const Problem& problem, const std::shared_ptr<Map>& floor);
-  VenueSource::Handlers handlers(std::function<void()> retry);
+  VenueSource::Handlers handlers(std::function<void()> retry, Fallback fallback = nullptr);
   std::function<void()> wayBack();
 
   // The look and the focus
@@ -134,6 +170,9 @@ class Viewer {
   std::optional<std::string> slug_;
   const RouteSession::Clock clock_;
   const bool walksAtOnce_;
+  const bool isOffline_;
+  const ApiSettings settings_;
+  const std::string languages_;
   const guidance::InterfaceTexts texts_;
   VenueSource source_;
   std::shared_ptr<view::View> root_;
@@ -141,6 +180,7 @@ class Viewer {
   std::shared_ptr<VenueList> venueList_;
   std::shared_ptr<MessagePanel> message_;
   std::shared_ptr<Note> note_;
+  std::shared_ptr<ConnectionNote> connectionNote_;
   theme::Look look_;
   Focus focus_;
   std::shared_ptr<FocusRing> ring_;
@@ -148,6 +188,15 @@ class Viewer {
   std::optional<double> closuresEnd_;  // when they are fetched again; empty after a request
   std::shared_ptr<Venue> venue_;       // shown or being loaded; null while the user chooses one
   std::shared_ptr<VenueView> venueView_;
+
+  // Without a connection
+  std::unique_ptr<Reconnection> reconnection_;  // null if there is a connection
+  std::function<void()> whenSlow_;              // looks into the store; null if nothing is awaited
+  std::optional<double> slowTime_;              // when that happens
+  std::shared_ptr<VenueView> incoming_;         // will replace the view; may be null
+  bool isIncomingReady_ = false;                // whether its first floor is loaded
+  foundation::CancellationSource life_;         // of this object
+  foundation::CancellationSource pictures_;     // of fetching the pictures of the venue
   view::TouchDispatcher fingers_;
   Pointer pointer_;
   std::vector<std::uint64_t> mapFingers_;

@@ -6,6 +6,7 @@
 
 #include "Apps/Viewer/Viewer.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
+#include "Source/UI/OfflineDownloader.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
@@ -16,9 +17,10 @@ constexpr double venueShare = 0.4;  // of the bar, for the records; the rest is 
 
 }  // namespace
 
-VenueSource::Handlers Viewer::handlers(std::function<void()> retry) {
+VenueSource::Handlers Viewer::handlers(std::function<void()> retry, Fallback fallback) {
   VenueSource::Handlers result;
   result.progressed = [this](const LoadProgress& progress) {
+    if (progress.bytes > 0) endWait();
     const double share = progress.collections > 0 ? static_cast<double>(progress.collectionsDone) /
                                                         static_cast<double>(progress.collections)
                                                   : 0.0;
@@ -30,7 +32,10 @@ VenueSource::Handlers Viewer::handlers(std::function<void()> retry) {
                                     {"whole", fmt::to_string(tenths / 10)},
                                     {"tenths", fmt::to_string(tenths % 10)}}));
   };
-  result.failed = [this, retry = std::move(retry)](const Problem& problem) {
+  result.failed = [this, retry = std::move(retry),
+                   fallback = std::move(fallback)](const Problem& problem) {
+    endWait();
+    if (fallback && settings_.store && !problem.isRefused) return fallback(problem);
     showProblem(problem, retry, wayBack(), texts_.text("interface.venues.all"));
   };
   return result;
@@ -59,12 +64,16 @@ void Viewer::showProblem(const Problem& problem, std::function<void()> retry,
 
 void Viewer::listVenues() {
   showLoading(texts_.text("interface.venues.loading"));
-  source_.fetchVenues(handlers([this] { listVenues(); }),
-                      [this](const VenueSource::Venues& venues) { choose(venues); });
+  if (isOffline_) return listStored(nothingStored());
+  source_.fetchVenues(
+      handlers([this] { listVenues(); }, [this](const Problem& problem) { listStored(problem); }),
+      [this](const VenueSource::Venues& venues) { choose(venues); });
+  waitFor([this] { listStored({}, true); });
 }
 
 void Viewer::choose(const VenueSource::Venues& venues) {
   if (reached) reached("venues listed");
+  endWait();
   veil_->setBusy(false);
   venueList_->show(venues);
   if (slug_) {
@@ -101,8 +110,16 @@ void Viewer::showList() {
 void Viewer::open(const std::shared_ptr<Venue>& venue) {
   venue_ = Venue::make(venue->_data);
   showLoading(venue_->name.value_or(""));
-  source_.loadVenue(venue_, handlers([this, venue] { open(venue); }),
+  const std::string slug = venue->slug.value_or("");
+  const auto retry = [this, venue] { open(venue); };
+  if (isDisconnected()) return openStored(slug, nothingStored(), retry);
+  const auto fallback = [this, slug, retry](const Problem& problem) {
+    openStored(slug, problem, retry);
+  };
+  waitFor([this, slug, retry] { openStored(slug, {}, retry, true); });
+  source_.loadVenue(venue_, handlers(retry, fallback),
                     [this](const std::vector<LoadFailure>& missing) {
+                      endWait();
                       showFloors();
                       if (!missing.empty()) remark(texts_.text("interface.note.categories"));
                     });
@@ -117,7 +134,15 @@ std::function<void()> Viewer::wayBack() {
 
 void Viewer::goBack() {
   if (!canGoBack()) return;
+  closeVenue();
+  showList();
+}
+
+void Viewer::closeVenue() {
   source_.cancel();
+  endWait();
+  dropIncoming();
+  pictures_.cancel();
   if (venueView_) {
     venueView_->stopLoading();
     venueView_->removeFromSuperview();
@@ -128,18 +153,11 @@ void Viewer::goBack() {
   venue_ = nullptr;
   hideNote();
   mapFingers_.clear();
-  showList();
 }
 
 void Viewer::showFloors() {
   if (reached) reached("venue loaded");
-  venueView_ = VenueView::make(venue_, texts_, {clock_, walksAtOnce_});
-  venueView_->wayBack = wayBack();
-  venueView_->panels().mapButtons->tapped = [this](std::string_view key) {
-    if (!changeLook(key)) venueView_->carryOut(key);
-  };
-  root_->addSubview(venueView_);
-  raisePanels();
+  venueView_ = makeView(venue_);
   venueView_->progressed = [this](double share, const std::string& text) {
     veil_->setProgress(venueShare + (1 - venueShare) * share, text);
   };
@@ -147,15 +165,37 @@ void Viewer::showFloors() {
     if (reached) reached("first floor ready");
     veil_->setHidden(true);
     arrange();
+    cachePictures();
   };
   venueView_->failed = [this](const Problem& problem, const auto& floor) {
     floorFailed(problem, floor);
   };
-  venueView_->remarked = [this](const std::string& sentence) { remark(sentence); };
-  venueView_->closuresWanted = [this] { fetchClosures(); };
   fetchClosures();
   arrange();
   venueView_->load();
+}
+
+// Makes a view above the others.
+std::shared_ptr<VenueView> Viewer::makeView(const std::shared_ptr<Venue>& venue) {
+  auto made = VenueView::make(venue, texts_, {clock_, walksAtOnce_});
+  if (isDisconnected()) made->mapView().downloader = std::make_shared<OfflineDownloader>();
+  made->wayBack = wayBack();
+  made->remarked = [this](const std::string& sentence) { remark(sentence); };
+  made->closuresWanted = [this] { fetchClosures(); };
+  made->panels().mapButtons->tapped = [this, view = made.get()](std::string_view key) {
+    if (!changeLook(key)) view->carryOut(key);
+  };
+  root_->addSubview(made);
+  raisePanels();
+  return made;
+}
+
+// Only a venue that is stored needs all of its pictures.
+void Viewer::cachePictures() {
+  pictures_.cancel();
+  pictures_ = {};
+  if (settings_.store && !isDisconnected())
+    PictureFetch::cacheAll(*venue_, venueView_->mapView().downloader, pictures_.token());
 }
 
 void Viewer::fetchClosures() {
@@ -168,7 +208,8 @@ void Viewer::fetchClosures() {
 void Viewer::raisePanels() {
   for (const view::View* above :
        {static_cast<view::View*>(veil_.get()), static_cast<view::View*>(venueList_.get()),
-        static_cast<view::View*>(message_.get()), static_cast<view::View*>(note_.get())})
+        static_cast<view::View*>(message_.get()), static_cast<view::View*>(connectionNote_.get()),
+        static_cast<view::View*>(note_.get())})
     root_->bringSubviewToFront(*above);
 }
 

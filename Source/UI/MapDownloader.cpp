@@ -9,36 +9,25 @@
 #include <system_error>
 #include <utility>
 
-#include "Platform/Foundation/AsciiCase.hpp"
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/Files.hpp"
-#include "Platform/Foundation/Fnv.hpp"
 #include "Platform/Foundation/SerialQueue.hpp"
 #include "Platform/Network/ContentDecoding.hpp"
 #include "Platform/Network/DataOfUrl.hpp"
 #include "Platform/Network/DefaultTransport.hpp"
+#include "Source/CacheNames.hpp"
 #include "Source/UI/Floors/KeptFile.hpp"
 
 namespace orivanta {
 
 namespace fs = std::filesystem;
-using foundation::asciiLowercased;
 using foundation::diagnostic;
 using foundation::Error;
-using foundation::Fnv;
 
 namespace {
 
-constexpr std::size_t longestName = 255;
 constexpr int savingFailed = 1001;
-
-// Returns the name if it is a valid file name, otherwise a name that is derived only from it.
-std::string fileNameFor(const std::string& name) {
-  const bool proper = !name.empty() && name != "." && name != ".." && name.size() <= longestName &&
-                      name.find_first_of(std::string_view("/\0", 2)) == std::string::npos;
-  return proper ? name : fmt::format("%{:016x}", Fnv::of(name));
-}
 
 fs::path cacheRoot() { return foundation::unwrap(foundation::cachesDirectory()); }
 
@@ -46,17 +35,17 @@ fs::path folderAt(std::string_view path) {
   fs::path folder = cacheRoot();
   while (!path.empty()) {
     const std::string_view name = path.substr(0, path.find('/'));
-    if (!name.empty()) folder /= fileNameFor(std::string(name));
+    if (!name.empty()) folder /= cacheFileName(std::string(name));
     path.remove_prefix(std::min(path.size(), name.size() + 1));
   }
   return folder;
 }
 
 fs::path fileFor(const foundation::Url& url, const fs::path& folder) {
-  return folder / fileNameFor(foundation::unwrap(url.lastPathComponent()));
+  return folder / cacheFileName(foundation::unwrap(url.lastPathComponent()));
 }
 
-bool isCached(const fs::path& file) {
+bool isThere(const fs::path& file) {
   std::error_code failure;
   if (!fs::exists(file, failure)) return false;
   diagnostic(fmt::format("file already exists [{}]", file.string()));
@@ -104,24 +93,6 @@ bool isPassing(const network::UrlResult& result) {
   return status < 300 || status == 408 || status == 429 || status >= 500;
 }
 
-// Returns "" if the URL is neither http nor https.
-std::string defaultPort(const foundation::Url& url) {
-  const std::string scheme = asciiLowercased(url.scheme());
-  if (scheme == "http") return "80";
-  return scheme == "https" ? "443" : "";
-}
-
-std::string serverName(const foundation::Url& url) {
-  const std::string port = url.port();
-  return fmt::format("{}-{}-{}", asciiLowercased(url.scheme()), asciiLowercased(url.host()),
-                     port.empty() ? defaultPort(url) : port);
-}
-
-// Returns a valid name for a folder or file that is not hidden.
-std::string visibleName(const std::string& name) {
-  return name.starts_with('.') ? fmt::format("%{:016x}", Fnv::of(name)) : fileNameFor(name);
-}
-
 void finish(network::UrlResult result, const std::string& path,
             const HttpDownloader::Completion& completion) {
   if (result)
@@ -143,7 +114,7 @@ std::optional<std::string> HttpDownloader::loadFileSync(const foundation::Url& u
                                                         const std::string& path) {
   const fs::path folder = folderAt(path);
   const fs::path file = fileFor(url, folder);
-  if (isCached(file)) return file.string();
+  if (isThere(file)) return file.string();
   const auto bytes = network::dataOfUrl(url, {{}, transport});
   if (!bytes) return std::nullopt;
   makeFolder(folder);
@@ -154,7 +125,7 @@ std::optional<std::string> HttpDownloader::loadFileSync(const foundation::Url& u
 void HttpDownloader::loadFileAsync(const foundation::Url& url, Completion completion) {
   if (!completion) completion = [](const auto&, const auto&) {};
   const fs::path file = fileFor(url, cacheRoot());
-  if (isCached(file)) return completion(file.string(), std::nullopt);
+  if (isThere(file)) return completion(file.string(), std::nullopt);
   // Decompressing, writing and the completion would block the transport's thread for too long.
   const auto queue = foundation::SerialQueue::make();
   network::orDefault(transport)->start(
@@ -175,7 +146,8 @@ foundation::Result<HttpDownloader::Fetched> HttpDownloader::fetchFile(
   };
   if (defaultPort(url).empty()) return failed("is not an http or https URL");
   // Hidden names are reserved for the notes.
-  const KeptFile kept(folderAt(path) / visibleName(foundation::unwrap(url.lastPathComponent())));
+  const KeptFile kept(folderAt(path) /
+                      visibleCacheName(foundation::unwrap(url.lastPathComponent())));
   const auto condition = kept.conditionFor(url);
   const network::UrlResult result = requests.get(url, condition.value_or(network::HeaderFields{}));
   if (condition && !condition->empty() && result && result->response.statusCode == 304) {
@@ -197,7 +169,13 @@ foundation::Result<HttpDownloader::Fetched> HttpDownloader::fetchFile(
 }
 
 std::string HttpDownloader::folderFor(const foundation::Url& url, std::string_view slug) {
-  return serverName(url) + '/' + visibleName(std::string(slug));
+  return cacheFolder(url, slug);
+}
+
+bool HttpDownloader::isCached(const foundation::Url& url, const std::string& path) {
+  if (!foundation::cachesDirectory()) return false;
+  const std::string name = foundation::unwrap(url.lastPathComponent());
+  return KeptFile(folderAt(path) / visibleCacheName(name)).conditionFor(url).has_value();
 }
 
 void HttpDownloader::forgetFile(const std::string& path) {
@@ -211,7 +189,7 @@ void HttpDownloader::forgetFile(const std::string& path) {
 void HttpDownloader::removeFilesOf(const foundation::Url& url) {
   std::error_code failure;
   if (const auto root = foundation::cachesDirectory())
-    fs::remove_all(*root / fileNameFor(serverName(url)), failure);
+    fs::remove_all(*root / cacheFileName(cacheServerName(url)), failure);
 }
 
 }  // namespace orivanta

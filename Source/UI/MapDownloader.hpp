@@ -81,6 +81,9 @@ class ORIVANTA_API HttpDownloader {
   /// files.
   static std::string folderFor(const foundation::Url& url, std::string_view slug);
 
+  /// Returns whether `fetchFile` has cached this file and the file is undamaged.
+  static bool isCached(const foundation::Url& url, const std::string& path);
+
   /// Removes a damaged file from the caches directory, so that it is fetched again the next time.
   /// Does not remove files outside the caches directory.
   static void forgetFile(const std::string& path);

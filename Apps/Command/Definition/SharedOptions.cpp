@@ -16,6 +16,10 @@ void addConnectionOptions(CLI::App& app, ConnectionOptions& options) {
   addText(app, "--password", options.password, "Password (ORIVANTA_PASSWORD is safer)", "TEXT");
   addText(app, "--password-file", options.passwordFile,
           "File that contains the password, or - for standard input", "FILE");
+  app.add_flag("--offline", options.offline, "Use what was stored by earlier calls, no network")
+      ->group("Connection");
+  app.add_flag("--no-store", options.noStore, "Do not store what is loaded, for --offline")
+      ->group("Connection");
 }
 
 void addQuiet(CLI::App& app, ConnectionOptions& options) {

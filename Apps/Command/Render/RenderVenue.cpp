@@ -32,6 +32,7 @@
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/Display/RouteOverlay.hpp"
+#include "Source/UI/OfflineDownloader.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::command {
@@ -272,6 +273,8 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
     style->setStill(true);  // the camera does not move
     stage.mapView()->setStyle(style);
   }
+  if (options.connection.offline)
+    stage.mapView()->downloader = std::make_shared<OfflineDownloader>();
   attribute(stage, *venue, size, options, theme.get());
   if (!options.legend.empty())
     stage.mapView()->addSubview(std::make_shared<LegendView>(options.legend, options.scale));

@@ -7,6 +7,7 @@
 #include "Apps/Command/CommandError.hpp"
 #include "Tests/Apps/Command/Program.hpp"
 #include "Tests/Support/MisbehavingServer.hpp"
+#include "Tests/Support/SmallVenue.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
 
 namespace orivanta::command {
@@ -144,6 +145,35 @@ TEST(Session, ListsWhateverTheServerHas) {
   EXPECT_NE(none.errors.find("no venues for this account"), std::string::npos);
   server.on("/1/venue", Answer::json(R"([{"id": "1", "slug": "a\u001bb", "name": "c\u0007\nd"}])"));
   EXPECT_EQ(runProgram(query).output, "a\uFFFDb  c\uFFFD d\n") << "control characters are replaced";
+}
+
+TEST(Session, StoredVenuesNeedNoServer) {
+  const test::TemporaryFolder caches;
+  const std::vector<std::string> environment{"XDG_CACHE_HOME=" + caches.path().string()};
+  MisbehavingServer server;
+  server.on("/1/venue", Answer::json(venues));
+  for (const auto& [name, json] : test::smallVenueAnswers())
+    server.on("/1/" + name, Answer::json(json));
+  const auto run = [&](std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), {"--endpoint", server.root()});
+    return runProgram(arguments, environment);
+  };
+  const std::vector<std::string> queries[] = {
+      {"venues"}, {"venue", "s", "--locations"}, {"route", "s", "--from", "Cafe", "--to", "roof"}};
+  EXPECT_EQ(run({"venue", "s", "--no-store"}).exitCode, 0);
+  EXPECT_EQ(run({"venue", "s", "--offline"}).exitCode, 3);
+  std::vector<std::string> outputs;
+  for (const auto& query : queries) outputs.push_back(run(query).output);
+  server.forgetRequests();
+  for (std::size_t i = 0; i < outputs.size(); ++i) {
+    auto query = queries[i];
+    query.emplace_back("--offline");
+    EXPECT_EQ(run(query).output, outputs[i]);
+    EXPECT_NE(outputs[i], "");
+  }
+  EXPECT_EQ(run({"venue", "other", "--offline"}).exitCode, 3);
+  EXPECT_EQ(run({"venue", "s", "--offline", "--no-store"}).exitCode, 2);
+  EXPECT_TRUE(server.requests().empty());
 }
 
 }  // namespace

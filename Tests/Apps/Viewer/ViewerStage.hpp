@@ -50,6 +50,11 @@ class ViewerStage {
     viewer.resize(size, 1);
   }
 
+  explicit ViewerStage(viewer::ViewerOptions options)
+      : size(1280, 800), viewer(std::move(options)) {
+    viewer.resize(size, 1);
+  }
+
   /// Runs the viewer until `happened` returns true. Throws after a time limit.
   void until(const std::function<bool()>& happened) {
     const auto end = std::chrono::steady_clock::now() + patience;
