@@ -97,9 +97,10 @@ CameraPose framing(std::span<const graphics::Vector3> points, CameraPose pose, c
   double nearest = std::numeric_limits<double>::max();
   for (const graphics::Vector3& point : points) {
     const graphics::Point seen = turned({point.x, point.y}, -pose.turn);
-    const double deeper = seen.y * sine - point.z * cosine;
+    const double z = point.z - pose.z;
+    const double deeper = seen.y * sine - z * cosine;
     horizontal.add(seen.x, deeper);
-    vertical.add(seen.y * cosine + point.z * sine, deeper);
+    vertical.add(seen.y * cosine + z * sine, deeper);
     nearest = std::min(nearest, deeper);
   }
   // The distance is the depth of the center: e + center.y * sine.
