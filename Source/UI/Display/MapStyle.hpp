@@ -9,6 +9,7 @@
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Closures.hpp"
 #include "Source/Guidance/Kinds/KindWords.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapFurniture.hpp"
@@ -18,6 +19,7 @@
 namespace orivanta {
 
 class MapView;
+class RouteLayer;
 class RouteOverlay;
 class StyledMap;
 
@@ -25,6 +27,9 @@ class StyledMap;
 struct MapTap {
   std::shared_ptr<Location> place;  ///< a location or a connector; null if nothing was hit
   std::shared_ptr<Map> floor;       ///< the floor that is shown; null if there is none
+  /// Whether a mark was hit where a route changes the floor. The map view then shows `floor`, the
+  /// floor to which the mark leads, unless its model is not loaded. The delegate is not called.
+  bool isFloorChange = false;
 };
 
 /// Draws the floors of a map view in the colors of a theme: places by their kind and with outlines,
@@ -65,9 +70,25 @@ class ORIVANTA_API MapStyle {
   /// Children of the map view need not be included.
   void setCovered(std::vector<graphics::Rect> covered);
 
+  /// Marks a place or a connector with a pin and its name, while its floor is shown. Null, the
+  /// default, removes the mark. The ends of a route have marks of their own.
+  void setSelected(std::shared_ptr<Location> place);
+
+  /// Shows the closed places and connectors of the venue as out of order, at any zoom. The default
+  /// is that nothing is closed.
+  void setClosures(guidance::Closures closures);
+
   /// Called after each tap, after the delegate and `MapView::placeTapped`. Names and icons can be
   /// tapped as well as shapes. May be empty.
   std::function<void(const MapTap& tap)> tapped;
+
+  // --- Routes -----------------------------------------------------------------------------------
+  // `RouteOverlay` and `MapView::drawPath` draw routes in the style. The functions that draw single
+  // segments do not.
+
+  /// Sets whether the arrows of routes stand still, so that the view rests while a route is shown.
+  /// The default is false.
+  void setReducedMotion(bool isReduced);
 
   // --- First view -------------------------------------------------------------------------------
 
@@ -104,6 +125,7 @@ class ORIVANTA_API MapStyle {
 
  private:
   friend class MapView;
+  friend class RouteLayer;
   friend class RouteOverlay;
 
   explicit MapStyle(std::shared_ptr<const MapTheme> theme);

@@ -21,7 +21,9 @@ namespace orivanta {
 class MapView;
 
 /// Shows a route in a map view. A map view may have several overlays. `MapView::clearPaths` does
-/// not affect them. Keeps a reference to the map view. Main thread.
+/// not affect them. If the map view has a style, the route is drawn in it: with a constant width,
+/// and with the icons of connectors where it changes the floor, which can be tapped; see `MapTap`.
+/// Keeps a reference to the map view. Main thread.
 class ORIVANTA_API RouteOverlay {
  public:
   /// The names of `from` and `to`, which may be null, label the ends, see `labelName`. Shows
@@ -77,6 +79,15 @@ class ORIVANTA_API RouteOverlay {
 
   /// Removes the route and its marks.
   void hide();
+
+  /// Marks the route as passed from its start to a position on a floor, in scene units: gray if the
+  /// map view has a style, see `MapView::setStyle`; other views do not show it. The passed part
+  /// ends at the nearest point of the route on that floor and never becomes shorter. Call it while
+  /// a visitor walks. Does nothing if the route has no segment on the floor.
+  void setPassed(const Map& floor, graphics::Vector3 position);
+
+  /// Marks the whole route as not passed.
+  void clearPassed();
 
  private:
   struct Mark;
