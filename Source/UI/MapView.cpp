@@ -181,8 +181,9 @@ void MapView::updateMarkerVisibility() { parts_->markers.updateVisibility(); }
 
 MapViewOverlay2D& MapView::overlay() const { return foundation::unwrap(spriteScene); }
 
-void MapView::willRenderScene(view::SceneView&, const std::shared_ptr<scene::Scene>&, double) {
+void MapView::willRenderScene(view::SceneView&, const std::shared_ptr<scene::Scene>&, double time) {
   updateMarkerPositions();
+  if (StyledMap* const style = styled()) style->prepareFrame(time);
 }
 
 }  // namespace orivanta

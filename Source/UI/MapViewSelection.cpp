@@ -45,6 +45,13 @@ std::shared_ptr<scene::Node> floorNode(const MapView& view) {
   return children.empty() ? nullptr : children.front();
 }
 
+// Returns the floor that is hit if it is drawn from a copy, else null.
+std::shared_ptr<Map> floorOfCopyAt(const StyledMap& style, const view::SceneView& view,
+                                   graphics::Point point) {
+  const auto hits = view.hits(point);
+  return hits.empty() ? nullptr : style.stack().floorOf(*hits.front().node);
+}
+
 // Connectors have no polygon, and are not told to `placeTapped`, as if their shapes were tapped.
 void tellLabelTapped(const MapView& view, const HitPlace& hit) {
   if (const auto receiver = view.delegate.lock())
@@ -68,8 +75,14 @@ void MapView::sceneTapped(const view::TapGestureRecognizer& recognizer) {
   const StyledMap* const styled = this->styled();
   if (styled == nullptr || styled->labels().view() == nullptr) return selectPolygonAt(point);
   const auto style = parts_->style;  // a callback may remove it
+  if (auto floor = styled->stack().nameAt(point)) {
+    *floor == *currentMap() ? style->setStacked(false) : changeMap(floor);
+    if (const auto tapped = style->tapped) tapped({nullptr, std::move(floor), true});
+    return;
+  }
   const HitPlace hit = hitPlace(*this, *styled->labels().view(), point);
-  const MapTap tap{hit.place, currentMap()};
+  const auto copied = styled->stack().isOn() ? floorOfCopyAt(*styled, *sceneView, point) : nullptr;
+  const MapTap tap{hit.place, copied ? copied : currentMap()};
   if (hit.isLabel)
     tellLabelTapped(*this, hit);
   else

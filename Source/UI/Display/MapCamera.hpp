@@ -57,8 +57,9 @@ class ORIVANTA_API MapCamera {
   void setLimited(bool limited) { limited_ = limited; }
 
   /// Sets a box of the scene that the camera shows instead of the model of the floor: `fit` frames
-  /// it, poses are limited to it, and the camera orbits points at the height of its middle. Nothing,
-  /// the default, means the floor. Styles set it while floors are stacked. Does not move the camera.
+  /// it, poses are limited to it, and the camera orbits points at the height of its middle.
+  /// Nothing, the default, means the floor. Styles set it while floors are stacked. Does not move
+  /// the camera.
   void setExtent(std::optional<graphics::Box> extent);
 
   /// Sets the covered margins of the view. `fit` and `frame` use the rest of the view.
@@ -121,9 +122,10 @@ class ORIVANTA_API MapCamera {
   /// Ends a running glide at the current pose.
   void stop();
 
-  /// Advances a running glide, and the changes of a style that take time, to `time`, the time of the
-  /// next frame in seconds. Does nothing if neither is running. Hosts that use glides call it before each frame. A glide starts with the
-  /// first call after it was requested. `MapView::needsFrame` is true until the glide has ended.
+  /// Advances a running glide, and the changes of a style that take time, to `time`, the time of
+  /// the next frame in seconds. Does nothing if neither is running. Hosts that use glides call it
+  /// before each frame. A glide starts with the first call after it was requested.
+  /// `MapView::needsFrame` is true until the glide has ended.
   void advance(double time);
 
   // With these functions, the gestures of the map view respect the limits, and continue from the

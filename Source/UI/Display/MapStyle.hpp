@@ -26,9 +26,12 @@ class StyledMap;
 /// A tap on a styled map.
 struct MapTap {
   std::shared_ptr<Location> place;  ///< a location or a connector; null if nothing was hit
-  std::shared_ptr<Map> floor;       ///< the floor that is shown; null if there is none
-  /// Whether a mark was hit where a route changes the floor. The map view then shows `floor`, the
-  /// floor to which the mark leads, unless its model is not loaded. The delegate is not called.
+  /// The floor that is shown or, if floors are stacked, the one that was hit; null if there is
+  /// none.
+  std::shared_ptr<Map> floor;
+  /// Whether a mark was hit where a route changes the floor, or the name of a stacked floor. The
+  /// map view then shows `floor`, the floor to which the mark leads, unless its model is not
+  /// loaded. The delegate is not called.
   bool isFloorChange = false;
 };
 
@@ -102,6 +105,23 @@ class ORIVANTA_API MapStyle {
   /// the map view shows a floor.
   void showFirstView(CameraMotion motion = CameraMotion::atOnce);
 
+  // --- Stacked floors ---------------------------------------------------------------------------
+
+  /// Shows all floors above each other, seen at an angle, with the whole route; or returns to the
+  /// former view of the shown floor. This takes 0.35 seconds, during which the host must call
+  /// `MapCamera::advance`. If the style is still or motion is reduced, it happens immediately. Does
+  /// nothing before the map view shows a floor.
+  ///
+  /// At most seven floors are stacked. With a route, those that it does not visit are faded and
+  /// show the connectors alone. The floors, apart from the shown one, are drawn from copies that
+  /// share the geometry of the models. Floors that are loaded later are added. Names of places are
+  /// hidden; the names of the floors can be tapped: the map view then shows the floor. Changing the
+  /// floor, loading floors and starting a scene end the stacking.
+  void setStacked(bool isStacked);
+
+  /// Returns whether the floors are stacked.
+  bool isStacked() const;
+
   // --- Over the map -----------------------------------------------------------------------------
 
   /// Sets which aids are shown over the map. The default is none.
@@ -124,6 +144,7 @@ class ORIVANTA_API MapStyle {
   bool isFollowing() const;
 
  private:
+  friend class MapCamera;
   friend class MapView;
   friend class RouteLayer;
   friend class RouteOverlay;

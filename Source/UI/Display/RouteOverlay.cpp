@@ -140,6 +140,7 @@ void RouteOverlay::drawSegments() {
     }
   }
   if (const auto& style = mapView_->style()) style->styled_->labels().setRoute(std::move(route));
+  if (const auto& style = mapView_->style()) style->styled_->setStackRoute(path_);
 }
 
 // Adds at most one mark per node.

@@ -87,7 +87,7 @@ void LabelView::setRoute(std::vector<RouteSegment> route) {
 
 std::shared_ptr<Location> LabelView::labelAt(Point point) const {
   const Transaction transaction;
-  if (!labels_) return nullptr;
+  if (!labels_ || isHidden()) return nullptr;
   for (const ShownLabel& shown : placement_.shown())
     if (isHit(shown.name, shown.nameOpacity, point) ||
         isHit(shown.symbol, shown.symbolOpacity, point))
@@ -98,7 +98,7 @@ std::shared_ptr<Location> LabelView::labelAt(Point point) const {
 std::shared_ptr<Location> LabelView::symbolNear(Point point, double distance) const {
   const Transaction transaction;
   std::shared_ptr<Location> nearest;
-  if (!labels_) return nearest;
+  if (!labels_ || isHidden()) return nearest;
   for (const ShownLabel& shown : placement_.shown()) {
     const double away = std::hypot(shown.symbol.midX() - point.x, shown.symbol.midY() - point.y);
     if (!(shown.symbolOpacity > 0) || away > distance) continue;

@@ -22,7 +22,13 @@ class SceneLook {
 
   void restore(MapView& view);
 
+  /// Sets how strong the shadows are: 1 as styled, which is the default, 0 without any.
+  void setShadows(double share);
+
  private:
+  void darken(scene::Light& sun);
+  void lighten(scene::Light& sun);
+
   /// A value that is replaced.
   template <class Value>
   class Replaced {
@@ -49,6 +55,8 @@ class SceneLook {
   std::weak_ptr<scene::Light> sunLight_;
   Replaced<graphics::Color> ambient_;
   Replaced<double> shadowStrength_;
+  Replaced<bool> castsShadow_;
+  double shadows_ = 1;
   Replaced<std::optional<graphics::Color>> background_;
 };
 

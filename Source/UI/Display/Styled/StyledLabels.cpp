@@ -53,6 +53,7 @@ void StyledLabels::attach(MapView& view) {
   shown_->setStill(isStill_);
   shown_->setCovered(covered_);
   shown_->setRoute(route_);
+  shown_->setHidden(isHidden_);
   shown_->addTo(view);
 }
 
@@ -106,6 +107,12 @@ void StyledLabels::setCovered(std::vector<graphics::Rect> covered) {
 void StyledLabels::setRoute(std::vector<RouteSegment> route) {
   route_ = std::move(route);
   if (shown_) shown_->setRoute(route_);
+}
+
+void StyledLabels::setHidden(bool isHidden) {
+  if (isHidden == isHidden_) return;
+  isHidden_ = isHidden;
+  if (shown_) shown_->setHidden(isHidden_);
 }
 
 }  // namespace orivanta

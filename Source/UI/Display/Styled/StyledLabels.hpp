@@ -43,6 +43,9 @@ class StyledLabels {
 
   void setRoute(std::vector<RouteSegment> route);
 
+  /// Hides all labels, or shows them again.
+  void setHidden(bool isHidden);
+
   /// Returns the view that shows the labels, or null if detached.
   const LabelView* view() const { return shown_.get(); }
 
@@ -59,6 +62,7 @@ class StyledLabels {
   std::vector<graphics::Rect> covered_;
   std::vector<RouteSegment> route_;
   bool isStill_ = false;
+  bool isHidden_ = false;
 };
 
 }  // namespace orivanta

@@ -1,5 +1,6 @@
 #include "Source/UI/Display/Styled/StyledMap.hpp"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -26,6 +27,7 @@ void StyledMap::attach(StyleHost host) {
   host_ = std::move(host);
   overlay_ = StyleView::addTo(*host_.view);
   labels_.attach(*host_.view);
+  stack_.attach(*host_.view);
   overlay_->setFurniture(furniture_);
   overlay_->setPosition(position_);
   restyle();
@@ -35,6 +37,9 @@ void StyledMap::attach(StyleHost host) {
 void StyledMap::detach() {
   if (!host_.view) return;
   const graphics::Transaction transaction;
+  fade_.stop();
+  stack_.detach();
+  stackChanged();
   fills_.clear();
   work_.clear();
   look_.restore(*host_.view);
@@ -47,6 +52,9 @@ void StyledMap::detach() {
 
 void StyledMap::venueChanged() {
   const graphics::Transaction transaction;
+  fade_.stop();
+  stack_.drop(/*restoresCamera=*/true);
+  stackChanged();
   fills_.clear();
   work_.clear();
   labels_.clear();
@@ -64,6 +72,7 @@ void StyledMap::restyle() {
   if (!venue || !venue->maps) return;
   for (const auto& map : *venue->maps) styleFloor(*map);
   labels_.show(theme_);
+  stack_.copyLooks(theme_);
 }
 
 void StyledMap::styleFloor(const Map& map) {
@@ -76,28 +85,41 @@ void StyledMap::styleFloor(const Map& map) {
 
 bool StyledMap::isReady() const {
   const auto& floor = host_.view ? host_.view->currentMap() : nullptr;
-  return !floor || (work_.isReady(*floor) && labels_.isReady());
+  const FloorList stacked = stack_.floors();
+  return !floor ||
+         (work_.isReady(*floor) && labels_.isReady() &&
+          std::ranges::all_of(stacked, [&](const auto& map) { return work_.isReady(*map); }));
 }
 
 void StyledMap::finish() {
   if (host_.view && host_.view->currentMap()) work_.finish(*host_.view->currentMap());
+  for (const auto& map : stack_.floors()) work_.finish(*map);
+  stack_.copyOutlines();
   labels_.finish();
 }
 
 void StyledMap::sceneStarted(std::shared_ptr<scene::Node> sun) {
+  fade_.stop();
+  stack_.drop(/*restoresCamera=*/false);
+  stackChanged();
   host_.sun = std::move(sun);
   look_.apply(*host_.view, host_.sun, *theme_);
   overlay_->venueChanged();
 }
 
 void StyledMap::addFloor(const Map& map) {
-  if (host_.view->venue && !fills_.contains(map)) styleFloor(map);
+  if (host_.view->venue && !fills_.contains(map)) {
+    styleFloor(map);
+    stack_.rebuild(theme_);
+    stackChanged();
+  }
   labels_.show(theme_);
-  followed_.update(*host_.view, position_);
+  if (!stack_.isOn()) followed_.update(*host_.view, position_);
 }
 
 void StyledMap::setHighlighted(scene::Node& shape, bool isHighlighted) {
   fills_.setHighlighted(shape, isHighlighted);
+  stack_.copyColor(shape);
 }
 
 void StyledMap::setFurniture(const MapFurniture& furniture) {
@@ -110,14 +132,67 @@ void StyledMap::setPosition(std::optional<MapPosition> position) {
   position_ = std::move(position);
   if (!host_.view) return;
   overlay_->setPosition(position_);
-  followed_.update(*host_.view, position_);
+  if (!stack_.isOn()) followed_.update(*host_.view, position_);
 }
 
 void StyledMap::setFollowing(bool isFollowing) {
   followed_.setOn(isFollowing);
-  if (host_.view) followed_.update(*host_.view, position_);
+  if (host_.view && !stack_.isOn()) followed_.update(*host_.view, position_);
 }
 
 bool StyledMap::isFollowing() const { return followed_.isOn(host_.view); }
+
+void StyledMap::setStill(bool isStill) {
+  isStill_ = isStill;
+  labels_.setStill(isStill);
+}
+
+CameraMotion StyledMap::motion() const {
+  return isStill_ || isReduced_ ? CameraMotion::atOnce : CameraMotion::glide;
+}
+
+void StyledMap::setStacked(bool isStacked) {
+  if (!host_.view) return;
+  if (isStacked) {
+    fade_.stop();
+    stack_.open(theme_, motion());
+  } else {
+    stack_.close(motion());
+  }
+  stackChanged();
+}
+
+void StyledMap::setStackRoute(const NodeList& path) {
+  stack_.setRoute(path);
+  if (stack_.isOn()) stack_.rebuild(theme_);
+}
+
+void StyledMap::floorChanged(const std::shared_ptr<Map>& former) {
+  if (stack_.isShown()) {
+    stack_.floorChanged(former, motion());
+    stackChanged();
+  } else if (former->mapObject && motion() == CameraMotion::glide) {
+    fade_.start(*former, *host_.view->sceneView->scene()->rootNode());
+    stack_.view()->setFading(true);
+  }
+}
+
+void StyledMap::advance(double time) {
+  if (!stack_.isMoving()) return;
+  stack_.advance(time);
+  stackChanged();
+}
+
+void StyledMap::prepareFrame(double time) {
+  stack_.copyOutlines();
+  if (!fade_.isRunning()) return;
+  fade_.advance(time);
+  stack_.view()->setFading(fade_.isRunning());
+}
+
+void StyledMap::stackChanged() {
+  look_.setShadows(1 - stack_.share());
+  labels_.setHidden(stack_.isShown());
+}
 
 }  // namespace orivanta

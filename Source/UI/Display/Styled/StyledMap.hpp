@@ -8,7 +8,9 @@
 #include "Source/Fwd.hpp"
 #include "Source/UI/Display/MapFurniture.hpp"
 #include "Source/UI/Display/MapPosition.hpp"
+#include "Source/UI/Display/Styled/FloorFade.hpp"
 #include "Source/UI/Display/Styled/FloorFills.hpp"
+#include "Source/UI/Display/Styled/FloorStack.hpp"
 #include "Source/UI/Display/Styled/FloorWork.hpp"
 #include "Source/UI/Display/Styled/FollowedPosition.hpp"
 #include "Source/UI/Display/Styled/LogoLook.hpp"
@@ -50,6 +52,17 @@ class StyledMap {
   void setPosition(std::optional<MapPosition> position);
   void setFollowing(bool isFollowing);
   bool isFollowing() const;
+  void setStill(bool isStill);
+  void setReducedMotion(bool isReduced) { isReduced_ = isReduced; }
+  void setStacked(bool isStacked);
+  bool isStacked() const { return stack_.isOn(); }
+  const FloorStack& stack() const { return stack_; }
+
+  /// Sets the route that leads through the stacked floors. An empty path removes it.
+  void setStackRoute(const NodeList& path);
+
+  /// Advances the motion of stacked floors to the time of the next frame, in seconds.
+  void advance(double time);
 
   // Called by the map view.
 
@@ -65,6 +78,12 @@ class StyledMap {
   /// The scene has new lights.
   void sceneStarted(std::shared_ptr<scene::Node> sun);
 
+  /// Another floor of the scene is shown. `former` is not null.
+  void floorChanged(const std::shared_ptr<Map>& former);
+
+  /// Prepares a frame. Called under a transaction by the thread that draws.
+  void prepareFrame(double time);
+
   /// Styles a floor's model if it is new.
   void addFloor(const Map& map);
 
@@ -73,6 +92,8 @@ class StyledMap {
  private:
   void restyle();
   void styleFloor(const Map& map);
+  CameraMotion motion() const;
+  void stackChanged();
 
   std::shared_ptr<const MapTheme> theme_;
   StyleHost host_;
@@ -84,6 +105,10 @@ class StyledMap {
   MapFurniture furniture_;
   std::optional<MapPosition> position_;
   FollowedPosition followed_;
+  FloorStack stack_;
+  FloorFade fade_;
+  bool isStill_ = false;
+  bool isReduced_ = false;
   std::shared_ptr<StyleView> overlay_;  // null if the style belongs to no view
 };
 

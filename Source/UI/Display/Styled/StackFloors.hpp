@@ -1,0 +1,38 @@
+// Which floors of a venue are stacked, and how far apart.
+// Private header.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "Source/Fwd.hpp"
+#include "Source/Guidance/Floors.hpp"
+
+namespace orivanta {
+
+/// The tilt at which stacked floors are seen, in radians: 58 degrees.
+inline constexpr double stackTilt = 1.0122909661567112;
+
+/// A floor of a stack.
+struct StackedFloor {
+  std::shared_ptr<Map> floor;
+  double offset = 0;       ///< scene units above the shown floor
+  bool isWhole = true;     ///< otherwise only the slab and the connectors are drawn, faded
+  std::size_t hidden = 0;  ///< number of floors between this one and the next that are left out
+};
+
+/// The floors of a stack, the lowest first.
+struct StackedFloors {
+  std::vector<StackedFloor> floors;
+  std::size_t hiddenBelow = 0;  ///< number of floors below the first one that are left out
+};
+
+/// Stacks floors so that each stays recognizable behind those above it. At most seven floors are
+/// stacked: the shown one, those of the route, and those next to them. With a route, the floors
+/// that it does not visit are not whole, unless shown, and are closer together. `floors` need not
+/// be sorted, and contains `shown`. `onRoute` may be empty. `depth`: the extent of the floors in
+/// the direction in which they are seen, in scene units.
+StackedFloors stackFloors(const FloorList& floors, const FloorList& onRoute,
+                          const std::shared_ptr<Map>& shown, double depth);
+
+}  // namespace orivanta

@@ -1,0 +1,274 @@
+#include "Source/UI/Display/Styled/StackView.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include "Platform/Graphics/Drawing.hpp"
+#include "Platform/Graphics/Text.hpp"
+#include "Platform/Graphics/Transaction.hpp"
+#include "Source/Map.hpp"
+#include "Source/UI/Display/Framing.hpp"
+#include "Source/UI/Display/MapCamera.hpp"
+#include "Source/UI/Display/Styled/FloorProjection.hpp"
+#include "Source/UI/MapView.hpp"
+#include "Source/UI/Style/MapIcons.hpp"
+
+namespace orivanta {
+
+using graphics::Point;
+using graphics::Rect;
+using graphics::Transaction;
+
+namespace {
+
+// Lengths in points.
+constexpr double fontSize = 14;
+constexpr double nameHeight = 30;
+constexpr double namePadding = 10;
+constexpr double nameGap = 4;
+constexpr double nameMargin = 12;  // to the edge of the view and to the floors
+constexpr double leastNameWidth = 44;
+constexpr double tapMargin = 7;
+constexpr double dotSize = 4;
+constexpr double dotSpacing = 8;
+constexpr double dotCasing = 1;
+constexpr double startSize = 11;
+constexpr double startCasing = 2;
+constexpr double pinSize = 30;
+
+constexpr float groundAlpha = 0.88F;
+
+// On a square with sides of 24 units, with the tip of the pin in the middle.
+constexpr double unitsOfPin = 48;
+constexpr std::string_view pinShape =
+    "M 0 0 C -2.5 -5 -8 -9 -8 -15 C -8 -19.5 -4.5 -23 0 -23 C 4.5 -23 8 -19.5 8 -15 "
+    "C 8 -9 2.5 -5 0 0 Z";
+constexpr std::string_view pinHole = "O0 -15 3.2";
+
+graphics::TextStyle styleOf(const MapTheme& theme, bool isShown) {
+  graphics::TextStyle style;
+  style.fontFamily = theme.fontFamily;
+  style.fontSize = fontSize;
+  style.bold = isShown;
+  style.color = isShown ? theme.colors.iconSymbol : theme.colors.text;
+  return style;
+}
+
+Rect around(Point middle, double size) {
+  return {{middle.x - size / 2, middle.y - size / 2}, {size, size}};
+}
+
+std::string noteText(std::size_t count) { return "+" + std::to_string(count); }
+
+}  // namespace
+
+StackView::StackView(const MapView& map) : map_(map) { setUserInteractionEnabled(false); }
+
+void StackView::addTo(MapView& map) {
+  const Transaction transaction;
+  const auto others = map.subviews();
+  map.addSubview(shared_from_this());
+  boundInside(*this, map);
+  for (const auto& child : others)
+    if (child->isUserInteractionEnabled() && child != map.sceneView)
+      map.bringSubviewToFront(*child);
+}
+
+void StackView::setContents(std::shared_ptr<const Contents> contents) {
+  const Transaction transaction;
+  contents_ = std::move(contents);
+  drawn_.clear();
+  scale_ = 0;
+  setNeedsFrame();
+}
+
+void StackView::setShare(double share) {
+  const Transaction transaction;
+  if (share == share_) return;
+  share_ = share;
+  setNeedsFrame();
+}
+
+void StackView::setMoving(bool isMoving) {
+  const Transaction transaction;
+  isMoving_ = isMoving;
+}
+
+void StackView::setFading(bool isFading) {
+  const Transaction transaction;
+  isFading_ = isFading;
+}
+
+bool StackView::isAnimating() const {
+  const Transaction transaction;
+  return isMoving_ || isFading_;
+}
+
+std::shared_ptr<Map> StackView::nameAt(Point point) const {
+  const Transaction transaction;
+  std::shared_ptr<Map> nearest;
+  double least = std::numeric_limits<double>::max();
+  for (const Name& name : drawn_) {
+    const Rect reach{{name.rect.minX() - tapMargin, name.rect.minY() - tapMargin},
+                     {name.rect.size.width + 2 * tapMargin, nameHeight + 2 * tapMargin}};
+    const double away = std::abs(name.rect.midY() - point.y);
+    if (!name.floor || !reach.contains(point) || away >= least) continue;
+    least = away;
+    nearest = name.floor;
+  }
+  return nearest;
+}
+
+double StackView::widthOfNames(const StackedFloors& stack, const MapTheme& theme) {
+  double width = leastNameWidth;
+  for (const StackedFloor& floor : stack.floors)
+    width = std::max(width,
+                     graphics::measureText(floorLabel(*floor.floor), styleOf(theme, true)).width +
+                         2 * namePadding);
+  return width + 2 * nameMargin;
+}
+
+void StackView::draw(view::Canvas& canvas) {
+  drawn_.clear();
+  const auto viewpoint = map_.sceneView->viewpoint();
+  if (!contents_ || !viewpoint) return;
+  if (canvas.scale() != scale_) {
+    scale_ = canvas.scale();
+    icons_.clear();
+    texts_.clear();
+    const std::array<graphics::DrawingPart, 3> parts{
+        {{pinShape, contents_->theme->colors.casing, 3},
+         {pinShape, contents_->theme->colors.pin},
+         {pinHole, contents_->theme->colors.casing}}};
+    pin_ = graphics::makeDrawingImage(parts, unitsOfPin, 2 * pinSize, scale_);
+  }
+  const FloorProjection projection(*viewpoint, bounds().size);
+  drawRoute(canvas, projection);
+  drawNames(canvas, projection);
+}
+
+double StackView::offsetOf(const std::shared_ptr<Map>& floor) const {
+  const auto& floors = contents_->stack.floors;
+  const auto found = std::ranges::find(floors, floor, &StackedFloor::floor);
+  return found == floors.end() ? std::numeric_limits<double>::quiet_NaN() : found->offset;
+}
+
+std::optional<Point> StackView::placeOf(const FloorPoint& point,
+                                        const FloorProjection& projection) const {
+  const double offset = point.floor ? offsetOf(point.floor) : std::nan("");
+  graphics::Vector3 position = point.position;
+  position.z += static_cast<float>(offset * share_);
+  const ProjectedPlace place = projection.of(position);
+  if (std::isnan(offset) || !(place.pointsPerUnit > 0)) return std::nullopt;
+  return place.point;
+}
+
+void StackView::drawRoute(view::Canvas& canvas, const FloorProjection& projection) {
+  const StackRoute& route = contents_->route;
+  for (const StackRoute::Ride& ride : route.rides) {
+    const auto from = placeOf(ride.from, projection);
+    const auto to = placeOf(ride.to, projection);
+    if (from && to) drawRide(canvas, *from, *to);
+  }
+  for (const StackRoute::Ride& ride : route.rides)
+    for (const FloorPoint* const end : {&ride.from, &ride.to})
+      if (const auto place = placeOf(*end, projection)) drawMark(canvas, *place, ride.kind);
+  const MapTheme& theme = *contents_->theme;
+  if (const auto place = placeOf(route.start, projection)) {
+    canvas.fill(around(*place, startSize + 2 * startCasing), theme.colors.casing,
+                startSize / 2 + startCasing);
+    canvas.fill(around(*place, startSize), theme.colors.start, startSize / 2);
+  }
+  if (const auto place = placeOf(route.end, projection); place && pin_)
+    canvas.draw(pin_, around(*place, pin_->size().width));
+}
+
+void StackView::drawRide(view::Canvas& canvas, Point from, Point to) const {
+  const MapTheme& theme = *contents_->theme;
+  const double length = std::hypot(to.x - from.x, to.y - from.y);
+  const int count = static_cast<int>(std::min(length, 1e4) / dotSpacing);
+  for (const double margin : {dotCasing, 0.0})
+    for (int i = 1; i <= count; ++i) {
+      const double share = i * dotSpacing / length;
+      const Point place{from.x + (to.x - from.x) * share, from.y + (to.y - from.y) * share};
+      canvas.fill(around(place, dotSize + 2 * margin),
+                  margin > 0 ? theme.colors.casing : theme.colors.route, dotSize / 2 + margin);
+    }
+}
+
+void StackView::drawMark(view::Canvas& canvas, Point place, PlaceKind kind) {
+  auto& icon = icons_[kind];
+  const MapTheme& theme = *contents_->theme;
+  if (!icon) icon = makeIconImage(kind, theme, theme.sizes.selectedIcon, scale_);
+  if (icon) canvas.draw(icon, around(place, icon->size().width));
+}
+
+std::shared_ptr<const graphics::Image> StackView::textImage(const std::string& text, bool isShown) {
+  auto& image = texts_[{text, isShown}];
+  if (!image) image = graphics::makeTextImage(text, styleOf(*contents_->theme, isShown), scale_);
+  return image;
+}
+
+// The names stand in a column at the left of the floors, or at the edge of the view if there is no
+// room. They keep a distance from each other.
+std::vector<StackView::Name> StackView::names(const FloorProjection& projection) {
+  const Contents& contents = *contents_;
+  std::vector<Name> names;
+  double left = std::numeric_limits<double>::max();
+  const auto add = [&](const std::shared_ptr<Map>& floor, std::string text, double offset) {
+    graphics::Box box = contents.box;
+    box.min.z = box.max.z = static_cast<float>(offset * share_);
+    for (const graphics::Vector3& corner : cornersOf(box))
+      if (const auto place = projection.of(corner); place.pointsPerUnit > 0)
+        left = std::min(left, place.point.x);
+    const ProjectedPlace middle = projection.of(box.center());
+    if (!(middle.pointsPerUnit > 0)) return;
+    const bool isShown = floor != nullptr && floor == contents.shown;
+    names.push_back({floor, middle.point.y, {}, textImage(text, isShown)});
+  };
+  const auto& floors = contents.stack.floors;
+  for (auto floor = floors.rbegin(); floor != floors.rend(); ++floor) {
+    if (floor->hidden > 0) {
+      const double above = floor == floors.rbegin() ? floor->offset : (floor - 1)->offset;
+      add(nullptr, noteText(floor->hidden), (floor->offset + above) / 2);
+      if (floor == floors.rbegin()) names.back().y -= nameHeight + nameGap;
+    }
+    add(floor->floor, floorLabel(*floor->floor), floor->offset);
+  }
+  if (contents.stack.hiddenBelow > 0) {
+    add(nullptr, noteText(contents.stack.hiddenBelow), floors.front().offset);
+    names.back().y += nameHeight + nameGap;
+  }
+  for (std::size_t i = 1; i < names.size(); ++i)
+    names[i].y = std::max(names[i].y, names[i - 1].y + nameHeight + nameGap);
+  double width = leastNameWidth;
+  for (const Name& name : names)
+    if (name.image) width = std::max(width, name.image->size().width + 2 * namePadding);
+  const double x = std::max(map_.camera().insets().left + nameMargin, left - nameMargin - width);
+  for (Name& name : names) name.rect = {{x, name.y - nameHeight / 2}, {width, nameHeight}};
+  return names;
+}
+
+void StackView::drawNames(view::Canvas& canvas, const FloorProjection& projection) {
+  drawn_ = names(projection);
+  for (const Name& name : drawn_) drawName(canvas, name);
+}
+
+void StackView::drawName(view::Canvas& canvas, const Name& name) const {
+  const MapTheme& theme = *contents_->theme;
+  if (name.floor) {
+    const bool isShown = name.floor == contents_->shown;
+    graphics::Color ground = isShown ? theme.colors.iconInfo : theme.colors.halo;
+    ground.alpha = groundAlpha * static_cast<float>(share_);
+    canvas.fill(name.rect, ground, nameHeight / 2);
+  }
+  if (!name.image) return;
+  const graphics::Size size = name.image->size();
+  canvas.draw(name.image,
+              {{name.rect.midX() - size.width / 2, name.rect.midY() - size.height / 2}, size},
+              share_);
+}
+
+}  // namespace orivanta
