@@ -97,6 +97,10 @@ floor that the route enters several times has an image for each part of the rout
 all parts on one floor. With a style, but without --map, --zoom and --route, the image shows the
 part of the floor where most places are.
 
+With --stacked, one image shows the floors above each other and, with --route, the whole route through
+them. The floors that the route does not visit are faded. Of more than seven floors, those nearest to
+the route or, without a route, to the floor of --map are shown. --tilt and --turn have no effect.
+
 Most licenses for map data require that its sources are shown with the map. If the venue names them,
 the images show them. With --no-attribution, or if they do not fit, they are printed to standard
 error: show them near the images.
@@ -112,7 +116,8 @@ Examples:
   orivanta render astrolabe-court --map all --tilt 40 --scale 2 -o court.png
   orivanta render astrolabe-court --map G --highlight "paper kestrel=orange" --labels
   orivanta render astrolabe-court --route "paper kestrel" "popcorn nebula" --tilt 35 -o way.png
-  orivanta render astrolabe-court --route "paper kestrel" "popcorn nebula" --frames 25 -o way.png)";
+  orivanta render astrolabe-court --route "paper kestrel" "popcorn nebula" --frames 25 -o way.png
+  orivanta render astrolabe-court --style light --stacked -o building.png)";
 
 inline constexpr const char* viewFooter = R"(
 Without SLUG, shows a list of the venues. Without an endpoint, shows the demo venue. Drag to move

@@ -21,6 +21,8 @@ void addRender(CLI::App& app, CommandLine& line) {
   addNumber("--scale", options.scale, "Pixels per point", "F");
   addNumber("--tilt", options.tilt, "Camera tilt from the vertical, less than 60", "DEGREES");
   addNumber("--turn", options.turn, "Counterclockwise rotation", "DEGREES");
+  query.add_flag("--stacked", options.stacked,
+                 "Show all floors above each other in one image; requires a style");
   query.add_option("--zoom", options.zoom, "Zoom factor; 1 shows the whole floor")->type_name("F");
   query
       .add_option("--style", options.style,

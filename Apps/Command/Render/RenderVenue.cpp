@@ -28,6 +28,7 @@
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
+#include "Source/Node.hpp"
 #include "Source/UI/Display/LabelLayer.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
@@ -52,6 +53,9 @@ void checkUse(const RenderVenueOptions& options) {
   check(options.zoom.value_or(1) >= 0.01 && options.zoom.value_or(1) <= 100,
         "--zoom must be from 0.01 to 100");
   parseCorner(options.attribution);
+  check(!options.stacked || options.style != "plain",
+        "--stacked requires a --style, such as light");
+  check(!options.stacked || options.map != "all", "--stacked shows all floors; --map names one");
   check(options.frames >= 0 && options.frames <= 9999, "--frames must be from 0 to 9999");
 }
 
@@ -117,6 +121,18 @@ std::vector<std::shared_ptr<Map>> floorsOf(const Venue& venue, const RenderVenue
   return chooseFloors(venue, options.map);
 }
 
+// The floor that is shown first, then the others.
+void stackFloors(const Venue& venue, const RenderVenueOptions& options, const MapTheme* theme,
+                 Contents& contents) {
+  const bool hasRoute = !contents.path.empty() && options.map.empty();
+  const auto shown =
+      hasRoute ? contents.path.front()->map : floorsOf(venue, options, theme).front();
+  contents.floors = {shown};
+  for (const auto& map : *venue.maps)
+    if (map != shown) contents.floors.push_back(map);
+  contents.visits.resize(contents.floors.size());
+}
+
 Contents findContents(const Venue& venue, const RenderVenueOptions& options,
                       const MapTheme* theme) {
   Contents contents;
@@ -129,7 +145,9 @@ Contents findContents(const Venue& venue, const RenderVenueOptions& options,
     contents.to = findRouteEnd(venue, {options.route[1]});
     contents.path = findPath(venue, contents.from, contents.to, options);
   }
-  if (!contents.path.empty() && options.map.empty()) {
+  if (options.stacked) {
+    stackFloors(venue, options, theme, contents);
+  } else if (!contents.path.empty() && options.map.empty()) {
     for (const FloorVisit& visit : floorVisits(contents.path)) {
       contents.floors.push_back(visit.floor);
       contents.visits.emplace_back(visit);
@@ -159,6 +177,13 @@ void placeCamera(const MapView& mapView, const std::vector<graphics::Vector3>& p
   if (isFirstView(options, theme)) mapView.style()->showFirstView();
 }
 
+void stack(const MapView& mapView, const RenderVenueOptions& options) {
+  mapView.style()->setStacked(true);
+  MapCamera& camera = mapView.camera();
+  const graphics::Size size = camera.lens().size;
+  if (options.zoom) camera.zoomBy(*options.zoom, {size.width / 2, size.height / 2});
+}
+
 void showFloor(const Stage& stage, std::size_t index, const Contents& contents, Overlays& overlays,
                const RenderVenueOptions& options) {
   MapView& mapView = *stage.mapView();
@@ -176,6 +201,7 @@ void showFloor(const Stage& stage, std::size_t index, const Contents& contents, 
   if (route != nullptr) route->arrange();
   while (overlays.labels && overlays.labels->arrange()) {
   }
+  if (options.stacked) stack(mapView, options);
   mapView.updateMarkerPositions();
   mapView.updateMarkerVisibility();
 }
@@ -282,14 +308,16 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   Overlays overlays(stage.mapView(), contents, options);
   PictureWriter writer(options);
   bool failed = false;
+  bool isWritten = false;
   std::set<const Map*> warned;
   for (std::size_t i = 0; i < floors.size(); ++i) {
     const FloorProgress& floor = floors[i];
     if (warned.insert(floor.map.get()).second) warn(floor);
     failed = failed || floor.state == FloorState::failed;
-    if (floor.state != FloorState::ready) continue;
+    if (floor.state != FloorState::ready || (options.stacked && isWritten)) continue;
+    isWritten = true;
     showFloor(stage, i, contents, overlays, options);
-    writer.write(stage, writer.nameFor(*floor.map, floors.size() > 1));
+    writer.write(stage, writer.nameFor(*floor.map, floors.size() > 1 && !options.stacked));
   }
   const bool anything = writer.finish();
   if (failed) return ExitCode::noAnswer;

@@ -23,6 +23,7 @@ struct RenderVenueOptions {
   double turn = 0.0;                    ///< degrees, counterclockwise
   std::optional<double> zoom;           ///< factor
   std::string style = "plain";          ///< light, dark, plain or the file of a theme
+  bool stacked = false;                 ///< shows all floors in one image; requires a style
   std::vector<std::string> highlights;  ///< PLACE=COLOR
   std::vector<LegendEntry> legend;      ///< what the colors mean; shown if not empty
   std::vector<std::string> route;       ///< start and destination, or empty
