@@ -23,7 +23,22 @@ void MapStyle::setTheme(std::shared_ptr<const MapTheme> theme) {
 
 const std::shared_ptr<const MapTheme>& MapStyle::theme() const { return styled_->theme(); }
 
-void MapStyle::setStill(bool isStill) { styled_->labels().setStill(isStill); }
+void MapStyle::setLabels(bool areShown) { styled_->labels().setShown(areShown); }
+
+void MapStyle::setStill(bool isStill) {
+  styled_->labels().setStill(isStill);
+  styled_->route().setStill(isStill);
+}
+
+void MapStyle::setSelected(std::shared_ptr<Location> place) {
+  styled_->route().setSelected(std::move(place));
+}
+
+void MapStyle::setClosures(guidance::Closures closures) {
+  styled_->labels().setClosures(std::move(closures));
+}
+
+void MapStyle::setReducedMotion(bool isReduced) { styled_->route().setReducedMotion(isReduced); }
 
 void MapStyle::setCovered(std::vector<graphics::Rect> covered) {
   styled_->labels().setCovered(std::move(covered));

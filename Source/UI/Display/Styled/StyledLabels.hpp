@@ -4,11 +4,13 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Closures.hpp"
 #include "Source/UI/Display/Styled/LabelView.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
@@ -38,10 +40,16 @@ class StyledLabels {
   /// See `MapStyle`.
   bool isReady() const { return !making_; }
   void finish();
+  void setShown(bool areShown);
   void setStill(bool isStill);
   void setCovered(std::vector<graphics::Rect> covered);
 
+  // See `LabelView`.
+  void setClosures(guidance::Closures closures);
   void setRoute(std::vector<RouteSegment> route);
+  void setMarked(std::vector<std::shared_ptr<Location>> places);
+  void setMarks(std::vector<graphics::Rect> marks);
+  std::optional<double> unitsPerMeter() const;
 
   /// Returns the view that shows the labels, or null if detached.
   const LabelView* view() const { return shown_.get(); }
@@ -58,6 +66,9 @@ class StyledLabels {
   std::shared_ptr<const MapTheme> theme_;  // of the labels
   std::vector<graphics::Rect> covered_;
   std::vector<RouteSegment> route_;
+  std::vector<std::shared_ptr<Location>> marked_;
+  guidance::Closures closures_;
+  bool areShown_ = true;
   bool isStill_ = false;
 };
 

@@ -26,6 +26,8 @@ void StyledMap::attach(StyleHost host) {
   host_ = std::move(host);
   overlay_ = StyleView::addTo(*host_.view);
   labels_.attach(*host_.view);
+  route_.attach(*host_.view, labels_);
+  overlay_->setRoute(&route_);
   overlay_->setFurniture(furniture_);
   overlay_->setPosition(position_);
   restyle();
@@ -38,6 +40,7 @@ void StyledMap::detach() {
   fills_.clear();
   work_.clear();
   look_.restore(*host_.view);
+  route_.detach();
   labels_.detach();
   logo_.restore();
   overlay_->remove();
@@ -60,6 +63,7 @@ void StyledMap::restyle() {
   logo_.apply(host_.logo, *theme_);
   overlay_->setTheme(theme_);
   overlay_->venueChanged();
+  route_.show(theme_);
   const auto& venue = host_.view->venue;
   if (!venue || !venue->maps) return;
   for (const auto& map : *venue->maps) styleFloor(*map);
@@ -93,6 +97,7 @@ void StyledMap::sceneStarted(std::shared_ptr<scene::Node> sun) {
 void StyledMap::addFloor(const Map& map) {
   if (host_.view->venue && !fills_.contains(map)) styleFloor(map);
   labels_.show(theme_);
+  route_.show(theme_);
   followed_.update(*host_.view, position_);
 }
 
