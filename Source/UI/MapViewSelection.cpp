@@ -45,13 +45,6 @@ std::shared_ptr<scene::Node> floorNode(const MapView& view) {
   return children.empty() ? nullptr : children.front();
 }
 
-// Returns the floor that is hit if it is drawn from a copy, else null.
-std::shared_ptr<Map> floorOfCopyAt(const StyledMap& style, const view::SceneView& view,
-                                   graphics::Point point) {
-  const auto hits = view.hits(point);
-  return hits.empty() ? nullptr : style.stack().floorOf(*hits.front().node);
-}
-
 // Connectors have no polygon, and are not told to `placeTapped`, as if their shapes were tapped.
 void tellLabelTapped(const MapView& view, const HitPlace& hit) {
   if (const auto receiver = view.delegate.lock())
@@ -75,15 +68,12 @@ void MapView::sceneTapped(const view::TapGestureRecognizer& recognizer) {
   const StyledMap* const styled = this->styled();
   if (styled == nullptr || styled->labels().view() == nullptr) return selectPolygonAt(point);
   const auto style = parts_->style;  // a callback may remove it
-  if (auto floor = styled->stack().nameAt(point)) {
-    *floor == *currentMap() ? style->setStacked(false) : changeMap(floor);
-    if (const auto tapped = style->tapped) tapped({nullptr, std::move(floor), true});
-    return;
-  }
-  const HitPlace hit = hitPlace(*this, *styled->labels().view(), point);
-  const auto copied = styled->stack().isOn() ? floorOfCopyAt(*styled, *sceneView, point) : nullptr;
-  const MapTap tap{hit.place, copied ? copied : currentMap()};
-  if (hit.isLabel)
+  const HitPlace hit = hitPlace(*this, *styled, point);
+  const auto& floor = hit.leadsTo ? hit.leadsTo : hit.floor ? hit.floor : currentMap();
+  const MapTap tap{hit.place, floor, hit.leadsTo != nullptr};
+  if (hit.leadsTo)
+    hit.leadsTo == currentMap() ? style->setStacked(false) : changeMap(hit.leadsTo);
+  else if (hit.isLabel)
     tellLabelTapped(*this, hit);
   else
     selectPolygonAt(point);

@@ -168,9 +168,8 @@ void placeCamera(const MapView& mapView, const std::vector<graphics::Vector3>& p
   const double turn = radians(options.turn);
   MapCamera& camera = mapView.camera();
   camera.setLimited(false);
-  camera.setPose(points.empty()
-                     ? camera.fittingPose(tilt, turn)
-                     : camera.framingPose(points, aroundRoute(*mapView.venue), tilt, turn));
+  camera.setPose(points.empty() ? camera.fittingPose(tilt, turn)
+                                : camera.framingPose(points, aroundRoute(mapView), tilt, turn));
   const graphics::Size size = camera.lens().size;
   if (options.zoom) camera.zoomBy(*options.zoom, {size.width / 2, size.height / 2});
   const MapTheme* const theme = mapView.style() ? mapView.style()->theme().get() : nullptr;
@@ -296,6 +295,7 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   if (theme) {
     const auto style = MapStyle::make(theme);
     style->setStill(true);  // the camera does not move
+    style->setLabels(!options.noLabels);
     stage.mapView()->setStyle(style);
   }
   attribute(stage, *venue, size, options, theme.get());

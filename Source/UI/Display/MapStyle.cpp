@@ -23,7 +23,17 @@ void MapStyle::setTheme(std::shared_ptr<const MapTheme> theme) {
 
 const std::shared_ptr<const MapTheme>& MapStyle::theme() const { return styled_->theme(); }
 
+void MapStyle::setLabels(bool areShown) { styled_->labels().setShown(areShown); }
+
 void MapStyle::setStill(bool isStill) { styled_->setStill(isStill); }
+
+void MapStyle::setSelected(std::shared_ptr<Location> place) {
+  styled_->route().setSelected(std::move(place));
+}
+
+void MapStyle::setClosures(guidance::Closures closures) {
+  styled_->labels().setClosures(std::move(closures));
+}
 
 void MapStyle::setReducedMotion(bool isReduced) { styled_->setReducedMotion(isReduced); }
 

@@ -65,8 +65,12 @@ class ORIVANTA_API MapStyle {
 
   // --- Names and icons --------------------------------------------------------------------------
 
+  /// Shows or hides names and icons. The default is true.
+  void setLabels(bool areShown);
+
   /// Sets whether each frame is a separate picture: names and icons are placed anew and neither
-  /// fade nor wait for their images. Call `finish` before drawing. The default is false.
+  /// fade nor wait for their images, and the view requests no frames for arrows of routes. Call
+  /// `finish` before drawing. The default is false.
   void setStill(bool isStill);
 
   /// Sets the parts of the map view that are covered, in points. No name or icon is placed there.

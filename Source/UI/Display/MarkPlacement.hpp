@@ -26,10 +26,22 @@ struct MarkLook {
 inline constexpr double pinHeight = 34;
 inline constexpr double dotSide = 18;
 
+/// The sizes and the possible looks of a mark.
+struct MarkShape {
+  graphics::Size pin{22, pinHeight};
+  double dot = dotSide;                  ///< width and height
+  double gap = 2;                        ///< between the symbol and the text
+  bool hasPin = true;                    ///< whether the symbol may be a pin
+  bool hasDot = true;                    ///< whether the symbol may be a dot
+  TextSide firstSide = TextSide::below;  ///< the preferred side; then the others in their order
+  double overRoute = 0;  ///< the cost of a point of the route below the text; others are about 1
+};
+
 /// A place to be marked.
 struct MarkPlace {
   graphics::Point at;
   graphics::Size text;  ///< empty if there is no text
+  MarkShape shape{};
 };
 
 /// The areas that a mark covers: its symbol and its text, which may be empty.

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
@@ -18,7 +19,10 @@
 
 namespace orivanta {
 
+class MapStyle;
 class MapView;
+class RouteLine;
+struct RouteMark;
 
 /// Shows a route in a map view. A map view may have several overlays. `MapView::clearPaths` does
 /// not affect them. If the map view has a style, the route is drawn in it: with a constant width,
@@ -94,10 +98,14 @@ class ORIVANTA_API RouteOverlay {
   struct Marks;
 
   void redraw();
+  void showStyled(MapStyle& style);
+  std::vector<RouteMark> styledMarks(const MapStyle& style, std::size_t first,
+                                     std::size_t end) const;
   void drawSegments();
   void addMarks();
   std::string nameOf(const std::shared_ptr<Location>& place, const std::string& otherwise) const;
   std::vector<std::size_t> stopsAt(std::size_t index) const;
+  std::pair<std::string, std::string> stopTexts(std::size_t index) const;
   void addMark(std::size_t index);
   void arrangeMarks();
   void clear();
@@ -109,8 +117,11 @@ class ORIVANTA_API RouteOverlay {
   std::shared_ptr<Location> from_;
   std::shared_ptr<Location> to_;
   std::vector<FloorVisit> visits_;
-  std::size_t first_ = 0;  // start of the shown part of the path
-  std::size_t end_ = 0;    // end of that part; equal to `first_` if nothing is shown
+  std::shared_ptr<const RouteLine> line_;
+  double passed_ = 0;              // length of the passed part
+  std::weak_ptr<MapStyle> style_;  // that shows the route; empty if none does
+  std::size_t first_ = 0;          // start of the shown part of the path
+  std::size_t end_ = 0;            // end of that part; equal to `first_` if nothing is shown
   double scale_ = 1;
   std::vector<std::shared_ptr<scene::Node>> segments_;
   std::unique_ptr<Marks> marks_;

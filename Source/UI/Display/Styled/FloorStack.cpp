@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <numbers>
 #include <utility>
 
@@ -11,6 +12,8 @@
 #include "Source/Map.hpp"
 #include "Source/UI/Display/FloorCorners.hpp"
 #include "Source/UI/Display/Framing.hpp"
+#include "Source/UI/Display/Styled/FloorCells.hpp"
+#include "Source/UI/Display/Styled/RouteLine.hpp"
 #include "Source/UI/Display/Turned.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
@@ -24,6 +27,8 @@ namespace {
 constexpr double seconds = 0.35;
 constexpr double stackFieldOfView = 20;  // degrees
 constexpr float fadedOpacity = 0.55F;
+constexpr double hiddenShare = 0.22;  // of a floor, by another one
+constexpr double leastShift = 0.2;    // of the depth of all floors
 constexpr Surroundings aroundStack{0.06, 1};
 
 // The extent of points along a direction, which is turned counterclockwise from the y axis.
@@ -82,6 +87,7 @@ void FloorStack::detach() {
   drop(/*restoresCamera=*/true);
   shown_->removeFromSuperview();
   shown_.reset();
+  routes_.clear();
   map_ = nullptr;
 }
 
@@ -132,9 +138,9 @@ void FloorStack::build(const std::shared_ptr<const MapTheme>& theme) {
     for (const graphics::Vector3& corner : cornersOfShapes(*floor->mapObject))
       corners_.push_back(corner);
   turn_ = broadestTurn(corners_, flat_->pose.turn);
-  StackRoute route = stackRoute(path_, venue, theme->words);
-  const StackedFloors stack =
-      stackFloors(floors, route.floors(), current, depthAlong(corners_, turn_));
+  lines_.clear();
+  for (const RouteContents& route : routes_) lines_.push_back(route.line);
+  const StackedFloors stack = stackFloors(floors, floorsOnRoutes(), current, spacingOf(floors));
 
   if (group_) group_->removeFromParent();
   levels_.clear();
@@ -143,7 +149,7 @@ void FloorStack::build(const std::shared_ptr<const MapTheme>& theme) {
   extent_ = {};
   graphics::Box box;
   for (const StackedFloor& floor : stack.floors) {
-    addLevel(floor, route, *theme);
+    addLevel(floor, *theme);
     const scene::Node& model = *floor.floor->mapObject;
     box.add(model.boundingBox());
     extent_.add(raised(model.boundingBox(), floor.offset));
@@ -153,16 +159,39 @@ void FloorStack::build(const std::shared_ptr<const MapTheme>& theme) {
     }
   }
   contents_ = std::make_shared<const StackView::Contents>(
-      StackView::Contents{stack, box, current, std::move(route), theme});
+      StackView::Contents{stack, box, current, routes_, theme});
   shown_->setContents(contents_);
   map_->camera().setExtent(extent_);
+  showRoutes(*theme);
   map_->sceneView->scene()->rootNode()->addChild(group_);
 }
 
-void FloorStack::addLevel(const StackedFloor& floor, const StackRoute& route,
-                          const MapTheme& theme) {
-  Level level{floor.floor,         floor.offset, floor.isWhole ? 1 : fadedOpacity,
-              scene::Node::make(), nullptr,      nullptr};
+// At most a share of each floor is hidden by another one, as far as the grid can tell.
+FloorSpacing FloorStack::spacingOf(const FloorList& floors) const {
+  const CellFrame frame(corners_, turn_);
+  std::map<const Map*, FloorCells> cells;
+  for (const auto& floor : floors) cells.emplace(floor.get(), FloorCells(*floor->mapObject, frame));
+  const double upright = std::cos(stackTilt) / std::sin(stackTilt);
+  return [cells = std::move(cells), height = frame.depth * upright](const Map& lower,
+                                                                    const Map& upper) {
+    const double shift = cells.at(&lower).shiftOf(cells.at(&upper), hiddenShare);
+    return std::max(shift, leastShift) * height;
+  };
+}
+
+FloorList FloorStack::floorsOnRoutes() const {
+  FloorList floors;
+  for (const RouteContents& route : routes_) {
+    const auto points = route.line->points();
+    for (std::size_t i = 0; i < points.size(); ++i)
+      if (i == 0 || i + 1 == points.size() || points[i - 1].floor == points[i].floor)
+        if (floors.empty() || floors.back() != points[i].floor) floors.push_back(points[i].floor);
+  }
+  return floors;
+}
+
+void FloorStack::addLevel(const StackedFloor& floor, const MapTheme& theme) {
+  Level level{floor.floor, floor.offset, floor.isWhole ? 1 : fadedOpacity, scene::Node::make()};
   const Map& map = *floor.floor;
   if (floor.floor != map_->currentMap()) {
     level.clone = std::make_unique<FloorClone>(map);
@@ -171,14 +200,12 @@ void FloorStack::addLevel(const StackedFloor& floor, const StackRoute& route,
                           guidance::unitsPerMeterOf(*map_->venue).value_or(1));
     level.carrier->addChild(level.clone->sharedNode());
   }
-  for (const StackRoute::Visit& visit : route.visits)
-    if (visit.floor == floor.floor) {
-      const auto line = scene::Node::make();
-      line->setRibbons(routeRibbons(visit), routeLook(theme));
-      if (!level.route) level.route = scene::Node::make();
-      level.route->addChild(line);
-    }
-  if (level.route) level.carrier->addChild(level.route);
+  for (const auto& line : lines_) {
+    const auto parts = line->linesOn(map, 0, line->size());
+    level.lines.push_back(scene::Node::make());
+    if (!parts.empty()) level.lines.back()->setRibbons(scene::Ribbons::make(parts, 0), {});
+    level.carrier->addChild(level.lines.back());
+  }
   group_->addChild(level.carrier);
   levels_.push_back(std::move(level));
 }
@@ -190,7 +217,10 @@ CameraPose FloorStack::stackPose() const {
   pose.turn = turn_;
   pose.z = extent_.center().z;
   Insets insets = camera.insets();
-  insets.left += StackView::widthOfNames(contents_->stack, *contents_->theme);
+  const Insets names = StackView::roomForNames(contents_->stack, *contents_->theme);
+  insets.left += names.left;
+  insets.top += names.top;
+  insets.bottom += names.bottom;
   return framing(corners_, pose, {camera.lens().size, stackFieldOfView}, insets, aroundStack);
 }
 
@@ -247,7 +277,7 @@ void FloorStack::setShare(double share) {
     level.carrier->setPosition(scene::Axis::z, static_cast<float>(level.offset * share));
     const auto opacity = static_cast<float>(share);
     if (level.clone) level.clone->node().setOpacity(level.opacity * opacity);
-    if (level.route) level.route->setOpacity(opacity);
+    for (const auto& line : level.lines) line->setOpacity(opacity);
   }
 }
 
@@ -270,9 +300,47 @@ void FloorStack::copyLooks(const std::shared_ptr<const MapTheme>& theme) {
   shown_->setContents(contents_);
   for (const Level& level : levels_) {
     if (level.clone) level.clone->copyLook(*theme);
-    if (!level.route) continue;
-    for (const auto& line : level.route->children())
-      line->setRibbons(line->ribbons(), routeLook(*theme));
+  }
+  showRoutes(*theme);
+}
+
+void FloorStack::setRoutes(std::vector<RouteContents> routes,
+                           const std::shared_ptr<const MapTheme>& theme) {
+  routes_ = std::move(routes);
+  if (!isShown()) return;
+  const auto isKnown = [&](const RouteContents& route) { return indexOf(*route.line) >= 0; };
+  if (isOn_ && !std::ranges::all_of(routes_, isKnown)) return rebuild(theme);
+  const Transaction transaction;
+  StackView::Contents contents = *contents_;
+  contents.routes = routes_;
+  contents_ = std::make_shared<const StackView::Contents>(std::move(contents));
+  shown_->setContents(contents_);
+  showRoutes(*theme);
+}
+
+bool FloorStack::isOutdated() const { return isOn_ && lines_.size() != routes_.size(); }
+
+// Routes are drawn anew after many changes, then with another object for the same line.
+int FloorStack::indexOf(const RouteLine& line) const {
+  const auto found = std::ranges::find_if(lines_, [&](const auto& known) {
+    return std::ranges::equal(known->points(), line.points());
+  });
+  return found == lines_.end() ? -1 : static_cast<int>(found - lines_.begin());
+}
+
+// The lines have no arrows: most of them would be too short.
+void FloorStack::showRoutes(const MapTheme& theme) {
+  const Transaction transaction;
+  for (const Level& level : levels_) {
+    for (const auto& line : level.lines) line->setHidden(true);
+    for (const RouteContents& route : routes_) {
+      const int index = indexOf(*route.line);
+      if (index < 0) continue;
+      const auto& line = level.lines[static_cast<std::size_t>(index)];
+      line->setHidden(false);
+      line->setRibbons(line->ribbons(), routeLook(theme, route.color.value_or(theme.colors.route),
+                                                  {0, 1}, route.passed, 0));
+    }
   }
 }
 
@@ -290,10 +358,6 @@ FloorList FloorStack::floors() const {
   FloorList floors;
   for (const Level& level : levels_) floors.push_back(level.floor);
   return floors;
-}
-
-std::shared_ptr<Map> FloorStack::nameAt(graphics::Point point) const {
-  return isOn_ ? shown_->nameAt(point) : nullptr;
 }
 
 std::shared_ptr<Map> FloorStack::floorOf(const scene::Node& node) const {

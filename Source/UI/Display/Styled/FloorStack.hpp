@@ -9,10 +9,10 @@
 #include "Platform/Graphics/Vector.hpp"
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
-#include "Source/NodeList.hpp"
 #include "Source/UI/Display/CameraPose.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/Styled/FloorClone.hpp"
+#include "Source/UI/Display/Styled/RouteContents.hpp"
 #include "Source/UI/Display/Styled/StackView.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
@@ -58,7 +58,12 @@ class FloorStack {
   /// The map view shows another floor: lets the floors come together in it.
   void floorChanged(const std::shared_ptr<Map>& former, CameraMotion motion);
 
-  void setRoute(NodeList path) { path_ = std::move(path); }
+  /// Sets the routes that lead through the floors. Stacks the floors anew if they are shown and
+  /// another route has been added.
+  void setRoutes(std::vector<RouteContents> routes, const std::shared_ptr<const MapTheme>& theme);
+
+  /// Whether the floors are stacked for a route that has been removed.
+  bool isOutdated() const;
 
   /// Advances the motion of the floors to the time of the next frame.
   void advance(double time);
@@ -72,13 +77,10 @@ class FloorStack {
   /// Returns the floors of which there are copies, and the shown one.
   FloorList floors() const;
 
-  /// Returns the floor whose name is at a point of the view, or null.
-  std::shared_ptr<Map> nameAt(graphics::Point point) const;
-
   /// Returns the floor to which a node of the scene belongs if it is a part of a copy, else null.
   std::shared_ptr<Map> floorOf(const scene::Node& node) const;
 
-  /// Returns the view that draws the names. Null if detached.
+  /// Returns the view that draws the names and the marks. Null if detached.
   StackView* view() const { return shown_.get(); }
 
  private:
@@ -86,9 +88,9 @@ class FloorStack {
     std::shared_ptr<Map> floor;
     double offset = 0;
     float opacity = 1;
-    std::shared_ptr<scene::Node> carrier;  // at the offset
-    std::unique_ptr<FloorClone> clone;     // null for the shown floor
-    std::shared_ptr<scene::Node> route;    // null if there is none
+    std::shared_ptr<scene::Node> carrier;               // at the offset
+    std::unique_ptr<FloorClone> clone{};                // null for the shown floor
+    std::vector<std::shared_ptr<scene::Node>> lines{};  // of the routes; hidden if there are none
   };
   struct Motion {
     double from;
@@ -101,8 +103,11 @@ class FloorStack {
   };
 
   void build(const std::shared_ptr<const MapTheme>& theme);
-  void addLevel(const StackedFloor& floor, const StackRoute& route, const MapTheme& theme);
-  void show(StackRoute route, std::shared_ptr<const MapTheme> theme);
+  void addLevel(const StackedFloor& floor, const MapTheme& theme);
+  FloorSpacing spacingOf(const FloorList& floors) const;
+  FloorList floorsOnRoutes() const;
+  void showRoutes(const MapTheme& theme);
+  int indexOf(const RouteLine& line) const;
   CameraPose stackPose() const;
   void moveTo(double share, CameraMotion motion);
   void setShare(double share);
@@ -120,7 +125,8 @@ class FloorStack {
   std::vector<graphics::Vector3> corners_;  // of the shapes of the stack
   double turn_ = 0;
   std::optional<FlatView> flat_;  // to which the camera returns
-  NodeList path_;
+  std::vector<RouteContents> routes_;
+  std::vector<std::shared_ptr<const RouteLine>> lines_;  // of the routes for which it was built
 };
 
 }  // namespace orivanta

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "Platform/Graphics/Transaction.hpp"
+#include "Source/Location.hpp"
 #include "Source/UI/Display/Styled/FloorProjection.hpp"
 #include "Source/UI/MapView.hpp"
 
@@ -20,6 +21,7 @@ using graphics::Transaction;
 namespace {
 
 constexpr double appearanceTime = 0.2;  // seconds
+constexpr double rankOfClosed = 40;     // is added
 
 std::string joined(const std::vector<std::string>& lines) {
   std::string text;
@@ -56,12 +58,55 @@ void LabelView::setTheme(std::shared_ptr<const MapTheme> theme) {
 void LabelView::setLabels(std::shared_ptr<const FloorLabels> labels) {
   const Transaction transaction;
   labels_ = std::move(labels);
-  placement_.setLabels(labels_ ? labels_->labels : std::vector<PlaceLabel>());
+  placement_.setLabels(labelsToPlace());
   appearances_.assign(placement_.labels().size(), {});
   visible_.clear();
   isNew_ = true;
   isDrawn_ = false;
   setNeedsFrame();
+}
+
+std::vector<PlaceLabel> LabelView::labelsToPlace() const {
+  if (!labels_) return {};
+  std::vector<PlaceLabel> labels = labels_->labels;
+  for (std::size_t i = 0; i < labels.size(); ++i) {
+    if (!isClosed(i)) continue;
+    labels[i].rank += rankOfClosed;
+    labels[i].scales.symbol = 0;
+    labels[i].symbolSize = std::max(labels[i].symbolSize, theme_ ? theme_->sizes.icon : 0);
+    labels[i].symbolFirst = true;
+    labels[i].insideOnly = false;
+  }
+  return labels;
+}
+
+bool LabelView::isClosed(std::size_t label) const {
+  const auto& id = labels_->sources[label].place->id;
+  return id && closures_.contains(*id);
+}
+
+void LabelView::setClosures(guidance::Closures closures) {
+  const Transaction transaction;
+  if (closures == closures_) return;
+  closures_ = std::move(closures);
+  setLabels(labels_);
+}
+
+void LabelView::setMarked(std::vector<std::shared_ptr<Location>> places) {
+  const Transaction transaction;
+  if (places == marked_) return;
+  marked_ = std::move(places);
+  setNeedsFrame();
+}
+
+void LabelView::setMarks(std::vector<Rect> marks) {
+  const Transaction transaction;
+  routeMarks_ = std::move(marks);
+}
+
+std::optional<double> LabelView::unitsPerMeter() const {
+  const Transaction transaction;
+  return labels_ ? std::optional(labels_->unitsPerMeter) : std::nullopt;
 }
 
 void LabelView::setStill(bool isStill) {
@@ -155,7 +200,11 @@ void LabelView::choosePictures(double scale) {
 
 void LabelView::place(const FloorProjection& projection, double time) {
   places_.clear();
-  for (const graphics::Vector3& anchor : labels_->anchors) places_.push_back(projection.of(anchor));
+  for (std::size_t i = 0; i < labels_->anchors.size(); ++i) {
+    const bool isMarked =
+        std::find(marked_.begin(), marked_.end(), labels_->sources[i].place) != marked_.end();
+    places_.push_back(isMarked ? ProjectedPlace() : projection.of(labels_->anchors[i]));
+  }
   const std::vector<Rect> panels = this->panels();
   const std::vector<Rect> marks = this->marks(projection);
   LabelFrame frame;
@@ -193,7 +242,7 @@ std::vector<Rect> LabelView::panels() const {
 
 // The route and the visible markers, except those that are hidden where they collide.
 std::vector<Rect> LabelView::marks(const FloorProjection& projection) const {
-  std::vector<Rect> marks;
+  std::vector<Rect> marks = routeMarks_;
   const double width = theme_->sizes.route + 2 * theme_->sizes.casing;
   for (const auto& [from, to] : route_)
     addRouteBoxes(projection.of(from), projection.of(to), bounds().size, width, marks);
@@ -238,7 +287,9 @@ void LabelView::addLabel(const ShownLabel& shown, double time, double scale) {
   Appearance& since = appearances_[shown.label];
   if (shown.symbolOpacity > 0) {
     LabelPicture picture;
-    picture.form = source.isDot ? LabelPicture::Form::dot : LabelPicture::Form::icon;
+    const bool isClosed = this->isClosed(shown.label);
+    picture.form = source.isDot && !isClosed ? LabelPicture::Form::dot : LabelPicture::Form::icon;
+    if (isClosed) picture.state = IconState::outOfOrder;
     picture.size = label.symbolSize;
     picture.kind = source.kind;
     addPiece(picture, shown.symbol, shown.symbolOpacity, since.symbol, time, scale);

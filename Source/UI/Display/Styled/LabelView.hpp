@@ -3,11 +3,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/View.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Closures.hpp"
 #include "Source/UI/Display/Styled/FloorLabels.hpp"
 #include "Source/UI/Display/Styled/LabelPictures.hpp"
 #include "Source/UI/Display/Styled/RouteBoxes.hpp"
@@ -45,6 +47,18 @@ class LabelView : public view::View {
   /// The route on the floor. No label is placed over it.
   void setRoute(std::vector<RouteSegment> route);
 
+  /// The places that have marks. Their labels are not shown.
+  void setMarked(std::vector<std::shared_ptr<Location>> places);
+
+  /// What is closed. Labels of closed places have an icon at any scale, which says so.
+  void setClosures(guidance::Closures closures);
+
+  /// The parts of the view that marks cover. Called before each frame; requests none.
+  void setMarks(std::vector<graphics::Rect> marks);
+
+  /// Returns the scale of the floor, see `FloorLabels`. Nothing while there are no labels.
+  std::optional<double> unitsPerMeter() const;
+
   /// Returns the place whose name or symbol is at a point of the last frame, or null.
   std::shared_ptr<Location> labelAt(graphics::Point point) const;
 
@@ -63,6 +77,8 @@ class LabelView : public view::View {
     double name = -1;
   };
 
+  std::vector<PlaceLabel> labelsToPlace() const;
+  bool isClosed(std::size_t label) const;
   void choosePictures(double scale);
   void place(const FloorProjection& projection, double time);
   std::vector<graphics::Rect> panels() const;
@@ -79,6 +95,9 @@ class LabelView : public view::View {
   std::shared_ptr<const FloorLabels> labels_;  // null if there are none
   std::vector<graphics::Rect> covered_;
   std::vector<RouteSegment> route_;
+  std::vector<std::shared_ptr<Location>> marked_;
+  guidance::Closures closures_;
+  std::vector<graphics::Rect> routeMarks_;
   bool isStill_ = false;
   bool isNew_ = false;                       // the labels were not drawn yet
   bool isFading_ = false;                    // an image appeared a short time ago

@@ -12,7 +12,6 @@ namespace orivanta {
 namespace {
 
 constexpr std::size_t mostFloors = 7;
-constexpr double overlap = 0.22;  // the share of the depth of a floor that the next one may hide
 constexpr double besideFaded = 0.72;
 constexpr double betweenFaded = 0.42;
 
@@ -36,10 +35,23 @@ std::vector<Index> choose(std::size_t count, const std::vector<Index>& important
   return chosen;
 }
 
+// Returns the height of the next floor above those that are stacked already.
+double heightOver(const std::vector<StackedFloor>& stacked, const StackedFloor& next,
+                  const FloorSpacing& spacing) {
+  double height = 0;
+  for (const StackedFloor& lower : stacked) {
+    const double share = next.isWhole && lower.isWhole   ? 1
+                         : next.isWhole || lower.isWhole ? besideFaded
+                                                         : betweenFaded;
+    height = std::max(height, lower.offset + share * spacing(*lower.floor, *next.floor));
+  }
+  return height;
+}
+
 }  // namespace
 
 StackedFloors stackFloors(const FloorList& floors, const FloorList& onRoute,
-                          const std::shared_ptr<Map>& shown, double depth) {
+                          const std::shared_ptr<Map>& shown, const FloorSpacing& spacing) {
   FloorList sorted = floorsFromTop(floors);
   std::ranges::reverse(sorted);
   const auto indexOf = [&](const std::shared_ptr<Map>& floor) {
@@ -50,26 +62,19 @@ StackedFloors stackFloors(const FloorList& floors, const FloorList& onRoute,
     if (std::ranges::find(sorted, floor) != sorted.end()) important.push_back(indexOf(floor));
 
   StackedFloors stack;
-  const std::vector<Index> chosen = choose(sorted.size(), important);
-  const double spacing = (1 - overlap) * depth * std::cos(stackTilt) / std::sin(stackTilt);
-  double height = 0;
+  Index next = 0;
   double shownHeight = 0;
-  for (const Index i : chosen) {
-    const auto& floor = sorted[static_cast<std::size_t>(i)];
+  for (const Index i : choose(sorted.size(), important)) {
     const bool isWhole = onRoute.empty() || std::ranges::find(important, i) != important.end();
-    if (stack.floors.empty()) {
-      stack.hiddenBelow = static_cast<std::size_t>(i);
-    } else {
-      StackedFloor& below = stack.floors.back();
-      below.hidden = static_cast<std::size_t>(i - indexOf(below.floor) - 1);
-      height += spacing * (isWhole && below.isWhole   ? 1
-                           : isWhole || below.isWhole ? besideFaded
-                                                      : betweenFaded);
-    }
-    if (floor == shown) shownHeight = height;
-    stack.floors.push_back(
-        {floor, height, isWhole, sorted.size() - static_cast<std::size_t>(i) - 1});
+    StackedFloor floor{sorted[static_cast<std::size_t>(i)], 0, isWhole, 0};
+    (stack.floors.empty() ? stack.hiddenBelow : stack.floors.back().hidden) =
+        static_cast<std::size_t>(i - next);
+    next = i + 1;
+    floor.offset = heightOver(stack.floors, floor, spacing);
+    if (floor.floor == shown) shownHeight = floor.offset;
+    stack.floors.push_back(std::move(floor));
   }
+  stack.floors.back().hidden = sorted.size() - static_cast<std::size_t>(next);
   for (StackedFloor& floor : stack.floors) floor.offset -= shownHeight;
   return stack;
 }

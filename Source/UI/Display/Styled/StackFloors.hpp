@@ -2,6 +2,7 @@
 // Private header.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -27,12 +28,15 @@ struct StackedFloors {
   std::size_t hiddenBelow = 0;  ///< number of floors below the first one that are left out
 };
 
-/// Stacks floors so that each stays recognizable behind those above it. At most seven floors are
-/// stacked: the shown one, those of the route, and those next to them. With a route, the floors
-/// that it does not visit are not whole, unless shown, and are closer together. `floors` need not
-/// be sorted, and contains `shown`. `onRoute` may be empty. `depth`: the extent of the floors in
-/// the direction in which they are seen, in scene units.
+/// Returns the height that the upper of two floors must have above the lower one so that both are
+/// recognizable, in scene units.
+using FloorSpacing = std::function<double(const Map& lower, const Map& upper)>;
+
+/// Stacks floors. At most seven are stacked: the shown one, those of the route, and those next to
+/// them. With a route, the floors that it does not visit are not whole, unless shown, and need a
+/// smaller spacing: 0.72 times if only one of two floors is whole, 0.42 times if none is. `floors`
+/// need not be sorted, and contains `shown`. `onRoute` may be empty.
 StackedFloors stackFloors(const FloorList& floors, const FloorList& onRoute,
-                          const std::shared_ptr<Map>& shown, double depth);
+                          const std::shared_ptr<Map>& shown, const FloorSpacing& spacing);
 
 }  // namespace orivanta

@@ -1,11 +1,9 @@
 #include "Source/UI/Display/Styled/StackView.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 
-#include "Platform/Graphics/Drawing.hpp"
 #include "Platform/Graphics/Text.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Source/Map.hpp"
@@ -13,7 +11,6 @@
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/Styled/FloorProjection.hpp"
 #include "Source/UI/MapView.hpp"
-#include "Source/UI/Style/MapIcons.hpp"
 
 namespace orivanta {
 
@@ -31,21 +28,12 @@ constexpr double nameGap = 4;
 constexpr double nameMargin = 12;  // to the edge of the view and to the floors
 constexpr double leastNameWidth = 44;
 constexpr double tapMargin = 7;
+constexpr double attributionHeight = 24;  // at the lower edge
 constexpr double dotSize = 4;
 constexpr double dotSpacing = 8;
 constexpr double dotCasing = 1;
-constexpr double startSize = 11;
-constexpr double startCasing = 2;
-constexpr double pinSize = 30;
 
 constexpr float groundAlpha = 0.88F;
-
-// On a square with sides of 24 units, with the tip of the pin in the middle.
-constexpr double unitsOfPin = 48;
-constexpr std::string_view pinShape =
-    "M 0 0 C -2.5 -5 -8 -9 -8 -15 C -8 -19.5 -4.5 -23 0 -23 C 4.5 -23 8 -19.5 8 -15 "
-    "C 8 -9 2.5 -5 0 0 Z";
-constexpr std::string_view pinHole = "O0 -15 3.2";
 
 graphics::TextStyle styleOf(const MapTheme& theme, bool isShown) {
   graphics::TextStyle style;
@@ -80,7 +68,8 @@ void StackView::setContents(std::shared_ptr<const Contents> contents) {
   const Transaction transaction;
   contents_ = std::move(contents);
   drawn_.clear();
-  scale_ = 0;
+  texts_.clear();
+  contents_ ? showMarks() : marks_.clear();
   setNeedsFrame();
 }
 
@@ -121,68 +110,89 @@ std::shared_ptr<Map> StackView::nameAt(Point point) const {
   return nearest;
 }
 
-double StackView::widthOfNames(const StackedFloors& stack, const MapTheme& theme) {
+Insets StackView::roomForNames(const StackedFloors& stack, const MapTheme& theme) {
   double width = leastNameWidth;
-  for (const StackedFloor& floor : stack.floors)
-    width = std::max(width,
-                     graphics::measureText(floorLabel(*floor.floor), styleOf(theme, true)).width +
-                         2 * namePadding);
-  return width + 2 * nameMargin;
+  for (const StackedFloor& floor : stack.floors) {
+    const auto size = graphics::measureText(floorLabel(*floor.floor), styleOf(theme, true));
+    width = std::max(width, size.width + 2 * namePadding);
+  }
+  const double note = nameHeight + nameGap;
+  return {width + 2 * nameMargin, nameMargin + (stack.floors.back().hidden > 0 ? note : 0), 0,
+          attributionHeight + (stack.hiddenBelow > 0 ? note : 0)};
+}
+
+std::optional<RouteMark> StackView::markAt(Point point) const {
+  const Transaction transaction;
+  const RouteMark* const mark = contents_ && share_ >= 1 ? marks_.at(point) : nullptr;
+  return mark == nullptr ? std::nullopt : std::optional(*mark);
+}
+
+std::optional<double> StackView::Contents::offsetOf(const Map& floor) const {
+  for (const StackedFloor& stacked : stack.floors)
+    if (*stacked.floor == floor) return stacked.offset;
+  return std::nullopt;
 }
 
 void StackView::draw(view::Canvas& canvas) {
   drawn_.clear();
   const auto viewpoint = map_.sceneView->viewpoint();
   if (!contents_ || !viewpoint) return;
-  if (canvas.scale() != scale_) {
-    scale_ = canvas.scale();
-    icons_.clear();
-    texts_.clear();
-    const std::array<graphics::DrawingPart, 3> parts{
-        {{pinShape, contents_->theme->colors.casing, 3},
-         {pinShape, contents_->theme->colors.pin},
-         {pinHole, contents_->theme->colors.casing}}};
-    pin_ = graphics::makeDrawingImage(parts, unitsOfPin, 2 * pinSize, scale_);
-  }
+  if (canvas.scale() != scale_) texts_.clear();
+  scale_ = canvas.scale();
   const FloorProjection projection(*viewpoint, bounds().size);
-  drawRoute(canvas, projection);
+  drawRides(canvas, projection);
   drawNames(canvas, projection);
+  if (share_ >= 1) drawMarks(canvas, projection);
 }
 
-double StackView::offsetOf(const std::shared_ptr<Map>& floor) const {
-  const auto& floors = contents_->stack.floors;
-  const auto found = std::ranges::find(floors, floor, &StackedFloor::floor);
-  return found == floors.end() ? std::numeric_limits<double>::quiet_NaN() : found->offset;
-}
-
-std::optional<Point> StackView::placeOf(const FloorPoint& point,
-                                        const FloorProjection& projection) const {
-  const double offset = point.floor ? offsetOf(point.floor) : std::nan("");
-  graphics::Vector3 position = point.position;
-  position.z += static_cast<float>(offset * share_);
-  const ProjectedPlace place = projection.of(position);
-  if (std::isnan(offset) || !(place.pointsPerUnit > 0)) return std::nullopt;
-  return place.point;
-}
-
-void StackView::drawRoute(view::Canvas& canvas, const FloorProjection& projection) {
-  const StackRoute& route = contents_->route;
-  for (const StackRoute::Ride& ride : route.rides) {
-    const auto from = placeOf(ride.from, projection);
-    const auto to = placeOf(ride.to, projection);
-    if (from && to) drawRide(canvas, *from, *to);
+// Raises the marks and the lines of the routes to their floors.
+void StackView::showMarks() {
+  const Contents& contents = *contents_;
+  std::vector<RouteMark> marks;
+  std::vector<std::vector<graphics::Vector3>> lines;
+  for (const RouteContents& route : contents.routes) {
+    for (RouteMark mark : route.wholeMarks.empty() ? route.marks : route.wholeMarks) {
+      const auto offset = contents.offsetOf(*mark.at.floor);
+      if (!offset) continue;
+      mark.at.position.z += static_cast<float>(*offset);
+      marks.push_back(std::move(mark));
+    }
+    for (const StackedFloor& floor : contents.stack.floors)
+      for (auto& line : route.line->linesOn(*floor.floor, 0, route.line->size())) {
+        for (graphics::Vector3& point : line.points) point.z += static_cast<float>(floor.offset);
+        lines.push_back(std::move(line.points));
+      }
   }
-  for (const StackRoute::Ride& ride : route.rides)
-    for (const FloorPoint* const end : {&ride.from, &ride.to})
-      if (const auto place = placeOf(*end, projection)) drawMark(canvas, *place, ride.kind);
-  const MapTheme& theme = *contents_->theme;
-  if (const auto place = placeOf(route.start, projection)) {
-    canvas.fill(around(*place, startSize + 2 * startCasing), theme.colors.casing,
-                startSize / 2 + startCasing);
-    canvas.fill(around(*place, startSize), theme.colors.start, startSize / 2);
+  marks_.set(std::move(marks), std::move(lines), contents.theme);
+}
+
+void StackView::drawMarks(view::Canvas& canvas, const FloorProjection& projection) {
+  const Insets& insets = map_.camera().insets();
+  const graphics::Size size = bounds().size;
+  marks_.place(projection, {{insets.left, insets.top},
+                            {size.width - insets.left - insets.right,
+                             size.height - insets.top - insets.bottom}});
+  marks_.draw(canvas);
+}
+
+void StackView::drawRides(view::Canvas& canvas, const FloorProjection& projection) const {
+  const auto placeOf = [&](const RoutePoint& point) -> std::optional<Point> {
+    const auto offset = contents_->offsetOf(*point.floor);
+    if (!offset) return std::nullopt;
+    graphics::Vector3 position = point.position;
+    position.z += static_cast<float>(*offset * share_);
+    const ProjectedPlace place = projection.of(position);
+    return place.pointsPerUnit > 0 ? std::optional(place.point) : std::nullopt;
+  };
+  for (const RouteContents& route : contents_->routes) {
+    std::optional<RoutePoint> before;
+    for (const RoutePoint& point : route.line->points()) {
+      const auto to = placeOf(point);
+      if (!to) continue;
+      if (before && before->floor != point.floor) drawRide(canvas, *placeOf(*before), *to);
+      before = point;
+    }
   }
-  if (const auto place = placeOf(route.end, projection); place && pin_)
-    canvas.draw(pin_, around(*place, pin_->size().width));
 }
 
 void StackView::drawRide(view::Canvas& canvas, Point from, Point to) const {
@@ -196,13 +206,6 @@ void StackView::drawRide(view::Canvas& canvas, Point from, Point to) const {
       canvas.fill(around(place, dotSize + 2 * margin),
                   margin > 0 ? theme.colors.casing : theme.colors.route, dotSize / 2 + margin);
     }
-}
-
-void StackView::drawMark(view::Canvas& canvas, Point place, PlaceKind kind) {
-  auto& icon = icons_[kind];
-  const MapTheme& theme = *contents_->theme;
-  if (!icon) icon = makeIconImage(kind, theme, theme.sizes.selectedIcon, scale_);
-  if (icon) canvas.draw(icon, around(place, icon->size().width));
 }
 
 std::shared_ptr<const graphics::Image> StackView::textImage(const std::string& text, bool isShown) {

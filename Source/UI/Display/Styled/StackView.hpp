@@ -12,8 +12,10 @@
 #include "Platform/Graphics/Image.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/View.hpp"
+#include "Source/UI/Display/Framing.hpp"
+#include "Source/UI/Display/Styled/RouteContents.hpp"
+#include "Source/UI/Display/Styled/RouteMarks.hpp"
 #include "Source/UI/Display/Styled/StackFloors.hpp"
-#include "Source/UI/Display/Styled/StackRoute.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta {
@@ -30,8 +32,11 @@ class StackView : public view::View {
     StackedFloors stack;
     graphics::Box box;  ///< contains all floors, if they are not stacked
     std::shared_ptr<Map> shown;
-    StackRoute route;
-    std::shared_ptr<const MapTheme> theme;
+    std::vector<RouteContents> routes;
+    std::shared_ptr<const MapTheme> theme;  ///< never null
+
+    /// Returns the height of a floor, or nothing if it is not stacked.
+    std::optional<double> offsetOf(const Map& floor) const;
   };
 
   /// `map` must exist as long as the view is a child of it.
@@ -53,8 +58,11 @@ class StackView : public view::View {
   /// Returns the floor whose name is at a point of the last frame, or null.
   std::shared_ptr<Map> nameAt(graphics::Point point) const;
 
-  /// The width of the names in points, with margins.
-  static double widthOfNames(const StackedFloors& stack, const MapTheme& theme);
+  /// Returns the mark of a route at a point of the last frame, or nothing.
+  std::optional<RouteMark> markAt(graphics::Point point) const;
+
+  /// Returns the margins of the view in which the names and the attribution have room.
+  static Insets roomForNames(const StackedFloors& stack, const MapTheme& theme);
 
   void draw(view::Canvas& canvas) override;
   bool isAnimating() const override;
@@ -67,12 +75,10 @@ class StackView : public view::View {
     std::shared_ptr<const graphics::Image> image{};
   };
 
-  double offsetOf(const std::shared_ptr<Map>& floor) const;
-  std::optional<graphics::Point> placeOf(const FloorPoint& point,
-                                         const FloorProjection& projection) const;
-  void drawRoute(view::Canvas& canvas, const FloorProjection& projection);
+  void showMarks();
+  void drawRides(view::Canvas& canvas, const FloorProjection& projection) const;
   void drawRide(view::Canvas& canvas, graphics::Point from, graphics::Point to) const;
-  void drawMark(view::Canvas& canvas, graphics::Point place, PlaceKind kind);
+  void drawMarks(view::Canvas& canvas, const FloorProjection& projection);
   void drawNames(view::Canvas& canvas, const FloorProjection& projection);
   std::vector<Name> names(const FloorProjection& projection);
   std::shared_ptr<const graphics::Image> textImage(const std::string& text, bool isShown);
@@ -86,9 +92,8 @@ class StackView : public view::View {
   bool isFading_ = false;
   std::vector<Name> drawn_;
   double scale_ = 0;  // of the images
-  std::map<PlaceKind, std::shared_ptr<const graphics::Image>> icons_;
   std::map<std::pair<std::string, bool>, std::shared_ptr<const graphics::Image>> texts_;
-  std::shared_ptr<const graphics::Image> pin_;
+  RouteMarks marks_;
 };
 
 }  // namespace orivanta

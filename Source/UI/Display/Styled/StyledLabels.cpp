@@ -51,9 +51,11 @@ void StyledLabels::attach(MapView& view) {
   map_ = &view;
   shown_ = std::make_shared<LabelView>(view);
   shown_->setStill(isStill_);
+  shown_->setHidden(isHidden_ || !areShown_);
   shown_->setCovered(covered_);
   shown_->setRoute(route_);
-  shown_->setHidden(isHidden_);
+  shown_->setMarked(marked_);
+  shown_->setClosures(closures_);
   shown_->addTo(view);
 }
 
@@ -94,6 +96,16 @@ void StyledLabels::finish() {
   if (shown_) shown_->finish();
 }
 
+void StyledLabels::setShown(bool areShown) {
+  areShown_ = areShown;
+  if (shown_) shown_->setHidden(isHidden_ || !areShown_);
+}
+
+void StyledLabels::setHidden(bool isHidden) {
+  isHidden_ = isHidden;
+  if (shown_) shown_->setHidden(isHidden_ || !areShown_);
+}
+
 void StyledLabels::setStill(bool isStill) {
   isStill_ = isStill;
   if (shown_) shown_->setStill(isStill);
@@ -109,10 +121,22 @@ void StyledLabels::setRoute(std::vector<RouteSegment> route) {
   if (shown_) shown_->setRoute(route_);
 }
 
-void StyledLabels::setHidden(bool isHidden) {
-  if (isHidden == isHidden_) return;
-  isHidden_ = isHidden;
-  if (shown_) shown_->setHidden(isHidden_);
+void StyledLabels::setMarked(std::vector<std::shared_ptr<Location>> places) {
+  marked_ = std::move(places);
+  if (shown_) shown_->setMarked(marked_);
+}
+
+void StyledLabels::setMarks(std::vector<graphics::Rect> marks) {
+  if (shown_) shown_->setMarks(std::move(marks));
+}
+
+void StyledLabels::setClosures(guidance::Closures closures) {
+  closures_ = std::move(closures);
+  if (shown_) shown_->setClosures(closures_);
+}
+
+std::optional<double> StyledLabels::unitsPerMeter() const {
+  return shown_ ? shown_->unitsPerMeter() : std::nullopt;
 }
 
 }  // namespace orivanta

@@ -4,11 +4,13 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Closures.hpp"
 #include "Source/UI/Display/Styled/LabelView.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
@@ -38,13 +40,19 @@ class StyledLabels {
   /// See `MapStyle`.
   bool isReady() const { return !making_; }
   void finish();
+  void setShown(bool areShown);
+
+  /// Hides the labels even if they are to be shown.
+  void setHidden(bool isHidden);
   void setStill(bool isStill);
   void setCovered(std::vector<graphics::Rect> covered);
 
+  // See `LabelView`.
+  void setClosures(guidance::Closures closures);
   void setRoute(std::vector<RouteSegment> route);
-
-  /// Hides all labels, or shows them again.
-  void setHidden(bool isHidden);
+  void setMarked(std::vector<std::shared_ptr<Location>> places);
+  void setMarks(std::vector<graphics::Rect> marks);
+  std::optional<double> unitsPerMeter() const;
 
   /// Returns the view that shows the labels, or null if detached.
   const LabelView* view() const { return shown_.get(); }
@@ -61,8 +69,11 @@ class StyledLabels {
   std::shared_ptr<const MapTheme> theme_;  // of the labels
   std::vector<graphics::Rect> covered_;
   std::vector<RouteSegment> route_;
-  bool isStill_ = false;
+  std::vector<std::shared_ptr<Location>> marked_;
+  guidance::Closures closures_;
+  bool areShown_ = true;
   bool isHidden_ = false;
+  bool isStill_ = false;
 };
 
 }  // namespace orivanta

@@ -27,7 +27,12 @@ void StyledMap::attach(StyleHost host) {
   host_ = std::move(host);
   overlay_ = StyleView::addTo(*host_.view);
   labels_.attach(*host_.view);
+  route_.attach(*host_.view, labels_);
+  overlay_->setRoute(&route_);
   stack_.attach(*host_.view);
+  route_.changed = [this] {
+    if (stack_.isShown()) routesChanged();
+  };
   overlay_->setFurniture(furniture_);
   overlay_->setPosition(position_);
   restyle();
@@ -38,11 +43,13 @@ void StyledMap::detach() {
   if (!host_.view) return;
   const graphics::Transaction transaction;
   fade_.stop();
+  route_.changed = {};
   stack_.detach();
   stackChanged();
   fills_.clear();
   work_.clear();
   look_.restore(*host_.view);
+  route_.detach();
   labels_.detach();
   logo_.restore();
   overlay_->remove();
@@ -68,6 +75,7 @@ void StyledMap::restyle() {
   logo_.apply(host_.logo, *theme_);
   overlay_->setTheme(theme_);
   overlay_->venueChanged();
+  route_.show(theme_);
   const auto& venue = host_.view->venue;
   if (!venue || !venue->maps) return;
   for (const auto& map : *venue->maps) styleFloor(*map);
@@ -114,6 +122,7 @@ void StyledMap::addFloor(const Map& map) {
     stackChanged();
   }
   labels_.show(theme_);
+  route_.show(theme_);
   if (!stack_.isOn()) followed_.update(*host_.view, position_);
 }
 
@@ -145,6 +154,12 @@ bool StyledMap::isFollowing() const { return followed_.isOn(host_.view); }
 void StyledMap::setStill(bool isStill) {
   isStill_ = isStill;
   labels_.setStill(isStill);
+  route_.setStill(isStill);
+}
+
+void StyledMap::setReducedMotion(bool isReduced) {
+  isReduced_ = isReduced;
+  route_.setReducedMotion(isReduced);
 }
 
 CameraMotion StyledMap::motion() const {
@@ -155,6 +170,7 @@ void StyledMap::setStacked(bool isStacked) {
   if (!host_.view) return;
   if (isStacked) {
     fade_.stop();
+    routesChanged();
     stack_.open(theme_, motion());
   } else {
     stack_.close(motion());
@@ -162,9 +178,10 @@ void StyledMap::setStacked(bool isStacked) {
   stackChanged();
 }
 
-void StyledMap::setStackRoute(const NodeList& path) {
-  stack_.setRoute(path);
-  if (stack_.isOn()) stack_.rebuild(theme_);
+void StyledMap::routesChanged() {
+  std::vector<RouteContents> routes;
+  for (const RouteContents* const route : route_.routes()) routes.push_back(*route);
+  stack_.setRoutes(std::move(routes), theme_);
 }
 
 void StyledMap::floorChanged(const std::shared_ptr<Map>& former) {
@@ -178,12 +195,14 @@ void StyledMap::floorChanged(const std::shared_ptr<Map>& former) {
 }
 
 void StyledMap::advance(double time) {
+  if (stack_.isOutdated()) stack_.rebuild(theme_);
   if (!stack_.isMoving()) return;
   stack_.advance(time);
   stackChanged();
 }
 
 void StyledMap::prepareFrame(double time) {
+  route_.prepareFrame(time);
   stack_.copyOutlines();
   if (!fade_.isRunning()) return;
   fade_.advance(time);
@@ -193,6 +212,7 @@ void StyledMap::prepareFrame(double time) {
 void StyledMap::stackChanged() {
   look_.setShadows(1 - stack_.share());
   labels_.setHidden(stack_.isShown());
+  route_.setHidden(stack_.isShown());
 }
 
 }  // namespace orivanta

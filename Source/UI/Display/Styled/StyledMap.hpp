@@ -17,6 +17,7 @@
 #include "Source/UI/Display/Styled/SceneLook.hpp"
 #include "Source/UI/Display/Styled/StyleView.hpp"
 #include "Source/UI/Display/Styled/StyledLabels.hpp"
+#include "Source/UI/Display/Styled/StyledRoute.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta {
@@ -45,6 +46,8 @@ class StyledMap {
   // See `MapStyle`.
   StyledLabels& labels() { return labels_; }
   const StyledLabels& labels() const { return labels_; }
+  StyledRoute& route() { return route_; }
+  const StyledRoute& route() const { return route_; }
   bool isReady() const;
   void finish();
   void setFurniture(const MapFurniture& furniture);
@@ -53,13 +56,10 @@ class StyledMap {
   void setFollowing(bool isFollowing);
   bool isFollowing() const;
   void setStill(bool isStill);
-  void setReducedMotion(bool isReduced) { isReduced_ = isReduced; }
+  void setReducedMotion(bool isReduced);
   void setStacked(bool isStacked);
   bool isStacked() const { return stack_.isOn(); }
   const FloorStack& stack() const { return stack_; }
-
-  /// Sets the route that leads through the stacked floors. An empty path removes it.
-  void setStackRoute(const NodeList& path);
 
   /// Advances the motion of stacked floors to the time of the next frame, in seconds.
   void advance(double time);
@@ -81,19 +81,20 @@ class StyledMap {
   /// Another floor of the scene is shown. `former` is not null.
   void floorChanged(const std::shared_ptr<Map>& former);
 
-  /// Prepares a frame. Called under a transaction by the thread that draws.
-  void prepareFrame(double time);
-
   /// Styles a floor's model if it is new.
   void addFloor(const Map& map);
 
   void setHighlighted(scene::Node& shape, bool isHighlighted);
+
+  /// A frame begins. Called by the thread that draws, under a transaction. `time`: seconds.
+  void prepareFrame(double time);
 
  private:
   void restyle();
   void styleFloor(const Map& map);
   CameraMotion motion() const;
   void stackChanged();
+  void routesChanged();
 
   std::shared_ptr<const MapTheme> theme_;
   StyleHost host_;
@@ -101,6 +102,7 @@ class StyledMap {
   FloorWork work_;
   SceneLook look_;
   StyledLabels labels_;
+  StyledRoute route_;
   LogoLook logo_;
   MapFurniture furniture_;
   std::optional<MapPosition> position_;
