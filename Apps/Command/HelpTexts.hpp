@@ -117,7 +117,7 @@ Examples:
   orivanta render astrolabe-court --map G --highlight "paper kestrel=orange" --style dark
   orivanta render astrolabe-court --route "paper kestrel" "popcorn nebula" --tilt 35 -o way.png
   orivanta render astrolabe-court --route "paper kestrel" "popcorn nebula" --frames 25 -o way.png
-  orivanta render astrolabe-court --style light --stacked -o building.png)";
+  orivanta render astrolabe-court --stacked -o building.png)";
 
 inline constexpr const char* viewFooter = R"(
 Without SLUG, shows a list of the venues. Without an endpoint, shows the demo venue. Drag to move

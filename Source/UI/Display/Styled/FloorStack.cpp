@@ -28,7 +28,10 @@ constexpr double seconds = 0.35;
 constexpr double stackFieldOfView = 20;  // degrees
 constexpr float fadedOpacity = 0.55F;
 constexpr double hiddenShare = 0.22;  // of a floor, by another one
-constexpr double leastShift = 0.2;    // of the depth of all floors
+// From one floor to the next, of the depth of all floors.
+constexpr double leastShift = 0.4;
+constexpr double mostShift = 1.6;   // where there is room
+constexpr double usedShare = 0.75;  // of the height of the view
 constexpr Surroundings aroundStack{0.06, 1};
 
 // The extent of points along a direction, which is turned counterclockwise from the y axis.
@@ -166,16 +169,24 @@ void FloorStack::build(const std::shared_ptr<const MapTheme>& theme) {
   map_->sceneView->scene()->rootNode()->addChild(group_);
 }
 
-// At most a share of each floor is hidden by another one, as far as the grid can tell.
+// At most a share of each floor is hidden by another one, as far as the grid can tell. The floors
+// are further apart if the view is high enough.
 FloorSpacing FloorStack::spacingOf(const FloorList& floors) const {
   const CellFrame frame(corners_, turn_);
   std::map<const Map*, FloorCells> cells;
   for (const auto& floor : floors) cells.emplace(floor.get(), FloorCells(*floor->mapObject, frame));
   const double upright = std::cos(stackTilt) / std::sin(stackTilt);
-  return [cells = std::move(cells), height = frame.depth * upright](const Map& lower,
-                                                                    const Map& upper) {
+  const graphics::Size size = map_->camera().lens().size;
+  const double height = frame.width * size.height / std::max(1.0, size.width);
+  const double flat = frame.depth * std::cos(stackTilt);
+  const double count =
+      std::max<double>(1, static_cast<double>(std::min(floors.size(), mostStackedFloors)) - 1);
+  const double room = flat > 0 ? (height * usedShare - flat) / flat / count : 0;
+  const double least = std::clamp(room, leastShift, mostShift);
+  return [cells = std::move(cells), depth = frame.depth * upright, least](const Map& lower,
+                                                                          const Map& upper) {
     const double shift = cells.at(&lower).shiftOf(cells.at(&upper), hiddenShare);
-    return std::max(shift, leastShift) * height;
+    return std::max(shift, least) * depth;
   };
 }
 

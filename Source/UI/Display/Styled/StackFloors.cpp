@@ -11,7 +11,6 @@ namespace orivanta {
 
 namespace {
 
-constexpr std::size_t mostFloors = 7;
 constexpr double besideFaded = 0.72;
 constexpr double betweenFaded = 0.42;
 
@@ -30,7 +29,7 @@ std::vector<Index> choose(std::size_t count, const std::vector<Index>& important
   std::vector<Index> chosen(count);
   for (std::size_t i = 0; i < count; ++i) chosen[i] = static_cast<Index>(i);
   std::ranges::sort(chosen, {}, keyOf);
-  chosen.resize(std::min(count, mostFloors));
+  chosen.resize(std::min(count, mostStackedFloors));
   std::ranges::sort(chosen);
   return chosen;
 }

@@ -2,6 +2,7 @@
 // Private header.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -13,6 +14,9 @@ namespace orivanta {
 
 /// The tilt at which stacked floors are seen, in radians: 58 degrees.
 inline constexpr double stackTilt = 1.0122909661567112;
+
+/// The largest number of floors in a stack.
+inline constexpr std::size_t mostStackedFloors = 7;
 
 /// A floor of a stack.
 struct StackedFloor {

@@ -48,6 +48,12 @@ Rect around(Point middle, double size) {
   return {{middle.x - size / 2, middle.y - size / 2}, {size, size}};
 }
 
+// Whether a route only rides through the floor of a point.
+bool isPassedInRide(std::span<const RoutePoint> points, std::size_t i) {
+  return i > 0 && i + 1 < points.size() && points[i - 1].floor != points[i].floor &&
+         points[i + 1].floor != points[i].floor;
+}
+
 std::string noteText(std::size_t count) { return "+" + std::to_string(count); }
 
 }  // namespace
@@ -185,12 +191,13 @@ void StackView::drawRides(view::Canvas& canvas, const FloorProjection& projectio
     return place.pointsPerUnit > 0 ? std::optional(place.point) : std::nullopt;
   };
   for (const RouteContents& route : contents_->routes) {
+    const auto points = route.line->points();
     std::optional<RoutePoint> before;
-    for (const RoutePoint& point : route.line->points()) {
-      const auto to = placeOf(point);
-      if (!to) continue;
-      if (before && before->floor != point.floor) drawRide(canvas, *placeOf(*before), *to);
-      before = point;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      const auto to = placeOf(points[i]);
+      if (!to || isPassedInRide(points, i)) continue;
+      if (before && before->floor != points[i].floor) drawRide(canvas, *placeOf(*before), *to);
+      before = points[i];
     }
   }
 }
@@ -263,7 +270,9 @@ void StackView::drawName(view::Canvas& canvas, const Name& name) const {
   const MapTheme& theme = *contents_->theme;
   if (name.floor) {
     const bool isShown = name.floor == contents_->shown;
-    graphics::Color ground = isShown ? theme.colors.iconInfo : theme.colors.halo;
+    graphics::Color ground = isShown        ? theme.colors.iconInfo
+                             : theme.isDark ? theme.walkableOutline()
+                                            : theme.colors.halo;
     ground.alpha = groundAlpha * static_cast<float>(share_);
     canvas.fill(name.rect, ground, nameHeight / 2);
   }
