@@ -8,6 +8,7 @@
 
 #include "Platform/Scene/Node.hpp"
 #include "Source/Location.hpp"
+#include "Source/Map.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/Display/RouteOverlay.hpp"
@@ -22,6 +23,7 @@ namespace {
 class FloorStackTest : public testing::Test {
  protected:
   FloorStackTest() {
+    shown.floor(1)->elevation = 10;
     view.setFrame({{0, 0}, {320, 200}});
     view.layoutIfNeeded();
     view.setStyle(style);
@@ -151,6 +153,7 @@ TEST_F(FloorStackTest, TapsNamePlaceAndFloorAndNamesLeadToTheirFloor) {
 }
 
 TEST_F(FloorStackTest, TheFormerFloorFadesUnlessMotionIsReduced) {
+  style->setLabels(false);
   draw();
   view.changeMap(1);
   const auto fading = draw();
