@@ -129,7 +129,7 @@ RouteMarks::Shown RouteMarks::shownAs(RouteMark mark) const {
   shape.pin = {size * pinWidthShare, size * pinShare};
   shape.dot = isBadge ? size : size * dotShare;
   shape.gap = isBadge ? 0 : gap;
-  shape.firstSide = isBadge ? TextSide::right : TextSide::below;
+  if (isBadge) shape.sides = {TextSide::right, TextSide::left, TextSide::above, TextSide::below};
   shape.overRoute = overRoute;
   const Size room = roomForText(mark);
   return {std::move(mark), shape, room};

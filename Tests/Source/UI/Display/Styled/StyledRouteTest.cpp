@@ -6,7 +6,10 @@
 
 #include <algorithm>
 
+#include "Platform/View/TouchDispatcher.hpp"
 #include "Source/Location.hpp"
+#include "Source/Map.hpp"
+#include "Source/Node.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/Display/RouteOverlay.hpp"
@@ -15,7 +18,6 @@
 #include "Source/Vortex.hpp"
 #include "Tests/Platform/Render/Studio.hpp"
 #include "Tests/Support/CountedPixels.hpp"
-#include "Tests/Support/Fingers.hpp"
 #include "Tests/Support/GoldenPicture.hpp"
 #include "Tests/Support/ShownVenue.hpp"
 
