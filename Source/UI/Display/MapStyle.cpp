@@ -30,14 +30,6 @@ void MapStyle::setStill(bool isStill) {
   styled_->route().setStill(isStill);
 }
 
-void MapStyle::setSelected(std::shared_ptr<Location> place) {
-  styled_->route().setSelected(std::move(place));
-}
-
-void MapStyle::setClosures(guidance::Closures closures) {
-  styled_->labels().setClosures(std::move(closures));
-}
-
 void MapStyle::setReducedMotion(bool isReduced) { styled_->route().setReducedMotion(isReduced); }
 
 void MapStyle::setCovered(std::vector<graphics::Rect> covered) {

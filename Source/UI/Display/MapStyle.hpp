@@ -9,7 +9,6 @@
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Graphics/Geometry.hpp"
 #include "Source/Fwd.hpp"
-#include "Source/Guidance/Closures.hpp"
 #include "Source/Guidance/Kinds/KindWords.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapFurniture.hpp"
@@ -73,14 +72,6 @@ class ORIVANTA_API MapStyle {
   /// Sets the parts of the map view that are covered, in points. No name or icon is placed there.
   /// Children of the map view need not be included.
   void setCovered(std::vector<graphics::Rect> covered);
-
-  /// Marks a place or a connector with a pin and its name, while its floor is shown. Null, the
-  /// default, removes the mark. The ends of a route have marks of their own.
-  void setSelected(std::shared_ptr<Location> place);
-
-  /// Shows the closed places and connectors of the venue as out of order, at any zoom. The default
-  /// is that nothing is closed.
-  void setClosures(guidance::Closures closures);
 
   /// Called after each tap, after the delegate and `MapView::placeTapped`. Names and icons can be
   /// tapped as well as shapes. May be empty.

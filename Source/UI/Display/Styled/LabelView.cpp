@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "Platform/Graphics/Transaction.hpp"
-#include "Source/Location.hpp"
 #include "Source/UI/Display/Styled/FloorProjection.hpp"
 #include "Source/UI/MapView.hpp"
 
@@ -21,7 +20,6 @@ using graphics::Transaction;
 namespace {
 
 constexpr double appearanceTime = 0.2;  // seconds
-constexpr double rankOfClosed = 40;     // is added
 
 std::string joined(const std::vector<std::string>& lines) {
   std::string text;
@@ -58,38 +56,12 @@ void LabelView::setTheme(std::shared_ptr<const MapTheme> theme) {
 void LabelView::setLabels(std::shared_ptr<const FloorLabels> labels) {
   const Transaction transaction;
   labels_ = std::move(labels);
-  placement_.setLabels(labelsToPlace());
+  placement_.setLabels(labels_ ? labels_->labels : std::vector<PlaceLabel>());
   appearances_.assign(placement_.labels().size(), {});
   visible_.clear();
   isNew_ = true;
   isDrawn_ = false;
   setNeedsFrame();
-}
-
-std::vector<PlaceLabel> LabelView::labelsToPlace() const {
-  if (!labels_) return {};
-  std::vector<PlaceLabel> labels = labels_->labels;
-  for (std::size_t i = 0; i < labels.size(); ++i) {
-    if (!isClosed(i)) continue;
-    labels[i].rank += rankOfClosed;
-    labels[i].scales.symbol = 0;
-    labels[i].symbolSize = std::max(labels[i].symbolSize, theme_ ? theme_->sizes.icon : 0);
-    labels[i].symbolFirst = true;
-    labels[i].insideOnly = false;
-  }
-  return labels;
-}
-
-bool LabelView::isClosed(std::size_t label) const {
-  const auto& id = labels_->sources[label].place->id;
-  return id && closures_.contains(*id);
-}
-
-void LabelView::setClosures(guidance::Closures closures) {
-  const Transaction transaction;
-  if (closures == closures_) return;
-  closures_ = std::move(closures);
-  setLabels(labels_);
 }
 
 void LabelView::setMarked(std::vector<std::shared_ptr<Location>> places) {
@@ -287,9 +259,7 @@ void LabelView::addLabel(const ShownLabel& shown, double time, double scale) {
   Appearance& since = appearances_[shown.label];
   if (shown.symbolOpacity > 0) {
     LabelPicture picture;
-    const bool isClosed = this->isClosed(shown.label);
-    picture.form = source.isDot && !isClosed ? LabelPicture::Form::dot : LabelPicture::Form::icon;
-    if (isClosed) picture.state = IconState::outOfOrder;
+    picture.form = source.isDot ? LabelPicture::Form::dot : LabelPicture::Form::icon;
     picture.size = label.symbolSize;
     picture.kind = source.kind;
     addPiece(picture, shown.symbol, shown.symbolOpacity, since.symbol, time, scale);

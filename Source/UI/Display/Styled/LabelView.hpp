@@ -9,7 +9,6 @@
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/View.hpp"
 #include "Source/Fwd.hpp"
-#include "Source/Guidance/Closures.hpp"
 #include "Source/UI/Display/Styled/FloorLabels.hpp"
 #include "Source/UI/Display/Styled/LabelPictures.hpp"
 #include "Source/UI/Display/Styled/RouteBoxes.hpp"
@@ -50,9 +49,6 @@ class LabelView : public view::View {
   /// The places that have marks. Their labels are not shown.
   void setMarked(std::vector<std::shared_ptr<Location>> places);
 
-  /// What is closed. Labels of closed places have an icon at any scale, which says so.
-  void setClosures(guidance::Closures closures);
-
   /// The parts of the view that marks cover. Called before each frame; requests none.
   void setMarks(std::vector<graphics::Rect> marks);
 
@@ -77,8 +73,6 @@ class LabelView : public view::View {
     double name = -1;
   };
 
-  std::vector<PlaceLabel> labelsToPlace() const;
-  bool isClosed(std::size_t label) const;
   void choosePictures(double scale);
   void place(const FloorProjection& projection, double time);
   std::vector<graphics::Rect> panels() const;
@@ -96,7 +90,6 @@ class LabelView : public view::View {
   std::vector<graphics::Rect> covered_;
   std::vector<RouteSegment> route_;
   std::vector<std::shared_ptr<Location>> marked_;
-  guidance::Closures closures_;
   std::vector<graphics::Rect> routeMarks_;
   bool isStill_ = false;
   bool isNew_ = false;                       // the labels were not drawn yet

@@ -43,7 +43,7 @@ constexpr std::string_view pinPath =
     "M 0 0 C -3 -6 -10.5 -11 -10.5 -19.5 C -10.5 -25.3 -5.8 -30 0 -30 C 5.8 -30 10.5 -25.3 10.5 "
     "-19.5 C 10.5 -11 3 -6 0 0 Z";
 
-bool isPin(Form form) { return form == Form::stop || form == Form::place || form == Form::end; }
+bool isPin(Form form) { return form == Form::stop || form == Form::end; }
 
 // Texts of badges lie on the color of their icon, others on the map.
 graphics::TextStyle textStyle(const RouteMark& mark, const MapTheme& theme) {

@@ -1,4 +1,4 @@
-// The marks of routes and selected places on a styled map.
+// The marks of routes on a styled map.
 // Private header.
 #pragma once
 

@@ -55,7 +55,6 @@ void StyledLabels::attach(MapView& view) {
   shown_->setCovered(covered_);
   shown_->setRoute(route_);
   shown_->setMarked(marked_);
-  shown_->setClosures(closures_);
   shown_->addTo(view);
 }
 
@@ -123,11 +122,6 @@ void StyledLabels::setMarked(std::vector<std::shared_ptr<Location>> places) {
 
 void StyledLabels::setMarks(std::vector<graphics::Rect> marks) {
   if (shown_) shown_->setMarks(std::move(marks));
-}
-
-void StyledLabels::setClosures(guidance::Closures closures) {
-  closures_ = std::move(closures);
-  if (shown_) shown_->setClosures(closures_);
 }
 
 std::optional<double> StyledLabels::unitsPerMeter() const {

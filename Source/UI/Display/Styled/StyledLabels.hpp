@@ -10,7 +10,6 @@
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
-#include "Source/Guidance/Closures.hpp"
 #include "Source/UI/Display/Styled/LabelView.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
@@ -45,7 +44,6 @@ class StyledLabels {
   void setCovered(std::vector<graphics::Rect> covered);
 
   // See `LabelView`.
-  void setClosures(guidance::Closures closures);
   void setRoute(std::vector<RouteSegment> route);
   void setMarked(std::vector<std::shared_ptr<Location>> places);
   void setMarks(std::vector<graphics::Rect> marks);
@@ -67,7 +65,6 @@ class StyledLabels {
   std::vector<graphics::Rect> covered_;
   std::vector<RouteSegment> route_;
   std::vector<std::shared_ptr<Location>> marked_;
-  guidance::Closures closures_;
   bool areShown_ = true;
   bool isStill_ = false;
 };

@@ -6,10 +6,7 @@
 
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
-#include "Source/Guidance/Floors.hpp"
-#include "Source/Guidance/LabelName.hpp"
 #include "Source/Guidance/Scale.hpp"
-#include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/Styled/FloorProjection.hpp"
@@ -124,26 +121,10 @@ void StyledRoute::update() {
 
 std::vector<RouteMark> StyledRoute::marksOnFloor() const {
   std::vector<RouteMark> marks;
-  const auto isMarked = [&](const std::shared_ptr<Location>& place) {
-    return std::any_of(marks.begin(), marks.end(), [&](const RouteMark& mark) {
-      return mark.place == place && mark.form != RouteMark::Form::floorChange;
-    });
-  };
   for (const auto& route : routes_)
     for (const RouteMark& mark : route->contents.marks)
       if (mark.at.floor == floor_) marks.push_back(mark);
-  if (auto mark = selectedMark(); mark && !isMarked(mark->place)) marks.push_back(*std::move(mark));
   return marks;
-}
-
-std::optional<RouteMark> StyledRoute::selectedMark() const {
-  if (!selected_ || view_ == nullptr || !view_->venue || !floor_ || !view_->camera().isReady() ||
-      !isOnFloor(*selected_, *floor_))
-    return std::nullopt;
-  RouteMark mark{RouteMark::Form::place, {view_->findPosition3D(*selected_), floor_}};
-  mark.text = labelName(*view_->venue, *selected_);
-  mark.place = selected_;
-  return mark;
 }
 
 StyledRoute::Shown* StyledRoute::find(const void* owner) const {
@@ -178,13 +159,6 @@ void StyledRoute::remove(const void* owner) {
   if (shown == nullptr) return;
   shown->node->removeFromParent();
   std::erase_if(routes_, [&](const auto& route) { return route.get() == shown; });
-  update();
-}
-
-void StyledRoute::setSelected(std::shared_ptr<Location> place) {
-  const Transaction transaction;
-  if (place == selected_) return;
-  selected_ = std::move(place);
   update();
 }
 

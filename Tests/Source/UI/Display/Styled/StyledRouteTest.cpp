@@ -1,4 +1,4 @@
-// Routes, selected places and closures in styled map views.
+// Routes in styled map views.
 #include "Source/UI/Display/Styled/StyledRoute.hpp"
 
 #include <gmock/gmock.h>
@@ -173,26 +173,6 @@ TEST_F(StyledRouteTest, ReplacesThePlainRouteOnlyWhileTheStyleIsOn) {
   view.setStyle(nullptr);
   overlay.arrange();
   EXPECT_TRUE(std::ranges::equal(draw()->pixels(), plain->pixels()));
-}
-
-TEST_F(StyledRouteTest, SelectedAndClosedPlacesStandOut) {
-  view.setStyle(style);
-  const auto seen = [&](const graphics::Color& color) { return countPixels(*draw(), color); };
-  const auto& colors = style->theme()->colors;
-  EXPECT_EQ(seen(colors.pin), 0);
-  style->setSelected(shown.location("cafe-1"));
-  EXPECT_GT(seen(colors.pin), 100);
-  view.changeMap(1);
-  EXPECT_EQ(seen(colors.pin), 0) << "on another floor";
-  view.changeMap(0);
-  style->setSelected(nullptr);
-  EXPECT_EQ(seen(colors.pin), 0);
-  style->setStill(true);
-  EXPECT_EQ(seen(colors.iconOutOfOrder), 0);
-  style->setClosures(guidance::Closures({"cafe-1"}));
-  EXPECT_GT(seen(colors.iconOutOfOrder), 20);
-  style->setLabels(false);
-  EXPECT_EQ(seen(colors.iconOutOfOrder), 0);
 }
 
 class StyledPictures : public StyledRouteTest {
