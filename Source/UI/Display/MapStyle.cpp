@@ -23,6 +23,16 @@ void MapStyle::setTheme(std::shared_ptr<const MapTheme> theme) {
 
 const std::shared_ptr<const MapTheme>& MapStyle::theme() const { return styled_->theme(); }
 
+void MapStyle::setModelColors(bool hasModelColors) { styled_->setModelColors(hasModelColors); }
+
+void MapStyle::setTexts(const guidance::InterfaceTexts& texts) { styled_->setTexts(texts); }
+
+void MapStyle::setSelected(std::shared_ptr<Location> place) {
+  styled_->setSelected(std::move(place));
+}
+
+void MapStyle::setClosures(const guidance::Closures& closures) { styled_->setClosures(closures); }
+
 void MapStyle::setStill(bool isStill) { styled_->labels().setStill(isStill); }
 
 void MapStyle::setCovered(std::vector<graphics::Rect> covered) {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Platform/View/View.hpp"
 #include "Source/UI/Display/MapFurniture.hpp"
@@ -37,11 +38,14 @@ class StyleView : public view::View {
   /// Adapts to the venue of the map view.
   void venueChanged();
 
+  /// Arranges the aids for the current frame and returns what they cover, in points. The labels,
+  /// which are drawn before this view, call it. `scale`: pixels per point. Call it under the
+  /// transaction in which a frame is gathered.
+  std::vector<graphics::Rect> arrangeFurniture(double scale);
+
   void draw(view::Canvas& canvas) override;
 
  private:
-  void drawFurniture(view::Canvas& canvas);
-
   MapView& view_;
   std::shared_ptr<CompassView> compass_;
   std::shared_ptr<const MapTheme> theme_;  // null until set
