@@ -32,6 +32,16 @@ void MapStyle::setStill(bool isStill) {
 
 void MapStyle::setReducedMotion(bool isReduced) { styled_->route().setReducedMotion(isReduced); }
 
+void MapStyle::setModelColors(bool hasModelColors) { styled_->setModelColors(hasModelColors); }
+
+void MapStyle::setTexts(const guidance::InterfaceTexts& texts) { styled_->setTexts(texts); }
+
+void MapStyle::setSelected(std::shared_ptr<Location> place) {
+  styled_->setSelected(std::move(place));
+}
+
+void MapStyle::setClosures(const guidance::Closures& closures) { styled_->setClosures(closures); }
+
 void MapStyle::setCovered(std::vector<graphics::Rect> covered) {
   styled_->labels().setCovered(std::move(covered));
 }
