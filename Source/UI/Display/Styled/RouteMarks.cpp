@@ -175,21 +175,36 @@ void RouteMarks::place(const FloorProjection& projection, const Rect& free) {
   places.reserve(shown_.size());
   for (Shown& each : shown_) {
     const ProjectedPlace place = projection.of(each.mark.at.position);
-    each.isInFront = place.pointsPerUnit > 0;
+    each.isSeen = place.pointsPerUnit > 0;
     places.push_back({place.point, each.room, each.shape});
   }
   looks_ = placeMarks(places, linesInView(projection), free, looks_);
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     shown_[i].frames = framesOf(places[i], looks_[i]);
-    if (!shown_[i].isInFront) continue;
+  }
+  hideCoveredArrivals();
+  for (std::size_t i = 0; i < shown_.size(); ++i) {
+    if (!shown_[i].isSeen) continue;
     boxes_.push_back(shown_[i].frames.symbol);
     if (shown_[i].room.width > 0) boxes_.push_back(shown_[i].frames.text);
   }
 }
 
+// Where a ride ends right beside the next one, only the next one is marked.
+void RouteMarks::hideCoveredArrivals() {
+  const auto isChange = [](const Shown& each) { return each.mark.form == Form::floorChange; };
+  for (Shown& arrival : shown_) {
+    if (!isChange(arrival) || arrival.room.width > 0) continue;
+    for (const Shown& other : shown_)
+      if (isChange(other) && other.room.width > 0 && other.isSeen &&
+          other.frames.symbol.intersects(arrival.frames.symbol))
+        arrival.isSeen = false;
+  }
+}
+
 const RouteMark* RouteMarks::at(Point point) const {
   for (auto each = shown_.rbegin(); each != shown_.rend(); ++each) {
-    if (!each->isInFront) continue;
+    if (!each->isSeen) continue;
     if (grown(each->frames.symbol, touchMargin).contains(point) ||
         each->frames.text.contains(point))
       return &each->mark;
@@ -210,7 +225,7 @@ void RouteMarks::drawBadge(view::Canvas& canvas, const Shown& shown) const {
 void RouteMarks::draw(view::Canvas& canvas) {
   drawImages(canvas.scale());
   for (const Shown& each : shown_) {
-    if (!each.isInFront || !each.symbol) continue;
+    if (!each.isSeen || !each.symbol) continue;
     const auto& [symbol, text] = each.frames;
     const Point symbolMiddle{symbol.midX(), isPin(each.mark.form) ? symbol.maxY() : symbol.midY()};
     if (each.text && each.mark.form == Form::floorChange) drawBadge(canvas, each);
