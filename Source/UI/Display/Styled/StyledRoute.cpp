@@ -21,12 +21,12 @@ using graphics::Transaction;
 namespace {
 
 constexpr double arrowPace = 24;          // points per second
-constexpr double longestStep = 0.1;       // seconds; after a pause, arrows do not leap
+constexpr double longestPause = 0.1;      // seconds; after a pause, arrows do not leap
 constexpr double rememberedPhase = 1024;  // distances between arrows
 constexpr double mergedWithinMeters = 0.02;
-constexpr double usualUnitsPerMeter = 10;  // until the labels of a venue without a scale are made
+constexpr double assumedUnitsPerMeter = 10;  // until the labels of a venue without a scale are made
 
-graphics::Rect freeRect(const MapView& view) {
+graphics::Rect uncoveredPart(const MapView& view) {
   const graphics::Size size = view.sceneView->bounds().size;
   const Insets& insets = view.camera().insets();
   return {{insets.left, insets.top},
@@ -202,9 +202,9 @@ void StyledRoute::prepareFrame(double time) {
   const double unitsPerPoint =
       view_->camera().lens().slopePerPoint() * view_->camera().pose().distance;
   const double unitsPerMeter =
-      unitsPerMeter_ ? *unitsPerMeter_ : labels_->unitsPerMeter().value_or(usualUnitsPerMeter);
+      unitsPerMeter_ ? *unitsPerMeter_ : labels_->unitsPerMeter().value_or(assumedUnitsPerMeter);
   scale_ = {unitsPerMeter / unitsPerPoint, unitsPerMeter};
-  const double step = std::clamp(time - time_.value_or(time), 0.0, longestStep);
+  const double step = std::clamp(time - time_.value_or(time), 0.0, longestPause);
   time_ = time;
   if (isStill_) phase_ = arrowPace * unitsPerPoint * time;
   if (!isReduced_ && !isStill_) {
@@ -212,7 +212,7 @@ void StyledRoute::prepareFrame(double time) {
     phase_ = std::fmod(phase_ + arrowPace * unitsPerPoint * step, whole);
   }
   for (const auto& route : routes_) updateLook(*route);
-  marks_.place(FloorProjection(*viewpoint, view_->sceneView->bounds().size), freeRect(*view_));
+  marks_.place(FloorProjection(*viewpoint, view_->sceneView->bounds().size), uncoveredPart(*view_));
   labels_->setMarks(marks_.boxes());
 }
 
