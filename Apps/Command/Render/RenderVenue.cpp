@@ -214,6 +214,15 @@ void warn(const FloorProgress& floor) {
   if (!floor.remark.empty()) complain(fmt::format("floor {}: {}", label, floor.remark));
 }
 
+// Keeps routes in styled images clear of a view at an edge.
+void keepRoutesClear(MapView& mapView, const graphics::Rect& frame) {
+  const double height = mapView.bounds().size.height;
+  const bool isAbove = frame.midY() < height / 2;
+  Insets insets;
+  (isAbove ? insets.top : insets.bottom) = isAbove ? frame.maxY() : height - frame.minY();
+  mapView.camera().setInsets(insets);
+}
+
 // Puts the attribution on the images. If that is not possible, writes it to standard error.
 void attribute(Stage& stage, const Venue& venue, graphics::Size size,
                const RenderVenueOptions& options, const MapTheme* theme) {
@@ -225,6 +234,8 @@ void attribute(Stage& stage, const Venue& venue, graphics::Size size,
     const auto view = std::make_shared<AttributionView>(text, corner, size, options.scale, theme);
     stage.mapView()->addSubview(view);
     isShown = view->isWhole();
+    if (theme != nullptr && !options.route.empty())
+      keepRoutesClear(*stage.mapView(), view->frame());
   }
   if (!isShown) complain("show this attribution with the images: " + text);
 }

@@ -27,19 +27,21 @@ void MapStyle::setLabels(bool areShown) { styled_->labels().setShown(areShown); 
 
 void MapStyle::setStill(bool isStill) { styled_->setStill(isStill); }
 
-void MapStyle::setSelected(std::shared_ptr<Location> place) {
-  styled_->route().setSelected(std::move(place));
-}
-
-void MapStyle::setClosures(guidance::Closures closures) {
-  styled_->labels().setClosures(std::move(closures));
-}
-
 void MapStyle::setReducedMotion(bool isReduced) { styled_->setReducedMotion(isReduced); }
 
 void MapStyle::setStacked(bool isStacked) { styled_->setStacked(isStacked); }
 
 bool MapStyle::isStacked() const { return styled_->isStacked(); }
+
+void MapStyle::setModelColors(bool hasModelColors) { styled_->setModelColors(hasModelColors); }
+
+void MapStyle::setTexts(const guidance::InterfaceTexts& texts) { styled_->setTexts(texts); }
+
+void MapStyle::setSelected(std::shared_ptr<Location> place) {
+  styled_->setSelected(std::move(place));
+}
+
+void MapStyle::setClosures(const guidance::Closures& closures) { styled_->setClosures(closures); }
 
 void MapStyle::setCovered(std::vector<graphics::Rect> covered) {
   styled_->labels().setCovered(std::move(covered));

@@ -10,6 +10,7 @@
 #include "Platform/Graphics/Geometry.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/Guidance/Closures.hpp"
+#include "Source/Guidance/InterfaceTexts.hpp"
 #include "Source/Guidance/Kinds/KindWords.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapFurniture.hpp"
@@ -63,6 +64,15 @@ class ORIVANTA_API MapStyle {
   /// Completes the current floor, for single pictures: computes what is missing or waits for it.
   void finish();
 
+  /// Sets whether floors have the colors and the light of their models, without outlines, as in a
+  /// map view without a style. Everything else stays: names, icons, marks and the background. The
+  /// default is false.
+  void setModelColors(bool hasModelColors);
+
+  /// Sets the texts on the map that are no names, such as the word for what is closed. The default
+  /// is English.
+  void setTexts(const guidance::InterfaceTexts& texts);
+
   // --- Names and icons --------------------------------------------------------------------------
 
   /// Shows or hides names and icons. The default is true.
@@ -74,16 +84,8 @@ class ORIVANTA_API MapStyle {
   void setStill(bool isStill);
 
   /// Sets the parts of the map view that are covered, in points. No name or icon is placed there.
-  /// Children of the map view need not be included.
+  /// Children of the map view and what `setFurniture` shows need not be included.
   void setCovered(std::vector<graphics::Rect> covered);
-
-  /// Marks a place or a connector with a pin and its name, while its floor is shown. Null, the
-  /// default, removes the mark. The ends of a route have marks of their own.
-  void setSelected(std::shared_ptr<Location> place);
-
-  /// Shows the closed places and connectors of the venue as out of order, at any zoom. The default
-  /// is that nothing is closed.
-  void setClosures(guidance::Closures closures);
 
   /// Called after each tap, after the delegate and `MapView::placeTapped`. Names and icons can be
   /// tapped as well as shapes. May be empty.
@@ -96,6 +98,18 @@ class ORIVANTA_API MapStyle {
   /// Sets whether the arrows of routes stand still, so that the view rests while a route is shown.
   /// The default is false.
   void setReducedMotion(bool isReduced);
+
+  // --- Marks ------------------------------------------------------------------------------------
+
+  /// Selects a location or a connector of the venue while a floor that it is on is shown: outlines
+  /// its area, and marks it with a pin and its name. Null, the default, selects nothing. The camera
+  /// does not move.
+  void setSelected(std::shared_ptr<Location> place);
+
+  /// Marks the closed places and connectors with gray icons, and says so below their names. Areas
+  /// of closed places have the color of places of no particular kind. The default is that nothing
+  /// is closed.
+  void setClosures(const guidance::Closures& closures);
 
   // --- First view -------------------------------------------------------------------------------
 

@@ -13,7 +13,6 @@ using graphics::Rect;
 namespace {
 
 constexpr std::array symbols{MarkSymbol::pin, MarkSymbol::dot};
-constexpr std::array sides{TextSide::below, TextSide::above, TextSide::right, TextSide::left};
 
 // The penalties of a look.
 constexpr double hidesSymbol = 10;
@@ -37,9 +36,9 @@ bool isAllowed(MarkSymbol symbol, const MarkShape& shape) {
   return symbol == MarkSymbol::pin ? shape.hasPin : shape.hasDot;
 }
 
-double laterness(TextSide side, const MarkShape& shape) {
-  const bool isFirst = side == shape.firstSide && side != TextSide::below;
-  return isFirst ? -1 : static_cast<double>(side);
+double indexOf(TextSide side, const MarkShape& shape) {
+  return static_cast<double>(std::find(shape.sides.begin(), shape.sides.end(), side) -
+                             shape.sides.begin());
 }
 
 // Returns the length of the part of a segment that is inside a rectangle (Liang and Barsky 1984).
@@ -88,7 +87,7 @@ class Placement {
     const MarkFrames own = framesOf(marks_[index], look);
     const MarkShape& shape = marks_[index].shape;
     double cost =
-        (look.symbol == MarkSymbol::dot ? isDot : 0) + isLaterSide * laterness(look.side, shape);
+        (look.symbol == MarkSymbol::dot ? isDot : 0) + isLaterSide * indexOf(look.side, shape);
     for (std::size_t i = 0; i < marks_.size(); ++i) {
       if (i == index) continue;
       const MarkFrames other = framesOf(marks_[i], looks[i]);
@@ -112,7 +111,7 @@ class Placement {
     double least = isAllowed(best.symbol, marks_[index].shape) ? cost(index, best, looks) - change
                                                                : std::numeric_limits<double>::max();
     for (const MarkSymbol symbol : symbols)
-      for (const TextSide side : sides) {
+      for (const TextSide side : marks_[index].shape.sides) {
         if (!isAllowed(symbol, marks_[index].shape)) continue;
         const double other = cost(index, {symbol, side}, looks);
         if (other >= least) continue;

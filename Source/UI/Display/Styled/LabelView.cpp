@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "Platform/Graphics/Transaction.hpp"
-#include "Source/Location.hpp"
 #include "Source/UI/Display/Styled/FloorProjection.hpp"
 #include "Source/UI/MapView.hpp"
 
@@ -21,7 +20,6 @@ using graphics::Transaction;
 namespace {
 
 constexpr double appearanceTime = 0.2;  // seconds
-constexpr double rankOfClosed = 40;     // is added
 
 std::string joined(const std::vector<std::string>& lines) {
   std::string text;
@@ -52,44 +50,20 @@ void LabelView::setTheme(std::shared_ptr<const MapTheme> theme) {
   if (theme == theme_) return;
   theme_ = std::move(theme);
   pictures_.reset();
+  selectedMark_.clear();
   setNeedsFrame();
 }
 
 void LabelView::setLabels(std::shared_ptr<const FloorLabels> labels) {
   const Transaction transaction;
   labels_ = std::move(labels);
-  placement_.setLabels(labelsToPlace());
+  placement_.setLabels(labels_ ? labels_->labels : std::vector<PlaceLabel>());
   appearances_.assign(placement_.labels().size(), {});
+  findSelected();
   visible_.clear();
   isNew_ = true;
   isDrawn_ = false;
   setNeedsFrame();
-}
-
-std::vector<PlaceLabel> LabelView::labelsToPlace() const {
-  if (!labels_) return {};
-  std::vector<PlaceLabel> labels = labels_->labels;
-  for (std::size_t i = 0; i < labels.size(); ++i) {
-    if (!isClosed(i)) continue;
-    labels[i].rank += rankOfClosed;
-    labels[i].scales.symbol = 0;
-    labels[i].symbolSize = std::max(labels[i].symbolSize, theme_ ? theme_->sizes.icon : 0);
-    labels[i].symbolFirst = true;
-    labels[i].insideOnly = false;
-  }
-  return labels;
-}
-
-bool LabelView::isClosed(std::size_t label) const {
-  const auto& id = labels_->sources[label].place->id;
-  return id && closures_.contains(*id);
-}
-
-void LabelView::setClosures(guidance::Closures closures) {
-  const Transaction transaction;
-  if (closures == closures_) return;
-  closures_ = std::move(closures);
-  setLabels(labels_);
 }
 
 void LabelView::setMarked(std::vector<std::shared_ptr<Location>> places) {
@@ -102,6 +76,10 @@ void LabelView::setMarked(std::vector<std::shared_ptr<Location>> places) {
 void LabelView::setMarks(std::vector<Rect> marks) {
   const Transaction transaction;
   routeMarks_ = std::move(marks);
+}
+
+bool LabelView::isMarked(const std::shared_ptr<Location>& place) const {
+  return std::find(marked_.begin(), marked_.end(), place) != marked_.end();
 }
 
 std::optional<double> LabelView::unitsPerMeter() const {
@@ -123,6 +101,22 @@ void LabelView::setCovered(std::vector<Rect> covered) {
   setNeedsFrame();
 }
 
+void LabelView::setSelected(std::optional<SelectedPlace> selected) {
+  const Transaction transaction;
+  if (selected == selected_) return;
+  selected_ = std::move(selected);
+  selectedMark_.clear();
+  findSelected();
+  setNeedsFrame();
+}
+
+void LabelView::findSelected() {
+  selectedLabel_.reset();
+  if (!selected_ || !labels_) return;
+  for (std::size_t i = 0; i < labels_->sources.size(); ++i)
+    if (labels_->sources[i].place == selected_->place) selectedLabel_ = i;
+}
+
 void LabelView::setRoute(std::vector<RouteSegment> route) {
   const Transaction transaction;
   if (route == route_) return;
@@ -133,6 +127,8 @@ void LabelView::setRoute(std::vector<RouteSegment> route) {
 std::shared_ptr<Location> LabelView::labelAt(Point point) const {
   const Transaction transaction;
   if (!labels_ || isHidden()) return nullptr;
+  for (const Rect& rect : selectedMark_.rects())
+    if (rect.contains(point)) return selected_->place;
   for (const ShownLabel& shown : placement_.shown())
     if (isHit(shown.name, shown.nameOpacity, point) ||
         isHit(shown.symbol, shown.symbolOpacity, point))
@@ -176,7 +172,7 @@ void LabelView::draw(view::Canvas& canvas) {
   if (!isDrawn_) return;
   choosePictures(canvas.scale());
   pictures_->beginFrame();
-  place(FloorProjection(*viewpoint, bounds().size), canvas.time());
+  place(FloorProjection(*viewpoint, bounds().size), canvas.time(), canvas.scale());
   std::vector<Appearance> former(appearances_.size());
   for (const std::size_t label : visible_) std::swap(former[label], appearances_[label]);
   visible_.clear();
@@ -189,6 +185,7 @@ void LabelView::draw(view::Canvas& canvas) {
     visible_.push_back(shown->label);
   }
   canvas.draw(pictures_->sheet(), pieces_);
+  selectedMark_.draw(canvas);
 }
 
 void LabelView::choosePictures(double scale) {
@@ -198,14 +195,13 @@ void LabelView::choosePictures(double scale) {
   if (isStill_) pictures_->sheet()->setUploadBudget(std::numeric_limits<std::size_t>::max());
 }
 
-void LabelView::place(const FloorProjection& projection, double time) {
+void LabelView::place(const FloorProjection& projection, double time, double scale) {
   places_.clear();
-  for (std::size_t i = 0; i < labels_->anchors.size(); ++i) {
-    const bool isMarked =
-        std::find(marked_.begin(), marked_.end(), labels_->sources[i].place) != marked_.end();
-    places_.push_back(isMarked ? ProjectedPlace() : projection.of(labels_->anchors[i]));
-  }
-  const std::vector<Rect> panels = this->panels();
+  for (std::size_t i = 0; i < labels_->anchors.size(); ++i)
+    places_.push_back(isMarked(labels_->sources[i].place) ? ProjectedPlace()
+                                                          : projection.of(labels_->anchors[i]));
+  const std::vector<Rect> panels = this->panels(scale);
+  placeSelected(projection, panels, scale);
   const std::vector<Rect> marks = this->marks(projection);
   LabelFrame frame;
   frame.time = time;
@@ -226,8 +222,24 @@ void LabelView::place(const FloorProjection& projection, double time) {
   isNew_ = false;
 }
 
-std::vector<Rect> LabelView::panels() const {
+// The label of the selected place is hidden while the pin is there.
+void LabelView::placeSelected(const FloorProjection& projection, std::span<const Rect> panels,
+                              double scale) {
+  selectedMark_.hide();
+  if (!selected_ || isMarked(selected_->place)) return;
+  const ProjectedPlace at =
+      selectedLabel_ ? places_[*selectedLabel_] : projection.of(selected_->position);
+  if (selectedLabel_) places_[*selectedLabel_].pointsPerUnit = 0;
+  if (at.pointsPerUnit > 0)
+    selectedMark_.arrange(*selected_, at.point, bounds().size, panels, *theme_, scale);
+}
+
+std::vector<Rect> LabelView::panels(double scale) const {
   std::vector<Rect> panels = covered_;
+  if (furniture) {
+    const std::vector<Rect> aids = furniture(scale);
+    panels.insert(panels.end(), aids.begin(), aids.end());
+  }
   const Rect all = bounds();
   bool isInFront = false;
   for (const auto& child : map_.subviews()) {
@@ -243,6 +255,7 @@ std::vector<Rect> LabelView::panels() const {
 // The route and the visible markers, except those that are hidden where they collide.
 std::vector<Rect> LabelView::marks(const FloorProjection& projection) const {
   std::vector<Rect> marks = routeMarks_;
+  marks.insert(marks.end(), selectedMark_.rects().begin(), selectedMark_.rects().end());
   const double width = theme_->sizes.route + 2 * theme_->sizes.casing;
   for (const auto& [from, to] : route_)
     addRouteBoxes(projection.of(from), projection.of(to), bounds().size, width, marks);
@@ -287,11 +300,10 @@ void LabelView::addLabel(const ShownLabel& shown, double time, double scale) {
   Appearance& since = appearances_[shown.label];
   if (shown.symbolOpacity > 0) {
     LabelPicture picture;
-    const bool isClosed = this->isClosed(shown.label);
-    picture.form = source.isDot && !isClosed ? LabelPicture::Form::dot : LabelPicture::Form::icon;
-    if (isClosed) picture.state = IconState::outOfOrder;
+    picture.form = source.isDot ? LabelPicture::Form::dot : LabelPicture::Form::icon;
     picture.size = label.symbolSize;
     picture.kind = source.kind;
+    if (source.isClosed) picture.state = IconState::outOfOrder;
     addPiece(picture, shown.symbol, shown.symbolOpacity, since.symbol, time, scale);
   } else {
     since.symbol = -1;

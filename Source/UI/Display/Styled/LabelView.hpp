@@ -2,17 +2,19 @@
 // Private header.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/View.hpp"
 #include "Source/Fwd.hpp"
-#include "Source/Guidance/Closures.hpp"
 #include "Source/UI/Display/Styled/FloorLabels.hpp"
 #include "Source/UI/Display/Styled/LabelPictures.hpp"
 #include "Source/UI/Display/Styled/RouteBoxes.hpp"
+#include "Source/UI/Display/Styled/SelectedMark.hpp"
 #include "Source/UI/Labels/LabelPlacement.hpp"
 
 namespace orivanta {
@@ -44,14 +46,19 @@ class LabelView : public view::View {
   /// this view are added unless they cover all of it.
   void setCovered(std::vector<graphics::Rect> covered);
 
+  /// Returns what the aids over the map cover, for a frame at a scale in pixels per point. Called
+  /// before labels are placed. May be empty.
+  std::function<std::vector<graphics::Rect>(double scale)> furniture;
+
+  /// Shows a pin and a name instead of the label of a place; nothing removes them.
+  void setSelected(std::optional<SelectedPlace> selected);
+
   /// The route on the floor. No label is placed over it.
   void setRoute(std::vector<RouteSegment> route);
 
-  /// The places that have marks. Their labels are not shown.
+  /// The places that have marks of a route. Neither their labels nor the pin of a selected place
+  /// are shown.
   void setMarked(std::vector<std::shared_ptr<Location>> places);
-
-  /// What is closed. Labels of closed places have an icon at any scale, which says so.
-  void setClosures(guidance::Closures closures);
 
   /// The parts of the view that marks cover. Called before each frame; requests none.
   void setMarks(std::vector<graphics::Rect> marks);
@@ -77,11 +84,13 @@ class LabelView : public view::View {
     double name = -1;
   };
 
-  std::vector<PlaceLabel> labelsToPlace() const;
-  bool isClosed(std::size_t label) const;
+  void findSelected();
+  bool isMarked(const std::shared_ptr<Location>& place) const;
   void choosePictures(double scale);
-  void place(const FloorProjection& projection, double time);
-  std::vector<graphics::Rect> panels() const;
+  void place(const FloorProjection& projection, double time, double scale);
+  std::vector<graphics::Rect> panels(double scale) const;
+  void placeSelected(const FloorProjection& projection, std::span<const graphics::Rect> panels,
+                     double scale);
   std::vector<graphics::Rect> marks(const FloorProjection& projection) const;
   double shareOnOthers(const graphics::Rect& rect, std::size_t label,
                        const FloorProjection& projection) const;
@@ -96,8 +105,10 @@ class LabelView : public view::View {
   std::vector<graphics::Rect> covered_;
   std::vector<RouteSegment> route_;
   std::vector<std::shared_ptr<Location>> marked_;
-  guidance::Closures closures_;
   std::vector<graphics::Rect> routeMarks_;
+  std::optional<SelectedPlace> selected_;
+  std::optional<std::size_t> selectedLabel_;  // nothing if the selected place has none
+  SelectedMark selectedMark_;
   bool isStill_ = false;
   bool isNew_ = false;                       // the labels were not drawn yet
   bool isFading_ = false;                    // an image appeared a short time ago

@@ -23,11 +23,10 @@ struct RouteMark {
     floorChange,  ///< the icon of a connector and, before the ride, the floor to which it leads
     start,        ///< a dot
     stop,         ///< a pin with a number
-    place,        ///< the pin of a selected place
     end           ///< a pin
   };
 
-  Form form = Form::place;
+  Form form = Form::start;
   RoutePoint at;
   std::string text{};                         ///< beside the symbol; may be empty
   std::string number{};                       ///< of a stop

@@ -30,20 +30,20 @@ constexpr double fontShare = 13.0 / 24;
 constexpr double numberShare = 12.0 / 24;
 constexpr double paddingShare = 7.0 / 24;
 
-constexpr double ring = 1.6;         // points, around badges
-constexpr double gap = 1;            // points, between a symbol and its name
-constexpr double overRoute = 0.1;    // the cost of a point of the route below a text
-constexpr double touchMargin = 4;    // points
-constexpr double pinUnits = 64;      // the side of the drawing of a pin
-constexpr double dotUnits = 16;      // the side of the drawing of a dot
-constexpr double headHeight = 19.5;  // of a pin that is 30 units high
+constexpr double badgeRing = 1.6;  // points, around badges
+constexpr double nameGap = 1;      // points, between a symbol and its name
+constexpr double overRoute = 0.1;  // the cost of a point of the route below a text
+constexpr double touchMargin = 4;  // points
+constexpr double pinUnits = 64;    // the side of the drawing of a pin
+constexpr double dotUnits = 16;    // the side of the drawing of a dot
+constexpr double headRise = 19.5;  // of a pin that is 30 units high
 
 // A pin of 30 units with its tip at the origin.
 constexpr std::string_view pinPath =
     "M 0 0 C -3 -6 -10.5 -11 -10.5 -19.5 C -10.5 -25.3 -5.8 -30 0 -30 C 5.8 -30 10.5 -25.3 10.5 "
     "-19.5 C 10.5 -11 3 -6 0 0 Z";
 
-bool isPin(Form form) { return form == Form::stop || form == Form::place || form == Form::end; }
+bool isPin(Form form) { return form == Form::stop || form == Form::end; }
 
 // Texts of badges lie on the color of their icon, others on the map.
 graphics::TextStyle textStyle(const RouteMark& mark, const MapTheme& theme) {
@@ -82,18 +82,18 @@ std::shared_ptr<const Image> symbolImage(const RouteMark& mark, const MapTheme& 
                                     pinUnits * size * pinShare / 30, scale);
 }
 
-Rect around(Point middle, Size size) {
+Rect centeredAt(Point middle, Size size) {
   return {{middle.x - size.width / 2, middle.y - size.height / 2}, size};
 }
 
-Rect joined(const Rect& first, const Rect& second) {
+Rect unionOf(const Rect& first, const Rect& second) {
   const Point corner{std::min(first.minX(), second.minX()), std::min(first.minY(), second.minY())};
   return {corner,
           {std::max(first.maxX(), second.maxX()) - corner.x,
            std::max(first.maxY(), second.maxY()) - corner.y}};
 }
 
-Rect grown(const Rect& rect, double by) {
+Rect expanded(const Rect& rect, double by) {
   return {{rect.minX() - by, rect.minY() - by},
           {rect.size.width + 2 * by, rect.size.height + 2 * by}};
 }
@@ -128,8 +128,8 @@ RouteMarks::Shown RouteMarks::shownAs(RouteMark mark) const {
   shape.hasDot = !shape.hasPin;
   shape.pin = {size * pinWidthShare, size * pinShare};
   shape.dot = isBadge ? size : size * dotShare;
-  shape.gap = isBadge ? 0 : gap;
-  shape.firstSide = isBadge ? TextSide::right : TextSide::below;
+  shape.gap = isBadge ? 0 : nameGap;
+  if (isBadge) shape.sides = {TextSide::right, TextSide::left, TextSide::above, TextSide::below};
   shape.overRoute = overRoute;
   const Size room = roomForText(mark);
   return {std::move(mark), shape, room};
@@ -175,22 +175,37 @@ void RouteMarks::place(const FloorProjection& projection, const Rect& free) {
   places.reserve(shown_.size());
   for (Shown& each : shown_) {
     const ProjectedPlace place = projection.of(each.mark.at.position);
-    each.isInFront = place.pointsPerUnit > 0;
+    each.isSeen = place.pointsPerUnit > 0;
     places.push_back({place.point, each.room, each.shape});
   }
   looks_ = placeMarks(places, linesInView(projection), free, looks_);
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     shown_[i].frames = framesOf(places[i], looks_[i]);
-    if (!shown_[i].isInFront) continue;
+  }
+  hideCoveredArrivals();
+  for (std::size_t i = 0; i < shown_.size(); ++i) {
+    if (!shown_[i].isSeen) continue;
     boxes_.push_back(shown_[i].frames.symbol);
     if (shown_[i].room.width > 0) boxes_.push_back(shown_[i].frames.text);
   }
 }
 
+// Where a ride ends right beside the next one, only the next one is marked.
+void RouteMarks::hideCoveredArrivals() {
+  const auto isChange = [](const Shown& each) { return each.mark.form == Form::floorChange; };
+  for (Shown& arrival : shown_) {
+    if (!isChange(arrival) || arrival.room.width > 0) continue;
+    for (const Shown& other : shown_)
+      if (isChange(other) && other.room.width > 0 && other.isSeen &&
+          other.frames.symbol.intersects(arrival.frames.symbol))
+        arrival.isSeen = false;
+  }
+}
+
 const RouteMark* RouteMarks::at(Point point) const {
   for (auto each = shown_.rbegin(); each != shown_.rend(); ++each) {
-    if (!each->isInFront) continue;
-    if (grown(each->frames.symbol, touchMargin).contains(point) ||
+    if (!each->isSeen) continue;
+    if (expanded(each->frames.symbol, touchMargin).contains(point) ||
         each->frames.text.contains(point))
       return &each->mark;
   }
@@ -201,26 +216,27 @@ const RouteMark* RouteMarks::at(Point point) const {
 void RouteMarks::drawBadge(view::Canvas& canvas, const Shown& shown) const {
   const auto& [symbol, text] = shown.frames;
   const bool isBeside = text.midY() == symbol.midY();
-  const Rect ground = isBeside ? joined(symbol, text) : text;
+  const Rect ground = isBeside ? unionOf(symbol, text) : text;
   const double radius = ground.size.height / 2;
   canvas.fill(ground, theme_->colors.iconSymbol, radius);
-  canvas.fill(grown(ground, -ring), theme_->disc(shown.mark.kind), radius - ring);
+  canvas.fill(expanded(ground, -badgeRing), theme_->disc(shown.mark.kind), radius - badgeRing);
 }
 
 void RouteMarks::draw(view::Canvas& canvas) {
   drawImages(canvas.scale());
   for (const Shown& each : shown_) {
-    if (!each.isInFront || !each.symbol) continue;
+    if (!each.isSeen || !each.symbol) continue;
     const auto& [symbol, text] = each.frames;
     const Point symbolMiddle{symbol.midX(), isPin(each.mark.form) ? symbol.maxY() : symbol.midY()};
     if (each.text && each.mark.form == Form::floorChange) drawBadge(canvas, each);
-    canvas.draw(each.symbol, around(symbolMiddle, each.symbol->size()));
+    canvas.draw(each.symbol, centeredAt(symbolMiddle, each.symbol->size()));
     if (each.number) {
-      const double height = theme_->sizes.selectedIcon * pinShare * headHeight / 30;
+      const double height = theme_->sizes.selectedIcon * pinShare * headRise / 30;
       canvas.draw(each.number,
-                  around({symbolMiddle.x, symbolMiddle.y - height}, each.number->size()));
+                  centeredAt({symbolMiddle.x, symbolMiddle.y - height}, each.number->size()));
     }
-    if (each.text) canvas.draw(each.text, around({text.midX(), text.midY()}, each.text->size()));
+    if (each.text)
+      canvas.draw(each.text, centeredAt({text.midX(), text.midY()}, each.text->size()));
   }
 }
 

@@ -1,4 +1,4 @@
-// The marks of routes and selected places on a styled map.
+// The marks of routes on a styled map.
 // Private header.
 #pragma once
 
@@ -48,12 +48,13 @@ class RouteMarks {
     std::shared_ptr<const graphics::Image> symbol{};  // null until drawn
     std::shared_ptr<const graphics::Image> text{};    // null if there is none
     std::shared_ptr<const graphics::Image> number{};  // null if there is none
-    bool isInFront = false;                           // of the camera
+    bool isSeen = false;  // in front of the camera, and not hidden by another mark
   };
 
   void drawImages(double scale);
   Shown shownAs(RouteMark mark) const;
   graphics::Size roomForText(const RouteMark& mark) const;
+  void hideCoveredArrivals();
   void drawBadge(view::Canvas& canvas, const Shown& shown) const;
   std::vector<std::vector<graphics::Point>> linesInView(const FloorProjection& projection) const;
 

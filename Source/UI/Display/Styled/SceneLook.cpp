@@ -22,12 +22,13 @@ std::shared_ptr<scene::Light> lightOf(const std::shared_ptr<scene::Node>& node) 
 
 }  // namespace
 
-void SceneLook::apply(MapView& view, const std::shared_ptr<scene::Node>& sun,
-                      const MapTheme& theme) {
+void SceneLook::apply(MapView& view, const std::shared_ptr<scene::Node>& sun, const MapTheme& theme,
+                      bool withLights) {
   const graphics::Transaction transaction;
   restore(view);
   view.sceneView->setBackgroundColor(
       background_.replace(view.sceneView->backgroundColor(), theme.colors.backdrop));
+  if (!withLights) return;
   if (const auto light = lightOf(view.light)) {
     ambientLight_ = light;
     light->color = ambient_.replace(light->color, graphics::Color::fromWhite(ambientLight));
@@ -43,6 +44,7 @@ void SceneLook::restore(MapView& view) {
   view.sceneView->setBackgroundColor(background_.restored(view.sceneView->backgroundColor()));
   if (const auto light = ambientLight_.lock()) light->color = ambient_.restored(light->color);
   if (const auto light = sunLight_.lock()) lighten(*light);
+  sunLight_.reset();
 }
 
 void SceneLook::setShadows(double share) {

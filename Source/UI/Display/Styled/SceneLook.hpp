@@ -17,8 +17,10 @@ class MapView;
 class SceneLook {
  public:
   /// `sun` is the node of the light that casts shadows. It is null if there is no scene; then only
-  /// the background changes. Restores the lights of the previous call first.
-  void apply(MapView& view, const std::shared_ptr<scene::Node>& sun, const MapTheme& theme);
+  /// the background changes, as without `withLights`. Restores the lights of the previous call
+  /// first.
+  void apply(MapView& view, const std::shared_ptr<scene::Node>& sun, const MapTheme& theme,
+             bool withLights = true);
 
   void restore(MapView& view);
 

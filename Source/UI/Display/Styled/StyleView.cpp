@@ -119,10 +119,17 @@ void StyleView::draw(view::Canvas& canvas) {
   if (route_ != nullptr) route_->draw(canvas);
   if (position_ && position_->floor == view_.currentMap())
     dot_.draw(canvas, view_, *position_, unitsPerMeter_, *theme_);
-  drawFurniture(canvas);
+  arrangeFurniture(canvas.scale());
+  if (furniture_.attribution) attribution_.draw(canvas, *theme_);
+  if (furniture_.scaleBar) scaleBar_.draw(canvas, *theme_);
 }
 
-void StyleView::drawFurniture(view::Canvas& canvas) {
+std::vector<graphics::Rect> StyleView::arrangeFurniture(double scale) {
+  std::vector<graphics::Rect> covered;
+  if (!theme_ || !view_.camera().isReady()) return covered;
+  const auto cover = [&](const graphics::Rect& rect) {
+    if (rect.size.width > 0) covered.push_back(rect);
+  };
   const graphics::Rect free = freeRect(view_);
   const CameraPose pose = view_.camera().pose();
   if (furniture_.compass) {
@@ -130,17 +137,20 @@ void StyleView::drawFurniture(view::Canvas& canvas) {
         {{free.maxX() - compassMargin - CompassView::side, free.minY() + compassMargin},
          {CompassView::side, CompassView::side}});
     compass_->setTurn(pose.turn);
+    if (!compass_->isHidden()) cover(compass_->frame());
   }
   const graphics::Rect room = lowerLeft(free);
   double top = room.maxY();
   if (furniture_.attribution) {
-    const double height = attribution_.draw(canvas, room, *theme_);
-    if (height > 0) top -= height + gap;
+    const graphics::Rect note = attribution_.arrange(room, *theme_, scale);
+    if (note.size.height > 0) top = note.minY() - gap;
+    cover(note);
   }
   if (furniture_.scaleBar)
-    scaleBar_.draw(canvas, {room.minX(), top},
-                   unitsPerMeter_ / (view_.camera().lens().slopePerPoint() * pose.distance),
-                   *theme_);
+    cover(scaleBar_.arrange(
+        {room.minX(), top},
+        unitsPerMeter_ / (view_.camera().lens().slopePerPoint() * pose.distance), *theme_, scale));
+  return covered;
 }
 
 }  // namespace orivanta

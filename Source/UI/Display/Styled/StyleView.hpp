@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Platform/View/View.hpp"
 #include "Source/UI/Display/MapFurniture.hpp"
@@ -41,12 +42,15 @@ class StyleView : public view::View {
   /// The routes to draw below the other things. Null, the default, for none.
   void setRoute(StyledRoute* route);
 
+  /// Arranges the aids for the current frame and returns what they cover, in points. The labels,
+  /// which are drawn before this view, call it. `scale`: pixels per point. Call it under the
+  /// transaction in which a frame is gathered.
+  std::vector<graphics::Rect> arrangeFurniture(double scale);
+
   void draw(view::Canvas& canvas) override;
   bool isAnimating() const override;
 
  private:
-  void drawFurniture(view::Canvas& canvas);
-
   MapView& view_;
   StyledRoute* route_ = nullptr;
   std::shared_ptr<CompassView> compass_;

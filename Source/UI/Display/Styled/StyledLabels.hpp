@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "Platform/Graphics/Geometry.hpp"
@@ -27,12 +28,20 @@ class StyledLabels {
   StyledLabels(const StyledLabels&) = delete;
   StyledLabels& operator=(const StyledLabels&) = delete;
 
-  void attach(MapView& view);
+  /// `furniture`: see `LabelView::furniture`.
+  void attach(MapView& view, std::function<std::vector<graphics::Rect>(double scale)> furniture);
   void detach();
 
   /// Shows the labels of the current floor in a theme. Makes them only if the theme or the model of
   /// the floor is another one than in the previous call. Requires `attach`.
   void show(const std::shared_ptr<const MapTheme>& theme);
+
+  /// Sets what is closed, and the word for it, which follows the names. If this changes, makes the
+  /// labels anew.
+  void setClosures(const guidance::Closures& closures, const std::string& word);
+
+  /// Marks a place on the current floor.
+  void setSelected(std::optional<SelectedPlace> selected);
 
   /// Removes the labels.
   void clear();
@@ -48,7 +57,6 @@ class StyledLabels {
   void setCovered(std::vector<graphics::Rect> covered);
 
   // See `LabelView`.
-  void setClosures(guidance::Closures closures);
   void setRoute(std::vector<RouteSegment> route);
   void setMarked(std::vector<std::shared_ptr<Location>> places);
   void setMarks(std::vector<graphics::Rect> marks);
@@ -60,6 +68,7 @@ class StyledLabels {
  private:
   class Making;
 
+  void make();
   void take();
 
   MapView* map_ = nullptr;
@@ -70,8 +79,9 @@ class StyledLabels {
   std::vector<graphics::Rect> covered_;
   std::vector<RouteSegment> route_;
   std::vector<std::shared_ptr<Location>> marked_;
-  guidance::Closures closures_;
   bool areShown_ = true;
+  guidance::Closures closures_;
+  std::string closedWord_;
   bool isHidden_ = false;
   bool isStill_ = false;
 };

@@ -6,7 +6,12 @@
 
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/Node.hpp"
+#include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/LabelName.hpp"
+#include "Source/Location.hpp"
 #include "Source/Map.hpp"
+#include "Source/UI/Display/Styled/PlaceShapes.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
 
@@ -26,7 +31,11 @@ void StyledMap::attach(StyleHost host) {
   const graphics::Transaction transaction;
   host_ = std::move(host);
   overlay_ = StyleView::addTo(*host_.view);
-  labels_.attach(*host_.view);
+  labels_.attach(*host_.view, [overlay = std::weak_ptr(overlay_)](double scale) {
+    const auto view = overlay.lock();
+    return view ? view->arrangeFurniture(scale) : std::vector<graphics::Rect>();
+  });
+  labels_.setClosures(closures_, texts_.text("interface.mark.closed"));
   route_.attach(*host_.view, labels_);
   overlay_->setRoute(&route_);
   stack_.attach(*host_.view);
@@ -48,6 +57,7 @@ void StyledMap::detach() {
   stackChanged();
   fills_.clear();
   work_.clear();
+  selectedOutline_.clear();
   look_.restore(*host_.view);
   route_.detach();
   labels_.detach();
@@ -71,7 +81,7 @@ void StyledMap::venueChanged() {
 void StyledMap::restyle() {
   if (!host_.view) return;
   const graphics::Transaction transaction;
-  look_.apply(*host_.view, host_.sun, *theme_);
+  applyLook();
   logo_.apply(host_.logo, *theme_);
   overlay_->setTheme(theme_);
   overlay_->venueChanged();
@@ -80,15 +90,27 @@ void StyledMap::restyle() {
   if (!venue || !venue->maps) return;
   for (const auto& map : *venue->maps) styleFloor(*map);
   labels_.show(theme_);
+  showSelected();
   stack_.copyLooks(theme_);
 }
 
 void StyledMap::styleFloor(const Map& map) {
-  if (!map.mapObject) return;
+  if (!map.mapObject || hasModelColors_) return;
   const Venue& venue = *host_.view->venue;
   const std::vector<ShapeRole> roles = shapeRoles(map, venue, theme_->words);
-  fills_.set(map, roles, *theme_);
+  colorFloor(map, roles);
   work_.set(map, venue, roles, *theme_);
+}
+
+// What is closed has the color of places of no particular kind.
+void StyledMap::colorFloor(const Map& map, const std::vector<ShapeRole>& roles) {
+  if (closures_.empty()) return fills_.set(map, roles, *theme_);
+  std::vector<ShapeRole> marked = roles;
+  const auto closed = closedShapes(*host_.view->venue, closures_);
+  const auto shapes = map.mapObject->children();
+  for (std::size_t i = 0; i < shapes.size(); ++i)
+    if (closed.contains(shapes[i]->name().value_or(""))) marked[i].kind = FillKind::other;
+  fills_.set(map, marked, *theme_);
 }
 
 bool StyledMap::isReady() const {
@@ -111,7 +133,7 @@ void StyledMap::sceneStarted(std::shared_ptr<scene::Node> sun) {
   stack_.drop(/*restoresCamera=*/false);
   stackChanged();
   host_.sun = std::move(sun);
-  look_.apply(*host_.view, host_.sun, *theme_);
+  applyLook();
   overlay_->venueChanged();
 }
 
@@ -123,6 +145,7 @@ void StyledMap::addFloor(const Map& map) {
   }
   labels_.show(theme_);
   route_.show(theme_);
+  showSelected();
   if (!stack_.isOn()) followed_.update(*host_.view, position_);
 }
 
@@ -214,5 +237,63 @@ void StyledMap::stackChanged() {
   labels_.setHidden(stack_.isShown());
   route_.setHidden(stack_.isShown());
 }
+
+// --- Selection and closures
+
+void StyledMap::setTexts(const guidance::InterfaceTexts& texts) {
+  texts_ = texts;
+  showClosures();
+}
+
+void StyledMap::setSelected(std::shared_ptr<Location> place) {
+  selected_ = std::move(place);
+  showSelected();
+}
+
+void StyledMap::showSelected() {
+  if (!host_.view) return;
+  const graphics::Transaction transaction;
+  selectedOutline_.clear();
+  const auto& floor = host_.view->currentMap();
+  const auto& venue = host_.view->venue;
+  if (!selected_ || !floor || !floor->mapObject || !venue || !isOnFloor(*selected_, *floor))
+    return labels_.setSelected(std::nullopt);
+  selectedOutline_.show(*host_.view, *selected_, *theme_);
+  std::string name = labelName(*venue, *selected_);
+  if (closures_.contains(selected_->id.value_or("")))
+    name += (name.empty() ? "" : "\n") + texts_.text("interface.mark.closed");
+  labels_.setSelected(SelectedPlace{selected_, std::move(name), theme_->words.kindOf(*selected_),
+                                    host_.view->findPosition3D(*selected_)});
+}
+
+void StyledMap::setClosures(const guidance::Closures& closures) {
+  if (closures == closures_) return;
+  closures_ = closures;
+  showClosures();
+}
+
+void StyledMap::showClosures() {
+  if (!host_.view) return;
+  const graphics::Transaction transaction;
+  labels_.setClosures(closures_, texts_.text("interface.mark.closed"));
+  if (const auto& venue = host_.view->venue; venue && venue->maps && !hasModelColors_)
+    for (const auto& map : *venue->maps)
+      if (map->mapObject) colorFloor(*map, shapeRoles(*map, *venue, theme_->words));
+  stack_.copyLooks(theme_);
+  showSelected();
+}
+
+void StyledMap::setModelColors(bool hasModelColors) {
+  if (hasModelColors == hasModelColors_) return;
+  hasModelColors_ = hasModelColors;
+  if (!host_.view) return;
+  const graphics::Transaction transaction;
+  fills_.clear();
+  work_.clear();
+  look_.restore(*host_.view);
+  restyle();
+}
+
+void StyledMap::applyLook() { look_.apply(*host_.view, host_.sun, *theme_, !hasModelColors_); }
 
 }  // namespace orivanta

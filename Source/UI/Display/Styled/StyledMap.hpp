@@ -3,9 +3,12 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Closures.hpp"
+#include "Source/Guidance/InterfaceTexts.hpp"
 #include "Source/UI/Display/MapFurniture.hpp"
 #include "Source/UI/Display/MapPosition.hpp"
 #include "Source/UI/Display/Styled/FloorFade.hpp"
@@ -15,6 +18,7 @@
 #include "Source/UI/Display/Styled/FollowedPosition.hpp"
 #include "Source/UI/Display/Styled/LogoLook.hpp"
 #include "Source/UI/Display/Styled/SceneLook.hpp"
+#include "Source/UI/Display/Styled/SelectedOutline.hpp"
 #include "Source/UI/Display/Styled/StyleView.hpp"
 #include "Source/UI/Display/Styled/StyledLabels.hpp"
 #include "Source/UI/Display/Styled/StyledRoute.hpp"
@@ -63,6 +67,10 @@ class StyledMap {
 
   /// Advances the motion of stacked floors to the time of the next frame, in seconds.
   void advance(double time);
+  void setTexts(const guidance::InterfaceTexts& texts);
+  void setSelected(std::shared_ptr<Location> place);
+  void setClosures(const guidance::Closures& closures);
+  void setModelColors(bool hasModelColors);
 
   // Called by the map view.
 
@@ -95,6 +103,10 @@ class StyledMap {
   CameraMotion motion() const;
   void stackChanged();
   void routesChanged();
+  void colorFloor(const Map& map, const std::vector<ShapeRole>& roles);
+  void applyLook();
+  void showSelected();
+  void showClosures();
 
   std::shared_ptr<const MapTheme> theme_;
   StyleHost host_;
@@ -111,6 +123,11 @@ class StyledMap {
   FloorFade fade_;
   bool isStill_ = false;
   bool isReduced_ = false;
+  guidance::InterfaceTexts texts_;
+  std::shared_ptr<Location> selected_;  // null if nothing is selected
+  SelectedOutline selectedOutline_;
+  guidance::Closures closures_;
+  bool hasModelColors_ = false;
   std::shared_ptr<StyleView> overlay_;  // null if the style belongs to no view
 };
 

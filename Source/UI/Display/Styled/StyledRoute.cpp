@@ -6,10 +6,7 @@
 
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
-#include "Source/Guidance/Floors.hpp"
-#include "Source/Guidance/LabelName.hpp"
 #include "Source/Guidance/Scale.hpp"
-#include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/Styled/FloorProjection.hpp"
@@ -24,12 +21,12 @@ using graphics::Transaction;
 namespace {
 
 constexpr double arrowPace = 24;          // points per second
-constexpr double longestStep = 0.1;       // seconds; after a pause, arrows do not leap
+constexpr double longestPause = 0.1;      // seconds; after a pause, arrows do not leap
 constexpr double rememberedPhase = 1024;  // distances between arrows
 constexpr double mergedWithinMeters = 0.02;
-constexpr double usualUnitsPerMeter = 10;  // until the labels of a venue without a scale are made
+constexpr double assumedUnitsPerMeter = 10;  // until the labels of a venue without a scale are made
 
-graphics::Rect freeRect(const MapView& view) {
+graphics::Rect uncoveredPart(const MapView& view) {
   const graphics::Size size = view.sceneView->bounds().size;
   const Insets& insets = view.camera().insets();
   return {{insets.left, insets.top},
@@ -125,26 +122,10 @@ void StyledRoute::update() {
 
 std::vector<RouteMark> StyledRoute::marksOnFloor() const {
   std::vector<RouteMark> marks;
-  const auto isMarked = [&](const std::shared_ptr<Location>& place) {
-    return std::any_of(marks.begin(), marks.end(), [&](const RouteMark& mark) {
-      return mark.place == place && mark.form != RouteMark::Form::floorChange;
-    });
-  };
   for (const auto& route : routes_)
     for (const RouteMark& mark : route->contents.marks)
       if (mark.at.floor == floor_) marks.push_back(mark);
-  if (auto mark = selectedMark(); mark && !isMarked(mark->place)) marks.push_back(*std::move(mark));
   return marks;
-}
-
-std::optional<RouteMark> StyledRoute::selectedMark() const {
-  if (!selected_ || view_ == nullptr || !view_->venue || !floor_ || !view_->camera().isReady() ||
-      !isOnFloor(*selected_, *floor_))
-    return std::nullopt;
-  RouteMark mark{RouteMark::Form::place, {view_->findPosition3D(*selected_), floor_}};
-  mark.text = labelName(*view_->venue, *selected_);
-  mark.place = selected_;
-  return mark;
 }
 
 StyledRoute::Shown* StyledRoute::find(const void* owner) const {
@@ -183,13 +164,6 @@ void StyledRoute::remove(const void* owner) {
   std::erase_if(routes_, [&](const auto& route) { return route.get() == shown; });
   update();
   if (changed) changed();
-}
-
-void StyledRoute::setSelected(std::shared_ptr<Location> place) {
-  const Transaction transaction;
-  if (place == selected_) return;
-  selected_ = std::move(place);
-  update();
 }
 
 void StyledRoute::setReducedMotion(bool isReduced) {
@@ -240,9 +214,9 @@ void StyledRoute::prepareFrame(double time) {
   const double unitsPerPoint =
       view_->camera().lens().slopePerPoint() * view_->camera().pose().distance;
   const double unitsPerMeter =
-      unitsPerMeter_ ? *unitsPerMeter_ : labels_->unitsPerMeter().value_or(usualUnitsPerMeter);
+      unitsPerMeter_ ? *unitsPerMeter_ : labels_->unitsPerMeter().value_or(assumedUnitsPerMeter);
   scale_ = {unitsPerMeter / unitsPerPoint, unitsPerMeter};
-  const double step = std::clamp(time - time_.value_or(time), 0.0, longestStep);
+  const double step = std::clamp(time - time_.value_or(time), 0.0, longestPause);
   time_ = time;
   if (isStill_) phase_ = arrowPace * unitsPerPoint * time;
   if (!isReduced_ && !isStill_) {
@@ -250,7 +224,7 @@ void StyledRoute::prepareFrame(double time) {
     phase_ = std::fmod(phase_ + arrowPace * unitsPerPoint * step, whole);
   }
   for (const auto& route : routes_) updateLook(*route);
-  marks_.place(FloorProjection(*viewpoint, view_->sceneView->bounds().size), freeRect(*view_));
+  marks_.place(FloorProjection(*viewpoint, view_->sceneView->bounds().size), uncoveredPart(*view_));
   labels_->setMarks(marks_.boxes());
 }
 

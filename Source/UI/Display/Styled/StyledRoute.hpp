@@ -1,4 +1,4 @@
-// The routes and marks of a styled map.
+// The routes of a styled map.
 // Private header.
 #pragma once
 
@@ -32,7 +32,7 @@ class StyledRoute {
   /// `view` and `labels` must exist until `detach`.
   void attach(MapView& view, StyledLabels& labels);
 
-  /// Removes everything, also the routes; keeps the selected place.
+  /// Removes everything, also the routes.
   void detach();
 
   /// Draws everything for the current floor, scene and venue of the view. `theme` is not null.
@@ -51,7 +51,6 @@ class StyledRoute {
   void remove(const void* owner);
 
   /// See `MapStyle`.
-  void setSelected(std::shared_ptr<Location> place);
   void setReducedMotion(bool isReduced);
   void setStill(bool isStill);
 
@@ -85,13 +84,11 @@ class StyledRoute {
   void update();
   void showRibbons(Shown& shown) const;
   std::vector<RouteMark> marksOnFloor() const;
-  std::optional<RouteMark> selectedMark() const;
   void updateLook(const Shown& shown) const;
 
   MapView* view_ = nullptr;
   StyledLabels* labels_ = nullptr;
   std::shared_ptr<const MapTheme> theme_;  // null until shown
-  std::shared_ptr<Location> selected_;     // may be null
   std::shared_ptr<Map> floor_;             // that is shown; may be null
   bool isReduced_ = false;
   bool isStill_ = false;
