@@ -81,6 +81,7 @@ void main() {
   plane = max(plane, scale * nearest * leastSine);
   vec2 s = vec2(halfWidth(at, before, plane), halfWidth(at, after, plane));
   vec2 shift = own * slide + miter(before, after, s) * side;
+  way = distanceAlong + (abs(corner.z) == 2 ? 0.0 : dot(shift, own));
   across = float(corner.w) / 127.0;
   if (abs(corner.z) == 2) {
     float pace = max(length(movement(at, own)), abs(at.z) * sqrt(scale) * leastSine);
@@ -88,7 +89,6 @@ void main() {
     shift += own * (share * reach * at.z * at.z / pace);
   }
   across *= reach;
-  way = distanceAlong + slide;
   gl_Position = viewToClip * (meshToView * vec4(position + vec3(shift, 0.0), 1.0));
 }
 )";

@@ -102,16 +102,19 @@ std::vector<SceneMesh> SceneRenderer::updateMeshes(SceneState& state, const Scen
   if (!state.loose.isEmpty())
     meshes.push_back({&state.loose.mesh(), state.loose.looks(), graphics::Matrix4(1.0F),
                       highestLayerOf(snapshot.batches)});
+  std::unordered_map<const void*, std::size_t> uses;  // of the arrays of batches
   for (const BatchInScene& batch : snapshot.batches)
-    meshes.push_back({&meshOf(batch, statistics), batch.looks, batch.world});
+    meshes.push_back(
+        {&meshOf(batch, uses[batch.batch->data().get()]++, statistics), batch.looks, batch.world});
   return meshes;
 }
 
-const Mesh& SceneRenderer::meshOf(const BatchInScene& inScene, FrameStatistics& statistics) {
+const Mesh& SceneRenderer::meshOf(const BatchInScene& inScene, std::size_t preceding,
+                                  FrameStatistics& statistics) {
   const scene::Batch& batch = *inScene.batch;
-  BatchMesh& entry = batches_[&batch];
-  if (entry.batch.expired()) {
-    entry.batch = inScene.batch;
+  BatchMesh& entry = batches_[{batch.data().get(), preceding}];
+  if (entry.data.expired()) {
+    entry.data = batch.data();
     entry.mesh.setGeometry(batch.vertices(), batch.indices(), partsOf(batch), 0, 0, statistics);
   }
   entry.mesh.setLooks(inScene.looks, statistics);
@@ -134,7 +137,7 @@ std::vector<SceneRibbons> SceneRenderer::updateRibbons(const SceneSnapshot& snap
 
 void SceneRenderer::collect() {
   removeOrphans(ribbons_, &KeptRibbons::ribbons);
-  removeOrphans(batches_, &BatchMesh::batch);
+  removeOrphans(batches_, &BatchMesh::data);
   removeOrphans(scenes_, &SceneState::scene);
 }
 

@@ -30,8 +30,12 @@ class SceneRenderer {
   void collect();
 
  private:
+  /// The arrays of a batch, and how many batches with the same arrays precede it in a frame. Each
+  /// has a mesh of its own, with its own looks.
+  using BatchKey = std::pair<const void*, std::size_t>;
+
   struct BatchMesh {
-    std::weak_ptr<const scene::Batch> batch;
+    std::weak_ptr<const void> data;
     Mesh mesh;
   };
 
@@ -47,7 +51,7 @@ class SceneRenderer {
     std::optional<ShadowMap> shadows;
   };
 
-  const Mesh& meshOf(const BatchInScene& batch, FrameStatistics& statistics);
+  const Mesh& meshOf(const BatchInScene& batch, std::size_t preceding, FrameStatistics& statistics);
   std::vector<SceneMesh> updateMeshes(SceneState& state, const SceneSnapshot& snapshot, int height,
                                       FrameStatistics& statistics);
   std::vector<SceneRibbons> updateRibbons(const SceneSnapshot& snapshot,
@@ -57,7 +61,7 @@ class SceneRenderer {
   ImageTextures& images_;
   MeshShaders shaders_;
   RibbonShaders ribbonShaders_;
-  std::unordered_map<const scene::Batch*, BatchMesh> batches_;
+  std::map<BatchKey, BatchMesh> batches_;
   std::unordered_map<const scene::Ribbons*, KeptRibbons> ribbons_;
   std::unordered_map<const scene::Scene*, SceneState> scenes_;
 };

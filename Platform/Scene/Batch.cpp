@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <glm/mat3x3.hpp>
+#include <unordered_map>
 #include <utility>
 
 #include "Platform/Graphics/Transaction.hpp"
@@ -138,6 +139,11 @@ struct Builder {
   }
 };
 
+bool areCopies(const Batch::Child& left, const Batch::Child& right) {
+  return left.geometry == right.geometry && left.position == right.position &&
+         left.eulerAngles == right.eulerAngles;
+}
+
 }  // namespace
 
 bool Batch::isMember(const Node& child) { return child.geometry_ && child.children_.empty(); }
@@ -156,20 +162,33 @@ std::shared_ptr<const Batch> Batch::make(const Node& parent) {
   const std::shared_ptr<Batch> batch(new Batch);
   batch->children_ = membersOf(parent);
   if (batch->children_.size() < 2) return nullptr;
-  Builder builder{batch->vertices_, batch->indices_, batch->parts_};
+  const auto data = std::make_shared<Data>();
+  Builder builder{data->vertices, data->indices, batch->parts_};
   for (const Child& child : batch->children_)
     builder.add(child.node, child.geometry, rigidTransform(child.position, child.eulerAngles));
   for (const Part& part : batch->parts_) batch->boundingBox_.add(part.box);
-  const auto layers = findLayers(batch->vertices_, batch->indices_, batch->parts_);
-  if (!layers.empty()) batch->splitParts(layers);
+  const auto layers = findLayers(data->vertices, data->indices, batch->parts_);
+  if (!layers.empty()) batch->splitParts(*data, layers);
+  batch->data_ = data;
   return batch;
 }
 
-void Batch::splitParts(std::span<const std::uint8_t> layers) {
-  const auto vertices = std::exchange(vertices_, {});
-  const auto indices = std::exchange(indices_, {});
+std::shared_ptr<const Batch> Batch::adopted(const Node& copy) const {
+  const std::shared_ptr<Batch> batch(new Batch(*this));
+  batch->children_ = membersOf(copy);
+  if (!std::ranges::equal(children_, batch->children_, areCopies)) return nullptr;
+  std::unordered_map<const Node*, std::shared_ptr<Node>> copies;
+  for (std::size_t i = 0; i < children_.size(); ++i)
+    copies.emplace(children_[i].node.get(), batch->children_[i].node);
+  for (Part& part : batch->parts_) part.node = copies.at(part.node.get());
+  return batch;
+}
+
+void Batch::splitParts(Data& data, std::span<const std::uint8_t> layers) {
+  const auto vertices = std::exchange(data.vertices, {});
+  const auto indices = std::exchange(data.indices, {});
   const auto parts = std::exchange(parts_, {});
-  Builder builder{vertices_, indices_, parts_};
+  Builder builder{data.vertices, data.indices, parts_};
   const int highest = *std::max_element(layers.begin(), layers.end());
   for (int layer = 0; layer <= highest; ++layer)
     for (const Part& part : parts) builder.addLayer({vertices, indices, layers}, part, layer);

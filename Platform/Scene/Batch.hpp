@@ -49,8 +49,16 @@ class ORIVANTA_API Batch {
   /// themselves are skipped. Returns null if fewer than two children have geometry.
   static std::shared_ptr<const Batch> make(const Node& parent);
 
-  std::span<const Vertex> vertices() const { return vertices_; }
-  std::span<const std::uint32_t> indices() const { return indices_; }
+  /// Returns a batch for a node whose children are copies of the merged children: with the same
+  /// geometries, positions and rotations in the same order, but with looks of their own. It shares
+  /// the arrays of this batch. Returns null if the children differ.
+  std::shared_ptr<const Batch> adopted(const Node& copy) const;
+
+  std::span<const Vertex> vertices() const { return data_->vertices; }
+  std::span<const std::uint32_t> indices() const { return data_->indices; }
+
+  /// The owner of the arrays, the same object for all batches that share them.
+  std::shared_ptr<const void> data() const { return data_; }
 
   /// Sorted by layer from 0; within a layer in the order of the children.
   std::span<const Part> parts() const { return parts_; }
@@ -64,17 +72,22 @@ class ORIVANTA_API Batch {
   bool matches(const Node& parent) const;
 
  private:
+  struct Data {
+    std::vector<Vertex> vertices;
+    std::vector<std::uint32_t> indices;
+  };
+
   Batch() = default;
+  Batch(const Batch&) = default;
 
   /// Whether a child is part of batches.
   static bool isMember(const Node& child);
   static std::vector<Child> membersOf(const Node& parent);
 
   /// `layers` has one entry per triangle.
-  void splitParts(std::span<const std::uint8_t> layers);
+  void splitParts(Data& data, std::span<const std::uint8_t> layers);
 
-  std::vector<Vertex> vertices_;
-  std::vector<std::uint32_t> indices_;
+  std::shared_ptr<const Data> data_;
   std::vector<Part> parts_;
   std::vector<Child> children_;
   graphics::Box boundingBox_;

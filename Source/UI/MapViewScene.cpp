@@ -139,10 +139,13 @@ void MapView::changeMap(const std::shared_ptr<Map>& map) {
     startScene(map);
   } else {
     parts_->camera.stop();  // the glide may end outside this floor
-    parts_->currentMap = map;
+    const auto former = std::exchange(parts_->currentMap, map);
     root->insertChild(map->mapObject, 0);
     parts_->rig.floorChanged();
-    if (StyledMap* const style = styled()) style->addFloor(*map);
+    if (StyledMap* const style = styled()) {
+      style->floorChanged(former);
+      style->addFloor(*map);
+    }
   }
   drawCurrentPath();
   if (currentHighlightNode) highlightNode(currentHighlightNode);

@@ -21,6 +21,8 @@ void addRender(CLI::App& app, CommandLine& line) {
   addNumber("--scale", options.scale, "Pixels per point", "F");
   addNumber("--tilt", options.tilt, "Camera tilt from the vertical, less than 60", "DEGREES");
   addNumber("--turn", options.turn, "Counterclockwise rotation", "DEGREES");
+  query.add_flag("--stacked", options.stacked,
+                 "Show all floors above each other in one image; requires a style");
   query.add_option("--zoom", options.zoom, "Zoom factor; 1 shows the whole floor")->type_name("F");
   query
       .add_option("--style", options.style,
@@ -39,7 +41,9 @@ void addRender(CLI::App& app, CommandLine& line) {
   query.add_option("--marker", options.markers, "Mark a location; may be repeated")
       ->type_name("PLACE")
       ->allow_extra_args(false);
-  query.add_flag("--labels", options.labels, "Show the names of the locations");
+  auto* const labels =
+      query.add_flag("--labels", options.labels, "Show names, the default except in plain images");
+  query.add_flag("--no-labels", options.noLabels, "Show neither names nor icons")->excludes(labels);
   query
       .add_option("--attribution", options.attribution,
                   "Corner for the map's attribution, for example upper-right")

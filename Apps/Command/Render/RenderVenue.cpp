@@ -28,6 +28,7 @@
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
+#include "Source/Node.hpp"
 #include "Source/UI/Display/LabelLayer.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
@@ -53,6 +54,9 @@ void checkUse(const RenderVenueOptions& options) {
   check(options.zoom.value_or(1) >= 0.01 && options.zoom.value_or(1) <= 100,
         "--zoom must be from 0.01 to 100");
   parseCorner(options.attribution);
+  check(!options.stacked || options.style != "plain",
+        "--stacked requires a --style, such as light");
+  check(!options.stacked || options.map != "all", "--stacked shows all floors; --map names one");
   check(options.frames >= 0 && options.frames <= 9999, "--frames must be from 0 to 9999");
 }
 
@@ -118,6 +122,18 @@ std::vector<std::shared_ptr<Map>> floorsOf(const Venue& venue, const RenderVenue
   return chooseFloors(venue, options.map);
 }
 
+// The floor that is shown first, then the others.
+void stackFloors(const Venue& venue, const RenderVenueOptions& options, const MapTheme* theme,
+                 Contents& contents) {
+  const bool hasRoute = !contents.path.empty() && options.map.empty();
+  const auto shown =
+      hasRoute ? contents.path.front()->map : floorsOf(venue, options, theme).front();
+  contents.floors = {shown};
+  for (const auto& map : *venue.maps)
+    if (map != shown) contents.floors.push_back(map);
+  contents.visits.resize(contents.floors.size());
+}
+
 Contents findContents(const Venue& venue, const RenderVenueOptions& options,
                       const MapTheme* theme) {
   Contents contents;
@@ -130,7 +146,9 @@ Contents findContents(const Venue& venue, const RenderVenueOptions& options,
     contents.to = findRouteEnd(venue, {options.route[1]});
     contents.path = findPath(venue, contents.from, contents.to, options);
   }
-  if (!contents.path.empty() && options.map.empty()) {
+  if (options.stacked) {
+    stackFloors(venue, options, theme, contents);
+  } else if (!contents.path.empty() && options.map.empty()) {
     for (const FloorVisit& visit : floorVisits(contents.path)) {
       contents.floors.push_back(visit.floor);
       contents.visits.emplace_back(visit);
@@ -151,13 +169,19 @@ void placeCamera(const MapView& mapView, const std::vector<graphics::Vector3>& p
   const double turn = radians(options.turn);
   MapCamera& camera = mapView.camera();
   camera.setLimited(false);
-  camera.setPose(points.empty()
-                     ? camera.fittingPose(tilt, turn)
-                     : camera.framingPose(points, aroundRoute(*mapView.venue), tilt, turn));
+  camera.setPose(points.empty() ? camera.fittingPose(tilt, turn)
+                                : camera.framingPose(points, aroundRoute(mapView), tilt, turn));
   const graphics::Size size = camera.lens().size;
   if (options.zoom) camera.zoomBy(*options.zoom, {size.width / 2, size.height / 2});
   const MapTheme* const theme = mapView.style() ? mapView.style()->theme().get() : nullptr;
   if (isFirstView(options, theme)) mapView.style()->showFirstView();
+}
+
+void stack(const MapView& mapView, const RenderVenueOptions& options) {
+  mapView.style()->setStacked(true);
+  MapCamera& camera = mapView.camera();
+  const graphics::Size size = camera.lens().size;
+  if (options.zoom) camera.zoomBy(*options.zoom, {size.width / 2, size.height / 2});
 }
 
 void showFloor(const Stage& stage, std::size_t index, const Contents& contents, Overlays& overlays,
@@ -177,6 +201,7 @@ void showFloor(const Stage& stage, std::size_t index, const Contents& contents, 
   if (route != nullptr) route->arrange();
   while (overlays.labels && overlays.labels->arrange()) {
   }
+  if (options.stacked) stack(mapView, options);
   mapView.updateMarkerPositions();
   mapView.updateMarkerVisibility();
 }
@@ -190,6 +215,15 @@ void warn(const FloorProgress& floor) {
   if (!floor.remark.empty()) complain(fmt::format("floor {}: {}", label, floor.remark));
 }
 
+// Keeps routes in styled images clear of a view at an edge.
+void keepRoutesClear(MapView& mapView, const graphics::Rect& frame) {
+  const double height = mapView.bounds().size.height;
+  const bool isAbove = frame.midY() < height / 2;
+  Insets insets;
+  (isAbove ? insets.top : insets.bottom) = isAbove ? frame.maxY() : height - frame.minY();
+  mapView.camera().setInsets(insets);
+}
+
 // Puts the attribution on the images. If that is not possible, writes it to standard error.
 void attribute(Stage& stage, const Venue& venue, graphics::Size size,
                const RenderVenueOptions& options, const MapTheme* theme) {
@@ -201,6 +235,8 @@ void attribute(Stage& stage, const Venue& venue, graphics::Size size,
     const auto view = std::make_shared<AttributionView>(text, corner, size, options.scale, theme);
     stage.mapView()->addSubview(view);
     isShown = view->isWhole();
+    if (theme != nullptr && !options.route.empty())
+      keepRoutesClear(*stage.mapView(), view->frame());
   }
   if (!isShown) complain("show this attribution with the images: " + text);
 }
@@ -271,6 +307,7 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   if (theme) {
     const auto style = MapStyle::make(theme);
     style->setStill(true);  // the camera does not move
+    style->setLabels(!options.noLabels);
     stage.mapView()->setStyle(style);
   }
   if (options.connection.offline)
@@ -285,14 +322,16 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   Overlays overlays(stage.mapView(), contents, options);
   PictureWriter writer(options);
   bool failed = false;
+  bool isWritten = false;
   std::set<const Map*> warned;
   for (std::size_t i = 0; i < floors.size(); ++i) {
     const FloorProgress& floor = floors[i];
     if (warned.insert(floor.map.get()).second) warn(floor);
     failed = failed || floor.state == FloorState::failed;
-    if (floor.state != FloorState::ready) continue;
+    if (floor.state != FloorState::ready || (options.stacked && isWritten)) continue;
+    isWritten = true;
     showFloor(stage, i, contents, overlays, options);
-    writer.write(stage, writer.nameFor(*floor.map, floors.size() > 1));
+    writer.write(stage, writer.nameFor(*floor.map, floors.size() > 1 && !options.stacked));
   }
   const bool anything = writer.finish();
   if (failed) return ExitCode::noAnswer;

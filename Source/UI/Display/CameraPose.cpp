@@ -21,7 +21,7 @@ double Lens::slopePerPoint() const {
 
 double depthOf(const graphics::Vector3& point, const CameraPose& pose) {
   const graphics::Point seen = turned({point.x - pose.x, point.y - pose.y}, -pose.turn);
-  return pose.distance + seen.y * std::sin(pose.tilt) - point.z * std::cos(pose.tilt);
+  return pose.distance + seen.y * std::sin(pose.tilt) - (point.z - pose.z) * std::cos(pose.tilt);
 }
 
 CameraPose CameraLimits::clamped(CameraPose pose) const {
@@ -86,6 +86,19 @@ std::optional<graphics::Point> shownAt(const CameraPose& pose, const Lens& lens,
                          lens.size.height / 2 - seen.y * std::cos(pose.tilt) * pointsPerUnit};
 }
 
+CameraPose atHeight(CameraPose pose, double z) {
+  const double rise = pose.z - z;
+  if (rise == 0) return pose;
+  const graphics::Point shift = turned({0, rise * std::tan(pose.tilt)}, pose.turn);
+  pose.x += shift.x;
+  pose.y += shift.y;
+  pose.distance += rise / std::cos(pose.tilt);
+  pose.z = z;
+  return pose;
+}
+
+double eased(double share) { return 1 - std::pow(1 - share, 3); }
+
 CameraPose between(const CameraPose& from, const CameraPose& to, double share) {
   const auto mix = [&](double a, double b) { return a + (b - a) * share; };
   CameraPose pose;
@@ -93,6 +106,7 @@ CameraPose between(const CameraPose& from, const CameraPose& to, double share) {
   pose.y = mix(from.y, to.y);
   pose.distance = from.distance * std::pow(to.distance / from.distance, share);
   pose.tilt = mix(from.tilt, to.tilt);
+  pose.z = mix(from.z, to.z);
   pose.turn = from.turn + std::remainder(to.turn - from.turn, 2 * pi) * share;
   return pose;
 }

@@ -9,14 +9,16 @@
 
 namespace orivanta {
 
-/// The pose of a camera that orbits a point of the ground (z = 0). The point is at the center of
-/// the view. Distances are in scene units, angles in radians.
+/// The pose of a camera that orbits a point, which is at the center of the view. The point lies on
+/// the ground (z = 0) unless floors are stacked, see `MapCamera::setExtent`. Distances are in scene
+/// units, angles in radians.
 struct CameraPose {
-  double x = 0;         ///< x of the point on the ground
-  double y = 0;         ///< y of the point on the ground
+  double x = 0;         ///< x of the point
+  double y = 0;         ///< y of the point
   double distance = 1;  ///< from the point to the camera, greater than 0
   double tilt = 0;      ///< 0 (straight down) to less than pi/2
   double turn = 0;      ///< counterclockwise from above; at 0 the y axis points up
+  double z = 0;         ///< height of the point and of what the functions below call the ground
 
   friend bool operator==(const CameraPose&, const CameraPose&) = default;
 };
@@ -65,6 +67,13 @@ ORIVANTA_API CameraPose dragged(const CameraPose& pose, const Lens& lens, graphi
 /// ground at `about` stays there.
 ORIVANTA_API CameraPose zoomed(const CameraPose& pose, const Lens& lens, const CameraLimits& limits,
                                double factor, graphics::Point about);
+
+/// Returns the pose of the same camera that orbits a point at another height.
+ORIVANTA_API CameraPose atHeight(CameraPose pose, double z);
+
+/// Returns the progress of a motion that slows down toward its end, from 0 to 1, after a `share`
+/// of its time.
+ORIVANTA_API double eased(double share);
 
 /// Interpolates between two poses: a `share` of 0 returns `from`, 1 returns `to`. The turn takes
 /// the shorter direction. Equal steps of `share` change the distance by equal factors.

@@ -57,7 +57,7 @@ double nearestVisibleDepth(const graphics::Box& box, const CameraPose& pose, con
   for (const graphics::Vector3& corner : cornersOf(box))
     nearest = std::min(nearest, depthOf(corner, pose));
   // Nothing below the top of the box is nearer than the top at the lower edge of the view.
-  const double above = pose.distance * std::cos(pose.tilt) - box.max.z;
+  const double above = pose.distance * std::cos(pose.tilt) + pose.z - box.max.z;
   const double slope = lens.slopePerPoint() * lens.size.height / 2;
   const double atLowerEdge = above / (std::cos(pose.tilt) + slope * std::sin(pose.tilt));
   return std::max(nearest, atLowerEdge);
@@ -129,7 +129,7 @@ CameraPose CameraRig::pose() const {
   const graphics::Transaction transaction;
   const auto position = orbit().position();
   const auto angles = orbit().eulerAngles();
-  return {position.x, position.y, distance(), angles.x, angles.z};
+  return {position.x, position.y, distance(), angles.x, angles.z, position.z};
 }
 
 double CameraRig::fieldOfView() const {
@@ -138,11 +138,18 @@ double CameraRig::fieldOfView() const {
   return camera ? camera->xFov : view_.fov;
 }
 
+void CameraRig::setFieldOfView(double degrees) {
+  const graphics::Transaction transaction;
+  const auto first = firstChild(view_.cameraOrbit);
+  const auto camera = first ? first->camera() : nullptr;
+  if (camera) camera->xFov = camera->yFov = degrees;
+}
+
 void CameraRig::place(const CameraPose& pose) {
   const graphics::Transaction transaction;
   const auto x = static_cast<float>(pose.x);
   const auto y = static_cast<float>(pose.y);
-  orbit().setPosition({x, y, 0});
+  orbit().setPosition({x, y, static_cast<float>(pose.z)});
   orbit().setEulerAngle(Axis::x, static_cast<float>(pose.tilt));
   orbit().setEulerAngle(Axis::z, static_cast<float>(pose.turn));
   carrier().setPosition(Axis::z, static_cast<float>(pose.distance));

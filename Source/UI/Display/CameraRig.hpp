@@ -30,6 +30,9 @@ class CameraRig {
   /// Returns the field of view in degrees. Returns that of the map view if the rig is not built.
   double fieldOfView() const;
 
+  /// Sets the field of view in degrees. Does nothing if the rig is not built.
+  void setFieldOfView(double degrees);
+
   /// Moves the camera to a pose. The rig must be built.
   void place(const CameraPose& pose);
 

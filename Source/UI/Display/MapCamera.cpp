@@ -9,6 +9,9 @@
 #include "Platform/Scene/Node.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Display/CameraRig.hpp"
+#include "Source/UI/Display/FloorCorners.hpp"
+#include "Source/UI/Display/MapStyle.hpp"
+#include "Source/UI/Display/Styled/StyledMap.hpp"
 #include "Source/UI/MapView.hpp"
 
 namespace orivanta {
@@ -17,21 +20,11 @@ namespace {
 
 constexpr double pi = std::numbers::pi;
 constexpr double glideSeconds = 0.28;
+constexpr double lensSeconds = 0.35;
 constexpr double farthestTimesFitting = 1.8;
 constexpr double steepest = pi / 3 - 0.001;  // slightly less than the limit of the tilt gesture
 
-// Returns the corners of a floor's shapes. They frame a turned floor more tightly than its box.
-std::vector<graphics::Vector3> cornersOfShapes(const scene::Node& floor) {
-  std::vector<graphics::Vector3> corners;
-  for (const auto& shape : floor.children()) {
-    const graphics::Box box = shape->boundingBox();
-    if (box.isEmpty()) continue;
-    const graphics::Matrix4 toFloor = shape->transform();
-    for (const graphics::Vector3& corner : cornersOf(box))
-      corners.emplace_back(toFloor * graphics::Vector4(corner, 1.0F));
-  }
-  return corners;
-}
+double halfSlope(double fieldOfView) { return std::tan(fieldOfView * pi / 360); }
 
 CameraLimits noLimits() {
   CameraLimits limits;
@@ -61,30 +54,47 @@ CameraPose MapCamera::target() const { return glide_ ? glide_->to : pose(); }
 
 Lens MapCamera::lens() const { return {view_.sceneView->bounds().size, rig_.fieldOfView()}; }
 
+Lens MapCamera::targetLens() const {
+  return {view_.sceneView->bounds().size, glide_ ? glide_->fovTo : rig_.fieldOfView()};
+}
+
+void MapCamera::setExtent(std::optional<graphics::Box> extent) {
+  extent_ = extent && !extent->isEmpty() ? extent : std::nullopt;
+  pivot_ = extent_ ? extent_->center().z : 0;
+}
+
 CameraLimits MapCamera::limits() const { return limitsAt(pose().tilt); }
 
 CameraPose MapCamera::limited(const CameraPose& pose) const {
-  return limitsAt(std::clamp(pose.tilt, 0.0, steepest)).clamped(pose);
+  return limitsAt(std::clamp(pose.tilt, 0.0, steepest)).clamped(atHeight(pose, pivot_));
 }
 
 CameraLimits MapCamera::limitsAt(double tilt) const {
   if (!limited_ || !isReady()) return noLimits();
   CameraLimits limits;
-  limits.floor = view_.currentMap()->mapObject->boundingBox();
+  limits.floor = extent_ ? *extent_ : view_.currentMap()->mapObject->boundingBox();
   limits.steepest = steepest;
   if (limits.floor.isEmpty()) return limits;
   CameraPose upright;
   upright.tilt = tilt;
-  const CameraPose fit = framing(cornersOf(limits.floor), upright, lens(), insets_, aroundFloor);
+  upright.z = pivot_;
+  const CameraPose fit =
+      framing(cornersOf(limits.floor), upright, targetLens(), insets_, aroundFloor);
   limits.farthest = fit.distance * farthestTimesFitting;
   // A tilted camera that shows a high model orbits a point of the ground behind it.
-  limits.floor.add(graphics::Vector3{fit.x, fit.y, 0});
+  limits.floor.add(graphics::Vector3{fit.x, fit.y, pivot_});
   return limits;
 }
 
 CameraPose MapCamera::fittingPose(double tilt, double turn) const {
   if (!isReady()) return {};
-  return framingPose(cornersOfShapes(*view_.currentMap()->mapObject), aroundFloor, tilt, turn);
+  return framingPose(framedCorners(), aroundFloor, tilt, turn);
+}
+
+std::vector<graphics::Vector3> MapCamera::framedCorners() const {
+  if (!extent_) return cornersOfShapes(*view_.currentMap()->mapObject);
+  const auto corners = cornersOf(*extent_);
+  return {corners.begin(), corners.end()};
 }
 
 CameraPose MapCamera::framingPose(const std::vector<graphics::Vector3>& points,
@@ -93,7 +103,8 @@ CameraPose MapCamera::framingPose(const std::vector<graphics::Vector3>& points,
   CameraPose seen = pose();
   seen.tilt = tilt;
   seen.turn = turn;
-  return framing(points, seen, lens(), insets_, surroundings);
+  seen.z = pivot_;
+  return framing(points, seen, targetLens(), insets_, surroundings);
 }
 
 void MapCamera::move(const CameraPose& pose, CameraMotion motion) {
@@ -108,15 +119,46 @@ CameraPose MapCamera::startOf(CameraMotion motion) const {
 }
 
 void MapCamera::setPose(const CameraPose& pose) {
-  glide_.reset();
+  stop();
   if (isReady()) write(limited(pose));
+}
+
+// Keeps what the middle of the view shows.
+void MapCamera::stop() {
+  if (!glide_) return;
+  const double fieldOfView = glide_->fovTo;
+  const double former = rig_.fieldOfView();
+  glide_.reset();
+  if (fieldOfView == former || !rig_.isBuilt()) return;
+  CameraPose pose = rig_.pose();
+  pose.distance *= halfSlope(former) / halfSlope(fieldOfView);
+  rig_.setFieldOfView(fieldOfView);
+  write(pose);
+}
+
+void MapCamera::moveTo(const CameraPose& pose, double fieldOfView, CameraMotion motion) {
+  stop();
+  if (!isReady()) return;
+  const double former = rig_.fieldOfView();
+  glide_ = Glide{rig_.pose(), pose, former, fieldOfView, lensSeconds, std::nullopt};
+  glide_->to = limited(pose);
+  if (motion == CameraMotion::glide) return;
+  const CameraPose end = glide_->to;
+  glide_.reset();
+  rig_.setFieldOfView(fieldOfView);
+  write(end);
 }
 
 void MapCamera::glideTo(const CameraPose& pose) {
   if (!isReady()) return;
-  Glide glide{rig_.pose(), limited(pose), std::nullopt};
-  // Continue the time of a running glide, so that the camera moves between rapid calls.
-  if (glide_ && glide_->start) glide.start = glide_->now;
+  const double fieldOfView = rig_.fieldOfView();
+  Glide glide{rig_.pose(), limited(pose), fieldOfView, fieldOfView, glideSeconds, std::nullopt};
+  if (glide_) {
+    glide.fovTo = glide_->fovTo;
+    if (glide.fovTo != fieldOfView) glide.seconds = lensSeconds;
+    // Continue the time of a running glide, so that the camera moves between rapid calls.
+    if (glide_->start) glide.start = glide_->now;
+  }
   glide_ = glide;
 }
 
@@ -167,18 +209,30 @@ void MapCamera::resetNorth(CameraMotion motion) {
 }
 
 void MapCamera::advance(double time) {
+  advanceGlide(time);
+  if (const auto style = view_.style()) style->styled_->advance(time);
+}
+
+// The size of what the middle of the view shows changes by equal factors, whatever the field of
+// view is.
+void MapCamera::advanceGlide(double time) {
   if (!glide_) return;
   if (!isReady()) return glide_.reset();
   if (!glide_->start) glide_->start = time;
   glide_->now = time;
-  const double share = std::clamp((time - *glide_->start) / glideSeconds, 0.0, 1.0);
-  const double eased = 1 - std::pow(1 - share, 3);
-  write(between(glide_->from, glide_->to, eased));
+  const double share = std::clamp((time - *glide_->start) / glide_->seconds, 0.0, 1.0);
+  CameraPose from = glide_->from;
+  CameraPose to = glide_->to;
+  const double fieldOfView = glide_->fovFrom + (glide_->fovTo - glide_->fovFrom) * eased(share);
+  from.distance *= halfSlope(glide_->fovFrom) / halfSlope(fieldOfView);
+  to.distance *= halfSlope(glide_->fovTo) / halfSlope(fieldOfView);
+  if (glide_->fovFrom != glide_->fovTo) rig_.setFieldOfView(fieldOfView);
+  write(between(from, to, eased(share)));
   if (share >= 1) glide_.reset();
 }
 
 void MapCamera::touchBegan() {
-  glide_.reset();
+  stop();
   isTouched_ = true;
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Graphics/Vector.hpp"
 #include "Source/UI/Display/CameraPose.hpp"
 #include "Source/UI/Display/Framing.hpp"
@@ -44,7 +45,7 @@ class ORIVANTA_API MapCamera {
   /// Returns the final pose of the running glide, or `pose` if there is none.
   CameraPose target() const;
 
-  /// Returns the size of the view and the field of view.
+  /// Returns the size of the view and the current field of view.
   Lens lens() const;
 
   /// Returns the limits of poses: above the floor, at most 1.8 times the distance from which the
@@ -54,6 +55,12 @@ class ORIVANTA_API MapCamera {
 
   /// Sets whether poses are kept within `limits`. The default is true.
   void setLimited(bool limited) { limited_ = limited; }
+
+  /// Sets a box of the scene that the camera shows instead of the model of the floor: `fit` frames
+  /// it, poses are limited to it, and the camera orbits points at the height of its middle.
+  /// Nothing, the default, means the floor. Styles set it while floors are stacked. Does not move
+  /// the camera.
+  void setExtent(std::optional<graphics::Box> extent);
 
   /// Sets the covered margins of the view. `fit` and `frame` use the rest of the view.
   void setInsets(const Insets& insets);
@@ -75,6 +82,12 @@ class ORIVANTA_API MapCamera {
   /// Starts a glide to the nearest pose within the limits. The camera does not move before
   /// `advance` is called.
   void glideTo(const CameraPose& pose);
+
+  /// Moves the camera to the nearest pose within the limits, with another field of view in degrees.
+  /// A glide takes 0.35 seconds and changes both together. If it is ended early, the field of view
+  /// changes to its final value immediately, and the middle of the view keeps its scale.
+  void moveTo(const CameraPose& pose, double fieldOfView,
+              CameraMotion motion = CameraMotion::atOnce);
 
   /// Shows the whole floor with the y axis pointing up. Keeps the tilt.
   void fit(CameraMotion motion = CameraMotion::atOnce);
@@ -107,11 +120,12 @@ class ORIVANTA_API MapCamera {
   bool isGliding() const { return glide_.has_value(); }
 
   /// Ends a running glide at the current pose.
-  void stop() { glide_.reset(); }
+  void stop();
 
-  /// Advances a running glide to `time`, the time of the next frame in seconds. Does nothing if no
-  /// glide is running. Hosts that use glides call it before each frame. A glide starts with the
-  /// first call after it was requested. `MapView::needsFrame` is true until the glide has ended.
+  /// Advances a running glide, and the changes of a style that take time, to `time`, the time of
+  /// the next frame in seconds. Does nothing if neither is running. Hosts that use glides call it
+  /// before each frame. A glide starts with the first call after it was requested.
+  /// `MapView::needsFrame` is true until the glide has ended.
   void advance(double time);
 
   // With these functions, the gestures of the map view respect the limits, and continue from the
@@ -131,12 +145,18 @@ class ORIVANTA_API MapCamera {
   struct Glide {
     CameraPose from;
     CameraPose to;
+    double fovFrom;  // degrees
+    double fovTo;
+    double seconds;
     std::optional<double> start;  // empty until first advanced
     double now = 0;               // when it was last advanced
   };
 
   void move(const CameraPose& pose, CameraMotion motion);
   CameraPose startOf(CameraMotion motion) const;
+  Lens targetLens() const;
+  std::vector<graphics::Vector3> framedCorners() const;
+  void advanceGlide(double time);
   CameraLimits limitsAt(double tilt) const;
   CameraPose limited(const CameraPose& pose) const;
   void keepWithinLimits(bool always);
@@ -147,6 +167,8 @@ class ORIVANTA_API MapCamera {
   CameraRig& rig_;
   Insets insets_;
   std::optional<Glide> glide_;
+  std::optional<graphics::Box> extent_;
+  double pivot_ = 0;  // the height of the orbited point
   bool limited_ = true;
   bool isTouched_ = false;
 };

@@ -23,7 +23,25 @@ void MapStyle::setTheme(std::shared_ptr<const MapTheme> theme) {
 
 const std::shared_ptr<const MapTheme>& MapStyle::theme() const { return styled_->theme(); }
 
-void MapStyle::setStill(bool isStill) { styled_->labels().setStill(isStill); }
+void MapStyle::setLabels(bool areShown) { styled_->labels().setShown(areShown); }
+
+void MapStyle::setStill(bool isStill) { styled_->setStill(isStill); }
+
+void MapStyle::setReducedMotion(bool isReduced) { styled_->setReducedMotion(isReduced); }
+
+void MapStyle::setStacked(bool isStacked) { styled_->setStacked(isStacked); }
+
+bool MapStyle::isStacked() const { return styled_->isStacked(); }
+
+void MapStyle::setModelColors(bool hasModelColors) { styled_->setModelColors(hasModelColors); }
+
+void MapStyle::setTexts(const guidance::InterfaceTexts& texts) { styled_->setTexts(texts); }
+
+void MapStyle::setSelected(std::shared_ptr<Location> place) {
+  styled_->setSelected(std::move(place));
+}
+
+void MapStyle::setClosures(const guidance::Closures& closures) { styled_->setClosures(closures); }
 
 void MapStyle::setCovered(std::vector<graphics::Rect> covered) {
   styled_->labels().setCovered(std::move(covered));
@@ -38,7 +56,9 @@ std::shared_ptr<Map> MapStyle::firstFloor(const Venue& venue, const KindWords& w
 }
 
 void MapStyle::showFirstView(CameraMotion motion) {
-  if (styled_->view() != nullptr) showFirstRegion(*styled_->view(), theme()->words, motion);
+  if (styled_->view() == nullptr) return;
+  if (isStacked()) return styled_->view()->camera().fit(motion);
+  showFirstRegion(*styled_->view(), theme()->words, motion);
 }
 
 void MapStyle::setFurniture(const MapFurniture& furniture) { styled_->setFurniture(furniture); }

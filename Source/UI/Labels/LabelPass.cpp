@@ -133,7 +133,7 @@ void LabelPass::chooseMode(std::size_t index) {
   }
   const ProjectedPlace later = placeAtScale(index, false);
   std::optional<std::size_t> lines;
-  if (later.pointsPerUnit * frame_->unitsPerMeter >= label.scales.name)
+  if (later.pointsPerUnit * frame_->unitsPerMeter >= label.scales.inside)
     lines = linesInside(label, later, plane_);
   const bool isVisible = state.symbol.isVisible() || state.name.isVisible();
   if (lines.has_value() != state.isInside && isVisible) {
@@ -208,7 +208,8 @@ bool LabelPass::isNameWanted(std::size_t index) const {
   const PlaceLabel& label = (*labels_)[index];
   const LabelState& state = (*states_)[index];
   if (label.names.empty() || (label.insideOnly && !state.isInside)) return false;
-  if (!isAtScale(state.name, index, label.scales.name)) return false;
+  const double scale = state.isInside ? label.scales.inside : label.scales.name;
+  if (!isAtScale(state.name, index, scale)) return false;
   if (state.isInside) return !state.symbol.isVisible();
   if (!(label.symbolSize > 0)) return true;
   if (state.name.isShown) return state.symbol.isShown;

@@ -125,7 +125,8 @@ void LabelPlacement::sort(const LabelFrame& frame) {
   for (const std::size_t i : ranked_) {
     LabelState& state = states_[i];
     const LabelScales scales = labels_[i].scales;
-    const double least = std::min(scales.symbol, scales.name) * (state.isShown() ? keepFactor : 1);
+    const double ofName = labels_[i].room ? std::min(scales.name, scales.inside) : scales.name;
+    const double least = std::min(scales.symbol, ofName) * (state.isShown() ? keepFactor : 1);
     if (isUsable(frame.places[i], frame.view) &&
         frame.places[i].pointsPerUnit * frame.unitsPerMeter >= least) {
       const auto add = [&](bool isPreferred, bool isName) {

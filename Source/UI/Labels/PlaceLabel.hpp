@@ -15,7 +15,8 @@ namespace orivanta {
 /// The scales from which on a label is shown, in points per meter; 0 to show it at any scale.
 struct LabelScales {
   double symbol = 0;  ///< for the icon or the dot
-  double name = 0;    ///< for the name
+  double name = 0;    ///< for the name beside the symbol
+  double inside = 0;  ///< for the name inside the area
 };
 
 /// The label of a place: a symbol (an icon or a dot), a name, or both.

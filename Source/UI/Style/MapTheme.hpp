@@ -26,7 +26,7 @@ struct ZoomStep {
 struct MapSizes {
   double name = 12.0;             ///< font size of names
   double smallName = 11.0;        ///< font size of names of places with an importance below 40
-  double halo = 3.0;              ///< width of the halo around names
+  double halo = 1.5;              ///< width of the halo around names
   double outline = 1.6;           ///< width of outlines
   double walkableOutline = 1.25;  ///< width of outlines of walkable areas
   double icon = 16.0;             ///< diameter of icons

@@ -93,5 +93,23 @@ TEST_F(BatchTest, MatchesUntilAMergedChildChanges) {
   }
 }
 
+TEST_F(BatchTest, CopiesShareTheArraysButNotTheNodes) {
+  const auto batch = Batch::make(*parent_);
+  const auto copy = Node::make();
+  for (const auto& child : batch->children()) {
+    copy->addChild(Node::make(child.geometry));
+    copy->children().back()->setPosition(child.position);
+    copy->children().back()->setEulerAngles(child.eulerAngles);
+  }
+  const auto adopted = batch->adopted(*copy);
+  EXPECT_EQ(adopted->data(), batch->data());
+  EXPECT_TRUE(adopted->matches(*copy));
+  EXPECT_FALSE(adopted->matches(*parent_));
+  EXPECT_EQ(adopted->parts()[1].node, copy->children()[1]);
+  EXPECT_EQ(adopted->parts()[1].box.max, batch->parts()[1].box.max);
+  copy->children()[0]->setPosition({1, 0, 0});
+  EXPECT_EQ(batch->adopted(*copy), nullptr);
+}
+
 }  // namespace
 }  // namespace orivanta::scene

@@ -39,19 +39,23 @@ void AttributionNote::drawImage(const graphics::Size& room, double scale, const 
   image_ = graphics::makeTextImage(text_, style, scale);
 }
 
-double AttributionNote::draw(view::Canvas& canvas, const graphics::Rect& room,
-                             const MapTheme& theme) {
-  if (text_.empty()) return 0;
-  drawImage(room.size, canvas.scale(), theme);
-  if (!image_) return 0;
-  const graphics::Size size{image_->size().width + 2 * padding,
-                            image_->size().height + 2 * padding};
-  const graphics::Point corner{room.minX(), room.maxY() - size.height};
+graphics::Rect AttributionNote::arrange(const graphics::Rect& room, const MapTheme& theme,
+                                        double scale) {
+  rect_ = {};
+  if (text_.empty()) return rect_;
+  drawImage(room.size, scale, theme);
+  if (!image_) return rect_;
+  rect_.size = {image_->size().width + 2 * padding, image_->size().height + 2 * padding};
+  rect_.origin = {room.minX(), room.maxY() - rect_.size.height};
+  return rect_;
+}
+
+void AttributionNote::draw(view::Canvas& canvas, const MapTheme& theme) const {
+  if (!(rect_.size.width > 0)) return;
   graphics::Color ground = theme.colors.halo;
   ground.alpha = groundAlpha;
-  canvas.fill({corner, size}, ground, cornerRadius);
-  canvas.draw(image_, {{corner.x + padding, corner.y + padding}, image_->size()});
-  return size.height;
+  canvas.fill(rect_, ground, cornerRadius);
+  canvas.draw(image_, {{rect_.minX() + padding, rect_.minY() + padding}, image_->size()});
 }
 
 }  // namespace orivanta

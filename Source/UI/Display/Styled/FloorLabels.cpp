@@ -17,6 +17,9 @@ constexpr double dotSize = 5;             // points
 constexpr double leastFacility = 60;      // importance
 constexpr double metersOfMedianRoom = 5;  // its side, if the scale is unknown
 
+// A name that fits into its area is shown from this share of the usual scale on.
+constexpr double insideShare = 0.35;
+
 // Places that visitors recognize by an icon rather than by a name.
 bool isFacility(PlaceKind kind) { return importanceOf(kind) >= leastFacility; }
 
@@ -67,16 +70,23 @@ class FloorLabeling {
   void add(const PlaceRecord& place) {
     const auto area = areas_.largest(place.shapes);
     if (!area && !place.entry) return;
-    const bool isUnsigned = place.isNameGenerated && !isFacility(place.kind);
-    LabelSource source{place.place, place.kind, !hasIcon(place.kind, area.has_value()), {}};
+    const bool isUnsigned = place.isNameGenerated && !isFacility(place.kind) && !place.isClosed;
+    LabelSource source{place.place,
+                       place.kind,
+                       !hasIcon(place.kind, area.has_value()) && !place.isClosed,
+                       place.isClosed,
+                       {}};
     PlaceLabel label;
     label.insideOnly = isUnsigned && area;
     if (!area && isUnsigned && source.isDot) return;
     setScale(label, place, area);
-    if (!place.isNameGenerated || label.insideOnly) setNames(label, source, place.name);
+    if (place.isClosed)
+      setNames(label, source, place.isNameGenerated ? "" : place.name, records_.closedWord);
+    else if (!place.isNameGenerated || label.insideOnly)
+      setNames(label, source, place.name);
     if (label.insideOnly && label.names.empty()) return;
     label.symbolSize = source.isDot ? dotSize : theme_.sizes.icon;
-    label.symbolFirst = !area || isFacility(place.kind);
+    label.symbolFirst = !area || isFacility(place.kind) || place.isClosed;
     for (const std::size_t index : areas_.indicesOf(place.shapes))
       if (owners_[index] == AreaRaster::nobody)
         owners_[index] = static_cast<std::uint32_t>(labels_.size());
@@ -94,16 +104,25 @@ class FloorLabeling {
     double size = 0;  // square meters
     if (area && !isConnector(place.kind))
       size = areas_.all()[*area].area.size / (unitsPerMeter_ * unitsPerMeter_);
-    label.rank =
-        labelRank(importanceOf(place.kind), size, place.isNameGenerated && !isFacility(place.kind));
+    const bool isUnsigned = place.isNameGenerated && !isFacility(place.kind);
+    double importance = importanceOf(place.kind);
+    if (place.isClosed) importance = std::max(importance, leastFacility);
+    label.rank = labelRank(importance, size, isUnsigned && !place.isClosed);
     const ZoomStep step = theme_.zoomStep(label.rank);
-    label.scales = {step.iconFrom, step.nameFrom};
+    label.scales = {step.iconFrom, step.nameFrom,
+                    isUnsigned ? step.nameFrom : step.nameFrom * insideShare};
   }
 
-  void setNames(PlaceLabel& label, LabelSource& source, const std::string& name) const {
+  // The last line follows the name.
+  void setNames(PlaceLabel& label, LabelSource& source, const std::string& name,
+                const std::string& lastLine = "") const {
     const graphics::TextStyle style = nameStyle(theme_, theme_.nameSize(label.rank));
     source.names =
         labelLines(name, [&](std::string_view text) { return measure_(text, style).width; });
+    if (!lastLine.empty()) {
+      if (source.names.empty()) source.names.emplace_back();
+      for (LabelLines& lines : source.names) lines.lines.push_back(lastLine);
+    }
     for (const LabelLines& lines : source.names) {
       const graphics::Size size = measure_(joined(lines.lines), style);
       // The lines are higher than their glyphs: half of the halo lies above and below them.

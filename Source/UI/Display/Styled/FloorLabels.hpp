@@ -29,6 +29,7 @@ struct LabelSource {
   std::shared_ptr<Location> place;  ///< the place or connector; never null
   PlaceKind kind = PlaceKind::other;
   bool isDot = false;             ///< the symbol is a dot, not an icon
+  bool isClosed = false;          ///< the icon is that of a place that is out of order
   std::vector<LabelLines> names;  ///< the texts of `PlaceLabel::names`
 };
 
@@ -50,7 +51,8 @@ graphics::TextStyle nameStyle(const MapTheme& theme, double fontSize);
 ///
 /// Connectors and other facilities always have an icon; food, culture and sport, and all places
 /// without an area, have one if the name is not inside the area; others have a dot. Generated names
-/// are shown only inside areas, and not at facilities.
+/// are shown only inside areas, and not at facilities. What is closed always has an icon, and the
+/// word for it below its name.
 ///
 /// If the venue does not state its scale, the side of the median area is taken as 5 meters. Any
 /// thread; takes up to some tenths of a second.

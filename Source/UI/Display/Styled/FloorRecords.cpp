@@ -21,8 +21,9 @@ namespace {
 
 class FloorCopying {
  public:
-  FloorCopying(const Venue& venue, const Map& floor, const KindWords& words)
-      : venue_(venue), floor_(floor), words_(words), names_(venue) {}
+  FloorCopying(const Venue& venue, const Map& floor, const KindWords& words,
+               const guidance::Closures& closures)
+      : venue_(venue), floor_(floor), words_(words), closures_(closures), names_(venue) {}
 
   FloorRecords run() {
     records_.unitsPerMeter = guidance::unitsPerMeterOf(venue_);
@@ -53,8 +54,13 @@ class FloorCopying {
   }
 
   PlaceRecord& add(const std::shared_ptr<Location>& place) {
-    PlaceRecord record{
-        place, words_.kindOf(*place), names_.of(*place), hasGeneratedName(*place), {}, {}};
+    PlaceRecord record{place,
+                       words_.kindOf(*place),
+                       names_.of(*place),
+                       hasGeneratedName(*place),
+                       closures_.contains(place->id.value_or("")),
+                       {},
+                       {}};
     const auto node = std::find_if(place->nodes.begin(), place->nodes.end(),
                                    [&](const auto& found) { return found->map.get() == &floor_; });
     if (node != place->nodes.end()) record.entry = scenePosition(**node);
@@ -78,14 +84,16 @@ class FloorCopying {
   const Venue& venue_;
   const Map& floor_;
   const KindWords& words_;
+  const guidance::Closures& closures_;
   LabelNames names_;
   FloorRecords records_;
 };
 
 }  // namespace
 
-FloorRecords floorRecords(const Venue& venue, const Map& floor, const KindWords& words) {
-  return FloorCopying(venue, floor, words).run();
+FloorRecords floorRecords(const Venue& venue, const Map& floor, const KindWords& words,
+                          const guidance::Closures& closures) {
+  return FloorCopying(venue, floor, words, closures).run();
 }
 
 }  // namespace orivanta

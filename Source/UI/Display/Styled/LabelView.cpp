@@ -50,6 +50,7 @@ void LabelView::setTheme(std::shared_ptr<const MapTheme> theme) {
   if (theme == theme_) return;
   theme_ = std::move(theme);
   pictures_.reset();
+  selectedMark_.clear();
   setNeedsFrame();
 }
 
@@ -58,10 +59,32 @@ void LabelView::setLabels(std::shared_ptr<const FloorLabels> labels) {
   labels_ = std::move(labels);
   placement_.setLabels(labels_ ? labels_->labels : std::vector<PlaceLabel>());
   appearances_.assign(placement_.labels().size(), {});
+  findSelected();
   visible_.clear();
   isNew_ = true;
   isDrawn_ = false;
   setNeedsFrame();
+}
+
+void LabelView::setMarked(std::vector<std::shared_ptr<Location>> places) {
+  const Transaction transaction;
+  if (places == marked_) return;
+  marked_ = std::move(places);
+  setNeedsFrame();
+}
+
+void LabelView::setMarks(std::vector<Rect> marks) {
+  const Transaction transaction;
+  routeMarks_ = std::move(marks);
+}
+
+bool LabelView::isMarked(const std::shared_ptr<Location>& place) const {
+  return std::find(marked_.begin(), marked_.end(), place) != marked_.end();
+}
+
+std::optional<double> LabelView::unitsPerMeter() const {
+  const Transaction transaction;
+  return labels_ ? std::optional(labels_->unitsPerMeter) : std::nullopt;
 }
 
 void LabelView::setStill(bool isStill) {
@@ -78,6 +101,22 @@ void LabelView::setCovered(std::vector<Rect> covered) {
   setNeedsFrame();
 }
 
+void LabelView::setSelected(std::optional<SelectedPlace> selected) {
+  const Transaction transaction;
+  if (selected == selected_) return;
+  selected_ = std::move(selected);
+  selectedMark_.clear();
+  findSelected();
+  setNeedsFrame();
+}
+
+void LabelView::findSelected() {
+  selectedLabel_.reset();
+  if (!selected_ || !labels_) return;
+  for (std::size_t i = 0; i < labels_->sources.size(); ++i)
+    if (labels_->sources[i].place == selected_->place) selectedLabel_ = i;
+}
+
 void LabelView::setRoute(std::vector<RouteSegment> route) {
   const Transaction transaction;
   if (route == route_) return;
@@ -87,7 +126,9 @@ void LabelView::setRoute(std::vector<RouteSegment> route) {
 
 std::shared_ptr<Location> LabelView::labelAt(Point point) const {
   const Transaction transaction;
-  if (!labels_) return nullptr;
+  if (!labels_ || isHidden()) return nullptr;
+  for (const Rect& rect : selectedMark_.rects())
+    if (rect.contains(point)) return selected_->place;
   for (const ShownLabel& shown : placement_.shown())
     if (isHit(shown.name, shown.nameOpacity, point) ||
         isHit(shown.symbol, shown.symbolOpacity, point))
@@ -98,7 +139,7 @@ std::shared_ptr<Location> LabelView::labelAt(Point point) const {
 std::shared_ptr<Location> LabelView::symbolNear(Point point, double distance) const {
   const Transaction transaction;
   std::shared_ptr<Location> nearest;
-  if (!labels_) return nearest;
+  if (!labels_ || isHidden()) return nearest;
   for (const ShownLabel& shown : placement_.shown()) {
     const double away = std::hypot(shown.symbol.midX() - point.x, shown.symbol.midY() - point.y);
     if (!(shown.symbolOpacity > 0) || away > distance) continue;
@@ -131,7 +172,7 @@ void LabelView::draw(view::Canvas& canvas) {
   if (!isDrawn_) return;
   choosePictures(canvas.scale());
   pictures_->beginFrame();
-  place(FloorProjection(*viewpoint, bounds().size), canvas.time());
+  place(FloorProjection(*viewpoint, bounds().size), canvas.time(), canvas.scale());
   std::vector<Appearance> former(appearances_.size());
   for (const std::size_t label : visible_) std::swap(former[label], appearances_[label]);
   visible_.clear();
@@ -144,6 +185,7 @@ void LabelView::draw(view::Canvas& canvas) {
     visible_.push_back(shown->label);
   }
   canvas.draw(pictures_->sheet(), pieces_);
+  selectedMark_.draw(canvas);
 }
 
 void LabelView::choosePictures(double scale) {
@@ -153,10 +195,13 @@ void LabelView::choosePictures(double scale) {
   if (isStill_) pictures_->sheet()->setUploadBudget(std::numeric_limits<std::size_t>::max());
 }
 
-void LabelView::place(const FloorProjection& projection, double time) {
+void LabelView::place(const FloorProjection& projection, double time, double scale) {
   places_.clear();
-  for (const graphics::Vector3& anchor : labels_->anchors) places_.push_back(projection.of(anchor));
-  const std::vector<Rect> panels = this->panels();
+  for (std::size_t i = 0; i < labels_->anchors.size(); ++i)
+    places_.push_back(isMarked(labels_->sources[i].place) ? ProjectedPlace()
+                                                          : projection.of(labels_->anchors[i]));
+  const std::vector<Rect> panels = this->panels(scale);
+  placeSelected(projection, panels, scale);
   const std::vector<Rect> marks = this->marks(projection);
   LabelFrame frame;
   frame.time = time;
@@ -177,8 +222,24 @@ void LabelView::place(const FloorProjection& projection, double time) {
   isNew_ = false;
 }
 
-std::vector<Rect> LabelView::panels() const {
+// The label of the selected place is hidden while the pin is there.
+void LabelView::placeSelected(const FloorProjection& projection, std::span<const Rect> panels,
+                              double scale) {
+  selectedMark_.hide();
+  if (!selected_ || isMarked(selected_->place)) return;
+  const ProjectedPlace at =
+      selectedLabel_ ? places_[*selectedLabel_] : projection.of(selected_->position);
+  if (selectedLabel_) places_[*selectedLabel_].pointsPerUnit = 0;
+  if (at.pointsPerUnit > 0)
+    selectedMark_.arrange(*selected_, at.point, bounds().size, panels, *theme_, scale);
+}
+
+std::vector<Rect> LabelView::panels(double scale) const {
   std::vector<Rect> panels = covered_;
+  if (furniture) {
+    const std::vector<Rect> aids = furniture(scale);
+    panels.insert(panels.end(), aids.begin(), aids.end());
+  }
   const Rect all = bounds();
   bool isInFront = false;
   for (const auto& child : map_.subviews()) {
@@ -193,7 +254,8 @@ std::vector<Rect> LabelView::panels() const {
 
 // The route and the visible markers, except those that are hidden where they collide.
 std::vector<Rect> LabelView::marks(const FloorProjection& projection) const {
-  std::vector<Rect> marks;
+  std::vector<Rect> marks = routeMarks_;
+  marks.insert(marks.end(), selectedMark_.rects().begin(), selectedMark_.rects().end());
   const double width = theme_->sizes.route + 2 * theme_->sizes.casing;
   for (const auto& [from, to] : route_)
     addRouteBoxes(projection.of(from), projection.of(to), bounds().size, width, marks);
@@ -241,6 +303,7 @@ void LabelView::addLabel(const ShownLabel& shown, double time, double scale) {
     picture.form = source.isDot ? LabelPicture::Form::dot : LabelPicture::Form::icon;
     picture.size = label.symbolSize;
     picture.kind = source.kind;
+    if (source.isClosed) picture.state = IconState::outOfOrder;
     addPiece(picture, shown.symbol, shown.symbolOpacity, since.symbol, time, scale);
   } else {
     since.symbol = -1;

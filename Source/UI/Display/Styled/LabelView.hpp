@@ -2,7 +2,10 @@
 // Private header.
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <optional>
+#include <span>
 #include <vector>
 
 #include "Platform/View/Canvas.hpp"
@@ -11,6 +14,7 @@
 #include "Source/UI/Display/Styled/FloorLabels.hpp"
 #include "Source/UI/Display/Styled/LabelPictures.hpp"
 #include "Source/UI/Display/Styled/RouteBoxes.hpp"
+#include "Source/UI/Display/Styled/SelectedMark.hpp"
 #include "Source/UI/Labels/LabelPlacement.hpp"
 
 namespace orivanta {
@@ -42,8 +46,25 @@ class LabelView : public view::View {
   /// this view are added unless they cover all of it.
   void setCovered(std::vector<graphics::Rect> covered);
 
+  /// Returns what the aids over the map cover, for a frame at a scale in pixels per point. Called
+  /// before labels are placed. May be empty.
+  std::function<std::vector<graphics::Rect>(double scale)> furniture;
+
+  /// Shows a pin and a name instead of the label of a place; nothing removes them.
+  void setSelected(std::optional<SelectedPlace> selected);
+
   /// The route on the floor. No label is placed over it.
   void setRoute(std::vector<RouteSegment> route);
+
+  /// The places that have marks of a route. Neither their labels nor the pin of a selected place
+  /// are shown.
+  void setMarked(std::vector<std::shared_ptr<Location>> places);
+
+  /// The parts of the view that marks cover. Called before each frame; requests none.
+  void setMarks(std::vector<graphics::Rect> marks);
+
+  /// Returns the scale of the floor, see `FloorLabels`. Nothing while there are no labels.
+  std::optional<double> unitsPerMeter() const;
 
   /// Returns the place whose name or symbol is at a point of the last frame, or null.
   std::shared_ptr<Location> labelAt(graphics::Point point) const;
@@ -63,9 +84,13 @@ class LabelView : public view::View {
     double name = -1;
   };
 
+  void findSelected();
+  bool isMarked(const std::shared_ptr<Location>& place) const;
   void choosePictures(double scale);
-  void place(const FloorProjection& projection, double time);
-  std::vector<graphics::Rect> panels() const;
+  void place(const FloorProjection& projection, double time, double scale);
+  std::vector<graphics::Rect> panels(double scale) const;
+  void placeSelected(const FloorProjection& projection, std::span<const graphics::Rect> panels,
+                     double scale);
   std::vector<graphics::Rect> marks(const FloorProjection& projection) const;
   double shareOnOthers(const graphics::Rect& rect, std::size_t label,
                        const FloorProjection& projection) const;
@@ -79,6 +104,11 @@ class LabelView : public view::View {
   std::shared_ptr<const FloorLabels> labels_;  // null if there are none
   std::vector<graphics::Rect> covered_;
   std::vector<RouteSegment> route_;
+  std::vector<std::shared_ptr<Location>> marked_;
+  std::vector<graphics::Rect> routeMarks_;
+  std::optional<SelectedPlace> selected_;
+  std::optional<std::size_t> selectedLabel_;  // nothing if the selected place has none
+  SelectedMark selectedMark_;
   bool isStill_ = false;
   bool isNew_ = false;                       // the labels were not drawn yet
   bool isFading_ = false;                    // an image appeared a short time ago

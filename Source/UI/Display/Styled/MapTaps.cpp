@@ -6,7 +6,7 @@
 #include "Source/Location.hpp"
 #include "Source/Polygon.hpp"
 #include "Source/UI/Display/Styled/ConnectorShapes.hpp"
-#include "Source/UI/Display/Styled/LabelView.hpp"
+#include "Source/UI/Display/Styled/StyledMap.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
@@ -17,11 +17,10 @@ namespace {
 
 constexpr double reach = 16;  // points
 
-HitPlace label(const MapView& view, std::shared_ptr<Location> place) {
+HitPlace label(const std::shared_ptr<Map>& floor, std::shared_ptr<Location> place) {
   const auto& polygons = place->polygons;
-  const auto found = std::find_if(polygons.begin(), polygons.end(), [&](const auto& polygon) {
-    return polygon->map == view.currentMap();
-  });
+  const auto found = std::find_if(polygons.begin(), polygons.end(),
+                                  [&](const auto& polygon) { return polygon->map == floor; });
   const auto shown = found == polygons.end() ? nullptr : *found;
   return {std::move(place), shown, true};
 }
@@ -36,15 +35,40 @@ std::shared_ptr<Location> placeOfShape(const Venue& venue, const std::string& na
   return connector == connectors.end() ? nullptr : connector->second;
 }
 
+HitPlace hitInStack(const MapView& view, const FloorStack& stack, graphics::Point point) {
+  if (auto floor = stack.view()->nameAt(point)) return {nullptr, nullptr, true, std::move(floor)};
+  if (auto mark = stack.view()->markAt(point)) {
+    if (mark->leadsTo) return {std::move(mark->place), nullptr, true, std::move(mark->leadsTo)};
+    if (mark->place) {
+      HitPlace hit = label(mark->at.floor, std::move(mark->place));
+      hit.floor = mark->at.floor;
+      return hit;
+    }
+  }
+  const auto hits = view.sceneView->hits(point);
+  if (hits.empty()) return {};
+  HitPlace hit;
+  hit.floor = stack.floorOf(*hits.front().node);
+  if (view.venue) hit.place = placeOfShape(*view.venue, hits.front().node->name().value_or(""));
+  return hit;
+}
+
 }  // namespace
 
-HitPlace hitPlace(const MapView& view, const LabelView& labels, graphics::Point point) {
-  if (auto place = labels.labelAt(point)) return label(view, std::move(place));
+HitPlace hitPlace(const MapView& view, const StyledMap& style, graphics::Point point) {
+  if (style.stack().isOn()) return hitInStack(view, style.stack(), point);
+  if (auto mark = style.route().markAt(point)) {
+    if (mark->leadsTo) return {std::move(mark->place), nullptr, true, std::move(mark->leadsTo)};
+    if (mark->place) return label(view.currentMap(), std::move(mark->place));
+  }
+  const LabelView& labels = *style.labels().view();
+  if (auto place = labels.labelAt(point)) return label(view.currentMap(), std::move(place));
   const auto hits = view.sceneView->hits(point);
   if (!hits.empty() && view.venue)
     if (auto place = placeOfShape(*view.venue, hits.front().node->name().value_or("")))
       return {std::move(place), nullptr, false};
-  if (auto place = labels.symbolNear(point, reach)) return label(view, std::move(place));
+  if (auto place = labels.symbolNear(point, reach))
+    return label(view.currentMap(), std::move(place));
   return {};
 }
 

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -53,25 +54,34 @@ BarLength barLength(double pointsPerMeter, double most) {
   return {meters * pointsPerMeter, textOf(meters)};
 }
 
-void ScaleBar::draw(view::Canvas& canvas, graphics::Point corner, double pointsPerMeter,
-                    const MapTheme& theme) {
+graphics::Rect ScaleBar::arrange(graphics::Point corner, double pointsPerMeter,
+                                 const MapTheme& theme, double scale) {
   const BarLength length = barLength(pointsPerMeter, mostPoints);
-  if (length.points < 3 * thickness) return;
-  const graphics::Rect bar{{corner.x, corner.y - tickHeight}, {length.points, tickHeight}};
-  drawBracket(canvas, bar, halo, theme.colors.halo);
-  drawBracket(canvas, bar, 0, theme.colors.text);
-  if (length.text != text_ || canvas.scale() != scale_) {
+  bar_ = textRect_ = {};
+  if (length.points < 3 * thickness) return {};
+  bar_ = {{corner.x, corner.y - tickHeight}, {length.points, tickHeight}};
+  if (length.text != text_ || scale != scale_) {
     graphics::TextStyle style = nameStyle(theme, fontSize);
     style.wholeLines = false;
-    image_ = graphics::makeTextImage(length.text, style, canvas.scale());
+    image_ = graphics::makeTextImage(length.text, style, scale);
     text_ = length.text;
-    scale_ = canvas.scale();
+    scale_ = scale;
   }
-  if (!image_) return;
+  if (!image_) return bar_;
   const graphics::Size size = image_->size();
-  canvas.draw(image_, {{corner.x + (length.points - size.width) / 2,
-                        corner.y - thickness - halo - textGap - size.height},
-                       size});
+  textRect_ = {{corner.x + (length.points - size.width) / 2,
+                corner.y - thickness - halo - textGap - size.height},
+               size};
+  const double left = std::min(bar_.minX(), textRect_.minX());
+  const double right = std::max(bar_.maxX(), textRect_.maxX());
+  return {{left, textRect_.minY()}, {right - left, corner.y - textRect_.minY()}};
+}
+
+void ScaleBar::draw(view::Canvas& canvas, const MapTheme& theme) const {
+  if (!(bar_.size.width > 0)) return;
+  drawBracket(canvas, bar_, halo, theme.colors.halo);
+  drawBracket(canvas, bar_, 0, theme.colors.text);
+  if (image_ && textRect_.size.width > 0) canvas.draw(image_, textRect_);
 }
 
 }  // namespace orivanta

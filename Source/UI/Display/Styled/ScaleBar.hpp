@@ -20,17 +20,22 @@ struct BarLength {
 /// points.
 BarLength barLength(double pointsPerMeter, double mostPoints);
 
-/// Draws the bar. Used within a transaction.
+/// Arranges and draws the bar. Used within a transaction.
 class ScaleBar {
  public:
-  /// `corner` is the lower left corner.
-  void draw(view::Canvas& canvas, graphics::Point corner, double pointsPerMeter,
-            const MapTheme& theme);
+  /// Arranges the bar for the next call of `draw`. `corner` is its lower left corner, `scale` is in
+  /// pixels per point. Returns what it covers, which is empty if there is no bar.
+  graphics::Rect arrange(graphics::Point corner, double pointsPerMeter, const MapTheme& theme,
+                         double scale);
+
+  void draw(view::Canvas& canvas, const MapTheme& theme) const;
 
   /// Draws the text again, for another theme.
   void clear() { text_.clear(); }
 
  private:
+  graphics::Rect bar_;
+  graphics::Rect textRect_;
   std::string text_;  // of the image
   double scale_ = 0;  // of the image
   std::shared_ptr<const graphics::Image> image_;

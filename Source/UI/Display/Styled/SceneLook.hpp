@@ -17,12 +17,20 @@ class MapView;
 class SceneLook {
  public:
   /// `sun` is the node of the light that casts shadows. It is null if there is no scene; then only
-  /// the background changes. Restores the lights of the previous call first.
-  void apply(MapView& view, const std::shared_ptr<scene::Node>& sun, const MapTheme& theme);
+  /// the background changes, as without `withLights`. Restores the lights of the previous call
+  /// first.
+  void apply(MapView& view, const std::shared_ptr<scene::Node>& sun, const MapTheme& theme,
+             bool withLights = true);
 
   void restore(MapView& view);
 
+  /// Sets how strong the shadows are: 1 as styled, which is the default, 0 without any.
+  void setShadows(double share);
+
  private:
+  void darken(scene::Light& sun);
+  void lighten(scene::Light& sun);
+
   /// A value that is replaced.
   template <class Value>
   class Replaced {
@@ -49,6 +57,8 @@ class SceneLook {
   std::weak_ptr<scene::Light> sunLight_;
   Replaced<graphics::Color> ambient_;
   Replaced<double> shadowStrength_;
+  Replaced<bool> castsShadow_;
+  double shadows_ = 1;
   Replaced<std::optional<graphics::Color>> background_;
 };
 

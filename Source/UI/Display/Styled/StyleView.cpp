@@ -7,6 +7,7 @@
 #include "Source/Attribution.hpp"
 #include "Source/Guidance/Scale.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
+#include "Source/UI/Display/Styled/StyledRoute.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
 
@@ -66,6 +67,7 @@ std::shared_ptr<StyleView> StyleView::addTo(MapView& view) {
 
 void StyleView::remove() {
   const graphics::Transaction transaction;
+  route_ = nullptr;
   compass_->removeFromSuperview();
   removeFromSuperview();
 }
@@ -102,14 +104,32 @@ void StyleView::venueChanged() {
   setNeedsFrame();
 }
 
-void StyleView::draw(view::Canvas& canvas) {
-  if (!theme_ || !view_.camera().isReady()) return;
-  if (position_ && position_->floor == view_.currentMap())
-    dot_.draw(canvas, view_, *position_, unitsPerMeter_, *theme_);
-  drawFurniture(canvas);
+void StyleView::setRoute(StyledRoute* route) {
+  const graphics::Transaction transaction;
+  route_ = route;
 }
 
-void StyleView::drawFurniture(view::Canvas& canvas) {
+bool StyleView::isAnimating() const {
+  const graphics::Transaction transaction;
+  return (route_ != nullptr && route_->isAnimating()) || View::isAnimating();
+}
+
+void StyleView::draw(view::Canvas& canvas) {
+  if (!theme_ || !view_.camera().isReady()) return;
+  if (route_ != nullptr) route_->draw(canvas);
+  if (position_ && position_->floor == view_.currentMap())
+    dot_.draw(canvas, view_, *position_, unitsPerMeter_, *theme_);
+  arrangeFurniture(canvas.scale());
+  if (furniture_.attribution) attribution_.draw(canvas, *theme_);
+  if (furniture_.scaleBar) scaleBar_.draw(canvas, *theme_);
+}
+
+std::vector<graphics::Rect> StyleView::arrangeFurniture(double scale) {
+  std::vector<graphics::Rect> covered;
+  if (!theme_ || !view_.camera().isReady()) return covered;
+  const auto cover = [&](const graphics::Rect& rect) {
+    if (rect.size.width > 0) covered.push_back(rect);
+  };
   const graphics::Rect free = freeRect(view_);
   const CameraPose pose = view_.camera().pose();
   if (furniture_.compass) {
@@ -117,17 +137,20 @@ void StyleView::drawFurniture(view::Canvas& canvas) {
         {{free.maxX() - compassMargin - CompassView::side, free.minY() + compassMargin},
          {CompassView::side, CompassView::side}});
     compass_->setTurn(pose.turn);
+    if (!compass_->isHidden()) cover(compass_->frame());
   }
   const graphics::Rect room = lowerLeft(free);
   double top = room.maxY();
   if (furniture_.attribution) {
-    const double height = attribution_.draw(canvas, room, *theme_);
-    if (height > 0) top -= height + gap;
+    const graphics::Rect note = attribution_.arrange(room, *theme_, scale);
+    if (note.size.height > 0) top = note.minY() - gap;
+    cover(note);
   }
   if (furniture_.scaleBar)
-    scaleBar_.draw(canvas, {room.minX(), top},
-                   unitsPerMeter_ / (view_.camera().lens().slopePerPoint() * pose.distance),
-                   *theme_);
+    cover(scaleBar_.arrange(
+        {room.minX(), top},
+        unitsPerMeter_ / (view_.camera().lens().slopePerPoint() * pose.distance), *theme_, scale));
+  return covered;
 }
 
 }  // namespace orivanta

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Platform/View/View.hpp"
 #include "Source/UI/Display/MapFurniture.hpp"
@@ -16,6 +17,7 @@
 namespace orivanta {
 
 class MapView;
+class StyledRoute;
 
 /// Covers the map view, directly above its scene. Touches pass through, except those of the
 /// compass, which is a view of its own. `draw` may be called on another thread.
@@ -37,12 +39,20 @@ class StyleView : public view::View {
   /// Adapts to the venue of the map view.
   void venueChanged();
 
+  /// The routes to draw below the other things. Null, the default, for none.
+  void setRoute(StyledRoute* route);
+
+  /// Arranges the aids for the current frame and returns what they cover, in points. The labels,
+  /// which are drawn before this view, call it. `scale`: pixels per point. Call it under the
+  /// transaction in which a frame is gathered.
+  std::vector<graphics::Rect> arrangeFurniture(double scale);
+
   void draw(view::Canvas& canvas) override;
+  bool isAnimating() const override;
 
  private:
-  void drawFurniture(view::Canvas& canvas);
-
   MapView& view_;
+  StyledRoute* route_ = nullptr;
   std::shared_ptr<CompassView> compass_;
   std::shared_ptr<const MapTheme> theme_;  // null until set
   MapFurniture furniture_;

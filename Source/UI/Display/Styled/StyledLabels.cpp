@@ -47,12 +47,16 @@ class StyledLabels::Making : public std::enable_shared_from_this<Making> {
   const std::shared_ptr<const MapTheme> theme_;
 };
 
-void StyledLabels::attach(MapView& view) {
+void StyledLabels::attach(MapView& view,
+                          std::function<std::vector<graphics::Rect>(double)> furniture) {
   map_ = &view;
   shown_ = std::make_shared<LabelView>(view);
+  shown_->furniture = std::move(furniture);
   shown_->setStill(isStill_);
+  shown_->setHidden(isHidden_ || !areShown_);
   shown_->setCovered(covered_);
   shown_->setRoute(route_);
+  shown_->setMarked(marked_);
   shown_->addTo(view);
 }
 
@@ -73,8 +77,26 @@ void StyledLabels::show(const std::shared_ptr<const MapTheme>& theme) {
   model_ = model;
   theme_ = theme;
   shown_->setTheme(theme);
-  making_ = std::make_shared<Making>(floorRecords(*map_->venue, *floor, theme->words), theme);
+  make();
+}
+
+void StyledLabels::make() {
+  FloorRecords records = floorRecords(*map_->venue, *map_->currentMap(), theme_->words, closures_);
+  records.closedWord = closedWord_;
+  making_ = std::make_shared<Making>(std::move(records), theme_);
   making_->start([this] { take(); });
+}
+
+// The former labels stay until those with the new marks are made.
+void StyledLabels::setClosures(const guidance::Closures& closures, const std::string& word) {
+  const bool isSame = closures == closures_ && (closures.empty() || word == closedWord_);
+  closures_ = closures;
+  closedWord_ = word;
+  if (!isSame && theme_) make();
+}
+
+void StyledLabels::setSelected(std::optional<SelectedPlace> selected) {
+  if (shown_) shown_->setSelected(std::move(selected));
 }
 
 void StyledLabels::clear() {
@@ -93,6 +115,16 @@ void StyledLabels::finish() {
   if (shown_) shown_->finish();
 }
 
+void StyledLabels::setShown(bool areShown) {
+  areShown_ = areShown;
+  if (shown_) shown_->setHidden(isHidden_ || !areShown_);
+}
+
+void StyledLabels::setHidden(bool isHidden) {
+  isHidden_ = isHidden;
+  if (shown_) shown_->setHidden(isHidden_ || !areShown_);
+}
+
 void StyledLabels::setStill(bool isStill) {
   isStill_ = isStill;
   if (shown_) shown_->setStill(isStill);
@@ -106,6 +138,19 @@ void StyledLabels::setCovered(std::vector<graphics::Rect> covered) {
 void StyledLabels::setRoute(std::vector<RouteSegment> route) {
   route_ = std::move(route);
   if (shown_) shown_->setRoute(route_);
+}
+
+void StyledLabels::setMarked(std::vector<std::shared_ptr<Location>> places) {
+  marked_ = std::move(places);
+  if (shown_) shown_->setMarked(marked_);
+}
+
+void StyledLabels::setMarks(std::vector<graphics::Rect> marks) {
+  if (shown_) shown_->setMarks(std::move(marks));
+}
+
+std::optional<double> StyledLabels::unitsPerMeter() const {
+  return shown_ ? shown_->unitsPerMeter() : std::nullopt;
 }
 
 }  // namespace orivanta

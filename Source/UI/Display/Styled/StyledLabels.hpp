@@ -4,11 +4,14 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "Platform/Graphics/Geometry.hpp"
 #include "Platform/Scene/Fwd.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/Guidance/Closures.hpp"
 #include "Source/UI/Display/Styled/LabelView.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
@@ -25,12 +28,20 @@ class StyledLabels {
   StyledLabels(const StyledLabels&) = delete;
   StyledLabels& operator=(const StyledLabels&) = delete;
 
-  void attach(MapView& view);
+  /// `furniture`: see `LabelView::furniture`.
+  void attach(MapView& view, std::function<std::vector<graphics::Rect>(double scale)> furniture);
   void detach();
 
   /// Shows the labels of the current floor in a theme. Makes them only if the theme or the model of
   /// the floor is another one than in the previous call. Requires `attach`.
   void show(const std::shared_ptr<const MapTheme>& theme);
+
+  /// Sets what is closed, and the word for it, which follows the names. If this changes, makes the
+  /// labels anew.
+  void setClosures(const guidance::Closures& closures, const std::string& word);
+
+  /// Marks a place on the current floor.
+  void setSelected(std::optional<SelectedPlace> selected);
 
   /// Removes the labels.
   void clear();
@@ -38,10 +49,18 @@ class StyledLabels {
   /// See `MapStyle`.
   bool isReady() const { return !making_; }
   void finish();
+  void setShown(bool areShown);
+
+  /// Hides the labels even if they are to be shown.
+  void setHidden(bool isHidden);
   void setStill(bool isStill);
   void setCovered(std::vector<graphics::Rect> covered);
 
+  // See `LabelView`.
   void setRoute(std::vector<RouteSegment> route);
+  void setMarked(std::vector<std::shared_ptr<Location>> places);
+  void setMarks(std::vector<graphics::Rect> marks);
+  std::optional<double> unitsPerMeter() const;
 
   /// Returns the view that shows the labels, or null if detached.
   const LabelView* view() const { return shown_.get(); }
@@ -49,6 +68,7 @@ class StyledLabels {
  private:
   class Making;
 
+  void make();
   void take();
 
   MapView* map_ = nullptr;
@@ -58,6 +78,11 @@ class StyledLabels {
   std::shared_ptr<const MapTheme> theme_;  // of the labels
   std::vector<graphics::Rect> covered_;
   std::vector<RouteSegment> route_;
+  std::vector<std::shared_ptr<Location>> marked_;
+  bool areShown_ = true;
+  guidance::Closures closures_;
+  std::string closedWord_;
+  bool isHidden_ = false;
   bool isStill_ = false;
 };
 

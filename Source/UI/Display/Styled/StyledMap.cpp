@@ -1,11 +1,17 @@
 #include "Source/UI/Display/Styled/StyledMap.hpp"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/Node.hpp"
+#include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/LabelName.hpp"
+#include "Source/Location.hpp"
 #include "Source/Map.hpp"
+#include "Source/UI/Display/Styled/PlaceShapes.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
 
@@ -25,7 +31,17 @@ void StyledMap::attach(StyleHost host) {
   const graphics::Transaction transaction;
   host_ = std::move(host);
   overlay_ = StyleView::addTo(*host_.view);
-  labels_.attach(*host_.view);
+  labels_.attach(*host_.view, [overlay = std::weak_ptr(overlay_)](double scale) {
+    const auto view = overlay.lock();
+    return view ? view->arrangeFurniture(scale) : std::vector<graphics::Rect>();
+  });
+  labels_.setClosures(closures_, texts_.text("interface.mark.closed"));
+  route_.attach(*host_.view, labels_);
+  overlay_->setRoute(&route_);
+  stack_.attach(*host_.view);
+  route_.changed = [this] {
+    if (stack_.isShown()) routesChanged();
+  };
   overlay_->setFurniture(furniture_);
   overlay_->setPosition(position_);
   restyle();
@@ -35,9 +51,15 @@ void StyledMap::attach(StyleHost host) {
 void StyledMap::detach() {
   if (!host_.view) return;
   const graphics::Transaction transaction;
+  fade_.stop();
+  route_.changed = {};
+  stack_.detach();
+  stackChanged();
   fills_.clear();
   work_.clear();
+  selectedOutline_.clear();
   look_.restore(*host_.view);
+  route_.detach();
   labels_.detach();
   logo_.restore();
   overlay_->remove();
@@ -47,6 +69,9 @@ void StyledMap::detach() {
 
 void StyledMap::venueChanged() {
   const graphics::Transaction transaction;
+  fade_.stop();
+  stack_.drop(/*restoresCamera=*/true);
+  stackChanged();
   fills_.clear();
   work_.clear();
   labels_.clear();
@@ -56,48 +81,77 @@ void StyledMap::venueChanged() {
 void StyledMap::restyle() {
   if (!host_.view) return;
   const graphics::Transaction transaction;
-  look_.apply(*host_.view, host_.sun, *theme_);
+  applyLook();
   logo_.apply(host_.logo, *theme_);
   overlay_->setTheme(theme_);
   overlay_->venueChanged();
+  route_.show(theme_);
   const auto& venue = host_.view->venue;
   if (!venue || !venue->maps) return;
   for (const auto& map : *venue->maps) styleFloor(*map);
   labels_.show(theme_);
+  showSelected();
+  stack_.copyLooks(theme_);
 }
 
 void StyledMap::styleFloor(const Map& map) {
-  if (!map.mapObject) return;
+  if (!map.mapObject || hasModelColors_) return;
   const Venue& venue = *host_.view->venue;
   const std::vector<ShapeRole> roles = shapeRoles(map, venue, theme_->words);
-  fills_.set(map, roles, *theme_);
+  colorFloor(map, roles);
   work_.set(map, venue, roles, *theme_);
+}
+
+// What is closed has the color of places of no particular kind.
+void StyledMap::colorFloor(const Map& map, const std::vector<ShapeRole>& roles) {
+  if (closures_.empty()) return fills_.set(map, roles, *theme_);
+  std::vector<ShapeRole> marked = roles;
+  const auto closed = closedShapes(*host_.view->venue, closures_);
+  const auto shapes = map.mapObject->children();
+  for (std::size_t i = 0; i < shapes.size(); ++i)
+    if (closed.contains(shapes[i]->name().value_or(""))) marked[i].kind = FillKind::other;
+  fills_.set(map, marked, *theme_);
 }
 
 bool StyledMap::isReady() const {
   const auto& floor = host_.view ? host_.view->currentMap() : nullptr;
-  return !floor || (work_.isReady(*floor) && labels_.isReady());
+  const FloorList stacked = stack_.floors();
+  return !floor ||
+         (work_.isReady(*floor) && labels_.isReady() &&
+          std::ranges::all_of(stacked, [&](const auto& map) { return work_.isReady(*map); }));
 }
 
 void StyledMap::finish() {
   if (host_.view && host_.view->currentMap()) work_.finish(*host_.view->currentMap());
+  for (const auto& map : stack_.floors()) work_.finish(*map);
+  stack_.copyOutlines();
   labels_.finish();
 }
 
 void StyledMap::sceneStarted(std::shared_ptr<scene::Node> sun) {
+  fade_.stop();
+  stack_.drop(/*restoresCamera=*/false);
+  stackChanged();
   host_.sun = std::move(sun);
-  look_.apply(*host_.view, host_.sun, *theme_);
+  applyLook();
   overlay_->venueChanged();
 }
 
 void StyledMap::addFloor(const Map& map) {
-  if (host_.view->venue && !fills_.contains(map)) styleFloor(map);
+  if (host_.view->venue && !fills_.contains(map)) {
+    styleFloor(map);
+    stack_.rebuild(theme_);
+    stackChanged();
+  }
   labels_.show(theme_);
-  followed_.update(*host_.view, position_);
+  route_.show(theme_);
+  showSelected();
+  if (!stack_.isOn()) followed_.update(*host_.view, position_);
 }
 
 void StyledMap::setHighlighted(scene::Node& shape, bool isHighlighted) {
   fills_.setHighlighted(shape, isHighlighted);
+  stack_.copyColor(shape);
 }
 
 void StyledMap::setFurniture(const MapFurniture& furniture) {
@@ -110,14 +164,136 @@ void StyledMap::setPosition(std::optional<MapPosition> position) {
   position_ = std::move(position);
   if (!host_.view) return;
   overlay_->setPosition(position_);
-  followed_.update(*host_.view, position_);
+  if (!stack_.isOn()) followed_.update(*host_.view, position_);
 }
 
 void StyledMap::setFollowing(bool isFollowing) {
   followed_.setOn(isFollowing);
-  if (host_.view) followed_.update(*host_.view, position_);
+  if (host_.view && !stack_.isOn()) followed_.update(*host_.view, position_);
 }
 
 bool StyledMap::isFollowing() const { return followed_.isOn(host_.view); }
+
+void StyledMap::setStill(bool isStill) {
+  isStill_ = isStill;
+  labels_.setStill(isStill);
+  route_.setStill(isStill);
+}
+
+void StyledMap::setReducedMotion(bool isReduced) {
+  isReduced_ = isReduced;
+  route_.setReducedMotion(isReduced);
+}
+
+CameraMotion StyledMap::motion() const {
+  return isStill_ || isReduced_ ? CameraMotion::atOnce : CameraMotion::glide;
+}
+
+void StyledMap::setStacked(bool isStacked) {
+  if (!host_.view) return;
+  if (isStacked) {
+    fade_.stop();
+    routesChanged();
+    stack_.open(theme_, motion());
+  } else {
+    stack_.close(motion());
+  }
+  stackChanged();
+}
+
+void StyledMap::routesChanged() {
+  std::vector<RouteContents> routes;
+  for (const RouteContents* const route : route_.routes()) routes.push_back(*route);
+  stack_.setRoutes(std::move(routes), theme_);
+}
+
+void StyledMap::floorChanged(const std::shared_ptr<Map>& former) {
+  if (stack_.isShown()) {
+    stack_.floorChanged(former, motion());
+    stackChanged();
+  } else if (former->mapObject && motion() == CameraMotion::glide) {
+    fade_.start(*former, *host_.view->sceneView->scene()->rootNode());
+    stack_.view()->setFading(true);
+  }
+}
+
+void StyledMap::advance(double time) {
+  if (stack_.isOutdated()) stack_.rebuild(theme_);
+  if (!stack_.isMoving()) return;
+  stack_.advance(time);
+  stackChanged();
+}
+
+void StyledMap::prepareFrame(double time) {
+  route_.prepareFrame(time);
+  stack_.copyOutlines();
+  if (!fade_.isRunning()) return;
+  fade_.advance(time);
+  stack_.view()->setFading(fade_.isRunning());
+}
+
+void StyledMap::stackChanged() {
+  look_.setShadows(1 - stack_.share());
+  labels_.setHidden(stack_.isShown());
+  route_.setHidden(stack_.isShown());
+}
+
+// --- Selection and closures
+
+void StyledMap::setTexts(const guidance::InterfaceTexts& texts) {
+  texts_ = texts;
+  showClosures();
+}
+
+void StyledMap::setSelected(std::shared_ptr<Location> place) {
+  selected_ = std::move(place);
+  showSelected();
+}
+
+void StyledMap::showSelected() {
+  if (!host_.view) return;
+  const graphics::Transaction transaction;
+  selectedOutline_.clear();
+  const auto& floor = host_.view->currentMap();
+  const auto& venue = host_.view->venue;
+  if (!selected_ || !floor || !floor->mapObject || !venue || !isOnFloor(*selected_, *floor))
+    return labels_.setSelected(std::nullopt);
+  selectedOutline_.show(*host_.view, *selected_, *theme_);
+  std::string name = labelName(*venue, *selected_);
+  if (closures_.contains(selected_->id.value_or("")))
+    name += (name.empty() ? "" : "\n") + texts_.text("interface.mark.closed");
+  labels_.setSelected(SelectedPlace{selected_, std::move(name), theme_->words.kindOf(*selected_),
+                                    host_.view->findPosition3D(*selected_)});
+}
+
+void StyledMap::setClosures(const guidance::Closures& closures) {
+  if (closures == closures_) return;
+  closures_ = closures;
+  showClosures();
+}
+
+void StyledMap::showClosures() {
+  if (!host_.view) return;
+  const graphics::Transaction transaction;
+  labels_.setClosures(closures_, texts_.text("interface.mark.closed"));
+  if (const auto& venue = host_.view->venue; venue && venue->maps && !hasModelColors_)
+    for (const auto& map : *venue->maps)
+      if (map->mapObject) colorFloor(*map, shapeRoles(*map, *venue, theme_->words));
+  stack_.copyLooks(theme_);
+  showSelected();
+}
+
+void StyledMap::setModelColors(bool hasModelColors) {
+  if (hasModelColors == hasModelColors_) return;
+  hasModelColors_ = hasModelColors;
+  if (!host_.view) return;
+  const graphics::Transaction transaction;
+  fills_.clear();
+  work_.clear();
+  look_.restore(*host_.view);
+  restyle();
+}
+
+void StyledMap::applyLook() { look_.apply(*host_.view, host_.sun, *theme_, !hasModelColors_); }
 
 }  // namespace orivanta

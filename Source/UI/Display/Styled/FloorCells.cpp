@@ -1,0 +1,96 @@
+#include "Source/UI/Display/Styled/FloorCells.hpp"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <limits>
+
+#include "Platform/Scene/Geometry.hpp"
+#include "Platform/Scene/Node.hpp"
+#include "Source/UI/Display/Turned.hpp"
+
+namespace orivanta {
+
+using graphics::Point;
+using graphics::Vector3;
+
+CellFrame::CellFrame(std::span<const Vector3> points, double seenAt) : turn(seenAt) {
+  if (points.empty()) return;
+  double right = std::numeric_limits<double>::lowest();
+  double back = right;
+  left = front = std::numeric_limits<double>::max();
+  for (const Vector3& point : points) {
+    const Point place = turned({point.x, point.y}, -turn);
+    left = std::min(left, place.x);
+    right = std::max(right, place.x);
+    front = std::min(front, place.y);
+    back = std::max(back, place.y);
+  }
+  width = right - left;
+  depth = back - front;
+}
+
+FloorCells::FloorCells(const scene::Node& floor, const CellFrame& frame) {
+  for (const auto& shape : floor.children()) {
+    const auto geometry = shape->geometry();
+    const auto* const source = geometry ? geometry->source(scene::Semantic::vertex) : nullptr;
+    if (source == nullptr) continue;
+    const graphics::Matrix4 toFloor = shape->transform();
+    const auto corner = [&](const scene::GeometryElement& element, std::size_t i) {
+      return Vector3(toFloor * graphics::Vector4(source->vector(element.index(i)), 1.0F));
+    };
+    for (const scene::GeometryElement& element : geometry->elements())
+      for (std::size_t i = 0; i + 2 < element.indexCount(); i += 3)
+        add({corner(element, i), corner(element, i + 1), corner(element, i + 2)}, frame);
+  }
+  for (const std::uint64_t column : columns_) count_ += std::popcount(column);
+}
+
+// Adds the cells along the sides of a triangle and those between them.
+void FloorCells::add(const std::array<Vector3, 3>& triangle, const CellFrame& frame) {
+  std::array<Point, 3> corners;
+  for (std::size_t i = 0; i < corners.size(); ++i) {
+    const Point place = turned({triangle[i].x, triangle[i].y}, -frame.turn);
+    corners[i] = {frame.width > 0 ? (place.x - frame.left) / frame.width * side : 0,
+                  frame.depth > 0 ? (place.y - frame.front) / frame.depth * side : 0};
+  }
+  const auto cell = [](double place) {
+    return static_cast<int>(std::clamp(std::floor(place), 0.0, side - 1.0));
+  };
+  const auto [least, most] = std::ranges::minmax(corners, {}, &Point::x);
+  for (int column = cell(least.x); column <= cell(most.x); ++column) {
+    double front = side;
+    double back = 0;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+      const Point& from = corners[i];
+      const Point& to = corners[(i + 1) % 3];
+      const auto [first, last] = std::minmax({from.x, to.x});
+      for (const double x : {static_cast<double>(column), column + 1.0, from.x}) {
+        if (x < std::max<double>(first, column) || x > std::min<double>(last, column + 1)) continue;
+        const double share = to.x == from.x ? 0 : (x - from.x) / (to.x - from.x);
+        const double y = from.y + (to.y - from.y) * share;
+        front = std::min(front, y);
+        back = std::max(back, y);
+      }
+    }
+    if (front > back) continue;
+    const int count = cell(back) - cell(front) + 1;
+    const std::uint64_t ones = count >= side ? ~std::uint64_t{0} : (std::uint64_t{1} << count) - 1;
+    columns_[static_cast<std::size_t>(column)] |= ones << cell(front);
+  }
+}
+
+int FloorCells::hiddenBy(const FloorCells& other, int shift) const {
+  int hidden = 0;
+  for (std::size_t i = 0; i < columns_.size(); ++i)
+    hidden += std::popcount(columns_[i] & (other.columns_[i] << shift));
+  return hidden;
+}
+
+double FloorCells::shiftOf(const FloorCells& other, double share) const {
+  int shift = 0;
+  while (shift < side - 1 && hiddenBy(other, shift) > share * count_) ++shift;
+  return static_cast<double>(shift) / side;
+}
+
+}  // namespace orivanta

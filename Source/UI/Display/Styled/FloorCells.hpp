@@ -1,0 +1,45 @@
+// Which parts of floors hide each other when the floors are stacked.
+// Private header.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+#include "Platform/Graphics/Vector.hpp"
+#include "Platform/Scene/Fwd.hpp"
+
+namespace orivanta {
+
+/// A grid over all floors. Its columns run away from the viewer.
+struct CellFrame {
+  /// Encloses points of floors that are seen at a turn; see `CameraPose`.
+  CellFrame(std::span<const graphics::Vector3> points, double seenAt);
+
+  double turn;       ///< at which the floors are seen
+  double left = 0;   ///< of the turned points, scene units
+  double front = 0;  ///< of the turned points, scene units
+  double width = 0;  ///< of all columns, scene units
+  double depth = 0;  ///< of the columns, scene units
+};
+
+/// The cells that a floor covers, of 64 columns with 64 cells each.
+class FloorCells {
+ public:
+  /// `frame` must enclose the shapes of the floor.
+  FloorCells(const scene::Node& floor, const CellFrame& frame);
+
+  /// Returns the least share of the columns' length by which another floor must be shifted away
+  /// from the viewer so that it covers at most a share of these cells.
+  double shiftOf(const FloorCells& other, double share) const;
+
+ private:
+  void add(const std::array<graphics::Vector3, 3>& triangle, const CellFrame& frame);
+  int hiddenBy(const FloorCells& other, int shift) const;
+
+  static constexpr int side = 64;
+  std::array<std::uint64_t, side> columns_{};  // bit 0 is nearest to the viewer
+  int count_ = 0;
+};
+
+}  // namespace orivanta

@@ -1,0 +1,94 @@
+#include "Source/UI/Display/Styled/FloorClone.hpp"
+
+#include <algorithm>
+
+#include "Platform/Graphics/Transaction.hpp"
+#include "Platform/Scene/Batch.hpp"
+#include "Platform/Scene/Node.hpp"
+#include "Source/Map.hpp"
+#include "Source/UI/Display/Styled/FloorOutlines.hpp"
+#include "Source/UI/Display/Styled/OutlineColors.hpp"
+
+namespace orivanta {
+
+namespace {
+
+using Surface = ShapeRole::Surface;
+
+std::shared_ptr<scene::Node> copyOf(const scene::Node& shape) {
+  auto copy = scene::Node::make(shape.geometry());
+  copy->setName(shape.name());
+  copy->setPosition(shape.position());
+  copy->setEulerAngles(shape.eulerAngles());
+  copy->setDisplayColor(shape.displayColor());
+  copy->setHidden(shape.isHidden());
+  copy->setCastsShadow(false);
+  return copy;
+}
+
+bool isConnector(const ShapeRole& role) {
+  return role.surface == Surface::place && role.kind == FillKind::vertical;
+}
+
+}  // namespace
+
+FloorClone::FloorClone(const Map& map) : model_(map.mapObject), node_(scene::Node::make()) {
+  const graphics::Transaction transaction;
+  const scene::Node& model = *map.mapObject;
+  node_->setPosition(model.position());
+  node_->setEulerAngles(model.eulerAngles());
+  for (const auto& shape : model.children(transaction)) {
+    auto copy = copyOf(*shape);
+    node_->addChild(copy);
+    shapes_.emplace_back(shape, std::move(copy));
+  }
+  if (const auto batch = model.preparedBatch(); batch && batch->matches(model))
+    node_->setPreparedBatch(batch->adopted(*node_));
+  node_->setRibbons(model.ribbons(), model.ribbonLook());
+}
+
+FloorClone::~FloorClone() { node_->removeFromParent(); }
+
+void FloorClone::reduce(std::span<const ShapeRole> roles, const MapTheme& theme,
+                        double unitsPerMeter) {
+  const graphics::Transaction transaction;
+  const bool hasSlab = std::ranges::any_of(
+      roles, [](const ShapeRole& role) { return role.surface == Surface::slab; });
+  const Surface base = hasSlab ? Surface::slab : Surface::walkable;
+  std::vector<OutlinedShape> left;
+  for (std::size_t i = 0; i < shapes_.size(); ++i) {
+    const ShapeRole& role = roles[i];
+    const auto& copy = shapes_[i].second;
+    if (role.surface == base || isConnector(role))
+      left.push_back({copy->geometry(), copy->transform(), role});
+    else
+      copy->setHidden(true);
+  }
+  isReduced_ = true;
+  reduced_ = makeOutlines(left, unitsPerMeter);
+  node_->setRibbons(reduced_, {outlineColors(theme)});
+}
+
+bool FloorClone::isOf(const Map& map) const { return model_.lock() == map.mapObject; }
+
+void FloorClone::copyLook(const MapTheme& theme) {
+  const graphics::Transaction transaction;
+  for (const auto& [shape, copy] : shapes_) copy->setDisplayColor(shape->displayColor());
+  if (isReduced_)
+    node_->setRibbons(reduced_, {outlineColors(theme)});
+  else if (const auto model = model_.lock())
+    node_->setRibbons(model->ribbons(), model->ribbonLook());
+}
+
+void FloorClone::copyColor(const scene::Node& shape) {
+  for (const auto& [original, copy] : shapes_)
+    if (original.get() == &shape) copy->setDisplayColor(shape.displayColor());
+}
+
+void FloorClone::copyOutlines() {
+  const auto model = model_.lock();
+  if (!model || isReduced_ || model->ribbons() == node_->ribbons()) return;
+  node_->setRibbons(model->ribbons(), model->ribbonLook());
+}
+
+}  // namespace orivanta

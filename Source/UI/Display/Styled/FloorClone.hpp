@@ -1,0 +1,54 @@
+// A copy of a floor's model that is drawn beside it.
+// Private header.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "Platform/Scene/Fwd.hpp"
+#include "Source/Fwd.hpp"
+#include "Source/UI/Display/Styled/ShapeRoles.hpp"
+
+namespace orivanta {
+
+/// Nodes with the geometries, names and looks of a model's shapes. They cast no shadows. Main
+/// thread.
+class FloorClone {
+ public:
+  /// Copies the model of a floor, which must have one.
+  explicit FloorClone(const Map& map);
+  ~FloorClone();
+  FloorClone(const FloorClone&) = delete;
+  FloorClone& operator=(const FloorClone&) = delete;
+
+  /// Leaves the slab and the connectors alone; without a slab, also what people walk on. `roles`
+  /// has one element for each shape. `unitsPerMeter`: of the floor.
+  void reduce(std::span<const ShapeRole> roles, const MapTheme& theme, double unitsPerMeter);
+
+  /// The parent of the copies. The destructor removes it from its parent.
+  scene::Node& node() const { return *node_; }
+  const std::shared_ptr<scene::Node>& sharedNode() const { return node_; }
+
+  /// Whether it is a copy of the map's current model.
+  bool isOf(const Map& map) const;
+
+  /// Copies the colors and the outlines of the model again.
+  void copyLook(const MapTheme& theme);
+
+  /// Copies the color of a shape if it belongs to the model.
+  void copyColor(const scene::Node& shape);
+
+  /// Copies the outlines if the model has others. Fast enough for every frame.
+  void copyOutlines();
+
+ private:
+  std::weak_ptr<scene::Node> model_;
+  std::shared_ptr<scene::Node> node_;
+  std::vector<std::pair<std::shared_ptr<scene::Node>, std::shared_ptr<scene::Node>>> shapes_;
+  std::shared_ptr<const scene::Ribbons> reduced_;  // own outlines; null unless reduced
+  bool isReduced_ = false;
+};
+
+}  // namespace orivanta
