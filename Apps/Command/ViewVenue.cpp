@@ -66,6 +66,7 @@ ExitCode viewVenue(const ViewVenueOptions& options) {
   if (!options.slug.empty()) viewerOptions.slug = options.slug;
   viewerOptions.settings = resolveSettings(options.connection);
   viewerOptions.walksAtOnce = options.walk;
+  viewerOptions.theme = readTheme(options.style);
   std::unique_ptr<server::VenueServer> demo;
   std::optional<DemoFiles> demoFiles;
   if (options.demoVenue && !isEndpointGiven(options.connection)) {

@@ -15,6 +15,7 @@ struct ViewVenueOptions {
   std::string slug;                                ///< if empty, all venues are listed
   std::string size = "1280x800";                   ///< points
   double scale = 0;                                ///< pixels per point; 0 for the display's scale
+  std::string style = "light";                     ///< light, dark, plain or the file of a theme
   bool times = false;                              ///< reports how long each step took
   bool walk = false;                               ///< walks along each planned route
   std::optional<std::string> language;             ///< of the interface and of names

@@ -36,7 +36,7 @@ void VenueView::showWalkedFloor() { showFloor(walk_.walker()->floor(), Asker::wa
 void VenueView::walk(double time) {
   const Walker& walker = *walk_.walker();
   if (walker.isDone()) return;
-  if (walk_.advance(time, scale_)) showWalkedFloor();
+  if (walk_.advance(time)) showWalkedFloor();
   panels_.route->setCurrentStep(walker.progress().announced);
   if (walker.isDone()) {
     session_.walkEnded();
@@ -46,7 +46,6 @@ void VenueView::walk(double time) {
     panels_.route->setRemark(left);
     arrangePanels();
   }
-  walk_.follow();
 }
 
 // Returns what is left of the walk. Lengths and times are not known without a scale.

@@ -50,6 +50,7 @@ Viewer::Viewer(ViewerOptions options)
     : slug_(std::move(options.slug)),
       clock_(std::move(options.clock)),
       walksAtOnce_(options.walksAtOnce),
+      theme_(std::move(options.theme)),
       texts_(languagesOf(options)),
       source_(options.settings, languagesOf(options), texts_),
       root_(std::make_shared<DirectedRoot>(texts_.isRightToLeft())),

@@ -27,8 +27,9 @@ struct ViewerOptions {
   /// Language tags in the form of `Accept-Language`, for the interface, the instructions and the
   /// names of places. If empty, the user's languages.
   std::string languages{};
-  RouteSession::Clock clock{};  ///< if null, the system's local time
-  bool walksAtOnce = false;     ///< see `VenueViewOptions`
+  RouteSession::Clock clock{};                                ///< if null, the system's local time
+  bool walksAtOnce = false;                                   ///< see `VenueViewOptions`
+  std::shared_ptr<const MapTheme> theme = MapTheme::light();  ///< see `VenueViewOptions`
 };
 
 /// A host shows `root` and passes input with times in seconds that increase. It drains the main
@@ -119,6 +120,7 @@ class Viewer {
   std::optional<std::string> slug_;
   const RouteSession::Clock clock_;
   const bool walksAtOnce_;
+  const std::shared_ptr<const MapTheme> theme_;
   const guidance::InterfaceTexts texts_;
   VenueSource source_;
   std::shared_ptr<view::View> root_;

@@ -133,7 +133,7 @@ void Viewer::goBack() {
 
 void Viewer::showFloors() {
   if (reached) reached("venue loaded");
-  venueView_ = VenueView::make(venue_, texts_, {clock_, walksAtOnce_});
+  venueView_ = VenueView::make(venue_, texts_, {clock_, walksAtOnce_, theme_});
   venueView_->wayBack = wayBack();
   root_->addSubview(venueView_);
   raisePanels();

@@ -37,12 +37,15 @@ TEST_F(ViewerTest, TapsSelectPlacesAndClearTheSelection) {
   EXPECT_GT(test::countPixels(*stage.picture(), theme::backdrop), 800'000) << "the veil";
   EXPECT_TRUE(stage.viewer.isMoving()) << "its activity indicator rotates";
   VenueView& view = stage.untilShown();
-  EXPECT_EQ(test::countPixels(*stage.picture(), theme::amber), 0);
+  const graphics::Color pin = MapTheme::light()->colors.pin;
+  EXPECT_EQ(test::countPixels(*stage.picture(), pin), 0);
   const auto kindling = stage.place("kindling");
   stage.tap(on(view, *kindling));
   EXPECT_EQ(view.selected(), kindling);
   EXPECT_FALSE(view.panels().card->isHidden());
-  for (int frame = 0; frame < 2; ++frame) stage.picture();
+  stage.until([&] { return !stage.viewer.isMoving(); });
+  EXPECT_GT(test::countPixels(*stage.picture(), pin), 200) << "a pin and an outline";
+  for (int frame = 0; frame < 20; ++frame) stage.picture();
   EXPECT_FALSE(stage.viewer.isMoving() || stage.viewer.root()->needsFrame())
       << "nothing is drawn when nothing moves";
   stage.tap({640, 780});
@@ -83,7 +86,7 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     view.panels().route->stepChosen(view.session().route()->steps.size() - 1);
     stage.settle();
     EXPECT_EQ(view.mapView().currentMap()->shortName, "2");
-    view.polygonSelected(stage.place("dosa-dynamo")->polygons.front());
+    view.mapView().style()->tapped({stage.place("dosa-dynamo"), view.mapView().currentMap()});
     EXPECT_FALSE(view.panels().card->isHidden()) << "also while there is a route";
     stage.viewer.keyPressed({Key::escape});
     EXPECT_TRUE(view.session().route() && !view.panels().route->isHidden());
@@ -139,7 +142,7 @@ TEST_F(ViewerTest, RoutesFollowTheProfileTheChoiceAndTheStops) {
   view.select(nullptr);
   for (const RouteEnd end : {RouteEnd::start, RouteEnd::destination}) {
     panel.stops().chosen(end);
-    view.polygonSelected(stage.place("kindling")->polygons.front());
+    view.mapView().style()->tapped({stage.place("kindling"), view.mapView().currentMap()});
     stage.until([&] { return view.session().route() != nullptr; });
   }
   EXPECT_EQ(panel.summary(), "You are already there");
