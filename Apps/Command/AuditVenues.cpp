@@ -107,6 +107,7 @@ void drawPicture(const std::filesystem::path& folder, const Venue& venue,
   options.connection.quiet = true;
   options.slug = *venue.slug;
   options.map = "all";
+  options.style = "plain";  // the colors say what is wrong
   options.labels = true;
   options.output = file;
   options.printsFiles = false;  // the output is JSON

@@ -94,8 +94,8 @@ Does not need a display. Prints the names of the files that it writes. If there 
 the name of each file contains the short name of the floor. Places are specified as for
 `orivanta route`. With --route, the images show the floors of the route in the order of the route. A
 floor that the route enters several times has an image for each part of the route; --map FLOOR shows
-all parts on one floor. With a style, but without --map, --zoom and --route, the image shows the
-part of the floor where most places are.
+all parts on one floor. Without --map, --zoom and --route, the image shows the floor and the part of
+it where most places are; with --style plain, the whole first floor.
 
 Most licenses for map data require that its sources are shown with the map. If the venue names them,
 the images show them. With --no-attribution, or if they do not fit, they are printed to standard
@@ -108,9 +108,9 @@ from the upper left corner:
   {"time": 0.20, "finger": 1, "phase": "ended", "x": 600, "y": 380}
 
 Examples:
-  orivanta render astrolabe-court -o court.png                the first floor, from above
+  orivanta render astrolabe-court -o court.png                where most places are, from above
   orivanta render astrolabe-court --map all --tilt 40 --scale 2 -o court.png
-  orivanta render astrolabe-court --map G --highlight "paper kestrel=orange" --labels
+  orivanta render astrolabe-court --map G --highlight "paper kestrel=orange" --style dark
   orivanta render astrolabe-court --route "paper kestrel" "popcorn nebula" --tilt 35 -o way.png
   orivanta render astrolabe-court --route "paper kestrel" "popcorn nebula" --frames 25 -o way.png)";
 

@@ -143,10 +143,11 @@ void MapView::setStyle(std::shared_ptr<MapStyle> style) {
   parts_->shapes.highlightChanged = {};
   if (parts_->style) parts_->style->styled_->detach();
   parts_->style = std::move(style);
-  if (!parts_->style) return;
+  if (!parts_->style) return parts_->routes.styleChanged();
   StyledMap& styled = *parts_->style->styled_;
   if (MapView* const former = styled.view()) former->setStyle(nullptr);
   styled.attach({this, parts_->sun, parts_->logo});
+  parts_->routes.styleChanged();
   for (const auto& shape : parts_->shapes.highlightedShapes()) styled.setHighlighted(*shape, true);
   parts_->shapes.highlightChanged = [&styled](scene::Node& shape, bool isHighlighted) {
     styled.setHighlighted(shape, isHighlighted);
@@ -181,8 +182,9 @@ void MapView::updateMarkerVisibility() { parts_->markers.updateVisibility(); }
 
 MapViewOverlay2D& MapView::overlay() const { return foundation::unwrap(spriteScene); }
 
-void MapView::willRenderScene(view::SceneView&, const std::shared_ptr<scene::Scene>&, double) {
+void MapView::willRenderScene(view::SceneView&, const std::shared_ptr<scene::Scene>&, double time) {
   updateMarkerPositions();
+  if (StyledMap* const style = styled()) style->prepareFrame(time);
 }
 
 }  // namespace orivanta

@@ -68,9 +68,11 @@ void MapView::sceneTapped(const view::TapGestureRecognizer& recognizer) {
   const StyledMap* const styled = this->styled();
   if (styled == nullptr || styled->labels().view() == nullptr) return selectPolygonAt(point);
   const auto style = parts_->style;  // a callback may remove it
-  const HitPlace hit = hitPlace(*this, *styled->labels().view(), point);
-  const MapTap tap{hit.place, currentMap()};
-  if (hit.isLabel)
+  const HitPlace hit = hitPlace(*this, *styled, point);
+  const MapTap tap{hit.place, hit.leadsTo ? hit.leadsTo : currentMap(), hit.leadsTo != nullptr};
+  if (hit.leadsTo)
+    changeMap(hit.leadsTo);
+  else if (hit.isLabel)
     tellLabelTapped(*this, hit);
   else
     selectPolygonAt(point);

@@ -39,7 +39,9 @@ void addRender(CLI::App& app, CommandLine& line) {
   query.add_option("--marker", options.markers, "Mark a location; may be repeated")
       ->type_name("PLACE")
       ->allow_extra_args(false);
-  query.add_flag("--labels", options.labels, "Show the names of the locations");
+  auto* const labels =
+      query.add_flag("--labels", options.labels, "Show names, the default except in plain images");
+  query.add_flag("--no-labels", options.noLabels, "Show neither names nor icons")->excludes(labels);
   query
       .add_option("--attribution", options.attribution,
                   "Corner for the map's attribution, for example upper-right")

@@ -150,9 +150,8 @@ void placeCamera(const MapView& mapView, const std::vector<graphics::Vector3>& p
   const double turn = radians(options.turn);
   MapCamera& camera = mapView.camera();
   camera.setLimited(false);
-  camera.setPose(points.empty()
-                     ? camera.fittingPose(tilt, turn)
-                     : camera.framingPose(points, aroundRoute(*mapView.venue), tilt, turn));
+  camera.setPose(points.empty() ? camera.fittingPose(tilt, turn)
+                                : camera.framingPose(points, aroundRoute(mapView), tilt, turn));
   const graphics::Size size = camera.lens().size;
   if (options.zoom) camera.zoomBy(*options.zoom, {size.width / 2, size.height / 2});
   const MapTheme* const theme = mapView.style() ? mapView.style()->theme().get() : nullptr;
@@ -189,6 +188,15 @@ void warn(const FloorProgress& floor) {
   if (!floor.remark.empty()) complain(fmt::format("floor {}: {}", label, floor.remark));
 }
 
+// Keeps routes in styled images clear of a view at an edge.
+void keepRoutesClear(MapView& mapView, const graphics::Rect& frame) {
+  const double height = mapView.bounds().size.height;
+  const bool isAbove = frame.midY() < height / 2;
+  Insets insets;
+  (isAbove ? insets.top : insets.bottom) = isAbove ? frame.maxY() : height - frame.minY();
+  mapView.camera().setInsets(insets);
+}
+
 // Puts the attribution on the images. If that is not possible, writes it to standard error.
 void attribute(Stage& stage, const Venue& venue, graphics::Size size,
                const RenderVenueOptions& options, const MapTheme* theme) {
@@ -200,6 +208,8 @@ void attribute(Stage& stage, const Venue& venue, graphics::Size size,
     const auto view = std::make_shared<AttributionView>(text, corner, size, options.scale, theme);
     stage.mapView()->addSubview(view);
     isShown = view->isWhole();
+    if (theme != nullptr && !options.route.empty())
+      keepRoutesClear(*stage.mapView(), view->frame());
   }
   if (!isShown) complain("show this attribution with the images: " + text);
 }
@@ -270,6 +280,7 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   if (theme) {
     const auto style = MapStyle::make(theme);
     style->setStill(true);  // the camera does not move
+    style->setLabels(!options.noLabels);
     stage.mapView()->setStyle(style);
   }
   attribute(stage, *venue, size, options, theme.get());

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "Source/UI/Display/Turned.hpp"
+#include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta {
@@ -21,6 +22,8 @@ constexpr double routeMargin = 0.3;
 constexpr double leastRouteExtent = 120;  // scene units; a route is drawn ten units wide
 constexpr double mostRouteExtent = 600;
 constexpr double leastRouteMeters = 8;
+constexpr double styledRouteMargin = 0.06;
+constexpr double markMargin = 40;  // points
 
 // The allowed slopes of points in one direction of the view.
 struct Range {
@@ -70,6 +73,15 @@ Surroundings aroundRoute(const Venue& venue) {
           std::clamp(leastRouteMeters * unitsPerMeter, leastRouteExtent, mostRouteExtent)};
 }
 
+Surroundings aroundRoute(const MapView& view) {
+  Surroundings around = aroundRoute(*view.venue);
+  if (view.style()) {
+    around.margin = styledRouteMargin;
+    around.points = markMargin;
+  }
+  return around;
+}
+
 std::array<graphics::Vector3, 8> cornersOf(const graphics::Box& box) {
   std::array<graphics::Vector3, 8> corners;
   for (std::size_t i = 0; i < corners.size(); ++i)
@@ -79,8 +91,11 @@ std::array<graphics::Vector3, 8> cornersOf(const graphics::Box& box) {
 }
 
 CameraPose framing(std::span<const graphics::Vector3> points, CameraPose pose, const Lens& lens,
-                   const Insets& insets, const Surroundings& surroundings) {
+                   const Insets& covered, const Surroundings& surroundings) {
   if (points.empty()) return pose;
+  const double border = surroundings.points;
+  const Insets insets{covered.left + border, covered.top + border, covered.right + border,
+                      covered.bottom + border};
   const graphics::Size view = lens.size;
   const double slope = lens.slopePerPoint();
   const double sine = std::sin(pose.tilt);

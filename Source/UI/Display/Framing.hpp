@@ -12,6 +12,8 @@
 
 namespace orivanta {
 
+class MapView;
+
 /// The margins of a view that are covered by other elements, in points.
 struct Insets {
   double left = 0;    ///< at the left edge
@@ -26,6 +28,7 @@ struct Insets {
 struct Surroundings {
   double margin = 0;       ///< fraction of the extent of the points
   double leastExtent = 1;  ///< minimum visible extent in each direction, scene units
+  double points = 0;       ///< additional margin on each side, points
 };
 
 inline constexpr Surroundings aroundFloor{0.06, 1};    ///< for a whole floor
@@ -35,6 +38,10 @@ inline constexpr Surroundings aroundPlace{0.35, 300};  ///< for a single place
 /// vicinity is visible. If the venue defines its units per meter, at least eight meters are
 /// visible.
 ORIVANTA_API Surroundings aroundRoute(const Venue& venue);
+
+/// As above, for a map view that has a venue. If it has a style, the marks at the ends of the route
+/// have space: the ends are at least 40 points inside the uncovered part of the view.
+ORIVANTA_API Surroundings aroundRoute(const MapView& view);
 
 /// Returns the corners of a box, which must not be empty.
 ORIVANTA_API std::array<graphics::Vector3, 8> cornersOf(const graphics::Box& box);

@@ -33,7 +33,15 @@ void MapStyle::setSelected(std::shared_ptr<Location> place) {
 
 void MapStyle::setClosures(const guidance::Closures& closures) { styled_->setClosures(closures); }
 
-void MapStyle::setStill(bool isStill) { styled_->labels().setStill(isStill); }
+
+void MapStyle::setLabels(bool areShown) { styled_->labels().setShown(areShown); }
+
+void MapStyle::setStill(bool isStill) {
+  styled_->labels().setStill(isStill);
+  styled_->route().setStill(isStill);
+}
+
+void MapStyle::setReducedMotion(bool isReduced) { styled_->route().setReducedMotion(isReduced); }
 
 void MapStyle::setCovered(std::vector<graphics::Rect> covered) {
   styled_->labels().setCovered(std::move(covered));

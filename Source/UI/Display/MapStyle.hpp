@@ -20,6 +20,7 @@
 namespace orivanta {
 
 class MapView;
+class RouteLayer;
 class RouteOverlay;
 class StyledMap;
 
@@ -27,6 +28,9 @@ class StyledMap;
 struct MapTap {
   std::shared_ptr<Location> place;  ///< a location or a connector; null if nothing was hit
   std::shared_ptr<Map> floor;       ///< the floor that is shown; null if there is none
+  /// Whether a mark was hit where a route changes the floor. The map view then shows `floor`, the
+  /// floor to which the mark leads, unless its model is not loaded. The delegate is not called.
+  bool isFloorChange = false;
 };
 
 /// Draws the floors of a map view in the colors of a theme: places by their kind and with outlines,
@@ -68,8 +72,12 @@ class ORIVANTA_API MapStyle {
 
   // --- Names and icons --------------------------------------------------------------------------
 
+  /// Shows or hides names and icons. The default is true.
+  void setLabels(bool areShown);
+
   /// Sets whether each frame is a separate picture: names and icons are placed anew and neither
-  /// fade nor wait for their images. Call `finish` before drawing. The default is false.
+  /// fade nor wait for their images, and the view requests no frames for arrows of routes. Call
+  /// `finish` before drawing. The default is false.
   void setStill(bool isStill);
 
   /// Sets the parts of the map view that are covered, in points. No name or icon is placed there.
@@ -91,6 +99,14 @@ class ORIVANTA_API MapStyle {
   /// of closed places have the color of places of no particular kind. The default is that nothing
   /// is closed.
   void setClosures(const guidance::Closures& closures);
+
+  // --- Routes -----------------------------------------------------------------------------------
+  // `RouteOverlay` and `MapView::drawPath` draw routes in the style. The functions that draw single
+  // segments do not.
+
+  /// Sets whether the arrows of routes stand still, so that the view rests while a route is shown.
+  /// The default is false.
+  void setReducedMotion(bool isReduced);
 
   // --- First view -------------------------------------------------------------------------------
 
@@ -127,6 +143,7 @@ class ORIVANTA_API MapStyle {
 
  private:
   friend class MapView;
+  friend class RouteLayer;
   friend class RouteOverlay;
 
   explicit MapStyle(std::shared_ptr<const MapTheme> theme);

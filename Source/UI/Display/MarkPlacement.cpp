@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace orivanta {
 
@@ -11,11 +12,7 @@ using graphics::Rect;
 
 namespace {
 
-constexpr double pinWidth = 22;  // points
-constexpr double textGap = 2;
-
 constexpr std::array symbols{MarkSymbol::pin, MarkSymbol::dot};
-constexpr std::array sides{TextSide::below, TextSide::above, TextSide::right, TextSide::left};
 
 // The penalties of a look.
 constexpr double hidesSymbol = 10;
@@ -27,10 +24,21 @@ constexpr double isDot = 1;
 constexpr double isLaterSide = 0.1;
 constexpr double change = 0.5;  // minimum improvement for changing a look
 
-Rect symbolFrame(Point at, MarkSymbol symbol) {
+Rect symbolFrame(const MarkPlace& mark, MarkSymbol symbol) {
+  const Point at = mark.at;
+  const MarkShape& shape = mark.shape;
   if (symbol == MarkSymbol::dot)
-    return {{at.x - dotSide / 2, at.y - dotSide / 2}, {dotSide, dotSide}};
-  return {{at.x - pinWidth / 2, at.y - pinHeight}, {pinWidth, pinHeight}};
+    return {{at.x - shape.dot / 2, at.y - shape.dot / 2}, {shape.dot, shape.dot}};
+  return {{at.x - shape.pin.width / 2, at.y - shape.pin.height}, shape.pin};
+}
+
+bool isAllowed(MarkSymbol symbol, const MarkShape& shape) {
+  return symbol == MarkSymbol::pin ? shape.hasPin : shape.hasDot;
+}
+
+double indexOf(TextSide side, const MarkShape& shape) {
+  return static_cast<double>(std::find(shape.sides.begin(), shape.sides.end(), side) -
+                             shape.sides.begin());
 }
 
 // Returns the length of the part of a segment that is inside a rectangle (Liang and Barsky 1984).
@@ -77,8 +85,9 @@ class Placement {
 
   double cost(std::size_t index, const MarkLook& look, std::span<const MarkLook> looks) const {
     const MarkFrames own = framesOf(marks_[index], look);
+    const MarkShape& shape = marks_[index].shape;
     double cost =
-        (look.symbol == MarkSymbol::dot ? isDot : 0) + isLaterSide * static_cast<double>(look.side);
+        (look.symbol == MarkSymbol::dot ? isDot : 0) + isLaterSide * indexOf(look.side, shape);
     for (std::size_t i = 0; i < marks_.size(); ++i) {
       if (i == index) continue;
       const MarkFrames other = framesOf(marks_[i], looks[i]);
@@ -88,8 +97,10 @@ class Placement {
       if (own.text.intersects(other.symbol)) cost += hidesSymbol;
     }
     if (length_ > 0) {
-      const double hidden = lengthWithin(own.symbol, route_) + lengthWithin(own.text, route_);
+      const double below = lengthWithin(own.text, route_);
+      const double hidden = lengthWithin(own.symbol, route_) + below;
       cost += hidesRoute * std::max(0.0, hidden / length_ - tolerableShare);
+      cost += shape.overRoute * below;
     }
     if (marks_[index].text.width > 0 && !holds(view_, own.text)) cost += leavesView;
     return cost;
@@ -97,9 +108,11 @@ class Placement {
 
   MarkLook best(std::size_t index, std::span<const MarkLook> looks) const {
     MarkLook best = looks[index];
-    double least = cost(index, best, looks) - change;
+    double least = isAllowed(best.symbol, marks_[index].shape) ? cost(index, best, looks) - change
+                                                               : std::numeric_limits<double>::max();
     for (const MarkSymbol symbol : symbols)
-      for (const TextSide side : sides) {
+      for (const TextSide side : marks_[index].shape.sides) {
+        if (!isAllowed(symbol, marks_[index].shape)) continue;
         const double other = cost(index, {symbol, side}, looks);
         if (other >= least) continue;
         least = other;
@@ -118,13 +131,15 @@ class Placement {
 }  // namespace
 
 MarkFrames framesOf(const MarkPlace& mark, const MarkLook& look) {
-  const Rect symbol = symbolFrame(mark.at, look.symbol);
+  const Rect symbol = symbolFrame(mark, look.symbol);
+  const double textGap = mark.shape.gap;
   const graphics::Size text = mark.text;
   Point corner{mark.at.x - text.width / 2, symbol.maxY() + textGap};
   if (look.side == TextSide::above) corner.y = symbol.minY() - textGap - text.height;
   if (look.side == TextSide::right || look.side == TextSide::left) {
     // Next to the head of a pin, which is the upper two thirds of the pin.
-    const double head = look.symbol == MarkSymbol::pin ? pinHeight / 3 : dotSide / 2;
+    const double head =
+        look.symbol == MarkSymbol::pin ? mark.shape.pin.height / 3 : mark.shape.dot / 2;
     corner.y = symbol.minY() + head - text.height / 2;
     corner.x = look.side == TextSide::right ? symbol.maxX() + textGap
                                             : symbol.minX() - textGap - text.width;

@@ -2,6 +2,7 @@
 // Private header.
 #pragma once
 
+#include <array>
 #include <span>
 #include <vector>
 
@@ -26,10 +27,23 @@ struct MarkLook {
 inline constexpr double pinHeight = 34;
 inline constexpr double dotSide = 18;
 
+/// The sizes and the possible looks of a mark.
+struct MarkShape {
+  graphics::Size pin{22, pinHeight};
+  double dot = dotSide;  ///< width and height
+  double gap = 2;        ///< between the symbol and the text
+  bool hasPin = true;    ///< whether the symbol may be a pin
+  bool hasDot = true;    ///< whether the symbol may be a dot
+  /// The sides of the text by preference.
+  std::array<TextSide, 4> sides{TextSide::below, TextSide::above, TextSide::right, TextSide::left};
+  double overRoute = 0;  ///< the cost of a point of the route below the text; others are about 1
+};
+
 /// A place to be marked.
 struct MarkPlace {
   graphics::Point at;
   graphics::Size text;  ///< empty if there is no text
+  MarkShape shape{};
 };
 
 /// The areas that a mark covers: its symbol and its text, which may be empty.

@@ -1,6 +1,7 @@
 #include "Source/UI/Display/RouteOverlay.hpp"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 #include "Platform/Graphics/Changes.hpp"
@@ -35,6 +36,10 @@ std::string rideText(const NodeList& path, std::size_t begin) {
   return {};
 }
 
+void append(std::string& list, const char* separator, const std::string& more) {
+  if (!more.empty()) list += (list.empty() ? "" : separator) + more;
+}
+
 }  // namespace
 
 struct RouteOverlay::Mark {
@@ -55,6 +60,7 @@ RouteOverlay::RouteOverlay(std::shared_ptr<MapView> mapView, NodeList path,
       from_(std::move(from)),
       to_(std::move(to)),
       visits_(floorVisits(path_)),
+      line_(std::make_shared<const RouteLine>(routePoints(path_))),
       marks_(std::make_unique<Marks>()) {}
 
 RouteOverlay::~RouteOverlay() { hide(); }
@@ -102,7 +108,8 @@ void RouteOverlay::clear() {
   const graphics::Transaction transaction;
   for (const auto& segment : segments_) segment->removeFromParent();
   segments_.clear();
-  if (const auto& style = mapView_->style()) style->styled_->labels().setRoute({});
+  if (const auto style = style_.lock()) style->styled_->route().remove(this);
+  style_.reset();
   for (const Mark& mark : marks_->list) mapView_->removeMarker(mark.marker);
   *marks_ = {};
   scene_ = nullptr;
@@ -111,13 +118,27 @@ void RouteOverlay::clear() {
 
 void RouteOverlay::arrange() {
   if (first_ == end_ || arrangedChange_ == graphics::changeCount()) return;
+  const auto style = style_.lock();
+  if (mapView_->style() != style || (style && !style->styled_->route().has(this))) return redraw();
+  if (style) return;  // it follows the map view
   if (mapView_->currentMap() != floor_ || mapView_->sceneView->scene() != scene_) return redraw();
   arrangeMarks();
+}
+
+void RouteOverlay::setPassed(const Map& floor, graphics::Vector3 position) {
+  passed_ = line_->lengthTo(floor, position, passed_);
+  if (const auto style = style_.lock()) style->styled_->route().setPassed(this, passed_);
+}
+
+void RouteOverlay::clearPassed() {
+  passed_ = 0;
+  if (const auto style = style_.lock()) style->styled_->route().setPassed(this, passed_);
 }
 
 void RouteOverlay::redraw() {
   const graphics::Transaction transaction;
   clear();
+  if (const auto style = mapView_->style()) return showStyled(*style);
   floor_ = mapView_->currentMap();
   scene_ = mapView_->sceneView->scene();
   if (!floor_ || !scene_) return;
@@ -126,20 +147,49 @@ void RouteOverlay::redraw() {
   arrangeMarks();
 }
 
+void RouteOverlay::showStyled(MapStyle& style) {
+  style_ = mapView_->style();
+  RouteContents contents{line_, first_, end_, color, styledMarks(style), passed_};
+  style.styled_->route().set(this, std::move(contents));
+}
+
+// The ends replace stops at the same node.
+std::vector<RouteMark> RouteOverlay::styledMarks(const MapStyle& style) const {
+  std::vector<RouteMark> marks =
+      floorChangeMarks(path_, first_, end_, mapView_->venue.get(), style.theme()->words);
+  for (std::size_t i = first_; i < end_; ++i) {
+    const bool isStart = i == 0;
+    const bool isEnd = i + 1 == path_.size();
+    const auto here = stopsAt(i);
+    if (!isStart && !isEnd && here.empty()) continue;
+    RouteMark mark{isEnd     ? RouteMark::Form::end
+                   : isStart ? RouteMark::Form::start
+                             : RouteMark::Form::stop,
+                   {scenePosition(*path_[i]), path_[i]->map}};
+    if (isStart || isEnd) {
+      mark.text = isEnd ? nameOf(to_, destination) : nameOf(from_, start);
+      mark.place = isEnd ? to_ : from_;
+    } else {
+      std::tie(mark.number, mark.text) = stopTexts(i);
+      mark.place = stops[here.front()].place;
+    }
+    marks.push_back(std::move(mark));
+  }
+  return marks;
+}
+
 bool RouteOverlay::isOnShownFloor(std::size_t index) const { return path_[index]->map == floor_; }
 
 void RouteOverlay::drawSegments() {
   const graphics::Color ribbon = color.value_or(mapView_->pathColor);
-  std::vector<RouteSegment> route;
   for (std::size_t i = first_; i + 1 < end_; ++i) {
     if (!isOnShownFloor(i) || !isOnShownFloor(i + 1)) continue;
-    route.push_back({scenePosition(*path_[i]), scenePosition(*path_[i + 1])});
-    for (const auto& layer : makeRouteSegment(route.back()[0], route.back()[1], ribbon)) {
+    for (const auto& layer :
+         makeRouteSegment(scenePosition(*path_[i]), scenePosition(*path_[i + 1]), ribbon)) {
       scene_->rootNode()->addChild(layer);
       segments_.push_back(layer);
     }
   }
-  if (const auto& style = mapView_->style()) style->styled_->labels().setRoute(std::move(route));
 }
 
 // Adds at most one mark per node.
@@ -166,20 +216,26 @@ std::string RouteOverlay::nameOf(const std::shared_ptr<Location>& place,
   return mapView_->venue ? labelName(*mapView_->venue, *place) : *place->name;
 }
 
+// Returns the numbers and the names of the stops at a node.
+std::pair<std::string, std::string> RouteOverlay::stopTexts(std::size_t index) const {
+  std::string numbers;
+  std::string names;
+  for (const std::size_t stop : stopsAt(index)) {
+    append(numbers, ",", std::to_string(stop + 1));
+    append(names, ", ", nameOf(stops[stop].place, ""));
+  }
+  return {std::move(numbers), std::move(names)};
+}
+
 void RouteOverlay::addMark(std::size_t index) {
   const bool isStart = index == 0;
   const bool isEnd = index + 1 == path_.size();
   MarkContent content{isEnd ? markColors::end : isStart ? markColors::start : markColors::ride};
   std::string text = isStart ? nameOf(from_, start) : isEnd ? nameOf(to_, destination) : "";
-  const auto append = [](std::string& list, const char* separator, const std::string& more) {
-    if (!more.empty()) list += (list.empty() ? "" : separator) + more;
-  };
-  if (!isStart && !isEnd)
-    for (const std::size_t stop : stopsAt(index)) {
-      content.color = markColors::place;
-      append(content.number, ",", std::to_string(stop + 1));
-      append(text, ", ", nameOf(stops[stop].place, ""));
-    }
+  if (!isStart && !isEnd && !stopsAt(index).empty()) {
+    content.color = markColors::place;
+    std::tie(content.number, text) = stopTexts(index);
+  }
   if (!isEnd && !isOnShownFloor(index + 1)) append(text, "  ", rideText(path_, index));
   auto style = labelStyle();
   style.bold = true;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Platform/Foundation/Export.hpp"
@@ -18,10 +19,15 @@
 
 namespace orivanta {
 
+class MapStyle;
 class MapView;
+class RouteLine;
+struct RouteMark;
 
 /// Shows a route in a map view. A map view may have several overlays. `MapView::clearPaths` does
-/// not affect them. Keeps a reference to the map view. Main thread.
+/// not affect them. If the map view has a style, the route is drawn in it: with a constant width,
+/// and with the icons of connectors where it changes the floor, which can be tapped; see `MapTap`.
+/// Keeps a reference to the map view. Main thread.
 class ORIVANTA_API RouteOverlay {
  public:
   /// The names of `from` and `to`, which may be null, label the ends, see `labelName`. Shows
@@ -78,15 +84,27 @@ class ORIVANTA_API RouteOverlay {
   /// Removes the route and its marks.
   void hide();
 
+  /// Marks the route as passed from its start to a position on a floor, in scene units: gray if the
+  /// map view has a style, see `MapView::setStyle`; other views do not show it. The passed part
+  /// ends at the nearest point of the route on that floor and never becomes shorter. Call it while
+  /// a visitor walks. Does nothing if the route has no segment on the floor.
+  void setPassed(const Map& floor, graphics::Vector3 position);
+
+  /// Marks the whole route as not passed.
+  void clearPassed();
+
  private:
   struct Mark;
   struct Marks;
 
   void redraw();
+  void showStyled(MapStyle& style);
+  std::vector<RouteMark> styledMarks(const MapStyle& style) const;
   void drawSegments();
   void addMarks();
   std::string nameOf(const std::shared_ptr<Location>& place, const std::string& otherwise) const;
   std::vector<std::size_t> stopsAt(std::size_t index) const;
+  std::pair<std::string, std::string> stopTexts(std::size_t index) const;
   void addMark(std::size_t index);
   void arrangeMarks();
   void clear();
@@ -98,8 +116,11 @@ class ORIVANTA_API RouteOverlay {
   std::shared_ptr<Location> from_;
   std::shared_ptr<Location> to_;
   std::vector<FloorVisit> visits_;
-  std::size_t first_ = 0;  // start of the shown part of the path
-  std::size_t end_ = 0;    // end of that part; equal to `first_` if nothing is shown
+  std::shared_ptr<const RouteLine> line_;
+  double passed_ = 0;              // length of the passed part
+  std::weak_ptr<MapStyle> style_;  // that shows the route; empty if none does
+  std::size_t first_ = 0;          // start of the shown part of the path
+  std::size_t end_ = 0;            // end of that part; equal to `first_` if nothing is shown
   double scale_ = 1;
   std::vector<std::shared_ptr<scene::Node>> segments_;
   std::unique_ptr<Marks> marks_;

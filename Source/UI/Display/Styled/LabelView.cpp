@@ -66,6 +66,23 @@ void LabelView::setLabels(std::shared_ptr<const FloorLabels> labels) {
   setNeedsFrame();
 }
 
+void LabelView::setMarked(std::vector<std::shared_ptr<Location>> places) {
+  const Transaction transaction;
+  if (places == marked_) return;
+  marked_ = std::move(places);
+  setNeedsFrame();
+}
+
+void LabelView::setMarks(std::vector<Rect> marks) {
+  const Transaction transaction;
+  routeMarks_ = std::move(marks);
+}
+
+std::optional<double> LabelView::unitsPerMeter() const {
+  const Transaction transaction;
+  return labels_ ? std::optional(labels_->unitsPerMeter) : std::nullopt;
+}
+
 void LabelView::setStill(bool isStill) {
   const Transaction transaction;
   isStill_ = isStill;
@@ -105,7 +122,7 @@ void LabelView::setRoute(std::vector<RouteSegment> route) {
 
 std::shared_ptr<Location> LabelView::labelAt(Point point) const {
   const Transaction transaction;
-  if (!labels_) return nullptr;
+  if (!labels_ || isHidden()) return nullptr;
   for (const Rect& rect : selectedMark_.rects())
     if (rect.contains(point)) return selected_->place;
   for (const ShownLabel& shown : placement_.shown())
@@ -118,7 +135,7 @@ std::shared_ptr<Location> LabelView::labelAt(Point point) const {
 std::shared_ptr<Location> LabelView::symbolNear(Point point, double distance) const {
   const Transaction transaction;
   std::shared_ptr<Location> nearest;
-  if (!labels_) return nearest;
+  if (!labels_ || isHidden()) return nearest;
   for (const ShownLabel& shown : placement_.shown()) {
     const double away = std::hypot(shown.symbol.midX() - point.x, shown.symbol.midY() - point.y);
     if (!(shown.symbolOpacity > 0) || away > distance) continue;
@@ -176,7 +193,11 @@ void LabelView::choosePictures(double scale) {
 
 void LabelView::place(const FloorProjection& projection, double time, double scale) {
   places_.clear();
-  for (const graphics::Vector3& anchor : labels_->anchors) places_.push_back(projection.of(anchor));
+  for (std::size_t i = 0; i < labels_->anchors.size(); ++i) {
+    const bool isMarked =
+        std::find(marked_.begin(), marked_.end(), labels_->sources[i].place) != marked_.end();
+    places_.push_back(isMarked ? ProjectedPlace() : projection.of(labels_->anchors[i]));
+  }
   const std::vector<Rect> panels = this->panels(scale);
   placeSelected(projection, panels, scale);
   const std::vector<Rect> marks = this->marks(projection);
@@ -199,11 +220,13 @@ void LabelView::place(const FloorProjection& projection, double time, double sca
   isNew_ = false;
 }
 
-// The label of the selected place is hidden while the pin is there.
+// The label of the selected place is hidden while the pin is there. The ends of a route have pins of
+// their own.
 void LabelView::placeSelected(const FloorProjection& projection, std::span<const Rect> panels,
                               double scale) {
   selectedMark_.hide();
-  if (!selected_) return;
+  if (!selected_ || std::find(marked_.begin(), marked_.end(), selected_->place) != marked_.end())
+    return;
   const ProjectedPlace at =
       selectedLabel_ ? places_[*selectedLabel_] : projection.of(selected_->position);
   if (selectedLabel_) places_[*selectedLabel_].pointsPerUnit = 0;
@@ -231,7 +254,8 @@ std::vector<Rect> LabelView::panels(double scale) const {
 
 // The route and the visible markers, except those that are hidden where they collide.
 std::vector<Rect> LabelView::marks(const FloorProjection& projection) const {
-  std::vector<Rect> marks = selectedMark_.rects();
+  std::vector<Rect> marks = routeMarks_;
+  for (const Rect& rect : selectedMark_.rects()) marks.push_back(rect);
   const double width = theme_->sizes.route + 2 * theme_->sizes.casing;
   for (const auto& [from, to] : route_)
     addRouteBoxes(projection.of(from), projection.of(to), bounds().size, width, marks);

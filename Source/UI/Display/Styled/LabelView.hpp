@@ -56,6 +56,15 @@ class LabelView : public view::View {
   /// The route on the floor. No label is placed over it.
   void setRoute(std::vector<RouteSegment> route);
 
+  /// The places that have marks. Their labels are not shown.
+  void setMarked(std::vector<std::shared_ptr<Location>> places);
+
+  /// The parts of the view that marks cover. Called before each frame; requests none.
+  void setMarks(std::vector<graphics::Rect> marks);
+
+  /// Returns the scale of the floor, see `FloorLabels`. Nothing while there are no labels.
+  std::optional<double> unitsPerMeter() const;
+
   /// Returns the place whose name or symbol is at a point of the last frame, or null.
   std::shared_ptr<Location> labelAt(graphics::Point point) const;
 
@@ -96,6 +105,8 @@ class LabelView : public view::View {
   std::optional<SelectedPlace> selected_;
   std::optional<std::size_t> selectedLabel_;  // nothing if the selected place has none
   SelectedMark selectedMark_;
+  std::vector<std::shared_ptr<Location>> marked_;
+  std::vector<graphics::Rect> routeMarks_;
   bool isStill_ = false;
   bool isNew_ = false;                       // the labels were not drawn yet
   bool isFading_ = false;                    // an image appeared a short time ago

@@ -7,6 +7,7 @@
 #include "Source/Attribution.hpp"
 #include "Source/Guidance/Scale.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
+#include "Source/UI/Display/Styled/StyledRoute.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
 
@@ -66,6 +67,7 @@ std::shared_ptr<StyleView> StyleView::addTo(MapView& view) {
 
 void StyleView::remove() {
   const graphics::Transaction transaction;
+  route_ = nullptr;
   compass_->removeFromSuperview();
   removeFromSuperview();
 }
@@ -102,8 +104,19 @@ void StyleView::venueChanged() {
   setNeedsFrame();
 }
 
+void StyleView::setRoute(StyledRoute* route) {
+  const graphics::Transaction transaction;
+  route_ = route;
+}
+
+bool StyleView::isAnimating() const {
+  const graphics::Transaction transaction;
+  return (route_ != nullptr && route_->isAnimating()) || View::isAnimating();
+}
+
 void StyleView::draw(view::Canvas& canvas) {
   if (!theme_ || !view_.camera().isReady()) return;
+  if (route_ != nullptr) route_->draw(canvas);
   if (position_ && position_->floor == view_.currentMap())
     dot_.draw(canvas, view_, *position_, unitsPerMeter_, *theme_);
   arrangeFurniture(canvas.scale());

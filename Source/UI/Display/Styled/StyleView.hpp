@@ -17,6 +17,7 @@
 namespace orivanta {
 
 class MapView;
+class StyledRoute;
 
 /// Covers the map view, directly above its scene. Touches pass through, except those of the
 /// compass, which is a view of its own. `draw` may be called on another thread.
@@ -43,10 +44,15 @@ class StyleView : public view::View {
   /// transaction in which a frame is gathered.
   std::vector<graphics::Rect> arrangeFurniture(double scale);
 
+  /// The routes to draw below the other things. Null, the default, for none.
+  void setRoute(StyledRoute* route);
+
   void draw(view::Canvas& canvas) override;
+  bool isAnimating() const override;
 
  private:
   MapView& view_;
+  StyledRoute* route_ = nullptr;
   std::shared_ptr<CompassView> compass_;
   std::shared_ptr<const MapTheme> theme_;  // null until set
   MapFurniture furniture_;

@@ -53,8 +53,10 @@ void StyledLabels::attach(MapView& view,
   shown_ = std::make_shared<LabelView>(view);
   shown_->furniture = std::move(furniture);
   shown_->setStill(isStill_);
+  shown_->setHidden(!areShown_);
   shown_->setCovered(covered_);
   shown_->setRoute(route_);
+  shown_->setMarked(marked_);
   shown_->addTo(view);
 }
 
@@ -113,6 +115,11 @@ void StyledLabels::finish() {
   if (shown_) shown_->finish();
 }
 
+void StyledLabels::setShown(bool areShown) {
+  areShown_ = areShown;
+  if (shown_) shown_->setHidden(!areShown);
+}
+
 void StyledLabels::setStill(bool isStill) {
   isStill_ = isStill;
   if (shown_) shown_->setStill(isStill);
@@ -126,6 +133,19 @@ void StyledLabels::setCovered(std::vector<graphics::Rect> covered) {
 void StyledLabels::setRoute(std::vector<RouteSegment> route) {
   route_ = std::move(route);
   if (shown_) shown_->setRoute(route_);
+}
+
+void StyledLabels::setMarked(std::vector<std::shared_ptr<Location>> places) {
+  marked_ = std::move(places);
+  if (shown_) shown_->setMarked(marked_);
+}
+
+void StyledLabels::setMarks(std::vector<graphics::Rect> marks) {
+  if (shown_) shown_->setMarks(std::move(marks));
+}
+
+std::optional<double> StyledLabels::unitsPerMeter() const {
+  return shown_ ? shown_->unitsPerMeter() : std::nullopt;
 }
 
 }  // namespace orivanta

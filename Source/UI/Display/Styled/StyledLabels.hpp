@@ -49,10 +49,15 @@ class StyledLabels {
   /// See `MapStyle`.
   bool isReady() const { return !making_; }
   void finish();
+  void setShown(bool areShown);
   void setStill(bool isStill);
   void setCovered(std::vector<graphics::Rect> covered);
 
+  // See `LabelView`.
   void setRoute(std::vector<RouteSegment> route);
+  void setMarked(std::vector<std::shared_ptr<Location>> places);
+  void setMarks(std::vector<graphics::Rect> marks);
+  std::optional<double> unitsPerMeter() const;
 
   /// Returns the view that shows the labels, or null if detached.
   const LabelView* view() const { return shown_.get(); }
@@ -72,6 +77,8 @@ class StyledLabels {
   std::vector<RouteSegment> route_;
   guidance::Closures closures_;
   std::string closedWord_;
+  std::vector<std::shared_ptr<Location>> marked_;
+  bool areShown_ = true;
   bool isStill_ = false;
 };
 

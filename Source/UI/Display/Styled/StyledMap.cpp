@@ -35,6 +35,8 @@ void StyledMap::attach(StyleHost host) {
     return view ? view->arrangeFurniture(scale) : std::vector<graphics::Rect>();
   });
   labels_.setClosures(closures_, texts_.text("interface.mark.closed"));
+  route_.attach(*host_.view, labels_);
+  overlay_->setRoute(&route_);
   overlay_->setFurniture(furniture_);
   overlay_->setPosition(position_);
   restyle();
@@ -48,6 +50,7 @@ void StyledMap::detach() {
   work_.clear();
   selectedOutline_.clear();
   look_.restore(*host_.view);
+  route_.detach();
   labels_.detach();
   logo_.restore();
   overlay_->remove();
@@ -70,6 +73,7 @@ void StyledMap::restyle() {
   logo_.apply(host_.logo, *theme_);
   overlay_->setTheme(theme_);
   overlay_->venueChanged();
+  route_.show(theme_);
   const auto& venue = host_.view->venue;
   if (!venue || !venue->maps) return;
   for (const auto& map : *venue->maps) styleFloor(*map);
@@ -116,6 +120,7 @@ void StyledMap::addFloor(const Map& map) {
   if (host_.view->venue && !fills_.contains(map)) styleFloor(map);
   labels_.show(theme_);
   showSelected();
+  route_.show(theme_);
   followed_.update(*host_.view, position_);
 }
 

@@ -19,6 +19,7 @@
 #include "Source/UI/Display/Styled/SelectedOutline.hpp"
 #include "Source/UI/Display/Styled/StyleView.hpp"
 #include "Source/UI/Display/Styled/StyledLabels.hpp"
+#include "Source/UI/Display/Styled/StyledRoute.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta {
@@ -47,6 +48,8 @@ class StyledMap {
   // See `MapStyle`.
   StyledLabels& labels() { return labels_; }
   const StyledLabels& labels() const { return labels_; }
+  StyledRoute& route() { return route_; }
+  const StyledRoute& route() const { return route_; }
   bool isReady() const;
   void finish();
   void setFurniture(const MapFurniture& furniture);
@@ -78,6 +81,9 @@ class StyledMap {
 
   void setHighlighted(scene::Node& shape, bool isHighlighted);
 
+  /// A frame begins. Called by the thread that draws, under a transaction. `time`: seconds.
+  void prepareFrame(double time) { route_.prepareFrame(time); }
+
  private:
   void restyle();
   void styleFloor(const Map& map);
@@ -92,6 +98,7 @@ class StyledMap {
   FloorWork work_;
   SceneLook look_;
   StyledLabels labels_;
+  StyledRoute route_;
   LogoLook logo_;
   MapFurniture furniture_;
   std::optional<MapPosition> position_;

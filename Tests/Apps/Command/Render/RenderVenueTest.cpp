@@ -8,7 +8,7 @@
 
 #include "Apps/Server/VenueServer.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
-#include "Source/UI/Display/MarkColors.hpp"
+#include "Source/UI/Style/Palette.hpp"
 #include "Tests/Apps/Command/Program.hpp"
 #include "Tests/Apps/DemoVenue/GeneratedVenue.hpp"
 #include "Tests/Apps/TwoVisitsPackage.hpp"
@@ -86,7 +86,7 @@ class RenderVenue : public testing::Test {
   test::TemporaryFolder output_;
 };
 
-TEST_F(RenderVenue, DrawsTheFirstFloorOrAllOfThem) {
+TEST_F(RenderVenue, DrawsTheFloorWithMostPlacesOrAllOfThem) {
   const auto one = render({"--scale", "2", "--tilt", "30"});
   EXPECT_EQ(one.exitCode, 0) << one.errors;
   EXPECT_EQ(one.output, file("map.png") + "\n");
@@ -102,24 +102,35 @@ TEST_F(RenderVenue, DrawsTheFirstFloorOrAllOfThem) {
 }
 
 TEST_F(RenderVenue, ShowsWhatIsAskedFor) {
-  ASSERT_EQ(render({}).exitCode, 0);
+  ASSERT_EQ(render({"--map", "G"}).exitCode, 0);
+  const auto styled = picture("map.png");
+  ASSERT_EQ(render({"--map", "G", "--style", "plain"}).exitCode, 0);
   const auto plain = picture("map.png");
   const struct {
+    std::string style;
     std::vector<std::string> arguments;
-    double least;  // minimum share of pixels that differ
+    double least;  // minimum share of pixels that differ from a picture in this style
   } cases[] = {
-      {{"--highlight", "paper kestrel=#ff0000"}, 0.002},
-      {{"--style", "light"}, 0.1},
-      {{"--style", "dark"}, 0.9},
-      {{"--labels"}, 0.01},
-      {{"--marker", "paper kestrel"}, 0.002},
-      {{"--turn", "90"}, 0.1},
-      {{"--zoom", "2"}, 0.1},
+      {"plain", {"--highlight", "paper kestrel=#ff0000"}, 0.002},
+      {"plain", {"--labels"}, 0.01},
+      {"plain", {"--marker", "paper kestrel"}, 0.002},
+      {"plain", {"--turn", "90"}, 0.1},
+      {"plain", {"--zoom", "2"}, 0.1},
+      {"plain", {"--style", "light"}, 0.1},
+      {"light", {"--style", "dark"}, 0.9},
+      {"light", {"--no-labels"}, 0.01},
   };
-  for (const auto& [arguments, least] : cases) {
-    ASSERT_EQ(render(arguments).exitCode, 0) << arguments.front();
-    EXPECT_GT(changed(*plain, *picture("map.png")), least) << arguments.front();
+  for (const auto& [style, options, least] : cases) {
+    std::vector<std::string> arguments{"--map", "G"};
+    if (options.front() != "--style") arguments.insert(arguments.end(), {"--style", style});
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    ASSERT_EQ(render(arguments).exitCode, 0) << options.front();
+    EXPECT_GT(changed(style == "plain" ? *plain : *styled, *picture("map.png")), least)
+        << options.front();
   }
+  ASSERT_EQ(render({"--map", "G", "--labels"}).exitCode, 0);
+  EXPECT_EQ(changed(*styled, *picture("map.png")), 0) << "the default";
+  EXPECT_EQ(render({"--labels", "--no-labels"}).exitCode, 2);
 }
 
 TEST_F(RenderVenue, DrawsFloorsInTheStyleOfAThemeFile) {
@@ -133,15 +144,14 @@ TEST_F(RenderVenue, DrawsFloorsInTheStyleOfAThemeFile) {
   EXPECT_EQ(test::countPixels(*picture("map.png"), graphics::colors::red), 0);
 }
 
-TEST_F(RenderVenue, StyledPicturesShowWhereThePlacesAreUnlessAFloorOrAZoomIsGiven) {
-  ASSERT_EQ(render({"--style", "light"}).exitCode, 0);
+TEST_F(RenderVenue, PicturesShowWhereThePlacesAreUnlessAFloorOrAZoomIsGiven) {
+  ASSERT_EQ(render({}).exitCode, 0);
   const auto first = picture("map.png");
   const struct {
     std::vector<std::string> arguments;
     bool isFirstView;
   } cases[] = {{{"--turn", "0"}, true}, {{"--zoom", "1"}, false}, {{"--map", "G"}, false}};
-  for (auto [arguments, isFirstView] : cases) {
-    arguments.insert(arguments.end(), {"--style", "light"});
+  for (const auto& [arguments, isFirstView] : cases) {
     ASSERT_EQ(render(arguments).exitCode, 0) << arguments.front();
     EXPECT_EQ(changed(*first, *picture("map.png")) < 0.02, isFirstView) << arguments.front();
   }
@@ -170,8 +180,8 @@ TEST_F(RenderVenue, DrawsAPictureForEachVisitToAFloor) {
   const auto route = renderVisits({"--route", "bakery", "museum"});
   EXPECT_EQ(route.output,
             file("map-G.png") + "\n" + file("map-U.png") + "\n" + file("map-G-2.png") + "\n");
-  using markColors::end;
-  using markColors::start;
+  const graphics::Color start = lightPalette.start;
+  const graphics::Color end = lightPalette.pin;
   EXPECT_GT(test::countPixels(*picture("map-G.png"), start), 50);
   EXPECT_EQ(test::countPixels(*picture("map-G.png"), end), 0);
   EXPECT_EQ(test::countPixels(*picture("map-G-2.png"), start), 0);
@@ -180,11 +190,11 @@ TEST_F(RenderVenue, DrawsAPictureForEachVisitToAFloor) {
 
 TEST_F(RenderVenue, ShowsTheAttributionOrSaysToShowIt) {
   serveVisits("© T");
-  const auto without = renderVisits({"--no-attribution"});
+  const auto without = renderVisits({"--no-attribution", "--style", "plain"});
   EXPECT_EQ(without.errors, "orivanta: show this attribution with the images: © T · CC0\n");
   const auto plain = picture("map.png");
   for (const std::string corner : {"lower-left", "lower-right", "upper-left", "upper-right"}) {
-    EXPECT_EQ(renderVisits({"--attribution", corner}).errors, "");
+    EXPECT_EQ(renderVisits({"--attribution", corner, "--style", "plain"}).errors, "");
     const auto shown = picture("map.png");
     for (std::size_t i = 0; i < shown->pixels().size(); ++i) {
       if (shown->pixels()[i] == plain->pixels()[i]) continue;

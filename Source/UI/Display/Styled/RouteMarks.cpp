@@ -1,0 +1,227 @@
+#include "Source/UI/Display/Styled/RouteMarks.hpp"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "Platform/Graphics/Drawing.hpp"
+#include "Platform/Graphics/Text.hpp"
+#include "Source/UI/Display/Styled/FloorLabels.hpp"
+#include "Source/UI/Display/Styled/FloorProjection.hpp"
+#include "Source/UI/Style/MapIcons.hpp"
+
+namespace orivanta {
+
+using graphics::DrawingPart;
+using graphics::Image;
+using graphics::Point;
+using graphics::Rect;
+using graphics::Size;
+
+namespace {
+
+using Form = RouteMark::Form;
+
+// Shares of the width of the icons on the route.
+constexpr double pinShare = 30.0 / 24;  // the height
+constexpr double pinWidthShare = 22.0 / 24;
+constexpr double dotShare = 11.0 / 24;
+constexpr double fontShare = 13.0 / 24;
+constexpr double numberShare = 12.0 / 24;
+constexpr double paddingShare = 7.0 / 24;
+
+constexpr double ring = 1.6;         // points, around badges
+constexpr double gap = 1;            // points, between a symbol and its name
+constexpr double overRoute = 0.1;    // the cost of a point of the route below a text
+constexpr double touchMargin = 4;    // points
+constexpr double pinUnits = 64;      // the side of the drawing of a pin
+constexpr double dotUnits = 16;      // the side of the drawing of a dot
+constexpr double headHeight = 19.5;  // of a pin that is 30 units high
+
+// A pin of 30 units with its tip at the origin.
+constexpr std::string_view pinPath =
+    "M 0 0 C -3 -6 -10.5 -11 -10.5 -19.5 C -10.5 -25.3 -5.8 -30 0 -30 C 5.8 -30 10.5 -25.3 10.5 "
+    "-19.5 C 10.5 -11 3 -6 0 0 Z";
+
+bool isPin(Form form) { return form == Form::stop || form == Form::end; }
+
+// Texts of badges lie on the color of their icon, others on the map.
+graphics::TextStyle textStyle(const RouteMark& mark, const MapTheme& theme) {
+  const double size = theme.sizes.selectedIcon * fontShare;
+  graphics::TextStyle style = nameStyle(theme, size);
+  style.bold = true;
+  style.wholeLines = false;
+  if (mark.form != Form::floorChange) return style;
+  style.color = theme.colors.iconSymbol;
+  style.outlineWidth = 0;
+  return style;
+}
+
+graphics::TextStyle numberStyle(const MapTheme& theme) {
+  graphics::TextStyle style;
+  style.fontFamily = theme.fontFamily;
+  style.fontSize = theme.sizes.selectedIcon * numberShare;
+  style.bold = true;
+  style.color = theme.colors.iconSymbol;
+  return style;
+}
+
+std::shared_ptr<const Image> symbolImage(const RouteMark& mark, const MapTheme& theme,
+                                         double scale) {
+  const MapPalette& colors = theme.colors;
+  const double size = theme.sizes.selectedIcon;
+  if (mark.form == Form::floorChange) return makeIconImage(mark.kind, theme, size, scale);
+  if (mark.form == Form::start) {
+    const std::array<DrawingPart, 2> dot{{{"O0 0 7.5", colors.casing}, {"O0 0 5.5", colors.start}}};
+    return graphics::makeDrawingImage(dot, dotUnits, dotUnits * size * dotShare / 11, scale);
+  }
+  const graphics::Color body = mark.form == Form::stop ? colors.iconInfo : colors.pin;
+  const std::array<DrawingPart, 3> pin{
+      {{pinPath, colors.casing, 3}, {pinPath, body}, {"O0 -19.5 4", colors.casing}}};
+  return graphics::makeDrawingImage(std::span(pin).first(mark.number.empty() ? 3 : 2), pinUnits,
+                                    pinUnits * size * pinShare / 30, scale);
+}
+
+Rect around(Point middle, Size size) {
+  return {{middle.x - size.width / 2, middle.y - size.height / 2}, size};
+}
+
+Rect joined(const Rect& first, const Rect& second) {
+  const Point corner{std::min(first.minX(), second.minX()), std::min(first.minY(), second.minY())};
+  return {corner,
+          {std::max(first.maxX(), second.maxX()) - corner.x,
+           std::max(first.maxY(), second.maxY()) - corner.y}};
+}
+
+Rect grown(const Rect& rect, double by) {
+  return {{rect.minX() - by, rect.minY() - by},
+          {rect.size.width + 2 * by, rect.size.height + 2 * by}};
+}
+
+}  // namespace
+
+void RouteMarks::set(std::vector<RouteMark> marks,
+                     std::vector<std::vector<graphics::Vector3>> lines,
+                     std::shared_ptr<const MapTheme> theme) {
+  std::stable_sort(marks.begin(), marks.end(),
+                   [](const auto& left, const auto& right) { return left.form < right.form; });
+  const bool isSame = theme == theme_ && std::ranges::equal(marks, shown_, {}, {}, &Shown::mark);
+  lines_ = std::move(lines);
+  if (isSame) return;
+  clear();
+  theme_ = std::move(theme);
+  for (RouteMark& mark : marks) shown_.push_back(shownAs(std::move(mark)));
+}
+
+void RouteMarks::clear() {
+  shown_.clear();
+  looks_.clear();
+  boxes_.clear();
+  scale_ = 0;
+}
+
+RouteMarks::Shown RouteMarks::shownAs(RouteMark mark) const {
+  const bool isBadge = mark.form == Form::floorChange;
+  const double size = theme_->sizes.selectedIcon;
+  MarkShape shape;
+  shape.hasPin = isPin(mark.form);
+  shape.hasDot = !shape.hasPin;
+  shape.pin = {size * pinWidthShare, size * pinShare};
+  shape.dot = isBadge ? size : size * dotShare;
+  shape.gap = isBadge ? 0 : gap;
+  if (isBadge) shape.sides = {TextSide::right, TextSide::left, TextSide::above, TextSide::below};
+  shape.overRoute = overRoute;
+  const Size room = roomForText(mark);
+  return {std::move(mark), shape, room};
+}
+
+Size RouteMarks::roomForText(const RouteMark& mark) const {
+  if (mark.text.empty()) return {};
+  const Size text = graphics::measureText(mark.text, textStyle(mark, *theme_));
+  if (mark.form != Form::floorChange) return text;
+  const double size = theme_->sizes.selectedIcon;
+  return {text.width + 2 * size * paddingShare, size};
+}
+
+void RouteMarks::drawImages(double scale) {
+  if (scale == scale_) return;
+  scale_ = scale;
+  for (Shown& each : shown_) {
+    each.symbol = symbolImage(each.mark, *theme_, scale);
+    each.text = graphics::makeTextImage(each.mark.text, textStyle(each.mark, *theme_), scale);
+    each.number = graphics::makeTextImage(each.mark.number, numberStyle(*theme_), scale);
+  }
+}
+
+std::vector<std::vector<Point>> RouteMarks::linesInView(const FloorProjection& projection) const {
+  std::vector<std::vector<Point>> seen;
+  for (const auto& line : lines_) {
+    bool continues = false;
+    for (const graphics::Vector3& point : line) {
+      const ProjectedPlace place = projection.of(point);
+      const bool isInFront = place.pointsPerUnit > 0;
+      if (isInFront && !continues) seen.emplace_back();
+      if (isInFront) seen.back().push_back(place.point);
+      continues = isInFront;
+    }
+  }
+  return seen;
+}
+
+void RouteMarks::place(const FloorProjection& projection, const Rect& free) {
+  boxes_.clear();
+  if (shown_.empty()) return;
+  std::vector<MarkPlace> places;
+  places.reserve(shown_.size());
+  for (Shown& each : shown_) {
+    const ProjectedPlace place = projection.of(each.mark.at.position);
+    each.isInFront = place.pointsPerUnit > 0;
+    places.push_back({place.point, each.room, each.shape});
+  }
+  looks_ = placeMarks(places, linesInView(projection), free, looks_);
+  for (std::size_t i = 0; i < shown_.size(); ++i) {
+    shown_[i].frames = framesOf(places[i], looks_[i]);
+    if (!shown_[i].isInFront) continue;
+    boxes_.push_back(shown_[i].frames.symbol);
+    if (shown_[i].room.width > 0) boxes_.push_back(shown_[i].frames.text);
+  }
+}
+
+const RouteMark* RouteMarks::at(Point point) const {
+  for (auto each = shown_.rbegin(); each != shown_.rend(); ++each) {
+    if (!each->isInFront) continue;
+    if (grown(each->frames.symbol, touchMargin).contains(point) ||
+        each->frames.text.contains(point))
+      return &each->mark;
+  }
+  return nullptr;
+}
+
+// The symbol and the text share a ground if the text is beside the symbol.
+void RouteMarks::drawBadge(view::Canvas& canvas, const Shown& shown) const {
+  const auto& [symbol, text] = shown.frames;
+  const bool isBeside = text.midY() == symbol.midY();
+  const Rect ground = isBeside ? joined(symbol, text) : text;
+  const double radius = ground.size.height / 2;
+  canvas.fill(ground, theme_->colors.iconSymbol, radius);
+  canvas.fill(grown(ground, -ring), theme_->disc(shown.mark.kind), radius - ring);
+}
+
+void RouteMarks::draw(view::Canvas& canvas) {
+  drawImages(canvas.scale());
+  for (const Shown& each : shown_) {
+    if (!each.isInFront || !each.symbol) continue;
+    const auto& [symbol, text] = each.frames;
+    const Point symbolMiddle{symbol.midX(), isPin(each.mark.form) ? symbol.maxY() : symbol.midY()};
+    if (each.text && each.mark.form == Form::floorChange) drawBadge(canvas, each);
+    canvas.draw(each.symbol, around(symbolMiddle, each.symbol->size()));
+    if (each.number) {
+      const double height = theme_->sizes.selectedIcon * pinShare * headHeight / 30;
+      canvas.draw(each.number,
+                  around({symbolMiddle.x, symbolMiddle.y - height}, each.number->size()));
+    }
+    if (each.text) canvas.draw(each.text, around({text.midX(), text.midY()}, each.text->size()));
+  }
+}
+
+}  // namespace orivanta
