@@ -67,7 +67,7 @@ void RouteDisplay::frame() {
   if (visit == nullptr || visit->floor != mapView_->currentMap())
     visit = overlay_->firstVisitTo(*mapView_->currentMap());
   if (visit != nullptr)
-    mapView_->camera().frame(overlay_->pointsOf(*visit), aroundRoute(*mapView_->venue),
+    mapView_->camera().frame(overlay_->pointsOf(*visit), aroundRoute(*mapView_),
                              CameraMotion::glide);
 }
 
@@ -81,7 +81,15 @@ void RouteDisplay::frameStep(const GuidedRoute& route, std::size_t index) {
   if (mapView_->currentMap() != wantedFloor()) return;  // not loaded yet
   std::vector<graphics::Vector3> points;
   for (const auto& node : nodesOf(route, index)) points.push_back(scenePosition(*node));
-  mapView_->camera().frame(points, aroundRoute(*mapView_->venue), CameraMotion::glide);
+  mapView_->camera().frame(points, aroundRoute(*mapView_), CameraMotion::glide);
+}
+
+void RouteDisplay::setPassed(const Map& floor, graphics::Vector3 position) {
+  if (overlay_) overlay_->setPassed(floor, position);
+}
+
+void RouteDisplay::clearPassed() {
+  if (overlay_) overlay_->clearPassed();
 }
 
 void RouteDisplay::arrange() {

@@ -42,6 +42,10 @@ class RouteDisplay {
   /// Frames the walk from an instruction to the next one, if its floor is shown.
   void frameStep(const GuidedRoute& route, std::size_t index);
 
+  /// Shows the part of the route up to a position as passed, see `RouteOverlay::setPassed`.
+  void setPassed(const Map& floor, graphics::Vector3 position);
+  void clearPassed();
+
   /// Call before each frame.
   void arrange();
 

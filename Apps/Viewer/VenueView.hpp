@@ -136,6 +136,7 @@ class VenueView : public view::View, public MapViewDelegate {
 
   // Places
   void mapTapped(const MapTap& tap);
+  void changeFloor(const std::shared_ptr<Map>& floor);
   void placeTapped(const std::shared_ptr<Location>& place);
   void setEnd(RouteEnd end, const std::shared_ptr<Location>& place);
   void lookAt(const Location& place);

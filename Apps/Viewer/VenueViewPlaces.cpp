@@ -129,11 +129,21 @@ bool VenueView::isClosed(const Location& place) const {
 // A tap on the map closes the search. Nothing is selected if the search was open or the tap hit
 // nothing.
 void VenueView::mapTapped(const MapTap& tap) {
+  if (tap.isFloorChange) return changeFloor(tap.floor);
   if (tap.place) return placeTapped(tap.place);
   if (panels_.search->isOpen())
     panels_.search->close();
   else if (selected_)
     select(nullptr);
+}
+
+// The map shows the floor already if it is loaded. The route continues there.
+void VenueView::changeFloor(const std::shared_ptr<Map>& floor) {
+  if (floor == mapView_->currentMap())
+    floorShown();
+  else
+    showFloor(floor);
+  if (!selected_ && display_.isShown() && floor == mapView_->currentMap()) display_.frame();
 }
 
 void VenueView::placeTapped(const std::shared_ptr<Location>& place) {

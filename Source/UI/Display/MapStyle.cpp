@@ -33,7 +33,6 @@ void MapStyle::setSelected(std::shared_ptr<Location> place) {
 
 void MapStyle::setClosures(const guidance::Closures& closures) { styled_->setClosures(closures); }
 
-
 void MapStyle::setLabels(bool areShown) { styled_->labels().setShown(areShown); }
 
 void MapStyle::setStill(bool isStill) {

@@ -70,6 +70,15 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     stage.viewer.keyPressed({Key::pageDown});
     stage.viewer.keyPressed({Key::pageDown});
     EXPECT_EQ(view.mapView().currentMap()->shortName, "G");
+    const auto& hint = view.subviews().at(1);
+    EXPECT_TRUE(hint->isHidden());
+    view.select(stage.place("dosa-dynamo"));
+    stage.viewer.keyPressed({Key::pageDown});
+    stage.tap(*hint);
+    EXPECT_EQ(view.mapView().currentMap()->shortName, "2") << "where the selected place is";
+    EXPECT_TRUE(hint->isHidden());
+    view.select(nullptr);
+    for (int i = 0; i < 2; ++i) stage.viewer.keyPressed({Key::pageDown});
     view.camera().fit();
     stage.tap(on(view, *stage.place("kindling")));
     stage.until([&] { return view.session().route() != nullptr; });
