@@ -7,7 +7,6 @@
 
 #include "Source/Category.hpp"
 #include "Source/Map.hpp"
-#include "Source/UI/Display/MarkColors.hpp"
 #include "Source/Vortex.hpp"
 #include "Tests/Apps/TwoVisitsPackage.hpp"
 #include "Tests/Apps/Viewer/ViewerStage.hpp"
@@ -30,6 +29,14 @@ graphics::Point on(VenueView& view, const Location& place) {
   return view.mapView().findPositionCameraViewport(view.mapView().findPosition3D(place));
 }
 
+// Draws frames until nothing moves.
+void untilStill(test::ViewerStage& stage) {
+  stage.until([&] {
+    stage.picture();
+    return !stage.viewer.isMoving();
+  });
+}
+
 }  // namespace
 
 TEST_F(ViewerTest, TapsSelectPlacesAndClearTheSelection) {
@@ -43,9 +50,8 @@ TEST_F(ViewerTest, TapsSelectPlacesAndClearTheSelection) {
   stage.tap(on(view, *kindling));
   EXPECT_EQ(view.selected(), kindling);
   EXPECT_FALSE(view.panels().card->isHidden());
-  stage.until([&] { return !stage.viewer.isMoving(); });
+  untilStill(stage);
   EXPECT_GT(test::countPixels(*stage.picture(), pin), 200) << "a pin and an outline";
-  for (int frame = 0; frame < 20; ++frame) stage.picture();
   EXPECT_FALSE(stage.viewer.isMoving() || stage.viewer.root()->needsFrame())
       << "nothing is drawn when nothing moves";
   stage.tap({640, 780});
@@ -88,9 +94,10 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     EXPECT_TRUE(stage.viewer.isMoving()) << "its arrows do";
     stage.viewer.keyPressed({Key::pageUp});
     EXPECT_EQ(view.mapView().currentMap()->shortName, "1");
-    stage.until([&] { return !stage.viewer.isMoving(); });  // the route is not on this floor
+    untilStill(stage);  // the route is not on this floor
     stage.viewer.keyPressed({Key::pageDown});
-    EXPECT_GT(test::countPixels(*stage.picture(), markColors::start), 100) << "the start";
+    EXPECT_GT(test::countPixels(*stage.picture(), MapTheme::light()->colors.start), 20)
+        << "the start";
 
     view.panels().route->stepChosen(view.session().route()->steps.size() - 1);
     stage.settle();

@@ -7,9 +7,11 @@
 #include <map>
 #include <stdexcept>
 
+#include "Platform/Scene/Node.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/TouchDispatcher.hpp"
 #include "Source/Location.hpp"
+#include "Source/Map.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/Display/RouteOverlay.hpp"
@@ -183,6 +185,7 @@ TEST_F(StyledLabelsTest, GiveWayToTheSelectedPlaceAndToTheAids) {
   shown.venue->_data = *RawData::parse(R"({"attribution": "© Everybody who has made this map"})");
   view.setStyle(nullptr);
   view.setStyle(style);
+  view.layoutIfNeeded();
   const auto cafe = shown.location("cafe-1");
   scene::Node& shape = *shown.floor(0)->mapObject->children().at(1);
   style->setSelected(cafe);
