@@ -69,6 +69,7 @@ ExitCode viewVenue(const ViewVenueOptions& options) {
   viewerOptions.look.textScale = options.textSize / 100.0;
   viewerOptions.look.hasHighContrast = options.highContrast;
   viewerOptions.isOffline = options.connection.offline;
+  viewerOptions.theme = readTheme(options.style);
   std::unique_ptr<server::VenueServer> demo;
   std::optional<DemoFiles> demoFiles;
   if (options.demoVenue && !options.connection.offline && !isEndpointGiven(options.connection)) {

@@ -1,23 +1,19 @@
 #include "Apps/Viewer/RouteDisplay.hpp"
 
 #include <algorithm>
-#include <utility>
+#include <optional>
 #include <vector>
 
-#include "Apps/Viewer/Widgets/Icon.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
-#include "Source/UI/MarkerImages.hpp"
+#include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/ScenePosition.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
 
 namespace {
-
-constexpr double dotSide = 22;  // points
-constexpr graphics::Color dotColor{0.05F, 0.48F, 1.0F};
 
 // Returns the nodes from the beginning of an instruction to that of the next one, on one floor.
 NodeList nodesOf(const GuidedRoute& route, std::size_t index) {
@@ -56,11 +52,10 @@ void RouteDisplay::show(const GuidedRoute& route, double scale) {
 
 void RouteDisplay::redraw(double scale) {
   if (overlay_) overlay_->show(scale);
-  if (mark_) drawMark(scale);
 }
 
 void RouteDisplay::clear() {
-  removeMark();
+  mapView_->style()->setPosition(std::nullopt);
   overlay_.reset();
   wanted_ = nullptr;
 }
@@ -72,54 +67,29 @@ void RouteDisplay::frame() {
   if (visit == nullptr || visit->floor != mapView_->currentMap())
     visit = overlay_->firstVisitTo(*mapView_->currentMap());
   if (visit != nullptr)
-    mapView_->camera().frame(overlay_->pointsOf(*visit), aroundRoute(*mapView_->venue),
+    mapView_->camera().frame(overlay_->pointsOf(*visit), aroundRoute(*mapView_),
                              CameraMotion::glide);
 }
 
-void RouteDisplay::markStep(const GuidedRoute& route, std::size_t index, double scale) {
+void RouteDisplay::markStep(const GuidedRoute& route, std::size_t index) {
   wanted_ = nodesOf(route, index).front();
-  markPosition(wanted_->map, scenePosition(*wanted_), scale);
+  const graphics::Vector3 at = scenePosition(*wanted_);
+  mapView_->style()->setPosition(MapPosition{wanted_->map, at.x, at.y, at.z});
 }
 
 void RouteDisplay::frameStep(const GuidedRoute& route, std::size_t index) {
   if (mapView_->currentMap() != wantedFloor()) return;  // not loaded yet
   std::vector<graphics::Vector3> points;
   for (const auto& node : nodesOf(route, index)) points.push_back(scenePosition(*node));
-  mapView_->camera().frame(points, aroundRoute(*mapView_->venue), CameraMotion::glide);
+  mapView_->camera().frame(points, aroundRoute(*mapView_), CameraMotion::glide);
 }
 
-void RouteDisplay::markPosition(const std::shared_ptr<Map>& floor, graphics::Vector3 position,
-                                double scale) {
-  markFloor_ = floor;
-  markPosition_ = position;
-  drawMark(scale);
+void RouteDisplay::setPassed(const Map& floor, graphics::Vector3 position) {
+  if (overlay_) overlay_->setPassed(floor, position);
 }
 
-void RouteDisplay::drawMark(double scale) {
-  if (!mark_ || markScale_ != scale) {
-    if (std::exchange(isMarkShown_, false)) mapView_->removeMarker(mark_);
-    mark_ = makeImageMarker(drawDot(dotColor, dotSide, scale));
-    markScale_ = scale;
-  }
-  mark_->setPosition(markPosition_);
-  floorShown();
-}
-
-void RouteDisplay::removeMark() {
-  markFloor_ = nullptr;
-  floorShown();
-  mark_ = nullptr;
-}
-
-// Shows the mark only on its floor.
-void RouteDisplay::floorShown() {
-  const bool isShown = markFloor_ && markFloor_ == mapView_->currentMap();
-  if (isShown == isMarkShown_) return;
-  isMarkShown_ = isShown;
-  if (isShown)
-    mapView_->addMarker(mark_);
-  else
-    mapView_->removeMarker(mark_);
+void RouteDisplay::clearPassed() {
+  if (overlay_) overlay_->clearPassed();
 }
 
 void RouteDisplay::arrange() {

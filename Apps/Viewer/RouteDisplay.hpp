@@ -1,4 +1,4 @@
-// A route on the map, with a mark for a position on it.
+// A route on the map, with a position on it.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +11,8 @@
 
 namespace orivanta::viewer {
 
-/// Shows one route in a map view, and frames parts of it. The map view must show a floor before a
-/// route is shown. Main thread only.
+/// Shows one route in a map view with a style, and frames parts of it. The map view must show a
+/// floor before a route is shown. Main thread only.
 class RouteDisplay {
  public:
   explicit RouteDisplay(std::shared_ptr<MapView> mapView) : mapView_(std::move(mapView)) {}
@@ -23,10 +23,10 @@ class RouteDisplay {
   /// pixels per point.
   void show(const GuidedRoute& route, double scale);
 
-  /// Draws the route and the mark again for another size or scale of the view.
+  /// Draws the route again for another size or scale of the view.
   void redraw(double scale);
 
-  /// Removes the route and the mark.
+  /// Removes the route and the position.
   void clear();
   bool isShown() const { return overlay_ != nullptr; }
 
@@ -36,33 +36,23 @@ class RouteDisplay {
   /// Frames the wanted part of the route, or else the first part on the current floor.
   void frame();
 
-  /// Marks where an instruction begins, which becomes the wanted part.
-  void markStep(const GuidedRoute& route, std::size_t index, double scale);
+  /// Shows the position where an instruction begins, which becomes the wanted part.
+  void markStep(const GuidedRoute& route, std::size_t index);
 
   /// Frames the walk from an instruction to the next one, if its floor is shown.
   void frameStep(const GuidedRoute& route, std::size_t index);
 
-  /// Puts the mark at a position in the scene of a floor.
-  void markPosition(const std::shared_ptr<Map>& floor, graphics::Vector3 position, double scale);
-  void removeMark();
-
-  /// Adapts to the current floor. Call it after a floor change.
-  void floorShown();
+  /// Shows the part of the route up to a position as passed, see `RouteOverlay::setPassed`.
+  void setPassed(const Map& floor, graphics::Vector3 position);
+  void clearPassed();
 
   /// Call before each frame.
   void arrange();
 
  private:
-  void drawMark(double scale);
-
   std::shared_ptr<MapView> mapView_;
   std::unique_ptr<RouteOverlay> overlay_;  // null without a route
   std::shared_ptr<Node> wanted_;           // in the wanted part
-  std::shared_ptr<MapViewMarker2D> mark_;  // null until needed
-  double markScale_ = 0;                   // of its image
-  graphics::Vector3 markPosition_;
-  std::shared_ptr<Map> markFloor_;  // null if there is no position
-  bool isMarkShown_ = false;
 };
 
 }  // namespace orivanta::viewer

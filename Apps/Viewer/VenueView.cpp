@@ -1,8 +1,11 @@
 #include "Apps/Viewer/VenueView.hpp"
 
+#include <cmath>
 #include <ctime>
 #include <utility>
 
+#include "Source/Guidance/Floors.hpp"
+#include "Source/Location.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
@@ -37,16 +40,20 @@ VenueView::VenueView(std::shared_ptr<Venue> venue, const guidance::InterfaceText
       clock_(options.clock ? std::move(options.clock) : systemTime),
       walksAtOnce_(options.walksAtOnce),
       mapView_(MapView::make()),
-      labels_(std::make_unique<LabelLayer>(mapView_, 1.0)),
+      style_(MapStyle::make(options.theme ? options.theme : MapTheme::light())),
       session_(venue_, texts, clock_),
       display_(mapView_),
-      walk_(mapView_, display_),
-      closureMarks_(mapView_, texts.text("interface.mark.closed")),
-      panels_(*venue_, texts) {
+      walk_(mapView_),
+      panels_(*venue_, texts),
+      hint_(std::make_shared<FloorHint>(texts)) {
   mapView_->venue = venue_;
   mapView_->allowsSimultaneousGestures = true;
-  mapView_->sceneView->setBackgroundColor(theme::backdrop);
+  style_->setTexts(texts);
+  style_->setModelColors(options.theme == nullptr);
+  style_->setFurniture({.compass = true, .scaleBar = true});  // the panels have the attribution
+  mapView_->setStyle(style_);
   addSubview(mapView_);
+  addSubview(hint_);
   panels_.addTo(*this);
 }
 
@@ -81,15 +88,31 @@ void VenueView::arrangePanels() {
       size,
       {.place = selected_ != nullptr, .route = session_.hasStops(), .wayBack = wayBack != nullptr});
   camera().setInsets(panels_.insets());
-  labels_->setCovered(panels_.covered());
+  arrangeHint();
+  auto covered = panels_.covered();
+  if (!hint_->isHidden()) covered.push_back(hint_->frame());
+  style_->setCovered(std::move(covered));
+}
+
+// Says at the upper edge of the uncovered part of the map that the selected place is elsewhere.
+void VenueView::arrangeHint() {
+  constexpr double margin = 8;  // points
+  const auto& floor = mapView_->currentMap();
+  const bool isElsewhere = isLoaded_ && selected_ && floor && !isOnFloor(*selected_, *floor);
+  const auto floors = isElsewhere ? floorsOf(*selected_) : FloorList();
+  hint_->setHidden(floors.empty());
+  if (floors.empty()) return;
+  const graphics::Size size = hint_->show(*floors.front());
+  const Insets edges = panels_.insets();
+  const double middle = (edges.left + bounds().size.width - edges.right) / 2;
+  hint_->setFrame({{std::round(middle - size.width / 2), edges.top + margin}, size});
 }
 
 // --- Time
 
 bool VenueView::isMoving() const {
   if (!isLoaded_) return false;
-  return hasNamesToDraw_ || walk_.isMoving() || awaitedFloor_ ||
-         (!isHidden() && mapView_->isAnimating());
+  return walk_.isMoving() || awaitedFloor_ || (!isHidden() && mapView_->isAnimating());
 }
 
 void VenueView::advance(double time) {
@@ -97,7 +120,6 @@ void VenueView::advance(double time) {
   camera().advance(time);
   if (!isLoaded_) return;
   display_.arrange();
-  hasNamesToDraw_ = labels_->arrange();
   lastPose_ = camera().pose();
 }
 

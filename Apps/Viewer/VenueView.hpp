@@ -8,29 +8,30 @@
 #include <string_view>
 #include <vector>
 
-#include "Apps/Viewer/ClosureMarks.hpp"
 #include "Apps/Viewer/Keys.hpp"
+#include "Apps/Viewer/Panels/FloorHint.hpp"
 #include "Apps/Viewer/PictureFetch.hpp"
 #include "Apps/Viewer/RouteDisplay.hpp"
 #include "Apps/Viewer/RouteSession.hpp"
 #include "Apps/Viewer/VenuePanels.hpp"
 #include "Apps/Viewer/VenueSource.hpp"
 #include "Apps/Viewer/WalkDisplay.hpp"
-#include "Source/UI/Display/LabelLayer.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
+#include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/MapView.hpp"
 
 namespace orivanta::viewer {
 
 struct VenueViewOptions {
-  RouteSession::Clock clock{};  ///< if null, the system's local time
-  bool walksAtOnce = false;     ///< starts the simulated walk of each planned route
+  RouteSession::Clock clock{};              ///< if null, the system's local time
+  bool walksAtOnce = false;                 ///< starts the simulated walk of each planned route
+  std::shared_ptr<const MapTheme> theme{};  ///< of the map; if null, floors look as their models
 };
 
 /// Shows a venue whose records are loaded. Owned by shared pointers. Main thread only.
 ///
-/// The class connects its parts: `RouteSession` plans routes; `RouteDisplay`, `WalkDisplay` and
-/// `ClosureMarks` draw on the map; `VenuePanels` shows texts and passes on what the user does.
+/// The class connects its parts: `RouteSession` plans routes; `MapStyle`, `RouteDisplay` and
+/// `WalkDisplay` draw on the map; `VenuePanels` shows texts and passes on what the user does.
 class VenueView : public view::View, public MapViewDelegate {
  public:
   static std::shared_ptr<VenueView> make(std::shared_ptr<Venue> venue,
@@ -53,7 +54,8 @@ class VenueView : public view::View, public MapViewDelegate {
   /// Opens the list of venues. If null, there is no button for it. Set it before `arrange`.
   std::function<void()> wayBack;
 
-  /// Starts with `first` if it is not null. May be called again after a failure.
+  /// Starts with `first`, or, if it is null, with the floor of most places. May be called again
+  /// after a failure.
   void load(const std::shared_ptr<Map>& first = nullptr);
 
   /// Loads a failed floor again and shows it when it is ready. The map stays usable.
@@ -107,8 +109,8 @@ class VenueView : public view::View, public MapViewDelegate {
 
   // MapViewDelegate
   void mapViewDidLoad() override;
-  void polygonSelected(const std::shared_ptr<Polygon>& polygon) override;
-  void nothingSelected() override;
+  void polygonSelected(const std::shared_ptr<Polygon>&) override {}  // see `mapTapped`
+  void nothingSelected() override {}
 
  private:
   VenueView(std::shared_ptr<Venue> venue, const guidance::InterfaceTexts& texts,
@@ -134,9 +136,12 @@ class VenueView : public view::View, public MapViewDelegate {
   void resumeMap();
 
   // Places
+  void mapTapped(const MapTap& tap);
+  void changeFloor(const std::shared_ptr<Map>& floor);
+  void placeTapped(const std::shared_ptr<Location>& place);
   void setEnd(RouteEnd end, const std::shared_ptr<Location>& place);
-  void highlight(const std::shared_ptr<Location>& place);
-  void mark(const std::shared_ptr<Location>& place);
+  void lookAt(const Location& place);
+  void arrangeHint();
   void fetchPicture(const std::shared_ptr<Location>& place);
   void offerRoutes(const std::shared_ptr<Location>& place);
   CardContent cardOf(const Location& place) const;
@@ -166,12 +171,12 @@ class VenueView : public view::View, public MapViewDelegate {
   const RouteSession::Clock clock_;
   const bool walksAtOnce_;
   std::shared_ptr<MapView> mapView_;
-  std::unique_ptr<LabelLayer> labels_;
+  const std::shared_ptr<MapStyle> style_;
   RouteSession session_;
   RouteDisplay display_;
   WalkDisplay walk_;
-  ClosureMarks closureMarks_;
   VenuePanels panels_;
+  const std::shared_ptr<FloorHint> hint_;
 
   std::shared_ptr<FloorLoad> floorLoad_;
   std::shared_ptr<Map> awaitedFloor_;  // shown as soon as it is ready; null for none
@@ -181,11 +186,9 @@ class VenueView : public view::View, public MapViewDelegate {
   bool hasToldOmissions_ = false;
   std::shared_ptr<Location> selected_;
   PictureFetch pictureFetch_;
-  std::shared_ptr<MapViewMarker2D> mark_;
   std::vector<NearestChoice> offered_;  // on the card
 
   double scale_ = 1;
-  bool hasNamesToDraw_ = false;
   CameraPose lastPose_;  // of the camera when it was last advanced
 };
 

@@ -25,13 +25,14 @@ void VenueView::load(const std::shared_ptr<Map>& first) {
   handlers.ended = [self](const std::vector<FloorProgress>& floors) {
     if (const auto view = self.lock()) view->floorsEnded(floors);
   };
-  floorLoad_ = mapView_->loadFloors(std::move(handlers), first);
+  const auto& words = style_->theme()->words;
+  floorLoad_ = mapView_->loadFloors(std::move(handlers),
+                                    first ? first : MapStyle::firstFloor(*venue_, words));
 }
 
 void VenueView::retry(const std::shared_ptr<Map>& floor) {
   await(floor);
   load(floor);
-  highlight(selected_);
 }
 
 void VenueView::stopLoading() {
@@ -49,7 +50,6 @@ void VenueView::floorsChanged(const FloorProgress& floor) {
     const auto all = floorLoad_->floors();
     progressed(loadedShare(all), progressText(all, texts_));
   }
-  if (floor.state == FloorState::ready) highlight(selected_);
   if (!isLoaded_ || floor.map != awaitedFloor_) return;
   if (isThere) {
     showFloor(floor.map);
@@ -77,7 +77,7 @@ void VenueView::tellFailure(const FloorProgress& floor) {
 // Frames the selected place or the route, when its floor is shown.
 void VenueView::lookAgain() {
   if (selected_)
-    camera().frame({mapView_->findPosition3D(*selected_)}, aroundPlace, CameraMotion::glide);
+    lookAt(*selected_);
   else if (display_.isShown())
     display_.frame();
 }
@@ -98,7 +98,7 @@ void VenueView::mapViewDidLoad() {
   const graphics::Size size = bounds().size;
   camera().tiltTo(size.width < size.height ? uprightTilt : startTilt);
   arrangePanels();
-  camera().fit();
+  style_->showFirstView();
   floorShown();
   if (awaitedFloor_) showFloor(awaitedFloor_);
   if (loaded) loaded();
@@ -133,11 +133,8 @@ void VenueView::showFloor(const std::shared_ptr<Map>& floor, Asker asker) {
 void VenueView::floorShown() {
   shownFloor_ = mapView_->currentMap();
   panels_.floors->setCurrent(mapView_->currentMap());
-  labels_->setScale(scale_);
   display_.arrange();
-  display_.floorShown();
-  closureMarks_.show(session_.closures(), scale_);
-  mark(selected_);
+  arrangePanels();
 }
 
 }  // namespace orivanta::viewer

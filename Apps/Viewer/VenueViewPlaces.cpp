@@ -7,16 +7,11 @@
 #include "Source/Guidance/LabelName.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
-#include "Source/Polygon.hpp"
-#include "Source/UI/Display/MarkColors.hpp"
-#include "Source/UI/MarkerImages.hpp"
 #include "Source/Venue.hpp"
 
 namespace orivanta::viewer {
 
 namespace {
-
-constexpr double pinHeight = 32;  // points
 
 std::shared_ptr<Map> floorOf(const Location& place, const std::shared_ptr<Map>& preferred) {
   const auto floors = floorsOf(place);
@@ -41,6 +36,10 @@ void VenueView::connectSearch() {
   panels_.back->action = [this] { wayBack(); };
   panels_.attribution->action = [this] { toggleAttribution(); };
   panels_.help->closed = [this] { toggleHelp(); };
+  hint_->action = [this] {
+    if (selected_) select(selected_);
+  };
+  style_->tapped = [this](const MapTap& tap) { mapTapped(tap); };
 }
 
 void VenueView::connectCard() {
@@ -85,7 +84,7 @@ void VenueView::setEnd(RouteEnd end, const std::shared_ptr<Location>& place) {
 
 void VenueView::select(const std::shared_ptr<Location>& place) {
   selected_ = place;
-  highlight(place);
+  style_->setSelected(place);
   if (place) {
     panels_.search->remember(place);
     panels_.card->show(cardOf(*place));
@@ -93,32 +92,15 @@ void VenueView::select(const std::shared_ptr<Location>& place) {
     fetchPicture(place);
     showFloor(floorOf(*place, mapView_->currentMap()));
   }
-  mark(place);
   arrangePanels();
-  if (place && camera().isReady())
-    camera().frame({mapView_->findPosition3D(*place)}, aroundPlace, CameraMotion::glide);
+  if (place) lookAt(*place);
 }
 
-void VenueView::highlight(const std::shared_ptr<Location>& place) {
-  mapView_->clearHighlightedPolygons();
-  if (!place) return;
-  for (const auto& polygon : place->polygons) mapView_->highlightPolygon(polygon, theme::amber);
-}
-
-// Shows a pin with the name on the place, if the place is on the current floor.
-void VenueView::mark(const std::shared_ptr<Location>& place) {
-  mapView_->removeMarker(std::exchange(mark_, nullptr));
-  std::vector<std::shared_ptr<Location>> marked = closureMarks_.places();
-  labels_->setMarked(marked);
-  if (!place || session_.route() || !mapView_->currentMap()) return;
-  if (!isOnFloor(*place, *mapView_->currentMap())) return;
-  auto style = labelStyle();
-  style.bold = true;
-  mark_ = makePinMarker(markColors::place, pinHeight, labelName(*venue_, *place), style, scale_);
-  mark_->setPosition(mapView_->findPosition3D(*place));
-  mapView_->addMarker(mark_);
-  marked.push_back(place);
-  labels_->setMarked(std::move(marked));
+// Frames a place if it is on the current floor.
+void VenueView::lookAt(const Location& place) {
+  const auto& floor = mapView_->currentMap();
+  if (camera().isReady() && floor && isOnFloor(place, *floor))
+    camera().frame({mapView_->findPosition3D(place)}, aroundPlace, CameraMotion::glide);
 }
 
 void VenueView::fetchPicture(const std::shared_ptr<Location>& place) {
@@ -148,7 +130,7 @@ void VenueView::setClosures(const guidance::Closures& closures) {
   if (const Walker* walker = walk_.walker(); walker && !walker->isDone())
     progress = {walker->position(), walker->progress().leg, walker->progress().legMeters};
   session_.setClosures(closures, progress);
-  if (isLoaded_) floorShown();
+  style_->setClosures(closures);
   if (selected_) offerRoutes(selected_);
   arrangePanels();
 }
@@ -157,22 +139,33 @@ bool VenueView::isClosed(const Location& place) const {
   return session_.closures().contains(place.id.value_or(""));
 }
 
-void VenueView::polygonSelected(const std::shared_ptr<Polygon>& polygon) {
-  const auto place = polygon->locations.front().lock();
-  const auto end = panels_.search->end();
-  if (panels_.search->isOpen()) panels_.search->close();
-  if (!place) return;
-  if (end) return setEnd(*end, place);
-  if (!session_.hasStops() || session_.isComplete()) return select(place);
-  select(nullptr);
-  session_.fillMissingEnd(place);
-}
-
-void VenueView::nothingSelected() {
+// A tap on the map closes the search. Nothing is selected if the search was open or the tap hit
+// nothing.
+void VenueView::mapTapped(const MapTap& tap) {
+  if (tap.isFloorChange) return changeFloor(tap.floor);
+  if (tap.place) return placeTapped(tap.place);
   if (panels_.search->isOpen())
     panels_.search->close();
   else if (selected_)
     select(nullptr);
+}
+
+// The map shows the floor already if it is loaded. The route continues there.
+void VenueView::changeFloor(const std::shared_ptr<Map>& floor) {
+  if (floor == mapView_->currentMap())
+    floorShown();
+  else
+    showFloor(floor);
+  if (!selected_ && display_.isShown() && floor == mapView_->currentMap()) display_.frame();
+}
+
+void VenueView::placeTapped(const std::shared_ptr<Location>& place) {
+  const auto end = panels_.search->end();
+  if (panels_.search->isOpen()) panels_.search->close();
+  if (end) return setEnd(*end, place);
+  if (!session_.hasStops() || session_.isComplete()) return select(place);
+  select(nullptr);
+  session_.fillMissingEnd(place);
 }
 
 }  // namespace orivanta::viewer

@@ -112,7 +112,7 @@ void VenueView::showStep(std::size_t index) {
   stopWalk();
   const GuidedRoute& route = *session_.route();
   panels_.route->setCurrentStep(index);
-  display_.markStep(route, index, scale_);
+  display_.markStep(route, index);
   showFloor(display_.wantedFloor());
   display_.frameStep(route, index);
 }

@@ -14,6 +14,7 @@ void VenueView::toggleWalk() {
 
 void VenueView::startWalk() {
   if (!isLoaded_ || !session_.route() || session_.route()->steps.empty()) return;
+  display_.clearPassed();
   walk_.start(*session_.plan().guide, session_.route()->itinerary);
   panels_.route->setWalk(WalkState::walking);
   showWalkedFloor();
@@ -23,6 +24,7 @@ void VenueView::startWalk() {
 void VenueView::stopWalk() {
   if (!walk_.walker()) return;
   walk_.stop();
+  display_.clearPassed();
   session_.walkEnded();
   panels_.route->setWalk(WalkState::none);
   if (!session_.route()) return;
@@ -36,7 +38,8 @@ void VenueView::showWalkedFloor() { showFloor(walk_.walker()->floor(), Asker::wa
 void VenueView::walk(double time) {
   const Walker& walker = *walk_.walker();
   if (walker.isDone()) return;
-  if (walk_.advance(time, scale_)) showWalkedFloor();
+  if (walk_.advance(time)) showWalkedFloor();
+  display_.setPassed(*walker.floor(), walker.scenePosition());
   panels_.route->setCurrentStep(walker.progress().announced);
   if (walker.isDone()) {
     session_.walkEnded();
@@ -46,7 +49,6 @@ void VenueView::walk(double time) {
     panels_.route->setRemark(left);
     arrangePanels();
   }
-  walk_.follow();
 }
 
 // Returns what is left of the walk. Lengths and times are not known without a scale.

@@ -61,6 +61,7 @@ Viewer::Viewer(ViewerOptions options)
       isOffline_(options.isOffline),
       settings_(settingsOf(options)),
       languages_(languagesOf(options)),
+      theme_(std::move(options.theme)),
       texts_(languagesOf(options)),
       source_(settings_, languages_, texts_),
       root_(std::make_shared<DirectedRoot>(texts_.isRightToLeft())),

@@ -36,6 +36,9 @@ struct ViewerOptions {
   bool walksAtOnce = false;     ///< see `VenueViewOptions`
   theme::Look look{};           ///< of the interface at the start
   bool isOffline = false;       ///< shows only stored venues, without network access
+  RouteSession::Clock clock{};                                ///< if null, the system's local time
+  bool walksAtOnce = false;                                   ///< see `VenueViewOptions`
+  std::shared_ptr<const MapTheme> theme = MapTheme::light();  ///< see `VenueViewOptions`
 };
 
 /// A host shows `root` and passes input with times in seconds that increase. It drains the main
@@ -173,6 +176,7 @@ class Viewer {
   const bool isOffline_;
   const ApiSettings settings_;
   const std::string languages_;
+  const std::shared_ptr<const MapTheme> theme_;
   const guidance::InterfaceTexts texts_;
   VenueSource source_;
   std::shared_ptr<view::View> root_;

@@ -177,7 +177,7 @@ void Viewer::showFloors() {
 
 // Makes a view above the others.
 std::shared_ptr<VenueView> Viewer::makeView(const std::shared_ptr<Venue>& venue) {
-  auto made = VenueView::make(venue, texts_, {clock_, walksAtOnce_});
+  auto made = VenueView::make(venue, texts_, {clock_, walksAtOnce_, theme_});
   if (isDisconnected()) made->mapView().downloader = std::make_shared<OfflineDownloader>();
   made->wayBack = wayBack();
   made->remarked = [this](const std::string& sentence) { remark(sentence); };

@@ -1,47 +1,40 @@
 #include "Apps/Viewer/WalkDisplay.hpp"
 
-#include "Source/UI/Display/MapCamera.hpp"
+#include <cmath>
+
+#include "Source/UI/Display/MapStyle.hpp"
 
 namespace orivanta::viewer {
 
-namespace {
-
-constexpr double metersShown = 30;  // around the walker
-
-}  // namespace
-
 void WalkDisplay::start(const guidance::Guide& guide, const guidance::Itinerary& itinerary) {
   continueOn(guide, itinerary);
-  pose_.reset();
+  mapView_->style()->setFollowing(true);
 }
 
 void WalkDisplay::continueOn(const guidance::Guide& guide, const guidance::Itinerary& itinerary) {
   walker_ = std::make_unique<Walker>(guide, itinerary);
-  unitsPerMeter_ = guide.unitsPerMeter();
+  heading_.reset();
 }
 
 void WalkDisplay::stop() {
   if (!walker_) return;
   walker_.reset();
-  display_.removeMark();
+  mapView_->style()->setFollowing(false);
+  mapView_->style()->setPosition(std::nullopt);
 }
 
-bool WalkDisplay::advance(double time, double scale) {
+bool WalkDisplay::advance(double time) {
   const auto floor = walker_->floor();
+  const graphics::Vector3 from = walker_->scenePosition();
   walker_->advance(time);
+  const graphics::Vector3 at = walker_->scenePosition();
   const bool isOtherFloor = walker_->floor() != floor;
-  if (isOtherFloor) pose_.reset();
-  display_.markPosition(walker_->floor(), walker_->scenePosition(), scale);
+  if (isOtherFloor)
+    mapView_->style()->setFollowing(true);
+  else if (at.x != from.x || at.y != from.y)
+    heading_ = std::atan2(from.x - at.x, at.y - from.y);
+  mapView_->style()->setPosition(MapPosition{walker_->floor(), at.x, at.y, at.z, 0, heading_});
   return isOtherFloor;
-}
-
-void WalkDisplay::follow() {
-  if (walker_->floor() != mapView_->currentMap()) return;
-  MapCamera& camera = mapView_->camera();
-  if (camera.isGliding()) return;
-  if (pose_ && !(camera.pose() == *pose_)) return;
-  camera.frame({walker_->scenePosition()}, Surroundings{0, metersShown * unitsPerMeter_});
-  pose_ = camera.pose();
 }
 
 }  // namespace orivanta::viewer

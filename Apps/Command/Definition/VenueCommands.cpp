@@ -66,6 +66,11 @@ void addView(CLI::App& app, CommandLine& line) {
           "Contrast of the panels around the map, normal or high, see the key C")
       ->type_name("NAME")
       ->check(CLI::IsMember({"normal", "high"}));
+  command
+      .add_option("--style", options.style,
+                  "Look of the map: light, dark, plain (the colors of the models), or a theme file")
+      ->type_name("FILE|NAME")
+      ->capture_default_str();
   command.add_flag("--walk", options.walk, "Simulate a walk along each route, see the key W");
   command.add_flag("--times", options.times,
                    "Print timings of loading and drawing to standard error");

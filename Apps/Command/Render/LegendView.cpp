@@ -16,15 +16,17 @@ constexpr double padding = 8;  // around the lines
 constexpr double swatch = 14;
 constexpr double gap = 7;  // between a color and its meaning
 constexpr graphics::Color ink{0.16F, 0.19F, 0.25F};
-constexpr graphics::Color ground{1, 1, 1, 0.9F};
+constexpr float groundAlpha = 0.9F;
 
 }  // namespace
 
-LegendView::LegendView(const std::vector<LegendEntry>& entries, double scale) {
+LegendView::LegendView(const std::vector<LegendEntry>& entries, double scale, const MapTheme* theme)
+    : ground_(theme != nullptr ? theme->colors.halo : graphics::colors::white) {
+  ground_.alpha = groundAlpha;
   setUserInteractionEnabled(false);
   graphics::TextStyle style;
   style.fontSize = fontSize;
-  style.color = ink;
+  style.color = theme != nullptr ? theme->colors.text : ink;
   double widest = 0;
   for (const LegendEntry& entry : entries) {
     lines_.push_back({entry.color, graphics::makeTextImage(entry.meaning, style, scale)});
@@ -36,7 +38,7 @@ LegendView::LegendView(const std::vector<LegendEntry>& entries, double scale) {
 }
 
 void LegendView::draw(view::Canvas& canvas) {
-  canvas.fill(bounds(), ground, 5);
+  canvas.fill(bounds(), ground_, 5);
   double middle = padding + lineHeight / 2;
   for (const Line& line : lines_) {
     canvas.fill({{padding, middle - swatch / 2}, {swatch, swatch}}, line.color, 3);

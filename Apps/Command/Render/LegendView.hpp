@@ -8,6 +8,7 @@
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Image.hpp"
 #include "Platform/View/View.hpp"
+#include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta::command {
 
@@ -17,11 +18,11 @@ struct LegendEntry {
   std::string meaning;
 };
 
-/// One line for each entry, on a light background in the upper left corner.
+/// One line for each entry, on a background in the upper left corner.
 class LegendView : public view::View {
  public:
-  /// `scale` is in pixels per point.
-  LegendView(const std::vector<LegendEntry>& entries, double scale);
+  /// `scale` is in pixels per point. The colors are those of the theme, or light without one.
+  LegendView(const std::vector<LegendEntry>& entries, double scale, const MapTheme* theme);
 
   void draw(view::Canvas& canvas) override;
 
@@ -31,6 +32,7 @@ class LegendView : public view::View {
     std::shared_ptr<const graphics::Image> text;  // null if it has no visible characters
   };
 
+  graphics::Color ground_;
   std::vector<Line> lines_;
 };
 

@@ -314,7 +314,8 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
     stage.mapView()->downloader = std::make_shared<OfflineDownloader>();
   attribute(stage, *venue, size, options, theme.get());
   if (!options.legend.empty())
-    stage.mapView()->addSubview(std::make_shared<LegendView>(options.legend, options.scale));
+    stage.mapView()->addSubview(
+        std::make_shared<LegendView>(options.legend, options.scale, theme.get()));
   const auto floors = stage.load(venue, contents.floors);
   for (const Highlight& highlight : contents.highlights)
     for (const auto& polygon : highlight.location->polygons)

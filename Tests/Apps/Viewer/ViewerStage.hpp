@@ -43,10 +43,11 @@ class ViewerStage {
  public:
   explicit ViewerStage(const std::string& endpoint, std::optional<std::string> slug,
                        graphics::Size shownSize = {1280, 800}, const std::string& language = "en",
-                       bool walksAtOnce = false)
+                       bool walksAtOnce = false,
+                       std::shared_ptr<const MapTheme> theme = MapTheme::light())
       : size(shownSize),
-        viewer(
-            {settingsFor(endpoint), std::move(slug), language, [] { return noon; }, walksAtOnce}) {
+        viewer({settingsFor(endpoint), std::move(slug), language, [] { return noon; }, walksAtOnce,
+                std::move(theme)}) {
     viewer.resize(size, 1);
   }
 

@@ -7,7 +7,6 @@
 
 #include "Source/Category.hpp"
 #include "Source/Map.hpp"
-#include "Source/UI/Display/MarkColors.hpp"
 #include "Source/Vortex.hpp"
 #include "Tests/Apps/TwoVisitsPackage.hpp"
 #include "Tests/Apps/Viewer/ViewerStage.hpp"
@@ -30,6 +29,14 @@ graphics::Point on(VenueView& view, const Location& place) {
   return view.mapView().findPositionCameraViewport(view.mapView().findPosition3D(place));
 }
 
+// Draws frames until nothing moves.
+void untilStill(test::ViewerStage& stage) {
+  stage.until([&] {
+    stage.picture();
+    return !stage.viewer.isMoving();
+  });
+}
+
 }  // namespace
 
 TEST_F(ViewerTest, TapsSelectPlacesAndClearTheSelection) {
@@ -37,12 +44,14 @@ TEST_F(ViewerTest, TapsSelectPlacesAndClearTheSelection) {
   EXPECT_GT(test::countPixels(*stage.picture(), theme::backdrop), 800'000) << "the veil";
   EXPECT_TRUE(stage.viewer.isMoving()) << "its activity indicator rotates";
   VenueView& view = stage.untilShown();
-  EXPECT_EQ(test::countPixels(*stage.picture(), theme::amber), 0);
+  const graphics::Color pin = MapTheme::light()->colors.pin;
+  EXPECT_EQ(test::countPixels(*stage.picture(), pin), 0);
   const auto kindling = stage.place("kindling");
   stage.tap(on(view, *kindling));
   EXPECT_EQ(view.selected(), kindling);
   EXPECT_FALSE(view.panels().card->isHidden());
-  for (int frame = 0; frame < 2; ++frame) stage.picture();
+  untilStill(stage);
+  EXPECT_GT(test::countPixels(*stage.picture(), pin), 200) << "a pin and an outline";
   EXPECT_FALSE(stage.viewer.isMoving() || stage.viewer.root()->needsFrame())
       << "nothing is drawn when nothing moves";
   stage.tap({640, 780});
@@ -67,6 +76,15 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     stage.viewer.keyPressed({Key::pageDown});
     stage.viewer.keyPressed({Key::pageDown});
     EXPECT_EQ(view.mapView().currentMap()->shortName, "G");
+    const auto& hint = view.subviews().at(1);
+    EXPECT_TRUE(hint->isHidden());
+    view.select(stage.place("dosa-dynamo"));
+    stage.viewer.keyPressed({Key::pageDown});
+    stage.tap(*hint);
+    EXPECT_EQ(view.mapView().currentMap()->shortName, "2") << "where the selected place is";
+    EXPECT_TRUE(hint->isHidden());
+    view.select(nullptr);
+    for (int i = 0; i < 2; ++i) stage.viewer.keyPressed({Key::pageDown});
     view.camera().fit();
     stage.tap(on(view, *stage.place("kindling")));
     stage.until([&] { return view.session().route() != nullptr; });
@@ -76,14 +94,15 @@ TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
     EXPECT_TRUE(stage.viewer.isMoving()) << "its arrows do";
     stage.viewer.keyPressed({Key::pageUp});
     EXPECT_EQ(view.mapView().currentMap()->shortName, "1");
-    stage.until([&] { return !stage.viewer.isMoving(); });  // the route is not on this floor
+    untilStill(stage);  // the route is not on this floor
     stage.viewer.keyPressed({Key::pageDown});
-    EXPECT_GT(test::countPixels(*stage.picture(), markColors::start), 100) << "the start";
+    EXPECT_GT(test::countPixels(*stage.picture(), MapTheme::light()->colors.start), 20)
+        << "the start";
 
     view.panels().route->stepChosen(view.session().route()->steps.size() - 1);
     stage.settle();
     EXPECT_EQ(view.mapView().currentMap()->shortName, "2");
-    view.polygonSelected(stage.place("dosa-dynamo")->polygons.front());
+    view.mapView().style()->tapped({stage.place("dosa-dynamo"), view.mapView().currentMap()});
     EXPECT_FALSE(view.panels().card->isHidden()) << "also while there is a route";
     stage.viewer.keyPressed({Key::escape});
     EXPECT_TRUE(view.session().route() && !view.panels().route->isHidden());
@@ -139,7 +158,7 @@ TEST_F(ViewerTest, RoutesFollowTheProfileTheChoiceAndTheStops) {
   view.select(nullptr);
   for (const RouteEnd end : {RouteEnd::start, RouteEnd::destination}) {
     panel.stops().chosen(end);
-    view.polygonSelected(stage.place("kindling")->polygons.front());
+    view.mapView().style()->tapped({stage.place("kindling"), view.mapView().currentMap()});
     stage.until([&] { return view.session().route() != nullptr; });
   }
   EXPECT_EQ(panel.summary(), "You are already there");

@@ -30,7 +30,7 @@ constexpr std::string_view plainSymbol = "O0 0 4.5";
 // In points.
 constexpr double side = 46;  // of the square
 constexpr double pinWidth = 31;
-constexpr double symbolSide = 20;
+constexpr double symbolSide = 24;
 constexpr double fontGrowth = 2;
 constexpr double mostNameWidth = 190;
 constexpr double gap = 2;

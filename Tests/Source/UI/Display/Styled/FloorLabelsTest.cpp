@@ -1,5 +1,6 @@
 #include "Source/UI/Display/Styled/FloorLabels.hpp"
 
+#include <fmt/ranges.h>
 #include <gtest/gtest.h>
 
 #include "Platform/Scene/Node.hpp"
@@ -61,7 +62,7 @@ class LabeledFloor {
         "nodes": ["n1", "u1"], "polygons": [{"id": "shaft", "map": "g"}]}])";
   }
 
-  FloorLabels labels(const MapTheme& theme) const {
+  FloorLabels labels(const MapTheme& theme, const guidance::Closures& closures = {}) const {
     const auto venue = small.load();
     Map& floor = *venue->maps->front();
     floor.mapObject = scene::Node::make();
@@ -74,7 +75,9 @@ class LabeledFloor {
     const TextMeasure measure = [](std::string_view text, const graphics::TextStyle& style) {
       return graphics::Size{style.fontSize * static_cast<double>(text.size()) / 2, style.fontSize};
     };
-    return makeFloorLabels(floorRecords(*venue, floor, theme.words), theme, measure);
+    FloorRecords records = floorRecords(*venue, floor, theme.words, closures);
+    records.closedWord = "Closed";
+    return makeFloorLabels(records, theme, measure);
   }
 
   test::TwoFloorVenue small;
@@ -113,6 +116,22 @@ TEST(FloorLabels, ConsistOfThePlacesAndConnectorsOfTheFloor) {
   EXPECT_EQ(shareAt(5, -10, 0), 0) << "the hall";
 }
 
+TEST(FloorLabels, SayWhatIsClosed) {
+  const FloorLabels labels =
+      LabeledFloor().labels(*MapTheme::light(), guidance::Closures({"l1", "l3", "l4", "lift"}));
+  const std::vector<std::string> expected{"Store/Closed", "Kiosk",        "Closed", "Closed", "",
+                                          "Stand",        "Lift A/Closed"};
+  ASSERT_EQ(labels.labels.size(), expected.size());
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    const LabelSource& source = labels.sources[i];
+    const bool isClosed = expected[i].ends_with("Closed");
+    EXPECT_EQ(source.names.empty() ? "" : fmt::format("{}", fmt::join(source.names[0].lines, "/")),
+              expected[i]);
+    EXPECT_EQ(source.isClosed, isClosed);
+    EXPECT_TRUE(!isClosed || (!source.isDot && labels.labels[i].symbolFirst)) << "an icon";
+  }
+}
+
 TEST(FloorLabels, ScalesAndSizesAreThoseOfTheTheme) {
   LabeledFloor floor;
   floor.small.venue = R"({"id": "v", "slug": "small", "name": "Without a scale"})";
@@ -122,6 +141,8 @@ TEST(FloorLabels, ScalesAndSizesAreThoseOfTheTheme) {
   theme.sizes.icon = 30;
   const FloorLabels labels = floor.labels(theme);
   EXPECT_EQ(labels.labels[0].scales.name, 2);
+  EXPECT_LT(labels.labels[0].scales.inside, 1) << "in large rooms, names come early";
+  EXPECT_EQ(labels.labels[2].scales.inside, 8) << "but no generated ones";
   EXPECT_EQ(labels.labels[2].scales.symbol, 7);
   EXPECT_EQ(labels.labels[0].names.front(), (graphics::Size{54, 22}));
   EXPECT_EQ(labels.labels[2].names.front(), (graphics::Size{29, 12})) << "a small name";

@@ -7,9 +7,11 @@
 #include <map>
 #include <stdexcept>
 
+#include "Platform/Scene/Node.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/TouchDispatcher.hpp"
 #include "Source/Location.hpp"
+#include "Source/Map.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/Display/RouteOverlay.hpp"
@@ -30,7 +32,10 @@ class RecordingCanvas : public view::Canvas {
   double time() const override { return now; }
   double scale() const override { return 1; }
   void fill(const Rect&, const graphics::Color&, double) override {}
-  void draw(const std::shared_ptr<const graphics::Image>&, const Rect&, double, double) override {}
+  void draw(const std::shared_ptr<const graphics::Image>&, const Rect& rect, double,
+            double) override {
+    images.push_back(rect);
+  }
   void draw(view::SceneView&, const Rect&) override {}
   void draw(const std::shared_ptr<graphics::Sheet>& drawn,
             std::span<const view::SheetPiece> all) override {
@@ -41,6 +46,7 @@ class RecordingCanvas : public view::Canvas {
   double now = 0;
   std::shared_ptr<graphics::Sheet> sheet;
   std::vector<view::SheetPiece> pieces;
+  std::vector<Rect> images;
 };
 
 class StyledLabelsTest : public testing::Test {
@@ -171,6 +177,42 @@ TEST_F(StyledLabelsTest, AreThoseOfTheFloorAndTheThemeAndCompleteInPictures) {
   EXPECT_NE(canvas.sheet, light);
   view.setStyle(nullptr);
   EXPECT_THROW(labels(), std::logic_error);
+}
+
+TEST_F(StyledLabelsTest, GiveWayToTheSelectedPlaceAndToTheAids) {
+  style->setStill(true);
+  style->setFurniture({.attribution = true});
+  shown.venue->_data = *RawData::parse(R"({"attribution": "© Everybody who has made this map"})");
+  view.setStyle(nullptr);
+  view.setStyle(style);
+  view.layoutIfNeeded();
+  const auto cafe = shown.location("cafe-1");
+  scene::Node& shape = *shown.floor(0)->mapObject->children().at(1);
+  style->setSelected(cafe);
+  style->setClosures(guidance::Closures({"cafe-1"}));
+  style->finish();
+  draw();
+  ASSERT_EQ(canvas.images.size(), 3U) << "pin, symbol and name";
+  const Point tip = view.findPositionCameraViewport({200, 200, 2});
+  EXPECT_NEAR(canvas.images[0].maxY(), tip.y, 4);
+  EXPECT_NEAR(canvas.images[0].midX(), tip.x, 1);
+  EXPECT_EQ(labels().labelAt({tip.x, tip.y - 20}), cafe);
+  const Rect note{{10, 770}, {150, 20}};
+  for (const auto& piece : canvas.pieces)
+    EXPECT_FALSE(piece.rect.intersects(canvas.images[2]) || piece.rect.intersects(note));
+  EXPECT_EQ(shape.displayColor(), style->theme()->fill(FillKind::other)) << "closed";
+  style->setClosures({});
+  EXPECT_NE(shape.displayColor(), style->theme()->fill(FillKind::other));
+  style->setModelColors(true);
+  EXPECT_EQ(shape.displayColor(), std::nullopt);
+  for (const bool isOtherFloor : {true, false}) {
+    isOtherFloor ? view.changeMap(1) : style->setSelected(nullptr);
+    style->finish();
+    canvas.images.clear();
+    draw();
+    EXPECT_TRUE(canvas.images.empty());
+    view.changeMap(0);
+  }
 }
 
 TEST_F(StyledLabelsTest, CanBeTapped) {
