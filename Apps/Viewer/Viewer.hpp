@@ -36,8 +36,6 @@ struct ViewerOptions {
   bool walksAtOnce = false;     ///< see `VenueViewOptions`
   theme::Look look{};           ///< of the interface at the start
   bool isOffline = false;       ///< shows only stored venues, without network access
-  RouteSession::Clock clock{};                                ///< if null, the system's local time
-  bool walksAtOnce = false;                                   ///< see `VenueViewOptions`
   std::shared_ptr<const MapTheme> theme = MapTheme::light();  ///< see `VenueViewOptions`
 };
 
