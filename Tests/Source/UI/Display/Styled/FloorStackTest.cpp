@@ -99,6 +99,7 @@ TEST_F(FloorStackTest, EndsCleanlyWhenTheSceneOrTheVenueChanges) {
 }
 
 TEST_F(FloorStackTest, MovesWithoutAJumpAndEndsAtTheSamePose) {
+  style->setLabels(false);
   draw();
   const auto flat = view.camera().pose();
   style->setStacked(true);
