@@ -24,6 +24,8 @@ class FloorStackTest : public testing::Test {
  protected:
   FloorStackTest() {
     shown.floor(1)->elevation = 10;
+    shown.floor(0)->shortName = "G";
+    shown.floor(1)->shortName = "1";
     view.setFrame({{0, 0}, {320, 200}});
     view.layoutIfNeeded();
     view.setStyle(style);
