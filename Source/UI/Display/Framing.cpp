@@ -22,7 +22,7 @@ constexpr double routeMargin = 0.3;
 constexpr double leastRouteExtent = 120;  // scene units; a route is drawn ten units wide
 constexpr double mostRouteExtent = 600;
 constexpr double leastRouteMeters = 8;
-constexpr double styledRouteMargin = 0.06;
+constexpr double styledRouteMargin = 0.2;
 constexpr double markMargin = 40;  // points
 
 // The allowed slopes of points in one direction of the view.

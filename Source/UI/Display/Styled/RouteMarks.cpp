@@ -110,6 +110,7 @@ void RouteMarks::set(std::vector<RouteMark> marks,
   if (isSame) return;
   clear();
   theme_ = std::move(theme);
+  shown_.reserve(marks.size());
   for (RouteMark& mark : marks) shown_.push_back(shownAs(std::move(mark)));
 }
 
