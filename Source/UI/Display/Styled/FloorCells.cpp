@@ -88,8 +88,8 @@ int FloorCells::hiddenBy(const FloorCells& other, int shift) const {
 }
 
 double FloorCells::shiftOf(const FloorCells& other, double share) const {
-  int shift = 0;
-  while (shift < side - 1 && hiddenBy(other, shift) > share * count_) ++shift;
+  int shift = side - 1;
+  while (shift > 0 && hiddenBy(other, shift - 1) <= share * count_) --shift;
   return static_cast<double>(shift) / side;
 }
 

@@ -30,7 +30,7 @@ class FloorCells {
   FloorCells(const scene::Node& floor, const CellFrame& frame);
 
   /// Returns the least share of the columns' length by which another floor must be shifted away
-  /// from the viewer so that it covers at most a share of these cells.
+  /// from the viewer so that it, and any larger shift, covers at most a share of these cells.
   double shiftOf(const FloorCells& other, double share) const;
 
  private:

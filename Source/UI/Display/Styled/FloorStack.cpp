@@ -32,6 +32,7 @@ constexpr double hiddenShare = 0.22;  // of a floor, by another one
 constexpr double leastShift = 0.4;
 constexpr double mostShift = 1.6;   // where there is room
 constexpr double usedShare = 0.75;  // of the height of the view
+constexpr double markHeight = 34;   // points, of the pin of a route
 constexpr Surroundings aroundStack{0.06, 1};
 
 // The extent of points along a direction, which is turned counterclockwise from the y axis.
@@ -230,7 +231,7 @@ CameraPose FloorStack::stackPose() const {
   Insets insets = camera.insets();
   const Insets names = StackView::roomForNames(contents_->stack, *contents_->theme);
   insets.left += names.left;
-  insets.top += names.top;
+  insets.top += names.top + (routes_.empty() ? 0 : markHeight);
   insets.bottom += names.bottom;
   return framing(corners_, pose, {camera.lens().size, stackFieldOfView}, insets, aroundStack);
 }

@@ -28,7 +28,7 @@ constexpr double nameGap = 4;
 constexpr double nameMargin = 12;  // to the edge of the view and to the floors
 constexpr double leastNameWidth = 44;
 constexpr double tapMargin = 7;
-constexpr double attributionHeight = 24;  // at the lower edge
+constexpr double attributionHeight = 48;  // at the lower edge
 constexpr double dotSize = 4;
 constexpr double dotSpacing = 8;
 constexpr double dotCasing = 1;
@@ -173,7 +173,8 @@ void StackView::showMarks() {
 }
 
 void StackView::drawMarks(view::Canvas& canvas, const FloorProjection& projection) {
-  const Insets& insets = map_.camera().insets();
+  Insets insets = map_.camera().insets();
+  if (!drawn_.empty()) insets.left = drawn_.front().rect.maxX() + nameGap;
   const graphics::Size size = bounds().size;
   marks_.place(projection, {{insets.left, insets.top},
                             {size.width - insets.left - insets.right,
@@ -253,6 +254,13 @@ std::vector<StackView::Name> StackView::names(const FloorProjection& projection)
   }
   for (std::size_t i = 1; i < names.size(); ++i)
     names[i].y = std::max(names[i].y, names[i - 1].y + nameHeight + nameGap);
+  double lowest =
+      bounds().size.height - map_.camera().insets().bottom - attributionHeight - nameHeight / 2;
+  for (auto name = names.rbegin(); name != names.rend(); ++name) {
+    if (name->y > bounds().size.height) continue;  // the floor is below the view
+    name->y = std::min(name->y, lowest);
+    lowest = name->y - nameHeight - nameGap;
+  }
   double width = leastNameWidth;
   for (const Name& name : names)
     if (name.image) width = std::max(width, name.image->size().width + 2 * namePadding);

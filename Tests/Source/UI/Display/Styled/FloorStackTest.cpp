@@ -24,6 +24,8 @@ class FloorStackTest : public testing::Test {
  protected:
   FloorStackTest() {
     shown.floor(1)->elevation = 10;
+    shown.floor(0)->shortName = "G";
+    shown.floor(1)->shortName = "1";
     view.setFrame({{0, 0}, {320, 200}});
     view.layoutIfNeeded();
     view.setStyle(style);
@@ -99,6 +101,7 @@ TEST_F(FloorStackTest, EndsCleanlyWhenTheSceneOrTheVenueChanges) {
 }
 
 TEST_F(FloorStackTest, MovesWithoutAJumpAndEndsAtTheSamePose) {
+  style->setLabels(false);
   draw();
   const auto flat = view.camera().pose();
   style->setStacked(true);
