@@ -182,6 +182,38 @@ TEST_F(ViewerTest, LeadsToTheNearestPlaceOfACategory) {
   EXPECT_EQ(view.panels().route->summary(), "A stop of the route, or the way there, is closed.");
 }
 
+TEST_F(ViewerTest, BrowsesKindsAllPlacesAndRecentPlaces) {
+  test::ViewerStage stage(server->root(), "astrolabe-court", {390, 844}, "ar");
+  VenueView& view = stage.untilShown();
+  view.select(stage.place("kindling"));
+  view.select(nullptr);
+  SearchPanel& search = *view.panels().search;
+  const auto tapTile = [&](const char* key) {
+    stage.picture();  // places the tiles
+    for (const auto& [index, row] : search.list().inSight())
+      if (const auto* tiles = dynamic_cast<const TileRow*>(row.get()))
+        for (const auto& tile : tiles->tiles())
+          if (tile->title() == stage.viewer.texts().text(key)) return stage.tap(*tile);
+    FAIL() << key;
+  };
+  stage.tap(search.field());
+  const std::size_t rows = search.list().size();
+  tapTile("interface.browse.all");
+  EXPECT_GT(search.list().size(), view.venue()->locations->size());
+  stage.viewer.keyPressed({Key::escape});
+  EXPECT_EQ(search.list().size(), rows) << "back to the kinds";
+  tapTile("interface.kind.food");
+  stage.viewer.keyPressed({Key::backspace});
+  for (int row = 0; row < 50; ++row) stage.viewer.keyPressed({Key::down});
+  stage.viewer.keyPressed({Key::enter});
+  EXPECT_EQ(view.selected(), stage.place("kindling")) << "the last row is the recent place";
+  EXPECT_FALSE(search.isOpen());
+  stage.tap(search.field());
+  tapTile("interface.nearest.label.exit");
+  stage.until([&] { return view.session().route() != nullptr; });
+  EXPECT_EQ(view.session().route()->from(), stage.place("kindling"));
+}
+
 TEST_F(ViewerTest, SpeaksTheChosenLanguageInItsDirection) {
   for (const bool isRightToLeft : {false, true}) {
     test::ViewerStage stage(server->root(), "astrolabe-court", {1280, 800},
