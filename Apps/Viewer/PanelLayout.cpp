@@ -79,8 +79,10 @@ class Placing {
       indent = in_.wayBackWidth + backGap;
     }
     const double width = (hasSheet_ ? window_.width - 2 * margin_ : columnWidth()) - indent;
-    const double height =
-        in_.isSearchOpen ? window_.height - margin_ - lowerMargin() : in_.barHeight;
+    const bool isAboveAttribution = hasSheet_ && in_.hasAttribution;
+    const double below =
+        isAboveAttribution ? in_.controlSide + attributionGap + gap : lowerMargin();
+    const double height = in_.isSearchOpen ? window_.height - margin_ - below : in_.barHeight;
     out_.search = {{margin_ + indent, margin_}, {width, height}};
   }
 
@@ -140,9 +142,10 @@ class Placing {
     const double start = in_.isRightToLeft ? logoWidth : narrowMargin;
     const double left = isBesideColumn ? std::max(margin_ + columnWidth() + gap, start) : start;
     const double right = window_.width - (in_.isRightToLeft ? floors : std::max(logoWidth, floors));
-    const double top = in_.isSearchOpen && hasSheet_ ? window_.height : belowBar();
+    const bool isBelowSearch = in_.isSearchOpen && hasSheet_;
+    const double top = isBelowSearch ? out_.search.maxY() : belowBar();
     const double bottom = std::min(sheetTop(), window_.height - attributionGap);
-    if (bottom - top < 2 * in_.controlSide || right <= left) return;
+    if (bottom - top < (isBelowSearch ? 1 : 2) * in_.controlSide || right <= left) return;
     const double height = std::min(bottom - top, window_.height / 2);
     out_.attribution = {{left, bottom - height}, {right - left, height}};
   }

@@ -126,7 +126,7 @@ double RoutePanel::arrangeSummary(double width, double top) {
 // Arranges the choice of routes, and the profile that may help. Returns the lower edge.
 double RoutePanel::arrangeChoices(double width, double top) {
   const double inner = width - 2 * theme::padding;
-  routes_->setHidden(routes_->size() < 2 || walk_ != WalkState::none || isShort_);
+  routes_->setHidden(routes_->size() < 2 || walk_ != WalkState::none || leftOut_ > 0);
   if (!routes_->isHidden()) {
     const double height = routes_->arrange(inner);
     routes_->setFrame({{theme::padding, top}, {inner, height}});
@@ -142,26 +142,28 @@ double RoutePanel::arrangeChoices(double width, double top) {
 }
 
 double RoutePanel::arrange(double width, double mostHeight) {
-  isShort_ = false;
+  leftOut_ = 0;
   double height = arrangeParts(width, mostHeight);
-  if (steps_->hasSteps()) {
-    const double least = std::min(steps_->heightFor(width, 1e9), leastSteps());
-    isShort_ = mostHeight - steps_->frame().minY() - gap < least;
-    if (isShort_) height = arrangeParts(width, mostHeight);
+  const double least =
+      steps_->hasSteps() ? std::min(steps_->heightFor(width, 1e9), leastSteps()) : 0;
+  const auto isTight = [&] { return mostHeight - steps_->frame().minY() - gap < least; };
+  while (least > 0 && leftOut_ < 2 && isTight()) {
+    ++leftOut_;
+    height = arrangeParts(width, mostHeight);
   }
   directChildren(*this, width);
   return height;
 }
 
 double RoutePanel::arrangeParts(double width, double mostHeight) {
-  stops_->setHidden(isShort_);
+  stops_->setHidden(leftOut_ > 1);
   double top = gap;
-  if (!isShort_) {
+  if (leftOut_ < 2) {
     const double stops = stops_->arrange(width);
     stops_->setFrame({{0, 0}, {width, stops}});
     top += stops;
   }
-  profiles_->setHidden(walk_ != WalkState::none || isShort_);
+  profiles_->setHidden(walk_ != WalkState::none || leftOut_ > 1);
   if (!profiles_->isHidden()) {
     const double inner = width - 2 * theme::padding;
     const double height = profiles_->arrange(inner);

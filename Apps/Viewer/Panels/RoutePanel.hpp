@@ -61,9 +61,9 @@ class RoutePanel : public Panel {
   Button& offer() { return *offer_; }
   IconButton& walkButton() { return *walkButton_; }
 
-  /// Returns the height for this width. If `mostHeight` has no room for instructions, the stops and
-  /// the choices of profiles and routes are left out, and then the instructions. If even the rest
-  /// needs more, the height is greater than `mostHeight`.
+  /// Returns the height for this width. If `mostHeight` has no room for instructions, the choice
+  /// of routes is left out, then the stops and the choice of profiles, then the instructions. If
+  /// even the rest needs more, the height is greater than `mostHeight`.
   double arrange(double width, double mostHeight);
 
  private:
@@ -83,7 +83,7 @@ class RoutePanel : public Panel {
   std::optional<std::size_t> helpfulProfile_;
   std::shared_ptr<StepList> steps_;
   WalkState walk_ = WalkState::none;
-  bool isShort_ = false;  // without the stops and the choices
+  int leftOut_ = 0;  // 1: the choice of routes, 2: also the stops and the profiles
 };
 
 }  // namespace orivanta::viewer

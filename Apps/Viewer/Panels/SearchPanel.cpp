@@ -196,7 +196,8 @@ double SearchPanel::arrange(double width, double mostHeight) {
   const double side = theme::control();
   const double inner = width - 2 * theme::padding;
   sign_->setFrame({{2, 0}, {side, bar}});
-  field_->setFrame({{side, 0}, {std::max(theme::controlSize, width - 2 * side), bar}});
+  const double end = isOpen() ? side : theme::padding;  // with the button, or without it
+  field_->setFrame({{side, 0}, {std::max(theme::controlSize, width - side - end), bar}});
   clear_->setFrame({{width - side - 2, (bar - side) / 2}, {side, side}});
   clear_->setHidden(!isOpen());
   nothing_->setHidden(!isOpen() || !findsNothing_);
