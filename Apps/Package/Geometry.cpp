@@ -7,15 +7,10 @@
 
 namespace orivanta::package {
 
-double dot(Point a, Point b) { return a.x * b.x + a.y * b.y; }
-double cross(Point a, Point b) { return a.x * b.y - a.y * b.x; }
-double length(Point a) { return std::sqrt(dot(a, a)); }
-double distance(Point a, Point b) { return length(a - b); }
-
 double signedArea(const Outline& outline) {
   double twice = 0.0;
   for (std::size_t i = 0; i < outline.size(); ++i)
-    twice += cross(outline[i], outline[(i + 1) % outline.size()]);
+    twice += cross(outline[i], outline[i + 1 < outline.size() ? i + 1 : 0]);
   return twice / 2.0;
 }
 
@@ -23,35 +18,19 @@ bool contains(const Outline& outline, Point point) {
   bool inside = false;
   for (std::size_t i = 0; i < outline.size(); ++i) {
     const Point a = outline[i];
-    const Point b = outline[(i + 1) % outline.size()];
+    const Point b = outline[i + 1 < outline.size() ? i + 1 : 0];
     if ((a.y > point.y) == (b.y > point.y)) continue;
     if (point.x < a.x + (b.x - a.x) * (point.y - a.y) / (b.y - a.y)) inside = !inside;
   }
   return inside;
 }
 
-double nearestFraction(Point a, Point b, Point point) {
-  const double squared = dot(b - a, b - a);
-  return squared == 0.0 ? 0.0 : std::clamp(dot(point - a, b - a) / squared, 0.0, 1.0);
-}
-
-double distanceToSegment(Point a, Point b, Point point) {
-  return distance(a + (b - a) * nearestFraction(a, b, point), point);
-}
-
 double distanceToBorder(const Outline& outline, Point point) {
   double nearest = std::numeric_limits<double>::infinity();
   for (std::size_t i = 0; i < outline.size(); ++i)
-    nearest =
-        std::min(nearest, distanceToSegment(outline[i], outline[(i + 1) % outline.size()], point));
+    nearest = std::min(
+        nearest, distanceToSegment(outline[i], outline[i + 1 < outline.size() ? i + 1 : 0], point));
   return nearest;
-}
-
-bool cross(Point a, Point b, Point c, Point d) {
-  const auto apart = [](Point from, Point to, Point left, Point right) {
-    return cross(to - from, left - from) * cross(to - from, right - from) < 0.0;
-  };
-  return apart(a, b, c, d) && apart(c, d, a, b);
 }
 
 Outline rectangle(double left, double bottom, double right, double top) {

@@ -3,10 +3,13 @@
 #include <fmt/compile.h>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
-#include <functional>
+#include <cstdint>
+#include <cstring>
 #include <iterator>
 
+#include "Apps/Package/Numbers.hpp"
 #include "Apps/Package/Units.hpp"
 
 namespace orivanta::package {
@@ -21,23 +24,50 @@ double rounded(double value, double steps) {
   return near == 0.0 ? 0.0 : near;
 }
 
-}  // namespace
+using Values = std::array<double, 3>;
 
-std::size_t Model::Lines::Hash::operator()(const Values& values) const {
-  std::size_t hash = 0;
-  for (const double value : values)
-    hash = (hash ^ std::hash<double>()(value)) * 0x9E3779B97F4A7C15U + (hash >> 29U);
+std::size_t hashOf(const Values& values) {
+  std::uint64_t hash = 0;
+  for (const double value : values) {
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &value, sizeof bits);
+    hash = (hash ^ (bits >> 20U)) * 0x9E3779B97F4A7C15U;
+    hash ^= hash >> 32U;
+  }
   return hash;
 }
 
+// The slot of a hash table that contains the number of the values, or else the empty one for it.
+std::size_t slotOf(const std::vector<std::uint32_t>& numbers, const std::vector<Values>& known,
+                   const Values& values) {
+  std::size_t slot = hashOf(values) & (numbers.size() - 1);
+  while (numbers[slot] != 0 && known[numbers[slot] - 1] != values)
+    slot = (slot + 1) & (numbers.size() - 1);
+  return slot;
+}
+
+}  // namespace
+
+void Model::Lines::grow() {
+  constexpr std::size_t first = 64;
+  numbers_.assign(std::max(first, 2 * numbers_.size()), 0);
+  for (std::size_t i = 0; i < values_.size(); ++i)
+    numbers_[slotOf(numbers_, values_, values_[i])] = static_cast<std::uint32_t>(i + 1);
+}
+
 std::size_t Model::Lines::number(const Values& values) {
-  const auto [entry, added] = numbers_.emplace(values, numbers_.size() + 1);
-  if (!added) return entry->second;
+  if (2 * values_.size() >= numbers_.size()) grow();
+  std::uint32_t& number = numbers_[slotOf(numbers_, values_, values)];
+  if (number != 0) return number;
+  values_.push_back(values);
+  number = static_cast<std::uint32_t>(values_.size());
   text_ += keyword_;
-  for (std::size_t i = 0; i < count_; ++i)
-    fmt::format_to(std::back_inserter(text_), FMT_COMPILE(" {}"), values[i]);
+  for (std::size_t i = 0; i < count_; ++i) {
+    text_ += ' ';
+    appendNumber(text_, values[i]);
+  }
   text_ += '\n';
-  return entry->second;
+  return number;
 }
 
 void Model::use(const Material& material) {
@@ -47,13 +77,13 @@ void Model::use(const Material& material) {
 }
 
 // Computes the normal with Newell's method. Coordinates are in units.
-void Model::face(const std::vector<Corner>& corners) {
+void Model::face(std::span<const Corner> corners) {
   double x = 0.0;
   double y = 0.0;
   double z = 0.0;
   for (std::size_t i = 0; i < corners.size(); ++i) {
     const Corner& a = corners[i];
-    const Corner& b = corners[(i + 1) % corners.size()];
+    const Corner& b = corners[i + 1 < corners.size() ? i + 1 : 0];
     x += (a.plan.y - b.plan.y) * unitsPerMeter_ * (a.height + b.height);
     y += (a.height - b.height) * (a.plan.x + b.plan.x) * unitsPerMeter_;
     z += (a.plan.x - b.plan.x) * (a.plan.y + b.plan.y) * unitsPerMeter_ * unitsPerMeter_;
@@ -82,11 +112,12 @@ void Model::face(const std::vector<Corner>& corners) {
 }
 
 void Model::wall(Corner from, Corner to, double bottom) {
-  face({{from.plan, bottom}, {to.plan, bottom}, to, from});
+  face(std::array<Corner, 4>{{{from.plan, bottom}, {to.plan, bottom}, to, from}});
 }
 
 void Model::top(const Outline& outline, double height) {
   std::vector<Corner> corners;
+  corners.reserve(outline.size());
   for (const Point point : outline) corners.push_back({point, height});
   face(corners);
 }
@@ -107,6 +138,7 @@ void Model::prism(const Outline& outline, double from, double to) {
 
 void Model::slope(const Outline& outline, double from, const Height& height) {
   std::vector<Corner> corners;
+  corners.reserve(outline.size());
   for (const Point point : outline) corners.push_back({point, height(point)});
   for (std::size_t i = 0; i < corners.size(); ++i)
     wall(corners[i], corners[(i + 1) % corners.size()], from);
@@ -116,7 +148,8 @@ void Model::slope(const Outline& outline, double from, const Height& height) {
 void Model::frustum(const Outline& lower, double from, const Outline& upper, double to) {
   for (std::size_t i = 0; i < lower.size(); ++i) {
     const std::size_t next = (i + 1) % lower.size();
-    face({{lower[i], from}, {lower[next], from}, {upper[next], to}, {upper[i], to}});
+    face(std::array<Corner, 4>{
+        {{lower[i], from}, {lower[next], from}, {upper[next], to}, {upper[i], to}}});
   }
 }
 

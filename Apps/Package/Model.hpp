@@ -6,7 +6,9 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -76,16 +78,15 @@ class Model {
     const std::string& text() const { return text_; }
 
    private:
-    struct Hash {
-      std::size_t operator()(const Values& values) const;
-    };
+    void grow();
     std::string_view keyword_;
     std::size_t count_;
-    std::unordered_map<Values, std::size_t, Hash> numbers_;
+    std::vector<Values> values_;
+    std::vector<std::uint32_t> numbers_;  // a hash table with open addressing; 0 is empty
     std::string text_;
   };
 
-  void face(const std::vector<Corner>& corners);
+  void face(std::span<const Corner> corners);
   void wall(Corner from, Corner to, double bottom);
 
   double unitsPerMeter_;

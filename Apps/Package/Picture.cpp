@@ -184,7 +184,7 @@ void Picture::write(const std::filesystem::path& file) const {
   const auto image = graphics::Image::make(static_cast<std::uint32_t>(width_),
                                            static_cast<std::uint32_t>(height_), bytes_);
   if (!image) throw std::runtime_error("no image for " + file.string());
-  if (const auto written = writePng(*image, file); !written)
+  if (const auto written = writePng(*image, file, graphics::PngEffort::low); !written)
     throw std::runtime_error(written.error().description);
 }
 

@@ -1,17 +1,30 @@
 #include "Apps/Package/Records.hpp"
 
-#include <fmt/format.h>
-
+#include <algorithm>
 #include <boost/json.hpp>
-#include <iterator>
 #include <string_view>
 #include <utility>
+
+#include "Apps/Package/Numbers.hpp"
 
 namespace orivanta::package {
 
 namespace json = boost::json;
 
 namespace {
+
+void appendString(std::string& text, std::string_view value) {
+  const auto isPlain = [](char character) {
+    return static_cast<unsigned char>(character) >= ' ' && character != '"' && character != '\\';
+  };
+  if (!std::all_of(value.begin(), value.end(), isPlain)) {
+    text += json::serialize(json::string_view(value.data(), value.size()));
+    return;
+  }
+  text += '"';
+  text += value;
+  text += '"';
+}
 
 // Like `json::serialize`, but writes numbers in short decimal form.
 void append(std::string& text, const json::value& value) {
@@ -20,7 +33,8 @@ void append(std::string& text, const json::value& value) {
     text += '{';
     for (const auto& member : *object) {
       text += std::exchange(separator, ",");
-      text += json::serialize(json::value(member.key())) + ":";
+      appendString(text, member.key());
+      text += ':';
       append(text, member.value());
     }
     text += '}';
@@ -32,7 +46,9 @@ void append(std::string& text, const json::value& value) {
     }
     text += ']';
   } else if (const auto* number = value.if_double()) {
-    fmt::format_to(std::back_inserter(text), "{}", *number);
+    appendNumber(text, *number);
+  } else if (const auto* string = value.if_string()) {
+    appendString(text, *string);
   } else {
     text += json::serialize(value);
   }

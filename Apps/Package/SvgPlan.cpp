@@ -1,9 +1,11 @@
 #include "Apps/Package/SvgPlan.hpp"
 
+#include <fmt/compile.h>
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "Platform/Foundation/DisplayText.hpp"
 
@@ -14,13 +16,14 @@ namespace {
 bool isFinite(Point point) { return std::isfinite(point.x) && std::isfinite(point.y); }
 
 // y points down in SVG.
-std::string position(Point point) { return fmt::format("{:.2f} {:.2f}", point.x, -point.y); }
-
-std::string path(const std::vector<Point>& points) {
-  std::string text;
-  for (const Point point : points)
-    if (isFinite(point)) text += (text.empty() ? 'M' : 'L') + position(point);
-  return text;
+void appendPath(std::string& text, const std::vector<Point>& points) {
+  char command = 'M';
+  for (const Point point : points) {
+    if (!isFinite(point)) continue;
+    fmt::format_to(std::back_inserter(text), FMT_COMPILE("{}{:.2f} {:.2f}"), command, point.x,
+                   -point.y);
+    command = 'L';
+  }
 }
 
 }  // namespace
@@ -63,12 +66,17 @@ double SvgPlan::pixel(double margin) const {
 
 void SvgPlan::shape(const std::vector<Outline>& rings, std::string_view attributes) {
   elements_ += "<path d=\"";
-  for (const Outline& ring : rings) elements_ += path(ring) + 'Z';
+  for (const Outline& ring : rings) {
+    appendPath(elements_, ring);
+    elements_ += 'Z';
+  }
   elements_ += fmt::format("\" fill-rule=\"evenodd\" {}/>\n", attributes);
 }
 
 void SvgPlan::line(const std::vector<Point>& points, std::string_view attributes) {
-  elements_ += fmt::format("<path d=\"{}\" fill=\"none\" {}/>\n", path(points), attributes);
+  elements_ += "<path d=\"";
+  appendPath(elements_, points);
+  elements_ += fmt::format("\" fill=\"none\" {}/>\n", attributes);
 }
 
 void SvgPlan::disc(Point middle, double radius, std::string_view attributes) {

@@ -67,12 +67,13 @@ std::shared_ptr<const Image> readImage(const std::filesystem::path& file, double
                      mostPixels);
 }
 
-std::vector<std::uint8_t> encodePng(const Image& image) {
+std::vector<std::uint8_t> encodePng(const Image& image, PngEffort effort) {
   png_image header{};
   header.version = PNG_IMAGE_VERSION;
   header.width = image.width();
   header.height = image.height();
   header.format = image.isOpaque() ? PNG_FORMAT_RGB : PNG_FORMAT_RGBA;
+  if (effort == PngEffort::low) header.flags = PNG_IMAGE_FLAG_FAST;
   const auto packed = image.isOpaque() ? withoutAlpha(image.pixels()) : std::vector<std::uint8_t>();
   const void* const pixels = image.isOpaque() ? packed.data() : image.pixels().data();
   png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(header);
@@ -83,8 +84,9 @@ std::vector<std::uint8_t> encodePng(const Image& image) {
   return bytes;
 }
 
-foundation::Result<void> writePng(const Image& image, const std::filesystem::path& file) {
-  const auto bytes = encodePng(image);
+foundation::Result<void> writePng(const Image& image, const std::filesystem::path& file,
+                                  PngEffort effort) {
+  const auto bytes = encodePng(image, effort);
   return foundation::writeFileAtomically(
       file, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
 }

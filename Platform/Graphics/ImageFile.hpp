@@ -34,11 +34,17 @@ ORIVANTA_API std::shared_ptr<const Image> readImage(
 /// beginning of the file does not contain it. Any thread.
 ORIVANTA_API std::optional<PixelSize> readImageSize(const std::filesystem::path& file);
 
+/// How much time encoding may take for small files. `low` suits drawings of few colors, whose files
+/// become hardly larger.
+enum class PngEffort { low, usual };
+
 /// Encodes an image as PNG: as RGB if it is opaque, otherwise as RGBA. Any thread.
-ORIVANTA_API std::vector<std::uint8_t> encodePng(const Image& image);
+ORIVANTA_API std::vector<std::uint8_t> encodePng(const Image& image,
+                                                 PngEffort effort = PngEffort::usual);
 
 /// Writes an image to a PNG file atomically. Any thread.
 ORIVANTA_API foundation::Result<void> writePng(const Image& image,
-                                               const std::filesystem::path& file);
+                                               const std::filesystem::path& file,
+                                               PngEffort effort = PngEffort::usual);
 
 }  // namespace orivanta::graphics

@@ -9,6 +9,7 @@
 
 #include "Apps/Import/Doors/Doorway.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
+#include "Apps/Import/Geometry/Overlap.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
 
 namespace orivanta::importer {
@@ -118,7 +119,7 @@ class Maker {
       if (sides.size() != 2 || sides[0] == sides[1]) continue;
       if (!done.insert(std::minmax(sides[0]->id, sides[1]->id)).second) continue;
       constexpr double overlap = 0.5;
-      if (areaOf(common(sides[0]->shape, sides[1]->shape)) > overlap) continue;
+      if (overlapExceeds(sides[0]->shape, sides[1]->shape, overlap)) continue;
       shape = joined(std::move(shape), common(withMargin(sides[0]->shape, halfPartition),
                                               withMargin(sides[1]->shape, halfPartition)));
     }
@@ -160,7 +161,7 @@ class Maker {
     for (const Area* walkway : index_.near(room.shape, 0.0)) {
       const double inner = areaOf(walkway->shape);
       constexpr double mostly = 0.9;
-      if (inner < surface && areaOf(common(room.shape, walkway->shape)) > mostly * inner)
+      if (inner < surface && overlapExceeds(room.shape, walkway->shape, mostly * inner))
         shape = without(shape, walkway->shape);
     }
     return shape;

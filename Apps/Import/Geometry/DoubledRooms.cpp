@@ -8,7 +8,7 @@
 #include <string>
 
 #include "Apps/Import/Geometry/AreaIndex.hpp"
-#include "Apps/Import/Geometry/OpenShape.hpp"
+#include "Apps/Import/Geometry/Overlap.hpp"
 #include "Apps/Import/MakeFinding.hpp"
 
 namespace orivanta::importer {
@@ -21,8 +21,7 @@ bool areAlike(const Area& first, const Area& second) {
   const double one = areaOf(first.shape);
   const double other = areaOf(second.shape);
   const double least = mostly * std::max(one, other);
-  return std::min(one, other) >= least && overlapOfBoxes(first.shape, second.shape) >= least &&
-         areaOf(common(first.shape, second.shape)) >= least;
+  return std::min(one, other) >= least && overlapExceeds(first.shape, second.shape, least);
 }
 
 // An earlier room with the same outline, or null. Looks at a few only: of a heap of equal rooms,

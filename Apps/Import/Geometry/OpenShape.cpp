@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "Apps/Import/Geometry/Overlap.hpp"
+
 namespace orivanta::importer {
 
 namespace {
@@ -10,21 +12,13 @@ constexpr double mostly = 0.5;
 
 }  // namespace
 
-double overlapOfBoxes(const Shape& first, const Shape& second) {
-  const package::Box a = boxOf(first);
-  const package::Box b = boxOf(second);
-  return std::max(0.0, std::min(a.most.x, b.most.x) - std::max(a.least.x, b.least.x)) *
-         std::max(0.0, std::min(a.most.y, b.most.y) - std::max(a.least.y, b.least.y));
-}
-
 bool isAround(const Area& larger, const Area& smaller) {
   const double inner = areaOf(smaller.shape);
   const double outer = areaOf(larger.shape);
   // Rooms of one size are one room drawn twice, and both are open.
   constexpr double sameSize = 0.95;
   if (smaller.kind == larger.kind && inner > sameSize * outer) return false;
-  return inner < outer && overlapOfBoxes(larger.shape, smaller.shape) > mostly * inner &&
-         areaOf(common(larger.shape, smaller.shape)) > mostly * inner;
+  return inner < outer && overlapExceeds(larger.shape, smaller.shape, mostly * inner);
 }
 
 Shape openShape(const Area& room, const AreaIndex& contents) {

@@ -13,8 +13,4 @@ Shape openShape(const Area& room, const AreaIndex& contents);
 /// Whether most of the second area lies in the first, which is larger.
 bool isAround(const Area& larger, const Area& smaller);
 
-/// The common area of the bounds of two shapes: no less than that of the shapes, and computed much
-/// faster.
-double overlapOfBoxes(const Shape& first, const Shape& second);
-
 }  // namespace orivanta::importer

@@ -190,7 +190,8 @@ Shape united(const Shape& shape) {
     parts.reserve(group.size());
     for (const std::size_t i : group)
       if (shape[i].outer.size() >= 3) parts.push_back(shape[i]);
-    if (!parts.empty()) result = joined(std::move(result), unitedGroup(parts));
+    const bool isUnited = parts.size() == 1 && package::signedArea(parts.front().outer) > 0.0;
+    if (!parts.empty()) result = joined(std::move(result), isUnited ? parts : unitedGroup(parts));
   }
   return result;
 }
@@ -218,6 +219,14 @@ Shape without(const Shape& shape, const Shape& removed) {
 Shape common(const Shape& first, const Shape& second) {
   if (first.empty() || second.empty()) return {};
   return combined(first, second, GEOSIntersection_r, GEOSIntersectionPrec_r);
+}
+
+// Clipping is not robust, and the result then has too large a part of the rectangle, or too little.
+Shape clipped(const Polygon& polygon, const package::Box& box) {
+  const Shape frame{{package::rectangle(box.least.x, box.least.y, box.most.x, box.most.y), {}}};
+  GEOSGeometry* result = GEOSClipByRect_r(handle(), geometryOf(polygon).get(), box.least.x,
+                                          box.least.y, box.most.x, box.most.y);
+  return result != nullptr ? shapeOf(Geometry(result)) : common({polygon}, frame);
 }
 
 Shape withMargin(const Shape& shape, double margin) {

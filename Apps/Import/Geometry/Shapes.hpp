@@ -33,6 +33,9 @@ Shape without(const Shape& shape, const Shape& removed);
 /// What two valid shapes have in common.
 Shape common(const Shape& first, const Shape& second);
 
+/// The parts of a valid polygon in a rectangle. Much faster than `common`.
+Shape clipped(const Polygon& polygon, const package::Box& box);
+
 /// Moves all borders outward (inward if `margin` is negative). Corners stay sharp.
 Shape withMargin(const Shape& shape, double margin);
 

@@ -1,6 +1,7 @@
 #include "Apps/Import/Model/Faces.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 #include "Apps/Import/Geometry/Shapes.hpp"
 
@@ -24,7 +25,7 @@ double medianOf(std::vector<double>& values) {
 
 // Two rectangles that cover a polygon and meet in the middle of one of its holes, across the
 // direction in which the holes spread.
-std::pair<Shape, Shape> halves(const Polygon& polygon) {
+std::pair<Box, Box> halves(const Polygon& polygon) {
   std::vector<double> x;
   std::vector<double> y;
   Outline middles;
@@ -43,12 +44,23 @@ std::pair<Shape, Shape> halves(const Polygon& polygon) {
   const Point high = all.most + Point{1.0, 1.0};
   if (spread.most.x - spread.least.x >= spread.most.y - spread.least.y) {
     const double cut = medianOf(x);
-    return {{{package::rectangle(low.x, low.y, cut, high.y), {}}},
-            {{package::rectangle(cut, low.y, high.x, high.y), {}}}};
+    return {{low, {cut, high.y}}, {{cut, low.y}, high}};
   }
   const double cut = medianOf(y);
-  return {{{package::rectangle(low.x, low.y, high.x, cut), {}}},
-          {{package::rectangle(low.x, cut, high.x, high.y), {}}}};
+  return {{low, {high.x, cut}}, {{low.x, cut}, high}};
+}
+
+// The parts of a polygon in two rectangles that cover it. Where clipping fails, a part has the
+// wrong size.
+std::pair<Shape, Shape> cut(const Polygon& polygon, const std::pair<Box, Box>& boxes) {
+  std::pair<Shape, Shape> parts{clipped(polygon, boxes.first), clipped(polygon, boxes.second)};
+  const double whole = areaOf(polygon);
+  if (std::abs(areaOf(parts.first) + areaOf(parts.second) - whole) <= 1e-6 * whole) return parts;
+  const auto within = [&](const Box& box) {
+    return common({polygon},
+                  {{package::rectangle(box.least.x, box.least.y, box.most.x, box.most.y), {}}});
+  };
+  return {within(boxes.first), within(boxes.second)};
 }
 
 void addFaces(const Polygon& polygon, std::vector<Outline>& faces) {
@@ -56,9 +68,9 @@ void addFaces(const Polygon& polygon, std::vector<Outline>& faces) {
     faces.push_back(polygon.outer);
     return;
   }
-  const auto [first, second] = halves(polygon);
+  const auto [first, second] = cut(polygon, halves(polygon));
   for (const Shape* half : {&first, &second})
-    for (const Polygon& part : common({polygon}, *half)) {
+    for (const Polygon& part : *half) {
       // A part with as many holes was not cut: the operation failed.
       const bool isCut = part.holes.size() < polygon.holes.size();
       addFaces(isCut ? part : Polygon{part.outer, {}}, faces);

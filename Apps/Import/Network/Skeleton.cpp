@@ -17,6 +17,39 @@ constexpr double unit = 0.001;  // meters
 constexpr double step = 0.5;    // meters between points
 constexpr std::uint32_t none = 0xffffffff;
 
+// The ring without corners at which it hardly bends: the result is nowhere farther than `tolerance`
+// from it.
+Outline withoutSlightBends(const Outline& ring, double tolerance) {
+  constexpr std::size_t mostLeftOut = 40;  // corners in a row
+  const auto isStraight = [&](std::size_t from, std::size_t to) {
+    for (std::size_t i = from + 1; i < to; ++i)
+      if (package::distanceToSegment(ring[from], ring[to % ring.size()], ring[i]) > tolerance)
+        return false;
+    return true;
+  };
+  Outline kept;
+  for (std::size_t i = 0; i < ring.size();) {
+    kept.push_back(ring[i]);
+    std::size_t next = i + 1;
+    while (next < ring.size() && next - i <= mostLeftOut && isStraight(i, next + 1)) ++next;
+    i = next;
+  }
+  return kept.size() < 3 ? ring : kept;
+}
+
+Shape withoutSlightBends(const Shape& shape, double tolerance) {
+  Shape simple;
+  simple.reserve(shape.size());
+  for (const Polygon& polygon : shape) {
+    Polygon& one = simple.emplace_back();
+    one.outer = withoutSlightBends(polygon.outer, tolerance);
+    one.holes.reserve(polygon.holes.size());
+    for (const Outline& hole : polygon.holes)
+      one.holes.push_back(withoutSlightBends(hole, tolerance));
+  }
+  return simple;
+}
+
 std::vector<Border> wholeBorders(const Shape& shape) {
   std::vector<Border> borders;
   const auto whole = [](Point point) {
@@ -141,8 +174,9 @@ std::vector<std::vector<std::uint32_t>> Skeleton::neighbors() const {
   return all;
 }
 
-Skeleton makeSkeleton(const Shape& shape, double leastClearance) {
-  const Shape rounded = snapped(shape, unit);
+// Borders may cross each other without the slight bends. Rounding repairs that.
+Skeleton makeSkeleton(const Shape& shape, double leastClearance, double tolerance) {
+  const Shape rounded = snapped(withoutSlightBends(shape, tolerance), unit);
   if (rounded.empty()) return {};
   return Maker(rounded, leastClearance).make();
 }

@@ -22,7 +22,9 @@ struct Skeleton {
 };
 
 /// Makes the skeleton of a valid shape, without the points that are nearer than `leastClearance` to
-/// a border. Takes n log n time. The borders are rounded to millimeters.
-Skeleton makeSkeleton(const Shape& shape, double leastClearance);
+/// a border. Takes n log n time. The borders are rounded to millimeters after all corners were left
+/// out that are at most `tolerance` meters from the straight line past them: an arc consists of
+/// many short borders, which take most of the time.
+Skeleton makeSkeleton(const Shape& shape, double leastClearance, double tolerance = 0.015);
 
 }  // namespace orivanta::importer

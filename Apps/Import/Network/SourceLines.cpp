@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <set>
+#include <tuple>
 #include <utility>
+
+#include "Apps/Import/Geometry/Space.hpp"
 
 namespace orivanta::importer {
 
@@ -108,18 +112,59 @@ SourceLines::SourceLines(const Building& building, double level, Draft& draft) {
   grid_ = std::make_unique<SegmentGrid>(std::move(places), 0.0);
 }
 
-std::set<std::string> SourceLines::claimInsides(Rooms& rooms, Draft& draft) const {
-  std::set<std::string> claimed;
+namespace {
+
+// The distance to the nearest wall.
+double clearanceIn(const Area& room, Point point) {
+  double nearest = std::numeric_limits<double>::infinity();
+  for (const Segment& border : bordersOf(room.shape))
+    nearest = std::min(nearest, package::distanceToSegment(border.a, border.b, point));
+  return nearest;
+}
+
+}  // namespace
+
+std::set<std::string> SourceLines::claimInsides(const std::vector<const Door*>& doors, Rooms& rooms,
+                                                Draft& draft) const {
+  std::vector<Segment> places;
+  places.reserve(doors.size());
+  for (const Door* door : doors) places.push_back({door->position, door->position});
+  const SegmentGrid grid(std::move(places), 0.0);
+  const auto isAtDoor = [&](const Area& room, Point point) {
+    constexpr double near = 0.5;  // meters
+    bool found = false;
+    grid.eachNear(point, near, [&](std::size_t i) {
+      const std::vector<std::string>& areas = doors[i]->areas;
+      found = found || (package::distance(doors[i]->position, point) <= near &&
+                        std::find(areas.begin(), areas.end(), room.id) != areas.end());
+    });
+    return found;
+  };
+  std::map<std::string, std::tuple<double, std::uint32_t, const Area*>> best;  // by room
   for (const auto& [id, index] : nodes_) {
-    DraftNode& node = draft.nodes[index];
+    const DraftNode& node = draft.nodes[index];
     const Area* room = rooms.at(node.position);
-    if (room == nullptr || node.kind != NodeKind::way) continue;
+    if (room == nullptr || node.kind != NodeKind::way || isAtDoor(*room, node.position)) continue;
+    const double clearance = clearanceIn(*room, node.position);
+    const auto [entry, isNew] = best.try_emplace(room->id, clearance, index, room);
+    if (!isNew && clearance > std::get<double>(entry->second))
+      entry->second = {clearance, index, room};
+  }
+  std::set<std::string> claimed;
+  for (const auto& [id, chosen] : best) {
+    const auto& [clearance, index, room] = chosen;
     if (!rooms.setInside(*room, index)) continue;
-    node.kind = NodeKind::inside;
-    node.of = room->id;
-    claimed.insert(room->id);
+    draft.nodes[index].kind = NodeKind::inside;
+    draft.nodes[index].of = id;
+    claimed.insert(id);
   }
   return claimed;
+}
+
+std::optional<std::uint32_t> SourceLines::nodeAt(Point point, double within) const {
+  const std::size_t i = grid_->nearest(point, within);
+  if (i == SegmentGrid::none) return {};
+  return indices_[i];
 }
 
 std::optional<std::uint32_t> SourceLines::freeNodeAt(const Draft& draft, Point point,

@@ -25,9 +25,15 @@ class SourceLines {
   /// Adds the links between nodes of one storey, apart from those that a connector stands for.
   SourceLines(const Building& building, double level, Draft& draft);
 
-  /// Makes the nodes of the source that lie in rooms the inner nodes of these rooms, and returns
-  /// the identifiers of the rooms.
-  std::set<std::string> claimInsides(Rooms& rooms, Draft& draft) const;
+  /// Makes nodes of the source the inner nodes of the rooms in which they lie, and returns the
+  /// identifiers of the rooms. Of several nodes in a room, takes the one farthest from its walls. A
+  /// node at one of the room's doors is none: routes would end at the door. `doors` are those of
+  /// the storey.
+  std::set<std::string> claimInsides(const std::vector<const Door*>& doors, Rooms& rooms,
+                                     Draft& draft) const;
+
+  /// The nearest node within a distance.
+  std::optional<std::uint32_t> nodeAt(Point point, double within) const;
 
   /// The nearest node within a distance that is only a point of the way.
   std::optional<std::uint32_t> freeNodeAt(const Draft& draft, Point point, double within) const;

@@ -66,7 +66,7 @@ class Maker {
       if (area.level == level && isWalked(area, walkways_)) walkable_.insert(area.id);
     if (usesSourceLines(building, level, choice)) source_.emplace(building, level, draft_);
     if (source_)
-      sourceRooms_ = source_->claimInsides(rooms_, draft_);
+      sourceRooms_ = source_->claimInsides(doors(), rooms_, draft_);
     else
       addMainLines();
   }
@@ -82,6 +82,7 @@ class Maker {
     if (!source_) coverSpace(shape_, space_, draft_, attach);
     attach.finish();
     rooms_.finish(draft_);
+    if (source_) joinSpotsBesideSource();
     if (!source_) {
       addShortcuts(space_, draft_);
       joinCrossings(draft_);
@@ -95,6 +96,13 @@ class Maker {
   }
 
  private:
+  std::vector<const Door*> doors() const {
+    std::vector<const Door*> found;
+    for (const Door& door : building_.doors)
+      if (door.level == level_) found.push_back(&door);
+    return found;
+  }
+
   void addMainLines() {
     if (const auto open = withoutSmallHoles(shape_))
       addTrunk(makeSkeleton(*open, nodeClearance), Space(*open), draft_);
@@ -238,6 +246,17 @@ class Maker {
                              {}}),
              spotReach);
       }
+    }
+  }
+
+  // Places in rooms of which no way leads to them, such as a ticket gate in the door of a room.
+  void joinSpotsBesideSource() {
+    std::vector<bool> joined(draft_.nodes.size());
+    for (const DraftEdge& edge : draft_.edges) joined[edge.from] = joined[edge.to] = true;
+    for (std::uint32_t i = 0; i < joined.size(); ++i) {
+      if (joined[i] || draft_.nodes[i].kind != NodeKind::spot) continue;
+      if (const auto node = source_->nodeAt(draft_.nodes[i].position, spotReach))
+        draft_.addEdge(i, *node, true);
     }
   }
 

@@ -5,7 +5,6 @@
 #include <queue>
 #include <utility>
 
-#include "Apps/Import/Geometry/OpenShape.hpp"
 #include "Apps/Import/Network/Sight.hpp"
 
 namespace orivanta::importer {
@@ -14,6 +13,7 @@ namespace {
 
 constexpr std::uint32_t none = 0xffffffff;
 constexpr double unknown = std::numeric_limits<double>::infinity();
+constexpr double roughly = 0.05;        // meters; ways are straightened in the real space
 constexpr double farthestStart = 60.0;  // meters from a node to the points at which ways begin
 
 std::vector<Segment> asSegments(const std::vector<Point>& points) {
@@ -102,7 +102,7 @@ Ways::Part& Ways::partOf(const std::vector<std::size_t>& polygons) {
   if (!part) {
     Shape shape;
     for (const std::size_t i : polygons) shape.push_back((*shape_)[i]);
-    part = std::make_unique<Part>(nullptr, makeSkeleton(shape, leastClearance_));
+    part = std::make_unique<Part>(nullptr, makeSkeleton(shape, leastClearance_, roughly));
   }
   return *part;
 }
@@ -115,13 +115,14 @@ Ways::Part& Ways::around(Point point, double size) {
   std::unique_ptr<Part>& part = squares_[{size, column, row}];
   if (part) return *part;
   const Point middle = Point{static_cast<double>(column), static_cast<double>(row)} * step;
-  const double half = 1.5 * step;
-  const Polygon square{
-      package::rectangle(middle.x - half, middle.y - half, middle.x + half, middle.y + half), {}};
+  const Point reach{1.5 * step, 1.5 * step};
+  const package::Box square{middle - reach, middle + reach};
   Shape shape;
   for (std::size_t i = 0; i < shape_->size(); ++i)
-    if (overlapOfBoxes({(*shape_)[i]}, {square}) > 0.0) shape.push_back((*shape_)[i]);
-  part = std::make_unique<Part>(nullptr, makeSkeleton(common(shape, {square}), leastClearance_));
+    if (boxes_[i].least.x < square.most.x && boxes_[i].most.x > square.least.x &&
+        boxes_[i].least.y < square.most.y && boxes_[i].most.y > square.least.y)
+      shape = joined(std::move(shape), clipped((*shape_)[i], square));
+  part = std::make_unique<Part>(nullptr, makeSkeleton(shape, leastClearance_, roughly));
   return *part;
 }
 

@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <string_view>
+#include <unordered_set>
 
 #include "Apps/Import/Places/Categories.hpp"
 #include "Apps/Import/Places/GeneratedNames.hpp"
@@ -122,8 +124,14 @@ json::object namedRecord(const std::string& id, const Names& names) {
 
 NodeLookup::NodeLookup(const Building& building) {
   const Network& network = building.network;
+  std::unordered_set<std::string_view> ofPlaces;
+  for (const Place& place : building.places)
+    ofPlaces.insert(place.areas.begin(), place.areas.end());
+  written_.reserve(network.nodes.size());
   for (const Node& node : network.nodes)
-    written_.push_back(node.kind != NodeKind::way && node.kind != NodeKind::door);
+    written_.push_back(node.kind == NodeKind::inside
+                           ? ofPlaces.contains(node.of)
+                           : node.kind != NodeKind::way && node.kind != NodeKind::door);
   for (const Edge& edge : network.edges) written_[edge.from] = written_[edge.to] = true;
   for (std::size_t i = 0; i < network.nodes.size(); ++i) {
     const Node& node = network.nodes[i];

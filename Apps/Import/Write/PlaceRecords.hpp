@@ -15,8 +15,9 @@ namespace orivanta::importer {
 /// The members "id", "name", "names" and "nameGenerated".
 boost::json::object namedRecord(const std::string& id, const Names& names);
 
-/// Finds the nodes that belong to something, in the order of the network. Doors that lead nowhere
-/// and way points that nothing joins are no part of the package.
+/// Finds the nodes that belong to something, in the order of the network. Doors and way
+/// points without a path, and the inner nodes of such rooms, are no part of the package if no place
+/// needs them.
 class NodeLookup {
  public:
   explicit NodeLookup(const Building& building);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <random>
 
+#include "Apps/Import/Geometry/Overlap.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
 #include "Apps/Import/Geometry/TouchingGroups.hpp"
 #include "Apps/Import/Network/Ways.hpp"
@@ -33,6 +34,18 @@ TEST(Geometry, SpaceContainsWhatItsOutlinesDo) {
     for (int column = -20; column < 280; ++column) {
       const Point point{column * 0.25 + 0.013, row * 0.25};
       EXPECT_EQ(space.contains(point), contains(shape, point)) << point.x << ' ' << point.y;
+    }
+}
+
+TEST(Geometry, ComparesOverlapsWithLimits) {
+  const Shape shape = halls();
+  for (double x = -10.0; x < 60.0; x += 3.7)
+    for (double y = -12.0; y < 12.0; y += 2.9) {
+      const Shape other{{rectangle(x, y, x + 9.0, y + 6.0), {}}};
+      const double exact = areaOf(common(shape, other));
+      for (const double share : {0.0, 0.3, 0.999, 1.001, 1.4})
+        EXPECT_EQ(overlapExceeds(shape, other, share * exact), share < 1.0 && exact > 0.0)
+            << x << ' ' << y << ' ' << share;
     }
 }
 

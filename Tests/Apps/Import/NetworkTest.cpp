@@ -278,6 +278,18 @@ TEST(ImportNetwork, UsesTheSourcesLinks) {
   EXPECT_NEAR(plan.way("n2", "A"), 9.5, 2.5);
 }
 
+// A node of the source at the door of a room is not where a route in the room ends.
+TEST(ImportNetwork, LeadsIntoRoomsOfTheSource) {
+  Plan plan({"AAAA######", "AAAA######", "#+########", "..........", ".........."}, 0.5);
+  plan.building.sourceNodes = {
+      {"n1", {0.0, {0.25, 0.5}}}, {"n2", {0.0, {4.75, 0.5}}}, {"n3", {0.0, {0.75, 1.6}}}};
+  plan.building.sourceLinks = {{"a", "n1", "n2", LinkKind::walk, Direction::both, {}, {}},
+                               {"b", "n1", "n3", LinkKind::walk, Direction::both, {}, {}}};
+  plan.make();
+  EXPECT_GT(plan.way("n2", "A"), 0.0);
+  EXPECT_GT(plan.way("n3", "A"), 0.2);
+}
+
 // One moved wall changes only what is near it.
 TEST(ImportNetwork, KeepsIdentifiersOfOtherParts) {
   std::vector<std::string> rows{

@@ -1,5 +1,6 @@
 #include "Apps/Import/Write/WritePackage.hpp"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -16,6 +17,7 @@
 #include "Apps/Import/PackageLayout.hpp"
 #include "Apps/Import/Report/Summary.hpp"
 #include "Apps/Import/Stages.hpp"
+#include "Apps/Package/Numbers.hpp"
 #include "Tests/Apps/Import/House/House.hpp"
 
 namespace orivanta::importer {
@@ -55,6 +57,15 @@ class WritePackage : public testing::Test {
 };
 
 }  // namespace
+
+TEST(PackageNumbers, AreTheShortestThatAreReadAsTheSame) {
+  for (const double value : {0.0, -0.5, 1.0, 12.34, -0.0001, 0.00012, 100.1, 99999.9999, 1.0 / 3.0,
+                             1e9, 123456789012.5, 1e300, 5e-324, 0.1 + 0.2}) {
+    std::string text;
+    package::appendNumber(text, value);
+    EXPECT_EQ(text, fmt::format("{}", value));
+  }
+}
 
 TEST_F(WritePackage, RecordsReferToEachOther) {
   const Building building = imported();
