@@ -46,7 +46,7 @@ bool beginsNearly(const CodePoints& typed, std::string_view word, std::size_t mi
     letters[count] = takeCodePoint(word);
   const std::size_t columns = count + 1;
   if (columns + mistakes < typed.size() + 1) return false;
-  Row rows[3];
+  std::array<Row, 3> rows{};
   Row* beforeLast = &rows[0];
   Row* last = &rows[1];
   Row* row = &rows[2];
@@ -151,7 +151,9 @@ SearchableText::SearchableText(std::string searchForm)
     : form(std::move(searchForm)), letters(lettersOf(form)) {}
 
 TypedWord::TypedWord(std::string_view word) {
-  for (std::string& each : spellingsOf(word)) spellings_.push_back(spellingOf(std::move(each)));
+  auto spellings = spellingsOf(word);
+  spellings_.reserve(spellings.size());
+  for (std::string& each : spellings) spellings_.push_back(spellingOf(std::move(each)));
 }
 
 TypedWord::Spelling TypedWord::spellingOf(std::string text) {

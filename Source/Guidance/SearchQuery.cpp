@@ -42,6 +42,7 @@ SearchQuery::SearchQuery(std::string_view typed, const std::vector<IndexedCatego
   for (const std::string_view word : wordsOfForm(forms_.front()))
     if (words.size() < mostTyped && std::find(words.begin(), words.end(), word) == words.end())
       words.push_back(word);
+  compacts_.reserve(forms_.size());
   for (const std::string& form : forms_) {
     std::string compact = withoutSpaces(form);
     const bool isLong = compact.size() >= leastLongBytes;
