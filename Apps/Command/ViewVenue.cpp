@@ -20,6 +20,7 @@
 #include "Platform/Foundation/Screen.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Source/UI/MapDownloader.hpp"
+#include "Source/UI/Style/MapTheme.hpp"
 
 namespace orivanta::command {
 
@@ -70,6 +71,7 @@ ExitCode viewVenue(const ViewVenueOptions& options) {
   viewerOptions.look.hasHighContrast = options.highContrast;
   viewerOptions.isOffline = options.connection.offline;
   viewerOptions.theme = readTheme(options.style);
+  viewerOptions.look.isDark = viewerOptions.theme && viewerOptions.theme->isDark;
   std::unique_ptr<server::VenueServer> demo;
   std::optional<DemoFiles> demoFiles;
   if (options.demoVenue && !options.connection.offline && !isEndpointGiven(options.connection)) {

@@ -51,6 +51,8 @@ std::string_view shortcutOf(const SDL_Keysym& key, bool hasSlashKey) {
       return "f";
     case 'i':
       return "i";
+    case 'l':
+      return "l";
     case 's':
       return "s";
     case 't':

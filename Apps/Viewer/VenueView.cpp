@@ -108,6 +108,12 @@ void VenueView::arrangeHint() {
   hint_->setFrame({{std::round(middle - size.width / 2), edges.top + margin}, size});
 }
 
+std::vector<view::View*> VenueView::inReadingOrder() const {
+  auto order = panels_.inReadingOrder();
+  if (!hint_->isHidden() && panels_.help->isHidden()) order.push_back(hint_.get());
+  return order;
+}
+
 // --- Time
 
 bool VenueView::isMoving() const {

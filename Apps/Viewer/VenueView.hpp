@@ -99,6 +99,10 @@ class VenueView : public view::View, public MapViewDelegate {
   MapView& mapView() { return *mapView_; }
   MapCamera& camera() const { return mapView_->camera(); }
   const VenuePanels& panels() const { return panels_; }
+
+  /// Returns what the keyboard reaches, in this order.
+  std::vector<view::View*> inReadingOrder() const;
+
   const RouteSession& session() const { return session_; }
   RouteSession& session() { return session_; }
   const std::shared_ptr<Venue>& venue() const { return venue_; }

@@ -45,6 +45,8 @@ bool VenueView::carryOut(std::string_view key) {
     camera().zoomBy(1 / zoomStep, middle, CameraMotion::glide);
   else if (key == "f" || key == "F")
     camera().fit(CameraMotion::glide);
+  else if (key == "l" || key == "L")
+    style_->setStacked(!style_->isStacked());
   else if (key == "i" || key == "I")
     toggleAttribution();
   else if (key == "w" || key == "W")

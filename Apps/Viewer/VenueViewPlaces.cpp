@@ -96,8 +96,9 @@ void VenueView::select(const std::shared_ptr<Location>& place) {
   if (place) lookAt(*place);
 }
 
-// Frames a place if it is on the current floor.
+// Frames a place if it is on the current floor. Stacked floors are first laid flat.
 void VenueView::lookAt(const Location& place) {
+  if (style_->isStacked()) return style_->setStacked(false);
   const auto& floor = mapView_->currentMap();
   if (camera().isReady() && floor && isOnFloor(place, *floor))
     camera().frame({mapView_->findPosition3D(place)}, aroundPlace, CameraMotion::glide);

@@ -59,7 +59,7 @@ Focus::Areas Viewer::focusAreas() const {
   if (!message_->isHidden()) return {message_.get()};
   if (!venueList_->isHidden()) return {venueList_.get()};
   if (!veil_->isHidden()) return {veil_.get()};
-  Focus::Areas areas = venueView_ ? venueView_->panels().inReadingOrder() : Focus::Areas();
+  Focus::Areas areas = venueView_ ? venueView_->inReadingOrder() : Focus::Areas();
   if (!connectionNote_->isHidden()) areas.push_back(connectionNote_.get());
   return areas;
 }

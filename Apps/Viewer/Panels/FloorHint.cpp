@@ -14,7 +14,7 @@ FloorHint::FloorHint(const guidance::InterfaceTexts& texts)
 graphics::Size FloorHint::show(const Map& floor) {
   button_->setText(
       texts_.text("interface.place.elsewhere", {{"floor", texts_.name(floorName(floor))}}));
-  const graphics::Size size{button_->fittingWidth(), theme::controlSize};
+  const graphics::Size size{button_->fittingWidth(), theme::control()};
   button_->setFrame({{0, 0}, size});
   return size;
 }

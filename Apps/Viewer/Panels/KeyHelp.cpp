@@ -25,6 +25,7 @@ constexpr std::array meanings{
     Meaning{"interface.help.fingers.keys", "interface.help.fingers"},
     Meaning{"interface.help.floor.keys", "interface.help.floor"},
     Meaning{"F", "interface.help.fit"},
+    Meaning{"L", "interface.help.stack"},
     Meaning{"interface.help.search.keys", "interface.help.search"},
     Meaning{"interface.help.tab.keys", "interface.help.tab"},
     Meaning{"interface.help.list.keys", "interface.help.list"},

@@ -46,8 +46,12 @@ class ViewerStage {
                        bool walksAtOnce = false,
                        std::shared_ptr<const MapTheme> theme = MapTheme::light())
       : size(shownSize),
-        viewer({settingsFor(endpoint), std::move(slug), language, [] { return noon; }, walksAtOnce,
-                std::move(theme)}) {
+        viewer({.settings = settingsFor(endpoint),
+                .slug = std::move(slug),
+                .languages = language,
+                .clock = [] { return noon; },
+                .walksAtOnce = walksAtOnce,
+                .theme = std::move(theme)}) {
     viewer.resize(size, 1);
   }
 
