@@ -27,7 +27,8 @@ graphics::Size ConnectionNote::arrange(graphics::Size room) {
   retry_->setHidden(!retried);
   const double button = retried ? retry_->fittingWidth() : padding;
   const double most = room.width - 2 * theme::margin - padding - button;
-  const graphics::Size text = text_->fitting(std::clamp(most, 80.0, theme::withText(mostTextWidth)));
+  const graphics::Size text =
+      text_->fitting(std::clamp(most, 80.0, theme::withText(mostTextWidth)));
   const double height = std::max<double>(text.height, theme::controlSize) + 2 * edge;
   text_->setFrame({{padding, (height - text.height) / 2}, text});
   retry_->setFrame(

@@ -12,8 +12,9 @@ struct Sign {
   const char* sign;
   const char* key;
 };
-constexpr std::array signs{Sign{"+", "+"},  Sign{"\u2212", "-"}, Sign{"\u26F6", "f"}, Sign{"\u2261", "l"},
-                           Sign{"Aa", "t"}, Sign{"\u25D0", "c"}, Sign{"?", "?"}};
+constexpr std::array signs{Sign{"+", "+"},      Sign{"\u2212", "-"}, Sign{"\u26F6", "f"},
+                           Sign{"\u2261", "l"}, Sign{"Aa", "t"},     Sign{"\u25D0", "c"},
+                           Sign{"?", "?"}};
 constexpr std::size_t fewest = 3;  // the last ones
 constexpr double inset = 4;        // points
 constexpr double signSize = 19;

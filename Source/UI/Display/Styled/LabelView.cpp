@@ -222,8 +222,8 @@ void LabelView::place(const FloorProjection& projection, double time, double sca
   isNew_ = false;
 }
 
-// The label of the selected place is hidden while the pin is there. The ends of a route have pins of
-// their own.
+// The label of the selected place is hidden while the pin is there. The ends of a route have pins
+// of their own.
 void LabelView::placeSelected(const FloorProjection& projection, std::span<const Rect> panels,
                               double scale) {
   selectedMark_.hide();

@@ -22,7 +22,7 @@ namespace {
 
 constexpr float width = 3.0F;  // points
 constexpr float casingWidth = 1.5F;
-constexpr float hiddenAlpha = 1.0F;  // blocks do not hide it
+constexpr float hiddenAlpha = 1.0F;        // blocks do not hide it
 constexpr double usualUnitsPerMeter = 10;  // if the venue does not state its scale
 
 scene::RibbonLook lookIn(const MapTheme& theme) {

@@ -22,7 +22,7 @@ namespace {
 
 class MapStyleTest : public testing::Test {
  protected:
-  MapStyleTest() { style->setReducedMotion(true); }  // floors change at once
+  MapStyleTest() { style->setReducedMotion(true); }      // floors change at once
   ~MapStyleTest() override { surface_->makeCurrent(); }  // for the renderer's destructor
 
   // 800 x 800 pixels.
