@@ -88,7 +88,7 @@ std::string comparable(std::string_view sign) {
   return text;
 }
 
-std::string generatedName(const Words& words, const Storey& storey) {
+std::string generatedStoreyName(const Words& words, const Storey& storey) {
   Texts texts = textsOf(words, storey.ordinal);
   const std::string sign = comparable(storey.shortName);
   if (sign.empty() || sign == comparable(texts.shortName) ||
@@ -107,11 +107,11 @@ void nameStorey(Storey& storey, const std::string& language,
   if (names.name.empty() && !names.byLanguage.empty())
     names.name = names.byLanguage.begin()->second;
   if (names.name.empty()) {
-    names.name = generatedName(*words, storey);
+    names.name = generatedStoreyName(*words, storey);
     names.generated = true;
     for (const std::string& other : languages)
       if (const Words* others = wordsOf(other))
-        names.byLanguage.emplace(other, generatedName(*others, storey));
+        names.byLanguage.emplace(other, generatedStoreyName(*others, storey));
   }
   if (storey.shortName.empty()) storey.shortName = textsOf(*words, storey.ordinal).shortName;
 }

@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #include "Platform/Graphics/ImageFile.hpp"
-#include "Source/UI/Display/MarkColors.hpp"
+#include "Source/UI/Style/MapTheme.hpp"
 #include "Tests/Apps/Command/Program.hpp"
 #include "Tests/Apps/Viewer/ViewerStage.hpp"
 #include "Tests/Support/TemporaryFolder.hpp"
@@ -111,7 +111,7 @@ bool showsMap(const graphics::Image& image) {
   return countPixels(image, viewer::theme::backdrop) < 700'000;
 }
 bool showsSelection(const graphics::Image& image) {
-  return countPixels(image, markColors::place) > 50;
+  return countPixels(image, MapTheme::light()->colors.pin) > 50;
 }
 
 }  // namespace

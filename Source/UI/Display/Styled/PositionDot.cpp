@@ -15,7 +15,7 @@ using graphics::Color;
 using graphics::DrawingPart;
 
 // Lengths in points.
-constexpr double dotSide = 22;
+constexpr double dotWidth = 22;
 constexpr double coneSide = 72;
 constexpr double discImageSide = 256;
 
@@ -54,7 +54,7 @@ void PositionDot::drawImages(const MapTheme& theme, double scale) {
   const auto image = [&](std::initializer_list<DrawingPart> parts, double points) {
     return graphics::makeDrawingImage({parts.begin(), parts.size()}, unitsOfDrawing, points, scale);
   };
-  dot_ = image({{ring, theme.colors.iconSymbol}, {dot, blue}}, dotSide);
+  dot_ = image({{ring, theme.colors.iconSymbol}, {dot, blue}}, dotWidth);
   const Color light = theme.isDark ? theme.colors.route : blue;
   cone_ = image({{cone, faded(light, coneAlpha)}}, coneSide);
   disc_ = image({{disc, faded(light, discAlpha)}}, discImageSide);
@@ -71,10 +71,10 @@ void PositionDot::draw(view::Canvas& canvas, const MapView& view, const MapPosit
   const graphics::Point middle = view.findPositionCameraViewport(place);
   const double width =
       2 * position.accuracyMeters * unitsPerMeter / (view.camera().lens().slopePerPoint() * depth);
-  if (width > dotSide) canvas.draw(disc_, around(middle, width, width * std::cos(pose.tilt)));
+  if (width > dotWidth) canvas.draw(disc_, around(middle, width, width * std::cos(pose.tilt)));
   if (position.heading)
     canvas.draw(cone_, around(middle, coneSide, coneSide), 1, turnInView(*position.heading, pose));
-  canvas.draw(dot_, around(middle, dotSide, dotSide));
+  canvas.draw(dot_, around(middle, dotWidth, dotWidth));
 }
 
 }  // namespace orivanta
