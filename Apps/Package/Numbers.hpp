@@ -16,7 +16,8 @@ inline void appendNumber(std::string& text, double value) {
   constexpr std::uint64_t steps = 10'000;
   constexpr double largest = 1e9;
   const double scaled = std::abs(value) * steps;
-  const auto whole = scaled < largest * steps ? static_cast<std::uint64_t>(scaled + 0.5) : 0;
+  const auto whole =
+      scaled < largest * steps ? static_cast<std::uint64_t>(std::floor(scaled + 0.5)) : 0;
   if (whole == 0 || static_cast<double>(whole) / steps != std::abs(value)) {
     fmt::format_to(std::back_inserter(text), FMT_COMPILE("{}"), value);
     return;

@@ -36,7 +36,10 @@ ORIVANTA_API std::optional<PixelSize> readImageSize(const std::filesystem::path&
 
 /// How much time encoding may take for small files. `low` suits drawings of few colors, whose files
 /// become hardly larger.
-enum class PngEffort { low, usual };
+enum class PngEffort {
+  low,   ///< encodes a few times faster
+  usual  ///< the default of libpng
+};
 
 /// Encodes an image as PNG: as RGB if it is opaque, otherwise as RGBA. Any thread.
 ORIVANTA_API std::vector<std::uint8_t> encodePng(const Image& image,

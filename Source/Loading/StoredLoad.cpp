@@ -40,7 +40,7 @@ void StoredLoad::start(const WebApiSession& session, std::string_view slug, Use 
 
 bool StoredLoad::readVenue(bool accessible, const PublishStored& publish,
                            const std::function<void(std::string_view collection)>& progressed) {
-  const auto venue = answers_ ? Venue::make(answers_->venue()) : nullptr;
+  auto venue = answers_ ? Venue::make(answers_->venue()) : nullptr;
   if (!venue) return false;
   VenueLoad load(
       accessible,

@@ -184,9 +184,9 @@ void SearchPanel::choosePlace(const std::shared_ptr<Location>& place) {
 }
 
 void SearchPanel::chooseNearest(const NearestChoice& choice) {
-  const NearestChoice copy = choice;  // closing removes the original
+  NearestChoice copy = choice;  // closing removes the original
   close();
-  if (nearestChosen) nearestChosen(copy);
+  if (nearestChosen) nearestChosen(std::move(copy));
 }
 
 double SearchPanel::barHeight() { return std::max(leastBarHeight, theme::control() + 4); }

@@ -33,7 +33,7 @@ class SearchPanel : public Panel {
   std::function<void(const std::shared_ptr<Location>&, std::optional<RouteEnd> end)> chosen;
 
   /// Called when the user has chosen the nearest of several places.
-  std::function<void(const NearestChoice&)> nearestChosen;
+  std::function<void(NearestChoice)> nearestChosen;
 
   /// Returns the nearest places to offer.
   std::function<std::vector<NearestChoice>()> nearestOffered;

@@ -61,6 +61,7 @@ void SelectedMark::drawImages(const SelectedPlace& place, const MapTheme& theme,
   if (scale == scale_) return;
   scale_ = scale;
   std::vector<DrawingPart> parts;
+  parts.reserve(casing.size() + body.size());
   for (const std::string_view path : casing) parts.push_back({path, theme.colors.casing});
   for (const std::string_view path : body) parts.push_back({path, theme.colors.pin});
   pin_ = graphics::makeDrawingImage(parts, units, side, scale);

@@ -133,7 +133,7 @@ TEST_F(FloorStackTest, TapsNamePlaceAndFloorAndNamesLeadToTheirFloor) {
   style->tapped = [&](const MapTap& tap) { taps.push_back(tap); };
   style->setStacked(true);
   draw();
-  const auto& stack = view.sceneView->scene()->rootNode()->children().back();
+  const auto stack = view.sceneView->scene()->rootNode()->children().back();
   const float raised = stack->children().back()->position().z;
   ASSERT_GT(raised, 100);
   Fingers(shown.mapView).tap(1, view.findPositionCameraViewport({150, 150, raised + 2}), 1);
