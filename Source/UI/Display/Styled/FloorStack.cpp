@@ -50,15 +50,16 @@ double depthAlong(const std::vector<graphics::Vector3>& points, double turn) {
 }
 
 // Returns the turn nearest to another one at which the longer side of the floors is across the
-// view.
+// view. Among turns that are equally good but for rounding, the first one is taken.
 double broadestTurn(const std::vector<graphics::Vector3>& points, double former) {
   constexpr double pi = std::numbers::pi;
   constexpr int steps = 36;  // of half a turn
+  constexpr double betterShare = 0.999;
   double best = 0;
   double least = depthAlong(points, 0);
   for (int i = 1; i < steps; ++i) {
     const double depth = depthAlong(points, i * pi / steps);
-    if (depth >= least) continue;
+    if (depth > least * betterShare) continue;
     least = depth;
     best = i * pi / steps;
   }
