@@ -40,7 +40,8 @@ orivanta_shared_library(
   orivanta-ui
   view-library
   orivanta_graphics
-  orivanta_graphics_text
+  orivanta_graphics_pango
+  orivanta_graphics_png_jpeg
   orivanta_scene
   orivanta_scene_obj
   orivanta_sprite

@@ -1,11 +1,11 @@
-#include "Platform/Graphics/CaretLine.hpp"
+#include "Platform/Graphics/Pango/CaretLine.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 #include <vector>
 
-#include "Platform/Graphics/TextLayout.hpp"
+#include "Platform/Graphics/Pango/TextLayout.hpp"
 
 namespace orivanta::graphics {
 

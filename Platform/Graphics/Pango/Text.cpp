@@ -7,9 +7,9 @@
 #include <cstdint>
 #include <utility>
 
-#include "Platform/Graphics/CairoImage.hpp"
-#include "Platform/Graphics/TextLayout.hpp"
-#include "Platform/Graphics/TextUse.hpp"
+#include "Platform/Graphics/Pango/CairoImage.hpp"
+#include "Platform/Graphics/Pango/TextLayout.hpp"
+#include "Platform/Graphics/Pango/TextUse.hpp"
 
 namespace orivanta::graphics {
 

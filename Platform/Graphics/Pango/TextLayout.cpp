@@ -1,4 +1,4 @@
-#include "Platform/Graphics/TextLayout.hpp"
+#include "Platform/Graphics/Pango/TextLayout.hpp"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
-#include "Platform/Graphics/TextUse.hpp"
+#include "Platform/Graphics/Pango/TextUse.hpp"
 
 #include <cstdlib>
 #include <mutex>
 
-#include "Platform/Graphics/TextLayout.hpp"
+#include "Platform/Graphics/Pango/TextLayout.hpp"
 
 namespace orivanta::graphics {
 

@@ -1,4 +1,4 @@
-#include "Platform/Graphics/PngReader.hpp"
+#include "Platform/Graphics/PngJpeg/PngReader.hpp"
 
 #include <png.h>
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "Platform/Graphics/CairoImage.hpp"
+#include "Platform/Graphics/Pango/CairoImage.hpp"
 #include "Platform/Graphics/Text.hpp"
 
 namespace orivanta::graphics {

@@ -1,4 +1,4 @@
-#include "Platform/Graphics/JpegReader.hpp"
+#include "Platform/Graphics/PngJpeg/JpegReader.hpp"
 
 // jpeglib.h requires <cstdio> before it.
 #include <cstdio>

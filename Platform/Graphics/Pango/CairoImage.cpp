@@ -1,4 +1,4 @@
-#include "Platform/Graphics/CairoImage.hpp"
+#include "Platform/Graphics/Pango/CairoImage.hpp"
 
 #include <algorithm>
 #include <cstring>
