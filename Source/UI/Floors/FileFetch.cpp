@@ -3,13 +3,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <boost/asio/post.hpp>
 #include <exception>
 #include <system_error>
 #include <thread>
 #include <utility>
 
-#include "Platform/Foundation/BackgroundPool.hpp"
+#include "Platform/Foundation/Background.hpp"
 #include "Platform/Foundation/Files.hpp"
 
 namespace orivanta {
@@ -29,7 +28,7 @@ void FileFetch::start(std::vector<File> files, std::shared_ptr<HttpDownloader> d
     for (std::size_t i = 0; i < std::min(mostThreads, fetch->files_.size()); ++i)
       std::thread(work).detach();
   } catch (const std::system_error&) {  // no more threads can be created
-    boost::asio::post(foundation::backgroundPool(), work);
+    foundation::runInBackground(work);
   }
 }
 
