@@ -72,6 +72,17 @@ function(orivanta_library name)
   orivanta_compile_in_groups(${name} ${ARGN})
 endfunction()
 
+# orivanta_adapters(port NATIVE libraries... BROWSER libraries...): links the adapters of a port, which
+# define what its headers declare, for the platform that the build is for.
+function(orivanta_adapters port)
+  cmake_parse_arguments(PARSE_ARGV 1 adapters "" "" "NATIVE;BROWSER")
+  if(EMSCRIPTEN)
+    target_link_libraries(${port} PRIVATE ${adapters_BROWSER})
+  else()
+    target_link_libraries(${port} PRIVATE ${adapters_NATIVE})
+  endif()
+endfunction()
+
 # orivanta_compile_in_groups(name FILES...): in the builds for tests, compiles several files of a target at once,
 # which parses their common headers once. The other builds compile each file by itself: that is faster after
 # a change, and finds headers that a file fails to include. A local name that hides one of a header may be

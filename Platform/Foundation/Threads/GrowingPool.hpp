@@ -6,8 +6,6 @@
 #include <functional>
 #include <memory>
 
-#include "Platform/Foundation/Export.hpp"
-
 namespace orivanta::foundation {
 
 /// Runs tasks concurrently. While fewer than `mostThreads` threads exist, each task starts
@@ -17,7 +15,7 @@ namespace orivanta::foundation {
 ///
 /// Threads end after `idleTime` without a task. They are detached: tasks continue after the pool is
 /// destroyed. Thread-safe.
-class ORIVANTA_API GrowingPool {
+class GrowingPool {
  public:
   GrowingPool(std::size_t mostThreads, std::chrono::milliseconds idleTime);
 

@@ -1,4 +1,4 @@
-#include "Platform/Foundation/GrowingPool.hpp"
+#include "Platform/Foundation/Threads/GrowingPool.hpp"
 
 #include <gtest/gtest.h>
 

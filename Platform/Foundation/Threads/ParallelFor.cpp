@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <boost/asio/post.hpp>
 #include <condition_variable>
 #include <exception>
 #include <memory>
@@ -10,7 +9,7 @@
 #include <new>
 #include <thread>
 
-#include "Platform/Foundation/BackgroundPool.hpp"
+#include "Platform/Foundation/Background.hpp"
 
 namespace orivanta::foundation {
 
@@ -67,7 +66,7 @@ void parallelFor(std::size_t count, const std::function<void(std::size_t)>& body
   const std::size_t rows = (count - 1) / inARow + 1;
   try {
     for (std::size_t helper = 1; helper < std::min(processors, rows); ++helper)
-      boost::asio::post(backgroundPool(), [work] { work->takePieces(); });
+      runInBackground([work] { work->takePieces(); });
   } catch (const std::bad_alloc&) {
     // The calling thread runs the pieces that no helper takes.
   }
