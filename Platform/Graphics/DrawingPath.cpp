@@ -8,6 +8,8 @@
 #include <system_error>
 #include <utility>
 
+#include "Platform/Graphics/Image.hpp"
+
 namespace orivanta::graphics {
 
 namespace {
@@ -98,6 +100,14 @@ std::optional<std::vector<DrawingStep>> readDrawingPath(std::string_view path) {
   PathReader reader(path);
   if (!reader.read()) return std::nullopt;
   return reader.takeSteps();
+}
+
+std::optional<std::uint32_t> drawingSide(double units, double points, double scale) {
+  const double pixels = std::ceil(points * scale - 1e-9);
+  if (!(units > 0.0) || !(scale > 0.0) || !(pixels >= 1.0) || pixels > Image::maximumSide)
+    return std::nullopt;
+  const auto side = static_cast<std::uint32_t>(pixels);
+  return Image::allows(side, side) ? std::optional(side) : std::nullopt;
 }
 
 }  // namespace orivanta::graphics

@@ -1,7 +1,8 @@
-// The paths of drawings, read from text.
+// The paths of drawings, read from text, and the sizes of their images.
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -27,5 +28,9 @@ struct DrawingStep {
 /// Reads a path in the syntax of `DrawingPart::path`. Returns nothing if it is not valid. Any
 /// thread.
 std::optional<std::vector<DrawingStep>> readDrawingPath(std::string_view path);
+
+/// Returns the width and the height in pixels of the image that `makeDrawingImage` makes with these
+/// arguments. Returns nothing if there can be no such image.
+std::optional<std::uint32_t> drawingSide(double units, double points, double scale);
 
 }  // namespace orivanta::graphics

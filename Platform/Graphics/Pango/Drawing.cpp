@@ -2,7 +2,6 @@
 
 #include <cairo.h>
 
-#include <cmath>
 #include <cstdint>
 
 #include "Platform/Graphics/DrawingPath.hpp"
@@ -50,16 +49,13 @@ bool draw(const DrawingPart& part, cairo_t* context) {
 
 std::shared_ptr<const Image> makeDrawingImage(std::span<const DrawingPart> parts, double units,
                                               double points, double scale) {
-  const double pixels = std::ceil(points * scale - 1e-9);
-  if (!(units > 0.0) || !(scale > 0.0) || !(pixels >= 1.0) || pixels > Image::maximumSide)
-    return nullptr;
-  const auto side = static_cast<std::uint32_t>(pixels);
-  if (!Image::allows(side, side)) return nullptr;
-  const auto length = static_cast<int>(side);
+  const auto side = drawingSide(units, points, scale);
+  if (!side) return nullptr;
+  const auto length = static_cast<int>(*side);
   const std::unique_ptr<cairo_surface_t, ReleaseCairo> surface(
       cairo_image_surface_create(CAIRO_FORMAT_ARGB32, length, length));
   const std::unique_ptr<cairo_t, ReleaseCairo> context(cairo_create(surface.get()));
-  cairo_translate(context.get(), pixels / 2, pixels / 2);
+  cairo_translate(context.get(), length / 2.0, length / 2.0);
   cairo_scale(context.get(), points * scale / units, points * scale / units);
   cairo_set_line_cap(context.get(), CAIRO_LINE_CAP_ROUND);
   cairo_set_line_join(context.get(), CAIRO_LINE_JOIN_ROUND);
@@ -69,7 +65,7 @@ std::shared_ptr<const Image> makeDrawingImage(std::span<const DrawingPart> parts
     if (!draw(part, context.get())) return nullptr;
   cairo_surface_flush(surface.get());
   if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return nullptr;
-  return Image::make(side, side, CairoPixels(surface.get()).straightRgba(0, 0, length, length),
+  return Image::make(*side, *side, CairoPixels(surface.get()).straightRgba(0, 0, length, length),
                      scale);
 }
 

@@ -10,13 +10,11 @@
 #include "Platform/Graphics/Pango/CairoImage.hpp"
 #include "Platform/Graphics/Pango/TextLayout.hpp"
 #include "Platform/Graphics/Pango/TextUse.hpp"
+#include "Platform/Graphics/TextLimits.hpp"
 
 namespace orivanta::graphics {
 
 namespace {
-
-// At this scale, every length fits into Pango's units.
-constexpr double smallestScale = 1.0 / 64;
 
 void useColor(cairo_t* context, const Color& color) {
   cairo_set_source_rgba(context, color.red, color.green, color.blue, color.alpha);
@@ -116,19 +114,12 @@ Frame inkOf(const CairoPixels& pixels, const Frame& frame) {
   return {left, top, right - left, bottom - top};
 }
 
-bool canBeDrawn(const TextStyle& style, double scale) {
-  const double largest = Image::maximumSide;
-  return scale >= smallestScale && scale <= largest && style.fontSize > 0.0 &&
-         style.fontSize * scale <= largest && style.outlineWidth >= 0.0 &&
-         style.outlineWidth * scale <= largest / 4 && !std::isnan(style.maximumWidth);
-}
-
 }  // namespace
 
 std::shared_ptr<const Image> makeTextImage(std::string_view text, const TextStyle& style,
                                            double scale) {
   const TextUse use;
-  if (!use || !canBeDrawn(style, scale)) return nullptr;
+  if (!use || !canDrawText(style, scale)) return nullptr;
   const TextDrawing drawing(presentable(text), style, scale);
   Frame frame = drawing.roughFrame();
   if (style.wholeLines && frame.width > 0) frame = withLines(frame, drawing.linesHeight());
@@ -151,7 +142,7 @@ std::shared_ptr<const Image> makeTextImage(std::string_view text, const TextStyl
 
 Size measureText(std::string_view text, const TextStyle& style) {
   const TextUse use;
-  if (!use || !canBeDrawn(style, 1.0)) return {};
+  if (!use || !canDrawText(style, 1.0)) return {};
   const Owned<PangoContext> context(
       pango_font_map_create_context(pango_cairo_font_map_get_default()));
   const Owned<PangoLayout> layout(pango_layout_new(context.get()));

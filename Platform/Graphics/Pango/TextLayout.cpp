@@ -2,13 +2,11 @@
 
 #include <algorithm>
 
+#include "Platform/Graphics/TextLimits.hpp"
+
 namespace orivanta::graphics {
 
 namespace {
-
-constexpr std::size_t mostTextBytes = 10'000;
-
-bool isContinuationByte(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80; }
 
 // Pango limits the lines of each paragraph separately.
 void limitLines(PangoLayout& layout, std::string text, int most) {
@@ -24,11 +22,7 @@ void limitLines(PangoLayout& layout, std::string text, int most) {
 
 std::string presentable(std::string_view text) {
   if (text.empty()) return {};
-  if (text.size() > mostTextBytes) {
-    std::size_t end = mostTextBytes;
-    while (end > mostTextBytes - 4 && isContinuationByte(text[end])) --end;
-    text = text.substr(0, end);
-  }
+  text = truncatedText(text);
   const Owned<char> valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
   std::string result;
   for (const char* at = valid.get(); *at != '\0';) {
