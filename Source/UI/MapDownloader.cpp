@@ -60,9 +60,7 @@ std::string describe(const network::HttpUrlResponse& response) {
 
 void finish(network::UrlResult result, const std::string& path,
             const HttpDownloader::Completion& completion) {
-  if (result)
-    if (auto decoded = network::decodeBody(*result); !decoded)
-      result = foundation::failure(decoded.error());
+  result = network::decoded(std::move(result));
   if (!result) {
     diagnostic(fmt::format("Failure: {}", result.error().description));
     return completion(path, result.error());

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <exception>
-#include <new>
 #include <string_view>
 #include <utility>
 
@@ -40,16 +39,6 @@ bool isPassing(const UrlResult& result) {
   if (!result) return true;
   const int status = result->response.statusCode;
   return status < 300 || status == 408 || status == 429 || status >= 500;
-}
-
-UrlResult decoded(UrlResult result) {
-  if (!result) return result;
-  try {
-    if (auto done = network::decodeBody(*result); !done) return foundation::failure(done.error());
-  } catch (const std::bad_alloc& failure) {
-    return foundation::failure(foundation::memoryError(failure));
-  }
-  return result;
 }
 
 }  // namespace
@@ -104,7 +93,7 @@ void FileRequest::receive() {
 }
 
 FileRequest::Outcome FileRequest::outcomeOf(UrlResult result) const {
-  result = decoded(std::move(result));
+  result = network::decoded(std::move(result));
   const std::string path = kept_->path().string();
   if (condition_ && !condition_->empty() && result && result->response.statusCode == 304) {
     foundation::diagnostic(fmt::format("file has not changed [{}]", path));

@@ -1,4 +1,4 @@
-#include "Platform/Network/Inflate.hpp"
+#include "Platform/Network/Curl/Inflate.hpp"
 
 #include <zlib.h>
 
