@@ -34,7 +34,7 @@ target_link_libraries(
   orivanta
   PUBLIC tl::expected tsl::ordered_map
   PRIVATE Boost::json CURL::libcurl PkgConfig::plist PkgConfig::utf8proc Threads::Threads ZLIB::ZLIB
-          fmt::fmt uriparser::uriparser)
+          fmt::fmt)
 add_library(orivanta::orivanta ALIAS orivanta)
 
 orivanta_shared_library(
