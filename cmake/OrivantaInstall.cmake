@@ -28,7 +28,14 @@ function(orivanta_shared_library name component)
 endfunction()
 
 orivanta_shared_library(
-  orivanta library orivanta_foundation orivanta_foundation_threads orivanta_network orivanta_network_curl
+  orivanta
+  library
+  orivanta_foundation
+  orivanta_foundation_linux
+  orivanta_foundation_plist
+  orivanta_foundation_threads
+  orivanta_network
+  orivanta_network_curl
   orivanta_source)
 target_link_libraries(
   orivanta

@@ -5,7 +5,7 @@
 set(headers ${PROJECT_BINARY_DIR}/headers)
 file(MAKE_DIRECTORY ${headers})
 # The compiler must not see the host's C library, so its include path has links to single libraries.
-foreach(name plist boost fast_float fmt glm stb tl tsl utf8proc.h xxhash.h)
+foreach(name boost fast_float fmt glm stb tl tsl utf8proc.h xxhash.h)
   if(NOT EXISTS /usr/include/${name})
     message(FATAL_ERROR "/usr/include/${name} is missing: run Scripts/setup and Scripts/setup-web.")
   endif()
@@ -40,4 +40,3 @@ target_compile_definitions(orivanta_asio INTERFACE BOOST_ASIO_NO_DEPRECATED BOOS
 # The functions of utf8proc that the project uses.
 add_subdirectory(Platform/Unicode)
 add_library(PkgConfig::utf8proc ALIAS orivanta_unicode)
-orivanta_headers_of(PkgConfig::plist)

@@ -1,4 +1,4 @@
-#include "Platform/Foundation/BinaryPropertyList.hpp"
+#include "Platform/Foundation/Plist/BinaryPropertyList.hpp"
 
 #include <gtest/gtest.h>
 #include <plist/plist.h>

@@ -7,8 +7,8 @@
 #include <memory>
 #include <string_view>
 
-#include "Platform/Foundation/BinaryPropertyList.hpp"
 #include "Platform/Foundation/Files.hpp"
+#include "Platform/Foundation/Plist/BinaryPropertyList.hpp"
 
 namespace orivanta::foundation {
 
