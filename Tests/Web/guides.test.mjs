@@ -65,9 +65,10 @@ test("records, search and errors", async (context) => {
   assert.equal(venue.search("TOILETTE")[0].kind, "toilet");
   assert.deepEqual(venue.search("xyzzyx"), []);
 
-  const guidance = venue.guide({ from: kestrel, to: venue.placeNamed("popcorn-nebula"), alternatives: 2 });
+  const nebula = venue.placeNamed("popcorn-nebula");
+  const guidance = venue.guide({ from: kestrel, to: nebula, alternatives: 2 });
   assert.equal(guidance.steps[0].floor.shortName, "G");
-  assert.equal(guidance.nodes.at(-1), guidance.steps.at(-1).node ?? guidance.nodes.at(-1));
+  assert.ok(nebula.nodes.includes(guidance.nodes.at(-1)));
   assert.throws(() => venue.guide({ from: "no such place", to: kestrel }), { kind: "notFound" });
   assert.throws(() => venue.guide({ from: kestrel, to: kestrel, alternatives: "many" }), { kind: "invalid" });
   assert.equal(venue.guide({ from: kestrel, to: kestrel, closed: [kestrel.id] }).problem?.kind, "closed");
