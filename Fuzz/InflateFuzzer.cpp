@@ -1,6 +1,6 @@
 // Decompresses the input with a limit.
 #include "Fuzz/Fuzzer.hpp"
-#include "Platform/Network/Inflate.hpp"
+#include "Platform/Network/Curl/Inflate.hpp"
 
 namespace orivanta::network {
 namespace {

@@ -194,7 +194,8 @@ void FolderStorage::list(std::function<void(std::vector<Listed>)> done) {
     const auto size = fs::file_size(file, unknown);
     const auto times = timesOf(file);
     if (unknown || !times) continue;
-    found.push_back({{name.substr(0, name.size() - ending.size()), size, times->usedAt},
+    found.push_back({{name.substr(0, name.size() - ending.size()), static_cast<std::size_t>(size),
+                      times->usedAt},
                      foldersIn(file).value_or(std::vector<std::string>())});
   }
   std::sort(found.begin(), found.end(), [](const Found& left, const Found& right) {

@@ -28,19 +28,28 @@ function(orivanta_shared_library name component)
 endfunction()
 
 orivanta_shared_library(
-  orivanta library orivanta_foundation orivanta_network orivanta_network_curl orivanta_source)
+  orivanta
+  library
+  orivanta_foundation
+  orivanta_foundation_linux
+  orivanta_foundation_plist
+  orivanta_foundation_threads
+  orivanta_network
+  orivanta_network_curl
+  orivanta_source)
 target_link_libraries(
   orivanta
   PUBLIC tl::expected tsl::ordered_map
   PRIVATE Boost::json CURL::libcurl PkgConfig::plist PkgConfig::utf8proc Threads::Threads ZLIB::ZLIB
-          fmt::fmt uriparser::uriparser)
+          fmt::fmt)
 add_library(orivanta::orivanta ALIAS orivanta)
 
 orivanta_shared_library(
   orivanta-ui
   view-library
   orivanta_graphics
-  orivanta_graphics_text
+  orivanta_graphics_pango
+  orivanta_graphics_png_jpeg
   orivanta_scene
   orivanta_scene_obj
   orivanta_sprite

@@ -3,7 +3,9 @@
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
-set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+if(NOT EMSCRIPTEN)
+  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+endif()
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
@@ -72,6 +74,17 @@ function(orivanta_library name)
   orivanta_compile_in_groups(${name} ${ARGN})
 endfunction()
 
+# orivanta_adapters(port NATIVE libraries... BROWSER libraries...): links the adapters of a port, which
+# define what its headers declare, for the platform that the build is for.
+function(orivanta_adapters port)
+  cmake_parse_arguments(PARSE_ARGV 1 adapters "" "" "NATIVE;BROWSER")
+  if(EMSCRIPTEN)
+    target_link_libraries(${port} PRIVATE ${adapters_BROWSER})
+  else()
+    target_link_libraries(${port} PRIVATE ${adapters_NATIVE})
+  endif()
+endfunction()
+
 # orivanta_compile_in_groups(name FILES...): in the builds for tests, compiles several files of a target at once,
 # which parses their common headers once. The other builds compile each file by itself: that is faster after
 # a change, and finds headers that a file fails to include. A local name that hides one of a header may be
@@ -103,6 +116,12 @@ function(orivanta_compile_in_groups name)
 endfunction()
 
 function(orivanta_warnings name)
+  if(EMSCRIPTEN)
+    # The native compilers check the same files more strictly. -Wconversion would complain about the
+    # numbers of 64 bits in files and answers, since here std::size_t has 32 bits.
+    target_compile_options(${name} PRIVATE -Wall -Wextra)
+    return()
+  endif()
   target_compile_options(${name} PRIVATE -Wall -Wextra -Wconversion -Wshadow -Werror)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 reports impossible overlaps inside std::string's operator+ (GCC bug 105651).

@@ -1,10 +1,10 @@
 #include "Apps/Planning/PlanQuery.hpp"
 
+#include <fast_float/fast_float.h>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <unordered_set>
 #include <utility>
@@ -51,7 +51,7 @@ std::string ambiguity(const std::string& text,
 
 std::optional<double> number(std::string_view text) {
   double value = 0.0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  const auto [end, error] = fast_float::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
     return std::nullopt;
   return value;

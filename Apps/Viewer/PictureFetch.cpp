@@ -12,7 +12,6 @@
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Platform/Foundation/SerialQueue.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
-#include "Platform/Network/AwaitedRequests.hpp"
 #include "Source/ImageCollection.hpp"
 #include "Source/Location.hpp"
 #include "Source/Venue.hpp"
@@ -22,7 +21,6 @@ namespace orivanta::viewer {
 namespace {
 
 constexpr std::int64_t pictureSize = 320;
-constexpr std::size_t mostBytes = std::size_t{192} << 20U;  // while a picture is fetched
 
 // More than a card needs on any screen.
 constexpr std::uint64_t mostPixels = std::uint64_t{2048} * 2048;
@@ -39,20 +37,45 @@ const foundation::Url* pictureOf(const Location& place) {
   return pictures ? &(*pictures)[pictureSize] : nullptr;
 }
 
-// Blocks. Returns null if the picture cannot be fetched or read.
-std::shared_ptr<const graphics::Image> fetchPicture(HttpDownloader& downloader,
-                                                    const foundation::Url& url,
-                                                    const std::string& folder,
-                                                    const network::AwaitedRequests& requests) try {
-  if (!foundation::cachesDirectory()) return nullptr;
-  const auto file = downloader.fetchFile(url, folder, requests);
-  if (!file) return nullptr;
-  auto picture = graphics::readImage(file->path, 1.0, mostPixels);
-  if (!picture) HttpDownloader::forgetFile(file->path);
+// Blocks. Returns null if the picture cannot be read.
+std::shared_ptr<const graphics::Image> readPicture(const std::string& path) try {
+  auto picture = graphics::readImage(path, 1.0, mostPixels);
+  if (!picture) HttpDownloader::forgetFile(path);
   return picture;
 } catch (const std::exception&) {
   return nullptr;  // out of memory
 }
+
+// Fetches pictures one after the other. Looking for a cached picture takes a while, so it takes
+// place on a queue.
+class PictureCaching : public std::enable_shared_from_this<PictureCaching> {
+ public:
+  PictureCaching(std::map<std::string, foundation::Url> urls,
+                 std::shared_ptr<HttpDownloader> downloader,
+                 foundation::CancellationToken cancellation)
+      : waiting_(std::move(urls)),
+        downloader_(std::move(downloader)),
+        cancellation_(std::move(cancellation)) {}
+
+  void proceed() {
+    queue_->async([self = shared_from_this()] { self->fetchNext(); });
+  }
+
+ private:
+  void fetchNext() {
+    while (!waiting_.empty() && !cancellation_.isCanceled()) {
+      const auto next = waiting_.extract(waiting_.begin());
+      if (HttpDownloader::isCached(next.mapped(), next.key())) continue;
+      return downloader_->fetchFile(next.mapped(), next.key(), cancellation_,
+                                    [self = shared_from_this()](const auto&) { self->proceed(); });
+    }
+  }
+
+  const std::shared_ptr<foundation::SerialQueue> queue_ = foundation::SerialQueue::make();
+  std::map<std::string, foundation::Url> waiting_;  // by folder; used on the queue
+  const std::shared_ptr<HttpDownloader> downloader_;
+  const foundation::CancellationToken cancellation_;
+};
 
 }  // namespace
 
@@ -64,39 +87,24 @@ void PictureFetch::cacheAll(const Venue& venue, std::shared_ptr<HttpDownloader> 
       if (const auto* url = pictureOf(*place); url && url->lastPathComponent())
         urls.try_emplace(folderFor(*url, venue.slug.value_or("")), *url);
   if (urls.empty()) return;
-  network::TransferOptions options{network::strictRules(), downloader->transport, cancellation};
-  foundation::SerialQueue::make()->async(
-      [downloader = std::move(downloader), urls = std::move(urls), options = std::move(options)] {
-        for (const auto& [folder, url] : urls) {
-          if (options.cancellation.isCanceled()) return;
-          if (HttpDownloader::isCached(url, folder)) continue;
-          try {
-            downloader->fetchFile(url, folder, network::AwaitedRequests(options, mostBytes));
-          } catch (const std::exception&) {  // out of memory
-          }
-        }
-      });
+  std::make_shared<PictureCaching>(std::move(urls), std::move(downloader), cancellation)->proceed();
 }
 
 void PictureFetch::start(const Location& place, const std::string& slug,
-                         std::shared_ptr<HttpDownloader> downloader, Arrived arrived) {
+                         const std::shared_ptr<HttpDownloader>& downloader, Arrived arrived) {
   cancel();
-  const foundation::Url* const found = pictureOf(place);
-  if (found == nullptr) return;
-  const foundation::Url& url = *found;
+  const foundation::Url* const url = pictureOf(place);
+  if (url == nullptr || !url->lastPathComponent()) return;
   const auto mode = place.picture ? PictureMode::fill : PictureMode::fit;
-  network::TransferOptions options{network::strictRules(), downloader->transport,
-                                   cancellation_.token()};
-  foundation::SerialQueue::make()->async(
-      [downloader = std::move(downloader), url, mode, folder = folderFor(url, slug),
-       options = std::move(options), arrived = std::move(arrived)]() mutable {
-        const auto picture =
-            fetchPicture(*downloader, url, folder, network::AwaitedRequests(options, mostBytes));
+  const auto cancellation = cancellation_.token();
+  downloader->fetchFile(
+      *url, folderFor(*url, slug), cancellation,
+      [downloader, cancellation, mode, arrived = std::move(arrived)](const auto& file) {
+        const auto picture = file ? readPicture(file->path) : nullptr;
         if (!picture) return;
-        foundation::mainQueue::async(
-            [cancellation = options.cancellation, arrived = std::move(arrived), mode, picture] {
-              if (!cancellation.isCanceled()) arrived(picture, mode);
-            });
+        foundation::mainQueue::async([cancellation, arrived, mode, picture] {
+          if (!cancellation.isCanceled()) arrived(picture, mode);
+        });
       });
 }
 

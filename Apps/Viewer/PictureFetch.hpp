@@ -30,7 +30,7 @@ class PictureFetch {
   /// most once; it is not called if the picture cannot be read or if the request was canceled.
   /// Pictures are cached below the folder of the venue `slug` on its server, by their URLs.
   void start(const Location& place, const std::string& slug,
-             std::shared_ptr<HttpDownloader> downloader, Arrived arrived);
+             const std::shared_ptr<HttpDownloader>& downloader, Arrived arrived);
 
  private:
   void cancel();

@@ -7,7 +7,8 @@
 
 namespace orivanta::foundation {
 
-/// The absolute path of the running program. Empty if the system does not provide it. Thread-safe.
+/// Returns the absolute path of the running program, or an empty path if the system does not
+/// provide it. In a browser, where there is no such file, returns a constant path. Any thread.
 ORIVANTA_API std::filesystem::path executablePath();
 
 }  // namespace orivanta::foundation

@@ -8,6 +8,8 @@
 #include <mutex>
 #include <utility>
 
+#include "Platform/Foundation/Waiting.hpp"
+
 namespace orivanta::foundation::mainQueue {
 
 namespace {
@@ -64,8 +66,8 @@ bool wait(double seconds) {
   constexpr double longestWait = 24.0 * 3600.0;
   Queue& q = queue();
   std::unique_lock lock(q.mutex);
-  return q.added.wait_for(lock, std::chrono::duration<double>(std::min(seconds, longestWait)),
-                          [&] { return !q.tasks.empty(); });
+  return waitFor(q.added, lock, std::chrono::duration<double>(std::min(seconds, longestWait)),
+                 [&] { return !q.tasks.empty(); });
 }
 
 void setWake(std::function<void()> wake) {

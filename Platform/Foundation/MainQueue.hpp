@@ -17,7 +17,8 @@ ORIVANTA_API void async(std::function<void()> task);
 ORIVANTA_API bool drain();
 
 /// Waits until a task can be drained or the time has passed. `seconds` is limited to one day.
-/// Returns whether a task is waiting.
+/// Returns whether a task is waiting. In a browser it cannot wait: it stops the program if there is
+/// no task and `seconds` is above 0.
 ORIVANTA_API bool wait(double seconds);
 
 /// Sets a function that is called after each task is added, on the thread that adds it. A host that

@@ -1,4 +1,4 @@
-// Runs the iterations of a loop on several threads.
+// Runs the iterations of a loop on several threads, where there are threads.
 #pragma once
 
 #include <cstddef>
@@ -7,10 +7,10 @@
 namespace orivanta::foundation {
 
 /// Calls `body` once with each number from 0 to `count` - 1, in any order, on the calling thread
-/// and on idle threads of the background pool. Returns after all calls have ended; their writes are
-/// then visible to the caller. It never waits for busy threads, so it may be called from a task of
-/// a queue. If a call throws, calls that have not started are skipped, and one of the exceptions is
-/// rethrown to the caller after the running calls have ended.
+/// and on the idle threads of `runInBackground`. Returns after all calls have ended; their writes
+/// are then visible to the caller. It never waits for busy threads, so it may be called from a task
+/// of a queue. If a call throws, calls that have not started are skipped, and one of the exceptions
+/// is rethrown to the caller after the running calls have ended.
 ///
 /// A thread takes `inARow` consecutive numbers at a time. Use more than one if a call is short, or
 /// if neighboring calls write to the same memory.

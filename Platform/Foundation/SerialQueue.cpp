@@ -4,23 +4,9 @@
 #include <mutex>
 #include <utility>
 
-#include "Platform/Foundation/GrowingPool.hpp"
+#include "Platform/Foundation/Background.hpp"
 
 namespace orivanta::foundation {
-
-namespace {
-
-// Maximum number of tasks, of all queues, that run or block at the same time. Further tasks wait.
-constexpr std::size_t mostThreads = 512;
-constexpr std::chrono::seconds idleTime{10};
-
-// Never destroyed, because tasks may still run when the process ends.
-GrowingPool& pool() {
-  static auto& instance = *new GrowingPool(mostThreads, idleTime);
-  return instance;
-}
-
-}  // namespace
 
 struct SerialQueue::State {
   std::mutex mutex;
@@ -57,7 +43,7 @@ void SerialQueue::resume() {
 void SerialQueue::scheduleIfReady() {
   if (state_->draining || state_->suspensions > 0 || state_->tasks.empty()) return;
   state_->draining = true;
-  pool().run([self = shared_from_this()] { self->drain(); });
+  runBlockingInBackground([self = shared_from_this()] { self->drain(); });
 }
 
 void SerialQueue::drain() {
@@ -69,8 +55,10 @@ void SerialQueue::drain() {
     task();
     task = nullptr;  // destroys captured values before the next task, outside the lock
     lock.lock();
+    if (isTurnOver()) break;
   }
   state_->draining = false;
+  scheduleIfReady();
 }
 
 }  // namespace orivanta::foundation

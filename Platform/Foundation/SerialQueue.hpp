@@ -1,4 +1,4 @@
-// A queue that runs its tasks one at a time on background threads.
+// A queue that runs its tasks one at a time in the background.
 // Public header.
 #pragma once
 
@@ -17,7 +17,9 @@ namespace orivanta::foundation {
 /// of another queue has run. The queues share a thread pool with one thread for each queue that is
 /// running a task, up to 512. If 512 tasks block at the same time, the tasks of other queues wait
 /// until one of them returns; only in this case can tasks that wait for one another block all
-/// queues. If the system cannot start 512 threads, the limit is the number that it can start.
+/// queues. If the system cannot start 512 threads, the limit is the number that it can start. In a
+/// browser, the tasks run on the page's thread, never inside `async` or `resume`, and must not
+/// block.
 ///
 /// A queue is shared by reference. Waiting tasks keep it alive. A suspended queue without
 /// references is destroyed, and its waiting tasks do not run.

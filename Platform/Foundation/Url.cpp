@@ -1,72 +1,54 @@
 #include "Platform/Foundation/Url.hpp"
 
-#include <strings.h>
-#include <uriparser/Uri.h>
-
 #include <algorithm>
 #include <cctype>
-#include <cstring>
+
+#include "Platform/Foundation/AsciiCase.hpp"
+#include "Platform/Foundation/UriParts.hpp"
+#include "Platform/Foundation/UriResolution.hpp"
 
 namespace orivanta::foundation {
 
 namespace {
 
-// Longer than any URL that servers accept, and short enough for a recursive parser.
+// Longer than any URL that servers accept.
 constexpr std::size_t longestText = std::size_t{64} << 10U;
 
-// The library's parsed form, which points into the parsed text.
-class ParsedUri {
- public:
-  explicit ParsedUri(std::string_view text) {
-    const char* errorPosition = nullptr;
-    valid_ = uriParseSingleUriExA(&uri_, text.data(), text.data() + text.size(), &errorPosition) ==
-             URI_SUCCESS;
+// A URL's text is well-formed.
+UriParts partsOf(const Url& url) { return parseUri(url.absoluteString()).value_or(UriParts()); }
+
+bool equalsIgnoringCase(std::string text, std::string_view lowercased) {
+  return asciiLowercased(std::move(text)) == lowercased;
+}
+
+unsigned hexValue(char digit) {
+  const auto value = static_cast<unsigned char>(digit);
+  return value <= '9' ? value - '0' : (value | 0x20U) - 'a' + 10;
+}
+
+std::string percentDecoded(std::string_view text) {
+  std::string decoded;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '%') {
+      decoded += static_cast<char>(hexValue(text[i + 1]) << 4U | hexValue(text[i + 2]));
+      i += 2;
+    } else {
+      decoded += text[i];
+    }
   }
-  ~ParsedUri() {
-    if (valid_) uriFreeUriMembersA(&uri_);
-  }
-  ParsedUri(const ParsedUri&) = delete;
-  ParsedUri& operator=(const ParsedUri&) = delete;
-
-  bool valid() const { return valid_; }
-  const UriUriA& operator*() const { return uri_; }
-  const UriUriA* operator->() const { return &uri_; }
-
- private:
-  UriUriA uri_{};
-  bool valid_ = false;
-};
-
-std::string textOf(const UriTextRangeA& range) {
-  return range.first == nullptr ? std::string() : std::string(range.first, range.afterLast);
+  return decoded;
 }
 
-std::string recomposed(const UriUriA& uri) {
-  int length = 0;
-  if (uriToStringCharsRequiredA(&uri, &length) != URI_SUCCESS) return {};
-  std::string text(static_cast<std::size_t>(length) + 1, '\0');
-  int written = 0;
-  if (uriToStringA(text.data(), &uri, length + 1, &written) != URI_SUCCESS) return {};
-  text.resize(static_cast<std::size_t>(written) - 1);
-  return text;
-}
-
-std::string percentDecoded(std::string text) {
-  const char* const end = uriUnescapeInPlaceExA(text.data(), URI_FALSE, URI_BR_DONT_TOUCH);
-  text.resize(static_cast<std::size_t>(end - text.data()));
-  return text;
-}
-
-// Encodes everything except the unreserved characters and those without a special meaning in a
-// query. "+" is encoded, since many servers decode it as a space.
-std::string encodedQueryText(std::string_view text) {
+// Encodes everything except the unreserved characters and those in `kept`.
+std::string percentEncoded(std::string_view text, std::string_view kept) {
   static constexpr char digits[] = "0123456789ABCDEF";
-  static constexpr std::string_view kept = "-._~:/?@!$'()*,;";
+  static constexpr std::string_view marks = "-._~";
   std::string encoded;
   for (const char character : text) {
     const auto byte = static_cast<unsigned char>(character);
-    const bool plain = byte < 128 && std::isalnum(byte) != 0;
-    if (plain || kept.find(character) != std::string_view::npos) {
+    const bool isAlphanumeric = byte < 128 && std::isalnum(byte) != 0;
+    if (isAlphanumeric || marks.find(character) != marks.npos ||
+        kept.find(character) != kept.npos) {
       encoded += character;
     } else {
       encoded += '%';
@@ -77,93 +59,75 @@ std::string encodedQueryText(std::string_view text) {
   return encoded;
 }
 
+// Keeps the characters without a special meaning in a query. "+" is encoded, since many servers
+// decode it as a space.
+std::string encodedQueryText(std::string_view text) { return percentEncoded(text, ":/?@!$'()*,;"); }
+
 }  // namespace
 
 std::optional<Url> Url::parse(std::string_view text) {
-  if (text.empty() || text.size() > longestText || !ParsedUri(text).valid()) return std::nullopt;
+  if (text.empty() || text.size() > longestText || !parseUri(text)) return std::nullopt;
   return Url(std::string(text));
 }
 
 std::optional<Url> Url::parse(std::string_view text, const Url& base) {
   if (text.empty() || text.size() > longestText) return std::nullopt;
-  const ParsedUri reference(text);
-  if (!reference.valid()) return std::nullopt;
-  const bool absolute = reference->scheme.first != nullptr;
-  const ParsedUri parsedBase(base.text_);
-  if (absolute || parsedBase->scheme.first == nullptr) return Url(std::string(text));
-  UriUriA resolved;
-  if (uriAddBaseUriA(&resolved, &*reference, &*parsedBase) != URI_SUCCESS) return std::nullopt;
-  std::string resolvedText = recomposed(resolved);
-  const bool namesHost = resolved.hostText.first != nullptr;
-  uriFreeUriMembersA(&resolved);
+  const auto reference = parseUri(text);
+  if (!reference) return std::nullopt;
+  const UriParts baseParts = partsOf(base);
+  if (!reference->scheme.empty() || baseParts.scheme.empty()) return Url(std::string(text));
+  std::string resolved = resolveUri(*reference, baseParts);
   // Without a host, the path may begin with "//", which would be parsed as a host.
-  const ParsedUri reread(resolvedText);
-  if (resolvedText.empty() || !reread.valid()) return std::nullopt;
-  if ((reread->hostText.first != nullptr) != namesHost) return std::nullopt;
-  return Url(std::move(resolvedText));
+  const auto reread = parseUri(resolved);
+  const bool namesHost = reference->authority || baseParts.authority;
+  if (!reread || reread->authority.has_value() != namesHost) return std::nullopt;
+  return Url(std::move(resolved));
 }
 
 Url Url::fromFile(const std::filesystem::path& path) {
-  constexpr std::size_t schemeBytes = 7;
   const std::string absolute = std::filesystem::absolute(path).string();
-  std::string text(schemeBytes + 3 * absolute.size() + 1, '\0');
-  uriUnixFilenameToUriStringA(absolute.c_str(), text.data());
-  text.resize(std::strlen(text.c_str()));
-  return Url(std::move(text));
+  return Url("file://" + percentEncoded(absolute.c_str(), "/"));  // up to the first NUL
 }
 
-bool Url::isAbsolute() const { return ParsedUri(text_)->scheme.first != nullptr; }
+bool Url::isAbsolute() const { return !partsOf(*this).scheme.empty(); }
 
-std::string Url::scheme() const { return textOf(ParsedUri(text_)->scheme); }
+std::string Url::scheme() const { return std::string(partsOf(*this).scheme); }
 
-std::string Url::host() const { return textOf(ParsedUri(text_)->hostText); }
+std::string Url::host() const { return std::string(partsOf(*this).host); }
 
-std::string Url::port() const { return textOf(ParsedUri(text_)->portText); }
+std::string Url::port() const { return std::string(partsOf(*this).port); }
+
+std::string Url::path() const { return std::string(partsOf(*this).path); }
+
+std::string Url::query() const { return std::string(partsOf(*this).query.value_or("")); }
 
 std::optional<std::pair<std::string, std::string>> Url::credentials() const {
-  const ParsedUri uri(text_);
-  if (uri->userInfo.first == nullptr) return std::nullopt;
-  const std::string text = textOf(uri->userInfo);
-  const std::size_t colon = std::min(text.find(':'), text.size());
-  return std::pair(percentDecoded(text.substr(0, colon)),
-                   percentDecoded(text.substr(std::min(colon + 1, text.size()))));
+  const auto text = partsOf(*this).userInfo;
+  if (!text) return std::nullopt;
+  const std::size_t colon = std::min(text->find(':'), text->size());
+  return std::pair(percentDecoded(text->substr(0, colon)),
+                   percentDecoded(text->substr(std::min(colon + 1, text->size()))));
 }
 
 Url Url::withoutCredentials() const {
-  const ParsedUri uri(text_);
-  if (uri->userInfo.first == nullptr) return *this;
-  return Url(std::string(text_.data(), uri->userInfo.first) +
-             (uri->userInfo.afterLast + 1));  // without the "@"
-}
-
-std::string Url::query() const { return textOf(ParsedUri(text_)->query); }
-
-std::string Url::path() const {
-  const ParsedUri uri(text_);
-  std::string path;
-  if (uri->absolutePath != URI_FALSE ||
-      (uri->hostText.first != nullptr && uri->pathHead != nullptr))
-    path += '/';
-  for (const UriPathSegmentA* segment = uri->pathHead; segment != nullptr;
-       segment = segment->next) {
-    path += textOf(segment->text);
-    if (segment->next != nullptr) path += '/';
-  }
-  return path;
+  const UriParts parts = partsOf(*this);
+  if (!parts.userInfo) return *this;
+  const auto start = static_cast<std::size_t>(parts.userInfo->data() - text_.data());
+  return Url(std::string(text_).erase(start, parts.userInfo->size() + 1));  // and the "@"
 }
 
 std::optional<std::string> Url::lastPathComponent() const {
-  std::string text = path();
+  std::string_view text = partsOf(*this).path;
   if (text.empty()) return std::nullopt;
-  while (text.ends_with('/')) text.pop_back();
+  while (text.ends_with('/')) text.remove_suffix(1);
   return percentDecoded(text.substr(text.rfind('/') + 1));
 }
 
 std::optional<std::filesystem::path> Url::filePath() const {
   const std::string hostName = host();
-  if (strcasecmp(scheme().c_str(), "file") != 0) return std::nullopt;
-  if (!hostName.empty() && strcasecmp(hostName.c_str(), "localhost") != 0) return std::nullopt;
-  std::string text = percentDecoded(path());
+  if (!equalsIgnoringCase(scheme(), "file")) return std::nullopt;
+  if (!hostName.empty() && !equalsIgnoringCase(hostName, "localhost")) return std::nullopt;
+  std::string text = percentDecoded(partsOf(*this).path);
   if (!text.starts_with('/') || text.find('\0') != std::string::npos) return std::nullopt;
   return text;
 }

@@ -1,28 +1,18 @@
 #include "Platform/Network/ContentDecoding.hpp"
 
-#include <strings.h>
-
+#include <new>
 #include <utility>
 
-#include "Platform/Network/Inflate.hpp"
+#include "Platform/Network/BuiltInTransport.hpp"
 
 namespace orivanta::network {
 
-namespace {
-
-constexpr std::size_t largestDecodedBytes = 512U << 20U;
-
-}  // namespace
-
-foundation::Result<void> decodeBody(UrlAnswer& answer) {
-  const auto encoding = answer.response.headerField("Content-Encoding");
-  if (answer.body.empty() || !encoding || strcasecmp(encoding->c_str(), "identity") == 0) return {};
-  if (strcasecmp(encoding->c_str(), "gzip") != 0 && strcasecmp(encoding->c_str(), "x-gzip") != 0)
-    return foundation::failure("http", 1, "unknown content encoding \"" + *encoding + "\"");
-  auto bytes = gunzipped(answer.body, largestDecodedBytes, answer.share.get());
-  if (!bytes) return foundation::failure("http", 2, "damaged or oversized compressed body");
-  answer.body = std::move(*bytes);
-  return {};
+UrlResult decoded(UrlResult result) try {
+  if (!result) return result;
+  if (auto done = decodeBody(*result); !done) return foundation::failure(std::move(done).error());
+  return result;
+} catch (const std::bad_alloc& failure) {
+  return foundation::failure(foundation::memoryError(failure));
 }
 
 }  // namespace orivanta::network

@@ -3,7 +3,9 @@
 #include <utility>
 
 #include "Platform/Foundation/Files.hpp"
-#include "Platform/Network/AwaitedRequests.hpp"
+#include "Platform/Network/BuiltInTransport.hpp"
+#include "Platform/Network/ContentDecoding.hpp"
+#include "Platform/Network/DefaultTransport.hpp"
 
 namespace orivanta::network {
 
@@ -16,8 +18,9 @@ constexpr std::size_t largestFileBytes = 512U << 20U;
 foundation::Result<std::string> dataOfUrl(const foundation::Url& url,
                                           const TransferOptions& options) {
   if (const auto file = url.filePath()) return foundation::readFile(*file, largestFileBytes);
-  return AwaitedRequests(options).get(url).map(
-      [](UrlAnswer answer) { return std::move(answer.body); });
+  return decoded(awaitAnswer(*orDefault(options.transport),
+                             {url, {}, options.rules, options.cancellation}))
+      .map([](UrlAnswer answer) { return std::move(answer.body); });
 }
 
 }  // namespace orivanta::network

@@ -62,9 +62,7 @@ void UrlSession::deliver(UrlResult result) {
   // The delegate is fetched before each call, since it may invalidate the session during a call.
   if (!delegate()) return;
   try {
-    if (result)
-      if (auto decoded = decodeBody(*result); !decoded)
-        result = foundation::failure(decoded.error());
+    result = decoded(std::move(result));
     if (result && !result->body.empty())
       if (const auto receiver = delegate()) {
         delivered_.growTo(result->body.size());

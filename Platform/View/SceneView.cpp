@@ -1,11 +1,10 @@
 #include "Platform/View/SceneView.hpp"
 
 #include <algorithm>
-#include <boost/asio/post.hpp>
 #include <new>
 #include <utility>
 
-#include "Platform/Foundation/BackgroundPool.hpp"
+#include "Platform/Foundation/Background.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Platform/Graphics/Guarded.hpp"
 #include "Platform/Graphics/Transaction.hpp"
@@ -83,14 +82,14 @@ graphics::Vector3 SceneView::project(const graphics::Vector3& point) const {
 }
 
 void SceneView::prepare(Nodes nodes, std::function<void(bool success)> completion) {
-  boost::asio::post(foundation::backgroundPool(),
-                    [nodes = std::move(nodes), completion = std::move(completion)]() mutable {
-                      const bool success = makeReady(nodes);
-                      foundation::mainQueue::async(
-                          [nodes = std::move(nodes), completion = std::move(completion), success] {
-                            if (completion) completion(success);
-                          });
-                    });
+  foundation::runInBackground(
+      [nodes = std::move(nodes), completion = std::move(completion)]() mutable {
+        const bool success = makeReady(nodes);
+        foundation::mainQueue::async(
+            [nodes = std::move(nodes), completion = std::move(completion), success] {
+              if (completion) completion(success);
+            });
+      });
 }
 
 void SceneView::touchesBegan(std::span<const Touch> touches) {

@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <cerrno>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -17,6 +15,7 @@
 #include "Platform/Network/DataOfUrl.hpp"
 #include "Platform/Network/DefaultTransport.hpp"
 #include "Source/CacheNames.hpp"
+#include "Source/UI/Floors/FileRequest.hpp"
 #include "Source/UI/Floors/KeptFile.hpp"
 
 namespace orivanta {
@@ -28,18 +27,6 @@ using foundation::Error;
 namespace {
 
 constexpr int savingFailed = 1001;
-
-fs::path cacheRoot() { return foundation::unwrap(foundation::cachesDirectory()); }
-
-fs::path folderAt(std::string_view path) {
-  fs::path folder = cacheRoot();
-  while (!path.empty()) {
-    const std::string_view name = path.substr(0, path.find('/'));
-    if (!name.empty()) folder /= cacheFileName(std::string(name));
-    path.remove_prefix(std::min(path.size(), name.size() + 1));
-  }
-  return folder;
-}
 
 fs::path fileFor(const foundation::Url& url, const fs::path& folder) {
   return folder / cacheFileName(foundation::unwrap(url.lastPathComponent()));
@@ -71,33 +58,9 @@ std::string describe(const network::HttpUrlResponse& response) {
                      response.url ? response.url->absoluteString() : "");
 }
 
-// Web pages and JSON begin like this; models, material libraries and pictures do not.
-bool isErrorPage(std::string_view body) {
-  const std::size_t first = body.find_first_not_of(" \t\r\n\v\f");
-  return first != std::string_view::npos && (body[first] == '<' || body[first] == '{');
-}
-
-// Describes what is wrong with a response; follows the URL. Empty if the response is valid.
-std::string flawOf(const network::UrlResult& result) {
-  if (!result) return fmt::format("cannot be fetched: {}", result.error().description);
-  if (const int status = result->response.statusCode; status < 200 || status > 299)
-    return fmt::format("returned HTTP status {}", status);
-  if (result->body.empty()) return "returned an empty response";
-  return isErrorPage(result->body) ? "returned an error page instead of the file" : "";
-}
-
-// Returns whether the problem may be temporary.
-bool isPassing(const network::UrlResult& result) {
-  if (!result) return result.error().domain != "http" || result.error().code != ECANCELED;
-  const int status = result->response.statusCode;
-  return status < 300 || status == 408 || status == 429 || status >= 500;
-}
-
 void finish(network::UrlResult result, const std::string& path,
             const HttpDownloader::Completion& completion) {
-  if (result)
-    if (auto decoded = network::decodeBody(*result); !decoded)
-      result = foundation::failure(decoded.error());
+  result = network::decoded(std::move(result));
   if (!result) {
     diagnostic(fmt::format("Failure: {}", result.error().description));
     return completion(path, result.error());
@@ -112,7 +75,7 @@ void finish(network::UrlResult result, const std::string& path,
 
 std::optional<std::string> HttpDownloader::loadFileSync(const foundation::Url& url,
                                                         const std::string& path) {
-  const fs::path folder = folderAt(path);
+  const fs::path folder = cacheFolderAt(path);
   const fs::path file = fileFor(url, folder);
   if (isThere(file)) return file.string();
   const auto bytes = network::dataOfUrl(url, {{}, transport});
@@ -124,7 +87,7 @@ std::optional<std::string> HttpDownloader::loadFileSync(const foundation::Url& u
 
 void HttpDownloader::loadFileAsync(const foundation::Url& url, Completion completion) {
   if (!completion) completion = [](const auto&, const auto&) {};
-  const fs::path file = fileFor(url, cacheRoot());
+  const fs::path file = fileFor(url, cacheFolderAt(""));
   if (isThere(file)) return completion(file.string(), std::nullopt);
   // Decompressing, writing and the completion would block the transport's thread for too long.
   const auto queue = foundation::SerialQueue::make();
@@ -138,34 +101,10 @@ void HttpDownloader::loadFileAsync(const foundation::Url& url, Completion comple
       });
 }
 
-foundation::Result<HttpDownloader::Fetched> HttpDownloader::fetchFile(
-    const foundation::Url& url, const std::string& path, const network::AwaitedRequests& requests) {
-  const std::string& address = url.absoluteString();
-  const auto failed = [&](std::string_view flaw) {
-    return foundation::failure("fetch", 0, fmt::format("{} {}", address, flaw));
-  };
-  if (defaultPort(url).empty()) return failed("is not an http or https URL");
-  // Hidden names are reserved for the notes.
-  const KeptFile kept(folderAt(path) /
-                      visibleCacheName(foundation::unwrap(url.lastPathComponent())));
-  const auto condition = kept.conditionFor(url);
-  const network::UrlResult result = requests.get(url, condition.value_or(network::HeaderFields{}));
-  if (condition && !condition->empty() && result && result->response.statusCode == 304) {
-    diagnostic(fmt::format("file has not changed [{}]", kept.path().string()));
-    return Fetched{kept.path().string()};
-  }
-  std::string flaw = flawOf(result);
-  if (flaw.empty()) {
-    const auto written = kept.save(url, result->response, result->body);
-    diagnostic(written ? fmt::format("file saved [{}]", kept.path().string())
-                       : "error saving file");
-    if (written) return Fetched{kept.path().string()};
-    flaw = fmt::format("cannot be cached: {}", written.error().description);
-  }
-  if (!condition || !isPassing(result)) return failed(flaw);
-  std::string remark = fmt::format("{} {}; the cached copy is used", address, flaw);
-  diagnostic(remark);
-  return Fetched{kept.path().string(), std::move(remark)};
+void HttpDownloader::fetchFile(const foundation::Url& url, const std::string& path,
+                               const foundation::CancellationToken& cancellation,
+                               FetchCompletion completion) {
+  FileRequest::start({url, path, transport, cancellation}, std::move(completion));
 }
 
 std::string HttpDownloader::folderFor(const foundation::Url& url, std::string_view slug) {
@@ -174,8 +113,7 @@ std::string HttpDownloader::folderFor(const foundation::Url& url, std::string_vi
 
 bool HttpDownloader::isCached(const foundation::Url& url, const std::string& path) {
   if (!foundation::cachesDirectory()) return false;
-  const std::string name = foundation::unwrap(url.lastPathComponent());
-  return KeptFile(folderAt(path) / visibleCacheName(name)).conditionFor(url).has_value();
+  return KeptFile::of(url, path).conditionFor(url).has_value();
 }
 
 void HttpDownloader::forgetFile(const std::string& path) {

@@ -1,6 +1,7 @@
 // Fetches files and caches them in the caches directory.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -8,11 +9,12 @@
 #include <string_view>
 #include <utility>
 
+#include "Platform/Foundation/Cancellation.hpp"
 #include "Platform/Foundation/Error.hpp"
 #include "Platform/Foundation/Export.hpp"
 #include "Platform/Foundation/Result.hpp"
 #include "Platform/Foundation/Url.hpp"
-#include "Platform/Network/AwaitedRequests.hpp"
+#include "Platform/Network/UrlTransport.hpp"
 
 namespace orivanta {
 
@@ -61,11 +63,29 @@ class ORIVANTA_API HttpDownloader {
     std::string remark = {};
   };
 
-  /// Fetches a file for `MapView::loadFloors` into the folder `path` of the caches directory. Uses
-  /// the cached file if the server reports that it has not changed. A response is valid if its
-  /// status is 200 to 299 and its body is not empty and does not begin like a web page or JSON.
-  /// Only "http" and "https" URLs are fetched. Blocks. Fails if the requests are canceled. The text
-  /// of an error is a sentence with the URL, without a final period.
+  /// Receives the result of `fetchFile`. The text of an error is a sentence with the URL, without a
+  /// final period.
+  using FetchCompletion = std::function<void(foundation::Result<Fetched> fetched)>;
+
+  /// The memory that one fetch may use while a file is received and decoded. A received body counts
+  /// twice, because its string grows, and its decoded form counts in addition.
+  static constexpr std::size_t mostFetchBytes = std::size_t{192} << 20U;
+
+  /// Fetches a file for `MapView::loadFloors` into the folder `path` of the caches directory, and
+  /// returns immediately. Uses the cached file if the server reports that it has not changed. A
+  /// response is valid if its status is 200 to 299 and its body is not empty and does not begin
+  /// like a web page or JSON. Only "http" and "https" URLs are fetched. A transfer slower than 100
+  /// bytes per second, a redirect from HTTPS to HTTP and a file that uses more than
+  /// `mostFetchBytes` are errors.
+  ///
+  /// Calls `completion` once and never on the calling thread before this function returns: on a
+  /// background thread, which it may block, or in a browser in a later turn of the page. Canceling
+  /// the token ends the request and discards the completion, unless it is already running. The
+  /// downloader must exist until the completion has been called or destroyed.
+  ///
+  /// An override must return quickly, must not throw, and may call `completion` on any thread, also
+  /// before it returns. It need not call it once the token has been canceled, but should then
+  /// release it.
   ///
   /// A hidden note next to each file stores its URL, length and checksum, and the validator that
   /// the server sent: an entity tag, a date, or none. Without a validator the file is fetched each
@@ -73,8 +93,9 @@ class ORIVANTA_API HttpDownloader {
   /// matching file is used, with a remark, if the request fails, the server reports a temporary
   /// error (status 408, 429, or 500 and above), a successful response is empty, a web page or
   /// JSON, or the new file cannot be saved.
-  virtual foundation::Result<Fetched> fetchFile(const foundation::Url& url, const std::string& path,
-                                                const network::AwaitedRequests& requests);
+  virtual void fetchFile(const foundation::Url& url, const std::string& path,
+                         const foundation::CancellationToken& cancellation,
+                         FetchCompletion completion);
 
   /// Returns the folder for the files of a venue, for `fetchFile`. It consists of a name made from
   /// the URL's scheme, host and port, and a name made from the slug, so that servers do not share

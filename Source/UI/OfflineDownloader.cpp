@@ -1,16 +1,22 @@
 #include "Source/UI/OfflineDownloader.hpp"
 
+#include <utility>
+
 #include "Platform/Network/OfflineTransport.hpp"
 
 namespace orivanta {
 
 OfflineDownloader::OfflineDownloader() : HttpDownloader(network::makeOfflineTransport()) {}
 
-foundation::Result<HttpDownloader::Fetched> OfflineDownloader::fetchFile(
-    const foundation::Url& url, const std::string& path, const network::AwaitedRequests& requests) {
-  auto fetched = HttpDownloader::fetchFile(url, path, requests);
-  if (fetched) fetched->remark.clear();
-  return fetched;
+void OfflineDownloader::fetchFile(const foundation::Url& url, const std::string& path,
+                                  const foundation::CancellationToken& cancellation,
+                                  FetchCompletion completion) {
+  HttpDownloader::fetchFile(
+      url, path, cancellation,
+      [completion = std::move(completion)](foundation::Result<Fetched> fetched) {
+        if (fetched) fetched->remark.clear();
+        completion(std::move(fetched));
+      });
 }
 
 }  // namespace orivanta

@@ -16,8 +16,9 @@ class ORIVANTA_API OfflineDownloader : public HttpDownloader {
  public:
   OfflineDownloader();
 
-  foundation::Result<Fetched> fetchFile(const foundation::Url& url, const std::string& path,
-                                        const network::AwaitedRequests& requests) override;
+  void fetchFile(const foundation::Url& url, const std::string& path,
+                 const foundation::CancellationToken& cancellation,
+                 FetchCompletion completion) override;
 };
 
 }  // namespace orivanta

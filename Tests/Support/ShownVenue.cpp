@@ -23,9 +23,9 @@ class LocalFiles : public HttpDownloader {
   std::optional<std::string> loadFileSync(const foundation::Url& url, const std::string&) override {
     return (folder_ / std::filesystem::path(url.path()).filename()).string();
   }
-  foundation::Result<Fetched> fetchFile(const foundation::Url& url, const std::string& folder,
-                                        const network::AwaitedRequests&) override {
-    return Fetched{*loadFileSync(url, folder)};
+  void fetchFile(const foundation::Url& url, const std::string& folder,
+                 const foundation::CancellationToken&, FetchCompletion completion) override {
+    completion(Fetched{*loadFileSync(url, folder)});
   }
 
  private:

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "Apps/Viewer/Widgets/Button.hpp"
-#include "Platform/Graphics/CaretLine.hpp"
+#include "Platform/Graphics/Pango/CaretLine.hpp"
 
 namespace orivanta::viewer {
 

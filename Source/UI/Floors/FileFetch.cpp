@@ -2,35 +2,17 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <boost/asio/post.hpp>
+#include <atomic>
 #include <exception>
-#include <system_error>
-#include <thread>
 #include <utility>
 
-#include "Platform/Foundation/BackgroundPool.hpp"
-#include "Platform/Foundation/Files.hpp"
-
 namespace orivanta {
-
-namespace {
-
-constexpr std::size_t mostThreads = 4;
-
-}  // namespace
 
 void FileFetch::start(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader,
                       foundation::CancellationToken cancellation, Reports reports) {
   const std::shared_ptr<FileFetch> fetch(new FileFetch(
       std::move(files), std::move(downloader), std::move(cancellation), std::move(reports)));
-  const auto work = [fetch] { fetch->work(); };
-  try {
-    for (std::size_t i = 0; i < std::min(mostThreads, fetch->files_.size()); ++i)
-      std::thread(work).detach();
-  } catch (const std::system_error&) {  // no more threads can be created
-    boost::asio::post(foundation::backgroundPool(), work);
-  }
+  fetch->startFiles();
 }
 
 FileFetch::FileFetch(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader,
@@ -38,25 +20,46 @@ FileFetch::FileFetch(std::vector<File> files, std::shared_ptr<HttpDownloader> do
     : files_(std::move(files)),
       downloader_(std::move(downloader)),
       reports_(std::move(reports)),
-      cancellation_(std::move(cancellation)),
-      requests_({network::strictRules(), downloader_->transport, cancellation_}, mostFileBytes) {}
+      cancellation_(std::move(cancellation)) {}
 
-void FileFetch::work() {
-  for (std::size_t i = next_++; i < files_.size() && !cancellation_.isCanceled(); i = next_++) {
-    reports_.began(i);
-    reports_.ended(i, fetch(files_[i]));
+// If another call is running, on this or another thread, that one starts the files. Thus a
+// downloader that completes immediately does not nest calls.
+void FileFetch::startFiles() {
+  std::unique_lock lock(mutex_);
+  if (isStarting_) return;
+  isStarting_ = true;
+  while (running_ < mostAtOnce && next_ < files_.size() && !cancellation_.isCanceled()) {
+    const std::size_t file = next_++;
+    ++running_;
+    lock.unlock();
+    begin(file);
+    lock.lock();
+  }
+  isStarting_ = false;
+}
+
+void FileFetch::begin(std::size_t file) {
+  const auto completed = [self = shared_from_this(), file,
+                          isDone = std::make_shared<std::atomic<bool>>(false)](Outcome outcome) {
+    if (!isDone->exchange(true)) self->end(file, std::move(outcome));
+  };
+  const File& wanted = files_[file];
+  reports_.began(file);
+  try {
+    downloader_->fetchFile(wanted.url, wanted.folder, cancellation_, completed);
+  } catch (const std::exception& exception) {
+    completed(foundation::failure(
+        "fetch", 0, fmt::format("{}: {}", wanted.url.absoluteString(), exception.what())));
   }
 }
 
-FileFetch::Outcome FileFetch::fetch(const File& file) try {
-  const std::string& address = file.url.absoluteString();
-  if (!foundation::cachesDirectory())
-    return foundation::failure("fetch", 0,
-                               fmt::format("{} cannot be cached: HOME is not set", address));
-  return downloader_->fetchFile(file.url, file.folder, requests_);
-} catch (const std::exception& exception) {
-  return foundation::failure("fetch", 0,
-                             fmt::format("{}: {}", file.url.absoluteString(), exception.what()));
+void FileFetch::end(std::size_t file, Outcome outcome) {
+  reports_.ended(file, std::move(outcome));
+  {
+    const std::lock_guard lock(mutex_);
+    --running_;
+  }
+  startFiles();
 }
 
 }  // namespace orivanta

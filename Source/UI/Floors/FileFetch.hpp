@@ -1,10 +1,10 @@
-// Fetches files concurrently in the background.
+// Fetches several files concurrently.
 #pragma once
 
-#include <atomic>
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -14,14 +14,11 @@
 
 namespace orivanta {
 
-/// Fetches up to four files concurrently, in order, on separate threads. A server that does not
-/// respond delays nothing else, not even the next fetch. A file that uses more than `mostFileBytes`
-/// of memory while it is received and decoded fails with an error. Any thread.
-class FileFetch {
+/// Fetches up to `mostAtOnce` files concurrently, in order. A file is started when an earlier one
+/// ends, on the thread that ends it. Has no threads of its own and never blocks.
+class FileFetch : public std::enable_shared_from_this<FileFetch> {
  public:
-  /// The maximum memory of one file; a fetch uses at most four times this. A received body counts
-  /// twice, because its string grows, and its decoded form counts in addition.
-  static constexpr std::size_t mostFileBytes = std::size_t{192} << 20U;
+  static constexpr std::size_t mostAtOnce = 4;
 
   struct File {
     foundation::Url url;
@@ -30,29 +27,34 @@ class FileFetch {
 
   using Outcome = foundation::Result<HttpDownloader::Fetched>;
 
-  /// Callbacks, called on the fetch's threads with the index of the file.
+  /// Callbacks with the index of the file. They are called on any thread, also concurrently and
+  /// before `start` returns; those of one file in order. They must return quickly.
   struct Reports {
     std::function<void(std::size_t file)> began;
     std::function<void(std::size_t file, Outcome outcome)> ended;
   };
 
-  /// Starts a fetch. When the token is canceled, no further file is started, and the requests and
-  /// the threads end.
+  /// Starts a fetch. When the token is canceled, the requests end and no further file is started;
+  /// files that were being fetched are not reported.
   static void start(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader,
                     foundation::CancellationToken cancellation, Reports reports);
 
  private:
   FileFetch(std::vector<File> files, std::shared_ptr<HttpDownloader> downloader,
             foundation::CancellationToken cancellation, Reports reports);
-  void work();
-  Outcome fetch(const File& file);
+  void startFiles();
+  void begin(std::size_t file);
+  void end(std::size_t file, Outcome outcome);
 
   const std::vector<File> files_;
   const std::shared_ptr<HttpDownloader> downloader_;
   const Reports reports_;
   const foundation::CancellationToken cancellation_;
-  const network::AwaitedRequests requests_;
-  std::atomic<std::size_t> next_ = 0;  // the first file that no thread has taken
+
+  std::mutex mutex_;         // guards the members below
+  std::size_t next_ = 0;     // the first file that has not been started
+  std::size_t running_ = 0;  // the files that are being fetched
+  bool isStarting_ = false;  // a call of `startFiles` is running
 };
 
 }  // namespace orivanta

@@ -4,11 +4,10 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
-#include <boost/asio/post.hpp>
 #include <exception>
 #include <utility>
 
-#include "Platform/Foundation/BackgroundPool.hpp"
+#include "Platform/Foundation/Background.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Floors/FloorFiles.hpp"
@@ -156,8 +155,7 @@ void FloorLoading::read(Floor& floor) {
   const auto view = view_.lock();
   if (!view) return;
   const std::size_t model = floor.files.front();
-  boost::asio::post(
-      foundation::backgroundPool(),
+  foundation::runInBackground(
       [weak = weak_from_this(), index = static_cast<std::size_t>(&floor - floors_.data()),
        loader = view->assetLoader, cancellation = cancellation_.token(), path = paths_[model],
        address = files_[model].url.absoluteString(), budget = pictures_] {

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 #include <sstream>
@@ -9,8 +10,10 @@
 #include <system_error>
 #include <utility>
 
+#include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/Files.hpp"
 #include "Platform/Foundation/Fnv.hpp"
+#include "Source/CacheNames.hpp"
 
 namespace orivanta {
 
@@ -47,7 +50,23 @@ std::string imprintOf(const fs::path& file) {
 
 }  // namespace
 
+fs::path cacheFolderAt(std::string_view path) {
+  fs::path folder = foundation::unwrap(foundation::cachesDirectory());
+  while (!path.empty()) {
+    const std::string_view name = path.substr(0, path.find('/'));
+    if (!name.empty()) folder /= cacheFileName(std::string(name));
+    path.remove_prefix(std::min(path.size(), name.size() + 1));
+  }
+  return folder;
+}
+
 KeptFile::KeptFile(fs::path file) : file_(std::move(file)) {}
+
+KeptFile KeptFile::of(const foundation::Url& url, std::string_view path) {
+  // Hidden names are reserved for the notes.
+  return KeptFile(cacheFolderAt(path) /
+                  visibleCacheName(foundation::unwrap(url.lastPathComponent())));
+}
 
 fs::path KeptFile::note() const {
   const std::string name = file_.filename().string();

@@ -12,12 +12,21 @@
 
 namespace orivanta {
 
+/// Returns the folder in the caches directory that `path` names: names separated by slashes. Names
+/// that are not valid file names are replaced, so that the folder is never outside. A user without
+/// a caches directory is a fatal error.
+std::filesystem::path cacheFolderAt(std::string_view path);
+
 /// The note is a hidden file next to the file, ".NAME.origin". Any thread. Several
 /// processes may save the same file concurrently; if the note then does not match the file, the
 /// file is ignored.
 class KeptFile {
  public:
   explicit KeptFile(std::filesystem::path file);
+
+  /// Returns the file of a URL in the folder `path`; see `cacheFolderAt`. A URL without a last path
+  /// component is a fatal error.
+  static KeptFile of(const foundation::Url& url, std::string_view path);
 
   const std::filesystem::path& path() const { return file_; }
 

@@ -7,7 +7,7 @@
 #include <boost/json/parse.hpp>
 
 #include "Platform/Foundation/Base64.hpp"
-#include "Platform/Network/Inflate.hpp"
+#include "Platform/Network/Curl/Inflate.hpp"
 #include "Tests/Apps/Server/SmallPackage.hpp"
 
 namespace orivanta::server {

@@ -14,7 +14,8 @@ TEST(Url, TakesWellFormedReferencesAsTheyStand) {
     EXPECT_EQ(url->absoluteString(), text);
   }
   for (const char* text : {"", " ", "http://h/a b", "a\tb", "http://h/%zz", "http://h/%2",
-                           "http://[::1/", "http://h/\xC3\xA4", "a\\b", "<a>", "http://h:x/"})
+                           "http://[::1/", "//[1:2]", "//[1:::2]", "//[::1]x", "//a@b@c", ":a",
+                           "http://h/\xC3\xA4", "a\\b", "<a>", "http://h:x/"})
     EXPECT_FALSE(Url::parse(text)) << text;
   EXPECT_FALSE(Url::parse(std::string_view("a\0b", 3)));
   EXPECT_TRUE(Url::parse(std::string(65536, ',')));
@@ -39,7 +40,9 @@ TEST(Url, ResolvesReferencesAgainstABase) {
        {Case{"node", "http://h:8080/1/node"}, Case{"?page=2", "http://h:8080/1/venue?page=2"},
         Case{"/x/y", "http://h:8080/x/y"}, Case{"../../../x", "http://h:8080/x"},
         Case{"//other/x", "http://other/x"}, Case{"https://o/%7e/../x", "https://o/%7e/../x"},
-        Case{"./a/./b", "http://h:8080/1/a/b"}, Case{"#f", "http://h:8080/1/venue?page=1#f"}})
+        Case{"./a/./b", "http://h:8080/1/a/b"}, Case{"..///b", "http://h:8080/.///b"},
+        Case{"//[::Ff:1.2.3.4]:8", "http://[0000:0000:0000:0000:0000:00ff:0102:0304]:8"},
+        Case{"#f", "http://h:8080/1/venue?page=1#f"}})
     EXPECT_EQ(Url::parse(reference, base)->absoluteString(), resolved) << reference;
   EXPECT_FALSE(Url::parse("", base));
   EXPECT_FALSE(Url::parse("a b", base));

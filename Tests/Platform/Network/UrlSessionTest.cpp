@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <thread>
 
-#include "Platform/Network/Inflate.hpp"
+#include "Platform/Network/Curl/Inflate.hpp"
 #include "Tests/Support/Awaited.hpp"
 #include "Tests/Support/EnvironmentVariable.hpp"
 #include "Tests/Support/MisbehavingServer.hpp"

@@ -29,14 +29,20 @@ class HoldingDownloader : public HttpDownloader {
  public:
   explicit HoldingDownloader(std::shared_ptr<HttpDownloader> source) : source_(std::move(source)) {}
 
-  foundation::Result<Fetched> fetchFile(const Url& url, const std::string& folder,
-                                        const network::AwaitedRequests& requests) override {
+  void fetchFile(const Url& url, const std::string& folder,
+                 const foundation::CancellationToken& cancellation,
+                 FetchCompletion completion) override {
     const std::string name = *url.lastPathComponent();
-    if (const auto latch = held.find(name); latch != held.end()) {
-      if (!latch->second->wait()) return foundation::failure("", 0, "timed out");
-    }
-    if (name == "missing") return foundation::failure("", 0, "missing");
-    return source_->fetchFile(url, folder, requests);
+    if (name == "missing") return completion(foundation::failure("", 0, "missing"));
+    const auto fetch = [source = source_, url, folder, cancellation,
+                        completion = std::move(completion)] {
+      source->fetchFile(url, folder, cancellation, completion);
+    };
+    const auto latch = held.find(name);
+    if (latch == held.end())
+      fetch();
+    else
+      latch->second->whenOpen(fetch);
   }
 
   std::map<std::string, std::shared_ptr<Latch>> held;  ///< set before the load

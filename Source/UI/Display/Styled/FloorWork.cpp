@@ -1,7 +1,6 @@
 #include "Source/UI/Display/Styled/FloorWork.hpp"
 
 #include <algorithm>
-#include <boost/asio/post.hpp>
 #include <cmath>
 #include <cstddef>
 #include <mutex>
@@ -9,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "Platform/Foundation/BackgroundPool.hpp"
+#include "Platform/Foundation/Background.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Geometry.hpp"
@@ -56,7 +55,7 @@ class FloorWork::Outlining : public std::enable_shared_from_this<Outlining> {
 
   void start(std::span<const ShapeRole> roles) {
     roles_.assign(roles.begin(), roles.end());
-    boost::asio::post(foundation::backgroundPool(), [weak = weak_from_this()] {
+    foundation::runInBackground([weak = weak_from_this()] {
       if (const auto self = weak.lock()) self->compute();
       foundation::mainQueue::async([weak] {
         if (const auto self = weak.lock()) self->show();

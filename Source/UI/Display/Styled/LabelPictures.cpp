@@ -1,13 +1,13 @@
 #include "Source/UI/Display/Styled/LabelPictures.hpp"
 
-#include <boost/asio/post.hpp>
 #include <condition_variable>
 #include <deque>
 #include <map>
 #include <mutex>
 #include <utility>
 
-#include "Platform/Foundation/BackgroundPool.hpp"
+#include "Platform/Foundation/Background.hpp"
+#include "Platform/Foundation/Waiting.hpp"
 #include "Platform/View/View.hpp"
 
 namespace orivanta {
@@ -35,10 +35,11 @@ struct LabelPictures::State : std::enable_shared_from_this<State> {
       : theme(std::move(usedTheme)), scale(usedScale), sheet(Sheet::make(side)) {}
 
   bool isOld(const Entry& entry) const { return entry.lastFrame + 1 < frame; }
-  bool isIdle() const { return tasks == 0 && waiting.empty(); }
+  bool isIdle() const { return drawing == 0 && waiting.empty(); }
 
   void startTask();
   void run();  // unlocked
+  bool drawNext(std::unique_lock<std::mutex>& lock);
   std::optional<LabelPicture> next();
   void store(const LabelPicture& picture, std::shared_ptr<const Image> image);
   void place(Entry& entry);
@@ -51,7 +52,8 @@ struct LabelPictures::State : std::enable_shared_from_this<State> {
   std::condition_variable becameIdle;
   std::map<LabelPicture, Entry> entries;
   std::deque<LabelPicture> waiting;  // each has an entry
-  int tasks = 0;                     // that were posted and have not ended
+  int tasks = 0;                     // that were started and have not ended
+  int drawing = 0;                   // threads that draw an image
   std::uint64_t frame = 1;
   bool isClosed = false;
 };
@@ -59,25 +61,32 @@ struct LabelPictures::State : std::enable_shared_from_this<State> {
 void LabelPictures::State::startTask() {
   if (waiting.empty() || tasks >= mostTasks) return;
   ++tasks;
-  boost::asio::post(foundation::backgroundPool(), [state = shared_from_this()] { state->run(); });
+  foundation::runInBackground([state = shared_from_this()] { state->run(); });
 }
 
 void LabelPictures::State::run() {
   std::unique_lock lock(mutex);
-  const auto picture = next();
-  std::shared_ptr<const Image> image;
-  if (picture) {
-    lock.unlock();
-    image = makeLabelImage(*picture, *theme, scale);
-    lock.lock();
-  }
-  if (picture && !isClosed) {
-    store(*picture, std::move(image));
-    view::View::setNeedsFrame();
-  }
+  drawNext(lock);
   --tasks;
   startTask();
+}
+
+// Draws an image without the lock. Returns false if none is waiting.
+bool LabelPictures::State::drawNext(std::unique_lock<std::mutex>& lock) {
+  const auto picture = next();
+  if (picture) {
+    ++drawing;
+    lock.unlock();
+    auto image = makeLabelImage(*picture, *theme, scale);
+    lock.lock();
+    --drawing;
+    if (!isClosed) {
+      store(*picture, std::move(image));
+      view::View::setNeedsFrame();
+    }
+  }
   if (isIdle()) becameIdle.notify_all();
+  return picture.has_value();
 }
 
 std::optional<LabelPicture> LabelPictures::State::next() {
@@ -180,7 +189,9 @@ bool LabelPictures::isExpecting() const {
 
 void LabelPictures::finish() {
   std::unique_lock lock(state_->mutex);
-  state_->becameIdle.wait(lock, [&] { return state_->isIdle(); });
+  while (state_->drawNext(lock)) {
+  }
+  foundation::waitUntil(state_->becameIdle, lock, [&] { return state_->isIdle(); });
 }
 
 }  // namespace orivanta

@@ -47,7 +47,7 @@ class LabelPictures {
   /// Returns whether images are still being drawn.
   bool isExpecting() const;
 
-  /// Waits until no images are being drawn. Must not be called by a task of the background pool.
+  /// Draws the images that are still missing, and waits for those that other threads are drawing.
   void finish();
 
  private:

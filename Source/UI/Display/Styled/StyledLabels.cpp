@@ -1,10 +1,9 @@
 #include "Source/UI/Display/Styled/StyledLabels.hpp"
 
-#include <boost/asio/post.hpp>
 #include <mutex>
 #include <utility>
 
-#include "Platform/Foundation/BackgroundPool.hpp"
+#include "Platform/Foundation/Background.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Source/Map.hpp"
@@ -22,13 +21,12 @@ class StyledLabels::Making : public std::enable_shared_from_this<Making> {
 
   /// `made` is called on the main thread, unless this object no longer exists.
   void start(std::function<void()> made) {
-    boost::asio::post(foundation::backgroundPool(),
-                      [weak = weak_from_this(), made = std::move(made)] {
-                        if (const auto self = weak.lock()) self->result();
-                        foundation::mainQueue::async([weak, made] {
-                          if (!weak.expired()) made();
-                        });
-                      });
+    foundation::runInBackground([weak = weak_from_this(), made = std::move(made)] {
+      if (const auto self = weak.lock()) self->result();
+      foundation::mainQueue::async([weak, made] {
+        if (!weak.expired()) made();
+      });
+    });
   }
 
   /// Makes the labels, or waits until another thread has made them. Any thread.

@@ -1,10 +1,13 @@
 #include "Source/UI/Floors/FileFetch.hpp"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
+#include <stdexcept>
+#include <utility>
 
 #include "Platform/Foundation/Files.hpp"
 #include "Tests/Support/Awaited.hpp"
@@ -25,8 +28,11 @@ class FileFetchTest : public testing::Test {
   }
 
   FileFetch::Outcome fetch(const std::string& address, const std::string& folder) {
-    network::AwaitedRequests requests;
-    return HttpDownloader().fetchFile(*foundation::Url::parse(address), folder, requests);
+    const Awaited<FileFetch::Outcome> outcome;
+    HttpDownloader downloader;
+    downloader.fetchFile(*foundation::Url::parse(address), folder, {},
+                         [outcome](const auto& fetched) { outcome.give(fetched); });
+    return outcome.take();
   }
   FileFetch::Outcome fetch(const std::string& path) { return fetch(server.root(path), "maps"); }
 
@@ -58,6 +64,79 @@ TEST_F(FileFetchTest, KeepsOnlyAnAnswerThatIsOne) {
       EXPECT_THAT(fetched.error().description,
                   testing::StartsWith(server.root("/a.png ") + problem));
   }
+}
+
+// Completes each fetch when the test says so.
+struct WaitingDownloader : HttpDownloader {
+  void fetchFile(const foundation::Url& url, const std::string&,
+                 const foundation::CancellationToken&, FetchCompletion completion) override {
+    started += *url.lastPathComponent();
+    if (started.ends_with('x')) throw std::runtime_error("no such file");
+    if (isImmediate) return completion(Fetched{});
+    completions.push_back(std::move(completion));
+  }
+
+  std::string started;  // the names of the files
+  std::vector<FetchCompletion> completions;
+  bool isImmediate = false;
+};
+
+std::vector<FileFetch::File> filesNamed(const std::string& letters) {
+  std::vector<FileFetch::File> files;
+  files.reserve(letters.size());
+  for (const char letter : letters)
+    files.push_back({*foundation::Url::parse(std::string("http://h/") + letter), ""});
+  return files;
+}
+
+TEST_F(FileFetchTest, StartsAFileWhenAnotherEndsUntilItIsCanceled) {
+  const auto downloader = std::make_shared<WaitingDownloader>();
+  const foundation::CancellationSource source;
+  std::string ended;
+  FileFetch::start(filesNamed("abcdxefg"), downloader, source.token(),
+                   {[](auto) {},
+                    [&](std::size_t file, const FileFetch::Outcome& outcome) {
+                      ended += fmt::format("{}{} ", file, outcome ? "" : "!");
+                    }});
+  EXPECT_EQ(downloader->started, "abcd");
+  downloader->completions[1]({});
+  EXPECT_EQ(downloader->started, "abcdxe");
+  downloader->completions[1]({});  // has no effect
+  EXPECT_EQ(downloader->started, "abcdxe");
+  source.cancel();
+  downloader->completions[0]({});
+  EXPECT_EQ(downloader->started, "abcdxe");
+  EXPECT_EQ(ended, "1 4! 0 ");
+}
+
+TEST_F(FileFetchTest, ImmediateCompletionsDoNotNest) {
+  const auto downloader = std::make_shared<WaitingDownloader>();
+  downloader->isImmediate = true;
+  std::size_t count = 0;
+  FileFetch::start(filesNamed(std::string(100'000, 'a')), downloader, {},
+                   {[](auto) {}, [&](auto, const auto&) { ++count; }});
+  EXPECT_EQ(count, 100'000U);
+}
+
+TEST_F(FileFetchTest, CancelingReleasesTheCompletionEvenIfTheTransportDoesNot) {
+  struct SilentTransport : network::UrlTransport {
+    void start(network::UrlRequest, Completion completed) override {
+      kept = std::move(completed);
+      isAsked->open();
+    }
+    Completion kept;
+    const std::shared_ptr<Latch> isAsked = std::make_shared<Latch>();
+  };
+  const auto transport = std::make_shared<SilentTransport>();
+  const auto released = std::make_shared<Latch>();
+  const foundation::CancellationSource source;
+  HttpDownloader(transport).fetchFile(
+      *foundation::Url::parse("http://h/a"), "maps", source.token(),
+      [held = opensWhenGone(released)](const auto&) { ADD_FAILURE() << "canceled"; });
+  ASSERT_TRUE(transport->isAsked->wait());
+  source.cancel();
+  EXPECT_TRUE(released->isOpen());
+  std::exchange(transport->kept, nullptr)(network::UrlAnswer{});
 }
 
 // A cached file after a first fetch, and the result of the second fetch.

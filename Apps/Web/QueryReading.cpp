@@ -1,0 +1,60 @@
+#include "Apps/Web/QueryReading.hpp"
+
+#include <boost/json/array.hpp>
+#include <boost/json/parse.hpp>
+#include <boost/json/value_to.hpp>
+
+namespace orivanta::web {
+
+namespace json = boost::json;
+using planning::QueryError;
+
+namespace {
+
+// Reads a member if it is there. Throws if it has another type.
+template <class Value>
+void read(const json::object& object, const char* name, Value& value) {
+  if (const json::value* member = object.if_contains(name); member != nullptr && !member->is_null())
+    value = json::value_to<Value>(*member);
+}
+
+template <class Value>
+void read(const json::object& object, const char* name, std::optional<Value>& value) {
+  if (const json::value* member = object.if_contains(name); member != nullptr && !member->is_null())
+    value = json::value_to<Value>(*member);
+}
+
+}  // namespace
+
+Query queryOf(std::string_view text) {
+  try {
+    const json::object object = json::parse(text).as_object();
+    Query query;
+    read(object, "from", query.plan.from);
+    read(object, "to", query.plan.to);
+    read(object, "via", query.plan.via);
+    read(object, "nearest", query.plan.nearest);
+    read(object, "bestOrder", query.plan.bestOrder);
+    read(object, "profile", query.plan.profile);
+    read(object, "avoidOutdoors", query.plan.avoidOutdoors);
+    read(object, "speed", query.plan.walkingSpeed);
+    read(object, "at", query.plan.at);
+    read(object, "closed", query.plan.closed);
+    read(object, "alternatives", query.plan.alternatives);
+    read(object, "language", query.language);
+    return query;
+  } catch (const QueryError&) {
+    throw;
+  } catch (const std::exception& error) {
+    throw QueryError(QueryError::Kind::invalid, error.what());
+  }
+}
+
+json::object errorJson(const QueryError& error) {
+  const char* kind = "invalid";
+  if (error.kind == QueryError::Kind::notFound) kind = "notFound";
+  if (error.kind == QueryError::Kind::ambiguous) kind = "ambiguous";
+  return {{"kind", kind}, {"text", error.what()}};
+}
+
+}  // namespace orivanta::web

@@ -1,0 +1,99 @@
+// The requests of the page, with the browser interfaces of Node.js and a module that only stores.
+
+import assert from "node:assert/strict";
+import { createServer } from "node:http";
+import { test } from "node:test";
+
+import { Network } from "../../web/dist/platform/network.js";
+
+const everyByte = Buffer.from(Array.from({ length: 256 }, (_, byte) => byte));
+
+/** Sends one request. `most` limits the body. Returns what the C++ code would receive. */
+function receive(url, { fields = [], send = "start", most = Infinity, rate = [1, 60], sent = () => {} } = {}) {
+  return new Promise((resolve) => {
+    const parts = [[], [], []];
+    const HEAPU8 = new Uint8Array(4096);
+    const texts = Buffer.from([url, ...fields].map((text) => `${text}\0`).join(""));
+    let room = null;
+    const keep = () => room && parts[room.part].push(...HEAPU8.subarray(1024, 1024 + room.count));
+    const network = new Network({
+      HEAPU8,
+      _orivantaFetchRoom(request, part, count) {
+        keep();
+        room = part === 1 && count > most ? null : { part, count };
+        return room ? 1024 : 0;
+      },
+      _orivantaFetchEnded(request, status) {
+        keep();
+        const [head, body, problem] = parts.map((bytes) => Buffer.from(bytes));
+        resolve({ status, head: head.toString("latin1").split("\0"), body, problem: problem.toString() });
+      },
+    });
+    HEAPU8.set(texts, 8);
+    network[send](7, 8, texts.length, ...rate);
+    sent(network, resolve);
+  });
+}
+
+test("requests", async (t) => {
+  const requests = [];
+  const server = createServer((request, response) => {
+    requests.push(request);
+    if (request.url === "/moved") return response.writeHead(302, { Location: "/bytes" }).end();
+    if (request.url === "/slow") return response.writeHead(200).write("a");
+    if (request.url === "/silent") return undefined;
+    return response.writeHead(request.url === "/bytes" ? 200 : 404, { "X-Own": "é" }).end(everyByte);
+  });
+  await new Promise((listening) => server.listen(0, "127.0.0.1", listening));
+  t.after(() => (server.closeAllConnections(), server.close()));
+  const root = `127.0.0.1:${server.address().port}`;
+
+  const moved = await receive(`http://me:p%C3%A9@${root}/moved`, { fields: ["X-Sent", "é"] });
+  assert.equal(moved.status, 200);
+  assert.equal(moved.head[0], `http://${root}/bytes`);
+  assert.equal(moved.head[moved.head.indexOf("x-own") + 1], "é");
+  assert.deepEqual(moved.body, everyByte);
+  assert.equal(requests[0].headers.authorization, `Basic ${btoa("me:p\xc3\xa9")}`);
+  assert.equal(requests[0].headers["x-sent"], "Ã©", "bytes of UTF-8");
+  assert.equal((await receive(`http://${root}/missing`)).status, 404);
+
+  for (const [url, problem, options] of [
+    ["http://127.0.0.1:9/", /./],
+    ["file:///etc/hosts", /is not an http or https URL/],
+    ["/bytes", /is not an http or https URL/],
+    [`http://${root}/bytes`, /./, { fields: ["X-Bad", "a\r\nb"] }],
+    [`http://${root}/slow`, /too slow. Less than 1000 bytes/, { rate: [1000, 1] }],
+    [`http://${root}/silent`, /too slow. Less than 1 bytes/, { rate: [1, 1] }],
+  ]) {
+    const result = await receive(url, options);
+    assert.equal(result.status, 0, url);
+    assert.match(result.problem, problem, url);
+  }
+  assert.equal((await receive(`http://${root}/bytes`, { most: 10 })).body.length, 0);
+
+  const canceled = await receive(`http://${root}/silent`, {
+    sent: (network, resolve) => (network.abort(7), setTimeout(() => resolve("no report"), 50)),
+  });
+  assert.equal(canceled, "no report");
+});
+
+test("a request that blocks returns every byte", async (t) => {
+  t.after(() => delete globalThis.XMLHttpRequest);
+  for (const [responseText, expected] of [
+    [Array.from(everyByte, (byte) => String.fromCharCode(byte + (byte < 128 ? 0 : 0xf700))).join(""), everyByte],
+    ["é", Buffer.from("é")], // after a byte order mark
+  ]) {
+    globalThis.XMLHttpRequest = class {
+      open(_, url, isAsynchronous) {
+        Object.assign(this, { status: 203, responseURL: url, responseText });
+        assert.equal(isAsynchronous, false);
+      }
+      setRequestHeader() {}
+      overrideMimeType() {}
+      send() {}
+      getAllResponseHeaders = () => "a: 1:2\r\nb: \r\n";
+    };
+    const { status, head, body } = await receive("http://h/a", { send: "loadNow" });
+    assert.deepEqual([status, head, body], [203, ["http://h/a", "a", "1:2", "b", "", ""], expected]);
+  }
+});
