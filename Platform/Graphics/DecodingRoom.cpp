@@ -4,6 +4,8 @@
 #include <condition_variable>
 #include <mutex>
 
+#include "Platform/Foundation/Waiting.hpp"
+
 namespace orivanta::graphics {
 
 namespace {
@@ -26,7 +28,8 @@ Room& room() {
 
 DecodingRoom::DecodingRoom(std::uint64_t bytes) : bytes_(std::min(bytes, mostBytes)) {
   std::unique_lock lock(room().mutex);
-  room().changed.wait(lock, [this] { return room().taken <= mostBytes - bytes_; });
+  foundation::waitUntil(room().changed, lock,
+                        [this] { return room().taken <= mostBytes - bytes_; });
   room().taken += bytes_;
 }
 

@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
+#include <thread>
 
+#include "Platform/Foundation/Background.hpp"
 #include "Platform/Graphics/Changes.hpp"
+#include "Tests/Support/Latch.hpp"
 
 namespace orivanta {
 namespace {
@@ -41,6 +45,18 @@ TEST(LabelPictures, AreDrawnInTheBackground) {
   }
   EXPECT_FALSE(pictures.find(name(" ")));
   EXPECT_FALSE(pictures.isExpecting());
+}
+
+TEST(LabelPictures, FinishingNeedsNoOtherThread) {
+  const auto latch = std::make_shared<test::Latch>();
+  for (unsigned i = 0; i < std::max(4U, std::thread::hardware_concurrency()); ++i)
+    foundation::runInBackground([latch] { EXPECT_TRUE(latch->wait()); });
+  LabelPictures pictures(MapTheme::light(), 1);
+  for (const char* text : {"One", "Two"}) pictures.find(name(text));
+  pictures.finish();
+  EXPECT_FALSE(pictures.isExpecting());
+  EXPECT_TRUE(pictures.find(name("Two")));
+  latch->open();
 }
 
 TEST(LabelPictures, ThoseNotDrawnForTheLongestTimeAreDropped) {
