@@ -97,6 +97,12 @@ class ORIVANTA_API HttpDownloader {
                          const foundation::CancellationToken& cancellation,
                          FetchCompletion completion);
 
+  /// Called on the main thread when a load of `MapView::loadFloors` has ended or was canceled, for
+  /// each file that it has fetched. Does nothing, so that the file stays cached. An override can
+  /// remove the file, for example if the caches directory is in memory. After a canceled load, a
+  /// background thread may still be reading the file; what it reads is discarded.
+  virtual void fileWasUsed(const std::string& /*path*/) {}
+
   /// Returns the folder for the files of a venue, for `fetchFile`. It consists of a name made from
   /// the URL's scheme, host and port, and a name made from the slug, so that servers do not share
   /// files.

@@ -69,6 +69,9 @@ test("requests", async (t) => {
     assert.equal(result.status, 0, url);
     assert.match(result.problem, problem, url);
   }
+  globalThis.location = { origin: "http://h" };
+  t.after(() => delete globalThis.location);
+  assert.match((await receive("http://127.0.0.1:9/")).problem, /does not allow requests from http:\/\/h\)/);
   assert.equal((await receive(`http://${root}/bytes`, { most: 10 })).body.length, 0);
 
   const canceled = await receive(`http://${root}/silent`, {

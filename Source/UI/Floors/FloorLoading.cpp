@@ -53,6 +53,7 @@ FloorLoading::FloorLoading(const std::shared_ptr<MapView>& view, FloorStage stag
     : view_(view),
       stage_(std::move(stage)),
       venue_(view->venue),
+      downloader_(view->downloader),
       handlers_(std::make_shared<FloorLoadHandlers>(std::move(handlers))) {
   pictures_ = std::make_shared<PictureBudget>(countFloorsWithPictures(*view->venue));
   FetchPlan plan = FetchPlan::of(*view->venue, first);
@@ -85,7 +86,7 @@ void FloorLoading::onMainQueue(std::weak_ptr<FloorLoading> load, Step step) {
 void FloorLoading::start() {
   const std::weak_ptr<FloorLoading> weak = weak_from_this();
   onMainQueue(weak, [](FloorLoading& self) { self.announce(); });
-  FileFetch::start(files_, view_.lock()->downloader, cancellation_.token(),
+  FileFetch::start(files_, downloader_, cancellation_.token(),
                    {[weak](std::size_t file) {
                       onMainQueue(weak, [file](FloorLoading& self) { self.fileBegan(file); });
                     },
@@ -228,6 +229,9 @@ void FloorLoading::endIfDone() {
 std::shared_ptr<FloorLoadHandlers> FloorLoading::release() {
   const auto self = shared_from_this();
   cancellation_.cancel();
+  if (const auto downloader = std::exchange(downloader_, nullptr))
+    for (const std::string& path : paths_)
+      if (!path.empty()) downloader->fileWasUsed(path);
   const auto view = view_.lock();  // kept alive until `ended` returns
   if (view) stage_.ended(*self);
   return std::exchange(handlers_, nullptr);

@@ -69,6 +69,7 @@ class FloorLoading : public FloorLoad, public std::enable_shared_from_this<Floor
   const std::weak_ptr<MapView> view_;
   const FloorStage stage_;
   std::weak_ptr<Venue> venue_;
+  std::shared_ptr<HttpDownloader> downloader_;   // null if the load has ended
   std::shared_ptr<FloorLoadHandlers> handlers_;  // null if the load has ended
   std::vector<Floor> floors_;
   std::vector<std::size_t> order_;  // order of fetching, the requested floor first

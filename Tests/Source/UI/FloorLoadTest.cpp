@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <map>
 
 #include "Platform/Foundation/MainQueue.hpp"
@@ -45,7 +46,12 @@ class HoldingDownloader : public HttpDownloader {
       latch->second->whenOpen(fetch);
   }
 
+  void fileWasUsed(const std::string& path) override {
+    used.push_back(std::filesystem::path(path).filename());
+  }
+
   std::map<std::string, std::shared_ptr<Latch>> held;  ///< set before the load
+  std::vector<std::string> used;                       ///< the names of files
   std::shared_ptr<void> token;
 
  private:
@@ -99,6 +105,7 @@ TEST_F(FloorLoadTest, BringsEveryFloorStepByStep) {
   EXPECT_THAT(shown.delegate->calls, ElementsAre("loaded"));
   EXPECT_EQ(shown.mapView->currentMap(), shown.floor(0));
   EXPECT_EQ(*shown.mapView->cameraDistance, 1374);
+  EXPECT_THAT(downloader->used, ElementsAre("ground.obj", "floor.mtl", "upper.obj"));
   EXPECT_FALSE(isTurning());
   EXPECT_EQ(shown.mapView->findPosition3D(*shown.location("cafe-1")),
             graphics::Vector3(200, 200, 2));

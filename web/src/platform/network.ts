@@ -43,9 +43,10 @@ export class Network {
 
   /** Sends a request and reports the result before the call returns. The page stands still meanwhile. */
   loadNow(request: number, texts: number, count: number): void {
+    const address = this.textsAt(texts, count);
     let status = 0;
     try {
-      const { url, fields } = requestOf(this.textsAt(texts, count));
+      const { url, fields } = requestOf(address);
       const sent = new XMLHttpRequest();
       sent.open("GET", url, false);
       for (const [name, value] of fields) sent.setRequestHeader(name, value);
@@ -61,7 +62,7 @@ export class Network {
         this.give(request, body, bytesOf(sent.responseText));
       status = sent.status;
     } catch (error) {
-      this.give(request, problem, new TextEncoder().encode(messageOf(error)));
+      this.give(request, problem, new TextEncoder().encode(messageOf(error, address[0])));
     }
     this.module._orivantaFetchEnded(request, status);
   }
@@ -88,7 +89,7 @@ export class Network {
       if (!hasRoom) controller.abort();
       status = response.status;
     } catch (error) {
-      this.give(request, problem, new TextEncoder().encode(limit.problem || messageOf(error)));
+      this.give(request, problem, new TextEncoder().encode(limit.problem || messageOf(error, address[0])));
     }
     limit.end();
     if (this.running.delete(request)) this.module._orivantaFetchEnded(request, status);
@@ -189,6 +190,12 @@ function latin1(bytes: Uint8Array): string {
   return Array.from(bytes, (byte) => String.fromCharCode(byte)).join("");
 }
 
-function messageOf(error: unknown): string {
-  return (error instanceof Error && error.message) || String(error);
+/** Browsers do not say that a server of another origin forbids a request. */
+function messageOf(error: unknown, address = ""): string {
+  const message = (error instanceof Error && error.message) || String(error);
+  const own = (globalThis as { location?: Location }).location?.origin;
+  const isForeign = own && /^https?:/i.test(address) && !address.startsWith(`${own}/`);
+  return isForeign
+    ? `${message} (there is no connection, or the server does not allow requests from ${own})`
+    : message;
 }
