@@ -19,9 +19,10 @@ namespace {
 
 constexpr std::size_t largestWorkBytes = std::size_t{512} << 20U;
 
-// The decoder would allocate whatever compressed data grows to.
+// The decoder would allocate whatever compressed data grows to. It reads tables that a damaged file
+// does not define, so the memory is cleared.
 void* allocateWork(std::size_t bytes) {
-  return bytes <= largestWorkBytes ? std::malloc(bytes) : nullptr;
+  return bytes <= largestWorkBytes ? std::calloc(bytes, 1) : nullptr;
 }
 void* reallocateWork(void* memory, std::size_t bytes) {
   return bytes <= largestWorkBytes ? std::realloc(memory, bytes) : nullptr;

@@ -1,5 +1,6 @@
 #include "Platform/Graphics/Stb/JpegCheck.hpp"
 
+#include <array>
 #include <cstddef>
 
 namespace orivanta::graphics {
@@ -12,6 +13,8 @@ using Bytes = std::span<const std::uint8_t>;
 // image.
 constexpr int mostScans = 200;
 
+constexpr std::uint8_t progressiveFrame = 0xC2;
+constexpr std::uint8_t huffmanTables = 0xC4;
 constexpr std::uint8_t endOfImage = 0xD9;
 constexpr std::uint8_t startOfScan = 0xDA;
 
@@ -61,6 +64,43 @@ class Markers {
   Bytes segment_;
 };
 
+// The Huffman tables of a file. The decoder trusts their sizes, and that they come before the scans
+// that use them.
+class HuffmanTables {
+ public:
+  // Adds the tables of a segment. Returns false if one has too many codes or does not fit.
+  bool add(Bytes segment) {
+    constexpr std::size_t headBytes = 17;
+    constexpr std::size_t mostCodes = 256;
+    while (segment.size() >= headBytes) {
+      std::size_t codes = 0;
+      for (std::size_t length = 1; length < headBytes; ++length) codes += segment[length];
+      if (codes > mostCodes || codes > segment.size() - headBytes) return false;
+      known_.at(segment[0] >> 4U & 1U).at(segment[0] & 3U) = true;
+      segment = segment.subspan(headBytes + codes);
+    }
+    return segment.empty();
+  }
+
+  // Returns whether the tables of a scan, given the contents of its segment, are known.
+  bool serve(Bytes scan, bool isProgressive) const {
+    const std::size_t channels = scan.empty() ? 0 : scan[0];
+    if (channels == 0 || scan.size() != 2 * channels + 4) return false;
+    // The first coefficient has tables of its own. Only progressive files decode fewer than all.
+    const bool hasFirst = !isProgressive || scan[2 * channels + 1] == 0;
+    const bool hasOthers = !isProgressive || scan[2 * channels + 2] > 0;
+    for (std::size_t i = 0; i < channels; ++i) {
+      const std::uint8_t tables = scan[2 + 2 * i];
+      if (hasFirst && !known_[0].at(tables >> 4U & 3U)) return false;
+      if (hasOthers && !known_[1].at(tables & 3U)) return false;
+    }
+    return true;
+  }
+
+ private:
+  std::array<std::array<bool, 4>, 2> known_{};
+};
+
 // The contents of the segment that describes the image, which has at least 6 bytes.
 std::optional<Bytes> frameOf(Bytes bytes) {
   Markers markers(bytes);
@@ -90,10 +130,16 @@ bool isSoundJpeg(Bytes bytes) {
   const auto frame = frameOf(bytes);
   if (!frame || ((*frame)[channelsAt] != 1 && (*frame)[channelsAt] != 3)) return false;
   Markers markers(bytes);
+  HuffmanTables tables;
+  bool isProgressive = false;
   int scans = 0;
   while (const auto marker = markers.next()) {
+    const Bytes segment = markers.segment();
     if (*marker == endOfImage) return scans > 0;
-    if (*marker == startOfScan && ++scans > mostScans) return false;
+    if (*marker == huffmanTables && !tables.add(segment)) return false;
+    isProgressive = isProgressive || *marker == progressiveFrame;
+    if (*marker != startOfScan) continue;
+    if (++scans > mostScans || !tables.serve(segment, isProgressive)) return false;
   }
   return false;
 }

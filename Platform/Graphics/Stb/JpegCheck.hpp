@@ -16,8 +16,8 @@ bool isJpeg(std::span<const std::uint8_t> bytes);
 /// not in it or exceeds the limits of `Image`.
 std::optional<PixelSize> jpegSize(std::span<const std::uint8_t> bytes);
 
-/// Returns whether a JPEG file has an end, is gray or in color but not in CMYK, and has at most 200
-/// scans.
+/// Returns whether a JPEG file has an end, is gray or in color but not in CMYK, has at most 200
+/// scans, and has sound Huffman tables for each of them.
 bool isSoundJpeg(std::span<const std::uint8_t> bytes);
 
 }  // namespace orivanta::graphics

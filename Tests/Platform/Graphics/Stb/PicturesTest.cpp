@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <string>
 #include <vector>
 
 #include "Platform/Graphics/ImageFile.hpp"
@@ -35,6 +36,21 @@ TEST(StbPictures, AreThoseOfLibpngAndStayTheSameWhenWritten) {
     EXPECT_TRUE(std::ranges::equal(again->pixels(), expected)) << entry.path();
   }
   EXPECT_GT(count, 5);
+}
+
+// With the address sanitizer, this finds faults of the decoder that the checks must keep away from
+// it.
+TEST(StbPictures, OfTheFuzzersAreReadOrRefused) {
+  int count = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(ORIVANTA_CORPUS)) {
+    ++count;
+    const auto image = readImage(entry.path());
+    const std::string name = entry.path().stem();
+    const bool isDamaged = name == "cmyk" || name == "huge-chunk" || name == "many-codes";
+    EXPECT_EQ(image == nullptr, isDamaged) << name;
+    EXPECT_TRUE(!image || decodeImage(encodePng(*image))) << name;
+  }
+  EXPECT_GE(count, 10);
 }
 
 }  // namespace
