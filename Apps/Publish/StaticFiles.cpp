@@ -25,7 +25,6 @@ using PackagePointer = std::shared_ptr<const VenuePackage>;
 
 namespace {
 
-constexpr std::size_t smallestCompressed = 1024;  // as in the server
 constexpr std::string_view defaultLanguage = "default";
 
 bool isLetterOrDigit(char character) {
@@ -181,7 +180,7 @@ class Writer {
     folder_.write(name, bytes);
     ++result.files;
     result.bytes += bytes.size();
-    const std::string compressed = isText && bytes.size() >= smallestCompressed
+    const std::string compressed = isText && bytes.size() >= server::smallestCompressed
                                        ? server::gzipped(bytes, server::GzipLevel::smallest)
                                        : std::string();
     if (!compressed.empty()) folder_.write(name.string() + ".gz", compressed);

@@ -1,0 +1,37 @@
+// Which web pages of other origins may read the server's responses (CORS).
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Apps/Server/Message.hpp"
+
+namespace orivanta::server {
+
+/// The origins that the operator allows. Immutable.
+class CrossOrigin {
+ public:
+  /// Allows no other origin: responses are not changed.
+  CrossOrigin() = default;
+  /// Each origin is of the form "https://maps.example:8443", or "*", which allows all. Throws
+  /// `std::invalid_argument` for any other text.
+  explicit CrossOrigin(const std::vector<std::string>& origins);
+
+  /// The response to a preflight request of an allowed origin, which browsers send without
+  /// credentials. Returns nothing for all other requests.
+  std::optional<Response> preflight(const Request& request) const;
+
+  /// Adds the headers that let pages of an allowed origin read the response. `origin` is the Origin
+  /// header of the request.
+  void addHeaders(std::string_view origin, Response& response) const;
+
+ private:
+  bool allows(std::string_view origin) const;
+
+  bool allowsAll_ = false;
+  std::vector<std::string> origins_;  // as browsers write them
+};
+
+}  // namespace orivanta::server
