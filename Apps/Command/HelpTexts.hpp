@@ -256,6 +256,7 @@ published; see `orivanta check`.
 Examples:
   orivanta publish my-venues -o /srv/maps --base-url https://maps.example
   orivanta publish my-venues/mall -o site --base-url https://cdn.example/maps
+  orivanta publish my-venues -o /srv/maps --base-url https://maps.example --allow-origin '*'
   orivanta venues --endpoint https://cdn.example/maps/mall/default/1/)";
 
 inline constexpr const char* completionsFooter = R"(

@@ -194,15 +194,15 @@ class Writer {
 }  // namespace
 
 Publication publishVenues(const std::vector<PackagePointer>& packages, const fs::path& folder,
-                          std::string baseUrl) {
+                          std::string baseUrl, const server::CrossOrigin& crossOrigin) {
   const std::string path = pathOf(baseUrl);
   ReplacedFolder replaced(replaceable(folder, packages), "publish");
   Writer writer(replaced, std::move(baseUrl));
   for (const PackagePointer& package : packages) writer.writeVenue(*package);
   const server::PackageSet set(packages);
   const auto languages = writer.writeList(set.venues);
-  replaced.write("nginx/maps.conf", nginxMaps(writer.result.venues, languages));
-  replaced.write("nginx/locations.conf", nginxLocations(writer.result.venues, path));
+  replaced.write("nginx/maps.conf", nginxMaps(writer.result.venues, languages, crossOrigin));
+  replaced.write("nginx/locations.conf", nginxLocations(writer.result.venues, path, crossOrigin));
   replaced.commit();
   return std::move(writer.result);
 }

@@ -90,7 +90,7 @@ void CrossOrigin::addHeaders(std::string_view origin, Response& response) const 
   if (!allows(origin)) return;
   response.headers.emplace_back("Access-Control-Allow-Origin",
                                 allowsAll_ ? std::string_view("*") : origin);
-  response.headers.emplace_back("Access-Control-Expose-Headers", "ETag, Link, Retry-After");
+  response.headers.emplace_back("Access-Control-Expose-Headers", exposedHeaders);
 }
 
 }  // namespace orivanta::server

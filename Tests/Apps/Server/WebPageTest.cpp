@@ -40,6 +40,7 @@ TEST_F(WebPageTest, FilesAreServedWithoutCredentialsBesideTheApi) {
   for (const char* name : {"index.html", "sw.js", "en/index.html", "1/venue", "a.webmanifest",
                            "assets/app-BfC4v9aK.wasm", "a.woff2", "a.map", "0a1b2c3d.css"})
     root_.write(fs::path("page") / name, module);
+  root_.write("mall/images/sign.svg", "<svg/>");
   root_.write("page/main.js", "source");
   root_.write("page/main.js.gz", gzipped(std::string("source")));
   fs::create_symlink("../mall/venue.json", root_.path() / "page/out.json");
@@ -92,6 +93,11 @@ TEST_F(WebPageTest, FilesAreServedWithoutCredentialsBesideTheApi) {
     EXPECT_NE(plain.header("ETag"), small.header("ETag"));
   }
   EXPECT_EQ(router.respond({.method = "PUT", .target = "/"}).header("Allow"), "GET, HEAD");
+  // A picture of a package must not run scripts with the rights of the page.
+  EXPECT_THAT(
+      router.respond({.target = "/1/files/mall/images/sign.svg", .authorization = "Basic bWU6cHc="})
+          .header("Content-Security-Policy"),
+      HasSubstr("sandbox"));
   root_.write("newer/index.html", "newer");
   fs::remove(root_.path() / "current");
   EXPECT_EQ(router.respond({.target = "/"}).status, 404U);
