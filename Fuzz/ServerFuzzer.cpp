@@ -1,5 +1,6 @@
 // Sends the input to the server on a connection. Every response must be a complete HTTP message and
-// must not reveal files outside the package. A server with credentials must reveal nothing.
+// must not reveal files outside of the package and the web page, nor forge headers. A server with
+// credentials must reveal nothing but the web page.
 #include <fcntl.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -36,14 +37,16 @@ using Answer = http::response<http::string_body>;
 
 constexpr std::string_view secret = "what nobody may read";
 
-// A package with a symbolic link to a file outside of it.
+// A package and a web page with symbolic links to a file outside of them.
 const test::TemporaryFolder& folder() {
   static const test::TemporaryFolder made;
   static const bool filled = [] {
     made.write("outside.txt", secret);
     test::writeSmallPackage(made, "mall", "mall");
     made.write("mall/.hidden/inside.txt", secret);
-    std::filesystem::create_symlink("../outside.txt", made.path() / "mall/link.txt");
+    made.write("page/index.html", "a page");
+    for (const char* parent : {"mall", "page"})
+      std::filesystem::create_symlink("../outside.txt", made.path() / parent / "link.txt");
     return true;
   }();
   ORIVANTA_REQUIRE(filled);
@@ -54,11 +57,12 @@ std::shared_ptr<ServerContext> makeServer(std::optional<Credentials> credentials
   Router::Options options;
   options.origin = "http://127.0.0.1:80";
   options.pageSize = 2;
+  if (credentials) options.web = folder().path() / "page";
   options.credentials = std::move(credentials);
   const auto router =
       std::make_shared<Router>(readPackages({folder().path() / "mall"}), std::move(options));
   const auto answer = [router](const Request& request) { return router->respond(request); };
-  return std::make_shared<ServerContext>(answer, ConnectionLimits());
+  return std::make_shared<ServerContext>(answer, ConnectionLimits(), CrossOrigin({"https://h"}));
 }
 
 // The bytes that the server sends until it closes the connection. The client sends all its bytes
@@ -113,7 +117,10 @@ void checkAnswers(std::string_view answers, const std::set<unsigned>& allowed) {
   ORIVANTA_REQUIRE(answers.find(secret) == std::string_view::npos);
   while (!answers.empty()) {
     const Answer answer = takeAnswer(answers);
-    ORIVANTA_REQUIRE(allowed.contains(answer.result_int()));
+    const bool isFromPage = answer.count("Content-Security-Policy") != 0;
+    ORIVANTA_REQUIRE(isFromPage || allowed.contains(answer.result_int()));
+    const auto origin = answer[http::field::access_control_allow_origin];
+    ORIVANTA_REQUIRE(origin.empty() || origin == "https://h");
     checkLinks(answer);
   }
 }
@@ -125,8 +132,8 @@ void serveBytes(std::string_view bytes) {
     answersTo(bytes, open);  // the responses cannot be separated without the requests
     return;
   }
-  checkAnswers(answersTo(bytes, open), {200, 304, 400, 404, 405, 413, 431, 501});
-  checkAnswers(answersTo(bytes, locked), {400, 401, 413, 431, 501});
+  checkAnswers(answersTo(bytes, open), {200, 204, 304, 400, 404, 405, 413, 431, 501});
+  checkAnswers(answersTo(bytes, locked), {204, 400, 401, 413, 431, 501});
 }
 
 }  // namespace

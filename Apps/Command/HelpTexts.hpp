@@ -180,12 +180,22 @@ origin that clients see with --origin, or the proxy's address with --trusted-pro
 sends X-Forwarded-Proto and X-Forwarded-Host. These headers are ignored if they come from any other
 client, including clients on this machine.
 
+Web pages of other origins may read responses only if --allow-origin names their origin, such as
+https://www.example or http://localhost:5173. --allow-origin '*' allows all pages.
+
+At /, serves the web page in the folder of --web to everybody, also if credentials are set: the page
+asks for them. The default is the page that was installed with this program or built in build/web/page
+of the source tree. If there is none, / says how to build it. A file is sent as NAME.gz, if there is
+such a file, to browsers that accept that.
+
 Examples:
   orivanta serve                        the demo venue at http://127.0.0.1:8080/1/
   orivanta serve my-venues --port 0     on a free port
   orivanta serve my-venues --address 0.0.0.0 --username me --password-file secret
   orivanta serve my-venues --origin https://maps.example
-  orivanta serve my-venues --trusted-proxy 127.0.0.1)";
+  orivanta serve my-venues --trusted-proxy 127.0.0.1
+  orivanta serve my-venues --allow-origin https://www.example
+  orivanta serve my-venues --web my-page)";
 
 inline constexpr const char* auditFooter = R"(
 Prints one line of JSON for each package, in order:
@@ -246,6 +256,7 @@ published; see `orivanta check`.
 Examples:
   orivanta publish my-venues -o /srv/maps --base-url https://maps.example
   orivanta publish my-venues/mall -o site --base-url https://cdn.example/maps
+  orivanta publish my-venues -o /srv/maps --base-url https://maps.example --allow-origin '*'
   orivanta venues --endpoint https://cdn.example/maps/mall/default/1/)";
 
 inline constexpr const char* completionsFooter = R"(

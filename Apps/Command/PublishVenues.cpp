@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <memory>
+#include <stdexcept>
 #include <utility>
 
 #include "Apps/Check/CheckPackage.hpp"
@@ -40,17 +41,20 @@ std::string summaryOf(const publish::Publication& publication, const PublishOpti
 }  // namespace
 
 ExitCode publishVenues(const PublishOptions& options) try {
+  const server::CrossOrigin crossOrigin(options.allowedOrigins);
   std::vector<std::shared_ptr<const server::VenuePackage>> packages;
   for (server::VenuePackage& package : server::readPackages(options.packages)) {
     if (!options.force) refuseViolations(package);
     packages.push_back(std::make_shared<const server::VenuePackage>(std::move(package)));
   }
-  writeOutput(
-      summaryOf(publish::publishVenues(packages, options.output, options.baseUrl), options));
+  writeOutput(summaryOf(
+      publish::publishVenues(packages, options.output, options.baseUrl, crossOrigin), options));
   return ExitCode::success;
 } catch (const server::PackageError& error) {
   throw CommandError(ExitCode::wrongUse, error.what());
 } catch (const publish::PublishError& error) {
+  throw CommandError(ExitCode::wrongUse, error.what());
+} catch (const std::invalid_argument& error) {
   throw CommandError(ExitCode::wrongUse, error.what());
 } catch (const CommandError&) {
   throw;

@@ -8,6 +8,8 @@
 #include <csignal>
 #include <exception>
 #include <iostream>
+#include <string>
+#include <string_view>
 
 #include "Apps/Command/CheckSource.hpp"
 #include "Apps/Command/Output.hpp"
@@ -28,6 +30,8 @@ server::ServerOptions serverOptions(const ServeOptions& options) {
   result.pageSize = options.pageSize;
   result.origin = options.origin;
   result.trustedProxies = options.trustedProxies;
+  result.allowedOrigins = options.allowedOrigins;
+  result.web = options.web;
   result.report = [](const std::string& line) { complain(line); };
   return result;
 }
@@ -51,7 +55,10 @@ int serve(const ServeOptions& options) {
     const server::ServerOptions serverOptions = command::serverOptions(options);
     allowDescriptors(serverOptions.limits.connections);
     const server::VenueServer server(serverOptions);
-    std::cout << server.root() << std::endl;
+    const std::string root = server.root();
+    std::cout << root << std::endl;
+    if (options.web)
+      complain("the web page is at " + root.substr(0, root.size() - std::string_view("1/").size()));
     summarizePackages(serverOptions.folders);  // while the server already responds
     signals.async_wait([](const boost::system::error_code&, int) {});
     context.run();

@@ -43,11 +43,63 @@ std::string languageMap(std::string_view variable, const std::vector<std::string
   return text + "}\n";
 }
 
+bool allowsAny(const server::CrossOrigin& crossOrigin) {
+  return crossOrigin.allowsAll() || !crossOrigin.origins().empty();
+}
+
+// The variables for `crossOriginHeaders`. They are empty for an origin that is not allowed, and
+// nginx omits headers without a value.
+std::string crossOriginMaps(const server::CrossOrigin& crossOrigin) {
+  if (!allowsAny(crossOrigin)) return {};
+  std::string text = "map $http_origin $orivanta_allowed_origin {\n";
+  if (crossOrigin.allowsAll()) {
+    text += "  default *;\n";
+  } else {
+    for (const std::string& origin : crossOrigin.origins())
+      text += fmt::format("  \"{0}\" \"{0}\";\n", origin);
+  }
+  return text + fmt::format(R"(}}
+map $orivanta_allowed_origin $orivanta_exposed_headers {{
+  default "{}";
+  "" "";
+}}
+map "$request_method $http_origin $orivanta_allowed_origin" $orivanta_preflight {{
+  "~^OPTIONS \S+ \S" 1;
+}}
+)",
+                            server::CrossOrigin::exposedHeaders);
+}
+
+// Headers that are set within "if" replace those of the location.
+std::string crossOriginHeaders(const server::CrossOrigin& crossOrigin) {
+  if (!allowsAny(crossOrigin)) return {};
+  const auto headers = [&](std::string_view indent) {
+    return fmt::format(
+        "{0}add_header Access-Control-Allow-Origin $orivanta_allowed_origin always;\n"
+        "{1}",
+        indent,
+        crossOrigin.allowsAll() ? std::string()
+                                : fmt::format("{}add_header Vary Origin always;\n", indent));
+  };
+  return fmt::format(
+      R"({}  add_header Access-Control-Expose-Headers $orivanta_exposed_headers always;
+  if ($orivanta_preflight) {{
+{}    add_header Access-Control-Allow-Methods "GET, HEAD";
+    add_header Access-Control-Allow-Headers $http_access_control_request_headers;
+    add_header Access-Control-Max-Age 86400;
+    return 204;
+  }}
+)",
+      headers("  "), headers("    "));
+}
+
 }  // namespace
 
 std::string nginxMaps(const std::vector<PublishedVenue>& venues,
-                      const std::vector<std::string>& listLanguages) {
+                      const std::vector<std::string>& listLanguages,
+                      const server::CrossOrigin& crossOrigin) {
   std::string text = "# Written by `orivanta publish`. Include it in the http block.\n";
+  text += crossOriginMaps(crossOrigin);
   text += languageMap("orivanta_list_language", listLanguages);
   std::map<std::vector<std::string>, std::string> variables;  // venues with equal languages share
   std::string folders = "map $arg_venue $orivanta_venue {\n  default \"\";\n";
@@ -61,8 +113,9 @@ std::string nginxMaps(const std::vector<PublishedVenue>& venues,
   return text + folders + "}\n";
 }
 
-std::string nginxLocations(const std::vector<PublishedVenue>& venues, const std::string& path) {
-  static constexpr std::string_view common = R"(  default_type application/json;
+std::string nginxLocations(const std::vector<PublishedVenue>& venues, const std::string& path,
+                           const server::CrossOrigin& crossOrigin) {
+  const std::string common = crossOriginHeaders(crossOrigin) + R"(  default_type application/json;
   gzip_static on;
   gzip_vary on;
   add_header Cache-Control no-cache;

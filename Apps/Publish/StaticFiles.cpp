@@ -25,7 +25,6 @@ using PackagePointer = std::shared_ptr<const VenuePackage>;
 
 namespace {
 
-constexpr std::size_t smallestCompressed = 1024;  // as in the server
 constexpr std::string_view defaultLanguage = "default";
 
 bool isLetterOrDigit(char character) {
@@ -181,7 +180,7 @@ class Writer {
     folder_.write(name, bytes);
     ++result.files;
     result.bytes += bytes.size();
-    const std::string compressed = isText && bytes.size() >= smallestCompressed
+    const std::string compressed = isText && bytes.size() >= server::smallestCompressed
                                        ? server::gzipped(bytes, server::GzipLevel::smallest)
                                        : std::string();
     if (!compressed.empty()) folder_.write(name.string() + ".gz", compressed);
@@ -195,15 +194,15 @@ class Writer {
 }  // namespace
 
 Publication publishVenues(const std::vector<PackagePointer>& packages, const fs::path& folder,
-                          std::string baseUrl) {
+                          std::string baseUrl, const server::CrossOrigin& crossOrigin) {
   const std::string path = pathOf(baseUrl);
   ReplacedFolder replaced(replaceable(folder, packages), "publish");
   Writer writer(replaced, std::move(baseUrl));
   for (const PackagePointer& package : packages) writer.writeVenue(*package);
   const server::PackageSet set(packages);
   const auto languages = writer.writeList(set.venues);
-  replaced.write("nginx/maps.conf", nginxMaps(writer.result.venues, languages));
-  replaced.write("nginx/locations.conf", nginxLocations(writer.result.venues, path));
+  replaced.write("nginx/maps.conf", nginxMaps(writer.result.venues, languages, crossOrigin));
+  replaced.write("nginx/locations.conf", nginxLocations(writer.result.venues, path, crossOrigin));
   replaced.commit();
   return std::move(writer.result);
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Apps/Publish/NginxFragment.hpp"
+#include "Apps/Server/CrossOrigin.hpp"
 #include "Apps/Server/VenuePackage.hpp"
 
 namespace orivanta::publish {
@@ -36,12 +37,13 @@ struct Publication {
 /// - `nginx/maps.conf` and `nginx/locations.conf`;
 /// - beside each text of at least 1 KiB, its copy in gzip format, with ".gz" at the end.
 ///
-/// The language "default" has the names without a language. `baseUrl` is the URL of the folder,
-/// such as "https://maps.example" or "https://cdn.example/maps". The folder is replaced when
-/// everything is written. Throws `PublishError` if a slug or the URL is not usable, or if the
-/// folder exists and was not published before, and `std::runtime_error` if a file cannot be read or
-/// written.
+/// The language "default" has the names without a language. nginx answers web pages as
+/// `crossOrigin` allows. `baseUrl` is the URL of the folder, such as "https://maps.example" or
+/// "https://cdn.example/maps". The folder is replaced when everything is written. Throws
+/// `PublishError` if a slug or the URL is not usable, or if the folder exists and was not published
+/// before, and `std::runtime_error` if a file cannot be read or written.
 Publication publishVenues(const std::vector<std::shared_ptr<const server::VenuePackage>>& packages,
-                          const std::filesystem::path& folder, std::string baseUrl);
+                          const std::filesystem::path& folder, std::string baseUrl,
+                          const server::CrossOrigin& crossOrigin = {});
 
 }  // namespace orivanta::publish

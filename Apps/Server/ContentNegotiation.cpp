@@ -89,6 +89,10 @@ bool acceptsGzip(std::string_view acceptEncoding) {
   return gzip > 0 && gzip >= weightOf(list, "identity").value_or(0);
 }
 
+bool acceptsHtml(std::string_view accept) {
+  return weightOf(parseWeightedList(accept), "text/html").value_or(0) > 0;
+}
+
 std::vector<std::string> languagesToLookUp(std::string_view acceptLanguage) {
   std::vector<Weighted> ranges = parseWeightedList(acceptLanguage);
   std::stable_sort(ranges.begin(), ranges.end(), [](const Weighted& left, const Weighted& right) {
@@ -117,6 +121,10 @@ bool namesEntityTag(std::string_view ifNoneMatch, std::string_view entityTag) {
 
 std::string entityTagOf(std::string_view bytes, std::string_view suffix) {
   return fmt::format("\"{:016x}-{:x}{}\"", foundation::Fnv::of(bytes), bytes.size(), suffix);
+}
+
+std::string gzipTag(std::string entityTag) {
+  return entityTag.insert(entityTag.size() - 1, "-gzip");
 }
 
 }  // namespace orivanta::server

@@ -11,6 +11,9 @@ namespace orivanta::server {
 /// Fills the buffer with at most `count` further bytes and returns their number; 0 at the end.
 using ByteSource = std::function<std::size_t(char* bytes, std::size_t count)>;
 
+/// Compressing smaller texts saves too little.
+constexpr std::size_t smallestCompressed = 1024;
+
 enum class GzipLevel { fastest, smallest };
 
 /// The bytes in gzip format (RFC 1952). The output depends only on the input and the level.

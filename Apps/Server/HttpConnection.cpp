@@ -42,9 +42,11 @@ std::uint64_t leastInWindow(const ConnectionLimits& limits) {
 
 }  // namespace
 
-ServerContext::ServerContext(RequestHandler answer, const ConnectionLimits& bounds)
+ServerContext::ServerContext(RequestHandler answer, const ConnectionLimits& bounds,
+                             CrossOrigin allowed)
     : handler(std::move(answer)),
       limits(bounds),
+      crossOrigin(std::move(allowed)),
       table(bounds.connections, 2 * lookInterval(bounds), bounds.rateWindow) {}
 
 // A response being sent.
@@ -127,7 +129,10 @@ void HttpConnection::answer() {
   if (!enter(Phase::working)) return;
   Response response;
   try {
-    response = context_->handler(requestFrom(parser_->get(), fromTrustedProxy_));
+    const Request request = requestFrom(parser_->get(), fromTrustedProxy_);
+    if (auto preflight = context_->crossOrigin.preflight(request))
+      return respond(std::move(*preflight));
+    response = context_->handler(request);
     if (response.deferred) return answerDeferred(std::move(response));
     if (response.status == 503 && ++attempts_ < mostAttempts) return answerLater();
   } catch (...) {
@@ -140,15 +145,21 @@ void HttpConnection::answer() {
 void HttpConnection::respond(Response response) {
   const auto& request = parser_->get();
   const bool keepAlive = request.keep_alive() && response.status != 500;
-  std::shared_ptr<Outgoing> outgoing;
+  std::shared_ptr<Outgoing> sent;
   try {
-    outgoing =
-        std::make_shared<Outgoing>(messageFrom(std::move(response), request.version(), keepAlive));
+    sent = outgoing(std::move(response), request.version(), keepAlive);
   } catch (...) {
-    outgoing = std::make_shared<Outgoing>(
-        messageFrom(errorResponse(500, "An internal error occurred."), request.version(), false));
+    sent = outgoing(errorResponse(500, "An internal error occurred."), request.version(), false);
   }
-  send(std::move(outgoing));
+  send(std::move(sent));
+}
+
+// If the request could not be read, its Origin header may be missing.
+std::shared_ptr<HttpConnection::Outgoing> HttpConnection::outgoing(Response response,
+                                                                   unsigned version,
+                                                                   bool keepAlive) const {
+  context_->crossOrigin.addHeaders(originOf(parser_->get()), response);
+  return std::make_shared<Outgoing>(messageFrom(std::move(response), version, keepAlive));
 }
 
 // The callback holds no reference, because it may be destroyed after the socket's context.
@@ -183,7 +194,7 @@ void HttpConnection::answerLater() {
 
 void HttpConnection::refuse(Response response) {
   if (!enter(Phase::working)) return;
-  send(std::make_shared<Outgoing>(messageFrom(std::move(response), 11, false)));
+  send(outgoing(std::move(response), 11, false));
 }
 
 void HttpConnection::send(std::shared_ptr<Outgoing> outgoing) {

@@ -13,16 +13,18 @@
 
 #include "Apps/Server/ConnectionLimits.hpp"
 #include "Apps/Server/ConnectionTable.hpp"
+#include "Apps/Server/CrossOrigin.hpp"
 #include "Apps/Server/WireMessage.hpp"
 
 namespace orivanta::server {
 
 /// Shared by all connections of a server.
 struct ServerContext {
-  ServerContext(RequestHandler answer, const ConnectionLimits& bounds);
+  ServerContext(RequestHandler answer, const ConnectionLimits& bounds, CrossOrigin allowed = {});
 
   const RequestHandler handler;
   const ConnectionLimits limits;
+  const CrossOrigin crossOrigin;
   ConnectionTable table;
 };
 
@@ -56,6 +58,7 @@ class HttpConnection : public std::enable_shared_from_this<HttpConnection> {
   void answerDeferred(Response response);
   void respond(Response response);
   void refuse(Response response);
+  std::shared_ptr<Outgoing> outgoing(Response response, unsigned version, bool keepAlive) const;
   void send(std::shared_ptr<Outgoing> outgoing);
   void write(std::shared_ptr<Outgoing> outgoing);
   void recordProgress();

@@ -53,6 +53,7 @@ void tune(tcp::socket& socket) {
 Listener::Listener(asio::io_context& context, Options options)
     : context_(context),
       limits_(options.limits),
+      crossOrigin_(std::move(options.crossOrigin)),
       acceptor_(asio::make_strand(context)),
       retry_(acceptor_.get_executor()) {
   for (const std::string& proxy : options.trustedProxies)
@@ -70,7 +71,7 @@ Listener::Listener(asio::io_context& context, Options options)
 }
 
 void Listener::start(RequestHandler handler) {
-  shared_ = std::make_shared<ServerContext>(std::move(handler), limits_);
+  shared_ = std::make_shared<ServerContext>(std::move(handler), limits_, crossOrigin_);
   asio::post(acceptor_.get_executor(),
              [self = shared_from_this()] { self->attempt(&Listener::accept); });
 }

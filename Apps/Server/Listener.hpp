@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "Apps/Server/ConnectionLimits.hpp"
+#include "Apps/Server/CrossOrigin.hpp"
 #include "Apps/Server/Message.hpp"
 
 namespace orivanta::server {
@@ -25,6 +26,7 @@ class Listener : public std::enable_shared_from_this<Listener> {
     std::uint16_t port = 0;
     ConnectionLimits limits{};
     std::vector<std::string> trustedProxies{};  ///< IP addresses
+    CrossOrigin crossOrigin{};
   };
 
   /// Listens, but does not accept connections yet. Throws `std::system_error` if the address is
@@ -49,6 +51,7 @@ class Listener : public std::enable_shared_from_this<Listener> {
 
   boost::asio::io_context& context_;
   const ConnectionLimits limits_;
+  const CrossOrigin crossOrigin_;
   std::vector<boost::asio::ip::address> trustedProxies_;
   boost::asio::ip::tcp::acceptor acceptor_;  // on a strand, like all members below
   boost::asio::steady_timer retry_;

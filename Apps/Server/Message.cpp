@@ -13,6 +13,15 @@ std::string Response::header(std::string_view name) const {
   return {};
 }
 
+void Response::setHeader(std::string_view name, std::string_view value) {
+  for (auto& [key, old] : headers)
+    if (key == name) {
+      old = value;
+      return;
+    }
+  headers.emplace_back(name, value);
+}
+
 std::uint64_t Response::contentLength() const {
   if (file) return file->size();
   return text ? text->size() : 0;
@@ -24,6 +33,13 @@ Response errorResponse(unsigned status, std::string_view message) {
   response.status = status;
   response.headers = {{"Content-Type", "application/json"}};
   response.text = std::make_shared<const std::string>(boost::json::serialize(body));
+  return response;
+}
+
+std::optional<Response> methodRefusal(const Request& request) {
+  if (request.method == "GET" || request.method == "HEAD") return std::nullopt;
+  Response response = errorResponse(405, "Only GET and HEAD are supported.");
+  response.headers.emplace_back("Allow", "GET, HEAD");
   return response;
 }
 

@@ -21,12 +21,18 @@ struct Request {
   std::string target = "/";
   std::string host{};
   std::string authorization{};
+  std::string accept{};
   std::string acceptEncoding{};
   std::string acceptLanguage{};
   std::string ifNoneMatch{};
   /// X-Forwarded-Proto and X-Forwarded-Host. Empty unless a trusted proxy sent the request.
   std::string forwardedProtocol{};
   std::string forwardedHost{};
+  std::string origin{};  ///< of the web page that sends the request
+  /// Access-Control-Request-Method, -Headers and -Private-Network.
+  std::string requestedMethod{};
+  std::string requestedHeaders{};
+  std::string requestedPrivateNetwork{};
 };
 
 /// The bytes that represent a resource, ready to be sent.
@@ -49,6 +55,8 @@ struct Response {
 
   /// The value of the first header with exactly this name, or "".
   std::string header(std::string_view name) const;
+  /// Replaces the first header with exactly this name, or adds one.
+  void setHeader(std::string_view name, std::string_view value);
   std::uint64_t contentLength() const;
 };
 
@@ -58,6 +66,9 @@ using RequestHandler = std::function<Response(const Request&)>;
 
 /// A response whose body is {"error": {"status": ..., "message": ...}}.
 Response errorResponse(unsigned status, std::string_view message);
+
+/// 405 unless the method is GET or HEAD.
+std::optional<Response> methodRefusal(const Request& request);
 
 /// 503: a resource is temporarily unavailable, and the client may retry after a second.
 Response unavailableResponse(std::string_view message);

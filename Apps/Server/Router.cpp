@@ -5,11 +5,11 @@
 
 #include <algorithm>
 #include <boost/algorithm/string/predicate.hpp>
-#include <stdexcept>
 #include <system_error>
 #include <utility>
 
 #include "Apps/Server/ContentNegotiation.hpp"
+#include "Apps/Server/FileResponse.hpp"
 #include "Apps/Server/Gzip.hpp"
 #include "Apps/Server/Paging.hpp"
 
@@ -20,10 +20,8 @@ namespace {
 constexpr std::size_t cacheBytes = 64U << 20U;
 // Slow clients could otherwise hold one page per connection.
 constexpr std::size_t mostBytesInUse = 256U << 20U;
-// Compressing smaller texts saves too little.
-constexpr std::size_t smallestCompressed = 1024;
-// Larger files are not compressed, because the result is kept in memory.
-constexpr std::size_t largestCompressed = 32U << 20U;
+constexpr std::string_view picturePolicy =
+    "default-src 'none'; style-src 'unsafe-inline'; img-src data:; sandbox";
 
 // The client's languages that the collection has, best first.
 std::vector<RecordCollection::Language> preferredLanguages(const Request& request,
@@ -36,27 +34,10 @@ bool isCollectionName(std::string_view name) {
   return std::find(collectionNames.begin(), collectionNames.end(), name) != collectionNames.end();
 }
 
-std::string gzipTag(std::string entityTag) {
-  return entityTag.insert(entityTag.size() - 1, "-gzip");
-}
-
 Representation represented(std::string body, bool gzipAccepted) {
   std::string entityTag = entityTagOf(body);
   if (!gzipAccepted || body.size() < smallestCompressed) return {std::move(body), entityTag};
   return {gzipped(body), gzipTag(std::move(entityTag)), true};
-}
-
-std::string tagOf(const PackageFile& file) { return fmt::format("\"{}\"", file.version()); }
-
-std::string gzippedFile(const PackageFile& file) {
-  std::uint64_t position = 0;
-  std::string bytes = gzipped([&](char* chunk, std::size_t count) {
-    const std::size_t read = file.read(position, chunk, count);
-    position += read;
-    return read;
-  });
-  if (position < file.size()) throw std::runtime_error("the file was truncated while it was read");
-  return bytes;
 }
 
 // Returns the last element of a header: the one that the proxy itself appended.
@@ -71,16 +52,11 @@ Router::Router(std::vector<VenuePackage> packages, Options options)
     : options_(std::move(options)),
       packages_(std::move(packages), options_.packageCheckInterval, options_.report),
       closures_(options_.report),
-      cache_(cacheBytes, mostBytesInUse) {}
+      cache_(cacheBytes, mostBytesInUse),
+      webPage_(options_.web, cache_) {}
 
 Response Router::respond(const Request& request) {
-  Response response;
-  if (options_.credentials && !options_.credentials->admit(request.authorization)) {
-    response = errorResponse(401, "A user name and a password are required.");
-    response.headers.emplace_back("WWW-Authenticate", R"(Basic realm="venues", charset="UTF-8")");
-  } else {
-    response = respondToAdmitted(request);
-  }
+  Response response = respondWithBody(request);
   const bool bodyOmitted = request.method == "HEAD";
   if (response.deferred && bodyOmitted)
     response.deferred =
@@ -94,13 +70,19 @@ Response Router::respond(const Request& request) {
   return response;
 }
 
-Response Router::respondToAdmitted(const Request& request) {
-  if (request.method != "GET" && request.method != "HEAD") {
-    Response response = errorResponse(405, "Only GET and HEAD are supported.");
-    response.headers.emplace_back("Allow", "GET, HEAD");
-    return response;
-  }
+Response Router::respondWithBody(const Request& request) {
   const auto target = parseTarget(request.target);
+  if (target && webPage_.contains(*target))
+    return webPage_.respond(request, *target, originFor(request));
+  if (!options_.credentials || options_.credentials->admit(request.authorization))
+    return respondToAdmitted(request, target);
+  Response response = errorResponse(401, "A user name and a password are required.");
+  response.headers.emplace_back("WWW-Authenticate", R"(Basic realm="venues", charset="UTF-8")");
+  return response;
+}
+
+Response Router::respondToAdmitted(const Request& request, const std::optional<Target>& target) {
+  if (auto refusal = methodRefusal(request)) return std::move(*refusal);
   if (!target) return errorResponse(400, "The request target is malformed.");
   const auto packages = packages_.current();
   const auto& path = target->path;
@@ -202,25 +184,10 @@ Response Router::file(const Request& request, const Target& target, const Packag
   if (shortage) return unavailableResponse("The file cannot be opened at the moment.");
   if (!opened) return errorResponse(404, "The file does not exist.");
   const MediaType type = mediaTypeOf(segments.back());
-  if (type.isText && acceptsGzip(request.acceptEncoding))
-    if (const auto compressed = compressedFile(*opened))
-      return representationResponse(request, compressed, type.name, "Accept-Encoding");
-  const auto unread = std::make_shared<const Representation>(Representation{{}, tagOf(*opened)});
-  Response response =
-      representationResponse(request, unread, type.name, type.isText ? "Accept-Encoding" : "");
-  response.text = nullptr;
-  if (response.status == 200) response.file = std::move(opened);
+  Response response = fileResponse(request, std::move(*opened), type, cache_);
+  // Opened by itself, such a picture could run scripts with the rights of the web page.
+  if (type.name == "image/svg+xml") response.setHeader("Content-Security-Policy", picturePolicy);
   return response;
-}
-
-// Returns null if the file should be sent uncompressed. This includes a file that is being
-// compressed for another client, because waiting would block a thread that other clients need.
-std::shared_ptr<const Representation> Router::compressedFile(const PackageFile& file) {
-  if (file.size() < smallestCompressed || file.size() > largestCompressed) return nullptr;
-  const std::string entityTag = gzipTag(tagOf(file));
-  return cache_.getWithoutWaiting("file " + entityTag, [&] {
-    return Representation{gzippedFile(file), entityTag, true};
-  });
 }
 
 std::string Router::originFor(const Request& request) const {

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -18,6 +19,7 @@
 #include "Apps/Server/RepresentationCache.hpp"
 #include "Apps/Server/UrlText.hpp"
 #include "Apps/Server/VenuePackage.hpp"
+#include "Apps/Server/WebPage.hpp"
 
 namespace orivanta::server {
 
@@ -28,7 +30,8 @@ namespace orivanta::server {
 ///   `?venue=SLUG`: a collection of a venue;
 /// - `/1/closure?venue=SLUG`: what the operator has closed, from the package's closure.json;
 /// - `/1/route?venue=SLUG&from=PLACE&to=PLACE`: a route with instructions, see Docs/RouteApi.md;
-/// - `/1/files/SLUG/...`: the files of a package.
+/// - `/1/files/SLUG/...`: the files of a package;
+/// - all paths that do not begin with `/1`: the web page, see `WebPage`.
 ///
 /// Collections are paged: `page` (from 1) and `per-page` select a page, and a `Link` header names
 /// the others. References from records to files become absolute URLs. Their origin is the
@@ -40,13 +43,16 @@ class Router {
   struct Options {
     std::string origin;  ///< replaces the host of a request that has none: "http://127.0.0.1:80"
     std::size_t pageSize = 100;
-    std::optional<Credentials> credentials;        ///< if set, required of every request
+    /// If set, required of every request except those for the web page.
+    std::optional<Credentials> credentials;
     std::optional<std::string> publicOrigin = {};  ///< if set, used in all URLs
     std::chrono::milliseconds packageCheckInterval = std::chrono::seconds(1);
     std::function<void(const std::string&)> report = nullptr;  ///< see `PackageStore`
+    std::optional<std::filesystem::path> web = {};             ///< the folder of the web page
   };
   static constexpr std::size_t largestPageSize = 10'000;
 
+  /// Throws `std::invalid_argument` if there is no web page in its folder.
   Router(std::vector<VenuePackage> packages, Options options);
 
   /// Thread-safe. The response for a route is deferred.
@@ -62,7 +68,8 @@ class Router {
     const RecordCollection& records;
   };
 
-  Response respondToAdmitted(const Request& request);
+  Response respondWithBody(const Request& request);
+  Response respondToAdmitted(const Request& request, const std::optional<Target>& target);
   static std::shared_ptr<const VenuePackage> packageOf(const Target& target,
                                                        const PackageSet& packages, Response& error);
   Response collection(const Request& request, const Target& target, const PackageSet& packages);
@@ -70,7 +77,6 @@ class Router {
   Response page(const Request& request, const Target& target, const Paged& paged);
   Response route(const Request& request, const Target& target, const PackageSet& packages);
   Response file(const Request& request, const Target& target, const PackageSet& packages);
-  std::shared_ptr<const Representation> compressedFile(const PackageFile& file);
   std::string originFor(const Request& request) const;
 
   Options options_;
@@ -78,6 +84,7 @@ class Router {
   ClosureStore closures_;
   GuideService guides_;
   RepresentationCache cache_;
+  WebPage webPage_;
 };
 
 }  // namespace orivanta::server

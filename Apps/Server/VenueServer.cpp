@@ -83,12 +83,13 @@ class VenueServer::Implementation {
     std::optional<Credentials> credentials = credentialsOf(options);
     std::vector<VenuePackage> packages = readPackages(options.folders);
     listener_ = std::make_shared<Listener>(
-        context_,
-        Listener::Options{options.address, options.port, options.limits, options.trustedProxies});
+        context_, Listener::Options{options.address, options.port, options.limits,
+                                    options.trustedProxies, CrossOrigin(options.allowedOrigins)});
     origin_ = originOf(listener_->endpoint());
-    router_.emplace(std::move(packages),
-                    Router::Options{origin_, options.pageSize, std::move(credentials),
-                                    options.origin, options.packageCheckInterval, options.report});
+    router_.emplace(
+        std::move(packages),
+        Router::Options{origin_, options.pageSize, std::move(credentials), options.origin,
+                        options.packageCheckInterval, options.report, options.web});
     listener_->start([this](const Request& request) { return router_->respond(request); });
     const unsigned threadCount = std::clamp(std::thread::hardware_concurrency(), 2U, 4U);
     for (unsigned count = 0; count < threadCount; ++count) threads_.add();

@@ -21,7 +21,8 @@ struct ServerOptions {
   std::vector<std::filesystem::path> folders;
   std::string address = "127.0.0.1";  ///< IPv4 or IPv6, or "localhost"
   std::uint16_t port = 0;             ///< 0 selects a free port
-  /// Both or neither. If set, every request must carry them (HTTP Basic).
+  /// Both or neither. If set, every request must carry them (HTTP Basic), except requests for the
+  /// web page.
   std::optional<std::string> username;
   std::optional<std::string> password;
   std::size_t pageSize = 100;  ///< default number of records per page; at least 1
@@ -31,6 +32,11 @@ struct ServerOptions {
   /// IP addresses of trusted proxies. Their X-Forwarded-Proto and X-Forwarded-Host headers
   /// determine the URLs in the response; those of other clients are ignored.
   std::vector<std::string> trustedProxies;
+
+  /// Origins such as "https://maps.example" whose web pages may read responses; "*" allows all.
+  std::vector<std::string> allowedOrigins;
+  /// Folder with the web page at "/". Without a folder, "/" says how to make one.
+  std::optional<std::filesystem::path> web;
 
   ConnectionLimits limits;
   /// How often the packages on the disk are checked. A package that was replaced is read again; if
@@ -46,7 +52,8 @@ class VenueServer {
  public:
   /// Reads the packages and starts to listen. Throws `PackageError` for an invalid package,
   /// `std::system_error` if the address or the port is not available, and `std::invalid_argument`
-  /// for contradictory options, an invalid origin, or an invalid address of a proxy.
+  /// for contradictory options, an invalid origin, an invalid address of a proxy, or a folder that
+  /// has no web page.
   explicit VenueServer(const ServerOptions& options);
   /// Closes all connections, even while a response is being sent.
   ~VenueServer();

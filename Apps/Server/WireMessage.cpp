@@ -47,15 +47,22 @@ Response unreadableResponse(const boost::beast::error_code& error) {
   return errorResponse(statusOf(error), "The request cannot be read: " + error.message() + ".");
 }
 
+std::string originOf(const http::fields& header) { return joined(header, http::field::origin); }
+
 Request requestFrom(const WireRequest& message, bool fromTrustedProxy) {
   Request request;
   request.method = message.method_string();
   request.target = message.target();
   request.host = joined(message, http::field::host);
   request.authorization = joined(message, http::field::authorization);
+  request.accept = joined(message, http::field::accept);
   request.acceptEncoding = joined(message, http::field::accept_encoding);
   request.acceptLanguage = joined(message, http::field::accept_language);
   request.ifNoneMatch = joined(message, http::field::if_none_match);
+  request.origin = originOf(message);
+  request.requestedMethod = joined(message, http::field::access_control_request_method);
+  request.requestedHeaders = joined(message, http::field::access_control_request_headers);
+  request.requestedPrivateNetwork = joined(message, "Access-Control-Request-Private-Network");
   if (fromTrustedProxy) {
     request.forwardedProtocol = joined(message, "X-Forwarded-Proto");
     request.forwardedHost = joined(message, "X-Forwarded-Host");
@@ -70,7 +77,8 @@ WireResponse messageFrom(Response response, unsigned version, bool keepAlive) {
               fmt::format("{:%a, %d %b %Y %H:%M:%S} GMT", fmt::gmtime(std::time(nullptr))));
   message.set("X-Content-Type-Options", "nosniff");
   for (const auto& [name, value] : response.headers) message.set(name, value);
-  if (response.status != 304) message.content_length(response.contentLength());
+  if (response.status != 304 && response.status != 204)
+    message.content_length(response.contentLength());
   message.keep_alive(keepAlive);
   if (!response.bodyOmitted) message.body() = {std::move(response.text), std::move(response.file)};
   return message;

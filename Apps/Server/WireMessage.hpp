@@ -22,6 +22,9 @@ std::optional<Response> refusalOf(const boost::beast::http::request_header<>& he
 /// The response to bytes that the parser rejected. The connection cannot be used afterwards.
 Response unreadableResponse(const boost::beast::error_code& error);
 
+/// The Origin header, or "" if there is none.
+std::string originOf(const boost::beast::http::fields& header);
+
 /// Reads the X-Forwarded-... headers only if a trusted proxy sent the request.
 Request requestFrom(const WireRequest& message, bool fromTrustedProxy);
 

@@ -102,6 +102,11 @@ void addPublish(CLI::App& app, CommandLine& line) {
   command.add_option("--base-url", options.baseUrl, "URL at which clients will find the folder")
       ->required()
       ->type_name("URL");
+  command
+      .add_option("--allow-origin", options.allowedOrigins,
+                  "Origin whose web pages nginx lets read responses, or *; may be repeated")
+      ->type_name("URL")
+      ->allow_extra_args(false);
   command.add_flag("--force", options.force, "Publish packages with violations");
   command.callback(
       [&line, &options] { line.chosen = [&options] { return publishVenues(options); }; });

@@ -140,6 +140,8 @@ TEST_F(Command, RefusesWrongUse) {
       {{"serve", package, "--port", "0", "--origin", "maps.example"}, "maps.example"},
       {{"serve", package, "--port", "0", "--origin", "http://h/path"}, "\"http://h/path\""},
       {{"serve", package, "--port", "0", "--trusted-proxy", "proxy"}, "proxy"},
+      {{"serve", package, "--port", "0", "--allow-origin", "https://h/"}, "\"https://h/\""},
+      {{"serve", package, "--port", "0", "--web", package}, package + ": the folder has no index"},
   };
   for (const Case& each : cases) {
     const ProgramResult result = run(each.arguments);

@@ -35,10 +35,11 @@ std::uint16_t freePort() {
 }
 
 // Returns the whole response, with its head.
-std::string get(std::uint16_t port, const std::string& target, const std::string& language = "") {
+std::string get(std::uint16_t port, const std::string& target, const std::string& language = "",
+                const std::string& headers = "", const std::string& method = "GET ") {
   test::RawClient client("http://127.0.0.1:" + std::to_string(port));
-  client.send("GET " + target + " HTTP/1.1\r\nHost: h\r\nConnection: close\r\nAccept-Language: " +
-              language + "\r\n\r\n");
+  client.send(method + target + " HTTP/1.1\r\nHost: h\r\nConnection: close\r\nAccept-Language: " +
+              language + "\r\n" + headers + "\r\n");
   return client.readToEnd();
 }
 
@@ -176,6 +177,37 @@ TEST_F(Publish, NginxSelectsTheLanguageThatTheServerSelects) {
   for (const char* target :
        {"/1/map?venue=../small", "/1/map", "/1/files/small/.secret", "/1/venues/../../nginx.conf"})
     EXPECT_THAT(get(port, target), HasSubstr(" 404 ")) << target;
+}
+
+TEST_F(Publish, NginxLetsPagesOfAllowedOriginsReadResponses) {
+  const std::uint16_t port = freePort();
+  const std::string url = "http://127.0.0.1:" + std::to_string(port);
+  const std::string page = "Origin: https://a.example\r\n";
+  const std::string preflight =
+      "Access-Control-Request-Method: GET\r\n"
+      "Access-Control-Request-Headers: authorization\r\n";
+  for (const std::string allowed : {"https://A.example:443", "*"}) {
+    ASSERT_EQ(publish(url, {small(), "--allow-origin", allowed}).exitCode, 0);
+    const WebServer web(root_, root_.path() / "site", port);
+    const std::string expected =
+        "Access-Control-Allow-Origin: " + (allowed == "*" ? allowed : "https://a.example") + "\r\n";
+    for (const char* target : {"/1/venue", "/1/map?venue=small", "/1/map", "/1/files/small/none",
+                               "/small/default/1/map"}) {
+      const std::string answer = get(port, target, "", page);
+      EXPECT_THAT(answer, HasSubstr(expected)) << target;
+      EXPECT_THAT(answer, HasSubstr("Expose-Headers: ETag, Link")) << target;
+      EXPECT_EQ(answer.find("Vary: Origin") == std::string::npos, allowed == "*") << target;
+      const std::string permission = get(port, target, "", page + preflight, "OPTIONS ");
+      EXPECT_THAT(permission, testing::StartsWith("HTTP/1.1 204 ")) << target;
+      EXPECT_THAT(permission, HasSubstr(expected)) << target;
+      EXPECT_THAT(permission, HasSubstr("Allow-Headers: authorization\r\n")) << target;
+      const std::string other = "Origin: https://evil.example\r\n" + preflight;
+      const bool isOpen =
+          get(port, target, "", other, "OPTIONS ").find("Access-Control") != std::string::npos;
+      EXPECT_EQ(isOpen, allowed == "*") << target;
+    }
+  }
+  EXPECT_EQ(publish(url, {small(), "--allow-origin", "a.example"}).exitCode, 2);
 }
 
 TEST_F(Publish, ReplacesTheFolderAsAWholeAndKeepsWhatIsNotItsOwn) {
