@@ -6,7 +6,7 @@
 
 #include "Apps/Server/Gzip.hpp"
 #include "Apps/Server/Router.hpp"
-#include "Platform/Network/Inflate.hpp"
+#include "Platform/Network/Curl/Inflate.hpp"
 #include "Tests/Apps/Server/SmallPackage.hpp"
 
 namespace orivanta::server {
