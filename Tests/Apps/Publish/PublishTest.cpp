@@ -149,27 +149,15 @@ TEST_F(Publish, NginxSelectsTheLanguageThatTheServerSelects) {
   ASSERT_EQ(publish("http://127.0.0.1:" + std::to_string(port), {small()}).exitCode, 0);
   const WebServer web(root_, root_.path() / "site", port);
   const std::pair<const char*, const char*> rows[] = {{"", "Bakery"},
-                                                      {"de",
-                                                       "B\xC3\xA4"
-                                                       "ckerei"},
-                                                      {"DE-ch;q=0.9",
-                                                       "B\xC3\xA4"
-                                                       "ckerei"},
-                                                      {"de-AT",
-                                                       "B\xC3\xA4"
-                                                       "ck\""},
-                                                      {"de-at-vienna",
-                                                       "B\xC3\xA4"
-                                                       "ck\""},
+                                                      {"de", "Bäckerei"},
+                                                      {"DE-ch;q=0.9", "Bäckerei"},
+                                                      {"de-AT", "Bäck\""},
+                                                      {"de-at-vienna", "Bäck\""},
                                                       {"den, fr", "Fournil"},
                                                       {"ja, fr;q=0.5, de;q=0.1", "Fournil"},
-                                                      {"fr;q=0, de",
-                                                       "B\xC3\xA4"
-                                                       "ckerei"},
+                                                      {"fr;q=0, de", "Bäckerei"},
                                                       {"ja, ja ,ja", "Bakery"},
-                                                      {"fr ; q=0.000 ,\tde-AT",
-                                                       "B\xC3\xA4"
-                                                       "ck\""}};
+                                                      {"fr ; q=0.000 ,\tde-AT", "Bäck\""}};
   for (const auto& [header, name] : rows)
     EXPECT_THAT(get(port, "/1/location?venue=small", header),
                 HasSubstr(std::string("\"name\":\"") + name))
@@ -182,29 +170,22 @@ TEST_F(Publish, NginxSelectsTheLanguageThatTheServerSelects) {
 TEST_F(Publish, NginxLetsPagesOfAllowedOriginsReadResponses) {
   const std::uint16_t port = freePort();
   const std::string url = "http://127.0.0.1:" + std::to_string(port);
-  const std::string page = "Origin: https://a.example\r\n";
-  const std::string preflight =
-      "Access-Control-Request-Method: GET\r\n"
-      "Access-Control-Request-Headers: authorization\r\n";
+  const std::string page = "Origin: https://a.example\r\nAccess-Control-Request-Headers: x\r\n";
   for (const std::string allowed : {"https://A.example:443", "*"}) {
     ASSERT_EQ(publish(url, {small(), "--allow-origin", allowed}).exitCode, 0);
     const WebServer web(root_, root_.path() / "site", port);
-    const std::string expected =
-        "Access-Control-Allow-Origin: " + (allowed == "*" ? allowed : "https://a.example") + "\r\n";
-    for (const char* target : {"/1/venue", "/1/map?venue=small", "/1/map", "/1/files/small/none",
-                               "/small/default/1/map"}) {
+    const bool isOpen = allowed == "*";
+    const auto expected = HasSubstr(std::string("Access-Control-Allow-Origin: ") +
+                                    (isOpen ? "*" : "https://a.example") + "\r\n");
+    for (const char* target : {"/1/venue", "/1/map", "/1/files/small/none", "/small/de/1/map"}) {
       const std::string answer = get(port, target, "", page);
-      EXPECT_THAT(answer, HasSubstr(expected)) << target;
-      EXPECT_THAT(answer, HasSubstr("Expose-Headers: ETag, Link")) << target;
-      EXPECT_EQ(answer.find("Vary: Origin") == std::string::npos, allowed == "*") << target;
-      const std::string permission = get(port, target, "", page + preflight, "OPTIONS ");
-      EXPECT_THAT(permission, testing::StartsWith("HTTP/1.1 204 ")) << target;
-      EXPECT_THAT(permission, HasSubstr(expected)) << target;
-      EXPECT_THAT(permission, HasSubstr("Allow-Headers: authorization\r\n")) << target;
-      const std::string other = "Origin: https://evil.example\r\n" + preflight;
-      const bool isOpen =
-          get(port, target, "", other, "OPTIONS ").find("Access-Control") != std::string::npos;
-      EXPECT_EQ(isOpen, allowed == "*") << target;
+      EXPECT_THAT(answer, testing::AllOf(expected, HasSubstr("Expose-Headers: ETag, Link")));
+      EXPECT_EQ(answer.find("Vary: Origin") == std::string::npos, isOpen) << target;
+      const std::string permission = get(port, target, "", page, "OPTIONS ");
+      EXPECT_THAT(permission, testing::AllOf(testing::StartsWith("HTTP/1.1 204 "), expected,
+                                             HasSubstr("Allow-Headers: x\r\n")));
+      const std::string other = get(port, target, "", "Origin: https://b\r\n", "OPTIONS ");
+      EXPECT_EQ(other.find("Access-Control") != std::string::npos, isOpen) << target;
     }
   }
   EXPECT_EQ(publish(url, {small(), "--allow-origin", "a.example"}).exitCode, 2);

@@ -24,7 +24,6 @@ TEST(CrossOrigin, PagesOfAllowedOriginsReadEveryResponse) {
   const std::string preflight = options + "Access-Control-Request-Method: GET\r\n";
   const std::string headers = preflight + origin + "Access-Control-Request-Headers: ";
   const Row rows[] = {
-      {"GET /1/venue" + get + origin, 200, true},
       {"GET /1/venue" + get, 200, false},
       {"GET /1/venue" + get + origin + "If-None-Match: *\r\n", 304, true},
       {"GET /1/files/mall/maps/floor.obj" + get + origin, 200, true},
@@ -36,7 +35,6 @@ TEST(CrossOrigin, PagesOfAllowedOriginsReadEveryResponse) {
       {headers + "authorization,x-more\r\n", 204, true, "authorization,x-more"},
       {headers + "x-a, x-b\r\n", 204, true, "Authorization, x-a, x-b"},
       {headers + "x: \"y\"\r\n", 204, true, "Authorization"},
-      {headers + std::string(2000, 'x') + "\r\n", 204, true, "Authorization"},
       {options + origin, 401, true},
       {preflight, 401, false},
       {preflight + "Origin: https://evil.example\r\n", 401, false},
