@@ -7,7 +7,7 @@ namespace orivanta::graphics {
 
 namespace {
 
-// At this scale, every length fits into Pango's units.
+// At this scale, every length fits into the units of Pango.
 constexpr double smallestScale = 1.0 / 64;
 
 constexpr std::size_t mostTextBytes = 10'000;

@@ -20,6 +20,7 @@ test("lines end where their script allows it", () => {
     ["東京駅の、「北」です。", "東|京|駅|の、|「北」|で|す。"],
     ["a/b c-d 3-4 foo—bar 50%", "a/|b |c-|d |3-4 |foo—|bar |50%"],
     ["สวัสดีครับผม", "สวัสดี|ครับ|ผม"],
+    ["Store™ Inc.", "Store™ |Inc."],
     ["x\u00A0y z", "x\u00A0y |z"],
     ["안녕 세계", "안|녕 |세|계"],
     ["go👩‍👩‍👧to", "go|👩‍👩‍👧|to"],
@@ -49,7 +50,7 @@ test("texts and icons look right in a browser", { timeout: 120_000 }, async (con
     ],
     "/page.mjs": ["text/javascript", readFileSync(path.join(folder, "graphics.page.mjs"))],
   };
-  for (const name of ["canvas", "drawing", "graphics", "lines", "text"])
+  for (const name of ["canvas", "drawing", "graphics", "layout", "lines", "text"])
     files[`/dist/platform/${name}.js`] = [
       "text/javascript",
       readFileSync(path.join(folder, `../../web/dist/platform/${name}.js`)),

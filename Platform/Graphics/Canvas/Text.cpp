@@ -10,7 +10,7 @@ namespace orivanta::graphics {
 
 namespace {
 
-// In the order of `readStyle` in web/src/platform/text.ts.
+// In the order of `readStyle` in web/src/platform/layout.ts.
 std::array<double, 16> numbersOf(const TextStyle& style, double scale) {
   const auto& [red, green, blue, alpha] = style.color;
   const auto& [outlineRed, outlineGreen, outlineBlue, outlineAlpha] = style.outlineColor;

@@ -23,7 +23,7 @@ function addArc(context: Context, x: number, y: number, radius: number, from: nu
 function addSteps(context: Context, numbers: Float64Array, begin: number, end: number): void {
   let isNew = false;
   for (let at = begin; at < end; at += stepLength) {
-    const [a, b, c, d, e, f] = numbers.subarray(at + 1, at + stepLength) as unknown as [number, number, number, number, number, number];
+    const [a = 0, b = 0, c = 0, d = 0, e = 0, f = 0] = numbers.subarray(at + 1, at + stepLength);
     switch (numbers[at] as Step) {
       case Step.moveTo:
         context.moveTo(a, b);

@@ -4,7 +4,8 @@
 export type Measure = (text: string) => number;
 
 // Characters at which lines break on both sides: ideographs, kana, Hangul and pictures.
-const ideographic = /^[\p{sc=Han}\p{sc=Hiragana}\p{sc=Katakana}\p{sc=Hangul}\p{Extended_Pictographic}\u3000-\u303F\uFF01-\uFF60]$/u;
+const ideographic =
+  /^(?![©®™])[\p{sc=Han}\p{sc=Hiragana}\p{sc=Katakana}\p{sc=Hangul}\p{Extended_Pictographic}\u3000-\u303F\uFF01-\uFF60]$/u;
 // Scripts without blanks between words.
 const unspaced = /^[\p{sc=Thai}\p{sc=Lao}\p{sc=Khmer}\p{sc=Myanmar}]$/u;
 const blank = /^[\t \u1680\u2000-\u2006\u2008-\u200B\u205F\u3000]$/u;
