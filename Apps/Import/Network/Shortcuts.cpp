@@ -6,6 +6,7 @@
 #include <functional>
 #include <limits>
 #include <numbers>
+#include <numeric>
 #include <queue>
 #include <tuple>
 #include <utility>
@@ -22,7 +23,13 @@ constexpr double longest = 40.0;  // meters
 constexpr std::size_t sectors = 16;
 constexpr double unknown = std::numeric_limits<double>::infinity();
 
-double tolerated(double straight) { return std::max(1.25 * straight, straight + 10.0); }
+constexpr double usualDetour = 10.0;
+// Routes that go back and forth in front of stairs or an elevator look wrong.
+constexpr double detourAtStop = 2.0;
+
+double tolerated(double straight, double detour) {
+  return std::max(1.25 * straight, straight + detour);
+}
 
 class Shortcuts {
  public:
@@ -36,19 +43,31 @@ class Shortcuts {
   }
 
   void run() {
+    std::vector<Index> all(draft_.nodes.size());
+    std::iota(all.begin(), all.end(), Index{0});
+    addFrom(all, usualDetour);
+    std::vector<Index> atStops;
+    for (const DraftEdge& edge : draft_.edges) {
+      if (draft_.nodes[edge.from].kind == NodeKind::boarding) atStops.push_back(edge.to);
+      if (draft_.nodes[edge.to].kind == NodeKind::boarding) atStops.push_back(edge.from);
+    }
+    addFrom(atStops, detourAtStop);
+  }
+
+ private:
+  using Candidate = std::tuple<double, Index, Index>;
+
+  void addFrom(const std::vector<Index>& nodes, double detour) {
     std::vector<Candidate> candidates;
-    for (Index i = 0; i < draft_.nodes.size(); ++i) collect(i, candidates);
+    for (const Index node : nodes) collect(node, detour, candidates);
     std::sort(candidates.begin(), candidates.end());
     for (const auto& [length, from, to] : candidates) {
-      search(from, tolerated(length), to);
+      search(from, tolerated(length, detour), to);
       if (costs_[to] != unknown) continue;
       draft_.addEdge(from, to, false);
       link(from, to);
     }
   }
-
- private:
-  using Candidate = std::tuple<double, Index, Index>;
 
   static std::vector<Segment> pointsOf(const Draft& draft) {
     std::vector<Segment> points;
@@ -88,16 +107,16 @@ class Shortcuts {
   }
 
   // In each direction, the nearest node in sight to which the way is long.
-  void collect(Index from, std::vector<Candidate>& candidates) {
+  void collect(Index from, double detour, std::vector<Candidate>& candidates) {
     if (!draft_.nodes[from].isMovable() || neighbors_[from].empty()) return;
     constexpr Index nowhere = 0xffffffff;
-    search(from, tolerated(longest), nowhere);
+    search(from, tolerated(longest, detour), nowhere);
     std::vector<std::pair<double, Index>> near;
     points_.eachNear(at(from), longest, [&](std::size_t i) {
       const auto to = static_cast<Index>(i);
       const double length = package::distance(at(from), at(to));
       if (to != from && length <= longest && draft_.nodes[to].isMovable() &&
-          !neighbors_[to].empty() && costs_[to] > tolerated(length))
+          !neighbors_[to].empty() && costs_[to] > tolerated(length, detour))
         near.emplace_back(length, to);
     });
     std::sort(near.begin(), near.end());

@@ -1,9 +1,11 @@
 #include "Apps/Import/Network/SourceLines.hpp"
 
 #include <algorithm>
+#include <boost/unordered/unordered_flat_map.hpp>
 #include <cmath>
 #include <limits>
 #include <set>
+#include <string_view>
 #include <tuple>
 #include <utility>
 
@@ -16,8 +18,10 @@ namespace {
 constexpr double samePlace = 0.05;  // meters
 
 // The nodes of a storey by identifier.
-std::map<std::string, Point> positionsOn(const Building& building, double level) {
-  std::map<std::string, Point> positions;
+using Positions = boost::unordered_flat_map<std::string_view, Point>;
+
+Positions positionsOn(const Building& building, double level) {
+  Positions positions;
   for (const SourceNode& node : building.sourceNodes)
     if (node.spot.level == level) positions.emplace(node.id, node.spot.position);
   return positions;
@@ -49,20 +53,21 @@ class ConnectorPairs {
 
 // Adds the nodes at which connectors stop, even if no line leads there.
 template <typename Add>
-void addStopNodes(const Building& building, double level,
-                  const std::map<std::string, Point>& positions, const Add& add) {
+void addStopNodes(const Building& building, double level, const Positions& positions,
+                  const Add& add) {
+  std::vector<std::string_view> ids;
+  ids.reserve(positions.size());
+  for (const auto& [id, position] : positions) ids.push_back(id);
+  std::sort(ids.begin(), ids.end());
   std::vector<Segment> places;
-  std::vector<const std::string*> ids;
-  for (const auto& [id, position] : positions) {
-    ids.push_back(&id);
-    places.push_back({position, position});
-  }
+  places.reserve(ids.size());
+  for (const std::string_view id : ids) places.push_back({positions.at(id), positions.at(id)});
   const SegmentGrid grid(std::move(places), 0.0);
   for (const Connector& connector : building.connectors)
     for (const Stop& stop : connector.stops) {
       if (stop.spot.level != level) continue;
       const std::size_t i = grid.nearest(stop.spot.position, samePlace);
-      if (i != SegmentGrid::none) add(*ids[i], grid.segments()[i].a);
+      if (i != SegmentGrid::none) add(ids[i], grid.segments()[i].a);
     }
 }
 
@@ -75,7 +80,7 @@ bool isWalked(LinkKind kind) {
 bool usesSourceLines(const Building& building, double level, NetworkChoice choice) {
   if (choice == NetworkChoice::derive) return false;
   if (choice == NetworkChoice::source) return true;
-  const std::map<std::string, Point> positions = positionsOn(building, level);
+  const Positions positions = positionsOn(building, level);
   return std::any_of(
       building.sourceLinks.begin(), building.sourceLinks.end(), [&](const SourceLink& link) {
         return isWalked(link.kind) && positions.contains(link.from) && positions.contains(link.to);
@@ -83,18 +88,20 @@ bool usesSourceLines(const Building& building, double level, NetworkChoice choic
 }
 
 SourceLines::SourceLines(const Building& building, double level, Draft& draft) {
-  const std::map<std::string, Point> positions = positionsOn(building, level);
+  const Positions positions = positionsOn(building, level);
   const ConnectorPairs pairs(building, level);
-  const auto nodeOf = [&](const std::string& id, Point position) {
+  const auto nodeOf = [&](std::string_view id, Point position) {
     const auto [node, isNew] = nodes_.emplace(id, 0);
-    if (isNew) node->second = draft.addNode({position, NodeKind::way, id, {}, 0.0, 0.0, 0.0, {}});
+    if (isNew)
+      node->second = draft.addNode({position, NodeKind::way, node->first, {}, 0.0, 0.0, 0.0, {}});
     return node->second;
   };
   for (const SourceLink& link : building.sourceLinks) {
+    if (!isWalked(link.kind)) continue;
     const auto from = positions.find(link.from);
+    if (from == positions.end()) continue;
     const auto to = positions.find(link.to);
-    if (!isWalked(link.kind) || from == positions.end() || to == positions.end() || from == to)
-      continue;
+    if (to == positions.end() || from == to) continue;
     if (link.kind != LinkKind::walk && pairs.contains(from->second, to->second)) continue;
     std::uint32_t first = nodeOf(link.from, from->second);
     std::uint32_t second = nodeOf(link.to, to->second);

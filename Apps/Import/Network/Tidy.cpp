@@ -66,11 +66,16 @@ Index nodeFor(const Crossing& crossing, Draft& draft) {
 class Merger {
  public:
   Merger(const Space& space, Draft& draft)
-      : space_(space), draft_(draft), into_(draft.nodes.size()), neighbors_(draft.nodes.size()) {
+      : space_(space),
+        draft_(draft),
+        into_(draft.nodes.size()),
+        hasStub_(draft.nodes.size()),
+        neighbors_(draft.nodes.size()) {
     for (Index i = 0; i < into_.size(); ++i) into_[i] = i;
     for (const DraftEdge& edge : draft.edges) {
       neighbors_[edge.from].push_back(edge.to);
       neighbors_[edge.to].push_back(edge.from);
+      if (edge.stub) hasStub_[edge.from] = hasStub_[edge.to] = true;
     }
   }
 
@@ -86,8 +91,9 @@ class Merger {
       const Index b = nodeOf(to);
       if (a == b || !draft_.nodes[a].isMovable() || !draft_.nodes[b].isMovable()) continue;
       if (package::distance(at(a), at(b)) >= near) continue;
-      // The node with more lines stays if it can.
-      const bool firstStays = neighbors_[a].size() >= neighbors_[b].size();
+      // The node in front of a door, or else that with more lines, stays if it can.
+      const bool firstStays = std::pair(hasStub_[a], neighbors_[a].size()) >=
+                              std::pair(hasStub_[b], neighbors_[b].size());
       if (!merge(firstStays ? b : a, firstStays ? a : b))
         merge(firstStays ? a : b, firstStays ? b : a);
     }
@@ -113,6 +119,7 @@ class Merger {
         return false;
     }
     into_[gone] = staying;
+    hasStub_[staying] = hasStub_[staying] || hasStub_[gone];
     std::vector<Index>& all = neighbors_[staying];
     all.insert(all.end(), neighbors_[gone].begin(), neighbors_[gone].end());
     return true;
@@ -121,6 +128,7 @@ class Merger {
   const Space& space_;
   Draft& draft_;
   std::vector<Index> into_;
+  std::vector<bool> hasStub_;
   std::vector<std::vector<Index>> neighbors_;
 };
 

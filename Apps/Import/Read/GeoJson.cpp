@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <boost/json/monotonic_resource.hpp>
 #include <boost/json/serialize.hpp>
 #include <string_view>
 #include <utility>
@@ -50,6 +51,8 @@ class Lines {
   std::size_t line_ = 1;
 };
 
+constexpr std::size_t bufferBytes = 64U << 10U;
+
 class Reader {
  public:
   Reader(const SourceFile& file, const Limits& limits, std::size_t& vertices, Findings& findings,
@@ -61,7 +64,8 @@ class Reader {
         use_(use),
         text_(withoutByteOrderMark(file.bytes)),
         lines_(text_),
-        memory_(boundedMemory(limits.bytes / 4)) {}
+        memory_(boundedMemory(limits.bytes / 4)),
+        buffer_(bufferBytes) {}
 
   GeoFrame read(bool inDegrees) {
     if (text_.substr(0, 2) == "\xFF\xFE" || text_.substr(0, 2) == "\xFE\xFF")
@@ -100,7 +104,8 @@ class Reader {
     CoordinateCheck check;
     const std::size_t step = features.size() / mostSamples + 1;
     for (std::size_t i = 0; i < features.size(); i += step) {
-      const ParsedJson parsed = parseJson(features[i], memory_);
+      json::monotonic_resource pieces(buffer_.data(), buffer_.size(), memory_);
+      const ParsedJson parsed = parseJson(features[i], &pieces);
       const json::object* object = parsed.value.if_object();
       const json::value* shape = object == nullptr ? nullptr : object->if_contains("geometry");
       GeoGeometry geometry;
@@ -145,7 +150,8 @@ class Reader {
 
   void readFeature(std::string_view text) {
     const auto offset = static_cast<std::size_t>(text.data() - text_.data());
-    ParsedJson parsed = parseJson(text, memory_);
+    json::monotonic_resource pieces(buffer_.data(), buffer_.size(), memory_);
+    ParsedJson parsed = parseJson(text, &pieces);
     if (parsed.error.empty()) {
       addFeature(parsed.value, offset);
     } else {
@@ -157,7 +163,9 @@ class Reader {
   void addFeature(json::value& value, std::size_t offset) {
     json::object* object = value.if_object();
     if (object == nullptr) return report({}, offset, "An element of the array is no feature.");
-    GeoFeature feature;
+    // Objects keep the memory of the value only if they are constructed from it.
+    const json::storage_ptr& memory = value.storage();
+    GeoFeature feature{{}, json::object(memory), json::object(memory), {}};
     feature.id = textOf(object->if_contains("id"));
     std::size_t positions = 1;
     if (const json::value* geometry = object->if_contains("geometry")) {
@@ -174,7 +182,7 @@ class Reader {
     feature.members = std::move(*object);
     if (isSwapped_)
       changePositions(feature.geometry, [](Point point) { return Point{point.y, point.x}; });
-    use_(std::move(feature));
+    use_(feature);
   }
 
   void count(std::size_t positions) {
@@ -201,6 +209,7 @@ class Reader {
   std::string_view text_;
   Lines lines_;
   json::storage_ptr memory_;
+  std::vector<unsigned char> buffer_;  // enough for most features
   bool isSwapped_ = false;
   GeoFrame result_;
 };
@@ -220,8 +229,9 @@ GeoFrame readGeoJsonInDegrees(const SourceFile& file, const Limits& limits, std:
 GeoFeatures readGeoJson(const SourceFile& file, const Limits& limits, std::size_t& vertices,
                         Findings& findings) {
   GeoFeatures result;
-  const UseFeature keep = [&](GeoFeature feature) {
-    result.features.push_back(std::move(feature));
+  const UseFeature keep = [&](GeoFeature& feature) {
+    result.features.push_back({std::move(feature.id), json::object(feature.properties, {}),
+                               json::object(feature.members, {}), std::move(feature.geometry)});
   };
   static_cast<GeoFrame&>(result) = readGeoJson(file, limits, vertices, findings, keep);
   return result;

@@ -39,13 +39,14 @@ struct GeoFeatures : GeoFrame {
   std::vector<GeoFeature> features;
 };
 
-/// Takes the features of a file one after another.
-using UseFeature = std::function<void(GeoFeature feature)>;
+/// Takes the features of a file one after another. The memory of `properties` and `members` is
+/// reused for the next feature: `use` may move the geometry, but must copy their values.
+using UseFeature = std::function<void(GeoFeature& feature)>;
 
 /// Reads a feature collection, a single feature or an array of features. A feature that cannot be
 /// read is left out with a finding. `vertices` is increased by the number of positions; beyond
 /// `limits.vertices`, and if the file is not JSON or no GeoJSON, it throws `SourceError`. The
-/// memory of all features that exist at one time is bounded, so `use` should not keep them.
+/// memory of a single feature is bounded.
 GeoFrame readGeoJson(const SourceFile& file, const Limits& limits, std::size_t& vertices,
                      Findings& findings, const UseFeature& use);
 

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <boost/json/monotonic_resource.hpp>
 #include <cmath>
 #include <map>
 #include <set>
@@ -65,26 +66,53 @@ json::array mapRecords(const PackageLayout& layout) {
   return records;
 }
 
-json::array nodeRecords(const PackageLayout& layout, const NodeLookup& lookup) {
-  const Network& network = layout.building().network;
-  std::vector<std::map<std::string, bool>> paths(network.nodes.size());  // whether one way is meant
+struct Path {
+  std::size_t target;
+  bool oneWay;
+};
+
+// The paths from each node, ordered by the identifiers of their targets. Of several to one target,
+// the first.
+std::vector<std::vector<Path>> pathsOf(const Network& network,
+                                       const std::vector<std::string>& ids) {
+  std::vector<std::vector<Path>> paths(network.nodes.size());
   for (const Edge& edge : network.edges) {
-    paths[edge.from].emplace(packageId(network.nodes[edge.to].id), edge.oneWay);
-    if (!edge.oneWay) paths[edge.to].emplace(packageId(network.nodes[edge.from].id), false);
+    paths[edge.from].push_back({edge.to, edge.oneWay});
+    if (!edge.oneWay) paths[edge.to].push_back({edge.from, false});
   }
-  json::array records;
+  for (std::vector<Path>& list : paths) {
+    std::stable_sort(list.begin(), list.end(),
+                     [&](Path a, Path b) { return ids[a.target] < ids[b.target]; });
+    list.erase(std::unique(list.begin(), list.end(),
+                           [&](Path a, Path b) { return ids[a.target] == ids[b.target]; }),
+               list.end());
+  }
+  return paths;
+}
+
+// The records of nodes are by far the most, so they share large pieces of memory.
+json::array nodeRecords(const PackageLayout& layout, const NodeLookup& lookup,
+                        const json::storage_ptr& memory) {
+  const Network& network = layout.building().network;
+  std::vector<std::string> ids;
+  ids.reserve(network.nodes.size());
+  for (const Node& node : network.nodes) ids.push_back(packageId(node.id));
+  const std::vector<std::vector<Path>> paths = pathsOf(network, ids);
+  json::array records(memory);
   for (std::size_t i = 0; i < network.nodes.size(); ++i) {
     if (!lookup.written()[i]) continue;
     const Node& node = network.nodes[i];
-    json::object record = {{"id", packageId(node.id)},
-                           {"map", layout.mapAt(node.level)},
-                           {"x", layout.toUnits(node.position.x)},
-                           {"y", layout.toUnits(node.position.y)},
-                           {"z", 0.5}};
+    json::object record({{"id", ids[i]},
+                         {"map", layout.mapAt(node.level)},
+                         {"x", layout.toUnits(node.position.x)},
+                         {"y", layout.toUnits(node.position.y)},
+                         {"z", 0.5}},
+                        memory);
     if (node.weight > 0.0) record["weight"] = node.weight;
-    json::array list;
+    json::array list(memory);
+    list.reserve(paths[i].size());
     for (const auto& [target, oneWay] : paths[i]) {
-      json::object path = {{"node", target}};
+      json::object path({{"node", ids[target]}}, memory);
       if (oneWay) path["oneWay"] = true;
       list.push_back(std::move(path));
     }
@@ -208,7 +236,10 @@ json::array makeRecords(const PackageLayout& layout, const UseRecords& use) {
   use("venue.json", venueRecord(layout));
   use("map.json", mapRecords(layout));
   use("location.json", locationRecords(layout, lookup, categories));
-  use("node.json", nodeRecords(layout, lookup));
+  {
+    json::monotonic_resource memory;
+    use("node.json", nodeRecords(layout, lookup, &memory));
+  }
   use("vortex.json", vortexRecords(layout, lookup, categories));
   use("polygon.json", polygonRecords(layout, lookup));
   json::array used = categories.records(layout.building().language);

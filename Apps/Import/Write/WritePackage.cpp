@@ -18,8 +18,10 @@ using package::ReplacedFolder;
 namespace {
 
 // Returns the records of the categories.
-boost::json::array writeRecords(const PackageLayout& layout, ReplacedFolder& folder) {
+boost::json::array writeRecords(const PackageLayout& layout, ReplacedFolder& folder,
+                                const Progress& progress) {
   return makeRecords(layout, [&](std::string_view file, const boost::json::value& records) {
+    if (progress) progress("writing", 0.0);
     const boost::json::array* list = records.if_array();
     folder.write(file,
                  list != nullptr ? package::jsonLines(*list) : package::jsonLine(records) + "\n");
@@ -43,7 +45,7 @@ void writeFloors(const PackageLayout& layout, ReplacedFolder& folder, const Prog
 void writePackage(const Building& building, const fs::path& target, const Progress& progress) {
   ReplacedFolder folder(target, "import");
   const PackageLayout layout(building);
-  const boost::json::array categories = writeRecords(layout, folder);
+  const boost::json::array categories = writeRecords(layout, folder, progress);
   writeFloors(layout, folder, progress);
   writeImages(layout, folder.path() / "images");
   writeSigns(categories, folder.path() / "images" / "places");

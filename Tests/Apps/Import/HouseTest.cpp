@@ -184,6 +184,8 @@ TEST(House, IsTheSameInEveryFormat) {
   ASSERT_EQ(ways.size(), 144U);
   // Along the corridor, from the middle of one room to the middle of the next.
   EXPECT_NEAR(ways.at({"Linden Café", "Library"}), 22.0, 2.0);
+  // From the stairs straight to the next door.
+  EXPECT_LT(ways.at({"Linden Café", "Studio"}), 38.5);
   EXPECT_EQ(connectorsOf(first), (std::multiset<std::pair<ConnectorKind, std::vector<double>>>{
                                      {ConnectorKind::elevator, {0, 1, 2}},
                                      {ConnectorKind::escalator, {0, 1}},

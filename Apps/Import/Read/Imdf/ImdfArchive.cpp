@@ -42,7 +42,7 @@ class Reader {
     double done = 0.0;
     for (SourceFile& file : files) {
       if (options_.progress)
-        options_.progress("reading", done++ / static_cast<double>(files.size()));
+        options_.progress("reading", imdfFilesShare * done++ / static_cast<double>(files.size()));
       const std::string name = fileName(file);
       if (name.ends_with(".geojson") || (name.ends_with(".json") && name != "manifest.json"))
         readFeatures(file);
@@ -83,9 +83,8 @@ class Reader {
   void readFeatures(const SourceFile& file) {
     GeoFrame collection;
     try {
-      collection =
-          readGeoJsonInDegrees(file, options_.limits, vertices_, findings_,
-                               [&](GeoFeature feature) { addFeature(file, std::move(feature)); });
+      collection = readGeoJsonInDegrees(file, options_.limits, vertices_, findings_,
+                                        [&](GeoFeature& feature) { addFeature(file, feature); });
     } catch (const std::bad_alloc&) {
       throw SourceError(file.name + ": its properties take too much memory; import a part of it");
     } catch (const CoordinateError&) {
@@ -101,7 +100,7 @@ class Reader {
              "It is read nevertheless.", "Put the features into a FeatureCollection.");
   }
 
-  void addFeature(const SourceFile& file, GeoFeature data) {
+  void addFeature(const SourceFile& file, GeoFeature& data) {
     ImdfFeature feature;
     feature.file = archive_.texts.keep(file.name);
     feature.type = archive_.texts.keep(typeOf(file, data));

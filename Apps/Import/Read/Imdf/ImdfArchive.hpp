@@ -67,6 +67,9 @@ struct ImdfArchive {
 /// The identifiers that a relationship names, in order: origin, intermediary, destination.
 std::vector<std::string> imdfMembers(const ImdfFeature& relationship);
 
+/// The part of the reading's progress that is made when all files are read.
+constexpr double imdfFilesShare = 0.6;
+
 /// Reads all files, and releases the contents of each. Breaches of the rules for files, identifiers
 /// and types become findings. Throws `SourceError` if there are too many positions or properties.
 ImdfArchive readImdfArchive(std::vector<SourceFile> files, const Options& options,

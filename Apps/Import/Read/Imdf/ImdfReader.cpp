@@ -175,6 +175,10 @@ Building readImdf(std::vector<SourceFile> files, const Options& options, Finding
   const ImdfArchive archive = readImdfArchive(std::move(files), options, findings);
   if (archive.ofType("level").empty())
     throw SourceError(archive.file + ": no level.geojson with levels; is this an IMDF archive?");
+  const auto tell = [&](double share) {
+    if (options.progress) options.progress("reading", share);
+  };
+  tell(imdfFilesShare);
   checkImdf(archive, findings);
   if (!options.building.empty()) requireBuilding(archive, options.building);
   Building building;
@@ -185,8 +189,11 @@ Building readImdf(std::vector<SourceFile> files, const Options& options, Finding
     throw SourceError(archive.file +
                       ": no level has an ordinal and belongs to the building; add ordinals to "
                       "level.geojson");
+  tell(0.8);
   readImdfAreas(import);
+  tell(0.85);
   readImdfPlaces(import);
+  tell(0.95);
   readImdfConnectors(import);
   reportUnused(archive, findings);
   if (const auto addresses = archive.ofType("address"); !addresses.empty())

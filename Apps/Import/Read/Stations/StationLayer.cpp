@@ -108,9 +108,9 @@ class LayerReader {
     // Most facilities are connectors and signs.
     const bool areFacilities = kindByName(file.name) == LayerKind::facility;
     std::vector<StationFeature> features;
-    const GeoFrame frame = readGeoJson(file, limits_, vertices_, findings_, [&](GeoFeature each) {
+    const GeoFrame frame = readGeoJson(file, limits_, vertices_, findings_, [&](GeoFeature& each) {
       if (!areFacilities || isPlace(memberText(each.properties, "category")))
-        features.push_back(featureOf(std::move(each), file.name));
+        features.push_back(featureOf(each, file.name));
     });
     add(describedLayer(file.name, std::move(features)), frame.crs);
   }
@@ -131,7 +131,7 @@ class LayerReader {
     layers_.push_back(std::move(layer));
   }
 
-  StationFeature featureOf(GeoFeature each, const std::string& file) {
+  StationFeature featureOf(GeoFeature& each, const std::string& file) {
     std::vector<std::pair<std::string, std::string_view>> fields;
     for (const auto& [key, value] : each.properties)
       if (std::string name = lowerCase({key.data(), key.size()}); StationFeature::isUsed(name))
