@@ -39,8 +39,9 @@ VenueView::VenueView(std::shared_ptr<Venue> venue, const guidance::InterfaceText
       narrator_(texts.language()),
       clock_(options.clock ? std::move(options.clock) : systemTime),
       walksAtOnce_(options.walksAtOnce),
+      theme_(options.theme ? options.theme : MapTheme::light()),
       mapView_(MapView::make()),
-      style_(MapStyle::make(options.theme ? options.theme : MapTheme::light())),
+      style_(MapStyle::make(theme_)),
       session_(venue_, texts, clock_),
       display_(mapView_),
       walk_(mapView_),
@@ -51,10 +52,13 @@ VenueView::VenueView(std::shared_ptr<Venue> venue, const guidance::InterfaceText
   style_->setTexts(texts);
   style_->setModelColors(options.theme == nullptr);
   style_->setFurniture({.compass = true, .scaleBar = true});  // the panels have the attribution
+  style_->setReducedMotion(options.reducesMotion);
   mapView_->setStyle(style_);
+  camera().setReducedMotion(options.reducesMotion);
   addSubview(mapView_);
   addSubview(hint_);
   panels_.addTo(*this);
+  panels_.setReducedMotion(options.reducesMotion);
 }
 
 // --- Layout
@@ -63,9 +67,17 @@ void VenueView::arrange(graphics::Size size, double scale) {
   const bool isResized = !(size == bounds().size);
   const bool isRescaled = std::exchange(scale_, scale) != scale;
   setFrame({{0, 0}, size});
+  scaleMapTexts();
   resizeMap(isResized);
   arrangePanels();
   if (isLoaded_ && (isResized || isRescaled)) showAnew();
+}
+
+// The texts on the map are as large as those of the interface.
+void VenueView::scaleMapTexts() {
+  const double scale = theme::look().textScale;
+  if (std::exchange(textScale_, scale) == scale) return;
+  style_->setTheme(std::make_shared<const MapTheme>(theme_->withTextScale(scale)));
 }
 
 void VenueView::resizeMap(bool overlayToo) {
@@ -118,14 +130,16 @@ std::vector<view::View*> VenueView::inReadingOrder() const {
 
 bool VenueView::isMoving() const {
   if (!isLoaded_) return false;
-  return walk_.isMoving() || awaitedFloor_ || (!isHidden() && mapView_->isAnimating());
+  return panels_.isMoving() || walk_.isMoving() || awaitedFloor_ || (!isHidden() && mapView_->isAnimating());
 }
 
 void VenueView::advance(double time) {
+  panels_.advance(time);
   if (walk_.walker()) walk(time);
   camera().advance(time);
   if (!isLoaded_) return;
   display_.arrange();
+  keepCardCurrent();
   lastPose_ = camera().pose();
 }
 

@@ -82,4 +82,12 @@ double MapTheme::nameSize(double importance) const {
   return importance < smallNamesBelow ? sizes.smallName : sizes.name;
 }
 
+MapTheme MapTheme::withTextScale(double factor) const {
+  MapTheme theme = *this;
+  for (double* const size : {&theme.sizes.name, &theme.sizes.smallName}) *size *= factor;
+  for (double* const size : {&theme.sizes.icon, &theme.sizes.selectedIcon})
+    *size *= (1 + factor) / 2;
+  return theme;
+}
+
 }  // namespace orivanta
