@@ -1,9 +1,11 @@
 #include "Apps/Viewer/VenueView.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <ctime>
 #include <utility>
 
+#include "Platform/View/ImageView.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Venue.hpp"
@@ -101,6 +103,7 @@ void VenueView::arrangePanels() {
       {.place = selected_ != nullptr, .route = session_.hasStops(), .wayBack = wayBack != nullptr});
   camera().setInsets(panels_.insets());
   arrangeHint();
+  arrangeLogo();
   auto covered = panels_.covered();
   if (!hint_->isHidden()) covered.push_back(hint_->frame());
   style_->setCovered(std::move(covered));
@@ -114,10 +117,29 @@ void VenueView::arrangeHint() {
   const auto floors = isElsewhere ? floorsOf(*selected_) : FloorList();
   hint_->setHidden(floors.empty());
   if (floors.empty()) return;
-  const graphics::Size size = hint_->show(*floors.front());
   const Insets edges = panels_.insets();
-  const double middle = (edges.left + bounds().size.width - edges.right) / 2;
-  hint_->setFrame({{std::round(middle - size.width / 2), edges.top + margin}, size});
+  double left = edges.left + margin;
+  double right = bounds().size.width - edges.right - margin;
+  const double top = edges.top + margin;
+  for (const graphics::Rect& panel : {panels_.floors->frame(), panels_.mapButtons->frame()}) {
+    if (panel.maxY() <= top || panel.minY() >= top + 2 * theme::control()) continue;
+    if (panel.midX() > (left + right) / 2)
+      right = std::min(right, panel.minX() - margin);
+    else
+      left = std::max(left, panel.maxX() + margin);
+  }
+  const graphics::Size size = hint_->show(*floors.front(), right - left);
+  hint_->setFrame({{std::round((left + right - size.width) / 2), top}, size});
+}
+
+// A logo that is covered in part looks like a mistake.
+void VenueView::arrangeLogo() {
+  const auto covered = panels_.covered();
+  for (const auto& child : mapView_->subviews())
+    if (dynamic_cast<view::ImageView*>(child.get()) != nullptr)
+      child->setHidden(std::any_of(covered.begin(), covered.end(), [&](const auto& panel) {
+        return panel.intersects(child->frame());
+      }));
 }
 
 std::vector<view::View*> VenueView::inReadingOrder() const {
@@ -130,7 +152,8 @@ std::vector<view::View*> VenueView::inReadingOrder() const {
 
 bool VenueView::isMoving() const {
   if (!isLoaded_) return false;
-  return panels_.isMoving() || walk_.isMoving() || awaitedFloor_ || (!isHidden() && mapView_->isAnimating());
+  return panels_.isMoving() || walk_.isMoving() || awaitedFloor_ ||
+         (!isHidden() && mapView_->isAnimating());
 }
 
 void VenueView::advance(double time) {

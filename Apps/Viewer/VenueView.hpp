@@ -148,6 +148,7 @@ class VenueView : public view::View, public MapViewDelegate {
   void setEnd(RouteEnd end, const std::shared_ptr<Location>& place);
   void lookAt(const Location& place);
   void arrangeHint();
+  void arrangeLogo();
   void fetchPicture(const std::shared_ptr<Location>& place);
   void keepCardCurrent();
   void offerRoutes(const std::shared_ptr<Location>& place);

@@ -84,9 +84,10 @@ double MapTheme::nameSize(double importance) const {
 
 MapTheme MapTheme::withTextScale(double factor) const {
   MapTheme theme = *this;
-  for (double* const size : {&theme.sizes.name, &theme.sizes.smallName}) *size *= factor;
-  for (double* const size : {&theme.sizes.icon, &theme.sizes.selectedIcon})
-    *size *= (1 + factor) / 2;
+  MapSizes& size = theme.sizes;
+  for (double* const text : {&size.name, &size.smallName, &size.halo}) *text *= factor;
+  for (double* const other : {&size.icon, &size.selectedIcon, &size.route, &size.casing})
+    *other *= (1 + factor) / 2;
   return theme;
 }
 

@@ -56,10 +56,10 @@ class InterfaceTest : public testing::Test {
   }
 
   // Checks that the panels are inside the window, and that only a sheet and its parts overlap.
-  static void checkPlaces(const VenuePanels& panels, graphics::Size window,
-                          const std::string& name) {
+  static void checkPlaces(const VenueView& view, graphics::Size window, const std::string& name) {
+    const VenuePanels& panels = view.panels();
     std::vector<view::View*> shown;
-    for (view::View* panel : panels.inReadingOrder())
+    for (view::View* panel : view.inReadingOrder())
       if (!panel->isHidden()) shown.push_back(panel);
     const std::set<view::View*> sheet{panels.handle.get(), panels.card.get(), panels.route.get()};
     for (const view::View* one : shown) {
@@ -92,9 +92,13 @@ class InterfaceTest : public testing::Test {
         stage.viewer.setLook(look);
         stage.viewer.resize(window, 1);
         check(*stage.viewer.root(), name);
-        if (stage.viewer.venueView()) checkPlaces(stage.viewer.venueView()->panels(), window, name);
+        if (stage.viewer.venueView()) checkPlaces(*stage.viewer.venueView(), window, name);
         if (folder == nullptr) continue;
         stage.settle();
+        if (stage.viewer.venueView()) {
+          stage.viewer.venueView()->mapView().style()->setStill(true);
+          stage.viewer.venueView()->mapView().style()->finish();
+        }
         EXPECT_TRUE(graphics::writePng(*stage.picture(), fmt::format("{}/{}.png", folder, name)));
       }
   }
@@ -108,11 +112,21 @@ class InterfaceTest : public testing::Test {
 }  // namespace
 
 TEST_F(InterfaceTest, FitsEveryWindowInEveryDirectionAndSizeOfText) {
-  for (const char* language : {"en", "de", "ar"}) {
-    test::ViewerStage stage(server->root(), std::nullopt, {1280, 800}, language);
+  struct Case {
+    const char* language;
+    theme::Look look;
+  };
+  for (const auto& [language, look] :
+       {Case{"en", {}}, {"de", {.isDark = true}}, {"ar", {.hasHighContrast = true}}}) {
+    test::ViewerStage stage({.settings = test::settingsFor(server->root()),
+                             .slug = std::nullopt,
+                             .languages = language,
+                             .clock = [] { return test::ViewerStage::noon; },
+                             .look = look,
+                             .theme = look.isDark ? MapTheme::dark() : MapTheme::light()});
     stage.until([&] { return stage.viewer.venueList().size() > 0; });
     const auto state = [&](const char* name) {
-      checkState(stage, fmt::format("{}-{}", name, language));
+      checkState(stage, fmt::format("{}-{}", name, stage.viewer.texts().language()));
     };
     state("venues");
     stage.viewer.venueList().chooseMarked();
