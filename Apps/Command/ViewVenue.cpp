@@ -69,6 +69,7 @@ ExitCode viewVenue(const ViewVenueOptions& options) {
   viewerOptions.walksAtOnce = options.walk;
   viewerOptions.look.textScale = options.textSize / 100.0;
   viewerOptions.look.hasHighContrast = options.highContrast;
+  viewerOptions.reducesMotion = options.reducedMotion;
   viewerOptions.isOffline = options.connection.offline;
   viewerOptions.theme = readTheme(options.style);
   viewerOptions.look.isDark = viewerOptions.theme && viewerOptions.theme->isDark;

@@ -17,6 +17,7 @@ struct ViewVenueOptions {
   double scale = 0;                                ///< pixels per point; 0 for the display's scale
   int textSize = 100;                              ///< percent of the usual size, up to 200
   bool highContrast = false;                       ///< of the interface
+  bool reducedMotion = false;                      ///< jumps instead of moving
   std::string style = "light";                     ///< light, dark, plain or the file of a theme
   bool times = false;                              ///< reports how long each step took
   bool walk = false;                               ///< walks along each planned route

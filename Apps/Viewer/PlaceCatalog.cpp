@@ -12,11 +12,13 @@
 #include "Apps/Viewer/KindGroups.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Category.hpp"
+#include "Source/Guidance/Floors.hpp"
 #include "Source/Guidance/LabelName.hpp"
 #include "Source/Guidance/NameMatch.hpp"
 #include "Source/Guidance/PlaceNames.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 #include "Source/Location.hpp"
+#include "Source/Map.hpp"
 #include "Source/Venue.hpp"
 #include "Source/Vortex.hpp"
 
@@ -31,10 +33,17 @@ struct SortedPlace {
   bool isGenerated;
   std::string name;  // in its search form
   std::shared_ptr<Location> place;
+  double elevation;  // of its lowest floor
 };
+
+double elevationOf(const Location& place) {
+  const FloorList floors = floorsFromTop(floorsOf(place));
+  return floors.empty() ? 0 : floors.back()->elevation;
+}
 
 bool comesBefore(const SortedPlace& left, const SortedPlace& right) {
   if (left.isGenerated != right.isGenerated) return right.isGenerated;
+  if (left.name == right.name) return left.elevation < right.elevation;
   return nameComesBefore(left.name, right.name);
 }
 
@@ -93,7 +102,7 @@ class Collector {
  private:
   void add(const std::shared_ptr<Location>& place, bool isGenerated, const std::string& name) {
     const auto group = kindGroupOf(kinds_.of(*place)).value_or(places_.size() - 1);
-    places_[group].push_back({isGenerated, searchForm(name), place});
+    places_[group].push_back({isGenerated, searchForm(name), place, elevationOf(*place)});
   }
 
   double rankOf(std::size_t group) const {

@@ -109,6 +109,8 @@ Tone::operator Color() const { return colorsOf(look()).*member_; }
 
 double withText(double points) { return points * look().textScale; }
 
-double control() { return controlSize * (1 + look().textScale) / 2; }
+double withIcons(double points) { return points * (1 + look().textScale) / 2; }
+
+double control() { return withIcons(controlSize); }
 
 }  // namespace orivanta::viewer::theme

@@ -105,6 +105,9 @@ inline constexpr double leastWideWidth = 720;  ///< of a view with a column of p
 /// Returns a length that grows with the text, such as the height of a line.
 double withText(double points);
 
+/// Returns a length that grows half as much as the text, such as the side of an icon.
+double withIcons(double points);
+
 /// Returns the side of a control with a symbol or a short text. It grows half as much as the text.
 double control();
 

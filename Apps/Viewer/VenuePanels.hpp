@@ -45,6 +45,15 @@ class VenuePanels {
   /// other contents are shown than before, half of a sheet is visible.
   void arrange(graphics::Size size, Contents contents);
 
+  /// Sets whether the sheet jumps to its heights instead of gliding. The default is false.
+  void setReducedMotion(bool isReduced) { isReduced_ = isReduced; }
+
+  /// Advances a glide of the sheet. Call it before each frame. `time` is in seconds.
+  void advance(double time);
+
+  /// Returns whether the sheet is gliding.
+  bool isMoving() const { return glide_.has_value(); }
+
   /// Returns the space at the edges of the map that panels cover.
   Insets insets() const { return insets_; }
 
@@ -81,6 +90,7 @@ class VenuePanels {
   void endDrag();
   void changeStop(int steps);
   void openFurther();
+  void glideFrom(double height);
   void placeSearch(const graphics::Rect& room);
   void placeSheet(const PanelPlaces& places);
   void placeAttribution(const graphics::Rect& room);
@@ -96,7 +106,14 @@ class VenuePanels {
   SheetStop stop_ = SheetStop::half;
   double contentsHeight_ = 0;            // of the card or the route, as it was last arranged
   std::optional<double> dragStart_;      // that height when a drag of the handle began
-  std::optional<double> draggedHeight_;  // during the drag
+  std::optional<double> draggedHeight_;  // during the drag and during a glide
+  struct Glide {
+    double from;
+    double to;
+    std::optional<double> start;  // seconds; empty until first advanced
+  };
+  std::optional<Glide> glide_;
+  bool isReduced_ = false;
 };
 
 }  // namespace orivanta::viewer

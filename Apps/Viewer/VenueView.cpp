@@ -1,9 +1,11 @@
 #include "Apps/Viewer/VenueView.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <ctime>
 #include <utility>
 
+#include "Platform/View/ImageView.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Venue.hpp"
@@ -39,8 +41,9 @@ VenueView::VenueView(std::shared_ptr<Venue> venue, const guidance::InterfaceText
       narrator_(texts.language()),
       clock_(options.clock ? std::move(options.clock) : systemTime),
       walksAtOnce_(options.walksAtOnce),
+      theme_(options.theme ? options.theme : MapTheme::light()),
       mapView_(MapView::make()),
-      style_(MapStyle::make(options.theme ? options.theme : MapTheme::light())),
+      style_(MapStyle::make(theme_)),
       session_(venue_, texts, clock_),
       display_(mapView_),
       walk_(mapView_),
@@ -51,10 +54,13 @@ VenueView::VenueView(std::shared_ptr<Venue> venue, const guidance::InterfaceText
   style_->setTexts(texts);
   style_->setModelColors(options.theme == nullptr);
   style_->setFurniture({.compass = true, .scaleBar = true});  // the panels have the attribution
+  style_->setReducedMotion(options.reducesMotion);
   mapView_->setStyle(style_);
+  camera().setReducedMotion(options.reducesMotion);
   addSubview(mapView_);
   addSubview(hint_);
   panels_.addTo(*this);
+  panels_.setReducedMotion(options.reducesMotion);
 }
 
 // --- Layout
@@ -63,9 +69,17 @@ void VenueView::arrange(graphics::Size size, double scale) {
   const bool isResized = !(size == bounds().size);
   const bool isRescaled = std::exchange(scale_, scale) != scale;
   setFrame({{0, 0}, size});
+  scaleMapTexts();
   resizeMap(isResized);
   arrangePanels();
   if (isLoaded_ && (isResized || isRescaled)) showAnew();
+}
+
+// The texts on the map are as large as those of the interface.
+void VenueView::scaleMapTexts() {
+  const double scale = theme::look().textScale;
+  if (std::exchange(textScale_, scale) == scale) return;
+  style_->setTheme(std::make_shared<const MapTheme>(theme_->withTextScale(scale)));
 }
 
 void VenueView::resizeMap(bool overlayToo) {
@@ -89,6 +103,7 @@ void VenueView::arrangePanels() {
       {.place = selected_ != nullptr, .route = session_.hasStops(), .wayBack = wayBack != nullptr});
   camera().setInsets(panels_.insets());
   arrangeHint();
+  arrangeLogo();
   auto covered = panels_.covered();
   if (!hint_->isHidden()) covered.push_back(hint_->frame());
   style_->setCovered(std::move(covered));
@@ -102,10 +117,29 @@ void VenueView::arrangeHint() {
   const auto floors = isElsewhere ? floorsOf(*selected_) : FloorList();
   hint_->setHidden(floors.empty());
   if (floors.empty()) return;
-  const graphics::Size size = hint_->show(*floors.front());
   const Insets edges = panels_.insets();
-  const double middle = (edges.left + bounds().size.width - edges.right) / 2;
-  hint_->setFrame({{std::round(middle - size.width / 2), edges.top + margin}, size});
+  double left = edges.left + margin;
+  double right = bounds().size.width - edges.right - margin;
+  const double top = edges.top + margin;
+  for (const graphics::Rect& panel : {panels_.floors->frame(), panels_.mapButtons->frame()}) {
+    if (panel.maxY() <= top || panel.minY() >= top + 2 * theme::control()) continue;
+    if (panel.midX() > (left + right) / 2)
+      right = std::min(right, panel.minX() - margin);
+    else
+      left = std::max(left, panel.maxX() + margin);
+  }
+  const graphics::Size size = hint_->show(*floors.front(), right - left);
+  hint_->setFrame({{std::round((left + right - size.width) / 2), top}, size});
+}
+
+// A logo that is covered in part looks like a mistake.
+void VenueView::arrangeLogo() {
+  const auto covered = panels_.covered();
+  for (const auto& child : mapView_->subviews())
+    if (dynamic_cast<view::ImageView*>(child.get()) != nullptr)
+      child->setHidden(std::any_of(covered.begin(), covered.end(), [&](const auto& panel) {
+        return panel.intersects(child->frame());
+      }));
 }
 
 std::vector<view::View*> VenueView::inReadingOrder() const {
@@ -118,14 +152,17 @@ std::vector<view::View*> VenueView::inReadingOrder() const {
 
 bool VenueView::isMoving() const {
   if (!isLoaded_) return false;
-  return walk_.isMoving() || awaitedFloor_ || (!isHidden() && mapView_->isAnimating());
+  return panels_.isMoving() || walk_.isMoving() || awaitedFloor_ ||
+         (!isHidden() && mapView_->isAnimating());
 }
 
 void VenueView::advance(double time) {
+  panels_.advance(time);
   if (walk_.walker()) walk(time);
   camera().advance(time);
   if (!isLoaded_) return;
   display_.arrange();
+  keepCardCurrent();
   lastPose_ = camera().pose();
 }
 

@@ -26,6 +26,7 @@ struct VenueViewOptions {
   RouteSession::Clock clock{};              ///< if null, the system's local time
   bool walksAtOnce = false;                 ///< starts the simulated walk of each planned route
   std::shared_ptr<const MapTheme> theme{};  ///< of the map; if null, floors look as their models
+  bool reducesMotion = false;               ///< the camera jumps, and nothing moves by itself
 };
 
 /// Shows a venue whose records are loaded. Owned by shared pointers. Main thread only.
@@ -125,6 +126,7 @@ class VenueView : public view::View, public MapViewDelegate {
 
   // Layout
   void resizeMap(bool overlayToo);
+  void scaleMapTexts();
   void showAnew();
   void arrangePanels();
 
@@ -146,7 +148,9 @@ class VenueView : public view::View, public MapViewDelegate {
   void setEnd(RouteEnd end, const std::shared_ptr<Location>& place);
   void lookAt(const Location& place);
   void arrangeHint();
+  void arrangeLogo();
   void fetchPicture(const std::shared_ptr<Location>& place);
+  void keepCardCurrent();
   void offerRoutes(const std::shared_ptr<Location>& place);
   CardContent cardOf(const Location& place) const;
   void goToNearest(const NearestChoice& choice);
@@ -174,6 +178,7 @@ class VenueView : public view::View, public MapViewDelegate {
   const guidance::Narrator narrator_;
   const RouteSession::Clock clock_;
   const bool walksAtOnce_;
+  const std::shared_ptr<const MapTheme> theme_;  // with names of their usual size
   std::shared_ptr<MapView> mapView_;
   const std::shared_ptr<MapStyle> style_;
   RouteSession session_;
@@ -191,9 +196,11 @@ class VenueView : public view::View, public MapViewDelegate {
   std::shared_ptr<Location> selected_;
   PictureFetch pictureFetch_;
   std::vector<NearestChoice> offered_;  // on the card
+  guidance::LocalTime cardTime_;        // for which the card says whether the place is open
 
   double scale_ = 1;
-  CameraPose lastPose_;  // of the camera when it was last advanced
+  double textScale_ = 1;  // of the names on the map
+  CameraPose lastPose_;   // of the camera when it was last advanced
 };
 
 }  // namespace orivanta::viewer

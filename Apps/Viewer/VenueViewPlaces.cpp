@@ -87,6 +87,7 @@ void VenueView::select(const std::shared_ptr<Location>& place) {
   style_->setSelected(place);
   if (place) {
     panels_.search->remember(place);
+    cardTime_ = clock_();
     panels_.card->show(cardOf(*place));
     offerRoutes(place);
     fetchPicture(place);
@@ -119,6 +120,14 @@ void VenueView::offerRoutes(const std::shared_ptr<Location>& place) {
   panels_.card->setCanAddStop(session_.canAddStop(place));
   offered_ = nearestChoices(*venue_, place.get(), session_.closures(), texts_);
   panels_.card->setNearest(offered_);
+}
+
+// A place opens and closes while its card is shown.
+void VenueView::keepCardCurrent() {
+  if (!selected_ || clock_() == cardTime_) return;
+  cardTime_ = clock_();
+  panels_.card->update(cardOf(*selected_));
+  arrangePanels();
 }
 
 CardContent VenueView::cardOf(const Location& place) const {

@@ -62,6 +62,7 @@ Viewer::Viewer(ViewerOptions options)
       settings_(settingsOf(options)),
       languages_(languagesOf(options)),
       theme_(std::move(options.theme)),
+      reducesMotion_(options.reducesMotion),
       texts_(languagesOf(options)),
       source_(settings_, languages_, texts_),
       root_(std::make_shared<DirectedRoot>(texts_.isRightToLeft())),
@@ -235,7 +236,8 @@ void Viewer::advance(double time) {
     if (!closuresEnd_) closuresEnd_ = time + closuresTime;
   }
   advanceIncoming();
-  if (reconnection_) reconnection_->advance(time);
+  for (Reconnection* const attempts : {reconnection_.get(), awaited_.get()})
+    if (attempts != nullptr) attempts->advance(time);
   if (whenSlow_ && !slowTime_) slowTime_ = time + slowSeconds;
   if (whenSlow_ && time >= *slowTime_) std::exchange(whenSlow_, nullptr)();
   if (note_->isHidden() || isLoading()) return;
@@ -246,7 +248,8 @@ void Viewer::advance(double time) {
 double Viewer::nextFrameTime() const {
   double next =
       venueView_ && closuresEnd_ ? *closuresEnd_ : std::numeric_limits<double>::infinity();
-  if (reconnection_) next = std::min(next, reconnection_->nextTime());
+  for (const Reconnection* const attempts : {reconnection_.get(), awaited_.get()})
+    if (attempts != nullptr) next = std::min(next, attempts->nextTime());
   return next;
 }
 

@@ -37,6 +37,7 @@ struct ViewerOptions {
   theme::Look look{};           ///< of the interface at the start
   bool isOffline = false;       ///< shows only stored venues, without network access
   std::shared_ptr<const MapTheme> theme = MapTheme::light();  ///< see `VenueViewOptions`
+  bool reducesMotion = false;                                 ///< see `VenueViewOptions`
 };
 
 /// A host shows `root` and passes input with times in seconds that increase. It drains the main
@@ -140,6 +141,8 @@ class Viewer {
   void loseConnection(const std::string& sentence);
   void connected(const VenueSource::Venues& venues, const std::shared_ptr<Venue>& venue);
   void connectionRefused(const Problem& problem);
+  void awaitServer();
+  void endAwaiting();
   void endReconnection();
   void takeFresh(const std::shared_ptr<Venue>& venue);
   void replaceView(const std::shared_ptr<Venue>& venue);
@@ -175,6 +178,7 @@ class Viewer {
   const ApiSettings settings_;
   const std::string languages_;
   const std::shared_ptr<const MapTheme> theme_;
+  const bool reducesMotion_;
   const guidance::InterfaceTexts texts_;
   VenueSource source_;
   std::shared_ptr<view::View> root_;
@@ -193,6 +197,7 @@ class Viewer {
 
   // Without a connection
   std::unique_ptr<Reconnection> reconnection_;  // null if there is a connection
+  std::unique_ptr<Reconnection> awaited_;       // while a problem is shown that may end by itself
   std::function<void()> whenSlow_;              // looks into the store; null if nothing is awaited
   std::optional<double> slowTime_;              // when that happens
   std::shared_ptr<VenueView> incoming_;         // will replace the view; may be null

@@ -37,11 +37,13 @@ VenueSource::Handlers Viewer::handlers(std::function<void()> retry, Fallback fal
     endWait();
     if (fallback && settings_.store && !problem.isRefused) return fallback(problem);
     showProblem(problem, retry, wayBack(), texts_.text("interface.venues.all"));
+    if (!problem.isRefused) awaitServer();
   };
   return result;
 }
 
 void Viewer::showLoading(const std::string& title) {
+  endAwaiting();
   venueList_->setHidden(true);
   message_->setHidden(true);
   veil_->setHidden(false);
@@ -99,6 +101,7 @@ Problem Viewer::unknownVenue(const VenueSource::Venues& venues) const {
 
 void Viewer::showList() {
   slug_.reset();
+  endAwaiting();
   message_->setHidden(true);
   veil_->setBusy(false);
   veil_->setHidden(false);
@@ -177,7 +180,7 @@ void Viewer::showFloors() {
 
 // Makes a view above the others.
 std::shared_ptr<VenueView> Viewer::makeView(const std::shared_ptr<Venue>& venue) {
-  auto made = VenueView::make(venue, texts_, {clock_, walksAtOnce_, theme_});
+  auto made = VenueView::make(venue, texts_, {clock_, walksAtOnce_, theme_, reducesMotion_});
   if (isDisconnected()) made->mapView().downloader = std::make_shared<OfflineDownloader>();
   made->wayBack = wayBack();
   made->remarked = [this](const std::string& sentence) { remark(sentence); };

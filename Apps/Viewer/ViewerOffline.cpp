@@ -56,7 +56,9 @@ void Viewer::listStored(const Problem& problem, bool stillWaits) {
     if (!report.venues.empty()) venueList_->show(report.venues);
     if (slug_) return openStored(*slug_, problem, retry, stillWaits);
     if (report.latest) return openStored(*report.latest->slug, problem, retry, stillWaits);
-    if (!stillWaits) showProblem(problem, retry);
+    if (stillWaits) return;
+    showProblem(problem, retry);
+    awaitServer();
   });
 }
 
@@ -66,9 +68,9 @@ void Viewer::openStored(const std::string& slug, const Problem& problem,
       slug, [this, problem, retry, stillWaits](const StoredVenueReport& report) {
         if (stillWaits && !slowTime_) return;
         if (!report.venue) {
-          if (!stillWaits)
-            showProblem(problem, retry, wayBack(), texts_.text("interface.venues.all"));
-          return;
+          if (stillWaits) return;
+          showProblem(problem, retry, wayBack(), texts_.text("interface.venues.all"));
+          return awaitServer();
         }
         source_.cancel();
         endWait();
@@ -100,6 +102,18 @@ const ConnectionNote* Viewer::connectionNote() const {
 }
 
 // --- The way back to the server
+
+// Repeats what has failed as soon as the server answers. The user can still do it earlier.
+void Viewer::awaitServer() {
+  if (isOffline_) return;
+  awaited_ = std::make_unique<Reconnection>(
+      settings_, languages_, texts_,
+      Reconnection::Handlers{[this] { return venue_ ? venue_->slug : std::nullopt; },
+                             [this](const auto&, const auto&) { message_->retried(); },
+                             [this](const Problem&) { message_->retried(); }});
+}
+
+void Viewer::endAwaiting() { destroyLater(std::shared_ptr<Reconnection>(std::move(awaited_))); }
 
 void Viewer::reconnect() {
   if (reconnection_) reconnection_->tryNow();

@@ -54,8 +54,7 @@ void addView(CLI::App& app, CommandLine& line) {
                   "Language of the window and of names, such as de; the default is yours")
       ->type_name("TAG");
   command
-      .add_option("--text-size", options.textSize,
-                  "Size of the texts around the map in percent, see the key T")
+      .add_option("--text-size", options.textSize, "Size of all texts in percent, see the key T")
       ->type_name("PERCENT")
       ->check(CLI::Range(100, 200))
       ->capture_default_str();
@@ -71,6 +70,8 @@ void addView(CLI::App& app, CommandLine& line) {
                   "Look of the map: light, dark, plain (the colors of the models), or a theme file")
       ->type_name("FILE|NAME")
       ->capture_default_str();
+  command.add_flag("--reduced-motion", options.reducedMotion,
+                   "Jump instead of gliding; let nothing move by itself");
   command.add_flag("--walk", options.walk, "Simulate a walk along each route, see the key W");
   command.add_flag("--times", options.times,
                    "Print timings of loading and drawing to standard error");

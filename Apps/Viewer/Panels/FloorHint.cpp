@@ -1,5 +1,7 @@
 #include "Apps/Viewer/Panels/FloorHint.hpp"
 
+#include <algorithm>
+
 #include "Source/Guidance/Floors.hpp"
 
 namespace orivanta::viewer {
@@ -11,10 +13,11 @@ FloorHint::FloorHint(const guidance::InterfaceTexts& texts)
   setHidden(true);
 }
 
-graphics::Size FloorHint::show(const Map& floor) {
+graphics::Size FloorHint::show(const Map& floor, double mostWidth) {
   button_->setText(
       texts_.text("interface.place.elsewhere", {{"floor", texts_.name(floorName(floor))}}));
-  const graphics::Size size{button_->fittingWidth(), theme::control()};
+  const double width = std::min(button_->fittingWidth(), mostWidth);
+  const graphics::Size size{width, button_->heightFor(width)};
   button_->setFrame({{0, 0}, size});
   return size;
 }

@@ -18,8 +18,8 @@ class FloorHint : public Panel {
 
   std::function<void()> action;  ///< called after a tap
 
-  /// Names the floor. Returns the size.
-  graphics::Size show(const Map& floor);
+  /// Names the floor. Returns the size, which is at most as wide as `mostWidth` (points).
+  graphics::Size show(const Map& floor, double mostWidth);
 
  private:
   const guidance::InterfaceTexts texts_;

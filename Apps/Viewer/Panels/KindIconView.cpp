@@ -4,6 +4,7 @@
 #include <mutex>
 #include <tuple>
 
+#include "Apps/Viewer/Theme.hpp"
 #include "Platform/View/Canvas.hpp"
 
 namespace orivanta::viewer {
@@ -12,10 +13,10 @@ namespace {
 
 constexpr std::size_t mostImages = 500;
 
-using Key = std::tuple<PlaceKind, IconState, double, double>;
+using Key = std::tuple<bool, PlaceKind, IconState, double, double>;
 
-// Returns the image for a side in points and a scale. All views share the images, so that each is
-// drawn and uploaded once.
+// Returns the image for a dark or light look, a side in points and a scale. All views share the
+// images, so that each is drawn and uploaded once.
 std::shared_ptr<const graphics::Image> sharedIcon(const Key& key) {
   static std::mutex mutex;
   static std::map<Key, std::shared_ptr<const graphics::Image>> images;
@@ -23,8 +24,9 @@ std::shared_ptr<const graphics::Image> sharedIcon(const Key& key) {
   const auto known = images.find(key);
   if (known != images.end()) return known->second;
   if (images.size() >= mostImages) images.clear();
-  const auto& [kind, state, side, scale] = key;
-  auto image = makeIconImage(kind, *MapTheme::light(), side, scale, state);
+  const auto& [isDark, kind, state, side, scale] = key;
+  const auto theme = isDark ? MapTheme::dark() : MapTheme::light();
+  auto image = makeIconImage(kind, *theme, side, scale, state);
   images.emplace(key, image);
   return image;
 }
@@ -43,7 +45,7 @@ void KindIconView::draw(view::Canvas& canvas) {
   View::draw(canvas);
   const double side = bounds().size.width;
   if (side <= 0) return;
-  if (const auto image = sharedIcon({kind_, state_, side, canvas.scale()}))
+  if (const auto image = sharedIcon({theme::look().isDark, kind_, state_, side, canvas.scale()}))
     canvas.draw(image, bounds());
 }
 

@@ -112,7 +112,9 @@ double PlaceCard::arrangeHead(double width, bool isSmall) {
   const double close = theme::control();
   close_->setFrame({{width - close - 4, 4}, {close, close}});
   const bool hasPicture = picture_->picture() && (isSmall || !hasWidePicture());
-  const double side = !hasPicture ? iconSide : isSmall ? smallPictureSide : largePictureSide;
+  const double side = !hasPicture ? theme::withIcons(iconSide)
+                      : isSmall   ? smallPictureSide
+                                  : largePictureSide;
   icon_->setHidden(hasPicture);
   (hasPicture ? static_cast<view::View&>(*picture_) : *icon_)
       .setFrame({{padding, padding}, {side, side}});

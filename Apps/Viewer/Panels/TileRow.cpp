@@ -16,16 +16,18 @@ constexpr double radius = 12;
 constexpr double ringWidth = 2;
 constexpr double tallHeight = 104;
 constexpr double leastTallWidth = 94;
-constexpr double tallIconSide = 32;
 constexpr double flatHeight = 44;
 constexpr double leastFlatWidth = 148;
-constexpr double flatIconSide = 24;
 constexpr double inset = 4;  // of texts
 constexpr double iconGap = 6;
 constexpr double detailHeight = 17;  // for the usual size of text
 constexpr double flatEdge = 6;       // above the title of a flat tile, and below it
 constexpr double flatGap = 10;
 constexpr double flatTitleGap = 8;
+
+double tallIconSide() { return theme::withIcons(32); }
+
+double flatIconSide() { return theme::withIcons(24); }
 
 double tileHeight(TileLook look) { return look == TileLook::tall ? tallHeight : flatHeight; }
 
@@ -60,9 +62,9 @@ Tile::Tile(TileLook look, const TileContent& content)
 
 double Tile::heightFor(double width) {
   if (look_ == TileLook::tall)
-    return std::max(tallHeight, 2 * inset + tallIconSide + iconGap + titleHeight(width) +
+    return std::max(tallHeight, 2 * inset + tallIconSide() + iconGap + titleHeight(width) +
                                     theme::withText(detailHeight) + inset);
-  const double title = std::max(1.0, width - 2 * flatGap - flatIconSide - flatTitleGap);
+  const double title = std::max(1.0, width - 2 * flatGap - flatIconSide() - flatTitleGap);
   return std::max(flatHeight, title_->fitting(title).height + 2 * flatEdge);
 }
 
@@ -88,18 +90,19 @@ void Tile::arrangeTall(view::Canvas& canvas) {
   const double most = std::max(own, titleHeight_);
   const double detail = detail_->fitting(width).height;
   double top = std::max(
-      inset, (size.height - tallIconSide - iconGap - most - theme::withText(detailHeight)) / 2);
-  placePicture(canvas, {{(size.width - tallIconSide) / 2, top}, {tallIconSide, tallIconSide}});
-  top += tallIconSide + iconGap;
+      inset, (size.height - tallIconSide() - iconGap - most - theme::withText(detailHeight)) / 2);
+  placePicture(canvas,
+               {{(size.width - tallIconSide()) / 2, top}, {tallIconSide(), tallIconSide()}});
+  top += tallIconSide() + iconGap;
   title_->setFrame({{inset, top}, {width, own}});
   detail_->setFrame({{inset, top + own}, {width, detail}});
 }
 
 void Tile::arrangeFlat(view::Canvas& canvas) {
   const graphics::Size size = bounds().size;
-  const double left = flatGap + flatIconSide + flatTitleGap;
-  placePicture(canvas, directed(*this, {{flatGap, (size.height - flatIconSide) / 2},
-                                        {flatIconSide, flatIconSide}}));
+  const double left = flatGap + flatIconSide() + flatTitleGap;
+  placePicture(canvas, directed(*this, {{flatGap, (size.height - flatIconSide()) / 2},
+                                        {flatIconSide(), flatIconSide()}}));
   title_->setFrame(
       directed(*this, {{left, 0}, {std::max(1.0, size.width - left - flatGap), size.height}}));
 }

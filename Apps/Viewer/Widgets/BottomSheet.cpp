@@ -1,5 +1,9 @@
 #include "Apps/Viewer/Widgets/BottomSheet.hpp"
 
+#include <memory>
+#include <utility>
+
+#include "Apps/Viewer/Widgets/List.hpp"
 #include "Apps/Viewer/Widgets/Panel.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/PanGestureRecognizer.hpp"
@@ -11,6 +15,13 @@ namespace {
 constexpr graphics::Size grip{44, 5};  // points
 constexpr double gripBottom = 9;       // below the grip
 
+bool isInList(view::View& view, graphics::Point point) {
+  for (const view::View* at = view.viewAt(point).get(); at != nullptr && at != &view;
+       at = at->superview())
+    if (dynamic_cast<const List*>(at) != nullptr) return true;
+  return false;
+}
+
 }  // namespace
 
 void SheetPaper::draw(view::Canvas& canvas) {
@@ -19,14 +30,31 @@ void SheetPaper::draw(view::Canvas& canvas) {
   drawPaper(canvas, paper, theme::radius);
 }
 
-SheetHandle::SheetHandle() {
+void makeDraggable(view::View& view, std::function<void(double up)> dragged,
+                   std::function<void()> released) {
   const auto pan = std::make_shared<view::PanGestureRecognizer>();
-  pan->addTarget("dragged", [this](view::GestureRecognizer& sender) {
+  const auto scrolls = std::make_shared<bool>(false);
+  pan->addTarget("dragged", [&view, scrolls, dragged = std::move(dragged),
+                             released = std::move(released)](view::GestureRecognizer& sender) {
+    if (sender.state() == view::GestureState::began)
+      *scrolls = isInList(view, sender.location(view));
+    if (*scrolls) return;
     const double down = static_cast<view::PanGestureRecognizer&>(sender).translation().y;
-    if (sender.state() == view::GestureState::changed && dragged) dragged(-down);
-    if (!sender.isRunning() && released) released();
+    if (sender.state() == view::GestureState::changed) dragged(-down);
+    if (!sender.isRunning()) released();
   });
-  addGestureRecognizer(pan);
+  view.addGestureRecognizer(pan);
+}
+
+SheetHandle::SheetHandle() {
+  makeDraggable(
+      *this,
+      [this](double up) {
+        if (dragged) dragged(up);
+      },
+      [this] {
+        if (released) released();
+      });
 }
 
 bool SheetHandle::handleKey(const KeyPress& press) {

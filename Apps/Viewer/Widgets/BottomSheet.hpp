@@ -7,6 +7,12 @@
 
 namespace orivanta::viewer {
 
+/// Lets a finger drag a sheet by one of its views, but not by lists, which scroll. `dragged` is
+/// called with the points that the finger has moved up since it landed, `released` when it has left
+/// or the drag was canceled. The view must outlive its recognizers.
+void makeDraggable(view::View& view, std::function<void(double up)> dragged,
+                   std::function<void()> released);
+
 /// The paper below the contents of a sheet. It continues below the window.
 class SheetPaper : public view::View {
  public:

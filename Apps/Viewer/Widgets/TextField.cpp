@@ -167,16 +167,18 @@ void TextField::draw(view::Canvas& canvas) {
   if (shownLook_ != theme::generation()) show();
   const graphics::Size size = bounds().size;
   const bool isEmpty = text_.empty() && composition_.empty();
-  if (!whole_ || whole_->scale() != canvas.scale()) {
+  if (!whole_ || whole_->scale() != canvas.scale() || (isEmpty && wholeWidth_ != size.width)) {
     const std::string shown =
         isEmpty ? placeholder_ : std::string(text_).insert(caret_, composition_);
-    whole_ = graphics::makeTextImage(shown, styleOf(isEmpty ? theme::faint : theme::ink),
-                                     canvas.scale());
+    graphics::TextStyle style = styleOf(isEmpty ? theme::faint : theme::ink);
+    if (isEmpty) style.maximumWidth = std::max(1.0, size.width - 2 * caretWidth);
+    whole_ = graphics::makeTextImage(shown, style, canvas.scale());
+    wholeWidth_ = size.width;
     visible_ = nullptr;
   }
   if (isEmpty) {
     scroll_ = 0;
-    visible_ = part(whole_, 0, size.width);
+    visible_ = whole_;
   } else {
     scrollToCaret();
   }

@@ -14,7 +14,7 @@ namespace orivanta::viewer {
 enum class CaretStep { left, right, start, end };
 
 /// The host passes typed text while the field has the focus. A text that is longer than the field
-/// is scrolled so that the caret is visible.
+/// is scrolled so that the caret is visible. A longer placeholder ends with an ellipsis.
 class TextField : public Pressable {
  public:
   explicit TextField(std::string placeholder);
@@ -64,6 +64,7 @@ class TextField : public Pressable {
   // Of the displayed text: text and composition, or the placeholder.
   std::unique_ptr<graphics::CaretLine> line_;
   std::shared_ptr<const graphics::Image> whole_;    // null until it is drawn
+  double wholeWidth_ = 0;                           // of the field for which it was drawn
   std::shared_ptr<const graphics::Image> visible_;  // the part that fits into the field
   unsigned shownLook_ = 0;                          // see `theme::generation`
 };

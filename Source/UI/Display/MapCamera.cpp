@@ -118,6 +118,11 @@ CameraPose MapCamera::startOf(CameraMotion motion) const {
   return motion == CameraMotion::glide ? target() : pose();
 }
 
+void MapCamera::setReducedMotion(bool isReduced) {
+  isReduced_ = isReduced;
+  if (isReduced_ && glide_) moveTo(glide_->to, glide_->fovTo);
+}
+
 void MapCamera::setPose(const CameraPose& pose) {
   stop();
   if (isReady()) write(limited(pose));
@@ -142,7 +147,7 @@ void MapCamera::moveTo(const CameraPose& pose, double fieldOfView, CameraMotion 
   const double former = rig_.fieldOfView();
   glide_ = Glide{rig_.pose(), pose, former, fieldOfView, lensSeconds, std::nullopt};
   glide_->to = limited(pose);
-  if (motion == CameraMotion::glide) return;
+  if (motion == CameraMotion::glide && !isReduced_) return;
   const CameraPose end = glide_->to;
   glide_.reset();
   rig_.setFieldOfView(fieldOfView);
@@ -151,6 +156,7 @@ void MapCamera::moveTo(const CameraPose& pose, double fieldOfView, CameraMotion 
 
 void MapCamera::glideTo(const CameraPose& pose) {
   if (!isReady()) return;
+  if (isReduced_) return setPose(pose);
   const double fieldOfView = rig_.fieldOfView();
   Glide glide{rig_.pose(), limited(pose), fieldOfView, fieldOfView, glideSeconds, std::nullopt};
   if (glide_) {

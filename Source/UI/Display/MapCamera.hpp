@@ -97,6 +97,10 @@ class ORIVANTA_API MapCamera {
              const Surroundings& surroundings = aroundPlace,
              CameraMotion motion = CameraMotion::atOnce);
 
+  /// Sets whether glides are moves at once, for users who want less motion. Ends a running glide
+  /// then. The default is false.
+  void setReducedMotion(bool isReduced);
+
   // Relative moves. With `glide`, they start from the final pose of the running glide.
 
   /// Zooms in by `factor`, or out if it is less than 1. The ground at the view position `at` stays
@@ -170,6 +174,7 @@ class ORIVANTA_API MapCamera {
   std::optional<graphics::Box> extent_;
   double pivot_ = 0;  // the height of the orbited point
   bool limited_ = true;
+  bool isReduced_ = false;
   bool isTouched_ = false;
 };
 

@@ -82,4 +82,13 @@ double MapTheme::nameSize(double importance) const {
   return importance < smallNamesBelow ? sizes.smallName : sizes.name;
 }
 
+MapTheme MapTheme::withTextScale(double factor) const {
+  MapTheme theme = *this;
+  MapSizes& size = theme.sizes;
+  for (double* const text : {&size.name, &size.smallName, &size.halo}) *text *= factor;
+  for (double* const other : {&size.icon, &size.selectedIcon, &size.route, &size.casing})
+    *other *= (1 + factor) / 2;
+  return theme;
+}
+
 }  // namespace orivanta

@@ -77,6 +77,10 @@ struct ORIVANTA_API MapTheme {
 
   /// Returns the font size of the name of a place with an importance.
   double nameSize(double importance) const;
+
+  /// Returns a copy whose texts are larger by a factor, for visitors who need large texts or look
+  /// from further away. Icons and routes grow half as much.
+  MapTheme withTextScale(double factor) const;
 };
 
 }  // namespace orivanta

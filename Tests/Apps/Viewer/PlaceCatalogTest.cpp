@@ -58,6 +58,15 @@ TEST(PlaceCatalog, SortsAllPlacesAsPeopleCountAndPutsTheMostUsefulKindsFirst) {
   EXPECT_EQ(catalog.size(), 14U);
 }
 
+TEST(PlaceCatalog, SortsEqualNamesByFloor) {
+  test::TwoFloorVenue records;
+  constexpr const char* place =
+      R"({{"id": "{0}", "name": "Kiosk", "type": "shop", "nodes": [{{"node": "{0}"}}]}})";
+  records.locations = fmt::format("[{},{}]", fmt::format(place, "u1"), fmt::format(place, "n1"));
+  const auto venue = records.load();
+  EXPECT_EQ(PlaceCatalog(*venue, KindWords()).groups().front().places.front()->id, "n1");
+}
+
 TEST(PlaceCatalog, GroupsByCategoryWhereThatHelps) {
   const std::pair<std::vector<std::string>, std::string> cases[] = {
       {{"H/men", "D/women", "E/women", "G/men"}, "Damentoiletten: D, E; Herrentoiletten: H, G; "},

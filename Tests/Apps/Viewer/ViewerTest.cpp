@@ -29,6 +29,15 @@ graphics::Point on(VenueView& view, const Location& place) {
   return view.mapView().findPositionCameraViewport(view.mapView().findPosition3D(place));
 }
 
+// Whether a visible text of a view contains a word.
+bool shows(const view::View& view, const std::string& word) {
+  const auto* const label = dynamic_cast<const Label*>(&view);
+  if (label != nullptr && label->text().find(word) != std::string::npos) return true;
+  const auto children = view.subviews();
+  return std::any_of(children.begin(), children.end(),
+                     [&](const auto& child) { return shows(*child, word); });
+}
+
 // Draws frames until nothing moves.
 void untilStill(test::ViewerStage& stage) {
   stage.until([&] {
@@ -57,6 +66,26 @@ TEST_F(ViewerTest, TapsSelectPlacesAndClearTheSelection) {
   stage.tap({640, 780});
   EXPECT_EQ(view.selected(), nullptr);
   EXPECT_TRUE(view.panels().card->isHidden());
+}
+
+TEST_F(ViewerTest, TheCardFollowsTheTimeAndTheMapTheSizeOfText) {
+  guidance::LocalTime now = test::ViewerStage::noon;
+  ViewerOptions options{.settings = test::settingsFor(server->root()), .slug = "astrolabe-court"};
+  options.languages = "en";
+  options.clock = [&] { return now; };
+  options.reducesMotion = true;
+  test::ViewerStage stage(options);
+  VenueView& view = stage.untilShown();
+  const CameraPose former = view.camera().pose();
+  view.select(stage.place("kindling"));
+  EXPECT_NE(view.camera().pose(), former) << "at once";
+  EXPECT_FALSE(view.camera().isGliding());
+  EXPECT_TRUE(shows(*view.panels().card, "Open until"));
+  now.hour = 23;
+  stage.viewer.advance(stage.time += 60);
+  EXPECT_TRUE(shows(*view.panels().card, "Closed"));
+  stage.viewer.setLook({.textScale = 2});
+  EXPECT_EQ(view.mapView().style()->theme()->sizes.name, 2 * MapTheme::light()->sizes.name);
 }
 
 TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {
@@ -351,8 +380,7 @@ TEST_F(ViewerTest, SaysWhatWentWrongAndTriesAgain) {
   stage.until([&] { return stage.viewer.message() != nullptr; });
   EXPECT_FALSE(stage.viewer.isMoving());
   server = test::serveDemo(port);
-  stage.viewer.keyPressed({Key::enter});
-  stage.until([&] { return !stage.viewer.venueList().isHidden(); });
+  stage.until([&] { return !stage.viewer.venueList().isHidden(); });  // without a key
   EXPECT_EQ(stage.viewer.message(), nullptr);
   stage.viewer.keyPressed({Key::enter});
   stage.untilShown();

@@ -2,6 +2,7 @@
 
 #include "Apps/Viewer/Widgets/List.hpp"
 #include "Apps/Viewer/Widgets/TextField.hpp"
+#include "Platform/View/Canvas.hpp"
 
 namespace orivanta::viewer {
 
@@ -28,6 +29,28 @@ TEST(TextField, TakesAndErasesWholeCharacters) {
   field.eraseBack(/*word=*/true);
   EXPECT_EQ(field.text(), "Caf du ");
   EXPECT_EQ(changes, 6);
+}
+
+TEST(TextField, ShortensALongPlaceholderInsteadOfCuttingLetters) {
+  class Canvas : public view::Canvas {
+   public:
+    double time() const override { return 0; }
+    double scale() const override { return 1; }
+    void fill(const graphics::Rect&, const graphics::Color&, double) override {}
+    void draw(const std::shared_ptr<const graphics::Image>&, const graphics::Rect& rect, double,
+              double) override {
+      drawn = rect;
+    }
+    void draw(view::SceneView&, const graphics::Rect&) override {}
+    graphics::Rect drawn;
+  } canvas;
+  TextField field("Places, shops and people");
+  for (const double width : {100.0, 80.0}) {
+    field.setFrame({{0, 0}, {width, 40}});
+    field.draw(canvas);
+    EXPECT_GT(canvas.drawn.size.width, width / 2);
+    EXPECT_LE(canvas.drawn.size.width, width - 4);
+  }
 }
 
 TEST(TextField, TheCaretGoesByCharactersAsTheyShow) {

@@ -93,6 +93,7 @@ void FloorStack::detach() {
   shown_->removeFromSuperview();
   shown_.reset();
   routes_.clear();
+  selected_.reset();
   map_ = nullptr;
 }
 
@@ -164,7 +165,7 @@ void FloorStack::build(const std::shared_ptr<const MapTheme>& theme) {
     }
   }
   contents_ = std::make_shared<const StackView::Contents>(
-      StackView::Contents{stack, box, current, routes_, theme});
+      StackView::Contents{stack, box, current, routes_, selected_, theme});
   shown_->setContents(contents_);
   map_->camera().setExtent(extent_);
   showRoutes(*theme);
@@ -232,7 +233,7 @@ CameraPose FloorStack::stackPose() const {
   Insets insets = camera.insets();
   const Insets names = StackView::roomForNames(contents_->stack, *contents_->theme);
   insets.left += names.left;
-  insets.top += names.top + (routes_.empty() ? 0 : markHeight);
+  insets.top += names.top + (routes_.empty() && !selected_ ? 0 : markHeight);
   insets.bottom += names.bottom;
   return framing(corners_, pose, {camera.lens().size, stackFieldOfView}, insets, aroundStack);
 }
@@ -246,9 +247,6 @@ void FloorStack::floorChanged(const std::shared_ptr<Map>& former, CameraMotion m
     return drop(/*restoresCamera=*/true);
   const Transaction transaction;
   const double rise = found->offset;
-  StackView::Contents contents = *contents_;
-  contents.shown = current;
-  for (StackedFloor& floor : contents.stack.floors) floor.offset -= rise;
   for (Level& level : levels_) {
     level.offset -= rise;
     if (level.floor == current) level.clone.reset();
@@ -256,8 +254,10 @@ void FloorStack::floorChanged(const std::shared_ptr<Map>& former, CameraMotion m
     level.clone = std::make_unique<FloorClone>(*former);
     level.carrier->addChild(level.clone->sharedNode());
   }
-  contents_ = std::make_shared<const StackView::Contents>(std::move(contents));
-  shown_->setContents(contents_);
+  change([&](StackView::Contents& contents) {
+    contents.shown = current;
+    for (StackedFloor& floor : contents.stack.floors) floor.offset -= rise;
+  });
   setShare(share_);
   CameraPose pose = map_->camera().pose();
   pose.z -= rise * share_;
@@ -307,10 +307,7 @@ void FloorStack::clear() {
 void FloorStack::copyLooks(const std::shared_ptr<const MapTheme>& theme) {
   if (!contents_) return;
   const Transaction transaction;
-  StackView::Contents contents = *contents_;
-  contents.theme = theme;
-  contents_ = std::make_shared<const StackView::Contents>(std::move(contents));
-  shown_->setContents(contents_);
+  change([&](StackView::Contents& contents) { contents.theme = theme; });
   for (const Level& level : levels_) {
     if (level.clone) level.clone->copyLook(*theme);
   }
@@ -324,11 +321,21 @@ void FloorStack::setRoutes(std::vector<RouteContents> routes,
   const auto isKnown = [&](const RouteContents& route) { return indexOf(*route.line) >= 0; };
   if (isOn_ && !std::ranges::all_of(routes_, isKnown)) return rebuild(theme);
   const Transaction transaction;
+  change([&](StackView::Contents& contents) { contents.routes = routes_; });
+  showRoutes(*theme);
+}
+
+void FloorStack::change(const std::function<void(StackView::Contents&)>& change) {
   StackView::Contents contents = *contents_;
-  contents.routes = routes_;
+  change(contents);
   contents_ = std::make_shared<const StackView::Contents>(std::move(contents));
   shown_->setContents(contents_);
-  showRoutes(*theme);
+}
+
+void FloorStack::setSelected(std::optional<RouteMark> selected) {
+  if (selected == selected_) return;
+  selected_ = std::move(selected);
+  if (isShown()) change([&](StackView::Contents& contents) { contents.selected = selected_; });
 }
 
 bool FloorStack::isOutdated() const { return isOn_ && lines_.size() != routes_.size(); }

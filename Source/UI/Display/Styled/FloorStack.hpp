@@ -2,6 +2,7 @@
 // Private header.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -62,6 +63,9 @@ class FloorStack {
   /// another route has been added.
   void setRoutes(std::vector<RouteContents> routes, const std::shared_ptr<const MapTheme>& theme);
 
+  /// Sets the mark of the selected place; nothing for none.
+  void setSelected(std::optional<RouteMark> selected);
+
   /// Whether the floors are stacked for a route that has been removed.
   bool isOutdated() const;
 
@@ -107,6 +111,7 @@ class FloorStack {
   FloorSpacing spacingOf(const FloorList& floors) const;
   FloorList floorsOnRoutes() const;
   void showRoutes(const MapTheme& theme);
+  void change(const std::function<void(StackView::Contents&)>& change);
   int indexOf(const RouteLine& line) const;
   CameraPose stackPose() const;
   void moveTo(double share, CameraMotion motion);
@@ -126,6 +131,7 @@ class FloorStack {
   double turn_ = 0;
   std::optional<FlatView> flat_;  // to which the camera returns
   std::vector<RouteContents> routes_;
+  std::optional<RouteMark> selected_;
   std::vector<std::shared_ptr<const RouteLine>> lines_;  // of the routes for which it was built
 };
 

@@ -61,7 +61,7 @@ graphics::Rect ScaleBar::arrange(graphics::Point corner, double pointsPerMeter,
   if (length.points < 3 * thickness) return {};
   bar_ = {{corner.x, corner.y - tickHeight}, {length.points, tickHeight}};
   if (length.text != text_ || scale != scale_) {
-    graphics::TextStyle style = nameStyle(theme, fontSize);
+    graphics::TextStyle style = nameStyle(theme, fontSize * theme.sizes.name / MapSizes().name);
     style.wholeLines = false;
     image_ = graphics::makeTextImage(length.text, style, scale);
     text_ = length.text;

@@ -21,8 +21,8 @@ using graphics::Transaction;
 namespace {
 
 // Lengths in points.
-constexpr double fontSize = 14;
-constexpr double nameHeight = 30;
+constexpr double fontSize = 14;  // where names of places have their usual size
+constexpr double heightOfName = 30;
 constexpr double namePadding = 10;
 constexpr double nameGap = 4;
 constexpr double nameMargin = 12;  // to the edge of the view and to the floors
@@ -35,10 +35,16 @@ constexpr double dotCasing = 1;
 
 constexpr float groundAlpha = 0.88F;
 
+double grown(double length, const MapTheme& theme) {
+  return length * theme.sizes.name / MapSizes().name;
+}
+
+double nameHeightIn(const MapTheme& theme) { return grown(heightOfName, theme); }
+
 graphics::TextStyle styleOf(const MapTheme& theme, bool isShown) {
   graphics::TextStyle style;
   style.fontFamily = theme.fontFamily;
-  style.fontSize = fontSize;
+  style.fontSize = grown(fontSize, theme);
   style.bold = isShown;
   style.color = isShown ? theme.colors.iconSymbol : theme.colors.text;
   return style;
@@ -107,7 +113,7 @@ std::shared_ptr<Map> StackView::nameAt(Point point) const {
   double least = std::numeric_limits<double>::max();
   for (const Name& name : drawn_) {
     const Rect reach{{name.rect.minX() - tapMargin, name.rect.minY() - tapMargin},
-                     {name.rect.size.width + 2 * tapMargin, nameHeight + 2 * tapMargin}};
+                     {name.rect.size.width + 2 * tapMargin, name.rect.size.height + 2 * tapMargin}};
     const double away = std::abs(name.rect.midY() - point.y);
     if (!name.floor || !reach.contains(point) || away >= least) continue;
     least = away;
@@ -122,7 +128,7 @@ Insets StackView::roomForNames(const StackedFloors& stack, const MapTheme& theme
     const auto size = graphics::measureText(floorLabel(*floor.floor), styleOf(theme, true));
     width = std::max(width, size.width + 2 * namePadding);
   }
-  const double note = nameHeight + nameGap;
+  const double note = nameHeightIn(theme) + nameGap;
   return {width + 2 * nameMargin, nameMargin + (stack.floors.back().hidden > 0 ? note : 0), 0,
           attributionHeight + (stack.hiddenBelow > 0 ? note : 0)};
 }
@@ -131,6 +137,11 @@ std::optional<RouteMark> StackView::markAt(Point point) const {
   const Transaction transaction;
   const RouteMark* const mark = contents_ && share_ >= 1 ? marks_.at(point) : nullptr;
   return mark == nullptr ? std::nullopt : std::optional(*mark);
+}
+
+std::optional<double> StackView::riseOf(const Map& floor) const {
+  const auto offset = contents_ ? contents_->offsetOf(floor) : std::nullopt;
+  return offset ? std::optional(*offset * share_) : std::nullopt;
 }
 
 std::optional<double> StackView::Contents::offsetOf(const Map& floor) const {
@@ -156,19 +167,26 @@ void StackView::showMarks() {
   const Contents& contents = *contents_;
   std::vector<RouteMark> marks;
   std::vector<std::vector<graphics::Vector3>> lines;
+  const auto add = [&](RouteMark mark) {
+    const auto offset = contents.offsetOf(*mark.at.floor);
+    if (!offset) return;
+    mark.at.position.z += static_cast<float>(*offset);
+    marks.push_back(std::move(mark));
+  };
   for (const RouteContents& route : contents.routes) {
-    for (RouteMark mark : route.wholeMarks.empty() ? route.marks : route.wholeMarks) {
-      const auto offset = contents.offsetOf(*mark.at.floor);
-      if (!offset) continue;
-      mark.at.position.z += static_cast<float>(*offset);
-      marks.push_back(std::move(mark));
-    }
+    for (const RouteMark& mark : route.wholeMarks.empty() ? route.marks : route.wholeMarks)
+      add(mark);
     for (const StackedFloor& floor : contents.stack.floors)
       for (auto& line : route.line->linesOn(*floor.floor, 0, route.line->size())) {
         for (graphics::Vector3& point : line.points) point.z += static_cast<float>(floor.offset);
         lines.push_back(std::move(line.points));
       }
   }
+  const auto isMarked = [&](const RouteMark& mark) {
+    return mark.place == contents.selected->place && mark.form != RouteMark::Form::floorChange;
+  };
+  if (contents.selected && std::none_of(marks.begin(), marks.end(), isMarked))
+    add(*contents.selected);
   marks_.set(std::move(marks), std::move(lines), contents.theme);
 }
 
@@ -226,6 +244,7 @@ std::shared_ptr<const graphics::Image> StackView::textImage(const std::string& t
 // room. They keep a distance from each other.
 std::vector<StackView::Name> StackView::names(const FloorProjection& projection) {
   const Contents& contents = *contents_;
+  const double nameHeight = nameHeightIn(*contents.theme);
   std::vector<Name> names;
   double left = std::numeric_limits<double>::max();
   const auto add = [&](const std::shared_ptr<Map>& floor, std::string text, double offset) {
@@ -282,7 +301,7 @@ void StackView::drawName(view::Canvas& canvas, const Name& name) const {
                              : theme.isDark ? theme.walkableOutline()
                                             : theme.colors.halo;
     ground.alpha = groundAlpha * static_cast<float>(share_);
-    canvas.fill(name.rect, ground, nameHeight / 2);
+    canvas.fill(name.rect, ground, name.rect.size.height / 2);
   }
   if (!name.image) return;
   const graphics::Size size = name.image->size();

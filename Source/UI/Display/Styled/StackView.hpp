@@ -33,6 +33,7 @@ class StackView : public view::View {
     graphics::Box box;  ///< contains all floors, if they are not stacked
     std::shared_ptr<Map> shown;
     std::vector<RouteContents> routes;
+    std::optional<RouteMark> selected;      ///< the mark of the selected place
     std::shared_ptr<const MapTheme> theme;  ///< never null
 
     /// Returns the height of a floor, or nothing if it is not stacked.
@@ -54,6 +55,10 @@ class StackView : public view::View {
   /// Whether frames are needed because floors move or fade.
   void setMoving(bool isMoving);
   void setFading(bool isFading);
+
+  /// Returns how much a floor is raised in the current frame, or nothing if it is not stacked. Call
+  /// it under a transaction.
+  std::optional<double> riseOf(const Map& floor) const;
 
   /// Returns the floor whose name is at a point of the last frame, or null.
   std::shared_ptr<Map> nameAt(graphics::Point point) const;

@@ -7,6 +7,7 @@
 #include "Source/Attribution.hpp"
 #include "Source/Guidance/Scale.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
+#include "Source/UI/Display/Styled/StackView.hpp"
 #include "Source/UI/Display/Styled/StyledRoute.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
@@ -109,6 +110,11 @@ void StyleView::setRoute(StyledRoute* route) {
   route_ = route;
 }
 
+void StyleView::setStack(const StackView* stack) {
+  const graphics::Transaction transaction;
+  stack_ = stack;
+}
+
 bool StyleView::isAnimating() const {
   const graphics::Transaction transaction;
   return (route_ != nullptr && route_->isAnimating()) || View::isAnimating();
@@ -117,11 +123,18 @@ bool StyleView::isAnimating() const {
 void StyleView::draw(view::Canvas& canvas) {
   if (!theme_ || !view_.camera().isReady()) return;
   if (route_ != nullptr) route_->draw(canvas);
-  if (position_ && position_->floor == view_.currentMap())
-    dot_.draw(canvas, view_, *position_, unitsPerMeter_, *theme_);
+  if (position_) drawPosition(canvas);
   arrangeFurniture(canvas.scale());
   if (furniture_.attribution) attribution_.draw(canvas, *theme_);
   if (furniture_.scaleBar) scaleBar_.draw(canvas, *theme_);
+}
+
+void StyleView::drawPosition(view::Canvas& canvas) {
+  const auto rise = stack_ != nullptr ? stack_->riseOf(*position_->floor) : std::nullopt;
+  if (!rise && position_->floor != view_.currentMap()) return;
+  MapPosition raised = *position_;
+  raised.z += rise.value_or(0);
+  dot_.draw(canvas, view_, raised, unitsPerMeter_, *theme_);
 }
 
 std::vector<graphics::Rect> StyleView::arrangeFurniture(double scale) {

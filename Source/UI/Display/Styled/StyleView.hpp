@@ -17,6 +17,7 @@
 namespace orivanta {
 
 class MapView;
+class StackView;
 class StyledRoute;
 
 /// Covers the map view, directly above its scene. Touches pass through, except those of the
@@ -42,6 +43,9 @@ class StyleView : public view::View {
   /// The routes to draw below the other things. Null, the default, for none.
   void setRoute(StyledRoute* route);
 
+  /// The stacked floors, in which the position is raised. Null, the default, for none.
+  void setStack(const StackView* stack);
+
   /// Arranges the aids for the current frame and returns what they cover, in points. The labels,
   /// which are drawn before this view, call it. `scale`: pixels per point. Call it under the
   /// transaction in which a frame is gathered.
@@ -51,8 +55,11 @@ class StyleView : public view::View {
   bool isAnimating() const override;
 
  private:
+  void drawPosition(view::Canvas& canvas);
+
   MapView& view_;
   StyledRoute* route_ = nullptr;
+  const StackView* stack_ = nullptr;
   std::shared_ptr<CompassView> compass_;
   std::shared_ptr<const MapTheme> theme_;  // null until set
   MapFurniture furniture_;

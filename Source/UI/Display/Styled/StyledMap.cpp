@@ -12,6 +12,7 @@
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Display/Styled/PlaceShapes.hpp"
+#include "Source/UI/Display/Styled/StackedPlace.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
 
@@ -39,6 +40,7 @@ void StyledMap::attach(StyleHost host) {
   route_.attach(*host_.view, labels_);
   overlay_->setRoute(&route_);
   stack_.attach(*host_.view);
+  overlay_->setStack(stack_.view());
   route_.changed = [this] {
     if (stack_.isShown()) routesChanged();
   };
@@ -53,6 +55,7 @@ void StyledMap::detach() {
   const graphics::Transaction transaction;
   fade_.stop();
   route_.changed = {};
+  overlay_->setStack(nullptr);
   stack_.detach();
   stackChanged();
   fills_.clear();
@@ -254,16 +257,20 @@ void StyledMap::showSelected() {
   if (!host_.view) return;
   const graphics::Transaction transaction;
   selectedOutline_.clear();
-  const auto& floor = host_.view->currentMap();
-  const auto& venue = host_.view->venue;
-  if (!selected_ || !floor || !floor->mapObject || !venue || !isOnFloor(*selected_, *floor))
+  const MapView& view = *host_.view;
+  const auto& floor = view.currentMap();
+  if (!selected_ || !floor || !floor->mapObject || !view.venue) {
+    stack_.setSelected(std::nullopt);
     return labels_.setSelected(std::nullopt);
-  selectedOutline_.show(*host_.view, *selected_, *theme_);
-  std::string name = labelName(*venue, *selected_);
+  }
+  std::string name = labelName(*view.venue, *selected_);
   if (closures_.contains(selected_->id.value_or("")))
     name += (name.empty() ? "" : "\n") + texts_.text("interface.mark.closed");
+  stack_.setSelected(stackedMark(view, selected_, name));
+  if (!isOnFloor(*selected_, *floor)) return labels_.setSelected(std::nullopt);
+  selectedOutline_.show(*host_.view, *selected_, *theme_);
   labels_.setSelected(SelectedPlace{selected_, std::move(name), theme_->words.kindOf(*selected_),
-                                    host_.view->findPosition3D(*selected_)});
+                                    view.findPosition3D(*selected_)});
 }
 
 void StyledMap::setClosures(const guidance::Closures& closures) {

@@ -112,6 +112,8 @@ TEST(MapTheme, ShowsImportantPlacesFirst) {
   }
   EXPECT_EQ(theme.zoomStep(-5), theme.zoom.back());
   EXPECT_GT(theme.nameSize(50), theme.nameSize(30));
+  EXPECT_EQ(theme.withTextScale(2).nameSize(30), 2 * theme.nameSize(30));
+  EXPECT_EQ(theme.withTextScale(2).sizes.icon, 1.5 * theme.sizes.icon);
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/Display/RouteOverlay.hpp"
 #include "Tests/Platform/Render/Studio.hpp"
+#include "Tests/Support/CountedPixels.hpp"
 #include "Tests/Support/Fingers.hpp"
 #include "Tests/Support/GoldenPicture.hpp"
 #include "Tests/Support/ShownVenue.hpp"
@@ -153,6 +154,21 @@ TEST_F(FloorStackTest, TapsNamePlaceAndFloorAndNamesLeadToTheirFloor) {
   EXPECT_EQ(taps[2].floor, shown.floor(1));
   EXPECT_EQ(view.currentMap(), shown.floor(1));
   EXPECT_FALSE(style->isStacked());
+}
+
+TEST_F(FloorStackTest, ShowsTheSelectedPlaceAndThePositionOnTheirFloors) {
+  style->setStill(true);
+  const MapPalette& colors = style->theme()->colors;
+  style->setSelected(shown.location("loft-1"));
+  style->setPosition(MapPosition{.floor = shown.floor(1), .x = 600, .y = 200});
+  const auto flat = draw();
+  EXPECT_EQ(countPixels(*flat, colors.pin) + countPixels(*flat, colors.iconInfo), 0);
+  style->setStacked(true);
+  const auto stacked = draw();
+  EXPECT_GT(countPixels(*stacked, colors.pin), 30);
+  EXPECT_GT(countPixels(*stacked, colors.iconInfo), 30);
+  style->setSelected(nullptr);
+  EXPECT_EQ(countPixels(*draw(), colors.pin), 0);
 }
 
 TEST_F(FloorStackTest, TheFormerFloorFadesUnlessMotionIsReduced) {
