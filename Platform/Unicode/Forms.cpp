@@ -33,16 +33,37 @@ void appendSyllable(CodePoints& points, std::int32_t syllable) {
   if (index % trailingCount != 0) points.push_back(beforeTrailing + index % trailingCount);
 }
 
+struct Expansion {
+  std::int32_t point;   // that is expanded
+  std::uint32_t first;  // in `expansions`
+  std::uint32_t end;
+};
+
+// The table stores differences and lengths, which a server compresses to a tenth.
+const std::vector<Expansion>& allExpansions() {
+  static const std::vector<Expansion> all = [] {
+    std::vector<Expansion> list;
+    list.reserve(expandedCount);
+    Expansion each{};
+    for (std::size_t i = 0; i < expandedCount; ++i) {
+      each = {each.point + expandedGaps[i], each.end, each.end + expansionLengths[i]};
+      list.push_back(each);
+    }
+    return list;
+  }();
+  return all;
+}
+
 void appendExpansion(CodePoints& points, std::int32_t point) {
-  const std::uint32_t* end = expandedPoints + expandedCount;
-  const auto* found = std::lower_bound(expandedPoints, end, static_cast<std::uint32_t>(point));
-  if (found == end || *found != static_cast<std::uint32_t>(point)) {
+  const auto& all = allExpansions();
+  const auto found = std::lower_bound(
+      all.begin(), all.end(), point,
+      [](const Expansion& each, std::int32_t wanted) { return each.point < wanted; });
+  if (found == all.end() || found->point != point) {
     points.push_back(point);
     return;
   }
-  const auto index = found - expandedPoints;
-  const std::size_t first = index == 0 ? 0 : expansionEnds[index - 1];
-  for (std::size_t i = first; i < expansionEnds[index]; ++i)
+  for (std::uint32_t i = found->first; i < found->end; ++i)
     points.push_back(static_cast<std::int32_t>(expansions[i]));
 }
 

@@ -25,14 +25,14 @@ struct Composition {
 /// The size of a block of the table of properties.
 constexpr std::size_t blockSize = 128;
 
-extern const Properties properties[];         ///< the distinct ones
-extern const std::uint8_t propertyBlocks[];   ///< indices into `properties`, in blocks
-extern const std::uint16_t blockNumbers[];    ///< the block of each `blockSize` code points
-extern const std::size_t expandedCount;       ///< the number of code points that are expanded
-extern const std::uint32_t expandedPoints[];  ///< these code points, sorted
-extern const std::uint16_t expansionEnds[];   ///< where their expansions end in `expansions`
-extern const std::uint32_t expansions[];      ///< all expansions, folded and decomposed
-extern const std::size_t compositionCount;    ///< the number of pairs
-extern const Composition compositions[];      ///< sorted by both parts
+extern const Properties properties[];        ///< the distinct ones
+extern const std::uint8_t propertyBlocks[];  ///< indices into `properties`, in blocks
+extern const std::uint16_t blockNumbers[];   ///< the block of each `blockSize` code points
+extern const std::size_t expandedCount;      ///< the number of code points that are expanded
+extern const std::uint16_t expandedGaps[];   ///< these, each as the difference from the one before
+extern const std::uint8_t expansionLengths[];  ///< the lengths of their expansions
+extern const std::uint32_t expansions[];       ///< all expansions, folded and decomposed
+extern const std::size_t compositionCount;     ///< the number of pairs
+extern const Composition compositions[];       ///< sorted by both parts
 
 }  // namespace orivanta::unicode
