@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Apps/Viewer/Widgets/Direction.hpp"
+#include "Apps/Viewer/Widgets/Panel.hpp"
 #include "Platform/View/Canvas.hpp"
 
 namespace orivanta::viewer {
@@ -77,7 +78,7 @@ void Tile::draw(view::Canvas& canvas) {
     canvas.fill({{ringWidth, ringWidth}, {size.width - 2 * ringWidth, size.height - 2 * ringWidth}},
                 theme::accentTint, radius - ringWidth);
   } else {
-    canvas.fill(bounds(), isPressed() ? theme::accentTint : theme::backdrop, radius);
+    drawControlGround(canvas, bounds(), isPressed(), radius);
   }
   look_ == TileLook::tall ? arrangeTall(canvas) : arrangeFlat(canvas);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Apps/Viewer/Widgets/Direction.hpp"
+#include "Apps/Viewer/Widgets/Panel.hpp"
 #include "Platform/View/Canvas.hpp"
 
 namespace orivanta::viewer {
@@ -79,7 +80,7 @@ double WeekLines::arrange(double width, std::size_t most) {
 
 void WeekLines::draw(view::Canvas& canvas) {
   View::draw(canvas);
-  canvas.fill(bounds(), isPressed() ? theme::accentTint : theme::backdrop, radius);
+  drawControlGround(canvas, bounds(), isPressed(), radius);
 }
 
 }  // namespace orivanta::viewer

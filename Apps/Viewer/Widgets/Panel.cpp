@@ -24,6 +24,14 @@ void drawPaper(view::Canvas& canvas, const graphics::Rect& rect, double radius) 
   canvas.fill(rect, theme::paper, radius);
 }
 
+void drawControlGround(view::Canvas& canvas, const graphics::Rect& rect, bool isPressed,
+                       double radius) {
+  const bool hasBorder = theme::look().hasHighContrast;
+  if (hasBorder) canvas.fill(rect, theme::border, radius);
+  const double inset = hasBorder ? 1 : 0;
+  canvas.fill(grown(rect, -inset), isPressed ? theme::accentTint : theme::backdrop, radius - inset);
+}
+
 void Panel::draw(view::Canvas& canvas) {
   if (!flat_) drawPaper(canvas, bounds(), theme::radius);
 }

@@ -19,4 +19,9 @@ class Panel : public view::View {
 /// Draws a rectangle of paper with rounded corners, a border and a shadow.
 void drawPaper(view::Canvas& canvas, const graphics::Rect& rect, double radius);
 
+/// Draws the ground of a control on a panel. With high contrast, it has a border, because it has
+/// the color of the panel then.
+void drawControlGround(view::Canvas& canvas, const graphics::Rect& rect, bool isPressed,
+                       double radius);
+
 }  // namespace orivanta::viewer
