@@ -94,8 +94,8 @@ Size measure(const fs::path& folder, std::size_t copies, importer::NetworkChoice
   options.sources = {source};
   options.network = network;
   options.limits.extentMeters *= static_cast<double>(copies);
-  const int runs = copies == 1 ? 3 : 1;
-  size.parsing = leastCostOf(3, [&] {
+  constexpr int runs = 3;
+  size.parsing = leastCostOf(runs, [&] {
     for (const importer::SourceFile& file : importer::readFiles(options.sources, options.limits))
       boost::json::parse(file.bytes);
   });
