@@ -88,7 +88,8 @@ LocalTime LocalTime::plusMinutes(long long minutes) const {
       daysOf(*this).time_since_epoch().count() * minutesPerDay + hour * 60LL + minute;
   const long long start = std::clamp(own, first, last);
   const long long moved = start + std::clamp(minutes, first - start, last - start);
-  const auto days = chrono::floor<chrono::days>(chrono::minutes(moved));
+  // The standard type of minutes may have 32 bits, which end in the year 6053.
+  const auto days = chrono::floor<chrono::days>(chrono::duration<long long, std::ratio<60>>(moved));
   const chrono::year_month_day date{chrono::sys_days(days)};
   const auto inDay = static_cast<int>(moved - days.count() * minutesPerDay);
   return {static_cast<int>(date.year()), static_cast<int>(static_cast<unsigned>(date.month())),
