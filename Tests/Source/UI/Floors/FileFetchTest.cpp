@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <deque>
 #include <filesystem>
 #include <stdexcept>
 #include <utility>
@@ -77,7 +78,7 @@ struct WaitingDownloader : HttpDownloader {
   }
 
   std::string started;  // the names of the files
-  std::vector<FetchCompletion> completions;
+  std::deque<FetchCompletion> completions;  // whose addresses do not change
   bool isImmediate = false;
 };
 
@@ -107,6 +108,7 @@ TEST_F(FileFetchTest, StartsAFileWhenAnotherEndsUntilItIsCanceled) {
   downloader->completions[0]({});
   EXPECT_EQ(downloader->started, "abcdxe");
   EXPECT_EQ(ended, "1 4! 0 ");
+  downloader->completions.clear();  // each keeps the downloader
 }
 
 TEST_F(FileFetchTest, ImmediateCompletionsDoNotNest) {
