@@ -22,6 +22,6 @@ test("units", async (context) => {
   const failures = lines.filter((line) => !/^\[( RUN  |       OK|----------)/.test(line));
   assert.equal(code, 0, failures.join("\n"));
   const passed = /\[ {2}PASSED {2}\] (\d+) tests/.exec(lines.join("\n"));
-  assert.ok(Number(passed?.[1]) > 100, "the program ran its tests");
+  assert.ok(Number(passed?.[1]) > 50, "the program ran its tests");
   context.diagnostic(`${passed[1]} tests`);
 });
