@@ -33,13 +33,9 @@ constexpr std::string_view hintText =
 
   {0}/1/venue    lists the venues
 
-There is no web page with a map, because none was built. To make one, run these commands in the
-source tree, and start the server again:
+There is no web page here. A folder with an index.html is served at this address with:
 
-  Scripts/setup-web
-  Scripts/build web
-
-A page in another folder is served with: orivanta serve --web FOLDER
+  orivanta serve --web FOLDER
 )";
 constexpr std::string_view hintPage = R"(<!DOCTYPE html>
 <html lang="en">
@@ -52,11 +48,8 @@ constexpr std::string_view hintPage = R"(<!DOCTYPE html>
 </style>
 <h1>Orivanta venue server</h1>
 <p>The root of the web API is <code>{0}/1/</code>. <a href="1/venue">/1/venue</a> lists the venues.</p>
-<p>There is no web page with a map, because none was built. To make one, run these commands in the
-source tree, and start the server again:</p>
-<pre><code>Scripts/setup-web
-Scripts/build web</code></pre>
-<p>A page in another folder is served with <code>orivanta serve --web FOLDER</code>.</p>
+<p>There is no web page here. A folder with an <code>index.html</code> is served at this address with
+<code>orivanta serve --web FOLDER</code>.</p>
 </html>
 )";
 

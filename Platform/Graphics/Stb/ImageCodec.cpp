@@ -66,7 +66,7 @@ std::shared_ptr<const Image> reduced(const stbi_uc* pixels, PixelSize size, std:
 }
 
 bool isSound(std::span<const std::uint8_t> bytes) {
-  if (isPng(bytes)) return isSoundPng(bytes);
+  if (hasPngSignature(bytes)) return isSoundPng(bytes);
   return isJpeg(bytes) && isSoundJpeg(bytes);
 }
 
@@ -79,7 +79,7 @@ void append(void* target, void* data, int count) {
 }  // namespace
 
 std::optional<PixelSize> decodeImageSize(std::span<const std::uint8_t> bytes) {
-  if (isPng(bytes)) return pngSize(bytes);
+  if (hasPngSignature(bytes)) return sizeOfPng(bytes);
   return isJpeg(bytes) ? jpegSize(bytes) : std::nullopt;
 }
 

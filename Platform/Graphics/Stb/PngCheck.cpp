@@ -52,19 +52,19 @@ std::uint64_t bitsPerPixel(Bytes bytes) {
 }
 
 bool mayHoldPixels(Bytes bytes) {
-  const PixelSize size = *pngSize(bytes);
+  const PixelSize size = *sizeOfPng(bytes);
   const std::uint64_t rowBytes = (size.width * bitsPerPixel(bytes) + 7) / 8;
   return rowBytes > 0 && rowBytes * size.height / greatestInflation <= bytes.size();
 }
 
 }  // namespace
 
-bool isPng(Bytes bytes) {
+bool hasPngSignature(Bytes bytes) {
   return bytes.size() >= signature.size() &&
          std::equal(signature.begin(), signature.end(), bytes.begin());
 }
 
-std::optional<PixelSize> pngSize(Bytes bytes) {
+std::optional<PixelSize> sizeOfPng(Bytes bytes) {
   if (bytes.size() < sizesAt + 8) return std::nullopt;
   return PixelSize{numberAt(bytes, sizesAt), numberAt(bytes, sizesAt + 4)};
 }

@@ -10,11 +10,11 @@
 namespace orivanta::graphics {
 
 /// Returns whether the bytes begin with the signature of a PNG file.
-bool isPng(std::span<const std::uint8_t> bytes);
+bool hasPngSignature(std::span<const std::uint8_t> bytes);
 
 /// Returns the size of a PNG image from the beginning of its file, or nothing if there are too few
 /// bytes.
-std::optional<PixelSize> pngSize(std::span<const std::uint8_t> bytes);
+std::optional<PixelSize> sizeOfPng(std::span<const std::uint8_t> bytes);
 
 /// Returns whether a PNG file is complete, the checksums of its pixels and colors are right, and
 /// its data may be enough for its size. The bytes must begin with the signature.
