@@ -77,7 +77,7 @@ struct WaitingDownloader : HttpDownloader {
     completions.push_back(std::move(completion));
   }
 
-  std::string started;  // the names of the files
+  std::string started;                      // the names of the files
   std::deque<FetchCompletion> completions;  // whose addresses do not change
   bool isImmediate = false;
 };
