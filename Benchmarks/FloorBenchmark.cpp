@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <array>
-#include <ctime>
 #include <functional>
 #include <utility>
 #include <variant>
 
 #include "Benchmarks/Stage.hpp"
+#include "Benchmarks/ThreadTimes.hpp"
 #include "Benchmarks/WrittenModel.hpp"
 #include "Platform/Foundation/Url.hpp"
 #include "Platform/Scene/Batch.hpp"
@@ -32,17 +32,10 @@ void load(benchmark::State& state) {
 }
 BENCHMARK(load)->Name("Floor.load");
 
-// The time of this thread, because the driver's threads are not part of the library.
-double processorSeconds() {
-  timespec time{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-  return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
-}
-
 double secondsOf(const std::function<void()>& act) {
-  const double start = processorSeconds();
+  const double start = threadSeconds();
   act();
-  return processorSeconds() - start;
+  return threadSeconds() - start;
 }
 
 // The cost of changing a room's color and drawing the next frame, minus that of a frame without a

@@ -2,46 +2,32 @@
 // anchors of areas. `p99` and `most` are milliseconds of single frames, in processor time.
 
 #include <benchmark/benchmark.h>
-#include <time.h>
 
-#include <algorithm>
 #include <cmath>
 #include <vector>
 
+#include "Benchmarks/ThreadTimes.hpp"
 #include "Source/UI/Labels/LabelPlacement.hpp"
 #include "Tests/Support/LabelScene.hpp"
 
 namespace orivanta::benchmarks {
 namespace {
 
-// Processor time of the calling thread in seconds. Real time includes that of other programs.
-double threadTime() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
 // Projecting the anchors is not measured.
 void placement(benchmark::State& state) {
   test::LabelScene scene;
   LabelPlacement placement;
   placement.setLabels(scene.labels);
-  std::vector<double> times;
+  ThreadTimes times(state);
   std::size_t shown = 0;
   int number = 0;
   for (auto _ : state) {
     const LabelFrame frame = scene.frame(number++);
-    const double start = threadTime();
-    placement.update(frame);
-    const double time = threadTime() - start;
-    state.SetIterationTime(time);
-    times.push_back(time * 1e3);
+    times.measure([&] { placement.update(frame); });
     shown += placement.shown().size();
   }
-  std::sort(times.begin(), times.end());
-  state.counters["p99"] = times[times.size() * 99 / 100];
-  state.counters["most"] = times.back();
-  state.counters["shown"] = static_cast<double>(shown) / static_cast<double>(times.size());
+  times.report();
+  state.counters["shown"] = static_cast<double>(shown) / static_cast<double>(times.count());
 }
 BENCHMARK(placement)->Name("Labels.place/2000")->UseManualTime()->Iterations(1800);
 

@@ -3,25 +3,18 @@
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
-#include <time.h>
 
-#include <algorithm>
 #include <array>
 #include <string_view>
 #include <vector>
 
+#include "Benchmarks/ThreadTimes.hpp"
 #include "Source/Guidance/PlaceSearch.hpp"
 #include "Source/Location.hpp"
 #include "Source/Polygon.hpp"
 
 namespace orivanta::benchmarks {
 namespace {
-
-double threadSeconds() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
 
 std::vector<std::shared_ptr<Location>> makePlaces() {
   constexpr std::array<const char*, 8> first{"Amber",  "Copper", "Marble", "Silver",
@@ -48,17 +41,12 @@ void keyPress(benchmark::State& state) {
   for (const std::string_view text : texts)
     for (std::size_t length = 1; length <= text.size(); ++length)
       typed.push_back(text.substr(0, length));
-  std::vector<double> times;
+  ThreadTimes times(state);
   for (auto _ : state) {
-    const double start = threadSeconds();
-    benchmark::DoNotOptimize(search.find(typed[times.size() % typed.size()]));
-    const double time = threadSeconds() - start;
-    state.SetIterationTime(time);
-    times.push_back(time * 1e3);
+    const std::string_view text = typed[times.count() % typed.size()];
+    times.measure([&] { benchmark::DoNotOptimize(search.find(text)); });
   }
-  std::sort(times.begin(), times.end());
-  state.counters["p99"] = times[times.size() * 99 / 100];
-  state.counters["most"] = times.back();
+  times.report();
 }
 BENCHMARK(keyPress)->Name("Search.key/2000")->UseManualTime()->Iterations(2000);
 

@@ -3,13 +3,12 @@
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
-#include <time.h>
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <vector>
 
+#include "Benchmarks/ThreadTimes.hpp"
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Platform/Graphics/Transaction.hpp"
@@ -141,12 +140,6 @@ BENCHMARK(styled)->Name("Frame.styled")->MeasureProcessCPUTime();
 void unstyled(benchmark::State& state) { frames(state, false); }
 BENCHMARK(unstyled)->Name("Frame.unstyled")->MeasureProcessCPUTime();
 
-double threadTime() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
 // What a view of labels does in a frame, on the thread that draws: projecting, placing, and looking
 // up the images, which other threads make.
 void withPictures(benchmark::State& state) {
@@ -154,23 +147,17 @@ void withPictures(benchmark::State& state) {
     std::shared_ptr<view::View> labels;
     for (const auto& child : stage.view->subviews())
       if (dynamic_cast<LabelView*>(child.get()) != nullptr) labels = child;
-    std::vector<double> times;
+    ThreadTimes times(state);
     for (auto _ : state) {
-      const double angle = static_cast<double>(times.size()) * 0.01;
+      const double angle = static_cast<double>(times.count()) * 0.01;
       stage.view->camera().panBy(8 * std::cos(angle), 8 * std::sin(angle));
       stage.view->camera().zoomBy(1 + 0.004 * std::cos(3 * angle), {640, 400});
       stage.view->camera().rotateBy(0.003);
       BlankCanvas canvas(stage.time += 1.0 / 60);
       const graphics::Transaction transaction;
-      const double start = threadTime();
-      labels->draw(canvas);
-      const double time = threadTime() - start;
-      state.SetIterationTime(time);
-      times.push_back(time * 1e3);
+      times.measure([&] { labels->draw(canvas); });
     }
-    std::sort(times.begin(), times.end());
-    state.counters["p99"] = times[times.size() * 99 / 100];
-    state.counters["most"] = times.back();
+    times.report();
   });
 }
 BENCHMARK(withPictures)->Name("Labels.withPictures")->UseManualTime()->Iterations(1800);
