@@ -16,6 +16,7 @@
 #include "Apps/Viewer/Content/NearestChoices.hpp"
 #include "Apps/Viewer/Content/PlaceCatalog.hpp"
 #include "Apps/Viewer/Content/ShownName.hpp"
+#include "Apps/Web/IconJson.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Floors.hpp"
@@ -145,6 +146,7 @@ json::object cardJson(const Location& place, const viewer::CardContext& context)
 json::value visitorJson(LoadedVenue& loaded, std::string_view request) {
   const json::object object = json::parse(request).as_object();
   const Venue& venue = loaded.venue();
+  if (textAt(object, "what") == "icons") return iconsJson(textAt(object, "theme") == "dark");
   const InterfaceTexts texts(textAt(object, "language"));
   const std::string what = textAt(object, "what");
   if (what == "catalog") return catalogJson(venue, texts);

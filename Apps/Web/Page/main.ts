@@ -29,6 +29,7 @@ async function start(): Promise<void> {
   app.store.on(({ place }) => {
     if (place !== null) rememberPlace(app, place);
   });
+  settings.on(() => app.changed());
   document.getElementById("page")!.replaceChildren(shell.element);
   shell.update();
   await session.start();

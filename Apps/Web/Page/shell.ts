@@ -6,6 +6,7 @@ import { showHelp, showSettings } from "./dialogs.js";
 import { h, setAttribute } from "./dom.js";
 import { FloorSwitch } from "./floorSwitch.js";
 import { icon, type IconName } from "./icons.js";
+import { KindSprite } from "./kindIcon.js";
 import type { MapHost } from "./mapHost.js";
 import { Panel } from "./panel.js";
 import { SearchField } from "./searchField.js";
@@ -28,6 +29,7 @@ export class Shell {
   readonly #labeled: (readonly [HTMLElement, key: string])[] = [];
   readonly #venues: HTMLElement;
   readonly #mapButtons: HTMLElement;
+  readonly #area: HTMLElement;
 
 
   constructor(app: App, session: Session, map: MapHost) {
@@ -48,7 +50,8 @@ export class Shell {
     );
     const column = h("main", { class: "column" }, bar, this.#search.element, this.#panel.element);
     const side = h("div", { class: "side" }, this.#floors.element, this.#mapButtons);
-    this.element = h("div", { class: "frame" }, this.#skip, column, map.element, side, this.#attribution, this.#status);
+    this.#area = h("section", { class: "area" }, map.element, side, this.#attribution);
+    this.element = h("div", { class: "frame" }, this.#skip, column, this.#area, this.#status, new KindSprite(app).element);
     addEventListener("keydown", (event) => this.#pressed(event));
     app.on(() => this.update());
     let timer = 0;
@@ -67,6 +70,7 @@ export class Shell {
     const name = shown?.venue.name ?? "";
     document.title = name || this.#app.t("page.title");
     this.#title.textContent = name || this.#app.t("page.title");
+    this.#area.setAttribute("aria-label", this.#app.t("page.map"));
     this.#skip.textContent = this.#app.t("page.skip");
     for (const [element, key] of this.#labeled) {
       element.setAttribute("aria-label", this.#app.t(key));
