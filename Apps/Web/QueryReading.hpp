@@ -15,6 +15,9 @@ struct Query {
   std::string language = "en";  ///< of the instructions: a tag or a list of tags
 };
 
+/// Parses a JSON object. Throws `planning::QueryError` if the text is not one.
+boost::json::object objectIn(std::string_view text);
+
 /// Parses a JSON object whose members are named as those of `PlanQuery`, except `speed` for
 /// `walkingSpeed`, and `language`. All are optional; `from`, `to`, `via` and `closed` are arrays of
 /// texts. Throws `planning::QueryError` if the text is not such an object.
