@@ -6,7 +6,6 @@
 // fails.
 #include <emscripten/emscripten.h>
 
-#include <boost/json/parse.hpp>
 #include <boost/json/serialize.hpp>
 #include <exception>
 #include <span>
