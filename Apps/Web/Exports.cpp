@@ -23,6 +23,7 @@
 #include "Apps/Web/RouteNumbers.hpp"
 #include "Apps/Web/VenueJson.hpp"
 #include "Apps/Web/VenueTable.hpp"
+#include "Apps/Web/VisitorJson.hpp"
 #include "Platform/Foundation/Browser/Turns.hpp"
 #include "Source/Guidance/Narrator.hpp"
 
@@ -111,7 +112,8 @@ EMSCRIPTEN_KEEPALIVE const char* orivantaPlan(int venue, const char* text, std::
   try {
     web::LoadedVenue& loaded = web::VenueTable::shared().at(venue);
     const web::Query query = web::queryOf({text, length});
-    const auto request = orivanta::planning::requestOf(loaded.venue(), query.plan);
+    auto request = orivanta::planning::requestOf(loaded.venue(), query.plan);
+    request.visitsClosedStops = query.visitsClosedStops;
     return result(orivanta::planning::planJson(loaded.guide(), loaded.guide().plan(request),
                                                request,
                                                orivanta::guidance::Narrator(query.language)));
@@ -123,5 +125,10 @@ EMSCRIPTEN_KEEPALIVE const char* orivantaPlan(int venue, const char* text, std::
 // Returns what matches a text, see `foundJson`.
 EMSCRIPTEN_KEEPALIVE const char* orivantaSearch(int venue, const char* text, std::size_t length) {
   return result(web::foundJson(web::VenueTable::shared().at(venue), {text, length}));
+}
+
+// Answers what lists and cards ask, see `visitorJson`.
+EMSCRIPTEN_KEEPALIVE const char* orivantaVisitor(int venue, const char* text, std::size_t length) {
+  return result(web::visitorJson(web::VenueTable::shared().at(venue), {text, length}));
 }
 }

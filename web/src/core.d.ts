@@ -32,6 +32,7 @@ export interface Core {
   _orivantaRoute(venue: number, from: number, fromCount: number, to: number, toCount: number): number;
   _orivantaPlan(venue: number, text: number, length: number): number;
   _orivantaSearch(venue: number, text: number, length: number): number;
+  _orivantaVisitor(venue: number, text: number, length: number): number;
 }
 
 export interface CoreOptions {

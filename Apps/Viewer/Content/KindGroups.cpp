@@ -1,4 +1,4 @@
-#include "Apps/Viewer/KindGroups.hpp"
+#include "Apps/Viewer/Content/KindGroups.hpp"
 
 #include <algorithm>
 

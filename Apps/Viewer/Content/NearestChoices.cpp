@@ -1,10 +1,10 @@
-#include "Apps/Viewer/NearestChoices.hpp"
+#include "Apps/Viewer/Content/NearestChoices.hpp"
 
 #include <algorithm>
 #include <utility>
 
-#include "Apps/Viewer/CategoryMatch.hpp"
-#include "Apps/Viewer/CategoryPlaces.hpp"
+#include "Apps/Viewer/Content/CategoryMatch.hpp"
+#include "Apps/Viewer/Content/CategoryPlaces.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Kinds/KindWords.hpp"

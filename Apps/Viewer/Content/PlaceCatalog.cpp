@@ -1,4 +1,4 @@
-#include "Apps/Viewer/PlaceCatalog.hpp"
+#include "Apps/Viewer/Content/PlaceCatalog.hpp"
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@
 #include <tuple>
 #include <utility>
 
-#include "Apps/Viewer/KindGroups.hpp"
+#include "Apps/Viewer/Content/KindGroups.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Floors.hpp"

@@ -1,7 +1,7 @@
 // The names that categories of toilets, exits and entrances have.
 #pragma once
 
-#include "Apps/Viewer/CategoryFit.hpp"
+#include "Apps/Viewer/Content/CategoryFit.hpp"
 
 namespace orivanta::viewer {
 

@@ -1,4 +1,4 @@
-#include "Apps/Viewer/CategoryFit.hpp"
+#include "Apps/Viewer/Content/CategoryFit.hpp"
 
 #include <algorithm>
 

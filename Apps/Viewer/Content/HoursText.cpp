@@ -1,4 +1,4 @@
-#include "Apps/Viewer/HoursText.hpp"
+#include "Apps/Viewer/Content/HoursText.hpp"
 
 #include <fmt/format.h>
 

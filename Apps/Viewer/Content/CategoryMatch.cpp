@@ -1,11 +1,11 @@
-#include "Apps/Viewer/CategoryMatch.hpp"
+#include "Apps/Viewer/Content/CategoryMatch.hpp"
 
 #include <algorithm>
 #include <string>
 #include <utility>
 
-#include "Apps/Viewer/CategoryFit.hpp"
-#include "Apps/Viewer/CategoryPlaces.hpp"
+#include "Apps/Viewer/Content/CategoryFit.hpp"
+#include "Apps/Viewer/Content/CategoryPlaces.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 #include "Source/Venue.hpp"

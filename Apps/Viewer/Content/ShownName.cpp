@@ -1,4 +1,4 @@
-#include "Apps/Viewer/ShownName.hpp"
+#include "Apps/Viewer/Content/ShownName.hpp"
 
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Guidance/Floors.hpp"

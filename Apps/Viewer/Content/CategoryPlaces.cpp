@@ -1,10 +1,10 @@
-#include "Apps/Viewer/CategoryPlaces.hpp"
+#include "Apps/Viewer/Content/CategoryPlaces.hpp"
 
 #include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 
-#include "Apps/Viewer/KindNames.hpp"
+#include "Apps/Viewer/Content/KindNames.hpp"
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
 

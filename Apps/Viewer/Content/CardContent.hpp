@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "Apps/Viewer/HoursText.hpp"
+#include "Apps/Viewer/Content/HoursText.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/Guidance/Closures.hpp"
 #include "Source/Guidance/InterfaceTexts.hpp"

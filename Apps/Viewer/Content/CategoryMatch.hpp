@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Apps/Viewer/KindNames.hpp"
+#include "Apps/Viewer/Content/KindNames.hpp"
 #include "Source/Fwd.hpp"
 
 namespace orivanta::viewer {

@@ -1,4 +1,4 @@
-#include "Apps/Viewer/CardContent.hpp"
+#include "Apps/Viewer/Content/CardContent.hpp"
 
 #include <algorithm>
 #include <cctype>
@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "Apps/Viewer/ShownName.hpp"
+#include "Apps/Viewer/Content/ShownName.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Floors.hpp"

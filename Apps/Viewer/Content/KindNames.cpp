@@ -1,4 +1,4 @@
-#include "Apps/Viewer/KindNames.hpp"
+#include "Apps/Viewer/Content/KindNames.hpp"
 
 #include <algorithm>
 #include <initializer_list>

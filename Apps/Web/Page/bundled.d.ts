@@ -1,0 +1,11 @@
+// What web/build-page.mjs makes of these imports: the address of a file of the page.
+
+declare module "texts:*" {
+  const url: string;
+  export default url;
+}
+
+declare module "orivanta/core.wasm" {
+  const url: string;
+  export default url;
+}
