@@ -1,6 +1,7 @@
 // A kiosk: a device that stands somewhere in the venue, for visitors who come and go.
 
 import type { App } from "../app.js";
+import type { Connection } from "../offline.js";
 import { h } from "../dom.js";
 import { showNotice, type Notice } from "../notices.js";
 import { showCode } from "../Share/share.js";
@@ -14,6 +15,7 @@ import type { KioskOptions } from "./options.js";
 /** What a kiosk needs of the page. */
 export interface KioskHost {
   readonly app: App;
+  readonly connection: Connection;
   /** Loads the data again; it may have changed since the last visitor. */
   readonly reload: () => Promise<void>;
   /** Shows the map as at the beginning. */
@@ -23,7 +25,7 @@ export interface KioskHost {
 const oldestData = 15 * 60_000;
 
 /** Makes the page a kiosk. */
-export function startKiosk({ app, reload, showStart }: KioskHost, options: KioskOptions): void {
+export function startKiosk({ app, connection, reload, showStart }: KioskHost, options: KioskOptions): void {
   const root = document.documentElement;
   root.dataset["kiosk"] = "";
   void navigator.storage?.persist?.();
@@ -53,8 +55,10 @@ export function startKiosk({ app, reload, showStart }: KioskHost, options: Kiosk
       app.ui = startUi;
       app.store.change({ ...start, venue: start.venue ?? app.store.state.venue });
       showStart();
+      if (connection.isPageOutdated) return location.reload();
       if (Date.now() - loadedAt < oldestData) return;
       loadedAt = Date.now();
+      void connection.lookForUpdate();
       void reload();
     },
   });
