@@ -9,3 +9,9 @@ declare module "orivanta/core.wasm" {
   const url: string;
   export default url;
 }
+
+// The text of a file of Examples.
+declare module "source:*" {
+  const text: string;
+  export default text;
+}

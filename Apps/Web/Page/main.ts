@@ -4,8 +4,11 @@
 // and links.ts read.
 
 import { App } from "./app.js";
+import { startKiosk } from "./Kiosk/kiosk.js";
+import { kioskOptionsOf } from "./Kiosk/options.js";
 import { startLinks } from "./links.js";
 import { MapHost } from "./mapHost.js";
+import { Connection } from "./offline.js";
 import { Planning } from "./planning.js";
 import { rememberPlace } from "./recent.js";
 import { Session } from "./session.js";
@@ -20,7 +23,8 @@ async function start(): Promise<void> {
   const endpoint = new URL(query.get("endpoint") ?? "1/", document.baseURI).href;
   const app = new App({ endpoint: endpoint.endsWith("/") ? endpoint : `${endpoint}/`, username: "", password: "" }, settings, texts);
   app.loading = app.t("page.loading");
-  startLinks(app.store);
+  const kiosk = kioskOptionsOf(query);
+  startLinks(app.store, { keepsHistory: !kiosk });
 
   const session = new Session(app);
   const map = new MapHost(app);
@@ -32,6 +36,9 @@ async function start(): Promise<void> {
   settings.on(() => app.changed());
   document.getElementById("page")!.replaceChildren(shell.element);
   shell.update();
+  const connection = new Connection(app, () => session.reload());
+  if (kiosk) startKiosk({ app, connection, reload: () => session.reload(), showStart: () => map.showStart() }, kiosk);
+  await connection.start();
   await session.start();
 }
 

@@ -30,7 +30,7 @@ export class Shell {
   readonly #venues: HTMLElement;
   readonly #mapButtons: HTMLElement;
   readonly #area: HTMLElement;
-
+  readonly #stacked: HTMLElement;
 
   constructor(app: App, session: Session, map: MapHost) {
     this.#app = app;
@@ -39,7 +39,15 @@ export class Shell {
     this.#panel = new Panel(app, this.#search, session);
     this.#floors = new FloorSwitch(app, () => map.floor);
     this.#venues = this.#button("back", "venues.back", () => app.store.change({ venue: null, floor: null, place: null, from: null, to: null, via: [] }));
-    this.#mapButtons = h("div", { class: "map-buttons" });
+    this.#stacked = this.#button("layers", "page.stacked", () => app.changeUi({ isStacked: !app.ui.isStacked }));
+    this.#mapButtons = h(
+      "div",
+      { class: "map-buttons", role: "group" },
+      this.#stacked,
+      this.#button("fit", "page.fit", () => map.view?.fit()),
+      this.#button("plus", "page.zoomIn", () => map.view?.zoomBy(1.5)),
+      this.#button("minus", "page.zoomOut", () => map.view?.zoomBy(1 / 1.5)),
+    );
     const bar = h(
       "header",
       { class: "bar" },
@@ -76,6 +84,10 @@ export class Shell {
       element.setAttribute("aria-label", this.#app.t(key));
       element.title = this.#app.t(key);
     }
+    this.#mapButtons.hidden = !this.#map.view;
+    this.#mapButtons.setAttribute("aria-label", this.#app.t("page.map"));
+    this.#stacked.setAttribute("aria-pressed", String(ui.isStacked));
+    this.#stacked.hidden = (shown?.venue.floors.length ?? 0) < 2;
     this.#venues.hidden = !shown || (venues?.length ?? 0) < 2;
     const hasVenue = shown !== null && !failure;
     setAttribute(this.element, "data-view", hasVenue ? "map" : "start");
