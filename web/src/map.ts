@@ -444,6 +444,7 @@ export class MapView {
   }
 
   #contextChanged(isThere: boolean): void {
+    if (isThere) this.#engine.canvases.contextOf(this.#canvasNumber);
     this.#engine.enter((core) => core._orivantaMapContext(this.#number, isThere ? 1 : 0));
     if (!isThere) this.#tell("problem", { kind: "context", floor: null, text: "the browser took the graphics away" });
   }
