@@ -6,7 +6,6 @@
 // fails.
 #include <emscripten/emscripten.h>
 
-#include <boost/json/parse.hpp>
 #include <boost/json/serialize.hpp>
 #include <exception>
 #include <span>
@@ -25,6 +24,7 @@
 #include "Apps/Web/RouteNumbers.hpp"
 #include "Apps/Web/VenueJson.hpp"
 #include "Apps/Web/VenueTable.hpp"
+#include "Apps/Web/VisitorJson.hpp"
 #include "Platform/Foundation/Browser/Turns.hpp"
 #include "Platform/Foundation/MainQueue.hpp"
 #include "Source/Guidance/Narrator.hpp"
@@ -114,7 +114,8 @@ EMSCRIPTEN_KEEPALIVE const char* orivantaPlan(int venue, const char* text, std::
   try {
     web::LoadedVenue& loaded = web::VenueTable::shared().at(venue);
     const web::Query query = web::queryOf({text, length});
-    const auto request = orivanta::planning::requestOf(loaded.venue(), query.plan);
+    auto request = orivanta::planning::requestOf(loaded.venue(), query.plan);
+    request.visitsClosedStops = query.visitsClosedStops;
     return result(orivanta::planning::planJson(loaded.guide(), loaded.guide().plan(request),
                                                request,
                                                orivanta::guidance::Narrator(query.language)));
@@ -126,5 +127,10 @@ EMSCRIPTEN_KEEPALIVE const char* orivantaPlan(int venue, const char* text, std::
 // Returns what matches a text, see `foundJson`.
 EMSCRIPTEN_KEEPALIVE const char* orivantaSearch(int venue, const char* text, std::size_t length) {
   return result(web::foundJson(web::VenueTable::shared().at(venue), {text, length}));
+}
+
+// Answers what lists and cards ask, see `visitorJson`.
+EMSCRIPTEN_KEEPALIVE const char* orivantaVisitor(int venue, const char* text, std::size_t length) {
+  return result(web::visitorJson(web::VenueTable::shared().at(venue), {text, length}));
 }
 }

@@ -64,6 +64,7 @@ export interface Core {
   _orivantaMapDo(map: number, text: number, length: number): number;
   _orivantaMapFinish(map: number): void;
   _orivantaMapPoint(map: number, x: number, y: number, z: number): number;
+  _orivantaVisitor(venue: number, text: number, length: number): number;
 }
 
 export interface CoreOptions {

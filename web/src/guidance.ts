@@ -23,6 +23,8 @@ export interface GuideRequest {
   at?: string;
   /** Identifiers of closed connectors, places or nodes. */
   closed?: readonly string[];
+  /** Whether stops may be visited that are closed at the arrival; otherwise there is no such route. */
+  visitsClosedStops?: boolean;
   /** Further routes, 0 to 4. */
   alternatives?: number;
   /** The language of the instructions: a tag such as "de", or a list of tags. */
@@ -42,6 +44,14 @@ export interface Step {
   readonly node: Node | null;
   /** Left is positive. */
   readonly turnDegrees: number;
+  /** Of a turn in the other direction immediately after it; null if there is none. */
+  readonly secondTurnDegrees: number | null;
+  /** "leave": where the walk begins, seen in the direction of the ride: "left", "right", "behind" or null. */
+  readonly side: string | null;
+  /** "ride": "lift", "escalator", "stairs", "ramp" or "other"; otherwise null. */
+  readonly connectorKind: string | null;
+  /** "ride": how many floors up, negative down; otherwise 0. */
+  readonly floorsPassed: number;
   /** To the next step; null if the venue has no scale. */
   readonly meters: number | null;
   readonly seconds: number | null;
@@ -96,12 +106,14 @@ interface RawItinerary {
   summary: string;
   path: (string | null)[];
   visits: { leg: number; location: string | null }[];
-  legs: { nodes: (string | null)[] }[];
+  legs: { nodes: (string | null)[]; connectorKind?: string; floors?: number }[];
   steps: {
     kind: Step["kind"];
     leg: number;
     nodes: [number, number];
     turnDegrees: number;
+    secondTurnDegrees: number | null;
+    side: string | null;
     meters: number | null;
     seconds: number | null;
     text: string;
@@ -131,9 +143,23 @@ function visitsOf(raw: RawItinerary, records: Records): Visit[] {
 export function guidanceOf(raw: RawItinerary, language: string, records: Records): Guidance {
   const nodeAt = (id: string | null | undefined) => (id == null ? null : (records.nodeNamed(id) ?? null));
   const steps = raw.steps.map((step): Step => {
-    const node = nodeAt(raw.legs[step.leg]?.nodes[step.nodes[0]]);
-    const { kind, text, turnDegrees, meters, seconds } = step;
-    return Object.freeze({ kind, text, turnDegrees, meters, seconds, node, floor: node?.floor ?? null });
+    const leg = raw.legs[step.leg];
+    const node = nodeAt(leg?.nodes[step.nodes[0]]);
+    const { kind, text, turnDegrees, secondTurnDegrees, side, meters, seconds } = step;
+    const isRide = kind === "ride";
+    return Object.freeze({
+      kind,
+      text,
+      turnDegrees,
+      secondTurnDegrees,
+      side,
+      connectorKind: (isRide && leg?.connectorKind) || null,
+      floorsPassed: (isRide && leg?.floors) || 0,
+      meters,
+      seconds,
+      node,
+      floor: node?.floor ?? null,
+    });
   });
   return Object.freeze({
     costMilliseconds: raw.costMilliseconds,

@@ -22,3 +22,4 @@ export type {
 export type { Category, Connector, Floor, Node, Place } from "./records.js";
 export type { FoundPlace, LoadProblem, Route, RouteEnd, Venue } from "./venue.js";
 export type { Guidance, GuidanceProblem, GuideRequest, ProfileName, Step, Stop, Visit } from "./guidance.js";
+export type { Card, CardOptions, Catalog, CatalogGroup, CatalogPlace, Nearest, NearestOptions } from "./visitor.js";

@@ -22,6 +22,7 @@ import {
   type RawRecords,
   type Records,
 } from "./records.js";
+import type { Card, Catalog, CardOptions, Nearest, NearestOptions } from "./visitor.js";
 
 /** A collection of the venue that could not be loaded and counts as empty. */
 export interface LoadProblem {
@@ -123,6 +124,11 @@ export class Venue {
     return this.#all().unitsPerMeter;
   }
 
+  /** The sources that the venue's license wants to be named with its map; may be empty. */
+  get attribution(): string {
+    return this.#all().attribution;
+  }
+
   /** Returns the node with this identifier. */
   nodeNamed(id: string): Node | undefined {
     this.#nodesByName ??= new Map(this.nodes.map((node) => [node.id, node]));
@@ -173,6 +179,26 @@ export class Venue {
     });
   }
 
+  /** Returns all places by kind, as visitors browse them. */
+  catalog(language: string): Catalog {
+    return this.#visitor({ what: "catalog", language }) as Catalog;
+  }
+
+  /** Returns what the card of a place or connector says. */
+  card(place: Place, options: CardOptions): Card {
+    return this.#visitor({ ...options, what: "card", place: place.id }) as Card;
+  }
+
+  /** Returns the nearest toilet, exit and so on, to offer as destinations of routes. */
+  nearest(options: NearestOptions): Nearest[] {
+    return this.#visitor({ ...options, what: "nearest", place: options.place?.id ?? null }) as Nearest[];
+  }
+
+  /** Returns the nearest places of the categories that a typed text means. */
+  nearestTyped(text: string, language: string): Nearest[] {
+    return this.#visitor({ what: "typed", text, language }) as Nearest[];
+  }
+
   /**
    * Shows the venue on a canvas, or on a canvas that is added to an element and fills it. The promise is
    * fulfilled when the first floor is shown. It is rejected with an `OrivantaError` if no floor can be shown
@@ -199,7 +225,11 @@ export class Venue {
     return use();
   }
 
-  #ask(text: string, name: "_orivantaPlan" | "_orivantaSearch"): unknown {
+  #visitor(question: object): unknown {
+    return this.#ask(JSON.stringify(question), "_orivantaVisitor");
+  }
+
+  #ask(text: string, name: "_orivantaPlan" | "_orivantaSearch" | "_orivantaVisitor"): unknown {
     return this.#use(() =>
       this.#engine.withTexts([text], (core, address, length) =>
         this.#engine.json(core[name](this.#number, address!, length!)),
