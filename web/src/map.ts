@@ -24,6 +24,8 @@ import type {
 import type { Floor, Node, Place } from "./records.js";
 import type { Route, Venue } from "./venue.js";
 
+export type * from "./mapTypes.js";
+
 type Handler<Type extends keyof MapEvents> = (event: MapEvents[Type]) => void;
 
 /** How a change of the camera happens. */
