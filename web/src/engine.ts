@@ -107,6 +107,7 @@ export class Engine {
         WebAssembly.instantiate(module, imports).then(received, instantiationFailed);
         return {};
       },
+      print: () => {}, // diagnostics for developers of the module
       printErr: (line) => (this.#lastLine = line),
     });
     this.#core = await Promise.race([core, failure]);

@@ -24,6 +24,8 @@ import type {
 import type { Floor, Node, Place } from "./records.js";
 import type { Route, Venue } from "./venue.js";
 
+export type * from "./mapTypes.js";
+
 type Handler<Type extends keyof MapEvents> = (event: MapEvents[Type]) => void;
 
 /** How a change of the camera happens. */
@@ -444,6 +446,7 @@ export class MapView {
   }
 
   #contextChanged(isThere: boolean): void {
+    if (isThere) this.#engine.canvases.contextOf(this.#canvasNumber);
     this.#engine.enter((core) => core._orivantaMapContext(this.#number, isThere ? 1 : 0));
     if (!isThere) this.#tell("problem", { kind: "context", floor: null, text: "the browser took the graphics away" });
   }

@@ -15,6 +15,20 @@ const attributes: WebGLContextAttributes = {
   premultipliedAlpha: true,
 };
 
+// Software is slow at it.
+const anisotropy = "EXT_texture_filter_anisotropic";
+const isSoftware = (context: WebGL2RenderingContext): boolean =>
+  context.getExtension("WEBGL_debug_renderer_info") !== null &&
+  /SwiftShader|llvmpipe|softpipe|Basic Render/.test(
+    String(context.getParameter(0x9246)), // UNMASKED_RENDERER_WEBGL
+  );
+
+// A context has the extensions that a page enables, but lists all that it could have.
+function enableExtensions(context: WebGL2RenderingContext): void {
+  const enabled = !isSoftware(context) && context.getExtension(anisotropy) ? [anisotropy] : [];
+  context.getSupportedExtensions = () => enabled;
+}
+
 /** The canvases, by number. */
 export class CanvasTable implements Surfaces {
   readonly #canvases = new Map<number, HTMLCanvasElement>();
@@ -29,7 +43,10 @@ export class CanvasTable implements Surfaces {
     this.#canvases.delete(canvas);
   }
 
+  /** Also to be called when a context that was lost is back. */
   contextOf(canvas: number): WebGL2RenderingContext | null {
-    return this.#canvases.get(canvas)?.getContext("webgl2", attributes) ?? null;
+    const context = this.#canvases.get(canvas)?.getContext("webgl2", attributes) ?? null;
+    if (context) enableExtensions(context);
+    return context;
   }
 }
