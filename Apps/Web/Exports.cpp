@@ -107,6 +107,13 @@ EMSCRIPTEN_KEEPALIVE const double* orivantaRoute(int venue, const std::int32_t* 
       web::routeNumbers(web::VenueTable::shared().at(venue), {from, fromCount}, {to, toCount}));
 }
 
+// Adds a language of instructions from a message file, see `Narrator::addLanguage`. Returns 0 if the
+// file is damaged.
+EMSCRIPTEN_KEEPALIVE int orivantaAddLanguage(const char* tag, std::size_t tagLength,
+                                             const char* file, std::size_t length) {
+  return orivanta::guidance::Narrator::addLanguage({file, length}, {tag, tagLength}) ? 1 : 0;
+}
+
 // Plans a route. Takes a JSON object, see `queryOf`, and returns that of `planJson`, or `error`
 // with `kind`
 // ("invalid", "notFound" or "ambiguous") and `text`.

@@ -47,8 +47,8 @@ export interface MapListener {
 const encoder = new TextEncoder();
 const decoder = new TextDecoder();
 
-async function bytesOf(source: WasmSource): Promise<BufferSource | Response> {
-  if (typeof source !== "string" && !(source instanceof URL)) return source;
+/** Reads a file next to the package's code, in a browser or in Node.js. */
+export async function fetched(source: string | URL): Promise<BufferSource | Response> {
   const url = new URL(source, import.meta.url);
   if (url.protocol !== "file:") {
     const response = await fetch(url, { credentials: "same-origin" });
@@ -65,7 +65,8 @@ async function bytesOf(source: WasmSource): Promise<BufferSource | Response> {
 }
 
 async function compiled(source: WasmSource): Promise<WebAssembly.Module> {
-  const bytes = await bytesOf(source);
+  const isFile = typeof source === "string" || source instanceof URL;
+  const bytes = isFile ? await fetched(source) : source;
   if (!(bytes instanceof Response)) return WebAssembly.compile(bytes);
   if (bytes.headers.get("Content-Type") === "application/wasm") {
     return WebAssembly.compileStreaming(bytes);
@@ -156,10 +157,13 @@ export class Engine {
     }
   }
 
-  /** Calls a function that takes UTF-8 texts, each as address and length. */
-  withTexts<Result>(texts: readonly string[], use: (core: Core, ...places: number[]) => Result): Result {
+  /** Calls a function that takes UTF-8 texts or bytes, each as address and length. */
+  withTexts<Result>(
+    texts: readonly (string | Uint8Array)[],
+    use: (core: Core, ...places: number[]) => Result,
+  ): Result {
     return this.call((core) => {
-      const encoded = texts.map((text) => encoder.encode(text));
+      const encoded = texts.map((text) => (typeof text === "string" ? encoder.encode(text) : text));
       const places: number[] = [];
       try {
         for (const bytes of encoded) {
