@@ -22,4 +22,14 @@ export type {
 export type { Category, Connector, Floor, Node, Place } from "./records.js";
 export type { FoundPlace, LoadProblem, Route, RouteEnd, Venue } from "./venue.js";
 export type { Guidance, GuidanceProblem, GuideRequest, ProfileName, Step, Stop, Visit } from "./guidance.js";
-export type { Card, CardOptions, Catalog, CatalogGroup, CatalogPlace, Nearest, NearestOptions } from "./visitor.js";
+export type {
+  Card,
+  CardOptions,
+  Catalog,
+  CatalogGroup,
+  CatalogPlace,
+  IconPart,
+  KindIcon,
+  Nearest,
+  NearestOptions,
+} from "./visitor.js";

@@ -22,7 +22,15 @@ import {
   type RawRecords,
   type Records,
 } from "./records.js";
-import type { Card, Catalog, CardOptions, Nearest, NearestOptions } from "./visitor.js";
+import {
+  iconsOf,
+  type Card,
+  type CardOptions,
+  type Catalog,
+  type KindIcon,
+  type Nearest,
+  type NearestOptions,
+} from "./visitor.js";
 
 /** A collection of the venue that could not be loaded and counts as empty. */
 export interface LoadProblem {
@@ -197,6 +205,11 @@ export class Venue {
   /** Returns the nearest places of the categories that a typed text means. */
   nearestTyped(text: string, language: string): Nearest[] {
     return this.#visitor({ what: "typed", text, language }) as Nearest[];
+  }
+
+  /** Returns the icons of all kinds, as on the map. */
+  icons(theme: "light" | "dark"): KindIcon[] {
+    return iconsOf(this.#visitor({ what: "icons", theme }) as KindIcon[]);
   }
 
   /**

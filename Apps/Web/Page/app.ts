@@ -2,6 +2,7 @@
 
 import type { Catalog, CatalogPlace, Guidance, GuidanceProblem, Nearest, Orivanta, Venue, VenueEntry } from "orivanta";
 
+import type { KioskOptions } from "./Kiosk/options.js";
 import type { Settings } from "./settings.js";
 import { StateStore } from "./state.js";
 import type { Texts } from "./texts.js";
@@ -51,6 +52,8 @@ export class App {
   loadedShare: number | null = null;
   /** Null if an end of the route is missing. */
   plan: Plan | null = null;
+  /** How the page is set up as a kiosk; null if it is none. */
+  kiosk: KioskOptions | null = null;
   /** Speaks to screen readers. */
   announce: (text: string) => void = () => {};
 

@@ -30,6 +30,8 @@ const paths = {
   escalator: "M2 21h5l10.5-11H22M7.5 14.5l8-8.5",
   ramp: "M2 20.5h20v-9z",
   upAndDown: "M7 20V4L3 8M7 4l4 4M17 4v16l-4-4M17 20l4-4",
+  share: "M12 15V3M7.5 7.5 12 3l4.5 4.5M6 11H4.5v10h15V11H18",
+  qr: "M4 4h6v6H4zM14 4h6v6h-6zM4 14h6v6H4zM14 14h2v2h-2zM20 14v2M14 20h2M19 19h1v1h-1z",
   pin: "M12 22 5.8 12.7a7 7 0 1 1 12.4 0zM12 9.5h.01",
 } as const;
 

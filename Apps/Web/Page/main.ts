@@ -4,7 +4,7 @@
 // and links.ts read.
 
 import { App } from "./app.js";
-import { startKiosk } from "./Kiosk/kiosk.js";
+import { startKiosk, startsHere } from "./Kiosk/kiosk.js";
 import { kioskOptionsOf } from "./Kiosk/options.js";
 import { startLinks } from "./links.js";
 import { MapHost } from "./mapHost.js";
@@ -23,8 +23,9 @@ async function start(): Promise<void> {
   const endpoint = new URL(query.get("endpoint") ?? "1/", document.baseURI).href;
   const app = new App({ endpoint: endpoint.endsWith("/") ? endpoint : `${endpoint}/`, username: "", password: "" }, settings, texts);
   app.loading = app.t("page.loading");
-  const kiosk = kioskOptionsOf(query);
-  startLinks(app.store, { keepsHistory: !kiosk });
+  app.kiosk = kioskOptionsOf(query);
+  if (app.kiosk) app.store.rule = startsHere(app.kiosk);
+  startLinks(app.store, { keepsHistory: !app.kiosk });
 
   const session = new Session(app);
   const map = new MapHost(app);
@@ -33,10 +34,13 @@ async function start(): Promise<void> {
   app.store.on(({ place }) => {
     if (place !== null) rememberPlace(app, place);
   });
+  settings.on(() => app.changed());
   document.getElementById("page")!.replaceChildren(shell.element);
   shell.update();
   const connection = new Connection(app, () => session.reload());
-  if (kiosk) startKiosk({ app, connection, reload: () => session.reload(), showStart: () => map.update() }, kiosk);
+  if (app.kiosk) {
+    startKiosk({ app, connection, reload: () => session.reload(), showStart: () => map.showStart() }, app.kiosk);
+  }
   await connection.start();
   await session.start();
 }

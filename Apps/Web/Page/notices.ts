@@ -16,15 +16,21 @@ export function showNotice(
   text: string,
   { seconds, action }: { seconds?: number; action?: { label: string; run: () => void } } = {},
 ): Notice {
-  region ??= document.body.appendChild(h("div", { class: "notices" }));
+  region ??= document.body.appendChild(h("div", { class: "notices", popover: "manual" }));
   const line = h("span", { role: "status" });
   const notice = h("div", { class: "notice" }, line);
-  const remove = () => notice.remove();
+  const remove = () => {
+    notice.remove();
+    if (region?.childElementCount === 0) region.hidePopover();
+  };
   if (action) {
     const run = () => (remove(), action.run());
     notice.append(h("button", { type: "button", onclick: run }, action.label));
   }
   region.append(notice);
+  // Above all dialogs, also those that were opened later than another notice.
+  if (region.matches(":popover-open")) region.hidePopover();
+  region.showPopover();
   // A live region is read when its text changes after it has been added.
   requestAnimationFrame(() => (line.textContent ||= text));
   if (seconds !== undefined) setTimeout(remove, seconds * 1000);

@@ -41,6 +41,9 @@ type Handler = (state: State, change: StateChange) => void;
 
 /** Holds the state and tells who depends on it. */
 export class StateStore {
+  /** Completes each state before it becomes the current one. */
+  rule: (state: State) => State = (state) => state;
+
   #state: State = startState;
   readonly #handlers = new Set<Handler>();
 
@@ -64,7 +67,8 @@ export class StateStore {
     return () => void this.#handlers.delete(handler);
   }
 
-  #set(state: State, isApplied: boolean): void {
+  #set(incomplete: State, isApplied: boolean): void {
+    const state = this.rule(incomplete);
     const former = this.#state;
     const isEqual = (Object.keys(state) as (keyof State)[]).every(
       (name) => String(state[name]) === String(former[name]) && (state[name] === null) === (former[name] === null),

@@ -22,6 +22,11 @@ export interface KioskHost {
   readonly showStart: () => void;
 }
 
+/** Returns the rule that a route without a start begins at the kiosk. */
+export function startsHere({ here }: KioskOptions): (state: State) => State {
+  return (state) => (state.to !== null && state.from === null && state.to !== here ? { ...state, from: here } : state);
+}
+
 const oldestData = 15 * 60_000;
 
 /** Makes the page a kiosk. */
@@ -80,7 +85,7 @@ function addLanguages(app: App): void {
     return h("button", { type: "button", lang: tag, "data-language": tag, onclick: choose }, name);
   });
   const bar = h("nav", { class: "kiosk-languages" }, ...buttons);
-  document.body.append(bar);
+  document.querySelector(".column")!.append(bar);
   const update = () => {
     bar.setAttribute("aria-label", app.t("page.language"));
     for (const button of buttons)

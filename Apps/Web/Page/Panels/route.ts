@@ -7,6 +7,7 @@ import type { App, Plan } from "../app.js";
 import { h, newIdentifier } from "../dom.js";
 import { icon } from "../icons.js";
 import { arrivalOf, closedStops } from "../planning.js";
+import { takeAway } from "../Share/share.js";
 import { stepIcon } from "../stepIcon.js";
 import { clockText } from "../times.js";
 
@@ -145,7 +146,7 @@ function routeParts(app: App, { routes, departure }: Plan & { kind: "route" }): 
     const options = routes.map((each, index) => ({ value: String(index), title: summaryOf(app, each) }));
     nodes.push(choice(app, app.t("page.route.choices"), options, String(app.ui.routeIndex), (value) => app.changeUi({ routeIndex: Number(value) })));
   }
-  if (!isThere) nodes.push(stepList(app, route));
+  if (!isThere) nodes.push(...takeAway(app), stepList(app, route));
   return nodes;
 }
 

@@ -7,8 +7,13 @@ import { showNotice } from "../notices.js";
 import { qrPicture } from "./qrPicture.js";
 import { isReachable, sharedLink } from "./sharedLink.js";
 
-/** Returns a button that shares the link to what the page shows, and one that shows its QR code. */
-export function shareButtons(app: App): HTMLElement {
+/** Returns what takes the route to another device: buttons, and on a kiosk, which visitors leave, the QR code itself. */
+export function takeAway(app: App): HTMLElement[] {
+  const code = app.kiosk ? codeOf(app, sharedLink(app.store.state, location.href)) : shareButtons(app);
+  return code ? [code] : [];
+}
+
+function shareButtons(app: App): HTMLElement {
   const share = h("button", { class: "tinted", type: "button", "data-key": "share" }, icon("share"), app.t("page.share"));
   const code = h("button", { class: "tinted", type: "button", "data-key": "qr" }, icon("qr"), app.t("page.share.code"));
   share.addEventListener("click", () => void shareLink(app));
@@ -29,7 +34,7 @@ async function shareLink(app: App): Promise<void> {
 }
 
 /** Returns the QR code of a link, with the link as a text, or null if no other device can open it. */
-export function codeOf(app: App, link: string): HTMLElement | null {
+function codeOf(app: App, link: string): HTMLElement | null {
   if (!isReachable(link)) return null;
   return h(
     "figure",
