@@ -41,7 +41,7 @@ const tests = {
     const map = await venue.show(target, options);
     const events = [];
     for (const type of ["tap", "floor", "camera", "problem", "ready"])
-      map.on(type, (event) => events.push({ type, event }));
+      map.on(type, (event) => events.push({ type, event: type === "tap" ? { ...event, place: event.place?.id } : event }));
     Object.assign(tests, { venue, map, events });
     await tests.ready();
   },
@@ -64,15 +64,20 @@ const tests = {
   async pixels(map = tests.map) {
     return pixelsOf(await map.picture());
   },
-  /** The likeness of two pictures as PSNR in dB. */
-  likeness(first, second) {
+  /** The likeness of two pictures as PSNR in dB, without what has a color in the second one. */
+  likeness(first, second, except) {
     if (first.width !== second.width || first.height !== second.height) return 0;
     let sum = 0;
-    for (let i = 0; i < first.data.length; ++i) sum += (first.data[i] - second.data[i]) ** 2;
-    return 10 * Math.log10(255 ** 2 / (sum / (first.width * first.height * 3)));
+    let count = 0;
+    for (let i = 0; i < first.data.length; i += 4) {
+      if (except?.every((part, index) => second.data[i + index] === part)) continue;
+      for (let part = i; part < i + 3; ++part) sum += (first.data[part] - second.data[part]) ** 2;
+      count += 3;
+    }
+    return sum === 0 ? 99 : 10 * Math.log10(255 ** 2 / (sum / count));
   },
-  async likenessTo(url) {
-    return tests.likeness(await tests.pixels(), await pixelsOf(await (await fetch(url)).blob()));
+  async likenessTo(url, except) {
+    return tests.likeness(await tests.pixels(), await pixelsOf(await (await fetch(url)).blob()), except);
   },
   /** How many pixels have nearly a color. */
   async count(red, green, blue) {

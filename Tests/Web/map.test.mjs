@@ -27,22 +27,28 @@ before(async () => {
   mkdirSync(path.join(folder, "native"));
   writeFileSync(
     path.join(folder, "index.html"),
-    `<!doctype html><html lang="en"><title>Map</title><body style="margin:0"><div id="map" style="width:${width}px;
+    `<!doctype html><html lang="en"><title>Map</title><link rel="icon" href="data:,"><body style="margin:0"><div id="map" style="width:${width}px;
      height:${height}px"></div><script type="module" src="map.mjs"></script></body></html>`,
   );
   server = await serve("--web", folder, demo);
   browser = await launchBrowser();
 });
 after(async () => {
-  await tab?.close();
+  await closeTab();
   await browser?.close();
   server?.stop();
   rmSync(folder, { recursive: true, force: true });
 });
 
+async function closeTab() {
+  const last = tab;
+  tab = null;
+  await last?.close();
+}
+
 /** Opens the page in a new tab and shows the venue. */
 async function show(options = {}, window = {}) {
-  await tab?.close();
+  await closeTab();
   tab = await Tab.open(browser, { width, height, ...window });
   await tab.page.goto(new URL("/", server.endpoint).href);
   await tab.page.waitForFunction("window.tests");
@@ -64,7 +70,15 @@ function nativePicture(name, ...options) {
   return `native/${name}.png`;
 }
 
+// With the OpenGL driver of the native command. The browser's own one places corners less exactly.
 test("pictures are those of the native renderer", { timeout: 180_000 }, async (context) => {
+  const usual = browser;
+  browser = await launchBrowser("--use-angle=gl-egl", "--ignore-gpu-blocklist");
+  context.after(async () => {
+    await closeTab();
+    await browser.close();
+    browser = usual;
+  });
   const tilt = 34.3774677;
   const options = ["--tilt", `${tilt}`];
   await show({ ...quiet, theme: "plain", labels: false });
@@ -73,7 +87,8 @@ test("pictures are those of the native renderer", { timeout: 180_000 }, async (c
     tests.map.fit(undefined, { animated: false });
   }, tilt);
   const first = nativePicture("plain", "--map", "0", "--style", "plain", "--no-labels", ...options);
-  const likeness = [await evaluate((url) => tests.likenessTo(url), first)];
+  // The command has a backdrop of its own in this style.
+  const likeness = [await evaluate((url) => tests.likenessTo(url, [241, 243, 245]), first)];
   for (const [name, look, more] of [
     ["light", { theme: "light" }, ["--no-labels"]],
     ["dark", { theme: "dark" }, ["--no-labels", "--style", "dark"]],
@@ -86,7 +101,7 @@ test("pictures are those of the native renderer", { timeout: 180_000 }, async (c
   }
   context.diagnostic(`likeness: ${likeness.map((each) => each.toFixed(1)).join(", ")} dB`);
   const [plain, light, dark, labels] = likeness;
-  assert.ok(plain >= 45 && light >= 40 && dark >= 40 && labels >= 25, String(likeness));
+  assert.ok(plain >= 45 && light >= 45 && dark >= 45 && labels >= 25, String(likeness));
 });
 
 const middle = [width / 2, height / 2];
@@ -113,10 +128,11 @@ test("visitors move the map with the mouse and the keyboard", { timeout: 120_000
     return found.id;
   });
   const hit = await clickGround(...middle);
-  assert.equal(hit.place?.id, place);
+  assert.equal(hit.place, place);
   assert.ok(near(hit, { x: middle[0], y: middle[1] }, 1) && near(await at(hit.position), hit, 1));
 
   const { position } = await clickGround(200, 150);
+  await evaluate(() => tests.later(600)); // the next one is no double click
   await mouse.move(200, 150);
   await mouse.down();
   await mouse.move(300, 200, { steps: 5 });
@@ -176,7 +192,7 @@ test("fingers pan, pinch, turn and tilt", { timeout: 120_000 }, async () => {
   assert.ok(Math.min(turned.yaw, 360 - turned.yaw) > 30, `${turned.yaw}`);
   await move([280, 200, 280, 130], [360, 200, 360, 130]);
   assert.notEqual((await pose()).tilt, turned.tilt);
-  const { width: pixels } = await evaluate(() => ({ width: tests.map.canvas.width }));
+  const pixels = await evaluate(() => tests.map.canvas.width);
   assert.equal(pixels, 2 * width);
   await evaluate(() => void (tests.events.length = 0));
   await tab.page.touchscreen.tap(...middle);
@@ -254,7 +270,7 @@ test("a lost context comes back with the same picture", { timeout: 120_000 }, as
     return [problem.kind, tests.likeness(first, await tests.pixels())];
   });
   assert.equal(likeness[0], "context");
-  assert.ok(likeness[1] === null || likeness[1] > 60, String(likeness)); // null: no difference
+  assert.ok(likeness[1] > 60, String(likeness));
 });
 
 test("a map at rest draws nothing, and maps leave no memory behind", { timeout: 400_000 }, async (context) => {
@@ -305,7 +321,7 @@ test("two maps at once, and faults", { timeout: 120_000 }, async () => {
     } catch (error) {
       ended = error.kind;
     }
-    return [twice, tests.likeness(dark, light) < 30, tests.likeness(after, light) || 99, ended, other.isConnected];
+    return [twice, tests.likeness(dark, light) < 30, tests.likeness(after, light), ended, other.isConnected];
   }, quiet);
   const [twice, isDark, likeness, ended, isKept] = results;
   assert.deepEqual([twice, isDark, ended, isKept], ["invalid", true, "invalid", true]);
