@@ -16,6 +16,9 @@ struct Query {
   bool visitsClosedStops = false;  ///< see `guidance::Request`
 };
 
+/// Parses a JSON object. Throws `planning::QueryError` if the text is not one.
+boost::json::object objectIn(std::string_view text);
+
 /// Parses a JSON object whose members are named as those of `PlanQuery`, except `speed` for
 /// `walkingSpeed`, `language` and `visitsClosedStops`. All are optional; `from`, `to`, `via` and
 /// `closed` are arrays of texts. Throws `planning::QueryError` if the text is not such an object.

@@ -57,6 +57,14 @@ export interface Step {
   readonly seconds: number | null;
 }
 
+/** A stop of a route, in the order in which it is visited. */
+export interface Visit {
+  /** Null for a node or a position. */
+  readonly place: Place | null;
+  /** Of its node in the nodes of the route. */
+  readonly index: number;
+}
+
 /** A route with instructions. */
 export interface Guidance {
   /** What the search minimized: the expected time with penalties. */
@@ -69,8 +77,8 @@ export interface Guidance {
   readonly language: string;
   readonly steps: readonly Step[];
   readonly nodes: readonly Node[];
-  /** The identifiers of the places that the stops turned out to be; null for a stop that is no place. */
-  readonly stops: readonly (string | null)[];
+  /** The start, the stops in between and the destination. */
+  readonly visits: readonly Visit[];
   readonly alternatives: readonly Guidance[];
 }
 
@@ -97,7 +105,7 @@ interface RawItinerary {
   seconds: number | null;
   summary: string;
   path: (string | null)[];
-  visits: { stop: number; location: string | null }[];
+  visits: { leg: number; location: string | null }[];
   legs: { nodes: (string | null)[]; connectorKind?: string; floors?: number }[];
   steps: {
     kind: Step["kind"];
@@ -116,13 +124,24 @@ interface RawItinerary {
 /** What the module writes, see `planJson` in Apps/Planning/PlanJson.hpp. */
 export type RawPlan = (RawItinerary | { problem: GuidanceProblem }) & { language: string };
 
+/** Finds records by their identifiers. */
+export interface Records {
+  nodeNamed(id: string): Node | undefined;
+  placeNamed(id: string): Place | undefined;
+}
+
+// The last node of a leg begins the next one.
+function visitsOf(raw: RawItinerary, records: Records): Visit[] {
+  return raw.visits.map(({ leg, location }): Visit => {
+    const before = raw.legs.slice(0, leg);
+    const index = before.reduce((sum, each) => sum + each.nodes.length - 1, 0);
+    return Object.freeze({ place: location === null ? null : (records.placeNamed(location) ?? null), index });
+  });
+}
+
 /** Makes a route of what the module writes. */
-export function guidanceOf(
-  raw: RawItinerary,
-  language: string,
-  nodeNamed: (id: string) => Node | undefined,
-): Guidance {
-  const nodeAt = (id: string | null | undefined) => (id == null ? null : (nodeNamed(id) ?? null));
+export function guidanceOf(raw: RawItinerary, language: string, records: Records): Guidance {
+  const nodeAt = (id: string | null | undefined) => (id == null ? null : (records.nodeNamed(id) ?? null));
   const steps = raw.steps.map((step): Step => {
     const leg = raw.legs[step.leg];
     const node = nodeAt(leg?.nodes[step.nodes[0]]);
@@ -150,9 +169,7 @@ export function guidanceOf(
     language,
     steps: Object.freeze(steps),
     nodes: Object.freeze(raw.path.flatMap((id) => nodeAt(id) ?? [])),
-    stops: Object.freeze(raw.visits.map((visit) => visit.location)),
-    alternatives: Object.freeze(
-      (raw.alternatives ?? []).map((each) => guidanceOf(each, language, nodeNamed)),
-    ),
+    visits: Object.freeze(visitsOf(raw, records)),
+    alternatives: Object.freeze((raw.alternatives ?? []).map((each) => guidanceOf(each, language, records))),
   });
 }

@@ -10,6 +10,8 @@ import {
   type RawPlan,
   type Stop,
 } from "./guidance.js";
+import { MapView } from "./map.js";
+import type { ShowOptions } from "./mapTypes.js";
 import {
   recordsOf,
   type Category,
@@ -20,7 +22,15 @@ import {
   type RawRecords,
   type Records,
 } from "./records.js";
-import type { Card, Catalog, CardOptions, Nearest, NearestOptions } from "./visitor.js";
+import {
+  iconsOf,
+  type Card,
+  type CardOptions,
+  type Catalog,
+  type KindIcon,
+  type Nearest,
+  type NearestOptions,
+} from "./visitor.js";
 
 /** A collection of the venue that could not be loaded and counts as empty. */
 export interface LoadProblem {
@@ -84,6 +94,7 @@ export class Venue {
   #nodesByName: Map<string, Node> | null = null;
   #placesByName: Map<string, Place> | null = null;
   #isDestroyed = false;
+  #map: MapView | null = null;
 
   /** For `Orivanta.venue`. */
   constructor(engine: Engine, number: number, problems: readonly LoadProblem[]) {
@@ -141,7 +152,7 @@ export class Venue {
   /** Searches a route. Returns null if there is none. */
   route(from: RouteEnd, to: RouteEnd): Route | null {
     const numbers = this.#use(() =>
-      this.#engine.withIndices([this.#indicesOf(from), this.#indicesOf(to)], (core, ...places) =>
+      this.#engine.withIndices([this.indicesOf(this.#nodesOf(from)), this.indicesOf(this.#nodesOf(to))], (core, ...places) =>
         this.#engine.numbers(
           core._orivantaRoute(this.#number, places[0]!, places[1]!, places[2]!, places[3]!),
         ),
@@ -162,7 +173,7 @@ export class Venue {
       | { error: { kind: ErrorKind; text: string } };
     if ("error" in plan) throw new OrivantaError(plan.error.kind, plan.error.text);
     if ("problem" in plan) return Object.freeze({ problem: Object.freeze(plan.problem) });
-    return guidanceOf(plan, plan.language, (id) => this.nodeNamed(id));
+    return guidanceOf(plan, plan.language, this);
   }
 
   /** Returns the places and connectors that match a text as a user types it, the best first. */
@@ -196,9 +207,28 @@ export class Venue {
     return this.#visitor({ what: "typed", text, language }) as Nearest[];
   }
 
-  /** Releases the memory of the venue. Every later call throws. */
+  /** Returns the icons of all kinds, as on the map. */
+  icons(theme: "light" | "dark"): KindIcon[] {
+    return iconsOf(this.#visitor({ what: "icons", theme }) as KindIcon[]);
+  }
+
+  /**
+   * Shows the venue on a canvas, or on a canvas that is added to an element and fills it. The promise is
+   * fulfilled when the first floor is shown. It is rejected with an `OrivantaError` if no floor can be shown
+   * or the browser does not support WebGL 2. A venue has at most one map at a time.
+   */
+  async show(target: HTMLElement, options: ShowOptions = {}): Promise<MapView> {
+    if (this.#map) throw new OrivantaError("invalid", "the venue is shown already; load it again for another map");
+    const map = this.#use(() => new MapView(this.#engine, this, this.#number, target, options, () => (this.#map = null)));
+    this.#map = map;
+    await map.loaded;
+    return map;
+  }
+
+  /** Releases the memory of the venue, and its map. Every later call throws. */
   destroy(): void {
     if (this.#isDestroyed) return;
+    this.#map?.destroy();
     this.#isDestroyed = true;
     this.#engine.call((core) => core._orivantaRemoveVenue(this.#number));
   }
@@ -234,9 +264,13 @@ export class Venue {
     return this.#records;
   }
 
-  #indicesOf(end: RouteEnd): number[] {
+  /** Returns the indices of nodes in `nodes`, without those of other venues. */
+  indicesOf(nodes: readonly Node[]): number[] {
     this.#indices ??= new Map(this.nodes.map((node, index) => [node, index]));
-    const nodes: readonly Node[] = Array.isArray(end) ? end : "nodes" in end ? end.nodes : [end as Node];
-    return nodes.map((node) => this.#indices!.get(node) ?? -1);
+    return nodes.flatMap((node) => this.#indices!.get(node) ?? []);
+  }
+
+  #nodesOf(end: RouteEnd): readonly Node[] {
+    return Array.isArray(end) ? end : "nodes" in end ? end.nodes : [end as Node];
   }
 }

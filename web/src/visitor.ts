@@ -84,3 +84,45 @@ export interface NearestOptions {
   place?: Place;
   closed?: readonly string[];
 }
+
+/** A part of an icon. */
+export interface IconPart {
+  /** A path of an SVG document. */
+  readonly path: string;
+  /** Such as "#1f4da7". */
+  readonly color: string;
+  /** Of the line, which has round ends; 0 fills the path by the even-odd rule. */
+  readonly width: number;
+}
+
+/** The icon of a kind: parts from back to front, on 24 by 24 units around the origin. */
+export interface KindIcon {
+  readonly kind: string;
+  readonly parts: readonly IconPart[];
+  /** The icon of what cannot be used. */
+  readonly outOfOrder: readonly IconPart[];
+}
+
+// The module's paths have circles, "O x y r", and boxes with round corners, "B left top right bottom r".
+function svgPath(path: string): string {
+  return path.replace(/([OB])((?: ?-?[\d.]+)+)/g, (_, command: string, numbers: string) => {
+    const values = numbers.trim().split(/ +/).map(Number);
+    const size = command === "O" ? 3 : 5;
+    let text = "";
+    for (let i = 0; i + size <= values.length; i += size) {
+      const [a, b, c, d, r] = values.slice(i, i + size) as [number, number, number, number, number];
+      text +=
+        command === "O"
+          ? `M${a - c} ${b}a${c} ${c} 0 1 0 ${2 * c} 0a${c} ${c} 0 1 0 ${-2 * c} 0Z`
+          : `M${a + r} ${b}H${c - r}a${r} ${r} 0 0 1 ${r} ${r}V${d - r}a${r} ${r} 0 0 1 ${-r} ${r}H${a + r}` +
+            `a${r} ${r} 0 0 1 ${-r} ${-r}V${b + r}a${r} ${r} 0 0 1 ${r} ${-r}Z`;
+    }
+    return text;
+  });
+}
+
+/** Makes icons of what the module writes. */
+export function iconsOf(raw: readonly KindIcon[]): KindIcon[] {
+  const partsOf = (parts: readonly IconPart[]) => parts.map((part) => ({ ...part, path: svgPath(part.path) }));
+  return raw.map(({ kind, parts, outOfOrder }) => ({ kind, parts: partsOf(parts), outOfOrder: partsOf(outOfOrder) }));
+}

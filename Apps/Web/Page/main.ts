@@ -34,11 +34,12 @@ async function start(): Promise<void> {
   app.store.on(({ place }) => {
     if (place !== null) rememberPlace(app, place);
   });
+  settings.on(() => app.changed());
   document.getElementById("page")!.replaceChildren(shell.element);
   shell.update();
   const connection = new Connection(app, () => session.reload());
   if (app.kiosk) {
-    startKiosk({ app, connection, reload: () => session.reload(), showStart: () => map.update() }, app.kiosk);
+    startKiosk({ app, connection, reload: () => session.reload(), showStart: () => map.showStart() }, app.kiosk);
   }
   await connection.start();
   await session.start();

@@ -128,8 +128,7 @@ export function closedStops(app: App, route: Guidance, departure: Date): string[
   const arrival = arrivalOf(route, departure);
   if (!arrival || !app.shown) return [];
   const { venue } = app.shown;
-  return route.stops.slice(1).flatMap((id) => {
-    const place = id === null ? undefined : venue.placeNamed(id);
+  return route.visits.slice(1).flatMap(({ place }) => {
     if (!place) return [];
     const card = venue.card(place, { language: app.texts.language, now: localTime(arrival), closed: app.closed });
     return card.isClosed ? [card.title] : [];

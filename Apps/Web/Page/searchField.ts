@@ -39,7 +39,6 @@ export class SearchField {
       spellcheck: "false",
       enterkeyhint: "search",
       "aria-autocomplete": "list",
-      "aria-controls": listId,
       "aria-expanded": "false",
       oninput: () => this.#typed(),
       onfocus: () => {
@@ -60,7 +59,9 @@ export class SearchField {
     this.#clear.setAttribute("aria-label", ui.typed ? t("page.clear") : t("page.close"));
     this.#clear.hidden = !ui.isSearching;
     if (this.input.value !== ui.typed && !this.#timer) this.input.value = ui.typed;
-    setAttribute(this.input, "aria-expanded", ui.isSearching && ui.typed !== "" && this.#found.length > 0);
+    const isExpanded = ui.isSearching && ui.typed !== "" && this.#found.length > 0;
+    this.input.setAttribute("aria-expanded", String(isExpanded));
+    setAttribute(this.input, "aria-controls", isExpanded && listId);
     this.#showMark();
   }
 

@@ -6,6 +6,7 @@ import { showHelp, showSettings } from "./dialogs.js";
 import { h, setAttribute } from "./dom.js";
 import { FloorSwitch } from "./floorSwitch.js";
 import { icon, type IconName } from "./icons.js";
+import { KindSprite } from "./kindIcon.js";
 import type { MapHost } from "./mapHost.js";
 import { Panel } from "./panel.js";
 import { SearchField } from "./searchField.js";
@@ -28,7 +29,8 @@ export class Shell {
   readonly #labeled: (readonly [HTMLElement, key: string])[] = [];
   readonly #venues: HTMLElement;
   readonly #mapButtons: HTMLElement;
-
+  readonly #area: HTMLElement;
+  readonly #stacked: HTMLElement;
 
   constructor(app: App, session: Session, map: MapHost) {
     this.#app = app;
@@ -37,7 +39,15 @@ export class Shell {
     this.#panel = new Panel(app, this.#search, session);
     this.#floors = new FloorSwitch(app, () => map.floor);
     this.#venues = this.#button("back", "venues.back", () => app.store.change({ venue: null, floor: null, place: null, from: null, to: null, via: [] }));
-    this.#mapButtons = h("div", { class: "map-buttons" });
+    this.#stacked = this.#button("layers", "page.stacked", () => app.changeUi({ isStacked: !app.ui.isStacked }));
+    this.#mapButtons = h(
+      "div",
+      { class: "map-buttons", role: "group" },
+      this.#stacked,
+      this.#button("fit", "page.fit", () => map.view?.fit()),
+      this.#button("plus", "page.zoomIn", () => map.view?.zoomBy(1.5)),
+      this.#button("minus", "page.zoomOut", () => map.view?.zoomBy(1 / 1.5)),
+    );
     const bar = h(
       "header",
       { class: "bar" },
@@ -48,7 +58,8 @@ export class Shell {
     );
     const column = h("main", { class: "column" }, bar, this.#search.element, this.#panel.element);
     const side = h("div", { class: "side" }, this.#floors.element, this.#mapButtons);
-    this.element = h("div", { class: "frame" }, this.#skip, column, map.element, side, this.#attribution, this.#status);
+    this.#area = h("section", { class: "area" }, map.element, side, this.#attribution);
+    this.element = h("div", { class: "frame" }, this.#skip, column, this.#area, this.#status, new KindSprite(app).element);
     addEventListener("keydown", (event) => this.#pressed(event));
     app.on(() => this.update());
     let timer = 0;
@@ -67,11 +78,16 @@ export class Shell {
     const name = shown?.venue.name ?? "";
     document.title = name || this.#app.t("page.title");
     this.#title.textContent = name || this.#app.t("page.title");
+    this.#area.setAttribute("aria-label", this.#app.t("page.map"));
     this.#skip.textContent = this.#app.t("page.skip");
     for (const [element, key] of this.#labeled) {
       element.setAttribute("aria-label", this.#app.t(key));
       element.title = this.#app.t(key);
     }
+    this.#mapButtons.hidden = !this.#map.view;
+    this.#mapButtons.setAttribute("aria-label", this.#app.t("page.map"));
+    this.#stacked.setAttribute("aria-pressed", String(ui.isStacked));
+    this.#stacked.hidden = (shown?.venue.floors.length ?? 0) < 2;
     this.#venues.hidden = !shown || (venues?.length ?? 0) < 2;
     const hasVenue = shown !== null && !failure;
     setAttribute(this.element, "data-view", hasVenue ? "map" : "start");

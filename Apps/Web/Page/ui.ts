@@ -19,6 +19,8 @@ export interface Ui {
   readonly routeIndex: number;
   /** The instruction that is shown alone while the user walks along the route. */
   readonly step: number | null;
+  /** Whether all floors are shown above each other. */
+  readonly isStacked: boolean;
   /** The height of the sheet on small screens. */
   readonly sheet: "low" | "half" | "full";
 }
@@ -32,5 +34,6 @@ export const startUi: Ui = {
   browsing: startBrowsing,
   routeIndex: 0,
   step: null,
+  isStacked: false,
   sheet: "half",
 };

@@ -68,7 +68,7 @@ function stops(app: App): HTMLElement {
       ),
     );
   });
-  const found = shownRoute(app)?.stops.at(-1) ?? null;
+  const found = shownRoute(app)?.visits.at(-1)?.place?.id ?? null;
   return h(
     "div",
     { class: "stops" },
