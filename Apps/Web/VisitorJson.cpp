@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <boost/json/array.hpp>
 #include <boost/json/object.hpp>
-#include <boost/json/parse.hpp>
 #include <boost/json/value_to.hpp>
 #include <string>
 #include <utility>
@@ -17,6 +16,7 @@
 #include "Apps/Viewer/Content/PlaceCatalog.hpp"
 #include "Apps/Viewer/Content/ShownName.hpp"
 #include "Apps/Web/IconJson.hpp"
+#include "Apps/Web/QueryReading.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Floors.hpp"
@@ -144,7 +144,7 @@ json::object cardJson(const Location& place, const viewer::CardContext& context)
 }  // namespace
 
 json::value visitorJson(LoadedVenue& loaded, std::string_view request) {
-  const json::object object = json::parse(request).as_object();
+  const json::object object = objectIn(request);
   const Venue& venue = loaded.venue();
   if (textAt(object, "what") == "icons") return iconsJson(textAt(object, "theme") == "dark");
   const InterfaceTexts texts(textAt(object, "language"));

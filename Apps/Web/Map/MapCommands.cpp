@@ -2,10 +2,10 @@
 
 #include <array>
 #include <boost/json/array.hpp>
-#include <boost/json/parse.hpp>
 #include <utility>
 
 #include "Apps/Web/Map/MapValues.hpp"
+#include "Apps/Web/QueryReading.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Venue.hpp"
@@ -229,12 +229,10 @@ json::object stateOf(MapHost& map) {
 }  // namespace
 
 json::object carryOut(MapHost& map, std::string_view text) {
-  boost::system::error_code error;
-  const json::value parsed = json::parse(text, error);
-  if (!error && parsed.is_object())
-    for (const auto& [name, value] : parsed.get_object())
-      for (const auto& [known, command] : commands)
-        if (known == name) command(map, value);
+  const json::object requested = objectIn(text);
+  for (const auto& [name, value] : requested)
+    for (const auto& [known, command] : commands)
+      if (known == name) command(map, value);
   map.floors().check();
   return stateOf(map);
 }
