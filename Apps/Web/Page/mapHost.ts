@@ -1,10 +1,11 @@
 // The map behind the panels: follows the state of the page, and tells it what the user does on the map.
 
-import { OrivantaError, type Floor, type Guidance, type MapTap, type MapView, type Venue } from "orivanta";
+import { OrivantaError, type Floor, type Guidance, type MapTap, type MapView, type Venue, type VisitorPosition } from "orivanta";
 
 import { choosePlace, closeSearch } from "./actions.js";
 import type { App } from "./app.js";
 import { h } from "./dom.js";
+import { positionOf } from "./here.js";
 import { insetsOf } from "./insets.js";
 import { MapVeil } from "./mapVeil.js";
 import { showNotice } from "./notices.js";
@@ -55,7 +56,14 @@ export class MapHost {
 
   /** Shows the map as at the beginning. */
   showStart(): void {
+    const here = this.#here();
+    if (this.view && here) this.view.floor = here.floor;
     this.view?.showFirstView();
+  }
+
+  #here(): VisitorPosition | null {
+    const stop = this.#app.kiosk?.here ?? null;
+    return stop === null || !this.#venue ? null : positionOf(this.#venue, stop);
   }
 
   #forget(): void {
@@ -71,7 +79,8 @@ export class MapHost {
 
   async #show(): Promise<void> {
     const venue = this.#venue!;
-    const floor = venue.floors.find((each) => each.id === this.#app.store.state.floor);
+    const here = this.#here();
+    const floor = venue.floors.find((each) => each.id === this.#app.store.state.floor) ?? here?.floor;
     this.#veil.begin();
     try {
       const view = await venue.show(this.element, { ...this.#wantedLook(), attribution: false, ...(floor ? { floor } : {}) });
@@ -79,6 +88,7 @@ export class MapHost {
       this.view = view;
       this.#floor = view.floor;
       this.#listen(view);
+      view.position = here;
       this.#veil.end();
       this.#changeInsets();
       this.#follow(view, true);
@@ -166,8 +176,9 @@ export class MapHost {
     const step = route ? ui.step : null;
     if (step === this.#step && !(isNew && step !== null)) return;
     this.#step = step;
-    if (!route) return void (view.position = null);
-    view.showStep(route, step);
+    if (!route || step === null) view.position = this.#here();
+    if (!route) return;
+    if (step !== null) view.showStep(route, step);
     view.showProgress(step === null ? null : (route.steps[step]?.node ?? null));
     if (step === null) this.#fitRoute(view, route);
   }
