@@ -51,6 +51,7 @@ Query queryOf(std::string_view text) {
     read(object, "closed", query.plan.closed);
     read(object, "alternatives", query.plan.alternatives);
     read(object, "language", query.language);
+    read(object, "visitsClosedStops", query.visitsClosedStops);
     return query;
   } catch (const QueryError&) {
     throw;

@@ -52,8 +52,9 @@ FloorClone::~FloorClone() { node_->removeFromParent(); }
 void FloorClone::reduce(std::span<const ShapeRole> roles, const MapTheme& theme,
                         double unitsPerMeter) {
   const graphics::Transaction transaction;
-  const bool hasSlab = std::ranges::any_of(
-      roles, [](const ShapeRole& role) { return role.surface == Surface::slab; });
+  const bool hasSlab = std::any_of(roles.begin(), roles.end(), [](const ShapeRole& role) {
+    return role.surface == Surface::slab;
+  });
   const Surface base = hasSlab ? Surface::slab : Surface::walkable;
   std::vector<OutlinedShape> left;
   for (std::size_t i = 0; i < shapes_.size(); ++i) {

@@ -138,7 +138,7 @@ void FloorStack::build(const std::shared_ptr<const MapTheme>& theme) {
   const Venue& venue = *map_->venue;
   const auto& current = map_->currentMap();
   FloorList floors = floorsWithModels(venue);
-  if (std::ranges::find(floors, current) == floors.end()) floors.push_back(current);
+  if (std::find(floors.begin(), floors.end(), current) == floors.end()) floors.push_back(current);
   corners_.clear();
   for (const auto& floor : floors)
     for (const graphics::Vector3& corner : cornersOfShapes(*floor->mapObject))
@@ -242,7 +242,8 @@ CameraPose FloorStack::stackPose() const {
 void FloorStack::floorChanged(const std::shared_ptr<Map>& former, CameraMotion motion) {
   if (!isShown()) return;
   const auto& current = map_->currentMap();
-  const auto found = std::ranges::find(levels_, current, &Level::floor);
+  const auto found = std::find_if(levels_.begin(), levels_.end(),
+                                  [&](const Level& level) { return level.floor == current; });
   if (motion == CameraMotion::atOnce || found == levels_.end() || !former->mapObject)
     return drop(/*restoresCamera=*/true);
   const Transaction transaction;
@@ -319,7 +320,7 @@ void FloorStack::setRoutes(std::vector<RouteContents> routes,
   routes_ = std::move(routes);
   if (!isShown()) return;
   const auto isKnown = [&](const RouteContents& route) { return indexOf(*route.line) >= 0; };
-  if (isOn_ && !std::ranges::all_of(routes_, isKnown)) return rebuild(theme);
+  if (isOn_ && !std::all_of(routes_.begin(), routes_.end(), isKnown)) return rebuild(theme);
   const Transaction transaction;
   change([&](StackView::Contents& contents) { contents.routes = routes_; });
   showRoutes(*theme);
@@ -342,8 +343,9 @@ bool FloorStack::isOutdated() const { return isOn_ && lines_.size() != routes_.s
 
 // Routes are drawn anew after many changes, then with another object for the same line.
 int FloorStack::indexOf(const RouteLine& line) const {
-  const auto found = std::ranges::find_if(lines_, [&](const auto& known) {
-    return std::ranges::equal(known->points(), line.points());
+  const auto found = std::find_if(lines_.begin(), lines_.end(), [&](const auto& known) {
+    const auto& points = known->points();
+    return std::equal(points.begin(), points.end(), line.points().begin(), line.points().end());
   });
   return found == lines_.end() ? -1 : static_cast<int>(found - lines_.begin());
 }
