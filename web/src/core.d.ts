@@ -34,7 +34,8 @@ export interface Core {
   _orivantaBegin(): void;
   _orivantaRunTurn(): void;
   _orivantaResultLength(): number;
-  _orivantaAddToPackage(name: number, nameLength: number, text: number, length: number): void;
+  _orivantaAddToPackage(name: number, nameLength: number, text: number, length: number): number;
+  _orivantaDropPackage(): void;
   _orivantaStartLoad(settings: number, length: number): number;
   _orivantaCancelLoad(load: number): void;
   _orivantaRemoveVenue(venue: number): void;

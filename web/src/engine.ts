@@ -109,7 +109,8 @@ export class Engine {
         return {};
       },
       print: () => {}, // diagnostics for developers of the module
-      printErr: (line) => (this.#lastLine = line),
+      // The line before the one that says that the module has ended.
+      printErr: (line) => void (/^Aborted\(/.test(line) || (this.#lastLine = line)),
     });
     this.#core = await Promise.race([core, failure]);
     this.#core._orivantaBegin();
@@ -219,11 +220,7 @@ export class Engine {
   ): Promise<LoadReport> {
     return new Promise((resolve, reject) => {
       signal?.throwIfAborted();
-      for (const [name, text] of Object.entries(package_ ?? {})) {
-        this.withTexts([name, text], (core, ...places) =>
-          core._orivantaAddToPackage(places[0]!, places[1]!, places[2]!, places[3]!),
-        );
-      }
+      if (package_) this.#give(package_);
       const load = this.withTexts([JSON.stringify(settings)], (core, address, length) =>
         core._orivantaStartLoad(address!, length!),
       );
@@ -247,6 +244,20 @@ export class Engine {
   close(): void {
     this.#fatal ??= new OrivantaError("fatal", "the instance was destroyed");
     this.#failLoads(this.#fatal);
+  }
+
+  #give(package_: Readonly<Record<string, string>>): void {
+    try {
+      for (const [name, text] of Object.entries(package_)) {
+        const isAdded = this.withTexts([name, text], (core, ...places) =>
+          core._orivantaAddToPackage(places[0]!, places[1]!, places[2]!, places[3]!),
+        );
+        if (!isAdded) throw new OrivantaError("tooLarge", "there is not enough memory");
+      }
+    } catch (error) {
+      if (!this.#fatal) this.call((core) => core._orivantaDropPackage());
+      throw error;
+    }
   }
 
   #read(address: number, length: number): string {
