@@ -50,12 +50,14 @@ FloorClone::FloorClone(const Map& map, const Shapes& leftOut)
   copyRibbons(model);
 }
 
-// The edges between the slab and its surroundings are not drawn without the slab.
-void FloorClone::copyRibbons(const scene::Node& model) {
-  scene::RibbonLook look = model.ribbonLook();
+scene::RibbonLook withSlabEdges(scene::RibbonLook look, bool areShown) {
   const auto edge = outlineIndex(outlineSurface::slab, outlineSurface::backdrop);
-  if (!hasSlab_ && edge < look.colors.size()) look.colors[edge].color.alpha = 0;
-  setRibbons(model.ribbons(), std::move(look));
+  if (edge < look.colors.size()) look.colors[edge].color.alpha = areShown ? 1.0F : 0.0F;
+  return look;
+}
+
+void FloorClone::copyRibbons(const scene::Node& model) {
+  setRibbons(model.ribbons(), withSlabEdges(model.ribbonLook(), hasSlab_));
 }
 
 void FloorClone::setRibbons(const std::shared_ptr<const scene::Ribbons>& ribbons,

@@ -87,13 +87,21 @@ FloorSpacing spacingOf(const ShapesOfFloors& shapes, const Points& points, doubl
 }  // namespace
 
 StackLayout::StackLayout(const StackInput& input) {
-  const FloorList floors = floorsWithModels(input.venue, input.shown);
+  FloorList floors;
+  graphics::Box contents;
+  for (const auto& floor : floorsWithModels(input.venue, input.shown)) {
+    StackShapes own(*floor, input.venue, input.words);
+    const bool isNeeded =
+        floor == input.shown || std::ranges::find(input.onRoute, floor) != input.onRoute.end();
+    if (own.contents().isEmpty() && !isNeeded) continue;
+    contents.add(own.contents());
+    shapes.emplace(floor.get(), std::move(own));
+    floors.push_back(floor);
+  }
   Points flat;
-  for (const auto& floor : floors) {
-    const auto added =
-        shapes.emplace(floor.get(), StackShapes(*floor, input.venue, input.words)).first;
-    const Points& more = added->second.corners;
-    flat.insert(flat.end(), more.begin(), more.end());
+  for (auto& [floor, own] : shapes) {
+    own.choose(contents);
+    flat.insert(flat.end(), own.corners.begin(), own.corners.end());
   }
   turn = broadestTurn(flat, input.turn);
   stack =

@@ -24,7 +24,8 @@ struct StackInput {
   const KindWords& words;      ///< determine what shapes are
 };
 
-/// The stacked floors, all of which have models.
+/// The stacked floors, all of which have models. Floors without anything on their slabs are left
+/// out unless they are shown or on a route.
 struct StackLayout {
   /// Stacks the floors of a venue. Main thread.
   explicit StackLayout(const StackInput& input);

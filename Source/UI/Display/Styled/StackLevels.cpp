@@ -46,7 +46,9 @@ void StackLevels::add(const StackedFloor& floor, const StackShapes& shapes, cons
       if (shape->isHidden()) continue;
       shape->setHidden(true);
       hidden_.push_back(shape);
+      model_ = map.mapObject;
     }
+    hideSlabEdges();
   }
   for (const auto& line : lines_) {
     const auto parts = line->linesOn(map, 0, line->size());
@@ -70,6 +72,8 @@ void StackLevels::clear() {
 void StackLevels::showHidden() {
   for (const auto& shape : hidden_) shape->setHidden(false);
   hidden_.clear();
+  if (model_) model_->setRibbons(model_->ribbons(), withSlabEdges(model_->ribbonLook(), true));
+  model_.reset();
 }
 
 std::optional<double> StackLevels::change(const std::shared_ptr<Map>& current,
@@ -140,7 +144,15 @@ void StackLevels::copyColor(const scene::Node& shape) {
     if (level.clone) level.clone->copyColor(shape);
 }
 
+// The outlines of the shown floor may be computed, or get another theme, while floors are stacked.
+void StackLevels::hideSlabEdges() const {
+  if (!model_ || !model_->ribbons()) return;
+  auto look = withSlabEdges(model_->ribbonLook(), false);
+  if (!(look == model_->ribbonLook())) model_->setRibbons(model_->ribbons(), std::move(look));
+}
+
 void StackLevels::copyOutlines() {
+  hideSlabEdges();
   for (const Level& level : levels_)
     if (level.clone) level.clone->copyOutlines();
 }

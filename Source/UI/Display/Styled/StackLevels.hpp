@@ -75,13 +75,15 @@ class StackLevels {
   void add(const StackedFloor& floor, const StackShapes& shapes, const MapView& view,
            const MapTheme& theme);
   void showHidden();
+  void hideSlabEdges() const;
   int indexOf(const RouteLine& line) const;
 
   std::shared_ptr<scene::Node> group_;  // null if there are no levels
   std::vector<Level> levels_;           // the lowest first
   Lines lines_;
   float outlineShare_ = 1;
-  std::vector<std::shared_ptr<scene::Node>> hidden_;  // shapes of models
+  std::vector<std::shared_ptr<scene::Node>> hidden_;  // shapes of the shown floor
+  std::shared_ptr<scene::Node> model_;                // of which they are hidden; may be null
 };
 
 }  // namespace orivanta

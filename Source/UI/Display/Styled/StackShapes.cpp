@@ -10,7 +10,7 @@ namespace orivanta {
 
 namespace {
 
-constexpr double largestSlab = 2;  // times the area of everything else
+constexpr double largestSlab = 3;  // times the area of everything else
 
 std::vector<graphics::Vector3> cornersIn(const scene::Node& shape) {
   std::vector<graphics::Vector3> corners;
@@ -26,24 +26,31 @@ double areaOf(const graphics::Box& box) {
   return box.isEmpty() ? 0 : (double{box.max.x} - box.min.x) * (double{box.max.y} - box.min.y);
 }
 
+bool isSlab(const ShapeRole& role) { return role.surface == ShapeRole::Surface::slab; }
+
 }  // namespace
 
 StackShapes::StackShapes(const Map& floor, const Venue& venue, const KindWords& words)
-    : roles(shapeRoles(floor, venue, words)) {
-  const auto children = floor.mapObject->children();
-  graphics::Box slabs;
-  for (std::size_t i = 0; i < children.size(); ++i) {
-    const bool isSlab = roles[i].surface == ShapeRole::Surface::slab;
+    : roles(shapeRoles(floor, venue, words)), model_(floor.mapObject) {
+  const auto children = model_->children();
+  for (std::size_t i = 0; i < children.size(); ++i)
     for (const graphics::Vector3& corner : cornersIn(*children[i]))
-      (isSlab ? slabs : box).add(corner);
-  }
-  const bool withSlabs = box.isEmpty() || areaOf(slabs) <= largestSlab * areaOf(box);
-  if (withSlabs && !slabs.isEmpty()) box.add(slabs);
+      (isSlab(roles[i]) ? slabs_ : contents_).add(corner);
+}
+
+void StackShapes::choose(const graphics::Box& all) {
+  const bool withSlabs = contents_.isEmpty() || areaOf(slabs_) <= largestSlab * areaOf(all);
+  const auto children = model_->children();
   for (std::size_t i = 0; i < children.size(); ++i) {
-    const bool counts = withSlabs || roles[i].surface != ShapeRole::Surface::slab;
-    (counts ? shapes : leftOut).push_back(children[i]);
-    if (!counts) continue;
-    for (const graphics::Vector3& corner : cornersIn(*children[i])) corners.push_back(corner);
+    if (!withSlabs && isSlab(roles[i])) {
+      leftOut.push_back(children[i]);
+      continue;
+    }
+    shapes.push_back(children[i]);
+    for (const graphics::Vector3& corner : cornersIn(*children[i])) {
+      corners.push_back(corner);
+      box.add(corner);
+    }
   }
 }
 

@@ -12,17 +12,29 @@
 
 namespace orivanta {
 
-/// The shapes of a model. A slab that is more than twice as large as everything on it is left out:
-/// it is the site and not the storey, and would hide the floors below.
-struct StackShapes {
+/// The shapes of a model. A slab that is much larger than everything that lies on the slabs of all
+/// floors is left out: it is the site and not the storey, and would hide the floors below.
+class StackShapes {
+ public:
   /// The floor must have a model. Main thread.
   StackShapes(const Map& floor, const Venue& venue, const KindWords& words);
+
+  /// The box of everything but slabs; empty if there are only slabs.
+  const graphics::Box& contents() const { return contents_; }
+
+  /// Chooses the shapes. `all` contains the contents of all floors.
+  void choose(const graphics::Box& all);
 
   std::vector<ShapeRole> roles;                       ///< of all shapes of the model
   std::vector<std::shared_ptr<scene::Node>> shapes;   ///< those that count
   std::vector<std::shared_ptr<scene::Node>> leftOut;  ///< the others
   graphics::Box box;                                  ///< of those that count, in the model
   std::vector<graphics::Vector3> corners;             ///< of their boxes
+
+ private:
+  std::shared_ptr<scene::Node> model_;
+  graphics::Box contents_;
+  graphics::Box slabs_;
 };
 
 }  // namespace orivanta
