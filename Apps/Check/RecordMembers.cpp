@@ -28,8 +28,11 @@ constexpr Member locationMembers[] = {
     {"nodes", list, false},       {"polygons", list, false},
     {"hours", text, false},       {"phone", text, false},
     {"website", text, false},     {"nameGenerated", boolean, false}};
-constexpr Member categoryMembers[] = {
-    {"id", text, true}, {"name", text, true}, {"names", object, false}, {"parents", list, false}};
+constexpr Member categoryMembers[] = {{"id", text, true},
+                                      {"name", text, true},
+                                      {"names", object, false},
+                                      {"parents", list, false},
+                                      {"general", boolean, false}};
 constexpr Member nodeMembers[] = {
     {"id", text, true},   {"map", text, true},       {"x", number, true},   {"y", number, true},
     {"z", number, false}, {"weight", number, false}, {"paths", list, false}};

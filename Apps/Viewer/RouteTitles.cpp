@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <map>
 
-#include "Apps/Viewer/ShownName.hpp"
+#include "Apps/Viewer/Content/ShownName.hpp"
 #include "Source/Location.hpp"
 #include "Source/Vortex.hpp"
 

@@ -6,7 +6,6 @@
 // fails.
 #include <emscripten/emscripten.h>
 
-#include <boost/json/parse.hpp>
 #include <boost/json/serialize.hpp>
 #include <exception>
 #include <span>
@@ -18,12 +17,16 @@
 #include "Apps/Planning/PlanJson.hpp"
 #include "Apps/Planning/PlanQuery.hpp"
 #include "Apps/Web/Loading.hpp"
+#include "Apps/Web/Map/MapTable.hpp"
 #include "Apps/Web/PageFunctions.hpp"
 #include "Apps/Web/QueryReading.hpp"
+#include "Apps/Web/Results.hpp"
 #include "Apps/Web/RouteNumbers.hpp"
 #include "Apps/Web/VenueJson.hpp"
 #include "Apps/Web/VenueTable.hpp"
+#include "Apps/Web/VisitorJson.hpp"
 #include "Platform/Foundation/Browser/Turns.hpp"
+#include "Platform/Foundation/MainQueue.hpp"
 #include "Source/Guidance/Narrator.hpp"
 
 namespace {
@@ -31,20 +34,12 @@ namespace {
 namespace json = boost::json;
 namespace web = orivanta::web;
 
-std::size_t resultLength = 0;
+const char* result(const json::value& value) { return web::textResult(json::serialize(value)); }
 
-const char* result(const json::value& value) {
-  static std::string text;
-  text = json::serialize(value);
-  resultLength = text.size();
-  return text.data();
-}
+bool isTurnAsked = false;  // for one that has not begun
 
-const double* result(std::vector<double> numbers) {
-  static std::vector<double> kept;
-  kept = std::move(numbers);
-  resultLength = kept.size();
-  return kept.data();
+void requestTurn() {
+  if (!std::exchange(isTurnAsked, true)) orivantaRequestTurn();
 }
 
 web::PackageTransport::Texts& packageTexts() {
@@ -58,14 +53,21 @@ extern "C" {
 
 // Called once, before all others.
 EMSCRIPTEN_KEEPALIVE void orivantaBegin() {
-  orivanta::foundation::setTurnRequest(orivantaRequestTurn);
+  orivanta::foundation::setTurnRequest(requestTurn);
+  orivanta::foundation::mainQueue::setWake(requestTurn);
 }
 
-// Runs background tasks. The page calls it when `orivantaRequestTurn` has asked for it.
-EMSCRIPTEN_KEEPALIVE void orivantaRunTurn() { orivanta::foundation::runTurn(); }
+// Runs background tasks and those of the main queue. The page calls it when `orivantaRequestTurn`
+// has asked for it.
+EMSCRIPTEN_KEEPALIVE void orivantaRunTurn() {
+  isTurnAsked = false;
+  orivanta::foundation::runTurn();
+  orivanta::foundation::mainQueue::drain();
+  web::MapTable::shared().requestFrames();
+}
 
 // The length of the last result: bytes of a text, or numbers.
-EMSCRIPTEN_KEEPALIVE std::size_t orivantaResultLength() { return resultLength; }
+EMSCRIPTEN_KEEPALIVE std::size_t orivantaResultLength() { return web::resultLength(); }
 
 // Adds a text to the package of the next load. Its name is that of a resource of the API, such as
 // "node".
@@ -81,8 +83,9 @@ EMSCRIPTEN_KEEPALIVE int orivantaStartLoad(const char* settings, std::size_t len
 
 EMSCRIPTEN_KEEPALIVE void orivantaCancelLoad(int load) { web::cancelLoad(load); }
 
-// Releases a venue.
+// Releases a venue and its map.
 EMSCRIPTEN_KEEPALIVE void orivantaRemoveVenue(int venue) {
+  web::MapTable::shared().removeMapOf(web::VenueTable::shared().at(venue));
   web::VenueTable::shared().remove(venue);
 }
 
@@ -93,14 +96,14 @@ EMSCRIPTEN_KEEPALIVE const char* orivantaRecords(int venue) {
 
 // Returns numbers, see `nodeNumbers`.
 EMSCRIPTEN_KEEPALIVE const double* orivantaNodes(int venue) {
-  return result(web::nodeNumbers(web::VenueTable::shared().at(venue)));
+  return web::numbersResult(web::nodeNumbers(web::VenueTable::shared().at(venue)));
 }
 
 // Returns numbers, see `routeNumbers`.
 EMSCRIPTEN_KEEPALIVE const double* orivantaRoute(int venue, const std::int32_t* from,
                                                  std::size_t fromCount, const std::int32_t* to,
                                                  std::size_t toCount) {
-  return result(
+  return web::numbersResult(
       web::routeNumbers(web::VenueTable::shared().at(venue), {from, fromCount}, {to, toCount}));
 }
 
@@ -111,7 +114,8 @@ EMSCRIPTEN_KEEPALIVE const char* orivantaPlan(int venue, const char* text, std::
   try {
     web::LoadedVenue& loaded = web::VenueTable::shared().at(venue);
     const web::Query query = web::queryOf({text, length});
-    const auto request = orivanta::planning::requestOf(loaded.venue(), query.plan);
+    auto request = orivanta::planning::requestOf(loaded.venue(), query.plan);
+    request.visitsClosedStops = query.visitsClosedStops;
     return result(orivanta::planning::planJson(loaded.guide(), loaded.guide().plan(request),
                                                request,
                                                orivanta::guidance::Narrator(query.language)));
@@ -123,5 +127,10 @@ EMSCRIPTEN_KEEPALIVE const char* orivantaPlan(int venue, const char* text, std::
 // Returns what matches a text, see `foundJson`.
 EMSCRIPTEN_KEEPALIVE const char* orivantaSearch(int venue, const char* text, std::size_t length) {
   return result(web::foundJson(web::VenueTable::shared().at(venue), {text, length}));
+}
+
+// Answers what lists and cards ask, see `visitorJson`.
+EMSCRIPTEN_KEEPALIVE const char* orivantaVisitor(int venue, const char* text, std::size_t length) {
+  return result(web::visitorJson(web::VenueTable::shared().at(venue), {text, length}));
 }
 }

@@ -13,6 +13,7 @@ struct Properties {
   std::uint8_t bidiClass;       ///< `utf8proc_bidi_class_t`
   std::uint8_t isIgnorable;     ///< 1 if it has no visible form
   std::uint8_t width;           ///< in columns of a terminal
+  std::uint8_t graphemeClass;   ///< `utf8proc_boundclass_t`
 };
 
 /// Two code points that are composed to one.

@@ -2,7 +2,10 @@
 
 import createCore, { type Core, type Platform } from "./core.js";
 import { OrivantaError } from "./errors.js";
+import type { MapEvent } from "./mapTypes.js";
+import { graphics } from "./platform/graphics.js";
 import { Network } from "./platform/network.js";
+import { CanvasTable } from "./platform/surfaces.js";
 import { turnRequest } from "./turns.js";
 
 /** Where the bytes of the module come from. */
@@ -31,6 +34,14 @@ interface RunningLoad {
   progressed: ((progress: LoadProgress) => void) | undefined;
   ended: (report: LoadReport) => void;
   failed: (error: OrivantaError) => void;
+}
+
+/** Receives what a map of the module reports. */
+export interface MapListener {
+  /** A frame has to be drawn. Called by the module, which must not be called in return. */
+  wantsFrame(): void;
+  /** Called in a turn of its own. */
+  event(event: MapEvent): void;
 }
 
 const encoder = new TextEncoder();
@@ -67,6 +78,11 @@ export class Engine {
   /** Called once, with a sentence, when the module has stopped. */
   onFatal: ((message: string) => void) | null = null;
 
+  /** The canvases of maps. */
+  readonly canvases = new CanvasTable();
+  /** The listeners of maps, by the maps' numbers. */
+  readonly maps = new Map<number, MapListener>();
+
   #core!: Core;
   #fatal: OrivantaError | null = null;
   #lastLine = "";
@@ -91,6 +107,7 @@ export class Engine {
         WebAssembly.instantiate(module, imports).then(received, instantiationFailed);
         return {};
       },
+      print: () => {}, // diagnostics for developers of the module
       printErr: (line) => (this.#lastLine = line),
     });
     this.#core = await Promise.race([core, failure]);
@@ -108,6 +125,15 @@ export class Engine {
         if (progressed) queueMicrotask(() => progressed(progress));
       },
       loadEnded: (load, text, length) => this.#end(load, this.#read(text, length)),
+      graphics,
+      surfaces: this.canvases,
+      maps: {
+        wantsFrame: (map) => this.maps.get(map)?.wantsFrame(),
+        event: (map, text, length) => {
+          const event = JSON.parse(this.#read(text, length)) as MapEvent;
+          queueMicrotask(() => this.maps.get(map)?.event(event));
+        },
+      },
       network: new Network({
         get HEAPU8() {
           return engine.#core.HEAPU8;
@@ -221,6 +247,11 @@ export class Engine {
 
   #read(address: number, length: number): string {
     return decoder.decode(this.#core.HEAPU8.subarray(address, address + length));
+  }
+
+  /** Like `call`, for events of the page: does nothing if the module has stopped. */
+  enter(use: (core: Core) => void): void {
+    this.#enter(use);
   }
 
   #enter<Result>(use: (core: Core) => Result): Result | undefined {

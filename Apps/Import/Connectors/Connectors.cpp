@@ -9,6 +9,7 @@
 #include "Apps/Import/Connectors/BridgeGaps.hpp"
 #include "Apps/Import/Connectors/FromLines.hpp"
 #include "Apps/Import/Connectors/Pairing.hpp"
+#include "Apps/Import/Connectors/StatedLevels.hpp"
 #include "Apps/Import/Connectors/Stops.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
 #include "Apps/Import/Geometry/Shapes.hpp"
@@ -21,7 +22,8 @@ namespace {
 // Collects the pieces of a building and joins those that belong together.
 class ConnectorMaker {
  public:
-  explicit ConnectorMaker(const Building& building) : building_(building), surroundings_(building) {
+  ConnectorMaker(const Building& building, Findings& findings)
+      : building_(building), findings_(findings), surroundings_(building) {
     for (const Place& place : building.places)
       if (!place.names.generated) places_.emplace(place.id, &place);
     for (const Area& area : building.areas) {
@@ -107,7 +109,8 @@ class ConnectorMaker {
     for (const std::string& area : hint.areas)
       if (const auto piece = byArea_.find(area); piece != byArea_.end())
         members.push_back(piece->second);
-    for (const Spot& spot : hint.spots) {
+    for (const Spot& stated : hint.spots) {
+      const Spot spot = settled(hint, stated);
       const std::size_t drawn = pieceAt(hint.kind, spot);
       if (drawn < pieces_.size()) {
         members.push_back(drawn);
@@ -132,6 +135,15 @@ class ConnectorMaker {
       if (piece.wheelchair == Wheelchair::unknown) piece.wheelchair = hint.wheelchair;
       if (piece.direction == Direction::unknown) piece.direction = hint.direction;
     }
+  }
+
+  // The spot on the level of a path that is joined to it, if nothing is near it on its own.
+  Spot settled(const ConnectorHint& hint, const Spot& stated) {
+    const double level =
+        settledLevel({hint.kind, hint.source, hint.source, stated}, surroundings_, findings_);
+    const bool isTaken = std::any_of(hint.spots.begin(), hint.spots.end(),
+                                     [&](const Spot& other) { return other.level == level; });
+    return isTaken ? stated : Spot{level, stated.position};
   }
 
   std::size_t pieceAt(ConnectorKind kind, const Spot& spot) {
@@ -170,7 +182,7 @@ class ConnectorMaker {
   std::vector<bool> takeLines(std::vector<bool>& open, DisjointSets& sets) {
     std::vector<bool> drawn(pieces_.size(), false);
     for (const Line& line : building_.lines) {
-      auto connector = connectorOf(line, surroundings_);
+      auto connector = connectorOf(line, surroundings_, findings_);
       if (!connector) continue;
       const Point middle = line.points[line.points.size() / 2] * 0.5 +
                            line.points[(line.points.size() - 1) / 2] * 0.5;
@@ -244,6 +256,7 @@ class ConnectorMaker {
   }
 
   const Building& building_;
+  Findings& findings_;
   Surroundings surroundings_;
   std::map<std::string, const Place*> places_;  // with names of their own
   std::vector<Piece> pieces_;
@@ -279,7 +292,7 @@ void makeConnectors(Building& building, const Options& options, Findings& findin
   if (linked && options.network != NetworkChoice::derive) {
     building.connectors = connectorsOfLinks(building);
   } else {
-    ConnectorMaker maker(building);
+    ConnectorMaker maker(building, findings);
     std::vector<Connector> connectors = maker.make();
     std::vector<Line> paths = bridgeGaps(building, connectors, maker.surroundings(), findings);
     building.connectors = std::move(connectors);

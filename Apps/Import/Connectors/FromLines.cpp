@@ -4,8 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <set>
 #include <utility>
+
+#include "Apps/Import/Connectors/StatedLevels.hpp"
 
 namespace orivanta::importer {
 
@@ -46,20 +47,6 @@ bool startsBelow(const Line& line, const Surroundings& surroundings) {
          surroundings.distance(low, last) + surroundings.distance(high, first) + 1e-6;
 }
 
-// A flight ends on the storey of the path that it continues if there is nothing to walk on where
-// its level says that it ends.
-void moveToPath(Stop& stop, const std::string& point, const Surroundings& surroundings) {
-  constexpr double nothing = 2.0;  // meters around
-  const std::set<double> levels = surroundings.pathLevelsAt(point);
-  double& level = stop.spot.level;
-  if (levels.empty() || levels.contains(level) ||
-      surroundings.distance(level, stop.spot.position) < nothing)
-    return;
-  level = *std::min_element(levels.begin(), levels.end(), [&](double a, double b) {
-    return std::abs(a - level) < std::abs(b - level);
-  });
-}
-
 }  // namespace
 
 std::string_view wordOf(ConnectorKind kind) {
@@ -78,7 +65,12 @@ std::string_view wordOf(ConnectorKind kind) {
   return "walkway";
 }
 
-std::optional<Connector> connectorOf(const Line& line, const Surroundings& surroundings) {
+std::string_view wordFor(ConnectorKind kind) {
+  return kind == ConnectorKind::movingWalkway ? "moving walkway" : wordOf(kind);
+}
+
+std::optional<Connector> connectorOf(const Line& line, const Surroundings& surroundings,
+                                     Findings& findings) {
   const auto kind = kindOf(line);
   if (!kind || line.points.size() < 2 || line.levels.empty() || line.access == Access::nobody)
     return std::nullopt;
@@ -107,10 +99,12 @@ std::optional<Connector> connectorOf(const Line& line, const Surroundings& surro
     connector.stops.push_back(stopAt(line.levels.back(), top));
   }
   if (line.pointIds.size() == line.points.size()) {
-    moveToPath(connector.stops.front(), upward ? line.pointIds.front() : line.pointIds.back(),
-               surroundings);
-    moveToPath(connector.stops.back(), upward ? line.pointIds.back() : line.pointIds.front(),
-               surroundings);
+    const auto settle = [&](Stop& stop, const std::string& point) {
+      stop.spot.level =
+          settledLevel({*kind, connector.source, point, stop.spot}, surroundings, findings);
+    };
+    settle(connector.stops.front(), upward ? line.pointIds.front() : line.pointIds.back());
+    settle(connector.stops.back(), upward ? line.pointIds.back() : line.pointIds.front());
     if (connector.stops.front().spot.level > connector.stops.back().spot.level) {
       std::reverse(connector.stops.begin(), connector.stops.end());
       upward = !upward;

@@ -156,12 +156,14 @@ Surroundings::Surroundings(const Building& building)
     for (const std::string& area : door.areas) doors_[area].push_back(&door);
   for (const Line& line : building.lines)
     if ((line.kind == LineKind::path || line.kind == LineKind::ramp) && line.levels.size() == 1)
-      for (const std::string& point : line.pointIds) pathLevels_[point].insert(line.levels.front());
+      for (const std::string& point : line.pointIds)
+        paths_[point].emplace(line.levels.front(), line.source);
 }
 
-std::set<double> Surroundings::pathLevelsAt(const std::string& point) const {
-  const auto found = pathLevels_.find(point);
-  return found == pathLevels_.end() ? std::set<double>() : found->second;
+const PathsByLevel& Surroundings::pathsAt(const std::string& point) const {
+  static const PathsByLevel none;
+  const auto found = paths_.find(point);
+  return found == paths_.end() ? none : found->second;
 }
 
 const Space& Surroundings::space(double level) const {

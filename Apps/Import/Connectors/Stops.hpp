@@ -3,13 +3,15 @@
 
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "Apps/Import/Connectors/Pairing.hpp"
 
 namespace orivanta::importer {
+
+/// Of the paths that pass a point, the identifier of one for each storey.
+using PathsByLevel = std::map<double, std::string>;
 
 /// The spaces and doors of a building, which must outlive it. Makes the space of a storey when it
 /// is first needed.
@@ -23,8 +25,8 @@ class Surroundings {
   /// The storeys that many heights above or, if it is negative, below a storey.
   std::vector<double> neighbors(double level, int steps) const;
 
-  /// The storeys of the paths that pass a point with an identifier of the source.
-  std::set<double> pathLevelsAt(const std::string& point) const;
+  /// The paths that pass a point with an identifier of the source.
+  const PathsByLevel& pathsAt(const std::string& point) const;
 
   /// How far a point is from the space of a storey, at most 20 m.
   double distance(double level, Point point) const;
@@ -33,7 +35,7 @@ class Surroundings {
   const Building& building_;
   Heights heights_;
   std::map<std::string, std::vector<const Door*>> doors_;
-  std::map<std::string, std::set<double>> pathLevels_;  // by point
+  std::map<std::string, PathsByLevel> paths_;  // by point
   mutable std::map<double, std::unique_ptr<Space>> spaces_;
 };
 

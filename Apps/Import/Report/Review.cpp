@@ -18,10 +18,6 @@ namespace {
 constexpr std::size_t listedRooms = 5;
 constexpr double nearLoose = 15.0;  // meters
 
-std::string_view wordFor(ConnectorKind kind) {
-  return kind == ConnectorKind::movingWalkway ? "moving walkway" : wordOf(kind);
-}
-
 // Looks for what visitors would miss, and reports it.
 class Reviewer {
  public:

@@ -187,7 +187,9 @@ json::array UsedCategories::records(const std::string& language) const {
     for (std::size_t i = 0; i < categoryLanguages.size(); ++i)
       names.byLanguage.emplace(categoryLanguages[i], category.names[i]);
     json::object record = namedRecord(fmt::format("cat-{}", category.id), names);
-    if (!category.parent.empty())
+    if (category.parent.empty())
+      record["general"] = true;
+    else
       record["parents"] = json::array{text(fmt::format("cat-{}", category.parent))};
     records.push_back(std::move(record));
   }

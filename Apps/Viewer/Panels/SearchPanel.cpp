@@ -5,7 +5,7 @@
 #include <optional>
 #include <utility>
 
-#include "Apps/Viewer/CategoryMatch.hpp"
+#include "Apps/Viewer/Content/CategoryMatch.hpp"
 #include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Source/Venue.hpp"

@@ -113,7 +113,8 @@ std::shared_ptr<Category> Surroundings::soleKind(const Location& place,
                                                  const Node& entrance) const {
   if (place.categories.empty() || !place.categories.front()) return nullptr;
   const auto& category = place.categories.front();
-  if (isBlank(category->name.value_or(""))) return nullptr;
+  if (isBlank(category->name.value_or("")) || category->_data["general"].bool_().value_or(false))
+    return nullptr;
   const double x = entrance.x * metersPerUnit_;
   const double y = entrance.y * metersPerUnit_;
   if (!std::isfinite(x) || !std::isfinite(y)) return nullptr;

@@ -49,7 +49,8 @@ class Surroundings {
   std::string spokenName(const Location& place) const;
 
   /// Returns the first category of a place if no other place of that category has an entrance
-  /// within 30 m of this entrance on the same floor. Returns null otherwise.
+  /// within 30 m of this entrance on the same floor, and the category is not a general one
+  /// (`"general": true`). Returns null otherwise.
   std::shared_ptr<Category> soleKind(const Location& place, const Node& entrance) const;
 
  private:

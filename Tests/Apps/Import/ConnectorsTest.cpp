@@ -202,7 +202,15 @@ TEST(Connectors, FlightsEndOnThePathsThatTheyContinue) {
   };
   addLine(LineKind::steps, {0, 2}, {{19, 5}, {30, 5}}, {"bottom", "top"});
   addLine(LineKind::path, {1}, {{30, 5}, {30, 15}, {19, 15}}, {"top", "bend", "hall"});
-  EXPECT_EQ(made(building), "stairs 0 1");
+  ConnectorHint lift;
+  lift.id = lift.source = "bend";
+  lift.spots = {{0, {30, 15}}, {2, {30, 15}}};
+  building.connectorHints.push_back(lift);
+  Findings findings;
+  makeConnectors(building, {}, findings);
+  EXPECT_EQ(findings.countOf("connector-level-contradicted"), 3U);
+  for (const Connector& connector : building.connectors)
+    EXPECT_EQ(connector.stops.back().spot.level, 1.0) << connector.id;
 }
 
 TEST(Connectors, OfLinksEndWherePeopleWalkOn) {

@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "Apps/Viewer/NearestChoices.hpp"
+#include "Apps/Viewer/Content/NearestChoices.hpp"
 #include "Apps/Viewer/RouteTitles.hpp"
 #include "Tests/Support/TwoFloorVenue.hpp"
 

@@ -58,8 +58,8 @@ void FloorCells::add(const std::array<Vector3, 3>& triangle, const CellFrame& fr
   const auto cell = [](double place) {
     return static_cast<int>(std::clamp(std::floor(place), 0.0, side - 1.0));
   };
-  const auto [least, most] = std::ranges::minmax(corners, {}, &Point::x);
-  for (int column = cell(least.x); column <= cell(most.x); ++column) {
+  const auto [least, most] = std::minmax({corners[0].x, corners[1].x, corners[2].x});
+  for (int column = cell(least); column <= cell(most); ++column) {
     double front = side;
     double back = 0;
     for (std::size_t i = 0; i < corners.size(); ++i) {

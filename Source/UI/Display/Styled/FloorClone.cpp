@@ -41,7 +41,7 @@ FloorClone::FloorClone(const Map& map, const Shapes& leftOut)
   node_->setEulerAngles(model.eulerAngles());
   for (const auto& shape : model.children(transaction)) {
     auto copy = copyOf(*shape);
-    if (std::ranges::find(leftOut, shape) != leftOut.end()) copy->setHidden(true);
+    if (std::find(leftOut.begin(), leftOut.end(), shape) != leftOut.end()) copy->setHidden(true);
     node_->addChild(copy);
     shapes_.emplace_back(shape, std::move(copy));
   }
@@ -79,9 +79,9 @@ FloorClone::~FloorClone() { node_->removeFromParent(); }
 void FloorClone::reduce(std::span<const ShapeRole> roles, const MapTheme& theme,
                         double unitsPerMeter) {
   const graphics::Transaction transaction;
-  const bool hasSlab = hasSlab_ && std::ranges::any_of(roles, [](const ShapeRole& role) {
-                         return role.surface == Surface::slab;
-                       });
+  const bool hasSlab =
+      hasSlab_ && std::any_of(roles.begin(), roles.end(),
+                              [](const ShapeRole& role) { return role.surface == Surface::slab; });
   const Surface base = hasSlab ? Surface::slab : Surface::walkable;
   std::vector<OutlinedShape> left;
   for (std::size_t i = 0; i < shapes_.size(); ++i) {

@@ -107,8 +107,7 @@ double FloorStack::outlineShare() const {
   const auto unitsPerMeter = guidance::unitsPerMeterOf(*map_->venue);
   if (!unitsPerMeter) return 1;
   const Lens lens{map_->camera().lens().size, stackFieldOfView};
-  const double pointsPerMeter =
-      *unitsPerMeter / (lens.slopePerPoint() * stackPose().distance);
+  const double pointsPerMeter = *unitsPerMeter / (lens.slopePerPoint() * stackPose().distance);
   return std::clamp(pointsPerMeter / fullOutlines, leastOutlines, 1.0);
 }
 
@@ -201,7 +200,7 @@ void FloorStack::setRoutes(std::vector<RouteContents> routes,
   routes_ = std::move(routes);
   if (!isShown()) return;
   const auto isKnown = [&](const RouteContents& route) { return levels_.hasLine(*route.line); };
-  if (isOn_ && !std::ranges::all_of(routes_, isKnown)) return rebuild(theme);
+  if (isOn_ && !std::all_of(routes_.begin(), routes_.end(), isKnown)) return rebuild(theme);
   const Transaction transaction;
   change([&](StackContents& contents) { contents.routes = routes_; });
   levels_.showRoutes(routes_, *theme);

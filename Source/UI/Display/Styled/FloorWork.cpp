@@ -46,7 +46,7 @@ class FloorWork::Outlining : public std::enable_shared_from_this<Outlining> {
       : model_(std::move(model)), shapes_(std::move(shapes)), unitsPerMeter_(unitsPerMeter) {}
 
   bool hasRoles(std::span<const ShapeRole> roles) const {
-    return std::ranges::equal(roles_, roles);
+    return std::equal(roles_.begin(), roles_.end(), roles.begin(), roles.end());
   }
 
   void start(std::span<const ShapeRole> roles) {

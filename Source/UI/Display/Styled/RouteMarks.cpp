@@ -107,7 +107,10 @@ void RouteMarks::set(std::vector<RouteMark> marks,
                      std::shared_ptr<const MapTheme> theme) {
   std::stable_sort(marks.begin(), marks.end(),
                    [](const auto& left, const auto& right) { return left.form < right.form; });
-  const bool isSame = theme == theme_ && std::ranges::equal(marks, shown_, {}, {}, &Shown::mark);
+  const bool isSame =
+      theme == theme_ &&
+      std::equal(marks.begin(), marks.end(), shown_.begin(), shown_.end(),
+                 [](const RouteMark& mark, const Shown& shown) { return mark == shown.mark; });
   lines_ = std::move(lines);
   if (isSame) return;
   clear();

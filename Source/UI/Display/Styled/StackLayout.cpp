@@ -59,7 +59,7 @@ FloorList floorsWithModels(const Venue& venue, const std::shared_ptr<Map>& shown
   FloorList floors;
   for (const auto& map : *venue.maps)
     if (map->mapObject && !map->mapObject->boundingBox().isEmpty()) floors.push_back(map);
-  if (std::ranges::find(floors, shown) == floors.end()) floors.push_back(shown);
+  if (std::find(floors.begin(), floors.end(), shown) == floors.end()) floors.push_back(shown);
   return floors;
 }
 
@@ -92,7 +92,8 @@ StackLayout::StackLayout(const StackInput& input) {
   for (const auto& floor : floorsWithModels(input.venue, input.shown)) {
     StackShapes own(*floor, input.venue, input.words);
     const bool isNeeded =
-        floor == input.shown || std::ranges::find(input.onRoute, floor) != input.onRoute.end();
+        floor == input.shown ||
+        std::find(input.onRoute.begin(), input.onRoute.end(), floor) != input.onRoute.end();
     if (own.contents().isEmpty() && !isNeeded) continue;
     contents.add(own.contents());
     shapes.emplace(floor.get(), std::move(own));

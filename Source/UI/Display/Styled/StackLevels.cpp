@@ -78,7 +78,8 @@ void StackLevels::showHidden() {
 
 std::optional<double> StackLevels::change(const std::shared_ptr<Map>& current,
                                           const std::shared_ptr<Map>& former) {
-  const auto found = std::ranges::find(levels_, current, &Level::floor);
+  const auto found = std::find_if(levels_.begin(), levels_.end(),
+                                  [&](const Level& level) { return level.floor == current; });
   if (found == levels_.end()) return std::nullopt;
   const Transaction transaction;
   const double rise = found->offset;
@@ -112,8 +113,9 @@ void StackLevels::setOutlineShare(double share) {
 
 // Routes are drawn anew after many changes, then with another object for the same line.
 int StackLevels::indexOf(const RouteLine& line) const {
-  const auto found = std::ranges::find_if(lines_, [&](const auto& known) {
-    return std::ranges::equal(known->points(), line.points());
+  const auto found = std::find_if(lines_.begin(), lines_.end(), [&](const auto& known) {
+    const auto points = known->points();
+    return std::equal(points.begin(), points.end(), line.points().begin(), line.points().end());
   });
   return found == lines_.end() ? -1 : static_cast<int>(found - lines_.begin());
 }

@@ -115,9 +115,9 @@ void StyledMap::colorFloor(const Map& map, const std::vector<ShapeRole>& roles) 
 bool StyledMap::isReady() const {
   const auto& floor = host_.view ? host_.view->currentMap() : nullptr;
   const FloorList stacked = stack_.floors();
-  return !floor ||
-         (work_.isReady(*floor) && labels_.isReady() &&
-          std::ranges::all_of(stacked, [&](const auto& map) { return work_.isReady(*map); }));
+  return !floor || (work_.isReady(*floor) && labels_.isReady() &&
+                    std::all_of(stacked.begin(), stacked.end(),
+                                [&](const auto& map) { return work_.isReady(*map); }));
 }
 
 void StyledMap::finish() {

@@ -31,7 +31,8 @@ std::shared_ptr<Record> record(const std::string& members) {
 // A venue with one path. `path` lists points such as "10,0"; "Cafe@10,0" is also an entrance of the
 // Cafe, "Cafe+10,0" is inside it, and "stairs:10,0" is reached on a connector of this type. `doors`
 // lists further entrances: "Cafe@10,3~1" is connected with point 1. In "?Shop 1/Shops", the name is
-// generated and Shops is the category. The path leads from the place "From" to the place "To".
+// generated and Shops is the category; it is a general one if it ends with "*". The path leads from
+// the place "From" to the place "To".
 class Scene {
  public:
   explicit Scene(const std::string& path, const std::string& doors = "") {
@@ -114,7 +115,9 @@ class Scene {
                       name.substr(0, slash), name.front() == '?'));
       const std::string category = slash == std::string::npos ? "" : name.substr(slash + 1);
       auto& kind = categories_[category];
-      if (!kind) kind = record<Category>(fmt::format(R"("id": "{0}", "name": "{0}")", category));
+      if (!kind)
+        kind = record<Category>(fmt::format(R"("id": "{0}", "name": "{0}", "general": {1})",
+                                            category, category.ends_with("*")));
       if (!category.empty()) place->categories = {kind};
       place->polygons = {record<Polygon>(R"("id": "p")")};
       polygons_.push_back(place->polygons.front());
@@ -230,6 +233,7 @@ TEST(StepBuilder, TellsTheTurnsOfDrawnWalks) {
       {"0,0 30,0 30,40", "depart, turn L90, arrive", "?1@26,3~1"},
       {"0,0 30,0 30,40", "depart, turn L90 after the Shops, arrive", "?1/Shops@26,3~1"},
       {"0,0 30,0 30,40", "depart, turn L90, arrive", "?1/Shops@26,3~1 ?2/Shops@35,1~1"},
+      {"0,0 30,0 30,40", "depart, turn L90, arrive", "?1/Shops*@26,3~1"},
       {"0,0 20,0 40,0", "depart passing Cafe right, arrive", "Cafe@20,-4~1"},
       {"0,0 20,0 40,0", "depart, arrive", "Cafe@20,-7~1"},
       {"0,0 20,0 80,0 90,0", "depart passing A right passing B left, arrive", "A@20,-4~1 B@80,4~2"},

@@ -1,0 +1,57 @@
+#include "Apps/Web/Map/MapLook.hpp"
+
+#include <algorithm>
+
+namespace orivanta::web {
+
+namespace {
+
+void read(const boost::json::object& object, const char* name, bool& value) {
+  if (const auto* member = object.if_contains(name); member != nullptr && member->is_bool())
+    value = member->get_bool();
+}
+
+void read(const boost::json::object& object, const char* name, std::string& value) {
+  if (const auto* member = object.if_contains(name); member != nullptr && member->is_string())
+    value = std::string(member->get_string());
+}
+
+std::shared_ptr<const MapTheme> themeOf(const MapLook& look) {
+  const auto base = look.theme == "dark" ? MapTheme::dark() : MapTheme::light();
+  if (look.textSize == 1 && !look.highContrast) return base;
+  MapTheme theme = look.textSize == 1 ? *base : base->withTextScale(look.textSize);
+  if (look.highContrast) {
+    theme.outlineContrast = std::max(theme.outlineContrast, 4.5);
+    theme.walkableOutlineContrast = std::max(theme.walkableOutlineContrast, 3.0);
+  }
+  return std::make_shared<const MapTheme>(std::move(theme));
+}
+
+}  // namespace
+
+void MapLook::update(const boost::json::object& object) {
+  read(object, "theme", theme);
+  read(object, "highContrast", highContrast);
+  read(object, "labels", labels);
+  read(object, "reducedMotion", reducedMotion);
+  read(object, "still", still);
+  read(object, "language", language);
+  read(object, "compass", furniture.compass);
+  read(object, "scaleBar", furniture.scaleBar);
+  read(object, "attribution", furniture.attribution);
+  if (const auto* member = object.if_contains("textSize"); member != nullptr && member->is_number())
+    textSize = std::clamp(member->to_number<double>(), 0.5, 4.0);
+}
+
+void MapLook::apply(MapStyle& style, MapCamera& camera) const {
+  style.setModelColors(theme == "plain");
+  style.setTheme(themeOf(*this));
+  style.setTexts(guidance::InterfaceTexts(language));
+  style.setLabels(labels);
+  style.setStill(still);
+  style.setReducedMotion(reducedMotion);
+  style.setFurniture(furniture);
+  camera.setReducedMotion(reducedMotion);
+}
+
+}  // namespace orivanta::web

@@ -1,0 +1,56 @@
+// One instruction at a time, while the user walks along the route.
+
+import type { Guidance } from "orivanta";
+
+import type { App } from "../app.js";
+import { h } from "../dom.js";
+import { icon } from "../icons.js";
+import { stepIcon } from "../stepIcon.js";
+
+export function walkPage(app: App, route: Guidance, index: number): Node[] {
+  const step = route.steps[index]!;
+  const last = route.steps.length - 1;
+  const show = (next: number) => {
+    app.changeUi({ step: next });
+    app.announce(route.steps[next]!.text);
+  };
+  const left = route.steps.slice(index).reduce((sum, each) => sum + (each.meters ?? 0), 0);
+  const number = app.t("page.walk.step", { number: index + 1, all: route.steps.length });
+  const isRightToLeft = app.texts.isRightToLeft;
+  return [
+    h(
+      "div",
+      { class: "walk" },
+      h("h2", { class: "walk-number", tabindex: -1, "data-key": "walk-title" }, number),
+      h("progress", { max: route.steps.length, value: index + 1, "aria-hidden": "true" }),
+      h("div", { class: "walk-step" }, stepIcon(step), h("p", {}, step.text)),
+      index === last || route.meters === null ? null : h("p", { class: "detail" }, metersText(app, left)),
+      h(
+        "div",
+        { class: "buttons" },
+        h(
+          "button",
+          { class: "tinted", "data-key": "previous", disabled: index === 0, onclick: () => show(index - 1) },
+          icon("back", isRightToLeft),
+          app.t("page.walk.previous"),
+        ),
+        h(
+          "button",
+          { class: "filled", "data-key": "next", disabled: index === last, onclick: () => show(index + 1) },
+          app.t("page.walk.next"),
+          icon("forward", isRightToLeft),
+        ),
+      ),
+      h("button", { class: "plain text", "data-key": "all-steps", onclick: () => app.changeUi({ step: null }) }, icon("list"), app.t("page.walk.end")),
+    ),
+  ];
+}
+
+function metersText(app: App, meters: number): string {
+  const format = new Intl.NumberFormat(app.texts.language === "ar" ? "ar-u-nu-latn" : app.texts.language, {
+    style: "unit",
+    unit: "meter",
+    maximumSignificantDigits: 2,
+  });
+  return format.format(meters);
+}

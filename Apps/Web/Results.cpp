@@ -1,0 +1,29 @@
+#include "Apps/Web/Results.hpp"
+
+#include <utility>
+
+namespace orivanta::web {
+
+namespace {
+
+std::size_t length = 0;
+
+}  // namespace
+
+const char* textResult(std::string text) {
+  static std::string kept;
+  kept = std::move(text);
+  length = kept.size();
+  return kept.data();
+}
+
+const double* numbersResult(std::vector<double> numbers) {
+  static std::vector<double> kept;
+  kept = std::move(numbers);
+  length = kept.size();
+  return kept.data();
+}
+
+std::size_t resultLength() { return length; }
+
+}  // namespace orivanta::web
