@@ -1,4 +1,5 @@
 // Vector drawings, rendered to images of any size.
+// Public header.
 #pragma once
 
 #include <memory>

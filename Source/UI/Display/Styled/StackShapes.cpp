@@ -10,7 +10,9 @@ namespace orivanta {
 
 namespace {
 
-constexpr double largestSlab = 3;  // times the area of everything else
+// Times the area of everything else.
+constexpr double largestFramed = 2;
+constexpr double largestShown = 3;
 
 std::vector<graphics::Vector3> cornersIn(const scene::Node& shape) {
   std::vector<graphics::Vector3> corners;
@@ -39,13 +41,11 @@ StackShapes::StackShapes(const Map& floor, const Venue& venue, const KindWords& 
 }
 
 void StackShapes::choose(const graphics::Box& all) {
-  const bool withSlabs = contents_.isEmpty() || areaOf(slabs_) <= largestSlab * areaOf(all);
+  const double ratio = contents_.isEmpty() ? 0 : areaOf(slabs_) / areaOf(all);
   const auto children = model_->children();
   for (std::size_t i = 0; i < children.size(); ++i) {
-    if (!withSlabs && isSlab(roles[i])) {
-      leftOut.push_back(children[i]);
-      continue;
-    }
+    if (isSlab(roles[i]) && ratio > largestShown) leftOut.push_back(children[i]);
+    if (isSlab(roles[i]) && ratio > largestFramed) continue;
     shapes.push_back(children[i]);
     for (const graphics::Vector3& corner : cornersIn(*children[i])) {
       corners.push_back(corner);

@@ -12,8 +12,9 @@
 
 namespace orivanta {
 
-/// The shapes of a model. A slab that is much larger than everything that lies on the slabs of all
-/// floors is left out: it is the site and not the storey, and would hide the floors below.
+/// The shapes of a model. A slab that is twice as large as everything that lies on the slabs of all
+/// floors does not count, so that the camera comes nearer. A slab that is three times as large is
+/// hidden: it is the site and not the storey, and would hide the floors below.
 class StackShapes {
  public:
   /// The floor must have a model. Main thread.
@@ -27,7 +28,7 @@ class StackShapes {
 
   std::vector<ShapeRole> roles;                       ///< of all shapes of the model
   std::vector<std::shared_ptr<scene::Node>> shapes;   ///< those that count
-  std::vector<std::shared_ptr<scene::Node>> leftOut;  ///< the others
+  std::vector<std::shared_ptr<scene::Node>> leftOut;  ///< those that are hidden
   graphics::Box box;                                  ///< of those that count, in the model
   std::vector<graphics::Vector3> corners;             ///< of their boxes
 
