@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "Apps/Server/ContentNegotiation.hpp"
+#include "Apps/Server/ContentPolicies.hpp"
 #include "Apps/Server/FileResponse.hpp"
 
 namespace orivanta::server {
@@ -19,12 +20,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Scripts and WebAssembly come only from the page's own files. Pictures and models may be on any
-// host, because the records of a venue may name any URL.
-constexpr std::string_view pagePolicy =
-    "default-src 'self'; script-src 'self' 'wasm-unsafe-eval'; style-src 'self' 'unsafe-inline'; "
-    "img-src * data: blob:; connect-src * data: blob:; font-src 'self' data:; "
-    "worker-src 'self' blob:; object-src 'none'; base-uri 'none'; form-action 'self'";
 constexpr std::string_view hintPolicy = "default-src 'none'; style-src 'unsafe-inline'";
 
 // {0} is the origin of the API.
@@ -55,7 +50,7 @@ constexpr std::string_view hintPage = R"(<!DOCTYPE html>
 
 // Types that packages do not have: a browser must not run what a package contains.
 MediaType pageMediaTypeOf(std::string_view fileName) {
-  static constexpr std::array<std::pair<std::string_view, MediaType>, 11> rows = {{
+  static constexpr std::array<std::pair<std::string_view, MediaType>, 12> rows = {{
       {".html", {"text/html; charset=utf-8", true}},
       {".js", {"text/javascript; charset=utf-8", true}},
       {".mjs", {"text/javascript; charset=utf-8", true}},
@@ -63,6 +58,7 @@ MediaType pageMediaTypeOf(std::string_view fileName) {
       {".wasm", {"application/wasm", true}},
       {".webmanifest", {"application/manifest+json", true}},
       {".map", {"application/json", true}},
+      {".mo", {"application/octet-stream", true}},
       {".woff2", {"font/woff2", false}},
       {".ttf", {"font/ttf", true}},
       {".otf", {"font/otf", true}},

@@ -8,6 +8,7 @@
 
 #include <boost/json/serialize.hpp>
 #include <exception>
+#include <new>
 #include <span>
 #include <string>
 #include <string_view>
@@ -70,11 +71,17 @@ EMSCRIPTEN_KEEPALIVE void orivantaRunTurn() {
 EMSCRIPTEN_KEEPALIVE std::size_t orivantaResultLength() { return web::resultLength(); }
 
 // Adds a text to the package of the next load. Its name is that of a resource of the API, such as
-// "node".
-EMSCRIPTEN_KEEPALIVE void orivantaAddToPackage(const char* name, std::size_t nameLength,
-                                               const char* text, std::size_t length) {
+// "node". Returns 0 if there is not enough memory.
+EMSCRIPTEN_KEEPALIVE int orivantaAddToPackage(const char* name, std::size_t nameLength,
+                                              const char* text, std::size_t length) try {
   packageTexts().insert_or_assign(std::string(name, nameLength), std::string(text, length));
+  return 1;
+} catch (const std::bad_alloc&) {
+  return 0;
 }
+
+// Removes the texts of a package that is not loaded.
+EMSCRIPTEN_KEEPALIVE void orivantaDropPackage() { packageTexts().clear(); }
 
 // Starts a load and returns its number, see `startLoad`.
 EMSCRIPTEN_KEEPALIVE int orivantaStartLoad(const char* settings, std::size_t length) {
@@ -105,6 +112,13 @@ EMSCRIPTEN_KEEPALIVE const double* orivantaRoute(int venue, const std::int32_t* 
                                                  std::size_t toCount) {
   return web::numbersResult(
       web::routeNumbers(web::VenueTable::shared().at(venue), {from, fromCount}, {to, toCount}));
+}
+
+// Adds a language of instructions from a message file, see `Narrator::addLanguage`. Returns 0 if
+// the file is damaged.
+EMSCRIPTEN_KEEPALIVE int orivantaAddLanguage(const char* tag, std::size_t tagLength,
+                                             const char* file, std::size_t length) {
+  return orivanta::guidance::Narrator::addLanguage({file, length}, {tag, tagLength}) ? 1 : 0;
 }
 
 // Plans a route. Takes a JSON object, see `queryOf`, and returns that of `planJson`, or `error`

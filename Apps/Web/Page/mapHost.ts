@@ -32,7 +32,6 @@ export class MapHost {
     this.#app = app;
     this.#veil = new MapVeil(app, () => void this.#show());
     this.element.append(this.#veil.element);
-    new ResizeObserver(() => this.#changeInsets()).observe(this.element);
   }
 
   /** The floor that is shown. */
@@ -52,6 +51,12 @@ export class MapHost {
     }
     this.#veil.update();
     if (this.view) this.#follow(this.view);
+  }
+
+  /** Follows the sizes of these elements, which cover the map. */
+  watch(...panels: readonly Element[]): void {
+    const observer = new ResizeObserver(() => this.#changeInsets());
+    for (const panel of [this.element, ...panels]) observer.observe(panel);
   }
 
   /** Shows the map as at the beginning. */
@@ -189,17 +194,13 @@ export class MapHost {
     view.fit(route, { atOnce });
   }
 
-  // The panels' sizes follow from styles and contents, so they are known after the layout.
   #changeInsets(): void {
-    requestAnimationFrame(() => {
-      const { view } = this;
-      if (!view) return;
-      const { insets, covered } = insetsOf(this.element);
-      const key = JSON.stringify([insets, covered]);
-      if (key === this.#insets || this.view !== view) return;
-      this.#insets = key;
-      view.insets = insets;
-      view.setCovered(covered);
-    });
+    if (!this.view) return;
+    const { insets, covered } = insetsOf(this.element);
+    const key = JSON.stringify([insets, covered]);
+    if (key === this.#insets) return;
+    this.#insets = key;
+    this.view.insets = insets;
+    this.view.setCovered(covered);
   }
 }

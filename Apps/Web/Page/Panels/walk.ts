@@ -47,9 +47,11 @@ export function walkPage(app: App, route: Guidance, index: number): Node[] {
 
 // The length and the time from an instruction to the destination.
 function leftText(app: App, route: Guidance, index: number): string {
-  const rest = route.steps.slice(index);
-  const meters = rest.reduce((sum, step) => sum + (step.meters ?? 0), 0);
-  const minutes = Math.ceil(rest.reduce((sum, step) => sum + (step.seconds ?? 0), 0) / 60);
+  if (index === 0) return route.summary;
+  const passed = route.steps.slice(0, index);
+  const meters = passed.reduce((left, step) => left - (step.meters ?? 0), route.meters ?? 0);
+  const seconds = passed.reduce((left, step) => left - (step.seconds ?? 0), route.seconds ?? 0);
+  const minutes = Math.max(1, Math.round(seconds / 60));
   const language = app.texts.language === "ar" ? "ar-u-nu-latn" : app.texts.language;
   const format = (value: number, options: Intl.NumberFormatOptions) =>
     new Intl.NumberFormat(language, { style: "unit", unitDisplay: "short", ...options }).format(value);
