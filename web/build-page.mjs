@@ -93,6 +93,8 @@ for (const file of [path.join(source, "index.html"), `${examples}.html`]) {
   const page = readFileSync(file, "utf8").replace(/\{(\w+)\}/g, (_, name) => places[name]);
   writeFileSync(path.join(target, path.basename(file)), page);
 }
-const files = path.join(source, "Files");
-if (existsSync(files)) cpSync(files, target, { recursive: true });
+for (const files of [path.join(root, "web/dist/languages"), path.join(source, "Files")]) {
+  const folder = path.basename(files) === "Files" ? target : path.join(target, path.basename(files));
+  if (existsSync(files)) cpSync(files, folder, { recursive: true });
+}
 await buildWorker(root, target, !process.argv.includes("--no-minify"));

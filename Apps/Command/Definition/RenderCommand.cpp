@@ -26,7 +26,8 @@ void addRender(CLI::App& app, CommandLine& line) {
   query.add_option("--zoom", options.zoom, "Zoom factor; 1 shows the whole floor")->type_name("F");
   query
       .add_option("--style", options.style,
-                  "Colors of the floors: light, dark, plain (those of the models), or a theme file")
+                  "Colors of the floors: light, dark, light-contrast, dark-contrast, plain (those of the "
+                  "models), or a theme file")
       ->type_name("FILE|NAME")
       ->capture_default_str();
   query

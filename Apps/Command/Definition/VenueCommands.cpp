@@ -67,7 +67,8 @@ void addView(CLI::App& app, CommandLine& line) {
       ->check(CLI::IsMember({"normal", "high"}));
   command
       .add_option("--style", options.style,
-                  "Look of the map: light, dark, plain (the colors of the models), or a theme file")
+                  "Look of the map: light, dark, light-contrast, dark-contrast, plain (the colors of the "
+                  "models), or a theme file")
       ->type_name("FILE|NAME")
       ->capture_default_str();
   command.add_flag("--reduced-motion", options.reducedMotion,

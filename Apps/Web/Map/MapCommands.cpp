@@ -18,8 +18,9 @@ namespace {
 
 void setLook(MapHost& map, const json::value& value) {
   if (!value.is_object()) return;
-  map.look.update(value.get_object());
-  map.lookChanged();
+  MapLook look = map.look();
+  look.update(value.get_object());
+  map.setLook(look);
 }
 
 void setFloor(MapHost& map, const json::value& value) {

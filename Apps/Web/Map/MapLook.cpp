@@ -43,15 +43,18 @@ void MapLook::update(const boost::json::object& object) {
     textSize = std::clamp(member->to_number<double>(), 0.5, 4.0);
 }
 
-void MapLook::apply(MapStyle& style, MapCamera& camera) const {
-  style.setModelColors(theme == "plain");
-  style.setTheme(themeOf(*this));
-  style.setTexts(guidance::InterfaceTexts(language));
-  style.setLabels(labels);
-  style.setStill(still);
-  style.setReducedMotion(reducedMotion);
-  style.setFurniture(furniture);
-  camera.setReducedMotion(reducedMotion);
+void MapLook::apply(const MapLook& former, MapStyle& style, MapCamera& camera) const {
+  if (theme != former.theme) style.setModelColors(theme == "plain");
+  if (theme != former.theme || textSize != former.textSize || highContrast != former.highContrast)
+    style.setTheme(themeOf(*this));
+  if (language != former.language) style.setTexts(guidance::InterfaceTexts(language));
+  if (labels != former.labels) style.setLabels(labels);
+  if (still != former.still) style.setStill(still);
+  if (reducedMotion != former.reducedMotion) {
+    style.setReducedMotion(reducedMotion);
+    camera.setReducedMotion(reducedMotion);
+  }
+  if (!(furniture == former.furniture)) style.setFurniture(furniture);
 }
 
 }  // namespace orivanta::web

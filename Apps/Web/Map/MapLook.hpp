@@ -24,8 +24,10 @@ struct MapLook {
   /// Members of another type are ignored.
   void update(const boost::json::object& object);
 
-  /// Applies the look to a style and to the camera of its map view.
-  void apply(MapStyle& style, MapCamera& camera) const;
+  /// Applies what differs from a former look to a style and to the camera of its map view.
+  void apply(const MapLook& former, MapStyle& style, MapCamera& camera) const;
+
+  friend bool operator==(const MapLook&, const MapLook&) = default;
 };
 
 }  // namespace orivanta::web

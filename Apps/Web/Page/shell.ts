@@ -60,6 +60,10 @@ export class Shell {
     const side = h("div", { class: "side" }, this.#floors.element, this.#mapButtons);
     this.#area = h("section", { class: "area" }, map.element, side, this.#attribution);
     this.element = h("div", { class: "frame" }, this.#skip, column, this.#area, this.#status, new KindSprite(app).element);
+    map.watch(this.#panel.element, this.#search.element, this.#floors.element);
+    new ResizeObserver(() => this.element.style.setProperty("--panel-height", `${this.#panel.element.offsetHeight}px`)).observe(
+      this.#panel.element,
+    );
     addEventListener("keydown", (event) => this.#pressed(event));
     app.on(() => this.update());
     let timer = 0;

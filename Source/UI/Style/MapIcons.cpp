@@ -66,4 +66,10 @@ std::shared_ptr<const Image> makeHereIconImage(const MapTheme& theme, double poi
       scale);
 }
 
+std::shared_ptr<const Image> makeWalkIconImage(const MapTheme& theme, double points, double scale) {
+  return graphics::makeDrawingImage(
+      partsOf(walkPaths(), theme.disc(PlaceKind::other), theme.colors.iconSymbol), iconUnits,
+      points, scale);
+}
+
 }  // namespace orivanta

@@ -37,4 +37,8 @@ inline constexpr double iconUnits = 24.0;
 ORIVANTA_API std::shared_ptr<const graphics::Image> makeHereIconImage(const MapTheme& theme,
                                                                       double points, double scale);
 
+/// As above, for a way between floors that is no connector: a person who walks.
+ORIVANTA_API std::shared_ptr<const graphics::Image> makeWalkIconImage(const MapTheme& theme,
+                                                                      double points, double scale);
+
 }  // namespace orivanta

@@ -19,7 +19,6 @@ export function cardPage(app: App, id: string): Node[] | null {
   const nearest = app.nearest(id);
   return [
     head(app, card),
-    pictureOf(card),
     hours(app, card),
     card.description ? h("p", { class: "description", dir: "auto" }, card.description) : null,
     contacts(app, card),
@@ -34,6 +33,7 @@ function head(app: App, card: Card): HTMLElement {
   return h(
     "div",
     { class: "card-head" },
+    pictureOf(card),
     kindIcon(card.kind, card.isOutOfOrder),
     h(
       "div",

@@ -30,8 +30,9 @@ CellFrame::CellFrame(std::span<const Vector3> points, double seenAt) : turn(seen
   depth = back - front;
 }
 
-FloorCells::FloorCells(const scene::Node& floor, const CellFrame& frame) {
-  for (const auto& shape : floor.children()) {
+FloorCells::FloorCells(std::span<const std::shared_ptr<scene::Node>> shapes,
+                       const CellFrame& frame) {
+  for (const auto& shape : shapes) {
     const auto geometry = shape->geometry();
     const auto* const source = geometry ? geometry->source(scene::Semantic::vertex) : nullptr;
     if (source == nullptr) continue;
