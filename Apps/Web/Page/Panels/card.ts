@@ -98,9 +98,8 @@ function contacts(app: App, card: Card): HTMLElement | null {
 
 function buttons(app: App, id: string): HTMLElement {
   const toHere = () => {
-    const { from } = app.store.state;
     setEnd(app, "to", id);
-    if (from === null) openSearch(app, "from");
+    if (app.store.state.from === null) openSearch(app, "from");
   };
   const fromHere = () => {
     const { to } = app.store.state;
