@@ -96,7 +96,7 @@ test("a visitor finds a place and a route to it", async (t) => {
   await page.goBack();
   await waitForAddress(tab, "to", null);
   await page.goForward();
-  await tab.waitForText(".step", "stairs");
+  await tab.waitForText(".step", "North elevators");
 });
 
 test("stops, nearest places and the map", async (t) => {

@@ -96,7 +96,7 @@ export class MapHost {
       view.position = here;
       this.#veil.end();
       this.#changeInsets();
-      view.showFirstView({ atOnce: true });
+      view.showFirstView({ animated: false });
       this.#follow(view, true);
       this.#app.changed();
     } catch (error) {
