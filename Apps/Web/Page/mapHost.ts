@@ -105,7 +105,7 @@ export class MapHost {
       view.position = here;
       this.#veil.end();
       this.#changeInsets();
-      view.showFirstView({ atOnce: true });
+      view.showFirstView({ animated: false });
       this.#follow(view, true);
       this.#app.changed();
     } catch (error) {
@@ -121,7 +121,7 @@ export class MapHost {
     view.on("floor", (floor) => {
       this.#floor = floor;
       if (app.store.state.floor !== floor.id) app.store.change({ floor: floor.id });
-      if (this.#route && app.ui.step === null && app.store.state.place === null) this.#fitRoute(view, this.#route);
+      if (this.#route && app.ui.step === null && app.store.state.place === null) view.fit(this.#route);
       app.changed();
     });
     view.on("problem", ({ kind, floor }) => {
@@ -170,39 +170,39 @@ export class MapHost {
     if (wanted && wanted !== view.floor) view.floor = wanted;
   }
 
-  #followPlace(view: MapView, id: string | null, atOnce: boolean): void {
+  #followPlace(view: MapView, id: string | null, isFirst: boolean): void {
     if (id === this.#place) return;
     this.#place = id;
     const place = id === null ? null : (this.#venue!.placeNamed(id) ?? null);
     view.select(place);
     if (!place) return;
     if (this.#app.ui.isStacked) this.#app.changeUi({ isStacked: false });
-    view.fit(place, { atOnce });
+    view.fit(place, { animated: !isFirst });
   }
 
-  #followRoute(view: MapView, atOnce: boolean): void {
+  #followRoute(view: MapView, isFirst: boolean): void {
     const { ui } = this.#app;
     const route = shownRoute(this.#app);
     const isNew = route !== this.#route;
     if (isNew) {
       this.#route = route;
       view.showRoute(route);
-      if (route && ui.step === null) this.#fitRoute(view, route, atOnce, true);
+      if (route && ui.step === null) this.#showRouteStart(view, route, isFirst);
     }
     const step = route ? ui.step : null;
     if (step === this.#step && !(isNew && step !== null)) return;
     this.#step = step;
     if (!route || step === null) view.position = this.#here();
     if (!route) return;
-    if (step !== null) view.showStep(route, step);
+    if (step !== null) view.showStep(step);
     view.showProgress(step === null ? null : (route.steps[step]?.node ?? null));
-    if (step === null) this.#fitRoute(view, route);
+    if (step === null && !isNew) view.fit(route);
   }
 
-  #fitRoute(view: MapView, route: Guidance, atOnce = false, fromStart = false): void {
+  #showRouteStart(view: MapView, route: Guidance, isFirst: boolean): void {
     const start = route.nodes[0]?.floor;
-    if (fromStart && start && start !== view.floor) view.floor = start;
-    view.fit(route, { atOnce });
+    if (start && start !== view.floor) view.floor = start;
+    view.fit(route, { animated: !isFirst });
   }
 
   #changeInsets(): void {
