@@ -36,6 +36,7 @@ const sources = {
     }));
   },
 };
+
 // The package finds the files of languages by their URLs. Here, their names get hashes.
 const languages = {
   name: "languages",
@@ -50,6 +51,7 @@ const languages = {
     });
   },
 };
+
 const examples = path.join(source, "Examples/examples");
 
 rmSync(target, { recursive: true, force: true });
@@ -93,8 +95,6 @@ for (const file of [path.join(source, "index.html"), `${examples}.html`]) {
   const page = readFileSync(file, "utf8").replace(/\{(\w+)\}/g, (_, name) => places[name]);
   writeFileSync(path.join(target, path.basename(file)), page);
 }
-for (const files of [path.join(root, "web/dist/languages"), path.join(source, "Files")]) {
-  const folder = path.basename(files) === "Files" ? target : path.join(target, path.basename(files));
-  if (existsSync(files)) cpSync(files, folder, { recursive: true });
-}
+const files = path.join(source, "Files");
+if (existsSync(files)) cpSync(files, target, { recursive: true });
 await buildWorker(root, target, !process.argv.includes("--no-minify"));

@@ -169,6 +169,7 @@ void MapHost::redrawTexts() {
 }
 
 void MapHost::floorChanged() {
+  showFirstView();
   route_.arrange();
   markers_.arrange(canvas_.scale);
 }

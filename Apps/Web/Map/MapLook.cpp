@@ -19,11 +19,8 @@ void read(const boost::json::object& object, const char* name, std::string& valu
 std::shared_ptr<const MapTheme> themeOf(const MapLook& look) {
   const auto base = look.theme == "dark" ? MapTheme::dark() : MapTheme::light();
   if (look.textSize == 1 && !look.highContrast) return base;
-  MapTheme theme = look.textSize == 1 ? *base : base->withTextScale(look.textSize);
-  if (look.highContrast) {
-    theme.outlineContrast = std::max(theme.outlineContrast, 4.5);
-    theme.walkableOutlineContrast = std::max(theme.walkableOutlineContrast, 3.0);
-  }
+  MapTheme theme = look.highContrast ? base->withHighContrast() : *base;
+  if (look.textSize != 1) theme = theme.withTextScale(look.textSize);
   return std::make_shared<const MapTheme>(std::move(theme));
 }
 

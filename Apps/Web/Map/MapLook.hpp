@@ -13,7 +13,7 @@ namespace orivanta::web {
 struct MapLook {
   std::string theme = "light";  ///< "light", "dark" or "plain": the colors of the models
   double textSize = 1;          ///< factor of the sizes of texts, 0.5 to 4
-  bool highContrast = false;    ///< stronger outlines
+  bool highContrast = false;    ///< see `MapTheme::withHighContrast`
   bool labels = true;           ///< names and icons
   bool reducedMotion = false;   ///< moves at once; arrows of routes stand still
   bool still = false;           ///< for single pictures, see `MapStyle::setStill`
