@@ -68,8 +68,8 @@ std::shared_ptr<const Image> makeHereIconImage(const MapTheme& theme, double poi
 
 std::shared_ptr<const Image> makeWalkIconImage(const MapTheme& theme, double points, double scale) {
   return graphics::makeDrawingImage(
-      partsOf(walkPaths(), theme.disc(PlaceKind::other), theme.colors.iconSymbol), gridSide, points,
-      scale);
+      partsOf(walkPaths(), theme.disc(PlaceKind::other), theme.colors.iconSymbol), iconUnits,
+      points, scale);
 }
 
 }  // namespace orivanta
