@@ -36,6 +36,22 @@ const sources = {
     }));
   },
 };
+
+// The package finds the files of languages by their URLs. Here, their names get hashes.
+const languages = {
+  name: "languages",
+  setup({ onLoad }) {
+    onLoad({ filter: /\bdist.languages\.js$/ }, ({ path: file }) => {
+      const imports = [];
+      const code = readFileSync(file, "utf8").replace(/(?<=new URL\()"\S+"(?=,\s*import\.meta\.url)/g, (name) => {
+        imports.push(`import file${imports.length} from ${name};`);
+        return `file${imports.length - 1}`;
+      });
+      return { contents: [...imports, code].join("\n") };
+    });
+  },
+};
+
 const examples = path.join(source, "Examples/examples");
 
 rmSync(target, { recursive: true, force: true });
@@ -60,8 +76,8 @@ const { metafile } = await build({
     orivanta: path.join(root, "web/dist/index.js"),
     uqr: path.join(root, "web/node_modules/uqr"),
   },
-  loader: { ".wasm": "file", ".svg": "dataurl" },
-  plugins: [texts, sources],
+  loader: { ".mo": "file", ".svg": "dataurl", ".wasm": "file" },
+  plugins: [languages, texts, sources],
   logLevel: "warning",
 });
 

@@ -34,13 +34,15 @@ export interface Core {
   _orivantaBegin(): void;
   _orivantaRunTurn(): void;
   _orivantaResultLength(): number;
-  _orivantaAddToPackage(name: number, nameLength: number, text: number, length: number): void;
+  _orivantaAddToPackage(name: number, nameLength: number, text: number, length: number): number;
+  _orivantaDropPackage(): void;
   _orivantaStartLoad(settings: number, length: number): number;
   _orivantaCancelLoad(load: number): void;
   _orivantaRemoveVenue(venue: number): void;
   _orivantaRecords(venue: number): number;
   _orivantaNodes(venue: number): number;
   _orivantaRoute(venue: number, from: number, fromCount: number, to: number, toCount: number): number;
+  _orivantaAddLanguage(tag: number, tagLength: number, file: number, length: number): number;
   _orivantaPlan(venue: number, text: number, length: number): number;
   _orivantaSearch(venue: number, text: number, length: number): number;
   _orivantaOpenMap(venue: number, canvas: number): number;

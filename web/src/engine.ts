@@ -47,8 +47,8 @@ export interface MapListener {
 const encoder = new TextEncoder();
 const decoder = new TextDecoder();
 
-async function bytesOf(source: WasmSource): Promise<BufferSource | Response> {
-  if (typeof source !== "string" && !(source instanceof URL)) return source;
+/** Reads a file next to the package's code, in a browser or in Node.js. */
+export async function fetched(source: string | URL): Promise<BufferSource | Response> {
   const url = new URL(source, import.meta.url);
   if (url.protocol !== "file:") {
     const response = await fetch(url, { credentials: "same-origin" });
@@ -65,7 +65,8 @@ async function bytesOf(source: WasmSource): Promise<BufferSource | Response> {
 }
 
 async function compiled(source: WasmSource): Promise<WebAssembly.Module> {
-  const bytes = await bytesOf(source);
+  const isFile = typeof source === "string" || source instanceof URL;
+  const bytes = isFile ? await fetched(source) : source;
   if (!(bytes instanceof Response)) return WebAssembly.compile(bytes);
   if (bytes.headers.get("Content-Type") === "application/wasm") {
     return WebAssembly.compileStreaming(bytes);
@@ -108,7 +109,8 @@ export class Engine {
         return {};
       },
       print: () => {}, // diagnostics for developers of the module
-      printErr: (line) => (this.#lastLine = line),
+      // The line before the one that says that the module has ended.
+      printErr: (line) => void (/^Aborted\(/.test(line) || (this.#lastLine = line)),
     });
     this.#core = await Promise.race([core, failure]);
     this.#core._orivantaBegin();
@@ -156,10 +158,13 @@ export class Engine {
     }
   }
 
-  /** Calls a function that takes UTF-8 texts, each as address and length. */
-  withTexts<Result>(texts: readonly string[], use: (core: Core, ...places: number[]) => Result): Result {
+  /** Calls a function that takes UTF-8 texts or bytes, each as address and length. */
+  withTexts<Result>(
+    texts: readonly (string | Uint8Array)[],
+    use: (core: Core, ...places: number[]) => Result,
+  ): Result {
     return this.call((core) => {
-      const encoded = texts.map((text) => encoder.encode(text));
+      const encoded = texts.map((text) => (typeof text === "string" ? encoder.encode(text) : text));
       const places: number[] = [];
       try {
         for (const bytes of encoded) {
@@ -215,11 +220,7 @@ export class Engine {
   ): Promise<LoadReport> {
     return new Promise((resolve, reject) => {
       signal?.throwIfAborted();
-      for (const [name, text] of Object.entries(package_ ?? {})) {
-        this.withTexts([name, text], (core, ...places) =>
-          core._orivantaAddToPackage(places[0]!, places[1]!, places[2]!, places[3]!),
-        );
-      }
+      if (package_) this.#give(package_);
       const load = this.withTexts([JSON.stringify(settings)], (core, address, length) =>
         core._orivantaStartLoad(address!, length!),
       );
@@ -243,6 +244,20 @@ export class Engine {
   close(): void {
     this.#fatal ??= new OrivantaError("fatal", "the instance was destroyed");
     this.#failLoads(this.#fatal);
+  }
+
+  #give(package_: Readonly<Record<string, string>>): void {
+    try {
+      for (const [name, text] of Object.entries(package_)) {
+        const isAdded = this.withTexts([name, text], (core, ...places) =>
+          core._orivantaAddToPackage(places[0]!, places[1]!, places[2]!, places[3]!),
+        );
+        if (!isAdded) throw new OrivantaError("tooLarge", "there is not enough memory");
+      }
+    } catch (error) {
+      if (!this.#fatal) this.call((core) => core._orivantaDropPackage());
+      throw error;
+    }
   }
 
   #read(address: number, length: number): string {

@@ -27,7 +27,10 @@ export interface GuideRequest {
   visitsClosedStops?: boolean;
   /** Further routes, 0 to 4. */
   alternatives?: number;
-  /** The language of the instructions: a tag such as "de", or a list of tags. */
+  /**
+   * The language of the instructions: a tag such as "de", or a list of tags. The best of the loaded languages is
+   * used, see `Orivanta.loadLanguage`.
+   */
   language?: string;
 }
 

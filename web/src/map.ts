@@ -30,8 +30,8 @@ type Handler<Type extends keyof MapEvents> = (event: MapEvents[Type]) => void;
 
 /** How a change of the camera happens. */
 export interface Motion {
-  /** Whether the camera moves at once. Unless set, it glides for a quarter of a second. */
-  readonly atOnce?: boolean;
+  /** Whether the camera glides for a quarter of a second, as it does unless set, or moves at once. */
+  readonly animated?: boolean;
 }
 
 /** The names at the ends of a route that has none itself, and its color. */
@@ -50,7 +50,7 @@ export interface Insets {
   readonly left?: number;
 }
 
-const glides = (motion: Motion) => ({ glide: !motion.atOnce });
+const glides = (motion: Motion) => ({ glide: motion.animated ?? true });
 
 /** A map. Made by `Venue.show`. */
 export class MapView {
@@ -71,6 +71,7 @@ export class MapView {
   #look: MapLook = {};
   #insets: Insets = {};
   #position: VisitorPosition | null = null;
+  #guidance: Guidance | null = null;
   #lastMarker = 0;
   #settle: { loaded(): void; failed(error: unknown): void } | null = null;
 
@@ -204,7 +205,7 @@ export class MapView {
   }
 
   set camera(pose: CameraPose) {
-    this.moveTo(pose, { atOnce: true });
+    this.moveTo(pose, { animated: false });
   }
 
   /** Moves the camera to the nearest possible pose; members that are missing stay as they are. */
@@ -277,6 +278,7 @@ export class MapView {
 
   /** Shows a route instead of the current one; null removes it. The camera does not move. */
   showRoute(route: Route | Guidance | null, look: RouteLook = {}): void {
+    this.#guidance = route && "steps" in route ? route : null;
     if (!route) return void this.#do({ route: null });
     const visits = "visits" in route ? route.visits : [];
     const stops = visits.slice(1, -1).map(({ index, place }) => ({ index, place: place?.id }));
@@ -298,18 +300,22 @@ export class MapView {
     this.#do({ passed: { floor: this.#venue.floors.indexOf(at.floor!), position } });
   }
 
-  /** Shows where an instruction begins, and the way to the next one. Null removes the position. */
-  showStep(guidance: Guidance, index: number | null, motion: Motion = {}): void {
-    const step = index === null ? undefined : guidance.steps[index];
+  /**
+   * Shows where an instruction of the shown `Guidance` begins, and the way to the next one. Null removes the
+   * position.
+   */
+  showStep(index: number | null, motion: Motion = {}): void {
+    const { steps = [], nodes = [] } = this.#guidance ?? {};
+    const step = index === null ? undefined : steps[index];
     if (!step?.node?.floor) return void (this.position = null);
-    const next = guidance.steps[index! + 1]?.node;
-    const start = guidance.nodes.indexOf(step.node);
-    const end = next ? guidance.nodes.indexOf(next, start) : -1;
-    const nodes = guidance.nodes.slice(start, step.kind === "ride" || end < start ? start + 1 : end + 1);
+    const next = steps[index! + 1]?.node;
+    const start = nodes.indexOf(step.node);
+    const end = next ? nodes.indexOf(next, start) : -1;
+    const way = nodes.slice(start, step.kind === "ride" || end < start ? start + 1 : end + 1);
     const { x, y, z, floor } = step.node;
     this.floor = floor;
     this.position = { position: [x, y, z], floor };
-    const points = nodes.filter((node) => node.floor === floor).map((node) => [node.x, node.y, node.z]);
+    const points = way.filter((node) => node.floor === floor).map((node) => [node.x, node.y, node.z]);
     this.#do({ fit: { points, ...glides(motion) } });
   }
 

@@ -221,7 +221,12 @@ export class Venue {
     if (this.#map) throw new OrivantaError("invalid", "the venue is shown already; load it again for another map");
     const map = this.#use(() => new MapView(this.#engine, this, this.#number, target, options, () => (this.#map = null)));
     this.#map = map;
-    await map.loaded;
+    try {
+      await map.loaded;
+    } catch (error) {
+      this.#map = null;
+      throw error;
+    }
     return map;
   }
 

@@ -18,8 +18,9 @@ namespace {
 
 void setLook(MapHost& map, const json::value& value) {
   if (!value.is_object()) return;
-  map.look.update(value.get_object());
-  map.lookChanged();
+  MapLook look = map.look();
+  look.update(value.get_object());
+  map.setLook(look);
 }
 
 void setFloor(MapHost& map, const json::value& value) {
@@ -44,8 +45,8 @@ void setPose(MapHost& map, const json::value& value) {
 
 void fit(MapHost& map, const json::value& value) {
   MapCamera& camera = map.camera();
-  const auto& floor = map.view().currentMap();
-  if (!camera.isReady() || !floor) return;
+  if (map.floors().whenShown([&map, value] { fit(map, value); })) return;
+  if (!camera.isReady()) return;
   if (isTrue(memberOf(value, "route"))) return map.route().frame(motionOf(value));
   if (const auto place = placeOf(map.venue(), memberOf(value, "place")))
     return camera.frame({map.view().findPosition3D(*place)}, aroundPlace, motionOf(value));

@@ -72,16 +72,26 @@ void MapFloors::ended(const std::vector<FloorProgress>& floors) {
 void MapFloors::firstFloorLoaded() {
   if (std::exchange(isLoaded_, true) && shown_ && shown_->mapObject && !awaited_)
     mapView_->changeMap(shown_);
-  if (awaited_) show(awaited_);
   check();
+  if (awaited_) show(awaited_);
 }
 
 void MapFloors::show(const std::shared_ptr<Map>& floor) {
+  const auto then = floor == awaited_ ? then_ : nullptr;
   awaited_ = isLoaded_ && floor->mapObject ? nullptr : floor;
-  if (awaited_ || floor == mapView_->currentMap()) return;
-  mapView_->changeMap(floor);
-  mapView_->camera().setPose(mapView_->camera().pose());  // applies the limits of this floor
-  check();
+  if (awaited_) return;
+  then_ = nullptr;
+  if (floor != mapView_->currentMap()) {
+    mapView_->changeMap(floor);
+    mapView_->camera().setPose(mapView_->camera().pose());  // applies the limits of this floor
+    check();
+  }
+  if (then) then();
+}
+
+bool MapFloors::whenShown(std::function<void()> then) {
+  if (awaited_) then_ = std::move(then);
+  return awaited_ != nullptr;
 }
 
 void MapFloors::check() {

@@ -33,6 +33,10 @@ class MapFloors {
   /// Shows a floor, or waits for it. The map view shows another one until then.
   void show(const std::shared_ptr<Map>& floor);
 
+  /// Calls a function when the floor that is waited for is shown. Drops it if another floor is
+  /// asked for. Returns false, and does not keep the function, if there is no such floor.
+  bool whenShown(std::function<void()> then);
+
   /// To be called when the map view has loaded its first floor, also for a repeated load.
   void firstFloorLoaded();
 
@@ -52,6 +56,7 @@ class MapFloors {
   const std::function<int(const std::shared_ptr<Map>&)> indexOf_;
   std::shared_ptr<FloorLoad> load_;
   std::shared_ptr<Map> awaited_;  // shown as soon as it is ready; null for none
+  std::function<void()> then_;    // called when that floor is shown; may be empty
   std::shared_ptr<Map> shown_;    // as it was reported
   bool isLoaded_ = false;
 };

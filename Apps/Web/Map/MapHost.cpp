@@ -48,6 +48,7 @@ MapHost::MapHost(int number, LoadedVenue& venue, std::unique_ptr<render::CanvasS
   mapView_->venue = venue.sharedVenue();
   mapView_->downloader = std::make_shared<PageDownloader>();
   mapView_->allowsSimultaneousGestures = true;
+  style_->setFurniture(look_.furniture);
   mapView_->setStyle(style_);
   style_->tapped = [this](const MapTap& tap) { tapped(tap); };
   floors_.changed = [this] { floorChanged(); };
@@ -144,8 +145,9 @@ void MapHost::contextRestored() {
   isChanged_ = true;
 }
 
-void MapHost::lookChanged() {
-  look.apply(*style_, camera());
+void MapHost::setLook(const MapLook& look) {
+  look.apply(look_, *style_, camera());
+  look_ = look;
   if (floors_.isLoaded()) markers_.arrange(canvas_.scale);
 }
 
@@ -158,9 +160,16 @@ void MapHost::setCovered(std::vector<graphics::Rect> covered) {
   style_->setCovered(std::move(covered));
 }
 
-void MapHost::redrawTexts() { lookChanged(); }
+// Images belong to a theme, so they are drawn again for a copy of it.
+void MapHost::redrawTexts() {
+  style_->setTheme(std::make_shared<const MapTheme>(*style_->theme()));
+  if (!floors_.isLoaded()) return;
+  route_.redraw(canvas_.scale);
+  markers_.arrange(canvas_.scale);
+}
 
 void MapHost::floorChanged() {
+  showFirstView();
   route_.arrange();
   markers_.arrange(canvas_.scale);
 }

@@ -52,8 +52,9 @@ class MapHost : public MapViewDelegate {
   void contextLost();
   void contextRestored();
 
-  /// Applies `look`, after a change.
-  void lookChanged();
+  /// Returns the look, and changes it.
+  const MapLook& look() const { return look_; }
+  void setLook(const MapLook& look);
 
   /// Sets the parts of the canvas that are covered, in points. The logo is hidden where it would be
   /// covered in part.
@@ -70,8 +71,6 @@ class MapHost : public MapViewDelegate {
   MapFloors& floors() { return floors_; }
   MapRoute& route() { return route_; }
   MapMarkers& markers() { return markers_; }
-
-  MapLook look;
 
   // MapViewDelegate
   void mapViewDidLoad() override;
@@ -97,6 +96,7 @@ class MapHost : public MapViewDelegate {
   MapFloors floors_;
   MapRoute route_;
   MapMarkers markers_;
+  MapLook look_;
   CanvasSize canvas_;
   bool isChanged_ = true;  // by something that the map view does not count
   bool hasFirstView_ = false;

@@ -19,11 +19,8 @@ void read(const boost::json::object& object, const char* name, std::string& valu
 std::shared_ptr<const MapTheme> themeOf(const MapLook& look) {
   const auto base = look.theme == "dark" ? MapTheme::dark() : MapTheme::light();
   if (look.textSize == 1 && !look.highContrast) return base;
-  MapTheme theme = look.textSize == 1 ? *base : base->withTextScale(look.textSize);
-  if (look.highContrast) {
-    theme.outlineContrast = std::max(theme.outlineContrast, 4.5);
-    theme.walkableOutlineContrast = std::max(theme.walkableOutlineContrast, 3.0);
-  }
+  MapTheme theme = look.highContrast ? base->withHighContrast() : *base;
+  if (look.textSize != 1) theme = theme.withTextScale(look.textSize);
   return std::make_shared<const MapTheme>(std::move(theme));
 }
 
@@ -43,15 +40,18 @@ void MapLook::update(const boost::json::object& object) {
     textSize = std::clamp(member->to_number<double>(), 0.5, 4.0);
 }
 
-void MapLook::apply(MapStyle& style, MapCamera& camera) const {
-  style.setModelColors(theme == "plain");
-  style.setTheme(themeOf(*this));
-  style.setTexts(guidance::InterfaceTexts(language));
-  style.setLabels(labels);
-  style.setStill(still);
-  style.setReducedMotion(reducedMotion);
-  style.setFurniture(furniture);
-  camera.setReducedMotion(reducedMotion);
+void MapLook::apply(const MapLook& former, MapStyle& style, MapCamera& camera) const {
+  if (theme != former.theme) style.setModelColors(theme == "plain");
+  if (theme != former.theme || textSize != former.textSize || highContrast != former.highContrast)
+    style.setTheme(themeOf(*this));
+  if (language != former.language) style.setTexts(guidance::InterfaceTexts(language));
+  if (labels != former.labels) style.setLabels(labels);
+  if (still != former.still) style.setStill(still);
+  if (reducedMotion != former.reducedMotion) {
+    style.setReducedMotion(reducedMotion);
+    camera.setReducedMotion(reducedMotion);
+  }
+  if (!(furniture == former.furniture)) style.setFurniture(furniture);
 }
 
 }  // namespace orivanta::web

@@ -13,7 +13,7 @@ namespace orivanta::web {
 struct MapLook {
   std::string theme = "light";  ///< "light", "dark" or "plain": the colors of the models
   double textSize = 1;          ///< factor of the sizes of texts, 0.5 to 4
-  bool highContrast = false;    ///< stronger outlines
+  bool highContrast = false;    ///< see `MapTheme::withHighContrast`
   bool labels = true;           ///< names and icons
   bool reducedMotion = false;   ///< moves at once; arrows of routes stand still
   bool still = false;           ///< for single pictures, see `MapStyle::setStill`
@@ -24,8 +24,10 @@ struct MapLook {
   /// Members of another type are ignored.
   void update(const boost::json::object& object);
 
-  /// Applies the look to a style and to the camera of its map view.
-  void apply(MapStyle& style, MapCamera& camera) const;
+  /// Applies what differs from a former look to a style and to the camera of its map view.
+  void apply(const MapLook& former, MapStyle& style, MapCamera& camera) const;
+
+  friend bool operator==(const MapLook&, const MapLook&) = default;
 };
 
 }  // namespace orivanta::web

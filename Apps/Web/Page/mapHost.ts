@@ -1,10 +1,11 @@
 // The map behind the panels: follows the state of the page, and tells it what the user does on the map.
 
-import { OrivantaError, type Floor, type Guidance, type MapTap, type MapView, type Venue } from "orivanta";
+import { OrivantaError, type Floor, type Guidance, type MapTap, type MapView, type Venue, type VisitorPosition } from "orivanta";
 
 import { choosePlace, closeSearch } from "./actions.js";
 import type { App } from "./app.js";
 import { h } from "./dom.js";
+import { positionOf } from "./here.js";
 import { insetsOf } from "./insets.js";
 import { MapVeil } from "./mapVeil.js";
 import { showNotice } from "./notices.js";
@@ -31,7 +32,6 @@ export class MapHost {
     this.#app = app;
     this.#veil = new MapVeil(app, () => void this.#show());
     this.element.append(this.#veil.element);
-    new ResizeObserver(() => this.#changeInsets()).observe(this.element);
   }
 
   /** The floor that is shown. */
@@ -53,9 +53,22 @@ export class MapHost {
     if (this.view) this.#follow(this.view);
   }
 
+  /** Follows the sizes of these elements, which cover the map. */
+  watch(...panels: readonly Element[]): void {
+    const observer = new ResizeObserver(() => this.#changeInsets());
+    for (const panel of [this.element, ...panels]) observer.observe(panel);
+  }
+
   /** Shows the map as at the beginning. */
   showStart(): void {
+    const here = this.#here();
+    if (this.view && here) this.view.floor = here.floor;
     this.view?.showFirstView();
+  }
+
+  #here(): VisitorPosition | null {
+    const stop = this.#app.kiosk?.here ?? null;
+    return stop === null || !this.#venue ? null : positionOf(this.#venue, stop);
   }
 
   #forget(): void {
@@ -71,7 +84,8 @@ export class MapHost {
 
   async #show(): Promise<void> {
     const venue = this.#venue!;
-    const floor = venue.floors.find((each) => each.id === this.#app.store.state.floor);
+    const here = this.#here();
+    const floor = venue.floors.find((each) => each.id === this.#app.store.state.floor) ?? here?.floor;
     this.#veil.begin();
     try {
       const view = await venue.show(this.element, { ...this.#wantedLook(), attribution: false, ...(floor ? { floor } : {}) });
@@ -79,8 +93,10 @@ export class MapHost {
       this.view = view;
       this.#floor = view.floor;
       this.#listen(view);
+      view.position = here;
       this.#veil.end();
       this.#changeInsets();
+      view.showFirstView({ atOnce: true });
       this.#follow(view, true);
       this.#app.changed();
     } catch (error) {
@@ -166,8 +182,9 @@ export class MapHost {
     const step = route ? ui.step : null;
     if (step === this.#step && !(isNew && step !== null)) return;
     this.#step = step;
-    if (!route) return void (view.position = null);
-    view.showStep(route, step);
+    if (!route || step === null) view.position = this.#here();
+    if (!route) return;
+    if (step !== null) view.showStep(route, step);
     view.showProgress(step === null ? null : (route.steps[step]?.node ?? null));
     if (step === null) this.#fitRoute(view, route);
   }
@@ -178,17 +195,13 @@ export class MapHost {
     view.fit(route, { atOnce });
   }
 
-  // The panels' sizes follow from styles and contents, so they are known after the layout.
   #changeInsets(): void {
-    requestAnimationFrame(() => {
-      const { view } = this;
-      if (!view) return;
-      const { insets, covered } = insetsOf(this.element);
-      const key = JSON.stringify([insets, covered]);
-      if (key === this.#insets || this.view !== view) return;
-      this.#insets = key;
-      view.insets = insets;
-      view.setCovered(covered);
-    });
+    if (!this.view) return;
+    const { insets, covered } = insetsOf(this.element);
+    const key = JSON.stringify([insets, covered]);
+    if (key === this.#insets) return;
+    this.#insets = key;
+    this.view.insets = insets;
+    this.view.setCovered(covered);
   }
 }

@@ -21,18 +21,23 @@ export function showNotice(
   const notice = h("div", { class: "notice" }, line);
   const remove = () => {
     notice.remove();
-    if (region?.childElementCount === 0) region.hidePopover();
+    if (region?.childElementCount === 0) region.hidePopover?.();
   };
   if (action) {
     const run = () => (remove(), action.run());
     notice.append(h("button", { type: "button", onclick: run }, action.label));
   }
   region.append(notice);
-  // Above all dialogs, also those that were opened later than another notice.
-  if (region.matches(":popover-open")) region.hidePopover();
-  region.showPopover();
+  raise(region);
   // A live region is read when its text changes after it has been added.
   requestAnimationFrame(() => (line.textContent ||= text));
   if (seconds !== undefined) setTimeout(remove, seconds * 1000);
   return { setText: (changed) => (line.textContent = changed), remove };
+}
+
+// Puts it above all dialogs, also those that were opened later than another notice, where browsers can.
+function raise(element: HTMLElement): void {
+  if (typeof element.showPopover !== "function") return;
+  element.hidePopover();
+  element.showPopover();
 }

@@ -14,7 +14,6 @@ export function walkPage(app: App, route: Guidance, index: number): Node[] {
     app.changeUi({ step: next });
     app.announce(route.steps[next]!.text);
   };
-  const left = route.steps.slice(index).reduce((sum, each) => sum + (each.meters ?? 0), 0);
   const number = app.t("page.walk.step", { number: index + 1, all: route.steps.length });
   const isRightToLeft = app.texts.isRightToLeft;
   return [
@@ -24,7 +23,7 @@ export function walkPage(app: App, route: Guidance, index: number): Node[] {
       h("h2", { class: "walk-number", tabindex: -1, "data-key": "walk-title" }, number),
       h("progress", { max: route.steps.length, value: index + 1, "aria-hidden": "true" }),
       h("div", { class: "walk-step" }, stepIcon(step), h("p", {}, step.text)),
-      index === last || route.meters === null ? null : h("p", { class: "detail" }, metersText(app, left)),
+      index === last || route.meters === null ? null : h("p", { class: "detail" }, leftText(app, route, index)),
       h(
         "div",
         { class: "buttons" },
@@ -46,11 +45,16 @@ export function walkPage(app: App, route: Guidance, index: number): Node[] {
   ];
 }
 
-function metersText(app: App, meters: number): string {
-  const format = new Intl.NumberFormat(app.texts.language === "ar" ? "ar-u-nu-latn" : app.texts.language, {
-    style: "unit",
-    unit: "meter",
-    maximumSignificantDigits: 2,
-  });
-  return format.format(meters);
+// The length and the time from an instruction to the destination.
+function leftText(app: App, route: Guidance, index: number): string {
+  if (index === 0) return route.summary;
+  const passed = route.steps.slice(0, index);
+  const meters = passed.reduce((left, step) => left - (step.meters ?? 0), route.meters ?? 0);
+  const seconds = passed.reduce((left, step) => left - (step.seconds ?? 0), route.seconds ?? 0);
+  const minutes = Math.max(1, Math.round(seconds / 60));
+  const language = app.texts.language === "ar" ? "ar-u-nu-latn" : app.texts.language;
+  const format = (value: number, options: Intl.NumberFormatOptions) =>
+    new Intl.NumberFormat(language, { style: "unit", unitDisplay: "short", ...options }).format(value);
+  const length = format(meters, { unit: "meter", maximumSignificantDigits: 2 });
+  return app.t("walk.left", { length, time: format(minutes, { unit: "minute" }) });
 }

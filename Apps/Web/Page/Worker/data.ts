@@ -5,17 +5,22 @@ import { findStored, findStoredInAnyLanguage, keep, type Stored } from "./store.
 
 declare const self: ServiceWorkerGlobalScope;
 
-// How long the server may take if there is a stored response, in milliseconds: to begin, and altogether.
-const patienceToBegin = 3_000;
+// How long the server may take to begin if there is a stored response, in milliseconds: usually, and after the page
+// has seen that it answers, so that a slow server is not taken for one that is not there.
+const usualPatience = 5_000;
+const longPatience = 15_000;
+// How long it may take altogether.
 const patienceToEnd = 20_000;
 // How long a server that did not answer is not asked again, as long as stored responses suffice.
 const pause = 10_000;
 
 let silentUntil = 0;
+let patience = usualPatience;
 
 /** The page has seen that the server answers again. */
 export function serverAnswered(): void {
   silentUntil = 0;
+  patience = longPatience;
 }
 
 /** Whether a request is one for data, and not for a video, a font and so on of the page. */
@@ -28,8 +33,10 @@ export async function answerData(event: FetchEvent): Promise<Response> {
   const { request } = event;
   const stored = await findStored(request);
   if (stored && Date.now() < silentUntil) return use(event, stored);
-  const answer = fetch(request);
-  // The response is stored even if it comes too late.
+  // Requests that are not answered are ended, since browsers limit their number.
+  const ending = new AbortController();
+  request.signal.addEventListener("abort", () => ending.abort(request.signal.reason));
+  const answer = fetch(request, { signal: ending.signal });
   const complete = answer.then(async (response) => {
     const body = await response.clone().arrayBuffer();
     return { whole: new Response(body, response), kept: keep(request, response, body) };
@@ -37,13 +44,15 @@ export async function answerData(event: FetchEvent): Promise<Response> {
   event.waitUntil(complete.then(({ kept }) => kept).catch(() => {}));
   try {
     if (!stored) return available(await answer);
-    available(await withinTime(patienceToBegin, answer));
+    available(await withinTime(patience, answer));
     return (await withinTime(patienceToEnd, complete)).whole;
   } catch (error) {
     if (request.signal.aborted) throw error;
     const copy = stored ?? (await findStoredInAnyLanguage(request));
     if (!copy) return answer;
+    ending.abort();
     silentUntil = Date.now() + pause;
+    patience = usualPatience;
     return use(event, copy);
   }
 }
