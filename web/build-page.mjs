@@ -36,13 +36,14 @@ const sources = {
     }));
   },
 };
+
 // The package finds the files of languages by their URLs. Here, their names get hashes.
 const languages = {
   name: "languages",
   setup({ onLoad }) {
     onLoad({ filter: /\bdist.languages\.js$/ }, ({ path: file }) => {
       const imports = [];
-      const code = readFileSync(file, "utf8").replace(/(?<=new URL\()"\S+"(?=, import\.meta\.url)/g, (name) => {
+      const code = readFileSync(file, "utf8").replace(/(?<=new URL\()"\S+"(?=,\s*import\.meta\.url)/g, (name) => {
         imports.push(`import file${imports.length} from ${name};`);
         return `file${imports.length - 1}`;
       });
@@ -50,6 +51,7 @@ const languages = {
     });
   },
 };
+
 const examples = path.join(source, "Examples/examples");
 
 rmSync(target, { recursive: true, force: true });
@@ -93,8 +95,6 @@ for (const file of [path.join(source, "index.html"), `${examples}.html`]) {
   const page = readFileSync(file, "utf8").replace(/\{(\w+)\}/g, (_, name) => places[name]);
   writeFileSync(path.join(target, path.basename(file)), page);
 }
-for (const files of [path.join(root, "web/dist/languages"), path.join(source, "Files")]) {
-  const folder = path.basename(files) === "Files" ? target : path.join(target, path.basename(files));
-  if (existsSync(files)) cpSync(files, folder, { recursive: true });
-}
+const files = path.join(source, "Files");
+if (existsSync(files)) cpSync(files, target, { recursive: true });
 await buildWorker(root, target, !process.argv.includes("--no-minify"));

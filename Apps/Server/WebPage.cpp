@@ -28,7 +28,11 @@ constexpr std::string_view hintText =
 
   {0}/1/venue    lists the venues
 
-There is no web page here. A folder with an index.html is served at this address with:
+There is no web page here. In the source tree, this command builds the page and serves it:
+
+  ./demo web
+
+Another folder with an index.html is served at this address with:
 
   orivanta serve --web FOLDER
 )";
@@ -43,8 +47,8 @@ constexpr std::string_view hintPage = R"(<!DOCTYPE html>
 </style>
 <h1>Orivanta venue server</h1>
 <p>The root of the web API is <code>{0}/1/</code>. <a href="1/venue">/1/venue</a> lists the venues.</p>
-<p>There is no web page here. A folder with an <code>index.html</code> is served at this address with
-<code>orivanta serve --web FOLDER</code>.</p>
+<p>There is no web page here. In the source tree, <code>./demo web</code> builds the page and serves it. Another
+folder with an <code>index.html</code> is served at this address with <code>orivanta serve --web FOLDER</code>.</p>
 </html>
 )";
 

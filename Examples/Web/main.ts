@@ -15,9 +15,12 @@ if (!entry) throw new Error(`${endpoint} has no venues`);
 const venue = await orivanta.venue(entry.slug);
 
 const guidance = venue.guide({ from: "paper-kestrel", to: "popcorn-nebula", language: navigator.language });
+const map = await venue.show(element("map"), { language: navigator.language });
 if ("problem" in guidance) {
   element("summary").textContent = guidance.problem.text;
 } else {
+  map.showRoute(guidance);
+  map.fit(guidance);
   element("summary").textContent = guidance.summary;
   for (const step of guidance.steps) {
     const item = document.createElement("li");

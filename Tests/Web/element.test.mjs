@@ -6,7 +6,7 @@ import { createServer } from "node:http";
 import path from "node:path";
 import test from "node:test";
 
-import puppeteer from "../../web/node_modules/puppeteer-core/lib/esm/puppeteer/puppeteer-core.js";
+import { launchBrowser } from "./browser.mjs";
 import { nativeBuild, root, serve } from "./support.mjs";
 
 const types = { ".js": "text/javascript", ".wasm": "application/wasm", ".html": "text/html" };
@@ -27,10 +27,7 @@ async function servePackage() {
 test("the element", { timeout: 180_000 }, async (t) => {
   const files = await servePackage();
   const server = await serve(nativeBuild().demo, "--allow-origin", files.origin);
-  const browser = await puppeteer.launch({
-    executablePath: "/usr/bin/chromium",
-    args: ["--no-sandbox", "--use-angle=swiftshader", "--enable-unsafe-swiftshader"],
-  });
+  const browser = await launchBrowser();
   t.after(() => Promise.all([browser.close(), files.stop(), server.stop()]));
   const page = await browser.newPage();
   const faults = [];

@@ -68,7 +68,7 @@ test("a visitor finds a place and a route to it", async (t) => {
   await tab.waitForText(".card-texts h2", "The Paper Kestrel");
   assert.match((await tab.texts(".state")).join(), /Open|Closed/);
   assert.equal(query(tab).place, "paper-kestrel");
-  await page.click(".week summary");
+  await tab.clickText(".week summary", "");
   assert.equal((await page.$$(".week tr")).length, 7);
   await accessible(tab, "card");
 
@@ -103,11 +103,11 @@ test("stops, nearest places and the map", async (t) => {
   const tab = await openVenue(t, "?from=paper-kestrel&to=popcorn-nebula&via=cash-g&via=quiet-room");
   const { page } = tab;
   await page.waitForFunction(() => document.querySelectorAll(".stop").length === 4);
-  await page.click("[data-key=remove-0]");
+  await tab.clickText("[data-key=remove-0]", "");
   await page.waitForFunction(() => document.querySelectorAll(".stop").length === 3);
-  await page.click("[data-key=swap]");
+  await tab.clickText("[data-key=swap]", "");
   await waitForAddress(tab, "from", "popcorn-nebula");
-  await page.click("[data-key=end]");
+  await tab.clickText("[data-key=end]", "");
   await tab.clickText(".tile", "Toilet");
   await tab.waitForText(".hint", "Tap a place or search for one");
 
@@ -121,7 +121,7 @@ test("stops, nearest places and the map", async (t) => {
   await page.focus(".map canvas");
   await page.keyboard.press("PageDown");
   await page.waitForFunction(() => document.querySelector(".floor[aria-pressed=true]")?.textContent === "1");
-  await page.click("[aria-label='All floors']");
+  await tab.clickText("[aria-label='All floors']", "");
   await page.waitForSelector("[aria-label='All floors'][aria-pressed=true]");
   await accessible(tab, "map");
 });
@@ -181,7 +181,7 @@ test("languages", async (t) => {
   const { page } = tab;
   await tab.waitForText(".step", "Nehmen Sie die Treppe");
   for (const [language, word] of [["fr", "escalier"], ["ja", "階段"], ["ar", "الدرج"], ["en", "stairs"]]) {
-    await page.click(".bar button:nth-last-of-type(2)");
+    await tab.clickText(".bar button:nth-last-of-type(2)", "");
     await page.waitForSelector("dialog select");
     if (language === "fr") await accessible(tab, "settings");
     await page.select("dialog select", language);
@@ -232,7 +232,7 @@ for (const [name, size, start = "?"] of screens) {
       });
     assert.deepEqual(await faults(), []);
     await accessible(tab, "route");
-    await page.click("[data-key=end]");
+    await tab.clickText("[data-key=end]", "");
     await page.waitForSelector(".tile");
     await tab.picture(`page-${name}-start`);
     assert.deepEqual(await faults(), []);

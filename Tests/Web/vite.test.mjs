@@ -8,8 +8,8 @@ import { tmpdir } from "node:os";
 import path from "node:path";
 import test from "node:test";
 
-import puppeteer from "../../web/node_modules/puppeteer-core/lib/esm/puppeteer/puppeteer-core.js";
 import { build, createServer, preview } from "../../web/node_modules/vite/dist/node/index.js";
+import { launchBrowser } from "./browser.mjs";
 import { nativeBuild, root, serve } from "./support.mjs";
 
 const web = path.join(root, "web");
@@ -31,6 +31,14 @@ declare global {
   const venue: package_.Venue;
 }
 `;
+
+// Runs in the page: how many colors its canvas has.
+async function colors() {
+  const image = await createImageBitmap(document.querySelector("#map"));
+  const context = new OffscreenCanvas(image.width, image.height).getContext("2d");
+  context.drawImage(image, 0, 0);
+  return new Set(new Uint32Array(context.getImageData(0, 0, image.width, image.height).data.buffer)).size;
+}
 
 test("the package in a project of Vite", { timeout: 180_000 }, async (t) => {
   const project = mkdtempSync(path.join(tmpdir(), "orivanta-vite-"));
@@ -66,10 +74,7 @@ test("the package in a project of Vite", { timeout: 180_000 }, async (t) => {
   const origins = [built, developed].map((server) => new URL(server.resolvedUrls.local[0]).origin);
   const server = await serve(nativeBuild().demo, ...origins.flatMap((origin) => ["--allow-origin", origin]));
   t.after(server.stop);
-  const browser = await puppeteer.launch({
-    executablePath: "/usr/bin/chromium",
-    args: ["--no-sandbox", "--use-angle=swiftshader", "--enable-unsafe-swiftshader"],
-  });
+  const browser = await launchBrowser();
   t.after(() => browser.close());
 
   const expected = readFileSync(path.join(root, "Tests/Golden/guide.en.txt"), "utf8").split("\n\n")[0].split("\n");
@@ -84,6 +89,7 @@ test("the package in a project of Vite", { timeout: 180_000 }, async (t) => {
       const steps = await page.$$eval("li", (items) => items.map((item) => `  ${item.textContent}`));
       const summary = await page.$eval("#summary", (each) => `  ${each.textContent}`);
       assert.deepEqual([...steps, summary], expected.slice(1));
+      assert.ok(await page.evaluate(colors) > 10, "the map is empty");
       await page.close();
     });
 });

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "Apps/Import/Connectors/Stops.hpp"
+#include "Apps/Import/Connectors/Surroundings.hpp"
 #include "Apps/Import/Findings.hpp"
 
 namespace orivanta::importer {

@@ -116,6 +116,7 @@ export class App {
   nameOf(stop: string): string {
     const nearest = this.nearestAt(stop);
     if (nearest) return nearest.title;
+    if (stop === this.kiosk?.here) return this.t("page.kiosk.here");
     if (stop.startsWith("@")) return this.t("route.here");
     const place = this.shown?.places.get(stop);
     return place?.name ?? this.shown?.venue.placeNamed(stop)?.name ?? stop;

@@ -16,13 +16,14 @@ export function insetsOf(map: Element): Covered {
     [...document.querySelectorAll(selector)]
       .map((element) => element.getBoundingClientRect())
       .filter(({ width, height }) => width > 0 && height > 0);
-  const panels = rectangles(".bar, .search, .panel");
+  const panels = rectangles(".bar, .search, .panel, .kiosk-languages");
   const sides = rectangles(".floors, .map-buttons");
   const insets = { top: margin, right: margin, bottom: margin, left: margin };
   const isWide = matchMedia("(min-width: 720px)").matches;
   for (const panel of panels) {
     if (!isWide && panel.bottom > area.bottom - 2) insets.bottom = Math.max(insets.bottom, area.bottom - panel.top);
     else if (!isWide) insets.top = Math.max(insets.top, panel.bottom - area.top);
+    else if (panel.width > area.width * 0.6) insets.bottom = Math.max(insets.bottom, area.bottom - panel.top);
     else if (panel.left < area.left + area.width / 2) insets.left = Math.max(insets.left, panel.right - area.left);
     else insets.right = Math.max(insets.right, area.right - panel.left);
   }

@@ -39,11 +39,14 @@ export function addressOf(state: State, current: string): string {
 
 /**
  * Applies the address to the state, now and when the user goes back, and writes changes of the state to it. Without
- * `keepsHistory`, the user cannot go back.
+ * `keepsHistory`, the user cannot go back. `wentBack` is called when the user goes back or forward.
  */
-export function startLinks(store: StateStore, { keepsHistory = true } = {}): void {
+export function startLinks(store: StateStore, keepsHistory: boolean, wentBack: () => void): void {
   store.applyState(stateOf(location.href));
-  addEventListener("popstate", () => store.applyState(stateOf(location.href)));
+  addEventListener("popstate", () => {
+    wentBack();
+    store.applyState(stateOf(location.href));
+  });
   store.on((state, { former, isApplied }) => {
     if (isApplied) return;
     const isNewView = (["venue", "place", "to"] as const).some((name) => state[name] !== former[name]);

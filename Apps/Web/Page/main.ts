@@ -3,6 +3,7 @@
 // The query of its address may have "endpoint" (the root of the web API of another server), and what `Settings`
 // and links.ts read.
 
+import { closeSearch } from "./actions.js";
 import { App } from "./app.js";
 import { startKiosk, startsHere } from "./Kiosk/kiosk.js";
 import { kioskOptionsOf } from "./Kiosk/options.js";
@@ -25,7 +26,7 @@ async function start(): Promise<void> {
   app.loading = app.t("page.loading");
   app.kiosk = kioskOptionsOf(query);
   if (app.kiosk) app.store.rule = startsHere(app.kiosk);
-  startLinks(app.store, { keepsHistory: !app.kiosk });
+  startLinks(app.store, !app.kiosk, () => closeSearch(app));
 
   const session = new Session(app);
   const map = new MapHost(app);

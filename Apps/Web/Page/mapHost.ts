@@ -96,6 +96,7 @@ export class MapHost {
       view.position = here;
       this.#veil.end();
       this.#changeInsets();
+      view.showFirstView({ atOnce: true });
       this.#follow(view, true);
       this.#app.changed();
     } catch (error) {

@@ -39,13 +39,12 @@ export class Connection {
     const isFirst = !workers.controller;
     const controlled = new Promise((resolve) => workers.addEventListener("controllerchange", resolve, { once: true }));
     workers.addEventListener("controllerchange", () => (this.isPageOutdated ||= !isFirst));
-    try {
-      const { active } = await workers.register("worker.js", { updateViaCache: "none" });
-      // After a forced reload, there is a worker that does not see the requests.
-      if (isFirst && !active) await Promise.race([controlled, new Promise((resolve) => setTimeout(resolve, 1_500))]);
-    } catch {
-      // Without the worker, the page needs a connection.
-    }
+    // A registration waits for the server, so nothing waits for it once there is a worker. After a forced reload,
+    // there is one that does not see the requests. Without a worker, the page needs a connection.
+    const registered = workers
+      .register("worker.js", { updateViaCache: "none" })
+      .then(({ active }) => (active ? undefined : controlled), () => {});
+    if (isFirst) await Promise.race([registered, new Promise((resolve) => setTimeout(resolve, 1_500))]);
   }
 
   /** Looks for a newer version of the page. */

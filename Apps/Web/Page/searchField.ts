@@ -26,6 +26,7 @@ export class SearchField {
   #searched = ""; // the text that the results belong to
   #marked = -1;
   #timer = 0;
+  #wasSearching = false;
 
   constructor(app: App) {
     this.#app = app;
@@ -59,6 +60,9 @@ export class SearchField {
     this.#clear.setAttribute("aria-label", ui.typed ? t("page.clear") : t("page.close"));
     this.#clear.hidden = !ui.isSearching;
     if (this.input.value !== ui.typed && !this.#timer) this.input.value = ui.typed;
+    // A finger would also open the keyboard of the screen, which covers the places to choose from.
+    if (ui.isSearching && !this.#wasSearching && !matchMedia("(pointer: coarse)").matches) this.focus();
+    this.#wasSearching = ui.isSearching;
     const isExpanded = ui.isSearching && ui.typed !== "" && this.#found.length > 0;
     this.input.setAttribute("aria-expanded", String(isExpanded));
     setAttribute(this.input, "aria-controls", isExpanded && listId);
@@ -132,6 +136,7 @@ export class SearchField {
   #pressed(event: KeyboardEvent): void {
     if (event.isComposing) return;
     if (event.key === "ArrowDown" || event.key === "ArrowUp") {
+      if (this.#timer) this.#search();
       if (this.#found.length === 0) return;
       event.preventDefault();
       const { length } = this.#found;

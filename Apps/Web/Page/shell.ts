@@ -23,7 +23,8 @@ export class Shell {
   readonly #floors: FloorSwitch;
   readonly #map: MapHost;
   readonly #status = h("p", { role: "status", class: "visually-hidden" });
-  readonly #title = h("h1", { class: "bar-title", dir: "auto" });
+  readonly #name = h("bdi");
+  readonly #title = h("h1", { class: "bar-title" }, this.#name);
   readonly #skip = h("a", { class: "skip", href: "#search" });
   readonly #attribution = h("p", { class: "attribution", dir: "auto" });
   readonly #labeled: (readonly [HTMLElement, key: string])[] = [];
@@ -81,7 +82,7 @@ export class Shell {
     root.dir = texts.isRightToLeft ? "rtl" : "ltr";
     const name = shown?.venue.name ?? "";
     document.title = name || this.#app.t("page.title");
-    this.#title.textContent = name || this.#app.t("page.title");
+    this.#name.textContent = name || this.#app.t("page.title");
     this.#area.setAttribute("aria-label", this.#app.t("page.map"));
     this.#skip.textContent = this.#app.t("page.skip");
     for (const [element, key] of this.#labeled) {

@@ -72,10 +72,13 @@ export function startKiosk({ app, connection, reload, showStart }: KioskHost, op
   addLanguages(app);
 }
 
+// The floor belongs to the view of the map, and without a venue in the address, the server's only one is shown.
 function isAtStart(app: App, start: State): boolean {
   const { store, ui } = app;
-  const isEqual = (Object.keys(start) as (keyof State)[]).every((name) => String(store.state[name]) === String(start[name]));
-  return isEqual && !ui.isSearching && JSON.stringify(ui.browsing) === JSON.stringify(startUi.browsing);
+  const current: State = { ...store.state, floor: start.floor, venue: start.venue && store.state.venue };
+  const isEqual = (Object.keys(start) as (keyof State)[]).every((name) => String(current[name]) === String(start[name]));
+  const isOpen = ui.isSearching || document.querySelector("dialog[open]") !== null;
+  return isEqual && !isOpen && JSON.stringify(ui.browsing) === JSON.stringify(startUi.browsing);
 }
 
 // Buttons for the languages, each in its own language.

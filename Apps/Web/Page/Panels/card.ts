@@ -38,7 +38,7 @@ function head(app: App, card: Card): HTMLElement {
     h(
       "div",
       { class: "card-texts" },
-      h("h2", { tabindex: -1, dir: "auto", "data-key": "card-title" }, card.title),
+      h("h2", { tabindex: -1, "data-key": "card-title" }, h("bdi", {}, card.title)),
       card.detail ? h("p", { class: "detail" }, card.detail) : null,
       card.state ? h("p", { class: card.isClosed ? "state is-closed" : "state" }, card.state) : null,
     ),
@@ -98,9 +98,8 @@ function contacts(app: App, card: Card): HTMLElement | null {
 
 function buttons(app: App, id: string): HTMLElement {
   const toHere = () => {
-    const { from } = app.store.state;
     setEnd(app, "to", id);
-    if (from === null) openSearch(app, "from");
+    if (app.store.state.from === null) openSearch(app, "from");
   };
   const fromHere = () => {
     const { to } = app.store.state;

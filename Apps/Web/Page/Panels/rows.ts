@@ -27,7 +27,7 @@ export function backLine(app: App, title: string, count: number | null, goBack: 
 export function rowContent(app: App, place: CatalogPlace, detail: string): Node[] {
   return [
     kindIcon(place.kind, app.closed.includes(place.id)),
-    h("span", { class: "row-texts" }, h("span", { class: "row-name", dir: "auto" }, place.name), detail ? h("span", { class: "row-detail", dir: "auto" }, detail) : null),
+    h("span", { class: "row-texts" }, h("span", { class: "row-name" }, h("bdi", {}, place.name)), detail ? h("span", { class: "row-detail" }, h("bdi", {}, detail)) : null),
     h("span", { class: "row-floors" }, h("bdi", {}, place.floors)),
   ];
 }

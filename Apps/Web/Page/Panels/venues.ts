@@ -18,7 +18,7 @@ export function venuesPage(app: App): Node[] {
           h(
             "button",
             { class: "row", "data-key": venue.slug, onclick: () => app.store.change({ venue: venue.slug }) },
-            h("span", { class: "row-texts" }, h("span", { class: "row-name", dir: "auto" }, venue.name)),
+            h("span", { class: "row-texts" }, h("span", { class: "row-name" }, h("bdi", {}, venue.name))),
             icon("forward", app.texts.isRightToLeft),
           ),
         ),

@@ -13,7 +13,8 @@ const isLocal = (host: string) => /^(localhost|127\.\d+\.\d+\.\d+|\[::1\])$/.tes
 export function sharedLink(state: State, current: string): string {
   const from = new URL(current);
   const public_ = from.searchParams.get("link");
-  const link = new URL(addressOf(state, current));
+  const isRoute = state.from !== null && state.to !== null; // which is shown from its first floor on
+  const link = new URL(addressOf(isRoute ? { ...state, floor: null } : state, current));
   for (const name of deviceParameters) link.searchParams.delete(name);
   if (!public_) return link.href;
   const result = new URL(public_, current);

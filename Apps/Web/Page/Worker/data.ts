@@ -7,7 +7,7 @@ declare const self: ServiceWorkerGlobalScope;
 
 // How long the server may take to begin if there is a stored response, in milliseconds: usually, and after the page
 // has seen that it answers, so that a slow server is not taken for one that is not there.
-const usualPatience = 3_000;
+const usualPatience = 5_000;
 const longPatience = 15_000;
 // How long it may take altogether.
 const patienceToEnd = 20_000;
