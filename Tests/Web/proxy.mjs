@@ -2,11 +2,22 @@
 
 import { createServer, request } from "node:http";
 
-/** Starts a proxy for an origin. Its `mode` is "pass", "silent", "busy" or "closed", and can be changed. */
+/**
+ * Starts a proxy for an origin. Its `mode` is "pass", "silent", "busy" or "closed", and can be changed, which ends the
+ * requests that are not answered.
+ */
 export async function startProxy(target) {
-  const proxy = { mode: "pass", requests: [] };
+  let mode = "pass";
+  const proxy = {
+    get mode() {
+      return mode;
+    },
+    set mode(next) {
+      if (mode === "silent") server.closeAllConnections();
+      mode = next;
+    },
+  };
   const server = createServer((incoming, response) => {
-    proxy.requests.push(incoming.url);
     if (proxy.mode === "silent") return;
     if (proxy.mode === "closed") return void incoming.socket.destroy();
     if (proxy.mode === "busy") return void response.writeHead(503).end();

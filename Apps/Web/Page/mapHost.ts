@@ -1,6 +1,6 @@
 // The map behind the panels: follows the state of the page, and tells it what the user does on the map.
 
-import { OrivantaError, type Floor, type Guidance, type MapTap, type MapView, type Venue, type VisitorPosition } from "orivanta";
+import { OrivantaError, type Floor, type Guidance, type MapTap, type Marker, type MapView, type Venue, type VisitorPosition } from "orivanta";
 
 import { choosePlace, closeSearch } from "./actions.js";
 import type { App } from "./app.js";
@@ -26,6 +26,7 @@ export class MapHost {
   #route: Guidance | null = null;
   #step: number | null = null;
   #look = "";
+  #hereMarker: Marker | null = null;
   #insets = "";
 
   constructor(app: App) {
@@ -66,6 +67,13 @@ export class MapHost {
     this.view?.showFirstView();
   }
 
+  // The text is in the language of the page.
+  #markHere(view: MapView): void {
+    const here = this.#here();
+    this.#hereMarker?.remove();
+    this.#hereMarker = here && view.addMarker({ ...here, text: this.#app.t("page.kiosk.here") });
+  }
+
   #here(): VisitorPosition | null {
     const stop = this.#app.kiosk?.here ?? null;
     return stop === null || !this.#venue ? null : positionOf(this.#venue, stop);
@@ -79,6 +87,7 @@ export class MapHost {
     this.#route = null;
     this.#step = null;
     this.#look = "";
+    this.#hereMarker = null;
     this.#insets = "";
   }
 
@@ -145,6 +154,7 @@ export class MapHost {
     if (look !== this.#look) {
       this.#look = look;
       view.setLook(this.#wantedLook());
+      this.#markHere(view);
       view.setClosures(closed);
       view.canvas.setAttribute("aria-label", this.#app.t("page.map"));
     }
