@@ -6,7 +6,9 @@ add_compile_options(-fwasm-exceptions -mbulk-memory -mnontrapping-fptoint -msign
 # std::function without a table of virtual functions and a name for each type. No library was compiled with
 # another kind.
 add_compile_definitions(_LIBCPP_ABI_OPTIMIZED_FUNCTION _LIBCPP_NO_RTTI)
-add_link_options(-fwasm-exceptions)
+# Optimizing all units together makes the module smaller by 4 percent; linking it takes a minute.
+add_compile_options(-flto)
+add_link_options(-flto -fwasm-exceptions)
 include(OrivantaWebDependencies)
 include(OrivantaResources)
 

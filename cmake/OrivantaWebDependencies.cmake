@@ -29,7 +29,7 @@ orivanta_headers_of(tl::expected)
 orivanta_headers_of(tsl::ordered_map)
 
 # Boost.JSON as a single unit, without shared libraries.
-add_library(orivanta_boost_json STATIC ${PROJECT_SOURCE_DIR}/cmake/BoostJson.cpp)
+add_library(orivanta_boost_json STATIC ${PROJECT_SOURCE_DIR}/Platform/Foundation/Browser/BoostJson.cpp)
 target_link_libraries(orivanta_boost_json PRIVATE fmt::fmt)
 target_include_directories(orivanta_boost_json SYSTEM PUBLIC ${headers})
 add_library(Boost::json ALIAS orivanta_boost_json)

@@ -43,7 +43,7 @@ const languages = {
   setup({ onLoad }) {
     onLoad({ filter: /\bdist.languages\.js$/ }, ({ path: file }) => {
       const imports = [];
-      const code = readFileSync(file, "utf8").replace(/(?<=new URL\()"\S+"(?=, import\.meta\.url)/g, (name) => {
+      const code = readFileSync(file, "utf8").replace(/(?<=new URL\()"\S+"(?=,\s*import\.meta\.url)/g, (name) => {
         imports.push(`import file${imports.length} from ${name};`);
         return `file${imports.length - 1}`;
       });

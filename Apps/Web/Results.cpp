@@ -1,5 +1,6 @@
 #include "Apps/Web/Results.hpp"
 
+#include <boost/json/serialize.hpp>
 #include <utility>
 
 namespace orivanta::web {
@@ -15,6 +16,10 @@ const char* textResult(std::string text) {
   kept = std::move(text);
   length = kept.size();
   return kept.data();
+}
+
+const char* jsonResult(const boost::json::value& value) {
+  return textResult(boost::json::serialize(value));
 }
 
 const double* numbersResult(std::vector<double> numbers) {

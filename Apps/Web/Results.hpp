@@ -1,6 +1,7 @@
 // The results of the functions that the page calls.
 #pragma once
 
+#include <boost/json/value.hpp>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -9,6 +10,9 @@ namespace orivanta::web {
 
 /// Keeps a text until the next result and returns its address.
 const char* textResult(std::string text);
+
+/// Keeps a JSON value as a text until the next result and returns its address.
+const char* jsonResult(const boost::json::value& value);
 
 /// Keeps numbers until the next result and returns their address.
 const double* numbersResult(std::vector<double> numbers);

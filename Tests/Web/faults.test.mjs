@@ -47,6 +47,11 @@ async function faultyServer(context) {
 const isError = (kind, status = 0) => (error) =>
   error instanceof OrivantaError && error.kind === kind && error.status === status && error.message !== "";
 
+/** The texts of a package, as `Orivanta.open` takes them. */
+function packageOf({ venue: [venue], ...lists }) {
+  return Object.fromEntries(Object.entries({ venue, ...lists }).map(([name, value]) => [name, JSON.stringify(value)]));
+}
+
 const problemsOf = (venue) => venue.problems.map(({ collection, kind, status }) => [collection, kind, status]);
 
 test("faults of a server", async (context) => {
@@ -130,8 +135,7 @@ test("cancellation", { timeout: 60_000 }, async (context) => {
 
 test("too little memory", async (context) => {
   const { fault, endpoint } = await faultyServer(context);
-  const texts = Object.fromEntries(Object.entries(records).map(([name, list]) => [name, JSON.stringify(list)]));
-  texts.venue = JSON.stringify(records.venue[0]);
+  const texts = packageOf(records);
   texts.node = texts.node.padEnd(40e6);
   Object.assign(fault, { collection: "node", answer: (response) => response.end(texts.node) });
   const { grow } = WebAssembly.Memory.prototype;
@@ -166,5 +170,21 @@ test("a module that stops", async (context) => {
   await new Promise((resolve) => setTimeout(resolve, 50));
   assert.equal(told.length, 1);
   assert.match(told[0], /the venue was removed/);
-  engine.close();
+});
+
+// C++ code catches exceptions of JavaScript, and stops the program where it expects none.
+test("a module that stops in a turn", async (context) => {
+  const orivanta = await Orivanta.load();
+  const told = [];
+  orivanta.onFatal = (message) => told.push(message);
+  const texts = packageOf(records);
+  const { queueMicrotask } = globalThis;
+  context.after(() => (globalThis.queueMicrotask = queueMicrotask));
+  globalThis.queueMicrotask = () => {
+    throw new Error("from the page");
+  };
+  await assert.rejects(orivanta.open(texts), isError("fatal"));
+  await assert.rejects(orivanta.open(texts), isError("fatal"));
+  assert.equal(told.length, 1);
+  assert.doesNotMatch(told[0], /call stack/);
 });

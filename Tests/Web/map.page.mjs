@@ -54,7 +54,7 @@ const tests = {
   },
   /** Waits for an event since the last call, and returns it. */
   async take(type) {
-    for (let tries = 0; tries < 100; ++tries) {
+    for (let tries = 0; tries < 600; ++tries) {
       const found = tests.events.find((each) => each.type === type);
       if (found) return ((tests.events.length = 0), found.event);
       await later(50);

@@ -33,6 +33,7 @@ export interface Core {
   _orivantaFetchEnded(request: number, status: number): void;
   _orivantaBegin(): void;
   _orivantaRunTurn(): void;
+  _orivantaTrap(): void;
   _orivantaResultLength(): number;
   _orivantaAddToPackage(name: number, nameLength: number, text: number, length: number): number;
   _orivantaDropPackage(): void;
@@ -77,6 +78,7 @@ export interface CoreOptions {
   ): object;
   print?(line: string): void;
   printErr?(line: string): void;
+  onAbort?(): void;
 }
 
 export default function createCore(options: CoreOptions): Promise<Core>;

@@ -101,6 +101,12 @@ export class Engine {
   }
 
   async #start(module: WebAssembly.Module): Promise<void> {
+    if (!globalThis.crypto) {
+      // Node.js 18. In a variable, so that bundlers do not look for it.
+      const name = "node:crypto";
+      const { webcrypto } = (await import(/* @vite-ignore */ name)) as { webcrypto: Crypto };
+      globalThis.crypto = webcrypto;
+    }
     let instantiationFailed: (error: unknown) => void = () => {};
     const failure = new Promise<never>((_, reject) => (instantiationFailed = reject));
     const core = createCore({
@@ -110,8 +116,8 @@ export class Engine {
         return {};
       },
       print: () => {}, // diagnostics for developers of the module
-      // The line before the one that says that the module has ended.
-      printErr: (line) => void (/^Aborted\(/.test(line) || (this.#lastLine = line)),
+      printErr: (line) => (this.#lastLine = line),
+      onAbort: () => this.#core._orivantaTrap(),
     });
     this.#core = await Promise.race([core, failure]);
     this.#core._orivantaBegin();

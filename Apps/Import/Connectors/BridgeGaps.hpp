@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Apps/Import/Building.hpp"
-#include "Apps/Import/Connectors/Stops.hpp"
+#include "Apps/Import/Connectors/Surroundings.hpp"
 #include "Apps/Import/Findings.hpp"
 
 namespace orivanta::importer {

@@ -7,8 +7,10 @@
 #include <utility>
 
 #include "Apps/Import/Connectors/BridgeGaps.hpp"
+#include "Apps/Import/Connectors/Continuing.hpp"
 #include "Apps/Import/Connectors/FromLines.hpp"
 #include "Apps/Import/Connectors/Pairing.hpp"
+#include "Apps/Import/Connectors/PlacesOfConnectors.hpp"
 #include "Apps/Import/Connectors/StatedLevels.hpp"
 #include "Apps/Import/Connectors/Stops.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
@@ -33,7 +35,8 @@ class ConnectorMaker {
         pieces_.push_back(std::move(*piece));
       }
     }
-    joinContinuing();
+    const std::vector<std::size_t> joined = joinContinuing(pieces_);
+    for (auto& [area, piece] : byArea_) piece = joined[piece];
     for (const ConnectorHint& hint : building.connectorHints) addSpots(hint);
   }
 
@@ -55,48 +58,6 @@ class ConnectorMaker {
   const Surroundings& surroundings() const { return surroundings_; }
 
  private:
-  // Makes one piece of flights that are drawn in parts.
-  void joinContinuing() {
-    std::map<std::pair<double, ConnectorKind>, std::vector<std::size_t>> groups;
-    for (std::size_t i = 0; i < pieces_.size(); ++i)
-      groups[{pieces_[i].level, pieces_[i].kind}].push_back(i);
-    DisjointSets sets(pieces_.size());
-    for (const auto& [key, group] : groups) {
-      std::vector<Segment> ends;
-      for (const std::size_t i : group)
-        for (const double sign : {-1.0, 1.0})
-          ends.push_back({pieces_[i].box.end(sign), pieces_[i].box.end(sign)});
-      constexpr double near = 1.0;
-      const SegmentGrid grid(ends, 0.0);
-      for (std::size_t end = 0; end < ends.size(); ++end)
-        if (const std::size_t next = nearestOther(grid, end, near); next != SegmentGrid::none)
-          if (continues(pieces_[group[end / 2]], pieces_[group[next / 2]]))
-            sets.join(group[end / 2], group[next / 2]);
-    }
-    std::vector<Piece> joined;
-    for (const std::vector<std::size_t>& set : sets.all()) {
-      for (const std::size_t i : set) {
-        byArea_[pieces_[i].area->id] = joined.size();
-        if (i != set.front()) append(pieces_[set.front()], pieces_[i]);
-      }
-      joined.push_back(std::move(pieces_[set.front()]));
-    }
-    pieces_ = std::move(joined);
-  }
-
-  // The end of another piece that is nearest to an end.
-  static std::size_t nearestOther(const SegmentGrid& ends, std::size_t end, double within) {
-    std::size_t nearest = SegmentGrid::none;
-    double best = within;
-    ends.eachNear(ends.segments()[end].a, within, [&](std::size_t other) {
-      const double away = package::distance(ends.segments()[end].a, ends.segments()[other].a);
-      if (other / 2 == end / 2 || away > best || (away == best && other > nearest)) return;
-      best = away;
-      nearest = other;
-    });
-    return nearest;
-  }
-
   bool onSeveralLevels(const std::vector<std::size_t>& set) const {
     return std::any_of(set.begin(), set.end(), [&](std::size_t i) {
       return pieces_[i].level != pieces_[set.front()].level;
@@ -137,10 +98,15 @@ class ConnectorMaker {
     }
   }
 
-  // The spot on the level of a path that is joined to it, if nothing is near it on its own.
+  // The spot on the level of a path that is joined to it, if nothing is near it on its own. Of
+  // several such spots, nobody knows which one is meant.
   Spot settled(const ConnectorHint& hint, const Spot& stated) {
-    const double level =
-        settledLevel({hint.kind, hint.source, hint.source, stated}, surroundings_, findings_);
+    const PathsByLevel& paths = surroundings_.pathsAt(hint.source);
+    const auto contradicted =
+        std::count_if(hint.spots.begin(), hint.spots.end(),
+                      [&](const Spot& spot) { return !paths.contains(spot.level); });
+    const double level = settledLevel(
+        {hint.kind, hint.source, hint.source, stated, contradicted == 1}, surroundings_, findings_);
     const bool isTaken = std::any_of(hint.spots.begin(), hint.spots.end(),
                                      [&](const Spot& other) { return other.level == level; });
     return isTaken ? stated : Spot{level, stated.position};
@@ -266,22 +232,6 @@ class ConnectorMaker {
   std::vector<Connector> made_;
   std::set<std::string> taken_;
 };
-
-// A place that is only a connector would be listed twice.
-void dropPlacesOfConnectors(Building& building) {
-  std::set<std::string> areas;
-  for (const Area& area : building.areas)
-    if (pieceOf(area)) areas.insert(area.id);
-  std::set<std::string> dropped;
-  for (const Place& place : building.places)
-    if (!place.areas.empty() &&
-        std::all_of(place.areas.begin(), place.areas.end(),
-                    [&](const std::string& area) { return areas.contains(area); }))
-      dropped.insert(place.id);
-  std::erase_if(building.places, [&](const Place& place) { return dropped.contains(place.id); });
-  for (Area& area : building.areas)
-    if (dropped.contains(area.place)) area.place.clear();
-}
 
 }  // namespace
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "Apps/Import/Connectors/StatedLevels.hpp"
+#include "Apps/Import/Connectors/Stops.hpp"
 
 namespace orivanta::importer {
 

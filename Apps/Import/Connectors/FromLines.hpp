@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Apps/Import/Connectors/Stops.hpp"
+#include "Apps/Import/Connectors/Surroundings.hpp"
 #include "Apps/Import/Findings.hpp"
 
 namespace orivanta::importer {

@@ -6,40 +6,12 @@
 #include <utility>
 
 #include "Apps/Import/Fixes/CommonBorder.hpp"
+#include "Apps/Import/Fixes/FixValues.hpp"
 #include "Apps/Import/Projection.hpp"
 
 namespace orivanta::importer {
 
 namespace json = boost::json;
-
-namespace {
-
-std::optional<double> numberIn(const json::object& object, std::string_view key) {
-  const json::value* value = object.if_contains(key);
-  if (value == nullptr || !value->is_number()) return std::nullopt;
-  return value->to_number<double>();
-}
-
-std::optional<AreaKind> areaKindOf(std::string_view word) {
-  constexpr std::pair<std::string_view, AreaKind> words[] = {
-      {"room", AreaKind::room},
-      {"corridor", AreaKind::walkway},
-      {"walkway", AreaKind::walkway},
-      {"stairs", AreaKind::stairs},
-      {"escalator", AreaKind::escalator},
-      {"elevator", AreaKind::elevator},
-      {"lift", AreaKind::elevator},
-      {"ramp", AreaKind::ramp},
-      {"moving-walkway", AreaKind::movingWalkway},
-      {"opening", AreaKind::opening},
-      {"wall", AreaKind::wall},
-      {"obstacle", AreaKind::obstacle}};
-  for (const auto& [name, kind] : words)
-    if (name == word) return kind;
-  return std::nullopt;
-}
-
-}  // namespace
 
 Corrector::Corrector(Building& building, const std::string& file, Findings& findings)
     : building_(building),
@@ -115,7 +87,7 @@ void Corrector::applyMember(std::string_view key, const json::value& value) {
 }
 
 void Corrector::applyKind(const json::value& value) {
-  const auto kind = value.is_string() ? areaKindOf(value.get_string()) : std::nullopt;
+  const auto kind = value.is_string() ? fixedKind(value.get_string()) : std::nullopt;
   if (!kind) return complain("kind", "is no kind of area, such as \"room\" or \"corridor\"");
   for (Area* area : areasOf(id_)) area->kind = *kind;
 }
@@ -166,12 +138,12 @@ void Corrector::applyName(const json::value& value) {
 }
 
 std::optional<Point> Corrector::pointOf(const json::object& object) const {
-  const auto latitude = numberIn(object, "latitude");
-  const auto longitude = numberIn(object, "longitude");
+  const auto latitude = fixNumber(object, "latitude");
+  const auto longitude = fixNumber(object, "longitude");
   if (latitude && longitude && building_.georeference)
     return Projection(*building_.georeference).toPlane(*longitude, *latitude);
-  const auto x = numberIn(object, "x");
-  const auto y = numberIn(object, "y");
+  const auto x = fixNumber(object, "x");
+  const auto y = fixNumber(object, "y");
   if (x && y) return Point{*x, *y};
   return std::nullopt;
 }
@@ -196,7 +168,7 @@ void Corrector::applyDoor(const json::value& value) {
     if (value.is_object()) {
       const json::object& object = value.get_object();
       const auto point = pointOf(object);
-      const auto level = numberIn(object, "level");
+      const auto level = fixNumber(object, "level");
       if (!point || (level && *level != area->level)) continue;
       addDoor(*area, *point, {area->id});
       made = true;
@@ -226,7 +198,7 @@ void Corrector::addEnd(const json::value& end, ConnectorHint& hint) {
     return;
   }
   if (end.is_object()) {
-    const auto level = numberIn(end.get_object(), "level");
+    const auto level = fixNumber(end.get_object(), "level");
     const auto point = pointOf(end.get_object());
     if (level && point) return hint.spots.push_back({*level, *point});
   }
@@ -247,31 +219,6 @@ void Corrector::applyJoins(const json::value& value) {
   std::stable_sort(hint.spots.begin(), hint.spots.end(),
                    [](const Spot& a, const Spot& b) { return a.level < b.level; });
   building_.connectorHints.push_back(std::move(hint));
-}
-
-std::optional<Names> namesIn(const json::value& value) {
-  Names names;
-  if (value.is_string()) {
-    names.name = value.get_string();
-  } else if (value.is_object()) {
-    for (const auto& member : value.get_object())
-      if (member.value().is_string()) names.byLanguage[member.key()] = member.value().get_string();
-  } else {
-    return std::nullopt;
-  }
-  return names;
-}
-
-void addIgnoredFix(Findings& findings, const char* rule, const std::string& file,
-                   const std::string& id, std::string_view field, std::string message,
-                   std::string advice) {
-  findings.add({.rule = rule,
-                .source = id,
-                .file = file,
-                .field = std::string(field),
-                .message = std::move(message),
-                .effect = "The correction is ignored.",
-                .advice = std::move(advice)});
 }
 
 }  // namespace orivanta::importer

@@ -58,12 +58,4 @@ class Corrector {
   std::set<std::string> ignored_;
 };
 
-/// The names in the value of "name": a text, or an object of texts by language.
-std::optional<Names> namesIn(const boost::json::value& value);
-
-/// Reports that a correction is ignored. `field` may be empty.
-void addIgnoredFix(Findings& findings, const char* rule, const std::string& file,
-                   const std::string& id, std::string_view field, std::string message,
-                   std::string advice);
-
 }  // namespace orivanta::importer

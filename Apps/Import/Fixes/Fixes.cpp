@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "Apps/Import/Fixes/Corrector.hpp"
+#include "Apps/Import/Fixes/FixValues.hpp"
 #include "Apps/Import/Places/GeneratedNames.hpp"
 #include "Apps/Import/SourceError.hpp"
 #include "Apps/Package/Records.hpp"

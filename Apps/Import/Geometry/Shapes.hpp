@@ -1,8 +1,8 @@
 // Set operations on areas: repair, union, difference, margins.
 //
-// A thin layer over GEOS, which nothing else includes. All functions take and return plain
-// polygons in meters and may be called from any thread. An operation that fails is repeated with
-// rounded input. If that fails, too, the first argument is returned as it is; a repair and
+// A thin layer over GEOS, which nothing outside this folder includes. All functions take and return
+// plain polygons in meters and may be called from any thread. An operation that fails is repeated
+// with rounded input. If that fails, too, the first argument is returned as it is; a repair and
 // `snapped` then return nothing.
 #pragma once
 
@@ -66,6 +66,9 @@ double areaOf(const Shape& shape);
 /// Whether the point lies in the shape. Linear in the number of points; the result is unspecified
 /// for points on the border.
 bool contains(const Shape& shape, Point point);
+
+/// The distance to the nearest border of a polygon.
+double distanceToBorders(const Polygon& polygon, Point point);
 
 /// The distance to the shape, 0 within it. Linear in the number of points.
 double distanceTo(const Shape& shape, Point point);

@@ -15,6 +15,7 @@
 #include "Apps/Import/Geometry/AreaIndex.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
 #include "Apps/Import/MakeFinding.hpp"
+#include "Apps/Import/Network/OuterBorder.hpp"
 
 namespace orivanta::importer {
 
@@ -154,28 +155,6 @@ class OutdoorJoiner {
     }
     for (const auto& [part, exit] : best)
       if (!withEnds.contains(part)) exits_.push_back(exit.second);
-  }
-
-  // The nearest point of a border in sight behind which nothing is drawn.
-  static std::optional<Point> outerBorder(const Space& space, const AreaIndex& areas, Point from) {
-    constexpr double within = 4.0;
-    constexpr double narrowest = 0.8;
-    std::optional<Point> nearest;
-    double best = within;
-    space.walls().eachNear(from, within, [&](std::size_t i) {
-      const auto& [a, b] = space.walls().segments()[i];
-      const double length = package::distance(a, b);
-      const Point border = a + (b - a) * package::nearestFraction(a, b, from);
-      const double away = package::distance(border, from);
-      if (length < narrowest || away >= best) return;
-      const Point outward = Point{(b - a).y, (a - b).x} * (1.0 / length);
-      for (const double depth : {0.4, 1.0, 2.0})
-        if (areas.smallestAt(border + outward * depth) != nullptr) return;
-      if (!space.isFree(from, border - outward * 0.05, 0.0)) return;
-      best = away;
-      nearest = border;
-    });
-    return nearest;
   }
 
   // Of a guessed exit, makes an entrance.

@@ -13,44 +13,24 @@
 #include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Geometry/InnerPoint.hpp"
 #include "Apps/Import/Network/Attach.hpp"
+#include "Apps/Import/Network/MainLines.hpp"
 #include "Apps/Import/Network/Obstacles.hpp"
 #include "Apps/Import/Network/Rooms.hpp"
 #include "Apps/Import/Network/Shortcuts.hpp"
 #include "Apps/Import/Network/Sight.hpp"
 #include "Apps/Import/Network/SourceLines.hpp"
+#include "Apps/Import/Network/StaffOnly.hpp"
 #include "Apps/Import/Network/Tidy.hpp"
-#include "Apps/Import/Network/Trunk.hpp"
 
 namespace orivanta::importer {
 
 namespace {
 
-constexpr double smallHole = 4.0;  // square meters; lines go round smaller obstacles at the end
 constexpr double doorReach = 1.0;  // meters between a door and the walkable space
 constexpr double stopReach = 1.5;  // the same of connectors
 constexpr double spotReach = 2.5;  // the same of places
 constexpr double sameNode = 0.5;   // a door this near to a node of the source is that node
 constexpr double sourceReach = 15.0;
-
-// A column or a bench, but not a thin wall that encloses something.
-bool isSmall(const Outline& hole) {
-  Point low = hole.front();
-  Point high = low;
-  for (const Point point : hole) {
-    low = {std::min(low.x, point.x), std::min(low.y, point.y)};
-    high = {std::max(high.x, point.x), std::max(high.y, point.y)};
-  }
-  return (high.x - low.x) * (high.y - low.y) < 2.0 * smallHole &&
-         std::abs(package::signedArea(hole)) < smallHole;
-}
-
-// Nothing if there are no small holes.
-std::optional<Shape> withoutSmallHoles(Shape shape) {
-  bool changed = false;
-  for (Polygon& polygon : shape) changed |= std::erase_if(polygon.holes, isSmall) > 0;
-  if (!changed) return {};
-  return united(shape);
-}
 
 class Maker {
  public:
@@ -68,7 +48,7 @@ class Maker {
     if (source_)
       sourceRooms_ = source_->claimInsides(doors(), rooms_, draft_);
     else
-      addMainLines();
+      addMainLines(shape_, space_, ways_, draft_);
   }
 
   Draft make() {
@@ -91,7 +71,7 @@ class Maker {
     }
     orientStops();
     removeUnused(draft_);
-    weighStaffOnly();
+    weighStaffOnly(building_, level_, walkable_, draft_);
     return std::move(draft_);
   }
 
@@ -101,30 +81,6 @@ class Maker {
     for (const Door& door : building_.doors)
       if (door.level == level_) found.push_back(&door);
     return found;
-  }
-
-  void addMainLines() {
-    if (const auto open = withoutSmallHoles(shape_))
-      addTrunk(makeSkeleton(*open, nodeClearance), Space(*open), draft_);
-    else
-      addTrunk(ways_.skeleton(), space_, draft_);
-    moveOutOfObstacles(draft_, space_);
-    const std::vector<Point> single = pointsWithoutLines();
-    avoidObstacles(draft_, space_, ways_);
-    joinCrossings(draft_);
-    mergeNearNodes(space_, draft_);
-    removeUnused(draft_);
-    for (const Point point : single) draft_.addWay(point);
-  }
-
-  // Of small spaces, such as vestibules.
-  std::vector<Point> pointsWithoutLines() const {
-    std::vector<bool> joined(draft_.nodes.size());
-    for (const DraftEdge& edge : draft_.edges) joined[edge.from] = joined[edge.to] = true;
-    std::vector<Point> points;
-    for (std::size_t i = 0; i < draft_.nodes.size(); ++i)
-      if (!joined[i]) points.push_back(draft_.nodes[i].position);
-    return points;
   }
 
   // Joins a node with the lines if it is in or near the walkable space.
@@ -269,31 +225,6 @@ class Maker {
       join(
           draft_.addNode({innerPoint(open), NodeKind::inside, area.id, area.id, 0.0, 0.0, 0.0, {}}),
           spotReach);
-    }
-  }
-
-  // Points of the way in walkways and on paths for staff.
-  void weighStaffOnly() {
-    const auto isStaffOnly = [](const auto& one) { return one.access == Access::staff; };
-    if (std::none_of(building_.areas.begin(), building_.areas.end(), isStaffOnly) &&
-        std::none_of(building_.lines.begin(), building_.lines.end(), isStaffOnly))
-      return;
-    const AreaIndex walkways(building_, level_,
-                             [this](const Area& area) { return walkable_.contains(area.id); });
-    std::vector<Segment> paths;
-    for (const Line& line : building_.lines)
-      if (isStaffOnly(line) && line.kind == LineKind::path &&
-          std::find(line.levels.begin(), line.levels.end(), level_) != line.levels.end())
-        for (std::size_t i = 0; i + 1 < line.points.size(); ++i)
-          paths.push_back({line.points[i], line.points[i + 1]});
-    const SegmentGrid grid(std::move(paths), 0.0);
-    constexpr double besidePath = 0.4;
-    for (DraftNode& node : draft_.nodes) {
-      if (node.kind != NodeKind::way || node.weight > 0.0) continue;
-      const Area* walkway = walkways.smallestAt(node.position);
-      if (walkway == nullptr ? grid.nearest(node.position, besidePath) != SegmentGrid::none
-                             : isStaffOnly(*walkway))
-        node.weight = staffWeight;
     }
   }
 

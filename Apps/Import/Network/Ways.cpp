@@ -1,71 +1,25 @@
 #include "Apps/Import/Network/Ways.hpp"
 
 #include <algorithm>
-#include <limits>
 #include <queue>
 #include <utility>
 
 #include "Apps/Import/Network/Sight.hpp"
+#include "Apps/Import/Network/WaysPart.hpp"
 
 namespace orivanta::importer {
 
 namespace {
 
-constexpr std::uint32_t none = 0xffffffff;
-constexpr double unknown = std::numeric_limits<double>::infinity();
 constexpr double roughly = 0.05;        // meters; ways are straightened in the real space
 constexpr double farthestStart = 60.0;  // meters from a node to the points at which ways begin
-
-std::vector<Segment> asSegments(const std::vector<Point>& points) {
-  std::vector<Segment> segments;
-  segments.reserve(points.size());
-  for (const Point point : points) segments.push_back({point, point});
-  return segments;
-}
 
 bool isNear(const package::Box& box, Point point, double distance) {
   return point.x >= box.least.x - distance && point.x <= box.most.x + distance &&
          point.y >= box.least.y - distance && point.y <= box.most.y + distance;
 }
 
-DraftNode wayAt(Point position) { return {position, NodeKind::way, {}, {}, 0.0, 0.0, 0.0, {}}; }
-
 }  // namespace
-
-// A skeleton that can be searched.
-struct Ways::Part {
-  // Refers to `given` unless there is an own skeleton.
-  explicit Part(const Skeleton* given, std::optional<Skeleton> own = {})
-      : made(std::move(own)), skeleton(made ? *made : *given) {
-    prepare();
-  }
-
-  const std::optional<Skeleton> made;
-  const Skeleton& skeleton;
-  std::vector<std::vector<Index>> neighbors;
-  std::optional<SegmentGrid> points;
-  // Of the current search; reset after each.
-  std::vector<double> costs;
-  std::vector<Index> before;
-  std::vector<Index> touched;
-  bool hasStarts = false;
-  bool isCutOff = false;  // there are points farther away than the search went
-  // What earlier searches have found out.
-  std::vector<bool> isNoArrival;
-  std::vector<bool> leadsNowhere;
-
-  DraftNode nodeAt(Index point) const { return wayAt(skeleton.points[point]); }
-
- private:
-  void prepare() {
-    neighbors = skeleton.neighbors();
-    points.emplace(asSegments(skeleton.points), 0.0);
-    costs.assign(skeleton.points.size(), unknown);
-    before.assign(skeleton.points.size(), none);
-    isNoArrival.assign(skeleton.points.size(), false);
-    leadsNowhere.assign(skeleton.points.size(), false);
-  }
-};
 
 Ways::Ways(const Skeleton& skeleton, const Space& space) : skeleton_(&skeleton), space_(space) {}
 
@@ -82,8 +36,8 @@ const Skeleton& Ways::skeleton() {
   return *skeleton_;
 }
 
-Ways::Part& Ways::whole() {
-  if (!whole_) whole_ = std::make_unique<Part>(&skeleton());
+WaysPart& Ways::whole() {
+  if (!whole_) whole_ = std::make_unique<WaysPart>(&skeleton());
   return *whole_;
 }
 
@@ -97,22 +51,22 @@ std::vector<std::size_t> Ways::polygonsNear(Point point) const {
   return near;
 }
 
-Ways::Part& Ways::partOf(const std::vector<std::size_t>& polygons) {
-  std::unique_ptr<Part>& part = parts_[polygons];
+WaysPart& Ways::partOf(const std::vector<std::size_t>& polygons) {
+  std::unique_ptr<WaysPart>& part = parts_[polygons];
   if (!part) {
     Shape shape;
     for (const std::size_t i : polygons) shape.push_back((*shape_)[i]);
-    part = std::make_unique<Part>(nullptr, makeSkeleton(shape, leastClearance_, roughly));
+    part = std::make_unique<WaysPart>(nullptr, makeSkeleton(shape, leastClearance_, roughly));
   }
   return *part;
 }
 
 // A square that reaches at least half its size beyond the point. Nearby points have the same.
-Ways::Part& Ways::around(Point point, double size) {
+WaysPart& Ways::around(Point point, double size) {
   const double step = size / 2.0;
   const long column = std::lround(point.x / step);
   const long row = std::lround(point.y / step);
-  std::unique_ptr<Part>& part = squares_[{size, column, row}];
+  std::unique_ptr<WaysPart>& part = squares_[{size, column, row}];
   if (part) return *part;
   const Point middle = Point{static_cast<double>(column), static_cast<double>(row)} * step;
   const Point reach{1.5 * step, 1.5 * step};
@@ -122,12 +76,12 @@ Ways::Part& Ways::around(Point point, double size) {
     if (boxes_[i].least.x < square.most.x && boxes_[i].most.x > square.least.x &&
         boxes_[i].least.y < square.most.y && boxes_[i].most.y > square.least.y)
       shape = joined(std::move(shape), clipped((*shape_)[i], square));
-  part = std::make_unique<Part>(nullptr, makeSkeleton(shape, leastClearance_, roughly));
+  part = std::make_unique<WaysPart>(nullptr, makeSkeleton(shape, leastClearance_, roughly));
   return *part;
 }
 
 // The nearest points in sight.
-std::vector<Ways::Start> Ways::startsFor(const Part& part, const DraftNode& node) const {
+std::vector<Ways::Start> Ways::startsFor(const WaysPart& part, const DraftNode& node) const {
   constexpr std::size_t enough = 3;
   constexpr std::size_t mostTried = 60;
   std::vector<Start> seen;
@@ -149,12 +103,12 @@ std::vector<Ways::Start> Ways::startsFor(const Part& part, const DraftNode& node
   return seen;
 }
 
-std::optional<Ways::Index> Ways::search(Part& part, const std::vector<Start>& starts,
+std::optional<Ways::Index> Ways::search(WaysPart& part, const std::vector<Start>& starts,
                                         double longest,
                                         const std::function<bool(Index)>& isGoal) const {
   for (const Index point : part.touched) {
-    part.costs[point] = unknown;
-    part.before[point] = none;
+    part.costs[point] = WaysPart::unknown;
+    part.before[point] = WaysPart::none;
   }
   part.touched.clear();
   part.isCutOff = false;
@@ -164,12 +118,12 @@ std::optional<Ways::Index> Ways::search(Part& part, const std::vector<Start>& st
     if (cost >= part.costs[point]) return;
     part.isCutOff = part.isCutOff || cost > longest;
     if (cost > longest) return;
-    if (part.costs[point] == unknown) part.touched.push_back(point);
+    if (part.costs[point] == WaysPart::unknown) part.touched.push_back(point);
     part.costs[point] = cost;
     part.before[point] = before;
     open.emplace(cost, point);
   };
-  for (const Start& start : starts) reach(start.point, start.distance, none);
+  for (const Start& start : starts) reach(start.point, start.distance, WaysPart::none);
   const std::vector<Point>& points = part.skeleton.points;
   while (!open.empty()) {
     const auto [cost, point] = open.top();
@@ -183,10 +137,10 @@ std::optional<Ways::Index> Ways::search(Part& part, const std::vector<Start>& st
 }
 
 // Leaves out every point that the one before it need not pass to see a later one.
-std::vector<Point> Ways::straightened(const Part& part, const DraftNode& from, Index last,
+std::vector<Point> Ways::straightened(const WaysPart& part, const DraftNode& from, Index last,
                                       const DraftNode& to) const {
   std::vector<DraftNode> way{to};
-  for (Index point = last; point != none; point = part.before[point])
+  for (Index point = last; point != WaysPart::none; point = part.before[point])
     way.push_back(part.nodeAt(point));
   way.push_back(from);
   std::reverse(way.begin(), way.end());
@@ -235,7 +189,7 @@ std::optional<std::vector<Point>> Ways::between(const DraftNode& from, const Dra
 }
 
 // Examines each point once in its life, and a part of the skeleton without any arrival once.
-std::optional<Ways::Arrival> Ways::nearestIn(Part& part, const DraftNode& from, double longest,
+std::optional<Ways::Arrival> Ways::nearestIn(WaysPart& part, const DraftNode& from, double longest,
                                              const Arrive& arrive) const {
   std::vector<Start> starts = startsFor(part, from);
   part.hasStarts = !starts.empty();
@@ -256,19 +210,19 @@ std::optional<Ways::Arrival> Ways::nearestIn(Part& part, const DraftNode& from, 
 // Most ways are short. Near its border, the skeleton of a square is not that of the shape, so
 // longer ways in it do not count. What has no continuation in a square has none outside it.
 std::optional<Ways::Arrival> Ways::nearest(const DraftNode& from, const Arrive& arrive) {
-  if (skeleton_ != nullptr) return nearestIn(whole(), from, unknown, arrive);
+  if (skeleton_ != nullptr) return nearestIn(whole(), from, WaysPart::unknown, arrive);
   const std::vector<std::size_t> polygons = polygonsNear(from.position);
   std::size_t borders = 0;
   for (const std::size_t i : polygons) borders += bordersOf({(*shape_)[i]}).size();
   constexpr std::size_t manyBorders = 2'000;
   if (borders > manyBorders)
     for (const double size : {25.0, 50.0, 2.0 * farthestStart}) {
-      Part& part = around(from.position, size);
+      WaysPart& part = around(from.position, size);
       if (auto arrival = nearestIn(part, from, 0.4 * size, arrive)) return arrival;
       const bool isComplete = part.hasStarts || size / 2.0 >= farthestStart;
       if (!part.isCutOff && isComplete) return {};
     }
-  return nearestIn(partOf(polygons), from, unknown, arrive);
+  return nearestIn(partOf(polygons), from, WaysPart::unknown, arrive);
 }
 
 }  // namespace orivanta::importer

@@ -13,6 +13,8 @@
 
 namespace orivanta::importer {
 
+struct WaysPart;
+
 /// Keeps references to its arguments. Not to be used from several threads at once.
 class Ways {
  public:
@@ -47,17 +49,16 @@ class Ways {
     Index point;
     double distance;
   };
-  struct Part;
-  Part& whole();
+  WaysPart& whole();
   std::vector<std::size_t> polygonsNear(Point point) const;
-  Part& partOf(const std::vector<std::size_t>& polygons);
-  Part& around(Point point, double size);
-  std::vector<Start> startsFor(const Part& part, const DraftNode& node) const;
-  std::optional<Index> search(Part& part, const std::vector<Start>& starts, double longest,
+  WaysPart& partOf(const std::vector<std::size_t>& polygons);
+  WaysPart& around(Point point, double size);
+  std::vector<Start> startsFor(const WaysPart& part, const DraftNode& node) const;
+  std::optional<Index> search(WaysPart& part, const std::vector<Start>& starts, double longest,
                               const std::function<bool(Index)>& isGoal) const;
-  std::optional<Arrival> nearestIn(Part& part, const DraftNode& from, double longest,
+  std::optional<Arrival> nearestIn(WaysPart& part, const DraftNode& from, double longest,
                                    const Arrive& arrive) const;
-  std::vector<Point> straightened(const Part& part, const DraftNode& from, Index last,
+  std::vector<Point> straightened(const WaysPart& part, const DraftNode& from, Index last,
                                   const DraftNode& to) const;
   void tighten(std::vector<DraftNode>& way) const;
 
@@ -66,10 +67,11 @@ class Ways {
   const Skeleton* skeleton_ = nullptr;  // of the whole shape; null until it is made
   const Space& space_;
   std::optional<Skeleton> made_;
-  std::unique_ptr<Part> whole_;
+  std::unique_ptr<WaysPart> whole_;
   std::vector<package::Box> boxes_;  // of the polygons
-  std::map<std::vector<std::size_t>, std::unique_ptr<Part>> parts_;
-  std::map<std::tuple<double, long, long>, std::unique_ptr<Part>> squares_;  // by size and position
+  std::map<std::vector<std::size_t>, std::unique_ptr<WaysPart>> parts_;
+  std::map<std::tuple<double, long, long>, std::unique_ptr<WaysPart>>
+      squares_;  // by size and position
 };
 
 }  // namespace orivanta::importer

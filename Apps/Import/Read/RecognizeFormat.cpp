@@ -65,7 +65,8 @@ std::optional<Format> formatOfJson(std::string_view text) {
     return Format::overpassJson;
   if (has(text, {"\"@id\"", "\"@type\"", "\"way/", "\"node/", "\"relation/"}))
     return Format::osmGeoJson;
-  if (has(text, {"\"floor_id\"", "\"link_id\"", "\"node_id\"", "\"start_id\""}) ||
+  if (has(text, {"\"floor_id\"", "\"link_id\"", "\"node_id\"", "\"start_id\"", "\"FLOOR_ID\"",
+                 "\"LINK_ID\"", "\"NODE_ID\"", "\"floorid\"", "\"linkid\"", "\"nodeid\""}) ||
       (has(text, {"\"ordinal\""}) && has(text, {"\"short_name\""})))
     return Format::stations;
   if (has(text, {"\"indoor\"", "\"level\"", "\"highway\""})) return Format::osmGeoJson;

@@ -7,6 +7,8 @@
 
 #include "Source/Category.hpp"
 #include "Source/Map.hpp"
+#include "Source/Node.hpp"
+#include "Source/UI/ScenePosition.hpp"
 #include "Source/Vortex.hpp"
 #include "Tests/Apps/TwoVisitsPackage.hpp"
 #include "Tests/Apps/Viewer/ViewerStage.hpp"

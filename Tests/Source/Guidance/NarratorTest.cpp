@@ -288,7 +288,7 @@ TEST_F(NarratorTest, AddsALanguage) {
   ASSERT_TRUE(Narrator::addLanguage(file, "de"));
   EXPECT_THAT(Narrator::languages(), IsSupersetOf({"ar", "de", "en", "fr", "ja", "qaa"}));
   EXPECT_EQ(Narrator("qaa-AT, de").time(60), "kort");
-  EXPECT_EQ(Narrator("de").time(60), "1 Min.");
+  EXPECT_EQ(Narrator("de").time(60), "1\u00A0Min.");
 }
 
 TEST_F(NarratorTest, SpeaksOnlyGivenNames) {

@@ -3,14 +3,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <set>
 #include <string>
 #include <utility>
 
 #include "Apps/Import/Read/Imdf/ImdfFindings.hpp"
-#include "Apps/Import/Read/Imdf/ImdfTypes.hpp"
 #include "Apps/Import/Read/JsonMembers.hpp"
 
 namespace orivanta::importer {
@@ -18,38 +16,6 @@ namespace orivanta::importer {
 namespace json = boost::json;
 
 namespace {
-
-enum class ExpectedShape { none, point, line, polygon };
-
-// What the features of a type must have.
-struct TypeRules {
-  std::string_view type;
-  std::string_view title;  ///< the beginning of the names of its rules
-  ExpectedShape shape;
-  bool namedShape;     ///< the standard has a rule of its own for the shape
-  bool category;       ///< there must be one
-  bool namedCategory;  ///< the standard has a rule for it
-  bool validCategory;  ///< the standard has a rule for its value
-  bool level;          ///< level_id must name a level
-};
-
-constexpr std::array typeRules = {
-    TypeRules{"venue", "Venue", ExpectedShape::polygon, true, true, false, false, false},
-    TypeRules{"building", "Building", ExpectedShape::none, false, true, true, true, false},
-    TypeRules{"footprint", "Footprint", ExpectedShape::polygon, true, true, false, true, false},
-    TypeRules{"level", "Level", ExpectedShape::polygon, true, true, true, false, false},
-    TypeRules{"unit", "Unit", ExpectedShape::polygon, false, true, false, false, false},
-    TypeRules{"fixture", "Fixture", ExpectedShape::polygon, true, true, true, false, true},
-    TypeRules{"section", "Section", ExpectedShape::polygon, true, true, true, false, true},
-    TypeRules{"geofence", "Geofence", ExpectedShape::polygon, true, true, true, false, false},
-    TypeRules{"kiosk", "Kiosk", ExpectedShape::polygon, true, false, false, false, true},
-    TypeRules{"opening", "Opening", ExpectedShape::line, true, true, true, false, true},
-    TypeRules{"amenity", "Amenity", ExpectedShape::point, false, true, false, false, false},
-    TypeRules{"anchor", "Anchor", ExpectedShape::point, false, false, false, false, false},
-    TypeRules{"occupant", "Occupant", ExpectedShape::none, false, true, true, false, false},
-    TypeRules{"detail", "Detail", ExpectedShape::line, true, false, false, false, true},
-    TypeRules{"relationship", "Relationship", ExpectedShape::none, false, true, true, true, false},
-};
 
 class Checker {
  public:
@@ -60,12 +26,10 @@ class Checker {
     checkManifest();
     checkCounts();
     collectReferences();
-    for (const TypeRules& rules : typeRules)
-      for (const ImdfFeature* feature : archive_.ofType(std::string(rules.type)))
-        checkFeature(rules, *feature);
+    checkImdfTypes(archive_, findings_);
     for (const ImdfFeature& feature : archive_.features) {
       checkLabels(feature);
-      checkReferences(feature);
+      checkImdfReferences(archive_, feature, findings_);
     }
     each("venue", &Checker::checkVenue);
     each("building", &Checker::checkBuilding);
@@ -132,53 +96,6 @@ class Checker {
         buildingsWithFootprint_.insert(id);
   }
 
-  void checkFeature(const TypeRules& rules, const ImdfFeature& feature) {
-    const std::string title(rules.title);
-    checkShape(rules, feature);
-    const std::string category = feature.text("category");
-    if (rules.category && category.empty()) {
-      report(feature, {Severity::violation,
-                       rules.namedCategory ? title + "MustHaveCategory" : "category-missing",
-                       "category", "The " + std::string(rules.type) + " has no category.",
-                       "It is shown without one.", "Add a category of the standard."});
-    } else if (rules.category && hasKnownCategories(rules.type) &&
-               !isImdfCategory(rules.type, category)) {
-      report(feature, {rules.validCategory ? Severity::violation : Severity::info,
-                       rules.validCategory ? title + "CategoryMustBeValid" : "category-unknown",
-                       "category", "The category \"" + category + "\" is not one of the standard.",
-                       "It is not understood.", "Use a category of the standard."});
-    }
-    if (rules.level && !archive_.ordinal(feature.text("level_id")))
-      report(feature,
-             {Severity::violation, title + "MustReferenceLevel", "level_id",
-              "The level \"" + feature.text("level_id") + "\" does not exist or has no ordinal.",
-              "The feature is left out.", "Correct level_id."});
-  }
-
-  void checkShape(const TypeRules& rules, const ImdfFeature& feature) {
-    const GeoGeometry& geometry = feature.geometry;
-    const bool fits =
-        rules.shape == ExpectedShape::none ||
-        (rules.shape == ExpectedShape::polygon && !geometry.polygons.empty()) ||
-        (rules.shape == ExpectedShape::point && geometry.points.size() == 1) ||
-        (rules.shape == ExpectedShape::line &&
-         (geometry.lines.size() == 1 || (rules.type == "detail" && !geometry.lines.empty())));
-    if (fits) return;
-    const std::string_view ending = rules.shape == ExpectedShape::polygon
-                                        ? "MustHavePolygonalGeometry"
-                                    : rules.type == "detail" ? "MustHaveLinealGeometry"
-                                                             : "MustHaveLineStringGeometry";
-    report(feature,
-           {Severity::violation,
-            rules.namedShape ? std::string(rules.title).append(ending) : "geometry-missing",
-            "geometry",
-            fmt::format("The {} is not drawn as {}.", rules.type,
-                        rules.shape == ExpectedShape::polygon ? "a polygon"
-                        : rules.shape == ExpectedShape::point ? "a point"
-                                                              : "a line"),
-            "It is left out.", "Draw it, or delete it."});
-  }
-
   void checkLabels(const ImdfFeature& feature) {
     for (const char* key : {"name", "alt_name", "short_name"}) {
       const json::value* value = memberOf(feature.properties, key);
@@ -192,44 +109,6 @@ class Checker {
                        "The labels are not an object of languages and texts.",
                        "Labels that are not texts are ignored.", R"(Write it as {"en": "Name"}.)"});
     }
-  }
-
-  // References that have no rule of their own.
-  void checkReferences(const ImdfFeature& feature) {
-    struct Reference {
-      std::string_view type, key, target;
-    };
-    static constexpr std::array references = {Reference{"unit", "level_id", "level"},
-                                              Reference{"amenity", "unit_ids", "unit"},
-                                              Reference{"anchor", "unit_id", "unit"},
-                                              Reference{"building", "address_id", "address"},
-                                              Reference{"level", "address_id", "address"},
-                                              Reference{"level", "building_ids", "building"},
-                                              Reference{"fixture", "anchor_id", "anchor"},
-                                              Reference{"kiosk", "anchor_id", "anchor"},
-                                              Reference{"section", "parents", "section"},
-                                              Reference{"section", "address_id", "address"},
-                                              Reference{"geofence", "parents", "geofence"},
-                                              Reference{"anchor", "address_id", "address"},
-                                              Reference{"amenity", "address_id", "address"}};
-    for (const Reference& each : references)
-      if (each.type == feature.type)
-        for (const std::string& id : memberTexts(feature.properties, each.key))
-          if (archive_.find(id, each.target) == nullptr)
-            reportReference(feature, std::string(each.key), id, std::string(each.target));
-    if (feature.type == "unit" && feature.text("level_id").empty())
-      reportReference(feature, "level_id", {}, "level");
-    if (feature.type != "relationship") return;
-    for (const std::string& id : imdfMembers(feature))
-      if (archive_.find(id) == nullptr) reportReference(feature, "origin", id, "feature");
-  }
-
-  void reportReference(const ImdfFeature& feature, const std::string& key, const std::string& id,
-                       const std::string& target) {
-    report(feature, {Severity::violation, "ReferencedFeatureIDMustBeResolvable", key,
-                     id.empty() ? "The feature names no " + target + "."
-                                : "There is no " + target + " with the identifier \"" + id + "\".",
-                     "What depends on it is left out.", "Correct the identifier."});
   }
 
   void checkVenue(const ImdfFeature& venue) {

@@ -14,4 +14,12 @@ void checkImdf(const ImdfArchive& archive, Findings& findings);
 /// The part of `checkImdf` about shapes: what must lie within what.
 void checkImdfShapes(const ImdfArchive& archive, Findings& findings);
 
+/// The part of `checkImdf` about what all features of a type must have: a shape, a category, a
+/// level.
+void checkImdfTypes(const ImdfArchive& archive, Findings& findings);
+
+/// The part of `checkImdf` about references of a feature that have no rule of their own.
+void checkImdfReferences(const ImdfArchive& archive, const ImdfFeature& feature,
+                         Findings& findings);
+
 }  // namespace orivanta::importer

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "Apps/Import/Read/Osm/OsmFootways.hpp"
+#include "Apps/Import/Read/Osm/OsmLevelFindings.hpp"
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
 #include "Apps/Import/Read/Osm/OsmTouching.hpp"
 #include "Apps/Import/SourceError.hpp"
@@ -62,7 +63,8 @@ class LevelFinder {
     takeFootways(things_, touching);
     for (OsmThing& thing : things_) {
       if (thing.isNode() && mayFollow(thing)) followNode(thing, touching);
-      if (thing.isLine() && thing.levels.empty() && isLost(*thing.tags)) reportLost(thing);
+      if (thing.isLine() && thing.levels.empty() && isLost(*thing.tags))
+        findings_.add(levelLost(thing, file_));
     }
   }
 
@@ -70,7 +72,8 @@ class LevelFinder {
   Levels read(const OsmThing& thing, std::string_view key) {
     const std::string_view text = (*thing.tags)[key];
     Levels levels = parseLevels(text);
-    if (!levels.unreadable.empty()) reportUnreadable(thing, key, text, !levels.values.empty());
+    if (!levels.unreadable.empty())
+      findings_.add(levelUnreadable(thing, key, text, !levels.values.empty(), file_));
     if (!levels.isRange || thing.building == 0) return levels;
     const LevelList& missing = missingIn(thing.building - 1);
     levels.values.erase(std::remove_if(levels.values.begin(), levels.values.end(),
@@ -109,7 +112,7 @@ class LevelFinder {
       count(std::max<std::size_t>(own.values.size(), 1) * (1 + repetitions.values.size()));
       thing.levels = repeated(own.values, repetitions.values);
     } else if (isIndoors(tags) && thing.isArea() && (areaKind(tags) || isLevelOutline(tags))) {
-      reportMissing(thing);
+      findings_.add(levelMissing(thing, file_));
       thing.levels = {{0.0}};
     } else if (thing.isArea() && thing.building != 0 && isConnectorOutline(tags)) {
       thing.levels = {{0.0}};
@@ -223,49 +226,6 @@ class LevelFinder {
     LevelList all;
     for (const LevelList& list : thing.levels) all.push_back(list[0]);
     thing.levels = {std::move(all)};
-  }
-
-  void reportUnreadable(const OsmThing& thing, std::string_view key, std::string_view text,
-                        bool isPartly) {
-    Finding finding;
-    finding.rule = "level-unreadable";
-    finding.source = thing.id;
-    finding.file = file_;
-    finding.field = key;
-    finding.message = fmt::format("The {} \"{}\" is no number, list or range of numbers.", key,
-                                  text.substr(0, 100));
-    finding.effect = isPartly         ? "The parts that are none are left out."
-                     : key == "level" ? "The thing is left out."
-                                      : "It is not repeated.";
-    finding.advice =
-        "Number the levels, with 0 for the ground floor, and put texts of signs into level:ref.";
-    findings_.add(std::move(finding));
-  }
-
-  void reportMissing(const OsmThing& thing) {
-    Finding finding;
-    finding.rule = "level-missing";
-    finding.source = thing.id;
-    finding.file = file_;
-    finding.field = "level";
-    finding.level = 0.0;
-    finding.message = "The area is indoors, but it has no level.";
-    finding.effect = "It is drawn on level 0.";
-    finding.advice = "Add the tag \"level\" to it.";
-    findings_.add(std::move(finding));
-  }
-
-  void reportLost(const OsmThing& thing) {
-    Finding finding;
-    finding.rule = "level-missing";
-    finding.source = thing.id;
-    finding.file = file_;
-    finding.field = "level";
-    finding.message =
-        "The line is indoors, but it has no level, and what it touches does not tell which.";
-    finding.effect = "It is left out.";
-    finding.advice = "Add the tag \"level\" to it.";
-    findings_.add(std::move(finding));
   }
 
   std::vector<OsmThing>& things_;

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -12,25 +11,22 @@
 #include "Apps/Import/Read/PlaneOrigin.hpp"
 #include "Apps/Import/Read/Stations/SpaceFinder.hpp"
 #include "Apps/Import/Read/Stations/StationCodes.hpp"
+#include "Apps/Import/Read/Stations/StationPlaces.hpp"
 #include "Apps/Import/SourceError.hpp"
 
 namespace orivanta::importer {
 
 namespace {
 
-// The name, unless it says that there is none.
-Names namesOf(const StationFeature& feature) {
-  constexpr std::array<std::string_view, 5> unknown = {"不明", "なし", "-", "－", "null"};
-  const std::string name(feature["name"]);
-  if (name.empty() || std::find(unknown.begin(), unknown.end(), name) != unknown.end()) return {};
-  return {name, {{"ja", name}}};
-}
-
 class AreaReader {
  public:
   AreaReader(std::vector<StationLayer>& layers, const Options& options, Building& building,
              Findings& findings)
-      : layers_(layers), options_(options), building_(building), findings_(findings) {}
+      : layers_(layers),
+        options_(options),
+        building_(building),
+        findings_(findings),
+        places_(building) {}
 
   void read() {
     const std::size_t drawn = countOf(layers_, LayerKind::space);
@@ -89,7 +85,7 @@ class AreaReader {
   }
 
   void addFloor(const StationLayer& layer, StationFeature& feature) {
-    const std::optional<double> ordinal = numberIn(feature["ordinal"]);
+    const std::optional<double> ordinal = stationOrdinal(feature["ordinal"]);
     if (!ordinal)
       return leaveOut(layer, feature, "level-unreadable", "The floor has no ordinal.",
                       "Add its ordinal: 1 for the ground floor, -1 for the first basement.");
@@ -130,10 +126,12 @@ class AreaReader {
     return id;
   }
 
-  // The storey of the floor that the feature names, or else that of the file's name.
+  // The storey of the floor that the feature names, or else its own, or else that of the file's
+  // name.
   std::optional<double> levelOf(const StationLayer& layer, const StationFeature& feature) {
     const auto floor = floors_.find(std::string(feature["floor_id"]));
     if (floor != floors_.end()) return floor->second;
+    if (const auto own = stationOrdinal(feature["ordinal"])) return own;
     if (!layer.ordinal)
       leaveOut(layer, feature, "level-unreadable",
                fmt::format("The floor \"{}\" does not exist.", feature["floor_id"]),
@@ -173,7 +171,7 @@ class AreaReader {
       place.category = area.category;
       place.areas = {area.id};
       place.access = area.access;
-      addPlace(std::move(place));
+      places_.add(std::move(place));
     }
     building_.areas.push_back(std::move(area));
   }
@@ -224,12 +222,7 @@ class AreaReader {
       place.spots.clear();
       place.category = space.category;
     }
-    addPlace(std::move(place));
-  }
-
-  void addPlace(Place place) {
-    placesByName_[place.names.name].push_back(building_.places.size());
-    building_.places.push_back(std::move(place));
+    places_.add(std::move(place));
   }
 
   void addOpening(const StationLayer& layer, StationFeature& feature) {
@@ -246,31 +239,8 @@ class AreaReader {
     door.names = namesOf(feature);
     const bool gate = door.names.name.find("改札") != std::string::npos;
     door.kind = gate ? DoorKind::gate : DoorKind::passage;
-    if (!door.names.name.empty()) addPlaceOf(door, gate ? "F106" : "F017");
+    if (!door.names.name.empty()) places_.addOf(door, gate ? "F106" : "F017");
     building_.doors.push_back(std::move(door));
-  }
-
-  // A named gate or entrance is a place, unless a facility with its name is there already.
-  void addPlaceOf(const Door& door, const char* code) {
-    constexpr double near = 30.0;
-    const std::vector<std::size_t>& same = placesByName_[door.names.name];
-    // A name that very many places have says nothing.
-    constexpr std::size_t mostNamesakes = 64;
-    const auto end =
-        same.begin() + static_cast<std::ptrdiff_t>(std::min(same.size(), mostNamesakes));
-    if (std::any_of(same.begin(), end, [&](std::size_t each) {
-          const std::vector<Spot>& spots = building_.places[each].spots;
-          return !spots.empty() && spots.front().level == door.level &&
-                 package::distance(spots.front().position, door.position) < near;
-        }))
-      return;
-    Place place;
-    place.id = door.id;
-    place.source = door.source;
-    place.names = door.names;
-    place.category = code;
-    place.spots = {{door.level, door.position}};
-    addPlace(std::move(place));
   }
 
   std::vector<StationLayer>& layers_;
@@ -280,7 +250,7 @@ class AreaReader {
   std::unordered_map<std::string, double> floors_;
   std::unordered_map<std::string, Use> ids_;
   std::unordered_map<std::string, std::size_t> spaces_;  // indices of areas
-  std::unordered_map<std::string, std::vector<std::size_t>> placesByName_;
+  StationPlaces places_;
   std::optional<SpaceFinder> finder_;
 };
 

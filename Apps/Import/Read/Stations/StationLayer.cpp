@@ -42,7 +42,7 @@ std::vector<std::string> partsOf(const std::string& file) {
 }
 
 // The ordinal of "B1", "0" or "2out".
-std::optional<double> ordinalOf(const std::string& text) {
+std::optional<double> ordinalOf(std::string_view text) {
   std::string level = lowerCase(text);
   if (level.ends_with("out")) level.resize(level.size() - 3);
   if (level.ends_with("f")) level.pop_back();
@@ -61,8 +61,6 @@ std::optional<double> ordinalOf(const std::string& text) {
 LayerKind kindOf(const StationFeature& feature) {
   if (!feature["link_id"].empty() || !feature["start_id"].empty()) return LayerKind::link;
   if (!feature["node_id"].empty()) return LayerKind::node;
-  if (feature["floor_id"].empty())
-    return feature["ordinal"].empty() ? LayerKind::other : LayerKind::floor;
   switch (feature["category"].substr(0, 1).empty() ? ' ' : feature["category"][0]) {
     case 'B':
       return LayerKind::space;
@@ -71,7 +69,8 @@ LayerKind kindOf(const StationFeature& feature) {
     case 'C':
       return LayerKind::fixture;
     default:
-      return LayerKind::other;
+      return feature["floor_id"].empty() && !feature["ordinal"].empty() ? LayerKind::floor
+                                                                        : LayerKind::other;
   }
 }
 
@@ -132,14 +131,17 @@ class LayerReader {
   }
 
   StationFeature featureOf(GeoFeature& each, const std::string& file) {
-    std::vector<std::pair<std::string, std::string_view>> fields;
+    std::vector<std::pair<StationFeature::UsedName, std::string_view>> fields;
     for (const auto& [key, value] : each.properties)
-      if (std::string name = lowerCase({key.data(), key.size()}); StationFeature::isUsed(name))
-        fields.emplace_back(std::move(name),
+      if (const auto used = StationFeature::usedName(lowerCase({key.data(), key.size()}));
+          used.known != StationFeature::Known::no)
+        fields.emplace_back(used,
                             texts_.keep(memberText(each.properties, {key.data(), key.size()})));
     StationFeature feature;
     feature.reserve(fields.size());
-    for (const auto& [name, value] : fields) feature.add(name, value);
+    for (const auto known : {StationFeature::Known::yes, StationFeature::Known::inOtherWords})
+      for (const auto& [used, value] : fields)
+        if (used.known == known) feature.add(used.name, value);
     requireMemory(texts_, limits_, file);
     feature.geometry = std::move(each.geometry);
     return feature;
@@ -157,10 +159,39 @@ constexpr std::array<std::string_view, 18> usedFields = {
     "node_id",  "lat",       "lon",      "link_id",   "end_id",     "start_id",
     "distance", "direction", "elevator", "nonpublic", "restricted", "route_type"};
 
+struct OtherWord {
+  std::string_view name;
+  std::string_view used;
+};
+
+// As other networks write them, without underscores.
+constexpr std::array otherWords = {
+    OtherWord{"floorid", "floor_id"},     OtherWord{"floor", "ordinal"},
+    OtherWord{"level", "ordinal"},        OtherWord{"shortname", "short_name"},
+    OtherWord{"nodeid", "node_id"},       OtherWord{"latitude", "lat"},
+    OtherWord{"longitude", "lon"},        OtherWord{"linkid", "link_id"},
+    OtherWord{"startid", "start_id"},     OtherWord{"startnode", "start_id"},
+    OtherWord{"startnodeid", "start_id"}, OtherWord{"from", "start_id"},
+    OtherWord{"endid", "end_id"},         OtherWord{"endnode", "end_id"},
+    OtherWord{"endnodeid", "end_id"},     OtherWord{"to", "end_id"},
+    OtherWord{"length", "distance"},      OtherWord{"routetype", "route_type"},
+    OtherWord{"nameja", "name"}};
+
 }  // namespace
 
-bool StationFeature::isUsed(std::string_view name) {
-  return std::find(usedFields.begin(), usedFields.end(), name) != usedFields.end();
+StationFeature::UsedName StationFeature::usedName(std::string_view name) {
+  const auto* const used = std::find(usedFields.begin(), usedFields.end(), name);
+  if (used != usedFields.end()) return {*used, Known::yes};
+  std::string word(name);
+  std::erase(word, '_');
+  for (const auto& [other, meant] : otherWords)
+    if (word == other) return {meant, Known::inOtherWords};
+  return {};
+}
+
+std::optional<double> stationOrdinal(std::string_view text) {
+  const std::optional<double> number = numberIn(text);
+  return number ? number : ordinalOf(text);
 }
 
 void StationFeature::add(std::string_view name, std::string_view value) {

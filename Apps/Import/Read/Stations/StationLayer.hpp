@@ -25,8 +25,16 @@ class StationFeature {
   /// The value; empty if there is none. The name is in lower case.
   std::string_view operator[](std::string_view name) const;
 
-  /// Whether the importer uses fields with this name, in lower case.
-  static bool isUsed(std::string_view name);
+  /// How well a name of a field is known. Names in other words are used where the usual one is
+  /// missing.
+  enum class Known { no, inOtherWords, yes };
+  struct UsedName {
+    std::string_view name;  ///< the usual one, in lower case
+    Known known = Known::no;
+  };
+
+  /// What the importer calls a field with this name, in lower case.
+  static UsedName usedName(std::string_view name);
 
   /// Adds a trimmed value, which must be valid as long as the feature. Does nothing if there is a
   /// value, or if the field is not used.
@@ -68,6 +76,9 @@ struct StationLayer {
   CoordinateUnit unit = CoordinateUnit::unknown;
   std::vector<StationFeature> features;
 };
+
+/// The ordinal of "-1", "B1", "2F" or "2out".
+std::optional<double> stationOrdinal(std::string_view text);
 
 /// How many features the layers of a kind have.
 std::size_t countOf(const std::vector<StationLayer>& layers, LayerKind kind);

@@ -53,7 +53,7 @@ class NetworkReader {
 
   void addNode(const StationLayer& layer, const StationFeature& feature) {
     const std::string id(feature["node_id"]);
-    const std::optional<double> ordinal = numberIn(feature["ordinal"]);
+    const std::optional<double> ordinal = stationOrdinal(feature["ordinal"]);
     if (id.empty() || !ordinal || feature.geometry.points.empty())
       return report("network-incomplete", layer.file, id,
                     "A node has no node_id, no ordinal or no point.", "It is left out.",

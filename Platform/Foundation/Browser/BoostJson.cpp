@@ -1,6 +1,6 @@
-// Boost.JSON as a single unit of the web port: the parts that the project uses. Its own conversion of
-// doubles to texts has tables of 10 KB that do not compress, so that of fmt, which is linked anyway,
-// replaces it.
+// Boost.JSON as a single unit of the web port: the parts that the project uses. Its own conversion
+// of doubles to texts has tables of 10 KB that do not compress, so that of fmt, which is linked
+// anyway, replaces it.
 #define BOOST_JSON_SOURCE
 #include <fmt/format.h>
 

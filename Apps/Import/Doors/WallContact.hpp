@@ -1,0 +1,29 @@
+// Where walls of rooms have something behind them, for doors that the source has not drawn.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <optional>
+
+#include "Apps/Import/Geometry/Shapes.hpp"
+
+namespace orivanta::importer {
+
+/// How far behind a wall its other side is sought, in meters.
+constexpr std::array wallDepths{0.06, 0.3, 0.6};
+
+/// A straight piece of a room's wall behind which something lies.
+struct WallContact {
+  Point from;
+  Point to;
+  double length() const { return package::distance(from, to); }
+};
+
+/// Whether the thing that is sought lies at a point.
+using Behind = std::function<bool(Point)>;
+
+/// The longest straight piece of the walls behind which it lies everywhere; nothing if no door fits
+/// into it.
+std::optional<WallContact> longestContact(const Shape& room, const Behind& behind);
+
+}  // namespace orivanta::importer
