@@ -87,6 +87,7 @@ export class Engine {
   #core!: Core;
   #fatal: OrivantaError | null = null;
   #lastLine = "";
+  readonly #ending = new AbortController();
   readonly #loads = new Map<number, RunningLoad>();
 
   private constructor() {}
@@ -126,7 +127,7 @@ export class Engine {
   #platform(): Platform {
     const engine = this;
     return {
-      requestTurn: turnRequest(() => this.#enter((core) => core._orivantaRunTurn())),
+      requestTurn: turnRequest(() => this.#enter((core) => core._orivantaRunTurn()), this.#ending.signal),
       loadProgressed: (load, collectionsDone, collections, pages, bytes) => {
         const progress = { collectionsDone, collections, pages, bytes };
         const { progressed } = this.#loads.get(load) ?? {};
@@ -250,6 +251,7 @@ export class Engine {
   close(): void {
     this.#fatal ??= new OrivantaError("fatal", "the instance was destroyed");
     this.#failLoads(this.#fatal);
+    this.#ending.abort();
   }
 
   #give(package_: Readonly<Record<string, string>>): void {

@@ -40,12 +40,17 @@ export function use(wasm: WasmSource | undefined, stopped: (message: string) => 
   return {
     orivanta: own.started,
     end: () => {
-      if (!own.users.delete(user) || own.users.size > 0) return;
-      if (shared === own) shared = null;
-      own.started.then(
-        (orivanta) => orivanta.destroy(),
-        () => {},
-      );
+      // Not at once: an element that replaces another one goes on with its instance.
+      if (own.users.delete(user)) setTimeout(() => release(own));
     },
   };
+}
+
+function release(own: Shared): void {
+  if (own.users.size > 0) return;
+  if (shared === own) shared = null;
+  own.started.then(
+    (orivanta) => orivanta.destroy(),
+    () => {},
+  );
 }
