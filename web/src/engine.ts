@@ -291,8 +291,8 @@ export class Engine {
   // module.
   #end(load: number, text: string): void {
     const running = this.#loads.get(load);
-    this.#loads.delete(load);
     if (running) queueMicrotask(() => running.ended(JSON.parse(text) as LoadReport));
+    this.#loads.delete(load);
   }
 
   #stop(cause: unknown): OrivantaError {
