@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "Apps/Viewer/Content/NearestChoices.hpp"
-#include "Apps/Viewer/Panels/ChoiceList.hpp"
 #include "Apps/Viewer/Content/PlaceCatalog.hpp"
+#include "Apps/Viewer/Panels/ChoiceList.hpp"
 #include "Source/Guidance/InterfaceTexts.hpp"
 
 namespace orivanta::viewer {

@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "Apps/Viewer/Content/KindGroups.hpp"
+#include "Apps/Viewer/Content/ShownName.hpp"
 #include "Apps/Viewer/Panels/ChoiceList.hpp"
 #include "Apps/Viewer/RecentPlaces.hpp"
-#include "Apps/Viewer/Content/ShownName.hpp"
 #include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta::viewer {

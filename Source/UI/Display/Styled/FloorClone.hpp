@@ -14,8 +14,8 @@
 
 namespace orivanta {
 
-/// Returns a look without the edges between a slab and its surroundings, which are not drawn without
-/// the slab; or with them.
+/// Returns a look without the edges between a slab and its surroundings, which are not drawn
+/// without the slab; or with them.
 scene::RibbonLook withSlabEdges(scene::RibbonLook look, bool areShown);
 
 /// Nodes with the geometries, names and looks of a model's shapes. They cast no shadows. Main
