@@ -26,7 +26,9 @@ export class Shell {
   readonly #name = h("bdi");
   readonly #title = h("h1", { class: "bar-title" }, this.#name);
   readonly #skip = h("a", { class: "skip", href: "#search" });
-  readonly #attribution = h("p", { class: "attribution", dir: "auto" });
+  // One line, or all of it after a click.
+  readonly #attributionText = h("summary", { dir: "auto" });
+  readonly #attribution = h("details", { class: "attribution" }, this.#attributionText);
   readonly #labeled: (readonly [HTMLElement, key: string])[] = [];
   readonly #venues: HTMLElement;
   readonly #mapButtons: HTMLElement;
@@ -99,7 +101,7 @@ export class Shell {
     setAttribute(this.element, "data-searching", hasVenue && ui.isSearching);
     this.#search.element.hidden = !hasVenue;
     this.#skip.hidden = !hasVenue;
-    this.#attribution.textContent = shown?.venue.attribution ?? "";
+    this.#attributionText.textContent = shown?.venue.attribution ?? "";
     this.#search.update();
     this.#panel.update();
     this.#floors.update();
