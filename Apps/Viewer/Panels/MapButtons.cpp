@@ -38,6 +38,7 @@ std::vector<graphics::Size> MapButtons::sizes() const {
     return graphics::Size{side + 2 * inset, static_cast<double>(count) * side + 2 * inset};
   };
   std::vector<graphics::Size> sizes;
+  sizes.reserve(counts.size());
   for (const std::size_t count : counts) sizes.push_back(sizeOf(count));
   return sizes;
 }
