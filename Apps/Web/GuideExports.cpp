@@ -31,8 +31,7 @@ EMSCRIPTEN_KEEPALIVE int orivantaAddLanguage(const char* tag, std::size_t tagLen
 }
 
 // Plans a route. Takes a JSON object, see `queryOf`, and returns that of `planJson`, or `error`
-// with `kind`
-// ("invalid", "notFound" or "ambiguous") and `text`.
+// with `kind` ("invalid", "notFound" or "ambiguous") and `text`.
 EMSCRIPTEN_KEEPALIVE const char* orivantaPlan(int venue, const char* text, std::size_t length) {
   try {
     web::LoadedVenue& loaded = web::VenueTable::shared().at(venue);

@@ -17,11 +17,10 @@ boost::json::object venueJson(const Venue& venue);
 ///
 /// - `floors`: `id`, `name`, `shortName`, `elevation` (in the venue's units)
 /// - `places` and `connectors`: `id`, `name`, `type`, `description` (null if there is none),
-/// `categories`,
-///   `floors`, `nodes`; of connectors also `accessible`
+///   `categories`, `floors`, `nodes`; of connectors also `accessible`
 /// - `categories`: `id`, `name`
 /// - `nodes`: the identifiers
-/// - `unitsPerMeter`
+/// - `unitsPerMeter`, `attribution`
 boost::json::object recordsJson(LoadedVenue& venue);
 
 /// Returns the places and connectors that match a text, the best first: `id`, `name`, `category`,

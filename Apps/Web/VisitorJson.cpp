@@ -45,7 +45,7 @@ std::string textAt(const json::object& object, const char* name) {
 
 guidance::Closures closuresIn(const json::object& object) {
   const json::value* const member = object.if_contains("closed");
-  if (member == nullptr) return {};
+  if (member == nullptr || member->is_null()) return {};
   return guidance::Closures(json::value_to<std::vector<std::string>>(*member));
 }
 

@@ -14,7 +14,8 @@ namespace orivanta::web {
 /// categories that `text` means). `language` is that of the texts, `closed` an array of
 /// identifiers, and `now` the local time at the venue, such as "2026-11-21T18:30".
 ///
-/// Returns null if there is no such place. Throws `std::exception` if the object is malformed.
+/// Returns null if there is no such place. Throws `planning::QueryError` if the text is not an
+/// object, and `boost::system::system_error` if a member has another type.
 boost::json::value visitorJson(LoadedVenue& venue, std::string_view request);
 
 }  // namespace orivanta::web

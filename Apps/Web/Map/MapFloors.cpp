@@ -55,6 +55,11 @@ void MapFloors::floorChanged(const FloorProgress& floor) {
                           {"fileCount", floor.fileCount}});
   if (!floor.problem.empty())
     events_.report("problem", {{"kind", "floor"}, {"floor", index}, {"text", floor.problem}});
+  const bool isLost = floor.state == FloorState::failed || floor.state == FloorState::withoutModel;
+  if (isLost && floor.map == awaited_) {
+    awaited_ = nullptr;
+    then_ = nullptr;
+  }
   if (isLoaded_ && floor.map == awaited_ && floor.map->mapObject) show(floor.map);
   check();
 }
