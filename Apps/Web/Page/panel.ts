@@ -2,12 +2,12 @@
 
 import type { App } from "./app.js";
 import { h, keepingFocus } from "./dom.js";
-import { recentPlaces } from "./recent.js";
 import { browsePage } from "./Panels/browse.js";
 import { cardPage } from "./Panels/card.js";
 import { routePage, shownRoute } from "./Panels/route.js";
 import { failurePage, loadingPage, venuesPage } from "./Panels/venues.js";
 import { walkPage } from "./Panels/walk.js";
+import { recentPlaces } from "./recent.js";
 import type { SearchField } from "./searchField.js";
 import type { Session } from "./session.js";
 import { Sheet } from "./sheet.js";
