@@ -3,7 +3,7 @@
 import { use, type Use } from "./element/instance.js";
 import { Parts } from "./element/parts.js";
 import { optionsOf, Shown, type ShownRoute } from "./element/shown.js";
-import { textOfKind, textsFor } from "./element/texts.js";
+import { languageOfTexts, textOfKind, textsFor } from "./element/texts.js";
 import type { LoadProgress, WasmSource } from "./engine.js";
 import { OrivantaError } from "./errors.js";
 import type { MapTap, MapView } from "./map.js";
@@ -116,8 +116,16 @@ export class OrivantaMapElement extends Base {
       this.#isScheduled = false;
       if (!this.isConnected) this.#release();
       else if (loadAttributes.some((each) => this.#changed.has(each))) void this.#load();
-      else this.#shown?.apply(this, this.#changed);
+      else this.#apply(this.#changed);
     });
+  }
+
+  #apply(changed: Set<string>): void {
+    try {
+      this.#shown?.apply(this, changed);
+    } catch (error) {
+      if (this.#shown) this.#fail(error); // otherwise, the module has stopped
+    }
   }
 
   #release(): void {
@@ -141,6 +149,7 @@ export class OrivantaMapElement extends Base {
     const { signal } = (this.#loading = new AbortController());
     const language = this.#languageOrDefault();
     const texts = textsFor(language);
+    this.#parts.setLanguage(languageOfTexts(language));
     this.#parts.showMessage(texts.loading, null, null);
     this.#use = use(OrivantaMapElement.wasm, (message) => this.#fail(new OrivantaError("fatal", message)));
     former?.end();
@@ -160,15 +169,17 @@ export class OrivantaMapElement extends Base {
       this.#venue = venue;
       const map = await venue.show(this.#parts.showCanvas(venue.name, language), optionsOf(this, venue, language));
       if (signal.aborted) return map.destroy();
-      this.#shown = new Shown(venue, map, this.#parts, language, (type, detail) => this.#emit(type, detail));
+      this.#shown = new Shown(venue, map, this.#parts, language, this, (type, detail) => this.#emit(type, detail));
       this.#shown.showFloors(texts.floors);
     } catch (error) {
       if (!signal.aborted) this.#fail(error);
       return;
     }
     this.#parts.hideMessage();
-    this.#shown.apply(this, new Set(attributes));
-    this.#emit("load", { venue: this.#shown.venue, map: this.#shown.map });
+    // What has changed during the load is among all attributes, unless it needs another load.
+    for (const name of this.#changed) if (!loadAttributes.includes(name)) this.#changed.delete(name);
+    this.#apply(new Set(attributes));
+    if (this.loaded) this.#emit("load", this.loaded);
   }
 
   #fail(error: unknown): void {
@@ -176,7 +187,9 @@ export class OrivantaMapElement extends Base {
     // What was loading is not loaded again before something changes.
     this.#loading = new AbortController();
     const cause = error instanceof OrivantaError ? error : new OrivantaError("unusable", String(error));
-    const texts = textsFor(this.#languageOrDefault());
+    const language = this.#languageOrDefault();
+    const texts = textsFor(language);
+    this.#parts.setLanguage(languageOfTexts(language));
     const text = texts[textOfKind(cause.kind)].replace("{slug}", this.venue ?? "");
     this.#parts.showMessage(text, null, texts.retry);
     this.#emit("error", cause);

@@ -42,6 +42,8 @@ export interface MapListener {
   wantsFrame(): void;
   /** Called in a turn of its own. */
   event(event: MapEvent): void;
+  /** The module has stopped, or the instance was destroyed. */
+  stopped(error: OrivantaError): void;
 }
 
 const encoder = new TextEncoder();
@@ -234,23 +236,32 @@ export class Engine {
       if (load === 0) throw new OrivantaError("invalid", "the settings of the load are invalid");
       const canceled = () => {
         this.#loads.delete(load);
-        if (!this.#fatal) this.call((core) => core._orivantaCancelLoad(load));
         reject(signal!.reason);
+        this.enter((core) => core._orivantaCancelLoad(load));
       };
       signal?.addEventListener("abort", canceled, { once: true });
       const done = () => signal?.removeEventListener("abort", canceled);
       this.#loads.set(load, {
         progressed,
-        ended: (report) => (done(), resolve(report)),
+        ended: (report) => {
+          done();
+          if (signal?.aborted) this.removeVenue(report.venue);
+          else resolve(report);
+        },
         failed: (error) => (done(), reject(error)),
       });
     });
   }
 
-  /** Ends the instance: every later call throws. */
+  /** Releases a venue, if there is one. */
+  removeVenue(venue: number | undefined): void {
+    if (venue !== undefined) this.enter((core) => core._orivantaRemoveVenue(venue));
+  }
+
+  /** Ends the instance and its maps: every later call throws. */
   close(): void {
     this.#fatal ??= new OrivantaError("fatal", "the instance was destroyed");
-    this.#failLoads(this.#fatal);
+    this.#failAll(this.#fatal);
     this.#ending.abort();
   }
 
@@ -300,13 +311,14 @@ export class Engine {
     const reason = this.#lastLine || String(cause);
     this.#fatal = new OrivantaError("fatal", `the module has stopped: ${reason}`);
     this.#fatal.cause = cause;
-    this.#failLoads(this.#fatal);
+    this.#failAll(this.#fatal);
     this.onFatal?.(this.#fatal.message);
     return this.#fatal;
   }
 
-  #failLoads(error: OrivantaError): void {
+  #failAll(error: OrivantaError): void {
     for (const load of this.#loads.values()) load.failed(error);
     this.#loads.clear();
+    for (const map of [...this.maps.values()]) map.stopped(error);
   }
 }

@@ -63,7 +63,7 @@ export class MapView {
   readonly #engine: Engine;
   readonly #venue: Venue;
   readonly #canvas: MapCanvas;
-  readonly #number: number;
+  #number = 0; // 0: the module has no such map
   readonly #canvasNumber: number;
   readonly #destroyed: () => void;
   readonly #ending = new AbortController();
@@ -95,22 +95,24 @@ export class MapView {
     });
     this.canvas = this.#canvas.element;
     this.#canvasNumber = engine.canvases.add(this.canvas);
-    this.#number = engine.call((core) => core._orivantaOpenMap(venueNumber, this.#canvasNumber));
     this.loaded = new Promise((resolve, reject) => (this.#settle = { loaded: resolve, failed: reject }));
     this.loaded.catch(() => {});
-    if (this.#number <= 0) {
-      this.#fail(new OrivantaError("unsupported", "the browser does not support WebGL 2"));
-      return;
+    try {
+      this.#number = engine.call((core) => core._orivantaOpenMap(venueNumber, this.#canvasNumber));
+      if (this.#number <= 0) throw engine.canvases.refusal();
+      signal?.addEventListener("abort", () => this.#fail(signal.reason), { signal: this.#ending.signal });
+      engine.maps.set(this.#number, {
+        wantsFrame: () => this.#canvas.requestFrame(),
+        event: (event) => this.#received(event),
+        stopped: (error) => this.#fail(error),
+      });
+      this.#listen();
+      this.setLook(look);
+      const first = floor ? venue.floors.indexOf(floor) : -1;
+      engine.call((core) => core._orivantaLoadMap(this.#number, first));
+    } catch (error) {
+      this.#fail(error);
     }
-    signal?.addEventListener("abort", () => this.#fail(signal.reason), { signal: this.#ending.signal });
-    engine.maps.set(this.#number, {
-      wantsFrame: () => this.#canvas.requestFrame(),
-      event: (event) => this.#received(event),
-    });
-    this.#listen();
-    this.setLook(look);
-    const first = floor ? venue.floors.indexOf(floor) : -1;
-    engine.call((core) => core._orivantaLoadMap(this.#number, first));
   }
 
   /** Calls a function for each event of a type. Returns a function that ends this. */
@@ -268,7 +270,7 @@ export class MapView {
 
   /** Where a position of the shown floor appears, in CSS pixels. */
   pointOf(position: Position): { x: number; y: number } {
-    const [x, y] = this.#engine.call((core) =>
+    const [x, y] = this.#call((core) =>
       this.#engine.numbers(core._orivantaMapPoint(this.#number, ...position)),
     );
     return { x: x!, y: y! };
@@ -410,7 +412,7 @@ export class MapView {
     this.#settle?.failed(error);
     this.#handlers.clear();
     this.#engine.maps.delete(this.#number);
-    this.#engine.enter((core) => core._orivantaCloseMap(this.#number));
+    if (this.#number > 0) this.#engine.enter((core) => core._orivantaCloseMap(this.#number));
     this.#engine.canvases.remove(this.#canvasNumber);
     this.#canvas.destroy();
     this.#destroyed();
@@ -468,7 +470,8 @@ export class MapView {
       case "floor":
         return this.#tell("floor", floors[event.floor]!);
       case "camera":
-        return this.#tell("camera", this.camera);
+        if (this.#handlers.get("camera")?.size) this.#tell("camera", this.camera);
+        return;
       case "load": {
         const { state, filesDone, fileCount } = event;
         return this.#tell("load", { floor: floors[event.floor]!, state, filesDone, fileCount });
@@ -497,8 +500,10 @@ export class MapView {
   }
 
   #call<Result>(use: (core: Core) => Result): Result {
-    if (this.#ending.signal.aborted) throw new OrivantaError("invalid", "the map was destroyed");
-    return this.#engine.call(use);
+    return this.#engine.call((core) => {
+      if (this.#ending.signal.aborted) throw new OrivantaError("invalid", "the map was destroyed");
+      return use(core);
+    });
   }
 
   #do(commands: object): MapState {

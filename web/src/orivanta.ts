@@ -16,6 +16,7 @@ export interface ServerSettings {
    * the venues, as `Orivanta.loadLanguage` does; if that fails, instructions are in English.
    */
   languages?: string;
+  /** Ends the load: the promise is rejected with the signal's reason. */
   signal?: AbortSignal;
 }
 
@@ -46,8 +47,35 @@ export interface VenueEntry {
   readonly name: string;
 }
 
+// Relative endpoints are those of the page.
+function originOf(endpoint: string): string {
+  try {
+    return new URL(endpoint, globalThis.location?.href).origin;
+  } catch {
+    return endpoint;
+  }
+}
+
+/** Waits for a promise that cannot be canceled. After an abort, throws the signal's reason. */
+function unlessAborted<Result>(promise: Promise<Result>, signal: AbortSignal | undefined): Promise<Result> {
+  return new Promise((resolve, reject) => {
+    signal?.throwIfAborted();
+    const aborted = () => reject(signal!.reason);
+    signal?.addEventListener("abort", aborted, { once: true });
+    promise.then(resolve, reject).finally(() => signal?.removeEventListener("abort", aborted));
+  });
+}
+
 function endpointOf(endpoint: string): string {
   return endpoint.endsWith("/") ? endpoint : `${endpoint}/`;
+}
+
+function slugOf(record: string): unknown {
+  try {
+    return (JSON.parse(record) as { slug?: unknown } | null)?.slug;
+  } catch {
+    return undefined;
+  }
 }
 
 /** An instance of the module. */
@@ -83,34 +111,29 @@ export class Orivanta {
   async venues(settings: ServerSettings): Promise<readonly VenueEntry[]> {
     this.#settings = { ...settings };
     delete this.#settings.signal;
-    const { signal, ...rest } = settings;
-    const [report] = await Promise.all([
-      this.#engine.load({ ...rest, endpoint: endpointOf(settings.endpoint) }, null, undefined, signal),
-      this.#loadLanguageOf(settings),
-    ]);
+    const load = { ...this.#settings, endpoint: endpointOf(settings.endpoint) };
+    const report = await this.#load(load, settings, settings.languages);
     const failure = report.failures[0];
     if (failure) throw new OrivantaError(failure.kind as ErrorKind, failure.reason, failure.status);
     return Object.freeze((report.venues ?? []).map((venue) => Object.freeze(venue)));
   }
 
-  /** Loads a venue of the server. */
+  /**
+   * Loads a venue of the server. The account that `venues` was given is not sent to a server of another origin.
+   */
   async venue(slug: string, options: VenueOptions = {}): Promise<Venue> {
-    const { signal, onProgress, accessible = false, ...settings } = { ...this.#settings, ...options };
+    const { signal: _, onProgress: __, accessible = false, ...settings } = { ...this.#settingsFor(options), ...options };
     if (settings.endpoint === undefined) {
       throw new OrivantaError("invalid", "no endpoint is given; call venues() or pass one");
     }
     const load = { ...settings, endpoint: endpointOf(settings.endpoint), slug, accessible };
-    const [report] = await Promise.all([
-      this.#engine.load(load, null, onProgress, signal),
-      this.#loadLanguageOf(settings),
-    ]);
-    return this.#opened(report, slug);
+    return this.#opened(await this.#load(load, options, settings.languages), slug);
   }
 
   /** Loads a venue from its records, without a server. */
   async open(records: VenuePackage, options: Pick<VenueOptions, "accessible" | "signal"> = {}): Promise<Venue> {
-    const slug = (JSON.parse(records.venue) as { slug?: string }).slug;
-    if (typeof slug !== "string") throw new OrivantaError("unusable", "the venue's record has no slug");
+    const slug = slugOf(records.venue);
+    if (typeof slug !== "string") throw new OrivantaError("unusable", "the venue's record cannot be read or has no slug");
     const report = await this.#engine.load(
       { slug, accessible: options.accessible ?? false },
       { ...records, venue: `[${records.venue}]` },
@@ -120,13 +143,32 @@ export class Orivanta {
     return this.#opened(report, slug);
   }
 
-  /** Ends the instance. Every later call throws. */
+  /** Ends the instance and its maps. Every later call throws. */
   destroy(): void {
     this.#engine.close();
   }
 
-  async #loadLanguageOf({ languages = "en" }: Partial<ServerSettings>): Promise<void> {
-    await this.#languages.load(languages).catch(() => "en");
+  #settingsFor({ endpoint }: VenueOptions): Partial<ServerSettings> {
+    const { username, password, ...others } = this.#settings;
+    const former = others.endpoint ?? "";
+    return endpoint === undefined || originOf(endpoint) === originOf(former) ? this.#settings : others;
+  }
+
+  // The messages of a language are loaded at the same time; without them, the load succeeds too.
+  async #load(
+    load: object,
+    { onProgress, signal }: VenueOptions,
+    languages = "en",
+  ): Promise<LoadReport> {
+    const language = this.#languages.load(languages).catch(() => "en");
+    const report = await this.#engine.load(load, null, onProgress, signal);
+    try {
+      await unlessAborted(language, signal);
+    } catch (error) {
+      this.#engine.removeVenue(report.venue);
+      throw error;
+    }
+    return report;
   }
 
   #opened(report: LoadReport, slug: string): Venue {

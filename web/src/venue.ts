@@ -168,10 +168,7 @@ export class Venue {
     const texts = (stops: Stop | readonly Stop[] | undefined): string[] =>
       stops === undefined ? [] : [stops].flat().map((stop) => (typeof stop === "string" ? stop : stop.id));
     const query = { ...request, from: texts(request.from), to: texts(request.to), via: texts(request.via) };
-    const plan = this.#ask(JSON.stringify(query), "_orivantaPlan") as
-      | RawPlan
-      | { error: { kind: ErrorKind; text: string } };
-    if ("error" in plan) throw new OrivantaError(plan.error.kind, plan.error.text);
+    const plan = this.#answer(query, "_orivantaPlan") as RawPlan;
     if ("problem" in plan) return Object.freeze({ problem: Object.freeze(plan.problem) });
     return guidanceOf(plan, plan.language, this);
   }
@@ -235,7 +232,7 @@ export class Venue {
     if (this.#isDestroyed) return;
     this.#map?.destroy();
     this.#isDestroyed = true;
-    this.#engine.call((core) => core._orivantaRemoveVenue(this.#number));
+    this.#engine.removeVenue(this.#number);
   }
 
   #use<Result>(use: () => Result): Result {
@@ -244,7 +241,14 @@ export class Venue {
   }
 
   #visitor(question: object): unknown {
-    return this.#ask(JSON.stringify(question), "_orivantaVisitor");
+    return this.#answer(question, "_orivantaVisitor");
+  }
+
+  // Throws what the module has to say against a question.
+  #answer(question: object, name: "_orivantaPlan" | "_orivantaVisitor"): object {
+    const answer = this.#ask(JSON.stringify(question), name) as object | { error: { kind: ErrorKind; text: string } };
+    if ("error" in answer) throw new OrivantaError(answer.error.kind, answer.error.text);
+    return answer;
   }
 
   #ask(text: string, name: "_orivantaPlan" | "_orivantaSearch" | "_orivantaVisitor"): unknown {

@@ -32,7 +32,10 @@ export interface Use {
 export function use(wasm: WasmSource | undefined, stopped: (message: string) => void): Use {
   if (!shared) {
     const users: Shared["users"] = new Set();
-    shared = { started: start(wasm, users), users };
+    const starting = (shared = { started: start(wasm, users), users });
+    starting.started.catch(() => {
+      if (shared === starting) shared = null; // the next use tries again
+    });
   }
   const own = shared;
   const user = (message: string) => stopped(message);

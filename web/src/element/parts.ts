@@ -1,10 +1,12 @@
 // What an element shows: the canvas, the floors, and a text with a button in place of the map.
 
+const dark = "color: #f2f2f5; background: #17191d; --shade: rgb(32 34 39 / 92%);";
 const css = `
 :host { display: block; position: relative; min-height: 12rem; overflow: hidden; contain: content;
   font: 1rem/1.4 system-ui, sans-serif; color: #1c1b1f; background: #eceef1; --shade: rgb(255 255 255 / 92%); }
 :host([hidden]) { display: none; }
-:host([theme="dark"]) { color: #f2f2f5; background: #17191d; --shade: rgb(32 34 39 / 92%); }
+:host([theme="dark"]) { ${dark} }
+@media (prefers-color-scheme: dark) { :host(:not([theme="light"], [theme="plain"])) { ${dark} } }
 canvas { position: absolute; inset: 0; inline-size: 100%; block-size: 100%; outline-offset: -3px; }
 [hidden] { display: none !important; }
 [part="floors"] { position: absolute; inset-block-start: .75rem; inset-inline-end: .75rem; max-block-size: calc(100% - 1.5rem);
@@ -44,6 +46,7 @@ export class Parts {
   readonly #note = document.createElement("p");
   readonly #root: ShadowRoot;
   #canvas: HTMLCanvasElement | null = null;
+  #hadFocus = false; // the canvas or a floor that was removed
 
   constructor(root: ShadowRoot, retry: () => void) {
     sheet ??= new CSSStyleSheet();
@@ -53,9 +56,9 @@ export class Parts {
     this.#floors.setAttribute("part", "floors");
     this.#floors.setAttribute("role", "group");
     this.#message.setAttribute("part", "message");
+    this.#message.tabIndex = -1;
     this.#note.setAttribute("part", "note");
     this.#note.setAttribute("role", "status");
-    this.#text.setAttribute("role", "status");
     this.#retry.type = "button";
     this.#retry.addEventListener("click", retry);
     this.#message.append(this.#text, this.#progress, this.#retry);
@@ -63,10 +66,25 @@ export class Parts {
     this.#floors.hidden = this.#note.hidden = this.#message.hidden = true;
   }
 
-  /** Shows a text in place of the map: with `retry`, an error; otherwise, what is going on. */
+  /** Sets the language of all texts: the tag of a language. */
+  setLanguage(language: string): void {
+    for (const part of [this.#message, this.#note, this.#floors]) {
+      part.lang = language;
+      part.dir = language === "ar" ? "rtl" : "ltr";
+    }
+  }
+
+  /**
+   * Shows a text in place of the map: with `retry`, an error; otherwise, what is going on. The text takes the
+   * focus of what it replaces.
+   */
   showMessage(text: string, progress: number | null, retry: string | null): void {
     this.#message.hidden = false;
-    this.#text.textContent = text;
+    const role = retry === null ? "status" : "alert";
+    if (this.#text.getAttribute("role") !== role) this.#text.setAttribute("role", role);
+    if (this.#text.textContent !== text) this.#text.textContent = text; // screen readers say it once
+    if (this.#hadFocus || (retry === null && this.#root.activeElement === this.#retry)) this.#message.focus({ preventScroll: true });
+    this.#hadFocus = false;
     this.#progress.setAttribute("aria-label", text);
     this.#progress.hidden = retry !== null;
     if (progress === null) this.#progress.removeAttribute("value");
@@ -91,13 +109,17 @@ export class Parts {
 
   /** Removes the canvas and what is above it. */
   removeCanvas(): void {
+    const focused = this.#root.activeElement;
+    this.#hadFocus = focused !== null && (focused === this.#canvas || this.#floors.contains(focused));
     this.#canvas?.remove();
     this.#canvas = null;
     this.#floors.hidden = this.#note.hidden = true;
   }
 
-  /** Removes the text in place of the map. */
+  /** Removes the text in place of the map. The canvas takes its focus. */
   hideMessage(): void {
+    if (this.#message.contains(this.#root.activeElement)) this.#canvas?.focus({ preventScroll: true });
+    this.#hadFocus = false;
     this.#message.hidden = true;
   }
 

@@ -66,7 +66,7 @@ export class Shown {
   readonly #end = new AbortController();
 
   /** Takes the map, which `destroy` destroys, but not the venue. */
-  constructor(venue: Venue, map: MapView, parts: Parts, language: string, emit: Emit) {
+  constructor(venue: Venue, map: MapView, parts: Parts, language: string, wishes: Wishes, emit: Emit) {
     this.venue = venue;
     this.map = map;
     this.#parts = parts;
@@ -77,6 +77,7 @@ export class Shown {
       parts.markFloor(floor.id);
       emit("floor", floor);
     });
+    dark().addEventListener("change", () => (map.theme = themeOf(wishes)), { signal: this.#end.signal });
   }
 
   /** Shows the floor switch. `label` is its name. */
@@ -95,10 +96,7 @@ export class Shown {
     const has = (...names: (keyof Wishes)[]) => names.some((name) => changed.has(name));
     const [themes, floors, places, routes] = [has("theme"), has("floor"), has("place"), has("from", "to", "profile")];
     changed.clear();
-    if (themes) {
-      this.map.theme = themeOf(wishes);
-      dark().addEventListener("change", () => (this.map.theme = themeOf(wishes)), { signal: this.#end.signal });
-    }
+    if (themes) this.map.theme = themeOf(wishes);
     if (routes) this.#plan(wishes);
     if (places) this.#select(wishes.place);
     if (floors && wishes.floor !== null) {

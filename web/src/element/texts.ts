@@ -3,9 +3,15 @@
 import type { ErrorKind } from "../errors.js";
 import texts, { type ElementTexts } from "../element-texts.js";
 
-/** Returns the texts in a language, such as "de-AT", or in English. */
+/** Returns the tag of the texts for a language, such as "de" for "de-AT", or "en". */
+export function languageOfTexts(language: string): string {
+  const tag = language.toLowerCase().split("-")[0]!;
+  return Object.hasOwn(texts, tag) ? tag : "en";
+}
+
+/** Returns the texts for a language. */
 export function textsFor(language: string): ElementTexts {
-  return texts[language.toLowerCase().split("-")[0]!] ?? texts["en"]!;
+  return texts[languageOfTexts(language)]!;
 }
 
 /** Returns which text describes an error. */

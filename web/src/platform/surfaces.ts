@@ -1,6 +1,8 @@
 // The canvases on which maps are drawn. The function `contextOf` is that of
 // Platform/Render/WebCanvas/PageFunctions.js.
 
+import { OrivantaError } from "../errors.js";
+
 /** What the module's renderer calls. */
 export interface Surfaces {
   /** Returns the WebGL 2 context of a canvas, or null if the browser has none. */
@@ -29,6 +31,13 @@ function enableExtensions(context: WebGL2RenderingContext): void {
   context.getSupportedExtensions = () => enabled;
 }
 
+// A canvas of which the page has a context of another type gets none, although the browser supports it.
+function supportsGraphics(): boolean {
+  const context = document.createElement("canvas").getContext("webgl2");
+  context?.getExtension("WEBGL_lose_context")?.loseContext();
+  return context !== null;
+}
+
 /** The canvases, by number. */
 export class CanvasTable implements Surfaces {
   readonly #canvases = new Map<number, HTMLCanvasElement>();
@@ -41,6 +50,13 @@ export class CanvasTable implements Surfaces {
 
   remove(canvas: number): void {
     this.#canvases.delete(canvas);
+  }
+
+  /** Returns why a canvas got no context. */
+  refusal(): OrivantaError {
+    return supportsGraphics()
+      ? new OrivantaError("invalid", "the canvas has a context that is not of WebGL 2")
+      : new OrivantaError("unsupported", "the browser does not support WebGL 2");
   }
 
   /** Also to be called when a context that was lost is back. */
