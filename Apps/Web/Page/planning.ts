@@ -1,24 +1,28 @@
 // Plans the route of the state, and again when the stops, the profile, the language or the closures change.
 
-import { OrivantaError, type Guidance, type GuideRequest } from "orivanta";
+import { OrivantaError, type Guidance, type GuideRequest, type Venue } from "orivanta";
 
 import type { App, Plan } from "./app.js";
 import { localTime } from "./times.js";
 
 const alternatives = 2;
 const closuresPause = 60_000; // milliseconds between requests for what is closed
+const mostPages = 100; // of the list of what is closed
 
 /** Keeps `App.plan` and `App.closed` current. */
 export class Planning {
   readonly #app: App;
   #planned = ""; // what the plan was made for
+  #wish = ""; // what the chosen route and step belong to
   #run = 0;
-  #venue: object | null = null;
+  #venue: Venue | null = null;
+  #slug = ""; // of the venue that `App.closed` belongs to
 
   constructor(app: App) {
     this.#app = app;
     app.on(() => this.#update());
     setInterval(() => void this.#loadClosures(), closuresPause);
+    document.addEventListener("visibilitychange", () => void this.#loadClosures());
   }
 
   #update(): void {
@@ -28,13 +32,19 @@ export class Planning {
     if (venue !== this.#venue) {
       this.#venue = venue;
       this.#planned = "";
-      app.closed = [];
+      if (venue && venue.slug !== this.#slug) {
+        this.#slug = venue.slug;
+        app.closed = [];
+      }
       void this.#loadClosures();
     }
     const wish = venue && from !== null && to !== null ? JSON.stringify([from, to, via, profile, app.closed]) : "";
     if (wish === this.#planned) return;
     this.#planned = wish;
     this.#run += 1;
+    // A reload of the same venue asks the same again and keeps the place in the route.
+    if (wish !== this.#wish) app.ui = { ...app.ui, routeIndex: 0, step: null };
+    this.#wish = wish;
     if (!wish) {
       app.plan = null;
       return app.changed();
@@ -96,11 +106,11 @@ export class Planning {
     if (!venue || document.hidden) return;
     const closed: string[] = [];
     try {
-      let url: URL | null = new URL(`closure?venue=${encodeURIComponent(venue.slug)}`, app.server.endpoint);
-      const { username, password } = app.server;
-      const headers: HeadersInit = username ? { Authorization: `Basic ${btoa(`${username}:${password}`)}` } : {};
-      while (url) {
-        const response: Response = await fetch(url, { headers, credentials: "omit", cache: "no-cache" });
+      const first = new URL(`closure?venue=${encodeURIComponent(venue.slug)}`, app.server.endpoint);
+      let url: URL | null = first;
+      // The account is for this server only.
+      for (let page = 0; url?.origin === first.origin && page < mostPages; ++page) {
+        const response: Response = await fetch(url, { headers: accountOf(app), credentials: "omit", cache: "no-cache" });
         if (!response.ok) return;
         for (const record of (await response.json()) as { id?: unknown }[]) {
           if (typeof record.id === "string") closed.push(record.id);
@@ -115,6 +125,14 @@ export class Planning {
     app.closed = closed;
     app.changed();
   }
+}
+
+// The header that the module sends as well.
+function accountOf(app: App): HeadersInit {
+  const { username, password } = app.server;
+  if (!username) return {};
+  const bytes = new TextEncoder().encode(`${username}:${password}`);
+  return { Authorization: `Basic ${btoa(String.fromCharCode(...bytes))}` };
 }
 
 /** Returns when a visitor arrives who departs with the plan; null if the venue has no scale. */

@@ -4,6 +4,7 @@ import { Orivanta, OrivantaError, type LoadProgress, type Venue } from "orivanta
 import wasm from "orivanta/core.wasm";
 
 import type { App, Failure, Shown } from "./app.js";
+import { showNotice } from "./notices.js";
 import { Texts } from "./texts.js";
 
 /** Loads what the state needs, and again when the state or the language changes. */
@@ -95,6 +96,12 @@ export class Session {
     const catalog = venue.catalog(app.texts.language);
     this.#replace({ venue, catalog, places: new Map(catalog.places.map((place) => [place.id, place])) });
     this.#end();
+    const [problem] = venue.problems;
+    if (problem) {
+      showNotice(app.t("page.venue.incomplete", { problem: problem.reason }), {
+        action: { label: app.t("retry"), run: () => void this.reload() },
+      });
+    }
   }
 
   #replace(shown: Shown | null): void {
