@@ -1,7 +1,7 @@
 // Builds the page of Apps/Web/Page into build/web/page: bundles its code with the package in dist/, adds hashes
 // to the names of the files, and writes the HTML pages and the service worker. Usage: node build-page.mjs [--no-minify]
 
-import { cpSync, existsSync, mkdirSync, readdirSync, readFileSync, rmSync, writeFileSync } from "node:fs";
+import { mkdirSync, readdirSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import path from "node:path";
 import { fileURLToPath } from "node:url";
 import { build } from "esbuild";
@@ -95,6 +95,4 @@ for (const file of [path.join(source, "index.html"), `${examples}.html`]) {
   const page = readFileSync(file, "utf8").replace(/\{(\w+)\}/g, (_, name) => places[name]);
   writeFileSync(path.join(target, path.basename(file)), page);
 }
-const files = path.join(source, "Files");
-if (existsSync(files)) cpSync(files, target, { recursive: true });
 await buildWorker(root, target, !process.argv.includes("--no-minify"));

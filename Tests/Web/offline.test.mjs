@@ -58,15 +58,22 @@ test("the page without a connection", { timeout: 240_000 }, async (t) => {
     assert.equal(new Set(stored.map((url) => new URL(url).pathname.split("/")[1])).size, 1);
   });
 
-  await t.test("files of old versions are removed", async () => {
+  await t.test("files of old versions are removed, and their HTML pages are not used", async () => {
     const versions = await page.evaluate(async () => {
-      for (const old of ["1", "2", "3"]) await caches.open(`orivanta-page-${old}`);
+      const current = (await caches.keys()).find((name) => name.startsWith("orivanta-page-"));
+      await caches.delete(current);
+      for (const old of ["1", "2", "3"]) {
+        const cache = await caches.open(`orivanta-page-${old}`);
+        await cache.put(new URL("index.html", document.baseURI), new Response("old"));
+      }
       for (const registration of await navigator.serviceWorker.getRegistrations()) await registration.unregister();
       return caches.keys();
     });
-    assert.equal(versions.length, 5);
+    assert.equal(versions.length, 4);
     await open();
     await page.waitForFunction(async () => !(await caches.keys()).includes("orivanta-page-2"));
+    proxy.mode = "closed";
+    await open();
   });
   await tab.close();
 });

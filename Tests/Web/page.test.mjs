@@ -50,8 +50,12 @@ test("a visitor finds a place and a route to it", async (t) => {
   assert.ok((await page.$$(".floor")).length === 5);
   await accessible(tab, "start");
 
+  await page.$$eval(".tile", (all) => all.find((each) => each.textContent.startsWith("Toilets")).focus());
+  await page.$eval(".panel-content", (content) => (content.scrollTop = 200));
   await tab.clickText(".tile", "Toilets");
   await tab.waitForText(".back-line", "Toilets");
+  assert.equal(await page.$eval(".panel-content", (content) => content.scrollTop), 0);
+  assert.equal(await page.evaluate(() => document.activeElement.textContent), "Toilets");
   assert.equal((await tab.texts(".row")).length, 5);
   await accessible(tab, "places of a kind");
   await tab.clickText(".back-line button", "");
@@ -144,7 +148,10 @@ test("everything by keyboard", async (t) => {
   await press("Tab");
   assert.equal(await focused(), "Skip to the search");
   await press("Enter");
-  await press("/");
+  assert.equal(await page.$("[data-searching]"), null); // the focus alone changes nothing
+  await page.keyboard.down("Control");
+  await press("f");
+  await page.keyboard.up("Control");
   await page.waitForFunction(() => document.activeElement.id === "search");
   await page.keyboard.type("toilets");
   await tab.waitForText("[role=option]", "Toilets, basement");
@@ -167,6 +174,10 @@ test("everything by keyboard", async (t) => {
   await press("Enter");
   await page.waitForSelector(".walk");
   assert.match(await focused(), /^Step 1/);
+  await tabTo("Previous");
+  await press("Tab", "Enter");
+  await tab.waitForText(".walk-number", "Step 2");
+  assert.match(await focused(), /^Next/);
   await press("Escape");
   await page.waitForSelector(".steps");
   await press("F1");
@@ -201,6 +212,7 @@ const screens = [
   ["small-phone", { width: 320, height: 568, isTouch: true }, "?text=1.5"],
   ["tablet", { width: 768, height: 1024, isTouch: true }],
   ["desktop", { width: 1280, height: 800 }],
+  ["low", { width: 844, height: 390, isTouch: true }],
   ["kiosk", { width: 1080, height: 1920, isTouch: true }],
   ["wall", { width: 3840, height: 2160 }],
   ["dark", { width: 1280, height: 800, media: { "prefers-color-scheme": "dark" } }],
@@ -213,6 +225,7 @@ for (const [name, size, start = "?"] of screens) {
     const tab = await openVenue(t, `${start}&from=paper-kestrel&to=popcorn-nebula`, size);
     const { page } = tab;
     await page.waitForSelector(".step");
+    assert.ok(await page.$eval(".bar [aria-label=Settings]", (button) => button.checkVisibility()));
     await page.waitForFunction(() => document.querySelector(".veil").hidden && document.querySelector(".map canvas"));
     await new Promise((resolve) => setTimeout(resolve, 500)); // names appear
     await tab.picture(`page-${name}-route`);
@@ -312,10 +325,19 @@ test("failures", async (t) => {
     tab.expect(/status of 401/);
     await tab.waitForText(".is-problem", "The server rejected the credentials");
     await accessible(tab, "credentials");
+    const filled = () => tab.page.$eval("[name=password]", (input) => input.autocomplete);
+    assert.equal(await filled(), "current-password");
+    assert.ok(await tab.page.$eval(".message h2", (title) => title === document.activeElement));
     await tab.page.type("[name=username]", "guest");
     await tab.page.type("[name=password]", "secret");
     await tab.page.keyboard.press("Enter");
     await tab.waitForText(".bar-title", "Astrolabe Court");
     await tab.waitForText(".tile", "Toilets");
+
+    const strange = await strangeServer(t, (_, response) => response.writeHead(401, { "WWW-Authenticate": "Basic" }).end());
+    const other = await open(t, strange);
+    other.expect(/status of 401/);
+    await other.waitForText("form", new URL(new URLSearchParams(strange).get("endpoint")).host);
+    assert.equal(await other.page.$eval("[name=password]", (input) => input.autocomplete), "off");
   });
 });

@@ -1,6 +1,7 @@
 // The dialogs: the settings, and the list of keys and gestures.
 
 import type { App } from "./app.js";
+import { openDialog } from "./dialog.js";
 import { h } from "./dom.js";
 import { icon } from "./icons.js";
 import { choice } from "./Panels/route.js";
@@ -8,22 +9,10 @@ import { textSizes, type Choices } from "./settings.js";
 import { languages } from "./texts.js";
 
 function dialog(app: App, title: string, ...children: Node[]): HTMLDialogElement {
-  const element = h(
-    "dialog",
-    { "aria-label": title, onclose: () => element.remove() },
-    h(
-      "div",
-      { class: "dialog-head" },
-      h("h2", {}, title),
-      h("button", { class: "plain", "aria-label": app.t("page.close"), onclick: () => element.close() }, icon("close")),
-    ),
-    h("div", { class: "dialog-content" }, ...children),
-  );
-  element.addEventListener("click", (event) => {
-    if (event.target === element) element.close();
-  });
-  document.body.append(element);
-  element.showModal();
+  const close = h("button", { class: "plain", "aria-label": app.t("page.close") }, icon("close"));
+  const head = h("div", { class: "dialog-head" }, h("h2", {}, title), close);
+  const element = openDialog(title, "", head, h("div", { class: "dialog-content" }, ...children));
+  close.addEventListener("click", () => element.close());
   return element;
 }
 
@@ -67,8 +56,8 @@ const helpKeys: readonly (readonly [text: string, keys: string])[] = [
   ["help.tilt", "help.tilt.keys"],
   ["help.fingers", "help.fingers.keys"],
   ["help.floor", "help.floor.keys"],
-  ["help.search", "help.search.keys"],
-  ["help.help", "help.help.keys"],
+  ["help.search", "page.search.keys"],
+  ["help.help", "page.help.keys"],
   ["help.tab", "help.tab.keys"],
   ["help.activate", "help.activate.keys"],
   ["help.close", "help.close.keys"],

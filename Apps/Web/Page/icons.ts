@@ -13,7 +13,6 @@ const paths = {
   minus: "M5 12h14",
   fit: "M4 9V4h5M15 4h5v5M20 15v5h-5M9 20H4v-5",
   layers: "M12 3 2.5 8 12 13l9.5-5zM2.5 12 12 17l9.5-5M2.5 16 12 21l9.5-5",
-  north: "M12 3l5 9H7zM7 12h10l-5 9z",
   settings: "M4 7h9M19 7h1M4 17h1M11 17h9M16 4.5v5M8 14.5v5",
   help: "M9 9a3 3 0 1 1 4.5 2.6C12.4 12.3 12 13 12 14M12 18h.01",
   clock: "M12 7v5l3.5 2M21 12a9 9 0 1 1-18 0 9 9 0 0 1 18 0",

@@ -4,8 +4,8 @@ import { h } from "./dom.js";
 
 /** A notice that is shown. */
 export interface Notice {
-  /** Changes the text. */
-  setText(text: string): void;
+  /** Changes the text. Screen readers read it, unless `isQuiet`. */
+  setText(text: string, isQuiet?: boolean): void;
   remove(): void;
 }
 
@@ -16,7 +16,7 @@ export function showNotice(
   text: string,
   { seconds, action }: { seconds?: number; action?: { label: string; run: () => void } } = {},
 ): Notice {
-  region ??= document.body.appendChild(h("div", { class: "notices", popover: "manual" }));
+  region ??= topmost().appendChild(h("div", { class: "notices", popover: "manual" }));
   const line = h("span", { role: "status" });
   const notice = h("div", { class: "notice" }, line);
   const remove = () => {
@@ -32,7 +32,22 @@ export function showNotice(
   // A live region is read when its text changes after it has been added.
   requestAnimationFrame(() => (line.textContent ||= text));
   if (seconds !== undefined) setTimeout(remove, seconds * 1000);
-  return { setText: (changed) => (line.textContent = changed), remove };
+  const setText = (changed: string, isQuiet = false) => {
+    line.setAttribute("aria-live", isQuiet ? "off" : "polite");
+    line.textContent = changed;
+  };
+  return { setText, remove };
+}
+
+/** Moves all notices into an element: the dialog that has been opened, since everything outside it cannot be used. */
+export function moveNotices(parent: Element): void {
+  if (!region || region.parentElement === parent) return;
+  parent.append(region);
+  if (region.childElementCount > 0) raise(region);
+}
+
+function topmost(): Element {
+  return [...document.querySelectorAll("dialog[open]")].at(-1) ?? document.body;
 }
 
 // Puts it above all dialogs, also those that were opened later than another notice, where browsers can.

@@ -87,7 +87,12 @@ export class Connection {
     let isThere = false;
     try {
       const signal = AbortSignal.timeout(5_000);
-      const { status } = await fetch(new URL("venue", this.#app.server.endpoint), { method: "HEAD", credentials: "omit", signal });
+      const { status } = await fetch(new URL("venue", this.#app.server.endpoint), {
+        method: "HEAD",
+        cache: "no-store",
+        credentials: "omit",
+        signal,
+      });
       isThere = ![502, 503, 504].includes(status);
     } catch {
       // There is no answer.

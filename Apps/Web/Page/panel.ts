@@ -7,9 +7,12 @@ import { cardPage } from "./Panels/card.js";
 import { routePage, shownRoute } from "./Panels/route.js";
 import { failurePage, loadingPage, venuesPage } from "./Panels/venues.js";
 import { walkPage } from "./Panels/walk.js";
+import { recentPlaces } from "./recent.js";
 import type { SearchField } from "./searchField.js";
 import type { Session } from "./session.js";
 import { Sheet } from "./sheet.js";
+
+const renewalPause = 10_000; // milliseconds between looks at the clock
 
 type PageName = "loading" | "failure" | "venues" | "results" | "browse" | "card" | "walk" | "route";
 
@@ -23,6 +26,8 @@ export class Panel {
   readonly #content = h("div", { class: "panel-content", tabindex: -1 });
   #page: PageName = "loading";
   #shown = ""; // what the content was made of
+  #view = ""; // what the user takes for one page
+  #venue: object | null = null;
 
   constructor(app: App, search: SearchField, session: Session) {
     this.#app = app;
@@ -30,6 +35,10 @@ export class Panel {
     this.#session = session;
     this.sheet = new Sheet(app);
     this.element = h("section", { class: "panel" }, this.sheet.handle, this.#content);
+    // Opening hours and arrival times change while nobody touches the page.
+    const renew = () => document.hidden || this.update();
+    setInterval(renew, renewalPause);
+    document.addEventListener("visibilitychange", renew);
   }
 
   update(): void {
@@ -39,20 +48,38 @@ export class Panel {
     this.sheet.update();
     this.element.dataset["page"] = page;
     this.element.dataset["sheet"] = app.ui.sheet;
-    const key = JSON.stringify([page, state.place, state.from, state.to, state.via, state.profile, app.closed, app.texts.language, { ...app.ui, sheet: null }, app.loading, app.loadedShare, app.failure, app.venues?.length, app.plan?.kind, app.shown?.venue.slug]);
-    if (key === this.#shown && page !== "failure") return;
-    const isNew = page !== this.#page || this.#placeOf(this.#shown) !== state.place;
-    this.#shown = key;
+    const venue = app.shown?.venue ?? null;
+    const key = this.#keyOf(page);
+    if (key === this.#shown && venue === this.#venue) return;
+    const { browsing } = app.ui;
+    const view = JSON.stringify([page, state.place, page === "browse" && [browsing.page, "kind" in browsing && browsing.kind]]);
+    const isNew = view !== this.#view;
     const former = this.#page;
+    this.#shown = key;
+    this.#venue = venue;
+    this.#view = view;
     this.#page = page;
     const top = this.#content.scrollTop;
+    const hadFocus = this.#content.contains(document.activeElement);
+    const isOpen = !isNew && this.#content.querySelector("details[open]") !== null;
     keepingFocus(this.#content, () => this.#content.replaceChildren(...this.#make(page)));
+    if (isOpen) this.#content.querySelector("details")?.setAttribute("open", "");
     this.#content.scrollTop = isNew ? 0 : top;
-    if (isNew) this.#moveFocus(former, page);
+    if (isNew || hadFocus) this.#moveFocus(former, page, hadFocus);
   }
 
-  #placeOf(key: string): string | null {
-    return key ? ((JSON.parse(key) as [string, string | null])[1] ?? null) : null;
+  /** Returns what a page is made of. If it stays the same, the elements stay as well. */
+  #keyOf(page: PageName): string {
+    const app = this.#app;
+    const { place, from, to, via, profile } = app.store.state;
+    const progress = page === "loading" ? [app.loading, app.loadedShare] : null;
+    const minute = page === "card" || page === "route" ? Math.floor(Date.now() / 60_000) : null;
+    const results = page === "results" ? this.#search.searches : null;
+    const recent = page === "browse" ? recentPlaces(app) : null;
+    const { ui, failure, venues, plan, shown, closed, texts } = app;
+    const stops = [place, from, to, via, profile, closed];
+    const data = [texts.language, failure, venues?.length, plan?.kind, shown?.venue.slug];
+    return JSON.stringify([page, stops, data, { ...ui, sheet: null }, progress, minute, results, recent]);
   }
 
   #choose(): PageName {
@@ -88,10 +115,11 @@ export class Panel {
   }
 
   // A control that is gone leaves the focus to the title of the new page, so that the keyboard goes on there.
-  #moveFocus(former: PageName, page: PageName): void {
-    if (former === "loading" || page === "results" || page === "loading") return;
+  #moveFocus(former: PageName, page: PageName, hadFocus: boolean): void {
+    const isFirst = former === "loading" && page !== "failure" && !hadFocus;
+    if (isFirst || page === "results" || (page === "loading" && !hadFocus)) return;
     const active = document.activeElement;
-    if (active !== null && active !== document.body) return;
+    if (active !== null && active !== document.body && active !== this.#content) return;
     const title = this.#content.querySelector<HTMLElement>("[data-key$=title]") ?? this.#content;
     title.focus({ preventScroll: true });
   }

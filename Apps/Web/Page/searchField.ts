@@ -23,6 +23,8 @@ export class SearchField {
   readonly #app: App;
   readonly #clear: HTMLButtonElement;
   #found: readonly Found[] = [];
+  #venue: object | null = null; // what the results were found in
+  #language = "";
   #searched = ""; // the text that the results belong to
   #marked = -1;
   #timer = 0;
@@ -42,17 +44,19 @@ export class SearchField {
       "aria-autocomplete": "list",
       "aria-expanded": "false",
       oninput: () => this.#typed(),
-      onfocus: () => {
-        if (!app.ui.isSearching) openSearch(app, null);
-      },
+      onclick: () => this.#open(),
       onkeydown: (event) => this.#pressed(event),
     });
     this.#clear = h("button", { class: "plain", type: "button", onclick: () => this.#close() }, icon("close"));
     this.element = h("div", { class: "search", role: "search" }, icon("search"), this.input, this.#clear);
   }
 
+  /** How often places have been searched. */
+  searches = 0;
+
   /** Follows the state of the page. */
   update(): void {
+    this.#searchAgain();
     const { t, ui } = { t: this.#app.t.bind(this.#app), ui: this.#app.ui };
     const key = ui.choosing === "from" ? "search.start" : ui.choosing === "to" ? "search.destination" : "search";
     this.input.placeholder = t(key);
@@ -117,14 +121,33 @@ export class SearchField {
     const typed = this.input.value;
     if (typed !== this.#searched) {
       this.#searched = typed;
-      this.#found = typed.trim() && app.shown ? this.#find(typed) : [];
-      this.#marked = this.#found.length > 0 ? 0 : -1;
+      this.#lookFor(typed);
       if (typed.trim()) {
         const count = this.#found.length;
         app.announce(count > 0 ? app.t("page.results", { count }) : app.t("search.nothing"));
       }
     }
     app.changeUi({ typed, isSearching: true, browsing: startBrowsing, sheet: "full" });
+  }
+
+  #lookFor(typed: string): void {
+    this.#found = typed.trim() && this.#app.shown ? this.#find(typed) : [];
+    this.#marked = this.#found.length > 0 ? 0 : -1;
+    this.searches += 1;
+  }
+
+  // Another venue starts with an empty field, another language or newer data with new results.
+  #searchAgain(): void {
+    const { shown, texts } = this.#app;
+    const venue = shown?.venue ?? null;
+    if (venue === this.#venue && texts.language === this.#language) return;
+    this.#venue = venue;
+    this.#language = texts.language;
+    if (this.#searched) this.#lookFor(this.#searched);
+  }
+
+  #open(): void {
+    if (!this.#app.ui.isSearching) openSearch(this.#app, null);
   }
 
   #find(typed: string): Found[] {
@@ -135,7 +158,10 @@ export class SearchField {
 
   #pressed(event: KeyboardEvent): void {
     if (event.isComposing) return;
-    if (event.key === "ArrowDown" || event.key === "ArrowUp") {
+    if (event.key === "ArrowDown" && !this.#app.ui.isSearching) {
+      event.preventDefault();
+      this.#open();
+    } else if (event.key === "ArrowDown" || event.key === "ArrowUp") {
       if (this.#timer) this.#search();
       if (this.#found.length === 0) return;
       event.preventDefault();
@@ -145,7 +171,7 @@ export class SearchField {
       event.preventDefault();
       if (this.#timer) this.#search();
       if (this.#marked >= 0) this.#choose(this.#marked);
-    } else if (event.key === "Escape") {
+    } else if (event.key === "Escape" && this.#app.ui.isSearching) {
       event.preventDefault();
       event.stopPropagation();
       if (this.input.value) this.#empty();
@@ -171,26 +197,27 @@ export class SearchField {
   #choose(index: number): void {
     const found = this.#found[index];
     if (!found) return;
-    this.#forget();
+    this.forget();
     this.input.blur();
     if ("place" in found) choosePlace(this.#app, found.place.place.id);
     else goToNearest(this.#app, found.nearest);
   }
 
   #empty(): void {
-    this.#forget();
+    this.forget();
     this.#app.changeUi({ typed: "" });
     this.focus();
   }
 
   #close(): void {
     if (this.#app.ui.typed) return this.#empty();
-    this.#forget();
+    this.forget();
     this.input.blur();
     closeSearch(this.#app);
   }
 
-  #forget(): void {
+  /** Empties the field. */
+  forget(): void {
     clearTimeout(this.#timer);
     this.#timer = 0;
     this.input.value = "";

@@ -19,7 +19,8 @@ const storageKey = "orivanta-settings";
 
 function kept(): Partial<Choices> {
   try {
-    return JSON.parse(localStorage.getItem(storageKey) ?? "{}") as Partial<Choices>;
+    const value: unknown = JSON.parse(localStorage.getItem(storageKey) ?? "{}");
+    return typeof value === "object" && value !== null ? value : {};
   } catch {
     return {}; // storage that the browser forbids, or something else under this key
   }

@@ -11,6 +11,7 @@ import type { MapHost } from "./mapHost.js";
 import { Panel } from "./panel.js";
 import { SearchField } from "./searchField.js";
 import type { Session } from "./session.js";
+import { startUi } from "./ui.js";
 
 const announcePause = 100; // milliseconds; screen readers miss what is said during a change
 
@@ -69,6 +70,11 @@ export class Shell {
     );
     addEventListener("keydown", (event) => this.#pressed(event));
     app.on(() => this.update());
+    app.store.on(({ venue }, { former }) => {
+      if (venue === former.venue) return;
+      this.#search.forget();
+      app.ui = startUi;
+    });
     let timer = 0;
     app.announce = (text) => {
       clearTimeout(timer);
@@ -117,17 +123,17 @@ export class Shell {
   #pressed(event: KeyboardEvent): void {
     const app = this.#app;
     if (document.querySelector("dialog[open]") || event.defaultPrevented) return;
-    const isTyping = event.target instanceof HTMLInputElement && event.target.type !== "radio";
+    const isInColumn = event.target instanceof Element && event.target.closest(".column") !== null; // where these keys scroll
     if (event.key === "Escape") return this.#escape();
-    if ((event.key === "/" && !isTyping) || (event.key === "f" && event.ctrlKey)) {
+    if (event.key === "f" && event.ctrlKey) {
       if (!app.shown) return;
       event.preventDefault();
       openSearch(app, null);
       this.#search.focus();
-    } else if ((event.key === "?" && !isTyping) || event.key === "F1") {
+    } else if (event.key === "F1") {
       event.preventDefault();
       showHelp(app);
-    } else if ((event.key === "PageUp" || event.key === "PageDown") && !isTyping) {
+    } else if ((event.key === "PageUp" || event.key === "PageDown") && !isInColumn) {
       this.#changeFloor(event.key === "PageUp" ? 1 : -1);
     }
   }

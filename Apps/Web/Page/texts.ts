@@ -21,7 +21,7 @@ export const languages: readonly { readonly tag: string; readonly name: string }
 export function bestLanguage(tags: readonly string[]): string {
   for (const tag of tags) {
     const [language = ""] = tag.toLowerCase().split("-");
-    if (language in files) return language;
+    if (Object.hasOwn(files, language)) return language;
   }
   return "en";
 }

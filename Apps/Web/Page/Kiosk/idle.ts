@@ -2,14 +2,15 @@
 
 /** What happens when nobody uses the page. */
 export interface IdleHandlers {
-  /** Called every second before the end, with the seconds that are left. */
-  readonly counting: (seconds: number) => void;
+  /** Called every second before the end, with the seconds that are left, and whether screen readers shall say so. */
+  readonly counting: (seconds: number, isSaid: boolean) => void;
   /** Somebody has touched the page while it was counting. */
   readonly stayed: () => void;
   readonly ended: () => void;
 }
 
-const events = ["pointerdown", "pointermove", "keydown", "wheel", "scroll"] as const;
+const starts = ["pointerdown", "pointermove", "keydown", "wheel"] as const;
+const longestNotice = 20; // seconds; visitors need time to read the notice and to reach its button
 
 /** Calls `ended` when nothing has been touched for a time, and counts before it. */
 export class IdleTimer {
@@ -19,13 +20,20 @@ export class IdleTimer {
   #left: number;
   #isRunning = false;
 
-  /** `seconds` is the whole time; the last ten of them, or the last half of a shorter time, are counted. */
+  /** `seconds` is the whole time; the last twenty of them, or the last half of a shorter time, are counted. */
   constructor(seconds: number, handlers: IdleHandlers) {
     this.#seconds = this.#left = seconds;
-    this.#notice = Math.min(10, Math.floor(seconds / 2));
+    this.#notice = Math.min(longestNotice, Math.floor(seconds / 2));
     this.#handlers = handlers;
-    for (const name of events) addEventListener(name, () => this.touch(), { capture: true, passive: true });
+    const start = () => (this.touch(), this.run());
+    for (const name of starts) addEventListener(name, start, { capture: true, passive: true });
+    // The page also scrolls by itself.
+    addEventListener("scroll", () => this.touch(), { capture: true, passive: true });
     setInterval(() => this.#tick(), 1000);
+  }
+
+  get isRunning(): boolean {
+    return this.#isRunning;
   }
 
   /** Starts to wait, if it does not wait yet. */
@@ -45,7 +53,7 @@ export class IdleTimer {
     if (!this.#isRunning) return;
     this.#left -= 1;
     if (this.#left > this.#notice) return;
-    if (this.#left > 0) return this.#handlers.counting(this.#left);
+    if (this.#left > 0) return this.#handlers.counting(this.#left, [this.#notice, Math.ceil(this.#notice / 2)].includes(this.#left));
     this.#isRunning = false;
     this.#handlers.ended();
   }

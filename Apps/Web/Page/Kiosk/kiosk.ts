@@ -4,6 +4,7 @@ import type { App } from "../app.js";
 import type { Connection } from "../offline.js";
 import { h } from "../dom.js";
 import { showNotice, type Notice } from "../notices.js";
+import { forgetPlaces } from "../recent.js";
 import { showCode } from "../Share/share.js";
 import { startState, type State } from "../state.js";
 import { languages } from "../texts.js";
@@ -28,6 +29,8 @@ export function startsHere({ here }: KioskOptions): (state: State) => State {
 }
 
 const oldestData = 15 * 60_000;
+const renewalPause = 60_000; // milliseconds between looks at the age of the data while nobody is there
+const failurePause = 10_000; // milliseconds that a failure is shown before the page is loaded again
 
 /** Makes the page a kiosk. */
 export function startKiosk({ app, connection, reload, showStart }: KioskHost, options: KioskOptions): void {
@@ -45,11 +48,11 @@ export function startKiosk({ app, connection, reload, showStart }: KioskHost, op
     notice = null;
   };
   const timer = new IdleTimer(options.idle, {
-    counting: (count) => {
+    counting: (count, isSaid) => {
       if (isAtStart(app, start)) return; // only the map was moved
       const text = app.t("page.kiosk.idle", { count });
       const action = { label: app.t("page.kiosk.stay"), run: () => timer.touch() };
-      if (notice) notice.setText(text);
+      if (notice) notice.setText(text, !isSaid);
       else notice = showNotice(text, { action });
     },
     stayed: endNotice,
@@ -60,16 +63,31 @@ export function startKiosk({ app, connection, reload, showStart }: KioskHost, op
       app.ui = startUi;
       app.store.change({ ...start, venue: start.venue ?? app.store.state.venue });
       showStart();
-      if (connection.isPageOutdated) return location.reload();
-      if (Date.now() - loadedAt < oldestData) return;
-      loadedAt = Date.now();
-      void connection.lookForUpdate();
-      void reload();
+      forgetPlaces(app);
+      renew();
     },
   });
+  const renew = () => {
+    if (connection.isPageOutdated) return location.reload();
+    if (Date.now() - loadedAt < oldestData) return;
+    loadedAt = Date.now();
+    void connection.lookForUpdate();
+    void reload();
+  };
+  setInterval(() => timer.isRunning || renew(), renewalPause);
   app.on(() => isAtStart(app, start) || timer.run());
-  addEventListener("pointerdown", () => timer.run(), { capture: true });
+  recoverFromFailures(app);
   addLanguages(app);
+}
+
+// Nobody is there to press the button that loads the page again.
+function recoverFromFailures(app: App): void {
+  let isLoading = false;
+  app.on(() => {
+    if (app.failure?.way !== "reload" || isLoading) return;
+    isLoading = true;
+    setTimeout(() => location.reload(), failurePause);
+  });
 }
 
 // The floor belongs to the view of the map, and without a venue in the address, the server's only one is shown.

@@ -9,7 +9,7 @@ export interface KioskOptions {
 }
 
 /** The parameters that belong to a device and not to what it shows. Links that are shared do not have them. */
-export const deviceParameters: readonly string[] = ["kiosk", "here", "idle", "link"];
+export const deviceParameters: readonly string[] = ["kiosk", "here", "idle", "link", "language", "theme", "text", "contrast"];
 
 /** Returns the options that an address has, or null if it is not that of a kiosk. */
 export function kioskOptionsOf(query: URLSearchParams): KioskOptions | null {

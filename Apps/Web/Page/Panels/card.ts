@@ -84,12 +84,18 @@ function contacts(app: App, card: Card): HTMLElement | null {
   const lines: HTMLElement[] = [];
   if (card.phone) {
     const number = card.phone.replace(/[^\d+*#]/g, "");
-    lines.push(h("a", { class: "line", href: `tel:${number}` }, icon("phone"), h("bdi", {}, card.phone)));
+    lines.push(h("a", { class: "line", "data-key": "phone", href: `tel:${number}` }, icon("phone"), h("bdi", {}, card.phone)));
   }
   const url = card.website ? linkOf(card.website) : null;
   if (url) {
     const name = (url.host + url.pathname + url.search).replace(/\/$/, "");
-    lines.push(h("a", { class: "line", href: url.href, target: "_blank", rel: "noopener noreferrer" }, icon("web"), h("bdi", {}, name)));
+    lines.push(h(
+        "a",
+        { class: "line", "data-key": "website", href: url.href, target: "_blank", rel: "noopener noreferrer" },
+        icon("web"),
+        h("bdi", {}, name),
+      ),
+    );
   } else if (card.website) {
     lines.push(h("p", { class: "line" }, icon("web"), h("bdi", {}, card.website)));
   }

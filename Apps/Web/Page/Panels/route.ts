@@ -33,7 +33,7 @@ export function routePage(app: App): Node[] {
 
 /** Returns the route that is shown. */
 export function shownRoute(app: App): Guidance | null {
-  return app.plan?.kind === "route" ? (app.plan.routes[app.ui.routeIndex] ?? null) : null;
+  return app.plan?.kind === "route" ? (app.plan.routes[app.ui.routeIndex] ?? app.plan.routes[0] ?? null) : null;
 }
 
 function stops(app: App): HTMLElement {
@@ -121,8 +121,9 @@ function hint(app: App, plan: Plan | null): HTMLElement {
   return h("p", { class: "summary hint" }, app.t(plan ? "route.planning" : "route.hint"));
 }
 
-function routeParts(app: App, { routes, departure }: Plan & { kind: "route" }): Node[] {
-  const route = routes[app.ui.routeIndex] ?? routes[0]!;
+function routeParts(app: App, { routes }: Plan & { kind: "route" }): Node[] {
+  const route = shownRoute(app)!;
+  const departure = new Date(); // the visitor has not left yet
   const arrival = arrivalOf(route, departure);
   const closed = closedStops(app, route, departure);
   const isThere = route.steps.length === 0;
@@ -144,7 +145,7 @@ function routeParts(app: App, { routes, departure }: Plan & { kind: "route" }): 
   ];
   if (routes.length > 1) {
     const options = routes.map((each, index) => ({ value: String(index), title: summaryOf(app, each) }));
-    nodes.push(choice(app, app.t("page.route.choices"), options, String(app.ui.routeIndex), (value) => app.changeUi({ routeIndex: Number(value) })));
+    nodes.push(choice(app, app.t("page.route.choices"), options, String(routes.indexOf(route)), (value) => app.changeUi({ routeIndex: Number(value) })));
   }
   if (!isThere) nodes.push(...takeAway(app), stepList(app, route));
   return nodes;

@@ -18,7 +18,7 @@ export function backLine(app: App, title: string, count: number | null, goBack: 
     "div",
     { class: "back-line" },
     h("button", { class: "plain", "aria-label": app.t("page.back"), "data-key": "back", onclick: goBack }, icon("back")),
-    h("h2", {}, title),
+    h("h2", { tabindex: -1, "data-key": "list-title" }, title),
     count === null ? null : h("span", { class: "count" }, app.texts.number(count)),
   );
 }

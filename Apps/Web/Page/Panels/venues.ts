@@ -39,7 +39,7 @@ export function failurePage(app: App, failure: Failure, session: Session): Node[
     h(
       "div",
       { class: "message is-problem" },
-      h("h2", {}, failure.title),
+      h("h2", { tabindex: -1, "data-key": "failure-title" }, failure.title),
       h("p", { dir: "auto" }, failure.detail),
       failure.way === "signIn" ? credentialsForm(app, session) : again,
     ),
@@ -60,9 +60,13 @@ function act(app: App, { way }: Failure, session: Session): void {
   void session.reload();
 }
 
+// A link can name any server. The browser fills in nothing for one of another origin, and the form says who gets
+// the password.
 function credentialsForm(app: App, session: Session): HTMLElement {
+  const { host, origin } = new URL(app.server.endpoint);
+  const isForeign = origin !== location.origin;
   const field = (name: "username" | "password", label: string, type: string, autocomplete: string) =>
-    h("label", {}, label, h("input", { name, type, autocomplete, required: true, "data-key": name }));
+    h("label", {}, label, h("input", { name, type, autocomplete: isForeign ? "off" : autocomplete, required: true, "data-key": name }));
   const form = h(
     "form",
     {
@@ -76,6 +80,7 @@ function credentialsForm(app: App, session: Session): HTMLElement {
     field("username", app.t("page.user"), "text", "username"),
     field("password", app.t("page.password"), "password", "current-password"),
     h("button", { class: "filled", type: "submit" }, app.t("page.signIn")),
+    isForeign ? h("p", { class: "host", dir: "ltr" }, host) : null,
   );
   return form;
 }

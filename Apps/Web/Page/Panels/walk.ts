@@ -10,7 +10,9 @@ import { stepIcon } from "../stepIcon.js";
 export function walkPage(app: App, route: Guidance, index: number): Node[] {
   const step = route.steps[index]!;
   const last = route.steps.length - 1;
+  // A button that cannot go on keeps the focus, so it is not really disabled.
   const show = (next: number) => {
+    if (!route.steps[next]) return;
     app.changeUi({ step: next });
     app.announce(route.steps[next]!.text);
   };
@@ -29,13 +31,13 @@ export function walkPage(app: App, route: Guidance, index: number): Node[] {
         { class: "buttons" },
         h(
           "button",
-          { class: "tinted", "data-key": "previous", disabled: index === 0, onclick: () => show(index - 1) },
+          { class: "tinted", "data-key": "previous", "aria-disabled": index === 0 && "true", onclick: () => show(index - 1) },
           icon("back", isRightToLeft),
           app.t("page.walk.previous"),
         ),
         h(
           "button",
-          { class: "filled", "data-key": "next", disabled: index === last, onclick: () => show(index + 1) },
+          { class: "filled", "data-key": "next", "aria-disabled": index === last && "true", onclick: () => show(index + 1) },
           app.t("page.walk.next"),
           icon("forward", isRightToLeft),
         ),

@@ -4,9 +4,14 @@ import { encode } from "uqr";
 
 const svgNamespace = "http://www.w3.org/2000/svg";
 
-/** Makes a picture of a QR code. `name` is read by screen readers in its place. */
-export function qrPicture(text: string, name: string): SVGSVGElement {
-  const { data, size } = encode(text, { ecc: "M", border: 4 });
+/**
+ * Makes a picture of a QR code. `name` is read by screen readers in its place. Returns null if the text is too long
+ * for a code.
+ */
+export function qrPicture(text: string, name: string): SVGSVGElement | null {
+  const code = codeOf(text);
+  if (!code) return null;
+  const { data, size } = code;
   let path = "";
   for (const [y, row] of data.entries())
     for (let x = 0; x < size; ++x) {
@@ -32,4 +37,12 @@ export function qrPicture(text: string, name: string): SVGSVGElement {
     shape("path", { d: path, fill: "#000" }),
   );
   return picture;
+}
+
+function codeOf(text: string) {
+  try {
+    return encode(text, { ecc: "M", border: 4 });
+  } catch {
+    return null;
+  }
 }

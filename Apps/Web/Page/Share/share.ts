@@ -1,6 +1,7 @@
 // Buttons that take what the page shows to another device.
 
 import type { App } from "../app.js";
+import { openDialog } from "../dialog.js";
 import { h } from "../dom.js";
 import { icon } from "../icons.js";
 import { showNotice } from "../notices.js";
@@ -33,30 +34,16 @@ async function shareLink(app: App): Promise<void> {
   }
 }
 
-/** Returns the QR code of a link, with the link as a text, or null if no other device can open it. */
+/** Returns the QR code of a link, with the link as a text, or null if no other device can open it or it is too long. */
 function codeOf(app: App, link: string): HTMLElement | null {
-  if (!isReachable(link)) return null;
-  return h(
-    "figure",
-    { class: "code" },
-    qrPicture(link, app.t("page.share.name", { link })),
-    h("figcaption", {}, app.t("page.share.scan")),
-  );
+  const picture = isReachable(link) ? qrPicture(link, app.t("page.share.name", { link })) : null;
+  return picture && h("figure", { class: "code" }, picture, h("figcaption", {}, app.t("page.share.scan")));
 }
 
 /** Shows a link as a QR code and as a text. */
 export function showCode(app: App, link: string): void {
   const close = h("button", { class: "filled", type: "button" }, app.t("page.close"));
-  const dialog = h(
-    "dialog",
-    { class: "code-dialog", "aria-label": app.t("page.share.code") },
-    codeOf(app, link),
-    h("p", { class: "link", dir: "ltr" }, link),
-    close,
-  );
+  const text = h("p", { class: "link", dir: "ltr" }, link);
+  const dialog = openDialog(app.t("page.share.code"), "code-dialog", codeOf(app, link), text, close);
   close.addEventListener("click", () => dialog.close());
-  dialog.addEventListener("click", (event) => event.target === dialog && dialog.close());
-  dialog.addEventListener("close", () => dialog.remove());
-  document.body.append(dialog);
-  dialog.showModal();
 }

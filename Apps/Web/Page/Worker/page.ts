@@ -28,7 +28,9 @@ async function complete(): Promise<void> {
   const cache = await caches.open(cacheName);
   const stored = new Set((await cache.keys()).map((request) => request.url));
   for (const url of urls().filter((each) => !stored.has(each))) {
-    const response = (await caches.match(url)) ?? (await fetch(url, { cache: "no-cache" }));
+    // HTML pages have the same name in each version, so those of other versions do not count.
+    const former = isPageFile(url) ? await caches.match(url) : undefined;
+    const response = former ?? (await fetch(url, { cache: "no-cache" }));
     if (!response.ok) throw new Error(`${url}: ${response.status}`);
     await cache.put(url, response);
   }
