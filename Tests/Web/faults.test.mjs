@@ -56,6 +56,26 @@ function packageOf({ venue: [venue], ...lists }) {
 
 const problemsOf = (venue) => venue.problems.map(({ collection, kind, status }) => [collection, kind, status]);
 
+test("a load that is canceled at its end leaves no venue", async (context) => {
+  const engine = await Engine.start(readFileSync(path.join(root, "web/dist/core.wasm")));
+  const removed = [];
+  engine.call((core) => {
+    const remove = core._orivantaRemoveVenue;
+    core._orivantaRemoveVenue = (venue) => (removed.push(venue), remove(venue));
+  });
+  const texts = packageOf(records);
+  const controller = new AbortController();
+  const { queueMicrotask } = globalThis;
+  context.after(() => (globalThis.queueMicrotask = queueMicrotask));
+  // Nothing else of this file has run before that might use it.
+  globalThis.queueMicrotask = (report) => queueMicrotask(() => (controller.abort("enough"), report()));
+  const load = engine.load({ slug: "row" }, { ...texts, venue: `[${texts.venue}]` }, undefined, controller.signal);
+  await assert.rejects(load, (error) => error === "enough");
+  await new Promise((resolve) => setTimeout(resolve, 50));
+  assert.equal(removed.length, 1);
+  engine.close();
+});
+
 test("faults of a server", async (context) => {
   const { server, fault, endpoint } = await faultyServer(context);
   const orivanta = await Orivanta.load();
@@ -174,25 +194,6 @@ test("too little memory", async (context) => {
   fault.collection = "";
   for (const venue of [await orivanta.venue("row", { endpoint }), await orivanta.open(texts)])
     assert.equal(venue.nodes.length, nodeCount);
-});
-
-test("a load that is canceled at its end leaves no venue", async (context) => {
-  const engine = await Engine.start(readFileSync(path.join(root, "web/dist/core.wasm")));
-  const removed = [];
-  engine.call((core) => {
-    const remove = core._orivantaRemoveVenue;
-    core._orivantaRemoveVenue = (venue) => (removed.push(venue), remove(venue));
-  });
-  const texts = packageOf(records);
-  const controller = new AbortController();
-  const { queueMicrotask } = globalThis;
-  context.after(() => (globalThis.queueMicrotask = queueMicrotask));
-  globalThis.queueMicrotask = (report) => queueMicrotask(() => (controller.abort("enough"), report()));
-  const load = engine.load({ slug: "row" }, { ...texts, venue: `[${texts.venue}]` }, undefined, controller.signal);
-  await assert.rejects(load, (error) => error === "enough");
-  await new Promise((resolve) => setTimeout(resolve, 50));
-  assert.equal(removed.length, 1);
-  engine.close();
 });
 
 test("a module that stops", async (context) => {
