@@ -108,7 +108,28 @@ test("the element", { timeout: 180_000 }, async (t) => {
       map.language = "ar";
       return loaded;
     });
-    assert.equal(await page.evaluate(() => map.shadowRoot.querySelector("canvas").lang), "ar");
+    const look = () =>
+      page.evaluate(() => {
+        const { lang, dir } = map.shadowRoot.querySelector("[part=floors]");
+        return [map.shadowRoot.querySelector("canvas").lang, lang, dir, getComputedStyle(map).backgroundColor];
+      });
+    assert.deepEqual(await look(), ["ar", "ar", "rtl", "rgb(236, 238, 241)"]);
+    await page.emulateMediaFeatures([{ name: "prefers-color-scheme", value: "dark" }]);
+    assert.equal((await look()).at(-1), "rgb(23, 25, 29)");
+    await page.waitForFunction(() => map.loaded.map.theme === "dark");
+    await page.emulateMediaFeatures([]);
+    const routes = await page.evaluate(async () => {
+      const loaded = nextEvent("load");
+      map.reload();
+      await new Promise((resolve) => setTimeout(resolve));
+      map.to = "popcorn-nebula"; // during the load
+      await loaded;
+      events.length = 0;
+      map.theme = "light";
+      await new Promise((resolve) => setTimeout(resolve));
+      return events.filter(([type]) => type === "route").length;
+    });
+    assert.equal(routes, 0, "the route is planned once");
   });
 
   await t.test("errors are shown, and can be tried again", async () => {
@@ -123,6 +144,37 @@ test("the element", { timeout: 180_000 }, async (t) => {
       return loaded;
     }, server.endpoint);
     assert.equal(await shown("[part=message]"), null);
+  });
+
+  await t.test("a module that stops is reported, and replaced after a click", async () => {
+    await add(usual);
+    const stopped = await page.evaluate(async () => {
+      const failure = nextEvent("error");
+      const { map: view, venue } = map.loaded;
+      const { queueMicrotask } = globalThis;
+      globalThis.queueMicrotask = () => {
+        globalThis.queueMicrotask = queueMicrotask;
+        throw new Error("from the page");
+      };
+      try {
+        view.floor = venue.floors.find((floor) => floor !== view.floor);
+      } catch {
+        // The event of the floor.
+      }
+      const { kind } = await failure;
+      const text = map.shadowRoot.querySelector("[role=alert]").textContent;
+      return [kind, text !== "", map.loaded, map.shadowRoot.querySelector("canvas")];
+    });
+    assert.deepEqual(stopped, ["fatal", true, null, null]);
+    const focused = await page.evaluate(async () => {
+      const loaded = nextEvent("load");
+      const button = map.shadowRoot.querySelector("[part=message] button");
+      button.focus();
+      button.click();
+      await loaded;
+      return map.shadowRoot.activeElement?.localName;
+    });
+    assert.equal(focused, "canvas");
   });
 
   await t.test("removed elements leave nothing that grows", async () => {

@@ -3,7 +3,9 @@
 import assert from "node:assert/strict";
 import { once } from "node:events";
 import { readFileSync } from "node:fs";
+import files from "node:fs/promises";
 import { createServer } from "node:http";
+import { syncBuiltinESMExports } from "node:module";
 import path from "node:path";
 import test from "node:test";
 
@@ -54,6 +56,26 @@ function packageOf({ venue: [venue], ...lists }) {
 
 const problemsOf = (venue) => venue.problems.map(({ collection, kind, status }) => [collection, kind, status]);
 
+test("a load that is canceled at its end leaves no venue", async (context) => {
+  const engine = await Engine.start(readFileSync(path.join(root, "web/dist/core.wasm")));
+  const removed = [];
+  engine.call((core) => {
+    const remove = core._orivantaRemoveVenue;
+    core._orivantaRemoveVenue = (venue) => (removed.push(venue), remove(venue));
+  });
+  const texts = packageOf(records);
+  const controller = new AbortController();
+  const { queueMicrotask } = globalThis;
+  context.after(() => (globalThis.queueMicrotask = queueMicrotask));
+  // Nothing else of this file has run before that might use it.
+  globalThis.queueMicrotask = (report) => queueMicrotask(() => (controller.abort("enough"), report()));
+  const load = engine.load({ slug: "row" }, { ...texts, venue: `[${texts.venue}]` }, undefined, controller.signal);
+  await assert.rejects(load, (error) => error === "enough");
+  await new Promise((resolve) => setTimeout(resolve, 50));
+  assert.equal(removed.length, 1);
+  engine.close();
+});
+
 test("faults of a server", async (context) => {
   const { server, fault, endpoint } = await faultyServer(context);
   const orivanta = await Orivanta.load();
@@ -91,6 +113,17 @@ test("faults of a server", async (context) => {
   await assert.rejects(orivanta.venue("row", { endpoint, username: "me", password: "pé" }), isError("refused", 401));
   assert.equal((await asked)[0].headers.authorization, `Basic ${Buffer.from("me:pé").toString("base64")}`);
 
+  // The account of a list of venues is for its server.
+  const other = await faultyServer(context);
+  await assert.rejects(orivanta.venues({ endpoint, username: "me", password: "p" }), isError("refused", 401));
+  for (const [each, isSent] of [[other, false], [{ server, endpoint }, true]]) {
+    const next = once(each.server, "request");
+    await orivanta.venue("row", { endpoint: each.endpoint }).catch(() => {});
+    const account = (await next)[0].headers.authorization;
+    assert.equal(account, `Basic ${Buffer.from(isSent ? "me:p" : ":").toString("base64")}`);
+  }
+  await assert.rejects(orivanta.open({ ...packageOf(records), venue: "<" }), isError("unusable"));
+
   fault.collection = "";
   const venue = await orivanta.venue("row", { endpoint });
   assert.equal(venue.route(venue.placeNamed("first"), venue.placeNamed("last")).nodes.length, nodeCount);
@@ -127,6 +160,16 @@ test("cancellation", { timeout: 60_000 }, async (context) => {
   controller.abort();
   assert.equal(venue.nodes.length, nodeCount, "the load had ended");
   await assert.rejects(orivanta.venues({ endpoint, signal: controller.signal }), { name: "AbortError" });
+
+  // An abort when the venue is there, but the file of the language is not.
+  const { readFile } = files;
+  context.after(() => ((files.readFile = readFile), syncBuiltinESMExports()));
+  files.readFile = () => new Promise(() => {});
+  syncBuiltinESMExports();
+  const late = new AbortController();
+  const load = orivanta.venue("row", { endpoint, languages: "de", signal: late.signal });
+  setTimeout(() => late.abort("enough"), 200);
+  await assert.rejects(load, (error) => error === "enough");
 
   Object.assign(fault, { collection: "node", answer: () => orivanta.destroy() });
   await assert.rejects(orivanta.venue("row", { endpoint }), isError("fatal"));

@@ -347,7 +347,14 @@ test("two maps at once, and faults", { timeout: 400_000 }, async () => {
     HTMLCanvasElement.prototype.getContext = () => null;
     found.push(await kind());
     HTMLCanvasElement.prototype.getContext = getContext;
-    return [...found, await kind()];
+    found.push(await kind());
+    const drawn = document.createElement("canvas");
+    drawn.getContext("2d");
+    found.push(await tests.venue.show(drawn).then(() => "", (error) => error.kind));
+    const waiting = kind();
+    tests.orivanta.destroy();
+    found.push(await waiting);
+    return [...found, document.querySelectorAll("#map canvas").length];
   });
-  assert.deepEqual(faults, ["noAnswer", "unsupported", "noAnswer"]);
+  assert.deepEqual(faults, ["noAnswer", "unsupported", "noAnswer", "invalid", "fatal", 0]);
 });
