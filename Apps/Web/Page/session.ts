@@ -68,6 +68,7 @@ export class Session {
     if (language !== app.settings.choices.language) return;
     if (texts) {
       app.texts = texts;
+      app.changed();
       return this.reload();
     }
     showNotice(app.t("page.notLoaded"), { seconds: 8 });
