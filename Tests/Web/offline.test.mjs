@@ -79,6 +79,7 @@ test("the page without a connection", { timeout: 240_000 }, async (t) => {
     t.after(() => Promise.all([guard.stop(), guarded.stop(), visitor.close()]));
     visitor.expect(/Failed to load resource/, /net::ERR/);
     await visitor.page.goto(guard.origin);
+    await visitor.page.waitForSelector("[name=username]");
     await visitor.page.type("[name=username]", "guest");
     await visitor.page.type("[name=password]", "secret");
     await visitor.page.keyboard.press("Enter");

@@ -11,6 +11,7 @@ test("a visitor finds a place and a route to it", async (t) => {
   const tab = await openVenue(t, "");
   const { page } = tab;
   assert.equal(await page.title(), "Astrolabe Court");
+  assert.equal(await page.evaluate(() => history.length), 2); // nothing before the only venue
   await tab.waitForText(".tile", "Toilets");
   assert.ok((await tab.texts(".tile")).includes("Shops68"));
   assert.ok((await page.$$(".floor")).length === 5);
@@ -93,6 +94,13 @@ test("stops, nearest places and the map", async (t) => {
   await tab.clickText("[aria-label='All floors']", "");
   await page.waitForSelector("[aria-label='All floors'][aria-pressed=true]");
   await accessible(tab, "map");
+  await page.evaluate(() => {
+    globalThis.context = document.querySelector(".map canvas").getContext("webgl2").getExtension("WEBGL_lose_context");
+    context.loseContext();
+  });
+  await page.waitForSelector(".veil progress");
+  await page.evaluate(() => context.restoreContext());
+  await mapIsShown(tab);
 });
 
 test("everything by keyboard", async (t) => {

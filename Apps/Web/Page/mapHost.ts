@@ -11,6 +11,7 @@ import { MapVeil } from "./mapVeil.js";
 import { shownRoute } from "./Panels/route.js";
 import { ShownFloor } from "./shownFloor.js";
 
+const hereShare = 0.7; // of the usual first view, which a kiosk shows of its surroundings
 const contextPause = 5_000; // milliseconds until lost graphics are reported
 
 /** The map, or a text in its place while there is none. */
@@ -69,13 +70,13 @@ export class MapHost {
     if (this.view) this.#showFirstView(this.view, here);
   }
 
-  // A kiosk is in the middle of it, at the usual scale.
+  // A kiosk is in the middle of it.
   #showFirstView(view: MapView, here: VisitorPosition | null): void {
     view.showFirstView({ animated: false });
     if (!here) return;
     const { clientWidth, clientHeight } = this.element;
     const { top = 0, right = 0, bottom = 0, left = 0 } = view.insets;
-    const radius = Math.min(clientWidth - left - right, clientHeight - top - bottom) / 2 / view.pixelsPerUnit;
+    const radius = hereShare * Math.min(clientWidth - left - right, clientHeight - top - bottom) / 2 / view.pixelsPerUnit;
     const [x, y, z] = here.position;
     view.fit([[x - radius, y - radius, z], [x + radius, y + radius, z]], { animated: false });
   }
@@ -120,7 +121,6 @@ export class MapHost {
       this.view = view;
       this.#floor = new ShownFloor(this.#app, venue, view, floor, () => this.#floorChanged(view));
       this.#listen(view);
-      view.position = here;
       this.#veil.end();
       this.#changeInsets();
       this.#showFirstView(view, here);
@@ -139,7 +139,7 @@ export class MapHost {
     view.on("problem", ({ kind, text }) => {
       if (kind === "context") this.#contextLost(view, text);
     });
-    view.on("ready", () => this.#veil.end());
+    view.canvas.addEventListener("webglcontextrestored", () => this.#veil.end());
   }
 
   #floorChanged(view: MapView): void {
@@ -215,7 +215,7 @@ export class MapHost {
     const step = route ? ui.step : null;
     if (step === this.#step && !(isNew && step !== null)) return;
     this.#step = step;
-    if (!route || step === null) view.position = this.#here();
+    if (step === null) view.position = null;
     if (!route) return;
     if (step !== null) view.showStep(step);
     view.showProgress(step === null ? null : (route.steps[step]?.node ?? null));
