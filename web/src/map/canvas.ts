@@ -11,22 +11,26 @@ export interface CanvasUser {
 /** Draws a map when it has changed, once for each picture of the screen. */
 export class MapCanvas {
   readonly element: HTMLCanvasElement;
-  readonly #user: CanvasUser;
+  #user: CanvasUser | null = null;
   readonly #isOwn: boolean;
   readonly #ending = new AbortController();
-  readonly #sizes: ResizeObserver;
+  readonly #sizes = new ResizeObserver(() => this.requestFrame());
   #frame = 0;
   #isLost = false;
 
-  constructor(target: HTMLElement, user: CanvasUser) {
-    this.#user = user;
+  /** `target`: the canvas, or the element to which one is added. */
+  constructor(target: HTMLElement) {
     this.#isOwn = !(target instanceof HTMLCanvasElement);
     this.element = this.#isOwn ? document.createElement("canvas") : (target as HTMLCanvasElement);
     if (this.#isOwn) {
       this.element.style.cssText = "display:block;width:100%;height:100%";
       target.append(this.element);
     }
-    this.#sizes = new ResizeObserver(() => this.requestFrame());
+  }
+
+  /** Begins to draw, and to tell about the context. */
+  start(user: CanvasUser): void {
+    this.#user = user;
     this.#sizes.observe(this.element);
     const { signal } = this.#ending;
     this.element.addEventListener("webglcontextlost", (event) => (event.preventDefault(), this.#lose()), { signal });
@@ -54,7 +58,7 @@ export class MapCanvas {
       element.width = width; // also makes the canvas empty
       element.height = height;
     }
-    this.#user.draw(width / scale, height / scale, scale, time / 1000);
+    this.#user?.draw(width / scale, height / scale, scale, time / 1000);
   }
 
   /** Ends the drawing. Removes the canvas if it was added to an element. */
@@ -70,12 +74,12 @@ export class MapCanvas {
 
   #lose(): void {
     this.#isLost = true;
-    this.#user.contextChanged(false);
+    this.#user?.contextChanged(false);
   }
 
   #restore(): void {
     this.#isLost = false;
-    this.#user.contextChanged(true);
+    this.#user?.contextChanged(true);
     this.requestFrame();
   }
 }
