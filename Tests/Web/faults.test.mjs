@@ -164,6 +164,7 @@ test("cancellation", { timeout: 60_000 }, async (context) => {
   await assert.rejects(orivanta.venues({ endpoint, signal: controller.signal }), { name: "AbortError" });
 
   // An abort when the venue is there, but the file of the language is not.
+  const other = await Orivanta.load();
   const { readFile } = files;
   context.after(() => ((files.readFile = readFile), syncBuiltinESMExports()));
   files.readFile = () => new Promise(() => {});
@@ -172,7 +173,6 @@ test("cancellation", { timeout: 60_000 }, async (context) => {
   const load = orivanta.venue("row", { endpoint, languages: "de", signal: late.signal });
   setTimeout(() => late.abort("enough"), 200);
   await assert.rejects(load, (error) => error === "enough");
-  const other = await Orivanta.load();
   setTimeout(() => other.destroy(), 200);
   await assert.rejects(other.venue("row", { endpoint, languages: "de" }), isError("fatal"));
 
