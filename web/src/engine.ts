@@ -7,7 +7,7 @@ import type { MapEvent } from "./map/reports.js";
 import { graphics } from "./platform/graphics.js";
 import { Network } from "./platform/network.js";
 import { CanvasTable } from "./platform/surfaces.js";
-import { turnRequest } from "./turns.js";
+import { Turns } from "./turns.js";
 import { compiled, type WasmSource } from "./wasm.js";
 
 /** Receives what a map of the module reports. */
@@ -35,12 +35,17 @@ export class Engine {
   /** The loads of venues and lists. */
   readonly loads = new Loads(this);
 
+  /** The turns in which the module works. */
+  readonly turns: Turns;
+
   #core!: Core;
   #fatal: OrivantaError | null = null;
   #lastLine = "";
   readonly #ending = new AbortController(); // aborted by `close`, and when the module stops
 
-  private constructor() {}
+  private constructor() {
+    this.turns = new Turns(() => this.#enter((core) => core._orivantaRunTurn()), this.#ending.signal);
+  }
 
   /** Compiles and starts the module. */
   static async start(source: WasmSource): Promise<Engine> {
@@ -77,7 +82,7 @@ export class Engine {
   #platform(): Platform {
     const engine = this;
     return {
-      requestTurn: turnRequest(() => this.#enter((core) => core._orivantaRunTurn()), this.#ending.signal),
+      requestTurn: () => this.turns.request(),
       loadProgressed: (load, ...counts) => this.loads.progressed(load, counts),
       loadEnded: (load, text, length) => this.loads.ended(load, this.#read(text, length)),
       graphics,
@@ -202,6 +207,7 @@ export class Engine {
   #end(error: OrivantaError): void {
     this.#ending.abort();
     this.loads.fail(error);
+    this.canvases.clear();
     for (const map of [...this.maps.values()]) map.stopped(error);
   }
 }

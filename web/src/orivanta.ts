@@ -160,6 +160,14 @@ export class Orivanta {
     return this.#opened(report, slug);
   }
 
+  /**
+   * Makes the graphics of the next map ready, if the browser supports WebGL 2. Call it before a venue is loaded that
+   * will be shown: the browser needs some time for this. The next map that adds a canvas to an element uses them.
+   */
+  prepareMap(): void {
+    this.#engine.canvases.prepare();
+  }
+
   /** Ends the instance and its maps. Every later call throws. */
   destroy(): void {
     this.#engine.close();

@@ -18,7 +18,10 @@ void setFloor(MapHost& map, const json::value& value) {
   if (const auto floor = floorOf(map.venue(), value)) map.floors().show(floor);
 }
 
-void setStacked(MapHost& map, const json::value& value) { map.style().setStacked(isTrue(value)); }
+void setStacked(MapHost& map, const json::value& value) {
+  if (isTrue(value)) map.loadOtherFloors();
+  map.style().setStacked(isTrue(value));
+}
 
 void reload(MapHost& map, const json::value& /*value*/) { map.load(map.view().currentMap()); }
 

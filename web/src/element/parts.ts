@@ -1,5 +1,6 @@
 // What an element shows: the canvas, the floors, and a text with a button in place of the map.
 
+import { releaseContext } from "../platform/surfaces.js";
 import { css } from "./style.js";
 
 const hintMilliseconds = 2000;
@@ -95,6 +96,7 @@ export class Parts {
   removeCanvas(): void {
     const focused = this.#root.activeElement;
     this.#hadFocus = focused !== null && (focused === this.#canvas || this.#floors.contains(focused));
+    if (this.#canvas) releaseContext(this.#canvas);
     this.#canvas?.remove();
     this.#canvas = null;
     this.#floors.hidden = this.#note.hidden = true;

@@ -1,5 +1,7 @@
 // The canvas of a map: its size, its frames, and its context, which the browser may take away.
 
+import { releaseContext } from "../platform/surfaces.js";
+
 /** What the canvas asks of the map. */
 export interface CanvasUser {
   /** Draws a frame. The size is in CSS pixels, `scale` in pixels per CSS pixel, the time in seconds. */
@@ -18,10 +20,10 @@ export class MapCanvas {
   #frame = 0;
   #isLost = false;
 
-  /** `target`: the canvas, or the element to which one is added. */
-  constructor(target: HTMLElement) {
+  /** `target`: the canvas, or the element to which that of `make` is added. */
+  constructor(target: HTMLElement, make: () => HTMLCanvasElement) {
     this.#isOwn = !(target instanceof HTMLCanvasElement);
-    this.element = this.#isOwn ? document.createElement("canvas") : (target as HTMLCanvasElement);
+    this.element = this.#isOwn ? make() : (target as HTMLCanvasElement);
     if (this.#isOwn) {
       this.element.style.cssText = "display:block;width:100%;height:100%";
       target.append(this.element);
@@ -67,8 +69,7 @@ export class MapCanvas {
     this.#sizes.disconnect();
     cancelAnimationFrame(this.#frame);
     if (!this.#isOwn) return;
-    // Browsers allow few contexts at once, and take one back only when its canvas is collected.
-    this.element.getContext("webgl2")?.getExtension("WEBGL_lose_context")?.loseContext();
+    releaseContext(this.element);
     this.element.remove();
   }
 

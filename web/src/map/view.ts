@@ -42,7 +42,7 @@ export class MapView extends RouteFunctions {
   constructor({ engine, venue, venueNumber, target, options, destroyed }: MapParts) {
     const { floor, signal, cooperative = false, ...look } = options;
     signal?.throwIfAborted();
-    const canvas = new MapCanvas(target);
+    const canvas = new MapCanvas(target, () => engine.canvases.take());
     super(new MapModule(engine, canvas.element), venue);
     this.#canvas = canvas;
     this.canvas = canvas.element;
@@ -53,7 +53,10 @@ export class MapView extends RouteFunctions {
     try {
       this.module.open(venueNumber);
       canvas.start({
-        draw: (...frame) => this.module.enter((core, map) => core._orivantaMapFrame(map, ...frame)),
+        draw: (...frame) => {
+          this.module.enter((core, map) => core._orivantaMapFrame(map, ...frame));
+          engine.turns.release();
+        },
         contextChanged: (isThere) => this.#contextChanged(isThere),
       });
       signal?.addEventListener("abort", () => this.#fail(signal.reason), { signal: this.module.ended });
@@ -159,6 +162,9 @@ export class MapView extends RouteFunctions {
     if (event.type === "loaded") {
       this.#settle?.loaded();
       this.#settle = null;
+      // The first frame is drawn before names are placed and other floors are read.
+      this.#canvas.requestFrame();
+      this.module.engine.turns.hold();
       return;
     }
     this.#handlers.report(event);
