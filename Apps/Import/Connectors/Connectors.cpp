@@ -98,10 +98,15 @@ class ConnectorMaker {
     }
   }
 
-  // The spot on the level of a path that is joined to it, if nothing is near it on its own.
+  // The spot on the level of a path that is joined to it, if nothing is near it on its own. Of
+  // several such spots, nobody knows which one is meant.
   Spot settled(const ConnectorHint& hint, const Spot& stated) {
-    const double level =
-        settledLevel({hint.kind, hint.source, hint.source, stated}, surroundings_, findings_);
+    const PathsByLevel& paths = surroundings_.pathsAt(hint.source);
+    const auto contradicted =
+        std::count_if(hint.spots.begin(), hint.spots.end(),
+                      [&](const Spot& spot) { return !paths.contains(spot.level); });
+    const double level = settledLevel(
+        {hint.kind, hint.source, hint.source, stated, contradicted == 1}, surroundings_, findings_);
     const bool isTaken = std::any_of(hint.spots.begin(), hint.spots.end(),
                                      [&](const Spot& other) { return other.level == level; });
     return isTaken ? stated : Spot{level, stated.position};

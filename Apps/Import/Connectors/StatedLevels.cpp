@@ -46,7 +46,8 @@ double settledLevel(const StatedEnd& end, const Surroundings& surroundings, Find
       *std::min_element(paths.begin(), paths.end(), [&](const auto& a, const auto& b) {
         return std::abs(a.first - stated) < std::abs(b.first - stated);
       });
-  const bool isLost = surroundings.distance(stated, end.spot.position) >= nothingNear;
+  const bool isLost =
+      end.mayMove && surroundings.distance(stated, end.spot.position) >= nothingNear;
   const double level = isLost ? nearest.first : stated;
   reportContradiction(end, nearest, level, findings);
   return level;

@@ -14,11 +14,12 @@ struct StatedEnd {
   std::string source;  ///< the identifier of the connector
   std::string point;   ///< the identifier of the point at the end; may be empty
   Spot spot;
+  bool mayMove = true;
 };
 
 /// Returns the level on which a connector ends: the stated one, or that of a path joined to the end
-/// if nothing to walk on is near it on the stated one. Reports ends that lie on the level of none
-/// of the paths joined to them (`connector-level-contradicted`).
+/// if it may move, and nothing to walk on is near it on the stated one. Reports ends that lie on
+/// the level of none of the paths joined to them (`connector-level-contradicted`).
 double settledLevel(const StatedEnd& end, const Surroundings& surroundings, Findings& findings);
 
 }  // namespace orivanta::importer
