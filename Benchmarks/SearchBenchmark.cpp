@@ -50,5 +50,17 @@ void keyPress(benchmark::State& state) {
 }
 BENCHMARK(keyPress)->Name("Search.key/2000")->UseManualTime()->Iterations(2000);
 
+void emptyText(benchmark::State& state) {
+  const PlaceSearch search(makePlaces());
+  for (auto _ : state) benchmark::DoNotOptimize(search.find(""));
+}
+BENCHMARK(emptyText)->Name("Search.empty/2000");
+
+void indexing(benchmark::State& state) {
+  const auto places = makePlaces();
+  for (auto _ : state) benchmark::DoNotOptimize(PlaceSearch(places));
+}
+BENCHMARK(indexing)->Name("Search.index/2000");
+
 }  // namespace
 }  // namespace orivanta::benchmarks

@@ -21,21 +21,28 @@ if(NOT CMAKE_SCRIPT_MODE_FILE)
   endfunction()
 
   function(orivanta_languages target folder identifier function)
+    orivanta_message_files(files ${folder} ${CMAKE_CURRENT_BINARY_DIR})
+    orivanta_embed(${target} ${identifier} ${function} ${files})
+  endfunction()
+
+  # orivanta_message_files(files folder output): checks and compiles the message files of a folder to another
+  # folder, and sets `files` to the results.
+  function(orivanta_message_files files folder output)
     find_program(ORIVANTA_MSGFMT msgfmt REQUIRED NO_CMAKE_FIND_ROOT_PATH)
     file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.po)
-    set(files)
+    set(results)
     foreach(source IN LISTS sources)
       get_filename_component(language ${source} NAME_WE)
-      set(file ${CMAKE_CURRENT_BINARY_DIR}/${language}.mo)
+      set(file ${output}/${language}.mo)
       add_custom_command(
         OUTPUT ${file}
         COMMAND ${ORIVANTA_MSGFMT} --check --no-hash --endianness=little -o ${file} ${source}
         DEPENDS ${source}
         COMMENT "Compiling the messages of ${language}"
         VERBATIM)
-      list(APPEND files ${file})
+      list(APPEND results ${file})
     endforeach()
-    orivanta_embed(${target} ${identifier} ${function} ${files})
+    set(${files} ${results} PARENT_SCOPE)
   endfunction()
 
   # orivanta_embed(target identifier function files...)

@@ -21,14 +21,16 @@ function(orivanta_headers_of target)
 endfunction()
 orivanta_headers_of(Boost::headers)
 orivanta_headers_of(FastFloat::fast_float)
-orivanta_headers_of(fmt::fmt FMT_HEADER_ONLY)
+# Nothing formats with a locale, nor floats, long doubles or integers of 128 bits. Their code is large.
+orivanta_headers_of(fmt::fmt FMT_HEADER_ONLY FMT_STATIC_THOUSANDS_SEPARATOR=44 FMT_USE_FLOAT=0
+                    FMT_USE_LONG_DOUBLE=0 FMT_USE_INT128=0)
 orivanta_headers_of(glm::glm)
 orivanta_headers_of(tl::expected)
 orivanta_headers_of(tsl::ordered_map)
 
 # Boost.JSON as a single unit, without shared libraries.
-file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/BoostJson.cpp CONTENT "#include <boost/json/src.hpp>\n")
-add_library(orivanta_boost_json STATIC ${PROJECT_BINARY_DIR}/BoostJson.cpp)
+add_library(orivanta_boost_json STATIC ${PROJECT_SOURCE_DIR}/Platform/Foundation/Browser/BoostJson.cpp)
+target_link_libraries(orivanta_boost_json PRIVATE fmt::fmt)
 target_include_directories(orivanta_boost_json SYSTEM PUBLIC ${headers})
 add_library(Boost::json ALIAS orivanta_boost_json)
 

@@ -7,6 +7,8 @@
 #include <map>
 #include <string_view>
 
+#include "Apps/Server/ContentPolicies.hpp"
+
 namespace orivanta::publish {
 
 namespace {
@@ -110,6 +112,9 @@ std::string nginxMaps(const std::vector<PublishedVenue>& venues,
     folders += fmt::format("  \"~^{}$\" \"{}/${}\";\n", escapedForRegex(venue.slug), venue.slug,
                            entry->second);
   }
+  // A header without a value is not sent.
+  text += fmt::format("map $uri $orivanta_file_policy {{\n  \"~*\\.svg$\" \"{}\";\n}}\n",
+                      server::picturePolicy);
   return text + folders + "}\n";
 }
 
@@ -136,7 +141,9 @@ location ~ ^{2}/1/(?<orivanta_collection>map|location|category|node|vortex|polyg
   try_files /$orivanta_venue/1/$orivanta_collection =404;
 }}
 location ~ ^{2}(?<orivanta_file>/(?:{3})/.+)$ {{
-{1}  types {{
+{1}  add_header Content-Security-Policy $orivanta_file_policy always;
+  add_header X-Content-Type-Options nosniff always;
+  types {{
     application/json json;
     model/obj obj;
     model/mtl mtl;
@@ -152,6 +159,32 @@ location ~ ^{2}(?<orivanta_file>/(?:{3})/.+)$ {{
 }}
 )",
       path, common, escapedForRegex(path), fmt::join(folders, "|"));
+}
+
+std::string nginxPage() {
+  return fmt::format(
+      R"(# Written by `orivanta publish`. Include it in a location for the folder of the web page.
+index index.html;
+gzip_static on;
+gzip_vary on;
+types {{
+  text/html html;
+  text/javascript js mjs;
+  text/css css;
+  application/wasm wasm;
+  application/manifest+json webmanifest;
+  application/json json map;
+  image/svg+xml svg;
+  image/png png;
+  image/x-icon ico;
+  font/woff2 woff2;
+}}
+default_type application/octet-stream;
+add_header Cache-Control no-cache;
+add_header Content-Security-Policy "{}" always;
+add_header X-Content-Type-Options nosniff always;
+)",
+      server::pagePolicy);
 }
 
 }  // namespace orivanta::publish

@@ -27,4 +27,8 @@ std::string nginxMaps(const std::vector<PublishedVenue>& venues,
 std::string nginxLocations(const std::vector<PublishedVenue>& venues, const std::string& path,
                            const server::CrossOrigin& crossOrigin);
 
+/// Returns the part for a `location` block of the web page: types of files and the headers that
+/// `serve` sends, except that browsers ask for every file whether it has changed.
+std::string nginxPage();
+
 }  // namespace orivanta::publish

@@ -203,6 +203,7 @@ Publication publishVenues(const std::vector<PackagePointer>& packages, const fs:
   const auto languages = writer.writeList(set.venues);
   replaced.write("nginx/maps.conf", nginxMaps(writer.result.venues, languages, crossOrigin));
   replaced.write("nginx/locations.conf", nginxLocations(writer.result.venues, path, crossOrigin));
+  replaced.write("nginx/page.conf", nginxPage());
   replaced.commit();
   return std::move(writer.result);
 }

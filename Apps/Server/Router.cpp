@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "Apps/Server/ContentNegotiation.hpp"
+#include "Apps/Server/ContentPolicies.hpp"
 #include "Apps/Server/FileResponse.hpp"
 #include "Apps/Server/Gzip.hpp"
 #include "Apps/Server/Paging.hpp"
@@ -20,8 +21,6 @@ namespace {
 constexpr std::size_t cacheBytes = 64U << 20U;
 // Slow clients could otherwise hold one page per connection.
 constexpr std::size_t mostBytesInUse = 256U << 20U;
-constexpr std::string_view picturePolicy =
-    "default-src 'none'; style-src 'unsafe-inline'; img-src data:; sandbox";
 
 // The client's languages that the collection has, best first.
 std::vector<RecordCollection::Language> preferredLanguages(const Request& request,
@@ -185,7 +184,6 @@ Response Router::file(const Request& request, const Target& target, const Packag
   if (!opened) return errorResponse(404, "The file does not exist.");
   const MediaType type = mediaTypeOf(segments.back());
   Response response = fileResponse(request, std::move(*opened), type, cache_);
-  // Opened by itself, such a picture could run scripts with the rights of the web page.
   if (type.name == "image/svg+xml") response.setHeader("Content-Security-Policy", picturePolicy);
   return response;
 }

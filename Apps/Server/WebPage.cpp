@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "Apps/Server/ContentNegotiation.hpp"
+#include "Apps/Server/ContentPolicies.hpp"
 #include "Apps/Server/FileResponse.hpp"
 
 namespace orivanta::server {
@@ -19,12 +20,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Scripts and WebAssembly come only from the page's own files. Pictures and models may be on any
-// host, because the records of a venue may name any URL.
-constexpr std::string_view pagePolicy =
-    "default-src 'self'; script-src 'self' 'wasm-unsafe-eval'; style-src 'self' 'unsafe-inline'; "
-    "img-src * data: blob:; connect-src * data: blob:; font-src 'self' data:; "
-    "worker-src 'self' blob:; object-src 'none'; base-uri 'none'; form-action 'self'";
 constexpr std::string_view hintPolicy = "default-src 'none'; style-src 'unsafe-inline'";
 
 // {0} is the origin of the API.
@@ -33,7 +28,11 @@ constexpr std::string_view hintText =
 
   {0}/1/venue    lists the venues
 
-There is no web page here. A folder with an index.html is served at this address with:
+There is no web page here. In the source tree, this command builds the page and serves it:
+
+  ./demo web
+
+Another folder with an index.html is served at this address with:
 
   orivanta serve --web FOLDER
 )";
@@ -48,14 +47,14 @@ constexpr std::string_view hintPage = R"(<!DOCTYPE html>
 </style>
 <h1>Orivanta venue server</h1>
 <p>The root of the web API is <code>{0}/1/</code>. <a href="1/venue">/1/venue</a> lists the venues.</p>
-<p>There is no web page here. A folder with an <code>index.html</code> is served at this address with
-<code>orivanta serve --web FOLDER</code>.</p>
+<p>There is no web page here. In the source tree, <code>./demo web</code> builds the page and serves it. Another
+folder with an <code>index.html</code> is served at this address with <code>orivanta serve --web FOLDER</code>.</p>
 </html>
 )";
 
 // Types that packages do not have: a browser must not run what a package contains.
 MediaType pageMediaTypeOf(std::string_view fileName) {
-  static constexpr std::array<std::pair<std::string_view, MediaType>, 11> rows = {{
+  static constexpr std::array<std::pair<std::string_view, MediaType>, 12> rows = {{
       {".html", {"text/html; charset=utf-8", true}},
       {".js", {"text/javascript; charset=utf-8", true}},
       {".mjs", {"text/javascript; charset=utf-8", true}},
@@ -63,6 +62,7 @@ MediaType pageMediaTypeOf(std::string_view fileName) {
       {".wasm", {"application/wasm", true}},
       {".webmanifest", {"application/manifest+json", true}},
       {".map", {"application/json", true}},
+      {".mo", {"application/octet-stream", true}},
       {".woff2", {"font/woff2", false}},
       {".ttf", {"font/ttf", true}},
       {".otf", {"font/otf", true}},

@@ -6,6 +6,7 @@
 #include <utility>
 #include <variant>
 
+#include "Apps/Viewer/RouteTitles.hpp"
 #include "Source/Guidance/FloorVisits.hpp"
 #include "Source/Location.hpp"
 
@@ -93,6 +94,10 @@ GuidedPlan GuideWorker::answer(const Request& request,
   for (auto& itinerary : found.itineraries) {
     if (token.isCanceled()) return plan;
     plan.routes.push_back(describe(std::move(itinerary), token));
+  }
+  if (guide_) {
+    auto titles = routeTitles(plan.routes, *guide_, texts_);
+    for (std::size_t i = 0; i < titles.size(); ++i) plan.routes[i].title = std::move(titles[i]);
   }
   plan.problem = found.problem;
   if (plan.problem)

@@ -17,6 +17,7 @@ struct GuidedRoute {
   std::vector<guidance::Step> steps;
   std::vector<std::string> texts;            ///< one for each step
   std::string summary;                       ///< such as "160 m, 3 min"
+  std::string title;                         ///< the summary and, if necessary, what is special
   std::string warning;                       ///< which stops are closed at the arrival; or empty
   NodeList path;                             ///< at least one node
   std::vector<std::shared_ptr<Map>> floors;  ///< on which it has a length, without duplicates

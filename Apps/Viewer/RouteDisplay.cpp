@@ -6,7 +6,6 @@
 
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
-#include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/ScenePosition.hpp"
 #include "Source/Venue.hpp"
@@ -62,13 +61,13 @@ void RouteDisplay::clear() {
 
 std::shared_ptr<Map> RouteDisplay::wantedFloor() const { return wanted_ ? wanted_->map : nullptr; }
 
-void RouteDisplay::frame() {
+void RouteDisplay::frame(CameraMotion motion) {
+  if (!overlay_) return;
   const FloorVisit* visit = overlay_->visitWith(*wanted_);
   if (visit == nullptr || visit->floor != mapView_->currentMap())
     visit = overlay_->firstVisitTo(*mapView_->currentMap());
   if (visit != nullptr)
-    mapView_->camera().frame(overlay_->pointsOf(*visit), aroundRoute(*mapView_),
-                             CameraMotion::glide);
+    mapView_->camera().frame(overlay_->pointsOf(*visit), aroundRoute(*mapView_), motion);
 }
 
 void RouteDisplay::markStep(const GuidedRoute& route, std::size_t index) {
@@ -77,11 +76,11 @@ void RouteDisplay::markStep(const GuidedRoute& route, std::size_t index) {
   mapView_->style()->setPosition(MapPosition{wanted_->map, at.x, at.y, at.z});
 }
 
-void RouteDisplay::frameStep(const GuidedRoute& route, std::size_t index) {
+void RouteDisplay::frameStep(const GuidedRoute& route, std::size_t index, CameraMotion motion) {
   if (mapView_->currentMap() != wantedFloor()) return;  // not loaded yet
   std::vector<graphics::Vector3> points;
   for (const auto& node : nodesOf(route, index)) points.push_back(scenePosition(*node));
-  mapView_->camera().frame(points, aroundRoute(*mapView_), CameraMotion::glide);
+  mapView_->camera().frame(points, aroundRoute(*mapView_), motion);
 }
 
 void RouteDisplay::setPassed(const Map& floor, graphics::Vector3 position) {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "Apps/Viewer/GuidedRoute.hpp"
+#include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/RouteOverlay.hpp"
 #include "Source/UI/MapView.hpp"
 
@@ -34,13 +35,13 @@ class RouteDisplay {
   std::shared_ptr<Map> wantedFloor() const;
 
   /// Frames the wanted part of the route, or else the first part on the current floor.
-  void frame();
+  void frame(CameraMotion motion);
 
   /// Shows the position where an instruction begins, which becomes the wanted part.
   void markStep(const GuidedRoute& route, std::size_t index);
 
   /// Frames the walk from an instruction to the next one, if its floor is shown.
-  void frameStep(const GuidedRoute& route, std::size_t index);
+  void frameStep(const GuidedRoute& route, std::size_t index, CameraMotion motion);
 
   /// Shows the part of the route up to a position as passed, see `RouteOverlay::setPassed`.
   void setPassed(const Map& floor, graphics::Vector3 position);

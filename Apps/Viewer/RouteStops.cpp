@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "Apps/Viewer/ShownName.hpp"
+#include "Apps/Viewer/Content/ShownName.hpp"
 #include "Source/Guidance/LabelName.hpp"
 #include "Source/Location.hpp"
 

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "Apps/Viewer/NearestChoices.hpp"
+#include "Apps/Viewer/Content/NearestChoices.hpp"
 #include "Apps/Viewer/StopNames.hpp"
 #include "Source/Guidance/InterfaceTexts.hpp"
 #include "Source/Guidance/Request.hpp"

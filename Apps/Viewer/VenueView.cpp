@@ -44,6 +44,7 @@ VenueView::VenueView(std::shared_ptr<Venue> venue, const guidance::InterfaceText
       theme_(options.theme ? options.theme : MapTheme::light()),
       mapView_(MapView::make()),
       style_(MapStyle::make(theme_)),
+      kept_(mapView_->camera()),
       session_(venue_, texts, clock_),
       display_(mapView_),
       walk_(mapView_),
@@ -69,17 +70,21 @@ void VenueView::arrange(graphics::Size size, double scale) {
   const bool isResized = !(size == bounds().size);
   const bool isRescaled = std::exchange(scale_, scale) != scale;
   setFrame({{0, 0}, size});
-  scaleMapTexts();
+  applyLook();
   resizeMap(isResized);
   arrangePanels();
   if (isLoaded_ && (isResized || isRescaled)) showAnew();
 }
 
-// The texts on the map are as large as those of the interface.
-void VenueView::scaleMapTexts() {
-  const double scale = theme::look().textScale;
-  if (std::exchange(textScale_, scale) == scale) return;
-  style_->setTheme(std::make_shared<const MapTheme>(theme_->withTextScale(scale)));
+// The map has the contrast of the interface, and texts that are as large.
+void VenueView::applyLook() {
+  const theme::Look& look = theme::look();
+  const bool isSame =
+      look.textScale == look_.textScale && look.hasHighContrast == look_.hasHighContrast;
+  look_ = look;
+  if (isSame) return;
+  const MapTheme theme = look.hasHighContrast ? theme_->withHighContrast() : *theme_;
+  style_->setTheme(std::make_shared<const MapTheme>(theme.withTextScale(look.textScale)));
 }
 
 void VenueView::resizeMap(bool overlayToo) {
@@ -92,7 +97,7 @@ void VenueView::resizeMap(bool overlayToo) {
 void VenueView::showAnew() {
   display_.redraw(scale_);
   floorShown();
-  camera().setPose(camera().pose());
+  if (!kept_.showAgain()) camera().setPose(camera().pose());
 }
 
 void VenueView::arrangePanels() {

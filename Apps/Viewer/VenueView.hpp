@@ -8,11 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "Apps/Viewer/KeptView.hpp"
 #include "Apps/Viewer/Keys.hpp"
 #include "Apps/Viewer/Panels/FloorHint.hpp"
 #include "Apps/Viewer/PictureFetch.hpp"
 #include "Apps/Viewer/RouteDisplay.hpp"
 #include "Apps/Viewer/RouteSession.hpp"
+#include "Apps/Viewer/Theme.hpp"
 #include "Apps/Viewer/VenuePanels.hpp"
 #include "Apps/Viewer/VenueSource.hpp"
 #include "Apps/Viewer/WalkDisplay.hpp"
@@ -126,8 +128,9 @@ class VenueView : public view::View, public MapViewDelegate {
 
   // Layout
   void resizeMap(bool overlayToo);
-  void scaleMapTexts();
+  void applyLook();
   void showAnew();
+  void frameRoute();
   void arrangePanels();
 
   // Floors
@@ -172,15 +175,18 @@ class VenueView : public view::View, public MapViewDelegate {
 
   // Keys
   bool escape();
+  void fitFloor();
+  void toggleStack();
 
   const std::shared_ptr<Venue> venue_;
   const guidance::InterfaceTexts texts_;
   const guidance::Narrator narrator_;
   const RouteSession::Clock clock_;
   const bool walksAtOnce_;
-  const std::shared_ptr<const MapTheme> theme_;  // with names of their usual size
+  const std::shared_ptr<const MapTheme> theme_;  // in the usual look
   std::shared_ptr<MapView> mapView_;
   const std::shared_ptr<MapStyle> style_;
+  KeptView kept_;
   RouteSession session_;
   RouteDisplay display_;
   WalkDisplay walk_;
@@ -199,8 +205,8 @@ class VenueView : public view::View, public MapViewDelegate {
   guidance::LocalTime cardTime_;        // for which the card says whether the place is open
 
   double scale_ = 1;
-  double textScale_ = 1;  // of the names on the map
-  CameraPose lastPose_;   // of the camera when it was last advanced
+  theme::Look look_;     // of the map
+  CameraPose lastPose_;  // of the camera when it was last advanced
 };
 
 }  // namespace orivanta::viewer

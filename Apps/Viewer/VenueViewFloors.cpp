@@ -79,7 +79,7 @@ void VenueView::lookAgain() {
   if (selected_)
     lookAt(*selected_);
   else if (display_.isShown())
-    display_.frame();
+    frameRoute();
 }
 
 void VenueView::floorsEnded(const std::vector<FloorProgress>& floors) {
@@ -98,7 +98,7 @@ void VenueView::mapViewDidLoad() {
   const graphics::Size size = bounds().size;
   camera().tiltTo(size.width < size.height ? uprightTilt : startTilt);
   arrangePanels();
-  style_->showFirstView();
+  kept_.show([this](CameraMotion motion) { style_->showFirstView(motion); }, CameraMotion::atOnce);
   floorShown();
   if (awaitedFloor_) showFloor(awaitedFloor_);
   if (loaded) loaded();

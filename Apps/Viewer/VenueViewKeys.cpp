@@ -44,9 +44,9 @@ bool VenueView::carryOut(std::string_view key) {
   else if (key == "-" || key == "_")
     camera().zoomBy(1 / zoomStep, middle, CameraMotion::glide);
   else if (key == "f" || key == "F")
-    camera().fit(CameraMotion::glide);
+    fitFloor();
   else if (key == "l" || key == "L")
-    style_->setStacked(!style_->isStacked());
+    toggleStack();
   else if (key == "i" || key == "I")
     toggleAttribution();
   else if (key == "w" || key == "W")
@@ -77,7 +77,7 @@ bool VenueView::handleKey(const KeyPress& press) {
       showFloor(panels_.floors->neighbor(press.key == Key::pageUp ? 1 : -1));
       return true;
     case Key::home:
-      camera().fit(CameraMotion::glide);
+      fitFloor();
       return true;
     default:
       return moveCamera(camera(), press);
@@ -102,6 +102,20 @@ bool VenueView::escape() {
     return false;
   }
   return true;
+}
+
+void VenueView::fitFloor() {
+  kept_.show(
+      [this](CameraMotion motion) {
+        style_->isStacked() ? style_->showFirstView(motion) : camera().fit(motion);
+      },
+      CameraMotion::glide);
+}
+
+void VenueView::toggleStack() {
+  style_->setStacked(!style_->isStacked());
+  if (style_->isStacked())
+    kept_.keep([this](CameraMotion motion) { style_->showFirstView(motion); });
 }
 
 void VenueView::toggleAttribution() {

@@ -102,7 +102,9 @@ void VenueView::lookAt(const Location& place) {
   if (style_->isStacked()) return style_->setStacked(false);
   const auto& floor = mapView_->currentMap();
   if (camera().isReady() && floor && isOnFloor(place, *floor))
-    camera().frame({mapView_->findPosition3D(place)}, aroundPlace, CameraMotion::glide);
+    kept_.show([this, at = mapView_->findPosition3D(place)](
+                   CameraMotion motion) { camera().frame({at}, aroundPlace, motion); },
+               CameraMotion::glide);
 }
 
 void VenueView::fetchPicture(const std::shared_ptr<Location>& place) {
@@ -166,7 +168,7 @@ void VenueView::changeFloor(const std::shared_ptr<Map>& floor) {
     floorShown();
   else
     showFloor(floor);
-  if (!selected_ && display_.isShown() && floor == mapView_->currentMap()) display_.frame();
+  if (!selected_ && display_.isShown() && floor == mapView_->currentMap()) frameRoute();
 }
 
 void VenueView::placeTapped(const std::shared_ptr<Location>& place) {

@@ -104,7 +104,11 @@ void VenueView::routeReplaced(const std::string& closed) {
 void VenueView::lookAtRoute() {
   if (!display_.isShown() || selected_) return;
   showFloor(display_.wantedFloor());
-  display_.frame();
+  frameRoute();
+}
+
+void VenueView::frameRoute() {
+  kept_.show([this](CameraMotion motion) { display_.frame(motion); }, CameraMotion::glide);
 }
 
 // Shows where an instruction begins, and the walk to the next one.
@@ -114,7 +118,11 @@ void VenueView::showStep(std::size_t index) {
   panels_.route->setCurrentStep(index);
   display_.markStep(route, index);
   showFloor(display_.wantedFloor());
-  display_.frameStep(route, index);
+  kept_.show(
+      [this, index](CameraMotion motion) {
+        if (session_.route()) display_.frameStep(*session_.route(), index, motion);
+      },
+      CameraMotion::glide);
 }
 
 std::string VenueView::arrivalText() const {

@@ -106,6 +106,9 @@ void Viewer::showList() {
   veil_->setBusy(false);
   veil_->setHidden(false);
   venueList_->setHidden(false);
+  if (isDisconnected())
+    connectionNote_->setText(texts_.text(isOffline_ ? "interface.connection.off.list"
+                                                    : "interface.connection.lost.list"));
   arrange();
 }
 

@@ -22,6 +22,9 @@ class LoadedVenue {
   /// Returns the venue.
   const Venue& venue() const { return *venue_; }
 
+  /// Returns the venue, to share it with a map.
+  const std::shared_ptr<Venue>& sharedVenue() const { return venue_; }
+
   /// Returns the index of a node; -1 if it is not in the venue's list.
   int indexOf(const Node& node) const;
 

@@ -1,13 +1,13 @@
 #include "Apps/Web/Loading.hpp"
 
 #include <algorithm>
-#include <boost/json/parse.hpp>
 #include <boost/json/serialize.hpp>
 #include <map>
 #include <memory>
 #include <utility>
 
 #include "Apps/Web/PageFunctions.hpp"
+#include "Apps/Web/QueryReading.hpp"
 #include "Apps/Web/VenueJson.hpp"
 #include "Apps/Web/VenueTable.hpp"
 #include "Source/Orivanta.hpp"
@@ -119,11 +119,8 @@ std::string textAt(const json::object& object, const char* key, const char* othe
 
 }  // namespace
 
-int startLoad(std::string_view settings, PackageTransport::Texts package) {
-  boost::system::error_code error;
-  const json::value parsed = json::parse(settings, error);
-  if (error || !parsed.is_object()) return 0;
-  const json::object& object = parsed.as_object();
+int startLoad(std::string_view settings, PackageTransport::Texts package) try {
+  const json::object object = objectIn(settings);
   if (const json::value* slug = object.if_contains("slug"); slug != nullptr && !slug->is_string())
     return 0;
   std::shared_ptr<network::UrlTransport> transport;
@@ -136,6 +133,8 @@ int startLoad(std::string_view settings, PackageTransport::Texts package) {
   const int number = ++last;
   listVenues(number, session, object);
   return number;
+} catch (const planning::QueryError&) {
+  return 0;
 }
 
 void cancelLoad(int number) {

@@ -1,8 +1,9 @@
 #include "Apps/Web/QueryReading.hpp"
 
 #include <boost/json/array.hpp>
-#include <boost/json/parse.hpp>
 #include <boost/json/value_to.hpp>
+
+#include "Platform/Foundation/ExactJson.hpp"
 
 namespace orivanta::web {
 
@@ -26,9 +27,17 @@ void read(const json::object& object, const char* name, std::optional<Value>& va
 
 }  // namespace
 
+json::object objectIn(std::string_view text) {
+  constexpr std::size_t deepest = 32;
+  auto parsed = foundation::parseExactJson(text, deepest, {}, {});
+  if (parsed.error || parsed.read != text.size() || !parsed.value.is_object())
+    throw QueryError(QueryError::Kind::invalid, "the text is not a JSON object");
+  return std::move(parsed.value.get_object());
+}
+
 Query queryOf(std::string_view text) {
   try {
-    const json::object object = json::parse(text).as_object();
+    const json::object object = objectIn(text);
     Query query;
     read(object, "from", query.plan.from);
     read(object, "to", query.plan.to);
@@ -42,6 +51,7 @@ Query queryOf(std::string_view text) {
     read(object, "closed", query.plan.closed);
     read(object, "alternatives", query.plan.alternatives);
     read(object, "language", query.language);
+    read(object, "visitsClosedStops", query.visitsClosedStops);
     return query;
   } catch (const QueryError&) {
     throw;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "Source/Attribution.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
@@ -81,6 +82,7 @@ json::object recordsJson(LoadedVenue& loaded) {
     return json::object{{"id", *category.id}, {"name", *category.name}};
   });
   object["nodes"] = listed(venue.nodes, [](const Node& node) { return json::value(*node.id); });
+  object["attribution"] = attributionText(venue);
   object["unitsPerMeter"] = loaded.guide().unitsPerMeter();
   return object;
 }

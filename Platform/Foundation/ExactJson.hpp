@@ -3,13 +3,21 @@
 
 #include <fast_float/fast_float.h>
 
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <utility>
+
+// The parser's conversion of numbers depends on its arguments only, so calls whose results are not
+// used can be omitted, and with them its table.
+namespace boost::json::detail {
+[[gnu::const]] double dec_to_float(std::uint64_t, std::int32_t, bool) noexcept;
+}
+
 #include <boost/json/basic_parser_impl.hpp>
 #include <boost/json/value.hpp>
 #include <boost/json/value_stack.hpp>
-#include <cmath>
-#include <cstddef>
-#include <string_view>
-#include <utility>
 
 namespace orivanta::foundation {
 
@@ -73,8 +81,10 @@ class ExactJsonHandler {
     stack_.push_uint64(number);
     return true;
   }
-  // The whole text is one buffer, so `text` is the complete number.
-  bool on_double(double, boost::json::string_view text, boost::json::error_code& error) {
+  // The whole text is one buffer, so `text` is the complete number. Inlined, so that the compiler
+  // sees that the parser's number is not used, and omits its computation.
+  [[gnu::always_inline]] bool on_double(double, boost::json::string_view text,
+                                        boost::json::error_code& error) {
     double number = 0.0;
     fast_float::from_chars(text.data(), text.data() + text.size(), number);
     if (std::isinf(number)) {

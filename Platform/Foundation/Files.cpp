@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cerrno>
 #include <random>
@@ -151,6 +152,16 @@ Result<std::string> readFile(const fs::path& file, std::size_t largestBytes) {
     return bytes.data();
   };
   return read(file, largestBytes, makeRoom).map([&] { return std::move(bytes); });
+}
+
+void readInBlocks(const fs::path& file, const std::function<bool(std::string_view)>& take) {
+  const Descriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+  std::array<char, 64U << 10U> block;  // NOLINT(*-member-init): filled by `read`
+  while (opened.number >= 0) {
+    const ssize_t count = ::read(opened.number, block.data(), block.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0 || !take({block.data(), static_cast<std::size_t>(count)})) return;
+  }
 }
 
 Result<void> writeFileAtomically(const fs::path& file, std::string_view bytes) {

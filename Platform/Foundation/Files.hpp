@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,6 +37,11 @@ ORIVANTA_API Result<FileBytes> readBytes(const std::filesystem::path& file,
 /// Like `readBytes`, but returns a string. Thread-safe.
 ORIVANTA_API Result<std::string> readFile(const std::filesystem::path& file,
                                           std::size_t largestBytes);
+
+/// Passes the contents of a file to `take`, in order, in blocks of at most 64 KiB, until it returns
+/// false. Ends early if the file cannot be read any further. Thread-safe.
+ORIVANTA_API void readInBlocks(const std::filesystem::path& file,
+                               const std::function<bool(std::string_view block)>& take);
 
 /// Replaces a file atomically: other processes see either the old or the new contents, even if the
 /// disk is full, the process is killed, or others write the same file. A killed process may leave a

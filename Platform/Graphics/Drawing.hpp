@@ -1,10 +1,12 @@
 // Vector drawings, rendered to images of any size.
+// Public header.
 #pragma once
 
 #include <memory>
 #include <span>
 #include <string_view>
 
+#include "Platform/Foundation/Export.hpp"
 #include "Platform/Graphics/Color.hpp"
 #include "Platform/Graphics/Image.hpp"
 
@@ -25,7 +27,8 @@ struct DrawingPart {
 /// `units`; its sides measure `points` points, rounded up to whole pixels, with `scale` pixels per
 /// point. Returns null if a path is not valid or if the image would exceed the limits of `Image`.
 /// Any thread.
-std::shared_ptr<const Image> makeDrawingImage(std::span<const DrawingPart> parts, double units,
-                                              double points, double scale);
+ORIVANTA_API std::shared_ptr<const Image> makeDrawingImage(std::span<const DrawingPart> parts,
+                                                           double units, double points,
+                                                           double scale);
 
 }  // namespace orivanta::graphics

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <fstream>
 #include <system_error>
 
 #include "Platform/Foundation/Files.hpp"
@@ -31,10 +30,12 @@ std::uint64_t bytesToRead(const std::filesystem::path& file) {
 }  // namespace
 
 std::optional<PixelSize> readImageSize(const std::filesystem::path& file) {
-  std::vector<std::uint8_t> bytes(bytesToSize);
-  std::ifstream stream(file, std::ios::binary);
-  stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  bytes.resize(static_cast<std::size_t>(stream.gcount()));
+  std::vector<std::uint8_t> bytes;
+  foundation::readInBlocks(file, [&](std::string_view block) {
+    block = block.substr(0, bytesToSize - bytes.size());
+    bytes.insert(bytes.end(), block.begin(), block.end());
+    return bytes.size() < bytesToSize;
+  });
   return decodeImageSize(bytes);
 }
 

@@ -2,11 +2,14 @@
 
 #include <strings.h>
 
+#include <utility>
+
 namespace orivanta::network {
 
 namespace {
 
 constexpr int insecureStepCode = 3;
+constexpr int incompleteAnswerCode = 4;
 
 bool hasScheme(const foundation::Url& url, const char* scheme) {
   return strcasecmp(url.scheme().c_str(), scheme) == 0;
@@ -26,6 +29,14 @@ foundation::Error insecureStep(const foundation::Url& from, const foundation::Ur
 
 bool isInsecureStep(const foundation::Error& error) {
   return error.domain == "http" && error.code == insecureStepCode;
+}
+
+foundation::Error incompleteAnswer(std::string description) {
+  return {"http", incompleteAnswerCode, std::move(description)};
+}
+
+bool isIncompleteAnswer(const foundation::Error& error) {
+  return error.domain == "http" && error.code == incompleteAnswerCode;
 }
 
 }  // namespace orivanta::network

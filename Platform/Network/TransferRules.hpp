@@ -47,4 +47,9 @@ ORIVANTA_API foundation::Error insecureStep(const foundation::Url& from, const f
 /// Returns whether an error was created by `insecureStep`.
 ORIVANTA_API bool isInsecureStep(const foundation::Error& error);
 
+/// Returns the error for a response that was received but is only a part of what the server has.
+ORIVANTA_API foundation::Error incompleteAnswer(std::string description);
+/// Returns whether an error was created by `incompleteAnswer`.
+ORIVANTA_API bool isIncompleteAnswer(const foundation::Error& error);
+
 }  // namespace orivanta::network

@@ -10,6 +10,11 @@ namespace orivanta::render {
 
 namespace {
 
+// See the uniform of the shader.
+constexpr float casingLayer = -1;
+constexpr float lineLayer = 1;
+constexpr float allLayers = 0;
+
 float widestOf(const scene::RibbonLook& look) {
   float widest = 0;
   for (const auto& [color, width] : look.colors) widest = std::max(widest, width);
@@ -38,7 +43,10 @@ void RibbonPass::drawAll(std::uint16_t group, float opacity, bool withHiddenPart
     for (const SceneRibbons& each : ribbons_) {
       if (each.seen->group != group || each.seen->look.route.has_value() != isRoute) continue;
       if (isRoute && withHiddenParts) drawHidden(each, opacity);
-      drawTriangles(each, opacity);
+      // So that the casing of a sharp corner does not cross the line. Translucent layers would add.
+      const bool hasLayers = isRoute && withHiddenParts && opacity >= 1;
+      if (hasLayers) drawTriangles(each, opacity, casingLayer);
+      drawTriangles(each, opacity, hasLayers ? lineLayer : allLayers);
     }
   glDisable(GL_BLEND);
 }
@@ -52,13 +60,14 @@ void RibbonPass::drawHidden(const SceneRibbons& ribbons, float opacity) {
   glStencilOp(GL_KEEP, GL_KEEP, GL_REPLACE);
   glDepthFunc(GL_GREATER);
   glDepthMask(GL_FALSE);
-  drawTriangles(ribbons, opacity * std::clamp(ribbons.seen->look.route->hiddenAlpha, 0.0F, 1.0F));
+  drawTriangles(ribbons, opacity * std::clamp(ribbons.seen->look.route->hiddenAlpha, 0.0F, 1.0F),
+                allLayers);
   glDepthMask(GL_TRUE);
   glDepthFunc(GL_LEQUAL);
   glDisable(GL_STENCIL_TEST);
 }
 
-void RibbonPass::drawTriangles(const SceneRibbons& ribbons, float opacity) {
+void RibbonPass::drawTriangles(const SceneRibbons& ribbons, float opacity, float layer) {
   const RibbonsInScene& seen = *ribbons.seen;
   // Points just outside of the picture may belong to ribbons that reach into it.
   const float margin = 4 * widestOf(seen.look) * sight_.pixelsPerPoint;
@@ -74,6 +83,7 @@ void RibbonPass::drawTriangles(const SceneRibbons& ribbons, float opacity) {
   const RibbonProgram& program = seen.look.route ? shaders_.route() : shaders_.plain();
   program.program.use();
   setUniforms(program, seen, opacity);
+  if (seen.look.route) program.program.set(program.layer, layer);
   setDepthLayer(sight_.layer + (seen.look.route ? 1 : 0));
   ribbons.mesh->bind(seen.look.colors, statistics_);
   Mesh::draw(runs, statistics_);

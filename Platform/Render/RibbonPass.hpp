@@ -41,7 +41,7 @@ class RibbonPass {
  private:
   void drawAll(std::uint16_t group, float opacity, bool withHiddenParts);
   void drawHidden(const SceneRibbons& ribbons, float opacity);
-  void drawTriangles(const SceneRibbons& ribbons, float opacity);
+  void drawTriangles(const SceneRibbons& ribbons, float opacity, float layer);
   void setUniforms(const RibbonProgram& program, const RibbonsInScene& seen, float opacity) const;
 
   RibbonSight sight_;

@@ -105,6 +105,7 @@ uniform vec3 passed;
 uniform float casingWidth;
 uniform float passedTo;
 uniform vec2 arrows;  // spacing and phase
+uniform float layer;  // of a route: -1 for the casing, 1 for what is inside of it, 0 for both
 out vec4 color;
 
 // How much of a pixel lies inside of an edge at a distance in pixels, which is negative inside.
@@ -119,7 +120,8 @@ float arrowAt(float middle, float reachInside, float unitsPerPixel) {
 }
 
 // The distance does not change in round ends, which have no arrows.
-vec3 routeColor() {
+vec4 routeColor() {
+  if (layer < 0.0) return vec4(casing, 1.0);
   float middle = abs(across);
   float reachInside = reach - casingWidth * pixelsPerPoint;
   float unitsPerPixel = max(length(vec2(dFdx(way), dFdy(way))), 1e-9);
@@ -128,18 +130,19 @@ vec3 routeColor() {
   vec3 inside = mix(passed, tint.rgb, ahead);
   if (arrows.x > 0.0 && !isEnd)
     inside = mix(inside, casing, ahead * arrowAt(middle, reachInside, unitsPerPixel));
-  return mix(casing, inside, covered(middle - reachInside));
+  float share = covered(middle - reachInside);
+  return layer > 0.0 ? vec4(inside, share) : vec4(mix(casing, inside, share), 1.0);
 }
 #endif
 
 void main() {
 #ifdef ROUTE
-  vec3 shown = routeColor();
+  vec4 shown = routeColor();
 #else
-  vec3 shown = tint.rgb;
+  vec4 shown = vec4(tint.rgb, 1.0);
 #endif
-  float alpha = tint.a * opacity;
-  color = vec4(shown * alpha, alpha);
+  float alpha = shown.a * tint.a * opacity;
+  color = vec4(shown.rgb * alpha, alpha);
 }
 )";
 
@@ -156,7 +159,8 @@ RibbonProgram::RibbonProgram(bool isRoute)
       passed(program.uniform("passed")),
       casingWidth(program.uniform("casingWidth")),
       passedTo(program.uniform("passedTo")),
-      arrows(program.uniform("arrows")) {
+      arrows(program.uniform("arrows")),
+      layer(program.uniform("layer")) {
   program.setSampler("palette", ribbonUnits::palette);
 }
 

@@ -22,6 +22,7 @@ struct RibbonProgram {
   GLint casingWidth;  ///< for routes: points; 0 otherwise
   GLint passedTo;     ///< for routes: distance
   GLint arrows;       ///< for routes: spacing and phase
+  GLint layer;        ///< for routes: -1 for the casing, 1 for the rest, 0 for both
 };
 
 /// Programs are created when they are first used.

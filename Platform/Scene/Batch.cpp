@@ -176,7 +176,9 @@ std::shared_ptr<const Batch> Batch::make(const Node& parent) {
 std::shared_ptr<const Batch> Batch::adopted(const Node& copy) const {
   const std::shared_ptr<Batch> batch(new Batch(*this));
   batch->children_ = membersOf(copy);
-  if (!std::ranges::equal(children_, batch->children_, areCopies)) return nullptr;
+  if (!std::equal(children_.begin(), children_.end(), batch->children_.begin(),
+                  batch->children_.end(), areCopies))
+    return nullptr;
   std::unordered_map<const Node*, std::shared_ptr<Node>> copies;
   for (std::size_t i = 0; i < children_.size(); ++i)
     copies.emplace(children_[i].node.get(), batch->children_[i].node);

@@ -13,8 +13,10 @@ using graphics::Vector3;
 
 namespace {
 
-// At sharper corners, edges are not joined.
-constexpr float sharpestTurn = -0.9F;  // cosine
+// At sharper corners, edges are not joined. Lines with round ends get them there, too: a miter that
+// is longer than the shader allows would be a point.
+constexpr float sharpestTurn = -0.9F;         // cosine
+constexpr float sharpestRoundTurn = -0.766F;  // 140 degrees
 
 glm::vec2 levelDirection(const Vector3& from, const Vector3& to) {
   const glm::vec2 way(to.x - from.x, to.y - from.y);
@@ -66,8 +68,9 @@ class Ribbons::Builder {
       directions.push_back(levelDirection(corners[i].point, corners[i + 1].point));
     const bool isRing = line.isClosed && corners.front().point == corners.back().point;
     const std::size_t last = directions.size() - 1;
+    const float sharpest = line.hasRoundEnds ? sharpestRoundTurn : sharpestTurn;
     const auto joins = [&](std::size_t a, std::size_t b) {
-      return (isRing || a < b) && glm::dot(directions[a], directions[b]) >= sharpestTurn;
+      return (isRing || a < b) && glm::dot(directions[a], directions[b]) >= sharpest;
     };
     for (std::size_t i = 0; i <= last; ++i) {
       const glm::vec2 own = directions[i];

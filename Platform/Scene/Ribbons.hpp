@@ -54,7 +54,7 @@ class ORIVANTA_API Ribbons {
     std::vector<graphics::Vector3> points{};  ///< points that are not finite are skipped
     std::vector<std::uint8_t> colors{};       ///< color index of each edge; missing ones are 0
     bool isClosed = false;      ///< whether an edge joins the last and the first point
-    bool hasRoundEnds = false;  ///< otherwise the ends are cut at the end points
+    bool hasRoundEnds = false;  ///< also at corners of less than 40 degrees; otherwise cut
     float distance = 0.0F;      ///< at the first point; grows by the length of the line
   };
 

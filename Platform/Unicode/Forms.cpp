@@ -1,6 +1,7 @@
 #include "Platform/Unicode/Forms.hpp"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <utility>
 
@@ -35,27 +36,35 @@ void appendSyllable(CodePoints& points, std::int32_t syllable) {
 
 struct Expansion {
   std::int32_t point;   // that is expanded
-  std::uint32_t first;  // in `expansions`
+  std::uint32_t first;  // in `points`
   std::uint32_t end;
 };
 
-// The table stores differences and lengths, which a server compresses to a tenth.
-const std::vector<Expansion>& allExpansions() {
-  static const std::vector<Expansion> all = [] {
-    std::vector<Expansion> list;
-    list.reserve(expandedCount);
+struct Expansions {
+  std::vector<Expansion> list;  // sorted
+  CodePoints points;
+};
+
+const Expansions& allExpansions() {
+  static const Expansions all = [] {
+    Expansions result;
+    result.list.reserve(expandedCount);
+    PackedNumbers firsts(expansionFirsts);
+    PackedNumbers rests(expansionRests);
     Expansion each{};
     for (std::size_t i = 0; i < expandedCount; ++i) {
       each = {each.point + expandedGaps[i], each.end, each.end + expansionLengths[i]};
-      list.push_back(each);
+      result.list.push_back(each);
+      for (std::uint32_t at = each.first; at < each.end; ++at)
+        result.points.push_back(at == each.first ? each.point + firsts.next() : rests.next());
     }
-    return list;
+    return result;
   }();
   return all;
 }
 
 void appendExpansion(CodePoints& points, std::int32_t point) {
-  const auto& all = allExpansions();
+  const auto& [all, expanded] = allExpansions();
   const auto found = std::lower_bound(
       all.begin(), all.end(), point,
       [](const Expansion& each, std::int32_t wanted) { return each.point < wanted; });
@@ -63,8 +72,7 @@ void appendExpansion(CodePoints& points, std::int32_t point) {
     points.push_back(point);
     return;
   }
-  for (std::uint32_t i = found->first; i < found->end; ++i)
-    points.push_back(static_cast<std::int32_t>(expansions[i]));
+  points.insert(points.end(), expanded.begin() + found->first, expanded.begin() + found->end);
 }
 
 // Sorts each run of marks by combining class.
@@ -94,16 +102,30 @@ std::optional<std::int32_t> composedSyllable(std::int32_t first, std::int32_t se
   return std::nullopt;
 }
 
+// The base, the mark and the result of each composition, sorted.
+using Composition = std::array<std::int32_t, 3>;
+
+const std::vector<Composition>& allCompositions() {
+  static const std::vector<Composition> all = [] {
+    std::vector<Composition> list;
+    list.reserve(compositionCount);
+    PackedNumbers firsts(compositionFirsts);
+    PackedNumbers seconds(compositionSeconds);
+    PackedNumbers results(composedPoints);
+    for (std::size_t i = 0; i < compositionCount; ++i)
+      list.push_back({firsts.next(), seconds.next(), results.next()});
+    std::sort(list.begin(), list.end());
+    return list;
+  }();
+  return all;
+}
+
 std::optional<std::int32_t> composition(std::int32_t first, std::int32_t second) {
   if (const auto syllable = composedSyllable(first, second)) return syllable;
-  const auto key = std::pair(static_cast<std::uint32_t>(first), static_cast<std::uint32_t>(second));
-  const Composition* end = compositions + compositionCount;
-  const auto* found =
-      std::lower_bound(compositions, end, key, [](const Composition& each, const auto& wanted) {
-        return std::pair(each.first, each.second) < wanted;
-      });
-  if (found == end || std::pair(found->first, found->second) != key) return std::nullopt;
-  return static_cast<std::int32_t>(found->composed);
+  const auto& all = allCompositions();
+  const auto found = std::lower_bound(all.begin(), all.end(), Composition{first, second, 0});
+  if (found == all.end() || (*found)[0] != first || (*found)[1] != second) return std::nullopt;
+  return (*found)[2];
 }
 
 }  // namespace

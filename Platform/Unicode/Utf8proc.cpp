@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "Platform/Unicode/Forms.hpp"
+#include "Platform/Unicode/Graphemes.hpp"
 
 namespace {
 
@@ -74,6 +75,11 @@ utf8proc_category_t utf8proc_category(utf8proc_int32_t point) {
 }
 
 int utf8proc_charwidth(utf8proc_int32_t point) { return unicode::propertiesOf(point).width; }
+
+utf8proc_bool utf8proc_grapheme_break_stateful(utf8proc_int32_t first, utf8proc_int32_t second,
+                                               utf8proc_int32_t* state) {
+  return unicode::isGraphemeBreak(first, second, *state);
+}
 
 utf8proc_ssize_t utf8proc_decompose(const utf8proc_uint8_t* text, utf8proc_ssize_t length,
                                     utf8proc_int32_t* points, utf8proc_ssize_t room,

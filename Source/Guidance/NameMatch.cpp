@@ -10,6 +10,7 @@
 #include <numeric>
 #include <utility>
 
+#include "Source/Guidance/SoundKey.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 
 namespace orivanta {
@@ -97,10 +98,13 @@ std::uint64_t bitOf(std::int32_t point) {
   return std::uint64_t{1} << index;
 }
 
+constexpr std::uint64_t latinBits = (std::uint64_t{1} << 26U) - 1;
+constexpr std::uint64_t plainBits = (std::uint64_t{1} << 36U) - 1;  // with digits
+
 std::uint64_t lettersOf(std::string_view form) {
   std::uint64_t letters = 0;
-  for (const std::int32_t point : codePoints(form))
-    if (point != ' ') letters |= bitOf(point);
+  while (!form.empty())
+    if (const std::int32_t point = takeCodePoint(form); point != ' ') letters |= bitOf(point);
   return letters;
 }
 
@@ -150,7 +154,8 @@ std::string_view takeNumber(std::string_view& text) {
 SearchableText::SearchableText(std::string searchForm)
     : form(std::move(searchForm)), letters(lettersOf(form)) {}
 
-TypedWord::TypedWord(std::string_view word) {
+TypedWord::TypedWord(std::string_view word)
+    : sound_(std::make_shared<const SoundKey>(soundOf(word))) {
   auto spellings = spellingsOf(word);
   spellings_.reserve(spellings.size());
   for (std::string& each : spellings) spellings_.push_back(spellingOf(std::move(each)));
@@ -169,7 +174,14 @@ WordMatch TypedWord::match(const SearchableText& text, Mistakes mistakes) const 
   WordMatch best = WordMatch::none;
   for (const Spelling& spelling : spellings_)
     best = std::min(best, match(text, spelling, mistakes));
-  return best;
+  return best == WordMatch::none && mistakes == Mistakes::few && soundsLike(text) ? WordMatch::near
+                                                                                  : best;
+}
+
+bool TypedWord::soundsLike(const SearchableText& text) const {
+  if (!sound_->isUsable()) return false;
+  const bool hasOtherScript = (text.letters & (sound_->isKatakana ? latinBits : ~plainBits)) != 0;
+  return hasOtherScript && orivanta::soundsLike(*sound_, text.form);
 }
 
 WordMatch TypedWord::match(const SearchableText& text, const Spelling& typed, Mistakes mistakes) {

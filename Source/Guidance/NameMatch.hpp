@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,8 @@
 #include "Platform/Foundation/Export.hpp"
 
 namespace orivanta {
+
+struct SoundKey;
 
 /// The quality of a match; a smaller value is better.
 enum class NameMatch {
@@ -53,7 +56,8 @@ class ORIVANTA_API TypedWord {
   explicit TypedWord(std::string_view word);
 
   /// Returns the best match with any word of a text. "ae", "oe" and "ue" match "ä", "ö" and "ü" as
-  /// well. A word of fewer than four or more than 32 letters has no match `near`.
+  /// well. A word of fewer than four or more than 32 letters has no match `near`, except that a
+  /// word in katakana matches the same name in Latin letters, and the reverse.
   WordMatch match(const SearchableText& text, Mistakes mistakes = Mistakes::few) const;
 
  private:
@@ -66,7 +70,10 @@ class ORIVANTA_API TypedWord {
   static Spelling spellingOf(std::string text);
   static WordMatch match(const SearchableText& text, const Spelling& typed, Mistakes mistakes);
 
-  std::vector<Spelling> spellings_;  // as typed, and with umlauts if it differs
+  bool soundsLike(const SearchableText& text) const;
+
+  std::vector<Spelling> spellings_;        // as typed, and with umlauts if it differs
+  std::shared_ptr<const SoundKey> sound_;  // never null
 };
 
 /// A typed text, prepared for comparison with many names. Immutable.

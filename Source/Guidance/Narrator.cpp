@@ -26,6 +26,10 @@ foundation::Result<Narrator> Narrator::fromMessages(std::string_view file, std::
   return Narrator(std::move(*messages));
 }
 
+foundation::Result<void> Narrator::addLanguage(std::string_view file, std::string language) {
+  return Messages::addToLibrary(file, std::move(language));
+}
+
 const std::string& Narrator::language() const { return messages_->language; }
 
 bool Narrator::isRightToLeft() const { return messages_->rightToLeft; }

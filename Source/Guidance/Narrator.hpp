@@ -49,6 +49,10 @@ class ORIVANTA_API Narrator {
   /// invalid, or if a message has unknown placeholders or a wrong number of plural forms.
   static foundation::Result<Narrator> fromMessages(std::string_view file, std::string language);
 
+  /// Adds a language to those of the library, for this process, from a file as for `fromMessages`.
+  /// Does nothing if the library has the language. Fails in the same cases as `fromMessages`.
+  static foundation::Result<void> addLanguage(std::string_view file, std::string language);
+
   /// Returns the language's tag.
   const std::string& language() const;
 

@@ -23,6 +23,33 @@ namespace {
 constexpr std::size_t mostCategories = 16;  // per place
 constexpr std::size_t stride = 256;         // places between two checks for cancellation
 
+// Returns what `namesEmergencyExit` returns. Most names lack letters of all of its words.
+bool isEmergencyName(const SearchableText& name) {
+  static const auto letters = [] {
+    std::vector<std::uint64_t> found;
+    for (std::string& word : emergencyExitWords())
+      found.push_back(SearchableText(std::move(word)).letters);
+    return found;
+  }();
+  return std::any_of(letters.begin(), letters.end(),
+                     [&](std::uint64_t word) { return (word & ~name.letters) == 0; }) &&
+         namesEmergencyExit(name.form);
+}
+
+// Sorts in a stable way. Moves each element only once.
+template <class Element, class Before>
+void sortLarge(std::vector<Element>& elements, const Before& before) {
+  std::vector<std::uint32_t> order(elements.size());
+  std::iota(order.begin(), order.end(), 0U);
+  std::stable_sort(order.begin(), order.end(), [&](std::uint32_t left, std::uint32_t right) {
+    return before(elements[left], elements[right]);
+  });
+  std::vector<Element> sorted;
+  sorted.reserve(elements.size());
+  for (const std::uint32_t index : order) sorted.push_back(std::move(elements[index]));
+  elements = std::move(sorted);
+}
+
 class IndexBuilder {
  public:
   IndexBuilder(const SearchedPlaces& searched, const KindWords& kinds)
@@ -35,6 +62,7 @@ class IndexBuilder {
   template <class Record>
   bool add(const std::vector<std::shared_ptr<Record>>& records,
            const foundation::CancellationToken& token) {
+    index_.places.reserve(index_.places.size() + records.size());
     for (std::size_t i = 0; i < records.size(); ++i) {
       if (i % stride == 0 && token.isCanceled()) return false;
       if (!records[i]->nodes.empty() || !records[i]->polygons.empty()) add(records[i]);
@@ -73,7 +101,7 @@ std::uint32_t IndexBuilder::indexOf(const Category& category) {
   entry.name = SearchableText(searchForm(name));
   entry.title = foundation::label(name);
   entry.kind = kinds_.kindOf(category);
-  entry.isEmergency = namesEmergencyExit(entry.name.form);
+  entry.isEmergency = isEmergencyName(entry.name);
   const Topics named = topics.within(entry.name.form);
   entry.topics = topics.ofKind(entry.kind);
   entry.namedTopics =
@@ -119,7 +147,7 @@ void IndexBuilder::addTopics(IndexedPlace& place, PlaceEntry& entry) {
   const SearchTopics& topics = SearchTopics::instance();
   place.kindTopics = topics.ofKind(entry.kind);
   place.topics = place.kindTopics;
-  place.isEmergency = namesEmergencyExit(place.name.form);
+  place.isEmergency = isEmergencyName(place.name);
   for (const std::uint32_t category : place.categories) {
     place.topics |= index_.categories[category].topics;
     place.namedTopics |= index_.categories[category].namedTopics;
@@ -180,7 +208,7 @@ void IndexBuilder::add(const std::shared_ptr<Location>& record) {
 
 SearchIndex IndexBuilder::finish() {
   auto& places = index_.places;
-  std::stable_sort(places.begin(), places.end(), [](const IndexedPlace& a, const IndexedPlace& b) {
+  sortLarge(places, [](const IndexedPlace& a, const IndexedPlace& b) {
     if (a.isGenerated != b.isGenerated) return b.isGenerated;
     return nameComesBefore(a.name.form, b.name.form);
   });

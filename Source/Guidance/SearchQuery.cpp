@@ -40,8 +40,9 @@ SearchQuery::SearchQuery(std::string_view typed, const std::vector<IndexedCatego
     : forms_(spellingsOf(searchForm(typed))) {
   std::vector<std::string_view> words;
   for (const std::string_view word : wordsOfForm(forms_.front()))
-    if (words.size() < mostTyped && std::find(words.begin(), words.end(), word) == words.end())
-      words.push_back(word);
+    for (const std::string_view part : partsOfWord(word, floors))
+      if (words.size() < mostTyped && std::find(words.begin(), words.end(), part) == words.end())
+        words.push_back(part);
   compacts_.reserve(forms_.size());
   for (const std::string& form : forms_) {
     std::string compact = withoutSpaces(form);

@@ -146,7 +146,32 @@ void compareCategories(SearchTerm& term, const std::vector<IndexedCategory>& cat
   for (const IndexedCategory& each : categories) term.categories.push_back(matchOfCategory(each));
 }
 
+// Whether a byte belongs to a character of Japanese, Chinese or Korean; they begin with 0xE3 to
+// 0xED.
+bool isEastAsian(std::string_view text, std::size_t at) {
+  while (at > 0 && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80) --at;
+  const auto lead = static_cast<unsigned char>(text[at]);
+  return lead >= 0xE3 && lead <= 0xED;
+}
+
 }  // namespace
+
+std::vector<std::string_view> partsOfWord(std::string_view word,
+                                          const std::vector<IndexedFloor>& floors) {
+  std::vector<std::string_view> parts;
+  std::size_t start = 0;
+  for (std::size_t i = 1; i <= word.size(); ++i)
+    if (i == word.size() || isEastAsian(word, i) != isEastAsian(word, i - 1)) {
+      parts.push_back(word.substr(start, i - start));
+      start = i;
+    }
+  const auto isKnown = [&](std::string_view part) {
+    return isEastAsian(part, 0) ? topicsNamed(std::string(part)) != 0
+                                : !isNumber(part) && !floorsNamed(part, false, floors).empty();
+  };
+  if (parts.size() < 2 || std::none_of(parts.begin(), parts.end(), isKnown)) return {word};
+  return parts;
+}
 
 Topics facilityTopics() {
   static const Topics topics = SearchTopics::instance().withScope(TopicScope::facility) |

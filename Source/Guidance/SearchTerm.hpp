@@ -40,6 +40,11 @@ struct SearchTerm {
   bool isOptional = false;            ///< whether a place may match without it
 };
 
+/// Returns a word, or its parts if it consists of a word and a floor without a space between:
+/// "トイレb1f". `word` is in the search form and must outlive the result.
+std::vector<std::string_view> partsOfWord(std::string_view word,
+                                          const std::vector<IndexedFloor>& floors);
+
 /// Splits a text into terms and compares them with all categories and floors.
 std::vector<SearchTerm> searchTermsOf(const std::vector<std::string_view>& words,
                                       const std::vector<IndexedCategory>& categories,

@@ -173,6 +173,9 @@ void LoadMonitor::takeEnd(const std::string& name, const foundation::Result<void
   } else if (network::isInsecureStep(error)) {
     failure.problem = LoadProblem::insecure;
     failure.reason = error.description;
+  } else if (network::isIncompleteAnswer(error)) {
+    failure.problem = LoadProblem::unusable;
+    failure.reason = error.description;
   } else {
     failure.problem = LoadProblem::noAnswer;
     failure.reason = fmt::format("no response from {}{}: {}", endpoint_, name, error.description);

@@ -80,6 +80,41 @@ test("requests", async (t) => {
   assert.equal(canceled, "no report");
 });
 
+test("a hidden link to further pages is reported", async (t) => {
+  const json = (response, value, fields = {}) =>
+    response.writeHead(200, { "Content-Type": "application/json", ...fields }).end(JSON.stringify(value));
+  const answers = {
+    cut: (page, response) => json(response, [{ id: page }]),
+    whole: (page, response) => (page === "1" ? json(response, [{ id: 1 }]) : response.writeHead(404).end()),
+    padded: (page, response) => json(response, page === "1" ? [{ id: 1 }] : []),
+    unpaged: (_, response) => json(response, [{ id: 1 }]),
+    linked: (page, response) => json(response, [{ id: page }], { Link: '<x>; rel="first"' }),
+    model: (page, response) => response.end(`v ${page}`),
+    dropped: (page, response) => (page === "1" ? json(response, [{ id: 1 }]) : response.destroy()),
+  };
+  const asked = [];
+  const server = createServer((request, response) => {
+    const url = new URL(request.url, "http://h");
+    if (url.searchParams.has("page")) asked.push(url.pathname.slice(1));
+    answers[url.pathname.slice(1)](url.searchParams.get("page") ?? "1", response);
+  });
+  await new Promise((listening) => server.listen(0, "127.0.0.1", listening));
+  t.after(() => (server.closeAllConnections(), server.close()));
+  const root = `http://127.0.0.1:${server.address().port}`;
+  t.after(() => delete globalThis.location);
+  for (const origin of [undefined, root, "http://h"]) {
+    if (origin) globalThis.location = { origin };
+    for (const name of Object.keys(answers)) {
+      const { status, problem } = await receive(`${root}/${name}?venue=a`);
+      assert.equal(status, 200);
+      if (name === "cut" && origin === "http://h")
+        assert.match(problem, /\/cut\?venue=a has more pages.*"Access-Control-Expose-Headers: Link" .*http:\/\/h$/);
+      else assert.equal(problem, "", name);
+    }
+  }
+  assert.deepEqual(asked, ["cut", "whole", "padded", "unpaged", "dropped"]);
+});
+
 test("a request that blocks returns every byte", async (t) => {
   t.after(() => delete globalThis.XMLHttpRequest);
   for (const [responseText, expected] of [

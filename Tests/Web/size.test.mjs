@@ -1,24 +1,36 @@
-// What a page downloads, compressed as a server sends it.
+// What a page downloads, compressed as a server sends it. web/feature-sizes.mjs prints what single features cost.
 
 import assert from "node:assert/strict";
-import { readdirSync, readFileSync } from "node:fs";
+import { existsSync, readdirSync, readFileSync } from "node:fs";
+import { createRequire } from "node:module";
 import path from "node:path";
 import test from "node:test";
 import { gzipSync } from "node:zlib";
 
 import { root } from "./support.mjs";
 
-const dist = path.join(root, "web/dist");
+const web = path.join(root, "web");
+const page = path.join(root, "build/web/page");
+const { build } = createRequire(path.join(web, "package.json"))("esbuild");
 
-function compressedBytes(ending) {
-  const files = readdirSync(dist, { recursive: true }).filter((name) => name.endsWith(ending));
-  return files.reduce((sum, name) => sum + gzipSync(readFileSync(path.join(dist, name)), { level: 9 }).length, 0);
-}
+const compressed = (bytes) => gzipSync(bytes, { level: 9 }).length;
+const sizeOf = (...names) => compressed(readFileSync(path.join(...names)));
 
-test("sizes", (context) => {
-  for (const [ending, kilobytes] of [[".wasm", 520], [".js", 45]]) {
-    const bytes = compressedBytes(ending);
-    context.diagnostic(`${ending}: ${(bytes / 1000).toFixed(1)} KB compressed`);
-    assert.ok(bytes > 1000 && bytes < kilobytes * 1000, `${ending}: ${bytes} bytes`);
+test("sizes", async (context) => {
+  const check = (name, bytes, kilobytes) => {
+    context.diagnostic(`${name}: ${(bytes / 1000).toFixed(1)} KB compressed, at most ${kilobytes}`);
+    assert.ok(bytes > 1000 && bytes <= kilobytes * 1000, `${name}: ${bytes} bytes`);
+  };
+  check("core.wasm", sizeOf(web, "dist/core.wasm"), 670);
+  for (const [entry, kilobytes] of [["index", 41], ["element", 45]]) {
+    const options = { bundle: true, minify: true, format: "esm", target: "es2022", write: false };
+    const { outputFiles } = await build({ ...options, entryPoints: [path.join(web, `dist/${entry}.js`)] });
+    check(`${entry}.js in a bundle`, compressed(outputFiles[0].contents), kilobytes);
   }
+  for (const name of readdirSync(path.join(web, "dist/languages"))) check(name, sizeOf(web, "dist/languages", name), 12);
+
+  assert.ok(existsSync(page), "the page is built: npm --prefix web run page");
+  // Without other languages, which are loaded when they are asked for, and the page of examples.
+  const first = readdirSync(page).filter((name) => !/^examples|^(ar|de|fr|ja)-|\.(gz|map)$/.test(name));
+  check("page", first.reduce((sum, name) => sum + sizeOf(page, name), 0), 800);
 });

@@ -1,7 +1,9 @@
 // The module that emscripten makes of Apps/Web. Its functions are described in Apps/Web/Exports.cpp.
 // Addresses and lengths are numbers.
 
+import type { Graphics } from "./platform/graphics.js";
 import type { Network } from "./platform/network.js";
+import type { Surfaces } from "./platform/surfaces.js";
 
 /** The code of the page that the module calls. */
 export interface Platform {
@@ -10,6 +12,15 @@ export interface Platform {
   loadEnded(load: number, text: number, length: number): void;
   /** The functions of Platform/Network/Fetch/PageFunctions.js. */
   network: Network;
+  /** The functions of Platform/Graphics/Canvas/PageFunctions.js. */
+  graphics: Graphics;
+  /** The functions of Platform/Render/WebCanvas/PageFunctions.js. */
+  surfaces: Surfaces;
+  /** The functions of Apps/Web/Map/PageFunctions.js. */
+  maps: {
+    wantsFrame(map: number): void;
+    event(map: number, text: number, length: number): void;
+  };
 }
 
 export interface Core {
@@ -22,16 +33,41 @@ export interface Core {
   _orivantaFetchEnded(request: number, status: number): void;
   _orivantaBegin(): void;
   _orivantaRunTurn(): void;
+  _orivantaTrap(): void;
   _orivantaResultLength(): number;
-  _orivantaAddToPackage(name: number, nameLength: number, text: number, length: number): void;
+  _orivantaAddToPackage(name: number, nameLength: number, text: number, length: number): number;
+  _orivantaDropPackage(): void;
   _orivantaStartLoad(settings: number, length: number): number;
   _orivantaCancelLoad(load: number): void;
   _orivantaRemoveVenue(venue: number): void;
   _orivantaRecords(venue: number): number;
   _orivantaNodes(venue: number): number;
   _orivantaRoute(venue: number, from: number, fromCount: number, to: number, toCount: number): number;
+  _orivantaAddLanguage(tag: number, tagLength: number, file: number, length: number): number;
   _orivantaPlan(venue: number, text: number, length: number): number;
   _orivantaSearch(venue: number, text: number, length: number): number;
+  _orivantaOpenMap(venue: number, canvas: number): number;
+  _orivantaLoadMap(map: number, first: number): void;
+  _orivantaCloseMap(map: number): void;
+  _orivantaMapFrame(map: number, width: number, height: number, scale: number, time: number): void;
+  _orivantaMapPointer(
+    map: number,
+    device: number,
+    phase: number,
+    pointer: number,
+    clicks: number,
+    x: number,
+    y: number,
+    time: number,
+  ): void;
+  _orivantaMapWheel(map: number, x: number, y: number, steps: number, isPinch: number): void;
+  _orivantaMapCancel(map: number, time: number): void;
+  _orivantaMapContext(map: number, isThere: number): void;
+  _orivantaMapRedrawTexts(map: number): void;
+  _orivantaMapDo(map: number, text: number, length: number): number;
+  _orivantaMapFinish(map: number): void;
+  _orivantaMapPoint(map: number, x: number, y: number, z: number): number;
+  _orivantaVisitor(venue: number, text: number, length: number): number;
 }
 
 export interface CoreOptions {
@@ -42,6 +78,7 @@ export interface CoreOptions {
   ): object;
   print?(line: string): void;
   printErr?(line: string): void;
+  onAbort?(): void;
 }
 
 export default function createCore(options: CoreOptions): Promise<Core>;

@@ -2,7 +2,10 @@
 
 import createCore, { type Core, type Platform } from "./core.js";
 import { OrivantaError } from "./errors.js";
+import type { MapEvent } from "./mapTypes.js";
+import { graphics } from "./platform/graphics.js";
 import { Network } from "./platform/network.js";
+import { CanvasTable } from "./platform/surfaces.js";
 import { turnRequest } from "./turns.js";
 
 /** Where the bytes of the module come from. */
@@ -33,11 +36,19 @@ interface RunningLoad {
   failed: (error: OrivantaError) => void;
 }
 
+/** Receives what a map of the module reports. */
+export interface MapListener {
+  /** A frame has to be drawn. Called by the module, which must not be called in return. */
+  wantsFrame(): void;
+  /** Called in a turn of its own. */
+  event(event: MapEvent): void;
+}
+
 const encoder = new TextEncoder();
 const decoder = new TextDecoder();
 
-async function bytesOf(source: WasmSource): Promise<BufferSource | Response> {
-  if (typeof source !== "string" && !(source instanceof URL)) return source;
+/** Reads a file next to the package's code, in a browser or in Node.js. */
+export async function fetched(source: string | URL): Promise<BufferSource | Response> {
   const url = new URL(source, import.meta.url);
   if (url.protocol !== "file:") {
     const response = await fetch(url, { credentials: "same-origin" });
@@ -54,7 +65,8 @@ async function bytesOf(source: WasmSource): Promise<BufferSource | Response> {
 }
 
 async function compiled(source: WasmSource): Promise<WebAssembly.Module> {
-  const bytes = await bytesOf(source);
+  const isFile = typeof source === "string" || source instanceof URL;
+  const bytes = isFile ? await fetched(source) : source;
   if (!(bytes instanceof Response)) return WebAssembly.compile(bytes);
   if (bytes.headers.get("Content-Type") === "application/wasm") {
     return WebAssembly.compileStreaming(bytes);
@@ -67,9 +79,15 @@ export class Engine {
   /** Called once, with a sentence, when the module has stopped. */
   onFatal: ((message: string) => void) | null = null;
 
+  /** The canvases of maps. */
+  readonly canvases = new CanvasTable();
+  /** The listeners of maps, by the maps' numbers. */
+  readonly maps = new Map<number, MapListener>();
+
   #core!: Core;
   #fatal: OrivantaError | null = null;
   #lastLine = "";
+  readonly #ending = new AbortController();
   readonly #loads = new Map<number, RunningLoad>();
 
   private constructor() {}
@@ -83,6 +101,12 @@ export class Engine {
   }
 
   async #start(module: WebAssembly.Module): Promise<void> {
+    if (!globalThis.crypto) {
+      // Node.js 18. In a variable, so that bundlers do not look for it.
+      const name = "node:crypto";
+      const { webcrypto } = (await import(/* @vite-ignore */ name)) as { webcrypto: Crypto };
+      globalThis.crypto = webcrypto;
+    }
     let instantiationFailed: (error: unknown) => void = () => {};
     const failure = new Promise<never>((_, reject) => (instantiationFailed = reject));
     const core = createCore({
@@ -91,7 +115,9 @@ export class Engine {
         WebAssembly.instantiate(module, imports).then(received, instantiationFailed);
         return {};
       },
+      print: () => {}, // diagnostics for developers of the module
       printErr: (line) => (this.#lastLine = line),
+      onAbort: () => this.#core._orivantaTrap(),
     });
     this.#core = await Promise.race([core, failure]);
     this.#core._orivantaBegin();
@@ -101,13 +127,22 @@ export class Engine {
   #platform(): Platform {
     const engine = this;
     return {
-      requestTurn: turnRequest(() => this.#enter((core) => core._orivantaRunTurn())),
+      requestTurn: turnRequest(() => this.#enter((core) => core._orivantaRunTurn()), this.#ending.signal),
       loadProgressed: (load, collectionsDone, collections, pages, bytes) => {
         const progress = { collectionsDone, collections, pages, bytes };
         const { progressed } = this.#loads.get(load) ?? {};
         if (progressed) queueMicrotask(() => progressed(progress));
       },
       loadEnded: (load, text, length) => this.#end(load, this.#read(text, length)),
+      graphics,
+      surfaces: this.canvases,
+      maps: {
+        wantsFrame: (map) => this.maps.get(map)?.wantsFrame(),
+        event: (map, text, length) => {
+          const event = JSON.parse(this.#read(text, length)) as MapEvent;
+          queueMicrotask(() => this.maps.get(map)?.event(event));
+        },
+      },
       network: new Network({
         get HEAPU8() {
           return engine.#core.HEAPU8;
@@ -130,10 +165,13 @@ export class Engine {
     }
   }
 
-  /** Calls a function that takes UTF-8 texts, each as address and length. */
-  withTexts<Result>(texts: readonly string[], use: (core: Core, ...places: number[]) => Result): Result {
+  /** Calls a function that takes UTF-8 texts or bytes, each as address and length. */
+  withTexts<Result>(
+    texts: readonly (string | Uint8Array)[],
+    use: (core: Core, ...places: number[]) => Result,
+  ): Result {
     return this.call((core) => {
-      const encoded = texts.map((text) => encoder.encode(text));
+      const encoded = texts.map((text) => (typeof text === "string" ? encoder.encode(text) : text));
       const places: number[] = [];
       try {
         for (const bytes of encoded) {
@@ -189,11 +227,7 @@ export class Engine {
   ): Promise<LoadReport> {
     return new Promise((resolve, reject) => {
       signal?.throwIfAborted();
-      for (const [name, text] of Object.entries(package_ ?? {})) {
-        this.withTexts([name, text], (core, ...places) =>
-          core._orivantaAddToPackage(places[0]!, places[1]!, places[2]!, places[3]!),
-        );
-      }
+      if (package_) this.#give(package_);
       const load = this.withTexts([JSON.stringify(settings)], (core, address, length) =>
         core._orivantaStartLoad(address!, length!),
       );
@@ -217,10 +251,30 @@ export class Engine {
   close(): void {
     this.#fatal ??= new OrivantaError("fatal", "the instance was destroyed");
     this.#failLoads(this.#fatal);
+    this.#ending.abort();
+  }
+
+  #give(package_: Readonly<Record<string, string>>): void {
+    try {
+      for (const [name, text] of Object.entries(package_)) {
+        const isAdded = this.withTexts([name, text], (core, ...places) =>
+          core._orivantaAddToPackage(places[0]!, places[1]!, places[2]!, places[3]!),
+        );
+        if (!isAdded) throw new OrivantaError("tooLarge", "there is not enough memory");
+      }
+    } catch (error) {
+      if (!this.#fatal) this.call((core) => core._orivantaDropPackage());
+      throw error;
+    }
   }
 
   #read(address: number, length: number): string {
     return decoder.decode(this.#core.HEAPU8.subarray(address, address + length));
+  }
+
+  /** Like `call`, for events of the page: does nothing if the module has stopped. */
+  enter(use: (core: Core) => void): void {
+    this.#enter(use);
   }
 
   #enter<Result>(use: (core: Core) => Result): Result | undefined {
@@ -237,8 +291,8 @@ export class Engine {
   // module.
   #end(load: number, text: string): void {
     const running = this.#loads.get(load);
-    this.#loads.delete(load);
     if (running) queueMicrotask(() => running.ended(JSON.parse(text) as LoadReport));
+    this.#loads.delete(load);
   }
 
   #stop(cause: unknown): OrivantaError {

@@ -22,6 +22,8 @@ export type ErrorKind =
   | "invalid"
   /** Several places have the given name. */
   | "ambiguous"
+  /** The browser lacks something, such as WebGL 2. */
+  | "unsupported"
   /** The module has stopped; only a new `Orivanta.load()` helps. */
   | "fatal";
 

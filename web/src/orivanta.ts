@@ -2,6 +2,7 @@
 
 import { Engine, type LoadProgress, type LoadReport, type WasmSource } from "./engine.js";
 import { OrivantaError, type ErrorKind } from "./errors.js";
+import { Languages } from "./languages.js";
 import { Venue, type LoadProblem } from "./venue.js";
 
 /** How to reach a server of venues. */
@@ -10,7 +11,10 @@ export interface ServerSettings {
   endpoint: string;
   username?: string;
   password?: string;
-  /** Preferred languages of names: the value of `Accept-Language`. */
+  /**
+   * Preferred languages of names: the value of `Accept-Language`. The messages of the best one are loaded with
+   * the venues, as `Orivanta.loadLanguage` does; if that fails, instructions are in English.
+   */
   languages?: string;
   signal?: AbortSignal;
 }
@@ -52,10 +56,12 @@ export class Orivanta {
   onFatal: ((message: string) => void) | null = null;
 
   readonly #engine: Engine;
+  readonly #languages: Languages;
   #settings: Partial<ServerSettings> = {};
 
   private constructor(engine: Engine) {
     this.#engine = engine;
+    this.#languages = new Languages(engine);
     engine.onFatal = (message) => this.onFatal?.(message);
   }
 
@@ -64,17 +70,24 @@ export class Orivanta {
     return new Orivanta(await Engine.start(options.wasm ?? new URL("./core.wasm", import.meta.url)));
   }
 
+  /**
+   * Loads the messages of a language of instructions. `preferred` is a tag or a list of tags, as in
+   * `Accept-Language`. Returns the tag of the best language: "ar", "de", "en", "fr" or "ja". Without it,
+   * `Venue.guide` writes English.
+   */
+  async loadLanguage(preferred: string): Promise<string> {
+    return this.#languages.load(preferred);
+  }
+
   /** Lists the venues of a server. `venue` uses the same settings unless it is given others. */
   async venues(settings: ServerSettings): Promise<readonly VenueEntry[]> {
     this.#settings = { ...settings };
     delete this.#settings.signal;
     const { signal, ...rest } = settings;
-    const report = await this.#engine.load(
-      { ...rest, endpoint: endpointOf(settings.endpoint) },
-      null,
-      undefined,
-      signal,
-    );
+    const [report] = await Promise.all([
+      this.#engine.load({ ...rest, endpoint: endpointOf(settings.endpoint) }, null, undefined, signal),
+      this.#loadLanguageOf(settings),
+    ]);
     const failure = report.failures[0];
     if (failure) throw new OrivantaError(failure.kind as ErrorKind, failure.reason, failure.status);
     return Object.freeze((report.venues ?? []).map((venue) => Object.freeze(venue)));
@@ -86,12 +99,11 @@ export class Orivanta {
     if (settings.endpoint === undefined) {
       throw new OrivantaError("invalid", "no endpoint is given; call venues() or pass one");
     }
-    const report = await this.#engine.load(
-      { ...settings, endpoint: endpointOf(settings.endpoint), slug, accessible },
-      null,
-      onProgress,
-      signal,
-    );
+    const load = { ...settings, endpoint: endpointOf(settings.endpoint), slug, accessible };
+    const [report] = await Promise.all([
+      this.#engine.load(load, null, onProgress, signal),
+      this.#loadLanguageOf(settings),
+    ]);
     return this.#opened(report, slug);
   }
 
@@ -111,6 +123,10 @@ export class Orivanta {
   /** Ends the instance. Every later call throws. */
   destroy(): void {
     this.#engine.close();
+  }
+
+  async #loadLanguageOf({ languages = "en" }: Partial<ServerSettings>): Promise<void> {
+    await this.#languages.load(languages).catch(() => "en");
   }
 
   #opened(report: LoadReport, slug: string): Venue {

@@ -56,6 +56,8 @@ export interface Records {
   readonly nodes: readonly Node[];
   /** How many of the venue's units are a meter; 1 if the venue does not state it. */
   readonly unitsPerMeter: number;
+  /** The sources that the venue's license wants to be named, as one line; may be empty. */
+  readonly attribution: string;
 }
 
 interface RawPlace {
@@ -77,6 +79,7 @@ export interface RawRecords {
   categories: { id: string; name: string }[];
   nodes: string[];
   unitsPerMeter: number;
+  attribution: string;
 }
 
 const freeze = <Value extends object>(value: Value): Readonly<Value> => Object.freeze(value);
@@ -115,5 +118,6 @@ export function recordsOf(raw: RawRecords, numbers: Float64Array): Records {
     categories: freeze([...categories.values()]),
     nodes,
     unitsPerMeter: raw.unitsPerMeter,
+    attribution: raw.attribution,
   });
 }

@@ -10,6 +10,8 @@ import {
   type RawPlan,
   type Stop,
 } from "./guidance.js";
+import { MapView } from "./map.js";
+import type { ShowOptions } from "./mapTypes.js";
 import {
   recordsOf,
   type Category,
@@ -20,6 +22,15 @@ import {
   type RawRecords,
   type Records,
 } from "./records.js";
+import {
+  iconsOf,
+  type Card,
+  type CardOptions,
+  type Catalog,
+  type KindIcon,
+  type Nearest,
+  type NearestOptions,
+} from "./visitor.js";
 
 /** A collection of the venue that could not be loaded and counts as empty. */
 export interface LoadProblem {
@@ -83,6 +94,7 @@ export class Venue {
   #nodesByName: Map<string, Node> | null = null;
   #placesByName: Map<string, Place> | null = null;
   #isDestroyed = false;
+  #map: MapView | null = null;
 
   /** For `Orivanta.venue`. */
   constructor(engine: Engine, number: number, problems: readonly LoadProblem[]) {
@@ -120,6 +132,11 @@ export class Venue {
     return this.#all().unitsPerMeter;
   }
 
+  /** The sources that the venue's license wants to be named with its map; may be empty. */
+  get attribution(): string {
+    return this.#all().attribution;
+  }
+
   /** Returns the node with this identifier. */
   nodeNamed(id: string): Node | undefined {
     this.#nodesByName ??= new Map(this.nodes.map((node) => [node.id, node]));
@@ -135,7 +152,7 @@ export class Venue {
   /** Searches a route. Returns null if there is none. */
   route(from: RouteEnd, to: RouteEnd): Route | null {
     const numbers = this.#use(() =>
-      this.#engine.withIndices([this.#indicesOf(from), this.#indicesOf(to)], (core, ...places) =>
+      this.#engine.withIndices([this.indicesOf(this.#nodesOf(from)), this.indicesOf(this.#nodesOf(to))], (core, ...places) =>
         this.#engine.numbers(
           core._orivantaRoute(this.#number, places[0]!, places[1]!, places[2]!, places[3]!),
         ),
@@ -156,7 +173,7 @@ export class Venue {
       | { error: { kind: ErrorKind; text: string } };
     if ("error" in plan) throw new OrivantaError(plan.error.kind, plan.error.text);
     if ("problem" in plan) return Object.freeze({ problem: Object.freeze(plan.problem) });
-    return guidanceOf(plan, plan.language, (id) => this.nodeNamed(id));
+    return guidanceOf(plan, plan.language, this);
   }
 
   /** Returns the places and connectors that match a text as a user types it, the best first. */
@@ -170,9 +187,53 @@ export class Venue {
     });
   }
 
-  /** Releases the memory of the venue. Every later call throws. */
+  /** Returns all places by kind, as visitors browse them. */
+  catalog(language: string): Catalog {
+    return this.#visitor({ what: "catalog", language }) as Catalog;
+  }
+
+  /** Returns what the card of a place or connector says. */
+  card(place: Place, options: CardOptions): Card {
+    return this.#visitor({ ...options, what: "card", place: place.id }) as Card;
+  }
+
+  /** Returns the nearest toilet, exit and so on, to offer as destinations of routes. */
+  nearest(options: NearestOptions): Nearest[] {
+    return this.#visitor({ ...options, what: "nearest", place: options.place?.id ?? null }) as Nearest[];
+  }
+
+  /** Returns the nearest places of the categories that a typed text means. */
+  nearestTyped(text: string, language: string): Nearest[] {
+    return this.#visitor({ what: "typed", text, language }) as Nearest[];
+  }
+
+  /** Returns the icons of all kinds, as on the map. */
+  icons(theme: "light" | "dark"): KindIcon[] {
+    return iconsOf(this.#visitor({ what: "icons", theme }) as KindIcon[]);
+  }
+
+  /**
+   * Shows the venue on a canvas, or on a canvas that is added to an element and fills it. The promise is
+   * fulfilled when the first floor is shown. It is rejected with an `OrivantaError` if no floor can be shown
+   * or the browser does not support WebGL 2. A venue has at most one map at a time.
+   */
+  async show(target: HTMLElement, options: ShowOptions = {}): Promise<MapView> {
+    if (this.#map) throw new OrivantaError("invalid", "the venue is shown already; load it again for another map");
+    const map = this.#use(() => new MapView(this.#engine, this, this.#number, target, options, () => (this.#map = null)));
+    this.#map = map;
+    try {
+      await map.loaded;
+    } catch (error) {
+      this.#map = null;
+      throw error;
+    }
+    return map;
+  }
+
+  /** Releases the memory of the venue, and its map. Every later call throws. */
   destroy(): void {
     if (this.#isDestroyed) return;
+    this.#map?.destroy();
     this.#isDestroyed = true;
     this.#engine.call((core) => core._orivantaRemoveVenue(this.#number));
   }
@@ -182,7 +243,11 @@ export class Venue {
     return use();
   }
 
-  #ask(text: string, name: "_orivantaPlan" | "_orivantaSearch"): unknown {
+  #visitor(question: object): unknown {
+    return this.#ask(JSON.stringify(question), "_orivantaVisitor");
+  }
+
+  #ask(text: string, name: "_orivantaPlan" | "_orivantaSearch" | "_orivantaVisitor"): unknown {
     return this.#use(() =>
       this.#engine.withTexts([text], (core, address, length) =>
         this.#engine.json(core[name](this.#number, address!, length!)),
@@ -204,9 +269,13 @@ export class Venue {
     return this.#records;
   }
 
-  #indicesOf(end: RouteEnd): number[] {
+  /** Returns the indices of nodes in `nodes`, without those of other venues. */
+  indicesOf(nodes: readonly Node[]): number[] {
     this.#indices ??= new Map(this.nodes.map((node, index) => [node, index]));
-    const nodes: readonly Node[] = Array.isArray(end) ? end : "nodes" in end ? end.nodes : [end as Node];
-    return nodes.map((node) => this.#indices!.get(node) ?? -1);
+    return nodes.flatMap((node) => this.#indices!.get(node) ?? []);
+  }
+
+  #nodesOf(end: RouteEnd): readonly Node[] {
+    return Array.isArray(end) ? end : "nodes" in end ? end.nodes : [end as Node];
   }
 }

@@ -25,8 +25,10 @@ void addRender(CLI::App& app, CommandLine& line) {
                  "Show all floors above each other in one image; requires a style");
   query.add_option("--zoom", options.zoom, "Zoom factor; 1 shows the whole floor")->type_name("F");
   query
-      .add_option("--style", options.style,
-                  "Colors of the floors: light, dark, plain (those of the models), or a theme file")
+      .add_option(
+          "--style", options.style,
+          "Colors of the floors: light, dark, light-contrast, dark-contrast, plain (those of the "
+          "models), or a theme file")
       ->type_name("FILE|NAME")
       ->capture_default_str();
   query

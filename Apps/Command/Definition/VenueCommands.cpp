@@ -66,8 +66,10 @@ void addView(CLI::App& app, CommandLine& line) {
       ->type_name("NAME")
       ->check(CLI::IsMember({"normal", "high"}));
   command
-      .add_option("--style", options.style,
-                  "Look of the map: light, dark, plain (the colors of the models), or a theme file")
+      .add_option(
+          "--style", options.style,
+          "Look of the map: light, dark, light-contrast, dark-contrast, plain (the colors of the "
+          "models), or a theme file")
       ->type_name("FILE|NAME")
       ->capture_default_str();
   command.add_flag("--reduced-motion", options.reducedMotion,

@@ -76,6 +76,11 @@ std::shared_ptr<const MapTheme> readTheme(const std::string& text) {
   if (text == "plain") return nullptr;
   if (text == "light") return MapTheme::light();
   if (text == "dark") return MapTheme::dark();
+  const auto contrasting = [](const MapTheme& theme) {
+    return std::make_shared<const MapTheme>(theme.withHighContrast());
+  };
+  if (text == "light-contrast") return contrasting(*MapTheme::light());
+  if (text == "dark-contrast") return contrasting(*MapTheme::dark());
   const auto file = readMapTheme(text);
   if (!file) throw CommandError(ExitCode::wrongUse, "--style: " + file.error().description);
   for (const std::string& member : file->unknownMembers)

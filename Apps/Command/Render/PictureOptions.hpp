@@ -30,8 +30,9 @@ std::shared_ptr<Location> findLocation(const Venue& venue, const std::string& te
 /// Parses "lower-left", "lower-right", "upper-left" or "upper-right".
 Corner parseCorner(std::string_view text);
 
-/// Returns the theme that the text names: "light", "dark", or a file, with a warning for each of
-/// its members that is unknown. Returns null for "plain".
+/// Returns the theme that the text names: "light" or "dark", "light-contrast" or "dark-contrast"
+/// for high contrast, or a file, with a warning for each of its members that is unknown. Returns
+/// null for "plain".
 std::shared_ptr<const MapTheme> readTheme(const std::string& text);
 
 struct Highlight {

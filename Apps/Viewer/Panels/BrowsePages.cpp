@@ -6,7 +6,7 @@
 #include <iterator>
 #include <utility>
 
-#include "Apps/Viewer/ShownName.hpp"
+#include "Apps/Viewer/Content/ShownName.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Floors.hpp"

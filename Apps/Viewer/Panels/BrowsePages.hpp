@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "Apps/Viewer/NearestChoices.hpp"
+#include "Apps/Viewer/Content/NearestChoices.hpp"
+#include "Apps/Viewer/Content/PlaceCatalog.hpp"
 #include "Apps/Viewer/Panels/ChoiceList.hpp"
-#include "Apps/Viewer/PlaceCatalog.hpp"
 #include "Source/Guidance/InterfaceTexts.hpp"
 
 namespace orivanta::viewer {

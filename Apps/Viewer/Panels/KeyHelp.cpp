@@ -91,7 +91,7 @@ class KeyHelp::Line : public Row {
 KeyHelp::KeyHelp(const guidance::InterfaceTexts& texts)
     : title_(std::make_shared<Label>(LabelStyle{.size = theme::titleSize, .bold = true, .lines = 0},
                                      texts.text("interface.help"))),
-      close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
+      close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 17)),
       list_(std::make_shared<List>()) {
   for (const std::shared_ptr<view::View>& part :
        std::initializer_list<std::shared_ptr<view::View>>{title_, close_, list_})

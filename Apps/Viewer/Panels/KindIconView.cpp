@@ -13,13 +13,13 @@ namespace {
 
 constexpr std::size_t mostImages = 500;
 
-using Key = std::tuple<bool, PlaceKind, IconState, double, double>;
+using IconKey = std::tuple<bool, PlaceKind, IconState, double, double>;
 
 // Returns the image for a dark or light look, a side in points and a scale. All views share the
 // images, so that each is drawn and uploaded once.
-std::shared_ptr<const graphics::Image> sharedIcon(const Key& key) {
+std::shared_ptr<const graphics::Image> sharedIcon(const IconKey& key) {
   static std::mutex mutex;
-  static std::map<Key, std::shared_ptr<const graphics::Image>> images;
+  static std::map<IconKey, std::shared_ptr<const graphics::Image>> images;
   const std::lock_guard lock(mutex);
   const auto known = images.find(key);
   if (known != images.end()) return known->second;

@@ -11,8 +11,8 @@
 
 namespace orivanta::viewer {
 
-/// A column of buttons, each of which does what a key does. If there is little room, the buttons
-/// for the map are left out, because two fingers do the same.
+/// A column of buttons, each of which does what a key does. If there is little room, the least
+/// important ones are left out, first those that zoom, because two fingers do the same.
 class MapButtons : public Panel {
  public:
   MapButtons();

@@ -40,7 +40,7 @@ PlaceCard::PlaceCard(const guidance::InterfaceTexts& texts)
       phone_(std::make_shared<Label>(LabelStyle{.lines = 0})),
       website_(std::make_shared<Label>(LabelStyle{.lines = 0})),
       description_(std::make_shared<Label>(LabelStyle{.lines = mostLines})),
-      close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
+      close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 17)),
       from_(std::make_shared<Button>(ButtonLook::tinted, texts.text("interface.place.from"))),
       to_(std::make_shared<Button>(ButtonLook::filled, texts.text("interface.place.to"))),
       addStop_(std::make_shared<Button>(ButtonLook::tinted, texts.text("interface.place.stop"))) {

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "Apps/Viewer/CardContent.hpp"
-#include "Apps/Viewer/NearestChoices.hpp"
+#include "Apps/Viewer/Content/CardContent.hpp"
+#include "Apps/Viewer/Content/NearestChoices.hpp"
 #include "Apps/Viewer/Panels/KindIconView.hpp"
 #include "Apps/Viewer/Panels/TileRow.hpp"
 #include "Apps/Viewer/Panels/WeekLines.hpp"

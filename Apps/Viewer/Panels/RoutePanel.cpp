@@ -93,7 +93,7 @@ void RoutePanel::setRoute(const GuidedPlan& plan, std::size_t index, const std::
   remark_->setText(remark);
   warning_->setText(route.warning);
   std::vector<std::string> titles;
-  for (const GuidedRoute& each : plan.routes) titles.push_back(each.summary);
+  for (const GuidedRoute& each : plan.routes) titles.push_back(each.title);
   if (titles.size() > 1) routes_->setTitles(titles);
   routes_->setChosen(index);
   steps_->show(&route);

@@ -5,7 +5,7 @@
 #include <optional>
 #include <utility>
 
-#include "Apps/Viewer/CategoryMatch.hpp"
+#include "Apps/Viewer/Content/CategoryMatch.hpp"
 #include "Apps/Viewer/Widgets/Direction.hpp"
 #include "Platform/View/Canvas.hpp"
 #include "Source/Venue.hpp"
@@ -41,7 +41,7 @@ SearchPanel::SearchPanel(const Venue& venue, const guidance::InterfaceTexts& tex
           LabelStyle{
               .size = 28, .color = theme::faint, .alignment = Alignment::center, .isSign = true},
           "\u2315")),
-      clear_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)),
+      clear_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 17)),
       nothing_(std::make_shared<Label>(LabelStyle{.color = theme::faint, .lines = 0},
                                        texts.text("interface.search.nothing"))),
       list_(std::make_shared<ChoiceList>()) {

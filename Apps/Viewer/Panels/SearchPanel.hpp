@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "Apps/Viewer/Content/NearestChoices.hpp"
 #include "Apps/Viewer/Keys.hpp"
 #include "Apps/Viewer/LatestRequest.hpp"
-#include "Apps/Viewer/NearestChoices.hpp"
 #include "Apps/Viewer/Panels/BrowsePages.hpp"
 #include "Apps/Viewer/Panels/ChoiceList.hpp"
 #include "Apps/Viewer/RecentPlaces.hpp"

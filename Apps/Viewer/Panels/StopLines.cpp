@@ -32,7 +32,7 @@ struct StopLines::Line {
 StopLines::StopLines(const guidance::InterfaceTexts& texts)
     : texts_(texts),
       swap_(std::make_shared<Button>(ButtonLook::plain, "\u21C5", 20)),
-      close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 14)) {
+      close_(std::make_shared<Button>(ButtonLook::plain, "\u2715", 17)) {
   addSubview(swap_);
   addSubview(close_);
   swap_->action = forward(swapped);

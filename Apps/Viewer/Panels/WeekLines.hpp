@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "Apps/Viewer/HoursText.hpp"
+#include "Apps/Viewer/Content/HoursText.hpp"
 #include "Apps/Viewer/Widgets/Button.hpp"
 #include "Source/Guidance/InterfaceTexts.hpp"
 

@@ -72,7 +72,8 @@ char* Transfers::Transfer::room(Part which, std::size_t count) try {
 }
 
 UrlResult Transfers::Transfer::result(int status) {
-  if (!error && !part(Part::problem).empty()) error = {domain, noAnswer, part(Part::problem)};
+  if (const std::string& problem = part(Part::problem); !error && !problem.empty())
+    error = status == 0 ? foundation::Error{domain, noAnswer, problem} : incompleteAnswer(problem);
   if (error) return foundation::failure(*error);
   UrlAnswer answer{responseOf(part(Part::head), status), std::move(part(Part::body)), share};
   if (const auto& url = answer.response.url;

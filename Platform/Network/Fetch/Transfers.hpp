@@ -19,7 +19,7 @@ class Transfers {
   enum class Part {
     head,    ///< the response's URL, then the name and the value of each field, each ended by '\0'
     body,    ///< decoded by the browser
-    problem  ///< why there is no complete response; empty if there is one
+    problem  ///< why there is no complete response, or is one of no use; empty otherwise
   };
 
   /// The limit of a body.
@@ -39,7 +39,8 @@ class Transfers {
   /// if the request was canceled or has used too much memory; the page then ends it.
   char* room(int number, Part part, std::size_t count);
 
-  /// Ends a request. Does nothing if it was canceled. The status is 0 if there is no response.
+  /// Ends a request. Does nothing if it was canceled. The status is 0 if there is no complete
+  /// response.
   void end(int number, int status);
 
  private:

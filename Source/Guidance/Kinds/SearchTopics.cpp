@@ -8,7 +8,6 @@ namespace orivanta {
 
 namespace {
 
-constexpr std::size_t mostWords = 4;           // of a phrase
 constexpr std::size_t leastNearBytes = 5;      // of a word with near matches
 constexpr std::size_t leastCompoundBytes = 5;  // of the end of a compound word
 constexpr std::string_view article = "ال";
@@ -39,7 +38,15 @@ SearchTopics::SearchTopics() : ofKind_(placeKindCount, 0) {
           (rows[topic].kinds & bit(static_cast<PlaceKind>(kind))) != 0)
         ofKind_[kind] |= bitAt(topic);
   }
-  for (const Phrase& phrase : phrases_) byPhrase_[phrase.form] |= bitAt(phrase.topic);
+  for (const Phrase& phrase : phrases_) {
+    const std::string_view form = phrase.form;
+    byPhrase_[form] |= bitAt(phrase.topic);
+    const auto words = wordsOfForm(form);
+    std::size_t& most = wordCounts_[words.front()];
+    most = std::max(most, words.size());
+    if (form.size() >= leastCompoundBytes)
+      endings_.insert(form.substr(form.size() - leastCompoundBytes));
+  }
 }
 
 Topics SearchTopics::named(std::string_view phrase) const {
@@ -49,6 +56,14 @@ Topics SearchTopics::named(std::string_view phrase) const {
   };
   const Topics topics = find(phrase);
   return topics == 0 && phrase.starts_with(article) ? find(phrase.substr(article.size())) : topics;
+}
+
+std::size_t SearchTopics::mostWordsFrom(std::string_view word) const {
+  const auto find = [this](std::string_view text) {
+    const auto found = wordCounts_.find(text);
+    return found == wordCounts_.end() ? std::size_t{0} : found->second;
+  };
+  return std::max(find(word), word.starts_with(article) ? find(word.substr(article.size())) : 0);
 }
 
 Topics SearchTopics::begunWith(std::string_view text) const {
@@ -74,11 +89,15 @@ Topics SearchTopics::within(std::string_view text) const {
   Topics topics = 0;
   const auto words = wordsOfForm(text);
   for (std::size_t first = 0; first < words.size(); ++first) {
-    for (std::size_t last = first; last < std::min(first + mostWords, words.size()); ++last) {
-      const char* const end = words[last].data() + words[last].size();
-      topics |= named({words[first].data(), static_cast<std::size_t>(end - words[first].data())});
-    }
     const std::string_view word = words[first];
+    const std::size_t most = std::min(first + mostWordsFrom(word), words.size());
+    for (std::size_t last = first; last < most; ++last) {
+      const char* const end = words[last].data() + words[last].size();
+      topics |= named({word.data(), static_cast<std::size_t>(end - word.data())});
+    }
+    if (word.size() <= leastCompoundBytes ||
+        !endings_.contains(word.substr(word.size() - leastCompoundBytes)))
+      continue;
     for (std::size_t at = 1; at + leastCompoundBytes <= word.size(); ++at)
       if (!isContinuation(word[at])) {
         const auto found = byPhrase_.find(word.substr(at));

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "Source/Guidance/Kinds/SearchTopicTable.hpp"
@@ -56,12 +57,17 @@ class SearchTopics {
  private:
   SearchTopics();
 
+  /// Returns how many words a phrase can have that begins with a word; 0 if there is none.
+  std::size_t mostWordsFrom(std::string_view word) const;
+
   struct Phrase {
     std::string form;
     std::size_t topic;
   };
   std::vector<Phrase> phrases_;
-  std::unordered_map<std::string_view, Topics> byPhrase_;  // views of `phrases_`
+  std::unordered_map<std::string_view, Topics> byPhrase_;         // views of `phrases_`
+  std::unordered_map<std::string_view, std::size_t> wordCounts_;  // most words, by first words
+  std::unordered_set<std::string_view> endings_;  // of phrases that end compound words
   std::vector<Topics> ofKind_;
 };
 

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <array>
-#include <boost/algorithm/string/predicate.hpp>
-#include <locale>
 #include <system_error>
+
+#include "Platform/Foundation/AsciiCase.hpp"
 
 namespace orivanta::guidance {
 
@@ -53,7 +53,7 @@ const std::string* lookUp(std::string_view tag, const std::vector<std::string>& 
   while (!tag.empty()) {
     const auto found =
         std::find_if(available.begin(), available.end(), [&](const std::string& candidate) {
-          return boost::algorithm::iequals(candidate, tag, std::locale::classic());
+          return foundation::asciiEqualIgnoringCase(candidate, tag);
         });
     if (found != available.end()) return &*found;
     const std::size_t end = tag.rfind('-');
@@ -82,7 +82,7 @@ std::string bestLanguage(std::string_view preferred, const std::vector<std::stri
 bool isRightToLeft(std::string_view tag) {
   const auto isOneOf = [](std::string_view subtag, const auto& list) {
     return std::any_of(list.begin(), list.end(), [&](std::string_view candidate) {
-      return boost::algorithm::iequals(subtag, candidate, std::locale::classic());
+      return foundation::asciiEqualIgnoringCase(subtag, candidate);
     });
   };
   const bool byLanguage = isOneOf(take(tag, '-'), rightToLeftLanguages);

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <mutex>
 
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Platform/Foundation/ResourceBundle.hpp"
@@ -59,10 +61,27 @@ double roundedMeters(double meters) {
   return std::round(meters / unit) * unit;
 }
 
+// The languages that were added to the embedded ones.
+struct AddedLanguages {
+  std::mutex mutex;
+  std::map<std::string, std::shared_ptr<const Messages>, std::less<>> messages;
+};
+
+AddedLanguages& added() {
+  static auto& instance = *new AddedLanguages;
+  return instance;
+}
+
+std::shared_ptr<const Messages> addedMessages(std::string_view language) {
+  const std::lock_guard lock(added().mutex);
+  const auto found = added().messages.find(language);
+  return found == added().messages.end() ? nullptr : found->second;
+}
+
 std::shared_ptr<const Messages> embedded(std::string_view language,
                                          std::shared_ptr<const Messages> fallback) {
   const auto file = languageBundle().bytes(language, fileType.substr(1));
-  if (!file) return nullptr;
+  if (!file) return addedMessages(language);
   const std::string_view bytes(reinterpret_cast<const char*>(file->data()), file->size());
   return Messages::read(bytes, std::string(language), std::move(fallback)).value_or(nullptr);
 }
@@ -101,10 +120,23 @@ std::shared_ptr<const Messages> Messages::ofLibrary(std::string_view language) {
   return language == "en" ? english : embedded(language, english);
 }
 
+foundation::Result<void> Messages::addToLibrary(std::string_view file, std::string language) {
+  if (ofLibrary(language)) return {};
+  auto messages = read(file, language, ofLibrary("en"));
+  if (!messages) return foundation::failure(std::move(messages.error()));
+  const std::lock_guard lock(added().mutex);
+  added().messages.try_emplace(std::move(language), std::move(*messages));
+  return {};
+}
+
 std::vector<std::string> Messages::libraryLanguages() {
   std::vector<std::string> tags;
   for (const auto& resource : languageBundle().resources())
     tags.emplace_back(resource.fileName.substr(0, resource.fileName.size() - fileType.size()));
+  {
+    const std::lock_guard lock(added().mutex);
+    for (const auto& [tag, messages] : added().messages) tags.push_back(tag);
+  }
   std::sort(tags.begin(), tags.end());
   return tags;
 }

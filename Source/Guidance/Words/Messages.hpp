@@ -34,6 +34,10 @@ struct Messages {
   /// Returns the messages of one of the library's languages, or null if there is none with the tag.
   static std::shared_ptr<const Messages> ofLibrary(std::string_view language);
 
+  /// Adds a language to those of the library, for this process, from a file as for `read`. Does
+  /// nothing if the library has the language.
+  static foundation::Result<void> addToLibrary(std::string_view file, std::string language);
+
   /// Returns the tags of the library's languages in ascending order.
   static std::vector<std::string> libraryLanguages();
 

@@ -5,6 +5,8 @@
 #include <limits>
 #include <vector>
 
+#include "Source/UI/Display/AssumedScale.hpp"
+
 namespace orivanta {
 
 namespace {
@@ -18,7 +20,6 @@ constexpr double nearBest = 0.85;  // of the best score
 constexpr double leastMeters = 60;  // along the longer side of the region
 constexpr double leastPointsPerMeter = 3;
 constexpr double pointsOfRoom = 24;
-constexpr double metersOfRoom = 8;  // assumed if the venue has no scale
 constexpr double wantedShare = 0.9;
 constexpr double wholeFactor = 1.35;
 constexpr int sizes = 12;
@@ -131,7 +132,8 @@ std::optional<Lengths> lengths(double room, double view, double unitsPerMeter) {
   if (unitsPerMeter > 0) pointsPerUnit = leastPointsPerMeter / unitsPerMeter;
   if (room > 0) pointsPerUnit = std::min(pointsPerUnit, pointsOfRoom / room);
   const double most = view / pointsPerUnit;
-  const double least = leastMeters * (unitsPerMeter > 0 ? unitsPerMeter : room / metersOfRoom);
+  const double least =
+      leastMeters * (unitsPerMeter > 0 ? unitsPerMeter : room / metersOfMedianRoom);
   return Lengths{std::min(least, most), most};
 }
 

@@ -57,7 +57,7 @@ std::shared_ptr<Map> MapStyle::firstFloor(const Venue& venue, const KindWords& w
 
 void MapStyle::showFirstView(CameraMotion motion) {
   if (styled_->view() == nullptr) return;
-  if (isStacked()) return styled_->view()->camera().fit(motion);
+  if (isStacked()) return styled_->frameStack(motion);
   showFirstRegion(*styled_->view(), theme()->words, motion);
 }
 

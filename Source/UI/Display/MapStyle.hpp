@@ -119,8 +119,8 @@ class ORIVANTA_API MapStyle {
   static std::shared_ptr<Map> firstFloor(const Venue& venue, const KindWords& words = {});
 
   /// Moves the camera to the part of the current floor where most places are, so that their rooms
-  /// are large enough to be told apart; see `firstRegion`. Keeps tilt and turn. Does nothing before
-  /// the map view shows a floor.
+  /// are large enough to be told apart; see `firstRegion`. Keeps tilt and turn. If floors are
+  /// stacked, shows all of them. Does nothing before the map view shows a floor.
   void showFirstView(CameraMotion motion = CameraMotion::atOnce);
 
   // --- Stacked floors ---------------------------------------------------------------------------

@@ -3,10 +3,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
-#include <fstream>
-#include <sstream>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -36,16 +35,22 @@ std::string imprintOf(std::string_view bytes) {
 }
 
 std::string imprintOf(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  std::array<char, 64U << 10U> block{};
   foundation::Fnv checksum;
   std::size_t length = 0;
-  while (stream.read(block.data(), block.size()) || stream.gcount() > 0) {
-    const auto count = static_cast<std::size_t>(stream.gcount());
-    checksum.add({block.data(), count});
-    length += count;
-  }
+  foundation::readInBlocks(file, [&](std::string_view block) {
+    checksum.add(block);
+    length += block.size();
+    return true;
+  });
   return imprintOf(length, checksum);
+}
+
+// Returns the first line and removes it. Returns nothing if there is none.
+std::optional<std::string_view> takeLine(std::string_view& lines) {
+  if (lines.empty()) return std::nullopt;
+  const std::string_view line = lines.substr(0, lines.find('\n'));
+  lines.remove_prefix(std::min(lines.size(), line.size() + 1));
+  return line;
 }
 
 }  // namespace
@@ -80,20 +85,17 @@ std::optional<network::HeaderFields> KeptFile::conditionFor(const foundation::Ur
   const auto text = foundation::readFile(note(), largestNote);
   std::error_code failure;
   if (!text || !fs::is_regular_file(file_, failure)) return std::nullopt;
-  std::istringstream lines(*text);
-  std::string origin;
-  std::string imprint;
-  std::string entityTag;
-  std::string date;
-  if (!std::getline(lines, origin) || !std::getline(lines, imprint) ||
-      !std::getline(lines, entityTag) || !std::getline(lines, date) ||
-      origin != url.absoluteString() || imprint != imprintOf(file_))
-    return std::nullopt;
+  std::string_view lines = *text;
+  const auto origin = takeLine(lines);
+  const auto imprint = takeLine(lines);
+  const auto entityTag = takeLine(lines);
+  const auto date = takeLine(lines);
+  if (!date || origin != url.absoluteString() || imprint != imprintOf(file_)) return std::nullopt;
   network::HeaderFields condition;
-  if (!entityTag.empty())
-    condition.emplace_back("If-None-Match", entityTag);
-  else if (!date.empty())
-    condition.emplace_back("If-Modified-Since", date);
+  if (!entityTag->empty())
+    condition.emplace_back("If-None-Match", *entityTag);
+  else if (!date->empty())
+    condition.emplace_back("If-Modified-Since", *date);
   return condition;
 }
 

@@ -137,6 +137,9 @@ constexpr IconPath office[] = {{"M-2.6 -4 L-2.6 -6.2 L2.6 -6.2 L2.6 -4", 1.8},
 constexpr IconPath other[] = {{"O0 0 4.2", filled}};
 constexpr IconPath here[] = {{"M0 -7.6 L5.6 6.4 L0 3.4 L-5.6 6.4 Z", 1},
                              {"M0 -7.6 L5.6 6.4 L0 3.4 L-5.6 6.4 Z", filled}};
+constexpr IconPath walk[] = {{"O1 -6.4 1.8", filled},
+                             {"M0.4 -3 L-0.4 1.2 L2.6 3.4 L3.2 7.2 M-0.4 1.2 L-1.4 4.2 L-4 7", 2.2},
+                             {"M0.4 -3 L-2.8 -1.4 L-3.6 1.4 M0.4 -3 L2.6 -0.4 L5.2 0", 1.7}};
 
 // In the order of `PlaceKind`.
 constexpr std::array<std::span<const IconPath>, placeKindCount> icons{
@@ -153,5 +156,7 @@ std::span<const IconPath> iconPathsOf(PlaceKind kind) {
 }
 
 std::span<const IconPath> herePaths() { return here; }
+
+std::span<const IconPath> walkPaths() { return walk; }
 
 }  // namespace orivanta

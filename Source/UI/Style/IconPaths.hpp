@@ -23,4 +23,7 @@ std::span<const IconPath> iconPathsOf(PlaceKind kind);
 /// The paths of the symbol of a visitor's position.
 std::span<const IconPath> herePaths();
 
+/// The paths of the symbol of a person who walks.
+std::span<const IconPath> walkPaths();
+
 }  // namespace orivanta

@@ -4,7 +4,6 @@
 #include <string_view>
 #include <vector>
 
-#include "Platform/Graphics/Drawing.hpp"
 #include "Source/UI/Style/IconPaths.hpp"
 
 namespace orivanta {
@@ -15,7 +14,6 @@ using graphics::Image;
 
 namespace {
 
-constexpr double gridSide = 24.0;
 constexpr std::string_view ring = "O0 0 12";
 constexpr std::string_view disc = "O0 0 10.4";
 
@@ -45,8 +43,7 @@ std::vector<DrawingPart> partsOf(std::span<const IconPath> paths, const Color& g
 
 }  // namespace
 
-std::shared_ptr<const Image> makeIconImage(PlaceKind kind, const MapTheme& theme, double points,
-                                           double scale, IconState state) {
+std::vector<DrawingPart> iconPartsOf(PlaceKind kind, const MapTheme& theme, IconState state) {
   const bool works = state == IconState::normal;
   const Color ground = works ? theme.disc(kind) : theme.colors.iconOutOfOrder;
   auto parts = partsOf(iconPathsOf(kind), ground, theme.colors.iconSymbol);
@@ -55,13 +52,24 @@ std::shared_ptr<const Image> makeIconImage(PlaceKind kind, const MapTheme& theme
     parts.push_back({bar.space, ground, barSpaceWidth});
     parts.push_back({bar.line, theme.colors.iconSymbol, barWidth});
   }
-  return graphics::makeDrawingImage(parts, gridSide, points, scale);
+  return parts;
+}
+
+std::shared_ptr<const Image> makeIconImage(PlaceKind kind, const MapTheme& theme, double points,
+                                           double scale, IconState state) {
+  return graphics::makeDrawingImage(iconPartsOf(kind, theme, state), iconUnits, points, scale);
 }
 
 std::shared_ptr<const Image> makeHereIconImage(const MapTheme& theme, double points, double scale) {
   return graphics::makeDrawingImage(
-      partsOf(herePaths(), theme.colors.iconInfo, theme.colors.iconSymbol), gridSide, points,
+      partsOf(herePaths(), theme.colors.iconInfo, theme.colors.iconSymbol), iconUnits, points,
       scale);
+}
+
+std::shared_ptr<const Image> makeWalkIconImage(const MapTheme& theme, double points, double scale) {
+  return graphics::makeDrawingImage(
+      partsOf(walkPaths(), theme.disc(PlaceKind::other), theme.colors.iconSymbol), iconUnits,
+      points, scale);
 }
 
 }  // namespace orivanta

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "Platform/Foundation/Export.hpp"
+#include "Platform/Graphics/Drawing.hpp"
 #include "Platform/Graphics/Image.hpp"
 #include "Source/Guidance/Kinds/PlaceKind.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
@@ -23,8 +25,20 @@ ORIVANTA_API std::shared_ptr<const graphics::Image> makeIconImage(
     PlaceKind kind, const MapTheme& theme, double points, double scale,
     IconState state = IconState::normal);
 
-/// As above, for a visitor's own position. The arrow points up.
+/// Returns the parts of such an icon from back to front, for drawings of `iconUnits` by `iconUnits`
+/// units around the origin. Any thread.
+ORIVANTA_API std::vector<graphics::DrawingPart> iconPartsOf(PlaceKind kind, const MapTheme& theme,
+                                                            IconState state = IconState::normal);
+
+/// The sides of the drawings of icons.
+inline constexpr double iconUnits = 24.0;
+
+/// As `makeIconImage`, for a visitor's own position. The arrow points up.
 ORIVANTA_API std::shared_ptr<const graphics::Image> makeHereIconImage(const MapTheme& theme,
+                                                                      double points, double scale);
+
+/// As above, for a way between floors that is no connector: a person who walks.
+ORIVANTA_API std::shared_ptr<const graphics::Image> makeWalkIconImage(const MapTheme& theme,
                                                                       double points, double scale);
 
 }  // namespace orivanta

@@ -12,6 +12,27 @@ namespace {
 
 constexpr double smallNamesBelow = 40.0;  // importance
 
+// With high contrast.
+constexpr double namesStandOut = 7.0;
+constexpr double marksStandOut = 7.0;
+constexpr double passedStandsOut = 4.5;
+constexpr double outlinesStandOut = 4.5;
+constexpr double walkableOutlinesStandOut = 3.0;
+constexpr double roundingMargin = 0.05;  // colors are rounded when they are drawn
+constexpr double widerOutline = 1.4;
+constexpr double widerCasing = 1.35;
+constexpr double widerHalo = 1.5;
+
+// Returns a color mixed with `ink`, in linear light, until it has a contrast with `other`.
+Color standingOut(const Color& color, const Color& other, const Color& ink, double contrast) {
+  constexpr int steps = 64;
+  for (int i = 0; i < steps; ++i) {
+    const Color mixed = mixedInLight(color, ink, static_cast<double>(i) / steps);
+    if (contrastOf(mixed, other) >= contrast + roundingMargin) return mixed;
+  }
+  return ink;
+}
+
 std::shared_ptr<const MapTheme> builtIn(bool dark) {
   auto theme = std::make_shared<MapTheme>();
   theme->name = dark ? "Dark" : "Light";
@@ -80,6 +101,33 @@ ZoomStep MapTheme::zoomStep(double importance) const {
 
 double MapTheme::nameSize(double importance) const {
   return importance < smallNamesBelow ? sizes.smallName : sizes.name;
+}
+
+MapTheme MapTheme::withHighContrast() const {
+  MapTheme theme = *this;
+  MapPalette& color = theme.colors;
+  const Color ink = isDark ? graphics::colors::white : graphics::colors::black;
+  const Color paper = isDark ? graphics::colors::black : graphics::colors::white;
+  color.text = color.outline = ink;
+  color.halo = color.casing = color.backdrop = paper;
+  for (Color& fill : color.fills) fill = standingOut(fill, ink, paper, namesStandOut);
+  for (Color* const floor : {&color.walkable, &color.slab})
+    *floor = standingOut(*floor, ink, paper, namesStandOut);
+  for (Color* const mark : {&color.route, &color.pin, &color.start})
+    *mark = standingOut(*mark, paper, ink, marksStandOut);
+  color.passed = standingOut(color.passed, paper, ink, passedStandsOut);
+  const bool hasLightSymbols = luminanceOf(color.iconSymbol) > luminanceOf(color.iconOther);
+  const Color ground = hasLightSymbols ? graphics::colors::black : graphics::colors::white;
+  for (Color* const disc : {&color.iconLift, &color.iconWay, &color.iconGate, &color.iconCare,
+                            &color.iconInfo, &color.iconOther, &color.iconOutOfOrder})
+    *disc = standingOut(*disc, color.iconSymbol, ground, marksStandOut);
+  theme.outlineContrast = std::max(outlineContrast, outlinesStandOut);
+  theme.walkableOutlineContrast = std::max(walkableOutlineContrast, walkableOutlinesStandOut);
+  theme.sizes.outline *= widerOutline;
+  theme.sizes.walkableOutline *= widerOutline;
+  theme.sizes.casing *= widerCasing;
+  theme.sizes.halo *= widerHalo;
+  return theme;
 }
 
 MapTheme MapTheme::withTextScale(double factor) const {

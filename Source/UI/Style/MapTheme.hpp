@@ -81,6 +81,13 @@ struct ORIVANTA_API MapTheme {
   /// Returns a copy whose texts are larger by a factor, for visitors who need large texts or look
   /// from further away. Icons and routes grow half as much.
   MapTheme withTextScale(double factor) const;
+
+  /// Returns a copy with high contrast: black names with a white halo, or, if the theme is dark,
+  /// the reverse. Names have a contrast of at least 7 with all fills, outlines of at least 4.5 and
+  /// outlines of walkable areas of at least 3. Routes, marks and discs of icons have one of at
+  /// least 7 with what surrounds them, passed routes of at least 4.5. Outlines, the halo and the
+  /// casing are wider. Fills keep their hues but become more alike.
+  MapTheme withHighContrast() const;
 };
 
 }  // namespace orivanta

@@ -75,7 +75,8 @@ void writeShapefiles(const test::TemporaryFolder& folder) {
              {200, 210, 210, 200, 200, 205, 205, 206, 205},
              {"hall", "B029", "f1", "\x95\x73\x96\xBE"}, {0, 5});
   spaces.add(xs, ys, {"shop", "B001", "f2", "\x93\x58"});
-  Layer nodes(path("S_node"), SHPT_POINT, {"NodeID", "floor", "lat", "lon"});  // not the usual names
+  Layer nodes(path("S_node"), SHPT_POINT,
+              {"NodeID", "floor", "lat", "lon"});  // not the usual names
   nodes.add({100}, {200}, {"n1", "1", "36.0", "139.8"});
   nodes.add({110}, {200}, {"n2", "1"});
   nodes.add({110}, {200}, {"n3", "2F"});

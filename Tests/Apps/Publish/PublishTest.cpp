@@ -56,7 +56,8 @@ class WebServer {
             at + "/d; scgi_temp_path " + at + "/e;\n  include " + published.string() +
             "/nginx/maps.conf;\n  server {\n    listen 127.0.0.1:" + std::to_string(port) +
             ";\n    root " + published.string() + ";\n    include " + published.string() +
-            "/nginx/locations.conf;\n  }\n}\n");
+            "/nginx/locations.conf;\n    location / {\n      root " + at +
+            "/page;\n      include " + published.string() + "/nginx/page.conf;\n    }\n  }\n}\n");
     std::string program = "/usr/sbin/nginx";
     std::string flag = "-c";
     std::string file = configuration.string();
@@ -189,6 +190,23 @@ TEST_F(Publish, NginxLetsPagesOfAllowedOriginsReadResponses) {
     }
   }
   EXPECT_EQ(publish(url, {small(), "--allow-origin", "a.example"}).exitCode, 2);
+}
+
+TEST_F(Publish, NginxSendsFilesWithThePoliciesOfTheServer) {
+  root_.write("small/plan.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\"/>");
+  root_.write("page/index.html", "<p>");
+  root_.write("page/core.wasm", "");
+  const std::uint16_t port = freePort();
+  ASSERT_EQ(publish("http://127.0.0.1:" + std::to_string(port), {small()}).exitCode, 0);
+  const WebServer web(root_, root_.path() / "site", port);
+  const auto has = [](const std::string& type, const std::string& policy) {
+    return testing::AllOf(HasSubstr("Content-Type: " + type), HasSubstr(policy),
+                          HasSubstr("X-Content-Type-Options: nosniff"));
+  };
+  EXPECT_THAT(get(port, "/1/files/small/plan.svg"), has("image/svg+xml", "data:; sandbox\r\n"));
+  EXPECT_THAT(get(port, "/"), has("text/html", "script-src 'self' 'wasm-unsafe-eval';"));
+  EXPECT_THAT(get(port, "/core.wasm"), has("application/wasm", "object-src 'none'"));
+  EXPECT_THAT(get(port, "/1/venue"), testing::Not(HasSubstr("Content-Security-Policy")));
 }
 
 TEST_F(Publish, ReplacesTheFolderAsAWholeAndKeepsWhatIsNotItsOwn) {

@@ -1,4 +1,4 @@
-#include "Apps/Viewer/CardContent.hpp"
+#include "Apps/Viewer/Content/CardContent.hpp"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
-#include "Apps/Viewer/CategoryMatch.hpp"
+#include "Apps/Viewer/Content/CategoryMatch.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "Apps/Import/Places/Categories.hpp"
-#include "Apps/Viewer/NearestChoices.hpp"
+#include "Apps/Viewer/Content/NearestChoices.hpp"
 #include "Source/Category.hpp"
 #include "Source/Location.hpp"
 #include "Source/Venue.hpp"

@@ -3,7 +3,8 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "Apps/Viewer/NearestChoices.hpp"
+#include "Apps/Viewer/Content/NearestChoices.hpp"
+#include "Apps/Viewer/RouteTitles.hpp"
 #include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta::viewer {
@@ -47,6 +48,39 @@ TEST(GuideWorker, ObeysTheHoursOfConnectors) {
     EXPECT_EQ(nearest.routes.empty() ? "" : nearest.routes.front().to()->id, each.nearestElevator);
     EXPECT_EQ(nearest.problem.has_value(), each.problem.has_value()) << each.hour;
   }
+}
+
+TEST(RouteTitles, TellRoutesOfEqualLengthApart) {
+  const auto venue = test::TwoFloorVenue().load();
+  const auto guide = guidance::Guide::make(*venue);
+  const guidance::InterfaceTexts texts;
+  const auto& places = *venue->locations;
+  const auto routeWith = [&](std::string summary, const std::shared_ptr<Vortex>& connector,
+                             const std::shared_ptr<Location>& passed = nullptr) {
+    GuidedRoute route;
+    route.summary = std::move(summary);
+    guidance::Leg leg;
+    leg.connector = connector;
+    route.itinerary.legs = {leg};
+    guidance::Step step;
+    if (passed) step.passed = {{passed, nullptr, guidance::Side::left}};
+    route.steps = {step};
+    return route;
+  };
+  const auto& lift = venue->vortices->at(0);
+  const auto& stairs = venue->vortices->at(1);
+  const struct {
+    std::vector<GuidedRoute> routes;
+    std::vector<std::string> titles;
+  } cases[] = {
+      {{routeWith("1 m", lift), routeWith("2 m", lift)}, {"1 m", "2 m"}},
+      {{routeWith("1 m", lift), routeWith("1 m", stairs), routeWith("2 m", lift)},
+       {"1 m · Elevator", "1 m · Stairs", "2 m"}},
+      {{routeWith("1 m", lift, places[0]), routeWith("1 m", lift, places[1])},
+       {"1 m · via Bakery", "1 m · via Book Shop"}},
+      {{routeWith("1 m", lift), routeWith("1 m", lift)}, {"1 m · 1", "1 m · 2"}},
+  };
+  for (const auto& [routes, titles] : cases) EXPECT_EQ(routeTitles(routes, *guide, texts), titles);
 }
 
 }  // namespace

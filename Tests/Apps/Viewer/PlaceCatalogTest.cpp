@@ -1,12 +1,12 @@
-#include "Apps/Viewer/PlaceCatalog.hpp"
+#include "Apps/Viewer/Content/PlaceCatalog.hpp"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "Apps/Viewer/KindGroups.hpp"
+#include "Apps/Viewer/Content/KindGroups.hpp"
+#include "Apps/Viewer/Content/ShownName.hpp"
 #include "Apps/Viewer/Panels/ChoiceList.hpp"
 #include "Apps/Viewer/RecentPlaces.hpp"
-#include "Apps/Viewer/ShownName.hpp"
 #include "Tests/Support/TwoFloorVenue.hpp"
 
 namespace orivanta::viewer {

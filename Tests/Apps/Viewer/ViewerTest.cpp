@@ -7,6 +7,8 @@
 
 #include "Source/Category.hpp"
 #include "Source/Map.hpp"
+#include "Source/Node.hpp"
+#include "Source/UI/ScenePosition.hpp"
 #include "Source/Vortex.hpp"
 #include "Tests/Apps/TwoVisitsPackage.hpp"
 #include "Tests/Apps/Viewer/ViewerStage.hpp"
@@ -86,6 +88,30 @@ TEST_F(ViewerTest, TheCardFollowsTheTimeAndTheMapTheSizeOfText) {
   EXPECT_TRUE(shows(*view.panels().card, "Closed"));
   stage.viewer.setLook({.textScale = 2});
   EXPECT_EQ(view.mapView().style()->theme()->sizes.name, 2 * MapTheme::light()->sizes.name);
+  EXPECT_NE(view.mapView().style()->theme()->colors.text, graphics::colors::black);
+  stage.viewer.setLook({.hasHighContrast = true});
+  EXPECT_EQ(view.mapView().style()->theme()->colors.text, graphics::colors::black);
+}
+
+TEST_F(ViewerTest, TheRouteStaysInViewWhenTheWindowChangesUnlessTheMapWasMoved) {
+  test::ViewerStage stage(server->root(), "astrolabe-court");
+  VenueView& view = stage.untilShown();
+  const CameraPose first = view.camera().pose();
+  stage.viewer.resize({390, 844}, 1);
+  EXPECT_NE(view.camera().pose(), first) << "the first view is framed anew";
+  stage.viewer.resize({1280, 800}, 1);
+  stage.untilPlanned("kindling", "dosa-dynamo");
+  stage.viewer.resize({390, 844}, 1);
+  const graphics::Point start =
+      view.mapView().findPositionCameraViewport(scenePosition(*view.session().route()->path[0]));
+  const Insets covered = view.panels().insets();
+  EXPECT_TRUE(start.x > covered.left && start.x < 390 - covered.right && start.y > covered.top &&
+              start.y < 844 - covered.bottom)
+      << start.x << " " << start.y;
+  view.camera().zoomBy(2, {195, 200});
+  const CameraPose moved = view.camera().pose();
+  stage.viewer.resize({400, 844}, 1);
+  EXPECT_NEAR(view.camera().pose().distance, moved.distance, 1e-3 * moved.distance);
 }
 
 TEST_F(ViewerTest, SearchesRoutesAndChangesFloors) {

@@ -7,6 +7,8 @@
 #include <array>
 #include <random>
 
+#include "Platform/Unicode/Graphemes.hpp"
+
 namespace orivanta::unicode {
 namespace {
 
@@ -60,6 +62,7 @@ TEST(UnicodeForms, AreThoseOfUtf8proc) {
     ASSERT_EQ(found.combiningClass, utf8proc_get_property(point)->combining_class) << point;
     ASSERT_EQ(found.bidiClass, utf8proc_get_property(point)->bidi_class) << point;
     ASSERT_EQ(found.width, utf8proc_charwidth(point)) << point;
+    ASSERT_EQ(found.graphemeClass, utf8proc_get_property(point)->boundclass) << point;
     if (found.category == UTF8PROC_CATEGORY_CS) continue;
     ASSERT_NO_FATAL_FAILURE(expectSameForms(textOf({point})));
   }
@@ -75,6 +78,26 @@ TEST(UnicodeForms, AreThoseOfUtf8procForSequences) {
     CodePoints points(random() % 7);
     for (auto& point : points) point = alphabet[random() % alphabet.size()];
     ASSERT_NO_FATAL_FAILURE(expectSameForms(textOf(points)));
+  }
+}
+
+// Code points of all classes, those that form long clusters most often.
+TEST(UnicodeForms, GraphemesAreThoseOfUtf8proc) {
+  const CodePoints alphabet = {'a',     '\r',    '\n',    0x0007, 0x0301,  0x1100,  0x1161,
+                               0x11A8,  0xAC00,  0xAC01,  0x0903, 0x0600,  0x200D,  0x200D,
+                               0x1F468, 0x1F468, 0x1F3FB, 0xFE0F, 0x1F1E9, 0x1F1E9, 0x1F1E9};
+  std::mt19937 random(13);
+  for (int i = 0; i < 20000; ++i) {
+    std::int32_t state = 0;
+    utf8proc_int32_t expectedState = 0;
+    std::int32_t last = alphabet[random() % alphabet.size()];
+    for (int length = 0; length < 7; ++length) {
+      const std::int32_t next = alphabet[random() % alphabet.size()];
+      ASSERT_EQ(isGraphemeBreak(last, next, state),
+                utf8proc_grapheme_break_stateful(last, next, &expectedState))
+          << i << ' ' << last << ' ' << next;
+      last = next;
+    }
   }
 }
 

@@ -23,6 +23,11 @@ TEST(NameMatch, TellsHowWellANameAnswers) {
                            {"さまようホタン", "ホタ", NameMatch::inside},
                            {"backerei ol", "baeckerei", NameMatch::beginning},
                            {"backerei ol", "oel", NameMatch::word},
+                           {"lotteria b1", "ロッテリア", NameMatch::near},
+                           {"ロッテリア", "Lotteria", NameMatch::near},
+                           {"starbucks coffee", "スターバックス", NameMatch::near},
+                           {"family mart", "ファミリーマート", NameMatch::near},
+                           {"shop lemon", "ラーメン", NameMatch::none},
                            {"blue bar", "blue", NameMatch::beginning},
                            {"bar", "bat", NameMatch::none},
                            {"anything", "", NameMatch::beginning}})

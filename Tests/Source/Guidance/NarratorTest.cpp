@@ -272,6 +272,25 @@ TEST_F(NarratorTest, EachLanguageIsComplete) {
   }
 }
 
+TEST_F(NarratorTest, AddsALanguage) {
+  std::vector<std::string> texts;
+  for (const auto& [key, forms] : Messages::ofLibrary("en")->catalog.messages()) {
+    texts.push_back(key + "\4");
+    texts.push_back(forms.size() == 1 ? forms[0] : forms[0] + '\0' + forms[1]);
+    if (key == "time.minutes") texts.back() = std::string("kort") + '\0' + "{minutes} min";
+  }
+  std::vector<std::pair<std::string_view, std::string_view>> messages;
+  for (std::size_t i = 0; i < texts.size(); i += 2) messages.emplace_back(texts[i], texts[i + 1]);
+  const std::string file = test::messageFile(messages);
+  EXPECT_FALSE(Narrator::addLanguage(file.substr(1), "qaa"));
+  EXPECT_EQ(Narrator::bestLanguage("qaa-AT, de"), "de");
+  ASSERT_TRUE(Narrator::addLanguage(file, "qaa"));
+  ASSERT_TRUE(Narrator::addLanguage(file, "de"));
+  EXPECT_THAT(Narrator::languages(), IsSupersetOf({"ar", "de", "en", "fr", "ja", "qaa"}));
+  EXPECT_EQ(Narrator("qaa-AT, de").time(60), "kort");
+  EXPECT_EQ(Narrator("de").time(60), "1\u00A0Min.");
+}
+
 TEST_F(NarratorTest, SpeaksOnlyGivenNames) {
   Step ride;
   ride.kind = Step::Kind::ride;

@@ -107,6 +107,7 @@ TEST(PlaceSearch, FindsWhatPeopleType) {
       {"toil", "soap men women men1"},
       {"toilets on floor 1 og", "men1"},
       {"klo eg", "men women"},
+      {"トイレEG", "men women"},
       {"sortie", "a1 a2"},
       {"exit", "a1 a2 fire"},
       {"exit 2", "a2"},

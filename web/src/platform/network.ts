@@ -1,6 +1,8 @@
 // The requests of the C++ code, sent by the browser. The other side is Platform/Network/Fetch, whose
 // PageFunctions.hpp describes the functions.
 
+import { BodyStart, hiddenLinkProblem, mayHideLink, ownOrigin } from "./hiddenLink.js";
+
 /** What the network code uses of the WebAssembly module. */
 export interface NetworkModule {
   HEAPU8: Uint8Array;
@@ -74,19 +76,25 @@ export class Network {
     try {
       await null; // the call that starts a request never reports it
       const { url, fields } = requestOf(address);
-      const response = await fetch(url, {
-        headers: new Headers(fields), credentials: "omit", signal: controller.signal,
-      });
+      const headers = new Headers(fields);
+      const response = await fetch(url, { headers, credentials: "omit", signal: controller.signal });
       limit.begin();
+      const start = mayHideLink(response) ? new BodyStart() : null;
       let hasRoom = this.give(request, head, headOf(response.url, [...response.headers]));
       const reader = response.body?.getReader();
       while (reader && hasRoom) {
         const { done, value } = await reader.read();
         if (done) break;
         limit.count(value.length);
+        start?.add(value);
         hasRoom = this.give(request, body, value);
       }
+      limit.end();
       if (!hasRoom) controller.abort();
+      if (start && hasRoom) {
+        const hidden = await hiddenLinkProblem(response, start, headers, controller.signal);
+        if (hidden) this.give(request, problem, new TextEncoder().encode(hidden));
+      }
       status = response.status;
     } catch (error) {
       this.give(request, problem, new TextEncoder().encode(limit.problem || messageOf(error, address[0])));
@@ -193,7 +201,7 @@ function latin1(bytes: Uint8Array): string {
 /** Browsers do not say that a server of another origin forbids a request. */
 function messageOf(error: unknown, address = ""): string {
   const message = (error instanceof Error && error.message) || String(error);
-  const own = (globalThis as { location?: Location }).location?.origin;
+  const own = ownOrigin();
   const isForeign = own && /^https?:/i.test(address) && !address.startsWith(`${own}/`);
   return isForeign
     ? `${message} (there is no connection, or the server does not allow requests from ${own})`

@@ -30,8 +30,9 @@ CellFrame::CellFrame(std::span<const Vector3> points, double seenAt) : turn(seen
   depth = back - front;
 }
 
-FloorCells::FloorCells(const scene::Node& floor, const CellFrame& frame) {
-  for (const auto& shape : floor.children()) {
+FloorCells::FloorCells(std::span<const std::shared_ptr<scene::Node>> shapes,
+                       const CellFrame& frame) {
+  for (const auto& shape : shapes) {
     const auto geometry = shape->geometry();
     const auto* const source = geometry ? geometry->source(scene::Semantic::vertex) : nullptr;
     if (source == nullptr) continue;
@@ -57,8 +58,8 @@ void FloorCells::add(const std::array<Vector3, 3>& triangle, const CellFrame& fr
   const auto cell = [](double place) {
     return static_cast<int>(std::clamp(std::floor(place), 0.0, side - 1.0));
   };
-  const auto [least, most] = std::ranges::minmax(corners, {}, &Point::x);
-  for (int column = cell(least.x); column <= cell(most.x); ++column) {
+  const auto [least, most] = std::minmax({corners[0].x, corners[1].x, corners[2].x});
+  for (int column = cell(least); column <= cell(most); ++column) {
     double front = side;
     double back = 0;
     for (std::size_t i = 0; i < corners.size(); ++i) {

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <span>
 
 #include "Platform/Graphics/Vector.hpp"
@@ -27,7 +28,7 @@ struct CellFrame {
 class FloorCells {
  public:
   /// `frame` must enclose the shapes of the floor.
-  FloorCells(const scene::Node& floor, const CellFrame& frame);
+  FloorCells(std::span<const std::shared_ptr<scene::Node>> shapes, const CellFrame& frame);
 
   /// Returns the least share of the columns' length by which another floor must be shifted away
   /// from the viewer so that it, and any larger shift, covers at most a share of these cells.

@@ -1,6 +1,7 @@
 #include "Source/UI/Display/Styled/FloorClone.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Batch.hpp"
@@ -32,19 +33,45 @@ bool isConnector(const ShapeRole& role) {
 
 }  // namespace
 
-FloorClone::FloorClone(const Map& map) : model_(map.mapObject), node_(scene::Node::make()) {
+FloorClone::FloorClone(const Map& map, const Shapes& leftOut)
+    : model_(map.mapObject), node_(scene::Node::make()), hasSlab_(leftOut.empty()) {
   const graphics::Transaction transaction;
   const scene::Node& model = *map.mapObject;
   node_->setPosition(model.position());
   node_->setEulerAngles(model.eulerAngles());
   for (const auto& shape : model.children(transaction)) {
     auto copy = copyOf(*shape);
+    if (std::find(leftOut.begin(), leftOut.end(), shape) != leftOut.end()) copy->setHidden(true);
     node_->addChild(copy);
     shapes_.emplace_back(shape, std::move(copy));
   }
   if (const auto batch = model.preparedBatch(); batch && batch->matches(model))
     node_->setPreparedBatch(batch->adopted(*node_));
-  node_->setRibbons(model.ribbons(), model.ribbonLook());
+  copyRibbons(model);
+}
+
+scene::RibbonLook withSlabEdges(scene::RibbonLook look, bool areShown) {
+  const auto edge = outlineIndex(outlineSurface::slab, outlineSurface::backdrop);
+  if (edge < look.colors.size()) look.colors[edge].color.alpha = areShown ? 1.0F : 0.0F;
+  return look;
+}
+
+void FloorClone::copyRibbons(const scene::Node& model) {
+  setRibbons(model.ribbons(), withSlabEdges(model.ribbonLook(), hasSlab_));
+}
+
+void FloorClone::setRibbons(const std::shared_ptr<const scene::Ribbons>& ribbons,
+                            scene::RibbonLook look) {
+  for (scene::RibbonColor& color : look.colors) color.width *= outlineShare_;
+  node_->setRibbons(ribbons, std::move(look));
+}
+
+void FloorClone::setOutlineShare(float share) {
+  const graphics::Transaction transaction;
+  const float change = share / std::exchange(outlineShare_, share);
+  scene::RibbonLook look = node_->ribbonLook();
+  for (scene::RibbonColor& color : look.colors) color.width *= change;
+  node_->setRibbons(node_->ribbons(), std::move(look));
 }
 
 FloorClone::~FloorClone() { node_->removeFromParent(); }
@@ -52,8 +79,9 @@ FloorClone::~FloorClone() { node_->removeFromParent(); }
 void FloorClone::reduce(std::span<const ShapeRole> roles, const MapTheme& theme,
                         double unitsPerMeter) {
   const graphics::Transaction transaction;
-  const bool hasSlab = std::ranges::any_of(
-      roles, [](const ShapeRole& role) { return role.surface == Surface::slab; });
+  const bool hasSlab =
+      hasSlab_ && std::any_of(roles.begin(), roles.end(),
+                              [](const ShapeRole& role) { return role.surface == Surface::slab; });
   const Surface base = hasSlab ? Surface::slab : Surface::walkable;
   std::vector<OutlinedShape> left;
   for (std::size_t i = 0; i < shapes_.size(); ++i) {
@@ -66,7 +94,7 @@ void FloorClone::reduce(std::span<const ShapeRole> roles, const MapTheme& theme,
   }
   isReduced_ = true;
   reduced_ = makeOutlines(left, unitsPerMeter);
-  node_->setRibbons(reduced_, {outlineColors(theme)});
+  setRibbons(reduced_, {outlineColors(theme)});
 }
 
 bool FloorClone::isOf(const Map& map) const { return model_.lock() == map.mapObject; }
@@ -75,9 +103,9 @@ void FloorClone::copyLook(const MapTheme& theme) {
   const graphics::Transaction transaction;
   for (const auto& [shape, copy] : shapes_) copy->setDisplayColor(shape->displayColor());
   if (isReduced_)
-    node_->setRibbons(reduced_, {outlineColors(theme)});
+    setRibbons(reduced_, {outlineColors(theme)});
   else if (const auto model = model_.lock())
-    node_->setRibbons(model->ribbons(), model->ribbonLook());
+    copyRibbons(*model);
 }
 
 void FloorClone::copyColor(const scene::Node& shape) {
@@ -88,7 +116,7 @@ void FloorClone::copyColor(const scene::Node& shape) {
 void FloorClone::copyOutlines() {
   const auto model = model_.lock();
   if (!model || isReduced_ || model->ribbons() == node_->ribbons()) return;
-  node_->setRibbons(model->ribbons(), model->ribbonLook());
+  copyRibbons(*model);
 }
 
 }  // namespace orivanta

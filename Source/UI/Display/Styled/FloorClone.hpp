@@ -8,17 +8,25 @@
 #include <vector>
 
 #include "Platform/Scene/Fwd.hpp"
+#include "Platform/Scene/Ribbons.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/UI/Display/Styled/ShapeRoles.hpp"
 
 namespace orivanta {
 
+/// Returns a look without the edges between a slab and its surroundings, which are not drawn
+/// without the slab; or with them.
+scene::RibbonLook withSlabEdges(scene::RibbonLook look, bool areShown);
+
 /// Nodes with the geometries, names and looks of a model's shapes. They cast no shadows. Main
 /// thread.
 class FloorClone {
  public:
-  /// Copies the model of a floor, which must have one.
-  explicit FloorClone(const Map& map);
+  using Shapes = std::vector<std::shared_ptr<scene::Node>>;
+
+  /// Copies the model of a floor, which must have one. The slabs among the shapes `leftOut` are
+  /// hidden, with their outlines.
+  explicit FloorClone(const Map& map, const Shapes& leftOut = {});
   ~FloorClone();
   FloorClone(const FloorClone&) = delete;
   FloorClone& operator=(const FloorClone&) = delete;
@@ -34,6 +42,9 @@ class FloorClone {
   /// Whether it is a copy of the map's current model.
   bool isOf(const Map& map) const;
 
+  /// Sets the width of the outlines, as a share of that of the model.
+  void setOutlineShare(float share);
+
   /// Copies the colors and the outlines of the model again.
   void copyLook(const MapTheme& theme);
 
@@ -44,11 +55,16 @@ class FloorClone {
   void copyOutlines();
 
  private:
+  void copyRibbons(const scene::Node& model);
+  void setRibbons(const std::shared_ptr<const scene::Ribbons>& ribbons, scene::RibbonLook look);
+
   std::weak_ptr<scene::Node> model_;
   std::shared_ptr<scene::Node> node_;
   std::vector<std::pair<std::shared_ptr<scene::Node>, std::shared_ptr<scene::Node>>> shapes_;
   std::shared_ptr<const scene::Ribbons> reduced_;  // own outlines; null unless reduced
   bool isReduced_ = false;
+  bool hasSlab_ = true;
+  float outlineShare_ = 1;
 };
 
 }  // namespace orivanta

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "Source/UI/Display/AssumedScale.hpp"
 #include "Source/UI/Display/Styled/FloorAreas.hpp"
 #include "Source/UI/Labels/LabelRank.hpp"
 
@@ -13,9 +14,8 @@ namespace orivanta {
 
 namespace {
 
-constexpr double dotSize = 5;             // points
-constexpr double leastFacility = 60;      // importance
-constexpr double metersOfMedianRoom = 5;  // its side, if the scale is unknown
+constexpr double dotSize = 5;         // points
+constexpr double leastFacility = 60;  // importance
 
 // A name that fits into its area is shown from this share of the usual scale on.
 constexpr double insideShare = 0.35;
@@ -61,10 +61,7 @@ class FloorLabeling {
     for (const PlaceRecord& place : records_.places)
       if (const auto area = areas_.largest(place.shapes); area && !isConnector(place.kind))
         sides.push_back(std::sqrt(areas_.all()[*area].area.size));
-    if (sides.empty()) return 1;
-    const auto middle = sides.begin() + static_cast<std::ptrdiff_t>(sides.size() / 2);
-    std::nth_element(sides.begin(), middle, sides.end());
-    return *middle / metersOfMedianRoom;
+    return assumedUnitsPerMeter(std::move(sides));
   }
 
   void add(const PlaceRecord& place) {

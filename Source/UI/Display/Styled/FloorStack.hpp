@@ -12,8 +12,8 @@
 #include "Source/Fwd.hpp"
 #include "Source/UI/Display/CameraPose.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
-#include "Source/UI/Display/Styled/FloorClone.hpp"
 #include "Source/UI/Display/Styled/RouteContents.hpp"
+#include "Source/UI/Display/Styled/StackLevels.hpp"
 #include "Source/UI/Display/Styled/StackView.hpp"
 #include "Source/UI/Style/MapTheme.hpp"
 
@@ -39,13 +39,16 @@ class FloorStack {
   bool isOn() const { return isOn_; }
 
   /// Whether there are copies of floors.
-  bool isShown() const { return !levels_.empty(); }
+  bool isShown() const { return !levels_.isEmpty(); }
 
   /// 0: the floors lie in each other, 1: they are stacked.
   double share() const { return share_; }
 
   /// Stacks the floors that have a model. Does nothing if the map view shows no floor.
   void open(const std::shared_ptr<const MapTheme>& theme, CameraMotion motion);
+
+  /// Shows the whole stack, if there is one.
+  void frame(CameraMotion motion);
 
   /// Returns to the shown floor and to the former view of it.
   void close(CameraMotion motion);
@@ -75,27 +78,17 @@ class FloorStack {
 
   /// Copies the looks of the models, which have another theme.
   void copyLooks(const std::shared_ptr<const MapTheme>& theme);
-  void copyColor(const scene::Node& shape);
-  void copyOutlines();
 
-  /// Returns the floors of which there are copies, and the shown one.
-  FloorList floors() const;
-
-  /// Returns the floor to which a node of the scene belongs if it is a part of a copy, else null.
-  std::shared_ptr<Map> floorOf(const scene::Node& node) const;
+  // See `StackLevels`.
+  void copyColor(const scene::Node& shape) { levels_.copyColor(shape); }
+  void copyOutlines() { levels_.copyOutlines(); }
+  FloorList floors() const { return levels_.floors(); }
+  std::shared_ptr<Map> floorOf(const scene::Node& node) const { return levels_.floorOf(node); }
 
   /// Returns the view that draws the names and the marks. Null if detached.
   StackView* view() const { return shown_.get(); }
 
  private:
-  struct Level {
-    std::shared_ptr<Map> floor;
-    double offset = 0;
-    float opacity = 1;
-    std::shared_ptr<scene::Node> carrier;               // at the offset
-    std::unique_ptr<FloorClone> clone{};                // null for the shown floor
-    std::vector<std::shared_ptr<scene::Node>> lines{};  // of the routes; hidden if there are none
-  };
   struct Motion {
     double from;
     double to;
@@ -107,13 +100,10 @@ class FloorStack {
   };
 
   void build(const std::shared_ptr<const MapTheme>& theme);
-  void addLevel(const StackedFloor& floor, const MapTheme& theme);
-  FloorSpacing spacingOf(const FloorList& floors) const;
   FloorList floorsOnRoutes() const;
-  void showRoutes(const MapTheme& theme);
-  void change(const std::function<void(StackView::Contents&)>& change);
-  int indexOf(const RouteLine& line) const;
+  void change(const std::function<void(StackContents&)>& change);
   CameraPose stackPose() const;
+  double outlineShare() const;
   void moveTo(double share, CameraMotion motion);
   void setShare(double share);
   void clear();
@@ -123,16 +113,14 @@ class FloorStack {
   bool isOn_ = false;
   double share_ = 0;
   std::optional<Motion> motion_;
-  std::shared_ptr<scene::Node> group_;  // null if there are no levels
-  std::vector<Level> levels_;           // the lowest first
-  std::shared_ptr<const StackView::Contents> contents_;
+  StackLevels levels_;
+  std::shared_ptr<const StackContents> contents_;
   graphics::Box extent_;                    // of the whole stack
   std::vector<graphics::Vector3> corners_;  // of the shapes of the stack
   double turn_ = 0;
   std::optional<FlatView> flat_;  // to which the camera returns
   std::vector<RouteContents> routes_;
   std::optional<RouteMark> selected_;
-  std::vector<std::shared_ptr<const RouteLine>> lines_;  // of the routes for which it was built
 };
 
 }  // namespace orivanta

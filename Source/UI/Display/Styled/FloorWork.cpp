@@ -16,6 +16,7 @@
 #include "Platform/Scene/Ribbons.hpp"
 #include "Source/Guidance/Scale.hpp"
 #include "Source/Map.hpp"
+#include "Source/UI/Display/AssumedScale.hpp"
 #include "Source/UI/Display/Styled/FloorOutlines.hpp"
 #include "Source/UI/Display/Styled/OutlineColors.hpp"
 
@@ -23,9 +24,7 @@ namespace orivanta {
 
 namespace {
 
-constexpr double metersOfMedianRoom = 5;
-
-// For venues without a scale: from the median size of the places. Without places, 1.
+// For venues without a scale.
 double estimatedUnitsPerMeter(std::span<const OutlinedShape> shapes) {
   std::vector<double> sides;
   for (const OutlinedShape& shape : shapes) {
@@ -34,10 +33,7 @@ double estimatedUnitsPerMeter(std::span<const OutlinedShape> shapes) {
     const double side = std::sqrt(double{box.max.x - box.min.x} * (box.max.y - box.min.y));
     if (side > 0 && std::isfinite(side)) sides.push_back(side);
   }
-  if (sides.empty()) return 1;
-  const auto middle = sides.begin() + static_cast<std::ptrdiff_t>(sides.size() / 2);
-  std::nth_element(sides.begin(), middle, sides.end());
-  return *middle / metersOfMedianRoom;
+  return assumedUnitsPerMeter(std::move(sides));
 }
 
 }  // namespace
@@ -50,7 +46,7 @@ class FloorWork::Outlining : public std::enable_shared_from_this<Outlining> {
       : model_(std::move(model)), shapes_(std::move(shapes)), unitsPerMeter_(unitsPerMeter) {}
 
   bool hasRoles(std::span<const ShapeRole> roles) const {
-    return std::ranges::equal(roles_, roles);
+    return std::equal(roles_.begin(), roles_.end(), roles.begin(), roles.end());
   }
 
   void start(std::span<const ShapeRole> roles) {

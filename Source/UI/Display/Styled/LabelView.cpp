@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <string>
 #include <utility>
 
 #include "Platform/Graphics/Transaction.hpp"
@@ -19,16 +18,25 @@ using graphics::Transaction;
 
 namespace {
 
-constexpr double appearanceTime = 0.2;  // seconds
-
-std::string joined(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += (text.empty() ? "" : "\n") + line;
-  return text;
-}
-
 bool isHit(const Rect& rect, double opacity, Point point) {
   return opacity > 0 && rect.contains(point);
+}
+
+// Returns the points of the floor below the corners of a rectangle of the view. `place` is where
+// the point `anchor` of the floor is seen.
+std::array<Point, 4> cornersOnFloor(const Rect& rect, const ProjectedPlace& place,
+                                    const graphics::Vector3& anchor,
+                                    const FloorProjection& projection) {
+  const double sine = std::sin(projection.turn());
+  const double cosine = std::cos(projection.turn());
+  const double upright = std::max(0.1, std::cos(projection.tilt()));
+  const auto onFloor = [&](double x, double y) {
+    const double right = (x - place.point.x) / place.pointsPerUnit;
+    const double up = (place.point.y - y) / (place.pointsPerUnit * upright);
+    return Point{anchor.x + right * cosine - up * sine, anchor.y + right * sine + up * cosine};
+  };
+  return {onFloor(rect.minX(), rect.minY()), onFloor(rect.maxX(), rect.minY()),
+          onFloor(rect.maxX(), rect.maxY()), onFloor(rect.minX(), rect.maxY())};
 }
 
 }  // namespace
@@ -58,9 +66,8 @@ void LabelView::setLabels(std::shared_ptr<const FloorLabels> labels) {
   const Transaction transaction;
   labels_ = std::move(labels);
   placement_.setLabels(labels_ ? labels_->labels : std::vector<PlaceLabel>());
-  appearances_.assign(placement_.labels().size(), {});
+  pieces_.reset(placement_.labels().size());
   findSelected();
-  visible_.clear();
   isNew_ = true;
   isDrawn_ = false;
   setNeedsFrame();
@@ -75,7 +82,7 @@ void LabelView::setMarked(std::vector<std::shared_ptr<Location>> places) {
 
 void LabelView::setMarks(std::vector<Rect> marks) {
   const Transaction transaction;
-  routeMarks_ = std::move(marks);
+  obstacles_.routeMarks = std::move(marks);
 }
 
 bool LabelView::isMarked(const std::shared_ptr<Location>& place) const {
@@ -96,8 +103,8 @@ void LabelView::setStill(bool isStill) {
 
 void LabelView::setCovered(std::vector<Rect> covered) {
   const Transaction transaction;
-  if (covered == covered_) return;
-  covered_ = std::move(covered);
+  if (covered == obstacles_.covered) return;
+  obstacles_.covered = std::move(covered);
   setNeedsFrame();
 }
 
@@ -119,8 +126,8 @@ void LabelView::findSelected() {
 
 void LabelView::setRoute(std::vector<RouteSegment> route) {
   const Transaction transaction;
-  if (route == route_) return;
-  route_ = std::move(route);
+  if (route == obstacles_.route) return;
+  obstacles_.route = std::move(route);
   setNeedsFrame();
 }
 
@@ -163,7 +170,7 @@ void LabelView::finish() {
 bool LabelView::isAnimating() const {
   const Transaction transaction;
   return isDrawn_ && !isStill_ &&
-         (placement_.isChanging() || isFading_ || pictures_->isExpecting());
+         (placement_.isChanging() || pieces_.isFading() || pictures_->isExpecting());
 }
 
 void LabelView::draw(view::Canvas& canvas) {
@@ -173,18 +180,9 @@ void LabelView::draw(view::Canvas& canvas) {
   choosePictures(canvas.scale());
   pictures_->beginFrame();
   place(FloorProjection(*viewpoint, bounds().size), canvas.time(), canvas.scale());
-  std::vector<Appearance> former(appearances_.size());
-  for (const std::size_t label : visible_) std::swap(former[label], appearances_[label]);
-  visible_.clear();
-  pieces_.clear();
-  isFading_ = false;
-  // The most important labels are drawn last, over those that fade out.
-  for (auto shown = placement_.shown().rbegin(); shown != placement_.shown().rend(); ++shown) {
-    appearances_[shown->label] = former[shown->label];
-    addLabel(*shown, canvas.time(), canvas.scale());
-    visible_.push_back(shown->label);
-  }
-  canvas.draw(pictures_->sheet(), pieces_);
+  pieces_.collect(placement_, *labels_,
+                  {*theme_, *pictures_, canvas.time(), canvas.scale(), isStill_});
+  canvas.draw(pictures_->sheet(), pieces_.pieces());
   selectedMark_.draw(canvas);
 }
 
@@ -200,9 +198,10 @@ void LabelView::place(const FloorProjection& projection, double time, double sca
   for (std::size_t i = 0; i < labels_->anchors.size(); ++i)
     places_.push_back(isMarked(labels_->sources[i].place) ? ProjectedPlace()
                                                           : projection.of(labels_->anchors[i]));
-  const std::vector<Rect> panels = this->panels(scale);
+  const std::vector<Rect> panels = obstacles_.panels(map_, *this, scale);
   placeSelected(projection, panels, scale);
-  const std::vector<Rect> marks = this->marks(projection);
+  std::vector<Rect> marks = obstacles_.marks(map_, projection, *theme_);
+  marks.insert(marks.end(), selectedMark_.rects().begin(), selectedMark_.rects().end());
   LabelFrame frame;
   frame.time = time;
   frame.view = bounds().size;
@@ -213,7 +212,8 @@ void LabelView::place(const FloorProjection& projection, double time, double sca
   frame.panels = panels;
   frame.marks = marks;
   frame.shareOnOtherAreas = [&](const Rect& rect, std::size_t label) {
-    return shareOnOthers(rect, label, projection);
+    const auto corners = cornersOnFloor(rect, places_[label], labels_->anchors[label], projection);
+    return labels_->raster.shareOnOthers(corners, static_cast<std::uint32_t>(label));
   };
   if (isStill_ || isNew_)
     placement_.placeAtOnce(frame);
@@ -233,104 +233,6 @@ void LabelView::placeSelected(const FloorProjection& projection, std::span<const
   if (selectedLabel_) places_[*selectedLabel_].pointsPerUnit = 0;
   if (at.pointsPerUnit > 0)
     selectedMark_.arrange(*selected_, at.point, bounds().size, panels, *theme_, scale);
-}
-
-std::vector<Rect> LabelView::panels(double scale) const {
-  std::vector<Rect> panels = covered_;
-  if (furniture) {
-    const std::vector<Rect> aids = furniture(scale);
-    panels.insert(panels.end(), aids.begin(), aids.end());
-  }
-  const Rect all = bounds();
-  bool isInFront = false;
-  for (const auto& child : map_.subviews()) {
-    const Rect frame = child->frame();
-    if (isInFront && !child->isHidden() &&
-        (frame.size.width < all.size.width || frame.size.height < all.size.height))
-      panels.push_back(frame);
-    isInFront = isInFront || child.get() == this;
-  }
-  return panels;
-}
-
-// The route and the visible markers, except those that are hidden where they collide.
-std::vector<Rect> LabelView::marks(const FloorProjection& projection) const {
-  std::vector<Rect> marks = routeMarks_;
-  marks.insert(marks.end(), selectedMark_.rects().begin(), selectedMark_.rects().end());
-  const double width = theme_->sizes.route + 2 * theme_->sizes.casing;
-  for (const auto& [from, to] : route_)
-    addRouteBoxes(projection.of(from), projection.of(to), bounds().size, width, marks);
-  const auto overlay = map_.sceneView->overlayScene();
-  if (!overlay) return marks;
-  const graphics::Size size = overlay->size();
-  if (!(size.width > 0 && size.height > 0)) return marks;
-  const double xStretch = bounds().size.width / size.width;
-  const double yStretch = bounds().size.height / size.height;
-  for (const auto& marker : map_.markers()) {
-    const auto* mark = dynamic_cast<const MapViewMarker2D*>(marker.get());
-    if (mark == nullptr || !mark->node || !mark->node->hasParent() ||
-        mark->hideWhenCollide.value_or(false))
-      continue;
-    const Rect frame = mark->node->frame();
-    marks.push_back({{frame.minX() * xStretch, (size.height - frame.maxY()) * yStretch},
-                     {frame.size.width * xStretch, frame.size.height * yStretch}});
-  }
-  return marks;
-}
-
-double LabelView::shareOnOthers(const Rect& rect, std::size_t label,
-                                const FloorProjection& projection) const {
-  const ProjectedPlace& place = places_[label];
-  const graphics::Vector3& anchor = labels_->anchors[label];
-  const double sine = std::sin(projection.turn());
-  const double cosine = std::cos(projection.turn());
-  const double upright = std::max(0.1, std::cos(projection.tilt()));
-  const auto onFloor = [&](double x, double y) {
-    const double right = (x - place.point.x) / place.pointsPerUnit;
-    const double up = (place.point.y - y) / (place.pointsPerUnit * upright);
-    return Point{anchor.x + right * cosine - up * sine, anchor.y + right * sine + up * cosine};
-  };
-  const std::array corners{onFloor(rect.minX(), rect.minY()), onFloor(rect.maxX(), rect.minY()),
-                           onFloor(rect.maxX(), rect.maxY()), onFloor(rect.minX(), rect.maxY())};
-  return labels_->raster.shareOnOthers(corners, static_cast<std::uint32_t>(label));
-}
-
-void LabelView::addLabel(const ShownLabel& shown, double time, double scale) {
-  const PlaceLabel& label = placement_.labels()[shown.label];
-  const LabelSource& source = labels_->sources[shown.label];
-  Appearance& since = appearances_[shown.label];
-  if (shown.symbolOpacity > 0) {
-    LabelPicture picture;
-    picture.form = source.isDot ? LabelPicture::Form::dot : LabelPicture::Form::icon;
-    picture.size = label.symbolSize;
-    picture.kind = source.kind;
-    if (source.isClosed) picture.state = IconState::outOfOrder;
-    addPiece(picture, shown.symbol, shown.symbolOpacity, since.symbol, time, scale);
-  } else {
-    since.symbol = -1;
-  }
-  if (shown.nameOpacity > 0) {
-    LabelPicture picture;
-    picture.text = joined(source.names[shown.lines - 1].lines);
-    picture.size = theme_->nameSize(label.rank);
-    addPiece(picture, shown.name, shown.nameOpacity, since.name, time, scale);
-  } else {
-    since.name = -1;
-  }
-}
-
-// An image that was not there when its label came fades in when it is.
-void LabelView::addPiece(const LabelPicture& picture, const Rect& rect, double opacity,
-                         double& since, double time, double scale) {
-  const auto place = isStill_ ? pictures_->findNow(picture) : pictures_->find(picture);
-  if (!place) return;
-  if (since < 0) since = time;
-  const double share = isStill_ ? 1 : std::clamp((time - since) / appearanceTime, 0.0, 1.0);
-  isFading_ = isFading_ || share < 1;
-  const graphics::Size size{place->width / scale, place->height / scale};
-  pieces_.push_back({*place,
-                     {{rect.midX() - size.width / 2, rect.midY() - size.height / 2}, size},
-                     std::min(opacity, share)});
 }
 
 }  // namespace orivanta

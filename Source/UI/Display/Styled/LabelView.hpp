@@ -6,14 +6,16 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "Platform/View/Canvas.hpp"
 #include "Platform/View/View.hpp"
 #include "Source/Fwd.hpp"
 #include "Source/UI/Display/Styled/FloorLabels.hpp"
+#include "Source/UI/Display/Styled/LabelObstacles.hpp"
 #include "Source/UI/Display/Styled/LabelPictures.hpp"
-#include "Source/UI/Display/Styled/RouteBoxes.hpp"
+#include "Source/UI/Display/Styled/LabelPieces.hpp"
 #include "Source/UI/Display/Styled/SelectedMark.hpp"
 #include "Source/UI/Labels/LabelPlacement.hpp"
 
@@ -46,9 +48,10 @@ class LabelView : public view::View {
   /// this view are added unless they cover all of it.
   void setCovered(std::vector<graphics::Rect> covered);
 
-  /// Returns what the aids over the map cover, for a frame at a scale in pixels per point. Called
-  /// before labels are placed. May be empty.
-  std::function<std::vector<graphics::Rect>(double scale)> furniture;
+  /// Sets `LabelObstacles::furniture`.
+  void setFurniture(std::function<std::vector<graphics::Rect>(double scale)> furniture) {
+    obstacles_.furniture = std::move(furniture);
+  }
 
   /// Shows a pin and a name instead of the label of a place; nothing removes them.
   void setSelected(std::optional<SelectedPlace> selected);
@@ -79,47 +82,30 @@ class LabelView : public view::View {
   bool isAnimating() const override;
 
  private:
-  struct Appearance {
-    double symbol = -1;  // the time when its image was first drawn; negative if it is not visible
-    double name = -1;
-  };
-
   void findSelected();
   bool isMarked(const std::shared_ptr<Location>& place) const;
   void choosePictures(double scale);
   void place(const FloorProjection& projection, double time, double scale);
-  std::vector<graphics::Rect> panels(double scale) const;
   void placeSelected(const FloorProjection& projection, std::span<const graphics::Rect> panels,
                      double scale);
-  std::vector<graphics::Rect> marks(const FloorProjection& projection) const;
-  double shareOnOthers(const graphics::Rect& rect, std::size_t label,
-                       const FloorProjection& projection) const;
-  void addLabel(const ShownLabel& shown, double time, double scale);
-  void addPiece(const LabelPicture& picture, const graphics::Rect& rect, double opacity,
-                double& since, double time, double scale);
 
   const MapView& map_;
   // Changed and read under transactions.
   std::shared_ptr<const MapTheme> theme_;
   std::shared_ptr<const FloorLabels> labels_;  // null if there are none
-  std::vector<graphics::Rect> covered_;
-  std::vector<RouteSegment> route_;
+  LabelObstacles obstacles_;
   std::vector<std::shared_ptr<Location>> marked_;
-  std::vector<graphics::Rect> routeMarks_;
   std::optional<SelectedPlace> selected_;
   std::optional<std::size_t> selectedLabel_;  // nothing if the selected place has none
   SelectedMark selectedMark_;
   bool isStill_ = false;
   bool isNew_ = false;                       // the labels were not drawn yet
-  bool isFading_ = false;                    // an image appeared a short time ago
   bool isDrawn_ = false;                     // the last frame had labels
   double scale_ = 0;                         // of the images
   std::shared_ptr<LabelPictures> pictures_;  // null before the first frame with labels
   LabelPlacement placement_;
   std::vector<ProjectedPlace> places_;
-  std::vector<Appearance> appearances_;  // of the labels
-  std::vector<std::size_t> visible_;     // in the last frame
-  std::vector<view::SheetPiece> pieces_;
+  LabelPieces pieces_;
 };
 
 }  // namespace orivanta

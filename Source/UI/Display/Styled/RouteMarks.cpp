@@ -70,7 +70,9 @@ std::shared_ptr<const Image> symbolImage(const RouteMark& mark, const MapTheme& 
                                          double scale) {
   const MapPalette& colors = theme.colors;
   const double size = theme.sizes.selectedIcon;
-  if (mark.form == Form::floorChange) return makeIconImage(mark.kind, theme, size, scale);
+  if (mark.form == Form::floorChange)
+    return mark.place ? makeIconImage(mark.kind, theme, size, scale)
+                      : makeWalkIconImage(theme, size, scale);
   if (mark.form == Form::start) {
     const std::array<DrawingPart, 2> dot{{{"O0 0 7.5", colors.casing}, {"O0 0 5.5", colors.start}}};
     return graphics::makeDrawingImage(dot, dotUnits, dotUnits * size * dotShare / 11, scale);
@@ -105,7 +107,10 @@ void RouteMarks::set(std::vector<RouteMark> marks,
                      std::shared_ptr<const MapTheme> theme) {
   std::stable_sort(marks.begin(), marks.end(),
                    [](const auto& left, const auto& right) { return left.form < right.form; });
-  const bool isSame = theme == theme_ && std::ranges::equal(marks, shown_, {}, {}, &Shown::mark);
+  const bool isSame =
+      theme == theme_ &&
+      std::equal(marks.begin(), marks.end(), shown_.begin(), shown_.end(),
+                 [](const RouteMark& mark, const Shown& shown) { return mark == shown.mark; });
   lines_ = std::move(lines);
   if (isSame) return;
   clear();

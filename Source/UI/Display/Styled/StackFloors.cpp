@@ -28,9 +28,10 @@ std::vector<Index> choose(std::size_t count, const std::vector<Index>& important
   };
   std::vector<Index> chosen(count);
   for (std::size_t i = 0; i < count; ++i) chosen[i] = static_cast<Index>(i);
-  std::ranges::sort(chosen, {}, keyOf);
+  std::sort(chosen.begin(), chosen.end(),
+            [&](Index first, Index second) { return keyOf(first) < keyOf(second); });
   chosen.resize(std::min(count, mostStackedFloors));
-  std::ranges::sort(chosen);
+  std::sort(chosen.begin(), chosen.end());
   return chosen;
 }
 
@@ -52,19 +53,21 @@ double heightOver(const std::vector<StackedFloor>& stacked, const StackedFloor& 
 StackedFloors stackFloors(const FloorList& floors, const FloorList& onRoute,
                           const std::shared_ptr<Map>& shown, const FloorSpacing& spacing) {
   FloorList sorted = floorsFromTop(floors);
-  std::ranges::reverse(sorted);
+  std::reverse(sorted.begin(), sorted.end());
   const auto indexOf = [&](const std::shared_ptr<Map>& floor) {
-    return static_cast<Index>(std::ranges::find(sorted, floor) - sorted.begin());
+    return static_cast<Index>(std::find(sorted.begin(), sorted.end(), floor) - sorted.begin());
   };
   std::vector<Index> important{indexOf(shown)};
   for (const auto& floor : onRoute)
-    if (std::ranges::find(sorted, floor) != sorted.end()) important.push_back(indexOf(floor));
+    if (std::find(sorted.begin(), sorted.end(), floor) != sorted.end())
+      important.push_back(indexOf(floor));
 
   StackedFloors stack;
   Index next = 0;
   double shownHeight = 0;
   for (const Index i : choose(sorted.size(), important)) {
-    const bool isWhole = onRoute.empty() || std::ranges::find(important, i) != important.end();
+    const bool isWhole =
+        onRoute.empty() || std::find(important.begin(), important.end(), i) != important.end();
     StackedFloor floor{sorted[static_cast<std::size_t>(i)], 0, isWhole, 0};
     (stack.floors.empty() ? stack.hiddenBelow : stack.floors.back().hidden) =
         static_cast<std::size_t>(i - next);

@@ -49,7 +49,7 @@ void StyledLabels::attach(MapView& view,
                           std::function<std::vector<graphics::Rect>(double)> furniture) {
   map_ = &view;
   shown_ = std::make_shared<LabelView>(view);
-  shown_->furniture = std::move(furniture);
+  shown_->setFurniture(std::move(furniture));
   shown_->setStill(isStill_);
   shown_->setHidden(isHidden_ || !areShown_);
   shown_->setCovered(covered_);

@@ -7,12 +7,8 @@
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Scene/Node.hpp"
-#include "Source/Guidance/Floors.hpp"
-#include "Source/Guidance/LabelName.hpp"
-#include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/UI/Display/Styled/PlaceShapes.hpp"
-#include "Source/UI/Display/Styled/StackedPlace.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
 
@@ -119,9 +115,9 @@ void StyledMap::colorFloor(const Map& map, const std::vector<ShapeRole>& roles) 
 bool StyledMap::isReady() const {
   const auto& floor = host_.view ? host_.view->currentMap() : nullptr;
   const FloorList stacked = stack_.floors();
-  return !floor ||
-         (work_.isReady(*floor) && labels_.isReady() &&
-          std::ranges::all_of(stacked, [&](const auto& map) { return work_.isReady(*map); }));
+  return !floor || (work_.isReady(*floor) && labels_.isReady() &&
+                    std::all_of(stacked.begin(), stacked.end(),
+                                [&](const auto& map) { return work_.isReady(*map); }));
 }
 
 void StyledMap::finish() {
@@ -192,102 +188,12 @@ CameraMotion StyledMap::motion() const {
   return isStill_ || isReduced_ ? CameraMotion::atOnce : CameraMotion::glide;
 }
 
-void StyledMap::setStacked(bool isStacked) {
-  if (!host_.view) return;
-  if (isStacked) {
-    fade_.stop();
-    routesChanged();
-    stack_.open(theme_, motion());
-  } else {
-    stack_.close(motion());
-  }
-  stackChanged();
-}
-
-void StyledMap::routesChanged() {
-  std::vector<RouteContents> routes;
-  for (const RouteContents* const route : route_.routes()) routes.push_back(*route);
-  stack_.setRoutes(std::move(routes), theme_);
-}
-
-void StyledMap::floorChanged(const std::shared_ptr<Map>& former) {
-  if (stack_.isShown()) {
-    stack_.floorChanged(former, motion());
-    stackChanged();
-  } else if (former->mapObject && motion() == CameraMotion::glide) {
-    fade_.start(*former, *host_.view->sceneView->scene()->rootNode());
-    stack_.view()->setFading(true);
-  }
-}
-
-void StyledMap::advance(double time) {
-  if (stack_.isOutdated()) stack_.rebuild(theme_);
-  if (!stack_.isMoving()) return;
-  stack_.advance(time);
-  stackChanged();
-}
-
 void StyledMap::prepareFrame(double time) {
   route_.prepareFrame(time);
   stack_.copyOutlines();
   if (!fade_.isRunning()) return;
   fade_.advance(time);
   stack_.view()->setFading(fade_.isRunning());
-}
-
-void StyledMap::stackChanged() {
-  look_.setShadows(1 - stack_.share());
-  labels_.setHidden(stack_.isShown());
-  route_.setHidden(stack_.isShown());
-}
-
-// --- Selection and closures
-
-void StyledMap::setTexts(const guidance::InterfaceTexts& texts) {
-  texts_ = texts;
-  showClosures();
-}
-
-void StyledMap::setSelected(std::shared_ptr<Location> place) {
-  selected_ = std::move(place);
-  showSelected();
-}
-
-void StyledMap::showSelected() {
-  if (!host_.view) return;
-  const graphics::Transaction transaction;
-  selectedOutline_.clear();
-  const MapView& view = *host_.view;
-  const auto& floor = view.currentMap();
-  if (!selected_ || !floor || !floor->mapObject || !view.venue) {
-    stack_.setSelected(std::nullopt);
-    return labels_.setSelected(std::nullopt);
-  }
-  std::string name = labelName(*view.venue, *selected_);
-  if (closures_.contains(selected_->id.value_or("")))
-    name += (name.empty() ? "" : "\n") + texts_.text("interface.mark.closed");
-  stack_.setSelected(stackedMark(view, selected_, name));
-  if (!isOnFloor(*selected_, *floor)) return labels_.setSelected(std::nullopt);
-  selectedOutline_.show(*host_.view, *selected_, *theme_);
-  labels_.setSelected(SelectedPlace{selected_, std::move(name), theme_->words.kindOf(*selected_),
-                                    view.findPosition3D(*selected_)});
-}
-
-void StyledMap::setClosures(const guidance::Closures& closures) {
-  if (closures == closures_) return;
-  closures_ = closures;
-  showClosures();
-}
-
-void StyledMap::showClosures() {
-  if (!host_.view) return;
-  const graphics::Transaction transaction;
-  labels_.setClosures(closures_, texts_.text("interface.mark.closed"));
-  if (const auto& venue = host_.view->venue; venue && venue->maps && !hasModelColors_)
-    for (const auto& map : *venue->maps)
-      if (map->mapObject) colorFloor(*map, shapeRoles(*map, *venue, theme_->words));
-  stack_.copyLooks(theme_);
-  showSelected();
 }
 
 void StyledMap::setModelColors(bool hasModelColors) {

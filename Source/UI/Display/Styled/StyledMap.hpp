@@ -63,6 +63,7 @@ class StyledMap {
   void setReducedMotion(bool isReduced);
   void setStacked(bool isStacked);
   bool isStacked() const { return stack_.isOn(); }
+  void frameStack(CameraMotion motion) { stack_.frame(motion); }
   const FloorStack& stack() const { return stack_; }
 
   /// Advances the motion of stacked floors to the time of the next frame, in seconds.

@@ -174,6 +174,21 @@ TEST_F(RenderVenue, DrawsARouteOnItsFloorsAndMovesItsArrows) {
   EXPECT_EQ(header, "GIF89a");
 }
 
+TEST_F(RenderVenue, StacksAllFloorsInOnePicture) {
+  ASSERT_EQ(render({"--map", "G"}).exitCode, 0);
+  const auto flat = picture("map.png");
+  const auto stacked = render({"--stacked", "--map", "G"});
+  EXPECT_EQ(stacked.exitCode, 0) << stacked.errors;
+  EXPECT_EQ(stacked.output, file("map.png") + "\n");
+  const auto floors = picture("map.png");
+  EXPECT_GT(changed(*flat, *floors), 0.2);
+  ASSERT_EQ(render({"--stacked", "--route", "paper kestrel", "popcorn nebula"}).exitCode, 0);
+  EXPECT_GT(changed(*floors, *picture("map.png")), 0.02);
+  EXPECT_GT(test::countPixels(*picture("map.png"), lightPalette.route), 4);
+  for (const auto& other : {"--style=plain", "--map=all"})
+    EXPECT_EQ(render({"--stacked", other}).exitCode, 2) << other;
+}
+
 TEST_F(RenderVenue, DrawsAPictureForEachVisitToAFloor) {
   serveVisits("© Testers");
   const auto route = renderVisits({"--route", "bakery", "museum"});

@@ -83,6 +83,24 @@ TEST_P(ThemeColors, SymbolsStandOut) {
   EXPECT_GE(contrastOf(colors.iconOutOfOrder, colors.iconSymbol), 4.5);
 }
 
+TEST_P(ThemeColors, HighContrastSeparatesNamesEdgesAndMarks) {
+  const MapTheme high = theme.withHighContrast();
+  const MapPalette& colors = high.colors;
+  std::vector<Color> fills(colors.fills.begin(), colors.fills.end());
+  fills.push_back(colors.walkable);
+  for (const Color& first : fills) {
+    EXPECT_GE(contrastOf(colors.text, rounded(first)), 7);
+    for (const Color& second : fills)
+      EXPECT_GE(contrastOf(rounded(high.outlineBetween(first, second)), first), 4.4);
+  }
+  EXPECT_GE(contrastOf(high.walkableOutline(), colors.walkable), 2.99);
+  for (const Color& mark : {colors.route, colors.pin, colors.start})
+    EXPECT_GE(contrastOf(mark, colors.casing), 7);
+  for (const PlaceKind kind : {PlaceKind::lift, PlaceKind::shop, PlaceKind::exit})
+    EXPECT_GE(contrastOf(high.disc(kind), colors.iconSymbol), 7);
+  EXPECT_GT(high.sizes.outline, theme.sizes.outline);
+}
+
 INSTANTIATE_TEST_SUITE_P(MapTheme, ThemeColors, testing::Bool(),
                          [](const auto& given) { return given.param ? "Dark" : "Light"; });
 

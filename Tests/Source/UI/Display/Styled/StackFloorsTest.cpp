@@ -91,7 +91,8 @@ TEST(FloorCells, TellHowFarAFloorMustBeShifted) {
   };
   const std::vector<graphics::Vector3> corners{{0, 0, 0}, {100, 64, 0}};
   for (const auto& [name, lower, upper, expected] : cases)
-    EXPECT_NEAR(FloorCells(*lower, {corners, 0}).shiftOf(FloorCells(*upper, {corners, 0}), 0.22),
+    EXPECT_NEAR(FloorCells(lower->children(), {corners, 0})
+                    .shiftOf(FloorCells(upper->children(), {corners, 0}), 0.22),
                 expected, 0.03)
         << name;
 }

@@ -1,0 +1,99 @@
+// A kiosk: a device that stands somewhere in the venue, for visitors who come and go.
+
+import type { App } from "../app.js";
+import type { Connection } from "../offline.js";
+import { h } from "../dom.js";
+import { showNotice, type Notice } from "../notices.js";
+import { showCode } from "../Share/share.js";
+import { startState, type State } from "../state.js";
+import { languages } from "../texts.js";
+import { startUi } from "../ui.js";
+import { guardPage } from "./guards.js";
+import { IdleTimer } from "./idle.js";
+import type { KioskOptions } from "./options.js";
+
+/** What a kiosk needs of the page. */
+export interface KioskHost {
+  readonly app: App;
+  readonly connection: Connection;
+  /** Loads the data again; it may have changed since the last visitor. */
+  readonly reload: () => Promise<void>;
+  /** Shows the map as at the beginning. */
+  readonly showStart: () => void;
+}
+
+/** Returns the rule that a route without a start begins at the kiosk. */
+export function startsHere({ here }: KioskOptions): (state: State) => State {
+  return (state) => (state.to !== null && state.from === null && state.to !== here ? { ...state, from: here } : state);
+}
+
+const oldestData = 15 * 60_000;
+
+/** Makes the page a kiosk. */
+export function startKiosk({ app, connection, reload, showStart }: KioskHost, options: KioskOptions): void {
+  const root = document.documentElement;
+  root.dataset["kiosk"] = "";
+  void navigator.storage?.persist?.();
+  guardPage((address) => showCode(app, address));
+
+  const start: State = { ...startState, venue: app.store.state.venue };
+  const { choices } = app.settings;
+  let loadedAt = Date.now();
+  let notice: Notice | null = null;
+  const endNotice = () => {
+    notice?.remove();
+    notice = null;
+  };
+  const timer = new IdleTimer(options.idle, {
+    counting: (count) => {
+      if (isAtStart(app, start)) return; // only the map was moved
+      const text = app.t("page.kiosk.idle", { count });
+      const action = { label: app.t("page.kiosk.stay"), run: () => timer.touch() };
+      if (notice) notice.setText(text);
+      else notice = showNotice(text, { action });
+    },
+    stayed: endNotice,
+    ended: () => {
+      endNotice();
+      for (const dialog of document.querySelectorAll("dialog")) dialog.close();
+      app.settings.change(choices);
+      app.ui = startUi;
+      app.store.change({ ...start, venue: start.venue ?? app.store.state.venue });
+      showStart();
+      if (connection.isPageOutdated) return location.reload();
+      if (Date.now() - loadedAt < oldestData) return;
+      loadedAt = Date.now();
+      void connection.lookForUpdate();
+      void reload();
+    },
+  });
+  app.on(() => isAtStart(app, start) || timer.run());
+  addEventListener("pointerdown", () => timer.run(), { capture: true });
+  addLanguages(app);
+}
+
+// The floor belongs to the view of the map, and without a venue in the address, the server's only one is shown.
+function isAtStart(app: App, start: State): boolean {
+  const { store, ui } = app;
+  const current: State = { ...store.state, floor: start.floor, venue: start.venue && store.state.venue };
+  const isEqual = (Object.keys(start) as (keyof State)[]).every((name) => String(current[name]) === String(start[name]));
+  const isOpen = ui.isSearching || document.querySelector("dialog[open]") !== null;
+  return isEqual && !isOpen && JSON.stringify(ui.browsing) === JSON.stringify(startUi.browsing);
+}
+
+// Buttons for the languages, each in its own language.
+function addLanguages(app: App): void {
+  const buttons = languages.map(({ tag, name }) => {
+    const choose = () => app.settings.change({ language: tag });
+    return h("button", { type: "button", lang: tag, "data-language": tag, onclick: choose }, name);
+  });
+  const bar = h("nav", { class: "kiosk-languages" }, ...buttons);
+  document.querySelector(".column")!.append(bar);
+  const update = () => {
+    bar.setAttribute("aria-label", app.t("page.language"));
+    for (const button of buttons)
+      button.setAttribute("aria-pressed", String(button.dataset["language"] === app.texts.language));
+  };
+  app.on(update);
+  update();
+}

@@ -1,0 +1,81 @@
+// The list of venues, and what the page says while it loads or when it cannot.
+
+import type { App, Failure } from "../app.js";
+import { h } from "../dom.js";
+import { icon } from "../icons.js";
+import type { Session } from "../session.js";
+
+export function venuesPage(app: App): Node[] {
+  return [
+    h("h1", { class: "venues-title" }, app.t("venues.title")),
+    h(
+      "ul",
+      { class: "rows is-venues" },
+      ...(app.venues ?? []).map((venue) =>
+        h(
+          "li",
+          {},
+          h(
+            "button",
+            { class: "row", "data-key": venue.slug, onclick: () => app.store.change({ venue: venue.slug }) },
+            h("span", { class: "row-texts" }, h("span", { class: "row-name" }, h("bdi", {}, venue.name))),
+            icon("forward", app.texts.isRightToLeft),
+          ),
+        ),
+      ),
+    ),
+  ];
+}
+
+export function loadingPage(app: App): Node[] {
+  const share = app.loadedShare;
+  const bar = h("progress", { max: 1, "aria-label": app.loading ?? "", ...(share === null ? {} : { value: share }) });
+  return [h("div", { class: "message" }, h("p", {}, app.loading ?? ""), bar)];
+}
+
+export function failurePage(app: App, failure: Failure, session: Session): Node[] {
+  const again = h("button", { class: "filled", "data-key": "retry", onclick: () => act(app, failure, session) }, buttonText(app, failure));
+  return [
+    h(
+      "div",
+      { class: "message is-problem" },
+      h("h2", {}, failure.title),
+      h("p", { dir: "auto" }, failure.detail),
+      failure.way === "signIn" ? credentialsForm(app, session) : again,
+    ),
+  ];
+}
+
+function buttonText(app: App, { way }: Failure): string {
+  if (way === "venues") return app.t("venues.all");
+  return way === "reload" ? app.t("page.reload") : app.t("retry");
+}
+
+function act(app: App, { way }: Failure, session: Session): void {
+  if (way === "reload") return location.reload();
+  if (way === "venues") {
+    app.failure = null;
+    return app.store.change({ venue: null });
+  }
+  void session.reload();
+}
+
+function credentialsForm(app: App, session: Session): HTMLElement {
+  const field = (name: "username" | "password", label: string, type: string, autocomplete: string) =>
+    h("label", {}, label, h("input", { name, type, autocomplete, required: true, "data-key": name }));
+  const form = h(
+    "form",
+    {
+      onsubmit: (event) => {
+        event.preventDefault();
+        const data = new FormData(form);
+        app.server = { ...app.server, username: String(data.get("username")), password: String(data.get("password")) };
+        void session.reload();
+      },
+    },
+    field("username", app.t("page.user"), "text", "username"),
+    field("password", app.t("page.password"), "password", "current-password"),
+    h("button", { class: "filled", type: "submit" }, app.t("page.signIn")),
+  );
+  return form;
+}

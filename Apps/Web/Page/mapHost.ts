@@ -1,0 +1,217 @@
+// The map behind the panels: follows the state of the page, and tells it what the user does on the map.
+
+import { OrivantaError, type Floor, type Guidance, type MapTap, type Marker, type MapView, type Venue, type VisitorPosition } from "orivanta";
+
+import { choosePlace, closeSearch } from "./actions.js";
+import type { App } from "./app.js";
+import { h } from "./dom.js";
+import { positionOf } from "./here.js";
+import { insetsOf } from "./insets.js";
+import { MapVeil } from "./mapVeil.js";
+import { showNotice } from "./notices.js";
+import { shownRoute } from "./Panels/route.js";
+
+/** The map, or a text in its place while there is none. */
+export class MapHost {
+  readonly element = h("div", { class: "map" });
+  /** The map; null while none is loaded. */
+  view: MapView | null = null;
+
+  readonly #app: App;
+  readonly #veil: MapVeil;
+  #venue: Venue | null = null;
+  // What the map shows already.
+  #floor: Floor | null = null;
+  #place: string | null = null;
+  #route: Guidance | null = null;
+  #step: number | null = null;
+  #look = "";
+  #hereMarker: Marker | null = null;
+  #insets = "";
+
+  constructor(app: App) {
+    this.#app = app;
+    this.#veil = new MapVeil(app, () => void this.#show());
+    this.element.append(this.#veil.element);
+  }
+
+  /** The floor that is shown. */
+  get floor(): Floor | null {
+    if (this.#floor) return this.#floor;
+    const { floor } = this.#app.store.state;
+    return this.#venue?.floors.find((each) => each.id === floor) ?? null;
+  }
+
+  /** Follows the state. */
+  update(): void {
+    const venue = this.#app.shown?.venue ?? null;
+    if (venue !== this.#venue) {
+      this.#forget();
+      this.#venue = venue;
+      if (venue) void this.#show();
+    }
+    this.#veil.update();
+    if (this.view) this.#follow(this.view);
+  }
+
+  /** Follows the sizes of these elements, which cover the map. */
+  watch(...panels: readonly Element[]): void {
+    const observer = new ResizeObserver(() => this.#changeInsets());
+    for (const panel of [this.element, ...panels]) observer.observe(panel);
+  }
+
+  /** Shows the map as at the beginning. */
+  showStart(): void {
+    const here = this.#here();
+    if (this.view && here) this.view.floor = here.floor;
+    this.view?.showFirstView();
+  }
+
+  // The text is in the language of the page.
+  #markHere(view: MapView): void {
+    const here = this.#here();
+    this.#hereMarker?.remove();
+    this.#hereMarker = here && view.addMarker({ ...here, text: this.#app.t("page.kiosk.here") });
+  }
+
+  #here(): VisitorPosition | null {
+    const stop = this.#app.kiosk?.here ?? null;
+    return stop === null || !this.#venue ? null : positionOf(this.#venue, stop);
+  }
+
+  #forget(): void {
+    if (this.view && this.#venue === this.#app.shown?.venue) this.view.destroy();
+    this.view = null;
+    this.#floor = null;
+    this.#place = null;
+    this.#route = null;
+    this.#step = null;
+    this.#look = "";
+    this.#hereMarker = null;
+    this.#insets = "";
+  }
+
+  async #show(): Promise<void> {
+    const venue = this.#venue!;
+    const here = this.#here();
+    const floor = venue.floors.find((each) => each.id === this.#app.store.state.floor) ?? here?.floor;
+    this.#veil.begin();
+    try {
+      const view = await venue.show(this.element, { ...this.#wantedLook(), attribution: false, ...(floor ? { floor } : {}) });
+      if (venue !== this.#venue) return;
+      this.view = view;
+      this.#floor = view.floor;
+      this.#listen(view);
+      view.position = here;
+      this.#veil.end();
+      this.#changeInsets();
+      view.showFirstView({ animated: false });
+      this.#follow(view, true);
+      this.#app.changed();
+    } catch (error) {
+      if (venue !== this.#venue) return;
+      this.#veil.fail(error instanceof OrivantaError && error.kind === "unsupported" ? null : String((error as Error).message));
+    }
+  }
+
+  #listen(view: MapView): void {
+    const app = this.#app;
+    view.canvas.setAttribute("aria-label", app.t("page.map"));
+    view.on("tap", (tap) => this.#tapped(tap));
+    view.on("floor", (floor) => {
+      this.#floor = floor;
+      if (app.store.state.floor !== floor.id) app.store.change({ floor: floor.id });
+      if (this.#route && app.ui.step === null && app.store.state.place === null) view.fit(this.#route);
+      app.changed();
+    });
+    view.on("problem", ({ kind, floor }) => {
+      if (kind === "floor" && floor) showNotice(app.t("note.floor", { floor: floor.name || floor.shortName }), { seconds: 8 });
+    });
+  }
+
+  #tapped({ place }: MapTap): void {
+    const app = this.#app;
+    if (place) return choosePlace(app, place.id);
+    if (app.ui.isSearching) closeSearch(app);
+    else if (app.store.state.place !== null) app.store.change({ place: null });
+  }
+
+  #wantedLook() {
+    const { settings, texts } = this.#app;
+    const { textSize, highContrast } = settings.choices;
+    const rootSize = parseFloat(getComputedStyle(document.documentElement).fontSize) / 16;
+    return {
+      theme: settings.isDark ? "dark" : "light",
+      language: texts.language,
+      textSize: Math.min(4, Math.max(textSize, rootSize)),
+      highContrast,
+    } as const;
+  }
+
+  #follow(view: MapView, isFirst = false): void {
+    const { store, closed, ui } = this.#app;
+    const look = JSON.stringify([this.#wantedLook(), closed]);
+    if (look !== this.#look) {
+      this.#look = look;
+      view.setLook(this.#wantedLook());
+      this.#markHere(view);
+      view.setClosures(closed);
+      view.canvas.setAttribute("aria-label", this.#app.t("page.map"));
+    }
+    this.#changeInsets();
+    if (view.stacked !== ui.isStacked) view.stacked = ui.isStacked;
+    this.#followFloor(view);
+    this.#followPlace(view, store.state.place, isFirst);
+    this.#followRoute(view, isFirst);
+  }
+
+  #followFloor(view: MapView): void {
+    const wanted = this.#venue!.floors.find((floor) => floor.id === this.#app.store.state.floor);
+    if (wanted && wanted !== view.floor) view.floor = wanted;
+  }
+
+  #followPlace(view: MapView, id: string | null, isFirst: boolean): void {
+    if (id === this.#place) return;
+    this.#place = id;
+    const place = id === null ? null : (this.#venue!.placeNamed(id) ?? null);
+    view.select(place);
+    if (!place) return;
+    if (this.#app.ui.isStacked) this.#app.changeUi({ isStacked: false });
+    view.fit(place, { animated: !isFirst });
+  }
+
+  #followRoute(view: MapView, isFirst: boolean): void {
+    const { ui } = this.#app;
+    const route = shownRoute(this.#app);
+    const isNew = route !== this.#route;
+    if (isNew) {
+      this.#route = route;
+      view.showRoute(route);
+      if (route && ui.step === null) this.#showRouteStart(view, route, isFirst);
+    }
+    const step = route ? ui.step : null;
+    if (step === this.#step && !(isNew && step !== null)) return;
+    this.#step = step;
+    if (!route || step === null) view.position = this.#here();
+    if (!route) return;
+    if (step !== null) view.showStep(step);
+    view.showProgress(step === null ? null : (route.steps[step]?.node ?? null));
+    if (step === null && !isNew) view.fit(route);
+  }
+
+  #showRouteStart(view: MapView, route: Guidance, isFirst: boolean): void {
+    const start = route.nodes[0]?.floor;
+    if (start && start !== view.floor) view.floor = start;
+    view.fit(route, { animated: !isFirst });
+  }
+
+  #changeInsets(): void {
+    if (!this.view) return;
+    const { insets, covered } = insetsOf(this.element);
+    const key = JSON.stringify([insets, covered]);
+    if (key === this.#insets) return;
+    this.#insets = key;
+    this.view.insets = insets;
+    this.view.setCovered(covered);
+  }
+}

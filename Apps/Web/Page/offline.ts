@@ -1,0 +1,110 @@
+// The page without a connection: starts the service worker, says when stored data is shown and from when, and
+// loads again as soon as the server answers.
+
+import type { App } from "./app.js";
+import { showNotice, type Notice } from "./notices.js";
+
+const firstPause = 4_000;
+const longestPause = 60_000;
+
+/** Watches the connection. */
+export class Connection {
+  /** Whether a newer version of the page is stored, which a reload shows. */
+  isPageOutdated = false;
+
+  readonly #app: App;
+  readonly #reload: () => Promise<void>;
+  /** When the oldest of the shown data was sent; null if all comes from the server. */
+  #shownSince: number | null = null;
+  #notice: Notice | null = null;
+  #pause = firstPause;
+  #timer: ReturnType<typeof setTimeout> | undefined;
+
+  /** `reload` loads the data again. */
+  constructor(app: App, reload: () => Promise<void>) {
+    this.#app = app;
+    this.#reload = reload;
+  }
+
+  /** Starts the service worker. Resolves when it sees the page's requests, or cannot. */
+  async start(): Promise<void> {
+    this.#app.on(() => this.#appChanged());
+    addEventListener("online", () => void this.#ask());
+    document.addEventListener("visibilitychange", () => document.hidden || void this.#ask());
+    const workers = navigator.serviceWorker as ServiceWorkerContainer | undefined;
+    if (!workers) return; // the page was loaded from a server without HTTPS
+    workers.addEventListener("message", (event: MessageEvent<{ storedAt?: number }>) => {
+      if (event.data.storedAt !== undefined) this.#storedShown(event.data.storedAt);
+    });
+    const isFirst = !workers.controller;
+    const controlled = new Promise((resolve) => workers.addEventListener("controllerchange", resolve, { once: true }));
+    workers.addEventListener("controllerchange", () => (this.isPageOutdated ||= !isFirst));
+    // A registration waits for the server, so nothing waits for it once there is a worker. After a forced reload,
+    // there is one that does not see the requests. Without a worker, the page needs a connection.
+    const registered = workers
+      .register("worker.js", { updateViaCache: "none" })
+      .then(({ active }) => (active ? undefined : controlled), () => {});
+    if (isFirst) await Promise.race([registered, new Promise((resolve) => setTimeout(resolve, 1_500))]);
+  }
+
+  /** Looks for a newer version of the page. */
+  async lookForUpdate(): Promise<void> {
+    const registration = await navigator.serviceWorker?.getRegistration();
+    await registration?.update().catch(() => {});
+  }
+
+  #storedShown(time: number): void {
+    this.#shownSince = Math.min(this.#shownSince ?? time, time);
+    const date = new Date(this.#shownSince).toLocaleString(this.#app.texts.language, {
+      dateStyle: "medium",
+      timeStyle: "short",
+    });
+    const text = this.#app.t("connection.lost", { date });
+    if (this.#notice) this.#notice.setText(text);
+    else this.#notice = showNotice(text);
+    this.#schedule();
+  }
+
+  #appChanged(): void {
+    if (this.#app.failure?.way === "retry") this.#schedule();
+  }
+
+  #schedule(): void {
+    if (this.#timer !== undefined) return;
+    this.#timer = setTimeout(() => void this.#ask(), this.#pause);
+    this.#pause = Math.min(this.#pause * 1.5, longestPause);
+  }
+
+  get #isWaiting(): boolean {
+    return this.#shownSince !== null || this.#app.failure?.way === "retry";
+  }
+
+  // Any answer is a sign of life, also "not found" or "unauthorized".
+  async #ask(): Promise<void> {
+    clearTimeout(this.#timer);
+    this.#timer = undefined;
+    if (!this.#isWaiting) return;
+    let isThere = false;
+    try {
+      const signal = AbortSignal.timeout(5_000);
+      const { status } = await fetch(new URL("venue", this.#app.server.endpoint), { method: "HEAD", credentials: "omit", signal });
+      isThere = ![502, 503, 504].includes(status);
+    } catch {
+      // There is no answer.
+    }
+    if (isThere) await this.#back();
+    else this.#schedule();
+  }
+
+  async #back(): Promise<void> {
+    navigator.serviceWorker?.controller?.postMessage("server answered");
+    const hadStored = this.#shownSince !== null;
+    this.#shownSince = null;
+    this.#notice?.remove();
+    this.#notice = null;
+    await this.#reload();
+    if (this.#shownSince !== null || this.#app.failure) return;
+    this.#pause = firstPause;
+    if (hadStored) showNotice(this.#app.t("connection.back"), { seconds: 6 });
+  }
+}

@@ -1,0 +1,136 @@
+// Plans the route of the state, and again when the stops, the profile, the language or the closures change.
+
+import { OrivantaError, type Guidance, type GuideRequest } from "orivanta";
+
+import type { App, Plan } from "./app.js";
+import { localTime } from "./times.js";
+
+const alternatives = 2;
+const closuresPause = 60_000; // milliseconds between requests for what is closed
+
+/** Keeps `App.plan` and `App.closed` current. */
+export class Planning {
+  readonly #app: App;
+  #planned = ""; // what the plan was made for
+  #run = 0;
+  #venue: object | null = null;
+
+  constructor(app: App) {
+    this.#app = app;
+    app.on(() => this.#update());
+    setInterval(() => void this.#loadClosures(), closuresPause);
+  }
+
+  #update(): void {
+    const app = this.#app;
+    const { from, to, via, profile } = app.store.state;
+    const venue = app.shown?.venue ?? null;
+    if (venue !== this.#venue) {
+      this.#venue = venue;
+      this.#planned = "";
+      app.closed = [];
+      void this.#loadClosures();
+    }
+    const wish = venue && from !== null && to !== null ? JSON.stringify([from, to, via, profile, app.closed]) : "";
+    if (wish === this.#planned) return;
+    this.#planned = wish;
+    this.#run += 1;
+    if (!wish) {
+      app.plan = null;
+      return app.changed();
+    }
+    app.plan = { kind: "planning" };
+    app.changed();
+    const run = this.#run;
+    // The page shows first that it is planning: the search of a route in a large venue takes a moment.
+    setTimeout(() => void this.#plan(run), 0);
+  }
+
+  async #plan(run: number): Promise<void> {
+    const app = this.#app;
+    const plan = await this.#answer();
+    if (run !== this.#run) return;
+    app.plan = plan;
+    if (plan.kind === "problem") app.announce(plan.problem.text);
+    if (plan.kind === "route") {
+      const [best] = plan.routes;
+      app.announce(`${app.t("page.route")}: ${best!.summary}. ${best!.steps[0]?.text ?? app.t("route.none")}`);
+    }
+    app.changed();
+  }
+
+  async #answer(): Promise<Plan> {
+    const app = this.#app;
+    const { from, to, via, profile } = app.store.state;
+    const departure = new Date();
+    const stops = (stop: string) => {
+      const nearest = app.nearestAt(stop);
+      return nearest ? nearest.places : [stop];
+    };
+    const request: GuideRequest = {
+      from: stops(from!),
+      to: stops(to!),
+      via,
+      bestOrder: via.length > 1,
+      profile,
+      closed: app.closed,
+      at: localTime(departure),
+      visitsClosedStops: true,
+      alternatives,
+      language: app.texts.language,
+    };
+    try {
+      const answer = await app.shown!.venue.guide(request);
+      if ("problem" in answer) return { kind: "problem", problem: answer.problem };
+      return { kind: "route", routes: [answer, ...answer.alternatives], departure };
+    } catch (error) {
+      if (!(error instanceof OrivantaError) || error.kind === "fatal") throw error;
+      return { kind: "problem", problem: { text: error.message } };
+    }
+  }
+
+  // The server has a list of what is closed. Other servers may not; then nothing is.
+  async #loadClosures(): Promise<void> {
+    const app = this.#app;
+    const venue = app.shown?.venue;
+    if (!venue || document.hidden) return;
+    const closed: string[] = [];
+    try {
+      let url: URL | null = new URL(`closure?venue=${encodeURIComponent(venue.slug)}`, app.server.endpoint);
+      const { username, password } = app.server;
+      const headers: HeadersInit = username ? { Authorization: `Basic ${btoa(`${username}:${password}`)}` } : {};
+      while (url) {
+        const response: Response = await fetch(url, { headers, credentials: "omit", cache: "no-cache" });
+        if (!response.ok) return;
+        for (const record of (await response.json()) as { id?: unknown }[]) {
+          if (typeof record.id === "string") closed.push(record.id);
+        }
+        const next: string | undefined = /<([^>]+)>;\s*rel="?next"?/.exec(response.headers.get("Link") ?? "")?.[1];
+        url = next === undefined ? null : new URL(next, url);
+      }
+    } catch {
+      return; // no connection, or no list: what was known stays
+    }
+    if (app.shown?.venue !== venue || String(closed) === String(app.closed)) return;
+    app.closed = closed;
+    app.changed();
+  }
+}
+
+/** Returns when a visitor arrives who departs with the plan; null if the venue has no scale. */
+export function arrivalOf(route: Guidance, departure: Date): Date | null {
+  if (route.seconds === null || route.steps.length === 0) return null;
+  return new Date(departure.getTime() + Math.ceil(route.seconds / 60) * 60_000);
+}
+
+/** Returns the names of the stops that are closed when the visitor arrives. */
+export function closedStops(app: App, route: Guidance, departure: Date): string[] {
+  const arrival = arrivalOf(route, departure);
+  if (!arrival || !app.shown) return [];
+  const { venue } = app.shown;
+  return route.visits.slice(1).flatMap(({ place }) => {
+    if (!place) return [];
+    const card = venue.card(place, { language: app.texts.language, now: localTime(arrival), closed: app.closed });
+    return card.isClosed ? [card.title] : [];
+  });
+}

@@ -1,0 +1,157 @@
+// Loads the module, the list of venues and the venue of the state.
+
+import { Orivanta, OrivantaError, type LoadProgress, type Venue } from "orivanta";
+import wasm from "orivanta/core.wasm";
+
+import type { App, Failure, Shown } from "./app.js";
+import { Texts } from "./texts.js";
+
+/** Loads what the state needs, and again when the state or the language changes. */
+export class Session {
+  readonly #app: App;
+  #load: AbortController | null = null;
+
+  constructor(app: App) {
+    this.#app = app;
+  }
+
+  /** Starts the module and loads the venues. */
+  async start(): Promise<void> {
+    const app = this.#app;
+    app.store.on((state, { former }) => {
+      if (state.venue !== former.venue) void this.#showVenue();
+    });
+    app.settings.on((choices, former) => {
+      if (choices.language !== former.language) void this.#changeLanguage(choices.language);
+    });
+    try {
+      app.orivanta = await Orivanta.load({ wasm: new URL(wasm, document.baseURI) });
+    } catch (error) {
+      return this.#fail({ title: app.t("page.problem.stopped"), detail: String(error), way: "reload" });
+    }
+    app.orivanta.onFatal = (message) =>
+      this.#fail({ title: app.t("page.problem.stopped"), detail: message, way: "reload" });
+    await this.reload();
+  }
+
+  /** Loads the venues and the venue of the state again. */
+  async reload(): Promise<void> {
+    const app = this.#app;
+    if (!app.orivanta) return;
+    const signal = this.#begin(app.t("venues.loading"));
+    try {
+      app.venues = await app.orivanta.venues({ ...app.server, languages: this.#languages(), signal });
+    } catch (error) {
+      return this.#failLoad(error, signal, app.t("problem.list"));
+    }
+    if (app.venues.length === 0) {
+      const detail = app.t("problem.none.detail", { address: app.server.endpoint });
+      return this.#fail({ title: app.t("problem.none"), detail, way: "retry" });
+    }
+    app.loading = null;
+    const [only] = app.venues;
+    if (app.store.state.venue === null && only && app.venues.length === 1) {
+      app.store.change({ venue: only.slug });
+    } else {
+      await this.#showVenue();
+    }
+  }
+
+  async #changeLanguage(language: string): Promise<void> {
+    this.#app.texts = await Texts.load(language);
+    await this.reload();
+  }
+
+  // Keeps the former venue on the screen until another one has been loaded.
+  async #showVenue(): Promise<void> {
+    const app = this.#app;
+    const { venue: slug } = app.store.state;
+    if (!app.orivanta || !app.venues) return;
+    if (app.shown && app.shown.venue.slug !== slug) this.#replace(null);
+    if (slug === null) return this.#end();
+    if (!app.venues.some((entry) => entry.slug === slug)) return this.#fail(this.#unknown(slug));
+    const signal = this.#begin(app.t("page.loading"));
+    try {
+      const venue = await app.orivanta.venue(slug, {
+        ...app.server,
+        languages: this.#languages(),
+        signal,
+        onProgress: (progress) => this.#progressed(progress, signal),
+      });
+      if (signal.aborted) return venue.destroy();
+      this.#opened(venue);
+    } catch (error) {
+      this.#failLoad(error, signal, app.t("problem.venue"));
+    }
+  }
+
+  #opened(venue: Venue): void {
+    const app = this.#app;
+    if (venue.floors.length === 0) {
+      const detail = app.t("problem.empty.detail", { venue: venue.name });
+      venue.destroy();
+      return this.#fail({ title: app.t("problem.empty"), detail, way: "venues" });
+    }
+    const catalog = venue.catalog(app.texts.language);
+    this.#replace({ venue, catalog, places: new Map(catalog.places.map((place) => [place.id, place])) });
+    this.#end();
+  }
+
+  #replace(shown: Shown | null): void {
+    const former = this.#app.shown;
+    this.#app.shown = shown;
+    this.#app.plan = null;
+    former?.venue.destroy();
+  }
+
+  #languages(): string {
+    return [this.#app.texts.language, ...navigator.languages, "en"].join(", ");
+  }
+
+  #begin(text: string): AbortSignal {
+    this.#load?.abort();
+    this.#load = new AbortController();
+    Object.assign(this.#app, { loading: text, loadedShare: null, failure: null });
+    this.#app.changed();
+    return this.#load.signal;
+  }
+
+  #progressed({ collections, collectionsDone }: LoadProgress, signal: AbortSignal): void {
+    if (signal.aborted) return;
+    this.#app.loadedShare = collections > 0 ? collectionsDone / collections : null;
+    this.#app.changed();
+  }
+
+  #end(): void {
+    Object.assign(this.#app, { loading: null, failure: null });
+    this.#app.changed();
+  }
+
+  #fail(failure: Failure): void {
+    Object.assign(this.#app, { loading: null, failure });
+    this.#app.changed();
+    this.#app.announce(`${failure.title}. ${failure.detail}`);
+  }
+
+  #failLoad(error: unknown, signal: AbortSignal, title: string): void {
+    if (signal.aborted) return;
+    const app = this.#app;
+    const { kind, message } = error instanceof OrivantaError ? error : { kind: null, message: String(error) };
+    if (kind === "refused") {
+      return this.#fail({ title: app.t("problem.rejected"), detail: app.server.endpoint, way: "signIn" });
+    }
+    const detail = kind === "noAnswer" ? `${app.t("problem.silent")}: ${message}` : message;
+    this.#fail({ title, detail, way: kind === "fatal" ? "reload" : "retry" });
+  }
+
+  #unknown(slug: string): Failure {
+    const app = this.#app;
+    const venues = app.venues ?? [];
+    const address = app.server.endpoint;
+    const detail =
+      venues.length === 1
+        ? app.t("problem.unknown.one", { address, slug: venues[0]!.slug })
+        : app.t("problem.unknown.many", { address, count: venues.length });
+    return { title: app.t("problem.unknown", { slug }), detail, way: "venues" };
+  }
+}

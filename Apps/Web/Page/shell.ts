@@ -1,0 +1,146 @@
+// The frame of the page: the bar, the search, the panel, the map with its buttons, and the line for screen readers.
+
+import { closeSearch, openSearch } from "./actions.js";
+import type { App } from "./app.js";
+import { showHelp, showSettings } from "./dialogs.js";
+import { h, setAttribute } from "./dom.js";
+import { FloorSwitch } from "./floorSwitch.js";
+import { icon, type IconName } from "./icons.js";
+import { KindSprite } from "./kindIcon.js";
+import type { MapHost } from "./mapHost.js";
+import { Panel } from "./panel.js";
+import { SearchField } from "./searchField.js";
+import type { Session } from "./session.js";
+
+const announcePause = 100; // milliseconds; screen readers miss what is said during a change
+
+/** Makes the elements of the page and keeps them current. */
+export class Shell {
+  readonly element: HTMLElement;
+  readonly #app: App;
+  readonly #search: SearchField;
+  readonly #panel: Panel;
+  readonly #floors: FloorSwitch;
+  readonly #map: MapHost;
+  readonly #status = h("p", { role: "status", class: "visually-hidden" });
+  readonly #name = h("bdi");
+  readonly #title = h("h1", { class: "bar-title" }, this.#name);
+  readonly #skip = h("a", { class: "skip", href: "#search" });
+  readonly #attribution = h("p", { class: "attribution", dir: "auto" });
+  readonly #labeled: (readonly [HTMLElement, key: string])[] = [];
+  readonly #venues: HTMLElement;
+  readonly #mapButtons: HTMLElement;
+  readonly #area: HTMLElement;
+  readonly #stacked: HTMLElement;
+
+  constructor(app: App, session: Session, map: MapHost) {
+    this.#app = app;
+    this.#map = map;
+    this.#search = new SearchField(app);
+    this.#panel = new Panel(app, this.#search, session);
+    this.#floors = new FloorSwitch(app, () => map.floor);
+    this.#venues = this.#button("back", "venues.back", () => app.store.change({ venue: null, floor: null, place: null, from: null, to: null, via: [] }));
+    this.#stacked = this.#button("layers", "page.stacked", () => app.changeUi({ isStacked: !app.ui.isStacked }));
+    this.#mapButtons = h(
+      "div",
+      { class: "map-buttons", role: "group" },
+      this.#stacked,
+      this.#button("fit", "page.fit", () => map.view?.fit()),
+      this.#button("plus", "page.zoomIn", () => map.view?.zoomBy(1.5)),
+      this.#button("minus", "page.zoomOut", () => map.view?.zoomBy(1 / 1.5)),
+    );
+    const bar = h(
+      "header",
+      { class: "bar" },
+      this.#venues,
+      this.#title,
+      this.#button("settings", "page.settings", () => showSettings(app)),
+      this.#button("help", "help", () => showHelp(app)),
+    );
+    const column = h("main", { class: "column" }, bar, this.#search.element, this.#panel.element);
+    const side = h("div", { class: "side" }, this.#floors.element, this.#mapButtons);
+    this.#area = h("section", { class: "area" }, map.element, side, this.#attribution);
+    this.element = h("div", { class: "frame" }, this.#skip, column, this.#area, this.#status, new KindSprite(app).element);
+    map.watch(this.#panel.element, this.#search.element, this.#floors.element);
+    new ResizeObserver(() => this.element.style.setProperty("--panel-height", `${this.#panel.element.offsetHeight}px`)).observe(
+      this.#panel.element,
+    );
+    addEventListener("keydown", (event) => this.#pressed(event));
+    app.on(() => this.update());
+    let timer = 0;
+    app.announce = (text) => {
+      clearTimeout(timer);
+      this.#status.textContent = "";
+      timer = window.setTimeout(() => (this.#status.textContent = text), announcePause);
+    };
+  }
+
+  update(): void {
+    const { texts, shown, venues, ui, failure } = this.#app;
+    const root = document.documentElement;
+    root.lang = texts.language;
+    root.dir = texts.isRightToLeft ? "rtl" : "ltr";
+    const name = shown?.venue.name ?? "";
+    document.title = name || this.#app.t("page.title");
+    this.#name.textContent = name || this.#app.t("page.title");
+    this.#area.setAttribute("aria-label", this.#app.t("page.map"));
+    this.#skip.textContent = this.#app.t("page.skip");
+    for (const [element, key] of this.#labeled) {
+      element.setAttribute("aria-label", this.#app.t(key));
+      element.title = this.#app.t(key);
+    }
+    this.#mapButtons.hidden = !this.#map.view;
+    this.#mapButtons.setAttribute("aria-label", this.#app.t("page.map"));
+    this.#stacked.setAttribute("aria-pressed", String(ui.isStacked));
+    this.#stacked.hidden = (shown?.venue.floors.length ?? 0) < 2;
+    this.#venues.hidden = !shown || (venues?.length ?? 0) < 2;
+    const hasVenue = shown !== null && !failure;
+    setAttribute(this.element, "data-view", hasVenue ? "map" : "start");
+    setAttribute(this.element, "data-searching", hasVenue && ui.isSearching);
+    this.#search.element.hidden = !hasVenue;
+    this.#skip.hidden = !hasVenue;
+    this.#attribution.textContent = shown?.venue.attribution ?? "";
+    this.#search.update();
+    this.#panel.update();
+    this.#floors.update();
+    this.#map.update();
+  }
+
+  #button(name: IconName, key: string, action: () => void): HTMLElement {
+    const element = h("button", { class: "plain", type: "button", onclick: action }, icon(name));
+    this.#labeled.push([element, key]);
+    return element;
+  }
+
+  #pressed(event: KeyboardEvent): void {
+    const app = this.#app;
+    if (document.querySelector("dialog[open]") || event.defaultPrevented) return;
+    const isTyping = event.target instanceof HTMLInputElement && event.target.type !== "radio";
+    if (event.key === "Escape") return this.#escape();
+    if ((event.key === "/" && !isTyping) || (event.key === "f" && event.ctrlKey)) {
+      if (!app.shown) return;
+      event.preventDefault();
+      openSearch(app, null);
+      this.#search.focus();
+    } else if ((event.key === "?" && !isTyping) || event.key === "F1") {
+      event.preventDefault();
+      showHelp(app);
+    } else if ((event.key === "PageUp" || event.key === "PageDown") && !isTyping) {
+      this.#changeFloor(event.key === "PageUp" ? 1 : -1);
+    }
+  }
+
+  #escape(): void {
+    const app = this.#app;
+    if (app.ui.isSearching) closeSearch(app);
+    else if (app.store.state.place !== null) app.store.change({ place: null });
+    else if (app.ui.step !== null) app.changeUi({ step: null });
+  }
+
+  #changeFloor(up: number): void {
+    const floors = [...(this.#app.shown?.venue.floors ?? [])].sort((a, b) => a.elevation - b.elevation);
+    const current = this.#map.floor;
+    const next = current ? floors[floors.indexOf(current) + up] : undefined;
+    if (next) this.#app.store.change({ floor: next.id });
+  }
+}

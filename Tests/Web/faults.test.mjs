@@ -1,0 +1,190 @@
+// Loads that fail or end early: servers that misbehave, cancellation, too little memory, a module that stops.
+
+import assert from "node:assert/strict";
+import { once } from "node:events";
+import { readFileSync } from "node:fs";
+import { createServer } from "node:http";
+import path from "node:path";
+import test from "node:test";
+
+import { Engine } from "../../web/dist/engine.js";
+import { Orivanta, OrivantaError, root } from "./support.mjs";
+
+const nodeCount = 20_000;
+
+/** The records of a venue with one floor, on which a long row of nodes leads from one place to another. */
+function rowOfNodes(count = nodeCount) {
+  const nodes = Array.from({ length: count }, (_, i) => ({
+    id: `n${i}`, map: "m", x: i, y: 0, z: 0, paths: i + 1 < count ? [{ node: `n${i + 1}` }] : [],
+  }));
+  const place = (id, node) => ({ id, name: id, type: "shop", categories: [], nodes: [{ node }], polygons: [] });
+  return {
+    venue: [{ id: "v", slug: "row", name: "Row", unitsPerMetre: 1 }],
+    map: [{ id: "m", name: "Floor", shortName: "F", elevation: 0, scene: { obj: "a.obj", mtl: "a.mtl", images: [] } }],
+    location: [place("first", "n0"), place("last", `n${count - 1}`)],
+    category: [],
+    node: nodes,
+    vortex: [],
+    polygon: [],
+  };
+}
+
+const records = rowOfNodes();
+
+/** Serves the records. A request for `fault.collection` is answered by `fault.answer` instead. */
+async function faultyServer(context) {
+  const fault = { collection: "", answer: () => {} };
+  const server = createServer((request, response) => {
+    const name = new URL(request.url, "http://h").pathname.split("/").pop();
+    if (name === fault.collection) return fault.answer(response, request);
+    return response.end(JSON.stringify(records[name] ?? []));
+  });
+  await once(server.listen(0, "127.0.0.1"), "listening");
+  context.after(() => (server.closeAllConnections(), server.close()));
+  return { server, fault, endpoint: `http://127.0.0.1:${server.address().port}/1/` };
+}
+
+const isError = (kind, status = 0) => (error) =>
+  error instanceof OrivantaError && error.kind === kind && error.status === status && error.message !== "";
+
+/** The texts of a package, as `Orivanta.open` takes them. */
+function packageOf({ venue: [venue], ...lists }) {
+  return Object.fromEntries(Object.entries({ venue, ...lists }).map(([name, value]) => [name, JSON.stringify(value)]));
+}
+
+const problemsOf = (venue) => venue.problems.map(({ collection, kind, status }) => [collection, kind, status]);
+
+test("faults of a server", async (context) => {
+  const { server, fault, endpoint } = await faultyServer(context);
+  const orivanta = await Orivanta.load();
+  const faults = [
+    [(response) => response.end("<html>"), "unusable", 200],
+    [(response) => response.end('[{"id":"a"}'), "unusable", 200],
+    [(response) => response.end(Buffer.from([0x1f, 0x8b, 0, 255])), "unusable", 200],
+    [(response) => response.end("[".repeat(1e6)), "unusable", 200],
+    [(response) => response.writeHead(200, { "Content-Length": 99 }).end("["), "noAnswer"],
+    [(response) => response.writeHead(200, { "Content-Encoding": "gzip" }).end("[]"), "noAnswer"],
+    [(response) => (response.write("["), setImmediate(() => response.destroy())), "noAnswer"],
+    [(response) => response.destroy(), "noAnswer"],
+    [(response) => response.writeHead(401).end(), "refused", 401],
+    [(response) => response.writeHead(403).end("[]"), "refused", 403],
+    [(response) => response.writeHead(404).end("[]"), "notFound", 404],
+    [(response) => response.writeHead(503).end(), "otherStatus", 503],
+    [(response, { url }) => response.writeHead(302, { Location: url }).end(), "noAnswer"],
+    [(response, { url }) => response.writeHead(200, { Link: `<${url}>; rel="next"` }).end("[]"), "endless", 200],
+  ];
+  for (const [answer, kind, status = 0] of faults) {
+    Object.assign(fault, { collection: "venue", answer });
+    await assert.rejects(orivanta.venue("row", { endpoint }), isError(kind, status), `${answer} must be ${kind}`);
+    fault.collection = "node";
+    if (kind === "endless") {
+      await assert.rejects(orivanta.venue("row", { endpoint }), isError(kind, status));
+      continue;
+    }
+    const venue = await orivanta.venue("row", { endpoint });
+    assert.deepEqual([venue.nodes.length, problemsOf(venue)], [0, [["node", kind, status]]], `${answer}`);
+    venue.destroy();
+  }
+
+  const asked = once(server, "request");
+  Object.assign(fault, { collection: "venue", answer: (response) => response.writeHead(401).end() });
+  await assert.rejects(orivanta.venue("row", { endpoint, username: "me", password: "pé" }), isError("refused", 401));
+  assert.equal((await asked)[0].headers.authorization, `Basic ${Buffer.from("me:pé").toString("base64")}`);
+
+  fault.collection = "";
+  const venue = await orivanta.venue("row", { endpoint });
+  assert.equal(venue.route(venue.placeNamed("first"), venue.placeNamed("last")).nodes.length, nodeCount);
+  orivanta.destroy();
+});
+
+test("cancellation", { timeout: 60_000 }, async (context) => {
+  const { fault, endpoint } = await faultyServer(context);
+  const orivanta = await Orivanta.load();
+  // Neither the reason nor the number of steps that a load has done makes a difference.
+  for (const collection of ["venue", "node", "polygon"]) {
+    const controller = new AbortController();
+    const closed = new Promise((resolve) => {
+      Object.assign(fault, {
+        collection,
+        answer: (response) => {
+          response.write("[");
+          response.on("close", resolve);
+          setTimeout(() => controller.abort("enough"), 20);
+        },
+      });
+    });
+    const progress = [];
+    const load = orivanta.venue("row", { endpoint, signal: controller.signal, onProgress: (each) => progress.push(each) });
+    await assert.rejects(load, (error) => error === "enough");
+    await closed;
+    const { length } = progress;
+    await new Promise((resolve) => setTimeout(resolve, 20));
+    assert.equal(progress.length, length, "no progress after the end");
+  }
+  fault.collection = "";
+  const controller = new AbortController();
+  const venue = await orivanta.venue("row", { endpoint, signal: controller.signal });
+  controller.abort();
+  assert.equal(venue.nodes.length, nodeCount, "the load had ended");
+  await assert.rejects(orivanta.venues({ endpoint, signal: controller.signal }), { name: "AbortError" });
+
+  Object.assign(fault, { collection: "node", answer: () => orivanta.destroy() });
+  await assert.rejects(orivanta.venue("row", { endpoint }), isError("fatal"));
+  assert.throws(() => venue.search("x"), isError("fatal"));
+});
+
+test("too little memory", async (context) => {
+  const { fault, endpoint } = await faultyServer(context);
+  const texts = packageOf(records);
+  texts.node = texts.node.padEnd(40e6);
+  Object.assign(fault, { collection: "node", answer: (response) => response.end(texts.node) });
+  const { grow } = WebAssembly.Memory.prototype;
+  context.after(() => (WebAssembly.Memory.prototype.grow = grow));
+  const orivanta = await Orivanta.load();
+  WebAssembly.Memory.prototype.grow = function (pages) {
+    if (this.buffer.byteLength < 16e6) return grow.call(this, pages); // that of Node.js itself
+    throw new RangeError("no memory");
+  };
+  assert.deepEqual(problemsOf(await orivanta.venue("row", { endpoint })), [["node", "unusable", 0]]);
+  await assert.rejects(orivanta.open(texts), isError("tooLarge"));
+  WebAssembly.Memory.prototype.grow = grow;
+  fault.collection = "";
+  for (const venue of [await orivanta.venue("row", { endpoint }), await orivanta.open(texts)])
+    assert.equal(venue.nodes.length, nodeCount);
+});
+
+test("a module that stops", async (context) => {
+  const { fault, endpoint } = await faultyServer(context);
+  Object.assign(fault, { collection: "node", answer: (response) => response.write("[") });
+  const engine = await Engine.start(readFileSync(path.join(root, "web/dist/core.wasm")));
+  const told = [];
+  engine.onFatal = (message) => told.push(message);
+  const loads = ["row", "row"].map((slug) => engine.load({ endpoint, slug }, null, undefined, undefined));
+  await new Promise((resolve) => setTimeout(resolve, 50));
+  const noVenue = 999;
+  const ended = Promise.all(loads.map((load) => assert.rejects(load, isError("fatal"))));
+  assert.throws(() => engine.call((core) => core._orivantaRecords(noVenue)), isError("fatal"));
+  await ended;
+  assert.throws(() => engine.call((core) => core._orivantaRecords(noVenue)), isError("fatal"));
+  await assert.rejects(engine.load({ endpoint }, null, undefined, undefined), isError("fatal"));
+  await new Promise((resolve) => setTimeout(resolve, 50));
+  assert.equal(told.length, 1);
+  assert.match(told[0], /the venue was removed/);
+});
+
+// C++ code catches exceptions of JavaScript, and stops the program where it expects none.
+test("a module that stops in a turn", async (context) => {
+  const orivanta = await Orivanta.load();
+  const told = [];
+  orivanta.onFatal = (message) => told.push(message);
+  const texts = packageOf(records);
+  const { queueMicrotask } = globalThis;
+  context.after(() => (globalThis.queueMicrotask = queueMicrotask));
+  globalThis.queueMicrotask = () => {
+    throw new Error("from the page");
+  };
+  await assert.rejects(orivanta.open(texts), isError("fatal"));
+  await assert.rejects(orivanta.open(texts), isError("fatal"));
+  assert.equal(told.length, 1);
+  assert.doesNotMatch(told[0], /call stack/);
+});

@@ -1,0 +1,100 @@
+// Builds the page of Apps/Web/Page into build/web/page: bundles its code with the package in dist/, adds hashes
+// to the names of the files, and writes the HTML pages and the service worker. Usage: node build-page.mjs [--no-minify]
+
+import { cpSync, existsSync, mkdirSync, readdirSync, readFileSync, rmSync, writeFileSync } from "node:fs";
+import path from "node:path";
+import { fileURLToPath } from "node:url";
+import { build } from "esbuild";
+
+import { buildWorker } from "./build-worker.mjs";
+import { textsOf } from "./page-texts.mjs";
+
+const root = path.resolve(path.dirname(fileURLToPath(import.meta.url)), "..");
+const source = path.join(root, "Apps/Web/Page");
+const target = path.join(root, "build/web/page");
+
+// "texts:de" is a JSON file with the page's texts in a language.
+const texts = {
+  name: "texts",
+  setup({ onResolve, onLoad }) {
+    onResolve({ filter: /^texts:/ }, ({ path: name }) => ({ path: `${name.slice(6)}.json`, namespace: "texts" }));
+    onLoad({ filter: /./, namespace: "texts" }, ({ path: file }) => ({
+      contents: JSON.stringify(textsOf(root, path.basename(file, ".json"))),
+      loader: "file",
+    }));
+  },
+};
+
+// "source:map.ts" is the text of an example.
+const sources = {
+  name: "sources",
+  setup({ onResolve, onLoad }) {
+    onResolve({ filter: /^source:/ }, ({ path: name }) => ({ path: name.slice(7), namespace: "sources" }));
+    onLoad({ filter: /./, namespace: "sources" }, ({ path: name }) => ({
+      contents: readFileSync(path.join(source, "Examples", name), "utf8"),
+      loader: "text",
+    }));
+  },
+};
+
+// The package finds the files of languages by their URLs. Here, their names get hashes.
+const languages = {
+  name: "languages",
+  setup({ onLoad }) {
+    onLoad({ filter: /\bdist.languages\.js$/ }, ({ path: file }) => {
+      const imports = [];
+      const code = readFileSync(file, "utf8").replace(/(?<=new URL\()"\S+"(?=,\s*import\.meta\.url)/g, (name) => {
+        imports.push(`import file${imports.length} from ${name};`);
+        return `file${imports.length - 1}`;
+      });
+      return { contents: [...imports, code].join("\n") };
+    });
+  },
+};
+
+const examples = path.join(source, "Examples/examples");
+
+rmSync(target, { recursive: true, force: true });
+mkdirSync(target, { recursive: true });
+const { metafile } = await build({
+  absWorkingDir: root,
+  entryPoints: [path.join(source, "main.ts"), path.join(source, "page.css"), `${examples}.ts`, `${examples}.css`],
+  outdir: target,
+  entryNames: "[name]-[hash]",
+  chunkNames: "[name]-[hash]",
+  assetNames: "[name]-[hash]",
+  bundle: true,
+  splitting: true,
+  format: "esm",
+  target: ["es2022", "chrome111", "firefox114", "safari16.4"],
+  minify: !process.argv.includes("--no-minify"),
+  metafile: true,
+  legalComments: "none",
+  alias: {
+    "orivanta/core.wasm": path.join(root, "web/dist/core.wasm"),
+    "orivanta/element": path.join(root, "web/dist/element.js"),
+    orivanta: path.join(root, "web/dist/index.js"),
+    uqr: path.join(root, "web/node_modules/uqr"),
+  },
+  loader: { ".mo": "file", ".svg": "dataurl", ".wasm": "file" },
+  plugins: [languages, texts, sources],
+  logLevel: "warning",
+});
+
+const output = (entry) =>
+  path.basename(Object.entries(metafile.outputs).find(([, { entryPoint }]) => entryPoint?.endsWith(entry))[0]);
+const wasm = readdirSync(target).find((name) => /^core-.*\.wasm$/.test(name));
+const places = {
+  main: output("Page/main.ts"),
+  style: output("Page/page.css"),
+  core: wasm,
+  examples: output("Examples/examples.ts"),
+  examplesStyle: output("Examples/examples.css"),
+};
+for (const file of [path.join(source, "index.html"), `${examples}.html`]) {
+  const page = readFileSync(file, "utf8").replace(/\{(\w+)\}/g, (_, name) => places[name]);
+  writeFileSync(path.join(target, path.basename(file)), page);
+}
+const files = path.join(source, "Files");
+if (existsSync(files)) cpSync(files, target, { recursive: true });
+await buildWorker(root, target, !process.argv.includes("--no-minify"));

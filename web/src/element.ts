@@ -1,0 +1,228 @@
+// The element <orivanta-map>: a map of a venue, with a route and a floor switch. Importing this file defines it.
+
+import { use, type Use } from "./element/instance.js";
+import { Parts } from "./element/parts.js";
+import { optionsOf, Shown, type ShownRoute } from "./element/shown.js";
+import { textOfKind, textsFor } from "./element/texts.js";
+import type { LoadProgress, WasmSource } from "./engine.js";
+import { OrivantaError } from "./errors.js";
+import type { MapTap, MapView } from "./map.js";
+import type { Floor } from "./records.js";
+import type { Venue } from "./venue.js";
+
+export type { ShownRoute } from "./element/shown.js";
+
+/** What an element has loaded. The element owns both; they are destroyed when it is removed. */
+export interface LoadedMap {
+  readonly venue: Venue;
+  readonly map: MapView;
+}
+
+/** The events of an element. They do not bubble. */
+export interface OrivantaMapEventMap {
+  /** The map is shown. */
+  load: CustomEvent<LoadedMap>;
+  /** The map cannot be shown, or an attribute names something that the venue does not have. */
+  error: CustomEvent<OrivantaError>;
+  tap: CustomEvent<MapTap>;
+  /** The map shows another floor. */
+  floor: CustomEvent<Floor>;
+  route: CustomEvent<ShownRoute>;
+}
+
+const attributes = ["venue", "endpoint", "language", "floor", "from", "to", "profile", "place", "theme"] as const;
+type Attribute = (typeof attributes)[number];
+const loadAttributes: readonly string[] = ["venue", "endpoint", "language"];
+
+// Where there are no pages, such as on a server that prerenders them, the class exists but has no use.
+const Base = (globalThis.HTMLElement ?? class {}) as typeof HTMLElement;
+
+/** A map of a venue. The properties that have the names of attributes reflect them. */
+export class OrivantaMapElement extends Base {
+  /** Where the module is, if it is not next to the package's code. Set it before the first map is loaded. */
+  static wasm: WasmSource | undefined;
+  static readonly observedAttributes = attributes;
+
+  /** The slug of the venue. Without it, nothing is loaded. */
+  declare venue: string | null;
+  /** The root of the web API, relative to the page; "/1/" by default. */
+  declare endpoint: string | null;
+  /** The language of names, instructions and messages; that of the page around the element by default. */
+  declare language: string | null;
+  /** The floor that is shown: its identifier, short name or name. */
+  declare floor: string | null;
+  /** The start of the route: an identifier, a name, or "@FLOOR,X,Y". */
+  declare from: string | null;
+  /** The destination of the route. */
+  declare to: string | null;
+  /** The profile of the route, "fastest" by default. */
+  declare profile: string | null;
+  /** The place that is selected: its identifier or name. */
+  declare place: string | null;
+  /** "light", "dark" or "plain"; light or dark as the browser's user prefers by default. */
+  declare theme: string | null;
+  /** The account at the server. Changes have an effect on the next load. */
+  username = "";
+  password = "";
+
+  readonly #parts: Parts;
+  readonly #changed = new Set<string>();
+  #isScheduled = false;
+  #loading: AbortController | null = null;
+  #use: Use | null = null;
+  #venue: Venue | null = null;
+  #shown: Shown | null = null;
+
+  constructor() {
+    super();
+    this.#parts = new Parts(this.attachShadow({ mode: "open" }), () => this.reload());
+  }
+
+  /** The venue and its map, after "load". */
+  get loaded(): LoadedMap | null {
+    return this.#shown ? { venue: this.#shown.venue, map: this.#shown.map } : null;
+  }
+
+  /** Loads the venue again. */
+  reload(): void {
+    this.#change("venue");
+  }
+
+  connectedCallback(): void {
+    for (const name of attributes) {
+      // Properties that were set before the element was defined hide the accessors.
+      if (!Object.hasOwn(this, name)) continue;
+      const value = this[name];
+      delete (this as Partial<Record<Attribute, unknown>>)[name];
+      this[name] = value;
+    }
+    if (!this.#loading) this.#change("venue");
+  }
+
+  disconnectedCallback(): void {
+    this.#change(null);
+  }
+
+  attributeChangedCallback(name: string, former: string | null, value: string | null): void {
+    if (former !== value) this.#change(name);
+  }
+
+  // An element that is moved is removed and added, and several attributes are often set together.
+  #change(name: string | null): void {
+    if (name) this.#changed.add(name);
+    if (this.#isScheduled) return;
+    this.#isScheduled = true;
+    queueMicrotask(() => {
+      this.#isScheduled = false;
+      if (!this.isConnected) this.#release();
+      else if (loadAttributes.some((each) => this.#changed.has(each))) void this.#load();
+      else this.#shown?.apply(this, this.#changed);
+    });
+  }
+
+  #release(): void {
+    this.#loading?.abort();
+    this.#shown?.destroy();
+    this.#venue?.destroy();
+    this.#use?.end();
+    this.#loading = this.#use = this.#venue = this.#shown = null;
+    this.#parts.removeCanvas();
+  }
+
+  async #load(): Promise<void> {
+    const former = this.#use;
+    this.#use = null;
+    this.#release();
+    this.#changed.clear();
+    if (!this.venue) {
+      this.#parts.hideMessage();
+      return former?.end();
+    }
+    const { signal } = (this.#loading = new AbortController());
+    const language = this.#languageOrDefault();
+    const texts = textsFor(language);
+    this.#parts.showMessage(texts.loading, null, null);
+    this.#use = use(OrivantaMapElement.wasm, (message) => this.#fail(new OrivantaError("fatal", message)));
+    former?.end();
+    try {
+      const orivanta = await this.#use.orivanta;
+      const venue = await orivanta.venue(this.venue, {
+        endpoint: new URL(this.endpoint ?? "/1/", document.baseURI).href,
+        languages: language,
+        username: this.username,
+        password: this.password,
+        onProgress: ({ collectionsDone, collections }: LoadProgress) => {
+          if (!signal.aborted) this.#parts.showMessage(texts.loading, collectionsDone / collections, null);
+        },
+        signal,
+      });
+      if (signal.aborted) return venue.destroy();
+      this.#venue = venue;
+      const map = await venue.show(this.#parts.showCanvas(venue.name, language), optionsOf(this, venue, language));
+      if (signal.aborted) return map.destroy();
+      this.#shown = new Shown(venue, map, this.#parts, language, (type, detail) => this.#emit(type, detail));
+      this.#shown.showFloors(texts.floors);
+    } catch (error) {
+      if (!signal.aborted) this.#fail(error);
+      return;
+    }
+    this.#parts.hideMessage();
+    this.#shown.apply(this, new Set(attributes));
+    this.#emit("load", { venue: this.#shown.venue, map: this.#shown.map });
+  }
+
+  #fail(error: unknown): void {
+    this.#release();
+    // What was loading is not loaded again before something changes.
+    this.#loading = new AbortController();
+    const cause = error instanceof OrivantaError ? error : new OrivantaError("unusable", String(error));
+    const texts = textsFor(this.#languageOrDefault());
+    const text = texts[textOfKind(cause.kind)].replace("{slug}", this.venue ?? "");
+    this.#parts.showMessage(text, null, texts.retry);
+    this.#emit("error", cause);
+  }
+
+  #languageOrDefault(): string {
+    return this.language || this.closest<HTMLElement>("[lang]")?.lang || navigator.language;
+  }
+
+  #emit(type: keyof OrivantaMapEventMap, detail: unknown): void {
+    this.dispatchEvent(new CustomEvent(type, { detail }));
+  }
+}
+
+for (const name of attributes)
+  Object.defineProperty(OrivantaMapElement.prototype, name, {
+    configurable: true,
+    enumerable: true,
+    get(this: OrivantaMapElement) {
+      return this.getAttribute(name);
+    },
+    set(this: OrivantaMapElement, value: string | null | undefined) {
+      if (value == null) this.removeAttribute(name);
+      else this.setAttribute(name, value);
+    },
+  });
+
+if (globalThis.customElements && !customElements.get("orivanta-map"))
+  customElements.define("orivanta-map", OrivantaMapElement);
+
+declare global {
+  interface HTMLElementTagNameMap {
+    "orivanta-map": OrivantaMapElement;
+  }
+}
+
+/** Typed events. */
+export interface OrivantaMapElement {
+  addEventListener<Type extends keyof OrivantaMapEventMap>(
+    type: Type,
+    listener: (this: OrivantaMapElement, event: OrivantaMapEventMap[Type]) => void,
+    options?: boolean | AddEventListenerOptions,
+  ): void;
+  addEventListener(
+    type: string,
+    listener: EventListenerOrEventListenerObject,
+    options?: boolean | AddEventListenerOptions,
+  ): void;
+}

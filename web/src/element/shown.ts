@@ -1,0 +1,145 @@
+// A venue and its map as the attributes of an element describe them.
+
+import { OrivantaError } from "../errors.js";
+import type { Guidance, GuidanceProblem, GuideRequest, ProfileName } from "../guidance.js";
+import type { MapView, ShowOptions } from "../map.js";
+import type { Floor, Place } from "../records.js";
+import type { Venue } from "../venue.js";
+import type { Parts } from "./parts.js";
+
+/** The route of an element, or why there is none; both are null if it has no start or no destination. */
+export interface ShownRoute {
+  readonly guidance: Guidance | null;
+  readonly problem: GuidanceProblem | null;
+}
+
+/** The attributes that change what is shown, but not what is loaded. */
+export interface Wishes {
+  readonly floor: string | null;
+  readonly from: string | null;
+  readonly to: string | null;
+  readonly profile: string | null;
+  readonly place: string | null;
+  readonly theme: string | null;
+}
+
+type Emit = (type: "tap" | "floor" | "route" | "error", detail: unknown) => void;
+
+const preferred = (query: string) => matchMedia(query);
+const dark = () => preferred("(prefers-color-scheme: dark)");
+
+function themeOf(wishes: Wishes): NonNullable<ShowOptions["theme"]> {
+  const { theme } = wishes;
+  if (theme === "light" || theme === "dark" || theme === "plain") return theme;
+  return dark().matches ? "dark" : "light";
+}
+
+function floorOf(venue: Venue, name: string): Floor | undefined {
+  return (["id", "shortName", "name"] as const).flatMap(
+    (key) => venue.floors.find((floor) => floor[key] === name) ?? [],
+  )[0];
+}
+
+function placeOf(venue: Venue, name: string): Place | undefined {
+  return venue.placeNamed(name) ?? [...venue.places, ...venue.connectors].find((place) => place.name === name);
+}
+
+/** Returns how a map begins. */
+export function optionsOf(wishes: Wishes, venue: Venue, language: string): ShowOptions {
+  const floor = wishes.floor === null ? undefined : floorOf(venue, wishes.floor);
+  return {
+    ...(floor && { floor }),
+    theme: themeOf(wishes),
+    language,
+    highContrast: preferred("(prefers-contrast: more)").matches,
+    reducedMotion: preferred("(prefers-reduced-motion: reduce)").matches,
+  };
+}
+
+/** A venue and its map. */
+export class Shown {
+  readonly venue: Venue;
+  readonly map: MapView;
+  readonly #parts: Parts;
+  readonly #language: string;
+  readonly #emit: Emit;
+  readonly #end = new AbortController();
+
+  /** Takes the map, which `destroy` destroys, but not the venue. */
+  constructor(venue: Venue, map: MapView, parts: Parts, language: string, emit: Emit) {
+    this.venue = venue;
+    this.map = map;
+    this.#parts = parts;
+    this.#language = language;
+    this.#emit = emit;
+    map.on("tap", (tap) => emit("tap", tap));
+    map.on("floor", (floor) => {
+      parts.markFloor(floor.id);
+      emit("floor", floor);
+    });
+  }
+
+  /** Shows the floor switch. `label` is its name. */
+  showFloors(label: string): void {
+    const lowestFirst = [...this.venue.floors].sort((one, other) => one.elevation - other.elevation);
+    const buttons = lowestFirst.map((floor) => ({ ...floor, label: floor.shortName || floor.name }));
+    this.#parts.showFloors(buttons, label, (id) => {
+      const floor = floorOf(this.venue, id);
+      if (floor) this.map.floor = floor;
+    });
+    this.#parts.markFloor(this.map.floor.id);
+  }
+
+  /** Shows what attributes say. Empties the set of their names. */
+  apply(wishes: Wishes, changed: Set<string>): void {
+    const has = (...names: (keyof Wishes)[]) => names.some((name) => changed.has(name));
+    const [themes, floors, places, routes] = [has("theme"), has("floor"), has("place"), has("from", "to", "profile")];
+    changed.clear();
+    if (themes) {
+      this.map.theme = themeOf(wishes);
+      dark().addEventListener("change", () => (this.map.theme = themeOf(wishes)), { signal: this.#end.signal });
+    }
+    if (routes) this.#plan(wishes);
+    if (places) this.#select(wishes.place);
+    if (floors && wishes.floor !== null) {
+      const floor = floorOf(this.venue, wishes.floor);
+      if (floor) this.map.floor = floor;
+      else this.#complain(`the venue has no floor "${wishes.floor}"`);
+    }
+  }
+
+  destroy(): void {
+    this.#end.abort();
+    this.map.destroy();
+  }
+
+  #plan({ from, to, profile }: Wishes): void {
+    let answer: Guidance | { readonly problem: GuidanceProblem } | null = null;
+    if (from && to) {
+      const request: GuideRequest = { from, to, language: this.#language };
+      if (profile) request.profile = profile as ProfileName;
+      try {
+        answer = this.venue.guide(request);
+      } catch (error) {
+        if (!(error instanceof OrivantaError) || error.kind === "fatal") throw error;
+        this.#complain(error.message, error);
+      }
+    }
+    const problem = answer && "problem" in answer ? answer.problem : null;
+    const guidance = answer && "steps" in answer ? answer : null;
+    this.map.showRoute(guidance);
+    this.#parts.showNote(problem?.text ?? guidance?.summary ?? null);
+    this.#emit("route", { guidance, problem } satisfies ShownRoute);
+  }
+
+  #select(name: string | null): void {
+    const place = name === null ? null : (placeOf(this.venue, name) ?? null);
+    if (name !== null && !place) this.#complain(`the venue has no place "${name}"`);
+    this.map.select(place);
+    if (place) this.map.fit(place);
+  }
+
+  #complain(message: string, error = new OrivantaError("notFound", message)): void {
+    this.#emit("error", error);
+  }
+}

@@ -1,0 +1,81 @@
+// The canvas of a map: its size, its frames, and its context, which the browser may take away.
+
+/** What the canvas asks of the map. */
+export interface CanvasUser {
+  /** Draws a frame. The size is in CSS pixels, `scale` in pixels per CSS pixel, the time in seconds. */
+  draw(width: number, height: number, scale: number, time: number): void;
+  /** The context was lost, or is there again. */
+  contextChanged(isThere: boolean): void;
+}
+
+/** Draws a map when it has changed, once for each picture of the screen. */
+export class MapCanvas {
+  readonly element: HTMLCanvasElement;
+  readonly #user: CanvasUser;
+  readonly #isOwn: boolean;
+  readonly #ending = new AbortController();
+  readonly #sizes: ResizeObserver;
+  #frame = 0;
+  #isLost = false;
+
+  constructor(target: HTMLElement, user: CanvasUser) {
+    this.#user = user;
+    this.#isOwn = !(target instanceof HTMLCanvasElement);
+    this.element = this.#isOwn ? document.createElement("canvas") : (target as HTMLCanvasElement);
+    if (this.#isOwn) {
+      this.element.style.cssText = "display:block;width:100%;height:100%";
+      target.append(this.element);
+    }
+    this.#sizes = new ResizeObserver(() => this.requestFrame());
+    this.#sizes.observe(this.element);
+    const { signal } = this.#ending;
+    this.element.addEventListener("webglcontextlost", (event) => (event.preventDefault(), this.#lose()), { signal });
+    this.element.addEventListener("webglcontextrestored", () => this.#restore(), { signal });
+    addEventListener("resize", () => this.requestFrame(), { signal }); // also when only the density changes
+  }
+
+  /** Draws a frame soon. */
+  requestFrame(): void {
+    if (this.#frame === 0 && !this.#ending.signal.aborted) {
+      this.#frame = requestAnimationFrame((time) => this.drawNow(time));
+    }
+  }
+
+  /** Draws a frame. `time`: milliseconds. */
+  drawNow(time = performance.now()): void {
+    cancelAnimationFrame(this.#frame);
+    this.#frame = 0;
+    if (this.#isLost) return;
+    const { element } = this;
+    const scale = devicePixelRatio;
+    const width = Math.round(element.clientWidth * scale);
+    const height = Math.round(element.clientHeight * scale);
+    if (width > 0 && height > 0 && (element.width !== width || element.height !== height)) {
+      element.width = width; // also makes the canvas empty
+      element.height = height;
+    }
+    this.#user.draw(width / scale, height / scale, scale, time / 1000);
+  }
+
+  /** Ends the drawing. Removes the canvas if it was added to an element. */
+  destroy(): void {
+    this.#ending.abort();
+    this.#sizes.disconnect();
+    cancelAnimationFrame(this.#frame);
+    if (!this.#isOwn) return;
+    // Browsers allow few contexts at once, and take one back only when its canvas is collected.
+    this.element.getContext("webgl2")?.getExtension("WEBGL_lose_context")?.loseContext();
+    this.element.remove();
+  }
+
+  #lose(): void {
+    this.#isLost = true;
+    this.#user.contextChanged(false);
+  }
+
+  #restore(): void {
+    this.#isLost = false;
+    this.#user.contextChanged(true);
+    this.requestFrame();
+  }
+}

@@ -1,0 +1,153 @@
+// The types of maps.
+
+import type { Floor, Place } from "./records.js";
+
+/** x, y and z in the venue's units. z is up and does not include the floor's elevation. */
+export type Position = readonly [x: number, y: number, z: number];
+
+/** The look of a map. "plain" has the colors of the floors' models. */
+export type MapTheme = "light" | "dark" | "plain";
+
+/** How a map looks; all members can be changed later with `MapView.setLook`. */
+export interface MapLook {
+  /** "light" unless set. */
+  theme?: MapTheme;
+  /** The language of texts on the map that are no names: a tag such as "de", or a list of tags. */
+  language?: string;
+  /** A factor of the sizes of texts, from 0.5 to 4. */
+  textSize?: number;
+  /** Whether outlines are stronger. */
+  highContrast?: boolean;
+  /** Whether the camera moves at once and arrows stand still. Follows the system's setting unless set. */
+  reducedMotion?: boolean;
+  /** Whether names and icons are shown; true unless set. */
+  labels?: boolean;
+  /** Whether a compass is shown while the map is turned; true unless set. */
+  compass?: boolean;
+  /** Whether a scale bar is shown; true unless set. */
+  scaleBar?: boolean;
+  /** Whether the venue's attribution is shown on the map; true unless set. A page that hides it shows it itself. */
+  attribution?: boolean;
+  /** For single pictures: names appear without fading, and arrows stand still. */
+  still?: boolean;
+}
+
+/** The options of `Venue.show`. */
+export interface ShowOptions extends MapLook {
+  /** The first floor. Unless set, it is the one where most places are. */
+  floor?: Floor;
+  /** Ends the loading: the promise is rejected and the map is destroyed. */
+  signal?: AbortSignal;
+}
+
+/** A view of the map. */
+export interface CameraPose {
+  /** What is in the middle of the view: x and y in the venue's units. */
+  readonly center: readonly [x: number, y: number];
+  /** From the camera to the center, in the venue's units. */
+  readonly distance: number;
+  /** The direction that is up in the view: degrees, clockwise from the y axis, 0 to 360. */
+  readonly yaw: number;
+  /** Degrees: 0 looks straight down; less than 60. */
+  readonly tilt: number;
+}
+
+/** A tap on the map. */
+export interface MapTap {
+  /** The place or connector that was hit. */
+  readonly place: Place | null;
+  readonly floor: Floor | null;
+  /** In CSS pixels from the upper left corner of the map. */
+  readonly x: number;
+  readonly y: number;
+  /** The point of the ground; null above the horizon. */
+  readonly position: Position | null;
+}
+
+/** What is wrong with a map. */
+export interface MapProblem {
+  /** "floor": a floor cannot be shown; "noFloor": none can; "context": the browser took the graphics away. */
+  readonly kind: "floor" | "noFloor" | "context";
+  readonly floor: Floor | null;
+  /** A sentence without a final period. */
+  readonly text: string;
+}
+
+/** The progress of a floor's files. */
+export interface FloorLoad {
+  readonly floor: Floor;
+  readonly state: "waiting" | "fetching" | "reading" | "ready" | "withoutModel" | "failed";
+  readonly filesDone: number;
+  readonly fileCount: number;
+}
+
+/** The events of a map, by type. */
+export interface MapEvents {
+  /** A tap or a click. */
+  tap: MapTap;
+  /** Another floor is shown. */
+  floor: Floor;
+  /** The camera has moved. */
+  camera: CameraPose;
+  problem: MapProblem;
+  /** The files of a floor are being loaded. */
+  load: FloorLoad;
+  /** The shown floor is drawn completely, with its names. */
+  ready: void;
+}
+
+/** A visitor's position. */
+export interface VisitorPosition {
+  readonly position: Position;
+  readonly floor: Floor;
+  /** The radius in meters of the disc in which the visitor is. */
+  readonly accuracy?: number;
+  /** Where the visitor looks: degrees, clockwise from the y axis. */
+  readonly heading?: number;
+}
+
+/** What a marker shows, and where: at a place, or at a position of one floor or of all floors. */
+export interface MarkerOptions {
+  readonly place?: Place;
+  readonly position?: Position;
+  readonly floor?: Floor;
+  /** Below the pin. */
+  readonly text?: string;
+  /** Of the pin: a CSS color. */
+  readonly color?: string;
+}
+
+/** A marker that was added to a map. */
+export interface Marker {
+  remove(): void;
+}
+
+/** What the module reports, see Apps/Web/Map/MapEvents.hpp. */
+export type MapEvent =
+  | { type: "tap"; place: string | null; floor: number; x: number; y: number; position: Position | null }
+  | { type: "floor"; floor: number }
+  | { type: "camera" | "loaded" | "ready" }
+  | { type: "load"; floor: number; state: FloorLoad["state"]; filesDone: number; fileCount: number }
+  | { type: "problem"; kind: MapProblem["kind"]; floor: number | null; text: string };
+
+/** A pose as the module writes it, with angles in radians. */
+export interface RawPose {
+  x: number;
+  y: number;
+  z: number;
+  distance: number;
+  tilt: number;
+  turn: number;
+}
+
+/** The state of a map, see Apps/Web/Map/MapCommands.hpp. */
+export interface MapState {
+  floor: number;
+  stacked: boolean;
+  follow: boolean;
+  loaded: boolean;
+  ready: boolean;
+  pose: RawPose;
+  target: RawPose;
+  pointsPerUnit: number;
+}
