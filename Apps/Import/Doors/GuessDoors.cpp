@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "Apps/Import/Doors/DoorsToPaths.hpp"
 #include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Doors/WallContact.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
@@ -37,6 +38,15 @@ Door doorAt(const Area& room, const WallContact& contact) {
   return door;
 }
 
+// The outline of a storey without its outer walls and what is in front of them.
+Shape innerOutline(const Building& building, double level) {
+  constexpr double walls = 1.5;
+  Shape outline;
+  for (const Storey& storey : building.storeys)
+    if (storey.ordinal == level) outline = joined(std::move(outline), storey.footprint);
+  return withMargin(united(outline), -walls);
+}
+
 class Guess {
  public:
   Guess(Building& building, double level)
@@ -47,7 +57,8 @@ class Guess {
         walkable_(building, level, [this](const Area& area) { return isWalked(area, walkways_); }),
         rooms_(building, level, [this](const Area& area) { return isRoom(area); }),
         contents_(building, level,
-                  [](const Area& area) { return area.kind != AreaKind::obstacle; }) {
+                  [](const Area& area) { return area.kind != AreaKind::obstacle; }),
+        passages_(innerOutline(building, level)) {
     for (const Area& area : building.areas)
       if (area.level == level && isWalked(area, walkways_)) reached_.insert(area.id);
     for (const Door& door : building.doors)
@@ -66,6 +77,7 @@ class Guess {
       else if (needsDoor)
         left.push_back(&area);
     }
+    if (hasPaths()) joinToPaths(left);
     std::set<std::string> buildings;
     for (const Area& area : building_.areas)
       if (area.level == level_ && isRoom(area) && isBuilding(area)) buildings.insert(area.id);
@@ -121,6 +133,41 @@ class Guess {
     doors_.push_back(std::move(door));
   }
 
+  bool hasPaths() const {
+    return !space_.empty() &&
+           std::any_of(building_.lines.begin(), building_.lines.end(), [&](const Line& line) {
+             return line.kind == LineKind::path && line.levels == std::vector<double>{level_};
+           });
+  }
+
+  // Paths are lines, which rooms beside them do not touch.
+  void joinToPaths(std::vector<const Area*>& rooms) {
+    const DoorsToPaths paths(space_, contents_);
+    std::vector<Line> lines;
+    std::map<std::string, const Area*> byId;
+    for (const Area& area : building_.areas)
+      if (area.level == level_ && isRoom(area)) byId.emplace(area.id, &area);
+    for (const Door& door : building_.doors) {
+      if (door.level != level_ || door.areas.size() != 1 || door.kind == DoorKind::emergency)
+        continue;
+      const auto room = byId.find(door.areas.front());
+      if (room == byId.end()) continue;
+      if (const auto target = paths.from(*room->second, door))
+        lines.push_back(pathFrom(door, *target));
+    }
+    std::erase_if(rooms, [&](const Area* room) {
+      const auto found = paths.from(*room, openShape(*room, contents_));
+      if (!found) return false;
+      Door door = doorAt(*room, found->contact);
+      lines.push_back(pathFrom(door, found->target));
+      add(std::move(door));
+      return true;
+    });
+    if (lines.empty()) return;
+    building_.lines.insert(building_.lines.end(), lines.begin(), lines.end());
+    building_.walkableSpaces.erase(level_);
+  }
+
   // A building that is drawn as a room around its walkways.
   bool isBuilding(const Area& room) const {
     const std::vector<const Area*> near = walkable_.near(room.shape, 0.0);
@@ -144,10 +191,15 @@ class Guess {
     return door;
   }
 
-  // An entrance in the longest wall behind which nothing is drawn.
+  // An entrance in the longest wall behind which nothing is drawn: one within the outline of the
+  // storey, which faces a passage, rather than one at the outline.
   std::optional<Door> toOutside(const Area& room) const {
     const auto isOutside = [this](Point point) { return contents_.smallestAt(point) == nullptr; };
-    const auto contact = longestContact(openShape(room, contents_), isOutside);
+    const Shape shape = openShape(room, contents_);
+    auto contact = longestContact(shape, [&](Point point) {
+      return !passages_.empty() && passages_.contains(point) && isOutside(point);
+    });
+    if (!contact) contact = longestContact(shape, isOutside);
     if (!contact) return {};
     Door door = doorAt(room, *contact);
     door.kind = DoorKind::entrance;
@@ -226,6 +278,7 @@ class Guess {
   AreaIndex walkable_;
   AreaIndex rooms_;
   AreaIndex contents_;
+  Space passages_;
   std::map<std::string, std::vector<std::string>> joined_;  // areas by area, through doors
   std::set<std::string> reached_;                           // areas, from walkways
   std::vector<std::string> newlyReached_;

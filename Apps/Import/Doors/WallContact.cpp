@@ -13,26 +13,6 @@ namespace {
 constexpr double sampleStep = 0.2;
 constexpr double narrowestDoor = 0.6;
 
-// Walls of the room; neighboring ones in the same direction are one.
-std::vector<Segment> straightWalls(const Shape& shape) {
-  std::vector<Segment> walls;
-  for (const Segment& border : bordersOf(shape)) {
-    if (!walls.empty() && package::distance(walls.back().b, border.a) == 0.0) {
-      const Point before = walls.back().b - walls.back().a;
-      const Point after = border.b - border.a;
-      constexpr double sameDirection = 0.05;
-      if (std::abs(package::cross(before, after)) <
-              sameDirection * package::length(before) * package::length(after) &&
-          package::dot(before, after) > 0.0) {
-        walls.back().b = border.b;
-        continue;
-      }
-    }
-    walls.push_back(border);
-  }
-  return walls;
-}
-
 // The longest part of one wall behind which all samples are.
 WallContact contactOf(const Segment& wall, const Behind& behind) {
   const Point along = wall.b - wall.a;
@@ -56,6 +36,25 @@ WallContact contactOf(const Segment& wall, const Behind& behind) {
 }
 
 }  // namespace
+
+std::vector<Segment> straightWalls(const Shape& shape) {
+  std::vector<Segment> walls;
+  for (const Segment& border : bordersOf(shape)) {
+    if (!walls.empty() && package::distance(walls.back().b, border.a) == 0.0) {
+      const Point before = walls.back().b - walls.back().a;
+      const Point after = border.b - border.a;
+      constexpr double sameDirection = 0.05;
+      if (std::abs(package::cross(before, after)) <
+              sameDirection * package::length(before) * package::length(after) &&
+          package::dot(before, after) > 0.0) {
+        walls.back().b = border.b;
+        continue;
+      }
+    }
+    walls.push_back(border);
+  }
+  return walls;
+}
 
 std::optional<WallContact> longestContact(const Shape& room, const Behind& behind) {
   WallContact best;

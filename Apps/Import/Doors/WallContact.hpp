@@ -4,7 +4,9 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <vector>
 
+#include "Apps/Import/Geometry/SegmentGrid.hpp"
 #include "Apps/Import/Geometry/Shapes.hpp"
 
 namespace orivanta::importer {
@@ -18,6 +20,9 @@ struct WallContact {
   Point to;
   double length() const { return package::distance(from, to); }
 };
+
+/// The walls of a room, which is on their left; neighboring ones in the same direction are one.
+std::vector<Segment> straightWalls(const Shape& shape);
 
 /// Whether the thing that is sought lies at a point.
 using Behind = std::function<bool(Point)>;

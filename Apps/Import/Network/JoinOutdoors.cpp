@@ -15,6 +15,7 @@
 #include "Apps/Import/Geometry/AreaIndex.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
 #include "Apps/Import/MakeFinding.hpp"
+#include "Apps/Import/Network/OutdoorCorners.hpp"
 #include "Apps/Import/Network/OuterBorder.hpp"
 
 namespace orivanta::importer {
@@ -22,6 +23,7 @@ namespace orivanta::importer {
 namespace {
 
 constexpr double longest = 150.0;  // meters
+constexpr double longestRound = 250.0;
 constexpr double groundHeight = 0.5;
 constexpr std::size_t mostExits = 2'000;
 constexpr std::size_t mostNeighbors = 40;
@@ -57,8 +59,10 @@ class OutdoorJoiner {
     }
     std::sort(candidates.begin(), candidates.end());
     for (const auto& [length, from, to] : candidates)
-      if (partOf(from) != partOf(to) && isFree(exits_[from].position, exits_[to].position))
-        join(exits_[from], exits_[to], length);
+      if (partOf(from) != partOf(to) &&
+          isFreeOutdoors(walls_, exits_[from].position, exits_[to].position))
+        join(exits_[from], exits_[to], {}, length);
+    joinRoundCorners();
   }
 
  private:
@@ -177,25 +181,57 @@ class OutdoorJoiner {
     return nodes.size() - 1;
   }
 
-  // Exits lie at the borders of areas.
-  bool isFree(Point from, Point to) const {
-    const double length = package::distance(from, to);
-    constexpr double atExit = 1.0;
-    if (length <= 2.0 * atExit) return true;
-    const Point part = (to - from) * (atExit / length);
-    const Segment line{from + part, to - part};
-    return !walls_.anyAlong(line, [&](std::size_t i) {
-      const Segment& wall = walls_.segments()[i];
-      return package::cross(line.a, line.b, wall.a, wall.b);
-    });
+  // Joins what no straight line joins, the smaller part with the one that is nearest to it.
+  void joinRoundCorners() {
+    std::set<std::size_t> parts;
+    for (std::size_t i = 0; i < exits_.size(); ++i) parts.insert(partOf(i));
+    if (parts.size() < 2) return;
+    Shape ground;
+    for (const Area& area : building_.areas)
+      if (isOnGround(area.level)) ground = joined(std::move(ground), area.shape);
+    OutdoorCorners corners(ground, walls_);
+    std::map<std::size_t, std::size_t> sizes;
+    for (std::size_t i = 0; i < building_.network.nodes.size(); ++i) ++sizes[parts_.find(i)];
+    std::vector<std::pair<std::size_t, std::size_t>> bySize;  // with a node of each part
+    for (const std::size_t part : parts) bySize.emplace_back(sizes[part], part);
+    std::sort(bySize.begin(), bySize.end());
+    bySize.pop_back();
+    for (const auto& [size, part] : bySize) {
+      std::vector<std::size_t> own;
+      std::vector<std::size_t> others;
+      for (std::size_t i = 0; i < exits_.size(); ++i)
+        (partOf(i) == parts_.find(part) ? own : others).push_back(i);
+      const auto way = corners.shortest(positionsOf(own), positionsOf(others), longestRound);
+      if (way) join(exits_[own[way->from]], exits_[others[way->to]], way->bends, way->length);
+    }
   }
 
-  void join(const Exit& one, const Exit& other, double length) {
+  std::vector<Point> positionsOf(const std::vector<std::size_t>& exits) const {
+    std::vector<Point> positions;
+    positions.reserve(exits.size());
+    for (const std::size_t i : exits) positions.push_back(exits_[i].position);
+    return positions;
+  }
+
+  void join(const Exit& one, const Exit& other, const std::vector<Point>& bends, double length) {
     parts_.join(one.node, other.node);
-    const std::size_t from = nodeOf(one);
+    std::size_t from = nodeOf(one);
     const std::size_t to = nodeOf(other);
+    const std::size_t start = from;
+    for (const Point bend : bends) {
+      const Node& exit = building_.network.nodes[start];
+      Node node{fmt::format("{}/round/{}", exit.id, ++bends_[exit.id]),
+                NodeKind::way,
+                exit.level,
+                bend,
+                {},
+                0.0};
+      building_.network.nodes.push_back(std::move(node));
+      building_.network.edges.push_back({from, building_.network.nodes.size() - 1, false});
+      from = building_.network.nodes.size() - 1;
+    }
     building_.network.edges.push_back({from, to, false});
-    const Node& first = building_.network.nodes[from];
+    const Node& first = building_.network.nodes[start];
     const Node& second = building_.network.nodes[to];
     findings_.add(makeFinding(
         Severity::info, "joined-outdoors", first.of, {first.level, first.position},
@@ -203,7 +239,8 @@ class OutdoorJoiner {
              "Nothing is drawn between {} and {}, {:.0f} m away, and nothing else joins these two "
              "parts of the building.",
              first.of, second.of, length),
-         .effect = "Routes between the two parts lead straight across.",
+         .effect = bends.empty() ? "Routes between the two parts lead straight across."
+                                 : "Routes between the two parts lead round the outside.",
          .advice = "Draw the way between them."}));
   }
 
@@ -213,6 +250,7 @@ class OutdoorJoiner {
   std::set<std::size_t> withPlaces_;  // parts
   std::vector<Exit> exits_;
   SegmentGrid walls_;
+  std::map<std::string, std::size_t> bends_;  // by the exit from which they were made
 };
 
 }  // namespace

@@ -35,6 +35,7 @@ class Reviewer {
   void review() {
     reviewRooms();
     reviewParts();
+    reviewPlaces();
     for (const Connector& connector : building_.connectors) reviewConnector(connector);
     reviewUnusedAreas();
   }
@@ -112,6 +113,37 @@ class Reviewer {
                          storeyName(level), names),
                      .effect = "No route leads there.",
                      .advice = adviceFor(part)});
+    }
+  }
+
+  // Places that are no rooms, such as car parks and symbols.
+  void reviewPlaces() {
+    if (parts_.rooms.empty() || parts_.rooms.front().empty()) return;
+    std::set<std::string> reached;  // areas and places with a node in the main part
+    for (std::size_t i = 0; i < parts_.partOf.size(); ++i) {
+      const Node& node = building_.network.nodes[i];
+      if (parts_.partOf[i] == 0 && (node.kind == NodeKind::inside || node.kind == NodeKind::spot))
+        reached.insert(node.of);
+    }
+    std::map<std::string, const Area*> areas;
+    for (const Area& area : building_.areas) areas.emplace(area.id, &area);
+    for (const Place& place : building_.places) {
+      const Area* drawn = place.areas.empty() ? nullptr : areas.at(place.areas.front());
+      const auto isReached = [&](const std::string& id) { return reached.contains(id); };
+      if (isReached(place.id) || (drawn != nullptr && drawn->kind == AreaKind::room) ||
+          std::any_of(place.areas.begin(), place.areas.end(), isReached))
+        continue;
+      const Spot spot =
+          drawn != nullptr ? Spot{drawn->level, middleOf(*drawn)} : place.spots.front();
+      findings_.add(
+          {.rule = "unreachable",
+           .source = place.source,
+           .level = spot.level,
+           .position = spot.position,
+           .message = fmt::format("\"{}\" on {} cannot be reached from the rest of the building.",
+                                  place.names.name, storeyName(spot.level)),
+           .effect = "No route leads there.",
+           .advice = "Draw the way that joins it with the rest."});
     }
   }
 
