@@ -12,7 +12,7 @@
 namespace orivanta::importer {
 
 /// How far behind a wall its other side is sought, in meters.
-constexpr std::array wallDepths{0.06, 0.3, 0.6};
+inline constexpr std::array wallDepths{0.06, 0.3, 0.6};
 
 /// A straight piece of a room's wall behind which something lies.
 struct WallContact {

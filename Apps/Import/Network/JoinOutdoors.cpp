@@ -191,7 +191,7 @@ class OutdoorJoiner {
       if (isOnGround(area.level)) ground = joined(std::move(ground), area.shape);
     OutdoorCorners corners(ground, walls_);
     std::map<std::size_t, std::size_t> sizes;
-    for (std::size_t i = 0; i < building_.network.nodes.size(); ++i) ++sizes[parts_.find(i)];
+    for (const auto& set : parts_.all()) sizes[set.front()] = set.size();
     std::vector<std::pair<std::size_t, std::size_t>> bySize;  // with a node of each part
     for (const std::size_t part : parts) bySize.emplace_back(sizes[part], part);
     std::sort(bySize.begin(), bySize.end());
@@ -201,6 +201,7 @@ class OutdoorJoiner {
       std::vector<std::size_t> others;
       for (std::size_t i = 0; i < exits_.size(); ++i)
         (partOf(i) == parts_.find(part) ? own : others).push_back(i);
+      if (others.empty()) continue;
       const auto way = corners.shortest(positionsOf(own), positionsOf(others), longestRound);
       if (way) join(exits_[own[way->from]], exits_[others[way->to]], way->bends, way->length);
     }

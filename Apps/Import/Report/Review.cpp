@@ -128,7 +128,9 @@ class Reviewer {
     std::map<std::string, const Area*> areas;
     for (const Area& area : building_.areas) areas.emplace(area.id, &area);
     for (const Place& place : building_.places) {
-      const Area* drawn = place.areas.empty() ? nullptr : areas.at(place.areas.front());
+      const auto found = place.areas.empty() ? areas.end() : areas.find(place.areas.front());
+      const Area* drawn = found == areas.end() ? nullptr : found->second;
+      if (drawn == nullptr && place.spots.empty()) continue;
       const auto isReached = [&](const std::string& id) { return reached.contains(id); };
       if (isReached(place.id) || (drawn != nullptr && drawn->kind == AreaKind::room) ||
           std::any_of(place.areas.begin(), place.areas.end(), isReached))
