@@ -16,10 +16,16 @@ constexpr double widthOfDoor = 1.0;
 constexpr double leastWidth = 0.6;
 
 bool blocks(const Area& area) {
-  return area.kind != AreaKind::unknown && !(area.kind == AreaKind::walkway);
+  return area.kind != AreaKind::unknown && area.kind != AreaKind::walkway;
 }
 
 }  // namespace
+
+bool hasPaths(const Building& building, double level) {
+  return std::any_of(building.lines.begin(), building.lines.end(), [&](const Line& line) {
+    return line.kind == LineKind::path && line.levels == std::vector<double>{level};
+  });
+}
 
 // Whether nothing lies between that people do not walk on.
 bool DoorsToPaths::isFree(const Area& room, Point from, Point to) const {
@@ -43,7 +49,7 @@ std::optional<DoorsToPaths::Found> DoorsToPaths::from(const Area& room, const Sh
     const Point outward{along.y, -along.x};
     const double half = std::min(widthOfDoor, length) / 2.0;
     const double free = length - 2.0 * half;
-    const auto count = std::clamp(static_cast<int>(free), 2, 40);
+    const int count = 2 * std::clamp(static_cast<int>(free / 2.0), 1, 20);  // with the middle
     for (int i = 0; i <= count; ++i) {
       const double at = half + free * i / count;
       const Point middle = a + along * at;

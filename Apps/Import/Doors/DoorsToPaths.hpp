@@ -9,6 +9,9 @@
 
 namespace orivanta::importer {
 
+/// Whether a storey has paths that are drawn as lines.
+bool hasPaths(const Building& building, double level);
+
 /// Keeps references to its arguments: the space in which people walk on a storey, and its areas
 /// without obstacles.
 class DoorsToPaths {

@@ -12,6 +12,7 @@ namespace {
 
 constexpr double sampleStep = 0.2;
 constexpr double narrowestDoor = 0.6;
+constexpr double usualWidth = 1.0;
 
 // The longest part of one wall behind which all samples are.
 WallContact contactOf(const Segment& wall, const Behind& behind) {
@@ -65,6 +66,20 @@ std::optional<WallContact> longestContact(const Shape& room, const Behind& behin
   }
   if (best.length() < narrowestDoor) return {};
   return best;
+}
+
+Door guessedDoor(const Area& room, const WallContact& contact) {
+  Door door;
+  door.id = room.id + "/door";
+  door.source = room.source;
+  door.level = room.level;
+  door.position = (contact.from + contact.to) * 0.5;
+  door.width = std::min(contact.length(), usualWidth);
+  const Point half = (contact.to - contact.from) * (*door.width / contact.length() / 2.0);
+  door.line = {door.position - half, door.position + half};
+  door.guessed = true;
+  door.areas = {room.id};
+  return door;
 }
 
 }  // namespace orivanta::importer

@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "Apps/Import/Building.hpp"
 #include "Apps/Import/Geometry/SegmentGrid.hpp"
 #include "Apps/Import/Geometry/Shapes.hpp"
 
@@ -30,5 +31,8 @@ using Behind = std::function<bool(Point)>;
 /// The longest straight piece of the walls behind which it lies everywhere; nothing if no door fits
 /// into it.
 std::optional<WallContact> longestContact(const Shape& room, const Behind& behind);
+
+/// A door of a room in the middle of a piece of its walls.
+Door guessedDoor(const Area& room, const WallContact& contact);
 
 }  // namespace orivanta::importer

@@ -107,8 +107,12 @@ class OutdoorJoiner {
 
   void findExits() {
     const auto& [nodes, edges] = building_.network;
-    std::vector<bool> isJoined(nodes.size());
-    for (const Edge& edge : edges) isJoined[edge.from] = isJoined[edge.to] = true;
+    std::vector<bool> isJoined(nodes.size());  // with more than places
+    const auto isSpot = [&list = nodes](std::size_t i) { return list[i].kind == NodeKind::spot; };
+    for (const Edge& edge : edges) {
+      if (!isSpot(edge.to)) isJoined[edge.from] = true;
+      if (!isSpot(edge.from)) isJoined[edge.to] = true;
+    }
     std::set<std::string> entrances;
     for (const Door& door : building_.doors)
       if (door.kind == DoorKind::entrance && door.access == Access::everybody)

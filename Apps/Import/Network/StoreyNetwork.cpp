@@ -13,6 +13,7 @@
 #include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Geometry/InnerPoint.hpp"
 #include "Apps/Import/Network/Attach.hpp"
+#include "Apps/Import/Network/LooseSpots.hpp"
 #include "Apps/Import/Network/MainLines.hpp"
 #include "Apps/Import/Network/Obstacles.hpp"
 #include "Apps/Import/Network/Rooms.hpp"
@@ -69,6 +70,7 @@ class Maker {
       mergeNearNodes(space_, draft_);
       avoidObstacles(draft_, space_, ways_);
     }
+    joinSpotsToStops(building_, level_, spotReach, draft_);
     orientStops();
     removeUnused(draft_);
     weighStaffOnly(building_, level_, walkable_, draft_);

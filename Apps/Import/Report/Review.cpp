@@ -8,6 +8,7 @@
 #include "Apps/Import/Connectors/FromLines.hpp"
 #include "Apps/Import/Findings.hpp"
 #include "Apps/Import/Geometry/SegmentGrid.hpp"
+#include "Apps/Import/Report/ReviewPlaces.hpp"
 #include "Apps/Import/Report/Summary.hpp"
 #include "Apps/Import/Stages.hpp"
 
@@ -35,7 +36,6 @@ class Reviewer {
   void review() {
     reviewRooms();
     reviewParts();
-    reviewPlaces();
     for (const Connector& connector : building_.connectors) reviewConnector(connector);
     reviewUnusedAreas();
   }
@@ -113,39 +113,6 @@ class Reviewer {
                          storeyName(level), names),
                      .effect = "No route leads there.",
                      .advice = adviceFor(part)});
-    }
-  }
-
-  // Places that are no rooms, such as car parks and symbols.
-  void reviewPlaces() {
-    if (parts_.rooms.empty() || parts_.rooms.front().empty()) return;
-    std::set<std::string> reached;  // areas and places with a node in the main part
-    for (std::size_t i = 0; i < parts_.partOf.size(); ++i) {
-      const Node& node = building_.network.nodes[i];
-      if (parts_.partOf[i] == 0 && (node.kind == NodeKind::inside || node.kind == NodeKind::spot))
-        reached.insert(node.of);
-    }
-    std::map<std::string, const Area*> areas;
-    for (const Area& area : building_.areas) areas.emplace(area.id, &area);
-    for (const Place& place : building_.places) {
-      const auto found = place.areas.empty() ? areas.end() : areas.find(place.areas.front());
-      const Area* drawn = found == areas.end() ? nullptr : found->second;
-      if (drawn == nullptr && place.spots.empty()) continue;
-      const auto isReached = [&](const std::string& id) { return reached.contains(id); };
-      if (isReached(place.id) || (drawn != nullptr && drawn->kind == AreaKind::room) ||
-          std::any_of(place.areas.begin(), place.areas.end(), isReached))
-        continue;
-      const Spot spot =
-          drawn != nullptr ? Spot{drawn->level, middleOf(*drawn)} : place.spots.front();
-      findings_.add(
-          {.rule = "unreachable",
-           .source = place.source,
-           .level = spot.level,
-           .position = spot.position,
-           .message = fmt::format("\"{}\" on {} cannot be reached from the rest of the building.",
-                                  place.names.name, storeyName(spot.level)),
-           .effect = "No route leads there.",
-           .advice = "Draw the way that joins it with the rest."});
     }
   }
 
@@ -261,6 +228,7 @@ class Reviewer {
 
 void reviewBuilding(const Building& building, Findings& findings) {
   Reviewer(building, findings).review();
+  reviewPlaces(building, findings);
 }
 
 }  // namespace orivanta::importer
