@@ -9,6 +9,7 @@
 #include "Apps/Import/Connectors/BridgeGaps.hpp"
 #include "Apps/Import/Connectors/Continuing.hpp"
 #include "Apps/Import/Connectors/FromLines.hpp"
+#include "Apps/Import/Connectors/JoinFlights.hpp"
 #include "Apps/Import/Connectors/Pairing.hpp"
 #include "Apps/Import/Connectors/PlacesOfConnectors.hpp"
 #include "Apps/Import/Connectors/StatedLevels.hpp"
@@ -101,12 +102,13 @@ class ConnectorMaker {
   // The spot on the level of a path that is joined to it, if nothing is near it on its own. Of
   // several such spots, nobody knows which one is meant.
   Spot settled(const ConnectorHint& hint, const Spot& stated) {
-    const PathsByLevel& paths = surroundings_.pathsAt(hint.source);
-    const auto contradicted =
-        std::count_if(hint.spots.begin(), hint.spots.end(),
-                      [&](const Spot& spot) { return !paths.contains(spot.level); });
-    const double level = settledLevel(
-        {hint.kind, hint.source, hint.source, stated, contradicted == 1}, surroundings_, findings_);
+    const auto isAstray = [&](const Spot& spot) {
+      return isLost(spot, hint.source, surroundings_) && !surroundings_.isInRoom(spot);
+    };
+    const bool mayMove =
+        isAstray(stated) && std::count_if(hint.spots.begin(), hint.spots.end(), isAstray) == 1;
+    const double level = settledLevel({hint.kind, hint.source, hint.source, stated, mayMove},
+                                      surroundings_, findings_);
     const bool isTaken = std::any_of(hint.spots.begin(), hint.spots.end(),
                                      [&](const Spot& other) { return other.level == level; });
     return isTaken ? stated : Spot{level, stated.position};
@@ -244,6 +246,7 @@ void makeConnectors(Building& building, const Options& options, Findings& findin
   } else {
     ConnectorMaker maker(building, findings);
     std::vector<Connector> connectors = maker.make();
+    joinFlights(connectors);
     std::vector<Line> paths = bridgeGaps(building, connectors, maker.surroundings(), findings);
     building.connectors = std::move(connectors);
     for (Line& path : paths) {
