@@ -9,6 +9,7 @@
 #include "Apps/Import/Connectors/BridgeGaps.hpp"
 #include "Apps/Import/Connectors/Continuing.hpp"
 #include "Apps/Import/Connectors/FromLines.hpp"
+#include "Apps/Import/Connectors/FromPieces.hpp"
 #include "Apps/Import/Connectors/JoinFlights.hpp"
 #include "Apps/Import/Connectors/Pairing.hpp"
 #include "Apps/Import/Connectors/PlacesOfConnectors.hpp"
@@ -188,30 +189,9 @@ class ConnectorMaker {
     for (const std::size_t i : set) members.push_back(&pieces_[i]);
     std::stable_sort(members.begin(), members.end(),
                      [](const Piece* a, const Piece* b) { return a->level < b->level; });
-    const Piece& first = *members.front();
-    Connector connector;
-    connector.kind = first.kind;
-    connector.source = first.source;
-    connector.id = fmt::format("{}-{}", wordOf(first.kind), first.source);
-    Direction direction = Direction::unknown;
-    bool suitable = false;
-    bool unsuitable = false;
-    for (const Piece* piece : members) {
+    Connector connector = connectorOf(members, surroundings_);
+    for (const Piece* piece : members)
       if (connector.names.name.empty()) connector.names = nameOf(*piece);
-      if (direction == Direction::unknown) direction = piece->direction;
-      connector.access = std::max(connector.access, piece->access);
-      suitable = suitable || piece->wheelchair == Wheelchair::yes;
-      unsuitable = unsuitable || piece->wheelchair == Wheelchair::no;
-    }
-    const bool steps =
-        first.kind == ConnectorKind::stairs || first.kind == ConnectorKind::escalator;
-    connector.accessible = steps ? suitable && first.kind == ConnectorKind::stairs : !unsuitable;
-    connector.stops =
-        members.size() == 1 ? stopsOfSingle(first, surroundings_) : stopsOf(members, surroundings_);
-    applyDirection(connector.stops, direction);
-    connector.directionKnown =
-        direction != Direction::unknown ||
-        (first.kind != ConnectorKind::escalator && first.kind != ConnectorKind::movingWalkway);
     while (!taken_.insert(connector.id).second) connector.id += "-2";
     made_.push_back(std::move(connector));
   }

@@ -12,9 +12,26 @@
 
 namespace orivanta::importer {
 
-void joinSpotsToStops(const Building& building, double level, double reach, Draft& draft) {
+namespace {
+
+std::vector<std::uint32_t> looseSpots(const Draft& draft) {
   std::vector<bool> joined(draft.nodes.size());
   for (const DraftEdge& edge : draft.edges) joined[edge.from] = joined[edge.to] = true;
+  std::vector<std::uint32_t> loose;
+  for (std::uint32_t i = 0; i < joined.size(); ++i)
+    if (!joined[i] && draft.nodes[i].kind == NodeKind::spot) loose.push_back(i);
+  return loose;
+}
+
+}  // namespace
+
+void joinSpotsToSource(const SourceLines& source, double reach, Draft& draft) {
+  for (const std::uint32_t i : looseSpots(draft))
+    if (const auto node = source.nodeAt(draft.nodes[i].position, reach))
+      draft.addEdge(i, *node, true);
+}
+
+void joinSpotsToStops(const Building& building, double level, double reach, Draft& draft) {
   std::multimap<std::string, std::uint32_t> nodes;  // by connector
   for (std::uint32_t i = 0; i < draft.nodes.size(); ++i)
     if (draft.nodes[i].kind == NodeKind::boarding) nodes.emplace(draft.nodes[i].of, i);
@@ -26,8 +43,7 @@ void joinSpotsToStops(const Building& building, double level, double reach, Draf
         connectors[stop.area].insert(connector.id);
   const AreaIndex areas(building, level,
                         [&](const Area& area) { return connectors.contains(area.id); });
-  for (std::uint32_t i = 0; i < joined.size(); ++i) {
-    if (joined[i] || draft.nodes[i].kind != NodeKind::spot) continue;
+  for (const std::uint32_t i : looseSpots(draft)) {
     const Point position = draft.nodes[i].position;
     std::optional<std::uint32_t> best;
     std::pair<double, double> least{reach, 0.0};  // to the stop or its area, and to the stop
