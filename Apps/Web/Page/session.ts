@@ -84,6 +84,7 @@ export class Session {
     if (slug === null) return this.#end();
     if (!app.venues.some((entry) => entry.slug === slug)) return this.#fail(this.#unknown(slug));
     const signal = this.#begin(app.t("page.loading"));
+    if (!app.shown) app.orivanta.prepareMap();
     try {
       const venue = await app.orivanta.venue(slug, {
         ...app.server,
