@@ -108,10 +108,11 @@ export class Shell {
     this.#search.element.hidden = !hasVenue;
     this.#skip.hidden = !hasVenue;
     this.#attributionText.textContent = shown?.venue.attribution ?? "";
-    this.#map.update(); // first, since it has files to fetch
+    this.#map.showVenue(); // first, since it has files to fetch
     this.#search.update();
     this.#panel.update();
     this.#floors.update();
+    this.#map.update();
   }
 
   #button(name: IconName, key: string, action: () => void): HTMLElement {
