@@ -5,7 +5,6 @@ import { openDialog } from "../dialog.js";
 import { h } from "../dom.js";
 import { icon } from "../icons.js";
 import { showNotice } from "../notices.js";
-import { qrPicture } from "./qrPicture.js";
 import { isReachable, sharedLink } from "./sharedLink.js";
 
 /** Returns what takes the route to another device: buttons, and on a kiosk, which visitors leave, the QR code itself. */
@@ -34,10 +33,21 @@ async function shareLink(app: App): Promise<void> {
   }
 }
 
-/** Returns the QR code of a link, with the link as a text, or null if no other device can open it or it is too long. */
+/**
+ * Returns the QR code of a link, with the link as a text, or null if no other device can open it. The code is drawn
+ * once its library is loaded; without the code, because the link is too long, the element removes itself.
+ */
 function codeOf(app: App, link: string): HTMLElement | null {
-  const picture = isReachable(link) ? qrPicture(link, app.t("page.share.name", { link })) : null;
-  return picture && h("figure", { class: "code" }, picture, h("figcaption", {}, app.t("page.share.scan")));
+  if (!isReachable(link)) return null;
+  const figure = h("figure", { class: "code" }, h("figcaption", {}, app.t("page.share.scan")));
+  const draw = async () => {
+    const { qrPicture } = await import("./qrPicture.js");
+    const picture = qrPicture(link, app.t("page.share.name", { link }));
+    if (picture) figure.prepend(picture);
+    else figure.remove();
+  };
+  draw().catch(() => figure.remove());
+  return figure;
 }
 
 /** Shows a link as a QR code and as a text. */
