@@ -3,6 +3,7 @@
 import createCore, { type Core, type Platform } from "./core.js";
 import { OrivantaError } from "./errors.js";
 import type { MapEvent } from "./mapTypes.js";
+import { Files } from "./platform/files.js";
 import { graphics } from "./platform/graphics.js";
 import { Network } from "./platform/network.js";
 import { CanvasTable } from "./platform/surfaces.js";
@@ -117,7 +118,6 @@ export class Engine {
         WebAssembly.instantiate(module, imports).then(received, instantiationFailed);
         return {};
       },
-      print: () => {}, // diagnostics for developers of the module
       printErr: (line) => (this.#lastLine = line),
       onAbort: () => this.#core._orivantaTrap(),
     });
@@ -136,6 +136,7 @@ export class Engine {
         if (progressed) queueMicrotask(() => progressed(progress));
       },
       loadEnded: (load, text, length) => this.#end(load, this.#read(text, length)),
+      files: new Files((line) => (this.#lastLine = line)),
       graphics,
       surfaces: this.canvases,
       maps: {
