@@ -111,11 +111,14 @@ QuadDrawing::QuadDrawing(ImageTextures& images, const SheetTextures& sheets)
   glBindVertexArray(0);
 }
 
+void QuadDrawing::prepare() {
+  if (shaders_) variants_ = std::make_unique<Variants>(std::move(*shaders_));
+  shaders_ = nullptr;
+}
+
 void QuadDrawing::draw(std::span<const Quad> quads, std::span<const SceneTarget> scenes,
                        GLsizei width, GLsizei height, FrameStatistics& statistics) {
   if (quads.empty()) return;
-  if (shaders_) variants_ = std::make_unique<Variants>(std::move(*shaders_));
-  shaders_ = nullptr;
   vertices_.clear();
   for (const Quad& quad : quads) vertices_.push_back(quad.vertex);
   glBindVertexArray(vertexArray_.get());

@@ -21,6 +21,10 @@ class QuadDrawing {
  public:
   QuadDrawing(ImageTextures& images, const SheetTextures& sheets);
 
+  /// Waits until the programs are compiled. Call it at the beginning of a frame: later, this would
+  /// also wait until what was drawn before is complete.
+  void prepare();
+
   /// Draws to the lower left `width` by `height` pixels of the bound framebuffer, with the scissor
   /// test enabled. The scenes must be finished, and the sheets uploaded. Changes the scissor box.
   void draw(std::span<const Quad> quads, std::span<const SceneTarget> scenes, GLsizei width,

@@ -123,7 +123,8 @@ test("pages are requested ahead, and each once", async (t) => {
     const page = Number(new URL(request.url, "http://h").searchParams.get("page"));
     asked.push([page, request.headers.authorization]);
     const origin = page === 30 ? "http://127.0.0.1:9" : "";
-    const fields = { "Content-Type": "application/json", Link: `<a>; rel="prev", <${origin}/?page=${page + 1}>; rel="next"` };
+    const link = (number, relation) => `<${origin}/?page=${number}>; rel="${relation}"`;
+    const fields = { "Content-Type": "application/json", Link: `${link(page + 1, "next")}, ${link(18, "last")}` };
     response.writeHead(page < 20 || page === 30 ? 200 : 404, fields).write("[");
     if (page !== 9) response.end(`${page}]`);
   });

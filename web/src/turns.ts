@@ -1,6 +1,6 @@
 // Later turns of the event loop.
 
-const longestHold = 100; // milliseconds
+const longestHold = 500; // milliseconds
 
 /** Asks the event loop for turns. Timers would be slowed down by browsers. */
 export class Turns {
@@ -32,6 +32,11 @@ export class Turns {
   /** Lets turns wait until `release`, but not for long: a browser draws nothing for a page that is not shown. */
   hold(): void {
     this.#hold ??= setTimeout(() => this.release(), longestHold);
+  }
+
+  /** Whether turns wait. */
+  get isHeld(): boolean {
+    return this.#hold !== null;
   }
 
   release(): void {

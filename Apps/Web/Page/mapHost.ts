@@ -45,14 +45,18 @@ export class MapHost {
     return this.#venue?.floors.find((each) => each.id === floor) ?? null;
   }
 
+  /** Begins to show the venue of the page, unless it is shown. */
+  showVenue(): void {
+    const venue = this.#app.shown?.venue ?? null;
+    if (venue === this.#venue) return;
+    this.#forget();
+    this.#venue = venue;
+    if (venue) void this.#show();
+  }
+
   /** Follows the state. */
   update(): void {
-    const venue = this.#app.shown?.venue ?? null;
-    if (venue !== this.#venue) {
-      this.#forget();
-      this.#venue = venue;
-      if (venue) void this.#show();
-    }
+    this.showVenue();
     this.#veil.update();
     if (this.view) this.#follow(this.view);
   }

@@ -84,14 +84,15 @@ export class Session {
     if (slug === null) return this.#end();
     if (!app.venues.some((entry) => entry.slug === slug)) return this.#fail(this.#unknown(slug));
     const signal = this.#begin(app.t("page.loading"));
-    if (!app.shown) app.orivanta.prepareMap();
     try {
-      const venue = await app.orivanta.venue(slug, {
+      const load = app.orivanta.venue(slug, {
         ...app.server,
         languages: this.#languages(),
         signal,
         onProgress: (progress) => this.#progressed(progress, signal),
       });
+      if (!app.shown) setTimeout(() => app.shown || app.orivanta?.prepareMap()); // after the requests were sent
+      const venue = await load;
       if (signal.aborted) return venue.destroy();
       this.#opened(venue);
     } catch (error) {

@@ -109,6 +109,7 @@ export class Shell {
     this.#search.element.hidden = !hasVenue;
     this.#skip.hidden = !hasVenue;
     this.#attributionText.textContent = shown?.venue.attribution ?? "";
+    this.#map.showVenue(); // first, since it has files to fetch
     this.#search.update();
     this.#panel.update();
     this.#floors.update();

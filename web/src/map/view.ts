@@ -2,6 +2,7 @@
 
 import type { Engine } from "../engine.js";
 import { OrivantaError } from "../errors.js";
+import { forgetFonts } from "../platform/layout.js";
 import type { Venue } from "../venue.js";
 import { MapCanvas } from "./canvas.js";
 import { MapHandlers, type Handler } from "./events.js";
@@ -55,7 +56,8 @@ export class MapView extends RouteFunctions {
       canvas.start({
         draw: (...frame) => {
           this.module.enter((core, map) => core._orivantaMapFrame(map, ...frame));
-          engine.turns.release();
+          // Until the frame is on the screen.
+          if (engine.turns.isHeld) requestAnimationFrame(() => engine.turns.release());
         },
         contextChanged: (isThere) => this.#contextChanged(isThere),
       });
@@ -123,7 +125,10 @@ export class MapView extends RouteFunctions {
     if (!canvas.hasAttribute("role")) canvas.setAttribute("role", "application");
     if (!canvas.hasAttribute("aria-label")) canvas.setAttribute("aria-label", this.venue.name);
     // Names that were drawn before a font was there are drawn anew with it.
-    const redraw = () => module.enter((core, map) => core._orivantaMapRedrawTexts(map));
+    const redraw = () => {
+      forgetFonts();
+      module.enter((core, map) => core._orivantaMapRedrawTexts(map));
+    };
     document.fonts.addEventListener("loadingdone", redraw, { signal: ended });
     matchMedia("(prefers-reduced-motion: reduce)").addEventListener("change", () => this.setLook({}), { signal: ended });
     return new MapInput(

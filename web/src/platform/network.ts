@@ -135,8 +135,15 @@ export class Network {
 function messageOf(error: unknown, address = ""): string {
   const message = (error instanceof Error && error.message) || String(error);
   const own = ownOrigin();
-  const isForeign = own && /^https?:/i.test(address) && !address.startsWith(`${own}/`);
-  return isForeign
+  return own !== undefined && isForeign(address, own)
     ? `${message} (there is no connection, or the server does not allow requests from ${own})`
     : message;
+}
+
+function isForeign(address: string, own: string): boolean {
+  try {
+    return /^https?:/i.test(address) && new URL(address).origin !== own;
+  } catch {
+    return false;
+  }
 }

@@ -1,5 +1,5 @@
 // The pages of a collection are linked by the header `Link`. The C++ code asks for the next page when it has read one;
-// here, the request for it is sent as soon as the header is there.
+// here, the requests for further pages are sent as soon as the header is there.
 
 /** How many pages are requested that the C++ code has not asked for. */
 const mostAhead = 4;
@@ -17,10 +17,10 @@ interface Page extends SentRequest {
 
 const keyOf = (url: string, fields: readonly [string, string][]): string => JSON.stringify([url, fields]);
 
-/** Returns the address of the next page, if it has the origin of this one. */
-function nextOf(response: Response): string | undefined {
-  if (response.status !== 200 || !/\bjson\b/i.test(response.headers.get("Content-Type") ?? "")) return undefined;
-  const link = /<([^>]*)>\s*;[^,]*\brel="?next\b/i.exec(response.headers.get("Link") ?? "")?.[1];
+/** Returns the address of a link, if it has the origin of the response. */
+function linkOf(response: Response, relation: string): string | undefined {
+  const pattern = new RegExp(`<([^>]*)>\\s*;[^,]*\\brel="?${relation}\\b`, "i");
+  const link = pattern.exec(response.headers.get("Link") ?? "")?.[1];
   if (link === undefined) return undefined;
   try {
     const url = new URL(link, response.url);
@@ -30,20 +30,30 @@ function nextOf(response: Response): string | undefined {
   }
 }
 
+const pageNumber = /(?<=[?&]page=)\d+(?=&|$)/;
+
+/** Returns the addresses of pages, the next one first: more than that one if they differ only in a number. */
+function pagesFrom(next: string, last: string | undefined): string[] {
+  const at = (number: number) => next.replace(pageNumber, String(number));
+  const [first, end] = [next, last ?? ""].map((url) => Number(pageNumber.exec(url)?.[0] ?? NaN)) as [number, number];
+  if (at(end) !== last || !(first <= end)) return [next];
+  return Array.from({ length: Math.min(end - first + 1, mostAhead) }, (_, index) => at(first + index));
+}
+
 /** The requests for further pages. Those that nobody takes end after some seconds. */
 export class PagesAhead {
   readonly #pages = new Map<string, Page>();
+  #isRight = true; // no page was requested in vain
 
   /** Sends the requests for the pages after a response, with the same header fields. */
-  follow(response: Response, fields: [string, string][], most = mostAhead): void {
-    const url = most > 0 ? nextOf(response) : undefined;
-    if (url === undefined) return;
-    const key = keyOf(url, fields);
-    const page = this.#pages.get(key) ?? this.#send(key, url, fields);
-    page.response.then(
-      (next) => this.follow(next, fields, most - 1),
-      () => {},
-    );
+  follow(response: Response, fields: [string, string][]): void {
+    if (!this.#isRight || response.status !== 200 || !/\bjson\b/i.test(response.headers.get("Content-Type") ?? "")) return;
+    const next = linkOf(response, "next");
+    if (next === undefined) return;
+    for (const url of pagesFrom(next, linkOf(response, "last"))) {
+      const key = keyOf(url, fields);
+      if (!this.#pages.has(key)) this.#pages.set(key, this.#send(key, url, fields));
+    }
   }
 
   /** Returns the request for a page, if it was sent, and leaves it to the caller. */
@@ -66,13 +76,13 @@ export class PagesAhead {
 
   #send(key: string, url: string, fields: [string, string][]): Page {
     const controller = new AbortController();
-    const end = () => (this.#pages.delete(key), controller.abort());
-    const page: Page = {
-      response: fetch(url, { headers: fields, credentials: "omit", signal: controller.signal }),
-      abort: () => controller.abort(),
-      timer: setTimeout(end, patienceMilliseconds),
+    const end = () => {
+      this.#isRight = false;
+      this.#pages.delete(key);
+      controller.abort();
     };
-    this.#pages.set(key, page);
-    return page;
+    const response = fetch(url, { headers: fields, credentials: "omit", signal: controller.signal });
+    response.catch(() => {}); // nobody may take it
+    return { response, abort: () => controller.abort(), timer: setTimeout(end, patienceMilliseconds) };
   }
 }

@@ -6,6 +6,14 @@ export interface Request {
   fields: [string, string][];
 }
 
+function decoded(text: string): string {
+  try {
+    return decodeURIComponent(text);
+  } catch {
+    return text; // with a percent sign that begins no escape sequence
+  }
+}
+
 /** Browsers reject URLs with credentials, so they are sent as a header field. */
 export function requestOf([address = "", ...texts]: string[]): Request {
   if (!/^https?:\/\/./i.test(address)) throw new TypeError(`${address} is not an http or https URL`);
@@ -15,7 +23,7 @@ export function requestOf([address = "", ...texts]: string[]): Request {
   const { username, password } = url;
   url.username = url.password = "";
   if ((username || password) && !fields.some(([name]) => /^authorization$/i.test(name))) {
-    const pair = new TextEncoder().encode(decodeURIComponent(`${username}:${password}`));
+    const pair = new TextEncoder().encode(`${decoded(username)}:${decoded(password)}`);
     fields.push(["Authorization", `Basic ${btoa(latin1(pair))}`]);
   }
   return { url: url.href, fields };
