@@ -94,13 +94,6 @@ test("stops, nearest places and the map", async (t) => {
   await tab.clickText("[aria-label='All floors']", "");
   await page.waitForSelector("[aria-label='All floors'][aria-pressed=true]");
   await accessible(tab, "map");
-  await page.evaluate(() => {
-    globalThis.context = document.querySelector(".map canvas").getContext("webgl2").getExtension("WEBGL_lose_context");
-    context.loseContext();
-  });
-  await page.waitForSelector(".veil:not([hidden])");
-  await page.evaluate(() => context.restoreContext());
-  await mapIsShown(tab);
 });
 
 test("everything by keyboard", async (t) => {
