@@ -16,6 +16,9 @@ const keys = {
   refused: "problem.rejected",
   silent: "problem.silent",
   unknown: "problem.unknown",
+  fingers: "page.map.fingers",
+  wheel: "page.map.wheel",
+  control: "page.map.control",
 };
 
 const languages = readdirSync(path.join(root, "Resources/Languages")).filter((name) => name.endsWith(".po"));

@@ -19,7 +19,8 @@ void PackageTransport::start(network::UrlRequest request, Completion completed) 
   const auto found = texts_.find(lastPartOf(request.url.absoluteString()));
   if (found != texts_.end()) {
     answer.response.statusCode = 200;
-    answer.body = found->second;
+    answer.body = std::move(found->second);
+    texts_.erase(found);
   }
   completed(std::move(answer));
 }

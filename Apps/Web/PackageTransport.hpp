@@ -9,7 +9,7 @@
 namespace orivanta::web {
 
 /// The records of a venue as JSON texts. A request gets the text whose name is the last part of its
-/// path, or status 404.
+/// path, or status 404. A load asks for each text once, so it is released then. One thread.
 class PackageTransport : public network::UrlTransport {
  public:
   /// The texts by name, such as "node".
@@ -21,7 +21,7 @@ class PackageTransport : public network::UrlTransport {
   void start(network::UrlRequest request, Completion completed) override;
 
  private:
-  const Texts texts_;
+  Texts texts_;
 };
 
 }  // namespace orivanta::web

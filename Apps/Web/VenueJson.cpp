@@ -5,6 +5,7 @@
 #include "Source/Attribution.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Floors.hpp"
+#include "Source/Guidance/Scale.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
 #include "Source/Node.hpp"
@@ -70,7 +71,7 @@ json::object venueJson(const Venue& venue) {
   return {{"id", *venue.id}, {"slug", *venue.slug}, {"name", *venue.name}};
 }
 
-json::object recordsJson(LoadedVenue& loaded) {
+json::object recordsJson(const LoadedVenue& loaded) {
   const Venue& venue = loaded.venue();
   json::object object = venueJson(venue);
   object["floors"] = listed(venue.maps, floorJson);
@@ -83,7 +84,7 @@ json::object recordsJson(LoadedVenue& loaded) {
   });
   object["nodes"] = listed(venue.nodes, [](const Node& node) { return json::value(*node.id); });
   object["attribution"] = attributionText(venue);
-  object["unitsPerMeter"] = loaded.guide().unitsPerMeter();
+  object["unitsPerMeter"] = guidance::unitsPerMeterOf(venue).value_or(1);
   return object;
 }
 

@@ -21,7 +21,7 @@ boost::json::object venueJson(const Venue& venue);
 /// - `categories`: `id`, `name`
 /// - `nodes`: the identifiers
 /// - `unitsPerMeter`, `attribution`
-boost::json::object recordsJson(LoadedVenue& venue);
+boost::json::object recordsJson(const LoadedVenue& venue);
 
 /// Returns the places and connectors that match a text, the best first: `id`, `name`, `category`,
 /// `kind`, `match` and `floors` (the lowest first).

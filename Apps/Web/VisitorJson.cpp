@@ -12,6 +12,7 @@
 #include "Apps/Viewer/Content/CardContent.hpp"
 #include "Apps/Viewer/Content/CategoryMatch.hpp"
 #include "Apps/Viewer/Content/CategoryPlaces.hpp"
+#include "Apps/Viewer/Content/KindLookup.hpp"
 #include "Apps/Viewer/Content/NearestChoices.hpp"
 #include "Apps/Viewer/Content/PlaceCatalog.hpp"
 #include "Apps/Viewer/Content/ShownName.hpp"
@@ -75,6 +76,7 @@ std::string firstCategory(const Location& place) {
 json::object catalogJson(const Venue& venue, const InterfaceTexts& texts) {
   const KindWords words;
   const viewer::PlaceCatalog catalog(venue, words);
+  viewer::KindLookup kinds(words);
   json::array groups;
   json::array places;
   places.reserve(catalog.size());
@@ -90,7 +92,7 @@ json::object catalogJson(const Venue& venue, const InterfaceTexts& texts) {
     for (const auto& place : group.places)
       places.push_back(json::object{{"id", *place->id},
                                     {"name", viewer::listedName(venue, *place, texts)},
-                                    {"kind", wordOf(words.kindOf(*place))},
+                                    {"kind", wordOf(kinds.of(*place))},
                                     {"category", firstCategory(*place)},
                                     {"floors", floorLabels(floorsOf(*place))}});
   }

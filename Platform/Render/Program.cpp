@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 
 #include <array>
+#include <utility>
 
 #include "Platform/Foundation/Fatal.hpp"
 
@@ -37,29 +38,41 @@ GLuint compile(GLenum kind, std::string_view definitions, std::string_view sourc
   const GLuint shader = glCreateShader(kind);
   glShaderSource(shader, static_cast<GLsizei>(texts.size()), texts.data(), lengths.data());
   glCompileShader(shader);
-  GLint succeeded = 0;
-  glGetShaderiv(shader, GL_COMPILE_STATUS, &succeeded);
-  if (succeeded == 0)
-    foundation::fatalError(fmt::format("a shader failed to compile: {}",
-                                       logOf(shader, glGetShaderiv, glGetShaderInfoLog)));
   return shader;
 }
 
 }  // namespace
 
-Program::Program(std::string_view definitions, std::string_view vertex, std::string_view fragment)
-    : name_(glCreateProgram()) {
-  const std::array shaders{compile(GL_VERTEX_SHADER, definitions, vertex),
-                           compile(GL_FRAGMENT_SHADER, definitions, fragment)};
-  for (const GLuint shader : shaders) glAttachShader(name_, shader);
+// Asking for the success of a step would wait for the driver.
+Compilation::Compilation(std::string_view definitions, std::string_view vertex,
+                         std::string_view fragment)
+    : name_(glCreateProgram()),
+      shaders_{compile(GL_VERTEX_SHADER, definitions, vertex),
+               compile(GL_FRAGMENT_SHADER, definitions, fragment)} {
+  for (const GLuint shader : shaders_) glAttachShader(name_, shader);
   glLinkProgram(name_);
-  for (const GLuint shader : shaders) glDeleteShader(shader);
+}
+
+Compilation::~Compilation() {
+  for (const GLuint shader : shaders_) glDeleteShader(shader);
+  glDeleteProgram(name_);  // ignores 0
+}
+
+GLuint Compilation::finish() {
   GLint succeeded = 0;
   glGetProgramiv(name_, GL_LINK_STATUS, &succeeded);
-  if (succeeded == 0)
-    foundation::fatalError(fmt::format("a shader program failed to link: {}",
-                                       logOf(name_, glGetProgramiv, glGetProgramInfoLog)));
+  if (succeeded == 0) {
+    std::string log = logOf(name_, glGetProgramiv, glGetProgramInfoLog);
+    for (const GLuint shader : shaders_) log += logOf(shader, glGetShaderiv, glGetShaderInfoLog);
+    foundation::fatalError(fmt::format("a shader program failed to compile: {}", log));
+  }
+  return std::exchange(name_, 0);
 }
+
+Program::Program(std::string_view definitions, std::string_view vertex, std::string_view fragment)
+    : Program(Compilation(definitions, vertex, fragment)) {}
+
+Program::Program(Compilation&& compilation) : name_(compilation.finish()) {}
 
 Program::~Program() { glDeleteProgram(name_); }
 

@@ -1,6 +1,7 @@
 // A shader program.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,26 @@
 
 namespace orivanta::render {
 
+/// A program that the driver may still be compiling. Making one does not wait for the driver.
+class Compilation {
+ public:
+  /// `definitions` (lines of #define) precede both sources, which have no #version line.
+  Compilation(std::string_view definitions, std::string_view vertex, std::string_view fragment);
+  ~Compilation();
+  Compilation(const Compilation&) = delete;
+  Compilation& operator=(const Compilation&) = delete;
+
+ private:
+  friend class Program;
+
+  // Waits for the driver and gives the program away. Stops the program with a fatal error if the
+  // driver rejects it.
+  GLuint finish();
+
+  GLuint name_;  // 0 after `finish`
+  const std::array<GLuint, 2> shaders_;
+};
+
 /// GLSL ES 3.00 with high precision. Call `use` before setting uniforms; uniforms that the program
 /// does not have are ignored.
 class Program {
@@ -16,6 +37,8 @@ class Program {
   /// `definitions` (lines of #define) precede both sources, which have no #version line. If the
   /// driver rejects a shader, the program stops with a fatal error.
   Program(std::string_view definitions, std::string_view vertex, std::string_view fragment);
+  /// Waits until a program is compiled.
+  explicit Program(Compilation&& compilation);
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;

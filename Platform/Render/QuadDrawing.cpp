@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <utility>
 
 namespace orivanta::render {
 
@@ -83,25 +84,36 @@ bool shrinks(const Quad& quad) {
 
 }  // namespace
 
-QuadDrawing::Variant::Variant(std::string_view definitions)
-    : program(definitions, vertexSource, fragmentSource),
-      pictureSize(program.uniform("pictureSize")) {
+QuadDrawing::Variant::Variant(Compilation&& compilation)
+    : program(std::move(compilation)), pictureSize(program.uniform("pictureSize")) {
   program.setSampler("contents", 0);
 }
 
+QuadDrawing::Shaders::Shaders()
+    : plain("", vertexSource, fragmentSource),
+      withImage("#define IMAGE\n", vertexSource, fragmentSource),
+      withSheet("#define SHEET\n", vertexSource, fragmentSource),
+      withScene("#define SCENE\n", vertexSource, fragmentSource) {}
+
+QuadDrawing::Variants::Variants(Shaders&& shaders)
+    : plain(std::move(shaders.plain)),
+      withImage(std::move(shaders.withImage)),
+      withSheet(std::move(shaders.withSheet)),
+      withScene(std::move(shaders.withScene)) {}
+
 QuadDrawing::QuadDrawing(ImageTextures& images, const SheetTextures& sheets)
-    : images_(images),
-      sheets_(sheets),
-      plain_(""),
-      withImage_("#define IMAGE\n"),
-      withSheet_("#define SHEET\n"),
-      withScene_("#define SCENE\n") {
+    : images_(images), sheets_(sheets), shaders_(std::make_unique<Shaders>()) {
   glBindVertexArray(vertexArray_.get());
   for (GLuint attribute = 0; attribute < attributes; ++attribute) {
     glEnableVertexAttribArray(attribute);
     glVertexAttribDivisor(attribute, 1);
   }
   glBindVertexArray(0);
+}
+
+void QuadDrawing::prepare() {
+  if (shaders_) variants_ = std::make_unique<Variants>(std::move(*shaders_));
+  shaders_ = nullptr;
 }
 
 void QuadDrawing::draw(std::span<const Quad> quads, std::span<const SceneTarget> scenes,
@@ -138,9 +150,9 @@ void QuadDrawing::draw(std::span<const Quad> quads, std::span<const SceneTarget>
 }
 
 const QuadDrawing::Variant& QuadDrawing::variantFor(const Quad& quad) const {
-  if (quad.scene) return withScene_;
-  if (quad.sheet) return withSheet_;
-  return quad.image ? withImage_ : plain_;
+  if (quad.scene) return variants_->withScene;
+  if (quad.sheet) return variants_->withSheet;
+  return quad.image ? variants_->withImage : variants_->plain;
 }
 
 void QuadDrawing::bindContents(const Quad& quad, std::span<const SceneTarget> scenes,

@@ -1,6 +1,7 @@
 // Draws the rectangles of a 2D frame.
 #pragma once
 
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -20,6 +21,10 @@ class QuadDrawing {
  public:
   QuadDrawing(ImageTextures& images, const SheetTextures& sheets);
 
+  /// Waits until the programs are compiled. Call it at the beginning of a frame: later, this would
+  /// also wait until what was drawn before is complete.
+  void prepare();
+
   /// Draws to the lower left `width` by `height` pixels of the bound framebuffer, with the scissor
   /// test enabled. The scenes must be finished, and the sheets uploaded. Changes the scissor box.
   void draw(std::span<const Quad> quads, std::span<const SceneTarget> scenes, GLsizei width,
@@ -27,9 +32,25 @@ class QuadDrawing {
 
  private:
   struct Variant {
-    explicit Variant(std::string_view definitions);
+    explicit Variant(Compilation&& compilation);
     Program program;
     GLint pictureSize;
+  };
+
+  struct Shaders {
+    Shaders();
+    Compilation plain;
+    Compilation withImage;
+    Compilation withSheet;
+    Compilation withScene;
+  };
+
+  struct Variants {
+    explicit Variants(Shaders&& shaders);
+    Variant plain;
+    Variant withImage;
+    Variant withSheet;
+    Variant withScene;
   };
 
   const Variant& variantFor(const Quad& quad) const;
@@ -39,10 +60,8 @@ class QuadDrawing {
 
   ImageTextures& images_;
   const SheetTextures& sheets_;
-  Variant plain_;
-  Variant withImage_;
-  Variant withSheet_;
-  Variant withScene_;
+  std::unique_ptr<Shaders> shaders_;    // until the first frame
+  std::unique_ptr<Variants> variants_;  // from then on
   gl::VertexArray vertexArray_;
   gl::Buffer buffer_;
   std::vector<QuadVertex> vertices_;

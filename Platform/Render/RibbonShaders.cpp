@@ -1,5 +1,7 @@
 #include "Platform/Render/RibbonShaders.hpp"
 
+#include <utility>
+
 namespace orivanta::render {
 
 namespace {
@@ -148,8 +150,13 @@ void main() {
 
 }  // namespace
 
-RibbonProgram::RibbonProgram(bool isRoute)
-    : program(isRoute ? "#define ROUTE\n" : "", vertexSource, fragmentSource),
+std::unique_ptr<Compilation> RibbonProgram::start(bool isRoute) {
+  return std::make_unique<Compilation>(isRoute ? "#define ROUTE\n" : "", vertexSource,
+                                       fragmentSource);
+}
+
+RibbonProgram::RibbonProgram(Compilation&& compilation)
+    : program(std::move(compilation)),
       meshToView(program.uniform("meshToView")),
       viewToClip(program.uniform("viewToClip")),
       halfPicture(program.uniform("halfPicture")),
@@ -162,6 +169,15 @@ RibbonProgram::RibbonProgram(bool isRoute)
       arrows(program.uniform("arrows")),
       layer(program.uniform("layer")) {
   program.setSampler("palette", ribbonUnits::palette);
+}
+
+const RibbonProgram& RibbonShaders::Variant::get() {
+  if (!compilation && !program) compilation = RibbonProgram::start(isRoute);
+  if (compilation) {
+    program = std::make_unique<RibbonProgram>(std::move(*compilation));
+    compilation = nullptr;
+  }
+  return *program;
 }
 
 }  // namespace orivanta::render

@@ -9,7 +9,10 @@ namespace orivanta::render {
 
 /// The program for plain lines or for routes.
 struct RibbonProgram {
-  explicit RibbonProgram(bool isRoute);
+  /// Starts to compile the program.
+  static std::unique_ptr<Compilation> start(bool isRoute);
+
+  explicit RibbonProgram(Compilation&& compilation);
 
   Program program;
   GLint meshToView;
@@ -25,20 +28,24 @@ struct RibbonProgram {
   GLint layer;        ///< for routes: -1 for the casing, 1 for the rest, 0 for both
 };
 
-/// Programs are created when they are first used.
+/// The program for plain lines is compiled from the beginning, that for routes when it is first
+/// used.
 class RibbonShaders {
  public:
-  const RibbonProgram& plain() { return get(plain_, false); }
-  const RibbonProgram& route() { return get(route_, true); }
+  const RibbonProgram& plain() { return plain_.get(); }
+  const RibbonProgram& route() { return route_.get(); }
 
  private:
-  static const RibbonProgram& get(std::unique_ptr<RibbonProgram>& program, bool isRoute) {
-    if (!program) program = std::make_unique<RibbonProgram>(isRoute);
-    return *program;
-  }
+  struct Variant {
+    bool isRoute;
+    std::unique_ptr<Compilation> compilation;  // until the first use
+    std::unique_ptr<RibbonProgram> program = nullptr;
 
-  std::unique_ptr<RibbonProgram> plain_;
-  std::unique_ptr<RibbonProgram> route_;
+    const RibbonProgram& get();
+  };
+
+  Variant plain_{false, RibbonProgram::start(false)};
+  Variant route_{true, nullptr};
 };
 
 /// Texture units.

@@ -114,6 +114,15 @@ test("the element", { timeout: 180_000 }, async (t) => {
         return [map.shadowRoot.querySelector("canvas").lang, lang, dir, getComputedStyle(map).backgroundColor];
       });
     assert.deepEqual(await look(), ["ar", "ar", "rtl", "rgb(236, 238, 241)"]);
+    const scrolls = await page.evaluate(() => {
+      const roll = () =>
+        map.shadowRoot.querySelector("canvas").dispatchEvent(new WheelEvent("wheel", { deltaY: 100, cancelable: true }));
+      const isScrolled = roll();
+      const hint = map.shadowRoot.querySelector("[part=hint].shown").textContent;
+      map.setAttribute("cooperative", "false");
+      return new Promise((resolve) => setTimeout(() => resolve([isScrolled, /Ctrl|⌘/.test(hint), /[ء-ي]/.test(hint), roll()])));
+    });
+    assert.deepEqual(scrolls, [true, true, true, false]);
     await page.emulateMediaFeatures([{ name: "prefers-color-scheme", value: "dark" }]);
     assert.equal((await look()).at(-1), "rgb(23, 25, 29)");
     await page.waitForFunction(() => map.loaded.map.theme === "dark");

@@ -69,7 +69,9 @@ test("a load that is canceled at its end leaves no venue", async (context) => {
   context.after(() => (globalThis.queueMicrotask = queueMicrotask));
   // Nothing else of this file has run before that might use it.
   globalThis.queueMicrotask = (report) => queueMicrotask(() => (controller.abort("enough"), report()));
-  const load = engine.load({ slug: "row" }, { ...texts, venue: `[${texts.venue}]` }, undefined, controller.signal);
+  const load = engine.loads.start({
+    settings: { slug: "row" }, records: { ...texts, venue: `[${texts.venue}]` }, signal: controller.signal,
+  });
   await assert.rejects(load, (error) => error === "enough");
   await new Promise((resolve) => setTimeout(resolve, 50));
   assert.equal(removed.length, 1);
@@ -162,6 +164,7 @@ test("cancellation", { timeout: 60_000 }, async (context) => {
   await assert.rejects(orivanta.venues({ endpoint, signal: controller.signal }), { name: "AbortError" });
 
   // An abort when the venue is there, but the file of the language is not.
+  const other = await Orivanta.load();
   const { readFile } = files;
   context.after(() => ((files.readFile = readFile), syncBuiltinESMExports()));
   files.readFile = () => new Promise(() => {});
@@ -170,6 +173,8 @@ test("cancellation", { timeout: 60_000 }, async (context) => {
   const load = orivanta.venue("row", { endpoint, languages: "de", signal: late.signal });
   setTimeout(() => late.abort("enough"), 200);
   await assert.rejects(load, (error) => error === "enough");
+  setTimeout(() => other.destroy(), 200);
+  await assert.rejects(other.venue("row", { endpoint, languages: "de" }), isError("fatal"));
 
   Object.assign(fault, { collection: "node", answer: () => orivanta.destroy() });
   await assert.rejects(orivanta.venue("row", { endpoint }), isError("fatal"));
@@ -202,14 +207,14 @@ test("a module that stops", async (context) => {
   const engine = await Engine.start(readFileSync(path.join(root, "web/dist/core.wasm")));
   const told = [];
   engine.onFatal = (message) => told.push(message);
-  const loads = ["row", "row"].map((slug) => engine.load({ endpoint, slug }, null, undefined, undefined));
+  const loads = ["row", "row"].map((slug) => engine.loads.start({ settings: { endpoint, slug } }));
   await new Promise((resolve) => setTimeout(resolve, 50));
   const noVenue = 999;
   const ended = Promise.all(loads.map((load) => assert.rejects(load, isError("fatal"))));
   assert.throws(() => engine.call((core) => core._orivantaRecords(noVenue)), isError("fatal"));
   await ended;
   assert.throws(() => engine.call((core) => core._orivantaRecords(noVenue)), isError("fatal"));
-  await assert.rejects(engine.load({ endpoint }, null, undefined, undefined), isError("fatal"));
+  await assert.rejects(engine.loads.start({ settings: { endpoint } }), isError("fatal"));
   await new Promise((resolve) => setTimeout(resolve, 50));
   assert.equal(told.length, 1);
   assert.match(told[0], /the venue was removed/);

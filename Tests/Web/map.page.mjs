@@ -40,7 +40,7 @@ const tests = {
     const venue = await tests.open();
     const map = await venue.show(target, options);
     const events = [];
-    for (const type of ["tap", "floor", "camera", "problem", "ready"])
+    for (const type of ["tap", "floor", "camera", "problem", "ready", "refused"])
       map.on(type, (event) => events.push({ type, event: type === "tap" ? { ...event, place: event.place?.id } : event }));
     Object.assign(tests, { venue, map, events });
     await tests.ready();

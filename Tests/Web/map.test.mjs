@@ -126,6 +126,23 @@ async function tapAt(x, y, isTouch = false) {
   return evaluate(() => tests.take("tap"));
 }
 
+/** Returns a function that moves fingers on straight lines, each from and to a point. */
+async function fingers() {
+  const client = await tab.page.createCDPSession();
+  const send = (type, touchPoints) => client.send("Input.dispatchTouchEvent", { type, touchPoints });
+  return async (...lines) => {
+    const points = (share) =>
+      lines.map(([x, y, toX, toY], id) => ({ x: x + (toX - x) * share, y: y + (toY - y) * share, id }));
+    await send("touchStart", points(0));
+    for (let step = 1; step <= 5; ++step) {
+      await send("touchMove", points(step / 5));
+      await evaluate(() => tests.later(20));
+    }
+    await send("touchEnd", []);
+    await evaluate(() => tests.ready());
+  };
+}
+
 test("visitors move the map with the mouse and the keyboard", { timeout: 400_000 }, async () => {
   await show({ reducedMotion: true });
   const { mouse, keyboard } = tab.page;
@@ -177,19 +194,7 @@ test("visitors move the map with the mouse and the keyboard", { timeout: 400_000
 
 test("fingers pan, pinch, turn and tilt", { timeout: 400_000 }, async () => {
   await show({ reducedMotion: true }, { isTouch: true, density: 2 });
-  const client = await tab.page.createCDPSession();
-  /** Moves fingers on straight lines, each from and to a point. */
-  const move = async (...lines) => {
-    const points = (share) =>
-      lines.map(([x, y, toX, toY], id) => ({ x: x + (toX - x) * share, y: y + (toY - y) * share, id }));
-    await client.send("Input.dispatchTouchEvent", { type: "touchStart", touchPoints: points(0) });
-    for (let step = 1; step <= 5; ++step) {
-      await client.send("Input.dispatchTouchEvent", { type: "touchMove", touchPoints: points(step / 5) });
-      await evaluate(() => tests.later(20));
-    }
-    await client.send("Input.dispatchTouchEvent", { type: "touchEnd", touchPoints: [] });
-    await evaluate(() => tests.ready());
-  };
+  const move = await fingers();
   const start = await pose();
   await move([300, 200, 200, 200]);
   const panned = await pose();
@@ -205,6 +210,48 @@ test("fingers pan, pinch, turn and tilt", { timeout: 400_000 }, async () => {
   const pixels = await evaluate(() => tests.map.canvas.width);
   assert.equal(pixels, 2 * width);
   assert.ok(await tapAt(...middle, true));
+});
+
+test("a cooperative map leaves one finger and the wheel to the page", { timeout: 400_000 }, async () => {
+  await show({ cooperative: true, reducedMotion: true }, { isTouch: true });
+  const move = await fingers();
+  await evaluate(() => void (document.body.style.height = "3000px"));
+  const scrolled = () => evaluate(() => new Promise((resolve) => setTimeout(() => resolve(scrollY), 300)));
+  const start = await pose();
+  await move([300, 300, 300, 200]);
+  assert.equal(await evaluate(() => tests.take("refused")), "touch");
+  const first = await scrolled();
+  assert.ok(first > 50, `${first}`);
+  assert.deepEqual(await pose(), start);
+  await move([300, 200, 220, 200], [340, 200, 420, 200]);
+  const pinched = await pose();
+  assert.ok(pinched.distance < start.distance * 0.7);
+  await move([300, 250, 300, 150], [340, 250, 340, 150]);
+  assert.notDeepEqual(await pose(), pinched);
+  assert.equal(await scrolled(), first);
+  assert.ok(await tapAt(...middle, true));
+
+  const { keyboard, mouse } = tab.page;
+  const tilted = await pose();
+  await evaluate(() => void (tests.events.length = 0));
+  await mouse.move(...middle);
+  await mouse.wheel({ deltaY: -100 });
+  assert.equal(await evaluate(() => tests.take("refused")), "wheel");
+  const second = await scrolled();
+  assert.ok(second < first);
+  assert.deepEqual(await pose(), tilted);
+  await keyboard.down("Control");
+  await mouse.wheel({ deltaY: -100 });
+  await keyboard.up("Control");
+  await evaluate(() => tests.ready());
+  const { distance } = await pose();
+  assert.ok(distance < tilted.distance && distance > tilted.distance * 0.6, "one step of the wheel");
+  assert.equal(await scrolled(), second);
+
+  await evaluate(() => void (tests.map.cooperative = false));
+  await move([300, 300, 300, 200]);
+  assert.equal(await scrolled(), second);
+  assert.notDeepEqual((await pose()).center, tilted.center);
 });
 
 test("floors, routes and marks", { timeout: 400_000 }, async () => {

@@ -8,15 +8,15 @@ import { Network } from "../../web/dist/platform/network.js";
 
 const everyByte = Buffer.from(Array.from({ length: 256 }, (_, byte) => byte));
 
-/** Sends one request. `most` limits the body. Returns what the C++ code would receive. */
-function receive(url, { fields = [], send = "start", most = Infinity, rate = [1, 60], sent = () => {} } = {}) {
+/** Sends a request. `most` limits the body. Returns what the C++ code would receive. */
+function receive(url, { fields = [], send = "start", most = Infinity, rate = [1, 60], sent = () => {}, network = null } = {}) {
   return new Promise((resolve) => {
     const parts = [[], [], []];
     const HEAPU8 = new Uint8Array(4096);
     const texts = Buffer.from([url, ...fields].map((text) => `${text}\0`).join(""));
     let room = null;
     const keep = () => room && parts[room.part].push(...HEAPU8.subarray(1024, 1024 + room.count));
-    const network = new Network({
+    const module = {
       HEAPU8,
       _orivantaFetchRoom(request, part, count) {
         keep();
@@ -28,7 +28,9 @@ function receive(url, { fields = [], send = "start", most = Infinity, rate = [1,
         const [head, body, problem] = parts.map((bytes) => Buffer.from(bytes));
         resolve({ status, head: head.toString("latin1").split("\0"), body, problem: problem.toString() });
       },
-    });
+    };
+    network ??= new Network(module);
+    network.module = module; // of the last request
     HEAPU8.set(texts, 8);
     network[send](7, 8, texts.length, ...rate);
     sent(network, resolve);
@@ -113,6 +115,43 @@ test("a hidden link to further pages is reported", async (t) => {
     }
   }
   assert.deepEqual(asked, ["cut", "whole", "padded", "unpaged", "dropped"]);
+});
+
+test("pages are requested ahead, and each once", async (t) => {
+  const asked = [];
+  const server = createServer((request, response) => {
+    const page = Number(new URL(request.url, "http://h").searchParams.get("page"));
+    asked.push([page, request.headers.authorization]);
+    const origin = page === 30 ? "http://127.0.0.1:9" : "";
+    const link = (number, relation) => `<${origin}/?page=${number}>; rel="${relation}"`;
+    const fields = { "Content-Type": "application/json", Link: `${link(page + 1, "next")}, ${link(18, "last")}` };
+    response.writeHead(page < 20 || page === 30 ? 200 : 404, fields).write("[");
+    if (page !== 9) response.end(`${page}]`);
+  });
+  await new Promise((listening) => server.listen(0, "127.0.0.1", listening));
+  t.after(() => (server.closeAllConnections(), server.close()));
+  const root = `http://127.0.0.1:${server.address().port}`;
+  const later = () => new Promise((resolve) => setTimeout(resolve, 200));
+  const fields = ["Authorization", "me"];
+  const network = new Network({});
+  for (const page of [1, 2]) {
+    const { body } = await receive(`${root}/?page=${page}`, { fields, network });
+    assert.equal(body.toString(), `[${page}]`);
+    await later();
+    assert.deepEqual(asked.map(([each]) => each), Array.from({ length: page + 4 }, (_, index) => index + 1));
+  }
+  assert.ok(asked.every(([, account]) => account === "me"));
+  assert.equal((await receive(`${root}/?page=3`, { network })).status, 200);
+  assert.equal(asked.filter(([page]) => page === 3).length, 2, "another account has another page");
+  await later();
+  asked.length = 0;
+  for (const page of [19, 30]) await receive(`${root}/?page=${page}`);
+  await later();
+  assert.deepEqual(asked.map(([page]) => page), [19, 20, 30], "neither after an error nor at another origin");
+  const abort = (own, resolve) => setTimeout(() => (own.abort(7), resolve()), 200);
+  await receive(`${root}/?page=9`, { network, sent: abort });
+  await receive(`${root}/?page=10`, { network });
+  assert.equal(asked.filter(([page]) => page === 10).length, 2, "nothing is left after an abort");
 });
 
 test("a request that blocks returns every byte", async (t) => {

@@ -11,6 +11,12 @@ export interface ElementTexts {
   readonly silent: string;
   /** With a placeholder {slug}. */
   readonly unknown: string;
+  /** What moves the map if one finger does not. */
+  readonly fingers: string;
+  /** What zooms the map if the wheel alone does not. With a placeholder {key}. */
+  readonly wheel: string;
+  /** The name of the Control key. */
+  readonly control: string;
 }
 
 declare const texts: Readonly<Record<string, ElementTexts>>;

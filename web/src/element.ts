@@ -1,38 +1,18 @@
 // The element <orivanta-map>: a map of a venue, with a route and a floor switch. Importing this file defines it.
 
+import { attributes, loadAttributes, reflectAttributes, takeEarlyProperties } from "./element/attributes.js";
+import type { LoadedMap, OrivantaMapEventMap } from "./element/events.js";
 import { use, type Use } from "./element/instance.js";
 import { Parts } from "./element/parts.js";
-import { optionsOf, Shown, type ShownRoute } from "./element/shown.js";
+import { optionsOf, Shown } from "./element/shown.js";
 import { languageOfTexts, textOfKind, textsFor } from "./element/texts.js";
-import type { LoadProgress, WasmSource } from "./engine.js";
 import { OrivantaError } from "./errors.js";
-import type { MapTap, MapView } from "./map.js";
-import type { Floor } from "./records.js";
+import type { LoadProgress } from "./loads.js";
 import type { Venue } from "./venue.js";
+import type { WasmSource } from "./wasm.js";
 
+export type { LoadedMap, OrivantaMapEventMap } from "./element/events.js";
 export type { ShownRoute } from "./element/shown.js";
-
-/** What an element has loaded. The element owns both; they are destroyed when it is removed. */
-export interface LoadedMap {
-  readonly venue: Venue;
-  readonly map: MapView;
-}
-
-/** The events of an element. They do not bubble. */
-export interface OrivantaMapEventMap {
-  /** The map is shown. */
-  load: CustomEvent<LoadedMap>;
-  /** The map cannot be shown, or an attribute names something that the venue does not have. */
-  error: CustomEvent<OrivantaError>;
-  tap: CustomEvent<MapTap>;
-  /** The map shows another floor. */
-  floor: CustomEvent<Floor>;
-  route: CustomEvent<ShownRoute>;
-}
-
-const attributes = ["venue", "endpoint", "language", "floor", "from", "to", "profile", "place", "theme"] as const;
-type Attribute = (typeof attributes)[number];
-const loadAttributes: readonly string[] = ["venue", "endpoint", "language"];
 
 // Where there are no pages, such as on a server that prerenders them, the class exists but has no use.
 const Base = (globalThis.HTMLElement ?? class {}) as typeof HTMLElement;
@@ -61,6 +41,8 @@ export class OrivantaMapElement extends Base {
   declare place: string | null;
   /** "light", "dark" or "plain"; light or dark as the browser's user prefers by default. */
   declare theme: string | null;
+  /** "false": one finger and the wheel move the map, and do not scroll the page. */
+  declare cooperative: string | null;
   /** The account at the server. Changes have an effect on the next load. */
   username = "";
   password = "";
@@ -89,13 +71,7 @@ export class OrivantaMapElement extends Base {
   }
 
   connectedCallback(): void {
-    for (const name of attributes) {
-      // Properties that were set before the element was defined hide the accessors.
-      if (!Object.hasOwn(this, name)) continue;
-      const value = this[name];
-      delete (this as Partial<Record<Attribute, unknown>>)[name];
-      this[name] = value;
-    }
+    takeEarlyProperties(this);
     if (!this.#loading) this.#change("venue");
   }
 
@@ -204,19 +180,7 @@ export class OrivantaMapElement extends Base {
   }
 }
 
-for (const name of attributes)
-  Object.defineProperty(OrivantaMapElement.prototype, name, {
-    configurable: true,
-    enumerable: true,
-    get(this: OrivantaMapElement) {
-      return this.getAttribute(name);
-    },
-    set(this: OrivantaMapElement, value: string | null | undefined) {
-      if (value == null) this.removeAttribute(name);
-      else this.setAttribute(name, value);
-    },
-  });
-
+reflectAttributes(OrivantaMapElement.prototype);
 if (globalThis.customElements && !customElements.get("orivanta-map"))
   customElements.define("orivanta-map", OrivantaMapElement);
 

@@ -2,40 +2,14 @@
 
 import createCore, { type Core, type Platform } from "./core.js";
 import { OrivantaError } from "./errors.js";
-import type { MapEvent } from "./mapTypes.js";
+import { Loads } from "./loads.js";
+import type { MapEvent } from "./map/reports.js";
 import { Files } from "./platform/files.js";
 import { graphics } from "./platform/graphics.js";
 import { Network } from "./platform/network.js";
 import { CanvasTable } from "./platform/surfaces.js";
-import { turnRequest } from "./turns.js";
-
-/** Where the bytes of the module come from. */
-export type WasmSource = string | URL | BufferSource;
-
-/** The progress of a load. */
-export interface LoadProgress {
-  /** Collections that are complete or have failed. */
-  readonly collectionsDone: number;
-  /** Collections of the whole load. */
-  readonly collections: number;
-  /** Pages received so far. */
-  readonly pages: number;
-  /** Bytes of these pages. */
-  readonly bytes: number;
-}
-
-/** The end of a load, as the module reports it. */
-export interface LoadReport {
-  readonly venues?: readonly { id: string; slug: string; name: string }[];
-  readonly venue?: number;
-  readonly failures: readonly { collection: string; kind: string; status: number; reason: string }[];
-}
-
-interface RunningLoad {
-  progressed: ((progress: LoadProgress) => void) | undefined;
-  ended: (report: LoadReport) => void;
-  failed: (error: OrivantaError) => void;
-}
+import { Turns } from "./turns.js";
+import { compiled, type WasmSource } from "./wasm.js";
 
 /** Receives what a map of the module reports. */
 export interface MapListener {
@@ -50,33 +24,6 @@ export interface MapListener {
 const encoder = new TextEncoder();
 const decoder = new TextDecoder();
 
-/** Reads a file next to the package's code, in a browser or in Node.js. */
-export async function fetched(source: string | URL): Promise<BufferSource | Response> {
-  const url = new URL(source, import.meta.url);
-  if (url.protocol !== "file:") {
-    const response = await fetch(url, { credentials: "same-origin" });
-    if (!response.ok) {
-      throw new OrivantaError("otherStatus", `${url} cannot be loaded`, response.status);
-    }
-    return response;
-  }
-  const files = "node:fs/promises"; // in a variable, so that bundlers do not look for it
-  const { readFile } = (await import(/* @vite-ignore */ files)) as {
-    readFile(url: URL): Promise<Uint8Array<ArrayBuffer>>;
-  };
-  return readFile(url);
-}
-
-async function compiled(source: WasmSource): Promise<WebAssembly.Module> {
-  const isFile = typeof source === "string" || source instanceof URL;
-  const bytes = isFile ? await fetched(source) : source;
-  if (!(bytes instanceof Response)) return WebAssembly.compile(bytes);
-  if (bytes.headers.get("Content-Type") === "application/wasm") {
-    return WebAssembly.compileStreaming(bytes);
-  }
-  return WebAssembly.compile(await bytes.arrayBuffer());
-}
-
 /** One instance of the module. */
 export class Engine {
   /** Called once, with a sentence, when the module has stopped. */
@@ -86,14 +33,20 @@ export class Engine {
   readonly canvases = new CanvasTable();
   /** The listeners of maps, by the maps' numbers. */
   readonly maps = new Map<number, MapListener>();
+  /** The loads of venues and lists. */
+  readonly loads = new Loads(this);
+
+  /** The turns in which the module works. */
+  readonly turns: Turns;
 
   #core!: Core;
   #fatal: OrivantaError | null = null;
   #lastLine = "";
-  readonly #ending = new AbortController();
-  readonly #loads = new Map<number, RunningLoad>();
+  readonly #ending = new AbortController(); // aborted by `close`, and when the module stops
 
-  private constructor() {}
+  private constructor() {
+    this.turns = new Turns(() => this.#enter((core) => core._orivantaRunTurn()), this.#ending.signal);
+  }
 
   /** Compiles and starts the module. */
   static async start(source: WasmSource): Promise<Engine> {
@@ -129,13 +82,9 @@ export class Engine {
   #platform(): Platform {
     const engine = this;
     return {
-      requestTurn: turnRequest(() => this.#enter((core) => core._orivantaRunTurn()), this.#ending.signal),
-      loadProgressed: (load, collectionsDone, collections, pages, bytes) => {
-        const progress = { collectionsDone, collections, pages, bytes };
-        const { progressed } = this.#loads.get(load) ?? {};
-        if (progressed) queueMicrotask(() => progressed(progress));
-      },
-      loadEnded: (load, text, length) => this.#end(load, this.#read(text, length)),
+      requestTurn: () => this.turns.request(),
+      loadProgressed: (load, ...counts) => this.loads.progressed(load, counts),
+      loadEnded: (load, text, length) => this.loads.ended(load, this.#read(text, length)),
       files: new Files((line) => (this.#lastLine = line)),
       graphics,
       surfaces: this.canvases,
@@ -195,20 +144,10 @@ export class Engine {
     lists: readonly (readonly number[])[],
     use: (core: Core, ...places: number[]) => Result,
   ): Result {
-    return this.call((core) => {
-      const places: number[] = [];
-      try {
-        for (const list of lists) {
-          const address = core._malloc(Math.max(list.length, 1) * 4);
-          if (address === 0) throw new OrivantaError("tooLarge", "there is not enough memory");
-          core.HEAP32.set(list, address / 4);
-          places.push(address, list.length);
-        }
-        return use(core, ...places);
-      } finally {
-        for (let i = 0; i < places.length; i += 2) core._free(places[i]!);
-      }
-    });
+    const bytes = lists.map((list) => new Uint8Array(Int32Array.from(list).buffer));
+    return this.withTexts(bytes, (core, ...places) =>
+      use(core, ...places.map((place, index) => (index % 2 === 1 ? place / 4 : place))),
+    );
   }
 
   /** Returns the JSON value that a function has returned. */
@@ -221,39 +160,6 @@ export class Engine {
     return this.#core.HEAPF64.slice(address / 8, address / 8 + this.#core._orivantaResultLength());
   }
 
-  /** Starts a load. `package_` has the responses, by name; without it, the server is asked. */
-  load(
-    settings: object,
-    package_: Readonly<Record<string, string>> | null,
-    progressed: ((progress: LoadProgress) => void) | undefined,
-    signal: AbortSignal | undefined,
-  ): Promise<LoadReport> {
-    return new Promise((resolve, reject) => {
-      signal?.throwIfAborted();
-      if (package_) this.#give(package_);
-      const load = this.withTexts([JSON.stringify(settings)], (core, address, length) =>
-        core._orivantaStartLoad(address!, length!),
-      );
-      if (load === 0) throw new OrivantaError("invalid", "the settings of the load are invalid");
-      const canceled = () => {
-        this.#loads.delete(load);
-        reject(signal!.reason);
-        this.enter((core) => core._orivantaCancelLoad(load));
-      };
-      signal?.addEventListener("abort", canceled, { once: true });
-      const done = () => signal?.removeEventListener("abort", canceled);
-      this.#loads.set(load, {
-        progressed,
-        ended: (report) => {
-          done();
-          if (signal?.aborted) this.removeVenue(report.venue);
-          else resolve(report);
-        },
-        failed: (error) => (done(), reject(error)),
-      });
-    });
-  }
-
   /** Releases a venue, if there is one. */
   removeVenue(venue: number | undefined): void {
     if (venue !== undefined) this.enter((core) => core._orivantaRemoveVenue(venue));
@@ -262,22 +168,12 @@ export class Engine {
   /** Ends the instance and its maps: every later call throws. */
   close(): void {
     this.#fatal ??= new OrivantaError("fatal", "the instance was destroyed");
-    this.#failAll(this.#fatal);
-    this.#ending.abort();
+    this.#end(this.#fatal);
   }
 
-  #give(package_: Readonly<Record<string, string>>): void {
-    try {
-      for (const [name, text] of Object.entries(package_)) {
-        const isAdded = this.withTexts([name, text], (core, ...places) =>
-          core._orivantaAddToPackage(places[0]!, places[1]!, places[2]!, places[3]!),
-        );
-        if (!isAdded) throw new OrivantaError("tooLarge", "there is not enough memory");
-      }
-    } catch (error) {
-      if (!this.#fatal) this.call((core) => core._orivantaDropPackage());
-      throw error;
-    }
+  /** Aborted by `close`, and when the module stops. */
+  get ended(): AbortSignal {
+    return this.#ending.signal;
   }
 
   #read(address: number, length: number): string {
@@ -299,27 +195,20 @@ export class Engine {
     }
   }
 
-  // The handlers of the page run in a turn of their own, so that what they throw does not pass through the
-  // module.
-  #end(load: number, text: string): void {
-    const running = this.#loads.get(load);
-    if (running) queueMicrotask(() => running.ended(JSON.parse(text) as LoadReport));
-    this.#loads.delete(load);
-  }
-
   #stop(cause: unknown): OrivantaError {
     if (this.#fatal) return this.#fatal;
     const reason = this.#lastLine || String(cause);
     this.#fatal = new OrivantaError("fatal", `the module has stopped: ${reason}`);
     this.#fatal.cause = cause;
-    this.#failAll(this.#fatal);
+    this.#end(this.#fatal);
     this.onFatal?.(this.#fatal.message);
     return this.#fatal;
   }
 
-  #failAll(error: OrivantaError): void {
-    for (const load of this.#loads.values()) load.failed(error);
-    this.#loads.clear();
+  #end(error: OrivantaError): void {
+    this.#ending.abort();
+    this.loads.fail(error);
+    this.canvases.clear();
     for (const map of [...this.maps.values()]) map.stopped(error);
   }
 }

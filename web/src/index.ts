@@ -2,12 +2,13 @@ export { Orivanta } from "./orivanta.js";
 export type { ServerSettings, VenueEntry, VenueOptions, VenuePackage } from "./orivanta.js";
 export { OrivantaError } from "./errors.js";
 export type { ErrorKind } from "./errors.js";
-export type { LoadProgress, WasmSource } from "./engine.js";
-export { MapView } from "./map.js";
-export type { Insets, Motion, RouteLook } from "./map.js";
+export type { LoadProgress } from "./loads.js";
+export type { WasmSource } from "./wasm.js";
+export { MapView } from "./map/view.js";
 export type {
   CameraPose,
   FloorLoad,
+  Insets,
   MapEvents,
   MapLook,
   MapProblem,
@@ -15,10 +16,13 @@ export type {
   MapTheme,
   Marker,
   MarkerOptions,
+  Motion,
   Position,
+  RefusedGesture,
+  RouteLook,
   ShowOptions,
   VisitorPosition,
-} from "./mapTypes.js";
+} from "./map/types.js";
 export type { Category, Connector, Floor, Node, Place } from "./records.js";
 export type { FoundPlace, LoadProblem, Route, RouteEnd, Venue } from "./venue.js";
 export type { Guidance, GuidanceProblem, GuideRequest, ProfileName, Step, Stop, Visit } from "./guidance.js";

@@ -1,7 +1,8 @@
 // The languages of instructions. English is a part of the module; the others are files next to it.
 
-import { fetched, type Engine } from "./engine.js";
+import type { Engine } from "./engine.js";
 import { OrivantaError } from "./errors.js";
+import { fetched } from "./wasm.js";
 
 // Each URL is written out, so that bundlers find the file.
 const files: Readonly<Record<string, () => URL>> = {

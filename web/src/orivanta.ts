@@ -1,9 +1,11 @@
 // The entry point: one instance of the WebAssembly module, which loads any number of venues.
 
-import { Engine, type LoadProgress, type LoadReport, type WasmSource } from "./engine.js";
+import { Engine } from "./engine.js";
 import { OrivantaError, type ErrorKind } from "./errors.js";
 import { Languages } from "./languages.js";
+import type { LoadOrder, LoadProgress, LoadReport } from "./loads.js";
 import { Venue, type LoadProblem } from "./venue.js";
+import type { WasmSource } from "./wasm.js";
 
 /** How to reach a server of venues. */
 export interface ServerSettings {
@@ -47,6 +49,9 @@ export interface VenueEntry {
   readonly name: string;
 }
 
+/** How long the messages of a language may take longer than the venue. */
+const patienceMilliseconds = 10_000;
+
 // Relative endpoints are those of the page.
 function originOf(endpoint: string): string {
   try {
@@ -56,14 +61,26 @@ function originOf(endpoint: string): string {
   }
 }
 
-/** Waits for a promise that cannot be canceled. After an abort, throws the signal's reason. */
-function unlessAborted<Result>(promise: Promise<Result>, signal: AbortSignal | undefined): Promise<Result> {
-  return new Promise((resolve, reject) => {
-    signal?.throwIfAborted();
-    const aborted = () => reject(signal!.reason);
-    signal?.addEventListener("abort", aborted, { once: true });
-    promise.then(resolve, reject).finally(() => signal?.removeEventListener("abort", aborted));
-  });
+/**
+ * Waits for a promise that cannot be canceled, but neither forever nor after the end of the instance. After an abort,
+ * throws the signal's reason.
+ */
+async function patiently(promise: Promise<unknown>, ended: AbortSignal, signal: AbortSignal | undefined): Promise<void> {
+  const done = new AbortController();
+  try {
+    await new Promise<void>((resolve, reject) => {
+      const options = { once: true, signal: done.signal };
+      signal?.addEventListener("abort", () => reject(signal.reason), options);
+      ended.addEventListener("abort", () => resolve(), options);
+      const timer = setTimeout(resolve, patienceMilliseconds);
+      done.signal.addEventListener("abort", () => clearTimeout(timer));
+      promise.then(() => resolve(), reject);
+      if (ended.aborted) resolve();
+      signal?.throwIfAborted();
+    });
+  } finally {
+    done.abort();
+  }
 }
 
 function endpointOf(endpoint: string): string {
@@ -112,7 +129,7 @@ export class Orivanta {
     this.#settings = { ...settings };
     delete this.#settings.signal;
     const load = { ...this.#settings, endpoint: endpointOf(settings.endpoint) };
-    const report = await this.#load(load, settings, settings.languages);
+    const report = await this.#load({ settings: load, signal: settings.signal }, settings.languages);
     const failure = report.failures[0];
     if (failure) throw new OrivantaError(failure.kind as ErrorKind, failure.reason, failure.status);
     return Object.freeze((report.venues ?? []).map((venue) => Object.freeze(venue)));
@@ -122,25 +139,33 @@ export class Orivanta {
    * Loads a venue of the server. The account that `venues` was given is not sent to a server of another origin.
    */
   async venue(slug: string, options: VenueOptions = {}): Promise<Venue> {
-    const { signal: _, onProgress: __, accessible = false, ...settings } = { ...this.#settingsFor(options), ...options };
+    const { signal, onProgress, accessible = false, ...settings } = { ...this.#settingsFor(options), ...options };
     if (settings.endpoint === undefined) {
       throw new OrivantaError("invalid", "no endpoint is given; call venues() or pass one");
     }
     const load = { ...settings, endpoint: endpointOf(settings.endpoint), slug, accessible };
-    return this.#opened(await this.#load(load, options, settings.languages), slug);
+    const order = { settings: load, progressed: onProgress, signal };
+    return this.#opened(await this.#load(order, settings.languages), slug);
   }
 
   /** Loads a venue from its records, without a server. */
   async open(records: VenuePackage, options: Pick<VenueOptions, "accessible" | "signal"> = {}): Promise<Venue> {
     const slug = slugOf(records.venue);
     if (typeof slug !== "string") throw new OrivantaError("unusable", "the venue's record cannot be read or has no slug");
-    const report = await this.#engine.load(
-      { slug, accessible: options.accessible ?? false },
-      { ...records, venue: `[${records.venue}]` },
-      undefined,
-      options.signal,
-    );
+    const report = await this.#engine.loads.start({
+      settings: { slug, accessible: options.accessible ?? false },
+      records: { ...records, venue: `[${records.venue}]` },
+      signal: options.signal,
+    });
     return this.#opened(report, slug);
+  }
+
+  /**
+   * Makes the graphics of the next map ready, if the browser supports WebGL 2. Call it before a venue is loaded that
+   * will be shown: the browser needs some time for this. The next map that adds a canvas to an element uses them.
+   */
+  prepareMap(): void {
+    this.#engine.canvases.prepare();
   }
 
   /** Ends the instance and its maps. Every later call throws. */
@@ -155,15 +180,11 @@ export class Orivanta {
   }
 
   // The messages of a language are loaded at the same time; without them, the load succeeds too.
-  async #load(
-    load: object,
-    { onProgress, signal }: VenueOptions,
-    languages = "en",
-  ): Promise<LoadReport> {
+  async #load(order: LoadOrder, languages = "en"): Promise<LoadReport> {
     const language = this.#languages.load(languages).catch(() => "en");
-    const report = await this.#engine.load(load, null, onProgress, signal);
+    const report = await this.#engine.loads.start(order);
     try {
-      await unlessAborted(language, signal);
+      await patiently(language, this.#engine.ended, order.signal);
     } catch (error) {
       this.#engine.removeVenue(report.venue);
       throw error;

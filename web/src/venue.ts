@@ -10,18 +10,12 @@ import {
   type RawPlan,
   type Stop,
 } from "./guidance.js";
-import { MapView } from "./map.js";
-import type { ShowOptions } from "./mapTypes.js";
-import {
-  recordsOf,
-  type Category,
-  type Connector,
-  type Floor,
-  type Node,
-  type Place,
-  type RawRecords,
-  type Records,
-} from "./records.js";
+import { MapView } from "./map/view.js";
+import type { ShowOptions } from "./map/types.js";
+import type { Category, Connector, Floor, Node, Place } from "./records.js";
+import { VenueModule } from "./venueModule.js";
+import { VenueRecords } from "./venueRecords.js";
+import type { FoundPlace, LoadProblem, Route, RouteEnd } from "./venueTypes.js";
 import {
   iconsOf,
   type Card,
@@ -32,40 +26,7 @@ import {
   type NearestOptions,
 } from "./visitor.js";
 
-/** A collection of the venue that could not be loaded and counts as empty. */
-export interface LoadProblem {
-  /** The name of the resource in the API, such as "polygon". */
-  readonly collection: string;
-  readonly kind: ErrorKind;
-  readonly status: number;
-  /** A sentence without a final period. */
-  readonly reason: string;
-}
-
-/** A route through the network of ways. */
-export interface Route {
-  /** The cost of the search at the destination, in the venue's weights. */
-  readonly cost: number;
-  /** The start first. */
-  readonly nodes: readonly Node[];
-  /** How many nodes the search took. */
-  readonly takenNodes: number;
-}
-
-/** A place that a search has found. */
-export interface FoundPlace {
-  readonly place: Place;
-  /** The name as lists show it. */
-  readonly name: string;
-  /** The name of the first category; may be empty. */
-  readonly category: string;
-  /** The kind of place, such as "toilet" or "shop". */
-  readonly kind: string;
-  /** How it matches; from best to worst "name", "kind", "beginning", "word", "inside", "category", "description", "near". */
-  readonly match: string;
-  /** The lowest first. */
-  readonly floors: readonly Floor[];
-}
+export type * from "./venueTypes.js";
 
 interface RawFound {
   id: string;
@@ -76,8 +37,7 @@ interface RawFound {
   floors: number[];
 }
 
-/** Where a route begins or ends. */
-export type RouteEnd = Place | Node | readonly Node[];
+type Answer = object | { error: { kind: ErrorKind; text: string } } | null;
 
 /** A venue. Release it with `destroy`. */
 export class Venue {
@@ -87,75 +47,65 @@ export class Venue {
   /** The collections that could not be loaded. */
   readonly problems: readonly LoadProblem[];
 
-  readonly #engine: Engine;
-  readonly #number: number;
-  #records: Records | null = null;
-  #indices: Map<Node, number> | null = null;
-  #nodesByName: Map<string, Node> | null = null;
-  #placesByName: Map<string, Place> | null = null;
-  #isDestroyed = false;
+  readonly #module: VenueModule;
+  readonly #records: VenueRecords;
   #map: MapView | null = null;
 
   /** For `Orivanta.venue`. */
   constructor(engine: Engine, number: number, problems: readonly LoadProblem[]) {
-    this.#engine = engine;
-    this.#number = number;
     this.problems = problems;
-    const raw = this.#raw();
-    this.id = raw.id;
-    this.slug = raw.slug;
-    this.name = raw.name;
+    this.#module = new VenueModule(engine, number);
+    this.#records = new VenueRecords(this.#module);
+    ({ id: this.id, slug: this.slug, name: this.name } = this.#records);
   }
 
   get floors(): readonly Floor[] {
-    return this.#all().floors;
+    return this.#records.all.floors;
   }
 
   get places(): readonly Place[] {
-    return this.#all().places;
+    return this.#records.all.places;
   }
 
   get connectors(): readonly Connector[] {
-    return this.#all().connectors;
+    return this.#records.all.connectors;
   }
 
   get categories(): readonly Category[] {
-    return this.#all().categories;
+    return this.#records.all.categories;
   }
 
   get nodes(): readonly Node[] {
-    return this.#all().nodes;
+    return this.#records.all.nodes;
   }
 
   /** How many of the venue's units are a meter; 1 if the venue does not state it. */
   get unitsPerMeter(): number {
-    return this.#all().unitsPerMeter;
+    return this.#records.all.unitsPerMeter;
   }
 
   /** The sources that the venue's license wants to be named with its map; may be empty. */
   get attribution(): string {
-    return this.#all().attribution;
+    return this.#records.all.attribution;
   }
 
   /** Returns the node with this identifier. */
   nodeNamed(id: string): Node | undefined {
-    this.#nodesByName ??= new Map(this.nodes.map((node) => [node.id, node]));
-    return this.#nodesByName.get(id);
+    return this.#records.nodeNamed(id);
   }
 
   /** Returns the place or connector with this identifier. */
   placeNamed(id: string): Place | undefined {
-    this.#placesByName ??= new Map([...this.connectors, ...this.places].map((each) => [each.id, each]));
-    return this.#placesByName.get(id);
+    return this.#records.placeNamed(id);
   }
 
   /** Searches a route. Returns null if there is none. */
   route(from: RouteEnd, to: RouteEnd): Route | null {
-    const numbers = this.#use(() =>
-      this.#engine.withIndices([this.indicesOf(this.#nodesOf(from)), this.indicesOf(this.#nodesOf(to))], (core, ...places) =>
-        this.#engine.numbers(
-          core._orivantaRoute(this.#number, places[0]!, places[1]!, places[2]!, places[3]!),
-        ),
+    const { engine } = this.#module;
+    const ends = [from, to].map((end) => this.indicesOf(this.#nodesOf(end)));
+    const numbers = this.#module.call((_, venue) =>
+      engine.withIndices(ends, (core, ...places) =>
+        engine.numbers(core._orivantaRoute(venue, places[0]!, places[1]!, places[2]!, places[3]!)),
       ),
     );
     if (numbers.length === 0) return null;
@@ -175,7 +125,7 @@ export class Venue {
 
   /** Returns the places and connectors that match a text as a user types it, the best first. */
   search(text: string): FoundPlace[] {
-    const found = this.#ask(text, "_orivantaSearch") as RawFound[];
+    const found = this.#module.ask(text, "_orivantaSearch") as RawFound[];
     return found.flatMap((each) => {
       const place = this.placeNamed(each.id);
       const floors = each.floors.flatMap((index) => this.floors[index] ?? []);
@@ -216,12 +166,15 @@ export class Venue {
    */
   async show(target: HTMLElement, options: ShowOptions = {}): Promise<MapView> {
     if (this.#map) throw new OrivantaError("invalid", "the venue is shown already; load it again for another map");
-    const map = this.#use(() => new MapView(this.#engine, this, this.#number, target, options, () => (this.#map = null)));
+    this.#module.check();
+    const { engine, number } = this.#module;
+    const destroyed = () => void (this.#map = null);
+    const map = new MapView({ engine, venue: this, venueNumber: number, target, options, destroyed });
     this.#map = map;
     try {
       await map.loaded;
     } catch (error) {
-      this.#map = null;
+      if (this.#map === map) this.#map = null; // it has ended before it was kept
       throw error;
     }
     return map;
@@ -229,54 +182,25 @@ export class Venue {
 
   /** Releases the memory of the venue, and its map. Every later call throws. */
   destroy(): void {
-    if (this.#isDestroyed) return;
     this.#map?.destroy();
-    this.#isDestroyed = true;
-    this.#engine.removeVenue(this.#number);
-  }
-
-  #use<Result>(use: () => Result): Result {
-    if (this.#isDestroyed) throw new OrivantaError("invalid", "the venue was destroyed");
-    return use();
-  }
-
-  #visitor(question: object): unknown {
-    return this.#answer(question, "_orivantaVisitor");
-  }
-
-  // Throws what the module has to say against a question.
-  #answer(question: object, name: "_orivantaPlan" | "_orivantaVisitor"): object {
-    const answer = this.#ask(JSON.stringify(question), name) as object | { error: { kind: ErrorKind; text: string } };
-    if ("error" in answer) throw new OrivantaError(answer.error.kind, answer.error.text);
-    return answer;
-  }
-
-  #ask(text: string, name: "_orivantaPlan" | "_orivantaSearch" | "_orivantaVisitor"): unknown {
-    return this.#use(() =>
-      this.#engine.withTexts([text], (core, address, length) =>
-        this.#engine.json(core[name](this.#number, address!, length!)),
-      ),
-    );
-  }
-
-  #raw(): RawRecords & { id: string; slug: string; name: string } {
-    return this.#use(() =>
-      this.#engine.call((core) => this.#engine.json(core._orivantaRecords(this.#number))),
-    ) as RawRecords & { id: string; slug: string; name: string };
-  }
-
-  #all(): Records {
-    this.#records ??= recordsOf(
-      this.#raw(),
-      this.#engine.call((core) => this.#engine.numbers(core._orivantaNodes(this.#number))),
-    );
-    return this.#records;
+    this.#module.release();
   }
 
   /** Returns the indices of nodes in `nodes`, without those of other venues. */
   indicesOf(nodes: readonly Node[]): number[] {
-    this.#indices ??= new Map(this.nodes.map((node, index) => [node, index]));
-    return nodes.flatMap((node) => this.#indices!.get(node) ?? []);
+    return this.#records.indicesOf(nodes);
+  }
+
+  // Throws what the module has to say against a question.
+  #answer(question: object, name: "_orivantaPlan" | "_orivantaVisitor"): object {
+    const answer = this.#module.ask(JSON.stringify(question), name) as Answer;
+    if (answer === null) throw new OrivantaError("notFound", "the venue has no such place");
+    if ("error" in answer) throw new OrivantaError(answer.error.kind, answer.error.text);
+    return answer;
+  }
+
+  #visitor(question: object): unknown {
+    return this.#answer(question, "_orivantaVisitor");
   }
 
   #nodesOf(end: RouteEnd): readonly Node[] {

@@ -9,6 +9,8 @@
 #include "Apps/Import/Connectors/BridgeGaps.hpp"
 #include "Apps/Import/Connectors/Continuing.hpp"
 #include "Apps/Import/Connectors/FromLines.hpp"
+#include "Apps/Import/Connectors/FromPieces.hpp"
+#include "Apps/Import/Connectors/JoinFlights.hpp"
 #include "Apps/Import/Connectors/Pairing.hpp"
 #include "Apps/Import/Connectors/PlacesOfConnectors.hpp"
 #include "Apps/Import/Connectors/StatedLevels.hpp"
@@ -101,12 +103,13 @@ class ConnectorMaker {
   // The spot on the level of a path that is joined to it, if nothing is near it on its own. Of
   // several such spots, nobody knows which one is meant.
   Spot settled(const ConnectorHint& hint, const Spot& stated) {
-    const PathsByLevel& paths = surroundings_.pathsAt(hint.source);
-    const auto contradicted =
-        std::count_if(hint.spots.begin(), hint.spots.end(),
-                      [&](const Spot& spot) { return !paths.contains(spot.level); });
-    const double level = settledLevel(
-        {hint.kind, hint.source, hint.source, stated, contradicted == 1}, surroundings_, findings_);
+    const auto isAstray = [&](const Spot& spot) {
+      return isLost(spot, hint.source, surroundings_) && !surroundings_.isInRoom(spot);
+    };
+    const bool mayMove =
+        isAstray(stated) && std::count_if(hint.spots.begin(), hint.spots.end(), isAstray) == 1;
+    const double level = settledLevel({hint.kind, hint.source, hint.source, stated, mayMove},
+                                      surroundings_, findings_);
     const bool isTaken = std::any_of(hint.spots.begin(), hint.spots.end(),
                                      [&](const Spot& other) { return other.level == level; });
     return isTaken ? stated : Spot{level, stated.position};
@@ -186,30 +189,9 @@ class ConnectorMaker {
     for (const std::size_t i : set) members.push_back(&pieces_[i]);
     std::stable_sort(members.begin(), members.end(),
                      [](const Piece* a, const Piece* b) { return a->level < b->level; });
-    const Piece& first = *members.front();
-    Connector connector;
-    connector.kind = first.kind;
-    connector.source = first.source;
-    connector.id = fmt::format("{}-{}", wordOf(first.kind), first.source);
-    Direction direction = Direction::unknown;
-    bool suitable = false;
-    bool unsuitable = false;
-    for (const Piece* piece : members) {
+    Connector connector = connectorOf(members, surroundings_);
+    for (const Piece* piece : members)
       if (connector.names.name.empty()) connector.names = nameOf(*piece);
-      if (direction == Direction::unknown) direction = piece->direction;
-      connector.access = std::max(connector.access, piece->access);
-      suitable = suitable || piece->wheelchair == Wheelchair::yes;
-      unsuitable = unsuitable || piece->wheelchair == Wheelchair::no;
-    }
-    const bool steps =
-        first.kind == ConnectorKind::stairs || first.kind == ConnectorKind::escalator;
-    connector.accessible = steps ? suitable && first.kind == ConnectorKind::stairs : !unsuitable;
-    connector.stops =
-        members.size() == 1 ? stopsOfSingle(first, surroundings_) : stopsOf(members, surroundings_);
-    applyDirection(connector.stops, direction);
-    connector.directionKnown =
-        direction != Direction::unknown ||
-        (first.kind != ConnectorKind::escalator && first.kind != ConnectorKind::movingWalkway);
     while (!taken_.insert(connector.id).second) connector.id += "-2";
     made_.push_back(std::move(connector));
   }
@@ -244,6 +226,7 @@ void makeConnectors(Building& building, const Options& options, Findings& findin
   } else {
     ConnectorMaker maker(building, findings);
     std::vector<Connector> connectors = maker.make();
+    joinFlights(connectors);
     std::vector<Line> paths = bridgeGaps(building, connectors, maker.surroundings(), findings);
     building.connectors = std::move(connectors);
     for (Line& path : paths) {

@@ -38,6 +38,12 @@ void reportContradiction(const StatedEnd& end, const PathsByLevel::value_type& p
 
 }  // namespace
 
+bool isLost(const Spot& end, const std::string& point, const Surroundings& surroundings) {
+  const PathsByLevel& paths = surroundings.pathsAt(point);
+  return !paths.empty() && !paths.contains(end.level) &&
+         surroundings.distance(end.level, end.position) >= nothingNear;
+}
+
 double settledLevel(const StatedEnd& end, const Surroundings& surroundings, Findings& findings) {
   const double stated = end.spot.level;
   const PathsByLevel& paths = surroundings.pathsAt(end.point);
@@ -46,9 +52,8 @@ double settledLevel(const StatedEnd& end, const Surroundings& surroundings, Find
       *std::min_element(paths.begin(), paths.end(), [&](const auto& a, const auto& b) {
         return std::abs(a.first - stated) < std::abs(b.first - stated);
       });
-  const bool isLost =
-      end.mayMove && surroundings.distance(stated, end.spot.position) >= nothingNear;
-  const double level = isLost ? nearest.first : stated;
+  const bool moves = end.mayMove && isLost(end.spot, end.point, surroundings);
+  const double level = moves ? nearest.first : stated;
   reportContradiction(end, nearest, level, findings);
   return level;
 }

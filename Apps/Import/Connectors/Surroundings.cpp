@@ -54,4 +54,12 @@ double Surroundings::distance(double level, Point point) const {
   return here.contains(point) ? 0.0 : here.clearance(point, farAway);
 }
 
+bool Surroundings::isInRoom(const Spot& spot) const {
+  return std::any_of(building_.areas.begin(), building_.areas.end(), [&](const Area& area) {
+    return area.level == spot.level &&
+           (area.kind == AreaKind::room || area.kind == AreaKind::unknown) &&
+           contains(area.shape, spot.position);
+  });
+}
+
 }  // namespace orivanta::importer

@@ -32,6 +32,9 @@ class Surroundings {
   /// How far a point is from the space of a storey, at most 20 m.
   double distance(double level, Point point) const;
 
+  /// Whether it lies in a room.
+  bool isInRoom(const Spot& spot) const;
+
  private:
   const Building& building_;
   Heights heights_;

@@ -106,8 +106,10 @@ void joinDoors(Building& building, const Options& options, Findings&) {
       options.progress("joining doors", static_cast<double>(building.walkableSpaces.size()) /
                                             static_cast<double>(levels.size()));
     building.walkableSpaces.emplace(level, walkableSpace(building, level));
-    // Guessed doors are those of rooms and do not change the space.
     if (options.doors == DoorChoice::guess) guessDoors(building, level);
+    // Guessed doors are those of rooms and do not change the space, but paths to them do.
+    if (!building.walkableSpaces.contains(level))
+      building.walkableSpaces.emplace(level, walkableSpace(building, level));
   }
 }
 

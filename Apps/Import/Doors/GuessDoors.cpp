@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <utility>
 
+#include "Apps/Import/Doors/DoorsToPaths.hpp"
+#include "Apps/Import/Doors/Entrances.hpp"
+#include "Apps/Import/Doors/RoomNeighbors.hpp"
 #include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Doors/WallContact.hpp"
 #include "Apps/Import/Geometry/AreaIndex.hpp"
@@ -19,23 +21,7 @@ namespace orivanta::importer {
 
 namespace {
 
-constexpr double usualWidth = 1.0;
-
 using Choose = std::function<bool(const std::string& area)>;
-
-Door doorAt(const Area& room, const WallContact& contact) {
-  Door door;
-  door.id = room.id + "/door";
-  door.source = room.source;
-  door.level = room.level;
-  door.position = (contact.from + contact.to) * 0.5;
-  door.width = std::min(contact.length(), usualWidth);
-  const Point half = (contact.to - contact.from) * (*door.width / contact.length() / 2.0);
-  door.line = {door.position - half, door.position + half};
-  door.guessed = true;
-  door.areas = {room.id};
-  return door;
-}
 
 class Guess {
  public:
@@ -47,7 +33,9 @@ class Guess {
         walkable_(building, level, [this](const Area& area) { return isWalked(area, walkways_); }),
         rooms_(building, level, [this](const Area& area) { return isRoom(area); }),
         contents_(building, level,
-                  [](const Area& area) { return area.kind != AreaKind::obstacle; }) {
+                  [](const Area& area) { return area.kind != AreaKind::obstacle; }),
+        entrances_(building, level, contents_),
+        neighbors_(rooms_, contents_) {
     for (const Area& area : building.areas)
       if (area.level == level && isWalked(area, walkways_)) reached_.insert(area.id);
     for (const Door& door : building.doors)
@@ -66,19 +54,20 @@ class Guess {
       else if (needsDoor)
         left.push_back(&area);
     }
-    std::set<std::string> buildings;
-    for (const Area& area : building_.areas)
-      if (area.level == level_ && isRoom(area) && isBuilding(area)) buildings.insert(area.id);
-    joinToNeighbors(left, [&](const std::string& id) {
-      return reached_.contains(id) && !buildings.contains(id);
-    });
-    std::erase_if(left, [&](const Area* room) { return joined_.contains(room->id); });
+    // Paths on other storeys may lead nowhere.
+    const bool isGround = level_ == 0.0;
+    if (isGround) joinToPaths(left);
+    joinToReached(left);
+    if (!isGround) {
+      joinToPaths(left);
+      joinToReached(left);
+    }
     std::set<std::string> withDoor;
     for (const auto& [id, neighbors] : joined_) withDoor.insert(id);
     addDoorsToNeighbors(left, [&](const std::string& id) { return withDoor.contains(id); });
     for (const Area* room : left)
-      if (level_ == 0.0 && !joined_.contains(room->id))
-        if (std::optional<Door> door = toOutside(*room)) add(std::move(*door));
+      if (isGround && !joined_.contains(room->id))
+        if (std::optional<Door> door = entrances_.of(*room)) add(std::move(*door));
     building_.doors.insert(building_.doors.end(), doors_.begin(), doors_.end());
   }
 
@@ -121,6 +110,41 @@ class Guess {
     doors_.push_back(std::move(door));
   }
 
+  // Paths are lines, which rooms beside them do not touch.
+  void joinToPaths(std::vector<const Area*>& rooms) {
+    if (space_.empty() || !hasPaths(building_, level_)) return;
+    const DoorsToPaths paths(space_, contents_);
+    std::vector<Line> lines = pathsOfDoors(paths);
+    std::erase_if(rooms, [&](const Area* room) {
+      const auto found = paths.from(*room, openShape(*room, contents_));
+      if (!found) return false;
+      Door door = guessedDoor(*room, found->contact);
+      lines.push_back(pathFrom(door, found->target));
+      add(std::move(door));
+      return true;
+    });
+    if (lines.empty()) return;
+    building_.lines.insert(building_.lines.end(), lines.begin(), lines.end());
+    building_.walkableSpaces.erase(level_);
+  }
+
+  // The paths from doors that the source has.
+  std::vector<Line> pathsOfDoors(const DoorsToPaths& paths) const {
+    std::map<std::string, const Area*> rooms;
+    for (const Area& area : building_.areas)
+      if (area.level == level_ && isRoom(area)) rooms.emplace(area.id, &area);
+    std::vector<Line> lines;
+    for (const Door& door : building_.doors) {
+      if (door.level != level_ || door.areas.size() != 1 || door.kind == DoorKind::emergency)
+        continue;
+      const auto room = rooms.find(door.areas.front());
+      if (room == rooms.end()) continue;
+      if (const auto target = paths.from(*room->second, door))
+        lines.push_back(pathFrom(door, *target));
+    }
+    return lines;
+  }
+
   // A building that is drawn as a room around its walkways.
   bool isBuilding(const Area& room) const {
     const std::vector<const Area*> near = walkable_.near(room.shape, 0.0);
@@ -133,7 +157,7 @@ class Guess {
     const auto contact = longestContact(openShape(room, contents_),
                                         [this](Point point) { return space_.contains(point); });
     if (!contact) return {};
-    Door door = doorAt(room, *contact);
+    Door door = guessedDoor(room, *contact);
     const Point along = contact->to - contact->from;
     const Point outward = Point{along.y, -along.x} * (1.0 / contact->length());
     for (const double depth : wallDepths)
@@ -144,62 +168,35 @@ class Guess {
     return door;
   }
 
-  // An entrance in the longest wall behind which nothing is drawn.
-  std::optional<Door> toOutside(const Area& room) const {
-    const auto isOutside = [this](Point point) { return contents_.smallestAt(point) == nullptr; };
-    const auto contact = longestContact(openShape(room, contents_), isOutside);
-    if (!contact) return {};
-    Door door = doorAt(room, *contact);
-    door.kind = DoorKind::entrance;
-    return door;
-  }
-
-  // A room beside another one, and the longest straight wall that they have in common.
-  struct Neighbor {
-    std::string id;
-    WallContact contact;
-  };
-
-  const Space& openSpaceOf(const Area& room) {
-    std::unique_ptr<const Space>& space = openSpaces_[&room];
-    if (!space) space = std::make_unique<const Space>(openShape(room, contents_));
-    return *space;
-  }
-
-  const std::vector<Neighbor>& neighborsOf(const Area& room) {
-    const auto [entry, isNew] = neighbors_.try_emplace(&room);
-    if (!isNew) return entry->second;
-    constexpr std::size_t mostTried = 200;  // more rooms beside one room are damage
-    const Shape shape = openShape(room, contents_);
-    std::vector<const Area*> near = rooms_.near(room.shape, wallDepths.back());
-    if (near.size() > mostTried) near.resize(mostTried);
-    for (const Area* other : near) {
-      if (other == &room) continue;
-      const Space& open = openSpaceOf(*other);
-      if (const auto contact =
-              longestContact(shape, [&open](Point point) { return open.contains(point); }))
-        entry->second.push_back({other->id, *contact});
-    }
-    return entry->second;
-  }
-
   // The door to the neighbor with which the room has the longest wall in common.
   std::optional<Door> toNeighbor(const Area& room, const Choose& choose) {
-    const Neighbor* best = nullptr;
-    for (const Neighbor& one : neighborsOf(room))
+    const RoomNeighbors::Neighbor* best = nullptr;
+    for (const RoomNeighbors::Neighbor& one : neighbors_.of(room))
       if (choose(one.id) && (best == nullptr || one.contact.length() > best->contact.length()))
         best = &one;
     if (best == nullptr) return {};
-    Door door = doorAt(room, best->contact);
+    Door door = guessedDoor(room, best->contact);
     door.areas.push_back(best->id);
     return door;
+  }
+
+  // Joins rooms with neighbors that are reached, and removes these rooms from the list.
+  void joinToReached(std::vector<const Area*>& rooms) {
+    std::set<std::string> buildings;
+    for (const Area& area : building_.areas)
+      if (area.level == level_ && isRoom(area) && isBuilding(area)) buildings.insert(area.id);
+    joinToNeighbors(rooms, [&](const std::string& id) {
+      return reached_.contains(id) && !buildings.contains(id);
+    });
+    std::erase_if(rooms, [&](const Area* room) { return joined_.contains(room->id); });
   }
 
   // Rooms behind rooms, in rounds: one round joins rooms with those that the round before reached.
   void joinToNeighbors(const std::vector<const Area*>& rooms, const Choose& choose) {
     std::map<std::string, std::vector<const Area*>> beside;
     for (const Area* room : rooms)
-      for (const Neighbor& one : neighborsOf(*room)) beside[one.id].push_back(room);
+      for (const RoomNeighbors::Neighbor& one : neighbors_.of(*room))
+        beside[one.id].push_back(room);
     std::vector<const Area*> next = rooms;
     while (!next.empty()) {
       newlyReached_.clear();
@@ -226,11 +223,11 @@ class Guess {
   AreaIndex walkable_;
   AreaIndex rooms_;
   AreaIndex contents_;
+  Entrances entrances_;
   std::map<std::string, std::vector<std::string>> joined_;  // areas by area, through doors
   std::set<std::string> reached_;                           // areas, from walkways
   std::vector<std::string> newlyReached_;
-  std::map<const Area*, std::unique_ptr<const Space>> openSpaces_;
-  std::map<const Area*, std::vector<Neighbor>> neighbors_;
+  RoomNeighbors neighbors_;
   std::vector<Door> doors_;
 };
 

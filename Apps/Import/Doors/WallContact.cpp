@@ -12,26 +12,7 @@ namespace {
 
 constexpr double sampleStep = 0.2;
 constexpr double narrowestDoor = 0.6;
-
-// Walls of the room; neighboring ones in the same direction are one.
-std::vector<Segment> straightWalls(const Shape& shape) {
-  std::vector<Segment> walls;
-  for (const Segment& border : bordersOf(shape)) {
-    if (!walls.empty() && package::distance(walls.back().b, border.a) == 0.0) {
-      const Point before = walls.back().b - walls.back().a;
-      const Point after = border.b - border.a;
-      constexpr double sameDirection = 0.05;
-      if (std::abs(package::cross(before, after)) <
-              sameDirection * package::length(before) * package::length(after) &&
-          package::dot(before, after) > 0.0) {
-        walls.back().b = border.b;
-        continue;
-      }
-    }
-    walls.push_back(border);
-  }
-  return walls;
-}
+constexpr double usualWidth = 1.0;
 
 // The longest part of one wall behind which all samples are.
 WallContact contactOf(const Segment& wall, const Behind& behind) {
@@ -57,6 +38,25 @@ WallContact contactOf(const Segment& wall, const Behind& behind) {
 
 }  // namespace
 
+std::vector<Segment> straightWalls(const Shape& shape) {
+  std::vector<Segment> walls;
+  for (const Segment& border : bordersOf(shape)) {
+    if (!walls.empty() && package::distance(walls.back().b, border.a) == 0.0) {
+      const Point before = walls.back().b - walls.back().a;
+      const Point after = border.b - border.a;
+      constexpr double sameDirection = 0.05;
+      if (std::abs(package::cross(before, after)) <
+              sameDirection * package::length(before) * package::length(after) &&
+          package::dot(before, after) > 0.0) {
+        walls.back().b = border.b;
+        continue;
+      }
+    }
+    walls.push_back(border);
+  }
+  return walls;
+}
+
 std::optional<WallContact> longestContact(const Shape& room, const Behind& behind) {
   WallContact best;
   for (const Segment& wall : straightWalls(room)) {
@@ -66,6 +66,20 @@ std::optional<WallContact> longestContact(const Shape& room, const Behind& behin
   }
   if (best.length() < narrowestDoor) return {};
   return best;
+}
+
+Door guessedDoor(const Area& room, const WallContact& contact) {
+  Door door;
+  door.id = room.id + "/door";
+  door.source = room.source;
+  door.level = room.level;
+  door.position = (contact.from + contact.to) * 0.5;
+  door.width = std::min(contact.length(), usualWidth);
+  const Point half = (contact.to - contact.from) * (*door.width / contact.length() / 2.0);
+  door.line = {door.position - half, door.position + half};
+  door.guessed = true;
+  door.areas = {room.id};
+  return door;
 }
 
 }  // namespace orivanta::importer

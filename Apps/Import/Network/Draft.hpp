@@ -41,6 +41,9 @@ struct Draft {
     nodes.push_back(std::move(node));
     return static_cast<std::uint32_t>(nodes.size() - 1);
   }
+  std::uint32_t addNode(Point position, NodeKind kind, std::string id, std::string of) {
+    return addNode({position, kind, std::move(id), std::move(of), 0.0, 0.0, 0.0, {}});
+  }
   std::uint32_t addWay(Point position) {
     return addNode({position, NodeKind::way, {}, {}, 0.0, 0.0, 0.0, {}});
   }

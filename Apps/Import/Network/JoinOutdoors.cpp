@@ -15,15 +15,15 @@
 #include "Apps/Import/Geometry/AreaIndex.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
 #include "Apps/Import/MakeFinding.hpp"
-#include "Apps/Import/Network/OuterBorder.hpp"
+#include "Apps/Import/Network/OutdoorCorners.hpp"
+#include "Apps/Import/Network/OutdoorExits.hpp"
 
 namespace orivanta::importer {
 
 namespace {
 
 constexpr double longest = 150.0;  // meters
-constexpr double groundHeight = 0.5;
-constexpr std::size_t mostExits = 2'000;
+constexpr double longestRound = 250.0;
 constexpr std::size_t mostNeighbors = 40;
 
 class OutdoorJoiner {
@@ -34,8 +34,7 @@ class OutdoorJoiner {
         parts_(building.network.nodes.size()),
         walls_(groundWalls(), 0.0) {
     findParts();
-    findExits();
-    guessExits();
+    exits_ = outdoorExits(building, parts_, withPlaces_);
   }
 
   void run() {
@@ -43,7 +42,7 @@ class OutdoorJoiner {
     std::vector<Candidate> candidates;
     std::vector<Segment> points;
     points.reserve(exits_.size());
-    for (const Exit& exit : exits_) points.push_back({exit.position, exit.position});
+    for (const OutdoorExit& exit : exits_) points.push_back({exit.position, exit.position});
     const SegmentGrid grid(points, 0.0);
     for (std::size_t i = 0; i < exits_.size(); ++i) {
       std::vector<Candidate> near;
@@ -57,31 +56,19 @@ class OutdoorJoiner {
     }
     std::sort(candidates.begin(), candidates.end());
     for (const auto& [length, from, to] : candidates)
-      if (partOf(from) != partOf(to) && isFree(exits_[from].position, exits_[to].position))
-        join(exits_[from], exits_[to], length);
+      if (partOf(from) != partOf(to) &&
+          isFreeOutdoors(walls_, exits_[from].position, exits_[to].position))
+        join(exits_[from], exits_[to], {}, length);
+    joinRoundCorners();
   }
 
  private:
-  struct Exit {
-    std::size_t node = 0;  // of the network; of a guessed exit, that from which it is reached
-    Point position;
-    bool isGuessed = false;
-  };
-
   std::size_t partOf(std::size_t exit) { return parts_.find(exits_[exit].node); }
-
-  bool isOnGround(double level) const {
-    return std::any_of(building_.storeys.begin(), building_.storeys.end(),
-                       [&](const Storey& storey) {
-                         return storey.ordinal == level &&
-                                std::abs(storey.elevation.value_or(level * 4.0)) < groundHeight;
-                       });
-  }
 
   std::vector<Segment> groundWalls() const {
     std::vector<Segment> walls;
     for (const Area& area : building_.areas)
-      if (isOnGround(area.level) && !isConnector(area.kind))
+      if (isOnGround(building_, area.level) && !isConnector(area.kind))
         for (const Segment& border : bordersOf(area.shape)) walls.push_back(border);
     return walls;
   }
@@ -101,64 +88,8 @@ class OutdoorJoiner {
         withPlaces_.insert(parts_.find(i));
   }
 
-  void findExits() {
-    const auto& [nodes, edges] = building_.network;
-    std::vector<bool> isJoined(nodes.size());
-    for (const Edge& edge : edges) isJoined[edge.from] = isJoined[edge.to] = true;
-    std::set<std::string> entrances;
-    for (const Door& door : building_.doors)
-      if (door.kind == DoorKind::entrance && door.access == Access::everybody)
-        entrances.insert(door.id);
-    for (std::size_t i = 0; i < nodes.size() && exits_.size() < mostExits; ++i) {
-      const bool isEntrance =
-          nodes[i].kind == NodeKind::door && isJoined[i] && entrances.contains(nodes[i].of);
-      const bool isHead = nodes[i].kind == NodeKind::boarding && !isJoined[i];
-      if ((isEntrance || isHead) && isOnGround(nodes[i].level) &&
-          withPlaces_.contains(parts_.find(i)))
-        exits_.push_back({i, nodes[i].position});
-    }
-  }
-
-  // Parts without exits may get one where their way ends at the outside, or else where it is
-  // nearest to the outside.
-  void guessExits() {
-    const std::vector<Node>& nodes = building_.network.nodes;
-    std::set<std::size_t> withExits;
-    for (std::size_t i = 0; i < exits_.size(); ++i) withExits.insert(partOf(i));
-    std::vector<int> lines(nodes.size());
-    for (const Edge& edge : building_.network.edges) {
-      ++lines[edge.from];
-      ++lines[edge.to];
-    }
-    std::set<std::size_t> withEnds;                       // parts
-    std::map<std::size_t, std::pair<double, Exit>> best;  // by part, where no way ends
-    for (const Storey& storey : building_.storeys) {
-      if (!isOnGround(storey.ordinal)) continue;
-      const Space space(walkableSpace(building_, storey.ordinal));
-      const AreaIndex areas(building_, storey.ordinal, [](const Area&) { return true; });
-      for (std::size_t i = 0; i < nodes.size(); ++i) {
-        if (nodes[i].kind != NodeKind::way || nodes[i].level != storey.ordinal) continue;
-        const std::size_t part = parts_.find(i);
-        if (withExits.contains(part) || !withPlaces_.contains(part)) continue;
-        const auto border = outerBorder(space, areas, nodes[i].position);
-        if (!border) continue;
-        const Exit exit{i, *border, true};
-        if (lines[i] == 1 && exits_.size() < mostExits) {
-          exits_.push_back(exit);
-          withEnds.insert(part);
-          continue;
-        }
-        const double away = package::distance(*border, nodes[i].position);
-        const auto [entry, isNew] = best.try_emplace(part, away, exit);
-        if (!isNew && away < entry->second.first) entry->second = {away, exit};
-      }
-    }
-    for (const auto& [part, exit] : best)
-      if (!withEnds.contains(part)) exits_.push_back(exit.second);
-  }
-
   // Of a guessed exit, makes an entrance.
-  std::size_t nodeOf(const Exit& exit) {
+  std::size_t nodeOf(const OutdoorExit& exit) {
     if (!exit.isGuessed) return exit.node;
     const Node inner = building_.network.nodes[exit.node];
     Door door;
@@ -177,25 +108,59 @@ class OutdoorJoiner {
     return nodes.size() - 1;
   }
 
-  // Exits lie at the borders of areas.
-  bool isFree(Point from, Point to) const {
-    const double length = package::distance(from, to);
-    constexpr double atExit = 1.0;
-    if (length <= 2.0 * atExit) return true;
-    const Point part = (to - from) * (atExit / length);
-    const Segment line{from + part, to - part};
-    return !walls_.anyAlong(line, [&](std::size_t i) {
-      const Segment& wall = walls_.segments()[i];
-      return package::cross(line.a, line.b, wall.a, wall.b);
-    });
+  // Joins what no straight line joins, the smaller part with the one that is nearest to it.
+  void joinRoundCorners() {
+    std::set<std::size_t> parts;
+    for (std::size_t i = 0; i < exits_.size(); ++i) parts.insert(partOf(i));
+    if (parts.size() < 2) return;
+    Shape ground;
+    for (const Area& area : building_.areas)
+      if (isOnGround(building_, area.level)) ground = joined(std::move(ground), area.shape);
+    OutdoorCorners corners(ground, walls_);
+    std::map<std::size_t, std::size_t> sizes;
+    for (const auto& set : parts_.all()) sizes[set.front()] = set.size();
+    std::vector<std::pair<std::size_t, std::size_t>> bySize;  // with a node of each part
+    for (const std::size_t part : parts) bySize.emplace_back(sizes[part], part);
+    std::sort(bySize.begin(), bySize.end());
+    bySize.pop_back();
+    for (const auto& [size, part] : bySize) {
+      std::vector<std::size_t> own;
+      std::vector<std::size_t> others;
+      for (std::size_t i = 0; i < exits_.size(); ++i)
+        (partOf(i) == parts_.find(part) ? own : others).push_back(i);
+      if (others.empty()) continue;
+      const auto way = corners.shortest(positionsOf(own), positionsOf(others), longestRound);
+      if (way) join(exits_[own[way->from]], exits_[others[way->to]], way->bends, way->length);
+    }
   }
 
-  void join(const Exit& one, const Exit& other, double length) {
+  std::vector<Point> positionsOf(const std::vector<std::size_t>& exits) const {
+    std::vector<Point> positions;
+    positions.reserve(exits.size());
+    for (const std::size_t i : exits) positions.push_back(exits_[i].position);
+    return positions;
+  }
+
+  void join(const OutdoorExit& one, const OutdoorExit& other, const std::vector<Point>& bends,
+            double length) {
     parts_.join(one.node, other.node);
-    const std::size_t from = nodeOf(one);
+    std::size_t from = nodeOf(one);
     const std::size_t to = nodeOf(other);
+    const std::size_t start = from;
+    for (const Point bend : bends) {
+      const Node& exit = building_.network.nodes[start];
+      Node node{fmt::format("{}/round/{}", exit.id, ++bends_[exit.id]),
+                NodeKind::way,
+                exit.level,
+                bend,
+                {},
+                0.0};
+      building_.network.nodes.push_back(std::move(node));
+      building_.network.edges.push_back({from, building_.network.nodes.size() - 1, false});
+      from = building_.network.nodes.size() - 1;
+    }
     building_.network.edges.push_back({from, to, false});
-    const Node& first = building_.network.nodes[from];
+    const Node& first = building_.network.nodes[start];
     const Node& second = building_.network.nodes[to];
     findings_.add(makeFinding(
         Severity::info, "joined-outdoors", first.of, {first.level, first.position},
@@ -203,7 +168,8 @@ class OutdoorJoiner {
              "Nothing is drawn between {} and {}, {:.0f} m away, and nothing else joins these two "
              "parts of the building.",
              first.of, second.of, length),
-         .effect = "Routes between the two parts lead straight across.",
+         .effect = bends.empty() ? "Routes between the two parts lead straight across."
+                                 : "Routes between the two parts lead round the outside.",
          .advice = "Draw the way between them."}));
   }
 
@@ -211,8 +177,9 @@ class OutdoorJoiner {
   Findings& findings_;
   DisjointSets parts_;
   std::set<std::size_t> withPlaces_;  // parts
-  std::vector<Exit> exits_;
+  std::vector<OutdoorExit> exits_;
   SegmentGrid walls_;
+  std::map<std::string, std::size_t> bends_;  // by the exit from which they were made
 };
 
 }  // namespace

@@ -13,8 +13,10 @@
 #include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Geometry/InnerPoint.hpp"
 #include "Apps/Import/Network/Attach.hpp"
+#include "Apps/Import/Network/LooseSpots.hpp"
 #include "Apps/Import/Network/MainLines.hpp"
 #include "Apps/Import/Network/Obstacles.hpp"
+#include "Apps/Import/Network/OneWayStops.hpp"
 #include "Apps/Import/Network/Rooms.hpp"
 #include "Apps/Import/Network/Shortcuts.hpp"
 #include "Apps/Import/Network/Sight.hpp"
@@ -62,14 +64,15 @@ class Maker {
     if (!source_) coverSpace(shape_, space_, draft_, attach);
     attach.finish();
     rooms_.finish(draft_);
-    if (source_) joinSpotsBesideSource();
+    if (source_) joinSpotsToSource(*source_, spotReach, draft_);
     if (!source_) {
       addShortcuts(space_, draft_);
       joinCrossings(draft_);
       mergeNearNodes(space_, draft_);
       avoidObstacles(draft_, space_, ways_);
     }
-    orientStops();
+    joinSpotsToStops(building_, level_, spotReach, draft_);
+    orientStops(entered_, draft_);
     removeUnused(draft_);
     weighStaffOnly(building_, level_, walkable_, draft_);
     return std::move(draft_);
@@ -98,7 +101,7 @@ class Maker {
         draft_.nodes[*node].of = door.id;
         return *node;
       }
-    return draft_.addNode({door.position, NodeKind::door, door.id, door.id, 0.0, 0.0, 0.0, {}});
+    return draft_.addNode(door.position, NodeKind::door, door.id, door.id);
   }
 
   void addDoors() {
@@ -158,8 +161,8 @@ class Maker {
       if (connector.access == Access::staff) draft_.nodes[*known].weight = staffWeight;
       return;
     }
-    const std::uint32_t node = draft_.addNode(
-        {stop.spot.position, NodeKind::boarding, std::move(id), connector.id, 0.0, 0.0, 0.0, {}});
+    const std::uint32_t node =
+        draft_.addNode(stop.spot.position, NodeKind::boarding, std::move(id), connector.id);
     if (connector.access == Access::staff) draft_.nodes[node].weight = staffWeight;
     if (!bothWays) entered_.emplace(node, stop.enter);
     if (known)
@@ -192,27 +195,10 @@ class Maker {
         // What stands at a wall or is an obstacle itself is reached beside it.
         if (!space_.contains(position) && rooms_.at(position) == nullptr)
           position = space_.foot(position, spotReach, nodeClearance).value_or(position);
-        join(draft_.addNode({position,
-                             NodeKind::spot,
-                             fmt::format("{}/{}", place.id, count),
-                             place.id,
-                             0.0,
-                             0.0,
-                             0.0,
-                             {}}),
+        join(draft_.addNode(position, NodeKind::spot, fmt::format("{}/{}", place.id, count),
+                            place.id),
              spotReach);
       }
-    }
-  }
-
-  // Places in rooms of which no way leads to them, such as a ticket gate in the door of a room.
-  void joinSpotsBesideSource() {
-    std::vector<bool> joined(draft_.nodes.size());
-    for (const DraftEdge& edge : draft_.edges) joined[edge.from] = joined[edge.to] = true;
-    for (std::uint32_t i = 0; i < joined.size(); ++i) {
-      if (joined[i] || draft_.nodes[i].kind != NodeKind::spot) continue;
-      if (const auto node = source_->nodeAt(draft_.nodes[i].position, spotReach))
-        draft_.addEdge(i, *node, true);
     }
   }
 
@@ -222,22 +208,8 @@ class Maker {
       if (area.level != level_ || area.place.empty() || !walkable_.contains(area.id)) continue;
       const Shape open = common(area.shape, shape_);
       if (open.empty()) continue;
-      join(
-          draft_.addNode({innerPoint(open), NodeKind::inside, area.id, area.id, 0.0, 0.0, 0.0, {}}),
-          spotReach);
+      join(draft_.addNode(innerPoint(open), NodeKind::inside, area.id, area.id), spotReach);
     }
-  }
-
-  // Connectors that run in one direction are only entered or only left.
-  void orientStops() {
-    const auto orient = [](DraftEdge& edge, std::uint32_t node, bool entered) {
-      if ((edge.to == node) != entered) std::swap(edge.from, edge.to);
-      edge.oneWay = true;
-    };
-    for (DraftEdge& edge : draft_.edges)
-      for (const std::uint32_t end : {edge.from, edge.to})
-        if (const auto stop = entered_.find(end); stop != entered_.end() && !edge.oneWay)
-          orient(edge, end, stop->second);
   }
 
   const Building& building_;

@@ -8,6 +8,7 @@
 #include "Apps/Import/Connectors/FromLines.hpp"
 #include "Apps/Import/Findings.hpp"
 #include "Apps/Import/Geometry/SegmentGrid.hpp"
+#include "Apps/Import/Report/ReviewPlaces.hpp"
 #include "Apps/Import/Report/Summary.hpp"
 #include "Apps/Import/Stages.hpp"
 
@@ -227,6 +228,7 @@ class Reviewer {
 
 void reviewBuilding(const Building& building, Findings& findings) {
   Reviewer(building, findings).review();
+  reviewPlaces(building, findings);
 }
 
 }  // namespace orivanta::importer

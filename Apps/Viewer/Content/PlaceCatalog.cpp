@@ -6,10 +6,10 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <tuple>
 #include <utility>
 
 #include "Apps/Viewer/Content/KindGroups.hpp"
+#include "Apps/Viewer/Content/KindLookup.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Platform/Foundation/Sorting.hpp"
 #include "Source/Category.hpp"
@@ -47,25 +47,6 @@ bool comesBefore(const SortedPlace& left, const SortedPlace& right) {
   if (left.name == right.name) return left.elevation < right.elevation;
   return nameComesBefore(left.name, right.name);
 }
-
-// Determines each kind only once for all places that have the same type and categories.
-class KindLookup {
- public:
-  explicit KindLookup(const KindWords& words) : words_(words) {}
-
-  PlaceKind of(const Location& place) {
-    Key key{dynamic_cast<const Vortex*>(&place) != nullptr, place.type.value_or(""), {}};
-    for (const auto& category : place.categories) std::get<2>(key).push_back(category.get());
-    const auto known = kinds_.find(key);
-    if (known != kinds_.end()) return known->second;
-    return kinds_.emplace(std::move(key), words_.kindOf(place)).first->second;
-  }
-
- private:
-  using Key = std::tuple<bool, std::string, std::vector<const Category*>>;
-  const KindWords& words_;
-  std::map<Key, PlaceKind> kinds_;
-};
 
 // Collects the places of each group of kinds; the last entry is for those of no kind.
 class Collector {

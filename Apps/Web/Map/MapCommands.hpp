@@ -26,7 +26,6 @@ namespace orivanta::web {
 /// - `marker`: `number`, `place` or `position` and `floor`, `text`, `color`; `removeMarker`: a
 /// number
 /// - `position`: `floor`, `position`, `accuracy` (meters), `heading`, or null; `follow`
-/// - `redrawTexts`
 ///
 /// The state has `floor`, `stacked`, `follow`, `loaded`, `ready`, `pose` (as above), `target` (the
 /// pose at the end of an animation) and `pointsPerUnit` (in the middle of the canvas).

@@ -56,6 +56,7 @@ void MapFloors::floorChanged(const FloorProgress& floor) {
   if (!floor.problem.empty())
     events_.report("problem", {{"kind", "floor"}, {"floor", index}, {"text", floor.problem}});
   const bool isLost = floor.state == FloorState::failed || floor.state == FloorState::withoutModel;
+  if (isLost && othersNeeded) othersNeeded();
   if (isLost && floor.map == awaited_) {
     awaited_ = nullptr;
     then_ = nullptr;
@@ -84,7 +85,10 @@ void MapFloors::firstFloorLoaded() {
 void MapFloors::show(const std::shared_ptr<Map>& floor) {
   const auto then = floor == awaited_ ? then_ : nullptr;
   awaited_ = isLoaded_ && floor->mapObject ? nullptr : floor;
-  if (awaited_) return;
+  if (awaited_) {
+    if (othersNeeded) othersNeeded();
+    return;
+  }
   then_ = nullptr;
   if (floor != mapView_->currentMap()) {
     mapView_->changeMap(floor);

@@ -27,6 +27,9 @@ class MapFloors {
   /// Called when another floor is shown, before it is reported.
   std::function<void()> changed;
 
+  /// Called when a floor other than the first one is asked for, or the first one cannot be shown.
+  std::function<void()> othersNeeded;
+
   /// Starts to load all floors, this one first. Also used after a failure.
   void load(const std::shared_ptr<Map>& first);
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "Apps/Web/Map/PageDownloader.hpp"
 #include "Apps/Web/Map/PageFunctions.hpp"
 #include "Platform/Foundation/Screen.hpp"
 #include "Platform/View/ImageView.hpp"
@@ -40,18 +39,20 @@ MapHost::MapHost(int number, LoadedVenue& venue, std::unique_ptr<render::CanvasS
       surface_(std::move(surface)),
       renderer_(std::make_unique<render::Renderer>()),
       mapView_(MapView::make()),
+      downloader_(std::make_shared<PageDownloader>()),
       style_(MapStyle::make()),
       input_(mapView_),
       floors_(mapView_, events_, [this](const auto& floor) { return venue_.indexOf(floor); }),
       route_(mapView_),
       markers_(mapView_) {
   mapView_->venue = venue.sharedVenue();
-  mapView_->downloader = std::make_shared<PageDownloader>();
+  mapView_->downloader = downloader_;
   mapView_->allowsSimultaneousGestures = true;
   style_->setFurniture(look_.furniture);
   mapView_->setStyle(style_);
   style_->tapped = [this](const MapTap& tap) { tapped(tap); };
   floors_.changed = [this] { floorChanged(); };
+  floors_.othersNeeded = [this] { loadOtherFloors(); };
 }
 
 // What is drawn is released while its context is current.
@@ -64,6 +65,8 @@ MapHost::~MapHost() {
 
 void MapHost::load(std::shared_ptr<Map> first) {
   if (!first) first = MapStyle::firstFloor(venue_.venue(), style_->theme()->words);
+  loadOtherFloors();
+  if (first && !floors_.isLoaded()) downloader_->hold(venue_.venue(), *first);
   floors_.load(first);
 }
 
@@ -120,7 +123,9 @@ void MapHost::reportChanges() {
   }
   if (const bool isReady = style_->isReady(); isReady != isReady_) {
     isReady_ = isReady;
-    if (isReady) events_.report("ready");
+    if (!isReady) return;
+    loadOtherFloors();
+    events_.report("ready");
   }
 }
 

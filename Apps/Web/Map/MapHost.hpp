@@ -11,6 +11,7 @@
 #include "Apps/Web/Map/MapLook.hpp"
 #include "Apps/Web/Map/MapMarkers.hpp"
 #include "Apps/Web/Map/MapRoute.hpp"
+#include "Apps/Web/Map/PageDownloader.hpp"
 #include "Platform/Foundation/Result.hpp"
 #include "Platform/Render/Renderer.hpp"
 #include "Platform/Render/WebCanvas/CanvasSurface.hpp"
@@ -38,6 +39,9 @@ class MapHost : public MapViewDelegate {
 
   /// Starts to load the floors, this one first, or if it is null, the one where most places are.
   void load(std::shared_ptr<Map> first);
+
+  /// Loads the floors that wait until the first one is drawn completely.
+  void loadOtherFloors() { downloader_->release(); }
 
   /// Draws a frame and returns whether another one is needed. `time`: seconds; increases.
   void frame(const CanvasSize& canvas, double time);
@@ -91,6 +95,7 @@ class MapHost : public MapViewDelegate {
   const std::unique_ptr<render::CanvasSurface> surface_;
   std::unique_ptr<render::Renderer> renderer_;  // null while the context is lost
   const std::shared_ptr<MapView> mapView_;
+  const std::shared_ptr<PageDownloader> downloader_;
   const std::shared_ptr<MapStyle> style_;
   MapInput input_;
   MapFloors floors_;

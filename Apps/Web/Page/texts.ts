@@ -32,12 +32,14 @@ export class Texts {
   readonly isRightToLeft: boolean;
   readonly #messages: Readonly<Record<string, string | readonly string[]>>;
   readonly #forms: Intl.PluralRules;
+  readonly #numbers: Intl.NumberFormat;
 
   private constructor(language: string, messages: Record<string, string | string[]>) {
     this.language = language;
     this.isRightToLeft = language === "ar";
     this.#messages = messages;
     this.#forms = new Intl.PluralRules(language);
+    this.#numbers = new Intl.NumberFormat(language === "ar" ? "ar-u-nu-latn" : language);
   }
 
   /** Loads the messages of a language. */
@@ -60,7 +62,7 @@ export class Texts {
 
   /** Returns a number with the separators of the language. */
   number(value: number): string {
-    return value.toLocaleString(this.language === "ar" ? "ar-u-nu-latn" : this.language);
+    return this.#numbers.format(value);
   }
 
   // Message files have the forms in the order of these categories, and languages with a form for all large

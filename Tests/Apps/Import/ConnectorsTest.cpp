@@ -206,13 +206,22 @@ TEST(Connectors, FlightsEndOnThePathsThatTheyContinue) {
   lift.id = lift.source = "bend";
   lift.spots = {{0, {30, 15}}, {2, {30, 15}}};
   building.connectorHints.push_back(lift);
+  ConnectorHint indoors = lift;
+  indoors.id = indoors.source = "hall";
+  indoors.spots = {{0, {19, 15}}, {2, {19, 15}}};
+  building.connectorHints.push_back(indoors);
+  // A second flight on the storey where the first ends.
+  addLine(LineKind::steps, {1}, {{30, 5}, {36, 5}}, {"top", "street"});
   Findings findings;
   makeConnectors(building, {}, findings);
-  EXPECT_EQ(findings.countOf("connector-level-contradicted"), 3U);
-  ASSERT_EQ(building.connectors.size(), 2U);
-  EXPECT_EQ(building.connectors[0].stops.back().spot.level, 1.0);
-  // Nobody knows which level of the elevator is wrong.
+  EXPECT_EQ(findings.countOf("connector-level-contradicted"), 5U);
+  ASSERT_EQ(building.connectors.size(), 3U);
+  ASSERT_EQ(building.connectors[0].stops.size(), 3U);
+  EXPECT_EQ(building.connectors[0].stops[1].spot.level, 1.0);
+  EXPECT_EQ(building.connectors[0].stops[2].spot.position.x, 36.0);
+  // Nobody knows which level of the elevator outdoors is wrong.
   EXPECT_EQ(building.connectors[1].stops.back().spot.level, 2.0);
+  EXPECT_EQ(building.connectors[2].stops.back().spot.level, 1.0);
 }
 
 TEST(Connectors, OfLinksEndWherePeopleWalkOn) {

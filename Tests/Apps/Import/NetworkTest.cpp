@@ -192,37 +192,6 @@ TEST(ImportNetwork, KeepsVisitorsOutOfWhatIsForStaffOrNobody) {
     EXPECT_TRUE(node.id != "door1" && node.id != "T" && node.of != "") << node.id;
 }
 
-TEST(ImportNetwork, JoinsBuildingsOutdoorsIfNothingIsBetween) {
-  for (const auto& [row, isJoined] :
-       {std::pair("AA....+      +....BB", true), std::pair("AA....+  CC  +....BB", false),
-        std::pair("AA.....      +....BB", true)}) {
-    Plan plan({row, "AA....          ..BB"});
-    plan.building.storeys.emplace_back();
-    plan.make();
-    joinStoreys(plan.building, {}, plan.findings);
-    EXPECT_EQ(plan.findings.countOf("joined-outdoors"), isJoined ? 1U : 0U);
-    EXPECT_EQ(plan.way("A", "B") > 0.0, isJoined);
-  }
-}
-
-// Nothing to walk on is drawn: the rest of the storey, or the outside.
-TEST(ImportNetwork, ReachesRoomsWithoutWalkways) {
-  const std::vector<std::string> rows{"AAAA    BBBB", "AAAA    BBBB", "            ",
-                                      "CCCC        "};
-  for (const bool hasOutline : {true, false}) {
-    Plan plan(rows);
-    plan.building.storeys.emplace_back();
-    if (hasOutline)
-      plan.building.storeys.back().footprint = {{package::rectangle(0, 0, 12, 4), {}}};
-    plan.make();
-    joinStoreys(plan.building, {}, plan.findings);
-    EXPECT_EQ(plan.findings.countOf("walkway-missing"), hasOutline ? 1U : 0U);
-    EXPECT_EQ(plan.findings.countOf("joined-outdoors"), hasOutline ? 0U : 2U);
-    EXPECT_GT(plan.way("A", "B"), 0.0);
-    EXPECT_GT(plan.way("B", "C"), 0.0);
-  }
-}
-
 TEST(ImportNetwork, DoublesAndScribblesAreReported) {
   Plan plan({"AAAA######", "AAAA######", "..........", ".........."});
   std::mt19937 random(1);

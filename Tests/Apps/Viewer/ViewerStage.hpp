@@ -106,14 +106,13 @@ class ViewerStage {
     throw std::runtime_error("no place " + id);
   }
 
+  /// Draws the viewer with one renderer for all pictures, as a window does.
   std::shared_ptr<const graphics::Image> picture() {
     viewer.advance(time += 0.1);
-    const auto made = render::OffscreenSurface::make(static_cast<std::uint32_t>(size.width),
-                                                     static_cast<std::uint32_t>(size.height));
-    const auto& surface = made.value();
-    render::Renderer renderer;
-    renderer.render(*viewer.root(), size, 1, time, surface->framebuffer());
-    return surface->read();
+    if (!drawing_ || !(drawing_->size == size)) drawing_ = std::make_unique<Drawing>(size);
+    drawing_->surface->makeCurrent();
+    drawing_->renderer.render(*viewer.root(), size, 1, time, drawing_->surface->framebuffer());
+    return drawing_->surface->read();
   }
 
   /// Plans a route between two places and waits for it, or for the reason why there is none.
@@ -134,6 +133,24 @@ class ViewerStage {
   DiagnosticLines quiet;
   double time = 0;
   viewer::Viewer viewer;
+
+ private:
+  struct Drawing {
+    explicit Drawing(graphics::Size drawnSize)
+        : size(drawnSize),
+          surface(render::OffscreenSurface::make(static_cast<std::uint32_t>(size.width),
+                                                 static_cast<std::uint32_t>(size.height))
+                      .value()) {}
+    ~Drawing() { surface->makeCurrent(); }  // for the renderer's destructor
+    Drawing(const Drawing&) = delete;
+    Drawing& operator=(const Drawing&) = delete;
+
+    const graphics::Size size;
+    const std::unique_ptr<render::OffscreenSurface> surface;
+    render::Renderer renderer;
+  };
+
+  std::unique_ptr<Drawing> drawing_;
 };
 
 /// Closing a window would unload the driver, and the leak checker could then no longer follow the

@@ -1,7 +1,7 @@
 // The instance of the module that all elements of a page share. It is released with the last of them.
 
-import type { WasmSource } from "../engine.js";
 import { Orivanta } from "../orivanta.js";
+import type { WasmSource } from "../wasm.js";
 
 interface Shared {
   readonly started: Promise<Orivanta>;

@@ -1,29 +1,9 @@
 // What an element shows: the canvas, the floors, and a text with a button in place of the map.
 
-const dark = "color: #f2f2f5; background: #17191d; --shade: rgb(32 34 39 / 92%);";
-const css = `
-:host { display: block; position: relative; min-height: 12rem; overflow: hidden; contain: content;
-  font: 1rem/1.4 system-ui, sans-serif; color: #1c1b1f; background: #eceef1; --shade: rgb(255 255 255 / 92%); }
-:host([hidden]) { display: none; }
-:host([theme="dark"]) { ${dark} }
-@media (prefers-color-scheme: dark) { :host(:not([theme="light"], [theme="plain"])) { ${dark} } }
-canvas { position: absolute; inset: 0; inline-size: 100%; block-size: 100%; outline-offset: -3px; }
-[hidden] { display: none !important; }
-[part="floors"] { position: absolute; inset-block-start: .75rem; inset-inline-end: .75rem; max-block-size: calc(100% - 1.5rem);
-  overflow: auto; display: flex; flex-direction: column-reverse; border-radius: .75rem; background: var(--shade);
-  box-shadow: 0 1px 4px rgb(0 0 0 / 30%); }
-button { font: inherit; color: inherit; background: none; border: 0; border-radius: .75rem; min-inline-size: 2.75rem;
-  min-block-size: 2.75rem; padding: 0 .5rem; cursor: pointer; }
-[part="floors"] button { flex: none; }
-button[aria-pressed="true"] { color: #fff; background: #0b57d0; }
-button:focus-visible, canvas:focus-visible { outline: 3px solid #0b57d0; }
-[part="message"] { position: absolute; inset: 0; display: flex; flex-direction: column; align-items: center;
-  justify-content: center; gap: .75rem; padding: 1rem; text-align: center; }
-[part="message"] button { border: 1px solid currentcolor; padding: 0 1rem; }
-[part="note"] { position: absolute; inset-inline: .75rem; inset-block-end: .75rem; margin: 0; inline-size: fit-content;
-  padding: .5rem .75rem; border-radius: .75rem; background: var(--shade); }
-progress { inline-size: min(16rem, 80%); }
-`;
+import { releaseContext } from "../platform/surfaces.js";
+import { css } from "./style.js";
+
+const hintMilliseconds = 2000;
 
 let sheet: CSSStyleSheet | undefined;
 
@@ -44,8 +24,10 @@ export class Parts {
   readonly #progress = document.createElement("progress");
   readonly #retry = document.createElement("button");
   readonly #note = document.createElement("p");
+  readonly #hint = document.createElement("p");
   readonly #root: ShadowRoot;
   #canvas: HTMLCanvasElement | null = null;
+  #hintTimer: ReturnType<typeof setTimeout> | undefined;
   #hadFocus = false; // the canvas or a floor that was removed
 
   constructor(root: ShadowRoot, retry: () => void) {
@@ -62,13 +44,16 @@ export class Parts {
     this.#retry.type = "button";
     this.#retry.addEventListener("click", retry);
     this.#message.append(this.#text, this.#progress, this.#retry);
-    root.append(this.#floors, this.#note, this.#message);
+    // For those who see and touch the map; the keyboard needs no hint.
+    this.#hint.setAttribute("part", "hint");
+    this.#hint.setAttribute("aria-hidden", "true");
+    root.append(this.#floors, this.#note, this.#hint, this.#message);
     this.#floors.hidden = this.#note.hidden = this.#message.hidden = true;
   }
 
   /** Sets the language of all texts: the tag of a language. */
   setLanguage(language: string): void {
-    for (const part of [this.#message, this.#note, this.#floors]) {
+    for (const part of [this.#message, this.#note, this.#hint, this.#floors]) {
       part.lang = language;
       part.dir = language === "ar" ? "rtl" : "ltr";
     }
@@ -111,6 +96,7 @@ export class Parts {
   removeCanvas(): void {
     const focused = this.#root.activeElement;
     this.#hadFocus = focused !== null && (focused === this.#canvas || this.#floors.contains(focused));
+    if (this.#canvas) releaseContext(this.#canvas);
     this.#canvas?.remove();
     this.#canvas = null;
     this.#floors.hidden = this.#note.hidden = true;
@@ -127,6 +113,14 @@ export class Parts {
   showNote(text: string | null): void {
     this.#note.hidden = !text;
     this.#note.textContent = text;
+  }
+
+  /** Shows a text on the map for a short time. */
+  showHint(text: string): void {
+    this.#hint.textContent = text;
+    this.#hint.classList.add("shown");
+    clearTimeout(this.#hintTimer);
+    this.#hintTimer = setTimeout(() => this.#hint.classList.remove("shown"), hintMilliseconds);
   }
 
   /** Fills the floor switch, the lowest floor first. One floor needs none. */

@@ -2,10 +2,12 @@
 
 import { OrivantaError } from "../errors.js";
 import type { Guidance, GuidanceProblem, GuideRequest, ProfileName } from "../guidance.js";
-import type { MapView, ShowOptions } from "../map.js";
+import type { ShowOptions } from "../map/types.js";
+import type { MapView } from "../map/view.js";
 import type { Floor, Place } from "../records.js";
 import type { Venue } from "../venue.js";
 import type { Parts } from "./parts.js";
+import { hintOf } from "./texts.js";
 
 /** The route of an element, or why there is none; both are null if it has no start or no destination. */
 export interface ShownRoute {
@@ -21,6 +23,7 @@ export interface Wishes {
   readonly profile: string | null;
   readonly place: string | null;
   readonly theme: string | null;
+  readonly cooperative: string | null;
 }
 
 type Emit = (type: "tap" | "floor" | "route" | "error", detail: unknown) => void;
@@ -33,6 +36,8 @@ function themeOf(wishes: Wishes): NonNullable<ShowOptions["theme"]> {
   if (theme === "light" || theme === "dark" || theme === "plain") return theme;
   return dark().matches ? "dark" : "light";
 }
+
+const isCooperative = ({ cooperative }: Wishes) => cooperative !== "false";
 
 function floorOf(venue: Venue, name: string): Floor | undefined {
   return (["id", "shortName", "name"] as const).flatMap(
@@ -50,9 +55,9 @@ export function optionsOf(wishes: Wishes, venue: Venue, language: string): ShowO
   return {
     ...(floor && { floor }),
     theme: themeOf(wishes),
+    cooperative: isCooperative(wishes),
     language,
     highContrast: preferred("(prefers-contrast: more)").matches,
-    reducedMotion: preferred("(prefers-reduced-motion: reduce)").matches,
   };
 }
 
@@ -77,6 +82,7 @@ export class Shown {
       parts.markFloor(floor.id);
       emit("floor", floor);
     });
+    map.on("refused", (gesture) => parts.showHint(hintOf(gesture, language)));
     dark().addEventListener("change", () => (map.theme = themeOf(wishes)), { signal: this.#end.signal });
   }
 
@@ -95,6 +101,7 @@ export class Shown {
   apply(wishes: Wishes, changed: Set<string>): void {
     const has = (...names: (keyof Wishes)[]) => names.some((name) => changed.has(name));
     const [themes, floors, places, routes] = [has("theme"), has("floor"), has("place"), has("from", "to", "profile")];
+    if (has("cooperative")) this.map.cooperative = isCooperative(wishes);
     changed.clear();
     if (themes) this.map.theme = themeOf(wishes);
     if (routes) this.#plan(wishes);

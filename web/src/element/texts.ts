@@ -1,6 +1,7 @@
 // What an element says, in the languages of the instructions.
 
 import type { ErrorKind } from "../errors.js";
+import type { RefusedGesture } from "../map/types.js";
 import texts, { type ElementTexts } from "../element-texts.js";
 
 /** Returns the tag of the texts for a language, such as "de" for "de-AT", or "en". */
@@ -18,4 +19,11 @@ export function textsFor(language: string): ElementTexts {
 export function textOfKind(kind: ErrorKind): "refused" | "silent" | "unknown" | "failed" {
   if (kind === "refused" || kind === "notFound") return kind === "refused" ? "refused" : "unknown";
   return kind === "noAnswer" ? "silent" : "failed";
+}
+
+/** Returns how visitors move a map that leaves a gesture to the page. */
+export function hintOf(gesture: RefusedGesture, language: string): string {
+  const { fingers, wheel, control } = textsFor(language);
+  const isApple = /Mac|iPhone|iPad/.test(navigator.platform);
+  return gesture === "touch" ? fingers : wheel.replace("{key}", isApple ? "⌘" : control);
 }

@@ -58,11 +58,18 @@ export function canvasOf(width: number, height: number): Context | null {
   return context;
 }
 
-/** Reads the upper left part of the canvas and keeps it for `takePixels`, as a whole. */
-export function keepPicture(source: Context, width: number, height: number): Picture {
-  const { data } = source.getImageData(0, 0, width, height);
-  picture = { data, stride: width, left: 0, top: 0, width, height };
+/**
+ * Reads the upper left part of the canvas and keeps it for `takePixels`, as a whole. Returns null if there is not
+ * enough memory.
+ */
+export function keepPicture(source: Context, width: number, height: number): Picture | null {
   if (source.canvas.width * source.canvas.height > mostKeptPixels) context = null;
+  try {
+    const { data } = source.getImageData(0, 0, width, height);
+    picture = { data, stride: width, left: 0, top: 0, width, height };
+  } catch {
+    picture = null;
+  }
   return picture;
 }
 

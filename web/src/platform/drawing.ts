@@ -75,6 +75,5 @@ export function drawPaths(numbers: Float64Array, side: number, scale: number): b
     }
     at = end;
   }
-  keepPicture(context, side, side);
-  return true;
+  return keepPicture(context, side, side) !== null;
 }

@@ -110,6 +110,11 @@ export function useFont(context: Context, font: string): void {
   if ("fontKerning" in context) context.fontKerning = "normal";
 }
 
+/** To be called when a font was loaded: another one has stood in for it. */
+export function forgetFonts(): void {
+  heightsOfFonts.clear();
+}
+
 /** Returns the ascent and the descent of a font, for a size of 1. Browsers round them to whole pixels. */
 function heightsOf(context: Context, largeFont: string): FontHeights {
   let heights = heightsOfFonts.get(largeFont);

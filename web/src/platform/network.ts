@@ -2,6 +2,9 @@
 // PageFunctions.hpp describes the functions.
 
 import { BodyStart, hiddenLinkProblem, mayHideLink, ownOrigin } from "./hiddenLink.js";
+import { PagesAhead } from "./pagesAhead.js";
+import { RateLimit } from "./rateLimit.js";
+import { bytesOf, headOf, latin1, requestOf } from "./requestTexts.js";
 
 /** What the network code uses of the WebAssembly module. */
 export interface NetworkModule {
@@ -15,15 +18,11 @@ const head = 0;
 const body = 1;
 const problem = 2;
 
-interface Request {
-  url: string;
-  fields: [string, string][];
-}
-
 /** The functions that PageFunctions.js calls, as `Module.platform.network`. */
 export class Network {
   private readonly module: NetworkModule;
   private readonly running = new Map<number, AbortController>();
+  private readonly ahead = new PagesAhead();
 
   constructor(module: NetworkModule) {
     this.module = module;
@@ -41,6 +40,7 @@ export class Network {
   abort(request: number): void {
     this.running.get(request)?.abort();
     this.running.delete(request);
+    this.ahead.clear();
   }
 
   /** Sends a request and reports the result before the call returns. The page stands still meanwhile. */
@@ -77,8 +77,9 @@ export class Network {
       await null; // the call that starts a request never reports it
       const { url, fields } = requestOf(address);
       const headers = new Headers(fields);
-      const response = await fetch(url, { headers, credentials: "omit", signal: controller.signal });
+      const response = await this.responseTo(url, fields, controller.signal);
       limit.begin();
+      this.ahead.follow(response, fields);
       const start = mayHideLink(response) ? new BodyStart() : null;
       let hasRoom = this.give(request, head, headOf(response.url, [...response.headers]));
       const reader = response.body?.getReader();
@@ -103,6 +104,21 @@ export class Network {
     if (this.running.delete(request)) this.module._orivantaFetchEnded(request, status);
   }
 
+  // A page that was requested ahead, unless that has failed.
+  private async responseTo(url: string, fields: [string, string][], signal: AbortSignal): Promise<Response> {
+    const page = this.ahead.take(url, fields);
+    if (page) {
+      signal.addEventListener("abort", () => page.abort());
+      if (signal.aborted) page.abort();
+      try {
+        return await page.response;
+      } catch {
+        // Sent again.
+      }
+    }
+    return fetch(url, { headers: fields, credentials: "omit", signal });
+  }
+
   /** Copies bytes to the C++ code. Returns false if the request must end. */
   private give(request: number, part: number, bytes: Uint8Array): boolean {
     const room = this.module._orivantaFetchRoom(request, part, bytes.length) >>> 0;
@@ -115,95 +131,19 @@ export class Network {
   }
 }
 
-/**
- * Ends a request if too few bytes arrive within a window. The first window begins with the request,
- * and again with its response; each further one begins when the previous one ends.
- */
-class RateLimit {
-  /** Why the request was ended; empty if it was not. */
-  problem = "";
-
-  private readonly bytesPerSecond: number;
-  private readonly seconds: number;
-  private readonly controller: AbortController;
-  private bytes = 0;
-  private timer: ReturnType<typeof setInterval> | undefined;
-
-  constructor(bytesPerSecond: number, seconds: number, controller: AbortController) {
-    this.bytesPerSecond = bytesPerSecond;
-    this.seconds = Math.max(seconds, 1);
-    this.controller = controller;
-    controller.signal.addEventListener("abort", () => this.end());
-    this.begin();
-  }
-
-  begin(): void {
-    this.end();
-    this.bytes = 0;
-    this.timer = setInterval(() => this.judge(), this.seconds * 1000);
-  }
-
-  count(bytes: number): void {
-    this.bytes += bytes;
-  }
-
-  end(): void {
-    clearInterval(this.timer);
-  }
-
-  private judge(): void {
-    const isTooSlow = this.bytes < this.bytesPerSecond * this.seconds;
-    this.bytes = 0;
-    if (!isTooSlow) return;
-    this.problem = `Operation too slow. Less than ${this.bytesPerSecond} bytes/sec transferred the ` +
-      `last ${this.seconds} seconds`;
-    this.controller.abort();
-  }
-}
-
-/** Browsers reject URLs with credentials, so they are sent as a header field. */
-function requestOf([address = "", ...texts]: string[]): Request {
-  if (!/^https?:\/\/./i.test(address)) throw new TypeError(`${address} is not an http or https URL`);
-  const fields: [string, string][] = [];
-  for (let i = 0; i + 1 < texts.length; i += 2) fields.push([texts[i]!, texts[i + 1]!]);
-  const url = new URL(address);
-  const { username, password } = url;
-  url.username = url.password = "";
-  if ((username || password) && !fields.some(([name]) => /^authorization$/i.test(name))) {
-    const pair = new TextEncoder().encode(decodeURIComponent(`${username}:${password}`));
-    fields.push(["Authorization", `Basic ${btoa(latin1(pair))}`]);
-  }
-  return { url: url.href, fields };
-}
-
-/** The URL, then names and values, each ended by "\0". Header fields have a byte for each character. */
-function headOf(url: string, fields: [string, string][]): Uint8Array {
-  const texts = [url, ...fields.flat()].map((text) => `${text}\0`).join("");
-  return Uint8Array.from(texts, (letter) => letter.charCodeAt(0));
-}
-
-/** The bytes of a text that was received as "x-user-defined". */
-function bytesOf(text: string): Uint8Array {
-  const bytes = new Uint8Array(text.length);
-  for (let i = 0; i < text.length; ++i) {
-    const code = text.charCodeAt(i);
-    // The text begins with a byte order mark, which takes precedence.
-    if (code > 0x7f && (code < 0xf780 || code > 0xf7ff)) return new TextEncoder().encode(text);
-    bytes[i] = code; // the lower byte
-  }
-  return bytes;
-}
-
-function latin1(bytes: Uint8Array): string {
-  return Array.from(bytes, (byte) => String.fromCharCode(byte)).join("");
-}
-
 /** Browsers do not say that a server of another origin forbids a request. */
 function messageOf(error: unknown, address = ""): string {
   const message = (error instanceof Error && error.message) || String(error);
   const own = ownOrigin();
-  const isForeign = own && /^https?:/i.test(address) && !address.startsWith(`${own}/`);
-  return isForeign
+  return own !== undefined && isForeign(address, own)
     ? `${message} (there is no connection, or the server does not allow requests from ${own})`
     : message;
+}
+
+function isForeign(address: string, own: string): boolean {
+  try {
+    return /^https?:/i.test(address) && new URL(address).origin !== own;
+  } catch {
+    return false;
+  }
 }

@@ -33,15 +33,39 @@ function enableExtensions(context: WebGL2RenderingContext): void {
 
 // A canvas of which the page has a context of another type gets none, although the browser supports it.
 function supportsGraphics(): boolean {
-  const context = document.createElement("canvas").getContext("webgl2");
-  context?.getExtension("WEBGL_lose_context")?.loseContext();
-  return context !== null;
+  const canvas = document.createElement("canvas");
+  return canvas.getContext("webgl2") !== null && (releaseContext(canvas), true);
+}
+
+/** Browsers allow few contexts at once, and take one back only when its canvas is collected. */
+export function releaseContext(canvas: HTMLCanvasElement): void {
+  canvas.getContext("webgl2")?.getExtension("WEBGL_lose_context")?.loseContext();
 }
 
 /** The canvases, by number. */
 export class CanvasTable implements Surfaces {
   readonly #canvases = new Map<number, HTMLCanvasElement>();
   #last = 0;
+  #spare: HTMLCanvasElement | null = null;
+
+  /** Makes a canvas whose context is being made, for the next map that needs one. */
+  prepare(): void {
+    this.#spare ??= document.createElement("canvas");
+    this.#spare.getContext("webgl2", attributes);
+  }
+
+  /** Returns the prepared canvas, or a new one. */
+  take(): HTMLCanvasElement {
+    const spare = this.#spare;
+    this.#spare = null;
+    return spare && !spare.getContext("webgl2")?.isContextLost() ? spare : document.createElement("canvas");
+  }
+
+  /** Releases the prepared canvas. */
+  clear(): void {
+    if (this.#spare) releaseContext(this.#spare);
+    this.#spare = null;
+  }
 
   add(canvas: HTMLCanvasElement): number {
     this.#canvases.set(++this.#last, canvas);
@@ -55,14 +79,15 @@ export class CanvasTable implements Surfaces {
   /** Returns why a canvas got no context. */
   refusal(): OrivantaError {
     return supportsGraphics()
-      ? new OrivantaError("invalid", "the canvas has a context that is not of WebGL 2")
+      ? new OrivantaError("invalid", "the canvas has a context that was lost or is not of WebGL 2")
       : new OrivantaError("unsupported", "the browser does not support WebGL 2");
   }
 
   /** Also to be called when a context that was lost is back. */
   contextOf(canvas: number): WebGL2RenderingContext | null {
-    const context = this.#canvases.get(canvas)?.getContext("webgl2", attributes) ?? null;
-    if (context) enableExtensions(context);
+    const context = this.#canvases.get(canvas)?.getContext("webgl2", attributes);
+    if (!context || context.isContextLost()) return null;
+    enableExtensions(context);
     return context;
   }
 }

@@ -81,7 +81,7 @@ export function drawText(text: Uint8Array, family: Uint8Array, numbers: Float64A
   context.setTransform(style.scale, 0, 0, style.scale, -frame.left, -frame.top);
   paint(context, layout, style);
   const picture = keepPicture(context, frame.width, frame.height);
-  if (!cropToInk(picture)) return false;
+  if (!picture || !cropToInk(picture)) return false;
   if (style.wholeLines) {
     const bottom = Math.max(picture.top + picture.height, Math.ceil(style.scale * layout.height) - frame.top);
     picture.top = Math.min(picture.top, -frame.top);

@@ -63,7 +63,7 @@ Names ImdfArchive::names(const json::object& properties, std::string_view key) c
   for (const auto& [tag, label] : *labels) {
     std::string text = label.is_string() ? memberText(*labels, {tag.data(), tag.size()}) : "";
     if (text.empty()) continue;
-    const std::string lower = lowerCase({tag.data(), tag.size()});
+    const std::string lower = lowerCase(std::string_view(tag.data(), tag.size()));
     const auto entry = names.byLanguage.emplace(lower, std::move(text)).first;
     const int rank = lower == language                                     ? 4
                      : primaryLanguage(lower) == primaryLanguage(language) ? 3

@@ -13,6 +13,7 @@
 #include "Apps/Import/Read/Osm/OsmFootways.hpp"
 #include "Apps/Import/Read/Osm/OsmLevelFindings.hpp"
 #include "Apps/Import/Read/Osm/OsmMeaning.hpp"
+#include "Apps/Import/Read/Osm/OsmNodeLevels.hpp"
 #include "Apps/Import/Read/Osm/OsmTouching.hpp"
 #include "Apps/Import/SourceError.hpp"
 #include "Apps/Import/Storeys/Levels.hpp"
@@ -62,7 +63,7 @@ class LevelFinder {
     }
     takeFootways(things_, touching);
     for (OsmThing& thing : things_) {
-      if (thing.isNode() && mayFollow(thing)) followNode(thing, touching);
+      if (thing.isNode() && mayFollow(thing)) takeNodeLevels(thing, touching);
       if (thing.isLine() && thing.levels.empty() && isLost(*thing.tags))
         findings_.add(levelLost(thing, file_));
     }
@@ -184,48 +185,6 @@ class LevelFinder {
     for (const double level : first)
       if (last.contains(level)) return {level};
     return {};
-  }
-
-  void followNode(OsmThing& thing, const OsmTouching& touching) const {
-    const OsmTags& tags = *thing.tags;
-    // How many areas are on each level. Where none goes straight on, the node is a corner, at which
-    // nobody builds doors; it is a door only if that is so on all levels.
-    struct Areas {
-      int number = 0;
-      bool areCorners = true;
-    };
-    std::map<double, Areas> levels;
-    std::set<double> ofLines;
-    bool areJoined = false;
-    bool areCorners = true;
-    touching.forEachAt(thing.points[0], [&](const OsmThing& other, bool isStraight) {
-      if (other.isNode()) return;
-      for (const LevelList& list : other.levels) {
-        if (isDoor(tags) && other.isLine()) {
-          ofLines.insert(list.begin(), list.end());
-          continue;
-        }
-        for (const double level : list) {
-          Areas& areas = levels[level];
-          areJoined |= ++areas.number > 1;
-          areas.areCorners &= !isStraight;
-          areCorners &= !isStraight;
-        }
-      }
-    });
-    for (const auto& [level, areas] : levels)
-      if (isElevator(tags) || ((!areJoined || areas.number > 1) && areas.areCorners == areCorners))
-        thing.levels.push_back({level});
-    if (levels.empty())
-      for (const double level : ofLines) thing.levels.push_back({level});
-    if (thing.levels.empty() && (thing.building != 0 || isIndoors(tags)) &&
-        (tags.has("entrance") || (isDestination(tags) && !isDoor(tags))))
-      thing.levels = {{0.0}};
-    if (thing.levels.empty() || !isElevator(tags)) return;
-    // An elevator is one thing on all its levels.
-    LevelList all;
-    for (const LevelList& list : thing.levels) all.push_back(list[0]);
-    thing.levels = {std::move(all)};
   }
 
   std::vector<OsmThing>& things_;

@@ -11,6 +11,8 @@
 #include "Apps/Import/Read/PlaneOrigin.hpp"
 #include "Apps/Import/Read/Stations/SpaceFinder.hpp"
 #include "Apps/Import/Read/Stations/StationCodes.hpp"
+#include "Apps/Import/Read/Stations/StationFindings.hpp"
+#include "Apps/Import/Read/Stations/StationFloors.hpp"
 #include "Apps/Import/Read/Stations/StationPlaces.hpp"
 #include "Apps/Import/SourceError.hpp"
 
@@ -23,9 +25,9 @@ class AreaReader {
   AreaReader(std::vector<StationLayer>& layers, const Options& options, Building& building,
              Findings& findings)
       : layers_(layers),
-        options_(options),
         building_(building),
         findings_(findings),
+        floors_(options, building, findings),
         places_(building) {}
 
   void read() {
@@ -33,7 +35,6 @@ class AreaReader {
     building_.areas.reserve(drawn + countOf(layers_, LayerKind::fixture));
     building_.places.reserve(drawn + countOf(layers_, LayerKind::facility));
     forLayers(LayerKind::floor, &AreaReader::addFloor);
-    setElevations();
     forLayers(LayerKind::space, &AreaReader::addSpace);
     const std::size_t spaces = building_.areas.size();
     forLayers(LayerKind::fixture, &AreaReader::addFixture);
@@ -42,11 +43,12 @@ class AreaReader {
     forLayers(LayerKind::facility, &AreaReader::addFacility);
     forLayers(LayerKind::opening, &AreaReader::addOpening);
     if (finder_->isExhausted())
-      report(layers_.front(), {}, Severity::warning, "check-incomplete",
-             "The spaces are too many, or have too many corners, to find the one around each node "
-             "and facility.",
-             "Some halls are taken as rooms, and some symbols as places of their own.",
-             "Import a part of the network.");
+      reportFeature(
+          findings_, layers_.front(), {}, Severity::warning, "check-incomplete",
+          "The spaces are too many, or have too many corners, to find the one around each node "
+          "and facility.",
+          "Some halls are taken as rooms, and some symbols as places of their own.",
+          "Import a part of the network.");
   }
 
  private:
@@ -66,47 +68,7 @@ class AreaReader {
     }
   }
 
-  void report(const StationLayer& layer, const StationFeature& feature, Severity severity,
-              const char* rule, std::string message, std::string effect, const char* advice) {
-    Finding finding;
-    finding.severity = severity;
-    finding.rule = rule;
-    finding.source = feature["id"];
-    finding.file = layer.file;
-    finding.message = std::move(message);
-    finding.effect = std::move(effect);
-    finding.advice = advice;
-    findings_.add(std::move(finding));
-  }
-
-  void leaveOut(const StationLayer& layer, const StationFeature& feature, const char* rule,
-                std::string message, const char* advice) {
-    report(layer, feature, Severity::warning, rule, std::move(message), "It is left out.", advice);
-  }
-
-  void addFloor(const StationLayer& layer, StationFeature& feature) {
-    const std::optional<double> ordinal = stationOrdinal(feature["ordinal"]);
-    if (!ordinal)
-      return leaveOut(layer, feature, "level-unreadable", "The floor has no ordinal.",
-                      "Add its ordinal: 1 for the ground floor, -1 for the first basement.");
-    Storey storey;
-    storey.id = feature["id"];
-    storey.ordinal = *ordinal;
-    storey.names = namesOf(feature);
-    storey.shortName = feature["short_name"];
-    storey.outdoor = feature["category"] == "2";
-    storey.footprint = std::move(feature.geometry.polygons);
-    floors_.emplace(storey.id, storey.ordinal);
-    building_.storeys.push_back(std::move(storey));
-  }
-
-  // The ordinals 0 (outdoors) and 1 (the ground floor) are at the same height.
-  void setElevations() {
-    for (Storey& storey : building_.storeys)
-      storey.elevation =
-          (storey.ordinal >= 1.0 ? storey.ordinal - 1.0 : std::min(storey.ordinal, 0.0)) *
-          options_.storeyHeight;
-  }
+  void addFloor(const StationLayer& layer, StationFeature& feature) { floors_.add(layer, feature); }
 
   // Unique in the building. The same identifier in another layer is no mistake.
   std::string idOf(const StationLayer& layer, const StationFeature& feature) {
@@ -118,37 +80,24 @@ class AreaReader {
     do id = fmt::format("{}#{}", source, ++known->second.count);
     while (ids_.contains(id));
     if (known->second.kind == layer.kind)
-      report(layer, feature, Severity::warning, "id-not-unique",
-             "There are two features with this identifier.",
-             "The second one is imported as \"" + id + "\".",
-             "Give each feature an identifier of its own.");
+      reportFeature(findings_, layer, feature, Severity::warning, "id-not-unique",
+                    "There are two features with this identifier.",
+                    "The second one is imported as \"" + id + "\".",
+                    "Give each feature an identifier of its own.");
     ids_.emplace(id, Use{layer.kind, 1});
     return id;
   }
 
-  // The storey of the floor that the feature names, or else its own, or else that of the file's
-  // name.
-  std::optional<double> levelOf(const StationLayer& layer, const StationFeature& feature) {
-    const auto floor = floors_.find(std::string(feature["floor_id"]));
-    if (floor != floors_.end()) return floor->second;
-    if (const auto own = stationOrdinal(feature["ordinal"])) return own;
-    if (!layer.ordinal)
-      leaveOut(layer, feature, "level-unreadable",
-               fmt::format("The floor \"{}\" does not exist.", feature["floor_id"]),
-               "Add the floor, or correct floor_id.");
-    return layer.ordinal;
-  }
-
   void addSpace(const StationLayer& layer, StationFeature& feature) {
     if (feature.geometry.polygons.empty())
-      return leaveOut(layer, feature, "geometry-missing", "The space has no polygon.",
-                      "Draw it, or delete the record.");
-    const std::optional<double> level = levelOf(layer, feature);
+      return leaveOutFeature(findings_, layer, feature, "geometry-missing",
+                             "The space has no polygon.", "Draw it, or delete the record.");
+    const std::optional<double> level = floors_.levelOf(layer, feature);
     if (!level) return;
     if (isRepeated(feature))
-      return report(layer, feature, Severity::info, "feature-repeated",
-                    "The space is there twice, with the same outline.",
-                    "The second one is left out.", "Delete one of them.");
+      return reportFeature(findings_, layer, feature, Severity::info, "feature-repeated",
+                           "The space is there twice, with the same outline.",
+                           "The second one is left out.", "Delete one of them.");
     Area area;
     area.id = idOf(layer, feature);
     area.source = feature["id"];
@@ -187,7 +136,7 @@ class AreaReader {
 
   void addFixture(const StationLayer& layer, StationFeature& feature) {
     if (feature.geometry.polygons.empty()) return;
-    const std::optional<double> level = levelOf(layer, feature);
+    const std::optional<double> level = floors_.levelOf(layer, feature);
     if (!level) return;
     Area area;
     area.id = idOf(layer, feature);
@@ -202,7 +151,7 @@ class AreaReader {
   void addFacility(const StationLayer& layer, StationFeature& feature) {
     const std::string code(feature["category"]);
     if (!isPlace(code) || feature.geometry.points.empty()) return;
-    const std::optional<double> level = levelOf(layer, feature);
+    const std::optional<double> level = floors_.levelOf(layer, feature);
     if (!level) return;
     const Spot spot{*level, feature.geometry.points.front()};
     Place place;
@@ -227,7 +176,7 @@ class AreaReader {
 
   void addOpening(const StationLayer& layer, StationFeature& feature) {
     if (feature.geometry.lines.empty()) return;
-    const std::optional<double> level = levelOf(layer, feature);
+    const std::optional<double> level = floors_.levelOf(layer, feature);
     if (!level) return;
     Door door;
     door.id = idOf(layer, feature);
@@ -244,10 +193,9 @@ class AreaReader {
   }
 
   std::vector<StationLayer>& layers_;
-  const Options& options_;
   Building& building_;
   Findings& findings_;
-  std::unordered_map<std::string, double> floors_;
+  StationFloors floors_;
   std::unordered_map<std::string, Use> ids_;
   std::unordered_map<std::string, std::size_t> spaces_;  // indices of areas
   StationPlaces places_;

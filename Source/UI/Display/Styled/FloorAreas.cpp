@@ -28,6 +28,7 @@ FloorAreas::FloorAreas(const FloorRecords& records) {
     indices_[shape.name] = areas_.size();
     areas_.push_back(std::move(made));
   }
+  names_.resize(areas_.size());
 }
 
 std::vector<std::size_t> FloorAreas::indicesOf(const std::vector<std::string>& shapes) const {
@@ -46,6 +47,19 @@ std::optional<std::size_t> FloorAreas::largest(const std::vector<std::string>& s
   return best;
 }
 
+AreaName FloorAreas::nameIn(std::size_t index) const {
+  const std::lock_guard lock(mutex_);
+  AreaName& name = names_[index];
+  if (!name.room) {
+    const FloorArea& area = areas_[index];
+    const std::vector<LabelArea> onIt = areasOn(index);
+    name.anchor = onIt.empty() ? *area.middle : labelAnchor(area.area, onIt).value_or(*area.middle);
+    name.room = std::make_shared<const LabelRoom>(area.area, onIt, name.anchor);
+  }
+  return name;
+}
+
+// Returns the smaller areas that lie on an area and are not hidden below it, and openings.
 std::vector<LabelArea> FloorAreas::areasOn(std::size_t index) const {
   std::vector<LabelArea> found;
   for (std::size_t i = 0; i < areas_.size(); ++i)

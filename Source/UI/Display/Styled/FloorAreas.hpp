@@ -2,6 +2,8 @@
 // Private header.
 #pragma once
 
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -10,6 +12,7 @@
 #include "Source/UI/Display/Styled/FloorRecords.hpp"
 #include "Source/UI/Labels/LabelAnchor.hpp"
 #include "Source/UI/Labels/LabelArea.hpp"
+#include "Source/UI/Labels/LabelRoom.hpp"
 
 namespace orivanta {
 
@@ -21,7 +24,13 @@ struct FloorArea {
   ShapeRole::Surface surface = ShapeRole::Surface::place;
 };
 
-/// The areas of a floor. Immutable; any thread.
+/// Where the name of a place is centered in its area, and the room around that point.
+struct AreaName {
+  LabelAnchor anchor;
+  std::shared_ptr<const LabelRoom> room;  ///< null until it was asked for
+};
+
+/// The areas of a floor. They depend on its shapes only. Any thread.
 class FloorAreas {
  public:
   explicit FloorAreas(const FloorRecords& records);
@@ -32,15 +41,20 @@ class FloorAreas {
   /// Returns the index of the largest area of shapes with these names, or nothing if all are empty.
   std::optional<std::size_t> largest(const std::vector<std::string>& shapes) const;
 
-  /// Returns the smaller areas that lie on an area and are not hidden below it, and openings.
-  std::vector<LabelArea> areasOn(std::size_t index) const;
+  /// Returns where a name is centered in an area that has a `middle`, with regard to what lies on
+  /// the area. Computes it in the first call for the area.
+  AreaName nameIn(std::size_t index) const;
 
   /// Returns the indices of the areas of shapes with these names.
   std::vector<std::size_t> indicesOf(const std::vector<std::string>& shapes) const;
 
  private:
+  std::vector<LabelArea> areasOn(std::size_t index) const;
+
   std::vector<FloorArea> areas_;
   std::unordered_map<std::string, std::size_t> indices_;  // by name
+  mutable std::mutex mutex_;                              // for the following member
+  mutable std::vector<AreaName> names_;
 };
 
 }  // namespace orivanta

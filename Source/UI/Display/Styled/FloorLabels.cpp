@@ -43,11 +43,12 @@ std::string joined(const std::vector<std::string>& lines) {
 
 class FloorLabeling {
  public:
-  FloorLabeling(const FloorRecords& records, const MapTheme& theme, const TextMeasure& measure)
+  FloorLabeling(const FloorRecords& records, const MapTheme& theme, const TextMeasure& measure,
+                const FloorAreas& areas)
       : records_(records),
         theme_(theme),
         measure_(measure),
-        areas_(records),
+        areas_(areas),
         unitsPerMeter_(records.unitsPerMeter ? *records.unitsPerMeter : estimatedUnitsPerMeter()),
         owners_(areas_.all().size(), AreaRaster::nobody) {}
 
@@ -130,13 +131,10 @@ class FloorLabeling {
   }
 
   graphics::Vector3 anchorIn(std::size_t index, PlaceLabel& label) const {
-    const FloorArea& area = areas_.all()[index];
-    const std::vector<LabelArea> onIt = areas_.areasOn(index);
-    const LabelAnchor anchor =
-        onIt.empty() ? *area.middle : labelAnchor(area.area, onIt).value_or(*area.middle);
-    label.room = std::make_shared<const LabelRoom>(area.area, onIt, anchor);
-    return {static_cast<float>(anchor.point.x), static_cast<float>(anchor.point.y),
-            static_cast<float>(area.area.height)};
+    AreaName name = areas_.nameIn(index);
+    label.room = std::move(name.room);
+    return {static_cast<float>(name.anchor.point.x), static_cast<float>(name.anchor.point.y),
+            static_cast<float>(areas_.all()[index].area.height)};
   }
 
   // Small areas are drawn over those on which they lie.
@@ -159,7 +157,7 @@ class FloorLabeling {
   const FloorRecords& records_;
   const MapTheme& theme_;
   const TextMeasure& measure_;
-  FloorAreas areas_;
+  const FloorAreas& areas_;
   double unitsPerMeter_;
   std::vector<PlaceLabel> labels_;
   std::vector<graphics::Vector3> anchors_;
@@ -180,9 +178,9 @@ graphics::TextStyle nameStyle(const MapTheme& theme, double fontSize) {
   return style;
 }
 
-FloorLabels makeFloorLabels(const FloorRecords& records, const MapTheme& theme,
-                            const TextMeasure& measure) {
-  return FloorLabeling(records, theme, measure).run();
+FloorLabels makeFloorLabels(const FloorRecords& records, const FloorAreas& areas,
+                            const MapTheme& theme, const TextMeasure& measure) {
+  return FloorLabeling(records, theme, measure, areas).run();
 }
 
 }  // namespace orivanta

@@ -12,6 +12,7 @@
 #include "Platform/Graphics/Text.hpp"
 #include "Platform/Graphics/Vector.hpp"
 #include "Source/Fwd.hpp"
+#include "Source/UI/Display/Styled/FloorAreas.hpp"
 #include "Source/UI/Display/Styled/FloorRecords.hpp"
 #include "Source/UI/Labels/AreaRaster.hpp"
 #include "Source/UI/Labels/LineBreaks.hpp"
@@ -55,8 +56,9 @@ graphics::TextStyle nameStyle(const MapTheme& theme, double fontSize);
 /// word for it below its name.
 ///
 /// If the venue does not state its scale, the side of the median area is taken as 5 meters. Any
-/// thread; takes up to some tenths of a second.
-FloorLabels makeFloorLabels(const FloorRecords& records, const MapTheme& theme,
+/// thread; takes up to some tenths of a second, most of them for the areas of the floor.
+FloorLabels makeFloorLabels(const FloorRecords& records, const FloorAreas& areas,
+                            const MapTheme& theme,
                             const TextMeasure& measure = graphics::measureText);
 
 }  // namespace orivanta

@@ -12,12 +12,26 @@
 
 namespace orivanta {
 
+// The areas of one floor, which labels of several themes share.
+class StyledLabels::Areas {
+ public:
+  /// Computes the areas, or waits until another thread has computed them. Any thread.
+  const FloorAreas& of(const FloorRecords& records) {
+    std::call_once(once_, [&] { areas_.emplace(records); });
+    return *areas_;
+  }
+
+ private:
+  std::once_flag once_;  // guards the following member
+  std::optional<FloorAreas> areas_;
+};
+
 // The making of the labels of one floor. The task in the background has a weak pointer to it, so
 // that labels that are no longer needed are not made.
 class StyledLabels::Making : public std::enable_shared_from_this<Making> {
  public:
-  Making(FloorRecords records, std::shared_ptr<const MapTheme> theme)
-      : records_(std::move(records)), theme_(std::move(theme)) {}
+  Making(FloorRecords records, std::shared_ptr<const MapTheme> theme, std::shared_ptr<Areas> areas)
+      : records_(std::move(records)), theme_(std::move(theme)), areas_(std::move(areas)) {}
 
   /// `made` is called on the main thread, unless this object no longer exists.
   void start(std::function<void()> made) {
@@ -32,7 +46,8 @@ class StyledLabels::Making : public std::enable_shared_from_this<Making> {
   /// Makes the labels, or waits until another thread has made them. Any thread.
   std::shared_ptr<const FloorLabels> result() {
     std::call_once(once_, [this] {
-      labels_ = std::make_shared<const FloorLabels>(makeFloorLabels(records_, *theme_));
+      labels_ = std::make_shared<const FloorLabels>(
+          makeFloorLabels(records_, areas_->of(records_), *theme_));
       records_ = {};
     });
     return labels_;
@@ -43,6 +58,7 @@ class StyledLabels::Making : public std::enable_shared_from_this<Making> {
   FloorRecords records_;
   std::shared_ptr<const FloorLabels> labels_;
   const std::shared_ptr<const MapTheme> theme_;
+  const std::shared_ptr<Areas> areas_;
 };
 
 void StyledLabels::attach(MapView& view,
@@ -72,7 +88,8 @@ void StyledLabels::show(const std::shared_ptr<const MapTheme>& theme) {
   if (model && model == model_.lock() && theme == theme_) return;
   clear();
   if (!model || !map_->venue) return;
-  model_ = model;
+  if (!areas_ || model != areasModel_.lock()) areas_ = std::make_shared<Areas>();
+  model_ = areasModel_ = model;
   theme_ = theme;
   shown_->setTheme(theme);
   make();
@@ -81,7 +98,7 @@ void StyledLabels::show(const std::shared_ptr<const MapTheme>& theme) {
 void StyledLabels::make() {
   FloorRecords records = floorRecords(*map_->venue, *map_->currentMap(), theme_->words, closures_);
   records.closedWord = closedWord_;
-  making_ = std::make_shared<Making>(std::move(records), theme_);
+  making_ = std::make_shared<Making>(std::move(records), theme_, areas_);
   making_->start([this] { take(); });
 }
 

@@ -66,6 +66,7 @@ class StyledLabels {
   const LabelView* view() const { return shown_.get(); }
 
  private:
+  class Areas;
   class Making;
 
   void make();
@@ -76,6 +77,8 @@ class StyledLabels {
   std::shared_ptr<Making> making_;  // null if nothing is being made
   std::weak_ptr<scene::Node> model_;
   std::shared_ptr<const MapTheme> theme_;  // of the labels
+  std::shared_ptr<Areas> areas_;           // null before the first labels
+  std::weak_ptr<scene::Node> areasModel_;
   std::vector<graphics::Rect> covered_;
   std::vector<RouteSegment> route_;
   std::vector<std::shared_ptr<Location>> marked_;

@@ -77,7 +77,7 @@ class LabeledFloor {
     };
     FloorRecords records = floorRecords(*venue, floor, theme.words, closures);
     records.closedWord = "Closed";
-    return makeFloorLabels(records, theme, measure);
+    return makeFloorLabels(records, FloorAreas(records), theme, measure);
   }
 
   test::TwoFloorVenue small;

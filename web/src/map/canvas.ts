@@ -1,5 +1,7 @@
 // The canvas of a map: its size, its frames, and its context, which the browser may take away.
 
+import { releaseContext } from "../platform/surfaces.js";
+
 /** What the canvas asks of the map. */
 export interface CanvasUser {
   /** Draws a frame. The size is in CSS pixels, `scale` in pixels per CSS pixel, the time in seconds. */
@@ -11,22 +13,26 @@ export interface CanvasUser {
 /** Draws a map when it has changed, once for each picture of the screen. */
 export class MapCanvas {
   readonly element: HTMLCanvasElement;
-  readonly #user: CanvasUser;
+  #user: CanvasUser | null = null;
   readonly #isOwn: boolean;
   readonly #ending = new AbortController();
-  readonly #sizes: ResizeObserver;
+  readonly #sizes = new ResizeObserver(() => this.requestFrame());
   #frame = 0;
   #isLost = false;
 
-  constructor(target: HTMLElement, user: CanvasUser) {
-    this.#user = user;
+  /** `target`: the canvas, or the element to which that of `make` is added. */
+  constructor(target: HTMLElement, make: () => HTMLCanvasElement) {
     this.#isOwn = !(target instanceof HTMLCanvasElement);
-    this.element = this.#isOwn ? document.createElement("canvas") : (target as HTMLCanvasElement);
+    this.element = this.#isOwn ? make() : (target as HTMLCanvasElement);
     if (this.#isOwn) {
       this.element.style.cssText = "display:block;width:100%;height:100%";
       target.append(this.element);
     }
-    this.#sizes = new ResizeObserver(() => this.requestFrame());
+  }
+
+  /** Begins to draw, and to tell about the context. */
+  start(user: CanvasUser): void {
+    this.#user = user;
     this.#sizes.observe(this.element);
     const { signal } = this.#ending;
     this.element.addEventListener("webglcontextlost", (event) => (event.preventDefault(), this.#lose()), { signal });
@@ -54,7 +60,7 @@ export class MapCanvas {
       element.width = width; // also makes the canvas empty
       element.height = height;
     }
-    this.#user.draw(width / scale, height / scale, scale, time / 1000);
+    this.#user?.draw(width / scale, height / scale, scale, time / 1000);
   }
 
   /** Ends the drawing. Removes the canvas if it was added to an element. */
@@ -63,19 +69,18 @@ export class MapCanvas {
     this.#sizes.disconnect();
     cancelAnimationFrame(this.#frame);
     if (!this.#isOwn) return;
-    // Browsers allow few contexts at once, and take one back only when its canvas is collected.
-    this.element.getContext("webgl2")?.getExtension("WEBGL_lose_context")?.loseContext();
+    releaseContext(this.element);
     this.element.remove();
   }
 
   #lose(): void {
     this.#isLost = true;
-    this.#user.contextChanged(false);
+    this.#user?.contextChanged(false);
   }
 
   #restore(): void {
     this.#isLost = false;
-    this.#user.contextChanged(true);
+    this.#user?.contextChanged(true);
     this.requestFrame();
   }
 }

@@ -1,6 +1,6 @@
 // The types of maps.
 
-import type { Floor, Place } from "./records.js";
+import type { Floor, Place } from "../records.js";
 
 /** x, y and z in the venue's units. z is up and does not include the floor's elevation. */
 export type Position = readonly [x: number, y: number, z: number];
@@ -36,6 +36,11 @@ export interface MapLook {
 export interface ShowOptions extends MapLook {
   /** The first floor. Unless set, it is the one where most places are. */
   floor?: Floor;
+  /**
+   * Whether one finger and the wheel scroll the page: two fingers move the map, and the wheel zooms while Ctrl or ⌘ is
+   * pressed. For maps within long pages; false unless set.
+   */
+  cooperative?: boolean;
   /** Ends the loading: the promise is rejected and the map is destroyed. */
   signal?: AbortSignal;
 }
@@ -50,6 +55,28 @@ export interface CameraPose {
   readonly yaw: number;
   /** Degrees: 0 looks straight down; less than 60. */
   readonly tilt: number;
+}
+
+/** How a change of the camera happens. */
+export interface Motion {
+  /** Whether the camera glides for a quarter of a second, as it does unless set, or moves at once. */
+  readonly animated?: boolean;
+}
+
+/** The names at the ends of a route that has none itself, and its color. */
+export interface RouteLook {
+  readonly from?: Place;
+  readonly to?: Place;
+  /** A CSS color; unless set, that of the theme. */
+  readonly color?: string;
+}
+
+/** The covered margins of a map, in CSS pixels. */
+export interface Insets {
+  readonly top?: number;
+  readonly right?: number;
+  readonly bottom?: number;
+  readonly left?: number;
 }
 
 /** A tap on the map. */
@@ -81,6 +108,9 @@ export interface FloorLoad {
   readonly fileCount: number;
 }
 
+/** What a `cooperative` map has left to the page: one finger, or the wheel. */
+export type RefusedGesture = "touch" | "wheel";
+
 /** The events of a map, by type. */
 export interface MapEvents {
   /** A tap or a click. */
@@ -90,6 +120,8 @@ export interface MapEvents {
   /** The camera has moved. */
   camera: CameraPose;
   problem: MapProblem;
+  /** The map is `cooperative`, and the visitor has perhaps tried to move it. */
+  refused: RefusedGesture;
   /** The files of a floor are being loaded. */
   load: FloorLoad;
   /** The shown floor is drawn completely, with its names. */
@@ -120,34 +152,4 @@ export interface MarkerOptions {
 /** A marker that was added to a map. */
 export interface Marker {
   remove(): void;
-}
-
-/** What the module reports, see Apps/Web/Map/MapEvents.hpp. */
-export type MapEvent =
-  | { type: "tap"; place: string | null; floor: number; x: number; y: number; position: Position | null }
-  | { type: "floor"; floor: number }
-  | { type: "camera" | "loaded" | "ready" }
-  | { type: "load"; floor: number; state: FloorLoad["state"]; filesDone: number; fileCount: number }
-  | { type: "problem"; kind: MapProblem["kind"]; floor: number | null; text: string };
-
-/** A pose as the module writes it, with angles in radians. */
-export interface RawPose {
-  x: number;
-  y: number;
-  z: number;
-  distance: number;
-  tilt: number;
-  turn: number;
-}
-
-/** The state of a map, see Apps/Web/Map/MapCommands.hpp. */
-export interface MapState {
-  floor: number;
-  stacked: boolean;
-  follow: boolean;
-  loaded: boolean;
-  ready: boolean;
-  pose: RawPose;
-  target: RawPose;
-  pointsPerUnit: number;
 }

@@ -1,6 +1,8 @@
-// Converts poses between degrees, as pages write them, and radians.
+// What pages say about the camera, for the module. Pages write degrees, the module has radians.
 
-import type { CameraPose, RawPose } from "./mapTypes.js";
+import type { Floor, Node } from "../records.js";
+import type { RawPose } from "./reports.js";
+import type { CameraPose, Motion, Position } from "./types.js";
 
 export const radians = (degrees: number): number => (degrees * Math.PI) / 180;
 const degrees = (angle: number): number => (angle * 180) / Math.PI;
@@ -24,4 +26,12 @@ export function rawPose(pose: Partial<CameraPose>): Partial<RawPose> {
     ...(yaw !== undefined && { turn: -radians(yaw) }),
     ...(tilt !== undefined && { tilt: radians(tilt) }),
   };
+}
+
+/** Returns how the camera moves, for the module. */
+export const glides = (motion: Motion) => ({ glide: motion.animated ?? true });
+
+/** Returns the positions of the nodes of a floor. */
+export function pointsOn(floor: Floor, nodes: readonly Node[]): Position[] {
+  return nodes.filter((node) => node.floor === floor).map((node) => [node.x, node.y, node.z]);
 }

@@ -1,0 +1,26 @@
+// Entrances of rooms on the ground floor that nothing else joins.
+#pragma once
+
+#include <optional>
+
+#include "Apps/Import/Building.hpp"
+#include "Apps/Import/Geometry/AreaIndex.hpp"
+#include "Apps/Import/Geometry/Space.hpp"
+
+namespace orivanta::importer {
+
+/// Keeps a reference to the areas of the storey without obstacles.
+class Entrances {
+ public:
+  Entrances(const Building& building, double level, const AreaIndex& contents);
+
+  /// An entrance in the longest wall behind which nothing is drawn: one within the outline of the
+  /// storey, which faces a passage, rather than one at the outline.
+  std::optional<Door> of(const Area& room) const;
+
+ private:
+  const AreaIndex& contents_;
+  Space passages_;
+};
+
+}  // namespace orivanta::importer
