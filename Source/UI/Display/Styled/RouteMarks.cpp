@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Platform/Graphics/Text.hpp"
 #include "Source/UI/Display/Styled/FloorProjection.hpp"
 #include "Source/UI/Display/Styled/RouteMarkImages.hpp"
@@ -44,8 +45,9 @@ Rect expanded(const Rect& rect, double by) {
 void RouteMarks::set(std::vector<RouteMark> marks,
                      std::vector<std::vector<graphics::Vector3>> lines,
                      std::shared_ptr<const MapTheme> theme) {
-  std::stable_sort(marks.begin(), marks.end(),
-                   [](const auto& left, const auto& right) { return left.form < right.form; });
+  foundation::stableSort(marks.begin(), marks.end(), [](const auto& left, const auto& right) {
+    return left.form < right.form;
+  });
   const bool isSame =
       theme == theme_ &&
       std::equal(marks.begin(), marks.end(), shown_.begin(), shown_.end(),
