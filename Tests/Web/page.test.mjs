@@ -98,7 +98,7 @@ test("stops, nearest places and the map", async (t) => {
     globalThis.context = document.querySelector(".map canvas").getContext("webgl2").getExtension("WEBGL_lose_context");
     context.loseContext();
   });
-  await page.waitForSelector(".veil progress");
+  await page.waitForSelector(".veil:not([hidden])");
   await page.evaluate(() => context.restoreContext());
   await mapIsShown(tab);
 });
