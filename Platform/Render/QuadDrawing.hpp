@@ -21,8 +21,7 @@ class QuadDrawing {
  public:
   QuadDrawing(ImageTextures& images, const SheetTextures& sheets);
 
-  /// Waits until the programs are compiled. Call it at the beginning of a frame: later, this would
-  /// also wait until what was drawn before is complete.
+  /// Waits until the programs are compiled, see `SceneRenderer::prepare`.
   void prepare();
 
   /// Draws to the lower left `width` by `height` pixels of the bound framebuffer, with the scissor

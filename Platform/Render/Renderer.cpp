@@ -105,6 +105,7 @@ void Renderer::render(view::View& view, graphics::Size size, double scale, doubl
     quads = std::move(painter.quads);
     scenes = std::move(painter.scenes);
   }
+  resources.scenes.prepare();
   resources.quads.prepare();
   setBasicState();
   resources.sheets.upload(resources.statistics);

@@ -22,6 +22,10 @@ class SceneRenderer {
  public:
   explicit SceneRenderer(ImageTextures& images);
 
+  /// Waits until the programs are compiled that most scenes need. Call it at the beginning of a
+  /// frame: later, this would also wait until what was drawn before is complete.
+  void prepare() { ribbonShaders_.plain(); }
+
   /// Draws into `target` and finishes its texture.
   void render(const SceneSnapshot& snapshot, const SceneTarget& target,
               FrameStatistics& statistics);
