@@ -5,13 +5,12 @@ import { OrivantaError, type Floor, type Guidance, type MapTap, type Marker, typ
 import { choosePlace, closeSearch } from "./actions.js";
 import type { App } from "./app.js";
 import { h } from "./dom.js";
-import { positionOf } from "./here.js";
+import { positionOf, showFirstView } from "./here.js";
 import { insetsOf } from "./insets.js";
 import { MapVeil } from "./mapVeil.js";
 import { shownRoute } from "./Panels/route.js";
 import { ShownFloor } from "./shownFloor.js";
 
-const hereShare = 0.7; // of the usual first view, which a kiosk shows of its surroundings
 const contextPause = 5_000; // milliseconds until lost graphics are reported
 
 /** The map, or a text in its place while there is none. */
@@ -71,18 +70,7 @@ export class MapHost {
   showStart(): void {
     const here = this.#here();
     if (here) this.#floor?.show(here.floor);
-    if (this.view) this.#showFirstView(this.view, here);
-  }
-
-  // A kiosk is in the middle of it.
-  #showFirstView(view: MapView, here: VisitorPosition | null): void {
-    view.showFirstView({ animated: false });
-    if (!here) return;
-    const { clientWidth, clientHeight } = this.element;
-    const { top = 0, right = 0, bottom = 0, left = 0 } = view.insets;
-    const radius = hereShare * Math.min(clientWidth - left - right, clientHeight - top - bottom) / 2 / view.pixelsPerUnit;
-    const [x, y, z] = here.position;
-    view.fit([[x - radius, y - radius, z], [x + radius, y + radius, z]], { animated: false });
+    if (this.view) showFirstView(this.view, here);
   }
 
   // The text is in the language of the page.
@@ -127,7 +115,7 @@ export class MapHost {
       this.#listen(view);
       this.#veil.end();
       this.#changeInsets();
-      this.#showFirstView(view, here);
+      showFirstView(view, here);
       this.#follow(view, true);
       this.#app.changed();
     } catch (error) {
