@@ -17,6 +17,12 @@ bool isTwoWay(const Connector& connector) {
                      [](const Stop& stop) { return stop.enter && stop.leave; });
 }
 
+// Stairs that are drawn as areas of their own are seen, and may have names of their own.
+bool isArea(const Connector& connector) {
+  return std::any_of(connector.stops.begin(), connector.stops.end(),
+                     [](const Stop& stop) { return !stop.area.empty(); });
+}
+
 bool isAt(const Stop& stop, const Stop& other) {
   return stop.spot.level == other.spot.level &&
          package::distance(stop.spot.position, other.spot.position) < sameLanding;
@@ -43,7 +49,7 @@ void joinFlights(std::vector<Connector>& connectors) {
   std::vector<bool> isJoined(connectors.size());
   for (std::size_t i = 0; i < connectors.size(); ++i) {
     const Connector& flight = connectors[i];
-    if (!isTwoWay(flight) || flight.stops.size() != 2 ||
+    if (!isTwoWay(flight) || flight.stops.size() != 2 || isArea(flight) ||
         flight.stops[0].spot.level != flight.stops[1].spot.level)
       continue;
     std::vector<End> found;

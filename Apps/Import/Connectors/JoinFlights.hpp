@@ -8,7 +8,7 @@
 namespace orivanta::importer {
 
 /// Makes one connector of stairs that join two storeys and of stairs that go on where they end, on
-/// the same storey. The landing between them stays a stop.
+/// the same storey, and are drawn as lines. The landing between them stays a stop.
 void joinFlights(std::vector<Connector>& connectors);
 
 }  // namespace orivanta::importer

@@ -33,6 +33,11 @@ std::string descriptionOf(const Place& place, const std::string& language) {
   return place.description.empty() ? std::string() : place.description.begin()->second;
 }
 
+// Whether nobody recognizes a place by its category. Doors are everywhere.
+bool tellsLittle(const Category& category) {
+  return category.parent.empty() || category.id == "entrances" || category.id == "exits";
+}
+
 // Makes the records of locations, each with an identifier of its own.
 class Locations {
  public:
@@ -187,9 +192,8 @@ json::array UsedCategories::records(const std::string& language) const {
     for (std::size_t i = 0; i < categoryLanguages.size(); ++i)
       names.byLanguage.emplace(categoryLanguages[i], category.names[i]);
     json::object record = namedRecord(fmt::format("cat-{}", category.id), names);
-    if (category.parent.empty())
-      record["general"] = true;
-    else
+    if (tellsLittle(category)) record["general"] = true;
+    if (!category.parent.empty())
       record["parents"] = json::array{text(fmt::format("cat-{}", category.parent))};
     records.push_back(std::move(record));
   }
