@@ -51,7 +51,7 @@ ORIVANTA_API std::optional<std::size_t> firstFloor(std::span<const FirstViewFloo
 
 /// Returns the smallest region, of the shape of the free view, with 90 percent of the weight of the
 /// places on a floor. It is at least 60 meters long, and not so large that a meter has less than 3
-/// points and the median room (the root of its area) less than 24; if there is no such region, it
+/// points and the median room (the root of its area) less than 40; if there is no such region, it
 /// is the one of this size with most weight. If all areas fit into 1.35 times the region, it is the
 /// whole floor. Without a scale, the median room decides alone, and without rooms and scale, the
 /// region is the whole floor.

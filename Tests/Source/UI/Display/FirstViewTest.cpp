@@ -70,7 +70,7 @@ TEST(FirstView, RegionIsTheCore) {
   hostile.push_back({0, {std::nan(""), 0}, 1, 0});
   hostile.push_back({0, {50, 50}, std::numeric_limits<double>::infinity(), 0});
   const graphics::Rect wide{{0, 0}, {2000, 100}};
-  const double halfMeter = 1280 / 24.0 * 2;  // the median room is 2 units wide
+  const double halfMeter = 1280 / 40.0 * 2;  // the median room is 2 units wide
   for (const Case& tested : std::vector<Case>{
            {"the core of a station", wide, spread, 1, false, 150, 300, {1094, 50}},
            {"in other units", {{0, 0}, {4000, 200}}, doubled, 2, false, 300, 600, {2188, 100}},
