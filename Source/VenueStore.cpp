@@ -12,6 +12,7 @@
 #include "Platform/Foundation/Diagnostics.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Foundation/Files.hpp"
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/FolderStorage.hpp"
 
 namespace orivanta {
@@ -115,8 +116,9 @@ bool VenueStore::isUsed(const std::string& key) {
 void VenueStore::makeRoom() {
   run([this](const Finished& finished) {
     storage_->list([this, finished](std::vector<Listed> entries) {
-      std::sort(entries.begin(), entries.end(),
-                [](const Listed& left, const Listed& right) { return left.usedAt > right.usedAt; });
+      foundation::sort(entries.begin(), entries.end(), [](const Listed& left, const Listed& right) {
+        return left.usedAt > right.usedAt;
+      });
       const std::size_t bytes =
           std::accumulate(entries.begin(), entries.end(), std::size_t{0},
                           [](std::size_t sum, const Listed& entry) { return sum + entry.bytes; });

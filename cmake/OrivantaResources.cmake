@@ -25,18 +25,27 @@ if(NOT CMAKE_SCRIPT_MODE_FILE)
     orivanta_embed(${target} ${identifier} ${function} ${files})
   endfunction()
 
-  # orivanta_message_files(files folder output): checks and compiles the message files of a folder to another
-  # folder, and sets `files` to the results.
+  # orivanta_message_files(files folder output [left_out]): checks and compiles the message files of a folder to
+  # another folder, and sets `files` to the results. They are without the messages whose keys match the regular
+  # expression `left_out`.
   function(orivanta_message_files files folder output)
     find_program(ORIVANTA_MSGFMT msgfmt REQUIRED NO_CMAKE_FIND_ROOT_PATH)
+    find_program(ORIVANTA_MSGGREP msggrep REQUIRED NO_CMAKE_FIND_ROOT_PATH)
+    set(left_out ${ARGV3})
     file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.po)
     set(results)
     foreach(source IN LISTS sources)
       get_filename_component(language ${source} NAME_WE)
       set(file ${output}/${language}.mo)
+      set(used ${source})
+      set(select)
+      if(left_out)
+        set(used ${CMAKE_CURRENT_BINARY_DIR}/${language}.po)
+        set(select COMMAND ${ORIVANTA_MSGGREP} -v -J -E -e ${left_out} -o ${used} ${source})
+      endif()
       add_custom_command(
-        OUTPUT ${file}
-        COMMAND ${ORIVANTA_MSGFMT} --check --no-hash --endianness=little -o ${file} ${source}
+        OUTPUT ${file} ${select}
+        COMMAND ${ORIVANTA_MSGFMT} --check --no-hash --endianness=little -o ${file} ${used}
         DEPENDS ${source}
         COMMENT "Compiling the messages of ${language}"
         VERBATIM)

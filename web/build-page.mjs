@@ -81,11 +81,15 @@ const { metafile } = await build({
   logLevel: "warning",
 });
 
-const output = (entry) =>
-  path.basename(Object.entries(metafile.outputs).find(([, { entryPoint }]) => entryPoint?.endsWith(entry))[0]);
+const outputOf = (entry) => Object.entries(metafile.outputs).find(([, { entryPoint }]) => entryPoint?.endsWith(entry));
+const output = (entry) => path.basename(outputOf(entry)[0]);
+// Browsers learn of the files that a file imports only when they have read it.
+const preload = ({ path: file }) => `    <link rel="modulepreload" href="${path.basename(file)}">\n`;
+const parts = outputOf("Page/main.ts")[1].imports.filter(({ kind }) => kind === "import-statement").map(preload).join("");
 const wasm = readdirSync(target).find((name) => /^core-.*\.wasm$/.test(name));
 const places = {
   main: output("Page/main.ts"),
+  parts,
   style: output("Page/page.css"),
   core: wasm,
   examples: output("Examples/examples.ts"),

@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Platform/Render/Projection.hpp"
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Shell.hpp"
@@ -71,7 +72,7 @@ graphics::Box boxOf(std::span<const Mesh::Vertex> vertices) {
 // Sorts parts with a single color first, then by image, so that parts that can share a draw call
 // are adjacent. Otherwise the order of the scene is kept.
 void putInOrder(std::vector<LoosePart>& parts) {
-  std::stable_sort(parts.begin(), parts.end(), [](const LoosePart& a, const LoosePart& b) {
+  foundation::stableSort(parts.begin(), parts.end(), [](const LoosePart& a, const LoosePart& b) {
     if (a.look.image != b.look.image) return std::less<>()(a.look.image, b.look.image);
     return std::tuple(a.look.wrapS, a.look.wrapT) < std::tuple(b.look.wrapS, b.look.wrapT);
   });

@@ -7,6 +7,7 @@
 #include <tuple>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Platform/Render/DepthLayer.hpp"
 #include "Platform/Render/Projection.hpp"
 
@@ -194,8 +195,8 @@ void ScenePass::drawTranslucent() {
       places.push_back({(view_ * (mesh.world * middle)).z, {&mesh, part}});
     }
   if (places.empty()) return;
-  std::stable_sort(places.begin(), places.end(),
-                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  foundation::stableSort(places.begin(), places.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
   glEnable(GL_BLEND);
   glBlendFunc(GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
   glDepthMask(GL_FALSE);

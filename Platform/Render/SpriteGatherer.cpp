@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Platform/Sprite/Node.hpp"
 
 namespace orivanta::render {
@@ -43,8 +44,8 @@ std::vector<PlacedSprite> gatherSprites(const sprite::Scene& scene, double scale
   Walk walk{scale, sprites};
   if (!scene.isHidden())
     for (const auto& child : scene.children()) walk.visit(*child, {0, 0}, 0, scene.alpha());
-  std::stable_sort(sprites.begin(), sprites.end(),
-                   [](const auto& a, const auto& b) { return a.zPosition < b.zPosition; });
+  foundation::stableSort(sprites.begin(), sprites.end(),
+                         [](const auto& a, const auto& b) { return a.zPosition < b.zPosition; });
   return sprites;
 }
 

@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Platform/Scene/Geometry.hpp"
 #include "Platform/Scene/Rigid.hpp"
 #include "Platform/Scene/Scene.hpp"
@@ -103,7 +104,7 @@ std::vector<Hit> inOrderOfSight(std::vector<Hit> hits) {
   constexpr float rounding = 2 * std::numeric_limits<float>::epsilon();
   std::vector<std::size_t> places(hits.size());
   std::iota(places.begin(), places.end(), std::size_t{0});
-  std::stable_sort(places.begin(), places.end(), [&](std::size_t a, std::size_t b) {
+  foundation::stableSort(places.begin(), places.end(), [&](std::size_t a, std::size_t b) {
     return hits[a].distance < hits[b].distance;
   });
   for (auto first = places.begin(); first != places.end();) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Platform/Foundation/DisplayText.hpp"
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
@@ -12,7 +13,7 @@
 namespace orivanta {
 
 FloorList floorsFromTop(FloorList floors) {
-  std::stable_sort(floors.begin(), floors.end(), [](const auto& left, const auto& right) {
+  foundation::stableSort(floors.begin(), floors.end(), [](const auto& left, const auto& right) {
     return left->elevation > right->elevation;
   });
   return floors;

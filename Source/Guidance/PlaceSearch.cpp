@@ -20,14 +20,21 @@ constexpr std::size_t matchCount = static_cast<std::size_t>(PlaceMatch::near) + 
 // lists.
 template <class Group, class Make>
 std::vector<Group> allGroups(const SearchIndex& index, const Make& make) {
-  std::vector<Group> groups;
   const std::string none;
-  for (const std::uint32_t position : index.byCategory) {
-    const IndexedPlace& place = index.places[position];
-    const std::string& title =
-        place.categories.empty() ? none : index.categories[place.categories.front()].title;
-    if (groups.empty() || groups.back().title != title) groups.push_back({title, {}});
-    groups.back().places.push_back(make(place, PlaceMatch::category));
+  const auto titleOf = [&](std::uint32_t position) -> const std::string& {
+    const auto& categories = index.places[position].categories;
+    return categories.empty() ? none : index.categories[categories.front()].title;
+  };
+  std::vector<Group> groups;
+  const auto end = index.byCategory.end();
+  for (auto first = index.byCategory.begin(); first != end;) {
+    const std::string& title = titleOf(*first);
+    const auto last = std::find_if(
+        first, end, [&](std::uint32_t position) { return titleOf(position) != title; });
+    Group& group = groups.emplace_back(Group{title, {}});
+    group.places.reserve(static_cast<std::size_t>(last - first));
+    for (; first != last; ++first)
+      group.places.push_back(make(index.places[*first], PlaceMatch::category));
   }
   return groups;
 }

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "Platform/Foundation/DisplayText.hpp"
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Kinds/SearchWords.hpp"
 #include "Source/Guidance/Network/ConnectorSign.hpp"
@@ -41,7 +42,7 @@ template <class Element, class Before>
 void sortLarge(std::vector<Element>& elements, const Before& before) {
   std::vector<std::uint32_t> order(elements.size());
   std::iota(order.begin(), order.end(), 0U);
-  std::stable_sort(order.begin(), order.end(), [&](std::uint32_t left, std::uint32_t right) {
+  foundation::stableSort(order.begin(), order.end(), [&](std::uint32_t left, std::uint32_t right) {
     return before(elements[left], elements[right]);
   });
   std::vector<Element> sorted;
@@ -226,7 +227,7 @@ SearchIndex IndexBuilder::finish() {
     if (nameComesBefore(right->name.form, left->name.form)) return false;
     return std::tie(left->name.form, left->title) < std::tie(right->name.form, right->title);
   };
-  std::stable_sort(index_.byCategory.begin(), index_.byCategory.end(), comesBefore);
+  foundation::stableSort(index_.byCategory.begin(), index_.byCategory.end(), comesBefore);
   return std::move(index_);
 }
 

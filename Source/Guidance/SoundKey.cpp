@@ -62,6 +62,7 @@ void append(std::string& consonants, char next) {
   consonants += next;
 }
 
+// Other characters may follow a long name in katakana, as in the names of exits.
 SoundKey soundOfKatakana(std::string_view word) {
   SoundKey key;
   key.isKatakana = true;
@@ -80,7 +81,8 @@ SoundKey soundOfKatakana(std::string_view word) {
       continue;
     }
     const std::size_t index = *point - firstKatakana;
-    if (*point < firstKatakana || index >= vowelsOfKatakana.size()) return {};
+    if (*point < firstKatakana || index >= vowelsOfKatakana.size())
+      return key.consonants.size() >= leastConsonants ? key : SoundKey();
     const char vowel = vowelsOfKatakana[index];
     if (vowel != '-') {
       if (vowels == 0 || (vowels == 1 && isSmallVowel(*point))) key.firstVowel = vowel;

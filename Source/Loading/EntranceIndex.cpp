@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/Polygon.hpp"
 
 namespace orivanta {
@@ -16,7 +17,7 @@ std::vector<const Node*> sortedPointers(const NodeList& nodes) {
   std::vector<const Node*> pointers;
   pointers.reserve(nodes.size());
   for (const auto& node : nodes) pointers.push_back(node.get());
-  std::sort(pointers.begin(), pointers.end());
+  foundation::sort(pointers.begin(), pointers.end());
   pointers.erase(std::unique(pointers.begin(), pointers.end()), pointers.end());
   return pointers;
 }
@@ -25,7 +26,7 @@ std::vector<const Polygon*> distinct(EntranceIndex::FoundPolygons found) {
   std::vector<const Polygon*> polygons;
   polygons.reserve(found.size());
   for (const auto* polygon : found) polygons.push_back(polygon->get());
-  std::sort(polygons.begin(), polygons.end());
+  foundation::sort(polygons.begin(), polygons.end());
   polygons.erase(std::unique(polygons.begin(), polygons.end()), polygons.end());
   return polygons;
 }

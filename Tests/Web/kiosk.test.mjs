@@ -49,7 +49,7 @@ test("a kiosk", { timeout: 180_000 }, async (t) => {
       link.click();
     });
     await tab.waitForText("dialog .link", "https://example.org/shop");
-    assert.ok(await page.$("dialog .qr"));
+    await page.waitForSelector("dialog .qr");
     const isPrevented = await page.evaluate(() => {
       const event = new MouseEvent("contextmenu", { bubbles: true, cancelable: true });
       return !document.body.dispatchEvent(event) && window.open("https://example.org/") === null;
@@ -83,6 +83,7 @@ test("a kiosk", { timeout: 180_000 }, async (t) => {
     await page.waitForSelector(".step");
     assert.equal(await parameter("from"), "paper-kestrel");
     assert.match((await tab.texts(".is-from"))[0], /You are here/);
+    await page.waitForSelector(".code .qr");
     const label = await page.$eval(".code .qr", (picture) => picture.getAttribute("aria-label"));
     assert.match(label, /https:\/\/maps\.example\/\?venue=astrolabe-court&from=paper-kestrel&to=popcorn-nebula$/);
     assert.equal(await page.evaluate(() => history.length), 2);

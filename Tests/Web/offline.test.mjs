@@ -1,9 +1,10 @@
 // The page without a connection: what was opened is shown again, and the page recovers by itself.
 
 import assert from "node:assert/strict";
+import { readdirSync } from "node:fs";
 import test from "node:test";
 
-import { launchBrowser, servePage, Tab } from "./browser.mjs";
+import { launchBrowser, pageFolder, servePage, Tab } from "./browser.mjs";
 import { startProxy } from "./proxy.mjs";
 
 test("the page without a connection", { timeout: 240_000 }, async (t) => {
@@ -19,11 +20,15 @@ test("the page without a connection", { timeout: 240_000 }, async (t) => {
   const open = async () => (await page.goto(address), await routeIsShown());
   const notice = (text) => tab.waitForText(".notice", text);
   const pageIsStored = () =>
-    page.waitForFunction(async () => {
-      const names = (await caches.keys()).filter((name) => name.startsWith("orivanta-page-"));
-      const files = await Promise.all(names.map(async (name) => (await (await caches.open(name)).keys()).length));
-      return files.some((count) => count > 10);
-    });
+    page.waitForFunction(
+      async (files) => {
+        const [name] = (await caches.keys()).filter((each) => each.startsWith("orivanta-page-"));
+        const stored = (await (await caches.open(name)).keys()).map(({ url }) => new URL(url).pathname.slice(1));
+        return files.every((file) => stored.includes(file));
+      },
+      {},
+      readdirSync(pageFolder).filter((name) => name !== "worker.js"),
+    );
 
   await open();
   await pageIsStored();
@@ -40,22 +45,50 @@ test("the page without a connection", { timeout: 240_000 }, async (t) => {
     });
 
   await t.test("another language and another venue", async () => {
-    proxy.mode = "closed";
+    proxy.mode = "silent";
     await page.goto(`${address}&language=de`);
     await routeIsShown();
     await notice("Keine Verbindung");
+    proxy.mode = "closed";
     await page.goto(`${proxy.origin}/?endpoint=${encodeURIComponent("http://127.0.0.1:9/1/")}`);
     await page.waitForSelector(".is-problem");
     proxy.mode = "pass";
   });
 
-  await t.test("nothing is stored for another account", async () => {
-    const stored = await page.evaluate(async () => {
-      const cache = await caches.open("orivanta-data");
-      return (await cache.keys()).map(({ url }) => url);
-    });
-    assert.ok(stored.length > 5);
-    assert.equal(new Set(stored.map((url) => new URL(url).pathname.split("/")[1])).size, 1);
+  await t.test("a request that always fails does not load the page again and again", async () => {
+    let [asked, loads] = [0, 0];
+    proxy.answer = (url, response, method) => {
+      loads += url.startsWith("/1/venue") && method === "GET";
+      asked += url.startsWith("/1/category") && method === "HEAD";
+      return url.startsWith("/1/category") && !!response.writeHead(503).end();
+    };
+    await page.evaluate(() => navigator.serviceWorker.controller.postMessage("server answered")); // ends the pause
+    await open();
+    await notice("No connection");
+    const before = loads;
+    while (asked < 2) await new Promise((resolve) => setTimeout(resolve, 100));
+    assert.equal(loads, before);
+    proxy.answer = () => false;
+    await notice("The connection is back");
+  });
+
+  await t.test("nothing is shown to another account", async (t) => {
+    const guarded = await servePage("--username", "guest", "--password", "secret");
+    const guard = await startProxy(guarded.endpoint);
+    const visitor = await Tab.open(browser);
+    t.after(() => Promise.all([guard.stop(), guarded.stop(), visitor.close()]));
+    visitor.expect(/Failed to load resource/, /net::ERR/);
+    await visitor.page.goto(guard.origin);
+    await visitor.page.waitForSelector("[name=username]");
+    await visitor.page.type("[name=username]", "guest");
+    await visitor.page.type("[name=password]", "secret");
+    await visitor.page.keyboard.press("Enter");
+    await visitor.waitForText(".tile", "Toilets");
+    await visitor.page.waitForFunction(async () => (await (await caches.open("orivanta-data")).keys()).length > 5);
+    guard.mode = "closed";
+    await visitor.page.reload();
+    await visitor.waitForText(".is-problem", "cannot be loaded");
+    assert.equal(await visitor.page.$(".tile"), null);
   });
 
   await t.test("files of old versions are removed, and their HTML pages are not used", async () => {

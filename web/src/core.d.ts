@@ -1,6 +1,7 @@
 // The module that emscripten makes of Apps/Web. Its functions are described in Apps/Web/Exports.cpp.
 // Addresses and lengths are numbers.
 
+import type { Files } from "./platform/files.js";
 import type { Graphics } from "./platform/graphics.js";
 import type { Network } from "./platform/network.js";
 import type { Surfaces } from "./platform/surfaces.js";
@@ -10,6 +11,8 @@ export interface Platform {
   requestTurn(): void;
   loadProgressed(load: number, done: number, count: number, pages: number, bytes: number): void;
   loadEnded(load: number, text: number, length: number): void;
+  /** The functions of Platform/Foundation/Browser/FileFunctions.js. */
+  files: Files;
   /** The functions of Platform/Network/Fetch/PageFunctions.js. */
   network: Network;
   /** The functions of Platform/Graphics/Canvas/PageFunctions.js. */
@@ -76,7 +79,6 @@ export interface CoreOptions {
     imports: WebAssembly.Imports,
     received: (instance: WebAssembly.Instance) => void,
   ): object;
-  print?(line: string): void;
   printErr?(line: string): void;
   onAbort?(): void;
 }

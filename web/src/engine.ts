@@ -4,6 +4,7 @@ import createCore, { type Core, type Platform } from "./core.js";
 import { OrivantaError } from "./errors.js";
 import { Loads } from "./loads.js";
 import type { MapEvent } from "./map/reports.js";
+import { Files } from "./platform/files.js";
 import { graphics } from "./platform/graphics.js";
 import { Network } from "./platform/network.js";
 import { CanvasTable } from "./platform/surfaces.js";
@@ -70,7 +71,6 @@ export class Engine {
         WebAssembly.instantiate(module, imports).then(received, instantiationFailed);
         return {};
       },
-      print: () => {}, // diagnostics for developers of the module
       printErr: (line) => (this.#lastLine = line),
       onAbort: () => this.#core._orivantaTrap(),
     });
@@ -85,6 +85,7 @@ export class Engine {
       requestTurn: () => this.turns.request(),
       loadProgressed: (load, ...counts) => this.loads.progressed(load, counts),
       loadEnded: (load, text, length) => this.loads.ended(load, this.#read(text, length)),
+      files: new Files((line) => (this.#lastLine = line)),
       graphics,
       surfaces: this.canvases,
       maps: {

@@ -1,11 +1,8 @@
 #include "Apps/Command/Render/RenderVenue.hpp"
 
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 
-#include <boost/json/array.hpp>
 #include <cmath>
-#include <fstream>
 #include <memory>
 #include <numbers>
 #include <optional>
@@ -13,22 +10,18 @@
 #include <utility>
 
 #include "Apps/Command/Output.hpp"
-#include "Apps/Command/Places.hpp"
-#include "Apps/Command/Render/Animation.hpp"
 #include "Apps/Command/Render/AttributionView.hpp"
 #include "Apps/Command/Render/PictureOptions.hpp"
+#include "Apps/Command/Render/PictureWriter.hpp"
 #include "Apps/Command/Render/PlacePins.hpp"
+#include "Apps/Command/Render/RenderedContents.hpp"
 #include "Apps/Command/Render/Stage.hpp"
 #include "Apps/Command/Render/TouchRecording.hpp"
 #include "Apps/Command/Session.hpp"
-#include "Apps/Text/Json.hpp"
-#include "Platform/Graphics/ImageFile.hpp"
 #include "Source/Attribution.hpp"
-#include "Source/Directions.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Location.hpp"
 #include "Source/Map.hpp"
-#include "Source/Node.hpp"
 #include "Source/UI/Display/LabelLayer.hpp"
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
@@ -41,7 +34,6 @@ namespace orivanta::command {
 namespace {
 
 constexpr double largestTilt = 60;  // degrees; the limit of the map view's gesture
-constexpr double framesPerSecond = 12.5;
 
 void checkUse(const RenderVenueOptions& options) {
   const auto check = [](bool fits, const char* text) {
@@ -60,21 +52,9 @@ void checkUse(const RenderVenueOptions& options) {
   check(options.frames >= 0 && options.frames <= 9999, "--frames must be from 0 to 9999");
 }
 
-// What the images show. All of it is looked up before anything is drawn.
-struct Contents {
-  std::vector<std::shared_ptr<Map>> floors;       // of the images; a floor may occur several times
-  std::vector<std::optional<FloorVisit>> visits;  // the visit that each image shows, if only one
-  std::vector<Highlight> highlights;
-  NodeList path;  // of the route; empty if there is none
-  RouteEnd from = NodeList();
-  RouteEnd to = NodeList();
-  std::vector<std::shared_ptr<Location>> pinned;
-  std::vector<view::Touch> touches;
-};
-
 // What is shown over the map.
 struct Overlays {
-  Overlays(const std::shared_ptr<MapView>& mapView, const Contents& contents,
+  Overlays(const std::shared_ptr<MapView>& mapView, const RenderedContents& contents,
            const RenderVenueOptions& options)
       : pins(contents.pinned) {
     if (!contents.path.empty())
@@ -92,74 +72,6 @@ struct Overlays {
   std::unique_ptr<RouteOverlay> route;  // null if there is none
   std::unique_ptr<LabelLayer> labels;   // null if no names are shown
 };
-
-NodeList findPath(const Venue& venue, const RouteEnd& from, const RouteEnd& to,
-                  const RenderVenueOptions& options) {
-  const auto directions = getDirections(venue, from, to);
-  if (!directions)
-    throw CommandError(ExitCode::notFound,
-                       fmt::format("no {}route from {}", options.accessible ? "accessible " : "",
-                                   fmt::join(options.route, " to ")));
-  return directions->path;
-}
-
-std::vector<view::Touch> touchesIn(const std::string& name) {
-  std::ifstream file(name);
-  if (!file)
-    throw CommandError(ExitCode::wrongUse, fmt::format("--touches: cannot read \"{}\"", name));
-  return readTouches(file, name);
-}
-
-// Whether the image shows where the places are, not a whole floor or a route.
-bool isFirstView(const RenderVenueOptions& options, const MapTheme* theme) {
-  return theme != nullptr && options.map.empty() && !options.zoom && options.route.empty();
-}
-
-std::vector<std::shared_ptr<Map>> floorsOf(const Venue& venue, const RenderVenueOptions& options,
-                                           const MapTheme* theme) {
-  if (isFirstView(options, theme))
-    if (auto floor = MapStyle::firstFloor(venue, theme->words)) return {std::move(floor)};
-  return chooseFloors(venue, options.map);
-}
-
-// The floor that is shown first, then the others.
-void stackFloors(const Venue& venue, const RenderVenueOptions& options, const MapTheme* theme,
-                 Contents& contents) {
-  const bool hasRoute = !contents.path.empty() && options.map.empty();
-  const auto shown =
-      hasRoute ? contents.path.front()->map : floorsOf(venue, options, theme).front();
-  contents.floors = {shown};
-  for (const auto& map : *venue.maps)
-    if (map != shown) contents.floors.push_back(map);
-  contents.visits.resize(contents.floors.size());
-}
-
-Contents findContents(const Venue& venue, const RenderVenueOptions& options,
-                      const MapTheme* theme) {
-  Contents contents;
-  for (const std::string& text : options.markers)
-    contents.pinned.push_back(findLocation(venue, text));
-  for (const std::string& text : options.highlights)
-    contents.highlights.push_back(parseHighlight(venue, text));
-  if (!options.route.empty()) {
-    contents.from = findRouteEnd(venue, {options.route[0]});
-    contents.to = findRouteEnd(venue, {options.route[1]});
-    contents.path = findPath(venue, contents.from, contents.to, options);
-  }
-  if (options.stacked) {
-    stackFloors(venue, options, theme, contents);
-  } else if (!contents.path.empty() && options.map.empty()) {
-    for (const FloorVisit& visit : floorVisits(contents.path)) {
-      contents.floors.push_back(visit.floor);
-      contents.visits.emplace_back(visit);
-    }
-  } else {
-    contents.floors = floorsOf(venue, options, theme);
-    contents.visits.resize(contents.floors.size());
-  }
-  if (options.touchesFile) contents.touches = touchesIn(*options.touchesFile);
-  return contents;
-}
 
 // Frames the points, or the whole floor if there are none.
 void placeCamera(const MapView& mapView, const std::vector<graphics::Vector3>& points,
@@ -184,8 +96,8 @@ void stack(const MapView& mapView, const RenderVenueOptions& options) {
   if (options.zoom) camera.zoomBy(*options.zoom, {size.width / 2, size.height / 2});
 }
 
-void showFloor(const Stage& stage, std::size_t index, const Contents& contents, Overlays& overlays,
-               const RenderVenueOptions& options) {
+void showFloor(const Stage& stage, std::size_t index, const RenderedContents& contents,
+               Overlays& overlays, const RenderVenueOptions& options) {
   MapView& mapView = *stage.mapView();
   const std::shared_ptr<Map>& floor = contents.floors[index];
   if (mapView.currentMap() != floor) mapView.changeMap(floor);
@@ -241,56 +153,6 @@ void attribute(Stage& stage, const Venue& venue, graphics::Size size,
   if (!isShown) complain("show this attribution with the images: " + text);
 }
 
-// Writes the images and reports their file names.
-class PictureWriter {
- public:
-  explicit PictureWriter(const RenderVenueOptions& options) : options_(options) {}
-
-  void write(Stage& stage, const std::string& file) {
-    if (options_.frames == 0) return writePicture(*stage.picture(), file);
-    Animation animation(animationName(file), 1 / framesPerSecond);
-    for (int i = 0; i < options_.frames; ++i) {
-      const auto picture = stage.picture(i / framesPerSecond);
-      writePicture(*picture, pictureName(file, fmt::format("{:04}", i + 1), true));
-      animation.add(*picture);
-    }
-    animation.finish();
-    tell(animationName(file));
-  }
-
-  /// Returns a file name for the image of a floor. Each call returns a different name.
-  std::string nameFor(const Map& floor, bool isOneOfMany) {
-    const std::string label = floorLabel(floor);
-    std::string name = pictureName(options_.output, label, isOneOfMany);
-    for (int i = 2; !names_.insert(name).second; ++i)
-      name = pictureName(options_.output, fmt::format("{}-{}", label, i), isOneOfMany);
-    return name;
-  }
-
-  /// Ends the list of files. Returns false if it is empty.
-  bool finish() {
-    if (options_.json) writeOutput(text::jsonText(files_) + '\n');
-    return !files_.empty();
-  }
-
- private:
-  void writePicture(const graphics::Image& image, const std::string& file) {
-    if (const auto written = graphics::writePng(image, file); !written)
-      throw CommandError(ExitCode::outputFailed,
-                         fmt::format("{}: {}", file, written.error().description));
-    tell(file);
-  }
-
-  void tell(const std::string& file) {
-    files_.emplace_back(file);
-    if (options_.printsFiles && !options_.json) writeOutput(file + '\n');
-  }
-
-  const RenderVenueOptions& options_;
-  boost::json::array files_;
-  std::set<std::string> names_;
-};
-
 }  // namespace
 
 ExitCode renderVenue(const RenderVenueOptions& options) {
@@ -301,7 +163,7 @@ ExitCode renderVenue(const RenderVenueOptions& options) {
   if (!options.route.empty()) needed.emplace_back("vortex");
   const auto venue =
       Session(options.connection).loadVenue(options.slug, options.accessible, needed);
-  const Contents contents = findContents(*venue, options, theme.get());
+  const RenderedContents contents = findContents(*venue, options, theme.get());
 
   Stage stage(size, options.scale);
   if (theme) {

@@ -11,6 +11,7 @@
 #include "Apps/Viewer/Content/KindGroups.hpp"
 #include "Apps/Viewer/Content/KindLookup.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Floors.hpp"
 #include "Source/Guidance/LabelName.hpp"
@@ -70,8 +71,8 @@ class Collector {
     for (std::size_t i = 0; i < kindGroups().size(); ++i)
       if (!places_[i].empty())
         ranked.emplace_back(rankOf(i), groupOf(kindGroups()[i].icon, kindGroups()[i].nameKey, i));
-    std::stable_sort(ranked.begin(), ranked.end(),
-                     [](const auto& a, const auto& b) { return a.first > b.first; });
+    foundation::stableSort(ranked.begin(), ranked.end(),
+                           [](const auto& a, const auto& b) { return a.first > b.first; });
     std::vector<CatalogGroup> groups;
     groups.reserve(ranked.size() + 1);
     for (auto& [rank, group] : ranked) groups.push_back(std::move(group));
@@ -94,7 +95,7 @@ class Collector {
 
   CatalogGroup groupOf(PlaceKind icon, std::string_view nameKey, std::size_t index) {
     auto& sorted = places_[index];
-    std::stable_sort(sorted.begin(), sorted.end(), comesBefore);
+    foundation::stableSort(sorted.begin(), sorted.end(), comesBefore);
     CatalogGroup group{icon, nameKey, {}};
     group.places.reserve(sorted.size());
     for (SortedPlace& each : sorted) group.places.push_back(std::move(each.place));
@@ -130,7 +131,7 @@ std::vector<PlaceGroup> byCategory(const std::vector<std::shared_ptr<Location>>&
   std::vector<NamedGroup> sorted;
   sorted.reserve(found.size());
   for (auto& [title, named] : found) sorted.push_back(std::move(named));
-  std::stable_sort(sorted.begin(), sorted.end(), [](const auto& left, const auto& right) {
+  foundation::stableSort(sorted.begin(), sorted.end(), [](const auto& left, const auto& right) {
     if (left.group.title.empty() || right.group.title.empty())
       return !left.group.title.empty() && right.group.title.empty();
     return nameComesBefore(left.form, right.form);

@@ -46,6 +46,8 @@ export class App {
   /** Identifiers of what is closed in the venue. */
   closed: readonly string[] = [];
   failure: Failure | null = null;
+  /** Whether newer data could not be loaded, so that the former venue is still shown. */
+  isOutdated = false;
   /** What is being loaded, as a text; null if nothing is. */
   loading: string | null = null;
   /** The share of the load that is done, 0 to 1; null if it is not known. */

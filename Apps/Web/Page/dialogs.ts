@@ -3,18 +3,9 @@
 import type { App } from "./app.js";
 import { openDialog } from "./dialog.js";
 import { h } from "./dom.js";
-import { icon } from "./icons.js";
-import { choice } from "./Panels/route.js";
+import { choice } from "./Panels/choice.js";
 import { textSizes, type Choices } from "./settings.js";
 import { languages } from "./texts.js";
-
-function dialog(app: App, title: string, ...children: Node[]): HTMLDialogElement {
-  const close = h("button", { class: "plain", "aria-label": app.t("page.close") }, icon("close"));
-  const head = h("div", { class: "dialog-head" }, h("h2", {}, title), close);
-  const element = openDialog(title, "", head, h("div", { class: "dialog-content" }, ...children));
-  close.addEventListener("click", () => element.close());
-  return element;
-}
 
 /** Shows the settings. */
 export function showSettings(app: App): void {
@@ -32,9 +23,10 @@ export function showSettings(app: App): void {
     checked: settings.choices.highContrast,
     onchange: () => settings.change({ highContrast: contrast.checked }),
   });
-  const element = dialog(
+  const element = openDialog(
     app,
     app.t("page.settings"),
+    "",
     part(app.t("page.language"), language),
     part(
       app.t("page.theme"),
@@ -66,5 +58,5 @@ const helpKeys: readonly (readonly [text: string, keys: string])[] = [
 /** Shows the list of keys and gestures. */
 export function showHelp(app: App): void {
   const rows = helpKeys.map(([text, keys]) => h("tr", {}, h("th", { scope: "row" }, app.t(text)), h("td", {}, app.t(keys))));
-  dialog(app, app.t("help"), h("table", { class: "help" }, h("tbody", {}, ...rows)));
+  openDialog(app, app.t("help"), "", h("table", { class: "help" }, h("tbody", {}, ...rows)));
 }

@@ -47,9 +47,10 @@ export function startLinks(store: StateStore, keepsHistory: boolean, wentBack: (
     wentBack();
     store.applyState(stateOf(location.href));
   });
-  store.on((state, { former, isApplied }) => {
+  store.on((state, { former, isApplied, isNewView }) => {
     if (isApplied) return;
-    const isNewView = (["venue", "place", "to"] as const).some((name) => state[name] !== former[name]);
-    history[isNewView && keepsHistory ? "pushState" : "replaceState"](null, "", addressOf(state, location.href));
+    const isOther = (["venue", "place", "to"] as const).some((name) => state[name] !== former[name]);
+    const way = isOther && isNewView && keepsHistory ? "pushState" : "replaceState";
+    history[way](null, "", addressOf(state, location.href));
   });
 }

@@ -5,8 +5,7 @@
 
 import { closeSearch } from "./actions.js";
 import { App } from "./app.js";
-import { startKiosk, startsHere } from "./Kiosk/kiosk.js";
-import { kioskOptionsOf } from "./Kiosk/options.js";
+import { kioskOptionsOf, startsHere } from "./Kiosk/options.js";
 import { startLinks } from "./links.js";
 import { MapHost } from "./mapHost.js";
 import { Connection } from "./offline.js";
@@ -20,13 +19,14 @@ import { Texts } from "./texts.js";
 async function start(): Promise<void> {
   const query = new URLSearchParams(location.search);
   const settings = new Settings(query);
-  const texts = await Texts.load(settings.choices.language);
+  const kiosk = kioskOptionsOf(query);
+  const [texts, later] = await Promise.all([Texts.load(settings.choices.language), kiosk && import("./later.js")]);
   const endpoint = new URL(query.get("endpoint") ?? "1/", document.baseURI).href;
   const app = new App({ endpoint: endpoint.endsWith("/") ? endpoint : `${endpoint}/`, username: "", password: "" }, settings, texts);
   app.loading = app.t("page.loading");
-  app.kiosk = kioskOptionsOf(query);
-  if (app.kiosk) app.store.rule = startsHere(app.kiosk);
-  startLinks(app.store, !app.kiosk, () => closeSearch(app));
+  app.kiosk = kiosk;
+  if (kiosk) app.store.rule = startsHere(kiosk);
+  startLinks(app.store, !kiosk, () => closeSearch(app));
 
   const session = new Session(app);
   const map = new MapHost(app);
@@ -39,11 +39,9 @@ async function start(): Promise<void> {
   document.getElementById("page")!.replaceChildren(shell.element);
   shell.update();
   const connection = new Connection(app, () => session.reload());
-  if (app.kiosk) {
-    startKiosk({ app, connection, reload: () => session.reload(), showStart: () => map.showStart() }, app.kiosk);
-  }
-  await connection.start();
-  await session.start();
+  if (kiosk) later?.startKiosk({ app, connection, reload: () => session.reload(), showStart: () => map.showStart() }, kiosk);
+  // The first requests for data wait for the service worker, which stores the answers.
+  await session.start(connection.start());
 }
 
 start().catch((error: unknown) => {

@@ -8,8 +8,11 @@ import { h } from "./dom.js";
 import { positionOf } from "./here.js";
 import { insetsOf } from "./insets.js";
 import { MapVeil } from "./mapVeil.js";
-import { showNotice } from "./notices.js";
 import { shownRoute } from "./Panels/route.js";
+import { ShownFloor } from "./shownFloor.js";
+
+const hereShare = 0.7; // of the usual first view, which a kiosk shows of its surroundings
+const contextPause = 5_000; // milliseconds until lost graphics are reported
 
 /** The map, or a text in its place while there is none. */
 export class MapHost {
@@ -21,7 +24,7 @@ export class MapHost {
   readonly #veil: MapVeil;
   #venue: Venue | null = null;
   // What the map shows already.
-  #floor: Floor | null = null;
+  #floor: ShownFloor | null = null;
   #place: string | null = null;
   #route: Guidance | null = null;
   #step: number | null = null;
@@ -31,13 +34,13 @@ export class MapHost {
 
   constructor(app: App) {
     this.#app = app;
-    this.#veil = new MapVeil(app, () => void this.#show());
+    this.#veil = new MapVeil(app, () => this.#showAgain());
     this.element.append(this.#veil.element);
   }
 
   /** The floor that is shown. */
   get floor(): Floor | null {
-    if (this.#floor) return this.#floor;
+    if (this.#floor) return this.#floor.floor;
     const { floor } = this.#app.store.state;
     return this.#venue?.floors.find((each) => each.id === floor) ?? null;
   }
@@ -67,8 +70,19 @@ export class MapHost {
   /** Shows the map as at the beginning. */
   showStart(): void {
     const here = this.#here();
-    if (this.view && here) this.view.floor = here.floor;
-    this.view?.showFirstView();
+    if (here) this.#floor?.show(here.floor);
+    if (this.view) this.#showFirstView(this.view, here);
+  }
+
+  // A kiosk is in the middle of it.
+  #showFirstView(view: MapView, here: VisitorPosition | null): void {
+    view.showFirstView({ animated: false });
+    if (!here) return;
+    const { clientWidth, clientHeight } = this.element;
+    const { top = 0, right = 0, bottom = 0, left = 0 } = view.insets;
+    const radius = hereShare * Math.min(clientWidth - left - right, clientHeight - top - bottom) / 2 / view.pixelsPerUnit;
+    const [x, y, z] = here.position;
+    view.fit([[x - radius, y - radius, z], [x + radius, y + radius, z]], { animated: false });
   }
 
   // The text is in the language of the page.
@@ -95,6 +109,11 @@ export class MapHost {
     this.#insets = "";
   }
 
+  #showAgain(): void {
+    this.#forget();
+    void this.#show();
+  }
+
   async #show(): Promise<void> {
     const venue = this.#venue!;
     const here = this.#here();
@@ -104,12 +123,11 @@ export class MapHost {
       const view = await venue.show(this.element, { ...this.#wantedLook(), attribution: false, ...(floor ? { floor } : {}) });
       if (venue !== this.#venue) return;
       this.view = view;
-      this.#floor = view.floor;
+      this.#floor = new ShownFloor(this.#app, venue, view, floor, () => this.#floorChanged(view));
       this.#listen(view);
-      view.position = here;
       this.#veil.end();
       this.#changeInsets();
-      view.showFirstView({ animated: false });
+      this.#showFirstView(view, here);
       this.#follow(view, true);
       this.#app.changed();
     } catch (error) {
@@ -122,15 +140,25 @@ export class MapHost {
     const app = this.#app;
     view.canvas.setAttribute("aria-label", app.t("page.map"));
     view.on("tap", (tap) => this.#tapped(tap));
-    view.on("floor", (floor) => {
-      this.#floor = floor;
-      if (app.store.state.floor !== floor.id) app.store.change({ floor: floor.id });
-      if (this.#route && app.ui.step === null && app.store.state.place === null) view.fit(this.#route);
-      app.changed();
+    view.on("problem", ({ kind, text }) => {
+      if (kind === "context") this.#contextLost(view, text);
     });
-    view.on("problem", ({ kind, floor }) => {
-      if (kind === "floor" && floor) showNotice(app.t("note.floor", { floor: floor.name || floor.shortName }), { seconds: 8 });
-    });
+    view.canvas.addEventListener("webglcontextrestored", () => this.#veil.end());
+  }
+
+  #floorChanged(view: MapView): void {
+    const { store, ui } = this.#app;
+    if (this.#route && ui.step === null && store.state.place === null) view.fit(this.#route);
+    this.#app.changed();
+  }
+
+  // The browser usually gives the graphics back soon.
+  #contextLost(view: MapView, text: string): void {
+    this.#veil.begin();
+    setTimeout(() => {
+      if (view !== this.view || this.#veil.element.hidden) return;
+      this.#veil.fail(text);
+    }, contextPause);
   }
 
   #tapped({ place }: MapTap): void {
@@ -164,14 +192,9 @@ export class MapHost {
     }
     this.#changeInsets();
     if (view.stacked !== ui.isStacked) view.stacked = ui.isStacked;
-    this.#followFloor(view);
+    this.#floor?.follow();
     this.#followPlace(view, store.state.place, isFirst);
     this.#followRoute(view, isFirst);
-  }
-
-  #followFloor(view: MapView): void {
-    const wanted = this.#venue!.floors.find((floor) => floor.id === this.#app.store.state.floor);
-    if (wanted && wanted !== view.floor) view.floor = wanted;
   }
 
   #followPlace(view: MapView, id: string | null, isFirst: boolean): void {
@@ -196,7 +219,7 @@ export class MapHost {
     const step = route ? ui.step : null;
     if (step === this.#step && !(isNew && step !== null)) return;
     this.#step = step;
-    if (!route || step === null) view.position = this.#here();
+    if (step === null) view.position = null;
     if (!route) return;
     if (step !== null) view.showStep(step);
     view.showProgress(step === null ? null : (route.steps[step]?.node ?? null));
@@ -205,7 +228,7 @@ export class MapHost {
 
   #showRouteStart(view: MapView, route: Guidance, isFirst: boolean): void {
     const start = route.nodes[0]?.floor;
-    if (start && start !== view.floor) view.floor = start;
+    if (start) this.#floor?.show(start);
     view.fit(route, { animated: !isFirst });
   }
 

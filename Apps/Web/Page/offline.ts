@@ -6,6 +6,7 @@ import { showNotice, type Notice } from "./notices.js";
 
 const firstPause = 4_000;
 const longestPause = 60_000;
+const mostAsked = 4; // of the requests that have failed
 
 /** Watches the connection. */
 export class Connection {
@@ -16,6 +17,8 @@ export class Connection {
   readonly #reload: () => Promise<void>;
   /** When the oldest of the shown data was sent; null if all comes from the server. */
   #shownSince: number | null = null;
+  /** The requests that were not answered. */
+  readonly #failed = new Set<string>();
   #notice: Notice | null = null;
   #pause = firstPause;
   #timer: ReturnType<typeof setTimeout> | undefined;
@@ -33,8 +36,10 @@ export class Connection {
     document.addEventListener("visibilitychange", () => document.hidden || void this.#ask());
     const workers = navigator.serviceWorker as ServiceWorkerContainer | undefined;
     if (!workers) return; // the page was loaded from a server without HTTPS
-    workers.addEventListener("message", (event: MessageEvent<{ storedAt?: number }>) => {
-      if (event.data.storedAt !== undefined) this.#storedShown(event.data.storedAt);
+    workers.addEventListener("message", (event: MessageEvent<{ storedAt?: number; failed?: string | null }>) => {
+      const { storedAt, failed } = event.data;
+      if (failed) this.#failed.add(failed);
+      if (storedAt !== undefined) this.#storedShown(storedAt);
     });
     const isFirst = !workers.controller;
     const controlled = new Promise((resolve) => workers.addEventListener("controllerchange", resolve, { once: true }));
@@ -66,7 +71,7 @@ export class Connection {
   }
 
   #appChanged(): void {
-    if (this.#app.failure?.way === "retry") this.#schedule();
+    if (this.#isWaiting) this.#schedule();
   }
 
   #schedule(): void {
@@ -76,28 +81,17 @@ export class Connection {
   }
 
   get #isWaiting(): boolean {
-    return this.#shownSince !== null || this.#app.failure?.way === "retry";
+    return this.#shownSince !== null || this.#app.isOutdated || this.#app.failure?.way === "retry";
   }
 
-  // Any answer is a sign of life, also "not found" or "unauthorized".
+  // Loads again as soon as one of the requests that have failed is answered: others may fail as long as they like.
   async #ask(): Promise<void> {
     clearTimeout(this.#timer);
     this.#timer = undefined;
     if (!this.#isWaiting) return;
-    let isThere = false;
-    try {
-      const signal = AbortSignal.timeout(5_000);
-      const { status } = await fetch(new URL("venue", this.#app.server.endpoint), {
-        method: "HEAD",
-        cache: "no-store",
-        credentials: "omit",
-        signal,
-      });
-      isThere = ![502, 503, 504].includes(status);
-    } catch {
-      // There is no answer.
-    }
-    if (isThere) await this.#back();
+    const urls = [...this.#failed].slice(-mostAsked);
+    if (urls.length === 0) urls.push(new URL("venue", this.#app.server.endpoint).href);
+    if ((await Promise.all(urls.map(isAnswered))).includes(true)) await this.#back();
     else this.#schedule();
   }
 
@@ -105,11 +99,23 @@ export class Connection {
     navigator.serviceWorker?.controller?.postMessage("server answered");
     const hadStored = this.#shownSince !== null;
     this.#shownSince = null;
+    this.#failed.clear();
     this.#notice?.remove();
     this.#notice = null;
     await this.#reload();
-    if (this.#shownSince !== null || this.#app.failure) return;
+    if (this.#shownSince !== null || this.#app.isOutdated || this.#app.failure) return;
     this.#pause = firstPause;
     if (hadStored) showNotice(this.#app.t("connection.back"), { seconds: 6 });
+  }
+}
+
+// Any answer is a sign of life, also "not found" or "unauthorized".
+async function isAnswered(url: string): Promise<boolean> {
+  try {
+    const signal = AbortSignal.timeout(5_000);
+    const { status } = await fetch(url, { method: "HEAD", cache: "no-store", credentials: "omit", signal });
+    return ![502, 503, 504].includes(status);
+  } catch {
+    return false;
   }
 }

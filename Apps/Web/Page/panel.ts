@@ -47,6 +47,7 @@ export class Panel {
     const { state } = app.store;
     this.sheet.update();
     this.element.dataset["page"] = page;
+    this.#content.tabIndex = page === "results" ? 0 : -1; // results take no focus, but the keyboard scrolls them
     this.element.dataset["sheet"] = app.ui.sheet;
     const venue = app.shown?.venue ?? null;
     const key = this.#keyOf(page);

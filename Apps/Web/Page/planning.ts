@@ -57,6 +57,7 @@ export class Planning {
   }
 
   async #plan(run: number): Promise<void> {
+    if (run !== this.#run) return;
     const app = this.#app;
     const plan = await this.#answer();
     if (run !== this.#run) return;
@@ -94,7 +95,7 @@ export class Planning {
       if ("problem" in answer) return { kind: "problem", problem: answer.problem };
       return { kind: "route", routes: [answer, ...answer.alternatives], departure };
     } catch (error) {
-      if (!(error instanceof OrivantaError) || error.kind === "fatal") throw error;
+      if (!(error instanceof OrivantaError)) throw error;
       return { kind: "problem", problem: { text: error.message } };
     }
   }

@@ -4,34 +4,36 @@ import { Orivanta, OrivantaError, type LoadProgress, type Venue } from "orivanta
 import wasm from "orivanta/core.wasm";
 
 import type { App, Failure, Shown } from "./app.js";
-import { showNotice } from "./notices.js";
+import { showNotice, type Notice } from "./notices.js";
 import { Texts } from "./texts.js";
 
 /** Loads what the state needs, and again when the state or the language changes. */
 export class Session {
   readonly #app: App;
   #load: AbortController | null = null;
+  #notice: Notice | null = null;
 
   constructor(app: App) {
     this.#app = app;
-  }
-
-  /** Starts the module and loads the venues. */
-  async start(): Promise<void> {
-    const app = this.#app;
     app.store.on((state, { former }) => {
       if (state.venue !== former.venue) void this.#showVenue();
     });
     app.settings.on((choices, former) => {
       if (choices.language !== former.language) void this.#changeLanguage(choices.language);
     });
+  }
+
+  /** Starts the module, and loads the venues as soon as `connected` is fulfilled as well. */
+  async start(connected: Promise<void>): Promise<void> {
+    const app = this.#app;
     try {
-      app.orivanta = await Orivanta.load({ wasm: new URL(wasm, document.baseURI) });
+      const orivanta = await Orivanta.load({ wasm: new URL(wasm, document.baseURI) });
+      orivanta.onFatal = (message) => this.#stopped(message);
+      app.orivanta = orivanta;
     } catch (error) {
-      return this.#fail({ title: app.t("page.problem.stopped"), detail: String(error), way: "reload" });
+      return this.#stopped(String(error));
     }
-    app.orivanta.onFatal = (message) =>
-      this.#fail({ title: app.t("page.problem.stopped"), detail: message, way: "reload" });
+    await connected;
     await this.reload();
   }
 
@@ -52,15 +54,25 @@ export class Session {
     app.loading = null;
     const [only] = app.venues;
     if (app.store.state.venue === null && only && app.venues.length === 1) {
-      app.store.change({ venue: only.slug });
+      app.store.change({ venue: only.slug }, { isNewView: false });
     } else {
       await this.#showVenue();
     }
   }
 
+  // The user may choose other languages meanwhile.
   async #changeLanguage(language: string): Promise<void> {
-    this.#app.texts = await Texts.load(language);
-    await this.reload();
+    const app = this.#app;
+    if (language === app.texts.language) return;
+    const texts = await Texts.load(language).catch(() => null);
+    if (language !== app.settings.choices.language) return;
+    if (texts) {
+      app.texts = texts;
+      app.changed();
+      return this.reload();
+    }
+    showNotice(app.t("page.notLoaded"), { seconds: 8 });
+    app.settings.change({ language: app.texts.language });
   }
 
   // Keeps the former venue on the screen until another one has been loaded.
@@ -100,7 +112,7 @@ export class Session {
     this.#end();
     const [problem] = venue.problems;
     if (problem) {
-      showNotice(app.t("page.venue.incomplete", { problem: problem.reason }), {
+      this.#notice = showNotice(app.t("page.venue.incomplete", { problem: problem.reason }), {
         action: { label: app.t("retry"), run: () => void this.reload() },
       });
     }
@@ -120,6 +132,7 @@ export class Session {
   #begin(text: string): AbortSignal {
     this.#load?.abort();
     this.#load = new AbortController();
+    this.#notice?.remove();
     Object.assign(this.#app, { loading: text, loadedShare: null, failure: null });
     this.#app.changed();
     return this.#load.signal;
@@ -132,7 +145,7 @@ export class Session {
   }
 
   #end(): void {
-    Object.assign(this.#app, { loading: null, failure: null });
+    Object.assign(this.#app, { loading: null, failure: null, isOutdated: false });
     this.#app.changed();
   }
 
@@ -149,8 +162,24 @@ export class Session {
     if (kind === "refused") {
       return this.#fail({ title: app.t("problem.rejected"), detail: app.server.endpoint, way: "signIn" });
     }
+    if (kind === "fatal") return; // the handler of fatal stops has said so
     const detail = kind === "noAnswer" ? `${app.t("problem.silent")}: ${message}` : message;
-    this.#fail({ title, detail, way: kind === "fatal" ? "reload" : "retry" });
+    if (app.shown && app.shown.venue.slug === app.store.state.venue) return this.#keep(`${title}. ${detail}`);
+    this.#fail({ title, detail, way: "retry" });
+  }
+
+  // What is shown can still be used.
+  #keep(text: string): void {
+    Object.assign(this.#app, { loading: null, isOutdated: true });
+    this.#app.changed();
+    this.#notice = showNotice(text, { action: { label: this.#app.t("retry"), run: () => void this.reload() } });
+  }
+
+  // Nothing can be called any more.
+  #stopped(message: string): void {
+    this.#load?.abort();
+    Object.assign(this.#app, { orivanta: null, shown: null });
+    this.#fail({ title: this.#app.t("page.problem.stopped"), detail: message, way: "reload" });
   }
 
   #unknown(slug: string): Failure {

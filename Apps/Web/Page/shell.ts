@@ -2,11 +2,11 @@
 
 import { closeSearch, openSearch } from "./actions.js";
 import type { App } from "./app.js";
-import { showHelp, showSettings } from "./dialogs.js";
 import { h, setAttribute } from "./dom.js";
 import { FloorSwitch } from "./floorSwitch.js";
 import { icon, type IconName } from "./icons.js";
 import { KindSprite } from "./kindIcon.js";
+import { whenLoaded } from "./loaded.js";
 import type { MapHost } from "./mapHost.js";
 import { Panel } from "./panel.js";
 import { SearchField } from "./searchField.js";
@@ -57,8 +57,9 @@ export class Shell {
       { class: "bar" },
       this.#venues,
       this.#title,
-      this.#button("settings", "page.settings", () => showSettings(app)),
-      this.#button("help", "help", () => showHelp(app)),
+      this.#button("settings", "page.settings", () => this.#openDialog("showSettings")),
+      // Kiosks have no keys.
+      ...(app.kiosk ? [] : [this.#button("help", "help", () => this.#openDialog("showHelp"))]),
     );
     const column = h("main", { class: "column" }, bar, this.#search.element, this.#panel.element);
     const side = h("div", { class: "side" }, this.#floors.element, this.#mapButtons);
@@ -133,10 +134,14 @@ export class Shell {
       this.#search.focus();
     } else if (event.key === "F1") {
       event.preventDefault();
-      showHelp(app);
+      this.#openDialog("showHelp");
     } else if ((event.key === "PageUp" || event.key === "PageDown") && !isInColumn) {
       this.#changeFloor(event.key === "PageUp" ? 1 : -1);
     }
+  }
+
+  #openDialog(name: "showSettings" | "showHelp"): void {
+    whenLoaded(this.#app, (later) => later[name](this.#app));
   }
 
   #escape(): void {

@@ -35,6 +35,8 @@ export interface StateChange {
   readonly former: State;
   /** Whether it came from `applyState`: a link or the browser's history, which know it already. */
   readonly isApplied: boolean;
+  /** Whether the user can go back to the state before. */
+  readonly isNewView: boolean;
 }
 
 type Handler = (state: State, change: StateChange) => void;
@@ -52,13 +54,13 @@ export class StateStore {
   }
 
   /** Changes members of the state. The handlers are called once, if anything has changed. */
-  change(members: Partial<State>): void {
-    this.#set({ ...this.#state, ...members }, false);
+  change(members: Partial<State>, { isNewView = true } = {}): void {
+    this.#set({ ...this.#state, ...members }, { isApplied: false, isNewView });
   }
 
   /** Replaces the state; missing members are those of `startState`. */
   applyState(state: Partial<State>): void {
-    this.#set({ ...startState, ...state }, true);
+    this.#set({ ...startState, ...state }, { isApplied: true, isNewView: false });
   }
 
   /** Adds a handler. Returns a function that removes it. */
@@ -67,7 +69,7 @@ export class StateStore {
     return () => void this.#handlers.delete(handler);
   }
 
-  #set(incomplete: State, isApplied: boolean): void {
+  #set(incomplete: State, kind: Omit<StateChange, "former">): void {
     const state = this.rule(incomplete);
     const former = this.#state;
     const isEqual = (Object.keys(state) as (keyof State)[]).every(
@@ -75,6 +77,6 @@ export class StateStore {
     );
     if (isEqual) return;
     this.#state = Object.freeze(state);
-    for (const handler of [...this.#handlers]) handler(state, { former, isApplied });
+    for (const handler of [...this.#handlers]) handler(state, { former, ...kind });
   }
 }

@@ -1,13 +1,13 @@
 #include "Platform/Foundation/Browser/TurnTimer.hpp"
 
-#include <emscripten.h>
+#include <emscripten/html5.h>
 
 #include "Platform/Foundation/Browser/Turns.hpp"
 
 namespace orivanta::foundation {
 
 void requestTurnByTimer() {
-  emscripten_async_call([](void*) { runTurn(); }, nullptr, 0);
+  emscripten_set_timeout([](void*) { runTurn(); }, 0, nullptr);
 }
 
 }  // namespace orivanta::foundation

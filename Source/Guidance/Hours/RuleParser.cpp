@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/Guidance/Hours/DayParser.hpp"
 #include "Source/Guidance/Hours/SpanParser.hpp"
 #include "Source/Guidance/Hours/Tokens.hpp"
@@ -93,7 +94,7 @@ std::vector<int> edgesOf(const std::vector<Rule>& rules) {
       edges.push_back(span.end % minutesPerDay);
     }
   }
-  std::sort(edges.begin(), edges.end());
+  foundation::sort(edges.begin(), edges.end());
   edges.erase(std::unique(edges.begin(), edges.end()), edges.end());
   return edges;
 }

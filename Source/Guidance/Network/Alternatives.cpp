@@ -6,6 +6,8 @@
 #include <unordered_set>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
+
 namespace orivanta::guidance {
 
 namespace {
@@ -94,7 +96,7 @@ CostTable penalize(const CostTable& costs, const Paths& paths) {
   std::vector<Index> arcs;
   for (const NetworkPath& path : paths)
     for (const Hop& hop : path.hops) arcs.push_back(hop.arc);
-  std::sort(arcs.begin(), arcs.end());
+  foundation::sort(arcs.begin(), arcs.end());
   arcs.erase(std::unique(arcs.begin(), arcs.end()), arcs.end());
   return CostTable::withPenalty(costs, arcs);
 }
@@ -121,7 +123,7 @@ std::vector<Paths> alternativesTo(
                        });
     if (isNew && static_cast<double>(costOf(*found)) <= most) kept.push_back(std::move(*found));
   }
-  std::stable_sort(kept.begin(), kept.end(), [](const Paths& left, const Paths& right) {
+  foundation::stableSort(kept.begin(), kept.end(), [](const Paths& left, const Paths& right) {
     return costOf(left) < costOf(right);
   });
   return kept;

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "Platform/Foundation/Diagnostics.hpp"
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/Graph/SpatialOrder.hpp"
 #include "Source/Guidance/Network/ConnectorSign.hpp"
 #include "Source/Guidance/Network/Rooms.hpp"
@@ -141,8 +142,9 @@ void GuideNetwork::addRide(Index origin, Index target) {
 }
 
 void GuideNetwork::sortArcs() {
-  std::stable_sort(arcs_.begin(), arcs_.end(),
-                   [](const Arc& left, const Arc& right) { return left.origin < right.origin; });
+  foundation::stableSort(arcs_.begin(), arcs_.end(), [](const Arc& left, const Arc& right) {
+    return left.origin < right.origin;
+  });
   arcs_.shrink_to_fit();
   Index arc = 0;
   for (Index index = 0; index < size(); ++index) {

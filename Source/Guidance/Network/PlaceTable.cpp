@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Network/Rooms.hpp"
 #include "Source/Location.hpp"
@@ -31,7 +32,7 @@ void PlaceTable::addPlace(const std::shared_ptr<Location>& record, bool isConnec
   Place place{record, {}, !isConnector && hasEntrances(*record), std::nullopt};
   for (const auto& node : record->nodes)
     if (const auto index = network_.find(node.get())) place.nodes.push_back(*index);
-  std::sort(place.nodes.begin(), place.nodes.end());
+  foundation::sort(place.nodes.begin(), place.nodes.end());
   place.nodes.erase(std::unique(place.nodes.begin(), place.nodes.end()), place.nodes.end());
   if (const auto hours = record->_data["hours"].string()) place.hours = OpeningHours::parse(*hours);
   if (place.isRoom)
@@ -127,7 +128,7 @@ std::vector<PlaceTable::Index> PlaceTable::closedArcs(const Closures& closures,
                                                       Places closed) const {
   const Places named = closedPlaces(closures);
   closed.insert(closed.end(), named.begin(), named.end());
-  std::sort(closed.begin(), closed.end());
+  foundation::sort(closed.begin(), closed.end());
   closed.erase(std::unique(closed.begin(), closed.end()), closed.end());
   std::vector<Index> arcs;
   for (const Place* place : closed)
@@ -147,7 +148,7 @@ std::vector<PlaceTable::Index> PlaceTable::closedArcs(const Closures& closures,
           inside.count(origin) != 0 && network_.vertex(origin).room == network_.vertex(node).room;
       if (!staysInside) arcs.push_back(arc);
     }
-  std::sort(arcs.begin(), arcs.end());
+  foundation::sort(arcs.begin(), arcs.end());
   arcs.erase(std::unique(arcs.begin(), arcs.end()), arcs.end());
   return arcs;
 }

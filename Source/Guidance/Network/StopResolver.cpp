@@ -4,6 +4,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/Guidance/Network/Snapping.hpp"
 #include "Source/Location.hpp"
 #include "Source/Node.hpp"
@@ -66,8 +67,9 @@ ResolvedStop StopResolver::resolve(const Stop& stop, std::size_t index, bool isS
   addRooms(resolved.ends);
   for (const Place* place : resolved.places)
     for (const auto vertex : place->nodes) resolved.nodes.emplace_back(vertex, place);
-  std::stable_sort(resolved.nodes.begin(), resolved.nodes.end(),
-                   [](const auto& left, const auto& right) { return left.first < right.first; });
+  foundation::stableSort(
+      resolved.nodes.begin(), resolved.nodes.end(),
+      [](const auto& left, const auto& right) { return left.first < right.first; });
   return resolved;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/Location.hpp"
 #include "Source/Node.hpp"
 
@@ -40,8 +41,9 @@ NearbyPlaces::NearbyPlaces(const WalkLine& line, const Surroundings& surrounding
   }
   for (const auto& reached : nodesOnFoot(surroundings.network(), nodes, farthestOnFoot))
     add(reached, line, surroundings, token);
-  std::stable_sort(places_.begin(), places_.end(),
-                   [](const auto& left, const auto& right) { return left.along < right.along; });
+  foundation::stableSort(places_.begin(), places_.end(), [](const auto& left, const auto& right) {
+    return left.along < right.along;
+  });
 }
 
 void NearbyPlaces::add(const ReachedNode& reached, const WalkLine& line,

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "Platform/Foundation/Sorting.hpp"
+
 namespace orivanta::guidance {
 
 namespace {
@@ -23,7 +25,7 @@ foundation::Result<std::vector<std::string>> placeholdersOfAll(
     if (!names) return names;
     all.insert(all.end(), names->begin(), names->end());
   }
-  std::sort(all.begin(), all.end());
+  foundation::sort(all.begin(), all.end());
   return all;
 }
 
@@ -43,7 +45,7 @@ foundation::Result<std::vector<std::string>> placeholdersOf(std::string_view tex
     names.emplace_back(text.substr(0, end));
     text.remove_prefix(end + 1);
   }
-  std::sort(names.begin(), names.end());
+  foundation::sort(names.begin(), names.end());
   return names;
 }
 

@@ -19,7 +19,7 @@ constexpr double nearBest = 0.85;  // of the best score
 
 constexpr double leastMeters = 60;  // along the longer side of the region
 constexpr double leastPointsPerMeter = 3;
-constexpr double pointsOfRoom = 24;
+constexpr double pointsOfRoom = 40;
 constexpr double wantedShare = 0.9;
 constexpr double wholeFactor = 1.35;
 constexpr int sizes = 12;

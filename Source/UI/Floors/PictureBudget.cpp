@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Platform/Graphics/ImageFile.hpp"
 
 namespace orivanta {
@@ -27,7 +28,7 @@ std::uint64_t pixelsOf(const Image& image) { return std::uint64_t{image.width()}
 // Returns the number of pixels to which larger pictures must be reduced, so that the total is at
 // most `share`.
 std::uint64_t limitFor(std::vector<std::uint64_t> sizes, std::uint64_t share) {
-  std::sort(sizes.begin(), sizes.end());
+  foundation::sort(sizes.begin(), sizes.end());
   for (std::size_t i = 0; i < sizes.size(); ++i) {
     const std::uint64_t even = share / (sizes.size() - i);
     if (sizes[i] > even) return even;

@@ -6,6 +6,7 @@
 #include <tuple>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/UI/Labels/SharedEdges.hpp"
 
 namespace orivanta {
@@ -65,7 +66,7 @@ double sizeOf(Faces faces) {
 
 // Returns the faces at the height at which they are largest together. Sorts the faces.
 Faces largestLevel(std::vector<Face>& faces) {
-  std::sort(faces.begin(), faces.end(), [](const Face& left, const Face& right) {
+  foundation::sort(faces.begin(), faces.end(), [](const Face& left, const Face& right) {
     return std::tie(left.isSloped, left.height) < std::tie(right.isSloped, right.height);
   });
   Faces largest;

@@ -10,12 +10,6 @@ namespace orivanta {
 
 namespace {
 
-constexpr double gapOfNew = 5;           // points
-constexpr double marginSoon = 10;        // the same, in the view, points
-constexpr double gapSoon = 3;            // where the labels will be, points
-constexpr double marginOfNew = 10;       // inside the view, points
-constexpr double waitAfterHiding = 0.4;  // seconds
-constexpr int leastFreePasses = 2;
 constexpr double keepFactor = 0.9;        // of scales and sizes, for shown labels
 constexpr double lookAheadOfShown = 0.2;  // seconds; the time of a fade
 constexpr double timeOfFresh = 0.5;       // seconds
@@ -23,21 +17,9 @@ constexpr double lookAheadOfNew = 0.6;    // seconds
 constexpr double lookAheadToEdge = 0.8;   // the same, and the time of a fade
 constexpr double mostShareOfNew = 0.3;    // of a name, on other areas
 constexpr double mostShareOfShown = 0.45;
-constexpr double mostOverlap = 3;  // of parts that fade out with shown ones, points
 
-constexpr std::array<double, 4> edgeShares{0.25, 0.5, 0.75, 1};  // of `lookAheadToEdge`
 constexpr std::array<LabelSide, 4> sides{LabelSide::right, LabelSide::left, LabelSide::below,
                                          LabelSide::above};
-
-// Returns whether a rectangle with a margin is in the view and not covered by a panel.
-bool isClear(const graphics::Rect& rect, const LabelFrame& frame, double margin) {
-  const graphics::Rect room{{rect.origin.x - margin, rect.origin.y - margin},
-                            {rect.size.width + 2 * margin, rect.size.height + 2 * margin}};
-  return room.minX() >= 0 && room.minY() >= 0 && room.maxX() <= frame.view.width &&
-         room.maxY() <= frame.view.height &&
-         std::none_of(frame.panels.begin(), frame.panels.end(),
-                      [&](const graphics::Rect& panel) { return panel.intersects(room); });
-}
 
 }  // namespace
 
@@ -152,47 +134,6 @@ bool LabelPass::isAtScale(const LabelPart& part, std::size_t index, double scale
   return place.pointsPerUnit * frame_->unitsPerMeter >= scale * factor;
 }
 
-bool LabelPass::isFree(const LabelPart& part, const graphics::Rect& rect, std::size_t index) const {
-  if (!(frame_->places[index].pointsPerUnit > 0)) return false;
-  const graphics::Point anchor = frame_->places[index].point;
-  if (part.isShown)
-    return isClear(rect, *frame_, 0) && isClear(shownWay_.after(rect, anchor), *frame_, 0) &&
-           !taken_.isOccupied(rect, 0, index);
-  if (!isClear(rect, *frame_, marginOfNew) || taken_.isOccupied(rect, gapOfNew, index))
-    return false;
-  const graphics::Rect later = soonWay_.after(rect, anchor);
-  return !soon_.isOccupied(later, gapSoon, index) && willStayClear(rect, anchor);
-}
-
-// Returns whether a part that comes now will stay in the view and off the panels.
-bool LabelPass::willStayClear(const graphics::Rect& rect, graphics::Point anchor) const {
-  for (std::size_t i = 0; i < edgeWays_.size(); ++i)
-    if (!isClear(edgeWays_[i].after(rect, anchor), *frame_, marginSoon * edgeShares[i]))
-      return false;
-  return true;
-}
-
-void LabelPass::leave(LabelPart& part, const graphics::Rect& rect, std::size_t index) {
-  if (part.isVisible()) leaving_.add(rect, index);
-  hide(part, frame_->time);
-}
-
-void LabelPass::settle(LabelPart& part, const graphics::Rect& rect, std::size_t index,
-                       bool isFree) {
-  if (!isFree) return leave(part, rect, index);
-  taken_.add(rect, index);
-  if (kind_ != LabelPassKind::shown)
-    soon_.add(soonWay_.after(rect, frame_->places[index].point), index);
-  if (part.isShown) return;
-  ++part.freePasses;
-  const bool hasWaited = part.freePasses >= leastFreePasses && part.opacity == 0 &&
-                         frame_->time - part.wentAt >= waitAfterHiding &&
-                         !leaving_.isOccupied(rect, 0, index);
-  part.isShown = hasWaited || kind_ == LabelPassKind::atOnce;
-  part.isWaiting = !part.isShown;
-  if (part.isShown) (*states_)[index].cameAt = frame_->time;
-}
-
 void LabelPass::placeSymbol(std::size_t index) {
   const PlaceLabel& label = (*labels_)[index];
   LabelState& state = (*states_)[index];
@@ -260,29 +201,6 @@ bool LabelPass::chooseSide(std::size_t index) {
 
 double LabelPass::shareOnOthers(const graphics::Rect& rect, std::size_t index) const {
   return frame_->shareOnOtherAreas ? frame_->shareOnOtherAreas(rect, index) : 0.0;
-}
-
-void LabelPass::removeCovered(const std::vector<PlaceLabel>& labels,
-                              std::vector<LabelState>& states, const LabelFrame& frame) {
-  taken_.reset(frame.view);
-  for (std::size_t i = 0; i < states.size(); ++i) {
-    if (states[i].symbol.isShown) taken_.add(symbolRect(labels[i], states[i].point), i);
-    if (states[i].name.isShown) taken_.add(nameRect(labels[i], states[i].form, states[i].point), i);
-  }
-  leaving_.reset(frame.view);
-  for (const graphics::Rect& mark : frame.marks) leaving_.add(mark, LabelGrid::nobody);
-  const auto check = [&](LabelPart& part, const graphics::Rect& rect, std::size_t index) {
-    if (!isClear(rect, frame, 0) || leaving_.isOccupied(rect, 0, index) ||
-        taken_.isOccupied(rect, -std::min(mostOverlap, rect.size.height / 4), index))
-      part.opacity = 0;
-  };
-  for (std::size_t i = 0; i < states.size(); ++i) {
-    LabelState& state = states[i];
-    if (!state.symbol.isShown && state.symbol.opacity > 0)
-      check(state.symbol, symbolRect(labels[i], state.point), i);
-    if (!state.name.isShown && state.name.opacity > 0)
-      check(state.name, nameRect(labels[i], state.form, state.point), i);
-  }
 }
 
 }  // namespace orivanta

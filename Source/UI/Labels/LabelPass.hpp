@@ -89,6 +89,8 @@ class LabelPass {
   double shareOnOthers(const graphics::Rect& rect, std::size_t index) const;
   void leave(LabelPart& part, const graphics::Rect& rect, std::size_t index);
 
+  static constexpr std::array<double, 4> edgeShares{0.25, 0.5, 0.75, 1};  // of the time to the edge
+
   const std::vector<PlaceLabel>* labels_ = nullptr;  // during a run
   std::vector<LabelState>* states_ = nullptr;        // during a run
   const LabelFrame* frame_ = nullptr;                // during a run

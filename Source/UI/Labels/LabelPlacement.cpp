@@ -6,6 +6,7 @@
 #include <numeric>
 #include <tuple>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/UI/Labels/LabelPass.hpp"
 
 namespace orivanta {
@@ -47,7 +48,7 @@ void LabelPlacement::setLabels(std::vector<PlaceLabel> labels) {
   order_.clear();
   ranked_.resize(labels_.size());
   std::iota(ranked_.begin(), ranked_.end(), std::size_t{0});
-  std::stable_sort(ranked_.begin(), ranked_.end(), [&](std::size_t left, std::size_t right) {
+  foundation::stableSort(ranked_.begin(), ranked_.end(), [&](std::size_t left, std::size_t right) {
     return labels_[left].rank > labels_[right].rank;
   });
   shown_.clear();

@@ -97,6 +97,11 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
+bool isSingleKanaOrHan(std::string_view line) {
+  const std::vector<Cluster> clusters = clustersOf(line);
+  return clusters.size() == 1 && isKanaOrHan(clusters.front().first);
+}
+
 // A part with what a line that ends after it costs.
 struct Piece {
   std::string_view text;
@@ -209,6 +214,7 @@ std::vector<LabelLines> labelLines(std::string_view text, const TextWidth& width
       lines.width = std::max(lines.width, width(lines.lines.back()));
       start = end;
     }
+    if (count > 1 && std::any_of(lines.lines.begin(), lines.lines.end(), isSingleKanaOrHan)) break;
     found.push_back(std::move(lines));
   }
   return found;

@@ -28,8 +28,9 @@ ORIVANTA_API std::vector<std::string_view> lineParts(std::string_view text);
 
 /// Returns the text in one line, in two lines, and so on up to `most` lines, as far as it can be
 /// broken. The widest line is as narrow as possible, but katakana words are broken only if that
-/// makes lines clearly narrower. The result is empty if the text is blank. After the first 64
-/// parts, the text is not broken. Calls `width` for each part and each line. Any thread.
+/// makes lines clearly narrower, and no line of several is a single kana or Han character. The
+/// result is empty if the text is blank. After the first 64 parts, the text is not broken. Calls
+/// `width` for each part and each line. Any thread.
 ORIVANTA_API std::vector<LabelLines> labelLines(std::string_view text, const TextWidth& width,
                                                 int most = 3);
 

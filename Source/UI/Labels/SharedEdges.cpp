@@ -6,6 +6,8 @@
 #include <tuple>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
+
 namespace orivanta {
 
 namespace {
@@ -37,7 +39,7 @@ LabelEdge ordered(const LabelEdge& edge) {
 
 // Removes pairs of equal edges.
 std::vector<LabelEdge> withoutPairs(std::vector<LabelEdge> edges) {
-  std::sort(edges.begin(), edges.end(), isEdgeBefore);
+  foundation::sort(edges.begin(), edges.end(), isEdgeBefore);
   std::vector<LabelEdge> kept;
   for (const LabelEdge& edge : edges) {
     if (!kept.empty() && areSame(kept.back(), edge))
@@ -51,7 +53,7 @@ std::vector<LabelEdge> withoutPairs(std::vector<LabelEdge> edges) {
 std::vector<graphics::Point> cornersOf(const std::vector<LabelEdge>& edges) {
   std::vector<graphics::Point> corners;
   for (const auto& [from, to] : edges) corners.insert(corners.end(), {from, to});
-  std::sort(corners.begin(), corners.end(), isBefore);
+  foundation::sort(corners.begin(), corners.end(), isBefore);
   corners.erase(std::unique(corners.begin(), corners.end()), corners.end());
   return corners;
 }
@@ -94,8 +96,8 @@ std::vector<LabelEdge> dividedAtCorners(const std::vector<LabelEdge>& edges) {
          corner != corners.end() && corner->x <= limit && visits < mostVisits; ++corner, ++visits)
       if (const auto share = shareAlong(edge, *corner, tolerance); share && !isEnd(edge, *corner))
         found.emplace_back(*share, *corner);
-    std::sort(found.begin(), found.end(),
-              [](const auto& left, const auto& right) { return left.first < right.first; });
+    foundation::sort(found.begin(), found.end(),
+                     [](const auto& left, const auto& right) { return left.first < right.first; });
     for (std::size_t i = 0; i + 1 < found.size(); ++i)
       divided.push_back(ordered({found[i].second, found[i + 1].second}));
   }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "Platform/Foundation/Files.hpp"
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/RawData.hpp"
 #include "Source/UI/Style/ThemeMembers.hpp"
 
@@ -81,7 +82,7 @@ void readZoom(ThemeMembers& members, MapTheme& theme) {
     step.number("name", steps.back().nameFrom, 0, mostPointsPerMeter);
   });
   if (!found) return;
-  std::stable_sort(steps.begin(), steps.end(), [](const ZoomStep& a, const ZoomStep& b) {
+  foundation::stableSort(steps.begin(), steps.end(), [](const ZoomStep& a, const ZoomStep& b) {
     return a.importance > b.importance;
   });
   theme.zoom = std::move(steps);

@@ -179,7 +179,15 @@ TEST_F(OfflineViewerTest, WorksWithoutNetworkAccess) {
   serve({"cafe", "shop"});
   store();
   server.forgetRequests();
-  test::ViewerStage stage(options(server.root(), true));
+  ViewerOptions anyVenue = options(server.root(), true);
+  anyVenue.slug.reset();
+  test::ViewerStage stage(anyVenue);
+  stage.untilShown();
+  EXPECT_THAT(stage.viewer.connectionNote()->text(), HasSubstr("Offline. Showing the map of"));
+  stage.viewer.goBack();
+  stage.until([&] { return !stage.viewer.venueList().isHidden(); });
+  EXPECT_EQ(stage.viewer.connectionNote()->text(), "Offline. Showing the stored maps.");
+  stage.viewer.venueList().chooseMarked();
   stage.untilShown();
   EXPECT_THAT(stage.viewer.connectionNote()->text(), HasSubstr("Offline. Showing the map of"));
   EXPECT_TRUE(server.requests().empty());

@@ -26,7 +26,7 @@ struct ImdfFeature {
   std::string id;         ///< unique in the archive: that of a second feature has "#2" at its end
   std::string_view type;  ///< member "feature_type", or else the name of the file
   std::string_view file;
-  boost::json::object properties;  ///< without those that are null
+  boost::json::object properties;  ///< of the standard, without those that are null
   GeoGeometry geometry;            ///< in meters
 
   /// The trimmed text of a property; empty if there is none.

@@ -105,7 +105,7 @@ class Reader {
     feature.file = archive_.texts.keep(file.name);
     feature.type = archive_.texts.keep(typeOf(file, data));
     feature.id = idOf(file, data);
-    feature.properties = withoutNulls(data.properties);
+    feature.properties = standardProperties(data.properties);
     feature.geometry = std::move(data.geometry);
     const std::size_t index = archive_.features.size();
     archive_.byType[std::string(feature.type)].push_back(index);
@@ -113,13 +113,17 @@ class Reader {
     archive_.byId.emplace(archive_.features.back().id, static_cast<std::uint32_t>(index));
   }
 
-  json::object withoutNulls(const json::object& properties) const {
+  // Extensions may be larger than everything else.
+  json::object standardProperties(const json::object& properties) const {
+    const auto isKept = [](const json::key_value_pair& member) {
+      return !member.value().is_null() &&
+             isImdfProperty({member.key().data(), member.key().size()});
+    };
     json::object kept(archive_.memory);
-    kept.reserve(static_cast<std::size_t>(
-        std::count_if(properties.begin(), properties.end(),
-                      [](const auto& member) { return !member.value().is_null(); })));
-    for (const auto& [key, value] : properties)
-      if (!value.is_null()) kept.emplace(key, json::value(value, archive_.memory));
+    kept.reserve(
+        static_cast<std::size_t>(std::count_if(properties.begin(), properties.end(), isKept)));
+    for (const auto& member : properties)
+      if (isKept(member)) kept.emplace(member.key(), json::value(member.value(), archive_.memory));
     return kept;
   }
 

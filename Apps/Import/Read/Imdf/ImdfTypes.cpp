@@ -12,6 +12,18 @@ constexpr std::array<std::string_view, 16> types = {
     "footprint",    "geofence", "kiosk",  "level",    "occupant", "opening",
     "relationship", "section",  "unit",   "venue"};
 
+// Sorted.
+constexpr std::array<std::string_view, 36> properties = {
+    "access_control", "accessibility", "address",         "address_id",
+    "alt_name",       "anchor_id",     "building_ids",    "category",
+    "correlation_id", "country",       "destination",     "direction",
+    "display_point",  "door",          "hours",           "intermediary",
+    "level_id",       "level_ids",     "locality",        "name",
+    "ordinal",        "origin",        "outdoor",         "parents",
+    "phone",          "postal_code",   "postal_code_ext", "postal_code_vanity",
+    "province",       "restriction",   "short_name",      "unit",
+    "unit_id",        "unit_ids",      "validity",        "website"};
+
 // The categories of a type, separated and surrounded by spaces.
 struct Categories {
   std::string_view type;
@@ -85,6 +97,10 @@ const Categories* categoriesOf(std::string_view type) {
 
 bool isImdfType(std::string_view type) {
   return std::find(types.begin(), types.end(), type) != types.end();
+}
+
+bool isImdfProperty(std::string_view key) {
+  return std::binary_search(properties.begin(), properties.end(), key);
 }
 
 bool hasKnownCategories(std::string_view type) { return categoriesOf(type) != nullptr; }

@@ -10,6 +10,9 @@ namespace orivanta::importer {
 /// Whether it is one of the 16 feature types.
 bool isImdfType(std::string_view type);
 
+/// Whether the standard gives the property to features of some type.
+bool isImdfProperty(std::string_view key);
+
 /// Whether features of this type have a category from a list that `isImdfCategory` knows.
 bool hasKnownCategories(std::string_view type);
 

@@ -5,7 +5,7 @@ import type { Connection } from "../offline.js";
 import { h } from "../dom.js";
 import { showNotice, type Notice } from "../notices.js";
 import { forgetPlaces } from "../recent.js";
-import { showCode } from "../Share/share.js";
+import { showCode } from "../Share/code.js";
 import { startState, type State } from "../state.js";
 import { languages } from "../texts.js";
 import { startUi } from "../ui.js";
@@ -21,11 +21,6 @@ export interface KioskHost {
   readonly reload: () => Promise<void>;
   /** Shows the map as at the beginning. */
   readonly showStart: () => void;
-}
-
-/** Returns the rule that a route without a start begins at the kiosk. */
-export function startsHere({ here }: KioskOptions): (state: State) => State {
-  return (state) => (state.to !== null && state.from === null && state.to !== here ? { ...state, from: here } : state);
 }
 
 const oldestData = 15 * 60_000;

@@ -1,5 +1,7 @@
 // The parameters of a kiosk: ?kiosk=1&here=PLACE&idle=SECONDS&link=URL
 
+import type { State } from "../state.js";
+
 /** How a kiosk is set up. */
 export interface KioskOptions {
   /** Where the kiosk stands: a place, a node or "@FLOOR,X,Y". */
@@ -16,4 +18,9 @@ export function kioskOptionsOf(query: URLSearchParams): KioskOptions | null {
   if (!["1", "true", ""].includes(query.get("kiosk") ?? "0")) return null;
   const idle = Number(query.get("idle") ?? 60);
   return { here: query.get("here") || null, idle: idle >= 5 && idle <= 3600 ? idle : 60 };
+}
+
+/** Returns the rule that a route without a start begins at the kiosk. */
+export function startsHere({ here }: KioskOptions): (state: State) => State {
+  return (state) => (state.to !== null && state.from === null && state.to !== here ? { ...state, from: here } : state);
 }

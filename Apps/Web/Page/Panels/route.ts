@@ -4,12 +4,14 @@ import type { Guidance, ProfileName } from "orivanta";
 
 import { endRoute, openSearch, removeStop, swapEnds, type End } from "../actions.js";
 import type { App, Plan } from "../app.js";
-import { h, newIdentifier } from "../dom.js";
+import { h } from "../dom.js";
 import { icon } from "../icons.js";
 import { arrivalOf, closedStops } from "../planning.js";
 import { takeAway } from "../Share/share.js";
 import { stepIcon } from "../stepIcon.js";
 import { clockText } from "../times.js";
+import { choice } from "./choice.js";
+import { waysOf } from "./ways.js";
 
 const profiles: readonly (readonly [ProfileName, key: string])[] = [
   ["fastest", "profile.fastest"],
@@ -82,30 +84,6 @@ function stops(app: App): HTMLElement {
   );
 }
 
-/** A row of radio buttons that look like segments. */
-export function choice(
-  app: App,
-  label: string,
-  options: readonly { value: string; title: string }[],
-  chosen: string,
-  change: (value: string) => void,
-): HTMLElement {
-  const name = newIdentifier("choice");
-  return h(
-    "fieldset",
-    { class: "choice" },
-    h("legend", { class: "visually-hidden" }, label),
-    ...options.map(({ value, title }) =>
-      h(
-        "label",
-        {},
-        h("input", { type: "radio", name, value, checked: value === chosen, "data-key": `${label}-${value}`, onchange: () => change(value) }),
-        h("span", { dir: app.texts.isRightToLeft ? "rtl" : "ltr" }, title),
-      ),
-    ),
-  );
-}
-
 function hint(app: App, plan: Plan | null): HTMLElement {
   if (plan?.kind === "problem") {
     const offer =
@@ -144,10 +122,11 @@ function routeParts(app: App, { routes }: Plan & { kind: "route" }): Node[] {
     ...closed.map((place) => h("p", { class: "warning route-warning" }, app.t("route.closed", { place }))),
   ];
   if (routes.length > 1) {
-    const options = routes.map((each, index) => ({ value: String(index), title: summaryOf(app, each) }));
+    const ways = waysOf(app, routes);
+    const options = routes.map((each, index) => ({ value: String(index), title: summaryOf(app, each), detail: ways[index] }));
     nodes.push(choice(app, app.t("page.route.choices"), options, String(routes.indexOf(route)), (value) => app.changeUi({ routeIndex: Number(value) })));
   }
-  if (!isThere) nodes.push(...takeAway(app), stepList(app, route));
+  if (!isThere) nodes.push(takeAway(app), stepList(app, route));
   return nodes;
 }
 

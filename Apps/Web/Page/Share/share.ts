@@ -1,29 +1,32 @@
 // Buttons that take what the page shows to another device.
 
 import type { App } from "../app.js";
-import { openDialog } from "../dialog.js";
 import { h } from "../dom.js";
 import { icon } from "../icons.js";
+import { whenLoaded } from "../loaded.js";
 import { showNotice } from "../notices.js";
-import { qrPicture } from "./qrPicture.js";
-import { isReachable, sharedLink } from "./sharedLink.js";
+import { sharedLink } from "./sharedLink.js";
 
 /** Returns what takes the route to another device: buttons, and on a kiosk, which visitors leave, the QR code itself. */
-export function takeAway(app: App): HTMLElement[] {
-  const code = app.kiosk ? codeOf(app, sharedLink(app.store.state, location.href)) : shareButtons(app);
-  return code ? [code] : [];
+export function takeAway(app: App): HTMLElement {
+  if (!app.kiosk) return shareButtons(app);
+  const place = h("div");
+  const link = sharedLink(app.store.state, location.href);
+  whenLoaded(app, ({ codeOf }) => place.append(codeOf(app, link) ?? ""));
+  return place;
 }
 
 function shareButtons(app: App): HTMLElement {
-  const share = h("button", { class: "tinted", type: "button", "data-key": "share" }, icon("share"), app.t("page.share"));
-  const code = h("button", { class: "tinted", type: "button", "data-key": "qr" }, icon("qr"), app.t("page.share.code"));
-  share.addEventListener("click", () => void shareLink(app));
-  code.addEventListener("click", () => showCode(app, sharedLink(app.store.state, location.href)));
+  const link = () => sharedLink(app.store.state, location.href);
+  const button = (key: string, ...content: (Node | string)[]) => h("button", { class: "tinted", type: "button", "data-key": key }, ...content);
+  const share = button("share", icon("share"), app.t("page.share"));
+  const code = button("qr", icon("qr"), app.t("page.share.code"));
+  share.addEventListener("click", () => void shareLink(app, link()));
+  code.addEventListener("click", () => showCode(app, link()));
   return h("div", { class: "buttons is-share" }, share, code);
 }
 
-async function shareLink(app: App): Promise<void> {
-  const link = sharedLink(app.store.state, location.href);
+async function shareLink(app: App, link: string): Promise<void> {
   try {
     if (typeof navigator.share === "function") return await navigator.share({ title: document.title, url: link });
     await navigator.clipboard.writeText(link);
@@ -34,16 +37,7 @@ async function shareLink(app: App): Promise<void> {
   }
 }
 
-/** Returns the QR code of a link, with the link as a text, or null if no other device can open it or it is too long. */
-function codeOf(app: App, link: string): HTMLElement | null {
-  const picture = isReachable(link) ? qrPicture(link, app.t("page.share.name", { link })) : null;
-  return picture && h("figure", { class: "code" }, picture, h("figcaption", {}, app.t("page.share.scan")));
-}
-
 /** Shows a link as a QR code and as a text. */
 export function showCode(app: App, link: string): void {
-  const close = h("button", { class: "filled", type: "button" }, app.t("page.close"));
-  const text = h("p", { class: "link", dir: "ltr" }, link);
-  const dialog = openDialog(app.t("page.share.code"), "code-dialog", codeOf(app, link), text, close);
-  close.addEventListener("click", () => dialog.close());
+  whenLoaded(app, (later) => later.showCode(app, link));
 }

@@ -1,6 +1,6 @@
 // Data of venue servers: the server is asked first, and a stored response is used if it does not answer soon.
 
-import { isUnavailable, withinTime } from "./network.js";
+import { isUnavailable, LateError, withinTime } from "./network.js";
 import { findStored, findStoredInAnyLanguage, keep, type Stored } from "./store.js";
 
 declare const self: ServiceWorkerGlobalScope;
@@ -14,12 +14,12 @@ const patienceToEnd = 20_000;
 // How long a server that did not answer is not asked again, as long as stored responses suffice.
 const pause = 10_000;
 
-let silentUntil = 0;
+const silentUntil = new Map<string, number>(); // by origin
 let patience = usualPatience;
 
 /** The page has seen that the server answers again. */
 export function serverAnswered(): void {
-  silentUntil = 0;
+  silentUntil.clear();
   patience = longPatience;
 }
 
@@ -31,39 +31,42 @@ export function dataRequest({ url, destination }: Request): boolean {
 /** Answers a request for data, and tells the page if the answer is a stored one. */
 export async function answerData(event: FetchEvent): Promise<Response> {
   const { request } = event;
-  const stored = await findStored(request);
-  if (stored && Date.now() < silentUntil) return use(event, stored);
+  const page = await self.clients.get(event.clientId);
+  if (!page || !isPage(page.url)) return fetch(request);
+  const { origin } = new URL(request.url);
+  const stored = (await findStored(request)) ?? (await findStoredInAnyLanguage(request));
+  // The page waits for `failed`, a request that was not answered.
+  const use = ({ response, time }: Stored, failed: string | null) => {
+    page.postMessage({ storedAt: time, failed });
+    return response;
+  };
+  if (stored && Date.now() < (silentUntil.get(origin) ?? 0)) return use(stored, null);
   // Requests that are not answered are ended, since browsers limit their number.
   const ending = new AbortController();
   request.signal.addEventListener("abort", () => ending.abort(request.signal.reason));
   const answer = fetch(request, { signal: ending.signal });
   const complete = answer.then(async (response) => {
     const body = await response.clone().arrayBuffer();
-    return { whole: new Response(body, response), kept: keep(request, response, body) };
+    return { response, kept: keep(request, response, body) };
   });
   event.waitUntil(complete.then(({ kept }) => kept).catch(() => {}));
+  if (!stored) return answer;
   try {
-    if (!stored) return available(await answer);
-    available(await withinTime(patience, answer));
-    return (await withinTime(patienceToEnd, complete)).whole;
+    const response = await withinTime(patience, answer);
+    if (isUnavailable(response)) return use(stored, request.url);
+    return (await withinTime(patienceToEnd, complete)).response;
   } catch (error) {
     if (request.signal.aborted) throw error;
-    const copy = stored ?? (await findStoredInAnyLanguage(request));
-    if (!copy) return answer;
     ending.abort();
-    silentUntil = Date.now() + pause;
+    if (error instanceof LateError) silentUntil.set(origin, Date.now() + pause);
     patience = usualPatience;
-    return use(event, copy);
+    return use(stored, request.url);
   }
 }
 
-function available(response: Response): Response {
-  if (isUnavailable(response)) throw new Error(`the server answers with ${response.status}`);
-  return response;
-}
-
-async function use(event: FetchEvent, { response, time }: Stored): Promise<Response> {
-  const page = await self.clients.get(event.clientId);
-  page?.postMessage({ storedAt: time });
-  return response;
+// Other pages may lie in folders below the page.
+function isPage(address: string): boolean {
+  const { origin, pathname } = new URL(address);
+  const path = (origin + pathname).slice(self.registration.scope.length);
+  return (origin + pathname).startsWith(self.registration.scope) && ["", "index.html", "examples.html"].includes(path);
 }

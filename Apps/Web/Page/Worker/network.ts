@@ -1,9 +1,12 @@
 // Requests that do not wait forever.
 
-/** Returns the result of a promise. Rejected if it takes longer than a number of milliseconds. */
+/** A promise has taken too long. */
+export class LateError extends Error {}
+
+/** Returns the result of a promise. Rejected with a `LateError` if it takes longer than a number of milliseconds. */
 export function withinTime<Result>(milliseconds: number, promise: Promise<Result>): Promise<Result> {
   return new Promise((resolve, reject) => {
-    const timer = setTimeout(() => reject(new Error("no answer in time")), milliseconds);
+    const timer = setTimeout(() => reject(new LateError("no answer in time")), milliseconds);
     promise.then(resolve, reject).finally(() => clearTimeout(timer));
   });
 }

@@ -26,9 +26,9 @@ async function accountOf(request: Request): Promise<string> {
 
 const languageOf = (request: Request) => encodeURIComponent(request.headers.get("Accept-Language") ?? "");
 
-async function addressOf(request: Request, language: string): Promise<string> {
+async function addressOf(request: Request): Promise<string> {
   const account = await accountOf(request);
-  return `https://stored.invalid/${account}/${encodeURIComponent(request.url)}/${language}`;
+  return `https://stored.invalid/${account}/${encodeURIComponent(request.url)}?${languageOf(request)}`;
 }
 
 const storedOf = (response: Response | undefined): Stored | null =>
@@ -37,15 +37,13 @@ const storedOf = (response: Response | undefined): Stored | null =>
 /** Returns the stored response to a request. */
 export async function findStored(request: Request): Promise<Stored | null> {
   const cache = await caches.open(cacheName);
-  return storedOf(await cache.match(await addressOf(request, languageOf(request))));
+  return storedOf(await cache.match(await addressOf(request)));
 }
 
 /** Returns the stored response to the same request with any languages. */
 export async function findStoredInAnyLanguage(request: Request): Promise<Stored | null> {
   const cache = await caches.open(cacheName);
-  const start = await addressOf(request, "");
-  const found = (await cache.keys()).find(({ url }) => url.startsWith(start));
-  return storedOf(found && (await cache.match(found)));
+  return storedOf(await cache.match(await addressOf(request), { ignoreSearch: true }));
 }
 
 /** Stores the response to a request, unless it must not be stored. */
@@ -58,10 +56,11 @@ export async function keep(request: Request, { status, type, headers }: Response
   fields.set(sizeField, String(body.byteLength));
   try {
     const cache = await caches.open(cacheName);
-    await cache.put(await addressOf(request, languageOf(request)), new Response(body, { headers: fields }));
+    await cache.put(await addressOf(request), new Response(body, { headers: fields }));
     scheduleRemoval();
-  } catch {
-    await removeOldest(mostBytes / 2); // there is no room
+  } catch (error) {
+    if ((error as Error).name !== "QuotaExceededError") throw error;
+    await removeOldest(mostBytes / 2);
   }
 }
 

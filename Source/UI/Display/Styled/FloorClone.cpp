@@ -56,6 +56,17 @@ scene::RibbonLook withSlabEdges(scene::RibbonLook look, bool areShown) {
   return look;
 }
 
+// The edge of what is left of a floor, on the floors behind it or on the background.
+scene::RibbonLook FloorClone::reducedLook(const MapTheme& theme) const {
+  scene::RibbonLook look{outlineColors(theme)};
+  const bool isSlab = base_ == Surface::slab;
+  const auto surface = isSlab ? outlineSurface::slab : outlineSurface::walkable;
+  const graphics::Color& fill = isSlab ? theme.colors.slab : theme.colors.walkable;
+  look.colors[outlineIndex(surface, outlineSurface::backdrop)] = {
+      theme.outline(fill), static_cast<float>(theme.sizes.outline)};
+  return look;
+}
+
 void FloorClone::copyRibbons(const scene::Node& model) {
   setRibbons(model.ribbons(), withSlabEdges(model.ribbonLook(), hasSlab_));
 }
@@ -82,19 +93,19 @@ void FloorClone::reduce(std::span<const ShapeRole> roles, const MapTheme& theme,
   const bool hasSlab =
       hasSlab_ && std::any_of(roles.begin(), roles.end(),
                               [](const ShapeRole& role) { return role.surface == Surface::slab; });
-  const Surface base = hasSlab ? Surface::slab : Surface::walkable;
+  base_ = hasSlab ? Surface::slab : Surface::walkable;
   std::vector<OutlinedShape> left;
   for (std::size_t i = 0; i < shapes_.size(); ++i) {
     const ShapeRole& role = roles[i];
     const auto& copy = shapes_[i].second;
-    if (role.surface == base || isConnector(role))
+    if (role.surface == base_ || isConnector(role))
       left.push_back({copy->geometry(), copy->transform(), role});
     else
       copy->setHidden(true);
   }
   isReduced_ = true;
   reduced_ = makeOutlines(left, unitsPerMeter);
-  setRibbons(reduced_, {outlineColors(theme)});
+  setRibbons(reduced_, reducedLook(theme));
 }
 
 bool FloorClone::isOf(const Map& map) const { return model_.lock() == map.mapObject; }
@@ -103,7 +114,7 @@ void FloorClone::copyLook(const MapTheme& theme) {
   const graphics::Transaction transaction;
   for (const auto& [shape, copy] : shapes_) copy->setDisplayColor(shape->displayColor());
   if (isReduced_)
-    setRibbons(reduced_, {outlineColors(theme)});
+    setRibbons(reduced_, reducedLook(theme));
   else if (const auto model = model_.lock())
     copyRibbons(*model);
 }

@@ -55,13 +55,15 @@ class FloorClone {
   void copyOutlines();
 
  private:
+  scene::RibbonLook reducedLook(const MapTheme& theme) const;
   void copyRibbons(const scene::Node& model);
   void setRibbons(const std::shared_ptr<const scene::Ribbons>& ribbons, scene::RibbonLook look);
 
   std::weak_ptr<scene::Node> model_;
   std::shared_ptr<scene::Node> node_;
   std::vector<std::pair<std::shared_ptr<scene::Node>, std::shared_ptr<scene::Node>>> shapes_;
-  std::shared_ptr<const scene::Ribbons> reduced_;  // own outlines; null unless reduced
+  std::shared_ptr<const scene::Ribbons> reduced_;       // own outlines; null unless reduced
+  ShapeRole::Surface base_ = ShapeRole::Surface::slab;  // what is left of a reduced floor
   bool isReduced_ = false;
   bool hasSlab_ = true;
   float outlineShare_ = 1;

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/UI/Display/AssumedScale.hpp"
 #include "Source/UI/Display/Styled/FloorAreas.hpp"
 #include "Source/UI/Labels/LabelRank.hpp"
@@ -141,7 +142,7 @@ class FloorLabeling {
     std::vector<std::size_t> order;
     for (std::size_t i = 0; i < areas_.all().size(); ++i)
       if (areas_.all()[i].surface == ShapeRole::Surface::place) order.push_back(i);
-    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+    foundation::stableSort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
       return areas_.all()[left].area.size > areas_.all()[right].area.size;
     });
     std::vector<LabelArea> areas;

@@ -1,19 +1,16 @@
 #include "Source/UI/Display/Styled/RouteMarks.hpp"
 
 #include <algorithm>
-#include <array>
+#include <cmath>
 #include <utility>
 
-#include "Platform/Graphics/Drawing.hpp"
+#include "Platform/Foundation/Sorting.hpp"
 #include "Platform/Graphics/Text.hpp"
-#include "Source/UI/Display/Styled/FloorLabels.hpp"
 #include "Source/UI/Display/Styled/FloorProjection.hpp"
-#include "Source/UI/Style/MapIcons.hpp"
+#include "Source/UI/Display/Styled/RouteMarkImages.hpp"
 
 namespace orivanta {
 
-using graphics::DrawingPart;
-using graphics::Image;
 using graphics::Point;
 using graphics::Rect;
 using graphics::Size;
@@ -22,67 +19,10 @@ namespace {
 
 using Form = RouteMark::Form;
 
-// Shares of the width of the icons on the route.
-constexpr double pinShare = 30.0 / 24;  // the height
-constexpr double pinWidthShare = 22.0 / 24;
-constexpr double dotShare = 11.0 / 24;
-constexpr double fontShare = 13.0 / 24;
-constexpr double numberShare = 12.0 / 24;
-constexpr double paddingShare = 7.0 / 24;
-
-constexpr double badgeRing = 1.6;  // points, around badges
 constexpr double nameGap = 1;      // points, between a symbol and its name
 constexpr double overRoute = 0.1;  // the cost of a point of the route below a text
 constexpr double touchMargin = 4;  // points
-constexpr double pinUnits = 64;    // the side of the drawing of a pin
-constexpr double dotUnits = 16;    // the side of the drawing of a dot
-constexpr double headRise = 19.5;  // of a pin that is 30 units high
-
-// A pin of 30 units with its tip at the origin.
-constexpr std::string_view pinPath =
-    "M 0 0 C -3 -6 -10.5 -11 -10.5 -19.5 C -10.5 -25.3 -5.8 -30 0 -30 C 5.8 -30 10.5 -25.3 10.5 "
-    "-19.5 C 10.5 -11 3 -6 0 0 Z";
-
-bool isPin(Form form) { return form == Form::stop || form == Form::end; }
-
-// Texts of badges lie on the color of their icon, others on the map.
-graphics::TextStyle textStyle(const RouteMark& mark, const MapTheme& theme) {
-  const double size = theme.sizes.selectedIcon * fontShare;
-  graphics::TextStyle style = nameStyle(theme, size);
-  style.bold = true;
-  style.wholeLines = false;
-  if (mark.form != Form::floorChange) return style;
-  style.color = theme.colors.iconSymbol;
-  style.outlineWidth = 0;
-  return style;
-}
-
-graphics::TextStyle numberStyle(const MapTheme& theme) {
-  graphics::TextStyle style;
-  style.fontFamily = theme.fontFamily;
-  style.fontSize = theme.sizes.selectedIcon * numberShare;
-  style.bold = true;
-  style.color = theme.colors.iconSymbol;
-  return style;
-}
-
-std::shared_ptr<const Image> symbolImage(const RouteMark& mark, const MapTheme& theme,
-                                         double scale) {
-  const MapPalette& colors = theme.colors;
-  const double size = theme.sizes.selectedIcon;
-  if (mark.form == Form::floorChange)
-    return mark.place ? makeIconImage(mark.kind, theme, size, scale)
-                      : makeWalkIconImage(theme, size, scale);
-  if (mark.form == Form::start) {
-    const std::array<DrawingPart, 2> dot{{{"O0 0 7.5", colors.casing}, {"O0 0 5.5", colors.start}}};
-    return graphics::makeDrawingImage(dot, dotUnits, dotUnits * size * dotShare / 11, scale);
-  }
-  const graphics::Color body = mark.form == Form::stop ? colors.iconInfo : colors.pin;
-  const std::array<DrawingPart, 3> pin{
-      {{pinPath, colors.casing, 3}, {pinPath, body}, {"O0 -19.5 4", colors.casing}}};
-  return graphics::makeDrawingImage(std::span(pin).first(mark.number.empty() ? 3 : 2), pinUnits,
-                                    pinUnits * size * pinShare / 30, scale);
-}
+constexpr double badgeRing = 1.6;  // points, around badges
 
 Rect centeredAt(Point middle, Size size) {
   return {{middle.x - size.width / 2, middle.y - size.height / 2}, size};
@@ -105,8 +45,9 @@ Rect expanded(const Rect& rect, double by) {
 void RouteMarks::set(std::vector<RouteMark> marks,
                      std::vector<std::vector<graphics::Vector3>> lines,
                      std::shared_ptr<const MapTheme> theme) {
-  std::stable_sort(marks.begin(), marks.end(),
-                   [](const auto& left, const auto& right) { return left.form < right.form; });
+  foundation::stableSort(marks.begin(), marks.end(), [](const auto& left, const auto& right) {
+    return left.form < right.form;
+  });
   const bool isSame =
       theme == theme_ &&
       std::equal(marks.begin(), marks.end(), shown_.begin(), shown_.end(),
@@ -130,10 +71,10 @@ RouteMarks::Shown RouteMarks::shownAs(RouteMark mark) const {
   const bool isBadge = mark.form == Form::floorChange;
   const double size = theme_->sizes.selectedIcon;
   MarkShape shape;
-  shape.hasPin = isPin(mark.form);
+  shape.hasPin = isRoutePin(mark.form);
   shape.hasDot = !shape.hasPin;
-  shape.pin = {size * pinWidthShare, size * pinShare};
-  shape.dot = isBadge ? size : size * dotShare;
+  shape.pin = {size * routeMarkShares::pinWidth, size * routeMarkShares::pin};
+  shape.dot = isBadge ? size : size * routeMarkShares::dot;
   shape.gap = isBadge ? 0 : nameGap;
   if (isBadge) shape.sides = {TextSide::right, TextSide::left, TextSide::above, TextSide::below};
   shape.overRoute = overRoute;
@@ -143,19 +84,20 @@ RouteMarks::Shown RouteMarks::shownAs(RouteMark mark) const {
 
 Size RouteMarks::roomForText(const RouteMark& mark) const {
   if (mark.text.empty()) return {};
-  const Size text = graphics::measureText(mark.text, textStyle(mark, *theme_));
+  const Size text = graphics::measureText(mark.text, routeMarkTextStyle(mark, *theme_));
   if (mark.form != Form::floorChange) return text;
   const double size = theme_->sizes.selectedIcon;
-  return {text.width + 2 * size * paddingShare, size};
+  return {text.width + 2 * size * routeMarkShares::padding, size};
 }
 
 void RouteMarks::drawImages(double scale) {
   if (scale == scale_) return;
   scale_ = scale;
   for (Shown& each : shown_) {
-    each.symbol = symbolImage(each.mark, *theme_, scale);
-    each.text = graphics::makeTextImage(each.mark.text, textStyle(each.mark, *theme_), scale);
-    each.number = graphics::makeTextImage(each.mark.number, numberStyle(*theme_), scale);
+    each.symbol = makeRouteMarkSymbol(each.mark, *theme_, scale);
+    each.text =
+        graphics::makeTextImage(each.mark.text, routeMarkTextStyle(each.mark, *theme_), scale);
+    each.number = graphics::makeTextImage(each.mark.number, routeMarkNumberStyle(*theme_), scale);
   }
 }
 
@@ -184,15 +126,32 @@ void RouteMarks::place(const FloorProjection& projection, const Rect& free) {
     each.isSeen = place.pointsPerUnit > 0;
     places.push_back({place.point, each.room, each.shape});
   }
+  keepStartsClear(places);
   looks_ = placeMarks(places, linesInView(projection), free, looks_);
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     shown_[i].frames = framesOf(places[i], looks_[i]);
+    if (shown_[i].shape.hasDot)
+      shown_[i].frames.symbol =
+          centeredAt(places[i].at, {shown_[i].shape.dot, shown_[i].shape.dot});
   }
   hideCoveredArrivals();
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     if (!shown_[i].isSeen) continue;
     boxes_.push_back(shown_[i].frames.symbol);
     if (shown_[i].room.width > 0) boxes_.push_back(shown_[i].frames.text);
+  }
+}
+
+// A start on the badge of a floor change is as large as the badge, so that its name is beside both.
+void RouteMarks::keepStartsClear(std::vector<MarkPlace>& places) const {
+  for (std::size_t i = 0; i < shown_.size(); ++i) {
+    if (shown_[i].mark.form != Form::start) continue;
+    for (std::size_t j = 0; j < shown_.size(); ++j) {
+      if (shown_[j].mark.form != Form::floorChange) continue;
+      const double away =
+          std::hypot(places[i].at.x - places[j].at.x, places[i].at.y - places[j].at.y);
+      if (2 * away < places[j].shape.dot) places[i].shape.dot = places[j].shape.dot + 2 * away;
+    }
   }
 }
 
@@ -233,11 +192,12 @@ void RouteMarks::draw(view::Canvas& canvas) {
   for (const Shown& each : shown_) {
     if (!each.isSeen || !each.symbol) continue;
     const auto& [symbol, text] = each.frames;
-    const Point symbolMiddle{symbol.midX(), isPin(each.mark.form) ? symbol.maxY() : symbol.midY()};
+    const Point symbolMiddle{symbol.midX(),
+                             isRoutePin(each.mark.form) ? symbol.maxY() : symbol.midY()};
     if (each.text && each.mark.form == Form::floorChange) drawBadge(canvas, each);
     canvas.draw(each.symbol, centeredAt(symbolMiddle, each.symbol->size()));
     if (each.number) {
-      const double height = theme_->sizes.selectedIcon * pinShare * headRise / 30;
+      const double height = theme_->sizes.selectedIcon * routeMarkShares::pinHead;
       canvas.draw(each.number,
                   centeredAt({symbolMiddle.x, symbolMiddle.y - height}, each.number->size()));
     }

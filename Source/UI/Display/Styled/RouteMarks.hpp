@@ -54,6 +54,7 @@ class RouteMarks {
   void drawImages(double scale);
   Shown shownAs(RouteMark mark) const;
   graphics::Size roomForText(const RouteMark& mark) const;
+  void keepStartsClear(std::vector<MarkPlace>& places) const;
   void hideCoveredArrivals();
   void drawBadge(view::Canvas& canvas, const Shown& shown) const;
   std::vector<std::vector<graphics::Point>> linesInView(const FloorProjection& projection) const;

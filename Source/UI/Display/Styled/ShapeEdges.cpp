@@ -6,6 +6,8 @@
 #include <tuple>
 #include <utility>
 
+#include "Platform/Foundation/Sorting.hpp"
+
 namespace orivanta {
 
 namespace {
@@ -31,8 +33,8 @@ std::vector<Face> sortedFaces(std::span<const LabelTriangle> triangles) {
     const auto [low, high] = std::minmax({a.z, b.z, c.z});
     faces.push_back({&corners, size, low, high});
   }
-  std::stable_sort(faces.begin(), faces.end(),
-                   [](const Face& a, const Face& b) { return a.low < b.low; });
+  foundation::stableSort(faces.begin(), faces.end(),
+                         [](const Face& a, const Face& b) { return a.low < b.low; });
   return faces;
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <tuple>
 
+#include "Platform/Foundation/Sorting.hpp"
 #include "Source/Map.hpp"
 
 namespace orivanta {
@@ -28,10 +29,10 @@ std::vector<Index> choose(std::size_t count, const std::vector<Index>& important
   };
   std::vector<Index> chosen(count);
   for (std::size_t i = 0; i < count; ++i) chosen[i] = static_cast<Index>(i);
-  std::sort(chosen.begin(), chosen.end(),
-            [&](Index first, Index second) { return keyOf(first) < keyOf(second); });
+  foundation::sort(chosen.begin(), chosen.end(),
+                   [&](Index first, Index second) { return keyOf(first) < keyOf(second); });
   chosen.resize(std::min(count, mostStackedFloors));
-  std::sort(chosen.begin(), chosen.end());
+  foundation::sort(chosen.begin(), chosen.end());
   return chosen;
 }
 

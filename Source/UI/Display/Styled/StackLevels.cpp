@@ -34,7 +34,9 @@ void StackLevels::build(const MapView& view, const StackLayout& layout, Lines li
 
 void StackLevels::add(const StackedFloor& floor, const StackShapes& shapes, const MapView& view,
                       const MapTheme& theme) {
-  Level level{floor.floor, floor.offset, floor.isWhole ? 1 : fadedOpacity, scene::Node::make()};
+  // An empty slab would hide the floors below for nothing.
+  const bool isFaded = !floor.isWhole || shapes.contents().isEmpty();
+  Level level{floor.floor, floor.offset, isFaded ? fadedOpacity : 1, scene::Node::make()};
   const Map& map = *floor.floor;
   if (floor.floor != view.currentMap()) {
     level.clone = std::make_unique<FloorClone>(map, shapes.leftOut);

@@ -13,6 +13,8 @@
 #include "Source/UI/Display/MapCamera.hpp"
 #include "Source/UI/Display/MapStyle.hpp"
 #include "Source/UI/Display/RouteOverlay.hpp"
+#include "Source/UI/Display/Styled/FloorProjection.hpp"
+#include "Source/UI/Display/Styled/RouteMarks.hpp"
 #include "Source/UI/MapViewDirections.hpp"
 #include "Source/UI/Style/ColorMeasures.hpp"
 #include "Source/Vortex.hpp"
@@ -109,6 +111,28 @@ TEST_F(StyledRouteTest, FramedEndsHaveSpaceForTheirMarks) {
       EXPECT_TRUE(at.x >= 439.9 && at.x <= 760.1 && at.y >= 439.9 && at.y <= 740.1) << at.x << at.y;
     }
   }
+}
+
+TEST_F(StyledRouteTest, NamesLieBesideBadgesAndGrowWithTheTextSize) {
+  view.setStyle(style);
+  view.camera().setPose({500, 560, 900, 0, 0});
+  draw();
+  const FloorProjection projection(*view.sceneView->viewpoint(), view.bounds().size);
+  const auto boxes = [&](double textScale) {
+    RouteMark start{RouteMark::Form::start, {{500, 560, 0}, shown.floor(0)}};
+    RouteMark ride{RouteMark::Form::floorChange, start.at};
+    start.text = "Start";
+    ride.text = "Up";
+    RouteMarks marks;
+    marks.set({start, ride}, {},
+              std::make_shared<const MapTheme>(MapTheme::light()->withTextScale(textScale)));
+    marks.place(projection, view.bounds());
+    return marks.boxes();  // symbol and text of the badge, then of the start
+  };
+  const auto usual = boxes(1);
+  ASSERT_EQ(usual.size(), 4U);
+  EXPECT_FALSE(usual[3].intersects(usual[0]) || usual[3].intersects(usual[1]));
+  EXPECT_NEAR(boxes(2)[3].size.width / usual[3].size.width, 2, 0.1);
 }
 
 TEST_F(StyledRouteTest, MarksLeadToPlacesAndFloors) {
