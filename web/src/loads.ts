@@ -81,8 +81,10 @@ export class Loads {
     if (progressed) queueMicrotask(() => progressed({ collectionsDone, collections, pages, bytes }));
   }
 
-  // The handlers of the page run in a turn of their own, so that what they throw does not pass through the module.
-  /** To be called with the JSON text of a `LoadReport`. */
+  /**
+   * To be called with the JSON text of a `LoadReport`. Handlers of the page run in a turn of their own, so that what
+   * they throw does not pass through the module.
+   */
   ended(load: number, text: string): void {
     const running = this.#running.get(load);
     if (running) queueMicrotask(() => running.ended(JSON.parse(text) as LoadReport));

@@ -43,7 +43,7 @@ class MapHost : public MapViewDelegate {
   /// Loads the floors that wait until the first one is drawn completely.
   void loadOtherFloors() { downloader_->release(); }
 
-  /// Draws a frame and returns whether another one is needed. `time`: seconds; increases.
+  /// Draws a frame if a floor is loaded and the canvas is shown. `time`: seconds; increases.
   void frame(const CanvasSize& canvas, double time);
 
   /// Whether a frame would differ from the last one.

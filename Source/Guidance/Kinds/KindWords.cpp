@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
+#include <map>
 #include <utility>
 
 #include "Source/Category.hpp"
@@ -46,13 +48,22 @@ PlaceKind firstIn(const Words& words, std::string_view form) {
   return found == words.end() ? PlaceKind::other : found->second;
 }
 
-PlaceKind builtInKind(std::string_view form) {
+PlaceKind builtInKindOf(std::string_view form) {
   static const Words words = wordsOf(kindTable());
   static const Words toilets = wordsOf(toiletTable());
   const PlaceKind kind = firstIn(words, form);
   if (kind != PlaceKind::toilet) return kind;
   const PlaceKind refined = firstIn(toilets, form);
   return refined == PlaceKind::other ? kind : refined;
+}
+
+// Remembers the kinds of a thread's last texts: a venue has few categories, but many places.
+PlaceKind builtInKind(std::string_view text) {
+  constexpr std::size_t most = 4096;
+  thread_local std::map<std::string, PlaceKind, std::less<>> known;
+  if (const auto found = known.find(text); found != known.end()) return found->second;
+  if (known.size() >= most) known.clear();
+  return known.emplace(text, builtInKindOf(' ' + searchForm(text) + ' ')).first->second;
 }
 
 }  // namespace
@@ -67,11 +78,12 @@ bool KindWords::add(PlaceKind kind, std::string_view word) {
 }
 
 PlaceKind KindWords::kindOf(std::string_view text) const {
+  if (added_.empty()) return builtInKind(text);
   const std::string form = ' ' + searchForm(text) + ' ';
   const auto found = std::find_if(added_.rbegin(), added_.rend(), [&](const Word& word) {
     return form.find(word.form) != std::string::npos;
   });
-  return found == added_.rend() ? builtInKind(form) : found->kind;
+  return found == added_.rend() ? builtInKindOf(form) : found->kind;
 }
 
 PlaceKind KindWords::kindOf(const Category& category) const {
