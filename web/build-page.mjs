@@ -1,6 +1,8 @@
 // Builds the page of Apps/Web/Page into build/web/page: bundles its code with the package in dist/, adds hashes
-// to the names of the files, and writes the HTML pages and the service worker. Usage: node build-page.mjs [--no-minify]
+// to the names of the files, writes the HTML pages and the service worker, and compresses all of them.
+// Usage: node build-page.mjs [--no-minify]
 
+import { execFileSync } from "node:child_process";
 import { mkdirSync, readdirSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import path from "node:path";
 import { fileURLToPath } from "node:url";
@@ -100,3 +102,7 @@ for (const file of [path.join(source, "index.html"), `${examples}.html`]) {
   writeFileSync(path.join(target, path.basename(file)), page);
 }
 await buildWorker(root, target, !process.argv.includes("--no-minify"));
+
+// The server sends these in place of the files. It would compress them less well.
+const compressible = readdirSync(target).filter((name) => /\.(css|html|js|json|mo|wasm)$/.test(name));
+execFileSync("zopfli", compressible.map((name) => path.join(target, name)));

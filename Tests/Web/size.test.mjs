@@ -1,7 +1,7 @@
 // What a page downloads, compressed as a server sends it. web/feature-sizes.mjs prints what single features cost.
 
 import assert from "node:assert/strict";
-import { existsSync, readdirSync, readFileSync } from "node:fs";
+import { existsSync, readdirSync, readFileSync, statSync } from "node:fs";
 import { createRequire } from "node:module";
 import path from "node:path";
 import test from "node:test";
@@ -14,23 +14,29 @@ const page = path.join(root, "build/web/page");
 const { build } = createRequire(path.join(web, "package.json"))("esbuild");
 
 const compressed = (bytes) => gzipSync(bytes, { level: 9 }).length;
-const sizeOf = (...names) => compressed(readFileSync(path.join(...names)));
+/** What a server sends of a file: the file beside it that is compressed, if there is one. */
+const sizeOf = (...names) => {
+  const file = path.join(...names);
+  return existsSync(`${file}.gz`) ? statSync(`${file}.gz`).size : compressed(readFileSync(file));
+};
 
 test("sizes", async (context) => {
   const check = (name, bytes, kilobytes) => {
     context.diagnostic(`${name}: ${(bytes / 1000).toFixed(1)} KB compressed, at most ${kilobytes}`);
     assert.ok(bytes > 1000 && bytes <= kilobytes * 1000, `${name}: ${bytes} bytes`);
   };
-  check("core.wasm", sizeOf(web, "dist/core.wasm"), 680);
-  for (const [entry, kilobytes] of [["index", 41], ["element", 45]]) {
+  for (const [entry, kilobytes] of [["index", 28], ["element", 33]]) {
     const options = { bundle: true, minify: true, format: "esm", target: "es2022", write: false };
     const { outputFiles } = await build({ ...options, entryPoints: [path.join(web, `dist/${entry}.js`)] });
     check(`${entry}.js in a bundle`, compressed(outputFiles[0].contents), kilobytes);
   }
-  for (const name of readdirSync(path.join(web, "dist/languages"))) check(name, sizeOf(web, "dist/languages", name), 12);
+  for (const name of readdirSync(path.join(web, "dist/languages"))) check(name, sizeOf(web, "dist/languages", name), 8);
 
   assert.ok(existsSync(page), "the page is built: npm --prefix web run page");
+  check("core.wasm", sizeOf(page, readdirSync(page).find((name) => name.endsWith(".wasm"))), 600);
+  const scripts = new Set(readFileSync(path.join(page, "index.html"), "utf8").match(/[\w-]+\.js\b/g));
+  check("JavaScript of the page", [...scripts].reduce((sum, name) => sum + sizeOf(page, name), 0), 45);
   // Without other languages, which are loaded when they are asked for, and the page of examples.
   const first = readdirSync(page).filter((name) => !/^examples|^(ar|de|fr|ja)-|\.(gz|map)$/.test(name));
-  check("page", first.reduce((sum, name) => sum + sizeOf(page, name), 0), 800);
+  check("page", first.reduce((sum, name) => sum + sizeOf(page, name), 0), 700);
 });
