@@ -27,7 +27,7 @@ test("the page without a connection", { timeout: 240_000 }, async (t) => {
         return files.every((file) => stored.includes(file));
       },
       {},
-      readdirSync(pageFolder).filter((name) => name !== "worker.js"),
+      readdirSync(pageFolder).filter((name) => !/^worker\.js$|\.gz$/.test(name)),
     );
 
   await open();
