@@ -120,6 +120,7 @@ class OutdoorJoiner {
     std::map<std::size_t, std::size_t> sizes;
     for (const auto& set : parts_.all()) sizes[set.front()] = set.size();
     std::vector<std::pair<std::size_t, std::size_t>> bySize;  // with a node of each part
+    bySize.reserve(parts.size());
     for (const std::size_t part : parts) bySize.emplace_back(sizes[part], part);
     std::sort(bySize.begin(), bySize.end());
     bySize.pop_back();
