@@ -14,6 +14,8 @@ export class ShownFloor {
   readonly #view: MapView;
   /** The last floor that the map was told to show, which it does as soon as the floor is loaded. */
   #requested: Floor;
+  /** The floor of the state that was followed last. The state does not name a floor that is shown for a route. */
+  #followed: string | null;
   readonly #lost = new Map<Floor, "failed" | "withoutModel">();
 
   /** `first` is the floor that the map was told to show first. `changed` is called when another floor is shown. */
@@ -22,9 +24,11 @@ export class ShownFloor {
     this.#venue = venue;
     this.#view = view;
     this.floor = this.#requested = view.floor;
+    this.#followed = first?.id ?? null;
     if (first && first !== this.floor) this.#refuse(first, "failed");
     view.on("floor", (floor) => {
       this.floor = this.#requested = floor;
+      this.#followed = floor.id;
       app.store.change({ floor: floor.id });
       changed();
     });
@@ -35,9 +39,12 @@ export class ShownFloor {
     });
   }
 
-  /** Shows the floor of the state. */
+  /** Shows the floor of the state, if it is another one than before. */
   follow(): void {
-    const wanted = this.#venue.floors.find(({ id }) => id === this.#app.store.state.floor);
+    const id = this.#app.store.state.floor;
+    if (id === this.#followed) return;
+    this.#followed = id;
+    const wanted = this.#venue.floors.find((each) => each.id === id);
     if (!wanted || wanted === this.#requested) return;
     const lost = this.#lost.get(wanted);
     if (lost === "withoutModel") return this.#refuse(wanted, lost);
