@@ -26,6 +26,7 @@ json::object poseJson(const CameraPose& pose) {
 json::object stateOf(MapHost& map) {
   const CameraPose pose = map.camera().pose();
   return {{"floor", map.venue().indexOf(map.view().currentMap())},
+          {"awaited", map.venue().indexOf(map.floors().awaited())},
           {"stacked", map.style().isStacked()},
           {"follow", map.style().isFollowing()},
           {"loaded", map.floors().isLoaded()},

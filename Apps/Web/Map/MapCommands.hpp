@@ -27,8 +27,9 @@ namespace orivanta::web {
 /// number
 /// - `position`: `floor`, `position`, `accuracy` (meters), `heading`, or null; `follow`
 ///
-/// The state has `floor`, `stacked`, `follow`, `loaded`, `ready`, `pose` (as above), `target` (the
-/// pose at the end of an animation) and `pointsPerUnit` (in the middle of the canvas).
+/// The state has `floor`, `awaited` (the floor that is shown as soon as it is loaded, or -1),
+/// `stacked`, `follow`, `loaded`, `ready`, `pose` (as above), `target` (the pose at the end of an
+/// animation) and `pointsPerUnit` (in the middle of the canvas).
 boost::json::object carryOut(MapHost& map, std::string_view commands);
 
 /// Returns the point of the canvas at which a position of the shown floor appears.

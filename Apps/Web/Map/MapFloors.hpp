@@ -47,6 +47,9 @@ class MapFloors {
   /// changed it.
   void check();
 
+  /// The floor that is shown as soon as it is ready. Null if there is none.
+  const std::shared_ptr<Map>& awaited() const { return awaited_; }
+
   /// Whether a floor is shown.
   bool isLoaded() const { return isLoaded_; }
 
@@ -58,9 +61,9 @@ class MapFloors {
   const MapEvents events_;
   const std::function<int(const std::shared_ptr<Map>&)> indexOf_;
   std::shared_ptr<FloorLoad> load_;
-  std::shared_ptr<Map> awaited_;  // shown as soon as it is ready; null for none
-  std::function<void()> then_;    // called when that floor is shown; may be empty
-  std::shared_ptr<Map> shown_;    // as it was reported
+  std::shared_ptr<Map> awaited_;
+  std::function<void()> then_;  // called when that floor is shown; may be empty
+  std::shared_ptr<Map> shown_;  // as it was reported
   bool isLoaded_ = false;
 };
 

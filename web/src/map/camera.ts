@@ -34,17 +34,17 @@ export class CameraFunctions extends LookFunctions {
       this.module.do({ fit: glide });
     } else if ("categories" in what) {
       const [first] = what.floors;
-      if (first && !what.floors.includes(this.floor)) this.floor = first;
+      if (first && !what.floors.includes(this.wantedFloor)) this.floor = first;
       this.module.do({ fit: { place: what.id, ...glide } });
     } else {
       this.#fitNodes((what as Route | Guidance).nodes, motion);
     }
   }
 
-  // Those of the shown floor, or if there are none, those of the first one.
+  // Those of the wanted floor, or if there are none, those of the first one.
   #fitNodes(nodes: readonly Node[], motion: Motion): void {
-    const shown = this.floor;
-    const floor = nodes.some((node) => node.floor === shown) ? shown : nodes[0]?.floor;
+    const wanted = this.wantedFloor;
+    const floor = nodes.some((node) => node.floor === wanted) ? wanted : nodes[0]?.floor;
     if (!floor) return;
     this.floor = floor;
     this.fit(pointsOn(floor, nodes), motion);

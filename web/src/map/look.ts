@@ -28,6 +28,17 @@ export class LookFunctions {
     this.module.do({ floor: this.venue.floors.indexOf(floor) });
   }
 
+  /** The floor that is shown as soon as it is loaded; null if none is waited for. */
+  get awaitedFloor(): Floor | null {
+    return this.venue.floors[this.module.state.awaited] ?? null;
+  }
+
+  /** The floor that is shown now or, if another one is waited for, then. */
+  protected get wantedFloor(): Floor {
+    const { floor, awaited } = this.module.state;
+    return this.venue.floors[awaited] ?? this.venue.floors[floor]!;
+  }
+
   /** Whether all floors are shown above each other. */
   get stacked(): boolean {
     return this.module.state.stacked;

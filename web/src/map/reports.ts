@@ -23,6 +23,7 @@ export interface RawPose {
 /** The state of a map, see Apps/Web/Map/MapCommands.hpp. */
 export interface MapState {
   floor: number;
+  awaited: number;
   stacked: boolean;
   follow: boolean;
   loaded: boolean;

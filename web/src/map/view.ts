@@ -148,7 +148,7 @@ export class MapView extends RouteFunctions {
   #typed(key: string, shift: boolean): boolean {
     if (key === "PageUp" || key === "PageDown") {
       const floors = [...this.venue.floors].sort((low, high) => low.elevation - high.elevation);
-      const next = floors[floors.indexOf(this.floor) + (key === "PageUp" ? 1 : -1)];
+      const next = floors[floors.indexOf(this.wantedFloor) + (key === "PageUp" ? 1 : -1)];
       if (next) this.floor = next;
       return true;
     }
