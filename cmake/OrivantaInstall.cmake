@@ -31,6 +31,7 @@ orivanta_shared_library(
   orivanta
   library
   orivanta_foundation
+  orivanta_foundation_fast_float
   orivanta_foundation_linux
   orivanta_foundation_plist
   orivanta_foundation_threads

@@ -28,8 +28,9 @@ export function insetsOf(map: Element): Covered {
     else insets.right = Math.max(insets.right, area.right - panel.left);
   }
   for (const side of sides) {
-    if (side.width > side.height) continue; // a row at the edge, beside which there is enough of the map
-    if (side.left > area.left + area.width / 2) insets.right = Math.max(insets.right, area.right - side.left);
+    // A row of buttons is at the upper edge.
+    if (side.width > side.height) insets.top = Math.max(insets.top, side.bottom - area.top);
+    else if (side.left > area.left + area.width / 2) insets.right = Math.max(insets.right, area.right - side.left);
     else insets.left = Math.max(insets.left, side.right - area.left);
   }
   const within = (value: number, side: number) => Math.min(value, side * mostShare);

@@ -67,10 +67,9 @@ export class Shell {
     this.element = h("div", { class: "frame" }, this.#skip, column, this.#area, this.#status, new KindSprite(app).element);
     map.watch(this.#panel.element, this.#search.element, this.#floors.element);
     const sizes = new ResizeObserver(() => {
-      const { style } = this.element;
-      const search = this.#search.element;
-      style.setProperty("--panel-height", `${this.#panel.element.offsetHeight}px`);
-      style.setProperty("--head-height", `${search.offsetTop + search.offsetHeight}px`);
+      const { offsetTop, offsetHeight } = this.#search.element;
+      this.element.style.setProperty("--head-height", `${offsetTop + offsetHeight}px`);
+      this.element.style.setProperty("--panel-height", `${this.#panel.element.offsetHeight}px`);
     });
     for (const each of [bar, this.#search.element, this.#panel.element]) sizes.observe(each);
     addEventListener("keydown", (event) => this.#pressed(event));
@@ -102,7 +101,7 @@ export class Shell {
       element.setAttribute("aria-label", this.#app.t(key));
       element.title = this.#app.t(key);
     }
-    this.#mapButtons.hidden = !this.#map.view;
+    this.#mapButtons.style.visibility = this.#map.view ? "" : "hidden"; // with a size, which tells what it covers
     this.#mapButtons.setAttribute("aria-label", this.#app.t("page.map"));
     this.#stacked.setAttribute("aria-pressed", String(ui.isStacked));
     this.#stacked.hidden = (shown?.venue.floors.length ?? 0) < 2;

@@ -28,11 +28,6 @@ export class LookFunctions {
     this.module.do({ floor: this.venue.floors.indexOf(floor) });
   }
 
-  /** The floor that is shown as soon as it is loaded; null if none is waited for. */
-  get awaitedFloor(): Floor | null {
-    return this.venue.floors[this.module.state.awaited] ?? null;
-  }
-
   /** The floor that is shown now or, if another one is waited for, then. */
   protected get wantedFloor(): Floor {
     const { floor, awaited } = this.module.state;

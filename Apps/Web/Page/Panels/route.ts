@@ -122,10 +122,10 @@ function routeParts(app: App, { routes }: Plan & { kind: "route" }): Node[] {
     ...closed.map((place) => h("p", { class: "warning route-warning" }, app.t("route.closed", { place }))),
   ];
   const ways = waysOf(app, routes);
+  const texts = new Set<string>(); // visitors cannot choose between equal ones
   const options = routes
     .map((each, index) => ({ value: String(index), title: summaryOf(app, each), detail: ways[index] }))
-    // Visitors cannot choose between equal texts.
-    .filter(({ title, detail }, index, all) => all.findIndex((each) => each.title === title && each.detail === detail) === index);
+    .filter(({ title, detail }) => texts.size < texts.add(title + detail).size);
   if (options.length > 1) {
     nodes.push(choice(app, app.t("page.route.choices"), options, String(routes.indexOf(route)), (value) => app.changeUi({ routeIndex: Number(value) })));
   }
