@@ -128,6 +128,12 @@ class Placement {
   double length_;  // of the visible part of the route
 };
 
+// Returns the left edge of a text above or below a place, shifted into the room.
+double shiftedInto(const Rect& room, double left, double width, double place) {
+  if (!(room.size.width > width)) return left;
+  return std::clamp(std::clamp(left, room.minX(), room.maxX() - width), place - width, place);
+}
+
 }  // namespace
 
 MarkFrames framesOf(const MarkPlace& mark, const MarkLook& look) {
@@ -143,6 +149,8 @@ MarkFrames framesOf(const MarkPlace& mark, const MarkLook& look) {
     corner.y = symbol.minY() + head - text.height / 2;
     corner.x = look.side == TextSide::right ? symbol.maxX() + textGap
                                             : symbol.minX() - textGap - text.width;
+  } else {
+    corner.x = shiftedInto(mark.shape.room, corner.x, text.width, mark.at.x);
   }
   return {symbol, {corner, text}};
 }

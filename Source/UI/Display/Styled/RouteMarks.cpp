@@ -124,6 +124,7 @@ void RouteMarks::place(const FloorProjection& projection, const Rect& free) {
   for (Shown& each : shown_) {
     const ProjectedPlace place = projection.of(each.mark.at.position);
     each.isSeen = place.pointsPerUnit > 0;
+    each.shape.room = free;
     places.push_back({place.point, each.room, each.shape});
   }
   keepStartsClear(places);
