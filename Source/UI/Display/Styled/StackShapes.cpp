@@ -11,8 +11,8 @@ namespace orivanta {
 namespace {
 
 // Times the area of everything else.
-constexpr double largestFramed = 4;
-constexpr double largestShown = 4;
+constexpr double largestFramed = 2;
+constexpr double largestShown = 3;
 
 std::vector<graphics::Vector3> cornersIn(const scene::Node& shape) {
   std::vector<graphics::Vector3> corners;
