@@ -12,10 +12,9 @@ using graphics::Rect;
 // without an area. All names are 50 points wide.
 TEST(NamePlaces, FollowTheViewOnlyIfTheMainNameIsOutOfIt) {
   const std::vector<Point> anchors{{20, 10}, {0, 0}, {10, 5}, {30, 5}, {10, 15}, {30, 15}};
-  FloorLabels labels;
+  FloorLabels labels{{}, {}, {}, {{0, 2, 6, 10}}, AreaRaster({}, {}), 1};
   labels.labels.resize(anchors.size());
   for (PlaceLabel& label : labels.labels) label.names = {{50, 14}};
-  labels.large = {{0, 2, 6, 10}};
   NamePlaces names;
   // Where the origin of the floor is in a view of 400 by 300 points, and how large a unit is.
   const auto shownAt = [&](double x, double y, double scale, const std::vector<Rect>& panels = {}) {
