@@ -30,11 +30,11 @@ TEST(NamePlaces, FollowTheViewOnlyIfTheMainNameIsOutOfIt) {
     return shown.front();
   };
   EXPECT_EQ(shownAt(0, 0, 10), 0U);
-  EXPECT_EQ(shownAt(200, 0, 10), 2U) << "the middle is at the right edge";
-  EXPECT_EQ(shownAt(170, 0, 10), 2U) << "and now just inside";
+  EXPECT_EQ(shownAt(200, 0, 10), 4U) << "the middle is at the right edge";
+  EXPECT_EQ(shownAt(170, 0, 10), 4U) << "and now just inside";
   EXPECT_EQ(shownAt(140, 0, 10), 0U);
   EXPECT_EQ(shownAt(170, 0, 10), 0U) << "it stays until it leaves";
-  EXPECT_EQ(shownAt(0, 0, 10, {{{150, 50}, {100, 100}}}), 2U) << "a panel covers the middle";
+  EXPECT_EQ(shownAt(0, 0, 10, {{{150, 50}, {100, 100}}}), 4U) << "a panel covers the middle";
   EXPECT_EQ(shownAt(0, 0, 30), 2U);
   EXPECT_EQ(shownAt(-600, -300, 30), 5U) << "the former one is out of the view";
   EXPECT_EQ(shownAt(300, 0, 6), 0U) << "the store is small";
