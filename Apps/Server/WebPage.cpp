@@ -62,6 +62,7 @@ MediaType pageMediaTypeOf(std::string_view fileName) {
       {".wasm", {"application/wasm", true}},
       {".webmanifest", {"application/manifest+json", true}},
       {".map", {"application/json", true}},
+      {".data", {"application/octet-stream", true}},
       {".mo", {"application/octet-stream", true}},
       {".woff2", {"font/woff2", false}},
       {".ttf", {"font/ttf", true}},

@@ -1,9 +1,9 @@
 // Loads the module, the list of venues and the venue of the state.
 
 import { Orivanta, OrivantaError, type LoadProgress, type Venue } from "orivanta";
-import wasm from "orivanta/core.wasm";
 
 import type { App, Failure, Shown } from "./app.js";
+import { moduleFiles } from "./moduleFiles.js";
 import { showNotice, type Notice } from "./notices.js";
 import { Texts } from "./texts.js";
 
@@ -27,7 +27,7 @@ export class Session {
   async start(connected: Promise<void>): Promise<void> {
     const app = this.#app;
     try {
-      const orivanta = await Orivanta.load({ wasm: new URL(wasm, document.baseURI) });
+      const orivanta = await Orivanta.load(moduleFiles);
       orivanta.onFatal = (message) => this.#stopped(message);
       app.orivanta = orivanta;
     } catch (error) {
