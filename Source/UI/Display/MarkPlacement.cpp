@@ -19,7 +19,6 @@ constexpr double hidesSymbol = 10;
 constexpr double hidesText = 6;
 constexpr double hidesRoute = 20;  // times the covered share above `tolerableShare`
 constexpr double tolerableShare = 0.1;
-constexpr double leavesView = 4;
 constexpr double isDot = 1;
 constexpr double isLaterSide = 0.1;
 constexpr double change = 0.5;  // minimum improvement for changing a look
@@ -102,7 +101,7 @@ class Placement {
       cost += hidesRoute * std::max(0.0, hidden / length_ - tolerableShare);
       cost += shape.overRoute * below;
     }
-    if (marks_[index].text.width > 0 && !holds(view_, own.text)) cost += leavesView;
+    if (marks_[index].text.width > 0 && !holds(view_, own.text)) cost += shape.cut;
     return cost;
   }
 

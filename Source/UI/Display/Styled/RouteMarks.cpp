@@ -21,6 +21,7 @@ using Form = RouteMark::Form;
 
 constexpr double nameGap = 1;      // points, between a symbol and its name
 constexpr double overRoute = 0.1;  // the cost of a point of the route below a text
+constexpr double cutText = 8;      // the cost; more than a text on the route
 constexpr double touchMargin = 4;  // points
 constexpr double besideBadge = 8;  // points, from the start of a route to a badge
 constexpr double badgeRing = 1.6;  // points, around badges
@@ -79,6 +80,7 @@ RouteMarks::Shown RouteMarks::shownAs(RouteMark mark) const {
   shape.gap = isBadge ? 0 : nameGap;
   if (isBadge) shape.sides = {TextSide::right, TextSide::left, TextSide::above, TextSide::below};
   shape.overRoute = overRoute;
+  shape.cut = cutText;
   const Size room = roomForText(mark);
   return {std::move(mark), shape, room};
 }
