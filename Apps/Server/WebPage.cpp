@@ -54,7 +54,7 @@ folder with an <code>index.html</code> is served at this address with <code>oriv
 
 // Types that packages do not have: a browser must not run what a package contains.
 MediaType pageMediaTypeOf(std::string_view fileName) {
-  static constexpr std::array<std::pair<std::string_view, MediaType>, 12> rows = {{
+  static constexpr std::array<std::pair<std::string_view, MediaType>, 13> rows = {{
       {".html", {"text/html; charset=utf-8", true}},
       {".js", {"text/javascript; charset=utf-8", true}},
       {".mjs", {"text/javascript; charset=utf-8", true}},

@@ -85,14 +85,12 @@ export class Session {
     if (!app.venues.some((entry) => entry.slug === slug)) return this.#fail(this.#unknown(slug));
     const signal = this.#begin(app.t("page.loading"));
     try {
-      const load = app.orivanta.venue(slug, {
+      const venue = await app.orivanta.venue(slug, {
         ...app.server,
         languages: this.#languages(),
         signal,
         onProgress: (progress) => this.#progressed(progress, signal),
       });
-      if (!app.shown) setTimeout(() => app.shown || app.orivanta?.prepareMap()); // after the requests were sent
-      const venue = await load;
       if (signal.aborted) return venue.destroy();
       this.#opened(venue);
     } catch (error) {
@@ -139,9 +137,13 @@ export class Session {
   }
 
   #progressed({ collections, collectionsDone }: LoadProgress, signal: AbortSignal): void {
+    const app = this.#app;
     if (signal.aborted) return;
-    this.#app.loadedShare = collections > 0 ? collectionsDone / collections : null;
-    this.#app.changed();
+    if (!app.shown) app.orivanta?.prepareMap(); // while the answers to the next requests come
+    const share = collections > 0 ? collectionsDone / collections : null;
+    if (share === app.loadedShare) return;
+    app.loadedShare = share;
+    app.changed();
   }
 
   #end(): void {
