@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "Source/Guidance/Scale.hpp"
 #include "Source/UI/Display/Turned.hpp"
 #include "Source/UI/MapView.hpp"
 #include "Source/Venue.hpp"
@@ -22,6 +23,7 @@ constexpr double routeMargin = 0.3;
 constexpr double leastRouteExtent = 120;  // scene units; a route is drawn ten units wide
 constexpr double mostRouteExtent = 600;
 constexpr double leastRouteMeters = 8;
+constexpr double leastStyledRouteMeters = 25;  // rooms have names and neighbors then
 constexpr double styledRouteMargin = 0.2;
 constexpr double markMargin = 40;  // points
 
@@ -78,6 +80,8 @@ Surroundings aroundRoute(const MapView& view) {
   if (view.style()) {
     around.margin = styledRouteMargin;
     around.points = markMargin;
+    if (const auto unitsPerMeter = guidance::unitsPerMeterOf(*view.venue))
+      around.leastExtent = std::max(around.leastExtent, leastStyledRouteMeters * *unitsPerMeter);
   }
   return around;
 }

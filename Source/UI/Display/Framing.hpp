@@ -40,7 +40,9 @@ inline constexpr Surroundings aroundPlace{0.35, 300};  ///< for a single place
 ORIVANTA_API Surroundings aroundRoute(const Venue& venue);
 
 /// As above, for a map view that has a venue. If it has a style, the marks at the ends of the route
-/// have space: the ends are at least 40 points inside the uncovered part of the view.
+/// have space: the ends are at least 40 points inside the uncovered part of the view. If the venue
+/// also defines its units per meter, at least 25 meters are visible, so that the rooms around a
+/// short route can be recognized.
 ORIVANTA_API Surroundings aroundRoute(const MapView& view);
 
 /// Returns the corners of a box, which must not be empty.

@@ -19,7 +19,6 @@ constexpr double hidesSymbol = 10;
 constexpr double hidesText = 6;
 constexpr double hidesRoute = 20;  // times the covered share above `tolerableShare`
 constexpr double tolerableShare = 0.1;
-constexpr double leavesView = 4;
 constexpr double isDot = 1;
 constexpr double isLaterSide = 0.1;
 constexpr double change = 0.5;  // minimum improvement for changing a look
@@ -102,7 +101,7 @@ class Placement {
       cost += hidesRoute * std::max(0.0, hidden / length_ - tolerableShare);
       cost += shape.overRoute * below;
     }
-    if (marks_[index].text.width > 0 && !holds(view_, own.text)) cost += leavesView;
+    if (marks_[index].text.width > 0 && !holds(view_, own.text)) cost += shape.cut;
     return cost;
   }
 
@@ -128,6 +127,12 @@ class Placement {
   double length_;  // of the visible part of the route
 };
 
+// Returns the left edge of a text above or below a place, shifted into the room.
+double shiftedInto(const Rect& room, double left, double width, double place) {
+  if (!(room.size.width > width)) return left;
+  return std::clamp(std::clamp(left, room.minX(), room.maxX() - width), place - width, place);
+}
+
 }  // namespace
 
 MarkFrames framesOf(const MarkPlace& mark, const MarkLook& look) {
@@ -143,6 +148,8 @@ MarkFrames framesOf(const MarkPlace& mark, const MarkLook& look) {
     corner.y = symbol.minY() + head - text.height / 2;
     corner.x = look.side == TextSide::right ? symbol.maxX() + textGap
                                             : symbol.minX() - textGap - text.width;
+  } else {
+    corner.x = shiftedInto(mark.shape.room, corner.x, text.width, mark.at.x);
   }
   return {symbol, {corner, text}};
 }

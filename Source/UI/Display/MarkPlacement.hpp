@@ -37,6 +37,10 @@ struct MarkShape {
   /// The sides of the text by preference.
   std::array<TextSide, 4> sides{TextSide::below, TextSide::above, TextSide::right, TextSide::left};
   double overRoute = 0;  ///< the cost of a point of the route below the text; others are about 1
+  double cut = 4;        ///< the cost of a text that is not entirely in the view
+  /// Texts above and below the symbol are shifted sideways into this area, as long as the place is
+  /// above or below them. No text is shifted if it is empty.
+  graphics::Rect room{};
 };
 
 /// A place to be marked.

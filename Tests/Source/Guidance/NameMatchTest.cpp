@@ -27,6 +27,7 @@ TEST(NameMatch, TellsHowWellANameAnswers) {
                            {"ロッテリア", "Lotteria", NameMatch::near},
                            {"starbucks coffee", "スターバックス", NameMatch::near},
                            {"family mart", "ファミリーマート", NameMatch::near},
+                           {"ルミネ口", "lumine", NameMatch::near},
                            {"shop lemon", "ラーメン", NameMatch::none},
                            {"blue bar", "blue", NameMatch::beginning},
                            {"bar", "bat", NameMatch::none},

@@ -1,5 +1,8 @@
 #include "Source/UI/Display/Styled/FloorAreas.hpp"
 
+#include <algorithm>
+#include <cmath>
+
 #include "Source/UI/Display/Styled/ShapeAreas.hpp"
 
 namespace orivanta {
@@ -7,6 +10,7 @@ namespace orivanta {
 namespace {
 
 constexpr double heightTolerance = 1e-3;  // scene units
+constexpr double mostSquares = 4;         // along a side of an area
 
 bool liesOn(const FloorArea& other, const FloorArea& area) {
   if (!other.middle || !other.bounds.intersects(area.bounds)) return false;
@@ -57,6 +61,31 @@ AreaName FloorAreas::nameIn(std::size_t index) const {
     name.room = std::make_shared<const LabelRoom>(area.area, onIt, name.anchor);
   }
   return name;
+}
+
+double FloorAreas::pitchIn(std::size_t index, double least) const {
+  const graphics::Size size = areas_[index].bounds.size;
+  return std::max(least, std::max(size.width, size.height) / mostSquares);
+}
+
+std::vector<AreaName> FloorAreas::namesIn(std::size_t index, double pitch) const {
+  const FloorArea& area = areas_[index];
+  const graphics::Rect& bounds = area.bounds;
+  const int columns = std::max(1, static_cast<int>(std::lround(bounds.size.width / pitch)));
+  const int rows = std::max(1, static_cast<int>(std::lround(bounds.size.height / pitch)));
+  std::vector<AreaName> names;
+  if (columns * rows == 1) return names;
+  const std::vector<LabelArea> onIt = areasOn(index);
+  for (int row = 0; row < rows; ++row)
+    for (int column = 0; column < columns; ++column) {
+      const graphics::Point middle{bounds.minX() + (column + 0.5) * bounds.size.width / columns,
+                                   bounds.minY() + (row + 0.5) * bounds.size.height / rows};
+      const auto isAt = [&](const LabelArea& other) { return other.contains(middle); };
+      if (!area.area.contains(middle) || std::any_of(onIt.begin(), onIt.end(), isAt)) continue;
+      const LabelAnchor anchor{middle, 0};
+      names.push_back({anchor, std::make_shared<const LabelRoom>(area.area, onIt, anchor)});
+    }
+  return names;
 }
 
 // Returns the smaller areas that lie on an area and are not hidden below it, and openings.

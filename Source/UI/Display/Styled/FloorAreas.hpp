@@ -45,6 +45,14 @@ class FloorAreas {
   /// the area. Computes it in the first call for the area.
   AreaName nameIn(std::size_t index) const;
 
+  /// Returns the distance of the points of `namesIn`: at least `least`, more in a large area.
+  double pitchIn(std::size_t index, double least) const;
+
+  /// Returns points in a large area at which its name can be as well: the middles of the squares of
+  /// a grid that are in the area and not below others. None if the area is hardly larger than a
+  /// square.
+  std::vector<AreaName> namesIn(std::size_t index, double pitch) const;
+
   /// Returns the indices of the areas of shapes with these names.
   std::vector<std::size_t> indicesOf(const std::vector<std::string>& shapes) const;
 

@@ -18,6 +18,9 @@ namespace {
 constexpr double dotSize = 5;         // points
 constexpr double leastFacility = 60;  // importance
 
+// Of the points in an area at which its name can be, meters.
+constexpr double leastPitch = 10;
+
 // A name that fits into its area is shown from this share of the usual scale on.
 constexpr double insideShare = 0.35;
 
@@ -54,7 +57,11 @@ class FloorLabeling {
 
   FloorLabels run() {
     for (const PlaceRecord& place : records_.places) add(place);
-    return {std::move(labels_), std::move(anchors_), std::move(sources_), raster(), unitsPerMeter_};
+    const std::size_t count = labels_.size();
+    for (std::size_t i = 0; i < count; ++i)
+      if (labels_[i].room && !labels_[i].symbolFirst) addFurther(i);
+    return {std::move(labels_), std::move(anchors_), std::move(sources_), std::move(large_),
+            raster(),           unitsPerMeter_};
   }
 
  private:
@@ -90,6 +97,7 @@ class FloorLabeling {
       if (owners_[index] == AreaRaster::nobody)
         owners_[index] = static_cast<std::uint32_t>(labels_.size());
     anchors_.push_back(area ? anchorIn(*area, label) : *place.entry);
+    shapes_.push_back(area.value_or(0));
     labels_.push_back(std::move(label));
     sources_.push_back(std::move(source));
   }
@@ -137,6 +145,24 @@ class FloorLabeling {
             static_cast<float>(areas_.all()[index].area.height)};
   }
 
+  // Adds labels that show the name at other points of the area.
+  void addFurther(std::size_t main) {
+    if (labels_[main].names.empty()) return;
+    const double pitch = areas_.pitchIn(shapes_[main], leastPitch * unitsPerMeter_);
+    LargeArea large{main, labels_.size(), 0, pitch};
+    for (const AreaName& name : areas_.namesIn(shapes_[main], pitch)) {
+      PlaceLabel label = labels_[main];
+      label.room = name.room;
+      label.insideOnly = true;
+      labels_.push_back(std::move(label));
+      anchors_.emplace_back(static_cast<float>(name.anchor.point.x),
+                            static_cast<float>(name.anchor.point.y), anchors_[main].z);
+      sources_.push_back(sources_[main]);
+    }
+    large.end = labels_.size();
+    if (large.end > large.first) large_.push_back(large);
+  }
+
   // Small areas are drawn over those on which they lie.
   AreaRaster raster() const {
     std::vector<std::size_t> order;
@@ -162,6 +188,8 @@ class FloorLabeling {
   std::vector<PlaceLabel> labels_;
   std::vector<graphics::Vector3> anchors_;
   std::vector<LabelSource> sources_;
+  std::vector<std::size_t> shapes_;  // the areas of the labels that have one
+  std::vector<LargeArea> large_;
   std::vector<std::uint32_t> owners_;  // of the areas
 };
 

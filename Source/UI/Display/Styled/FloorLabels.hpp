@@ -3,6 +3,7 @@
 // Private header.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -34,11 +35,20 @@ struct LabelSource {
   std::vector<LabelLines> names;  ///< the texts of `PlaceLabel::names`
 };
 
-/// The labels of a floor. The lists have equal lengths.
+/// An area in which a name can be at several points. See `NamePlaces`.
+struct LargeArea {
+  std::size_t main = 0;   ///< the label at the anchor of the area
+  std::size_t first = 0;  ///< the first label at another point
+  std::size_t end = 0;    ///< the end of these labels
+  double pitch = 0;       ///< of the points, scene units
+};
+
+/// The labels of a floor. The lists of labels, anchors and sources have equal lengths.
 struct FloorLabels {
   std::vector<PlaceLabel> labels;
   std::vector<graphics::Vector3> anchors;  ///< scene units
   std::vector<LabelSource> sources;
+  std::vector<LargeArea> large;
   AreaRaster raster;         ///< the areas of the labels and of other shapes, without walkable ones
   double unitsPerMeter = 1;  ///< scene units; estimated if the venue does not state its scale
 };
@@ -54,6 +64,9 @@ graphics::TextStyle nameStyle(const MapTheme& theme, double fontSize);
 /// without an area, have one if the name is not inside the area; others have a dot. Generated names
 /// are shown only inside areas, and not at facilities. What is closed always has an icon, and the
 /// word for it below its name.
+///
+/// Areas of more than 15 meters have further labels, which consist of the name only. They are at
+/// the end of the lists.
 ///
 /// If the venue does not state its scale, the side of the median area is taken as 5 meters. Any
 /// thread; takes up to some tenths of a second, most of them for the areas of the floor.

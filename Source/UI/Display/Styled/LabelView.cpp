@@ -67,6 +67,7 @@ void LabelView::setLabels(std::shared_ptr<const FloorLabels> labels) {
   labels_ = std::move(labels);
   placement_.setLabels(labels_ ? labels_->labels : std::vector<PlaceLabel>());
   pieces_.reset(placement_.labels().size());
+  namePlaces_.reset();
   findSelected();
   isNew_ = true;
   isDrawn_ = false;
@@ -121,7 +122,7 @@ void LabelView::findSelected() {
   selectedLabel_.reset();
   if (!selected_ || !labels_) return;
   for (std::size_t i = 0; i < labels_->sources.size(); ++i)
-    if (labels_->sources[i].place == selected_->place) selectedLabel_ = i;
+    if (!selectedLabel_ && labels_->sources[i].place == selected_->place) selectedLabel_ = i;
 }
 
 void LabelView::setRoute(std::vector<RouteSegment> route) {
@@ -200,6 +201,7 @@ void LabelView::place(const FloorProjection& projection, double time, double sca
                                                           : projection.of(labels_->anchors[i]));
   const std::vector<Rect> panels = obstacles_.panels(map_, *this, scale);
   placeSelected(projection, panels, scale);
+  namePlaces_.choose(*labels_, places_, bounds().size, panels);
   std::vector<Rect> marks = obstacles_.marks(map_, projection, *theme_);
   marks.insert(marks.end(), selectedMark_.rects().begin(), selectedMark_.rects().end());
   LabelFrame frame;

@@ -16,6 +16,7 @@
 #include "Source/UI/Display/Styled/LabelObstacles.hpp"
 #include "Source/UI/Display/Styled/LabelPictures.hpp"
 #include "Source/UI/Display/Styled/LabelPieces.hpp"
+#include "Source/UI/Display/Styled/NamePlaces.hpp"
 #include "Source/UI/Display/Styled/SelectedMark.hpp"
 #include "Source/UI/Labels/LabelPlacement.hpp"
 
@@ -105,6 +106,7 @@ class LabelView : public view::View {
   std::shared_ptr<LabelPictures> pictures_;  // null before the first frame with labels
   LabelPlacement placement_;
   std::vector<ProjectedPlace> places_;
+  NamePlaces namePlaces_;
   LabelPieces pieces_;
 };
 

@@ -21,7 +21,9 @@ using Form = RouteMark::Form;
 
 constexpr double nameGap = 1;      // points, between a symbol and its name
 constexpr double overRoute = 0.1;  // the cost of a point of the route below a text
+constexpr double cutText = 8;      // the cost; more than a text on the route
 constexpr double touchMargin = 4;  // points
+constexpr double besideBadge = 8;  // points, from the start of a route to a badge
 constexpr double badgeRing = 1.6;  // points, around badges
 
 Rect centeredAt(Point middle, Size size) {
@@ -78,6 +80,7 @@ RouteMarks::Shown RouteMarks::shownAs(RouteMark mark) const {
   shape.gap = isBadge ? 0 : nameGap;
   if (isBadge) shape.sides = {TextSide::right, TextSide::left, TextSide::above, TextSide::below};
   shape.overRoute = overRoute;
+  shape.cut = cutText;
   const Size room = roomForText(mark);
   return {std::move(mark), shape, room};
 }
@@ -124,6 +127,7 @@ void RouteMarks::place(const FloorProjection& projection, const Rect& free) {
   for (Shown& each : shown_) {
     const ProjectedPlace place = projection.of(each.mark.at.position);
     each.isSeen = place.pointsPerUnit > 0;
+    each.shape.room = free;
     places.push_back({place.point, each.room, each.shape});
   }
   keepStartsClear(places);
@@ -143,6 +147,7 @@ void RouteMarks::place(const FloorProjection& projection, const Rect& free) {
 }
 
 // A start on the badge of a floor change is as large as the badge, so that its name is beside both.
+// One right beside a badge is as high, so that there is space for its name above and below.
 void RouteMarks::keepStartsClear(std::vector<MarkPlace>& places) const {
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     if (shown_[i].mark.form != Form::start) continue;
@@ -150,7 +155,12 @@ void RouteMarks::keepStartsClear(std::vector<MarkPlace>& places) const {
       if (shown_[j].mark.form != Form::floorChange) continue;
       const double away =
           std::hypot(places[i].at.x - places[j].at.x, places[i].at.y - places[j].at.y);
-      if (2 * away < places[j].shape.dot) places[i].shape.dot = places[j].shape.dot + 2 * away;
+      const double badge = places[j].shape.dot;
+      if (2 * away < badge)
+        places[i].shape.dot = badge + 2 * away;
+      else if (2 * (away - besideBadge) < badge + shown_[i].shape.dot)
+        places[i].shape.dot =
+            std::max(places[i].shape.dot, badge + 2 * std::abs(places[i].at.y - places[j].at.y));
     }
   }
 }

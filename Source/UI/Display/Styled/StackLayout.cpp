@@ -17,7 +17,7 @@ namespace {
 
 constexpr double hiddenShare = 0.22;  // of a floor, by another one
 // From one floor to the next, of the depth of all floors.
-constexpr double leastShift = 0.4;
+constexpr double leastShift = 0.3;
 constexpr double mostShift = 1.6;   // where there is room
 constexpr double usedShare = 0.75;  // of the height of the view
 

@@ -17,7 +17,7 @@ using graphics::Transaction;
 
 namespace {
 
-constexpr float fadedOpacity = 0.55F;
+constexpr float fadedOpacity = 0.45F;
 
 }  // namespace
 

@@ -55,5 +55,14 @@ TEST(MarkPlacement, TextsStayInTheView) {
   EXPECT_EQ(scene.looks()[1].side, TextSide::left);
 }
 
+TEST(MarkPlacement, TextsAreShiftedIntoTheirRoomButNotAwayFromTheirSymbol) {
+  for (const TextSide side : {TextSide::below, TextSide::above})
+    for (const auto& [x, left] : {std::pair{400, 360}, {795, 720}, {8, 0}, {900, 820}}) {
+      MarkPlace mark{{static_cast<double>(x), 300}, {80, 18}};
+      mark.shape.room = view;
+      EXPECT_EQ(framesOf(mark, {MarkSymbol::pin, side}).text.minX(), left) << x;
+    }
+}
+
 }  // namespace
 }  // namespace orivanta
