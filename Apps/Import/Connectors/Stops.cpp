@@ -190,6 +190,24 @@ std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
   return stops;
 }
 
+std::vector<Stop> stopsOnStorey(const Piece& piece, const Surroundings& surroundings) {
+  if (piece.area == nullptr) return {};
+  const bool between = doorsOf(piece, surroundings, false).size() >= 2;
+  const Contacts all =
+      between ? boardable(piece, surroundings) : contactsOf(piece, surroundings.space(piece.level));
+  const auto pair = bestPair(all, all);
+  if (!pair) return {};
+  // Beside an escalator that leads to another height, people do not walk along.
+  constexpr double most = 0.5;
+  if (piece.kind == ConnectorKind::escalator &&
+      std::any_of(all.begin(), all.end(), [&](const Contact& contact) {
+        return !isShort(contact.side) && contact.length > most * piece.box.length;
+      }))
+    return {};
+  return {stopAt(piece, piece.level, pair->first.position),
+          stopAt(piece, piece.level, pair->second.position)};
+}
+
 std::vector<Stop> stopsOfSingle(const Piece& piece, const Surroundings& surroundings) {
   const Contacts own = boardable(piece, surroundings);
   const bool between = doorsOf(piece, surroundings, false).size() >= 2;
@@ -206,13 +224,8 @@ std::vector<Stop> stopsOfSingle(const Piece& piece, const Surroundings& surround
         if (steps < 0) std::reverse(stops.begin(), stops.end());
         return stops;
       }
-  if (piece.kind != ConnectorKind::elevator && piece.kind != ConnectorKind::escalator &&
-      piece.area != nullptr) {
-    const Contacts all = between ? own : contactsOf(piece, surroundings.space(piece.level));
-    if (const auto pair = bestPair(all, all))
-      return {stopAt(piece, piece.level, pair->first.position),
-              stopAt(piece, piece.level, pair->second.position)};
-  }
+  if (piece.kind != ConnectorKind::elevator && piece.kind != ConnectorKind::escalator)
+    if (std::vector<Stop> stops = stopsOnStorey(piece, surroundings); !stops.empty()) return stops;
   return stopsOf({&piece}, surroundings);
 }
 
