@@ -75,7 +75,7 @@ class Locations {
     records.push_back(std::move(record));
   }
 
-  // Entrances and emergency exits are places too: routes begin and end there.
+  // Entrances and emergency exits that the source has are places too: routes begin and end there.
   void add(const Door& door) {
     const auto nodes = nodes_.of(NodeKind::door, door.id);
     if (nodes.empty()) return;
@@ -226,7 +226,7 @@ json::array locationRecords(const PackageLayout& layout, const NodeLookup& nodes
     sources.insert(place.source);
   }
   for (const Door& door : layout.building().doors)
-    if ((door.kind == DoorKind::entrance || door.kind == DoorKind::emergency) &&
+    if ((door.kind == DoorKind::entrance || door.kind == DoorKind::emergency) && !door.guessed &&
         !sources.contains(door.source))
       locations.add(door);
   return std::move(locations.records);
