@@ -195,15 +195,14 @@ std::vector<Stop> stopsOnStorey(const Piece& piece, const Surroundings& surround
   const bool between = doorsOf(piece, surroundings, false).size() >= 2;
   const Contacts all =
       between ? boardable(piece, surroundings) : contactsOf(piece, surroundings.space(piece.level));
+  const auto isAlong = [&](const Contact& contact) {
+    return !isShort(contact.side) && contact.length > 0.5 * piece.box.length;
+  };
+  // Beside an escalator that leads to another height, people do not walk along.
+  if (piece.kind == ConnectorKind::escalator && std::any_of(all.begin(), all.end(), isAlong))
+    return {};
   const auto pair = bestPair(all, all);
   if (!pair) return {};
-  // Beside an escalator that leads to another height, people do not walk along.
-  constexpr double most = 0.5;
-  if (piece.kind == ConnectorKind::escalator &&
-      std::any_of(all.begin(), all.end(), [&](const Contact& contact) {
-        return !isShort(contact.side) && contact.length > most * piece.box.length;
-      }))
-    return {};
   return {stopAt(piece, piece.level, pair->first.position),
           stopAt(piece, piece.level, pair->second.position)};
 }
