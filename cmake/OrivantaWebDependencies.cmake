@@ -5,7 +5,7 @@
 set(headers ${PROJECT_BINARY_DIR}/headers)
 file(MAKE_DIRECTORY ${headers})
 # The compiler must not see the host's C library, so its include path has links to single libraries.
-foreach(name boost fast_float fmt glm stb tl tsl utf8proc.h xxhash.h)
+foreach(name boost fmt glm stb tl tsl utf8proc.h xxhash.h)
   if(NOT EXISTS /usr/include/${name})
     message(FATAL_ERROR "/usr/include/${name} is missing: run Scripts/setup and Scripts/setup-web.")
   endif()
@@ -20,7 +20,6 @@ function(orivanta_headers_of target)
   target_compile_definitions(${target} INTERFACE ${ARGN})
 endfunction()
 orivanta_headers_of(Boost::headers)
-orivanta_headers_of(FastFloat::fast_float)
 # Nothing formats with a locale, nor floats, long doubles or integers of 128 bits. Their code is large.
 orivanta_headers_of(fmt::fmt FMT_HEADER_ONLY FMT_STATIC_THOUSANDS_SEPARATOR=44 FMT_USE_FLOAT=0
                     FMT_USE_LONG_DOUBLE=0 FMT_USE_INT128=0)

@@ -74,11 +74,12 @@ const { metafile } = await build({
   legalComments: "none",
   alias: {
     "orivanta/core.wasm": path.join(root, "web/dist/core.wasm"),
+    "orivanta/core.data": path.join(root, "web/dist/core.data"),
     "orivanta/element": path.join(root, "web/dist/element.js"),
     orivanta: path.join(root, "web/dist/index.js"),
     uqr: path.join(root, "web/node_modules/uqr"),
   },
-  loader: { ".mo": "file", ".svg": "dataurl", ".wasm": "file" },
+  loader: { ".data": "file", ".mo": "file", ".svg": "dataurl", ".wasm": "file" },
   plugins: [languages, texts, sources],
   logLevel: "warning",
 });
@@ -88,12 +89,13 @@ const output = (entry) => path.basename(outputOf(entry)[0]);
 // Browsers learn of the files that a file imports only when they have read it.
 const preload = ({ path: file }) => `    <link rel="modulepreload" href="${path.basename(file)}">\n`;
 const parts = outputOf("Page/main.ts")[1].imports.filter(({ kind }) => kind === "import-statement").map(preload).join("");
-const wasm = readdirSync(target).find((name) => /^core-.*\.wasm$/.test(name));
+const asset = (pattern) => readdirSync(target).find((name) => pattern.test(name));
 const places = {
   main: output("Page/main.ts"),
   parts,
   style: output("Page/page.css"),
-  core: wasm,
+  wasm: asset(/^core-.*\.wasm$/),
+  data: asset(/^core-.*\.data$/),
   examples: output("Examples/examples.ts"),
   examplesStyle: output("Examples/examples.css"),
 };
@@ -104,5 +106,5 @@ for (const file of [path.join(source, "index.html"), `${examples}.html`]) {
 await buildWorker(root, target, !process.argv.includes("--no-minify"));
 
 // The server sends these in place of the files. It would compress them less well.
-const compressible = readdirSync(target).filter((name) => /\.(css|html|js|json|mo|wasm)$/.test(name));
+const compressible = readdirSync(target).filter((name) => /\.(css|data|html|js|json|mo|wasm)$/.test(name));
 execFileSync("zopfli", compressible.map((name) => path.join(target, name)));

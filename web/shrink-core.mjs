@@ -1,26 +1,37 @@
-// Writes the module of build/web/core to dist/, without what newer optimizations find superfluous. Does nothing if that
-// is done. Usage: node shrink-core.mjs
+// Writes the module of build/web/core to dist/, without what newer optimizations find superfluous, and with its
+// functions in an order that compresses well. Does nothing if that is done. Usage: node shrink-core.mjs
 
 import { execFileSync } from "node:child_process";
-import { existsSync, mkdirSync, renameSync, statSync } from "node:fs";
+import { existsSync, mkdirSync, readFileSync, renameSync, rmSync, statSync, writeFileSync } from "node:fs";
 import path from "node:path";
 import { fileURLToPath } from "node:url";
+
+import { withOrderedNames } from "./function-order.mjs";
 
 const web = path.dirname(fileURLToPath(import.meta.url));
 const source = path.join(web, "../build/web/core/core.wasm");
 const target = path.join(web, "dist/core.wasm");
+const tools = [fileURLToPath(import.meta.url), path.join(web, "function-order.mjs")];
 
 // What the compiler of cmake/OrivantaWeb.cmake may use.
 const features = ["exception-handling", "bulk-memory", "nontrapping-float-to-int", "sign-ext", "mutable-globals"];
-const passes = ["--generate-global-effects", "-Oz", "--converge"];
 
-const made = (file) => (existsSync(file) ? statSync(file).mtimeMs : 0);
-if (made(target) < Math.max(made(source), made(fileURLToPath(import.meta.url)))) {
-  mkdirSync(path.dirname(target), { recursive: true });
-  // An interrupted run leaves no target.
+function optimize(from, to, ...passes) {
   const options = ["--mvp-features", ...features.map((name) => `--enable-${name}`), ...passes];
-  execFileSync(process.execPath, [path.join(web, "node_modules/binaryen/bin/wasm-opt"), source, ...options, "-o", `${target}.part`], {
+  execFileSync(process.execPath, [path.join(web, "node_modules/binaryen/bin/wasm-opt"), from, ...options, "-o", to], {
     stdio: "inherit",
   });
-  renameSync(`${target}.part`, target);
+}
+
+const made = (file) => (existsSync(file) ? statSync(file).mtimeMs : 0);
+if (made(target) < Math.max(...[source, ...tools].map(made))) {
+  mkdirSync(path.dirname(target), { recursive: true });
+  // An interrupted run leaves no target.
+  const [small, named, part] = ["small", "named", "part"].map((name) => `${target}.${name}`);
+  optimize(source, small, "--generate-global-effects", "-Oz", "--converge");
+  writeFileSync(named, withOrderedNames(readFileSync(small)));
+  optimize(named, part, "--reorder-functions-by-name");
+  rmSync(small);
+  rmSync(named);
+  renameSync(part, target);
 }

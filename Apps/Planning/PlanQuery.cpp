@@ -1,6 +1,5 @@
 #include "Apps/Planning/PlanQuery.hpp"
 
-#include <fast_float/fast_float.h>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
@@ -9,6 +8,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "Platform/Foundation/DecimalNumbers.hpp"
 #include "Platform/Foundation/DisplayText.hpp"
 #include "Source/Category.hpp"
 #include "Source/Guidance/Floors.hpp"
@@ -51,9 +51,8 @@ std::string ambiguity(const std::string& text,
 
 std::optional<double> number(std::string_view text) {
   double value = 0.0;
-  const auto [end, error] = fast_float::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
-    return std::nullopt;
+  const std::size_t length = foundation::readNumber(text, value);
+  if (length == 0 || length < text.size() || !std::isfinite(value)) return std::nullopt;
   return value;
 }
 

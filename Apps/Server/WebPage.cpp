@@ -54,7 +54,7 @@ folder with an <code>index.html</code> is served at this address with <code>oriv
 
 // Types that packages do not have: a browser must not run what a package contains.
 MediaType pageMediaTypeOf(std::string_view fileName) {
-  static constexpr std::array<std::pair<std::string_view, MediaType>, 12> rows = {{
+  static constexpr std::array<std::pair<std::string_view, MediaType>, 13> rows = {{
       {".html", {"text/html; charset=utf-8", true}},
       {".js", {"text/javascript; charset=utf-8", true}},
       {".mjs", {"text/javascript; charset=utf-8", true}},
@@ -62,6 +62,7 @@ MediaType pageMediaTypeOf(std::string_view fileName) {
       {".wasm", {"application/wasm", true}},
       {".webmanifest", {"application/manifest+json", true}},
       {".map", {"application/json", true}},
+      {".data", {"application/octet-stream", true}},
       {".mo", {"application/octet-stream", true}},
       {".woff2", {"font/woff2", false}},
       {".ttf", {"font/ttf", true}},

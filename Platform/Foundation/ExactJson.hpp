@@ -1,8 +1,6 @@
 // Parses JSON with exact numbers into memory of the caller's choice. Needs Boost.JSON.
 #pragma once
 
-#include <fast_float/fast_float.h>
-
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -18,6 +16,8 @@ namespace boost::json::detail {
 #include <boost/json/basic_parser_impl.hpp>
 #include <boost/json/value.hpp>
 #include <boost/json/value_stack.hpp>
+
+#include "Platform/Foundation/DecimalNumbers.hpp"
 
 namespace orivanta::foundation {
 
@@ -86,7 +86,7 @@ class ExactJsonHandler {
   [[gnu::always_inline]] bool on_double(double, boost::json::string_view text,
                                         boost::json::error_code& error) {
     double number = 0.0;
-    fast_float::from_chars(text.data(), text.data() + text.size(), number);
+    readNumber(text, number);
     if (std::isinf(number)) {
       error = boost::json::error::exponent_overflow;
       return false;

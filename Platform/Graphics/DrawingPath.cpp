@@ -1,13 +1,12 @@
 #include "Platform/Graphics/DrawingPath.hpp"
 
-#include <fast_float/fast_float.h>
-
 #include <cmath>
 #include <cstddef>
 #include <numbers>
 #include <system_error>
 #include <utility>
 
+#include "Platform/Foundation/DecimalNumbers.hpp"
 #include "Platform/Graphics/Image.hpp"
 
 namespace orivanta::graphics {
@@ -46,10 +45,9 @@ class PathReader {
   bool readNumbers(std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
       skipBlanks();
-      const char* const end = rest_.data() + rest_.size();
-      const auto result = fast_float::from_chars(rest_.data(), end, numbers_[i]);
-      if (result.ec != std::errc() || !std::isfinite(numbers_[i])) return false;
-      rest_.remove_prefix(static_cast<std::size_t>(result.ptr - rest_.data()));
+      const std::size_t length = foundation::readNumber(rest_, numbers_[i]);
+      if (length == 0 || !std::isfinite(numbers_[i])) return false;
+      rest_.remove_prefix(length);
     }
     return true;
   }

@@ -1,6 +1,7 @@
 #include "Platform/Scene/Geometry.hpp"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <limits>
 #include <utility>
@@ -18,18 +19,17 @@ namespace {
 
 std::size_t sizeOf(const SharedBytes& data) { return data ? data->size() : 0; }
 
-std::uint64_t readLittleEndian(const std::byte* bytes, std::size_t count) {
+static_assert(std::endian::native == std::endian::little, "geometries have this order of bytes");
+
+std::uint64_t readInteger(const std::byte* bytes, std::size_t count) {
   std::uint64_t value = 0;
-  for (std::size_t i = 0; i < count; ++i)
-    value |= std::to_integer<std::uint64_t>(bytes[i]) << (8 * i);
+  std::memcpy(&value, bytes, count);
   return value;
 }
 
 float readFloat(const std::byte* bytes) {
-  static_assert(sizeof(float) == 4);
-  const auto bits = static_cast<std::uint32_t>(readLittleEndian(bytes, 4));
   float value = 0;
-  std::memcpy(&value, &bits, sizeof value);
+  std::memcpy(&value, bytes, sizeof value);
   return value;
 }
 
@@ -74,7 +74,7 @@ std::size_t GeometryElement::indexCount() const {
 std::uint64_t GeometryElement::index(std::size_t position) const {
   if (position >= indexCount())
     foundation::fatalError("position out of range of a geometry element");
-  return readLittleEndian(data->data() + position * bytesPerIndex, bytesPerIndex);
+  return readInteger(data->data() + position * bytesPerIndex, bytesPerIndex);
 }
 
 Geometry::Geometry(std::vector<GeometrySource> sources, std::vector<GeometryElement> elements)

@@ -1,8 +1,8 @@
-#include <fast_float/fast_float.h>
 #include <fmt/format.h>
 
 #include <optional>
 
+#include "Platform/Foundation/DecimalNumbers.hpp"
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/View/LayoutConstraint.hpp"
 
@@ -27,10 +27,9 @@ class Reader {
   std::optional<double> takeDistance() {
     if (!take("-")) return 0.0;
     double distance = 0.0;
-    const auto [end, error] =
-        fast_float::from_chars(rest_.data(), rest_.data() + rest_.size(), distance);
-    if (error != std::errc()) return std::nullopt;
-    rest_.remove_prefix(static_cast<std::size_t>(end - rest_.data()));
+    const std::size_t length = foundation::readNumber(rest_, distance);
+    if (length == 0) return std::nullopt;
+    rest_.remove_prefix(length);
     if (!take("-")) return std::nullopt;
     return distance;
   }

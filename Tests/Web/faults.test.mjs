@@ -49,6 +49,10 @@ async function faultyServer(context) {
 const isError = (kind, status = 0) => (error) =>
   error instanceof OrivantaError && error.kind === kind && error.status === status && error.message !== "";
 
+const moduleFiles = Object.fromEntries(
+  ["wasm", "data"].map((type) => [type, readFileSync(path.join(root, `web/dist/core.${type}`))]),
+);
+
 /** The texts of a package, as `Orivanta.open` takes them. */
 function packageOf({ venue: [venue], ...lists }) {
   return Object.fromEntries(Object.entries({ venue, ...lists }).map(([name, value]) => [name, JSON.stringify(value)]));
@@ -57,7 +61,7 @@ function packageOf({ venue: [venue], ...lists }) {
 const problemsOf = (venue) => venue.problems.map(({ collection, kind, status }) => [collection, kind, status]);
 
 test("a load that is canceled at its end leaves no venue", async (context) => {
-  const engine = await Engine.start(readFileSync(path.join(root, "web/dist/core.wasm")));
+  const engine = await Engine.start(moduleFiles);
   const removed = [];
   engine.call((core) => {
     const remove = core._orivantaRemoveVenue;
@@ -204,7 +208,7 @@ test("too little memory", async (context) => {
 test("a module that stops", async (context) => {
   const { fault, endpoint } = await faultyServer(context);
   Object.assign(fault, { collection: "node", answer: (response) => response.write("[") });
-  const engine = await Engine.start(readFileSync(path.join(root, "web/dist/core.wasm")));
+  const engine = await Engine.start(moduleFiles);
   const told = [];
   engine.onFatal = (message) => told.push(message);
   const loads = ["row", "row"].map((slug) => engine.loads.start({ settings: { endpoint, slug } }));

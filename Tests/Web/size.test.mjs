@@ -33,7 +33,7 @@ test("sizes", async (context) => {
   for (const name of readdirSync(path.join(web, "dist/languages"))) check(name, sizeOf(web, "dist/languages", name), 8);
 
   assert.ok(existsSync(page), "the page is built: npm --prefix web run page");
-  check("core.wasm", sizeOf(page, readdirSync(page).find((name) => name.endsWith(".wasm"))), 600);
+  check("core.wasm", sizeOf(page, readdirSync(page).find((name) => name.endsWith(".wasm"))), 520);
   const scripts = new Set(readFileSync(path.join(page, "index.html"), "utf8").match(/[\w-]+\.js\b/g));
   check("JavaScript of the page", [...scripts].reduce((sum, name) => sum + sizeOf(page, name), 0), 45);
   // Without other languages, which are loaded when they are asked for, and the page of examples.

@@ -46,6 +46,7 @@ export interface Core {
   _orivantaRecords(venue: number): number;
   _orivantaNodes(venue: number): number;
   _orivantaRoute(venue: number, from: number, fromCount: number, to: number, toCount: number): number;
+  _orivantaAddResources(file: number, length: number): number;
   _orivantaAddLanguage(tag: number, tagLength: number, file: number, length: number): number;
   _orivantaPlan(venue: number, text: number, length: number): number;
   _orivantaSearch(venue: number, text: number, length: number): number;

@@ -9,7 +9,7 @@ import { languageOfTexts, textOfKind, textsFor } from "./element/texts.js";
 import { OrivantaError } from "./errors.js";
 import type { LoadProgress } from "./loads.js";
 import type { Venue } from "./venue.js";
-import type { WasmSource } from "./wasm.js";
+import type { ModuleFiles } from "./wasm.js";
 
 export type { LoadedMap, OrivantaMapEventMap } from "./element/events.js";
 export type { ShownRoute } from "./element/shown.js";
@@ -19,8 +19,8 @@ const Base = (globalThis.HTMLElement ?? class {}) as typeof HTMLElement;
 
 /** A map of a venue. The properties that have the names of attributes reflect them. */
 export class OrivantaMapElement extends Base {
-  /** Where the module is, if it is not next to the package's code. Set it before the first map is loaded. */
-  static wasm: WasmSource | undefined;
+  /** Where the module is, if it is not next to the package's code. Set them before the first map is loaded. */
+  static files: ModuleFiles = {};
   static readonly observedAttributes = attributes;
 
   /** The slug of the venue. Without it, nothing is loaded. */
@@ -127,7 +127,7 @@ export class OrivantaMapElement extends Base {
     const texts = textsFor(language);
     this.#parts.setLanguage(languageOfTexts(language));
     this.#parts.showMessage(texts.loading, null, null);
-    this.#use = use(OrivantaMapElement.wasm, (message) => this.#fail(new OrivantaError("fatal", message)));
+    this.#use = use(OrivantaMapElement.files, (message) => this.#fail(new OrivantaError("fatal", message)));
     former?.end();
     try {
       const orivanta = await this.#use.orivanta;

@@ -9,7 +9,7 @@ import { graphics } from "./platform/graphics.js";
 import { Network } from "./platform/network.js";
 import { CanvasTable } from "./platform/surfaces.js";
 import { Turns } from "./turns.js";
-import { compiled, type WasmSource } from "./wasm.js";
+import { bytesOf, compiled, type ModuleFiles } from "./wasm.js";
 
 /** Receives what a map of the module reports. */
 export interface MapListener {
@@ -49,14 +49,14 @@ export class Engine {
   }
 
   /** Compiles and starts the module. */
-  static async start(source: WasmSource): Promise<Engine> {
-    const module = await compiled(source);
+  static async start(files: Required<ModuleFiles>): Promise<Engine> {
+    const [module, resources] = await Promise.all([compiled(files.wasm), bytesOf(files.data)]);
     const engine = new Engine();
-    await engine.#start(module);
+    await engine.#start(module, resources);
     return engine;
   }
 
-  async #start(module: WebAssembly.Module): Promise<void> {
+  async #start(module: WebAssembly.Module, resources: Uint8Array): Promise<void> {
     if (!globalThis.crypto) {
       // Node.js 18. In a variable, so that bundlers do not look for it.
       const name = "node:crypto";
@@ -76,6 +76,8 @@ export class Engine {
     });
     this.#core = await Promise.race([core, failure]);
     this.#core._orivantaBegin();
+    const areAdded = this.withTexts([resources], (core, address, length) => core._orivantaAddResources(address!, length!));
+    if (!areAdded) throw new OrivantaError("unusable", "the file core.data is damaged");
   }
 
   // Everything through which the module is entered from the page's events notices a fatal stop.

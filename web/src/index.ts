@@ -3,7 +3,7 @@ export type { ServerSettings, VenueEntry, VenueOptions, VenuePackage } from "./o
 export { OrivantaError } from "./errors.js";
 export type { ErrorKind } from "./errors.js";
 export type { LoadProgress } from "./loads.js";
-export type { WasmSource } from "./wasm.js";
+export type { ModuleFiles, WasmSource } from "./wasm.js";
 export { MapView } from "./map/view.js";
 export type {
   CameraPose,

@@ -1,8 +1,8 @@
-// The languages of instructions. English is a part of the module; the others are files next to it.
+// The languages of instructions. English is a resource of the module; the others are files next to it.
 
 import type { Engine } from "./engine.js";
 import { OrivantaError } from "./errors.js";
-import { fetched } from "./wasm.js";
+import { bytesOf } from "./wasm.js";
 
 // Each URL is written out, so that bundlers find the file.
 const files: Readonly<Record<string, () => URL>> = {
@@ -47,8 +47,7 @@ export class Languages {
   }
 
   async #add(language: string): Promise<void> {
-    const file = await fetched(files[language]!());
-    const bytes = file instanceof Response ? new Uint8Array(await file.arrayBuffer()) : (file as Uint8Array);
+    const bytes = await bytesOf(files[language]!());
     const isAdded = this.#engine.withTexts([language, bytes], (core, ...places) =>
       core._orivantaAddLanguage(places[0]!, places[1]!, places[2]!, places[3]!),
     );

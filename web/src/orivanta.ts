@@ -5,7 +5,7 @@ import { OrivantaError, type ErrorKind } from "./errors.js";
 import { Languages } from "./languages.js";
 import type { LoadOrder, LoadProgress, LoadReport } from "./loads.js";
 import { Venue, type LoadProblem } from "./venue.js";
-import type { WasmSource } from "./wasm.js";
+import type { ModuleFiles } from "./wasm.js";
 
 /** How to reach a server of venues. */
 export interface ServerSettings {
@@ -110,9 +110,10 @@ export class Orivanta {
     engine.onFatal = (message) => this.onFatal?.(message);
   }
 
-  /** Loads the module. `wasm` is its URL or its bytes, if it is not next to the package's code. */
-  static async load(options: { wasm?: WasmSource } = {}): Promise<Orivanta> {
-    return new Orivanta(await Engine.start(options.wasm ?? new URL("./core.wasm", import.meta.url)));
+  /** Loads the module. */
+  static async load(files: ModuleFiles = {}): Promise<Orivanta> {
+    const { wasm = new URL("./core.wasm", import.meta.url), data = new URL("./core.data", import.meta.url) } = files;
+    return new Orivanta(await Engine.start({ wasm, data }));
   }
 
   /**

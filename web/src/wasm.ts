@@ -5,8 +5,16 @@ import { OrivantaError } from "./errors.js";
 /** Where the bytes of the module come from. */
 export type WasmSource = string | URL | BufferSource;
 
+/** The files of the module, each as its URL or its bytes. Those that are missing are next to the package's code. */
+export interface ModuleFiles {
+  /** core.wasm */
+  wasm?: WasmSource;
+  /** core.data, of the same version */
+  data?: WasmSource;
+}
+
 /** Reads a file. */
-export async function fetched(source: string | URL): Promise<BufferSource | Response> {
+async function fetched(source: string | URL): Promise<BufferSource | Response> {
   const url = new URL(source, import.meta.url);
   if (url.protocol !== "file:") {
     const response = await fetch(url, { credentials: "same-origin" });
@@ -22,10 +30,20 @@ export async function fetched(source: string | URL): Promise<BufferSource | Resp
   return readFile(url);
 }
 
+async function opened(source: WasmSource): Promise<BufferSource | Response> {
+  return typeof source === "string" || source instanceof URL ? fetched(source) : source;
+}
+
+/** Reads a file completely. */
+export async function bytesOf(source: WasmSource): Promise<Uint8Array> {
+  const file = await opened(source);
+  if (file instanceof Response) return new Uint8Array(await file.arrayBuffer());
+  return ArrayBuffer.isView(file) ? new Uint8Array(file.buffer, file.byteOffset, file.byteLength) : new Uint8Array(file);
+}
+
 /** Compiles a module, while it is received if its type allows that. */
 export async function compiled(source: WasmSource): Promise<WebAssembly.Module> {
-  const isFile = typeof source === "string" || source instanceof URL;
-  const bytes = isFile ? await fetched(source) : source;
+  const bytes = await opened(source);
   if (!(bytes instanceof Response)) return WebAssembly.compile(bytes);
   if (bytes.headers.get("Content-Type") === "application/wasm") {
     return WebAssembly.compileStreaming(bytes);

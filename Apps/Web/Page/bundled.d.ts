@@ -10,6 +10,11 @@ declare module "orivanta/core.wasm" {
   export default url;
 }
 
+declare module "orivanta/core.data" {
+  const url: string;
+  export default url;
+}
+
 // The text of a file of Examples.
 declare module "source:*" {
   const text: string;

@@ -1,9 +1,9 @@
 // Loads the module, the list of venues and the venue of the state.
 
 import { Orivanta, OrivantaError, type LoadProgress, type Venue } from "orivanta";
-import wasm from "orivanta/core.wasm";
 
 import type { App, Failure, Shown } from "./app.js";
+import { moduleFiles } from "./moduleFiles.js";
 import { showNotice, type Notice } from "./notices.js";
 import { Texts } from "./texts.js";
 
@@ -27,7 +27,7 @@ export class Session {
   async start(connected: Promise<void>): Promise<void> {
     const app = this.#app;
     try {
-      const orivanta = await Orivanta.load({ wasm: new URL(wasm, document.baseURI) });
+      const orivanta = await Orivanta.load(moduleFiles);
       orivanta.onFatal = (message) => this.#stopped(message);
       app.orivanta = orivanta;
     } catch (error) {
@@ -85,14 +85,12 @@ export class Session {
     if (!app.venues.some((entry) => entry.slug === slug)) return this.#fail(this.#unknown(slug));
     const signal = this.#begin(app.t("page.loading"));
     try {
-      const load = app.orivanta.venue(slug, {
+      const venue = await app.orivanta.venue(slug, {
         ...app.server,
         languages: this.#languages(),
         signal,
         onProgress: (progress) => this.#progressed(progress, signal),
       });
-      if (!app.shown) setTimeout(() => app.shown || app.orivanta?.prepareMap()); // after the requests were sent
-      const venue = await load;
       if (signal.aborted) return venue.destroy();
       this.#opened(venue);
     } catch (error) {
@@ -139,9 +137,13 @@ export class Session {
   }
 
   #progressed({ collections, collectionsDone }: LoadProgress, signal: AbortSignal): void {
+    const app = this.#app;
     if (signal.aborted) return;
-    this.#app.loadedShare = collections > 0 ? collectionsDone / collections : null;
-    this.#app.changed();
+    if (!app.shown) app.orivanta?.prepareMap(); // while the answers to the next requests come
+    const share = collections > 0 ? collectionsDone / collections : null;
+    if (share === app.loadedShare) return;
+    app.loadedShare = share;
+    app.changed();
   }
 
   #end(): void {

@@ -66,9 +66,13 @@ export class Shell {
     this.#area = h("section", { class: "area" }, map.element, side, this.#attribution);
     this.element = h("div", { class: "frame" }, this.#skip, column, this.#area, this.#status, new KindSprite(app).element);
     map.watch(this.#panel.element, this.#search.element, this.#floors.element);
-    new ResizeObserver(() => this.element.style.setProperty("--panel-height", `${this.#panel.element.offsetHeight}px`)).observe(
-      this.#panel.element,
-    );
+    const sizes = new ResizeObserver(() => {
+      const { style } = this.element;
+      const search = this.#search.element;
+      style.setProperty("--panel-height", `${this.#panel.element.offsetHeight}px`);
+      style.setProperty("--head-height", `${search.offsetTop + search.offsetHeight}px`);
+    });
+    for (const each of [bar, this.#search.element, this.#panel.element]) sizes.observe(each);
     addEventListener("keydown", (event) => this.#pressed(event));
     app.on(() => this.update());
     app.store.on(({ venue }, { former }) => {

@@ -1,9 +1,9 @@
 #include "Platform/Scene/Obj/TextLines.hpp"
 
-#include <fast_float/fast_float.h>
-
 #include <algorithm>
 #include <limits>
+
+#include "Platform/Foundation/DecimalNumbers.hpp"
 
 namespace orivanta::scene::obj {
 
@@ -59,11 +59,9 @@ float takeNumber(std::string_view& line, float missing) {
   if (line.empty() || line.front() == '#') return missing;
   if (line.front() == '+') line.remove_prefix(1);
   float number = 0.0F;
-  const char* const end = line.data() + line.size();
-  const auto read = fast_float::from_chars(line.data(), end, number);
-  const bool isWhole = read.ptr != line.data() && (read.ptr == end || isBlank(*read.ptr));
-  if (isWhole) {
-    line.remove_prefix(static_cast<std::size_t>(read.ptr - line.data()));
+  const std::size_t length = foundation::readNumber(line, number);
+  if (length > 0 && (length == line.size() || isBlank(line[length]))) {
+    line.remove_prefix(length);
     return number;
   }
   takeWord(line);

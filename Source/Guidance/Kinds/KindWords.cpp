@@ -6,8 +6,9 @@
 #include <map>
 #include <utility>
 
+#include "Platform/Foundation/Fatal.hpp"
 #include "Source/Category.hpp"
-#include "Source/Guidance/Kinds/KindTable.hpp"
+#include "Source/Guidance/Kinds/WordTable.hpp"
 #include "Source/Guidance/TextFolding.hpp"
 #include "Source/Location.hpp"
 #include "Source/Vortex.hpp"
@@ -15,6 +16,8 @@
 namespace orivanta {
 
 namespace {
+
+using foundation::unwrap;
 
 constexpr std::size_t mostCategories = 64;  // that are visited from a category
 
@@ -30,14 +33,11 @@ std::string formOf(std::string_view word) {
 
 using Words = std::vector<std::pair<std::string, PlaceKind>>;
 
-Words wordsOf(std::span<const KindRow> rows) {
+Words builtInWords(std::string_view table) {
   Words words;
-  for (const KindRow& row : rows)
-    for (std::size_t start = 0; start <= row.words.size();) {
-      const std::size_t end = std::min(row.words.find(',', start), row.words.size());
-      words.emplace_back(formOf(row.words.substr(start, end - start)), row.kind);
-      start = end + 1;
-    }
+  for (const WordRow& row : wordTable(table))
+    for (const std::string_view word : row.words)
+      words.emplace_back(formOf(word), unwrap(placeKindNamed(row.heading.front())));
   return words;
 }
 
@@ -49,8 +49,8 @@ PlaceKind firstIn(const Words& words, std::string_view form) {
 }
 
 PlaceKind builtInKindOf(std::string_view form) {
-  static const Words words = wordsOf(kindTable());
-  static const Words toilets = wordsOf(toiletTable());
+  static const Words words = builtInWords("kinds");
+  static const Words toilets = builtInWords("toilets");
   const PlaceKind kind = firstIn(words, form);
   if (kind != PlaceKind::toilet) return kind;
   const PlaceKind refined = firstIn(toilets, form);

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "Source/Guidance/Kinds/PlaceKind.hpp"
 
@@ -25,8 +26,8 @@ enum class TopicScope {
 /// A row of the table.
 struct TopicRow {
   TopicScope scope;
-  std::uint64_t kinds;     ///< see `bit`
-  std::string_view words;  ///< separated by commas; words may consist of several words
+  std::uint64_t kinds;                  ///< see `bit`
+  std::vector<std::string_view> words;  ///< may consist of several words
 };
 
 /// The greatest number of rows.
@@ -38,7 +39,7 @@ constexpr std::uint64_t bit(PlaceKind kind) {
 }
 static_assert(placeKindCount <= 64);
 
-/// Returns all rows.
+/// Returns the rows of Resources/Words/topics.txt. Any thread.
 std::span<const TopicRow> topicTable();
 
 }  // namespace orivanta

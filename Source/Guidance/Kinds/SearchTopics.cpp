@@ -26,13 +26,9 @@ const SearchTopics& SearchTopics::instance() {
 SearchTopics::SearchTopics() : ofKind_(placeKindCount, 0) {
   const auto rows = topicTable();
   for (std::size_t topic = 0; topic < rows.size(); ++topic) {
-    const std::string_view words = rows[topic].words;
-    for (std::size_t start = 0; start <= words.size();) {
-      const std::size_t end = std::min(words.find(',', start), words.size());
-      if (std::string form = searchForm(words.substr(start, end - start)); !form.empty())
+    for (const std::string_view word : rows[topic].words)
+      if (std::string form = searchForm(word); !form.empty())
         phrases_.push_back({std::move(form), topic});
-      start = end + 1;
-    }
     for (std::size_t kind = 0; kind < placeKindCount; ++kind)
       if (rows[topic].scope != TopicScope::named &&
           (rows[topic].kinds & bit(static_cast<PlaceKind>(kind))) != 0)

@@ -1,12 +1,11 @@
 #include "Source/Guidance/Words/LanguageTags.hpp"
 
-#include <fast_float/fast_float.h>
-
 #include <algorithm>
 #include <array>
 #include <system_error>
 
 #include "Platform/Foundation/AsciiCase.hpp"
+#include "Platform/Foundation/DecimalNumbers.hpp"
 
 namespace orivanta::guidance {
 
@@ -41,9 +40,9 @@ Preference preferenceIn(std::string_view element) {
   preference.weight = 0.0;
   if (parameter.starts_with("q=") || parameter.starts_with("Q=")) {
     double weight = 0.0;
-    const auto* end = parameter.data() + parameter.size();
-    const auto result = fast_float::from_chars(parameter.data() + 2, end, weight);
-    if (result.ec == std::errc() && result.ptr == end && weight > 0.0 && weight <= 1.0)
+    const std::string_view number = parameter.substr(2);
+    const std::size_t length = foundation::readNumber(number, weight);
+    if (length > 0 && length == number.size() && weight > 0.0 && weight <= 1.0)
       preference.weight = weight;
   }
   return preference;

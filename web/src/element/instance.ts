@@ -1,7 +1,7 @@
 // The instance of the module that all elements of a page share. It is released with the last of them.
 
 import { Orivanta } from "../orivanta.js";
-import type { WasmSource } from "../wasm.js";
+import type { ModuleFiles } from "../wasm.js";
 
 interface Shared {
   readonly started: Promise<Orivanta>;
@@ -11,8 +11,8 @@ interface Shared {
 
 let shared: Shared | null = null;
 
-async function start(wasm: WasmSource | undefined, users: Shared["users"]): Promise<Orivanta> {
-  const orivanta = await Orivanta.load(wasm === undefined ? {} : { wasm });
+async function start(files: ModuleFiles, users: Shared["users"]): Promise<Orivanta> {
+  const orivanta = await Orivanta.load(files);
   orivanta.onFatal = (message) => {
     if (shared?.users === users) shared = null;
     for (const stopped of [...users]) stopped(message);
@@ -29,10 +29,10 @@ export interface Use {
 }
 
 /** Uses the shared instance, and starts it if it does not run. `stopped` is called if the module stops. */
-export function use(wasm: WasmSource | undefined, stopped: (message: string) => void): Use {
+export function use(files: ModuleFiles, stopped: (message: string) => void): Use {
   if (!shared) {
     const users: Shared["users"] = new Set();
-    const starting = (shared = { started: start(wasm, users), users });
+    const starting = (shared = { started: start(files, users), users });
     starting.started.catch(() => {
       if (shared === starting) shared = null; // the next use tries again
     });

@@ -48,9 +48,10 @@ export class CanvasTable implements Surfaces {
   #last = 0;
   #spare: HTMLCanvasElement | null = null;
 
-  /** Makes a canvas whose context is being made, for the next map that needs one. */
+  /** Makes a canvas whose context is being made, for the next map that needs one. Does nothing if there is one. */
   prepare(): void {
-    this.#spare ??= document.createElement("canvas");
+    if (this.#spare) return;
+    this.#spare = document.createElement("canvas");
     this.#spare.getContext("webgl2", attributes);
   }
 

@@ -1,8 +1,8 @@
 // Examples of the element and the npm package, each with its source text: examples.html.
 
 import { OrivantaMapElement } from "orivanta/element";
-import wasm from "orivanta/core.wasm";
 
+import { moduleFiles } from "../moduleFiles.js";
 import { showMap } from "./map.js";
 import mapText from "source:map.ts";
 import { showRoute } from "./route.js";
@@ -12,8 +12,7 @@ import searchText from "source:search.ts";
 import { showTaps } from "./tap.js";
 import tapText from "source:tap.ts";
 
-const module_ = new URL(wasm, document.baseURI);
-OrivantaMapElement.wasm = module_;
+OrivantaMapElement.files = moduleFiles;
 
 const examples = [
   ["A map", "Floors are changed with the buttons or with the property floor.", mapText, showMap],
@@ -39,7 +38,7 @@ async function start(): Promise<void> {
     source.append(Object.assign(document.createElement("code"), { textContent: code }));
     section.append(heading, about, live, source);
     document.querySelector("main")!.append(section);
-    await show(live, endpoint, venue, module_);
+    await show(live, endpoint, venue, moduleFiles);
   }
 }
 

@@ -1,6 +1,6 @@
-import { Orivanta } from "orivanta";
+import { Orivanta, type ModuleFiles } from "orivanta";
 
-export async function showSearch(place: Element, endpoint: string, venue: string, wasm: URL): Promise<void> {
+export async function showSearch(place: Element, endpoint: string, venue: string, files: ModuleFiles): Promise<void> {
   const input = document.createElement("input");
   const list = document.createElement("ul");
   input.type = "search";
@@ -8,8 +8,8 @@ export async function showSearch(place: Element, endpoint: string, venue: string
   input.setAttribute("aria-label", input.placeholder);
   place.append(input, list);
 
-  // Bundlers that follow new URL("./core.wasm", import.meta.url) need no address of the module.
-  const orivanta = await Orivanta.load({ wasm });
+  // Bundlers that follow new URL("./core.wasm", import.meta.url) need no addresses of the module's files.
+  const orivanta = await Orivanta.load(files);
   const loaded = await orivanta.venue(venue, { endpoint, languages: navigator.language });
   input.addEventListener("input", () => {
     const found = loaded.search(input.value).slice(0, 5);

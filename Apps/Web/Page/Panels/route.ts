@@ -121,9 +121,12 @@ function routeParts(app: App, { routes }: Plan & { kind: "route" }): Node[] {
     ),
     ...closed.map((place) => h("p", { class: "warning route-warning" }, app.t("route.closed", { place }))),
   ];
-  if (routes.length > 1) {
-    const ways = waysOf(app, routes);
-    const options = routes.map((each, index) => ({ value: String(index), title: summaryOf(app, each), detail: ways[index] }));
+  const ways = waysOf(app, routes);
+  const options = routes
+    .map((each, index) => ({ value: String(index), title: summaryOf(app, each), detail: ways[index] }))
+    // Visitors cannot choose between equal texts.
+    .filter(({ title, detail }, index, all) => all.findIndex((each) => each.title === title && each.detail === detail) === index);
+  if (options.length > 1) {
     nodes.push(choice(app, app.t("page.route.choices"), options, String(routes.indexOf(route)), (value) => app.changeUi({ routeIndex: Number(value) })));
   }
   if (!isThere) nodes.push(takeAway(app), stepList(app, route));
