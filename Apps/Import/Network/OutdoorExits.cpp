@@ -64,6 +64,7 @@ class ExitFinder {
 
   // Where paths that the source draws end outside of everything else that it draws.
   void findOpenEnds() {
+    if (building_.lines.empty()) return;
     const std::vector<Node>& nodes = building_.network.nodes;
     for (const Storey& storey : building_.storeys) {
       if (!isOnGround(building_, storey.ordinal)) continue;

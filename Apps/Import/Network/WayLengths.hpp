@@ -27,7 +27,7 @@ class WayLengths {
   std::vector<double> lengths_;
   std::vector<std::size_t> reached_;
   std::size_t edges_ = 0;              // that were taken up
-  std::size_t stepsLeft_ = 5'000'000;  // along lines
+  std::size_t stepsLeft_ = 1'000'000;  // along lines
 };
 
 }  // namespace orivanta::importer
