@@ -1,5 +1,7 @@
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "Apps/Import/Doors/WalkableSpace.hpp"
 #include "Apps/Import/Geometry/OpenShape.hpp"
 #include "Apps/Import/Geometry/Space.hpp"
@@ -50,7 +52,19 @@ class Walls {
     for (const importer::Connector& connector : building.connectors)
       for (const importer::Stop& stop : connector.stops)
         if (stop.spot.level == level) openings.push_back({stop.spot.position, stop.spot.position});
+    // Paths may end where nothing is drawn, and people walk on.
+    for (const importer::Line& line : building.lines)
+      if (line.kind == importer::LineKind::path && line.levels == std::vector<double>{level}) {
+        if (line.points.size() < 2) continue;
+        openings.push_back(endOf(line.points[0], line.points[1]));
+        openings.push_back(endOf(line.points.back(), line.points[line.points.size() - 2]));
+      }
     return openings;
+  }
+  static importer::Segment endOf(Point end, Point before) {
+    constexpr double length = 3.0;
+    const double whole = package::distance(end, before);
+    return {end, end + (before - end) * (std::min(length, whole) / std::max(whole, 1e-9))};
   }
   importer::SegmentGrid walls_;
   importer::SegmentGrid openings_;

@@ -148,7 +148,7 @@ void check(std::string_view input) {
   runStages(building, {}, findings);
   reviewBuilding(building, findings);
   const PackageLayout layout(building);
-  makeRecords(layout, [](std::string_view, const boost::json::value&) {});
+  makeRecords(layout, [](std::string_view, std::string_view) {});
   for (const Storey* storey : layout.maps()) {
     makeFloorModel(layout, *storey);
     floorPlanSvg(building, storey->ordinal, {.names = true, .network = true, .marks = {}});

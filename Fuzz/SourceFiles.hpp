@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "Apps/Import/Read/Sources.hpp"
@@ -18,8 +19,9 @@ inline std::vector<SourceFile> sourceFiles(std::string_view input) {
   std::vector<SourceFile> files;
   while (!input.empty()) {
     std::string_view file = fuzz::takeUpTo("\n====\n", input);
-    const std::string_view name = fuzz::takeUpTo("\n", file);
-    files.push_back({std::string(name), std::string(file)});
+    std::string name(fuzz::takeUpTo("\n", file));
+    std::erase(name, '\0');  // no file has such a name
+    files.push_back({std::move(name), std::string(file)});
   }
   return files;
 }

@@ -63,12 +63,19 @@ std::string jsonLine(const json::value& value) {
 }
 
 std::string jsonLines(const json::array& records) {
-  std::string text = "[\n";
-  for (std::size_t i = 0; i < records.size(); ++i) {
-    append(text, records[i]);
-    text += i + 1 < records.size() ? ",\n" : "\n";
-  }
-  return text + "]\n";
+  RecordLines lines;
+  for (const json::value& record : records) lines.add(record);
+  return lines.finish();
+}
+
+void RecordLines::add(const json::value& record) {
+  if (!std::exchange(isEmpty_, false)) text_ += ",\n";
+  append(text_, record);
+}
+
+std::string RecordLines::finish() {
+  text_ += isEmpty_ ? "]\n" : "\n]\n";
+  return std::move(text_);
 }
 
 }  // namespace orivanta::package

@@ -14,4 +14,17 @@ std::string jsonLine(const boost::json::value& value);
 /// Returns an array with one record per line.
 std::string jsonLines(const boost::json::array& records);
 
+/// Makes the same text of one record after another, which need not be in memory together.
+class RecordLines {
+ public:
+  void add(const boost::json::value& record);
+
+  /// Returns the text. Call it once, after the last record.
+  std::string finish();
+
+ private:
+  std::string text_ = "[\n";
+  bool isEmpty_ = true;
+};
+
 }  // namespace orivanta::package

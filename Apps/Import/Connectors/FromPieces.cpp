@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "Apps/Import/Connectors/FromLines.hpp"
 #include "Apps/Import/Connectors/Stops.hpp"
@@ -28,6 +29,13 @@ Connector connectorOf(const std::vector<const Piece*>& members, const Surroundin
   connector.accessible = steps ? suitable && first.kind == ConnectorKind::stairs : !unsuitable;
   connector.stops =
       members.size() == 1 ? stopsOfSingle(first, surroundings) : stopsOf(members, surroundings);
+  // What leads nowhere else may join parts of the storey that lie at different heights. Which of
+  // them is higher is not known.
+  if (first.kind == ConnectorKind::escalator && connector.stops.size() < 2)
+    if (std::vector<Stop> stops = stopsOnStorey(first, surroundings); !stops.empty()) {
+      connector.stops = std::move(stops);
+      direction = Direction::unknown;
+    }
   applyDirection(connector.stops, direction);
   connector.directionKnown =
       direction != Direction::unknown ||

@@ -190,6 +190,23 @@ std::vector<Stop> stopsOf(const std::vector<const Piece*>& pieces,
   return stops;
 }
 
+std::vector<Stop> stopsOnStorey(const Piece& piece, const Surroundings& surroundings) {
+  if (piece.area == nullptr) return {};
+  const bool between = doorsOf(piece, surroundings, false).size() >= 2;
+  const Contacts all =
+      between ? boardable(piece, surroundings) : contactsOf(piece, surroundings.space(piece.level));
+  const auto isAlong = [&](const Contact& contact) {
+    return !isShort(contact.side) && contact.length > 0.5 * piece.box.length;
+  };
+  // Beside an escalator that leads to another height, people do not walk along.
+  if (piece.kind == ConnectorKind::escalator && std::any_of(all.begin(), all.end(), isAlong))
+    return {};
+  const auto pair = bestPair(all, all);
+  if (!pair) return {};
+  return {stopAt(piece, piece.level, pair->first.position),
+          stopAt(piece, piece.level, pair->second.position)};
+}
+
 std::vector<Stop> stopsOfSingle(const Piece& piece, const Surroundings& surroundings) {
   const Contacts own = boardable(piece, surroundings);
   const bool between = doorsOf(piece, surroundings, false).size() >= 2;
@@ -206,13 +223,8 @@ std::vector<Stop> stopsOfSingle(const Piece& piece, const Surroundings& surround
         if (steps < 0) std::reverse(stops.begin(), stops.end());
         return stops;
       }
-  if (piece.kind != ConnectorKind::elevator && piece.kind != ConnectorKind::escalator &&
-      piece.area != nullptr) {
-    const Contacts all = between ? own : contactsOf(piece, surroundings.space(piece.level));
-    if (const auto pair = bestPair(all, all))
-      return {stopAt(piece, piece.level, pair->first.position),
-              stopAt(piece, piece.level, pair->second.position)};
-  }
+  if (piece.kind != ConnectorKind::elevator && piece.kind != ConnectorKind::escalator)
+    if (std::vector<Stop> stops = stopsOnStorey(piece, surroundings); !stops.empty()) return stops;
   return stopsOf({&piece}, surroundings);
 }
 

@@ -17,6 +17,8 @@
 #include "Apps/Import/MakeFinding.hpp"
 #include "Apps/Import/Network/OutdoorCorners.hpp"
 #include "Apps/Import/Network/OutdoorExits.hpp"
+#include "Apps/Import/Network/OutdoorLines.hpp"
+#include "Apps/Import/Network/WayLengths.hpp"
 
 namespace orivanta::importer {
 
@@ -26,19 +28,37 @@ constexpr double longest = 150.0;  // meters
 constexpr double longestRound = 250.0;
 constexpr std::size_t mostNeighbors = 40;
 
+// From this length on, a way between two exits is a detour. Whether people can walk round the back
+// of a building is less certain than whether they can walk to what they see.
+double detourOf(double straight) { return std::max(1.25 * straight, straight + 10.0); }
+double detourOfRound(double length) { return std::max(2.0 * length, length + 20.0); }
+
 class OutdoorJoiner {
  public:
   OutdoorJoiner(Building& building, Findings& findings)
       : building_(building),
         findings_(findings),
         parts_(building.network.nodes.size()),
-        walls_(groundWalls(), 0.0) {
+        walls_(groundWalls(), 0.0),
+        lines_(building),
+        lengths_(building.network) {
     findParts();
     exits_ = outdoorExits(building, parts_, withPlaces_);
   }
 
   void run() {
-    using Candidate = std::tuple<double, std::size_t, std::size_t>;
+    const std::vector<Candidate> candidates = findCandidates();
+    for (const auto& [length, from, to] : candidates)
+      if (partOf(from) != partOf(to) && isFree(from, to)) join(from, to, {}, length);
+    joinRoundCorners();
+    for (const auto& [length, from, to] : candidates) shorten(from, to, length);
+  }
+
+ private:
+  using Candidate = std::tuple<double, std::size_t, std::size_t>;
+
+  // Exits of different parts, the nearest first.
+  std::vector<Candidate> findCandidates() {
     std::vector<Candidate> candidates;
     std::vector<Segment> points;
     points.reserve(exits_.size());
@@ -48,21 +68,22 @@ class OutdoorJoiner {
       std::vector<Candidate> near;
       grid.eachNear(points[i].a, longest, [&](std::size_t k) {
         const double length = package::distance(points[i].a, points[k].a);
-        if (length <= longest && partOf(i) != partOf(k)) near.emplace_back(length, i, k);
+        if (length <= longest && partOf(i) != partOf(k))
+          near.emplace_back(length, std::min(i, k), std::max(i, k));
       });
       std::sort(near.begin(), near.end());
       if (near.size() > mostNeighbors) near.resize(mostNeighbors);
       candidates.insert(candidates.end(), near.begin(), near.end());
     }
     std::sort(candidates.begin(), candidates.end());
-    for (const auto& [length, from, to] : candidates)
-      if (partOf(from) != partOf(to) &&
-          isFreeOutdoors(walls_, exits_[from].position, exits_[to].position))
-        join(exits_[from], exits_[to], {}, length);
-    joinRoundCorners();
+    candidates.erase(std::unique(candidates.begin(), candidates.end()), candidates.end());
+    return candidates;
   }
 
- private:
+  bool isFree(std::size_t from, std::size_t to) const {
+    return isFreeOutdoors(walls_, exits_[from].position, exits_[to].position);
+  }
+
   std::size_t partOf(std::size_t exit) { return parts_.find(exits_[exit].node); }
 
   std::vector<Segment> groundWalls() const {
@@ -88,35 +109,11 @@ class OutdoorJoiner {
         withPlaces_.insert(parts_.find(i));
   }
 
-  // Of a guessed exit, makes an entrance.
-  std::size_t nodeOf(const OutdoorExit& exit) {
-    if (!exit.isGuessed) return exit.node;
-    const Node inner = building_.network.nodes[exit.node];
-    Door door;
-    door.id = inner.id + "/exit";
-    door.kind = DoorKind::entrance;
-    door.level = inner.level;
-    door.position = exit.position;
-    door.guessed = true;
-    const auto same = [&](const Node& node) { return node.id == door.id; };
-    std::vector<Node>& nodes = building_.network.nodes;
-    const auto known = std::find_if(nodes.begin(), nodes.end(), same);
-    if (known != nodes.end()) return static_cast<std::size_t>(known - nodes.begin());
-    nodes.push_back({door.id, NodeKind::door, door.level, door.position, door.id, 0.0});
-    building_.network.edges.push_back({exit.node, nodes.size() - 1, false});
-    building_.doors.push_back(std::move(door));
-    return nodes.size() - 1;
-  }
-
   // Joins what no straight line joins, the smaller part with the one that is nearest to it.
   void joinRoundCorners() {
     std::set<std::size_t> parts;
     for (std::size_t i = 0; i < exits_.size(); ++i) parts.insert(partOf(i));
     if (parts.size() < 2) return;
-    Shape ground;
-    for (const Area& area : building_.areas)
-      if (isOnGround(building_, area.level)) ground = joined(std::move(ground), area.shape);
-    OutdoorCorners corners(ground, walls_);
     std::map<std::size_t, std::size_t> sizes;
     for (const auto& set : parts_.all()) sizes[set.front()] = set.size();
     std::vector<std::pair<std::size_t, std::size_t>> bySize;  // with a node of each part
@@ -130,8 +127,8 @@ class OutdoorJoiner {
       for (std::size_t i = 0; i < exits_.size(); ++i)
         (partOf(i) == parts_.find(part) ? own : others).push_back(i);
       if (others.empty()) continue;
-      const auto way = corners.shortest(positionsOf(own), positionsOf(others), longestRound);
-      if (way) join(exits_[own[way->from]], exits_[others[way->to]], way->bends, way->length);
+      const auto way = corners().shortest(positionsOf(own), positionsOf(others), longestRound);
+      if (way) join(own[way->from], others[way->to], way->bends, way->length);
     }
   }
 
@@ -142,25 +139,41 @@ class OutdoorJoiner {
     return positions;
   }
 
-  void join(const OutdoorExit& one, const OutdoorExit& other, const std::vector<Point>& bends,
-            double length) {
-    parts_.join(one.node, other.node);
-    std::size_t from = nodeOf(one);
-    const std::size_t to = nodeOf(other);
-    const std::size_t start = from;
-    for (const Point bend : bends) {
-      const Node& exit = building_.network.nodes[start];
-      Node node{fmt::format("{}/round/{}", exit.id, ++bends_[exit.id]),
-                NodeKind::way,
-                exit.level,
-                bend,
-                {},
-                0.0};
-      building_.network.nodes.push_back(std::move(node));
-      building_.network.edges.push_back({from, building_.network.nodes.size() - 1, false});
-      from = building_.network.nodes.size() - 1;
-    }
-    building_.network.edges.push_back({from, to, false});
+  // Adds a line between two exits that were in different parts, if the way between them is a
+  // detour.
+  void shorten(std::size_t from, std::size_t to, double straight) {
+    const auto atEnd = [&](const OutdoorExit& exit) {
+      return package::distance(building_.network.nodes[exit.node].position, exit.position);
+    };
+    const double atEnds = atEnd(exits_[from]) + atEnd(exits_[to]);
+    const auto isLonger = [&](double limit) {
+      const double between = std::max(limit - atEnds, 0.0);
+      return lengths_.between(exits_[from].node, exits_[to].node, between) > between;
+    };
+    if (parts_.find(exits_[from].node) != parts_.find(exits_[to].node) ||
+        !isLonger(detourOf(straight)))
+      return;
+    if (isFree(from, to)) return lines_.add(exits_[from], {}, exits_[to]);
+    if (!isLonger(detourOfRound(straight))) return;
+    const auto way =
+        corners().shortest({exits_[from].position}, {exits_[to].position}, longestRound);
+    if (way && isLonger(detourOfRound(way->length)))
+      lines_.add(exits_[from], way->bends, exits_[to]);
+  }
+
+  OutdoorCorners& corners() {
+    if (corners_) return *corners_;
+    Shape ground;
+    for (const Area& area : building_.areas)
+      if (isOnGround(building_, area.level)) ground = joined(std::move(ground), area.shape);
+    return corners_.emplace(ground, walls_);
+  }
+
+  void join(std::size_t one, std::size_t other, const std::vector<Point>& bends, double length) {
+    parts_.join(exits_[one].node, exits_[other].node);
+    lines_.add(exits_[one], bends, exits_[other]);
+    const std::size_t start = lines_.nodeOf(exits_[one]);
+    const std::size_t to = lines_.nodeOf(exits_[other]);
     const Node& first = building_.network.nodes[start];
     const Node& second = building_.network.nodes[to];
     findings_.add(makeFinding(
@@ -180,7 +193,9 @@ class OutdoorJoiner {
   std::set<std::size_t> withPlaces_;  // parts
   std::vector<OutdoorExit> exits_;
   SegmentGrid walls_;
-  std::map<std::string, std::size_t> bends_;  // by the exit from which they were made
+  OutdoorLines lines_;
+  WayLengths lengths_;
+  std::optional<OutdoorCorners> corners_;
 };
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "Apps/Import/Network/LooseSpots.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <optional>
 #include <set>
@@ -23,6 +24,14 @@ std::vector<std::uint32_t> looseSpots(const Draft& draft) {
   return loose;
 }
 
+bool crossesRoom(const AreaIndex& rooms, Point from, Point to) {
+  constexpr double step = 0.3;  // meters
+  const double count = std::ceil(package::distance(from, to) / step);
+  for (double i = 1.0; i < count; ++i)
+    if (rooms.smallestAt(from + (to - from) * (i / count)) != nullptr) return true;
+  return false;
+}
+
 }  // namespace
 
 void joinSpotsToSource(const SourceLines& source, double reach, Draft& draft) {
@@ -43,6 +52,8 @@ void joinSpotsToStops(const Building& building, double level, double reach, Draf
         connectors[stop.area].insert(connector.id);
   const AreaIndex areas(building, level,
                         [&](const Area& area) { return connectors.contains(area.id); });
+  const AreaIndex rooms(building, level,
+                        [](const Area& area) { return area.kind == AreaKind::room; });
   for (const std::uint32_t i : looseSpots(draft)) {
     const Point position = draft.nodes[i].position;
     std::optional<std::uint32_t> best;
@@ -62,7 +73,14 @@ void joinSpotsToStops(const Building& building, double level, double reach, Draf
         for (auto node = first; node != last; ++node) consider(node->second, away);
       }
     }
-    if (best) draft.addEdge(i, *best, true);
+    if (!best) continue;
+    // Stairs may turn round a room: their place is where they are boarded.
+    const Point stop = draft.nodes[*best].position;
+    constexpr double beside = 0.5;
+    if (crossesRoom(rooms, position, stop))
+      draft.nodes[i].position =
+          stop + (position - stop) * std::min(beside / package::distance(position, stop), 1.0);
+    draft.addEdge(i, *best, true);
   }
 }
 

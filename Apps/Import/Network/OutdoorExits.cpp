@@ -24,12 +24,22 @@ class ExitFinder {
       : building_(building), parts_(parts), withPlaces_(withPlaces) {}
 
   std::vector<OutdoorExit> find() {
+    countLines();
     findExits();
+    findOpenEnds();
     guessExits();
     return std::move(exits_);
   }
 
  private:
+  void countLines() {
+    lines_.resize(building_.network.nodes.size());
+    for (const Edge& edge : building_.network.edges) {
+      ++lines_[edge.from];
+      ++lines_[edge.to];
+    }
+  }
+
   void findExits() {
     const auto& [nodes, edges] = building_.network;
     std::vector<bool> isJoined(nodes.size());  // with more than places
@@ -52,17 +62,28 @@ class ExitFinder {
     }
   }
 
+  // Where paths that the source draws end outside of everything else that it draws.
+  void findOpenEnds() {
+    if (building_.lines.empty()) return;
+    const std::vector<Node>& nodes = building_.network.nodes;
+    for (const Storey& storey : building_.storeys) {
+      if (!isOnGround(building_, storey.ordinal)) continue;
+      const AreaIndex areas(building_, storey.ordinal, [](const Area&) { return true; });
+      for (std::size_t i = 0; i < nodes.size() && exits_.size() < mostExits; ++i)
+        if (nodes[i].kind == NodeKind::way && nodes[i].level == storey.ordinal && lines_[i] == 1 &&
+            withPlaces_.contains(parts_.find(i)) &&
+            areas.smallestAt(nodes[i].position) == nullptr &&
+            !contains(storey.footprint, nodes[i].position))
+          exits_.push_back({i, nodes[i].position});
+    }
+  }
+
   // Parts without exits may get one where their way ends at the outside, or else where it is
   // nearest to the outside.
   void guessExits() {
     const std::vector<Node>& nodes = building_.network.nodes;
     std::set<std::size_t> withExits;
     for (std::size_t i = 0; i < exits_.size(); ++i) withExits.insert(parts_.find(exits_[i].node));
-    std::vector<int> lines(nodes.size());
-    for (const Edge& edge : building_.network.edges) {
-      ++lines[edge.from];
-      ++lines[edge.to];
-    }
     std::set<std::size_t> withEnds;                              // parts
     std::map<std::size_t, std::pair<double, OutdoorExit>> best;  // by part, where no way ends
     for (const Storey& storey : building_.storeys) {
@@ -76,7 +97,7 @@ class ExitFinder {
         const auto border = outerBorder(space, areas, nodes[i].position);
         if (!border) continue;
         const OutdoorExit exit{i, *border, true};
-        if (lines[i] == 1 && exits_.size() < mostExits) {
+        if (lines_[i] == 1 && exits_.size() < mostExits) {
           exits_.push_back(exit);
           withEnds.insert(part);
           continue;
@@ -93,6 +114,7 @@ class ExitFinder {
   const Building& building_;
   DisjointSets& parts_;
   const std::set<std::size_t>& withPlaces_;
+  std::vector<int> lines_;  // by node
   std::vector<OutdoorExit> exits_;
 };
 

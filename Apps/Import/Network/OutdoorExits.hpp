@@ -19,9 +19,10 @@ struct OutdoorExit {
 /// Whether a storey is at the height of the ground.
 bool isOnGround(const Building& building, double level);
 
-/// The entrances and the heads of stairs on the ground in parts of the network with places. Parts
-/// without any may get one where their way ends at the outside, or else where it is nearest to the
-/// outside. `parts` are the parts of the network, and `withPlaces` those with places.
+/// The entrances, the heads of stairs, and the ends of paths in the open, on the ground, in parts
+/// of the network with places. Parts without any may get one where their way ends at the outside,
+/// or else where it is nearest to the outside. `parts` are the parts of the network, and
+/// `withPlaces` those with places.
 std::vector<OutdoorExit> outdoorExits(const Building& building, DisjointSets& parts,
                                       const std::set<std::size_t>& withPlaces);
 

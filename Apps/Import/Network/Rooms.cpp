@@ -21,10 +21,28 @@ double weightOf(const Area& room) {
   return room.access == Access::staff ? staffWeight : crossingWeight;
 }
 
+constexpr double narrow = 0.12;  // meters
+
+// Joins the second node of a room with the first by a short way.
+bool addShortWay(const Shape& shape, const Space& space, Draft& draft) {
+  constexpr double longest = 500.0;
+  Ways ways(shape, narrow, space);
+  const auto bends = ways.between(draft.nodes[1], draft.nodes[0], longest);
+  if (!bends) return false;
+  std::uint32_t last = 1;
+  for (const Point bend : *bends) {
+    const std::uint32_t next = draft.addWay(bend);
+    draft.addEdge(last, next, false);
+    last = next;
+  }
+  draft.addEdge(last, 0, false);
+  return true;
+}
+
 // Joins the nodes of a room with each other.
 void addRoomLines(const Shape& shape, const Space& space, Draft& draft) {
   const std::size_t count = draft.nodes.size();
-  constexpr double narrow = 0.12;
+  if (count == 2 && addShortWay(shape, space, draft)) return;
   const Skeleton skeleton = makeSkeleton(shape, narrow);
   addTrunk(skeleton, space, draft);
   Ways ways(skeleton, space);

@@ -3,11 +3,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <boost/json/monotonic_resource.hpp>
 #include <utility>
 
 #include "Apps/Import/Write/ConnectorRecords.hpp"
 #include "Apps/Import/Write/PlaceRecords.hpp"
+#include "Apps/Package/Records.hpp"
 
 namespace orivanta::importer {
 
@@ -85,18 +87,19 @@ std::vector<std::vector<Path>> pathsOf(const Network& network,
   return paths;
 }
 
-// The records of nodes are by far the most, so they share large pieces of memory.
-json::array nodeRecords(const PackageLayout& layout, const NodeLookup& lookup,
-                        const json::storage_ptr& memory) {
+std::string nodeRecords(const PackageLayout& layout, const NodeLookup& lookup) {
   const Network& network = layout.building().network;
   std::vector<std::string> ids;
   ids.reserve(network.nodes.size());
   for (const Node& node : network.nodes) ids.push_back(packageId(node.id));
   const std::vector<std::vector<Path>> paths = pathsOf(network, ids);
-  json::array records(memory);
+  package::RecordLines records;
+  std::array<unsigned char, 4096> buffer{};  // of one record, usually
   for (std::size_t i = 0; i < network.nodes.size(); ++i) {
     if (!lookup.written()[i]) continue;
     const Node& node = network.nodes[i];
+    json::monotonic_resource resource(buffer.data(), buffer.size());
+    const json::storage_ptr memory(&resource);
     json::object record({{"id", ids[i]},
                          {"map", layout.mapAt(node.level)},
                          {"x", layout.toUnits(node.position.x)},
@@ -112,9 +115,9 @@ json::array nodeRecords(const PackageLayout& layout, const NodeLookup& lookup,
       list.push_back(std::move(path));
     }
     record["paths"] = std::move(list);
-    records.push_back(std::move(record));
+    records.add(std::move(record));
   }
-  return records;
+  return records.finish();
 }
 
 }  // namespace
@@ -122,17 +125,14 @@ json::array nodeRecords(const PackageLayout& layout, const NodeLookup& lookup,
 json::array makeRecords(const PackageLayout& layout, const UseRecords& use) {
   const NodeLookup lookup(layout.building());
   UsedCategories categories;
-  use("venue.json", venueRecord(layout));
-  use("map.json", mapRecords(layout));
+  use("venue.json", package::jsonLine(venueRecord(layout)) + "\n");
+  use("map.json", package::jsonLines(mapRecords(layout)));
   use("location.json", locationRecords(layout, lookup, categories));
-  {
-    json::monotonic_resource memory;
-    use("node.json", nodeRecords(layout, lookup, &memory));
-  }
-  use("vortex.json", connectorRecords(layout, lookup, categories));
+  use("node.json", nodeRecords(layout, lookup));
+  use("vortex.json", package::jsonLines(connectorRecords(layout, lookup, categories)));
   use("polygon.json", polygonRecords(layout, lookup));
   json::array used = categories.records(layout.building().language);
-  use("category.json", used);
+  use("category.json", package::jsonLines(used));
   return used;
 }
 

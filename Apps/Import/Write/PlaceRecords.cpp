@@ -9,6 +9,7 @@
 #include "Apps/Import/Places/Categories.hpp"
 #include "Apps/Import/Places/GeneratedNames.hpp"
 #include "Apps/Import/Write/PlacePictures.hpp"
+#include "Apps/Package/Records.hpp"
 
 namespace orivanta::importer {
 
@@ -72,10 +73,10 @@ class Locations {
     if (nodes.empty() && polygons.empty()) return;  // nothing would show it
     record["nodes"] = std::move(nodes);
     record["polygons"] = std::move(polygons);
-    records.push_back(std::move(record));
+    records.add(std::move(record));
   }
 
-  // Entrances and emergency exits are places too: routes begin and end there.
+  // Entrances and emergency exits that the source has are places too: routes begin and end there.
   void add(const Door& door) {
     const auto nodes = nodes_.of(NodeKind::door, door.id);
     if (nodes.empty()) return;
@@ -89,10 +90,10 @@ class Locations {
     for (const Node* node : nodes) references.push_back(nodeReference(layout_, *node));
     record["nodes"] = std::move(references);
     record["polygons"] = json::array();
-    records.push_back(std::move(record));
+    records.add(std::move(record));
   }
 
-  json::array records;
+  package::RecordLines records;
 
  private:
   json::object started(const std::string& id, const Names& names, const std::string& categoryId,
@@ -203,21 +204,21 @@ json::array UsedCategories::records(const std::string& language) const {
   return records;
 }
 
-json::array polygonRecords(const PackageLayout& layout, const NodeLookup& nodes) {
-  json::array records;
+std::string polygonRecords(const PackageLayout& layout, const NodeLookup& nodes) {
+  package::RecordLines records;
   for (const Area& area : layout.building().areas) {
     if (!isTappable(area.kind)) continue;
     json::array entrances;
     for (const Node* node : nodes.doorsOf(area))
       entrances.push_back(json::object{{"id", packageId(node->id)}});
-    records.push_back(json::object{{"id", packageId(area.id)},
-                                   {"map", layout.mapAt(area.level)},
-                                   {"entrances", std::move(entrances)}});
+    records.add(json::object{{"id", packageId(area.id)},
+                             {"map", layout.mapAt(area.level)},
+                             {"entrances", std::move(entrances)}});
   }
-  return records;
+  return records.finish();
 }
 
-json::array locationRecords(const PackageLayout& layout, const NodeLookup& nodes,
+std::string locationRecords(const PackageLayout& layout, const NodeLookup& nodes,
                             UsedCategories& categories) {
   Locations locations(layout, nodes, categories);
   std::set<std::string> sources;
@@ -226,10 +227,10 @@ json::array locationRecords(const PackageLayout& layout, const NodeLookup& nodes
     sources.insert(place.source);
   }
   for (const Door& door : layout.building().doors)
-    if ((door.kind == DoorKind::entrance || door.kind == DoorKind::emergency) &&
+    if ((door.kind == DoorKind::entrance || door.kind == DoorKind::emergency) && !door.guessed &&
         !sources.contains(door.source))
       locations.add(door);
-  return std::move(locations.records);
+  return locations.records.finish();
 }
 
 }  // namespace orivanta::importer

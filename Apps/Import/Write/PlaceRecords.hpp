@@ -51,8 +51,9 @@ class UsedCategories {
   std::map<std::string, std::pair<std::string, std::string>> unknown_;  // id to parent and name
 };
 
-boost::json::array polygonRecords(const PackageLayout& layout, const NodeLookup& nodes);
-boost::json::array locationRecords(const PackageLayout& layout, const NodeLookup& nodes,
-                                   UsedCategories& categories);
+/// The contents of files, an array with one record per line.
+std::string polygonRecords(const PackageLayout& layout, const NodeLookup& nodes);
+std::string locationRecords(const PackageLayout& layout, const NodeLookup& nodes,
+                            UsedCategories& categories);
 
 }  // namespace orivanta::importer

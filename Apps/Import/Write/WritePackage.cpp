@@ -7,7 +7,6 @@
 #include "Apps/Import/Write/PackageRecords.hpp"
 #include "Apps/Import/Write/Pictures.hpp"
 #include "Apps/Import/Write/PlacePictures.hpp"
-#include "Apps/Package/Records.hpp"
 #include "Apps/Package/ReplacedFolder.hpp"
 
 namespace orivanta::importer {
@@ -20,11 +19,9 @@ namespace {
 // Returns the records of the categories.
 boost::json::array writeRecords(const PackageLayout& layout, ReplacedFolder& folder,
                                 const Progress& progress) {
-  return makeRecords(layout, [&](std::string_view file, const boost::json::value& records) {
+  return makeRecords(layout, [&](std::string_view file, std::string_view text) {
     if (progress) progress("writing", 0.0);
-    const boost::json::array* list = records.if_array();
-    folder.write(file,
-                 list != nullptr ? package::jsonLines(*list) : package::jsonLine(records) + "\n");
+    folder.write(file, text);
   });
 }
 

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <string>
 #include <string_view>
 
+#include "Apps/Import/Write/PlaceRecords.hpp"
 #include "Source/Guidance/Kinds/KindWords.hpp"
 
 namespace orivanta::importer {
@@ -51,6 +53,21 @@ TEST(Categories, HaveParentsAndNamesInAllLanguages) {
     EXPECT_EQ(category.name("de-AT"), category.names[1]);
     EXPECT_EQ(category.name("nl"), category.names[0]);
   }
+}
+
+// "Turn left at the exit" tells nothing where every door is an exit.
+TEST(Categories, OfDoorsAndWholeGroupsAreNoLandmarks) {
+  UsedCategories categories;
+  for (const char* value : {"F017", "F108", "amenity=toilets", "shop=clothes"})
+    categories.use(value);
+  std::set<std::string> general;
+  std::set<std::string> others;
+  for (const auto& record : categories.records("en"))
+    (record.as_object().contains("general") ? general : others)
+        .emplace(record.at("id").as_string());
+  for (const char* id : {"cat-entrances", "cat-exits", "cat-shopping"})
+    EXPECT_TRUE(general.contains(id)) << id;
+  for (const char* id : {"cat-toilets", "cat-clothing"}) EXPECT_TRUE(others.contains(id)) << id;
 }
 
 // Otherwise a floor would change its colors when a host switches the style on.

@@ -101,6 +101,12 @@ TEST(Connectors, FollowFromShapes) {
        {{AreaKind::escalator, {0, low}}, {AreaKind::escalator, {3, low}}},
        "escalator 0 3"},
       {"steps within a hall", {{AreaKind::stairs, {3, box(4, 10, 6, 12)}}}, "stairs 3 3"},
+      {"an escalator to what is not drawn", {{AreaKind::escalator, {3, low}}}, "escalator 3"},
+      {"escalators between two heights of a storey",
+       {{AreaKind::stairs, {3, low}},
+        {AreaKind::escalator, {3, box(10.1, 8, 11.1, 13)}},
+        {AreaKind::stairs, {3, box(11.2, 8, 13, 13)}}},
+       "stairs 3 3; escalator 3 3; stairs 3 3"},
   };
   for (const auto& [name, areas, expected] : cases) {
     SCOPED_TRACE(name);

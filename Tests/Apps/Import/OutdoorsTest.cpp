@@ -71,6 +71,38 @@ TEST(ImportOutdoors, ReachesRoomsWithoutWalkways) {
   }
 }
 
+// Two rows of rooms face each other; what joins A and E alone would lead from D to H past all.
+TEST(ImportOutdoors, CrossesOpenGroundInsteadOfLeadingRoundIt) {
+  const std::string space(20, ' ');
+  std::vector<std::string> rows(14, space);
+  rows.insert(rows.begin(), {"AA    BB    CC    DD", "AA    BB    CC    DD"});
+  rows.insert(rows.end(), {"EE    FF    GG    HH", "EE    FF    GG    HH"});
+  Plan plan = withGround(rows);
+  plan.make();
+  joinStoreys(plan.building, {}, plan.findings);
+  EXPECT_EQ(plan.findings.countOf("joined-outdoors"), 7U);
+  EXPECT_LT(plan.way("A", "E"), 22.0);
+  EXPECT_LT(plan.way("D", "H"), 22.0);
+}
+
+TEST(ImportOutdoors, PathsThatEndInTheOpenLeadOn) {
+  std::vector<std::string> rows(30, "");
+  rows.front() = "AA....+";
+  rows.back() = "MM";
+  Plan plan = withGround(rows);
+  addPath(plan, 0.0, {{3.5, 29.5}, {3.5, 12.0}});
+  plan.make();
+  joinStoreys(plan.building, {}, plan.findings);
+  EXPECT_NEAR(plan.way("A", "M"), 31.0, 4.0);
+  EXPECT_EQ(plan.findings.countOf("joined-outdoors"), 1U);
+  double nearest = 99.0;  // of the lines from the door of M
+  const auto& [nodes, edges] = plan.building.network;
+  for (const auto& [from, to, oneWay] : edges)
+    for (const std::size_t end : {from, to})
+      nearest = std::min(nearest, package::distance(nodes[end].position, {3.5, 12.0}));
+  EXPECT_LT(nearest, 1.0);
+}
+
 // C stands behind A and B; D is too far away. Upstairs a neighbor with a door is better than a
 // path.
 TEST(ImportOutdoors, DoorsLeadToPathsNearby) {

@@ -1,5 +1,6 @@
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <pugixml.hpp>
 #include <utility>
@@ -77,7 +78,8 @@ void requireUtf8(const SourceFile& file) {
   const std::string_view declaration = start.substr(0, start.find("?>"));
   const std::size_t named = declaration.find("encoding=");
   std::string_view encoding;
-  if (named != std::string_view::npos) encoding = declaration.substr(named + 10, 5);
+  if (named != std::string_view::npos)
+    encoding = declaration.substr(std::min(named + 10, declaration.size()), 5);
   if (!isWide && (encoding.empty() || encoding == "UTF-8" || encoding == "utf-8" ||
                   encoding == "US-AS" || encoding == "utf8\"" || encoding == "UTF8\""))
     return;
