@@ -19,6 +19,8 @@ float shareOfSlope() {
 
 }  // namespace
 
+void prepareDepthLayers() { shareOfSlope(); }
+
 // The constant offset covers rounding of depth values in a plane. The offset by slope covers the
 // rounding of corners to fractions of a pixel.
 void setDepthLayer(int layer) {

@@ -13,6 +13,7 @@
 #include "Platform/Foundation/Fatal.hpp"
 #include "Platform/Graphics/Transaction.hpp"
 #include "Platform/Render/CanvasPainter.hpp"
+#include "Platform/Render/DepthLayer.hpp"
 #include "Platform/Render/QuadDrawing.hpp"
 #include "Platform/Render/SceneRenderer.hpp"
 #include "Platform/Render/SheetTextures.hpp"
@@ -84,6 +85,7 @@ struct Renderer::Resources {
 
 Renderer::Renderer() {
   requireVersion3();
+  prepareDepthLayers();
   resources_ = std::make_unique<Resources>();
 }
 

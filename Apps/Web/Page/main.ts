@@ -3,12 +3,15 @@
 // The query of its address may have "endpoint" (the root of the web API of another server), and what `Settings`
 // and links.ts read.
 
+import { Orivanta } from "orivanta";
+
 import { closeSearch } from "./actions.js";
 import { App } from "./app.js";
 import { kioskOptionsOf, startsHere } from "./Kiosk/options.js";
 import { startLinks } from "./links.js";
 import { MapHost } from "./mapHost.js";
-import { Connection } from "./offline.js";
+import { Connection, startWorker } from "./offline.js";
+import { moduleFiles } from "./moduleFiles.js";
 import { Planning } from "./planning.js";
 import { rememberPlace } from "./recent.js";
 import { Session } from "./session.js";
@@ -17,6 +20,9 @@ import { Shell } from "./shell.js";
 import { Texts } from "./texts.js";
 
 async function start(): Promise<void> {
+  const loading = Orivanta.load(moduleFiles); // it is compiled while the page is made
+  loading.catch(() => {}); // the session says so
+  const worker = startWorker();
   const query = new URLSearchParams(location.search);
   const settings = new Settings(query);
   const kiosk = kioskOptionsOf(query);
@@ -40,8 +46,9 @@ async function start(): Promise<void> {
   shell.update();
   const connection = new Connection(app, () => session.reload());
   if (kiosk) later?.startKiosk({ app, connection, reload: () => session.reload(), showStart: () => map.showStart() }, kiosk);
+  connection.start();
   // The first requests for data wait for the service worker, which stores the answers.
-  await session.start(connection.start());
+  await session.start(loading, worker);
 }
 
 start().catch((error: unknown) => {

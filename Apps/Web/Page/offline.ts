@@ -8,6 +8,22 @@ const firstPause = 4_000;
 const longestPause = 60_000;
 const mostAsked = 4; // of the requests that have failed
 
+// Undefined if the page was loaded from a server without HTTPS.
+const workers = navigator.serviceWorker as ServiceWorkerContainer | undefined;
+const isFirst = !workers?.controller;
+
+/** Starts the service worker. Resolves when it sees the page's requests, or cannot. */
+export async function startWorker(): Promise<void> {
+  if (!workers) return;
+  const controlled = new Promise((resolve) => workers.addEventListener("controllerchange", resolve, { once: true }));
+  // A registration waits for the server, so nothing waits for it once there is a worker. After a forced reload,
+  // there is one that does not see the requests. Without a worker, the page needs a connection.
+  const registered = workers
+    .register("worker.js", { updateViaCache: "none" })
+    .then(({ active }) => (active ? undefined : controlled), () => {});
+  if (isFirst) await Promise.race([registered, new Promise((resolve) => setTimeout(resolve, 1_500))]);
+}
+
 /** Watches the connection. */
 export class Connection {
   /** Whether a newer version of the page is stored, which a reload shows. */
@@ -29,32 +45,22 @@ export class Connection {
     this.#reload = reload;
   }
 
-  /** Starts the service worker. Resolves when it sees the page's requests, or cannot. */
-  async start(): Promise<void> {
+  /** Watches the service worker. */
+  start(): void {
     this.#app.on(() => this.#appChanged());
     addEventListener("online", () => void this.#ask());
     document.addEventListener("visibilitychange", () => document.hidden || void this.#ask());
-    const workers = navigator.serviceWorker as ServiceWorkerContainer | undefined;
-    if (!workers) return; // the page was loaded from a server without HTTPS
-    workers.addEventListener("message", (event: MessageEvent<{ storedAt?: number; failed?: string | null }>) => {
+    workers?.addEventListener("message", (event: MessageEvent<{ storedAt?: number; failed?: string | null }>) => {
       const { storedAt, failed } = event.data;
       if (failed) this.#failed.add(failed);
       if (storedAt !== undefined) this.#storedShown(storedAt);
     });
-    const isFirst = !workers.controller;
-    const controlled = new Promise((resolve) => workers.addEventListener("controllerchange", resolve, { once: true }));
-    workers.addEventListener("controllerchange", () => (this.isPageOutdated ||= !isFirst));
-    // A registration waits for the server, so nothing waits for it once there is a worker. After a forced reload,
-    // there is one that does not see the requests. Without a worker, the page needs a connection.
-    const registered = workers
-      .register("worker.js", { updateViaCache: "none" })
-      .then(({ active }) => (active ? undefined : controlled), () => {});
-    if (isFirst) await Promise.race([registered, new Promise((resolve) => setTimeout(resolve, 1_500))]);
+    workers?.addEventListener("controllerchange", () => (this.isPageOutdated ||= !isFirst));
   }
 
   /** Looks for a newer version of the page. */
   async lookForUpdate(): Promise<void> {
-    const registration = await navigator.serviceWorker?.getRegistration();
+    const registration = await workers?.getRegistration();
     await registration?.update().catch(() => {});
   }
 
@@ -96,7 +102,7 @@ export class Connection {
   }
 
   async #back(): Promise<void> {
-    navigator.serviceWorker?.controller?.postMessage("server answered");
+    workers?.controller?.postMessage("server answered");
     const hadStored = this.#shownSince !== null;
     this.#shownSince = null;
     this.#failed.clear();

@@ -1,9 +1,8 @@
 // Loads the module, the list of venues and the venue of the state.
 
-import { Orivanta, OrivantaError, type LoadProgress, type Venue } from "orivanta";
+import { OrivantaError, type LoadProgress, type Orivanta, type Venue } from "orivanta";
 
 import type { App, Failure, Shown } from "./app.js";
-import { moduleFiles } from "./moduleFiles.js";
 import { showNotice, type Notice } from "./notices.js";
 import { Texts } from "./texts.js";
 
@@ -23,11 +22,11 @@ export class Session {
     });
   }
 
-  /** Starts the module, and loads the venues as soon as `connected` is fulfilled as well. */
-  async start(connected: Promise<void>): Promise<void> {
+  /** Waits for the module, and loads the venues as soon as `connected` is fulfilled as well. */
+  async start(loading: Promise<Orivanta>, connected: Promise<void>): Promise<void> {
     const app = this.#app;
     try {
-      const orivanta = await Orivanta.load(moduleFiles);
+      const orivanta = await loading;
       orivanta.onFatal = (message) => this.#stopped(message);
       app.orivanta = orivanta;
     } catch (error) {

@@ -1,6 +1,7 @@
 // Data of venue servers: the server is asked first, and a stored response is used if it does not answer soon.
 
 import { isUnavailable, LateError, withinTime } from "./network.js";
+import { quiet } from "./quiet.js";
 import { findStored, findStoredInAnyLanguage, keep, type Stored } from "./store.js";
 
 declare const self: ServiceWorkerGlobalScope;
@@ -34,22 +35,27 @@ export async function answerData(event: FetchEvent): Promise<Response> {
   const page = await self.clients.get(event.clientId);
   if (!page || !isPage(page.url)) return fetch(request);
   const { origin } = new URL(request.url);
-  const stored = (await findStored(request)) ?? (await findStoredInAnyLanguage(request));
   // The page waits for `failed`, a request that was not answered.
   const use = ({ response, time }: Stored, failed: string | null) => {
     page.postMessage({ storedAt: time, failed });
     return response;
   };
-  if (stored && Date.now() < (silentUntil.get(origin) ?? 0)) return use(stored, null);
+  const find = async () => (await findStored(request)) ?? (await findStoredInAnyLanguage(request));
+  if (Date.now() < (silentUntil.get(origin) ?? 0)) {
+    const stored = await find();
+    if (stored) return use(stored, null);
+  }
   // Requests that are not answered are ended, since browsers limit their number.
   const ending = new AbortController();
   request.signal.addEventListener("abort", () => ending.abort(request.signal.reason));
   const answer = fetch(request, { signal: ending.signal });
   const complete = answer.then(async (response) => {
     const body = await response.clone().arrayBuffer();
-    return { response, kept: keep(request, response, body) };
+    const time = Date.now();
+    return { response, kept: quiet().then(() => keep(request, response, body, time)) };
   });
   event.waitUntil(complete.then(({ kept }) => kept).catch(() => {}));
+  const stored = await find();
   if (!stored) return answer;
   try {
     const response = await withinTime(patience, answer);

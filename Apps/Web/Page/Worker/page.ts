@@ -2,6 +2,7 @@
 // outdated, and files of different versions do not replace each other.
 
 import { withinTime } from "./network.js";
+import { quiet } from "./quiet.js";
 
 declare const self: ServiceWorkerGlobalScope;
 
@@ -25,6 +26,7 @@ export function completePage(): Promise<void> {
 }
 
 async function complete(): Promise<void> {
+  await quiet();
   const cache = await caches.open(cacheName);
   const stored = new Set((await cache.keys()).map((request) => request.url));
   for (const url of urls().filter((each) => !stored.has(each))) {

@@ -46,13 +46,13 @@ export async function findStoredInAnyLanguage(request: Request): Promise<Stored 
   return storedOf(await cache.match(await addressOf(request), { ignoreSearch: true }));
 }
 
-/** Stores the response to a request, unless it must not be stored. */
-export async function keep(request: Request, { status, type, headers }: Response, body: ArrayBuffer): Promise<void> {
+/** Stores the response to a request, and when it was sent, unless it must not be stored. */
+export async function keep(request: Request, { status, type, headers }: Response, body: ArrayBuffer, time: number): Promise<void> {
   if (status !== 200 || type === "opaque" || /no-store/.test(headers.get("Cache-Control") ?? "")) return;
   const fields = new Headers(headers);
   fields.delete("Content-Encoding"); // the body is not compressed any more
   fields.delete("Content-Length");
-  fields.set(timeField, String(Date.now()));
+  fields.set(timeField, String(time));
   fields.set(sizeField, String(body.byteLength));
   try {
     const cache = await caches.open(cacheName);

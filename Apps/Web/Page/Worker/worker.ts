@@ -4,6 +4,7 @@
 
 import { answerData, dataRequest, serverAnswered } from "./data.js";
 import { answerFile, answerPage, completePage, isPageFile } from "./page.js";
+import { requestSeen } from "./quiet.js";
 
 declare const self: ServiceWorkerGlobalScope;
 
@@ -16,6 +17,7 @@ self.addEventListener("fetch", (event) => {
   const { request } = event;
   // The page asks with "no-store" whether the server answers again.
   if (request.method !== "GET" || request.cache === "no-store") return;
+  requestSeen();
   event.waitUntil(completePage());
   if (request.mode === "navigate") event.respondWith(answerPage(request));
   else if (isPageFile(request.url)) event.respondWith(answerFile(request));
