@@ -77,7 +77,7 @@ test("texts and icons look right in a browser", { timeout: 120_000 }, async (con
     server.closeAllConnections();
     server.close();
     await ended;
-    rmSync(profile, { recursive: true, force: true, maxRetries: 3 });
+    rmSync(profile, { recursive: true, force: true, maxRetries: 10 });
   });
   const ending = ended.then(() => Promise.reject(new Error("the browser has ended")));
   assert.deepEqual(await Promise.race([reported, ending]), []);

@@ -19,10 +19,11 @@ test("the page without a connection", { timeout: 240_000 }, async (t) => {
   const routeIsShown = () => page.waitForSelector(".step");
   const open = async () => (await page.goto(address), await routeIsShown());
   const notice = (text) => tab.waitForText(".notice", text);
-  const pageIsStored = () =>
+  const pageIsStored = ({ page }) =>
     page.waitForFunction(
       async (files) => {
         const [name] = (await caches.keys()).filter((each) => each.startsWith("orivanta-page-"));
+        if (!name) return false;
         const stored = (await (await caches.open(name)).keys()).map(({ url }) => new URL(url).pathname.slice(1));
         return files.every((file) => stored.includes(file));
       },
@@ -31,7 +32,7 @@ test("the page without a connection", { timeout: 240_000 }, async (t) => {
     );
 
   await open();
-  await pageIsStored();
+  await pageIsStored(tab);
   assert.deepEqual(await tab.texts(".notice"), []);
 
   for (const mode of ["closed", "busy", "silent"])
@@ -85,6 +86,7 @@ test("the page without a connection", { timeout: 240_000 }, async (t) => {
     await visitor.page.keyboard.press("Enter");
     await visitor.waitForText(".tile", "Toilets");
     await visitor.page.waitForFunction(async () => (await (await caches.open("orivanta-data")).keys()).length > 5);
+    await pageIsStored(visitor);
     guard.mode = "closed";
     await visitor.page.reload();
     await visitor.waitForText(".is-problem", "cannot be loaded");

@@ -34,7 +34,7 @@ declare global {
 
 test("the package in a project of Vite", { timeout: 180_000 }, async (t) => {
   const project = mkdtempSync(path.join(tmpdir(), "orivanta-vite-"));
-  t.after(() => rmSync(project, { recursive: true, force: true, maxRetries: 3 }));
+  t.after(() => rmSync(project, { recursive: true, force: true, maxRetries: 10 }));
   const run = (folder, program, ...options) =>
     execFileSync(program, options, { cwd: folder, encoding: "utf8", stdio: ["ignore", "pipe", "inherit"] });
 
