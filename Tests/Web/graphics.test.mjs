@@ -1,15 +1,14 @@
 // Tests how texts are broken into lines, here, and how texts and icons are drawn, in Debian's Chromium.
 
 import assert from "node:assert/strict";
-import { spawn } from "node:child_process";
-import { mkdtempSync, readFileSync, rmSync } from "node:fs";
+import { readFileSync } from "node:fs";
 import { createServer } from "node:http";
-import { tmpdir } from "node:os";
 import path from "node:path";
 import test from "node:test";
 import { fileURLToPath } from "node:url";
 
 import { breakable, ellipsize, graphemesOf, wrap } from "../../web/dist/platform/lines.js";
+import { launchBrowser } from "./browser.mjs";
 
 const folder = path.dirname(fileURLToPath(import.meta.url));
 const measure = (text) => graphemesOf(text).length;
@@ -68,17 +67,13 @@ test("texts and icons look right in a browser", { timeout: 120_000 }, async (con
     response.end(text);
   });
   await new Promise((resolve) => server.listen(0, "127.0.0.1", resolve));
-  const profile = mkdtempSync(path.join(tmpdir(), "orivanta-web-"));
-  const options = ["--headless=new", "--no-sandbox", "--disable-gpu", `--user-data-dir=${profile}`];
-  const browser = spawn("chromium", [...options, `http://127.0.0.1:${server.address().port}/`], { stdio: "ignore" });
-  const ended = new Promise((resolve) => browser.on("exit", resolve));
+  const browser = await launchBrowser();
   context.after(async () => {
-    browser.kill();
+    await browser.close();
     server.closeAllConnections();
     server.close();
-    await ended;
-    rmSync(profile, { recursive: true, force: true, maxRetries: 10 });
   });
-  const ending = ended.then(() => Promise.reject(new Error("the browser has ended")));
-  assert.deepEqual(await Promise.race([reported, ending]), []);
+  const page = await browser.newPage();
+  await page.goto(`http://127.0.0.1:${server.address().port}/`);
+  assert.deepEqual(await reported, []);
 });
