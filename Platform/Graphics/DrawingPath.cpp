@@ -3,7 +3,6 @@
 #include <cmath>
 #include <cstddef>
 #include <numbers>
-#include <system_error>
 #include <utility>
 
 #include "Platform/Foundation/DecimalNumbers.hpp"

@@ -1,13 +1,13 @@
 #include "Apps/Import/Read/JsonMembers.hpp"
 
-#include <fast_float/fast_float.h>
 #include <fmt/format.h>
 
 #include <boost/json/array.hpp>
 #include <boost/json/serialize.hpp>
 #include <boost/json/value.hpp>
 #include <cmath>
-#include <system_error>
+
+#include "Platform/Foundation/DecimalNumbers.hpp"
 
 namespace orivanta::importer {
 
@@ -43,10 +43,8 @@ std::optional<double> numberIn(std::string_view text) {
   std::string_view digits = trimmed(text);
   if (digits.starts_with('+')) digits.remove_prefix(1);
   double number = 0.0;
-  const auto result = fast_float::from_chars(digits.data(), digits.data() + digits.size(), number);
-  if (result.ec != std::errc() || result.ptr != digits.data() + digits.size() ||
-      !std::isfinite(number))
-    return std::nullopt;
+  const std::size_t length = foundation::readNumber(digits, number);
+  if (length == 0 || length < digits.size() || !std::isfinite(number)) return std::nullopt;
   return number;
 }
 

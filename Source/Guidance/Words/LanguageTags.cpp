@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <system_error>
 
 #include "Platform/Foundation/AsciiCase.hpp"
 #include "Platform/Foundation/DecimalNumbers.hpp"

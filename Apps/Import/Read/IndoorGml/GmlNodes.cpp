@@ -1,12 +1,10 @@
 #include "Apps/Import/Read/IndoorGml/GmlNodes.hpp"
 
-#include <fast_float/fast_float.h>
-
 #include <algorithm>
 #include <cmath>
-#include <system_error>
 
 #include "Apps/Import/Read/JsonMembers.hpp"
+#include "Platform/Foundation/DecimalNumbers.hpp"
 
 namespace orivanta::importer {
 
@@ -20,10 +18,10 @@ bool readNumbers(std::string_view text, std::vector<double>& numbers) {
   for (std::size_t at = text.find_first_not_of(separators); at != text.npos;
        at = text.find_first_not_of(separators, at)) {
     double number = 0.0;
-    const auto result = fast_float::from_chars(text.data() + at, text.data() + text.size(), number);
-    if (result.ec != std::errc() || !(std::abs(number) <= largestCoordinate)) return false;
+    const std::size_t length = foundation::readNumber(text.substr(at), number);
+    if (length == 0 || !(std::abs(number) <= largestCoordinate)) return false;
     numbers.push_back(number);
-    at = static_cast<std::size_t>(result.ptr - text.data());
+    at += length;
     if (at < text.size() && separators.find(text[at]) == separators.npos) return false;
   }
   return true;
