@@ -3,7 +3,7 @@
 // Usage: node build-page.mjs [--no-minify]
 
 import { execFileSync } from "node:child_process";
-import { mkdirSync, readdirSync, readFileSync, rmSync, writeFileSync } from "node:fs";
+import { copyFileSync, mkdirSync, readdirSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import path from "node:path";
 import { fileURLToPath } from "node:url";
 import { build } from "esbuild";
@@ -103,8 +103,9 @@ for (const file of [path.join(source, "index.html"), `${examples}.html`]) {
   const page = readFileSync(file, "utf8").replace(/\{(\w+)\}/g, (_, name) => places[name]);
   writeFileSync(path.join(target, path.basename(file)), page);
 }
+for (const file of ["app.webmanifest", "icon.svg"]) copyFileSync(path.join(source, file), path.join(target, file));
 await buildWorker(root, target, !process.argv.includes("--no-minify"));
 
 // The server sends these in place of the files. It would compress them less well.
-const compressible = readdirSync(target).filter((name) => /\.(css|data|html|js|json|mo|wasm)$/.test(name));
+const compressible = readdirSync(target).filter((name) => /\.(css|data|html|js|json|mo|svg|wasm|webmanifest)$/.test(name));
 execFileSync("zopfli", compressible.map((name) => path.join(target, name)));

@@ -35,6 +35,14 @@ test("the page without a connection", { timeout: 240_000 }, async (t) => {
   await pageIsStored(tab);
   assert.deepEqual(await tab.texts(".notice"), []);
 
+  await t.test("can be installed as an application", async () => {
+    const session = await page.createCDPSession();
+    const { installabilityErrors } = await session.send("Page.getInstallabilityErrors");
+    const faults = installabilityErrors.map(({ errorId }) => errorId);
+    assert.deepEqual(faults.filter((fault) => fault !== "in-incognito"), []); // as all tabs of the tests are
+    await session.detach();
+  });
+
   for (const mode of ["closed", "busy", "silent"])
     await t.test(`the server is ${mode}, and comes back`, async () => {
       proxy.mode = mode;
