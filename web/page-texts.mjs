@@ -31,7 +31,7 @@ export function textsOf(root, language) {
     return existsSync(file) ? messagesOf(readFileSync(file, "utf8")) : {};
   };
   const all = (name) => ({ ...read("Resources/Languages", name), ...read("Apps/Web/Page/Languages", name) });
-  const isShown = (key) => /^(interface|page)\./.test(key) && !/^interface\.note\.screenshot/.test(key);
+  const isShown = (key) => /^(interface|page)\.|^problem\.unknownPlace/.test(key) && !/^interface\.note\.screenshot/.test(key);
   const texts = all(language);
   const shown = {};
   for (const key of Object.keys(all("en")).filter(isShown).sort()) {

@@ -37,12 +37,10 @@ bool VenueView::handleText(std::string_view text) {
 }
 
 bool VenueView::carryOut(std::string_view key) {
-  const graphics::Size size = bounds().size;
-  const graphics::Point middle{size.width / 2, size.height / 2};
   if (key == "+" || key == "=")
-    camera().zoomBy(zoomStep, middle, CameraMotion::glide);
+    camera().zoomBy(zoomStep, CameraMotion::glide);
   else if (key == "-" || key == "_")
-    camera().zoomBy(1 / zoomStep, middle, CameraMotion::glide);
+    camera().zoomBy(1 / zoomStep, CameraMotion::glide);
   else if (key == "f" || key == "F")
     fitFloor();
   else if (key == "l" || key == "L")

@@ -24,6 +24,12 @@ export interface MapListener {
 const encoder = new TextEncoder();
 const decoder = new TextDecoder();
 
+function encoded(text: string | Uint8Array): Uint8Array {
+  if (text instanceof Uint8Array) return text;
+  if (typeof text !== "string") throw new OrivantaError("invalid", `${text} is not a text`);
+  return encoder.encode(text);
+}
+
 /** One instance of the module. */
 export class Engine {
   /** Called once, with a sentence, when the module has stopped. */
@@ -112,6 +118,7 @@ export class Engine {
   /** Runs a function that uses the module. Throws an error of the kind "fatal" if it stops or has stopped. */
   call<Result>(use: (core: Core) => Result): Result {
     if (this.#fatal) throw this.#fatal;
+    this.#lastLine = "";
     try {
       return use(this.#core);
     } catch (error) {
@@ -124,11 +131,11 @@ export class Engine {
     texts: readonly (string | Uint8Array)[],
     use: (core: Core, ...places: number[]) => Result,
   ): Result {
+    const contents = texts.map(encoded);
     return this.call((core) => {
-      const encoded = texts.map((text) => (typeof text === "string" ? encoder.encode(text) : text));
       const places: number[] = [];
       try {
-        for (const bytes of encoded) {
+        for (const bytes of contents) {
           const address = core._malloc(Math.max(bytes.length, 1));
           if (address === 0) throw new OrivantaError("tooLarge", "there is not enough memory");
           core.HEAPU8.set(bytes, address);
@@ -189,6 +196,7 @@ export class Engine {
 
   #enter<Result>(use: (core: Core) => Result): Result | undefined {
     if (this.#fatal) return undefined;
+    this.#lastLine = "";
     try {
       return use(this.#core);
     } catch (error) {

@@ -83,8 +83,16 @@ async function patiently(promise: Promise<unknown>, ended: AbortSignal, signal: 
   }
 }
 
-function endpointOf(endpoint: string): string {
-  return endpoint.endsWith("/") ? endpoint : `${endpoint}/`;
+// Relative endpoints are those of the page.
+function endpointOf(endpoint: string | undefined): string {
+  if (typeof endpoint !== "string") throw new OrivantaError("invalid", "no endpoint is given; call venues() or pass one");
+  const folder = endpoint.endsWith("/") ? endpoint : `${endpoint}/`;
+  if (/^\w+:/.test(folder)) return folder;
+  try {
+    return new URL(folder, globalThis.location?.href).href;
+  } catch {
+    throw new OrivantaError("invalid", `${endpoint} is not a URL`);
+  }
 }
 
 function slugOf(record: string): unknown {
@@ -141,9 +149,6 @@ export class Orivanta {
    */
   async venue(slug: string, options: VenueOptions = {}): Promise<Venue> {
     const { signal, onProgress, accessible = false, ...settings } = { ...this.#settingsFor(options), ...options };
-    if (settings.endpoint === undefined) {
-      throw new OrivantaError("invalid", "no endpoint is given; call venues() or pass one");
-    }
     const load = { ...settings, endpoint: endpointOf(settings.endpoint), slug, accessible };
     const order = { settings: load, progressed: onProgress, signal };
     return this.#opened(await this.#load(order, settings.languages), slug);
@@ -158,6 +163,9 @@ export class Orivanta {
       records: { ...records, venue: `[${records.venue}]` },
       signal: options.signal,
     });
+    if (report.venue === undefined && !report.failures.length) {
+      throw new OrivantaError("unusable", `the records of the venue "${slug}" are incomplete or cannot be read`);
+    }
     return this.#opened(report, slug);
   }
 

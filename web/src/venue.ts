@@ -167,6 +167,7 @@ export class Venue {
   async show(target: HTMLElement, options: ShowOptions = {}): Promise<MapView> {
     if (this.#map) throw new OrivantaError("invalid", "the venue is shown already; load it again for another map");
     this.#module.check();
+    if (target?.nodeType !== 1) throw new OrivantaError("invalid", "a map needs an element of a page");
     const { engine, number } = this.#module;
     const destroyed = () => void (this.#map = null);
     const map = new MapView({ engine, venue: this, venueNumber: number, target, options, destroyed });

@@ -24,6 +24,7 @@ export class VenueRecords {
   }
 
   get all(): Records {
+    this.#module.check();
     if (!this.#records) {
       const { engine } = this.#module;
       const numbers = this.#module.call((core, venue) => engine.numbers(core._orivantaNodes(venue)));

@@ -17,7 +17,9 @@ export interface ModuleFiles {
 async function fetched(source: string | URL): Promise<BufferSource | Response> {
   const url = new URL(source, import.meta.url);
   if (url.protocol !== "file:") {
-    const response = await fetch(url, { credentials: "same-origin" });
+    const response = await fetch(url, { credentials: "same-origin" }).catch((error) => {
+      throw new OrivantaError("noAnswer", `${url} cannot be loaded: ${error}`);
+    });
     if (!response.ok) {
       throw new OrivantaError("otherStatus", `${url} cannot be loaded`, response.status);
     }
@@ -44,9 +46,12 @@ export async function bytesOf(source: WasmSource): Promise<Uint8Array> {
 /** Compiles a module, while it is received if its type allows that. */
 export async function compiled(source: WasmSource): Promise<WebAssembly.Module> {
   const bytes = await opened(source);
-  if (!(bytes instanceof Response)) return WebAssembly.compile(bytes);
-  if (bytes.headers.get("Content-Type") === "application/wasm") {
-    return WebAssembly.compileStreaming(bytes);
+  try {
+    if (!(bytes instanceof Response)) return await WebAssembly.compile(bytes);
+    if (bytes.headers.get("Content-Type") === "application/wasm") return await WebAssembly.compileStreaming(bytes);
+    return await WebAssembly.compile(await bytes.arrayBuffer());
+  } catch (error) {
+    // A connection that was lost meanwhile is a TypeError.
+    throw new OrivantaError(error instanceof TypeError ? "noAnswer" : "unusable", `core.wasm cannot be used: ${error}`);
   }
-  return WebAssembly.compile(await bytes.arrayBuffer());
 }

@@ -18,12 +18,15 @@ void setPose(MapHost& map, const json::value& value) {
   read("distance", pose.distance);
   read("tilt", pose.tilt);
   read("turn", pose.turn);
+  map.whenVisible(nullptr);  // the pose replaces what waits
   motionOf(value) == CameraMotion::glide ? map.camera().glideTo(pose) : map.camera().setPose(pose);
 }
 
 void fit(MapHost& map, const json::value& value) {
   MapCamera& camera = map.camera();
   if (map.floors().whenShown([&map, value] { fit(map, value); })) return;
+  // Without a size of the canvas, there is nothing to fit into.
+  if (map.whenVisible([&map, value] { fit(map, value); })) return;
   if (!camera.isReady()) return;
   if (isTrue(memberOf(value, "route"))) return map.route().frame(motionOf(value));
   if (const auto place = placeOf(map.venue(), memberOf(value, "place")))
@@ -38,17 +41,19 @@ void fit(MapHost& map, const json::value& value) {
 
 void showFirstView(MapHost& map, const json::value& value) {
   if (map.floors().whenShown([&map, value] { showFirstView(map, value); })) return;
+  if (map.whenVisible([&map, value] { showFirstView(map, value); })) return;
   map.style().showFirstView(motionOf(value));
 }
 
 void zoomBy(MapHost& map, const json::value& value) {
-  const graphics::Size size = map.view().bounds().size;
   const auto factor = numberOf(memberOf(value, "factor"));
   if (!factor || *factor <= 0) return;
-  map.camera().zoomBy(*factor,
-                      {numberOf(memberOf(value, "x")).value_or(size.width / 2),
-                       numberOf(memberOf(value, "y")).value_or(size.height / 2)},
-                      motionOf(value));
+  const auto x = numberOf(memberOf(value, "x"));
+  const auto y = numberOf(memberOf(value, "y"));
+  if (x && y)
+    map.camera().zoomBy(*factor, {*x, *y}, motionOf(value));
+  else
+    map.camera().zoomBy(*factor, motionOf(value));
 }
 
 void panBy(MapHost& map, const json::value& value) {

@@ -101,6 +101,7 @@ void MapHost::resize(const CanvasSize& canvas) {
   route_.redraw(canvas.scale);
   markers_.arrange(canvas.scale);
   camera().setPose(camera().pose());
+  if (then_ && isShown(canvas_)) std::exchange(then_, nullptr)();
 }
 
 void MapHost::frame(const CanvasSize& canvas, double time) {
@@ -127,6 +128,12 @@ void MapHost::reportChanges() {
     loadOtherFloors();
     events_.report("ready");
   }
+}
+
+bool MapHost::whenVisible(std::function<void()> then) {
+  if (isShown(canvas_)) return false;
+  then_ = std::move(then);
+  return true;
 }
 
 bool MapHost::needsFrame() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <boost/json/object.hpp>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -45,6 +46,10 @@ class MapHost : public MapViewDelegate {
 
   /// Draws a frame if a floor is loaded and the canvas is shown. `time`: seconds; increases.
   void frame(const CanvasSize& canvas, double time);
+
+  /// Calls a function when the canvas is shown, unless it is called for another function meanwhile.
+  /// Returns false, and does not keep the function, if the canvas is shown already.
+  bool whenVisible(std::function<void()> then);
 
   /// Whether a frame would differ from the last one.
   bool needsFrame() const;
@@ -103,6 +108,7 @@ class MapHost : public MapViewDelegate {
   MapMarkers markers_;
   MapLook look_;
   CanvasSize canvas_;
+  std::function<void()> then_;  // called when the canvas is shown; may be empty
   bool isChanged_ = true;  // by something that the map view does not count
   bool hasFirstView_ = false;
   bool isReady_ = false;  // as it was reported

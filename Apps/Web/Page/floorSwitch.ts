@@ -29,12 +29,13 @@ export class FloorSwitch {
     if (key === this.#shown) return;
     this.#shown = key;
     this.element.setAttribute("aria-label", app.t("page.floors"));
-    keepingFocus(this.element, () => this.element.replaceChildren(...floors.map((floor) => this.#button(floor, floor === current, onRoute.has(floor)))));
+    keepingFocus(this.element, () => this.element.replaceChildren(...floors.map((floor, index) => this.#button(floor, floor === current, onRoute.has(floor), floors.length - index))));
     this.element.querySelector("[aria-pressed=true]")?.scrollIntoView({ block: "nearest" });
   }
 
-  #button(floor: Floor, isCurrent: boolean, isOnRoute: boolean): HTMLElement {
-    const name = floor.name || floor.shortName;
+  // The number, from below, is that of a floor without a name.
+  #button(floor: Floor, isCurrent: boolean, isOnRoute: boolean, number: number): HTMLElement {
+    const name = floor.name || floor.shortName || String(number);
     return h(
       "button",
       {
@@ -45,7 +46,7 @@ export class FloorSwitch {
         "data-key": floor.id,
         onclick: () => this.#app.store.change({ floor: floor.id }),
       },
-      h("bdi", {}, floor.shortName || floor.name),
+      h("bdi", {}, floor.shortName || name),
     );
   }
 }

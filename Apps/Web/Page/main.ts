@@ -19,6 +19,16 @@ import { Settings } from "./settings.js";
 import { Shell } from "./shell.js";
 import { Texts } from "./texts.js";
 
+// A text that is no URL is refused by the package, and the page says so.
+function endpointOf(text: string): string {
+  try {
+    const { href } = new URL(text, document.baseURI);
+    return href.endsWith("/") ? href : `${href}/`;
+  } catch {
+    return text;
+  }
+}
+
 async function start(): Promise<void> {
   const loading = Orivanta.load(moduleFiles); // it is compiled while the page is made
   loading.catch(() => {}); // the session says so
@@ -27,8 +37,7 @@ async function start(): Promise<void> {
   const settings = new Settings(query);
   const kiosk = kioskOptionsOf(query);
   const [texts, later] = await Promise.all([Texts.load(settings.choices.language), kiosk && import("./later.js")]);
-  const endpoint = new URL(query.get("endpoint") ?? "1/", document.baseURI).href;
-  const app = new App({ endpoint: endpoint.endsWith("/") ? endpoint : `${endpoint}/`, username: "", password: "" }, settings, texts);
+  const app = new App({ endpoint: endpointOf(query.get("endpoint") ?? "1/"), username: "", password: "" }, settings, texts);
   app.loading = app.t("page.loading");
   app.kiosk = kiosk;
   if (kiosk) app.store.rule = startsHere(kiosk);

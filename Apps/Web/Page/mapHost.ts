@@ -1,6 +1,6 @@
 // The map behind the panels: follows the state of the page, and tells it what the user does on the map.
 
-import { OrivantaError, type Floor, type Guidance, type MapTap, type Marker, type MapView, type Venue, type VisitorPosition } from "orivanta";
+import { OrivantaError, type CameraPose, type Floor, type Guidance, type MapTap, type Marker, type MapView, type Venue, type VisitorPosition } from "orivanta";
 
 import { choosePlace, closeSearch } from "./actions.js";
 import type { App } from "./app.js";
@@ -30,6 +30,9 @@ export class MapHost {
   #look = "";
   #hereMarker: Marker | null = null;
   #insets = "";
+  /** The last view of the map, for when the same venue is loaded again. */
+  #last: { slug: string; floor: string; camera: CameraPose; hadRoute: boolean } | null = null;
+  #keepsView = false; // while what is shown again appears
 
   constructor(app: App) {
     this.#app = app;
@@ -86,7 +89,12 @@ export class MapHost {
   }
 
   #forget(): void {
-    if (this.view && this.#venue === this.#app.shown?.venue) this.view.destroy();
+    // After a fatal stop, nothing can be called.
+    if (this.view && this.#app.orivanta) {
+      const { camera } = this.view;
+      this.#last = { slug: this.#venue!.slug, floor: this.#floor!.floor.id, camera, hadRoute: this.#route !== null };
+      this.view.destroy();
+    }
     this.view = null;
     this.#floor = null;
     this.#place = null;
@@ -105,7 +113,9 @@ export class MapHost {
   async #show(): Promise<void> {
     const venue = this.#venue!;
     const here = this.#here();
-    const floor = venue.floors.find((each) => each.id === this.#app.store.state.floor) ?? here?.floor;
+    const last = this.#last?.slug === venue.slug ? this.#last : null;
+    const id = last?.floor ?? this.#app.store.state.floor;
+    const floor = venue.floors.find((each) => each.id === id) ?? here?.floor;
     this.#veil.begin();
     try {
       const view = await venue.show(this.element, { ...this.#wantedLook(), attribution: false, ...(floor ? { floor } : {}) });
@@ -115,8 +125,11 @@ export class MapHost {
       this.#listen(view);
       this.#veil.end();
       this.#changeInsets();
-      showFirstView(view, here);
+      if (last) view.camera = last.camera;
+      else showFirstView(view, here);
+      this.#keepsView = last !== null;
       this.#follow(view, true);
+      this.#keepsView = this.#app.plan?.kind === "planning" && (last?.hadRoute ?? false);
       this.#app.changed();
     } catch (error) {
       if (venue !== this.#venue) return;
@@ -192,7 +205,7 @@ export class MapHost {
     view.select(place);
     if (!place) return;
     if (this.#app.ui.isStacked) this.#app.changeUi({ isStacked: false });
-    view.fit(place, { animated: !isFirst });
+    if (!this.#keepsView) view.fit(place, { animated: !isFirst });
   }
 
   #followRoute(view: MapView, isFirst: boolean): void {
@@ -202,7 +215,8 @@ export class MapHost {
     if (isNew) {
       this.#route = route;
       view.showRoute(route);
-      if (route && ui.step === null) this.#showRouteStart(view, route, isFirst);
+      if (route && ui.step === null && !this.#keepsView) this.#showRouteStart(view, route, isFirst);
+      this.#keepsView = false;
     }
     const step = route ? ui.step : null;
     if (step === this.#step && !(isNew && step !== null)) return;

@@ -96,7 +96,8 @@ export class Planning {
       return { kind: "route", routes: [answer, ...answer.alternatives], departure };
     } catch (error) {
       if (!(error instanceof OrivantaError)) throw error;
-      return { kind: "problem", problem: { text: error.message } };
+      if (error.kind === "fatal") throw error;
+      return { kind: "problem", problem: { text: app.t("problem.unknownPlace") } }; // an old link, for example
     }
   }
 

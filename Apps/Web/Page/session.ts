@@ -119,7 +119,7 @@ export class Session {
     const former = this.#app.shown;
     this.#app.shown = shown;
     this.#app.plan = null;
-    former?.venue.destroy();
+    if (former) setTimeout(() => former.venue.destroy()); // when the map has left it
   }
 
   #languages(): string {

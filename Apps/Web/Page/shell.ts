@@ -68,8 +68,9 @@ export class Shell {
     map.watch(this.#panel.element, this.#search.element, this.#floors.element);
     const sizes = new ResizeObserver(() => {
       const { offsetTop, offsetHeight } = this.#search.element;
-      this.element.style.setProperty("--head-height", `${offsetTop + offsetHeight}px`);
-      this.element.style.setProperty("--panel-height", `${this.#panel.element.offsetHeight}px`);
+      const { style } = document.documentElement; // where notices find them as well
+      style.setProperty("--head-height", `${offsetTop + offsetHeight}px`);
+      style.setProperty("--panel-height", `${this.#panel.element.offsetHeight}px`);
     });
     for (const each of [bar, this.#search.element, this.#panel.element]) sizes.observe(each);
     addEventListener("keydown", (event) => this.#pressed(event));
@@ -105,7 +106,7 @@ export class Shell {
     this.#mapButtons.setAttribute("aria-label", this.#app.t("page.map"));
     this.#stacked.setAttribute("aria-pressed", String(ui.isStacked));
     this.#stacked.hidden = (shown?.venue.floors.length ?? 0) < 2;
-    this.#venues.hidden = !shown || (venues?.length ?? 0) < 2;
+    this.#venues.hidden = !shown || (venues?.length ?? 0) < 2 || !!this.#app.kiosk?.venue;
     const hasVenue = shown !== null && !failure;
     setAttribute(this.element, "data-view", hasVenue ? "map" : "start");
     setAttribute(this.element, "data-searching", hasVenue && ui.isSearching);
@@ -137,7 +138,7 @@ export class Shell {
       this.#search.focus();
     } else if (event.key === "F1") {
       event.preventDefault();
-      this.#openDialog("showHelp");
+      if (!app.kiosk) this.#openDialog("showHelp");
     } else if ((event.key === "PageUp" || event.key === "PageDown") && !isInColumn) {
       this.#changeFloor(event.key === "PageUp" ? 1 : -1);
     }

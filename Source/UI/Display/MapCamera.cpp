@@ -122,6 +122,13 @@ void MapCamera::zoomBy(double factor, graphics::Point at, CameraMotion motion) {
   move(zoomed(start, lens(), limitsAt(start.tilt), factor, at), motion);
 }
 
+void MapCamera::zoomBy(double factor, CameraMotion motion) {
+  const graphics::Size size = lens().size;
+  const graphics::Point center{(insets_.left + size.width - insets_.right) / 2,
+                               (insets_.top + size.height - insets_.bottom) / 2};
+  zoomBy(factor, center, motion);
+}
+
 void MapCamera::panBy(double right, double up, CameraMotion motion) {
   const graphics::Size size = lens().size;
   const graphics::Point middle{size.width / 2, size.height / 2};

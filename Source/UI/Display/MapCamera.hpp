@@ -107,6 +107,9 @@ class ORIVANTA_API MapCamera {
   /// there.
   void zoomBy(double factor, graphics::Point at, CameraMotion motion = CameraMotion::atOnce);
 
+  /// As above, at the center of the part of the view that the insets leave uncovered.
+  void zoomBy(double factor, CameraMotion motion = CameraMotion::atOnce);
+
   /// Moves the camera by points of the view.
   void panBy(double right, double up, CameraMotion motion = CameraMotion::atOnce);
 

@@ -104,7 +104,7 @@ export class Shown {
     if (has("cooperative")) this.map.cooperative = isCooperative(wishes);
     changed.clear();
     if (themes) this.map.theme = themeOf(wishes);
-    if (routes) this.#plan(wishes);
+    if (routes) this.#plan(wishes, floors && wishes.floor !== null);
     if (places) this.#select(wishes.place);
     if (floors && wishes.floor !== null) {
       const floor = floorOf(this.venue, wishes.floor);
@@ -118,7 +118,7 @@ export class Shown {
     this.map.destroy();
   }
 
-  #plan({ from, to, profile }: Wishes): void {
+  #plan({ from, to, profile }: Wishes, isFloorGiven: boolean): void {
     let answer: Guidance | { readonly problem: GuidanceProblem } | null = null;
     if (from && to) {
       const request: GuideRequest = { from, to, language: this.#language };
@@ -133,6 +133,7 @@ export class Shown {
     const problem = answer && "problem" in answer ? answer.problem : null;
     const guidance = answer && "steps" in answer ? answer : null;
     this.map.showRoute(guidance);
+    if (guidance && !isFloorGiven) this.map.fit(guidance);
     this.#parts.showNote(problem?.text ?? guidance?.summary ?? null);
     this.#emit("route", { guidance, problem } satisfies ShownRoute);
   }

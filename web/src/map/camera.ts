@@ -55,7 +55,10 @@ export class CameraFunctions extends LookFunctions {
     this.module.do({ firstView: glides(motion) });
   }
 
-  /** Zooms in, or out if the factor is below 1. The point, in CSS pixels, keeps its place. */
+  /**
+   * Zooms in, or out if the factor is below 1. The point, in CSS pixels, keeps its place; without it, the middle of
+   * what the insets leave uncovered.
+   */
   zoomBy(factor: number, at?: { x: number; y: number }, motion: Motion = {}): void {
     this.module.do({ zoomBy: { factor, ...at, ...glides(motion) } });
   }
@@ -81,10 +84,8 @@ export class CameraFunctions extends LookFunctions {
   }
 
   /** Where a position of the shown floor appears, in CSS pixels. */
-  pointOf(position: Position): { x: number; y: number } {
-    const [x, y] = this.module.call((core, map) =>
-      this.module.engine.numbers(core._orivantaMapPoint(map, ...position)),
-    );
-    return { x: x!, y: y! };
+  pointOf([x, y, z]: Position): { x: number; y: number } {
+    const point = this.module.call((core, map) => this.module.engine.numbers(core._orivantaMapPoint(map, x, y, z)));
+    return { x: point[0]!, y: point[1]! };
   }
 }

@@ -1,6 +1,10 @@
 // The canvas of a map: its size, its frames, and its context, which the browser may take away.
 
+import { OrivantaError } from "../errors.js";
 import { releaseContext } from "../platform/surfaces.js";
+
+// The canvases of pages that have a map.
+const taken = new WeakSet<HTMLCanvasElement>();
 
 /** What the canvas asks of the map. */
 export interface CanvasUser {
@@ -22,8 +26,10 @@ export class MapCanvas {
 
   /** `target`: the canvas, or the element to which that of `make` is added. */
   constructor(target: HTMLElement, make: () => HTMLCanvasElement) {
+    if (taken.has(target as HTMLCanvasElement)) throw new OrivantaError("invalid", "the canvas shows a map already");
     this.#isOwn = !(target instanceof HTMLCanvasElement);
     this.element = this.#isOwn ? make() : (target as HTMLCanvasElement);
+    taken.add(this.element);
     if (this.#isOwn) {
       this.element.style.cssText = "display:block;width:100%;height:100%";
       target.append(this.element);
@@ -68,6 +74,7 @@ export class MapCanvas {
     this.#ending.abort();
     this.#sizes.disconnect();
     cancelAnimationFrame(this.#frame);
+    taken.delete(this.element);
     if (!this.#isOwn) return;
     releaseContext(this.element);
     this.element.remove();

@@ -49,8 +49,9 @@ export class MapModule {
 
   /** Carries out commands, see Apps/Web/Map/MapCommands.hpp, and returns the state of the map. */
   do(commands: object): MapState {
+    const text = JSON.stringify(commands);
     return this.call(() =>
-      this.engine.withTexts([JSON.stringify(commands)], (core, address, length) =>
+      this.engine.withTexts([text], (core, address, length) =>
         this.engine.json(core._orivantaMapDo(this.#number, address!, length!)),
       ),
     ) as MapState;

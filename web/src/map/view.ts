@@ -61,7 +61,8 @@ export class MapView extends RouteFunctions {
         },
         contextChanged: (isThere) => this.#contextChanged(isThere),
       });
-      signal?.addEventListener("abort", () => this.#fail(signal.reason), { signal: this.module.ended });
+      // What is shown already stays.
+      signal?.addEventListener("abort", () => this.#settle && this.#fail(signal.reason), { signal: this.module.ended });
       engine.maps.set(this.module.number, {
         wantsFrame: () => this.#canvas.requestFrame(),
         event: (event) => this.#received(event),

@@ -50,7 +50,7 @@ export class CanvasTable implements Surfaces {
 
   /** Makes a canvas whose context is being made, for the next map that needs one. Does nothing if there is one. */
   prepare(): void {
-    if (this.#spare) return;
+    if (this.#spare || !globalThis.document) return;
     this.#spare = document.createElement("canvas");
     this.#spare.getContext("webgl2", attributes);
   }

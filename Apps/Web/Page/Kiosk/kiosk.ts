@@ -1,8 +1,11 @@
 // A kiosk: a device that stands somewhere in the venue, for visitors who come and go.
 
+import type { Venue } from "orivanta";
+
 import type { App } from "../app.js";
 import type { Connection } from "../offline.js";
 import { h } from "../dom.js";
+import { positionOf } from "../here.js";
 import { showNotice, type Notice } from "../notices.js";
 import { forgetPlaces } from "../recent.js";
 import { showCode } from "../Share/code.js";
@@ -72,6 +75,7 @@ export function startKiosk({ app, connection, reload, showStart }: KioskHost, op
   setInterval(() => timer.isRunning || renew(), renewalPause);
   app.on(() => isAtStart(app, start) || timer.run());
   recoverFromFailures(app);
+  if (options.here !== null) reportUnknown(options.here, app);
   addLanguages(app);
 }
 
@@ -92,6 +96,17 @@ function isAtStart(app: App, start: State): boolean {
   const isEqual = (Object.keys(start) as (keyof State)[]).every((name) => String(current[name]) === String(start[name]));
   const isOpen = ui.isSearching || document.querySelector("dialog[open]") !== null;
   return isEqual && !isOpen && JSON.stringify(ui.browsing) === JSON.stringify(startUi.browsing);
+}
+
+// An operator sees a mistake in the address at once, before a visitor asks for a route.
+function reportUnknown(here: string, app: App): void {
+  let checked: Venue | null = null;
+  app.on(() => {
+    const venue = app.shown?.venue ?? null;
+    if (venue === checked) return;
+    checked = venue;
+    if (venue && !positionOf(venue, here)) showNotice(app.t("problem.unknownPlace.place", { place: here }));
+  });
 }
 
 // Buttons for the languages, each in its own language.

@@ -6,6 +6,8 @@ import type { State } from "../state.js";
 export interface KioskOptions {
   /** Where the kiosk stands: a place, a node or "@FLOOR,X,Y". */
   readonly here: string | null;
+  /** The only venue that is shown; null if visitors choose one. */
+  readonly venue: string | null;
   /** After how many seconds without a touch the start view comes back. */
   readonly idle: number;
 }
@@ -17,7 +19,7 @@ export const deviceParameters: readonly string[] = ["kiosk", "here", "idle", "li
 export function kioskOptionsOf(query: URLSearchParams): KioskOptions | null {
   if (!["1", "true", ""].includes(query.get("kiosk") ?? "0")) return null;
   const idle = Number(query.get("idle") ?? 60);
-  return { here: query.get("here") || null, idle: idle >= 5 && idle <= 3600 ? idle : 60 };
+  return { here: query.get("here") || null, venue: query.get("venue"), idle: idle >= 5 && idle <= 3600 ? idle : 60 };
 }
 
 /** Returns the rule that a route without a start begins at the kiosk. */

@@ -56,7 +56,8 @@ export async function answerPage(request: Request): Promise<Response> {
   const url = new URL(request.url);
   url.search = url.hash = "";
   if (url.href === scope()) url.pathname += "index.html";
-  const stored = await (await caches.open(cacheName)).match(url.href);
+  // Until the files of this version are stored, those of the version before are complete.
+  const stored = (await (await caches.open(cacheName)).match(url.href)) ?? (await caches.match(url.href));
   if (!stored) return fetch(request);
   try {
     const response = await withinTime(patience, fetch(request));

@@ -107,6 +107,16 @@ TEST_F(MapCameraTest, AShortRouteFillsAFairPartOfTheView) {
   EXPECT_GT(end->x - start->x, 30) << "points of 800";
 }
 
+TEST_F(MapCameraTest, ZoomsAboutTheCenterOfWhatTheInsetsLeaveUncovered) {
+  control.setInsets({300, 0, 100, 400});
+  control.setPose({500, 500, 800, 0, 0});
+  const auto kept = shown.mapView->findPositionCameraViewport({500, 200, 0});  // of 800 x 800
+  control.zoomBy(1.5);
+  const auto found = shown.mapView->findPositionCameraViewport({500, 200, 0});
+  EXPECT_NEAR(found.x, kept.x, 0.1);
+  EXPECT_NEAR(found.y, kept.y, 0.1);
+}
+
 TEST_F(MapCameraTest, GlidesBeginWithTheirFirstFrameAddUpAndEnd) {
   control.setPose({500, 500, 800, 0, 0});
   control.advance(1);

@@ -1,0 +1,26 @@
+// Removes from core.js, which the compiler writes, what the package does not use: it always compiles the module itself,
+// so nothing there fetches files. A part that another version of the compiler writes differently is kept.
+
+const unused = [
+  /var read_,readAsync.*?(?=var out=)/, // reads files next to the script
+  /var dataURIPrefix.*?(?=function createWasm\(\))/, // fetches the module
+  /function receiveInstantiationResult.*?(?=if\(Module\["instantiateWasm"\]\))/,
+];
+const callInTry = /if\(Module\["instantiateWasm"\]\)\{try.*?return\{\}\}/;
+const begin = 'Module["asm"]=exports;';
+const wrapper =
+  /var (\w+)=Module\["\1"\]=function\(\)\{return\(\1=Module\["\1"\]=Module\["asm"\]\["([\w$]+)"\]\)\.apply\(null,arguments\)\};/g;
+
+/** Returns the code without these parts. */
+export function trimmedGlue(code) {
+  for (const part of unused) code = code.replace(part, "");
+  code = code.replace(callInTry, 'return Module["instantiateWasm"](info,receiveInstance)}');
+  if (!code.includes(begin)) return code;
+  // Instead of a function for each export that finds it at the first call.
+  const found = [];
+  code = code.replace(wrapper, (_, name, key) => {
+    found.push(`Module["${name}"]=${name}=exports["${key}"];`);
+    return `var ${name};`;
+  });
+  return code.replace(begin, () => begin + found.join(""));
+}
