@@ -1,8 +1,9 @@
 #include "Apps/Package/Picture.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <map>
+#include <limits>
 #include <stdexcept>
 
 #include "Platform/Graphics/ImageFile.hpp"
@@ -12,7 +13,7 @@ namespace orivanta::package {
 namespace {
 
 std::uint8_t toByte(double share) {
-  return static_cast<std::uint8_t>(std::lround(std::clamp(share, 0.0, 1.0) * 255.0));
+  return static_cast<std::uint8_t>(std::clamp(share, 0.0, 1.0) * 255.0 + 0.5);
 }
 
 void put(std::uint8_t* pixel, Color color, double alpha) {
@@ -24,6 +25,7 @@ void put(std::uint8_t* pixel, Color color, double alpha) {
 
 // The "over" operator (Porter and Duff, 1984) for straight alpha.
 void blend(std::uint8_t* pixel, Color color, double share) {
+  if (share >= 1.0) return put(pixel, color, share);
   const double under = pixel[3] / 255.0 * (1.0 - share);
   const double alpha = share + under;
   if (alpha <= 0.0) return;
@@ -58,23 +60,35 @@ std::vector<double> crossingsAt(const Outline& ring, double y) {
   return crossings;
 }
 
-// Where the border of an outline crosses horizontal lines, computed once for each line.
+// Where the border of an outline crosses horizontal lines, computed once for each line of a row of
+// pixels.
 class Crossings {
  public:
   explicit Crossings(const Outline& outline) : outline_(outline) {}
 
   bool contains(Point point) {
-    const auto [entry, isNew] = lines_.try_emplace(point.y);
-    if (isNew) entry->second = crossingsAt(outline_, point.y);
-    return std::count_if(entry->second.begin(), entry->second.end(),
-                         [&](double x) { return point.x < x; }) %
-               2 ==
-           1;
+    bool inside = false;
+    for (const double x : at(point.y)) inside ^= point.x < x;
+    return inside;
   }
 
  private:
+  struct Line {
+    double y = std::numeric_limits<double>::quiet_NaN();
+    std::vector<double> crossings;
+  };
+
+  const std::vector<double>& at(double y) {
+    for (const Line& line : lines_)
+      if (line.y == y) return line.crossings;
+    Line& oldest = lines_[next_++ % lines_.size()];
+    oldest = {y, crossingsAt(outline_, y)};
+    return oldest.crossings;
+  }
+
   const Outline& outline_;
-  std::map<double, std::vector<double>> lines_;
+  std::array<Line, 7> lines_;  // as many as `coverage` samples in a row
+  std::size_t next_ = 0;
 };
 
 constexpr int linesPerRow = 4;
@@ -102,9 +116,10 @@ Picture::Picture(int width, int height, Color background, double alpha)
     : width_(width),
       height_(height),
       bytes_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4) {
-  std::uint8_t first[4];
-  put(first, background, alpha);
-  for (std::size_t i = 0; i < bytes_.size(); ++i) bytes_[i] = first[i % 4];
+  std::array<std::uint8_t, 4> first{};
+  put(first.data(), background, alpha);
+  for (std::size_t i = 0; i < bytes_.size(); i += first.size())
+    std::copy(first.begin(), first.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(i));
 }
 
 std::uint8_t* Picture::pixel(int x, int y) {

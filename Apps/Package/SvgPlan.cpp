@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <iterator>
+#include <utility>
 
 #include "Platform/Foundation/DisplayText.hpp"
 
@@ -15,14 +17,34 @@ namespace {
 
 bool isFinite(Point point) { return std::isfinite(point.x) && std::isfinite(point.y); }
 
+// Appends a number with two decimals, as `fmt` does. It is exact where rounding is not in doubt.
+void appendRounded(std::string& text, double value) {
+  constexpr double largest = 1e9;
+  constexpr double doubt = 1e-3;
+  const double scaled = std::abs(value) * 100.0;
+  const double below = std::floor(scaled);
+  if (!(scaled < largest) || std::abs(scaled - below - 0.5) < doubt) {
+    fmt::format_to(std::back_inserter(text), FMT_COMPILE("{:.2f}"), value);
+    return;
+  }
+  const auto hundredths = static_cast<std::uint64_t>(scaled - below > 0.5 ? below + 1.0 : below);
+  if (std::signbit(value)) text += '-';
+  const fmt::format_int whole(hundredths / 100);
+  text.append(whole.data(), whole.size());
+  text += '.';
+  text += static_cast<char>('0' + hundredths / 10 % 10);
+  text += static_cast<char>('0' + hundredths % 10);
+}
+
 // y points down in SVG.
 void appendPath(std::string& text, const std::vector<Point>& points) {
   char command = 'M';
   for (const Point point : points) {
     if (!isFinite(point)) continue;
-    fmt::format_to(std::back_inserter(text), FMT_COMPILE("{}{:.2f} {:.2f}"), command, point.x,
-                   -point.y);
-    command = 'L';
+    text += std::exchange(command, 'L');
+    appendRounded(text, point.x);
+    text += ' ';
+    appendRounded(text, -point.y);
   }
 }
 

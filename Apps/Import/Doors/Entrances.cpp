@@ -20,14 +20,12 @@ Shape innerOutline(const Building& building, double level) {
 
 }  // namespace
 
-Entrances::Entrances(const Building& building, double level, const AreaIndex& contents)
-    : contents_(contents), passages_(innerOutline(building, level)) {}
-
-std::optional<Door> Entrances::of(const Area& room) const {
+std::optional<Door> Entrances::of(const Area& room) {
+  if (!passages_) passages_.emplace(innerOutline(building_, level_));
   const auto isOutside = [this](Point point) { return contents_.smallestAt(point) == nullptr; };
   const Shape shape = openShape(room, contents_);
   auto contact = longestContact(shape, [&](Point point) {
-    return !passages_.empty() && passages_.contains(point) && isOutside(point);
+    return !passages_->empty() && passages_->contains(point) && isOutside(point);
   });
   if (!contact) contact = longestContact(shape, isOutside);
   if (!contact) return {};

@@ -1,5 +1,6 @@
 #include "Apps/Import/Read/FeatureTexts.hpp"
 
+#include <array>
 #include <utility>
 
 namespace orivanta::importer {
@@ -7,6 +8,27 @@ namespace orivanta::importer {
 namespace {
 
 constexpr std::string_view whitespace = " \t\r\n";
+
+// Characters as a table, in which a search takes a fraction of the time of `find_first_of`.
+class Characters {
+ public:
+  constexpr explicit Characters(std::string_view all) {
+    for (const char one : all) contains_[static_cast<unsigned char>(one)] = true;
+  }
+
+  // The position of the first of them; the size of the text if there is none.
+  std::size_t findIn(std::string_view text, std::size_t from) const {
+    while (from < text.size() && !contains_[static_cast<unsigned char>(text[from])]) ++from;
+    return from;
+  }
+
+ private:
+  std::array<bool, 256> contains_{};
+};
+
+constexpr Characters inStrings("\"\\");
+constexpr Characters inElements("\"{}[]");
+constexpr Characters betweenElements("\"{}[],");
 
 class Splitter {
  public:
@@ -34,8 +56,8 @@ class Splitter {
 
   // From an opening quotation mark to behind the closing one.
   void skipString() {
-    for (++at_; !atEnd() && text_[at_] != '"'; ++at_)
-      if (text_[at_] == '\\') ++at_;
+    at_ = inStrings.findIn(text_, at_ + 1);
+    while (!atEnd() && text_[at_] == '\\') at_ = inStrings.findIn(text_, at_ + 2);
     if (!atEnd()) ++at_;
   }
 
@@ -73,7 +95,9 @@ class Splitter {
     result_.frameStart = at_;
     std::size_t start = at_;
     int depth = 0;
-    while (!atEnd() && !result_.tooMany) {
+    while (!result_.tooMany) {
+      at_ = (depth == 0 ? betweenElements : inElements).findIn(text_, at_);
+      if (atEnd()) break;
       const char character = text_[at_];
       if (character == '"') {
         skipString();

@@ -3,6 +3,7 @@
 
 #include <png.h>
 
+#include <algorithm>
 #include <new>
 #include <vector>
 
@@ -15,10 +16,9 @@ namespace orivanta::graphics {
 namespace {
 
 std::vector<std::uint8_t> withoutAlpha(std::span<const std::uint8_t> pixels) {
-  std::vector<std::uint8_t> packed;
-  packed.reserve(pixels.size() / 4 * 3);
-  for (std::size_t i = 0; i < pixels.size(); ++i)
-    if (i % 4 != 3) packed.push_back(pixels[i]);
+  std::vector<std::uint8_t> packed(pixels.size() / 4 * 3);
+  std::uint8_t* to = packed.data();
+  for (std::size_t i = 0; i + 4 <= pixels.size(); i += 4, to += 3) std::copy_n(&pixels[i], 3, to);
   return packed;
 }
 
