@@ -91,6 +91,8 @@ test("the element", { timeout: 180_000 }, async (t) => {
     });
     assert.equal(floor, "B1");
     assert.equal(await shown("[aria-pressed=true]"), "B1");
+    await add({ ...usual, from: "popcorn-nebula", to: "station" }); // shows where the route starts
+    await page.waitForFunction(() => map.shadowRoot.querySelector("[aria-pressed=true]").textContent === "2");
   });
 
   await t.test("changes of attributes load only what they must", async () => {

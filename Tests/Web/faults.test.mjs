@@ -205,6 +205,24 @@ test("too little memory", async (context) => {
     assert.equal(venue.nodes.length, nodeCount);
 });
 
+test("wrong arguments are refused, and the instance goes on", async () => {
+  await assert.rejects(Orivanta.load({ ...moduleFiles, wasm: new TextEncoder().encode("<html>") }), isError("unusable"));
+  await assert.rejects(Orivanta.load({ ...moduleFiles, wasm: "http://127.0.0.1:9/core.wasm" }), isError("noAnswer"));
+  const orivanta = await Orivanta.load(moduleFiles);
+  for (const settings of [{}, { endpoint: "/1/" }, { endpoint: "http://[" }])
+    await assert.rejects(orivanta.venues(settings), isError("invalid"));
+  const whole = packageOf(rowOfNodes(10));
+  await assert.rejects(orivanta.open({ ...whole, venue: '{"slug": "row"}' }), isError("unusable"));
+  await assert.rejects(orivanta.open({ ...whole, map: undefined }), isError("invalid"));
+  const venue = await orivanta.open(whole);
+  for (const text of [undefined, null, 1]) assert.throws(() => venue.search(text), isError("invalid"));
+  for (const target of [undefined, null, "map"]) await assert.rejects(venue.show(target), isError("invalid"));
+  assert.equal(venue.search("first").length, 1);
+  venue.destroy();
+  assert.throws(() => venue.places, isError("invalid"));
+  orivanta.destroy();
+});
+
 test("a module that stops", async (context) => {
   const { fault, endpoint } = await faultyServer(context);
   Object.assign(fault, { collection: "node", answer: (response) => response.write("[") });

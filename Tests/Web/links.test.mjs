@@ -51,7 +51,7 @@ test("links", { timeout: 180_000 }, async (t) => {
     const long = "x".repeat(5000);
     const tab = await open(`venue=astrolabe-court&floor=%00&place=${long}&from=nowhere&to=%3Cimg%3E&profile=rocket`);
     await tab.page.waitForSelector(".stops");
-    await tab.page.waitForSelector(".warning");
+    await tab.waitForText(".warning", "is not a place in this venue");
     assert.equal(await tab.page.$eval("[value=fastest]", (input) => input.checked), true);
     assert.equal(await tab.page.$(".panel img"), null);
     await tab.close();

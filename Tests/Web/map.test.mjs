@@ -361,11 +361,28 @@ test("two maps at once, and faults", { timeout: 400_000 }, async () => {
     const other = document.createElement("canvas");
     other.style.cssText = "width:640px;height:400px";
     document.body.append(other);
-    const second = await (await tests.open()).show(other, look);
+    const ending = new AbortController();
+    const third = await tests.open();
+    const second = await (await tests.open()).show(other, { ...look, signal: ending.signal });
+    ending.abort(); // the map is shown already
+    const taken = await kind(third.show(other));
     await tests.ready(second);
     map.setLook({ theme: "dark" });
     await tests.ready();
     const [dark, light] = [await tests.pixels(), await tests.pixels(second)];
+    const [place] = second.venue.places.filter(({ floors }) => floors.includes(second.floor));
+    const seen = () => new Promise((resolve) => requestAnimationFrame(() => requestAnimationFrame(() => resolve(second.camera))));
+    const start = second.camera;
+    second.fit(place, { animated: false });
+    const fitted = await seen();
+    second.camera = start;
+    other.style.display = "none";
+    await seen();
+    second.fit(place, { animated: false });
+    await seen();
+    other.style.display = "";
+    await seen();
+    const isKept = JSON.stringify(await seen()) === JSON.stringify(fitted);
     second.destroy();
     map.setLook({ theme: "light" });
     await tests.ready();
@@ -376,10 +393,10 @@ test("two maps at once, and faults", { timeout: 400_000 }, async () => {
     } catch (error) {
       ended = error.kind;
     }
-    return [twice, tests.likeness(dark, light) < 30, tests.likeness(after, light), ended, other.isConnected];
+    return [[twice, taken, tests.likeness(dark, light) < 30, isKept, ended, other.isConnected], tests.likeness(after, light)];
   }, quiet);
-  const [twice, isDark, likeness, ended, isKept] = results;
-  assert.deepEqual([twice, isDark, ended, isKept], ["invalid", true, "invalid", true]);
+  const [facts, likeness] = results;
+  assert.deepEqual(facts, ["invalid", "invalid", true, true, "invalid", true]);
   assert.ok(likeness > 60, `${likeness}`);
 
   tab.expect(/404/);

@@ -87,9 +87,9 @@ async function patiently(promise: Promise<unknown>, ended: AbortSignal, signal: 
 function endpointOf(endpoint: string | undefined): string {
   if (typeof endpoint !== "string") throw new OrivantaError("invalid", "no endpoint is given; call venues() or pass one");
   const folder = endpoint.endsWith("/") ? endpoint : `${endpoint}/`;
-  if (/^\w+:/.test(folder)) return folder;
   try {
-    return new URL(folder, globalThis.location?.href).href;
+    const { href } = new URL(folder, globalThis.location?.href);
+    return /^\w+:/.test(folder) ? folder : href; // as it is given
   } catch {
     throw new OrivantaError("invalid", `${endpoint} is not a URL`);
   }

@@ -109,7 +109,7 @@ class MapHost : public MapViewDelegate {
   MapLook look_;
   CanvasSize canvas_;
   std::function<void()> then_;  // called when the canvas is shown; may be empty
-  bool isChanged_ = true;  // by something that the map view does not count
+  bool isChanged_ = true;       // by something that the map view does not count
   bool hasFirstView_ = false;
   bool isReady_ = false;  // as it was reported
   CameraPose pose_;       // as it was reported
