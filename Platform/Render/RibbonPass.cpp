@@ -21,6 +21,14 @@ float widestOf(const scene::RibbonLook& look) {
   return look.route ? widest + 2 * look.route->casingWidth : widest;
 }
 
+// Blending each sample costs software drivers much of their time for outlines.
+bool needsBlending(const scene::RibbonLook& look, float opacity) {
+  return opacity < 1 || look.route ||
+         std::any_of(look.colors.begin(), look.colors.end(), [](const scene::RibbonColor& each) {
+           return each.color.alpha > 0 && each.color.alpha < 1;
+         });
+}
+
 graphics::Vector3 rgbOf(const graphics::Color& color) {
   return {color.red, color.green, color.blue};
 }
@@ -37,11 +45,11 @@ void RibbonPass::drawDepth(std::uint16_t group) { drawAll(group, 1.0F, false); }
 
 void RibbonPass::drawAll(std::uint16_t group, float opacity, bool withHiddenParts) {
   glDisable(GL_CULL_FACE);
-  glEnable(GL_BLEND);
   glBlendFunc(GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
   for (const bool isRoute : {false, true})
     for (const SceneRibbons& each : ribbons_) {
       if (each.seen->group != group || each.seen->look.route.has_value() != isRoute) continue;
+      needsBlending(each.seen->look, opacity) ? glEnable(GL_BLEND) : glDisable(GL_BLEND);
       if (isRoute && withHiddenParts) drawHidden(each, opacity);
       // So that the casing of a sharp corner does not cross the line. Translucent layers would add.
       const bool hasLayers = isRoute && withHiddenParts && opacity >= 1;
