@@ -92,6 +92,9 @@ test("stops, nearest places and the map", async (t) => {
   await page.focus(".map canvas");
   await page.keyboard.press("PageDown");
   await floorIs("B1");
+  const name = await page.$eval(".floor[aria-pressed=true]", ({ title }) => title);
+  await page.waitForFunction((text) => document.querySelector("[role=status]").textContent === text, {}, name);
+  assert.equal(await page.$eval(".map canvas", (canvas) => canvas.getAttribute("aria-label")), `Map: ${name}`);
   await tab.clickText("[aria-label='All floors']", "");
   await page.waitForSelector("[aria-label='All floors'][aria-pressed=true]");
   await accessible(tab, "map");

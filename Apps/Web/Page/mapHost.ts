@@ -138,8 +138,6 @@ export class MapHost {
   }
 
   #listen(view: MapView): void {
-    const app = this.#app;
-    view.canvas.setAttribute("aria-label", app.t("page.map"));
     view.on("tap", (tap) => this.#tapped(tap));
     view.on("problem", ({ kind, text }) => {
       if (kind === "context") this.#contextLost(view, text);
@@ -149,8 +147,19 @@ export class MapHost {
 
   #floorChanged(view: MapView): void {
     const { store, ui } = this.#app;
+    this.#nameCanvas(view);
+    if (document.activeElement === view.canvas) this.#app.announce(this.#floorName()); // changed by a key
     if (this.#route && ui.step === null && store.state.place === null) view.fit(this.#route);
     this.#app.changed();
+  }
+
+  #floorName(): string {
+    const { name = "", shortName = "" } = this.floor ?? {};
+    return name || shortName;
+  }
+
+  #nameCanvas(view: MapView): void {
+    view.canvas.setAttribute("aria-label", `${this.#app.t("page.map")}: ${this.#floorName()}`);
   }
 
   // The browser usually gives the graphics back soon.
@@ -189,7 +198,7 @@ export class MapHost {
       view.setLook(this.#wantedLook());
       this.#markHere(view);
       view.setClosures(closed);
-      view.canvas.setAttribute("aria-label", this.#app.t("page.map"));
+      this.#nameCanvas(view);
     }
     this.#changeInsets();
     if (view.stacked !== ui.isStacked) view.stacked = ui.isStacked;
