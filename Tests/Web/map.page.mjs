@@ -48,7 +48,7 @@ const tests = {
   /** Waits until the map is complete and at rest. */
   async ready(map = tests.map) {
     for (let still = 0, seen = -1; still < 3; seen = frames) {
-      await later(60);
+      await later(80);
       still = frames === seen && map.isReady ? still + 1 : 0;
     }
   },
