@@ -26,7 +26,7 @@ find_package(GIF REQUIRED)
 find_package(glm REQUIRED)
 find_package(JPEG REQUIRED)
 find_package(PNG REQUIRED)
-pkg_check_modules(pangocairo REQUIRED IMPORTED_TARGET pangocairo)
+pkg_check_modules(pangocairo REQUIRED IMPORTED_TARGET pangocairo harfbuzz)
 pkg_check_modules(epoxy REQUIRED IMPORTED_TARGET epoxy egl)
 pkg_check_modules(sdl2 REQUIRED IMPORTED_TARGET sdl2)
 

@@ -1,9 +1,10 @@
 #include "Platform/Graphics/Pango/TextUse.hpp"
 
+#include <hb-ot.h>
+#include <hb.h>
+
 #include <cstdlib>
 #include <mutex>
-
-#include "Platform/Graphics/Pango/TextLayout.hpp"
 
 namespace orivanta::graphics {
 
@@ -25,26 +26,27 @@ void closeGate() {
   gate().isClosed = true;
 }
 
-// Handlers run in the reverse order of their registration. So the libraries must have registered
-// theirs before: they do in their first layout.
-bool prepareEnd() {
-  const Owned<PangoContext> context(
-      pango_font_map_create_context(pango_cairo_font_map_get_default()));
-  const Owned<PangoLayout> layout(pango_layout_new(context.get()));
-  setText(*layout, "a", {}, 100.0);
-  pango_layout_get_size(layout.get(), nullptr, nullptr);
-  std::atexit(closeGate);
-  return true;
-}
+// Handlers run in the reverse order of their registration. HarfBuzz registers one when it first
+// needs its font functions, its Unicode functions and its languages, whichever thread asks for
+// them. Shape a text without a font here, before any thread starts, so that all of them are
+// registered before the gate's.
+const bool isPrepared = [] {
+  hb_font_t* const font = hb_font_create(hb_face_get_empty());
+  hb_ot_font_set_funcs(font);
+  hb_buffer_t* const buffer = hb_buffer_create();
+  hb_buffer_add_utf8(buffer, "a", 1, 0, 1);
+  hb_buffer_set_language(buffer, hb_language_from_string("en", -1));
+  hb_buffer_guess_segment_properties(buffer);
+  hb_shape(font, buffer, nullptr, 0);
+  hb_buffer_destroy(buffer);
+  hb_font_destroy(font);
+  return std::atexit(closeGate) == 0;
+}();
 
 }  // namespace
 
-TextUse::TextUse() {
-  static const bool isPrepared = prepareEnd();
-  static_cast<void>(isPrepared);
-  lock_ = std::shared_lock(gate().mutex);
-}
+TextUse::TextUse() : lock_(gate().mutex) {}
 
-TextUse::operator bool() const { return !gate().isClosed; }
+TextUse::operator bool() const { return isPrepared && !gate().isClosed; }
 
 }  // namespace orivanta::graphics
