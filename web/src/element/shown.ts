@@ -65,15 +65,24 @@ export function optionsOf(wishes: Wishes, venue: Venue, language: string): ShowO
 export class Shown {
   readonly venue: Venue;
   readonly map: MapView;
+  readonly #closed: readonly string[];
   readonly #parts: Parts;
   readonly #language: string;
   readonly #emit: Emit;
   readonly #end = new AbortController();
 
-  /** Takes the map, which `destroy` destroys, but not the venue. */
-  constructor(venue: Venue, map: MapView, parts: Parts, language: string, wishes: Wishes, emit: Emit) {
+  /** Takes the map, which `destroy` destroys, but not the venue. `closed`: what is closed, see `Venue.closures`. */
+  constructor(
+    { venue, map, closed }: { venue: Venue; map: MapView; closed: readonly string[] },
+    parts: Parts,
+    language: string,
+    wishes: Wishes,
+    emit: Emit,
+  ) {
     this.venue = venue;
     this.map = map;
+    this.#closed = closed;
+    map.setClosures(closed);
     this.#parts = parts;
     this.#language = language;
     this.#emit = emit;
@@ -121,7 +130,7 @@ export class Shown {
   #plan({ from, to, profile }: Wishes, isFloorGiven: boolean): void {
     let answer: Guidance | { readonly problem: GuidanceProblem } | null = null;
     if (from && to) {
-      const request: GuideRequest = { from, to, language: this.#language };
+      const request: GuideRequest = { from, to, closed: this.#closed, language: this.#language };
       if (profile) request.profile = profile as ProfileName;
       try {
         answer = this.venue.guide(request);

@@ -3,6 +3,7 @@
 import type { App, Failure } from "../app.js";
 import { h } from "../dom.js";
 import { icon } from "../icons.js";
+import { keepAccount } from "../Kiosk/account.js";
 import type { Session } from "../session.js";
 
 export function venuesPage(app: App): Node[] {
@@ -67,6 +68,8 @@ function credentialsForm(app: App, session: Session): HTMLElement {
   const isForeign = origin !== location.origin;
   const field = (name: "username" | "password", label: string, type: string, autocomplete: string) =>
     h("label", {}, label, h("input", { name, type, autocomplete: isForeign ? "off" : autocomplete, required: true, "data-key": name }));
+  const username = field("username", app.t("page.user"), "text", "username");
+  username.querySelector("input")!.value = app.server.username;
   const form = h(
     "form",
     {
@@ -74,10 +77,11 @@ function credentialsForm(app: App, session: Session): HTMLElement {
         event.preventDefault();
         const data = new FormData(form);
         app.server = { ...app.server, username: String(data.get("username")), password: String(data.get("password")) };
+        if (app.kiosk) keepAccount(app.server);
         void session.reload();
       },
     },
-    field("username", app.t("page.user"), "text", "username"),
+    username,
     field("password", app.t("page.password"), "password", "current-password"),
     h("button", { class: "filled", type: "submit" }, app.t("page.signIn")),
     isForeign ? h("p", { class: "host", dir: "ltr" }, host) : null,
