@@ -1,6 +1,6 @@
 // What is closed in a venue at the moment, as its server says.
 
-import { OrivantaError } from "./errors.js";
+import { OrivantaError, type ErrorKind } from "./errors.js";
 import { linkOf } from "./platform/pagesAhead.js";
 import { requestOf } from "./platform/requestTexts.js";
 
@@ -18,37 +18,24 @@ export async function closuresOf(server: VenueServer, slug: string, signal?: Abo
   const first = new URL(`closure?venue=${encodeURIComponent(slug)}`, server.endpoint);
   if (server.username) Object.assign(first, { username: server.username, password: server.password ?? "" });
   const { url, fields } = requestOf([first.href]);
+  const failed = (kind: ErrorKind) => (error: unknown) => {
+    signal?.throwIfAborted();
+    throw new OrivantaError(kind, `the closures of ${slug}: ${String(error)}`);
+  };
   const closed: string[] = [];
   let next: string | undefined = url;
   // The links are those of the same server, so that no other one gets the account.
   for (let page = 0; next !== undefined && page < mostPages; ++page) {
-    const response: Response = await answerTo(next, { headers: fields, credentials: "omit", cache: "no-cache", signal: signal ?? null });
-    if (response.status === 404) return [];
-    if (!response.ok) {
-      const kind = response.status === 401 || response.status === 403 ? "refused" : "otherStatus";
-      throw new OrivantaError(kind, `${response.status} from ${next}`, response.status);
-    }
-    closed.push(...(await identifiersIn(response)));
+    const request: RequestInit = { headers: fields, credentials: "omit", cache: "no-cache", signal: signal ?? null };
+    const response: Response = await fetch(next, request).catch(failed("noAnswer"));
+    const { status } = response;
+    if (status === 404) return [];
+    const kind = status === 401 || status === 403 ? "refused" : "otherStatus";
+    if (!response.ok) throw new OrivantaError(kind, `the closures of ${slug}: ${status}`, status);
+    const records = (await response.json().catch(failed("unusable"))) as unknown;
+    if (!Array.isArray(records)) return failed("unusable")("no list");
+    closed.push(...records.flatMap((record: { id?: unknown } | null) => (typeof record?.id === "string" ? [record.id] : [])));
     next = linkOf(response, "next");
   }
   return closed;
-}
-
-async function answerTo(url: string, request: RequestInit): Promise<Response> {
-  try {
-    return await fetch(url, request);
-  } catch (error) {
-    request.signal?.throwIfAborted();
-    throw new OrivantaError("noAnswer", `no response from ${url}: ${String(error)}`);
-  }
-}
-
-async function identifiersIn(response: Response): Promise<string[]> {
-  try {
-    const records = (await response.json()) as { id?: unknown }[];
-    return records.flatMap(({ id }) => (typeof id === "string" ? [id] : []));
-  } catch (error) {
-    if (error instanceof DOMException) throw error; // aborted
-    throw new OrivantaError("unusable", `the list from ${response.url} cannot be read: ${String(error)}`);
-  }
 }

@@ -6,7 +6,6 @@
 import { Orivanta } from "orivanta";
 
 import { App } from "./app.js";
-import { withAccount } from "./Kiosk/account.js";
 import { kioskOptionsOf, startsHere } from "./Kiosk/options.js";
 import { startLinks } from "./links.js";
 import { MapHost } from "./mapHost.js";
@@ -38,7 +37,7 @@ async function start(): Promise<void> {
   const kiosk = kioskOptionsOf(query);
   const [texts, later] = await Promise.all([Texts.load(settings.choices.language), kiosk && import("./later.js")]);
   const server = { endpoint: endpointOf(query.get("endpoint") ?? "1/"), username: "", password: "" };
-  const app = new App(kiosk ? withAccount(server) : server, settings, texts);
+  const app = new App(later?.withAccount(server) ?? server, settings, texts);
   app.loading = app.t("page.loading");
   app.kiosk = kiosk;
   if (kiosk) app.store.rule = startsHere(kiosk);

@@ -161,7 +161,8 @@ export class ShownMap {
     const isNew = route !== this.#route;
     if (isNew) {
       this.#route = route;
-      this.view.showRoute(route);
+      const isFromHere = this.#app.store.state.from === this.#app.kiosk?.here;
+      this.view.showRoute(route, isFromHere ? { from: null } : {}); // the marker has a text
       if (route && ui.step === null && !this.#framing.isKept) this.#showRouteStart(route, motion);
       this.#framing.isKept = false;
     }

@@ -92,6 +92,9 @@ export class Shown {
       emit("floor", floor);
     });
     map.on("refused", (gesture) => parts.showHint(hintOf(gesture, language)));
+    const sizes = new ResizeObserver(() => this.#changeCovered());
+    sizes.observe(map.canvas);
+    this.#end.signal.addEventListener("abort", () => sizes.disconnect());
     dark().addEventListener("change", () => (map.theme = themeOf(wishes)), { signal: this.#end.signal });
   }
 
@@ -104,6 +107,7 @@ export class Shown {
       if (floor) this.map.floor = floor;
     });
     this.#parts.markFloor(this.map.floor.id);
+    this.#changeCovered();
   }
 
   /** Shows what attributes say. Empties the set of their names. */
@@ -127,6 +131,13 @@ export class Shown {
     this.map.destroy();
   }
 
+  // The scale bar stays above the note, and labels avoid both.
+  #changeCovered(): void {
+    const { covered, note } = this.#parts.covered();
+    this.map.setCovered(covered);
+    this.map.insets = { bottom: note };
+  }
+
   #plan({ from, to, profile }: Wishes, isFloorGiven: boolean): void {
     let answer: Guidance | { readonly problem: GuidanceProblem } | null = null;
     if (from && to) {
@@ -142,8 +153,9 @@ export class Shown {
     const problem = answer && "problem" in answer ? answer.problem : null;
     const guidance = answer && "steps" in answer ? answer : null;
     this.map.showRoute(guidance);
-    if (guidance && !isFloorGiven) this.map.fit(guidance);
     this.#parts.showNote(problem?.text ?? guidance?.summary ?? null);
+    this.#changeCovered();
+    if (guidance && !isFloorGiven) this.map.fit(guidance);
     this.#emit("route", { guidance, problem } satisfies ShownRoute);
   }
 
