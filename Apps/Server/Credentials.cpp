@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <boost/algorithm/string/predicate.hpp>
+#include <boost/uuid/name_generator_sha1.hpp>
+#include <boost/uuid/uuid_io.hpp>
 
 #include "Platform/Foundation/Base64.hpp"
 
@@ -23,7 +25,8 @@ bool equalInConstantTime(std::string_view given, std::string_view expected) {
 
 // The expected header always contains the colon, so it is never empty.
 Credentials::Credentials(std::string_view username, std::string_view password)
-    : encoded_(foundation::base64Encoded(std::string(username) + ':' + std::string(password))) {}
+    : encoded_(foundation::base64Encoded(std::string(username) + ':' + std::string(password))),
+      fileKey_(to_string(boost::uuids::name_generator_sha1(boost::uuids::ns::url())(encoded_))) {}
 
 bool Credentials::admit(std::string_view authorization) const {
   constexpr std::string_view scheme = "Basic ";
@@ -31,6 +34,10 @@ bool Credentials::admit(std::string_view authorization) const {
   authorization.remove_prefix(scheme.size());
   authorization.remove_prefix(std::min(authorization.find_first_not_of(' '), authorization.size()));
   return equalInConstantTime(authorization, encoded_);
+}
+
+bool Credentials::admitFile(std::string_view key) const {
+  return equalInConstantTime(key, fileKey_);
 }
 
 }  // namespace orivanta::server

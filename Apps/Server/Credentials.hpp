@@ -1,7 +1,6 @@
 // The user name and password that clients must send.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,8 +15,16 @@ class Credentials {
   /// many characters match.
   bool admit(std::string_view authorization) const;
 
+  /// Stands for the credentials in the URLs of files, because clients request those without an
+  /// account. The same for the same credentials. Whoever has it can try passwords against it.
+  const std::string& fileKey() const { return fileKey_; }
+
+  /// Whether this is the key.
+  bool admitFile(std::string_view key) const;
+
  private:
   std::string encoded_;
+  std::string fileKey_;
 };
 
 }  // namespace orivanta::server

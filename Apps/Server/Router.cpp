@@ -70,14 +70,25 @@ Response Router::respond(const Request& request) {
 }
 
 Response Router::respondWithBody(const Request& request) {
-  const auto target = parseTarget(request.target);
+  auto target = parseTarget(request.target);
   if (target && webPage_.contains(*target))
     return webPage_.respond(request, *target, originFor(request));
-  if (!options_.credentials || options_.credentials->admit(request.authorization))
+  const bool hasKey = target && takeKey(*target);
+  if (!options_.credentials || hasKey || options_.credentials->admit(request.authorization))
     return respondToAdmitted(request, target);
   Response response = errorResponse(401, "A user name and a password are required.");
   response.headers.emplace_back("WWW-Authenticate", R"(Basic realm="venues", charset="UTF-8")");
   return response;
+}
+
+// Removes the key of a request for a file. Returns false if there is none, or a wrong one.
+bool Router::takeKey(Target& target) const {
+  auto& path = target.path;
+  if (!options_.credentials || path.size() < 5 || path[0] != "1" || path[1] != "key" ||
+      path[3] != "1" || path[4] != "files" || !options_.credentials->admitFile(path[2]))
+    return false;
+  path.erase(path.begin(), path.begin() + 3);
+  return true;
 }
 
 Response Router::respondToAdmitted(const Request& request, const std::optional<Target>& target) {
@@ -158,15 +169,18 @@ Response Router::page(const Request& request, const Target& target, const Paged&
   if (paging->page > paging->pageCount)
     return errorResponse(404, fmt::format("The last page is {}.", paging->pageCount));
   const std::string origin = originFor(request);
+  const std::string fileOrigin =
+      options_.credentials ? fmt::format("{}/1/key/{}", origin, options_.credentials->fileKey())
+                           : origin;
   const auto languages = preferredLanguages(request, records);
   const bool gzip = acceptsGzip(request.acceptEncoding);
   const std::size_t first = paging->firstRecord();
   const std::size_t count = std::min(paging->pageSize, records.size() - first);
   const auto key = fmt::format("{} {} {} {} {} {}", paged.key, first, count,
-                               records.dependsOnOrigin() ? origin : std::string(), gzip,
+                               records.dependsOnOrigin() ? fileOrigin : std::string(), gzip,
                                fmt::join(languages, " "));
   const auto representation = cache_.get(
-      key, [&] { return represented(records.page(first, count, origin, languages), gzip); });
+      key, [&] { return represented(records.page(first, count, fileOrigin, languages), gzip); });
   if (!representation) return unavailableResponse("Too many pages are being sent.");
   Response response = representationResponse(request, representation, "application/json",
                                              "Accept-Encoding, Accept-Language");

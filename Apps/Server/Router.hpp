@@ -30,7 +30,8 @@ namespace orivanta::server {
 ///   `?venue=SLUG`: a collection of a venue;
 /// - `/1/closure?venue=SLUG`: what the operator has closed, from the package's closure.json;
 /// - `/1/route?venue=SLUG&from=PLACE&to=PLACE`: a route with instructions, see Docs/RouteApi.md;
-/// - `/1/files/SLUG/...`: the files of a package;
+/// - `/1/files/SLUG/...`: the files of a package; with credentials, also
+///   `/1/key/KEY/1/files/SLUG/...`, which records name and which needs no account;
 /// - all paths that do not begin with `/1`: the web page, see `WebPage`.
 ///
 /// Collections are paged: `page` (from 1) and `per-page` select a page, and a `Link` header names
@@ -78,6 +79,7 @@ class Router {
   Response route(const Request& request, const Target& target, const PackageSet& packages);
   Response file(const Request& request, const Target& target, const PackageSet& packages);
   std::string originFor(const Request& request) const;
+  bool takeKey(Target& target) const;
 
   Options options_;
   PackageStore packages_;

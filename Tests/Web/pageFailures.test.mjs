@@ -75,6 +75,7 @@ test("failures", async (t) => {
     await tab.page.keyboard.press("Enter");
     await tab.waitForText(".bar-title", "Astrolabe Court");
     await tab.waitForText(".tile", "Toilets");
+    await mapIsShown(tab); // its files need no account
 
     // A kiosk loads itself again, and nobody is there.
     await tab.page.goto(`${new URL("/", guarded.endpoint).href}?kiosk=1`);

@@ -40,8 +40,8 @@ export function addressOf(state: State, current: string): string {
   return url.href;
 }
 
-/** What a visitor takes for a page of its own and closes with the browser's button "Back", and the height of the sheet. */
-const layers = ["typed", "isSearching", "choosing", "browsing", "step", "sheet"] as const;
+/** What a visitor takes for a page of its own and closes with the browser's button "Back", and what belongs to it. */
+const layers = ["typed", "isSearching", "choosing", "browsing", "routeIndex", "step", "sheet"] as const;
 type Layers = Pick<Ui, (typeof layers)[number]>;
 
 const layersOf = (ui: Ui): Layers => Object.fromEntries(layers.map((name) => [name, ui[name]])) as Layers;
@@ -79,7 +79,8 @@ export function startLinks(app: App, keepsHistory: boolean): void {
   addEventListener("popstate", () => {
     if (isClosing) {
       isClosing = false;
-      return write("replaceState", entry().depth);
+      history.replaceState(history.state, "", addressOf(store.state, location.href));
+      return keepLayers();
     }
     store.applyState(stateOf(location.href)); // first: another venue begins without layers
     app.changeUi(entry().layers);
@@ -92,7 +93,7 @@ export function startLinks(app: App, keepsHistory: boolean): void {
       isNew = true;
     } else history.replaceState(history.state, "", addressOf(state, location.href));
   });
-  app.on(() => {
+  const keepLayers = () => {
     if (!keepsHistory || isClosing) return;
     const { layers: known, depth } = entry();
     const opened = heightOf(app.ui) - heightOf(known);
@@ -105,5 +106,6 @@ export function startLinks(app: App, keepsHistory: boolean): void {
       write("replaceState", depth);
     }
     isNew = false;
-  });
+  };
+  app.on(keepLayers);
 }

@@ -83,7 +83,8 @@ export class MapHost {
   #forget(): void {
     // After a fatal stop, nothing can be called.
     if (this.#shown && this.#app.orivanta) {
-      this.#framing.former = this.#shown.formerView;
+      const isSame = this.#app.store.state.venue === this.#venue?.slug;
+      this.#framing.former = isSame ? this.#shown.formerView : null;
       this.#shown.view.destroy();
     }
     this.#shown = null;

@@ -16,6 +16,9 @@ const renewalPause = 10_000; // milliseconds between looks at the clock
 
 type PageName = "loading" | "failure" | "venues" | "results" | "browse" | "card" | "walk" | "route";
 
+/** They are opened from the others, to which the user comes back. */
+const detailPages: readonly PageName[] = ["card", "walk"];
+
 /** The element of the panel, and what it shows. */
 export class Panel {
   readonly element: HTMLElement;
@@ -27,6 +30,8 @@ export class Panel {
   #page: PageName = "loading";
   #shown = ""; // what the content was made of
   #view = ""; // what the user takes for one page
+  readonly #tops = new Map<string, number>(); // how far pages were scrolled
+  #spot = ""; // what that belongs to
   #venue: object | null = null;
 
   constructor(app: App, search: SearchField, session: Session) {
@@ -56,16 +61,19 @@ export class Panel {
     const view = JSON.stringify([page, state.place, page === "browse" && [browsing.page, "kind" in browsing && browsing.kind]]);
     const isNew = view !== this.#view;
     const former = this.#page;
+    this.#tops.set(this.#spot, this.#content.scrollTop);
+    this.#spot = JSON.stringify([view, state.from, state.to]);
     this.#shown = key;
     this.#venue = venue;
     this.#view = view;
     this.#page = page;
-    const top = this.#content.scrollTop;
+    const isBack = detailPages.includes(former) && !detailPages.includes(page);
+    const top = isBack ? this.#tops.get(this.#spot) : isNew ? 0 : this.#content.scrollTop;
     const hadFocus = this.#content.contains(document.activeElement);
     const isOpen = !isNew && this.#content.querySelector("details[open]") !== null;
     keepingFocus(this.#content, () => this.#content.replaceChildren(...this.#make(page)));
     if (isOpen) this.#content.querySelector("details")?.setAttribute("open", "");
-    this.#content.scrollTop = isNew ? 0 : top;
+    this.#content.scrollTop = top ?? 0;
     if (isNew || hadFocus) this.#moveFocus(former, page, hadFocus);
   }
 

@@ -6,7 +6,6 @@ import { choosePlace, closeSearch, goToNearest, openSearch } from "./actions.js"
 import type { App } from "./app.js";
 import { h, setAttribute } from "./dom.js";
 import { icon } from "./icons.js";
-import { kindIcon } from "./kindIcon.js";
 import { rowContent } from "./Panels/rows.js";
 import { startBrowsing } from "./ui.js";
 
@@ -91,10 +90,7 @@ export class SearchField {
     const content =
       "place" in found
         ? rowContent(app, app.shown!.places.get(found.place.place.id) ?? placeOf(found.place), found.place.category)
-        : [
-            kindIcon(found.nearest.kind),
-            h("span", { class: "row-texts" }, h("span", { class: "row-name" }, found.nearest.title), h("span", { class: "row-detail" }, app.t("nearest.detail"))),
-          ];
+        : rowContent(app, { id: "", kind: found.nearest.kind, name: found.nearest.title, floors: "" }, app.t("nearest.detail"));
     return h(
       "div",
       {

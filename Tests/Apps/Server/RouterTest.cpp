@@ -216,6 +216,25 @@ TEST_F(RouterTest, CredentialsAreRequiredOfEveryRequest) {
   }
 }
 
+// Clients request files without an account.
+TEST_F(RouterTest, FilesThatRecordsNameNeedNoAccount) {
+  Router router = this->router(2, Credentials("user", "pass:word"));
+  const std::string account = "Basic " + foundation::base64Encoded("user:pass:word");
+  const Response maps = router.respond({.target = "/1/map?venue=mall", .authorization = account});
+  const auto url = boost::json::parse(*maps.text).at(0).at("scene").at("obj").as_string();
+  const std::string target(url.subview(std::string_view("http://me:1").size()));
+  EXPECT_EQ(get(router, target).status, 200U) << target;
+  EXPECT_EQ(router.respond({.target = target, .authorization = account}).status, 200U);
+  const std::string key = target.substr(0, target.find("/files/"));  // with "/1" at its end
+  const std::string file = "/files/mall/maps/floor.obj";
+  for (const std::string& other :
+       {key + "/venue", key + "/node?venue=mall", key, key + "/files/", key + key + file,
+        "/1/key/" + key + file, "/1/key//1" + file, "/1" + file})
+    EXPECT_NE(get(router, other).status, 200U) << other;
+  Router changed = this->router(2, Credentials("user", "other"));
+  EXPECT_EQ(get(changed, target).status, 401U);
+}
+
 TEST_F(RouterTest, LargeTextsAreCompressedForThoseWhoAcceptIt) {
   root_.write("mall/category.json", R"([{"id": ")" + std::string(3000, 'c') + "\"}]");
   Router router = this->router();

@@ -123,8 +123,9 @@ export class Parts {
       return new DOMRect(x - area.x, y - area.y, width, height);
     };
     const [floors, note] = [boxOf(this.#floors), boxOf(this.#note)];
-    // A part that is hidden, also by a style sheet of the page, has no size.
-    return { covered: [floors, note].filter(({ height }) => height > 0), note: note.height > 0 ? area.height - note.y : 0 };
+    // A style sheet of the page may hide a part, which has no size then, or put it elsewhere.
+    const isBelow = note.height > 0 && note.y > area.height / 2;
+    return { covered: [floors, note].filter(({ height }) => height > 0), note: isBelow ? area.height - note.y : 0 };
   }
 
   /** Shows a text on the map for a short time. */

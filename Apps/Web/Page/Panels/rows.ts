@@ -23,8 +23,8 @@ export function backLine(app: App, title: string, count: number | null, goBack: 
   );
 }
 
-/** What a row of a place shows. */
-export function rowContent(app: App, place: CatalogPlace, detail: string): Node[] {
+/** What a row of a place, or of a choice of places, shows. */
+export function rowContent(app: App, place: Pick<CatalogPlace, "id" | "kind" | "name" | "floors">, detail: string): Node[] {
   return [
     kindIcon(place.kind, app.closed.includes(place.id)),
     h("span", { class: "row-texts" }, h("span", { class: "row-name" }, h("bdi", {}, place.name)), detail ? h("span", { class: "row-detail" }, h("bdi", {}, detail)) : null),
