@@ -149,6 +149,23 @@ TEST(ImportNetwork, OneWayStops) {
   EXPECT_EQ(plan.way("escalator/1", "escalator/2"), -1.0);
 }
 
+// Round an exhibit in a hall, the main lines lead past the stairs at a distance.
+TEST(ImportNetwork, StraightWaysToStopsInSight) {
+  Plan plan(
+      {"#####......................", "#####......................", "#####......................",
+       "#####......................", "#####.....#########........", "...........................",
+       "...........................", "#####......................", "#####......................",
+       "##########+################", "######AAAAAAAAA############"});
+  Connector stairs;
+  stairs.id = "stairs";
+  stairs.stops = {{{0.0, {5.0, 6.5}}, "", true, true}};
+  plan.building.connectors = {stairs};
+  plan.make();
+  const double straight = package::distance(plan.find('+'), {5.0, 6.5});
+  EXPECT_LE(plan.way("door1", "stairs/1"), 1.05 * straight);
+  EXPECT_EQ(plan.linesThroughWalls(), 0);
+}
+
 TEST(ImportNetwork, GuessedDoors) {
   const std::vector<std::string> rows{"CCCC##BBBB", "CCCC##BBBB", "AAAA##BBBB", "..........",
                                       ".........."};
