@@ -19,7 +19,7 @@ using Index = std::uint32_t;
 
 constexpr std::size_t sectors = 16;
 constexpr double farFromLines = 2.0;  // meters
-constexpr double mostGap = 0.3;
+constexpr double mostGap = 0.6;
 constexpr double nearStop = 6.5;  // along the lines
 
 // Which lines are added, in meters.
