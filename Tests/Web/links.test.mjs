@@ -34,8 +34,38 @@ test("links", { timeout: 180_000 }, async (t) => {
     await tab.waitForText("h2", "The Paper Kestrel");
     assert.equal((await query(tab)).to, undefined);
     await page.goForward();
-    await page.waitForSelector("[data-key=from]");
+    await page.waitForSelector("[placeholder='Where do you start?']"); // as before
     assert.equal((await query(tab)).to, "paper-kestrel");
+    await tab.close();
+  });
+
+  await t.test("the history leads back from the search, lists and instructions", async () => {
+    const tab = await open("venue=astrolabe-court");
+    const { page } = tab;
+    await tab.waitForText(".tile", "Toilets");
+    const entries = await page.evaluate(() => history.length);
+    await page.click("#search");
+    await page.type("#search", "kestrel");
+    await tab.clickText("[role=option]", "The Paper Kestrel");
+    await tab.waitForText("h2", "The Paper Kestrel");
+    await page.goBack();
+    await tab.waitForText("[role=option]", "The Paper Kestrel");
+    assert.equal(await page.$eval("#search", ({ value }) => value), "kestrel");
+    await page.goBack();
+    await tab.clickText(".tile", "Toilets");
+    await tab.clickText(".row", "Toilets, first floor");
+    await tab.waitForText("h2", "Toilets, first floor");
+    await page.goBack();
+    await tab.waitForText(".back-line", "Toilets");
+    await tab.clickText(".back-line button", ""); // the entry of the list goes with it
+    await tab.waitForText(".tile", "Cash");
+    await page.goto(`${origin}/?venue=astrolabe-court&from=paper-kestrel&to=popcorn-nebula`);
+    await tab.clickText(".step", "");
+    await tab.waitForText(".walk-number", "Step 1 of");
+    await page.goBack();
+    await page.waitForSelector(".step");
+    assert.equal((await query(tab)).to, "popcorn-nebula");
+    assert.ok((await page.evaluate(() => history.length)) <= entries + 4);
     await tab.close();
   });
 

@@ -43,11 +43,24 @@ test("the page without a connection", { timeout: 240_000 }, async (t) => {
     await session.detach();
   });
 
+  const noticeIsBelowTheBar = async () => {
+    const { width, height } = page.viewport();
+    await page.setViewport({ width: 390, height: 844 });
+    await page.waitForFunction(() =>
+      [...document.querySelectorAll(".bar button")].every((button) => {
+        const { x, y, width, height } = button.getBoundingClientRect();
+        return !button.checkVisibility() || button.contains(document.elementFromPoint(x + width / 2, y + height / 2));
+      }),
+    );
+    await page.setViewport({ width, height });
+  };
+
   for (const mode of ["closed", "busy", "silent"])
     await t.test(`the server is ${mode}, and comes back`, async () => {
       proxy.mode = mode;
       await open();
       await notice("No connection. Showing the map of");
+      if (mode === "closed") await noticeIsBelowTheBar();
       proxy.mode = "pass";
       await notice("The connection is back");
       await routeIsShown();
@@ -117,6 +130,14 @@ test("the page without a connection", { timeout: 240_000 }, async (t) => {
     await page.waitForFunction(async () => !(await caches.keys()).includes("orivanta-page-2"));
     proxy.mode = "closed";
     await open();
+    // An update whose files could not be stored any more.
+    await page.evaluate(async (name) => {
+      await caches.delete(name);
+      const former = await caches.open("orivanta-page-3");
+      await former.put(new URL("index.html", document.baseURI), new Response("<p>former", { headers: { "Content-Type": "text/html" } }));
+    }, (await page.evaluate(() => caches.keys())).find((name) => /^orivanta-page-\w{2,}/.test(name)));
+    await page.goto(address);
+    await tab.waitForText("p", "former");
   });
   await tab.close();
 });

@@ -60,15 +60,30 @@ test("failures", async (t) => {
     t.after(guarded.stop);
     const tab = await open(t, new URL("/", guarded.endpoint).href);
     tab.expect(/status of 401/);
-    await tab.waitForText(".is-problem", "The server rejected the credentials");
+    await tab.waitForText(".is-problem h2", "Sign in");
+    await tab.page.waitForSelector("form");
     await accessible(tab, "credentials");
     const filled = () => tab.page.$eval("[name=password]", (input) => input.autocomplete);
     assert.equal(await filled(), "current-password");
     assert.ok(await tab.page.$eval(".message h2", (title) => title === document.activeElement));
     await tab.page.type("[name=username]", "guest");
+    await tab.page.type("[name=password]", "wrong");
+    await tab.page.keyboard.press("Enter");
+    await tab.waitForText(".is-problem", "The server rejected the credentials");
+    await tab.page.waitForFunction(() => document.querySelector("[name=username]")?.value === "guest");
     await tab.page.type("[name=password]", "secret");
     await tab.page.keyboard.press("Enter");
     await tab.waitForText(".bar-title", "Astrolabe Court");
+    await tab.waitForText(".tile", "Toilets");
+
+    // A kiosk loads itself again, and nobody is there.
+    await tab.page.goto(`${new URL("/", guarded.endpoint).href}?kiosk=1`);
+    await tab.page.waitForSelector("form");
+    await tab.page.type("[name=username]", "guest");
+    await tab.page.type("[name=password]", "secret");
+    await tab.page.keyboard.press("Enter");
+    await tab.waitForText(".tile", "Toilets");
+    await tab.page.reload();
     await tab.waitForText(".tile", "Toilets");
 
     const strange = await strangeServer(t, (_, response) => response.writeHead(401, { "WWW-Authenticate": "Basic" }).end());

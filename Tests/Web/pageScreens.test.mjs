@@ -53,6 +53,18 @@ for (const [name, size, start = "?"] of screens) {
   });
 }
 
+test("a phone is turned", async (t) => {
+  const tab = await openVenue(t, "?from=paper-kestrel&to=popcorn-nebula", { width: 390, height: 844, isTouch: true });
+  const { page } = tab;
+  await mapIsShown(tab);
+  await page.waitForSelector(".floor.is-on-route");
+  await page.setViewport({ width: 844, height: 390, isMobile: true, hasTouch: true });
+  await page.waitForFunction(() => {
+    const [floors, shown] = [".floors", ".floor[aria-pressed=true]"].map((each) => document.querySelector(each).getBoundingClientRect());
+    return shown.top >= floors.top - 1 && shown.bottom <= floors.bottom + 1;
+  });
+});
+
 test("the sheet of a small screen", async (t) => {
   const tab = await openVenue(t, "", { width: 390, height: 844, isTouch: true });
   const { page } = tab;

@@ -5,8 +5,9 @@ import type { LoadedMap, OrivantaMapEventMap } from "./element/events.js";
 import { use, type Use } from "./element/instance.js";
 import { Parts } from "./element/parts.js";
 import { optionsOf, Shown } from "./element/shown.js";
-import { languageOfTexts, textOfKind, textsFor } from "./element/texts.js";
+import { textOfKind, textsFor } from "./element/texts.js";
 import { OrivantaError } from "./errors.js";
+import { bestLanguage } from "./languages.js";
 import type { LoadProgress } from "./loads.js";
 import type { Venue } from "./venue.js";
 import type { ModuleFiles } from "./wasm.js";
@@ -125,7 +126,7 @@ export class OrivantaMapElement extends Base {
     const { signal } = (this.#loading = new AbortController());
     const language = this.#languageOrDefault();
     const texts = textsFor(language);
-    this.#parts.setLanguage(languageOfTexts(language));
+    this.#parts.setLanguage(bestLanguage(language));
     this.#parts.showMessage(texts.loading, null, null);
     this.#use = use(OrivantaMapElement.files, (message) => this.#fail(new OrivantaError("fatal", message)));
     former?.end();
@@ -143,9 +144,12 @@ export class OrivantaMapElement extends Base {
       });
       if (signal.aborted) return venue.destroy();
       this.#venue = venue;
-      const map = await venue.show(this.#parts.showCanvas(venue.name, language), optionsOf(this, venue, language));
+      const [map, closed] = await Promise.all([
+        venue.show(this.#parts.showCanvas(venue.name, language), optionsOf(this, venue, language)),
+        venue.closures({ signal }).catch(() => []), // routes work without it
+      ]);
       if (signal.aborted) return map.destroy();
-      this.#shown = new Shown(venue, map, this.#parts, language, this, (type, detail) => this.#emit(type, detail));
+      this.#shown = new Shown({ venue, map, closed }, this.#parts, language, this, (type, detail) => this.#emit(type, detail));
       this.#shown.showFloors(texts.floors);
     } catch (error) {
       if (!signal.aborted) this.#fail(error);
@@ -165,7 +169,7 @@ export class OrivantaMapElement extends Base {
     const cause = error instanceof OrivantaError ? error : new OrivantaError("unusable", String(error));
     const language = this.#languageOrDefault();
     const texts = textsFor(language);
-    this.#parts.setLanguage(languageOfTexts(language));
+    this.#parts.setLanguage(bestLanguage(language));
     const text = texts[textOfKind(cause.kind)].replace("{slug}", this.venue ?? "");
     this.#parts.showMessage(text, null, texts.retry);
     this.#emit("error", cause);
@@ -190,16 +194,14 @@ declare global {
   }
 }
 
+interface EventMap extends Omit<HTMLElementEventMap, keyof OrivantaMapEventMap>, OrivantaMapEventMap {}
+
+type Listener<Type extends keyof EventMap> = (this: OrivantaMapElement, event: EventMap[Type]) => unknown;
+
 /** Typed events. */
 export interface OrivantaMapElement {
-  addEventListener<Type extends keyof OrivantaMapEventMap>(
-    type: Type,
-    listener: (this: OrivantaMapElement, event: OrivantaMapEventMap[Type]) => void,
-    options?: boolean | AddEventListenerOptions,
-  ): void;
-  addEventListener(
-    type: string,
-    listener: EventListenerOrEventListenerObject,
-    options?: boolean | AddEventListenerOptions,
-  ): void;
+  addEventListener<Type extends keyof EventMap>(type: Type, listener: Listener<Type>, options?: boolean | AddEventListenerOptions): void;
+  addEventListener(type: string, listener: EventListenerOrEventListenerObject, options?: boolean | AddEventListenerOptions): void;
+  removeEventListener<Type extends keyof EventMap>(type: Type, listener: Listener<Type>, options?: boolean | EventListenerOptions): void;
+  removeEventListener(type: string, listener: EventListenerOrEventListenerObject, options?: boolean | EventListenerOptions): void;
 }

@@ -2,6 +2,7 @@ export { Orivanta } from "./orivanta.js";
 export type { ServerSettings, VenueEntry, VenueOptions, VenuePackage } from "./orivanta.js";
 export { OrivantaError } from "./errors.js";
 export type { ErrorKind } from "./errors.js";
+export { bestLanguage } from "./languages.js";
 export type { LoadProgress } from "./loads.js";
 export type { ModuleFiles, WasmSource } from "./wasm.js";
 export { MapView } from "./map/view.js";

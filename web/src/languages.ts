@@ -12,7 +12,9 @@ const files: Readonly<Record<string, () => URL>> = {
   ja: () => new URL("./languages/ja.mo", import.meta.url),
 };
 
-/** Returns the best language for a list of tags as in `Accept-Language`, or "en". */
+/**
+ * Returns the language of messages, such as "de", that fits a list of tags as in `Accept-Language` best, or "en".
+ */
 export function bestLanguage(preferred: string): string {
   const wanted = preferred.split(",").map((each) => {
     const [tag = "", weight] = each.split(";").map((part) => part.trim().toLowerCase());

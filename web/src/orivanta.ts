@@ -1,5 +1,6 @@
 // The entry point: one instance of the WebAssembly module, which loads any number of venues.
 
+import type { VenueServer } from "./closures.js";
 import { Engine } from "./engine.js";
 import { OrivantaError, type ErrorKind } from "./errors.js";
 import { Languages } from "./languages.js";
@@ -151,7 +152,7 @@ export class Orivanta {
     const { signal, onProgress, accessible = false, ...settings } = { ...this.#settingsFor(options), ...options };
     const load = { ...settings, endpoint: endpointOf(settings.endpoint), slug, accessible };
     const order = { settings: load, progressed: onProgress, signal };
-    return this.#opened(await this.#load(order, settings.languages), slug);
+    return this.#opened(await this.#load(order, settings.languages), slug, load);
   }
 
   /** Loads a venue from its records, without a server. */
@@ -166,7 +167,7 @@ export class Orivanta {
     if (report.venue === undefined && !report.failures.length) {
       throw new OrivantaError("unusable", `the records of the venue "${slug}" are incomplete or cannot be read`);
     }
-    return this.#opened(report, slug);
+    return this.#opened(report, slug, null);
   }
 
   /**
@@ -201,9 +202,9 @@ export class Orivanta {
     return report;
   }
 
-  #opened(report: LoadReport, slug: string): Venue {
+  #opened(report: LoadReport, slug: string, server: VenueServer | null): Venue {
     const problems = report.failures.map((each) => Object.freeze(each as LoadProblem));
-    if (report.venue !== undefined) return new Venue(this.#engine, report.venue, Object.freeze(problems));
+    if (report.venue !== undefined) return new Venue(this.#engine, report.venue, Object.freeze(problems), server);
     const [first] = problems;
     if (!first) throw new OrivantaError("notFound", `there is no venue "${slug}"`);
     throw new OrivantaError(first.kind, first.reason, first.status);

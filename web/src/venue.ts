@@ -1,5 +1,6 @@
 // A loaded venue: its records, routes and search.
 
+import { closuresOf, type VenueServer } from "./closures.js";
 import type { Engine } from "./engine.js";
 import { OrivantaError, type ErrorKind } from "./errors.js";
 import {
@@ -49,11 +50,13 @@ export class Venue {
 
   readonly #module: VenueModule;
   readonly #records: VenueRecords;
+  readonly #server: VenueServer | null;
   #map: MapView | null = null;
 
   /** For `Orivanta.venue`. */
-  constructor(engine: Engine, number: number, problems: readonly LoadProblem[]) {
+  constructor(engine: Engine, number: number, problems: readonly LoadProblem[], server: VenueServer | null) {
     this.problems = problems;
+    this.#server = server;
     this.#module = new VenueModule(engine, number);
     this.#records = new VenueRecords(this.#module);
     ({ id: this.id, slug: this.slug, name: this.name } = this.#records);
@@ -97,6 +100,16 @@ export class Venue {
   /** Returns the place or connector with this identifier. */
   placeNamed(id: string): Place | undefined {
     return this.#records.placeNamed(id);
+  }
+
+  /**
+   * Asks the server for the identifiers of what is closed at the moment: connectors, places and nodes, for
+   * `GuideRequest.closed` and `MapView.setClosures`. Servers without such a list close nothing, and neither does a
+   * venue that `Orivanta.open` has loaded. Rejected with an `OrivantaError` if the list cannot be had.
+   */
+  async closures({ signal }: { signal?: AbortSignal } = {}): Promise<readonly string[]> {
+    this.#module.check();
+    return Object.freeze(this.#server ? await closuresOf(this.#server, this.slug, signal) : []);
   }
 
   /** Searches a route. Returns null if there is none. */

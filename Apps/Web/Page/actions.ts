@@ -1,6 +1,6 @@
 // What the user can do with places and routes.
 
-import type { Nearest } from "orivanta";
+import type { Guidance, Nearest } from "orivanta";
 
 import type { App } from "./app.js";
 import { startBrowsing } from "./ui.js";
@@ -71,6 +71,12 @@ export function swapEnds(app: App, found: string | null): void {
   app.changeUi({ routeIndex: 0, step: null });
   const start = to?.startsWith("nearest:") ? found : to;
   app.store.change({ from: start, to: from, via: [...via].reverse() });
+}
+
+/** Shows an instruction of the route alone, and reads it. The title of its page gets the focus, which only counts. */
+export function showStep(app: App, route: Guidance, step: number): void {
+  app.changeUi({ step, sheet: app.ui.step === null ? "half" : app.ui.sheet });
+  app.announce(route.steps[step]!.text);
 }
 
 export function endRoute(app: App): void {

@@ -3,6 +3,7 @@
 import type { Floor } from "orivanta";
 
 import type { App } from "./app.js";
+import { floorName } from "./floorName.js";
 import { h, keepingFocus } from "./dom.js";
 import { shownRoute } from "./Panels/route.js";
 
@@ -17,6 +18,7 @@ export class FloorSwitch {
   constructor(app: App, current: () => Floor | null) {
     this.#app = app;
     this.#current = current;
+    new ResizeObserver(() => this.#showCurrent()).observe(this.element);
   }
 
   update(): void {
@@ -30,12 +32,17 @@ export class FloorSwitch {
     this.#shown = key;
     this.element.setAttribute("aria-label", app.t("page.floors"));
     keepingFocus(this.element, () => this.element.replaceChildren(...floors.map((floor, index) => this.#button(floor, floor === current, onRoute.has(floor), floors.length - index))));
+    this.#showCurrent();
+  }
+
+  // The floors scroll where there is no room for all of them.
+  #showCurrent(): void {
     this.element.querySelector("[aria-pressed=true]")?.scrollIntoView({ block: "nearest" });
   }
 
   // The number, from below, is that of a floor without a name.
   #button(floor: Floor, isCurrent: boolean, isOnRoute: boolean, number: number): HTMLElement {
-    const name = floor.name || floor.shortName || String(number);
+    const name = floorName(floor) || String(number);
     return h(
       "button",
       {

@@ -1,6 +1,9 @@
-// Keeps the state in the address of the page: ?venue=…&floor=…&place=…&from=…&to=…&via=…&profile=…
+// Keeps the state in the address of the page (?venue=…&floor=…&place=…&from=…&to=…&via=…&profile=…), and what a
+// visitor can go back from in the history of the browser.
 
-import { startState, type State, type StateStore } from "./state.js";
+import type { App } from "./app.js";
+import { startState, type State } from "./state.js";
+import { startUi, type Ui } from "./ui.js";
 
 const names = ["venue", "floor", "place", "from", "to", "profile"] as const;
 const profiles: readonly string[] = ["fastest", "step-free", "prefer-lift", "no-escalator"];
@@ -37,20 +40,70 @@ export function addressOf(state: State, current: string): string {
   return url.href;
 }
 
+/** What a visitor takes for a page of its own and closes with the browser's button "Back". */
+const layers = ["typed", "isSearching", "choosing", "browsing", "step"] as const;
+type Layers = Pick<Ui, (typeof layers)[number]>;
+
+const layersOf = (ui: Ui): Layers => Object.fromEntries(layers.map((name) => [name, ui[name]])) as Layers;
+
+/** Returns how many of the layers are open. */
+const heightOf = ({ isSearching, browsing, step }: Layers): number =>
+  Number(isSearching) + Number(browsing.page !== "start") + Number(step !== null);
+
+/** What an entry of the history knows besides the address. */
+interface Entry {
+  readonly layers: Layers;
+  /** How many entries before it have the same address and fewer open layers. */
+  readonly depth: number;
+}
+
 /**
- * Applies the address to the state, now and when the user goes back, and writes changes of the state to it. Without
- * `keepsHistory`, the user cannot go back. `wentBack` is called when the user goes back or forward.
+ * Applies the address to the state, now and when the user goes back, and writes changes of the state to it. The search,
+ * lists of places and single instructions get entries of the history as well, without an address of their own. Without
+ * `keepsHistory`, the user cannot go back.
  */
-export function startLinks(store: StateStore, keepsHistory: boolean, wentBack: () => void): void {
+export function startLinks(app: App, keepsHistory: boolean): void {
+  const { store } = app;
+  let isClosing = false; // the page goes back by itself, since a layer was closed
+  let isNew = false; // the entry: what opens together with a view needs no entry of its own
+  const entry = (): Entry => {
+    const kept = history.state as Partial<Entry> | null; // maybe of another version of the page
+    return { layers: kept?.layers ?? layersOf(startUi), depth: kept?.depth ?? 0 };
+  };
+  const write = (way: "pushState" | "replaceState", depth: number) => {
+    const written: Entry = { layers: layersOf(app.ui), depth };
+    history[way](written, "", addressOf(store.state, location.href));
+  };
   store.applyState(stateOf(location.href));
+  app.changeUi(entry().layers); // those before a reload
   addEventListener("popstate", () => {
-    wentBack();
+    if (isClosing) {
+      isClosing = false;
+      return write("replaceState", entry().depth);
+    }
+    app.changeUi(entry().layers);
     store.applyState(stateOf(location.href));
   });
   store.on((state, { former, isApplied, isNewView }) => {
     if (isApplied) return;
     const isOther = (["venue", "place", "to"] as const).some((name) => state[name] !== former[name]);
-    const way = isOther && isNewView && keepsHistory ? "pushState" : "replaceState";
-    history[way](null, "", addressOf(state, location.href));
+    if (isOther && isNewView && keepsHistory) {
+      write("pushState", 0);
+      isNew = true;
+    } else history.replaceState(history.state, "", addressOf(state, location.href));
+  });
+  app.on(() => {
+    if (!keepsHistory || isClosing) return;
+    const { layers: known, depth } = entry();
+    const opened = heightOf(app.ui) - heightOf(known);
+    if (opened > 0 && !isNew) {
+      write("pushState", depth + 1);
+    } else if (opened < 0 && depth > 0) {
+      isClosing = true;
+      history.go(Math.max(opened, -depth));
+    } else if (JSON.stringify(layersOf(app.ui)) !== JSON.stringify(known)) {
+      write("replaceState", depth);
+    }
+    isNew = false;
   });
 }

@@ -5,7 +5,6 @@
 
 import { Orivanta } from "orivanta";
 
-import { closeSearch } from "./actions.js";
 import { App } from "./app.js";
 import { kioskOptionsOf, startsHere } from "./Kiosk/options.js";
 import { startLinks } from "./links.js";
@@ -37,11 +36,12 @@ async function start(): Promise<void> {
   const settings = new Settings(query);
   const kiosk = kioskOptionsOf(query);
   const [texts, later] = await Promise.all([Texts.load(settings.choices.language), kiosk && import("./later.js")]);
-  const app = new App({ endpoint: endpointOf(query.get("endpoint") ?? "1/"), username: "", password: "" }, settings, texts);
+  const server = { endpoint: endpointOf(query.get("endpoint") ?? "1/"), username: "", password: "" };
+  const app = new App(later?.withAccount(server) ?? server, settings, texts);
   app.loading = app.t("page.loading");
   app.kiosk = kiosk;
   if (kiosk) app.store.rule = startsHere(kiosk);
-  startLinks(app.store, !kiosk, () => closeSearch(app));
+  startLinks(app, !kiosk);
 
   const session = new Session(app);
   const map = new MapHost(app);

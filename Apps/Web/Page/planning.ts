@@ -7,7 +7,6 @@ import { localTime } from "./times.js";
 
 const alternatives = 2;
 const closuresPause = 60_000; // milliseconds between requests for what is closed
-const mostPages = 100; // of the list of what is closed
 
 /** Keeps `App.plan` and `App.closed` current. */
 export class Planning {
@@ -53,14 +52,13 @@ export class Planning {
     app.changed();
     const run = this.#run;
     // The page shows first that it is planning: the search of a route in a large venue takes a moment.
-    setTimeout(() => void this.#plan(run), 0);
+    setTimeout(() => this.#plan(run));
   }
 
-  async #plan(run: number): Promise<void> {
+  #plan(run: number): void {
     if (run !== this.#run) return;
     const app = this.#app;
-    const plan = await this.#answer();
-    if (run !== this.#run) return;
+    const plan = this.#answer();
     app.plan = plan;
     if (plan.kind === "problem") app.announce(plan.problem.text);
     if (plan.kind === "route") {
@@ -70,7 +68,7 @@ export class Planning {
     app.changed();
   }
 
-  async #answer(): Promise<Plan> {
+  #answer(): Plan {
     const app = this.#app;
     const { from, to, via, profile } = app.store.state;
     const departure = new Date();
@@ -91,50 +89,25 @@ export class Planning {
       language: app.texts.language,
     };
     try {
-      const answer = await app.shown!.venue.guide(request);
+      const answer = app.shown!.venue.guide(request);
       if ("problem" in answer) return { kind: "problem", problem: answer.problem };
       return { kind: "route", routes: [answer, ...answer.alternatives], departure };
     } catch (error) {
       if (!(error instanceof OrivantaError)) throw error;
-      if (error.kind === "fatal") throw error;
+      if (error.kind === "fatal") return { kind: "planning" }; // the page says so in place of the route
       return { kind: "problem", problem: { text: app.t("problem.unknownPlace") } }; // an old link, for example
     }
   }
 
-  // The server has a list of what is closed. Other servers may not; then nothing is.
   async #loadClosures(): Promise<void> {
     const app = this.#app;
     const venue = app.shown?.venue;
     if (!venue || document.hidden) return;
-    const closed: string[] = [];
-    try {
-      const first = new URL(`closure?venue=${encodeURIComponent(venue.slug)}`, app.server.endpoint);
-      let url: URL | null = first;
-      // The account is for this server only.
-      for (let page = 0; url?.origin === first.origin && page < mostPages; ++page) {
-        const response: Response = await fetch(url, { headers: accountOf(app), credentials: "omit", cache: "no-cache" });
-        if (!response.ok) return;
-        for (const record of (await response.json()) as { id?: unknown }[]) {
-          if (typeof record.id === "string") closed.push(record.id);
-        }
-        const next: string | undefined = /<([^>]+)>;\s*rel="?next"?/.exec(response.headers.get("Link") ?? "")?.[1];
-        url = next === undefined ? null : new URL(next, url);
-      }
-    } catch {
-      return; // no connection, or no list: what was known stays
-    }
+    const closed = await venue.closures().catch(() => app.closed); // without an answer, what was known stays
     if (app.shown?.venue !== venue || String(closed) === String(app.closed)) return;
     app.closed = closed;
     app.changed();
   }
-}
-
-// The header that the module sends as well.
-function accountOf(app: App): HeadersInit {
-  const { username, password } = app.server;
-  if (!username) return {};
-  const bytes = new TextEncoder().encode(`${username}:${password}`);
-  return { Authorization: `Basic ${btoa(String.fromCharCode(...bytes))}` };
 }
 
 /** Returns when a visitor arrives who departs with the plan; null if the venue has no scale. */

@@ -136,13 +136,16 @@ export class SearchField {
     this.searches += 1;
   }
 
-  // Another venue starts with an empty field, another language or newer data with new results.
+  // Another venue starts with an empty field, another language or newer data with new results. The text comes back
+  // when the user goes back.
   #searchAgain(): void {
-    const { shown, texts } = this.#app;
+    const { shown, texts, ui } = this.#app;
     const venue = shown?.venue ?? null;
-    if (venue === this.#venue && texts.language === this.#language) return;
+    const hasText = !ui.typed || ui.typed === this.#searched || this.#timer !== 0;
+    if (venue === this.#venue && texts.language === this.#language && hasText) return;
     this.#venue = venue;
     this.#language = texts.language;
+    if (!hasText) this.#searched = ui.typed;
     if (this.#searched) this.#lookFor(this.#searched);
   }
 

@@ -161,7 +161,7 @@ export class Session {
     const app = this.#app;
     const { kind, message } = error instanceof OrivantaError ? error : { kind: null, message: String(error) };
     if (kind === "refused") {
-      return this.#fail({ title: app.t("problem.rejected"), detail: app.server.endpoint, way: "signIn" });
+      return this.#fail({ title: app.t(app.server.username ? "problem.rejected" : "page.signIn"), detail: app.server.endpoint, way: "signIn" });
     }
     if (kind === "fatal") return; // the handler of fatal stops has said so
     const detail = kind === "noAnswer" ? `${app.t("problem.silent")}: ${message}` : message;

@@ -1,6 +1,6 @@
 // What the user chooses about the look of the page. The browser keeps it.
 
-import { bestLanguage } from "./texts.js";
+import { bestLanguage } from "orivanta";
 
 /** The choices. */
 export interface Choices {
@@ -39,7 +39,7 @@ export class Settings {
     const language = query.get("language") ?? stored.language;
     const theme = query.get("theme") ?? stored.theme;
     this.#choices = {
-      language: bestLanguage(language ? [language, ...navigator.languages] : navigator.languages),
+      language: bestLanguage([language ?? [], ...navigator.languages].join()),
       theme: theme === "light" || theme === "dark" ? theme : "automatic",
       textSize: textSizes.find((size) => size === Number(query.get("text") ?? stored.textSize)) ?? 1,
       highContrast: query.has("contrast") || (stored.highContrast ?? this.#contrast.matches),

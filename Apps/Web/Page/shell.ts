@@ -48,9 +48,9 @@ export class Shell {
       "div",
       { class: "map-buttons", role: "group" },
       this.#stacked,
-      this.#button("fit", "page.fit", () => map.view?.fit()),
-      this.#button("plus", "page.zoomIn", () => map.view?.zoomBy(1.5)),
-      this.#button("minus", "page.zoomOut", () => map.view?.zoomBy(1 / 1.5)),
+      this.#button("fit", "page.fit", () => map.fit()),
+      this.#button("plus", "page.zoomIn", () => map.zoomBy(1.5)),
+      this.#button("minus", "page.zoomOut", () => map.zoomBy(1 / 1.5)),
     );
     const bar = h(
       "header",
@@ -103,7 +103,7 @@ export class Shell {
       element.title = this.#app.t(key);
     }
     this.#mapButtons.style.visibility = this.#map.view ? "" : "hidden"; // with a size, which tells what it covers
-    this.#mapButtons.setAttribute("aria-label", this.#app.t("page.map"));
+    this.#mapButtons.setAttribute("aria-label", this.#app.t("page.map.view"));
     this.#stacked.setAttribute("aria-pressed", String(ui.isStacked));
     this.#stacked.hidden = (shown?.venue.floors.length ?? 0) < 2;
     this.#venues.hidden = !shown || (venues?.length ?? 0) < 2 || !!this.#app.kiosk?.venue;

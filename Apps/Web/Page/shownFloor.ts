@@ -3,6 +3,7 @@
 import type { Floor, MapView, Venue } from "orivanta";
 
 import type { App } from "./app.js";
+import { floorName } from "./floorName.js";
 import { showNotice } from "./notices.js";
 
 /** Keeps the floor of a map and that of the state the same. */
@@ -62,7 +63,7 @@ export class ShownFloor {
   #refuse(floor: Floor, state: "failed" | "withoutModel"): void {
     const app = this.#app;
     const key = state === "failed" ? "note.floor" : "note.model";
-    showNotice(app.t(key, { floor: floor.name || floor.shortName }), { seconds: 8 });
+    showNotice(app.t(key, { floor: floorName(floor) }), { seconds: 8 });
     this.#requested = this.floor;
     if (app.store.state.floor === floor.id) app.store.change({ floor: this.floor.id });
     this.#lost.set(floor, state);

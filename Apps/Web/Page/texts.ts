@@ -17,15 +17,6 @@ export const languages: readonly { readonly tag: string; readonly name: string }
   { tag: "ar", name: "العربية" },
 ];
 
-/** Returns the first language of a list of tags that the page has, or "en". */
-export function bestLanguage(tags: readonly string[]): string {
-  for (const tag of tags) {
-    const [language = ""] = tag.toLowerCase().split("-");
-    if (Object.hasOwn(files, language)) return language;
-  }
-  return "en";
-}
-
 /** The messages of a language. */
 export class Texts {
   readonly language: string;

@@ -115,6 +115,17 @@ export class Parts {
     this.#note.textContent = text;
   }
 
+  /** Returns what covers the map, in CSS pixels from its upper left corner, and the height up to the line below. */
+  covered(): { covered: DOMRect[]; note: number } {
+    const area = this.#root.host.getBoundingClientRect();
+    const boxOf = (part: HTMLElement) => {
+      const { x, y, width, height } = part.getBoundingClientRect();
+      return new DOMRect(x - area.x, y - area.y, width, height);
+    };
+    const covered = [this.#floors, this.#note].filter((part) => !part.hidden).map(boxOf);
+    return { covered, note: this.#note.hidden ? 0 : area.height - boxOf(this.#note).y };
+  }
+
   /** Shows a text on the map for a short time. */
   showHint(text: string): void {
     this.#hint.textContent = text;

@@ -65,15 +65,24 @@ export function optionsOf(wishes: Wishes, venue: Venue, language: string): ShowO
 export class Shown {
   readonly venue: Venue;
   readonly map: MapView;
+  readonly #closed: readonly string[];
   readonly #parts: Parts;
   readonly #language: string;
   readonly #emit: Emit;
   readonly #end = new AbortController();
 
-  /** Takes the map, which `destroy` destroys, but not the venue. */
-  constructor(venue: Venue, map: MapView, parts: Parts, language: string, wishes: Wishes, emit: Emit) {
+  /** Takes the map, which `destroy` destroys, but not the venue. `closed`: what is closed, see `Venue.closures`. */
+  constructor(
+    { venue, map, closed }: { venue: Venue; map: MapView; closed: readonly string[] },
+    parts: Parts,
+    language: string,
+    wishes: Wishes,
+    emit: Emit,
+  ) {
     this.venue = venue;
     this.map = map;
+    this.#closed = closed;
+    map.setClosures(closed);
     this.#parts = parts;
     this.#language = language;
     this.#emit = emit;
@@ -83,6 +92,9 @@ export class Shown {
       emit("floor", floor);
     });
     map.on("refused", (gesture) => parts.showHint(hintOf(gesture, language)));
+    const sizes = new ResizeObserver(() => this.#changeCovered());
+    sizes.observe(map.canvas);
+    this.#end.signal.addEventListener("abort", () => sizes.disconnect());
     dark().addEventListener("change", () => (map.theme = themeOf(wishes)), { signal: this.#end.signal });
   }
 
@@ -95,6 +107,7 @@ export class Shown {
       if (floor) this.map.floor = floor;
     });
     this.#parts.markFloor(this.map.floor.id);
+    this.#changeCovered();
   }
 
   /** Shows what attributes say. Empties the set of their names. */
@@ -118,10 +131,17 @@ export class Shown {
     this.map.destroy();
   }
 
+  // The scale bar stays above the note, and labels avoid both.
+  #changeCovered(): void {
+    const { covered, note } = this.#parts.covered();
+    this.map.setCovered(covered);
+    this.map.insets = { bottom: note };
+  }
+
   #plan({ from, to, profile }: Wishes, isFloorGiven: boolean): void {
     let answer: Guidance | { readonly problem: GuidanceProblem } | null = null;
     if (from && to) {
-      const request: GuideRequest = { from, to, language: this.#language };
+      const request: GuideRequest = { from, to, closed: this.#closed, language: this.#language };
       if (profile) request.profile = profile as ProfileName;
       try {
         answer = this.venue.guide(request);
@@ -133,8 +153,9 @@ export class Shown {
     const problem = answer && "problem" in answer ? answer.problem : null;
     const guidance = answer && "steps" in answer ? answer : null;
     this.map.showRoute(guidance);
-    if (guidance && !isFloorGiven) this.map.fit(guidance);
     this.#parts.showNote(problem?.text ?? guidance?.summary ?? null);
+    this.#changeCovered();
+    if (guidance && !isFloorGiven) this.map.fit(guidance);
     this.#emit("route", { guidance, problem } satisfies ShownRoute);
   }
 

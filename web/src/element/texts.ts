@@ -1,18 +1,13 @@
 // What an element says, in the languages of the instructions.
 
 import type { ErrorKind } from "../errors.js";
+import { bestLanguage } from "../languages.js";
 import type { RefusedGesture } from "../map/types.js";
 import texts, { type ElementTexts } from "../element-texts.js";
 
-/** Returns the tag of the texts for a language, such as "de" for "de-AT", or "en". */
-export function languageOfTexts(language: string): string {
-  const tag = language.toLowerCase().split("-")[0]!;
-  return Object.hasOwn(texts, tag) ? tag : "en";
-}
-
 /** Returns the texts for a language. */
 export function textsFor(language: string): ElementTexts {
-  return texts[languageOfTexts(language)]!;
+  return texts[bestLanguage(language)]!;
 }
 
 /** Returns which text describes an error. */

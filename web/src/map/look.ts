@@ -29,7 +29,7 @@ export class LookFunctions {
   }
 
   /** The floor that is shown now or, if another one is waited for, then. */
-  protected get wantedFloor(): Floor {
+  get wantedFloor(): Floor {
     const { floor, awaited } = this.module.state;
     return this.venue.floors[awaited] ?? this.venue.floors[floor]!;
   }

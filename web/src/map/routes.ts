@@ -21,8 +21,8 @@ export class RouteFunctions extends MarkFunctions {
     this.module.do({
       route: {
         nodes: this.venue.indicesOf(route.nodes),
-        from: (look.from ?? visits.at(0)?.place)?.id,
-        to: (look.to ?? visits.at(-1)?.place)?.id,
+        from: (look.from === undefined ? visits.at(0)?.place : look.from)?.id,
+        to: (look.to === undefined ? visits.at(-1)?.place : look.to)?.id,
         stops,
         color: look.color === undefined ? undefined : parseColor(look.color),
       },

@@ -63,10 +63,11 @@ export interface Motion {
   readonly animated?: boolean;
 }
 
-/** The names at the ends of a route that has none itself, and its color. */
+/** The names at the ends of a route, and its color. */
 export interface RouteLook {
-  readonly from?: Place;
-  readonly to?: Place;
+  /** Without it, the start of a `Guidance` has its own name; null shows none. */
+  readonly from?: Place | null;
+  readonly to?: Place | null;
   /** A CSS color; unless set, that of the theme. */
   readonly color?: string;
 }

@@ -3,6 +3,8 @@
 // Platform/Foundation/Browser/FileFunctions.js. Those with names of system calls return a negative number of an
 // error; those that begin with "fd" are of WASI and return a positive one.
 
+import { eachPiece } from "./pieces.js";
+
 interface Folder {
   readonly id: number;
   readonly entries: Map<string, Node>;
@@ -218,26 +220,4 @@ export class Files {
     for (const time of [56, 64, 72]) put(time, node.changed);
     return 0;
   }
-}
-
-// Calls a function for each of the pieces of memory in a list until it uses less than the whole piece. Writes the sum
-// of what it returns.
-function eachPiece(
-  memory: Uint8Array,
-  pieces: number,
-  count: number,
-  target: number,
-  use: (piece: Uint8Array) => number,
-): number {
-  const view = new DataView(memory.buffer);
-  let sum = 0;
-  for (let i = 0; i < count; ++i) {
-    const address = view.getUint32(pieces + 8 * i, true);
-    const length = view.getUint32(pieces + 8 * i + 4, true);
-    const used = use(memory.subarray(address, address + length));
-    sum += used;
-    if (used < length) break;
-  }
-  view.setUint32(target, sum, true);
-  return 0;
 }

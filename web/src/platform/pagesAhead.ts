@@ -18,7 +18,7 @@ interface Page extends SentRequest {
 const keyOf = (url: string, fields: readonly [string, string][]): string => JSON.stringify([url, fields]);
 
 /** Returns the address of a link, if it has the origin of the response. */
-function linkOf(response: Response, relation: string): string | undefined {
+export function linkOf(response: Response, relation: string): string | undefined {
   const pattern = new RegExp(`<([^>]*)>\\s*;[^,]*\\brel="?${relation}\\b`, "i");
   const link = pattern.exec(response.headers.get("Link") ?? "")?.[1];
   if (link === undefined) return undefined;

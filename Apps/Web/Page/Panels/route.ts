@@ -2,7 +2,7 @@
 
 import type { Guidance, ProfileName } from "orivanta";
 
-import { endRoute, openSearch, removeStop, swapEnds, type End } from "../actions.js";
+import { endRoute, openSearch, removeStop, showStep, swapEnds, type End } from "../actions.js";
 import type { App, Plan } from "../app.js";
 import { h } from "../dom.js";
 import { icon } from "../icons.js";
@@ -117,7 +117,7 @@ function routeParts(app: App, { routes }: Plan & { kind: "route" }): Node[] {
       ),
       isThere
         ? null
-        : h("button", { class: "filled", "data-key": "walk", onclick: () => app.changeUi({ step: 0, sheet: "half" }) }, icon("play"), app.t("page.walk.start")),
+        : h("button", { class: "filled", "data-key": "walk", onclick: () => showStep(app, route, 0) }, icon("play"), app.t("page.walk.start")),
     ),
     ...closed.map((place) => h("p", { class: "warning route-warning" }, app.t("route.closed", { place }))),
   ];
@@ -147,7 +147,7 @@ function stepList(app: App, route: Guidance): HTMLElement {
         {},
         h(
           "button",
-          { class: "step", "data-key": `step-${index}`, onclick: () => app.changeUi({ step: index }) },
+          { class: "step", "data-key": `step-${index}`, onclick: () => showStep(app, route, index) },
           stepIcon(step),
           h("span", { class: "step-text" }, step.text),
         ),

@@ -3,6 +3,7 @@
 import type { App, Failure } from "../app.js";
 import { h } from "../dom.js";
 import { icon } from "../icons.js";
+import { whenLoaded } from "../loaded.js";
 import type { Session } from "../session.js";
 
 export function venuesPage(app: App): Node[] {
@@ -41,9 +42,15 @@ export function failurePage(app: App, failure: Failure, session: Session): Node[
       { class: "message is-problem" },
       h("h2", { tabindex: -1, "data-key": "failure-title" }, failure.title),
       h("p", { dir: "auto" }, failure.detail),
-      failure.way === "signIn" ? credentialsForm(app, session) : again,
+      failure.way === "signIn" ? credentials(app, session) : again,
     ),
   ];
+}
+
+function credentials(app: App, session: Session): HTMLElement {
+  const place = h("div");
+  whenLoaded(app, ({ credentialsForm }) => place.append(credentialsForm(app, session)));
+  return place;
 }
 
 function buttonText(app: App, { way }: Failure): string {
@@ -58,29 +65,4 @@ function act(app: App, { way }: Failure, session: Session): void {
     return app.store.change({ venue: null });
   }
   void session.reload();
-}
-
-// A link can name any server. The browser fills in nothing for one of another origin, and the form says who gets
-// the password.
-function credentialsForm(app: App, session: Session): HTMLElement {
-  const { host, origin } = new URL(app.server.endpoint);
-  const isForeign = origin !== location.origin;
-  const field = (name: "username" | "password", label: string, type: string, autocomplete: string) =>
-    h("label", {}, label, h("input", { name, type, autocomplete: isForeign ? "off" : autocomplete, required: true, "data-key": name }));
-  const form = h(
-    "form",
-    {
-      onsubmit: (event) => {
-        event.preventDefault();
-        const data = new FormData(form);
-        app.server = { ...app.server, username: String(data.get("username")), password: String(data.get("password")) };
-        void session.reload();
-      },
-    },
-    field("username", app.t("page.user"), "text", "username"),
-    field("password", app.t("page.password"), "password", "current-password"),
-    h("button", { class: "filled", type: "submit" }, app.t("page.signIn")),
-    isForeign ? h("p", { class: "host", dir: "ltr" }, host) : null,
-  );
-  return form;
 }

@@ -2,6 +2,7 @@
 
 import type { Guidance } from "orivanta";
 
+import { showStep } from "../actions.js";
 import type { App } from "../app.js";
 import { h } from "../dom.js";
 import { icon } from "../icons.js";
@@ -12,9 +13,7 @@ export function walkPage(app: App, route: Guidance, index: number): Node[] {
   const last = route.steps.length - 1;
   // A button that cannot go on keeps the focus, so it is not really disabled.
   const show = (next: number) => {
-    if (!route.steps[next]) return;
-    app.changeUi({ step: next });
-    app.announce(route.steps[next]!.text);
+    if (route.steps[next]) showStep(app, route, next);
   };
   const number = app.t("page.walk.step", { number: index + 1, all: route.steps.length });
   const isRightToLeft = app.texts.isRightToLeft;

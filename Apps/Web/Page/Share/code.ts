@@ -14,5 +14,6 @@ export function codeOf(app: App, link: string): HTMLElement | null {
 
 /** Shows a link as a QR code and as a text. */
 export function showCode(app: App, link: string): void {
-  openDialog(app, app.t("page.share.code"), "code-dialog", codeOf(app, link), h("p", { class: "link", dir: "ltr" }, link));
+  const code = codeOf(app, link) ?? h("p", {}, app.t(isReachable(link) ? "page.share.long" : "page.share.local"));
+  openDialog(app, app.t("page.share.code"), "code-dialog", code, h("p", { class: "link", dir: "ltr" }, link));
 }
