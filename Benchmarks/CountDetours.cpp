@@ -57,7 +57,9 @@ class StoreyWays {
       for (std::size_t k = i % step; k < ends_.size(); k += step) {
         constexpr double shortest = 2.0;
         const double length = lengths_[ends_[k]];
-        if (i == k || length == unknownLength || length < shortest) continue;
+        if (length == unknownLength ||
+            package::distance(nodes_[ends_[i]].position, nodes_[ends_[k]].position) < shortest)
+          continue;
         detours.push_back({length, tightLength(ends_[k]),
                            network_.nodes[ends_[i]].id + " to " + network_.nodes[ends_[k]].id});
       }

@@ -126,34 +126,13 @@ void expectWays(const Building& building,
   }
 }
 
-// The identifiers of the rooms and of their doors.
-std::set<std::string> roomsAndDoors(const Building& building) {
-  std::set<std::string> ofRooms;
-  for (const Area& area : building.areas)
-    if (area.kind == AreaKind::room) ofRooms.insert(area.id);
-  for (const Door& door : building.doors)
-    for (const std::string& area : door.areas)
-      if (ofRooms.contains(area)) ofRooms.insert(door.id);
-  return ofRooms;
-}
-
-// The derived network as that of a source, which ends before the doors of rooms. Loses the lines
-// that lead straight from such a door to another or to a connector.
-void giveNetwork(Building& derived, Building& house) {
-  auto& [nodes, edges] = derived.network;
+// The derived network as that of a source, which ends at the doors of rooms.
+void giveNetwork(const Building& derived, Building& house) {
+  const auto& [nodes, edges] = derived.network;
   const auto nameOf = [](std::size_t node) { return "n" + std::to_string(node); };
-  const std::set<std::string> ofRooms = roomsAndDoors(derived);
-  const auto isDoorOfRoom = [&](const Node& node) {
-    return node.kind == NodeKind::door && ofRooms.contains(node.of);
-  };
-  const auto isEnd = [&](const Node& node) {
-    return node.kind == NodeKind::boarding || isDoorOfRoom(node);
-  };
-  std::erase_if(edges, [&](const Edge& edge) {
-    const Node& from = nodes[edge.from];
-    const Node& to = nodes[edge.to];
-    return isEnd(from) && isEnd(to) && (isDoorOfRoom(from) || isDoorOfRoom(to));
-  });
+  std::set<std::string> ofRooms;
+  for (const Area& area : derived.areas)
+    if (area.kind == AreaKind::room) ofRooms.insert(area.id);
   for (std::size_t i = 0; i < nodes.size(); ++i)
     if (!ofRooms.contains(nodes[i].of))
       house.sourceNodes.push_back({nameOf(i), {nodes[i].level, nodes[i].position}});
@@ -230,7 +209,7 @@ TEST(House, IsTheSameInEveryFormat) {
 }
 
 TEST(House, KeepsTheNetworkOfItsSource) {
-  Building derived = imported(formats.front());
+  const Building derived = imported(formats.front());
   Building house = make();
   giveNetwork(derived, house);
   for (const Written& format : formats) {
