@@ -19,6 +19,7 @@ using Index = std::uint32_t;
 
 constexpr std::size_t sectors = 16;
 constexpr double farFromLines = 2.0;  // meters
+constexpr double slightTurn = 0.8;    // the cosine
 constexpr double mostGap = 0.6;
 constexpr double nearStop = 6.5;  // along the lines
 
@@ -123,9 +124,27 @@ class Shortcuts {
     for (const auto& [length, from, to] : candidates) {
       lengths_.search(from, rule.tolerated(length), to);
       if (lengths_.to(to) <= rule.tolerated(length)) continue;
+      if (turnsAtEnd(from, to, length) || turnsAtEnd(to, from, length)) continue;
       draft_.edges.push_back({from, to, false, false, false, !rule.meetsLines});
       link(from, to);
     }
+  }
+
+  // Whether ways from `from` would lead to `end` and on in another direction, as from door to door
+  // on both sides of a corridor.
+  bool turnsAtEnd(Index from, Index end, double length) {
+    if (!lengths_.isEnd(end)) return false;
+    const Point way = at(end) - at(from);
+    const auto& lines = lengths_.linesOf(end);
+    return std::any_of(lines.begin(), lines.end(), [&](const auto& line) {
+      const auto [next, beyond] = line;
+      const Point on = at(static_cast<Index>(next)) - at(end);
+      if (next == from || !lengths_.isEnd(next) ||
+          package::dot(way, on) > slightTurn * length * beyond)
+        return false;
+      lengths_.search(from, length + beyond, next);
+      return lengths_.to(next) > length + beyond;
+    });
   }
 
   static std::vector<Segment> pointsOf(const Draft& draft) {

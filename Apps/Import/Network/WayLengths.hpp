@@ -20,6 +20,13 @@ class WayLengths {
 
   /// Lets ways begin and end at a node, but not lead through it.
   void setEnd(std::size_t node);
+  bool isEnd(std::size_t node) const { return node < nodes_.size() && nodes_[node].isEnd; }
+
+  /// The nodes at the other ends of the lines of a node that has lines, with their lengths. Valid
+  /// until a line is added.
+  const std::vector<std::pair<std::size_t, double>>& linesOf(std::size_t node) const {
+    return nodes_[node].lines;
+  }
 
   bool hasLines(std::size_t node) const {
     return node < nodes_.size() && !nodes_[node].lines.empty();
