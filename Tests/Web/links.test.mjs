@@ -40,7 +40,7 @@ test("links", { timeout: 180_000 }, async (t) => {
   });
 
   await t.test("the history leads back from the search, lists and instructions", async () => {
-    const tab = await open("venue=astrolabe-court");
+    const tab = await open("venue=astrolabe-court", { width: 390, height: 844, isTouch: true });
     const { page } = tab;
     await tab.waitForText(".tile", "Toilets");
     const entries = await page.evaluate(() => history.length);
@@ -52,6 +52,7 @@ test("links", { timeout: 180_000 }, async (t) => {
     await tab.waitForText("[role=option]", "The Paper Kestrel");
     assert.equal(await page.$eval("#search", ({ value }) => value), "kestrel");
     await page.goBack();
+    await page.waitForSelector(".panel[data-sheet=half]");
     await tab.clickText(".tile", "Toilets");
     await tab.clickText(".row", "Toilets, first floor");
     await tab.waitForText("h2", "Toilets, first floor");

@@ -40,8 +40,8 @@ export function addressOf(state: State, current: string): string {
   return url.href;
 }
 
-/** What a visitor takes for a page of its own and closes with the browser's button "Back". */
-const layers = ["typed", "isSearching", "choosing", "browsing", "step"] as const;
+/** What a visitor takes for a page of its own and closes with the browser's button "Back", and the height of the sheet. */
+const layers = ["typed", "isSearching", "choosing", "browsing", "step", "sheet"] as const;
 type Layers = Pick<Ui, (typeof layers)[number]>;
 
 const layersOf = (ui: Ui): Layers => Object.fromEntries(layers.map((name) => [name, ui[name]])) as Layers;
