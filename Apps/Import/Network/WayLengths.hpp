@@ -37,7 +37,10 @@ class WayLengths {
 
   /// The length that the last search has found, in meters. Infinite if there is no such way, and if
   /// the steps were used up.
-  double to(std::size_t node) const { return node < nodes_.size() ? nodes_[node].length : unknown; }
+  double to(std::size_t node) const {
+    if (node >= nodes_.size()) return unknown;
+    return nodes_[node].length;
+  }
 
  private:
   static constexpr double unknown = std::numeric_limits<double>::infinity();
