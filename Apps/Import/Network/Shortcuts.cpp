@@ -43,7 +43,11 @@ constexpr Rule betweenEnds{15.0, 1.25, 1.0, false};
 class Shortcuts {
  public:
   Shortcuts(const Space& space, Draft& draft)
-      : space_(space), draft_(draft), points_(pointsOf(draft), 0.0), isWay_(draft.nodes.size()) {
+      : space_(space),
+        draft_(draft),
+        points_(pointsOf(draft), 0.0),
+        lengths_(stepsFor(draft)),
+        isWay_(draft.nodes.size()) {
     std::vector<bool> isOnLine(draft.nodes.size());
     for (const DraftEdge& edge : draft.edges) {
       if (edge.inRoom) continue;
@@ -123,6 +127,7 @@ class Shortcuts {
     std::sort(candidates.begin(), candidates.end());
     for (const auto& [length, from, to] : candidates) {
       lengths_.search(from, rule.tolerated(length), to);
+      if (lengths_.isUsedUp()) return;
       if (lengths_.to(to) <= rule.tolerated(length)) continue;
       if (turnsAtEnd(from, to, length) || turnsAtEnd(to, from, length)) continue;
       draft_.edges.push_back({from, to, false, false, false, !rule.meetsLines});
@@ -145,6 +150,13 @@ class Shortcuts {
       lengths_.search(from, length + beyond, next);
       return lengths_.to(next) > length + beyond;
     });
+  }
+
+  // Real storeys need less than 200 steps for each node; thousands of doors in one place need more.
+  static std::size_t stepsFor(const Draft& draft) {
+    constexpr std::size_t least = 100'000;
+    constexpr std::size_t perNode = 2'000;
+    return least + perNode * draft.nodes.size();
   }
 
   static std::vector<Segment> pointsOf(const Draft& draft) {
@@ -173,7 +185,7 @@ class Shortcuts {
   template <typename IsTarget>
   void collect(Index from, const Rule& rule, const IsTarget& isTarget,
                std::vector<Candidate>& candidates) {
-    if (!lengths_.hasLines(from)) return;
+    if (!lengths_.hasLines(from) || lengths_.isUsedUp()) return;
     lengths_.search(from, rule.tolerated(rule.longest));
     std::vector<std::pair<double, Index>> near;
     points_.eachNear(at(from), rule.longest, [&](std::size_t i) {

@@ -14,7 +14,8 @@ class WayLengths {
   static constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
 
   /// Searches examine at most `steps` lines, all together.
-  explicit WayLengths(std::size_t steps = nowhere) : stepsLeft_(steps) {}
+  explicit WayLengths(std::size_t steps) : stepsLeft_(steps) {}
+  bool isUsedUp() const { return stepsLeft_ == 0; }
 
   void addLine(std::size_t from, std::size_t to, double length);
 
