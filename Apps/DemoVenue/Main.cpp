@@ -5,7 +5,7 @@
 #include "Apps/DemoVenue/DemoVenue.hpp"
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
+  if (argc != 2 || argv[1][0] == '-') {
     std::fputs("usage: orivanta_demo_venue FOLDER\n", stderr);
     return 2;
   }

@@ -85,7 +85,7 @@ test("a load that is canceled at its end leaves no venue", async (context) => {
 test("closures of a server", async (context) => {
   const { server, fault, endpoint } = await faultyServer(context);
   const orivanta = await Orivanta.load();
-  const venue = await orivanta.venue("row", { endpoint, username: "me", password: "pé" });
+  const venue = await orivanta.venue("row", { endpoint, username: "me", password: "p%41é" });
   const answered = (closures, fields) => (response) => response.writeHead(200, fields).end(JSON.stringify(closures));
   const asks = (answer, options) => (Object.assign(fault, { collection: "closure", answer }), venue.closures(options));
   const requests = [];
@@ -93,7 +93,7 @@ test("closures of a server", async (context) => {
   const next = { Link: '</1/closure?venue=row&page=2>; rel="next"' };
   const pages = (response, { url }) => answered(url.includes("page=2") ? [{ id: "n3" }] : [{ id: "n1" }, {}, null], url.includes("page=2") ? {} : next)(response);
   assert.deepEqual(await asks(pages), ["n1", "n3"]);
-  const account = `Basic ${Buffer.from("me:pé").toString("base64")}`;
+  const account = `Basic ${Buffer.from("me:p%41é").toString("base64")}`;
   assert.deepEqual(requests, [["/1/closure?venue=row", account], ["/1/closure?venue=row&page=2", account]]);
   assert.deepEqual(await asks(answered([{ id: "n1" }], { Link: '<http://127.0.0.1:1/>; rel="next"' })), ["n1"]);
   assert.deepEqual(await asks((response) => response.writeHead(404).end()), []);

@@ -95,12 +95,12 @@ test("failures", async (t) => {
 });
 
 /** Opens the page with a venue of another origin, a proxy for its own server. */
-async function openForeign(t, { exposed = "Link", answer = () => false } = {}) {
+async function openForeign(t, { exposed = "Link", answer = () => false, shown = "" } = {}) {
   const fields = { "Access-Control-Allow-Origin": "*", "Access-Control-Allow-Headers": "*, authorization" };
   const proxy = await startProxy(shared.home, { ...fields, "Access-Control-Expose-Headers": exposed });
   t.after(proxy.stop);
   proxy.answer = answer;
-  const tab = await open(t, `?endpoint=${proxy.origin}/1/`);
+  const tab = await open(t, `?endpoint=${proxy.origin}/1/${shown}`);
   tab.expect(/Failed to load resource/);
   return { tab, page: tab.page, proxy };
 }
@@ -125,6 +125,26 @@ test("a server of another origin", async (t) => {
     await tab.clickText(".notice button", "Erneut versuchen");
     await tab.waitForText(".tile", "Toilette");
     assert.deepEqual(await tab.texts(".notice"), []);
+  });
+
+  await t.test("that closes something while a visitor walks", async (t) => {
+    const { tab, page, proxy } = await openForeign(t, { shown: "&from=paper-kestrel&to=popcorn-nebula" });
+    await tab.clickText(".step", "Northeast stairs");
+    await tab.waitForText(".walk-number", "Step 3 of");
+    const close = async (id) => {
+      proxy.answer = (url, response) => url.startsWith("/1/closure") && !!response.end(`[{"id":"${id}"}]`);
+      const asked = page.waitForResponse((response) => response.url().includes("closure"));
+      await page.evaluate(() => document.dispatchEvent(new Event("visibilitychange")));
+      await asked;
+    };
+    await close("brass-heron");
+    await new Promise((resolve) => setTimeout(resolve, 300));
+    assert.match((await tab.texts(".walk-number")).join(), /^Step 3 of/);
+    await page.reload();
+    await tab.waitForText(".walk-number", "Step 3 of");
+    await close("stairs-northeast");
+    await page.waitForFunction(() => document.querySelector(".step") && !document.querySelector(".walk"));
+    assert.ok(!(await tab.texts(".step")).join().includes("Northeast stairs"));
   });
 
   await t.test("that is slow with a floor, and then fails", async (t) => {

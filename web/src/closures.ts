@@ -16,7 +16,10 @@ const mostPages = 100;
 /** Returns the identifiers of a venue's closures. A server without such a list has none. */
 export async function closuresOf(server: VenueServer, slug: string, signal?: AbortSignal): Promise<string[]> {
   const first = new URL(`closure?venue=${encodeURIComponent(slug)}`, server.endpoint);
-  if (server.username) Object.assign(first, { username: server.username, password: server.password ?? "" });
+  if (server.username) {
+    first.username = encodeURIComponent(server.username); // a percent sign in it, too
+    first.password = encodeURIComponent(server.password ?? "");
+  }
   const { url, fields } = requestOf([first.href]);
   const failed = (kind: ErrorKind) => (error: unknown) => {
     signal?.throwIfAborted();
@@ -24,7 +27,6 @@ export async function closuresOf(server: VenueServer, slug: string, signal?: Abo
   };
   const closed: string[] = [];
   let next: string | undefined = url;
-  // The links are those of the same server, so that no other one gets the account.
   for (let page = 0; next !== undefined && page < mostPages; ++page) {
     const request: RequestInit = { headers: fields, credentials: "omit", cache: "no-cache", signal: signal ?? null };
     const response: Response = await fetch(next, request).catch(failed("noAnswer"));
@@ -35,7 +37,7 @@ export async function closuresOf(server: VenueServer, slug: string, signal?: Abo
     const records = (await response.json().catch(failed("unusable"))) as unknown;
     if (!Array.isArray(records)) return failed("unusable")("no list");
     closed.push(...records.flatMap((record: { id?: unknown } | null) => (typeof record?.id === "string" ? [record.id] : [])));
-    next = linkOf(response, "next");
+    next = linkOf(response, "next", url);
   }
   return closed;
 }

@@ -105,6 +105,12 @@ export class OrivantaMapElement extends Base {
     }
   }
 
+  #close(closed: readonly string[]): void {
+    if (closed.length === 0 || !this.#shown) return;
+    this.#shown.closed = closed;
+    this.#apply(new Set(["from"]));
+  }
+
   #release(): void {
     this.#loading?.abort();
     this.#shown?.destroy();
@@ -144,12 +150,13 @@ export class OrivantaMapElement extends Base {
       });
       if (signal.aborted) return venue.destroy();
       this.#venue = venue;
-      const [map, closed] = await Promise.all([
-        venue.show(this.#parts.showCanvas(venue.name, language), optionsOf(this, venue, language)),
-        venue.closures({ signal }).catch(() => []), // routes work without it
-      ]);
+      const closures = venue.closures({ signal });
+      closures.catch(() => {}); // routes work without it
+      const map = await venue.show(this.#parts.showCanvas(venue.name, language), optionsOf(this, venue, language));
       if (signal.aborted) return map.destroy();
-      this.#shown = new Shown({ venue, map, closed }, this.#parts, language, this, (type, detail) => this.#emit(type, detail));
+      const shown = new Shown(venue, map, this.#parts, language, this, (type, detail) => this.#emit(type, detail));
+      this.#shown = shown;
+      closures.then((closed) => this.#shown === shown && this.#close(closed), () => {});
       this.#shown.showFloors(texts.floors);
     } catch (error) {
       if (!signal.aborted) this.#fail(error);

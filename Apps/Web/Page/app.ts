@@ -70,6 +70,11 @@ export class App {
     this.store.on(() => this.changed());
   }
 
+  /** The route that is shown. */
+  get route(): Guidance | null {
+    return this.plan?.kind === "route" ? (this.plan.routes[this.ui.routeIndex] ?? this.plan.routes[0] ?? null) : null;
+  }
+
   /** Returns a text in the language of the page, see `Texts.text`. */
   t(key: string, values: Readonly<Record<string, string | number>> = {}): string {
     return this.texts.text(key, values);

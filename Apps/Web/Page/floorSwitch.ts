@@ -5,7 +5,6 @@ import type { Floor } from "orivanta";
 import type { App } from "./app.js";
 import { floorName } from "./floorName.js";
 import { h, keepingFocus } from "./dom.js";
-import { shownRoute } from "./Panels/route.js";
 
 /** The element of the switch. */
 export class FloorSwitch {
@@ -25,7 +24,7 @@ export class FloorSwitch {
     const app = this.#app;
     const floors = [...(app.shown?.venue.floors ?? [])].sort((a, b) => b.elevation - a.elevation);
     const current = this.#current();
-    const onRoute = new Set(shownRoute(app)?.nodes.map((node) => node.floor));
+    const onRoute = new Set(app.route?.nodes.map((node) => node.floor));
     this.element.hidden = floors.length < 2;
     const key = JSON.stringify([app.texts.language, current?.id, floors.map((floor) => [floor.id, onRoute.has(floor)])]);
     if (key === this.#shown) return;

@@ -24,9 +24,11 @@ export class Framing {
   #view: MapView | null = null;
   #last: Look | null = null; // null after the visitor has moved the map
   #floor: Floor | null = null;
+  #wasMoved = false; // by the visitor, in the map before
 
   /** Begins with a new map, and follows what the visitor does with it. */
   begin(view: MapView): void {
+    this.#wasMoved = this.#view !== null && this.#last === null;
     this.#view = view;
     this.#last = null;
     this.isKept = false;
@@ -42,8 +44,8 @@ export class Framing {
 
   /** Shows something, unless the view is kept. */
   show(look: Look, motion = { animated: true }): void {
-    if (this.isKept || !this.#view) return;
-    look(motion);
+    if (!this.#view || (this.isKept && this.#wasMoved)) return;
+    if (!this.isKept) look(motion);
     this.#last = look;
     this.#floor = this.#view.wantedFloor;
   }

@@ -81,8 +81,8 @@ export function startLinks(app: App, keepsHistory: boolean): void {
       isClosing = false;
       return write("replaceState", entry().depth);
     }
+    store.applyState(stateOf(location.href)); // first: another venue begins without layers
     app.changeUi(entry().layers);
-    store.applyState(stateOf(location.href));
   });
   store.on((state, { former, isApplied, isNewView }) => {
     if (isApplied) return;

@@ -4,7 +4,7 @@ import type { App } from "./app.js";
 import { h, keepingFocus } from "./dom.js";
 import { browsePage } from "./Panels/browse.js";
 import { cardPage } from "./Panels/card.js";
-import { routePage, shownRoute } from "./Panels/route.js";
+import { routePage } from "./Panels/route.js";
 import { failurePage, loadingPage, venuesPage } from "./Panels/venues.js";
 import { walkPage } from "./Panels/walk.js";
 import { recentPlaces } from "./recent.js";
@@ -90,7 +90,7 @@ export class Panel {
     if (ui.isSearching) return ui.typed.trim() ? "results" : "browse";
     if (store.state.place !== null && shown.venue.placeNamed(store.state.place)) return "card";
     if (store.state.from === null && store.state.to === null) return "browse";
-    return ui.step !== null && shownRoute(this.#app)?.steps[ui.step] ? "walk" : "route";
+    return ui.step !== null && this.#app.route?.steps[ui.step] ? "walk" : "route";
   }
 
   #make(page: PageName): Node[] {
@@ -109,7 +109,7 @@ export class Panel {
       case "card":
         return cardPage(app, app.store.state.place!) ?? [];
       case "walk":
-        return walkPage(app, shownRoute(app)!, app.ui.step!);
+        return walkPage(app, app.route!, app.ui.step!);
       case "route":
         return routePage(app);
     }

@@ -37,19 +37,17 @@ export class Planning {
       }
       void this.#loadClosures();
     }
-    const wish = venue && from !== null && to !== null ? JSON.stringify([from, to, via, profile, app.closed]) : "";
-    if (wish === this.#planned) return;
-    this.#planned = wish;
+    const wish = venue && from !== null && to !== null ? JSON.stringify([from, to, via, profile]) : "";
+    const planned = wish && wish + String(app.closed);
+    if (planned === this.#planned) return;
+    this.#planned = planned;
     this.#run += 1;
-    // A reload of the same venue asks the same again and keeps the place in the route.
-    if (wish !== this.#wish) app.ui = { ...app.ui, routeIndex: 0, step: null };
+    // A reload of the page or of the same venue asks the same again and keeps the place in the route.
+    if (this.#wish && wish !== this.#wish) app.ui = { ...app.ui, routeIndex: 0, step: null };
+    if (wish !== this.#wish || !app.plan) app.plan = wish ? { kind: "planning" } : null;
     this.#wish = wish;
-    if (!wish) {
-      app.plan = null;
-      return app.changed();
-    }
-    app.plan = { kind: "planning" };
     app.changed();
+    if (!wish) return;
     const run = this.#run;
     // The page shows first that it is planning: the search of a route in a large venue takes a moment.
     setTimeout(() => this.#plan(run));
@@ -58,14 +56,17 @@ export class Planning {
   #plan(run: number): void {
     if (run !== this.#run) return;
     const app = this.#app;
-    const plan = this.#answer();
-    app.plan = plan;
-    if (plan.kind === "problem") app.announce(plan.problem.text);
-    if (plan.kind === "route") {
-      const [best] = plan.routes;
+    const former = wayOf(app.route);
+    app.plan = this.#answer();
+    const way = wayOf(app.route);
+    app.changed();
+    if (way && way === former) return; // something else was closed
+    if (former) app.ui = { ...app.ui, routeIndex: 0, step: null };
+    if (app.plan.kind === "problem") app.announce(app.plan.problem.text);
+    if (app.plan.kind === "route") {
+      const [best] = app.plan.routes;
       app.announce(`${app.t("page.route")}: ${best!.summary}. ${best!.steps[0]?.text ?? app.t("route.none")}`);
     }
-    app.changed();
   }
 
   #answer(): Plan {
@@ -109,6 +110,8 @@ export class Planning {
     app.changed();
   }
 }
+
+const wayOf = (route: Guidance | null): string => route?.nodes.map(({ id }) => id).join() ?? "";
 
 /** Returns when a visitor arrives who departs with the plan; null if the venue has no scale. */
 export function arrivalOf(route: Guidance, departure: Date): Date | null {

@@ -7,7 +7,6 @@ import { floorName } from "./floorName.js";
 import type { FormerView, Framing } from "./framing.js";
 import { positionOf, showFirstView } from "./here.js";
 import { insetsOf } from "./insets.js";
-import { shownRoute } from "./Panels/route.js";
 import { ShownFloor } from "./shownFloor.js";
 
 /** Returns how the visitor wants the map to look. */
@@ -157,7 +156,7 @@ export class ShownMap {
 
   #followRoute(motion: { animated: boolean }): void {
     const { ui } = this.#app;
-    const route = shownRoute(this.#app);
+    const route = this.#app.route;
     const isNew = route !== this.#route;
     if (isNew) {
       this.#route = route;

@@ -122,8 +122,9 @@ export class Parts {
       const { x, y, width, height } = part.getBoundingClientRect();
       return new DOMRect(x - area.x, y - area.y, width, height);
     };
-    const covered = [this.#floors, this.#note].filter((part) => !part.hidden).map(boxOf);
-    return { covered, note: this.#note.hidden ? 0 : area.height - boxOf(this.#note).y };
+    const [floors, note] = [boxOf(this.#floors), boxOf(this.#note)];
+    // A part that is hidden, also by a style sheet of the page, has no size.
+    return { covered: [floors, note].filter(({ height }) => height > 0), note: note.height > 0 ? area.height - note.y : 0 };
   }
 
   /** Shows a text on the map for a short time. */

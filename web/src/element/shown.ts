@@ -65,24 +65,16 @@ export function optionsOf(wishes: Wishes, venue: Venue, language: string): ShowO
 export class Shown {
   readonly venue: Venue;
   readonly map: MapView;
-  readonly #closed: readonly string[];
+  #closed: readonly string[] = [];
   readonly #parts: Parts;
   readonly #language: string;
   readonly #emit: Emit;
   readonly #end = new AbortController();
 
-  /** Takes the map, which `destroy` destroys, but not the venue. `closed`: what is closed, see `Venue.closures`. */
-  constructor(
-    { venue, map, closed }: { venue: Venue; map: MapView; closed: readonly string[] },
-    parts: Parts,
-    language: string,
-    wishes: Wishes,
-    emit: Emit,
-  ) {
+  /** Takes the map, which `destroy` destroys, but not the venue. */
+  constructor(venue: Venue, map: MapView, parts: Parts, language: string, wishes: Wishes, emit: Emit) {
     this.venue = venue;
     this.map = map;
-    this.#closed = closed;
-    map.setClosures(closed);
     this.#parts = parts;
     this.#language = language;
     this.#emit = emit;
@@ -96,6 +88,12 @@ export class Shown {
     sizes.observe(map.canvas);
     this.#end.signal.addEventListener("abort", () => sizes.disconnect());
     dark().addEventListener("change", () => (map.theme = themeOf(wishes)), { signal: this.#end.signal });
+  }
+
+  /** Sets what is closed, see `Venue.closures`. Apply "from" afterwards to plan the route again. */
+  set closed(closed: readonly string[]) {
+    this.#closed = closed;
+    this.map.setClosures(closed);
   }
 
   /** Shows the floor switch. `label` is its name. */

@@ -79,7 +79,7 @@ export class Network {
       const headers = new Headers(fields);
       const response = await this.responseTo(url, fields, controller.signal);
       limit.begin();
-      this.ahead.follow(response, fields);
+      this.ahead.follow(url, response, fields);
       const start = mayHideLink(response) ? new BodyStart() : null;
       let hasRoom = this.give(request, head, headOf(response.url, [...response.headers]));
       const reader = response.body?.getReader();

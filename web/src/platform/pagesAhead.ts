@@ -17,14 +17,17 @@ interface Page extends SentRequest {
 
 const keyOf = (url: string, fields: readonly [string, string][]): string => JSON.stringify([url, fields]);
 
-/** Returns the address of a link, if it has the origin of the response. */
-export function linkOf(response: Response, relation: string): string | undefined {
+/**
+ * Returns the address of a link, if it has the origin of the request: a server to which a response was redirected gets
+ * no account.
+ */
+export function linkOf(response: Response, relation: string, requested: string): string | undefined {
   const pattern = new RegExp(`<([^>]*)>\\s*;[^,]*\\brel="?${relation}\\b`, "i");
   const link = pattern.exec(response.headers.get("Link") ?? "")?.[1];
   if (link === undefined) return undefined;
   try {
     const url = new URL(link, response.url);
-    return url.origin === new URL(response.url).origin ? url.href : undefined;
+    return url.origin === new URL(requested).origin ? url.href : undefined;
   } catch {
     return undefined;
   }
@@ -45,12 +48,12 @@ export class PagesAhead {
   readonly #pages = new Map<string, Page>();
   #isRight = true; // no page was requested in vain
 
-  /** Sends the requests for the pages after a response, with the same header fields. */
-  follow(response: Response, fields: [string, string][]): void {
+  /** Sends the requests for the pages after the response to a request, with the same header fields. */
+  follow(requested: string, response: Response, fields: [string, string][]): void {
     if (!this.#isRight || response.status !== 200 || !/\bjson\b/i.test(response.headers.get("Content-Type") ?? "")) return;
-    const next = linkOf(response, "next");
+    const next = linkOf(response, "next", requested);
     if (next === undefined) return;
-    for (const url of pagesFrom(next, linkOf(response, "last"))) {
+    for (const url of pagesFrom(next, linkOf(response, "last", requested))) {
       const key = keyOf(url, fields);
       if (!this.#pages.has(key)) this.#pages.set(key, this.#send(key, url, fields));
     }

@@ -33,11 +33,6 @@ export function routePage(app: App): Node[] {
   ];
 }
 
-/** Returns the route that is shown. */
-export function shownRoute(app: App): Guidance | null {
-  return app.plan?.kind === "route" ? (app.plan.routes[app.ui.routeIndex] ?? app.plan.routes[0] ?? null) : null;
-}
-
 function stops(app: App): HTMLElement {
   const { from, to, via } = app.store.state;
   const end = (which: End, stop: string | null, wish: string, label: string) => {
@@ -70,7 +65,7 @@ function stops(app: App): HTMLElement {
       ),
     );
   });
-  const found = shownRoute(app)?.visits.at(-1)?.place?.id ?? null;
+  const found = app.route?.visits.at(-1)?.place?.id ?? null;
   return h(
     "div",
     { class: "stops" },
@@ -100,7 +95,7 @@ function hint(app: App, plan: Plan | null): HTMLElement {
 }
 
 function routeParts(app: App, { routes }: Plan & { kind: "route" }): Node[] {
-  const route = shownRoute(app)!;
+  const route = app.route!;
   const departure = new Date(); // the visitor has not left yet
   const arrival = arrivalOf(route, departure);
   const closed = closedStops(app, route, departure);
