@@ -76,6 +76,7 @@ int compare(const std::vector<std::string>& arguments) {
   countDoors(building);
   countReachableRooms(building, list);
   countLinesThroughWalls(building);
+  countDetours(building, list);
   if (paths[0] == "-") return 0;
   const SurveyedPackage survey = readSurveyedPackage(paths[0]);
   fmt::print("edges              {:.2f} times (surveyed + doors)\n",

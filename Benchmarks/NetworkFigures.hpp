@@ -30,6 +30,8 @@ std::string share(std::size_t part, std::size_t whole);
 void countDoors(const importer::Building& building);
 void countReachableRooms(const importer::Building& building, bool list);
 void countLinesThroughWalls(const importer::Building& building);
+/// How much longer ways are than the same ways without the bends that they need not make.
+void countDetours(const importer::Building& building, bool list);
 void compareLengths(const importer::Building& building, const SurveyedPackage& survey, bool list);
 /// Without `bends`, the derived network's lines are straight between the nodes of both.
 void compareSharedNodes(PlainNetwork derived, const SurveyedPackage& survey, bool bends);

@@ -31,6 +31,7 @@ struct DraftEdge {
   bool oneWay = false;
   bool stub = false;  ///< leads to a door, a place or the like: nothing else is attached to it
   bool inRoom = false;
+  bool isDirect = false;  ///< crosses other lines without meeting them
 };
 
 struct Draft {

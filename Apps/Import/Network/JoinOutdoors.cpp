@@ -27,6 +27,7 @@ namespace {
 constexpr double longest = 150.0;  // meters
 constexpr double longestRound = 250.0;
 constexpr std::size_t mostNeighbors = 40;
+constexpr std::size_t mostSteps = 1'000'000;  // of searches for ways
 
 // From this length on, a way between two exits is a detour. Whether people can walk round the back
 // of a building is less certain than whether they can walk to what they see.
@@ -40,8 +41,7 @@ class OutdoorJoiner {
         findings_(findings),
         parts_(building.network.nodes.size()),
         walls_(groundWalls(), 0.0),
-        lines_(building),
-        lengths_(building.network) {
+        lines_(building) {
     findParts();
     exits_ = outdoorExits(building, parts_, withPlaces_);
   }
@@ -139,6 +139,18 @@ class OutdoorJoiner {
     return positions;
   }
 
+  // Infinite if it is longer than `limit`.
+  double wayLength(std::size_t from, std::size_t to, double limit) {
+    const auto& [nodes, edges] = building_.network;
+    for (; known_ < edges.size(); ++known_) {
+      const Edge& edge = edges[known_];
+      lengths_.addLine(edge.from, edge.to,
+                       package::distance(nodes[edge.from].position, nodes[edge.to].position));
+    }
+    lengths_.search(from, limit, to);
+    return lengths_.to(to);
+  }
+
   // Adds a line between two exits that were in different parts, if the way between them is a
   // detour.
   void shorten(std::size_t from, std::size_t to, double straight) {
@@ -148,7 +160,7 @@ class OutdoorJoiner {
     const double atEnds = atEnd(exits_[from]) + atEnd(exits_[to]);
     const auto isLonger = [&](double limit) {
       const double between = std::max(limit - atEnds, 0.0);
-      return lengths_.between(exits_[from].node, exits_[to].node, between) > between;
+      return wayLength(exits_[from].node, exits_[to].node, between) > between;
     };
     if (parts_.find(exits_[from].node) != parts_.find(exits_[to].node) ||
         !isLonger(detourOf(straight)))
@@ -194,7 +206,8 @@ class OutdoorJoiner {
   std::vector<OutdoorExit> exits_;
   SegmentGrid walls_;
   OutdoorLines lines_;
-  WayLengths lengths_;
+  WayLengths lengths_{mostSteps};
+  std::size_t known_ = 0;  // edges of the network that `lengths_` has
   std::optional<OutdoorCorners> corners_;
 };
 

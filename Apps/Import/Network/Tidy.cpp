@@ -29,12 +29,12 @@ std::vector<Crossing> crossingsOf(const Draft& draft) {
   const SegmentGrid grid(lines, 0.0);
   std::vector<Crossing> crossings;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (draft.edges[i].inRoom) continue;
+    if (draft.edges[i].inRoom || draft.edges[i].isDirect) continue;
     std::set<std::size_t> met;
     const Point a = lines[i].a;
     const Point b = lines[i].b;
     grid.anyAlong(lines[i], [&](std::size_t other) {
-      if (other > i && !draft.edges[other].inRoom &&
+      if (other > i && !draft.edges[other].inRoom && !draft.edges[other].isDirect &&
           package::cross(a, b, lines[other].a, lines[other].b))
         met.insert(other);
       return false;

@@ -2,32 +2,60 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <utility>
 #include <vector>
 
-#include "Apps/Import/Building.hpp"
-
 namespace orivanta::importer {
 
-/// Keeps a reference to the network and takes up what is added to it. Ways lead along lines in both
-/// directions and through no connector.
+/// Nodes are numbers. Ways lead along lines in both directions.
 class WayLengths {
  public:
-  explicit WayLengths(const Network& network) : network_(network) {}
+  static constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
 
-  /// The length of the shortest way between two nodes in meters; infinite if it is longer than
-  /// `limit`, and after a great deal of work.
-  double between(std::size_t from, std::size_t to, double limit);
+  /// Searches examine at most `steps` lines, all together.
+  explicit WayLengths(std::size_t steps) : stepsLeft_(steps) {}
+  bool isUsedUp() const { return stepsLeft_ == 0; }
+
+  void addLine(std::size_t from, std::size_t to, double length);
+
+  /// Lets ways begin and end at a node, but not lead through it.
+  void setEnd(std::size_t node);
+  bool isEnd(std::size_t node) const { return node < nodes_.size() && nodes_[node].isEnd; }
+
+  /// The nodes at the other ends of the lines of a node that has lines, with their lengths. Valid
+  /// until a line is added.
+  const std::vector<std::pair<std::size_t, double>>& linesOf(std::size_t node) const {
+    return nodes_[node].lines;
+  }
+
+  bool hasLines(std::size_t node) const {
+    return node < nodes_.size() && !nodes_[node].lines.empty();
+  }
+
+  /// Finds the ways of at most `limit` meters. Stops at `goal`; then other ways may be missing.
+  void search(std::size_t from, double limit, std::size_t goal = nowhere);
+
+  /// The length that the last search has found, in meters. Infinite if there is no such way, and if
+  /// the steps were used up.
+  double to(std::size_t node) const {
+    if (node >= nodes_.size()) return unknown;
+    return nodes_[node].length;
+  }
 
  private:
-  void takeUp();
+  static constexpr double unknown = std::numeric_limits<double>::infinity();
 
-  const Network& network_;
-  std::vector<std::vector<std::pair<std::size_t, double>>> neighbors_;
-  std::vector<double> lengths_;
+  struct Node {
+    std::vector<std::pair<std::size_t, double>> lines;
+    double length = unknown;
+    bool isEnd = false;
+  };
+  Node& at(std::size_t node);
+
+  std::vector<Node> nodes_;
   std::vector<std::size_t> reached_;
-  std::size_t edges_ = 0;              // that were taken up
-  std::size_t stepsLeft_ = 1'000'000;  // along lines
+  std::size_t stepsLeft_;
 };
 
 }  // namespace orivanta::importer

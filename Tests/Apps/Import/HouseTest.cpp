@@ -126,16 +126,13 @@ void expectWays(const Building& building,
   }
 }
 
-// The derived network as that of a source, which ends before the doors of rooms.
+// The derived network as that of a source, which ends at the doors of rooms.
 void giveNetwork(const Building& derived, Building& house) {
   const auto& [nodes, edges] = derived.network;
   const auto nameOf = [](std::size_t node) { return "n" + std::to_string(node); };
-  std::set<std::string> ofRooms;  // areas and doors
+  std::set<std::string> ofRooms;
   for (const Area& area : derived.areas)
     if (area.kind == AreaKind::room) ofRooms.insert(area.id);
-  for (const Door& door : derived.doors)
-    for (const std::string& area : door.areas)
-      if (ofRooms.contains(area)) ofRooms.insert(door.id);
   for (std::size_t i = 0; i < nodes.size(); ++i)
     if (!ofRooms.contains(nodes[i].of))
       house.sourceNodes.push_back({nameOf(i), {nodes[i].level, nodes[i].position}});

@@ -149,6 +149,23 @@ TEST(ImportNetwork, OneWayStops) {
   EXPECT_EQ(plan.way("escalator/1", "escalator/2"), -1.0);
 }
 
+// The main lines lead round the exhibit in the hall, far from the stairs and from the door.
+TEST(ImportNetwork, LeadsStraightToStairsInSight) {
+  Plan plan({"#####......................", "#####......................",
+             "#####......................", "#####......................",
+             "#####.....#########........", "...........................",
+             "...........................", "#####......................",
+             "#####......................", "##########+################"});
+  plan.building.doors.front().position = {10.5, 1.0};
+  const Point stairs{5.0, 5.5};
+  plan.building.connectors.emplace_back().id = "stairs";
+  plan.building.connectors.front().stops = {{{0.0, stairs}, "", true, true}};
+  plan.make();
+  EXPECT_LE(plan.way("door1", "stairs/1"),
+            1.05 * package::distance(plan.building.doors.front().position, stairs));
+  EXPECT_EQ(plan.linesThroughWalls(), 0);
+}
+
 TEST(ImportNetwork, GuessedDoors) {
   const std::vector<std::string> rows{"CCCC##BBBB", "CCCC##BBBB", "AAAA##BBBB", "..........",
                                       ".........."};
