@@ -21,7 +21,7 @@ constexpr std::size_t sectors = 16;
 constexpr double farFromLines = 2.0;  // meters
 constexpr double slightTurn = 0.8;    // the cosine
 constexpr double mostGap = 0.6;
-constexpr double nearStop = 6.5;  // along the lines
+constexpr double nearStop = 2.5;  // along the lines
 
 // Which lines are added, in meters.
 struct Rule {
@@ -35,7 +35,7 @@ struct Rule {
 
 constexpr Rule acrossSpaces{40.0, 1.25, 10.0, true};
 // Routes that go back and forth in front of stairs or an elevator look wrong.
-constexpr Rule pastStops{25.0, 1.14, 2.0, false};
+constexpr Rule pastStops{25.0, 1.25, 2.0, false};
 constexpr Rule fromStops{15.0, 1.25, 1.0, false};
 constexpr Rule toStops{15.0, 1.1, 1.0, false};
 constexpr Rule betweenEnds{15.0, 1.25, 1.0, false};
